@@ -1,0 +1,14 @@
+# The libraries Kavel stands on, all of them packages of the distribution.
+find_package(PkgConfig REQUIRED)
+find_package(Boost 1.74 REQUIRED)
+pkg_check_modules(FREETYPE REQUIRED IMPORTED_TARGET freetype2)
+pkg_check_modules(FONTCONFIG REQUIRED IMPORTED_TARGET fontconfig)
+pkg_check_modules(READLINE REQUIRED IMPORTED_TARGET readline)
+find_package(CLI11 REQUIRED)
+pkg_check_modules(CAIRO REQUIRED IMPORTED_TARGET cairo cairo-pdf cairo-svg)
+find_package(OpenCASCADE REQUIRED COMPONENTS FoundationClasses ModelingData ModelingAlgorithms)
+find_package(Threads REQUIRED)
+
+add_library(kavel_occt INTERFACE)
+target_include_directories(kavel_occt SYSTEM INTERFACE ${OpenCASCADE_INCLUDE_DIR})
+target_link_libraries(kavel_occt INTERFACE TKG2d TKG3d TKGeomBase TKGeomAlgo TKBRep TKMath TKernel)

@@ -1,0 +1,23 @@
+# kavel_room(name [libraries...]): a static library of every .cpp below the current folder's room `name`.
+# The target is called <house>_<room>; its includes are written from the root of the tree ("atelier/lisp/value.h").
+add_library(kavel_options INTERFACE)
+target_compile_options(kavel_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -ffp-contract=off)
+if(KAVEL_SANITIZE)
+  target_compile_options(kavel_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined)
+  target_link_options(kavel_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+function(kavel_room room)
+  get_filename_component(house ${CMAKE_CURRENT_SOURCE_DIR} NAME)
+  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${room}/*.cpp)
+  set(target ${house}_${room})
+  if(sources)
+    add_library(${target} STATIC ${sources})
+    target_link_libraries(${target} PRIVATE kavel_options PUBLIC hote ${ARGN})
+    target_include_directories(${target} PUBLIC ${CMAKE_SOURCE_DIR})
+  else()
+    add_library(${target} INTERFACE)
+    target_link_libraries(${target} INTERFACE hote ${ARGN})
+  endif()
+endfunction()
