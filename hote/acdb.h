@@ -1,0 +1,21 @@
+// The drawing by entity names and chains, as the AutoLISP side of the host sees it.
+// Functions answer RTNORM, or RTERROR when the thing can't be done.
+#pragma once
+#include "hote/dbid.h"
+
+Acad::ErrorStatus acdbGetObjectId(AcDbObjectId& id, const ads_name name);
+Acad::ErrorStatus acdbGetAdsName(ads_name& name, AcDbObjectId id);
+int acdbHandEnt(const ACHAR* handle, ads_name entity);
+// The entity's groups, with the XDATA of the applications of the list (group 1001 nodes; "*" all), behind a node -3.
+resbuf* acdbEntGetX(const ads_name entity, const resbuf* applications);
+resbuf* acdbEntGet(const ads_name entity);
+int acdbEntMod(const resbuf* entity);
+int acdbEntDel(const ads_name entity);
+int acdbEntNext(const ads_name entity, ads_name result);
+int acdbEntLast(ads_name result);
+int acdbRegApp(const ACHAR* application);  // RTERROR when it is registered already
+// RTNORM for a name that a symbol table takes, 1 for one that it refuses.
+int acdbSNValid(const ACHAR* name, int pipeTest);
+// unit: -1 current, 1 scientific, 2 decimal, 3 engineering, 4 architectural, 5 fractional.
+int acdbDisToF(const ACHAR* text, int unit, ads_real* value);
+int acdbRToS(ads_real value, int unit, int precision, ACHAR* text);

@@ -1,0 +1,23 @@
+// What the host says to an application, and what the application says of itself.
+// An application is one entry point that takes messages.
+#pragma once
+#include "hote/rxobject.h"
+
+namespace AcRx {
+enum AppMsgCode {
+  kNullMsg = 0,
+  kInitAppMsg = 1,
+  kUnloadAppMsg = 2,
+  kLoadDwgMsg = 3,
+  kUnloadDwgMsg = 4,
+  kInvkSubrMsg = 5,
+  kCfgMsg = 6,
+  kEndMsg = 7,
+  kQuitMsg = 8,
+  kSaveMsg = 9
+};
+enum AppRetCode { kRetOK = 0, kRetError = 3 };
+}  // namespace AcRx
+
+bool acrxUnlockApplication(void* appId);
+bool acrxRegisterAppMDIAware(void* appId);

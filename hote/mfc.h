@@ -1,0 +1,50 @@
+// The two containers of the platform's framework that the module's stored models use.
+// An index out of range raises the framework's invalid-argument failure.
+#pragma once
+#include <stdexcept>
+#include <vector>
+
+class CInvalidArgException : public std::invalid_argument {
+ public:
+  CInvalidArgException() : std::invalid_argument("invalid argument") {}
+};
+
+template <class TYPE, class ARG_TYPE = const TYPE&>
+class CArray {
+ public:
+  std::ptrdiff_t GetSize() const { return static_cast<std::ptrdiff_t>(mItems.size()); }
+  std::ptrdiff_t GetCount() const { return GetSize(); }
+  bool IsEmpty() const { return mItems.empty(); }
+  // The growth length only tunes memory; a size of 0 releases it.
+  void SetSize(std::ptrdiff_t size, std::ptrdiff_t growBy = -1) {
+    if (size < 0) throw CInvalidArgException();
+    mItems.resize(static_cast<std::size_t>(size));
+    if (growBy > 0) mItems.reserve(static_cast<std::size_t>(size + growBy));
+  }
+  void RemoveAll() { mItems.clear(); }
+  std::ptrdiff_t Add(ARG_TYPE item) {
+    mItems.push_back(item);
+    return GetSize() - 1;
+  }
+  TYPE& GetAt(std::ptrdiff_t index) { return mItems[checked(index)]; }
+  const TYPE& GetAt(std::ptrdiff_t index) const { return mItems[checked(index)]; }
+  void SetAt(std::ptrdiff_t index, ARG_TYPE item) { mItems[checked(index)] = item; }
+  TYPE& operator[](std::ptrdiff_t index) { return GetAt(index); }
+  const TYPE& operator[](std::ptrdiff_t index) const { return GetAt(index); }
+  void InsertAt(std::ptrdiff_t index, ARG_TYPE item) {
+    if (index < 0) throw CInvalidArgException();
+    if (index > GetSize()) SetSize(index);
+    mItems.insert(mItems.begin() + index, item);
+  }
+  void RemoveAt(std::ptrdiff_t index, std::ptrdiff_t count = 1) {
+    if (index < 0 || count < 0 || index + count > GetSize()) throw CInvalidArgException();
+    mItems.erase(mItems.begin() + index, mItems.begin() + index + count);
+  }
+
+ private:
+  std::size_t checked(std::ptrdiff_t index) const {
+    if (index < 0 || index >= GetSize()) throw CInvalidArgException();
+    return static_cast<std::size_t>(index);
+  }
+  std::vector<TYPE> mItems;
+};

@@ -1,0 +1,20 @@
+// The few calls of the platform that the module makes, under the platform's names.
+// The embedded host answers them from the environment; its README says how.
+#pragma once
+#include "hote/adesk.h"
+
+using HKEY = std::uintptr_t;
+inline constexpr HKEY HKEY_LOCAL_MACHINE = 0x80000002u;
+inline constexpr HKEY HKEY_CURRENT_USER = 0x80000001u;
+inline constexpr long ERROR_SUCCESS = 0;
+
+// The string value of a key. size: capacity of text in bytes on entry, bytes written with the closing zero on return.
+// Anything but ERROR_SUCCESS: there is no such value, or the buffer is too small.
+long RegGetStringW(HKEY root, const wchar_t* key, const wchar_t* value, wchar_t* text, unsigned long* size);
+// The character between the folders of a path.
+inline constexpr wchar_t kSeparateurDossier =
+#ifdef _WIN32
+    L'\\';
+#else
+    L'/';
+#endif
