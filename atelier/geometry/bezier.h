@@ -1,0 +1,47 @@
+// Rational Bézier pieces: the one form in which curves of every kind are searched for meetings and nearest points.
+// Reference: Piegl and Tiller, "The NURBS Book", chapters 1 and 6. Inner header of the room.
+#pragma once
+#include <vector>
+
+#include "atelier/geometry/box.h"
+#include "atelier/geometry/bspline.h"
+
+namespace atelier {
+
+struct Weighted {
+  double x, y, z, w;  // w times the point, and w
+};
+
+struct Bezier {
+  std::vector<Weighted> points;
+  double from = 0, to = 1;  // parameters of the curve it is a piece of
+
+  // u from 0 to 1 along the piece.
+  AcGePoint3d at(double u) const;
+  AcGeVector3d derivative(double u) const;  // by u
+  AcGeVector3d second(double u) const;
+  AcGePoint3d first() const { return cartesian(points.front()); }
+  AcGePoint3d last() const { return cartesian(points.back()); }
+  Box box() const;  // of the control polygon, which holds the curve
+  double bend() const;  // the greatest distance of a control point from the chord
+  void halve(Bezier& left, Bezier& right) const;
+  static AcGePoint3d cartesian(const Weighted& p) { return {p.x / p.w, p.y / p.w, p.z / p.w}; }
+};
+
+// Empty for data that make no curve.
+std::vector<Bezier> bezierPieces(const Nurbs& curve);
+// The part of an ellipse c + u cos t + v sin t from one angle to a greater one, in pieces below a right angle; `from`
+// and `to` of a piece are its angles, between which the parameter is not linear.
+std::vector<Bezier> bezierPieces(const AcGePoint3d& c, const AcGeVector3d& u, const AcGeVector3d& v, double from, double to);
+
+struct Meeting {
+  double u, v;  // along the one piece and the other
+};
+// Where the two pieces come nearer than the tolerance. Pieces that run along each other give no more than some of
+// their common points.
+std::vector<Meeting> meetings(const Bezier& a, const Bezier& b, double tolerance);
+
+// Improves on a nearest point: u, and the distance when it is below `best`, which is then lowered.
+bool nearest(const Bezier& piece, const AcGePoint3d& p, double& best, double& u);
+
+}  // namespace atelier
