@@ -1,0 +1,195 @@
+// Block references: placement, attributes, extents through the block, and taking apart.
+// The position is stored in the plane of the reference and given in the world.
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "atelier/database/block_extents.h"
+#include "atelier/database/imp_database.h"
+#include "atelier/database/new_record.h"
+#include "atelier/database/plane.h"
+#include "hote/dbsymtb.h"
+#include "hote/dbents.h"
+
+using namespace atelier;
+
+namespace {
+
+constexpr std::string_view kInsert = "AcDbBlockReference";
+constexpr double kDegree = std::numbers::pi / 180;
+constexpr Field kBlock = textField(kInsert, 2), kPosition = pointField(kInsert, 10), kRotation = realField(kInsert, 50),
+                kFollow = integerField(kInsert, 66);
+constexpr Field kScale[3] = {realField(kInsert, 41, 1), realField(kInsert, 42, 1), realField(kInsert, 43, 1)};
+
+const Record& recordOf(const AcDbObject* object) { return AcDbImpObject::of(object).record; }
+
+// Blocks whose extents are being taken: one that comes round to itself, by references or dimensions, adds nothing.
+class InProgress {
+ public:
+  explicit InProgress(const AcDbStub* block) : again_(std::find(blocks().begin(), blocks().end(), block) != blocks().end()) {
+    blocks().push_back(block);
+  }
+  ~InProgress() { blocks().pop_back(); }
+  InProgress(const InProgress&) = delete;
+  InProgress& operator=(const InProgress&) = delete;
+  bool again() const { return again_; }
+
+ private:
+  static std::vector<const AcDbStub*>& blocks() {
+    static thread_local std::vector<const AcDbStub*> list;
+    return list;
+  }
+  bool again_;
+};
+
+}  // namespace
+
+AcDbExtents atelier::blockExtents(AcDbObjectId blockId) {
+  AcDbExtents box;
+  const InProgress progress(blockId);
+  const AcDbObjectPointer<AcDbBlockTableRecord> block(blockId);
+  if (block.openStatus() != Acad::eOk || progress.again()) return box;
+  for (const AcDbObjectId id : block->entityIds()) {
+    const AcDbEntityPointer entity(id);
+    if (entity.openStatus() != Acad::eOk || entity->isKindOf(AcDbAttributeDefinition::desc())) continue;
+    AcDbExtents part;
+    if (const AcDbBlockReference* nested = AcDbBlockReference::cast(entity.object())) {
+      part = blockExtents(nested->blockTableRecord());
+      part.transformBy(nested->blockTransform());
+      box.addExt(part);
+    } else if (entity->getGeomExtents(part) == Acad::eOk) {
+      box.addExt(part);
+    }
+  }
+  return box;
+}
+
+AcDbBlockReference::AcDbBlockReference() { initRecord(*this, "INSERT"); }
+AcDbBlockReference::AcDbBlockReference(const AcGePoint3d& position, AcDbObjectId block) : AcDbBlockReference() {
+  setPosition(position);
+  setBlockTableRecord(block);
+}
+AcDbObjectId AcDbBlockReference::blockTableRecord() const {
+  AcDbImpDatabase* db = databaseOf(this);
+  return db ? idOf(db->tableRecord("BLOCK_RECORD", recordOf(this).text(kBlock))) : AcDbObjectId();
+}
+AcGePoint3d AcDbBlockReference::position() const { return toWorld(recordOf(this).point(kPosition), normal()); }
+AcGeScale3d AcDbBlockReference::scaleFactors() const {
+  const Record& r = recordOf(this);
+  return {r.real(kScale[0]), r.real(kScale[1]), r.real(kScale[2])};
+}
+double AcDbBlockReference::rotation() const { return recordOf(this).real(kRotation) * kDegree; }
+AcGeVector3d AcDbBlockReference::normal() const { return normalOf(recordOf(this), kInsert); }
+
+AcGeMatrix3d AcDbBlockReference::blockTransform() const {
+  const AcGeScale3d s = scaleFactors();
+  AcGeMatrix3d scale;
+  scale(0, 0) = s.sx;
+  scale(1, 1) = s.sy;
+  scale(2, 2) = s.sz;
+  AcGePoint3d origin;
+  if (const AcDbObjectPointer<AcDbBlockTableRecord> block(blockTableRecord()); block.openStatus() == Acad::eOk)
+    origin = block->origin();
+  return AcGeMatrix3d::translation(position().asVector()) * AcGeMatrix3d().setToPlaneToWorld(normal()) *
+         AcGeMatrix3d::rotation(rotation(), AcGeVector3d(0, 0, 1)) * scale * AcGeMatrix3d::translation(-origin.asVector());
+}
+
+Acad::ErrorStatus AcDbBlockReference::setBlockTableRecord(AcDbObjectId block) {
+  AcDbStub* stub = block;
+  return stub ? AcDbImpObject::of(this).setText(kBlock, stub->database->recordName(*stub)) : Acad::eNullObjectId;
+}
+Acad::ErrorStatus AcDbBlockReference::setPosition(const AcGePoint3d& p) {
+  return AcDbImpObject::of(this).setPoint(kPosition, toPlane(p, normal()));
+}
+Acad::ErrorStatus AcDbBlockReference::setScaleFactors(const AcGeScale3d& scale) {
+  AcDbImpObject& imp = AcDbImpObject::of(this);
+  if (!imp.writable()) return Acad::eNotOpenForWrite;
+  const double factors[3] = {scale.sx, scale.sy, scale.sz};
+  for (int i = 0; i < 3; ++i) imp.setReal(kScale[i], factors[i]);
+  return Acad::eOk;
+}
+Acad::ErrorStatus AcDbBlockReference::setRotation(double rotation) {
+  return AcDbImpObject::of(this).setReal(kRotation, rotation / kDegree);
+}
+
+Acad::ErrorStatus AcDbBlockReference::appendAttribute(AcDbObjectId& id, AcDbAttribute* attribute) {
+  AcDbStub* stub = stubOf(this);
+  if (!stub) return Acad::eNoDatabase;
+  AcDbImpObject& imp = AcDbImpObject::of(this);
+  if (!imp.writable()) return Acad::eNotOpenForWrite;
+  if (!stub->children) {
+    // Attributes end with a mark of their own.
+    stub->children = std::make_unique<std::vector<AcDbStub*>>();
+    auto* end = new CarriedEntity;
+    initRecord(*end, "SEQEND");
+    stub->children->push_back(&stub->database->adopt(*end, *stub));
+    end->close();
+  }
+  AcDbStub& added = stub->database->adopt(*attribute, *stub);
+  stub->children->insert(stub->children->end() - 1, &added);
+  imp.setInteger(kFollow, 1);
+  id = idOf(&added);
+  return Acad::eOk;
+}
+Acad::ErrorStatus AcDbBlockReference::appendAttribute(AcDbAttribute* attribute) {
+  AcDbObjectId id;
+  return appendAttribute(id, attribute);
+}
+Acad::ErrorStatus AcDbBlockReference::openAttribute(AcDbAttribute*& attribute, AcDbObjectId id, AcDb::OpenMode mode, bool openErased) const {
+  return acdbOpenObject(attribute, id, mode, openErased);
+}
+AcDbObjectIterator* AcDbBlockReference::attributeIterator() const {
+  AcDbObjectIdArray ids;
+  if (const AcDbStub* stub = stubOf(this); stub && stub->children)
+    for (AcDbStub* child : *stub->children)
+      if (!child->is(AcDbStub::kErased) && stub->database->typeName(*child) == "ATTRIB") ids.append(idOf(child));
+  return new AcDbObjectIterator(ids);
+}
+
+Acad::ErrorStatus AcDbBlockReference::getGeomExtents(AcDbExtents& extents) const {
+  AcDbExtents box = blockExtents(blockTableRecord());
+  box.transformBy(blockTransform());
+  const std::unique_ptr<AcDbObjectIterator> it(attributeIterator());
+  for (; !it->done(); it->step()) {
+    const AcDbObjectPointer<AcDbAttribute> attribute(it->objectId());
+    AcDbExtents part;
+    if (attribute.openStatus() == Acad::eOk && !attribute->isInvisible() && attribute->getGeomExtents(part) == Acad::eOk) box.addExt(part);
+  }
+  if (box.isEmpty()) return Acad::eInvalidExtents;
+  extents = box;
+  return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbBlockReference::transformBy(const AcGeMatrix3d& m) {
+  AcDbImpObject& imp = AcDbImpObject::of(this);
+  if (!imp.writable()) return Acad::eNotOpenForWrite;
+  const PlaneChange plane(m, normal());
+  const AcGePoint3d at = m * position();
+  AcGeScale3d scale = scaleFactors();
+  const double sign = plane.mirrored ? -1.0 : 1.0;
+  const double angle = plane.mirrored ? plane.turn - rotation() : rotation() + plane.turn;
+  if (!isWorldPlane(plane.normal) || imp.record.has(normalField(kInsert)))
+    imp.setPoint(normalField(kInsert), AcGePoint3d() + plane.normal);
+  setPosition(at);
+  setScaleFactors({scale.sx * plane.scale, scale.sy * plane.scale * sign, scale.sz * plane.scale});
+  setRotation(angle);
+  const std::unique_ptr<AcDbObjectIterator> it(attributeIterator());
+  for (; !it->done(); it->step()) {
+    const AcDbObjectPointer<AcDbAttribute> attribute(it->objectId(), AcDb::kForWrite);
+    if (attribute.openStatus() == Acad::eOk) attribute->transformBy(m);
+  }
+  return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbBlockReference::explode(AcArray<AcRxObject*>& parts) const {
+  const AcDbObjectPointer<AcDbBlockTableRecord> block(blockTableRecord());
+  if (block.openStatus() != Acad::eOk) return block.openStatus();
+  for (const AcDbObjectId id : block->entityIds()) {
+    const AcDbEntityPointer entity(id);
+    if (entity.openStatus() != Acad::eOk || entity->isKindOf(AcDbAttributeDefinition::desc())) continue;
+    AcDbEntity* part = static_cast<AcDbEntity*>(entity->clone());
+    part->transformBy(blockTransform());
+    parts.append(part);
+  }
+  return Acad::eOk;
+}

@@ -1,0 +1,59 @@
+// The format of drawing records as data: for each type of record its fields in the order in which they are written.
+// Reference: DXF reference, chapters "TABLES", "ENTITIES" and "OBJECTS".
+#pragma once
+#include <span>
+#include <string_view>
+
+namespace atelier {
+
+enum class FieldKind : unsigned char { real, integer, text, handle, point2, point3 };
+
+// always: a new object is written with it; otherwise only once it is set.
+enum class Presence : unsigned char { always, optional };
+
+struct Field {
+  std::string_view subclass;  // "AcDbText#2": the second section of that name; empty: before the first mark
+  int code;
+  FieldKind kind;
+  Presence presence;
+  double number;          // default of numbers; of a point its x, y, z
+  std::string_view text;  // default of texts
+  std::string_view name;  // the field's name in lists and messages
+};
+
+struct RecordFormat {
+  std::string_view type;       // group 0
+  std::string_view className;  // the class that serves the record
+  std::span<const std::string_view> subclasses;  // marks in order
+  std::span<const Field> fields;
+};
+
+// The formats that are typed; null for a record that is only carried.
+const RecordFormat* formatOf(std::string_view type);
+std::span<const RecordFormat> allFormats();
+
+// A field by section and code, for accessors: point and number fields alike.
+constexpr Field realField(std::string_view subclass, int code, double number = 0) {
+  return {subclass, code, FieldKind::real, Presence::optional, number, "", ""};
+}
+constexpr Field integerField(std::string_view subclass, int code, double number = 0) {
+  return {subclass, code, FieldKind::integer, Presence::optional, number, "", ""};
+}
+constexpr Field textField(std::string_view subclass, int code, std::string_view text = "") {
+  return {subclass, code, FieldKind::text, Presence::optional, 0, text, ""};
+}
+constexpr Field handleField(std::string_view subclass, int code) {
+  return {subclass, code, FieldKind::handle, Presence::optional, 0, "", ""};
+}
+constexpr Field pointField(std::string_view subclass, int code) {
+  return {subclass, code, FieldKind::point3, Presence::optional, 0, "", ""};
+}
+constexpr Field point2Field(std::string_view subclass, int code) {
+  return {subclass, code, FieldKind::point2, Presence::optional, 0, "", ""};
+}
+// The direction of an entity's plane: (0, 0, 1) when it is not written.
+constexpr Field normalField(std::string_view subclass) {
+  return {subclass, 210, FieldKind::point3, Presence::optional, 0, "z", ""};
+}
+
+}  // namespace atelier

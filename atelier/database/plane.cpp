@@ -1,0 +1,52 @@
+// The effect of a matrix on the plane of an entity, and extents.
+// Extents are boxes in world coordinates; an empty one has its minimum above its maximum.
+#include "atelier/database/plane.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace atelier {
+
+PlaneChange::PlaneChange(const AcGeMatrix3d& matrix, const AcGeVector3d& before) {
+  const AcGeMatrix3d plane = AcGeMatrix3d().setToPlaneToWorld(before);
+  const AcGeVector3d x = matrix * (plane * AcGeVector3d(1, 0, 0)), y = matrix * (plane * AcGeVector3d(0, 1, 0));
+  const AcGeVector3d z = matrix * (plane * AcGeVector3d(0, 0, 1));
+  normal = x.crossProduct(y).normal();
+  // A mirror in the plane itself keeps the normal and turns the sense of angles.
+  mirrored = normal.dotProduct(z) < 0;
+  if (mirrored) normal = -normal;
+  const AcGeVector3d xIn = AcGeMatrix3d().setToWorldToPlane(normal) * x;
+  turn = std::atan2(xIn.y, xIn.x);
+  scale = std::sqrt(std::max(0.0, x.crossProduct(y).length()));
+}
+
+}  // namespace atelier
+
+AcDbExtents::AcDbExtents() {
+  constexpr double kFar = std::numeric_limits<double>::max();
+  mMin = AcGePoint3d(kFar, kFar, kFar);
+  mMax = AcGePoint3d(-kFar, -kFar, -kFar);
+}
+Acad::ErrorStatus AcDbExtents::set(const AcGePoint3d& low, const AcGePoint3d& high) {
+  if (low.x > high.x || low.y > high.y || low.z > high.z) return Acad::eInvalidInput;
+  mMin = low;
+  mMax = high;
+  return Acad::eOk;
+}
+void AcDbExtents::addPoint(const AcGePoint3d& p) {
+  mMin = AcGePoint3d(std::min(mMin.x, p.x), std::min(mMin.y, p.y), std::min(mMin.z, p.z));
+  mMax = AcGePoint3d(std::max(mMax.x, p.x), std::max(mMax.y, p.y), std::max(mMax.z, p.z));
+}
+void AcDbExtents::addExt(const AcDbExtents& other) {
+  if (other.isEmpty()) return;
+  addPoint(other.mMin);
+  addPoint(other.mMax);
+}
+void AcDbExtents::transformBy(const AcGeMatrix3d& matrix) {
+  if (isEmpty()) return;
+  AcDbExtents box;
+  for (int corner = 0; corner < 8; ++corner)
+    box.addPoint(matrix * AcGePoint3d(corner & 1 ? mMax.x : mMin.x, corner & 2 ? mMax.y : mMin.y, corner & 4 ? mMax.z : mMin.z));
+  *this = box;
+}

@@ -1,0 +1,149 @@
+// Opening and closing, erasing, taking over an object's place, undo: the rules that every caller counts on.
+// Each test works on the drawing that new ones start from.
+#include "hote/acut.h"
+#include "tests/dxf/drawing_files.h"
+
+using namespace drawing;
+
+namespace {
+
+AcDbObjectId line(Opened& drawing) { return append(drawing, new AcDbLine({0, 0, 0}, {10, 5, 0})); }
+
+TEST(Opening, severalReadersOrOneWriter) {
+  Opened drawing(true);
+  const AcDbObjectId id = line(drawing);
+  AcDbEntity *first = nullptr, *second = nullptr, *third = nullptr;
+  ASSERT_EQ(acdbOpenAcDbEntity(first, id, AcDb::kForRead), Acad::eOk);
+  ASSERT_EQ(acdbOpenAcDbEntity(second, id, AcDb::kForRead), Acad::eOk);
+  EXPECT_EQ(acdbOpenAcDbEntity(third, id, AcDb::kForWrite), Acad::eWasOpenForRead);
+  EXPECT_EQ(third, nullptr);
+  EXPECT_EQ(first->upgradeOpen(), Acad::eHadMultipleReaders);
+  EXPECT_EQ(first->setColorIndex(3), Acad::eNotOpenForWrite);
+  EXPECT_EQ(second->close(), Acad::eOk);
+  EXPECT_EQ(first->upgradeOpen(), Acad::eOk);
+  EXPECT_EQ(acdbOpenAcDbEntity(second, id, AcDb::kForRead), Acad::eWasOpenForWrite);
+  EXPECT_EQ(acdbOpenAcDbEntity(second, id, AcDb::kForWrite), Acad::eWasOpenForWrite);
+  EXPECT_EQ(first->setColorIndex(3), Acad::eOk);
+  EXPECT_EQ(first->downgradeOpen(), Acad::eOk);
+  EXPECT_EQ(first->setColorIndex(4), Acad::eNotOpenForWrite);
+  EXPECT_EQ(first->colorIndex(), 3);
+  EXPECT_EQ(first->close(), Acad::eOk);
+  EXPECT_EQ(first->close(), Acad::eNotOpenForRead);
+  EXPECT_EQ(atelier::OpenObjects::count(), 0u);
+}
+
+TEST(Opening, otherClassesAndNoObjects) {
+  Opened drawing(true);
+  AcDbCircle* circle = nullptr;
+  EXPECT_EQ(acdbOpenObject(circle, line(drawing), AcDb::kForRead), Acad::eNotThatKindOfClass);
+  EXPECT_EQ(acdbOpenObject(circle, AcDbObjectId::kNull, AcDb::kForRead), Acad::eNullObjectId);
+  AcDbObjectId id;
+  EXPECT_EQ(drawing.db.getAcDbObjectId(id, false, AcDbHandle(L"FFFFFF")), Acad::eUnknownHandle);
+  EXPECT_EQ(atelier::OpenObjects::count(), 0u);
+}
+
+TEST(Opening, handlesFindTheirObjects) {
+  Opened drawing(true);
+  const AcDbObjectId id = line(drawing);
+  AcDbObjectId found;
+  ASSERT_EQ(drawing.db.getAcDbObjectId(found, false, id.handle()), Acad::eOk);
+  EXPECT_EQ(found, id);
+  EXPECT_GT(drawing.imp.handleSeed(), id.handle().value());
+}
+
+TEST(Opening, manyObjectsAreDroppedFromMemoryAndComeBack) {
+  std::string bytes = "0\nSECTION\n2\nENTITIES\n";
+  const std::size_t count = AcDbImpDatabase::kMostIdle + 5000;
+  for (std::size_t i = 0; i < count; ++i) bytes += "0\nPOINT\n5\n" + atelier::handleText(i + 16) + "\n8\n0\n10\n" + std::to_string(i) + "\n20\n0\n30\n0\n";
+  bytes += "0\nENDSEC\n0\nEOF\n";
+  Opened drawing;
+  atelier::dxf::readBytes(drawing.db, "points", bytes, nullptr);
+  AcDbEntity* held = nullptr;
+  ASSERT_EQ(acdbOpenAcDbEntity(held, atelier::idOf(drawing.imp.stubOf(16)), AcDb::kForRead), Acad::eOk);
+  for (const AcDbStub& stub : drawing.imp.stubs()) drawing.imp.object(const_cast<AcDbStub&>(stub));
+  std::size_t resident = 0;
+  for (const AcDbStub& stub : drawing.imp.stubs()) resident += stub.object != nullptr;
+  EXPECT_LT(resident, AcDbImpDatabase::kMostIdle + 100);
+  EXPECT_EQ(AcDbPoint::cast(held)->position().x, 0.0);
+  held->close();
+  const AcDbObjectPointer<AcDbPoint> again(atelier::idOf(drawing.imp.stubOf(17)));
+  EXPECT_EQ(again->position().x, 1.0);
+}
+
+TEST(Erasing, whatIsOwnedGoesAndComesBack) {
+  Opened drawing(true);
+  const AcDbObjectId id = line(drawing);
+  AcDbObjectId dictionary;
+  {
+    const AcDbEntityPointer entity(id, AcDb::kForWrite);
+    ASSERT_EQ(entity->createExtensionDictionary(), Acad::eOk);
+    EXPECT_EQ(entity->createExtensionDictionary(), Acad::eAlreadyInDb);
+    dictionary = entity->extensionDictionary();
+    ASSERT_EQ(entity->erase(), Acad::eOk);
+    EXPECT_EQ(entity->erase(), Acad::eWasErased);
+  }
+  AcDbEntity* entity = nullptr;
+  EXPECT_EQ(acdbOpenAcDbEntity(entity, id, AcDb::kForRead), Acad::eWasErased);
+  EXPECT_TRUE(dictionary.isErased());
+  EXPECT_EQ(drawing.written().find("\n" + atelier::handleText(id.handle()) + "\n"), std::string::npos);
+  ASSERT_EQ(acdbOpenAcDbEntity(entity, id, AcDb::kForWrite, true), Acad::eOk);
+  EXPECT_EQ(entity->erase(false), Acad::eOk);
+  entity->close();
+  EXPECT_FALSE(dictionary.isErased());
+  EXPECT_NE(drawing.written().find("\n" + atelier::handleText(id.handle()) + "\n"), std::string::npos);
+}
+
+TEST(Places, anotherObjectTakesOver) {
+  Opened drawing(true);
+  const AcDbObjectId id = line(drawing);
+  const AcDbHandle handle = id.handle();
+  AcDbEntity* old = nullptr;
+  ASSERT_EQ(acdbOpenAcDbEntity(old, id, AcDb::kForWrite), Acad::eOk);
+  old->createExtensionDictionary();
+  const AcDbObjectId dictionary = old->extensionDictionary();
+  auto* circle = new AcDbCircle({1, 2, 0}, {0, 0, 1}, 3);
+  ASSERT_EQ(old->handOverTo(circle), Acad::eObjectToBeDeleted);
+  EXPECT_EQ(old->database(), nullptr);
+  delete old;
+  EXPECT_EQ(circle->objectId(), id);
+  EXPECT_EQ(circle->extensionDictionary(), dictionary);
+  circle->close();
+  Opened again;
+  const std::string bytes = drawing.written();
+  atelier::dxf::readBytes(again.db, "d", bytes, nullptr);
+  EXPECT_EQ(again.imp.typeName(*again.imp.stubOf(handle.value())), "CIRCLE");
+}
+
+TEST(Undo, stepsGoBackAndForth) {
+  Opened drawing(true);
+  const AcDbObjectId id = line(drawing);
+  const std::string before = drawing.written();
+  drawing.imp.journal.mark();
+  {
+    const AcDbEntityPointer entity(id, AcDb::kForWrite);
+    entity->setColorIndex(3);
+  }
+  const AcDbObjectId added = line(drawing);
+  drawing.imp.journal.mark();
+  {
+    const AcDbEntityPointer entity(id, AcDb::kForWrite);
+    entity->erase();
+  }
+  EXPECT_TRUE(id.isErased());
+  EXPECT_TRUE(drawing.imp.journal.undo());
+  EXPECT_FALSE(id.isErased());
+  EXPECT_EQ(AcDbEntityPointer(id)->colorIndex(), 3);
+  EXPECT_TRUE(drawing.imp.journal.undo());
+  EXPECT_TRUE(added.isErased());
+  EXPECT_EQ(AcDbEntityPointer(id)->colorIndex(), 256);
+  EXPECT_EQ(differences(before, drawing.written()).size(), 2u);  // the handle seed, old and new
+  EXPECT_FALSE(drawing.imp.journal.undo());
+  EXPECT_TRUE(drawing.imp.journal.redo());
+  EXPECT_FALSE(added.isErased());
+  EXPECT_EQ(AcDbEntityPointer(id)->colorIndex(), 3);
+  EXPECT_TRUE(drawing.imp.journal.redo());
+  EXPECT_TRUE(id.isErased());
+  EXPECT_FALSE(drawing.imp.journal.redo());
+}
+
+}  // namespace
