@@ -1,0 +1,211 @@
+// Writing a whole drawing in a given version.
+// What the version doesn't know is taken for erased while the drawing is written, so that lists leave it out too.
+#include "atelier/dxf/export.h"
+
+#include <map>
+
+#include "atelier/dxf/flat_polyline.h"
+#include "atelier/dxf/record_text.h"
+#include "atelier/dxf/replaced_file.h"
+#include "atelier/dxf/versions.h"
+
+namespace atelier::dxf {
+namespace {
+
+class Exporter {
+ public:
+  Exporter(AcDbDatabase& database, std::string_view version, bool binary)
+      : db_(AcDbImpDatabase::of(&database)), source_(*std::static_pointer_cast<FileLayout>(db_.layout)) {
+    target_.version = version;
+    target_.style.encoding = !binary ? Encoding::ascii : version <= kR12 ? Encoding::binaryOld : Encoding::binary;
+    target_.style.lineEnd = source_.style.lineEnd;
+    target_.style.codePage = version >= kR2007 ? CodePage::utf8() : CodePage::named(db_.header.text("$DWGCODEPAGE", "ANSI_1252"));
+    sameText_ = target_.style.codePage == source_.style.codePage && target_.style.encoding == source_.style.encoding;
+    hideUnknown();
+  }
+  ~Exporter() {
+    for (AcDbStub* stub : hidden_) stub->set(AcDbStub::kErased, false);
+  }
+  Exporter(const Exporter&) = delete;
+  Exporter& operator=(const Exporter&) = delete;
+
+  void write(ReplacedFile& file) {
+    if (target_.style.encoding != Encoding::ascii) file.write(kBinarySentinel);
+    section(file, "HEADER", [&] { header(); });
+    if (!isR12()) section(file, "CLASSES", [&] { carried("CLASSES"); });
+    section(file, "TABLES", [&] { tables(); });
+    section(file, "BLOCKS", [&] { blocks(file); });
+    section(file, "ENTITIES", [&] {
+      if (AcDbStub* space = db_.modelSpace()) contents(*space, file);
+      if (AcDbStub* space = db_.paperSpace()) contents(*space, file);
+    });
+    if (!isR12()) {
+      section(file, "OBJECTS", [&] {
+        for (AcDbStub* stub : db_.objects) record(*stub);
+      });
+      if (!thumbnail().empty()) section(file, "THUMBNAILIMAGE", [&] { carried("THUMBNAILIMAGE"); });
+      if (target_.atLeast("AC1027") && hasSection("ACDSDATA")) section(file, "ACDSDATA", [&] { carried("ACDSDATA"); });
+    }
+    put(Group::text(0, "EOF"));
+    file.write(text_);
+  }
+
+  std::vector<std::string> notes() const {
+    std::vector<std::string> lines;
+    for (const auto& [type, count] : leftOut_)
+      lines.push_back(std::to_string(count) + " " + type + (count > 1 ? " laisses de cote: inconnus" : " laisse de cote: inconnu") + " de cette version");
+    return lines;
+  }
+
+ private:
+  bool isR12() const { return !target_.atLeast(kR13); }
+
+  void hideUnknown() {
+    for (const AcDbStub& stub : db_.stubs()) {
+      if (stub.is(AcDbStub::kErased)) continue;
+      const std::string_view type = db_.typeName(stub);
+      const bool object = !stub.is(AcDbStub::kEntity) && (!stub.owner || db_.typeName(*stub.owner) != "TABLE") && type != "TABLE";
+      if (type == "ENDTAB" || type == "BLOCK_RECORD" || (isR12() && (type == "LWPOLYLINE" || object))) continue;
+      if (knowsType(target_.version, type)) continue;
+      ++leftOut_[std::string(type)];
+      hidden_.push_back(const_cast<AcDbStub*>(&stub));
+    }
+    if (isR12() && source_.atLeast(kR13) && !db_.objects.empty()) leftOut_["OBJECTS"] = static_cast<int>(db_.objects.size());
+    for (AcDbStub* stub : hidden_) stub->set(AcDbStub::kErased);
+  }
+
+  // Values keep their spelling; texts only where the bytes mean the same in the target.
+  void put(Group group) {
+    const bool number = kindOfCode(group.code()) != GroupKind::text && kindOfCode(group.code()) != GroupKind::binary;
+    if (!sameText_ && !(number && target_.style.encoding == Encoding::ascii && source_.style.encoding == Encoding::ascii)) group.from({});
+    append(text_, group, target_.style);
+  }
+
+  template <class FILL>
+  void section(ReplacedFile& file, std::string_view name, FILL fill) {
+    put(Group::text(0, "SECTION"));
+    put(Group::text(2, std::string(name)));
+    fill();
+    put(Group::text(0, "ENDSEC"));
+    file.write(text_);
+    text_.clear();
+  }
+
+  void header() {
+    variable("$ACADVER", {Group::text(1, target_.version)});
+    if (!db_.header.has("$DWGCODEPAGE") || equalNoCase(db_.header.text("$DWGCODEPAGE", ""), "UTF-8")) variable("$DWGCODEPAGE", {Group::text(3, "ANSI_1252")});
+    for (const HeaderVariables::Variable& v : db_.header.list) {
+      const bool own = v.name == "$ACADVER" || v.name == "$HANDSEED" || v.name == "$ACADMAINTVER";
+      if (!own && knowsVariable(target_.version, v.name)) variable(v.name, v.values);
+    }
+    variable("$HANDSEED", {Group::handle(5, db_.handleSeed())});
+  }
+
+  void variable(const std::string& name, const std::vector<Group>& values) {
+    put(Group::text(9, name));
+    for (const Group& value : values) put(value);
+  }
+
+  // A section that is not modelled: its groups as they were read.
+  void carried(std::string_view name) {
+    Scanner scanner(source_.bytes, source_.style.encoding, firstGroup(source_.bytes, source_.style.encoding), source_.bytes.size());
+    RawGroup raw;
+    bool inside = false, opening = false, counted = true;
+    while (scanner.next(raw)) {
+      if (raw.code == 0 && (raw.value == "ENDSEC" || raw.value == "CLASS") && inside && !counted && target_.atLeast("AC1018")) put(Group::integer(91, 0));
+      if (inside && raw.code == 0 && raw.value == "ENDSEC") return;
+      if (inside && (name != "CLASSES" || knowsGroup(target_.version, "CLASS", "", raw.code)) && raw.code != 999)
+        put(decode(raw, source_.style.encoding, source_.style.codePage));
+      if (inside && raw.code == 0) counted = raw.value != "CLASS";
+      // The count stands before the two flags: a class that has none gets it at its end, where readers accept it too.
+      counted |= raw.code == 91;
+      if (opening && raw.code == 2) inside = raw.value == name;
+      opening = raw.code == 0 && raw.value == "SECTION";
+    }
+  }
+
+  bool hasSection(std::string_view name) const {
+    const std::string mark = "SECTION" + std::string(source_.style.lineEnd) + "  2" + std::string(source_.style.lineEnd) + std::string(name);
+    return source_.bytes.find(mark) != source_.bytes.npos;
+  }
+  std::string_view thumbnail() const { return hasSection("THUMBNAILIMAGE") ? "THUMBNAILIMAGE" : ""; }
+
+  void tables() {
+    for (const auto& [name, head] : db_.tables()) {
+      if (isR12() && name == "BLOCK_RECORD") continue;
+      record(*head);
+      for (AcDbStub* child : *head->children) record(*child);
+      put(Group::text(0, "ENDTAB"));
+    }
+  }
+
+  void blocks(ReplacedFile& file) {
+    AcDbStub* head = db_.table("BLOCK_RECORD");
+    for (AcDbStub* block : head ? *head->children : std::vector<AcDbStub*>()) {
+      const auto ends = db_.blockEnds.find(block);
+      if (block->is(AcDbStub::kErased) || ends == db_.blockEnds.end() || !ends->second.begin || !ends->second.end) continue;
+      const bool space = block == db_.modelSpace() || block == db_.paperSpace();
+      if (isR12() && db_.recordName(*block).starts_with("*Paper_Space")) continue;
+      if (isR12() && space) continue;
+      record(*ends->second.begin);
+      if (!space) contents(*block, file);
+      record(*ends->second.end);
+    }
+  }
+
+  void contents(const AcDbStub& block, ReplacedFile& file) {
+    if (!block.children) return;
+    for (AcDbStub* child : *block.children) {
+      if (isR12() && db_.typeName(*child) == "LWPOLYLINE" && !child->is(AcDbStub::kErased)) {
+        for (const Group& group : asOldPolyline(AcDbImpObject::of(&db_.object(*child)).settled())) put(group);
+        continue;
+      }
+      record(*child);
+      if (child->children && !child->is(AcDbStub::kErased))
+        for (AcDbStub* follower : *child->children) record(*follower);
+      if (text_.size() > (1u << 20)) {
+        file.write(text_);
+        text_.clear();
+      }
+    }
+  }
+
+  void record(AcDbStub& stub) {
+    if (stub.is(AcDbStub::kErased)) return;
+    const std::string type(db_.typeName(stub));
+    bool braces = false, embedded = false;
+    visitGroups(stub, target_, [&](const Group& group, std::string_view section) {
+      const int code = group.code();
+      if (code == 102) braces = group.text().starts_with('{');
+      if (isR12() && (braces || code == 102)) return;
+      // Embedded objects (101) are of R2018; they run to the extended data.
+      embedded = (embedded || code == 101) && code < 1000;
+      if (embedded && !target_.atLeast(kR2018)) return;
+      if (code != 999 && (braces || code == 102 || knowsGroup(target_.version, type, section, code))) put(group);
+    });
+  }
+
+  AcDbImpDatabase& db_;
+  const FileLayout& source_;
+  FileLayout target_;
+  bool sameText_ = false;
+  std::string text_;
+  std::vector<AcDbStub*> hidden_;
+  std::map<std::string, int> leftOut_;
+};
+
+}  // namespace
+
+std::vector<std::string> saveAs(AcDbDatabase& database, const std::string& path, std::string_view release, bool binary) {
+  const std::string_view version = acadVersion(release);
+  const auto layout = std::static_pointer_cast<FileLayout>(AcDbImpDatabase::of(&database).layout);
+  if (version.empty()) throw Error("version de dessin inconnue: " + std::string(release));
+  if (!layout || (!layout->atLeast(kR13) && version >= kR13)) throw Error("un dessin de version R12 ne s'enregistre qu'en R12");
+  Exporter exporter(database, version, binary);
+  ReplacedFile file(path);
+  exporter.write(file);
+  file.keep();
+  return exporter.notes();
+}
+
+}  // namespace atelier::dxf

@@ -1,0 +1,20 @@
+// Parsing one record. Comments (999) inside it are kept as groups.
+// The groups refer to the bytes of the file for writing them again.
+#include "atelier/dxf/parsed_records.h"
+
+namespace atelier::dxf {
+
+Record ParsedRecords::read(std::uint64_t offset, std::uint32_t length) const {
+  Record record;
+  Scanner scanner(layout_->bytes, layout_->style.encoding, offset, offset + length);
+  RawGroup raw;
+  try {
+    record.groups.reserve(length / 12);
+    while (scanner.next(raw)) record.groups.push_back(decode(raw, layout_->style.encoding, layout_->style.codePage));
+  } catch (const FormatError&) {
+    // The pass over the whole file has reported it.
+  }
+  return record;
+}
+
+}  // namespace atelier::dxf

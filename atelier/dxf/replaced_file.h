@@ -1,0 +1,29 @@
+// A file written beside its target and put in its place when it is whole.
+// What stood there becomes .bak; until then, and after any failure, it stays as it was.
+#pragma once
+#include <string>
+#include <string_view>
+
+namespace atelier::dxf {
+
+class ReplacedFile {
+ public:
+  // A target that is a symbolic link stands for the file it leads to. Throws FileError, as the others do.
+  explicit ReplacedFile(const std::string& target);
+  ~ReplacedFile();
+  ReplacedFile(const ReplacedFile&) = delete;
+  ReplacedFile& operator=(const ReplacedFile&) = delete;
+  void write(std::string_view bytes);
+  // Flushes to the disk and puts the file in the target's place.
+  void keep();
+
+ private:
+  void put(std::string_view bytes);
+  [[noreturn]] void fail(const std::string& what, int error) const;
+  std::string name_, target_, path_, buffer_;
+  std::size_t written_ = 0, pushed_ = 0;
+  int file_ = -1;
+  bool kept_ = false;
+};
+
+}  // namespace atelier::dxf

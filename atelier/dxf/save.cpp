@@ -1,0 +1,30 @@
+// Saving a database under a name.
+// The drawing stays linked to the bytes it was read from, so it can be saved any number of times.
+#include <filesystem>
+
+#include "atelier/database/imp_database.h"
+#include "atelier/dxf/replaced_file.h"
+#include "atelier/dxf/writer.h"
+
+namespace atelier::dxf {
+namespace {
+
+bool isSameFile(const std::string& a, const std::string& b) {
+  std::error_code error;
+  return a == b || std::filesystem::equivalent(a, b, error);
+}
+
+}  // namespace
+
+void save(AcDbDatabase& database, const std::string& path) {
+  AcDbImpDatabase& db = AcDbImpDatabase::of(&database);
+  if (!db.recoveredFrom.empty() && !db.mayOverwriteDamaged && isSameFile(db.recoveredFrom, path))
+    throw FileError(path, 0, "ce fichier est endommage et n'a ete lu qu'en partie: enregistrez le dessin sous un autre nom");
+  ReplacedFile file(path);
+  write(database, [&](std::string_view bytes) { file.write(bytes); });
+  file.keep();
+  db.modified = false;
+  db.path = path;
+}
+
+}  // namespace atelier::dxf

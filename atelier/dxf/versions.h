@@ -1,0 +1,17 @@
+// Which versions know which records, groups and header variables, as one table that the exporter walks.
+// Reference: DXF reference, "What's new" of each release; R12 is the release 11/12 reference.
+#pragma once
+#include <string_view>
+
+namespace atelier::dxf {
+
+// "AC1032" for "R2018"; empty for a name that no version has. R12, R2000, R2004, R2007, R2010, R2013, R2018.
+std::string_view acadVersion(std::string_view release);
+
+// Whether the version knows records of that type. Types that the table doesn't have are taken for known.
+bool knowsType(std::string_view version, std::string_view type);
+// Whether it knows that group of such a record; section: the subclass mark that it stands behind.
+bool knowsGroup(std::string_view version, std::string_view type, std::string_view section, int code);
+bool knowsVariable(std::string_view version, std::string_view name);
+
+}  // namespace atelier::dxf

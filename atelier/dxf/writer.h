@@ -1,0 +1,21 @@
+// Writing a drawing: the file it was read from, with what changed put in its place.
+// Saving is atomic: a temporary file beside the target, flushed, then renamed; what stood there becomes .bak.
+#pragma once
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "hote/dbmain.h"
+
+namespace atelier::dxf {
+
+using Sink = std::function<void(std::string_view)>;
+
+// Hands the bytes of the whole file, in order, to the sink.
+void write(AcDbDatabase& database, const Sink& sink);
+
+// Throws FileError with the reason; the file at the path is then as it was. A drawing that was opened by recovering is
+// refused under the name of the damaged file unless the database says that it may be overwritten.
+void save(AcDbDatabase& database, const std::string& path);
+
+}  // namespace atelier::dxf
