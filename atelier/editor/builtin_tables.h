@@ -1,0 +1,19 @@
+// The tables of this room's AutoLISP functions, one family a file.
+// Inner header of the room.
+#pragma once
+#include <span>
+
+#include "atelier/lisp/builtin.h"
+
+namespace atelier {
+
+std::span<const lisp::Builtin> entityBuiltins();
+std::span<const lisp::Builtin> tableBuiltins();
+std::span<const lisp::Builtin> dictionaryBuiltins();
+std::span<const lisp::Builtin> promptBuiltins();
+std::span<const lisp::Builtin> screenBuiltins();
+std::span<const lisp::Builtin> selectionBuiltins();
+std::span<const lisp::Builtin> variableBuiltins();
+std::span<const lisp::Builtin> commandBuiltins();
+
+}  // namespace atelier

@@ -1,0 +1,112 @@
+// The questions of commands, put to the prompter.
+// Each says its keywords anew, since an asked-again question has used them up.
+#include "atelier/editor/command_prompts.h"
+
+#include "atelier/editor/document.h"
+#include "atelier/editor/layer_states.h"
+#include "atelier/editor/selection_prompt.h"
+#include "hote/dbsymtb.h"
+
+namespace atelier {
+
+Asked<AcGePoint3d> Command::point(std::string prompt, Base base, std::string keywords) const {
+  return Asked<AcGePoint3d>([=](Prompter& p, AcGePoint3d& value) {
+    p.initGet(0, keywords);
+    return p.getPoint(base, prompt, value);
+  });
+}
+Asked<AcGePoint3d> Command::pointOrWord(std::string prompt, std::string keywords) const {
+  return Asked<AcGePoint3d>([=](Prompter& p, AcGePoint3d& value) {
+    p.initGet(RSG_OTHER, keywords);
+    return p.getPoint({}, prompt, value);
+  });
+}
+Asked<double> Command::distance(std::string prompt, Base base, std::string keywords) const {
+  return Asked<double>([=](Prompter& p, double& value) {
+    p.initGet(0, keywords);
+    return p.getDistance(base, prompt, value);
+  });
+}
+Asked<double> Command::angle(std::string prompt, Base base, std::string keywords) const {
+  return Asked<double>([=](Prompter& p, double& value) {
+    p.initGet(0, keywords);
+    return p.getAngle(base, prompt, value);
+  });
+}
+Asked<double> Command::real(std::string prompt, std::string keywords) const {
+  return Asked<double>([=](Prompter& p, double& value) {
+    p.initGet(0, keywords);
+    return p.getReal(prompt, value);
+  });
+}
+Asked<int> Command::integer(std::string prompt, std::string keywords) const {
+  return Asked<int>([=](Prompter& p, int& value) {
+    p.initGet(0, keywords);
+    return p.getInteger(prompt, value);
+  });
+}
+Asked<std::string> Command::word(std::string prompt) const {
+  return Asked<std::string>([=](Prompter& p, std::string& value) { return p.getText(false, prompt, value); });
+}
+Asked<std::string> Command::line(std::string prompt) const {
+  return Asked<std::string>([=](Prompter& p, std::string& value) { return p.getText(true, prompt, value); });
+}
+Asked<int> Command::keyword(std::string prompt, std::string keywords) const {
+  return Asked<int>([=](Prompter& p, int&) {
+    p.initGet(0, keywords);
+    return p.getKeyword(prompt);
+  });
+}
+Asked<PickedEntity> Command::entity(std::string prompt, std::string keywords) const {
+  return Asked<PickedEntity>([=](Prompter& p, PickedEntity& value) {
+    p.initGet(0, keywords);
+    return p.getEntity(prompt, value.id, value.point);
+  });
+}
+Asked<std::shared_ptr<SelectionSet>> Command::objects() const {
+  const auto prompt = std::make_shared<SelectionPrompt>(document, SelectionFilter(), false);
+  return Asked<std::shared_ptr<SelectionSet>>([this, prompt](Prompter&, std::shared_ptr<SelectionSet>& set) {
+    const Answer answer = prompt->run();
+    if (answer == Answer::value) set = document.previousSelection = prompt->set();
+    return answer;
+  });
+}
+
+void Command::print(std::string_view text) const {
+  document.print(text);
+}
+void Command::fail(const std::string& message) const {
+  throw Error(message);
+}
+
+AcDbObjectId Command::add(std::unique_ptr<AcDbEntity> entity) const {
+  entity->setDatabaseDefaults(&document.database());
+  return addAsIs(std::move(entity));
+}
+
+AcDbObjectId Command::addAsIs(std::unique_ptr<AcDbEntity> entity) const {
+  const AcDbObjectPointer<AcDbBlockTableRecord> space(document.database().currentSpaceId(), AcDb::kForWrite);
+  if (space.openStatus() != Acad::eOk) fail("L'espace courant n'est pas accessible.");
+  AcDbObjectId id;
+  if (space->appendAcDbEntity(id, entity.get()) != Acad::eOk)
+    fail("L'objet n'a pas pu être ajouté au dessin.");
+  entity.release()->close();
+  return id;
+}
+
+void Command::change(const SelectionSet& set, const std::function<void(AcDbEntity&)>& work) const {
+  LayerStates layers(document.imp());
+  int locked = 0;
+  for (AcDbStub* stub : set.list()) {
+    if (stub->is(AcDbStub::kErased)) continue;
+    if (layers.isLocked(*stub)) {
+      ++locked;
+      continue;
+    }
+    const AcDbEntityPointer entity(AcDbObjectId(stub), AcDb::kForWrite);
+    if (entity.openStatus() == Acad::eOk) work(*entity);
+  }
+  if (locked > 0) print("\n" + std::to_string(locked) + " objet(s) sur un calque verrouillé.");
+}
+
+}  // namespace atelier

@@ -1,0 +1,34 @@
+// The host's commands: a row for each, with its French names and one line of help.
+// To add a command: a coroutine in one of the files by subject, and a row in that file's table.
+#pragma once
+#include <span>
+#include <string_view>
+
+#include "atelier/editor/command_task.h"
+
+namespace atelier {
+
+class Command;
+
+struct CommandRow {
+  std::string_view name;              // English
+  std::string_view aliases;           // other names, French ones included, separated by blanks
+  CommandTask (*function)(Command&);  // null: known, and not offered here
+  std::string_view help;
+};
+
+std::span<const CommandRow> drawingCommands();
+std::span<const CommandRow> textCommands();
+std::span<const CommandRow> editingCommands();
+std::span<const CommandRow> insertCommands();
+std::span<const CommandRow> layerCommands();
+std::span<const CommandRow> recordCommands();
+std::span<const CommandRow> fileCommands();
+std::span<const CommandRow> viewCommands();
+std::span<const CommandRow> undoCommands();
+
+// The command of that name, as typed: leading _ . and ' are passed over. French and English names are all
+// distinct.
+const CommandRow* commandRow(std::string_view typed);
+
+}  // namespace atelier

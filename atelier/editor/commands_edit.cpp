@@ -1,0 +1,216 @@
+// ERASE MOVE COPY ROTATE SCALE MIRROR EXPLODE: changing what is drawn.
+// Objects on locked layers stay as they are.
+#include <numbers>
+
+#include "atelier/database/polyline_vertices.h"
+#include "atelier/editor/command_prompts.h"
+#include "atelier/editor/command_table.h"
+#include "atelier/editor/document.h"
+#include "hote/dbpl.h"
+
+namespace atelier {
+namespace {
+
+CommandTask erase(Command& c) {
+  const auto chosen = co_await c.objects();
+  if (chosen.given()) c.change(*chosen.value, [](AcDbEntity& entity) { entity.erase(); });
+}
+
+// Copies that go where the matrix takes them.
+std::vector<AcDbObjectId> copies(const Command& c, const SelectionSet& set, const AcGeMatrix3d& matrix) {
+  AcDbObjectIdArray ids;
+  for (AcDbStub* stub : set.list())
+    if (!stub->is(AcDbStub::kErased)) ids.append(AcDbObjectId(stub));
+  AcDbIdMapping mapping;
+  AcDbDatabase& database = c.document.database();
+  if (database.deepCloneObjects(ids, database.currentSpaceId(), mapping) != Acad::eOk)
+    c.fail("Les objets n'ont pas pu être copiés.");
+  std::vector<AcDbObjectId> made;
+  for (int i = 0; i < ids.length(); ++i) {
+    AcDbObjectId copy;
+    if (!mapping.compute(ids[i], copy)) continue;
+    const AcDbEntityPointer entity(copy, AcDb::kForWrite);
+    if (entity.openStatus() == Acad::eOk) entity->transformBy(matrix);
+    made.push_back(copy);
+  }
+  return made;
+}
+
+CommandTask move(Command& c) {
+  const auto chosen = co_await c.objects();
+  if (!chosen.given()) co_return;
+  const auto base = co_await c.point("\nPoint de base ou [Déplacement]: ", {}, "Déplacement _Displacement");
+  AcGeVector3d by;
+  if (base.is("Displacement")) {
+    const auto vector = co_await c.point("\nDéplacement: ");
+    by = vector.value.asVector();
+  } else {
+    const auto to = co_await c.point("\nDeuxième point <le premier est le déplacement>: ", base.value);
+    by = to.given() ? to.value - base.value : base.value.asVector();
+  }
+  c.change(*chosen.value, [&](AcDbEntity& entity) { entity.transformBy(AcGeMatrix3d::translation(by)); });
+}
+
+CommandTask copy(Command& c) {
+  const auto chosen = co_await c.objects();
+  if (!chosen.given()) co_return;
+  auto base = co_await c.point("\nPoint de base ou [Déplacement/Multiple]: ", {},
+                               "Déplacement Multiple _Displacement Multiple");
+  if (base.is("Multiple")) base = co_await c.point("\nPoint de base: ");
+  if (base.is("Displacement")) {
+    const auto vector = co_await c.point("\nDéplacement: ");
+    copies(c, *chosen.value, AcGeMatrix3d::translation(vector.value.asVector()));
+    co_return;
+  }
+  for (bool first = true;; first = false) {
+    const auto to = co_await c.point("\nDeuxième point <fin>: ", base.value);
+    if (!to.given() && !first) co_return;
+    copies(c, *chosen.value,
+           AcGeMatrix3d::translation(to.given() ? to.value - base.value : base.value.asVector()));
+    if (!to.given()) co_return;
+  }
+}
+
+// Copies the objects first when asked to, then moves the originals.
+void transform(const Command& c, const SelectionSet& set, const AcGeMatrix3d& matrix, bool keepOriginal) {
+  if (keepOriginal) copies(c, set, AcGeMatrix3d());
+  c.change(set, [&](AcDbEntity& entity) { entity.transformBy(matrix); });
+}
+
+CommandTask rotate(Command& c) {
+  const auto chosen = co_await c.objects();
+  if (!chosen.given()) co_return;
+  const auto base = co_await c.point("\nPoint de base: ");
+  bool keep = false;
+  double from = 0;
+  for (;;) {
+    const auto turn = co_await c.angle("\nAngle de rotation ou [Copier/Référence]: ", base.value,
+                                       "Copier Référence _Copy Reference");
+    if (turn.is("Copy")) {
+      keep = true;
+    } else if (turn.is("Reference")) {
+      const auto reference = co_await c.angle("\nAngle de référence <0>: ", base.value);
+      from = reference.valueOr(0);
+    } else {
+      transform(c, *chosen.value,
+                AcGeMatrix3d::rotation(turn.value - from, AcGeVector3d(0, 0, 1), base.value), keep);
+      co_return;
+    }
+  }
+}
+
+CommandTask scale(Command& c) {
+  const auto chosen = co_await c.objects();
+  if (!chosen.given()) co_return;
+  const auto base = co_await c.point("\nPoint de base: ");
+  bool keep = false;
+  double unit = 1;
+  for (;;) {
+    const auto factor = co_await c.distance("\nFacteur d'échelle ou [Copier/Référence]: ", base.value,
+                                            "Copier Référence _Copy Reference");
+    if (factor.is("Copy")) {
+      keep = true;
+    } else if (factor.is("Reference")) {
+      const auto length = co_await c.distance("\nLongueur de référence <1>: ", base.value);
+      unit = length.valueOr(1);
+    } else {
+      if (!(factor.value > 0) || !(unit > 0)) c.fail("Le facteur d'échelle doit être positif.");
+      transform(c, *chosen.value, AcGeMatrix3d::scaling(factor.value / unit, base.value), keep);
+      co_return;
+    }
+  }
+}
+
+AcGeMatrix3d mirrorMatrix(const AcGePoint3d& a, const AcGePoint3d& b) {
+  const double angle = 2 * AcGeVector2d(b.x - a.x, b.y - a.y).angle();
+  AcGeMatrix3d reflection;
+  reflection(0, 0) = std::cos(angle);
+  reflection(0, 1) = reflection(1, 0) = std::sin(angle);
+  reflection(1, 1) = -std::cos(angle);
+  return AcGeMatrix3d::translation(a.asVector()) * reflection * AcGeMatrix3d::translation(-a.asVector());
+}
+
+CommandTask mirror(Command& c) {
+  const auto chosen = co_await c.objects();
+  if (!chosen.given()) co_return;
+  const auto a = co_await c.point("\nPremier point de l'axe: ");
+  const auto b = co_await c.point("\nDeuxième point de l'axe: ", a.value);
+  if (a.value.distanceTo(b.value) == 0) c.fail("Les deux points de l'axe sont confondus.");
+  const auto answer =
+      co_await c.keyword("\nEffacer les objets d'origine? [Oui/Non] <N>: ", "Oui Non _Yes No");
+  transform(c, *chosen.value, mirrorMatrix(a.value, b.value), !answer.is("Yes"));
+}
+
+// A light polyline as lines and arcs with its own layer, colour and line type.
+void explodePolyline(const AcDbPolyline& polyline, std::vector<std::unique_ptr<AcDbEntity>>& parts) {
+  const unsigned count = polyline.numVerts();
+  const AcGeMatrix3d plane = AcGeMatrix3d().setToPlaneToWorld(polyline.normal());
+  for (unsigned i = 0; i + (polyline.isClosed() ? 0 : 1) < count; ++i) {
+    AcGePoint2d a, b;
+    double bulge = 0;
+    polyline.getPointAt(i, a);
+    polyline.getPointAt((i + 1) % count, b);
+    polyline.getBulgeAt(i, bulge);
+    const auto world = [&](const AcGePoint2d& p) {
+      return plane * AcGePoint3d(p.x, p.y, polyline.elevation());
+    };
+    const BulgeArc arc = bulgeArc(a, b, bulge);
+    std::unique_ptr<AcDbEntity> part;
+    if (bulge == 0 || !(arc.radius > 0))
+      part = std::make_unique<AcDbLine>(world(a), world(b));
+    else if (arc.sweep > 0)
+      part = std::make_unique<AcDbArc>(world(arc.centre), polyline.normal(), arc.radius, arc.startAngle,
+                                       arc.startAngle + arc.sweep);
+    else
+      part = std::make_unique<AcDbArc>(world(arc.centre), polyline.normal(), arc.radius,
+                                       arc.startAngle + arc.sweep, arc.startAngle);
+    part->setPropertiesFrom(&polyline);
+    parts.push_back(std::move(part));
+  }
+}
+
+CommandTask explode(Command& c) {
+  const auto chosen = co_await c.objects();
+  if (!chosen.given()) co_return;
+  int kept = 0;
+  std::vector<std::unique_ptr<AcDbEntity>> parts;
+  c.change(*chosen.value, [&](AcDbEntity& entity) {
+    AcArray<AcRxObject*> pieces;
+    if (const auto* polyline = AcDbPolyline::cast(&entity)) {
+      explodePolyline(*polyline, parts);
+      entity.erase();
+      return;
+    }
+    if (entity.explode(pieces) != Acad::eOk) {
+      ++kept;
+      return;
+    }
+    for (int i = 0; i < pieces.length(); ++i)
+      if (AcDbEntity* piece = AcDbEntity::cast(pieces[i]))
+        parts.emplace_back(piece);
+      else
+        delete pieces[i];
+    entity.erase();
+  });
+  // Parts keep the layer and colour that they have in the block.
+  for (auto& part : parts) c.addAsIs(std::move(part));
+  if (kept > 0) c.print("\n" + std::to_string(kept) + " objet(s) ne se décomposent pas.");
+}
+
+constexpr CommandRow kTable[] = {
+    {"ERASE", "E EFFACER DELETE", erase, "Efface des objets."},
+    {"MOVE", "M DEPLACER", move, "Déplace des objets."},
+    {"COPY", "CO CP COPIER", copy, "Copie des objets."},
+    {"ROTATE", "RO ROTATION", rotate, "Tourne des objets."},
+    {"SCALE", "SC ECHELLE", scale, "Agrandit ou réduit des objets."},
+    {"MIRROR", "MI MIROIR", mirror, "Retourne des objets autour d'un axe."},
+    {"EXPLODE", "X DECOMPOS", explode, "Décompose des blocs et des polylignes."},
+};
+
+}  // namespace
+
+std::span<const CommandRow> editingCommands() {
+  return kTable;
+}
+
+}  // namespace atelier

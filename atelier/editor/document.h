@@ -1,0 +1,115 @@
+// An open drawing with everything that belongs to it: database, AutoLISP, prompts, selections, transient graphics.
+// One document is current at a time; the host's functions act on it.
+#pragma once
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "atelier/database/entity_groups.h"
+#include "atelier/editor/prompter.h"
+#include "atelier/editor/selection_set.h"
+#include "atelier/editor/system_variables.h"
+#include "atelier/editor/transients.h"
+#include "atelier/lisp/interpreter.h"
+
+namespace atelier {
+
+class CommandRun;
+class PublishedFunctions;
+
+// The part of the drawing that the screen shows, or would show.
+struct View {
+  AcGePoint3d centre;
+  double height = 100;  // drawing units
+};
+
+// Receives all that the command line prints, UTF-8.
+using Printer = std::function<void(std::string_view)>;
+
+class Document {
+ public:
+  // An empty drawing, or the file at the path (throws Error). Publishes the registered applications' functions.
+  explicit Document(Printer printer, const std::string& path = {});
+  ~Document();
+  Document(const Document&) = delete;
+  Document& operator=(const Document&) = delete;
+
+  static Document* current();       // null when none is open
+  static Document& needed();        // the current one; a broken invariant when there is none
+  void makeCurrent();
+
+  AcDbDatabase& database() { return *database_; }
+  AcDbImpDatabase& imp() { return AcDbImpDatabase::of(database_.get()); }
+  lisp::Interpreter& interpreter() { return *interpreter_; }
+  Prompter& prompter() { return prompter_; }
+  SystemVariables& variables() { return variables_; }
+  Transients& transients() { return transients_; }
+  EntityMaker& entityMaker() { return maker_; }
+  PublishedFunctions& published() { return *published_; }
+  View& view() { return view_; }
+  // The command that AutoLISP's `command` began and that waits for more answers; null when none does.
+  std::unique_ptr<CommandRun>& waitingCommand() { return waitingCommand_; }
+  View previousView;
+  std::map<std::string, View> namedViews;  // by upper-case name
+  // Between UNDO Begin and End: commands don't begin steps of their own.
+  bool undoGroup = false;
+  // Lines that SCRIPT put up; they run when what runs now has ended.
+  std::vector<std::string> scripts;
+  // The previous selection ("P" of ssget) and the one that sssetfirst shows.
+  std::shared_ptr<SelectionSet> previousSelection, firstSelection;
+
+  void print(std::string_view utf8);
+  // Prints nothing while muted (CMDECHO 0 in `command`). Returns what held before.
+  bool exchangeMuted(bool muted) { return std::exchange(muted_, muted); }
+  // What was printed since the last call.
+  std::string takeTranscript();
+
+  // A folder in which this document's `load` and `findfile` look.
+  void addSupport(const std::string& folder) { search_->folders.push_back(folder); }
+
+  // Evaluates AutoLISP as typed at the command line. Errors are printed and counted.
+  bool evaluate(std::string_view text, std::string* printed = nullptr);
+  bool load(const std::string& path);
+  // Feeds the source's lines to the command line until its end: commands, LISP expressions, answers to prompts.
+  void run(InputSource& source);
+  // Runs one command by its name as if typed; answers come from the prompter's source. False when there is none.
+  bool runCommand(const std::string& name);
+  // What went wrong since the document was opened: LISP errors, failed and unknown commands.
+  int failures() const { return failures_; }
+  void fail(const std::string& message);
+
+  const std::string& path() const { return imp_path(); }
+  void save(const std::string& path);
+
+  // Stops the running program as Ctrl-C does. Safe from another thread and from signal handlers.
+  void interrupt() noexcept { interpreter_->interrupt(); }
+
+ private:
+  const std::string& imp_path() const { return AcDbImpDatabase::of(database_.get()).path; }
+  void runLine(std::string line);
+  void runScripts();
+  Printer printer_;
+  std::string transcript_;
+  std::unique_ptr<AcDbDatabase> database_;
+  std::unique_ptr<lisp::Console> console_;
+  std::unique_ptr<lisp::FolderSearch> search_;
+  SystemVariables variables_;
+  std::unique_ptr<lisp::Interpreter> interpreter_;
+  Prompter prompter_;
+  Transients transients_;
+  EntityMaker maker_;
+  View view_;
+  std::unique_ptr<CommandRun> waitingCommand_;
+  bool muted_ = false;
+  std::unique_ptr<PublishedFunctions> published_;
+  Document* before_ = nullptr;  // current when this one was opened
+  int failures_ = 0;
+};
+
+// Folders in which `load`, `findfile` and the front-end's files are looked for, in every document.
+void addSupportFolder(const std::string& folder);
+
+}  // namespace atelier

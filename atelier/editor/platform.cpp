@@ -1,0 +1,37 @@
+// The platform's calls that the module makes, answered from the environment.
+// The installation folder: KAVEL_CHEMIN when set, else the user's data folder; it is made at the first write.
+#include "hote/plateforme.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+
+#include "atelier/database/text.h"
+#include "hote/automatisation.h"
+
+namespace {
+
+std::string installationFolder() {
+  if (const char* given = std::getenv("KAVEL_CHEMIN"); given && *given) return given;
+  if (const char* data = std::getenv("XDG_DATA_HOME"); data && *data) return (std::filesystem::path(data) / "kavel").string();
+  const char* home = std::getenv("HOME");
+  return (std::filesystem::path(home ? home : ".") / ".local" / "share" / "kavel").string();
+}
+
+}  // namespace
+
+long RegGetStringW(HKEY, const wchar_t* key, const wchar_t* value, wchar_t* text, unsigned long* size) {
+  constexpr long kFileNotFound = 2, kMoreData = 234;
+  // The one value that stands for the installation folder; there is no other registry here.
+  if (!key || !value || !text || !size || !atelier::equalNoCase(atelier::toUtf8(value), "chemin")) return kFileNotFound;
+  const std::wstring folder = atelier::toWide(installationFolder());
+  const unsigned long needed = static_cast<unsigned long>((folder.size() + 1) * sizeof(wchar_t));
+  if (*size < needed) return kMoreData;
+  std::copy(folder.begin(), folder.end(), text);
+  text[folder.size()] = 0;
+  *size = needed;
+  return ERROR_SUCCESS;
+}
+
+// Menus need a window: without one the host has no automation.
+IAcadApplication* AcadGetIDispatch(bool) { return nullptr; }

@@ -1,0 +1,28 @@
+// Graphics that are on the screen only: vectors drawn by handlers and highlighted entities.
+// Kept as a list, so that tests, plots and the desktop can see them.
+#pragma once
+#include <vector>
+
+#include "hote/dbid.h"
+#include "hote/ge.h"
+
+namespace atelier {
+
+struct TransientVector {
+  AcGePoint3d from, to;
+  int color = 7;  // palette index; 0 takes away what was drawn there
+  bool highlighted = false;
+};
+
+struct Transients {
+  std::vector<TransientVector> vectors;
+  std::vector<AcDbObjectId> highlighted;
+  unsigned revision = 0;  // grows with every change
+
+  void clearVectors() {
+    vectors.clear();
+    ++revision;
+  }
+};
+
+}  // namespace atelier

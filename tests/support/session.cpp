@@ -1,0 +1,56 @@
+// The session of the tests.
+// The entry point is registered once for the whole program.
+#include "tests/support/session.h"
+
+#include "atelier/editor/command_run.h"
+#include "atelier/editor/published.h"
+#include "atelier/lisp/printer.h"
+#include "module/commande/entree.h"
+
+namespace kaveltest {
+namespace {
+
+void registerModule() {
+  static const bool once = [] {
+    atelier::registerApplication([](int message, void* id) {
+      return static_cast<int>(acrxEntryPoint(static_cast<AcRx::AppMsgCode>(message), id));
+    });
+    return true;
+  }();
+  (void)once;
+}
+
+}  // namespace
+
+Session::Session(bool withModule, const std::string& path) {
+  if (withModule) registerModule();
+  atelier::setStrictHandlers(true);
+  document_ = std::make_unique<atelier::Document>(nullptr, path);
+}
+
+Session::~Session() = default;
+
+std::string Session::eval(std::string_view lisp) {
+  document_->makeCurrent();
+  try {
+    const std::string printed = atelier::lisp::prin1(document_->interpreter().evaluate(lisp));
+    atelier::finishCommand(*document_);
+    return printed;
+  } catch (const std::runtime_error&) {
+    atelier::cancelCommand(*document_);
+    throw;
+  }
+}
+
+std::string Session::feed(std::string_view lines) {
+  document_->takeTranscript();
+  atelier::LinesSource source(lines);
+  document_->run(source);
+  return document_->takeTranscript();
+}
+
+std::string Session::transcript() {
+  return document_->takeTranscript();
+}
+
+}  // namespace kaveltest
