@@ -1,0 +1,110 @@
+// One surface for each kind of file; all write through the same stream into an atomic file.
+// Vector surfaces are in points, pictures in pixels.
+#include "atelier/render/plot.h"
+
+#include <cairo-pdf.h>
+#include <cairo-svg.h>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+
+#include "atelier/database/text.h"
+#include "atelier/render/atomic_file.h"
+#include "atelier/render/cairo_painter.h"
+#include "atelier/render/plot_error.h"
+
+namespace atelier::render {
+
+namespace {
+
+using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
+using Context = std::unique_ptr<cairo_t, decltype(&cairo_destroy)>;
+
+constexpr double pointsPerMm = 72 / 25.4;
+constexpr int greatestSide = 32767;        // of Cairo's pictures, pixels
+constexpr double greatestPicture = 250e6;  // pixels: a gigabyte
+constexpr double hairlineMm = 0.09;        // the thinnest line a plotter draws
+
+cairo_status_t toFile(void* file, const unsigned char* bytes, unsigned int count) {
+  return static_cast<AtomicFile*>(file)->write(bytes, count) ? CAIRO_STATUS_SUCCESS
+                                                             : CAIRO_STATUS_WRITE_ERROR;
+}
+
+void check(cairo_status_t status, const std::string& file) {
+  // A failed write is reported with the system's reason when the file is committed.
+  if (status != CAIRO_STATUS_SUCCESS && status != CAIRO_STATUS_WRITE_ERROR)
+    throw PlotError(file + " : tracé impossible (" + cairo_status_to_string(status) + ")");
+}
+
+void paintPage(cairo_surface_t* surface, const DisplayList& list, const Page& page, double unitsPerMm,
+               double thinnest, bool embedFonts, const std::string& file) {
+  const Context context(cairo_create(surface), cairo_destroy);
+  PaintOptions options;
+  options.toSurface = Affine::scaling(unitsPerMm, unitsPerMm) * page.toPage;
+  options.unitsPerMm = unitsPerMm;
+  options.clip = fonts::rectangle(page.clipMm).bounds(Affine::scaling(unitsPerMm, unitsPerMm));
+  options.thinnest = thinnest;
+  options.embedFonts = embedFonts;
+  paint(context.get(), list, options);
+  check(cairo_status(context.get()), file);
+}
+
+void vectors(bool pdf, const DisplayList& list, const Page& page, AtomicFile& out, const std::string& file) {
+  const double width = page.widthMm * pointsPerMm, height = page.heightMm * pointsPerMm;
+  const Surface surface(pdf ? cairo_pdf_surface_create_for_stream(toFile, &out, width, height)
+                            : cairo_svg_surface_create_for_stream(toFile, &out, width, height),
+                        cairo_surface_destroy);
+  if (pdf) cairo_pdf_surface_set_metadata(surface.get(), CAIRO_PDF_METADATA_CREATOR, "Kavel");
+  paintPage(surface.get(), list, page, pointsPerMm, hairlineMm * pointsPerMm, true, file);
+  cairo_surface_finish(surface.get());
+  check(cairo_surface_status(surface.get()), file);
+}
+
+void picture(double dpi, const DisplayList& list, const Page& page, AtomicFile& out,
+             const std::string& file) {
+  if (!(dpi >= 10 && dpi <= 2400))
+    throw PlotError("résolution hors limites : attendu de 10 à 2400 points par pouce");
+  const double perMm = dpi / 25.4, width = std::round(page.widthMm * perMm),
+               height = std::round(page.heightMm * perMm);
+  if (std::max(width, height) > greatestSide || width * height > greatestPicture)
+    throw PlotError(file + " : image trop grande, baissez la résolution ou choisissez .pdf ou .svg");
+  const Surface surface(
+      cairo_image_surface_create(CAIRO_FORMAT_RGB24, static_cast<int>(width), static_cast<int>(height)),
+      cairo_surface_destroy);
+  check(cairo_surface_status(surface.get()), file);
+  {
+    const Context context(cairo_create(surface.get()), cairo_destroy);
+    cairo_set_source_rgb(context.get(), 1, 1, 1);
+    cairo_paint(context.get());
+  }
+  paintPage(surface.get(), list, page, perMm, 1, false, file);
+  check(cairo_surface_write_to_png_stream(surface.get(), toFile, &out), file);
+}
+
+std::string extension(const std::string& file) {
+  const auto dot = file.rfind('.'), slash = file.rfind('/');
+  const bool has = dot != std::string::npos && (slash == std::string::npos || dot > slash);
+  return has ? file.substr(dot) : "";
+}
+
+}  // namespace
+
+std::vector<std::string> plot(const DisplayList& list, const std::string& file, const PlotOptions& options) {
+  const std::string kind = extension(file);
+  const bool pdf = equalNoCase(kind, ".pdf"), png = equalNoCase(kind, ".png");
+  if (!pdf && !png && !equalNoCase(kind, ".svg"))
+    throw PlotError(file + " : type de tracé inconnu, attendu .pdf, .svg ou .png");
+  const Page page = layOutPage(list.bounds(), options.page);
+  AtomicFile out(file);
+  if (png)
+    picture(options.dpi, list, page, out, file);
+  else
+    vectors(pdf, list, page, out, file);
+  out.commit();
+  std::vector<std::string> warnings = list.warnings;
+  warnings.insert(warnings.end(), page.warnings.begin(), page.warnings.end());
+  return warnings;
+}
+
+}  // namespace atelier::render

@@ -1,0 +1,98 @@
+// The display list: what a drawing looks like in plan, as strokes, fills and glyph runs in drawing units.
+// Whoever paints walks it in order; each primitive remembers the object it comes from, for picking.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "atelier/fonts/font.h"
+#include "atelier/fonts/path.h"
+
+namespace atelier::render {
+
+using fonts::Affine;
+using fonts::Box;
+using fonts::Path;
+using fonts::Pt;
+
+// The two screen-dependent colours are resolved by the painter: colour 7 is black on paper, white on a dark
+// screen.
+struct Colour {
+  enum class Kind : std::uint8_t { rgb, foreground, background };
+  std::uint8_t r = 0, g = 0, b = 0;
+  Kind kind = Kind::rgb;
+  std::uint8_t alpha = 255;  // 0 unseen, 255 opaque
+  bool operator==(const Colour&) const = default;
+};
+constexpr Colour foreground{0, 0, 0, Colour::Kind::foreground};
+constexpr Colour background{255, 255, 255, Colour::Kind::background};
+
+// Dashes and gaps by turns in drawing units, a dash first; a dash of 0 is a dot. Shared by all that use it.
+using Dashes = std::shared_ptr<const std::vector<double>>;
+
+struct Pen {
+  Colour colour = foreground;
+  double weightMm = 0.25;  // on paper
+  Dashes dashes;           // null: continuous
+};
+
+struct Stroke {
+  Path path;
+  Pen pen;
+};
+
+struct Fill {
+  Path path;
+  Colour colour = foreground;
+  bool evenOdd = true;  // else the nonzero rule
+};
+
+// Glyphs of one line and its bars; map takes the line's capital heights to drawing units.
+struct GlyphRun {
+  fonts::TextLine line;
+  Affine map;
+  Colour colour = foreground;
+};
+
+// A line without an end, or with one: cut by the painter to what is seen.
+struct Unbounded {
+  Pt base, direction;
+  bool bothWays = true;
+  Pen pen;
+};
+
+// A point with its mark, as system variable PDMODE says: 0 dot, 1 none, 2 plus, 3 cross, 4 tick upwards;
+// 32 added: in a circle, 64 added: in a square.
+struct Dot {
+  Pt at;
+  Pen pen;
+  int mode = 0;
+  double size = 0;  // of the mark, drawing units; 0: a fixed size on paper
+};
+
+struct Primitive {
+  std::uint64_t source = 0;  // handle of the object in the drawing (for a block, of the reference)
+  Box box;                   // drawing units, without line weight; empty for Unbounded
+  std::variant<Stroke, Fill, GlyphRun, Unbounded, Dot> shape;
+};
+
+class DisplayList {
+ public:
+  // Computes the box. A shape with nothing to draw, or with a coordinate that is not finite, is passed over.
+  void add(std::uint64_t source, std::variant<Stroke, Fill, GlyphRun, Unbounded, Dot> shape);
+
+  const std::vector<Primitive>& items() const { return items_; }
+  // Of all primitives that have an end.
+  const Box& bounds() const { return bounds_; }
+  // What could not be shown, for the user (French), each once.
+  std::vector<std::string> warnings;
+
+ private:
+  std::vector<Primitive> items_;
+  Box bounds_;
+};
+
+}  // namespace atelier::render

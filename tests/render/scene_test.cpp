@@ -1,0 +1,167 @@
+// Drawings as display lists: where each kind of entity lies in plan, and which looks it takes.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "drawing.h"
+
+namespace atelier::render {
+namespace {
+
+void expectBox(const Box& box, double x1, double y1, double x2, double y2, const std::string& what,
+               double within = 1e-4) {
+  EXPECT_NEAR(box.xMin, x1, within) << what;
+  EXPECT_NEAR(box.yMin, y1, within) << what;
+  EXPECT_NEAR(box.xMax, x2, within) << what;
+  EXPECT_NEAR(box.yMax, y2, within) << what;
+}
+
+TEST(Scene, EntitiesLieWhereTheyAre) {
+  const struct {
+    const char* entity;
+    double x1, y1, x2, y2;
+  } rows[] = {
+      {"LINE 8=0 10=1 20=2 30=9 11=4 21=6 31=0", 1, 2, 4, 6},
+      {"CIRCLE 8=0 10=10 20=20 40=5", 5, 15, 15, 25},
+      {"CIRCLE 8=0 10=-10 20=20 40=5 210=0 220=0 230=-1", 5, 15, 15, 25},
+      {"ARC 8=0 10=0 20=0 40=2 50=0 51=90", 0, 0, 2, 2},
+      {"ARC 8=0 10=0 20=0 40=2 50=270 51=90", 0, -2, 2, 2},
+      {"ARC 8=0 10=0 20=0 40=2 50=0 51=90 210=0 220=0 230=-1", -2, 0, 0, 2},
+      {"ELLIPSE 8=0 10=1 20=1 11=0 21=4 40=0.5 41=0 42=6.283185307179586", -1, -3, 3, 5},
+      {"ELLIPSE 8=0 10=0 20=0 11=4 21=0 40=0.5 41=0 42=1.5707963267948966", 0, 0, 4, 2},
+      {"SPLINE 8=0 70=8 71=3 72=8 73=4 40=0 40=0 40=0 40=0 40=1 40=1 40=1 40=1 10=0 20=0 10=1 20=4 10=3 20=4 "
+       "10=4 20=0",
+       0, 0, 4, 3},
+      {"POINT 8=0 10=3 20=4", 3, 4, 3, 4},
+      {"SOLID 8=0 10=0 20=0 11=2 21=0 12=0 22=2 13=2 23=2", 0, 0, 2, 2},
+      {"TRACE 8=0 10=0 20=0 11=2 21=0 12=0 22=2 13=2 23=2", 0, 0, 2, 2},
+      {"3DFACE 8=0 10=0 20=0 30=5 11=2 21=0 31=5 12=2 22=2 32=0 13=0 23=2 33=0", 0, 0, 2, 2},
+      {"LWPOLYLINE 8=0 90=2 70=0 10=0 20=0 42=1 10=4 20=0", 0, -2, 4, 0},
+      {"LWPOLYLINE 8=0 90=2 70=0 43=2 10=0 20=0 10=4 20=0", 0, -1, 4, 1},
+      {"LWPOLYLINE 8=0 90=3 70=1 10=0 20=0 10=4 20=0 10=4 20=3", 0, 0, 4, 3},
+      {"LEADER 8=0 71=0 76=2 10=0 20=0 10=4 20=3", 0, 0, 4, 3},
+  };
+  for (const auto& row : rows) {
+    const DisplayList list = sceneOf({.entities = {row.entity}});
+    EXPECT_TRUE(list.warnings.empty()) << row.entity;
+    expectBox(list.bounds(), row.x1, row.y1, row.x2, row.y2, row.entity);
+  }
+}
+
+TEST(Scene, PolylinesWithVertexEntities) {
+  const Records frame{"POLYLINE 8=0 66=1 70=5 10=0 20=0", "VERTEX 8=0 10=0 20=0 70=8",
+                      "VERTEX 8=0 10=50 20=50 70=16",     "VERTEX 8=0 10=4 20=0 70=8",
+                      "VERTEX 8=0 10=4 20=3 70=8",        "SEQEND 8=0"};
+  expectBox(sceneOf({.entities = frame}).bounds(), 0, 0, 4, 3, "the frame of a spline fit is not drawn");
+  const Records wide{"POLYLINE 8=0 66=1 70=0 40=2 41=2 10=0 20=0", "VERTEX 8=0 10=0 20=0",
+                     "VERTEX 8=0 10=4 20=0", "SEQEND 8=0"};
+  expectBox(sceneOf({.entities = wide}).bounds(), 0, -1, 4, 1, "widths come from the polyline");
+  const Records space{"POLYLINE 8=0 66=1 70=8 10=0 20=0", "VERTEX 8=0 10=1 20=1 30=7 70=32",
+                      "VERTEX 8=0 10=4 20=0 70=32", "SEQEND 8=0"};
+  expectBox(sceneOf({.entities = space}).bounds(), 1, 0, 4, 1, "in space");
+  const Records mesh{"POLYLINE 8=0 66=1 70=16 71=2 72=2", "VERTEX 8=0 10=0 20=0 70=64",
+                     "VERTEX 8=0 10=1 20=0 70=64",        "VERTEX 8=0 10=0 20=1 70=64",
+                     "VERTEX 8=0 10=1 20=1 70=64",        "SEQEND 8=0"};
+  expectBox(sceneOf({.entities = mesh}).bounds(), 0, 0, 1, 1, "mesh");
+  const Records faces{"POLYLINE 8=0 66=1 70=64 71=3 72=1", "VERTEX 8=0 10=0 20=0 70=192",
+                      "VERTEX 8=0 10=2 20=0 70=192",       "VERTEX 8=0 10=2 20=2 70=192",
+                      "VERTEX 8=0 70=128 71=1 72=2 73=-3", "SEQEND 8=0"};
+  expectBox(sceneOf({.entities = faces}).bounds(), 0, 0, 2, 2, "faces");
+}
+
+TEST(Scene, EndlessLinesHaveNoExtent) {
+  const DisplayList list =
+      sceneOf({.entities = {"XLINE 8=0 10=0 20=0 11=1 21=0", "RAY 8=0 10=5 20=5 11=0 21=1"}});
+  const auto lines = shapes<Unbounded>(list);
+  ASSERT_EQ(lines.size(), 2u);
+  EXPECT_TRUE(lines[0]->bothWays);
+  EXPECT_FALSE(lines[1]->bothWays);
+  EXPECT_TRUE(list.bounds().empty());
+}
+
+TestDrawing looks() {
+  TestDrawing d;
+  d.linetypes = {"2=TIRETS 70=0 3=x 72=65 73=2 40=3 49=2 49=-1",
+                 "2=MIXTE 70=0 3=x 72=65 73=4 40=4 49=2 49=-1 49=0 49=-1",
+                 "2=PLEIN 70=0 3=x 72=65 73=1 40=2 49=2"};
+  d.layers = {"2=0 70=0 62=7 6=CONTINUOUS", "2=ROUGE 70=0 62=1 6=TIRETS 370=50",
+              "2=ETEINT 70=0 62=-3 6=CONTINUOUS", "2=GELE 70=1 62=3 6=CONTINUOUS",
+              "2=MUET 70=0 62=3 6=CONTINUOUS 290=0"};
+  d.header = {"$LTSCALE 40=2"};
+  return d;
+}
+
+TEST(Scene, LooksComeFromEntityOrLayer) {
+  const struct {
+    const char* groups;
+    Colour colour;
+    double weight;
+    std::vector<double> dashes;
+  } rows[] = {
+      {"8=0", foreground, 0.25, {}},
+      {"8=ROUGE", {255, 0, 0}, 0.5, {4, 2}},
+      {"8=rouge 62=5", {0, 0, 255}, 0.5, {4, 2}},
+      {"8=ROUGE 420=1122867 370=13", {0x11, 0x22, 0x33}, 0.13, {4, 2}},
+      {"8=ROUGE 6=CONTINUOUS 370=-3", {255, 0, 0}, 0.25, {}},
+      {"8=0 6=MIXTE 48=0.5", foreground, 0.25, {2, 1, 0, 1}},
+      {"8=0 6=PLEIN", foreground, 0.25, {}},
+      {"8=0 6=ABSENT", foreground, 0.25, {}},
+      {"8=ABSENT", foreground, 0.25, {}},
+      {"8=ROUGE 440=33554559", {255, 0, 0, Colour::Kind::rgb, 127}, 0.5, {4, 2}},
+  };
+  for (const auto& row : rows) {
+    TestDrawing d = looks();
+    d.entities = {"LINE " + std::string(row.groups) + " 10=0 20=0 11=9 21=9"};
+    const DisplayList list = sceneOf(d);
+    const auto strokes = shapes<Stroke>(list);
+    ASSERT_EQ(strokes.size(), 1u) << row.groups;
+    const Pen& pen = strokes[0]->pen;
+    EXPECT_EQ(pen.colour, row.colour) << row.groups;
+    EXPECT_NEAR(pen.weightMm, row.weight, 1e-9) << row.groups;
+    EXPECT_EQ(pen.dashes ? *pen.dashes : std::vector<double>{}, row.dashes) << row.groups;
+  }
+}
+
+TEST(Scene, HiddenIsNotDrawn) {
+  for (const char* groups : {"8=ETEINT", "8=GELE", "8=MUET", "8=Defpoints", "8=0 60=1"}) {
+    TestDrawing d = looks();
+    d.entities = {"LINE " + std::string(groups) + " 10=0 20=0 11=9 21=9"};
+    EXPECT_TRUE(sceneOf(d).items().empty()) << groups;
+  }
+  TestDrawing d = looks();
+  d.entities = {"LINE 8=MUET 10=0 20=0 11=9 21=9"};
+  EXPECT_EQ(sceneOf(d, {.paper = false}).items().size(), 1u) << "a screen shows what is not plotted";
+}
+
+TEST(Scene, LineTypeRunsThroughVerticesOnlyWhenAsked) {
+  TestDrawing d = looks();
+  for (const auto& [flag, subpaths] : {std::pair{0, 2}, std::pair{128, 1}}) {
+    d.entities = {"LWPOLYLINE 8=ROUGE 90=3 70=" + std::to_string(flag) + " 10=0 20=0 10=4 20=0 10=4 20=3"};
+    const DisplayList list = sceneOf(d);
+    const auto verbs = shapes<Stroke>(list).at(0)->path.verbs();
+    EXPECT_EQ(std::ranges::count(verbs, Path::Verb::move), subpaths);
+  }
+}
+
+TEST(Scene, WhatCannotBeShownIsCounted) {
+  const DisplayList list = sceneOf(
+      {.entities = {"3DSOLID 8=0", "3DSOLID 8=0", "SPLINE 8=0 71=3 40=0", "LINE 8=0 10=1 20=1 11=2 21=2"}});
+  ASSERT_EQ(list.warnings.size(), 2u);
+  EXPECT_EQ(list.warnings[0], "entité de type 3DSOLID non représentée (2 fois)");
+  EXPECT_EQ(list.items().size(), 1u);
+}
+
+TEST(Scene, PlotsToAFile) {
+  const auto database = openDrawing({.entities = {"LINE 8=0 10=0 20=0 11=100 21=30"}});
+  const auto file =
+      std::filesystem::temp_directory_path() / ("kavel-plan-" + std::to_string(::getpid()) + ".pdf");
+  PlotOptions options;
+  options.page.scale = 200;
+  EXPECT_TRUE(plotDrawing(*database, file.string(), options).empty());
+  EXPECT_GT(std::filesystem::file_size(file), 500u);
+  std::filesystem::remove(file);
+}
+
+}  // namespace
+}  // namespace atelier::render
