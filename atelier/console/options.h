@@ -1,0 +1,34 @@
+// The command line of the headless program.
+// Actions are kept in the order in which they were given; options of plots hold for the plots behind them.
+#pragma once
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace atelier::console {
+
+enum class ActionKind { load, eval, script, save, plot, audit, list };
+
+struct Action {
+  ActionKind kind;
+  std::string argument;  // file or expression
+  // of a plot, as typed
+  std::string scale, paper, window;
+};
+
+enum class Progress { automatic, never, json };
+
+struct Options {
+  std::string drawing;  // empty: a new one
+  std::vector<Action> actions;
+  bool fix = false;
+  bool frontal = true;
+  bool quiet = false;
+  Progress progress = Progress::automatic;
+};
+
+// Nothing when the program is to end at once (help, version, bad usage); `status` is then its exit status. Texts go to
+// stdout and stderr.
+std::optional<Options> parseOptions(int argc, char** argv, int& status);
+
+}  // namespace atelier::console

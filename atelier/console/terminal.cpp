@@ -1,0 +1,86 @@
+// Lines from a terminal through Readline: history, editing, completion of symbols.
+// The history is kept in the user's state folder.
+#include "atelier/console/terminal.h"
+
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+
+#include <readline/history.h>
+#include <readline/readline.h>
+
+#include "atelier/editor/document.h"
+
+namespace atelier::console {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string historyFile() {
+  const char* state = std::getenv("XDG_STATE_HOME");
+  const char* home = std::getenv("HOME");
+  const fs::path folder = state && *state ? fs::path(state) : fs::path(home ? home : ".") / ".local" / "state";
+  std::error_code error;
+  fs::create_directories(folder / "kavel", error);
+  return (folder / "kavel" / "historique").string();
+}
+
+char* completion(const char* text, int state) {
+  static std::vector<std::string> names;
+  static std::size_t next;
+  if (state == 0) {
+    names = Document::needed().interpreter().boundNames();
+    next = 0;
+  }
+  const std::string wanted = upperCase(text);
+  for (; next < names.size(); ++next) {
+    std::string name = names[next];
+    if (name.starts_with("C:") && !wanted.starts_with("C:")) name = name.substr(2);
+    if (!name.starts_with(wanted)) continue;
+    ++next;
+    for (char& c : name) c = static_cast<char>(c >= 'A' && c <= 'Z' ? c + 32 : c);
+    return strdup(name.c_str());
+  }
+  return nullptr;
+}
+
+class TerminalSource : public InputSource {
+ public:
+  Input next(const PromptInfo& prompt) override {
+    // The prompt was printed; Readline is told its last line so that it can redraw it.
+    const std::size_t last = prompt.text.rfind('\n');
+    const std::string shown = last == std::string::npos ? prompt.text : prompt.text.substr(last + 1);
+    if (!shown.empty()) std::printf("\r");
+    std::fflush(stdout);
+    char* line = readline((prompt.text.empty() ? std::string("Commande: ") : shown).c_str());
+    if (!line) {
+      std::printf("\n");
+      return {};
+    }
+    std::string text(line);
+    std::free(line);
+    if (!text.empty()) add_history(text.c_str());
+    return Input::line(text);
+  }
+  bool echoes() const override { return true; }
+};
+
+}  // namespace
+
+bool isTerminal() { return isatty(STDIN_FILENO) && isatty(STDOUT_FILENO); }
+
+void runTerminal(Document& document) {
+  rl_completion_entry_function = completion;
+  rl_completer_word_break_characters = const_cast<char*>(" \t\n\"'()");
+  const std::string history = historyFile();
+  read_history(history.c_str());
+  TerminalSource source;
+  document.run(source);
+  stifle_history(2000);
+  write_history(history.c_str());
+}
+
+}  // namespace atelier::console

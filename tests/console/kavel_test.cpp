@@ -1,0 +1,94 @@
+// The program's interface: options in their order, results, exit status, and what bad input leads to.
+#include <gtest/gtest.h>
+
+#include "tests/console/program.h"
+
+namespace {
+
+using kaveltest::Program;
+
+struct Row {
+  const char* arguments;
+  int status;
+  const char* output;  // must be part of what is printed
+};
+
+TEST(Kavel, AnswersItsOptions) {
+  const Row rows[] = {
+      {"-e '(pl_distToPk 1250.5)'", 0, "\"PK 1+250.50\"\n"},
+      {"--no-frontal -e '(+ 1 2)' -e '(list \"a\" 2.5)'", 0, "3\n(\"a\" 2.5)\n"},
+      {"--help", 0, "--plot"},
+      {"--version", 0, "kavel "},
+      {"--no-such-option", 2, "--no-such-option"},
+      {"-e '(car 1)'", 1, "bad argument type"},
+      {"-e '(foo 1)' -e '(+ 1 1)'", 1, "2\n"},
+      {"-e '(+ 1 2'", 1, "malformed list on input"},
+      {"missing.dxf -e 1", 3, "missing.dxf"},
+      {"-l missing.lsp", 3, "missing.lsp"},
+      {"-s missing.scr", 3, "missing.scr"},
+      {"--save drawing.txt", 3, "drawing.txt"},
+      {"--save no/such/folder/a.dxf", 3, "no/such/folder/a.dxf"},
+      {"--scale 1:x --plot a.pdf", 2, "1:x"},
+      {"--plot a.xyz", 3, "a.xyz"},
+  };
+  for (const Row& row : rows) {
+    Program program;
+    program.run(row.arguments);
+    EXPECT_EQ(program.status, row.status) << row.arguments << "\n" << program.output;
+    EXPECT_NE(program.output.find(row.output), std::string::npos) << row.arguments << "\n" << program.output;
+  }
+}
+
+TEST(Kavel, CarriesOutActionsInOrder) {
+  Program program;
+  program.run("-e '(command \"_LINE\" \"0,0\" \"10,5\" \"\")' --save a.dxf -e '(entdel (entlast))' --save b.dxf --list");
+  ASSERT_EQ(program.status, 0) << program.output;
+  EXPECT_NE(program.read("a.dxf").find("\nLINE\n"), std::string::npos);
+  EXPECT_EQ(program.read("b.dxf").find("\nLINE\n"), std::string::npos);
+  program.run("a.dxf --list");
+  EXPECT_NE(program.output.find("LINE"), std::string::npos) << program.output;
+}
+
+TEST(Kavel, FeedsScriptsToTheCommandLine) {
+  Program program;
+  program.write("a.scr", "LINE 0,0 10,0\n\n; a comment\n(setq x\n  (+ 40 2))\nNO-SUCH-COMMAND\n");
+  program.run("-s a.scr -e x --list");
+  EXPECT_EQ(program.status, 1) << "an unknown command is a failed one";
+  EXPECT_NE(program.output.find("Commande inconnue \"NO-SUCH-COMMAND\""), std::string::npos) << program.output;
+  EXPECT_NE(program.output.find("42\n"), std::string::npos) << program.output;
+}
+
+TEST(Kavel, LeavesTheDrawingAsItWasWhenSavingFails) {
+  Program program;
+  program.run("-e '(entmake (list (cons 0 \"LINE\") (list 10 0.0 0.0 0.0) (list 11 1.0 1.0 0.0)))' --save a.dxf");
+  ASSERT_EQ(program.status, 0) << program.output;
+  const std::string before = program.read("a.dxf");
+  program.prefix = "ulimit -f 4;";  // a disk that is full after 4 blocks
+  program.run("a.dxf -e '(repeat 200 (entmake (entget (entlast))))' --save a.dxf");
+  EXPECT_EQ(program.status, 3) << program.output;
+  EXPECT_NE(program.output.find("reste tel qu'il etait"), std::string::npos) << program.output;
+  EXPECT_EQ(program.read("a.dxf"), before);
+  program.prefix.clear();
+  program.run("a.dxf --save a.dxf");
+  EXPECT_EQ(program.status, 0) << program.output;
+  EXPECT_TRUE(program.has("a.bak"));
+}
+
+TEST(Kavel, RefusesWhatIsNoDrawing) {
+  const Row rows[] = {
+      {"", 3, "DXF"},
+      {"hello\nworld\n", 3, ":1:"},
+      {"  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n  8\n", 3, "coupe"},
+      {"  0\nSECTION\n  2\nENTITIES\nabc\nLINE\n  0\nENDSEC\n  0\nEOF\n", 3, ":5:"},
+  };
+  for (const Row& row : rows) {
+    Program program;
+    program.write("bad.dxf", row.arguments);
+    program.run("bad.dxf -e 1");
+    EXPECT_EQ(program.status, row.status) << program.output;
+    EXPECT_NE(program.output.find(row.output), std::string::npos) << program.output;
+    EXPECT_EQ(program.read("bad.dxf"), row.arguments);
+  }
+}
+
+}  // namespace
