@@ -1,0 +1,99 @@
+// The chains that hang from a profile, whole and damaged.
+// What stops a walker is a part of its contract.
+#include "module/profil/chaines.h"
+
+#include "tests/module/aide.h"
+
+using plv::profilLong;
+using reels = std::vector<double>;
+
+namespace {
+
+struct Chaines : kaveltest::ProfilDessine {
+  profilLong apres(const std::string& lisp) {
+    session.eval(lisp);
+    profilLong profil;
+    EXPECT_TRUE(profil.lireId(id("prf")));
+    return profil;
+  }
+  std::vector<std::string> lignes(const profilLong& profil) {
+    AcDbObjectIdArray ids;
+    plv::lireLignes(profil, ids);
+    std::vector<std::string> noms;
+    for (const AcDbObjectId& ligne : ids)
+      for (const char* nom : {"la", "lb", "lc"})
+        if (id(nom) == ligne) noms.emplace_back(nom);
+    return noms;
+  }
+};
+
+TEST_F(Chaines, ThreeSections) {
+  const profilLong p = apres(R"((progn (setq pc3 (point)) (plsxd pc2 "next-pc" pc3)
+                                   (plsxd pc3 "distance" 30) (plsxd pc3 "pc" 110)))");
+  EXPECT_EQ(p.distPc, (reels{0, 100, 150}));
+  EXPECT_EQ(p.altPc, (reels{95, 100, 110}));
+  EXPECT_EQ(p.idsPc.length(), 3);
+}
+
+TEST_F(Chaines, ADamagedChainKeepsWhatWasRead) {
+  EXPECT_EQ(apres("(plsxd pc2 \"NEXT-PC\" \"pas un handle\")").altPc, (reels{95, 100}));
+  EXPECT_EQ(apres("(entdel pc2)").altPc, (reels{95}));
+  EXPECT_EQ(apres("(plsxd prf \"PRPC\" prf)").distPc, (reels{}));
+}
+
+TEST_F(Chaines, ASectionWithoutPlaneFallsOutOfStep) {
+  const profilLong p = apres("(progn (setq nu (point)) (plsxd nu \"DISTANCE\" 5.0) (plsxd prf \"PRPC\" nu))");
+  EXPECT_EQ(p.distPc, (reels{0}));
+  EXPECT_TRUE(p.altPc.empty());
+}
+
+constexpr const char* kLignes = R"((progn
+  (defun ligne () (entmake '((0 . "LINE") (10 0.0 0.0 0.0) (11 1.0 0.0 0.0))) (entlast))
+  (setq la (ligne) lb (ligne) lc (ligne))
+  (plsxd pc1 "PRLI" la) (plsxd la "NEXTLI" lb) (plsxd pc2 "prli" lc)))";
+
+TEST_F(Chaines, LinesComeInChainOrder) {
+  EXPECT_EQ(lignes(apres(kLignes)), (std::vector<std::string>{"la", "lb", "lc"}));
+}
+
+TEST_F(Chaines, APcWithoutLinesDoesNotStopTheOthers) {
+  EXPECT_EQ(lignes(apres(std::string("(progn ") + kLignes + "(plsxd pc1 \"PRLI\" lc))")),
+            (std::vector<std::string>{"lc", "lc"}));
+  EXPECT_TRUE(lignes(apres("(plsxd prf \"PRPC\" prf)")).empty());
+}
+
+TEST_F(Chaines, AnUnopenableLineIsKeptAndEndsItsChain) {
+  const profilLong p = apres(kLignes);
+  const AcDbObjectId lb = id("lb");
+  session.eval("(progn (plsxd lb \"NEXTLI\" lc) (entdel lb))");
+  AcDbObjectIdArray ids;
+  plv::lireLignes(p, ids);
+  ASSERT_EQ(ids.length(), 3);
+  EXPECT_EQ(ids[1], lb);
+  EXPECT_EQ(ids[2], id("lc"));
+}
+
+// Lines that the user draws, typed as station and altitude or picked; the ground is 150 m long.
+struct Trace : kaveltest::ProfilDessine {
+  std::string traces(const std::string& reponses) {
+    session.eval("(marque)");
+    session.feed("(pl_TracerLignes prf)\n" + reponses);
+    return session.eval("(vu)");
+  }
+};
+
+TEST_F(Trace, TypedPointsAreStationAndAltitude) {
+  EXPECT_EQ(traces("12.5,104.2\n30,105\n\n"), "(\"LINE 112.50,142.00 130.00,150.00\")");
+  EXPECT_EQ(traces("\n"), "nil");
+}
+
+TEST_F(Trace, WhatDoesntFitIsAskedAgain) {
+  EXPECT_EQ(traces("10,100\nabc\n20\n,,\n900,100\n20,,100\n\n"), "(\"LINE 110.00,100.00 120.00,100.00\")");
+}
+
+TEST_F(Trace, GraphicPointsAreTakenAsTheyAre) {
+  EXPECT_EQ(traces("10,100\ng\n0,0\nP\n20,100\n\n"),
+            "(\"LINE 110.00,100.00 0.00,0.00\" \"LINE 0.00,0.00 120.00,100.00\")");
+}
+
+}  // namespace

@@ -1,0 +1,76 @@
+// The table of functions as the host sees it, and the module's entry.
+// Rows are counted and named here because front-ends depend on every one.
+#include "module/commande/entree.h"
+#include "module/commande/tableFonctions.h"
+#include "tests/module/aide.h"
+
+using kaveltest::Session;
+
+namespace {
+
+TEST(Table, HasItsRowsInOrder) {
+  const auto table = plv::tableFonctions();
+  ASSERT_EQ(table.size(), 69u);
+  const struct {
+    std::size_t index;
+    const wchar_t* name;
+  } rows[] = {{0, L"pl_text"},          {7, L"pl_cotauto"},       {15, L"plsxd"},
+              {21, L"pl_CreeMatrice"},  {29, L"pl_ChoixProfil"},  {42, L"pl_BlockVertical"},
+              {43, L"pl_InfosTn"},      {51, L"pl_typelignemat"}, {62, L"pl_LireMatriceKavel"},
+              {67, L"pl_TraceOptimal"}, {68, L"C:CUBPL"}};
+  for (const auto& row : rows) EXPECT_STREQ(table[row.index].name, row.name);
+}
+
+TEST(Table, IsPublishedWholeInEachDrawing) {
+  for (int drawing = 0; drawing < 2; ++drawing) {
+    Session session;
+    for (const plv::ligneFonction& row : plv::tableFonctions()) {
+      const std::wstring wide = row.name;
+      const std::string name(wide.begin(), wide.end());
+      EXPECT_NE(session.eval("(type " + name + ")"), "nil") << name;
+    }
+    EXPECT_NE(session.eval("(tblsearch \"APPID\" \"KELMONT_PLV2\")"), "nil");
+    EXPECT_EQ(session.eval("(tblsearch \"APPID\" \"PLV2_DATA\")"), "nil");
+  }
+}
+
+TEST(Table, SaysOfAnAbsentFunctionThatItIsAbsent) {
+  for (const plv::ligneFonction& row : plv::tableFonctions()) {
+    if (row.handler != plv::tableFonctions()[67].handler) continue;
+    Session session;
+    session.transcript();
+    const std::wstring wide = row.name;
+    const std::string name(wide.begin(), wide.end());
+    EXPECT_EQ(session.eval("(" + name + ")"), "nil");
+    EXPECT_NE(session.transcript().find("La fonction " + name + " n'est pas encore disponible."),
+              std::string::npos);
+  }
+}
+
+TEST(Entry, AnswersEveryMessageWithOk) {
+  EXPECT_EQ(acrxEntryPoint(AcRx::kSaveMsg, nullptr), AcRx::kRetOK);
+  EXPECT_EQ(acrxEntryPoint(AcRx::kQuitMsg, nullptr), AcRx::kRetOK);
+}
+
+// Wrong counts and types end in nil, in silence, whatever the function.
+TEST(Handlers, RefuseBadArgumentsInSilence) {
+  Session session;
+  session.transcript();
+  kaveltest::check(session, {{"(pl_InfosTn)", "nil"},
+                             {"(pl_InfosTn \"x\")", "nil"},
+                             {"(pl_PointTn 1 2)", "nil"},
+                             {"(pl_DefinirLigneMatrice \"M\" \"1\" \"L\" 1.5)", "nil"},
+                             {"(pl_DefinirLigneMatrice \"M\" \"1\" \"L\" 1.5 2.0)", "nil"},
+                             {"(pl_DessinerMatrices 1 2 3 4)", "nil"},
+                             {"(pl_LargeurMatrices \"2\")", "nil"},
+                             {"(pl_TexteVertical 1.0 \"x\")", "nil"},
+                             {"(pl_CotDParH '(1.0 2.0))", "nil"},
+                             {"(pl_NotifInsertBlock 3)", "nil"},
+                             {"(pl_ChoixProfil \"P1\")", "nil"},
+                             {"(pl_CreeMenu \"G\" 1)", "nil"},
+                             {"(pl_fleche '(0.0 0.0) '(1.0 0.0) 1.0)", "nil"},
+                             {"(plgxd)", "nil"}});
+  EXPECT_EQ(session.transcript(), "");
+}
+
+}  // namespace
