@@ -1,0 +1,120 @@
+;; Ground files: delimited text with distance and altitude, or x, y, z with distances accumulated in plan.
+;; The result is a list of points (distance altitude name), distances from the first point, and the first station.
+
+;; Words of a header line, upper case, by what the column holds.
+(setq plv-terrain:entetes
+  '((distance "STATION" "PK" "ABSCISSE" "DISTANCE" "DIST" "DCUM" "CHAINAGE" "CUMUL" "D" "S")
+    (x "X" "EASTING" "EST" "E")
+    (y "Y" "NORTHING" "NORD" "N")
+    (z "Z" "ALT" "ALTITUDE" "ZTN" "TN" "GROUND_Z" "COTE" "ELEVATION" "H")
+    (nom "NOM" "NAME" "POINT" "NUMERO" "NUM" "MATRICULE" "OBS" "OBSERVATION" "OBSERVATIONS" "REMARQUE" "CODE")))
+
+(defun plv-terrain:role (champ / trouve)
+  (setq champ (strcase (vl-string-trim " \t\"" champ)))
+  (foreach role plv-terrain:entetes
+    (if (and (not trouve) (member champ (cdr role))) (setq trouve (car role))))
+  trouve)
+
+(defun plv-terrain:roles-entete (champs / roles)
+  "What each column holds according to a header line; nil when it names no altitude."
+  (setq roles (mapcar 'plv-terrain:role champs))
+  (if (and (member 'z roles) (or (member 'distance roles) (and (member 'x roles) (member 'y roles)))) roles))
+
+(defun plv-terrain:roles-champs (champs / nombres)
+  "What each column holds, guessed from the first line of data."
+  (setq nombres (mapcar 'plv-nombre champs))
+  (cond
+    ((< (length champs) 2) nil)
+    ((or (= (length champs) 2) (not (caddr nombres))) '(distance z nom))
+    ((and (cadddr nombres) (not (car nombres))) '(nom x y z))
+    (T '(x y z nom))))
+
+(defun plv-terrain:champ (role roles champs / valeur)
+  (while roles
+    (if (and (eq (car roles) role) (not valeur)) (setq valeur (car champs)))
+    (setq roles (cdr roles) champs (cdr champs)))
+  valeur)
+
+(defun plv-terrain:valeur (role roles champs / texte)
+  (if (setq texte (plv-terrain:champ role roles champs)) (plv-nombre texte)))
+
+(defun plv-terrain:releve (roles champs / z nom)
+  "One point of the file as (distance-or-nil x y z name); nil when a number is missing."
+  (setq z (plv-terrain:valeur 'z roles champs)
+        nom (cond ((plv-terrain:champ 'nom roles champs)) ("")))
+  (if (member 'distance roles)
+    (if (and z (plv-terrain:valeur 'distance roles champs))
+      (list (plv-terrain:valeur 'distance roles champs) nil nil z nom))
+    (if (and z (plv-terrain:valeur 'x roles champs) (plv-terrain:valeur 'y roles champs))
+      (list nil (plv-terrain:valeur 'x roles champs) (plv-terrain:valeur 'y roles champs) z nom))))
+
+(defun plv-terrain:refus (chemin numero ligne)
+  (plv-erreur (strcat chemin ", ligne " (itoa numero) " illisible: \"" ligne
+                      "\"; distance et altitude attendues, ou x, y et z")))
+
+(defun plv-terrain:lire (chemin / lignes numero separateur roles champs releve releves fautive)
+  "The points of the file in file order; nil after a message that names the line at fault."
+  (setq numero 0)
+  (foreach ligne (cond ((plv-lire-lignes chemin)) (T (setq fautive (plv-erreur (strcat "lecture impossible: " chemin))) nil))
+    (setq numero (1+ numero))
+    (if (and (not fautive) (/= (vl-string-trim " \t" ligne) "") (not (wcmatch (vl-string-left-trim " \t" ligne) "[#;]*")))
+      (progn
+        (if (not separateur) (setq separateur (plv-separateur ligne)))
+        (setq champs (plv-couper ligne separateur))
+        (cond
+          ((and (not roles) (setq roles (plv-terrain:roles-entete champs))))
+          ;; A first line without numbers is a header whose words say nothing.
+          ((and (not roles) (not releves) (not (vl-some 'plv-nombre champs))) (setq separateur nil))
+          (T
+           (if (not roles) (setq roles (plv-terrain:roles-champs champs)))
+           (if (and roles (setq releve (plv-terrain:releve roles champs)))
+             (setq releves (cons releve releves))
+             (progn (plv-terrain:refus chemin numero ligne) (setq fautive T))))))))
+  (cond
+    (fautive nil)
+    ((not (cdr releves)) (plv-erreur (strcat chemin ": deux points au moins sont attendus")))
+    (T (reverse releves))))
+
+(defun plv-terrain:distances (releves / cumul precedent points)
+  "Points (distance altitude name) with distances as given, or accumulated in plan."
+  (setq cumul 0.0)
+  (foreach releve releves
+    (if (car releve)
+      (setq cumul (car releve))
+      (if precedent
+        (setq cumul (+ cumul (distance (list (cadr precedent) (caddr precedent)) (list (cadr releve) (caddr releve)))))))
+    (setq precedent releve
+          points (cons (list (float cumul) (float (cadddr releve)) (nth 4 releve)) points)))
+  (reverse points))
+
+(defun plv-terrain:croissants (points / ordre)
+  "The points sorted by distance; says so when they were not."
+  (setq ordre T)
+  (mapcar '(lambda (a b) (if (> (car a) (car b)) (setq ordre nil))) points (cdr points))
+  (if ordre
+    points
+    (progn
+      (plv-dire "Les points ne sont pas dans l'ordre des distances: ils ont ete tries.")
+      (vl-sort points '(lambda (a b) (< (car a) (car b)))))))
+
+(defun plv-terrain:sans-repetition (points / garde retires)
+  "Points that repeat distance and altitude of the one before are left out and counted."
+  (setq retires 0)
+  (foreach point points
+    (if (and garde (equal (car point) (caar garde) 1e-6) (equal (cadr point) (cadar garde) 1e-6))
+      (setq retires (1+ retires))
+      (setq garde (cons point garde))))
+  (if (> retires 0)
+    (plv-dire (strcat (itoa retires) (if (= retires 1) " point repete a ete laisse." " points repetes ont ete laisses."))))
+  (reverse garde))
+
+(defun plv-lire-terrain (chemin / releves points origine)
+  "((origine . first station) (points (distance altitude name) ...)), distances from the first point; nil after a message."
+  (if (setq releves (plv-terrain:lire chemin))
+    (progn
+      (setq points (plv-terrain:sans-repetition (plv-terrain:croissants (plv-terrain:distances releves)))
+            origine (caar points))
+      (if (< (- (car (plv-dernier points)) origine) 1e-6)
+        (plv-erreur (strcat chemin ": tous les points ont la meme distance"))
+        (list (cons 'origine origine)
+              (cons 'points (mapcar '(lambda (p) (cons (- (car p) origine) (cdr p))) points)))))))
