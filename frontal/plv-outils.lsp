@@ -7,8 +7,9 @@
   (princ))
 
 (defun plv-erreur (texte)
-  "Says what went wrong; nil."
+  "Says what went wrong; nil. A host that counts failures is told."
   (princ (strcat "\nErreur: " texte "\n"))
+  (if (boundp 'echec) (echec))
   nil)
 
 (defun plv-reel (valeur decimales)

@@ -54,8 +54,17 @@ class TerminalSource : public InputSource {
     const std::size_t last = prompt.text.rfind('\n');
     const std::string shown = last == std::string::npos ? prompt.text : prompt.text.substr(last + 1);
     if (!shown.empty()) std::printf("\r");
+    else if (!Document::needed().atLineStart()) Document::needed().print("\n");
     std::fflush(stdout);
     char* line = readline((prompt.text.empty() ? std::string("Commande: ") : shown).c_str());
+    if (Document::needed().interpreter().interrupted()) {
+      std::free(line);
+      std::printf("\n");
+      Document::needed().interpreter().clearInterrupt();
+      Input cancelled;
+      cancelled.kind = Input::Kind::cancel;
+      return cancelled;
+    }
     if (!line) {
       std::printf("\n");
       return {};
@@ -74,6 +83,11 @@ bool isTerminal() { return isatty(STDIN_FILENO) && isatty(STDOUT_FILENO); }
 
 void runTerminal(Document& document) {
   rl_completion_entry_function = completion;
+  // Ctrl-C ends the line at once: what was typed is dropped, the prompt is cancelled.
+  rl_signal_event_hook = [] {
+    rl_done = 1;
+    return 0;
+  };
   rl_completer_word_break_characters = const_cast<char*>(" \t\n\"'()");
   const std::string history = historyFile();
   read_history(history.c_str());

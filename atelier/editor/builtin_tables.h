@@ -15,5 +15,6 @@ std::span<const lisp::Builtin> screenBuiltins();
 std::span<const lisp::Builtin> selectionBuiltins();
 std::span<const lisp::Builtin> variableBuiltins();
 std::span<const lisp::Builtin> commandBuiltins();
+std::span<const lisp::Builtin> failureBuiltins();
 
 }  // namespace atelier

@@ -7,7 +7,7 @@ namespace atelier {
 
 std::vector<std::span<const lisp::Builtin>> drawingBuiltins() {
   return {entityBuiltins(), tableBuiltins(),    dictionaryBuiltins(), promptBuiltins(),
-          screenBuiltins(), selectionBuiltins(), variableBuiltins(), commandBuiltins()};
+          screenBuiltins(), selectionBuiltins(), variableBuiltins(), commandBuiltins(), failureBuiltins()};
 }
 
 }  // namespace atelier

@@ -64,6 +64,7 @@ class Document {
   void print(std::string_view utf8);
   // Prints nothing while muted (CMDECHO 0 in `command`). Returns what held before.
   bool exchangeMuted(bool muted) { return std::exchange(muted_, muted); }
+  bool atLineStart() const { return transcript_.empty() || transcript_.back() == '\n'; }
   // What was printed since the last call.
   std::string takeTranscript();
 
@@ -80,6 +81,7 @@ class Document {
   // What went wrong since the document was opened: LISP errors, failed and unknown commands.
   int failures() const { return failures_; }
   void fail(const std::string& message);
+  void countFailure() { ++failures_; }
 
   const std::string& path() const { return imp_path(); }
   void save(const std::string& path);

@@ -7,6 +7,8 @@ namespace atelier {
 std::string errorText(const lisp::Error& error) {
   constexpr std::size_t kMostCalls = 6;
   std::string text = "; erreur: " + error.message();
+  // Whoever breaks off knows where.
+  if (error.message() == "Function cancelled") return text;
   if (!error.file.empty()) text += " (" + error.file + (error.line > 0 ? ":" + std::to_string(error.line) : "") + ")";
   else if (error.line > 0) text += " (ligne " + std::to_string(error.line) + ")";
   for (std::size_t i = 0; i < error.chain.size() && i < kMostCalls; ++i) {

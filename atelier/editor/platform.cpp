@@ -2,6 +2,9 @@
 // The installation folder: KAVEL_CHEMIN when set, else the user's data folder; it is made at the first write.
 #include "hote/plateforme.h"
 
+#include <dlfcn.h>
+#include <link.h>
+
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
@@ -31,6 +34,30 @@ long RegGetStringW(HKEY, const wchar_t* key, const wchar_t* value, wchar_t* text
   text[folder.size()] = 0;
   *size = needed;
   return ERROR_SUCCESS;
+}
+
+// By the name under which the loader knows a file: a plain name given to dlopen would be matched with the name written
+// inside the file, which a plug-in need not have. The reference that dlopen takes is kept, so that an address handed out
+// stays good.
+HMODULE GetModuleHandleW(const wchar_t* fileName) {
+  if (!fileName) return nullptr;
+  struct Search {
+    std::string wanted, path;
+  } search{atelier::toUtf8(fileName), {}};
+  dl_iterate_phdr(
+      [](dl_phdr_info* object, std::size_t, void* data) {
+        Search& sought = *static_cast<Search*>(data);
+        const std::string path = object->dlpi_name ? object->dlpi_name : "";
+        if (path.empty() || !atelier::equalNoCase(path.substr(path.rfind('/') + 1), sought.wanted)) return 0;
+        sought.path = path;
+        return 1;
+      },
+      &search);
+  return search.path.empty() ? nullptr : dlopen(search.path.c_str(), RTLD_LAZY | RTLD_NOLOAD);
+}
+
+FARPROC GetProcAddress(HMODULE module, const char* name) {
+  return module && name ? reinterpret_cast<FARPROC>(dlsym(module, name)) : nullptr;
 }
 
 // Menus need a window: without one the host has no automation.

@@ -122,6 +122,7 @@ Input Prompter::fromSource(const PromptInfo& prompt) {
 Input Prompter::read(const PromptInfo& prompt) {
   document_.print(prompt.text);
   if (document_.interpreter().interrupted()) throw Interrupted();
+  bool waiting = false;
   if (!pending_) {
     Input input = fromSource(prompt);
     if (input.kind != Input::Kind::text || prompt.takesSpaces || input.whole) return input;
@@ -130,12 +131,17 @@ Input Prompter::read(const PromptInfo& prompt) {
       pending_.reset();
       return Input::line("");
     }
-  } else if (!source || !source->echoes()) {
-    document_.print("\n");
+  } else {
+    waiting = true;
   }
   std::string line = std::move(*pending_);
   pending_.reset();
-  if (prompt.takesSpaces) return Input::line(line);
+  // A word that waited on the line shows behind its prompt, as a typed one does.
+  const auto answer = [&] {
+    if (waiting && (!source || !source->echoes())) document_.print(line + "\n");
+    return Input::line(line);
+  };
+  if (prompt.takesSpaces) return answer();
   // One word, or one expression in parentheses; the rest answers the next prompt.
   line = trimmed(line);
   const std::size_t mark = line.starts_with("!(") ? 1 : 0;
@@ -145,7 +151,7 @@ Input Prompter::read(const PromptInfo& prompt) {
     if (!rest.empty()) pending_ = std::string(rest);
     line.resize(end);
   }
-  return Input::line(line);
+  return answer();
 }
 
 // take(input, value) answers nothing when the input fits, else what was wrong with it.

@@ -58,6 +58,15 @@ TEST(Kavel, FeedsScriptsToTheCommandLine) {
   EXPECT_NE(program.output.find("42\n"), std::string::npos) << program.output;
 }
 
+TEST(Kavel, CountsACommandThatCouldNotDoItsWork) {
+  Program program;
+  program.write("bad.csv", "0,1\nx,2\n");
+  program.write("a.scr", "PLV-NOUVEAU\nbad.csv\n1\n\n\n\n\n\n");
+  program.run("-s a.scr --save a.dxf");
+  EXPECT_EQ(program.status, 1) << program.output;
+  EXPECT_NE(program.output.find("ligne 2 illisible: \"x,2\""), std::string::npos) << program.output;
+}
+
 TEST(Kavel, LeavesTheDrawingAsItWasWhenSavingFails) {
   Program program;
   program.run("-e '(entmake (list (cons 0 \"LINE\") (list 10 0.0 0.0 0.0) (list 11 1.0 1.0 0.0)))' --save a.dxf");
