@@ -11,6 +11,15 @@ inline constexpr long ERROR_SUCCESS = 0;
 // The string value of a key. size: capacity of text in bytes on entry, bytes written with the closing zero on return.
 // Anything but ERROR_SUCCESS: there is no such value, or the buffer is too small.
 long RegGetStringW(HKEY root, const wchar_t* key, const wchar_t* value, wchar_t* text, unsigned long* size);
+
+// A module of the process. One that is already loaded is found by its file name, in any case; null for any other name:
+// nothing is loaded by this call.
+using HMODULE = void*;
+HMODULE GetModuleHandleW(const wchar_t* fileName);
+// The address of a function that a module exports, to be cast to the function's own type; null when it has none.
+using FARPROC = std::intptr_t (*)();
+FARPROC GetProcAddress(HMODULE module, const char* name);
+
 // The character between the folders of a path.
 inline constexpr wchar_t kSeparateurDossier =
 #ifdef _WIN32
