@@ -207,6 +207,9 @@ Acad::ErrorStatus AcDbObject::handOverTo(AcDbObject* newObject, bool keepXData, 
   if (stub.owner) theirs.record.setOwner(stub.owner->handle);
   if (keepExtDict) copyBraces(mine.record, theirs.record, "ACAD_XDICTIONARY");
   copyBraces(mine.record, theirs.record, "ACAD_REACTORS");
+  // Vertices and attributes: what the old kind of object held goes with it.
+  if (stub.children && mine.record.type() != theirs.record.type())
+    for (AcDbStub* child : *stub.children) eraseWithOwned(*child, true);
   mine.writable();
   OpenObjects::remove(this);
   mine.writer = false;

@@ -8,6 +8,7 @@
 #include "atelier/dxf/record_text.h"
 #include "atelier/dxf/replaced_file.h"
 #include "atelier/dxf/versions.h"
+#include "atelier/dxf/writer.h"
 
 namespace atelier::dxf {
 namespace {
@@ -17,6 +18,7 @@ class Exporter {
   Exporter(AcDbDatabase& database, std::string_view version, bool binary)
       : db_(AcDbImpDatabase::of(&database)), source_(*std::static_pointer_cast<FileLayout>(db_.layout)) {
     target_.version = version;
+    older_ = target_.version < source_.version;
     target_.style.encoding = !binary ? Encoding::ascii : version <= kR12 ? Encoding::binaryOld : Encoding::binary;
     target_.style.lineEnd = source_.style.lineEnd;
     target_.style.codePage = version >= kR2007 ? CodePage::utf8() : CodePage::named(db_.header.text("$DWGCODEPAGE", "ANSI_1252"));
@@ -43,8 +45,9 @@ class Exporter {
       section(file, "OBJECTS", [&] {
         for (AcDbStub* stub : db_.objects) record(*stub);
       });
-      if (!thumbnail().empty()) section(file, "THUMBNAILIMAGE", [&] { carried("THUMBNAILIMAGE"); });
-      if (target_.atLeast("AC1027") && hasSection("ACDSDATA")) section(file, "ACDSDATA", [&] { carried("ACDSDATA"); });
+      // ACDSDATA holds the solids of R2013 and later.
+      for (const std::string& name : source_.carried)
+        if (name != "ACDSDATA" || target_.atLeast("AC1027")) section(file, name, [&] { carried(name); });
     }
     put(Group::text(0, "EOF"));
     file.write(text_);
@@ -61,6 +64,7 @@ class Exporter {
   bool isR12() const { return !target_.atLeast(kR13); }
 
   void hideUnknown() {
+    if (!older_) return;
     for (const AcDbStub& stub : db_.stubs()) {
       if (stub.is(AcDbStub::kErased)) continue;
       const std::string_view type = db_.typeName(stub);
@@ -96,7 +100,7 @@ class Exporter {
     if (!db_.header.has("$DWGCODEPAGE") || equalNoCase(db_.header.text("$DWGCODEPAGE", ""), "UTF-8")) variable("$DWGCODEPAGE", {Group::text(3, "ANSI_1252")});
     for (const HeaderVariables::Variable& v : db_.header.list) {
       const bool own = v.name == "$ACADVER" || v.name == "$HANDSEED" || v.name == "$ACADMAINTVER";
-      if (!own && knowsVariable(target_.version, v.name)) variable(v.name, v.values);
+      if (!own && (!older_ || knowsVariable(target_.version, v.name))) variable(v.name, v.values);
     }
     variable("$HANDSEED", {Group::handle(5, db_.handleSeed())});
   }
@@ -114,7 +118,7 @@ class Exporter {
     while (scanner.next(raw)) {
       if (raw.code == 0 && (raw.value == "ENDSEC" || raw.value == "CLASS") && inside && !counted && target_.atLeast("AC1018")) put(Group::integer(91, 0));
       if (inside && raw.code == 0 && raw.value == "ENDSEC") return;
-      if (inside && (name != "CLASSES" || knowsGroup(target_.version, "CLASS", "", raw.code)) && raw.code != 999)
+      if (inside && (name != "CLASSES" || !older_ || knowsGroup(target_.version, "CLASS", "", raw.code)) && raw.code != 999)
         put(decode(raw, source_.style.encoding, source_.style.codePage));
       if (inside && raw.code == 0) counted = raw.value != "CLASS";
       // The count stands before the two flags: a class that has none gets it at its end, where readers accept it too.
@@ -123,12 +127,6 @@ class Exporter {
       opening = raw.code == 0 && raw.value == "SECTION";
     }
   }
-
-  bool hasSection(std::string_view name) const {
-    const std::string mark = "SECTION" + std::string(source_.style.lineEnd) + "  2" + std::string(source_.style.lineEnd) + std::string(name);
-    return source_.bytes.find(mark) != source_.bytes.npos;
-  }
-  std::string_view thumbnail() const { return hasSection("THUMBNAILIMAGE") ? "THUMBNAILIMAGE" : ""; }
 
   void tables() {
     for (const auto& [name, head] : db_.tables()) {
@@ -180,8 +178,8 @@ class Exporter {
       if (isR12() && (braces || code == 102)) return;
       // Embedded objects (101) are of R2018; they run to the extended data.
       embedded = (embedded || code == 101) && code < 1000;
-      if (embedded && !target_.atLeast(kR2018)) return;
-      if (code != 999 && (braces || code == 102 || knowsGroup(target_.version, type, section, code))) put(group);
+      if (embedded && older_) return;
+      if (code != 999 && (!older_ || braces || code == 102 || knowsGroup(target_.version, type, section, code))) put(group);
     });
   }
 
@@ -189,6 +187,7 @@ class Exporter {
   const FileLayout& source_;
   FileLayout target_;
   bool sameText_ = false;
+  bool older_ = false;  // than the drawing: only then can something be unknown
   std::string text_;
   std::vector<AcDbStub*> hidden_;
   std::map<std::string, int> leftOut_;
@@ -201,6 +200,7 @@ std::vector<std::string> saveAs(AcDbDatabase& database, const std::string& path,
   const auto layout = std::static_pointer_cast<FileLayout>(AcDbImpDatabase::of(&database).layout);
   if (version.empty()) throw Error("version de dessin inconnue: " + std::string(release));
   if (!layout || (!layout->atLeast(kR13) && version >= kR13)) throw Error("un dessin de version R12 ne s'enregistre qu'en R12");
+  refuseDamaged(database, path);
   Exporter exporter(database, version, binary);
   ReplacedFile file(path);
   exporter.write(file);

@@ -33,7 +33,7 @@ void appendRecord(std::string& out, AcDbStub& stub, const FileLayout& layout) {
 
 void visitGroups(AcDbStub& stub, const FileLayout& layout, const std::function<void(const Group&, std::string_view section)>& visit) {
   Record& record = AcDbImpObject::of(&stub.database->object(stub)).settled();
-  const std::string_view type = record.type();
+  const std::string type(record.type());  // a copy: giving the handle may move the groups
   const bool ends = type == "ENDTAB" || type == "ENDSEC";
   if (writesHandle(stub) && record.objectHandle() == 0 && stub.handle != 0 && !ends) record.setObjectHandle(stub.handle);
   const bool plain = !layout.atLeast(kR13) && (type == "TABLE" || !isObject(stub));

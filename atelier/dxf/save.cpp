@@ -16,13 +16,18 @@ bool isSameFile(const std::string& a, const std::string& b) {
 
 }  // namespace
 
-void save(AcDbDatabase& database, const std::string& path) {
-  AcDbImpDatabase& db = AcDbImpDatabase::of(&database);
+void refuseDamaged(AcDbDatabase& database, const std::string& path) {
+  const AcDbImpDatabase& db = AcDbImpDatabase::of(&database);
   if (!db.recoveredFrom.empty() && !db.mayOverwriteDamaged && isSameFile(db.recoveredFrom, path))
     throw FileError(path, 0, "ce fichier est endommage et n'a ete lu qu'en partie: enregistrez le dessin sous un autre nom");
+}
+
+void save(AcDbDatabase& database, const std::string& path) {
+  refuseDamaged(database, path);
   ReplacedFile file(path);
   write(database, [&](std::string_view bytes) { file.write(bytes); });
   file.keep();
+  AcDbImpDatabase& db = AcDbImpDatabase::of(&database);
   db.modified = false;
   db.path = path;
 }

@@ -96,6 +96,12 @@ std::string asciiValue(const Group& group, const CodePage& codePage) {
 }
 
 void appendBinary(std::string& out, const Group& group, const Style& style) {
+  constexpr std::size_t kLongestChunk = 255;
+  if (group.kind() == GroupKind::binary && group.text().size() > kLongestChunk) {
+    appendBinary(out, Group::binary(group.code(), group.text().substr(0, kLongestChunk)), style);
+    appendBinary(out, Group::binary(group.code(), group.text().substr(kLongestChunk)), style);
+    return;
+  }
   if (style.encoding == Encoding::binary) {
     putLittleEndian(out, static_cast<std::uint64_t>(group.code()), 2);
   } else if (group.code() < 255) {

@@ -18,4 +18,7 @@ void write(AcDbDatabase& database, const Sink& sink);
 // refused under the name of the damaged file unless the database says that it may be overwritten.
 void save(AcDbDatabase& database, const std::string& path);
 
+// Throws FileError when the path is that of the damaged file that the drawing was recovered from.
+void refuseDamaged(AcDbDatabase& database, const std::string& path);
+
 }  // namespace atelier::dxf
