@@ -13,6 +13,7 @@
 #include "atelier/console/listing.h"
 #include "atelier/console/options.h"
 #include "atelier/console/terminal.h"
+#include "atelier/dxf/audit.h"
 #include "atelier/editor/document.h"
 #include "atelier/render/plot.h"
 #include "atelier/render/plot_error.h"
@@ -107,9 +108,23 @@ class Run {
   }
 
   void audit() {
-    // The front-end checks the records of profiles and matrices.
-    const lisp::Value check = document_.interpreter().get("PLV-AUDIT");
-    if (!check.isNil()) document_.evaluate("(plv-audit)");
+    std::size_t errors = 0, repaired = 0;
+    const auto findings = dxf::audit(document_.database(), options_.fix);
+    for (const dxf::Finding& finding : findings) {
+      std::printf("%s\n", dxf::line(finding).c_str());
+      errors += finding.severity == dxf::Severity::error && !finding.repaired;
+      repaired += finding.repaired;
+    }
+    // The records of profiles and matrices are the front-end's to check; it gives the number of its findings.
+    if (!document_.interpreter().get("PLV-AUDIT").isNil()) {
+      std::string printed;
+      document_.takeTranscript();
+      document_.evaluate("(plv-audit)", &printed);
+      if (options_.quiet) std::fputs(document_.takeTranscript().c_str(), stdout);
+      errors += static_cast<std::size_t>(parseInteger(printed).value_or(0));
+    }
+    std::printf("%zu erreurs, %zu reparees, %zu constats\n", errors, repaired, findings.size());
+    if (errors > 0) document_.countFailure();
   }
 
   const Options& options_;

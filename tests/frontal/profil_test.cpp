@@ -130,4 +130,30 @@ TEST(Tables, SurviveSavingAndReopening) {
   EXPECT_EQ(printed, "(T T \"Numero\" 2 T \"essai\")");
 }
 
+TEST(Audit, NamesWhatIsBrokenInTheRecords) {
+  const struct {
+    const char* damage;
+    const char* code;  // "" for none
+  } rows[] = {
+      {"nil", ""},
+      {"(entdel (plgxd p \"HTN\"))", "P02"},
+      {"(entdel (plgxd (plgxd p \"PRPC\") \"PRLI\"))", "P02"},
+      {"(plsxd (plgxd (plgxd p \"PRPC\") \"NEXT-PC\") \"NEXT-PC\" (plgxd p \"PRPC\"))", "P03"},
+      {"(plsxd (plgxd (plgxd p \"PRPC\") \"PRLI\") \"NEXTLI\" (plgxd (plgxd p \"PRPC\") \"PRLI\"))", "P03"},
+      {"(plsxd p \"PRPC\" 5)", "P02"},
+      {"(entdel (car (plv-tables:references p)))", "P06"},
+      {"(entmod (append (vl-remove-if '(lambda (g) (= (car g) -3)) (entget p)) '((-3 (\"KELMONT_PLV2\")))))", "P05"},
+  };
+  for (const auto& row : rows) {
+    Profile session;
+    session.file("t.txt", "T - 6.0 4 Altitude TN\n");
+    session.eval("(plv-matrices p \"" + session.path("t.txt") + "\" T)");
+    session.eval(row.damage);
+    session.transcript();
+    const std::string found = session.eval("(plv-audit)"), said = session.transcript();
+    EXPECT_EQ(found == "0", std::string(row.code).empty()) << row.damage << said;
+    EXPECT_NE(said.find(row.code), std::string::npos) << row.damage << said;
+  }
+}
+
 }  // namespace
