@@ -56,8 +56,23 @@ Value backtrace(Interpreter& in, Arguments) {
   return nil;
 }
 
+// Every built-in as a row of a table in Markdown, in the order of the names; published functions are left out.
+Value helpOfAll(Interpreter& in) {
+  std::vector<const Primitive*> all = in.primitives();
+  std::erase_if(all, [](const Primitive* p) { return p->external != nullptr; });
+  std::sort(all.begin(), all.end(), [](const Primitive* a, const Primitive* b) { return a->name < b->name; });
+  std::string text = "| appel | |\n| --- | --- |\n";
+  for (const Primitive* p : all) {
+    std::string row = "`" + p->signature + "` | " + p->help;
+    text += "| " + row + " |\n";
+  }
+  in.console().write(text);
+  return in.quiet();
+}
+
 // (aide 'nom): signature and help of a built-in or published function; nil for an unknown name.
 Value help(Interpreter& in, Arguments arguments) {
+  if (arguments.empty()) return helpOfAll(in);
   const Value name = arguments[0];
   const Primitive* primitive =
       in.primitive(name.isString() ? name.text() : std::string_view(symbolArgument(in, name).name()));
@@ -70,7 +85,7 @@ constexpr Builtin kTable[] = {
     {"trace", traceForm<true>, "(trace [fonction...])", "Montre chaque appel des fonctions et son résultat."},
     {"untrace", traceForm<false>, "(untrace [fonction...])", "Ne suit plus les appels des fonctions."},
     {"vl-bt", backtrace, 0, 0, "(vl-bt)", "Affiche la pile des appels en cours."},
-    {"aide", help, 1, 1, "(aide 'nom)", "Affiche la signature et l'aide d'une fonction."},
+    {"aide", help, 0, 1, "(aide ['nom])", "Affiche la signature et l'aide d'une fonction, ou de toutes en un tableau."},
 };
 
 }  // namespace
