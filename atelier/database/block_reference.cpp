@@ -117,16 +117,7 @@ Acad::ErrorStatus AcDbBlockReference::appendAttribute(AcDbObjectId& id, AcDbAttr
   if (!stub) return Acad::eNoDatabase;
   AcDbImpObject& imp = AcDbImpObject::of(this);
   if (!imp.writable()) return Acad::eNotOpenForWrite;
-  if (!stub->children) {
-    // Attributes end with a mark of their own.
-    stub->children = std::make_unique<std::vector<AcDbStub*>>();
-    auto* end = new CarriedEntity;
-    initRecord(*end, "SEQEND");
-    stub->children->push_back(&stub->database->adopt(*end, *stub));
-    end->close();
-  }
-  AcDbStub& added = stub->database->adopt(*attribute, *stub);
-  stub->children->insert(stub->children->end() - 1, &added);
+  AcDbStub& added = stub->database->adoptFollower(*attribute, *stub);
   imp.setInteger(kFollow, 1);
   id = idOf(&added);
   return Acad::eOk;

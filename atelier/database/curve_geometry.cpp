@@ -84,18 +84,12 @@ Result cornered(const std::vector<Corner>& corners, bool closed, const AcGeVecto
 
 Result geometryOf(const AcDbPolyline& polyline) {
   PolylineVertices& vertices = verticesOf(&polyline);
-  auto& kept = vertices.geometry;
-  const AcGeVector3d normal = polyline.normal();
-  const double elevation = polyline.elevation();
-  const bool closed = polyline.isClosed();
-  const bool same = kept.elevation == elevation && kept.closed == closed && (kept.normal - normal).length() == 0;
-  if (kept.curve && same) return kept.curve;
+  if (vertices.curve) return vertices.curve;
   std::vector<Corner> corners;
   corners.reserve(vertices.list.size());
   for (const PolylineVertex& v : vertices.list)
-    corners.push_back({toWorld(AcGePoint3d(v.point.x, v.point.y, elevation), normal), v.bulge});
-  kept = {cornered(corners, closed, normal), normal, elevation, closed};
-  return kept.curve;
+    corners.push_back({toWorld(AcGePoint3d(v.point.x, v.point.y, vertices.elevation), vertices.normal), v.bulge});
+  return vertices.curve = cornered(corners, vertices.closed, vertices.normal);
 }
 
 Result geometryOf(const AcDb2dPolyline& polyline) {

@@ -44,11 +44,16 @@ Acad::ErrorStatus meet(const AcDbCurve* self, const AcDbEntity* entity, AcDb::In
   auto a = curveOf(*self), b = curveOf(*other);
   if (!a || !b) return Acad::eDegenerateGeometry;
   const auto mine = a;
-  if (plane && !(a = a->transformed(projection(*plane)))) return Acad::eDegenerateGeometry;
-  if (plane && !(b = b->transformed(projection(*plane)))) return Acad::eDegenerateGeometry;
+  const bool level = plane && plane->normal().x == 0 && plane->normal().y == 0 && plane->normal().z > 0;
+  if (plane && !level) {
+    a = a->transformed(projection(*plane));
+    b = b->transformed(projection(*plane));
+    if (!a || !b) return Acad::eDegenerateGeometry;
+  }
   const bool extendThis = mode == AcDb::kExtendThis || mode == AcDb::kExtendBoth;
   const bool extendOther = mode == AcDb::kExtendArg || mode == AcDb::kExtendBoth;
-  for (const Crossing& c : a->crossings(*b, extendThis, extendOther)) {
+  const Curve &first = level ? a->inPlan() : *a, &second = level ? b->inPlan() : *b;
+  for (const Crossing& c : first.crossings(second, extendThis, extendOther)) {
     const auto lifted = plane ? mine->pointAt(c.param) : std::nullopt;
     points.append(lifted ? *lifted : plane ? AcGeMatrix3d().setToPlaneToWorld(plane->normal()) * c.point : c.point);
   }

@@ -195,6 +195,19 @@ AcDbStub& AcDbImpDatabase::adopt(AcDbObject& object, AcDbStub& owner) {
   return stub;
 }
 
+AcDbStub& AcDbImpDatabase::adoptFollower(AcDbObject& object, AcDbStub& parent) {
+  if (!parent.children) {
+    parent.children = std::make_unique<std::vector<AcDbStub*>>();
+    auto* end = new CarriedEntity;
+    initRecord(*end, "SEQEND");
+    parent.children->push_back(&adopt(*end, parent));
+    end->close();
+  }
+  AcDbStub& added = adopt(object, parent);
+  parent.children->insert(parent.children->end() - 1, &added);
+  return added;
+}
+
 AcDbStub* AcDbImpDatabase::table(std::string_view name) const {
   for (const auto& [key, head] : tables_)
     if (key == name) return head;

@@ -80,6 +80,9 @@ class AcDbImpDatabase {
   static constexpr std::size_t kMostIdle = 16384;
   // Makes a new object a member: gives it a handle, a stub under the owner, and leaves it open for write.
   AcDbStub& adopt(AcDbObject& object, AcDbStub& owner);
+  // The same for an attribute of an insert or a vertex of a polyline: it stands before the end mark, which comes into
+  // being with the first follower.
+  AcDbStub& adoptFollower(AcDbObject& object, AcDbStub& parent);
 
   // --- structure; stubs of table heads have the type "TABLE"
   AcDbStub* table(std::string_view name) const;  // "LAYER", "STYLE", "BLOCK_RECORD" ...; null when missing

@@ -46,6 +46,10 @@ PolylineVertices& verticesOf(const AcDbObject* polyline) {
       default: break;
     }
   }
+  vertices->normal = normalOf(imp.record, kPolyline);
+  vertices->elevation = imp.record.real(kElevation);
+  if (const Group* width = imp.record.get(kWidth)) vertices->constantWidth = width->real();
+  vertices->closed = imp.record.integer(kFlags) & kClosed;
   PolylineVertices& result = *vertices;
   imp.decoded = std::move(vertices);
   return result;
@@ -81,7 +85,7 @@ PolylineVertices* changedVertices(AcDbObject* polyline) {
   if (!AcDbImpObject::of(polyline).writable()) return nullptr;
   PolylineVertices& vertices = verticesOf(polyline);
   vertices.changed = true;
-  vertices.geometry.curve.reset();
+  vertices.curve.reset();
   return &vertices;
 }
 
@@ -116,17 +120,27 @@ void eachPiece(const AcDbPolyline* polyline, VISIT visit) {
 AcDbPolyline::AcDbPolyline() { initRecord(*this, "LWPOLYLINE"); }
 AcDbPolyline::AcDbPolyline(unsigned int numVerts) : AcDbPolyline() { verticesOf(this).list.reserve(numVerts); }
 unsigned int AcDbPolyline::numVerts() const { return static_cast<unsigned int>(verticesOf(this).list.size()); }
-bool AcDbPolyline::isClosed() const { return recordOf(this).integer(kFlags) & kClosed; }
+bool AcDbPolyline::isClosed() const { return verticesOf(this).closed; }
 void AcDbPolyline::setClosed(bool closed) {
   const std::int64_t flags = recordOf(this).integer(kFlags);
-  AcDbImpObject::of(this).setInteger(kFlags, closed ? flags | kClosed : flags & ~kClosed);
+  if (AcDbImpObject::of(this).setInteger(kFlags, closed ? flags | kClosed : flags & ~kClosed) != Acad::eOk) return;
+  verticesOf(this).closed = closed;
+  verticesOf(this).curve.reset();
 }
-double AcDbPolyline::elevation() const { return recordOf(this).real(kElevation); }
-void AcDbPolyline::setElevation(double elevation) { AcDbImpObject::of(this).setReal(kElevation, elevation); }
-AcGeVector3d AcDbPolyline::normal() const { return normalOf(recordOf(this), kPolyline); }
+double AcDbPolyline::elevation() const { return verticesOf(this).elevation; }
+void AcDbPolyline::setElevation(double elevation) {
+  if (AcDbImpObject::of(this).setReal(kElevation, elevation) != Acad::eOk) return;
+  verticesOf(this).elevation = elevation;
+  verticesOf(this).curve.reset();
+}
+AcGeVector3d AcDbPolyline::normal() const { return verticesOf(this).normal; }
 Acad::ErrorStatus AcDbPolyline::setNormal(const AcGeVector3d& normal) {
   if (normal.isZeroLength()) return Acad::eInvalidInput;
-  return AcDbImpObject::of(this).setPoint(normalField(kPolyline), AcGePoint3d() + normal.normal());
+  const Acad::ErrorStatus status = AcDbImpObject::of(this).setPoint(normalField(kPolyline), AcGePoint3d() + normal.normal());
+  if (status != Acad::eOk) return status;
+  verticesOf(this).normal = normal.normal();
+  verticesOf(this).curve.reset();
+  return Acad::eOk;
 }
 bool AcDbPolyline::hasBulges() const {
   const auto& list = verticesOf(this).list;
@@ -134,7 +148,7 @@ bool AcDbPolyline::hasBulges() const {
 }
 bool AcDbPolyline::hasWidth() const {
   const auto& list = verticesOf(this).list;
-  return recordOf(this).real(kWidth) != 0 ||
+  return verticesOf(this).constantWidth.value_or(0) != 0 ||
          std::any_of(list.begin(), list.end(), [](const PolylineVertex& v) { return v.startWidth != 0 || v.endWidth != 0; });
 }
 
@@ -173,8 +187,8 @@ Acad::ErrorStatus AcDbPolyline::getBulgeAt(unsigned int index, double& bulge) co
 }
 Acad::ErrorStatus AcDbPolyline::getWidthsAt(unsigned int index, double& startWidth, double& endWidth) const {
   if (index >= numVerts()) return Acad::eInvalidIndex;
-  if (const Group* constant = recordOf(this).get(kWidth); constant && constant->real() != 0) {
-    startWidth = endWidth = constant->real();
+  if (const double constant = verticesOf(this).constantWidth.value_or(0); constant != 0) {
+    startWidth = endWidth = constant;
     return Acad::eOk;
   }
   startWidth = verticesOf(this).list[index].startWidth;
@@ -197,15 +211,16 @@ Acad::ErrorStatus AcDbPolyline::setWidthsAt(unsigned int index, double startWidt
 #undef ATELIER_SET_VERTEX
 
 Acad::ErrorStatus AcDbPolyline::getConstantWidth(double& width) const {
-  const Group* constant = recordOf(this).get(kWidth);
+  const auto& constant = verticesOf(this).constantWidth;
   if (!constant && hasWidth()) return Acad::eInvalidInput;
-  width = constant ? constant->real() : 0;
+  width = constant.value_or(0);
   return Acad::eOk;
 }
 Acad::ErrorStatus AcDbPolyline::setConstantWidth(double width) {
   PolylineVertices* vertices = changedVertices(this);
   if (!vertices) return Acad::eNotOpenForWrite;
   for (PolylineVertex& v : vertices->list) v.startWidth = v.endWidth = 0;
+  vertices->constantWidth = width;
   return AcDbImpObject::of(this).setReal(kWidth, width);
 }
 
@@ -275,9 +290,11 @@ Acad::ErrorStatus AcDbPolyline::transformBy(const AcGeMatrix3d& m) {
     height = p.z;
   }
   AcDbImpObject& imp = AcDbImpObject::of(this);
-  if (const double width = imp.record.real(kWidth); width != 0) imp.setReal(kWidth, width * plane.scale);
+  if (const double width = vertices->constantWidth.value_or(0); width != 0) {
+    vertices->constantWidth = width * plane.scale;
+    imp.setReal(kWidth, width * plane.scale);
+  }
   if (height != elevation()) setElevation(height);
-  if (!isWorldPlane(plane.normal) || imp.record.has(normalField(kPolyline)))
-    imp.setPoint(normalField(kPolyline), AcGePoint3d() + plane.normal);
+  if (!isWorldPlane(plane.normal) || imp.record.has(normalField(kPolyline))) return setNormal(plane.normal);
   return Acad::eOk;
 }

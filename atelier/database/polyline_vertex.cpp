@@ -31,15 +31,7 @@ Acad::ErrorStatus append(AcDbObject* polyline, AcDbVertex* vertex) {
   AcDbStub* stub = stubOf(polyline);
   if (!stub) return Acad::eNoDatabase;
   if (!AcDbImpObject::of(polyline).writable()) return Acad::eNotOpenForWrite;
-  if (!stub->children) {
-    stub->children = std::make_unique<std::vector<AcDbStub*>>();
-    auto* end = new CarriedEntity;
-    initRecord(*end, "SEQEND");
-    stub->children->push_back(&stub->database->adopt(*end, *stub));
-    end->close();
-  }
-  AcDbStub& added = stub->database->adopt(*vertex, *stub);
-  stub->children->insert(stub->children->end() - 1, &added);
+  stub->database->adoptFollower(*vertex, *stub);
   return Acad::eOk;
 }
 

@@ -1,6 +1,7 @@
 // The vertices of a lightweight polyline, decoded from its groups 10, 20, 40, 41, 42 and 91.
 // Put back into the record when the polyline is closed.
 #pragma once
+#include <optional>
 #include <vector>
 
 #include "atelier/database/imp_object.h"
@@ -19,14 +20,13 @@ struct PolylineVertices : AcDbImpObject::Decoded {
   std::vector<PolylineVertex> list;
   void encode(Record& record) const override;
 
-  // The geometry of these vertices, kept for the next question; null until it is asked for, and after a change.
-  struct Geometry {
-    std::shared_ptr<const Curve> curve;
-    AcGeVector3d normal;
-    double elevation = 0;
-    bool closed = false;
-  };
-  Geometry geometry;
+  // What else of the record every question asks for: looked up once, since its groups stand among those of the vertices.
+  AcGeVector3d normal{0, 0, 1};
+  double elevation = 0;
+  std::optional<double> constantWidth;
+  bool closed = false;
+  // The geometry of all this, kept for the next question; null until it is asked for, and after a change.
+  std::shared_ptr<const Curve> curve;
 };
 
 // The decoded vertices of an LWPOLYLINE.
