@@ -65,8 +65,8 @@ void PolylineVertices::encode(Record& record) const {
   std::size_t after = place;
   while (after < end && isVertexCode(record.groups[after].code())) ++after;
   if (place == end) {  // no vertex yet: before a trailing normal
-    const std::size_t normal = record.find(normalField(kPolyline));
-    place = after = normal == Record::npos ? end : normal;
+    const std::size_t direction = record.find(normalField(kPolyline));
+    place = after = direction == Record::npos ? end : direction;
   }
   std::vector<Group> groups;
   for (const PolylineVertex& v : list) {

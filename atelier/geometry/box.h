@@ -50,6 +50,7 @@ class BoxTree {
     }
   }
   bool empty() const { return levels_.empty(); }
+  const Box& root() const { return levels_.back().front(); }
 
   // Visits, in order, the leaves below boxes that pass the test.
   template <class TEST, class VISIT>

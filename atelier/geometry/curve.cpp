@@ -171,4 +171,14 @@ std::shared_ptr<const Curve> Curve::transformed(const AcGeMatrix3d& matrix) cons
   return of(std::move(pieces), closed_);
 }
 
+const Curve& Curve::inPlan() const {
+  if (plan_) return *plan_;
+  const Box whole = tree().root();
+  if (whole.low[2] == 0 && whole.high[2] == 0) return *this;
+  AcGeMatrix3d flat;
+  flat(2, 2) = 0;
+  plan_ = transformed(flat);
+  return plan_ ? *plan_ : *this;
+}
+
 }  // namespace atelier

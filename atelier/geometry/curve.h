@@ -86,6 +86,8 @@ class Curve {
   // The whole as one rational B-spline; nothing for an endless curve or a row of pieces without length.
   std::optional<Nurbs> toNurbs() const;
   std::shared_ptr<const Curve> transformed(const AcGeMatrix3d& matrix) const;
+  // Seen in plan: the curve itself when it lies at z = 0, else a copy that it keeps.
+  const Curve& inPlan() const;
 
  private:
   Curve() = default;
@@ -100,6 +102,7 @@ class Curve {
   bool closed_ = false;
   mutable std::vector<double> lengths_;
   mutable BoxTree tree_;
+  mutable std::shared_ptr<const Curve> plan_;
 };
 
 }  // namespace atelier
