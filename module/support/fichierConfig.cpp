@@ -1,0 +1,75 @@
+// The settings file: its paths, its reading at first use, its writing.
+// The library's own texts name what failed; they are passed on as they are.
+#include "module/support/fichierConfig.h"
+
+#include <algorithm>
+#include <boost/locale/encoding_utf.hpp>
+#include <boost/property_tree/ini_parser.hpp>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "hote/plateforme.h"
+#include "module/support/kitDivers.h"
+
+namespace plv {
+
+namespace {
+
+constexpr std::size_t kLongueurChemin = 4096;  // the closing zero included
+
+// read_ini keeps nothing of a file that it can't read to its end; the lines above the bad one are read by themselves.
+void lireAvantLigne(const std::string& chemin, unsigned long ligneFautive, boost::property_tree::ptree& arbre) {
+  std::ifstream fichier(chemin);
+  std::stringstream debut;
+  std::string ligne;
+  for (unsigned long n = 1; n < ligneFautive && std::getline(fichier, ligne); ++n) debut << ligne << '\n';
+  read_ini(debut, arbre);
+}
+
+// Whatever goes wrong, the settings have defaults.
+void lire(const std::string& chemin, boost::property_tree::ptree& arbre) try {
+  try {
+    read_ini(chemin, arbre);
+  } catch (const boost::property_tree::ini_parser_error& erreur) {
+    lireAvantLigne(chemin, erreur.line(), arbre);
+  }
+} catch (const std::exception&) {
+}
+
+}  // namespace
+
+std::string cheminFichier(const ACHAR* nom, const ACHAR* sousDossier) {
+  std::wstring chemin = cheminInstallation();
+  if (sousDossier && *sousDossier) (chemin += kSeparateurDossier) += sousDossier;
+  (chemin += kSeparateurDossier) += nom;
+  chemin.resize(std::min(chemin.size(), kLongueurChemin - 1));
+  return boost::locale::conv::utf_to_utf<char>(chemin);
+}
+
+std::string cheminConfig() {
+  return cheminFichier(L"config.ini");
+}
+std::string cheminConfigVardane() {
+  return cheminFichier(L"ConfigVardane.ini");
+}
+
+fichierConfig& fichierConfig::unique() {
+  static fichierConfig fichier;
+  return fichier;
+}
+
+fichierConfig::fichierConfig() {
+  lire(cheminConfig(), m_arbre);
+}
+
+void fichierConfig::sauver() {
+  if (!m_modifie) return;
+  const std::string chemin = cheminConfig();
+  std::error_code absent;  // a folder that can't be made shows when the file is opened
+  std::filesystem::create_directories(std::filesystem::path(chemin).parent_path(), absent);
+  write_ini(chemin, m_arbre);
+  m_modifie = false;
+}
+
+}  // namespace plv
