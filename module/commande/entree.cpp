@@ -5,6 +5,7 @@
 #include "module/commande/tableFonctions.h"
 #include "module/matrices/gestionMatrices.h"
 #include "module/support/menus.h"
+#include "module/support/reglages.h"
 
 namespace plv {
 
@@ -15,7 +16,7 @@ const struct objetsDuProcessus {
   objetsDuProcessus() {
     groupeMenus();
     collectionMatrices();
-    // Third come the configuration variables, each with its key and default.
+    reglagesModule();
     amorcerMenusDynamiques();
   }
 } objets;

@@ -5,8 +5,10 @@
 #include "hote/acdb.h"
 #include "hote/aced.h"
 #include "hote/acut.h"
+#include "module/elements/fonctionsElements.h"
 #include "module/matrices/fonctionsMatrices.h"
 #include "module/matrices/gestionMatrices.h"
+#include "module/optimiseur/fonctionsOptimiseur.h"
 #include "module/profil/fonctionsProfil.h"
 #include "module/profil/profilLong.h"
 #include "module/support/kitEntites.h"
@@ -32,17 +34,17 @@ constexpr ligneFonction kTable[] = {
     {L"pl_areacalc", pl_areacalc},
     {L"pl_fleche", pl_fleche},
     {L"pl_analyse", pl_analyse},
-    {L"pl_cotauto", indisponible},
-    {L"pl_repspc", indisponible},
-    {L"pl_assoc_prj", indisponible},
-    {L"pl_elem_ponct", indisponible},
-    {L"pl_chg_pc", indisponible},
-    {L"pl_elem_prj", indisponible},
+    {L"pl_cotauto", pl_cotauto},
+    {L"pl_repspc", pl_repspc},
+    {L"pl_assoc_prj", pl_assoc_prj},
+    {L"pl_elem_ponct", pl_elem_ponct},
+    {L"pl_chg_pc", pl_chg_pc},
+    {L"pl_elem_prj", pl_elem_prj},
     {L"pl_fprmprb", pl_fprmprb},
-    {L"pl_dumpdata", indisponible},
+    {L"pl_dumpdata", pl_dumpdata},
     {L"plsxd", plsxd},
     {L"plgxd", plgxd},
-    {L"pl_efix", indisponible},
+    {L"pl_efix", pl_efix},
     {L"pl_strequal", pl_strequal},
     {L"pl_strdiff", pl_strdiff},
     {L"pl_TracerLignes", pl_TracerLignes},
@@ -71,28 +73,28 @@ constexpr ligneFonction kTable[] = {
     {L"pl_InfosTn", pl_InfosTn},
     {L"pl_PointTn", pl_PointTn},
     {L"pl_NbreVertical", pl_NbreVertical},
-    {L"pl_yat", indisponible},
-    {L"pl_modifpente", indisponible},
-    {L"pl_PointsPrjRef", indisponible},
-    {L"pl_glp", indisponible},
-    {L"pl_listerAltitudes", indisponible},
+    {L"pl_yat", pl_yat},
+    {L"pl_modifpente", pl_modifpente},
+    {L"pl_PointsPrjRef", pl_PointsPrjRef},
+    {L"pl_glp", pl_glp},
+    {L"pl_listerAltitudes", pl_listerAltitudes},
     {L"pl_typelignemat", pl_typelignemat},
     {L"pl_nblignesmat", pl_nblignesmat},
     {L"pl_nbmatrices", pl_nbmatrices},
     {L"pl_textlignemat", pl_textlignemat},
     {L"pl_ligneMatrice", pl_ligneMatrice},
-    {L"pl_rayraccpt", indisponible},
+    {L"pl_rayraccpt", pl_rayraccpt},
     {L"pl_CreeMenu", pl_CreeMenu},
     {L"pl_AddSep", pl_AddSep},
     {L"pl_RemoveMenu", pl_RemoveMenu},
     {L"pl_AddOptionMenu", pl_AddOptionMenu},
-    {L"pl_modifLongueur", indisponible},
+    {L"pl_modifLongueur", pl_modifLongueur},
     {L"pl_LireMatriceKavel", pl_LireMatriceKavel},
     {L"pl_PlacerMenusKavel", pl_PlacerMenusKavel},
     {L"pl_CotAttribsAuto", pl_CotAttribsAuto},
     {L"pl_RemoveDynMnus", pl_RemoveDynMnus},
     {L"pl_NotifInsertBlock", pl_NotifInsertBlock},
-    {L"pl_TraceOptimal", indisponible},
+    {L"pl_TraceOptimal", pl_TraceOptimal},
     {L"C:CUBPL", indisponible},
 };
 static_assert(std::size(kTable) == 69);

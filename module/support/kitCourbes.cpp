@@ -31,9 +31,12 @@ void extremites2d(const AcDb2dPolyline& poly2d, AcGePoint2d& debut, AcGePoint2d&
   if (dernier.first) fin = dernier.second;
 }
 
-void pointAuParametre(const AcDbCurve& courbe, Acad::ErrorStatus etat, double parametre, AcGePoint2d& point) {
+using lectureParametre = Acad::ErrorStatus (AcDbCurve::*)(double&) const;
+
+void pointAuBout(const AcDbCurve& courbe, lectureParametre lire, AcGePoint2d& point) {
+  double parametre = 0;
   AcGePoint3d lu;
-  if (etat == Acad::eOk && courbe.getPointAtParam(parametre, lu) == Acad::eOk) point = {lu.x, lu.y};
+  if ((courbe.*lire)(parametre) == Acad::eOk && courbe.getPointAtParam(parametre, lu) == Acad::eOk) point = {lu.x, lu.y};
 }
 
 }  // namespace
@@ -42,9 +45,8 @@ void extremitesCourbe(const AcDbCurve& courbe, AcGePoint2d& gauche, AcGePoint2d&
   if (const auto* poly2d = AcDb2dPolyline::cast(&courbe)) {
     extremites2d(*poly2d, gauche, droite);
   } else {
-    double debut = 0, fin = 0;
-    pointAuParametre(courbe, courbe.getStartParam(debut), debut, gauche);
-    pointAuParametre(courbe, courbe.getEndParam(fin), fin, droite);
+    pointAuBout(courbe, &AcDbCurve::getStartParam, gauche);
+    pointAuBout(courbe, &AcDbCurve::getEndParam, droite);
   }
   if (gauche.x > droite.x) std::swap(gauche, droite);
 }

@@ -1,0 +1,79 @@
+// Twins of static elements, and the association of blocks by a selection.
+// No function for LISP reaches the two last ones; they fix what the stored twins mean.
+#include "hote/acdb.h"
+#include "hote/aced.h"
+#include "hote/acut.h"
+#include "hote/dbsymtb.h"
+#include "module/elements/elemsFixes.h"
+#include "module/elements/listeProjet.h"
+#include "module/support/kitEntites.h"
+#include "module/support/kitSelections.h"
+#include "module/support/kitXrecords.h"
+
+namespace plv {
+
+namespace {
+
+constexpr const ACHAR* kRecordDoublon = L"DOUBLON_KAVEL";
+
+// An existing record keeps its other items: only the first one is overwritten.
+void nommerDoublon(AcDbObjectId id, AcDbObjectId jumeau) {
+  ads_name nom;
+  if (acdbGetAdsName(nom, jumeau) != Acad::eOk) return;
+  listeRb chaine(lireXrecord(id, kRecordDoublon));
+  if (resbuf* premier = chaine.tete()) {
+    listeRb neuve(acutBuildList(330, nom, RTNONE));
+    std::swap(premier->restype, neuve.tete()->restype);
+    std::swap(premier->resval, neuve.tete()->resval);
+  } else {
+    chaine.ajouter(acutBuildList(330, nom, RTNONE));
+  }
+  ecrireXrecord(id, kRecordDoublon, chaine.tete());
+}
+
+AcDbObjectId idEspaceObjet(AcDbDatabase& base) {
+  AcDbObjectPointer<AcDbBlockTable> table(base.blockTableId());
+  AcDbObjectId id;
+  if (table.openStatus() == Acad::eOk) table->getAt(ACDB_MODEL_SPACE, id);
+  return id;
+}
+
+}  // namespace
+
+void lierDoublons(AcDbObjectId premier, AcDbObjectId second) {
+  nommerDoublon(premier, second);
+  nommerDoublon(second, premier);
+}
+
+void creerDoublons(elemsFixesKavel& groupe) {
+  AcDbDatabase* base = baseCourante();
+  retirerMorts(groupe.elements);
+  if (!base || groupe.elements.isEmpty()) return;
+  AcDbIdMapping correspondance;
+  if (base->deepCloneObjects(groupe.elements, idEspaceObjet(*base), correspondance) != Acad::eOk) return;
+  for (const AcDbObjectId& element : groupe.elements) {
+    AcDbObjectId clone;
+    if (!correspondance.compute(element, clone)) continue;
+    groupe.doublons.append(clone);
+    lierDoublons(element, clone);
+  }
+}
+
+void associerParSelection(listeElemsFixes& liste, double gauche, double largeur, double bas) {
+  acutPrintf(L"\nSelectionnez Elements a associer:");
+  ads_name ss;
+  if (acedSSGet(nullptr, nullptr, nullptr, nullptr, ss) != RTNORM) return;
+  AcDbObjectIdArray choisis;
+  idsDeSelection(ss, choisis);
+  for (const AcDbObjectId& id : choisis) {
+    AcDbObjectPointer<AcDbBlockReference> bloc(id);
+    if (bloc.openStatus() != Acad::eOk) continue;
+    const AcGePoint3d place = bloc->position();
+    if (place.x < gauche || place.x > gauche + largeur || place.y < bas) continue;
+    elemsFixesKavel& groupe = chercherGroupe(liste, place.x - gauche, kTolerancePosition);
+    if (!groupe.elements.contains(id)) groupe.elements.append(id);
+  }
+  redessinerGroupes(liste, {gauche, bas, 0.0});
+}
+
+}  // namespace plv

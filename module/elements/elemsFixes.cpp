@@ -1,0 +1,137 @@
+// Groups of static elements: their stored form, and how they are found.
+// What is drawn or cloned is elsewhere.
+#include "module/elements/elemsFixes.h"
+
+#include <cmath>
+#include <memory>
+
+#include "hote/acdb.h"
+#include "module/commande/argsLisp.h"
+#include "module/elements/listeProjet.h"
+#include "module/support/kitXrecords.h"
+#include "module/support/lettres.h"
+
+namespace plv {
+
+namespace {
+
+constexpr int kAccolade = 102, kPoint = 10, kPointeur = 330;
+
+bool estAccolade(const resbuf* rb, const wchar_t* texte) {
+  return rb && rb->restype == kAccolade && rb->resval.rstring && egalSansCasse(rb->resval.rstring, texte);
+}
+
+// Takes the ids up to the closing brace, and steps over it. False when the chain ends before.
+bool lireIds(AcDbObjectIdArray& ids, const resbuf*& rb) {
+  for (; rb && !estAccolade(rb, L"}"); rb = rb->rbnext) {
+    AcDbObjectId id;
+    if (rb->restype == kPointeur && acdbGetObjectId(id, rb->resval.rlname) == Acad::eOk) ids.append(id);
+  }
+  if (!rb) return false;
+  rb = rb->rbnext;
+  return true;
+}
+
+// Links a chain behind the last node, which it then gives.
+void suivre(resbuf*& queue, resbuf* chaine) {
+  queue->rbnext = chaine;
+  while (queue->rbnext) queue = queue->rbnext;
+}
+
+void ecrireIds(resbuf*& queue, const AcDbObjectIdArray& ids) {
+  suivre(queue, acutBuildList(kAccolade, L"{", RTNONE));
+  for (const AcDbObjectId& id : ids) {
+    ads_name nom;
+    if (acdbGetAdsName(nom, id) == Acad::eOk) suivre(queue, acutBuildList(kPointeur, nom, RTNONE));
+  }
+  suivre(queue, acutBuildList(kAccolade, L"}", RTNONE));
+}
+
+// A host call at which the user's interruption arrives.
+void laisserInterrompre() {
+  ads_name aucun;
+  acdbHandEnt(L"0", aucun);
+}
+
+}  // namespace
+
+listeElemsFixes::~listeElemsFixes() {
+  viderGroupes(*this);
+}
+
+bool parserGroupe(elemsFixesKavel& groupe, const resbuf*& curseur, bool avancer) {
+  groupe.elements.removeAll();
+  groupe.doublons.removeAll();
+  const resbuf* rb = curseur;
+  if (!estAccolade(rb, L"{")) return false;
+  rb = rb->rbnext;
+  if (!rb || rb->restype != kPoint) return false;
+  groupe.position = rb->resval.rpoint[0];
+  groupe.ordonnee = rb->resval.rpoint[1];
+  rb = rb->rbnext;
+  if (!estAccolade(rb, L"{")) return false;
+  rb = rb->rbnext;
+  if (!lireIds(groupe.elements, rb)) return false;
+  if (estAccolade(rb, L"{")) {
+    rb = rb->rbnext;
+    if (!lireIds(groupe.doublons, rb)) return false;
+  }
+  if (!estAccolade(rb, L"}")) return false;
+  if (avancer) curseur = rb->rbnext;
+  return true;
+}
+
+void lireGroupesValeur(std::vector<elemsFixesKavel>& groupes, const resbuf*& curseur) {
+  elemsFixesKavel groupe;
+  while (curseur && parserGroupe(groupe, curseur, true)) groupes.push_back(groupe);
+}
+
+std::ptrdiff_t lireElemsFixes(listeElemsFixes& liste, AcDbObjectId support) {
+  const listeRb chaine(lireXrecord(support, kRecordStatiques));
+  const resbuf* curseur = chaine.tete();
+  while (curseur) {
+    auto groupe = std::make_unique<elemsFixesKavel>();
+    // The cursor moves on success alone, so that a damaged record keeps the loop turning: writers keep records whole.
+    if (parserGroupe(*groupe, curseur, true))
+      liste.Add(groupe.release());
+    else
+      laisserInterrompre();
+  }
+  return liste.GetSize();
+}
+
+resbuf* enChaine(elemsFixesKavel& groupe) {
+  retirerMorts(groupe.elements);
+  retirerMorts(groupe.doublons);
+  if (groupe.elements.isEmpty()) std::swap(groupe.elements, groupe.doublons);
+  if (groupe.elements.isEmpty()) return nullptr;
+  const ads_point place = {groupe.position, groupe.ordonnee, 0.0};
+  resbuf* tete = acutBuildList(kAccolade, L"{", kPoint, place, RTNONE);
+  resbuf* queue = tete->rbnext;
+  ecrireIds(queue, groupe.elements);
+  if (!groupe.doublons.isEmpty()) ecrireIds(queue, groupe.doublons);
+  suivre(queue, acutBuildList(kAccolade, L"}", RTNONE));
+  return tete;
+}
+
+void ecrireElemsFixes(const listeElemsFixes& liste, AcDbObjectId support) {
+  listeRb chaine;
+  for (std::ptrdiff_t i = 0; i < liste.GetSize(); ++i) chaine.ajouter(enChaine(*liste.GetAt(i)));
+  ecrireXrecord(support, kRecordStatiques, chaine.tete());
+}
+
+elemsFixesKavel& chercherGroupe(listeElemsFixes& liste, double position, double tolerance) {
+  for (std::ptrdiff_t i = 0; i < liste.GetSize(); ++i)
+    if (std::abs(liste[i]->position - position) < tolerance) return *liste[i];
+  auto groupe = std::make_unique<elemsFixesKavel>();
+  groupe->position = position;
+  liste.Add(groupe.get());
+  return *groupe.release();
+}
+
+void viderGroupes(listeElemsFixes& liste) {
+  for (std::ptrdiff_t i = 0; i < liste.GetSize(); ++i) delete liste[i];
+  liste.SetSize(0);
+}
+
+}  // namespace plv

@@ -1,0 +1,119 @@
+// pl_repspc: a picked curve is cut where sections change, and each piece brought to the altitudes that the stretch
+// under the pick gives it. Before that it is trimmed to the profile's extent.
+#include "hote/acdb.h"
+#include "hote/aced.h"
+#include "module/commande/argsLisp.h"
+#include "module/elements/coupes.h"
+#include "module/elements/fonctionsElements.h"
+#include "module/profil/profilLong.h"
+
+namespace plv {
+
+namespace {
+
+constexpr double kAuBord = 1e-6;
+
+double finProfil(const profilLong& profil) {
+  return profil.position.x + profil.distTn.back();
+}
+
+// Cuts at the limit and drops the pieces that `dehors` tells, by the distances of their ends to the limit.
+template <class DEHORS>
+void rogner(AcDbObjectId id, double limite, DEHORS dehors) {
+  AcDbCurve* courbe = nullptr;
+  if (acdbOpenObject(courbe, id, AcDb::kForWrite) != Acad::eOk) return;
+  piecesCourbe pieces;
+  bool remplacer = false;
+  couperCourbe(*courbe, {limite}, pieces, remplacer);
+  identiteCourbe source(courbe);
+  if (pieces.size() < 2) return;
+  AcDbPoint proprietes;
+  proprietes.setPropertiesFrom(courbe);
+  AcDbObjectIdArray nouveaux;
+  for (pieceCourbe& piece : pieces) {
+    AcGePoint2d gauche, droite;
+    extremitesCourbe(*piece, gauche, droite);
+    if (dehors(gauche.x - limite) && dehors(droite.x - limite)) continue;
+    piece->setPropertiesFrom(&proprietes);
+    source.placer(std::move(piece), nouveaux);
+  }
+}
+
+void rogneAGauche(AcDbObjectId id, const profilLong& profil) {
+  rogner(id, profil.position.x, [](double ecart) { return ecart <= kAuBord; });
+}
+void rogneADroite(AcDbObjectId id, const profilLong& profil) {
+  rogner(id, finProfil(profil), [](double ecart) { return ecart >= -kAuBord; });
+}
+
+double altitudePlan(const profilLong& profil, std::size_t i) {
+  return i < profil.altPc.size() ? profil.altPc[i] : 0.0;
+}
+
+void reporterCourbe(AcDbObjectId id, const profilLong& profil, std::size_t a, std::size_t b, double xPris) {
+  const std::size_t p = profil.indexPc(xPris);
+  if (a > b) std::swap(a, b);
+  if (p < a || p > b) {
+    acutPrintf(L"\nQQue chose ne va pas !");
+    return;
+  }
+  std::vector<double> coupes;
+  for (std::size_t i = a + 1; i <= b; ++i) coupes.push_back(profil.distPc[i] + profil.position.x);
+  AcDbCurve* courbe = nullptr;
+  if (acdbOpenObject(courbe, id, AcDb::kForWrite) != Acad::eOk) return;
+  piecesCourbe pieces;
+  bool remplacer = false;
+  couperCourbe(*courbe, coupes, pieces, remplacer);
+  identiteCourbe source(courbe);
+  if (pieces.size() < 2) return;
+  AcDbPoint proprietes;
+  proprietes.setPropertiesFrom(courbe);
+  AcDbObjectIdArray nouveaux;
+  for (pieceCourbe& piece : pieces) {
+    AcGePoint2d gauche, droite;
+    extremitesCourbe(*piece, gauche, droite);
+    const std::size_t k = profil.indexPc((gauche.x + droite.x) / 2);
+    piece->setPropertiesFrom(&proprietes);
+    if (k != p) {
+      const double dy = (altitudePlan(profil, p) - altitudePlan(profil, k)) * profil.echelleV;
+      piece->transformBy(AcGeMatrix3d::translation({0.0, dy, 0.0}));
+    }
+    source.placer(std::move(piece), nouveaux);
+  }
+}
+
+// The points at the two ends. False for what is no curve.
+bool lireBouts(AcDbObjectId id, AcGePoint3d& debut, AcGePoint3d& fin) {
+  AcDbObjectPointer<AcDbCurve> courbe(id, AcDb::kForWrite);
+  double auDebut = 0, aLaFin = 0;
+  return courbe.openStatus() == Acad::eOk && courbe->getStartParam(auDebut) == Acad::eOk &&
+         courbe->getEndParam(aLaFin) == Acad::eOk && courbe->getPointAtParam(auDebut, debut) == Acad::eOk &&
+         courbe->getPointAtParam(aLaFin, fin) == Acad::eOk;
+}
+
+// Trims and transfers one curve. The stretches are those of its ends before it is trimmed.
+void reporter(AcDbObjectId id, const profilLong& profil, double xPris) {
+  AcGePoint3d debut, fin;
+  if (!lireBouts(id, debut, fin)) return;
+  const std::size_t a = profil.indexPc(debut.x), b = profil.indexPc(fin.x);
+  if (debut.x < profil.position.x || fin.x < profil.position.x) rogneAGauche(id, profil);
+  if (!profil.distTn.empty() && (debut.x > finProfil(profil) || fin.x > finProfil(profil))) rogneADroite(id, profil);
+  if (a != b) reporterCourbe(id, profil, a, b, xPris);
+}
+
+}  // namespace
+
+void pl_repspc() {
+  ArgsLisp args;
+  args.lireArgs();
+  profilLong profil;
+  if (!conforme(args, "N") || !profil.lireNom(args.tete()->resval.rlname)) return;
+  ads_name nom;
+  ads_point pris;
+  while (acedEntSel(L"\nElement a reporter:", nom, pris) == RTNORM) {
+    AcDbObjectId id;
+    if (acdbGetObjectId(id, nom) == Acad::eOk) reporter(id, profil, pris[0]);
+  }
+}
+
+}  // namespace plv
