@@ -118,8 +118,11 @@ Record completed(std::vector<Group> given) {
   Record record(std::move(given));
   const RecordFormat* format = formatOf(record.type());
   if (!format) return record;
+  // Polylines and vertices come in two and three dimensions, with sections of their own: only those given are completed.
+  const bool givenOnly = record.type() == "POLYLINE" || record.type() == "VERTEX";
   for (const Field& field : format->fields) {
     if (field.presence != Presence::always || record.has(field)) continue;
+    if (givenOnly && record.section(field.subclass).first == Record::npos) continue;
     switch (field.kind) {
       case FieldKind::text: record.setText(field, field.text); break;
       case FieldKind::real: record.setReal(field, field.number); break;
