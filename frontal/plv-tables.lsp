@@ -59,16 +59,21 @@
          (plv-point (+ (car point) (car p)) (cadr point))))
     points))
 
-(defun plv-tables:bords (profil / longueur ttxt point record hauteur bords)
-  "The upright sides of each table, at the start and at the end of the profile; their names."
-  (setq longueur (cadr (pl_InfosTn profil)))
-  (foreach reference (plv-tables:references profil)
-    (setq record (dictsearch (plv-dictionnaire reference) "INFO_MATRICE")
-          point (plv-cle 10 (entget reference))
-          hauteur (* (plv-cle 40 record) (plv-tables:hauteur record)))
-    (foreach x (list (car point) (+ (car point) longueur))
-      (setq bords (cons (plv-ligne "PLV-MATRICE" (plv-point x (cadr point)) (plv-point x (- (cadr point) hauteur))) bords))))
-  bords)
+(defun plv-tables:largeur (profil)
+  "Length of the rules: one text height beyond the profile, so that the texts of the last point stand inside."
+  (+ (cadr (pl_InfosTn profil)) (plgxd profil "TTXT")))
+
+(defun plv-tables:bords (profil / largeur)
+  "The upright right side of each table; their names. On the left the title column closes it."
+  (setq largeur (plv-tables:largeur profil))
+  (mapcar
+    '(lambda (reference / record point x)
+       (setq record (dictsearch (plv-dictionnaire reference) "INFO_MATRICE")
+             point (plv-cle 10 (entget reference))
+             x (+ (car point) largeur))
+       (plv-ligne "PLV-MATRICE" (plv-point x (cadr point))
+         (plv-point x (- (cadr point) (* (plv-cle 40 record) (plv-tables:hauteur record))))))
+    (plv-tables:references profil)))
 
 (defun plv-tables:hauteur (record / somme)
   "Height of a stored matrix in text heights: the sum of its rows' heights, all reals but the first."
@@ -89,4 +94,4 @@
      (plv-avec-calque "PLV-MATRICE"
        '(lambda ()
           (pl_DessinerMatrices profil (plv-point (car point) (- (cadr point) (* 2.5 ttxt))) ttxt ttxt)
-          (pl_updLargeurLignes (cadr (pl_InfosTn profil))))))))
+          (pl_updLargeurLignes (plv-tables:largeur profil)))))))

@@ -100,7 +100,8 @@ TEST(Tables, AreFilledAndReplaced) {
   // rules reach the end of the profile
   session.eval("(setq r (plv-tables:references p) r (vl-remove-if-not '(lambda (g) (= (car g) 330))"
                " (member '(100 . \"AcDbXrecord\") (dictsearch (plv-dictionnaire (car r)) \"INFO_MATRICE\"))) r (entget (cdr (cadr r))))");
-  EXPECT_EQ(session.eval("(list (cdr (assoc 0 r)) (distance (cdr (assoc 10 r)) (cdr (assoc 11 r))))"), "(\"LINE\" 50.0)");
+  EXPECT_EQ(session.eval("(list (cdr (assoc 0 r)) (distance (cdr (assoc 10 r)) (cdr (assoc 11 r))))"), "(\"LINE\" 52.5)")
+      << "the rules end one text height behind the profile";
 }
 
 TEST(Tables, WeedWhatStandsTooClose) {
