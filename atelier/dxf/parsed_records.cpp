@@ -17,4 +17,22 @@ Record ParsedRecords::read(std::uint64_t offset, std::uint32_t length) const {
   return record;
 }
 
+std::string ParsedRecords::solidData(std::uint64_t handle) const {
+  if (!layout_->solids) return {};
+  const Encoding encoding = layout_->style.encoding;
+  Scanner scanner(layout_->bytes, encoding, layout_->solids->begin, layout_->solids->end);
+  std::string data;
+  bool ours = false;
+  try {
+    for (RawGroup raw; scanner.next(raw);) {
+      if (raw.code == 0) ours = false;
+      if (raw.code == 320) ours = decode(raw, encoding, layout_->style.codePage).handle() == handle;
+      if (raw.code == 310 && ours) data += decode(raw, encoding, layout_->style.codePage).text();
+    }
+  } catch (const FormatError&) {
+    return {};
+  }
+  return data;
+}
+
 }  // namespace atelier::dxf
