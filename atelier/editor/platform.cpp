@@ -10,7 +10,6 @@
 #include <filesystem>
 
 #include "atelier/database/text.h"
-#include "hote/automatisation.h"
 
 namespace {
 
@@ -59,6 +58,3 @@ HMODULE GetModuleHandleW(const wchar_t* fileName) {
 FARPROC GetProcAddress(HMODULE module, const char* name) {
   return module && name ? reinterpret_cast<FARPROC>(dlsym(module, name)) : nullptr;
 }
-
-// Menus need a window: without one the host has no automation.
-IAcadApplication* AcadGetIDispatch(bool) { return nullptr; }

@@ -1,4 +1,4 @@
-// Dynamic menus: the entries of a profile's menu, and the calls on a host without a menu bar.
+// Dynamic menus: the entries of a profile's menu, menus in the host's bar, and an entry run by its label.
 // The macros are what the command line receives, trailing blank included.
 #include "module/support/menus.h"
 
@@ -41,6 +41,29 @@ TEST_F(Menus, WrongCallsGiveNil) {
                              {"(pl_RemoveMenu \"absent\")", "nil"},
                              {"(pl_RemoveDynMnus)", "nil"},
                              {"(pl_PlacerMenusKavel \"VARDANE4\" \"P1\")", "nil"}});
+}
+
+TEST_F(Menus, ComeIntoTheBarAndRunTheirMacros) {
+  kaveltest::check(session, {{"(pl_CreeMenu \"Essais\" \"Outils\")", "T"},
+                             {"(pl_CreeMenu \"ESSAIS\" \"OUTILS\")", "nil"},  // it is there
+                             {"(pl_AddOptionMenu \"outils\" \"Compter\" \"(setq n 1) (setq n (+ n 2)) \")", "T"},
+                             {"(pl_AddSep \"Outils\")", "T"},
+                             {"(pl_AddOptionMenu \"Outils\" \"Noter\" \"setvar;USERI1 7 \")", "T"}});
+  EXPECT_NE(session.feed("menu\n?\n").find("\nOutils\n  Compter\n  --\n  Noter\n"), std::string::npos);
+  session.feed("menu\nOutils/compter\nmenu\nNOTER\n");
+  kaveltest::check(session, {{"n", "3"}, {"(getvar \"USERI1\")", "7"}});
+  session.feed("menu\nabsent\n");
+  EXPECT_EQ(session.document().failures(), 1);
+  kaveltest::check(session, {{"(pl_RemoveMenu \"outils\")", "T"}, {"(pl_RemoveMenu \"outils\")", "nil"}, {"(pl_RemoveDynMnus)", "nil"}});
+  EXPECT_EQ(session.feed("menu\n\n").find("Compter"), std::string::npos);
+}
+
+TEST_F(Menus, TheProfileMenuFollowsTheChosenProfile) {
+  session.eval("(progn (pl_ChoixProfil prf) (pl_ChoixProfil prf))");
+  const std::string menu = session.feed("menu\n\n");
+  EXPECT_NE(menu.find("\nProfil P1\n  Altitude\n  Distances\n  Observations\n  --\n  Cotation Automatique"), std::string::npos) << menu;
+  session.eval("(pl_RemoveDynMnus)");
+  EXPECT_EQ(session.feed("menu\n\n").find("Profil P1"), std::string::npos);
 }
 
 }  // namespace

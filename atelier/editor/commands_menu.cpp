@@ -1,0 +1,42 @@
+// MENU: the pull-down menus that programs have put into the menu bar, listed and run without a window.
+#include "atelier/database/text.h"
+#include "atelier/editor/command_prompts.h"
+#include "atelier/editor/command_table.h"
+#include "atelier/editor/document.h"
+#include "atelier/editor/host_menus.h"
+
+namespace atelier {
+namespace {
+
+void list(const Command& c) {
+  if (hostMenus().bar().empty()) c.print("\nLa barre de menus est vide.");
+  for (const PopupMenu* menu : hostMenus().bar()) {
+    c.print("\n" + toUtf8(menu->name()));
+    for (const auto& item : menu->items()) c.print(item->isSeparator() ? "\n  --" : "\n  " + toUtf8(item->label));
+  }
+  c.print("\n");
+}
+
+CommandTask menu(Command& c) {
+  const auto given = co_await c.line("\nEntree de menu ou [?] <?>: ");
+  const std::string label(trimmed(given.value));
+  if (label.empty() || label == "?") {
+    list(c);
+    co_return;
+  }
+  const MenuItem* item = hostMenus().find(toWide(label));
+  if (!item) c.fail("Aucun menu n'a l'entree \"" + label + "\".");
+  std::string script;
+  for (const std::string& line : linesOfMacro(item->macro)) script += line + "\n";
+  c.document.scripts.push_back(std::move(script));
+}
+
+constexpr CommandRow kRows[] = {
+    {"MENU", "MENUS", menu, "Lists the menus of the menu bar, or runs an entry by its label."},
+};
+
+}  // namespace
+
+std::span<const CommandRow> menuCommands() { return kRows; }
+
+}  // namespace atelier

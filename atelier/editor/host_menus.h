@@ -1,0 +1,106 @@
+// The host's menus: groups, their pull-down menus, and the bar that shows some of them. One set for the application,
+// as the automation has it; a window draws it, the command MENU lists it and runs its entries.
+// Menu names compare without regard to case.
+#pragma once
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "hote/automatisation.h"
+
+namespace atelier {
+
+class PopupMenu;
+
+class MenuItem final : public IAcadPopupMenuItem {
+ public:
+  MenuItem(PopupMenu& menu, std::wstring text, std::wstring commands)
+      : label(std::move(text)), macro(std::move(commands)), menu_(menu) {}
+  bool Delete() override;  // the item is gone afterwards
+  bool isSeparator() const { return label.empty(); }
+  const std::wstring label, macro;
+
+ private:
+  PopupMenu& menu_;
+};
+
+class PopupMenu final : public IAcadPopupMenu {
+ public:
+  explicit PopupMenu(std::wstring name) : name_(std::move(name)) {}
+  AcString Name() const override { return AcString(name_.c_str()); }
+  Adesk::Int32 Count() const override { return static_cast<Adesk::Int32>(items_.size()); }
+  IAcadPopupMenuItem* Item(Adesk::Int32 index) override;
+  bool AddMenuItem(Adesk::Int32 index, const ACHAR* label, const ACHAR* macro) override;
+  bool AddSeparator(Adesk::Int32 index) override;
+
+  const std::wstring& name() const { return name_; }
+  const std::vector<std::unique_ptr<MenuItem>>& items() const { return items_; }
+  bool inBar = false;
+
+ private:
+  friend class MenuItem;
+  void insert(Adesk::Int32 index, std::unique_ptr<MenuItem> item);
+  const std::wstring name_;
+  std::vector<std::unique_ptr<MenuItem>> items_;
+};
+
+class PopupMenus final : public IAcadPopupMenus {
+ public:
+  Adesk::Int32 Count() const override { return static_cast<Adesk::Int32>(menus_.size()); }
+  IAcadPopupMenu* Item(Adesk::Int32 index) override;
+  IAcadPopupMenu* Add(const ACHAR* name) override;  // null for a name that is there
+  bool InsertMenuInMenuBar(const ACHAR* name, Adesk::Int32 index) override;  // true also for one that is shown
+  bool RemoveMenuFromMenuBar(const ACHAR* name) override;
+
+ private:
+  PopupMenu* named(const ACHAR* name);
+  std::deque<PopupMenu> menus_;
+};
+
+class MenuGroup final : public IAcadMenuGroup {
+ public:
+  explicit MenuGroup(std::wstring name) : name_(std::move(name)) {}
+  AcString Name() const override { return AcString(name_.c_str()); }
+  IAcadPopupMenus* Menus() override { return &menus_; }
+
+ private:
+  const std::wstring name_;
+  PopupMenus menus_;
+};
+
+class HostMenus final : public IAcadApplication, public IAcadMenuGroups {
+ public:
+  IAcadMenuGroups* MenuGroups() override { return this; }
+  Adesk::Int32 Count() const override { return static_cast<Adesk::Int32>(groups_.size()); }
+  IAcadMenuGroup* Item(Adesk::Int32 index) override;
+  // Null when the file can't be read or names no group; a group of that name that is there already is the answer.
+  IAcadMenuGroup* Load(const ACHAR* path, Adesk::Int32 baseMenu) override;
+
+  // The menus of the bar, from the left.
+  const std::vector<PopupMenu*>& bar() const { return bar_; }
+  // The item of the bar with that label ("menu/entry", or the entry alone), without regard to case; null when there is
+  // none.
+  const MenuItem* find(std::wstring_view label) const;
+  // Told after each change; one listener.
+  std::function<void()> onChange;
+
+ private:
+  friend class PopupMenus;
+  friend class MenuItem;
+  friend class PopupMenu;
+  void changed() {
+    if (onChange) onChange();
+  }
+  std::deque<MenuGroup> groups_;
+  std::vector<PopupMenu*> bar_;
+};
+
+HostMenus& hostMenus();
+
+// What a macro feeds to the command line: a blank or a semicolon is an Enter outside brackets and quotes, ^C cancels.
+// One element a line of input.
+std::vector<std::string> linesOfMacro(std::wstring_view macro);
+
+}  // namespace atelier
