@@ -9,11 +9,12 @@
 #include <iostream>
 #include <sstream>
 
-#include "atelier/console/frontal_folder.h"
+#include "atelier/editor/front_end.h"
 #include "atelier/console/listing.h"
 #include "atelier/console/options.h"
 #include "atelier/console/terminal.h"
-#include "atelier/dxf/audit.h"
+#include "atelier/dxf/versions.h"
+#include "atelier/editor/audit_report.h"
 #include "atelier/editor/document.h"
 #include "atelier/render/plot.h"
 #include "atelier/render/plot_error.h"
@@ -41,7 +42,7 @@ class Run {
       case ActionKind::load: load(action.argument); break;
       case ActionKind::eval: evaluate(action.argument); break;
       case ActionKind::script: script(action.argument); break;
-      case ActionKind::save: save(action.argument); break;
+      case ActionKind::save: return save(action);
       case ActionKind::plot: return plot(action);
       case ActionKind::list: list(); break;
       case ActionKind::audit: audit(); break;
@@ -75,11 +76,17 @@ class Run {
     document_.run(lines);
   }
 
-  void save(const std::string& file) {
+  bool save(const Action& action) {
+    const std::string& file = action.argument;
     if (upperCase(std::filesystem::path(file).extension().string()) != ".DXF")
       throw FileError(file, 0, "les dessins s'enregistrent en .dxf");
-    document_.save(file);
+    if (!action.release.empty() && dxf::acadVersion(action.release).empty()) {
+      complain("version de dessin inconnue: " + action.release);
+      return false;
+    }
+    for (const std::string& lost : document_.saveAs(file, action.release, options_.binary)) complain(lost);
     if (!options_.quiet) std::fprintf(stderr, "kavel: dessin enregistre: %s\n", file.c_str());
+    return true;
   }
 
   bool plot(const Action& action) {
@@ -108,23 +115,8 @@ class Run {
   }
 
   void audit() {
-    std::size_t errors = 0, repaired = 0;
-    const auto findings = dxf::audit(document_.database(), options_.fix);
-    for (const dxf::Finding& finding : findings) {
-      std::printf("%s\n", dxf::line(finding).c_str());
-      errors += finding.severity == dxf::Severity::error && !finding.repaired;
-      repaired += finding.repaired;
-    }
-    // The records of profiles and matrices are the front-end's to check; it gives the number of its findings.
-    if (!document_.interpreter().get("PLV-AUDIT").isNil()) {
-      std::string printed;
-      document_.takeTranscript();
-      document_.evaluate("(plv-audit)", &printed);
-      if (options_.quiet) std::fputs(document_.takeTranscript().c_str(), stdout);
-      errors += static_cast<std::size_t>(parseInteger(printed).value_or(0));
-    }
-    std::printf("%zu erreurs, %zu reparees, %zu constats\n", errors, repaired, findings.size());
-    if (errors > 0) document_.countFailure();
+    const auto print = [](std::string_view line) { std::fwrite(line.data(), 1, line.size(), stdout); };
+    if (auditDrawing(document_, options_.fix, print, options_.quiet).errors > 0) document_.countFailure();
   }
 
   const Options& options_;
@@ -137,10 +129,25 @@ void print(const Options& options, std::string_view text) {
   std::fwrite(text.data(), 1, text.size(), stdout);
 }
 
+std::unique_ptr<Document> openDocument(const Options& options, const Printer& printer) {
+  std::vector<std::string> messages;
+  try {
+    auto document = std::make_unique<Document>(printer, options.drawing, options.recover ? &messages : nullptr);
+    for (const std::string& message : messages) complain(options.drawing + ": " + message);
+    document->imp().mayOverwriteDamaged = options.overwrite;
+    return document;
+  } catch (const FileError&) {
+    throw;
+  } catch (const Error& error) {
+    throw Error(std::string(error.what()) + (options.recover ? "" : "\nkavel: --recover ouvre ce qui peut l'etre"));
+  }
+}
+
 int carryOutAll(const Options& options) {
   bool interactive = options.actions.empty() && isTerminal();
   const Printer printer = [&options](std::string_view text) { print(options, text); };
-  Document document(printer, options.drawing);
+  const auto opened = openDocument(options, printer);
+  Document& document = *opened;
   std::signal(SIGINT, onInterrupt);
   std::signal(SIGXFSZ, SIG_IGN);  // a file above the limit is an error of the write, not the end of the program
   if (options.frontal && !loadFrontal(document)) return kFileTrouble;

@@ -24,7 +24,7 @@ std::optional<Options> parseOptions(int argc, char** argv, int& status) {
   CLI::App app(kDescription, "kavel");
   app.footer(kFooter);
   Options options;
-  std::vector<std::string> loads, evals, scripts, saves, plots, scales, papers, windows;
+  std::vector<std::string> loads, evals, scripts, saves, plots, scales, papers, windows, releases;
   bool audit = false, list = false, noFrontal = false;
   const auto many = [&](const char* names, std::vector<std::string>& values, const char* help, const char* type) {
     // One value each time the option is given.
@@ -39,6 +39,10 @@ std::optional<Options> parseOptions(int argc, char** argv, int& status) {
   many("--scale", scales, "scale of the plots behind it: 1:200, or fit", "SCALE");
   many("--paper", papers, "sheet of the plots behind it: A4 to A0", "SHEET");
   many("--window", windows, "what the plots behind it show: x1,y1,x2,y2", "BOX");
+  many("--release", releases, "version of the saves behind it: R12, R2000, R2004, R2007, R2010, R2013, R2018", "RELEASE");
+  app.add_flag("--binary", options.binary, "saves are binary DXF");
+  app.add_flag("--recover", options.recover, "open what can be opened of a damaged drawing, and say what was left out");
+  app.add_flag("--overwrite", options.overwrite, "with --recover: the damaged file may be saved over");
   app.add_flag("--audit", audit, "check the drawing, print findings with their codes");
   app.add_flag("--fix", options.fix, "with --audit: repair what can be repaired");
   app.add_flag("--list", list, "entities by type, layers, profiles, in short");
@@ -60,8 +64,8 @@ std::optional<Options> parseOptions(int argc, char** argv, int& status) {
   std::map<std::string, std::size_t> taken;
   const std::map<std::string, std::vector<std::string>*> values = {
       {"--load", &loads}, {"--eval", &evals}, {"--script", &scripts}, {"--save", &saves}, {"--plot", &plots},
-      {"--scale", &scales}, {"--paper", &papers}, {"--window", &windows}};
-  std::string scale, paper, window;
+      {"--scale", &scales}, {"--paper", &papers}, {"--window", &windows}, {"--release", &releases}};
+  std::string scale, paper, window, release;
   for (const CLI::Option* option : app.parse_order()) {
     if (option->get_lnames().empty()) continue;  // the drawing
     const std::string name = "--" + option->get_lnames().front();
@@ -70,13 +74,15 @@ std::optional<Options> parseOptions(int argc, char** argv, int& status) {
     if (name == "--scale") scale = text;
     else if (name == "--paper") paper = text;
     else if (name == "--window") window = text;
+    else if (name == "--release") release = text;
     const auto action = kActions.find(name);
-    if (action != kActions.end()) options.actions.push_back({action->second, text, scale, paper, window});
+    if (action != kActions.end()) options.actions.push_back({action->second, text, scale, paper, window, release});
   }
-  // Options of a plot may also stand behind it: then they hold when nothing stood before.
+  // Options of a plot or a save may also stand behind it: then they hold when nothing stood before.
   for (Action& action : options.actions) {
     if (action.scale.empty() && !scales.empty()) action.scale = scales.front();
     if (action.paper.empty() && !papers.empty()) action.paper = papers.front();
+    if (action.release.empty() && !releases.empty()) action.release = releases.front();
     if (action.window.empty() && !windows.empty()) action.window = windows.front();
   }
   return options;

@@ -14,6 +14,7 @@ struct Action {
   std::string argument;  // file or expression
   // of a plot, as typed
   std::string scale, paper, window;
+  std::string release;  // of a save; empty: the drawing's own
 };
 
 enum class Progress { automatic, never, json };
@@ -21,6 +22,9 @@ enum class Progress { automatic, never, json };
 struct Options {
   std::string drawing;  // empty: a new one
   std::vector<Action> actions;
+  bool recover = false;    // open what can be opened of a damaged drawing
+  bool overwrite = false;  // then also save over it
+  bool binary = false;     // saves are binary
   bool fix = false;
   bool frontal = true;
   bool quiet = false;

@@ -1,6 +1,6 @@
 // Finding the front-end from the place of the program.
 // Its folder is on the search path of `load` and `findfile`, so that its files find each other.
-#include "atelier/console/frontal_folder.h"
+#include "atelier/editor/front_end.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -8,7 +8,7 @@
 
 #include "atelier/editor/document.h"
 
-namespace atelier::console {
+namespace atelier {
 namespace {
 
 namespace fs = std::filesystem;
@@ -40,4 +40,4 @@ bool loadFrontal(Document& document) {
   return document.load((fs::path(folder) / kMain).string());
 }
 
-}  // namespace atelier::console
+}  // namespace atelier

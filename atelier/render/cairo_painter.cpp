@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <memory>
 
 #include "atelier/render/cairo_text.h"
 #include "atelier/render/clip_path.h"
@@ -33,7 +32,11 @@ class Painter {
   }
 
   void item(const Primitive& primitive) {
-    if (!primitive.box.empty() && !onSurface(primitive.box).meets(options_.clip)) return;
+    if (!primitive.box.empty()) {
+      const Box seen = fonts::rectangle(primitive.box).bounds(options_.toSurface);
+      if (!grown(seen, 2 * options_.unitsPerMm).meets(options_.clip)) return;
+      if (options_.tiny && std::max(seen.width(), seen.height()) < 1 && !options_.tiny->mark({seen.xMin, seen.yMin})) return;
+    }
     std::visit(*this, primitive.shape);
   }
 
@@ -100,10 +103,6 @@ class Painter {
   double scale_;  // surface units in a drawing unit
   Box guard_;
   EmbeddedFonts fonts_;
-
-  Box onSurface(const Box& box) const {
-    return grown(fonts::rectangle(box).bounds(options_.toSurface), 2 * options_.unitsPerMm);
-  }
 
   double width(const Pen& pen) const {
     return std::max(pen.weightMm * options_.unitsPerMm, options_.thinnest);
@@ -220,21 +219,31 @@ void paint(cairo_t* context, const DisplayList& list, const PaintOptions& option
   cairo_restore(context);
 }
 
+PictureCanvas::PictureCanvas(unsigned char* pixels, int width, int height, int stride, const Colour& ground)
+    : surface_(cairo_image_surface_create_for_data(pixels, CAIRO_FORMAT_RGB24, width, height, stride)),
+      context_(cairo_create(surface_)) {
+  if (const auto status = cairo_status(context_); status != CAIRO_STATUS_SUCCESS) {
+    cairo_destroy(context_);
+    cairo_surface_destroy(surface_);
+    throw PlotError(std::string("image impossible : ") + cairo_status_to_string(status));
+  }
+  cairo_set_source_rgb(context_, ground.r / 255.0, ground.g / 255.0, ground.b / 255.0);
+  cairo_paint(context_);
+}
+
+PictureCanvas::~PictureCanvas() {
+  cairo_surface_flush(surface_);
+  cairo_destroy(context_);
+  cairo_surface_destroy(surface_);
+}
+
+void PictureCanvas::paint(const DisplayList& list, const PaintOptions& options) { render::paint(context_, list, options); }
+
 void paintPicture(unsigned char* pixels, int width, int height, int stride, const DisplayList& list,
                   PaintOptions options) {
-  const std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> surface(
-      cairo_image_surface_create_for_data(pixels, CAIRO_FORMAT_RGB24, width, height, stride),
-      cairo_surface_destroy);
-  const std::unique_ptr<cairo_t, decltype(&cairo_destroy)> context(cairo_create(surface.get()),
-                                                                   cairo_destroy);
-  if (const auto status = cairo_status(context.get()); status != CAIRO_STATUS_SUCCESS)
-    throw PlotError(std::string("image impossible : ") + cairo_status_to_string(status));
-  const Colour& paper = options.background;
-  cairo_set_source_rgb(context.get(), paper.r / 255.0, paper.g / 255.0, paper.b / 255.0);
-  cairo_paint(context.get());
+  PictureCanvas canvas(pixels, width, height, stride, options.background);
   if (options.clip.empty()) options.clip = {0, 0, static_cast<double>(width), static_cast<double>(height)};
-  paint(context.get(), list, options);
-  cairo_surface_flush(surface.get());
+  canvas.paint(list, options);
 }
 
 }  // namespace atelier::render

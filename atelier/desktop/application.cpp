@@ -1,0 +1,38 @@
+// Qt takes over the locale of the user when it starts; numbers are held at the point all the same.
+#include "atelier/desktop/application.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+#include <clocale>
+
+#include "atelier/desktop/icons.h"
+#include "atelier/desktop/main_window.h"
+
+namespace atelier::desktop {
+
+int run(int argc, char** argv) {
+  QApplication application(argc, argv);
+  std::setlocale(LC_NUMERIC, "C");
+  QLocale::setDefault(QLocale(QLocale::French));
+  QApplication::setOrganizationName("kavel");
+  QApplication::setApplicationName("kavel-bureau");
+  QApplication::setApplicationDisplayName("Kavel");
+  QTranslator translator;
+  if (translator.load("qtbase_fr", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) QApplication::installTranslator(&translator);
+  QApplication::setWindowIcon(iconNamed("profil"));
+  const QStringList arguments = QApplication::arguments();
+  if (arguments.contains("--help") || arguments.contains("-h")) {
+    std::puts("kavel-bureau [DRAWING.dxf ...]   the desktop; see kavel --help for the headless program");
+    return 0;
+  }
+  MainWindow window;
+  window.show();
+  bool opened = false;
+  for (const QString& path : arguments.mid(1)) opened = window.open(path) || opened;
+  if (!opened) window.open();
+  return QApplication::exec();
+}
+
+}  // namespace atelier::desktop

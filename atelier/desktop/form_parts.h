@@ -1,0 +1,37 @@
+// What forms share: a line with a button that looks for a file, and OK and Cancel. Inner header of the room.
+#pragma once
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace atelier::desktop {
+
+// The line edit and, beside it, a button that chooses a file of the filter.
+inline QWidget* fileLine(QDialog* form, QLineEdit*& edit, const QString& title, const QString& filter, bool save = false) {
+  auto* row = new QWidget(form);
+  auto* layout = new QHBoxLayout(row);
+  layout->setContentsMargins(0, 0, 0, 0);
+  edit = new QLineEdit(row);
+  auto* look = new QPushButton(QStringLiteral("Parcourir..."), row);
+  layout->addWidget(edit, 1);
+  layout->addWidget(look);
+  QObject::connect(look, &QPushButton::clicked, form, [form, edit, title, filter, save] {
+    const QString path = save ? QFileDialog::getSaveFileName(form, title, edit->text(), filter)
+                              : QFileDialog::getOpenFileName(form, title, edit->text(), filter);
+    if (!path.isEmpty()) edit->setText(path);
+  });
+  return row;
+}
+
+inline QDialogButtonBox* okAndCancel(QDialog* form, const QString& ok) {
+  auto* box = new QDialogButtonBox(form);
+  box->addButton(ok, QDialogButtonBox::AcceptRole);
+  box->addButton(QStringLiteral("Annuler"), QDialogButtonBox::RejectRole);
+  QObject::connect(box, &QDialogButtonBox::accepted, form, &QDialog::accept);
+  QObject::connect(box, &QDialogButtonBox::rejected, form, &QDialog::reject);
+  return box;
+}
+
+}  // namespace atelier::desktop

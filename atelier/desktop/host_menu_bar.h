@@ -1,0 +1,26 @@
+// The host's pull-down menus as menus of the window.
+#pragma once
+#include <QMenuBar>
+#include <functional>
+#include <vector>
+
+namespace atelier::desktop {
+
+class HostMenuBar {
+ public:
+  // Menus stand before `before`, the window's last own one.
+  HostMenuBar(QMenuBar& bar, QAction* before, std::function<void(std::vector<std::string>)> run);
+  ~HostMenuBar();
+  HostMenuBar(const HostMenuBar&) = delete;
+  HostMenuBar& operator=(const HostMenuBar&) = delete;
+  // Drawn anew from the host's menus.
+  void rebuild();
+
+ private:
+  QMenuBar& bar_;
+  QAction* const before_;
+  const std::function<void(std::vector<std::string>)> run_;
+  std::vector<QMenu*> menus_;
+};
+
+}  // namespace atelier::desktop

@@ -1,0 +1,15 @@
+// The desktop.
+#include "atelier/desktop/application.h"
+#include "atelier/editor/published.h"
+#include "module/commande/entree.h"
+
+namespace {
+
+int moduleEntry(int message, void* applicationId) { return acrxEntryPoint(static_cast<AcRx::AppMsgCode>(message), applicationId); }
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  atelier::registerApplication(moduleEntry);
+  return atelier::desktop::run(argc, argv);
+}
