@@ -2,7 +2,10 @@
 ;; Each file only defines functions; nothing is drawn and nothing is asked by loading.
 (foreach plv-fichier
   '("plv-outils" "plv-dessin" "plv-lignes" "plv-terrain" "plv-plans" "plv-profil" "plv-habillage"
-    "plv-nouveau" "plv-tables" "plv-espacement" "plv-remplissage" "plv-matrices" "plv-rapport" "plv-audit")
+    "plv-nouveau" "plv-tables" "plv-espacement" "plv-elements" "plv-raccords" "plv-trace" "plv-projet"
+    "plv-projet-fichier" "plv-projet-questions" "plv-pc" "plv-remplissage"
+    "plv-remplissage-projet" "plv-remplissage-plan" "plv-remplissage-blocs" "plv-matrices"
+    "plv-metres" "plv-optimal" "plv-legende" "plv-macros" "plv-ligne-seule" "plv-vers-plan" "plv-rapport" "plv-audit" "plv-bureau")
   (load (strcat plv-fichier ".lsp")))
 (setq plv-fichier nil)
 (princ)

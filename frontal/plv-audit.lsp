@@ -1,7 +1,7 @@
 ;; Faults in the records of profiles and matrices: missing keys, handles that name nothing, chains that break or come
 ;; round to themselves, matrices whose parts are gone. kavel --audit calls plv-audit and counts what it gives.
 ;; Codes are stable: P01 key missing, P02 dead handle, P03 chain in a circle, P04 section without numbers,
-;; P05 natural ground, P06 matrix record.
+;; P05 natural ground, P06 matrix record, P07 list of project elements, P08 list of static elements.
 
 (defun plv-audit:dire (code entite texte)
   (plv-dire (strcat code " erreur " (plv-handle entite) " profil " (plv-numero-profil plv-audit:profil) ": " texte))
@@ -46,6 +46,23 @@
       ((not (plv-cle 300 (dictsearch (plv-dictionnaire reference) "INFO_MATRICE")))
        (plv-audit:dire "P06" reference "le bloc d'une matrice n'a pas d'enregistrement INFO_MATRICE")))))
 
+
+(defun plv-audit:nomme (donnees cle / valeur)
+  (if (and (setq valeur (plv-cle cle donnees)) (= (car valeur) 1005)) (handent (cdr valeur))))
+
+(defun plv-audit:elements (support)
+  (if (and support (entget support))
+    (progn
+      (foreach g (plv-enregistrement support "ELEMS_PROJET_KAVEL")
+        (cond
+          ((/= (car g) 330)
+           (plv-audit:dire "P07" support (strcat "ELEMS_PROJET_KAVEL a un groupe " (itoa (car g)) " au lieu de 330")))
+          ;; Erased elements drop out at the next writing: only what lives and is no curve is a fault.
+          ((and (cdr g) (entget (cdr g)) (not (wcmatch (plv-cle 0 (entget (cdr g))) "LINE,*POLYLINE,SPLINE,ARC,CIRCLE,ELLIPSE,RAY,XLINE,HELIX,LEADER")))
+           (plv-audit:dire "P07" support (strcat "ELEMS_PROJET_KAVEL nomme une entite " (plv-cle 0 (entget (cdr g))))))))
+      (if (not (plv-statiques-lisibles support))
+        (plv-audit:dire "P08" support "ELEMS_STATIQUES_KAVEL est mal forme")))))
+
 (defun plv-audit:profil-entier (plv-audit:profil / donnees)
   (setq donnees (plv-audit:donnees plv-audit:profil))
   (foreach cle '("ECHV" "TTXT" "ID" "PRPC")
@@ -55,6 +72,8 @@
   ;; Not through the module, which reads the planes first and follows a circle of them for ever.
   (if (< (length (cdadr (assoc -3 (entget plv-audit:profil '("KELMONT_PLV2"))))) 4)
     (plv-audit:dire "P05" plv-audit:profil "terrain naturel de moins de deux points"))
+  (foreach cle plv-profil:genres (plv-audit:elements (plv-audit:nomme donnees cle)))
+  (plv-audit:elements plv-audit:profil)
   (plv-audit:matrices plv-audit:profil))
 
 (defun plv-audit (/ plv-audit:nombre)

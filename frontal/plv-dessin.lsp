@@ -4,7 +4,8 @@
 ;; name, colour, line weight in hundredths of a millimetre
 (setq plv-calques
   '(("PLV-PROFIL" 7 25) ("PLV-TN" 3 50) ("PLV-PLANS" 4 35) ("PLV-AXE" 7 25) ("PLV-RAPPELS" 8 13)
-    ("PLV-MATRICE" 7 18) ("PLV-TITRES" 7 25)))
+    ("PLV-MATRICE" 7 18) ("PLV-TITRES" 7 25) ("PLV-PROJET" 1 50) ("PLV-COTES" 1 18) ("PLV-PLAN" 6 25)
+    ("PLV-HACHURES" 7 13) ("PLV-LEGENDE" 7 18)))
 
 (defun plv-creer-calques ()
   (foreach calque plv-calques
@@ -64,3 +65,30 @@
      (entmod (append (list (car groupes) (cadr groupes) (cons 102 "{ACAD_XDICTIONARY") (cons 360 dict) '(102 . "}"))
                      (cddr groupes)))
      dict)))
+
+(defun plv-enregistrement (entite cle / trouve)
+  "The groups of a record in the extension dictionary of an entity; nil when it has none. Nothing is made."
+  (if (setq trouve (member '(102 . "{ACAD_XDICTIONARY") (entget entite)))
+    (vl-remove-if '(lambda (g) (= (car g) 280))
+      (cdr (member '(100 . "AcDbXrecord") (dictsearch (cdr (cadr trouve)) cle))))))
+
+(defun plv-ecrire-enregistrement (entite cle groupes / dict)
+  "Replaces a record."
+  (setq dict (plv-dictionnaire entite))
+  (dictremove dict cle)
+  (dictadd dict cle (entmakex (append '((0 . "XRECORD") (100 . "AcDbXrecord") (280 . 1)) groupes))))
+
+;; --- entities that a piece of work adds
+
+(defun plv-ajouts-de (fonction / ajouts:marque ajouts:e ajouts:liste)
+  "Runs a function and gives the entities that it left in the drawing, oldest first."
+  (setq ajouts:marque (entlast))
+  (apply fonction '())
+  (setq ajouts:e (if ajouts:marque (entnext ajouts:marque) (entnext)))
+  (while ajouts:e
+    (if (not (member (plv-cle 0 (entget ajouts:e)) '("ATTRIB" "SEQEND" "VERTEX"))) (setq ajouts:liste (cons ajouts:e ajouts:liste)))
+    (setq ajouts:e (entnext ajouts:e)))
+  (reverse ajouts:liste))
+
+(defun plv-effacer (entites)
+  (foreach e entites (if (and e (entget e)) (entdel e))))

@@ -3,7 +3,8 @@
 
 (defun plv-habillage:titre (point hauteur ttxt numero longueur echv / y texte attribut groupes)
   "The title above the axis; the number is the profile's own attribute, moved behind its words."
-  (setq y (+ (cadr point) hauteur (* 5.0 ttxt))
+  ;; Room between axis and title for dimensions and the labels of blocks.
+  (setq y (+ (cadr point) hauteur (* 12.0 ttxt))
         texte "PROFIL EN LONG ")
   (plv-texte "PLV-TITRES" (plv-point (car point) y) (* 1.4 ttxt) texte 0 0.0)
   (plv-texte "PLV-TITRES" (plv-point (car point) (- y (* 2.0 ttxt))) (* 0.8 ttxt)
@@ -44,8 +45,8 @@
     (setq haut (max haut (* echv (- (cadr p) (cadr (plv-plan-en plans (car p))))))))
   haut)
 
-(defun plv-habiller-profil (profil point points echv ttxt plans / hauteur premier)
-  (setq hauteur (+ (plv-habillage:hauteur points echv plans) (* 2.0 ttxt))
+(defun plv-habillage:dessiner (profil point points echv ttxt plans / hauteur premier)
+  (setq hauteur (+ (plv-habillage:hauteur points echv plans) ttxt)
         premier T)
   (foreach plan plans
     (plv-habillage:axe point hauteur ttxt echv plan premier)
@@ -53,3 +54,9 @@
     (setq premier nil))
   (plv-habillage:placer-numero profil
     (plv-habillage:titre point hauteur ttxt (plv-numero-profil profil) (car (plv-dernier points)) echv)))
+
+(defun plv-habiller-profil (profil point points echv ttxt plans / entites)
+  "Draws the dressing in place of an earlier one; what is drawn is listed with the profile."
+  (plv-effacer (mapcar 'cdr (plv-enregistrement profil "PLV_HABILLAGE")))
+  (setq entites (plv-ajouts-de '(lambda () (plv-habillage:dessiner profil point points echv ttxt plans))))
+  (plv-ecrire-enregistrement profil "PLV_HABILLAGE" (mapcar '(lambda (e) (cons 330 e)) entites)))

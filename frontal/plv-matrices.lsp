@@ -17,7 +17,11 @@
         (cons 'longueur (car (plv-dernier points)))
         (cons 'nommes (vl-remove-if '(lambda (p) (= (caddr p) "")) points))))
 
-(defun plv-matrices (profil chemin tout / trouve points contexte ecart gardes)
+(defun plv-matrices:gardes (points contexte tout)
+  "The points that get cells."
+  (if tout points (plv-espacer points (plv-espacement-necessaire (plv-tables:genres) points (plv-cle 'ttxt contexte)))))
+
+(defun plv-matrices (profil chemin tout / trouve points contexte gardes ajouts)
   "Draws and fills; gives the profile, or nil after a message. tout: every point has its cells, however close."
   (setq plv-laissees 0)
   (cond
@@ -26,11 +30,11 @@
     ((not (plv-dessiner-tables profil trouve)) nil)
     (T
      (setq contexte (plv-matrices:contexte profil points)
-           ecart (plv-espacement-necessaire (plv-tables:genres) points (plv-cle 'ttxt contexte))
-           gardes (if tout points (plv-espacer points ecart)))
+           gardes (plv-matrices:gardes points contexte tout))
      (plv-laisser (- (length points) (length gardes)))
-     (plv-avec-calque "PLV-MATRICE" '(lambda () (plv-remplir-tables gardes contexte)))
-     (plv-tables:noter-ajouts profil (append (plv-tables:rappels profil gardes) (plv-tables:bords profil)))
+     (setq ajouts (plv-avec-calque "PLV-MATRICE" '(lambda () (plv-remplir-tables gardes contexte))))
+     (plv-tables:noter-ajouts profil (append (plv-tables:rappels profil gardes) (plv-tables:bords profil) ajouts))
+     (plv-tables:noter-choix profil tout)
      (plv-dire (strcat "Matrices: " (itoa (length gardes)) " points cotes"
                        (if (> plv-laissees 0)
                          (strcat ", " (itoa plv-laissees) " laisses faute de place (option Tous pour tout garder).")

@@ -34,6 +34,11 @@
 
 (defun plv-sans-dernier (liste) (reverse (cdr (reverse liste))))
 
+(defun plv-uniques (liste / garde)
+  "The list without repetitions, in its order."
+  (foreach x liste (if (not (member x garde)) (setq garde (cons x garde))))
+  (reverse garde))
+
 (defun plv-cle (cle alist) (cdr (assoc cle alist)))
 
 (defun plv-entre (valeur minimum maximum) (max minimum (min maximum valeur)))

@@ -28,6 +28,15 @@
 (defun plv-profil:cles (entite paires)
   (foreach paire paires (plsxd entite (car paire) (cadr paire))))
 
+(defun plv-oter-cle (entite cle / donnees reste)
+  "Takes a key of PLV2_DATA away with its value."
+  (setq donnees (cdadr (assoc -3 (entget entite '("PLV2_DATA")))))
+  (while donnees
+    (if (and (= (caar donnees) 1000) (cdr donnees) (= (strcase (cdar donnees)) cle))
+      (setq donnees (cddr donnees))
+      (setq reste (cons (car donnees) reste) donnees (cdr donnees))))
+  (entmod (append (entget entite) (list (list -3 (cons "PLV2_DATA" (reverse reste)))))))
+
 (defun plv-profil:terrain (handle points / precedent)
   "The natural ground: for each point the distance from the one before, and the altitude."
   (setq precedent 0.0)

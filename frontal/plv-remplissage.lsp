@@ -1,10 +1,14 @@
 ;; Filling rows, kind by kind. The type of a row is the place of its kind in the system's list, from 0.
 ;; A filler gets the table's points (distance altitude name number) and a list of what it may need.
+;; The fillers of project lines, of the plan and of blocks stand in files of their own.
 
 (setq plv-genres
   '((0 . plv-remplir:numeros) (1 . plv-remplir:numeros-verticaux) (2 . plv-remplir:distances-partielles)
-    (3 . plv-remplir:distances-cumulees) (4 . plv-remplir:altitudes-tn) (8 . plv-remplir:observations)
-    (10 . plv-remplir:reperes)))
+    (3 . plv-remplir:distances-cumulees) (4 . plv-remplir:altitudes-tn) (5 . plv-remplir:altitudes-projet)
+    (6 . plv-remplir:profondeurs) (7 . plv-remplir:plan) (8 . plv-remplir:observations) (9 . plv-remplir:devers)
+    (10 . plv-remplir:reperes) (11 . plv-remplir:attributs) (12 . plv-remplir:pentes) (13 . plv-remplir:pentes-normales)
+    (14 . plv-remplir:pentes-pourcent) (15 . plv-remplir:pentes-pourmilles) (16 . plv-remplir:partielles-projet)
+    (17 . plv-remplir:cumulees-projet) (402 . plv-remplir:attributs-auto) (403 . plv-remplir:attributs-auto)))
 
 (defun plv-remplir:numeros (points contexte)
   (foreach p points (pl_TexteHorizontalCentre (car p) (itoa (cadddr p)))))
@@ -80,19 +84,33 @@
     (setq i (1+ i)))
   genres)
 
-(defun plv-remplir-ligne (points contexte / remplisseur)
-  "Fills the current row; the kind that no filler knows is named once."
-  (if (setq remplisseur (plv-cle (pl_typelignemat) plv-genres))
-    (apply remplisseur (list points contexte))
-    (setq plv-sans-remplisseur (cons (pl_textlignemat) plv-sans-remplisseur))))
+(defun plv-laisser-vide ()
+  "The current row stays empty; it is named once at the end."
+  (setq plv-vides (cons (pl_textlignemat) plv-vides)))
 
-(defun plv-remplir-tables (points contexte / i j plv-sans-remplisseur)
-  (setq i 0)
+;; Kinds whose writers, or some of them, leave entities outside the table's group.
+(setq plv-genres-hors-groupe '(7 9 12 13 14 15 402 403))
+
+(defun plv-remplir-ligne (points contexte / genre remplisseur)
+  "Fills the current row; gives the entities that the table's group doesn't hold."
+  (setq genre (pl_typelignemat) remplisseur (plv-cle genre plv-genres))
+  (cond
+    ((not remplisseur) (plv-laisser-vide) nil)
+    ((member genre plv-genres-hors-groupe) (plv-ajouts-de '(lambda () (apply remplisseur (list points contexte)))))
+    (T (apply remplisseur (list points contexte)) nil)))
+
+(defun plv-remplir:infos (reference rang)
+  "The text between braces of a row's definition."
+  (cdr (nth (+ 11 (* 8 rang)) (plv-enregistrement reference "INFO_MATRICE"))))
+
+(defun plv-remplir-tables (points contexte / i j references plv-vides ajouts)
+  "Fills every row of every table; gives the entities outside the tables' groups."
+  (setq i 0 references (plv-tables:references (plv-cle 'profil contexte)))
   (while (pl_SelectMatrice i)
     (setq j 0)
     (while (pl_SelectLigne i j)
-      (plv-remplir-ligne points contexte)
-      (setq j (1+ j)))
+      (setq ajouts (append ajouts (plv-remplir-ligne points (cons (cons 'infos (plv-remplir:infos (nth i references) j)) contexte)))
+            j (1+ j)))
     (setq i (1+ i)))
-  (if plv-sans-remplisseur
-    (plv-dire (strcat "Lignes laissees vides: " (plv-joindre (reverse plv-sans-remplisseur) ", ") "."))))
+  (if plv-vides (plv-dire (strcat "Lignes laissees vides: " (plv-joindre (reverse plv-vides) ", ") ".")))
+  ajouts)

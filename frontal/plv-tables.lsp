@@ -25,18 +25,23 @@
         (if (and groupe (entget groupe)) (entdel groupe)))))
   (plv-tables:effacer-ajouts profil))
 
-;; --- what the front-end draws for a table (reference lines), listed with the profile
+;; --- what stands outside the tables' groups (reference lines, slopes, attributes), listed with the profile
 
-(defun plv-tables:effacer-ajouts (profil / dict)
-  (setq dict (plv-dictionnaire profil))
-  (foreach g (dictsearch dict "PLV_RAPPELS")
-    (if (and (= (car g) 330) (= (plv-cle 0 (entget (cdr g))) "LINE")) (entdel (cdr g))))
-  (dictremove dict "PLV_RAPPELS"))
+(defun plv-tables:ajouts (profil)
+  (vl-remove-if-not 'entget
+    (mapcar 'cdr (vl-remove-if-not '(lambda (g) (= (car g) 330)) (plv-enregistrement profil "PLV_RAPPELS")))))
 
-(defun plv-tables:noter-ajouts (profil entites / dict)
-  (setq dict (plv-dictionnaire profil))
-  (dictadd dict "PLV_RAPPELS"
-    (entmakex (append '((0 . "XRECORD") (100 . "AcDbXrecord") (280 . 1)) (mapcar '(lambda (e) (cons 330 e)) entites)))))
+(defun plv-tables:effacer-ajouts (profil)
+  (plv-effacer (plv-tables:ajouts profil))
+  (dictremove (plv-dictionnaire profil) "PLV_RAPPELS"))
+
+(defun plv-tables:noter-ajouts (profil entites)
+  (plv-ecrire-enregistrement profil "PLV_RAPPELS"
+    (mapcar '(lambda (e) (cons 330 e)) (plv-uniques (append (plv-tables:ajouts profil) entites)))))
+
+(defun plv-tables:noter-choix (profil tout)
+  "Keeps whether every point had its cells, for a row that is filled again later."
+  (plv-ecrire-enregistrement profil "PLV_TABLES" (list (cons 90 (if tout 1 0)))))
 
 (defun plv-tables:plans (profil / entite plans debut handle)
   "Sections (start altitude) from the chain of reference planes."

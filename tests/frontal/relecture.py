@@ -5,7 +5,9 @@ Usage: relecture.py KAVEL SOURCE. Makes the drawing of the example script, audit
 the survey and the definition file that it came from.
 """
 import csv
+import math
 import os
+import re
 import subprocess
 import sys
 import tempfile
@@ -14,6 +16,7 @@ import ezdxf
 
 KAVEL, SOURCE = sys.argv[1:3]
 faults = []
+SURVEY = []
 
 
 def expect(what, found, wanted):
@@ -33,6 +36,14 @@ def keys(entity):
 
 def near(a, b):
     return abs(a - b) < 1e-9
+
+
+def ground(survey, d):
+    """Altitude of the survey at a distance."""
+    for (a, za), (b, zb) in zip(survey, survey[1:]):
+        if a - 1e-9 <= d <= b + 1e-9:
+            return za + (zb - za) * (d - a) / (b - a)
+    raise ValueError(f"{d} m is outside the survey")
 
 
 def draw(folder):
@@ -76,17 +87,16 @@ def check_chains(drawing, data, survey):
         while line:
             entity = drawing.entitydb[line]
             # The abscissa is the distance, the ordinate ten times the height above the plane (insertion at 0,0).
-            ground = dict(survey)
             for point in (entity.dxf.start, entity.dxf.end):
-                d = min(ground, key=lambda s: abs(s - point.x))
-                if not (near(d, point.x) and near(point.y, 10 * (ground[d] - altitude))):
+                if not near(point.y, 10 * (ground(survey, point.x) - altitude)):
                     faults.append(f"ground line {line} ends at {point}")
             lines += 1
             line = keys(entity).get("NEXTLI", (0, None))[1] if entity.has_xdata("PLV2_DATA") else None
         start += length
         handle = plane.get("NEXT-PC", (0, None))[1]
     expect("length of the sections", round(start, 9), 400.0)
-    expect("ground lines", lines, len(survey) - 1)
+    # The plane that was added at 200 m stands between two points: a ground line more.
+    expect("ground lines", lines, len(survey))
 
 
 def check_matrices(drawing, insert, rows):
@@ -105,21 +115,68 @@ def check_matrices(drawing, insert, rows):
             group = tags[4 + 8 * i: 12 + 8 * i]
             expect("codes of a row", [c for c, _ in group], [90, 91, 300, 40, 90, 90, 300, 300])
             expect("row", [v for k, (_, v) in enumerate(group) if k != 1],
-                   [i, str(place), row[1], 2, row[2], row[3], ""])
+                   [i, str(place), row[1], 2, row[2], row[3], row[4]])
         tail = tags[4 + 8 * len(mine):]
         expect("rules", (tail[0], [c for c, _ in tail[1:]]), ((90, len(mine) + 1), [330] * (len(mine) + 2)))
         expect("rules and group", [drawing.entitydb[h].dxftype() for _, h in tail[1:]], ["LINE"] * (len(mine) + 1) + ["GROUP"])
 
 
+def support(drawing, data, key):
+    return drawing.entitydb[data[key][1]].get_extension_dict().dictionary
+
+
+def check_elements(drawing, data, project):
+    """The project line's record, flags and geometry; the manholes' groups of static elements."""
+    tags = support(drawing, data, "HPROJ")["ELEMS_PROJET_KAVEL"].tags
+    expect("codes of the project's record", {t.code for t in tags}, {330})
+    elements = [drawing.entitydb[t.value] for t in tags]
+    expect("its elements", sorted(e.dxftype() for e in elements), ["LWPOLYLINE"] * 4 + ["SPLINE"] * 3)
+    expect("flags", [keys(e).get("ELEMDUPROJET") for e in elements], [(1070, 1)] * 7)
+    planes = [(0.0, 128.0), (200.0, 126.0), (322.6, 122.0)]
+    for element in elements:
+        points = [tuple(p) for p in (element.get_points("xy") if element.dxftype() == "LWPOLYLINE"
+                                     else element.construction_tool().approximate(200))]
+        middle = (points[0][0] + points[-1][0]) / 2
+        plane = [z for d, z in planes if d <= middle][-1]
+        for x, y, *_ in points:
+            if abs(y / 10 + plane - project(x)) > 1e-3:
+                faults.append(f"{element} at {x}: altitude {y / 10 + plane}, expected {project(x)}")
+    groups = support(drawing, data, "HASS")["ELEMS_STATIQUES_KAVEL"].tags
+    expect("codes of the manholes", [t.code for t in groups], [102, 10, 102, 330, 102, 102] * 8)
+    manholes = [drawing.entitydb[t.value] for t in groups if t.code == 330]
+    expect("manholes", [[a.dxf.text for a in m.attribs] for m in manholes], [[f"R{i}", "300"] for i in range(1, 9)])
+    for m in manholes:
+        plane = [z for d, z in planes if d < m.dxf.insert.x][-1]
+        if not near(m.dxf.insert.y, 10 * (ground(SURVEY, m.dxf.insert.x) - plane)):
+            faults.append(f"manhole {m.attribs[0].dxf.text} at {m.dxf.insert}")
+        expect("its label", (m.attribs[0].dxf.align_point.x, round(m.attribs[0].dxf.align_point.y - m.dxf.insert.y, 6)),
+               (m.dxf.insert.x, 20.0))
+
+
+def project(d):
+    """Altitude of the example's project line: a circle of 1500 at 80 m, a parabola of 60 m at 330 m."""
+    p = [-4.0 / 80, -10.1 / 250, -4.9 / 70]
+    half = 1500 * math.tan((math.atan(p[1]) - math.atan(p[0])) / 2)
+    left, right = half * math.cos(math.atan(p[0])), half * math.cos(math.atan(p[1]))
+    if 80 - left < d < 80 + right:
+        x, z = 80 - left, 138 - p[0] * left
+        cx, cz = x - 1500 * math.sin(math.atan(p[0])), z + 1500 * math.cos(math.atan(p[0]))
+        return cz - math.sqrt(1500 ** 2 - (d - cx) ** 2)
+    if 300 < d < 360:
+        return 127.9 + p[1] * (d - 330) + (p[2] - p[1]) * (d - 300) ** 2 / 120
+    return 138 + p[0] * (d - 80) if d <= 80 else 127.9 + (p[1] if d <= 330 else p[2]) * (d - 330)
+
+
 def main():
     with open(os.path.join(SOURCE, "exemples", "rue-du-moulin.csv"), encoding="utf-8") as file:
-        survey = [(float(r["distance"]), float(r["altitude"])) for r in csv.DictReader(file, delimiter=";")]
+        survey = SURVEY[:] = [(float(r["distance"]), float(r["altitude"])) for r in csv.DictReader(file, delimiter=";")]
     rows = []
     with open(os.path.join(SOURCE, "exemples", "matrices-route.txt"), encoding="utf-8") as file:
         for line in file:
             fields = line.rstrip("\n").split(None, 4)
             if len(fields) == 5 and not line.startswith(";"):
-                rows.append((fields[0], float(fields[2]), int(fields[3]), fields[4]))
+                infos, label = re.fullmatch(r"(?:\{(.*?)\}\s*)?(.*)", fields[4]).groups("")
+                rows.append((fields[0], float(fields[2]), int(fields[3]), label, infos))
     with tempfile.TemporaryDirectory() as folder:
         drawing = draw(folder)
         audit = drawing.audit()
@@ -127,6 +184,7 @@ def main():
         insert = drawing.modelspace().query('INSERT[name=="PLV_PROFIL"]').first
         data = check_profile(drawing, insert, survey)
         check_chains(drawing, data, survey)
+        check_elements(drawing, data, project)
         check_matrices(drawing, insert, rows)
     for fault in faults:
         print(fault)

@@ -1,0 +1,98 @@
+;; Vertical curves between two slopes, in (distance altitude) with the exaggeration taken out.
+;; A curve is a list of four homogeneous points (d*w z*w w): a cubic form of the arc of circle or of the parabola.
+;; Cubic, because pieces of cubics are joined again exactly when a change of plane goes, which quadratics are not.
+
+;; A request is (shape measure value...): ("C" "R" 1500.0) circle of a radius, ("P" "L" 40.0) parabola of a length,
+;; ("C" "P" 120.0 134.2) circle through a distance and an altitude. A parabola's radius is the one at its crown.
+
+(defun plv-raccords:pente (a b) (/ (- (cadr b) (cadr a)) (- (car b) (car a))))
+
+(defun plv-raccords:sinus (p) (/ p (sqrt (+ 1.0 (* p p)))))
+
+(defun plv-raccords:rayon (avant sommet apres demande / p1 p2)
+  "The radius that a request asks for at a vertex between its neighbours; nil when there is none."
+  (setq p1 (plv-raccords:pente avant sommet) p2 (plv-raccords:pente sommet apres))
+  (cond
+    ((= (cadr demande) "R") (float (caddr demande)))
+    ((and (= (cadr demande) "L") (= (car demande) "C"))
+     (/ (caddr demande) (abs (- (plv-raccords:sinus p2) (plv-raccords:sinus p1)))))
+    ((= (cadr demande) "L") (/ (caddr demande) (abs (- p2 p1))))
+    ((= (car demande) "C") (plv-raccords:rayon-cercle avant sommet apres (cddr demande)))
+    (T (plv-raccords:rayon-parabole p1 p2 sommet (cddr demande)))))
+
+(defun plv-raccords:rayon-cercle (avant sommet apres point / o)
+  ;; Abscissas near zero keep the digits of the small heights.
+  (setq o (car sommet))
+  (apply 'pl_rayraccpt
+    (append
+      (mapcar '(lambda (p) (list (- (car p) o) (float (cadr p)))) (list avant sommet sommet apres point))
+      '(1.0))))
+
+(defun plv-raccords:rayon-parabole (p1 p2 sommet point / u m b racine)
+  "With l half the length: (p2-p1)(u+l)^2 = 4 l m, u the distance behind the vertex, m the height above the first slope."
+  (setq u (- (car point) (car sommet))
+        m (- (cadr point) (cadr sommet) (* p1 u))
+        b (- (/ (* 2.0 m) (- p2 p1)) u)
+        racine (- (* b b) (* u u)))
+  (if (>= racine 0.0) (/ (* 2.0 (+ b (sqrt racine))) (abs (- p2 p1)))))
+
+(defun plv-raccords:tangentes (p1 p2 forme rayon / t1)
+  "Horizontal lengths of the curve before and behind the vertex, and the weight of its middle point."
+  (if (= forme "P")
+    (list (* 0.5 rayon (abs (- p2 p1))) (* 0.5 rayon (abs (- p2 p1))) 1.0)
+    (progn
+      (setq t1 (abs (* 0.5 (- (atan p2) (atan p1)))))
+      (list (* rayon (plv-raccords:tan t1) (cos (atan p1))) (* rayon (plv-raccords:tan t1) (cos (atan p2))) (cos t1)))))
+
+(defun plv-raccords:tan (a) (/ (sin a) (cos a)))
+
+(defun plv-raccord (avant sommet apres demande / p1 p2 rayon tangentes courbe)
+  "(start end curve radius shape) of the vertical curve at a vertex, or the text of what is wrong."
+  (setq p1 (plv-raccords:pente avant sommet) p2 (plv-raccords:pente sommet apres))
+  (cond
+    ((equal p1 p2 1e-9) "les deux pentes sont les memes")
+    ((not (and (setq rayon (plv-raccords:rayon avant sommet apres demande)) (< 1e-3 rayon 1e8)))
+     "pas de rayon qui convienne")
+    (T
+     (setq tangentes (plv-raccords:tangentes p1 p2 (car demande) rayon)
+           courbe (plv-raccords:courbe sommet p1 p2 tangentes))
+     (if (and (= (cadr demande) "P") (not (plv-raccords:passe courbe (cddr demande))))
+       "le point n'est pas entre les pentes"
+       (list (- (car sommet) (car tangentes)) (+ (car sommet) (cadr tangentes)) courbe rayon (car demande))))))
+
+(defun plv-raccords:passe (courbe point / d)
+  "T when the curve is at the point's altitude, to a tenth of a millimetre."
+  (setq d (car point))
+  (and (< (plv-raccords:d (car courbe)) d (plv-raccords:d (cadddr courbe)))
+       (equal (cadr point) (plv-raccords:z (cadddr (car (plv-raccords:couper courbe d)))) 1e-4)))
+
+;; --- homogeneous points
+
+(defun plv-raccords:d (h) (/ (car h) (caddr h)))
+(defun plv-raccords:z (h) (/ (cadr h) (caddr h)))
+
+(defun plv-raccords:entre (a b part)
+  (mapcar '(lambda (x y) (+ (* x (- 1.0 part)) (* y part))) a b))
+
+(defun plv-raccords:courbe (sommet p1 p2 tangentes / w debut milieu fin)
+  (setq w (caddr tangentes)
+        debut (list (- (car sommet) (car tangentes)) (- (cadr sommet) (* p1 (car tangentes))) 1.0)
+        milieu (list (* w (car sommet)) (* w (cadr sommet)) w)
+        fin (list (+ (car sommet) (cadr tangentes)) (+ (cadr sommet) (* p2 (cadr tangentes))) 1.0))
+  (list debut (plv-raccords:entre debut milieu (/ 2.0 3.0)) (plv-raccords:entre milieu fin (/ 1.0 3.0)) fin))
+
+(defun plv-raccords:casteljau (courbe part / gauche droite)
+  "The two parts of a curve."
+  (while courbe
+    (setq gauche (cons (car courbe) gauche)
+          droite (cons (plv-dernier courbe) droite)
+          courbe (mapcar '(lambda (a b) (plv-raccords:entre a b part)) courbe (cdr courbe))))
+  (list (reverse gauche) droite))
+
+(defun plv-raccords:couper (courbe d / bas haut part)
+  "The two parts of a curve at a distance; distances grow along it."
+  (setq bas 0.0 haut 1.0)
+  (repeat 60
+    (setq part (* 0.5 (+ bas haut)))
+    (if (< (plv-raccords:d (plv-dernier (car (plv-raccords:casteljau courbe part)))) d) (setq bas part) (setq haut part)))
+  (plv-raccords:casteljau courbe part))
