@@ -16,6 +16,10 @@ int acdbEntLast(ads_name result);
 int acdbRegApp(const ACHAR* application);  // RTERROR when it is registered already
 // RTNORM for a name that a symbol table takes, 1 for one that it refuses.
 int acdbSNValid(const ACHAR* name, int pipeTest);
+// The crossing of two lines in plan, each given by two points: within both segments when onSegments is not 0. RTERROR
+// when there is none, and the result stays as it was.
+int acdbInters(const ads_point from1, const ads_point to1, const ads_point from2, const ads_point to2, int onSegments,
+               ads_point result);
 // unit: -1 current, 1 scientific, 2 decimal, 3 engineering, 4 architectural, 5 fractional.
 int acdbDisToF(const ACHAR* text, int unit, ads_real* value);
 int acdbRToS(ads_real value, int unit, int precision, ACHAR* text);

@@ -9,6 +9,7 @@ using ACHAR = wchar_t;
 
 namespace Adesk {
 using Int8 = std::int8_t;
+using UInt8 = std::uint8_t;
 using Int16 = std::int16_t;
 using UInt16 = std::uint16_t;
 using Int32 = std::int32_t;

@@ -352,14 +352,29 @@ class AcDbRegion : public AcDbEntity {
   virtual Acad::ErrorStatus getArea(double& area) const;  // eNotApplicable when its data can't be read
 };
 
+// A hatch lies in the plane of its normal, at its elevation; loops are in the axes of that plane.
 class AcDbHatch : public AcDbEntity {
  public:
   ACRX_DECLARE_MEMBERS(AcDbHatch)
+  enum HatchPatternType { kUserDefined = 0, kPreDefined = 1, kCustomDefined = 2 };
+  enum HatchStyle { kNormal = 0, kOuter = 1, kIgnore = 2 };
+  enum HatchLoopType { kDefault = 0, kExternal = 1, kPolyline = 2, kOutermost = 16 };
   AcDbHatch();
   AcString patternName() const;
   bool isSolidFill() const;
   double elevation() const;
   int numLoops() const;
+  Acad::ErrorStatus setNormal(const AcGeVector3d& normal);
+  Acad::ErrorStatus setElevation(double elevation);
+  Acad::ErrorStatus setAssociative(bool associative);
+  // Patterns other than "SOLID" need lines that this host doesn't keep: eInvalidInput.
+  Acad::ErrorStatus setPattern(HatchPatternType type, const ACHAR* name);
+  Acad::ErrorStatus setHatchStyle(HatchStyle style);
+  // A closed loop of straight and arc edges, a bulge for each vertex; the points are kept as they are given, a last one
+  // equal to the first included. eInvalidInput for fewer than two points, or another number of bulges.
+  Acad::ErrorStatus appendLoop(Adesk::Int32 type, const AcGePoint2dArray& vertices, const AcGeDoubleArray& bulges);
+  // eInvalidInput for a hatch without loops.
+  Acad::ErrorStatus evaluateHatch(bool underestimateNumLines = false);
   Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
   Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
 };

@@ -57,6 +57,16 @@ class AcCmColor {
   Adesk::UInt16 mIndex = 256;
 };
 
+// How clear an entity is, as an alpha of 0 (clear) to 255 (opaque).
+class AcCmTransparency {
+ public:
+  explicit AcCmTransparency(Adesk::UInt8 alpha = 255) : mAlpha(alpha) {}
+  Adesk::UInt8 alpha() const { return mAlpha; }
+
+ private:
+  Adesk::UInt8 mAlpha;
+};
+
 class AcDbObject : public AcRxObject {
  public:
   ACRX_DECLARE_MEMBERS(AcDbObject)
@@ -135,6 +145,7 @@ class AcDbEntity : public AcDbObject {
   // 0 opaque to 90 percent transparent; -1 by layer.
   int transparencyPercent() const;
   Acad::ErrorStatus setTransparencyPercent(int percent);
+  Acad::ErrorStatus setTransparency(const AcCmTransparency& transparency, bool doSubents = true);
   Acad::ErrorStatus setPropertiesFrom(const AcDbEntity* source, bool doSubents = true);
   void setDatabaseDefaults(AcDbDatabase* database = nullptr);
 

@@ -4,10 +4,10 @@
 
 #include "hote/acdb.h"
 #include "hote/aced.h"
-#include "hote/acut.h"
 #include "module/elements/fonctionsElements.h"
 #include "module/matrices/fonctionsMatrices.h"
 #include "module/matrices/gestionMatrices.h"
+#include "module/metres/fonctionsMetres.h"
 #include "module/optimiseur/fonctionsOptimiseur.h"
 #include "module/profil/fonctionsProfil.h"
 #include "module/profil/profilLong.h"
@@ -17,14 +17,6 @@
 namespace plv {
 
 namespace {
-
-// The handler of rows whose function isn't built yet: says so and gives nil.
-void indisponible() {
-  acedRetNil();
-  const int code = acedGetFunCode();
-  acutPrintf(L"\nLa fonction %ls n'est pas encore disponible.",
-             tableFonctions()[static_cast<std::size_t>(code)].name);
-}
 
 constexpr ligneFonction kTable[] = {
     {L"pl_text", pl_text},
@@ -95,7 +87,7 @@ constexpr ligneFonction kTable[] = {
     {L"pl_RemoveDynMnus", pl_RemoveDynMnus},
     {L"pl_NotifInsertBlock", pl_NotifInsertBlock},
     {L"pl_TraceOptimal", pl_TraceOptimal},
-    {L"C:CUBPL", indisponible},
+    {L"C:CUBPL", C_CUBPL},
 };
 static_assert(std::size(kTable) == 69);
 

@@ -1,0 +1,156 @@
+// The list of depth classes: settings, insertion, extreme classes, labels.
+// The settings hold one height for each class, so a loaded class begins where the one before it ended.
+#include "module/metres/classeProfondeur.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "module/support/nombres.h"
+#include "module/support/reglages.h"
+
+namespace plv {
+
+namespace {
+
+constexpr double kPlusCourte = 0.01;        // metres
+constexpr double kProfondeurExtreme = 1e99;
+constexpr Adesk::Int32 kCouleurExtreme = 1;
+constexpr Adesk::Int32 kOctetCouleur = 0xFF;
+
+void rendrePositifs(reglageParClasse<double>& reglage) {
+  for (auto& variable : reglage)
+    if (variable.valeur < 0) variable.changer(std::abs(variable.valeur));
+}
+
+bool estDans(const classesProfondeur& liste, std::ptrdiff_t index) {
+  return index >= 0 && index < static_cast<std::ptrdiff_t>(liste.size());
+}
+
+// The parts of `c` that the new class leaves, in order, and the new class itself when it lies inside `c`.
+class insertion {
+ public:
+  explicit insertion(const classeProfondeur& nouvelle) : n_(nouvelle) {}
+
+  void visiter(const classeProfondeur& c) {
+    const double d = n_.debut, f = n_.fin;
+    if (d >= c.fin || c.debut >= f) return garder(c);
+    if (f >= c.fin && c.debut >= d) return;
+    if (d >= c.debut && c.fin >= f) {
+      garder(entre(c, c.debut, d));
+      resultat_.push_back(n_);
+      placee_ = true;
+      return garder(entre(c, f, c.fin));
+    }
+    if (d >= c.debut) return garder(entre(c, c.debut, d));
+    garder(entre(c, f, c.fin));
+  }
+
+  classesProfondeur terminer() {
+    if (!placee_) resultat_.push_back(n_);
+    std::stable_sort(resultat_.begin(), resultat_.end(),
+                     [](const classeProfondeur& a, const classeProfondeur& b) { return a.debut < b.debut; });
+    return std::move(resultat_);
+  }
+
+ private:
+  static classeProfondeur entre(classeProfondeur c, double debut, double fin) {
+    c.debut = debut;
+    c.fin = fin;
+    return c;
+  }
+  void garder(const classeProfondeur& c) {
+    if (c.fin - c.debut > 0) resultat_.push_back(c);
+  }
+
+  const classeProfondeur n_;
+  classesProfondeur resultat_;
+  bool placee_ = false;
+};
+
+}  // namespace
+
+classesProfondeur& listeClasses() {
+  static classesProfondeur liste = [] {
+    classesProfondeur chargee;
+    chargerClasses(chargee);
+    return chargee;
+  }();
+  return liste;
+}
+
+void chargerClasses(classesProfondeur& liste) {
+  reglages& r = reglagesModule();
+  rendrePositifs(r.hauteursMin);
+  rendrePositifs(r.largeurs);
+  rendrePositifs(r.profondeursLit);
+  liste.clear();
+  double precedente = 0;
+  for (std::size_t i = 0; i < kNombreClassesProfondeur; ++i) {
+    const double hauteur = r.hauteursMin[i].valeur;
+    if (hauteur != 0)
+      liste.push_back({std::min(precedente, hauteur), std::max(precedente, hauteur), r.profondeursLit[i].valeur,
+                       r.largeurs[i].valeur, r.couleurs[i].valeur});
+    precedente = hauteur;  // also of a class that is left out: the next one then begins at 0
+  }
+}
+
+void sauverClasses(const classesProfondeur& liste) {
+  reglages& r = reglagesModule();
+  for (auto& hauteur : r.hauteursMin) hauteur.changer(0.0);
+  for (std::size_t i = 0; i < std::min(liste.size(), kNombreClassesProfondeur); ++i) {
+    r.hauteursMin[i].changer(liste[i].fin);
+    r.largeurs[i].changer(liste[i].largeur);
+    r.profondeursLit[i].changer(liste[i].profLit);
+    r.couleurs[i].changer(static_cast<std::uint8_t>(liste[i].couleur & kOctetCouleur));
+  }
+}
+
+void insererClasse(classesProfondeur& liste, classeProfondeur& classe) {
+  if (classe.debut > classe.fin) std::swap(classe.debut, classe.fin);
+  if (classe.fin - classe.debut < kPlusCourte) return;
+  insertion nouvelle(classe);
+  for (const classeProfondeur& c : liste) nouvelle.visiter(c);
+  liste = nouvelle.terminer();
+}
+
+void supprimerClasse(classesProfondeur& liste, std::ptrdiff_t index) {
+  if (estDans(liste, index)) liste.erase(liste.begin() + index);
+}
+
+gardeClassesExtremes::gardeClassesExtremes(classesProfondeur& liste) : liste_(liste) {
+  liste_.push_front({-kProfondeurExtreme, 0, 0, 0, kCouleurExtreme});
+  place_ = liste_.size();
+  const double e = liste_.back().fin;
+  classeProfondeur dessous{std::min(e, kProfondeurExtreme), std::max(e, kProfondeurExtreme), 0, 0, kCouleurExtreme};
+  insererClasse(liste_, dessous);
+}
+
+gardeClassesExtremes::~gardeClassesExtremes() {
+  supprimerClasse(liste_, static_cast<std::ptrdiff_t>(place_));
+  supprimerClasse(liste_, 0);
+}
+
+Adesk::Int32 classeDeProfondeur(const classesProfondeur& liste, double profondeur) {
+  const auto trouvee = std::find_if(liste.begin(), liste.end(), [&](const classeProfondeur& c) {
+    return c.debut < profondeur && profondeur <= c.fin;
+  });
+  return static_cast<Adesk::Int32>(trouvee == liste.end() ? static_cast<std::ptrdiff_t>(liste.size()) - 1
+                                                          : trouvee - liste.begin());
+}
+
+double finDeClasse(const classesProfondeur& liste, std::ptrdiff_t index) {
+  return estDans(liste, index) ? liste[static_cast<std::size_t>(index)].fin : 1e36;
+}
+double debutDeClasse(const classesProfondeur& liste, std::ptrdiff_t index) {
+  return estDans(liste, index) ? liste[static_cast<std::size_t>(index)].debut : 0.0;
+}
+
+std::wstring libelleClasse(const classesProfondeur& liste, Adesk::Int32 numero) {
+  const auto nombre = static_cast<std::ptrdiff_t>(liste.size());
+  if (numero == 0) return L"Non enterre";
+  if (numero > 0 && numero < nombre)
+    return texteFixe(debutDeClasse(liste, numero - 1), 2) + L" - " + texteFixe(finDeClasse(liste, numero - 1), 2) + L" ";
+  return L"au dela de " + texteFixe(finDeClasse(liste, nombre - 1), 2);
+}
+
+}  // namespace plv

@@ -1,0 +1,156 @@
+// The flow of the quantity dialog.
+// What goes wrong in a button goes to the framework, which shows it and keeps the dialog.
+#include "module/metres/dialogueMetres.h"
+
+#include "hote/acut.h"
+#include "hote/aced.h"
+#include "module/metres/dialogueClasse.h"
+#include "module/metres/exportClasseur.h"
+#include "module/metres/hachures.h"
+#include "module/metres/metresProfil.h"
+#include "module/metres/rapportMetres.h"
+#include "module/support/kitSelections.h"
+
+namespace plv {
+
+namespace {
+
+using dialogues::Alignment;
+
+constexpr double kSixieme = 1.0 / 6, kTiers = 1.0 / 3;
+constexpr int kColonneCouleur = 5;
+
+std::vector<dialogues::Column> colonnesClasses() {
+  std::vector<dialogues::Column> colonnes;
+  for (const wchar_t* titre : {L"Entre (m)", L"Et (m)", L"Longueur", L"Largeur", L"Lit de pose", L"Couleur"})
+    colonnes.push_back({titre, kSixieme, Alignment::centred});
+  return colonnes;
+}
+
+std::vector<dialogues::Column> colonnesElements() {
+  return {{L"Profil", kTiers, Alignment::left},
+          {L"Propriete", kTiers, Alignment::left},
+          {L"Valeur", kTiers, Alignment::left}};
+}
+
+std::vector<dialogues::Column> colonnesTroncons() {
+  return {{L"Profil", 0.2, Alignment::centred},     {L"Debut", 0.2, Alignment::centred},
+          {L"Fin ", 0.15, Alignment::centred},      {L"Profondeur", 0.15, Alignment::centred},
+          {L"Volume", 0.15, Alignment::centred},    {L"Surface", 0.15, Alignment::centred}};
+}
+
+// While the user picks in the drawing, the dialog stands aside.
+class dialogueCache {
+ public:
+  explicit dialogueCache(dialogues::Dialog& dialogue) : dialogue_(dialogue) { dialogue_.setShown(false); }
+  ~dialogueCache() { dialogue_.setShown(true); }
+  dialogueCache(const dialogueCache&) = delete;
+  dialogueCache& operator=(const dialogueCache&) = delete;
+
+ private:
+  dialogues::Dialog& dialogue_;
+};
+
+AcDbObjectIdArray choisirBlocs(dialogues::Dialog& dialogue) {
+  const dialogueCache cache(dialogue);
+  acutPrintf(L"\nSelectionnez les profils en longs a a jouter:");
+  AcDbObjectIdArray ids;
+  ads_name ss;
+  if (selectionParClasse(L"AcDbBlockReference", 100, ss, true)) idsDeSelection(ss, ids);
+  return ids;
+}
+
+}  // namespace
+
+CDlgMetresLineairesKavels::CDlgMetresLineairesKavels()
+    : Dialog(L"M\u00e9tr\u00e9s du profil", 720, 560), listeClassesCtrl(colonnesClasses()),
+      listeElements(colonnesElements()), listeTroncons(colonnesTroncons()), projetChoisi(kProjetNonChoisi),
+      schematiser_(L"Sch\u00e9matiser sur p/long", [this] { hachurerProfils(profils); }),
+      exporter_(L"Exporter", [this] { exporterClasseur(profils); }) {
+  listeClassesCtrl.colourColumn = kColonneCouleur;
+  placer();
+  montrerClasses();
+  montrerListes();
+}
+
+void CDlgMetresLineairesKavels::placer() {
+  const wchar_t *const profilsEnLong = L"Profils en long", *const classes = L"Classes de profondeurs";
+  add(listeTroncons, {0, 0, 1, 4}, profilsEnLong);
+  add(listeElements, {0, 0, 1, 4}, profilsEnLong);
+  add(basculer_, {1, 0}, profilsEnLong);
+  add(ajouter_, {1, 1}, profilsEnLong);
+  add(enlever_, {1, 2}, profilsEnLong);
+  add(schematiser_, {1, 3}, profilsEnLong);
+  add(listeClassesCtrl, {0, 0, 1, 2}, classes);
+  add(ajouterClasse_, {1, 0}, classes);
+  add(supprimerClasse_, {1, 1}, classes);
+  add(exporter_, {0, 0});
+  add(fermer_, {0, 1});
+}
+
+void CDlgMetresLineairesKavels::basculer() {
+  voirTroncons = !voirTroncons;
+  montrerListes();
+}
+
+void CDlgMetresLineairesKavels::montrerListes() {
+  for (auto [liste, visible] : {std::pair(&listeTroncons, voirTroncons), std::pair(&listeElements, !voirTroncons)}) {
+    liste->setVisible(visible);
+    liste->setEnabled(visible);
+  }
+  basculer_.setLabel(voirTroncons ? L"Afficher Elements fixes" : L"Afficher Projet");
+}
+
+void CDlgMetresLineairesKavels::montrerClasses() {
+  listeClassesCtrl.clear();
+  listeClassesCtrl.append(rangeesClasses(listeClasses()));
+}
+
+void CDlgMetresLineairesKavels::ajouterProfils() {
+  const AcDbObjectIdArray ids = choisirBlocs(*this);
+  const std::size_t premier = profils.size();
+  for (const AcDbObjectId& id : ids) ajouterProfil(id);
+  for (std::size_t i = premier; i < profils.size(); ++i) montrerProfil(i);
+}
+
+void CDlgMetresLineairesKavels::ajouterProfil(AcDbObjectId id) {
+  const poigneeProfil profil(new InfoProfilEnLong);
+  if (!profil->lireId(id) || !idsProfils.insert(id).second) return;
+  profils.push_back(profil);
+  calculerProfil(profil, projetChoisi);
+}
+
+void CDlgMetresLineairesKavels::montrerProfil(std::size_t index) {
+  InfoProfilEnLong& profil = *profils[index];
+  listeTroncons.append(rangeesTroncons(profil, static_cast<int>(index)));
+  listeElements.append(rangeesElements(profil, static_cast<int>(index)));
+}
+
+// The selection that counts is that of the list which does not show: users of the dialog know it so.
+void CDlgMetresLineairesKavels::enleverSelection() {
+  const dialogues::List& liste = voirTroncons ? listeElements : listeTroncons;
+  std::set<int> indexes;
+  for (const int rangee : liste.selection()) indexes.insert(liste.rows()[static_cast<std::size_t>(rangee)].data);
+  for (auto index = indexes.rbegin(); index != indexes.rend(); ++index) {
+    const auto profil = profils.begin() + *index;
+    idsProfils.erase((*profil)->idBloc);
+    profils.erase(profil);
+  }
+  listeTroncons.clear();
+  listeElements.clear();
+  for (std::size_t i = 0; i < profils.size(); ++i) montrerProfil(i);
+}
+
+void CDlgMetresLineairesKavels::ajouterClasse() {
+  CDlgClasseProfondeur dialogue;
+  if (runDialog(dialogue) != dialogues::kOk) return;
+  insererClasse(listeClasses(), dialogue.classe);
+  montrerClasses();
+}
+
+void CDlgMetresLineairesKavels::supprimerClasseChoisie() {
+  if (!listeClassesCtrl.selection().empty()) supprimerClasse(listeClasses(), listeClassesCtrl.selection().front());
+  montrerClasses();
+}
+
+}  // namespace plv
