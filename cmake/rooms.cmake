@@ -8,6 +8,11 @@ if(KAVEL_SANITIZE)
   target_link_options(kavel_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(KAVEL_FUZZ)
+  # The libraries tell libFuzzer which ways a run has taken.
+  target_compile_options(kavel_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 function(kavel_room room)
   get_filename_component(house ${CMAKE_CURRENT_SOURCE_DIR} NAME)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${room}/*.cpp)

@@ -7,4 +7,14 @@ namespace atelier {
 
 AcDbExtents blockExtents(AcDbObjectId block);
 
+// While one lives, each block's box is worked out once: blocks that hold each other by the dozen, many levels deep,
+// would otherwise be walked as often as they show. Nothing is to be changed meanwhile.
+class BlockExtentsKept {
+ public:
+  BlockExtentsKept();
+  ~BlockExtentsKept();
+  BlockExtentsKept(const BlockExtentsKept&) = delete;
+  BlockExtentsKept& operator=(const BlockExtentsKept&) = delete;
+};
+
 }  // namespace atelier

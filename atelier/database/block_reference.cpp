@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numbers>
+#include <unordered_map>
 
 #include "atelier/database/block_extents.h"
 #include "atelier/database/imp_database.h"
@@ -18,7 +19,8 @@ namespace {
 constexpr std::string_view kInsert = "AcDbBlockReference";
 constexpr double kDegree = std::numbers::pi / 180;
 constexpr Field kBlock = textField(kInsert, 2), kPosition = pointField(kInsert, 10), kRotation = realField(kInsert, 50),
-                kFollow = integerField(kInsert, 66);
+                kFollow = integerField(kInsert, 66), kColumns = integerField(kInsert, 70), kRows = integerField(kInsert, 71),
+                kColumnSpacing = realField(kInsert, 44), kRowSpacing = realField(kInsert, 45);
 constexpr Field kScale[3] = {realField(kInsert, 41, 1), realField(kInsert, 42, 1), realField(kInsert, 43, 1)};
 
 const Record& recordOf(const AcDbObject* object) { return AcDbImpObject::of(object).record; }
@@ -42,9 +44,38 @@ class InProgress {
   bool again_;
 };
 
-}  // namespace
+struct KeptExtents {
+  int holders = 0;
+  std::unordered_map<const AcDbStub*, AcDbExtents> boxes;
+};
+KeptExtents& keptExtents() {
+  static thread_local KeptExtents kept;
+  return kept;
+}
 
-AcDbExtents atelier::blockExtents(AcDbObjectId blockId) {
+// The box of what the reference shows of its block: all the places of an array.
+AcDbExtents shownExtents(const AcDbBlockReference& reference) {
+  AcDbExtents box = blockExtents(reference.blockTableRecord());
+  if (box.isEmpty()) return box;
+  box.transformBy(reference.blockTransform());
+  const Record& record = recordOf(&reference);
+  const auto span = [&](const Field& count, const Field& spacing) {
+    return static_cast<double>(std::max<std::int64_t>(record.integer(count), 1) - 1) * record.real(spacing);
+  };
+  const double across = span(kColumns, kColumnSpacing), up = span(kRows, kRowSpacing);
+  if (across == 0 && up == 0) return box;
+  const AcGeMatrix3d plane = AcGeMatrix3d().setToPlaneToWorld(reference.normal()) *
+                             AcGeMatrix3d::rotation(reference.rotation(), AcGeVector3d::kZAxis);
+  const AcDbExtents first = box;
+  for (const AcGeVector3d& step : {AcGeVector3d(across, 0, 0), AcGeVector3d(0, up, 0), AcGeVector3d(across, up, 0)}) {
+    const AcGeVector3d shift = plane * step;
+    box.addPoint(first.minPoint() + shift);
+    box.addPoint(first.maxPoint() + shift);
+  }
+  return box;
+}
+
+AcDbExtents walkedExtents(AcDbObjectId blockId) {
   AcDbExtents box;
   const InProgress progress(blockId);
   const AcDbObjectPointer<AcDbBlockTableRecord> block(blockId);
@@ -53,15 +84,24 @@ AcDbExtents atelier::blockExtents(AcDbObjectId blockId) {
     const AcDbEntityPointer entity(id);
     if (entity.openStatus() != Acad::eOk || entity->isKindOf(AcDbAttributeDefinition::desc())) continue;
     AcDbExtents part;
-    if (const AcDbBlockReference* nested = AcDbBlockReference::cast(entity.object())) {
-      part = blockExtents(nested->blockTableRecord());
-      part.transformBy(nested->blockTransform());
-      box.addExt(part);
-    } else if (entity->getGeomExtents(part) == Acad::eOk) {
-      box.addExt(part);
-    }
+    if (entity->getGeomExtents(part) == Acad::eOk) box.addExt(part);
   }
   return box;
+}
+
+}  // namespace
+
+BlockExtentsKept::BlockExtentsKept() { ++keptExtents().holders; }
+BlockExtentsKept::~BlockExtentsKept() {
+  if (--keptExtents().holders == 0) keptExtents().boxes.clear();
+}
+
+AcDbExtents atelier::blockExtents(AcDbObjectId block) {
+  const BlockExtentsKept kept;
+  auto& boxes = keptExtents().boxes;
+  if (const auto known = boxes.find(block); known != boxes.end()) return known->second;
+  const AcDbExtents box = walkedExtents(block);
+  return boxes[block] = box;
 }
 
 AcDbBlockReference::AcDbBlockReference() { initRecord(*this, "INSERT"); }
@@ -138,8 +178,7 @@ AcDbObjectIterator* AcDbBlockReference::attributeIterator() const {
 }
 
 Acad::ErrorStatus AcDbBlockReference::getGeomExtents(AcDbExtents& extents) const {
-  AcDbExtents box = blockExtents(blockTableRecord());
-  box.transformBy(blockTransform());
+  AcDbExtents box = shownExtents(*this);
   const std::unique_ptr<AcDbObjectIterator> it(attributeIterator());
   for (; !it->done(); it->step()) {
     const AcDbObjectPointer<AcDbAttribute> attribute(it->objectId());

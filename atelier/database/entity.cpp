@@ -96,6 +96,10 @@ Acad::ErrorStatus AcDbEntity::setTransparencyPercent(int percent) {
   return AcDbImpObject::of(this).setInteger(kTransparency, kAlphaMark | std::lround(255 * (100 - percent) / 100.0));
 }
 
+Acad::ErrorStatus AcDbEntity::setTransparency(const AcCmTransparency& transparency, bool) {
+  return AcDbImpObject::of(this).setInteger(kTransparency, kAlphaMark | transparency.alpha());
+}
+
 Acad::ErrorStatus AcDbEntity::setPropertiesFrom(const AcDbEntity* source, bool) {
   if (!source) return Acad::eNullEntityPointer;
   Record* mine = AcDbImpObject::of(this).writable();

@@ -150,7 +150,10 @@ constexpr Field kHatch[] = {COMMON_ENTITY,
                             {"AcDbHatch", 2, text, A, 0, "SOLID", "pattern"},
                             {"AcDbHatch", 70, integer, A, 1, "", "solid"},
                             {"AcDbHatch", 71, integer, A, 0, "", "associative"},
-                            {"AcDbHatch", 91, integer, A, 0, "", "loops"}};
+                            {"AcDbHatch", 91, integer, A, 0, "", "loops"},
+                            {"AcDbHatch", 75, integer, A, 0, "", "style"},
+                            {"AcDbHatch", 76, integer, A, 1, "", "patternType"},
+                            {"AcDbHatch", 98, integer, A, 0, "", "seeds"}};
 
 #define RECORD_NAME(subclass) \
   {subclass, 2, text, A, 0, "", "name"}, {subclass, 70, integer, A, 0, "", "flags"}

@@ -12,7 +12,7 @@ namespace {
 const Record& recordOf(const AcDbObject* object) { return AcDbImpObject::of(object).record; }
 AcDbImpObject& impOf(AcDbObject* object) { return AcDbImpObject::of(object); }
 constexpr Field kDescription = textField("AcDbGroup", 300), kAnonymous = integerField("AcDbGroup", 70),
-                kSelectable = integerField("AcDbGroup", 71, 1), kMember = handleField("AcDbGroup", 340);
+                kSelectable = integerField("AcDbGroup", 71, 1);
 
 // The member's record is changed without opening it: the one who adds it may have it open.
 Record& memberRecord(AcDbStub& member) {

@@ -160,6 +160,15 @@ AcDbObject& AcDbImpDatabase::object(AcDbStub& stub) {
   return *made;
 }
 
+void AcDbImpDatabase::replaceObject(AcDbStub& stub, Record record) {
+  delete stub.object;
+  stub.type = typeIndexOf(record.type());
+  ParsedRecord parsed(std::move(record));
+  AcDbObject* made = makeObjectForPending(stub.is(AcDbStub::kEntity));
+  AcDbImpObject::of(made).stub = &stub;
+  stub.object = made;
+}
+
 void AcDbImpDatabase::dropIdle() {
   // The oldest few are looked at on each occasion, so that no opening has to pay for all.
   for (int i = 0; i < 4 && parsed_.size() > kMostIdle; ++i) {
@@ -179,11 +188,12 @@ AcDbStub& AcDbImpDatabase::adopt(AcDbObject& object, AcDbStub& owner) {
   AcDbStub& stub = addStub(takeHandle(), imp.record.type(), &owner);
   stub.set(AcDbStub::kNew);
   stub.set(AcDbStub::kChanged);
-  journal.before(stub);
+  const bool entity = object.isKindOf(AcDbEntity::desc());
+  if (entity) stub.set(AcDbStub::kEntity);
+  noteChange(stub);
   imp.record.setObjectHandle(stub.handle);
   imp.record.setOwner(owner.handle);
-  if (object.isKindOf(AcDbEntity::desc())) {
-    stub.set(AcDbStub::kEntity);
+  if (entity) {
     const Field layer = textField("AcDbEntity", 8);
     if (imp.record.text(layer).empty()) imp.record.setText(layer, header.text("$CLAYER", "0"));
   }

@@ -23,6 +23,8 @@ class RecordSource {
  public:
   virtual ~RecordSource() = default;
   virtual Record read(std::uint64_t offset, std::uint32_t length) const = 0;
+  // The binary solid-model data that the drawing keeps apart from the entity of that handle; empty when it has none.
+  virtual std::string solidData(std::uint64_t handle) const = 0;
 };
 
 // Reads drawings into databases; the dxf room provides it (setDrawingReader), since the database stands below it.
@@ -78,6 +80,8 @@ class AcDbImpDatabase {
   // only while it is open, or until kMostIdle further ones were parsed.
   AcDbObject& object(AcDbStub& stub);
   static constexpr std::size_t kMostIdle = 16384;
+  // Puts an object of the record's class in the place of the one there, which nobody may have open.
+  void replaceObject(AcDbStub& stub, atelier::Record record);
   // Makes a new object a member: gives it a handle, a stub under the owner, and leaves it open for write.
   AcDbStub& adopt(AcDbObject& object, AcDbStub& owner);
   // The same for an attribute of an insert or a vertex of a polyline: it stands before the end mark, which comes into
@@ -117,9 +121,16 @@ class AcDbImpDatabase {
   bool mayOverwriteDamaged = false;               // unless this is set
   bool modified = false;                          // since it was read or saved
   atelier::Journal journal;
+  // Told of each change; the listener takes itself off before it goes.
+  void addListener(atelier::ChangeListener& listener) { listeners_.push_back(&listener); }
+  void removeListener(atelier::ChangeListener& listener) { std::erase(listeners_, &listener); }
+  void tellListeners(AcDbStub& stub) {
+    for (atelier::ChangeListener* listener : listeners_) listener->changes(stub);
+  }
 
  private:
   AcDbDatabase& database_;
+  std::vector<atelier::ChangeListener*> listeners_;
   void dropIdle();
   std::deque<AcDbStub> stubs_;
   std::deque<AcDbStub*> parsed_;  // entities in the order in which they were parsed

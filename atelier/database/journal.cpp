@@ -1,20 +1,33 @@
 // Undo by images of records: taking a step back exchanges each image with the present state.
-// The number of steps kept is bounded, so that the journal's cost is.
+// The number of images kept is bounded, so that the journal's cost is; the oldest steps go first.
 #include "atelier/database/journal.h"
+
+#include <algorithm>
+#include <utility>
 
 #include "atelier/database/imp_database.h"
 
 namespace atelier {
 namespace {
-constexpr std::size_t kMostSteps = 100;
+constexpr std::size_t kMostImages = 500'000, kMostSteps = 10'000;
 }
 
 void Journal::mark() {
   on_ = true;
   seen_.clear();
-  if (!done_.empty() && done_.back().empty()) return;
+  if (!done_.empty() && done_.back().images.empty()) return;
   done_.emplace_back();
-  if (done_.size() > kMostSteps) done_.pop_front();
+  while (done_.size() > 1 && (images_ > kMostImages || done_.size() > kMostSteps)) forgetOldest();
+}
+
+void Journal::forgetOldest() {
+  images_ -= done_.front().images.size();
+  done_.pop_front();
+}
+
+void Journal::setBookmark() {
+  mark();
+  done_.back().bookmarked = true;
 }
 
 void Journal::before(AcDbStub& stub) {
@@ -25,40 +38,70 @@ void Journal::before(AcDbStub& stub) {
   const bool fresh = !stub.object;
   Image image{&stub, fresh || stub.is(AcDbStub::kErased), {}};
   if (!fresh) image.record = AcDbImpObject::of(stub.object).settled();
-  done_.back().push_back(std::move(image));
+  done_.back().images.push_back(std::move(image));
+  ++images_;
 }
 
-Journal::Step Journal::swap(Step& step) {
-  Step opposite;
-  for (auto it = step.rbegin(); it != step.rend(); ++it) {
+void Journal::swap(Step& step) {
+  std::vector<Image> opposite;
+  for (auto it = step.images.rbegin(); it != step.images.rend(); ++it) {
     AcDbStub& stub = *it->stub;
     AcDbImpObject& imp = AcDbImpObject::of(&stub.database->object(stub));
     opposite.push_back({&stub, stub.is(AcDbStub::kErased), imp.settled()});
+    stub.database->tellListeners(stub);
     stub.set(AcDbStub::kErased, it->erased);
     stub.set(AcDbStub::kChanged);
-    if (!it->record.groups.empty()) imp.record = std::move(it->record);
-    imp.forgetDecoded();
+    if (!it->record.groups.empty() && it->record.type() != imp.record.type())
+      stub.database->replaceObject(stub, std::move(it->record));  // another class had taken its place
+    else if (!it->record.groups.empty())
+      imp.record = std::move(it->record);
+    AcDbImpObject::of(stub.object).forgetDecoded();
     stub.database->modified = true;
     stub.database->forgetTableIndex();
   }
-  return opposite;
+  step.images = std::move(opposite);
 }
 
-bool Journal::undo() {
-  while (!done_.empty() && done_.back().empty()) done_.pop_back();
-  if (done_.empty()) return false;
+// The last step, which is not kept when it changed nothing.
+void Journal::takeBack(std::vector<Step>& taken) {
   Step step = std::move(done_.back());
   done_.pop_back();
-  undone_.push_back(swap(step));
+  if (step.images.empty()) return;
+  images_ -= step.images.size();
+  swap(step);
+  taken.push_back(std::move(step));
+}
+
+int Journal::undo(int count) {
+  std::vector<Step> taken;
+  while (!done_.empty() && static_cast<int>(taken.size()) < count) takeBack(taken);
+  const int steps = static_cast<int>(taken.size());
+  if (steps > 0) undone_.push_back(std::move(taken));
+  seen_.clear();
+  return steps;
+}
+
+bool Journal::undoToBookmark() {
+  if (std::none_of(done_.begin(), done_.end(), [](const Step& step) { return step.bookmarked; })) return false;
+  std::vector<Step> taken;
+  for (bool reached = false; !reached;) {
+    reached = std::exchange(done_.back().bookmarked, false);
+    takeBack(taken);
+  }
+  if (!taken.empty()) undone_.push_back(std::move(taken));
   seen_.clear();
   return true;
 }
 
 bool Journal::redo() {
   if (undone_.empty()) return false;
-  Step step = std::move(undone_.back());
+  std::vector<Step> steps = std::move(undone_.back());
   undone_.pop_back();
-  done_.push_back(swap(step));
+  for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
+    swap(*step);
+    images_ += step->images.size();
+    done_.push_back(std::move(*step));
+  }
   seen_.clear();
   return true;
 }
@@ -67,8 +110,12 @@ void Journal::clear() {
   done_.clear();
   undone_.clear();
   seen_.clear();
+  images_ = 0;
 }
 
-void noteChange(AcDbStub& stub) { stub.database->journal.before(stub); }
+void noteChange(AcDbStub& stub) {
+  stub.database->journal.before(stub);
+  stub.database->tellListeners(stub);
+}
 
 }  // namespace atelier

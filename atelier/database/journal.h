@@ -15,9 +15,12 @@ class Journal {
  public:
   // A new step begins; changes from here on are undone together.
   void mark();
-  // Takes the last step back, or does it again. False when there is none.
-  bool undo();
+  // Takes up to so many steps back; how many there were. What one call took back, one redo() does again.
+  int undo(int count = 1);
   bool redo();
+  // A bookmark, and the way back to the last one, which is used up; false when there is none.
+  void setBookmark();
+  bool undoToBookmark();
   void before(AcDbStub& stub);
   void clear();
 
@@ -27,12 +30,26 @@ class Journal {
     bool erased;
     Record record;
   };
-  using Step = std::vector<Image>;
-  Step swap(Step& step);
+  struct Step {
+    std::vector<Image> images;
+    bool bookmarked = false;  // the bookmark stands before it
+  };
+  void swap(Step& step);
+  void takeBack(std::vector<Step>& taken);
+  void forgetOldest();
   std::deque<Step> done_;
-  std::vector<Step> undone_;
+  std::vector<std::vector<Step>> undone_;  // by the call that took them back
   std::unordered_set<const AcDbStub*> seen_;  // in the running step
+  std::size_t images_ = 0;                    // in all steps that were done
   bool on_ = false;
+};
+
+// Is told of each change to an object of a database, before it is made; of a new object before it has its place
+// among its owner's children. What it keeps about objects it therefore works out later, when it is asked.
+class ChangeListener {
+ public:
+  virtual ~ChangeListener() = default;
+  virtual void changes(AcDbStub& stub) = 0;
 };
 
 // Called by everything that changes an object, before it does.

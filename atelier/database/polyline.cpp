@@ -264,10 +264,9 @@ Acad::ErrorStatus AcDbPolyline::getGeomExtents(AcDbExtents& extents) const {
   eachPiece(this, [&](const PolylineVertex& a, const PolylineVertex& b) {
     const BulgeArc arc = bulgeArc(a.point, b.point, a.bulge);
     if (arc.radius == 0) return;
-    const double low = arc.sweep > 0 ? arc.startAngle : arc.startAngle + arc.sweep;
-    for (int quarter = 0; quarter < 8; ++quarter) {
-      const double angle = quarter * std::numbers::pi / 2;
-      if (angle < low || angle > low + std::abs(arc.sweep)) continue;
+    constexpr double kQuarter = std::numbers::pi / 2;
+    const double low = std::min(arc.startAngle, arc.startAngle + arc.sweep), high = low + std::abs(arc.sweep);
+    for (double angle = std::ceil(low / kQuarter) * kQuarter; angle <= high; angle += kQuarter) {
       add(arc.centre + AcGeVector2d(std::cos(angle), std::sin(angle)) * arc.radius, std::max(a.startWidth, a.endWidth) / 2);
     }
   });

@@ -1,4 +1,4 @@
-// Points, solids, faces, hatches, dimensions, regions and multi-line texts: what the module and the plots need of
+// Points, solids, faces, hatches, dimensions and multi-line texts: what the module and the plots need of
 // them. What they store beyond these fields stays in their records.
 #include <algorithm>
 #include <cmath>
@@ -97,10 +97,6 @@ Acad::ErrorStatus AcDbDimension::getGeomExtents(AcDbExtents& extents) const {
   extents = box;
   return Acad::eOk;
 }
-
-AcDbRegion::AcDbRegion() { initRecord(*this, "REGION"); }
-// The outline of a region is in its solid-model data, which are kept unread.
-Acad::ErrorStatus AcDbRegion::getArea(double&) const { return Acad::eNotApplicable; }
 
 AcDbHatch::AcDbHatch() { initRecord(*this, "HATCH"); }
 AcString AcDbHatch::patternName() const { return toWide(recordOf(this).text(textField("AcDbHatch", 2))); }

@@ -18,7 +18,7 @@ constexpr double kDegree = std::numbers::pi / 180;
 constexpr Field kPosition = pointField(kText, 10), kAlignment = pointField(kText, 11), kHeight = realField(kText, 40),
                 kString = textField(kText, 1), kRotation = realField(kText, 50), kWidthFactor = realField(kText, 41, 1),
                 kOblique = realField(kText, 51), kStyle = textField(kText, 7, "Standard"),
-                kHorizontal = integerField(kText, 72), kMirror = integerField(kText, 71);
+                kHorizontal = integerField(kText, 72);
 
 const Record& recordOf(const AcDbObject* object) { return AcDbImpObject::of(object).record; }
 AcDbImpObject& impOf(AcDbObject* object) { return AcDbImpObject::of(object); }

@@ -114,6 +114,7 @@ class Reader {
     const std::size_t end = pass_.place();
     anySection_ = true;
     if (kind == Section::other) layout_.carried.emplace_back(name);
+    if (name == "ACDSDATA") layout_.solids = {begin, end};
     if (kind != Section::other && !layout_.place(kind)) layout_.sections[static_cast<std::size_t>(kind)] = {begin, end};
     if (!pass_.isRecord("ENDSEC") || !pass_.more()) {
       faults_.report(end, std::string(pass_.more() ? "" : "fichier coupe: ") + "\"0 ENDSEC\" de la section " + std::string(name) + " manque");

@@ -22,11 +22,15 @@ void refuseDamaged(AcDbDatabase& database, const std::string& path) {
     throw FileError(path, 0, "ce fichier est endommage et n'a ete lu qu'en partie: enregistrez le dessin sous un autre nom");
 }
 
-void save(AcDbDatabase& database, const std::string& path) {
+void saveCopy(AcDbDatabase& database, const std::string& path) {
   refuseDamaged(database, path);
   ReplacedFile file(path);
   write(database, [&](std::string_view bytes) { file.write(bytes); });
   file.keep();
+}
+
+void save(AcDbDatabase& database, const std::string& path) {
+  saveCopy(database, path);
   AcDbImpDatabase& db = AcDbImpDatabase::of(&database);
   db.modified = false;
   db.path = path;

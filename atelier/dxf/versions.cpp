@@ -105,6 +105,12 @@ std::string_view acadVersion(std::string_view release) {
   return {};
 }
 
+std::string_view releaseNamed(std::string_view version) {
+  for (const NameSince& row : kReleases)
+    if (row.since >= version) return row.name;
+  return "R2018";
+}
+
 bool knowsType(std::string_view version, std::string_view type) {
   if (version <= kR12) return std::find(std::begin(kR12Types), std::end(kR12Types), type) != std::end(kR12Types);
   for (const NameSince& row : kTypes)

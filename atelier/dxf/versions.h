@@ -7,6 +7,8 @@ namespace atelier::dxf {
 
 // "AC1032" for "R2018"; empty for a name that no version has. R12, R2000, R2004, R2007, R2010, R2013, R2018.
 std::string_view acadVersion(std::string_view release);
+// The other way round; for a version in between the next release that there is.
+std::string_view releaseNamed(std::string_view version);
 
 // Whether the version knows records of that type. Types that the table doesn't have are taken for known.
 bool knowsType(std::string_view version, std::string_view type);

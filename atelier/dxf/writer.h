@@ -18,6 +18,9 @@ void write(AcDbDatabase& database, const Sink& sink);
 // refused under the name of the damaged file unless the database says that it may be overwritten.
 void save(AcDbDatabase& database, const std::string& path);
 
+// The same bytes under another name, while the drawing keeps its own and its changes count as not saved.
+void saveCopy(AcDbDatabase& database, const std::string& path);
+
 // Throws FileError when the path is that of the damaged file that the drawing was recovered from.
 void refuseDamaged(AcDbDatabase& database, const std::string& path);
 

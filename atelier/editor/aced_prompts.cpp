@@ -58,13 +58,19 @@ int acedGetString(int withSpaces, const ACHAR* prompt, ACHAR* text) {
 int acedGetInt(const ACHAR* prompt, int* value) { return statusOf(prompter().getInteger(toUtf8(prompt), *value)); }
 int acedGetReal(const ACHAR* prompt, ads_real* value) { return statusOf(prompter().getReal(toUtf8(prompt), *value)); }
 
-int acedGetPoint(const ads_point base, const ACHAR* prompt, ads_point result) {
+namespace {
+
+int askPoint(const ads_point base, const ACHAR* prompt, ads_point result, bool corner) {
   AcGePoint3d point;
-  const int status = statusOf(prompter().getPoint(baseOf(base), toUtf8(prompt), point));
+  const int status = statusOf(prompter().getPoint(baseOf(base), toUtf8(prompt), point, corner));
   if (status == RTNORM) setPoint(result, point);
   return status;
 }
-int acedGetCorner(const ads_point base, const ACHAR* prompt, ads_point result) { return acedGetPoint(base, prompt, result); }
+
+}  // namespace
+
+int acedGetPoint(const ads_point base, const ACHAR* prompt, ads_point result) { return askPoint(base, prompt, result, false); }
+int acedGetCorner(const ads_point base, const ACHAR* prompt, ads_point result) { return askPoint(base, prompt, result, true); }
 
 int acedGetDist(const ads_point base, const ACHAR* prompt, ads_real* result) {
   return statusOf(prompter().getDistance(baseOf(base), toUtf8(prompt), *result));

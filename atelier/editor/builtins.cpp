@@ -7,7 +7,8 @@ namespace atelier {
 
 std::vector<std::span<const lisp::Builtin>> drawingBuiltins() {
   return {entityBuiltins(), tableBuiltins(),    dictionaryBuiltins(), promptBuiltins(),
-          screenBuiltins(), selectionBuiltins(), variableBuiltins(), commandBuiltins(), failureBuiltins()};
+          screenBuiltins(), selectionBuiltins(), variableBuiltins(), commandBuiltins(), failureBuiltins(),
+          curveBuiltins(),  dialogBuiltins()};
 }
 
 }  // namespace atelier

@@ -1,14 +1,11 @@
 // AutoLISP's `command` and its sisters: values as answers to the prompts of commands.
 // A command that still asks when the values are used up waits for the next call, or for the user at the
 // program's end.
-#include <algorithm>
-#include <charconv>
-
 #include "atelier/editor/builtin_tables.h"
 #include "atelier/editor/cancelling.h"
 #include "atelier/editor/command_run.h"
 #include "atelier/editor/document.h"
-#include "atelier/editor/values.h"
+#include "atelier/editor/value_source.h"
 #include "atelier/lisp/arguments.h"
 #include "atelier/lisp/printer.h"
 
@@ -18,80 +15,6 @@ namespace {
 using lisp::Arguments;
 using lisp::Interpreter;
 using lisp::Value;
-
-constexpr const char* kHeldValue = "*COMMAND-ARGUMENT*";  // by which a prompt's expression reaches a value
-constexpr std::string_view kPause = "\\";
-
-std::string numberText(double number) {
-  char buffer[32];
-  return std::string(buffer, std::to_chars(buffer, buffer + sizeof buffer, number).ptr);
-}
-
-// The values of one call, in order; the user's own source answers a pause.
-class ValueSource : public InputSource, public AnswerSupply {
- public:
-  ValueSource(Document& document, Arguments values)
-      : document_(document), values_(values), user_(document.prompter().source) {}
-  bool hasMore() const override { return at_ < values_.size(); }
-  bool ranOut() const override { return ranOut_; }
-  Value take() { return values_[at_++]; }
-  Input next(const PromptInfo& prompt) override {
-    ranOut_ = !hasMore();
-    if (ranOut_) return {};
-    const Value value = take();
-    if (value.isString() && value.text() == kPause) return askUser(prompt);
-    return inputOf(value);
-  }
-
- private:
-  Input askUser(const PromptInfo& prompt) {
-    if (!user_) return {};
-    const bool muted = document_.exchangeMuted(false);
-    if (muted) document_.print(prompt.text);
-    Input input = user_->next(prompt);
-    document_.exchangeMuted(muted);
-    return input;
-  }
-  Input inputOf(Value value) {
-    if (value.isNil()) return Input::cancel();
-    if (value.isString()) return Input::answer(std::string(value.text()));
-    if (value.isInteger()) return Input::answer(std::to_string(value.integer()));
-    if (value.isReal()) return Input::answer(numberText(value.real()));
-    if (const auto point = pointFromValue(value)) return Input::pick(*point);
-    document_.interpreter().set(kHeldValue, value);
-    return Input::answer(std::string("!") + kHeldValue);
-  }
-  Document& document_;
-  Arguments values_;
-  InputSource* user_;
-  std::size_t at_ = 0;
-  bool ranOut_ = false;
-};
-
-// Puts the values in the place of the prompter's source, and everything back in the end.
-class Feeding {
- public:
-  Feeding(Document& document, ValueSource& source)
-      : document_(document),
-        source_(document.prompter().source),
-        pending_(document.prompter().exchangePending({})),
-        muted_(document.exchangeMuted(document.variables().integer("CMDECHO", 1) == 0)) {
-    document.prompter().source = &source;
-  }
-  ~Feeding() {
-    document_.prompter().source = source_;
-    document_.prompter().exchangePending(std::move(pending_));
-    document_.exchangeMuted(muted_);
-  }
-  Feeding(const Feeding&) = delete;
-  Feeding& operator=(const Feeding&) = delete;
-
- private:
-  Document& document_;
-  InputSource* source_;
-  std::optional<std::string> pending_;
-  bool muted_;
-};
 
 std::unique_ptr<CommandRun> begin(Interpreter& in, Document& document, Value name) {
   if (!name.isString()) in.fail("bad argument type: stringp " + lisp::prin1(name));
@@ -137,7 +60,7 @@ bool feed(Interpreter& in, Arguments arguments, bool mayWait) {
   ValueSource source(document, arguments);
   std::string failure;
   {
-    const Feeding feeding(document, source);
+    const Feeding feeding(document, source, document.variables().integer("CMDECHO", 1) == 0);
     try {
       return runValues(in, document, source, mayWait);
     } catch (const Interrupted&) {

@@ -15,6 +15,12 @@ Asked<AcGePoint3d> Command::point(std::string prompt, Base base, std::string key
     return p.getPoint(base, prompt, value);
   });
 }
+Asked<AcGePoint3d> Command::corner(std::string prompt, const AcGePoint3d& opposite, std::string keywords) const {
+  return Asked<AcGePoint3d>([=](Prompter& p, AcGePoint3d& value) {
+    p.initGet(0, keywords);
+    return p.getPoint(opposite, prompt, value, true);
+  });
+}
 Asked<AcGePoint3d> Command::pointOrWord(std::string prompt, std::string keywords) const {
   return Asked<AcGePoint3d>([=](Prompter& p, AcGePoint3d& value) {
     p.initGet(RSG_OTHER, keywords);

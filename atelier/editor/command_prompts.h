@@ -23,6 +23,7 @@ class Command {
 
   using Base = std::optional<AcGePoint3d>;
   Asked<AcGePoint3d> point(std::string prompt, Base base = {}, std::string keywords = {}) const;
+  Asked<AcGePoint3d> corner(std::string prompt, const AcGePoint3d& opposite, std::string keywords = {}) const;
   // Also takes any other text, which then counts as a keyword.
   Asked<AcGePoint3d> pointOrWord(std::string prompt, std::string keywords) const;
   Asked<double> distance(std::string prompt, Base base = {}, std::string keywords = {}) const;

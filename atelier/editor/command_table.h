@@ -20,12 +20,17 @@ struct CommandRow {
 std::span<const CommandRow> drawingCommands();
 std::span<const CommandRow> textCommands();
 std::span<const CommandRow> editingCommands();
+std::span<const CommandRow> curveCommands();
+std::span<const CommandRow> cornerCommands();
+std::span<const CommandRow> polylineCommands();
 std::span<const CommandRow> insertCommands();
 std::span<const CommandRow> layerCommands();
 std::span<const CommandRow> recordCommands();
+std::span<const CommandRow> drawingFileCommands();
 std::span<const CommandRow> fileCommands();
 std::span<const CommandRow> viewCommands();
 std::span<const CommandRow> undoCommands();
+std::span<const CommandRow> menuCommands();
 
 // The command of that name, as typed: leading _ . and ' are passed over. French and English names are all
 // distinct.

@@ -2,6 +2,8 @@
 // What the list of known commands names without a function says that it isn't there.
 #include "atelier/editor/commands.h"
 
+#include <array>
+#include <sstream>
 #include <utility>
 
 #include "atelier/database/text.h"
@@ -14,17 +16,7 @@ namespace {
 bool quitting = false;
 
 constexpr CommandRow kElsewhere[] = {
-    {"PEDIT", "PE", nullptr, "Modifie une polyligne."},
-    {"SPLINE", "", nullptr, "Dessine une courbe."},
-    {"BREAK", "COUPURE", nullptr, "Coupe un objet."},
-    {"FILLET", "RACCORD", nullptr, "Raccorde deux objets."},
-    {"OFFSET", "DECALER", nullptr, "Décale un objet."},
-    {"TRIM", "AJUSTER", nullptr, "Ajuste des objets."},
-    {"EXTEND", "PROLONGE", nullptr, "Prolonge des objets."},
     {"HATCH", "-HATCH BHATCH -BHATCH HACHURES", nullptr, "Hachure un contour."},
-    {"OPEN", "OUVRIR", nullptr, "Ouvre un dessin: il se donne au lancement du programme."},
-    {"NEW", "NOUVEAU QNEW", nullptr, "Commence un dessin: lancer le programme sans fichier."},
-    {"AUDIT", "CONTROLE", nullptr, "Contrôle le dessin: option --audit du programme."},
     {"PLOT", "-PLOT TRACEUR", nullptr, "Trace le dessin: option --plot du programme."},
 };
 
@@ -39,15 +31,31 @@ bool isNamed(const CommandRow& row, std::string_view name) {
   return false;
 }
 
+auto allTables() {
+  return std::array{drawingCommands(), textCommands(), editingCommands(), curveCommands(), cornerCommands(), polylineCommands(), insertCommands(),
+                    layerCommands(), recordCommands(), drawingFileCommands(), fileCommands(), viewCommands(), undoCommands(), menuCommands(),
+                    std::span<const CommandRow>(kElsewhere)};
+}
+
 }  // namespace
+
+std::vector<std::string> commandNames() {
+  std::vector<std::string> names;
+  for (const auto table : allTables())
+    for (const CommandRow& row : table) {
+      if (!row.function) continue;
+      names.emplace_back(row.name);
+      std::istringstream aliases{std::string(row.aliases)};
+      for (std::string alias; aliases >> alias;) names.push_back(alias);
+    }
+  return names;
+}
 
 const CommandRow* commandRow(std::string_view typed) {
   while (!typed.empty() && (typed.front() == '_' || typed.front() == '.' || typed.front() == '\''))
     typed.remove_prefix(1);
   const std::string name = upperCase(typed);
-  for (const auto table : {drawingCommands(), textCommands(), editingCommands(), insertCommands(),
-                           layerCommands(), recordCommands(), fileCommands(), viewCommands(), undoCommands(),
-                           std::span<const CommandRow>(kElsewhere)})
+  for (const auto table : allTables())
     for (const CommandRow& row : table)
       if (isNamed(row, name)) return &row;
   return nullptr;

@@ -1,6 +1,7 @@
 // The commands of the host itself, by name; applications' commands are AutoLISP functions C:NAME.
 #pragma once
 #include <string>
+#include <vector>
 
 namespace atelier {
 
@@ -8,6 +9,8 @@ class Document;
 
 // Runs the command of that upper-case name (leading _ . and ' are passed over). False when there is none.
 bool runBuiltinCommand(Document& document, const std::string& name);
+// All names of all commands, English and French ones, upper case, unsorted.
+std::vector<std::string> commandNames();
 void requestQuit();
 // Whether QUIT was given; asking forgets it.
 bool quitRequested();

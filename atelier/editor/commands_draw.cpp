@@ -219,7 +219,7 @@ CommandTask point(Command& c) {
 
 CommandTask rectangle(Command& c) {
   const auto a = co_await c.point("\nPremier coin: ");
-  const auto b = co_await c.point("\nCoin opposé: ", a.value);
+  const auto b = co_await c.corner("\nCoin opposé: ", a.value);
   if (!a.given() || !b.given()) co_return;
   Drawn p;
   p.elevation = a.value.z;

@@ -1,7 +1,6 @@
-// QSAVE SAVEAS QUIT SCRIPT SETVAR DELAY: the file and the session.
-// A drawing is written in the version that it was read in; another one is refused rather than pretended.
+// QUIT SCRIPT SETVAR DELAY: the session.
+// What a script holds is run when the command has ended, as if its lines had been typed then.
 #include <chrono>
-#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <thread>
@@ -14,51 +13,6 @@
 
 namespace atelier {
 namespace {
-
-std::string withExtension(std::string path) {
-  return std::filesystem::path(path).has_extension() ? path : path + ".dxf";
-}
-
-CommandTask qsave(Command& c) {
-  std::string path = c.document.path();
-  if (path.empty()) {
-    const auto given = co_await c.line("\nEnregistrer le dessin sous: ");
-    path = std::string(trimmed(given.value));
-    if (path.empty()) co_return;
-  }
-  c.document.save(withExtension(path));
-}
-
-// The years of file versions, as SAVEAS names them; empty for what is no version.
-std::string_view versionOf(std::string_view word) {
-  constexpr std::pair<std::string_view, std::string_view> kVersions[] = {
-      {"R12", "AC1009"},  {"2000", "AC1015"}, {"2004", "AC1018"}, {"2007", "AC1021"},
-      {"2010", "AC1024"}, {"2013", "AC1027"}, {"2018", "AC1032"}};
-  const std::string upper = upperCase(word);
-  if (upper == "DXF") return "DXF";
-  for (const auto& [year, code] : kVersions)
-    if (upper == year || upper == std::string("LT") + std::string(year)) return code;
-  return {};
-}
-
-CommandTask saveas(Command& c) {
-  auto given = co_await c.line("\nEnregistrer le dessin sous: ");
-  const std::string_view version = versionOf(trimmed(given.value));
-  if (!version.empty()) {
-    const std::string own = c.document.imp().header.text("$ACADVER", "AC1032");
-    if (version != "DXF" && version != own) c.fail("Le dessin s'enregistre dans sa version, " + own + ".");
-    given = co_await c.line("\nNom du fichier: ");
-  }
-  const std::string path = withExtension(std::string(trimmed(given.value)));
-  if (given.value.empty()) co_return;
-  std::error_code error;
-  if (std::filesystem::exists(path, error) && c.document.variables().integer("EXPERT", 0) < 2) {
-    const auto replace =
-        co_await c.keyword("\nCe fichier existe. Le remplacer? [Oui/Non] <N>: ", "Oui Non _Yes No");
-    if (!replace.is("Yes")) co_return;
-  }
-  c.document.save(path);
-}
 
 CommandTask quit(Command& c) {
   if (c.document.imp().modified) {
@@ -115,8 +69,6 @@ CommandTask delay(Command& c) {
 }
 
 constexpr CommandRow kTable[] = {
-    {"QSAVE", "SAVE ENREGISTRER SAUVERAP", qsave, "Enregistre le dessin."},
-    {"SAVEAS", "ENREGSOUS SAUVENOM", saveas, "Enregistre le dessin sous un nom."},
     {"QUIT", "EXIT QUITTER", quit, "Quitte le programme."},
     {"SCRIPT", "SCR", script, "Exécute les lignes d'un fichier."},
     {"SETVAR", "SET MODIFVAR", setvar, "Règle une variable système."},

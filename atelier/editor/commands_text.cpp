@@ -112,7 +112,7 @@ CommandTask mtext(Command& c) {
   int attachment = 1;
   for (;;) {
     const auto corner =
-        co_await c.point("\nCoin opposé ou [Hauteur/Justifier/Rotation/STyle/Largeur]: ", first.value,
+        co_await c.corner("\nCoin opposé ou [Hauteur/Justifier/Rotation/STyle/Largeur]: ", first.value,
                          "Hauteur Justifier Rotation STyle Largeur _Height Justify Rotation Style Width");
     if (corner.is("Height")) {
       const auto given = co_await c.distance("\nHauteur: ", first.value);

@@ -7,12 +7,11 @@
 namespace atelier {
 namespace {
 
+constexpr int kAll = 1 << 20;
+
 void back(const Command& c, int steps) {
-  for (; steps > 0; --steps)
-    if (!c.document.imp().journal.undo()) {
-      c.print("\nTout a été annulé.");
-      return;
-    }
+  c.document.undoGroup = false;
+  if (c.document.imp().journal.undo(steps) < steps) c.print("\nTout a été annulé.");
 }
 
 CommandTask u(Command& c) {
@@ -25,9 +24,15 @@ CommandTask redo(Command& c) {
   co_return;
 }
 
+CommandTask mredo(Command& c) {
+  const auto count = co_await c.integer("\nNombre d'actions ou [Tout/Dernier] <1>: ", "Tout Dernier _All Last");
+  int left = count.is("All") ? kAll : count.valueOr(1);
+  while (left > 0 && c.document.imp().journal.redo()) --left;
+}
+
 CommandTask undo(Command& c) {
   const auto option =
-      co_await c.integer("\nNombre d'étapes ou [DÉbut/Fin/Contrôle] <1>: ",
+      co_await c.integer("\nNombre d'étapes ou [AUto/COntrôle/DÉbut/Fin/Marque/REtour] <1>: ",
                          "DÉbut Fin COntrôle AUto REtour Marque _BEgin End Control Auto Back Mark");
   if (option.is("BEgin")) {
     c.document.imp().journal.mark();
@@ -41,8 +46,14 @@ CommandTask undo(Command& c) {
                        "Tout Non Une COmbiner CAlque _All None One Combine Layer");
   } else if (option.is("Auto")) {
     co_await c.keyword("\nOption [Active/Inactive]: ", "Active Inactive _ON OFF");
-  } else if (option.is("Mark") || option.is("Back")) {
-    c.fail("ANNULER: les options Marque et Retour ne sont pas offertes; Début et Fin groupent des étapes.");
+  } else if (option.is("Mark")) {
+    c.document.undoGroup = false;
+    c.document.imp().journal.setBookmark();
+  } else if (option.is("Back")) {
+    c.document.undoGroup = false;
+    if (c.document.imp().journal.undoToBookmark()) co_return;
+    const auto all = co_await c.keyword("\nCeci annulera tout. Continuer? [Oui/Non] <O>: ", "Oui Non _Yes No");
+    if (!all.is("No")) c.document.imp().journal.undo(kAll);
   } else {
     back(c, option.valueOr(1));
   }
@@ -51,7 +62,8 @@ CommandTask undo(Command& c) {
 constexpr CommandRow kTable[] = {
     {"U", "", u, "Annule la dernière étape."},
     {"UNDO", "ANNULER", undo, "Annule des étapes, ou les groupe."},
-    {"REDO", "MREDO RETABLIR", redo, "Rétablit la dernière étape annulée."},
+    {"REDO", "RETABLIR", redo, "Rétablit ce que la dernière annulation a défait."},
+    {"MREDO", "MRETABLIR", mredo, "Rétablit plusieurs annulations."},
 };
 
 }  // namespace

@@ -17,16 +17,18 @@ void show(const Command& c, const AcGePoint3d& low, const AcGePoint3d& high) {
   c.document.view().height = height;
 }
 
-void showExtents(const Command& c, const SelectionSet* only) {
+AcDbExtents extentsOf(const Command& c, const SelectionSet& set) {
   AcDbExtents box;
-  AcDbStub* space = c.document.database().currentSpaceId();
-  const std::vector<AcDbStub*> none;
-  for (AcDbStub* stub : only ? only->list() : space && space->children ? *space->children : none) {
+  for (AcDbStub* stub : set.list()) {
     const AcDbEntity* entity =
         stub->is(AcDbStub::kErased) ? nullptr : AcDbEntity::cast(&c.document.imp().object(*stub));
     AcDbExtents part;
     if (entity && entity->getGeomExtents(part) == Acad::eOk) box.addExt(part);
   }
+  return box;
+}
+
+void showExtents(const Command& c, const AcDbExtents& box) {
   if (box.isEmpty()) return;
   show(c, box.minPoint(), box.maxPoint());
   c.document.view().height *= kMargin;
@@ -50,7 +52,7 @@ CommandTask zoom(Command& c) {
       "Tout Centre Dynamique ETendu Précédent ECHelle Fenêtre OBjet _All Center Dynamic Extents Previous "
       "Scale Window Object");
   if (first.is("All") || first.is("Extents")) {
-    showExtents(c, nullptr);
+    showExtents(c, c.document.spatialIndex().extents(c.document.database().currentSpaceId()));
   } else if (first.is("Previous")) {
     c.document.view() = c.document.previousView;
   } else if (first.is("Center")) {
@@ -60,14 +62,14 @@ CommandTask zoom(Command& c) {
     c.document.view() = {centre.valueOr(before.centre), height.valueOr(before.height)};
   } else if (first.is("Object")) {
     const auto chosen = co_await c.objects();
-    if (chosen.given()) showExtents(c, chosen.value.get());
+    if (chosen.given()) showExtents(c, extentsOf(c, *chosen.value));
   } else if (first.is("Window") || first.given()) {
     AcGePoint3d corner = first.value;
     if (!first.given()) {
       const auto given = co_await c.point("\nPremier coin: ");
       corner = given.value;
     }
-    const auto opposite = co_await c.point("\nCoin opposé: ", corner);
+    const auto opposite = co_await c.corner("\nCoin opposé: ", corner);
     const AcGePoint3d &a = corner, &b = opposite.value;
     show(c, {std::min(a.x, b.x), std::min(a.y, b.y), 0}, {std::max(a.x, b.x), std::max(a.y, b.y), 0});
   } else if (!first.keyword.empty() && !first.is("Dynamic")) {

@@ -118,16 +118,7 @@ bool setCurrentTab(Document& d, const Value& value) {
 }
 
 AcDbExtents drawnExtents(Document& d) {
-  AcDbExtents box;
-  AcDbStub* space = d.database().currentSpaceId();
-  if (!space || !space->children) return box;
-  for (AcDbStub* stub : *space->children) {
-    const AcDbEntity* entity =
-        stub->is(AcDbStub::kErased) ? nullptr : AcDbEntity::cast(&d.imp().object(*stub));
-    AcDbExtents part;
-    if (entity && entity->getGeomExtents(part) == Acad::eOk) box.addExt(part);
-  }
-  return box;
+  return d.spatialIndex().extents(d.database().currentSpaceId());
 }
 constexpr double kNothingDrawn = 1e20;
 Value lowest(Document& d) {

@@ -5,7 +5,9 @@
 #include <utility>
 
 #include "atelier/database/interruption.h"
+#include "atelier/dxf/export.h"
 #include "atelier/dxf/reader.h"
+#include "atelier/dxf/versions.h"
 #include "atelier/dxf/writer.h"
 #include "atelier/editor/builtins.h"
 #include "atelier/editor/command_run.h"
@@ -18,6 +20,7 @@ namespace atelier {
 namespace {
 
 Document* currentDocument = nullptr;
+std::vector<Document*> openDocuments;  // in the order in which they were opened
 std::vector<std::string> supportFolders;
 
 class CommandLineConsole : public lisp::Console {
@@ -35,10 +38,14 @@ class CommandLineConsole : public lisp::Console {
 };
 
 // A failed opening must not leave half a database behind as the working one.
-std::unique_ptr<AcDbDatabase> openDatabase(const std::string& path) {
+std::unique_ptr<AcDbDatabase> openDatabase(const std::string& path, std::vector<std::string>* messages) {
   dxf::provideDrawingReader();
   auto database = std::make_unique<AcDbDatabase>(path.empty());
-  if (!path.empty()) dxf::readFile(*database, path);
+  if (path.empty()) return database;
+  if (messages)
+    dxf::readFileRecovering(*database, path, *messages);
+  else
+    dxf::readFile(*database, path);
   return database;
 }
 
@@ -48,13 +55,14 @@ bool interruptionAsked() { return currentDocument && currentDocument->interprete
 
 void addSupportFolder(const std::string& folder) { supportFolders.push_back(folder); }
 
-Document::Document(Printer printer, const std::string& path)
-    : printer_(std::move(printer)), database_(openDatabase(path)), console_(std::make_unique<CommandLineConsole>(*this)),
-      search_(std::make_unique<lisp::FolderSearch>()), variables_(*this), prompter_(*this), maker_(imp()) {
+Document::Document(Printer printer, const std::string& path, std::vector<std::string>* messages)
+    : printer_(std::move(printer)), database_(openDatabase(path, messages)),
+      index_(std::make_unique<SpatialIndex>(imp())), console_(std::make_unique<CommandLineConsole>(*this)),
+      search_(std::make_unique<TrustedSearch>(*this)), variables_(*this), prompter_(*this), maker_(imp()) {
   search_->folders = supportFolders;
   interpreter_ = std::make_unique<lisp::Interpreter>(lisp::Host{console_.get(), search_.get(), &variables_});
   published_ = std::make_unique<PublishedFunctions>(*this);
-  before_ = currentDocument;
+  openDocuments.push_back(this);
   makeCurrent();
   setInterruptionQuestion(interruptionAsked);
   for (const auto& table : drawingBuiltins()) interpreter_->add(table);
@@ -67,8 +75,9 @@ Document::Document(Printer printer, const std::string& path)
 Document::~Document() {
   makeCurrent();
   published_->unloadApplications();
-  currentDocument = before_ == this ? nullptr : before_;
-  if (currentDocument) currentDocument->makeCurrent();
+  std::erase(openDocuments, this);
+  currentDocument = nullptr;
+  if (!openDocuments.empty()) openDocuments.back()->makeCurrent();
 }
 
 Document* Document::current() { return currentDocument; }
@@ -112,6 +121,7 @@ bool Document::evaluate(std::string_view text, std::string* printed) {
 
 bool Document::load(const std::string& path) {
   makeCurrent();
+  search_->trust(path);
   interpreter_->clearInterrupt();
   try {
     interpreter_->loadFile(path);
@@ -165,7 +175,7 @@ void Document::run(InputSource& source) {
   try {
     for (;;) {
       PromptInfo prompt;
-      prompt.takesSpaces = true;
+      prompt.takesSpaces = prompt.isCommand = true;
       prompt.text = source.echoes() ? "\nCommande: " : "";
       Input input = source.next(prompt);
       if (input.kind == Input::Kind::end) break;
@@ -202,6 +212,36 @@ void Document::runScripts() {
     scripts.erase(scripts.begin());
     run(lines);
   }
+}
+
+void Document::open(const std::string& path, std::vector<std::string>* messages) {
+  auto fresh = openDatabase(path, messages);
+  published_->unloadApplications();
+  for (const AcDbStub& stub : imp().stubs()) const_cast<AcDbStub&>(stub).set(AcDbStub::kErased);
+  index_.reset();
+  closed_.push_back(std::exchange(database_, std::move(fresh)));
+  index_ = std::make_unique<SpatialIndex>(imp());
+  maker_.emplace(imp());
+  makeCurrent();
+  transients_.highlighted.clear();
+  transients_.clearVectors();
+  previousSelection = firstSelection = nullptr;
+  namedViews.clear();
+  view_ = previousView = activeView(imp());
+  undoGroup = false;
+  published_->loadApplications();
+  imp().modified = false;
+}
+
+std::vector<std::string> Document::saveAs(const std::string& path, std::string_view release, bool binary) {
+  const std::string own = imp().header.text("$ACADVER", "");
+  if (!binary && (release.empty() || dxf::acadVersion(release) == own)) {
+    save(path);
+    return {};
+  }
+  auto lost = dxf::saveAs(*database_, path, release.empty() ? dxf::releaseNamed(own) : release, binary);
+  imp().modified = false;
+  return lost;
 }
 
 void Document::save(const std::string& path) { dxf::save(*database_, path); }

@@ -4,6 +4,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -11,13 +12,16 @@
 #include "atelier/database/entity_groups.h"
 #include "atelier/editor/prompter.h"
 #include "atelier/editor/selection_set.h"
+#include "atelier/editor/spatial_index.h"
 #include "atelier/editor/system_variables.h"
 #include "atelier/editor/transients.h"
+#include "atelier/editor/trusted_search.h"
 #include "atelier/lisp/interpreter.h"
 
 namespace atelier {
 
 class CommandRun;
+class DialogPresenter;
 class PublishedFunctions;
 
 // The part of the drawing that the screen shows, or would show.
@@ -31,8 +35,9 @@ using Printer = std::function<void(std::string_view)>;
 
 class Document {
  public:
-  // An empty drawing, or the file at the path (throws Error). Publishes the registered applications' functions.
-  explicit Document(Printer printer, const std::string& path = {});
+  // An empty drawing, or the file at the path (throws Error); with messages, recovering as open() does. Publishes the
+  // registered applications' functions.
+  explicit Document(Printer printer, const std::string& path = {}, std::vector<std::string>* messages = nullptr);
   ~Document();
   Document(const Document&) = delete;
   Document& operator=(const Document&) = delete;
@@ -47,8 +52,10 @@ class Document {
   Prompter& prompter() { return prompter_; }
   SystemVariables& variables() { return variables_; }
   Transients& transients() { return transients_; }
-  EntityMaker& entityMaker() { return maker_; }
+  EntityMaker& entityMaker() { return *maker_; }
   PublishedFunctions& published() { return *published_; }
+  // Which entities are where; selections, picks and the screen's culling ask it.
+  SpatialIndex& spatialIndex() { return *index_; }
   View& view() { return view_; }
   // The command that AutoLISP's `command` began and that waits for more answers; null when none does.
   std::unique_ptr<CommandRun>& waitingCommand() { return waitingCommand_; }
@@ -58,6 +65,8 @@ class Document {
   bool undoGroup = false;
   // Lines that SCRIPT put up; they run when what runs now has ended.
   std::vector<std::string> scripts;
+  // Shows the dialogs of this document; null: the command line does.
+  DialogPresenter* dialogPresenter = nullptr;
   // The previous selection ("P" of ssget) and the one that sssetfirst shows.
   std::shared_ptr<SelectionSet> previousSelection, firstSelection;
 
@@ -85,6 +94,13 @@ class Document {
 
   const std::string& path() const { return imp_path(); }
   void save(const std::string& path);
+  // In another version ("R12", "R2000" ... "R2018"; empty: that of the drawing) or in binary form; says what the version
+  // can't hold. In its own version and form it is saved as save() does, else the drawing keeps its file and version.
+  std::vector<std::string> saveAs(const std::string& path, std::string_view release, bool binary = false);
+  // Puts another drawing in the place of this one: the file, or a new drawing for an empty path. With messages, a
+  // damaged file is opened as far as it goes and they say what was left out. Throws Error; this drawing then stays.
+  // AutoLISP's variables stay, its entity names belong to nothing any more.
+  void open(const std::string& path, std::vector<std::string>* messages = nullptr);
 
   // Stops the running program as Ctrl-C does. Safe from another thread and from signal handlers.
   void interrupt() noexcept { interpreter_->interrupt(); }
@@ -95,19 +111,20 @@ class Document {
   void runScripts();
   Printer printer_;
   std::string transcript_;
+  std::vector<std::unique_ptr<AcDbDatabase>> closed_;  // drawings whose objects AutoLISP values may still name
   std::unique_ptr<AcDbDatabase> database_;
+  std::unique_ptr<SpatialIndex> index_;
   std::unique_ptr<lisp::Console> console_;
-  std::unique_ptr<lisp::FolderSearch> search_;
+  std::unique_ptr<TrustedSearch> search_;
   SystemVariables variables_;
   std::unique_ptr<lisp::Interpreter> interpreter_;
   Prompter prompter_;
   Transients transients_;
-  EntityMaker maker_;
+  std::optional<EntityMaker> maker_;
   View view_;
   std::unique_ptr<CommandRun> waitingCommand_;
   bool muted_ = false;
   std::unique_ptr<PublishedFunctions> published_;
-  Document* before_ = nullptr;  // current when this one was opened
   int failures_ = 0;
 };
 

@@ -22,6 +22,15 @@ constexpr double kCurveTolerance = 1e-3;  // chord of a spline, in parts of its 
 
 using Strokes = std::vector<Stroke>;
 
+// Blocks within blocks and arrays can stand for billions of entities: a walk ends at a number of visits, and the
+// reference counts as the rectangle that it fills.
+struct Walk {
+  Strokes strokes;
+  std::size_t visits = 0;
+  static constexpr std::size_t kMost = 100'000;
+  bool full() const { return visits > kMost; }
+};
+
 // Centre plus cos a times u plus sin a times v, from a over the sweep.
 void addArc(Stroke& stroke, const AcGePoint3d& centre, const AcGeVector3d& u, const AcGeVector3d& v,
             double from, double sweep) {
@@ -144,30 +153,49 @@ Stroke quadrilateral(const SHAPE& shape, POINT point, std::initializer_list<int>
   return stroke;
 }
 
-void collect(const AcDbEntity& entity, const AcGeMatrix3d* matrix, int depth, Strokes& strokes);
+void collect(const AcDbEntity& entity, const AcGeMatrix3d* matrix, int depth, Walk& walk);
 
 void collectBlock(const AcDbImpDatabase& database, const AcDbStub* block, const AcGeMatrix3d& matrix,
-                  int depth, Strokes& strokes) {
+                  int depth, Walk& walk) {
   if (!block || !block->children || depth >= kDeepest) return;
   for (AcDbStub* child : *block->children) {
+    if (walk.full()) return;
     if (child->is(AcDbStub::kErased)) continue;
     const AcDbEntity* part = AcDbEntity::cast(&const_cast<AcDbImpDatabase&>(database).object(*child));
     // The definitions of attributes don't show in a reference.
-    if (part && !AcDbAttributeDefinition::cast(part)) collect(*part, &matrix, depth + 1, strokes);
+    if (part && !AcDbAttributeDefinition::cast(part)) collect(*part, &matrix, depth + 1, walk);
   }
 }
 
-void collectReference(const AcDbBlockReference& reference, const AcGeMatrix3d* matrix, int depth,
-                      Strokes& strokes) {
+// Each place of an array of references.
+void collectArray(const AcDbBlockReference& reference, const AcGeMatrix3d* matrix, int depth, Walk& walk) {
+  constexpr std::string_view kInsert = "AcDbBlockReference";
+  const AcDbStub* stub = stubOf(&reference);
+  const Record& record = AcDbImpObject::of(&reference).record;
+  const std::int64_t columns = std::max<std::int64_t>(record.integer(integerField(kInsert, 70)), 1);
+  const std::int64_t rows = std::max<std::int64_t>(record.integer(integerField(kInsert, 71)), 1);
+  const double across = record.real(realField(kInsert, 44)), up = record.real(realField(kInsert, 45));
   const AcGeMatrix3d own = reference.blockTransform();
+  const AcGeMatrix3d plane = AcGeMatrix3d().setToPlaneToWorld(reference.normal()) *
+                             AcGeMatrix3d::rotation(reference.rotation(), AcGeVector3d::kZAxis);
+  for (std::int64_t row = 0; row < rows && !walk.full(); ++row)
+    for (std::int64_t column = 0; column < columns && !walk.full(); ++column) {
+      ++walk.visits;  // empty blocks count, too
+      const AcGeVector3d step(static_cast<double>(column) * across, static_cast<double>(row) * up, 0);
+      const AcGeMatrix3d placed = AcGeMatrix3d::translation(plane * step) * own;
+      collectBlock(*stub->database, reference.blockTableRecord(), matrix ? *matrix * placed : placed, depth, walk);
+    }
+}
+
+void collectReference(const AcDbBlockReference& reference, const AcGeMatrix3d* matrix, int depth, Walk& walk) {
   const AcDbStub* stub = stubOf(&reference);
   if (!stub) return;
-  collectBlock(*stub->database, reference.blockTableRecord(), matrix ? *matrix * own : own, depth, strokes);
+  collectArray(reference, matrix, depth, walk);
   if (!stub->children) return;
   for (AcDbStub* child : *stub->children) {
     const AcDbAttribute* attribute =
         child->is(AcDbStub::kErased) ? nullptr : AcDbAttribute::cast(&stub->database->object(*child));
-    if (attribute && !attribute->isInvisible()) collect(*attribute, matrix, depth + 1, strokes);
+    if (attribute && !attribute->isInvisible()) collect(*attribute, matrix, depth + 1, walk);
   }
 }
 
@@ -206,26 +234,29 @@ Stroke simpleStroke(const AcDbEntity& entity) {
   return stroke;
 }
 
-void collect(const AcDbEntity& entity, const AcGeMatrix3d* matrix, int depth, Strokes& strokes) {
+void collect(const AcDbEntity& entity, const AcGeMatrix3d* matrix, int depth, Walk& walk) {
+  ++walk.visits;
   if (const auto* reference = AcDbBlockReference::cast(&entity))
-    return collectReference(*reference, matrix, depth, strokes);
+    return collectReference(*reference, matrix, depth, walk);
   const auto* dimension = AcDbDimension::cast(&entity);
   if (dimension && !dimension->dimBlockId().isNull() && stubOf(dimension))
     return collectBlock(*stubOf(dimension)->database, dimension->dimBlockId(),
-                        matrix ? *matrix : AcGeMatrix3d(), depth, strokes);
+                        matrix ? *matrix : AcGeMatrix3d(), depth, walk);
   Stroke stroke = simpleStroke(entity);
   if (stroke.points.empty()) return;
   if (matrix)
     for (AcGePoint3d& p : stroke.points) p.transformBy(*matrix);
-  strokes.push_back(std::move(stroke));
+  walk.strokes.push_back(std::move(stroke));
 }
 
 }  // namespace
 
 std::vector<Stroke> strokesOf(const AcDbEntity& entity) {
-  Strokes strokes;
-  collect(entity, nullptr, 0, strokes);
-  return strokes;
+  Walk walk;
+  collect(entity, nullptr, 0, walk);
+  AcDbExtents box;
+  if (walk.full() && entity.getGeomExtents(box) == Acad::eOk) return {rectangle(box)};
+  return std::move(walk.strokes);
 }
 
 }  // namespace atelier

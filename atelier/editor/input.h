@@ -20,6 +20,8 @@ struct PromptInfo {
   bool wantsPoint = false;
   bool wantsEntity = false;
   bool takesSpaces = false;
+  bool isCommand = false;  // the command prompt itself: nothing runs
+  bool isCorner = false;   // the base and the answer are corners of a rectangle
 };
 
 struct Input {

@@ -1,5 +1,5 @@
 // What stands under a point.
-// Extents are looked at first; the strokes of few entities are then measured.
+// The spatial index names the few that can be near; their strokes are then measured.
 #include "atelier/editor/pick.h"
 
 #include <limits>
@@ -21,22 +21,17 @@ double distanceTo(const AcDbEntity& entity, const AcGePoint3d& point) {
 }
 
 AcDbObjectId pickAt(Document& document, const AcGePoint3d& point) {
-  AcDbStub* space = document.database().currentSpaceId();
-  if (!space || !space->children) return {};
   const double radius = pickRadius(document);
+  const AcGeVector3d reach(radius, radius, 0);
+  const std::vector<AcDbStub*> near =
+      document.spatialIndex().query(document.database().currentSpaceId(), {point - reach, point + reach});
   LayerStates layers(document.imp());
   AcDbStub* nearest = nullptr;
   double least = radius;
-  for (auto it = space->children->rbegin(); it != space->children->rend(); ++it) {
+  for (auto it = near.rbegin(); it != near.rend(); ++it) {
     AcDbStub& stub = **it;
-    if (stub.is(AcDbStub::kErased)) continue;
     const AcDbEntity* entity = AcDbEntity::cast(&document.imp().object(stub));
-    AcDbExtents box;
-    const bool boxed = entity && entity->getGeomExtents(box) == Acad::eOk;
-    if (!entity || (boxed && (point.x < box.minPoint().x - radius || point.x > box.maxPoint().x + radius ||
-                              point.y < box.minPoint().y - radius || point.y > box.maxPoint().y + radius)))
-      continue;
-    if (!layers.shows(stub)) continue;
+    if (!entity || !layers.shows(stub)) continue;
     const double distance = distanceTo(*entity, point);
     if (distance < least || (!nearest && distance <= least)) {
       least = distance;

@@ -80,10 +80,11 @@ Value getkword(Interpreter& in, Arguments arguments) {
   return answered(in, answer, [] { return lisp::nil; });
 }
 
+template <bool CORNER>
 Value getpoint(Interpreter& in, Arguments arguments) {
   const Asked asked = askedArguments(in, arguments);
   AcGePoint3d point;
-  const Answer answer = cancelling(in, [&] { return prompter().getPoint(asked.base, asked.text, point); });
+  const Answer answer = cancelling(in, [&] { return prompter().getPoint(asked.base, asked.text, point, CORNER); });
   return answered(in, answer, [&] { return pointValue(in, point); });
 }
 
@@ -187,8 +188,8 @@ constexpr lisp::Builtin kTable[] = {
     {"initget", initget, 0, 2, "(initget [bits] [mots])",
      "Règle la prochaine question: valeurs refusées et mots-clés."},
     {"getkword", getkword, 0, 1, "(getkword [texte])", "Demande un des mots-clés de initget."},
-    {"getpoint", getpoint, 0, 2, "(getpoint [base] [texte])", "Demande un point."},
-    {"getcorner", getpoint, 1, 2, "(getcorner base [texte])", "Demande le coin opposé d'un rectangle."},
+    {"getpoint", getpoint<false>, 0, 2, "(getpoint [base] [texte])", "Demande un point."},
+    {"getcorner", getpoint<true>, 1, 2, "(getcorner base [texte])", "Demande le coin opposé d'un rectangle."},
     {"getdist", getdist, 0, 2, "(getdist [base] [texte])", "Demande une distance: un nombre ou des points."},
     {"getangle", getangle, 0, 2, "(getangle [base] [texte])", "Demande un angle, rendu en radians."},
     {"getorient", getangle, 0, 2, "(getorient [base] [texte])",

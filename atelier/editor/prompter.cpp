@@ -222,9 +222,11 @@ std::optional<AcGePoint3d> pointOf(Document& document, const Input& input, const
 
 }  // namespace
 
-Answer Prompter::getPoint(const std::optional<AcGePoint3d>& base, std::string_view prompt, AcGePoint3d& point) {
+Answer Prompter::getPoint(const std::optional<AcGePoint3d>& base, std::string_view prompt, AcGePoint3d& point,
+                          bool corner) {
   PromptInfo i = info(prompt);
   i.wantsPoint = true;
+  i.isCorner = corner;
   i.base = base;
   return ask(i, "Point non valide: x,y attendu, ou @dx,dy, @d<angle.", [&](const Input& input, int) {
     const auto found = pointOf(document_, input, base ? *base : lastPoint);

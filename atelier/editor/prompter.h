@@ -26,7 +26,8 @@ class Prompter {
   void initGet(int flags, std::string_view keywords);
 
   // Each prints the prompt, reads answers until one fits, and says why one didn't. A keyword goes to lastKeyword().
-  Answer getPoint(const std::optional<AcGePoint3d>& base, std::string_view prompt, AcGePoint3d& point);
+  Answer getPoint(const std::optional<AcGePoint3d>& base, std::string_view prompt, AcGePoint3d& point,
+                  bool corner = false);
   Answer getReal(std::string_view prompt, double& value);
   Answer getInteger(std::string_view prompt, int& value);
   Answer getText(bool withSpaces, std::string_view prompt, std::string& text);

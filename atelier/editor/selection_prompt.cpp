@@ -34,8 +34,8 @@ std::string_view meaningOf(std::string_view typed) {
 
 PromptInfo SelectionPrompt::prompt() const {
   PromptInfo info;
-  info.wantsPoint = stage_ != Stage::objects;
-  info.wantsEntity = stage_ == Stage::objects;
+  info.wantsEntity = stage_ == Stage::objects || stage_ == Stage::secondCorner;
+  info.wantsPoint = !info.wantsEntity;
   if (!points_.empty()) info.base = points_.back();
   switch (stage_) {
     case Stage::objects:
@@ -46,6 +46,7 @@ PromptInfo SelectionPrompt::prompt() const {
       break;
     case Stage::secondCorner:
       info.text = "\nCoin opposé: ";
+      info.isCorner = true;
       break;
     case Stage::polygon:
       info.text = points_.empty() ? "\nPremier point: " : "\nPoint suivant: ";

@@ -1,5 +1,5 @@
 // Selecting by filter and by place.
-// A walk over the entities with their extents first; a spatial index would take the place of entitiesNear.
+// The spatial index names the few that can match; what they draw decides.
 #include "atelier/editor/selections.h"
 
 #include <algorithm>
@@ -19,25 +19,14 @@ AcDbExtents extentsOf(std::span<const AcGePoint3d> points) {
   return box;
 }
 
-bool overlap(const AcDbExtents& a, const AcDbExtents& b) {
-  return a.minPoint().x <= b.maxPoint().x && b.minPoint().x <= a.maxPoint().x &&
-         a.minPoint().y <= b.maxPoint().y && b.minPoint().y <= a.maxPoint().y;
-}
-
 // Entities of the current space that show and whose extents overlap the box in plan, latest first.
 template <class VISIT>
 void entitiesNear(Document& document, const AcDbExtents& box, VISIT visit) {
-  AcDbStub* space = document.database().currentSpaceId();
-  if (!space || !space->children) return;
   LayerStates layers(document.imp());
-  for (auto it = space->children->rbegin(); it != space->children->rend(); ++it) {
-    AcDbStub& stub = **it;
-    if (stub.is(AcDbStub::kErased)) continue;
-    const AcDbEntity* entity = AcDbEntity::cast(&document.imp().object(stub));
-    AcDbExtents own;
-    if (!entity || (entity->getGeomExtents(own) == Acad::eOk && !overlap(own, box)) || !layers.shows(stub))
-      continue;
-    visit(stub, *entity);
+  const std::vector<AcDbStub*> near = document.spatialIndex().query(document.database().currentSpaceId(), box);
+  for (auto it = near.rbegin(); it != near.rend(); ++it) {
+    const AcDbEntity* entity = AcDbEntity::cast(&document.imp().object(**it));
+    if (entity && layers.shows(**it)) visit(**it, *entity);
   }
 }
 

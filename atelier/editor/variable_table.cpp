@@ -77,7 +77,7 @@ constexpr VariableRow kRows[] = {
     sessionInt("TEXTEVAL", 0, 0, 1, "Expressions évaluées dans les textes."),
     sessionInt("HPASSOC", 1, 0, 1, "Hachures associatives."),
     sessionInt("LAYEREVAL", 0, 0, 2, "Veille des nouveaux calques."),
-    sessionInt("SECURELOAD", 1, 0, 2, "Programmes refusés hors des dossiers sûrs."),
+    sessionInt("SECURELOAD", 1, 0, 2, "Programmes hors des dossiers sûrs: 0 chargés, 1 signalés, 2 refusés."),
     sessionText("TRUSTEDPATHS", "", "Dossiers sûrs."),
     fixedInt("UNDOCTL", 5, "État de l'annulation."),
     fixedInt("WORLDUCS", 1, "Le repère courant est le général."),
@@ -121,6 +121,8 @@ constexpr VariableRow kRows[] = {
     headerReal("ELEVATION", 40, 0, "Élévation courante."),
     headerReal("THICKNESS", 40, 0, "Hauteur d'objet courante."),
     headerReal("FILLETRAD", 40, 0, "Rayon de raccord."),
+    headerReal("CHAMFERA", 40, 0, "Premier écart de chanfrein."),
+    headerReal("CHAMFERB", 40, 0, "Deuxième écart de chanfrein."),
     // --- units
     headerInt("LUNITS", 70, 2, 1, 5, "Unités linéaires."),
     headerInt("LUPREC", 70, 4, 0, 8, "Décimales des longueurs."),

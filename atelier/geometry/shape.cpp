@@ -15,6 +15,8 @@ template <class... F>
 struct overloaded : F... {
   using F::operator()...;
 };
+template <class... F>
+overloaded(F...) -> overloaded<F...>;
 
 bool finite(double x, double y, double z) { return std::isfinite(x) && std::isfinite(y) && std::isfinite(z); }
 bool finite(const AcGePoint3d& p) { return finite(p.x, p.y, p.z); }

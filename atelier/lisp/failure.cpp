@@ -101,6 +101,7 @@ void Interpreter::overflow() {
 }
 
 void Interpreter::attend() {
+  if (attention_.fetch_and(~kPoll) & kPoll && poll_) poll_();
   if (!interrupted()) return;
   clearInterrupt();
   fail("Function cancelled", Error::Kind::Interrupt);

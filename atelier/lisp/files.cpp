@@ -68,14 +68,18 @@ std::optional<std::string> findProgram(Interpreter& in, std::string_view name) {
   const std::size_t slash = name.find_last_of("/\\");
   const std::string_view base = slash == std::string_view::npos ? name : name.substr(slash + 1);
   if (base.find('.') == std::string_view::npos)
-    if (auto found = in.search().find(std::string(name) + ".lsp")) return found;
-  return in.search().find(name);
+    if (auto found = in.search().findProgram(std::string(name) + ".lsp")) return found;
+  return in.search().findProgram(name);
 }
 
 // When the file is missing: the value `otherwise`, or what it returns if it is a function.
 Value loadFunction(Interpreter& in, Arguments arguments) {
   const std::string_view name = stringArgument(in, arguments[0]);
-  if (const auto path = findProgram(in, name)) return in.load(*path);
+  if (const auto path = findProgram(in, name)) {
+    const std::string refusal = in.search().refusal(*path);
+    if (!refusal.empty()) in.fail(refusal);
+    return in.load(*path);
+  }
   if (arguments.size() < 2) in.fail("LOAD failed: " + prin1(arguments[0]));
   const Value otherwise = arguments[1];
   if (otherwise.isPair() && !Interpreter::isFunction(otherwise)) return in.eval(otherwise);

@@ -3,13 +3,13 @@
 #include <numbers>
 
 #include "atelier/lisp/arguments.h"
+#include "atelier/lisp/crossing.h"
 #include "atelier/lisp/families.h"
 
 namespace atelier::lisp {
 namespace {
 
 constexpr double kParallel = 1e-12;  // sine below which two directions count as parallel
-constexpr double kOnSegment = 1e-9;  // by how much, in parts of the segment, an end may be passed
 
 // In the plane as soon as one of the points has no z.
 Value distance(Interpreter& in, Arguments arguments) {
@@ -41,15 +41,11 @@ Value intersection(Interpreter& in, Arguments arguments) {
     p[i] = pointArgument(in, arguments[i]);
     flat |= !arguments[i].cdr().cdr();
   }
-  const double ux = p[1][0] - p[0][0], uy = p[1][1] - p[0][1], vx = p[3][0] - p[2][0], vy = p[3][1] - p[2][1];
-  const double wx = p[2][0] - p[0][0], wy = p[2][1] - p[0][1];
-  const double cross = ux * vy - uy * vx;
-  if (std::fabs(cross) <= kParallel * std::hypot(ux, uy) * std::hypot(vx, vy)) return nil;
-  const double s = (wx * vy - wy * vx) / cross, t = (wx * uy - wy * ux) / cross;
-  const auto inside = [](double part) { return part >= -kOnSegment && part <= 1 + kOnSegment; };
+  const auto parts = crossing(p[0], p[1], p[2], p[3], kParallel);
   const bool onSegments = arguments.size() < 5 || arguments[4];
-  if (onSegments && !(inside(s) && inside(t))) return nil;
-  const double x = p[0][0] + s * ux, y = p[0][1] + s * uy;
+  if (!parts || (onSegments && !(onSegment((*parts)[0]) && onSegment((*parts)[1])))) return nil;
+  const auto [s, t] = *parts;
+  const double x = p[0][0] + s * (p[1][0] - p[0][0]), y = p[0][1] + s * (p[1][1] - p[0][1]);
   if (flat) return in.point(x, y);
   const double z = p[0][2] + s * (p[1][2] - p[0][2]), other = p[2][2] + t * (p[3][2] - p[2][2]);
   if (std::fabs(z - other) > kOnSegment * (1 + std::fabs(z))) return nil;

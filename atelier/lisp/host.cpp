@@ -19,19 +19,33 @@ std::optional<std::string> StandardConsole::readLine() {
   return line;
 }
 
-std::optional<std::string> FolderSearch::find(std::string_view name) const {
-  namespace fs = std::filesystem;
-  const fs::path wanted = nativePath(name);
+namespace {
+
+std::optional<std::string> existing(const std::filesystem::path& path) {
   std::error_code error;
-  const auto existing = [&error](const fs::path& path) -> std::optional<std::string> {
-    if (!fs::is_regular_file(path, error)) return std::nullopt;
-    return fs::absolute(path, error).lexically_normal().string();
-  };
-  if (wanted.empty()) return std::nullopt;
-  if (auto found = existing(wanted); found || wanted.is_absolute()) return found;
+  if (path.empty() || !std::filesystem::is_regular_file(path, error)) return std::nullopt;
+  return std::filesystem::absolute(path, error).lexically_normal().string();
+}
+
+}  // namespace
+
+std::optional<std::string> FolderSearch::findInFolders(const std::string& wanted) const {
+  if (wanted.empty() || std::filesystem::path(wanted).is_absolute()) return std::nullopt;
   for (const std::string& folder : folders)
-    if (auto found = existing(fs::path(folder) / wanted)) return found;
+    if (auto found = existing(std::filesystem::path(folder) / wanted)) return found;
   return std::nullopt;
+}
+
+std::optional<std::string> FolderSearch::find(std::string_view name) const {
+  const std::string wanted = nativePath(name);
+  auto found = existing(wanted);
+  return found ? found : findInFolders(wanted);
+}
+
+std::optional<std::string> FolderSearch::findProgram(std::string_view name) const {
+  const std::string wanted = nativePath(name);
+  auto found = findInFolders(wanted);
+  return found ? found : existing(wanted);
 }
 
 int SystemVariables::integer(std::string_view name, int otherwise) const {

@@ -33,13 +33,25 @@ class PathSearch {
   virtual ~PathSearch() = default;
   // The absolute path of an existing file, or nothing.
   virtual std::optional<std::string> find(std::string_view name) const = 0;
+  // The same for a program that is to be loaded.
+  virtual std::optional<std::string> findProgram(std::string_view name) const { return find(name); }
+  // Why the program at the path may not be loaded; empty when it may. May ask the user.
+  virtual std::string refusal(const std::string& path) {
+    static_cast<void>(path);
+    return {};
+  }
 };
 
-// An absolute name as it is, a relative one in the current folder, then in each folder of the list in order.
+// An absolute name as it is, a relative one in the current folder, then in each folder of the list in order. Programs
+// are looked for in the folders first: a file that somebody put beside a drawing doesn't take the place of one of ours.
 class FolderSearch : public PathSearch {
  public:
   std::vector<std::string> folders;
   std::optional<std::string> find(std::string_view name) const override;
+  std::optional<std::string> findProgram(std::string_view name) const override;
+
+ private:
+  std::optional<std::string> findInFolders(const std::string& wanted) const;
 };
 
 // The few system variables that the functions of this room depend on: LUNITS LUPREC AUNITS AUPREC DIMZIN

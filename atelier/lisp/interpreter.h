@@ -57,6 +57,9 @@ class Interpreter final : private RootSource {
   void interrupt() noexcept { attention_.fetch_or(kInterrupt, std::memory_order_relaxed); }
   // Forgets an interrupt that came while nothing ran.
   void clearInterrupt() noexcept { attention_.fetch_and(~kInterrupt, std::memory_order_relaxed); }
+  // Makes a running program call the hook soon, between two steps of it. Safe from any thread.
+  void requestPoll() noexcept { attention_.fetch_or(kPoll, std::memory_order_relaxed); }
+  void onPoll(std::function<void()> hook) { poll_ = std::move(hook); }
   bool interrupted() const noexcept { return attention_.load(std::memory_order_relaxed) & kInterrupt; }
 
   // --- Symbols. Names are looked up without regard to case.
@@ -173,7 +176,7 @@ class Interpreter final : private RootSource {
     int catching;
   };
   static constexpr std::ptrdiff_t kErrorReserve = 4096;  // stack places that only *error* may use
-  enum : std::uint32_t { kInterrupt = 1, kTracing = 2 };
+  enum : std::uint32_t { kInterrupt = 1, kTracing = 2, kPoll = 4 };
 
   Value evalForm(Value form);
   Value evalSubr(Value form, Primitive* primitive);
@@ -217,6 +220,7 @@ class Interpreter final : private RootSource {
   Frame* frame_ = nullptr;
   const void* stackLimit_ = nullptr;
   std::atomic<std::uint32_t> attention_{0};
+  std::function<void()> poll_;
   int catching_ = 0;  // how many vl-catch-all-apply wait
   bool inErrorFunction_ = false;
   Value slash_, lambda_, t_, quiet_, errorFunction_;

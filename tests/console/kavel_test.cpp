@@ -100,4 +100,75 @@ TEST(Kavel, RefusesWhatIsNoDrawing) {
   }
 }
 
+TEST(Kavel, SavesInTheVersionAskedFor) {
+  const char* const line = "-e '(entmake (list (cons 0 \"LINE\") (list 10 0.0 0.0 0.0) (list 11 1.0 1.0 0.0)))'";
+  const struct {
+    const char* options;
+    const char* version;
+  } rows[] = {{"", "AC1032"}, {"--release R2000", "AC1015"}, {"--release=r12", "AC1009"}, {"--release R2007", "AC1021"}};
+  for (const auto& row : rows) {
+    Program program;
+    program.run(std::string(line) + " " + row.options + " --save a.dxf");
+    EXPECT_EQ(program.status, 0) << program.output;
+    EXPECT_NE(program.read("a.dxf").find(row.version), std::string::npos) << row.options;
+    program.run("a.dxf -e '(cdr (assoc 11 (entget (entlast))))'");
+    EXPECT_NE(program.output.find("(1.0 1.0 0.0)"), std::string::npos) << row.options << program.output;
+  }
+  Program program;
+  EXPECT_EQ(program.run("--release R99 --save a.dxf").status, 2);
+  EXPECT_EQ(program.run("--binary --save a.dxf").status, 0);
+  EXPECT_EQ(program.read("a.dxf").substr(0, 18), "AutoCAD Binary DXF");
+}
+
+TEST(Kavel, RecoversADamagedDrawingAndKeepsOffItsFile) {
+  Program program;
+  program.run("-e '(command \"_LINE\" \"0,0\" \"1,1\" \"2,0\" \"\")' --save a.dxf");
+  std::string bytes = program.read("a.dxf");
+  bytes.resize(bytes.rfind("LINE") + 20);
+  program.write("bad.dxf", bytes);
+  program.run("bad.dxf -e 1");
+  EXPECT_EQ(program.status, 3);
+  EXPECT_NE(program.output.find("--recover"), std::string::npos) << program.output;
+  program.run("bad.dxf --recover -e '(sslength (ssget \"X\"))'");
+  EXPECT_EQ(program.status, 0) << program.output;
+  EXPECT_NE(program.output.find("ligne "), std::string::npos) << program.output;
+  EXPECT_EQ(program.run("bad.dxf --recover --save bad.dxf").status, 3);
+  EXPECT_EQ(program.read("bad.dxf"), bytes);
+  EXPECT_EQ(program.run("bad.dxf --recover --save good.dxf").status, 0) << program.output;
+  EXPECT_EQ(program.run("good.dxf --audit --fix").status, 0) << program.output;
+  EXPECT_EQ(program.run("bad.dxf --recover --overwrite --save bad.dxf").status, 0) << program.output;
+  EXPECT_EQ(program.run("bad.dxf -e 1").status, 0) << program.output;
+}
+
+TEST(Kavel, OpensAndSavesByCommands) {
+  Program program;
+  program.write("a.scr", "LINE 0,0 1,1\n\nSAVEAS R2004\nun\nNEW\nCIRCLE 0,0 3\nSAVEAS deux.dxf\nOPEN un.dxf\n"
+                         "(setq kinds (cdr (assoc 0 (entget (entlast)))))\nAUDIT Non\nOPEN absent.dxf\n");
+  program.run("-s a.scr -e kinds -e '(getvar \"DWGNAME\")'");
+  EXPECT_EQ(program.status, 1) << "the missing file is a failed command";
+  EXPECT_NE(program.read("un.dxf").find("AC1018"), std::string::npos);
+  EXPECT_NE(program.output.find("0 erreurs, 0 reparees"), std::string::npos) << program.output;
+  EXPECT_NE(program.output.find("\"LINE\"\n\"un.dxf\""), std::string::npos) << program.output;
+}
+
+TEST(Kavel, LoadsNothingThatLiesBesideADrawing) {
+  Program program;
+  program.write("plv-outils.lsp", "(princ \"DETOURNE\")");
+  program.write("kavel.lsp", "(princ \"DETOURNE\")");
+  program.write("mien.lsp", "(setq x 7)");
+  program.run("-e 1");
+  EXPECT_EQ(program.output.find("DETOURNE"), std::string::npos) << program.output;
+  const Row rows[] = {{"-e '(load \"mien\")'", 0, "hors des dossiers"},
+                      {"-e '(setvar \"SECURELOAD\" 2)' -e '(load \"mien\")'", 1, "SECURELOAD refuse de charger"},
+                      {"-e '(setvar \"SECURELOAD\" 2)' -e '(setvar \"TRUSTEDPATHS\" \"/nulle;.\")' -e '(load \"mien\")'", 0, "7\n"},
+                      {"-e '(setvar \"SECURELOAD\" 2)' -l mien.lsp -e x", 0, "7\n"},
+                      {"-e '(setvar \"SECURELOAD\" 0)' -e '(load \"mien\")'", 0, "7\n"},
+                      {"-e '(startapp \"touch\" \"a\")'", 1, "SECURELOAD refuse"}};
+  for (const Row& row : rows) {
+    program.run(row.arguments);
+    EXPECT_EQ(program.status, row.status) << row.arguments << "\n" << program.output;
+    EXPECT_NE(program.output.find(row.output), std::string::npos) << row.arguments << "\n" << program.output;
+  }
+}
+
 }  // namespace

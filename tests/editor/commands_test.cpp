@@ -56,7 +56,7 @@ TEST_F(Commands, TakeTheirAnswersOverManyCalls) {
          {"(vl-cmdf \"_.LINE\" '(0 0) '(1 1) \"\")", "T"},
          {"(vl-cmdf \"_.NUAGE\")", "nil"},
          {"(vl-cmdf \"_.LINE\" nil)", "nil"},
-         {"(command \"_.OFFSET\" 1)", "nil"}});
+         {"(command \"_.PLOT\" 1)", "nil"}});
   EXPECT_EQ(session.document().failures(), 2);
 }
 

@@ -109,4 +109,16 @@ TEST_F(Selections, AreSets) {
          {"(kinds (ssget \"I\"))", "(\"LINE\")"}});
 }
 
+// Blocks nested ten deep, ten references each, under an array: ten billion lines.
+TEST_F(Selections, EndInDrawingsThatUnfoldToBillions) {
+  run("(progn (entmake '((0 . \"BLOCK\") (2 . \"B0\") (70 . 0) (10 0. 0. 0.))) (entmake '((0 . \"LINE\") (10 0. 0. 0.) (11 1. 1. 0.)))"
+      " (entmake '((0 . \"ENDBLK\"))) (setq i 0)"
+      " (repeat 9 (setq i (1+ i)) (entmake (list '(0 . \"BLOCK\") (cons 2 (strcat \"B\" (itoa i))) '(70 . 0) '(10 0. 0. 0.)))"
+      "  (repeat 10 (entmake (list '(0 . \"INSERT\") (cons 2 (strcat \"B\" (itoa (1- i)))) '(10 0. 0. 0.)))) (entmake '((0 . \"ENDBLK\"))))"
+      " (setq e (entmakex '((0 . \"INSERT\") (2 . \"B9\") (10 1000. 0. 0.) (70 . 30000) (71 . 30000) (44 . 2.) (45 . 2.)))))");
+  check({{"(kinds (ssget \"C\" '(1000. 0. 0.) '(1000.5 0.5 0.)))", "(\"INSERT\")"},
+         {"(kinds (ssget '(1500.5 0.5 0.)))", "(\"INSERT\")"},
+         {"(getvar \"EXTMAX\")", "(60999.0 59999.0 0.0)"}});
+}
+
 }  // namespace kaveltest

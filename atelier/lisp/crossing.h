@@ -1,0 +1,24 @@
+// Where two lines in plan cross. Inner to the two sides of the command line: AutoLISP's inters, and acdbInters.
+// Each line is given by two points; points are arrays of at least two reals.
+#pragma once
+#include <array>
+#include <cmath>
+#include <optional>
+
+namespace atelier::lisp {
+
+inline constexpr double kOnSegment = 1e-9;  // by how much, in parts of the segment, an end may be passed
+
+// The places of the crossing on the lines a-b and c-d, in parts of each. Nothing when the sine of their angle is not above
+// `parallel`.
+template <class POINT>
+std::optional<std::array<double, 2>> crossing(const POINT& a, const POINT& b, const POINT& c, const POINT& d, double parallel) {
+  const double ux = b[0] - a[0], uy = b[1] - a[1], vx = d[0] - c[0], vy = d[1] - c[1], wx = c[0] - a[0], wy = c[1] - a[1];
+  const double cross = ux * vy - uy * vx;
+  if (!(std::fabs(cross) > parallel * std::hypot(ux, uy) * std::hypot(vx, vy))) return std::nullopt;
+  return std::array<double, 2>{(wx * vy - wy * vx) / cross, (wx * uy - wy * ux) / cross};
+}
+
+inline bool onSegment(double part) { return part >= -kOnSegment && part <= 1 + kOnSegment; }
+
+}  // namespace atelier::lisp

@@ -1,0 +1,56 @@
+// Mutated AutoLISP on an empty drawing, without the functions that reach files and the environment.
+// A program that goes on for ever is interrupted as Ctrl-C does it.
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <cstddef>
+#include <cstdint>
+#include <mutex>
+#include <thread>
+
+#include "atelier/editor/command_run.h"
+#include "atelier/editor/document.h"
+
+namespace {
+
+// Interrupts the document when a run takes longer than this.
+constexpr auto kLongest = std::chrono::milliseconds(200);
+
+class Watchdog {
+ public:
+  explicit Watchdog(atelier::Document& document) : thread_([this, &document] { watch(document); }) {}
+  ~Watchdog() {
+    {
+      const std::lock_guard lock(mutex_);
+      done_ = true;
+    }
+    ended_.notify_one();
+    thread_.join();
+  }
+  Watchdog(const Watchdog&) = delete;
+  Watchdog& operator=(const Watchdog&) = delete;
+
+ private:
+  void watch(atelier::Document& document) {
+    std::unique_lock lock(mutex_);
+    while (!ended_.wait_for(lock, kLongest, [this] { return done_; })) document.interrupt();
+  }
+  std::mutex mutex_;
+  std::condition_variable ended_;
+  bool done_ = false;
+  std::thread thread_;
+};
+
+constexpr const char* kWithheld[] = {"OPEN", "LOAD", "VL-FILE-DELETE", "VL-FILE-RENAME", "VL-FILE-COPY", "VL-MKDIR", "SETENV", "COMMAND",
+                                     "VL-CMDF", "COMMAND-S", "VL-REGISTRY-WRITE", "EXIT", "QUIT"};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  atelier::Document document(nullptr);
+  for (const char* name : kWithheld) document.interpreter().set(name, atelier::lisp::nil);
+  const Watchdog watchdog(document);
+  document.evaluate(std::string_view(reinterpret_cast<const char*>(data), size));
+  atelier::cancelCommand(document);
+  return 0;
+}
