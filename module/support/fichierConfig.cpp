@@ -7,6 +7,7 @@
 #include <boost/property_tree/ini_parser.hpp>
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <sstream>
 
 #include "hote/plateforme.h"
@@ -35,6 +36,21 @@ void lire(const std::string& chemin, boost::property_tree::ptree& arbre) try {
     lireAvantLigne(chemin, erreur.line(), arbre);
   }
 } catch (const std::exception&) {
+}
+
+// Programs of a batch read the file while another one writes it: they find the former contents or the new ones, whole.
+// The file is opened first, so that one that can't be written is the library's failure.
+void remplacer(const std::string& chemin, const boost::property_tree::ptree& arbre) {
+  if (!std::ofstream(chemin, std::ios::app)) return write_ini(chemin, arbre);
+  const std::string nouveau = chemin + "." + std::to_string(std::random_device{}());
+  std::error_code refus;
+  try {
+    write_ini(nouveau, arbre);
+    std::filesystem::rename(nouveau, chemin);
+  } catch (const std::exception&) {  // a folder that takes no new file
+    std::filesystem::remove(nouveau, refus);
+    write_ini(chemin, arbre);
+  }
 }
 
 }  // namespace
@@ -68,7 +84,7 @@ void fichierConfig::sauver() {
   const std::string chemin = cheminConfig();
   std::error_code absent;  // a folder that can't be made shows when the file is opened
   std::filesystem::create_directories(std::filesystem::path(chemin).parent_path(), absent);
-  write_ini(chemin, m_arbre);
+  remplacer(chemin, m_arbre);
   m_modifie = false;
 }
 
