@@ -93,7 +93,7 @@ def check(version, folder):
     with open(script, "w", encoding="utf-8") as file:
         file.write(SCRIPT.format(handles=" ".join(f'"{h}"' for h in handles), line=handles[0], mark=mark))
     run = subprocess.run([KAVEL, source, "--script", script, "--save", result, "--audit"], cwd=os.path.join(SOURCE, "exemples"),
-                         env=dict(os.environ, KAVEL_FRONTAL=os.path.join(SOURCE, "frontal")), capture_output=True, text=True)
+                         env=dict(os.environ, KAVEL_FRONTAL=os.path.join(SOURCE, "frontal"), KAVEL_CHEMIN=folder), capture_output=True, text=True)
     if run.returncode:
         faults.append(f"{version}: status {run.returncode}\n{run.stdout[-1500:]}\n{run.stderr[-500:]}")
         return

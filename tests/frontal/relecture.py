@@ -48,7 +48,7 @@ def ground(survey, d):
 
 def draw(folder):
     path = os.path.join(folder, "a.dxf")
-    environment = dict(os.environ, KAVEL_FRONTAL=os.path.join(SOURCE, "frontal"))
+    environment = dict(os.environ, KAVEL_FRONTAL=os.path.join(SOURCE, "frontal"), KAVEL_CHEMIN=folder)
     subprocess.run([KAVEL, "--quiet", "-s", "demo.scr", "--save", path], cwd=os.path.join(SOURCE, "exemples"),
                    check=True, env=environment, stderr=subprocess.DEVNULL)
     return ezdxf.readfile(path)

@@ -17,18 +17,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const std::string& dossierDuProgramme() {
-  static const std::string dossier = fs::temp_directory_path() / ("kavel-module-" + std::to_string(getpid()));
-  return dossier;
-}
-
-// Ahead of every static initialiser: the tests leave the user's own settings alone.
-[[gnu::constructor(101)]] void choisirDossier() {
-  if (std::getenv("KAVEL_CHEMIN")) return;
-  setenv("KAVEL_CHEMIN", dossierDuProgramme().c_str(), 1);
-  std::atexit([] { fs::remove_all(dossierDuProgramme()); });
-}
-
 const char* const kFichierNeuf =
     "[Kavels]\nHatchTransparency=90\n"
     "HauteurMinClasseProfondeur1=1\nHauteurMinClasseProfondeur2=1.5\nHauteurMinClasseProfondeur3=2\n"
