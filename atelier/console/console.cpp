@@ -12,6 +12,7 @@
 #include "atelier/editor/front_end.h"
 #include "atelier/console/listing.h"
 #include "atelier/console/options.h"
+#include "atelier/console/progress.h"
 #include "atelier/console/terminal.h"
 #include "atelier/dxf/versions.h"
 #include "atelier/editor/audit_report.h"
@@ -146,14 +147,18 @@ std::unique_ptr<Document> openDocument(const Options& options, const Printer& pr
 int carryOutAll(const Options& options) {
   bool interactive = options.actions.empty() && isTerminal();
   const Printer printer = [&options](std::string_view text) { print(options, text); };
+  ProgressReport progress(interactive ? Progress::never : options.progress, options.actions.size() + 1);
+  progress.begin("open", options.drawing);
   const auto opened = openDocument(options, printer);
   Document& document = *opened;
   std::signal(SIGINT, onInterrupt);
   std::signal(SIGXFSZ, SIG_IGN);  // a file above the limit is an error of the write, not the end of the program
   if (options.frontal && !loadFrontal(document)) return kFileTrouble;
   Run run(options, document);
-  for (const Action& action : options.actions)
+  for (const Action& action : options.actions) {
+    progress.begin(std::string(actionName(action.kind)), action.argument);
     if (!run.carryOut(action)) return kBadUsage;
+  }
   if (interactive) runTerminal(document);
   std::fflush(stdout);
   return document.failures() > 0 ? kFailed : kDone;

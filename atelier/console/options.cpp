@@ -20,6 +20,12 @@ const std::map<std::string, ActionKind> kActions = {
 
 }  // namespace
 
+std::string_view actionName(ActionKind kind) {
+  for (const auto& [name, known] : kActions)
+    if (known == kind) return std::string_view(name).substr(2);
+  return {};
+}
+
 std::optional<Options> parseOptions(int argc, char** argv, int& status) {
   CLI::App app(kDescription, "kavel");
   app.footer(kFooter);

@@ -3,6 +3,7 @@
 #pragma once
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace atelier::console {
@@ -16,6 +17,9 @@ struct Action {
   std::string scale, paper, window;
   std::string release;  // of a save; empty: the drawing's own
 };
+
+// The name of its option: "load", "save" ...
+std::string_view actionName(ActionKind kind);
 
 enum class Progress { automatic, never, json };
 

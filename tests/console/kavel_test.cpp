@@ -171,4 +171,26 @@ TEST(Kavel, LoadsNothingThatLiesBesideADrawing) {
   }
 }
 
+TEST(Kavel, TellsItsProgressToProgramsOnly) {
+  Program program;
+  program.run("--no-frontal --progress=json -e '(+ 1 2)' --save \"a'b.dxf\"");
+  for (const char* part : {"{\"step\":1,\"of\":3,\"action\":\"open\",\"argument\":\"\",\"seconds\":",
+                           "{\"step\":2,\"of\":3,\"action\":\"eval\",\"argument\":\"(+ 1 2)\"",
+                           "{\"step\":3,\"of\":3,\"action\":\"save\",\"argument\":\"a'b.dxf\""})
+    EXPECT_NE(program.output.find(part), std::string::npos) << program.output;
+  EXPECT_EQ(program.run("--no-frontal -e 1").output, "1\n");
+}
+
+// A limit of two seconds stands for a hand on Ctrl-C: the loop alone would never end.
+TEST(Kavel, IsStoppedByAnInterrupt) {
+  for (const char* loop : {"(while T)", "(progn (defun f (n) (f n)) (while T (vl-catch-all-apply (quote f) (list 1))))",
+                           "(while T (mapcar (quote 1+) (list 1 2 3)))"}) {
+    Program program;
+    program.prefix = "timeout -s INT -k 20 2";
+    program.run(std::string("--no-frontal -e '") + loop + "' -e '(+ 40 2)'");
+    EXPECT_EQ(program.status, 124) << program.output;  // that of timeout, when the program ended by itself after it
+    EXPECT_NE(program.output.find("42\n"), std::string::npos) << loop << program.output;
+  }
+}
+
 }  // namespace

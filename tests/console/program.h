@@ -28,7 +28,7 @@ class Program {
 
   // Arguments as typed in a shell, run in the folder; stderr comes with stdout.
   Program& run(const std::string& arguments) {
-    const std::string command = "cd '" + folder_.string() + "' && " + prefix + " KAVEL_FRONTAL='" KAVEL_SOURCE "/frontal' '" + std::string(KAVEL_BIN) + "/kavel' " + arguments + " 2>&1 < /dev/null";
+    const std::string command = "cd '" + folder_.string() + "' && " + prefix + " env KAVEL_FRONTAL='" KAVEL_SOURCE "/frontal' '" + std::string(KAVEL_BIN) + "/kavel' " + arguments + " 2>&1 < /dev/null";
     output.clear();
     FILE* pipe = popen(command.c_str(), "r");
     char buffer[4096];

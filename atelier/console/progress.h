@@ -1,0 +1,34 @@
+// How far long work has come: a bar on a terminal, a line of JSON for other programs, nothing in a pipe.
+// It goes to stderr, results to stdout.
+#pragma once
+#include <chrono>
+#include <cstddef>
+#include <string>
+
+#include "atelier/console/options.h"
+
+namespace atelier::console {
+
+// The steps of a run (opening, each action), one after the other. JSON: {"step":2,"of":5,"action":"plot",
+// "argument":"a.pdf","seconds":0.12} when a step has ended. The bar stays away from runs that end at once.
+class ProgressReport {
+ public:
+  ProgressReport(Progress wanted, std::size_t steps);
+  ~ProgressReport();
+  ProgressReport(const ProgressReport&) = delete;
+  ProgressReport& operator=(const ProgressReport&) = delete;
+  // The step before, if any, has ended.
+  void begin(const std::string& action, const std::string& argument);
+
+ private:
+  void end();
+  void clear();
+  const bool bar_, json_;
+  const std::size_t steps_;
+  std::size_t step_ = 0;
+  std::string action_, argument_;
+  std::chrono::steady_clock::time_point run_, begun_;
+  bool shown_ = false;
+};
+
+}  // namespace atelier::console
