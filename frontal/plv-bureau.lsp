@@ -1,9 +1,9 @@
 ;; What the window shows of profiles: the tree of its panel, the reading under the cursor, the fields of an entity.
 ;; Nothing here changes the drawing. What was read of the profiles is kept until plv-bureau-oublier.
 
-(setq plv-bureau:profils nil plv-bureau:lus nil)
+(setq plv-bureau:arbre nil plv-bureau:lectures nil)
 
-(defun plv-bureau-oublier () (setq plv-bureau:profils nil plv-bureau:lus nil))
+(defun plv-bureau-oublier () (setq plv-bureau:arbre nil plv-bureau:lectures nil))
 
 ;; --- the tree: (title handle children)
 
@@ -30,11 +30,22 @@
       (setq noeuds (cons (plv-bureau:noeud (strcat genre " (" (itoa (length elements)) ")") nil elements) noeuds))))
   (reverse noeuds))
 
+(defun plv-bureau:rangees (reference / record rang noeuds)
+  "Rows by their labels, or by their names where the label is empty."
+  (setq record (plv-enregistrement reference "INFO_MATRICE") rang 0)
+  (repeat (plv-cle 90 record)
+    (setq noeuds (cons (plv-bureau:noeud (plv-bureau:libelle (cdr (nth (+ 10 (* 8 rang)) record)) (cdr (nth (+ 6 (* 8 rang)) record)))
+                                         reference nil)
+                       noeuds)
+          rang (1+ rang)))
+  (reverse noeuds))
+
+(defun plv-bureau:libelle (libelle nom) (if (= libelle "") nom libelle))
+
 (defun plv-bureau:matrices (profil)
   (mapcar
-    '(lambda (reference / record)
-       (setq record (dictsearch (plv-dictionnaire reference) "INFO_MATRICE"))
-       (plv-bureau:noeud (strcat (plv-cle 300 record) ": " (itoa (plv-cle 90 record)) " lignes") reference nil))
+    '(lambda (reference)
+       (plv-bureau:noeud (plv-cle 300 (plv-enregistrement reference "INFO_MATRICE")) reference (plv-bureau:rangees reference)))
     (vl-remove-if-not 'entget (plv-tables:references profil))))
 
 (defun plv-bureau:profil (profil)
@@ -45,7 +56,7 @@
             (plv-bureau:groupe "Matrices" (plv-bureau:matrices profil)))))
 
 (defun plv-bureau-profils ()
-  (cond (plv-bureau:profils) ((setq plv-bureau:profils (mapcar 'plv-bureau:profil (plv-profils))))))
+  (cond (plv-bureau:arbre) ((setq plv-bureau:arbre (mapcar 'plv-bureau:profil (plv-profils))))))
 
 ;; --- where a profile is, with its tables: (x1 y1 x2 y2); nil for another entity
 
@@ -68,7 +79,7 @@
         (cons 'origine (plgxd profil "DCUMDEB")) (cons 'plans (plv-tables:plans profil)) (cons 'points (plv-points-tn profil))))
 
 (defun plv-bureau:lus ()
-  (cond (plv-bureau:lus) ((setq plv-bureau:lus (mapcar 'plv-bureau:lire (plv-profils))))))
+  (cond (plv-bureau:lectures) ((setq plv-bureau:lectures (mapcar 'plv-bureau:lire (plv-profils))))))
 
 (defun plv-bureau:contient (lu x y / d)
   "Over the profile: within its length, and not far below its planes or above its ground."

@@ -30,6 +30,7 @@ constexpr ActionRow kRows[] = {
     {"&Affichage", "P&lus loin", "Ctrl+-", nullptr, "@farther"},
     {"&Affichage", nullptr, nullptr, nullptr, nullptr},
     {"&Affichage", "&Couleur du fond...", nullptr, nullptr, "@ground"},
+    {"&Affichage", "&Thème sombre", nullptr, nullptr, "@theme"},
     {"&Affichage", "&Accrochages aux objets...", "F3", nullptr, "@snaps"},
     {"&Dessin", "&Ligne", nullptr, nullptr, "LINE"},
     {"&Dessin", "&Polyligne", nullptr, nullptr, "PLINE"},

@@ -9,6 +9,9 @@
 
 #include "atelier/desktop/icons.h"
 #include "atelier/desktop/main_window.h"
+#include "atelier/desktop/theme.h"
+#include "atelier/exchange/exchange.h"
+#include "atelier/render/plot_builtins.h"
 
 namespace atelier::desktop {
 
@@ -19,6 +22,7 @@ int run(int argc, char** argv) {
   QApplication::setOrganizationName("kavel");
   QApplication::setApplicationName("kavel-bureau");
   QApplication::setApplicationDisplayName("Kavel");
+  applyTheme();
   QTranslator translator;
   if (translator.load("qtbase_fr", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) QApplication::installTranslator(&translator);
   QApplication::setWindowIcon(iconNamed("profil"));
@@ -27,6 +31,8 @@ int run(int argc, char** argv) {
     std::puts("kavel-bureau [DRAWING.dxf ...]   the desktop; see kavel --help for the headless program");
     return 0;
   }
+  exchange::provideExchange();
+  render::providePlots();
   MainWindow window;
   window.show();
   bool opened = false;

@@ -3,6 +3,7 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -36,6 +37,7 @@ CommandLine::CommandLine(QWidget* parent) : QWidget(parent) {
   history_->setReadOnly(true);
   history_->setMaximumBlockCount(kMostLines);
   history_->setAccessibleName(QStringLiteral("Historique"));
+  history_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   history_->setMinimumHeight(history_->fontMetrics().height() * kVisibleLines);
   prompt_ = new QLabel(this);
   prompt_->setTextFormat(Qt::RichText);

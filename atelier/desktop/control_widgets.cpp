@@ -21,6 +21,8 @@ namespace {
 
 using namespace dialogues;
 
+constexpr int kLabelCharacters = 22;  // fields one below the other begin at one place
+
 QString text(const std::wstring& wide) { return QString::fromStdWString(wide); }
 
 QColor paletteColour(int index) {
@@ -57,6 +59,7 @@ class Bound : public ControlWidget {
     const QSignalBlocker quiet(widget_);
     if (label_) label_->setText(text(control_.label()));
     if (label_) label_->setVisible(!control_.label().empty());
+    if (label_) label_->setMinimumWidth(label_->fontMetrics().averageCharWidth() * kLabelCharacters);
     outer_->setVisible(control_.visible());
     outer_->setEnabled(control_.enabled());
     showValue();
@@ -157,6 +160,7 @@ class ListWidget final : public Bound<List, QTableWidget> {
   void showValue() override {
     const QSignalBlocker quiet(widget_->selectionModel());
     const auto& rows = control_.rows();
+    widget_->clearSpans();
     widget_->setRowCount(static_cast<int>(rows.size()));
     for (int i = 0; i < widget_->rowCount(); ++i) showRow(i, rows[static_cast<std::size_t>(i)]);
     widget_->clearSelection();
@@ -186,13 +190,17 @@ class ListWidget final : public Bound<List, QTableWidget> {
       widget_->setColumnWidth(static_cast<int>(i), static_cast<int>(room * control_.columns()[i].width / total));
   }
 
+  // A row that has a first cell only is a title over the whole width.
   void showRow(int row, const Row& content) {
+    const bool title = !content.cells.empty() && !content.cells[0].empty() &&
+                       std::all_of(content.cells.begin() + 1, content.cells.end(), [](const std::wstring& c) { return c.empty(); });
+    if (title && widget_->columnCount() > 1) widget_->setSpan(row, 0, 1, widget_->columnCount());
     for (int column = 0; column < widget_->columnCount(); ++column) {
       const auto index = static_cast<std::size_t>(column);
       QTableWidgetItem* item = widget_->item(row, column);
       if (!item) widget_->setItem(row, column, item = new QTableWidgetItem);
       item->setText(index < content.cells.size() ? text(content.cells[index]) : QString());
-      item->setTextAlignment(alignment(index) | Qt::AlignVCenter);
+      item->setTextAlignment((title ? Qt::AlignLeft : alignment(index)) | Qt::AlignVCenter);
       item->setBackground(control_.colourColumn == column ? QBrush(paletteColour(content.data)) : QBrush());
     }
   }

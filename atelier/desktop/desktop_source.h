@@ -16,11 +16,17 @@ class DesktopSource final : public InputSource {
   // Lines that follow each other, as a macro gives them.
   void begin(std::deque<std::string> lines) { lines_ = std::move(lines); }
 
+  // A line typed ahead: it answers the next prompt, or begins the next command.
+  void append(std::string line) { lines_.push_back(std::move(line)); }
+
   Input next(const PromptInfo& prompt) override;
   // Answers the prompt that waits; nothing happens when none does.
   void answer(Input input);
   // Cancels the prompt that waits and all that is asked afterwards, until the command has ended.
   void abandon();
+  bool isAbandoned() const { return abandoned_; }
+  // A prompt has no answer yet.
+  bool waits() const { return prompt_ && !answer_; }
   const PromptInfo* prompt() const { return prompt_ ? &*prompt_ : nullptr; }
 
   std::function<void()> onPrompt;  // a prompt began or ended to wait

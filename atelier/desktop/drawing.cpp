@@ -49,8 +49,8 @@ Drawing::Drawing(const QString& path) {
     if (onPrompt) onPrompt();
   };
   document_->interpreter().onPoll([this] {
-    // Keys and clicks wait for their turn, but Escape is looked at by the window's filter.
-    if (!source_.prompt()) QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    // What the window itself asks of AutoLISP, between commands and at prompts, is not to be disturbed.
+    if (running_ && !source_.prompt()) QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
   });
 }
 
@@ -65,11 +65,9 @@ QString Drawing::title() const {
 }
 
 void Drawing::type(const QString& line) {
-  if (source_.prompt()) {
-    source_.answer(Input::line(line.toStdString()));
-    return;
-  }
-  if (running_) return;
+  if (source_.waits()) return source_.answer(Input::line(line.toStdString()));
+  if (running_ && source_.isAbandoned()) return later_.push_back(line);
+  if (running_) return source_.append(line.toStdString());
   QString text = line;
   if (text.trimmed().isEmpty()) text = lastLine;
   if (text.trimmed().isEmpty()) return;
@@ -79,14 +77,14 @@ void Drawing::type(const QString& line) {
 }
 
 void Drawing::feed(const std::vector<std::string>& lines) {
-  if (running_) {
-    // The running command unwinds first.
-    cancel();
-    QTimer::singleShot(0, this, [this, lines] { feed(lines); });
-    return;
-  }
-  source_.begin(std::deque<std::string>(lines.begin(), lines.end()));
-  run();
+  if (running_) cancel();  // it unwinds first
+  ++awaited_;
+  QTimer::singleShot(0, this, [this, lines] {
+    --awaited_;
+    if (running_) return feed(lines);
+    source_.begin(std::deque<std::string>(lines.begin(), lines.end()));
+    run();
+  });
 }
 
 void Drawing::run() {
@@ -102,11 +100,16 @@ void Drawing::run() {
   running_ = false;
   if (onPrompt) onPrompt();
   if (onDone) onDone();
+  if (later_.empty()) return;
+  const QString line = std::move(later_.front());
+  later_.pop_front();
+  feed({line.toStdString()});
 }
 
 void Drawing::pick(const AcGePoint3d& point) { source_.answer(Input::pick(point)); }
 
 void Drawing::cancel() {
+  later_.clear();
   if (source_.prompt()) source_.abandon();
   else if (running_) document_->interrupt();
 }

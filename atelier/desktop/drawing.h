@@ -2,6 +2,7 @@
 #pragma once
 #include <QObject>
 #include <QString>
+#include <deque>
 #include <memory>
 
 #include "atelier/desktop/desktop_source.h"
@@ -20,14 +21,17 @@ class Drawing : public QObject {
   SceneCache& scene() { return *scene_; }
   const DesktopSource& source() const { return source_; }
 
-  // A line as typed: answers the prompt that waits, else begins a command.
+  // A line as typed: answers the prompt that waits, else begins a command; typed ahead of a prompt or of the end of a
+  // cancelled command, it is kept until then.
   void type(const QString& line);
-  // Feeds lines one after the other, when nothing runs; a running command is cancelled first.
+  // Feeds lines one after the other, as soon as the event loop has the word; a running command is cancelled first.
   void feed(const std::vector<std::string>& lines);
   void pick(const AcGePoint3d& point);
   void enter() { type(QString()); }
   void cancel();
   bool isRunning() const { return running_; }
+  bool waits() const { return source_.waits(); }
+  bool hasMore() const { return awaited_ > 0; }  // lines that were fed and haven't begun
   const PromptInfo* prompt() const { return source_.prompt(); }
   QString title() const;  // of the tab
   bool isModified() { return document_->imp().modified; }
@@ -44,7 +48,9 @@ class Drawing : public QObject {
   DesktopSource source_;
   std::unique_ptr<Document> document_;
   std::unique_ptr<SceneCache> scene_;
+  std::deque<QString> later_;
   bool running_ = false;
+  int awaited_ = 0;
 };
 
 }  // namespace atelier::desktop

@@ -52,6 +52,9 @@ void DrawingView::setGround(const QColor& colour) {
 
 void DrawingView::refresh() {
   drawing_.scene().refresh();
+  // A command may have taken the selection, a program may have set another one.
+  const auto& first = drawing_.document().firstSelection;
+  selection_ = first ? first->list() : std::vector<AcDbStub*>();
   std::erase_if(selection_, [](AcDbStub* stub) { return stub->is(AcDbStub::kErased); });
   selected_ = shown(selection_);
   hoveredStub_ = nullptr;
@@ -225,13 +228,25 @@ void DrawingView::paintEvent(QPaintEvent*) {
   marks.list(hovered_, Emphasis::hover);
   marks.list(selected_, Emphasis::selected);
   const Transients& transients = drawing_.document().transients();
-  std::vector<AcDbStub*> highlighted;
-  for (const AcDbObjectId& id : transients.highlighted)
-    if (AcDbStub* stub = id; stub && !stub->is(AcDbStub::kErased)) highlighted.push_back(stub);
-  marks.list(shown(highlighted), Emphasis::highlighted);
+  marks.list(highlightedList(), Emphasis::highlighted);
   marks.transients(transients);
   if (!drawing_.isRunning()) marks.grips(grips_, hotGrip_);
   if (cursor_) drawCursor(marks);
+}
+
+// What commands and programs highlight, and what a running prompt for objects has gathered.
+const render::DisplayList& DrawingView::highlightedList() {
+  std::vector<AcDbStub*> now;
+  for (const AcDbObjectId& id : drawing_.document().transients().highlighted)
+    if (AcDbStub* stub = id; stub && !stub->is(AcDbStub::kErased)) now.push_back(stub);
+  if (const auto pending = drawing_.document().pendingSelection.lock())
+    for (AcDbStub* stub : pending->list())
+      if (!stub->is(AcDbStub::kErased)) now.push_back(stub);
+  if (now != highlighted_) {
+    highlighted_ = std::move(now);
+    highlightedShown_ = shown(highlighted_);
+  }
+  return highlightedShown_;
 }
 
 void DrawingView::drawPicture(QPainter& painter, const Viewport& port) {
@@ -325,7 +340,7 @@ void DrawingView::keyPressEvent(QKeyEvent* event) {
     return;
   }
   if (event->key() == Qt::Key_Delete && !drawing_.isRunning() && !selection_.empty()) {
-    drawing_.feed({"ERASE", "P", ""});
+    drawing_.feed({"ERASE"});
     return;
   }
   if (onKey) onKey(event);

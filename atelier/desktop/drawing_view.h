@@ -61,6 +61,7 @@ class DrawingView : public QWidget {
   std::optional<std::size_t> gripAt(QPointF pixel) const;
   render::DisplayList shown(const std::vector<AcDbStub*>& entities) const;
   std::optional<AcGePoint3d> base() const;
+  const render::DisplayList& highlightedList();
   void drawPicture(QPainter& painter, const Viewport& viewport);
   void drawCursor(class ViewMarks& marks);
 
@@ -68,8 +69,8 @@ class DrawingView : public QWidget {
   ScenePainter painter_;
   Picture picture_;
   QColor ground_;
-  std::vector<AcDbStub*> selection_;
-  render::DisplayList selected_, hovered_;
+  std::vector<AcDbStub*> selection_, highlighted_;
+  render::DisplayList selected_, hovered_, highlightedShown_;
   AcDbStub* hoveredStub_ = nullptr;
   std::vector<Grip> grips_;
   std::optional<std::size_t> hotGrip_;

@@ -48,6 +48,13 @@ Driver& Driver::type(const QString& line) {
 Driver& Driver::pick(double x, double y) {
   return then([this, x, y] { click(*window_.view(), window_.view()->viewport().pixel(x, y)); });
 }
+Driver& Driver::hover(double x, double y) {
+  return then([this, x, y] {
+    const QPointF at = window_.view()->viewport().pixel(x, y);
+    QMouseEvent event(QEvent::MouseMove, at, window_.view()->mapToGlobal(at), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QApplication::sendEvent(window_.view(), &event);
+  });
+}
 Driver& Driver::menu(const QString& entry) {
   return then([this, entry] {
     QAction* const action = actionNamed(window_.menuBar()->actions(), entry);
@@ -82,11 +89,13 @@ Driver& Driver::key(Qt::Key key) {
 }
 Driver& Driver::shot(const QString& file) {
   return then([this, file] {
+    shooting_ = true;  // the next step waits
     QElapsedTimer timer;
     timer.start();
     while (timer.elapsed() < kSettle && (timer.elapsed() < 200 || (window_.view() && !window_.view()->isSettled())))
       QApplication::processEvents(QEventLoop::AllEvents, 20);
-    front()->grab().save(file);
+    if (!front()->grab().save(file)) qFatal("no picture %s", qPrintable(file));
+    shooting_ = false;
   });
 }
 
@@ -98,13 +107,21 @@ QWidget* Driver::front() {
 }
 
 bool Driver::isReady() const {
-  if (QApplication::activeModalWidget()) return true;
+  if (shooting_) return false;
+  if (QWidget* const modal = QApplication::activeModalWidget()) {
+    const auto* const dialog = dynamic_cast<DialogWindow*>(modal);
+    return !dialog || !dialog->model().result();  // one that has its result is about to go
+  }
   const Drawing* const d = window_.drawing();
-  return !d || !d->isRunning() || d->prompt();
+  return !d || d->waits() || !(d->isRunning() || d->hasMore());
 }
 
 void Driver::step() {
-  if (steps_.empty()) return;
+  if (steps_.empty()) {
+    const Drawing* const d = window_.drawing();
+    if (d && d->waits()) qFatal("no step answers the last prompt of: %s", qPrintable(window_.commandLine().text()));
+    return;
+  }
   if (!isReady()) {
     QTimer::singleShot(kPause, this, [this] { step(); });
     return;
@@ -118,7 +135,7 @@ void Driver::step() {
 void Driver::play() {
   QTimer::singleShot(0, this, [this] { step(); });
   do QApplication::processEvents(QEventLoop::AllEvents, 20);
-  while (!steps_.empty() || (window_.drawing() && window_.drawing()->isRunning()) || QApplication::activeModalWidget());
+  while (!steps_.empty() || (window_.drawing() && (window_.drawing()->isRunning() || window_.drawing()->hasMore())) || QApplication::activeModalWidget());
 }
 
 }  // namespace atelier::desktop

@@ -16,6 +16,7 @@ class Driver : public QObject {
   Driver& then(std::function<void()> step);
   Driver& type(const QString& line);                    // at the command line
   Driver& pick(double x, double y);                     // a click at that place of the drawing
+  Driver& hover(double x, double y);                    // the cursor comes to that place
   Driver& menu(const QString& entry);                   // an entry of any menu by its text, without &
   Driver& press(const QString& button);                 // of the dialog or form that is open
   Driver& select(const QString& list, std::vector<int> rows);  // in the open dialog: the visible list with that first column
@@ -29,6 +30,7 @@ class Driver : public QObject {
   static QWidget* front();
   MainWindow& window_;
   std::deque<std::function<void()>> steps_;
+  bool shooting_ = false;
 };
 
 }  // namespace atelier::desktop

@@ -2,7 +2,6 @@
 #include <QFormLayout>
 #include <QPainter>
 #include <QPainterPath>
-#include <QTimer>
 
 #include "atelier/desktop/form_parts.h"
 #include "atelier/desktop/forms.h"
@@ -96,7 +95,7 @@ void NewProfileForm::accept() {
                                 atelier::desktop::number(textHeight->value()));
   QDialog::accept();
   // The command line asks for the place, where it can be clicked.
-  QTimer::singleShot(0, &drawing_, [&drawing = drawing_, call] { drawing.feed({call.toStdString()}); });
+  drawing_.feed({call.toStdString()});
 }
 
 }  // namespace atelier::desktop

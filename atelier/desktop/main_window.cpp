@@ -17,6 +17,7 @@
 namespace atelier::desktop {
 namespace {
 
+constexpr int kPanelWidth = 42;    // characters
 constexpr int kReadingDelay = 60;  // milliseconds between two readings of a profile
 
 QDockWidget* dock(QMainWindow& window, const QString& title, QWidget* content, Qt::DockWidgetArea area) {
@@ -64,9 +65,11 @@ void MainWindow::buildPanels() {
   profiles_ = new ProfilesPanel(this);
   properties_ = new PropertiesPanel(this);
   commands_ = new CommandLine(this);
-  dock(*this, QStringLiteral("Profils"), profiles_, Qt::LeftDockWidgetArea);
+  QDockWidget* const profiles = dock(*this, QStringLiteral("Profils"), profiles_, Qt::LeftDockWidgetArea);
+  resizeDocks({profiles}, {fontMetrics().averageCharWidth() * kPanelWidth}, Qt::Horizontal);
   dock(*this, QStringLiteral("Propriétés"), properties_, Qt::LeftDockWidgetArea);
-  dock(*this, QStringLiteral("Commandes"), commands_, Qt::BottomDockWidgetArea);
+  QDockWidget* const commands = dock(*this, QStringLiteral("Commandes"), commands_, Qt::BottomDockWidgetArea);
+  resizeDocks({commands}, {commands->minimumSizeHint().height()}, Qt::Vertical);
   coordinates_ = new QLabel(this);
   coordinates_->setMinimumWidth(fontMetrics().horizontalAdvance("000000.000 , 000000.000"));
   profileStatus_ = new QLabel(this);

@@ -34,6 +34,8 @@ class MainWindow : public QMainWindow {
   ProfilesPanel& profiles() { return *profiles_; }
   PropertiesPanel& properties() { return *properties_; }
   QString status() const { return profileStatus_->text(); }
+  // Copies of what isn't saved, for the next start if this one ends by itself. Called from time to time.
+  void autosave();
   void perform(const QString& action);  // "@name" of the window, else lines for the command line
   // For tests: answers in place of the user's to file choices (empty: cancel) and questions ("oui", "non", "annuler").
   std::function<QString()> fileAnswer;
@@ -64,11 +66,11 @@ class MainWindow : public QMainWindow {
   QString ask(const QString& question, const QStringList& answers);
   QString chooseFile(bool save, const QString& title, const QString& filter, const QString& suggested = {});
   void windowAction(const QString& name);
+  void changeTheme();
   void chooseGround();
   void chooseSnaps();
   void selectAll();
   void audit();
-  void autosave();
   void recover();
 
   QTabWidget* tabs_;

@@ -12,6 +12,7 @@
 #include "atelier/desktop/forms.h"
 #include "atelier/desktop/icons.h"
 #include "atelier/desktop/main_window.h"
+#include "atelier/desktop/theme.h"
 #include "atelier/dxf/audit.h"
 
 namespace atelier::desktop {
@@ -31,6 +32,7 @@ void MainWindow::buildMenus() {
     QAction* action = menu->addAction(QString::fromUtf8(row.text));
     if (row.shortcut) action->setShortcut(QKeySequence(row.shortcut));
     if (row.icon) {
+      action->setProperty("icone", row.icon);
       action->setIcon(iconNamed(row.icon));
       bar->addAction(action);
     }
@@ -56,6 +58,13 @@ void MainWindow::buildMenus() {
   });
 }
 
+// Icons are drawn in the colours of the window, so they are made anew.
+void MainWindow::changeTheme() {
+  chooseTheme(!isDarkTheme());
+  for (QAction* action : findChildren<QAction*>())
+    if (const QString icon = action->property("icone").toString(); !icon.isEmpty()) action->setIcon(iconNamed(icon));
+}
+
 void MainWindow::buildRecent(QMenu& menu) {
   menu.clear();
   for (const QString& path : QSettings().value("recents").toStringList())
@@ -71,6 +80,7 @@ void MainWindow::windowAction(const QString& name) {
     const QString path = chooseFile(false, QStringLiteral("Ouvrir un dessin"), QStringLiteral("Dessins (*.dxf *.dwg)"));
     if (!path.isEmpty()) open(path);
   } else if (name == "quit") close();
+  else if (name == "theme") changeTheme();
   else if (!d) return;
   else if (name == "save") save();
   else if (name == "saveAs") save(true);

@@ -35,21 +35,29 @@ class Search {
  private:
   double distance(const AcGePoint3d& p) const { return std::hypot(p.x - cursor_.x, p.y - cursor_.y); }
 
-  void offer(SnapMode mode, const AcGePoint3d& point) {
-    if (!(modes_ & mode)) return;
-    const double d = distance(point);
-    std::optional<Snap>& best = mode == kNearest ? nearest_ : exact_;
-    if (d <= aperture_ && (!best || d < distance(best->point))) best = Snap{mode, point};
+  void offer(SnapMode mode, const AcGePoint3d& point) { offer(mode, point, distance(point)); }
+  void offer(SnapMode mode, const AcGePoint3d& point, double d) {
+    if (!(modes_ & mode) || d > aperture_) return;
+    if (mode == kNearest) {
+      if (!nearest_ || d < distance(nearest_->point)) nearest_ = Snap{mode, point};
+    } else if (!exact_ || d < reach_) {
+      exact_ = Snap{mode, point};
+      reach_ = d;
+    }
+  }
+  // A centre is meant by the curve as well as by its own place.
+  void centre(const AcGePoint3d& point, const AcGePoint3d& foot) {
+    offer(kCentre, point, std::min(distance(point), distance(foot)));
   }
 
   void curve(const AcDbCurve& curve) {
     AcGePoint3d foot;
     if (curve.getClosestPointTo(cursor_, foot) != Acad::eOk) return;
     offer(kNearest, foot);
+    if (const auto* arc = AcDbArc::cast(&curve)) centre(arc->center(), foot);
+    if (const auto* circle = AcDbCircle::cast(&curve)) centre(circle->center(), foot);
+    if (const auto* ellipse = AcDbEllipse::cast(&curve)) centre(ellipse->center(), foot);
     if (base_ && curve.getClosestPointTo(*base_, foot, true) == Acad::eOk) offer(kPerpendicular, foot);
-    if (const auto* arc = AcDbArc::cast(&curve)) offer(kCentre, arc->center());
-    if (const auto* circle = AcDbCircle::cast(&curve)) offer(kCentre, circle->center());
-    if (const auto* ellipse = AcDbEllipse::cast(&curve)) offer(kCentre, ellipse->center());
     if (isPolyline(curve)) segment(curve, foot);
     else whole(curve);
   }
@@ -90,6 +98,7 @@ class Search {
   const unsigned modes_;
   const std::optional<AcGePoint3d> base_;
   std::optional<Snap> exact_, nearest_;
+  double reach_ = 0;  // of the exact one
 };
 
 }  // namespace

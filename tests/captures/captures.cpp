@@ -1,0 +1,85 @@
+// kavel-captures FOLDER [sombre]: pictures of the window, its forms and the dialogs, on the example profile.
+// Run from exemples/, without a screen; outils/captures does so.
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <clocale>
+
+#include "atelier/desktop/driver.h"
+#include "atelier/desktop/forms.h"
+#include "atelier/desktop/theme.h"
+#include "atelier/editor/published.h"
+#include "module/commande/entree.h"
+
+namespace {
+
+using namespace atelier::desktop;
+
+QString name(const QString& folder, const char* picture) { return folder + "/" + picture + ".png"; }
+
+template <class Form>
+Form& form() { return *dynamic_cast<Form*>(QApplication::activeModalWidget()); }
+
+void closeForm() { static_cast<QDialog*>(QApplication::activeModalWidget())->reject(); }
+
+void profile(MainWindow& window, Driver& driver, const QString& folder) {
+  driver.menu("Nouveau profil...").then([] { form<NewProfileForm>().file->setText("rue-du-moulin.csv"); });
+  driver.shot(name(folder, "bureau-nouveau-profil")).press("Créer").type("0,0").play();
+  QFile script("demo.scr");
+  if (!script.open(QIODevice::ReadOnly)) qFatal("demo.scr is not here");
+  // The script's own profile is there already: what follows its seven lines goes on.
+  const QStringList lines = QString::fromUtf8(script.readAll()).split('\n');
+  for (qsizetype i = lines.indexOf("PLV-PROJET"); i < lines.size(); ++i)
+    if (!lines[i].startsWith(';') && !(lines[i].isEmpty() && i + 1 == lines.size())) driver.type(lines[i]);
+  driver.play();
+  window.view()->zoomExtents();
+}
+
+void pictures(MainWindow& window, Driver& driver, const QString& folder) {
+  driver.then([&window] { emit window.profiles().itemClicked(window.profiles().topLevelItem(0), 0); });
+  driver.then([&window] { window.view()->onMoved(AcGePoint3d(152.3, 45.6, 0)); });
+  driver.then([&window] { window.profiles().expandToDepth(1); }).shot(name(folder, "bureau-fenetre"));
+  driver.menu("Matrices...").then([] { form<MatricesForm>().file->setText("matrices-route.txt"); });
+  driver.shot(name(folder, "bureau-matrices")).then(closeForm);
+  driver.menu("Tracer...").then([] { form<PlotForm>().scale->setText("1:1000"); form<PlotForm>().paper->setCurrentIndex(3); });
+  driver.shot(name(folder, "bureau-tracer")).then(closeForm);
+  driver.menu("Métrés...").press("Ajouter Profils").type("_ALL").type("");
+  driver.shot(name(folder, "bureau-metres-choix"));
+  driver.select("", {0}).press("OK").shot(name(folder, "bureau-metres"));
+  driver.press("Ajouter une classe").shot(name(folder, "bureau-classe")).then(closeForm).press("Fermer");
+  driver.then([&window] { window.view()->zoomAt(QPointF(window.view()->width() / 2.0, window.view()->height() / 2.0), 3); });
+  driver.type("(setvar \"OSMODE\" 33)").type("LINE").type("150,40").hover(200, 60).shot(name(folder, "bureau-accrochage")).key(Qt::Key_Escape);
+  driver.play();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const QTemporaryDir settings;
+  qputenv("QT_LOGGING_RULES", "qt.qpa.*=false");
+  qputenv("KAVEL_SAUVEGARDES", settings.filePath("sauvegardes").toUtf8());
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
+  QApplication application(argc, argv);
+  std::setlocale(LC_NUMERIC, "C");
+  const QStringList arguments = QApplication::arguments();
+  if (arguments.size() < 2) qFatal("kavel-captures FOLDER [sombre]");
+  QDir().mkpath(arguments[1]);
+  atelier::registerApplication([](int message, void* id) {
+    return static_cast<int>(acrxEntryPoint(static_cast<AcRx::AppMsgCode>(message), id));
+  });
+  const bool dark = arguments.value(2) == "sombre";
+  if (dark) QSettings().setValue("fond", "#202124");
+  chooseTheme(dark);
+  MainWindow window;
+  window.questionAnswer = [](const QString&) { return QStringLiteral("non"); };
+  window.resize(1280, 800);
+  window.show();
+  window.open();
+  Driver driver(window);
+  profile(window, driver, arguments[1]);
+  pictures(window, driver, arguments[1]);
+  window.close();
+  return 0;
+}

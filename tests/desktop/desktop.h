@@ -1,0 +1,53 @@
+// A window with a drawing of 100 by 50 units in sight, and what tests ask of it.
+#pragma once
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QMenuBar>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include "atelier/desktop/driver.h"
+#include "atelier/desktop/lisp_bridge.h"
+
+namespace kaveltest {
+
+struct Desktop : ::testing::Test {
+  Desktop() {
+    window.questionAnswer = [this](const QString& question) {
+      questions << question;
+      return answer;
+    };
+    window.fileAnswer = [this] { return chosenFile; };
+    window.resize(1200, 800);
+    window.show();
+    window.open();
+    driver.type("ZOOM").type("_W").type("-10,-10").type("110,60").play();
+    window.view()->setFocus();
+  }
+  ~Desktop() override {
+    answer = "non";
+    window.close();
+  }
+
+  // Lets the window work until the condition holds, at most a few seconds.
+  static void until(const std::function<bool()>& condition) {
+    QElapsedTimer timer;
+    for (timer.start(); !condition() && timer.elapsed() < 5000;) QApplication::processEvents(QEventLoop::AllEvents, 20);
+  }
+  QVariant lisp(const QString& expression) { return atelier::desktop::ask(window.drawing()->document(), expression); }
+  int count(const QString& type) {
+    return lisp(QString("(if (setq kt-jeu (ssget \"X\" '((0 . \"%1\")))) (sslength kt-jeu) 0)").arg(type)).toInt();
+  }
+  QString file(const QString& name) const { return folder.filePath(name); }
+  QString history() { return window.commandLine().text(); }
+
+  const QTemporaryDir folder;
+  QStringList questions;  // that the window asked, and what it complained of
+  QString answer = "non", chosenFile;
+  atelier::desktop::MainWindow window;
+  atelier::desktop::Driver driver{window};
+};
+
+}  // namespace kaveltest

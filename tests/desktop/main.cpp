@@ -1,0 +1,28 @@
+// The desktop's tests run the whole program without a screen. Settings and copies go to a folder of this run.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <clocale>
+
+#include "atelier/editor/published.h"
+#include "module/commande/entree.h"
+
+int main(int argc, char** argv) {
+  ::testing::InitGoogleTest(&argc, argv);
+  const QTemporaryDir folder;
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("QT_LOGGING_RULES", "qt.qpa.*=false");
+  qputenv("KAVEL_FRONTAL", KAVEL_SOURCE "/frontal");
+  qputenv("KAVEL_SAUVEGARDES", folder.filePath("sauvegardes").toUtf8());
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
+  QApplication application(argc, argv);
+  std::setlocale(LC_NUMERIC, "C");
+  QApplication::setOrganizationName("kavel");
+  QApplication::setApplicationName("essais");
+  atelier::registerApplication([](int message, void* id) {
+    return static_cast<int>(acrxEntryPoint(static_cast<AcRx::AppMsgCode>(message), id));
+  });
+  return RUN_ALL_TESTS();
+}

@@ -1,0 +1,104 @@
+// A profile by the window's own means: forms, panel, status bar, menus of the profile, dialogs of quantities.
+#include <QComboBox>
+#include <QTableWidget>
+
+#include "atelier/desktop/forms.h"
+#include "tests/desktop/desktop.h"
+
+namespace {
+
+constexpr const char* kExamples = KAVEL_SOURCE "/exemples/";
+
+struct ProfileWindow : kaveltest::Desktop {
+  ProfileWindow() {
+    driver.menu("Nouveau profil...").then([this] { form<atelier::desktop::NewProfileForm>()->file->setText(QString(kExamples) + "rue-du-moulin.csv"); });
+    driver.press("Créer").pick(0, 0).play();
+  }
+  template <class Form>
+  Form* form() { return dynamic_cast<Form*>(QApplication::activeModalWidget()); }
+  void addProject() {
+    driver.type("PLV-PROJET").type("Projet").type("Fichier").type(QString(kExamples) + "rue-du-moulin-projet.csv").play();
+  }
+  QStringList tree() {
+    QStringList texts;
+    for (QTreeWidgetItemIterator item(&window.profiles()); *item; ++item) texts << (*item)->text(0);
+    return texts;
+  }
+};
+
+TEST_F(ProfileWindow, FormsMakeAProfileWithItsTables) {
+  EXPECT_EQ(lisp("(length (plv-profils))").toInt(), 1);
+  driver.menu("Matrices...").then([this] { form<atelier::desktop::MatricesForm>()->file->setText(QString(kExamples) + "matrices-route.txt"); });
+  driver.press("Dessiner").play();
+  EXPECT_GT(count("INSERT"), 1);
+  const QStringList shown = tree();
+  EXPECT_TRUE(shown.contains("Profil 1")) << shown.join("\n").toStdString();
+  EXPECT_FALSE(shown.filter("a partir de 0.00").isEmpty()) << shown.join("\n").toStdString();
+  for (const char* text : {"ROUTE", "Altitude terrain naturel", "Pentes et rampes"})
+    EXPECT_TRUE(shown.contains(text)) << shown.join("\n").toStdString();
+}
+
+TEST_F(ProfileWindow, AFormWithoutAFileStaysAndSaysWhatItNeeds) {
+  driver.menu("Nouveau profil...").press("Créer").then([this] {
+    auto* const f = form<atelier::desktop::NewProfileForm>();
+    ASSERT_TRUE(f);
+    EXPECT_TRUE(f->isVisible());
+    f->reject();
+  });
+  driver.play();
+  EXPECT_EQ(lisp("(length (plv-profils))").toInt(), 1);
+}
+
+TEST_F(ProfileWindow, TheStatusBarReadsTheProfileUnderTheCursor) {
+  window.view()->zoomExtents();
+  const QVariantList expected = lisp("(plv-bureau-lecture 100.0 20.0)").toList();
+  ASSERT_EQ(expected.size(), 5);
+  window.view()->onMoved(AcGePoint3d(100, 20, 0));
+  until([this] { return !window.status().isEmpty(); });
+  for (const QVariant& part : expected) EXPECT_TRUE(window.status().contains(part.toString())) << window.status().toStdString();
+  window.view()->onMoved(AcGePoint3d(-500, 20, 0));
+  until([this] { return window.status().isEmpty(); });
+  EXPECT_EQ(window.status(), "");
+}
+
+TEST_F(ProfileWindow, APanelClickSelectsAndShowsTheStoredKeys) {
+  auto* const item = window.profiles().topLevelItem(0);
+  emit window.profiles().itemClicked(item, 0);
+  ASSERT_EQ(window.view()->selection().size(), 1u);
+  QStringList fields;
+  for (int i = 0; i < window.properties().rowCount(); ++i) fields << window.properties().item(i, 0)->text();
+  EXPECT_TRUE(fields.contains("ECHV")) << fields.join(" ").toStdString();
+}
+
+TEST_F(ProfileWindow, ChoosingAProfileBringsItsMenuWhoseEntriesRun) {
+  driver.menu("Matrices...").then([this] { form<atelier::desktop::MatricesForm>()->file->setText(QString(kExamples) + "matrices-route.txt"); });
+  driver.press("Dessiner").play();
+  emit window.profiles().itemDoubleClicked(window.profiles().topLevelItem(0), 0);
+  driver.play();
+  driver.menu("Associer Projet").key(Qt::Key_Escape).play();
+  EXPECT_FALSE(window.drawing()->isRunning());
+  // The menu goes with the drawing.
+  answer = "non";
+  EXPECT_TRUE(window.closeTab(0));
+  QApplication::processEvents();
+  for (const QAction* action : window.menuBar()->actions()) EXPECT_NE(action->text(), "Profil 1");
+}
+
+TEST_F(ProfileWindow, TheQuantityDialogAddsHatchesAndCloses) {
+  addProject();
+  QString header, sections;
+  driver.menu("Métrés...").press("Ajouter Profils").type("_ALL").type("").then([&] {
+    for (const QTableWidget* table : QApplication::activeModalWidget()->findChildren<QTableWidget*>()) {
+      if (!table->isVisible()) continue;
+      for (int row = 0; row < table->rowCount(); ++row)
+        for (int column = 0; column < table->columnCount(); ++column)
+          if (table->item(row, column)) sections += table->item(row, column)->text() + "|";
+    }
+  });
+  driver.press("Schématiser sur p/long").press("Fermer").play();
+  EXPECT_TRUE(sections.contains("Profil:1")) << sections.toStdString();
+  EXPECT_GT(count("HATCH"), 0);
+  EXPECT_FALSE(window.drawing()->isRunning());
+}
+
+}  // namespace
