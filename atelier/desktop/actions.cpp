@@ -48,6 +48,9 @@ constexpr ActionRow kRows[] = {
     {"&Profil", "Métrés en une &fois", nullptr, nullptr, "PLV-METRES"},
     {"&Profil", "Lé&gende", nullptr, nullptr, "PLV-LEGENDE"},
     {"&Profil", nullptr, nullptr, nullptr, nullptr},
+    {"&Profil", "&Feuilles en PDF", nullptr, "tracer", "PLV-FEUILLES"},
+    {"&Profil", "&Exporter", nullptr, nullptr, "PLV-EXPORT"},
+    {"&Profil", nullptr, nullptr, nullptr, nullptr},
     {"&Profil", "&Choisir un profil", nullptr, nullptr, "PLV-CHOISIR"},
 };
 

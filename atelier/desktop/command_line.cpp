@@ -116,6 +116,11 @@ void CommandLine::takeKey(QKeyEvent* event) {
 }
 
 bool CommandLine::eventFilter(QObject* watched, QEvent* event) {
+  // The line's own keys (Ctrl+Z, Ctrl+A ...) count while something is written in it; else they are the window's.
+  if (watched == edit_ && event->type() == QEvent::ShortcutOverride && edit_->text().isEmpty()) {
+    event->ignore();
+    return true;
+  }
   if (watched != edit_ || event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
   const auto* key = static_cast<QKeyEvent*>(event);
   const QString text = edit_->text();

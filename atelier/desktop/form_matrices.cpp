@@ -92,10 +92,10 @@ void MatricesForm::preview() {
 
 void MatricesForm::accept() {
   if (profile->count() == 0 || file->text().isEmpty()) return file->setFocus();
-  const QString call = QString("(plv-matrices (plv-profil-de-numero %1) %2 %3)")
+  const QString call = QString("(progn (plv-matrices (plv-profil-de-numero %1) %2 %3) (princ))")
                            .arg(quoted(profile->currentText()), quoted(file->text()), every->isChecked() ? "T" : "nil");
   QDialog::accept();
-  drawing_.feed({call.toStdString()});
+  drawing_.feed({call.toStdString(), "ZOOM", "_E"});
 }
 
 }  // namespace atelier::desktop

@@ -90,12 +90,12 @@ void NewProfileForm::preview() {
 
 void NewProfileForm::accept() {
   if (file->text().isEmpty()) return file->setFocus();
-  const QString call = QString("(plv-nouveau %1 %2 (getpoint \"\\nPoint d'insertion <0,0>: \") %3 %4 nil nil)")
+  const QString call = QString("(progn (plv-nouveau %1 %2 (getpoint \"\\nPoint d'insertion <0,0>: \") %3 %4 nil nil) (princ))")
                            .arg(quoted(file->text()), quoted(number->text()), atelier::desktop::number(scale->value()),
                                 atelier::desktop::number(textHeight->value()));
   QDialog::accept();
   // The command line asks for the place, where it can be clicked.
-  drawing_.feed({call.toStdString()});
+  drawing_.feed({call.toStdString(), "ZOOM", "_E"});
 }
 
 }  // namespace atelier::desktop

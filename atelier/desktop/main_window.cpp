@@ -75,7 +75,12 @@ void MainWindow::buildPanels() {
   profileStatus_ = new QLabel(this);
   statusBar()->addWidget(coordinates_);
   statusBar()->addWidget(profileStatus_, 1);
-  profiles_->onShow = [this](const QString& handle) { showHandle(handle); };
+  profiles_->onShow = [this](const QString& handle) {
+    Drawing* const d = drawing();
+    if (!d || !d->waits() || !d->prompt()->wantsEntity) return showHandle(handle);
+    d->type(QString("(handent \"%1\")").arg(handle));
+    commands_->setFocus();
+  };
   profiles_->onChoose = [this](const QString& handle) {
     if (Drawing* d = drawing()) d->feed({QString("(pl_ChoixProfil (handent \"%1\"))").arg(handle).toStdString()});
   };

@@ -4,7 +4,9 @@
 #include <QDialogButtonBox>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QSet>
 #include <QSettings>
+#include <QTimer>
 #include <QToolBar>
 #include <QVBoxLayout>
 
@@ -16,6 +18,11 @@
 #include "atelier/dxf/audit.h"
 
 namespace atelier::desktop {
+namespace {
+
+constexpr int kUnwinding = 100;  // milliseconds that a cancelled command is given
+
+}  // namespace
 
 void MainWindow::buildMenus() {
   auto* bar = addToolBar(QStringLiteral("Outils"));
@@ -72,9 +79,18 @@ void MainWindow::buildRecent(QMenu& menu) {
   if (menu.isEmpty()) menu.addAction(QStringLiteral("(aucun)"))->setEnabled(false);
 }
 
+// What opens, saves or changes drawings waits for the running command, which is cancelled; one that goes on all the same
+// (a dialog that comes back) keeps the word.
 void MainWindow::windowAction(const QString& name) {
   Drawing* const d = drawing();
   DrawingView* const v = view();
+  static const QSet<QString> always{"extents", "nearer", "farther", "ground", "snaps", "theme"};
+  if (d && d->isRunning() && !always.contains(name)) {
+    d->cancel();
+    return QTimer::singleShot(kUnwinding, d, [this, d, name] {
+      if (!d->isRunning()) windowAction(name);
+    });
+  }
   if (name == "new") open();
   else if (name == "open") {
     const QString path = chooseFile(false, QStringLiteral("Ouvrir un dessin"), QStringLiteral("Dessins (*.dxf *.dwg)"));

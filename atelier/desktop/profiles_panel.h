@@ -12,7 +12,7 @@ class ProfilesPanel : public QTreeWidget {
   explicit ProfilesPanel(QWidget* parent);
   void refresh(Drawing* drawing);
 
-  std::function<void(QString handle)> onShow;    // a click: zoom and select
+  std::function<void(QString handle)> onShow;    // a click: answers a prompt for objects, else zooms and selects
   std::function<void(QString handle)> onChoose;  // a double click on a profile
 
  private:

@@ -84,6 +84,12 @@ TEST_F(ProfileWindow, ChoosingAProfileBringsItsMenuWhoseEntriesRun) {
   for (const QAction* action : window.menuBar()->actions()) EXPECT_NE(action->text(), "Profil 1");
 }
 
+TEST_F(ProfileWindow, APanelClickAnswersAPromptForObjects) {
+  driver.type("(setq jeu (ssget))").then([this] { emit window.profiles().itemClicked(window.profiles().topLevelItem(0), 0); });
+  driver.type("").play();
+  EXPECT_EQ(lisp("(and (= (sslength jeu) 1) (eq (ssname jeu 0) (car (plv-profils))))").toBool(), true);
+}
+
 TEST_F(ProfileWindow, TheQuantityDialogAddsHatchesAndCloses) {
   addProject();
   QString header, sections;
