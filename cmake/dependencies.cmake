@@ -7,6 +7,7 @@ pkg_check_modules(READLINE REQUIRED IMPORTED_TARGET readline)
 find_package(CLI11 REQUIRED)
 pkg_check_modules(CAIRO REQUIRED IMPORTED_TARGET cairo cairo-pdf cairo-svg)
 pkg_check_modules(XLSXWRITER REQUIRED IMPORTED_TARGET xlsxwriter)
+pkg_check_modules(PUGIXML REQUIRED IMPORTED_TARGET pugixml)
 find_package(OpenCASCADE REQUIRED COMPONENTS FoundationClasses ModelingData ModelingAlgorithms)
 find_package(Threads REQUIRED)
 

@@ -15,9 +15,10 @@ HOST = {  # room of atelier/ -> rooms of atelier/ that it may include
     "dxf": {"database", "geometry"},
     "lisp": {"database"},
     "editor": {"dxf", "lisp", "database", "geometry", "fonts"},
+    "exchange": {"editor", "dxf", "lisp", "database"},
     "render": {"editor", "dxf", "lisp", "database", "geometry", "fonts"},
-    "console": {"render", "editor", "dxf", "lisp", "database", "geometry", "fonts"},
-    "desktop": {"render", "editor", "dxf", "lisp", "database", "geometry", "fonts"},
+    "console": {"render", "exchange", "editor", "dxf", "lisp", "database", "geometry", "fonts"},
+    "desktop": {"render", "exchange", "editor", "dxf", "lisp", "database", "geometry", "fonts"},
 }
 # Layers of module/ from the ground up; a file may include files of its own layer and of lower ones.
 ARGUMENTS = {"argsLisp", "listeRb", "conversionXData"}

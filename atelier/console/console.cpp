@@ -17,7 +17,10 @@
 #include "atelier/dxf/versions.h"
 #include "atelier/editor/audit_report.h"
 #include "atelier/editor/document.h"
+#include "atelier/editor/installation.h"
+#include "atelier/exchange/exchange.h"
 #include "atelier/render/plot.h"
+#include "atelier/render/plot_builtins.h"
 #include "atelier/render/plot_error.h"
 #include "atelier/render/scene.h"
 #include "atelier/render/transients.h"
@@ -124,7 +127,7 @@ class Run {
   Document& document_;
 };
 
-// What the command line prints; dropped under --quiet, except what an expression or an error prints through stderr.
+// What the command line prints; dropped under --quiet. Errors then go to stderr.
 void print(const Options& options, std::string_view text) {
   if (options.quiet) return;
   std::fwrite(text.data(), 1, text.size(), stdout);
@@ -151,8 +154,10 @@ int carryOutAll(const Options& options) {
   progress.begin("open", options.drawing);
   const auto opened = openDocument(options, printer);
   Document& document = *opened;
+  if (options.quiet) document.failurePrinter = [](std::string_view text) { std::fwrite(text.data(), 1, text.size(), stderr); };
   std::signal(SIGINT, onInterrupt);
   std::signal(SIGXFSZ, SIG_IGN);  // a file above the limit is an error of the write, not the end of the program
+  if (const std::string trouble = installationTrouble(); !trouble.empty()) complain(trouble);
   if (options.frontal && !loadFrontal(document)) return kFileTrouble;
   Run run(options, document);
   for (const Action& action : options.actions) {
@@ -170,6 +175,8 @@ int run(int argc, char** argv) {
   int status = kDone;
   const auto options = parseOptions(argc, argv, status);
   if (!options) return status;
+  exchange::provideExchange();
+  render::providePlots();
   try {
     return carryOutAll(*options);
   } catch (const Error& error) {

@@ -214,6 +214,8 @@ Acad::ErrorStatus AcDbBlockReference::transformBy(const AcGeMatrix3d& m) {
 Acad::ErrorStatus AcDbBlockReference::explode(AcArray<AcRxObject*>& parts) const {
   const AcDbObjectPointer<AcDbBlockTableRecord> block(blockTableRecord());
   if (block.openStatus() != Acad::eOk) return block.openStatus();
+  // An array can't be taken apart: it may stand for any number of objects.
+  if (recordOf(this).integer(kColumns) > 1 || recordOf(this).integer(kRows) > 1) return Acad::eNotApplicable;
   for (const AcDbObjectId id : block->entityIds()) {
     const AcDbEntityPointer entity(id);
     if (entity.openStatus() != Acad::eOk || entity->isKindOf(AcDbAttributeDefinition::desc())) continue;

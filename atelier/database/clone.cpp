@@ -3,6 +3,7 @@
 #include <unordered_map>
 
 #include "atelier/database/imp_database.h"
+#include "atelier/database/interruption.h"
 #include "atelier/database/new_record.h"
 #include "atelier/database/ownership.h"
 #include "hote/dbdict.h"
@@ -110,6 +111,16 @@ class Cloner {
   }
 
  public:
+  // Copies that were made until then refer to nothing of their own yet: they go.
+  void checkInterruption() {
+    try {
+      atelier::checkInterruption();
+    } catch (...) {
+      for (AcDbStub* copy : made_) copy->set(AcDbStub::kErased);
+      throw;
+    }
+  }
+
   AcDbStub& cloneBlock(AcDbStub& original, AcDbStub& head, const std::string& name) {
     AcDbObjectId id;
     {
@@ -152,6 +163,7 @@ Acad::ErrorStatus AcDbDatabase::deepCloneObjects(const AcDbObjectIdArray& object
   for (const AcDbObjectId id : objects) {
     AcDbStub* source = id;
     if (!source || source->is(AcDbStub::kErased)) return source ? Acad::eWasErased : Acad::eNullObjectId;
+    cloner.checkInterruption();
     AcDbStub& copy = cloner.clone(*source, *target);
     if (copy.is(AcDbStub::kEntity) && target->children) target->children->push_back(&copy);
     else target->database->objects.push_back(&copy);

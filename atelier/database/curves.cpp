@@ -32,21 +32,6 @@ double turned(double angle) {
   return angle < 0 ? angle + kTurn : angle;
 }
 
-// Extents of the part of an ellipse c + u cos t + v sin t with t from a to b.
-AcDbExtents ellipseExtents(const AcGePoint3d& c, const AcGeVector3d& u, const AcGeVector3d& v, double a, double b) {
-  AcDbExtents box;
-  const auto at = [&](double t) { return c + u * std::cos(t) + v * std::sin(t); };
-  box.addPoint(at(a));
-  box.addPoint(at(b));
-  const double axes[3][2] = {{u.x, v.x}, {u.y, v.y}, {u.z, v.z}};
-  for (const auto& axis : axes) {
-    const double extreme = std::atan2(axis[1], axis[0]);
-    for (const double t : {extreme, extreme + std::numbers::pi})
-      if (turned(t - a) <= b - a) box.addPoint(at(t));
-  }
-  return box;
-}
-
 }  // namespace
 
 AcDbLine::AcDbLine() { initRecord(*this, "LINE"); }

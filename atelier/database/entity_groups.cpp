@@ -9,6 +9,7 @@
 #include "atelier/database/new_record.h"
 #include "atelier/database/ownership.h"
 #include "hote/dbdict.h"
+#include "hote/dbpl.h"
 #include "hote/dbsymtb.h"
 
 namespace atelier {
@@ -267,8 +268,15 @@ EntityMaker::Result EntityMaker::openBlock(const Record& given) {
 
 EntityMaker::Result EntityMaker::follow(Record given) {
   const bool ends = given.type() == "SEQEND";
-  if (given.type() == "VERTEX" && given.section("AcDb2dVertex").first == Record::npos && given.section("AcDb3dPolylineVertex").first == Record::npos)
-    given = Record::fresh("VERTEX");
+  // The mark of the vertex follows from its polyline when the list leaves it out.
+  if (given.type() == "VERTEX") {
+    constexpr std::string_view kOwn[] = {"AcDb2dVertex", "AcDb3dPolylineVertex", "AcDbPolyFaceMeshVertex", "AcDbPolygonMeshVertex", "AcDbFaceRecord"};
+    if (std::none_of(std::begin(kOwn), std::end(kOwn), [&](std::string_view mark) { return given.section(mark).first != Record::npos; })) {
+      std::erase_if(given.groups, [](const Group& g) { return g.code() == 100; });
+      given = arranged(given.groups);
+    }
+    if (AcDb3dPolyline::cast(&db_.object(*parent_))) putInSpace(given, "AcDb2dVertex", "AcDb3dPolylineVertex", 32);
+  }
   ensureLayer(db_, given.text(kLayer));
   AcDbObject* made = objectFrom(std::move(given), true);
   AcDbStub& stub = db_.adopt(*made, *parent_);

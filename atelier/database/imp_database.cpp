@@ -123,7 +123,9 @@ std::string classOf(const Record& record) {
   const std::string_view type = record.type();
   if (type == "TABLE") return tableClassName(record);
   if (type == "POLYLINE") {
-    const std::int64_t flags = record.integer(integerField("AcDb2dPolyline", 70)) | record.integer(integerField("AcDb3dPolyline", 70));
+    std::int64_t flags = 0;
+    for (const std::string_view kind : {"AcDb2dPolyline", "AcDb3dPolyline", "AcDbPolygonMesh", "AcDbPolyFaceMesh"})
+      flags |= record.integer(integerField(kind, 70));
     if (flags & 8) return "AcDb3dPolyline";
     if (flags & (16 | 64)) return "AcDbEntity";
     return "AcDb2dPolyline";

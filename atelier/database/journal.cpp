@@ -1,15 +1,22 @@
 // Undo by images of records: taking a step back exchanges each image with the present state.
-// The number of images kept is bounded, so that the journal's cost is; the oldest steps go first.
+// What the images hold is bounded, so that the journal's cost is; the oldest steps go first, the running one never does.
 #include "atelier/database/journal.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 #include "atelier/database/imp_database.h"
 
 namespace atelier {
 namespace {
-constexpr std::size_t kMostImages = 500'000, kMostSteps = 10'000;
+constexpr std::size_t kMostGroups = 8'000'000, kMostSteps = 10'000;
+
+std::size_t weightOf(const Record& record) { return 1 + record.groups.size(); }
+}  // namespace
+
+std::size_t Journal::Step::weight() const {
+  return std::accumulate(images.begin(), images.end(), std::size_t{0}, [](std::size_t sum, const Image& image) { return sum + weightOf(image.record); });
 }
 
 void Journal::mark() {
@@ -17,11 +24,11 @@ void Journal::mark() {
   seen_.clear();
   if (!done_.empty() && done_.back().images.empty()) return;
   done_.emplace_back();
-  while (done_.size() > 1 && (images_ > kMostImages || done_.size() > kMostSteps)) forgetOldest();
+  while (done_.size() > 1 && (weight_ > kMostGroups || done_.size() > kMostSteps)) forgetOldest();
 }
 
 void Journal::forgetOldest() {
-  images_ -= done_.front().images.size();
+  weight_ -= done_.front().weight();
   done_.pop_front();
 }
 
@@ -38,8 +45,8 @@ void Journal::before(AcDbStub& stub) {
   const bool fresh = !stub.object;
   Image image{&stub, fresh || stub.is(AcDbStub::kErased), {}};
   if (!fresh) image.record = AcDbImpObject::of(stub.object).settled();
+  weight_ += weightOf(image.record);
   done_.back().images.push_back(std::move(image));
-  ++images_;
 }
 
 void Journal::swap(Step& step) {
@@ -67,7 +74,7 @@ void Journal::takeBack(std::vector<Step>& taken) {
   Step step = std::move(done_.back());
   done_.pop_back();
   if (step.images.empty()) return;
-  images_ -= step.images.size();
+  weight_ -= step.weight();
   swap(step);
   taken.push_back(std::move(step));
 }
@@ -99,7 +106,7 @@ bool Journal::redo() {
   undone_.pop_back();
   for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
     swap(*step);
-    images_ += step->images.size();
+    weight_ += step->weight();
     done_.push_back(std::move(*step));
   }
   seen_.clear();
@@ -110,7 +117,7 @@ void Journal::clear() {
   done_.clear();
   undone_.clear();
   seen_.clear();
-  images_ = 0;
+  weight_ = 0;
 }
 
 void noteChange(AcDbStub& stub) {

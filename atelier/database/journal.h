@@ -32,6 +32,7 @@ class Journal {
   };
   struct Step {
     std::vector<Image> images;
+    std::size_t weight() const;
     bool bookmarked = false;  // the bookmark stands before it
   };
   void swap(Step& step);
@@ -40,7 +41,7 @@ class Journal {
   std::deque<Step> done_;
   std::vector<std::vector<Step>> undone_;  // by the call that took them back
   std::unordered_set<const AcDbStub*> seen_;  // in the running step
-  std::size_t images_ = 0;                    // in all steps that were done
+  std::size_t weight_ = 0;                    // groups of all images of the steps that were done
   bool on_ = false;
 };
 

@@ -23,6 +23,10 @@ AcDbObject* makeObjectForPending(bool entity);
 
 void initRecord(AcDbObject& object, std::string_view type);
 
+// Makes the record of a flat polyline or vertex one in space: another mark, and a flag in group 70. One that has not the
+// flat mark stays as it is.
+void putInSpace(Record& record, std::string_view flatMark, std::string_view spatialMark, std::int64_t flag);
+
 // An object of a type without a class of its own, in a block or among the objects.
 class CarriedObject : public AcDbObject {};
 class CarriedEntity : public AcDbEntity {};

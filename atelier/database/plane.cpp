@@ -5,8 +5,34 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numbers>
 
 namespace atelier {
+
+namespace {
+
+// Into one turn from 0.
+double turn(double angle) {
+  constexpr double kTurn = 2 * std::numbers::pi;
+  angle = std::fmod(angle, kTurn);
+  return angle < 0 ? angle + kTurn : angle;
+}
+
+}  // namespace
+
+AcDbExtents ellipseExtents(const AcGePoint3d& c, const AcGeVector3d& u, const AcGeVector3d& v, double a, double b) {
+  AcDbExtents box;
+  const auto at = [&](double t) { return c + u * std::cos(t) + v * std::sin(t); };
+  box.addPoint(at(a));
+  box.addPoint(at(b));
+  const double axes[3][2] = {{u.x, v.x}, {u.y, v.y}, {u.z, v.z}};
+  for (const auto& axis : axes) {
+    const double extreme = std::atan2(axis[1], axis[0]);
+    for (const double t : {extreme, extreme + std::numbers::pi})
+      if (turn(t - a) <= b - a) box.addPoint(at(t));
+  }
+  return box;
+}
 
 PlaneChange::PlaneChange(const AcGeMatrix3d& matrix, const AcGeVector3d& before) {
   const AcGeMatrix3d plane = AcGeMatrix3d().setToPlaneToWorld(before);

@@ -26,4 +26,7 @@ struct PlaneChange {
   bool mirrored = false;  // angles run the other way round
 };
 
+// Extents of the part of an ellipse c + u cos t + v sin t with t from a to b.
+AcDbExtents ellipseExtents(const AcGePoint3d& c, const AcGeVector3d& u, const AcGeVector3d& v, double a, double b);
+
 }  // namespace atelier

@@ -246,6 +246,19 @@ Acad::ErrorStatus AcDbPolyline::getArea(double& area) const {
   return Acad::eOk;
 }
 
+AcDbExtents atelier::bulgeExtents(const AcGePoint2d& from, const AcGePoint2d& to, double bulge, double elevation, const AcGeVector3d& normal) {
+  const AcGeMatrix3d plane = AcGeMatrix3d().setToPlaneToWorld(normal);
+  const BulgeArc arc = bulgeArc(from, to, bulge);
+  AcDbExtents box;
+  box.addPoint(plane * AcGePoint3d(from.x, from.y, elevation));
+  box.addPoint(plane * AcGePoint3d(to.x, to.y, elevation));
+  if (arc.radius == 0) return box;
+  const double low = std::min(arc.startAngle, arc.startAngle + arc.sweep);
+  box.addExt(ellipseExtents(plane * AcGePoint3d(arc.centre.x, arc.centre.y, elevation), plane * AcGeVector3d(arc.radius, 0, 0),
+                            plane * AcGeVector3d(0, arc.radius, 0), low, low + std::abs(arc.sweep)));
+  return box;
+}
+
 Acad::ErrorStatus AcDbPolyline::getGeomExtents(AcDbExtents& extents) const {
   const auto& list = verticesOf(this).list;
   if (list.empty()) return Acad::eInvalidExtents;
@@ -264,6 +277,7 @@ Acad::ErrorStatus AcDbPolyline::getGeomExtents(AcDbExtents& extents) const {
   eachPiece(this, [&](const PolylineVertex& a, const PolylineVertex& b) {
     const BulgeArc arc = bulgeArc(a.point, b.point, a.bulge);
     if (arc.radius == 0) return;
+    if (!isWorldPlane(normal())) return box.addExt(bulgeExtents(a.point, b.point, a.bulge, elevation(), normal()));
     constexpr double kQuarter = std::numbers::pi / 2;
     const double low = std::min(arc.startAngle, arc.startAngle + arc.sweep), high = low + std::abs(arc.sweep);
     for (double angle = std::ceil(low / kQuarter) * kQuarter; angle <= high; angle += kQuarter) {

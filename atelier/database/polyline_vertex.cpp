@@ -1,8 +1,11 @@
 // Polylines whose vertices are entities of their own: two- and three-dimensional ones.
 // Vertices are the children of the polyline's stub, in order, with the end mark last.
+#include <optional>
+
 #include "atelier/database/imp_database.h"
 #include "atelier/database/new_record.h"
 #include "atelier/database/plane.h"
+#include "atelier/database/polyline_vertices.h"
 #include "hote/dbpl.h"
 
 using namespace atelier;
@@ -45,18 +48,21 @@ void eachVertex(const AcDbObject* polyline, AcDb::OpenMode mode, VISIT visit) {
   }
 }
 
-Acad::ErrorStatus extentsOf(const AcDbObject* polyline, const AcGeVector3d& normal, double elevation, bool flat, AcDbExtents& extents) {
-  AcDbExtents box;
-  eachVertex(polyline, AcDb::kForRead, [&](const AcDbVertex& v) {
-    const AcGePoint3d p = v.position();
-    box.addPoint(flat ? toWorld(AcGePoint3d(p.x, p.y, elevation), normal) : p);
-  });
+Acad::ErrorStatus given(const AcDbExtents& box, AcDbExtents& extents) {
   if (box.isEmpty()) return Acad::eInvalidExtents;
   extents = box;
   return Acad::eOk;
 }
 
 }  // namespace
+
+void atelier::putInSpace(Record& record, std::string_view flat, std::string_view spatial, std::int64_t flag) {
+  if (record.section(flat).first == Record::npos) return;
+  for (Group& group : record.groups) {
+    if (group.code() == 100 && group.text() == flat) group = Group::text(100, std::string(spatial));
+    if (group.code() == 70) group = Group::integer(70, group.integer() | flag);
+  }
+}
 
 AcDbVertex::AcDbVertex() { initRecord(*this, "VERTEX"); }
 AcGePoint3d AcDbVertex::position() const { return recordOf(this).point(pointField(vertexSection(recordOf(this)), 10)); }
@@ -91,7 +97,19 @@ Acad::ErrorStatus AcDb2dPolyline::openVertex(AcDbVertex*& vertex, AcDbObjectId i
 }
 Acad::ErrorStatus AcDb2dPolyline::appendVertex(AcDbVertex* vertex) { return append(this, vertex); }
 Acad::ErrorStatus AcDb2dPolyline::getGeomExtents(AcDbExtents& extents) const {
-  return extentsOf(this, normal(), elevation(), true, extents);
+  AcDbExtents box;
+  std::optional<AcGePoint2d> first, before;
+  double bulge = 0;
+  const auto to = [&](const AcGePoint2d& p) { box.addExt(bulgeExtents(before.value_or(p), p, bulge, elevation(), normal())); };
+  eachVertex(this, AcDb::kForRead, [&](const AcDbVertex& v) {
+    const AcGePoint2d p(v.position().x, v.position().y);
+    to(p);
+    if (!first) first = p;
+    before = p;
+    bulge = v.bulge();
+  });
+  if (first && isClosed()) to(*first);
+  return given(box, extents);
 }
 Acad::ErrorStatus AcDb2dPolyline::transformBy(const AcGeMatrix3d& m) {
   AcDbImpObject& imp = AcDbImpObject::of(this);
@@ -113,16 +131,25 @@ Acad::ErrorStatus AcDb2dPolyline::transformBy(const AcGeMatrix3d& m) {
   return Acad::eOk;
 }
 
-AcDb3dPolyline::AcDb3dPolyline() { initRecord(*this, "POLYLINE"); }
+AcDb3dPolyline::AcDb3dPolyline() {
+  const bool fresh = !pendingRecordNow();
+  initRecord(*this, "POLYLINE");
+  if (fresh) putInSpace(AcDbImpObject::of(this).record, "AcDb2dPolyline", "AcDb3dPolyline", 8);
+}
 AcDb::Poly3dType AcDb3dPolyline::polyType() const {
   const std::int64_t smooth = recordOf(this).integer(integerField("AcDb3dPolyline", 75));
   return smooth == 6 ? AcDb::k3dCubicSplinePoly : smooth == 5 ? AcDb::k3dQuadSplinePoly : AcDb::k3dSimplePoly;
 }
 bool AcDb3dPolyline::isClosed() const { return recordOf(this).integer(integerField("AcDb3dPolyline", 70)) & 1; }
 AcDbObjectIterator* AcDb3dPolyline::vertexIterator() const { return vertices(this); }
-Acad::ErrorStatus AcDb3dPolyline::appendVertex(AcDbVertex* vertex) { return append(this, vertex); }
+Acad::ErrorStatus AcDb3dPolyline::appendVertex(AcDbVertex* vertex) {
+  putInSpace(AcDbImpObject::of(vertex).record, "AcDb2dVertex", "AcDb3dPolylineVertex", 32);
+  return append(this, vertex);
+}
 Acad::ErrorStatus AcDb3dPolyline::getGeomExtents(AcDbExtents& extents) const {
-  return extentsOf(this, AcGeVector3d(0, 0, 1), 0, false, extents);
+  AcDbExtents box;
+  eachVertex(this, AcDb::kForRead, [&](const AcDbVertex& v) { box.addPoint(v.position()); });
+  return given(box, extents);
 }
 Acad::ErrorStatus AcDb3dPolyline::transformBy(const AcGeMatrix3d& m) {
   if (!AcDbImpObject::of(this).writable()) return Acad::eNotOpenForWrite;

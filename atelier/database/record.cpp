@@ -12,6 +12,11 @@ constexpr int kBrace = 102;
 constexpr int kFirstXdata = 1000;
 
 // "AcDbText#2" is the second section called AcDbText.
+// An insert of an array has a mark of its own before the same groups.
+bool marks(const Group& mark, std::string_view section) {
+  return mark.text() == section || (section == "AcDbBlockReference" && mark.text() == "AcDbMInsertBlock");
+}
+
 std::pair<std::string_view, int> nameAndTurn(std::string_view subclass) {
   const std::size_t hash = subclass.find('#');
   if (hash == std::string_view::npos) return {subclass, 1};
@@ -82,7 +87,7 @@ std::size_t Record::find(const Field& field) const {
     } else if (code == kMark) {
       marked = true;
       if (inside && !wanted.empty() && seen >= turn) return npos;
-      inside = !wanted.empty() && group.text() == wanted && ++seen == turn;
+      inside = !wanted.empty() && marks(group, wanted) && ++seen == turn;
     } else if (code == field.code) {
       if (inside) return i;
       if (!marked && fallback == npos && i > 0) fallback = i;
@@ -129,7 +134,7 @@ std::pair<std::size_t, std::size_t> Record::section(std::string_view subclass) c
   const auto [wanted, turn] = nameAndTurn(subclass);
   int seen = 0;
   for (std::size_t i = 0; i < groups.size() && groups[i].code() < kFirstXdata; ++i) {
-    if (groups[i].code() != kMark || groups[i].text() != wanted || ++seen != turn) continue;
+    if (groups[i].code() != kMark || !marks(groups[i], wanted) || ++seen != turn) continue;
     std::size_t end = i + 1;
     while (end < groups.size() && groups[end].code() != kMark && groups[end].code() < kFirstXdata) ++end;
     return {i + 1, end};

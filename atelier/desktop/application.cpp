@@ -6,6 +6,7 @@
 #include <QLocale>
 #include <QTranslator>
 #include <clocale>
+#include <functional>
 
 #include "atelier/desktop/icons.h"
 #include "atelier/desktop/main_window.h"
@@ -14,9 +15,27 @@
 #include "atelier/render/plot_builtins.h"
 
 namespace atelier::desktop {
+namespace {
+
+// What goes wrong in an event ends that event, not the program with its open drawings.
+class Application final : public QApplication {
+ public:
+  using QApplication::QApplication;
+  std::function<void(const QString&)> onFault;
+  bool notify(QObject* receiver, QEvent* event) override {
+    try {
+      return QApplication::notify(receiver, event);
+    } catch (const std::exception& error) {
+      if (onFault) onFault(QString::fromUtf8(error.what()));
+      return true;
+    }
+  }
+};
+
+}  // namespace
 
 int run(int argc, char** argv) {
-  QApplication application(argc, argv);
+  Application application(argc, argv);
   std::setlocale(LC_NUMERIC, "C");
   QLocale::setDefault(QLocale(QLocale::French));
   QApplication::setOrganizationName("kavel");
@@ -34,6 +53,7 @@ int run(int argc, char** argv) {
   exchange::provideExchange();
   render::providePlots();
   MainWindow window;
+  application.onFault = [&window](const QString& text) { window.commandLine().print("\n" + text + "\n"); };
   window.show();
   bool opened = false;
   for (const QString& path : arguments.mid(1)) opened = window.open(path) || opened;

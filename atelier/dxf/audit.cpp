@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "atelier/database/interruption.h"
 #include "atelier/dxf/audit_run.h"
 #include "hote/dbsymtb.h"
 
@@ -29,7 +30,7 @@ void checkSeed(AuditRun& run) {
   if (!seed || seed->values.empty() || run.db.modified) return;
   std::uint64_t highest = 0;
   for (const AcDbStub& stub : run.db.stubs())
-    if (!stub.is(AcDbStub::kVirtual) && !stub.is(AcDbStub::kHandleless)) highest = std::max(highest, stub.handle);
+    if (!stub.is(AcDbStub::kVirtual) && !stub.is(AcDbStub::kHandleless) && !stub.is(AcDbStub::kNew)) highest = std::max(highest, stub.handle);
   if (seed->values[0].handle() > highest) return;
   if (run.found("A02", nullptr, "$HANDSEED " + handleText(seed->values[0].handle()) + " n'est pas au-dessus de " + handleText(highest)))
     run.db.modified = true;  // saving writes a seed that is
@@ -132,6 +133,7 @@ std::vector<Finding> audit(AcDbDatabase& database, bool fix) {
   // Repairs may add records: what was there before is walked.
   const std::size_t count = run.db.stubs().size();
   for (std::size_t i = 0; i < count; ++i) {
+    checkInterruption();
     AcDbStub& stub = const_cast<AcDbStub&>(run.db.stubs()[i]);
     if (stub.is(AcDbStub::kErased) || stub.is(AcDbStub::kVirtual)) continue;
     checkOwner(run, stub);

@@ -4,7 +4,10 @@
 
 #include <map>
 
+#include "atelier/database/interruption.h"
 #include "atelier/dxf/flat_polyline.h"
+#include "atelier/dxf/modern_text.h"
+#include "atelier/dxf/reader.h"
 #include "atelier/dxf/record_text.h"
 #include "atelier/dxf/replaced_file.h"
 #include "atelier/dxf/versions.h"
@@ -56,7 +59,7 @@ class Exporter {
   std::vector<std::string> notes() const {
     std::vector<std::string> lines;
     for (const auto& [type, count] : leftOut_)
-      lines.push_back(std::to_string(count) + " " + type + (count > 1 ? " laisses de cote: inconnus" : " laisse de cote: inconnu") + " de cette version");
+      lines.push_back(std::to_string(count) + " " + type + (count > 1 ? " laissés de côté: inconnus" : " laissé de côté: inconnu") + " de cette version");
     return lines;
   }
 
@@ -169,6 +172,7 @@ class Exporter {
   }
 
   void record(AcDbStub& stub) {
+    checkInterruption();
     if (stub.is(AcDbStub::kErased)) return;
     const std::string type(db_.typeName(stub));
     bool braces = false, embedded = false;
@@ -195,12 +199,26 @@ class Exporter {
 
 }  // namespace
 
+namespace {
+
+std::vector<std::string> saveModern(AcDbDatabase& database, const std::string& path, std::string_view release, bool binary) {
+  const ModernText modern = modernText(database);
+  AcDbDatabase copy(false, true);
+  readBytes(copy, AcDbImpDatabase::of(&database).path, modern.text, nullptr);
+  std::vector<std::string> notes = saveAs(copy, path, release, binary);
+  notes.insert(notes.end(), modern.lost.begin(), modern.lost.end());
+  return notes;
+}
+
+}  // namespace
+
 std::vector<std::string> saveAs(AcDbDatabase& database, const std::string& path, std::string_view release, bool binary) {
   const std::string_view version = acadVersion(release);
   const auto layout = std::static_pointer_cast<FileLayout>(AcDbImpDatabase::of(&database).layout);
   if (version.empty()) throw Error("version de dessin inconnue: " + std::string(release));
-  if (!layout || (!layout->atLeast(kR13) && version >= kR13)) throw Error("un dessin de version R12 ne s'enregistre qu'en R12");
+  ATELIER_ASSERT(layout);
   refuseDamaged(database, path);
+  if (!layout->atLeast(kR13) && version >= kR13) return saveModern(database, path, release, binary);
   Exporter exporter(database, version, binary);
   ReplacedFile file(path);
   exporter.write(file);

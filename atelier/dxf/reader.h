@@ -16,6 +16,8 @@ void readFile(AcDbDatabase& database, const std::string& path);
 void readFileRecovering(AcDbDatabase& database, const std::string& path, std::vector<std::string>& messages);
 // The drawing that a new one starts from: R2018, metres, all tables, layouts and styles.
 void readNewDrawing(AcDbDatabase& database);
+// Whether the database began as one, saved since or not.
+bool beganAsNew(const AcDbDatabase& database);
 // A drawing in memory; name stands in messages. The bytes must outlive the database. With messages: as recovering.
 void readBytes(AcDbDatabase& database, const std::string& name, std::string_view bytes, std::shared_ptr<const MappedFile> file,
                std::vector<std::string>* messages = nullptr);

@@ -16,6 +16,11 @@ class Service : public DrawingReader {
 
 void readNewDrawing(AcDbDatabase& database) { readBytes(database, "nouveau dessin", newDrawingText(), nullptr); }
 
+bool beganAsNew(const AcDbDatabase& database) {
+  const auto layout = std::static_pointer_cast<FileLayout>(AcDbImpDatabase::of(&database).layout);
+  return layout && layout->bytes.data() == newDrawingText().data();
+}
+
 void provideDrawingReader() { setDrawingReader(std::make_unique<Service>()); }
 
 }  // namespace atelier::dxf

@@ -58,14 +58,14 @@ int backUp(const std::string& target) {
 
 }  // namespace
 
-ReplacedFile::ReplacedFile(const std::string& target)
-    : name_(target), target_(resolved(target)), path_(target_ + "." + std::to_string(getpid()) + ".nouveau") {
+ReplacedFile::ReplacedFile(const std::string& target, bool backup)
+    : name_(target), target_(resolved(target)), path_(target_ + "." + std::to_string(getpid()) + ".nouveau"), backup_(backup) {
   struct stat info {};
   const bool exists = stat(target_.c_str(), &info) == 0;
-  if (exists && !S_ISREG(info.st_mode)) fail("ecriture impossible", S_ISDIR(info.st_mode) ? EISDIR : EINVAL);
+  if (exists && !S_ISREG(info.st_mode)) fail("écriture impossible", S_ISDIR(info.st_mode) ? EISDIR : EINVAL);
   file_ = open(path_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-  if (file_ < 0) fail("ecriture impossible", errno);
-  if (exists && fchmod(file_, info.st_mode & 07777) != 0) fail("ecriture impossible", errno);
+  if (file_ < 0) fail("écriture impossible", errno);
+  if (exists && fchmod(file_, info.st_mode & 07777) != 0) fail("écriture impossible", errno);
 }
 
 ReplacedFile::~ReplacedFile() {
@@ -88,7 +88,7 @@ void ReplacedFile::put(std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t count = ::write(file_, bytes.data(), std::min(bytes.size(), 4 * kBlock));
     if (count < 0 && errno == EINTR) continue;
-    if (count <= 0) fail("ecriture interrompue", errno);
+    if (count <= 0) fail("écriture interrompue", errno);
     bytes.remove_prefix(static_cast<std::size_t>(count));
     written_ += static_cast<std::size_t>(count);
 #ifdef __linux__
@@ -103,9 +103,9 @@ void ReplacedFile::put(std::string_view bytes) {
 
 void ReplacedFile::keep() {
   put(std::exchange(buffer_, std::string()));
-  if (fsync(file_) != 0) fail("ecriture interrompue", errno);
-  if (close(std::exchange(file_, -1)) != 0) fail("ecriture interrompue", errno);
-  if (access(target_.c_str(), F_OK) == 0)
+  if (fsync(file_) != 0) fail("écriture interrompue", errno);
+  if (close(std::exchange(file_, -1)) != 0) fail("écriture interrompue", errno);
+  if (backup_ && access(target_.c_str(), F_OK) == 0)
     if (const int error = backUp(target_)) fail("copie de secours impossible", error);
   if (std::rename(path_.c_str(), target_.c_str()) != 0) fail("remplacement impossible", errno);
   kept_ = true;
@@ -113,7 +113,7 @@ void ReplacedFile::keep() {
 
 void ReplacedFile::fail(const std::string& what, int error) const {
   if (!kept_) unlink(path_.c_str());
-  throw FileError(name_, 0, what + ": " + std::strerror(error) + "; le dessin sur le disque reste tel qu'il etait");
+  throw FileError(name_, 0, what + ": " + std::strerror(error) + "; le fichier sur le disque reste tel qu'il était");
 }
 
 }  // namespace atelier::dxf

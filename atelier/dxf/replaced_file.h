@@ -1,5 +1,5 @@
 // A file written beside its target and put in its place when it is whole.
-// What stood there becomes .bak; until then, and after any failure, it stays as it was.
+// What stood there becomes .bak when that is asked for; until then, and after any failure, it stays as it was.
 #pragma once
 #include <string>
 #include <string_view>
@@ -9,7 +9,7 @@ namespace atelier::dxf {
 class ReplacedFile {
  public:
   // A target that is a symbolic link stands for the file it leads to. Throws FileError, as the others do.
-  explicit ReplacedFile(const std::string& target);
+  explicit ReplacedFile(const std::string& target, bool backup = true);
   ~ReplacedFile();
   ReplacedFile(const ReplacedFile&) = delete;
   ReplacedFile& operator=(const ReplacedFile&) = delete;
@@ -23,7 +23,7 @@ class ReplacedFile {
   std::string name_, target_, path_, buffer_;
   std::size_t written_ = 0, pushed_ = 0;
   int file_ = -1;
-  bool kept_ = false;
+  bool backup_ = true, kept_ = false;
 };
 
 }  // namespace atelier::dxf

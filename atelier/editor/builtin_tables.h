@@ -17,6 +17,7 @@ std::span<const lisp::Builtin> variableBuiltins();
 std::span<const lisp::Builtin> commandBuiltins();
 std::span<const lisp::Builtin> failureBuiltins();
 std::span<const lisp::Builtin> dialogBuiltins();
+std::span<const lisp::Builtin> dclBuiltins();
 std::span<const lisp::Builtin> curveBuiltins();
 
 }  // namespace atelier

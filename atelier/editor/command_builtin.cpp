@@ -26,7 +26,7 @@ std::unique_ptr<CommandRun> begin(Interpreter& in, Document& document, Value nam
   if (!row->function)
     throw Error("Commande " + std::string(row->name) + " non disponible ici. " + std::string(row->help));
   if (!document.undoGroup) document.imp().journal.mark();
-  return std::make_unique<CommandRun>(document, *row);
+  return std::make_unique<CommandRun>(document, *row, text);
 }
 
 // Runs the values; false when a command was cancelled, or waits though it may not.

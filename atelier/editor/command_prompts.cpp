@@ -2,6 +2,9 @@
 // Each says its keywords anew, since an asked-again question has used them up.
 #include "atelier/editor/command_prompts.h"
 
+#include <cmath>
+
+#include "atelier/database/interruption.h"
 #include "atelier/editor/document.h"
 #include "atelier/editor/layer_states.h"
 #include "atelier/editor/selection_prompt.h"
@@ -66,11 +69,22 @@ Asked<int> Command::keyword(std::string prompt, std::string keywords) const {
 Asked<PickedEntity> Command::entity(std::string prompt, std::string keywords) const {
   return Asked<PickedEntity>([=](Prompter& p, PickedEntity& value) {
     p.initGet(0, keywords);
-    return p.getEntity(prompt, value.id, value.point);
+    const AcGePoint3d nowhere(HUGE_VAL, HUGE_VAL, HUGE_VAL);
+    value.point = nowhere;
+    const Answer answer = p.getEntity(prompt, value.id, value.point);
+    value.byPoint = value.point.x != HUGE_VAL;
+    if (!value.byPoint) value.point = {};
+    return answer;
   });
 }
-Asked<std::shared_ptr<SelectionSet>> Command::objects() const {
-  const auto prompt = std::make_shared<SelectionPrompt>(document, SelectionFilter(), false);
+Asked<std::shared_ptr<SelectionSet>> Command::objects(bool single) const {
+  if (!single)
+    if (auto chosen = takeSelectedBefore(document))
+      return Asked<std::shared_ptr<SelectionSet>>([chosen](Prompter&, std::shared_ptr<SelectionSet>& set) {
+        set = chosen;
+        return Answer::value;
+      });
+  const auto prompt = std::make_shared<SelectionPrompt>(document, SelectionFilter(), single);
   return Asked<std::shared_ptr<SelectionSet>>([this, prompt](Prompter&, std::shared_ptr<SelectionSet>& set) {
     const Answer answer = prompt->run();
     if (answer == Answer::value) set = document.previousSelection = prompt->set();
@@ -100,10 +114,30 @@ AcDbObjectId Command::addAsIs(std::unique_ptr<AcDbEntity> entity) const {
   return id;
 }
 
+std::vector<AcDbObjectId> Command::copies(const SelectionSet& set, const AcGeMatrix3d& matrix, AcDbObjectId block) const {
+  AcDbObjectIdArray ids;
+  for (AcDbStub* stub : set.list())
+    if (!stub->is(AcDbStub::kErased)) ids.append(AcDbObjectId(stub));
+  AcDbIdMapping mapping;
+  AcDbDatabase& database = document.database();
+  if (database.deepCloneObjects(ids, block.isNull() ? database.currentSpaceId() : block, mapping) != Acad::eOk)
+    fail("Les objets n'ont pas pu être copiés.");
+  std::vector<AcDbObjectId> made;
+  for (int i = 0; i < ids.length(); ++i) {
+    AcDbObjectId copy;
+    if (!mapping.compute(ids[i], copy)) continue;
+    const AcDbEntityPointer entity(copy, AcDb::kForWrite);
+    if (entity.openStatus() == Acad::eOk) entity->transformBy(matrix);
+    made.push_back(copy);
+  }
+  return made;
+}
+
 void Command::change(const SelectionSet& set, const std::function<void(AcDbEntity&)>& work) const {
   LayerStates layers(document.imp());
   int locked = 0;
   for (AcDbStub* stub : set.list()) {
+    checkInterruption();
     if (stub->is(AcDbStub::kErased)) continue;
     if (layers.isLocked(*stub)) {
       ++locked;

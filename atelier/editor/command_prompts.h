@@ -14,12 +14,16 @@ namespace atelier {
 struct PickedEntity {
   AcDbObjectId id;  // null when nothing stands under the point
   AcGePoint3d point;
+  bool byPoint = true;  // false: named by a program or as the last one, without a point
 };
+
+inline AcGePoint2d flat(const AcGePoint3d& p) { return {p.x, p.y}; }
 
 class Command {
  public:
-  explicit Command(Document& owner) : document(owner) {}
+  Command(Document& owner, std::string name) : document(owner), typed(std::move(name)) {}
   Document& document;
+  const std::string typed;  // the name it was called by
 
   using Base = std::optional<AcGePoint3d>;
   Asked<AcGePoint3d> point(std::string prompt, Base base = {}, std::string keywords = {}) const;
@@ -34,8 +38,8 @@ class Command {
   Asked<std::string> line(std::string prompt) const;  // blanks and all
   Asked<int> keyword(std::string prompt, std::string keywords) const;
   Asked<PickedEntity> entity(std::string prompt, std::string keywords = {}) const;
-  // Becomes the previous selection. Enter with nothing selected: no value.
-  Asked<std::shared_ptr<SelectionSet>> objects() const;
+  // Becomes the previous selection. Enter with nothing selected: no value. When `single`, one answer is all.
+  Asked<std::shared_ptr<SelectionSet>> objects(bool single = false) const;
 
   void print(std::string_view text) const;
   // Ends the command with a message that counts as a failure.
@@ -45,6 +49,8 @@ class Command {
   AcDbObjectId add(std::unique_ptr<AcDbEntity> entity) const;
   // The same, with the layer, colour and line type that the entity has.
   AcDbObjectId addAsIs(std::unique_ptr<AcDbEntity> entity) const;
+  // Copies that go where the matrix takes them, in the current space or in that block.
+  std::vector<AcDbObjectId> copies(const SelectionSet& set, const AcGeMatrix3d& matrix, AcDbObjectId block = {}) const;
   // Calls with each entity of the set that can be changed; those on locked layers are counted and passed
   // over.
   void change(const SelectionSet& set, const std::function<void(AcDbEntity&)>& work) const;

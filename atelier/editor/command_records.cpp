@@ -93,6 +93,7 @@ std::vector<std::string> purgeTable(const Command& c, std::string_view table, st
   std::set<std::uint64_t> handles;
   for (const AcDbStub& known : db.stubs()) {
     AcDbStub& stub = const_cast<AcDbStub&>(known);
+    checkInterruption();
     if (stub.is(AcDbStub::kErased)) continue;
     const std::string type(db.typeName(stub));
     // A block's own ends name it too.

@@ -21,8 +21,8 @@ class AnswerSupply {
 
 class CommandRun {
  public:
-  CommandRun(Document& document, const CommandRow& row)
-      : command_(document), row_(row), task_(row.function(command_)) {}
+  CommandRun(Document& document, const CommandRow& row, std::string typed)
+      : command_(document, std::move(typed)), row_(row), task_(row.function(command_)) {}
   enum class State { ended, cancelled, waiting };
   // Runs on with the prompter's source until the command ends, or waits because the supply ran out.
   State advance(const AnswerSupply& supply);

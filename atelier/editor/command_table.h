@@ -2,6 +2,7 @@
 // To add a command: a coroutine in one of the files by subject, and a row in that file's table.
 #pragma once
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "atelier/editor/command_task.h"
@@ -18,6 +19,10 @@ struct CommandRow {
 };
 
 std::span<const CommandRow> drawingCommands();
+std::span<const CommandRow> plineCommands();
+std::span<const CommandRow> arcCommands();
+std::span<const CommandRow> blockCommands();
+std::span<const CommandRow> propertyCommands();
 std::span<const CommandRow> textCommands();
 std::span<const CommandRow> editingCommands();
 std::span<const CommandRow> curveCommands();
@@ -33,7 +38,9 @@ std::span<const CommandRow> undoCommands();
 std::span<const CommandRow> menuCommands();
 
 // The command of that name, as typed: leading _ . and ' are passed over. French and English names are all
-// distinct.
+// distinct. A system variable's name is SETVAR's row.
 const CommandRow* commandRow(std::string_view typed);
+// A name as typed, without the marks, in upper case.
+std::string commandName(std::string_view typed);
 
 }  // namespace atelier

@@ -9,6 +9,7 @@
 #include "atelier/database/text.h"
 #include "atelier/editor/command_run.h"
 #include "atelier/editor/document.h"
+#include "atelier/editor/variable_table.h"
 
 namespace atelier {
 namespace {
@@ -32,7 +33,7 @@ bool isNamed(const CommandRow& row, std::string_view name) {
 }
 
 auto allTables() {
-  return std::array{drawingCommands(), textCommands(), editingCommands(), curveCommands(), cornerCommands(), polylineCommands(), insertCommands(),
+  return std::array{drawingCommands(), plineCommands(), arcCommands(), blockCommands(), propertyCommands(), textCommands(), editingCommands(), curveCommands(), cornerCommands(), polylineCommands(), insertCommands(),
                     layerCommands(), recordCommands(), drawingFileCommands(), fileCommands(), viewCommands(), undoCommands(), menuCommands(),
                     std::span<const CommandRow>(kElsewhere)};
 }
@@ -51,14 +52,17 @@ std::vector<std::string> commandNames() {
   return names;
 }
 
+std::string commandName(std::string_view typed) {
+  while (!typed.empty() && (typed.front() == '_' || typed.front() == '.' || typed.front() == '\'')) typed.remove_prefix(1);
+  return upperCase(typed);
+}
+
 const CommandRow* commandRow(std::string_view typed) {
-  while (!typed.empty() && (typed.front() == '_' || typed.front() == '.' || typed.front() == '\''))
-    typed.remove_prefix(1);
-  const std::string name = upperCase(typed);
+  const std::string name = commandName(typed);
   for (const auto table : allTables())
     for (const CommandRow& row : table)
       if (isNamed(row, name)) return &row;
-  return nullptr;
+  return variableRow(name) && name != "SETVAR" ? commandRow("SETVAR") : nullptr;
 }
 
 bool runBuiltinCommand(Document& document, const std::string& name) {
@@ -69,7 +73,7 @@ bool runBuiltinCommand(Document& document, const std::string& name) {
     return true;
   }
   try {
-    CommandRun run(document, *row);
+    CommandRun run(document, *row, name);
     run.advance(AnswerSupply());
   } catch (const Interrupted&) {
     document.interpreter().clearInterrupt();

@@ -12,8 +12,6 @@
 namespace atelier {
 namespace {
 
-AcGePoint2d flat(const AcGePoint3d& p) { return {p.x, p.y}; }
-
 std::unique_ptr<AcDbPolyline> polylineOf(const std::vector<PolylineVertex>& list, const AcDbPolyline& like) {
   auto made = std::make_unique<AcDbPolyline>();
   for (unsigned i = 0; i < list.size(); ++i)
@@ -59,8 +57,19 @@ std::unique_ptr<AcDbCurve> parallelOf(const AcDbCurve& curve, double distance, c
 
 CommandTask offset(Command& c) {
   const double known = std::abs(c.document.variables().real("OFFSETDIST", 1));
-  const std::string prompt = "\nDistance de décalage ou [Par] <" + realText(known) + ">: ";
-  const auto given = co_await c.distance(prompt, {}, "Par _Through");
+  const std::string prompt = "\nDistance de décalage ou [Par/Effacer/Calque] <" + realText(known) + ">: ";
+  bool erases = false, currentLayer = false;
+  auto given = co_await c.distance(prompt, {}, "Par Effacer Calque _Through Erase Layer");
+  while (given.is("Erase") || given.is("Layer")) {
+    if (given.is("Erase")) {
+      const auto yes = co_await c.keyword("\nEffacer l'objet d'origine? [Oui/Non] <N>: ", "Oui Non _Yes No");
+      erases = yes.is("Yes");
+    } else {
+      const auto layer = co_await c.keyword("\nCalque du décalage [Courant/Source] <S>: ", "Courant Source _Current Source");
+      currentLayer = layer.is("Current");
+    }
+    given = co_await c.distance(prompt, {}, "Par Effacer Calque _Through Erase Layer");
+  }
   const bool through = given.is("Through");
   double distance = given.valueOr(known);
   if (!through && !(distance > 0)) c.fail("La distance doit être positive.");
@@ -68,15 +77,19 @@ CommandTask offset(Command& c) {
   for (;;) {
     const auto picked = co_await c.entity("\nObjet à décaler <fin>: ");
     if (!picked.given()) co_return;
-    const AcDbCurve& curve = pickedCurve(c, picked.value.id);
+    pickedCurve(c, picked.value.id);
     const auto side = co_await c.point(through ? "\nPoint de passage: " : "\nPoint du côté du décalage: ");
     if (!side.given()) co_return;
+    const AcDbCurve& curve = pickedCurve(c, picked.value.id);
     AcGePoint3d foot;
     if (through && curve.getClosestPointTo(side.value, foot) == Acad::eOk) distance = std::hypot(side.value.x - foot.x, side.value.y - foot.y);
     auto parallel = parallelOf(curve, distance, side.value);
     if (!parallel) c.fail("L'objet ne se décale pas.");
     parallel->setPropertiesFrom(&curve);
+    if (currentLayer) parallel->setLayer(c.document.database().clayer());
     c.addAsIs(std::move(parallel));
+    const AcDbEntityPointer source(erases ? picked.value.id : AcDbObjectId(), AcDb::kForWrite);
+    if (source.openStatus() == Acad::eOk) source->erase();
   }
 }
 
@@ -140,8 +153,10 @@ void joinLines(const Command& c, PickedLine a, PickedLine b, const PickedEntity&
   findCorner(c, a, b, pickA.point, pickB.point);
   const AcGeVector2d u(a.away.x, a.away.y), v(b.away.x, b.away.y);
   if (cut.round) cut = cutFor(radius, u, v);
-  shorten(a, cut.first);
-  shorten(b, cut.second);
+  if (c.document.variables().integer("TRIMMODE", 1) != 0) {
+    shorten(a, cut.first);
+    shorten(b, cut.second);
+  }
   if (cut.first == 0 && cut.second == 0) return;
   const AcGePoint3d from = a.corner + a.away * cut.first, to = b.corner + b.away * cut.second;
   if (!cut.round) {
@@ -184,11 +199,19 @@ void cutPolyline(const Command& c, AcDbObjectId id, double radius, const Cut& gi
   replaceByPieces(c, id, std::move(pieces));
 }
 
+constexpr const char* kTrimPrompt = "\nLignes au raccord [Ajuster/Garder]: ";
+constexpr const char* kTrimWords = "Ajuster Garder _Trim No";
+
 CommandTask fillet(Command& c) {
   for (;;) {
     const double radius = c.document.variables().real("FILLETRAD", 0);
-    const std::string prompt = "\nPremière ligne ou [Polyligne/Rayon] <rayon " + realText(radius) + ">: ";
-    const auto first = co_await c.entity(prompt, "Polyligne Rayon _Polyline Radius");
+    const std::string prompt = "\nPremière ligne ou [Polyligne/Rayon/Ajuster] <rayon " + realText(radius) + ">: ";
+    const auto first = co_await c.entity(prompt, "Polyligne Rayon Ajuster _Polyline Radius Trim");
+    if (first.is("Trim")) {
+      const auto mode = co_await c.keyword(kTrimPrompt, kTrimWords);
+      if (mode.answer == Answer::keyword) c.document.variables().set("TRIMMODE", mode.is("Trim") ? 1 : 0);
+      continue;
+    }
     if (first.is("Radius")) {
       const auto given = co_await c.distance("\nRayon du raccord: ");
       if (given.value < 0) c.fail("Le rayon ne peut pas être négatif.");
@@ -211,8 +234,13 @@ CommandTask fillet(Command& c) {
 CommandTask chamfer(Command& c) {
   for (;;) {
     const Cut cut{c.document.variables().real("CHAMFERA", 0), c.document.variables().real("CHAMFERB", 0), false};
-    const std::string prompt = "\nPremière ligne ou [Polyligne/Ecarts] <" + realText(cut.first) + " et " + realText(cut.second) + ">: ";
-    const auto first = co_await c.entity(prompt, "Polyligne Ecarts _Polyline Distance");
+    const std::string prompt = "\nPremière ligne ou [Polyligne/Ecarts/Ajuster] <" + realText(cut.first) + " et " + realText(cut.second) + ">: ";
+    const auto first = co_await c.entity(prompt, "Polyligne Ecarts Ajuster _Polyline Distance Trim");
+    if (first.is("Trim")) {
+      const auto mode = co_await c.keyword(kTrimPrompt, kTrimWords);
+      if (mode.answer == Answer::keyword) c.document.variables().set("TRIMMODE", mode.is("Trim") ? 1 : 0);
+      continue;
+    }
     if (first.is("Distance")) {
       const auto one = co_await c.distance("\nPremier écart: ");
       if (one.value < 0) c.fail("Un écart ne peut pas être négatif.");

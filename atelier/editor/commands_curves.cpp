@@ -2,6 +2,7 @@
 // Curves meet in plan. What is picked at a point is cut or extended on the side of that point.
 #include <cmath>
 
+#include "atelier/database/interruption.h"
 #include "atelier/editor/command_table.h"
 #include "atelier/editor/curve_pieces.h"
 #include "atelier/editor/document.h"
@@ -45,15 +46,21 @@ CommandTask spline(Command& c) {
   c.add(std::move(made));
 }
 
+// An object that is named rather than picked has no first point yet.
 CommandTask breakCurve(Command& c) {
   const auto picked = co_await c.entity("\nObjet à couper: ");
   if (!picked.given()) co_return;
   AcGePoint3d first = picked.value.point;
-  auto second = co_await c.point("\nDeuxième point de coupure ou [Premier point]: ", {}, "Premier _First");
-  if (second.is("First")) {
-    const auto given = co_await c.point("\nPremier point de coupure: ");
-    first = given.value;
-    second = co_await c.point("\nDeuxième point de coupure <le premier>: ");
+  const std::string prompt = picked.value.byPoint ? "\nDeuxième point de coupure ou [Premier point]: " : "\nPremier point de coupure: ";
+  auto second = co_await c.point(prompt, {}, "Premier _First");
+  if (second.is("First") || !picked.value.byPoint) {
+    if (second.given()) {
+      first = second.value;
+    } else {
+      const auto given = co_await c.point("\nPremier point de coupure: ");
+      first = given.value;
+    }
+    second = co_await c.point("\nDeuxième point de coupure <le premier>: ", first);
   }
   const AcDbCurve& curve = pickedCurve(c, picked.value.id);
   const auto from = paramNear(curve, first), to = paramNear(curve, second.valueOr(first));
@@ -64,27 +71,24 @@ CommandTask breakCurve(Command& c) {
   replaceByPieces(c, picked.value.id, std::move(pieces));
 }
 
-// The curves of a selection, of the whole space when nothing was chosen.
-std::vector<const AcDbCurve*> limits(const Command& c, const SelectionSet* set) {
-  std::vector<const AcDbCurve*> curves;
+using Limits = std::vector<AcDbStub*>;
+
+// What may be a limit: the selection, or without one the whole space.
+Limits limits(const Command& c, const SelectionSet* set) {
   const AcDbStub* space = c.document.database().currentSpaceId();
-  const std::vector<AcDbStub*> none;
-  for (AcDbStub* stub : set ? set->list() : space && space->children ? *space->children : none)
-    if (!stub->is(AcDbStub::kErased))
-      if (const AcDbCurve* curve = AcDbCurve::cast(&c.document.imp().object(*stub))) curves.push_back(curve);
-  return curves;
+  return set ? Limits(set->list().begin(), set->list().end()) : space && space->children ? *space->children : Limits();
 }
 
-void trimAt(const Command& c, AcDbObjectId id, const AcGePoint3d& point, const SelectionSet* set) {
-  const AcDbCurve& curve = pickedCurve(c, id);
-  const std::vector<double> cuts = paramsOfMeetings(curve, limits(c, set));
+// What is left of the curve without the part between the limits at either side of the point; nothing without a limit.
+CurvePieces trimmed(const Command& c, const AcDbCurve& curve, const AcGePoint3d& point, const SelectionSet* set) {
+  AcDbExtents box;
+  Limits others = limits(c, set);
+  if (!set && curve.getGeomExtents(box) == Acad::eOk) others = c.document.spatialIndex().query(c.document.database().currentSpaceId(), box);
+  const std::vector<double> cuts = paramsOfMeetings(curve, others);
   const auto at = paramNear(curve, point);
   double low = 0, high = 0;
-  if (!at || cuts.empty() || curve.getStartParam(low) != Acad::eOk || curve.getEndParam(high) != Acad::eOk ||
-      (curve.isClosed() && cuts.size() < 2)) {
-    c.print("\nL'objet ne rencontre aucune limite.");
-    return;
-  }
+  if (!at || cuts.empty() || curve.getStartParam(low) != Acad::eOk || curve.getEndParam(high) != Acad::eOk || (curve.isClosed() && cuts.size() < 2))
+    return {};
   const auto above = std::upper_bound(cuts.begin(), cuts.end(), *at);
   if (curve.isClosed()) {
     low = above == cuts.begin() ? cuts.back() : *(above - 1);
@@ -93,14 +97,16 @@ void trimAt(const Command& c, AcDbObjectId id, const AcGePoint3d& point, const S
     if (above != cuts.begin()) low = *(above - 1);
     if (above != cuts.end()) high = *above;
   }
-  CurvePieces pieces = without(curve, low, high);
-  if (pieces.empty()) {
-    c.print("\nL'objet ne rencontre aucune limite.");
-    return;
-  }
-  replaceByPieces(c, id, std::move(pieces));
+  return without(curve, low, high);
 }
 
+void trimAt(const Command& c, AcDbObjectId id, const AcGePoint3d& point, const SelectionSet* set) {
+  pickedCurve(c, id);
+  CurvePieces pieces;
+  if (const AcDbObjectPointer<AcDbCurve> curve(id); curve.openStatus() == Acad::eOk) pieces = trimmed(c, *curve.object(), point, set);
+  if (pieces.empty()) c.print("\nL'objet ne rencontre aucune limite.");
+  else replaceByPieces(c, id, std::move(pieces));
+}
 CommandTask trim(Command& c) {
   const auto chosen = co_await c.objects();
   for (;;) {
@@ -113,7 +119,7 @@ CommandTask trim(Command& c) {
 // --- extending
 
 // The nearest place beyond the end of a straight or circular part where it meets a limit.
-std::optional<AcGePoint3d> reach(const AcDbCurve& part, bool atEnd, const std::vector<const AcDbCurve*>& others,
+std::optional<AcGePoint3d> reach(const AcDbCurve& part, bool atEnd, const Limits& others,
                                  const AcDbCurve* own) {
   AcGePoint3d end, other;
   part.getEndPoint(end);
@@ -122,9 +128,11 @@ std::optional<AcGePoint3d> reach(const AcDbCurve& part, bool atEnd, const std::v
   const AcDbArc* arc = AcDbArc::cast(&part);
   double least = HUGE_VAL;
   std::optional<AcGePoint3d> found;
-  for (const AcDbCurve* limit : others) {
+  for (AcDbStub* stub : others) {
+    checkInterruption();
+    const AcDbObjectPointer<AcDbCurve> limit{AcDbObjectId(stub)};
     AcGePoint3dArray points;
-    if (limit == own || part.intersectWith(limit, AcDb::kExtendThis, points) != Acad::eOk) continue;
+    if (limit.openStatus() != Acad::eOk || limit.object() == own || part.intersectWith(limit.object(), AcDb::kExtendThis, points) != Acad::eOk) continue;
     for (int i = 0; i < points.length(); ++i) {
       double beyond = (points[i] - end).dotProduct((end - other).normal());
       if (arc) {
@@ -147,7 +155,7 @@ bool nearerToEnd(const AcDbCurve& curve, const AcGePoint3d& point) {
 }
 
 // False when it meets nothing.
-bool extendCurve(AcDbCurve& curve, const AcGePoint3d& point, const std::vector<const AcDbCurve*>& others) {
+bool extendCurve(AcDbCurve& curve, const AcGePoint3d& point, const Limits& others) {
   const bool atEnd = nearerToEnd(curve, point);
   if (AcDbLine* line = AcDbLine::cast(&curve)) {
     const auto to = reach(*line, atEnd, others, &curve);
@@ -178,7 +186,7 @@ CommandTask extend(Command& c) {
     const auto picked = co_await c.entity("\nObjet à prolonger <fin>: ");
     if (!picked.given()) co_return;
     pickedCurve(c, picked.value.id);
-    const auto others = limits(c, chosen.given() ? chosen.value.get() : nullptr);
+    const Limits others = limits(c, chosen.given() ? chosen.value.get() : nullptr);
     const AcDbObjectPointer<AcDbCurve> curve(picked.value.id, AcDb::kForWrite);
     if (curve.openStatus() != Acad::eOk || !extendCurve(*curve, picked.value.point, others))
       c.print("\nL'objet ne rencontre aucune limite.");

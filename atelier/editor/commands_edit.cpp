@@ -11,29 +11,11 @@
 namespace atelier {
 namespace {
 
+CommandTask select(Command& c) { co_await c.objects(); }
+
 CommandTask erase(Command& c) {
   const auto chosen = co_await c.objects();
   if (chosen.given()) c.change(*chosen.value, [](AcDbEntity& entity) { entity.erase(); });
-}
-
-// Copies that go where the matrix takes them.
-std::vector<AcDbObjectId> copies(const Command& c, const SelectionSet& set, const AcGeMatrix3d& matrix) {
-  AcDbObjectIdArray ids;
-  for (AcDbStub* stub : set.list())
-    if (!stub->is(AcDbStub::kErased)) ids.append(AcDbObjectId(stub));
-  AcDbIdMapping mapping;
-  AcDbDatabase& database = c.document.database();
-  if (database.deepCloneObjects(ids, database.currentSpaceId(), mapping) != Acad::eOk)
-    c.fail("Les objets n'ont pas pu être copiés.");
-  std::vector<AcDbObjectId> made;
-  for (int i = 0; i < ids.length(); ++i) {
-    AcDbObjectId copy;
-    if (!mapping.compute(ids[i], copy)) continue;
-    const AcDbEntityPointer entity(copy, AcDb::kForWrite);
-    if (entity.openStatus() == Acad::eOk) entity->transformBy(matrix);
-    made.push_back(copy);
-  }
-  return made;
 }
 
 CommandTask move(Command& c) {
@@ -51,29 +33,31 @@ CommandTask move(Command& c) {
   c.change(*chosen.value, [&](AcDbEntity& entity) { entity.transformBy(AcGeMatrix3d::translation(by)); });
 }
 
+// A program makes one copy unless it says Multiple; a user as many as points are given.
 CommandTask copy(Command& c) {
   const auto chosen = co_await c.objects();
   if (!chosen.given()) co_return;
   auto base = co_await c.point("\nPoint de base ou [Déplacement/Multiple]: ", {},
                                "Déplacement Multiple _Displacement Multiple");
+  const bool one = c.document.prompter().source->isProgram() && !base.is("Multiple");
   if (base.is("Multiple")) base = co_await c.point("\nPoint de base: ");
   if (base.is("Displacement")) {
     const auto vector = co_await c.point("\nDéplacement: ");
-    copies(c, *chosen.value, AcGeMatrix3d::translation(vector.value.asVector()));
+    c.copies(*chosen.value, AcGeMatrix3d::translation(vector.value.asVector()));
     co_return;
   }
   for (bool first = true;; first = false) {
     const auto to = co_await c.point("\nDeuxième point <fin>: ", base.value);
     if (!to.given() && !first) co_return;
-    copies(c, *chosen.value,
+    c.copies(*chosen.value,
            AcGeMatrix3d::translation(to.given() ? to.value - base.value : base.value.asVector()));
-    if (!to.given()) co_return;
+    if (!to.given() || one) co_return;
   }
 }
 
 // Copies the objects first when asked to, then moves the originals.
 void transform(const Command& c, const SelectionSet& set, const AcGeMatrix3d& matrix, bool keepOriginal) {
-  if (keepOriginal) copies(c, set, AcGeMatrix3d());
+  if (keepOriginal) c.copies(set, AcGeMatrix3d());
   c.change(set, [&](AcDbEntity& entity) { entity.transformBy(matrix); });
 }
 
@@ -169,35 +153,41 @@ void explodePolyline(const AcDbPolyline& polyline, std::vector<std::unique_ptr<A
   }
 }
 
+// Parts keep the layer and colour that they have in the block. False for what can't be taken apart.
+bool partsOf(const AcDbEntity& entity, std::vector<std::unique_ptr<AcDbEntity>>& parts) {
+  if (const auto* polyline = AcDbPolyline::cast(&entity)) {
+    explodePolyline(*polyline, parts);
+    return true;
+  }
+  AcArray<AcRxObject*> pieces;
+  if (entity.explode(pieces) != Acad::eOk) return false;
+  for (int i = 0; i < pieces.length(); ++i)
+    if (AcDbEntity* piece = AcDbEntity::cast(pieces[i])) parts.emplace_back(piece);
+    else delete pieces[i];
+  return true;
+}
+
+// A program gives one answer and no Enter, unless QAFLAGS asks for the dialogue that a user has.
 CommandTask explode(Command& c) {
-  const auto chosen = co_await c.objects();
+  const bool single = c.document.prompter().source->isProgram() && (c.document.variables().integer("QAFLAGS", 0) & 1) == 0;
+  const auto chosen = co_await c.objects(single);
   if (!chosen.given()) co_return;
   int kept = 0;
-  std::vector<std::unique_ptr<AcDbEntity>> parts;
+  // Each object's parts come in before it goes: an interruption loses nothing.
   c.change(*chosen.value, [&](AcDbEntity& entity) {
-    AcArray<AcRxObject*> pieces;
-    if (const auto* polyline = AcDbPolyline::cast(&entity)) {
-      explodePolyline(*polyline, parts);
-      entity.erase();
-      return;
-    }
-    if (entity.explode(pieces) != Acad::eOk) {
+    std::vector<std::unique_ptr<AcDbEntity>> parts;
+    if (!partsOf(entity, parts)) {
       ++kept;
       return;
     }
-    for (int i = 0; i < pieces.length(); ++i)
-      if (AcDbEntity* piece = AcDbEntity::cast(pieces[i]))
-        parts.emplace_back(piece);
-      else
-        delete pieces[i];
+    for (auto& part : parts) c.addAsIs(std::move(part));
     entity.erase();
   });
-  // Parts keep the layer and colour that they have in the block.
-  for (auto& part : parts) c.addAsIs(std::move(part));
   if (kept > 0) c.print("\n" + std::to_string(kept) + " objet(s) ne se décomposent pas.");
 }
 
 constexpr CommandRow kTable[] = {
+    {"SELECT", "SELECTION", select, "Choisit des objets: ils deviennent la sélection précédente."},
     {"ERASE", "E EFFACER DELETE", erase, "Efface des objets."},
     {"MOVE", "M DEPLACER", move, "Déplace des objets."},
     {"COPY", "CO CP COPIER", copy, "Copie des objets."},

@@ -10,6 +10,7 @@
 #include "atelier/editor/command_table.h"
 #include "atelier/editor/commands.h"
 #include "atelier/editor/document.h"
+#include "atelier/editor/variable_table.h"
 
 namespace atelier {
 namespace {
@@ -37,8 +38,11 @@ CommandTask script(Command& c) {
 }
 
 CommandTask setvar(Command& c) {
-  const auto given = co_await c.word("\nNom de la variable: ");
-  const std::string name = upperCase(trimmed(given.value));
+  std::string name = commandName(c.typed);
+  if (!variableRow(name)) {
+    const auto given = co_await c.word("\nNom de la variable: ");
+    name = upperCase(trimmed(given.value));
+  }
   SystemVariables& variables = c.document.variables();
   const auto before = variables.value(name);
   if (!before) c.fail("Variable inconnue: " + name);
@@ -71,7 +75,7 @@ CommandTask delay(Command& c) {
 constexpr CommandRow kTable[] = {
     {"QUIT", "EXIT QUITTER", quit, "Quitte le programme."},
     {"SCRIPT", "SCR", script, "Exécute les lignes d'un fichier."},
-    {"SETVAR", "SET MODIFVAR", setvar, "Règle une variable système."},
+    {"SETVAR", "SET MODIFVAR", setvar, "Règle une variable système; son nom est aussi une commande."},
     {"DELAY", "DELAI", delay, "Attend."},
 };
 

@@ -1,5 +1,6 @@
 // INSERT: a block or a drawing file, with its attributes.
-// A file becomes a block by its name the first time; "name=file" defines the block from the file.
+// A file becomes a block by its name the first time; "name=file" defines the block from the file, "*name" inserts the
+// block's objects without a block.
 #include <filesystem>
 #include <numbers>
 
@@ -85,6 +86,21 @@ std::string promptOf(AcDbObjectId id, std::string& proposed) {
          (proposed.empty() ? "" : " <" + proposed + ">") + ": ";
 }
 
+// The block's objects in the place of the insert.
+void explodeInto(const Command& c, AcDbObjectId insert) {
+  const AcDbObjectPointer<AcDbBlockReference> reference(insert, AcDb::kForWrite);
+  AcArray<AcRxObject*> pieces;
+  if (reference.openStatus() != Acad::eOk || reference->explode(pieces) != Acad::eOk) return;
+  for (int i = 0; i < pieces.length(); ++i) {
+    std::unique_ptr<AcRxObject> piece(pieces[i]);
+    if (AcDbEntity* entity = AcDbEntity::cast(piece.get())) {
+      piece.release();
+      c.addAsIs(std::unique_ptr<AcDbEntity>(entity));
+    }
+  }
+  reference->erase();
+}
+
 CommandTask insert(Command& c) {
   const std::string last = std::get<std::string>(*c.document.variables().value("INSNAME"));
   const std::string prompt =
@@ -96,6 +112,8 @@ CommandTask insert(Command& c) {
     if (name != "?") break;
     listBlocks(c);
   }
+  const bool exploded = name.starts_with('*');
+  if (exploded) name.erase(0, 1);
   if (name.empty()) co_return;
   const AcDbObjectId block = blockNamed(c, name);
   c.document.variables().set("INSNAME", c.document.imp().recordName(*block));
@@ -122,8 +140,11 @@ CommandTask insert(Command& c) {
   if (!scaled) {
     const auto x = co_await c.real("\nFacteur d'échelle en X <1>: ");
     placing.x = x.valueOr(1);
-    const auto y = co_await c.real("\nFacteur d'échelle en Y <celui de X>: ");
-    placing.y = y.valueOr(placing.x);
+    placing.y = placing.x;
+    if (!exploded) {
+      const auto y = co_await c.real("\nFacteur d'échelle en Y <celui de X>: ");
+      placing.y = y.valueOr(placing.x);
+    }
   }
   if (placing.x == 0 || placing.y == 0) c.fail("Un facteur d'échelle ne peut être nul.");
   if (!turned) {
@@ -131,6 +152,10 @@ CommandTask insert(Command& c) {
     placing.rotation = angle.valueOr(0);
   }
   const AcDbObjectId reference = place(c, block, placing);
+  if (exploded) {
+    explodeInto(c, reference);
+    co_return;
+  }
   const bool asks = c.document.variables().integer("ATTREQ", 1) != 0;
   for (const AcDbObjectId definition : definitionsOf(block)) {
     std::string value;

@@ -71,6 +71,10 @@ void freeze(const Command& c, const std::string& names, bool frozen) {
   });
 }
 
+void setPlotted(Layer& layer, bool plotted) {
+  AcDbImpObject::of(&layer).setInteger(integerField("AcDbLayerTableRecord", 290, 1), plotted ? 1 : 0);
+}
+
 void list(const Command& c) {
   for (AcDbStub* stub : *c.document.imp().table("LAYER")->children) {
     const AcDbObjectPointer<Layer> layer{AcDbObjectId(stub)};
@@ -96,8 +100,8 @@ void setColor(const Command& c, const std::string& names, std::string_view text)
 
 constexpr const char* kWords =
     "? CRéer CHoisir Nouveau ACtif Inactif COuleur TYpeligne EPaisseur Gelé LIbérer Verrouillé DÉverrouillé "
-    "REnommer Tracé "
-    "_? Make Set New ON OFF Color Ltype LWeight Freeze Thaw LOck Unlock Rename Plot";
+    "REnommer Tracé Description "
+    "_? Make Set New ON OFF Color Ltype LWeight Freeze Thaw LOck Unlock Rename Plot Description";
 
 CommandTask layer(Command& c) {
   for (;;) {
@@ -135,7 +139,17 @@ CommandTask layer(Command& c) {
       });
       continue;
     }
-    if (option.is("Plot")) c.fail("-LAYER: l'option Tracé n'est pas offerte.");
+    if (option.is("Plot")) {
+      const auto plotted = co_await c.keyword("\nTracer les calques [Tracer/Non] <Tracer>: ", "Tracer Non _Plot No");
+      const auto names = co_await c.line("\nNoms des calques <courant>: ");
+      eachLayer(c, names.value, [&](Layer& l) { setPlotted(l, !plotted.is("No")); });
+      continue;
+    }
+    if (option.is("Description")) {
+      co_await c.line("\nDescription: ");  // nothing in the drawing's format holds one
+      co_await c.line("\nNoms des calques <courant>: ");
+      continue;
+    }
     if (option.is("Rename")) {
       const auto from = co_await c.line("\nAncien nom: ");
       const auto to = co_await c.line("\nNouveau nom: ");

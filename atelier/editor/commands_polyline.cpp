@@ -2,12 +2,13 @@
 // Lines and arcs, and polylines of the older kind, become lightweight polylines first. A smoothed polyline keeps no
 // frame: straightening takes its arcs away.
 #include <cmath>
-#include <numbers>
 
+#include "atelier/database/interruption.h"
 #include "atelier/database/polyline_vertices.h"
 #include "atelier/editor/command_table.h"
 #include "atelier/editor/curve_pieces.h"
 #include "atelier/editor/document.h"
+#include "atelier/editor/polyline_smoothing.h"
 #include "hote/dbpl.h"
 
 namespace atelier {
@@ -17,6 +18,7 @@ using Vertices = std::vector<PolylineVertex>;
 
 // Gives the object's place to a light polyline made of it; false when it is none and can't become one.
 bool makeLight(const Command& c, AcDbObjectId id) {
+  checkInterruption();
   const AcDbCurve& curve = pickedCurve(c, id);
   if (AcDbPolyline::cast(&curve)) return true;
   auto made = std::make_unique<AcDbPolyline>();
@@ -51,6 +53,7 @@ int join(AcDbPolyline& polyline, const SelectionSet& set, AcDbImpDatabase& datab
   for (bool again = true; again;) {
     again = false;
     for (auto it = left.begin(); it != left.end() && !polyline.isClosed(); ++it) {
+      checkInterruption();
       const AcDbCurve* curve = AcDbCurve::cast(&database.object(**it));
       if (!curve || polyline.joinWith(curve, reach) != Acad::eOk) continue;
       const AcDbEntityPointer used(AcDbObjectId(*it), AcDb::kForWrite);
@@ -69,81 +72,7 @@ void replaceVertices(AcDbPolyline& polyline, const Vertices& list) {
   if (vertices && list.size() > 1) vertices->list = list;
 }
 
-// --- smoothing
-
-AcGeVector2d tangentAt(const Vertices& list, std::size_t i, bool closed) {
-  const std::size_t count = list.size();
-  const bool first = i == 0 && !closed, last = i + 1 == count && !closed;
-  if (count < 3) return list[1].point - list[0].point;
-  const AcGePoint2d &a = list[first ? 0 : last ? count - 3 : (i + count - 1) % count].point, &b = list[first ? 1 : last ? count - 2 : i].point,
-                    &d = list[first ? 2 : last ? count - 1 : (i + 1) % count].point;
-  const AcGeVector2d u = b - a, v = d - b;
-  // The circle through three points has the turn of its chords spread by their lengths.
-  const double turn = std::remainder(v.angle() - u.angle(), 2 * std::numbers::pi);
-  const double share = u.length() / (u.length() + v.length());
-  const double angle = first ? u.angle() - turn * share : last ? v.angle() + turn * (1 - share) : u.angle() + turn * share;
-  return {std::cos(angle), std::sin(angle)};
-}
-
-double bulgeTo(const AcGeVector2d& tangent, const AcGeVector2d& chord) {
-  return std::tan(std::remainder(chord.angle() - tangent.angle(), 2 * std::numbers::pi) / 2);
-}
-
-// Two arcs from each vertex to the next, with one tangent at every vertex.
-Vertices fitted(const Vertices& list, bool closed) {
-  Vertices made;
-  const std::size_t count = list.size();
-  for (std::size_t i = 0; i + (closed ? 0 : 1) < count; ++i) {
-    const AcGePoint2d &a = list[i].point, &b = list[(i + 1) % count].point;
-    const AcGeVector2d t0 = tangentAt(list, i, closed), t1 = tangentAt(list, (i + 1) % count, closed), chord = b - a;
-    const AcGeVector2d sum = t0 + t1;
-    // Equal legs: the joint lies where the tangents' ways of that length meet halfway.
-    const double q = 2 * (1 - t0.dotProduct(t1)), p = chord.dotProduct(sum), square = chord.dotProduct(chord);
-    const double leg = q < 1e-12 ? square / (2 * p) : (-p + std::sqrt(p * p + q * square)) / q;
-    const AcGePoint2d joint = a + (chord + (t0 - t1) * leg) * 0.5;
-    PolylineVertex begin = list[i], middle = list[i];
-    begin.bulge = bulgeTo(t0, joint - a);
-    middle.point = joint;
-    middle.bulge = -bulgeTo(AcGeVector2d(-t1.x, -t1.y), a + (joint - a) - b);
-    if (!std::isfinite(begin.bulge) || !std::isfinite(middle.bulge) || !std::isfinite(joint.x)) begin.bulge = 0;
-    made.push_back(begin);
-    if (std::isfinite(joint.x) && std::isfinite(middle.bulge)) made.push_back(middle);
-  }
-  if (!closed) made.push_back(list.back());
-  return made;
-}
-
-// The uniform B-spline over the vertices as its frame, of the degree that SPLINETYPE names, as chords.
-Vertices splined(const Vertices& list, bool closed, int degree, int chords) {
-  const int count = static_cast<int>(list.size());
-  degree = std::min(degree, count - 1);
-  std::vector<double> knots;
-  const int points = closed ? count + degree : count;
-  for (int i = 0; i <= points + degree; ++i) knots.push_back(closed ? i : std::clamp(i - degree, 0, points - degree));
-  const auto at = [&](double t) {
-    int span = degree;
-    while (span + 1 < points && t >= knots[static_cast<std::size_t>(span) + 1]) ++span;
-    std::vector<AcGePoint2d> p;
-    for (int i = 0; i <= degree; ++i) p.push_back(list[static_cast<std::size_t>((span - degree + i) % count)].point);
-    for (int r = 1; r <= degree; ++r)
-      for (int i = degree; i >= r; --i) {
-        const double low = knots[static_cast<std::size_t>(span - degree + i)], high = knots[static_cast<std::size_t>(span + 1 + i - r)];
-        const double part = high > low ? (t - low) / (high - low) : 0;
-        const auto k = static_cast<std::size_t>(i);
-        p[k] = p[k - 1] + (p[k] - p[k - 1]) * part;
-      }
-    return p[static_cast<std::size_t>(degree)];
-  };
-  const double from = knots[static_cast<std::size_t>(degree)], to = knots[static_cast<std::size_t>(points)];
-  const int steps = chords * (closed ? count : count - 1);
-  Vertices made;
-  for (int i = 0; i < steps + (closed ? 0 : 1); ++i) {
-    PolylineVertex v;
-    v.point = i == steps ? list.back().point : at(from + (to - from) * i / steps);
-    made.push_back(v);
-  }
-  return made;
-}
+// --- options
 
 void straighten(AcDbPolyline& polyline) {
   for (unsigned i = 0; i < polyline.numVerts(); ++i) polyline.setBulgeAt(i, 0);
@@ -154,8 +83,8 @@ void smooth(const Command& c, AcDbPolyline& polyline, bool arcs) {
   if (list.size() < 3) return;
   const SystemVariables& variables = c.document.variables();
   const int chords = std::clamp(std::abs(variables.integer("SPLINESEGS", 8)), 1, 1000);
-  replaceVertices(polyline, arcs ? fitted(list, polyline.isClosed())
-                                 : splined(list, polyline.isClosed(), variables.integer("SPLINETYPE", 6) == 5 ? 2 : 3, chords));
+  replaceVertices(polyline, arcs ? fittedByArcs(list, polyline.isClosed())
+                                 : framedCurve(list, polyline.isClosed(), variables.integer("SPLINETYPE", 6) == 5 ? 2 : 3, chords));
 }
 
 // The polyline open for as long as one change takes, so that a question never finds it open.
@@ -176,55 +105,106 @@ AcGePoint2d inPlane(const AcDbPolyline& polyline, const AcGePoint3d& p) {
   return {q.x, q.y};
 }
 
+// Polylines among themselves: each takes in what touches its ends, and those that were taken in are gone.
+int joinAmong(const Command& c, std::vector<AcDbObjectId>& ids, double reach) {
+  int joined = 0;
+  for (const AcDbObjectId id : ids) {
+    checkInterruption();
+    SelectionSet others;
+    for (const AcDbObjectId other : ids)
+      if (other != id && !other.isErased()) others.add(other);
+    if (!id.isErased()) joined += join(*Opened(c, id), others, c.document.imp(), reach);
+  }
+  std::erase_if(ids, [](AcDbObjectId id) { return id.isErased(); });
+  return joined;
+}
+
+bool isSimple(const Command& c, AcDbObjectId id) {
+  const AcDbObject& object = c.document.imp().object(*id);
+  return AcDbLine::cast(&object) || AcDbArc::cast(&object);
+}
+
+// Whether the line type's dashes run on over the vertices: bit 128 of the polyline's flags.
+void setTypeAlong(AcDbPolyline& polyline, bool along) {
+  constexpr std::int64_t kAlong = 128;
+  constexpr Field kFlags = integerField("AcDbPolyline", 70);
+  AcDbImpObject& imp = AcDbImpObject::of(&polyline);
+  const std::int64_t flags = imp.record.integer(kFlags);
+  imp.setInteger(kFlags, along ? flags | kAlong : flags & ~kAlong);
+}
+
+// What an option without questions does to one polyline.
+void apply(const Command& c, const std::string& option, AcDbObjectId id) {
+  const Opened polyline(c, id);
+  if (option == "Close" || option == "Open") polyline->setClosed(option == "Close");
+  if (option == "Fit" || option == "Spline") smooth(c, *polyline, option == "Fit");
+  if (option == "Decurve") straighten(*polyline);
+  if (option == "Reverse") polyline->reverseCurve();
+}
+
 constexpr const char* kOptions =
-    "\nOption [Clore/Ouvrir/Joindre/LArgeur/Sommet/LIsser/courBe/Redresser/Inverser/Quitter] <Q>: ";
+    "\nOption [Clore/Ouvrir/Joindre/LArgeur/Sommet/LIsser/courBe/Redresser/Typeligne/INverser/Quitter] <Q>: ";
 constexpr const char* kWords =
-    "Clore Ouvrir Joindre LArgeur Sommet LIsser courBe Redresser Inverser Quitter "
-    "_Close Open Join Width Edit Fit Spline Decurve Reverse eXit";
+    "Clore Ouvrir Joindre LArgeur Sommet LIsser courBe Redresser Typeligne INverser Quitter "
+    "_Close Open Join Width Edit Fit Spline Decurve Ltype Reverse eXit";
+constexpr const char* kVertexWords =
+    "Suivant Précédent Insérer Déplacer Effacer LArgeur Quitter _Next Previous Insert Move Straighten Width eXit";
 
 CommandTask pedit(Command& c) {
-  const auto picked = co_await c.entity("\nPolyligne: ");
-  if (!picked.given()) co_return;
-  const AcDbObjectId id = picked.value.id;
-  const AcDbCurve& before = pickedCurve(c, id);
-  const bool simple = AcDbLine::cast(&before) || AcDbArc::cast(&before);
-  if (simple && c.document.variables().integer("PEDITACCEPT", 0) == 0) {
-    const auto convert = co_await c.keyword("\nL'objet n'est pas une polyligne. Le convertir? [Oui/Non] <O>: ", "Oui Non _Yes No");
-    if (convert.is("No")) co_return;
+  std::vector<AcDbObjectId> ids;
+  const auto picked = co_await c.entity("\nPolyligne ou [Multiple]: ", "Multiple _Multiple");
+  const bool many = picked.is("Multiple");
+  if (many) {
+    const auto chosen = co_await c.objects();
+    if (chosen.given())
+      for (AcDbStub* stub : chosen.value->list())
+        if (AcDbCurve::cast(&c.document.imp().object(*stub))) ids.emplace_back(stub);
+  } else if (picked.given()) {
+    pickedCurve(c, picked.value.id);
+    ids.push_back(picked.value.id);
   }
-  if (!makeLight(c, id)) c.fail("L'objet ne devient pas une polyligne.");
+  const bool asks = c.document.variables().integer("PEDITACCEPT", 0) == 0;
+  if (asks && std::any_of(ids.begin(), ids.end(), [&](AcDbObjectId id) { return isSimple(c, id); })) {
+    const auto convert = co_await c.keyword("\nTout n'est pas polyligne. Convertir lignes et arcs? [Oui/Non] <O>: ", "Oui Non _Yes No");
+    if (convert.is("No")) std::erase_if(ids, [&](AcDbObjectId id) { return isSimple(c, id); });
+  }
+  const std::size_t chosenCount = ids.size();
+  std::erase_if(ids, [&](AcDbObjectId id) { return !makeLight(c, id); });
+  if (ids.empty() && chosenCount > 0) c.fail("L'objet ne devient pas une polyligne.");
   unsigned vertex = 0;
-  for (bool editing = false;;) {
+  for (bool editing = false; !ids.empty();) {
+    const AcDbObjectId id = ids.front();
     if (!editing) {
       const auto option = co_await c.keyword(kOptions, kWords);
-      if (option.is("Join")) {
+      if (option.is("Join") && many) {
+        const auto reach = co_await c.distance("\nDistance d'approximation <0>: ");
+        const int count = joinAmong(c, ids, std::max(reach.valueOr(0), 1e-6));
+        c.print("\n" + std::to_string(count) + " segment(s) ajouté(s).");
+      } else if (option.is("Join")) {
         const auto chosen = co_await c.objects();
         if (!chosen.given()) continue;
-        const Opened polyline(c, id);
-        const int count = join(*polyline, *chosen.value, c.document.imp(), 1e-6);
+        const int count = join(*Opened(c, id), *chosen.value, c.document.imp(), 1e-6);
         c.print("\n" + std::to_string(count) + " segment(s) ajouté(s).");
       } else if (option.is("Width")) {
         const auto width = co_await c.distance("\nLargeur de toute la polyligne: ");
-        if (width.given()) Opened(c, id)->setConstantWidth(width.value);
-      } else if (option.is("Close") || option.is("Open")) {
-        Opened(c, id)->setClosed(option.is("Close"));
-      } else if (option.is("Fit") || option.is("Spline")) {
-        smooth(c, *Opened(c, id), option.is("Fit"));
-      } else if (option.is("Decurve")) {
-        straighten(*Opened(c, id));
-      } else if (option.is("Reverse")) {
-        Opened(c, id)->reverseCurve();
-      } else if (option.is("Edit")) {
+        for (const AcDbObjectId each : ids)
+          if (width.given()) Opened(c, each)->setConstantWidth(width.value);
+      } else if (option.is("Ltype")) {
+        const auto on = co_await c.keyword("\nType de ligne suivi sur toute la polyligne [ACtif/Inactif]: ", "ACtif Inactif _ON OFF");
+        for (const AcDbObjectId each : ids)
+          if (on.answer == Answer::keyword) setTypeAlong(*Opened(c, each), on.is("ON"));
+      } else if (option.is("Edit") && !many) {
         editing = true;
         vertex = 0;
-      } else {
+      } else if (option.answer != Answer::keyword || option.is("eXit")) {
         co_return;
+      } else {
+        for (const AcDbObjectId each : ids) apply(c, option.keyword, each);
       }
       continue;
     }
     const std::string prompt = "\nSommet " + std::to_string(vertex + 1) + " [Suivant/Précédent/Insérer/Déplacer/Effacer/LArgeur/Quitter] <S>: ";
-    const auto option = co_await c.keyword(prompt, "Suivant Précédent Insérer Déplacer Effacer LArgeur Quitter "
-                                                   "_Next Previous Insert Move Straighten Width eXit");
+    const auto option = co_await c.keyword(prompt, kVertexWords);
     const unsigned count = Opened(c, id)->numVerts();
     if (option.is("eXit")) {
       editing = false;

@@ -33,8 +33,8 @@ CommandTask mredo(Command& c) {
 CommandTask undo(Command& c) {
   const auto option =
       co_await c.integer("\nNombre d'étapes ou [AUto/COntrôle/DÉbut/Fin/Marque/REtour] <1>: ",
-                         "DÉbut Fin COntrôle AUto REtour Marque _BEgin End Control Auto Back Mark");
-  if (option.is("BEgin")) {
+                         "DÉbut Fin COntrôle AUto REtour Marque Groupe _BEgin End Control Auto Back Mark Group");
+  if (option.is("BEgin") || option.is("Group")) {
     c.document.imp().journal.mark();
     c.document.undoGroup = true;
   } else if (option.is("End")) {

@@ -1,5 +1,6 @@
 // ZOOM PAN REGEN REDRAW -VIEW UCS: what is seen, and from where.
 // The view is a centre and a height; without a window it still decides how near a pick must be.
+#include "atelier/database/interruption.h"
 #include "atelier/editor/command_prompts.h"
 #include "atelier/editor/command_table.h"
 #include "atelier/editor/document.h"
@@ -20,6 +21,7 @@ void show(const Command& c, const AcGePoint3d& low, const AcGePoint3d& high) {
 AcDbExtents extentsOf(const Command& c, const SelectionSet& set) {
   AcDbExtents box;
   for (AcDbStub* stub : set.list()) {
+    checkInterruption();
     const AcDbEntity* entity =
         stub->is(AcDbStub::kErased) ? nullptr : AcDbEntity::cast(&c.document.imp().object(*stub));
     AcDbExtents part;
@@ -99,8 +101,8 @@ CommandTask regen(Command& c) {
 
 CommandTask view(Command& c) {
   const auto option = co_await c.keyword("\nOption [?/SUpprimer/REstaurer/ENregistrer]: ",
-                                         "? SUpprimer REstaurer ENregistrer _? Delete Restore Save");
-  if (option.answer != Answer::keyword) co_return;
+                                         "? SUpprimer REstaurer ENregistrer DEssus _? Delete Restore Save Top");
+  if (option.answer != Answer::keyword || option.is("Top")) co_return;  // there is no other direction
   auto& views = c.document.namedViews;
   if (option.is("?")) {
     for (const auto& [name, kept] : views) c.print("\n  " + name);

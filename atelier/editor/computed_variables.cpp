@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <numbers>
 
+#include "atelier/editor/command_run.h"
 #include "atelier/editor/document.h"
 #include "atelier/editor/variable_table.h"
 
@@ -132,6 +133,10 @@ Value highest(Document& d) {
                false};
 }
 
+// Seen by a program between the calls that answer a command.
+Value commandActive(Document& d) { return d.waitingCommand() ? 1 : 0; }
+Value commandNames(Document& d) { return d.waitingCommand() ? std::string(d.waitingCommand()->row().name) : std::string(); }
+
 Value lastPoint(Document& d) {
   return Point{d.prompter().lastPoint, false};
 }
@@ -228,6 +233,8 @@ constexpr ComputedVariable kComputed[] = {{"TEMPPREFIX", temporaryFolder, nullpt
                                           {"DWGCODEPAGE", codePage, nullptr},
                                           {"SYSCODEPAGE", codePage, nullptr},
                                           {"DBMOD", modified, nullptr},
+                                          {"CMDACTIVE", commandActive, nullptr},
+                                          {"CMDNAMES", commandNames, nullptr},
                                           {"CTAB", currentTab, setCurrentTab},
                                           {"CVPORT", viewport, setViewport},
                                           {"TILEMODE", tileMode, setTileMode},

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "atelier/database/interruption.h"
 #include "atelier/editor/document.h"
 #include "hote/dbpl.h"
 
@@ -40,11 +41,14 @@ std::optional<double> paramNear(const AcDbCurve& curve, const AcGePoint3d& point
   return param;
 }
 
-std::vector<double> paramsOfMeetings(const AcDbCurve& curve, const std::vector<const AcDbCurve*>& others) {
+std::vector<double> paramsOfMeetings(const AcDbCurve& curve, const std::vector<AcDbStub*>& others) {
   std::vector<double> params;
-  for (const AcDbCurve* other : others) {
+  for (AcDbStub* stub : others) {
+    checkInterruption();
+    const AcDbObjectPointer<AcDbCurve> other{AcDbObjectId(stub)};
     AcGePoint3dArray points;
-    if (other == &curve || curve.intersectWith(other, AcDb::kOnBothOperands, points) != Acad::eOk) continue;
+    if (other.openStatus() != Acad::eOk || other.object() == &curve || curve.intersectWith(other.object(), AcDb::kOnBothOperands, points) != Acad::eOk)
+      continue;
     for (int i = 0; i < points.length(); ++i)
       if (const auto param = paramNear(curve, points[i])) params.push_back(*param);
   }

@@ -10,12 +10,13 @@ namespace atelier {
 
 using CurvePieces = std::vector<std::unique_ptr<AcDbCurve>>;
 
-// The curve that was picked, for reading; fails the command when it is none.
+// The curve that was picked, for reading now: a question that is awaited may make it go from memory. Fails the command
+// when it is none.
 const AcDbCurve& pickedCurve(const Command& command, AcDbObjectId id);
 // The parameter of the place on the curve that is nearest to the point, seen in plan.
 std::optional<double> paramNear(const AcDbCurve& curve, const AcGePoint3d& point);
-// Parameters where the others meet the curve, rising.
-std::vector<double> paramsOfMeetings(const AcDbCurve& curve, const std::vector<const AcDbCurve*>& others);
+// Parameters where the others that are curves meet it, rising.
+std::vector<double> paramsOfMeetings(const AcDbCurve& curve, const std::vector<AcDbStub*>& others);
 
 // What is left when the part between two parameters is taken away; of a closed curve the part that runs on from the
 // first to the second. The same parameter twice cuts there and takes nothing away. Empty when nothing is left.

@@ -2,6 +2,7 @@
 // A line is an AutoLISP expression when it opens a parenthesis, else the name of a command with answers behind it.
 #include "atelier/editor/document.h"
 
+#include <filesystem>
 #include <utility>
 
 #include "atelier/database/interruption.h"
@@ -12,6 +13,7 @@
 #include "atelier/editor/builtins.h"
 #include "atelier/editor/command_run.h"
 #include "atelier/editor/commands.h"
+#include "atelier/editor/first_view.h"
 #include "atelier/editor/published.h"
 #include "atelier/editor/values.h"
 #include "atelier/lisp/printer.h"
@@ -22,6 +24,8 @@ namespace {
 Document* currentDocument = nullptr;
 std::vector<Document*> openDocuments;  // in the order in which they were opened
 std::vector<std::string> supportFolders;
+DrawingConverter drawingConverter = nullptr;
+constexpr const char* kConverted = "Dessin converti: il s'enregistre en DXF.\n";
 
 class CommandLineConsole : public lisp::Console {
  public:
@@ -37,21 +41,40 @@ class CommandLineConsole : public lisp::Console {
   Document& document_;
 };
 
+// The file that is read for a path: itself, or a conversion that goes when the drawing is open, which keeps it mapped.
+struct ConvertedFile {
+  explicit ConvertedFile(const std::string& path) : name(drawingConverter ? drawingConverter(path) : std::string()), isOther(!name.empty()) {
+    if (!isOther) name = path;
+  }
+  ~ConvertedFile() {
+    std::error_code error;
+    if (isOther) std::filesystem::remove(name, error);
+  }
+  ConvertedFile(const ConvertedFile&) = delete;
+  ConvertedFile& operator=(const ConvertedFile&) = delete;
+  std::string name;
+  bool isOther;
+};
+
 // A failed opening must not leave half a database behind as the working one.
 std::unique_ptr<AcDbDatabase> openDatabase(const std::string& path, std::vector<std::string>* messages) {
   dxf::provideDrawingReader();
   auto database = std::make_unique<AcDbDatabase>(path.empty());
   if (path.empty()) return database;
+  const ConvertedFile converted(path);
   if (messages)
-    dxf::readFileRecovering(*database, path, *messages);
+    dxf::readFileRecovering(*database, converted.name, *messages);
   else
-    dxf::readFile(*database, path);
+    dxf::readFile(*database, converted.name);
+  if (converted.isOther) AcDbImpDatabase::of(database.get()).path.clear();
   return database;
 }
 
 bool interruptionAsked() { return currentDocument && currentDocument->interpreter().interrupted(); }
 
 }  // namespace
+
+void setDrawingConverter(DrawingConverter converter) { drawingConverter = converter; }
 
 void addSupportFolder(const std::string& folder) { supportFolders.push_back(folder); }
 
@@ -70,6 +93,7 @@ Document::Document(Printer printer, const std::string& path, std::vector<std::st
   view_ = activeView(imp());
   published_->loadApplications();
   imp().modified = false;
+  if (!path.empty() && imp().path.empty()) print(kConverted);
 }
 
 Document::~Document() {
@@ -100,7 +124,9 @@ std::string Document::takeTranscript() { return std::exchange(transcript_, {}); 
 
 void Document::fail(const std::string& message) {
   ++failures_;
+  const Printer usual = failurePrinter ? std::exchange(printer_, failurePrinter) : printer_;
   print("\n" + message + "\n");
+  printer_ = usual;
 }
 
 bool Document::evaluate(std::string_view text, std::string* printed) {
@@ -231,6 +257,7 @@ void Document::open(const std::string& path, std::vector<std::string>* messages)
   undoGroup = false;
   published_->loadApplications();
   imp().modified = false;
+  if (!path.empty() && imp().path.empty()) print(kConverted);
 }
 
 std::vector<std::string> Document::saveAs(const std::string& path, std::string_view release, bool binary) {
@@ -239,11 +266,15 @@ std::vector<std::string> Document::saveAs(const std::string& path, std::string_v
     save(path);
     return {};
   }
+  setFirstView(*this);
   auto lost = dxf::saveAs(*database_, path, release.empty() ? dxf::releaseNamed(own) : release, binary);
   imp().modified = false;
   return lost;
 }
 
-void Document::save(const std::string& path) { dxf::save(*database_, path); }
+void Document::save(const std::string& path) {
+  setFirstView(*this);
+  dxf::save(*database_, path);
+}
 
 }  // namespace atelier

@@ -69,6 +69,8 @@ class Document {
   DialogPresenter* dialogPresenter = nullptr;
   // The previous selection ("P" of ssget) and the one that sssetfirst shows.
   std::shared_ptr<SelectionSet> previousSelection, firstSelection;
+  // The set that a running prompt for objects gathers; gone when it has ended.
+  std::weak_ptr<SelectionSet> pendingSelection;
 
   void print(std::string_view utf8);
   // Prints nothing while muted (CMDECHO 0 in `command`). Returns what held before.
@@ -90,6 +92,8 @@ class Document {
   // What went wrong since the document was opened: LISP errors, failed and unknown commands.
   int failures() const { return failures_; }
   void fail(const std::string& message);
+  // Receives what fail() says instead of the printer; null: the printer does.
+  Printer failurePrinter;
   void countFailure() { ++failures_; }
 
   const std::string& path() const { return imp_path(); }
@@ -127,6 +131,11 @@ class Document {
   std::unique_ptr<PublishedFunctions> published_;
   int failures_ = 0;
 };
+
+// Makes drawings of another format readable: gives the path of a temporary DXF file, which is removed once it is open; empty
+// for a path that it doesn't know. Throws Error. A drawing that came this way has no path to save to.
+using DrawingConverter = std::string (*)(const std::string& path);
+void setDrawingConverter(DrawingConverter converter);
 
 // Folders in which `load`, `findfile` and the front-end's files are looked for, in every document.
 void addSupportFolder(const std::string& folder);

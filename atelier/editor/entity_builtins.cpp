@@ -1,5 +1,7 @@
 // AutoLISP functions on entities: reading, changing, making, walking.
 // Signatures and results are those of the AutoLISP reference.
+#include <algorithm>
+
 #include "atelier/database/interruption.h"
 #include "atelier/editor/builtin_tables.h"
 #include "atelier/editor/document.h"
@@ -58,8 +60,12 @@ Value entmakex(Interpreter& interpreter, Arguments arguments) {
   std::vector<Group> groups = groupsOfList(interpreter, arguments[0], nullptr);
   if (!groups.empty() && !groups.front().text().empty()) {
     const RecordFormat* format = formatOf(upperCase(groups.front().text()));
-    const bool entity = !format || (!format->subclasses.empty() && format->subclasses.front() == "AcDbEntity");
-    const bool object = format && !entity && tableForType(format->type).empty();
+    const auto marked = [&groups](std::string_view mark) {
+      return std::any_of(groups.begin(), groups.end(), [mark](const Group& g) { return g.code() == 100 && (mark.empty() || g.text() == mark); });
+    };
+    // A class that the host doesn't know is what its subclass marks say; without any it is a misspelt one.
+    const bool entity = format ? !format->subclasses.empty() && format->subclasses.front() == "AcDbEntity" : marked("AcDbEntity") || !marked({});
+    const bool object = !entity && (!format || tableForType(format->type).empty());
     if (object) return entityValue(interpreter, makeLooseObject(document.imp(), std::move(groups)));
   }
   return entityValue(interpreter, document.entityMaker().make(std::move(groups)).stub);

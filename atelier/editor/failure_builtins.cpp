@@ -2,17 +2,21 @@
 // An extension of this host: programs test with boundp whether it is there.
 #include "atelier/editor/builtin_tables.h"
 #include "atelier/editor/document.h"
+#include "atelier/lisp/arguments.h"
 
 namespace atelier {
 namespace {
 
-lisp::Value echec(lisp::Interpreter&, lisp::Arguments) {
-  Document::needed().countFailure();
+lisp::Value echec(lisp::Interpreter& in, lisp::Arguments arguments) {
+  if (arguments.empty())
+    Document::needed().countFailure();
+  else
+    Document::needed().fail(std::string(lisp::stringArgument(in, arguments[0])));
   return lisp::nil;
 }
 
 constexpr lisp::Builtin kTable[] = {
-    {"echec", echec, 0, 0, "(echec)", "Compte un echec: le programme sans ecran finira avec le statut 1."},
+    {"echec", echec, 0, 1, "(echec [message])", "Compte un echec et le dit: le programme sans ecran finira avec le statut 1."},
 };
 
 }  // namespace

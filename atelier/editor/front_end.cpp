@@ -37,6 +37,9 @@ bool loadFrontal(Document& document) {
     return false;
   }
   document.addSupport(folder);
+  // Templates and definitions that commands propose.
+  const fs::path examples = fs::path(folder).parent_path() / "exemples";
+  if (std::error_code error; fs::is_directory(examples, error)) document.addSupport(examples.string());
   return document.load((fs::path(folder) / kMain).string());
 }
 

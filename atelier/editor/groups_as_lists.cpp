@@ -87,6 +87,7 @@ Value listOfGroups(Interpreter& interpreter, const AcDbStub* stub, const std::ve
 }
 
 bool appendGroup(std::vector<Group>& groups, int code, Value value) {
+  if (isPointCode(code) && value.isInteger()) return false;  // a lone real is a group that some classes have
   if (isPointCode(code) && value.isPair()) {
     int k = 0;
     for (; value.isPair() && k < 3; value = value.cdr(), ++k) {

@@ -43,6 +43,10 @@ class InputSource {
   virtual Input next(const PromptInfo& prompt) = 0;
   // Whether what is typed shows by itself; otherwise the answer is written behind its prompt.
   virtual bool echoes() const { return false; }
+  // The last answer fits no prompt. True: it begins something else, which comes next, and Enter stands in its place.
+  virtual bool takesBack(const Input&) { return false; }
+  // A program answers: it can't say less than a user would at a prompt that takes one object or many.
+  virtual bool isProgram() const { return false; }
 };
 
 // Lines given beforehand.

@@ -4,14 +4,16 @@
 
 #include <dlfcn.h>
 #include <link.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 
 #include "atelier/database/text.h"
+#include "atelier/editor/installation.h"
 
-namespace {
+namespace atelier {
 
 std::string installationFolder() {
   if (const char* given = std::getenv("KAVEL_CHEMIN"); given && *given) return given;
@@ -20,13 +22,20 @@ std::string installationFolder() {
   return (std::filesystem::path(home ? home : ".") / ".local" / "share" / "kavel").string();
 }
 
-}  // namespace
+std::string installationTrouble() {
+  const std::string folder = installationFolder();
+  std::error_code error;
+  if (std::filesystem::is_directory(folder, error) && access(folder.c_str(), W_OK | X_OK) == 0) return {};
+  return folder + ": ce dossier ne peut pas être écrit, les réglages ne seront pas gardés";
+}
+
+}  // namespace atelier
 
 long RegGetStringW(HKEY, const wchar_t* key, const wchar_t* value, wchar_t* text, unsigned long* size) {
   constexpr long kFileNotFound = 2, kMoreData = 234;
   // The one value that stands for the installation folder; there is no other registry here.
   if (!key || !value || !text || !size || !atelier::equalNoCase(atelier::toUtf8(value), "chemin")) return kFileNotFound;
-  const std::wstring folder = atelier::toWide(installationFolder());
+  const std::wstring folder = atelier::toWide(atelier::installationFolder());
   const unsigned long needed = static_cast<unsigned long>((folder.size() + 1) * sizeof(wchar_t));
   if (*size < needed) return kMoreData;
   std::copy(folder.begin(), folder.end(), text);

@@ -90,6 +90,14 @@ std::optional<std::size_t> indexOf(const std::vector<std::string>& keywords, con
   return it == keywords.end() ? std::nullopt : std::optional(static_cast<std::size_t>(it - keywords.begin()));
 }
 
+// A mode of object snap before a point. Points from programs and scripts are taken as they are; without a cursor there
+// is nothing to snap.
+bool isSnapMode(std::string_view text) {
+  constexpr std::string_view kModes[] = {"NON", "END", "MID", "CEN", "NOD", "QUA", "INT", "INS", "PER", "TAN", "NEA", "APP", "EXT", "PAR"};
+  const std::string word = upperCase(text.starts_with('_') ? text.substr(1) : text);
+  return word == "NONE" || std::find(std::begin(kModes), std::end(kModes), word) != std::end(kModes);
+}
+
 }  // namespace
 
 std::optional<std::string> Prompter::matchKeyword(std::string_view text) const {
@@ -184,6 +192,8 @@ Answer Prompter::ask(PromptInfo prompt, const char* expected, TAKE take) {
       lastKeyword_ = input.text;
       return Answer::keyword;
     }
+    if (prompt.wantsPoint && isSnapMode(input.text)) continue;
+    if (source && source->takesBack(input) && !(flags & RSG_NONULL)) return Answer::none;
     document_.print(std::string("\n") + expected);
   }
 }
@@ -320,7 +330,7 @@ Answer Prompter::getEntity(std::string_view prompt, AcDbObjectId& entity, AcGePo
   return ask(i, "Aucun objet a cet endroit.", [&](const Input& input, int) {
     if (const auto value = expressionValue(document_, input)) return entityFromValue(*value, entity, point);
     if (input.kind == Input::Kind::text) {
-      const std::string word = upperCase(input.text);
+      const std::string word = upperCase(input.text.starts_with('_') ? input.text.substr(1) : input.text);
       if (word == "D" || word == "L" || word == "DERNIER" || word == "LAST") {
         AcDbStub* last = lastEntity(document_.imp());
         entity = idOf(last);

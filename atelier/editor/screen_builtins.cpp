@@ -5,6 +5,8 @@
 #include "atelier/editor/document.h"
 #include "atelier/editor/values.h"
 #include "atelier/lisp/arguments.h"
+#include "atelier/lisp/diesel.h"
+#include "atelier/lisp/printer.h"
 
 namespace atelier {
 namespace {
@@ -22,6 +24,13 @@ void draw(const AcGePoint3d& from, const AcGePoint3d& to, int color, bool highli
   Transients& transients = Document::needed().transients();
   transients.vectors.push_back({from, to, color, highlighted});
   ++transients.revision;
+}
+
+// A point as its ordinates with commas.
+std::string pointText(Value list) {
+  std::string text;
+  for (const Value ordinate : lisp::Items(list)) text += (text.empty() ? "" : ",") + lisp::princ(ordinate);
+  return text;
 }
 
 Value alert(Interpreter& in, Arguments arguments) {
@@ -104,6 +113,30 @@ Value nothing(Interpreter&, Arguments) {
   return lisp::nil;
 }
 
+// "area=texte": the area M evaluates the text; the menus of screens and tablets are not there.
+Value menucmd(Interpreter& in, Arguments arguments) {
+  const std::string text(lisp::stringArgument(in, arguments[0]));
+  if (upperCase(text.substr(0, 2)) != "M=") return lisp::nil;
+  const auto called = [&in](const char* function, std::initializer_list<Value> values) {
+    const std::vector<Value> list(values);
+    const Value value = in.call(in.symbol(function), Arguments(list.data(), list.size()));
+    return value.isNil() ? std::string() : value.isList() ? pointText(value) : lisp::princ(value);
+  };
+  const auto formatted = [&](const char* function) {
+    return [&, function](double number, int mode, int precision) {
+      if (mode < 0) return called(function, {Value::real(number)});
+      if (precision < 0) return called(function, {Value::real(number), Value::integer(mode)});
+      return called(function, {Value::real(number), Value::integer(mode), Value::integer(precision)});
+    };
+  };
+  lisp::DieselHost host;
+  host.variable = [&](std::string_view name) { return called("GETVAR", {in.string(name)}); };
+  host.environment = [&](std::string_view name) { return called("GETENV", {in.string(name)}); };
+  host.distance = formatted("RTOS");
+  host.angle = formatted("ANGTOS");
+  return in.string(lisp::dieselText(host, std::string_view(text).substr(2)));
+}
+
 constexpr lisp::Builtin kTable[] = {
     {"alert", alert, 1, 1, "(alert texte)", "Montre un avertissement."},
     {"grdraw", grdraw, 3, 4, "(grdraw de à couleur [surbrillance])", "Trace un vecteur à l'écran seulement."},
@@ -114,7 +147,7 @@ constexpr lisp::Builtin kTable[] = {
      "Lit une entrée: (2 code) d'une touche ou (3 point)."},
     {"redraw", redraw, 0, 2, "(redraw [entité [mode]])",
      "Redessine; 3 met l'entité en surbrillance, 4 l'enlève."},
-    {"menucmd", nothing, 1, 1, "(menucmd texte)", "Appelle un menu; il n'y en a pas ici: rend nil."},
+    {"menucmd", menucmd, 1, 1, "(menucmd texte)", "Évalue une expression DIESEL, \"M=$(...)\"; rend nil pour les menus."},
     {"graphscr", nothing, 0, 0, "(graphscr)", "Montre l'écran graphique."},
     {"textscr", nothing, 0, 0, "(textscr)", "Montre l'écran de texte."},
     {"textpage", nothing, 0, 0, "(textpage)", "Montre une page de texte vide."},

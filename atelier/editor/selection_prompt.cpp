@@ -2,6 +2,8 @@
 // Words count with and without the leading underscore, in French where it has its own.
 #include "atelier/editor/selection_prompt.h"
 
+#include <utility>
+
 #include "atelier/database/interruption.h"
 #include "atelier/editor/document.h"
 #include "atelier/editor/pick.h"
@@ -179,13 +181,26 @@ bool SelectionPrompt::take(const Input& input) {
 }
 
 Answer SelectionPrompt::run() {
+  document_.pendingSelection = set_;
+  const std::shared_ptr<void> ending(nullptr, [this](void*) { document_.pendingSelection.reset(); });
   while (!finished()) {
     const Input input = document_.prompter().read(prompt());
     if (input.kind == Input::Kind::cancel || input.kind == Input::Kind::end) return Answer::cancel;
-    if (!take(input))
-      document_.print("\nRéponse non valide: un point, un objet ou W C WP CP F L P ALL A R U est attendu.");
+    if (take(input)) continue;
+    if (document_.prompter().source->takesBack(input)) done_ = true;
+    else document_.print("\nRéponse non valide: un point, un objet ou W C WP CP F L P ALL A R U est attendu.");
   }
   return set_->list().empty() ? Answer::none : Answer::value;
+}
+
+std::shared_ptr<SelectionSet> takeSelectedBefore(Document& document) {
+  if (!document.firstSelection || document.prompter().source->isProgram() || document.variables().integer("PICKFIRST", 1) == 0) return nullptr;
+  auto chosen = std::make_shared<SelectionSet>();
+  for (AcDbStub* stub : std::exchange(document.firstSelection, nullptr)->list())
+    if (!stub->is(AcDbStub::kErased)) chosen->add(stub);
+  if (chosen->list().empty()) return nullptr;
+  document.print("\n" + std::to_string(chosen->list().size()) + " trouvé(s)");
+  return document.previousSelection = chosen;
 }
 
 std::shared_ptr<SelectionSet> selectInteractively(Document& document, const SelectionFilter& filter,

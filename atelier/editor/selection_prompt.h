@@ -40,4 +40,8 @@ class SelectionPrompt {
   std::shared_ptr<SelectionSet> set_ = std::make_shared<SelectionSet>();
 };
 
+// What was selected before the command, which takes it instead of asking (PICKFIRST); null when it has to ask. A command
+// that AutoLISP gives its answers always asks: programs count on the prompt.
+std::shared_ptr<SelectionSet> takeSelectedBefore(Document& document);
+
 }  // namespace atelier

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "atelier/database/interruption.h"
 #include "atelier/editor/document.h"
 #include "atelier/editor/flat_path.h"
 #include "atelier/editor/layer_states.h"
@@ -25,6 +26,7 @@ void entitiesNear(Document& document, const AcDbExtents& box, VISIT visit) {
   LayerStates layers(document.imp());
   const std::vector<AcDbStub*> near = document.spatialIndex().query(document.database().currentSpaceId(), box);
   for (auto it = near.rbegin(); it != near.rend(); ++it) {
+    checkInterruption();
     const AcDbEntity* entity = AcDbEntity::cast(&document.imp().object(**it));
     if (entity && layers.shows(**it)) visit(**it, *entity);
   }
@@ -43,8 +45,10 @@ bool takes(PolygonMode mode, std::span<const Stroke> strokes, std::span<const Ac
 
 void addSpace(SelectionSet& set, AcDbStub* space, const SelectionFilter& filter) {
   if (!space || !space->children) return;
-  for (auto it = space->children->rbegin(); it != space->children->rend(); ++it)
+  for (auto it = space->children->rbegin(); it != space->children->rend(); ++it) {
+    checkInterruption();
     if (!(*it)->is(AcDbStub::kErased) && filter.matches(**it)) set.add(*it);
+  }
 }
 
 }  // namespace

@@ -32,6 +32,16 @@ Input ValueSource::next(const PromptInfo& prompt) {
   return inputOf(value);
 }
 
+bool ValueSource::takesBack(const Input& input) {
+  constexpr int kMost = 10;  // of one value: a command that isn't ended by Enter refuses it
+  const bool mine = at_ > 0 && values_[at_ - 1].isString() && values_[at_ - 1].text() == input.text;
+  const CommandRow* row = mine && takenBack_ < kMost ? commandRow(input.text) : nullptr;
+  if (!row || commandName(input.text) != row->name) return false;  // short names are too near to keywords
+  ++takenBack_;
+  --at_;
+  return true;
+}
+
 Input ValueSource::askUser(const PromptInfo& prompt) {
   if (!user_) return {};
   const bool muted = document_.exchangeMuted(false);

@@ -20,6 +20,9 @@ class ValueSource : public InputSource, public AnswerSupply {
   bool ranOut() const override { return ranOut_; }
   lisp::Value take() { return values_[at_++]; }
   Input next(const PromptInfo& prompt) override;
+  // The full name of a command: a program that leaves out the last Enter goes on with its next command.
+  bool takesBack(const Input& input) override;
+  bool isProgram() const override { return true; }
 
  private:
   Input askUser(const PromptInfo& prompt);
@@ -28,6 +31,7 @@ class ValueSource : public InputSource, public AnswerSupply {
   lisp::Arguments values_;
   InputSource* user_;
   std::size_t at_ = 0;
+  int takenBack_ = 0;
   bool ranOut_ = false;
 };
 

@@ -37,6 +37,7 @@ class SourceMap {
 
 struct Session {
   std::map<std::string, std::string, std::less<>> environment;  // by upper-case name
+  std::map<std::string, std::map<std::string, std::string>> registry;  // by upper-case key and value name
   std::string pendingInput;  // what read-char has not yet taken from a line
   bool inputStarted = false;
 };

@@ -1,32 +1,26 @@
-// A file that is there whole or not at all: written beside its target, then renamed over it.
+// A plot's file, there whole or not at all: the way drawings are saved, for writers that can't throw.
 #pragma once
 
-#include <cstdio>
-#include <memory>
 #include <string>
+
+#include "atelier/dxf/replaced_file.h"
 
 namespace atelier::render {
 
 class AtomicFile {
  public:
   // Throws PlotError (French, with the path and the system's reason) when the folder cannot be written.
-  explicit AtomicFile(std::string path);
-  // Without commit() nothing remains.
-  ~AtomicFile();
-  AtomicFile(const AtomicFile&) = delete;
-  AtomicFile& operator=(const AtomicFile&) = delete;
+  explicit AtomicFile(const std::string& path);
 
   // False once a write has failed.
   bool write(const void* bytes, std::size_t count);
-  // Flushes to the disk and puts the file in its place. Throws PlotError; the target is then as it was.
+  // Flushes to the disk and puts the file in its place. Throws PlotError; the target is then as it was. Without it
+  // nothing remains.
   void commit();
 
  private:
-  struct Closer {
-    void operator()(std::FILE* f) const { std::fclose(f); }
-  };
-  std::string path_, temporary_;
-  std::unique_ptr<std::FILE, Closer> file_;
+  dxf::ReplacedFile file_;
+  std::string failure_;
 };
 
 }  // namespace atelier::render

@@ -1,8 +1,7 @@
-// One surface for each kind of file; all write through the same stream into an atomic file.
+// One way for each kind of file; all write through the same stream into an atomic file.
 // Vector surfaces are in points, pictures in pixels.
 #include "atelier/render/plot.h"
 
-#include <cairo-pdf.h>
 #include <cairo-svg.h>
 
 #include <algorithm>
@@ -12,6 +11,7 @@
 #include "atelier/database/text.h"
 #include "atelier/render/atomic_file.h"
 #include "atelier/render/cairo_painter.h"
+#include "atelier/render/pdf_file.h"
 #include "atelier/render/plot_error.h"
 
 namespace atelier::render {
@@ -21,44 +21,43 @@ namespace {
 using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
 using Context = std::unique_ptr<cairo_t, decltype(&cairo_destroy)>;
 
-constexpr double pointsPerMm = 72 / 25.4;
 constexpr int greatestSide = 32767;        // of Cairo's pictures, pixels
 constexpr double greatestPicture = 250e6;  // pixels: a gigabyte
 constexpr double hairlineMm = 0.09;        // the thinnest line a plotter draws
 
-cairo_status_t toFile(void* file, const unsigned char* bytes, unsigned int count) {
-  return static_cast<AtomicFile*>(file)->write(bytes, count) ? CAIRO_STATUS_SUCCESS
-                                                             : CAIRO_STATUS_WRITE_ERROR;
-}
-
-void check(cairo_status_t status, const std::string& file) {
-  // A failed write is reported with the system's reason when the file is committed.
-  if (status != CAIRO_STATUS_SUCCESS && status != CAIRO_STATUS_WRITE_ERROR)
-    throw PlotError(file + " : tracé impossible (" + cairo_status_to_string(status) + ")");
-}
-
-void paintPage(cairo_surface_t* surface, const DisplayList& list, const Page& page, double unitsPerMm,
-               double thinnest, bool embedFonts, const std::string& file) {
-  const Context context(cairo_create(surface), cairo_destroy);
+void paintPage(cairo_t* context, const DisplayList& list, const Page& page, double unitsPerMm, double thinnest,
+               bool embedFonts) {
   PaintOptions options;
   options.toSurface = Affine::scaling(unitsPerMm, unitsPerMm) * page.toPage;
   options.unitsPerMm = unitsPerMm;
   options.clip = fonts::rectangle(page.clipMm).bounds(Affine::scaling(unitsPerMm, unitsPerMm));
   options.thinnest = thinnest;
   options.embedFonts = embedFonts;
-  paint(context.get(), list, options);
-  check(cairo_status(context.get()), file);
+  paint(context, list, options);
 }
 
-void vectors(bool pdf, const DisplayList& list, const Page& page, AtomicFile& out, const std::string& file) {
-  const double width = page.widthMm * pointsPerMm, height = page.heightMm * pointsPerMm;
-  const Surface surface(pdf ? cairo_pdf_surface_create_for_stream(toFile, &out, width, height)
-                            : cairo_svg_surface_create_for_stream(toFile, &out, width, height),
-                        cairo_surface_destroy);
-  if (pdf) cairo_pdf_surface_set_metadata(surface.get(), CAIRO_PDF_METADATA_CREATOR, "Kavel");
-  paintPage(surface.get(), list, page, pointsPerMm, hairlineMm * pointsPerMm, true, file);
+void paintPage(cairo_surface_t* surface, const DisplayList& list, const Page& page, double unitsPerMm,
+               double thinnest, bool embedFonts, const std::string& file) {
+  const Context context(cairo_create(surface), cairo_destroy);
+  paintPage(context.get(), list, page, unitsPerMm, thinnest, embedFonts);
+  checkCairo(cairo_status(context.get()), file);
+}
+
+void pdf(const DisplayList& list, const Page& page, const std::string& file) {
+  PdfFile out(file);
+  out.beginPage(page.widthMm, page.heightMm);
+  paintPage(out.context(), list, page, PdfFile::kPointsPerMm, hairlineMm * PdfFile::kPointsPerMm, true);
+  out.finish();
+}
+
+void svg(const DisplayList& list, const Page& page, AtomicFile& out, const std::string& file) {
+  const double perMm = PdfFile::kPointsPerMm;
+  const Surface surface(
+      cairo_svg_surface_create_for_stream(toAtomicFile, &out, page.widthMm * perMm, page.heightMm * perMm),
+      cairo_surface_destroy);
+  paintPage(surface.get(), list, page, perMm, hairlineMm * perMm, true, file);
   cairo_surface_finish(surface.get());
-  check(cairo_surface_status(surface.get()), file);
+  checkCairo(cairo_surface_status(surface.get()), file);
 }
 
 void picture(double dpi, const DisplayList& list, const Page& page, AtomicFile& out,
@@ -72,14 +71,14 @@ void picture(double dpi, const DisplayList& list, const Page& page, AtomicFile& 
   const Surface surface(
       cairo_image_surface_create(CAIRO_FORMAT_RGB24, static_cast<int>(width), static_cast<int>(height)),
       cairo_surface_destroy);
-  check(cairo_surface_status(surface.get()), file);
+  checkCairo(cairo_surface_status(surface.get()), file);
   {
     const Context context(cairo_create(surface.get()), cairo_destroy);
     cairo_set_source_rgb(context.get(), 1, 1, 1);
     cairo_paint(context.get());
   }
   paintPage(surface.get(), list, page, perMm, 1, false, file);
-  check(cairo_surface_write_to_png_stream(surface.get(), toFile, &out), file);
+  checkCairo(cairo_surface_write_to_png_stream(surface.get(), toAtomicFile, &out), file);
 }
 
 std::string extension(const std::string& file) {
@@ -92,16 +91,20 @@ std::string extension(const std::string& file) {
 
 std::vector<std::string> plot(const DisplayList& list, const std::string& file, const PlotOptions& options) {
   const std::string kind = extension(file);
-  const bool pdf = equalNoCase(kind, ".pdf"), png = equalNoCase(kind, ".png");
-  if (!pdf && !png && !equalNoCase(kind, ".svg"))
+  const bool isPdf = equalNoCase(kind, ".pdf"), isPng = equalNoCase(kind, ".png");
+  if (!isPdf && !isPng && !equalNoCase(kind, ".svg"))
     throw PlotError(file + " : type de tracé inconnu, attendu .pdf, .svg ou .png");
   const Page page = layOutPage(list.bounds(), options.page);
-  AtomicFile out(file);
-  if (png)
-    picture(options.dpi, list, page, out, file);
-  else
-    vectors(pdf, list, page, out, file);
-  out.commit();
+  if (isPdf) {
+    pdf(list, page, file);
+  } else {
+    AtomicFile out(file);
+    if (isPng)
+      picture(options.dpi, list, page, out, file);
+    else
+      svg(list, page, out, file);
+    out.commit();
+  }
   std::vector<std::string> warnings = list.warnings;
   warnings.insert(warnings.end(), page.warnings.begin(), page.warnings.end());
   return warnings;

@@ -58,6 +58,12 @@ DisplayList drawAll(const AcDbDatabase& database, std::span<AcDbStub* const> ent
 
 }  // namespace
 
+namespace {
+// What blocks and arrays may make of a drawing: so many times what it holds, and at least this much. A small file that
+// unfolds to billions ends in seconds; a large one that shows its blocks by the thousand is drawn whole.
+constexpr std::size_t kUnfolding = 50, kLeastPrimitives = 200'000;
+}  // namespace
+
 std::uint64_t Entity::source() const {
   return at.source ? at.source : stub.handle;
 }
@@ -75,7 +81,10 @@ Pt Entity::world(const AcGePoint3d& point) const {
 }
 
 SceneBuilder::SceneBuilder(AcDbImpDatabase& database, const SceneOptions& options)
-    : database_(database), options_(options), properties_(database, options.paper) {}
+    : database_(database),
+      options_(options),
+      most_(std::min(options.mostPrimitives, std::max(kLeastPrimitives, kUnfolding * database.stubs().size()))),
+      properties_(database, options.paper) {}
 
 Groups SceneBuilder::groupsOf(AcDbStub& stub) {
   return Groups(AcDbImpObject::of(&database_.object(stub)).settled());
@@ -90,8 +99,7 @@ std::vector<AcDbStub*> SceneBuilder::children(const AcDbStub& stub) const {
 }
 
 bool SceneBuilder::roomLeft() {
-  stopped_ =
-      stopped_ || ++visits_ > 10 * options_.mostPrimitives || list_.items().size() >= options_.mostPrimitives;
+  stopped_ = stopped_ || ++visits_ > 10 * most_ || list_.items().size() >= most_;
   return !stopped_;
 }
 

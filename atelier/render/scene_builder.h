@@ -67,6 +67,7 @@ class SceneBuilder {
 
   AcDbImpDatabase& database_;
   SceneOptions options_;
+  std::size_t most_;  // primitives
   Properties properties_;
   DisplayList list_;
   std::vector<const AcDbStub*> open_;  // blocks being drawn

@@ -75,7 +75,7 @@ TEST(Kavel, LeavesTheDrawingAsItWasWhenSavingFails) {
   program.prefix = "ulimit -f 4;";  // a disk that is full after 4 blocks
   program.run("a.dxf -e '(repeat 200 (entmake (entget (entlast))))' --save a.dxf");
   EXPECT_EQ(program.status, 3) << program.output;
-  EXPECT_NE(program.output.find("reste tel qu'il etait"), std::string::npos) << program.output;
+  EXPECT_NE(program.output.find("reste tel qu'il était"), std::string::npos) << program.output;
   EXPECT_EQ(program.read("a.dxf"), before);
   program.prefix.clear();
   program.run("a.dxf --save a.dxf");
@@ -191,6 +191,14 @@ TEST(Kavel, IsStoppedByAnInterrupt) {
     EXPECT_EQ(program.status, 124) << program.output;  // that of timeout, when the program ended by itself after it
     EXPECT_NE(program.output.find("42\n"), std::string::npos) << loop << program.output;
   }
+}
+
+TEST(Kavel, QuietRunsStillSayWhatFailed) {
+  Program program;
+  EXPECT_EQ(program.run("--quiet -e '(progn (princ 1) (car 2))'").status, 1);
+  EXPECT_NE(program.output.find("bad argument type"), std::string::npos) << program.output;
+  EXPECT_EQ(program.run("--quiet -e '(plv-nouveau \"absent.csv\" nil nil nil nil nil nil)'").status, 1);
+  EXPECT_NE(program.output.find("Erreur: fichier introuvable: absent.csv"), std::string::npos) << program.output;
 }
 
 }  // namespace

@@ -146,4 +146,25 @@ TEST(Undo, stepsGoBackAndForth) {
   EXPECT_FALSE(drawing.imp.journal.redo());
 }
 
+// A journal of a thousand images of a large object would fill the memory: the oldest steps go, the last ones stay.
+TEST(Undo, whatIsKeptIsBounded) {
+  Opened drawing(true);
+  auto* polyline = new AcDbPolyline;
+  for (unsigned i = 0; i < 50'000; ++i) polyline->addVertexAt(i, AcGePoint2d(i, i % 7));
+  append(drawing, polyline);
+  const AcDbObjectId id = polyline->objectId();
+  for (Adesk::UInt16 step = 1; step <= 200; ++step) {
+    drawing.imp.journal.mark();
+    const AcDbEntityPointer entity(id, AcDb::kForWrite);
+    entity->setColorIndex(step);
+  }
+  EXPECT_EQ(drawing.imp.journal.undo(10), 10);
+  EXPECT_EQ(AcDbEntityPointer(id)->colorIndex(), 190);
+  const int rest = drawing.imp.journal.undo(1000);
+  EXPECT_GT(rest, 5);
+  EXPECT_LT(rest, 190);
+  for (int calls = 0; calls < 2; ++calls) EXPECT_TRUE(drawing.imp.journal.redo());
+  EXPECT_EQ(AcDbEntityPointer(id)->colorIndex(), 200);
+}
+
 }  // namespace

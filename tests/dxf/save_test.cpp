@@ -70,20 +70,20 @@ TEST(Save, failuresLeaveTheFileAsItWas) {
   const Folder folder;
   const fs::path file = folder.path / "plan.dxf";
   fs::copy_file(sample(), file);
-  expectFailure(folder.path / "absent" / "plan.dxf", "ecriture impossible");
-  expectFailure(folder.path, "ecriture impossible");
+  expectFailure(folder.path / "absent" / "plan.dxf", "écriture impossible");
+  expectFailure(folder.path, "écriture impossible");
   rlimit before{};
   getrlimit(RLIMIT_FSIZE, &before);
   const rlimit small{4096, before.rlim_max};
   setrlimit(RLIMIT_FSIZE, &small);
-  expectFailure(file, "ecriture interrompue");
+  expectFailure(file, "écriture interrompue");
   setrlimit(RLIMIT_FSIZE, &before);
   EXPECT_EQ(bytesOf(file), bytesOf(sample()));
   EXPECT_EQ(std::distance(fs::directory_iterator(folder.path), fs::directory_iterator()), 1);
 }
 
 TEST(Save, aDeviceIsNoDrawing) {
-  expectFailure("/dev/full", "ecriture impossible");
+  expectFailure("/dev/full", "écriture impossible");
 }
 
 TEST(Save, aMissingFileIsNamed) {

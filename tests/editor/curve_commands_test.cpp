@@ -56,7 +56,11 @@ TEST_F(CurveCommands, Cut) {
           "(\"ARC\" \"9.425\")"},
          {"(progn (command \"_UNDO\" 1) (g 0 k))", "\"CIRCLE\""},
          {"(progn (setq q (pline '((30. 0.) (34. 0.) (34. 4.) (30. 4.)) T)) (command \"_BREAK\" (pick q '(34. 1. 0.)) '(34. 3. 0.)) (list (g 70 q) (ends q)))",
-          "(0 ((\"34.00\" \"3.00\" \"0.00\") (\"34.00\" \"1.00\" \"0.00\")))"}});
+          "(0 ((\"34.00\" \"3.00\" \"0.00\") (\"34.00\" \"1.00\" \"0.00\")))"},
+         // an object without a pick: both points follow
+         {"(progn (setq l (line '(0. 60. 0.) '(10. 60. 0.))) (command \"_BREAK\" l '(2. 60. 0.) '(4. 60. 0.)) (list (ends l) (ends (entlast))))",
+          "(((\"0.00\" \"60.00\" \"0.00\") (\"2.00\" \"60.00\" \"0.00\")) ((\"4.00\" \"60.00\" \"0.00\") (\"10.00\" \"60.00\" \"0.00\")))"},
+         {"(progn (command \"_BREAK\" l \"_F\" '(1. 60. 0.) \"@\") (ends l))", "((\"0.00\" \"60.00\" \"0.00\") (\"1.00\" \"60.00\" \"0.00\"))"}});
 }
 
 TEST_F(CurveCommands, TrimAndExtend) {
@@ -79,7 +83,8 @@ TEST_F(CurveCommands, Offset) {
          {"(progn (setq p (pline '((0. 0.) (10. 0.) (10. 10.) (0. 10.)) T)) (command \"_OFFSET\" 2. (pick p '(5. 0. 0.)) '(5. 5. 0.) \"\") (all-points (entlast)))",
           "((\"2.00\" \"2.00\") (\"8.00\" \"2.00\") (\"8.00\" \"8.00\") (\"2.00\" \"8.00\"))"},
          {"(progn (command \"_OFFSET\" \"_T\" (pick p '(5. 0. 0.)) '(5. -3. 0.) \"\") (all-points (entlast)))",
-          "((\"-3.00\" \"-3.00\") (\"13.00\" \"-3.00\") (\"13.00\" \"13.00\") (\"-3.00\" \"13.00\"))"}});
+          "((\"-3.00\" \"-3.00\") (\"13.00\" \"-3.00\") (\"13.00\" \"13.00\") (\"-3.00\" \"13.00\"))"},
+         {"(progn (command \"_OFFSET\" \"_E\" \"_Y\" 1. (pick p '(5. 0. 0.)) '(5. 5. 0.) \"\") (list (entget p) (car (all-points (entlast)))))", "(nil (\"1.00\" \"1.00\"))"}});
 }
 
 TEST_F(CurveCommands, FilletAndChamfer) {
@@ -89,7 +94,9 @@ TEST_F(CurveCommands, FilletAndChamfer) {
          {"(progn (setq p (pline '((0. 0.) (10. 0.) (10. 10.)) nil)) (command \"_FILLET\" \"_P\" p) (list (all-points p) (bulges p)))",
           "(((\"0.00\" \"0.00\") (\"8.50\" \"0.00\") (\"10.00\" \"1.50\") (\"10.00\" \"10.00\")) (\"0.000\" \"0.414\" \"0.000\" \"0.000\"))"},
          {"(progn (setq l (line '(8. 3. 0.) '(20. 3. 0.))) (command \"_CHAMFER\" \"_D\" 2. 1. \"_CHAMFER\" (pick l '(15. 3. 0.)) (pick c '(6. 0. 0.))) (ends (entlast)))",
-          "((\"8.00\" \"3.00\" \"0.00\") (\"6.00\" \"2.00\" \"0.00\"))"}});
+          "((\"8.00\" \"3.00\" \"0.00\") (\"6.00\" \"2.00\" \"0.00\"))"},
+         {"(progn (setq l (line '(8. 4. 0.) '(20. 4. 0.))) (command \"_FILLET\" \"_R\" 2. \"_FILLET\" \"_T\" \"_N\" (pick l '(15. 4. 0.)) (pick c '(6. 0. 0.))) (list (ends l) (last-g 40)))",
+          "(((\"8.00\" \"4.00\" \"0.00\") (\"20.00\" \"4.00\" \"0.00\")) 2.0)"}});
 }
 
 TEST_F(CurveCommands, Polylines) {
@@ -107,6 +114,14 @@ TEST_F(CurveCommands, Polylines) {
          {"(progn (setq p (pline '((0. 0.) (4. 8.) (8. 0.)) nil)) (setvar \"SPLINETYPE\" 5) (setvar \"SPLINESEGS\" 4) (command \"_PEDIT\" p \"_S\" \"\")"
           " (list (length (all-points p)) (nth 4 (all-points p))))",
           "(9 (\"4.00\" \"4.00\"))"}});
+}
+
+TEST_F(CurveCommands, ManyPolylinesAtOnce) {
+  check({{"(progn (setq s (ssadd (line '(20. 0. 0.) '(24. 0. 0.)))) (ssadd (line '(24.005 0. 0.) '(24. 3. 0.)) s) (ssadd (pline '((24. 3.) (30. 3.)) nil) s) (ssadd (line '(40. 0. 0.) '(41. 0. 0.)) s)"
+          " (command \"_PEDIT\" \"_M\" s \"\" \"_Y\" \"_J\" 0.01 \"_W\" 0.3 \"\") (mapcar '(lambda (e) (if (entget e) (list (length (all-points e)) (g 43 e)))) (list (ssname s 0) (ssname s 1) (ssname s 2) (ssname s 3))))",
+          "((4 0.3) nil nil (2 0.3))"},
+         {"(progn (command \"_PEDIT\" (ssname s 0) \"_L\" \"_ON\" \"\") (g 70 (ssname s 0)))", "128"},
+         {"(progn (setvar \"PEDITACCEPT\" 1) (setq l (line '(0. 50. 0.) '(1. 50. 0.))) (command \"_PEDIT\" l \"_X\") (g 0 l))", "\"LWPOLYLINE\""}});
 }
 
 TEST_F(CurveCommands, Splines) {

@@ -80,4 +80,16 @@ TEST_F(Entities, OfBlocksAreSearchedByTable) {
          {"(tblsearch \"NUAGE\" \"x\")", "! bad argument value: NUAGE"}});
 }
 
+// Polylines in space from lists without marks, and with some: the vertices keep their places and get their marks.
+TEST_F(Entities, MakePolylinesInSpace) {
+  run(kTools);
+  run("(defun space (marks head / e) (entmake (append '((0 . \"POLYLINE\")) head '((70 . 8))))"
+      " (foreach p '((0. 0. 1.) (5. 0. 2.)) (entmake (append '((0 . \"VERTEX\")) marks (list (cons 10 p) '(70 . 32))))) (entmake '((0 . \"SEQEND\")))"
+      " (setq e (entnext (entnext (entlast)))) (list (g 10 e) (g 70 e) (vl-remove-if-not '(lambda (p) (= (car p) 100)) (entget e))))");
+  const char* made = "((5.0 0.0 2.0) 32 ((100 . \"AcDbEntity\") (100 . \"AcDbVertex\") (100 . \"AcDb3dPolylineVertex\")))";
+  check({{"(space nil nil)", made},
+         {"(space '((100 . \"AcDbEntity\") (100 . \"AcDbVertex\")) '((100 . \"AcDbEntity\") (100 . \"AcDb3dPolyline\")))", made},
+         {"(space '((100 . \"AcDbEntity\") (100 . \"AcDbVertex\") (100 . \"AcDb3dPolylineVertex\")) '((100 . \"AcDbEntity\") (100 . \"AcDb3dPolyline\")))", made}});
+}
+
 }  // namespace kaveltest

@@ -184,7 +184,7 @@ TEST_F(Plot, ErrorsSayWhereAndLeaveTheTarget) {
     plot(sample(), at("absent/p.pdf"), options());
     FAIL();
   } catch (const PlotError& error) {
-    EXPECT_NE(std::string(error.what()).find("absent/p.pdf : écriture impossible"), std::string::npos)
+    EXPECT_NE(std::string(error.what()).find("absent/p.pdf: écriture impossible"), std::string::npos)
         << error.what();
   }
   std::ofstream(at("garde.png")) << "ancien";

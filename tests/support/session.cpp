@@ -4,7 +4,9 @@
 
 #include "atelier/editor/command_run.h"
 #include "atelier/editor/published.h"
+#include "atelier/exchange/exchange.h"
 #include "atelier/lisp/printer.h"
+#include "atelier/render/plot_builtins.h"
 #include "module/commande/entree.h"
 
 namespace kaveltest {
@@ -25,6 +27,8 @@ void registerModule() {
 Session::Session(bool withModule, const std::string& path) {
   if (withModule) registerModule();
   atelier::setStrictHandlers(true);
+  atelier::exchange::provideExchange();
+  atelier::render::providePlots();
   document_ = std::make_unique<atelier::Document>(nullptr, path);
 }
 

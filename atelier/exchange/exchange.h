@@ -1,0 +1,14 @@
+// What this room adds to every drawing that is opened after the call.
+#pragma once
+#include <span>
+
+#include "atelier/lisp/builtin.h"
+
+namespace atelier::exchange {
+
+// Called once at the start of a program.
+void provideExchange();
+
+std::span<const lisp::Builtin> landXmlBuiltins();
+
+}  // namespace atelier::exchange

@@ -1,0 +1,57 @@
+// What LandXML says of longitudinal profiles: alignments with their ground and their project lines.
+// In memory everything is in metres; stations are those of the file, along the alignment.
+#pragma once
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace atelier::exchange {
+
+struct StationLevel {
+  double station = 0, level = 0;
+};
+
+// A ProfSurf. Each PntList2D is a piece; the ground is missing between two of them.
+struct Ground {
+  std::string name, state;  // state: "existing", "proposed" ...; may be empty
+  std::vector<std::vector<StationLevel>> pieces;
+};
+
+// A vertex of a ProfAlign, with the vertical curve at it. Lengths of parabolas are horizontal, that of a circle its arc.
+struct Vertex {
+  enum class Curve { none, parabola, unsymmetric, circle };
+  StationLevel at;
+  Curve curve = Curve::none;
+  double length = 0;     // of the curve, worked out on writing a circle; of the part before the vertex when unsymmetric
+  double lengthOut = 0;  // of the part behind the vertex, when it is unsymmetric
+  double radius = 0;     // of a circle, always positive: the sign follows from the grades
+};
+
+struct Project {
+  std::string name;
+  std::vector<Vertex> vertices;
+};
+
+struct Alignment {
+  std::string name;
+  double start = 0;
+  std::vector<Ground> grounds;
+  std::vector<Project> projects;
+};
+
+struct LandXml {
+  double metres = 1;  // of the file's unit of length
+  std::vector<Alignment> alignments;
+  std::vector<std::string> warnings;  // French: what was left out or mended
+};
+
+// Reads LandXML 1.0, 1.1, 1.2 and InfraModel files: elements are known by their local names, whatever the namespace.
+// Throws FileError when the file can't be read, Error with alignment, element and station when a value is malformed, a
+// station goes back, a vertical curve has no room, or no radius.
+LandXml readLandXml(const std::string& path);
+
+// Writes LandXML 1.2 in metres, numbers to the nanometre; a circle's radius is positive in a sag. An existing file becomes
+// .bak. Throws FileError.
+void writeLandXml(const std::string& path, std::string_view project, const std::vector<Alignment>& alignments);
+
+}  // namespace atelier::exchange

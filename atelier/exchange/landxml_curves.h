@@ -1,0 +1,23 @@
+// Checks of the vertical curves of a project line. Inner header of the room.
+#pragma once
+#include <optional>
+#include <string>
+
+#include "atelier/exchange/landxml.h"
+
+namespace atelier::exchange {
+
+struct CurveFault {
+  std::size_t vertex;  // index
+  std::string reason;  // French
+};
+
+// Completes circles that have a length and no radius, and makes room between curves that overlap by no more than the
+// rounding of written numbers; the first fault that remains, if any. Remarks are added to warnings, each with the
+// station; `where` stands before them.
+std::optional<CurveFault> checkCurves(Project& project, const std::string& where, std::vector<std::string>& warnings);
+
+// "123.456": a station or a length for a message.
+std::string metresText(double value);
+
+}  // namespace atelier::exchange
