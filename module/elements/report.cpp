@@ -17,14 +17,14 @@ double finProfil(const profilLong& profil) {
   return profil.position.x + profil.distTn.back();
 }
 
-// Cuts at the limit and drops the pieces that `dehors` tells, by the distances of their ends to the limit.
-template <class DEHORS>
-void rogner(AcDbObjectId id, double limite, DEHORS dehors) {
+// Cuts the curve and puts its pieces in its place: those that `garder` takes, which it may move. It is given the ends.
+template <class GARDER>
+void decouper(AcDbObjectId id, const std::vector<double>& coupes, GARDER garder) {
   AcDbCurve* courbe = nullptr;
   if (acdbOpenObject(courbe, id, AcDb::kForWrite) != Acad::eOk) return;
   piecesCourbe pieces;
   bool remplacer = false;
-  couperCourbe(*courbe, {limite}, pieces, remplacer);
+  couperCourbe(*courbe, coupes, pieces, remplacer);
   identiteCourbe source(courbe);
   if (pieces.size() < 2) return;
   AcDbPoint proprietes;
@@ -33,10 +33,18 @@ void rogner(AcDbObjectId id, double limite, DEHORS dehors) {
   for (pieceCourbe& piece : pieces) {
     AcGePoint2d gauche, droite;
     extremitesCourbe(*piece, gauche, droite);
-    if (dehors(gauche.x - limite) && dehors(droite.x - limite)) continue;
+    if (!garder(*piece, gauche, droite)) continue;
     piece->setPropertiesFrom(&proprietes);
     source.placer(std::move(piece), nouveaux);
   }
+}
+
+// Cuts at the limit and drops the pieces that `dehors` tells, by the distances of their ends to the limit.
+template <class DEHORS>
+void rogner(AcDbObjectId id, double limite, DEHORS dehors) {
+  decouper(id, {limite}, [&](AcDbCurve&, const AcGePoint2d& gauche, const AcGePoint2d& droite) {
+    return !dehors(gauche.x - limite) || !dehors(droite.x - limite);
+  });
 }
 
 void rogneAGauche(AcDbObjectId id, const profilLong& profil) {
@@ -59,27 +67,14 @@ void reporterCourbe(AcDbObjectId id, const profilLong& profil, std::size_t a, st
   }
   std::vector<double> coupes;
   for (std::size_t i = a + 1; i <= b; ++i) coupes.push_back(profil.distPc[i] + profil.position.x);
-  AcDbCurve* courbe = nullptr;
-  if (acdbOpenObject(courbe, id, AcDb::kForWrite) != Acad::eOk) return;
-  piecesCourbe pieces;
-  bool remplacer = false;
-  couperCourbe(*courbe, coupes, pieces, remplacer);
-  identiteCourbe source(courbe);
-  if (pieces.size() < 2) return;
-  AcDbPoint proprietes;
-  proprietes.setPropertiesFrom(courbe);
-  AcDbObjectIdArray nouveaux;
-  for (pieceCourbe& piece : pieces) {
-    AcGePoint2d gauche, droite;
-    extremitesCourbe(*piece, gauche, droite);
+  decouper(id, coupes, [&](AcDbCurve& piece, const AcGePoint2d& gauche, const AcGePoint2d& droite) {
     const std::size_t k = profil.indexPc((gauche.x + droite.x) / 2);
-    piece->setPropertiesFrom(&proprietes);
     if (k != p) {
       const double dy = (altitudePlan(profil, p) - altitudePlan(profil, k)) * profil.echelleV;
-      piece->transformBy(AcGeMatrix3d::translation({0.0, dy, 0.0}));
+      piece.transformBy(AcGeMatrix3d::translation({0.0, dy, 0.0}));
     }
-    source.placer(std::move(piece), nouveaux);
-  }
+    return true;
+  });
 }
 
 // The points at the two ends. False for what is no curve.

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <exception>
 
 #include "module/support/nombres.h"
 #include "module/support/reglages.h"
@@ -94,15 +95,26 @@ void chargerClasses(classesProfondeur& liste) {
   }
 }
 
+// A file that can't be written is the failure of the whole, once every setting has its value: heights left at 0 would
+// take classes from the list that the next loading makes.
 void sauverClasses(const classesProfondeur& liste) {
   reglages& r = reglagesModule();
-  for (auto& hauteur : r.hauteursMin) hauteur.changer(0.0);
+  std::exception_ptr echec;
+  const auto changer = [&echec](auto& variable, auto valeur) {
+    try {
+      variable.changer(valeur);
+    } catch (const std::exception&) {
+      echec = std::current_exception();
+    }
+  };
+  for (auto& hauteur : r.hauteursMin) changer(hauteur, 0.0);
   for (std::size_t i = 0; i < std::min(liste.size(), kNombreClassesProfondeur); ++i) {
-    r.hauteursMin[i].changer(liste[i].fin);
-    r.largeurs[i].changer(liste[i].largeur);
-    r.profondeursLit[i].changer(liste[i].profLit);
-    r.couleurs[i].changer(static_cast<std::uint8_t>(liste[i].couleur & kOctetCouleur));
+    changer(r.hauteursMin[i], liste[i].fin);
+    changer(r.largeurs[i], liste[i].largeur);
+    changer(r.profondeursLit[i], liste[i].profLit);
+    changer(r.couleurs[i], static_cast<std::uint8_t>(liste[i].couleur & kOctetCouleur));
   }
+  if (echec) std::rethrow_exception(echec);
 }
 
 void insererClasse(classesProfondeur& liste, classeProfondeur& classe) {

@@ -23,9 +23,9 @@ struct tranche {
 void ajouterPiece(LineSegArrayData& ligne, const LineSeg& piece) {
   if (!ligne.IsEmpty() && ligne.dernier().classe == piece.classe) {
     LineSeg& dernier = ligne.dernier();
-    double y = dernier.y2;
-    dernier.YAt(piece.x2, y);
-    if (std::abs(piece.x1 - dernier.x1) < kMemeStation && std::abs(piece.y2 - y) < kMemeAltitude) {
+    double y = 0;
+    if (std::abs(piece.x1 - dernier.x1) < kMemeStation && dernier.YAt(piece.x2, y) &&
+        std::abs(piece.y2 - y) < kMemeAltitude) {
       dernier.x2 = piece.x2;
       dernier.y2 = piece.y2;
       return;
@@ -55,7 +55,7 @@ class balayage {
   void executer() {
     while (terrain_.GetAt(i_).x2 <= projet_.GetAt(0).x1) ++i_;
     while (projet_.GetAt(j_).x2 <= terrain_.GetAt(i_).x1) ++j_;
-    x_ = xCroisement_ = std::max(terrain_.GetAt(i_).x1, projet_.GetAt(j_).x1);
+    x_ = std::max(terrain_.GetAt(i_).x1, projet_.GetAt(j_).x1);
     const double fin = std::min(terrain_.derniereStation(), projet_.derniereStation());
     classe_ = classeEn(x_);
     while (x_ < fin && i_ < terrain_.GetSize() && j_ < projet_.GetSize()) passe();
@@ -89,14 +89,16 @@ class balayage {
     if (ensemble || xp < xt) ++j_;
   }
 
-  // Up to the limit of the present class. An intersection that fails keeps the abscissa of the last one.
+  // Up to the limit of the present class. An intersection that fails keeps the abscissa of the last one; before the first
+  // there is none, and the class changes where the sweep stands.
   void franchir(Adesk::Int32 pas) {
     const double limite = pas > 0 ? finDeClasse(liste_, classe_) : debutDeClasse(liste_, classe_);
     LineSeg abaisse = terrain_.GetAt(i_);
     abaisse.y1 -= limite;
     abaisse.y2 -= limite;
     double y = 0;
-    intersection(abaisse, projet_.GetAt(j_), xCroisement_, y, true);
+    if (!croise_) xCroisement_ = x_;
+    croise_ = intersection(abaisse, projet_.GetAt(j_), xCroisement_, y, true) || croise_;
     ajouter(abaisse, limite, xCroisement_);
     x_ = xCroisement_;
     classe_ += pas;
@@ -124,6 +126,7 @@ class balayage {
   std::ptrdiff_t i_ = 0, j_ = 0;
   double x_ = 0, xCroisement_ = 0;
   double yTerrain_ = 0, yProjet_ = 0;
+  bool croise_ = false;
   Adesk::Int32 classe_ = 0;
 };
 

@@ -3,6 +3,7 @@
 #include "module/metres/elementsMesures.h"
 
 #include <algorithm>
+#include <memory>
 
 #include "hote/dbsymtb.h"
 #include "module/support/lettres.h"
@@ -27,14 +28,26 @@ bool nomDuBloc(const AcDbBlockReference& bloc, std::wstring& nom) {
   return true;
 }
 
+// Tags compare exactly, unlike the profile's own attribute.
+bool lireParEtiquette(const AcDbBlockReference& bloc, const std::wstring& etiquette, std::wstring& texte) {
+  const std::unique_ptr<AcDbObjectIterator> attributs(bloc.attributeIterator());
+  for (; attributs && !attributs->done(); attributs->step()) {
+    AcDbObjectPointer<AcDbAttribute> attribut(attributs->objectId());
+    if (attribut.openStatus() != Acad::eOk || attribut->tag().kACharPtr() != etiquette) continue;
+    texte = attribut->textString().kACharPtr();
+    return true;
+  }
+  return false;
+}
+
 // Appends nothing for an attribute that the block lacks.
 void lireChamp(const profilLong& profil, const AcDbBlockReference& bloc, const champElementFixe& champ,
                std::vector<valeurElement>& valeurs) {
-  AcString texte;
+  std::wstring texte;
   if (champ.nature == champElementFixe::kStation)
     valeurs.push_back({1, bloc.position().x - profil.position.x + profil.dcumDeb, {}, champ.libelle});
-  else if (champ.nature == champElementFixe::kAttribut && lireAttribut(bloc, champ.etiquette.c_str(), texte))
-    valeurs.push_back({0, 0.0, texte.kACharPtr(), champ.libelle});
+  else if (champ.nature == champElementFixe::kAttribut && lireParEtiquette(bloc, champ.etiquette, texte))
+    valeurs.push_back({0, 0.0, texte, champ.libelle});
 }
 
 }  // namespace

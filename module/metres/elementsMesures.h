@@ -1,5 +1,5 @@
 // Fixed elements: the blocks that a profile's report knows, and what it takes from each.
-// Block names compare without regard to case.
+// Block names compare without regard to case, tags of attributes exactly.
 #pragma once
 #include <string>
 #include <vector>

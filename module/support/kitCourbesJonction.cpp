@@ -1,7 +1,9 @@
 // Joining of curves that touch at an end.
 // The result is a new curve; the drawing keeps the identity of the first of the two.
 #include <array>
+#include <cmath>
 #include <optional>
+#include <utility>
 
 #include "module/support/kitCourbes.h"
 
@@ -65,6 +67,16 @@ std::unique_ptr<AcDbCurve> fusionnerPolylignes(const AcDbPolyline& a, const AcDb
   return resultat;
 }
 
+// The same result in place, for a polyline that a fusion has made: a list of many pieces would copy each vertex as many times
+// as there are pieces behind it. False, with nothing changed, when the joint isn't at its end.
+bool prolonger(AcDbPolyline& a, const AcDbPolyline& b) {
+  if (!a.normal().isEqualTo(b.normal(), toleranceFusion())) return false;
+  const auto cas = trouverJonction(a, b);
+  if (!cas || cas->debut1) return false;
+  copierSommets(b, !cas->debut2, a);
+  return true;
+}
+
 std::unique_ptr<AcDbSpline> copieRetournee(const AcDbSpline& spline, bool retourner) {
   std::unique_ptr<AcDbSpline> copie(AcDbSpline::cast(spline.clone()));
   if (copie && retourner && copie->reverseCurve() != Acad::eOk) return nullptr;
@@ -118,25 +130,47 @@ std::unique_ptr<AcDbCurve> fusionnerSplines(const AcDbSpline& a, const AcDbSplin
 // A curve of the list, open for write, and its two ends.
 struct courbeOuverte {
   AcDbCurve* courbe = nullptr;
+  AcDbPolyline* fusionnee = nullptr;  // the curve, once it is a polyline that a fusion made
   AcGePoint2d gauche{kAbsent, kAbsent}, droite{kAbsent, kAbsent};
 
+  // Of a polyline that grows, without its parameters: they make the host look at every vertex.
   void lireExtremites() {
     gauche = droite = AcGePoint2d(kAbsent, kAbsent);
-    if (courbe) extremitesCourbe(*courbe, gauche, droite);
+    AcGePoint3d debut, fin;
+    if (fusionnee && fusionnee->getStartPoint(debut) == Acad::eOk && fusionnee->getEndPoint(fin) == Acad::eOk) {
+      gauche = {debut.x, debut.y};
+      droite = {fin.x, fin.y};
+      if (gauche.x > droite.x) std::swap(gauche, droite);
+    } else if (courbe) {
+      extremitesCourbe(*courbe, gauche, droite);
+    }
   }
   bool presente() const { return gauche.x > kSeuilAbsent && droite.x > kSeuilAbsent; }
   bool touche(const courbeOuverte& autre) const {
-    return gauche.distanceTo(autre.droite) < kToleranceJonction || droite.distanceTo(autre.gauche) < kToleranceJonction;
+    // Every pair is compared, and few are near: abscissas tell most of them apart.
+    const auto proches = [](const AcGePoint2d& a, const AcGePoint2d& b) {
+      return std::abs(a.x - b.x) < kToleranceJonction && a.distanceTo(b) < kToleranceJonction;
+    };
+    return proches(gauche, autre.droite) || proches(droite, autre.gauche);
   }
 };
 
-// The first becomes both, the second is erased.
-bool absorber(courbeOuverte& premiere, courbeOuverte& seconde) {
+bool fusionner(courbeOuverte& premiere, const AcDbCurve& seconde) {
+  if (const auto* polyligne = AcDbPolyline::cast(&seconde);
+      premiere.fusionnee && polyligne && prolonger(*premiere.fusionnee, *polyligne))
+    return true;
   std::unique_ptr<AcDbCurve> resultat;
-  if (!fusionnerCourbes(*premiere.courbe, *seconde.courbe, resultat)) return false;
+  if (!fusionnerCourbes(*premiere.courbe, seconde, resultat)) return false;
   if (premiere.courbe->handOverTo(resultat.get(), true, true) != Acad::eObjectToBeDeleted) return false;
   delete premiere.courbe;
   premiere.courbe = resultat.release();
+  premiere.fusionnee = AcDbPolyline::cast(premiere.courbe);
+  return true;
+}
+
+// The first becomes both, the second is erased.
+bool absorber(courbeOuverte& premiere, courbeOuverte& seconde) {
+  if (!fusionner(premiere, *seconde.courbe)) return false;
   seconde.courbe->erase();
   seconde.courbe->close();
   seconde = {};

@@ -115,7 +115,10 @@ TEST_F(Cubpl, HatchesEachSectionInItsClassColour) {
                              {"(cdr (assoc 440 e))", "33554522"},
                              {"(list (g 2 e) (g 70 e) (g 71 e) (g 91 e) (g 92 e) (g 75 e))", "(\"SOLID\" 1 0 1 3 0)"},
                              {"(mapcar 'cdr (vl-remove-if-not '(lambda (x) (= (car x) 10)) (cdr (member (assoc 93 e) e))))",
-                              "((100.0 100.0) (110.0 105.0) (110.0 95.0) (100.0 95.0) (100.0 100.0))"}});
+                              "((100.0 100.0) (110.0 105.0) (110.0 95.0) (100.0 95.0) (100.0 100.0))"},
+                             {"(vl-remove 0 (mapcar '(lambda (x) (length (vl-remove-if-not '(lambda (y) (and (= (car y) 340) (= (g 0 (entget (cdr y))) \"HATCH\")))"
+                              " (if (= (car x) 350) (entget (cdr x)))))) (dictsearch (namedobjdict) \"ACAD_GROUP\")))",
+                              "(4 5)"}});
 }
 
 TEST_F(Cubpl, ATransparencyOutOfRangeIsPutRight) {

@@ -65,10 +65,27 @@ TEST_F(Balayage, CutsAtVerticesAndClassLimits) {
       {"vertices nearer than a hundredth of a micrometre", ligne({{0, 9.5}, {50 + 5e-9, 9.5}, {100, 9.5}}),
        ligne({{0, 10}, {50, 10}, {100, 10}}), "1: 0-100 s50; "},
       {"a vertical piece of ground", ligne({{0, 9.5}, {100, 9.5}}), ligne({{0, 10}, {50, 10}, {50, 10.4}, {100, 10.4}}), "1: 0-100 s70; "},
+      {"one between classes", ligne({{0, 9.5}, {100, 9.5}}), ligne({{0, 10}, {50, 10}, {50, 12}, {100, 12}}), "1: 0-50 s25; 2: 50-50 s0; 3: 50-50 s0; 4: 50-100 s125; "},
+      {"one after a limit was crossed", ligne({{0, 9.5}, {100, 9.5}}), ligne({{0, 10}, {40, 11}, {50, 11}, {50, 10}, {100, 10}}), "1: 0-20 s15; 2: 20-20 s55; 1: 20-100 s40; "},
       {"no ground", ligne({{0, 9}, {1, 9}}), {}, ""},
       {"ground that only touches", ligne({{100, 9}, {200, 9}}), ligne({{0, 10}, {100, 10}, {100, 11}, {101, 11}}), "3: 100-101 s2; "},
   };
   for (const auto& c : cas) EXPECT_EQ(texte(couper(c.projet, c.terrain)), c.attendu) << c.quoi;
+}
+
+// Depths that are a limit to the last digit change class again and again; their crossings are still found.
+TEST_F(Balayage, ALineAlongALimitIsMeasuredOnce) {
+  unsigned alea = 1;
+  const auto altitude = [&alea] { return ((alea = alea * 1103515245 + 12345) >> 8) % 100000 / 100.0; };
+  for (int essai = 0; essai < 2000; ++essai)
+    for (const double limite : {1.0, 1.5, 3.0}) {
+      const double a = altitude(), b = altitude(), c = altitude(), plan = altitude();
+      const auto z = [&](double vraie) { return (vraie - plan) * 10 / 10 + plan; };  // as they come from a drawing
+      const auto entree = couper(ligne({{0, z(a - limite)}, {37.3, z(b - limite)}, {100, z(c - limite)}}), ligne({{0, z(a)}, {37.3, z(b)}, {100, z(c)}}));
+      double surface = 0;
+      for (const auto& t : entree.troncons) surface += t->surface;
+      ASSERT_NEAR(surface, 100 * limite, 1e-9) << a << ' ' << b << ' ' << c << ' ' << plan << ' ' << texte(entree);
+    }
 }
 
 TEST_F(Balayage, EachSectionCarriesItsStretchOfBothLines) {
@@ -183,9 +200,10 @@ TEST_F(Metres, KnownBlocksAreListedWhole) {
   session.eval(R"((setq r (tampon "vardanetampon" 130.0 '(("R" . "R1") ("CT" . "102.5") ("HAUTEUR" . "2") ("LARGEUR" . "1")))
                         v (tampon "VardanePLVDGE" 145.5 '(("OBS" . "basse")))
                         sans (tampon "VardaneTampon" 150.0 '(("R" . "R2") ("HAUTEUR" . "2") ("LARGEUR" . "1")))
+                        casse (tampon "VardanePLVDGE" 155.0 '(("obs" . "x")))
                         autre (tampon "Autre" 160.0 '(("OBS" . "x"))) a (tronc 0.0 99.5 100.0 99.5 95.0)))");
   profil->dcumDeb = 1000;
-  calculer({"a"}, {"tn1", "tn2"}, {"r", "v", "sans", "autre", "a"});
+  calculer({"a"}, {"tn1", "tn2"}, {"r", "v", "sans", "casse", "autre", "a"});
   ASSERT_EQ(profil->elements.size(), 2u);
   const plv::elementFixeMesure &regard = profil->elements[0], &vidange = profil->elements[1];
   EXPECT_EQ(regard.libelle, L"Regard");
