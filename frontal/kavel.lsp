@@ -3,9 +3,10 @@
 (foreach plv-fichier
   '("plv-outils" "plv-dessin" "plv-lignes" "plv-terrain" "plv-plans" "plv-profil" "plv-habillage"
     "plv-nouveau" "plv-tables" "plv-espacement" "plv-elements" "plv-raccords" "plv-trace" "plv-projet"
-    "plv-projet-fichier" "plv-projet-questions" "plv-pc" "plv-remplissage"
+    "plv-projet-fichier" "plv-projet-questions" "plv-sommets" "plv-echange" "plv-export" "plv-pc" "plv-remplissage"
     "plv-remplissage-projet" "plv-remplissage-plan" "plv-remplissage-blocs" "plv-matrices"
-    "plv-metres" "plv-optimal" "plv-legende" "plv-macros" "plv-ligne-seule" "plv-vers-plan" "plv-rapport" "plv-audit" "plv-bureau")
+    "plv-metres-troncons" "plv-metres-rapport" "plv-metres" "plv-optimal" "plv-optimal-questions"
+    "plv-legende" "plv-macros" "plv-ligne-seule" "plv-vers-plan" "plv-rapport" "plv-audit" "plv-bureau" "plv-feuilles")
   (load (strcat plv-fichier ".lsp")))
 (setq plv-fichier nil)
 (princ)

@@ -22,13 +22,13 @@
   (setq siens (vl-remove-if-not '(lambda (s) (= (car s) classe)) troncons))
   (list (plv-legende:couleur classe classes)
         (plv-metres:libelle classe classes)
-        (plv-reel (plv-metres:total siens '(lambda (s) (- (caddr s) (cadr s)))) 2)
+        (plv-reel (plv-metres:total siens 'plv-metres:longueur) 2)
         (plv-reel (plv-metres:total siens 'cadddr) 2)
         (plv-reel (plv-metres:total siens '(lambda (s) (plv-metres:volume s classes))) 2)))
 
 (defun plv-legende:total (troncons classes)
   (list nil "Total"
-        (plv-reel (plv-metres:total troncons '(lambda (s) (- (caddr s) (cadr s)))) 2)
+        (plv-reel (plv-metres:total troncons 'plv-metres:longueur) 2)
         (plv-reel (plv-metres:total troncons 'cadddr) 2)
         (plv-reel (plv-metres:total troncons '(lambda (s) (plv-metres:volume s classes))) 2)))
 
@@ -98,7 +98,7 @@
 nil after a message."
   (setq genre (plv-genre genre))
   (cond
-    ((not (member genre plv-metres:projets)) (plv-erreur (strcat "un genre de projet est attendu: " (plv-joindre plv-metres:projets " "))))
+    ((plv-metres:refus-genre genre) (plv-erreur (plv-metres:refus-genre genre)))
     ((not (plv-elements:enregistres profil genre))
      (plv-erreur (strcat "pas de ligne " genre " sur: " (plv-numero-profil profil))))
     ((setq mesures (plv-metres:mesurer (list profil) genre nil))
@@ -118,6 +118,6 @@ nil after a message."
 (defun c:plv-legende (/ profil genre)
   (if (setq profil (plv-choisir-profil))
     (progn
-      (setq genre (plv-demander-genre (cond ((car (plv-genres-du-projet profil))) ("Projet"))))
+      (setq genre (plv-metres:demander-genre (cond ((car (plv-genres-du-projet profil))) ("Projet"))))
       (plv-legende profil genre (getpoint "\nCoin superieur gauche de la legende <a droite du profil>: "))))
   (princ))

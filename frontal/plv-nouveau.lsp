@@ -28,10 +28,27 @@
     (setq points (reverse resultat)))
   points)
 
-(defun plv-nouveau (chemin numero point echv ttxt hauteur-max plans / trouve terrain points profil)
+(defun plv-nouveau (chemin numero point echv ttxt hauteur-max plans / trouve axe)
   "Creates a profile and gives its block reference, or nil after a message. nil for an argument takes its default:
-number the next one, insertion (0 0), vertical scale 10, text height 2.5, drawn height at most 100 text heights,
-planes proposed; planes otherwise ((distance altitude) ...)."
+number the next one, insertion (0 0), vertical scale 10, text height 2.5, drawn height at most 60 text heights,
+planes proposed; planes otherwise ((distance altitude) ...). Of a LandXML file the first alignment is taken, with its
+project lines."
+  (cond
+    ((not (setq trouve (plv-fichier-existant chemin))) nil)
+    ((not (plv-landxml-p trouve))
+     (plv-nouveau-sur '(lambda () (plv-lire-terrain trouve)) numero point echv ttxt hauteur-max plans))
+    ((setq axe (plv-echange:par-defaut trouve))
+     (plv-nouveau-axe axe '(lambda () (plv-echange-terrain trouve axe (car (plv-echange:terrains-tries axe))))
+       numero point echv ttxt hauteur-max plans 'plv-echange:projets-par-defaut))))
+
+(defun plv-nouveau-axe (axe lecture numero point echv ttxt hauteur-max plans projets / profil)
+  "A profile on a ground, and what `projets` draws of the alignment's project lines."
+  (if (setq profil (plv-nouveau-sur lecture numero point echv ttxt hauteur-max plans))
+    (apply projets (list profil axe)))
+  profil)
+
+(defun plv-nouveau-sur (lecture numero point echv ttxt hauteur-max plans / terrain points profil)
+  "plv-nouveau on the ground that a function reads, once the other arguments are good."
   (setq echv (cond (echv) (10.0))
         ttxt (cond (ttxt) (2.5))
         numero (cond (numero) ((itoa (plv-profil:identifiant))))
@@ -41,14 +58,16 @@ planes proposed; planes otherwise ((distance altitude) ...)."
     ((not (and (> echv 0.0) (> ttxt 0.0) (> hauteur-max 0.0)))
      (plv-erreur "l'echelle, la hauteur de texte et la hauteur maximale sont des nombres positifs"))
     ((plv-profil-de-numero numero) (plv-erreur (strcat "le dessin a deja un profil numero " numero)))
-    ((not (setq trouve (plv-fichier-existant chemin))) nil)
-    ((not (setq terrain (plv-lire-terrain trouve))) nil)
+    ((not (setq terrain (apply lecture '()))) nil)
     ((not (setq points (plv-cle 'points terrain)
                 plans (plv-nouveau:plans plans points echv hauteur-max))) nil)
     (T
      (setq points (plv-nouveau:couper points plans)
            profil (plv-creer-profil numero point (plv-cle 'origine terrain) points echv ttxt plans))
      (plv-habiller-profil profil point points echv ttxt plans)
+     ;; The ground record has no gaps: they are kept beside it, for whoever takes the ground out again.
+     (if (plv-cle 'lacunes terrain)
+       (plv-ecrire-enregistrement profil "PLV_LACUNES" (mapcar '(lambda (l) (list 10 (car l) (cadr l) 0.0)) (plv-cle 'lacunes terrain))))
      (plv-dire (strcat "Profil " numero ": " (itoa (length points)) " points, "
                        (plv-reel (car (plv-dernier points)) 2) " m, "
                        (itoa (length plans)) (if (cdr plans) " plans de comparaison." " plan de comparaison.")))
@@ -66,14 +85,29 @@ planes proposed; planes otherwise ((distance altitude) ...)."
         (setq distance (getreal "\nDistance du plan suivant <fin>: ")))
       (reverse plans))))
 
-(defun c:plv-nouveau (/ chemin numero point echv ttxt hauteur-max plans)
+(defun plv-nouveau:demander (lecture numero projets axe / point echv ttxt hauteur-max)
+  "The questions that follow the ground's, and the profile."
+  (setq numero (plv-demander-texte "Numero du profil" numero)
+        point (cond ((getpoint "\nPoint d'insertion <0,0>: ")) ('(0.0 0.0 0.0)))
+        echv (plv-demander-reel "Echelle verticale" 10.0)
+        ttxt (plv-demander-reel "Hauteur de texte" 2.5)
+        hauteur-max (plv-demander-reel "Hauteur dessinee maximale" (* 60.0 ttxt)))
+  (plv-nouveau-axe axe lecture numero point echv ttxt hauteur-max (plv-nouveau:demander-plans nil) projets))
+
+(defun plv-nouveau:landxml (chemin / axe plv-nouveau:terrain)
+  "Alignment and ground are chosen, and read, before anything else is asked."
+  (if (and (setq axe (plv-echange:choisir-axe chemin))
+           (setq plv-nouveau:terrain (plv-nouveau:lire-axe chemin axe)))
+    (plv-nouveau:demander '(lambda () plv-nouveau:terrain) (plv-echange:numero axe) 'plv-echange:demander-projets axe)))
+
+(defun plv-nouveau:lire-axe (chemin axe / terrain)
+  (if (plv-cle 'terrains axe)
+    (if (setq terrain (plv-echange:choisir-terrain axe)) (plv-echange-terrain chemin axe terrain))
+    (plv-echange:demander-terrain axe)))
+
+(defun c:plv-nouveau (/ chemin)
   (if (setq chemin (plv-demander-fichier "Fichier du terrain naturel"))
-    (progn
-      (setq numero (plv-demander-texte "Numero du profil" (itoa (plv-profil:identifiant)))
-            point (cond ((getpoint "\nPoint d'insertion <0,0>: ")) ('(0.0 0.0 0.0)))
-            echv (plv-demander-reel "Echelle verticale" 10.0)
-            ttxt (plv-demander-reel "Hauteur de texte" 2.5)
-            hauteur-max (plv-demander-reel "Hauteur dessinee maximale" (* 60.0 ttxt))
-            plans (plv-nouveau:demander-plans nil))
-      (plv-nouveau chemin numero point echv ttxt hauteur-max plans)))
+    (if (plv-landxml-p chemin)
+      (plv-nouveau:landxml chemin)
+      (plv-nouveau:demander '(lambda () (plv-lire-terrain chemin)) (itoa (plv-profil:identifiant)) '(lambda (profil axe) nil) nil)))
   (princ))

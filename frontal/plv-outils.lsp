@@ -8,8 +8,9 @@
 
 (defun plv-erreur (texte)
   "Says what went wrong; nil. A host that counts failures is told."
-  (princ (strcat "\nErreur: " texte "\n"))
-  (if (boundp 'echec) (echec))
+  (if (boundp 'echec)
+    (echec (strcat "Erreur: " texte))
+    (princ (strcat "\nErreur: " texte "\n")))
   nil)
 
 (defun plv-reel (valeur decimales)

@@ -37,12 +37,14 @@
       (setq reste (cons (car donnees) reste) donnees (cdr donnees))))
   (entmod (append (entget entite) (list (list -3 (cons "PLV2_DATA" (reverse reste)))))))
 
-(defun plv-profil:terrain (handle points / precedent)
-  "The natural ground: for each point the distance from the one before, and the altitude."
+(defun plv-profil:terrain (entite points / precedent groupes)
+  "The natural ground: for each point the distance from the one before, and the altitude. All at once: pl_add_xdata reads and
+writes the whole record for each point."
   (setq precedent 0.0)
   (foreach point points
-    (pl_add_xdata (- (car point) precedent) (cadr point) handle)
-    (setq precedent (car point))))
+    (setq groupes (vl-list* (cons 1040 (float (cadr point))) (cons 1040 (float (- (car point) precedent))) groupes)
+          precedent (car point)))
+  (entmod (append (entget entite) (list (list -3 (cons "KELMONT_PLV2" (reverse groupes)))))))
 
 (defun plv-profil:supports (entite point)
   (foreach genre plv-profil:genres
@@ -54,12 +56,20 @@
   "Each entity holds the handle of the next under the key."
   (mapcar '(lambda (entite suivante) (plsxd entite cle suivante)) entites (cdr entites)))
 
-(defun plv-profil:lignes (point points echv plan fin / debut lignes)
+(defun plv-profil:derriere (a b)
+  "The distance of ground point b as it is drawn behind a. An upright line has no extent for the quantities, which would
+miss the depths that a wall passes through: it leans by a micrometre."
+  (max (car b) (+ (car a) 1e-6)))
+
+(defun plv-profil:penches (points)
+  (cons (car points) (mapcar '(lambda (a b) (cons (plv-profil:derriere a b) (cdr b))) points (cdr points))))
+
+(defun plv-profil:lignes (point points echv plan fin / debut bout lignes)
   "Ground lines of the section that runs from its plane's start to `fin`; their names, chained."
-  (setq debut (car plan))
+  (setq debut (car plan) points (plv-profil:penches points) bout (car (plv-dernier points)))
   (mapcar
     '(lambda (a b)
-       (if (and (>= (car a) (- debut 1e-9)) (<= (car b) (+ fin 1e-9)))
+       (if (and (>= (car a) (- debut 1e-9)) (<= (car b) (if (equal fin bout 2e-6) bout (+ fin 1e-9))))
          (setq lignes
            (cons (plv-ligne "PLV-TN"
                    (plv-point (+ (car point) (car a)) (plv-profil:ordonnee (cadr a) plan echv (cadr point)))
@@ -92,17 +102,16 @@
   (dictadd dict "PLV_NOMS_TN"
     (entmakex (append '((0 . "XRECORD") (100 . "AcDbXrecord") (280 . 1)) (mapcar '(lambda (p) (cons 300 (caddr p))) points)))))
 
-(defun plv-creer-profil (numero point origine points echv ttxt plans / entite handle longueur)
+(defun plv-creer-profil (numero point origine points echv ttxt plans / entite longueur)
   "Makes a whole profile and gives its block reference. point: insertion; origine: station of the first point (metres)."
   (plv-profil:preparer)
   (setq longueur (car (plv-dernier points))
-        entite (plv-profil:inserer point numero ttxt)
-        handle (plv-handle entite))
+        entite (plv-profil:inserer point numero ttxt))
   ;; "LONGUEUR" is the front-end's own: the module gives a profile its length only when it meets a key that it doesn't know.
   (plv-profil:cles entite
     (list (list "ECHV" (float echv)) (list "TTXT" (float ttxt)) (list "ID" (plv-profil:identifiant))
           (list "DCUMDEB" (float origine)) (list "LONGUEUR" (float longueur))))
-  (plv-profil:terrain handle points)
+  (plv-profil:terrain entite points)
   (plsxd entite "PRPC" (car (plv-profil:plans point points echv plans longueur)))
   (plv-profil:supports entite point)
   (plv-profil:noms entite points)
@@ -136,14 +145,16 @@
     (if (and (not trouve) (= (strcase (plv-numero-profil profil)) (strcase numero))) (setq trouve profil)))
   trouve)
 
-(defun plv-points-tn (profil / infos points i)
-  "Points (distance altitude) of the natural ground, as the module reads them."
-  (if (setq infos (pl_InfosTn profil))
-    (progn
-      (setq i (fix (car infos)))
-      (repeat i
-        (setq i (1- i) points (cons (pl_PointTn profil i) points)))))
-  points)
+(defun plv-points-tn (profil / donnees d points)
+  "Points (distance altitude 0.0) of the natural ground, as the module reads them: steps and altitudes. pl_PointTn reads the
+whole record for each point."
+  (setq d 0.0
+        donnees (mapcar '(lambda (g) (if (numberp (cdr g)) (float (cdr g)) 0.0)) (cdadr (assoc -3 (entget profil '("KELMONT_PLV2"))))))
+  (while (cdr donnees)
+    (setq d (+ d (car donnees))
+          points (cons (list d (cadr donnees) 0.0) points)
+          donnees (cddr donnees)))
+  (reverse points))
 
 (defun plv-noms-tn (profil / groupes)
   (setq groupes (dictsearch (plv-dictionnaire profil) "PLV_NOMS_TN"))

@@ -51,7 +51,8 @@
     (T (reverse sommets))))
 
 (defun plv-projet-fichier (profil genre chemin / trouve sommets)
-  "Draws the project line of a file; gives its entities, or nil after a message."
-  (if (and (setq trouve (plv-fichier-existant chemin))
-           (setq sommets (plv-projet-fichier:lire trouve)))
-    (plv-projet profil genre sommets)))
+  "Draws the project line of a file, text or LandXML; gives its entities, or nil after a message."
+  (cond
+    ((not (setq trouve (plv-fichier-existant chemin))) nil)
+    ((plv-landxml-p trouve) (plv-echange-projet-fichier profil genre trouve))
+    ((setq sommets (plv-projet-fichier:lire trouve)) (plv-projet profil genre sommets))))

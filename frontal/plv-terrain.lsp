@@ -108,13 +108,17 @@
     (plv-dire (strcat (itoa retires) (if (= retires 1) " point repete a ete laisse." " points repetes ont ete laisses."))))
   (reverse garde))
 
-(defun plv-lire-terrain (chemin / releves points origine)
+(defun plv-terrain:depuis (chemin releves / points origine)
+  "A ground from measured points; chemin names it in messages."
+  (setq points (plv-terrain:sans-repetition (plv-terrain:croissants (plv-terrain:distances releves)))
+        origine (caar points))
+  (if (or (not (cdr points)) (< (- (car (plv-dernier points)) origine) 1e-6))
+    (plv-erreur (strcat chemin ": tous les points ont la meme distance"))
+    (list (cons 'origine origine)
+          (cons 'points (mapcar '(lambda (p) (cons (- (car p) origine) (cdr p))) points)))))
+
+(defun plv-lire-terrain (chemin / releves)
   "((origine . first station) (points (distance altitude name) ...)), distances from the first point; nil after a message."
-  (if (setq releves (plv-terrain:lire chemin))
-    (progn
-      (setq points (plv-terrain:sans-repetition (plv-terrain:croissants (plv-terrain:distances releves)))
-            origine (caar points))
-      (if (< (- (car (plv-dernier points)) origine) 1e-6)
-        (plv-erreur (strcat chemin ": tous les points ont la meme distance"))
-        (list (cons 'origine origine)
-              (cons 'points (mapcar '(lambda (p) (cons (- (car p) origine) (cdr p))) points)))))))
+  (cond
+    ((plv-landxml-p chemin) (plv-echange-terrain-par-defaut chemin))
+    ((setq releves (plv-terrain:lire chemin)) (plv-terrain:depuis chemin releves))))

@@ -2,7 +2,8 @@
 """Reads the workbook of C:CUBPL back with openpyxl: sheets, cells, formats, borders, widths.
 
 Usage: classeur.py KAVEL SOURCE [--keep FILE]. Two profiles on a flat ground at 10 m: P1 with a line through four classes, a
-line deeper than all classes, and fixed elements; P2 with a line above the ground. Their sections are worked out by hand.
+line deeper than all classes, and fixed elements; P2 with a line above the ground; another P2, for which there is no sheet; P3
+with a line that begins on the limit of a class. Their sections are worked out by hand.
 """
 import os
 import subprocess
@@ -26,14 +27,18 @@ DRAW = r"""
   (entmake '((0 . "SEQEND")))
   (entlast))
 (defun regard (d nom) (bloc "VardaneTampon" d (list (cons "R" nom) '("CT" . "10.05") '("HAUTEUR" . "2") '("LARGEUR" . "1"))))
-(setq p1 (profil "P1" 0.0) p2 (profil "P2" 500.0))
+(setq p1 (profil "P1" 0.0) p2 (profil "P2" 500.0) double (profil "P9" 1000.0) p3 (profil "P3" 1500.0))
+(setq numero (entget (entnext double)))
+(entmod (subst '(1 . "P2") (assoc 1 numero) numero))
 (pl_elem_prj p1 "PROJET" (tronc 0.0 50.0 4.0 100.0 4.0) (tronc 0.0 0.0 9.5 50.0 7.5))
 (pl_elem_prj p2 "PROJET" (tronc 500.0 0.0 10.5 100.0 10.5))
+(pl_elem_prj double "PROJET" (tronc 1000.0 0.0 9.0 100.0 9.0))
+(pl_elem_prj p3 "PROJET" (tronc 1500.0 0.0 9.0 100.0 8.5))
 (pl_elem_ponct p1 "PROJET" (list 1040.0 0.0) (regard 40.0 "R2"))
 (pl_elem_ponct p1 "PROJET" (list 1030.0 0.0) (regard 30.0 "R1"))
 (pl_elem_ponct p1 "PROJET" (list 1060.0 0.0) (bloc "VardanePLVDGE" 60.0 '(("OBS" . "point bas"))))
 """
-SCRIPT = "CUBPL\nAjouterProfils\n!p1\n!p2\n\nExporter\n{}\nFermer\n"
+SCRIPT = "CUBPL\nAjouterProfils\n!p1\n!p2\n!double\n!p3\n\nExporter\n{}\nFermer\n"
 # class limit, width and label of what P1 goes through, from the default settings
 LABELS = {1: "0.00 - 1.00 ", 2: "1.00 - 1.50 ", 3: "1.50 - 2.00 ", 4: "2.00 - 3.00 ", 7: "au dela de 5.00"}
 WIDTHS = {1: 0.6, 2: 0.8, 3: 1.0, 4: 1.5, 7: 2.0}
@@ -49,14 +54,19 @@ def expect(what, found, wanted):
         faults.append(f"{what}: {found!r}, expected {wanted!r}")
 
 
+def run(folder, settings):
+    """Writes m.xlsx, then encore.xlsx; what is said on stderr."""
+    environment = dict(os.environ, KAVEL_FRONTAL=os.path.join(SOURCE, "frontal"), KAVEL_CHEMIN=settings)
+    return subprocess.run([KAVEL, "--quiet", "-l", "dessin.lsp", "-s", "metres.scr", "-s", "encore.scr"], cwd=folder, check=True,
+                          env=environment, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True).stderr
+
+
 def draw(folder):
     for name, text in (("plat.csv", "distance;altitude\n200;10\n300;10\n"), ("dessin.lsp", DRAW),
-                       ("metres.scr", SCRIPT.format(os.path.join(folder, "m")))):
+                       ("metres.scr", SCRIPT.format("m")), ("encore.scr", SCRIPT.format("encore"))):
         with open(os.path.join(folder, name), "w", encoding="utf-8") as file:
             file.write(text)
-    environment = dict(os.environ, KAVEL_FRONTAL=os.path.join(SOURCE, "frontal"), KAVEL_CHEMIN=folder)
-    subprocess.run([KAVEL, "--quiet", "-l", "dessin.lsp", "-s", "metres.scr"], cwd=folder, check=True, env=environment,
-                   stdout=subprocess.DEVNULL)
+    run(folder, folder)
     expect("files left", sorted(f for f in os.listdir(folder) if f.startswith("m.")), ["m.xlsx"])
     return os.path.join(folder, "m.xlsx")
 
@@ -127,17 +137,41 @@ def check_above(sheet):
     expect("last row", sheet.max_row, 6)
 
 
+def check_zero(sheet):
+    """A section without length: its average depth is a division that each reader makes by itself."""
+    for column, value in zip("BCDEFGHI", (0, 0, "=C6-B6", LABELS[1], "=G6/D6", 0, 0.6, 0)):
+        check_cell(sheet, column + "6", value, "text" if column == "E" else "number")
+    check_section(sheet, 7, (0, 100, 2, 1.0, 1.5, True))
+
+
+def cells(path):
+    return {sheet.title: [[cell.value for cell in row] for row in sheet.iter_rows()] for sheet in load_workbook(path)}
+
+
+def check_without_settings(folder, path):
+    """A settings folder that can't be made: the program says so, and the default classes serve, in the second run too."""
+    wanted = cells(path)
+    for name in ("m.xlsx", "encore.xlsx"):
+        os.remove(os.path.join(folder, name))
+    said = run(folder, os.path.join(folder, "plat.csv", "reglages"))
+    expect("the message", "ne peut pas être écrit" in said, True)
+    for name in ("m.xlsx", "encore.xlsx"):
+        expect("cells of " + name, cells(os.path.join(folder, name)), wanted)
+
+
 with tempfile.TemporaryDirectory() as place:
     path = draw(place)
     workbook = load_workbook(path)
     expect("results in the file", [load_workbook(path, data_only=True)["P1"][f"D{r}"].value for r in range(6, 11)], [12.5, 12.5, 12.5, 12.5, 50])
-    expect("sheets", workbook.sheetnames, ["P1", "P2"])
+    expect("sheets", workbook.sheetnames, ["P1", "P2", "P3"])
     for name in workbook.sheetnames:
         check_head(workbook[name], name)
     for index, row in enumerate(P1):
         check_section(workbook["P1"], 6 + index, row)
     check_elements(workbook["P1"])
     check_above(workbook["P2"])
+    check_zero(workbook["P3"])
+    check_without_settings(place, path)
     if "--keep" in sys.argv:
         os.replace(path, sys.argv[sys.argv.index("--keep") + 1])
 for fault in faults:

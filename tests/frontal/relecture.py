@@ -13,6 +13,7 @@ import sys
 import tempfile
 
 import ezdxf
+from openpyxl import load_workbook
 
 KAVEL, SOURCE = sys.argv[1:3]
 faults = []
@@ -49,8 +50,8 @@ def ground(survey, d):
 def draw(folder):
     path = os.path.join(folder, "a.dxf")
     environment = dict(os.environ, KAVEL_FRONTAL=os.path.join(SOURCE, "frontal"), KAVEL_CHEMIN=folder)
-    subprocess.run([KAVEL, "--quiet", "-s", "demo.scr", "--save", path], cwd=os.path.join(SOURCE, "exemples"),
-                   check=True, env=environment, stderr=subprocess.DEVNULL)
+    subprocess.run([KAVEL, "--quiet", "-s", os.path.join(SOURCE, "exemples", "demo.scr"), "--save", path], cwd=folder, check=True,
+                   env=environment, stderr=subprocess.DEVNULL)
     return ezdxf.readfile(path)
 
 
@@ -167,6 +168,54 @@ def project(d):
     return 138 + p[0] * (d - 80) if d <= 80 else 127.9 + (p[1] if d <= 330 else p[2]) * (d - 330)
 
 
+# Depth class of a section in the workbook: the greatest depth, trench width and colour, from the default settings.
+CLASSES = {"0.00 - 1.00 ": (1.0, 0.6, 1), "1.00 - 1.50 ": (1.5, 0.8, 2), "1.50 - 2.00 ": (2.0, 1.0, 3), "2.00 - 3.00 ": (3.0, 1.5, 4)}
+
+
+def sewer(drawing, data):
+    """Vertices (distance, altitude) of the optimal line, from its polylines over the planes."""
+    tags = support(drawing, data, "HASS")["ELEMS_PROJET_KAVEL"].tags
+    points = []
+    for tag in tags:
+        found = [tuple(p) for p in drawing.entitydb[tag.value].get_points("xy")]
+        plane = [z for d, z in ((0.0, 128.0), (200.0, 126.0), (322.6, 122.0)) if d <= (found[0][0] + found[-1][0]) / 2][-1]
+        points += [(x, y / 10 + plane) for x, y in found]
+    return points
+
+
+def area(line, start, end):
+    """Between the survey and a line, exact: both are straight between these stations."""
+    def depth(d):
+        return ground(SURVEY, d) - ground(line, d)
+    at = sorted({start, end} | {d for d, _ in SURVEY + line if start < d < end})
+    return sum((b - a) * (depth(a) + depth(b)) / 2 for a, b in zip(at, at[1:])), max(map(depth, at))
+
+
+def check_quantities(drawing, data, folder):
+    """Optimal line within its band; workbook and hatches, section by section, against the area between the lines."""
+    line = sewer(drawing, data)
+    depths = [z - ground(line, d) for d, z in SURVEY] + [ground(SURVEY, d) - z for d, z in line]
+    expect("depths of the optimal line", (min(depths) > 0.8 - 1e-6, max(depths) < 3.2 + 1e-6), (True, True))
+    sheet = load_workbook(os.path.join(folder, "rue-du-moulin.xlsx"))["1"]
+    rows = [[sheet.cell(r, c).value for c in (2, 3, 5, 7, 8, 9)] for r in range(6, sheet.max_row + 1) if sheet.cell(r, 2).value is not None]
+    hatches = [h for h in drawing.modelspace().query("HATCH") if h.dxf.layer == "PLV-HACHURES"]
+    expect("hatches", len(hatches), len(rows))
+    for (start, end, label, surface, width, volume), hatch in zip(rows, hatches):
+        limit, wide, colour = CLASSES[label]
+        exact, deepest = area(line, start, end)
+        outline = [v[:2] for v in hatch.paths[0].vertices]
+        hatched = abs(sum(a[0] * b[1] - a[1] * b[0] for a, b in zip(outline, outline[1:] + outline[:1]))) / 20
+        for what, found in (("surface", surface), ("hatched surface", hatched)):
+            if abs(found - exact) > 1e-9 * exact:
+                faults.append(f"{what} from {start} to {end}: {found}, expected {exact}")
+        expect("class, width and volume", (deepest < limit + 1e-9, width, near(volume, surface * wide)), (True, wide, True))
+        expect("colour and transparency", (hatch.dxf.color, hatch.dxf.transparency), (colour, 0x0200005A))
+    expect("end of the sections", (rows[0][0], rows[-1][1]), (0.0, 400.0))
+    legend = [t.dxf.text for t in drawing.blocks["PLV_LEGENDE_1"].query("TEXT")]
+    totals = [f"{sum(r[1] - r[0] for r in rows):.2f}", f"{sum(r[3] for r in rows):.2f}", f"{sum(r[5] for r in rows):.2f}"]
+    expect("legend", (legend[0], legend[-4:]), ("PROFIL 1 - ASSAINISSEMENT", ["Total", *totals]))
+
+
 def main():
     with open(os.path.join(SOURCE, "exemples", "rue-du-moulin.csv"), encoding="utf-8") as file:
         survey = SURVEY[:] = [(float(r["distance"]), float(r["altitude"])) for r in csv.DictReader(file, delimiter=";")]
@@ -186,6 +235,7 @@ def main():
         check_chains(drawing, data, survey)
         check_elements(drawing, data, project)
         check_matrices(drawing, insert, rows)
+        check_quantities(drawing, data, folder)
     for fault in faults:
         print(fault)
     return 1 if faults else 0

@@ -1,0 +1,87 @@
+#!/usr/bin/env python3
+"""Reads the sheets of PLV-FEUILLES back with poppler: pages, title block, match marks, and both scales by measuring.
+
+Usage: feuilles.py KAVEL SOURCE. Two profiles: the example's, and one of 600 m that has to be cut.
+"""
+import os
+import re
+import subprocess
+import sys
+import tempfile
+
+KAVEL, SOURCE = sys.argv[1:3]
+POINTS = 72 / 25.4
+faults = []
+
+
+def expect(what, found, wanted):
+    if found != wanted:
+        faults.append(f"{what}: {found!r}, expected {wanted!r}")
+
+
+def run(folder, lines, *arguments):
+    with open(os.path.join(folder, "s.scr"), "w", encoding="utf-8") as out:
+        out.write("\n".join(lines) + "\n")
+    environment = dict(os.environ, KAVEL_FRONTAL=os.path.join(SOURCE, "frontal"), KAVEL_CHEMIN=folder)
+    return subprocess.run([KAVEL, *arguments, "--script", "s.scr"], cwd=folder, env=environment, capture_output=True, text=True)
+
+
+def words(pdf, page):
+    """(text, x, y) of the middle of each word, millimetres from the top left corner."""
+    text = subprocess.run(["pdftotext", "-bbox", "-f", str(page), "-l", str(page), pdf, "-"], capture_output=True, text=True, check=True).stdout
+    found = re.findall(r'<word xMin="([\d.]+)" yMin="([\d.]+)" xMax="([\d.]+)" yMax="([\d.]+)">([^<]*)<', text)
+    return [(w, (float(a) + float(c)) / 2 / POINTS, (float(b) + float(d)) / 2 / POINTS) for a, b, c, d, w in found]
+
+
+def place(found, text):
+    return next(((x, y) for w, x, y in found if w == text), (0.0, 0.0))
+
+
+def check_page(pdf, page, stations, marks, ends):
+    """The title block, the marks, and the distance on paper of two stations of the cumulated distances."""
+    found = words(pdf, page)
+    texts = [w for w, _, _ in found]
+    for wanted in ["1:1000", "1:100", "élargissement", *stations]:
+        expect(f"page {page} holds {wanted}", wanted in texts, True)
+    # upright texts: the number stands above the word
+    expect(f"marks of page {page}", sorted(n for w, x, _ in found if w == "feuille" for n, u, _ in found if n.isdigit() and abs(u - x) < 0.5), marks)
+    (first, second), metres = ends, float(ends[1]) - float(ends[0])
+    expect(f"metres of page {page}", round(place(found, second)[0] - place(found, first)[0], 1), round(metres, 1))
+
+
+def main():
+    with tempfile.TemporaryDirectory() as folder:
+        with open(os.path.join(folder, "long.csv"), "w", encoding="utf-8") as out:
+            out.write("distance;altitude\n" + "".join(f"{100 + d};{20 + (d // 20) % 5}\n" for d in range(0, 601, 20)))
+        subprocess.run(["/usr/bin/python3", os.path.join(SOURCE, "exemples", "cartouche.py"), os.path.join(folder, "a2.dxf"), "A2"], check=True)
+        profile = ["PLV-NOUVEAU", "long.csv", "L", "0,0", "10", "2.5", "150", "Saisis", "18", "", "PLV-MATRICES", "matrices-route.txt", "Espaces"]
+        # the example stands above the long one
+        second = ["PLV-NOUVEAU", "rue-du-moulin.csv", "M", "0,2000", "10", "2.5", "150", "A"]
+        sheets = ["PLV-FEUILLES", "Tous", "a2.dxf", "1000", "Rue, élargissement", "f.pdf"]
+        made = run(folder, profile + second + sheets)
+        expect("status", made.returncode, 0)
+        if made.returncode != 0:
+            print(made.stdout, made.stderr)
+        pdf = os.path.join(folder, "f.pdf")
+        info = subprocess.run(["pdfinfo", pdf], capture_output=True, text=True, check=True).stdout
+        expect("pages", re.search(r"Pages: +(\d+)", info).group(1), "3")
+        expect("sheet", re.search(r"Page size: +([\d.]+) x ([\d.]+)", info).groups(), ("1683.78", "1190.55"))
+        check_page(pdf, 1, ["100.00", "1", "3"], ["2"], ("120.00", "500.00"))
+        check_page(pdf, 2, ["2", "3"], ["1"], ("640.00", "680.00"))
+        axis = words(pdf, 1)
+        expect("millimetres for 3 m of altitude at 1:100", round(place(axis, "20")[1] - place(axis, "23")[1], 1), 30.0)
+        # What doesn't fit, and a template that is none: a message, and the file stays.
+        subprocess.run([KAVEL, "--no-frontal", "--quiet", "-o", "vide.dxf"], cwd=folder, check=True)
+        for scale, model, message in (("200", "a2.dxf", "il tiendrait a 1:1000"), ("1000", "rue-du-moulin.csv", "ce n'est pas un dessin"),
+                                      ("1000", "vide.dxf", "attendue sur le calque FEUILLE"), ("1000", "absent.dxf", "introuvable")):
+            made = run(folder, profile + [f'(plv-feuilles (plv-profils) "{model}" {scale}.0 "x" "f.pdf")'])
+            expect(f"status of {model} at {scale}", made.returncode, 1)
+            expect(f"message of {model} at {scale}", message in made.stdout, True)
+        expect("the file stays", "Pages:           3" in subprocess.run(["pdfinfo", pdf], capture_output=True, text=True, check=True).stdout, True)
+    for fault in faults:
+        print(fault)
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
