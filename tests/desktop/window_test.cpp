@@ -1,0 +1,143 @@
+// The window's own parts by their keys and clicks: command line, keywords, completion, forms that plot, files that are dropped.
+#include <QCompleter>
+#include <QDropEvent>
+#include <QFile>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListView>
+#include <QMimeData>
+#include <QSettings>
+#include <QUrl>
+
+#include "atelier/desktop/forms.h"
+#include "atelier/desktop/theme.h"
+#include "tests/desktop/desktop.h"
+
+namespace {
+
+struct Window : kaveltest::Desktop {
+  QLineEdit& line() { return *window.commandLine().findChild<QLineEdit*>(); }
+  QLabel& prompt() { return *window.commandLine().findChild<QLabel*>(); }
+  // Keys as they come from a keyboard, to the widget that has the focus or to the view.
+  void press(QWidget& widget, int key, const QString& text = {}, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QKeyEvent event(QEvent::KeyPress, key, modifiers, text);
+    QApplication::sendEvent(&widget, &event);
+  }
+  void typeInto(QWidget& widget, const QString& text) {
+    for (const QChar c : text) press(widget, c == ' ' ? int(Qt::Key_Space) : int(c.toUpper().unicode()), c);
+  }
+};
+
+TEST_F(Window, KeysOverTheDrawingReachTheCommandLine) {
+  driver.then([this] { typeInto(*window.view(), "CIRCLE"); });
+  driver.then([this] { press(line(), Qt::Key_Return); });
+  // A blank ends a word at a prompt for a point.
+  driver.then([this] { typeInto(line(), "20,20 "); }).then([this] { typeInto(line(), "5 "); }).play();
+  EXPECT_EQ(count("CIRCLE"), 1);
+  // Inside an expression, and where texts are asked for, it is a blank.
+  driver.then([this] { typeInto(line(), "(setq a (list 1 2))"); }).then([this] { press(line(), Qt::Key_Return); }).play();
+  EXPECT_EQ(lisp("(length a)").toInt(), 2);
+  driver.type("(setq s (getstring T \"Nom: \"))").then([this] { typeInto(line(), "rue du moulin"); });
+  driver.then([this] { press(line(), Qt::Key_Return); }).play();
+  EXPECT_EQ(lisp("s").toString().toStdString(), "rue du moulin");
+}
+
+TEST_F(Window, EnterRepeatsAndArrowsBringBackWhatWasTyped) {
+  driver.type("(setq n (1+ (cond (n) (0))))").play();
+  // What comes by onLine is run, what is typed into the line is remembered too.
+  driver.then([this] { typeInto(line(), "(setq m 3)"); }).then([this] { press(line(), Qt::Key_Return); }).play();
+  driver.then([this] { press(line(), Qt::Key_Return); }).play();
+  EXPECT_EQ(lisp("m").toInt(), 3);
+  press(line(), Qt::Key_Up);
+  EXPECT_EQ(line().text(), "(setq m 3)");
+  press(line(), Qt::Key_Down);
+  EXPECT_EQ(line().text(), "");
+  typeInto(line(), "abc");
+  press(line(), Qt::Key_Escape);
+  EXPECT_EQ(line().text(), "");
+}
+
+TEST_F(Window, KeywordsOfThePromptAreLinks) {
+  driver.type("LINE").pick(0, 0).pick(10, 0).pick(10, 10).then([this] {
+    EXPECT_TRUE(prompt().text().contains("<a href=\"Clore\">Clore</a>")) << prompt().text().toStdString();
+    emit prompt().linkActivated("Clore");
+  });
+  driver.play();
+  EXPECT_EQ(count("LINE"), 3);
+  EXPECT_EQ(prompt().text(), "Commande :");
+}
+
+TEST_F(Window, NamesAreCompletedAtTheCommandPromptOnly) {
+  auto* const completer = window.commandLine().findChild<QCompleter*>();
+  typeInto(line(), "PLV-NOU");
+  EXPECT_EQ(completer->currentCompletion(), "PLV-NOUVEAU");
+  line().clear();
+  driver.type("(setq s (getstring \"Nom: \"))").then([&] {
+    typeInto(line(), "PLV-MAT");
+    EXPECT_FALSE(completer->popup()->isVisible());
+    line().clear();
+  });
+  driver.type("x").play();
+}
+
+TEST_F(Window, APlotIsMadeByItsForm) {
+  driver.type("CIRCLE").type("0,0").type("20").menu("Tracer...").then([this] {
+    auto& form = *dynamic_cast<atelier::desktop::PlotForm*>(QApplication::activeModalWidget());
+    form.scale->setText("1:0");
+    emit form.scale->editingFinished();
+    form.accept();  // a scale that can't be: the form stays
+    EXPECT_TRUE(form.isVisible());
+    form.scale->setText("1:1000");
+    form.paper->setCurrentIndex(1);
+    form.file->setText(file("plan.pdf"));
+  });
+  driver.press("Tracer").play();
+  QFile plot(file("plan.pdf"));
+  ASSERT_TRUE(plot.open(QIODevice::ReadOnly));
+  EXPECT_TRUE(plot.readAll().startsWith("%PDF"));
+  EXPECT_TRUE(history().contains("plan.pdf"));
+}
+
+TEST_F(Window, DroppedDrawingsOpenAndAreRemembered) {
+  chosenFile = file("pose.dxf");
+  driver.type("CIRCLE").type("0,0").type("20").play();
+  ASSERT_TRUE(window.save());
+  ASSERT_TRUE(window.closeTab(0));
+  QMimeData data;
+  data.setUrls({QUrl::fromLocalFile(file("pose.dxf"))});
+  QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+  static_cast<QObject&>(window).event(&drop);
+  ASSERT_EQ(window.tabs().count(), 1);
+  EXPECT_EQ(count("CIRCLE"), 1);
+  EXPECT_EQ(QSettings().value("recents").toStringList().value(0), file("pose.dxf"));
+}
+
+TEST_F(Window, SavingEndsTheRunningCommandFirst) {
+  chosenFile = file("en-cours.dxf");
+  driver.type("LINE").pick(0, 0).pick(10, 0).menu("Enregistrer").play();
+  until([this] { return QFile::exists(chosenFile); });
+  EXPECT_FALSE(window.drawing()->isRunning());
+  EXPECT_TRUE(QFile::exists(chosenFile));
+  EXPECT_EQ(count("LINE"), 1);
+}
+
+TEST_F(Window, TheThemeIsKept) {
+  const bool before = atelier::desktop::isDarkTheme();
+  driver.menu("Thème sombre").play();
+  EXPECT_NE(atelier::desktop::isDarkTheme(), before);
+  EXPECT_EQ(QSettings().value("theme").toString(), before ? "clair" : "sombre");
+  driver.menu("Thème sombre").play();
+  EXPECT_EQ(atelier::desktop::isDarkTheme(), before);
+}
+
+TEST_F(Window, PropertiesCountSeveralAndTellOfOne) {
+  driver.type("CIRCLE").type("20,20").type("5").type("CIRCLE").type("40,20").type("5").menu("Sélectionner tout").play();
+  EXPECT_EQ(window.properties().item(0, 1)->text(), "2");
+  driver.key(Qt::Key_Escape).pick(25, 20).play();
+  QMap<QString, QString> fields;
+  for (int i = 0; i < window.properties().rowCount(); ++i) fields[window.properties().item(i, 0)->text()] = window.properties().item(i, 1)->text();
+  EXPECT_EQ(fields["Type"], "CIRCLE");
+  EXPECT_EQ(fields["Hauteur ou rayon"].toDouble(), 5);
+}
+
+}  // namespace
