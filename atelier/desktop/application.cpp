@@ -11,6 +11,7 @@
 #include "atelier/desktop/icons.h"
 #include "atelier/desktop/main_window.h"
 #include "atelier/desktop/theme.h"
+#include "atelier/editor/installation.h"
 #include "atelier/exchange/exchange.h"
 #include "atelier/render/plot_builtins.h"
 
@@ -58,6 +59,8 @@ int run(int argc, char** argv) {
   bool opened = false;
   for (const QString& path : arguments.mid(1)) opened = window.open(path) || opened;
   if (!opened) window.open();
+  if (const std::string trouble = installationTrouble(); !trouble.empty())
+    window.commandLine().print("\n" + QString::fromStdString(trouble) + "\n");
   return QApplication::exec();
 }
 
