@@ -11,6 +11,7 @@ namespace {
 constexpr double kPixelsPerMm = 96 / 25.4;
 // Line weights on the screen: as plotted at this share, and never thinner than a pixel.
 constexpr double kWeightShare = 0.5;
+constexpr std::size_t kCrowd = 20000;  // primitives in sight
 constexpr double kGreekBelow = 2.5;  // pixels of capital height
 
 render::Colour colourOf(const QColor& c) {
@@ -20,6 +21,17 @@ render::Colour colourOf(const QColor& c) {
 // White on a dark ground, black on a light one.
 render::Colour contrast(const QColor& ground) {
   return ground.lightness() < 128 ? render::Colour{255, 255, 255} : render::Colour{0, 0, 0};
+}
+
+// Whether more is in sight than can be told apart; smoothing each line would then take seconds.
+bool isCrowded(const std::vector<Part>& parts, const render::PaintOptions& options) {
+  std::size_t seen = 0;
+  for (const Part& part : parts)
+    for (const render::Primitive& item : part->items()) {
+      if (!item.box.empty() && !fonts::rectangle(item.box).bounds(options.toSurface).meets(options.clip)) continue;
+      if (++seen > kCrowd) return true;
+    }
+  return false;
 }
 
 }  // namespace
@@ -39,6 +51,8 @@ QImage paintScene(const PaintRequest& request, const std::atomic<bool>& stop) {
   options.background = colourOf(request.background);
   render::TinyMarks tiny(size.width(), size.height());
   options.tiny = &tiny;
+  render::Hairlines hairlines(picture.bits(), size.width(), size.height(), static_cast<int>(picture.bytesPerLine()));
+  if (isCrowded(request.parts, options)) options.hairlines = &hairlines;
   render::PictureCanvas canvas(picture.bits(), size.width(), size.height(), static_cast<int>(picture.bytesPerLine()), options.background);
   for (const Part& part : request.parts) {
     if (stop) return {};

@@ -23,6 +23,8 @@ Box grown(const Box& box, double by) {
   return {box.xMin - by, box.yMin - by, box.xMax + by, box.yMax + by};
 }
 
+constexpr double kThickestHair = 2.5;  // times the thinnest stroke
+
 class Painter {
  public:
   Painter(cairo_t* context, const PaintOptions& options)
@@ -174,11 +176,22 @@ class Painter {
 
   void strokePath(const Path& path, const Pen& pen) {
     if (path.empty()) return;
+    if (options_.hairlines && hair(path, pen)) return;
     source(pen.colour);
     cairo_set_line_width(cr_, width(pen));
     setDashes(pen);
     trace(within(path.bounds(), guard_) ? path : clipStroke(path, guard_));
     cairo_stroke(cr_);
+  }
+
+  bool hair(const Path& path, const Pen& pen) {
+    const Colour colour = resolved(pen.colour);
+    if (pen.dashes || colour.alpha != 255 || width(pen) > kThickestHair * std::max(1.0, options_.thinnest)) return false;
+    cairo_surface_t* const surface = cairo_get_target(cr_);
+    cairo_surface_flush(surface);
+    options_.hairlines->stroke(path, colour, std::max(1, static_cast<int>(std::lround(width(pen)))));
+    cairo_surface_mark_dirty(surface);
+    return true;
   }
 
   void setDashes(const Pen& pen) {

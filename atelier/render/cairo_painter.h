@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "atelier/render/hairlines.h"
 #include "atelier/render/primitives.h"
 
 namespace atelier::render {
@@ -33,6 +34,7 @@ struct PaintOptions {
   double thinnest = 0;    // least width of a stroke, surface units
   double greekBelow = 0;  // texts with capitals lower than this, in surface units, become a line: for screens
   TinyMarks* tiny = nullptr;  // when there: what is smaller than a surface unit becomes a dot, once a place
+  Hairlines* hairlines = nullptr;  // of the same picture, when there: thin opaque lines without dashes are set by them
   bool embedFonts = false;  // texts as glyphs of their fonts: for PDF and SVG, smaller and searchable
   Colour foreground{0, 0, 0}, background{255, 255, 255};
 };

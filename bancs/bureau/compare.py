@@ -4,8 +4,8 @@
     bancs/bureau/compare.py PATH/TO/kavel-bureau DRAWING.dxf [runs]
 
 Each program opens the drawing in a window of a virtual screen (packages xvfb, openbox, xdotool, x11-apps, librecad). A
-picture is complete at the first of at least SETTLED seconds of equal pictures, with the drawing in the window: more than LEAST
-of the middle of the screen has left the colour of the ground. Times are in seconds from the start of the program, or from the
+picture is complete at the first of at least SETTLED seconds of equal pictures, with the drawing in the window: its name stands in a
+title, and more than LEAST of the middle of the screen has left the colour of the ground. Times are in seconds from the start of the program, or from the
 wheel's step to the last change. Memory is the resident set in MB when the picture stands.
 """
 import os
@@ -65,10 +65,17 @@ def wheel():
     return settled(start, before)
 
 
+def titled(drawing):
+    name = os.path.basename(drawing).replace(".", "[.]")
+    while subprocess.run(["xdotool", "search", "--name", name], env=dict(os.environ, DISPLAY=SCREEN), capture_output=True).returncode:
+        time.sleep(0.02)
+
+
 def measure(command, environment):
     start = time.monotonic()
     program = subprocess.Popen(command, env=environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
     try:
+        titled(command[-1])
         first = settled(start)
         memory = resident(program.pid)
         return first, sorted(wheel() for _ in range(3))[1], memory

@@ -14,6 +14,7 @@ class Faults : public FrontEnd {
     file("g.csv", "0;52\n40;53\n100;51\n200;52\n");
     eval("(setq p (plv-nouveau \"" + path("g.csv") + "\" \"1\" '(0.0 0.0 0.0) 10.0 2.5 150.0 '((0.0 45.0) (100.0 44.0))))");
     eval(R"((progn
+      (setq nan (- (* 1e300 1e300) (* 1e300 1e300)))
       (setq bonne (entmakex '((0 . "LINE") (10 0.0 60.0 0.0) (11 200.0 70.0 0.0))))
       (defun ligne (x1 y1 x2 y2) (entmakex (list '(0 . "LINE") (list 10 x1 y1 0.0) (list 11 x2 y2 0.0))))
       (defun poly (pts) (entmakex (append (list '(0 . "LWPOLYLINE") '(100 . "AcDbEntity") '(100 . "AcDbPolyline") (cons 90 (length pts)) '(70 . 0))
@@ -31,6 +32,9 @@ constexpr const char* kEntities[] = {
     "(ligne 50.0 60.0 50.0 90.0)",
     "(ligne -80.0 60.0 -20.0 60.0)",
     "(ligne 1e300 1e300 -1e300 1e300)",
+    "(ligne 50.0 nan 80.0 60.0)",
+    "(poly (list (list nan 60.0) '(80.0 60.0)))",
+    "(spline (list '(50.0 60.0 0.0) (list 60.0 nan 0.0) '(70.0 60.0 0.0) '(80.0 60.0 0.0)))",
     "(poly '((50.0 60.0)))",
     "(poly '((50.0 60.0) (50.0 60.0) (50.0 60.0)))",
     "(spline '((50.0 60.0 0.0) (50.0 60.0 0.0) (50.0 60.0 0.0) (50.0 60.0 0.0)))",
