@@ -12,6 +12,25 @@ function fail(message) {
   process.exit(1);
 }
 
+// The library's writer gives every layer as off, and none as frozen or locked; its reader knows better.
+function withLayerStates(dxf, layers) {
+  const states = new Map(layers.map((layer) => [layer.handle.toUpperCase(), layer]));
+  const lines = dxf.split("\n");
+  let isLayer = false, layer;
+  for (let i = 0; i + 1 < lines.length; i += 2) {
+    const code = lines[i].trim(), value = lines[i + 1].trim();
+    if (code === "0") [isLayer, layer] = [value === "LAYER", undefined];
+    else if (isLayer && code === "5") layer = states.get(value.toUpperCase());
+    else if (layer && code === "62") {
+      const colour = Math.abs(value > 32767 ? value - 65536 : value);
+      lines[i + 1] = String(layer.off ? -colour : colour);
+    } else if (layer && code === "70") {
+      lines[i + 1] = String((value & ~7) | (layer.frozen && 1) | (layer.frozenInNew && 2) | (layer.locked && 4));
+    }
+  }
+  return lines.join("\n");
+}
+
 if (!source || !target) fail("usage: node convertir.mjs DRAWING.dwg DRAWING.dxf");
 let folder;
 try {
@@ -28,9 +47,12 @@ const said = [];
 for (const name of ["log", "warn", "error"]) console[name] = (...words) => said.push(words.join(" "));
 try {
   const library = await LibreDwg.create(join(folder, "wasm"));
-  const drawing = library.dwg_write_dxf(bytes.buffer.slice(bytes.byteOffset, bytes.byteOffset + bytes.byteLength));
+  const content = bytes.buffer.slice(bytes.byteOffset, bytes.byteOffset + bytes.byteLength);
+  const drawing = library.dwg_write_dxf(content);
   if (!drawing || drawing.length === 0) fail(said.at(-1) ?? "le dessin ne peut pas etre lu");
-  writeFileSync(target, drawing);
+  const read = library.dwg_read_data(content, 0);
+  const layers = read ? library.convert(read).tables.LAYER.entries : [];
+  writeFileSync(target, withLayerStates(Buffer.from(drawing).toString("latin1"), layers), "latin1");
 } catch (error) {
   fail(`le dessin ne peut pas etre lu (${error.message ?? error})`);
 }
