@@ -9,6 +9,7 @@
 #include "atelier/lisp/arguments.h"
 #include "atelier/lisp/encoding.h"
 #include "atelier/lisp/root.h"
+#include "atelier/lisp/session.h"
 
 namespace atelier {
 namespace {
@@ -29,14 +30,15 @@ struct DclSession {
   } filling;
 };
 
-DclSession& session() {
-  static DclSession only;
-  return only;
+DclSession& session(Interpreter& in) {
+  auto& kept = in.session().dialogs;
+  if (!kept) kept = std::make_shared<DclSession>();
+  return *static_cast<DclSession*>(kept.get());
 }
 
 // The dialog on top, which has the tile of that key; null otherwise.
 dcl::TileDialog* withTile(Interpreter& in, Value key) {
-  auto& dialogs = session().dialogs;
+  auto& dialogs = session(in).dialogs;
   const std::string name(lisp::stringArgument(in, key));
   return !dialogs.empty() && dialogs.back()->has(name) ? dialogs.back().get() : nullptr;
 }
@@ -56,27 +58,27 @@ Value loadDialog(Interpreter& in, Arguments arguments) {
   bytes << file.rdbuf();
   if (!found || !file) return Value::integer(-1);
   try {
-    session().files[++session().lastFile] = dcl::read(*found, lisp::decodeFile(bytes.str()));
+    session(in).files[++session(in).lastFile] = dcl::read(*found, lisp::decodeFile(bytes.str()));
   } catch (const Error& error) {
     Document::needed().print(std::string("\n") + error.what() + "\n");
     return Value::integer(-1);
   }
-  return Value::integer(session().lastFile);
+  return Value::integer(session(in).lastFile);
 }
 
 Value unloadDialog(Interpreter& in, Arguments arguments) {
-  session().files.erase(lisp::integerArgument(in, arguments[0]));
+  session(in).files.erase(lisp::integerArgument(in, arguments[0]));
   return lisp::nil;
 }
 
 Value newDialog(Interpreter& in, Arguments arguments) {
   const std::string name(lisp::stringArgument(in, arguments[0]));
-  const auto file = session().files.find(lisp::integerArgument(in, arguments[1]));
+  const auto file = session(in).files.find(lisp::integerArgument(in, arguments[1]));
   const Value action = lisp::optional(arguments, 2);
   std::string lower = name;
   for (char& c : lower)
     if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);
-  if (file == session().files.end() || !file->second.contains(lower) || file->second.at(lower).type != "dialog") return lisp::nil;
+  if (file == session(in).files.end() || !file->second.contains(lower) || file->second.at(lower).type != "dialog") return lisp::nil;
   const auto act = [](const std::string& expression, const std::string& key, const std::string& value) {
     Interpreter& now = Document::needed().interpreter();
     now.set("$KEY", now.string(key));
@@ -84,22 +86,23 @@ Value newDialog(Interpreter& in, Arguments arguments) {
     now.set("$REASON", Value::integer(1));
     now.evaluate(expression);
   };
-  session().dialogs.push_back(std::make_unique<dcl::TileDialog>(file->second.at(lower), action.isString() ? std::string(action.text()) : std::string(), act));
+  session(in).dialogs.push_back(std::make_unique<dcl::TileDialog>(file->second.at(lower), action.isString() ? std::string(action.text()) : std::string(), act));
   return in.boolean(true);
 }
 
-Value startDialog(Interpreter&, Arguments) {
-  if (session().dialogs.empty()) return lisp::nil;
+Value startDialog(Interpreter& in, Arguments) {
+  if (session(in).dialogs.empty()) return lisp::nil;
   // It goes when it has ended, however that was.
   struct Gone {
-    ~Gone() { session().dialogs.pop_back(); }
-  } gone;
-  return Value::integer(session().dialogs.back()->run());
+    DclSession& all;
+    ~Gone() { all.dialogs.pop_back(); }
+  } gone{session(in)};
+  return Value::integer(gone.all.dialogs.back()->run());
 }
 
 Value doneDialog(Interpreter& in, Arguments arguments) {
-  if (session().dialogs.empty()) return lisp::nil;
-  session().dialogs.back()->finish(numberIn(lisp::optional(arguments, 0), 0));
+  if (session(in).dialogs.empty()) return lisp::nil;
+  session(in).dialogs.back()->finish(numberIn(lisp::optional(arguments, 0), 0));
   const lisp::Root y(in, in.cons(Value::integer(0), lisp::nil));
   return in.cons(Value::integer(0), y);  // the place on the screen, which nobody keeps
 }
@@ -132,7 +135,7 @@ Value modeTile(Interpreter& in, Arguments arguments) {
 }
 
 Value startList(Interpreter& in, Arguments arguments) {
-  auto& filling = session().filling;
+  auto& filling = session(in).filling;
   filling.key = lisp::stringArgument(in, arguments[0]);
   filling.change = static_cast<dcl::TileDialog::Change>(std::clamp(numberIn(lisp::optional(arguments, 1), 3), 1, 3));
   filling.index = static_cast<std::size_t>(std::max(numberIn(lisp::optional(arguments, 2), 0), 0));
@@ -141,20 +144,20 @@ Value startList(Interpreter& in, Arguments arguments) {
 }
 
 Value addList(Interpreter& in, Arguments arguments) {
-  session().filling.texts.emplace_back(lisp::stringArgument(in, arguments[0]));
+  session(in).filling.texts.emplace_back(lisp::stringArgument(in, arguments[0]));
   return arguments[0];
 }
 
-Value endList(Interpreter&, Arguments) {
-  auto& [key, change, index, texts] = session().filling;
-  auto& dialogs = session().dialogs;
+Value endList(Interpreter& in, Arguments) {
+  auto& [key, change, index, texts] = session(in).filling;
+  auto& dialogs = session(in).dialogs;
   if (!dialogs.empty() && dialogs.back()->has(key)) dialogs.back()->changeList(key, change, index, texts);
   texts.clear();
   return lisp::nil;
 }
 
-Value endAll(Interpreter&, Arguments) {
-  for (const auto& dialog : session().dialogs) dialog->finish(0);
+Value endAll(Interpreter& in, Arguments) {
+  for (const auto& dialog : session(in).dialogs) dialog->finish(0);
   return lisp::nil;
 }
 

@@ -85,8 +85,10 @@ bool isShortOf(const std::string& given, const std::string& keyword) {
   return given == caps || (upperCase(keyword).starts_with(given) && given.size() >= caps.size());
 }
 
+// One that is written in full goes before one that it is short for.
 std::optional<std::size_t> indexOf(const std::vector<std::string>& keywords, const std::string& given) {
-  const auto it = std::find_if(keywords.begin(), keywords.end(), [&](const std::string& keyword) { return isShortOf(given, keyword); });
+  auto it = std::find_if(keywords.begin(), keywords.end(), [&](const std::string& keyword) { return upperCase(keyword) == given; });
+  if (it == keywords.end()) it = std::find_if(keywords.begin(), keywords.end(), [&](const std::string& keyword) { return isShortOf(given, keyword); });
   return it == keywords.end() ? std::nullopt : std::optional(static_cast<std::size_t>(it - keywords.begin()));
 }
 
