@@ -140,4 +140,24 @@ TEST_F(Window, PropertiesCountSeveralAndTellOfOne) {
   EXPECT_EQ(fields["Hauteur ou rayon"].toDouble(), 5);
 }
 
+// Dialogs that a program describes come as windows too.
+TEST_F(Window, ADialogOfAProgramIsAWindow) {
+  QFile dcl(file("essai.dcl"));
+  ASSERT_TRUE(dcl.open(QIODevice::WriteOnly));
+  dcl.write("essai : dialog { label = \"Essai\"; : edit_box { key = \"nom\"; label = \"Nom\"; } ok_cancel; }\n");
+  dcl.close();
+  driver.type(QString("(progn (setq d (load_dialog \"%1\")) (new_dialog \"essai\" d) (set_tile \"nom\" \"avant\")"
+                      " (action_tile \"accept\" \"(setq v (get_tile \\\"nom\\\")) (done_dialog 1)\")"
+                      " (setq r (start_dialog)) (unload_dialog d) (princ))").arg(file("essai.dcl")));
+  driver.then([] {
+    auto* const edit = QApplication::activeModalWidget()->findChild<QLineEdit*>();
+    EXPECT_EQ(edit->text(), "avant");
+    edit->selectAll();
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, "x");
+    QApplication::sendEvent(edit, &key);
+  });
+  driver.press("OK").play();
+  EXPECT_EQ(lisp("(list v r)").toList(), (QVariantList{"x", 1})) << history().toStdString();
+}
+
 }  // namespace
