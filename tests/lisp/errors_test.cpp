@@ -1,5 +1,4 @@
 // Errors: the *error* protocol, catching, the chain, limits, interruption.
-#include <atomic>
 #include <chrono>
 #include <thread>
 
