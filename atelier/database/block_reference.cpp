@@ -115,8 +115,12 @@ AcDbObjectId AcDbBlockReference::blockTableRecord() const {
 }
 AcGePoint3d AcDbBlockReference::position() const { return toWorld(recordOf(this).point(kPosition), normal()); }
 AcGeScale3d AcDbBlockReference::scaleFactors() const {
-  const Record& r = recordOf(this);
-  return {r.real(kScale[0]), r.real(kScale[1]), r.real(kScale[2])};
+  // A factor of 0, which damaged files hold, counts as 1: it would leave nothing to transform back.
+  const auto factor = [&](const Field& field) {
+    const double value = recordOf(this).real(field);
+    return value == 0 ? 1 : value;
+  };
+  return {factor(kScale[0]), factor(kScale[1]), factor(kScale[2])};
 }
 double AcDbBlockReference::rotation() const { return recordOf(this).real(kRotation) * kDegree; }
 AcGeVector3d AcDbBlockReference::normal() const { return normalOf(recordOf(this), kInsert); }

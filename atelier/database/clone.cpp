@@ -62,15 +62,16 @@ class Cloner {
     for (const auto& [source, copy] : map_) handles[source->handle] = copy->handle;
     for (AcDbStub* stub : made_) {
       Record& record = AcDbImpObject::of(stub->object).record;
-      const std::uint64_t own = stub->handle, owner = stub->owner ? stub->owner->handle : 0;
       for (Group& group : record.groups) {
         const int code = group.code();
         const bool reference = (code >= 330 && code <= 369) || (code >= 390 && code <= 399) || code == 1005 || code == 480 || code == 481;
-        if (!reference || group.handle() == 0 || group.handle() == own || group.handle() == owner) continue;
+        if (!reference || group.handle() == 0) continue;
         const auto it = handles.find(group.handle());
         if (it != handles.end()) group = Group::handle(code, it->second);
         else if (&from != &target_) group = Group::handle(code, 0);
       }
+      // The owner stood there already, as a handle of the target: another drawing may have the same number.
+      if (stub->owner) record.setOwner(stub->owner->handle);
       if (&from != &target_) removeEmptyExtension(record);
     }
   }

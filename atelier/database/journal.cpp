@@ -41,10 +41,11 @@ void Journal::before(AcDbStub& stub) {
   if (!on_ || !seen_.insert(&stub).second) return;
   if (done_.empty()) done_.emplace_back();
   undone_.clear();
-  // An object that is only just being made has no earlier state: undoing it is erasing it.
-  const bool fresh = !stub.object;
+  // An object that is only just being made has no earlier state: undoing it is erasing it. One that nobody opened yet
+  // has one, in its file.
+  const bool fresh = !stub.object && stub.is(AcDbStub::kNew);
   Image image{&stub, fresh || stub.is(AcDbStub::kErased), {}};
-  if (!fresh) image.record = AcDbImpObject::of(stub.object).settled();
+  if (!fresh) image.record = AcDbImpObject::of(&stub.database->object(stub)).settled();
   weight_ += weightOf(image.record);
   done_.back().images.push_back(std::move(image));
 }

@@ -47,6 +47,16 @@ PlaneChange::PlaneChange(const AcGeMatrix3d& matrix, const AcGeVector3d& before)
   scale = std::sqrt(std::max(0.0, x.crossProduct(y).length()));
 }
 
+double textAngle(const PlaneChange& change, double before) {
+  if (!change.mirrored) return before + change.turn;
+  const auto readable = [](double angle) { return std::cos(angle) > -1e-9; };
+  constexpr double kTurn = 2 * std::numbers::pi;
+  double angle = change.turn - before;
+  if (readable(before) && !readable(angle)) angle += std::numbers::pi;
+  angle -= kTurn * std::floor(angle / kTurn);
+  return kTurn - angle < 1e-12 ? 0 : angle;
+}
+
 }  // namespace atelier
 
 AcDbExtents::AcDbExtents() {

@@ -26,6 +26,10 @@ struct PlaneChange {
   bool mirrored = false;  // angles run the other way round
 };
 
+// The angle of a line of text after the change. Letters are not mirrored: the line turns about its anchor, and by half a
+// turn more where one that could be read from below or from the right would stand on its head.
+double textAngle(const PlaneChange& change, double before);
+
 // Extents of the part of an ellipse c + u cos t + v sin t with t from a to b.
 AcDbExtents ellipseExtents(const AcGePoint3d& c, const AcGeVector3d& u, const AcGeVector3d& v, double a, double b);
 

@@ -8,6 +8,7 @@
 #include "atelier/database/imp_database.h"
 #include "atelier/database/new_record.h"
 #include "atelier/database/plane.h"
+#include "atelier/database/text_measure.h"
 #include "hote/dbents.h"
 #include "hote/dbsymtb.h"
 
@@ -223,25 +224,12 @@ Acad::ErrorStatus AcDbMText::setTextStyle(AcDbObjectId style) {
   return stub ? impOf(this).setText(kMStyle, stub->database->recordName(*stub)) : Acad::eNullObjectId;
 }
 Acad::ErrorStatus AcDbMText::getGeomExtents(AcDbExtents& extents) const {
-  // The box of the stored width (or a width by the number of characters) and the lines at the usual spacing.
-  const std::wstring text = contents().kACharPtr();
-  std::size_t lines = 1, longest = 0, run = 0;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == L'\\' && i + 1 < text.size() && text[i + 1] == L'P') {
-      longest = std::max(longest, run), run = 0, ++lines, ++i;
-    } else {
-      ++run;
-    }
-  }
-  longest = std::max(longest, run);
-  const double h = textHeight(), w = width() > 0 ? width() : static_cast<double>(longest) * h * 0.8;
-  const double tall = h * (1 + (static_cast<double>(lines) - 1) * 5.0 / 3.0);
-  const int column = (attachment() - 1) % 3, row = (attachment() - 1) / 3;
-  const double left = -w * column / 2, top = tall * row / 2;
+  const fonts::Box ink = paragraphInk(*this);
+  if (ink.empty()) return Acad::eInvalidExtents;
   const AcGeMatrix3d frame = AcGeMatrix3d::translation(location().asVector()) * AcGeMatrix3d::rotation(rotation(), AcGeVector3d(0, 0, 1));
   AcDbExtents box;
-  for (const double x : {left, left + w})
-    for (const double y : {top - tall, top}) box.addPoint(frame * AcGePoint3d(x, y, 0));
+  for (const double x : {ink.xMin, ink.xMax})
+    for (const double y : {ink.yMin, ink.yMax}) box.addPoint(frame * AcGePoint3d(x, y, 0));
   extents = box;
   return Acad::eOk;
 }
@@ -252,5 +240,5 @@ Acad::ErrorStatus AcDbMText::transformBy(const AcGeMatrix3d& m) {
   if (status != Acad::eOk) return status;
   setTextHeight(textHeight() * plane.scale);
   setWidth(width() * plane.scale);
-  return setRotation(plane.mirrored ? plane.turn - angle : angle + plane.turn);
+  return setRotation(textAngle(plane, angle));
 }

@@ -211,7 +211,14 @@ Acad::ErrorStatus AcDbSpline::getNurbsData(int& order, bool& rational, bool& clo
 }
 
 Acad::ErrorStatus AcDbSpline::getGeomExtents(AcDbExtents& extents) const {
-  // The hull of the control points holds the curve; a fitted spline without them is held by its fit points.
+  if (const auto curve = curveOf(*this)) {
+    Box box;
+    for (const Piece& piece : curve->pieces())
+      for (const Bezier& bezier : *std::get<Spline>(piece.shape).pieces) bezier.growBox(box);
+    extents.set({box.low[0], box.low[1], box.low[2]}, {box.high[0], box.high[1], box.high[2]});
+    return Acad::eOk;
+  }
+  // What makes no curve still shows where it lies.
   const Record& record = recordOf(this);
   auto list = places(record, 10);
   if (list.empty()) list = places(record, 11);

@@ -18,7 +18,7 @@ constexpr double kDegree = std::numbers::pi / 180;
 constexpr Field kPosition = pointField(kText, 10), kAlignment = pointField(kText, 11), kHeight = realField(kText, 40),
                 kString = textField(kText, 1), kRotation = realField(kText, 50), kWidthFactor = realField(kText, 41, 1),
                 kOblique = realField(kText, 51), kStyle = textField(kText, 7, "Standard"),
-                kHorizontal = integerField(kText, 72);
+                kHorizontal = integerField(kText, 72), kMirror = integerField(kText, 71);
 
 const Record& recordOf(const AcDbObject* object) { return AcDbImpObject::of(object).record; }
 AcDbImpObject& impOf(AcDbObject* object) { return AcDbImpObject::of(object); }
@@ -114,7 +114,9 @@ Acad::ErrorStatus AcDbText::adjustAlignment(const AcDbDatabase*) {
 Acad::ErrorStatus AcDbText::getGeomExtents(AcDbExtents& extents) const {
   const MeasuredText measured(*this);
   if (measured.isEmpty()) return Acad::eInvalidExtents;
-  const AcGePoint3d origin = recordOf(this).point(kPosition);
+  // Between two points a backward text begins at the second.
+  const bool between = horizontalMode() == AcDb::kTextAlign || horizontalMode() == AcDb::kTextFit;
+  const AcGePoint3d origin = recordOf(this).point(between && measured.backwards() ? kAlignment : kPosition);
   AcDbExtents box;
   for (const double x : {measured.left(), measured.right()})
     for (const double y : {measured.bottom(), measured.top()}) {
@@ -135,7 +137,17 @@ Acad::ErrorStatus AcDbText::transformBy(const AcGeMatrix3d& m) {
   setPosition(at);
   if (hasAlignment) imp.setPoint(kAlignment, toPlane(aligned, plane.normal));
   setHeight(height() * plane.scale);
-  setRotation(plane.mirrored ? plane.turn - rotation() : rotation() + plane.turn);
+  const double before = rotation(), angle = textAngle(plane, before);
+  setRotation(angle);
+  if (!plane.mirrored) return Acad::eOk;
+  const bool between = horizontalMode() == AcDb::kTextAlign || horizontalMode() == AcDb::kTextFit;
+  if (!between) return adjustAlignment();  // the letters begin on another side of the place that holds them
+  if (hasAlignment && std::cos(angle - (plane.turn - before)) < 0) {
+    // Turned round, it runs from the second point to the first.
+    const AcGePoint3d first = imp.record.point(kPosition), second = imp.record.point(kAlignment);
+    imp.setPoint(kPosition, second);
+    imp.setPoint(kAlignment, first);
+  }
   return Acad::eOk;
 }
 
@@ -186,6 +198,7 @@ Acad::ErrorStatus AcDbAttribute::setAttributeFromBlock(const AcDbAttributeDefini
   imp.setPoint(kPosition, from.point(kPosition));
   for (const Field& field : {kHeight, kRotation, kWidthFactor, kOblique}) imp.setReal(field, from.real(field));
   imp.setInteger(kHorizontal, from.integer(kHorizontal));
+  if (from.has(kMirror) || imp.record.has(kMirror)) imp.setInteger(kMirror, from.integer(kMirror));
   imp.setInteger(verticalField(imp.record), from.integer(verticalField(from)));
   imp.setInteger(integerField("AcDbAttribute", 70), from.integer(integerField("AcDbAttributeDefinition", 70)));
   if (from.has(kAlignment)) imp.setPoint(kAlignment, from.point(kAlignment));

@@ -1,4 +1,4 @@
-// Measures of a text in its own frame: origin at the left end of its base line, x along it.
+// Measures of a text in its own frame: origin at the start of its base line, x along it.
 // The font comes from the text's style.
 #pragma once
 #include "atelier/fonts/font.h"
@@ -10,15 +10,18 @@ namespace atelier {
 
 // The font of a text style by name, with the text's own width factor and slant (radians).
 fonts::FontStyle fontStyle(AcDbImpDatabase* database, std::string_view styleName, double widthFactor, double oblique);
+// The box of a paragraph's ink about its place, x along its lines; empty without any.
+fonts::Box paragraphInk(const AcDbMText& text);
 
 class MeasuredText {
  public:
   explicit MeasuredText(const AcDbText& text);
   bool isEmpty() const { return extents_.ink.empty(); }
-  double left() const { return extents_.ink.xMin; }
-  double right() const { return extents_.ink.xMax; }
-  double bottom() const { return extents_.ink.yMin; }
-  double top() const { return extents_.ink.yMax; }
+  double left() const { return backwards_ ? -extents_.ink.xMax : extents_.ink.xMin; }
+  double right() const { return backwards_ ? -extents_.ink.xMin : extents_.ink.xMax; }
+  double bottom() const { return upsideDown_ ? -extents_.ink.yMax : extents_.ink.yMin; }
+  double top() const { return upsideDown_ ? -extents_.ink.yMin : extents_.ink.yMax; }
+  bool backwards() const { return backwards_; }
   double width() const { return isEmpty() ? 0 : right() - left(); }
   // The place in the text that its alignment point holds.
   double anchorX(AcDb::TextHorzMode mode) const;
@@ -27,6 +30,7 @@ class MeasuredText {
  private:
   fonts::TextExtents extents_;
   double height_;
+  bool backwards_, upsideDown_;  // mirrored about the start, about the base line
 };
 
 }  // namespace atelier

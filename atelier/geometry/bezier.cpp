@@ -70,6 +70,37 @@ Box Bezier::box() const {
   return out;
 }
 
+namespace {
+
+bool holds(const Box& outer, const Box& inner) {
+  for (int i = 0; i < 3; ++i)
+    if (inner.low[i] < outer.low[i] || inner.high[i] > outer.high[i]) return false;
+  return true;
+}
+
+// Halves what can still stand out, until that is nearly flat.
+void grow(const Bezier& piece, Box& box, double hair, int depth) {
+  box.add(piece.first());
+  box.add(piece.last());
+  const Box hull = piece.box();
+  if (holds(box, hull)) return;
+  if (depth == 0 || piece.bend() <= hair) return box.add(hull);
+  Bezier left, right;
+  piece.halve(left, right);
+  grow(left, box, hair, depth - 1);
+  grow(right, box, hair, depth - 1);
+}
+
+}  // namespace
+
+void Bezier::growBox(Box& whole) const {
+  constexpr int kDeepest = 30;
+  const Box hull = box();
+  double size = 0;
+  for (int i = 0; i < 3; ++i) size = std::max(size, hull.high[i] - hull.low[i]);
+  grow(*this, whole, 1e-9 * size, kDeepest);
+}
+
 double Bezier::bend() const {
   const AcGePoint3d a = first();
   const AcGeVector3d chord = last() - a;

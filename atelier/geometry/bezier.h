@@ -23,6 +23,7 @@ struct Bezier {
   AcGePoint3d first() const { return cartesian(points.front()); }
   AcGePoint3d last() const { return cartesian(points.back()); }
   Box box() const;  // of the control polygon, which holds the curve
+  void growBox(Box& box) const;  // by the curve itself, to a billionth of its size
   double bend() const;  // the greatest distance of a control point from the chord
   void halve(Bezier& left, Bezier& right) const;
   static AcGePoint3d cartesian(const Weighted& p) { return {p.x / p.w, p.y / p.w, p.z / p.w}; }

@@ -1,6 +1,7 @@
 // Meetings of two Bézier pieces, and the nearest point of one: halving until pieces are nearly straight, then Newton.
 // A count of steps bounds the work: pieces that run along each other would otherwise never come to an end.
 #include <cmath>
+#include <optional>
 
 #include "atelier/geometry/bezier.h"
 
@@ -99,8 +100,9 @@ std::vector<Meeting> meetings(const Bezier& a, const Bezier& b, double tolerance
 
 namespace {
 
-// Newton on the foot of the perpendicular, from inside a part.
-double foot(const Bezier& piece, const AcGePoint3d& p, const Part& part) {
+// Newton on the foot of the perpendicular, from inside a part; nothing where the distance is no valley, as beside a
+// sharp turn back.
+std::optional<double> foot(const Bezier& piece, const AcGePoint3d& p, const Part& part) {
   double u = (part.from + part.to) / 2;
   const AcGeVector3d chord = part.curve.last() - part.curve.first();
   const double square = chord.dotProduct(chord);
@@ -109,7 +111,7 @@ double foot(const Bezier& piece, const AcGePoint3d& p, const Part& part) {
   for (int i = 0; i < kNewtonSteps; ++i) {
     const AcGeVector3d gap = piece.at(u) - p, d = piece.derivative(u);
     const double slope = d.dotProduct(d) + gap.dotProduct(piece.second(u));
-    if (!(slope > 0)) break;
+    if (!(slope > 0)) return std::nullopt;
     const double next = std::clamp(u - gap.dotProduct(d) / slope, 0.0, 1.0);
     if (next == u) break;
     u = next;
@@ -119,8 +121,9 @@ double foot(const Bezier& piece, const AcGePoint3d& p, const Part& part) {
 
 void approach(const Bezier& piece, const AcGePoint3d& p, const Part& part, int depth, double& best, double& u, bool& better) {
   if (part.curve.box().squareDistance(p) >= best * best) return;
-  if (depth == kDeepest || part.straight() || part.curve.bend() < 1e-12 * (1 + best)) {
-    for (const double t : {foot(piece, p, part), part.from, part.to}) {
+  const auto valley = part.straight() || part.curve.bend() < 1e-12 * (1 + best) ? foot(piece, p, part) : std::nullopt;
+  if (depth == kDeepest || valley) {
+    for (const double t : {valley.value_or(part.from), part.from, part.to}) {
       const double d = piece.at(t).distanceTo(p);
       if (d < best) best = d, u = t, better = true;
     }

@@ -17,8 +17,6 @@
 namespace atelier {
 namespace {
 
-// Knots nearer than this share of their range are one knot.
-constexpr double sameKnot = 1e-10;
 // The finest chord bound, as a share of the size of the curve.
 constexpr double finest = 1e-9;
 // Halvings of one span between knots, and points of one curve: extreme data must come to an end.
@@ -36,7 +34,7 @@ struct Knots {
 
 Knots distinct(const std::vector<double>& flat) {
   Knots out;
-  const double apart = sameKnot * (flat.back() - flat.front());
+  const double apart = kSameKnot * (flat.back() - flat.front());
   for (const double k : flat) {
     if (out.values.empty() || k - out.values.back() > apart) out.values.push_back(k), out.counts.push_back(0);
     ++out.counts.back();

@@ -2,6 +2,7 @@
 // Reference: Piegl and Tiller, "The NURBS Book", chapter 5.
 #include <Standard_Failure.hxx>
 #include <algorithm>
+#include <cmath>
 
 #include "atelier/geometry/occt_curve.h"
 
@@ -48,7 +49,20 @@ double speedRatio(const Nurbs& a, const Nurbs& b) {
 double firstParameter(const Nurbs& curve) { return curve.knots[static_cast<std::size_t>(curve.degree)]; }
 double lastParameter(const Nurbs& curve) { return curve.knots[curve.points.size()]; }
 
+namespace {
+
+// A cut as near to a knot as knots are told apart is a cut at the knot: it would leave a span that is none.
+double atKnot(const Nurbs& curve, double t) {
+  const double hair = kSameKnot * (curve.knots.back() - curve.knots.front());
+  const auto near = std::find_if(curve.knots.begin(), curve.knots.end(), [&](double knot) { return std::abs(knot - t) <= hair; });
+  return near == curve.knots.end() ? t : *near;
+}
+
+}  // namespace
+
 Nurbs partOf(const Nurbs& curve, double from, double to) {
+  if (!makesSense(curve)) return {};
+  from = atKnot(curve, from), to = atKnot(curve, to);
   if (!(from < to)) return {};
   return edited(curve, [&](Geom_BSplineCurve& c) {
     c.Segment(std::max(from, c.FirstParameter()), std::min(to, c.LastParameter()), 1e-12);

@@ -125,6 +125,43 @@ std::optional<Nurbs> Curve::toNurbs() const {
   return out;
 }
 
+namespace {
+
+// Curves that touch are within the tolerance along a stretch, and halving finds many places there. Of those, and of what
+// two pieces found at their common end, the nearest one stays.
+std::vector<Crossing> eachOnce(const Curve& a, const Curve& b, const std::vector<Crossing>& sorted) {
+  constexpr double kLongestTouch = 0.05;
+  const auto gap = [&](const Crossing& c) {
+    const auto there = b.pointAt(c.otherParam);
+    return there ? c.point.distanceTo(*there) : kMeetingTolerance;
+  };
+  const auto same = [&](const Crossing& c, const Crossing& d, double middle) {
+    const double apart = c.point.distanceTo(d.point);
+    if (apart <= 10 * kMeetingTolerance) return true;
+    const auto between = apart < kLongestTouch ? a.pointAt(middle) : std::nullopt;
+    return between && b.closest(*between).distance <= kMeetingTolerance;
+  };
+  std::vector<Crossing> out;
+  const auto keep = [&](const Crossing& c, bool another) {
+    if (another) out.push_back(c);
+    else if (gap(c) < gap(out.back())) out.back() = c;
+  };
+  for (std::size_t i = 0; i < sorted.size(); ++i)
+    keep(sorted[i], i == 0 || !same(sorted[i], sorted[i - 1], (sorted[i].param + sorted[i - 1].param) / 2));
+  if (!a.isClosed() || out.size() < 2) return out;
+  // Round the start of a closed curve: the last and the first, too.
+  const double beyond = (sorted.front().param - a.startParam() - (a.endParam() - sorted.back().param)) / 2;
+  if (same(sorted.front(), sorted.back(), beyond < 0 ? a.endParam() + beyond : a.startParam() + beyond)) {
+    const Crossing first = out.front();
+    out.erase(out.begin());
+    keep(first, false);
+    std::sort(out.begin(), out.end(), [](const Crossing& c, const Crossing& d) { return c.param < d.param; });
+  }
+  return out;
+}
+
+}  // namespace
+
 std::vector<Crossing> Curve::crossings(const Curve& other, bool extendThis, bool extendOther) const {
   if (extendThis || extendOther) {
     const auto a = extendThis && !closed_ ? extended() : nullptr;
@@ -145,10 +182,7 @@ std::vector<Crossing> Curve::crossings(const Curve& other, bool extendThis, bool
                           [&](std::size_t k) { walkThis ? meet(i, k) : meet(k, i); });
   }
   std::sort(out.begin(), out.end(), [](const Crossing& a, const Crossing& b) { return a.param < b.param; });
-  const auto same = [](const Crossing& a, const Crossing& b) { return a.point.distanceTo(b.point) <= 10 * kMeetingTolerance; };
-  out.erase(std::unique(out.begin(), out.end(), same), out.end());
-  if (closed_ && out.size() > 1 && same(out.front(), out.back())) out.pop_back();
-  return out;
+  return eachOnce(*this, other, out);
 }
 
 }  // namespace atelier

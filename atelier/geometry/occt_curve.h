@@ -7,6 +7,9 @@
 
 namespace atelier {
 
+// Knots nearer than this share of their range are one knot.
+constexpr double kSameKnot = 1e-10;
+
 // Throws Standard_Failure for data that the library refuses; call it on data that makesSense().
 Handle(Geom_BSplineCurve) occtCurve(const Nurbs& curve);
 // Clamped, never periodic.

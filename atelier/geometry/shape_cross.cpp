@@ -1,6 +1,8 @@
-// Where two pieces meet. Straight with straight or with an arc in closed form, all else by Bézier pieces.
+// Where two pieces meet. Straight with straight or with an arc, and circles in one plane, in closed form; all else by
+// Bézier pieces.
 // Two pieces that run along each other have no meeting there, but those that touch end to end do.
 #include <cmath>
+#include <numbers>
 
 #include "atelier/geometry/shape.h"
 
@@ -99,6 +101,61 @@ std::vector<OwnCrossing> cross(const Straight& line, const Elliptic& arc, const 
   return out;
 }
 
+// The arc's own parameter towards a place, or nothing when that lies beyond its ends.
+std::optional<double> towards(const Elliptic& arc, const AcGeVector3d& fromCentre, double radius, double tolerance) {
+  const double hair = tolerance / radius;
+  const double angle = angleFrom(arc.from, std::atan2(fromCentre.dotProduct(arc.v), fromCentre.dotProduct(arc.u)), hair);
+  if (angle > arc.to + hair) return std::nullopt;
+  return std::clamp(angle, arc.from, arc.to);
+}
+
+// Arcs of one circle: they touch where one goes on from the other's end.
+std::vector<OwnCrossing> touch(const Elliptic& a, const Elliptic& b, double tolerance) {
+  std::vector<OwnCrossing> out;
+  const double turn = 2 * std::numbers::pi - 1e-9;
+  if (a.to - a.from >= turn || b.to - b.from >= turn) return out;
+  for (const double t : {a.from, a.to})
+    for (const double s : {b.from, b.to}) {
+      if (shapePoint(a, t).distanceTo(shapePoint(b, s)) > tolerance) continue;
+      const AcGeVector3d da = shapeDerivative(a, t) * (t == a.from ? 1 : -1), db = shapeDerivative(b, s) * (s == b.from ? 1 : -1);
+      if (da.dotProduct(db) < 0) out.push_back({t, s});
+    }
+  return out;
+}
+
+bool isCircular(const Elliptic& e) {
+  const double uu = e.u.dotProduct(e.u), vv = e.v.dotProduct(e.v);
+  return uu > 0 && std::abs(uu - vv) <= 1e-14 * uu && std::abs(e.u.dotProduct(e.v)) <= 1e-14 * uu;
+}
+
+// Arcs of circles in parallel planes; nothing for others. Circles that touch, within the tolerance, have one meeting:
+// halving would find many along the stretch where they are that near.
+std::optional<std::vector<OwnCrossing>> crossCircles(const Elliptic& a, const Elliptic& b, double tolerance) {
+  if (!isCircular(a) || !isCircular(b)) return std::nullopt;
+  const double ra = a.u.length(), rb = b.u.length();
+  const AcGeVector3d normal = a.u.crossProduct(a.v).normal();
+  if (normal.crossProduct(b.u.crossProduct(b.v).normal()).length() * (ra + rb) > tolerance / 4) return std::nullopt;
+  std::vector<OwnCrossing> out;
+  AcGeVector3d gap = b.centre - a.centre;
+  const double height = normal.dotProduct(gap);
+  if (std::abs(height) > tolerance) return out;
+  gap = gap - normal * height;
+  const double distance = gap.length();
+  if (distance > ra + rb + tolerance || distance < std::abs(ra - rb) - tolerance) return out;
+  if (distance <= tolerance) return touch(a, b, tolerance);
+  const AcGeVector3d along = gap * (1 / distance), across = normal.crossProduct(along);
+  const double x = ((distance - rb) * (distance + rb) + ra * ra) / (2 * distance);
+  const bool touching = std::abs(ra + rb - distance) <= tolerance || std::abs(std::abs(ra - rb) - distance) <= tolerance;
+  const double half = touching ? 0 : std::sqrt(std::max(0.0, (ra - x) * (ra + x)));
+  for (const double side : {1.0, -1.0}) {
+    const AcGeVector3d p = along * (touching ? std::copysign(ra, x) : x) + across * (side * half);
+    const auto t = towards(a, p, ra, tolerance), s = towards(b, p - gap, rb, tolerance);
+    if (t && s) out.push_back({*t, *s});
+    if (touching) break;
+  }
+  return out;
+}
+
 // A bounded part of an endless line that holds all its meetings with a box.
 Straight bounded(const Straight& s, const Box& box) {
   if (!s.endlessBefore && !s.endlessAfter) return s;
@@ -141,6 +198,8 @@ std::vector<OwnCrossing> shapeCrossings(const Shape& a, const Shape& b, double t
     for (OwnCrossing& c : out) std::swap(c.first, c.second);
     return out;
   }
+  if (const auto *first = std::get_if<Elliptic>(&a), *second = std::get_if<Elliptic>(&b); first && second)
+    if (auto out = crossCircles(*first, *second, tolerance)) return *out;
   return crossByBeziers(a, b, tolerance);
 }
 
