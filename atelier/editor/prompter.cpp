@@ -46,7 +46,7 @@ std::optional<AcGePoint3d> parsePoint(std::string_view text, const AcGePoint3d& 
   const AcGeVector3d origin = relative ? last.asVector() : AcGeVector3d();
   if (const std::size_t angleAt = text.find('<'); angleAt != text.npos) {
     const auto distance = parseReal(text.substr(0, angleAt)), angle = parseReal(text.substr(angleAt + 1));
-    if (!distance || !angle) return std::nullopt;
+    if (!distance || !angle || !std::isfinite(*distance) || !std::isfinite(*angle)) return std::nullopt;
     const double a = *angle * std::numbers::pi / 180;
     return AcGePoint3d(*distance * std::cos(a), *distance * std::sin(a), 0) + origin;
   }
@@ -218,18 +218,39 @@ bool withinFlags(double value, int flags) {
   return !((flags & RSG_NOZERO) && value == 0) && !((flags & RSG_NONEG) && value < 0);
 }
 
+// "nan" and "inf" are words here, not numbers.
+std::optional<double> typedNumber(std::string_view text) {
+  const auto number = parseReal(text);
+  return number && std::isfinite(*number) ? number : std::nullopt;
+}
+
 std::optional<double> numberOf(Document& document, const Input& input) {
   if (const auto value = expressionValue(document, input)) {
     if (value->isNumber()) return value->number();
     return std::nullopt;
   }
-  return input.kind == Input::Kind::text ? parseReal(input.text) : std::nullopt;
+  return input.kind == Input::Kind::text ? typedNumber(input.text) : std::nullopt;
 }
 
 std::optional<AcGePoint3d> pointOf(Document& document, const Input& input, const AcGePoint3d& last) {
   if (input.kind == Input::Kind::pick) return input.point;
   if (const auto value = expressionValue(document, input)) return pointFromValue(*value);
   return parsePoint(input.text, last);
+}
+
+// Where either may be answered; an expression is evaluated once.
+struct NumberOrPoint {
+  std::optional<double> number;
+  std::optional<AcGePoint3d> point;
+};
+NumberOrPoint numberOrPoint(Document& document, const Input& input, const AcGePoint3d& last) {
+  if (input.kind == Input::Kind::pick) return {{}, input.point};
+  if (const auto value = expressionValue(document, input)) {
+    if (value->isNumber()) return {value->number(), {}};
+    return {{}, pointFromValue(*value)};
+  }
+  if (const auto number = typedNumber(input.text)) return {number, {}};
+  return {{}, parsePoint(input.text, last)};
 }
 
 }  // namespace
@@ -289,13 +310,11 @@ Answer Prompter::getDistance(const std::optional<AcGePoint3d>& base, std::string
   i.base = base;
   std::optional<AcGePoint3d> first;
   const Answer answer = ask(i, "Une distance est attendue: un nombre ou un point.", [&](const Input& input, int flags) {
-    if (input.kind == Input::Kind::text) {
-      if (const auto number = parseReal(input.text)) {
-        distance = *number;
-        return withinFlags(distance, flags);
-      }
+    const auto [number, point] = numberOrPoint(document_, input, base ? *base : lastPoint);
+    if (number) {
+      distance = *number;
+      return withinFlags(distance, flags);
     }
-    const auto point = pointOf(document_, input, base ? *base : lastPoint);
     if (!point) return false;
     if (base) distance = base->distanceTo(*point);
     else first = point;
@@ -313,14 +332,12 @@ Answer Prompter::getAngle(const std::optional<AcGePoint3d>& base, std::string_vi
   i.wantsPoint = true;
   i.base = base;
   return ask(i, "Un angle est attendu: des degres ou un point.", [&](const Input& input, int) {
-    if (input.kind == Input::Kind::text) {
-      if (const auto number = parseReal(input.text)) {
-        angle = *number * std::numbers::pi / 180;
-        return true;
-      }
-    }
     const AcGePoint3d from = base ? *base : lastPoint;
-    const auto point = pointOf(document_, input, from);
+    const auto [number, point] = numberOrPoint(document_, input, from);
+    if (number) {
+      angle = *number * std::numbers::pi / 180;
+      return true;
+    }
     if (point) angle = AcGeVector2d(point->x - from.x, point->y - from.y).angle();
     return point.has_value();
   });

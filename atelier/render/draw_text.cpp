@@ -47,6 +47,7 @@ Setting settingOf(SceneBuilder& scene, const Entity& e, std::string_view text, i
     if (length == 0) return s;
     s.rotation = std::atan2(along.y, along.x);
     (horizontal == aligned ? s.height : s.style.widthFactor) *= ratioToFit(scene, s, text, length);
+    if (g.integer(71) & backwards) s.at = {second.x, second.y};  // read from there to the first
     return s;
   }
   if (horizontal == left && vertical == baseline) return s;
