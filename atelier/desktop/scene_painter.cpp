@@ -2,6 +2,8 @@
 #include "atelier/desktop/scene_painter.h"
 
 #include <QThreadPool>
+#include <algorithm>
+#include <thread>
 
 #include "atelier/render/cairo_painter.h"
 
@@ -34,8 +36,26 @@ bool isCrowded(const std::vector<Part>& parts, const render::PaintOptions& optio
   return false;
 }
 
+// The rows of a picture from `first` on, as many as `options.clip` is high.
+void paintBand(unsigned char* picture, int stride, int first, const std::vector<Part>& parts, render::PaintOptions options,
+               bool crowded, const std::atomic<bool>& stop) {
+  const int width = static_cast<int>(options.clip.xMax), height = static_cast<int>(options.clip.yMax);
+  unsigned char* const pixels = picture + static_cast<std::ptrdiff_t>(first) * stride;
+  options.toSurface = render::Affine::translation(0, -first) * options.toSurface;
+  render::TinyMarks tiny(width, height);
+  options.tiny = &tiny;
+  render::Hairlines hairlines(pixels, width, height, stride);
+  if (crowded) options.hairlines = &hairlines;
+  render::PictureCanvas canvas(pixels, width, height, stride, options.background);
+  for (const Part& part : parts) {
+    if (stop) return;
+    canvas.paint(*part, options);
+  }
+}
+
 }  // namespace
 
+// A band of the picture for each processor.
 QImage paintScene(const PaintRequest& request, const std::atomic<bool>& stop) {
   const QSize size = request.viewport.size * request.ratio;
   if (size.isEmpty()) return {};
@@ -49,15 +69,21 @@ QImage paintScene(const PaintRequest& request, const std::atomic<bool>& stop) {
   options.greekBelow = kGreekBelow * request.ratio;
   options.foreground = contrast(request.background);
   options.background = colourOf(request.background);
-  render::TinyMarks tiny(size.width(), size.height());
-  options.tiny = &tiny;
-  render::Hairlines hairlines(picture.bits(), size.width(), size.height(), static_cast<int>(picture.bytesPerLine()));
-  if (isCrowded(request.parts, options)) options.hairlines = &hairlines;
-  render::PictureCanvas canvas(picture.bits(), size.width(), size.height(), static_cast<int>(picture.bytesPerLine()), options.background);
-  for (const Part& part : request.parts) {
-    if (stop) return {};
-    canvas.paint(*part, options);
+  const bool crowded = isCrowded(request.parts, options);
+  unsigned char* const pixels = picture.bits();
+  const int stride = static_cast<int>(picture.bytesPerLine());
+  std::vector<std::thread> others;
+  const int bands = std::clamp(static_cast<int>(std::thread::hardware_concurrency()), 1, size.height());
+  for (int band = 0; band < bands; ++band) {
+    const int first = size.height() * band / bands, height = size.height() * (band + 1) / bands - first;
+    render::PaintOptions own = options;
+    own.clip.yMax = height;
+    const auto paint = [&, first, own] { paintBand(pixels, stride, first, request.parts, own, crowded, stop); };
+    if (band + 1 < bands) others.emplace_back(paint);
+    else paint();
   }
+  for (std::thread& other : others) other.join();
+  if (stop) return {};
   return picture;
 }
 

@@ -9,6 +9,7 @@ namespace {
 
 constexpr double kPixelsPerPiece = 6;  // of a flattened curve
 constexpr int kMostPieces = 64;
+constexpr int kFraction = 32;  // bits of a coordinate behind the point
 
 // Liang and Barsky: A New Concept and Method for Line Clipping, ACM Transactions on Graphics 3 (1984).
 bool clipped(Pt& a, Pt& b, double width, double height) {
@@ -30,6 +31,8 @@ bool clipped(Pt& a, Pt& b, double width, double height) {
   return true;
 }
 
+std::int64_t fixed(double value) { return static_cast<std::int64_t>(std::floor(value * (std::int64_t{1} << kFraction))); }
+
 Pt cubicAt(Pt from, const Pt* p, double t) {
   const double s = 1 - t, b0 = s * s * s, b1 = 3 * s * s * t, b2 = 3 * s * t * t, b3 = t * t * t;
   return {b0 * from.x + b1 * p[0].x + b2 * p[1].x + b3 * p[2].x, b0 * from.y + b1 * p[0].y + b2 * p[1].y + b3 * p[2].y};
@@ -37,19 +40,19 @@ Pt cubicAt(Pt from, const Pt* p, double t) {
 
 }  // namespace
 
-void Hairlines::set(int x, int y) {
-  if (x >= 0 && y >= 0 && x < width_ && y < height_)
-    reinterpret_cast<std::uint32_t*>(pixels_ + static_cast<std::ptrdiff_t>(y) * stride_)[x] = value_;
-}
-
 void Hairlines::line(Pt from, Pt to) {
   if (!std::isfinite(from.x + from.y + to.x + to.y) || !clipped(from, to, width_, height_)) return;
   const double dx = to.x - from.x, dy = to.y - from.y;
   const int steps = std::max(1, static_cast<int>(std::ceil(std::max(std::fabs(dx), std::fabs(dy)))));
   const bool steep = std::fabs(dy) > std::fabs(dx);
+  const std::int64_t xStep = fixed(dx / steps), yStep = fixed(dy / steps);
   for (int beside = -(thickness_ - 1) / 2; beside <= thickness_ / 2; ++beside) {
-    double x = from.x + (steep ? beside : 0), y = from.y + (steep ? 0 : beside);
-    for (int i = 0; i <= steps; ++i, x += dx / steps, y += dy / steps) set(static_cast<int>(std::floor(x)), static_cast<int>(std::floor(y)));
+    std::int64_t x = fixed(from.x + (steep ? beside : 0)), y = fixed(from.y + (steep ? 0 : beside));
+    for (int i = 0; i <= steps; ++i, x += xStep, y += yStep) {
+      const std::int64_t column = x >> kFraction, row = y >> kFraction;
+      if (column >= 0 && row >= 0 && column < width_ && row < height_)
+        reinterpret_cast<std::uint32_t*>(pixels_ + row * stride_)[column] = value_;
+    }
   }
 }
 

@@ -17,7 +17,6 @@ class Hairlines {
 
  private:
   void line(Pt from, Pt to);
-  void set(int x, int y);
 
   unsigned char* pixels_;
   int width_, height_, stride_;
