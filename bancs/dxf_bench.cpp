@@ -115,7 +115,8 @@ Cost measured(const std::function<void()>& work, int runs) {
     rusage usage{};
     wait4(child, &status, 0, &usage);
     best.failed |= status != 0;
-    best.seconds = std::min(best.seconds, std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+    best.seconds =
+        std::min(best.seconds, std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
     best.kilobytes = std::max(best.kilobytes, usage.ru_maxrss);
   }
   return best;
@@ -136,22 +137,31 @@ int main(int count, char** arguments) {
                 static_cast<double>(cost.kilobytes) * 1024 / size, cost.failed ? "  FAILED" : "");
     std::fflush(stdout);
   };
-  row("kavel open", [&] { ours(file, Work::open); }, runs);
-  row("kavel open, list layer", [&] { ours(file, Work::list); }, runs);
-  row("kavel open, save", [&] { ours(file, Work::save); }, runs);
-  row("kavel 1 % changed", [&] { ours(file, Work::change); }, runs);
+  row(
+      "kavel open", [&] { ours(file, Work::open); }, runs);
+  row(
+      "kavel open, list layer", [&] { ours(file, Work::list); }, runs);
+  row(
+      "kavel open, save", [&] { ours(file, Work::save); }, runs);
+  row(
+      "kavel 1 % changed", [&] { ours(file, Work::change); }, runs);
 #ifdef KAVEL_HAS_DIME
-  row("libdime read", [&] { dime(file, Work::open); }, 2);
-  row("libdime read, write", [&] { dime(file, Work::save); }, 2);
+  row(
+      "libdime read", [&] { dime(file, Work::open); }, 2);
+  row(
+      "libdime read, write", [&] { dime(file, Work::save); }, 2);
 #else
   std::printf("libdime: not installed (Debian package libdime-dev)\n");
 #endif
 #ifdef KAVEL_HAS_DXFLIB
-  row("dxflib read", [&] { dxflib(file); }, 2);
+  row(
+      "dxflib read", [&] { dxflib(file); }, 2);
 #else
   std::printf("dxflib: not installed (Debian package libdxflib-dev)\n");
 #endif
-  row("ezdxf read", [&] { ezdxf(file, Work::open); }, 1);
-  row("ezdxf read, write", [&] { ezdxf(file, Work::save); }, 1);
+  row(
+      "ezdxf read", [&] { ezdxf(file, Work::open); }, 1);
+  row(
+      "ezdxf read, write", [&] { ezdxf(file, Work::save); }, 1);
   std::filesystem::remove(file + ".banc");
 }

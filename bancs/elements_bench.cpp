@@ -43,9 +43,11 @@ void makeDrawing(Document& document, int points) {
     (setq pc (entmakex '((0 . "LINE") (10 0.0 0.0 0.0) (11 2000.0 0.0 0.0))))
     (plsxd pc "DISTANCE" 2000.0) (plsxd pc "PC" 0.0)
     (plsxd p "ECHV" 1.0) (plsxd p "TTXT" 2.5) (plsxd p "LONGUEUR" 1.0) (plsxd p "PRPC" pc)))");
-  evaluate(document, "(progn (setq l nil) (repeat " + std::to_string(points) + " (setq l (cons '(1040 . " +
-                         std::to_string(1999.0 / points) + ") (cons '(1040 . 100.0) l))))"
-                         " (entmod (append (entget p) (list (list -3 (cons \"KELMONT_PLV2\" l))))) (setq s (ssadd) tt (ssadd)))");
+  evaluate(document,
+           "(progn (setq l nil) (repeat " + std::to_string(points) + " (setq l (cons '(1040 . " +
+               std::to_string(1999.0 / points) +
+               ") (cons '(1040 . 100.0) l))))"
+               " (entmod (append (entget p) (list (list -3 (cons \"KELMONT_PLV2\" l))))) (setq s (ssadd) tt (ssadd)))");
   for (int k = 0; k < 50; ++k) {
     plv::ajouterEspaceObjet(wave(2000, 1.0, 10.0 * k));
     evaluate(document, "(progn (ssadd (entlast) s) (ssadd (entlast) tt))");
@@ -76,7 +78,8 @@ void BM_Cut(benchmark::State& state) {
   const auto curve = wave(static_cast<int>(state.range(0)), 1.0, 0.0);
   std::vector<double> at;
   for (std::int64_t i = 0; i < state.range(1); ++i)
-    at.push_back((static_cast<double>(i) + 0.5) * static_cast<double>(state.range(0)) / static_cast<double>(state.range(1)));
+    at.push_back((static_cast<double>(i) + 0.5) * static_cast<double>(state.range(0)) /
+                 static_cast<double>(state.range(1)));
   for (auto _ : state) {
     plv::piecesCourbe pieces;
     bool replace = false;
@@ -113,7 +116,8 @@ std::unique_ptr<AcDbSpline> sine(int points, double phase) {
 }
 
 void BM_IntersectSplines(benchmark::State& state) {
-  const auto a = sine(static_cast<int>(state.range(0)), 0.0), b = sine(static_cast<int>(state.range(0)), std::numbers::pi);
+  const auto a = sine(static_cast<int>(state.range(0)), 0.0),
+             b = sine(static_cast<int>(state.range(0)), std::numbers::pi);
   for (auto _ : state) {
     AcGePoint3dArray points;
     a->intersectWith(b.get(), AcDb::kOnBothOperands, points);
@@ -136,7 +140,8 @@ Handle(Geom_BSplineCurve) occtSine(int points, double phase) {
 }
 
 void BM_IntersectSplinesByOcct(benchmark::State& state) {
-  const auto a = occtSine(static_cast<int>(state.range(0)), 0.0), b = occtSine(static_cast<int>(state.range(0)), std::numbers::pi);
+  const auto a = occtSine(static_cast<int>(state.range(0)), 0.0),
+             b = occtSine(static_cast<int>(state.range(0)), std::numbers::pi);
   for (auto _ : state) {
     GeomAPI_ExtremaCurveCurve extrema(a, b);
     benchmark::DoNotOptimize(extrema.NbExtrema());

@@ -66,7 +66,8 @@ plv::LineSegArrayData pieces(int count, double (*y)(double)) {
 // Only the sweep, from pieces to sections.
 void BM_CouperEnTroncons(benchmark::State& state) {
   Document document({});
-  const auto terrain = pieces(static_cast<int>(state.range(0)), ground), projet = pieces(static_cast<int>(state.range(0)), project);
+  const auto terrain = pieces(static_cast<int>(state.range(0)), ground),
+             projet = pieces(static_cast<int>(state.range(0)), project);
   const plv::gardeClassesExtremes garde(plv::listeClasses());
   for (auto _ : state) {
     plv::ligneTroncons line;
@@ -78,7 +79,8 @@ BENCHMARK(BM_CouperEnTroncons)->Arg(500'000)->Arg(1'000'000)->Unit(benchmark::kM
 
 // What any reader of both lines has to do: the area between them, and a copy of both.
 void BM_PlainPass(benchmark::State& state) {
-  const auto terrain = pieces(static_cast<int>(state.range(0)), ground), projet = pieces(static_cast<int>(state.range(0)), project);
+  const auto terrain = pieces(static_cast<int>(state.range(0)), ground),
+             projet = pieces(static_cast<int>(state.range(0)), project);
   for (auto _ : state) {
     plv::LineSegArrayData copies[2];
     double surface = 0;
@@ -146,7 +148,8 @@ void BM_ExportByTheLibrary(benchmark::State& state) {
         worksheet_write_number(sheet, 5 + i, 2, i + 1.0, number);
         worksheet_write_formula_num(sheet, 5 + i, 3, difference.c_str(), number, 1.0);
         worksheet_write_string(sheet, 5 + i, 4, "1.00 - 1.50 ", number);
-        for (lxw_col_t column = 5; column <= 8; ++column) worksheet_write_number(sheet, 5 + i, column, 1.75 + i, number);
+        for (lxw_col_t column = 5; column <= 8; ++column)
+          worksheet_write_number(sheet, 5 + i, column, 1.75 + i, number);
       }
     }
     if (workbook_close(book) != LXW_NO_ERROR) std::abort();

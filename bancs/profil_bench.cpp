@@ -73,13 +73,16 @@ void BM_FillTable(benchmark::State& state) {
     Document document({});
     makeProfile(document, 10);
     std::string rows = "(progn (pl_ResetMatrices)";
-    for (int i = 0; i < 20; ++i) rows += " (pl_DefinirLigneMatrice \"M\" \"" + std::to_string(i) + "\" \"ligne\" 6.0 4)";
+    for (int i = 0; i < 20; ++i)
+      rows += " (pl_DefinirLigneMatrice \"M\" \"" + std::to_string(i) + "\" \"ligne\" 6.0 4)";
     evaluate(document, rows + " (pl_DessinerMatrices p '(0.0 0.0 0.0) 2.5 2.5) (pl_updLargeurLignes 1000.0))");
     state.ResumeTiming();
-    evaluate(document, "(progn (setq i 0) (repeat 20 (pl_SelectLigne 0 i) (setq x 0.0) (repeat " + std::to_string(state.range(0)) +
+    evaluate(document, "(progn (setq i 0) (repeat 20 (pl_SelectLigne 0 i) (setq x 0.0) (repeat " +
+                           std::to_string(state.range(0)) +
                            " (pl_NbreVertical 0 x 123.45) (setq x (+ x 3.0))) (setq i (1+ i))))");
     state.PauseTiming();
-    state.counters["cells/s"] = benchmark::Counter(20.0 * static_cast<double>(state.range(0)), benchmark::Counter::kIsIterationInvariantRate);
+    state.counters["cells/s"] =
+        benchmark::Counter(20.0 * static_cast<double>(state.range(0)), benchmark::Counter::kIsIterationInvariantRate);
     state.ResumeTiming();
   }
 }

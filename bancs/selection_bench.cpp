@@ -48,14 +48,16 @@ void expect(std::size_t found, std::size_t least) {
 // Ten metres by ten: a hundred lines.
 void BM_window(benchmark::State& state) {
   Grid& g = grid(state);
-  for (auto _ : state) expect(atelier::selectBox(g.document, g.at(-0.2, -0.2), g.at(9.8, 9.8), true, {})->list().size(), 100);
+  for (auto _ : state)
+    expect(atelier::selectBox(g.document, g.at(-0.2, -0.2), g.at(9.8, 9.8), true, {})->list().size(), 100);
 }
 
 // Three pieces over forty metres.
 void BM_fence(benchmark::State& state) {
   Grid& g = grid(state);
   const AcGePoint3d points[] = {g.at(0, 0.25), g.at(20, 0.25), g.at(20, 10), g.at(30, 10.25)};
-  for (auto _ : state) expect(atelier::selectPolygon(g.document, points, atelier::PolygonMode::fence, {})->list().size(), 20);
+  for (auto _ : state)
+    expect(atelier::selectPolygon(g.document, points, atelier::PolygonMode::fence, {})->list().size(), 20);
 }
 
 void BM_pick(benchmark::State& state) {

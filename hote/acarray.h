@@ -65,7 +65,8 @@ class AcArray {
     return *this;
   }
   AcArray& reverse() {
-    for (int i = 0, j = length() - 1; i < j; ++i, --j) std::swap(mItems[static_cast<std::size_t>(i)], mItems[static_cast<std::size_t>(j)]);
+    for (int i = 0, j = length() - 1; i < j; ++i, --j)
+      std::swap(mItems[static_cast<std::size_t>(i)], mItems[static_cast<std::size_t>(j)]);
     return *this;
   }
   const T* asArrayPtr() const { return mItems.data(); }

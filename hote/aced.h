@@ -5,8 +5,8 @@
 
 int acedDefun(const ACHAR* name, int index);
 int acedUndef(const ACHAR* name, int index);
-int acedGetFunCode();    // negative when LISP has called nothing
-resbuf* acedGetArgs();   // the host's chain, valid for the call; null without arguments
+int acedGetFunCode();   // negative when LISP has called nothing
+resbuf* acedGetArgs();  // the host's chain, valid for the call; null without arguments
 
 int acedRetNil();
 int acedRetT();

@@ -31,8 +31,7 @@ class AcString {
   int compareNoCase(const ACHAR* other) const {
     const ACHAR* a = mText.c_str();
     const ACHAR* b = other ? other : L"";
-    for (; *a && towlower(static_cast<wint_t>(*a)) == towlower(static_cast<wint_t>(*b)); ++a, ++b) {
-    }
+    for (; *a && towlower(static_cast<wint_t>(*a)) == towlower(static_cast<wint_t>(*b)); ++a, ++b) {}
     return static_cast<int>(towlower(static_cast<wint_t>(*a))) - static_cast<int>(towlower(static_cast<wint_t>(*b)));
   }
   bool operator==(const ACHAR* other) const { return compare(other) == 0; }

@@ -25,7 +25,7 @@ inline constexpr bool kTrue = true;
 }  // namespace Adesk
 
 using ads_real = double;
-using ads_point = ads_real[3];  // drawing units, world coordinates unless a function says otherwise
+using ads_point = ads_real[3];     // drawing units, world coordinates unless a function says otherwise
 using ads_name = std::int64_t[2];  // an entity's name or a selection set's; opaque
 
 struct ads_binary {

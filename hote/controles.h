@@ -66,7 +66,8 @@ class Text : public Control {
 
 class Edit : public Control {
  public:
-  explicit Edit(std::wstring label, std::wstring value = {}) : Control(Kind::edit, std::move(label)), value_(std::move(value)) {}
+  explicit Edit(std::wstring label, std::wstring value = {})
+      : Control(Kind::edit, std::move(label)), value_(std::move(value)) {}
   const std::wstring& value() const { return value_; }
   void setValue(std::wstring value) { set(value_, std::move(value)); }
   void userType(std::wstring value) {

@@ -29,7 +29,8 @@ class AcDbCurve : public AcDbEntity {
   virtual Acad::ErrorStatus getDistAtPoint(const AcGePoint3d& point, double& distance) const;
   virtual Acad::ErrorStatus getPointAtDist(double distance, AcGePoint3d& point) const;
   virtual Acad::ErrorStatus getFirstDeriv(double param, AcGeVector3d& derivative) const;
-  virtual Acad::ErrorStatus getClosestPointTo(const AcGePoint3d& point, AcGePoint3d& onCurve, bool extend = false) const;
+  virtual Acad::ErrorStatus getClosestPointTo(const AcGePoint3d& point, AcGePoint3d& onCurve,
+                                              bool extend = false) const;
   // Of the region inside, closed by a chord where the curve is open. eNotApplicable on straight entities,
   // eInvalidInput for a curve in no plane.
   virtual Acad::ErrorStatus getArea(double& area) const;
@@ -250,7 +251,8 @@ class AcDbAttribute : public AcDbText {
   Acad::ErrorStatus setFieldLength(int length);
   Acad::ErrorStatus setInvisible(bool invisible);
   // Text, style, height, place and alignment of the definition, carried over by the block's transform.
-  Acad::ErrorStatus setAttributeFromBlock(const AcDbAttributeDefinition* definition, const AcGeMatrix3d& blockTransform);
+  Acad::ErrorStatus setAttributeFromBlock(const AcDbAttributeDefinition* definition,
+                                          const AcGeMatrix3d& blockTransform);
 };
 
 class AcDbMText : public AcDbEntity {

@@ -17,7 +17,15 @@ enum TextHorzMode { kTextLeft = 0, kTextCenter = 1, kTextRight = 2, kTextAlign =
 enum TextVertMode { kTextBase = 0, kTextBottom = 1, kTextVertMid = 2, kTextTop = 3 };
 enum Visibility { kInvisible = 1, kVisible = 0 };
 enum LineWeight { kLnWtByLayer = -1, kLnWtByBlock = -2, kLnWtByLwDefault = -3 };
-enum DeepCloneType { kDcCopy = 0, kDcExplode = 1, kDcBlock = 2, kDcXrefBind = 3, kDcInsert = 6, kDcWblock = 7, kDcObjects = 8 };
+enum DeepCloneType {
+  kDcCopy = 0,
+  kDcExplode = 1,
+  kDcBlock = 2,
+  kDcXrefBind = 3,
+  kDcInsert = 6,
+  kDcWblock = 7,
+  kDcObjects = 8
+};
 enum Poly2dType { k2dSimplePoly = 0, k2dFitCurvePoly, k2dQuadSplinePoly, k2dCubicSplinePoly };
 enum Vertex2dType { k2dVertex = 0, k2dSplineCtlVertex = 1, k2dSplineFitVertex = 2, k2dCurveFitVertex = 3 };
 enum Poly3dType { k3dSimplePoly = 0, k3dQuadSplinePoly, k3dCubicSplinePoly };
@@ -171,8 +179,10 @@ class AcDbEntity : public AcDbObject {
 // Opening. Every opening that answers eOk must be closed once. Several readers or one writer; eWasOpenForWrite,
 // eWasOpenForRead tell what stands in the way, eWasErased that the object is erased (unless asked for).
 Acad::ErrorStatus acdbOpenObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode, bool openErased = false);
-Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode, bool openErased = false);
-Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode, bool openErased = false);
+Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
+                                     bool openErased = false);
+Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode,
+                                     bool openErased = false);
 
 // eNotThatKindOfClass when the object is of another class; nothing stays open then.
 template <class T>

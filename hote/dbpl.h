@@ -70,7 +70,8 @@ class AcDb2dPolyline : public AcDbCurve {
   double elevation() const;
   AcGeVector3d normal() const;
   AcDbObjectIterator* vertexIterator() const;
-  Acad::ErrorStatus openVertex(AcDbVertex*& vertex, AcDbObjectId id, AcDb::OpenMode mode, bool openErased = false) const;
+  Acad::ErrorStatus openVertex(AcDbVertex*& vertex, AcDbObjectId id, AcDb::OpenMode mode,
+                               bool openErased = false) const;
   Acad::ErrorStatus appendVertex(AcDbVertex* vertex);
   Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
   Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
@@ -83,7 +84,8 @@ class AcDb3dPolyline : public AcDbCurve {
   AcDb::Poly3dType polyType() const;
   bool isClosed() const override;
   AcDbObjectIterator* vertexIterator() const;
-  Acad::ErrorStatus openVertex(AcDbVertex*& vertex, AcDbObjectId id, AcDb::OpenMode mode, bool openErased = false) const;
+  Acad::ErrorStatus openVertex(AcDbVertex*& vertex, AcDbObjectId id, AcDb::OpenMode mode,
+                               bool openErased = false) const;
   Acad::ErrorStatus appendVertex(AcDbVertex* vertex);
   Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
   Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;

@@ -29,17 +29,17 @@ class AcDbSymbolTable : public AcDbObject {
   AcDbSymbolTable() = default;
 };
 
-#define KAVEL_SYMBOL_TABLE(TABLE, RECORD)                                                                   \
-  class TABLE : public AcDbSymbolTable {                                                                    \
-   public:                                                                                                  \
-    ACRX_DECLARE_MEMBERS(TABLE)                                                                             \
-    TABLE() = default;                                                                                      \
-    using AcDbSymbolTable::getAt;                                                                           \
+#define KAVEL_SYMBOL_TABLE(TABLE, RECORD)                                                                         \
+  class TABLE : public AcDbSymbolTable {                                                                          \
+   public:                                                                                                        \
+    ACRX_DECLARE_MEMBERS(TABLE)                                                                                   \
+    TABLE() = default;                                                                                            \
+    using AcDbSymbolTable::getAt;                                                                                 \
     Acad::ErrorStatus getAt(const ACHAR* name, RECORD*& record, AcDb::OpenMode mode, bool erased = false) const { \
-      AcDbObjectId id;                                                                                      \
-      const Acad::ErrorStatus status = getAt(name, id, erased);                                             \
-      return status != Acad::eOk ? status : acdbOpenObject(record, id, mode, erased);                       \
-    }                                                                                                       \
+      AcDbObjectId id;                                                                                            \
+      const Acad::ErrorStatus status = getAt(name, id, erased);                                                   \
+      return status != Acad::eOk ? status : acdbOpenObject(record, id, mode, erased);                             \
+    }                                                                                                             \
   };
 
 class AcDbBlockTableRecord : public AcDbSymbolTableRecord {

@@ -19,7 +19,7 @@ class Dialog {
   Dialog& operator=(const Dialog&) = delete;
 
   const std::wstring& title() const { return title_; }
-  int width() const { return width_; }    // pixels at 96 to the inch, a hint
+  int width() const { return width_; }  // pixels at 96 to the inch, a hint
   int height() const { return height_; }
   const std::vector<Control*>& controls() const { return controls_; }  // in the order of the tabulator
   void add(Control& control, Place place, std::wstring frame = {}) {
@@ -73,10 +73,10 @@ bool readNumber(Edit& edit, double& value, double least = -std::numeric_limits<d
 
 struct FileRequest {
   bool save = false;
-  std::wstring title, filter;     // the filter as the user reads it: "Fichier resultat (*.xlsx)"
-  std::wstring extension;         // without a point; given to a name that has none
-  std::wstring name;              // proposed
-  bool overwritePrompt = false;   // saving asks before a file is replaced
+  std::wstring title, filter;    // the filter as the user reads it: "Fichier resultat (*.xlsx)"
+  std::wstring extension;        // without a point; given to a name that has none
+  std::wstring name;             // proposed
+  bool overwritePrompt = false;  // saving asks before a file is replaced
   bool pathMustExist = false;
 };
 // A path, or nothing for a cancel.

@@ -45,11 +45,10 @@ class AcRxClass : public AcRxObject {
 
 inline bool AcRxObject::isKindOf(const AcRxClass* ancestor) const { return isA()->isDerivedFrom(ancestor); }
 
-#define ACRX_DECLARE_MEMBERS(CLASS)                                                   \
-  static AcRxClass* desc();                                                           \
-  AcRxClass* isA() const override;                                                    \
-  static CLASS* cast(const AcRxObject* object) {                                      \
-    return object && object->isKindOf(CLASS::desc())                                  \
-               ? const_cast<CLASS*>(static_cast<const CLASS*>(object))                \
-               : nullptr;                                                             \
+#define ACRX_DECLARE_MEMBERS(CLASS)                                                                          \
+  static AcRxClass* desc();                                                                                  \
+  AcRxClass* isA() const override;                                                                           \
+  static CLASS* cast(const AcRxObject* object) {                                                             \
+    return object && object->isKindOf(CLASS::desc()) ? const_cast<CLASS*>(static_cast<const CLASS*>(object)) \
+                                                     : nullptr;                                              \
   }

@@ -5,7 +5,9 @@
 
 namespace {
 
-int moduleEntry(int message, void* applicationId) { return acrxEntryPoint(static_cast<AcRx::AppMsgCode>(message), applicationId); }
+int moduleEntry(int message, void* applicationId) {
+  return acrxEntryPoint(static_cast<AcRx::AppMsgCode>(message), applicationId);
+}
 
 }  // namespace
 

@@ -9,7 +9,6 @@
 #include <iostream>
 #include <sstream>
 
-#include "atelier/editor/front_end.h"
 #include "atelier/console/listing.h"
 #include "atelier/console/options.h"
 #include "atelier/console/progress.h"
@@ -17,6 +16,7 @@
 #include "atelier/dxf/versions.h"
 #include "atelier/editor/audit_report.h"
 #include "atelier/editor/document.h"
+#include "atelier/editor/front_end.h"
 #include "atelier/editor/installation.h"
 #include "atelier/exchange/exchange.h"
 #include "atelier/render/plot.h"
@@ -154,7 +154,8 @@ int carryOutAll(const Options& options) {
   progress.begin("open", options.drawing);
   const auto opened = openDocument(options, printer);
   Document& document = *opened;
-  if (options.quiet) document.failurePrinter = [](std::string_view text) { std::fwrite(text.data(), 1, text.size(), stderr); };
+  if (options.quiet)
+    document.failurePrinter = [](std::string_view text) { std::fwrite(text.data(), 1, text.size(), stderr); };
   std::signal(SIGINT, onInterrupt);
   std::signal(SIGXFSZ, SIG_IGN);  // a file above the limit is an error of the write, not the end of the program
   if (const std::string trouble = installationTrouble(); !trouble.empty()) complain(trouble);

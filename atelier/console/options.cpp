@@ -14,9 +14,10 @@ constexpr const char* kDescription =
 constexpr const char* kFooter =
     "exit status: 0 done; 1 a LISP error or a failed command; 2 bad usage; 3 a file could not be read or written";
 
-const std::map<std::string, ActionKind> kActions = {
-    {"--load", ActionKind::load}, {"--eval", ActionKind::eval}, {"--script", ActionKind::script}, {"--save", ActionKind::save},
-    {"--plot", ActionKind::plot}, {"--audit", ActionKind::audit}, {"--list", ActionKind::list}};
+const std::map<std::string, ActionKind> kActions = {{"--load", ActionKind::load},     {"--eval", ActionKind::eval},
+                                                    {"--script", ActionKind::script}, {"--save", ActionKind::save},
+                                                    {"--plot", ActionKind::plot},     {"--audit", ActionKind::audit},
+                                                    {"--list", ActionKind::list}};
 
 }  // namespace
 
@@ -45,7 +46,8 @@ std::optional<Options> parseOptions(int argc, char** argv, int& status) {
   many("--scale", scales, "scale of the plots behind it: 1:200, or fit", "SCALE");
   many("--paper", papers, "sheet of the plots behind it: A4 to A0", "SHEET");
   many("--window", windows, "what the plots behind it show: x1,y1,x2,y2", "BOX");
-  many("--release", releases, "version of the saves behind it: R12, R2000, R2004, R2007, R2010, R2013, R2018", "RELEASE");
+  many("--release", releases, "version of the saves behind it: R12, R2000, R2004, R2007, R2010, R2013, R2018",
+       "RELEASE");
   app.add_flag("--binary", options.binary, "saves are binary DXF");
   app.add_flag("--recover", options.recover, "open what can be opened of a damaged drawing, and say what was left out");
   app.add_flag("--overwrite", options.overwrite, "with --recover: the damaged file may be saved over");
@@ -69,7 +71,7 @@ std::optional<Options> parseOptions(int argc, char** argv, int& status) {
   // Each occurrence of an option comes once in this list; its values are taken one by one.
   std::map<std::string, std::size_t> taken;
   const std::map<std::string, std::vector<std::string>*> values = {
-      {"--load", &loads}, {"--eval", &evals}, {"--script", &scripts}, {"--save", &saves}, {"--plot", &plots},
+      {"--load", &loads},   {"--eval", &evals},   {"--script", &scripts}, {"--save", &saves},      {"--plot", &plots},
       {"--scale", &scales}, {"--paper", &papers}, {"--window", &windows}, {"--release", &releases}};
   std::string scale, paper, window, release;
   for (const CLI::Option* option : app.parse_order()) {

@@ -36,7 +36,10 @@ std::string quoted(const std::string& text) {
 }  // namespace
 
 ProgressReport::ProgressReport(Progress wanted, std::size_t steps)
-    : bar_(wanted == Progress::automatic && isatty(STDERR_FILENO)), json_(wanted == Progress::json), steps_(steps), run_(Clock::now()) {}
+    : bar_(wanted == Progress::automatic && isatty(STDERR_FILENO)),
+      json_(wanted == Progress::json),
+      steps_(steps),
+      run_(Clock::now()) {}
 
 ProgressReport::~ProgressReport() {
   end();
@@ -50,8 +53,8 @@ void ProgressReport::clear() {
 
 void ProgressReport::end() {
   if (step_ == 0 || !json_) return;
-  std::fprintf(stderr, "{\"step\":%zu,\"of\":%zu,\"action\":%s,\"argument\":%s,\"seconds\":%s}\n", step_, steps_, quoted(action_).c_str(),
-               quoted(argument_).c_str(), realText(seconds(Clock::now() - begun_)).c_str());
+  std::fprintf(stderr, "{\"step\":%zu,\"of\":%zu,\"action\":%s,\"argument\":%s,\"seconds\":%s}\n", step_, steps_,
+               quoted(action_).c_str(), quoted(argument_).c_str(), realText(seconds(Clock::now() - begun_)).c_str());
 }
 
 void ProgressReport::begin(const std::string& action, const std::string& argument) {
@@ -63,8 +66,8 @@ void ProgressReport::begin(const std::string& action, const std::string& argumen
   begun_ = Clock::now();
   if (!bar_ || steps_ < 2 || (step_ > 1 && begun_ - run_ < kPatience)) return;
   const std::size_t full = kCells * (step_ - 1) / steps_;
-  std::fprintf(stderr, "\r[%s%s] %zu/%zu %s %s", std::string(full, '#').c_str(), std::string(kCells - full, '.').c_str(), step_, steps_,
-               action_.c_str(), argument_.c_str());
+  std::fprintf(stderr, "\r[%s%s] %zu/%zu %s %s", std::string(full, '#').c_str(),
+               std::string(kCells - full, '.').c_str(), step_, steps_, action_.c_str(), argument_.c_str());
   std::fflush(stderr);
   shown_ = true;
 }

@@ -9,8 +9,8 @@
 #include "atelier/database/imp_database.h"
 #include "atelier/database/new_record.h"
 #include "atelier/database/plane.h"
-#include "hote/dbsymtb.h"
 #include "hote/dbents.h"
+#include "hote/dbsymtb.h"
 
 using namespace atelier;
 
@@ -19,8 +19,9 @@ namespace {
 constexpr std::string_view kInsert = "AcDbBlockReference";
 constexpr double kDegree = std::numbers::pi / 180;
 constexpr Field kBlock = textField(kInsert, 2), kPosition = pointField(kInsert, 10), kRotation = realField(kInsert, 50),
-                kFollow = integerField(kInsert, 66), kColumns = integerField(kInsert, 70), kRows = integerField(kInsert, 71),
-                kColumnSpacing = realField(kInsert, 44), kRowSpacing = realField(kInsert, 45);
+                kFollow = integerField(kInsert, 66), kColumns = integerField(kInsert, 70),
+                kRows = integerField(kInsert, 71), kColumnSpacing = realField(kInsert, 44),
+                kRowSpacing = realField(kInsert, 45);
 constexpr Field kScale[3] = {realField(kInsert, 41, 1), realField(kInsert, 42, 1), realField(kInsert, 43, 1)};
 
 const Record& recordOf(const AcDbObject* object) { return AcDbImpObject::of(object).record; }
@@ -28,7 +29,8 @@ const Record& recordOf(const AcDbObject* object) { return AcDbImpObject::of(obje
 // Blocks whose extents are being taken: one that comes round to itself, by references or dimensions, adds nothing.
 class InProgress {
  public:
-  explicit InProgress(const AcDbStub* block) : again_(std::find(blocks().begin(), blocks().end(), block) != blocks().end()) {
+  explicit InProgress(const AcDbStub* block)
+      : again_(std::find(blocks().begin(), blocks().end(), block) != blocks().end()) {
     blocks().push_back(block);
   }
   ~InProgress() { blocks().pop_back(); }
@@ -135,7 +137,8 @@ AcGeMatrix3d AcDbBlockReference::blockTransform() const {
   if (const AcDbObjectPointer<AcDbBlockTableRecord> block(blockTableRecord()); block.openStatus() == Acad::eOk)
     origin = block->origin();
   return AcGeMatrix3d::translation(position().asVector()) * AcGeMatrix3d().setToPlaneToWorld(normal()) *
-         AcGeMatrix3d::rotation(rotation(), AcGeVector3d(0, 0, 1)) * scale * AcGeMatrix3d::translation(-origin.asVector());
+         AcGeMatrix3d::rotation(rotation(), AcGeVector3d(0, 0, 1)) * scale *
+         AcGeMatrix3d::translation(-origin.asVector());
 }
 
 Acad::ErrorStatus AcDbBlockReference::setBlockTableRecord(AcDbObjectId block) {
@@ -170,7 +173,8 @@ Acad::ErrorStatus AcDbBlockReference::appendAttribute(AcDbAttribute* attribute) 
   AcDbObjectId id;
   return appendAttribute(id, attribute);
 }
-Acad::ErrorStatus AcDbBlockReference::openAttribute(AcDbAttribute*& attribute, AcDbObjectId id, AcDb::OpenMode mode, bool openErased) const {
+Acad::ErrorStatus AcDbBlockReference::openAttribute(AcDbAttribute*& attribute, AcDbObjectId id, AcDb::OpenMode mode,
+                                                    bool openErased) const {
   return acdbOpenObject(attribute, id, mode, openErased);
 }
 AcDbObjectIterator* AcDbBlockReference::attributeIterator() const {
@@ -187,7 +191,9 @@ Acad::ErrorStatus AcDbBlockReference::getGeomExtents(AcDbExtents& extents) const
   for (; !it->done(); it->step()) {
     const AcDbObjectPointer<AcDbAttribute> attribute(it->objectId());
     AcDbExtents part;
-    if (attribute.openStatus() == Acad::eOk && !attribute->isInvisible() && attribute->getGeomExtents(part) == Acad::eOk) box.addExt(part);
+    if (attribute.openStatus() == Acad::eOk && !attribute->isInvisible() &&
+        attribute->getGeomExtents(part) == Acad::eOk)
+      box.addExt(part);
   }
   if (box.isEmpty()) return Acad::eInvalidExtents;
   extents = box;

@@ -159,7 +159,8 @@ void appendGroups(std::vector<Group>& groups, const resbuf& node, AcDbImpDatabas
       break;
     }
     case GroupKind::binary:
-      groups.push_back(Group::binary(code, std::string(node.resval.rbinary.buf, static_cast<std::size_t>(node.resval.rbinary.clen))));
+      groups.push_back(Group::binary(
+          code, std::string(node.resval.rbinary.buf, static_cast<std::size_t>(node.resval.rbinary.clen))));
       break;
   }
 }
@@ -189,11 +190,17 @@ enum class Argument { none, text, real, point, integer, longInteger, name, binar
 
 Argument argumentOf(int restype) {
   switch (restype) {
-    case RTREAL: case RTANG: case RTORINT: return Argument::real;
-    case RTPOINT: case RT3DPOINT: return Argument::point;
-    case RTSHORT: case RTLONG: return Argument::integer;
-    case RTSTR: case RTDXF0: return Argument::text;
-    case RTENAME: case RTPICKS: return Argument::name;
+    case RTREAL:
+    case RTANG:
+    case RTORINT: return Argument::real;
+    case RTPOINT:
+    case RT3DPOINT: return Argument::point;
+    case RTSHORT:
+    case RTLONG: return Argument::integer;
+    case RTSTR:
+    case RTDXF0: return Argument::text;
+    case RTENAME:
+    case RTPICKS: return Argument::name;
     default: break;
   }
   if (restype == -1 || restype == -2) return Argument::name;

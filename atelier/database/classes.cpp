@@ -15,11 +15,11 @@ AcRxClass* AcRxObject::desc() {
 }
 AcRxClass* AcRxObject::isA() const { return desc(); }
 
-#define ATELIER_CLASS(CLASS, PARENT, DXF, MAKER)                       \
-  AcRxClass* CLASS::desc() {                                           \
-    static AcRxClass rxClass(L"" #CLASS, PARENT::desc(), DXF, MAKER);  \
-    return &rxClass;                                                   \
-  }                                                                    \
+#define ATELIER_CLASS(CLASS, PARENT, DXF, MAKER)                      \
+  AcRxClass* CLASS::desc() {                                          \
+    static AcRxClass rxClass(L"" #CLASS, PARENT::desc(), DXF, MAKER); \
+    return &rxClass;                                                  \
+  }                                                                   \
   AcRxClass* CLASS::isA() const { return desc(); }
 #define MAKES(CLASS) [] { return static_cast<AcRxObject*>(new CLASS); }
 
@@ -79,15 +79,45 @@ namespace atelier {
 namespace {
 
 using Describer = AcRxClass* (*)();
-constexpr Describer kDescribers[] = {
-    AcDbObject::desc, AcDbEntity::desc, AcDbCurve::desc, AcDbLine::desc, AcDbRay::desc, AcDbXline::desc,
-    AcDbCircle::desc, AcDbArc::desc, AcDbEllipse::desc, AcDbSpline::desc, AcDbPolyline::desc, AcDb2dPolyline::desc,
-    AcDb3dPolyline::desc, AcDbVertex::desc, AcDbPoint::desc, AcDbText::desc, AcDbAttributeDefinition::desc,
-    AcDbAttribute::desc, AcDbMText::desc, AcDbBlockReference::desc, AcDbSolid::desc, AcDbFace::desc, AcDbRegion::desc,
-    AcDbHatch::desc, AcDbDimension::desc, AcDbSymbolTable::desc, AcDbBlockTable::desc, AcDbLayerTable::desc,
-    AcDbTextStyleTable::desc, AcDbLinetypeTable::desc, AcDbRegAppTable::desc, AcDbBlockTableRecord::desc,
-    AcDbLayerTableRecord::desc, AcDbTextStyleTableRecord::desc, AcDbLinetypeTableRecord::desc,
-    AcDbRegAppTableRecord::desc, AcDbDictionary::desc, AcDbXrecord::desc, AcDbGroup::desc};
+constexpr Describer kDescribers[] = {AcDbObject::desc,
+                                     AcDbEntity::desc,
+                                     AcDbCurve::desc,
+                                     AcDbLine::desc,
+                                     AcDbRay::desc,
+                                     AcDbXline::desc,
+                                     AcDbCircle::desc,
+                                     AcDbArc::desc,
+                                     AcDbEllipse::desc,
+                                     AcDbSpline::desc,
+                                     AcDbPolyline::desc,
+                                     AcDb2dPolyline::desc,
+                                     AcDb3dPolyline::desc,
+                                     AcDbVertex::desc,
+                                     AcDbPoint::desc,
+                                     AcDbText::desc,
+                                     AcDbAttributeDefinition::desc,
+                                     AcDbAttribute::desc,
+                                     AcDbMText::desc,
+                                     AcDbBlockReference::desc,
+                                     AcDbSolid::desc,
+                                     AcDbFace::desc,
+                                     AcDbRegion::desc,
+                                     AcDbHatch::desc,
+                                     AcDbDimension::desc,
+                                     AcDbSymbolTable::desc,
+                                     AcDbBlockTable::desc,
+                                     AcDbLayerTable::desc,
+                                     AcDbTextStyleTable::desc,
+                                     AcDbLinetypeTable::desc,
+                                     AcDbRegAppTable::desc,
+                                     AcDbBlockTableRecord::desc,
+                                     AcDbLayerTableRecord::desc,
+                                     AcDbTextStyleTableRecord::desc,
+                                     AcDbLinetypeTableRecord::desc,
+                                     AcDbRegAppTableRecord::desc,
+                                     AcDbDictionary::desc,
+                                     AcDbXrecord::desc,
+                                     AcDbGroup::desc};
 
 }  // namespace
 

@@ -64,7 +64,8 @@ class Cloner {
       Record& record = AcDbImpObject::of(stub->object).record;
       for (Group& group : record.groups) {
         const int code = group.code();
-        const bool reference = (code >= 330 && code <= 369) || (code >= 390 && code <= 399) || code == 1005 || code == 480 || code == 481;
+        const bool reference =
+            (code >= 330 && code <= 369) || (code >= 390 && code <= 399) || code == 1005 || code == 480 || code == 481;
         if (!reference || group.handle() == 0) continue;
         const auto it = handles.find(group.handle());
         if (it != handles.end()) group = Group::handle(code, it->second);
@@ -81,7 +82,8 @@ class Cloner {
  private:
   static void removeEmptyExtension(Record& record) {
     const auto bounds = record.braces(kExtension);
-    if (bounds && bounds->first < bounds->second && record.groups[bounds->first].handle() == 0) removeBraces(record, kExtension);
+    if (bounds && bounds->first < bounds->second && record.groups[bounds->first].handle() == 0)
+      removeBraces(record, kExtension);
   }
 
   // Layers, styles, line types, applications and blocks go by name: what the target lacks is copied with the entity.
@@ -108,7 +110,8 @@ class Cloner {
     }
     head->children->push_back(&clone(*original, *head));
     target_.forgetTableIndex();
-    if (table == "LAYER") need("LTYPE", AcDbImpObject::of(original->object).record.text(textField("AcDbLayerTableRecord", 6)), *original);
+    if (table == "LAYER")
+      need("LTYPE", AcDbImpObject::of(original->object).record.text(textField("AcDbLayerTableRecord", 6)), *original);
   }
 
  public:
@@ -157,7 +160,8 @@ class Cloner {
 
 }  // namespace
 
-Acad::ErrorStatus AcDbDatabase::deepCloneObjects(const AcDbObjectIdArray& objects, AcDbObjectId owner, AcDbIdMapping& mapping, bool) {
+Acad::ErrorStatus AcDbDatabase::deepCloneObjects(const AcDbObjectIdArray& objects, AcDbObjectId owner,
+                                                 AcDbIdMapping& mapping, bool) {
   AcDbStub* target = owner;
   if (!target) return Acad::eNullObjectId;
   Cloner cloner(*target->database);
@@ -187,7 +191,8 @@ Acad::ErrorStatus AcDbDatabase::insert(AcDbObjectId& blockId, const ACHAR* block
   // The base point of the drawing becomes the origin of the block.
   if (const auto* base = source->impDatabase()->header.find("$INSBASE"); base && base->values.size() >= 2) {
     const AcDbObjectPointer<AcDbBlockTableRecord> block(idOf(&made), AcDb::kForWrite);
-    block->setOrigin(AcGePoint3d(base->values[0].real(), base->values[1].real(), base->values.size() > 2 ? base->values[2].real() : 0));
+    block->setOrigin(AcGePoint3d(base->values[0].real(), base->values[1].real(),
+                                 base->values.size() > 2 ? base->values[2].real() : 0));
   }
   blockId = idOf(&made);
   return Acad::eOk;

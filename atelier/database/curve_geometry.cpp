@@ -27,12 +27,17 @@ Result endless(const AcGePoint3d& base, const AcGeVector3d& direction, bool befo
 Result geometryOf(const AcDbRay& ray) { return endless(ray.basePoint(), ray.unitDir(), false); }
 Result geometryOf(const AcDbXline& line) { return endless(line.basePoint(), line.unitDir(), true); }
 
-Result round(const AcGePoint3d& centre, const AcGeVector3d& normal, double radius, double from, double to, bool closed) {
+Result round(const AcGePoint3d& centre, const AcGeVector3d& normal, double radius, double from, double to,
+             bool closed) {
   if (!(radius > 0)) return nullptr;
   const AcGeMatrix3d plane = AcGeMatrix3d().setToPlaneToWorld(normal);
-  return Curve::of({{Elliptic{centre, plane * AcGeVector3d(radius, 0, 0), plane * AcGeVector3d(0, radius, 0), from, to}, from, to}}, closed);
+  return Curve::of(
+      {{Elliptic{centre, plane * AcGeVector3d(radius, 0, 0), plane * AcGeVector3d(0, radius, 0), from, to}, from, to}},
+      closed);
 }
-Result geometryOf(const AcDbCircle& circle) { return round(circle.center(), circle.normal(), circle.radius(), 0, kTurn, true); }
+Result geometryOf(const AcDbCircle& circle) {
+  return round(circle.center(), circle.normal(), circle.radius(), 0, kTurn, true);
+}
 Result geometryOf(const AcDbArc& arc) {
   return round(arc.center(), arc.normal(), arc.radius(), arc.startAngle(), arc.startAngle() + arc.totalAngle(), false);
 }
@@ -40,7 +45,8 @@ Result geometryOf(const AcDbArc& arc) {
 Result geometryOf(const AcDbEllipse& ellipse) {
   const AcGeVector3d u = ellipse.majorAxis(), v = ellipse.normal().normal().crossProduct(u) * ellipse.radiusRatio();
   if (!(u.length() > 0) || !(v.length() > 0)) return nullptr;
-  const double from = ellipse.startParam(), to = ellipse.endParam() > from ? ellipse.endParam() : ellipse.endParam() + kTurn;
+  const double from = ellipse.startParam(),
+               to = ellipse.endParam() > from ? ellipse.endParam() : ellipse.endParam() + kTurn;
   return Curve::of({{Elliptic{ellipse.center(), u, v, from, to}, from, to}}, ellipse.isClosed());
 }
 
@@ -77,7 +83,8 @@ Result cornered(const std::vector<Corner>& corners, bool closed, const AcGeVecto
   pieces.reserve(count);
   for (std::size_t i = 0; i + (closed ? 0 : 1) < count; ++i) {
     const double from = static_cast<double>(i);
-    pieces.push_back({bulgeShape(corners[i].point, corners[(i + 1) % count].point, corners[i].bulge, normal), from, from + 1});
+    pieces.push_back(
+        {bulgeShape(corners[i].point, corners[(i + 1) % count].point, corners[i].bulge, normal), from, from + 1});
   }
   return Curve::of(std::move(pieces), closed);
 }
@@ -96,7 +103,8 @@ Result geometryOf(const AcDb2dPolyline& polyline) {
   const AcGeVector3d normal = polyline.normal();
   std::vector<Corner> corners;
   for (const AcDbVertex* v : drawnVertices(polyline))
-    corners.push_back({toWorld(AcGePoint3d(v->position().x, v->position().y, polyline.elevation()), normal), v->bulge()});
+    corners.push_back(
+        {toWorld(AcGePoint3d(v->position().x, v->position().y, polyline.elevation()), normal), v->bulge()});
   return cornered(corners, polyline.isClosed(), normal);
 }
 

@@ -47,7 +47,8 @@ Parts cutLine(const AcDbLine& line, const Curve& curve, const std::vector<double
 }
 
 // Rays at the endless sides, lines between.
-Parts cutEndless(const AcDbCurve& entity, const Curve& curve, const AcGeVector3d& direction, bool before, const std::vector<double>& bounds) {
+Parts cutEndless(const AcDbCurve& entity, const Curve& curve, const AcGeVector3d& direction, bool before,
+                 const std::vector<double>& bounds) {
   Parts parts;
   const auto ray = [&](double from, const AcGeVector3d& along) {
     auto part = std::make_unique<AcDbRay>();
@@ -56,10 +57,8 @@ Parts cutEndless(const AcDbCurve& entity, const Curve& curve, const AcGeVector3d
     parts.push_back(std::move(part));
   };
   std::vector<double> places = bounds;
-  if (before)
-    ray(places.front(), -direction);
-  else
-    places.insert(places.begin(), curve.startParam());
+  if (before) ray(places.front(), -direction);
+  else places.insert(places.begin(), curve.startParam());
   for (std::size_t i = 0; i + 1 < places.size(); ++i)
     parts.push_back(std::make_unique<AcDbLine>(*curve.pointAt(places[i]), *curve.pointAt(places[i + 1])));
   ray(places.back(), direction);
@@ -92,7 +91,8 @@ std::unique_ptr<AcDbCurve> arcPart(const AcDbArc& whole, double from, double to)
   return arc;
 }
 std::unique_ptr<AcDbCurve> ellipsePart(const AcDbEllipse& whole, double from, double to) {
-  auto part = std::make_unique<AcDbEllipse>(whole.center(), whole.normal(), whole.majorAxis(), whole.radiusRatio(), from, to);
+  auto part =
+      std::make_unique<AcDbEllipse>(whole.center(), whole.normal(), whole.majorAxis(), whole.radiusRatio(), from, to);
   part->setPropertiesFrom(&whole);
   return part;
 }
@@ -132,7 +132,8 @@ std::vector<PolylineVertex> stretchOf(const std::vector<PolylineVertex>& all, bo
   const auto at = [&](std::size_t i) -> const PolylineVertex& { return all[i % all.size()]; };
   const auto whole = [](double t) { return static_cast<std::size_t>(std::floor(t + kAtVertex)); };
   std::size_t first = whole(from), last = whole(to);
-  const double before = std::max(0.0, from - static_cast<double>(first)), after = std::max(0.0, to - static_cast<double>(last));
+  const double before = std::max(0.0, from - static_cast<double>(first)),
+               after = std::max(0.0, to - static_cast<double>(last));
   const bool insideFirst = before > kAtVertex, insideLast = after > kAtVertex;
   std::vector<PolylineVertex> out;
   out.reserve(last - first + 2);
@@ -185,7 +186,8 @@ Parts cutOldPolyline(const AcDb2dPolyline& polyline, const Curve& curve, const s
   light.setElevation(polyline.elevation());
   if (!isWorldPlane(polyline.normal())) light.setNormal(polyline.normal());
   for (const AcDbVertex* v : drawnVertices(polyline))
-    light.addVertexAt(light.numVerts(), AcGePoint2d(v->position().x, v->position().y), v->bulge(), v->startWidth(), v->endWidth());
+    light.addVertexAt(light.numVerts(), AcGePoint2d(v->position().x, v->position().y), v->bulge(), v->startWidth(),
+                      v->endWidth());
   return cutPolyline(light, curve, bounds);
 }
 

@@ -63,19 +63,19 @@ Acad::ErrorStatus AcDbLine::transformBy(const AcGeMatrix3d& m) {
   return status != Acad::eOk ? status : setEndPoint(m * endPoint());
 }
 
-#define ATELIER_UNBOUNDED(CLASS, TYPE, BASE, DIRECTION)                                                         \
-  CLASS::CLASS() { initRecord(*this, TYPE); }                                                                   \
-  AcGePoint3d CLASS::basePoint() const { return recordOf(this).point(BASE); }                                   \
-  AcGeVector3d CLASS::unitDir() const { return recordOf(this).point(DIRECTION).asVector(); }                    \
-  Acad::ErrorStatus CLASS::setBasePoint(const AcGePoint3d& p) { return impOf(this).setPoint(BASE, p); }         \
-  Acad::ErrorStatus CLASS::setUnitDir(const AcGeVector3d& d) {                                                  \
-    if (d.isZeroLength()) return Acad::eInvalidInput;                                                           \
-    return impOf(this).setPoint(DIRECTION, AcGePoint3d() + d.normal());                                         \
-  }                                                                                                             \
-  Acad::ErrorStatus CLASS::transformBy(const AcGeMatrix3d& m) {                                                 \
-    const AcGeVector3d d = m * unitDir();                                                                       \
-    const Acad::ErrorStatus status = setBasePoint(m * basePoint());                                             \
-    return status != Acad::eOk ? status : setUnitDir(d);                                                        \
+#define ATELIER_UNBOUNDED(CLASS, TYPE, BASE, DIRECTION)                                                 \
+  CLASS::CLASS() { initRecord(*this, TYPE); }                                                           \
+  AcGePoint3d CLASS::basePoint() const { return recordOf(this).point(BASE); }                           \
+  AcGeVector3d CLASS::unitDir() const { return recordOf(this).point(DIRECTION).asVector(); }            \
+  Acad::ErrorStatus CLASS::setBasePoint(const AcGePoint3d& p) { return impOf(this).setPoint(BASE, p); } \
+  Acad::ErrorStatus CLASS::setUnitDir(const AcGeVector3d& d) {                                          \
+    if (d.isZeroLength()) return Acad::eInvalidInput;                                                   \
+    return impOf(this).setPoint(DIRECTION, AcGePoint3d() + d.normal());                                 \
+  }                                                                                                     \
+  Acad::ErrorStatus CLASS::transformBy(const AcGeMatrix3d& m) {                                         \
+    const AcGeVector3d d = m * unitDir();                                                               \
+    const Acad::ErrorStatus status = setBasePoint(m * basePoint());                                     \
+    return status != Acad::eOk ? status : setUnitDir(d);                                                \
   }
 ATELIER_UNBOUNDED(AcDbRay, "RAY", kRayBase, kRayDir)
 ATELIER_UNBOUNDED(AcDbXline, "XLINE", kXlineBase, kXlineDir)
@@ -134,7 +134,8 @@ Acad::ErrorStatus AcDbCircle::transformBy(const AcGeMatrix3d& m) { return transf
 AcDbArc::AcDbArc() { initRecord(*this, "ARC"); }
 AcDbArc::AcDbArc(const AcGePoint3d& centre, double radius, double startAngle, double endAngle)
     : AcDbArc(centre, AcGeVector3d(0, 0, 1), radius, startAngle, endAngle) {}
-AcDbArc::AcDbArc(const AcGePoint3d& centre, const AcGeVector3d& normal, double radius, double startAngle, double endAngle)
+AcDbArc::AcDbArc(const AcGePoint3d& centre, const AcGeVector3d& normal, double radius, double startAngle,
+                 double endAngle)
     : AcDbArc() {
   ::setNormal(this, normal);
   ::setCentre(this, centre);

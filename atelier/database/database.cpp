@@ -31,7 +31,9 @@ AcDbObjectId AcDbDatabase::regAppTableId() const { return idOf(mpImp->table("APP
 AcDbObjectId AcDbDatabase::namedObjectsDictionaryId() const { return idOf(mpImp->rootDictionary); }
 AcDbObjectId AcDbDatabase::groupDictionaryId() const { return idOf(&mpImp->namedDictionary("ACAD_GROUP")); }
 bool AcDbDatabase::tilemode() const { return mpImp->header.integer("$TILEMODE", 1) != 0; }
-AcDbObjectId AcDbDatabase::currentSpaceId() const { return idOf(tilemode() ? mpImp->modelSpace() : mpImp->paperSpace()); }
+AcDbObjectId AcDbDatabase::currentSpaceId() const {
+  return idOf(tilemode() ? mpImp->modelSpace() : mpImp->paperSpace());
+}
 
 AcDbObjectId AcDbDatabase::textstyle() const {
   AcDbStub* style = mpImp->tableRecord("STYLE", mpImp->header.text("$TEXTSTYLE", "Standard"));
@@ -52,12 +54,18 @@ Acad::ErrorStatus AcDbDatabase::setClayer(AcDbObjectId layer) {
   return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbDatabase::getBlockTable(AcDbBlockTable*& t, AcDb::OpenMode mode) { return acdbOpenObject(t, blockTableId(), mode); }
-Acad::ErrorStatus AcDbDatabase::getLayerTable(AcDbLayerTable*& t, AcDb::OpenMode mode) { return acdbOpenObject(t, layerTableId(), mode); }
+Acad::ErrorStatus AcDbDatabase::getBlockTable(AcDbBlockTable*& t, AcDb::OpenMode mode) {
+  return acdbOpenObject(t, blockTableId(), mode);
+}
+Acad::ErrorStatus AcDbDatabase::getLayerTable(AcDbLayerTable*& t, AcDb::OpenMode mode) {
+  return acdbOpenObject(t, layerTableId(), mode);
+}
 Acad::ErrorStatus AcDbDatabase::getTextStyleTable(AcDbTextStyleTable*& t, AcDb::OpenMode mode) {
   return acdbOpenObject(t, textStyleTableId(), mode);
 }
-Acad::ErrorStatus AcDbDatabase::getRegAppTable(AcDbRegAppTable*& t, AcDb::OpenMode mode) { return acdbOpenObject(t, regAppTableId(), mode); }
+Acad::ErrorStatus AcDbDatabase::getRegAppTable(AcDbRegAppTable*& t, AcDb::OpenMode mode) {
+  return acdbOpenObject(t, regAppTableId(), mode);
+}
 Acad::ErrorStatus AcDbDatabase::getNamedObjectsDictionary(AcDbDictionary*& d, AcDb::OpenMode mode) {
   return acdbOpenObject(d, namedObjectsDictionaryId(), mode);
 }
@@ -105,7 +113,8 @@ AcDbStub& AcDbImpDatabase::namedDictionary(std::string_view key) {
   AcDbObjectId id;
   {
     const AcDbObjectPointer<AcDbDictionary> root(idOf(rootDictionary));
-    if (root.openStatus() == Acad::eOk && root->getAt(name.c_str(), id) == Acad::eOk) return *static_cast<AcDbStub*>(id);
+    if (root.openStatus() == Acad::eOk && root->getAt(name.c_str(), id) == Acad::eOk)
+      return *static_cast<AcDbStub*>(id);
   }
   const AcDbObjectPointer<AcDbDictionary> root(idOf(rootDictionary), AcDb::kForWrite);
   ATELIER_ASSERT(root.openStatus() == Acad::eOk);

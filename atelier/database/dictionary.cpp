@@ -18,14 +18,18 @@ AcDbImpDatabase& databaseOf(const AcDbDictionary* dictionary) { return *stubOf(d
 
 constexpr Field kHardOwner = integerField("AcDbDictionary", 280);
 
-bool isEntry(const Group& key, const Group& value) { return key.code() == 3 && (value.code() == 350 || value.code() == 360 || value.code() == 340 || value.code() == 330); }
+bool isEntry(const Group& key, const Group& value) {
+  return key.code() == 3 && (value.code() == 350 || value.code() == 360 || value.code() == 340 || value.code() == 330);
+}
 
 // Visits key and handle of each entry; stops when the visitor answers true. Gives the index of the key's group.
 template <class VISIT>
 std::size_t findEntry(const Record& record, VISIT visit) {
   const std::size_t end = record.xdataStart();
   for (std::size_t i = 0; i + 1 < end; ++i)
-    if (isEntry(record.groups[i], record.groups[i + 1]) && visit(record.groups[i].text(), record.groups[i + 1].handle())) return i;
+    if (isEntry(record.groups[i], record.groups[i + 1]) &&
+        visit(record.groups[i].text(), record.groups[i + 1].handle()))
+      return i;
   return Record::npos;
 }
 
@@ -107,7 +111,8 @@ Acad::ErrorStatus AcDbDictionary::remove(const ACHAR* key) {
   if (i == Record::npos) return Acad::eKeyNotFound;
   AcDbStub* stub = databaseOf(this).stubOf(record->groups[i + 1].handle());
   if (stub && stub->owner == stubOf(this)) eraseWithOwned(*stub, true);
-  record->groups.erase(record->groups.begin() + static_cast<std::ptrdiff_t>(i), record->groups.begin() + static_cast<std::ptrdiff_t>(i + 2));
+  record->groups.erase(record->groups.begin() + static_cast<std::ptrdiff_t>(i),
+                       record->groups.begin() + static_cast<std::ptrdiff_t>(i + 2));
   return Acad::eOk;
 }
 Acad::ErrorStatus AcDbDictionary::remove(AcDbObjectId id) {
@@ -124,7 +129,9 @@ Acad::ErrorStatus AcDbDictionary::nameAt(AcDbObjectId id, AcString& key) const {
   return Acad::eOk;
 }
 bool AcDbDictionary::isTreatElementsAsHard() const { return recordOf(this).integer(kHardOwner) != 0; }
-Acad::ErrorStatus AcDbDictionary::setTreatElementsAsHard(bool hard) { return impOf(this).setInteger(kHardOwner, hard ? 1 : 0); }
+Acad::ErrorStatus AcDbDictionary::setTreatElementsAsHard(bool hard) {
+  return impOf(this).setInteger(kHardOwner, hard ? 1 : 0);
+}
 AcArray<AcString> AcDbDictionary::keys() const {
   AcArray<AcString> list;
   findEntry(recordOf(this), [&](const std::string& name, std::uint64_t handle) {
@@ -178,9 +185,12 @@ Acad::ErrorStatus AcDbXrecord::clear() {
   Record* record = impOf(this).writable();
   if (!record) return Acad::eNotOpenForWrite;
   const auto [begin, end] = items(*record);
-  record->groups.erase(record->groups.begin() + static_cast<std::ptrdiff_t>(begin), record->groups.begin() + static_cast<std::ptrdiff_t>(end));
+  record->groups.erase(record->groups.begin() + static_cast<std::ptrdiff_t>(begin),
+                       record->groups.begin() + static_cast<std::ptrdiff_t>(end));
   return Acad::eOk;
 }
 // References in a record are handles and are translated on every clone: the flag has nothing to switch.
 bool AcDbXrecord::isXlateReferences() const { return true; }
-Acad::ErrorStatus AcDbXrecord::setXlateReferences(bool) { return impOf(this).isWritable() ? Acad::eOk : Acad::eNotOpenForWrite; }
+Acad::ErrorStatus AcDbXrecord::setXlateReferences(bool) {
+  return impOf(this).isWritable() ? Acad::eOk : Acad::eNotOpenForWrite;
+}

@@ -70,7 +70,9 @@ Acad::ErrorStatus AcDbEntity::setLayer(AcDbObjectId id, bool) {
 }
 
 AcString AcDbEntity::linetypeName() const { return toWide(AcDbImpObject::of(this).record.text(kLinetype)); }
-Acad::ErrorStatus AcDbEntity::setLinetype(const ACHAR* name) { return AcDbImpObject::of(this).setText(kLinetype, toUtf8(name)); }
+Acad::ErrorStatus AcDbEntity::setLinetype(const ACHAR* name) {
+  return AcDbImpObject::of(this).setText(kLinetype, toUtf8(name));
+}
 double AcDbEntity::linetypeScale() const { return AcDbImpObject::of(this).record.real(kScale); }
 Acad::ErrorStatus AcDbEntity::setLinetypeScale(double scale) { return AcDbImpObject::of(this).setReal(kScale, scale); }
 AcDb::LineWeight AcDbEntity::lineWeight() const {
@@ -122,7 +124,8 @@ void AcDbEntity::setDatabaseDefaults(AcDbDatabase* database) {
   AcDbImpObject& imp = AcDbImpObject::of(this);
   imp.setText(kLayer, db->header.text("$CLAYER", "0"));
   if (const std::int64_t color = db->header.integer("$CECOLOR", 256); color != 256) imp.setInteger(kColor, color);
-  if (const std::string type = db->header.text("$CELTYPE", "ByLayer"); !equalNoCase(type, "ByLayer")) imp.setText(kLinetype, type);
+  if (const std::string type = db->header.text("$CELTYPE", "ByLayer"); !equalNoCase(type, "ByLayer"))
+    imp.setText(kLinetype, type);
 }
 
 Acad::ErrorStatus AcDbEntity::getGeomExtents(AcDbExtents&) const { return Acad::eInvalidExtents; }

@@ -20,14 +20,17 @@ constexpr Field kLayer = textField("AcDbEntity", 8);
 // Groups 50 to 58 are angles: degrees in the drawing, radians in lists.
 bool isAngle(const Group& group) { return group.code() >= 50 && group.code() <= 58 && group.kind() == GroupKind::real; }
 
-Group inRadians(const Group& group) { return isAngle(group) ? Group::real(group.code(), group.real() * std::numbers::pi / 180) : group; }
+Group inRadians(const Group& group) {
+  return isAngle(group) ? Group::real(group.code(), group.real() * std::numbers::pi / 180) : group;
+}
 
 // Degrees that went to radians and back come out as they were.
 Group inDegrees(const Group& group) {
   if (!isAngle(group)) return group;
   constexpr double kDigits = 1e10, kSame = 1e-12;
   const double degrees = group.real() * 180 / std::numbers::pi, rounded = std::round(degrees * kDigits) / kDigits;
-  return Group::real(group.code(), std::abs(degrees - rounded) <= kSame * std::max(1.0, std::abs(degrees)) ? rounded : degrees);
+  return Group::real(group.code(),
+                     std::abs(degrees - rounded) <= kSame * std::max(1.0, std::abs(degrees)) ? rounded : degrees);
 }
 
 std::string textOf(const std::vector<Group>& groups, int code) {
@@ -45,8 +48,11 @@ bool named(std::span<const std::string> applications, const std::string& applica
 bool referencesExist(AcDbImpDatabase& db, const std::vector<Group>& groups) {
   for (const Group& group : groups) {
     if (group.code() == 1001 && !db.tableRecord("APPID", group.text())) return false;
-    if (group.code() == 7 && group.kind() == GroupKind::text && !group.text().empty() && !db.tableRecord("STYLE", group.text())) return false;
-    if (group.code() == 6 && !equalNoCase(group.text(), "BYLAYER") && !equalNoCase(group.text(), "BYBLOCK") && !db.tableRecord("LTYPE", group.text()))
+    if (group.code() == 7 && group.kind() == GroupKind::text && !group.text().empty() &&
+        !db.tableRecord("STYLE", group.text()))
+      return false;
+    if (group.code() == 6 && !equalNoCase(group.text(), "BYLAYER") && !equalNoCase(group.text(), "BYBLOCK") &&
+        !db.tableRecord("LTYPE", group.text()))
       return false;
   }
   return true;
@@ -87,8 +93,11 @@ Record arranged(const std::vector<Group>& given) {
       xdata.push_back(group);
       continue;
     }
-    const auto field = std::find_if(format->fields.begin(), format->fields.end(), [&](const Field& f) { return f.code == group.code(); });
-    const bool repeated = field != format->fields.end() && std::count_if(given.begin(), given.end(), [&](const Group& g) { return g.code() == group.code(); }) > 1;
+    const auto field = std::find_if(format->fields.begin(), format->fields.end(),
+                                    [&](const Field& f) { return f.code == group.code(); });
+    const bool repeated =
+        field != format->fields.end() &&
+        std::count_if(given.begin(), given.end(), [&](const Group& g) { return g.code() == group.code(); }) > 1;
     if (field == format->fields.end() || repeated) {
       loose.push_back(group);
       continue;
@@ -154,7 +163,8 @@ AcDbObject* objectFrom(Record record, bool entity) {
 }  // namespace
 
 std::string_view tableForType(std::string_view type) {
-  for (const std::string_view name : {"LAYER", "STYLE", "LTYPE", "APPID", "DIMSTYLE", "VIEW", "UCS", "VPORT", "BLOCK_RECORD"})
+  for (const std::string_view name :
+       {"LAYER", "STYLE", "LTYPE", "APPID", "DIMSTYLE", "VIEW", "UCS", "VPORT", "BLOCK_RECORD"})
     if (name == type) return name;
   return {};
 }
@@ -165,7 +175,8 @@ std::vector<Group> groupsOf(AcDbStub& stub, std::span<const std::string> applica
   const std::size_t start = record.xdataStart();
   std::vector<Group> groups;
   groups.reserve(record.groups.size());
-  std::transform(record.groups.begin(), record.groups.begin() + static_cast<std::ptrdiff_t>(start), std::back_inserter(groups), inRadians);
+  std::transform(record.groups.begin(), record.groups.begin() + static_cast<std::ptrdiff_t>(start),
+                 std::back_inserter(groups), inRadians);
   bool wanted = false;
   for (std::size_t i = start; i < record.groups.size(); ++i) {
     if (record.groups[i].code() == 1001) wanted = named(applications, record.groups[i].text());
@@ -193,7 +204,8 @@ bool changeObject(AcDbStub& stub, std::vector<Group> groups) {
   Record after = completed(std::move(groups));
   // A lone application name removes its data.
   for (std::size_t i = after.xdataStart(); i < after.groups.size();) {
-    const bool lone = after.groups[i].code() == 1001 && (i + 1 == after.groups.size() || after.groups[i + 1].code() == 1001);
+    const bool lone =
+        after.groups[i].code() == 1001 && (i + 1 == after.groups.size() || after.groups[i + 1].code() == 1001);
     if (lone) after.groups.erase(after.groups.begin() + static_cast<std::ptrdiff_t>(i));
     else ++i;
   }
@@ -270,8 +282,10 @@ EntityMaker::Result EntityMaker::follow(Record given) {
   const bool ends = given.type() == "SEQEND";
   // The mark of the vertex follows from its polyline when the list leaves it out.
   if (given.type() == "VERTEX") {
-    constexpr std::string_view kOwn[] = {"AcDb2dVertex", "AcDb3dPolylineVertex", "AcDbPolyFaceMeshVertex", "AcDbPolygonMeshVertex", "AcDbFaceRecord"};
-    if (std::none_of(std::begin(kOwn), std::end(kOwn), [&](std::string_view mark) { return given.section(mark).first != Record::npos; })) {
+    constexpr std::string_view kOwn[] = {"AcDb2dVertex", "AcDb3dPolylineVertex", "AcDbPolyFaceMeshVertex",
+                                         "AcDbPolygonMeshVertex", "AcDbFaceRecord"};
+    if (std::none_of(std::begin(kOwn), std::end(kOwn),
+                     [&](std::string_view mark) { return given.section(mark).first != Record::npos; })) {
       std::erase_if(given.groups, [](const Group& g) { return g.code() == 100; });
       given = arranged(given.groups);
     }
@@ -298,11 +312,14 @@ EntityMaker::Result EntityMaker::makeEntity(std::vector<Group> groups) {
     block_ = nullptr;
     return {block != nullptr, block};
   }
-  if (type == "SEQEND" || type == "VERTEX" || type == "ATTRIB" || (!formatOf(type) && given.section("AcDbEntity").first == Record::npos)) return {};
+  if (type == "SEQEND" || type == "VERTEX" || type == "ATTRIB" ||
+      (!formatOf(type) && given.section("AcDbEntity").first == Record::npos))
+    return {};
   if (type == "INSERT" && !db_.tableRecord("BLOCK_RECORD", given.text(textField("AcDbBlockReference", 2)))) return {};
   if (type == "ATTDEF" && !block_ && given.text(textField("AcDbAttributeDefinition", 2)).empty()) return {};
   ensureLayer(db_, given.text(kLayer));
-  const bool followed = type == "POLYLINE" || (type == "INSERT" && given.integer(integerField("AcDbBlockReference", 66)) == 1);
+  const bool followed =
+      type == "POLYLINE" || (type == "INSERT" && given.integer(integerField("AcDbBlockReference", 66)) == 1);
   AcDbStub* block = target();
   AcDbObject* made = objectFrom(std::move(given), true);
   AcDbStub& stub = db_.adopt(*made, *block);

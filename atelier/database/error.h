@@ -32,5 +32,4 @@ class Interrupted : public Error {
 
 }  // namespace atelier
 
-#define ATELIER_ASSERT(condition) \
-  ((condition) ? void(0) : ::atelier::invariantBroken(#condition, __FILE__, __LINE__))
+#define ATELIER_ASSERT(condition) ((condition) ? void(0) : ::atelier::invariantBroken(#condition, __FILE__, __LINE__))

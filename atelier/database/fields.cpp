@@ -12,26 +12,27 @@ constexpr auto A = Presence::always;
 constexpr auto O = Presence::optional;
 constexpr std::string_view kEntity = "AcDbEntity";
 
-#define COMMON_ENTITY                                                                                      \
-  {kEntity, 67, integer, O, 0, "", "paperSpace"}, {kEntity, 410, text, O, 0, "", "layout"},                \
-      {kEntity, 8, text, A, 0, "", "layer"}, {kEntity, 6, text, O, 0, "BYLAYER", "linetype"},             \
-      {kEntity, 62, integer, O, 256, "", "color"}, {kEntity, 370, integer, O, -1, "", "lineWeight"},       \
-      {kEntity, 48, real, O, 1, "", "linetypeScale"}, {kEntity, 60, integer, O, 0, "", "invisible"},       \
-      {kEntity, 420, integer, O, 0, "", "trueColor"}, {kEntity, 440, integer, O, 0, "", "transparency"}
+#define COMMON_ENTITY                                                                                \
+  {kEntity, 67, integer, O, 0, "", "paperSpace"}, {kEntity, 410, text, O, 0, "", "layout"},          \
+      {kEntity, 8, text, A, 0, "", "layer"}, {kEntity, 6, text, O, 0, "BYLAYER", "linetype"},        \
+      {kEntity, 62, integer, O, 256, "", "color"}, {kEntity, 370, integer, O, -1, "", "lineWeight"}, \
+      {kEntity, 48, real, O, 1, "", "linetypeScale"}, {kEntity, 60, integer, O, 0, "", "invisible"}, \
+      {kEntity, 420, integer, O, 0, "", "trueColor"}, {                                              \
+    kEntity, 440, integer, O, 0, "", "transparency"                                                  \
+  }
 
-#define NORMAL(subclass) {subclass, 210, point3, O, 0, "z", "normal"}
+#define NORMAL(subclass) \
+  { subclass, 210, point3, O, 0, "z", "normal" }
 
 constexpr Field kLine[] = {COMMON_ENTITY,
                            {"AcDbLine", 39, real, O, 0, "", "thickness"},
                            {"AcDbLine", 10, point3, A, 0, "", "start"},
                            {"AcDbLine", 11, point3, A, 0, "", "end"},
                            NORMAL("AcDbLine")};
-constexpr Field kRay[] = {COMMON_ENTITY,
-                          {"AcDbRay", 10, point3, A, 0, "", "base"},
-                          {"AcDbRay", 11, point3, A, 1, "x", "direction"}};
-constexpr Field kXline[] = {COMMON_ENTITY,
-                            {"AcDbXline", 10, point3, A, 0, "", "base"},
-                            {"AcDbXline", 11, point3, A, 1, "x", "direction"}};
+constexpr Field kRay[] = {
+    COMMON_ENTITY, {"AcDbRay", 10, point3, A, 0, "", "base"}, {"AcDbRay", 11, point3, A, 1, "x", "direction"}};
+constexpr Field kXline[] = {
+    COMMON_ENTITY, {"AcDbXline", 10, point3, A, 0, "", "base"}, {"AcDbXline", 11, point3, A, 1, "x", "direction"}};
 constexpr Field kCircle[] = {COMMON_ENTITY,
                              {"AcDbCircle", 39, real, O, 0, "", "thickness"},
                              {"AcDbCircle", 10, point3, A, 0, "", "centre"},
@@ -65,12 +66,12 @@ constexpr Field kPoint[] = {COMMON_ENTITY,
                             {"AcDbPoint", 10, point3, A, 0, "", "position"},
                             {"AcDbPoint", 39, real, O, 0, "", "thickness"},
                             NORMAL("AcDbPoint")};
-#define TEXT_FIELDS                                                                                       \
-  {"AcDbText", 39, real, O, 0, "", "thickness"}, {"AcDbText", 10, point3, A, 0, "", "position"},          \
-      {"AcDbText", 40, real, A, 0, "", "height"}, {"AcDbText", 1, text, A, 0, "", "text"},                \
-      {"AcDbText", 50, real, O, 0, "", "rotation"}, {"AcDbText", 41, real, O, 1, "", "widthFactor"},      \
-      {"AcDbText", 51, real, O, 0, "", "oblique"}, {"AcDbText", 7, text, A, 0, "Standard", "style"},      \
-      {"AcDbText", 71, integer, O, 0, "", "mirror"}, {"AcDbText", 72, integer, O, 0, "", "horizontal"},   \
+#define TEXT_FIELDS                                                                                     \
+  {"AcDbText", 39, real, O, 0, "", "thickness"}, {"AcDbText", 10, point3, A, 0, "", "position"},        \
+      {"AcDbText", 40, real, A, 0, "", "height"}, {"AcDbText", 1, text, A, 0, "", "text"},              \
+      {"AcDbText", 50, real, O, 0, "", "rotation"}, {"AcDbText", 41, real, O, 1, "", "widthFactor"},    \
+      {"AcDbText", 51, real, O, 0, "", "oblique"}, {"AcDbText", 7, text, A, 0, "Standard", "style"},    \
+      {"AcDbText", 71, integer, O, 0, "", "mirror"}, {"AcDbText", 72, integer, O, 0, "", "horizontal"}, \
       {"AcDbText", 11, point3, O, 0, "", "alignment"}, NORMAL("AcDbText")
 constexpr Field kText[] = {COMMON_ENTITY, TEXT_FIELDS, {"AcDbText#2", 73, integer, O, 0, "", "vertical"}};
 constexpr Field kAttdef[] = {COMMON_ENTITY,
@@ -136,11 +137,13 @@ constexpr Field kVertex[] = {COMMON_ENTITY,
                              {"AcDb2dVertex", 70, integer, A, 0, "", "flags"},
                              {"AcDb2dVertex", 50, real, O, 0, "", "tangent"}};
 constexpr Field kSeqend[] = {COMMON_ENTITY};
-#define FOUR_CORNERS(subclass)                                                                     \
-  {subclass, 10, point3, A, 0, "", "first"}, {subclass, 11, point3, A, 0, "", "second"},           \
-      {subclass, 12, point3, A, 0, "", "third"}, {subclass, 13, point3, A, 0, "", "fourth"}
-constexpr Field kSolid[] = {COMMON_ENTITY, FOUR_CORNERS("AcDbTrace"),
-                            {"AcDbTrace", 39, real, O, 0, "", "thickness"}, NORMAL("AcDbTrace")};
+#define FOUR_CORNERS(subclass)                                                           \
+  {subclass, 10, point3, A, 0, "", "first"}, {subclass, 11, point3, A, 0, "", "second"}, \
+      {subclass, 12, point3, A, 0, "", "third"}, {                                       \
+    subclass, 13, point3, A, 0, "", "fourth"                                             \
+  }
+constexpr Field kSolid[] = {
+    COMMON_ENTITY, FOUR_CORNERS("AcDbTrace"), {"AcDbTrace", 39, real, O, 0, "", "thickness"}, NORMAL("AcDbTrace")};
 constexpr Field kFace[] = {COMMON_ENTITY, FOUR_CORNERS("AcDbFace"), {"AcDbFace", 70, integer, O, 0, "", "edges"}};
 constexpr Field kDimension[] = {COMMON_ENTITY, {"AcDbDimension", 2, text, A, 0, "", "block"}};
 constexpr Field kRegion[] = {COMMON_ENTITY};
@@ -156,7 +159,7 @@ constexpr Field kHatch[] = {COMMON_ENTITY,
                             {"AcDbHatch", 98, integer, A, 0, "", "seeds"}};
 
 #define RECORD_NAME(subclass) \
-  {subclass, 2, text, A, 0, "", "name"}, {subclass, 70, integer, A, 0, "", "flags"}
+  {subclass, 2, text, A, 0, "", "name"}, { subclass, 70, integer, A, 0, "", "flags" }
 constexpr Field kBlockRecord[] = {{"AcDbBlockTableRecord", 2, text, A, 0, "", "name"},
                                   {"AcDbBlockTableRecord", 340, handle, A, 0, "", "layout"},
                                   {"AcDbBlockTableRecord", 70, integer, A, 0, "", "units"},

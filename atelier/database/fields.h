@@ -22,8 +22,8 @@ struct Field {
 };
 
 struct RecordFormat {
-  std::string_view type;       // group 0
-  std::string_view className;  // the class that serves the record
+  std::string_view type;                         // group 0
+  std::string_view className;                    // the class that serves the record
   std::span<const std::string_view> subclasses;  // marks in order
   std::span<const Field> fields;
 };

@@ -37,8 +37,12 @@ class Group {
   int code() const { return code_; }
   // The kind of the value in hand: a number that could not be read stays text.
   GroupKind kind() const { return kind_; }
-  double real() const { return kind_ == GroupKind::real ? real_ : kind_ == GroupKind::integer ? static_cast<double>(integer_) : 0.0; }
-  std::int64_t integer() const { return kind_ == GroupKind::integer ? integer_ : kind_ == GroupKind::real ? static_cast<std::int64_t>(real_) : 0; }
+  double real() const {
+    return kind_ == GroupKind::real ? real_ : kind_ == GroupKind::integer ? static_cast<double>(integer_) : 0.0;
+  }
+  std::int64_t integer() const {
+    return kind_ == GroupKind::integer ? integer_ : kind_ == GroupKind::real ? static_cast<std::int64_t>(real_) : 0;
+  }
   std::uint64_t handle() const { return kind_ == GroupKind::handle ? static_cast<std::uint64_t>(integer_) : 0; }
   const std::string& text() const { return text_; }  // UTF-8; bytes for binary; empty for numbers
 

@@ -6,7 +6,6 @@
 #include "atelier/database/plane.h"
 #include "atelier/database/text.h"
 #include "hote/dbents.h"
-#include "hote/dbents.h"
 
 using namespace atelier;
 
@@ -14,8 +13,8 @@ namespace {
 
 constexpr std::string_view kHatch = "AcDbHatch";
 constexpr Field kElevation = pointField(kHatch, 10), kPattern = textField(kHatch, 2), kSolid = integerField(kHatch, 70),
-                kAssociative = integerField(kHatch, 71), kLoops = integerField(kHatch, 91), kStyle = integerField(kHatch, 75),
-                kType = integerField(kHatch, 76, 1);
+                kAssociative = integerField(kHatch, 71), kLoops = integerField(kHatch, 91),
+                kStyle = integerField(kHatch, 75), kType = integerField(kHatch, 76, 1);
 
 AcDbImpObject& impOf(const AcDbHatch* hatch) { return AcDbImpObject::of(hatch); }
 
@@ -25,7 +24,9 @@ Acad::ErrorStatus AcDbHatch::setNormal(const AcGeVector3d& normal) {
   return impOf(this).setPoint(normalField(kHatch), AcGePoint3d() + normal);
 }
 Acad::ErrorStatus AcDbHatch::setElevation(double height) { return impOf(this).setPoint(kElevation, {0, 0, height}); }
-Acad::ErrorStatus AcDbHatch::setAssociative(bool associative) { return impOf(this).setInteger(kAssociative, associative); }
+Acad::ErrorStatus AcDbHatch::setAssociative(bool associative) {
+  return impOf(this).setInteger(kAssociative, associative);
+}
 Acad::ErrorStatus AcDbHatch::setHatchStyle(HatchStyle style) { return impOf(this).setInteger(kStyle, style); }
 
 Acad::ErrorStatus AcDbHatch::setPattern(HatchPatternType type, const ACHAR* name) {
@@ -36,7 +37,8 @@ Acad::ErrorStatus AcDbHatch::setPattern(HatchPatternType type, const ACHAR* name
   return imp.setInteger(kType, type);
 }
 
-Acad::ErrorStatus AcDbHatch::appendLoop(Adesk::Int32 type, const AcGePoint2dArray& vertices, const AcGeDoubleArray& bulges) {
+Acad::ErrorStatus AcDbHatch::appendLoop(Adesk::Int32 type, const AcGePoint2dArray& vertices,
+                                        const AcGeDoubleArray& bulges) {
   if (vertices.length() < 2 || bulges.length() != vertices.length()) return Acad::eInvalidInput;
   Record* record = impOf(this).writable();
   if (!record) return Acad::eNotOpenForWrite;

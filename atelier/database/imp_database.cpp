@@ -67,15 +67,18 @@ AcDbImpDatabase::AcDbImpDatabase(AcDbDatabase& database) : database_(database) {
 AcDbImpDatabase::~AcDbImpDatabase() {
   for (AcDbStub& stub : stubs_) {
     if (!stub.object) continue;
-    while (stub.object->close() == Acad::eOk) {
-    }
+    while (stub.object->close() == Acad::eOk) {}
     delete stub.object;
   }
 }
 
 std::uint16_t AcDbImpDatabase::typeIndexOf(std::string_view type) {
   // A drawing has some forty types: a slot by length and ends nearly always holds the right one.
-  const std::size_t slot = type.empty() ? 0 : (type.size() * 7 + static_cast<unsigned char>(type[0]) + 3u * static_cast<unsigned char>(type.back())) % recentTypes_.size();
+  const std::size_t slot =
+      type.empty()
+          ? 0
+          : (type.size() * 7 + static_cast<unsigned char>(type[0]) + 3u * static_cast<unsigned char>(type.back())) %
+                recentTypes_.size();
   if (const std::uint16_t recent = recentTypes_[slot]; recent < types_.size() && types_[recent] == type) return recent;
   const auto [it, added] = typeIndex_.try_emplace(std::string(type), static_cast<std::uint16_t>(types_.size()));
   if (added) types_.emplace_back(type);
@@ -95,9 +98,7 @@ AcDbStub& AcDbImpDatabase::addStub(std::uint64_t handle, std::string_view type, 
   return stub;
 }
 
-std::uint64_t AcDbImpDatabase::takeHandle() {
-  return seed_++;
-}
+std::uint64_t AcDbImpDatabase::takeHandle() { return seed_++; }
 
 void AcDbImpDatabase::giveHandle(AcDbStub& stub) {
   stub.handle = takeHandle();
@@ -109,9 +110,11 @@ void AcDbImpDatabase::raiseHandleSeed(std::uint64_t above) { seed_ = std::max(se
 namespace {
 
 std::string tableClassName(const Record& head) {
-  static constexpr std::pair<std::string_view, std::string_view> kTables[] = {
-      {"BLOCK_RECORD", "AcDbBlockTable"}, {"LAYER", "AcDbLayerTable"},   {"STYLE", "AcDbTextStyleTable"},
-      {"LTYPE", "AcDbLinetypeTable"},     {"APPID", "AcDbRegAppTable"}};
+  static constexpr std::pair<std::string_view, std::string_view> kTables[] = {{"BLOCK_RECORD", "AcDbBlockTable"},
+                                                                              {"LAYER", "AcDbLayerTable"},
+                                                                              {"STYLE", "AcDbTextStyleTable"},
+                                                                              {"LTYPE", "AcDbLinetypeTable"},
+                                                                              {"APPID", "AcDbRegAppTable"}};
   for (const Group& group : head.groups)
     if (group.code() == 2)
       for (const auto& [table, name] : kTables)

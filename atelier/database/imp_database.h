@@ -159,7 +159,7 @@ class OpenObjects {
 AcRxClass* classNamed(std::string_view name);  // null for a name that no class has
 std::string className(const AcRxClass* rxClass);
 AcDbObjectId idOf(const AcDbStub* stub);
-AcDbStub* stubOf(const AcDbObject* object);      // null for an object in no database
+AcDbStub* stubOf(const AcDbObject* object);             // null for an object in no database
 AcDbImpDatabase* databaseOf(const AcDbObject* object);  // its own, or the working one for a new object
 
 }  // namespace atelier

@@ -49,14 +49,16 @@ AcDbStub* nextEntity(AcDbImpDatabase& database, AcDbStub* after) {
 AcDbStub* lastEntity(AcDbImpDatabase& database) {
   AcDbStub* space = database.database().currentSpaceId();
   if (!space || !space->children) return nullptr;
-  const auto it = std::find_if(space->children->rbegin(), space->children->rend(), [](const AcDbStub* s) { return !s->is(AcDbStub::kErased); });
+  const auto it = std::find_if(space->children->rbegin(), space->children->rend(),
+                               [](const AcDbStub* s) { return !s->is(AcDbStub::kErased); });
   return it == space->children->rend() ? nullptr : *it;
 }
 
 bool isSymbolName(std::string_view name) {
   if (name.empty() || name.size() > 1020 || toWide(name).size() > 255) return false;
   return std::none_of(name.begin(), name.end(), [](char c) {
-    return std::string_view("<>/\\\":;?*|,=`").find(c) != std::string_view::npos || static_cast<unsigned char>(c) < 0x20;
+    return std::string_view("<>/\\\":;?*|,=`").find(c) != std::string_view::npos ||
+           static_cast<unsigned char>(c) < 0x20;
   });
 }
 

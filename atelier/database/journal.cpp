@@ -16,7 +16,8 @@ std::size_t weightOf(const Record& record) { return 1 + record.groups.size(); }
 }  // namespace
 
 std::size_t Journal::Step::weight() const {
-  return std::accumulate(images.begin(), images.end(), std::size_t{0}, [](std::size_t sum, const Image& image) { return sum + weightOf(image.record); });
+  return std::accumulate(images.begin(), images.end(), std::size_t{0},
+                         [](std::size_t sum, const Image& image) { return sum + weightOf(image.record); });
 }
 
 void Journal::mark() {
@@ -61,8 +62,7 @@ void Journal::swap(Step& step) {
     stub.set(AcDbStub::kChanged);
     if (!it->record.groups.empty() && it->record.type() != imp.record.type())
       stub.database->replaceObject(stub, std::move(it->record));  // another class had taken its place
-    else if (!it->record.groups.empty())
-      imp.record = std::move(it->record);
+    else if (!it->record.groups.empty()) imp.record = std::move(it->record);
     AcDbImpObject::of(stub.object).forgetDecoded();
     stub.database->modified = true;
     stub.database->forgetTableIndex();

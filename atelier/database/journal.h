@@ -39,7 +39,7 @@ class Journal {
   void takeBack(std::vector<Step>& taken);
   void forgetOldest();
   std::deque<Step> done_;
-  std::vector<std::vector<Step>> undone_;  // by the call that took them back
+  std::vector<std::vector<Step>> undone_;     // by the call that took them back
   std::unordered_set<const AcDbStub*> seen_;  // in the running step
   std::size_t weight_ = 0;                    // groups of all images of the steps that were done
   bool on_ = false;

@@ -73,12 +73,12 @@ Record& AcDbImpObject::settled() {
   return record;
 }
 
-#define ATELIER_SETTER(NAME, TYPE)                                              \
-  Acad::ErrorStatus AcDbImpObject::NAME(const Field& field, TYPE value) {       \
-    Record* r = writable();                                                     \
-    if (!r) return Acad::eNotOpenForWrite;                                      \
-    r->NAME(field, value);                                                      \
-    return Acad::eOk;                                                           \
+#define ATELIER_SETTER(NAME, TYPE)                                        \
+  Acad::ErrorStatus AcDbImpObject::NAME(const Field& field, TYPE value) { \
+    Record* r = writable();                                               \
+    if (!r) return Acad::eNotOpenForWrite;                                \
+    r->NAME(field, value);                                                \
+    return Acad::eOk;                                                     \
   }
 ATELIER_SETTER(setReal, double)
 ATELIER_SETTER(setInteger, std::int64_t)
@@ -201,7 +201,8 @@ Acad::ErrorStatus AcDbObject::handOverTo(AcDbObject* newObject, bool keepXData, 
     const Record& from = mine.settled();
     Record& to = theirs.record;
     to.groups.resize(to.xdataStart(), Group::integer(0, 0));
-    to.groups.insert(to.groups.end(), from.groups.begin() + static_cast<std::ptrdiff_t>(from.xdataStart()), from.groups.end());
+    to.groups.insert(to.groups.end(), from.groups.begin() + static_cast<std::ptrdiff_t>(from.xdataStart()),
+                     from.groups.end());
   }
   theirs.record.setObjectHandle(stub.handle);
   if (stub.owner) theirs.record.setOwner(stub.owner->handle);

@@ -36,11 +36,13 @@ void eraseWithOwned(AcDbStub& stub, bool erasing) {
       if (end) eraseWithOwned(*end, erasing);
   const AcDbObject& object = stub.database->object(stub);
   for (const std::uint64_t handle : ownedHandles(AcDbImpObject::of(&object).record))
-    if (AcDbStub* owned = stub.database->stubOf(handle); owned && owned->owner == &stub) eraseWithOwned(*owned, erasing);
+    if (AcDbStub* owned = stub.database->stubOf(handle); owned && owned->owner == &stub)
+      eraseWithOwned(*owned, erasing);
 }
 
 void removeBraces(Record& record, std::string_view name) {
-  if (const auto bounds = record.braces(name)) record.groups.erase(at(record, bounds->first - 1), at(record, std::min(bounds->second + 1, record.groups.size())));
+  if (const auto bounds = record.braces(name))
+    record.groups.erase(at(record, bounds->first - 1), at(record, std::min(bounds->second + 1, record.groups.size())));
 }
 
 void copyBraces(const Record& from, Record& to, std::string_view name) {
@@ -57,7 +59,8 @@ void addToBraces(Record& record, std::string_view name, int code, std::uint64_t 
     return;
   }
   std::size_t place = 1;  // behind the handle
-  while (place < record.groups.size() && (record.groups[place].code() == 5 || record.groups[place].code() == 105)) ++place;
+  while (place < record.groups.size() && (record.groups[place].code() == 5 || record.groups[place].code() == 105))
+    ++place;
   if (name == kReactors && record.braces(kExtension)) place = record.braces(kExtension)->second + 1;
   const Group list[] = {Group::text(102, "{" + std::string(name)), Group::handle(code, handle), Group::text(102, "}")};
   record.groups.insert(at(record, place), std::begin(list), std::end(list));

@@ -83,6 +83,7 @@ void AcDbExtents::transformBy(const AcGeMatrix3d& matrix) {
   if (isEmpty()) return;
   AcDbExtents box;
   for (int corner = 0; corner < 8; ++corner)
-    box.addPoint(matrix * AcGePoint3d(corner & 1 ? mMax.x : mMin.x, corner & 2 ? mMax.y : mMin.y, corner & 4 ? mMax.z : mMin.z));
+    box.addPoint(matrix *
+                 AcGePoint3d(corner & 1 ? mMax.x : mMin.x, corner & 2 ? mMax.y : mMin.y, corner & 4 ? mMax.z : mMin.z));
   *this = box;
 }

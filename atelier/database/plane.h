@@ -21,8 +21,8 @@ inline AcGePoint3d toPlane(const AcGePoint3d& point, const AcGeVector3d& normal)
 struct PlaneChange {
   PlaneChange(const AcGeMatrix3d& matrix, const AcGeVector3d& before);
   AcGeVector3d normal;
-  double turn = 0;      // radians, to add to angles measured in the plane
-  double scale = 1;     // of lengths in the plane
+  double turn = 0;        // radians, to add to angles measured in the plane
+  double scale = 1;       // of lengths in the plane
   bool mirrored = false;  // angles run the other way round
 };
 

@@ -136,7 +136,8 @@ void AcDbPolyline::setElevation(double elevation) {
 AcGeVector3d AcDbPolyline::normal() const { return verticesOf(this).normal; }
 Acad::ErrorStatus AcDbPolyline::setNormal(const AcGeVector3d& normal) {
   if (normal.isZeroLength()) return Acad::eInvalidInput;
-  const Acad::ErrorStatus status = AcDbImpObject::of(this).setPoint(normalField(kPolyline), AcGePoint3d() + normal.normal());
+  const Acad::ErrorStatus status =
+      AcDbImpObject::of(this).setPoint(normalField(kPolyline), AcGePoint3d() + normal.normal());
   if (status != Acad::eOk) return status;
   verticesOf(this).normal = normal.normal();
   verticesOf(this).curve.reset();
@@ -149,15 +150,17 @@ bool AcDbPolyline::hasBulges() const {
 bool AcDbPolyline::hasWidth() const {
   const auto& list = verticesOf(this).list;
   return verticesOf(this).constantWidth.value_or(0) != 0 ||
-         std::any_of(list.begin(), list.end(), [](const PolylineVertex& v) { return v.startWidth != 0 || v.endWidth != 0; });
+         std::any_of(list.begin(), list.end(),
+                     [](const PolylineVertex& v) { return v.startWidth != 0 || v.endWidth != 0; });
 }
 
-Acad::ErrorStatus AcDbPolyline::addVertexAt(unsigned int index, const AcGePoint2d& point, double bulge, double startWidth,
-                                            double endWidth) {
+Acad::ErrorStatus AcDbPolyline::addVertexAt(unsigned int index, const AcGePoint2d& point, double bulge,
+                                            double startWidth, double endWidth) {
   PolylineVertices* vertices = changedVertices(this);
   if (!vertices) return Acad::eNotOpenForWrite;
   if (index > vertices->list.size()) return Acad::eInvalidIndex;
-  vertices->list.insert(vertices->list.begin() + index, {point, bulge, std::max(0.0, startWidth), std::max(0.0, endWidth), 0});
+  vertices->list.insert(vertices->list.begin() + index,
+                        {point, bulge, std::max(0.0, startWidth), std::max(0.0, endWidth), 0});
   return Acad::eOk;
 }
 
@@ -196,15 +199,19 @@ Acad::ErrorStatus AcDbPolyline::getWidthsAt(unsigned int index, double& startWid
   return Acad::eOk;
 }
 
-#define ATELIER_SET_VERTEX(...)                            \
-  if (index >= numVerts()) return Acad::eInvalidIndex;     \
-  PolylineVertices* vertices = changedVertices(this);               \
-  if (!vertices) return Acad::eNotOpenForWrite;            \
-  PolylineVertex& vertex = vertices->list[index];          \
-  __VA_ARGS__;                                             \
+#define ATELIER_SET_VERTEX(...)                        \
+  if (index >= numVerts()) return Acad::eInvalidIndex; \
+  PolylineVertices* vertices = changedVertices(this);  \
+  if (!vertices) return Acad::eNotOpenForWrite;        \
+  PolylineVertex& vertex = vertices->list[index];      \
+  __VA_ARGS__;                                         \
   return Acad::eOk
-Acad::ErrorStatus AcDbPolyline::setPointAt(unsigned int index, const AcGePoint2d& point) { ATELIER_SET_VERTEX(vertex.point = point); }
-Acad::ErrorStatus AcDbPolyline::setBulgeAt(unsigned int index, double bulge) { ATELIER_SET_VERTEX(vertex.bulge = bulge); }
+Acad::ErrorStatus AcDbPolyline::setPointAt(unsigned int index, const AcGePoint2d& point) {
+  ATELIER_SET_VERTEX(vertex.point = point);
+}
+Acad::ErrorStatus AcDbPolyline::setBulgeAt(unsigned int index, double bulge) {
+  ATELIER_SET_VERTEX(vertex.bulge = bulge);
+}
 Acad::ErrorStatus AcDbPolyline::setWidthsAt(unsigned int index, double startWidth, double endWidth) {
   ATELIER_SET_VERTEX(vertex.startWidth = startWidth, vertex.endWidth = endWidth);
 }
@@ -246,7 +253,8 @@ Acad::ErrorStatus AcDbPolyline::getArea(double& area) const {
   return Acad::eOk;
 }
 
-AcDbExtents atelier::bulgeExtents(const AcGePoint2d& from, const AcGePoint2d& to, double bulge, double elevation, const AcGeVector3d& normal) {
+AcDbExtents atelier::bulgeExtents(const AcGePoint2d& from, const AcGePoint2d& to, double bulge, double elevation,
+                                  const AcGeVector3d& normal) {
   const AcGeMatrix3d plane = AcGeMatrix3d().setToPlaneToWorld(normal);
   const BulgeArc arc = bulgeArc(from, to, bulge);
   AcDbExtents box;
@@ -254,8 +262,9 @@ AcDbExtents atelier::bulgeExtents(const AcGePoint2d& from, const AcGePoint2d& to
   box.addPoint(plane * AcGePoint3d(to.x, to.y, elevation));
   if (arc.radius == 0) return box;
   const double low = std::min(arc.startAngle, arc.startAngle + arc.sweep);
-  box.addExt(ellipseExtents(plane * AcGePoint3d(arc.centre.x, arc.centre.y, elevation), plane * AcGeVector3d(arc.radius, 0, 0),
-                            plane * AcGeVector3d(0, arc.radius, 0), low, low + std::abs(arc.sweep)));
+  box.addExt(ellipseExtents(plane * AcGePoint3d(arc.centre.x, arc.centre.y, elevation),
+                            plane * AcGeVector3d(arc.radius, 0, 0), plane * AcGeVector3d(0, arc.radius, 0), low,
+                            low + std::abs(arc.sweep)));
   return box;
 }
 
@@ -281,7 +290,8 @@ Acad::ErrorStatus AcDbPolyline::getGeomExtents(AcDbExtents& extents) const {
     constexpr double kQuarter = std::numbers::pi / 2;
     const double low = std::min(arc.startAngle, arc.startAngle + arc.sweep), high = low + std::abs(arc.sweep);
     for (double angle = std::ceil(low / kQuarter) * kQuarter; angle <= high; angle += kQuarter) {
-      add(arc.centre + AcGeVector2d(std::cos(angle), std::sin(angle)) * arc.radius, std::max(a.startWidth, a.endWidth) / 2);
+      add(arc.centre + AcGeVector2d(std::cos(angle), std::sin(angle)) * arc.radius,
+          std::max(a.startWidth, a.endWidth) / 2);
     }
   });
   extents = box;

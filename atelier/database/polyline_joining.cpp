@@ -40,7 +40,9 @@ Vertices inPlane(const AcDbCurve& curve, const AcGeVector3d& normal, double elev
     flat = flat && std::abs(p.z - elevation) <= tolerance;
     return AcGePoint2d(p.x, p.y);
   };
-  const auto sameWay = [&](const AcGeVector3d& other) { return normal.normal().dotProduct(other.normal()) > 0 ? 1.0 : -1.0; };
+  const auto sameWay = [&](const AcGeVector3d& other) {
+    return normal.normal().dotProduct(other.normal()) > 0 ? 1.0 : -1.0;
+  };
   if (const auto* line = AcDbLine::cast(&curve)) {
     out = {{place(line->startPoint())}, {place(line->endPoint())}};
   } else if (const auto* arc = AcDbArc::cast(&curve)) {
@@ -92,12 +94,15 @@ Acad::ErrorStatus AcDbPolyline::convertFrom(AcDbEntity*& source, bool transferId
 
 Acad::ErrorStatus AcDbPolyline::joinWith(const AcDbEntity* other, double tolerance) {
   const auto* curve = AcDbCurve::cast(other);
-  if (!curve || (!AcDbLine::cast(curve) && !AcDbArc::cast(curve) && !AcDbPolyline::cast(curve))) return Acad::eNotApplicable;
+  if (!curve || (!AcDbLine::cast(curve) && !AcDbArc::cast(curve) && !AcDbPolyline::cast(curve)))
+    return Acad::eNotApplicable;
   if (curve == this || isClosed()) return Acad::eInvalidInput;
   Vertices added = inPlane(*curve, normal(), elevation(), tolerance);
   const Vertices& present = verticesOf(this).list;
   if (added.size() < 2 || present.size() < 2) return Acad::eInvalidInput;
-  const auto touch = [&](const PolylineVertex& a, const PolylineVertex& b) { return a.point.distanceTo(b.point) <= tolerance; };
+  const auto touch = [&](const PolylineVertex& a, const PolylineVertex& b) {
+    return a.point.distanceTo(b.point) <= tolerance;
+  };
   const bool behind = touch(present.back(), added.front()) || touch(present.back(), added.back());
   const bool ahead = touch(present.front(), added.front()) || touch(present.front(), added.back());
   if (!behind && !ahead) return Acad::eInvalidInput;

@@ -16,7 +16,8 @@ const Record& recordOf(const AcDbObject* object) { return AcDbImpObject::of(obje
 
 // The section of the record depends on what the vertex belongs to.
 std::string_view vertexSection(const Record& record) {
-  for (const std::string_view name : {"AcDb2dVertex", "AcDb3dPolylineVertex", "AcDbPolyFaceMeshVertex", "AcDbPolygonMeshVertex"})
+  for (const std::string_view name :
+       {"AcDb2dVertex", "AcDb3dPolylineVertex", "AcDbPolyFaceMeshVertex", "AcDbPolygonMeshVertex"})
     if (record.section(name).first != Record::npos) return name;
   return "AcDb2dVertex";
 }
@@ -72,7 +73,9 @@ Acad::ErrorStatus AcDbVertex::setPosition(const AcGePoint3d& p) {
 double AcDbVertex::bulge() const { return recordOf(this).real(realField(vertexSection(recordOf(this)), 42)); }
 double AcDbVertex::startWidth() const { return recordOf(this).real(realField(vertexSection(recordOf(this)), 40)); }
 double AcDbVertex::endWidth() const { return recordOf(this).real(realField(vertexSection(recordOf(this)), 41)); }
-int AcDbVertex::flags() const { return static_cast<int>(recordOf(this).integer(integerField(vertexSection(recordOf(this)), 70))); }
+int AcDbVertex::flags() const {
+  return static_cast<int>(recordOf(this).integer(integerField(vertexSection(recordOf(this)), 70)));
+}
 AcDb::Vertex2dType AcDbVertex::vertexType() const {
   const int flag = flags();
   if (flag & 16) return AcDb::k2dSplineCtlVertex;
@@ -86,13 +89,15 @@ AcDb::Poly2dType AcDb2dPolyline::polyType() const {
   const std::int64_t flags = recordOf(this).integer(integerField("AcDb2dPolyline", 70));
   if (flags & 2) return AcDb::k2dFitCurvePoly;
   if (!(flags & 4)) return AcDb::k2dSimplePoly;
-  return recordOf(this).integer(integerField("AcDb2dPolyline", 75)) == 6 ? AcDb::k2dCubicSplinePoly : AcDb::k2dQuadSplinePoly;
+  return recordOf(this).integer(integerField("AcDb2dPolyline", 75)) == 6 ? AcDb::k2dCubicSplinePoly
+                                                                         : AcDb::k2dQuadSplinePoly;
 }
 bool AcDb2dPolyline::isClosed() const { return recordOf(this).integer(integerField("AcDb2dPolyline", 70)) & 1; }
 double AcDb2dPolyline::elevation() const { return recordOf(this).point(pointField("AcDb2dPolyline", 10)).z; }
 AcGeVector3d AcDb2dPolyline::normal() const { return normalOf(recordOf(this), "AcDb2dPolyline"); }
 AcDbObjectIterator* AcDb2dPolyline::vertexIterator() const { return vertices(this); }
-Acad::ErrorStatus AcDb2dPolyline::openVertex(AcDbVertex*& vertex, AcDbObjectId id, AcDb::OpenMode mode, bool openErased) const {
+Acad::ErrorStatus AcDb2dPolyline::openVertex(AcDbVertex*& vertex, AcDbObjectId id, AcDb::OpenMode mode,
+                                             bool openErased) const {
   return acdbOpenObject<AcDbVertex>(vertex, id, mode, openErased);
 }
 Acad::ErrorStatus AcDb2dPolyline::appendVertex(AcDbVertex* vertex) { return append(this, vertex); }
@@ -100,7 +105,9 @@ Acad::ErrorStatus AcDb2dPolyline::getGeomExtents(AcDbExtents& extents) const {
   AcDbExtents box;
   std::optional<AcGePoint2d> first, before;
   double bulge = 0;
-  const auto to = [&](const AcGePoint2d& p) { box.addExt(bulgeExtents(before.value_or(p), p, bulge, elevation(), normal())); };
+  const auto to = [&](const AcGePoint2d& p) {
+    box.addExt(bulgeExtents(before.value_or(p), p, bulge, elevation(), normal()));
+  };
   eachVertex(this, AcDb::kForRead, [&](const AcDbVertex& v) {
     const AcGePoint2d p(v.position().x, v.position().y);
     to(p);

@@ -43,6 +43,7 @@ struct BulgeArc {
 BulgeArc bulgeArc(const AcGePoint2d& from, const AcGePoint2d& to, double bulge);
 
 // Of the arc from a to b, ends included, in a plane; of the two points where it is straight.
-AcDbExtents bulgeExtents(const AcGePoint2d& from, const AcGePoint2d& to, double bulge, double elevation, const AcGeVector3d& normal);
+AcDbExtents bulgeExtents(const AcGePoint2d& from, const AcGePoint2d& to, double bulge, double elevation,
+                         const AcGeVector3d& normal);
 
 }  // namespace atelier

@@ -171,9 +171,8 @@ std::size_t Record::placeFor(const Field& field) const {
   if (begin == npos) begin = 1, end = xdataStart();
   if (!format) return end;
   const auto& fields = format->fields;
-  const auto rank = std::find_if(fields.begin(), fields.end(), [&](const Field& f) {
-    return f.subclass == field.subclass && f.code == field.code;
-  });
+  const auto rank = std::find_if(fields.begin(), fields.end(),
+                                 [&](const Field& f) { return f.subclass == field.subclass && f.code == field.code; });
   // Before the first group that a later field of the same section owns.
   for (auto later = rank == fields.end() ? rank : rank + 1; later != fields.end(); ++later) {
     if (later->subclass != field.subclass) continue;
@@ -198,7 +197,9 @@ void Record::put(const Field& field, Group group) {
 
 void Record::setReal(const Field& field, double value) { put(field, Group::real(field.code, value)); }
 void Record::setInteger(const Field& field, std::int64_t value) { put(field, Group::integer(field.code, value)); }
-void Record::setText(const Field& field, std::string_view utf8) { put(field, Group::text(field.code, std::string(utf8))); }
+void Record::setText(const Field& field, std::string_view utf8) {
+  put(field, Group::text(field.code, std::string(utf8)));
+}
 void Record::setHandle(const Field& field, std::uint64_t value) { put(field, Group::handle(field.code, value)); }
 
 void Record::setPoint(const Field& field, const AcGePoint3d& value) {
@@ -221,7 +222,8 @@ void Record::remove(const Field& field) {
   if (i == npos) return;
   std::size_t end = i + 1;
   if (isPoint(field))
-    while (end < groups.size() && end < i + 3 && groups[end].code() == field.code + 10 * static_cast<int>(end - i)) ++end;
+    while (end < groups.size() && end < i + 3 && groups[end].code() == field.code + 10 * static_cast<int>(end - i))
+      ++end;
   groups.erase(groups.begin() + static_cast<std::ptrdiff_t>(i), groups.begin() + static_cast<std::ptrdiff_t>(end));
 }
 
@@ -265,7 +267,8 @@ void Record::setOwner(std::uint64_t handle) {
       place = i + 1;
     }
   }
-  groups.insert(groups.begin() + static_cast<std::ptrdiff_t>(std::min(place, groups.size())), Group::handle(330, handle));
+  groups.insert(groups.begin() + static_cast<std::ptrdiff_t>(std::min(place, groups.size())),
+                Group::handle(330, handle));
 }
 
 }  // namespace atelier

@@ -55,7 +55,8 @@ class Outline {
     return true;
   }
   // Straight, or an arc of an ellipse; other curves are not followed.
-  static bool along(const Record& curve, const AcGePoint3d& from, const AcGePoint3d& to, bool against, AcGeVector3d& part) {
+  static bool along(const Record& curve, const AcGePoint3d& from, const AcGePoint3d& to, bool against,
+                    AcGeVector3d& part) {
     if (curve.type == "straight-curve") {
       part = from.asVector().crossProduct(to.asVector()) * 0.5;
       return true;
@@ -63,7 +64,8 @@ class Outline {
     return curve.type == "ellipse-curve" && ellipse(curve, from, to, against, part);
   }
   // centre, normal, major half axis, ratio, and a number for each bound of the parameter that is finite.
-  static bool ellipse(const Record& curve, const AcGePoint3d& from, const AcGePoint3d& to, bool against, AcGeVector3d& part) {
+  static bool ellipse(const Record& curve, const AcGePoint3d& from, const AcGePoint3d& to, bool against,
+                      AcGeVector3d& part) {
     const std::vector<double> v = curve.reals();
     const std::size_t bounds = curve.count("F") + curve.count("reversed");
     if (v.size() < 10 + bounds) return false;

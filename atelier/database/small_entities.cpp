@@ -29,8 +29,7 @@ constexpr Field kLocation = pointField("AcDbMText", 10), kMHeight = realField("A
 AcGePoint3d corner(const AcDbObject* object, std::string_view subclass, int index) {
   const Record& record = recordOf(object);
   // A missing fourth corner repeats the third.
-  for (; index > 0 && !record.has(pointField(subclass, 10 + index)); --index) {
-  }
+  for (; index > 0 && !record.has(pointField(subclass, 10 + index)); --index) {}
   return record.point(pointField(subclass, 10 + index));
 }
 
@@ -44,7 +43,8 @@ Acad::ErrorStatus transformCorners(AcDbObject* object, std::string_view subclass
     const AcGePoint3d p = m * toWorld(recordOf(object).point(field), before);
     impOf(object).setPoint(field, inPlane ? toPlane(p, plane.normal) : p);
   }
-  if (inPlane && !isWorldPlane(plane.normal)) impOf(object).setPoint(normalField(subclass), AcGePoint3d() + plane.normal);
+  if (inPlane && !isWorldPlane(plane.normal))
+    impOf(object).setPoint(normalField(subclass), AcGePoint3d() + plane.normal);
   return Acad::eOk;
 }
 
@@ -90,7 +90,8 @@ Acad::ErrorStatus AcDbFace::transformBy(const AcGeMatrix3d& m) { return transfor
 AcDbDimension::AcDbDimension() { initRecord(*this, "DIMENSION"); }
 AcDbObjectId AcDbDimension::dimBlockId() const {
   AcDbImpDatabase* db = databaseOf(this);
-  return db ? idOf(db->tableRecord("BLOCK_RECORD", recordOf(this).text(textField("AcDbDimension", 2)))) : AcDbObjectId();
+  return db ? idOf(db->tableRecord("BLOCK_RECORD", recordOf(this).text(textField("AcDbDimension", 2))))
+            : AcDbObjectId();
 }
 Acad::ErrorStatus AcDbDimension::getGeomExtents(AcDbExtents& extents) const {
   const AcDbExtents box = blockExtents(dimBlockId());
@@ -150,7 +151,9 @@ Acad::ErrorStatus AcDbHatch::transformBy(const AcGeMatrix3d& m) {
   const double height = elevation();
   double newHeight = height;
   const auto [begin, end] = boundaries(*record);
-  const auto replace = [&](std::size_t i, double value) { record->groups[i] = Group::real(record->groups[i].code(), value); };
+  const auto replace = [&](std::size_t i, double value) {
+    record->groups[i] = Group::real(record->groups[i].code(), value);
+  };
   for (std::size_t i = begin; i < end; ++i) {
     const int code = record->groups[i].code();
     if ((code == 10 || code == 11) && i + 1 < end && record->groups[i + 1].code() == code + 10) {
@@ -204,7 +207,8 @@ Acad::ErrorStatus AcDbMText::setContents(const ACHAR* text) {
   std::wstring rest = toWide(toUtf8(text));
   for (; rest.size() > 250; rest.erase(0, 250)) {
     const std::size_t last = record->find(kContents);
-    record->groups.insert(record->groups.begin() + static_cast<std::ptrdiff_t>(last), Group::text(3, toUtf8(rest.substr(0, 250))));
+    record->groups.insert(record->groups.begin() + static_cast<std::ptrdiff_t>(last),
+                          Group::text(3, toUtf8(rest.substr(0, 250))));
   }
   record->setText(kContents, toUtf8(rest));
   return Acad::eOk;
@@ -226,7 +230,8 @@ Acad::ErrorStatus AcDbMText::setTextStyle(AcDbObjectId style) {
 Acad::ErrorStatus AcDbMText::getGeomExtents(AcDbExtents& extents) const {
   const fonts::Box ink = paragraphInk(*this);
   if (ink.empty()) return Acad::eInvalidExtents;
-  const AcGeMatrix3d frame = AcGeMatrix3d::translation(location().asVector()) * AcGeMatrix3d::rotation(rotation(), AcGeVector3d(0, 0, 1));
+  const AcGeMatrix3d frame =
+      AcGeMatrix3d::translation(location().asVector()) * AcGeMatrix3d::rotation(rotation(), AcGeVector3d(0, 0, 1));
   AcDbExtents box;
   for (const double x : {ink.xMin, ink.xMax})
     for (const double y : {ink.yMin, ink.yMax}) box.addPoint(frame * AcGePoint3d(x, y, 0));

@@ -65,9 +65,28 @@ class Binary {
 
  private:
   enum Tag : unsigned char {
-    character = 2, shortInteger = 3, integer = 4, single = 5, real = 6, text8 = 7, text16 = 8, text32 = 9, yes = 10,
-    no = 11, pointer = 12, typeEnd = 13, typePart = 14, open = 15, close = 16, recordEnd = 17, literal = 18,
-    place = 19, direction = 20, choice = 21, pair = 22, wide = 23
+    character = 2,
+    shortInteger = 3,
+    integer = 4,
+    single = 5,
+    real = 6,
+    text8 = 7,
+    text16 = 8,
+    text32 = 9,
+    yes = 10,
+    no = 11,
+    pointer = 12,
+    typeEnd = 13,
+    typePart = 14,
+    open = 15,
+    close = 16,
+    recordEnd = 17,
+    literal = 18,
+    place = 19,
+    direction = 20,
+    choice = 21,
+    pair = 22,
+    wide = 23
   };
 
   template <class T>
@@ -132,12 +151,14 @@ class Binary {
     switch (tag) {
       case character: return number<std::int8_t>(record);
       case shortInteger: return number<std::int16_t>(record);
-      case integer: case choice: return number<std::int32_t>(record);
+      case integer:
+      case choice: return number<std::int32_t>(record);
       case single: return number<float>(record);
       case real: return number<double>(record);
       case text8: return text<std::uint8_t>(record);
       case text16: return text<std::uint16_t>(record);
-      case text32: case literal: return text<std::uint32_t>(record);
+      case text32:
+      case literal: return text<std::uint32_t>(record);
       // A sense is stored as whether it is reversed.
       case yes: record.tokens.emplace_back("reversed"); return true;
       case no: record.tokens.emplace_back("forward"); return true;
@@ -152,7 +173,8 @@ class Binary {
       case open: record.tokens.emplace_back("{"); return true;
       case close: record.tokens.emplace_back("}"); return true;
       case recordEnd: ended_ = true; return true;
-      case place: case direction: return number<double>(record, 3);
+      case place:
+      case direction: return number<double>(record, 3);
       case pair: return number<double>(record, 2);
       case wide: return number<std::int64_t>(record);
       default: return false;
@@ -202,7 +224,8 @@ Table readText(std::string_view text) {
       record = {};
     } else if (record.type.empty()) {
       // Records may carry their number in front: "-12 face ...".
-      if (!(word.front() == '-' && word.size() > 1 && std::isdigit(static_cast<unsigned char>(word[1])))) record.type = word;
+      if (!(word.front() == '-' && word.size() > 1 && std::isdigit(static_cast<unsigned char>(word[1]))))
+        record.type = word;
     } else {
       record.tokens.push_back(tokenOf(word));
     }

@@ -98,7 +98,8 @@ void write(Record& record, const SplineData& data) {
 }
 
 std::int64_t planarFlag(std::span<const AcGePoint3d> points) {
-  const bool level = std::all_of(points.begin(), points.end(), [&](const AcGePoint3d& p) { return p.z == points[0].z; });
+  const bool level =
+      std::all_of(points.begin(), points.end(), [&](const AcGePoint3d& p) { return p.z == points[0].z; });
   return level ? kPlanar : 0;
 }
 
@@ -113,7 +114,11 @@ AcDbSpline::AcDbSpline(int order, bool rational, bool closed, bool periodic, con
   const std::span weightList(weights.asArrayPtr(), weights.asArrayPtr() + (rational ? weights.length() : 0));
   Record& record = *change(this);
   write(record, {(closed ? kClosed : 0) | (periodic ? kPeriodic : 0) | (rational ? kRational : 0) | planarFlag(points),
-                 order, points, knotList, weightList, {}});
+                 order,
+                 points,
+                 knotList,
+                 weightList,
+                 {}});
   if (controlPointTolerance > 0) record.setReal(kPointTolerance, controlPointTolerance);
   if (knotTolerance > 0) record.setReal(kKnotTolerance, knotTolerance);
 }
@@ -122,7 +127,8 @@ AcDbSpline::AcDbSpline(const AcGePoint3dArray& fitPoints, int order, double fitT
     : AcDbSpline(fitPoints, AcGeVector3d(), AcGeVector3d(), order, fitTolerance) {}
 
 // The curve goes through its points exactly, whatever distance from them is allowed, and is cubic.
-AcDbSpline::AcDbSpline(const AcGePoint3dArray& fitPoints, const AcGeVector3d& startTangent, const AcGeVector3d& endTangent, int, double)
+AcDbSpline::AcDbSpline(const AcGePoint3dArray& fitPoints, const AcGeVector3d& startTangent,
+                       const AcGeVector3d& endTangent, int, double)
     : AcDbSpline() {
   const std::span through(fitPoints.asArrayPtr(), fitPoints.asArrayPtr() + fitPoints.length());
   const Nurbs data = interpolateNurbs(through, false, startTangent, endTangent);
@@ -160,8 +166,12 @@ Acad::ErrorStatus setNurbs(AcDbSpline& spline, const Nurbs& data) {
   Record* record = change(&spline);
   if (!record) return Acad::eNotOpenForWrite;
   const std::int64_t closed = record->integer(kFlags) & kClosed;
-  write(*record, {closed | (data.weights.empty() ? 0 : kRational) | planarFlag(data.points), data.degree, data.points,
-                  data.knots, data.weights, {}});
+  write(*record, {closed | (data.weights.empty() ? 0 : kRational) | planarFlag(data.points),
+                  data.degree,
+                  data.points,
+                  data.knots,
+                  data.weights,
+                  {}});
   return Acad::eOk;
 }
 
@@ -179,8 +189,12 @@ int AcDbSpline::numControlPoints() const { return static_cast<int>(places(record
 int AcDbSpline::numFitPoints() const { return static_cast<int>(places(recordOf(this), 11).size()); }
 bool AcDbSpline::isRational() const { return recordOf(this).integer(kFlags) & kRational; }
 bool AcDbSpline::isClosed() const { return recordOf(this).integer(kFlags) & kClosed; }
-Acad::ErrorStatus AcDbSpline::getControlPointAt(int index, AcGePoint3d& p) const { return pointAt(recordOf(this), 10, index, p); }
-Acad::ErrorStatus AcDbSpline::getFitPointAt(int index, AcGePoint3d& p) const { return pointAt(recordOf(this), 11, index, p); }
+Acad::ErrorStatus AcDbSpline::getControlPointAt(int index, AcGePoint3d& p) const {
+  return pointAt(recordOf(this), 10, index, p);
+}
+Acad::ErrorStatus AcDbSpline::getFitPointAt(int index, AcGePoint3d& p) const {
+  return pointAt(recordOf(this), 11, index, p);
+}
 Acad::ErrorStatus AcDbSpline::setControlPointAt(int index, const AcGePoint3d& p) {
   const auto list = places(recordOf(this), 10);
   if (index < 0 || index >= static_cast<int>(list.size())) return Acad::eInvalidIndex;
@@ -191,8 +205,9 @@ Acad::ErrorStatus AcDbSpline::setControlPointAt(int index, const AcGePoint3d& p)
 }
 
 Acad::ErrorStatus AcDbSpline::getNurbsData(int& order, bool& rational, bool& closed, bool& periodic,
-                                           AcGePoint3dArray& controlPoints, AcGeDoubleArray& knots, AcGeDoubleArray& weights,
-                                           double& controlPointTolerance, double& knotTolerance) const {
+                                           AcGePoint3dArray& controlPoints, AcGeDoubleArray& knots,
+                                           AcGeDoubleArray& weights, double& controlPointTolerance,
+                                           double& knotTolerance) const {
   const Record& record = recordOf(this);
   closed = isClosed();
   periodic = record.integer(kFlags) & kPeriodic;

@@ -35,7 +35,8 @@ AcDbObject* blockBegin(const AcDbObject* block) {
   AcDbStub* stub = stubOf(block);
   if (!stub) return nullptr;
   const auto it = stub->database->blockEnds.find(stub);
-  return it == stub->database->blockEnds.end() || !it->second.begin ? nullptr : &stub->database->object(*it->second.begin);
+  return it == stub->database->blockEnds.end() || !it->second.begin ? nullptr
+                                                                    : &stub->database->object(*it->second.begin);
 }
 
 // "*U" and "*D" take the next number that is free.
@@ -223,7 +224,8 @@ bool AcDbBlockTableRecord::hasAttributeDefinitions() const {
 
 namespace {
 
-constexpr std::string_view kLayer = "AcDbLayerTableRecord", kStyle = "AcDbTextStyleTableRecord", kLtype = "AcDbLinetypeTableRecord";
+constexpr std::string_view kLayer = "AcDbLayerTableRecord", kStyle = "AcDbTextStyleTableRecord",
+                           kLtype = "AcDbLinetypeTableRecord";
 constexpr Field kLayerColor = integerField(kLayer, 62, 7), kLayerFlags = integerField(kLayer, 70),
                 kLayerWeight = integerField(kLayer, 370, -3), kLayerLinetype = textField(kLayer, 6, "Continuous");
 constexpr std::int64_t kFrozen = 1, kLocked = 4;
@@ -257,7 +259,9 @@ void AcDbLayerTableRecord::setIsLocked(bool locked) { setFlag(this, kLocked, loc
 AcDb::LineWeight AcDbLayerTableRecord::lineWeight() const {
   return static_cast<AcDb::LineWeight>(recordOf(this).integer(kLayerWeight));
 }
-Acad::ErrorStatus AcDbLayerTableRecord::setLineWeight(AcDb::LineWeight weight) { return impOf(this).setInteger(kLayerWeight, weight); }
+Acad::ErrorStatus AcDbLayerTableRecord::setLineWeight(AcDb::LineWeight weight) {
+  return impOf(this).setInteger(kLayerWeight, weight);
+}
 AcDbObjectId AcDbLayerTableRecord::linetypeObjectId() const {
   AcDbImpDatabase* db = databaseOf(this);
   return db ? idOf(db->tableRecord("LTYPE", recordOf(this).text(kLayerLinetype))) : AcDbObjectId();
@@ -268,15 +272,25 @@ void AcDbLayerTableRecord::setLinetypeObjectId(AcDbObjectId id) {
 
 AcDbTextStyleTableRecord::AcDbTextStyleTableRecord() { initRecord(*this, "STYLE"); }
 AcString AcDbTextStyleTableRecord::fileName() const { return toWide(recordOf(this).text(textField(kStyle, 3))); }
-Acad::ErrorStatus AcDbTextStyleTableRecord::setFileName(const ACHAR* file) { return impOf(this).setText(textField(kStyle, 3), toUtf8(file)); }
+Acad::ErrorStatus AcDbTextStyleTableRecord::setFileName(const ACHAR* file) {
+  return impOf(this).setText(textField(kStyle, 3), toUtf8(file));
+}
 double AcDbTextStyleTableRecord::xScale() const { return recordOf(this).real(realField(kStyle, 41, 1)); }
-Acad::ErrorStatus AcDbTextStyleTableRecord::setXScale(double scale) { return impOf(this).setReal(realField(kStyle, 41), scale); }
-double AcDbTextStyleTableRecord::obliquingAngle() const { return recordOf(this).real(realField(kStyle, 50)) * 3.14159265358979323846 / 180; }
+Acad::ErrorStatus AcDbTextStyleTableRecord::setXScale(double scale) {
+  return impOf(this).setReal(realField(kStyle, 41), scale);
+}
+double AcDbTextStyleTableRecord::obliquingAngle() const {
+  return recordOf(this).real(realField(kStyle, 50)) * 3.14159265358979323846 / 180;
+}
 double AcDbTextStyleTableRecord::textSize() const { return recordOf(this).real(realField(kStyle, 40)); }
-Acad::ErrorStatus AcDbTextStyleTableRecord::setTextSize(double size) { return impOf(this).setReal(realField(kStyle, 40), size); }
+Acad::ErrorStatus AcDbTextStyleTableRecord::setTextSize(double size) {
+  return impOf(this).setReal(realField(kStyle, 40), size);
+}
 
 AcDbLinetypeTableRecord::AcDbLinetypeTableRecord() { initRecord(*this, "LTYPE"); }
-int AcDbLinetypeTableRecord::numDashes() const { return static_cast<int>(recordOf(this).integer(integerField(kLtype, 73))); }
+int AcDbLinetypeTableRecord::numDashes() const {
+  return static_cast<int>(recordOf(this).integer(integerField(kLtype, 73)));
+}
 double AcDbLinetypeTableRecord::dashLengthAt(int index) const {
   for (const Group& group : recordOf(this).groups)
     if (group.code() == 49 && index-- == 0) return group.real();

@@ -71,7 +71,8 @@ void convert(const Iconv& handle, std::string_view& in, std::string& out) {
 
 // \U+XXXX; characters above U+FFFF as a pair of surrogates, since the form has four digits.
 std::string escaped(char32_t character) {
-  if (character > 0xFFFF) return escaped(0xD800 + ((character - 0x10000) >> 10)) + escaped(0xDC00 + (character & 0x3FF));
+  if (character > 0xFFFF)
+    return escaped(0xD800 + ((character - 0x10000) >> 10)) + escaped(0xDC00 + (character & 0x3FF));
   static constexpr char kDigits[] = "0123456789ABCDEF";
   std::string text = "\\U+";
   for (int shift = 12; shift >= 0; shift -= 4) text.push_back(kDigits[character >> shift & 0xF]);

@@ -20,7 +20,7 @@ class CodePage {
  public:
   static CodePage utf8() { return CodePage("UTF-8"); }
   static CodePage named(std::string_view dwgCodePage);
-  std::string decode(std::string_view bytes) const;                       // to UTF-8
+  std::string decode(std::string_view bytes) const;  // to UTF-8
   // From UTF-8; characters that the page lacks come out as \U+XXXX.
   std::string encode(std::string_view utf8) const;
   bool isUtf8() const { return name_ == "UTF-8"; }
@@ -36,8 +36,8 @@ bool equalNoCase(std::string_view a, std::string_view b);
 
 std::string handleText(std::uint64_t handle);  // upper-case hexadecimal
 std::optional<std::uint64_t> parseHandle(std::string_view hexadecimal);
-std::optional<double> parseReal(std::string_view text);            // surrounding blanks accepted
-std::optional<std::int64_t> parseInteger(std::string_view text);   // surrounding blanks accepted
+std::optional<double> parseReal(std::string_view text);           // surrounding blanks accepted
+std::optional<std::int64_t> parseInteger(std::string_view text);  // surrounding blanks accepted
 // Shortest text that reads back to the same double, always with a decimal point or an exponent: "1.0", "1e-09".
 std::string realText(double value);
 std::string_view trimmed(std::string_view text);

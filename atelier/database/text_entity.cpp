@@ -66,9 +66,13 @@ AcDb::TextVertMode AcDbText::verticalMode() const {
   return static_cast<AcDb::TextVertMode>(recordOf(this).integer(verticalField(recordOf(this))));
 }
 AcGeVector3d AcDbText::normal() const { return normalOf(recordOf(this), kText); }
-bool AcDbText::isDefaultAlignment() const { return horizontalMode() == AcDb::kTextLeft && verticalMode() == AcDb::kTextBase; }
+bool AcDbText::isDefaultAlignment() const {
+  return horizontalMode() == AcDb::kTextLeft && verticalMode() == AcDb::kTextBase;
+}
 
-Acad::ErrorStatus AcDbText::setPosition(const AcGePoint3d& p) { return impOf(this).setPoint(kPosition, toPlane(p, normal())); }
+Acad::ErrorStatus AcDbText::setPosition(const AcGePoint3d& p) {
+  return impOf(this).setPoint(kPosition, toPlane(p, normal()));
+}
 Acad::ErrorStatus AcDbText::setAlignmentPoint(const AcGePoint3d& p) {
   // A text on its base line at the left has no alignment point: storing one is harmless, as in the host.
   const Acad::ErrorStatus status = impOf(this).setPoint(kAlignment, toPlane(p, normal()));
@@ -83,7 +87,9 @@ Acad::ErrorStatus AcDbText::setTextStyle(AcDbObjectId style) {
   AcDbStub* stub = style;
   return stub ? impOf(this).setText(kStyle, stub->database->recordName(*stub)) : Acad::eNullObjectId;
 }
-Acad::ErrorStatus AcDbText::setHorizontalMode(AcDb::TextHorzMode mode) { return impOf(this).setInteger(kHorizontal, mode); }
+Acad::ErrorStatus AcDbText::setHorizontalMode(AcDb::TextHorzMode mode) {
+  return impOf(this).setInteger(kHorizontal, mode);
+}
 Acad::ErrorStatus AcDbText::setVerticalMode(AcDb::TextVertMode mode) {
   return impOf(this).setInteger(verticalField(recordOf(this)), mode);
 }
@@ -151,25 +157,27 @@ Acad::ErrorStatus AcDbText::transformBy(const AcGeMatrix3d& m) {
   return Acad::eOk;
 }
 
-#define ATELIER_TAGGED(CLASS, TYPE)                                                                               \
-  CLASS::CLASS() {                                                                                                \
-    if (impOf(this).record.type() != TYPE) impOf(this).record = Record::fresh(TYPE);                              \
-  }                                                                                                               \
-  AcString CLASS::tag() const { return toWide(recordOf(this).text(textField(#CLASS, 2))); }                       \
-  int CLASS::fieldLength() const { return static_cast<int>(recordOf(this).integer(integerField(#CLASS, 73))); }   \
-  bool CLASS::isInvisible() const { return recordOf(this).integer(integerField(#CLASS, 70)) & 1; }                \
-  bool CLASS::isConstant() const { return recordOf(this).integer(integerField(#CLASS, 70)) & 2; }                 \
+#define ATELIER_TAGGED(CLASS, TYPE)                                                                                    \
+  CLASS::CLASS() {                                                                                                     \
+    if (impOf(this).record.type() != TYPE) impOf(this).record = Record::fresh(TYPE);                                   \
+  }                                                                                                                    \
+  AcString CLASS::tag() const { return toWide(recordOf(this).text(textField(#CLASS, 2))); }                            \
+  int CLASS::fieldLength() const { return static_cast<int>(recordOf(this).integer(integerField(#CLASS, 73))); }        \
+  bool CLASS::isInvisible() const { return recordOf(this).integer(integerField(#CLASS, 70)) & 1; }                     \
+  bool CLASS::isConstant() const { return recordOf(this).integer(integerField(#CLASS, 70)) & 2; }                      \
   Acad::ErrorStatus CLASS::setTag(const ACHAR* tag) { return impOf(this).setText(textField(#CLASS, 2), toUtf8(tag)); } \
-  Acad::ErrorStatus CLASS::setFieldLength(int n) { return impOf(this).setInteger(integerField(#CLASS, 73), n); }  \
-  Acad::ErrorStatus CLASS::setInvisible(bool on) {                                                                \
-    const std::int64_t flags = recordOf(this).integer(integerField(#CLASS, 70));                                  \
-    return impOf(this).setInteger(integerField(#CLASS, 70), on ? flags | 1 : flags & ~1);                         \
+  Acad::ErrorStatus CLASS::setFieldLength(int n) { return impOf(this).setInteger(integerField(#CLASS, 73), n); }       \
+  Acad::ErrorStatus CLASS::setInvisible(bool on) {                                                                     \
+    const std::int64_t flags = recordOf(this).integer(integerField(#CLASS, 70));                                       \
+    return impOf(this).setInteger(integerField(#CLASS, 70), on ? flags | 1 : flags & ~1);                              \
   }
 ATELIER_TAGGED(AcDbAttributeDefinition, "ATTDEF")
 ATELIER_TAGGED(AcDbAttribute, "ATTRIB")
 #undef ATELIER_TAGGED
 
-AcString AcDbAttributeDefinition::prompt() const { return toWide(recordOf(this).text(textField("AcDbAttributeDefinition", 3))); }
+AcString AcDbAttributeDefinition::prompt() const {
+  return toWide(recordOf(this).text(textField("AcDbAttributeDefinition", 3)));
+}
 Acad::ErrorStatus AcDbAttributeDefinition::setPrompt(const ACHAR* prompt) {
   return impOf(this).setText(textField("AcDbAttributeDefinition", 3), toUtf8(prompt));
 }
@@ -187,7 +195,8 @@ AcDbAttribute::AcDbAttribute(const AcGePoint3d& position, const ACHAR* text, con
   if (!style.isNull()) setTextStyle(style);
 }
 
-Acad::ErrorStatus AcDbAttribute::setAttributeFromBlock(const AcDbAttributeDefinition* definition, const AcGeMatrix3d& transform) {
+Acad::ErrorStatus AcDbAttribute::setAttributeFromBlock(const AcDbAttributeDefinition* definition,
+                                                       const AcGeMatrix3d& transform) {
   if (!definition) return Acad::eNullObjectPointer;
   if (!impOf(this).writable()) return Acad::eNotOpenForWrite;
   const Record& from = recordOf(definition);

@@ -52,7 +52,8 @@ Acad::ErrorStatus AcDbObject::setXData(const resbuf* chain) {
     while (end < groups.size() && groups[end].code() != 1001) ++end;
     const auto [first, last] = dataOf(*record, groups[i].text());
     record->groups.erase(at(record->groups, first), at(record->groups, last));
-    if (end - i > 1) record->groups.insert(at(record->groups, std::min(first, record->groups.size())), at(groups, i), at(groups, end));
+    if (end - i > 1)
+      record->groups.insert(at(record->groups, std::min(first, record->groups.size())), at(groups, i), at(groups, end));
     i = end;
   }
   return Acad::eOk;

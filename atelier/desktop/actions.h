@@ -5,7 +5,7 @@
 namespace atelier::desktop {
 
 struct ActionRow {
-  const char* menu;      // title; a row without text is a separator
+  const char* menu;  // title; a row without text is a separator
   const char* text;
   const char* shortcut;  // null: none
   const char* icon;      // null: not in the tool bar

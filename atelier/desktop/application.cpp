@@ -44,7 +44,8 @@ int run(int argc, char** argv) {
   QApplication::setApplicationDisplayName("Kavel");
   applyTheme();
   QTranslator translator;
-  if (translator.load("qtbase_fr", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) QApplication::installTranslator(&translator);
+  if (translator.load("qtbase_fr", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QApplication::installTranslator(&translator);
   QApplication::setWindowIcon(iconNamed("profil"));
   const QStringList arguments = QApplication::arguments();
   if (arguments.contains("--help") || arguments.contains("-h")) {

@@ -66,7 +66,8 @@ class Bound : public ControlWidget {
   }
 
  protected:
-  static constexpr bool Labelled = std::is_same_v<CONTROL, Edit> || std::is_same_v<CONTROL, Combo> || std::is_same_v<CONTROL, Colour>;
+  static constexpr bool Labelled =
+      std::is_same_v<CONTROL, Edit> || std::is_same_v<CONTROL, Combo> || std::is_same_v<CONTROL, Colour>;
   virtual void showValue() = 0;
   template <class ACTION>
   void act(ACTION action) {
@@ -88,7 +89,8 @@ class TextWidget final : public Bound<Text, QLabel> {
 class EditWidget final : public Bound<Edit, QLineEdit> {
  public:
   EditWidget(Edit& c, Dialog& d, QWidget* parent) : Bound(c, d, parent) {
-    QObject::connect(widget_, &QLineEdit::textEdited, widget_, [this](const QString& t) { act([&] { control_.userType(t.toStdWString()); }); });
+    QObject::connect(widget_, &QLineEdit::textEdited, widget_,
+                     [this](const QString& t) { act([&] { control_.userType(t.toStdWString()); }); });
   }
   void showValue() override {
     if (widget_->text() != text(control_.value())) widget_->setText(text(control_.value()));
@@ -165,7 +167,8 @@ class ListWidget final : public Bound<List, QTableWidget> {
     for (int i = 0; i < widget_->rowCount(); ++i) showRow(i, rows[static_cast<std::size_t>(i)]);
     widget_->clearSelection();
     for (const int row : control_.selection())
-      widget_->selectionModel()->select(widget_->model()->index(row, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+      widget_->selectionModel()->select(widget_->model()->index(row, 0),
+                                        QItemSelectionModel::Select | QItemSelectionModel::Rows);
   }
 
  private:
@@ -192,8 +195,9 @@ class ListWidget final : public Bound<List, QTableWidget> {
 
   // A row that has a first cell only is a title over the whole width.
   void showRow(int row, const Row& content) {
-    const bool title = !content.cells.empty() && !content.cells[0].empty() &&
-                       std::all_of(content.cells.begin() + 1, content.cells.end(), [](const std::wstring& c) { return c.empty(); });
+    const bool title =
+        !content.cells.empty() && !content.cells[0].empty() &&
+        std::all_of(content.cells.begin() + 1, content.cells.end(), [](const std::wstring& c) { return c.empty(); });
     if (title && widget_->columnCount() > 1) widget_->setSpan(row, 0, 1, widget_->columnCount());
     for (int column = 0; column < widget_->columnCount(); ++column) {
       const auto index = static_cast<std::size_t>(column);

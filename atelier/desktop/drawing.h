@@ -40,8 +40,8 @@ class Drawing : public QObject {
   std::function<void()> onPrompt;  // the running prompt changed
   std::function<void()> onDone;    // a command ended; the drawing may have changed
   QString untitled = QStringLiteral("Dessin1.dxf");
-  QString autosaveName;            // file name in the autosave folder
-  QString lastLine;                // Enter at the command prompt runs it again
+  QString autosaveName;  // file name in the autosave folder
+  QString lastLine;      // Enter at the command prompt runs it again
 
  private:
   void run();

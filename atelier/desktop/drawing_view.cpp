@@ -22,9 +22,7 @@ constexpr std::size_t kMostGrips = 300;
 constexpr int kHoverDelay = 40;  // milliseconds
 constexpr double kMargin = 1.05;
 
-AcDbExtents extentsOf(const render::Box& box) {
-  return AcDbExtents({box.xMin, box.yMin, 0}, {box.xMax, box.yMax, 0});
-}
+AcDbExtents extentsOf(const render::Box& box) { return AcDbExtents({box.xMin, box.yMin, 0}, {box.xMax, box.yMax, 0}); }
 
 }  // namespace
 
@@ -151,7 +149,8 @@ AcGePoint3d DrawingView::pointAt(QPointF pixel) {
   if ((prompt && prompt->wantsPoint) || hotGrip_) {
     const auto modes = static_cast<unsigned>(drawing_.document().variables().integer("OSMODE", 0));
     constexpr unsigned kSuspended = 16384;
-    if (!(modes & kSuspended)) snap_ = findSnap(drawing_.document(), cursor, kSnapReach * port.unitsPerPixel, modes, base());
+    if (!(modes & kSuspended))
+      snap_ = findSnap(drawing_.document(), cursor, kSnapReach * port.unitsPerPixel, modes, base());
   }
   return snap_ ? snap_->point : cursor;
 }
@@ -169,7 +168,8 @@ void DrawingView::hover() {
 
 void DrawingView::click(QPointF pixel, bool removing) {
   if (const PromptInfo* prompt = drawing_.prompt()) {
-    if (prompt->wantsPoint || prompt->wantsEntity) drawing_.pick(prompt->wantsPoint ? pointAt(pixel) : viewport().world(pixel));
+    if (prompt->wantsPoint || prompt->wantsEntity)
+      drawing_.pick(prompt->wantsPoint ? pointAt(pixel) : viewport().world(pixel));
     return;
   }
   if (!drawing_.isRunning()) clickIdle(pixel, removing);
@@ -274,7 +274,9 @@ void DrawingView::drawCursor(ViewMarks& marks) {
   QString text = QString("%1 , %2").arg(p.x, 0, 'f', 3).arg(p.y, 0, 'f', 3);
   if (from) {
     const double dx = p.x - from->x, dy = p.y - from->y;
-    text += QString("   d = %1   a = %2°").arg(std::hypot(dx, dy), 0, 'f', 3).arg(std::atan2(dy, dx) * 180 / M_PI, 0, 'f', 1);
+    text += QString("   d = %1   a = %2°")
+                .arg(std::hypot(dx, dy), 0, 'f', 3)
+                .arg(std::atan2(dy, dx) * 180 / M_PI, 0, 'f', 1);
   }
   marks.note(at + QPointF(16, 16), text);
 }

@@ -14,8 +14,8 @@
 namespace atelier::desktop {
 namespace {
 
-constexpr int kPause = 5;        // milliseconds between two looks at the window
-constexpr int kSettle = 8000;    // at most, for a picture to be painted
+constexpr int kPause = 5;      // milliseconds between two looks at the window
+constexpr int kSettle = 8000;  // at most, for a picture to be painted
 
 QString plain(QString text) { return text.remove('&'); }
 
@@ -51,7 +51,8 @@ Driver& Driver::pick(double x, double y) {
 Driver& Driver::hover(double x, double y) {
   return then([this, x, y] {
     const QPointF at = window_.view()->viewport().pixel(x, y);
-    QMouseEvent event(QEvent::MouseMove, at, window_.view()->mapToGlobal(at), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QMouseEvent event(QEvent::MouseMove, at, window_.view()->mapToGlobal(at), Qt::NoButton, Qt::NoButton,
+                      Qt::NoModifier);
     QApplication::sendEvent(window_.view(), &event);
   });
 }
@@ -72,10 +73,12 @@ Driver& Driver::press(const QString& button) {
 Driver& Driver::select(const QString& list, std::vector<int> rows) {
   return then([list, rows] {
     for (QTableWidget* table : front()->findChildren<QTableWidget*>()) {
-      if (!table->isVisible() || (table->horizontalHeaderItem(0) && table->horizontalHeaderItem(0)->text() != list)) continue;
+      if (!table->isVisible() || (table->horizontalHeaderItem(0) && table->horizontalHeaderItem(0)->text() != list))
+        continue;
       table->clearSelection();
       for (const int row : rows)
-        table->selectionModel()->select(table->model()->index(row, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+        table->selectionModel()->select(table->model()->index(row, 0),
+                                        QItemSelectionModel::Select | QItemSelectionModel::Rows);
       return;
     }
     qFatal("no list %s", qPrintable(list));
@@ -135,7 +138,8 @@ void Driver::step() {
 void Driver::play() {
   QTimer::singleShot(0, this, [this] { step(); });
   do QApplication::processEvents(QEventLoop::AllEvents, 20);
-  while (!steps_.empty() || (window_.drawing() && (window_.drawing()->isRunning() || window_.drawing()->hasMore())) || QApplication::activeModalWidget());
+  while (!steps_.empty() || (window_.drawing() && (window_.drawing()->isRunning() || window_.drawing()->hasMore())) ||
+         QApplication::activeModalWidget());
 }
 
 }  // namespace atelier::desktop

@@ -14,15 +14,16 @@ class Driver : public QObject {
 
   // Puts steps up; play() takes them one after the other, each when the window asks something or nothing runs.
   Driver& then(std::function<void()> step);
-  Driver& type(const QString& line);                    // at the command line
-  Driver& pick(double x, double y);                     // a click at that place of the drawing
-  Driver& hover(double x, double y);                    // the cursor comes to that place
-  Driver& menu(const QString& entry);                   // an entry of any menu by its text, without &
-  Driver& press(const QString& button);                 // of the dialog or form that is open
-  Driver& select(const QString& list, std::vector<int> rows);  // in the open dialog: the visible list with that first column
-  Driver& key(Qt::Key key);                             // in the drawing view
-  Driver& shot(const QString& file);                    // the active window as a picture
-  void play();  // returns when all steps were taken and nothing runs any more
+  Driver& type(const QString& line);     // at the command line
+  Driver& pick(double x, double y);      // a click at that place of the drawing
+  Driver& hover(double x, double y);     // the cursor comes to that place
+  Driver& menu(const QString& entry);    // an entry of any menu by its text, without &
+  Driver& press(const QString& button);  // of the dialog or form that is open
+  Driver& select(const QString& list,
+                 std::vector<int> rows);  // in the open dialog: the visible list with that first column
+  Driver& key(Qt::Key key);               // in the drawing view
+  Driver& shot(const QString& file);      // the active window as a picture
+  void play();                            // returns when all steps were taken and nothing runs any more
 
  private:
   bool isReady() const;

@@ -23,10 +23,12 @@ struct DefinedRow {
 
 // Matrix, place, height, kind, tags in braces and label of each line, as the module reads them; other lines are left out.
 QVector<DefinedRow> rowsOf(const QString& definition) {
-  static const QRegularExpression line(QStringLiteral("^\\s*([^;\\s-]+)\\s*-\\s*([0-9.]+)\\s+[0-9]+\\s*(?:\\{.*\\})?\\s*(.*)$"));
+  static const QRegularExpression line(
+      QStringLiteral("^\\s*([^;\\s-]+)\\s*-\\s*([0-9.]+)\\s+[0-9]+\\s*(?:\\{.*\\})?\\s*(.*)$"));
   QVector<DefinedRow> rows;
   for (const QString& text : definition.split('\n'))
-    if (const auto match = line.match(text); match.hasMatch()) rows.push_back({match.captured(1), match.captured(3).trimmed(), match.captured(2).toDouble()});
+    if (const auto match = line.match(text); match.hasMatch())
+      rows.push_back({match.captured(1), match.captured(3).trimmed(), match.captured(2).toDouble()});
   return rows;
 }
 
@@ -60,10 +62,11 @@ MatricesForm::MatricesForm(Drawing& drawing, QWidget* parent) : QDialog(parent),
   setWindowTitle(QStringLiteral("Matrices du profil"));
   auto* fields = new QFormLayout(this);
   profile = new QComboBox(this);
-  for (const QVariant& number : ask(drawing.document(), "(mapcar 'plv-numero-profil (plv-profils))").toList()) profile->addItem(number.toString());
+  for (const QVariant& number : ask(drawing.document(), "(mapcar 'plv-numero-profil (plv-profils))").toList())
+    profile->addItem(number.toString());
   fields->addRow(QStringLiteral("Profil"), profile);
-  fields->addRow(QStringLiteral("Définition"),
-                 fileLine(this, file, QStringLiteral("Définition des matrices"), QStringLiteral("Définitions (*.txt);;Tous (*)")));
+  fields->addRow(QStringLiteral("Définition"), fileLine(this, file, QStringLiteral("Définition des matrices"),
+                                                        QStringLiteral("Définitions (*.txt);;Tous (*)")));
   every = new QCheckBox(QStringLiteral("Coter tous les points, même serrés"), this);
   fields->addRow(every);
   rows_ = new QLabel(this);
@@ -80,11 +83,13 @@ MatricesForm::MatricesForm(Drawing& drawing, QWidget* parent) : QDialog(parent),
 void MatricesForm::preview() {
   QFile in(file->text());
   if (file->text().isEmpty() || !in.open(QIODevice::ReadOnly)) {
-    rows_->setText(profile->count() == 0 ? QStringLiteral("Le dessin n'a pas encore de profil.") : QStringLiteral("Choisissez un fichier de définition."));
+    rows_->setText(profile->count() == 0 ? QStringLiteral("Le dessin n'a pas encore de profil.")
+                                         : QStringLiteral("Choisissez un fichier de définition."));
     return;
   }
   const std::string bytes = in.read(kMostRead).toStdString();
-  const auto rows = rowsOf(QString::fromStdString(isValidUtf8(bytes) ? bytes : CodePage::named("ANSI_1252").decode(bytes)));
+  const auto rows =
+      rowsOf(QString::fromStdString(isValidUtf8(bytes) ? bytes : CodePage::named("ANSI_1252").decode(bytes)));
   if (rows.isEmpty()) rows_->setText(QStringLiteral("Ce fichier ne définit aucune rangée."));
   else rows_->setPixmap(tables(rows, palette(), font()));
   adjustSize();

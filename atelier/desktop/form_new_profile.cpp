@@ -22,7 +22,8 @@ QDoubleSpinBox* spin(QWidget* parent, double value, double most) {
 
 QVector<QPointF> pointsOf(const QVariant& list) {
   QVector<QPointF> points;
-  for (const QVariant& pair : list.toList()) points << QPointF(pair.toList().value(0).toDouble(), pair.toList().value(1).toDouble());
+  for (const QVariant& pair : list.toList())
+    points << QPointF(pair.toList().value(0).toDouble(), pair.toList().value(1).toDouble());
   return points;
 }
 
@@ -32,7 +33,8 @@ NewProfileForm::NewProfileForm(Drawing& drawing, QWidget* parent) : QDialog(pare
   setWindowTitle(QStringLiteral("Nouveau profil"));
   auto* fields = new QFormLayout(this);
   fields->addRow(QStringLiteral("Fichier du terrain naturel"),
-                 fileLine(this, file, QStringLiteral("Fichier du terrain naturel"), QStringLiteral("Levés (*.csv *.txt *.xml);;Tous (*)")));
+                 fileLine(this, file, QStringLiteral("Fichier du terrain naturel"),
+                          QStringLiteral("Levés (*.csv *.txt *.xml);;Tous (*)")));
   number = new QLineEdit(QString::number(ask(drawing.document(), "(plv-profil:identifiant)").toInt()), this);
   scale = spin(this, 10, 1000);
   textHeight = spin(this, 2.5, 100);
@@ -56,19 +58,24 @@ void NewProfileForm::preview() {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(palette().color(QPalette::Text));
   const QString path = quoted(file->text());
-  const QVector<QPointF> ground = file->text().isEmpty() ? QVector<QPointF>() : pointsOf(ask(drawing_.document(), "(plv-bureau-terrain " + path + ")"));
+  const QVector<QPointF> ground = file->text().isEmpty()
+                                      ? QVector<QPointF>()
+                                      : pointsOf(ask(drawing_.document(), "(plv-bureau-terrain " + path + ")"));
   if (ground.size() < 2) {
-    painter.drawText(pixmap.rect(), Qt::AlignCenter, file->text().isEmpty() ? QStringLiteral("Choisissez un fichier")
-                                                                            : QStringLiteral("Ce fichier ne donne pas de terrain"));
+    painter.drawText(pixmap.rect(), Qt::AlignCenter,
+                     file->text().isEmpty() ? QStringLiteral("Choisissez un fichier")
+                                            : QStringLiteral("Ce fichier ne donne pas de terrain"));
   } else {
-    const QVector<QPointF> planes = pointsOf(ask(drawing_.document(), QString("(plv-bureau-plans %1 %2 %3)")
-                                                                          .arg(path, atelier::desktop::number(scale->value()),
-                                                                               atelier::desktop::number(kRoom * textHeight->value()))));
+    const QVector<QPointF> planes =
+        pointsOf(ask(drawing_.document(), QString("(plv-bureau-plans %1 %2 %3)")
+                                              .arg(path, atelier::desktop::number(scale->value()),
+                                                   atelier::desktop::number(kRoom * textHeight->value()))));
     double low = ground[0].y(), high = low;
     for (const QPointF& p : ground + planes) low = std::min(low, p.y()), high = std::max(high, p.y());
     const double length = std::max(1e-9, ground.back().x()), rise = std::max(1e-9, high - low);
     const auto at = [&](double d, double z) {
-      return QPointF(kEdge + d / length * (kWidth - 2 * kEdge), kHeight - kEdge - (z - low) / rise * (kHeight - 2 * kEdge));
+      return QPointF(kEdge + d / length * (kWidth - 2 * kEdge),
+                     kHeight - kEdge - (z - low) / rise * (kHeight - 2 * kEdge));
     };
     painter.setPen(QPen(QColor(60, 120, 200), 1.5));
     for (qsizetype i = 0; i < planes.size(); ++i) {
@@ -90,9 +97,10 @@ void NewProfileForm::preview() {
 
 void NewProfileForm::accept() {
   if (file->text().isEmpty()) return file->setFocus();
-  const QString call = QString("(progn (plv-nouveau %1 %2 (getpoint \"\\nPoint d'insertion <0,0>: \") %3 %4 nil nil) (princ))")
-                           .arg(quoted(file->text()), quoted(number->text()), atelier::desktop::number(scale->value()),
-                                atelier::desktop::number(textHeight->value()));
+  const QString call =
+      QString("(progn (plv-nouveau %1 %2 (getpoint \"\\nPoint d'insertion <0,0>: \") %3 %4 nil nil) (princ))")
+          .arg(quoted(file->text()), quoted(number->text()), atelier::desktop::number(scale->value()),
+               atelier::desktop::number(textHeight->value()));
   QDialog::accept();
   // The command line asks for the place, where it can be clicked.
   drawing_.feed({call.toStdString(), "ZOOM", "_E"});

@@ -9,7 +9,8 @@
 namespace atelier::desktop {
 
 // The line edit and, beside it, a button that chooses a file of the filter.
-inline QWidget* fileLine(QDialog* form, QLineEdit*& edit, const QString& title, const QString& filter, bool save = false) {
+inline QWidget* fileLine(QDialog* form, QLineEdit*& edit, const QString& title, const QString& filter,
+                         bool save = false) {
   auto* row = new QWidget(form);
   auto* layout = new QHBoxLayout(row);
   layout->setContentsMargins(0, 0, 0, 0);

@@ -18,14 +18,17 @@ constexpr int kPreview = 460;  // longer side of the sheet in pixels
 
 QImage sheet(const render::DisplayList& list, const render::Page& page) {
   const double perMm = kPreview / std::max(page.widthMm, page.heightMm);
-  QImage picture(std::max(1, static_cast<int>(page.widthMm * perMm)), std::max(1, static_cast<int>(page.heightMm * perMm)), QImage::Format_RGB32);
+  QImage picture(std::max(1, static_cast<int>(page.widthMm * perMm)),
+                 std::max(1, static_cast<int>(page.heightMm * perMm)), QImage::Format_RGB32);
   render::PaintOptions options;
   options.toSurface = render::Affine::scaling(perMm, perMm) * page.toPage;
   options.unitsPerMm = perMm;
   options.thinnest = 0.5;
   options.greekBelow = 2;
-  options.clip = {page.clipMm.xMin * perMm, page.clipMm.yMin * perMm, page.clipMm.xMax * perMm, page.clipMm.yMax * perMm};
-  render::paintPicture(picture.bits(), picture.width(), picture.height(), static_cast<int>(picture.bytesPerLine()), list, options);
+  options.clip = {page.clipMm.xMin * perMm, page.clipMm.yMin * perMm, page.clipMm.xMax * perMm,
+                  page.clipMm.yMax * perMm};
+  render::paintPicture(picture.bits(), picture.width(), picture.height(), static_cast<int>(picture.bytesPerLine()),
+                       list, options);
   QPainter painter(&picture);
   painter.setPen(Qt::gray);
   painter.drawRect(0, 0, picture.width() - 1, picture.height() - 1);
@@ -34,7 +37,8 @@ QImage sheet(const render::DisplayList& list, const render::Page& page) {
 
 }  // namespace
 
-PlotForm::PlotForm(Drawing& drawing, QWidget* parent) : QDialog(parent), drawing_(drawing), list_(render::drawScene(drawing.document().database())) {
+PlotForm::PlotForm(Drawing& drawing, QWidget* parent)
+    : QDialog(parent), drawing_(drawing), list_(render::drawScene(drawing.document().database())) {
   render::addTransients(list_, drawing.document().transients());
   setWindowTitle(QStringLiteral("Tracer"));
   auto* fields = new QFormLayout(this);
@@ -65,7 +69,8 @@ PlotForm::PlotForm(Drawing& drawing, QWidget* parent) : QDialog(parent), drawing
 render::PlotRequest PlotForm::request() const {
   render::PlotRequest request;
   request.scale = render::parseScale(scale->text().toStdString());
-  if (const QString name = paper->currentData().toString(); !name.isEmpty()) request.paper = render::parsePaper(name.toStdString());
+  if (const QString name = paper->currentData().toString(); !name.isEmpty())
+    request.paper = render::parsePaper(name.toStdString());
   return request;
 }
 
@@ -73,7 +78,10 @@ void PlotForm::preview() {
   try {
     const render::Page page = render::layOutPage(list_.bounds(), request());
     picture_->setPixmap(QPixmap::fromImage(sheet(list_, page)));
-    QString text = QStringLiteral("Feuille de %1 x %2 mm, échelle 1:%3").arg(page.widthMm).arg(page.heightMm).arg(page.scale, 0, 'g', 6);
+    QString text = QStringLiteral("Feuille de %1 x %2 mm, échelle 1:%3")
+                       .arg(page.widthMm)
+                       .arg(page.heightMm)
+                       .arg(page.scale, 0, 'g', 6);
     for (const std::string& warning : page.warnings) text += "\n" + QString::fromStdString(warning);
     message_->setText(text);
   } catch (const render::PlotError& error) {
@@ -86,7 +94,8 @@ void PlotForm::accept() {
   try {
     render::PlotOptions options;
     options.page = request();
-    for (const std::string& warning : render::plot(list_, file->text().toStdString(), options)) drawing_.document().print("\n" + warning);
+    for (const std::string& warning : render::plot(list_, file->text().toStdString(), options))
+      drawing_.document().print("\n" + warning);
     drawing_.document().print("\nDessin trace dans " + file->text().toStdString() + ".\n");
     QDialog::accept();
   } catch (const render::PlotError& error) {

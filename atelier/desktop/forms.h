@@ -1,11 +1,11 @@
 // Forms in place of prompts, each of which calls the front-end's function that the prompts call.
 #pragma once
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
 #include <QDoubleSpinBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QCheckBox>
 
 #include "atelier/desktop/drawing.h"
 #include "atelier/render/page.h"

@@ -22,7 +22,9 @@ const QHash<QString, QString>& shapes() {
       {"enregistrer", "M 4 4 L 17 4 L 20 7 L 20 20 L 4 20 Z M 8 4 L 8 9 L 15 9 L 15 4 | M 8 20 L 8 14 L 16 14 L 16 20"},
       {"annuler", "M 8 5 L 4 9 L 8 13 M 4 9 L 14 9 C 22 9 22 19 14 19 L 10 19"},
       {"retablir", "M 16 5 L 20 9 L 16 13 M 20 9 L 10 9 C 2 9 2 19 10 19 L 14 19"},
-      {"etendu", "M 4 9 L 4 4 L 9 4 M 15 4 L 20 4 L 20 9 M 20 15 L 20 20 L 15 20 M 9 20 L 4 20 L 4 15 | M 8 14 L 11 11 L 13 13 L 16 9"},
+      {"etendu",
+       "M 4 9 L 4 4 L 9 4 M 15 4 L 20 4 L 20 9 M 20 15 L 20 20 L 15 20 M 9 20 L 4 20 L 4 15 | M 8 14 L 11 11 L 13 13 L "
+       "16 9"},
       {"fenetre", "M 4 4 L 15 4 L 15 15 L 4 15 Z | M 14 14 L 21 21"},
       {"profil", "M 3 20 L 21 20 M 3 20 L 3 4 | M 3 14 L 8 9 L 12 12 L 17 6 L 21 10"},
       {"tableaux", "M 3 5 L 21 5 L 21 19 L 3 19 Z M 3 10 L 21 10 M 3 14 L 21 14 | M 9 5 L 9 19"},

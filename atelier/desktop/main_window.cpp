@@ -189,11 +189,14 @@ void MainWindow::readProfile() {
   Drawing* const d = drawing();
   if (!d || (d->isRunning() && !d->prompt())) return;
   const QVariantList reading =
-      atelier::desktop::ask(d->document(), QString("(plv-bureau-lecture %1 %2)").arg(number(readingAt_.x), number(readingAt_.y))).toList();
-  profileStatus_->setText(reading.size() < 5 ? QString()
-                                             : QStringLiteral("Profil %1   distance %2   altitude %3   terrain %4   profondeur %5")
-                                                   .arg(reading[0].toString(), reading[1].toString(), reading[2].toString(),
-                                                        reading[3].toString(), reading[4].toString()));
+      atelier::desktop::ask(d->document(),
+                            QString("(plv-bureau-lecture %1 %2)").arg(number(readingAt_.x), number(readingAt_.y)))
+          .toList();
+  profileStatus_->setText(reading.size() < 5
+                              ? QString()
+                              : QStringLiteral("Profil %1   distance %2   altitude %3   terrain %4   profondeur %5")
+                                    .arg(reading[0].toString(), reading[1].toString(), reading[2].toString(),
+                                         reading[3].toString(), reading[4].toString()));
 }
 
 void MainWindow::showHandle(const QString& handle) {
@@ -204,10 +207,12 @@ void MainWindow::showHandle(const QString& handle) {
   if (!stub || stub->is(AcDbStub::kErased)) return;
   tab->view->select({stub});
   // A profile's block holds only its title; the whole of it is asked from the front-end.
-  const QVariantList box = atelier::desktop::ask(tab->drawing->document(), QString("(plv-bureau-boite \"%1\")").arg(handle)).toList();
+  const QVariantList box =
+      atelier::desktop::ask(tab->drawing->document(), QString("(plv-bureau-boite \"%1\")").arg(handle)).toList();
   AcDbEntityPointer entity(idOf(stub));
   AcDbExtents extents;
-  if (box.size() == 4) extents = AcDbExtents({box[0].toDouble(), box[1].toDouble(), 0}, {box[2].toDouble(), box[3].toDouble(), 0});
+  if (box.size() == 4)
+    extents = AcDbExtents({box[0].toDouble(), box[1].toDouble(), 0}, {box[2].toDouble(), box[3].toDouble(), 0});
   else if (entity.openStatus() == Acad::eOk) entity->getGeomExtents(extents);
   tab->view->zoomTo(extents);
 }
@@ -233,7 +238,8 @@ void MainWindow::selectAll() {
 }
 
 void MainWindow::chooseGround() {
-  const QColor colour = QColorDialog::getColor(QColor(QSettings().value("fond", "#ffffff").toString()), this, QStringLiteral("Couleur du fond"));
+  const QColor colour = QColorDialog::getColor(QColor(QSettings().value("fond", "#ffffff").toString()), this,
+                                               QStringLiteral("Couleur du fond"));
   if (!colour.isValid()) return;
   QSettings().setValue("fond", colour.name());
   for (const auto& tab : drawings_) tab->view->setGround(colour);

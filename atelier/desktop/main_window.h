@@ -26,7 +26,7 @@ class MainWindow : public QMainWindow {
   // Asks what becomes of changes; false when the user goes back.
   bool closeTab(int index);
 
-  Drawing* drawing() const;      // of the front tab; null when there is none
+  Drawing* drawing() const;  // of the front tab; null when there is none
   DrawingView* view() const;
   CommandLine& commandLine() { return *commands_; }
   WindowDialogs& dialogs() { return dialogs_; }

@@ -20,7 +20,8 @@ constexpr int kMostRecent = 10;
 
 QDir autosaveFolder() {
   const QString given = qEnvironmentVariable("KAVEL_SAUVEGARDES");
-  QDir folder(given.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) + "/sauvegardes" : given);
+  QDir folder(given.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) + "/sauvegardes"
+                              : given);
   folder.mkpath(".");
   return folder;
 }
@@ -44,7 +45,8 @@ QString MainWindow::ask(const QString& question, const QStringList& answers) {
 
 QString MainWindow::chooseFile(bool save, const QString& title, const QString& filter, const QString& suggested) {
   if (fileAnswer) return fileAnswer();
-  return save ? QFileDialog::getSaveFileName(this, title, suggested, filter) : QFileDialog::getOpenFileName(this, title, suggested, filter);
+  return save ? QFileDialog::getSaveFileName(this, title, suggested, filter)
+              : QFileDialog::getOpenFileName(this, title, suggested, filter);
 }
 
 bool MainWindow::save(bool underNewName) {
@@ -52,7 +54,8 @@ bool MainWindow::save(bool underNewName) {
   if (!d) return false;
   QString path = QString::fromStdString(d->document().path());
   if (underNewName || path.isEmpty() || !path.endsWith(".dxf", Qt::CaseInsensitive))
-    path = chooseFile(true, QStringLiteral("Enregistrer le dessin"), QStringLiteral("Dessins DXF (*.dxf)"), path.isEmpty() ? d->untitled : path);
+    path = chooseFile(true, QStringLiteral("Enregistrer le dessin"), QStringLiteral("Dessins DXF (*.dxf)"),
+                      path.isEmpty() ? d->untitled : path);
   if (path.isEmpty()) return false;
   if (QFileInfo(path).suffix().isEmpty()) path += ".dxf";
   if (!path.endsWith(".dxf", Qt::CaseInsensitive)) {
@@ -119,7 +122,9 @@ void MainWindow::autosave() {
       continue;
     }
     QFile note(copy + ".origine");
-    if (note.open(QIODevice::WriteOnly)) note.write(QByteArray::fromStdString(d.document().path().empty() ? d.untitled.toStdString() : d.document().path()));
+    if (note.open(QIODevice::WriteOnly))
+      note.write(
+          QByteArray::fromStdString(d.document().path().empty() ? d.untitled.toStdString() : d.document().path()));
   }
 }
 
@@ -128,8 +133,9 @@ void MainWindow::recover() {
   for (const QString& name : folder.entryList({"*.dxf"}, QDir::Files)) {
     QFile note(folder.filePath(name + ".origine"));
     const QString origin = note.open(QIODevice::ReadOnly) ? QString::fromUtf8(note.readAll()) : name;
-    const QString answer = ask(QStringLiteral("Kavel s'est arrêté sans enregistrer %1. Ouvrir la copie de sauvegarde ?").arg(origin),
-                               {QStringLiteral("Oui"), QStringLiteral("Non")});
+    const QString answer =
+        ask(QStringLiteral("Kavel s'est arrêté sans enregistrer %1. Ouvrir la copie de sauvegarde ?").arg(origin),
+            {QStringLiteral("Oui"), QStringLiteral("Non")});
     if (answer == "oui" && open(folder.filePath(name))) {
       // The copy becomes an unnamed drawing: saving asks for the name again.
       Drawing& d = *drawing();

@@ -56,9 +56,11 @@ void MainWindow::buildMenus() {
   panels->setTitle(QStringLiteral("&Panneaux"));
   view->addMenu(panels);
   QMenu* help = menuBar()->addMenu(QStringLiteral("&Aide"));
-  connect(help->addAction(QStringLiteral("Fonctions AutoLISP")), &QAction::triggered, this, [this] { perform("(aide)"); });
+  connect(help->addAction(QStringLiteral("Fonctions AutoLISP")), &QAction::triggered, this,
+          [this] { perform("(aide)"); });
   connect(help->addAction(QStringLiteral("À propos de Kavel")), &QAction::triggered, this, [this] {
-    QMessageBox::about(this, QStringLiteral("Kavel"), QStringLiteral("Kavel\nProfils en long de routes, d'assainissement et d'eau potable."));
+    QMessageBox::about(this, QStringLiteral("Kavel"),
+                       QStringLiteral("Kavel\nProfils en long de routes, d'assainissement et d'eau potable."));
   });
   hostMenus_ = std::make_unique<HostMenuBar>(*menuBar(), help->menuAction(), [this](std::vector<std::string> lines) {
     if (Drawing* d = drawing()) d->feed(lines);

@@ -23,9 +23,10 @@ PropertiesPanel::PropertiesPanel(QWidget* parent) : QTableWidget(0, 2, parent) {
 void PropertiesPanel::show(Drawing* drawing, const std::vector<AcDbStub*>& selection) {
   QVariantList rows;
   if (drawing && selection.size() == 1)
-    rows = ask(drawing->document(), QString("(plv-bureau-proprietes \"%1\")").arg(QString::fromStdString(handleText(selection[0]->handle)))).toList();
-  else if (selection.size() > 1)
-    rows = {QVariantList{QStringLiteral("Objets"), QString::number(selection.size())}};
+    rows = ask(drawing->document(),
+               QString("(plv-bureau-proprietes \"%1\")").arg(QString::fromStdString(handleText(selection[0]->handle))))
+               .toList();
+  else if (selection.size() > 1) rows = {QVariantList{QStringLiteral("Objets"), QString::number(selection.size())}};
   setRowCount(static_cast<int>(rows.size()));
   for (int i = 0; i < rows.size(); ++i)
     for (int column = 0; column < 2; ++column) {

@@ -14,10 +14,11 @@ constexpr double kPixelsPerMm = 96 / 25.4;
 // Line weights on the screen: as plotted at this share, and never thinner than a pixel.
 constexpr double kWeightShare = 0.5;
 constexpr std::size_t kCrowd = 20000;  // primitives in sight
-constexpr double kGreekBelow = 2.5;  // pixels of capital height
+constexpr double kGreekBelow = 2.5;    // pixels of capital height
 
 render::Colour colourOf(const QColor& c) {
-  return {static_cast<std::uint8_t>(c.red()), static_cast<std::uint8_t>(c.green()), static_cast<std::uint8_t>(c.blue())};
+  return {static_cast<std::uint8_t>(c.red()), static_cast<std::uint8_t>(c.green()),
+          static_cast<std::uint8_t>(c.blue())};
 }
 
 // White on a dark ground, black on a light one.
@@ -37,8 +38,8 @@ bool isCrowded(const std::vector<Part>& parts, const render::PaintOptions& optio
 }
 
 // The rows of a picture from `first` on, as many as `options.clip` is high.
-void paintBand(unsigned char* picture, int stride, int first, const std::vector<Part>& parts, render::PaintOptions options,
-               bool crowded, const std::atomic<bool>& stop) {
+void paintBand(unsigned char* picture, int stride, int first, const std::vector<Part>& parts,
+               render::PaintOptions options, bool crowded, const std::atomic<bool>& stop) {
   const int width = static_cast<int>(options.clip.xMax), height = static_cast<int>(options.clip.yMax);
   unsigned char* const pixels = picture + static_cast<std::ptrdiff_t>(first) * stride;
   options.toSurface = render::Affine::translation(0, -first) * options.toSurface;
@@ -106,11 +107,14 @@ void ScenePainter::start(PaintRequest request) {
   stop_ = std::make_shared<std::atomic<bool>>(false);
   QThreadPool::globalInstance()->start([this, stop = stop_, request = std::move(request)] {
     QImage picture = paintScene(request, *stop);
-    QMetaObject::invokeMethod(this, [this, picture = std::move(picture), viewport = request.viewport] {
-      running_ = false;
-      if (!picture.isNull() && onPicture) onPicture(picture, viewport);
-      if (waiting_) start(*std::exchange(waiting_, std::nullopt));
-    }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this,
+        [this, picture = std::move(picture), viewport = request.viewport] {
+          running_ = false;
+          if (!picture.isNull() && onPicture) onPicture(picture, viewport);
+          if (waiting_) start(*std::exchange(waiting_, std::nullopt));
+        },
+        Qt::QueuedConnection);
   });
 }
 

@@ -6,7 +6,14 @@
 
 namespace atelier::desktop {
 
-enum SnapMode : unsigned { kEnd = 1, kMiddle = 2, kCentre = 4, kIntersection = 32, kPerpendicular = 128, kNearest = 512 };
+enum SnapMode : unsigned {
+  kEnd = 1,
+  kMiddle = 2,
+  kCentre = 4,
+  kIntersection = 32,
+  kPerpendicular = 128,
+  kNearest = 512
+};
 
 struct Snap {
   SnapMode mode;

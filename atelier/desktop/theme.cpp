@@ -13,7 +13,8 @@ namespace {
 QPalette darkPalette() {
   const QColor window(45, 47, 51), base(32, 33, 36), text(226, 226, 226), faint(130, 132, 136), link(110, 170, 250);
   QPalette palette(window);
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText, QPalette::BrightText})
+  for (const auto role :
+       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText, QPalette::BrightText})
     palette.setColor(role, text);
   palette.setColor(QPalette::Base, base);
   palette.setColor(QPalette::AlternateBase, window);

@@ -91,7 +91,8 @@ void ViewMarks::rectangle(const AcGePoint3d& from, const QPointF& to, bool selec
 void ViewMarks::grips(std::span<const Grip> grips, std::optional<std::size_t> hot) {
   for (std::size_t i = 0; i < grips.size(); ++i) {
     const QPointF at = viewport_.pixel(grips[i].at);
-    painter_.fillRect(QRectF(at.x() - kGrip, at.y() - kGrip, 2 * kGrip, 2 * kGrip), i == hot ? kHotColour : kGripColour);
+    painter_.fillRect(QRectF(at.x() - kGrip, at.y() - kGrip, 2 * kGrip, 2 * kGrip),
+                      i == hot ? kHotColour : kGripColour);
   }
 }
 

@@ -16,7 +16,8 @@ namespace {
 void checkHandles(AuditRun& run) {
   std::vector<AcDbStub*> later;
   for (const AcDbStub& stub : run.db.stubs())
-    if (stub.handle != 0 && !stub.is(AcDbStub::kErased) && run.db.stubOf(stub.handle) != &stub) later.push_back(const_cast<AcDbStub*>(&stub));
+    if (stub.handle != 0 && !stub.is(AcDbStub::kErased) && run.db.stubOf(stub.handle) != &stub)
+      later.push_back(const_cast<AcDbStub*>(&stub));
   for (AcDbStub* stub : later) {
     if (!run.found("A01", stub, "identifiant " + handleText(stub->handle) + " deja pris")) continue;
     Record& record = run.changing(*stub);
@@ -30,16 +31,19 @@ void checkSeed(AuditRun& run) {
   if (!seed || seed->values.empty() || run.db.modified) return;
   std::uint64_t highest = 0;
   for (const AcDbStub& stub : run.db.stubs())
-    if (!stub.is(AcDbStub::kVirtual) && !stub.is(AcDbStub::kHandleless) && !stub.is(AcDbStub::kNew)) highest = std::max(highest, stub.handle);
+    if (!stub.is(AcDbStub::kVirtual) && !stub.is(AcDbStub::kHandleless) && !stub.is(AcDbStub::kNew))
+      highest = std::max(highest, stub.handle);
   if (seed->values[0].handle() > highest) return;
-  if (run.found("A02", nullptr, "$HANDSEED " + handleText(seed->values[0].handle()) + " n'est pas au-dessus de " + handleText(highest)))
+  if (run.found("A02", nullptr,
+                "$HANDSEED " + handleText(seed->values[0].handle()) + " n'est pas au-dessus de " + handleText(highest)))
     run.db.modified = true;  // saving writes a seed that is
 }
 
 // Stand-ins take the place of what the file lacks; noted as changed, they are written.
 void checkDefaults(AuditRun& run) {
   for (const AcDbStub& stub : run.db.stubs()) {
-    if (!stub.is(AcDbStub::kVirtual) || stub.is(AcDbStub::kChanged) || run.db.typeName(stub) == "BLOCK_RECORD") continue;
+    if (!stub.is(AcDbStub::kVirtual) || stub.is(AcDbStub::kChanged) || run.db.typeName(stub) == "BLOCK_RECORD")
+      continue;
     AcDbStub& changed = const_cast<AcDbStub&>(stub);
     const std::string name = run.db.recordName(changed);
     if (run.db.typeName(stub) == "TABLE") {
@@ -71,8 +75,7 @@ class Cycles {
     if (!target) return;
     if (std::find(open_.begin(), open_.end(), target) != open_.end())
       run_.found("A04", &reference, "le bloc \"" + name + "\" se contient lui-meme");
-    else
-      visit(*target);
+    else visit(*target);
   }
   AuditRun& run_;
   std::vector<AcDbStub*> open_;
@@ -105,7 +108,8 @@ bool AuditRun::found(std::string_view code, AcDbStub* stub, std::string text) {
   const auto row = std::find_if(codes.begin(), codes.end(), [&](const AuditCode& c) { return c.code == code; });
   ATELIER_ASSERT(row != codes.end());
   const bool repair = fixing_ && row->repairable;
-  findings.push_back({row->code, row->severity, stub ? stub->handle : 0, stub ? placeOf(*stub) : "dessin", std::move(text), repair});
+  findings.push_back(
+      {row->code, row->severity, stub ? stub->handle : 0, stub ? placeOf(*stub) : "dessin", std::move(text), repair});
   return repair;
 }
 
@@ -113,12 +117,14 @@ std::string AuditRun::placeOf(AcDbStub& stub) {
   std::string place(db.typeName(stub));
   if (!stub.owner) return place;
   const std::string_view type = db.typeName(*stub.owner);
-  return place + " dans " + (type == "BLOCK_RECORD" || type == "TABLE" ? db.recordName(*stub.owner) : std::string(type) + " " + handleText(stub.owner->handle));
+  return place + " dans " +
+         (type == "BLOCK_RECORD" || type == "TABLE" ? db.recordName(*stub.owner)
+                                                    : std::string(type) + " " + handleText(stub.owner->handle));
 }
 
 std::string line(const Finding& f) {
-  return std::string(f.code) + (f.severity == Severity::error ? " erreur " : " avertissement ") + (f.handle ? handleText(f.handle) + " " : "") +
-         f.place + ": " + f.text + (f.repaired ? " (repare)" : "");
+  return std::string(f.code) + (f.severity == Severity::error ? " erreur " : " avertissement ") +
+         (f.handle ? handleText(f.handle) + " " : "") + f.place + ": " + f.text + (f.repaired ? " (repare)" : "");
 }
 
 std::vector<Finding> audit(AcDbDatabase& database, bool fix) {

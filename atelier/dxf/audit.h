@@ -13,7 +13,7 @@ namespace atelier::dxf {
 enum class Severity : std::uint8_t { warning, error };
 
 struct Finding {
-  std::string_view code;     // "A01" ...; auditCodes() lists them
+  std::string_view code;  // "A01" ...; auditCodes() lists them
   Severity severity;
   std::uint64_t handle = 0;  // of the object, 0 for the drawing as a whole
   std::string place;         // record type and container: "LINE dans *Model_Space"

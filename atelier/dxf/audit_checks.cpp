@@ -31,7 +31,8 @@ void addRecord(AuditRun& run, std::string_view table, const std::string& name) {
 
 void needName(AuditRun& run, AcDbStub& stub, std::string_view table, const std::string& name, const char* what) {
   if (name.empty() || run.db.tableRecord(table, name)) return;
-  if (run.found(table == "APPID" ? "A10" : "A05", &stub, std::string(what) + " " + quoted(name) + " absent")) addRecord(run, table, name);
+  if (run.found(table == "APPID" ? "A10" : "A05", &stub, std::string(what) + " " + quoted(name) + " absent"))
+    addRecord(run, table, name);
 }
 
 // Groups of a list that leads to objects which are not there can go without loss.
@@ -52,7 +53,8 @@ bool inBracesAt(const Record& record, std::size_t at) {
 // Takes the group out, with its key or with braces that hold nothing else. The place of the group behind it.
 std::size_t removeAt(Record& record, std::size_t at) {
   const auto code = [&](std::size_t i) { return i < record.groups.size() ? record.groups[i].code() : -1; };
-  const bool key = record.type() == "DICTIONARY" && code(at - 1) == 3, alone = code(at - 1) == 102 && code(at + 1) == 102;
+  const bool key = record.type() == "DICTIONARY" && code(at - 1) == 3,
+             alone = code(at - 1) == 102 && code(at + 1) == 102;
   const auto place = record.groups.begin() + static_cast<std::ptrdiff_t>(at);
   record.groups.erase(key || alone ? place - 1 : place, alone ? place + 2 : place + 1);
   return key || alone ? at - 1 : at;
@@ -72,12 +74,14 @@ void checkOwner(AuditRun& run, AcDbStub& stub) {
   // R12 knows no owners; attributes and vertices may name the block instead of their entity.
   const bool blockOfParent = stub.owner->owner && stub.owner->owner->handle == owner && stub.is(AcDbStub::kEntity);
   if (owner == 0 || owner == wanted || blockOfParent || type == "ENDTAB") return;
-  if (run.found("A07", &stub, "proprietaire " + handleText(owner) + " au lieu de " + handleText(wanted))) run.changing(stub).setOwner(wanted);
+  if (run.found("A07", &stub, "proprietaire " + handleText(owner) + " au lieu de " + handleText(wanted)))
+    run.changing(stub).setOwner(wanted);
 }
 
 void checkPointers(AuditRun& run, AcDbStub& stub) {
   const auto dangling = [&](const Group& group) {
-    return isReference(group.code()) && group.handle() != 0 && group.kind() == GroupKind::handle && !run.db.stubOf(group.handle());
+    return isReference(group.code()) && group.handle() != 0 && group.kind() == GroupKind::handle &&
+           !run.db.stubOf(group.handle());
   };
   const std::uint64_t owner = run.recordOf(stub).owner();
   bool braces = false;
@@ -87,7 +91,8 @@ void checkPointers(AuditRun& run, AcDbStub& stub) {
     if (group.code() == 102) braces = group.text().starts_with('{');
     // An owner that is not there was dealt with by the structure.
     if (!dangling(group) || (group.code() == 330 && group.handle() == owner && !braces)) continue;
-    const std::string text = "groupe " + std::to_string(group.code()) + ": l'objet " + handleText(group.handle()) + " n'existe pas";
+    const std::string text =
+        "groupe " + std::to_string(group.code()) + ": l'objet " + handleText(group.handle()) + " n'existe pas";
     if (!inRemovableList(record, i - 1, braces)) {
       run.found("A09", &stub, text);
     } else if (run.found("A08", &stub, text)) {
@@ -101,12 +106,14 @@ void checkNames(AuditRun& run, AcDbStub& stub) {
   const Record& record = run.recordOf(stub);
   const std::string_view type = record.type();
   for (const Group& group : record.groups)
-    if (group.kind() == GroupKind::text && (kindOfCode(group.code()) == GroupKind::real || kindOfCode(group.code()) == GroupKind::integer))
+    if (group.kind() == GroupKind::text &&
+        (kindOfCode(group.code()) == GroupKind::real || kindOfCode(group.code()) == GroupKind::integer))
       run.found("A13", &stub, "groupe " + std::to_string(group.code()) + ": " + quoted(group.text()));
   const bool layer = type == "LAYER";
   if (!stub.is(AcDbStub::kEntity) && !layer) return;
   const std::string linetype = record.text(textField(layer ? "AcDbLayerTableRecord" : "AcDbEntity", 6));
-  if (!equalNoCase(linetype, "BYLAYER") && !equalNoCase(linetype, "BYBLOCK")) needName(run, stub, "LTYPE", linetype, "type de ligne");
+  if (!equalNoCase(linetype, "BYLAYER") && !equalNoCase(linetype, "BYBLOCK"))
+    needName(run, stub, "LTYPE", linetype, "type de ligne");
   if (layer) return;
   needName(run, stub, "LAYER", record.text(textField("AcDbEntity", 8)), "calque");
   for (const std::string_view section : {"AcDbText", "AcDbMText"}) {
@@ -114,7 +121,8 @@ void checkNames(AuditRun& run, AcDbStub& stub) {
     if (style && formatOf(type)) needName(run, stub, "STYLE", style->text(), "style de texte");
   }
   const std::string block = type == "INSERT" ? record.text(textField("AcDbBlockReference", 2)) : std::string();
-  if (!block.empty() && !run.db.tableRecord("BLOCK_RECORD", block)) run.found("A06", &stub, "bloc " + quoted(block) + " absent");
+  if (!block.empty() && !run.db.tableRecord("BLOCK_RECORD", block))
+    run.found("A06", &stub, "bloc " + quoted(block) + " absent");
 }
 
 void checkExtendedData(AuditRun& run, AcDbStub& stub) {
@@ -123,7 +131,8 @@ void checkExtendedData(AuditRun& run, AcDbStub& stub) {
   const auto close = [&](std::size_t at) {
     if (depth > 0 && run.found("A11", &stub, std::to_string(depth) + " accolade(s) sans fin")) {
       auto& groups = run.changing(stub).groups;
-      groups.insert(groups.begin() + static_cast<std::ptrdiff_t>(at), static_cast<std::size_t>(depth), Group::text(1002, "}"));
+      groups.insert(groups.begin() + static_cast<std::ptrdiff_t>(at), static_cast<std::size_t>(depth),
+                    Group::text(1002, "}"));
       at += static_cast<std::size_t>(depth);
     }
     depth = 0;
@@ -132,7 +141,8 @@ void checkExtendedData(AuditRun& run, AcDbStub& stub) {
   for (std::size_t i = begin; i < run.recordOf(stub).groups.size(); ++i) {
     const Group group = run.recordOf(stub).groups[i];
     const int code = group.code();
-    if (i == begin && code != 1001) run.found("A12", &stub, "les donnees etendues ne commencent pas par une application");
+    if (i == begin && code != 1001)
+      run.found("A12", &stub, "les donnees etendues ne commencent pas par une application");
     if (code == 1001) {
       i = close(i);
       needName(run, stub, "APPID", group.text(), "application");

@@ -24,7 +24,8 @@ class Exporter {
     older_ = target_.version < source_.version;
     target_.style.encoding = !binary ? Encoding::ascii : version <= kR12 ? Encoding::binaryOld : Encoding::binary;
     target_.style.lineEnd = source_.style.lineEnd;
-    target_.style.codePage = version >= kR2007 ? CodePage::utf8() : CodePage::named(db_.header.text("$DWGCODEPAGE", "ANSI_1252"));
+    target_.style.codePage =
+        version >= kR2007 ? CodePage::utf8() : CodePage::named(db_.header.text("$DWGCODEPAGE", "ANSI_1252"));
     sameText_ = target_.style.codePage == source_.style.codePage && target_.style.encoding == source_.style.encoding;
     hideUnknown();
   }
@@ -59,7 +60,8 @@ class Exporter {
   std::vector<std::string> notes() const {
     std::vector<std::string> lines;
     for (const auto& [type, count] : leftOut_)
-      lines.push_back(std::to_string(count) + " " + type + (count > 1 ? " laissés de côté: inconnus" : " laissé de côté: inconnu") + " de cette version");
+      lines.push_back(std::to_string(count) + " " + type +
+                      (count > 1 ? " laissés de côté: inconnus" : " laissé de côté: inconnu") + " de cette version");
     return lines;
   }
 
@@ -71,20 +73,24 @@ class Exporter {
     for (const AcDbStub& stub : db_.stubs()) {
       if (stub.is(AcDbStub::kErased)) continue;
       const std::string_view type = db_.typeName(stub);
-      const bool object = !stub.is(AcDbStub::kEntity) && (!stub.owner || db_.typeName(*stub.owner) != "TABLE") && type != "TABLE";
+      const bool object =
+          !stub.is(AcDbStub::kEntity) && (!stub.owner || db_.typeName(*stub.owner) != "TABLE") && type != "TABLE";
       if (type == "ENDTAB" || type == "BLOCK_RECORD" || (isR12() && (type == "LWPOLYLINE" || object))) continue;
       if (knowsType(target_.version, type)) continue;
       ++leftOut_[std::string(type)];
       hidden_.push_back(const_cast<AcDbStub*>(&stub));
     }
-    if (isR12() && source_.atLeast(kR13) && !db_.objects.empty()) leftOut_["OBJECTS"] = static_cast<int>(db_.objects.size());
+    if (isR12() && source_.atLeast(kR13) && !db_.objects.empty())
+      leftOut_["OBJECTS"] = static_cast<int>(db_.objects.size());
     for (AcDbStub* stub : hidden_) stub->set(AcDbStub::kErased);
   }
 
   // Values keep their spelling; texts only where the bytes mean the same in the target.
   void put(Group group) {
     const bool number = kindOfCode(group.code()) != GroupKind::text && kindOfCode(group.code()) != GroupKind::binary;
-    if (!sameText_ && !(number && target_.style.encoding == Encoding::ascii && source_.style.encoding == Encoding::ascii)) group.from({});
+    if (!sameText_ &&
+        !(number && target_.style.encoding == Encoding::ascii && source_.style.encoding == Encoding::ascii))
+      group.from({});
     append(text_, group, target_.style);
   }
 
@@ -100,7 +106,8 @@ class Exporter {
 
   void header() {
     variable("$ACADVER", {Group::text(1, target_.version)});
-    if (!db_.header.has("$DWGCODEPAGE") || equalNoCase(db_.header.text("$DWGCODEPAGE", ""), "UTF-8")) variable("$DWGCODEPAGE", {Group::text(3, "ANSI_1252")});
+    if (!db_.header.has("$DWGCODEPAGE") || equalNoCase(db_.header.text("$DWGCODEPAGE", ""), "UTF-8"))
+      variable("$DWGCODEPAGE", {Group::text(3, "ANSI_1252")});
     for (const HeaderVariables::Variable& v : db_.header.list) {
       const bool own = v.name == "$ACADVER" || v.name == "$HANDSEED" || v.name == "$ACADMAINTVER";
       if (!own && (!older_ || knowsVariable(target_.version, v.name))) variable(v.name, v.values);
@@ -115,13 +122,17 @@ class Exporter {
 
   // A section that is not modelled: its groups as they were read.
   void carried(std::string_view name) {
-    Scanner scanner(source_.bytes, source_.style.encoding, firstGroup(source_.bytes, source_.style.encoding), source_.bytes.size());
+    Scanner scanner(source_.bytes, source_.style.encoding, firstGroup(source_.bytes, source_.style.encoding),
+                    source_.bytes.size());
     RawGroup raw;
     bool inside = false, opening = false, counted = true;
     while (scanner.next(raw)) {
-      if (raw.code == 0 && (raw.value == "ENDSEC" || raw.value == "CLASS") && inside && !counted && target_.atLeast("AC1018")) put(Group::integer(91, 0));
+      if (raw.code == 0 && (raw.value == "ENDSEC" || raw.value == "CLASS") && inside && !counted &&
+          target_.atLeast("AC1018"))
+        put(Group::integer(91, 0));
       if (inside && raw.code == 0 && raw.value == "ENDSEC") return;
-      if (inside && (name != "CLASSES" || !older_ || knowsGroup(target_.version, "CLASS", "", raw.code)) && raw.code != 999)
+      if (inside && (name != "CLASSES" || !older_ || knowsGroup(target_.version, "CLASS", "", raw.code)) &&
+          raw.code != 999)
         put(decode(raw, source_.style.encoding, source_.style.codePage));
       if (inside && raw.code == 0) counted = raw.value != "CLASS";
       // The count stands before the two flags: a class that has none gets it at its end, where readers accept it too.
@@ -144,7 +155,8 @@ class Exporter {
     AcDbStub* head = db_.table("BLOCK_RECORD");
     for (AcDbStub* block : head ? *head->children : std::vector<AcDbStub*>()) {
       const auto ends = db_.blockEnds.find(block);
-      if (block->is(AcDbStub::kErased) || ends == db_.blockEnds.end() || !ends->second.begin || !ends->second.end) continue;
+      if (block->is(AcDbStub::kErased) || ends == db_.blockEnds.end() || !ends->second.begin || !ends->second.end)
+        continue;
       const bool space = block == db_.modelSpace() || block == db_.paperSpace();
       if (isR12() && db_.recordName(*block).starts_with("*Paper_Space")) continue;
       if (isR12() && space) continue;
@@ -183,7 +195,8 @@ class Exporter {
       // Embedded objects (101) are of R2018; they run to the extended data.
       embedded = (embedded || code == 101) && code < 1000;
       if (embedded && older_) return;
-      if (code != 999 && (!older_ || braces || code == 102 || knowsGroup(target_.version, type, section, code))) put(group);
+      if (code != 999 && (!older_ || braces || code == 102 || knowsGroup(target_.version, type, section, code)))
+        put(group);
     });
   }
 
@@ -201,7 +214,8 @@ class Exporter {
 
 namespace {
 
-std::vector<std::string> saveModern(AcDbDatabase& database, const std::string& path, std::string_view release, bool binary) {
+std::vector<std::string> saveModern(AcDbDatabase& database, const std::string& path, std::string_view release,
+                                    bool binary) {
   const ModernText modern = modernText(database);
   AcDbDatabase copy(false, true);
   readBytes(copy, AcDbImpDatabase::of(&database).path, modern.text, nullptr);
@@ -212,7 +226,8 @@ std::vector<std::string> saveModern(AcDbDatabase& database, const std::string& p
 
 }  // namespace
 
-std::vector<std::string> saveAs(AcDbDatabase& database, const std::string& path, std::string_view release, bool binary) {
+std::vector<std::string> saveAs(AcDbDatabase& database, const std::string& path, std::string_view release,
+                                bool binary) {
   const std::string_view version = acadVersion(release);
   const auto layout = std::static_pointer_cast<FileLayout>(AcDbImpDatabase::of(&database).layout);
   if (version.empty()) throw Error("version de dessin inconnue: " + std::string(release));

@@ -26,7 +26,9 @@ class Faults {
   void leaveOut(std::size_t begin, std::size_t end) const {
     if (end > begin) layout_.repairs.push_back({begin, end - begin, {}});
   }
-  void putIn(std::size_t offset, std::vector<Group> groups) const { layout_.repairs.push_back({offset, 0, std::move(groups)}); }
+  void putIn(std::size_t offset, std::vector<Group> groups) const {
+    layout_.repairs.push_back({offset, 0, std::move(groups)});
+  }
 
  private:
   std::int64_t lineAt(std::size_t offset) const { return lineOf(layout_.bytes, layout_.style.encoding, offset); }

@@ -34,7 +34,8 @@ std::vector<Group> asOldPolyline(const Record& record) {
   if (width != 0) append(out, {Group::real(40, width), Group::real(41, width)});
   for (const Group& group : record.groups)
     if (group.code() == 39 || group.code() == 210 || group.code() == 220 || group.code() == 230) out.push_back(group);
-  append(out, std::vector<Group>(record.groups.begin() + static_cast<std::ptrdiff_t>(record.xdataStart()), record.groups.end()));
+  append(out, std::vector<Group>(record.groups.begin() + static_cast<std::ptrdiff_t>(record.xdataStart()),
+                                 record.groups.end()));
   const auto [begin, end] = record.section(kSection);
   for (std::size_t i = begin; begin != Record::npos && i < end; ++i) {
     const int code = record.groups[i].code();

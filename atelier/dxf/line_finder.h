@@ -46,7 +46,8 @@ class LineFinder {
     std::uint64_t found = 0;
     for (int i = 0; i < 4; ++i) {
       const __m128i part = _mm_loadu_si128(reinterpret_cast<const __m128i*>(block) + i);
-      found |= static_cast<std::uint64_t>(static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(part, feed)))) << (16 * i);
+      found |= static_cast<std::uint64_t>(static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(part, feed))))
+               << (16 * i);
     }
     return found;
   }

@@ -16,12 +16,20 @@ std::int64_t flagsOf(const Groups& groups, int code = 70) {
 }
 
 std::vector<Part> polylineParts(std::int64_t flags) {
-  return {{flags & 64 ? "AcDbPolyFaceMesh" : flags & 16 ? "AcDbPolygonMesh" : flags & 8 ? "AcDb3dPolyline" : "AcDb2dPolyline", {}}};
+  return {{flags & 64   ? "AcDbPolyFaceMesh"
+           : flags & 16 ? "AcDbPolygonMesh"
+           : flags & 8  ? "AcDb3dPolyline"
+                        : "AcDb2dPolyline",
+           {}}};
 }
 
 std::vector<Part> vertexParts(std::int64_t flags) {
   if ((flags & 192) == 128) return {{"AcDbFaceRecord", {}}};
-  return {{flags & 128 ? "AcDbPolyFaceMeshVertex" : flags & 64 ? "AcDbPolygonMeshVertex" : flags & 32 ? "AcDb3dPolylineVertex" : "AcDb2dVertex", {}},
+  return {{flags & 128  ? "AcDbPolyFaceMeshVertex"
+           : flags & 64 ? "AcDbPolygonMeshVertex"
+           : flags & 32 ? "AcDb3dPolylineVertex"
+                        : "AcDb2dVertex",
+           {}},
           {"AcDbVertex", kNone}};
 }
 
@@ -60,7 +68,8 @@ std::vector<Part> partsOf(const std::string& type, const Groups& groups) {
   if (type == "VERTEX") return vertexParts(flagsOf(groups));
   if (type == "DIMENSION") return dimensionParts(flagsOf(groups));
   if (type == "SEQEND") return {{"", {}}};
-  if (type == "INSERT") return {{flagsOf(groups) > 1 || flagsOf(groups, 71) > 1 ? "AcDbMInsertBlock" : "AcDbBlockReference", {}}};
+  if (type == "INSERT")
+    return {{flagsOf(groups) > 1 || flagsOf(groups, 71) > 1 ? "AcDbMInsertBlock" : "AcDbBlockReference", {}}};
   const auto known = kParts.find(type);
   return known == kParts.end() ? std::vector<Part>() : known->second;
 }
@@ -69,8 +78,8 @@ bool isCommon(int code) { return code == 8 || code == 6 || code == 62 || code ==
 
 std::string_view recordMark(std::string_view table) {
   constexpr std::pair<std::string_view, std::string_view> kMarks[] = {
-      {"LAYER", "AcDbLayerTableRecord"}, {"LTYPE", "AcDbLinetypeTableRecord"}, {"STYLE", "AcDbTextStyleTableRecord"},
-      {"VIEW", "AcDbViewTableRecord"},   {"UCS", "AcDbUCSTableRecord"},        {"VPORT", "AcDbViewportTableRecord"},
+      {"LAYER", "AcDbLayerTableRecord"},  {"LTYPE", "AcDbLinetypeTableRecord"},   {"STYLE", "AcDbTextStyleTableRecord"},
+      {"VIEW", "AcDbViewTableRecord"},    {"UCS", "AcDbUCSTableRecord"},          {"VPORT", "AcDbViewportTableRecord"},
       {"APPID", "AcDbRegAppTableRecord"}, {"DIMSTYLE", "AcDbDimStyleTableRecord"}};
   for (const auto& [name, mark] : kMarks)
     if (name == table) return mark;

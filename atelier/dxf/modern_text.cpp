@@ -16,7 +16,8 @@ namespace {
 
 class Writer {
  public:
-  explicit Writer(AcDbDatabase& database) : db_(AcDbImpDatabase::of(&database)), shift_(db_.handleSeed()), next_(shift_) {
+  explicit Writer(AcDbDatabase& database)
+      : db_(AcDbImpDatabase::of(&database)), shift_(db_.handleSeed()), next_(shift_) {
     readFrame();
     for (const AcDbStub& stub : db_.stubs()) next_ = std::max(next_, stub.handle + 1);
     style_.encoding = Encoding::ascii;
@@ -27,7 +28,8 @@ class Writer {
     for (std::size_t i = 0; i < frame_.size();) {
       std::size_t end = i + 1;
       while (end < frame_.size() && frame_[end].code() != 0) ++end;
-      frameRecord(Groups(frame_.begin() + static_cast<std::ptrdiff_t>(i), frame_.begin() + static_cast<std::ptrdiff_t>(end)));
+      frameRecord(
+          Groups(frame_.begin() + static_cast<std::ptrdiff_t>(i), frame_.begin() + static_cast<std::ptrdiff_t>(end)));
       i = end;
     }
     // The seed stands in the header and is known at the end.
@@ -35,7 +37,8 @@ class Writer {
     const std::size_t at = out_.find('\n', out_.find('\n', out_.find(mark)) + 1) + 1;
     out_.replace(at, out_.find('\n', at) - at, handleText(next_));
     ModernText made{std::move(out_), {}};
-    for (const auto& [type, count] : lost_) made.lost.push_back(std::to_string(count) + " " + type + " de la version R12 sans équivalent");
+    for (const auto& [type, count] : lost_)
+      made.lost.push_back(std::to_string(count) + " " + type + " de la version R12 sans équivalent");
     return made;
   }
 
@@ -105,9 +108,10 @@ class Writer {
       if (type == "LAYER" && layerEnd_.empty())
         for (const Group& group : record)
           if (group.code() == 370 || group.code() == 390 || group.code() == 347) layerEnd_.push_back(group);
-      const auto same = table_ == "BLOCK_RECORD" ? pending_.end() : std::find_if(pending_.begin(), pending_.end(), [&](AcDbStub* stub) {
-        return equalNoCase(db_.recordName(*stub), textOf(record, 2));
-      });
+      const auto same = table_ == "BLOCK_RECORD" ? pending_.end()
+                                                 : std::find_if(pending_.begin(), pending_.end(), [&](AcDbStub* stub) {
+                                                     return equalNoCase(db_.recordName(*stub), textOf(record, 2));
+                                                   });
       if (same != pending_.end()) {
         tableRecord(**same, handleOf(record, table_ == "DIMSTYLE" ? 105 : 5));
         pending_.erase(same);
@@ -188,15 +192,18 @@ class Writer {
     AcDbStub* head = db_.table("BLOCK_RECORD");
     if (head && head->children)
       for (AcDbStub* block : *head->children)
-        if (!block->is(AcDbStub::kErased) && block != db_.modelSpace() && block != db_.paperSpace() && db_.blockEnds.contains(block)) list.push_back(block);
+        if (!block->is(AcDbStub::kErased) && block != db_.modelSpace() && block != db_.paperSpace() &&
+            db_.blockEnds.contains(block))
+          list.push_back(block);
     return list;
   }
 
   void blockRecords() {
     for (AcDbStub* block : ownBlocks()) {
       blockHandles_[block] = next_;
-      put({Group::text(0, "BLOCK_RECORD"), Group::handle(5, next_++), Group::handle(330, head_), Group::text(100, "AcDbSymbolTableRecord"),
-           Group::text(100, "AcDbBlockTableRecord"), Group::text(2, db_.recordName(*block)), Group::handle(340, 0)});
+      put({Group::text(0, "BLOCK_RECORD"), Group::handle(5, next_++), Group::handle(330, head_),
+           Group::text(100, "AcDbSymbolTableRecord"), Group::text(100, "AcDbBlockTableRecord"),
+           Group::text(2, db_.recordName(*block)), Group::handle(340, 0)});
     }
   }
 
@@ -241,7 +248,9 @@ class Writer {
     for (std::size_t i = parts.size(); i-- > 0;) {
       if (!parts[i].mark.empty()) put(Group::text(100, std::string(parts[i].mark.substr(0, parts[i].mark.find('#')))));
       for (const Group& group : old)
-        if (group.code() != 0 && group.code() != 5 && group.code() < 1000 && !isCommon(group.code()) && partOf(parts, group.code()) == i) put(group);
+        if (group.code() != 0 && group.code() != 5 && group.code() < 1000 && !isCommon(group.code()) &&
+            partOf(parts, group.code()) == i)
+          put(group);
     }
     extendedData(old);
     return handle;
@@ -249,7 +258,9 @@ class Writer {
 
   static std::size_t partOf(const std::vector<Part>& parts, int code) {
     for (std::size_t i = 0; i < parts.size(); ++i)
-      if (parts[i].codes.empty() || std::find(parts[i].codes.begin(), parts[i].codes.end(), code) != parts[i].codes.end()) return i;
+      if (parts[i].codes.empty() ||
+          std::find(parts[i].codes.begin(), parts[i].codes.end(), code) != parts[i].codes.end())
+        return i;
     return parts.size();
   }
 

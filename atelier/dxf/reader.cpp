@@ -21,7 +21,10 @@ namespace {
 class Reader {
  public:
   Reader(AcDbDatabase& database, const std::string& name, FileLayout& layout, std::vector<std::string>* messages)
-      : db_(AcDbImpDatabase::of(&database)), layout_(layout), faults_(name, layout, messages), structure_(db_, layout),
+      : db_(AcDbImpDatabase::of(&database)),
+        layout_(layout),
+        faults_(name, layout, messages),
+        structure_(db_, layout),
         pass_(layout, faults_) {}
 
   void read() {
@@ -117,7 +120,8 @@ class Reader {
     if (name == "ACDSDATA") layout_.solids = {begin, end};
     if (kind != Section::other && !layout_.place(kind)) layout_.sections[static_cast<std::size_t>(kind)] = {begin, end};
     if (!pass_.isRecord("ENDSEC") || !pass_.more()) {
-      faults_.report(end, std::string(pass_.more() ? "" : "fichier coupe: ") + "\"0 ENDSEC\" de la section " + std::string(name) + " manque");
+      faults_.report(end, std::string(pass_.more() ? "" : "fichier coupe: ") + "\"0 ENDSEC\" de la section " +
+                              std::string(name) + " manque");
       faults_.putIn(end, {Group::text(0, "ENDSEC")});
       return;
     }
@@ -144,7 +148,8 @@ class Reader {
 
   void setVersion() {
     layout_.version = db_.header.text("$ACADVER", "AC1009");
-    layout_.style.codePage = layout_.atLeast(kR2007) ? CodePage::utf8() : CodePage::named(db_.header.text("$DWGCODEPAGE", ""));
+    layout_.style.codePage =
+        layout_.atLeast(kR2007) ? CodePage::utf8() : CodePage::named(db_.header.text("$DWGCODEPAGE", ""));
     db_.codePage = layout_.style.codePage;
   }
 
@@ -163,9 +168,11 @@ class Reader {
   void records(Take take, bool entities) {
     pass_.skipComments();
     while (!sectionEnds()) {
-      if (pass_.group().code != 0) faults_.stop(pass_.group().begin, "groupe 0 attendu, trouve le groupe " + std::to_string(pass_.group().code));
+      if (pass_.group().code != 0)
+        faults_.stop(pass_.group().begin, "groupe 0 attendu, trouve le groupe " + std::to_string(pass_.group().code));
       const RecordHead h = pass_.head();
-      if (h.damaged && entities && h.type != "BLOCK" && h.type != "ENDBLK") refuse(h, "entite " + std::string(h.type) + " incomplete");
+      if (h.damaged && entities && h.type != "BLOCK" && h.type != "ENDBLK")
+        refuse(h, "entite " + std::string(h.type) + " incomplete");
       else (this->*take)(h);
     }
     parent_ = nullptr;
@@ -256,8 +263,8 @@ class Reader {
 
 }  // namespace
 
-void readBytes(AcDbDatabase& database, const std::string& name, std::string_view bytes, std::shared_ptr<const MappedFile> file,
-               std::vector<std::string>* messages) {
+void readBytes(AcDbDatabase& database, const std::string& name, std::string_view bytes,
+               std::shared_ptr<const MappedFile> file, std::vector<std::string>* messages) {
   auto layout = std::make_shared<FileLayout>();
   layout->file = std::move(file);
   layout->bytes = bytes;

@@ -19,8 +19,8 @@ void readNewDrawing(AcDbDatabase& database);
 // Whether the database began as one, saved since or not.
 bool beganAsNew(const AcDbDatabase& database);
 // A drawing in memory; name stands in messages. The bytes must outlive the database. With messages: as recovering.
-void readBytes(AcDbDatabase& database, const std::string& name, std::string_view bytes, std::shared_ptr<const MappedFile> file,
-               std::vector<std::string>* messages = nullptr);
+void readBytes(AcDbDatabase& database, const std::string& name, std::string_view bytes,
+               std::shared_ptr<const MappedFile> file, std::vector<std::string>* messages = nullptr);
 
 // Makes these the way in which databases are read; called once at the start of a program.
 void provideDrawingReader();

@@ -42,7 +42,8 @@ RecordHead GroupPass::head() {
     switch (raw_.code) {
       case 100: marked = true; break;
       case 102: braces += raw_.value.starts_with('{') ? 1 : raw_.value.starts_with('}') ? -1 : 0; break;
-      case 5: case 105:
+      case 5:
+      case 105:
         if (raw_.code == handleCode && !marked && braces == 0 && !handle.data()) handle = raw_.value;
         break;
       case 330:

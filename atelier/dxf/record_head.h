@@ -17,8 +17,10 @@ struct RecordHead {
 class GroupPass {
  public:
   GroupPass(FileLayout& layout, const Faults& faults)
-      : faults_(faults), layout_(layout),
-        scanner_(layout.bytes, layout.style.encoding, firstGroup(layout.bytes, layout.style.encoding), layout.bytes.size()) {}
+      : faults_(faults),
+        layout_(layout),
+        scanner_(layout.bytes, layout.style.encoding, firstGroup(layout.bytes, layout.style.encoding),
+                 layout.bytes.size()) {}
 
   bool more() const { return more_; }
   const RawGroup& group() const { return raw_; }

@@ -21,7 +21,8 @@ std::size_t erasedEntry(const Record& record, std::size_t at, const AcDbImpDatab
   if (braces) return groups[at].code() == 330 && erased(at) ? 1 : 0;
   if (groups[at].code() == 102 && groups[at].text() == "{ACAD_XDICTIONARY") return erased(at + 1) ? 3 : 0;
   if (record.type() == "GROUP") return groups[at].code() == 340 && erased(at) ? 1 : 0;
-  if (record.type() == "DICTIONARY" && groups[at].code() == 3) return erased(at + 1) && groups[at + 1].code() != 330 ? 2 : 0;
+  if (record.type() == "DICTIONARY" && groups[at].code() == 3)
+    return erased(at + 1) && groups[at + 1].code() != 330 ? 2 : 0;
   return 0;
 }
 
@@ -31,11 +32,13 @@ void appendRecord(std::string& out, AcDbStub& stub, const FileLayout& layout) {
   visitGroups(stub, layout, [&](const Group& group, std::string_view) { append(out, group, layout.style); });
 }
 
-void visitGroups(AcDbStub& stub, const FileLayout& layout, const std::function<void(const Group&, std::string_view section)>& visit) {
+void visitGroups(AcDbStub& stub, const FileLayout& layout,
+                 const std::function<void(const Group&, std::string_view section)>& visit) {
   Record& record = AcDbImpObject::of(&stub.database->object(stub)).settled();
   const std::string type(record.type());  // a copy: giving the handle may move the groups
   const bool ends = type == "ENDTAB" || type == "ENDSEC";
-  if (writesHandle(stub) && record.objectHandle() == 0 && stub.handle != 0 && !ends) record.setObjectHandle(stub.handle);
+  if (writesHandle(stub) && record.objectHandle() == 0 && stub.handle != 0 && !ends)
+    record.setObjectHandle(stub.handle);
   const bool plain = !layout.atLeast(kR13) && (type == "TABLE" || !isObject(stub));
   const int handleCode = type == "DIMSTYLE" ? 105 : 5;
   bool head = true, braces = false;

@@ -40,7 +40,8 @@ void settleErased(AcDbImpDatabase& db) {
   for (const AcDbStub& stub : db.stubs()) {
     if (!stub.is(AcDbStub::kErased)) continue;
     const Record& record = AcDbImpObject::of(&db.object(const_cast<AcDbStub&>(stub))).record;
-    const bool group = record.type() == "GROUP", listed = record.type() == "XRECORD" || record.type() == "DICTIONARY" || group;
+    const bool group = record.type() == "GROUP",
+               listed = record.type() == "XRECORD" || record.type() == "DICTIONARY" || group;
     if (const auto reactors = record.braces(kReactors))
       for (std::size_t i = reactors->first; i < reactors->second; ++i) changed(db.stubOf(record.groups[i].handle()));
     if (listed) changed(stub.owner);
@@ -63,7 +64,8 @@ void settleHandles(AcDbImpDatabase& db) {
   if (!any) return;
   for (AcDbStub* stub : written) noteReferences(*stub, wanted);
   for (const AcDbStub& stub : db.stubs())
-    if (stub.is(AcDbStub::kHandleless) && stub.is(AcDbStub::kHandleAsked)) wanted.push_back(const_cast<AcDbStub*>(&stub));
+    if (stub.is(AcDbStub::kHandleless) && stub.is(AcDbStub::kHandleAsked))
+      wanted.push_back(const_cast<AcDbStub*>(&stub));
   for (AcDbStub* stub : wanted) {
     if (stub->is(AcDbStub::kVirtual)) continue;
     stub->set(AcDbStub::kHandleAsked);

@@ -59,7 +59,10 @@ int backUp(const std::string& target) {
 }  // namespace
 
 ReplacedFile::ReplacedFile(const std::string& target, bool backup)
-    : name_(target), target_(resolved(target)), path_(target_ + "." + std::to_string(getpid()) + ".nouveau"), backup_(backup) {
+    : name_(target),
+      target_(resolved(target)),
+      path_(target_ + "." + std::to_string(getpid()) + ".nouveau"),
+      backup_(backup) {
   struct stat info {};
   const bool exists = stat(target_.c_str(), &info) == 0;
   if (exists && !S_ISREG(info.st_mode)) fail("écriture impossible", S_ISDIR(info.st_mode) ? EISDIR : EINVAL);
@@ -94,7 +97,8 @@ void ReplacedFile::put(std::string_view bytes) {
 #ifdef __linux__
     // The disk begins its work while the rest is still being prepared.
     if (written_ - pushed_ >= 4 * kBlock) {
-      sync_file_range(file_, static_cast<off_t>(pushed_), static_cast<off_t>(written_ - pushed_), SYNC_FILE_RANGE_WRITE);
+      sync_file_range(file_, static_cast<off_t>(pushed_), static_cast<off_t>(written_ - pushed_),
+                      SYNC_FILE_RANGE_WRITE);
       pushed_ = written_;
     }
 #endif

@@ -19,7 +19,8 @@ bool isSameFile(const std::string& a, const std::string& b) {
 void refuseDamaged(AcDbDatabase& database, const std::string& path) {
   const AcDbImpDatabase& db = AcDbImpDatabase::of(&database);
   if (!db.recoveredFrom.empty() && !db.mayOverwriteDamaged && isSameFile(db.recoveredFrom, path))
-    throw FileError(path, 0, "ce fichier est endommage et n'a ete lu qu'en partie: enregistrez le dessin sous un autre nom");
+    throw FileError(path, 0,
+                    "ce fichier est endommage et n'a ete lu qu'en partie: enregistrez le dessin sous un autre nom");
 }
 
 void saveCopy(AcDbDatabase& database, const std::string& path) {

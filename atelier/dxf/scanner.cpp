@@ -16,7 +16,8 @@ inline int parseCode(std::string_view text) {
   while (i < text.size() && (text[i] == ' ' || text[i] == '\t')) ++i;
   int value = 0;
   const std::size_t first = i;
-  for (; i < text.size() && text[i] >= '0' && text[i] <= '9' && i - first < 5; ++i) value = value * 10 + (text[i] - '0');
+  for (; i < text.size() && text[i] >= '0' && text[i] <= '9' && i - first < 5; ++i)
+    value = value * 10 + (text[i] - '0');
   if (i == first) return -1;
   while (i < text.size() && (text[i] == ' ' || text[i] == '\t')) ++i;
   return i == text.size() && value <= 32767 ? value : -1;
@@ -32,7 +33,8 @@ std::string codeMessage(std::string_view text) {
 
 bool isRecordName(std::string_view name) {
   if (name.empty() || name.size() > 64) return false;
-  return std::all_of(name.begin(), name.end(), [](char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_'; });
+  return std::all_of(name.begin(), name.end(),
+                     [](char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_'; });
 }
 
 }  // namespace
@@ -40,7 +42,8 @@ bool isRecordName(std::string_view name) {
 std::size_t binaryWidth(int code) {
   if (code >= 290 && code <= 299) return 1;
   if (code >= 160 && code <= 169) return 8;
-  if ((code >= 90 && code <= 99) || (code >= 420 && code <= 429) || (code >= 440 && code <= 459) || code == 1071) return 4;
+  if ((code >= 90 && code <= 99) || (code >= 420 && code <= 429) || (code >= 440 && code <= 459) || code == 1071)
+    return 4;
   switch (kindOfCode(code)) {
     case GroupKind::real: return 8;
     case GroupKind::integer: return 2;
@@ -71,7 +74,8 @@ bool Scanner::nextAscii(RawGroup& group) {
     if (std::all_of(rest.begin(), rest.end(), blank)) return false;
     throw FormatError{group.begin, codeMessage(codeLine)};
   }
-  if (at_ >= bytes_.size()) throw FormatError{group.begin, "fichier coupe: la valeur du groupe " + std::to_string(group.code) + " manque"};
+  if (at_ >= bytes_.size())
+    throw FormatError{group.begin, "fichier coupe: la valeur du groupe " + std::to_string(group.code) + " manque"};
   group.value = line();
   return true;
 }

@@ -25,9 +25,9 @@ struct DefaultRecord {
   std::string_view table, tableClass, name;
 };
 constexpr DefaultRecord kDefaults[] = {
-    {"LTYPE", "AcDbLinetypeTable", "ByBlock"}, {"LTYPE", "AcDbLinetypeTable", "ByLayer"},
+    {"LTYPE", "AcDbLinetypeTable", "ByBlock"},    {"LTYPE", "AcDbLinetypeTable", "ByLayer"},
     {"LTYPE", "AcDbLinetypeTable", "Continuous"}, {"LAYER", "AcDbLayerTable", "0"},
-    {"STYLE", "AcDbTextStyleTable", "Standard"}, {"APPID", "AcDbRegAppTable", "ACAD"}};
+    {"STYLE", "AcDbTextStyleTable", "Standard"},  {"APPID", "AcDbRegAppTable", "ACAD"}};
 
 AcDbSymbolTableRecord* makeRecord(std::string_view table) {
   if (table == "LTYPE") return new AcDbLinetypeTableRecord;

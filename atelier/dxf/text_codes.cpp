@@ -17,7 +17,8 @@ int hexadecimal(std::string_view text, std::size_t at, std::size_t digits) {
 }
 
 bool startsEscape(std::string_view text, std::size_t at, char letter) {
-  return at + 2 < text.size() && text[at] == '\\' && (text[at + 1] == letter || text[at + 1] == letter + ('a' - 'A')) && text[at + 2] == '+';
+  return at + 2 < text.size() && text[at] == '\\' && (text[at + 1] == letter || text[at + 1] == letter + ('a' - 'A')) &&
+         text[at + 2] == '+';
 }
 
 // \U+XXXX of either case at `at`; moves behind it. False when there is none.

@@ -72,10 +72,10 @@ Group number(const RawGroup& raw, GroupKind kind, Encoding encoding) {
 
 Group decode(const RawGroup& raw, Encoding encoding, const CodePage& codePage) {
   const GroupKind kind = kindOfCode(raw.code);
-  if (kind == GroupKind::text)
-    return Group::text(raw.code, textFromFile(codePage.decode(raw.value))).from(raw.value);
+  if (kind == GroupKind::text) return Group::text(raw.code, textFromFile(codePage.decode(raw.value))).from(raw.value);
   if (kind == GroupKind::binary)
-    return Group::binary(raw.code, encoding == Encoding::ascii ? bytesOfHex(raw.value) : std::string(raw.value)).from(raw.value);
+    return Group::binary(raw.code, encoding == Encoding::ascii ? bytesOfHex(raw.value) : std::string(raw.value))
+        .from(raw.value);
   return number(raw, kind, encoding).from(raw.value);
 }
 
@@ -113,14 +113,18 @@ void appendBinary(std::string& out, const Group& group, const Style& style) {
   const std::string_view source = group.source();
   switch (kindOfCode(group.code())) {
     case GroupKind::real: putLittleEndian(out, std::bit_cast<std::uint64_t>(group.real()), 8); break;
-    case GroupKind::integer: putLittleEndian(out, static_cast<std::uint64_t>(group.integer()), integerWidth(group.code())); break;
+    case GroupKind::integer:
+      putLittleEndian(out, static_cast<std::uint64_t>(group.integer()), integerWidth(group.code()));
+      break;
     case GroupKind::binary:
       out.push_back(static_cast<char>(group.text().size()));
       out += group.text();
       break;
     default:
       if (source.data()) out += source;
-      else out += group.kind() == GroupKind::handle ? handleText(group.handle()) : style.codePage.encode(textToFile(group.text()));
+      else
+        out += group.kind() == GroupKind::handle ? handleText(group.handle())
+                                                 : style.codePage.encode(textToFile(group.text()));
       out.push_back('\0');
   }
 }

@@ -109,7 +109,8 @@ class Writer {
   void newInTable(const AcDbStub& head) {
     std::string text;
     const auto end = layout_.tableEnd.find(&head);
-    const bool any = std::any_of(head.children->begin(), head.children->end(), [](const AcDbStub* child) { return isNew(*child); });
+    const bool any =
+        std::any_of(head.children->begin(), head.children->end(), [](const AcDbStub* child) { return isNew(*child); });
     if (!any) return;
     for (const AcDbStub* child : *head.children)
       if (isNew(*child) || (head.is(AcDbStub::kVirtual) && !child->is(AcDbStub::kErased))) text += record(*child);
@@ -130,8 +131,7 @@ class Writer {
       insert(Section::blocks, record(*ends->second.begin) + text + record(*ends->second.end));
     else if (!text.empty() && known && !isSpace(block))
       edits_.push_back({ends->second.end->offset, 0, std::move(text)});
-    else
-      insert(Section::entities, text);
+    else insert(Section::entities, text);
   }
 
   // Followers added to an entity of the file go behind the last one before them that the file has.
@@ -152,7 +152,8 @@ class Writer {
 
   bool isSpace(const AcDbStub& block) const { return &block == db_.modelSpace() || &block == db_.paperSpace(); }
   static bool isNew(const AcDbStub& stub) {
-    return !stub.is(AcDbStub::kErased) && (stub.is(AcDbStub::kNew) || (stub.is(AcDbStub::kVirtual) && stub.is(AcDbStub::kChanged)));
+    return !stub.is(AcDbStub::kErased) &&
+           (stub.is(AcDbStub::kNew) || (stub.is(AcDbStub::kVirtual) && stub.is(AcDbStub::kChanged)));
   }
 
   void insert(Section section, const std::string& text) {

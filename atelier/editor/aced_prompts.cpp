@@ -30,9 +30,7 @@ void copyText(const std::string& utf8, ACHAR* buffer) {
   buffer[length] = 0;
 }
 
-std::optional<AcGePoint3d> baseOf(const ads_point base) {
-  return base ? std::optional(asPnt3d(base)) : std::nullopt;
-}
+std::optional<AcGePoint3d> baseOf(const ads_point base) { return base ? std::optional(asPnt3d(base)) : std::nullopt; }
 
 void setPoint(ads_point result, const AcGePoint3d& p) { std::copy_n(asDblArray(p), 3, result); }
 
@@ -69,8 +67,12 @@ int askPoint(const ads_point base, const ACHAR* prompt, ads_point result, bool c
 
 }  // namespace
 
-int acedGetPoint(const ads_point base, const ACHAR* prompt, ads_point result) { return askPoint(base, prompt, result, false); }
-int acedGetCorner(const ads_point base, const ACHAR* prompt, ads_point result) { return askPoint(base, prompt, result, true); }
+int acedGetPoint(const ads_point base, const ACHAR* prompt, ads_point result) {
+  return askPoint(base, prompt, result, false);
+}
+int acedGetCorner(const ads_point base, const ACHAR* prompt, ads_point result) {
+  return askPoint(base, prompt, result, true);
+}
 
 int acedGetDist(const ads_point base, const ACHAR* prompt, ads_real* result) {
   return statusOf(prompter().getDistance(baseOf(base), toUtf8(prompt), *result));
@@ -106,7 +108,8 @@ void acgsRemoveAnonymousGraphics(int) { Document::needed().transients().clearVec
 
 Acad::ErrorStatus AcDbEntity::highlight() const {
   Transients& transients = Document::needed().transients();
-  if (std::find(transients.highlighted.begin(), transients.highlighted.end(), objectId()) == transients.highlighted.end())
+  if (std::find(transients.highlighted.begin(), transients.highlighted.end(), objectId()) ==
+      transients.highlighted.end())
     transients.highlighted.push_back(objectId());
   ++transients.revision;
   return Acad::eOk;

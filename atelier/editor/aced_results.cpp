@@ -24,8 +24,12 @@ lisp::Interpreter& interpreter() { return Document::needed().interpreter(); }
 bool acrxUnlockApplication(void*) { return true; }
 bool acrxRegisterAppMDIAware(void*) { return true; }
 
-int acedDefun(const ACHAR* name, int index) { return Document::needed().published().define(toUtf8(name), index) ? RTNORM : 0; }
-int acedUndef(const ACHAR* name, int index) { return Document::needed().published().undefine(toUtf8(name), index) ? RTNORM : RTERROR; }
+int acedDefun(const ACHAR* name, int index) {
+  return Document::needed().published().define(toUtf8(name), index) ? RTNORM : 0;
+}
+int acedUndef(const ACHAR* name, int index) {
+  return Document::needed().published().undefine(toUtf8(name), index) ? RTNORM : RTERROR;
+}
 int acedGetFunCode() { return Document::needed().published().code(); }
 resbuf* acedGetArgs() { return Document::needed().published().arguments(); }
 

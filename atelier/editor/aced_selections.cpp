@@ -72,6 +72,4 @@ int acedSSAdd(const ads_name entity, const ads_name set, ads_name result) {
   return RTNORM;
 }
 
-int acedSSFree(const ads_name set) {
-  return releaseSelection(set) ? RTNORM : RTERROR;
-}
+int acedSSFree(const ads_name set) { return releaseSelection(set) ? RTNORM : RTERROR; }

@@ -13,40 +13,29 @@ namespace {
 
 std::optional<SystemVariables::Value> valueOf(const resbuf& node) {
   switch (node.restype) {
-    case RTSHORT:
-      return static_cast<int>(node.resval.rint);
-    case RTLONG:
-      return static_cast<int>(node.resval.rlong);
+    case RTSHORT: return static_cast<int>(node.resval.rint);
+    case RTLONG: return static_cast<int>(node.resval.rlong);
     case RTREAL:
     case RTANG:
-    case RTORINT:
-      return node.resval.rreal;
-    case RTSTR:
-      return stringOf(node);
-    case RTPOINT:
-      return SystemVariables::Point{{node.resval.rpoint[0], node.resval.rpoint[1], 0}, true};
-    case RT3DPOINT:
-      return SystemVariables::Point{asPnt3d(node.resval.rpoint), false};
-    default:
-      return std::nullopt;
+    case RTORINT: return node.resval.rreal;
+    case RTSTR: return stringOf(node);
+    case RTPOINT: return SystemVariables::Point{{node.resval.rpoint[0], node.resval.rpoint[1], 0}, true};
+    case RT3DPOINT: return SystemVariables::Point{asPnt3d(node.resval.rpoint), false};
+    default: return std::nullopt;
   }
 }
 
 std::optional<AcGeMatrix3d> systemOf(const resbuf* node) {
   if (!node) return std::nullopt;
   switch (node->restype) {
-    case RTSHORT:
-      return systemByCode(node->resval.rint);
-    case RTLONG:
-      return systemByCode(node->resval.rlong);
-    case RT3DPOINT:
-      return systemOfNormal(asPnt3d(node->resval.rpoint).asVector());
+    case RTSHORT: return systemByCode(node->resval.rint);
+    case RTLONG: return systemByCode(node->resval.rlong);
+    case RT3DPOINT: return systemOfNormal(asPnt3d(node->resval.rpoint).asVector());
     case RTENAME: {
       const AcDbStub* stub = stubOfName(node->resval.rlname);
       return stub ? std::optional(systemOfEntity(*stub)) : std::nullopt;
     }
-    default:
-      return std::nullopt;
+    default: return std::nullopt;
   }
 }
 
@@ -58,10 +47,8 @@ int acedGetVar(const ACHAR* variable, resbuf* result) {
   if (const int* number = std::get_if<int>(&*value)) {
     const bool fits = *number >= -32768 && *number <= 32767;
     result->restype = static_cast<short>(fits ? RTSHORT : RTLONG);
-    if (fits)
-      result->resval.rint = static_cast<short>(*number);
-    else
-      result->resval.rlong = *number;
+    if (fits) result->resval.rint = static_cast<short>(*number);
+    else result->resval.rlong = *number;
   } else if (const double* real = std::get_if<double>(&*value)) {
     result->restype = RTREAL;
     result->resval.rreal = *real;
@@ -82,8 +69,7 @@ int acedSetVar(const ACHAR* variable, const resbuf* value) {
   return given && Document::needed().variables().set(toUtf8(variable), *given) ? RTNORM : RTERROR;
 }
 
-int acedTrans(const ads_point point, const resbuf* from, const resbuf* to, int displacement,
-              ads_point result) {
+int acedTrans(const ads_point point, const resbuf* from, const resbuf* to, int displacement, ads_point result) {
   const auto source = systemOf(from), target = systemOf(to);
   if (!source || !target) return RTERROR;
   const AcGePoint3d moved = translated(asPnt3d(point), *source, *target, displacement != 0);

@@ -17,13 +17,15 @@ std::vector<std::span<const lisp::Builtin>>& addedTables() {
 
 void addDrawingBuiltins(std::span<const lisp::Builtin> table) {
   auto& tables = addedTables();
-  if (std::none_of(tables.begin(), tables.end(), [&](const auto& known) { return known.data() == table.data(); })) tables.push_back(table);
+  if (std::none_of(tables.begin(), tables.end(), [&](const auto& known) { return known.data() == table.data(); }))
+    tables.push_back(table);
 }
 
 std::vector<std::span<const lisp::Builtin>> drawingBuiltins() {
-  std::vector<std::span<const lisp::Builtin>> tables = {
-      entityBuiltins(),   tableBuiltins(),    dictionaryBuiltins(), promptBuiltins(), screenBuiltins(), selectionBuiltins(),
-      variableBuiltins(), commandBuiltins(),  failureBuiltins(),    curveBuiltins(),  dialogBuiltins(), dclBuiltins()};
+  std::vector<std::span<const lisp::Builtin>> tables = {entityBuiltins(),   tableBuiltins(),   dictionaryBuiltins(),
+                                                        promptBuiltins(),   screenBuiltins(),  selectionBuiltins(),
+                                                        variableBuiltins(), commandBuiltins(), failureBuiltins(),
+                                                        curveBuiltins(),    dialogBuiltins(),  dclBuiltins()};
   tables.insert(tables.end(), addedTables().begin(), addedTables().end());
   return tables;
 }

@@ -79,9 +79,7 @@ Value command(Interpreter& in, Arguments arguments) {
   return lisp::nil;
 }
 
-Value quietCommand(Interpreter& in, Arguments arguments) {
-  return in.boolean(feed(in, arguments, true));
-}
+Value quietCommand(Interpreter& in, Arguments arguments) { return in.boolean(feed(in, arguments, true)); }
 
 Value wholeCommand(Interpreter& in, Arguments arguments) {
   feed(in, arguments, false);
@@ -99,8 +97,6 @@ constexpr lisp::Builtin kTable[] = {
 
 }  // namespace
 
-std::span<const lisp::Builtin> commandBuiltins() {
-  return kTable;
-}
+std::span<const lisp::Builtin> commandBuiltins() { return kTable; }
 
 }  // namespace atelier

@@ -92,12 +92,8 @@ Asked<std::shared_ptr<SelectionSet>> Command::objects(bool single) const {
   });
 }
 
-void Command::print(std::string_view text) const {
-  document.print(text);
-}
-void Command::fail(const std::string& message) const {
-  throw Error(message);
-}
+void Command::print(std::string_view text) const { document.print(text); }
+void Command::fail(const std::string& message) const { throw Error(message); }
 
 AcDbObjectId Command::add(std::unique_ptr<AcDbEntity> entity) const {
   entity->setDatabaseDefaults(&document.database());
@@ -108,13 +104,13 @@ AcDbObjectId Command::addAsIs(std::unique_ptr<AcDbEntity> entity) const {
   const AcDbObjectPointer<AcDbBlockTableRecord> space(document.database().currentSpaceId(), AcDb::kForWrite);
   if (space.openStatus() != Acad::eOk) fail("L'espace courant n'est pas accessible.");
   AcDbObjectId id;
-  if (space->appendAcDbEntity(id, entity.get()) != Acad::eOk)
-    fail("L'objet n'a pas pu être ajouté au dessin.");
+  if (space->appendAcDbEntity(id, entity.get()) != Acad::eOk) fail("L'objet n'a pas pu être ajouté au dessin.");
   entity.release()->close();
   return id;
 }
 
-std::vector<AcDbObjectId> Command::copies(const SelectionSet& set, const AcGeMatrix3d& matrix, AcDbObjectId block) const {
+std::vector<AcDbObjectId> Command::copies(const SelectionSet& set, const AcGeMatrix3d& matrix,
+                                          AcDbObjectId block) const {
   AcDbObjectIdArray ids;
   for (AcDbStub* stub : set.list())
     if (!stub->is(AcDbStub::kErased)) ids.append(AcDbObjectId(stub));

@@ -17,10 +17,8 @@ namespace {
 bool namesRecord(std::string_view table, std::string_view type, bool entity, int code) {
   if (table == "LAYER") return code == 8 && (entity || type == "BLOCK" || type == "ENDBLK");
   if (table == "LTYPE") return code == 6 && (entity || type == "LAYER");
-  if (table == "STYLE")
-    return code == 7 && (type == "TEXT" || type == "MTEXT" || type == "ATTRIB" || type == "ATTDEF");
-  if (table == "DIMSTYLE")
-    return code == 3 && (type == "DIMENSION" || type == "LEADER" || type == "TOLERANCE");
+  if (table == "STYLE") return code == 7 && (type == "TEXT" || type == "MTEXT" || type == "ATTRIB" || type == "ATTDEF");
+  if (table == "DIMSTYLE") return code == 3 && (type == "DIMENSION" || type == "LEADER" || type == "TOLERANCE");
   if (table == "BLOCK_RECORD")
     return (code == 2 && (type == "INSERT" || type == "DIMENSION" || type == "BLOCK")) ||
            (code == 3 && type == "BLOCK");
@@ -44,8 +42,7 @@ bool keepsName(std::string_view table, const std::string& name) {
   return upper.starts_with('*') || (fixed && !(table == "LAYER" && upper != "0") && table != "BLOCK_RECORD");
 }
 
-void renameReferences(AcDbImpDatabase& db, std::string_view table, const std::string& from,
-                      const std::string& to) {
+void renameReferences(AcDbImpDatabase& db, std::string_view table, const std::string& from, const std::string& to) {
   for (const AcDbStub& known : db.stubs()) {
     AcDbStub& stub = const_cast<AcDbStub&>(known);
     const std::string type(db.typeName(stub));
@@ -69,8 +66,7 @@ void renameRecord(const Command& c, std::string_view table, const std::string& f
   if (!record) c.fail("Aucun enregistrement ne porte le nom \"" + from + "\".");
   if (keepsName(table, from)) c.fail("\"" + from + "\" ne peut pas être renommé.");
   AcDbStub* taken = db.tableRecord(table, to);
-  if (!isSymbolName(to) || (taken && taken != record))
-    c.fail("Le nom \"" + to + "\" n'est pas valide ou existe déjà.");
+  if (!isSymbolName(to) || (taken && taken != record)) c.fail("Le nom \"" + to + "\" n'est pas valide ou existe déjà.");
   {
     const AcDbObjectPointer<AcDbObject> object(AcDbObjectId(record), AcDb::kForWrite);
     if (object.openStatus() != Acad::eOk) c.fail("\"" + from + "\" n'est pas accessible.");
@@ -110,8 +106,8 @@ std::vector<std::string> purgeTable(const Command& c, std::string_view table, st
   std::vector<std::string> purged;
   for (AcDbStub* stub : *db.table(table)->children) {
     const std::string name = db.recordName(*stub), upper = upperCase(name);
-    const bool wanted = !stub->is(AcDbStub::kErased) && !keepsName(table, name) &&
-                        lisp::matchesWildcard(upper, upperCase(pattern));
+    const bool wanted =
+        !stub->is(AcDbStub::kErased) && !keepsName(table, name) && lisp::matchesWildcard(upper, upperCase(pattern));
     if (!wanted || used.contains(upper) || handles.contains(stub->handle)) continue;
     eraseWithOwned(*stub, true);
     purged.push_back(name);

@@ -32,9 +32,7 @@ void finishCommand(Document& document) {
   }
 }
 
-void cancelCommand(Document& document) {
-  document.waitingCommand().reset();
-}
+void cancelCommand(Document& document) { document.waitingCommand().reset(); }
 
 View activeView(AcDbImpDatabase& database) {
   View view;

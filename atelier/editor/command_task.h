@@ -22,9 +22,7 @@ class Question {
 class CommandTask {
  public:
   struct promise_type {
-    CommandTask get_return_object() {
-      return CommandTask(std::coroutine_handle<promise_type>::from_promise(*this));
-    }
+    CommandTask get_return_object() { return CommandTask(std::coroutine_handle<promise_type>::from_promise(*this)); }
     std::suspend_always initial_suspend() noexcept { return {}; }
     std::suspend_always final_suspend() noexcept { return {}; }
     void return_void() {}
@@ -79,9 +77,7 @@ class Asked : public Question {
     return reply_.answer;
   }
   bool await_ready() const noexcept { return false; }
-  void await_suspend(std::coroutine_handle<CommandTask::promise_type> waiting) {
-    waiting.promise().question = this;
-  }
+  void await_suspend(std::coroutine_handle<CommandTask::promise_type> waiting) { waiting.promise().question = this; }
   Reply<VALUE> await_resume() { return std::move(reply_); }
 
  private:

@@ -33,8 +33,24 @@ bool isNamed(const CommandRow& row, std::string_view name) {
 }
 
 auto allTables() {
-  return std::array{drawingCommands(), plineCommands(), arcCommands(), blockCommands(), propertyCommands(), textCommands(), editingCommands(), curveCommands(), cornerCommands(), polylineCommands(), insertCommands(),
-                    layerCommands(), recordCommands(), drawingFileCommands(), fileCommands(), viewCommands(), undoCommands(), menuCommands(),
+  return std::array{drawingCommands(),
+                    plineCommands(),
+                    arcCommands(),
+                    blockCommands(),
+                    propertyCommands(),
+                    textCommands(),
+                    editingCommands(),
+                    curveCommands(),
+                    cornerCommands(),
+                    polylineCommands(),
+                    insertCommands(),
+                    layerCommands(),
+                    recordCommands(),
+                    drawingFileCommands(),
+                    fileCommands(),
+                    viewCommands(),
+                    undoCommands(),
+                    menuCommands(),
                     std::span<const CommandRow>(kElsewhere)};
 }
 
@@ -53,7 +69,8 @@ std::vector<std::string> commandNames() {
 }
 
 std::string commandName(std::string_view typed) {
-  while (!typed.empty() && (typed.front() == '_' || typed.front() == '.' || typed.front() == '\'')) typed.remove_prefix(1);
+  while (!typed.empty() && (typed.front() == '_' || typed.front() == '.' || typed.front() == '\''))
+    typed.remove_prefix(1);
   return upperCase(typed);
 }
 
@@ -82,11 +99,7 @@ bool runBuiltinCommand(Document& document, const std::string& name) {
   return true;
 }
 
-void requestQuit() {
-  quitting = true;
-}
-bool quitRequested() {
-  return std::exchange(quitting, false);
-}
+void requestQuit() { quitting = true; }
+bool quitRequested() { return std::exchange(quitting, false); }
 
 }  // namespace atelier

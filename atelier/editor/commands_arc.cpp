@@ -32,8 +32,7 @@ CommandTask circle(Command& c) {
     co_return;
   }
   if (!centre.given()) co_return;
-  const auto radius =
-      co_await c.distance("\nRayon du cercle ou [Diamètre]: ", centre.value, "Diamètre _Diameter");
+  const auto radius = co_await c.distance("\nRayon du cercle ou [Diamètre]: ", centre.value, "Diamètre _Diameter");
   if (radius.is("Diameter")) {
     const auto diameter = co_await c.distance("\nDiamètre: ", centre.value);
     addCircle(c, centre.value, diameter.value / 2);
@@ -64,7 +63,8 @@ void addArcThrough(const Command& c, const AcGePoint3d& a, const AcGePoint3d& b,
 void addBulgeArc(const Command& c, const AcGePoint3d& a, const AcGePoint3d& b, double bulge) {
   const BulgeArc arc = bulgeArc(flat(a), flat(b), bulge);
   const double end = arc.startAngle + arc.sweep;
-  addArc(c, {arc.centre.x, arc.centre.y, a.z}, bulge == 0 ? 0 : arc.radius, arc.sweep > 0 ? arc.startAngle : end, arc.sweep > 0 ? end : arc.startAngle);
+  addArc(c, {arc.centre.x, arc.centre.y, a.z}, bulge == 0 ? 0 : arc.radius, arc.sweep > 0 ? arc.startAngle : end,
+         arc.sweep > 0 ? end : arc.startAngle);
 }
 
 // The bulge of the arc of that radius between the points, counter-clockwise; a negative radius is that of the longer arc.
@@ -84,7 +84,8 @@ CommandTask arc(Command& c) {
     const auto begins = co_await c.point("\nPoint de départ de l'arc: ", centre);
     start = begins.value;
   } else {
-    const auto second = co_await c.point("\nDeuxième point de l'arc ou [Centre/Extrémité]: ", start, "Centre Extrémité _Center End");
+    const auto second =
+        co_await c.point("\nDeuxième point de l'arc ou [Centre/Extrémité]: ", start, "Centre Extrémité _Center End");
     if (second.given()) {
       const auto end = co_await c.point("\nExtrémité de l'arc: ", second.value);
       if (end.given()) addArcThrough(c, start, second.value, end.value);
@@ -92,19 +93,22 @@ CommandTask arc(Command& c) {
     }
     if (second.is("End")) {
       const auto end = co_await c.point("\nExtrémité de l'arc: ", start);
-      const auto how = co_await c.point("\nCentre de l'arc ou [Angle/Direction/Rayon]: ", start, "Angle Direction Rayon _Angle Direction Radius");
+      const auto how = co_await c.point("\nCentre de l'arc ou [Angle/Direction/Rayon]: ", start,
+                                        "Angle Direction Rayon _Angle Direction Radius");
       const AcGePoint3d to = end.value;
       if (how.is("Angle")) {
         const auto turn = co_await c.angle("\nAngle décrit: ");
         addBulgeArc(c, start, to, std::tan(turn.value / 4));
       } else if (how.is("Direction")) {
         const auto tangent = co_await c.angle("\nDirection de la tangente au départ: ", start);
-        addBulgeArc(c, start, to, std::tan(std::remainder(directionTo(start, to) - tangent.value, 2 * std::numbers::pi) / 2));
+        addBulgeArc(c, start, to,
+                    std::tan(std::remainder(directionTo(start, to) - tangent.value, 2 * std::numbers::pi) / 2));
       } else if (how.is("Radius")) {
         const auto radius = co_await c.distance("\nRayon de l'arc: ", to);
         addBulgeArc(c, start, to, bulgeOfRadius(c, start.distanceTo(to), radius.value));
       } else if (how.given()) {
-        addArc(c, how.value, std::hypot(start.x - how.value.x, start.y - how.value.y), directionTo(how.value, start), directionTo(how.value, to));
+        addArc(c, how.value, std::hypot(start.x - how.value.x, start.y - how.value.y), directionTo(how.value, start),
+               directionTo(how.value, to));
       }
       co_return;
     }
@@ -116,8 +120,7 @@ CommandTask arc(Command& c) {
                                     "Angle Corde _Angle chord-Length");
   if (end.is("Angle")) {
     const auto turn = co_await c.angle("\nAngle décrit: ");
-    addArc(c, centre, radius, turn.value < 0 ? from + turn.value : from,
-           turn.value < 0 ? from : from + turn.value);
+    addArc(c, centre, radius, turn.value < 0 ? from + turn.value : from, turn.value < 0 ? from : from + turn.value);
   } else if (end.given()) {
     addArc(c, centre, radius, from, directionTo(centre, end.value));
   } else {

@@ -28,7 +28,8 @@ bool shows(AcDbImpDatabase& database, AcDbStub* entity, AcDbObjectId block, std:
   if (!shown || !seen.insert(shown).second) return false;
   if (AcDbObjectId(shown) == block) return true;
   if (!shown->children) return false;
-  return std::any_of(shown->children->begin(), shown->children->end(), [&](AcDbStub* child) { return shows(database, child, block, seen); });
+  return std::any_of(shown->children->begin(), shown->children->end(),
+                     [&](AcDbStub* child) { return shows(database, child, block, seen); });
 }
 
 CommandTask block(Command& c) {

@@ -30,7 +30,8 @@ std::unique_ptr<AcDbCurve> parallelOf(const AcDbCurve& curve, double distance, c
   AcGePoint3d foot;
   const auto at = paramNear(curve, side);
   AcGeVector3d along;
-  if (!at || curve.getPointAtParam(*at, foot) != Acad::eOk || curve.getFirstDeriv(*at, along) != Acad::eOk) return nullptr;
+  if (!at || curve.getPointAtParam(*at, foot) != Acad::eOk || curve.getFirstDeriv(*at, along) != Acad::eOk)
+    return nullptr;
   const AcGeVector3d toSide = side - foot;
   const double left = along.x * toSide.y - along.y * toSide.x >= 0 ? distance : -distance;
   if (const auto* line = AcDbLine::cast(&curve)) {
@@ -41,12 +42,15 @@ std::unique_ptr<AcDbCurve> parallelOf(const AcDbCurve& curve, double distance, c
     return std::make_unique<AcDbLine>(line->startPoint() + shift, line->endPoint() + shift);
   }
   if (const auto* circle = AcDbCircle::cast(&curve)) {
-    const double radius = circle->radius() + (side.distanceTo(circle->center()) < circle->radius() ? -distance : distance);
+    const double radius =
+        circle->radius() + (side.distanceTo(circle->center()) < circle->radius() ? -distance : distance);
     return radius > 0 ? std::make_unique<AcDbCircle>(circle->center(), circle->normal(), radius) : nullptr;
   }
   if (const auto* arc = AcDbArc::cast(&curve)) {
     const double radius = arc->radius() + (side.distanceTo(arc->center()) < arc->radius() ? -distance : distance);
-    return radius > 0 ? std::make_unique<AcDbArc>(arc->center(), arc->normal(), radius, arc->startAngle(), arc->endAngle()) : nullptr;
+    return radius > 0
+               ? std::make_unique<AcDbArc>(arc->center(), arc->normal(), radius, arc->startAngle(), arc->endAngle())
+               : nullptr;
   }
   const auto* polyline = AcDbPolyline::cast(&curve);
   if (!polyline || polyline->normal().z < 1) return nullptr;
@@ -65,7 +69,8 @@ CommandTask offset(Command& c) {
       const auto yes = co_await c.keyword("\nEffacer l'objet d'origine? [Oui/Non] <N>: ", "Oui Non _Yes No");
       erases = yes.is("Yes");
     } else {
-      const auto layer = co_await c.keyword("\nCalque du décalage [Courant/Source] <S>: ", "Courant Source _Current Source");
+      const auto layer =
+          co_await c.keyword("\nCalque du décalage [Courant/Source] <S>: ", "Courant Source _Current Source");
       currentLayer = layer.is("Current");
     }
     given = co_await c.distance(prompt, {}, "Par Effacer Calque _Through Erase Layer");
@@ -82,7 +87,8 @@ CommandTask offset(Command& c) {
     if (!side.given()) co_return;
     const AcDbCurve& curve = pickedCurve(c, picked.value.id);
     AcGePoint3d foot;
-    if (through && curve.getClosestPointTo(side.value, foot) == Acad::eOk) distance = std::hypot(side.value.x - foot.x, side.value.y - foot.y);
+    if (through && curve.getClosestPointTo(side.value, foot) == Acad::eOk)
+      distance = std::hypot(side.value.x - foot.x, side.value.y - foot.y);
     auto parallel = parallelOf(curve, distance, side.value);
     if (!parallel) c.fail("L'objet ne se décale pas.");
     parallel->setPropertiesFrom(&curve);
@@ -149,7 +155,8 @@ void findCorner(const Command& c, PickedLine& a, PickedLine& b, const AcGePoint3
   }
 }
 
-void joinLines(const Command& c, PickedLine a, PickedLine b, const PickedEntity& pickA, const PickedEntity& pickB, double radius, Cut cut) {
+void joinLines(const Command& c, PickedLine a, PickedLine b, const PickedEntity& pickA, const PickedEntity& pickB,
+               double radius, Cut cut) {
   findCorner(c, a, b, pickA.point, pickB.point);
   const AcGeVector2d u(a.away.x, a.away.y), v(b.away.x, b.away.y);
   if (cut.round) cut = cutFor(radius, u, v);
@@ -234,7 +241,8 @@ CommandTask fillet(Command& c) {
 CommandTask chamfer(Command& c) {
   for (;;) {
     const Cut cut{c.document.variables().real("CHAMFERA", 0), c.document.variables().real("CHAMFERB", 0), false};
-    const std::string prompt = "\nPremière ligne ou [Polyligne/Ecarts/Ajuster] <" + realText(cut.first) + " et " + realText(cut.second) + ">: ";
+    const std::string prompt = "\nPremière ligne ou [Polyligne/Ecarts/Ajuster] <" + realText(cut.first) + " et " +
+                               realText(cut.second) + ">: ";
     const auto first = co_await c.entity(prompt, "Polyligne Ecarts Ajuster _Polyline Distance Trim");
     if (first.is("Trim")) {
       const auto mode = co_await c.keyword(kTrimPrompt, kTrimWords);
@@ -270,8 +278,6 @@ constexpr CommandRow kTable[] = {
 
 }  // namespace
 
-std::span<const CommandRow> cornerCommands() {
-  return kTable;
-}
+std::span<const CommandRow> cornerCommands() { return kTable; }
 
 }  // namespace atelier

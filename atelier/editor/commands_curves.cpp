@@ -18,7 +18,8 @@ CommandTask spline(Command& c) {
   points.append(first.value);
   bool closed = false;
   for (;;) {
-    const std::string prompt = points.length() > 2 ? "\nPoint suivant ou [Clore/annUler] <fin>: " : "\nPoint suivant ou [annUler] <fin>: ";
+    const std::string prompt =
+        points.length() > 2 ? "\nPoint suivant ou [Clore/annUler] <fin>: " : "\nPoint suivant ou [annUler] <fin>: ";
     const auto next = co_await c.point(prompt, points[points.length() - 1], "Clore annUler _Close Undo");
     if (next.is("Undo")) {
       if (points.length() > 1) points.removeAt(points.length() - 1);
@@ -51,7 +52,8 @@ CommandTask breakCurve(Command& c) {
   const auto picked = co_await c.entity("\nObjet à couper: ");
   if (!picked.given()) co_return;
   AcGePoint3d first = picked.value.point;
-  const std::string prompt = picked.value.byPoint ? "\nDeuxième point de coupure ou [Premier point]: " : "\nPremier point de coupure: ";
+  const std::string prompt =
+      picked.value.byPoint ? "\nDeuxième point de coupure ou [Premier point]: " : "\nPremier point de coupure: ";
   auto second = co_await c.point(prompt, {}, "Premier _First");
   if (second.is("First") || !picked.value.byPoint) {
     if (second.given()) {
@@ -83,11 +85,13 @@ Limits limits(const Command& c, const SelectionSet* set) {
 CurvePieces trimmed(const Command& c, const AcDbCurve& curve, const AcGePoint3d& point, const SelectionSet* set) {
   AcDbExtents box;
   Limits others = limits(c, set);
-  if (!set && curve.getGeomExtents(box) == Acad::eOk) others = c.document.spatialIndex().query(c.document.database().currentSpaceId(), box);
+  if (!set && curve.getGeomExtents(box) == Acad::eOk)
+    others = c.document.spatialIndex().query(c.document.database().currentSpaceId(), box);
   const std::vector<double> cuts = paramsOfMeetings(curve, others);
   const auto at = paramNear(curve, point);
   double low = 0, high = 0;
-  if (!at || cuts.empty() || curve.getStartParam(low) != Acad::eOk || curve.getEndParam(high) != Acad::eOk || (curve.isClosed() && cuts.size() < 2))
+  if (!at || cuts.empty() || curve.getStartParam(low) != Acad::eOk || curve.getEndParam(high) != Acad::eOk ||
+      (curve.isClosed() && cuts.size() < 2))
     return {};
   const auto above = std::upper_bound(cuts.begin(), cuts.end(), *at);
   if (curve.isClosed()) {
@@ -103,7 +107,8 @@ CurvePieces trimmed(const Command& c, const AcDbCurve& curve, const AcGePoint3d&
 void trimAt(const Command& c, AcDbObjectId id, const AcGePoint3d& point, const SelectionSet* set) {
   pickedCurve(c, id);
   CurvePieces pieces;
-  if (const AcDbObjectPointer<AcDbCurve> curve(id); curve.openStatus() == Acad::eOk) pieces = trimmed(c, *curve.object(), point, set);
+  if (const AcDbObjectPointer<AcDbCurve> curve(id); curve.openStatus() == Acad::eOk)
+    pieces = trimmed(c, *curve.object(), point, set);
   if (pieces.empty()) c.print("\nL'objet ne rencontre aucune limite.");
   else replaceByPieces(c, id, std::move(pieces));
 }
@@ -119,8 +124,7 @@ CommandTask trim(Command& c) {
 // --- extending
 
 // The nearest place beyond the end of a straight or circular part where it meets a limit.
-std::optional<AcGePoint3d> reach(const AcDbCurve& part, bool atEnd, const Limits& others,
-                                 const AcDbCurve* own) {
+std::optional<AcGePoint3d> reach(const AcDbCurve& part, bool atEnd, const Limits& others, const AcDbCurve* own) {
   AcGePoint3d end, other;
   part.getEndPoint(end);
   part.getStartPoint(other);
@@ -132,7 +136,9 @@ std::optional<AcGePoint3d> reach(const AcDbCurve& part, bool atEnd, const Limits
     checkInterruption();
     const AcDbObjectPointer<AcDbCurve> limit{AcDbObjectId(stub)};
     AcGePoint3dArray points;
-    if (limit.openStatus() != Acad::eOk || limit.object() == own || part.intersectWith(limit.object(), AcDb::kExtendThis, points) != Acad::eOk) continue;
+    if (limit.openStatus() != Acad::eOk || limit.object() == own ||
+        part.intersectWith(limit.object(), AcDb::kExtendThis, points) != Acad::eOk)
+      continue;
     for (int i = 0; i < points.length(); ++i) {
       double beyond = (points[i] - end).dotProduct((end - other).normal());
       if (arc) {
@@ -202,8 +208,6 @@ constexpr CommandRow kTable[] = {
 
 }  // namespace
 
-std::span<const CommandRow> curveCommands() {
-  return kTable;
-}
+std::span<const CommandRow> curveCommands() { return kTable; }
 
 }  // namespace atelier

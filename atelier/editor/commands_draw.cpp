@@ -87,8 +87,6 @@ constexpr CommandRow kTable[] = {
 
 }  // namespace
 
-std::span<const CommandRow> drawingCommands() {
-  return kTable;
-}
+std::span<const CommandRow> drawingCommands() { return kTable; }
 
 }  // namespace atelier

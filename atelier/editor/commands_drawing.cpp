@@ -122,8 +122,6 @@ constexpr CommandRow kTable[] = {
 
 }  // namespace
 
-std::span<const CommandRow> drawingFileCommands() {
-  return kTable;
-}
+std::span<const CommandRow> drawingFileCommands() { return kTable; }
 
 }  // namespace atelier

@@ -49,8 +49,7 @@ CommandTask copy(Command& c) {
   for (bool first = true;; first = false) {
     const auto to = co_await c.point("\nDeuxième point <fin>: ", base.value);
     if (!to.given() && !first) co_return;
-    c.copies(*chosen.value,
-           AcGeMatrix3d::translation(to.given() ? to.value - base.value : base.value.asVector()));
+    c.copies(*chosen.value, AcGeMatrix3d::translation(to.given() ? to.value - base.value : base.value.asVector()));
     if (!to.given() || one) co_return;
   }
 }
@@ -68,16 +67,15 @@ CommandTask rotate(Command& c) {
   bool keep = false;
   double from = 0;
   for (;;) {
-    const auto turn = co_await c.angle("\nAngle de rotation ou [Copier/Référence]: ", base.value,
-                                       "Copier Référence _Copy Reference");
+    const auto turn =
+        co_await c.angle("\nAngle de rotation ou [Copier/Référence]: ", base.value, "Copier Référence _Copy Reference");
     if (turn.is("Copy")) {
       keep = true;
     } else if (turn.is("Reference")) {
       const auto reference = co_await c.angle("\nAngle de référence <0>: ", base.value);
       from = reference.valueOr(0);
     } else {
-      transform(c, *chosen.value,
-                AcGeMatrix3d::rotation(turn.value - from, AcGeVector3d(0, 0, 1), base.value), keep);
+      transform(c, *chosen.value, AcGeMatrix3d::rotation(turn.value - from, AcGeVector3d(0, 0, 1), base.value), keep);
       co_return;
     }
   }
@@ -120,8 +118,7 @@ CommandTask mirror(Command& c) {
   const auto a = co_await c.point("\nPremier point de l'axe: ");
   const auto b = co_await c.point("\nDeuxième point de l'axe: ", a.value);
   if (a.value.distanceTo(b.value) == 0) c.fail("Les deux points de l'axe sont confondus.");
-  const auto answer =
-      co_await c.keyword("\nEffacer les objets d'origine? [Oui/Non] <N>: ", "Oui Non _Yes No");
+  const auto answer = co_await c.keyword("\nEffacer les objets d'origine? [Oui/Non] <N>: ", "Oui Non _Yes No");
   transform(c, *chosen.value, mirrorMatrix(a.value, b.value), !answer.is("Yes"));
 }
 
@@ -135,19 +132,16 @@ void explodePolyline(const AcDbPolyline& polyline, std::vector<std::unique_ptr<A
     polyline.getPointAt(i, a);
     polyline.getPointAt((i + 1) % count, b);
     polyline.getBulgeAt(i, bulge);
-    const auto world = [&](const AcGePoint2d& p) {
-      return plane * AcGePoint3d(p.x, p.y, polyline.elevation());
-    };
+    const auto world = [&](const AcGePoint2d& p) { return plane * AcGePoint3d(p.x, p.y, polyline.elevation()); };
     const BulgeArc arc = bulgeArc(a, b, bulge);
     std::unique_ptr<AcDbEntity> part;
-    if (bulge == 0 || !(arc.radius > 0))
-      part = std::make_unique<AcDbLine>(world(a), world(b));
+    if (bulge == 0 || !(arc.radius > 0)) part = std::make_unique<AcDbLine>(world(a), world(b));
     else if (arc.sweep > 0)
       part = std::make_unique<AcDbArc>(world(arc.centre), polyline.normal(), arc.radius, arc.startAngle,
                                        arc.startAngle + arc.sweep);
     else
-      part = std::make_unique<AcDbArc>(world(arc.centre), polyline.normal(), arc.radius,
-                                       arc.startAngle + arc.sweep, arc.startAngle);
+      part = std::make_unique<AcDbArc>(world(arc.centre), polyline.normal(), arc.radius, arc.startAngle + arc.sweep,
+                                       arc.startAngle);
     part->setPropertiesFrom(&polyline);
     parts.push_back(std::move(part));
   }
@@ -169,7 +163,8 @@ bool partsOf(const AcDbEntity& entity, std::vector<std::unique_ptr<AcDbEntity>>&
 
 // A program gives one answer and no Enter, unless QAFLAGS asks for the dialogue that a user has.
 CommandTask explode(Command& c) {
-  const bool single = c.document.prompter().source->isProgram() && (c.document.variables().integer("QAFLAGS", 0) & 1) == 0;
+  const bool single =
+      c.document.prompter().source->isProgram() && (c.document.variables().integer("QAFLAGS", 0) & 1) == 0;
   const auto chosen = co_await c.objects(single);
   if (!chosen.given()) co_return;
   int kept = 0;
@@ -199,8 +194,6 @@ constexpr CommandRow kTable[] = {
 
 }  // namespace
 
-std::span<const CommandRow> editingCommands() {
-  return kTable;
-}
+std::span<const CommandRow> editingCommands() { return kTable; }
 
 }  // namespace atelier

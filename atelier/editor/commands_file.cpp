@@ -17,8 +17,7 @@ namespace {
 
 CommandTask quit(Command& c) {
   if (c.document.imp().modified) {
-    const auto discard =
-        co_await c.keyword("\nAbandonner les modifications? [Oui/Non] <O>: ", "Oui Non _Yes No");
+    const auto discard = co_await c.keyword("\nAbandonner les modifications? [Oui/Non] <O>: ", "Oui Non _Yes No");
     if (discard.is("No")) co_return;
   }
   requestQuit();
@@ -81,8 +80,6 @@ constexpr CommandRow kTable[] = {
 
 }  // namespace
 
-std::span<const CommandRow> fileCommands() {
-  return kTable;
-}
+std::span<const CommandRow> fileCommands() { return kTable; }
 
 }  // namespace atelier

@@ -103,8 +103,7 @@ void explodeInto(const Command& c, AcDbObjectId insert) {
 
 CommandTask insert(Command& c) {
   const std::string last = std::get<std::string>(*c.document.variables().value("INSNAME"));
-  const std::string prompt =
-      "\nNom du bloc ou [?]" + (last.empty() ? std::string() : " <" + last + ">") + ": ";
+  const std::string prompt = "\nNom du bloc ou [?]" + (last.empty() ? std::string() : " <" + last + ">") + ": ";
   std::string name;
   for (;;) {
     const auto given = co_await c.line(prompt);
@@ -174,8 +173,6 @@ constexpr CommandRow kTable[] = {
 
 }  // namespace
 
-std::span<const CommandRow> insertCommands() {
-  return kTable;
-}
+std::span<const CommandRow> insertCommands() { return kTable; }
 
 }  // namespace atelier

@@ -46,8 +46,7 @@ void eachLayer(const Command& c, const std::string& names, WORK work) {
       upperCase(names.empty() ? std::get<std::string>(*c.document.variables().value("CLAYER")) : names);
   int found = 0;
   for (AcDbStub* stub : *c.document.imp().table("LAYER")->children) {
-    if (stub->is(AcDbStub::kErased) ||
-        !lisp::matchesWildcard(upperCase(c.document.imp().recordName(*stub)), pattern))
+    if (stub->is(AcDbStub::kErased) || !lisp::matchesWildcard(upperCase(c.document.imp().recordName(*stub)), pattern))
       continue;
     const AcDbObjectPointer<Layer> layer(AcDbObjectId(stub), AcDb::kForWrite);
     if (layer.openStatus() == Acad::eOk) work(*layer);
@@ -64,10 +63,8 @@ void setCurrent(const Command& c, const std::string& name) {
 void freeze(const Command& c, const std::string& names, bool frozen) {
   const AcDbObjectId current = c.document.database().clayer();
   eachLayer(c, names, [&](Layer& layer) {
-    if (frozen && layer.objectId() == current)
-      c.print("\nLe calque courant ne peut pas être gelé.");
-    else
-      layer.setIsFrozen(frozen);
+    if (frozen && layer.objectId() == current) c.print("\nLe calque courant ne peut pas être gelé.");
+    else layer.setIsFrozen(frozen);
   });
 }
 
@@ -79,9 +76,9 @@ void list(const Command& c) {
   for (AcDbStub* stub : *c.document.imp().table("LAYER")->children) {
     const AcDbObjectPointer<Layer> layer{AcDbObjectId(stub)};
     if (layer.openStatus() != Acad::eOk) continue;
-    c.print("\n  " + c.document.imp().recordName(*stub) + "  couleur " +
-            std::to_string(layer->color().colorIndex()) + (layer->isOff() ? "  inactif" : "") +
-            (layer->isFrozen() ? "  gelé" : "") + (layer->isLocked() ? "  verrouillé" : ""));
+    c.print("\n  " + c.document.imp().recordName(*stub) + "  couleur " + std::to_string(layer->color().colorIndex()) +
+            (layer->isOff() ? "  inactif" : "") + (layer->isFrozen() ? "  gelé" : "") +
+            (layer->isLocked() ? "  verrouillé" : ""));
   }
 }
 
@@ -125,8 +122,7 @@ CommandTask layer(Command& c) {
     if (option.is("Ltype")) {
       const auto type = co_await c.line("\nType de ligne <Continuous>: ");
       const auto names = co_await c.line("\nNoms des calques <courant>: ");
-      AcDbStub* record =
-          c.document.imp().tableRecord("LTYPE", type.value.empty() ? "Continuous" : type.value);
+      AcDbStub* record = c.document.imp().tableRecord("LTYPE", type.value.empty() ? "Continuous" : type.value);
       if (!record) c.fail("Le type de ligne \"" + type.value + "\" n'est pas chargé.");
       eachLayer(c, names.value, [&](Layer& l) { l.setLinetypeObjectId(AcDbObjectId(record)); });
       continue;
@@ -134,9 +130,8 @@ CommandTask layer(Command& c) {
     if (option.is("LWeight")) {
       const auto weight = co_await c.real("\nÉpaisseur en millimètres: ");
       const auto names = co_await c.line("\nNoms des calques <courant>: ");
-      eachLayer(c, names.value, [&](Layer& l) {
-        l.setLineWeight(static_cast<AcDb::LineWeight>(std::lround(weight.value * 100)));
-      });
+      eachLayer(c, names.value,
+                [&](Layer& l) { l.setLineWeight(static_cast<AcDb::LineWeight>(std::lround(weight.value * 100))); });
       continue;
     }
     if (option.is("Plot")) {
@@ -179,8 +174,6 @@ constexpr CommandRow kTable[] = {
 
 }  // namespace
 
-std::span<const CommandRow> layerCommands() {
-  return kTable;
-}
+std::span<const CommandRow> layerCommands() { return kTable; }
 
 }  // namespace atelier

@@ -77,7 +77,8 @@ void finish(const Command& c, const Drawn& p, bool closed) {
 }
 
 constexpr const char* kSegmentPrompt = "\nPoint suivant ou [Arc/Clore/DEmi-largeur/LOngueur/annUler/LArgeur]: ";
-constexpr const char* kSegmentWords = "Arc Clore DEmi-largeur LOngueur annUler LArgeur _Arc Close Halfwidth Length Undo Width";
+constexpr const char* kSegmentWords =
+    "Arc Clore DEmi-largeur LOngueur annUler LArgeur _Arc Close Halfwidth Length Undo Width";
 constexpr const char* kArcPrompt =
     "\nExtrémité de l'arc ou [Angle/CEntre/CLore/Direction/DEmi-largeur/LIgne/Rayon/Second/annUler/LARgeur]: ";
 constexpr const char* kArcWords =
@@ -111,7 +112,8 @@ CommandTask pline(Command& c) {
     } else if (next.is("Length")) {
       const auto length = co_await c.distance("\nLongueur du segment: ", last);
       const double direction = endDirection(p);
-      if (length.given()) append(p, p.last() + AcGeVector2d(std::cos(direction), std::sin(direction)) * length.value, 0);
+      if (length.given())
+        append(p, p.last() + AcGeVector2d(std::cos(direction), std::sin(direction)) * length.value, 0);
     } else if (next.is("Angle")) {
       const auto turn = co_await c.angle("\nAngle décrit: ");
       const auto end = co_await c.point("\nExtrémité de l'arc: ", last);

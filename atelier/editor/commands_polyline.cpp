@@ -28,7 +28,8 @@ bool makeLight(const Command& c, AcDbObjectId id) {
   } else {
     const AcDbArc* arc = AcDbArc::cast(&curve);
     AcGePoint3d start, end;
-    if ((!arc && !AcDbLine::cast(&curve)) || curve.getStartPoint(start) != Acad::eOk || curve.getEndPoint(end) != Acad::eOk)
+    if ((!arc && !AcDbLine::cast(&curve)) || curve.getStartPoint(start) != Acad::eOk ||
+        curve.getEndPoint(end) != Acad::eOk)
       return false;
     const AcGeVector3d normal = arc ? arc->normal() : AcGeVector3d::kZAxis;
     const AcGeMatrix3d toPlane = AcGeMatrix3d().setToPlaneToWorld(normal).inverse();
@@ -83,8 +84,9 @@ void smooth(const Command& c, AcDbPolyline& polyline, bool arcs) {
   if (list.size() < 3) return;
   const SystemVariables& variables = c.document.variables();
   const int chords = std::clamp(std::abs(variables.integer("SPLINESEGS", 8)), 1, 1000);
-  replaceVertices(polyline, arcs ? fittedByArcs(list, polyline.isClosed())
-                                 : framedCurve(list, polyline.isClosed(), variables.integer("SPLINETYPE", 6) == 5 ? 2 : 3, chords));
+  replaceVertices(
+      polyline, arcs ? fittedByArcs(list, polyline.isClosed())
+                     : framedCurve(list, polyline.isClosed(), variables.integer("SPLINETYPE", 6) == 5 ? 2 : 3, chords));
 }
 
 // The polyline open for as long as one change takes, so that a question never finds it open.
@@ -165,7 +167,8 @@ CommandTask pedit(Command& c) {
   }
   const bool asks = c.document.variables().integer("PEDITACCEPT", 0) == 0;
   if (asks && std::any_of(ids.begin(), ids.end(), [&](AcDbObjectId id) { return isSimple(c, id); })) {
-    const auto convert = co_await c.keyword("\nTout n'est pas polyligne. Convertir lignes et arcs? [Oui/Non] <O>: ", "Oui Non _Yes No");
+    const auto convert =
+        co_await c.keyword("\nTout n'est pas polyligne. Convertir lignes et arcs? [Oui/Non] <O>: ", "Oui Non _Yes No");
     if (convert.is("No")) std::erase_if(ids, [&](AcDbObjectId id) { return isSimple(c, id); });
   }
   const std::size_t chosenCount = ids.size();
@@ -190,7 +193,8 @@ CommandTask pedit(Command& c) {
         for (const AcDbObjectId each : ids)
           if (width.given()) Opened(c, each)->setConstantWidth(width.value);
       } else if (option.is("Ltype")) {
-        const auto on = co_await c.keyword("\nType de ligne suivi sur toute la polyligne [ACtif/Inactif]: ", "ACtif Inactif _ON OFF");
+        const auto on = co_await c.keyword("\nType de ligne suivi sur toute la polyligne [ACtif/Inactif]: ",
+                                           "ACtif Inactif _ON OFF");
         for (const AcDbObjectId each : ids)
           if (on.answer == Answer::keyword) setTypeAlong(*Opened(c, each), on.is("ON"));
       } else if (option.is("Edit") && !many) {
@@ -203,7 +207,8 @@ CommandTask pedit(Command& c) {
       }
       continue;
     }
-    const std::string prompt = "\nSommet " + std::to_string(vertex + 1) + " [Suivant/Précédent/Insérer/Déplacer/Effacer/LArgeur/Quitter] <S>: ";
+    const std::string prompt = "\nSommet " + std::to_string(vertex + 1) +
+                               " [Suivant/Précédent/Insérer/Déplacer/Effacer/LArgeur/Quitter] <S>: ";
     const auto option = co_await c.keyword(prompt, kVertexWords);
     const unsigned count = Opened(c, id)->numVerts();
     if (option.is("eXit")) {
@@ -236,8 +241,6 @@ constexpr CommandRow kTable[] = {
 
 }  // namespace
 
-std::span<const CommandRow> polylineCommands() {
-  return kTable;
-}
+std::span<const CommandRow> polylineCommands() { return kTable; }
 
 }  // namespace atelier

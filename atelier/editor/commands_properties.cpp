@@ -53,7 +53,8 @@ CommandTask changeProperties(Command& c) {
 
 CommandTask color(Command& c) {
   const auto given = co_await c.word("\nCouleur courante: ");
-  if (!given.value.empty() && !c.document.variables().set("CECOLOR", given.value)) c.fail("Couleur non valide: " + given.value);
+  if (!given.value.empty() && !c.document.variables().set("CECOLOR", given.value))
+    c.fail("Couleur non valide: " + given.value);
 }
 
 CommandTask lineType(Command& c) {
@@ -62,11 +63,13 @@ CommandTask lineType(Command& c) {
     if (option.answer != Answer::keyword) co_return;
     if (option.is("Load")) c.fail("LINETYPE: les types de ligne sont ceux du dessin.");
     if (option.is("?")) {
-      for (AcDbStub* stub : *c.document.imp().table("LTYPE")->children) c.print("\n  " + c.document.imp().recordName(*stub));
+      for (AcDbStub* stub : *c.document.imp().table("LTYPE")->children)
+        c.print("\n  " + c.document.imp().recordName(*stub));
       continue;
     }
     const auto name = co_await c.line("\nType de ligne courant: ");
-    if (!name.value.empty() && !c.document.variables().set("CELTYPE", name.value)) c.fail("Type de ligne inconnu: " + name.value);
+    if (!name.value.empty() && !c.document.variables().set("CELTYPE", name.value))
+      c.fail("Type de ligne inconnu: " + name.value);
   }
 }
 

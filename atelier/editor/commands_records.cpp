@@ -15,8 +15,7 @@ using Style = AcDbTextStyleTableRecord;
 
 AcDbObjectId styleNamed(const Command& c, const std::string& name) {
   if (AcDbStub* stub = c.document.imp().tableRecord("STYLE", name)) return AcDbObjectId(stub);
-  const AcDbObjectPointer<AcDbTextStyleTable> table(c.document.database().textStyleTableId(),
-                                                    AcDb::kForWrite);
+  const AcDbObjectPointer<AcDbTextStyleTable> table(c.document.database().textStyleTableId(), AcDb::kForWrite);
   auto style = std::make_unique<Style>();
   AcDbObjectId id;
   if (table.openStatus() != Acad::eOk || style->setName(toWide(name).c_str()) != Acad::eOk ||
@@ -66,18 +65,17 @@ CommandTask style(Command& c) {
 }
 
 std::string_view tableOf(const std::string& keyword) {
-  constexpr std::pair<std::string_view, std::string_view> kTables[] = {
-      {"Block", "BLOCK_RECORD"}, {"LAyer", "LAYER"},       {"LType", "LTYPE"},
-      {"Style", "STYLE"},        {"Dimstyle", "DIMSTYLE"}, {"Regapps", "APPID"}};
+  constexpr std::pair<std::string_view, std::string_view> kTables[] = {{"Block", "BLOCK_RECORD"}, {"LAyer", "LAYER"},
+                                                                       {"LType", "LTYPE"},        {"Style", "STYLE"},
+                                                                       {"Dimstyle", "DIMSTYLE"},  {"Regapps", "APPID"}};
   for (const auto& [word, table] : kTables)
     if (word == keyword) return table;
   return {};
 }
 
 CommandTask rename(Command& c) {
-  const auto kind =
-      co_await c.keyword("\nType d'objet [Bloc/CAlque/TYpeligne/STyle/COtation]: ",
-                         "Bloc CAlque TYpeligne STyle COtation _Block LAyer LType Style Dimstyle");
+  const auto kind = co_await c.keyword("\nType d'objet [Bloc/CAlque/TYpeligne/STyle/COtation]: ",
+                                       "Bloc CAlque TYpeligne STyle COtation _Block LAyer LType Style Dimstyle");
   if (kind.answer != Answer::keyword) co_return;
   const auto from = co_await c.line("\nAncien nom: ");
   const auto to = co_await c.line("\nNouveau nom: ");
@@ -94,10 +92,8 @@ CommandTask purge(Command& c) {
   const auto verify = co_await c.keyword("\nVérifier chaque nom? [Oui/Non] <N>: ", "Oui Non _Yes No");
   if (verify.is("Yes")) c.print("\nLes noms ne sont pas vérifiés un à un.");
   std::vector<std::string_view> tables;
-  if (kind.is("All"))
-    tables = {"BLOCK_RECORD", "LAYER", "LTYPE", "STYLE", "DIMSTYLE"};
-  else
-    tables = {tableOf(kind.keyword)};
+  if (kind.is("All")) tables = {"BLOCK_RECORD", "LAYER", "LTYPE", "STYLE", "DIMSTYLE"};
+  else tables = {tableOf(kind.keyword)};
   int count = 0;
   for (const std::string_view table : tables)
     for (const std::string& name : purgeTable(c, table, names.value.empty() ? "*" : names.value)) {
@@ -115,8 +111,6 @@ constexpr CommandRow kTable[] = {
 
 }  // namespace
 
-std::span<const CommandRow> recordCommands() {
-  return kTable;
-}
+std::span<const CommandRow> recordCommands() { return kTable; }
 
 }  // namespace atelier

@@ -61,8 +61,7 @@ CommandTask text(Command& c) {
     std::string word = place.keyword;
     if (place.is("Justify")) {
       const auto chosen = co_await c.keyword(
-          "\nJustification [Gauche/Centre/Droite/Milieu/HG/HC/HD/MG/MC/MD/BG/BC/BD/Aligné/Fixé]: ",
-          kJustifyWords);
+          "\nJustification [Gauche/Centre/Droite/Milieu/HG/HC/HD/MG/MC/MD/BG/BC/BD/Aligné/Fixé]: ", kJustifyWords);
       word = chosen.keyword;
     }
     if (!place.given()) {
@@ -97,8 +96,7 @@ CommandTask text(Command& c) {
   }
   const auto words = co_await c.line("\nTexte: ");
   if (words.value.empty()) co_return;
-  auto made = std::make_unique<AcDbText>(start, toWide(words.value).c_str(), style, height > 0 ? height : 1,
-                                         rotation);
+  auto made = std::make_unique<AcDbText>(start, toWide(words.value).c_str(), style, height > 0 ? height : 1, rotation);
   made->setHorizontalMode(mode->horizontal);
   made->setVerticalMode(mode->vertical);
   if (!made->isDefaultAlignment()) made->setAlignmentPoint(between ? end : start);
@@ -113,7 +111,7 @@ CommandTask mtext(Command& c) {
   for (;;) {
     const auto corner =
         co_await c.corner("\nCoin opposé ou [Hauteur/Justifier/Rotation/STyle/Largeur]: ", first.value,
-                         "Hauteur Justifier Rotation STyle Largeur _Height Justify Rotation Style Width");
+                          "Hauteur Justifier Rotation STyle Largeur _Height Justify Rotation Style Width");
     if (corner.is("Height")) {
       const auto given = co_await c.distance("\nHauteur: ", first.value);
       height = given.valueOr(height);
@@ -163,8 +161,6 @@ constexpr CommandRow kTable[] = {
 
 }  // namespace
 
-std::span<const CommandRow> textCommands() {
-  return kTable;
-}
+std::span<const CommandRow> textCommands() { return kTable; }
 
 }  // namespace atelier

@@ -68,8 +68,6 @@ constexpr CommandRow kTable[] = {
 
 }  // namespace
 
-std::span<const CommandRow> undoCommands() {
-  return kTable;
-}
+std::span<const CommandRow> undoCommands() { return kTable; }
 
 }  // namespace atelier

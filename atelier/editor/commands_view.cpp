@@ -110,14 +110,10 @@ CommandTask view(Command& c) {
   }
   const auto given = co_await c.line("\nNom de la vue: ");
   const std::string name = upperCase(trimmed(given.value));
-  if (option.is("Save"))
-    views[name] = c.document.view();
-  else if (!views.contains(name))
-    c.fail("Vue inconnue: " + given.value);
-  else if (option.is("Restore"))
-    c.document.view() = views[name];
-  else
-    views.erase(name);
+  if (option.is("Save")) views[name] = c.document.view();
+  else if (!views.contains(name)) c.fail("Vue inconnue: " + given.value);
+  else if (option.is("Restore")) c.document.view() = views[name];
+  else views.erase(name);
 }
 
 CommandTask ucs(Command& c) {
@@ -138,8 +134,6 @@ constexpr CommandRow kTable[] = {
 
 }  // namespace
 
-std::span<const CommandRow> viewCommands() {
-  return kTable;
-}
+std::span<const CommandRow> viewCommands() { return kTable; }
 
 }  // namespace atelier

@@ -24,8 +24,7 @@ std::tm localTime(std::time_t seconds) {
 }
 
 double secondsOfDay(const std::tm& parts, Clock::time_point now) {
-  const auto millis =
-      std::chrono::duration_cast<std::chrono::milliseconds>(now.time_since_epoch()).count() % 1000;
+  const auto millis = std::chrono::duration_cast<std::chrono::milliseconds>(now.time_since_epoch()).count() % 1000;
   return parts.tm_hour * 3600 + parts.tm_min * 60 + parts.tm_sec + static_cast<double>(millis) / 1000;
 }
 
@@ -34,8 +33,8 @@ Value julianDate(Document&) {
   const auto now = Clock::now();
   const std::tm t = localTime(Clock::to_time_t(now));
   const int y = t.tm_year + 1900, m = t.tm_mon + 1, d = t.tm_mday, a = (m - 14) / 12;
-  const int day = (1461 * (y + 4800 + a)) / 4 + (367 * (m - 2 - 12 * a)) / 12 -
-                  (3 * ((y + 4900 + a) / 100)) / 4 + d - 32075;
+  const int day =
+      (1461 * (y + 4800 + a)) / 4 + (367 * (m - 2 - 12 * a)) / 12 - (3 * ((y + 4900 + a) / 100)) / 4 + d - 32075;
   return day + secondsOfDay(t, now) / 86400;
 }
 
@@ -53,9 +52,7 @@ Value milliseconds(Document&) {
   return static_cast<int>(std::chrono::duration_cast<std::chrono::milliseconds>(now).count() & 0x7fffffff);
 }
 
-std::string withSlash(std::string folder) {
-  return folder.empty() || folder.ends_with('/') ? folder : folder + "/";
-}
+std::string withSlash(std::string folder) { return folder.empty() || folder.ends_with('/') ? folder : folder + "/"; }
 
 Value temporaryFolder(Document&) {
   std::error_code error;
@@ -70,33 +67,21 @@ Value drawingFolder(Document& d) {
                                      : std::filesystem::absolute(d.path(), error).parent_path();
   return withSlash(base.string());
 }
-Value titled(Document& d) {
-  return d.path().empty() ? 0 : 1;
-}
-Value savedName(Document& d) {
-  return d.path();
-}
-Value codePage(Document& d) {
-  return d.imp().header.text("$DWGCODEPAGE", "ANSI_1252");
-}
-Value modified(Document& d) {
-  return d.imp().modified ? 1 : 0;
-}
+Value titled(Document& d) { return d.path().empty() ? 0 : 1; }
+Value savedName(Document& d) { return d.path(); }
+Value codePage(Document& d) { return d.imp().header.text("$DWGCODEPAGE", "ANSI_1252"); }
+Value modified(Document& d) { return d.imp().modified ? 1 : 0; }
 
 // --- spaces and the view
 
-Value tileMode(Document& d) {
-  return d.database().tilemode() ? 1 : 0;
-}
+Value tileMode(Document& d) { return d.database().tilemode() ? 1 : 0; }
 bool setTileMode(Document& d, const Value& value) {
   const int* mode = std::get_if<int>(&value);
   if (!mode || (*mode != 0 && *mode != 1) || (*mode == 0 && !d.imp().paperSpace())) return false;
   d.imp().header.set("$TILEMODE", Group::integer(70, *mode));
   return true;
 }
-Value viewport(Document& d) {
-  return d.database().tilemode() ? 2 : 1;
-}
+Value viewport(Document& d) { return d.database().tilemode() ? 2 : 1; }
 bool setViewport(Document& d, const Value& value) {
   return value.index() == 0 && std::get<int>(value) == std::get<int>(viewport(d));
 }
@@ -104,13 +89,11 @@ bool setViewport(Document& d, const Value& value) {
 std::string paperLayout(Document& d) {
   AcDbImpDatabase& db = d.imp();
   if (!db.paperSpace()) return {};
-  AcDbStub* layout = db.stubOf(AcDbImpObject::of(&db.object(*db.paperSpace()))
-                                   .record.handle(handleField("AcDbBlockTableRecord", 340)));
+  AcDbStub* layout = db.stubOf(
+      AcDbImpObject::of(&db.object(*db.paperSpace())).record.handle(handleField("AcDbBlockTableRecord", 340)));
   return layout ? AcDbImpObject::of(&db.object(*layout)).record.text(textField("AcDbLayout", 1)) : "Layout1";
 }
-Value currentTab(Document& d) {
-  return d.database().tilemode() ? std::string("Model") : paperLayout(d);
-}
+Value currentTab(Document& d) { return d.database().tilemode() ? std::string("Model") : paperLayout(d); }
 bool setCurrentTab(Document& d, const Value& value) {
   const std::string* name = std::get_if<std::string>(&value);
   if (!name) return false;
@@ -118,45 +101,37 @@ bool setCurrentTab(Document& d, const Value& value) {
   return equalNoCase(*name, paperLayout(d)) && setTileMode(d, 0);
 }
 
-AcDbExtents drawnExtents(Document& d) {
-  return d.spatialIndex().extents(d.database().currentSpaceId());
-}
+AcDbExtents drawnExtents(Document& d) { return d.spatialIndex().extents(d.database().currentSpaceId()); }
 constexpr double kNothingDrawn = 1e20;
 Value lowest(Document& d) {
   const AcDbExtents box = drawnExtents(d);
-  return Point{box.isEmpty() ? AcGePoint3d(kNothingDrawn, kNothingDrawn, kNothingDrawn) : box.minPoint(),
-               false};
+  return Point{box.isEmpty() ? AcGePoint3d(kNothingDrawn, kNothingDrawn, kNothingDrawn) : box.minPoint(), false};
 }
 Value highest(Document& d) {
   const AcDbExtents box = drawnExtents(d);
-  return Point{box.isEmpty() ? AcGePoint3d(-kNothingDrawn, -kNothingDrawn, -kNothingDrawn) : box.maxPoint(),
-               false};
+  return Point{box.isEmpty() ? AcGePoint3d(-kNothingDrawn, -kNothingDrawn, -kNothingDrawn) : box.maxPoint(), false};
 }
 
 // Seen by a program between the calls that answer a command.
 Value commandActive(Document& d) { return d.waitingCommand() ? 1 : 0; }
-Value commandNames(Document& d) { return d.waitingCommand() ? std::string(d.waitingCommand()->row().name) : std::string(); }
-
-Value lastPoint(Document& d) {
-  return Point{d.prompter().lastPoint, false};
+Value commandNames(Document& d) {
+  return d.waitingCommand() ? std::string(d.waitingCommand()->row().name) : std::string();
 }
+
+Value lastPoint(Document& d) { return Point{d.prompter().lastPoint, false}; }
 bool setLastPoint(Document& d, const Value& value) {
   const Point* point = std::get_if<Point>(&value);
   if (point) d.prompter().lastPoint = point->value;
   return point != nullptr;
 }
 
-Value viewHeight(Document& d) {
-  return d.view().height;
-}
+Value viewHeight(Document& d) { return d.view().height; }
 bool setViewHeight(Document& d, const Value& value) {
   const double* height = std::get_if<double>(&value);
   if (height && *height > 0) d.view().height = *height;
   return height && *height > 0;
 }
-Value viewCentre(Document& d) {
-  return Point{d.view().centre, false};
-}
+Value viewCentre(Document& d) { return Point{d.view().centre, false}; }
 bool setViewCentre(Document& d, const Value& value) {
   const Point* point = std::get_if<Point>(&value);
   if (point) d.view().centre = point->value;
@@ -171,21 +146,11 @@ bool setName(Document& d, const Value& value, std::string_view table, const char
   if (record) d.imp().header.set(variable, Group::text(code, d.imp().recordName(*record)));
   return record != nullptr;
 }
-Value layer(Document& d) {
-  return d.imp().header.text("$CLAYER", "0");
-}
-bool setLayer(Document& d, const Value& value) {
-  return setName(d, value, "LAYER", "$CLAYER", 8);
-}
-Value style(Document& d) {
-  return d.imp().header.text("$TEXTSTYLE", "Standard");
-}
-bool setStyle(Document& d, const Value& value) {
-  return setName(d, value, "STYLE", "$TEXTSTYLE", 7);
-}
-Value lineType(Document& d) {
-  return d.imp().header.text("$CELTYPE", "ByLayer");
-}
+Value layer(Document& d) { return d.imp().header.text("$CLAYER", "0"); }
+bool setLayer(Document& d, const Value& value) { return setName(d, value, "LAYER", "$CLAYER", 8); }
+Value style(Document& d) { return d.imp().header.text("$TEXTSTYLE", "Standard"); }
+bool setStyle(Document& d, const Value& value) { return setName(d, value, "STYLE", "$TEXTSTYLE", 7); }
+Value lineType(Document& d) { return d.imp().header.text("$CELTYPE", "ByLayer"); }
 bool setLineType(Document& d, const Value& value) {
   const std::string* name = std::get_if<std::string>(&value);
   for (const char* fixed : {"ByLayer", "ByBlock"})
@@ -203,19 +168,15 @@ Value colour(Document& d) {
 }
 bool setColour(Document& d, const Value& value) {
   std::optional<std::int64_t> index;
-  if (const std::string* name = std::get_if<std::string>(&value))
-    index = colorNumber(*name);
-  else if (const int* number = std::get_if<int>(&value))
-    index = *number;
+  if (const std::string* name = std::get_if<std::string>(&value)) index = colorNumber(*name);
+  else if (const int* number = std::get_if<int>(&value)) index = *number;
   if (!index || *index < 0 || *index > 256) return false;
   d.imp().header.set("$CECOLOR", Group::integer(62, *index));
   return true;
 }
 
 // The header holds degrees.
-Value angleBase(Document& d) {
-  return d.imp().header.real("$ANGBASE", 0) * std::numbers::pi / 180;
-}
+Value angleBase(Document& d) { return d.imp().header.real("$ANGBASE", 0) * std::numbers::pi / 180; }
 bool setAngleBase(Document& d, const Value& value) {
   const double* angle = std::get_if<double>(&value);
   if (angle) d.imp().header.set("$ANGBASE", Group::real(50, *angle * 180 / std::numbers::pi));
@@ -252,10 +213,8 @@ constexpr ComputedVariable kComputed[] = {{"TEMPPREFIX", temporaryFolder, nullpt
 }  // namespace
 
 std::optional<int> colorNumber(std::string_view text) {
-  constexpr std::string_view kEnglish[] = {"BYBLOCK", "RED",  "YELLOW",  "GREEN",
-                                           "CYAN",    "BLUE", "MAGENTA", "WHITE"};
-  constexpr std::string_view kFrench[] = {"DUBLOC", "ROUGE", "JAUNE",   "VERT",
-                                          "CYAN",   "BLEU",  "MAGENTA", "BLANC"};
+  constexpr std::string_view kEnglish[] = {"BYBLOCK", "RED", "YELLOW", "GREEN", "CYAN", "BLUE", "MAGENTA", "WHITE"};
+  constexpr std::string_view kFrench[] = {"DUBLOC", "ROUGE", "JAUNE", "VERT", "CYAN", "BLEU", "MAGENTA", "BLANC"};
   const std::string name = upperCase(trimmed(text));
   if (name == "BYLAYER" || name == "DUCALQUE") return 256;
   for (int i = 0; i < 8; ++i)

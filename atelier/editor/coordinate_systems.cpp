@@ -24,8 +24,7 @@ AcGeMatrix3d systemOfEntity(const AcDbStub& entity) {
   return {};
 }
 
-AcGePoint3d translated(const AcGePoint3d& point, const AcGeMatrix3d& from, const AcGeMatrix3d& to,
-                       bool displacement) {
+AcGePoint3d translated(const AcGePoint3d& point, const AcGeMatrix3d& from, const AcGeMatrix3d& to, bool displacement) {
   const AcGeMatrix3d matrix = to.inverse() * from;
   return displacement ? AcGePoint3d() + matrix * point.asVector() : matrix * point;
 }

@@ -13,7 +13,6 @@ std::optional<AcGeMatrix3d> systemByCode(int code);
 // From the plane of an entity (its normal, group 210) to the world.
 AcGeMatrix3d systemOfEntity(const AcDbStub& entity);
 AcGeMatrix3d systemOfNormal(const AcGeVector3d& normal);
-AcGePoint3d translated(const AcGePoint3d& point, const AcGeMatrix3d& from, const AcGeMatrix3d& to,
-                       bool displacement);
+AcGePoint3d translated(const AcGePoint3d& point, const AcGeMatrix3d& from, const AcGeMatrix3d& to, bool displacement);
 
 }  // namespace atelier

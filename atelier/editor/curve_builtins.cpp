@@ -20,8 +20,7 @@ using Curve = AcDbCurve;  // the host's class; geometry's curve stands behind it
 const AcDbCurve& curveArgument(Interpreter& in, Value value) {
   AcDbStub* stub = stubOfValue(value);
   if (!stub) in.failType("lentityp", value);
-  const AcDbCurve* curve =
-      stub->is(AcDbStub::kErased) ? nullptr : AcDbCurve::cast(&stub->database->object(*stub));
+  const AcDbCurve* curve = stub->is(AcDbStub::kErased) ? nullptr : AcDbCurve::cast(&stub->database->object(*stub));
   if (!curve) in.fail("bad argument value: AcDbCurve");
   return *curve;
 }
@@ -134,23 +133,40 @@ Value isPlanar(Interpreter& in, Arguments arguments) {
 }
 
 constexpr lisp::Builtin kTable[] = {
-    {"vlax-curve-getStartPoint", end<&Curve::getStartPoint>, 1, 1, "(vlax-curve-getStartPoint courbe)", "Premier point d'une courbe."},
-    {"vlax-curve-getEndPoint", end<&Curve::getEndPoint>, 1, 1, "(vlax-curve-getEndPoint courbe)", "Dernier point d'une courbe."},
-    {"vlax-curve-getStartParam", real<&Curve::getStartParam>, 1, 1, "(vlax-curve-getStartParam courbe)", "Parametre du debut d'une courbe."},
-    {"vlax-curve-getEndParam", real<&Curve::getEndParam>, 1, 1, "(vlax-curve-getEndParam courbe)", "Parametre de la fin d'une courbe."},
-    {"vlax-curve-getPointAtParam", pointAt<&Curve::getPointAtParam>, 2, 2, "(vlax-curve-getPointAtParam courbe parametre)", "Point d'une courbe a un parametre."},
-    {"vlax-curve-getPointAtDist", pointAt<&Curve::getPointAtDist>, 2, 2, "(vlax-curve-getPointAtDist courbe distance)", "Point d'une courbe a une distance de son debut."},
-    {"vlax-curve-getParamAtPoint", realAtPoint<&Curve::getParamAtPoint>, 2, 2, "(vlax-curve-getParamAtPoint courbe point)", "Parametre d'un point qui est sur la courbe."},
-    {"vlax-curve-getParamAtDist", realAt<&Curve::getParamAtDist>, 2, 2, "(vlax-curve-getParamAtDist courbe distance)", "Parametre a une distance du debut."},
-    {"vlax-curve-getDistAtParam", realAt<&Curve::getDistAtParam>, 2, 2, "(vlax-curve-getDistAtParam courbe parametre)", "Longueur de la courbe du debut a un parametre."},
-    {"vlax-curve-getDistAtPoint", realAtPoint<&Curve::getDistAtPoint>, 2, 2, "(vlax-curve-getDistAtPoint courbe point)", "Longueur de la courbe du debut a un point qui est dessus."},
-    {"vlax-curve-getFirstDeriv", firstDerivative, 2, 2, "(vlax-curve-getFirstDeriv courbe parametre)", "Derivee d'une courbe a un parametre: sa direction."},
-    {"vlax-curve-getClosestPointTo", closestPoint, 2, 3, "(vlax-curve-getClosestPointTo courbe point [prolonger])", "Point de la courbe le plus proche d'un point."},
-    {"vlax-curve-getClosestPointToProjection", closestPointProjected, 3, 4, "(vlax-curve-getClosestPointToProjection courbe point direction [prolonger])", "Point de la courbe le plus proche d'un point, vu dans une direction."},
-    {"vlax-curve-getArea", real<&Curve::getArea>, 1, 1, "(vlax-curve-getArea courbe)", "Aire dans une courbe plane, fermee par sa corde si elle est ouverte."},
+    {"vlax-curve-getStartPoint", end<&Curve::getStartPoint>, 1, 1, "(vlax-curve-getStartPoint courbe)",
+     "Premier point d'une courbe."},
+    {"vlax-curve-getEndPoint", end<&Curve::getEndPoint>, 1, 1, "(vlax-curve-getEndPoint courbe)",
+     "Dernier point d'une courbe."},
+    {"vlax-curve-getStartParam", real<&Curve::getStartParam>, 1, 1, "(vlax-curve-getStartParam courbe)",
+     "Parametre du debut d'une courbe."},
+    {"vlax-curve-getEndParam", real<&Curve::getEndParam>, 1, 1, "(vlax-curve-getEndParam courbe)",
+     "Parametre de la fin d'une courbe."},
+    {"vlax-curve-getPointAtParam", pointAt<&Curve::getPointAtParam>, 2, 2,
+     "(vlax-curve-getPointAtParam courbe parametre)", "Point d'une courbe a un parametre."},
+    {"vlax-curve-getPointAtDist", pointAt<&Curve::getPointAtDist>, 2, 2, "(vlax-curve-getPointAtDist courbe distance)",
+     "Point d'une courbe a une distance de son debut."},
+    {"vlax-curve-getParamAtPoint", realAtPoint<&Curve::getParamAtPoint>, 2, 2,
+     "(vlax-curve-getParamAtPoint courbe point)", "Parametre d'un point qui est sur la courbe."},
+    {"vlax-curve-getParamAtDist", realAt<&Curve::getParamAtDist>, 2, 2, "(vlax-curve-getParamAtDist courbe distance)",
+     "Parametre a une distance du debut."},
+    {"vlax-curve-getDistAtParam", realAt<&Curve::getDistAtParam>, 2, 2, "(vlax-curve-getDistAtParam courbe parametre)",
+     "Longueur de la courbe du debut a un parametre."},
+    {"vlax-curve-getDistAtPoint", realAtPoint<&Curve::getDistAtPoint>, 2, 2, "(vlax-curve-getDistAtPoint courbe point)",
+     "Longueur de la courbe du debut a un point qui est dessus."},
+    {"vlax-curve-getFirstDeriv", firstDerivative, 2, 2, "(vlax-curve-getFirstDeriv courbe parametre)",
+     "Derivee d'une courbe a un parametre: sa direction."},
+    {"vlax-curve-getClosestPointTo", closestPoint, 2, 3, "(vlax-curve-getClosestPointTo courbe point [prolonger])",
+     "Point de la courbe le plus proche d'un point."},
+    {"vlax-curve-getClosestPointToProjection", closestPointProjected, 3, 4,
+     "(vlax-curve-getClosestPointToProjection courbe point direction [prolonger])",
+     "Point de la courbe le plus proche d'un point, vu dans une direction."},
+    {"vlax-curve-getArea", real<&Curve::getArea>, 1, 1, "(vlax-curve-getArea courbe)",
+     "Aire dans une courbe plane, fermee par sa corde si elle est ouverte."},
     {"vlax-curve-isClosed", isClosed, 1, 1, "(vlax-curve-isClosed courbe)", "T pour une courbe fermee."},
-    {"vlax-curve-isPeriodic", isPeriodic, 1, 1, "(vlax-curve-isPeriodic courbe)", "T pour une courbe qui recommence a sa fin: cercle, ellipse entiere."},
-    {"vlax-curve-isPlanar", isPlanar, 1, 1, "(vlax-curve-isPlanar courbe)", "T pour une courbe qui tient dans un plan."},
+    {"vlax-curve-isPeriodic", isPeriodic, 1, 1, "(vlax-curve-isPeriodic courbe)",
+     "T pour une courbe qui recommence a sa fin: cercle, ellipse entiere."},
+    {"vlax-curve-isPlanar", isPlanar, 1, 1, "(vlax-curve-isPlanar courbe)",
+     "T pour une courbe qui tient dans un plan."},
 };
 
 }  // namespace

@@ -47,7 +47,8 @@ std::vector<double> paramsOfMeetings(const AcDbCurve& curve, const std::vector<A
     checkInterruption();
     const AcDbObjectPointer<AcDbCurve> other{AcDbObjectId(stub)};
     AcGePoint3dArray points;
-    if (other.openStatus() != Acad::eOk || other.object() == &curve || curve.intersectWith(other.object(), AcDb::kOnBothOperands, points) != Acad::eOk)
+    if (other.openStatus() != Acad::eOk || other.object() == &curve ||
+        curve.intersectWith(other.object(), AcDb::kOnBothOperands, points) != Acad::eOk)
       continue;
     for (int i = 0; i < points.length(); ++i)
       if (const auto param = paramNear(curve, points[i])) params.push_back(*param);

@@ -27,14 +27,40 @@ ok_cancel_err : column { ok_cancel; errtile; }
 ok_cancel_help_errtile : column { ok_cancel_help; errtile; }
 )";
 
-constexpr std::string_view kTypes[] = {
-    "dialog", "row", "column", "boxed_row", "boxed_column", "radio_row", "radio_column", "boxed_radio_row", "boxed_radio_column",
-    "button", "edit_box", "list_box", "popup_list", "text", "text_part", "paragraph", "concatenation", "toggle", "radio_button",
-    "slider", "image", "image_button", "spacer", "spacer_0", "spacer_1", "tile", "cluster"};
+constexpr std::string_view kTypes[] = {"dialog",
+                                       "row",
+                                       "column",
+                                       "boxed_row",
+                                       "boxed_column",
+                                       "radio_row",
+                                       "radio_column",
+                                       "boxed_radio_row",
+                                       "boxed_radio_column",
+                                       "button",
+                                       "edit_box",
+                                       "list_box",
+                                       "popup_list",
+                                       "text",
+                                       "text_part",
+                                       "paragraph",
+                                       "concatenation",
+                                       "toggle",
+                                       "radio_button",
+                                       "slider",
+                                       "image",
+                                       "image_button",
+                                       "spacer",
+                                       "spacer_0",
+                                       "spacer_1",
+                                       "tile",
+                                       "cluster"};
 
 class Reader {
  public:
-  Reader(const std::string& file, std::string_view text, Definitions& into) : file_(file), text_(text), definitions_(into) { next(); }
+  Reader(const std::string& file, std::string_view text, Definitions& into)
+      : file_(file), text_(text), definitions_(into) {
+    next();
+  }
 
   void all() {
     while (!token_.empty()) {
@@ -78,14 +104,16 @@ class Reader {
 
   Tile prototype(const std::string& name) {
     if (const auto known = definitions_.find(name); known != definitions_.end()) return known->second;
-    if (std::find(std::begin(kTypes), std::end(kTypes), name) == std::end(kTypes)) fail("un type connu au lieu de " + name);
+    if (std::find(std::begin(kTypes), std::end(kTypes), name) == std::end(kTypes))
+      fail("un type connu au lieu de " + name);
     Tile made;
     made.type = name;
     return made;
   }
 
   std::string word(const char* expected) {
-    if (token_.empty() || quoted_ || std::string_view("{}:;=").find(token_[0]) != std::string_view::npos) fail(expected);
+    if (token_.empty() || quoted_ || std::string_view("{}:;=").find(token_[0]) != std::string_view::npos)
+      fail(expected);
     std::string found = lowerCase(token_);
     next();
     return found;
@@ -111,7 +139,8 @@ class Reader {
       else if (rest.starts_with("/*")) end = std::min(text_.find("*/", at_ + 2), text_.size() - 2) + 2;
       else if (static_cast<unsigned char>(rest[0]) <= ' ') end = at_ + 1;
       if (end == at_) return;
-      line_ += static_cast<int>(std::count(text_.begin() + static_cast<std::ptrdiff_t>(at_), text_.begin() + static_cast<std::ptrdiff_t>(end), '\n'));
+      line_ += static_cast<int>(std::count(text_.begin() + static_cast<std::ptrdiff_t>(at_),
+                                           text_.begin() + static_cast<std::ptrdiff_t>(end), '\n'));
       at_ = end;
     }
   }
@@ -134,7 +163,8 @@ class Reader {
       token_ = text_[at_++];
       return;
     }
-    while (at_ < text_.size() && static_cast<unsigned char>(text_[at_]) > ' ' && text_[at_] != '"' && kSigns.find(text_[at_]) == kSigns.npos)
+    while (at_ < text_.size() && static_cast<unsigned char>(text_[at_]) > ' ' && text_[at_] != '"' &&
+           kSigns.find(text_[at_]) == kSigns.npos)
       token_ += text_[at_++];
   }
 

@@ -78,7 +78,8 @@ Value newDialog(Interpreter& in, Arguments arguments) {
   std::string lower = name;
   for (char& c : lower)
     if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);
-  if (file == session(in).files.end() || !file->second.contains(lower) || file->second.at(lower).type != "dialog") return lisp::nil;
+  if (file == session(in).files.end() || !file->second.contains(lower) || file->second.at(lower).type != "dialog")
+    return lisp::nil;
   const auto act = [](const std::string& expression, const std::string& key, const std::string& value) {
     Interpreter& now = Document::needed().interpreter();
     now.set("$KEY", now.string(key));
@@ -86,7 +87,8 @@ Value newDialog(Interpreter& in, Arguments arguments) {
     now.set("$REASON", Value::integer(1));
     now.evaluate(expression);
   };
-  session(in).dialogs.push_back(std::make_unique<dcl::TileDialog>(file->second.at(lower), action.isString() ? std::string(action.text()) : std::string(), act));
+  session(in).dialogs.push_back(std::make_unique<dcl::TileDialog>(
+      file->second.at(lower), action.isString() ? std::string(action.text()) : std::string(), act));
   return in.boolean(true);
 }
 
@@ -126,11 +128,13 @@ Value getTile(Interpreter& in, Arguments arguments) {
 
 Value getAttribute(Interpreter& in, Arguments arguments) {
   const dcl::TileDialog* dialog = withTile(in, arguments[0]);
-  return dialog ? in.string(dialog->attribute(std::string(arguments[0].text()), lisp::stringArgument(in, arguments[1]))) : lisp::nil;
+  return dialog ? in.string(dialog->attribute(std::string(arguments[0].text()), lisp::stringArgument(in, arguments[1])))
+                : lisp::nil;
 }
 
 Value modeTile(Interpreter& in, Arguments arguments) {
-  if (dcl::TileDialog* dialog = withTile(in, arguments[0])) dialog->setMode(std::string(arguments[0].text()), numberIn(arguments[1], 0));
+  if (dcl::TileDialog* dialog = withTile(in, arguments[0]))
+    dialog->setMode(std::string(arguments[0].text()), numberIn(arguments[1], 0));
   return lisp::nil;
 }
 
@@ -162,18 +166,23 @@ Value endAll(Interpreter& in, Arguments) {
 }
 
 constexpr lisp::Builtin kTable[] = {
-    {"load_dialog", loadDialog, 1, 1, "(load_dialog fichier)", "Lit un fichier DCL; rend son numéro, négatif quand il ne peut être lu."},
+    {"load_dialog", loadDialog, 1, 1, "(load_dialog fichier)",
+     "Lit un fichier DCL; rend son numéro, négatif quand il ne peut être lu."},
     {"unload_dialog", unloadDialog, 1, 1, "(unload_dialog numéro)", "Oublie un fichier DCL."},
-    {"new_dialog", newDialog, 2, 4, "(new_dialog nom numéro [action [point]])", "Prépare un dialogue; rend T, ou nil quand il n'existe pas."},
-    {"start_dialog", startDialog, 0, 0, "(start_dialog)", "Montre le dialogue préparé; rend 1, 0 pour un abandon, ou le nombre de done_dialog."},
+    {"new_dialog", newDialog, 2, 4, "(new_dialog nom numéro [action [point]])",
+     "Prépare un dialogue; rend T, ou nil quand il n'existe pas."},
+    {"start_dialog", startDialog, 0, 0, "(start_dialog)",
+     "Montre le dialogue préparé; rend 1, 0 pour un abandon, ou le nombre de done_dialog."},
     {"done_dialog", doneDialog, 0, 1, "(done_dialog [nombre])", "Termine le dialogue en cours."},
     {"term_dialog", endAll, 0, 0, "(term_dialog)", "Abandonne tous les dialogues."},
-    {"action_tile", actionTile, 2, 2, "(action_tile clé expression)", "L'expression qu'un changement évalue, avec $key et $value."},
+    {"action_tile", actionTile, 2, 2, "(action_tile clé expression)",
+     "L'expression qu'un changement évalue, avec $key et $value."},
     {"set_tile", setTile, 2, 2, "(set_tile clé valeur)", "Fixe la valeur d'un champ."},
     {"get_tile", getTile, 1, 1, "(get_tile clé)", "La valeur d'un champ, ou nil."},
     {"get_attr", getAttribute, 2, 2, "(get_attr clé attribut)", "L'attribut d'un champ tel que le fichier le donne."},
     {"mode_tile", modeTile, 2, 2, "(mode_tile clé mode)", "Permet (0) ou interdit (1) un champ."},
-    {"start_list", startList, 1, 3, "(start_list clé [opération [rang]])", "Commence à remplir une liste: 1 change, 2 ajoute, 3 remplace."},
+    {"start_list", startList, 1, 3, "(start_list clé [opération [rang]])",
+     "Commence à remplir une liste: 1 change, 2 ajoute, 3 remplace."},
     {"add_list", addList, 1, 1, "(add_list texte)", "Un texte de la liste commencée."},
     {"end_list", endList, 0, 0, "(end_list)", "Termine la liste commencée."},
 };

@@ -21,9 +21,12 @@ std::wstring labelOf(const Tile& tile) {
 
 bool isRow(std::string_view type) { return type.ends_with("row") || type == "concatenation"; }
 bool isGroup(const Tile& tile) {
-  return tile.type == "dialog" || tile.type == "cluster" || isRow(tile.type) || tile.type.ends_with("column") || tile.type == "paragraph";
+  return tile.type == "dialog" || tile.type == "cluster" || isRow(tile.type) || tile.type.ends_with("column") ||
+         tile.type == "paragraph";
 }
-bool isRadioGroup(const Tile& tile) { return tile.type.find("radio_row") != std::string::npos || tile.type.find("radio_column") != std::string::npos; }
+bool isRadioGroup(const Tile& tile) {
+  return tile.type.find("radio_row") != std::string::npos || tile.type.find("radio_column") != std::string::npos;
+}
 
 }  // namespace
 
@@ -86,8 +89,9 @@ std::unique_ptr<Control> TileDialog::controlFor(const Tile& tile, const std::str
   const std::wstring label = labelOf(tile);
   const auto act = [this, key] { touched(key); };
   if (tile.type == "edit_box" || tile.type == "slider") {
-    auto edit = std::make_unique<Edit>(label == toWide(tile.attribute("value")) && !tile.attributes.contains("label") ? std::wstring() : label,
-                                       toWide(tile.attribute("value")));
+    auto edit = std::make_unique<Edit>(
+        label == toWide(tile.attribute("value")) && !tile.attributes.contains("label") ? std::wstring() : label,
+        toWide(tile.attribute("value")));
     edit->onChange = act;
     return edit;
   }
@@ -152,7 +156,8 @@ std::string TileDialog::value(const std::string& key) const {
   if (slot.control->kind() == Control::Kind::check) return static_cast<const Check&>(*slot.control).value() ? "1" : "0";
   if (slot.control->kind() != Control::Kind::list) return toUtf8(slot.control->label());
   std::string rows;
-  for (const int row : static_cast<const List&>(*slot.control).selection()) rows += (rows.empty() ? "" : " ") + std::to_string(row);
+  for (const int row : static_cast<const List&>(*slot.control).selection())
+    rows += (rows.empty() ? "" : " ") + std::to_string(row);
   return rows;
 }
 
@@ -175,7 +180,9 @@ void TileDialog::setValue(const std::string& key, const std::string& value) {
   setting_ = false;
 }
 
-std::string TileDialog::attribute(const std::string& key, std::string_view name) const { return tiles_.at(key).tile.attribute(name); }
+std::string TileDialog::attribute(const std::string& key, std::string_view name) const {
+  return tiles_.at(key).tile.attribute(name);
+}
 
 void TileDialog::setMode(const std::string& key, int mode) {
   if (mode > 1) return;
@@ -186,10 +193,12 @@ void TileDialog::setMode(const std::string& key, int mode) {
 void TileDialog::chooseRadio(const std::string& key) {
   const std::string group = tiles_.at(key).group;
   for (auto& [name, slot] : tiles_)
-    if (slot.control && slot.tile.type == "radio_button" && slot.group == group) static_cast<Check&>(*slot.control).setValue(name == key);
+    if (slot.control && slot.tile.type == "radio_button" && slot.group == group)
+      static_cast<Check&>(*slot.control).setValue(name == key);
 }
 
-void TileDialog::changeList(const std::string& key, Change change, std::size_t index, const std::vector<std::string>& texts) {
+void TileDialog::changeList(const std::string& key, Change change, std::size_t index,
+                            const std::vector<std::string>& texts) {
   Slot& slot = tiles_.at(key);
   if (!slot.control || slot.control->kind() != Control::Kind::list) return;
   const std::string selected = change == Change::all ? std::string() : value(key);

@@ -85,7 +85,8 @@ Value dialoguer(Interpreter& in, Arguments arguments) {
 
 constexpr lisp::Builtin kTable[] = {
     {"dialoguer", dialoguer, 2, 2, "(dialoguer fonction réponses)",
-     "Appelle une fonction dont les dialogues et les questions prennent leurs réponses dans la liste; rend les listes du "
+     "Appelle une fonction dont les dialogues et les questions prennent leurs réponses dans la liste; rend les listes "
+     "du "
      "dernier dialogue, leurs rangées comme (donnée texte ...)."},
 };
 

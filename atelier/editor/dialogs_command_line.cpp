@@ -63,7 +63,8 @@ class Run {
     for (const Control* control : dialog_.controls())
       if (control->kind() == Control::Kind::button && usable(*control)) info.keywords.push_back(nameOf(*control));
     info.text = "\n" + toUtf8(dialog_.title()) + " [";
-    for (const std::string& keyword : info.keywords) info.text += (&keyword == info.keywords.data() ? "" : "/") + keyword;
+    for (const std::string& keyword : info.keywords)
+      info.text += (&keyword == info.keywords.data() ? "" : "/") + keyword;
     info.text += "]: ";
     return info;
   }
@@ -71,7 +72,8 @@ class Run {
   void take(const std::string& answer) {
     if (answer.empty()) return pressDefault();
     if (const std::size_t sign = answer.find('='); sign != answer.npos) {
-      if (Control* control = find(answer.substr(0, sign), false)) return change(*control, std::string(trimmed(std::string_view(answer).substr(sign + 1))));
+      if (Control* control = find(answer.substr(0, sign), false))
+        return change(*control, std::string(trimmed(std::string_view(answer).substr(sign + 1))));
     } else if (Control* button = find(answer, true)) {
       return static_cast<dialogues::Button*>(button)->userClick();
     } else if (dialogues::List* list = onlyList()) {
@@ -82,7 +84,8 @@ class Run {
 
   void pressDefault() {
     for (Control* control : dialog_.controls())
-      if (control->kind() == Control::Kind::button && usable(*control) && static_cast<dialogues::Button*>(control)->isDefault)
+      if (control->kind() == Control::Kind::button && usable(*control) &&
+          static_cast<dialogues::Button*>(control)->isDefault)
         return static_cast<dialogues::Button*>(control)->userClick();
     touched_ = dialog_.controls();
   }
@@ -161,7 +164,8 @@ std::optional<std::string> CommandLineDialogs::chooseFile(const dialogues::FileR
   namespace fs = std::filesystem;
   Document& document = Document::needed();
   std::string answer;
-  const std::string title = request.title.empty() ? request.save ? "Enregistrer sous" : "Ouvrir" : toUtf8(request.title);
+  const std::string title =
+      request.title.empty() ? request.save ? "Enregistrer sous" : "Ouvrir" : toUtf8(request.title);
   const std::string proposed = request.name.empty() ? "" : " <" + toUtf8(request.name) + ">";
   const std::string text = "\n" + title + ", " + toUtf8(request.filter) + proposed + ": ";
   if (document.prompter().getText(true, text, answer) != Answer::value) return std::nullopt;
@@ -179,12 +183,14 @@ std::optional<std::string> CommandLineDialogs::chooseFile(const dialogues::FileR
   };
   std::error_code error;
   const fs::path folder = path.has_parent_path() ? path.parent_path() : fs::path(".");
-  if (request.pathMustExist && !fs::is_directory(folder, error)) return refused("Dossier introuvable: " + folder.string());
+  if (request.pathMustExist && !fs::is_directory(folder, error))
+    return refused("Dossier introuvable: " + folder.string());
   const bool there = fs::exists(path, error);
   if (!request.save && !there) return refused("Fichier introuvable: " + path.string());
   if (request.save && (access(folder.c_str(), W_OK) != 0 || (there && access(path.c_str(), W_OK) != 0)))
     return refused("Ecriture impossible: " + path.string());
-  if (request.save && request.overwritePrompt && there && !confirmed(document, path.string() + " existe. Le remplacer?"))
+  if (request.save && request.overwritePrompt && there &&
+      !confirmed(document, path.string() + " existe. Le remplacer?"))
     return std::nullopt;
   return path.string();
 }

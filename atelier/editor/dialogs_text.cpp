@@ -21,7 +21,9 @@ wchar_t plain(wchar_t c) {
   return at == accented.npos ? c : letters[at];
 }
 
-bool isAlphanumeric(wchar_t c) { return (c >= L'0' && c <= L'9') || (c >= L'A' && c <= L'Z') || (c >= L'a' && c <= L'z'); }
+bool isAlphanumeric(wchar_t c) {
+  return (c >= L'0' && c <= L'9') || (c >= L'A' && c <= L'Z') || (c >= L'a' && c <= L'z');
+}
 
 std::wstring trimmedCell(const std::wstring& cell) { return toWide(trimmed(toUtf8(cell))); }
 
@@ -58,9 +60,11 @@ std::string tableOf(const List& list) {
   for (std::size_t i = 0; i < lines.size(); ++i) {
     const int row = static_cast<int>(i) - static_cast<int>(heads);
     const bool chosen = std::binary_search(list.selection().begin(), list.selection().end(), row);
-    std::wstring line = (chosen ? L"* " : L"  ") + padded(row < 0 ? L"" : std::to_wstring(row + 1), numbers, Alignment::right);
+    std::wstring line =
+        (chosen ? L"* " : L"  ") + padded(row < 0 ? L"" : std::to_wstring(row + 1), numbers, Alignment::right);
     for (std::size_t c = 0; c < widths.size(); ++c)
-      line += L"  " + padded(lines[i][c], widths[c], list.columns().empty() ? Alignment::left : list.columns()[c].alignment);
+      line += L"  " +
+              padded(lines[i][c], widths[c], list.columns().empty() ? Alignment::left : list.columns()[c].alignment);
     text += line.substr(0, line.find_last_not_of(L' ') + 1) + L"\n";
   }
   return list.rows().empty() ? toUtf8(text) + "  (liste vide)\n" : toUtf8(text);
@@ -87,7 +91,9 @@ std::string keywordOf(const std::wstring& label) {
   bool first = true;
   for (wchar_t c : label) {
     c = plain(c);
-    if (isAlphanumeric(c)) word.push_back(static_cast<char>(first ? std::towupper(static_cast<std::wint_t>(c)) : static_cast<std::wint_t>(c)));
+    if (isAlphanumeric(c))
+      word.push_back(
+          static_cast<char>(first ? std::towupper(static_cast<std::wint_t>(c)) : static_cast<std::wint_t>(c)));
     first = !isAlphanumeric(c);
   }
   return word;

@@ -39,7 +39,9 @@ Value entry(Interpreter& interpreter, AcDbObjectId id) {
 Value dictsearch(Interpreter& interpreter, Arguments arguments) {
   const AcDbObjectPointer<AcDbDictionary> dictionary(dictionaryArgument(interpreter, arguments[0]));
   AcDbObjectId id;
-  if (dictionary.openStatus() != Acad::eOk || dictionary->getAt(keyArgument(interpreter, arguments[1]).c_str(), id) != Acad::eOk) return lisp::nil;
+  if (dictionary.openStatus() != Acad::eOk ||
+      dictionary->getAt(keyArgument(interpreter, arguments[1]).c_str(), id) != Acad::eOk)
+    return lisp::nil;
   return entry(interpreter, id);
 }
 
@@ -64,7 +66,8 @@ Value dictadd(Interpreter& interpreter, Arguments arguments) {
   if (!stub || dictionary.openStatus() != Acad::eOk || dictionary->has(key.c_str())) return lisp::nil;
   const AcDbObjectPointer<AcDbObject> object(AcDbObjectId(stub), AcDb::kForWrite);
   AcDbObjectId id;
-  if (object.openStatus() != Acad::eOk || dictionary->setAt(key.c_str(), object.object(), id) != Acad::eOk) return lisp::nil;
+  if (object.openStatus() != Acad::eOk || dictionary->setAt(key.c_str(), object.object(), id) != Acad::eOk)
+    return lisp::nil;
   object->setOwnerId(dictionary->objectId());
   object->addPersistentReactor(dictionary->objectId());
   return arguments[2];
@@ -84,20 +87,27 @@ Value dictrename(Interpreter& interpreter, Arguments arguments) {
   const std::wstring from = keyArgument(interpreter, arguments[1]), to = keyArgument(interpreter, arguments[2]);
   const AcDbObjectPointer<AcDbDictionary> dictionary(owner, AcDb::kForWrite);
   AcDbObjectId id;
-  if (dictionary.openStatus() != Acad::eOk || dictionary->has(to.c_str()) || dictionary->getAt(from.c_str(), id) != Acad::eOk) return lisp::nil;
+  if (dictionary.openStatus() != Acad::eOk || dictionary->has(to.c_str()) ||
+      dictionary->getAt(from.c_str(), id) != Acad::eOk)
+    return lisp::nil;
   Record* record = AcDbImpObject::of(dictionary.object()).writable();
   for (std::size_t i = 0; i + 1 < record->groups.size(); ++i)
-    if (record->groups[i].code() == 3 && record->groups[i + 1].handle() == id.handle().value()) record->groups[i] = Group::text(3, toUtf8(to));
+    if (record->groups[i].code() == 3 && record->groups[i + 1].handle() == id.handle().value())
+      record->groups[i] = Group::text(3, toUtf8(to));
   return arguments[2];
 }
 
 constexpr lisp::Builtin kTable[] = {
     {"namedobjdict", namedobjdict, 0, 0, "(namedobjdict)", "Dictionnaire des objets nommes du dessin."},
-    {"dictsearch", dictsearch, 2, 3, "(dictsearch dictionnaire cle [suite])", "Groupes de l'entree d'un dictionnaire, ou nil."},
+    {"dictsearch", dictsearch, 2, 3, "(dictsearch dictionnaire cle [suite])",
+     "Groupes de l'entree d'un dictionnaire, ou nil."},
     {"dictnext", dictnext, 1, 2, "(dictnext dictionnaire [debut])", "Entree suivante d'un dictionnaire."},
-    {"dictadd", dictadd, 3, 3, "(dictadd dictionnaire cle objet)", "Ajoute un objet a un dictionnaire; rend l'objet, ou nil."},
-    {"dictremove", dictremove, 2, 2, "(dictremove dictionnaire cle)", "Retire une entree d'un dictionnaire; rend son objet, ou nil."},
-    {"dictrename", dictrename, 3, 3, "(dictrename dictionnaire ancien nouveau)", "Renomme une entree d'un dictionnaire."},
+    {"dictadd", dictadd, 3, 3, "(dictadd dictionnaire cle objet)",
+     "Ajoute un objet a un dictionnaire; rend l'objet, ou nil."},
+    {"dictremove", dictremove, 2, 2, "(dictremove dictionnaire cle)",
+     "Retire une entree d'un dictionnaire; rend son objet, ou nil."},
+    {"dictrename", dictrename, 3, 3, "(dictrename dictionnaire ancien nouveau)",
+     "Renomme une entree d'un dictionnaire."},
 };
 
 }  // namespace

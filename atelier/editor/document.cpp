@@ -43,7 +43,8 @@ class CommandLineConsole : public lisp::Console {
 
 // The file that is read for a path: itself, or a conversion that goes when the drawing is open, which keeps it mapped.
 struct ConvertedFile {
-  explicit ConvertedFile(const std::string& path) : name(drawingConverter ? drawingConverter(path) : std::string()), isOther(!name.empty()) {
+  explicit ConvertedFile(const std::string& path)
+      : name(drawingConverter ? drawingConverter(path) : std::string()), isOther(!name.empty()) {
     if (!isOther) name = path;
   }
   ~ConvertedFile() {
@@ -62,10 +63,8 @@ std::unique_ptr<AcDbDatabase> openDatabase(const std::string& path, std::vector<
   auto database = std::make_unique<AcDbDatabase>(path.empty());
   if (path.empty()) return database;
   const ConvertedFile converted(path);
-  if (messages)
-    dxf::readFileRecovering(*database, converted.name, *messages);
-  else
-    dxf::readFile(*database, converted.name);
+  if (messages) dxf::readFileRecovering(*database, converted.name, *messages);
+  else dxf::readFile(*database, converted.name);
   if (converted.isOther) AcDbImpDatabase::of(database.get()).path.clear();
   return database;
 }
@@ -79,9 +78,14 @@ void setDrawingConverter(DrawingConverter converter) { drawingConverter = conver
 void addSupportFolder(const std::string& folder) { supportFolders.push_back(folder); }
 
 Document::Document(Printer printer, const std::string& path, std::vector<std::string>* messages)
-    : printer_(std::move(printer)), database_(openDatabase(path, messages)),
-      index_(std::make_unique<SpatialIndex>(imp())), console_(std::make_unique<CommandLineConsole>(*this)),
-      search_(std::make_unique<TrustedSearch>(*this)), variables_(*this), prompter_(*this), maker_(imp()) {
+    : printer_(std::move(printer)),
+      database_(openDatabase(path, messages)),
+      index_(std::make_unique<SpatialIndex>(imp())),
+      console_(std::make_unique<CommandLineConsole>(*this)),
+      search_(std::make_unique<TrustedSearch>(*this)),
+      variables_(*this),
+      prompter_(*this),
+      maker_(imp()) {
   search_->folders = supportFolders;
   interpreter_ = std::make_unique<lisp::Interpreter>(lisp::Host{console_.get(), search_.get(), &variables_});
   published_ = std::make_unique<PublishedFunctions>(*this);

@@ -42,8 +42,8 @@ class Document {
   Document(const Document&) = delete;
   Document& operator=(const Document&) = delete;
 
-  static Document* current();       // null when none is open
-  static Document& needed();        // the current one; a broken invariant when there is none
+  static Document* current();  // null when none is open
+  static Document& needed();   // the current one; a broken invariant when there is none
   void makeCurrent();
 
   AcDbDatabase& database() { return *database_; }

@@ -51,7 +51,8 @@ Value entmake(Interpreter& interpreter, Arguments arguments) {
   const auto result = document.entityMaker().make(groupsOfList(interpreter, arguments[0], nullptr));
   if (!result.ok) return lisp::nil;
   // The end of a block definition gives the block's name.
-  if (result.stub && document.imp().typeName(*result.stub) == "BLOCK_RECORD") return interpreter.string(document.imp().recordName(*result.stub));
+  if (result.stub && document.imp().typeName(*result.stub) == "BLOCK_RECORD")
+    return interpreter.string(document.imp().recordName(*result.stub));
   return arguments[0];
 }
 
@@ -61,10 +62,12 @@ Value entmakex(Interpreter& interpreter, Arguments arguments) {
   if (!groups.empty() && !groups.front().text().empty()) {
     const RecordFormat* format = formatOf(upperCase(groups.front().text()));
     const auto marked = [&groups](std::string_view mark) {
-      return std::any_of(groups.begin(), groups.end(), [mark](const Group& g) { return g.code() == 100 && (mark.empty() || g.text() == mark); });
+      return std::any_of(groups.begin(), groups.end(),
+                         [mark](const Group& g) { return g.code() == 100 && (mark.empty() || g.text() == mark); });
     };
     // A class that the host doesn't know is what its subclass marks say; without any it is a misspelt one.
-    const bool entity = format ? !format->subclasses.empty() && format->subclasses.front() == "AcDbEntity" : marked("AcDbEntity") || !marked({});
+    const bool entity = format ? !format->subclasses.empty() && format->subclasses.front() == "AcDbEntity"
+                               : marked("AcDbEntity") || !marked({});
     const bool object = !entity && (!format || tableForType(format->type).empty());
     if (object) return entityValue(interpreter, makeLooseObject(document.imp(), std::move(groups)));
   }
@@ -76,7 +79,9 @@ Value entnext(Interpreter& interpreter, Arguments arguments) {
   return entityValue(interpreter, nextEntity(Document::needed().imp(), after));
 }
 
-Value entlast(Interpreter& interpreter, Arguments) { return entityValue(interpreter, lastEntity(Document::needed().imp())); }
+Value entlast(Interpreter& interpreter, Arguments) {
+  return entityValue(interpreter, lastEntity(Document::needed().imp()));
+}
 
 Value entdel(Interpreter& interpreter, Arguments arguments) {
   ads_name name;
@@ -109,10 +114,12 @@ Value textbox(Interpreter& interpreter, Arguments arguments) {
 }
 
 constexpr lisp::Builtin kTable[] = {
-    {"entget", entget, 1, 2, "(entget entite [applications])", "Liste des groupes d'un objet, avec les donnees etendues des applications nommees."},
+    {"entget", entget, 1, 2, "(entget entite [applications])",
+     "Liste des groupes d'un objet, avec les donnees etendues des applications nommees."},
     {"entmod", entmod, 1, 1, "(entmod liste)", "Modifie l'objet nomme par le groupe -1; rend la liste, ou nil."},
     {"entupd", entupd, 1, 1, "(entupd entite)", "Met a jour l'affichage d'une entite."},
-    {"entmake", entmake, 0, 1, "(entmake [liste])", "Cree une entite, un enregistrement de table ou une partie de bloc; rend la liste, ou nil."},
+    {"entmake", entmake, 0, 1, "(entmake [liste])",
+     "Cree une entite, un enregistrement de table ou une partie de bloc; rend la liste, ou nil."},
     {"entmakex", entmakex, 1, 1, "(entmakex liste)", "Comme entmake; rend le nom de l'objet cree, ou nil."},
     {"entnext", entnext, 0, 1, "(entnext [entite])", "Entite suivante du dessin, attributs et sommets compris."},
     {"entlast", entlast, 0, 0, "(entlast)", "Derniere entite principale du dessin."},

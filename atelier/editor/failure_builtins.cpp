@@ -8,15 +8,14 @@ namespace atelier {
 namespace {
 
 lisp::Value echec(lisp::Interpreter& in, lisp::Arguments arguments) {
-  if (arguments.empty())
-    Document::needed().countFailure();
-  else
-    Document::needed().fail(std::string(lisp::stringArgument(in, arguments[0])));
+  if (arguments.empty()) Document::needed().countFailure();
+  else Document::needed().fail(std::string(lisp::stringArgument(in, arguments[0])));
   return lisp::nil;
 }
 
 constexpr lisp::Builtin kTable[] = {
-    {"echec", echec, 0, 1, "(echec [message])", "Compte un echec et le dit: le programme sans ecran finira avec le statut 1."},
+    {"echec", echec, 0, 1, "(echec [message])",
+     "Compte un echec et le dit: le programme sans ecran finira avec le statut 1."},
 };
 
 }  // namespace

@@ -15,8 +15,7 @@ constexpr int kOperator = -4, kApplication = -3;
 std::string closingOf(const SelectionFilter::Item& item) {
   if (item.code != kOperator) return {};
   const std::string word = upperCase(item.text);
-  return word == "<AND" || word == "<OR" || word == "<XOR" || word == "<NOT" ? word.substr(1) + ">"
-                                                                             : std::string();
+  return word == "<AND" || word == "<OR" || word == "<XOR" || word == "<NOT" ? word.substr(1) + ">" : std::string();
 }
 
 bool closes(const SelectionFilter::Item& item, std::string_view closing) {
@@ -49,12 +48,11 @@ int ordinatesAt(const std::vector<SelectionFilter::Item>& items, std::size_t at)
   return count;
 }
 
-bool pointFits(const AcGePoint3d& value, const std::vector<SelectionFilter::Item>& items, std::size_t at,
-               int count, std::string_view relations) {
+bool pointFits(const AcGePoint3d& value, const std::vector<SelectionFilter::Item>& items, std::size_t at, int count,
+               std::string_view relations) {
   for (int i = 0; i < count; ++i) {
     const std::string_view relation = relations.empty() ? relations : relationAt(relations, i);
-    if (!numberFits(asDblArray(value)[i], items[at + static_cast<std::size_t>(i)].group.real(), relation))
-      return false;
+    if (!numberFits(asDblArray(value)[i], items[at + static_cast<std::size_t>(i)].group.real(), relation)) return false;
   }
   return true;
 }
@@ -100,9 +98,8 @@ bool SelectionFilter::group(AcDbStub& stub, std::size_t& at, std::string_view re
   if (item.code == kApplication) return hasXdataOf(stub, item.text);
   if (ordinates > 0) {
     const auto points = filterPoints(stub, item.code);
-    return std::any_of(points.begin(), points.end(), [&](const AcGePoint3d& p) {
-      return pointFits(p, items_, start, ordinates, relations);
-    });
+    return std::any_of(points.begin(), points.end(),
+                       [&](const AcGePoint3d& p) { return pointFits(p, items_, start, ordinates, relations); });
   }
   const auto values = filterValues(stub, item.code);
   return std::any_of(values.begin(), values.end(),
@@ -119,14 +116,10 @@ bool SelectionFilter::one(AcDbStub& stub, std::size_t& at, bool matters) const {
   while (!closes(items_[at], closing)) {
     const bool open = closing == "AND>" ? result : closing == "OR>" ? !result : true;
     const bool value = one(stub, at, matters && open);
-    if (closing == "AND>")
-      result = result && value;
-    else if (closing == "OR>")
-      result = result || value;
-    else if (closing == "XOR>")
-      result = result != value;
-    else
-      result = !value;
+    if (closing == "AND>") result = result && value;
+    else if (closing == "OR>") result = result || value;
+    else if (closing == "XOR>") result = result != value;
+    else result = !value;
   }
   ++at;
   return result;

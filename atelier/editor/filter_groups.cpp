@@ -14,33 +14,28 @@ namespace {
 
 constexpr double kSameNumber = 1e-10;
 
-const Record& recordOf(AcDbStub& stub) {
-  return AcDbImpObject::of(&stub.database->object(stub)).settled();
-}
+const Record& recordOf(AcDbStub& stub) { return AcDbImpObject::of(&stub.database->object(stub)).settled(); }
 
 std::string layoutName(AcDbStub& stub) {
   AcDbImpDatabase& db = *stub.database;
   if (stub.owner == db.modelSpace()) return "Model";
   if (!stub.owner) return {};
-  AcDbStub* layout = db.stubOf(
-      AcDbImpObject::of(&db.object(*stub.owner)).record.handle(handleField("AcDbBlockTableRecord", 340)));
-  return layout ? AcDbImpObject::of(&db.object(*layout)).record.text(textField("AcDbLayout", 1))
-                : std::string();
+  AcDbStub* layout =
+      db.stubOf(AcDbImpObject::of(&db.object(*stub.owner)).record.handle(handleField("AcDbBlockTableRecord", 340)));
+  return layout ? AcDbImpObject::of(&db.object(*layout)).record.text(textField("AcDbLayout", 1)) : std::string();
 }
 
 // The format's default of a group that the record leaves out.
 void addDefault(std::vector<Group>& values, std::string_view type, int code) {
   const RecordFormat* format = formatOf(type);
   if (!format) return;
-  const auto field = std::find_if(format->fields.begin(), format->fields.end(),
-                                  [&](const Field& f) { return f.code == code; });
+  const auto field =
+      std::find_if(format->fields.begin(), format->fields.end(), [&](const Field& f) { return f.code == code; });
   if (field == format->fields.end()) return;
-  if (field->kind == FieldKind::real)
-    values.push_back(Group::real(code, field->number));
+  if (field->kind == FieldKind::real) values.push_back(Group::real(code, field->number));
   else if (field->kind == FieldKind::integer)
     values.push_back(Group::integer(code, static_cast<std::int64_t>(field->number)));
-  else if (field->kind == FieldKind::text)
-    values.push_back(Group::text(code, std::string(field->text)));
+  else if (field->kind == FieldKind::text) values.push_back(Group::text(code, std::string(field->text)));
 }
 
 bool isName(int code) {
@@ -49,8 +44,7 @@ bool isName(int code) {
 }
 
 bool textFits(const std::string& value, const std::string& pattern, bool name) {
-  return name ? lisp::matchesWildcard(upperCase(value), upperCase(pattern))
-              : lisp::matchesWildcard(value, pattern);
+  return name ? lisp::matchesWildcard(upperCase(value), upperCase(pattern)) : lisp::matchesWildcard(value, pattern);
 }
 
 }  // namespace
@@ -82,16 +76,14 @@ std::vector<AcGePoint3d> filterPoints(AcDbStub& stub, int code) {
 
 bool hasXdataOf(AcDbStub& stub, std::string_view applications) {
   const Record& record = recordOf(stub);
-  return std::any_of(record.groups.begin() + static_cast<std::ptrdiff_t>(record.xdataStart()),
-                     record.groups.end(), [&](const Group& g) {
-                       return g.code() == 1001 &&
-                              lisp::matchesWildcard(upperCase(g.text()), upperCase(applications));
+  return std::any_of(record.groups.begin() + static_cast<std::ptrdiff_t>(record.xdataStart()), record.groups.end(),
+                     [&](const Group& g) {
+                       return g.code() == 1001 && lisp::matchesWildcard(upperCase(g.text()), upperCase(applications));
                      });
 }
 
 bool isRelation(std::string_view relation) {
-  constexpr std::array<std::string_view, 11> kRelations{"",  "*",  "=", "/=", "!=", "<>",
-                                                        "<", "<=", ">", ">=", "&"};
+  constexpr std::array<std::string_view, 11> kRelations{"", "*", "=", "/=", "!=", "<>", "<", "<=", ">", ">=", "&"};
   return relation == "&=" || std::find(kRelations.begin(), kRelations.end(), relation) != kRelations.end();
 }
 

@@ -32,18 +32,17 @@ struct Walk {
 };
 
 // Centre plus cos a times u plus sin a times v, from a over the sweep.
-void addArc(Stroke& stroke, const AcGePoint3d& centre, const AcGeVector3d& u, const AcGeVector3d& v,
-            double from, double sweep) {
-  const int steps =
-      std::max(2, static_cast<int>(std::ceil(kTurnSteps * std::abs(sweep) / (2 * std::numbers::pi))));
+void addArc(Stroke& stroke, const AcGePoint3d& centre, const AcGeVector3d& u, const AcGeVector3d& v, double from,
+            double sweep) {
+  const int steps = std::max(2, static_cast<int>(std::ceil(kTurnSteps * std::abs(sweep) / (2 * std::numbers::pi))));
   for (int i = 0; i <= steps; ++i) {
     const double a = from + sweep * i / steps;
     stroke.points.push_back(centre + u * std::cos(a) + v * std::sin(a));
   }
 }
 
-void addPlaneArc(Stroke& stroke, const AcGePoint3d& centre, const AcGeVector3d& normal, double radius,
-                 double from, double sweep) {
+void addPlaneArc(Stroke& stroke, const AcGePoint3d& centre, const AcGeVector3d& normal, double radius, double from,
+                 double sweep) {
   const AcGeMatrix3d plane = AcGeMatrix3d().setToPlaneToWorld(normal);
   addArc(stroke, centre, plane * AcGeVector3d(radius, 0, 0), plane * AcGeVector3d(0, radius, 0), from, sweep);
 }
@@ -67,8 +66,8 @@ Stroke bulgedStroke(const std::vector<PlaneVertex>& vertices, bool closed, const
     if (vertices[i].bulge == 0) continue;
     const BulgeArc arc = bulgeArc(vertices[i].point, next.point, vertices[i].bulge);
     if (arc.radius > 0)
-      addArc(stroke, world(arc.centre), plane * AcGeVector3d(arc.radius, 0, 0),
-             plane * AcGeVector3d(0, arc.radius, 0), arc.startAngle, arc.sweep);
+      addArc(stroke, world(arc.centre), plane * AcGeVector3d(arc.radius, 0, 0), plane * AcGeVector3d(0, arc.radius, 0),
+             arc.startAngle, arc.sweep);
   }
   if (closed && count > 0) stroke.points.push_back(world(vertices.front().point));
   return stroke;
@@ -118,8 +117,8 @@ Stroke splineStroke(const AcDbSpline& spline) {
   AcGeDoubleArray knots, weights;
   double pointTolerance = 0, knotTolerance = 0;
   Stroke stroke;
-  if (spline.getNurbsData(degree, rational, closed, periodic, points, knots, weights, pointTolerance,
-                          knotTolerance) != Acad::eOk)
+  if (spline.getNurbsData(degree, rational, closed, periodic, points, knots, weights, pointTolerance, knotTolerance) !=
+      Acad::eOk)
     return stroke;
   Nurbs curve;
   curve.degree = degree;
@@ -131,8 +130,7 @@ Stroke splineStroke(const AcDbSpline& spline) {
   for (int i = 0; i < knots.length(); ++i) curve.knots.push_back(knots[i]);
   if (rational)
     for (int i = 0; i < weights.length(); ++i) curve.weights.push_back(weights[i]);
-  if (!box.isEmpty())
-    stroke.points = sampleNurbs(curve, kCurveTolerance * box.minPoint().distanceTo(box.maxPoint()));
+  if (!box.isEmpty()) stroke.points = sampleNurbs(curve, kCurveTolerance * box.minPoint().distanceTo(box.maxPoint()));
   return stroke;
 }
 
@@ -155,8 +153,8 @@ Stroke quadrilateral(const SHAPE& shape, POINT point, std::initializer_list<int>
 
 void collect(const AcDbEntity& entity, const AcGeMatrix3d* matrix, int depth, Walk& walk);
 
-void collectBlock(const AcDbImpDatabase& database, const AcDbStub* block, const AcGeMatrix3d& matrix,
-                  int depth, Walk& walk) {
+void collectBlock(const AcDbImpDatabase& database, const AcDbStub* block, const AcGeMatrix3d& matrix, int depth,
+                  Walk& walk) {
   if (!block || !block->children || depth >= kDeepest) return;
   for (AcDbStub* child : *block->children) {
     if (walk.full()) return;
@@ -208,15 +206,12 @@ Stroke simpleStroke(const AcDbEntity& entity) {
   if (const auto* space = AcDb3dPolyline::cast(&entity)) return spacePolyline(*space);
   if (const auto* spline = AcDbSpline::cast(&entity)) return splineStroke(*spline);
   if (const auto* point = AcDbPoint::cast(&entity)) return {{point->position()}, false};
-  if (const auto* solid = AcDbSolid::cast(&entity))
-    return quadrilateral(*solid, &AcDbSolid::getPointAt, {0, 1, 3, 2});
-  if (const auto* face = AcDbFace::cast(&entity))
-    return quadrilateral(*face, &AcDbFace::getVertexAt, {0, 1, 2, 3});
+  if (const auto* solid = AcDbSolid::cast(&entity)) return quadrilateral(*solid, &AcDbSolid::getPointAt, {0, 1, 3, 2});
+  if (const auto* face = AcDbFace::cast(&entity)) return quadrilateral(*face, &AcDbFace::getVertexAt, {0, 1, 2, 3});
   if (const auto* ray = AcDbRay::cast(&entity))
     return {{ray->basePoint(), ray->basePoint() + ray->unitDir() * kEndless}, false};
   if (const auto* line = AcDbXline::cast(&entity))
-    return {{line->basePoint() + line->unitDir() * -kEndless, line->basePoint() + line->unitDir() * kEndless},
-            false};
+    return {{line->basePoint() + line->unitDir() * -kEndless, line->basePoint() + line->unitDir() * kEndless}, false};
   if (const auto* circle = AcDbCircle::cast(&entity)) {
     addPlaneArc(stroke, circle->center(), circle->normal(), circle->radius(), 0, kTurn);
   } else if (const auto* arc = AcDbArc::cast(&entity)) {
@@ -240,8 +235,8 @@ void collect(const AcDbEntity& entity, const AcGeMatrix3d* matrix, int depth, Wa
     return collectReference(*reference, matrix, depth, walk);
   const auto* dimension = AcDbDimension::cast(&entity);
   if (dimension && !dimension->dimBlockId().isNull() && stubOf(dimension))
-    return collectBlock(*stubOf(dimension)->database, dimension->dimBlockId(),
-                        matrix ? *matrix : AcGeMatrix3d(), depth, walk);
+    return collectBlock(*stubOf(dimension)->database, dimension->dimBlockId(), matrix ? *matrix : AcGeMatrix3d(), depth,
+                        walk);
   Stroke stroke = simpleStroke(entity);
   if (stroke.points.empty()) return;
   if (matrix)

@@ -33,7 +33,8 @@ std::string frontalFolder() {
 bool loadFrontal(Document& document) {
   const std::string folder = frontalFolder();
   if (folder.empty()) {
-    std::fprintf(stderr, "kavel: le dossier du frontal est introuvable (variable KAVEL_FRONTAL); --no-frontal s'en passe\n");
+    std::fprintf(stderr,
+                 "kavel: le dossier du frontal est introuvable (variable KAVEL_FRONTAL); --no-frontal s'en passe\n");
     return false;
   }
   document.addSupport(folder);

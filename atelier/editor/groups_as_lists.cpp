@@ -54,11 +54,13 @@ Value valueOf(Interpreter& interpreter, const Group& group, AcDbImpDatabase& db)
 Value item(Interpreter& interpreter, const std::vector<Group>& groups, std::size_t& i, AcDbImpDatabase& db) {
   const Group& group = groups[i];
   const int code = group.code();
-  if (group.kind() == GroupKind::real && isPointCode(code) && i + 1 < groups.size() && groups[i + 1].code() == code + 10) {
+  if (group.kind() == GroupKind::real && isPointCode(code) && i + 1 < groups.size() &&
+      groups[i + 1].code() == code + 10) {
     ListBuilder point(interpreter);
     point.add(Value::integer(code));
     point.add(Value::real(group.real()));
-    for (int k = 1; k <= 2 && i + 1 < groups.size() && groups[i + 1].code() == code + 10 * k; ++k) point.add(Value::real(groups[++i].real()));
+    for (int k = 1; k <= 2 && i + 1 < groups.size() && groups[i + 1].code() == code + 10 * k; ++k)
+      point.add(Value::real(groups[++i].real()));
     return point.list();
   }
   return interpreter.cons(Value::integer(code), valueOf(interpreter, group, db));

@@ -67,7 +67,8 @@ bool PopupMenu::AddSeparator(Adesk::Int32 index) {
 
 PopupMenu* PopupMenus::named(const ACHAR* name) {
   if (!name) return nullptr;
-  const auto found = std::find_if(menus_.begin(), menus_.end(), [&](const PopupMenu& menu) { return sameName(menu.name(), name); });
+  const auto found =
+      std::find_if(menus_.begin(), menus_.end(), [&](const PopupMenu& menu) { return sameName(menu.name(), name); });
   return found == menus_.end() ? nullptr : &*found;
 }
 IAcadPopupMenu* PopupMenus::Item(Adesk::Int32 index) { return at(menus_, index); }
@@ -109,7 +110,8 @@ const MenuItem* HostMenus::find(std::wstring_view label) const {
     for (const auto& item : menu->items()) {
       if (item->isSeparator()) continue;
       if (sameName(item->label, label)) return item.get();
-      if (slash != label.npos && sameName(menu->name(), label.substr(0, slash)) && sameName(item->label, label.substr(slash + 1)))
+      if (slash != label.npos && sameName(menu->name(), label.substr(0, slash)) &&
+          sameName(item->label, label.substr(slash + 1)))
         return item.get();
     }
   return nullptr;

@@ -50,7 +50,7 @@ class PopupMenus final : public IAcadPopupMenus {
  public:
   Adesk::Int32 Count() const override { return static_cast<Adesk::Int32>(menus_.size()); }
   IAcadPopupMenu* Item(Adesk::Int32 index) override;
-  IAcadPopupMenu* Add(const ACHAR* name) override;  // null for a name that is there
+  IAcadPopupMenu* Add(const ACHAR* name) override;                           // null for a name that is there
   bool InsertMenuInMenuBar(const ACHAR* name, Adesk::Int32 index) override;  // true also for one that is shown
   bool RemoveMenuFromMenuBar(const ACHAR* name) override;
 

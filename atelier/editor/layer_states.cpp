@@ -12,8 +12,7 @@ const LayerStates::State& LayerStates::of(AcDbStub& entity) {
   if (layer) {
     const Record& record = AcDbImpObject::of(&database_.object(*layer)).record;
     const std::int64_t flags = record.integer(integerField("AcDbLayerTableRecord", 70));
-    it->second = {record.integer(integerField("AcDbLayerTableRecord", 62, 7)) < 0, (flags & 1) != 0,
-                  (flags & 4) != 0};
+    it->second = {record.integer(integerField("AcDbLayerTableRecord", 62, 7)) < 0, (flags & 1) != 0, (flags & 4) != 0};
   }
   return it->second;
 }
@@ -22,11 +21,7 @@ bool LayerStates::shows(AcDbStub& entity) {
   const State& state = of(entity);
   return !state.off && !state.frozen;
 }
-bool LayerStates::isLocked(AcDbStub& entity) {
-  return of(entity).locked;
-}
-bool LayerStates::isFrozen(AcDbStub& entity) {
-  return of(entity).frozen;
-}
+bool LayerStates::isLocked(AcDbStub& entity) { return of(entity).locked; }
+bool LayerStates::isFrozen(AcDbStub& entity) { return of(entity).frozen; }
 
 }  // namespace atelier

@@ -48,8 +48,7 @@ lisp::Value nestedPick(Document& document, AcDbObjectId picked, const AcGePoint3
     const auto* reference = AcDbBlockReference::cast(&document.imp().object(*stub));
     if (!reference) break;
     const AcGeMatrix3d inner = matrix * reference->blockTransform();
-    const Nearest part =
-        nearestOf(reference->blockTableRecord(), inner.isSingular() ? point : inner.inverse() * point);
+    const Nearest part = nearestOf(reference->blockTableRecord(), inner.isSingular() ? point : inner.inverse() * point);
     const Nearest attribute = nearestOf(stub, matrix.inverse() * point);
     if (attribute.stub && attribute.distance <= part.distance)
       return in.list({entityValue(in, attribute.stub), pointValue(in, point)});

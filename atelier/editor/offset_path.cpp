@@ -50,7 +50,8 @@ Points meetings(const Part& line, const AcGePoint2d& centre, double radius) {
   const AcGeVector2d v = line.from - centre;
   const double along = v.dotProduct(line.direction), rest = along * along - v.dotProduct(v) + radius * radius;
   if (rest < 0) return {};
-  return {line.from + line.direction * (-along - std::sqrt(rest)), line.from + line.direction * (-along + std::sqrt(rest))};
+  return {line.from + line.direction * (-along - std::sqrt(rest)),
+          line.from + line.direction * (-along + std::sqrt(rest))};
 }
 
 Points meetings(const Part& a, const Part& b) {
@@ -78,9 +79,10 @@ void join(Part& before, Part& after) {
   if ((before.to - after.from).length() <= kTouch) return;
   const Points points = meetings(before, after);
   if (points.empty()) return;
-  before.to = after.from = *std::min_element(points.begin(), points.end(), [&](const AcGePoint2d& p, const AcGePoint2d& q) {
-    return (p - after.corner).length() < (q - after.corner).length();
-  });
+  before.to = after.from =
+      *std::min_element(points.begin(), points.end(), [&](const AcGePoint2d& p, const AcGePoint2d& q) {
+        return (p - after.corner).length() < (q - after.corner).length();
+      });
 }
 
 void joinAll(std::vector<Part>& parts, bool closed) {

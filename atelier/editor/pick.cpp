@@ -16,9 +16,7 @@ double pickRadius(Document& document) {
   return variables.integer("PICKBOX", 3) * variables.real("VIEWSIZE", 100) / kScreenHeight;
 }
 
-double distanceTo(const AcDbEntity& entity, const AcGePoint3d& point) {
-  return distanceTo(strokesOf(entity), point);
-}
+double distanceTo(const AcDbEntity& entity, const AcGePoint3d& point) { return distanceTo(strokesOf(entity), point); }
 
 AcDbObjectId pickAt(Document& document, const AcGePoint3d& point) {
   const double radius = pickRadius(document);

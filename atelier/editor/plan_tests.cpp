@@ -27,9 +27,8 @@ bool properlyCross(const AcGePoint3d& a, const AcGePoint3d& b, const AcGePoint3d
 }
 
 bool segmentsMeet(const AcGePoint3d& a, const AcGePoint3d& b, const AcGePoint3d& c, const AcGePoint3d& d) {
-  return properlyCross(a, b, c, d) || segmentDistance(a, c, d) <= kOnEdge ||
-         segmentDistance(b, c, d) <= kOnEdge || segmentDistance(c, a, b) <= kOnEdge ||
-         segmentDistance(d, a, b) <= kOnEdge;
+  return properlyCross(a, b, c, d) || segmentDistance(a, c, d) <= kOnEdge || segmentDistance(b, c, d) <= kOnEdge ||
+         segmentDistance(c, a, b) <= kOnEdge || segmentDistance(d, a, b) <= kOnEdge;
 }
 
 // Calls back with the ends of each segment until it answers true; a lone point is a segment without length.
@@ -77,9 +76,8 @@ bool insidePolygon(std::span<const Stroke> strokes, std::span<const AcGePoint3d>
                      [&](const AcGePoint3d& p) { return contains(polygon, p); }))
       return false;
     return !anySegment(stroke.points, false, [&](const AcGePoint3d& a, const AcGePoint3d& b) {
-      return anySegment(polygon, true, [&](const AcGePoint3d& c, const AcGePoint3d& d) {
-        return properlyCross(a, b, c, d);
-      });
+      return anySegment(polygon, true,
+                        [&](const AcGePoint3d& c, const AcGePoint3d& d) { return properlyCross(a, b, c, d); });
     });
   };
   return !strokes.empty() && std::all_of(strokes.begin(), strokes.end(), inside);

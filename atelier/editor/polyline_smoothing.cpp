@@ -15,13 +15,25 @@ AcGeVector2d tangentAt(const Vertices& list, std::size_t i, bool closed) {
   const std::size_t count = list.size();
   const bool first = i == 0 && !closed, last = i + 1 == count && !closed;
   if (count < 3) return list[1].point - list[0].point;
-  const AcGePoint2d &a = list[first ? 0 : last ? count - 3 : (i + count - 1) % count].point, &b = list[first ? 1 : last ? count - 2 : i].point,
-                    &d = list[first ? 2 : last ? count - 1 : (i + 1) % count].point;
+  const AcGePoint2d &a = list[first  ? 0
+                              : last ? count - 3
+                                     : (i + count - 1) % count]
+                             .point,
+                    &b = list[first  ? 1
+                              : last ? count - 2
+                                     : i]
+                             .point,
+                    &d = list[first  ? 2
+                              : last ? count - 1
+                                     : (i + 1) % count]
+                             .point;
   const AcGeVector2d u = b - a, v = d - b;
   // The circle through three points has the turn of its chords spread by their lengths.
   const double turn = std::remainder(v.angle() - u.angle(), 2 * std::numbers::pi);
   const double share = u.length() / (u.length() + v.length());
-  const double angle = first ? u.angle() - turn * share : last ? v.angle() + turn * (1 - share) : u.angle() + turn * share;
+  const double angle = first  ? u.angle() - turn * share
+                       : last ? v.angle() + turn * (1 - share)
+                              : u.angle() + turn * share;
   return {std::cos(angle), std::sin(angle)};
 }
 
@@ -67,7 +79,8 @@ Vertices framedCurve(const Vertices& list, bool closed, int degree, int chords) 
     for (int i = 0; i <= degree; ++i) p.push_back(list[static_cast<std::size_t>((span - degree + i) % count)].point);
     for (int r = 1; r <= degree; ++r)
       for (int i = degree; i >= r; --i) {
-        const double low = knots[static_cast<std::size_t>(span - degree + i)], high = knots[static_cast<std::size_t>(span + 1 + i - r)];
+        const double low = knots[static_cast<std::size_t>(span - degree + i)],
+                     high = knots[static_cast<std::size_t>(span + 1 + i - r)];
         const double part = high > low ? (t - low) / (high - low) : 0;
         const auto k = static_cast<std::size_t>(i);
         p[k] = p[k - 1] + (p[k] - p[k - 1]) * part;

@@ -16,13 +16,9 @@ using lisp::Arguments;
 using lisp::Interpreter;
 using lisp::Value;
 
-Prompter& prompter() {
-  return Document::needed().prompter();
-}
+Prompter& prompter() { return Document::needed().prompter(); }
 
-std::optional<AcGePoint3d> baseArgument(Value value) {
-  return pointFromValue(value);
-}
+std::optional<AcGePoint3d> baseArgument(Value value) { return pointFromValue(value); }
 
 std::string textArgument(Interpreter& in, Value value) {
   return value.isNil() ? std::string() : std::string(lisp::stringArgument(in, value));
@@ -32,14 +28,10 @@ std::string textArgument(Interpreter& in, Value value) {
 template <class VALUE>
 Value answered(Interpreter& in, Answer answer, VALUE value) {
   switch (answer) {
-    case Answer::value:
-      return value();
-    case Answer::keyword:
-      return in.string(prompter().lastKeyword());
-    case Answer::none:
-      return lisp::nil;
-    default:
-      in.fail(kCancelled);
+    case Answer::value: return value();
+    case Answer::keyword: return in.string(prompter().lastKeyword());
+    case Answer::none: return lisp::nil;
+    default: in.fail(kCancelled);
   }
 }
 
@@ -51,12 +43,9 @@ struct Asked {
 Asked askedArguments(Interpreter& in, Arguments arguments) {
   Asked asked;
   for (const Value argument : arguments) {
-    if (argument.isString())
-      asked.text = argument.text();
-    else if (const auto point = baseArgument(argument))
-      asked.base = point;
-    else if (!argument.isNil())
-      in.failType("point", argument);
+    if (argument.isString()) asked.text = argument.text();
+    else if (const auto point = baseArgument(argument)) asked.base = point;
+    else if (!argument.isNil()) in.failType("point", argument);
   }
   return asked;
 }
@@ -65,10 +54,8 @@ Value initget(Interpreter& in, Arguments arguments) {
   int flags = 0;
   std::string keywords;
   for (const Value argument : arguments) {
-    if (argument.isInteger())
-      flags = argument.integer();
-    else
-      keywords = textArgument(in, argument);
+    if (argument.isInteger()) flags = argument.integer();
+    else keywords = textArgument(in, argument);
   }
   prompter().initGet(flags, keywords);
   return lisp::nil;
@@ -91,8 +78,7 @@ Value getpoint(Interpreter& in, Arguments arguments) {
 Value getdist(Interpreter& in, Arguments arguments) {
   const Asked asked = askedArguments(in, arguments);
   double distance = 0;
-  const Answer answer =
-      cancelling(in, [&] { return prompter().getDistance(asked.base, asked.text, distance); });
+  const Answer answer = cancelling(in, [&] { return prompter().getDistance(asked.base, asked.text, distance); });
   return answered(in, answer, [&] { return Value::real(distance); });
 }
 
@@ -122,10 +108,8 @@ Value getstring(Interpreter& in, Arguments arguments) {
   bool spaces = false;
   std::string text, result;
   for (std::size_t i = 0; i < arguments.size(); ++i) {
-    if (arguments[i].isString() && i + 1 == arguments.size())
-      text = arguments[i].text();
-    else
-      spaces = !arguments[i].isNil();
+    if (arguments[i].isString() && i + 1 == arguments.size()) text = arguments[i].text();
+    else spaces = !arguments[i].isNil();
   }
   const Answer answer = cancelling(in, [&] { return prompter().getText(spaces, text, result); });
   return answered(in, answer, [&] { return in.string(result); });
@@ -152,12 +136,8 @@ Value selected(Interpreter& in, Arguments arguments, bool nested) {
   });
 }
 
-Value entsel(Interpreter& in, Arguments arguments) {
-  return selected(in, arguments, false);
-}
-Value nentsel(Interpreter& in, Arguments arguments) {
-  return selected(in, arguments, true);
-}
+Value entsel(Interpreter& in, Arguments arguments) { return selected(in, arguments, false); }
+Value nentsel(Interpreter& in, Arguments arguments) { return selected(in, arguments, true); }
 
 // (getfiled title default extension flags): without a dialog the path is asked for as a line.
 Value getfiled(Interpreter& in, Arguments arguments) {
@@ -172,8 +152,7 @@ Value getfiled(Interpreter& in, Arguments arguments) {
   path = std::string(trimmed(path));
   if (path.empty()) path = proposed;
   if (path.empty()) return lisp::nil;
-  if (!extension.empty() && std::filesystem::path(path).extension().empty() &&
-      extension.find(';') == extension.npos)
+  if (!extension.empty() && std::filesystem::path(path).extension().empty() && extension.find(';') == extension.npos)
     path += "." + extension;
   if (fresh) return in.string(path);
   const auto found = in.search().find(path);
@@ -192,23 +171,19 @@ constexpr lisp::Builtin kTable[] = {
     {"getcorner", getpoint<true>, 1, 2, "(getcorner base [texte])", "Demande le coin opposé d'un rectangle."},
     {"getdist", getdist, 0, 2, "(getdist [base] [texte])", "Demande une distance: un nombre ou des points."},
     {"getangle", getangle, 0, 2, "(getangle [base] [texte])", "Demande un angle, rendu en radians."},
-    {"getorient", getangle, 0, 2, "(getorient [base] [texte])",
-     "Demande une orientation, rendue en radians."},
+    {"getorient", getangle, 0, 2, "(getorient [base] [texte])", "Demande une orientation, rendue en radians."},
     {"getint", getint, 0, 1, "(getint [texte])", "Demande un entier."},
     {"getreal", getreal, 0, 1, "(getreal [texte])", "Demande un nombre."},
     {"getstring", getstring, 0, 2, "(getstring [espaces] [texte])",
      "Demande un texte; avec espaces s'il y a un premier argument non nil."},
     {"entsel", entsel, 0, 1, "(entsel [texte])", "Demande une entité; rend l'entité et le point, ou nil."},
-    {"nentsel", nentsel, 0, 1, "(nentsel [texte])",
-     "Comme entsel, mais descend dans les blocs jusqu'à l'entité."},
+    {"nentsel", nentsel, 0, 1, "(nentsel [texte])", "Comme entsel, mais descend dans les blocs jusqu'à l'entité."},
     {"getfiled", getfiled, 4, 4, "(getfiled titre proposition extension bits)",
      "Demande le chemin d'un fichier, ou nil."},
 };
 
 }  // namespace
 
-std::span<const lisp::Builtin> promptBuiltins() {
-  return kTable;
-}
+std::span<const lisp::Builtin> promptBuiltins() { return kTable; }
 
 }  // namespace atelier

@@ -70,7 +70,8 @@ void Prompter::initGet(int flags, std::string_view keywords) {
   flags_ = flags;
   keywords_ = words(keywords);
   globalKeywords_.clear();
-  const auto global = std::find_if(keywords_.begin(), keywords_.end(), [](const std::string& word) { return word.starts_with('_'); });
+  const auto global =
+      std::find_if(keywords_.begin(), keywords_.end(), [](const std::string& word) { return word.starts_with('_'); });
   if (global == keywords_.end()) return;
   globalKeywords_.assign(global, keywords_.end());
   globalKeywords_.front().erase(0, 1);
@@ -87,15 +88,19 @@ bool isShortOf(const std::string& given, const std::string& keyword) {
 
 // One that is written in full goes before one that it is short for.
 std::optional<std::size_t> indexOf(const std::vector<std::string>& keywords, const std::string& given) {
-  auto it = std::find_if(keywords.begin(), keywords.end(), [&](const std::string& keyword) { return upperCase(keyword) == given; });
-  if (it == keywords.end()) it = std::find_if(keywords.begin(), keywords.end(), [&](const std::string& keyword) { return isShortOf(given, keyword); });
+  auto it = std::find_if(keywords.begin(), keywords.end(),
+                         [&](const std::string& keyword) { return upperCase(keyword) == given; });
+  if (it == keywords.end())
+    it = std::find_if(keywords.begin(), keywords.end(),
+                      [&](const std::string& keyword) { return isShortOf(given, keyword); });
   return it == keywords.end() ? std::nullopt : std::optional(static_cast<std::size_t>(it - keywords.begin()));
 }
 
 // A mode of object snap before a point. Points from programs and scripts are taken as they are; without a cursor there
 // is nothing to snap.
 bool isSnapMode(std::string_view text) {
-  constexpr std::string_view kModes[] = {"NON", "END", "MID", "CEN", "NOD", "QUA", "INT", "INS", "PER", "TAN", "NEA", "APP", "EXT", "PAR"};
+  constexpr std::string_view kModes[] = {"NON", "END", "MID", "CEN", "NOD", "QUA", "INT",
+                                         "INS", "PER", "TAN", "NEA", "APP", "EXT", "PAR"};
   const std::string word = upperCase(text.starts_with('_') ? text.substr(1) : text);
   return word == "NONE" || std::find(std::begin(kModes), std::end(kModes), word) != std::end(kModes);
 }
@@ -111,7 +116,9 @@ std::optional<std::string> Prompter::matchKeyword(std::string_view text) const {
   if (!global || globalKeywords_.empty()) index = indexOf(keywords_, given);
   if (!index && !globalKeywords_.empty()) index = indexOf(globalKeywords_, given);
   if (!index) return std::nullopt;
-  return *index < globalKeywords_.size() ? globalKeywords_[*index] : *index < keywords_.size() ? keywords_[*index] : std::string();
+  return *index < globalKeywords_.size() ? globalKeywords_[*index]
+         : *index < keywords_.size()     ? keywords_[*index]
+                                         : std::string();
 }
 
 PromptInfo Prompter::info(std::string_view prompt) const {
@@ -155,7 +162,8 @@ Input Prompter::read(const PromptInfo& prompt) {
   // One word, or one expression in parentheses; the rest answers the next prompt.
   line = trimmed(line);
   const std::size_t mark = line.starts_with("!(") ? 1 : 0;
-  const std::size_t end = mark || line.starts_with('(') ? mark + expressionEnd(std::string_view(line).substr(mark)) : line.find(' ');
+  const std::size_t end =
+      mark || line.starts_with('(') ? mark + expressionEnd(std::string_view(line).substr(mark)) : line.find(' ');
   if (end < line.size()) {
     const std::string_view rest = trimmed(std::string_view(line).substr(end));
     if (!rest.empty()) pending_ = std::string(rest);
@@ -204,7 +212,8 @@ namespace {
 
 // What an expression typed as an answer gives; an error in it is printed and gives nothing.
 std::optional<lisp::Value> expressionValue(Document& document, const Input& input) {
-  if (input.kind != Input::Kind::text || !(input.text.starts_with('(') || input.text.starts_with('!'))) return std::nullopt;
+  if (input.kind != Input::Kind::text || !(input.text.starts_with('(') || input.text.starts_with('!')))
+    return std::nullopt;
   const std::string text = input.text.starts_with('!') ? input.text.substr(1) : input.text;
   try {
     return document.interpreter().evaluate(text);

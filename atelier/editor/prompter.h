@@ -48,7 +48,9 @@ class Prompter {
   // Words behind a command's name on its line answer its prompts.
   void pushBack(std::string text) { pending_ = std::move(text); }
   void dropPending() { pending_.reset(); }
-  std::optional<std::string> exchangePending(std::optional<std::string> text) { return std::exchange(pending_, std::move(text)); }
+  std::optional<std::string> exchangePending(std::optional<std::string> text) {
+    return std::exchange(pending_, std::move(text));
+  }
   AcGePoint3d lastPoint{};
 
  private:

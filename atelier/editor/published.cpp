@@ -31,7 +31,8 @@ class Watch {
       what += "objets restes ouverts:";
       for (std::size_t i = open_; i < OpenObjects::count(); ++i) what += " " + className(OpenObjects::list()[i]->isA());
     }
-    if (liveNodes() > nodes_) what += (what.empty() ? "" : "; ") + std::to_string(liveNodes() - nodes_) + " resbuf non liberes";
+    if (liveNodes() > nodes_)
+      what += (what.empty() ? "" : "; ") + std::to_string(liveNodes() - nodes_) + " resbuf non liberes";
     return what;
   }
   void closeAll() const { OpenObjects::closeBeyond(open_); }
@@ -79,7 +80,9 @@ bool PublishedFunctions::define(std::string_view name, int index) {
   return true;
 }
 
-bool PublishedFunctions::undefine(std::string_view name, int) { return document_.interpreter().removeExternal(name, this); }
+bool PublishedFunctions::undefine(std::string_view name, int) {
+  return document_.interpreter().removeExternal(name, this);
+}
 
 bool PublishedFunctions::setResult(lisp::Value value) {
   if (calls_.empty()) return false;

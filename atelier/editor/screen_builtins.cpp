@@ -76,9 +76,7 @@ Value grvecs(Interpreter& in, Arguments arguments) {
   return lisp::nil;
 }
 
-Value grtext(Interpreter&, Arguments arguments) {
-  return arguments.size() > 1 ? arguments[1] : lisp::nil;
-}
+Value grtext(Interpreter&, Arguments arguments) { return arguments.size() > 1 ? arguments[1] : lisp::nil; }
 
 // Without a pointing device there is nothing to track: one answer is read as for a point.
 Value grread(Interpreter& in, Arguments) {
@@ -109,9 +107,7 @@ Value redraw(Interpreter& in, Arguments arguments) {
   return lisp::nil;
 }
 
-Value nothing(Interpreter&, Arguments) {
-  return lisp::nil;
-}
+Value nothing(Interpreter&, Arguments) { return lisp::nil; }
 
 // "area=texte": the area M evaluates the text; the menus of screens and tablets are not there.
 Value menucmd(Interpreter& in, Arguments arguments) {
@@ -145,9 +141,9 @@ constexpr lisp::Builtin kTable[] = {
      "Écrit dans une zone de texte de l'écran; rend le texte."},
     {"grread", grread, 0, 3, "(grread [suivi [bits [curseur]]])",
      "Lit une entrée: (2 code) d'une touche ou (3 point)."},
-    {"redraw", redraw, 0, 2, "(redraw [entité [mode]])",
-     "Redessine; 3 met l'entité en surbrillance, 4 l'enlève."},
-    {"menucmd", menucmd, 1, 1, "(menucmd texte)", "Évalue une expression DIESEL, \"M=$(...)\"; rend nil pour les menus."},
+    {"redraw", redraw, 0, 2, "(redraw [entité [mode]])", "Redessine; 3 met l'entité en surbrillance, 4 l'enlève."},
+    {"menucmd", menucmd, 1, 1, "(menucmd texte)",
+     "Évalue une expression DIESEL, \"M=$(...)\"; rend nil pour les menus."},
     {"graphscr", nothing, 0, 0, "(graphscr)", "Montre l'écran graphique."},
     {"textscr", nothing, 0, 0, "(textscr)", "Montre l'écran de texte."},
     {"textpage", nothing, 0, 0, "(textpage)", "Montre une page de texte vide."},
@@ -155,8 +151,6 @@ constexpr lisp::Builtin kTable[] = {
 
 }  // namespace
 
-std::span<const lisp::Builtin> screenBuiltins() {
-  return kTable;
-}
+std::span<const lisp::Builtin> screenBuiltins() { return kTable; }
 
 }  // namespace atelier

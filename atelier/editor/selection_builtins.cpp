@@ -44,8 +44,7 @@ Value ssget(Interpreter& in, Arguments arguments) {
     if (mode.mode == SelectionMode::unknown) in.fail("bad SSGET mode string");
     ++next;
   } else if (!arguments.empty() && pointFromValue(arguments[0])) {
-    mode.mode =
-        arguments.size() > 1 && pointFromValue(arguments[1]) ? SelectionMode::window : SelectionMode::point;
+    mode.mode = arguments.size() > 1 && pointFromValue(arguments[1]) ? SelectionMode::window : SelectionMode::point;
   } else if (!arguments.empty() && arguments[0].isNil()) {
     ++next;
   }
@@ -55,8 +54,7 @@ Value ssget(Interpreter& in, Arguments arguments) {
     points.push_back(placeArgument(in, arguments[next]));
   }
   if (pointsOf(mode.mode) < 0) {
-    for (const Value point : lisp::Items(lisp::optional(arguments, next)))
-      points.push_back(placeArgument(in, point));
+    for (const Value point : lisp::Items(lisp::optional(arguments, next))) points.push_back(placeArgument(in, point));
     ++next;
   }
   const SelectionFilter filter = filterOfList(in, lisp::listArgument(in, lisp::optional(arguments, next)));
@@ -115,8 +113,7 @@ Value sssetfirst(Interpreter& in, Arguments arguments) {
   Document& document = Document::needed();
   const Value pick = lisp::optional(arguments, 1);
   document.firstSelection =
-      pick.isNil() ? nullptr
-                   : (setArgument(in, pick), std::static_pointer_cast<SelectionSet>(pick.selection()));
+      pick.isNil() ? nullptr : (setArgument(in, pick), std::static_pointer_cast<SelectionSet>(pick.selection()));
   return in.list({lisp::nil, pick});
 }
 
@@ -129,24 +126,17 @@ constexpr lisp::Builtin kTable[] = {
     {"ssget", ssget, 0, 5, "(ssget [mode] [point] [point] [points] [filtre])",
      "Jeu de sélection choisi par l'utilisateur, par un lieu ou par un filtre, ou nil."},
     {"sslength", sslength, 1, 1, "(sslength jeu)", "Nombre d'entités d'un jeu de sélection."},
-    {"ssname", ssname, 2, 2, "(ssname jeu rang)",
-     "Entité d'un jeu de sélection par son rang, à partir de 0, ou nil."},
-    {"ssadd", ssadd, 0, 2, "(ssadd [entité [jeu]])",
-     "Ajoute une entité à un jeu de sélection, ou crée un jeu."},
-    {"ssdel", ssdel, 2, 2, "(ssdel entité jeu)",
-     "Retire une entité d'un jeu de sélection; rend le jeu, ou nil."},
+    {"ssname", ssname, 2, 2, "(ssname jeu rang)", "Entité d'un jeu de sélection par son rang, à partir de 0, ou nil."},
+    {"ssadd", ssadd, 0, 2, "(ssadd [entité [jeu]])", "Ajoute une entité à un jeu de sélection, ou crée un jeu."},
+    {"ssdel", ssdel, 2, 2, "(ssdel entité jeu)", "Retire une entité d'un jeu de sélection; rend le jeu, ou nil."},
     {"ssmemb", ssmemb, 2, 2, "(ssmemb entité jeu)", "L'entité si elle est dans le jeu, sinon nil."},
-    {"ssnamex", ssnamex, 1, 2, "(ssnamex jeu [rang])",
-     "Entités d'un jeu avec la façon dont elles ont été choisies."},
-    {"sssetfirst", sssetfirst, 1, 2, "(sssetfirst poignées [jeu])",
-     "Montre un jeu comme la sélection en cours."},
+    {"ssnamex", ssnamex, 1, 2, "(ssnamex jeu [rang])", "Entités d'un jeu avec la façon dont elles ont été choisies."},
+    {"sssetfirst", sssetfirst, 1, 2, "(sssetfirst poignées [jeu])", "Montre un jeu comme la sélection en cours."},
     {"ssgetfirst", ssgetfirst, 0, 0, "(ssgetfirst)", "Liste de nil et de la sélection en cours."},
 };
 
 }  // namespace
 
-std::span<const lisp::Builtin> selectionBuiltins() {
-  return kTable;
-}
+std::span<const lisp::Builtin> selectionBuiltins() { return kTable; }
 
 }  // namespace atelier

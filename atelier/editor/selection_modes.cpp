@@ -17,17 +17,11 @@ SelectionMode modeNamed(std::string_view name) {
     std::string_view name;
     SelectionMode mode;
   };
-  constexpr Row kRows[] = {{"", SelectionMode::interactive},
-                           {"X", SelectionMode::everything},
-                           {"A", SelectionMode::shown},
-                           {"W", SelectionMode::window},
-                           {"C", SelectionMode::crossing},
-                           {"WP", SelectionMode::windowPolygon},
-                           {"CP", SelectionMode::crossingPolygon},
-                           {"F", SelectionMode::fence},
-                           {"L", SelectionMode::last},
-                           {"P", SelectionMode::previous},
-                           {"I", SelectionMode::implied}};
+  constexpr Row kRows[] = {
+      {"", SelectionMode::interactive},       {"X", SelectionMode::everything}, {"A", SelectionMode::shown},
+      {"W", SelectionMode::window},           {"C", SelectionMode::crossing},   {"WP", SelectionMode::windowPolygon},
+      {"CP", SelectionMode::crossingPolygon}, {"F", SelectionMode::fence},      {"L", SelectionMode::last},
+      {"P", SelectionMode::previous},         {"I", SelectionMode::implied}};
   for (const Row& row : kRows)
     if (row.name == name) return row.mode;
   return SelectionMode::unknown;
@@ -77,17 +71,13 @@ ModeText parseMode(std::string_view given) {
 
 int pointsOf(SelectionMode mode) {
   switch (mode) {
-    case SelectionMode::point:
-      return 1;
+    case SelectionMode::point: return 1;
     case SelectionMode::window:
-    case SelectionMode::crossing:
-      return 2;
+    case SelectionMode::crossing: return 2;
     case SelectionMode::windowPolygon:
     case SelectionMode::crossingPolygon:
-    case SelectionMode::fence:
-      return -1;
-    default:
-      return 0;
+    case SelectionMode::fence: return -1;
+    default: return 0;
   }
 }
 
@@ -100,21 +90,11 @@ Selected select(Document& document, const ModeText& mode, std::span<const AcGePo
     case SelectionMode::interactive:
       result.set = selectInteractively(document, filter, mode.single, result.cancelled);
       break;
-    case SelectionMode::everything:
-      result.set = selectAll(db, filter);
-      break;
-    case SelectionMode::shown:
-      result.set = shownEntities(db, filter);
-      break;
-    case SelectionMode::last:
-      result.set = single(lastEntity(db), filter);
-      break;
-    case SelectionMode::previous:
-      result.set = filtered(document.previousSelection.get(), filter);
-      break;
-    case SelectionMode::implied:
-      result.set = filtered(document.firstSelection.get(), filter);
-      break;
+    case SelectionMode::everything: result.set = selectAll(db, filter); break;
+    case SelectionMode::shown: result.set = shownEntities(db, filter); break;
+    case SelectionMode::last: result.set = single(lastEntity(db), filter); break;
+    case SelectionMode::previous: result.set = filtered(document.previousSelection.get(), filter); break;
+    case SelectionMode::implied: result.set = filtered(document.firstSelection.get(), filter); break;
     case SelectionMode::point:
       result.set = single(pickAt(document, points[0]), filter);
       placed = true;
@@ -136,8 +116,7 @@ Selected select(Document& document, const ModeText& mode, std::span<const AcGePo
       result.set = selectPolygon(document, points, PolygonMode::fence, filter);
       placed = true;
       break;
-    case SelectionMode::unknown:
-      break;
+    case SelectionMode::unknown: break;
   }
   if (result.set && mode.unlockedOnly) {
     LayerStates layers(db);

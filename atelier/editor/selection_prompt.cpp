@@ -15,14 +15,13 @@ namespace {
 struct Word {
   std::string_view word, meaning;
 };
-constexpr Word kWords[] = {{"W", "W"},         {"WINDOW", "W"},   {"FENETRE", "W"},   {"FE", "W"},
-                           {"C", "C"},         {"CROSSING", "C"}, {"CAPTURE", "C"},   {"WP", "WP"},
-                           {"WPOLYGON", "WP"}, {"CP", "CP"},      {"CPOLYGON", "CP"}, {"F", "F"},
-                           {"FENCE", "F"},     {"TRAJET", "F"},   {"L", "L"},         {"LAST", "L"},
-                           {"D", "L"},         {"DERNIER", "L"},  {"P", "P"},         {"PREVIOUS", "P"},
-                           {"PRECEDENT", "P"}, {"ALL", "ALL"},    {"TOUT", "ALL"},    {"A", "A"},
-                           {"ADD", "A"},       {"AJOUTER", "A"},  {"R", "R"},         {"REMOVE", "R"},
-                           {"SUPPRIMER", "R"}, {"U", "U"},        {"UNDO", "U"},      {"ANNULER", "U"}};
+constexpr Word kWords[] = {
+    {"W", "W"},       {"WINDOW", "W"},   {"FENETRE", "W"},   {"FE", "W"},     {"C", "C"},         {"CROSSING", "C"},
+    {"CAPTURE", "C"}, {"WP", "WP"},      {"WPOLYGON", "WP"}, {"CP", "CP"},    {"CPOLYGON", "CP"}, {"F", "F"},
+    {"FENCE", "F"},   {"TRAJET", "F"},   {"L", "L"},         {"LAST", "L"},   {"D", "L"},         {"DERNIER", "L"},
+    {"P", "P"},       {"PREVIOUS", "P"}, {"PRECEDENT", "P"}, {"ALL", "ALL"},  {"TOUT", "ALL"},    {"A", "A"},
+    {"ADD", "A"},     {"AJOUTER", "A"},  {"R", "R"},         {"REMOVE", "R"}, {"SUPPRIMER", "R"}, {"U", "U"},
+    {"UNDO", "U"},    {"ANNULER", "U"}};
 
 std::string_view meaningOf(std::string_view typed) {
   if (typed.starts_with('_')) typed.remove_prefix(1);
@@ -40,19 +39,13 @@ PromptInfo SelectionPrompt::prompt() const {
   info.wantsPoint = !info.wantsEntity;
   if (!points_.empty()) info.base = points_.back();
   switch (stage_) {
-    case Stage::objects:
-      info.text = removing_ ? "\nObjets à retirer: " : prompt_;
-      break;
-    case Stage::corner:
-      info.text = "\nPremier coin: ";
-      break;
+    case Stage::objects: info.text = removing_ ? "\nObjets à retirer: " : prompt_; break;
+    case Stage::corner: info.text = "\nPremier coin: "; break;
     case Stage::secondCorner:
       info.text = "\nCoin opposé: ";
       info.isCorner = true;
       break;
-    case Stage::polygon:
-      info.text = points_.empty() ? "\nPremier point: " : "\nPoint suivant: ";
-      break;
+    case Stage::polygon: info.text = points_.empty() ? "\nPremier point: " : "\nPoint suivant: "; break;
   }
   return info;
 }
@@ -166,12 +159,9 @@ bool SelectionPrompt::take(const Input& input) {
   if (input.kind == Input::Kind::pick) return takePoint(input.point);
   const std::string_view text = trimmed(input.text);
   if (text.empty()) {
-    if (stage_ == Stage::polygon)
-      finishPolygon();
-    else if (stage_ != Stage::objects)
-      stage_ = Stage::objects;
-    else
-      done_ = true;
+    if (stage_ == Stage::polygon) finishPolygon();
+    else if (stage_ != Stage::objects) stage_ = Stage::objects;
+    else done_ = true;
     return true;
   }
   if (text.starts_with('(') || text.starts_with('!')) return takeValue(text);
@@ -194,7 +184,9 @@ Answer SelectionPrompt::run() {
 }
 
 std::shared_ptr<SelectionSet> takeSelectedBefore(Document& document) {
-  if (!document.firstSelection || document.prompter().source->isProgram() || document.variables().integer("PICKFIRST", 1) == 0) return nullptr;
+  if (!document.firstSelection || document.prompter().source->isProgram() ||
+      document.variables().integer("PICKFIRST", 1) == 0)
+    return nullptr;
   auto chosen = std::make_shared<SelectionSet>();
   for (AcDbStub* stub : std::exchange(document.firstSelection, nullptr)->list())
     if (!stub->is(AcDbStub::kErased)) chosen->add(stub);
@@ -203,8 +195,8 @@ std::shared_ptr<SelectionSet> takeSelectedBefore(Document& document) {
   return document.previousSelection = chosen;
 }
 
-std::shared_ptr<SelectionSet> selectInteractively(Document& document, const SelectionFilter& filter,
-                                                  bool single, bool& cancelled) {
+std::shared_ptr<SelectionSet> selectInteractively(Document& document, const SelectionFilter& filter, bool single,
+                                                  bool& cancelled) {
   SelectionPrompt prompt(document, filter, single);
   const Answer answer = prompt.run();
   cancelled = answer == Answer::cancel;

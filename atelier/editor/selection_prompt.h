@@ -10,8 +10,7 @@ namespace atelier {
 
 class SelectionPrompt {
  public:
-  SelectionPrompt(Document& document, SelectionFilter filter, bool single,
-                  std::string prompt = "\nChoix des objets: ")
+  SelectionPrompt(Document& document, SelectionFilter filter, bool single, std::string prompt = "\nChoix des objets: ")
       : document_(document), filter_(std::move(filter)), single_(single), prompt_(std::move(prompt)) {}
   // Asks on from where it stood. value: something is selected; none: Enter with nothing; cancel.
   Answer run();

@@ -34,12 +34,9 @@ void entitiesNear(Document& document, const AcDbExtents& box, VISIT visit) {
 
 bool takes(PolygonMode mode, std::span<const Stroke> strokes, std::span<const AcGePoint3d> points) {
   switch (mode) {
-    case PolygonMode::window:
-      return insidePolygon(strokes, points);
-    case PolygonMode::crossing:
-      return touchesPolygon(strokes, points);
-    default:
-      return crossesLine(strokes, points);
+    case PolygonMode::window: return insidePolygon(strokes, points);
+    case PolygonMode::crossing: return touchesPolygon(strokes, points);
+    default: return crossesLine(strokes, points);
   }
 }
 

@@ -53,12 +53,13 @@ std::shared_ptr<SelectionSet> selectPolygon(Document& document, std::span<const 
                                             const SelectionFilter& filter);
 // Asks "\nChoix des objets: " until Enter: picks, window corners, W C P L ALL F WP CP A R U, expressions. Null when nothing was selected;
 // cancelled tells whether the user broke off.
-std::shared_ptr<SelectionSet> selectInteractively(Document& document, const SelectionFilter& filter, bool single, bool& cancelled);
+std::shared_ptr<SelectionSet> selectInteractively(Document& document, const SelectionFilter& filter, bool single,
+                                                  bool& cancelled);
 
 // --- sets that handlers hold: the name keeps the set alive until it is freed
 void holdSelection(const std::shared_ptr<SelectionSet>& set, ads_name name);
 std::shared_ptr<SelectionSet> heldSelection(const ads_name name);  // null for a name that is no set's
-SelectionSet* selectionOf(const ads_name name);  // also of a set that came as an argument
+SelectionSet* selectionOf(const ads_name name);                    // also of a set that came as an argument
 bool releaseSelection(const ads_name name);
 
 }  // namespace atelier

@@ -141,10 +141,8 @@ void SpatialIndex::changes(AcDbStub& stub) {
   AcDbStub* main = &stub;  // an attribute or a vertex changes what it belongs to
   while (main->owner && main->owner->is(AcDbStub::kEntity)) main = main->owner;
   for (const auto& [space, index] : spaces_)
-    if (space == main->owner)
-      index->noteEntity(*main);
-    else
-      index->noteBlocks();
+    if (space == main->owner) index->noteEntity(*main);
+    else index->noteBlocks();
 }
 
 SpaceIndex* SpatialIndex::upToDate(const AcDbStub* space) {

@@ -18,29 +18,22 @@ bool withinLimits(const VariableRow& row, double number) {
 
 Value defaultOf(const VariableRow& row) {
   switch (row.kind) {
-    case VariableKind::integer:
-      return static_cast<int>(row.number);
-    case VariableKind::real:
-      return row.number;
-    case VariableKind::text:
-      return std::string(row.text);
-    default:
-      return Point{AcGePoint3d(row.number, row.number, 0), row.kind == VariableKind::point2};
+    case VariableKind::integer: return static_cast<int>(row.number);
+    case VariableKind::real: return row.number;
+    case VariableKind::text: return std::string(row.text);
+    default: return Point{AcGePoint3d(row.number, row.number, 0), row.kind == VariableKind::point2};
   }
 }
 
 // The value brought to the row's kind; nothing when it isn't of that kind or beyond its limits.
 std::optional<Value> fitted(VariableKind kind, const Value& value) {
   switch (kind) {
-    case VariableKind::integer:
-      return value.index() == 0 ? std::optional(value) : std::nullopt;
+    case VariableKind::integer: return value.index() == 0 ? std::optional(value) : std::nullopt;
     case VariableKind::real:
       if (const int* number = std::get_if<int>(&value)) return Value(static_cast<double>(*number));
       return value.index() == 1 ? std::optional(value) : std::nullopt;
-    case VariableKind::text:
-      return value.index() == 2 ? std::optional(value) : std::nullopt;
-    default:
-      return value.index() == 3 ? std::optional(value) : std::nullopt;
+    case VariableKind::text: return value.index() == 2 ? std::optional(value) : std::nullopt;
+    default: return value.index() == 3 ? std::optional(value) : std::nullopt;
   }
 }
 
@@ -59,14 +52,10 @@ std::optional<Value> headerValue(const HeaderVariables::Variable& variable) {
                              variable.values.size() > 2 ? variable.values[2].real() : 0),
                  variable.values.size() == 2};
   switch (first.kind()) {
-    case GroupKind::integer:
-      return static_cast<int>(first.integer());
-    case GroupKind::real:
-      return first.real();
-    case GroupKind::text:
-      return first.text();
-    default:
-      return std::nullopt;
+    case GroupKind::integer: return static_cast<int>(first.integer());
+    case GroupKind::real: return first.real();
+    case GroupKind::text: return first.text();
+    default: return std::nullopt;
   }
 }
 
@@ -77,14 +66,10 @@ VariableKind kindOf(const Value& value) {
 }
 
 void writeHeader(HeaderVariables& header, const std::string& name, int code, const Value& value) {
-  if (const int* number = std::get_if<int>(&value))
-    header.set(name, Group::integer(code, *number));
-  else if (const double* real = std::get_if<double>(&value))
-    header.set(name, Group::real(code, *real));
-  else if (const std::string* text = std::get_if<std::string>(&value))
-    header.set(name, Group::text(code, *text));
-  else
-    header.setPoint(name, std::get<Point>(value).value);
+  if (const int* number = std::get_if<int>(&value)) header.set(name, Group::integer(code, *number));
+  else if (const double* real = std::get_if<double>(&value)) header.set(name, Group::real(code, *real));
+  else if (const std::string* text = std::get_if<std::string>(&value)) header.set(name, Group::text(code, *text));
+  else header.setPoint(name, std::get<Point>(value).value);
 }
 
 }  // namespace
@@ -122,8 +107,8 @@ bool SystemVariables::set(std::string_view given, const Value& value) {
   if (row && row->place == VariablePlace::document) {
     own_[name] = *fit;
   } else {
-    writeHeader(header, "$" + name,
-                variable && !variable->values.empty() ? variable->values.front().code() : row->code, *fit);
+    writeHeader(header, "$" + name, variable && !variable->values.empty() ? variable->values.front().code() : row->code,
+                *fit);
     document_.imp().modified = true;
   }
   return true;

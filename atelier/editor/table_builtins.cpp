@@ -36,7 +36,8 @@ Value recordList(Interpreter& interpreter, AcDbStub& stub) {
   std::vector<Group> shown;
   for (const Group& group : groupsOf(*source, {})) {
     const int code = group.code();
-    const bool hidden = code == 5 || code == 105 || code == 100 || code == 102 || (code >= 330 && code < 400) || (code == 8 && source != &stub) || (source != &stub && (code == 3 || code == 1));
+    const bool hidden = code == 5 || code == 105 || code == 100 || code == 102 || (code >= 330 && code < 400) ||
+                        (code == 8 && source != &stub) || (source != &stub && (code == 3 || code == 1));
     if (!hidden) shown.push_back(group);
   }
   const Value list = listOfGroups(interpreter, source, shown).cdr();
@@ -52,7 +53,8 @@ Value recordList(Interpreter& interpreter, AcDbStub& stub) {
 }
 
 Value tblsearch(Interpreter& interpreter, Arguments arguments) {
-  AcDbStub* stub = Document::needed().imp().tableRecord(tableArgument(interpreter, arguments[0]), textArgument(interpreter, arguments[1]));
+  AcDbStub* stub = Document::needed().imp().tableRecord(tableArgument(interpreter, arguments[0]),
+                                                        textArgument(interpreter, arguments[1]));
   return stub ? recordList(interpreter, *stub) : lisp::nil;
 }
 
@@ -85,13 +87,16 @@ Value regapp(Interpreter& interpreter, Arguments arguments) {
   return acdbRegApp(toWide(name).c_str()) == RTNORM ? arguments[0] : lisp::nil;
 }
 
-Value snvalid(Interpreter& interpreter, Arguments arguments) { return interpreter.boolean(isSymbolName(textArgument(interpreter, arguments[0]))); }
+Value snvalid(Interpreter& interpreter, Arguments arguments) {
+  return interpreter.boolean(isSymbolName(textArgument(interpreter, arguments[0])));
+}
 
 constexpr lisp::Builtin kTable[] = {
     {"tblsearch", tblsearch, 2, 3, "(tblsearch table nom [suite])", "Enregistrement d'une table de symboles, ou nil."},
     {"tblnext", tblnext, 1, 2, "(tblnext table [debut])", "Enregistrement suivant d'une table de symboles."},
     {"tblobjname", tblobjname, 2, 2, "(tblobjname table nom)", "Nom d'objet d'un enregistrement de table, ou nil."},
-    {"regapp", regapp, 1, 1, "(regapp application)", "Enregistre une application pour ses donnees etendues; nil si elle l'est deja."},
+    {"regapp", regapp, 1, 1, "(regapp application)",
+     "Enregistre une application pour ses donnees etendues; nil si elle l'est deja."},
     {"snvalid", snvalid, 1, 2, "(snvalid nom [barre])", "T si une table de symboles accepte ce nom."},
 };
 

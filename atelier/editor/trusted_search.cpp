@@ -31,7 +31,8 @@ void TrustedSearch::trust(const std::string& file) { chosen_.insert(resolved(fil
 bool TrustedSearch::isTrusted(const std::string& file) const {
   const fs::path path = resolved(file);
   if (chosen_.contains(path.parent_path().string())) return true;
-  if (std::any_of(folders.begin(), folders.end(), [&](const std::string& f) { return isBelow(path, resolved(f)); })) return true;
+  if (std::any_of(folders.begin(), folders.end(), [&](const std::string& f) { return isBelow(path, resolved(f)); }))
+    return true;
   std::string_view rest;
   const auto listed = document_.variables().value("TRUSTEDPATHS");
   if (listed)

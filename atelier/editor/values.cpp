@@ -93,7 +93,8 @@ lisp::Value groupValue(lisp::Interpreter& interpreter, const resbuf& node) {
   switch (kindOfCode(code)) {
     case GroupKind::real: return lisp::Value::real(node.resval.rreal);
     case GroupKind::integer:
-      if ((code >= 90 && code <= 99) || (code >= 420 && code <= 459) || code == 1071) return lisp::Value::integer(node.resval.rlong);
+      if ((code >= 90 && code <= 99) || (code >= 420 && code <= 459) || code == 1071)
+        return lisp::Value::integer(node.resval.rlong);
       return lisp::Value::integer(node.resval.rint);
     case GroupKind::handle:
       if (code == 5 || code == 105 || code == 1005 || code < 330) return interpreter.string(stringOf(node));
@@ -142,16 +143,21 @@ resbuf* chainOfArguments(lisp::Arguments arguments) {
 
 lisp::Value valueOfNode(lisp::Interpreter& interpreter, const resbuf& node) {
   switch (node.restype) {
-    case RTNIL: case RTVOID: case RTNONE: return lisp::nil;
+    case RTNIL:
+    case RTVOID:
+    case RTNONE: return lisp::nil;
     case RTT: return interpreter.t();
-    case RTREAL: case RTANG: case RTORINT: return lisp::Value::real(node.resval.rreal);
+    case RTREAL:
+    case RTANG:
+    case RTORINT: return lisp::Value::real(node.resval.rreal);
     case RTSHORT: return lisp::Value::integer(node.resval.rint);
     case RTLONG: return lisp::Value::integer(node.resval.rlong);
     case RTSTR: return interpreter.string(stringOf(node));
     case RTPOINT: return reals(interpreter, node.resval.rpoint, 2);
     case RT3DPOINT: return reals(interpreter, node.resval.rpoint, 3);
     case RTENAME: return entityValue(interpreter, stubOfName(node.resval.rlname));
-    case -1: return interpreter.cons(lisp::Value::integer(-1), entityValue(interpreter, stubOfName(node.resval.rlname)));
+    case -1:
+      return interpreter.cons(lisp::Value::integer(-1), entityValue(interpreter, stubOfName(node.resval.rlname)));
     default: break;
   }
   if (node.restype < 0 || node.restype >= 5000) return lisp::nil;
@@ -194,7 +200,9 @@ std::optional<AcGePoint3d> pointFromValue(lisp::Value value) {
   return AcGePoint3d(ordinates[0], ordinates[1], ordinates[2]);
 }
 
-lisp::Value pointValue(lisp::Interpreter& interpreter, const AcGePoint3d& p) { return interpreter.point(p.x, p.y, p.z); }
+lisp::Value pointValue(lisp::Interpreter& interpreter, const AcGePoint3d& p) {
+  return interpreter.point(p.x, p.y, p.z);
+}
 
 bool entityFromValue(lisp::Value value, AcDbObjectId& entity, AcGePoint3d& point) {
   if (value.isPair()) {

@@ -34,8 +34,7 @@ std::optional<SystemVariables::Value> variableValue(Value value) {
   if (value.isInteger()) return value.integer();
   if (value.isReal()) return value.real();
   if (value.isString()) return std::string(value.text());
-  if (const auto point = pointFromValue(value))
-    return SystemVariables::Point{*point, value.cdr().cdr().isNil()};
+  if (const auto point = pointFromValue(value)) return SystemVariables::Point{*point, value.cdr().cdr().isNil()};
   return std::nullopt;
 }
 
@@ -54,12 +53,9 @@ Value setvar(Interpreter& in, Arguments arguments) {
 
 AcGeMatrix3d systemArgument(Interpreter& in, Value value) {
   std::optional<AcGeMatrix3d> system;
-  if (value.isInteger())
-    system = systemByCode(value.integer());
-  else if (const AcDbStub* stub = stubOfValue(value))
-    system = systemOfEntity(*stub);
-  else if (const auto normal = pointFromValue(value))
-    system = systemOfNormal(normal->asVector());
+  if (value.isInteger()) system = systemByCode(value.integer());
+  else if (const AcDbStub* stub = stubOfValue(value)) system = systemOfEntity(*stub);
+  else if (const auto normal = pointFromValue(value)) system = systemOfNormal(normal->asVector());
   if (!system) in.fail("bad argument value: " + lisp::prin1(value));
   return *system;
 }
@@ -78,8 +74,7 @@ Value layoutlist(Interpreter& in, Arguments) {
     if (stub->is(AcDbStub::kErased) || db.typeName(*stub) != "LAYOUT") continue;
     const Record& record = AcDbImpObject::of(&db.object(*stub)).record;
     const std::string name = record.text(textField("AcDbLayout", 1));
-    if (!equalNoCase(name, "Model"))
-      layouts.emplace_back(record.integer(integerField("AcDbLayout", 71)), name);
+    if (!equalNoCase(name, "Model")) layouts.emplace_back(record.integer(integerField("AcDbLayout", 71)), name);
   }
   std::sort(layouts.begin(), layouts.end());
   Value list;
@@ -93,13 +88,10 @@ Value refused(Interpreter& in, Arguments arguments) {
   const std::string name(lisp::stringArgument(in, arguments[0]));
   const bool secure = Document::needed().variables().integer("SECURELOAD", 1) != 0;
   if (arguments.size() > 1 && !secure) return arguments[1];
-  in.fail((secure ? "SECURELOAD refuse de charger " : "cet hôte ne charge pas de programme binaire: ") +
-          name);
+  in.fail((secure ? "SECURELOAD refuse de charger " : "cet hôte ne charge pas de programme binaire: ") + name);
 }
 
-Value arxlist(Interpreter&, Arguments) {
-  return lisp::nil;
-}
+Value arxlist(Interpreter&, Arguments) { return lisp::nil; }
 
 constexpr lisp::Builtin kTable[] = {
     {"getvar", getvar, 1, 1, "(getvar nom)", "Valeur d'une variable système, ou nil."},
@@ -107,19 +99,15 @@ constexpr lisp::Builtin kTable[] = {
     {"trans", trans, 3, 4, "(trans point de vers [déplacement])",
      "Point d'un repère à un autre: 0 général, 1 utilisateur, 2 vue, une entité ou une normale."},
     {"layoutlist", layoutlist, 0, 0, "(layoutlist)", "Noms des présentations du dessin."},
-    {"arxload", refused, 1, 2, "(arxload fichier [échec])",
-     "Charge une application; refusé selon SECURELOAD."},
+    {"arxload", refused, 1, 2, "(arxload fichier [échec])", "Charge une application; refusé selon SECURELOAD."},
     {"arxunload", refused, 1, 2, "(arxunload fichier [échec])",
      "Décharge une application; il n'y en a pas à décharger."},
     {"arx", arxlist, 0, 0, "(arx)", "Liste des applications chargées."},
-    {"startapp", refused, 1, 2, "(startapp programme [fichier])",
-     "Lance un programme; refusé selon SECURELOAD."},
+    {"startapp", refused, 1, 2, "(startapp programme [fichier])", "Lance un programme; refusé selon SECURELOAD."},
 };
 
 }  // namespace
 
-std::span<const lisp::Builtin> variableBuiltins() {
-  return kTable;
-}
+std::span<const lisp::Builtin> variableBuiltins() { return kTable; }
 
 }  // namespace atelier

@@ -15,16 +15,14 @@ constexpr VariableRow headerInt(std::string_view name, int code, int value, doub
                                 std::string_view help) {
   return integerIn(VariablePlace::header, name, code, value, low, high, help);
 }
-constexpr VariableRow sessionInt(std::string_view name, int value, double low, double high,
-                                 std::string_view help) {
+constexpr VariableRow sessionInt(std::string_view name, int value, double low, double high, std::string_view help) {
   return integerIn(VariablePlace::document, name, 0, value, low, high, help);
 }
 constexpr VariableRow fixedInt(std::string_view name, int value, std::string_view help) {
-  return {name, VariableKind::integer, VariablePlace::document, 0, static_cast<double>(value), {}, true, 0, 0,
-          help};
+  return {name, VariableKind::integer, VariablePlace::document, 0, static_cast<double>(value), {}, true, 0, 0, help};
 }
-constexpr VariableRow headerReal(std::string_view name, int code, double value, std::string_view help,
-                                 double low = 0, double high = 0) {
+constexpr VariableRow headerReal(std::string_view name, int code, double value, std::string_view help, double low = 0,
+                                 double high = 0) {
   return {name, VariableKind::real, VariablePlace::header, code, value, {}, false, low, high, help};
 }
 constexpr VariableRow sessionReal(std::string_view name, double value, std::string_view help) {
@@ -166,13 +164,11 @@ constexpr VariableRow kRows[] = {
 
 }  // namespace
 
-std::span<const VariableRow> variableRows() {
-  return kRows;
-}
+std::span<const VariableRow> variableRows() { return kRows; }
 
 const VariableRow* variableRow(std::string_view name) {
-  const auto it = std::find_if(std::begin(kRows), std::end(kRows),
-                               [&](const VariableRow& row) { return row.name == name; });
+  const auto it =
+      std::find_if(std::begin(kRows), std::end(kRows), [&](const VariableRow& row) { return row.name == name; });
   return it == std::end(kRows) ? nullptr : it;
 }
 

@@ -22,7 +22,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* kInstall = "pour ouvrir les dessins DWG, installez le convertisseur par kavel-installer-dwg, ou outils/installer-dwg des sources (Node.js 20 et npm)";
+constexpr const char* kInstall =
+    "pour ouvrir les dessins DWG, installez le convertisseur par kavel-installer-dwg, ou outils/installer-dwg des "
+    "sources (Node.js 20 et npm)";
 
 std::string environmentOr(const char* name, const std::string& otherwise) {
   const char* value = std::getenv(name);
@@ -34,9 +36,10 @@ fs::path converterFolder() {
   std::error_code error;
   const fs::path program = fs::read_symlink("/proc/self/exe", error).parent_path();
   const std::string data = environmentOr("XDG_DATA_HOME", environmentOr("HOME", "") + "/.local/share");
-  for (const fs::path& place : {fs::path(environmentOr("KAVEL_DWG", "")), fs::path(data) / "kavel-dwg", program / "../share/kavel/dwg",
-                                program / "../../../outils/dwg"})
-    if (!place.empty() && fs::exists(place / "convertir.mjs", error) && fs::exists(place / "node_modules", error)) return place;
+  for (const fs::path& place : {fs::path(environmentOr("KAVEL_DWG", "")), fs::path(data) / "kavel-dwg",
+                                program / "../share/kavel/dwg", program / "../../../outils/dwg"})
+    if (!place.empty() && fs::exists(place / "convertir.mjs", error) && fs::exists(place / "node_modules", error))
+      return place;
   return {};
 }
 
@@ -81,12 +84,13 @@ int runProgram(std::vector<std::string> words, const fs::path& log) {
   posix_spawn_file_actions_destroy(&actions);
   if (failed != 0) return -1;
   int status = 0;
-  while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
-  }
+  while (waitpid(child, &status, 0) < 0 && errno == EINTR) {}
   return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
-std::string firstLine(const std::string& text) { return std::string(trimmed(std::string_view(text).substr(0, text.find('\n')))); }
+std::string firstLine(const std::string& text) {
+  return std::string(trimmed(std::string_view(text).substr(0, text.find('\n'))));
+}
 
 }  // namespace
 
@@ -97,11 +101,13 @@ std::string convertDrawing(const std::string& path) {
   if (folder.empty()) throw FileError(path, 0, kInstall);
   const TemporaryFolder temporary;
   const fs::path raw = temporary / "brut.dxf", log = temporary / "journal";
-  const int status = runProgram({"node", (folder / "convertir.mjs").string(), fs::absolute(path).string(), raw.string()}, log);
+  const int status =
+      runProgram({"node", (folder / "convertir.mjs").string(), fs::absolute(path).string(), raw.string()}, log);
   if (status < 0 || status == 127) throw FileError(path, 0, std::string(kInstall) + ": node n'est pas la");
   if (status != 0) {
     const std::string said = firstLine(contents(log));
-    throw FileError(path, 0, "le convertisseur DWG a echoue: " + (said.empty() ? "statut " + std::to_string(status) : said));
+    throw FileError(path, 0,
+                    "le convertisseur DWG a echoue: " + (said.empty() ? "statut " + std::to_string(status) : said));
   }
   std::string name = (fs::temp_directory_path() / "kavel-dwg-XXXXXX.dxf").string();
   const int file = mkstemps(name.data(), 4);

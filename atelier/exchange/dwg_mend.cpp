@@ -94,14 +94,17 @@ class Mending {
   }
 
   static void replace(std::string& text, std::string_view from, std::string_view to) {
-    for (std::size_t at = 0; (at = text.find(from, at)) != text.npos; at += to.size()) text.replace(at, from.size(), to);
+    for (std::size_t at = 0; (at = text.find(from, at)) != text.npos; at += to.size())
+      text.replace(at, from.size(), to);
   }
 
   // A layer by its name, or by its handle with bytes or digits reversed.
   std::string layerNamed(const std::string& value) const {
-    const bool known = std::any_of(layers_.begin(), layers_.end(), [&](const auto& layer) { return equalNoCase(layer.second, value); });
+    const bool known = std::any_of(layers_.begin(), layers_.end(),
+                                   [&](const auto& layer) { return equalNoCase(layer.second, value); });
     if (known) return value;
-    for (const std::string& digits : {value.size() % 2 == 0 ? reversed(value, 2) : std::string(), reversed(value, 1), value}) {
+    for (const std::string& digits :
+         {value.size() % 2 == 0 ? reversed(value, 2) : std::string(), reversed(value, 1), value}) {
       const auto layer = layers_.find(parseHandle(digits).value_or(0));
       if (layer != layers_.end()) return layer->second;
     }

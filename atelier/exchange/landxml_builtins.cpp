@@ -49,12 +49,14 @@ Value groundValue(Interpreter& in, const Ground& ground) {
   const Value pieces = listOf(in, ground.pieces, [&](const auto& piece) {
     return listOf(in, piece, [&](const StationLevel& at) { return pointValue(in, at); });
   });
-  return in.list({keyed(in, "NOM", in.string(ground.name)), keyed(in, "ETAT", in.string(ground.state)), keyed(in, "TRONCONS", pieces)});
+  return in.list({keyed(in, "NOM", in.string(ground.name)), keyed(in, "ETAT", in.string(ground.state)),
+                  keyed(in, "TRONCONS", pieces)});
 }
 
 Value projectValue(Interpreter& in, const Project& project) {
-  return in.list({keyed(in, "NOM", in.string(project.name)),
-                  keyed(in, "SOMMETS", listOf(in, project.vertices, [&](const Vertex& v) { return vertexValue(in, v); }))});
+  return in.list(
+      {keyed(in, "NOM", in.string(project.name)),
+       keyed(in, "SOMMETS", listOf(in, project.vertices, [&](const Vertex& v) { return vertexValue(in, v); }))});
 }
 
 Value alignmentValue(Interpreter& in, const Alignment& a) {
@@ -71,9 +73,10 @@ Value landXmlRead(Interpreter& in, Arguments arguments) {
   } catch (const Error& error) {
     in.fail(error.what());
   }
-  return in.list({keyed(in, "METRES", Value::real(file.metres)),
-                  keyed(in, "AVERTISSEMENTS", listOf(in, file.warnings, [&](const std::string& w) { return in.string(w); })),
-                  keyed(in, "AXES", listOf(in, file.alignments, [&](const Alignment& a) { return alignmentValue(in, a); }))});
+  return in.list(
+      {keyed(in, "METRES", Value::real(file.metres)),
+       keyed(in, "AVERTISSEMENTS", listOf(in, file.warnings, [&](const std::string& w) { return in.string(w); })),
+       keyed(in, "AXES", listOf(in, file.alignments, [&](const Alignment& a) { return alignmentValue(in, a); }))});
 }
 
 // --- from lists
@@ -114,7 +117,10 @@ Vertex vertexOf(Interpreter& in, Value list) {
   if (name == "P" || name == "U") v.length = numbers[2];
   if (name == "U") v.lengthOut = numbers[3];
   if (name == "C") v.radius = numbers[2];
-  v.curve = name == "P" ? Curve::parabola : name == "U" ? Curve::unsymmetric : name == "C" ? Curve::circle : Curve::none;
+  v.curve = name == "P"   ? Curve::parabola
+            : name == "U" ? Curve::unsymmetric
+            : name == "C" ? Curve::circle
+                          : Curve::none;
   if (v.curve == Curve::none) in.failType("sommet", list);
   return v;
 }

@@ -18,7 +18,9 @@ constexpr double kArcDisagrees = 0.05;
 
 double opening(double in, double out) { return std::abs(std::atan(out) - std::atan(in)); }
 
-double gradeBetween(const Vertex& a, const Vertex& b) { return (b.at.level - a.at.level) / (b.at.station - a.at.station); }
+double gradeBetween(const Vertex& a, const Vertex& b) {
+  return (b.at.level - a.at.level) / (b.at.station - a.at.station);
+}
 
 void shrink(Vertex& vertex, double factor) {
   vertex.length *= factor;
@@ -96,8 +98,9 @@ std::optional<CurveFault> checkCurves(Project& project, const std::string& where
     if (overlap <= 0) continue;
     const std::size_t culprit = v[i + 1].curve == Curve::none ? i : i + 1;
     if (overlap > kRounding)
-      return CurveFault{culprit, "les raccordements se chevauchent de " + metresText(overlap) + " m entre les stations " +
-                                     metresText(v[i].at.station) + " et " + metresText(v[i + 1].at.station)};
+      return CurveFault{culprit, "les raccordements se chevauchent de " + metresText(overlap) +
+                                     " m entre les stations " + metresText(v[i].at.station) + " et " +
+                                     metresText(v[i + 1].at.station)};
     shrink(v[i], 1 - overlap / taken);
     shrink(v[i + 1], 1 - overlap / taken);
   }

@@ -53,14 +53,15 @@ class Reading {
     std::ifstream in(path, std::ios::binary);
     std::ostringstream text;
     text << in.rdbuf();
-  if (!in) throw FileError(path, 0, "fichier introuvable ou illisible");
+    if (!in) throw FileError(path, 0, "fichier introuvable ou illisible");
     bytes_ = text.str();
   }
 
   LandXml read() {
     parse();
     const xml_node root = document_.document_element();
-    if (localName(root) != "LandXML") fail(root, "ce n'est pas un fichier LandXML: element LandXML attendu, trouve " + std::string(root.name()));
+    if (localName(root) != "LandXML")
+      fail(root, "ce n'est pas un fichier LandXML: element LandXML attendu, trouve " + std::string(root.name()));
     result_.metres = level_ = 1;
     eachChild(root, "Units", [&](const xml_node& units) { readUnits(units); });
     eachChild(root, "Alignments", [&](const xml_node& list) {
@@ -111,11 +112,12 @@ class Reading {
     where_ = "axe \"" + alignment.name + "\"";
     alignment.start = attribute(node, "staStart") * result_.metres;
     eachChild(node, "StaEquation", [&](const xml_node& equation) {
-      result_.warnings.push_back(where_ + ": l'equation de station de la ligne " + std::to_string(lineAt(equation.offset_debug())) +
-                                 " n'est pas appliquee");
+      result_.warnings.push_back(where_ + ": l'equation de station de la ligne " +
+                                 std::to_string(lineAt(equation.offset_debug())) + " n'est pas appliquee");
     });
     eachChild(node, "Profile", [&](const xml_node& profile) {
-      eachChild(profile, "ProfSurf", [&](const xml_node& surface) { alignment.grounds.push_back(readGround(surface)); });
+      eachChild(profile, "ProfSurf",
+                [&](const xml_node& surface) { alignment.grounds.push_back(readGround(surface)); });
       eachChild(profile, "ProfAlign", [&](const xml_node& line) { alignment.projects.push_back(readProject(line)); });
     });
     where_.clear();
@@ -127,7 +129,8 @@ class Reading {
     const std::string_view text = node.attribute(name).value();
     if (text.empty()) return 0;
     const auto value = parseReal(text);
-    if (!value || !std::isfinite(*value)) fail(node, element(node) + name + ": nombre illisible \"" + std::string(text) + "\"");
+    if (!value || !std::isfinite(*value))
+      fail(node, element(node) + name + ": nombre illisible \"" + std::string(text) + "\"");
     return *value;
   }
 
@@ -149,13 +152,15 @@ class Reading {
       const std::string_view word = rest.substr(begin, rest.find_first_of(blanks, begin) - begin);
       rest = rest.substr(begin + word.size());
       const auto value = parseReal(word);
-      if (!value || !std::isfinite(*value)) fail(node, place(node, numbers) + "nombre illisible \"" + std::string(word) + "\"");
+      if (!value || !std::isfinite(*value))
+        fail(node, place(node, numbers) + "nombre illisible \"" + std::string(word) + "\"");
       if (std::abs(*value) > kGreatest) fail(node, place(node, numbers) + "valeur hors limites: " + std::string(word));
       numbers.push_back(*value);
     }
     if (numbers.size() % 2 != 0) fail(node, place(node, numbers) + "nombre impair de valeurs");
     std::vector<StationLevel> found;
-    for (std::size_t i = 0; i < numbers.size(); i += 2) found.push_back({numbers[i] * result_.metres, numbers[i + 1] * level_});
+    for (std::size_t i = 0; i < numbers.size(); i += 2)
+      found.push_back({numbers[i] * result_.metres, numbers[i + 1] * level_});
     return found;
   }
 
@@ -193,7 +198,8 @@ class Reading {
   }
 
   static bool same(const Vertex& a, const Vertex& b) {
-    return std::abs(a.at.station - b.at.station) < 1e-6 && std::abs(a.at.level - b.at.level) < 1e-6 && b.curve == Curve::none;
+    return std::abs(a.at.station - b.at.station) < 1e-6 && std::abs(a.at.level - b.at.level) < 1e-6 &&
+           b.curve == Curve::none;
   }
 
   std::optional<Vertex> readVertex(const xml_node& node) const {

@@ -46,8 +46,11 @@ void writeHead(xml_node root, std::string_view project) {
   set(root, "readOnly", "false");
   set(root, "language", "French");
   xml_node units = root.append_child("Units").append_child("Metric");
-  for (const auto& [name, value] : {std::pair{"linearUnit", "meter"}, {"areaUnit", "squareMeter"}, {"volumeUnit", "cubicMeter"},
-                                    {"temperatureUnit", "celsius"}, {"pressureUnit", "HPA"}})
+  for (const auto& [name, value] : {std::pair{"linearUnit", "meter"},
+                                    {"areaUnit", "squareMeter"},
+                                    {"volumeUnit", "cubicMeter"},
+                                    {"temperatureUnit", "celsius"},
+                                    {"pressureUnit", "HPA"}})
     set(units, name, value);
   set(root.append_child("Project"), "name", std::string(project));
   set(root.append_child("Application"), "name", "Kavel");
@@ -68,7 +71,9 @@ void writeVertex(xml_node line, const std::vector<Vertex>& vertices, std::size_t
     set(node, "lengthOut", number(v.lengthOut));
   }
   if (curve == Curve::circle) {
-    const auto grade = [&](const Vertex& a, const Vertex& b) { return (b.at.level - a.at.level) / (b.at.station - a.at.station); };
+    const auto grade = [&](const Vertex& a, const Vertex& b) {
+      return (b.at.level - a.at.level) / (b.at.station - a.at.station);
+    };
     const double in = grade(vertices[i - 1], v), out = grade(v, vertices[i + 1]);
     set(node, "length", number(arcOf(v, in, out)));
     set(node, "radius", number(std::copysign(v.radius, out - in)));

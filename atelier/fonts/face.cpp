@@ -27,9 +27,7 @@ FT_Library library() {
 struct Decomposer {
   Path* path;
   double scale;
-  Pt at(const FT_Vector* v) const {
-    return {scale * static_cast<double>(v->x), scale * static_cast<double>(v->y)};
-  }
+  Pt at(const FT_Vector* v) const { return {scale * static_cast<double>(v->x), scale * static_cast<double>(v->y)}; }
   static Decomposer& of(void* user) { return *static_cast<Decomposer*>(user); }
 };
 
@@ -106,15 +104,9 @@ Face::~Face() {
   FT_Done_Face(inside_->face);
 }
 
-const std::string& Face::file() const {
-  return inside_->file;
-}
-void* Face::native() const {
-  return inside_->face;
-}
-double Face::emInCapitals() const {
-  return inside_->scale * inside_->face->units_per_EM;
-}
+const std::string& Face::file() const { return inside_->file; }
+void* Face::native() const { return inside_->face; }
+double Face::emInCapitals() const { return inside_->scale * inside_->face->units_per_EM; }
 
 bool Face::has(char32_t c) const {
   const std::lock_guard guard(fontLock());

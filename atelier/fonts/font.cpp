@@ -38,12 +38,9 @@ Path rectangle(const Box& box) {
 Font::Font(const FontStyle& style)
     : face_(&findFace(style.file, style.bold, style.italic)),
       widthFactor_(std::isfinite(style.widthFactor) && style.widthFactor != 0 ? style.widthFactor : 1),
-      slant_(std::isfinite(style.oblique) ? std::tan(std::clamp(style.oblique, -greatestSlant, greatestSlant))
-                                          : 0) {}
+      slant_(std::isfinite(style.oblique) ? std::tan(std::clamp(style.oblique, -greatestSlant, greatestSlant)) : 0) {}
 
-TextLine Font::layout(std::string_view text) const {
-  return layout(expandTextCodes(text));
-}
+TextLine Font::layout(std::string_view text) const { return layout(expandTextCodes(text)); }
 
 TextLine Font::layout(std::span<const TextRun> runs) const {
   TextLine line;
@@ -66,13 +63,9 @@ Affine Font::shape(double height) const {
   return {h * widthFactor_, 0, h * slant_, h, 0, 0};
 }
 
-double Font::advance(std::string_view text, double height) const {
-  return shape(height).xx * layout(text).advance;
-}
+double Font::advance(std::string_view text, double height) const { return shape(height).xx * layout(text).advance; }
 
-TextExtents Font::extents(std::string_view text, double height) const {
-  return extents(layout(text), height);
-}
+TextExtents Font::extents(std::string_view text, double height) const { return extents(layout(text), height); }
 
 TextExtents Font::extents(const TextLine& line, double height) const {
   const Affine map = shape(height);

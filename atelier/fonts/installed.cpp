@@ -28,9 +28,7 @@ FcConfig* config() {
   return own.get();
 }
 
-const FcChar8* bytes(const std::string& s) {
-  return reinterpret_cast<const FcChar8*>(s.c_str());
-}
+const FcChar8* bytes(const std::string& s) { return reinterpret_cast<const FcChar8*>(s.c_str()); }
 
 std::optional<FontFile> fileOf(FcPattern* font) {
   FcChar8* path = nullptr;
@@ -44,8 +42,7 @@ std::optional<FontFile> fileOf(FcPattern* font) {
 
 std::string folded(std::string_view name) {
   std::string out(name);
-  std::ranges::transform(out, out.begin(),
-                         [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
+  std::ranges::transform(out, out.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; });
   return out;
 }
 

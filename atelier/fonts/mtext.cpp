@@ -39,9 +39,7 @@ Placed place(const std::u32string& text, const MTextFormat& format, Pt offset) {
   return {font.layout(std::span(&run, 1)), font, format, offset};
 }
 
-double widthOf(const Placed& part) {
-  return part.font.shape(part.format.height).xx * part.line.advance;
-}
+double widthOf(const Placed& part) { return part.font.shape(part.format.height).xx * part.line.advance; }
 
 Item stackOf(const MTextToken& token) {
   Item item;
@@ -106,8 +104,7 @@ std::vector<Line> breakLines(const std::vector<MTextToken>& tokens, const MTextS
     // A word that overflows moves down, with what it is joined to (a word may be several formats).
     if (style.wrapWidth > 0 && !item.space && lines.back().width + item.width > style.wrapWidth) {
       auto& items = lines.back().items;
-      const auto joined =
-          std::find_if(items.rbegin(), items.rend(), [](const Item& i) { return i.space; }).base();
+      const auto joined = std::find_if(items.rbegin(), items.rend(), [](const Item& i) { return i.space; }).base();
       if (joined != items.begin()) {
         std::vector<Item> carried(std::make_move_iterator(joined), std::make_move_iterator(items.end()));
         items.erase(joined, items.end());
@@ -131,17 +128,10 @@ double leftOf(const Line& line, const MTextStyle& style, int column) {
   switch (line.align) {
     case U'l':
     case U'j':
-    case U'd':
-      column = 0;
-      break;
-    case U'c':
-      column = 1;
-      break;
-    case U'r':
-      column = 2;
-      break;
-    default:
-      break;
+    case U'd': column = 0; break;
+    case U'c': column = 1; break;
+    case U'r': column = 2; break;
+    default: break;
   }
   // The block's own left edge comes from the attachment, the line's place in it from the alignment.
   const int attached = (style.attachment - 1) % 3;

@@ -60,22 +60,14 @@ class Reader {
     }
     const char32_t c = text_[at_++];
     switch (c) {
-      case U'\n':
-        return void(push(MTextToken::Kind::newline));
-      case U'\r':
-        return;
-      case U'\t':
-        return put(U' ');
-      case U'{':
-        return saved_.push_back(format_);
-      case U'}':
-        return restore();
-      case U'^':
-        return caret();
-      case U'\\':
-        return code();
-      default:
-        return put(c);
+      case U'\n': return void(push(MTextToken::Kind::newline));
+      case U'\r': return;
+      case U'\t': return put(U' ');
+      case U'{': return saved_.push_back(format_);
+      case U'}': return restore();
+      case U'^': return caret();
+      case U'\\': return code();
+      default: return put(c);
     }
   }
 
@@ -108,32 +100,22 @@ class Reader {
     switch (c) {
       case U'P':
       case U'X':
-      case U'N':
-        return void(push(MTextToken::Kind::newline));
-      case U'~':
-        return put(0xA0);
+      case U'N': return void(push(MTextToken::Kind::newline));
+      case U'~': return put(0xA0);
       case U'\\':
       case U'{':
-      case U'}':
-        return put(c);
+      case U'}': return put(c);
       case U'L':
-      case U'l':
-        return bar(format_.underline, c == U'L');
+      case U'l': return bar(format_.underline, c == U'L');
       case U'O':
-      case U'o':
-        return bar(format_.overline, c == U'O');
+      case U'o': return bar(format_.overline, c == U'O');
       case U'K':
-      case U'k':
-        return bar(format_.strike, c == U'K');
-      case U'S':
-        return stack();
+      case U'k': return bar(format_.strike, c == U'K');
+      case U'S': return stack();
       case U'f':
-      case U'F':
-        return font(encodeUtf8(parameter()));
-      case U'p':
-        return paragraph(parameter());
-      default:
-        break;
+      case U'F': return font(encodeUtf8(parameter()));
+      case U'p': return paragraph(parameter());
+      default: break;
     }
     if (std::u32string_view(U"HCcWQTAM").find(c) == std::u32string_view::npos) return put(c);
     number(c, encodeUtf8(parameter()));
@@ -188,10 +170,8 @@ class Reader {
       char32_t c = text_[at_];
       const bool divides = !below && (c == U'/' || c == U'#' || c == U'^');
       if (c == U'\\' && at_ + 1 < text_.size()) c = text_[++at_];
-      if (divides)
-        token.divider = c, below = true;
-      else
-        (below ? token.lower : token.text).push_back(c);
+      if (divides) token.divider = c, below = true;
+      else (below ? token.lower : token.text).push_back(c);
     }
     if (at_ < text_.size()) ++at_;
   }

@@ -91,9 +91,7 @@ int extremeParameters(double a, double b, double c, double d, double out[2]) {
 
 void addCubic(Box& box, Pt a, Pt b, Pt c, Pt d) {
   box.add(d);
-  const auto at = [&](double t) {
-    box.add(Pt{cubicAt(a.x, b.x, c.x, d.x, t), cubicAt(a.y, b.y, c.y, d.y, t)});
-  };
+  const auto at = [&](double t) { box.add(Pt{cubicAt(a.x, b.x, c.x, d.x, t), cubicAt(a.y, b.y, c.y, d.y, t)}); };
   double t[2];
   for (int n = extremeParameters(a.x, b.x, c.x, d.x, t); n > 0; --n) at(t[n - 1]);
   for (int n = extremeParameters(a.y, b.y, c.y, d.y, t); n > 0; --n) at(t[n - 1]);

@@ -12,15 +12,9 @@ struct Pt {
   double x = 0, y = 0;
 };
 
-inline Pt operator+(Pt a, Pt b) {
-  return {a.x + b.x, a.y + b.y};
-}
-inline Pt operator-(Pt a, Pt b) {
-  return {a.x - b.x, a.y - b.y};
-}
-inline Pt operator*(double k, Pt a) {
-  return {k * a.x, k * a.y};
-}
+inline Pt operator+(Pt a, Pt b) { return {a.x + b.x, a.y + b.y}; }
+inline Pt operator-(Pt a, Pt b) { return {a.x - b.x, a.y - b.y}; }
+inline Pt operator*(double k, Pt a) { return {k * a.x, k * a.y}; }
 
 // x' = xx·x + xy·y + x0, y' = yx·x + yy·y + y0.
 struct Affine {

@@ -12,10 +12,10 @@ namespace {
 constexpr char32_t degree = 0xB0, plusMinus = 0xB1, diameter = 0x2205;
 
 // 0x80..0x9F of Windows-1252; the five unassigned bytes keep their own value.
-constexpr std::array<char16_t, 32> highControls{
-    0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
+constexpr std::array<char16_t, 32> highControls{0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                                0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x8D,   0x017D, 0x8F,
+                                                0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                                0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
 
 // Bytes of the UTF-8 sequence at the head of `s`, 0 when it is not one (overlong and surrogates refused).
 std::size_t utf8Length(std::string_view s, char32_t& c) {
@@ -56,34 +56,23 @@ std::optional<unsigned> number(std::u32string_view s, std::size_t at, std::size_
 
 char32_t stored(unsigned code) {
   switch (code) {
-    case 127:
-      return degree;
-    case 128:
-      return plusMinus;
-    case 129:
-      return diameter;
-    default:
-      return code < 256 ? windows1252(static_cast<unsigned char>(code)) : 0;
+    case 127: return degree;
+    case 128: return plusMinus;
+    case 129: return diameter;
+    default: return code < 256 ? windows1252(static_cast<unsigned char>(code)) : 0;
   }
 }
 
-char32_t lower(char32_t c) {
-  return c >= U'A' && c <= U'Z' ? c + 32 : c;
-}
+char32_t lower(char32_t c) { return c >= U'A' && c <= U'Z' ? c + 32 : c; }
 
 char32_t percentCode(std::u32string_view s, std::size_t at, std::size_t& length) {
   length = 3;
   switch (lower(s[at + 2])) {
-    case U'c':
-      return diameter;
-    case U'd':
-      return degree;
-    case U'p':
-      return plusMinus;
-    case U'%':
-      return U'%';
-    default:
-      break;
+    case U'c': return diameter;
+    case U'd': return degree;
+    case U'p': return plusMinus;
+    case U'%': return U'%';
+    default: break;
   }
   length = 5;
   const auto code = number(s, at + 2, 3, 10);
@@ -92,14 +81,10 @@ char32_t percentCode(std::u32string_view s, std::size_t at, std::size_t& length)
 
 bool* barOf(TextRun& run, char32_t letter) {
   switch (lower(letter)) {
-    case U'u':
-      return &run.underline;
-    case U'o':
-      return &run.overline;
-    case U'k':
-      return &run.strike;
-    default:
-      return nullptr;
+    case U'u': return &run.underline;
+    case U'o': return &run.overline;
+    case U'k': return &run.strike;
+    default: return nullptr;
   }
 }
 
@@ -177,8 +162,6 @@ std::vector<TextRun> expandTextCodes(std::u32string_view text) {
   return runs;
 }
 
-std::vector<TextRun> expandTextCodes(std::string_view utf8) {
-  return expandTextCodes(decodeUtf8(utf8));
-}
+std::vector<TextRun> expandTextCodes(std::string_view utf8) { return expandTextCodes(decodeUtf8(utf8)); }
 
 }  // namespace atelier::fonts

@@ -22,9 +22,9 @@ struct Bezier {
   AcGeVector3d second(double u) const;
   AcGePoint3d first() const { return cartesian(points.front()); }
   AcGePoint3d last() const { return cartesian(points.back()); }
-  Box box() const;  // of the control polygon, which holds the curve
+  Box box() const;               // of the control polygon, which holds the curve
   void growBox(Box& box) const;  // by the curve itself, to a billionth of its size
-  double bend() const;  // the greatest distance of a control point from the chord
+  double bend() const;           // the greatest distance of a control point from the chord
   void halve(Bezier& left, Bezier& right) const;
   static AcGePoint3d cartesian(const Weighted& p) { return {p.x / p.w, p.y / p.w, p.z / p.w}; }
 };
@@ -33,7 +33,8 @@ struct Bezier {
 std::vector<Bezier> bezierPieces(const Nurbs& curve);
 // The part of an ellipse c + u cos t + v sin t from one angle to a greater one, in pieces below a right angle; `from`
 // and `to` of a piece are its angles, between which the parameter is not linear.
-std::vector<Bezier> bezierPieces(const AcGePoint3d& c, const AcGeVector3d& u, const AcGeVector3d& v, double from, double to);
+std::vector<Bezier> bezierPieces(const AcGePoint3d& c, const AcGeVector3d& u, const AcGeVector3d& v, double from,
+                                 double to);
 
 struct Meeting {
   double u, v;  // along the one piece and the other

@@ -11,16 +11,14 @@ namespace {
 
 constexpr int kDeepest = 48;
 constexpr int kNewtonSteps = 24;
-constexpr std::size_t kMostSteps = 20'000;   // pairs looked at
+constexpr std::size_t kMostSteps = 20'000;  // pairs looked at
 constexpr std::size_t kMostMeetings = 512;
-constexpr double kStraight = 1e-4;           // bend, as a share of the chord
+constexpr double kStraight = 1e-4;  // bend, as a share of the chord
 
 struct Part {
   Bezier curve;
   double from, to;  // of the whole piece, in u
-  bool straight() const {
-    return curve.bend() <= kStraight * curve.first().distanceTo(curve.last());
-  }
+  bool straight() const { return curve.bend() <= kStraight * curve.first().distanceTo(curve.last()); }
 };
 
 void halve(const Part& part, Part& left, Part& right) {
@@ -96,7 +94,9 @@ class Search {
 
 }  // namespace
 
-std::vector<Meeting> meetings(const Bezier& a, const Bezier& b, double tolerance) { return Search(a, b, tolerance).run(); }
+std::vector<Meeting> meetings(const Bezier& a, const Bezier& b, double tolerance) {
+  return Search(a, b, tolerance).run();
+}
 
 namespace {
 
@@ -119,7 +119,8 @@ std::optional<double> foot(const Bezier& piece, const AcGePoint3d& p, const Part
   return u;
 }
 
-void approach(const Bezier& piece, const AcGePoint3d& p, const Part& part, int depth, double& best, double& u, bool& better) {
+void approach(const Bezier& piece, const AcGePoint3d& p, const Part& part, int depth, double& best, double& u,
+              bool& better) {
   if (part.curve.box().squareDistance(p) >= best * best) return;
   const auto valley = part.straight() || part.curve.bend() < 1e-12 * (1 + best) ? foot(piece, p, part) : std::nullopt;
   if (depth == kDeepest || valley) {

@@ -23,9 +23,7 @@ constexpr double finest = 1e-9;
 constexpr int deepest = 16;
 constexpr std::size_t mostPoints = 100'000;
 
-bool finite(const AcGePoint3d& p) {
-  return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z);
-}
+bool finite(const AcGePoint3d& p) { return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z); }
 
 struct Knots {
   std::vector<double> values;
@@ -56,9 +54,7 @@ double sizeOf(const Nurbs& c) {
   return size;
 }
 
-AcGePoint3d point(const gp_Pnt& p) {
-  return {p.X(), p.Y(), p.Z()};
-}
+AcGePoint3d point(const gp_Pnt& p) { return {p.X(), p.Y(), p.Z()}; }
 
 double distanceToChord(const AcGePoint3d& p, const AcGePoint3d& a, const AcGePoint3d& b) {
   const AcGeVector3d ab = b - a, ap = p - a;
@@ -103,8 +99,7 @@ class Sampler {
     const double middle = t0 + (t1 - t0) / 2;
     const AcGePoint3d m = at(middle);
     const auto far = [&](double t) { return distanceToChord(at(t), a, b) > bound_; };
-    const bool split =
-        distanceToChord(m, a, b) > bound_ || far(t0 + (t1 - t0) / 4) || far(t0 + 3 * (t1 - t0) / 4);
+    const bool split = distanceToChord(m, a, b) > bound_ || far(t0 + (t1 - t0) / 4) || far(t0 + 3 * (t1 - t0) / 4);
     if (!split || depth == deepest || out_.size() >= mostPoints) return add(t1, b);
     span(t0, a, middle, m, depth + 1);
     span(middle, m, t1, b, depth + 1);
@@ -121,20 +116,18 @@ bool makesSense(const Nurbs& c) {
   if (!c.weights.empty() && c.weights.size() != n) return false;
   const auto positive = [](double w) { return std::isfinite(w) && w > 0; };
   return std::ranges::all_of(c.points, finite) && std::ranges::all_of(c.weights, positive) &&
-         std::ranges::all_of(c.knots, [](double k) { return std::isfinite(k); }) &&
-         std::ranges::is_sorted(c.knots) && c.knots.front() < c.knots.back();
+         std::ranges::all_of(c.knots, [](double k) { return std::isfinite(k); }) && std::ranges::is_sorted(c.knots) &&
+         c.knots.front() < c.knots.back();
 }
 
 Handle(Geom_BSplineCurve) occtCurve(const Nurbs& c) {
   const Knots knots = distinct(c.knots);
-  const auto poles =
-      arrayOf<TColgp_Array1OfPnt>(c.points, [](const AcGePoint3d& p) { return gp_Pnt(p.x, p.y, p.z); });
+  const auto poles = arrayOf<TColgp_Array1OfPnt>(c.points, [](const AcGePoint3d& p) { return gp_Pnt(p.x, p.y, p.z); });
   const auto same = [](auto v) { return v; };
   const auto values = arrayOf<TColStd_Array1OfReal>(knots.values, same);
   const auto counts = arrayOf<TColStd_Array1OfInteger>(knots.counts, same);
   if (c.weights.empty()) return new Geom_BSplineCurve(poles, values, counts, c.degree);
-  return new Geom_BSplineCurve(poles, arrayOf<TColStd_Array1OfReal>(c.weights, same), values, counts,
-                               c.degree);
+  return new Geom_BSplineCurve(poles, arrayOf<TColStd_Array1OfReal>(c.weights, same), values, counts, c.degree);
 }
 
 Nurbs fromOcct(const Handle(Geom_BSplineCurve) & curve) {
@@ -160,8 +153,8 @@ std::vector<AcGePoint3d> sampleNurbs(const Nurbs& curve, double chord, std::vect
   }
   try {
     const Handle(Geom_BSplineCurve) spline = occtCurve(curve);
-    auto out = Sampler(spline, std::isfinite(chord) ? std::max(chord, finest * size) : size, parameters)
-                   .run(curve.knots);
+    auto out =
+        Sampler(spline, std::isfinite(chord) ? std::max(chord, finest * size) : size, parameters).run(curve.knots);
     return std::ranges::all_of(out, finite) ? out : std::vector<AcGePoint3d>{};
   } catch (const Standard_Failure&) {
     return {};
@@ -172,8 +165,7 @@ Nurbs interpolateNurbs(std::span<const AcGePoint3d> through, bool closed, const 
                        const AcGeVector3d& endTangent) {
   std::vector<AcGePoint3d> kept;
   for (const AcGePoint3d& p : through)
-    if (finite(p) && (kept.empty() || kept.back().distanceTo(p) > AcGeContext::gTol.equalPoint()))
-      kept.push_back(p);
+    if (finite(p) && (kept.empty() || kept.back().distanceTo(p) > AcGeContext::gTol.equalPoint())) kept.push_back(p);
   if (closed && kept.size() > 1 && kept.front().isEqualTo(kept.back())) kept.pop_back();
   if (kept.size() < 2) return {};
   const auto direction = [](const AcGeVector3d& v) { return gp_Vec(v.x, v.y, v.z); };

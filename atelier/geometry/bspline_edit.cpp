@@ -37,9 +37,10 @@ void makeRational(Nurbs& curve) {
 double speedRatio(const Nurbs& a, const Nurbs& b) {
   const std::size_t n = a.points.size(), d = static_cast<std::size_t>(a.degree);
   const auto weight = [](const Nurbs& c, std::size_t i) { return c.weights.empty() ? 1.0 : c.weights[i]; };
-  const double before = a.points[n - 1].distanceTo(a.points[n - 2]) * weight(a, n - 2) / weight(a, n - 1) /
-                        (a.knots[n] - a.knots[n - 1]);
-  const double after = b.points[1].distanceTo(b.points[0]) * weight(b, 1) / weight(b, 0) / (b.knots[d + 1] - b.knots[d]);
+  const double before =
+      a.points[n - 1].distanceTo(a.points[n - 2]) * weight(a, n - 2) / weight(a, n - 1) / (a.knots[n] - a.knots[n - 1]);
+  const double after =
+      b.points[1].distanceTo(b.points[0]) * weight(b, 1) / weight(b, 0) / (b.knots[d + 1] - b.knots[d]);
   const double ratio = after / before;
   return std::isfinite(ratio) && ratio > 1e-6 && ratio < 1e6 ? ratio : 1.0;
 }
@@ -54,7 +55,8 @@ namespace {
 // A cut as near to a knot as knots are told apart is a cut at the knot: it would leave a span that is none.
 double atKnot(const Nurbs& curve, double t) {
   const double hair = kSameKnot * (curve.knots.back() - curve.knots.front());
-  const auto near = std::find_if(curve.knots.begin(), curve.knots.end(), [&](double knot) { return std::abs(knot - t) <= hair; });
+  const auto near =
+      std::find_if(curve.knots.begin(), curve.knots.end(), [&](double knot) { return std::abs(knot - t) <= hair; });
   return near == curve.knots.end() ? t : *near;
 }
 

@@ -35,7 +35,8 @@ std::shared_ptr<const Curve> Curve::of(std::vector<Piece> pieces, bool closed) {
 bool Curve::isEndless() const { return shapeIsEndless(pieces_.front().shape) || shapeIsEndless(pieces_.back().shape); }
 
 std::size_t Curve::pieceAt(double param) const {
-  const auto it = std::upper_bound(pieces_.begin(), pieces_.end(), param, [](double t, const Piece& p) { return t < p.to; });
+  const auto it =
+      std::upper_bound(pieces_.begin(), pieces_.end(), param, [](double t, const Piece& p) { return t < p.to; });
   return it == pieces_.end() ? pieces_.size() - 1 : static_cast<std::size_t>(it - pieces_.begin());
 }
 
@@ -79,7 +80,8 @@ const std::vector<double>& Curve::lengths() const {
   if (lengths_.empty()) {
     double sum = 0;
     lengths_.reserve(pieces_.size());
-    for (const Piece& p : pieces_) lengths_.push_back(sum += shapeLength(p.shape, shapeStart(p.shape), shapeEnd(p.shape)));
+    for (const Piece& p : pieces_)
+      lengths_.push_back(sum += shapeLength(p.shape, shapeStart(p.shape), shapeEnd(p.shape)));
   }
   return lengths_;
 }
@@ -124,12 +126,14 @@ Foot Curve::closest(const AcGePoint3d& point, bool extend) const {
     }
   Foot foot{startParam(), *pointAt(isEndless() ? pieces_.front().from : startParam()), 0};
   foot.distance = std::nextafter(foot.point.distanceTo(point), Box::kEnd);
-  tree().visitNearest(point, [&] { return foot.distance; }, [&](std::size_t i) {
-    double t = 0;
-    if (!shapeNearest(pieces_[i].shape, point, foot.distance, t)) return;
-    foot.param = outer(i, t);
-    foot.point = shapePoint(pieces_[i].shape, t);
-  });
+  tree().visitNearest(
+      point, [&] { return foot.distance; },
+      [&](std::size_t i) {
+        double t = 0;
+        if (!shapeNearest(pieces_[i].shape, point, foot.distance, t)) return;
+        foot.param = outer(i, t);
+        foot.point = shapePoint(pieces_[i].shape, t);
+      });
   foot.distance = foot.point.distanceTo(point);
   return foot;
 }

@@ -65,7 +65,8 @@ class Curve {
 
   // Nothing for a parameter outside the curve (a hair's breadth excepted); on an endless side there is no outside.
   std::optional<AcGePoint3d> pointAt(double param) const;
-  std::optional<AcGeVector3d> derivativeAt(double param) const;  // by the parameter; at a corner of the piece that begins
+  std::optional<AcGeVector3d> derivativeAt(
+      double param) const;  // by the parameter; at a corner of the piece that begins
   // Length along the curve from its start; nothing outside it. Endless curves measure from their base point.
   std::optional<double> distanceAt(double param) const;
   std::optional<double> paramAtDistance(double distance) const;

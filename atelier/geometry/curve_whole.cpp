@@ -7,7 +7,7 @@ namespace atelier {
 
 namespace {
 
-constexpr double kFlat = 1e-9;  // out of the plane, as a share of the curve's size
+constexpr double kFlat = 1e-9;                // out of the plane, as a share of the curve's size
 constexpr std::size_t kMostChords = 100'000;  // of one arc
 
 void addHull(const Shape& shape, std::vector<AcGePoint3d>& out) {
@@ -68,10 +68,8 @@ std::optional<double> Curve::area() const {
   const AcGePoint3d origin = *pointAt(startParam());
   std::vector<AcGePoint3d> hull;
   for (const Piece& p : pieces_) {
-    if (const auto* s = std::get_if<Straight>(&p.shape))
-      hull.push_back(s->to);
-    else
-      addHull(p.shape, hull);
+    if (const auto* s = std::get_if<Straight>(&p.shape)) hull.push_back(s->to);
+    else addHull(p.shape, hull);
   }
   AcGeVector3d along, across;  // to the farthest point, and to the one farthest from that direction
   for (const AcGePoint3d& p : hull)
@@ -96,7 +94,8 @@ std::vector<AcGePoint3d> Curve::sample(double chord) const {
     if (const auto* e = std::get_if<Elliptic>(&p.shape)) {
       const std::size_t count = chordCount(*e, chord);
       for (std::size_t i = 1; i <= count; ++i)
-        out.push_back(shapePoint(*e, e->from + (e->to - e->from) * static_cast<double>(i) / static_cast<double>(count)));
+        out.push_back(
+            shapePoint(*e, e->from + (e->to - e->from) * static_cast<double>(i) / static_cast<double>(count)));
     } else if (const auto* s = std::get_if<Spline>(&p.shape)) {
       const auto points = sampleNurbs(*s->data, chord);
       if (points.size() > 1) out.insert(out.end(), points.begin() + 1, points.end());

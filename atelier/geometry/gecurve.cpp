@@ -154,7 +154,8 @@ void AcGeNurbCurve3d::getSamplePoints(double fromParam, double toParam, double a
   std::vector<double> parameters;
   const Nurbs data = nurbsOf(*this);
   const bool whole = fromParam <= startParam() && toParam >= endParam();
-  for (const AcGePoint3d& p : atelier::sampleNurbs(whole ? data : atelier::partOf(data, fromParam, toParam), approxEps, &parameters))
+  for (const AcGePoint3d& p :
+       atelier::sampleNurbs(whole ? data : atelier::partOf(data, fromParam, toParam), approxEps, &parameters))
     points.append(p);
   for (const double t : parameters) params.append(t);
 }
@@ -165,7 +166,8 @@ void AcGeNurbCurve3d::getSamplePoints(int numSample, AcGePoint3dArray& points) c
   if (!curve || numSample < 2) return;
   const double from = curve->startParam(), to = curve->endParam();
   for (int i = 0; i < numSample; ++i)
-    if (const auto p = curve->pointAt(i + 1 == numSample ? to : from + (to - from) * i / (numSample - 1))) points.append(*p);
+    if (const auto p = curve->pointAt(i + 1 == numSample ? to : from + (to - from) * i / (numSample - 1)))
+      points.append(*p);
 }
 
 bool AcGeNurbCurve3d::isPlanar(AcGePlane& plane, const AcGeTol& tol) const {

@@ -122,11 +122,10 @@ double shapeEnd(const Shape& shape) {
 }
 
 AcGePoint3d shapePoint(const Shape& shape, double own) {
-  return std::visit(
-      overloaded{[&](const Straight& s) { return own == 1 ? s.to : s.from + (s.to - s.from) * own; },
-                 [&](const Elliptic& e) { return on(e, own); },
-                 [&](const Spline& s) { return spanAt(s, own).at(localOf(spanAt(s, own), own)); }},
-      shape);
+  return std::visit(overloaded{[&](const Straight& s) { return own == 1 ? s.to : s.from + (s.to - s.from) * own; },
+                               [&](const Elliptic& e) { return on(e, own); },
+                               [&](const Spline& s) { return spanAt(s, own).at(localOf(spanAt(s, own), own)); }},
+                    shape);
 }
 
 AcGeVector3d shapeDerivative(const Shape& shape, double own) {
@@ -179,13 +178,13 @@ Shape shapeTransformed(const Shape& shape, const AcGeMatrix3d& m) {
 }
 
 std::vector<Bezier> shapeBeziers(const Shape& shape) {
-  return std::visit(overloaded{[](const Straight& s) {
-                                 return std::vector<Bezier>{
-                                     {{{s.from.x, s.from.y, s.from.z, 1}, {s.to.x, s.to.y, s.to.z, 1}}, 0, 1}};
-                               },
-                               [](const Elliptic& e) { return bezierPieces(e.centre, e.u, e.v, e.from, e.to); },
-                               [](const Spline& s) { return *s.pieces; }},
-                    shape);
+  return std::visit(
+      overloaded{[](const Straight& s) {
+                   return std::vector<Bezier>{{{{s.from.x, s.from.y, s.from.z, 1}, {s.to.x, s.to.y, s.to.z, 1}}, 0, 1}};
+                 },
+                 [](const Elliptic& e) { return bezierPieces(e.centre, e.u, e.v, e.from, e.to); },
+                 [](const Spline& s) { return *s.pieces; }},
+      shape);
 }
 
 bool shapeIsFinite(const Shape& shape) {

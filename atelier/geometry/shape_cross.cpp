@@ -87,10 +87,8 @@ std::vector<OwnCrossing> cross(const Straight& line, const Elliptic& arc, const 
   const double nearestT = -from.dotProduct(d) / (length * length);
   const double height = normal.dotProduct(from + d * nearestT);
   std::vector<double> roots;
-  if (std::abs(height) + 2 * f.radius() * std::abs(slope) <= tolerance)
-    roots = planeRoots(f, from, d, tolerance);
-  else if (slope != 0)
-    roots = {-normal.dotProduct(from) / normal.dotProduct(d)};
+  if (std::abs(height) + 2 * f.radius() * std::abs(slope) <= tolerance) roots = planeRoots(f, from, d, tolerance);
+  else if (slope != 0) roots = {-normal.dotProduct(from) / normal.dotProduct(d)};
   for (double t : roots) {
     const AcGeVector3d p = from + d * t;
     const double hair = tolerance / f.radius(), angle = angleFrom(arc.from, std::atan2(f.b(p), f.a(p)), hair);
@@ -104,7 +102,8 @@ std::vector<OwnCrossing> cross(const Straight& line, const Elliptic& arc, const 
 // The arc's own parameter towards a place, or nothing when that lies beyond its ends.
 std::optional<double> towards(const Elliptic& arc, const AcGeVector3d& fromCentre, double radius, double tolerance) {
   const double hair = tolerance / radius;
-  const double angle = angleFrom(arc.from, std::atan2(fromCentre.dotProduct(arc.v), fromCentre.dotProduct(arc.u)), hair);
+  const double angle =
+      angleFrom(arc.from, std::atan2(fromCentre.dotProduct(arc.v), fromCentre.dotProduct(arc.u)), hair);
   if (angle > arc.to + hair) return std::nullopt;
   return std::clamp(angle, arc.from, arc.to);
 }
@@ -117,7 +116,8 @@ std::vector<OwnCrossing> touch(const Elliptic& a, const Elliptic& b, double tole
   for (const double t : {a.from, a.to})
     for (const double s : {b.from, b.to}) {
       if (shapePoint(a, t).distanceTo(shapePoint(b, s)) > tolerance) continue;
-      const AcGeVector3d da = shapeDerivative(a, t) * (t == a.from ? 1 : -1), db = shapeDerivative(b, s) * (s == b.from ? 1 : -1);
+      const AcGeVector3d da = shapeDerivative(a, t) * (t == a.from ? 1 : -1),
+                         db = shapeDerivative(b, s) * (s == b.from ? 1 : -1);
       if (da.dotProduct(db) < 0) out.push_back({t, s});
     }
   return out;
@@ -145,7 +145,8 @@ std::optional<std::vector<OwnCrossing>> crossCircles(const Elliptic& a, const El
   if (distance <= tolerance) return touch(a, b, tolerance);
   const AcGeVector3d along = gap * (1 / distance), across = normal.crossProduct(along);
   const double x = ((distance - rb) * (distance + rb) + ra * ra) / (2 * distance);
-  const bool touching = std::abs(ra + rb - distance) <= tolerance || std::abs(std::abs(ra - rb) - distance) <= tolerance;
+  const bool touching =
+      std::abs(ra + rb - distance) <= tolerance || std::abs(std::abs(ra - rb) - distance) <= tolerance;
   const double half = touching ? 0 : std::sqrt(std::max(0.0, (ra - x) * (ra + x)));
   for (const double side : {1.0, -1.0}) {
     const AcGeVector3d p = along * (touching ? std::copysign(ra, x) : x) + across * (side * half);
@@ -160,7 +161,8 @@ std::optional<std::vector<OwnCrossing>> crossCircles(const Elliptic& a, const El
 Straight bounded(const Straight& s, const Box& box) {
   if (!s.endlessBefore && !s.endlessAfter) return s;
   const AcGeVector3d d = s.to - s.from;
-  const AcGePoint3d centre((box.low[0] + box.high[0]) / 2, (box.low[1] + box.high[1]) / 2, (box.low[2] + box.high[2]) / 2);
+  const AcGePoint3d centre((box.low[0] + box.high[0]) / 2, (box.low[1] + box.high[1]) / 2,
+                           (box.low[2] + box.high[2]) / 2);
   const double radius = centre.distanceTo({box.high[0], box.high[1], box.high[2]});
   const double middle = (centre - s.from).dotProduct(d) / d.dotProduct(d), half = 1.01 * radius / d.length() + 1e-6;
   const double from = s.endlessBefore ? middle - half : std::max(0.0, middle - half);
@@ -198,7 +200,7 @@ std::vector<OwnCrossing> shapeCrossings(const Shape& a, const Shape& b, double t
     for (OwnCrossing& c : out) std::swap(c.first, c.second);
     return out;
   }
-  if (const auto *first = std::get_if<Elliptic>(&a), *second = std::get_if<Elliptic>(&b); first && second)
+  if (const auto* first = std::get_if<Elliptic>(&a), *second = std::get_if<Elliptic>(&b); first && second)
     if (auto out = crossCircles(*first, *second, tolerance)) return *out;
   return crossByBeziers(a, b, tolerance);
 }

@@ -15,7 +15,8 @@ constexpr unsigned kDeepest = 12;
 template <class F>
 double gauss(const F& f, double from, double to) {
   const double middle = from + (to - from) / 2, half = (to - from) / 2;
-  return half * boost::math::quadrature::gauss<double, 20>::integrate([&](double x) { return f(middle + half * x); }, -1.0, 1.0);
+  return half * boost::math::quadrature::gauss<double, 20>::integrate([&](double x) { return f(middle + half * x); },
+                                                                      -1.0, 1.0);
 }
 
 // Halved until the halves agree with the whole.
@@ -72,9 +73,11 @@ double lengthOf(const Elliptic& e, double from, double to) {
 
 double shapeLength(const Shape& shape, double from, double to) {
   if (const auto* s = std::get_if<Straight>(&shape)) return (to - from) * s->from.distanceTo(s->to);
-  if (const auto* e = std::get_if<Elliptic>(&shape)) return isRound(*e) ? (to - from) * e->u.length() : lengthOf(*e, from, to);
+  if (const auto* e = std::get_if<Elliptic>(&shape))
+    return isRound(*e) ? (to - from) * e->u.length() : lengthOf(*e, from, to);
   double sum = 0;
-  eachSpan(std::get<Spline>(shape), from, to, [&](const Bezier& b, double u0, double u1) { sum += lengthOf(b, u0, u1); });
+  eachSpan(std::get<Spline>(shape), from, to,
+           [&](const Bezier& b, double u0, double u1) { sum += lengthOf(b, u0, u1); });
   return sum;
 }
 
@@ -110,7 +113,8 @@ double shapeParamAtLength(const Shape& shape, double length) {
 }
 
 double shapeArea(const Shape& shape, const AcGePoint3d& o, const AcGeVector3d& normal) {
-  if (const auto* s = std::get_if<Straight>(&shape)) return (s->from - o).crossProduct(s->to - o).dotProduct(normal) / 2;
+  if (const auto* s = std::get_if<Straight>(&shape))
+    return (s->from - o).crossProduct(s->to - o).dotProduct(normal) / 2;
   if (const auto* e = std::get_if<Elliptic>(&shape)) {
     const AcGeVector3d along = shapePoint(shape, e->to) - shapePoint(shape, e->from);
     return ((e->centre - o).crossProduct(along) + e->u.crossProduct(e->v) * (e->to - e->from)).dotProduct(normal) / 2;
@@ -118,7 +122,9 @@ double shapeArea(const Shape& shape, const AcGePoint3d& o, const AcGeVector3d& n
   double sum = 0;
   eachSpan(std::get<Spline>(shape), shapeStart(shape), shapeEnd(shape), [&](const Bezier& b, double u0, double u1) {
     const Bezier near = shifted(b, o);
-    const auto turning = [&](double u) { return near.at(u).asVector().crossProduct(near.derivative(u)).dotProduct(normal); };
+    const auto turning = [&](double u) {
+      return near.at(u).asVector().crossProduct(near.derivative(u)).dotProduct(normal);
+    };
     sum += integral(turning, u0, u1) / 2;
   });
   return sum;

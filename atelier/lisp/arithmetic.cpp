@@ -17,8 +17,7 @@ Value fold(Interpreter& in, Arguments arguments, Whole whole, Real real) {
   if (!arguments[0].isNumber()) in.failType("numberp:", arguments[0]);
   Value result = arguments[0];
   for (; i < arguments.size() && result.isInteger() && arguments[i].isInteger(); ++i)
-    result =
-        Value::integerOrReal(whole(std::int64_t{result.integer()}, std::int64_t{arguments[i].integer()}));
+    result = Value::integerOrReal(whole(std::int64_t{result.integer()}, std::int64_t{arguments[i].integer()}));
   if (i == arguments.size()) return result;
   double sum = result.number();
   for (; i < arguments.size(); ++i) sum = real(sum, numberArgument(in, arguments[i]));
@@ -69,8 +68,7 @@ Value remainder(Interpreter& in, Arguments arguments) {
   for (Value divisor : arguments.subspan(1))
     if (numberArgument(in, divisor) == 0) in.fail("divide by zero");
   return fold(
-      in, arguments, [](auto a, auto b) { return a % b; },
-      [](double a, double b) { return std::fmod(a, b); });
+      in, arguments, [](auto a, auto b) { return a % b; }, [](double a, double b) { return std::fmod(a, b); });
 }
 
 Value increment(Interpreter& in, Arguments arguments) {
@@ -118,15 +116,9 @@ Value greatestCommonDivisor(Interpreter& in, Arguments arguments) {
   return Value::integerOrReal(result);
 }
 
-Value isZero(Interpreter& in, Arguments arguments) {
-  return in.boolean(numberArgument(in, arguments[0]) == 0);
-}
-Value isNegative(Interpreter& in, Arguments arguments) {
-  return in.boolean(numberArgument(in, arguments[0]) < 0);
-}
-Value isNumber(Interpreter& in, Arguments arguments) {
-  return in.boolean(arguments[0].isNumber());
-}
+Value isZero(Interpreter& in, Arguments arguments) { return in.boolean(numberArgument(in, arguments[0]) == 0); }
+Value isNegative(Interpreter& in, Arguments arguments) { return in.boolean(numberArgument(in, arguments[0]) < 0); }
+Value isNumber(Interpreter& in, Arguments arguments) { return in.boolean(arguments[0].isNumber()); }
 
 constexpr Builtin kTable[] = {
     {"+", add, 0, kAnyNumber, "(+ [nombre...])", "Somme."},
@@ -147,8 +139,6 @@ constexpr Builtin kTable[] = {
 
 }  // namespace
 
-std::span<const Builtin> arithmeticFamily() {
-  return kTable;
-}
+std::span<const Builtin> arithmeticFamily() { return kTable; }
 
 }  // namespace atelier::lisp

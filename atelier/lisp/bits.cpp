@@ -19,9 +19,7 @@ Value logand(Interpreter& in, Arguments arguments) {
 Value logior(Interpreter& in, Arguments arguments) {
   return fold(in, arguments, [](std::int32_t a, std::int32_t b) { return a | b; });
 }
-Value complement(Interpreter& in, Arguments arguments) {
-  return Value::integer(~integerArgument(in, arguments[0]));
-}
+Value complement(Interpreter& in, Arguments arguments) { return Value::integer(~integerArgument(in, arguments[0])); }
 
 // Logical shift: zeros come in from both sides.
 Value shift(Interpreter& in, Arguments arguments) {
@@ -50,8 +48,6 @@ constexpr Builtin kTable[] = {
 
 }  // namespace
 
-std::span<const Builtin> bitsFamily() {
-  return kTable;
-}
+std::span<const Builtin> bitsFamily() { return kTable; }
 
 }  // namespace atelier::lisp

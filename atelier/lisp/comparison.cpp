@@ -22,8 +22,7 @@ namespace {
 
 bool atomsEqual(Value a, Value b, double fuzz) {
   if (a == b) return true;
-  if (a.isNumber() && b.isNumber())
-    return a.number() == b.number() || std::fabs(a.number() - b.number()) <= fuzz;
+  if (a.isNumber() && b.isNumber()) return a.number() == b.number() || std::fabs(a.number() - b.number()) <= fuzz;
   return same(a, b);
 }
 
@@ -34,10 +33,8 @@ bool equal(Value a, Value b, double fuzz) {
   std::vector<std::pair<Value, Value>> pending;
   for (;;) {
     while (a.isPair() && b.isPair()) {
-      if (a.car().isPair() && b.car().isPair())
-        pending.emplace_back(a.car(), b.car());
-      else if (!atomsEqual(a.car(), b.car(), fuzz))
-        return false;
+      if (a.car().isPair() && b.car().isPair()) pending.emplace_back(a.car(), b.car());
+      else if (!atomsEqual(a.car(), b.car(), fuzz)) return false;
       a = a.cdr();
       b = b.cdr();
     }
@@ -113,41 +110,27 @@ struct AtLeast {
   }
 };
 
-Value lessSign(Interpreter& in, Arguments arguments) {
-  return compareAll(in, arguments, Less());
-}
-Value atMostSign(Interpreter& in, Arguments arguments) {
-  return compareAll(in, arguments, AtMost());
-}
-Value greaterSign(Interpreter& in, Arguments arguments) {
-  return compareAll(in, arguments, Greater());
-}
-Value atLeastSign(Interpreter& in, Arguments arguments) {
-  return compareAll(in, arguments, AtLeast());
-}
+Value lessSign(Interpreter& in, Arguments arguments) { return compareAll(in, arguments, Less()); }
+Value atMostSign(Interpreter& in, Arguments arguments) { return compareAll(in, arguments, AtMost()); }
+Value greaterSign(Interpreter& in, Arguments arguments) { return compareAll(in, arguments, Greater()); }
+Value atLeastSign(Interpreter& in, Arguments arguments) { return compareAll(in, arguments, AtLeast()); }
 
-Value eqFunction(Interpreter& in, Arguments arguments) {
-  return in.boolean(same(arguments[0], arguments[1]));
-}
+Value eqFunction(Interpreter& in, Arguments arguments) { return in.boolean(same(arguments[0], arguments[1])); }
 
 Value equalFunction(Interpreter& in, Arguments arguments) {
   const double fuzz = arguments.size() > 2 ? numberArgument(in, arguments[2]) : 0;
   return in.boolean(equal(arguments[0], arguments[1], fuzz));
 }
 
-Value isNil(Interpreter& in, Arguments arguments) {
-  return in.boolean(!arguments[0]);
-}
+Value isNil(Interpreter& in, Arguments arguments) { return in.boolean(!arguments[0]); }
 
 constexpr Builtin kTable[] = {
     {"=", equalSign, 1, kAnyNumber, "(= valeur [valeur...])", "T si les nombres ou les chaînes sont égaux."},
     {"/=", notEqualSign, 1, kAnyNumber, "(/= valeur [valeur...])", "T si deux voisins ne sont jamais égaux."},
-    {"<", lessSign, 1, kAnyNumber, "(< valeur [valeur...])",
-     "T si chaque valeur est inférieure à la suivante."},
+    {"<", lessSign, 1, kAnyNumber, "(< valeur [valeur...])", "T si chaque valeur est inférieure à la suivante."},
     {"<=", atMostSign, 1, kAnyNumber, "(<= valeur [valeur...])",
      "T si chaque valeur est inférieure ou égale à la suivante."},
-    {">", greaterSign, 1, kAnyNumber, "(> valeur [valeur...])",
-     "T si chaque valeur est supérieure à la suivante."},
+    {">", greaterSign, 1, kAnyNumber, "(> valeur [valeur...])", "T si chaque valeur est supérieure à la suivante."},
     {">=", atLeastSign, 1, kAnyNumber, "(>= valeur [valeur...])",
      "T si chaque valeur est supérieure ou égale à la suivante."},
     {"eq", eqFunction, 2, 2, "(eq a b)", "T si les deux valeurs sont le même atome ou la même liste."},
@@ -158,12 +141,8 @@ constexpr Builtin kTable[] = {
 
 }  // namespace
 
-bool less(Interpreter& in, Value a, Value b) {
-  return compare(in, a, b, Less());
-}
+bool less(Interpreter& in, Value a, Value b) { return compare(in, a, b, Less()); }
 
-std::span<const Builtin> comparisonFamily() {
-  return kTable;
-}
+std::span<const Builtin> comparisonFamily() { return kTable; }
 
 }  // namespace atelier::lisp

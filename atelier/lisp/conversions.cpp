@@ -38,15 +38,12 @@ Value rtos(Interpreter& in, Arguments arguments) {
 }
 
 // Bearings name the sky's directions, which ANGBASE does not turn.
-double direction(Interpreter& in) {
-  return in.variables().integer("ANGDIR", 0) == 1 ? -1 : 1;
-}
+double direction(Interpreter& in) { return in.variables().integer("ANGDIR", 0) == 1 ? -1 : 1; }
 
 Value angtos(Interpreter& in, Arguments arguments) {
   double radians = numberArgument(in, arguments[0]);
   const AngularUnits units = angularUnits(in, arguments);
-  if (units != AngularUnits::Surveyor)
-    radians = direction(in) * (radians - in.variables().real("ANGBASE", 0));
+  if (units != AngularUnits::Surveyor) radians = direction(in) * (radians - in.variables().real("ANGBASE", 0));
   return in.string(formatAngle(radians, units, setting(in, arguments, 2, "AUPREC", 0), style(in)));
 }
 
@@ -93,17 +90,12 @@ Value cvunit(Interpreter& in, Arguments arguments) {
 }
 
 constexpr Builtin kUnitTable[] = {
-    {"cvunit", cvunit, 3, 3, "(cvunit valeur de vers)",
-     "Convertit un nombre ou un point d'une unité dans une autre."},
+    {"cvunit", cvunit, 3, 3, "(cvunit valeur de vers)", "Convertit un nombre ou un point d'une unité dans une autre."},
 };
 
 }  // namespace
 
-std::span<const Builtin> conversionFamily() {
-  return kTable;
-}
-std::span<const Builtin> unitFamily() {
-  return kUnitTable;
-}
+std::span<const Builtin> conversionFamily() { return kTable; }
+std::span<const Builtin> unitFamily() { return kUnitTable; }
 
 }  // namespace atelier::lisp

@@ -11,10 +11,8 @@ namespace atelier::lisp {
 void Interpreter::trace(Value symbol, bool on) {
   std::erase(traced_, symbol.name());
   if (on) traced_.push_back(symbol.name());
-  if (traced_.empty())
-    attention_.fetch_and(~kTracing);
-  else
-    attention_.fetch_or(kTracing);
+  if (traced_.empty()) attention_.fetch_and(~kTracing);
+  else attention_.fetch_or(kTracing);
 }
 
 bool Interpreter::isTraced(Value function) const {
@@ -90,8 +88,6 @@ constexpr Builtin kTable[] = {
 
 }  // namespace
 
-std::span<const Builtin> debuggingFamily() {
-  return kTable;
-}
+std::span<const Builtin> debuggingFamily() { return kTable; }
 
 }  // namespace atelier::lisp

@@ -51,9 +51,7 @@ Value defunQ(Interpreter& in, Value rest) {
   return name;
 }
 
-Value lambda(Interpreter& in, Value rest) {
-  return userSubr(in, rest, nil);
-}
+Value lambda(Interpreter& in, Value rest) { return userSubr(in, rest, nil); }
 
 Value defunQListRef(Interpreter& in, Arguments arguments) {
   const Value value = symbolArgument(in, arguments[0]).symbol()->value;
@@ -69,8 +67,7 @@ constexpr Builtin kTable[] = {
     {"setq", setq, "(setq nom valeur [nom valeur...])", "Affecte des valeurs à des symboles."},
     {"set", set, 2, 2, "(set symbole valeur)", "Affecte une valeur à un symbole donné par une expression."},
     {"defun", defun, "(defun nom ([param...] [/ local...]) expr...)", "Définit une fonction."},
-    {"defun-q", defunQ, "(defun-q nom ([param...] [/ local...]) expr...)",
-     "Définit une fonction gardée en liste."},
+    {"defun-q", defunQ, "(defun-q nom ([param...] [/ local...]) expr...)", "Définit une fonction gardée en liste."},
     {"lambda", lambda, "(lambda ([param...] [/ local...]) expr...)", "Crée une fonction sans nom."},
     {"defun-q-list-ref", defunQListRef, 1, 1, "(defun-q-list-ref 'nom)",
      "La liste d'une fonction définie par defun-q."},
@@ -80,8 +77,6 @@ constexpr Builtin kTable[] = {
 
 }  // namespace
 
-std::span<const Builtin> definitionForms() {
-  return kTable;
-}
+std::span<const Builtin> definitionForms() { return kTable; }
 
 }  // namespace atelier::lisp

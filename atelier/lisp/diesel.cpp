@@ -61,9 +61,10 @@ struct CompareRow {
   std::string_view name;
   Compare compare;
 };
-constexpr CompareRow kCompares[] = {{"=", [](double a, double b) { return a == b; }},  {"!=", [](double a, double b) { return a != b; }},
-                                    {"<", [](double a, double b) { return a < b; }},   {">", [](double a, double b) { return a > b; }},
-                                    {"<=", [](double a, double b) { return a <= b; }}, {">=", [](double a, double b) { return a >= b; }}};
+constexpr CompareRow kCompares[] = {
+    {"=", [](double a, double b) { return a == b; }},  {"!=", [](double a, double b) { return a != b; }},
+    {"<", [](double a, double b) { return a < b; }},   {">", [](double a, double b) { return a > b; }},
+    {"<=", [](double a, double b) { return a <= b; }}, {">=", [](double a, double b) { return a >= b; }}};
 
 class Evaluator {
  public:
@@ -127,7 +128,11 @@ class Evaluator {
       if (row.name == name) return compared(row.compare, a);
     const std::size_t count = a.size();
     const auto first = count > 0 ? number(a[0]) : std::nullopt, second = count > 1 ? number(a[1]) : std::nullopt;
-    if (name == "IF") return count < 2 || count > 3 || !first ? std::nullopt : std::optional(*first != 0 ? a[1] : count == 3 ? a[2] : "");
+    if (name == "IF")
+      return count < 2 || count > 3 || !first ? std::nullopt
+                                              : std::optional(*first != 0  ? a[1]
+                                                              : count == 3 ? a[2]
+                                                                           : "");
     if (name == "EQ") return count == 2 ? std::optional<std::string>(a[0] == a[1] ? "1" : "0") : std::nullopt;
     if (name == "FIX") return count == 1 && first ? std::optional(text(std::trunc(*first))) : std::nullopt;
     if (name == "STRLEN") return count == 1 ? std::optional(std::to_string(characters(a[0]))) : std::nullopt;
@@ -137,12 +142,16 @@ class Evaluator {
     if (name == "EDTIME") return count == 2 && first ? std::optional(editTime(*first, a[1])) : std::nullopt;
     if (name == "SUBSTR") return part(a, second);
     if (name == "INDEX") return indexed(a, first);
-    if (name == "NTH") return first && *first >= 0 && *first < static_cast<double>(count) - 1 ? std::optional(a[static_cast<std::size_t>(*first) + 1]) : std::nullopt;
+    if (name == "NTH")
+      return first && *first >= 0 && *first < static_cast<double>(count) - 1
+                 ? std::optional(a[static_cast<std::size_t>(*first) + 1])
+                 : std::nullopt;
     if (name == "EVAL" && count == 1) {
       std::size_t at = 0;
       return depth_ == kDeepest ? std::nullopt : std::optional(nested(a[0], at));
     }
-    if ((name == "RTOS" || name == "ANGTOS") && first) return formatted(name == "RTOS" ? host_.distance : host_.angle, a, *first);
+    if ((name == "RTOS" || name == "ANGTOS") && first)
+      return formatted(name == "RTOS" ? host_.distance : host_.angle, a, *first);
     constexpr std::string_view kOthers[] = {"EVAL", "RTOS", "ANGTOS"};
     isKnown_ = std::find(std::begin(kOthers), std::end(kOthers), name) != std::end(kOthers);
     return std::nullopt;
@@ -194,8 +203,10 @@ class Evaluator {
     return std::string(rest.substr(0, rest.find(',')));
   }
 
-  static std::optional<std::string> formatted(const std::function<std::string(double, int, int)>& format, const Texts& a, double value) {
-    const auto mode = a.size() > 1 ? number(a[1]) : std::optional(-1.0), precision = a.size() > 2 ? number(a[2]) : std::optional(-1.0);
+  static std::optional<std::string> formatted(const std::function<std::string(double, int, int)>& format,
+                                              const Texts& a, double value) {
+    const auto mode = a.size() > 1 ? number(a[1]) : std::optional(-1.0),
+               precision = a.size() > 2 ? number(a[2]) : std::optional(-1.0);
     if (!mode || !precision || a.size() > 3 || std::abs(*mode) > 10 || std::abs(*precision) > 20) return std::nullopt;
     return format(value, static_cast<int>(*mode), static_cast<int>(*precision));
   }
@@ -220,8 +231,10 @@ std::string dieselText(const DieselHost& host, std::string_view macro) {
 std::string editTime(double julian, std::string_view format) {
   if (!(julian >= 0 && julian < 1e7)) return {};
   constexpr const char* kDays[] = {"lundi", "mardi", "mercredi", "jeudi", "vendredi", "samedi", "dimanche"};
-  constexpr const char* kMonths[] = {"janvier", "février", "mars", "avril", "mai", "juin", "juillet", "août", "septembre", "octobre", "novembre", "décembre"};
-  constexpr const char* kShortMonths[] = {"janv", "févr", "mars", "avr", "mai", "juin", "juil", "août", "sept", "oct", "nov", "déc"};
+  constexpr const char* kMonths[] = {"janvier", "février", "mars",      "avril",   "mai",      "juin",
+                                     "juillet", "août",    "septembre", "octobre", "novembre", "décembre"};
+  constexpr const char* kShortMonths[] = {"janv", "févr", "mars", "avr", "mai", "juin",
+                                          "juil", "août", "sept", "oct", "nov", "déc"};
   // Day number to date: Fliegel and Van Flandern (1968), inverse formula.
   const int number = static_cast<int>(julian);
   const int millis = std::min(static_cast<int>(std::lround((julian - number) * 86400000)), 86399999);
@@ -230,22 +243,39 @@ std::string editTime(double julian, std::string_view format) {
   l -= (146097 * n + 3) / 4;
   const int i = 4000 * (l + 1) / 1461001;
   l = l - 1461 * i / 4 + 31;
-  const int j = 80 * l / 2447, day = l - 2447 * j / 80, month = j + 2 - 12 * (j / 11), year = 100 * (n - 49) + i + j / 11;
+  const int j = 80 * l / 2447, day = l - 2447 * j / 80, month = j + 2 - 12 * (j / 11),
+            year = 100 * (n - 49) + i + j / 11;
   const int hour = millis / 3600000, minute = millis / 60000 % 60, second = millis / 1000 % 60;
   const std::size_t weekday = static_cast<std::size_t>(number % 7), m = static_cast<std::size_t>(month - 1);
-  const bool half = upperCase(format).find("AM/PM") != std::string::npos || upperCase(format).find("A/P") != std::string::npos;
+  const bool half =
+      upperCase(format).find("AM/PM") != std::string::npos || upperCase(format).find("A/P") != std::string::npos;
   const int shown = half ? (hour + 11) % 12 + 1 : hour;
   const struct {
     std::string_view key;  // longest first
     std::string value;
-  } rows[] = {{"MONTH", kMonths[m]},  {"AM/PM", hour < 12 ? "AM" : "PM"}, {"am/pm", hour < 12 ? "am" : "pm"}, {"YYYY", padded(year, 4)},
-              {"DDDD", kDays[weekday]}, {"MSEC", padded(millis % 1000, 3)}, {"DDD", std::string(kDays[weekday]).substr(0, 3)}, {"MON", kShortMonths[m]},
-              {"A/P", hour < 12 ? "A" : "P"}, {"a/p", hour < 12 ? "a" : "p"}, {"YY", padded(year % 100)}, {"DD", padded(day)},
-              {"MO", padded(month)},   {"HH", padded(shown)}, {"MM", padded(minute)}, {"SS", padded(second)},
-              {"D", std::to_string(day)}, {"M", std::to_string(month)}, {"H", std::to_string(shown)}};
+  } rows[] = {{"MONTH", kMonths[m]},
+              {"AM/PM", hour < 12 ? "AM" : "PM"},
+              {"am/pm", hour < 12 ? "am" : "pm"},
+              {"YYYY", padded(year, 4)},
+              {"DDDD", kDays[weekday]},
+              {"MSEC", padded(millis % 1000, 3)},
+              {"DDD", std::string(kDays[weekday]).substr(0, 3)},
+              {"MON", kShortMonths[m]},
+              {"A/P", hour < 12 ? "A" : "P"},
+              {"a/p", hour < 12 ? "a" : "p"},
+              {"YY", padded(year % 100)},
+              {"DD", padded(day)},
+              {"MO", padded(month)},
+              {"HH", padded(shown)},
+              {"MM", padded(minute)},
+              {"SS", padded(second)},
+              {"D", std::to_string(day)},
+              {"M", std::to_string(month)},
+              {"H", std::to_string(shown)}};
   std::string out;
   while (!format.empty()) {
-    const auto row = std::find_if(std::begin(rows), std::end(rows), [&](const auto& r) { return format.starts_with(r.key); });
+    const auto row =
+        std::find_if(std::begin(rows), std::end(rows), [&](const auto& r) { return format.starts_with(r.key); });
     out += row == std::end(rows) ? std::string(1, format.front()) : row->value;
     format.remove_prefix(row == std::end(rows) ? 1 : row->key.size());
   }

@@ -9,8 +9,8 @@ namespace atelier::lisp {
 
 // What the language asks of its host: texts, empty when there is none.
 struct DieselHost {
-  std::function<std::string(std::string_view)> variable;     // getvar, upper-case name
-  std::function<std::string(std::string_view)> environment;  // getenv
+  std::function<std::string(std::string_view)> variable;                        // getvar, upper-case name
+  std::function<std::string(std::string_view)> environment;                     // getenv
   std::function<std::string(double, int mode, int precision)> distance, angle;  // rtos, angtos; -1: as the drawing says
 };
 

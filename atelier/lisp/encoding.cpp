@@ -9,10 +9,10 @@ namespace atelier::lisp {
 namespace {
 
 // Bytes 0x80 to 0x9f; the others are Latin-1.
-constexpr std::array<std::uint16_t, 32> kHigh = {
-    0x20ac, 0x0081, 0x201a, 0x0192, 0x201e, 0x2026, 0x2020, 0x2021, 0x02c6, 0x2030, 0x0160,
-    0x2039, 0x0152, 0x008d, 0x017d, 0x008f, 0x0090, 0x2018, 0x2019, 0x201c, 0x201d, 0x2022,
-    0x2013, 0x2014, 0x02dc, 0x2122, 0x0161, 0x203a, 0x0153, 0x009d, 0x017e, 0x0178};
+constexpr std::array<std::uint16_t, 32> kHigh = {0x20ac, 0x0081, 0x201a, 0x0192, 0x201e, 0x2026, 0x2020, 0x2021,
+                                                 0x02c6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008d, 0x017d, 0x008f,
+                                                 0x0090, 0x2018, 0x2019, 0x201c, 0x201d, 0x2022, 0x2013, 0x2014,
+                                                 0x02dc, 0x2122, 0x0161, 0x203a, 0x0153, 0x009d, 0x017e, 0x0178};
 
 // Length of a UTF-8 sequence by its first byte, 0 for a byte that begins none.
 std::size_t sequenceLength(unsigned char lead) {
@@ -23,9 +23,7 @@ std::size_t sequenceLength(unsigned char lead) {
   return lead < 0xf5 ? 4 : 0;
 }
 
-bool isContinuation(char byte) {
-  return (static_cast<unsigned char>(byte) & 0xc0) == 0x80;
-}
+bool isContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xc0) == 0x80; }
 
 template <class Map>
 std::string mapped(std::string_view utf8, Map map) {
@@ -52,8 +50,7 @@ bool isValidUtf8(std::string_view bytes) {
     for (std::size_t k = 1; k < length; ++k)
       if (!isContinuation(bytes[i + k])) return false;
     const auto second = length > 1 ? static_cast<unsigned char>(bytes[i + 1]) : 0;
-    if ((lead == 0xe0 && second < 0xa0) || (lead == 0xed && second > 0x9f))
-      return false;  // overlong, surrogates
+    if ((lead == 0xe0 && second < 0xa0) || (lead == 0xed && second > 0x9f)) return false;  // overlong, surrogates
     if ((lead == 0xf0 && second < 0x90) || (lead == 0xf4 && second > 0x8f)) return false;
     i += length;
   }

@@ -17,8 +17,7 @@ class Error : public std::runtime_error {
     Syntax      // the text could not be read; file and line say where the open form began
   };
 
-  explicit Error(const std::string& message, Kind kind_ = Kind::Failure)
-      : std::runtime_error(message), kind(kind_) {}
+  explicit Error(const std::string& message, Kind kind_ = Kind::Failure) : std::runtime_error(message), kind(kind_) {}
 
   std::string message() const { return what(); }
 

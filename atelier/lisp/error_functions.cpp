@@ -17,18 +17,14 @@ Value catchAll(Interpreter& in, Arguments arguments) {
   return in.applyCatching(arguments[0], values.values());
 }
 
-Value isError(Interpreter& in, Arguments arguments) {
-  return in.boolean(arguments[0].isErrorObject());
-}
+Value isError(Interpreter& in, Arguments arguments) { return in.boolean(arguments[0].isErrorObject()); }
 
 Value errorMessage(Interpreter& in, Arguments arguments) {
   if (!arguments[0].isErrorObject()) in.failType("error-object:", arguments[0]);
   return in.string(*static_cast<const std::string*>(arguments[0].selection().get()));
 }
 
-Value quit(Interpreter& in, Arguments) {
-  in.fail("quit / exit abort", Error::Kind::Exit);
-}
+Value quit(Interpreter& in, Arguments) { in.fail("quit / exit abort", Error::Kind::Exit); }
 
 constexpr Builtin kTable[] = {
     {"vl-catch-all-apply", catchAll, 1, 2, "(vl-catch-all-apply fonction [liste])",
@@ -43,8 +39,6 @@ constexpr Builtin kTable[] = {
 
 }  // namespace
 
-std::span<const Builtin> errorFamily() {
-  return kTable;
-}
+std::span<const Builtin> errorFamily() { return kTable; }
 
 }  // namespace atelier::lisp

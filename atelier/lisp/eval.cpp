@@ -11,14 +11,10 @@ Value Interpreter::evalForm(Value form) {
   const Value head = form.car();
   const Value function = head.isSymbol() ? head.symbol()->value : head;
   switch (function.tag()) {
-    case Value::kSubr:
-      return evalSubr(form, function.primitive());
-    case Value::kSpecial:
-      return function.primitive()->special(*this, form.cdr());
-    case Value::kUserSubr:
-      return evalUser(form, function);
-    default:
-      return evalOther(form);
+    case Value::kSubr: return evalSubr(form, function.primitive());
+    case Value::kSpecial: return function.primitive()->special(*this, form.cdr());
+    case Value::kUserSubr: return evalUser(form, function);
+    default: return evalOther(form);
   }
 }
 
@@ -126,8 +122,7 @@ Value Interpreter::lambdaOf(Value function) const {
 bool Interpreter::isFunction(Value value) {
   if (value.isSymbol()) value = value.symbol()->value;
   if (value.isPrimitive() || value.isUserSubr()) return true;
-  return value.isPair() &&
-         (value.car().isList() || (value.car().isSymbol() && value.car().name() == "LAMBDA"));
+  return value.isPair() && (value.car().isList() || (value.car().isSymbol() && value.car().name() == "LAMBDA"));
 }
 
 Value Interpreter::apply(Value function, Arguments arguments) {
@@ -192,8 +187,7 @@ Value Interpreter::callExternal(Primitive* primitive, Arguments arguments) {
 
 void Interpreter::checkCount(const Primitive* primitive, std::size_t count) {
   if (count < static_cast<std::size_t>(primitive->least)) fail("too few arguments");
-  if (primitive->most != kAnyNumber && count > static_cast<std::size_t>(primitive->most))
-    fail("too many arguments");
+  if (primitive->most != kAnyNumber && count > static_cast<std::size_t>(primitive->most)) fail("too many arguments");
 }
 
 void Interpreter::noFunction(Value head) {

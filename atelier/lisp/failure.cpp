@@ -23,9 +23,7 @@ std::string shortened(Value form) {
 
 }  // namespace
 
-void Interpreter::fail(const std::string& message, Error::Kind kind) {
-  fail(Error(message, kind));
-}
+void Interpreter::fail(const std::string& message, Error::Kind kind) { fail(Error(message, kind)); }
 
 void Interpreter::failType(const char* predicate, Value found) {
   fail("bad argument type: " + std::string(predicate) + " " + prin1(found));
@@ -80,8 +78,7 @@ void Interpreter::callErrorFunction(Error& error) {
   try {
     const Value message = string(error.message());
     apply(function, {&message, 1});
-  } catch (const std::exception&) {
-  }
+  } catch (const std::exception&) {}
   restore(before);
   stackEnd_ -= kErrorReserve;
   bindingsEnd_ -= kErrorReserve;
@@ -96,9 +93,7 @@ void Interpreter::restore(const State& state) {
   catching_ = state.catching;
 }
 
-void Interpreter::overflow() {
-  fail("hard stack overflow");
-}
+void Interpreter::overflow() { fail("hard stack overflow"); }
 
 void Interpreter::attend() {
   if (attention_.fetch_and(~kPoll) & kPoll && poll_) poll_();
@@ -165,8 +160,6 @@ Value Interpreter::call(Value function, Arguments arguments) {
   return border([&] { return apply(function, arguments); });
 }
 
-Value Interpreter::call(std::string_view name, Arguments arguments) {
-  return call(symbol(name), arguments);
-}
+Value Interpreter::call(std::string_view name, Arguments arguments) { return call(symbol(name), arguments); }
 
 }  // namespace atelier::lisp

@@ -7,11 +7,10 @@ namespace atelier::lisp {
 
 void addBuiltins(Interpreter& in) {
   for (const auto family :
-       {controlForms,     definitionForms, arithmeticFamily,   functionsFamily,  bitsFamily,
-        comparisonFamily, listFamily,      accessFamily,       mappingFamily,    sortingFamily,
-        symbolFamily,     stringFamily,    stringSearchFamily, conversionFamily, unitFamily,
-        geometryFamily,   errorFamily,     debuggingFamily,    outputFamily,     fileFamily,
-        fileSystemFamily, systemFamily})
+       {controlForms,       definitionForms,  arithmeticFamily, functionsFamily, bitsFamily,   comparisonFamily,
+        listFamily,         accessFamily,     mappingFamily,    sortingFamily,   symbolFamily, stringFamily,
+        stringSearchFamily, conversionFamily, unitFamily,       geometryFamily,  errorFamily,  debuggingFamily,
+        outputFamily,       fileFamily,       fileSystemFamily, systemFamily})
     in.add(family());
 }
 

@@ -61,10 +61,8 @@ std::optional<std::uint32_t> FileObject::readCharacter() {
 }
 
 void FileObject::write(std::string_view utf8) {
-  if (utf8_)
-    out_ << utf8;
-  else
-    out_ << toWindows1252(utf8);
+  if (utf8_) out_ << utf8;
+  else out_ << toWindows1252(utf8);
 }
 
 void FileObject::close() {

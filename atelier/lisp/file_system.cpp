@@ -18,9 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string pathArgument(Interpreter& in, Value value) {
-  return nativePath(stringArgument(in, value));
-}
+std::string pathArgument(Interpreter& in, Value value) { return nativePath(stringArgument(in, value)); }
 
 Value fileDelete(Interpreter& in, Arguments arguments) {
   const std::string path = pathArgument(in, arguments[0]);
@@ -63,14 +61,13 @@ Value fileTime(Interpreter& in, Arguments arguments) {
   const auto changed = fs::last_write_time(pathArgument(in, arguments[0]), error);
   if (error) return nil;
   const auto system = std::chrono::file_clock::to_sys(changed);
-  const std::time_t seconds = std::chrono::system_clock::to_time_t(
-      std::chrono::time_point_cast<std::chrono::system_clock::duration>(system));
+  const std::time_t seconds =
+      std::chrono::system_clock::to_time_t(std::chrono::time_point_cast<std::chrono::system_clock::duration>(system));
   std::tm local{};
   localtime_r(&seconds, &local);
   const auto number = [](int value) { return Value::integer(value); };
-  return in.list({number(local.tm_year + 1900), number(local.tm_mon + 1), number(local.tm_wday),
-                  number(local.tm_mday), number(local.tm_hour), number(local.tm_min), number(local.tm_sec),
-                  number(0)});
+  return in.list({number(local.tm_year + 1900), number(local.tm_mon + 1), number(local.tm_wday), number(local.tm_mday),
+                  number(local.tm_hour), number(local.tm_min), number(local.tm_sec), number(0)});
 }
 
 Value isFolder(Interpreter& in, Arguments arguments) {
@@ -100,9 +97,8 @@ Value directoryFiles(Interpreter& in, Arguments arguments) {
   }
   if (!fs::is_directory(folder, error)) return nil;
   // "*.*" means every file, also those without an extension.
-  std::erase_if(names, [&](const std::string& name) {
-    return wanted != "*.*" && !matchesFileName(upperCase(name), wanted);
-  });
+  std::erase_if(names,
+                [&](const std::string& name) { return wanted != "*.*" && !matchesFileName(upperCase(name), wanted); });
   std::sort(names.begin(), names.end());
   ValueStack found(in);
   for (const std::string& name : names) found.push(in.string(name));
@@ -130,8 +126,7 @@ Value fileBase(Interpreter& in, Arguments arguments) {
 Value fileDirectory(Interpreter& in, Arguments arguments) {
   std::string_view path = stringArgument(in, arguments[0]);
   path = path.substr(0, nameStart(path));
-  const bool isRoot =
-      path.size() == 1 || path.ends_with(":") || path.ends_with(":\\") || path.ends_with(":/");
+  const bool isRoot = path.size() == 1 || path.ends_with(":") || path.ends_with(":\\") || path.ends_with(":/");
   if (!path.empty() && !isRoot) path.remove_suffix(1);
   return in.string(path);
 }
@@ -144,8 +139,7 @@ Value fileExtension(Interpreter& in, Arguments arguments) {
 
 // A name that no file has yet: pattern with three digits more, folder, extension.
 Value makeTemporaryName(Interpreter& in, Arguments arguments) {
-  const Value pattern = optional(arguments, 0), directory = optional(arguments, 1),
-              ending = optional(arguments, 2);
+  const Value pattern = optional(arguments, 0), directory = optional(arguments, 1), ending = optional(arguments, 2);
   const fs::path given = pattern ? pathArgument(in, pattern) : std::string("$VL~~");
   std::error_code error;
   fs::path folder = directory ? fs::path(pathArgument(in, directory)) : given.parent_path();
@@ -165,25 +159,20 @@ constexpr Builtin kTable[] = {
     {"vl-file-copy", fileCopy, 2, 3, "(vl-file-copy source cible [ajouter])",
      "Copie un fichier, ou l'ajoute à un autre."},
     {"vl-file-size", fileSize, 1, 1, "(vl-file-size nom)", "Taille d'un fichier en octets, ou nil."},
-    {"vl-file-systime", fileTime, 1, 1, "(vl-file-systime nom)",
-     "Date et heure de la dernière modification."},
-    {"vl-file-directory-p", isFolder, 1, 1, "(vl-file-directory-p nom)",
-     "T si le nom est celui d'un dossier."},
+    {"vl-file-systime", fileTime, 1, 1, "(vl-file-systime nom)", "Date et heure de la dernière modification."},
+    {"vl-file-directory-p", isFolder, 1, 1, "(vl-file-directory-p nom)", "T si le nom est celui d'un dossier."},
     {"vl-mkdir", makeFolder, 1, 1, "(vl-mkdir dossier)", "Crée un dossier."},
     {"vl-directory-files", directoryFiles, 0, 3, "(vl-directory-files [dossier motif quoi])",
      "Les noms d'un dossier : -1 dossiers, 0 tous, 1 fichiers."},
     {"vl-filename-base", fileBase, 1, 1, "(vl-filename-base nom)", "Le nom sans dossier ni extension."},
     {"vl-filename-directory", fileDirectory, 1, 1, "(vl-filename-directory nom)", "Le dossier d'un nom."},
-    {"vl-filename-extension", fileExtension, 1, 1, "(vl-filename-extension nom)",
-     "L'extension d'un nom, ou nil."},
+    {"vl-filename-extension", fileExtension, 1, 1, "(vl-filename-extension nom)", "L'extension d'un nom, ou nil."},
     {"vl-filename-mktemp", makeTemporaryName, 0, 3, "(vl-filename-mktemp [modele dossier extension])",
      "Un nom de fichier qui n'existe pas encore."},
 };
 
 }  // namespace
 
-std::span<const Builtin> fileSystemFamily() {
-  return kTable;
-}
+std::span<const Builtin> fileSystemFamily() { return kTable; }
 
 }  // namespace atelier::lisp

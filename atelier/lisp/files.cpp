@@ -20,8 +20,7 @@ namespace {
 Value openFile(Interpreter& in, Arguments arguments) {
   const std::string path = nativePath(stringArgument(in, arguments[0]));
   const std::string mode = lowerCase(stringArgument(in, arguments[1]));
-  if (mode != "r" && mode != "w" && mode != "a")
-    in.fail("bad argument value: open mode: " + prin1(arguments[1]));
+  if (mode != "r" && mode != "w" && mode != "a") in.fail("bad argument value: open mode: " + prin1(arguments[1]));
   const Value encoding = optional(arguments, 2);
   const bool utf8 = encoding && lowerCase(stringArgument(in, encoding)).starts_with("utf8");
   auto file = FileObject::open(path, mode[0], utf8);
@@ -92,15 +91,12 @@ constexpr Builtin kTable[] = {
     {"close", closeFile, 1, 1, "(close fichier)", "Ferme un fichier."},
     {"read-line", readLine, 0, 1, "(read-line [fichier])", "Lit une ligne, nil à la fin."},
     {"read-char", readChar, 0, 1, "(read-char [fichier])", "Lit un caractère et renvoie son code."},
-    {"findfile", findfile, 1, 1, "(findfile nom)",
-     "Le chemin complet d'un fichier du chemin de recherche, ou nil."},
+    {"findfile", findfile, 1, 1, "(findfile nom)", "Le chemin complet d'un fichier du chemin de recherche, ou nil."},
     {"load", loadFunction, 1, 2, "(load nom [sinon])", "Charge un fichier AutoLISP."},
 };
 
 }  // namespace
 
-std::span<const Builtin> fileFamily() {
-  return kTable;
-}
+std::span<const Builtin> fileFamily() { return kTable; }
 
 }  // namespace atelier::lisp

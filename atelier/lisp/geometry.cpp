@@ -62,8 +62,6 @@ constexpr Builtin kTable[] = {
 
 }  // namespace
 
-std::span<const Builtin> geometryFamily() {
-  return kTable;
-}
+std::span<const Builtin> geometryFamily() { return kTable; }
 
 }  // namespace atelier::lisp

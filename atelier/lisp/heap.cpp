@@ -28,8 +28,8 @@ constexpr std::size_t kLeastBytes = std::size_t{32} << 20;
 }  // namespace
 
 std::size_t countCharacters(std::string_view utf8) {
-  return static_cast<std::size_t>(std::count_if(
-      utf8.begin(), utf8.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xc0) != 0x80; }));
+  return static_cast<std::size_t>(
+      std::count_if(utf8.begin(), utf8.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xc0) != 0x80; }));
 }
 
 Heap::~Heap() {
@@ -86,8 +86,7 @@ bool Heap::nextRun(Pool& pool) {
 
 void Heap::refill(Kind kind, Value keep1, Value keep2) {
   Pool& pool = pools_[kind];
-  const bool enough =
-      allocated_ > std::max(kLeastCells, live_) || bytesAllocated_ > std::max(kLeastBytes, bytesLive_);
+  const bool enough = allocated_ > std::max(kLeastCells, live_) || bytesAllocated_ > std::max(kLeastBytes, bytesLive_);
   if (!enough && nextRun(pool)) return;
   if (enough) {
     pending_.push_back(keep1);
@@ -127,8 +126,7 @@ void Heap::release(TextBytes* bytes) {
 Value Heap::textCell(TextBytes* bytes, std::size_t size, std::size_t characters) {
   ++bytes->references;  // before the cell, whose allocation may collect the string that shares the bytes
   Cell* memory = cell(kTexts);
-  Text* text =
-      new (memory) Text{bytes, static_cast<std::uint32_t>(size), static_cast<std::uint32_t>(characters)};
+  Text* text = new (memory) Text{bytes, static_cast<std::uint32_t>(size), static_cast<std::uint32_t>(characters)};
   return Value::pointing(text, Value::kText);
 }
 
@@ -147,8 +145,7 @@ Value Heap::concatenate(const Value* parts, std::size_t count) {
   if (size > 0x3fff'ffff) throw std::length_error("string too long");
   Text* first = count ? parts[0].string() : nullptr;
   const bool extends = first && first->size == first->bytes->used && size <= first->bytes->capacity;
-  TextBytes* bytes =
-      extends ? first->bytes : newBytes(0, size < 32 ? std::max<std::size_t>(size, 4) : 2 * size);
+  TextBytes* bytes = extends ? first->bytes : newBytes(0, size < 32 ? std::max<std::size_t>(size, 4) : 2 * size);
   std::size_t part = extends ? 1 : 0;
   for (bytes->used = extends ? first->size : 0; part < count; ++part) {
     const Text* text = parts[part].string();
@@ -168,9 +165,7 @@ bool Heap::setMark(const void* cell) {
   return true;
 }
 
-bool Heap::isMarked(const void* cell) {
-  return blockOf(cell)->marks[indexOf(cell) / 64] >> (indexOf(cell) % 64) & 1;
-}
+bool Heap::isMarked(const void* cell) { return blockOf(cell)->marks[indexOf(cell) / 64] >> (indexOf(cell) % 64) & 1; }
 
 void Heap::mark(Value value) {
   for (;;) {
@@ -179,10 +174,8 @@ void Heap::mark(Value value) {
       case Value::kUserSubr: {
         Pair* pair = value.pair();
         if (!setMark(pair)) return;
-        if (pair->car.isPair() || pair->car.isUserSubr())
-          pending_.push_back(pair->car);
-        else
-          mark(pair->car);
+        if (pair->car.isPair() || pair->car.isUserSubr()) pending_.push_back(pair->car);
+        else mark(pair->car);
         value = pair->cdr;
         continue;
       }
@@ -190,11 +183,8 @@ void Heap::mark(Value value) {
       case Value::kEntity:
       case Value::kSelection:
       case Value::kFile:
-      case Value::kError:
-        setMark(value.box());
-        return;
-      default:
-        return;
+      case Value::kError: setMark(value.box()); return;
+      default: return;
     }
   }
 }
@@ -209,16 +199,14 @@ void Heap::drain() {
 
 const Heap::Block* Heap::blockAt(std::uintptr_t address) const {
   const std::uintptr_t base = address & ~(kBlockSize - 1);
-  return std::binary_search(blocks_.begin(), blocks_.end(), base) ? reinterpret_cast<const Block*>(base)
-                                                                  : nullptr;
+  return std::binary_search(blocks_.begin(), blocks_.end(), base) ? reinterpret_cast<const Block*>(base) : nullptr;
 }
 
 KAVEL_NO_ASAN __attribute__((noinline)) void Heap::markConservatively(const void* low, const void* high) {
   if (!low) low = __builtin_frame_address(0);  // below it lie the registers that the caller has spilled
   if (blocks_.empty()) return;
   const std::uintptr_t least = blocks_.front(), most = blocks_.back() + kBlockSize;
-  auto word =
-      reinterpret_cast<const std::uintptr_t*>(reinterpret_cast<std::uintptr_t>(low) & ~std::uintptr_t{7});
+  auto word = reinterpret_cast<const std::uintptr_t*>(reinterpret_cast<std::uintptr_t>(low) & ~std::uintptr_t{7});
   for (; word < static_cast<const std::uintptr_t*>(high); ++word) {
     const std::uintptr_t address = *word & ~std::uintptr_t{15};
     if (address < least || address >= most) continue;
@@ -264,10 +252,8 @@ void Heap::releaseCell(Kind kind, Cell* cell) {
 void Heap::sweepBlock(Block* block) {
   for (std::size_t index = kFirstCell; index < kCells; ++index) {
     const std::uint64_t marks = block->marks[index / 64];
-    if (marks == ~std::uint64_t{0})
-      index |= 63;
-    else if (!(marks >> (index % 64) & 1))
-      releaseCell(block->kind, cellAt(block, index));
+    if (marks == ~std::uint64_t{0}) index |= 63;
+    else if (!(marks >> (index % 64) & 1)) releaseCell(block->kind, cellAt(block, index));
   }
 }
 

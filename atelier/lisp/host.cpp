@@ -8,9 +8,7 @@
 
 namespace atelier::lisp {
 
-void StandardConsole::write(std::string_view utf8) {
-  std::cout << utf8 << std::flush;
-}
+void StandardConsole::write(std::string_view utf8) { std::cout << utf8 << std::flush; }
 
 std::optional<std::string> StandardConsole::readLine() {
   std::string line;

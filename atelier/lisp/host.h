@@ -68,9 +68,8 @@ class SystemVariables {
 
 class DefaultVariables : public SystemVariables {
  public:
-  std::map<std::string, Setting, std::less<>> settings{{"LUNITS", 2}, {"LUPREC", 4},   {"AUNITS", 0},
-                                                       {"AUPREC", 0}, {"UNITMODE", 0}, {"ANGBASE", 0.0},
-                                                       {"ANGDIR", 0}, {"DIMZIN", 0}};
+  std::map<std::string, Setting, std::less<>> settings{{"LUNITS", 2},   {"LUPREC", 4},    {"AUNITS", 0}, {"AUPREC", 0},
+                                                       {"UNITMODE", 0}, {"ANGBASE", 0.0}, {"ANGDIR", 0}, {"DIMZIN", 0}};
   std::optional<Setting> get(std::string_view name) const override;
 };
 

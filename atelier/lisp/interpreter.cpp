@@ -188,8 +188,6 @@ void Interpreter::markRoots(Heap& heap) {
   if (machine_->running()) heap.markConservatively(machine_->outer().low, machine_->outer().high);
 }
 
-void Interpreter::afterMarking(Heap&) {
-  sources_->purge();
-}
+void Interpreter::afterMarking(Heap&) { sources_->purge(); }
 
 }  // namespace atelier::lisp

@@ -73,9 +73,7 @@ class Interpreter final : private RootSource {
   // --- Making values.
   Value cons(Value car, Value cdr) { return Value::pointing(heap_.pair(car, cdr), Value::kPair); }
   Value list(Arguments elements, Value tail = nil);
-  Value list(std::initializer_list<Value> elements) {
-    return list(Arguments(elements.begin(), elements.size()));
-  }
+  Value list(std::initializer_list<Value> elements) { return list(Arguments(elements.begin(), elements.size())); }
   Value string(std::string_view utf8) { return heap_.string(utf8); }
   Value point(double x, double y) { return list({Value::real(x), Value::real(y)}); }
   Value point(double x, double y, double z) { return list({Value::real(x), Value::real(y), Value::real(z)}); }

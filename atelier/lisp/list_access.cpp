@@ -11,10 +11,8 @@ Value access(Interpreter& in, Arguments arguments) {
   constexpr char path[] = {kPath...};
   Value value = arguments[0];
   for (std::size_t i = sizeof...(kPath); i-- > 0;) {
-    if (value.isPair())
-      value = path[i] == 'a' ? value.car() : value.cdr();
-    else
-      listArgument(in, value);
+    if (value.isPair()) value = path[i] == 'a' ? value.car() : value.cdr();
+    else listArgument(in, value);
   }
   return value;
 }
@@ -49,14 +47,11 @@ constexpr Builtin kTable[] = {
     {"cddaar", access<'d', 'd', 'a', 'a'>, 1, 1, "(cddaar liste)", "(cdr (cdaar liste))."},
     {"cddadr", access<'d', 'd', 'a', 'd'>, 1, 1, "(cddadr liste)", "(cdr (cdadr liste))."},
     {"cdddar", access<'d', 'd', 'd', 'a'>, 1, 1, "(cdddar liste)", "(cdr (cddar liste))."},
-    {"cddddr", access<'d', 'd', 'd', 'd'>, 1, 1, "(cddddr liste)",
-     "La liste sans ses quatre premiers éléments."},
+    {"cddddr", access<'d', 'd', 'd', 'd'>, 1, 1, "(cddddr liste)", "La liste sans ses quatre premiers éléments."},
 };
 
 }  // namespace
 
-std::span<const Builtin> accessFamily() {
-  return kTable;
-}
+std::span<const Builtin> accessFamily() { return kTable; }
 
 }  // namespace atelier::lisp

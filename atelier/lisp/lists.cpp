@@ -29,21 +29,11 @@ void eachCell(Interpreter& in, Value list, Visit visit) {
   if (rest) in.fail("bad list: " + prin1(list));
 }
 
-Value consFunction(Interpreter& in, Arguments arguments) {
-  return in.cons(arguments[0], arguments[1]);
-}
-Value listFunction(Interpreter& in, Arguments arguments) {
-  return in.list(arguments);
-}
-Value isList(Interpreter& in, Arguments arguments) {
-  return in.boolean(arguments[0].isList());
-}
-Value isPair(Interpreter& in, Arguments arguments) {
-  return in.boolean(arguments[0].isPair());
-}
-Value isAtom(Interpreter& in, Arguments arguments) {
-  return in.boolean(!arguments[0].isPair());
-}
+Value consFunction(Interpreter& in, Arguments arguments) { return in.cons(arguments[0], arguments[1]); }
+Value listFunction(Interpreter& in, Arguments arguments) { return in.list(arguments); }
+Value isList(Interpreter& in, Arguments arguments) { return in.boolean(arguments[0].isList()); }
+Value isPair(Interpreter& in, Arguments arguments) { return in.boolean(arguments[0].isPair()); }
+Value isAtom(Interpreter& in, Arguments arguments) { return in.boolean(!arguments[0].isPair()); }
 
 Value length(Interpreter& in, Arguments arguments) {
   std::int32_t count = 0;
@@ -115,8 +105,7 @@ Value assoc(Interpreter& in, Arguments arguments) {
 Value subst(Interpreter& in, Arguments arguments) {
   ValueStack elements(in);
   Value rest = listArgument(in, arguments[2]);
-  for (; rest.isPair(); rest = rest.cdr())
-    elements.push(equal(arguments[1], rest.car()) ? arguments[0] : rest.car());
+  for (; rest.isPair(); rest = rest.cdr()) elements.push(equal(arguments[1], rest.car()) ? arguments[0] : rest.car());
   return elements.list(rest && equal(arguments[1], rest) ? arguments[0] : rest);
 }
 
@@ -148,14 +137,12 @@ constexpr Builtin kTable[] = {
     {"cons", consFunction, 2, 2, "(cons premier reste)",
      "Ajoute un élément en tête d'une liste, ou fait une paire pointée."},
     {"list", listFunction, 0, kAnyNumber, "(list [valeur...])", "Liste des valeurs."},
-    {"vl-list*", listStar, 1, kAnyNumber, "(vl-list* valeur... reste)",
-     "Liste des valeurs terminée par la dernière."},
+    {"vl-list*", listStar, 1, kAnyNumber, "(vl-list* valeur... reste)", "Liste des valeurs terminée par la dernière."},
     {"listp", isList, 1, 1, "(listp valeur)", "T si la valeur est une liste ou nil."},
     {"vl-consp", isPair, 1, 1, "(vl-consp valeur)", "T si la valeur est une liste non vide."},
     {"atom", isAtom, 1, 1, "(atom valeur)", "T si la valeur n'est pas une liste non vide."},
     {"length", length, 1, 1, "(length liste)", "Nombre d'éléments d'une liste."},
-    {"vl-list-length", listLength, 1, 1, "(vl-list-length liste)",
-     "Nombre d'éléments, ou nil pour une liste pointée."},
+    {"vl-list-length", listLength, 1, 1, "(vl-list-length liste)", "Nombre d'éléments, ou nil pour une liste pointée."},
     {"append", append, 0, kAnyNumber, "(append [liste...])", "Met des listes bout à bout."},
     {"reverse", reverse, 1, 1, "(reverse liste)", "La liste à l'envers."},
     {"nth", nth, 2, 2, "(nth n liste)", "L'élément de rang n, compté de zéro."},
@@ -164,14 +151,11 @@ constexpr Builtin kTable[] = {
     {"assoc", assoc, 2, 2, "(assoc clef liste)", "La paire qui commence par la clef."},
     {"subst", subst, 3, 3, "(subst nouveau ancien liste)", "La liste où le nouveau remplace l'ancien."},
     {"vl-remove", remove, 2, 2, "(vl-remove valeur liste)", "La liste sans les éléments égaux à la valeur."},
-    {"vl-position", position, 2, 2, "(vl-position valeur liste)",
-     "Le rang de la valeur dans la liste, ou nil."},
+    {"vl-position", position, 2, 2, "(vl-position valeur liste)", "Le rang de la valeur dans la liste, ou nil."},
 };
 
 }  // namespace
 
-std::span<const Builtin> listFamily() {
-  return kTable;
-}
+std::span<const Builtin> listFamily() { return kTable; }
 
 }  // namespace atelier::lisp

@@ -76,8 +76,7 @@ StackBounds MachineStack::current() {
 }
 
 MachineStack::MachineStack() {
-  void* memory =
-      mmap(nullptr, kSize, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+  void* memory = mmap(nullptr, kSize, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
   if (memory == MAP_FAILED) return;
   memory_ = static_cast<char*>(memory);
   mprotect(memory_, kGuard, PROT_NONE);
@@ -91,8 +90,7 @@ void MachineStack::run(const std::function<void()>& work) {
   if (running_ || !memory_) return work();
   const StackBounds before = current();
   Switch now{&work, nullptr, {}, {}};
-  outer_ = {static_cast<const char*>(static_cast<const void*>(&now)),
-            before.high};  // `now` holds the registers
+  outer_ = {static_cast<const char*>(static_cast<const void*>(&now)), before.high};  // `now` holds the registers
   getcontext(&now.inside);
   now.inside.uc_stack.ss_sp = memory_ + kGuard;
   now.inside.uc_stack.ss_size = kSize - kGuard;

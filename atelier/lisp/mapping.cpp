@@ -6,9 +6,7 @@
 namespace atelier::lisp {
 namespace {
 
-Value evalFunction(Interpreter& in, Arguments arguments) {
-  return in.eval(arguments[0]);
-}
+Value evalFunction(Interpreter& in, Arguments arguments) { return in.eval(arguments[0]); }
 
 Value applyFunction(Interpreter& in, Arguments arguments) {
   ValueStack values(in);
@@ -69,12 +67,8 @@ Value filter(Interpreter& in, Arguments arguments, bool wanted) {
   return kept.list();
 }
 
-Value removeIf(Interpreter& in, Arguments arguments) {
-  return filter(in, arguments, false);
-}
-Value removeIfNot(Interpreter& in, Arguments arguments) {
-  return filter(in, arguments, true);
-}
+Value removeIf(Interpreter& in, Arguments arguments) { return filter(in, arguments, false); }
+Value removeIfNot(Interpreter& in, Arguments arguments) { return filter(in, arguments, true); }
 
 Value findMember(Interpreter& in, Arguments arguments, bool wanted) {
   for (Value rest = listArgument(in, arguments[1]); rest.isPair(); rest = rest.cdr()) {
@@ -85,21 +79,15 @@ Value findMember(Interpreter& in, Arguments arguments, bool wanted) {
   return nil;
 }
 
-Value memberIf(Interpreter& in, Arguments arguments) {
-  return findMember(in, arguments, true);
-}
-Value memberIfNot(Interpreter& in, Arguments arguments) {
-  return findMember(in, arguments, false);
-}
+Value memberIf(Interpreter& in, Arguments arguments) { return findMember(in, arguments, true); }
+Value memberIfNot(Interpreter& in, Arguments arguments) { return findMember(in, arguments, false); }
 
 constexpr Builtin kTable[] = {
     {"eval", evalFunction, 1, 1, "(eval expr)", "Évalue une expression."},
-    {"apply", applyFunction, 2, 2, "(apply fonction liste)",
-     "Appelle la fonction avec les éléments de la liste."},
+    {"apply", applyFunction, 2, 2, "(apply fonction liste)", "Appelle la fonction avec les éléments de la liste."},
     {"mapcar", mapcar, 2, kAnyNumber, "(mapcar fonction liste...)",
      "Liste des résultats de la fonction, élément par élément."},
-    {"vl-some", some, 2, kAnyNumber, "(vl-some predicat liste...)",
-     "Le premier résultat qui ne vaut pas nil."},
+    {"vl-some", some, 2, kAnyNumber, "(vl-some predicat liste...)", "Le premier résultat qui ne vaut pas nil."},
     {"vl-every", every, 2, kAnyNumber, "(vl-every predicat liste...)", "T si le prédicat est vrai partout."},
     {"vl-remove-if", removeIf, 2, 2, "(vl-remove-if predicat liste)",
      "La liste sans les éléments qui vérifient le prédicat."},
@@ -113,8 +101,6 @@ constexpr Builtin kTable[] = {
 
 }  // namespace
 
-std::span<const Builtin> mappingFamily() {
-  return kTable;
-}
+std::span<const Builtin> mappingFamily() { return kTable; }
 
 }  // namespace atelier::lisp

@@ -9,10 +9,8 @@ namespace atelier::lisp {
 namespace {
 
 void emit(Interpreter& in, Value file, std::string_view text) {
-  if (file)
-    fileArgument(in, file, false).write(text);
-  else
-    in.console().write(text);
+  if (file) fileArgument(in, file, false).write(text);
+  else in.console().write(text);
 }
 
 Value princFunction(Interpreter& in, Arguments arguments) {
@@ -52,8 +50,8 @@ Value writeChar(Interpreter& in, Arguments arguments) {
   const std::int32_t code = integerArgument(in, arguments[0]);
   if (code < 0 || code > 0x10ffff) in.fail("bad argument value: character code: " + prin1(arguments[0]));
   std::string text;
-  appendUtf8(text, code < 256 ? windows1252CodePoint(static_cast<unsigned char>(code))
-                              : static_cast<std::uint32_t>(code));
+  appendUtf8(text,
+             code < 256 ? windows1252CodePoint(static_cast<unsigned char>(code)) : static_cast<std::uint32_t>(code));
   emit(in, optional(arguments, 1), text);
   return arguments[0];
 }
@@ -61,8 +59,7 @@ Value writeChar(Interpreter& in, Arguments arguments) {
 constexpr Builtin kTable[] = {
     {"princ", princFunction, 0, 2, "(princ [valeur [fichier]])", "Écrit une valeur pour qu'on la lise."},
     {"prin1", prin1Function, 0, 2, "(prin1 [valeur [fichier]])", "Écrit une valeur pour que read la relise."},
-    {"print", printFunction, 0, 2, "(print [valeur [fichier]])",
-     "Écrit à la ligne une valeur suivie d'un espace."},
+    {"print", printFunction, 0, 2, "(print [valeur [fichier]])", "Écrit à la ligne une valeur suivie d'un espace."},
     {"prompt", prompt, 1, 1, "(prompt chaine)", "Écrit un message sur la ligne de commande."},
     {"terpri", terpri, 0, 0, "(terpri)", "Passe à la ligne."},
     {"write-line", writeLine, 1, 2, "(write-line chaine [fichier])", "Écrit une ligne."},
@@ -71,8 +68,6 @@ constexpr Builtin kTable[] = {
 
 }  // namespace
 
-std::span<const Builtin> outputFamily() {
-  return kTable;
-}
+std::span<const Builtin> outputFamily() { return kTable; }
 
 }  // namespace atelier::lisp

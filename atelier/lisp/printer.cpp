@@ -13,24 +13,12 @@ void printQuoted(std::string& out, std::string_view text) {
   out.push_back('"');
   for (char c : text) {
     switch (c) {
-      case '"':
-        out += "\\\"";
-        break;
-      case '\\':
-        out += "\\\\";
-        break;
-      case '\n':
-        out += "\\n";
-        break;
-      case '\t':
-        out += "\\t";
-        break;
-      case '\r':
-        out += "\\r";
-        break;
-      case '\x1b':
-        out += "\\e";
-        break;
+      case '"': out += "\\\""; break;
+      case '\\': out += "\\\\"; break;
+      case '\n': out += "\\n"; break;
+      case '\t': out += "\\t"; break;
+      case '\r': out += "\\r"; break;
+      case '\x1b': out += "\\e"; break;
       default:
         if (const auto byte = static_cast<unsigned char>(c); byte < 32) {
           out += {'\\', '0', static_cast<char>('0' + byte / 8), static_cast<char>('0' + byte % 8)};
@@ -57,45 +45,20 @@ void printAtom(std::string& out, Value value, bool quoting) {
     out += std::string("#<") + kind + " @" + hexadecimal(value.bits() >> 4) + " " + name + ">";
   };
   switch (value.type()) {
-    case Type::Nil:
-      out += "nil";
-      break;
-    case Type::Integer:
-      out += integerText(value.integer());
-      break;
-    case Type::Real:
-      out += printReal(value.real());
-      break;
-    case Type::String:
-      quoting ? printQuoted(out, value.text()) : void(out += value.text());
-      break;
-    case Type::Symbol:
-      out += value.name();
-      break;
+    case Type::Nil: out += "nil"; break;
+    case Type::Integer: out += integerText(value.integer()); break;
+    case Type::Real: out += printReal(value.real()); break;
+    case Type::String: quoting ? printQuoted(out, value.text()) : void(out += value.text()); break;
+    case Type::Symbol: out += value.name(); break;
     case Type::Subr:
-    case Type::SpecialForm:
-      function("SUBR", value.primitive()->name);
-      break;
-    case Type::External:
-      function("EXRXSUBR", value.primitive()->name);
-      break;
-    case Type::UserSubr:
-      function("USUBR", value.cdr().isSymbol() ? value.cdr().name() : "-lambda-");
-      break;
-    case Type::EntityName:
-      out += "<Entity name: " + hexadecimal(value.entity()) + ">";
-      break;
-    case Type::SelectionSet:
-      out += "<Selection set: " + hexadecimal(value.bits() >> 4) + ">";
-      break;
-    case Type::File:
-      out += "#<file @" + hexadecimal(value.bits() >> 4) + ">";
-      break;
-    case Type::ErrorObject:
-      out += "#<%catch-all-apply-error%>";
-      break;
-    case Type::List:
-      break;
+    case Type::SpecialForm: function("SUBR", value.primitive()->name); break;
+    case Type::External: function("EXRXSUBR", value.primitive()->name); break;
+    case Type::UserSubr: function("USUBR", value.cdr().isSymbol() ? value.cdr().name() : "-lambda-"); break;
+    case Type::EntityName: out += "<Entity name: " + hexadecimal(value.entity()) + ">"; break;
+    case Type::SelectionSet: out += "<Selection set: " + hexadecimal(value.bits() >> 4) + ">"; break;
+    case Type::File: out += "#<file @" + hexadecimal(value.bits() >> 4) + ">"; break;
+    case Type::ErrorObject: out += "#<%catch-all-apply-error%>"; break;
+    case Type::List: break;
   }
 }
 
@@ -129,49 +92,31 @@ std::string print(Value value, bool quoting) {
 
 Type Value::type() const {
   switch (tag()) {
-    case kPair:
-      return Type::List;
-    case kSymbol:
-      return Type::Symbol;
-    case kText:
-      return Type::String;
-    case kSubr:
-      return Type::Subr;
-    case kSpecial:
-      return Type::SpecialForm;
-    case kUserSubr:
-      return Type::UserSubr;
-    case kExternal:
-      return Type::External;
-    case kEntity:
-      return Type::EntityName;
-    case kSelection:
-      return Type::SelectionSet;
-    case kFile:
-      return Type::File;
-    case kError:
-      return Type::ErrorObject;
-    case kNilTag:
-      return Type::Nil;
-    case kNumber:
-      break;
+    case kPair: return Type::List;
+    case kSymbol: return Type::Symbol;
+    case kText: return Type::String;
+    case kSubr: return Type::Subr;
+    case kSpecial: return Type::SpecialForm;
+    case kUserSubr: return Type::UserSubr;
+    case kExternal: return Type::External;
+    case kEntity: return Type::EntityName;
+    case kSelection: return Type::SelectionSet;
+    case kFile: return Type::File;
+    case kError: return Type::ErrorObject;
+    case kNilTag: return Type::Nil;
+    case kNumber: break;
   }
   return isInteger() ? Type::Integer : Type::Real;
 }
 
 std::string printReal(double number) {
   char digits[40];
-  std::string text(digits,
-                   std::to_chars(digits, digits + sizeof digits, number, std::chars_format::general, 6).ptr);
+  std::string text(digits, std::to_chars(digits, digits + sizeof digits, number, std::chars_format::general, 6).ptr);
   if (text.find_first_of(".ni") != std::string::npos) return text;  // "nan" and "inf" stay as they are
   return text.insert(std::min(text.find('e'), text.size()), ".0");
 }
 
-std::string prin1(Value value) {
-  return print(value, true);
-}
-std::string princ(Value value) {
-  return print(value, false);
-}
+std::string prin1(Value value) { return print(value, true); }
+std::string princ(Value value) { return print(value, false); }
 
 }  // namespace atelier::lisp

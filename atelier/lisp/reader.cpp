@@ -11,15 +11,9 @@ namespace {
 
 constexpr char kEndOfFile = '\x1a';  // Ctrl-Z, with which old editors end a file
 
-bool isBlank(char c) {
-  return c == ' ' || (c >= '\t' && c <= '\r') || c == kEndOfFile || c == '\0';
-}
-bool isDelimiter(char c) {
-  return isBlank(c) || c == '(' || c == ')' || c == '\'' || c == '"' || c == ';';
-}
-bool isDigit(char c) {
-  return c >= '0' && c <= '9';
-}
+bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r') || c == kEndOfFile || c == '\0'; }
+bool isDelimiter(char c) { return isBlank(c) || c == '(' || c == ')' || c == '\'' || c == '"' || c == ';'; }
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 // Digits, at most one dot, an exponent: what from_chars must not guess at ("inf", "nan", "1e").
 bool looksLikeNumber(std::string_view token) {
@@ -50,8 +44,7 @@ std::optional<Value> parseNumber(std::string_view token) {
   if (token[0] == '+') token.remove_prefix(1);
   const char* const end = token.data() + token.size();
   std::int32_t whole = 0;
-  if (const auto [rest, error] = std::from_chars(token.data(), end, whole);
-      rest == end && error == std::errc())
+  if (const auto [rest, error] = std::from_chars(token.data(), end, whole); rest == end && error == std::errc())
     return Value::integer(whole);
   double number = 0;
   const auto [rest, error] = std::from_chars(token.data(), end, number);
@@ -118,14 +111,10 @@ std::optional<Value> Reader::next() {
 
 Value Reader::form() {
   switch (peek()) {
-    case '(':
-      return list();
-    case '"':
-      return string();
-    case '\'':
-      return quoted();
-    default:
-      return atom();
+    case '(': return list();
+    case '"': return string();
+    case '\'': return quoted();
+    default: return atom();
   }
 }
 
@@ -189,18 +178,10 @@ void Reader::escape(std::string& text) {
   if (atEnd()) return;
   const char c = take();
   switch (c) {
-    case 'n':
-      text.push_back('\n');
-      return;
-    case 't':
-      text.push_back('\t');
-      return;
-    case 'r':
-      text.push_back('\r');
-      return;
-    case 'e':
-      text.push_back('\x1b');
-      return;
+    case 'n': text.push_back('\n'); return;
+    case 't': text.push_back('\t'); return;
+    case 'r': text.push_back('\r'); return;
+    case 'e': text.push_back('\x1b'); return;
     case 'U':
       if (peek() == '+') {
         ++at_;
@@ -234,15 +215,12 @@ std::string_view Reader::token() {
 
 Value Reader::atom() {
   const std::string_view text = token();
-  if (text == "." || (text[0] == '.' && isDigit(text.size() > 1 ? text[1] : ' ')))
-    fail("misplaced dot on input");
+  if (text == "." || (text[0] == '.' && isDigit(text.size() > 1 ? text[1] : ' '))) fail("misplaced dot on input");
   if (const auto number = parseNumber(text)) return *number;
   return in_.symbol(text);
 }
 
-Value Interpreter::read(std::string_view text) {
-  return Reader(*this, text, {}, nullptr).next().value_or(nil);
-}
+Value Interpreter::read(std::string_view text) { return Reader(*this, text, {}, nullptr).next().value_or(nil); }
 
 // Reads and evaluates form by form, as the reference does: what stands before a broken form has its effects.
 Value Interpreter::runForms(std::string_view text, std::string_view file) {

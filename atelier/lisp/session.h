@@ -37,10 +37,10 @@ class SourceMap {
 };
 
 struct Session {
-  std::map<std::string, std::string, std::less<>> environment;  // by upper-case name
+  std::map<std::string, std::string, std::less<>> environment;         // by upper-case name
   std::map<std::string, std::map<std::string, std::string>> registry;  // by upper-case key and value name
-  std::shared_ptr<void> dialogs;  // of the host's functions for DCL
-  std::string pendingInput;  // what read-char has not yet taken from a line
+  std::shared_ptr<void> dialogs;                                       // of the host's functions for DCL
+  std::string pendingInput;                                            // what read-char has not yet taken from a line
   bool inputStarted = false;
 };
 

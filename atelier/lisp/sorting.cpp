@@ -32,8 +32,7 @@ void mergeSort(std::span<Item> values, std::span<Item> room, Before& before) {
 template <class Sort>
 void withOrder(Interpreter& in, Value function, std::span<const Value> values, Sort sort) {
   const Value bound = function.isSymbol() ? function.symbol()->value : function;
-  const bool numbers =
-      std::all_of(values.begin(), values.end(), [](Value value) { return value.isNumber(); });
+  const bool numbers = std::all_of(values.begin(), values.end(), [](Value value) { return value.isNumber(); });
   const std::string name = numbers && bound.tag() == Value::kSubr ? bound.primitive()->name : "";
   if (name == "<") {
     auto before = [](Value a, Value b) { return a.number() < b.number(); };
@@ -100,16 +99,12 @@ Value sortStrings(Interpreter& in, Arguments arguments) {
 constexpr Builtin kTable[] = {
     {"vl-sort", sortFunction, 2, 2, "(vl-sort liste fonction)",
      "La liste triée selon la fonction de comparaison, sans les doublons."},
-    {"vl-sort-i", sortIndices, 2, 2, "(vl-sort-i liste fonction)",
-     "Les rangs des éléments dans l'ordre du tri."},
-    {"acad_strlsort", sortStrings, 1, 1, "(acad_strlsort liste)",
-     "Liste de chaînes triée par ordre alphabétique."},
+    {"vl-sort-i", sortIndices, 2, 2, "(vl-sort-i liste fonction)", "Les rangs des éléments dans l'ordre du tri."},
+    {"acad_strlsort", sortStrings, 1, 1, "(acad_strlsort liste)", "Liste de chaînes triée par ordre alphabétique."},
 };
 
 }  // namespace
 
-std::span<const Builtin> sortingFamily() {
-  return kTable;
-}
+std::span<const Builtin> sortingFamily() { return kTable; }
 
 }  // namespace atelier::lisp

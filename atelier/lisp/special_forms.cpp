@@ -51,9 +51,7 @@ Value orForm(Interpreter& in, Value rest) {
   return nil;
 }
 
-Value progn(Interpreter& in, Value rest) {
-  return in.evalBody(rest);
-}
+Value progn(Interpreter& in, Value rest) { return in.evalBody(rest); }
 
 Value whileForm(Interpreter& in, Value rest) {
   const Value test = first(in, rest);
@@ -95,11 +93,9 @@ constexpr Builtin kTable[] = {
     {"function", quote, "(function fonction)", "Comme quote, pour une fonction."},
     {"if", ifForm, "(if test alors [sinon])", "Évalue l'une ou l'autre expression selon le test."},
     {"cond", cond, "(cond (test expr...)...)", "Évalue la première clause dont le test est vrai."},
-    {"and", andForm, "(and [expr...])",
-     "T si aucune expression ne vaut nil ; s'arrête à la première qui vaut nil."},
+    {"and", andForm, "(and [expr...])", "T si aucune expression ne vaut nil ; s'arrête à la première qui vaut nil."},
     {"or", orForm, "(or [expr...])", "T dès qu'une expression ne vaut pas nil."},
-    {"progn", progn, "(progn [expr...])",
-     "Évalue les expressions dans l'ordre et renvoie la dernière valeur."},
+    {"progn", progn, "(progn [expr...])", "Évalue les expressions dans l'ordre et renvoie la dernière valeur."},
     {"while", whileForm, "(while test [expr...])", "Répète les expressions tant que le test est vrai."},
     {"repeat", repeat, "(repeat n [expr...])", "Répète n fois les expressions."},
     {"foreach", foreach, "(foreach nom liste [expr...])",
@@ -108,8 +104,6 @@ constexpr Builtin kTable[] = {
 
 }  // namespace
 
-std::span<const Builtin> controlForms() {
-  return kTable;
-}
+std::span<const Builtin> controlForms() { return kTable; }
 
 }  // namespace atelier::lisp

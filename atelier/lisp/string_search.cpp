@@ -42,8 +42,7 @@ Value position(Interpreter& in, Arguments arguments) {
 
 // Replaces the first occurrence.
 Value substitute(Interpreter& in, Arguments arguments) {
-  const std::string_view replacement = stringArgument(in, arguments[0]),
-                         pattern = stringArgument(in, arguments[1]);
+  const std::string_view replacement = stringArgument(in, arguments[0]), pattern = stringArgument(in, arguments[1]);
   std::string text(stringArgument(in, arguments[2]));
   const std::size_t found = text.find(pattern, startOffset(in, text, optional(arguments, 3)));
   if (found == std::string::npos || pattern.empty()) return arguments[2];
@@ -133,20 +132,17 @@ Value wcmatch(Interpreter& in, Arguments arguments) {
 }
 
 constexpr Builtin kTable[] = {
-    {"vl-string-search", search, 2, 3, "(vl-string-search motif chaine [debut])",
-     "La position du motif, ou nil."},
+    {"vl-string-search", search, 2, 3, "(vl-string-search motif chaine [debut])", "La position du motif, ou nil."},
     {"vl-string-position", position, 2, 4, "(vl-string-position code chaine [debut [depuis-la-fin]])",
      "La position d'un caractère, ou nil."},
     {"vl-string-subst", substitute, 3, 4, "(vl-string-subst nouveau ancien chaine [debut])",
      "Remplace la première occurrence."},
     {"vl-string-translate", translate, 3, 3, "(vl-string-translate anciens nouveaux chaine)",
      "Remplace chaque caractère d'un jeu par celui de même rang de l'autre."},
-    {"vl-string-left-trim", leftTrim, 2, 2, "(vl-string-left-trim jeu chaine)",
-     "Ôte à gauche les caractères du jeu."},
+    {"vl-string-left-trim", leftTrim, 2, 2, "(vl-string-left-trim jeu chaine)", "Ôte à gauche les caractères du jeu."},
     {"vl-string-right-trim", rightTrim, 2, 2, "(vl-string-right-trim jeu chaine)",
      "Ôte à droite les caractères du jeu."},
-    {"vl-string-trim", trim, 2, 2, "(vl-string-trim jeu chaine)",
-     "Ôte des deux côtés les caractères du jeu."},
+    {"vl-string-trim", trim, 2, 2, "(vl-string-trim jeu chaine)", "Ôte des deux côtés les caractères du jeu."},
     {"vl-string-elt", elementAt, 2, 2, "(vl-string-elt chaine n)", "Le code du caractère de rang n."},
     {"vl-string-mismatch", mismatch, 2, 5, "(vl-string-mismatch a b [debut-a debut-b sans-casse])",
      "Longueur du début commun de deux chaînes."},
@@ -156,8 +152,6 @@ constexpr Builtin kTable[] = {
 
 }  // namespace
 
-std::span<const Builtin> stringSearchFamily() {
-  return kTable;
-}
+std::span<const Builtin> stringSearchFamily() { return kTable; }
 
 }  // namespace atelier::lisp

@@ -55,8 +55,8 @@ void appendCode(Interpreter& in, std::string& text, Value value) {
   const std::int32_t code = integerArgument(in, value);
   if (code < 0 || code > 0x10ffff) in.fail("bad argument value: character code: " + prin1(value));
   if (code == 0) return;
-  appendUtf8(text, code < 256 ? windows1252CodePoint(static_cast<unsigned char>(code))
-                              : static_cast<std::uint32_t>(code));
+  appendUtf8(text,
+             code < 256 ? windows1252CodePoint(static_cast<unsigned char>(code)) : static_cast<std::uint32_t>(code));
 }
 
 Value chr(Interpreter& in, Arguments arguments) {
@@ -110,18 +110,13 @@ Value readFunction(Interpreter& in, Arguments arguments) {
   return in.read(text);
 }
 
-Value princToString(Interpreter& in, Arguments arguments) {
-  return in.string(princ(arguments[0]));
-}
-Value prin1ToString(Interpreter& in, Arguments arguments) {
-  return in.string(prin1(arguments[0]));
-}
+Value princToString(Interpreter& in, Arguments arguments) { return in.string(princ(arguments[0])); }
+Value prin1ToString(Interpreter& in, Arguments arguments) { return in.string(prin1(arguments[0])); }
 
 constexpr Builtin kTable[] = {
     {"strcat", strcat, 0, kAnyNumber, "(strcat [chaine...])", "Met des chaînes bout à bout."},
     {"strlen", strlen, 0, kAnyNumber, "(strlen [chaine...])", "Nombre de caractères."},
-    {"substr", substr, 2, 3, "(substr chaine debut [longueur])",
-     "Partie d'une chaîne, comptée à partir de 1."},
+    {"substr", substr, 2, 3, "(substr chaine debut [longueur])", "Partie d'une chaîne, comptée à partir de 1."},
     {"strcase", strcase, 1, 2, "(strcase chaine [minuscules])", "La chaîne en majuscules, ou en minuscules."},
     {"ascii", ascii, 1, 1, "(ascii chaine)", "Le code du premier caractère."},
     {"chr", chr, 1, 1, "(chr code)", "Le caractère d'un code."},
@@ -137,8 +132,6 @@ constexpr Builtin kTable[] = {
 
 }  // namespace
 
-std::span<const Builtin> stringFamily() {
-  return kTable;
-}
+std::span<const Builtin> stringFamily() { return kTable; }
 
 }  // namespace atelier::lisp

@@ -54,9 +54,7 @@ Value deleteRegistry(Interpreter& in, Arguments arguments) {
   return in.boolean(true);
 }
 
-Value version(Interpreter& in, Arguments) {
-  return in.string(kVersion);
-}
+Value version(Interpreter& in, Arguments) { return in.string(kVersion); }
 
 Value collect(Interpreter& in, Arguments) {
   in.heap().collect();
@@ -64,27 +62,24 @@ Value collect(Interpreter& in, Arguments) {
 }
 
 // The extensions that the function loads in the reference are always there.
-Value loadExtensions(Interpreter& in, Arguments) {
-  return in.quiet();
-}
+Value loadExtensions(Interpreter& in, Arguments) { return in.quiet(); }
 
 constexpr Builtin kTable[] = {
     {"getenv", getEnvironment, 1, 1, "(getenv nom)", "La valeur d'une variable d'environnement, ou nil."},
-    {"setenv", setEnvironment, 2, 2, "(setenv nom valeur)",
-     "Fixe une variable d'environnement du programme."},
-    {"vl-registry-read", readRegistry, 1, 2, "(vl-registry-read clé [nom])", "Une valeur du registre de la session, ou nil."},
-    {"vl-registry-write", writeRegistry, 1, 3, "(vl-registry-write clé [nom valeur])", "Garde une valeur, un texte, pour la session."},
-    {"vl-registry-delete", deleteRegistry, 1, 2, "(vl-registry-delete clé [nom])", "Oublie une valeur ou une clé; rend T si elle existait."},
+    {"setenv", setEnvironment, 2, 2, "(setenv nom valeur)", "Fixe une variable d'environnement du programme."},
+    {"vl-registry-read", readRegistry, 1, 2, "(vl-registry-read clé [nom])",
+     "Une valeur du registre de la session, ou nil."},
+    {"vl-registry-write", writeRegistry, 1, 3, "(vl-registry-write clé [nom valeur])",
+     "Garde une valeur, un texte, pour la session."},
+    {"vl-registry-delete", deleteRegistry, 1, 2, "(vl-registry-delete clé [nom])",
+     "Oublie une valeur ou une clé; rend T si elle existait."},
     {"ver", version, 0, 0, "(ver)", "La version de l'interpréteur."},
     {"gc", collect, 0, 0, "(gc)", "Récupère la mémoire inutilisée."},
-    {"vl-load-com", loadExtensions, 0, 0, "(vl-load-com)",
-     "Ne fait rien : les extensions sont toujours chargées."},
+    {"vl-load-com", loadExtensions, 0, 0, "(vl-load-com)", "Ne fait rien : les extensions sont toujours chargées."},
 };
 
 }  // namespace
 
-std::span<const Builtin> systemFamily() {
-  return kTable;
-}
+std::span<const Builtin> systemFamily() { return kTable; }
 
 }  // namespace atelier::lisp

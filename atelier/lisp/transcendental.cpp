@@ -16,15 +16,9 @@ template <double (*kFunction)(double)>
 Value real(Interpreter& in, Arguments arguments) {
   return Value::real(kFunction(numberArgument(in, arguments[0])));
 }
-double sine(double x) {
-  return std::sin(x);
-}
-double cosine(double x) {
-  return std::cos(x);
-}
-double exponential(double x) {
-  return std::exp(x);
-}
+double sine(double x) { return std::sin(x); }
+double cosine(double x) { return std::cos(x); }
+double exponential(double x) { return std::exp(x); }
 
 Value squareRoot(Interpreter& in, Arguments arguments) {
   const double number = numberArgument(in, arguments[0]);
@@ -63,9 +57,7 @@ Value fix(Interpreter& in, Arguments arguments) {
   return Value::real(whole);
 }
 
-Value toReal(Interpreter& in, Arguments arguments) {
-  return Value::real(numberArgument(in, arguments[0]));
-}
+Value toReal(Interpreter& in, Arguments arguments) { return Value::real(numberArgument(in, arguments[0])); }
 
 constexpr Builtin kTable[] = {
     {"sin", real<sine>, 1, 1, "(sin angle)", "Sinus d'un angle en radians."},
@@ -81,8 +73,6 @@ constexpr Builtin kTable[] = {
 
 }  // namespace
 
-std::span<const Builtin> functionsFamily() {
-  return kTable;
-}
+std::span<const Builtin> functionsFamily() { return kTable; }
 
 }  // namespace atelier::lisp

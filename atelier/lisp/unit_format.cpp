@@ -12,9 +12,7 @@ namespace {
 constexpr int kMostDecimals = 16;
 constexpr int kMostHalvings = 8;  // 1/256
 
-std::string whole(std::int64_t number) {
-  return std::to_string(number);
-}
+std::string whole(std::int64_t number) { return std::to_string(number); }
 
 // Adds one in the last place of a decimal numeral.
 void carry(std::string& digits) {
@@ -47,9 +45,8 @@ std::string suppressZeros(std::string text, int dimzin) {
 
 std::string scientific(double number, int decimals) {
   char digits[64];
-  std::string text(
-      digits,
-      std::to_chars(digits, digits + sizeof digits, number, std::chars_format::scientific, decimals).ptr);
+  std::string text(digits,
+                   std::to_chars(digits, digits + sizeof digits, number, std::chars_format::scientific, decimals).ptr);
   std::replace(text.begin(), text.end(), 'e', 'E');
   return text;
 }
@@ -168,9 +165,9 @@ std::string fixedDecimals(double number, int decimals) {
   decimals = std::clamp(decimals, 0, kMostDecimals);
   // Thirty places more than asked show whether the number is exactly half-way.
   std::string text(400 + static_cast<std::size_t>(decimals), '\0');
-  const auto end = std::to_chars(text.data(), text.data() + text.size(), std::fabs(number),
-                                 std::chars_format::fixed, decimals + 30)
-                       .ptr;
+  const auto end =
+      std::to_chars(text.data(), text.data() + text.size(), std::fabs(number), std::chars_format::fixed, decimals + 30)
+          .ptr;
   text.resize(static_cast<std::size_t>(end - text.data()));
   const std::size_t point = text.find('.');
   if (point == std::string::npos) return text;  // inf, nan
@@ -203,16 +200,11 @@ std::string formatAngle(double radians, AngularUnits units, int precision, UnitS
   double turns = radians / (2 * std::numbers::pi);
   turns -= std::floor(turns);
   switch (units) {
-    case AngularUnits::Degrees:
-      return decimalAngle(turns, 360, precision, "", style);
-    case AngularUnits::Grads:
-      return decimalAngle(turns, 400, precision, "g", style);
-    case AngularUnits::Radians:
-      return decimalAngle(turns, 2 * std::numbers::pi, precision, "r", style);
-    case AngularUnits::Surveyor:
-      return bearing(turns * 360, precision, style);
-    case AngularUnits::DegreesMinutesSeconds:
-      break;
+    case AngularUnits::Degrees: return decimalAngle(turns, 360, precision, "", style);
+    case AngularUnits::Grads: return decimalAngle(turns, 400, precision, "g", style);
+    case AngularUnits::Radians: return decimalAngle(turns, 2 * std::numbers::pi, precision, "r", style);
+    case AngularUnits::Surveyor: return bearing(turns * 360, precision, style);
+    case AngularUnits::DegreesMinutesSeconds: break;
   }
   const Sexagesimal form = sexagesimal(precision);
   const std::int64_t parts = std::llround(turns * 360 * static_cast<double>(form.parts)) % (360 * form.parts);

@@ -10,9 +10,7 @@ namespace {
 
 constexpr double kDegree = std::numbers::pi / 180;
 
-char upper(char c) {
-  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c;
-}
+char upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; }
 
 // Takes a text apart from the left.
 class Scanner {

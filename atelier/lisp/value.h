@@ -173,27 +173,13 @@ struct Box {
   };
 };
 
-inline Value Value::car() const {
-  return pair()->car;
-}
-inline Value Value::cdr() const {
-  return pair()->cdr;
-}
-inline std::string_view Value::text() const {
-  return {string()->bytes->data(), string()->size};
-}
-inline std::uint32_t Value::characters() const {
-  return string()->characters;
-}
-inline const std::string& Value::name() const {
-  return symbol()->name;
-}
-inline std::uint64_t Value::entity() const {
-  return box()->entity;
-}
-inline const std::shared_ptr<void>& Value::selection() const {
-  return *box()->object;
-}
+inline Value Value::car() const { return pair()->car; }
+inline Value Value::cdr() const { return pair()->cdr; }
+inline std::string_view Value::text() const { return {string()->bytes->data(), string()->size}; }
+inline std::uint32_t Value::characters() const { return string()->characters; }
+inline const std::string& Value::name() const { return symbol()->name; }
+inline std::uint64_t Value::entity() const { return box()->entity; }
+inline const std::shared_ptr<void>& Value::selection() const { return *box()->object; }
 
 // The elements of a list for a range-for; a dotted end is left out.
 class Items {

@@ -20,13 +20,10 @@ Codes decode(std::string_view text) {
   return codes;
 }
 
-bool isDigit(char32_t c) {
-  return c >= '0' && c <= '9';
-}
+bool isDigit(char32_t c) { return c >= '0' && c <= '9'; }
 bool isLetter(char32_t c) {
   const auto code = static_cast<std::uint32_t>(c);
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || upperCase(code) != code ||
-         lowerCase(code) != code;
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || upperCase(code) != code || lowerCase(code) != code;
 }
 
 // The pattern's element at its beginning: its length, and whether it takes the character.
@@ -59,21 +56,15 @@ Element bracket(CodesView pattern, char32_t c) {
 
 Element element(CodesView pattern, char32_t c) {
   switch (pattern[0]) {
-    case '#':
-      return {1, isDigit(c)};
-    case '@':
-      return {1, isLetter(c)};
-    case '.':
-      return {1, !isDigit(c) && !isLetter(c)};
-    case '?':
-      return {1, true};
-    case '[':
-      return bracket(pattern, c);
+    case '#': return {1, isDigit(c)};
+    case '@': return {1, isLetter(c)};
+    case '.': return {1, !isDigit(c) && !isLetter(c)};
+    case '?': return {1, true};
+    case '[': return bracket(pattern, c);
     case '`':
       if (pattern.size() > 1) return {2, pattern[1] == c};
       [[fallthrough]];
-    default:
-      return {1, pattern[0] == c};
+    default: return {1, pattern[0] == c};
   }
 }
 

@@ -14,14 +14,12 @@ namespace atelier::render {
 
 namespace {
 
-constexpr double pointMarkMm = 2;   // size of a point's mark that has no size of its own
-constexpr double pointDotMm = 0.5;  // diameter of a plain point
-constexpr double dotMm = 0.02;      // length of a dot in a dash pattern: Cairo leaves out dashes of no length
+constexpr double pointMarkMm = 2;      // size of a point's mark that has no size of its own
+constexpr double pointDotMm = 0.5;     // diameter of a plain point
+constexpr double dotMm = 0.02;         // length of a dot in a dash pattern: Cairo leaves out dashes of no length
 constexpr double shortestPattern = 1;  // surface units: a finer dash pattern is painted continuous
 
-Box grown(const Box& box, double by) {
-  return {box.xMin - by, box.yMin - by, box.xMax + by, box.yMax + by};
-}
+Box grown(const Box& box, double by) { return {box.xMin - by, box.yMin - by, box.xMax + by, box.yMax + by}; }
 
 constexpr double kThickestHair = 2.5;  // times the thinnest stroke
 
@@ -37,25 +35,22 @@ class Painter {
     if (!primitive.box.empty()) {
       const Box seen = fonts::rectangle(primitive.box).bounds(options_.toSurface);
       if (!grown(seen, 2 * options_.unitsPerMm).meets(options_.clip)) return;
-      if (options_.tiny && std::max(seen.width(), seen.height()) < 1 && !options_.tiny->mark({seen.xMin, seen.yMin})) return;
+      if (options_.tiny && std::max(seen.width(), seen.height()) < 1 && !options_.tiny->mark({seen.xMin, seen.yMin}))
+        return;
     }
     std::visit(*this, primitive.shape);
   }
 
   void operator()(const Stroke& stroke) { strokePath(stroke.path.mapped(options_.toSurface), stroke.pen); }
 
-  void operator()(const Fill& fill) {
-    fillPath(fill.path.mapped(options_.toSurface), fill.colour, fill.evenOdd);
-  }
+  void operator()(const Fill& fill) { fillPath(fill.path.mapped(options_.toSurface), fill.colour, fill.evenOdd); }
 
   void operator()(const GlyphRun& run) {
     const Affine map = options_.toSurface * run.map;
     if (std::hypot(map.xy, map.yy) < options_.greekBelow) return greek(run, map);
-    if (options_.embedFonts && fonts_.show(cr_, run.line, map, resolved(run.colour)))
-      return drawBars(run, map);
+    if (options_.embedFonts && fonts_.show(cr_, run.line, map, resolved(run.colour))) return drawBars(run, map);
     Path path;
-    for (const auto& [glyph, x] : run.line.glyphs)
-      path.append(glyph->outline, map * Affine::translation(x, 0));
+    for (const auto& [glyph, x] : run.line.glyphs) path.append(glyph->outline, map * Affine::translation(x, 0));
     for (const Box& bar : run.line.bars) path.append(fonts::rectangle(bar), map);
     fillPath(path, run.colour, false);
   }
@@ -81,19 +76,11 @@ class Painter {
       mark.lineTo(at + size * Pt{x2, y2});
     };
     switch (dot.mode & 7) {
-      case 0:
-        return plainDot(at, dot);
-      case 2:
-        line(-0.5, 0, 0.5, 0), line(0, -0.5, 0, 0.5);
-        break;
-      case 3:
-        line(-0.5, -0.5, 0.5, 0.5), line(-0.5, 0.5, 0.5, -0.5);
-        break;
-      case 4:
-        line(0, 0, 0, -0.5);
-        break;
-      default:
-        break;
+      case 0: return plainDot(at, dot);
+      case 2: line(-0.5, 0, 0.5, 0), line(0, -0.5, 0, 0.5); break;
+      case 3: line(-0.5, -0.5, 0.5, 0.5), line(-0.5, 0.5, 0.5, -0.5); break;
+      case 4: line(0, 0, 0, -0.5); break;
+      default: break;
     }
     frame(mark, at, size, dot.mode);
     strokePath(mark, dot.pen);
@@ -106,9 +93,7 @@ class Painter {
   Box guard_;
   EmbeddedFonts fonts_;
 
-  double width(const Pen& pen) const {
-    return std::max(pen.weightMm * options_.unitsPerMm, options_.thinnest);
-  }
+  double width(const Pen& pen) const { return std::max(pen.weightMm * options_.unitsPerMm, options_.thinnest); }
 
   void plainDot(Pt at, const Dot& dot) {
     const double radius = std::max(pointDotMm * options_.unitsPerMm, options_.thinnest) / 2;
@@ -130,10 +115,8 @@ class Painter {
 
   Colour resolved(Colour colour) const {
     const std::uint8_t alpha = colour.alpha;
-    if (colour.kind == Colour::Kind::foreground)
-      colour = options_.foreground;
-    else if (colour.kind == Colour::Kind::background)
-      colour = options_.background;
+    if (colour.kind == Colour::Kind::foreground) colour = options_.foreground;
+    else if (colour.kind == Colour::Kind::background) colour = options_.background;
     colour.alpha = alpha;
     return colour;
   }
@@ -158,18 +141,10 @@ class Painter {
     const Pt* p = path.points().data();
     for (const Path::Verb verb : path.verbs()) {
       switch (verb) {
-        case Path::Verb::move:
-          cairo_move_to(cr_, p->x, p->y), ++p;
-          break;
-        case Path::Verb::line:
-          cairo_line_to(cr_, p->x, p->y), ++p;
-          break;
-        case Path::Verb::cubic:
-          cairo_curve_to(cr_, p[0].x, p[0].y, p[1].x, p[1].y, p[2].x, p[2].y), p += 3;
-          break;
-        case Path::Verb::close:
-          cairo_close_path(cr_);
-          break;
+        case Path::Verb::move: cairo_move_to(cr_, p->x, p->y), ++p; break;
+        case Path::Verb::line: cairo_line_to(cr_, p->x, p->y), ++p; break;
+        case Path::Verb::cubic: cairo_curve_to(cr_, p[0].x, p[0].y, p[1].x, p[1].y, p[2].x, p[2].y), p += 3; break;
+        case Path::Verb::close: cairo_close_path(cr_); break;
       }
     }
   }
@@ -186,7 +161,8 @@ class Painter {
 
   bool hair(const Path& path, const Pen& pen) {
     const Colour colour = resolved(pen.colour);
-    if (pen.dashes || colour.alpha != 255 || width(pen) > kThickestHair * std::max(1.0, options_.thinnest)) return false;
+    if (pen.dashes || colour.alpha != 255 || width(pen) > kThickestHair * std::max(1.0, options_.thinnest))
+      return false;
     cairo_surface_t* const surface = cairo_get_target(cr_);
     cairo_surface_flush(surface);
     options_.hairlines->stroke(path, colour, std::max(1, static_cast<int>(std::lround(width(pen)))));
@@ -213,8 +189,7 @@ class Painter {
   }
 
   static bool within(const Box& inner, const Box& box) {
-    return inner.xMin >= box.xMin && inner.xMax <= box.xMax && inner.yMin >= box.yMin &&
-           inner.yMax <= box.yMax;
+    return inner.xMin >= box.xMin && inner.xMax <= box.xMax && inner.yMin >= box.yMin && inner.yMax <= box.yMax;
   }
 };
 
@@ -250,7 +225,9 @@ PictureCanvas::~PictureCanvas() {
   cairo_surface_destroy(surface_);
 }
 
-void PictureCanvas::paint(const DisplayList& list, const PaintOptions& options) { render::paint(context_, list, options); }
+void PictureCanvas::paint(const DisplayList& list, const PaintOptions& options) {
+  render::paint(context_, list, options);
+}
 
 void paintPicture(unsigned char* pixels, int width, int height, int stride, const DisplayList& list,
                   PaintOptions options) {

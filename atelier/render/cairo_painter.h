@@ -14,11 +14,13 @@ namespace atelier::render {
 // Pixels that hold something too small to have a shape: one mark stands for all that falls on it.
 class TinyMarks {
  public:
-  TinyMarks(int width, int height) : width_(width), height_(height), seen_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height)) {}
+  TinyMarks(int width, int height)
+      : width_(width), height_(height), seen_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height)) {}
   // Whether the pixel of that place is inside and was not marked before; it is now.
   bool mark(Pt at) {
     if (!(at.x >= 0 && at.y >= 0 && at.x < width_ && at.y < height_)) return false;
-    const auto pixel = static_cast<std::size_t>(at.y) * static_cast<std::size_t>(width_) + static_cast<std::size_t>(at.x);
+    const auto pixel =
+        static_cast<std::size_t>(at.y) * static_cast<std::size_t>(width_) + static_cast<std::size_t>(at.x);
     return !std::exchange(seen_[pixel], std::uint8_t{1});
   }
 
@@ -28,14 +30,14 @@ class TinyMarks {
 };
 
 struct PaintOptions {
-  Affine toSurface;       // drawing units to surface units, y of the surface downwards
-  double unitsPerMm = 1;  // surface units in a millimetre of paper
-  Box clip;               // surface units: nothing is painted outside
-  double thinnest = 0;    // least width of a stroke, surface units
-  double greekBelow = 0;  // texts with capitals lower than this, in surface units, become a line: for screens
-  TinyMarks* tiny = nullptr;  // when there: what is smaller than a surface unit becomes a dot, once a place
+  Affine toSurface;                // drawing units to surface units, y of the surface downwards
+  double unitsPerMm = 1;           // surface units in a millimetre of paper
+  Box clip;                        // surface units: nothing is painted outside
+  double thinnest = 0;             // least width of a stroke, surface units
+  double greekBelow = 0;           // texts with capitals lower than this, in surface units, become a line: for screens
+  TinyMarks* tiny = nullptr;       // when there: what is smaller than a surface unit becomes a dot, once a place
   Hairlines* hairlines = nullptr;  // of the same picture, when there: thin opaque lines without dashes are set by them
-  bool embedFonts = false;  // texts as glyphs of their fonts: for PDF and SVG, smaller and searchable
+  bool embedFonts = false;         // texts as glyphs of their fonts: for PDF and SVG, smaller and searchable
   Colour foreground{0, 0, 0}, background{255, 255, 255};
 };
 

@@ -11,8 +11,8 @@ namespace atelier::render {
 namespace {
 
 struct Options {
-  std::unique_ptr<cairo_font_options_t, decltype(&cairo_font_options_destroy)> held{
-      cairo_font_options_create(), cairo_font_options_destroy};
+  std::unique_ptr<cairo_font_options_t, decltype(&cairo_font_options_destroy)> held{cairo_font_options_create(),
+                                                                                    cairo_font_options_destroy};
   Options() {
     cairo_font_options_set_hint_style(held.get(), CAIRO_HINT_STYLE_NONE);
     cairo_font_options_set_hint_metrics(held.get(), CAIRO_HINT_METRICS_OFF);
@@ -64,8 +64,7 @@ cairo_font_face_t* EmbeddedFonts::face(const fonts::Face* face) {
   return faces_.emplace(face, std::move(made)).first->second.get();
 }
 
-bool EmbeddedFonts::show(cairo_t* context, const fonts::TextLine& line, const Affine& map,
-                         const Colour& colour) {
+bool EmbeddedFonts::show(cairo_t* context, const fonts::TextLine& line, const Affine& map, const Colour& colour) {
   const double size = std::abs(map.xx) + std::abs(map.xy) + std::abs(map.yx) + std::abs(map.yy);
   if (!(std::abs(map.determinant()) > 1e-9 * size * size) || size < 1e-6) return false;
   for (const auto& [glyph, x] : line.glyphs)
@@ -74,8 +73,7 @@ bool EmbeddedFonts::show(cairo_t* context, const fonts::TextLine& line, const Af
   for (std::size_t i = 0; i < line.glyphs.size();) {
     std::size_t end = i + 1;
     while (end < line.glyphs.size() && line.glyphs[end].glyph->face == line.glyphs[i].glyph->face) ++end;
-    if (!showStretch(context, std::span(line.glyphs).subspan(i, end - i), face(line.glyphs[i].glyph->face),
-                     map) &&
+    if (!showStretch(context, std::span(line.glyphs).subspan(i, end - i), face(line.glyphs[i].glyph->face), map) &&
         i == 0)
       return false;
     i = end;

@@ -24,9 +24,7 @@ bool clipRange(Pt base, Pt direction, const Box& box, double& first, double& las
          side(base.y, direction.y, box.yMin, box.yMax) && first < last;
 }
 
-bool samePoint(Pt a, Pt b) {
-  return a.x == b.x && a.y == b.y;
-}
+bool samePoint(Pt a, Pt b) { return a.x == b.x && a.y == b.y; }
 
 struct Cubic {
   Pt a, b, c, d;
@@ -37,8 +35,7 @@ struct Cubic {
   }
   std::array<Cubic, 2> halves() const {
     const auto middle = [](Pt p, Pt q) { return 0.5 * (p + q); };
-    const Pt ab = middle(a, b), bc = middle(b, c), cd = middle(c, d), abc = middle(ab, bc),
-             bcd = middle(bc, cd);
+    const Pt ab = middle(a, b), bc = middle(b, c), cd = middle(c, d), abc = middle(ab, bc), bcd = middle(bc, cd);
     const Pt m = middle(abc, bcd);
     return {Cubic{a, ab, abc, m}, Cubic{m, bcd, cd, d}};
   }
@@ -122,15 +119,9 @@ void walk(const Path& path, Start start, Line line, Curve curve) {
   Pt first, last;
   for (const Path::Verb verb : path.verbs()) {
     switch (verb) {
-      case Path::Verb::move:
-        start(first = last = points[i++]);
-        break;
-      case Path::Verb::line:
-        line(last, points[i]), last = points[i++];
-        break;
-      case Path::Verb::close:
-        line(last, first), last = first;
-        break;
+      case Path::Verb::move: start(first = last = points[i++]); break;
+      case Path::Verb::line: line(last, points[i]), last = points[i++]; break;
+      case Path::Verb::close: line(last, first), last = first; break;
       case Path::Verb::cubic:
         curve(Cubic{last, points[i], points[i + 1], points[i + 2]});
         last = points[i + 2], i += 3;

@@ -23,8 +23,7 @@ int primaryLevel(int hue, int primary) {
 }  // namespace
 
 Colour trueColour(std::uint32_t rgb) {
-  return {static_cast<std::uint8_t>(rgb >> 16), static_cast<std::uint8_t>(rgb >> 8),
-          static_cast<std::uint8_t>(rgb)};
+  return {static_cast<std::uint8_t>(rgb >> 16), static_cast<std::uint8_t>(rgb >> 8), static_cast<std::uint8_t>(rgb)};
 }
 
 Colour aciColour(int index) {

@@ -60,8 +60,7 @@ void drawArray(SceneBuilder& scene, const Entity& e, AcDbStub& block) {
   inside.scale *= std::sqrt(std::abs(sx * sy));
   for (std::int64_t row = 0; row < rows && !scene.full(); ++row)
     for (std::int64_t column = 0; column < columns && !scene.full(); ++column) {
-      const AcGeVector3d step(static_cast<double>(column) * g.real(44), static_cast<double>(row) * g.real(45),
-                              0);
+      const AcGeVector3d step(static_cast<double>(column) * g.real(44), static_cast<double>(row) * g.real(45), 0);
       inside.toWorld = turned * AcGeMatrix3d::translation(step) * content;
       scene.block(block, inside);
     }
@@ -70,10 +69,8 @@ void drawArray(SceneBuilder& scene, const Entity& e, AcDbStub& block) {
 }  // namespace
 
 void drawInsert(SceneBuilder& scene, const Entity& e) {
-  if (AcDbStub* block = blockOf(scene, e))
-    drawArray(scene, e, *block);
-  else
-    scene.cannotShow("référence à un bloc absent : " + std::string(e.groups.text(2)));
+  if (AcDbStub* block = blockOf(scene, e)) drawArray(scene, e, *block);
+  else scene.cannotShow("référence à un bloc absent : " + std::string(e.groups.text(2)));
   // Attributes stand where the reference stands, not inside the block.
   const Placement beside = within(scene, e);
   for (AcDbStub* attribute : scene.children(e.stub)) scene.entity(*attribute, beside);
@@ -81,10 +78,8 @@ void drawInsert(SceneBuilder& scene, const Entity& e) {
 
 // The block of a dimension is drawn in world coordinates.
 void drawDimension(SceneBuilder& scene, const Entity& e) {
-  if (AcDbStub* block = blockOf(scene, e))
-    scene.block(*block, within(scene, e));
-  else
-    scene.cannotShow("cote sans bloc de représentation");
+  if (AcDbStub* block = blockOf(scene, e)) scene.block(*block, within(scene, e));
+  else scene.cannotShow("cote sans bloc de représentation");
 }
 
 }  // namespace atelier::render

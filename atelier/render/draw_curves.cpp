@@ -15,9 +15,7 @@ constexpr double turn = 2 * std::numbers::pi;
 // Chord bound of splines, as a share of their size: invisible when the curve fills an A0 sheet.
 constexpr double splineChord = 5e-6;
 
-Pt planePoint(const AcGePoint3d& p) {
-  return {p.x, p.y};
-}
+Pt planePoint(const AcGePoint3d& p) { return {p.x, p.y}; }
 
 // Counter-clockwise from start to end; equal angles are a whole turn.
 double sweepOf(double start, double end) {
@@ -77,17 +75,14 @@ void drawEllipse(SceneBuilder& scene, const Entity& e) {
   const Pt centre = e.world(e.groups.point(10)), u = direction(e, major), v = direction(e, minor);
   const double start = e.groups.real(41, 0), end = e.groups.real(42, turn), sweep = sweepOf(start, end);
   Path path;
-  if (sweep > turn - 1e-9)
-    addEllipse(path, centre, u, v);
-  else
-    addArc(path, centre, u, v, start, sweep);
+  if (sweep > turn - 1e-9) addEllipse(path, centre, u, v);
+  else addArc(path, centre, u, v, start, sweep);
   scene.stroke(e, std::move(path));
 }
 
 void drawSpline(SceneBuilder& scene, const Entity& e) {
   const Nurbs curve = nurbsOf(e.groups);
-  const auto samples =
-      curve.points.empty() ? curve.points : sampleNurbs(curve, splineChord * sizeOf(curve.points));
+  const auto samples = curve.points.empty() ? curve.points : sampleNurbs(curve, splineChord * sizeOf(curve.points));
   if (samples.empty()) return scene.cannotShow("spline sans courbe (nœuds ou points incohérents)");
   Path path;
   for (const AcGePoint3d& p : samples) path.lineTo(e.world(p));
@@ -118,10 +113,8 @@ void drawSolid(SceneBuilder& scene, const Entity& e) {
     path.lineTo(planePoint(corner));
   path.close();
   path = path.mapped(e.plane(third.z));
-  if (scene.database().header.integer("$FILLMODE", 1) != 0)
-    scene.fill(e, std::move(path), true);
-  else
-    scene.stroke(e, std::move(path));
+  if (scene.database().header.integer("$FILLMODE", 1) != 0) scene.fill(e, std::move(path), true);
+  else scene.stroke(e, std::move(path));
 }
 
 void drawFace(SceneBuilder& scene, const Entity& e) {

@@ -11,8 +11,7 @@ namespace atelier::render {
 namespace {
 
 // Flags of polylines and of their vertices (group 70).
-constexpr std::int64_t closedFlag = 1, meshClosedAcross = 32, threeD = 8, mesh = 16, polyface = 64,
-                       runsThrough = 128;
+constexpr std::int64_t closedFlag = 1, meshClosedAcross = 32, threeD = 8, mesh = 16, polyface = 64, runsThrough = 128;
 constexpr std::int64_t frameVertex = 16, faceVertex = 128, placedVertex = 64;
 
 std::vector<PolyVertex> lightVertices(const Groups& g) {
@@ -25,20 +24,11 @@ std::vector<PolyVertex> lightVertices(const Groups& g) {
     }
     if (out.empty()) continue;
     switch (group->code()) {
-      case 20:
-        out.back().at.y = group->real();
-        break;
-      case 40:
-        out.back().startWidth = group->real();
-        break;
-      case 41:
-        out.back().endWidth = group->real();
-        break;
-      case 42:
-        out.back().bulge = group->real();
-        break;
-      default:
-        break;
+      case 20: out.back().at.y = group->real(); break;
+      case 40: out.back().startWidth = group->real(); break;
+      case 41: out.back().endWidth = group->real(); break;
+      case 42: out.back().bulge = group->real(); break;
+      default: break;
     }
   }
   return out;
@@ -55,8 +45,7 @@ std::vector<PolyVertex> heavyVertices(SceneBuilder& scene, const Entity& e) {
   return out;
 }
 
-void planePolyline(SceneBuilder& scene, const Entity& e, const std::vector<PolyVertex>& vertices,
-                   double elevation) {
+void planePolyline(SceneBuilder& scene, const Entity& e, const std::vector<PolyVertex>& vertices, double elevation) {
   const std::int64_t flags = e.groups.integer(70);
   const bool closed = (flags & closedFlag) != 0;
   const Affine map = e.plane(elevation);
@@ -101,9 +90,7 @@ void drawMesh(SceneBuilder& scene, const Entity& e) {
   if (rows < 1 || columns < 1 || rows > 32767 || columns > 32767 ||
       static_cast<std::size_t>(rows * columns) > points.size())
     return scene.cannotShow("maillage polygonal incomplet");
-  const auto at = [&](std::int64_t r, std::int64_t c) {
-    return points[static_cast<std::size_t>(r * columns + c)];
-  };
+  const auto at = [&](std::int64_t r, std::int64_t c) { return points[static_cast<std::size_t>(r * columns + c)]; };
   Path path;
   for (std::int64_t r = 0; r < rows; ++r) {
     path.moveTo(at(r, 0));
@@ -168,8 +155,7 @@ void drawLeader(SceneBuilder& scene, const Entity& e) {
   if (e.groups.integer(71, 1) == 0 || length == 0) return;
   // The arrow head as the dimension variables of the drawing size it, a third as wide as long.
   const HeaderVariables& header = scene.database().header;
-  const double size =
-      std::fmin(header.real("$DIMASZ", 0.18) * header.real("$DIMSCALE", 1), length / 2) / length;
+  const double size = std::fmin(header.real("$DIMASZ", 0.18) * header.real("$DIMSCALE", 1), length / 2) / length;
   const Pt across{-along.y, along.x};
   Path arrow;
   arrow.moveTo(points[0]);

@@ -57,12 +57,9 @@ Setting settingOf(SceneBuilder& scene, const Entity& e, std::string_view text, i
     if (horizontal == centre || horizontal == middle) s.offset.x = -(ink.xMin + ink.xMax) / 2;
     if (horizontal == right) s.offset.x = -ink.xMax;
   }
-  if (horizontal == middle || vertical == half)
-    s.offset.y = -s.height / 2;
-  else if (vertical == top)
-    s.offset.y = -s.height;
-  else if (vertical == bottom)
-    s.offset.y = descender * s.height;
+  if (horizontal == middle || vertical == half) s.offset.y = -s.height / 2;
+  else if (vertical == top) s.offset.y = -s.height;
+  else if (vertical == bottom) s.offset.y = descender * s.height;
   return s;
 }
 
@@ -106,8 +103,7 @@ Affine mtextFrame(const Entity& e) {
 
 Colour pieceColour(const Entity& e, const fonts::MTextFormat& format) {
   Colour colour = e.look.colour;
-  if (format.colourRgb)
-    colour = trueColour(*format.colourRgb);
+  if (format.colourRgb) colour = trueColour(*format.colourRgb);
   else if (format.colourIndex && *format.colourIndex > 0 && *format.colourIndex < 256)
     colour = aciColour(*format.colourIndex);
   colour.alpha = e.look.colour.alpha;
@@ -121,8 +117,7 @@ void drawMask(SceneBuilder& scene, const Entity& e, const fonts::MTextLayout& la
   if (!(mask & 3) || layout.ink.empty()) return;
   const double margin = (std::fmax(e.groups.real(45, 1.5), 1) - 1) * height;
   const Box& ink = layout.ink;
-  const Path area =
-      fonts::rectangle({ink.xMin - margin, ink.yMin - margin, ink.xMax + margin, ink.yMax + margin});
+  const Path area = fonts::rectangle({ink.xMin - margin, ink.yMin - margin, ink.xMax + margin, ink.yMax + margin});
   Colour colour = background;
   if (!(mask & 2))
     colour = e.groups.has(421) ? trueColour(static_cast<std::uint32_t>(e.groups.integer(421)))
@@ -132,9 +127,7 @@ void drawMask(SceneBuilder& scene, const Entity& e, const fonts::MTextLayout& la
 
 }  // namespace
 
-void drawText(SceneBuilder& scene, const Entity& e) {
-  drawString(scene, e, e.groups.text(1), 73);
-}
+void drawText(SceneBuilder& scene, const Entity& e) { drawString(scene, e, e.groups.text(1), 73); }
 
 void drawAttribute(SceneBuilder& scene, const Entity& e) {
   const std::int64_t mode = scene.database().header.integer("$ATTMODE", 1);

@@ -16,10 +16,8 @@ Groups::Groups(const Record& record) {
   groups_.reserve(record.groups.size());
   for (const Group& group : record.groups) {
     if (group.code() >= firstXdata || group.code() == embedded) break;
-    if (group.code() == braces)
-      inside = group.text().starts_with('{');
-    else if (!inside)
-      groups_.push_back(&group);
+    if (group.code() == braces) inside = group.text().starts_with('{');
+    else if (!inside) groups_.push_back(&group);
   }
 }
 
@@ -44,18 +42,14 @@ std::string_view Groups::text(int code, std::string_view missing) const {
   return group ? std::string_view(group->text()) : missing;
 }
 
-AcGePoint3d Groups::point(int code) const {
-  return {real(code), real(code + 10), real(code + 20)};
-}
+AcGePoint3d Groups::point(int code) const { return {real(code), real(code + 10), real(code + 20)}; }
 
 AcGeVector3d Groups::normal() const {
   const AcGeVector3d n = point(210).asVector();
   return n.length() > 0 ? n : AcGeVector3d(0, 0, 1);
 }
 
-double Groups::radians(int code) const {
-  return real(code) * std::numbers::pi / 180;
-}
+double Groups::radians(int code) const { return real(code) * std::numbers::pi / 180; }
 
 std::vector<double> Groups::reals(int code) const {
   std::vector<double> out;
@@ -67,12 +61,9 @@ std::vector<double> Groups::reals(int code) const {
 std::vector<AcGePoint3d> Groups::points(int code) const {
   std::vector<AcGePoint3d> out;
   for (const Group* group : groups_) {
-    if (group->code() == code)
-      out.emplace_back(group->real(), 0, 0);
-    else if (group->code() == code + 10 && !out.empty())
-      out.back().y = group->real();
-    else if (group->code() == code + 20 && !out.empty())
-      out.back().z = group->real();
+    if (group->code() == code) out.emplace_back(group->real(), 0, 0);
+    else if (group->code() == code + 10 && !out.empty()) out.back().y = group->real();
+    else if (group->code() == code + 20 && !out.empty()) out.back().z = group->real();
   }
   return out;
 }

@@ -31,7 +31,9 @@ bool clipped(Pt& a, Pt& b, double width, double height) {
   return true;
 }
 
-std::int64_t fixed(double value) { return static_cast<std::int64_t>(std::floor(value * (std::int64_t{1} << kFraction))); }
+std::int64_t fixed(double value) {
+  return static_cast<std::int64_t>(std::floor(value * (std::int64_t{1} << kFraction)));
+}
 
 Pt cubicAt(Pt from, const Pt* p, double t) {
   const double s = 1 - t, b0 = s * s * s, b1 = 3 * s * s * t, b2 = 3 * s * t * t, b3 = t * t * t;
@@ -57,15 +59,14 @@ void Hairlines::line(Pt from, Pt to) {
 }
 
 void Hairlines::stroke(const Path& path, const Colour& colour, int thickness) {
-  value_ = 0xFF000000U | static_cast<std::uint32_t>(colour.r) << 16 | static_cast<std::uint32_t>(colour.g) << 8 | colour.b;
+  value_ =
+      0xFF000000U | static_cast<std::uint32_t>(colour.r) << 16 | static_cast<std::uint32_t>(colour.g) << 8 | colour.b;
   thickness_ = thickness;
   const Pt* p = path.points().data();
   Pt start{}, at{};
   for (const Path::Verb verb : path.verbs()) {
     switch (verb) {
-      case Path::Verb::move:
-        start = at = *p++;
-        break;
+      case Path::Verb::move: start = at = *p++; break;
       case Path::Verb::line:
         line(at, *p);
         at = *p++;
@@ -73,7 +74,9 @@ void Hairlines::stroke(const Path& path, const Colour& colour, int thickness) {
       case Path::Verb::cubic: {
         const double length = std::hypot(p[0].x - at.x, p[0].y - at.y) + std::hypot(p[1].x - p[0].x, p[1].y - p[0].y) +
                               std::hypot(p[2].x - p[1].x, p[2].y - p[1].y);
-        const int pieces = length < kMostPieces * kPixelsPerPiece ? std::max(2, static_cast<int>(length / kPixelsPerPiece)) : kMostPieces;
+        const int pieces = length < kMostPieces * kPixelsPerPiece
+                               ? std::max(2, static_cast<int>(length / kPixelsPerPiece))
+                               : kMostPieces;
         Pt before = at;
         for (int i = 1; i <= pieces; ++i) {
           const Pt next = cubicAt(at, p, static_cast<double>(i) / pieces);

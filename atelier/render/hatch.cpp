@@ -32,9 +32,7 @@ class Reader {
   }
   // The value of the group when it has that code, which is then passed.
   double real(int code, double missing = 0) { return at(code) ? groups_[i_++]->real() : missing; }
-  std::int64_t integer(int code, std::int64_t missing = 0) {
-    return at(code) ? groups_[i_++]->integer() : missing;
-  }
+  std::int64_t integer(int code, std::int64_t missing = 0) { return at(code) ? groups_[i_++]->integer() : missing; }
   std::int64_t count(int code) {
     const std::int64_t n = integer(code);
     return n >= 0 && n <= mostItems ? n : 0;
@@ -90,10 +88,8 @@ void addArcEdge(Path& path, Reader& in, Pt centre, Pt u, Pt v) {
   double sweep = end - start;
   if (std::abs(sweep) > 2 * std::numbers::pi) sweep = std::fmod(sweep, 2 * std::numbers::pi);
   if (sweep <= 0) sweep += 2 * std::numbers::pi;
-  if (counterClockwise)
-    addArc(path, centre, u, v, start, sweep);
-  else
-    addArc(path, centre, u, v, -start, -sweep);
+  if (counterClockwise) addArc(path, centre, u, v, start, sweep);
+  else addArc(path, centre, u, v, -start, -sweep);
 }
 
 bool addEdge(Path& path, Reader& in) {
@@ -117,18 +113,14 @@ bool addEdge(Path& path, Reader& in) {
       addArcEdge(path, in, centre, major, ratio * Pt{-major.y, major.x});
       return true;
     }
-    case 4:
-      addSplineEdge(path, in);
-      return true;
-    default:
-      return false;
+    case 4: addSplineEdge(path, in); return true;
+    default: return false;
   }
 }
 
 Path edgesOf(Reader& in) {
   Path path;
-  for (std::int64_t n = in.count(93); n > 0 && addEdge(path, in); --n) {
-  }
+  for (std::int64_t n = in.count(93); n > 0 && addEdge(path, in); --n) {}
   path.close();
   return path;
 }
@@ -147,8 +139,7 @@ std::vector<PatternLine> linesOf(Reader& in) {
     line.base = {x, in.real(44)};
     const double dx = in.real(45);
     line.step = {dx, in.real(46)};
-    for (std::int64_t dashes = in.count(79); dashes > 0 && in.at(49); --dashes)
-      line.dashes.push_back(in.real(49));
+    for (std::int64_t dashes = in.count(79); dashes > 0 && in.at(49); --dashes) line.dashes.push_back(in.real(49));
     out.push_back(std::move(line));
   }
   return out;
@@ -168,9 +159,7 @@ Hatch readHatch(const Groups& groups) {
     loops.push_back({kind, kind & polylineLoop ? polylineOf(in) : edgesOf(in)});
   }
   const std::int64_t style = in.seek(75) ? in.integer(75) : everyLoop;
-  const std::int64_t wanted = style == everyLoop ? 0
-                              : style == 1       ? externalLoop | outermostLoop
-                                                 : externalLoop;
+  const std::int64_t wanted = style == everyLoop ? 0 : style == 1 ? externalLoop | outermostLoop : externalLoop;
   const bool flagged = std::ranges::any_of(loops, [&](const Loop& l) { return (l.kind & wanted) != 0; });
   for (const Loop& loop : loops)
     if (!flagged || (loop.kind & wanted)) hatch.boundary.append(loop.path);

@@ -28,20 +28,16 @@ std::vector<Edge> edgesOf(const Path& boundary) {
   const auto points = flat.points();
   std::size_t i = 0, first = 0;
   for (const Path::Verb verb : flat.verbs()) {
-    if (verb == Path::Verb::move)
-      first = i++;
-    else if (verb == Path::Verb::line)
-      edges.push_back({points[i - 1], points[i]}), ++i;
-    else if (verb == Path::Verb::close && i > 0)
-      edges.push_back({points[i - 1], points[first]});
+    if (verb == Path::Verb::move) first = i++;
+    else if (verb == Path::Verb::line) edges.push_back({points[i - 1], points[i]}), ++i;
+    else if (verb == Path::Verb::close && i > 0) edges.push_back({points[i - 1], points[first]});
   }
   return edges;
 }
 
 class Cutter {
  public:
-  Cutter(const std::vector<Edge>& edges, std::size_t most, Path& out)
-      : edges_(edges), most_(most), out_(out) {}
+  Cutter(const std::vector<Edge>& edges, std::size_t most, Path& out) : edges_(edges), most_(most), out_(out) {}
 
   // False when there are too many pieces.
   bool family(const PatternLine& line) {

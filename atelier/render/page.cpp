@@ -29,18 +29,14 @@ bool fits(Size content, Size room) {
 }
 
 Size oriented(const Paper& paper, Size content) {
-  return content.width > content.height ? Size{paper.longMm, paper.shortMm}
-                                        : Size{paper.shortMm, paper.longMm};
+  return content.width > content.height ? Size{paper.longMm, paper.shortMm} : Size{paper.shortMm, paper.longMm};
 }
 
-Size within(Size sheet, double margin) {
-  return {sheet.width - 2 * margin, sheet.height - 2 * margin};
-}
+Size within(Size sheet, double margin) { return {sheet.width - 2 * margin, sheet.height - 2 * margin}; }
 
 std::string number(double value, int decimals = 0) {
   char buffer[64];
-  const auto [end, error] =
-      std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, decimals);
+  const auto [end, error] = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, decimals);
   std::string out(buffer, error == std::errc() ? end : buffer);
   if (const auto point = out.find('.'); point != std::string::npos) {
     out.erase(out.find_last_not_of('0') + 1);
@@ -49,13 +45,9 @@ std::string number(double value, int decimals = 0) {
   return out;
 }
 
-std::string dimensions(Size s) {
-  return number(s.width) + " x " + number(s.height) + " mm";
-}
+std::string dimensions(Size s) { return number(s.width) + " x " + number(s.height) + " mm"; }
 
-std::string scaleName(double denominator) {
-  return "1:" + number(denominator, denominator < 10 ? 3 : 0);
-}
+std::string scaleName(double denominator) { return "1:" + number(denominator, denominator < 10 ? 3 : 0); }
 
 // The next usual scale at or above the denominator: 1, 2, 2.5, 5, 7.5 by powers of ten.
 double usualScale(double denominator) {
@@ -79,8 +71,7 @@ std::optional<double> readNumber(std::string_view text) {
 }
 
 double fitScale(const Box& content, Size room, double unitMm) {
-  const double scale =
-      std::max(content.width() * unitMm / room.width, content.height() * unitMm / room.height);
+  const double scale = std::max(content.width() * unitMm / room.width, content.height() * unitMm / room.height);
   return scale > 0 ? scale : 1;  // a single point is shown at 1:1
 }
 
@@ -88,8 +79,8 @@ Size roll(Size content, double margin) {
   // A roll is at least A4 high, so that a thin profile still folds to A4.
   const Size sheet{std::max(content.width + 2 * margin, 297.0), std::max(content.height + 2 * margin, 297.0)};
   if (std::max(sheet.width, sheet.height) > longestMm)
-    throw PlotError("le dessin demande une feuille de " + dimensions(sheet) + ", le maximum est " +
-                    number(longestMm) + " mm : choisissez une échelle plus petite, une fenêtre ou \"fit\"");
+    throw PlotError("le dessin demande une feuille de " + dimensions(sheet) + ", le maximum est " + number(longestMm) +
+                    " mm : choisissez une échelle plus petite, une fenêtre ou \"fit\"");
   return sheet;
 }
 
@@ -101,8 +92,8 @@ Size smallestSheet(Size content, double margin) {
 
 std::string overflow(const Paper& paper, Size content, Size room, double scale) {
   const double needed = scale * std::max(content.width / room.width, content.height / room.height);
-  std::string text = "à l'échelle " + scaleName(scale) + " le dessin mesure " + dimensions(content) +
-                     ", la feuille " + std::string(paper.name) + " n'offre que " + dimensions(room) +
+  std::string text = "à l'échelle " + scaleName(scale) + " le dessin mesure " + dimensions(content) + ", la feuille " +
+                     std::string(paper.name) + " n'offre que " + dimensions(room) +
                      " : il est centré et coupé. Il tiendrait à l'échelle " + scaleName(usualScale(needed));
   const double margin = (oriented(paper, content).width - room.width) / 2;
   for (const Paper& larger : papers)
@@ -112,8 +103,7 @@ std::string overflow(const Paper& paper, Size content, Size room, double scale) 
 }
 
 void place(Page& page, const Box& content, double perUnit, double margin) {
-  const Pt centre =
-      content.empty() ? Pt{} : Pt{(content.xMin + content.xMax) / 2, (content.yMin + content.yMax) / 2};
+  const Pt centre = content.empty() ? Pt{} : Pt{(content.xMin + content.xMax) / 2, (content.yMin + content.yMax) / 2};
   page.toPage = {
       perUnit, 0, 0, -perUnit, page.widthMm / 2 - perUnit * centre.x, page.heightMm / 2 + perUnit * centre.y};
   page.clipMm.add(Pt{margin, margin});
@@ -143,8 +133,7 @@ std::optional<double> parseScale(std::string_view text) {
   std::string_view denominator = text;
   if (text.starts_with("1:") || text.starts_with("1/")) denominator.remove_prefix(2);
   const auto value = readNumber(denominator);
-  if (!value || *value <= 0)
-    throw PlotError("échelle \"" + std::string(text) + "\" : attendu \"1:200\" ou \"fit\"");
+  if (!value || *value <= 0) throw PlotError("échelle \"" + std::string(text) + "\" : attendu \"1:200\" ou \"fit\"");
   return value;
 }
 
@@ -177,23 +166,19 @@ Page layOutPage(const Box& drawn, const PlotRequest& request) {
   Page page;
   const double perUnit = request.unitMm / request.scale.value_or(1);
   const Size onPaper{content.width() * perUnit, content.height() * perUnit};
-  if (!std::isfinite(onPaper.width) || !std::isfinite(onPaper.height))
-    throw PlotError("dessin d'étendue infinie");
+  if (!std::isfinite(onPaper.width) || !std::isfinite(onPaper.height)) throw PlotError("dessin d'étendue infinie");
 
   const Paper paper = request.paper.value_or(papers[0]);
   const bool chosen = request.paper || !request.scale;
   const Size sheet = chosen ? oriented(paper, onPaper) : smallestSheet(onPaper, request.marginMm);
   const Size room = within(sheet, request.marginMm);
   if (request.marginMm < 0 || room.width <= 0 || room.height <= 0)
-    throw PlotError("marge de " + number(request.marginMm, 1) +
-                    " mm : trop grande ou négative pour cette feuille");
+    throw PlotError("marge de " + number(request.marginMm, 1) + " mm : trop grande ou négative pour cette feuille");
 
   page.widthMm = sheet.width, page.heightMm = sheet.height;
   page.scale = request.scale.value_or(fitScale(content, room, request.unitMm));
-  if (content.empty())
-    page.warnings.push_back("rien à tracer : la feuille est vide");
-  else if (request.scale && !fits(onPaper, room))
-    page.warnings.push_back(overflow(paper, onPaper, room, page.scale));
+  if (content.empty()) page.warnings.push_back("rien à tracer : la feuille est vide");
+  else if (request.scale && !fits(onPaper, room)) page.warnings.push_back(overflow(paper, onPaper, room, page.scale));
   place(page, content, request.unitMm / page.scale, request.marginMm);
   if (request.window) clipToWindow(page, *request.window);
   return page;

@@ -19,8 +19,8 @@ struct Paper {
 
 struct PlotRequest {
   std::optional<double> scale;  // denominator of 1:n; none: fitted to the sheet
-  std::optional<Paper> paper;  // none: the smallest sheet that holds the drawing at the scale, A4 when fitted
-  std::optional<Box> window;   // drawing units; none: all that is drawn
+  std::optional<Paper> paper;   // none: the smallest sheet that holds the drawing at the scale, A4 when fitted
+  std::optional<Box> window;    // drawing units; none: all that is drawn
   double marginMm = 10;
   double unitMm = 1000;  // millimetres of reality in one drawing unit
 };

@@ -18,7 +18,9 @@ void checkCairo(cairo_status_t status, const std::string& file) {
 }
 
 PdfFile::PdfFile(const std::string& file)
-    : name_(file), out_(file), surface_(cairo_pdf_surface_create_for_stream(toAtomicFile, &out_, 1, 1), cairo_surface_destroy),
+    : name_(file),
+      out_(file),
+      surface_(cairo_pdf_surface_create_for_stream(toAtomicFile, &out_, 1, 1), cairo_surface_destroy),
       context_(cairo_create(surface_.get()), cairo_destroy) {
   cairo_pdf_surface_set_metadata(surface_.get(), CAIRO_PDF_METADATA_CREATOR, "Kavel");
 }

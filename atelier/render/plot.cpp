@@ -36,8 +36,8 @@ void paintPage(cairo_t* context, const DisplayList& list, const Page& page, doub
   paint(context, list, options);
 }
 
-void paintPage(cairo_surface_t* surface, const DisplayList& list, const Page& page, double unitsPerMm,
-               double thinnest, bool embedFonts, const std::string& file) {
+void paintPage(cairo_surface_t* surface, const DisplayList& list, const Page& page, double unitsPerMm, double thinnest,
+               bool embedFonts, const std::string& file) {
   const Context context(cairo_create(surface), cairo_destroy);
   paintPage(context.get(), list, page, unitsPerMm, thinnest, embedFonts);
   checkCairo(cairo_status(context.get()), file);
@@ -60,12 +60,9 @@ void svg(const DisplayList& list, const Page& page, AtomicFile& out, const std::
   checkCairo(cairo_surface_status(surface.get()), file);
 }
 
-void picture(double dpi, const DisplayList& list, const Page& page, AtomicFile& out,
-             const std::string& file) {
-  if (!(dpi >= 10 && dpi <= 2400))
-    throw PlotError("résolution hors limites : attendu de 10 à 2400 points par pouce");
-  const double perMm = dpi / 25.4, width = std::round(page.widthMm * perMm),
-               height = std::round(page.heightMm * perMm);
+void picture(double dpi, const DisplayList& list, const Page& page, AtomicFile& out, const std::string& file) {
+  if (!(dpi >= 10 && dpi <= 2400)) throw PlotError("résolution hors limites : attendu de 10 à 2400 points par pouce");
+  const double perMm = dpi / 25.4, width = std::round(page.widthMm * perMm), height = std::round(page.heightMm * perMm);
   if (std::max(width, height) > greatestSide || width * height > greatestPicture)
     throw PlotError(file + " : image trop grande, baissez la résolution ou choisissez .pdf ou .svg");
   const Surface surface(
@@ -99,10 +96,8 @@ std::vector<std::string> plot(const DisplayList& list, const std::string& file, 
     pdf(list, page, file);
   } else {
     AtomicFile out(file);
-    if (isPng)
-      picture(options.dpi, list, page, out, file);
-    else
-      svg(list, page, out, file);
+    if (isPng) picture(options.dpi, list, page, out, file);
+    else svg(list, page, out, file);
     out.commit();
   }
   std::vector<std::string> warnings = list.warnings;

@@ -80,7 +80,8 @@ Value roomOfTemplate(Interpreter& in, Arguments arguments) {
   const std::string path = foundPath(in, arguments[0]);
   try {
     const Template model = readTemplate(path);
-    return in.list({in.point(model.sheet.width(), model.sheet.height()), in.point(model.room.width(), model.room.height())});
+    return in.list(
+        {in.point(model.sheet.width(), model.sheet.height()), in.point(model.room.width(), model.room.height())});
   } catch (const Error& error) {
     in.fail(error.what());
   }
@@ -92,7 +93,8 @@ Value plotSheetSet(Interpreter& in, Arguments arguments) {
   for (const Value item : Items(lisp::listArgument(in, arguments[2]))) sheets.push_back(sheetOf(in, item));
   Document& document = Document::needed();
   try {
-    for (const std::string& warning : plotSheets(document.database(), readTemplate(path), sheets, file)) document.print("\n" + warning);
+    for (const std::string& warning : plotSheets(document.database(), readTemplate(path), sheets, file))
+      document.print("\n" + warning);
   } catch (const Error& error) {
     in.fail(error.what());
   }

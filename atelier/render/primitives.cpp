@@ -9,13 +9,9 @@ namespace atelier::render {
 
 namespace {
 
-bool finite(Pt p) {
-  return std::isfinite(p.x) && std::isfinite(p.y);
-}
+bool finite(Pt p) { return std::isfinite(p.x) && std::isfinite(p.y); }
 
-Box boxOf(const Path& path) {
-  return std::ranges::all_of(path.points(), finite) ? path.bounds() : Box{};
-}
+Box boxOf(const Path& path) { return std::ranges::all_of(path.points(), finite) ? path.bounds() : Box{}; }
 
 struct BoxOf {
   Box operator()(const Stroke& s) const { return boxOf(s.path); }

@@ -20,9 +20,7 @@ constexpr std::int64_t italicFont = 0x1000000, boldFont = 0x2000000;
 
 // Line weights are hundredths of a millimetre; the negative ones that are no rule of inheritance are the
 // default.
-double weightMm(std::int64_t stored) {
-  return stored < 0 ? defaultWeightMm : static_cast<double>(stored) / 100;
-}
+double weightMm(std::int64_t stored) { return stored < 0 ? defaultWeightMm : static_cast<double>(stored) / 100; }
 
 void setAlpha(Colour& colour, std::int64_t transparency) {
   const auto bits = static_cast<std::uint32_t>(transparency);
@@ -37,12 +35,9 @@ Pattern alternating(const std::vector<double>& elements) {
   double leadingGap = 0;
   for (const double e : elements) {
     if (!std::isfinite(e)) return {};
-    if (out.empty() && e < 0)
-      leadingGap -= e;
-    else if (!out.empty() && dash == (e >= 0))
-      out.back() += std::abs(e);
-    else
-      out.push_back(std::abs(e));
+    if (out.empty() && e < 0) leadingGap -= e;
+    else if (!out.empty() && dash == (e >= 0)) out.back() += std::abs(e);
+    else out.push_back(std::abs(e));
     if (!out.empty()) dash = e >= 0;
   }
   if (out.empty()) return {};
@@ -58,9 +53,7 @@ Pattern alternating(const std::vector<double>& elements) {
 Properties::Properties(AcDbImpDatabase& database, bool paper)
     : database_(database), paper_(paper), scale_(database.header.real("$LTSCALE", 1)) {}
 
-std::string_view Properties::key(std::string_view name) {
-  return key_ = upperCase(name);
-}
+std::string_view Properties::key(std::string_view name) { return key_ = upperCase(name); }
 
 const Record* Properties::record(std::string_view table, std::string_view name) {
   AcDbStub* stub = database_.tableRecord(table, name);
@@ -99,26 +92,19 @@ Look Properties::look(const Groups& entity, const Inherited& from) {
   look.hidden = look.frozen || layer.off;
 
   const std::int64_t index = entity.integer(62, 256);
-  if (entity.has(420))
-    look.colour = trueColour(static_cast<std::uint32_t>(entity.integer(420)));
-  else if (index == 0)
-    look.colour = from.look.colour;
-  else
-    look.colour = index == 256 ? layer.colour : aciColour(static_cast<int>(index));
+  if (entity.has(420)) look.colour = trueColour(static_cast<std::uint32_t>(entity.integer(420)));
+  else if (index == 0) look.colour = from.look.colour;
+  else look.colour = index == 256 ? layer.colour : aciColour(static_cast<int>(index));
   const std::int64_t transparency = entity.integer(440);
   look.colour.alpha = transparency >> 24 == alphaByBlock ? from.look.colour.alpha : layer.colour.alpha;
   setAlpha(look.colour, transparency);
 
   const std::int64_t weight = entity.integer(370, byLayer);
-  look.weightMm = weight == byLayer   ? layer.weightMm
-                  : weight == byBlock ? from.look.weightMm
-                                      : weightMm(weight);
+  look.weightMm = weight == byLayer ? layer.weightMm : weight == byBlock ? from.look.weightMm : weightMm(weight);
 
   const std::string_view type = entity.text(6, "BYLAYER");
-  if (equalNoCase(type, "BYLAYER"))
-    look.pattern = layer.pattern;
-  else
-    look.pattern = equalNoCase(type, "BYBLOCK") ? from.look.pattern : pattern(type);
+  if (equalNoCase(type, "BYLAYER")) look.pattern = layer.pattern;
+  else look.pattern = equalNoCase(type, "BYBLOCK") ? from.look.pattern : pattern(type);
   look.patternScale = scale_ * entity.real(48, 1);
   return look;
 }

@@ -45,8 +45,7 @@ constexpr Kind kinds[] = {
 // Frames on a sheet and the like: nothing to see in the model space.
 constexpr std::string_view invisible[] = {"VIEWPORT", "SEQEND", "VERTEX", "LIGHT", "SUN"};
 
-DisplayList drawAll(const AcDbDatabase& database, std::span<AcDbStub* const> entities,
-                    const SceneOptions& options) {
+DisplayList drawAll(const AcDbDatabase& database, std::span<AcDbStub* const> entities, const SceneOptions& options) {
   SceneBuilder builder(AcDbImpDatabase::of(&database), options);
   try {
     for (AcDbStub* stub : entities) builder.entity(*stub, {});
@@ -64,9 +63,7 @@ namespace {
 constexpr std::size_t kUnfolding = 50, kLeastPrimitives = 200'000;
 }  // namespace
 
-std::uint64_t Entity::source() const {
-  return at.source ? at.source : stub.handle;
-}
+std::uint64_t Entity::source() const { return at.source ? at.source : stub.handle; }
 
 Affine Entity::plane(double elevation) const {
   const AcGeVector3d normal = groups.normal();
@@ -86,9 +83,7 @@ SceneBuilder::SceneBuilder(AcDbImpDatabase& database, const SceneOptions& option
       most_(std::min(options.mostPrimitives, std::max(kLeastPrimitives, kUnfolding * database.stubs().size()))),
       properties_(database, options.paper) {}
 
-Groups SceneBuilder::groupsOf(AcDbStub& stub) {
-  return Groups(AcDbImpObject::of(&database_.object(stub)).settled());
-}
+Groups SceneBuilder::groupsOf(AcDbStub& stub) { return Groups(AcDbImpObject::of(&database_.object(stub)).settled()); }
 
 std::vector<AcDbStub*> SceneBuilder::children(const AcDbStub& stub) const {
   std::vector<AcDbStub*> out;
@@ -148,25 +143,19 @@ void SceneBuilder::add(const Entity& e, std::variant<Stroke, Fill, GlyphRun, Unb
   if (!e.look.hidden) list_.add(e.source(), std::move(shape));
 }
 
-void SceneBuilder::stroke(const Entity& e, Path path) {
-  add(e, Stroke{std::move(path), pen(e)});
-}
+void SceneBuilder::stroke(const Entity& e, Path path) { add(e, Stroke{std::move(path), pen(e)}); }
 
-void SceneBuilder::fill(const Entity& e, Path path, bool evenOdd) {
-  fill(e, std::move(path), evenOdd, e.look.colour);
-}
+void SceneBuilder::fill(const Entity& e, Path path, bool evenOdd) { fill(e, std::move(path), evenOdd, e.look.colour); }
 
 void SceneBuilder::fill(const Entity& e, Path path, bool evenOdd, Colour colour) {
   add(e, Fill{std::move(path), colour, evenOdd});
 }
 
-void SceneBuilder::cannotShow(const std::string& what) {
-  ++unshown_[what];
-}
+void SceneBuilder::cannotShow(const std::string& what) { ++unshown_[what]; }
 
 const fonts::Font& SceneBuilder::font(const fonts::FontStyle& style) {
-  const std::string key = style.file + '|' + std::to_string(style.widthFactor) + '|' +
-                          std::to_string(style.oblique) + (style.bold ? "b" : "") + (style.italic ? "i" : "");
+  const std::string key = style.file + '|' + std::to_string(style.widthFactor) + '|' + std::to_string(style.oblique) +
+                          (style.bold ? "b" : "") + (style.italic ? "i" : "");
   const auto known = fonts_.find(key);
   return known != fonts_.end() ? known->second : fonts_.emplace(key, fonts::Font(style)).first->second;
 }

@@ -15,10 +15,10 @@ class AcDbStub;
 namespace atelier::render {
 
 struct SceneOptions {
-  bool paper = true;  // what is not to be plotted (group 290 of layers, Defpoints) is left out
+  bool paper = true;                       // what is not to be plotted (group 290 of layers, Defpoints) is left out
   std::size_t mostPrimitives = 2'000'000;  // then the drawing stops with a warning; visits of entities: ten
                                            // times as many
-  int deepest = 40;  // blocks within blocks
+  int deepest = 40;                        // blocks within blocks
 };
 
 // The model space, in drawing order. Never fails on what an entity holds: what cannot be shown is counted in
@@ -31,7 +31,6 @@ DisplayList drawEntities(const AcDbDatabase& database, std::span<AcDbStub* const
                          const SceneOptions& options = {});
 
 // drawScene and plot: writes the file, gives the warnings.
-std::vector<std::string> plotDrawing(const AcDbDatabase& database, const std::string& file,
-                                     const PlotOptions& options);
+std::vector<std::string> plotDrawing(const AcDbDatabase& database, const std::string& file, const PlotOptions& options);
 
 }  // namespace atelier::render

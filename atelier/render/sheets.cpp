@@ -47,7 +47,8 @@ std::string replaced(std::string bytes, const std::vector<std::pair<std::string,
   for (const auto& [mark, text] : texts) {
     if (mark.empty()) continue;
     const std::string with = drawingText(text);
-    for (std::size_t at = 0; (at = bytes.find(mark, at)) != bytes.npos; at += with.size()) bytes.replace(at, mark.size(), with);
+    for (std::size_t at = 0; (at = bytes.find(mark, at)) != bytes.npos; at += with.size())
+      bytes.replace(at, mark.size(), with);
   }
   return bytes;
 }
@@ -108,8 +109,8 @@ class Composer {
     }
     const double height = perUnit * (top - bottom);
     if (width > room.width() + kSlackMm || height > room.height() + kSlackMm)
-      throw PlotError("la vue mesure " + millimetres(width) + " x " + millimetres(height) + " mm, le modèle " + model_.name + " offre " +
-                      millimetres(room.width()) + " x " + millimetres(room.height()) + " mm");
+      throw PlotError("la vue mesure " + millimetres(width) + " x " + millimetres(height) + " mm, le modèle " +
+                      model_.name + " offre " + millimetres(room.width()) + " x " + millimetres(room.height()) + " mm");
     double left = room.xMin;
     const double high = room.yMin + (room.height() - height) / 2;
     for (const SheetView& view : sheet.views) {
@@ -131,7 +132,8 @@ class Composer {
     path.moveTo({line.xMin, line.yMin});
     path.lineTo({line.xMin, line.yMax});
     DisplayList list;
-    list.add(0, Stroke{path, Pen{foreground, 0.35, std::make_shared<const std::vector<double>>(std::vector<double>{8, 1.5, 1, 1.5})}});
+    list.add(0, Stroke{path, Pen{foreground, 0.35,
+                                 std::make_shared<const std::vector<double>>(std::vector<double>{8, 1.5, 1, 1.5})}});
     Box clip = line;
     clip.xMin -= 1, clip.xMax += 1;
     show(list, {}, clip);
@@ -155,8 +157,8 @@ Template readTemplate(const std::string& file) {
   return model;
 }
 
-std::vector<std::string> plotSheets(const AcDbDatabase& drawing, const Template& model, const std::vector<Sheet>& sheets,
-                                    const std::string& file) {
+std::vector<std::string> plotSheets(const AcDbDatabase& drawing, const Template& model,
+                                    const std::vector<Sheet>& sheets, const std::string& file) {
   if (sheets.empty()) throw PlotError("aucune feuille à tracer");
   const DisplayList list = drawScene(drawing);
   PdfFile pdf(file);

@@ -41,7 +41,7 @@ Template readTemplate(const std::string& file);
 
 // Writes the sheets as the pages of a PDF, whole or not at all. Gives warnings, French. Throws PlotError: no sheet, a view that
 // has no size or is larger than the room, a file that can't be written.
-std::vector<std::string> plotSheets(const AcDbDatabase& drawing, const Template& model, const std::vector<Sheet>& sheets,
-                                    const std::string& file);
+std::vector<std::string> plotSheets(const AcDbDatabase& drawing, const Template& model,
+                                    const std::vector<Sheet>& sheets, const std::string& file);
 
 }  // namespace atelier::render

@@ -22,10 +22,8 @@ void addArc(Path& path, Pt centre, Pt u, Pt v, double start, double sweep, bool 
   sweep = std::clamp(sweep, -turn, turn);
   const auto at = [&](double c, double s) { return centre + (c * u + s * v); };
   const Pt first = at(std::cos(start), std::sin(start));
-  if (move || path.empty())
-    path.moveTo(first);
-  else if (path.current().x != first.x || path.current().y != first.y)
-    path.lineTo(first);
+  if (move || path.empty()) path.moveTo(first);
+  else if (path.current().x != first.x || path.current().y != first.y) path.lineTo(first);
   const int parts = std::max(1, static_cast<int>(std::ceil(std::abs(sweep) / greatestAngle)));
   const double step = sweep / parts, handle = 4.0 / 3.0 * std::tan(step / 4);
   for (int i = 0; i < parts; ++i) {

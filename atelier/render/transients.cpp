@@ -19,7 +19,8 @@ void addTransients(DisplayList& list, const Transients& transients) {
   const auto& vectors = transients.vectors;
   for (auto v = vectors.begin(); v != vectors.end(); ++v) {
     if (v->color == 0) continue;
-    const bool removed = std::any_of(v + 1, vectors.end(), [&](const TransientVector& later) { return later.color == 0 && samePlace(*v, later); });
+    const bool removed = std::any_of(
+        v + 1, vectors.end(), [&](const TransientVector& later) { return later.color == 0 && samePlace(*v, later); });
     if (removed) continue;
     Pen pen{aciColour(v->color), 0.13, nullptr};
     if (v->highlighted) {

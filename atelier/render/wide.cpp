@@ -20,9 +20,7 @@ struct Segment {
   bool straight() const { return std::abs(bulge) <= 1e-12; }
 };
 
-Pt leftOf(Pt direction) {
-  return {-direction.y, direction.x};
-}
+Pt leftOf(Pt direction) { return {-direction.y, direction.x}; }
 
 std::vector<Segment> segmentsOf(std::span<const PolyVertex> vertices, bool closed) {
   std::vector<Segment> out;
@@ -82,8 +80,7 @@ void addBand(Path& out, const Segment& s) {
   const double start = std::atan2(s.from.y - centre.y, s.from.x - centre.x);
   const auto at = [&](double t, double side) {
     const double half = s.startHalf + t * (s.endHalf - s.startHalf), angle = start + t * sweep;
-    const double r =
-        radius - side * std::copysign(half, s.bulge);  // left of the travel is inside a left turn
+    const double r = radius - side * std::copysign(half, s.bulge);  // left of the travel is inside a left turn
     return centre + r * Pt{std::cos(angle), std::sin(angle)};
   };
   if (s.startHalf == s.endHalf) {
@@ -117,10 +114,8 @@ Path wideArea(std::span<const PolyVertex> vertices, bool closed) {
     const Segment* before = i > 0 ? &segments[i - 1] : closed && n > 1 ? &segments[n - 1] : nullptr;
     const Segment* after = i + 1 < n ? &segments[i + 1] : closed && n > 1 ? &segments[0] : nullptr;
     if (s.startHalf <= 0 && s.endHalf <= 0) continue;
-    if (s.straight())
-      addStraight(out, s, before, after);
-    else
-      addBand(out, s);
+    if (s.straight()) addStraight(out, s, before, after);
+    else addBand(out, s);
     if (after && !mitre(&s, after, 1)) addBevel(out, s, *after);
   }
   return out;

@@ -15,18 +15,12 @@ resbuf* derniere(resbuf* rb) {
 
 bool estDuType(const resbuf* rb, char type) {
   switch (type) {
-    case 'R':
-      return estNombre(rb);
-    case 'E':
-      return estEntier(rb);
-    case 'C':
-      return estChaine(rb);
-    case 'P':
-      return estPoint(rb);
-    case 'N':
-      return estNom(rb);
-    default:
-      return false;
+    case 'R': return estNombre(rb);
+    case 'E': return estEntier(rb);
+    case 'C': return estChaine(rb);
+    case 'P': return estPoint(rb);
+    case 'N': return estNom(rb);
+    default: return false;
   }
 }
 
@@ -63,10 +57,8 @@ resbuf* ArgsLisp::nieme(Adesk::Int32 i) const {
 
 bool ArgsLisp::ajouter(resbuf* chaine) {
   if (!chaine) return false;
-  if (m_tete)
-    derniere(m_tete)->rbnext = chaine;
-  else
-    m_tete = chaine;
+  if (m_tete) derniere(m_tete)->rbnext = chaine;
+  else m_tete = chaine;
   return true;
 }
 
@@ -84,21 +76,11 @@ bool conforme(const ArgsLisp& args, std::string_view types) {
   return true;
 }
 
-bool estNombre(const resbuf* rb) {
-  return rb && (rb->restype == RTREAL || estEntier(rb));
-}
-bool estEntier(const resbuf* rb) {
-  return rb && (rb->restype == RTSHORT || rb->restype == RTLONG);
-}
-bool estChaine(const resbuf* rb) {
-  return rb && rb->restype == RTSTR;
-}
-bool estPoint(const resbuf* rb) {
-  return rb && (rb->restype == RTPOINT || rb->restype == RT3DPOINT);
-}
-bool estNom(const resbuf* rb) {
-  return rb && rb->restype == RTENAME;
-}
+bool estNombre(const resbuf* rb) { return rb && (rb->restype == RTREAL || estEntier(rb)); }
+bool estEntier(const resbuf* rb) { return rb && (rb->restype == RTSHORT || rb->restype == RTLONG); }
+bool estChaine(const resbuf* rb) { return rb && rb->restype == RTSTR; }
+bool estPoint(const resbuf* rb) { return rb && (rb->restype == RTPOINT || rb->restype == RT3DPOINT); }
+bool estNom(const resbuf* rb) { return rb && rb->restype == RTENAME; }
 
 double valeurReelle(const resbuf* rb) {
   if (rb && rb->restype == RTREAL) return rb->resval.rreal;
@@ -137,16 +119,10 @@ Adesk::Int32 entierXData(const resbuf* rb) {
   return rb->restype == kXEntier16 ? rb->resval.rint : rb->resval.rlong;
 }
 
-bool estEntierXData(const resbuf* rb) {
-  return rb && (rb->restype == kXEntier16 || rb->restype == kXEntier32);
-}
+bool estEntierXData(const resbuf* rb) { return rb && (rb->restype == kXEntier16 || rb->restype == kXEntier32); }
 
-bool estHandleXData(const resbuf* rb) {
-  return rb && rb->restype == kXHandle;
-}
-bool estReelXData(const resbuf*) {
-  return true;
-}
+bool estHandleXData(const resbuf* rb) { return rb && rb->restype == kXHandle; }
+bool estReelXData(const resbuf*) { return true; }
 
 resbuf* chercheCode(resbuf* rb, int code) {
   while (rb && rb->restype != code) rb = rb->rbnext;

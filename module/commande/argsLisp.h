@@ -18,8 +18,8 @@ inline constexpr Adesk::Int32 kObjetNul = -9999999;
 inline constexpr double kReelAbsent = 1e36;
 
 // XDATA group codes.
-inline constexpr short kXTexte = 1000, kXApplication = 1001, kXHandle = 1005, kXReel = 1040,
-                       kXDistance = 1041, kXEntier16 = 1070, kXEntier32 = 1071;
+inline constexpr short kXTexte = 1000, kXApplication = 1001, kXHandle = 1005, kXReel = 1040, kXDistance = 1041,
+                       kXEntier16 = 1070, kXEntier32 = 1071;
 
 class ArgsLisp {
  public:
@@ -66,8 +66,8 @@ bool estNom(const resbuf* rb);
 double valeurReelle(const resbuf* rb);         // kReelAbsent for anything but a number
 Adesk::Int32 valeurEntiere(const resbuf* rb);  // kSansValeur for anything but an integer, reals included
 std::wstring valeurTexte(const resbuf* rb);    // empty for anything but a string
-AcGePoint3d valeurPoint(const resbuf* rb);  // z is 0 for a plane point; the origin for anything but a point
-AcDbObjectId valeurId(const resbuf* rb);    // null for anything but an entity name that the host knows
+AcGePoint3d valeurPoint(const resbuf* rb);     // z is 0 for a plane point; the origin for anything but a point
+AcDbObjectId valeurId(const resbuf* rb);       // null for anything but an entity name that the host knows
 
 double reelXData(const resbuf* rb);          // 1040, 1041, 1070, 1071; else 0.0
 Adesk::Int32 entierXData(const resbuf* rb);  // 1070, 1071; else 0

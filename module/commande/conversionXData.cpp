@@ -15,8 +15,7 @@ resbuf* paireMarque(const ACHAR* cle, Adesk::Int32 marque) {
 resbuf* paireEntite(const ACHAR* cle, const resbuf& valeur) {
   const AcDbObjectId id = valeurId(&valeur);
   ACHAR handle[32] = L"";
-  if (id.isNull() || !id.handle().getIntoAsciiBuffer(handle, std::size(handle)))
-    return paireMarque(cle, kObjetNul);
+  if (id.isNull() || !id.handle().getIntoAsciiBuffer(handle, std::size(handle))) return paireMarque(cle, kObjetNul);
   return acutBuildList(kXTexte, cle, kXHandle, handle, RTNONE);
 }
 
@@ -25,20 +24,13 @@ resbuf* paireEntite(const ACHAR* cle, const resbuf& valeur) {
 resbuf* paireXData(const std::wstring& cle, const resbuf& valeur) {
   const ACHAR* c = cle.c_str();
   switch (valeur.restype) {
-    case RTREAL:
-      return acutBuildList(kXTexte, c, kXReel, valeur.resval.rreal, RTNONE);
-    case RTSHORT:
-      return acutBuildList(kXTexte, c, kXEntier16, int{valeur.resval.rint}, RTNONE);
-    case RTSTR:
-      return acutBuildList(kXTexte, c, kXTexte, valeurTexte(&valeur).c_str(), RTNONE);
-    case RTENAME:
-      return paireEntite(c, valeur);
-    case RTLONG:
-      return acutBuildList(kXTexte, c, kXEntier32, valeur.resval.rlong, RTNONE);
-    case RTNIL:
-      return paireMarque(c, kSansValeur);
-    default:
-      return paireMarque(c, kObjetNul);
+    case RTREAL: return acutBuildList(kXTexte, c, kXReel, valeur.resval.rreal, RTNONE);
+    case RTSHORT: return acutBuildList(kXTexte, c, kXEntier16, int{valeur.resval.rint}, RTNONE);
+    case RTSTR: return acutBuildList(kXTexte, c, kXTexte, valeurTexte(&valeur).c_str(), RTNONE);
+    case RTENAME: return paireEntite(c, valeur);
+    case RTLONG: return acutBuildList(kXTexte, c, kXEntier32, valeur.resval.rlong, RTNONE);
+    case RTNIL: return paireMarque(c, kSansValeur);
+    default: return paireMarque(c, kObjetNul);
   }
 }
 

@@ -32,20 +32,11 @@ void accueillir(void* application) {
 
 AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
   switch (msg) {
-    case AcRx::kInitAppMsg:
-      plv::accueillir(pkt);
-      break;
-    case AcRx::kLoadDwgMsg:
-      plv::publierFonctions();
-      break;
-    case AcRx::kUnloadDwgMsg:
-      plv::retirerFonctions();
-      break;
-    case AcRx::kInvkSubrMsg:
-      plv::appelerFonction();
-      break;
-    default:
-      break;
+    case AcRx::kInitAppMsg: plv::accueillir(pkt); break;
+    case AcRx::kLoadDwgMsg: plv::publierFonctions(); break;
+    case AcRx::kUnloadDwgMsg: plv::retirerFonctions(); break;
+    case AcRx::kInvkSubrMsg: plv::appelerFonction(); break;
+    default: break;
   }
   return AcRx::kRetOK;
 }

@@ -12,15 +12,12 @@ namespace plv {
 
 namespace {
 
-constexpr int kTexte = 300, kEntier = 90, kEntier91 = 91, kReel = 40, kPointeur = 330, kTaille = 92,
-              kMorceau = 310;
+constexpr int kTexte = 300, kEntier = 90, kEntier91 = 91, kReel = 40, kPointeur = 330, kTaille = 92, kMorceau = 310;
 constexpr std::size_t kOctetsParMorceau = 127;  // what a group 310 holds at most
 
 }  // namespace
 
-listeRb::~listeRb() {
-  attacher(nullptr);
-}
+listeRb::~listeRb() { attacher(nullptr); }
 
 void listeRb::attacher(resbuf* chaine) {
   if (m_tete) acutRelRb(m_tete);
@@ -31,33 +28,21 @@ void listeRb::attacher(resbuf* chaine) {
 
 bool listeRb::ajouter(resbuf* chaine) {
   if (!chaine) return false;
-  if (m_queue)
-    m_queue->rbnext = chaine;
-  else
-    m_tete = chaine;
-  for (m_queue = chaine; m_queue->rbnext; m_queue = m_queue->rbnext) {
-  }
+  if (m_queue) m_queue->rbnext = chaine;
+  else m_tete = chaine;
+  for (m_queue = chaine; m_queue->rbnext; m_queue = m_queue->rbnext) {}
   return true;
 }
 
-bool listeRb::ajouterTexte(const std::wstring& texte) {
-  return ajouter(acutBuildList(kTexte, texte.c_str(), RTNONE));
-}
+bool listeRb::ajouterTexte(const std::wstring& texte) { return ajouter(acutBuildList(kTexte, texte.c_str(), RTNONE)); }
 
-bool listeRb::ajouterEntier(Adesk::Int32 valeur) {
-  return ajouter(acutBuildList(kEntier, valeur, RTNONE));
-}
-bool listeRb::ajouterEntier91(Adesk::Int32 valeur) {
-  return ajouter(acutBuildList(kEntier91, valeur, RTNONE));
-}
-bool listeRb::ajouterReel(double valeur) {
-  return ajouter(acutBuildList(kReel, valeur, RTNONE));
-}
+bool listeRb::ajouterEntier(Adesk::Int32 valeur) { return ajouter(acutBuildList(kEntier, valeur, RTNONE)); }
+bool listeRb::ajouterEntier91(Adesk::Int32 valeur) { return ajouter(acutBuildList(kEntier91, valeur, RTNONE)); }
+bool listeRb::ajouterReel(double valeur) { return ajouter(acutBuildList(kReel, valeur, RTNONE)); }
 
 bool listeRb::ajouterId(AcDbObjectId id) {
   ads_name nom;
-  if (!id.isNull() && acdbGetAdsName(nom, id) == Acad::eOk)
-    return ajouter(acutBuildList(kPointeur, nom, RTNONE));
+  if (!id.isNull() && acdbGetAdsName(nom, id) == Acad::eOk) return ajouter(acutBuildList(kPointeur, nom, RTNONE));
   return ajouterEntier(kObjetNul);
 }
 
@@ -72,9 +57,7 @@ bool listeRb::ajouterBloc(std::span<const char> donnees) {
   return ajoute;
 }
 
-bool listeRb::avance(int code) const {
-  return m_courant && m_courant->restype == code;
-}
+bool listeRb::avance(int code) const { return m_courant && m_courant->restype == code; }
 
 bool listeRb::lireTexte(std::wstring& texte) {
   if (!avance(kTexte)) return false;

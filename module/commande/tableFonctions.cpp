@@ -93,9 +93,7 @@ static_assert(std::size(kTable) == 69);
 
 }  // namespace
 
-std::span<const ligneFonction> tableFonctions() {
-  return kTable;
-}
+std::span<const ligneFonction> tableFonctions() { return kTable; }
 
 // Only what the host calls a success goes on: its error codes are negative.
 void publierFonctions() {

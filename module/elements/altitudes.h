@@ -30,7 +30,7 @@ void visiterTn(const segmentsAltitude& segments, const profilLong& profil, VISIT
 
 namespace plv {
 
-inline constexpr double kBordSegment = 1e-8;       // an abscissa this near to an end is covered
+inline constexpr double kBordSegment = 1e-8;  // an abscissa this near to an end is covered
 inline constexpr double kSegmentSansLargeur = 1e-10;
 
 template <class VISITE>

@@ -26,16 +26,12 @@ constexpr mode kAjouter = {L"Enlever Voir Redessiner Projet Non",
 constexpr mode kEnlever = {L"Tout Ajouter Redessiner Projet Non",
                            L"\nAjouter / enlever Tout  / Redessiner / Projet / Non_projet <element a enlever>"};
 
-bool entourer(AcDbObjectId id, int couleur) {
-  return encadrer(id, couleur, kFacteurX, kFacteurY);
-}
+bool entourer(AcDbObjectId id, int couleur) { return encadrer(id, couleur, kFacteurX, kFacteurY); }
 
 void encadrerProjet(AcDbObjectIdArray& liste) {
   for (int i = 0; i < liste.length();)
-    if (estDuProjet(liste[i]) && !entourer(liste[i], kCouleurMarque))
-      liste.removeAt(i);
-    else
-      ++i;
+    if (estDuProjet(liste[i]) && !entourer(liste[i], kCouleurMarque)) liste.removeAt(i);
+    else ++i;
 }
 
 // One pick; RTNORM gives the entity.
@@ -83,27 +79,16 @@ void suivreMotCle(AcDbObjectIdArray& liste, mode& courant) {
   ACHAR reponse[kTailleReponse] = L"";
   acedGetInput(reponse);
   switch (*reponse) {
-    case L'A':
-      courant = kAjouter;
-      break;
-    case L'E':
-      courant = kEnlever;
-      break;
-    case L'T':
-      toutEnlever(liste);
-      break;
+    case L'A': courant = kAjouter; break;
+    case L'E': courant = kEnlever; break;
+    case L'T': toutEnlever(liste); break;
     case L'R':
       acgsRemoveAnonymousGraphics(0);
       encadrerProjet(liste);
       break;
-    case L'P':
-      pointerProjet(liste);
-      break;
-    case L'N':
-      pointerNonProjet(liste);
-      break;
-    default:
-      break;
+    case L'P': pointerProjet(liste); break;
+    case L'N': pointerNonProjet(liste); break;
+    default: break;
   }
 }
 
@@ -128,16 +113,10 @@ bool editer(AcDbObjectIdArray& liste) {
     encadrerProjet(liste);
     AcDbObjectId id;
     switch (pointer(courant.prompt, id)) {
-      case RTCAN:
-        return false;
-      case RTNORM:
-        suivrePointe(liste, courant.prompt == kAjouter.prompt, id);
-        break;
-      case RTKWORD:
-        suivreMotCle(liste, courant);
-        break;
-      default:
-        return true;
+      case RTCAN: return false;
+      case RTNORM: suivrePointe(liste, courant.prompt == kAjouter.prompt, id); break;
+      case RTKWORD: suivreMotCle(liste, courant); break;
+      default: return true;
     }
   }
 }

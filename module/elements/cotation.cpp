@@ -77,8 +77,8 @@ bool lireInsertion(AcDbObjectId id, AcGePoint3d& insertion) {
   return true;
 }
 
-bool dimensionnerCourbe(const profilLong& profil, AcDbObjectId idCourbe, const AcGePoint3d& pris, AcDbObjectId idSupport,
-                        const reglages& r) {
+bool dimensionnerCourbe(const profilLong& profil, AcDbObjectId idCourbe, const AcGePoint3d& pris,
+                        AcDbObjectId idSupport, const reglages& r) {
   const double reference = altitudeReference(profil, pris.x);
   AcGePoint3d support;
   if (!lireInsertion(idSupport, support)) return false;
@@ -95,13 +95,9 @@ bool dimensionnerCourbe(const profilLong& profil, AcDbObjectId idCourbe, const A
 }
 
 // Only the first 16 bits of a flag count; a missing one is yes.
-bool drapeau(const resbuf* rb) {
-  return !rb || static_cast<Adesk::Int16>(valeurEntiere(rb)) != 0;
-}
+bool drapeau(const resbuf* rb) { return !rb || static_cast<Adesk::Int16>(valeurEntiere(rb)) != 0; }
 
-bool estReel(const resbuf* rb) {
-  return rb && rb->restype == RTREAL;
-}
+bool estReel(const resbuf* rb) { return rb && rb->restype == RTREAL; }
 
 void cotation(const ArgsLisp& args, ads_name selection) {
   profilLong profil;

@@ -27,10 +27,8 @@ bool entourer(AcDbObjectId id, int couleur) {
 
 void entourerListe(AcDbObjectIdArray& liste, int couleur) {
   for (int i = 0; i < liste.length();)
-    if (entourer(liste[i], couleur))
-      ++i;
-    else
-      liste.removeAt(i);
+    if (entourer(liste[i], couleur)) ++i;
+    else liste.removeAt(i);
 }
 
 void dessinerGroupe(elemsFixesKavel& groupe, double baseX, double baseY) {
@@ -46,26 +44,20 @@ struct etat {
   const ACHAR* motsCles;
   bool ajout, doublons;
 };
-constexpr etat kEtats[4] = {
-    {L"\nEnlever Doublons Reset Fin Voir <position des éléments>:", L"E D R F V", true, false},
-    {L"\nAjouter Doublons Reset Fin Voir <element à enlever>:", L"A D R F V", false, false},
-    {L"\nEnlever Base Reset Fin Voir <position des éléments>:", L"E B R F V", true, true},
-    {L"\nAjouter Base Reset Fin Voir <element à enlever>:", L"A B R F V", false, true}};
+constexpr etat kEtats[4] = {{L"\nEnlever Doublons Reset Fin Voir <position des éléments>:", L"E D R F V", true, false},
+                            {L"\nAjouter Doublons Reset Fin Voir <element à enlever>:", L"A D R F V", false, false},
+                            {L"\nEnlever Base Reset Fin Voir <position des éléments>:", L"E B R F V", true, true},
+                            {L"\nAjouter Base Reset Fin Voir <element à enlever>:", L"A B R F V", false, true}};
 constexpr int kAjouterBase = 0, kAjouterDoublons = 2;
 
 // D and B lead to adding in the other list, E and A turn between adding and removing in the same one.
 int apresMotCle(int present, ACHAR lettre) {
   switch (lettre) {
-    case L'D':
-      return kAjouterDoublons;
-    case L'B':
-      return kAjouterBase;
-    case L'E':
-      return present + 1;
-    case L'A':
-      return present - 1;
-    default:
-      return present;
+    case L'D': return kAjouterDoublons;
+    case L'B': return kAjouterBase;
+    case L'E': return present + 1;
+    case L'A': return present - 1;
+    default: return present;
   }
 }
 

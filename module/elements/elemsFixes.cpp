@@ -55,9 +55,7 @@ void laisserInterrompre() {
 
 }  // namespace
 
-listeElemsFixes::~listeElemsFixes() {
-  viderGroupes(*this);
-}
+listeElemsFixes::~listeElemsFixes() { viderGroupes(*this); }
 
 bool parserGroupe(elemsFixesKavel& groupe, const resbuf*& curseur, bool avancer) {
   groupe.elements.removeAll();
@@ -92,10 +90,8 @@ std::ptrdiff_t lireElemsFixes(listeElemsFixes& liste, AcDbObjectId support) {
   while (curseur) {
     auto groupe = std::make_unique<elemsFixesKavel>();
     // The cursor moves on success alone, so that a damaged record keeps the loop turning: writers keep records whole.
-    if (parserGroupe(*groupe, curseur, true))
-      liste.Add(groupe.release());
-    else
-      laisserInterrompre();
+    if (parserGroupe(*groupe, curseur, true)) liste.Add(groupe.release());
+    else laisserInterrompre();
   }
   return liste.GetSize();
 }

@@ -18,8 +18,8 @@ inline constexpr int kCroissanceElems = 8;
 inline constexpr double kTolerancePosition = 0.001;  // positions of one group, drawing units
 
 struct elemsFixesKavel {
-  double position = 0;   // drawing units from the X of the profile's block
-  double ordonnee = 0;   // kept as it was read
+  double position = 0;  // drawing units from the X of the profile's block
+  double ordonnee = 0;  // kept as it was read
   AcDbObjectIdArray elements{0, kCroissanceElems};
   AcDbObjectIdArray doublons{0, kCroissanceElems};
 };

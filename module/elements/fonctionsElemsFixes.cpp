@@ -19,18 +19,12 @@ bool lireSupport(const ArgsLisp& args, profilLong& profil, AcDbObjectId& support
 
 void afficherNoeud(const resbuf& rb) {
   switch (rb.restype) {
-    case 10:
-      acutPrintf(L"\t X=%.4f Y=%.4f", rb.resval.rpoint[0], rb.resval.rpoint[1]);
-      break;
-    case 102:
-      acutPrintf(L"%ls", rb.resval.rstring);
-      break;
+    case 10: acutPrintf(L"\t X=%.4f Y=%.4f", rb.resval.rpoint[0], rb.resval.rpoint[1]); break;
+    case 102: acutPrintf(L"%ls", rb.resval.rstring); break;
     case 330:
       acutPrintf(L"\t [%d,%d]", static_cast<int>(rb.resval.rlname[0]), static_cast<int>(rb.resval.rlname[1]));
       break;
-    default:
-      acutPrintf(L"\t * Code inconnu:%d *", rb.restype);
-      break;
+    default: acutPrintf(L"\t * Code inconnu:%d *", rb.restype); break;
   }
 }
 
@@ -51,9 +45,9 @@ struct titreGenre {
   const ACHAR* titre;
   genreLigne genre;
 };
-constexpr titreGenre kTitres[] = {{L"\nVoirie", kVoirie},        {L"\nAssainissement", kAss}, {L"\nAEP", kAep},
-                                  {L"\nTerrassements", kTerra}, {L"\nProjet", kProj},        {L"\nGénérique", kGen},
-                                  {L"\nTN", kTn}};
+constexpr titreGenre kTitres[] = {
+    {L"\nVoirie", kVoirie}, {L"\nAssainissement", kAss}, {L"\nAEP", kAep}, {L"\nTerrassements", kTerra},
+    {L"\nProjet", kProj},   {L"\nGénérique", kGen},      {L"\nTN", kTn}};
 
 }  // namespace
 

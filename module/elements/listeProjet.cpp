@@ -37,10 +37,8 @@ void poserMarque(AcDbObjectId id, int marque) {
   ArgsLisp donnees;
   if (!donnees.lireXData(*entite, kApplicationCles))
     donnees.ajouter(acutBuildList(kXApplication, kApplicationCles, RTNONE));
-  if (resbuf* cle = chercherCle(donnees.tete()))
-    remplacerSuivant(cle, acutBuildList(kXEntier16, marque, RTNONE));
-  else
-    donnees.ajouter(acutBuildList(kXTexte, kCleProjet, kXEntier16, marque, RTNONE));
+  if (resbuf* cle = chercherCle(donnees.tete())) remplacerSuivant(cle, acutBuildList(kXEntier16, marque, RTNONE));
+  else donnees.ajouter(acutBuildList(kXTexte, kCleProjet, kXEntier16, marque, RTNONE));
   entite->setXData(donnees.tete());
 }
 
@@ -88,12 +86,8 @@ void ecrireListeProjet(AcDbObjectId support, const AcDbObjectIdArray& liste) {
   ecrireXrecord(support, kRecordProjet, chaine.tete());
 }
 
-void marquerProjet(AcDbObjectId id) {
-  poserMarque(id, 1);
-}
-void demarquerProjet(AcDbObjectId id) {
-  poserMarque(id, 0);
-}
+void marquerProjet(AcDbObjectId id) { poserMarque(id, 1); }
+void demarquerProjet(AcDbObjectId id) { poserMarque(id, 0); }
 
 bool estDuProjet(AcDbObjectId id) {
   AcDbObjectPointer<AcDbCurve> courbe(id);
@@ -112,10 +106,8 @@ bool estCourbe(AcDbObjectId id) {
 void surligner(AcDbObjectId id, bool allumer) {
   AcDbEntityPointer entite(id);
   if (entite.openStatus() != Acad::eOk) return;
-  if (allumer)
-    entite->highlight();
-  else
-    entite->unhighlight();
+  if (allumer) entite->highlight();
+  else entite->unhighlight();
 }
 
 void tracerCadre(const AcGePoint2d& bas, const AcGePoint2d& haut, int couleur, bool surbrillance) {

@@ -74,9 +74,8 @@ bool lireSegments(AcDbObjectId id, segmentsAltitude& segments) {
 
 void rendrePoints(std::vector<AcGePoint2d>& points, double origine) {
   if (points.empty()) return;
-  std::sort(points.begin(), points.end(), [](const AcGePoint2d& a, const AcGePoint2d& b) {
-    return a.x != b.x ? a.x < b.x : a.y < b.y;
-  });
+  std::sort(points.begin(), points.end(),
+            [](const AcGePoint2d& a, const AcGePoint2d& b) { return a.x != b.x ? a.x < b.x : a.y < b.y; });
   listeRb liste(acutNewRb(RTLB));
   double gardee = 0;
   bool premier = true;

@@ -60,13 +60,9 @@ class courbesOuvertes {
   std::vector<AcDbCurve*> m_courbes;
 };
 
-void lireSelection(resbuf* rb, AcDbObjectIdArray& ids) {
-  idsDeSelection(rb->resval.rlname, ids);
-}
+void lireSelection(resbuf* rb, AcDbObjectIdArray& ids) { idsDeSelection(rb->resval.rlname, ids); }
 
-bool estSelection(const resbuf* rb) {
-  return rb && rb->restype == RTPICKS;
-}
+bool estSelection(const resbuf* rb) { return rb && rb->restype == RTPICKS; }
 
 // A list between its brackets; nil for none.
 void rendreListe(listeRb& elements) {

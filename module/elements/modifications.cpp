@@ -40,10 +40,8 @@ bool editerPente(morceau& m) {
   if (saisie) pente = entree / 100.0;
   const double h = pente * std::abs(dx) * m.echelle;
   const bool versDroite = m.p2.x > m.p1.x;
-  if (m.bougeP1)
-    m.p1.y = versDroite ? m.p2.y - h : m.p2.y + h;
-  else
-    m.p2.y = versDroite ? m.p1.y + h : m.p1.y - h;
+  if (m.bougeP1) m.p1.y = versDroite ? m.p2.y - h : m.p2.y + h;
+  else m.p2.y = versDroite ? m.p1.y + h : m.p1.y - h;
   return true;
 }
 
@@ -55,10 +53,8 @@ bool editerLongueur(morceau& m) {
   if (saisie) longueur = std::abs(entree);
   const double angle = std::atan2(dy, dx);
   const AcGeVector2d ecart(std::cos(angle) * longueur, std::sin(angle) * longueur * m.echelle);
-  if (m.bougeP1)
-    m.p1 = m.p2 - ecart;
-  else
-    m.p2 = m.p1 + ecart;
+  if (m.bougeP1) m.p1 = m.p2 - ecart;
+  else m.p2 = m.p1 + ecart;
   return true;
 }
 
@@ -108,8 +104,7 @@ void boucler(edition editerMorceau) {
     acdbGetObjectId(id, nom);
     AcDbObjectPointer<AcDbCurve> courbe(id, AcDb::kForWrite);
     if (courbe.openStatus() != Acad::eOk) continue;
-    if (auto* ligne = AcDbLine::cast(courbe))
-      encore = editerLigne(*ligne, pris[0], echelle, editerMorceau);
+    if (auto* ligne = AcDbLine::cast(courbe)) encore = editerLigne(*ligne, pris[0], echelle, editerMorceau);
     else if (auto* polyligne = AcDbPolyline::cast(courbe))
       encore = editerPolyligne(*polyligne, pris[0], echelle, editerMorceau);
   }
@@ -117,11 +112,7 @@ void boucler(edition editerMorceau) {
 
 }  // namespace
 
-void pl_modifpente() {
-  boucler(editerPente);
-}
-void pl_modifLongueur() {
-  boucler(editerLongueur);
-}
+void pl_modifpente() { boucler(editerPente); }
+void pl_modifLongueur() { boucler(editerLongueur); }
 
 }  // namespace plv

@@ -32,9 +32,7 @@ AcGePoint2d tourne(const AcGePoint2d& p, double angle) {
 }
 
 // A quarter of the whole part of the sum: near the middle of the four.
-double recentrage(double a, double b, double c, double d) {
-  return std::floor(a + b + c + d) / 4;
-}
+double recentrage(double a, double b, double c, double d) { return std::floor(a + b + c + d) / 4; }
 
 const AcGePoint2d& plusLoin(const AcGePoint2d& de, const AcGePoint2d& a, const AcGePoint2d& b) {
   return de.distanceTo(b) > de.distanceTo(a) ? b : a;

@@ -13,9 +13,7 @@ namespace {
 
 constexpr double kAuBord = 1e-6;
 
-double finProfil(const profilLong& profil) {
-  return profil.position.x + profil.distTn.back();
-}
+double finProfil(const profilLong& profil) { return profil.position.x + profil.distTn.back(); }
 
 // Cuts the curve and puts its pieces in its place: those that `garder` takes, which it may move. It is given the ends.
 template <class GARDER>
@@ -54,9 +52,7 @@ void rogneADroite(AcDbObjectId id, const profilLong& profil) {
   rogner(id, finProfil(profil), [](double ecart) { return ecart >= -kAuBord; });
 }
 
-double altitudePlan(const profilLong& profil, std::size_t i) {
-  return i < profil.altPc.size() ? profil.altPc[i] : 0.0;
-}
+double altitudePlan(const profilLong& profil, std::size_t i) { return i < profil.altPc.size() ? profil.altPc[i] : 0.0; }
 
 void reporterCourbe(AcDbObjectId id, const profilLong& profil, std::size_t a, std::size_t b, double xPris) {
   const std::size_t p = profil.indexPc(xPris);

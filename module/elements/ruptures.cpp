@@ -15,10 +15,10 @@ namespace plv {
 
 namespace {
 
-constexpr double kMeme = 1e-6;        // ends, breaks, and a shift that is none
-constexpr double kMemeFin = 1e-8;     // a group or a cut end that stands at the break
-constexpr double kSansFin = 1e36;     // the end of the last section
-constexpr double kNombreMax = 1e28;   // of an argument
+constexpr double kMeme = 1e-6;       // ends, breaks, and a shift that is none
+constexpr double kMemeFin = 1e-8;    // a group or a cut end that stands at the break
+constexpr double kSansFin = 1e36;    // the end of the last section
+constexpr double kNombreMax = 1e28;  // of an argument
 
 // The stretch of the profile that moves, and by how much. Abscissas from the profile's origin.
 struct decalage {
@@ -48,23 +48,13 @@ cotes cotesDe(const AcDbCurve& courbe) {
   return {gauche.x, droite.x};
 }
 
-bool aDroite(const cotes& c, double limite) {
-  return c.gauche >= limite - kMeme && c.droite >= limite - kMeme;
-}
-bool aGauche(const cotes& c, double limite) {
-  return c.gauche <= limite + kMeme && c.droite <= limite + kMeme;
-}
+bool aDroite(const cotes& c, double limite) { return c.gauche >= limite - kMeme && c.droite >= limite - kMeme; }
+bool aGauche(const cotes& c, double limite) { return c.gauche <= limite + kMeme && c.droite <= limite + kMeme; }
 // One end beyond the bound, and the other within the tolerance of it: outside altogether.
-bool dehorsADroite(const cotes& c, double limite) {
-  return c.gauche >= limite - kMeme && c.droite > limite + kMeme;
-}
-bool dehorsAGauche(const cotes& c, double limite) {
-  return c.droite <= limite + kMeme && c.gauche < limite - kMeme;
-}
+bool dehorsADroite(const cotes& c, double limite) { return c.gauche >= limite - kMeme && c.droite > limite + kMeme; }
+bool dehorsAGauche(const cotes& c, double limite) { return c.droite <= limite + kMeme && c.gauche < limite - kMeme; }
 
-double altitude(const profilLong& profil, std::size_t i) {
-  return i < profil.altPc.size() ? profil.altPc[i] : 0.0;
-}
+double altitude(const profilLong& profil, std::size_t i) { return i < profil.altPc.size() ? profil.altPc[i] : 0.0; }
 double abscisse(const profilLong& profil, std::size_t i) {
   return i < profil.distPc.size() ? profil.distPc[i] : kSansFin;
 }
@@ -154,7 +144,8 @@ void modifierRupture(const profilLong& profil, double x, double z1, double z2) {
 
 // Puts the pieces of a cut curve in the drawing, those beyond the break shifted. The ids of pieces that are new to it
 // are appended.
-void placerPieces(AcDbCurve* courbe, piecesCourbe& pieces, bool remplacer, const decalage& d, AcDbObjectIdArray& nouveaux) {
+void placerPieces(AcDbCurve* courbe, piecesCourbe& pieces, bool remplacer, const decalage& d,
+                  AcDbObjectIdArray& nouveaux) {
   AcDbPoint proprietes;
   proprietes.setPropertiesFrom(courbe);
   identiteCourbe source(courbe);
@@ -180,15 +171,11 @@ void ajouterALaCourbe(AcDbObjectId id, double precedent, const decalage& d, AcDb
   if (std::abs(c.gauche - xd) < kMeme) {
     d.deplacer(*courbe);
   } else if (!dehorsADroite(c, d.nd()) && !dehorsAGauche(c, pd)) {
-    if (aGauche(c, d.nd()) && aDroite(c, xd))
-      d.deplacer(*courbe);
-    else if (c.gauche < xd && xd < c.droite)
-      couperCourbe(*courbe, {xd}, pieces, remplacer);
+    if (aGauche(c, d.nd()) && aDroite(c, xd)) d.deplacer(*courbe);
+    else if (c.gauche < xd && xd < c.droite) couperCourbe(*courbe, {xd}, pieces, remplacer);
   }
-  if (pieces.size() < 2)
-    courbe->close();
-  else
-    placerPieces(courbe, pieces, remplacer, d, nouveaux);
+  if (pieces.size() < 2) courbe->close();
+  else placerPieces(courbe, pieces, remplacer, d, nouveaux);
 }
 
 void ajouterAuxGroupes(AcDbObjectId support, double precedent, const decalage& d) {
@@ -245,17 +232,10 @@ void pl_chg_pc() {
   const std::wstring operation = valeurTexte(args.nieme(1));
   const double distance = x - profil.position.x;
   switch (operation.empty() ? L'\0' : operation.front()) {
-    case L'A':
-      ajouterRupture(profil, distance, z1);
-      break;
-    case L'M':
-      modifierRupture(profil, distance, z1, z2);
-      break;
-    case L'S':
-      supprimerRupture(profil, distance, z2);
-      break;
-    default:
-      break;
+    case L'A': ajouterRupture(profil, distance, z1); break;
+    case L'M': modifierRupture(profil, distance, z1, z2); break;
+    case L'S': supprimerRupture(profil, distance, z2); break;
+    default: break;
   }
 }
 

@@ -95,8 +95,7 @@ bool coterSelection(const ads_name ss, const cellule& c, profilCourant& lecteur,
   bool reussi = false;
   for (Adesk::Int32 i = 0; i < nombre; ++i) {
     ads_name nom;
-    if (acedSSName(ss, i, nom) == RTNORM)
-      reussi = coterAttributs(nom, c.matrice, c.ligne, lecteur, textes) || reussi;
+    if (acedSSName(ss, i, nom) == RTNORM) reussi = coterAttributs(nom, c.matrice, c.ligne, lecteur, textes) || reussi;
   }
   return reussi;
 }

@@ -48,9 +48,7 @@ void tracer(const cellule& c, double x1, double y1, double x2, double y2) {
   grouper(c, id);
 }
 
-void tracerRepere(const cellule& c, double x) {
-  tracer(c, x, c.hb, x, c.hh);
-}
+void tracerRepere(const cellule& c, double x) { tracer(c, x, c.hb, x, c.hh); }
 
 void ecrireVertical(const cellule& c, double x, const std::wstring& texte, calage cale, double limite,
                     double ordonnee) {

@@ -51,8 +51,7 @@ void tracerRepere(const cellule& c, double x);
 // row's top. The ordinate, relative to the origin, is where the text's middle or its end comes, half a text
 // height lower.
 enum class calage { milieu, fin };
-void ecrireVertical(const cellule& c, double x, const std::wstring& texte, calage cale, double limite,
-                    double ordonnee);
+void ecrireVertical(const cellule& c, double x, const std::wstring& texte, calage cale, double limite, double ordonnee);
 // A station as vertical text: the row's decimals, the format of texteStation.
 std::wstring texteValeur(const cellule& c, double valeur, int format);
 

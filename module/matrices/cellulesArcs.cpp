@@ -27,9 +27,7 @@ constexpr quadrant kQuadrants[] = {{-1.0, true, 0.0},
                                    {1.0, false, std::numbers::pi},
                                    {-1.0, false, 3 * std::numbers::pi / 2}};
 
-double angleDe(const AcGePoint2d& centre, const AcGePoint2d& point) {
-  return (point - centre).angle();
-}
+double angleDe(const AcGePoint2d& centre, const AcGePoint2d& point) { return (point - centre).angle(); }
 
 }  // namespace
 
@@ -68,9 +66,8 @@ void pl_ArcCell() {
   acedRetT();
   if (!(cercle.radius() > 0.0)) return;
   const AcGePoint2d centre = cercle.center();
-  ajouterEspaceObjet(std::make_unique<AcDbArc>(c->point(centre.x, centre.y + c->hb + s), kNormale,
-                                               cercle.radius(), angleDe(centre, debut),
-                                               angleDe(centre, fin)));
+  ajouterEspaceObjet(std::make_unique<AcDbArc>(c->point(centre.x, centre.y + c->hb + s), kNormale, cercle.radius(),
+                                               angleDe(centre, debut), angleDe(centre, fin)));
 }
 
 }  // namespace plv

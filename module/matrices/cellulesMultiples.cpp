@@ -113,17 +113,14 @@ void pl_TexteMultipleCentre() {
   const resbuf* drapeau = args.nieme(3);
   if (drapeau && !estEntier(drapeau)) return;
   const double x1 = valeurReelle(args.nieme(0));
-  const caseMultiple k{*c, x1, std::max(x1, valeurReelle(args.nieme(1))),
-                       drapeau && valeurEntiere(drapeau) != 0};
+  const caseMultiple k{*c, x1, std::max(x1, valeurReelle(args.nieme(1))), drapeau && valeurEntiere(drapeau) != 0};
   acedRetT();
   if (k.largeur() < kToleranceGeometrique) return;
   const std::vector<std::wstring> parts = decouper(valeurTexte(args.nieme(2)));
   tracerRepere(*c, k.x1);
   tracerRepere(*c, k.xm);
-  if (parts.size() == 1)
-    ecrireSeule(k, parts.front());
-  else if (!parts.empty())
-    ecrirePile(k, parts);
+  if (parts.size() == 1) ecrireSeule(k, parts.front());
+  else if (!parts.empty()) ecrirePile(k, parts);
 }
 
 }  // namespace plv

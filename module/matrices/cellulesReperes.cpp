@@ -29,8 +29,7 @@ bool poserBloc(const cellule& c, const std::wstring& chemin, double x, double de
                double& hauteur) {
   AcDbObjectId bloc;
   if (!importerBloc(bloc, chemin, baseCourante())) return false;
-  auto reference =
-      std::make_unique<AcDbBlockReference>(c.point(x, suspendu ? c.hh - decalage : c.hb + decalage), bloc);
+  auto reference = std::make_unique<AcDbBlockReference>(c.point(x, suspendu ? c.hh - decalage : c.hb + decalage), bloc);
   reference->setScaleFactors(AcGeScale3d(c.e));
   AcDbObjectId id;
   ajouterEspaceObjet(std::move(reference), &id);
@@ -67,8 +66,8 @@ void pl_BlockVertical() {
   tracer(*c, x, hauteurDe(1.0 - b / c->hauteur()), x, hauteurDe(0.25));
   const double limite = c->hauteur() * 0.75 - b;
   const double ordonnee = std::abs(c->hauteur() * 0.25 + limite * 0.5) + c->hb;
-  ecrireVertical(*c, x - c->e * 1.5, texteValeur(*c, valeurReelle(args.nieme(1)), kFormatPk), calage::milieu,
-                 limite, ordonnee);
+  ecrireVertical(*c, x - c->e * 1.5, texteValeur(*c, valeurReelle(args.nieme(1)), kFormatPk), calage::milieu, limite,
+                 ordonnee);
   if (estChaine(args.nieme(3)))
     ecrireVertical(*c, x + c->e * 1.5, valeurTexte(args.nieme(3)), calage::milieu, limite, ordonnee);
   acedRetT();

@@ -16,9 +16,7 @@ double ligneDeBase(const cellule& c, double place) {
   return place < 0.0 ? c.hb + c.e * 0.2 : c.hh - c.e * 1.2;
 }
 
-double nombreOu0(const resbuf* rb) {
-  return estNombre(rb) ? valeurReelle(rb) : 0.0;
-}
+double nombreOu0(const resbuf* rb) { return estNombre(rb) ? valeurReelle(rb) : 0.0; }
 
 // (x text [place [inset]]). The inset counts in text heights, rightwards or leftwards by the given sense.
 void ecrireHorizontal(decltype(&texteCentre) ecrire, double sensRetrait) {
@@ -29,24 +27,17 @@ void ecrireHorizontal(decltype(&texteCentre) ecrire, double sensRetrait) {
   const double retrait = std::abs(nombreOu0(args.nieme(3))) * sensRetrait;
   parametresTexte parametres = parametresCellule(*c);
   AcDbObjectId id;
-  ecrire(valeurTexte(args.nieme(1)),
-         c->point(valeurReelle(args.nieme(0)) + c->e * retrait, ligneDeBase(*c, place)), c->e, 0.0,
-         parametres, &id);
+  ecrire(valeurTexte(args.nieme(1)), c->point(valeurReelle(args.nieme(0)) + c->e * retrait, ligneDeBase(*c, place)),
+         c->e, 0.0, parametres, &id);
   grouper(*c, id);
   acedRetT();
 }
 
 }  // namespace
 
-void pl_TexteHorizontalCentre() {
-  ecrireHorizontal(texteCentre, 0.0);
-}
-void pl_TexteHorizontalGauche() {
-  ecrireHorizontal(texteAligneDroit, 1.0);
-}
-void pl_TexteHorizontalDroite() {
-  ecrireHorizontal(texteDroite, -1.0);
-}
+void pl_TexteHorizontalCentre() { ecrireHorizontal(texteCentre, 0.0); }
+void pl_TexteHorizontalGauche() { ecrireHorizontal(texteAligneDroit, 1.0); }
+void pl_TexteHorizontalDroite() { ecrireHorizontal(texteDroite, -1.0); }
 
 void pl_TexteVertical() {
   ArgsLisp args;

@@ -16,9 +16,8 @@ namespace plv {
 
 namespace {
 
-constexpr double kLongueurTraitProvisoire =
-    10.0;                               // text heights, until the front-end knows the profile's length
-constexpr double kEcartMatrices = 2.0;  // text heights between two matrices
+constexpr double kLongueurTraitProvisoire = 10.0;  // text heights, until the front-end knows the profile's length
+constexpr double kEcartMatrices = 2.0;             // text heights between two matrices
 constexpr double kLargeurNulle = 1e-6;
 
 using entites = std::vector<std::unique_ptr<AcDbEntity>>;
@@ -31,8 +30,8 @@ struct chantier {
 
   void trait(double d) {
     const double debut = x + ecart + L;
-    traits.push_back(std::make_unique<AcDbLine>(
-        AcGePoint3d(debut, y + d, 0.0), AcGePoint3d(debut + kLongueurTraitProvisoire * t, y + d, 0.0)));
+    traits.push_back(std::make_unique<AcDbLine>(AcGePoint3d(debut, y + d, 0.0),
+                                                AcGePoint3d(debut + kLongueurTraitProvisoire * t, y + d, 0.0)));
   }
 
   void titre(const ligneMatrice& ligne, double d) {
@@ -126,8 +125,8 @@ void redimensionner(AcDbObjectId id, double largeur) {
 
 }  // namespace
 
-void dessinerMatrices(gestionMatrices& collection, AcDbObjectId profil, const AcGePoint3d& point,
-                      double hauteur, double ecart) {
+void dessinerMatrices(gestionMatrices& collection, AcDbObjectId profil, const AcGePoint3d& point, double hauteur,
+                      double ecart) {
   collection.idProfil = profil;
   // The sum of the two terms, where pl_LargeurMatrices reports the greater one: the titles keep a margin.
   const double W = collection.largeurTitres(hauteur) + 2.0 * hauteur;

@@ -31,8 +31,7 @@ std::vector<double> abscissesPartielles(const ArgsLisp& args) {
   if (rb->restype == RTPOINT) return {p[0], p[1]};
   if (rb->restype == RT3DPOINT) return {p[0], p[1], p[2]};
   if (rb->restype == RTLB) return suiteDeNombres(rb->rbnext);
-  return conforme(args, "RR") ? std::vector{valeurReelle(rb), valeurReelle(rb->rbnext)}
-                              : std::vector<double>{};
+  return conforme(args, "RR") ? std::vector{valeurReelle(rb), valeurReelle(rb->rbnext)} : std::vector<double>{};
 }
 
 // Of two coincident neighbours both are dropped, not one, so that their intervals merge into one; the last
@@ -44,8 +43,7 @@ std::vector<double> sansCoincidences(const std::vector<double>& tries) {
     if (!coincident) gardes.push_back(tries[i]);
     i += coincident ? 2 : 1;
   }
-  if (gardes.empty() || std::abs(gardes.back() - tries.back()) > kToleranceGeometrique)
-    gardes.push_back(tries.back());
+  if (gardes.empty() || std::abs(gardes.back() - tries.back()) > kToleranceGeometrique) gardes.push_back(tries.back());
   return gardes;
 }
 
@@ -61,8 +59,7 @@ void tracerReperes(const cellule& c, const std::vector<double>& abscisses) {
 void ecrireDistance(const cellule& c, double a, double b) {
   parametresTexte parametres = parametresCellule(c, b - a);
   AcDbObjectId id;
-  texteMilieu(texteValeur(c, b - a, kFormatNombre), c.point((a + b) * 0.5, c.milieu()), c.e, 0.0, parametres,
-              &id);
+  texteMilieu(texteValeur(c, b - a, kFormatNombre), c.point((a + b) * 0.5, c.milieu()), c.e, 0.0, parametres, &id);
   grouper(c, id);
 }
 
@@ -74,12 +71,9 @@ void pl_CotDcumH() {
   const resbuf* abscisses = args.nieme(2);
   if (!c || !conforme(args, "ER") || !abscisses) return;
   std::vector<double> valeurs;
-  if (estNombre(abscisses))
-    valeurs.push_back(valeurReelle(abscisses));
-  else if (abscisses->restype == RTLB)
-    valeurs = suiteDeNombres(abscisses->rbnext);
-  else
-    return;
+  if (estNombre(abscisses)) valeurs.push_back(valeurReelle(abscisses));
+  else if (abscisses->restype == RTLB) valeurs = suiteDeNombres(abscisses->rbnext);
+  else return;
   const Adesk::Int32 format = valeurEntiere(args.nieme(0));
   const double origine = valeurReelle(args.nieme(1));
   for (const double p : valeurs)

@@ -23,15 +23,9 @@ constexpr std::wstring_view kBlancs = L" \t";
 constexpr std::size_t kMots = 4;
 enum place { kMatrice, kBourrage, kHauteur, kType };
 
-bool estBlanc(wchar_t c) {
-  return c == L' ' || c == L'\t';
-}
-bool estChiffre(wchar_t c) {
-  return c >= L'0' && c <= L'9';
-}
-bool finitNombre(wchar_t c) {
-  return estBlanc(c) || c == L'\r' || c == L'\n';
-}
+bool estBlanc(wchar_t c) { return c == L' ' || c == L'\t'; }
+bool estChiffre(wchar_t c) { return c >= L'0' && c <= L'9'; }
+bool finitNombre(wchar_t c) { return estBlanc(c) || c == L'\r' || c == L'\n'; }
 
 enum class etat {
   debut,
@@ -49,21 +43,16 @@ enum class etat {
 
 etat apresChiffre(etat e) {
   switch (e) {
-    case etat::debut:
-      return etat::unChiffre;
+    case etat::debut: return etat::unChiffre;
     case etat::signe:
     case etat::unChiffre:
-    case etat::chiffres:
-      return etat::chiffres;
+    case etat::chiffres: return etat::chiffres;
     case etat::point:
-    case etat::fraction:
-      return etat::fraction;
+    case etat::fraction: return etat::fraction;
     case etat::exposant:
     case etat::signeExposant:
-    case etat::chiffresExposant:
-      return etat::chiffresExposant;
-    default:
-      return e;
+    case etat::chiffresExposant: return etat::chiffresExposant;
+    default: return e;
   }
 }
 
@@ -92,8 +81,7 @@ bool estNombreValide(std::wstring_view texte) {
     e = apres(e, texte.front());
     texte.remove_prefix(1);
   }
-  const bool bon =
-      e == etat::chiffres || e == etat::unChiffre || e == etat::fraction || e == etat::chiffresExposant;
+  const bool bon = e == etat::chiffres || e == etat::unChiffre || e == etat::fraction || e == etat::chiffresExposant;
   return bon && std::all_of(texte.begin(), texte.end(), finitNombre);
 }
 
@@ -117,8 +105,7 @@ Adesk::Int32 versEntier(std::wstring_view texte) {
   Adesk::Int32 valeur = 0;
   const auto lu = std::from_chars(chiffres.data(), chiffres.data() + chiffres.size(), valeur);
   using bornes = std::numeric_limits<Adesk::Int32>;
-  if (lu.ec == std::errc::result_out_of_range)
-    valeur = chiffres.front() == '-' ? bornes::min() : bornes::max();
+  if (lu.ec == std::errc::result_out_of_range) valeur = chiffres.front() == '-' ? bornes::min() : bornes::max();
   return valeur;
 }
 
@@ -182,8 +169,7 @@ std::optional<definitionLigne> analyserLigne(std::wstring_view ligne) {
     lue.libelle = lecteur.reste;
     break;
   }
-  if (mots.size() != kMots || !estNombreValide(mots[kHauteur]) || !estNombreValide(mots[kType]))
-    return std::nullopt;
+  if (mots.size() != kMots || !estNombreValide(mots[kHauteur]) || !estNombreValide(mots[kType])) return std::nullopt;
   lue.matrice = mots[kMatrice];
   lue.hauteur = versReel(mots[kHauteur]);
   lue.type = versEntier(mots[kType]);

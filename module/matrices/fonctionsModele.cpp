@@ -63,9 +63,8 @@ void pl_DefinirLigneMatrice() {
   ArgsLisp args;
   commencerAppel(args);
   if (!conforme(args, "CCCRE")) return;
-  collectionMatrices().ajouterLigne(valeurTexte(args.nieme(0)), valeurTexte(args.nieme(1)),
-                                    valeurTexte(args.nieme(2)), valeurReelle(args.nieme(3)),
-                                    valeurEntiere(args.nieme(4)));
+  collectionMatrices().ajouterLigne(valeurTexte(args.nieme(0)), valeurTexte(args.nieme(1)), valeurTexte(args.nieme(2)),
+                                    valeurReelle(args.nieme(3)), valeurEntiere(args.nieme(4)));
   acedRetT();
 }
 
@@ -103,12 +102,9 @@ void pl_SelectLigne() {
   const resbuf* second = args.nieme(1);
   if (!premier) return;
   matriceProfil* active = collectionMatrices().matriceActive();
-  if (!second)
-    rendreSi(active && selectionnerLigne(*active, premier));
-  else if (estEntier(premier))
-    rendreSi(selectionnerParIndex(premier, second));
-  else if (estChaine(premier))
-    rendreSi(selectionnerParNom(premier, second));
+  if (!second) rendreSi(active && selectionnerLigne(*active, premier));
+  else if (estEntier(premier)) rendreSi(selectionnerParIndex(premier, second));
+  else if (estChaine(premier)) rendreSi(selectionnerParNom(premier, second));
 }
 
 void pl_LargeurMatrices() {
@@ -126,8 +122,7 @@ void pl_nbmatrices() {
 
 void pl_nblignesmat() {
   acedRetNil();
-  if (const matriceProfil* matrice = matriceDessinee())
-    acedRetInt(static_cast<int>(matrice->lignes.GetCount()));
+  if (const matriceProfil* matrice = matriceDessinee()) acedRetInt(static_cast<int>(matrice->lignes.GetCount()));
 }
 
 void pl_typelignemat() {
@@ -139,8 +134,7 @@ void pl_typelignemat() {
 void pl_textlignemat() {
   acedRetNil();
   const matriceProfil* matrice = matriceDessinee();
-  if (const ligneMatrice* ligne = matrice ? matrice->ligneActive() : nullptr)
-    acedRetStr(ligne->libelle.c_str());
+  if (const ligneMatrice* ligne = matrice ? matrice->ligneActive() : nullptr) acedRetStr(ligne->libelle.c_str());
 }
 
 }  // namespace plv

@@ -33,9 +33,8 @@ bool gestionMatrices::selectionnerMatrice(Adesk::Int32 index) {
   return matriceCourante >= 0;
 }
 
-void gestionMatrices::ajouterLigne(const std::wstring& matrice, const std::wstring& nom,
-                                   const std::wstring& libelle, double hauteur, Adesk::Int32 type,
-                                   const std::wstring& infos) {
+void gestionMatrices::ajouterLigne(const std::wstring& matrice, const std::wstring& nom, const std::wstring& libelle,
+                                   double hauteur, Adesk::Int32 type, const std::wstring& infos) {
   trouverMatrice(matrice, true);
   ligneMatrice& ligne = matriceActive()->nouvelleLigne();
   ligne.nomLigne = nom;

@@ -27,8 +27,8 @@ class gestionMatrices {
   // range.
   bool selectionnerMatrice(Adesk::Int32 index);
   // Appends a row to the matrix of that name, which is made when it is missing and becomes the selected one.
-  void ajouterLigne(const std::wstring& matrice, const std::wstring& nom, const std::wstring& libelle,
-                    double hauteur, Adesk::Int32 type, const std::wstring& infos = {});
+  void ajouterLigne(const std::wstring& matrice, const std::wstring& nom, const std::wstring& libelle, double hauteur,
+                    Adesk::Int32 type, const std::wstring& infos = {});
   // Empties the collection; nothing in the drawing changes.
   void vider();
   // Destroys the matrices and leaves the selection as it stands.

@@ -16,8 +16,7 @@ struct matriceProfil {
   matriceProfil& operator=(const matriceProfil&) = delete;
 
   Adesk::Int32 ligneCourante = -1;
-  double hautCourant =
-      0.0;  // top and bottom of the selected row in row units, below the matrix's top: 0 or negative
+  double hautCourant = 0.0;  // top and bottom of the selected row in row units, below the matrix's top: 0 or negative
   double basCourant = 0.0;
   double origineX = 0.0;  // of the block reference, drawing units; see actualiserOrigine
   double origineY = 0.0;

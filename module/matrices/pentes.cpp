@@ -24,18 +24,17 @@ double borner(double valeur, double haut) {
 }
 
 // Above the middle of a to b. It follows the drawing's current style, not the matrix's.
-void ecrireSurDiagonale(const cellule& c, const AcGePoint3d& a, const AcGePoint3d& b,
-                        const std::wstring& texte) {
+void ecrireSurDiagonale(const cellule& c, const AcGePoint3d& a, const AcGePoint3d& b, const std::wstring& texte) {
   const AcGeVector2d direction(b.x - a.x, b.y - a.y);
   const AcGeVector2d decalage = direction.normal().perpVector() * (c.e * 0.2);
   parametresTexte parametres;
-  texteCentre(texte, {(a.x + b.x) * 0.5 + decalage.x, (a.y + b.y) * 0.5 + decalage.y, 0.0}, c.e,
-              direction.angle(), parametres);
+  texteCentre(texte, {(a.x + b.x) * 0.5 + decalage.x, (a.y + b.y) * 0.5 + decalage.y, 0.0}, c.e, direction.angle(),
+              parametres);
 }
 
 std::wstring textePente(double dh, double di, double pente) {
-  return L"Dh=" + texteFixe(dh, 2) + L" Di=" + texteFixe(di, 2) + L" P=" +
-         texteFixe(std::abs(pente) * 100.0, 2) + L" %";
+  return L"Dh=" + texteFixe(dh, 2) + L" Di=" + texteFixe(di, 2) + L" P=" + texteFixe(std::abs(pente) * 100.0, 2) +
+         L" %";
 }
 
 }  // namespace
@@ -50,8 +49,8 @@ bool matriceProfil::coterPente(double x, double dh, double di, double pente) {
   const AcGeVector2d decalage = (diagonale.normal() * (c.e * 0.5)).perpVector();
   parametresTexte parametres = parametresCellule(c, 0.9 * diagonale.length());
   AcDbObjectId id;
-  texteCentre(textePente(dh, di, pente), c.point(x + dh * 0.5 + decalage.x, (yl + yr) * 0.5 + decalage.y),
-              c.e, diagonale.angle(), parametres, &id);
+  texteCentre(textePente(dh, di, pente), c.point(x + dh * 0.5 + decalage.x, (yl + yr) * 0.5 + decalage.y), c.e,
+              diagonale.angle(), parametres, &id);
   grouper(c, id);
   tracerRepere(c, x);
   tracerRepere(c, x + dh);

@@ -62,8 +62,7 @@ void ecrireListeMatrices(const gestionMatrices& collection) {
   listeRb liste;
   liste.ajouterEntier(kMarqueListe);
   liste.ajouterEntier(static_cast<Adesk::Int32>(collection.matrices.GetCount()));
-  for (std::ptrdiff_t i = 0; i < collection.matrices.GetCount(); ++i)
-    liste.ajouterId(collection.matrices[i]->idBloc);
+  for (std::ptrdiff_t i = 0; i < collection.matrices.GetCount(); ++i) liste.ajouterId(collection.matrices[i]->idBloc);
   ecrireXrecord(collection.idProfil, kListeMatrices, liste.tete());
 }
 
@@ -83,9 +82,9 @@ void ecrireInfosMatrice(const matriceProfil& matrice) {
 
 bool lireInfosMatrice(matriceProfil& matrice) {
   listeRb infos(lireXrecord(matrice.idBloc, kInfosMatrice));
-  return infos.lireTexte(matrice.nomMatrice) && infos.lireReel(matrice.echelle) &&
-         infos.lireId(matrice.styleTexte) && lireLignes(infos, matrice) && lireTraits(infos, matrice) &&
-         infos.lireId(matrice.idGroupe) && !matrice.lignes.IsEmpty();
+  return infos.lireTexte(matrice.nomMatrice) && infos.lireReel(matrice.echelle) && infos.lireId(matrice.styleTexte) &&
+         lireLignes(infos, matrice) && lireTraits(infos, matrice) && infos.lireId(matrice.idGroupe) &&
+         !matrice.lignes.IsEmpty();
 }
 
 void chargerMatrices(AcDbObjectId profil, gestionMatrices& collection) {

@@ -21,8 +21,6 @@ bool avant(const ligneTroncons& a, const ligneTroncons& b) {
 
 }  // namespace
 
-void ordonnerLignes(InfoProfilEnLong& profil) {
-  std::stable_sort(profil.lignes.begin(), profil.lignes.end(), avant);
-}
+void ordonnerLignes(InfoProfilEnLong& profil) { std::stable_sort(profil.lignes.begin(), profil.lignes.end(), avant); }
 
 }  // namespace plv

@@ -63,16 +63,15 @@ void assemblerTerrain(const profilLong& profil, const AcDbObjectIdArray& ids, Li
     lignes.emplace_back(new LineSegArrayData);
     enCoordonneesProfil(debuts, fins, profil, *lignes.back());
   }
-  std::stable_sort(lignes.begin(), lignes.end(), [](const poigneeSegments& a, const poigneeSegments& b) {
-    return a->GetAt(0).x1 < b->GetAt(0).x1;
-  });
+  std::stable_sort(lignes.begin(), lignes.end(),
+                   [](const poigneeSegments& a, const poigneeSegments& b) { return a->GetAt(0).x1 < b->GetAt(0).x1; });
   for (const poigneeSegments& ligne : lignes) terrain.concatener(*ligne);
 }
 
 }  // namespace
 
-void calculerMetres(const poigneeProfil& profil, const AcDbObjectIdArray& idsProjet, const AcDbObjectIdArray& idsTerrain,
-                    const std::vector<elemsFixesKavel>& groupesElements) {
+void calculerMetres(const poigneeProfil& profil, const AcDbObjectIdArray& idsProjet,
+                    const AcDbObjectIdArray& idsTerrain, const std::vector<elemsFixesKavel>& groupesElements) {
   LineSegArrayData terrain;
   assemblerTerrain(*profil, idsTerrain, terrain);
   profil->lignes.resize(static_cast<std::size_t>(idsProjet.length()));

@@ -13,7 +13,7 @@ namespace plv {
 
 namespace {
 
-constexpr double kPlusCourte = 0.01;        // metres
+constexpr double kPlusCourte = 0.01;  // metres
 constexpr double kProfondeurExtreme = 1e99;
 constexpr Adesk::Int32 kCouleurExtreme = 1;
 constexpr Adesk::Int32 kOctetCouleur = 0xFF;
@@ -161,7 +161,8 @@ std::wstring libelleClasse(const classesProfondeur& liste, Adesk::Int32 numero) 
   const auto nombre = static_cast<std::ptrdiff_t>(liste.size());
   if (numero == 0) return L"Non enterre";
   if (numero > 0 && numero < nombre)
-    return texteFixe(debutDeClasse(liste, numero - 1), 2) + L" - " + texteFixe(finDeClasse(liste, numero - 1), 2) + L" ";
+    return texteFixe(debutDeClasse(liste, numero - 1), 2) + L" - " + texteFixe(finDeClasse(liste, numero - 1), 2) +
+           L" ";
   return L"au dela de " + texteFixe(finDeClasse(liste, nombre - 1), 2);
 }
 

@@ -43,7 +43,8 @@ void ajouterTranche(ligneTroncons& entree, const tranche& t) {
   ajouterPiece(*troncon.terrain, {t.x1, t.terrain1, t.x2, t.terrain2, t.classe});
   ajouterPiece(*troncon.projet, {t.x1, t.projet1, t.x2, t.projet2, t.classe});
   // Absolute: a project above the terrain counts too, in the class numbered 0.
-  troncon.surface += (std::abs(t.terrain1 - t.projet1) + std::abs(t.terrain2 - t.projet2)) * std::abs(t.x2 - t.x1) * 0.5;
+  troncon.surface +=
+      (std::abs(t.terrain1 - t.projet1) + std::abs(t.terrain2 - t.projet2)) * std::abs(t.x2 - t.x1) * 0.5;
 }
 
 class balayage {

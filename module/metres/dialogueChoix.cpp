@@ -20,8 +20,7 @@ class CDlgChoixDansListe : public dialogues::Dialog {
     for (const std::wstring& texte : textes) lignes.push_back({{texte}, static_cast<int>(lignes.size())});
     liste_.append(std::move(lignes));
     liste_.onSelect = [this] {
-      if (!liste_.selection().empty())
-        choix = liste_.rows()[static_cast<std::size_t>(liste_.selection().front())].data;
+      if (!liste_.selection().empty()) choix = liste_.rows()[static_cast<std::size_t>(liste_.selection().front())].data;
     };
     ok_.isDefault = true;
     ok_.onClick = [this] { end(dialogues::kOk); };

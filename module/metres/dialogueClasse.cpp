@@ -12,10 +12,10 @@ constexpr double kPlusGrand = 1e38;
 
 CDlgClasseProfondeur::CDlgClasseProfondeur() : Dialog(L"Classe de profondeur", 300, 240) {
   int rangee = 0;
-  for (dialogues::Control* controle : {static_cast<dialogues::Control*>(&debut_), static_cast<dialogues::Control*>(&fin_),
-                                       static_cast<dialogues::Control*>(&largeur_),
-                                       static_cast<dialogues::Control*>(&profLit_),
-                                       static_cast<dialogues::Control*>(&couleur_)})
+  for (dialogues::Control* controle :
+       {static_cast<dialogues::Control*>(&debut_), static_cast<dialogues::Control*>(&fin_),
+        static_cast<dialogues::Control*>(&largeur_), static_cast<dialogues::Control*>(&profLit_),
+        static_cast<dialogues::Control*>(&couleur_)})
     add(*controle, {rangee++, 0, 1, 2});
   add(ok_, {rangee, 0});
   add(annuler_, {rangee, 1});

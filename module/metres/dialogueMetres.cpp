@@ -2,8 +2,8 @@
 // What goes wrong in a button goes to the framework, which shows it and keeps the dialog.
 #include "module/metres/dialogueMetres.h"
 
-#include "hote/acut.h"
 #include "hote/aced.h"
+#include "hote/acut.h"
 #include "module/metres/dialogueClasse.h"
 #include "module/metres/exportClasseur.h"
 #include "module/metres/hachures.h"
@@ -34,9 +34,9 @@ std::vector<dialogues::Column> colonnesElements() {
 }
 
 std::vector<dialogues::Column> colonnesTroncons() {
-  return {{L"Profil", 0.2, Alignment::centred},     {L"Debut", 0.2, Alignment::centred},
-          {L"Fin ", 0.15, Alignment::centred},      {L"Profondeur", 0.15, Alignment::centred},
-          {L"Volume", 0.15, Alignment::centred},    {L"Surface", 0.15, Alignment::centred}};
+  return {{L"Profil", 0.2, Alignment::centred},  {L"Debut", 0.2, Alignment::centred},
+          {L"Fin ", 0.15, Alignment::centred},   {L"Profondeur", 0.15, Alignment::centred},
+          {L"Volume", 0.15, Alignment::centred}, {L"Surface", 0.15, Alignment::centred}};
 }
 
 // While the user picks in the drawing, the dialog stands aside.
@@ -63,8 +63,11 @@ AcDbObjectIdArray choisirBlocs(dialogues::Dialog& dialogue) {
 }  // namespace
 
 CDlgMetresLineairesKavels::CDlgMetresLineairesKavels()
-    : Dialog(L"M\u00e9tr\u00e9s du profil", 720, 560), listeClassesCtrl(colonnesClasses()),
-      listeElements(colonnesElements()), listeTroncons(colonnesTroncons()), projetChoisi(kProjetNonChoisi),
+    : Dialog(L"M\u00e9tr\u00e9s du profil", 720, 560),
+      listeClassesCtrl(colonnesClasses()),
+      listeElements(colonnesElements()),
+      listeTroncons(colonnesTroncons()),
+      projetChoisi(kProjetNonChoisi),
       schematiser_(L"Sch\u00e9matiser sur p/long", [this] { hachurerProfils(profils); }),
       exporter_(L"Exporter", [this] { exporterClasseur(profils); }) {
   listeClassesCtrl.colourColumn = kColonneCouleur;

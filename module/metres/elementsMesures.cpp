@@ -53,21 +53,20 @@ void lireChamp(const profilLong& profil, const AcDbBlockReference& bloc, const c
 }  // namespace
 
 const std::vector<typeElementFixe>& typesElementsFixes() {
-  static const std::vector<typeElementFixe> types = {
-      robinetterie(1, L"Vanne de sectionnement", L"VardanePLVSECT"),
-      robinetterie(2, L"Vanne + Soupape", L"VardanePLVSSPPE"),
-      robinetterie(3, L"Vanne + Vidange", L"VardanePLVSVDGE"),
-      robinetterie(4, L"Soupape", L"VardanePLSPPE"),
-      robinetterie(5, L"Vidange", L"VardanePLVDGE"),
-      {6,
-       L"VardaneTampon",
-       L"Regard",
-       L"Assainissement",
-       {{champElementFixe::kStation, L"Abscisse", L""},
-        {champElementFixe::kAttribut, L"Regard", L"R"},
-        {champElementFixe::kAttribut, L"Cote Tampon", L"CT"},
-        {champElementFixe::kAttribut, L"Hauteur", L"HAUTEUR"},
-        {champElementFixe::kAttribut, L"Largeur", L"LARGEUR"}}}};
+  static const std::vector<typeElementFixe> types = {robinetterie(1, L"Vanne de sectionnement", L"VardanePLVSECT"),
+                                                     robinetterie(2, L"Vanne + Soupape", L"VardanePLVSSPPE"),
+                                                     robinetterie(3, L"Vanne + Vidange", L"VardanePLVSVDGE"),
+                                                     robinetterie(4, L"Soupape", L"VardanePLSPPE"),
+                                                     robinetterie(5, L"Vidange", L"VardanePLVDGE"),
+                                                     {6,
+                                                      L"VardaneTampon",
+                                                      L"Regard",
+                                                      L"Assainissement",
+                                                      {{champElementFixe::kStation, L"Abscisse", L""},
+                                                       {champElementFixe::kAttribut, L"Regard", L"R"},
+                                                       {champElementFixe::kAttribut, L"Cote Tampon", L"CT"},
+                                                       {champElementFixe::kAttribut, L"Hauteur", L"HAUTEUR"},
+                                                       {champElementFixe::kAttribut, L"Largeur", L"LARGEUR"}}}};
   return types;
 }
 
@@ -77,8 +76,8 @@ bool mesurerElement(const profilLong& profil, AcDbObjectId id, elementFixeMesure
   if (bloc.openStatus() != Acad::eOk || !nomDuBloc(*bloc, nom)) return false;
   element.valeurs.clear();
   const auto& types = typesElementsFixes();
-  const auto type = std::find_if(types.begin(), types.end(),
-                                 [&](const typeElementFixe& t) { return egalSansCasse(t.nomBloc, nom); });
+  const auto type =
+      std::find_if(types.begin(), types.end(), [&](const typeElementFixe& t) { return egalSansCasse(t.nomBloc, nom); });
   if (type == types.end()) return false;
   element.id = type->id;
   element.libelle = type->libelle;

@@ -2,9 +2,9 @@
 // The library writes nothing before it closes a workbook.
 #include "module/metres/exportClasseur.h"
 
+#include <xlsxwriter.h>
 #include <boost/locale/encoding_utf.hpp>
 #include <filesystem>
-#include <xlsxwriter.h>
 
 #include "hote/dialogues.h"
 #include "module/metres/feuilleProfil.h"
@@ -23,10 +23,8 @@ lxw_format* formatCellule(lxw_workbook* classeur, bool bas, bool nombre) {
   if (bas) format_set_bottom(f, LXW_BORDER_THIN);
   format_set_left(f, LXW_BORDER_THIN);
   format_set_right(f, LXW_BORDER_THIN);
-  if (nombre)
-    format_set_num_format(f, "0.000");
-  else
-    format_set_align(f, LXW_ALIGN_CENTER);
+  if (nombre) format_set_num_format(f, "0.000");
+  else format_set_align(f, LXW_ALIGN_CENTER);
   return f;
 }
 
@@ -49,9 +47,7 @@ formatsClasseur faireFormats(lxw_workbook* classeur) {
 }
 
 // The name of the file that is written aside, in the same folder.
-std::string cheminProvisoire(const std::string& chemin) {
-  return chemin + ".tmp";
-}
+std::string cheminProvisoire(const std::string& chemin) { return chemin + ".tmp"; }
 
 }  // namespace
 
@@ -61,8 +57,8 @@ bool ecrireClasseur(const std::vector<poigneeProfil>& profils, const std::string
   if (!classeur) return false;
   const formatsClasseur formats = faireFormats(classeur.get());
   for (const poigneeProfil& profil : profils) {
-    lxw_worksheet* feuille =
-        workbook_add_worksheet(classeur.get(), boost::locale::conv::utf_to_utf<char>(profil->numero.kACharPtr()).c_str());
+    lxw_worksheet* feuille = workbook_add_worksheet(
+        classeur.get(), boost::locale::conv::utf_to_utf<char>(profil->numero.kACharPtr()).c_str());
     if (feuille) feuilleProfil(feuille, formats, *profil).ecrire();
   }
   // Closing also releases the workbook.

@@ -117,10 +117,8 @@ void feuilleProfil::elements(lxw_col_t colonne) {
 
 void feuilleProfil::element(const elementFixeMesure& e, lxw_row_t rangee, lxw_col_t colonne, bool dernier) {
   for (const valeurElement& valeur : e.valeurs) {
-    if (valeur.estNombre)
-      nombre(rangee, colonne++, valeur.nombre, dernier ? f_.nombreBas : f_.nombre);
-    else
-      texte(rangee, colonne++, valeur.texte, dernier ? f_.texteBas : f_.texte);
+    if (valeur.estNombre) nombre(rangee, colonne++, valeur.nombre, dernier ? f_.nombreBas : f_.nombre);
+    else texte(rangee, colonne++, valeur.texte, dernier ? f_.texteBas : f_.texte);
   }
 }
 

@@ -27,9 +27,10 @@ rangee rangeeTroncon(const profilLong& profil, const TranconProfilEnlong& t, int
   const bool connue = classe >= 1 && static_cast<std::size_t>(classe) <= liste.size();
   const double largeur = connue ? liste[static_cast<std::size_t>(classe - 1)].largeur : 0.0;
   const double moyenne = t.surface / (std::abs(longueur) < kSansLongueur ? 1.0 : longueur);
-  return {{profil.numero.kACharPtr(), texteFixe(t.debut(), 3), texteFixe(t.fin(), 3),
-           cadre(std::to_wstring(classe), 2) + L" - " + mesure(moyenne), mesure(t.surface * largeur), mesure(t.surface)},
-          index};
+  return {
+      {profil.numero.kACharPtr(), texteFixe(t.debut(), 3), texteFixe(t.fin(), 3),
+       cadre(std::to_wstring(classe), 2) + L" - " + mesure(moyenne), mesure(t.surface * largeur), mesure(t.surface)},
+      index};
 }
 
 std::wstring titre(const profilLong& profil) { return std::wstring(L"Profil:") + profil.numero.kACharPtr(); }
@@ -38,10 +39,9 @@ std::wstring titre(const profilLong& profil) { return std::wstring(L"Profil:") +
 
 std::vector<rangee> rangeesTroncons(InfoProfilEnLong& profil, int index) {
   ordonnerLignes(profil);
-  std::vector<rangee> rangees = {{{titre(profil)}, index},
-                                 {{L"Pk : " + texteFixe(profil.dcumDeb, 3) + L" a " +
-                                   texteFixe(profil.dcumDeb + profil.longueurTn(), 3)},
-                                  index}};
+  std::vector<rangee> rangees = {
+      {{titre(profil)}, index},
+      {{L"Pk : " + texteFixe(profil.dcumDeb, 3) + L" a " + texteFixe(profil.dcumDeb + profil.longueurTn(), 3)}, index}};
   for (const ligneTroncons& ligne : profil.lignes)
     for (const poigneeTroncon& t : ligne.troncons) rangees.push_back(rangeeTroncon(profil, *t, index));
   return rangees;
@@ -60,9 +60,9 @@ std::vector<rangee> rangeesElements(const InfoProfilEnLong& profil, int index) {
 std::vector<rangee> rangeesClasses(const classesProfondeur& liste) {
   std::vector<rangee> rangees;
   for (const classeProfondeur& c : liste)
-    rangees.push_back({{texteFixe(c.debut, 2), texteFixe(c.fin, 2), L"", texteFixe(c.largeur, 2),
-                        texteFixe(c.profLit, 2), L""},
-                       c.couleur});
+    rangees.push_back(
+        {{texteFixe(c.debut, 2), texteFixe(c.fin, 2), L"", texteFixe(c.largeur, 2), texteFixe(c.profLit, 2), L""},
+         c.couleur});
   return rangees;
 }
 

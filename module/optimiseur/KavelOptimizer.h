@@ -32,8 +32,8 @@ class KavelOptimizerBase {
   virtual void optimiser(const pointsTerrain& terrain, AcGePoint2d a, AcGePoint2d b, chaineTrace& chaine) = 0;
   virtual bool intervalleAcceptable(intervalleIndices intervalle, AcGePoint2d a, AcGePoint2d b,
                                     const pointsTerrain& terrain) = 0;
-  virtual void pointLePlusMauvais(intervalleIndices intervalle, AcGePoint2d& point, Adesk::Int32& indice,
-                                  AcGePoint2d a, AcGePoint2d b, const pointsTerrain& terrain) = 0;
+  virtual void pointLePlusMauvais(intervalleIndices intervalle, AcGePoint2d& point, Adesk::Int32& indice, AcGePoint2d a,
+                                  AcGePoint2d b, const pointsTerrain& terrain) = 0;
   virtual void decouper(intervalleIndices intervalle, AcGePoint2d a, AcGePoint2d b, const pointsTerrain& terrain,
                         AcGePoint2d& milieu, intervalleIndices& gauche, intervalleIndices& droite) = 0;
 

@@ -12,10 +12,7 @@ struct segmentOptimum {
   double x1, y1, x2, y2;
 
   segmentOptimum(AcGePoint2d a, AcGePoint2d b)
-      : x1(a.x > b.x ? b.x : a.x),
-        y1(a.x > b.x ? b.y : a.y),
-        x2(a.x > b.x ? a.x : b.x),
-        y2(a.x > b.x ? a.y : b.y) {}
+      : x1(a.x > b.x ? b.x : a.x), y1(a.x > b.x ? b.y : a.y), x2(a.x > b.x ? a.x : b.x), y2(a.x > b.x ? a.y : b.y) {}
 
   // False for an upright segment, which has no ordinate. Outside its ends the segment is prolonged, unless it is asked
   // for bounded.

@@ -22,9 +22,7 @@ std::unique_ptr<AcDbPolyline> chaineRelevee(const chaineTrace& chaine) {
 
 }  // namespace
 
-void recommencerTrace() {
-  compteurTrace = 0;
-}
+void recommencerTrace() { compteurTrace = 0; }
 
 void tracerChaine(const chaineTrace& chaine) {
   if (chaine.size() <= 2) return;

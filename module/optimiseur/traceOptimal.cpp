@@ -50,8 +50,7 @@ void dessinerChaine(const profilLong& profil, const chaineTrace& chaine) {
   auto polyligne = std::make_unique<AcDbPolyline>(static_cast<unsigned int>(chaine.size()));
   unsigned int i = 0;
   for (const AcGePoint2d& point : chaine)
-    polyligne->addVertexAt(i++, {profil.position.x + point.x,
-                                 (point.y - pc) * profil.echelleV + profil.position.y});
+    polyligne->addVertexAt(i++, {profil.position.x + point.x, (point.y - pc) * profil.echelleV + profil.position.y});
   ajouterEspaceObjet(std::move(polyligne));
 }
 

@@ -49,10 +49,8 @@ void pl_add_xdata() {
   const wchar_t* faute = fauteArguments(args);
   if (!faute && acdbHandEnt(valeurTexte(args.nieme(2)).c_str(), nom) != RTNORM)
     faute = L"2eme argument n'est pas un vrai handle !";
-  if (faute)
-    acutPrintf(L"\nErreur dans appel a add_plxdata: %ls", faute);
-  else if (ajouterCouple(nom, valeurReelle(args.nieme(0)), valeurReelle(args.nieme(1))))
-    acedRetInt(1);
+  if (faute) acutPrintf(L"\nErreur dans appel a add_plxdata: %ls", faute);
+  else if (ajouterCouple(nom, valeurReelle(args.nieme(0)), valeurReelle(args.nieme(1)))) acedRetInt(1);
 }
 
 }  // namespace plv

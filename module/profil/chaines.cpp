@@ -40,9 +40,7 @@ std::wstring lireUnPc(profilLong& profil, const AcDbEntity& entite) {
 }
 
 struct sansCasse {
-  bool operator()(const std::wstring& a, const std::wstring& b) const {
-    return enMinuscules(a) < enMinuscules(b);
-  }
+  bool operator()(const std::wstring& a, const std::wstring& b) const { return enMinuscules(a) < enMinuscules(b); }
 };
 
 // The text of the value of a key of "PLV2_DATA", whatever its group; a key that comes twice keeps the later

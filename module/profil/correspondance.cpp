@@ -30,9 +30,7 @@ std::size_t profilLong::sectionBalayage(double d) const {
   return i == 0 ? 0 : i - 1;
 }
 
-double profilLong::altitudeSection(std::size_t section) const {
-  return section < altPc.size() ? altPc[section] : 0.0;
-}
+double profilLong::altitudeSection(std::size_t section) const { return section < altPc.size() ? altPc[section] : 0.0; }
 
 bool profilLong::versDessin(double s, double z, double& x, double& y) const {
   const double d = s - dcumDeb;
@@ -42,12 +40,8 @@ bool profilLong::versDessin(double s, double z, double& x, double& y) const {
   return true;
 }
 
-double profilLong::pcEnStation(double s) const {
-  return altitudeSection(sectionBalayage(s - dcumDeb));
-}
-double profilLong::pcEnX(double x) const {
-  return altitudeSection(sectionBalayage(x - position.x));
-}
+double profilLong::pcEnStation(double s) const { return altitudeSection(sectionBalayage(s - dcumDeb)); }
+double profilLong::pcEnX(double x) const { return altitudeSection(sectionBalayage(x - position.x)); }
 
 double profilLong::ordonneeDessin(double d, double z) const {
   const auto ordonnee = [&](double pc) { return (z - pc) * echelleV + position.y; };
@@ -75,9 +69,7 @@ bool profilLong::altitudeDePoint(const AcGePoint3d& point, double& z, bool relat
   return true;
 }
 
-double profilLong::altitudeDeY(double y, double pc) const {
-  return (y - position.y) / echelleV + pc;
-}
+double profilLong::altitudeDeY(double y, double pc) const { return (y - position.y) / echelleV + pc; }
 
 void profilLong::versProfil(std::size_t section, const AcGePoint3d& point, double& s, double& z) const {
   s = point.x - position.x + dcumDeb;

@@ -38,10 +38,8 @@ void poserCle(AcDbObject& objet, const std::wstring& cle, const resbuf& valeur) 
     donnees.ajouter(acutBuildList(kXApplication, kApplicationCles, RTNONE));
   resbuf* paire = paireXData(cle, valeur);
   if (!paire) return;
-  if (resbuf* trouvee = chercherCle(donnees.tete(), cle))
-    remplacerValeur(trouvee, paire);
-  else
-    donnees.ajouter(paire);
+  if (resbuf* trouvee = chercherCle(donnees.tete(), cle)) remplacerValeur(trouvee, paire);
+  else donnees.ajouter(paire);
   objet.setXData(donnees.tete());
 }
 
@@ -52,23 +50,14 @@ void rendreEntite(const ACHAR* handle) {
 
 void rendreValeur(const resbuf& valeur) {
   switch (valeur.restype) {
-    case kXTexte:
-      acedRetStr(valeur.resval.rstring);
-      break;
-    case kXHandle:
-      rendreEntite(valeur.resval.rstring);
-      break;
-    case kXReel:
-      acedRetReal(valeur.resval.rreal);
-      break;
-    case kXEntier16:
-      acedRetInt(valeur.resval.rint);
-      break;
+    case kXTexte: acedRetStr(valeur.resval.rstring); break;
+    case kXHandle: rendreEntite(valeur.resval.rstring); break;
+    case kXReel: acedRetReal(valeur.resval.rreal); break;
+    case kXEntier16: acedRetInt(valeur.resval.rint); break;
     case kXEntier32:
       if (valeur.resval.rlong != kSansValeur) acedRetInt(valeur.resval.rlong);
       break;
-    default:
-      break;
+    default: break;
   }
 }
 

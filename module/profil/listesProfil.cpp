@@ -69,8 +69,6 @@ void profilLong::pointsTn(AcGePoint2dArray& liste) const {
   for (std::size_t i = 0; i < distTn.size(); ++i) liste.append(AcGePoint2d(distTn[i], altTn[i]));
 }
 
-double profilLong::longueurTn() const {
-  return clesInconnues && !distTn.empty() ? distTn.back() : 0.0;
-}
+double profilLong::longueurTn() const { return clesInconnues && !distTn.empty() ? distTn.back() : 0.0; }
 
 }  // namespace plv

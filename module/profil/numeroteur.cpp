@@ -7,10 +7,8 @@ namespace plv {
 void incrementerLettres(std::wstring& texte) {
   std::size_t i = texte.size();
   while (i > 0 && texte[i - 1] == L'Z') texte[--i] = L'A';
-  if (i > 0)
-    ++texte[i - 1];
-  else
-    texte.insert(texte.begin(), L'A');
+  if (i > 0) ++texte[i - 1];
+  else texte.insert(texte.begin(), L'A');
 }
 
 void numeroteurEntier::initialiser(const std::wstring& nouveauPrefixe, Adesk::Int32 premier,
@@ -37,9 +35,7 @@ void numeroteurEntier::incrementerPrefixe() {
   courant = depart;
 }
 
-void numeroteurEntier::incrementer() {
-  avancer(1);
-}
+void numeroteurEntier::incrementer() { avancer(1); }
 
 Adesk::Int32 numeroteurEntier::valeur(bool faireAvancer) {
   const Adesk::Int32 presente = courant;

@@ -39,8 +39,8 @@ class numeroteurEntier : public numeroteur {
  public:
   ~numeroteurEntier() override { courant = pas = depart = 1; }
   // Leaves alone the number to which a change of prefix or suffix goes back.
-  void initialiser(const std::wstring& nouveauPrefixe, Adesk::Int32 premier,
-                   const std::wstring& nouveauSuffixe, Adesk::Int32 nouveauPas);
+  void initialiser(const std::wstring& nouveauPrefixe, Adesk::Int32 premier, const std::wstring& nouveauSuffixe,
+                   Adesk::Int32 nouveauPas);
 
   std::wstring suivant() override;
   void incrementerSuffixe() override;

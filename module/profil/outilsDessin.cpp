@@ -16,9 +16,7 @@ namespace {
 constexpr double kFacteurTexte = 0.8;
 
 // Height and rotation of pl_text: 32-bit integers are refused.
-bool estReelOuCourt(const resbuf* rb) {
-  return rb && (rb->restype == RTREAL || rb->restype == RTSHORT);
-}
+bool estReelOuCourt(const resbuf* rb) { return rb && (rb->restype == RTREAL || rb->restype == RTSHORT); }
 
 struct controle {
   bool (*accepte)(const resbuf*);
@@ -48,18 +46,10 @@ void ecrireTexte(const std::wstring& justification, const std::wstring& texte, c
                  double hauteur, double rotation) {
   parametresTexte parametres{.facteur = kFacteurTexte};
   switch (justification.empty() ? L'\0' : majuscule(justification.front())) {
-    case L'C':
-      texteCentre(texte, position, hauteur, rotation, parametres);
-      break;
-    case L'M':
-      texteMilieu(texte, position, hauteur, rotation, parametres);
-      break;
-    case L'R':
-      texteDroite(texte, position, hauteur, rotation, parametres);
-      break;
-    default:
-      texteGauche(texte, position, hauteur, rotation, kFacteurTexte);
-      break;
+    case L'C': texteCentre(texte, position, hauteur, rotation, parametres); break;
+    case L'M': texteMilieu(texte, position, hauteur, rotation, parametres); break;
+    case L'R': texteDroite(texte, position, hauteur, rotation, parametres); break;
+    default: texteGauche(texte, position, hauteur, rotation, kFacteurTexte); break;
   }
 }
 

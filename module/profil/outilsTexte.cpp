@@ -38,8 +38,7 @@ std::vector<std::wstring> mots(const std::wstring& texte) {
   while (i != std::wstring::npos) {
     const bool cite = texte[i] == L'"';
     if (cite) ++i;
-    const std::size_t fin =
-        std::min(cite ? texte.find(L'"', i) : texte.find_first_of(kSeparateurs, i), texte.size());
+    const std::size_t fin = std::min(cite ? texte.find(L'"', i) : texte.find_first_of(kSeparateurs, i), texte.size());
     trouves.push_back(texte.substr(i, fin - i));
     i = texte.find_first_not_of(kSeparateurs, fin + (cite ? 1 : 0));
   }
@@ -48,12 +47,8 @@ std::vector<std::wstring> mots(const std::wstring& texte) {
 
 }  // namespace
 
-void pl_strequal() {
-  rendreSi(true);
-}
-void pl_strdiff() {
-  rendreSi(false);
-}
+void pl_strequal() { rendreSi(true); }
+void pl_strdiff() { rendreSi(false); }
 
 void pl_analyse() {
   ArgsLisp args;

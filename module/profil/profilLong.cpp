@@ -26,9 +26,7 @@ std::size_t longueurChaine(const resbuf* rb) {
   return n;
 }
 
-const resbuf* suivant(const resbuf* rb) {
-  return rb ? rb->rbnext : nullptr;
-}
+const resbuf* suivant(const resbuf* rb) { return rb ? rb->rbnext : nullptr; }
 
 }  // namespace
 

@@ -15,9 +15,7 @@ namespace {
 constexpr Adesk::Int32 kDecimalesParDefaut = 2;
 constexpr Adesk::Int32 kFormatPk = 1;
 
-Adesk::Int32 entierOu(const resbuf* rb, Adesk::Int32 defaut) {
-  return estEntier(rb) ? valeurEntiere(rb) : defaut;
-}
+Adesk::Int32 entierOu(const resbuf* rb, Adesk::Int32 defaut) { return estEntier(rb) ? valeurEntiere(rb) : defaut; }
 
 }  // namespace
 

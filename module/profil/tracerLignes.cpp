@@ -43,8 +43,7 @@ bool lireCouple(const std::wstring& reponse, double& station, double& altitude) 
 
 suite saisirPoint(trace& t) {
   ACHAR reponse[kTailleReponse] = L"";
-  if (acedGetString(0, L"\nPosition sur profil [Graphique]", reponse) != RTNORM || !*reponse)
-    return suite::fin;
+  if (acedGetString(0, L"\nPosition sur profil [Graphique]", reponse) != RTNORM || !*reponse) return suite::fin;
   if (*reponse == L'G' || *reponse == L'g') return suite::graphique;
   double station = 0, altitude = 0;
   AcGePoint3d point;
@@ -56,18 +55,12 @@ suite saisirPoint(trace& t) {
 suite pointerPoint(trace& t) {
   AcGePoint3d point;
   acedInitGet(RSG_NOLIM | RSG_2D, L"P");
-  switch (acedGetPoint(t.precedent ? asDblArray(*t.precedent) : nullptr, L"\nPosition [Profil]:",
-                       asDblArray(point))) {
+  switch (acedGetPoint(t.precedent ? asDblArray(*t.precedent) : nullptr, L"\nPosition [Profil]:", asDblArray(point))) {
     case RTCAN:
-    case RTNONE:
-      return suite::fin;
-    case RTKWORD:
-      return suite::saisie;
-    case RTNORM:
-      t.prolonger(point);
-      return suite::encore;
-    default:
-      return suite::encore;
+    case RTNONE: return suite::fin;
+    case RTKWORD: return suite::saisie;
+    case RTNORM: t.prolonger(point); return suite::encore;
+    default: return suite::encore;
   }
 }
 

@@ -23,8 +23,8 @@ inline constexpr Adesk::UInt32 kSansMarqueur = 0xFFFFFFFF;
 class VardaneSerializer {
  public:
   virtual void rewind() = 0;
-  virtual Adesk::UInt32 peekMarker() = 0;                     // kSansMarqueur when no 4 bytes are left
-  virtual bool expectMarker(Adesk::UInt32 marqueur) = 0;      // another one is left to be read
+  virtual Adesk::UInt32 peekMarker() = 0;                 // kSansMarqueur when no 4 bytes are left
+  virtual bool expectMarker(Adesk::UInt32 marqueur) = 0;  // another one is left to be read
   virtual bool writeMarker(Adesk::UInt32 marqueur) = 0;
   virtual bool writeAcString(const AcString& texte) = 0;
   virtual bool writeBool(bool valeur) = 0;

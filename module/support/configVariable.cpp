@@ -17,8 +17,7 @@ Static_ConfigVariable<T>::Static_ConfigVariable(const char* cleVariable, T defau
   }
   try {
     enregistrer(defaut);
-  } catch (const boost::property_tree::ini_parser_error&) {
-  }
+  } catch (const boost::property_tree::ini_parser_error&) {}
 }
 
 template <class T>

@@ -35,8 +35,7 @@ void lire(const std::string& chemin, boost::property_tree::ptree& arbre) try {
   } catch (const boost::property_tree::ini_parser_error& erreur) {
     lireAvantLigne(chemin, erreur.line(), arbre);
   }
-} catch (const std::exception&) {
-}
+} catch (const std::exception&) {}
 
 // Programs of a batch read the file while another one writes it: they find the former contents or the new ones, whole.
 // The file is opened first, so that one that can't be written is the library's failure.
@@ -63,21 +62,15 @@ std::string cheminFichier(const ACHAR* nom, const ACHAR* sousDossier) {
   return boost::locale::conv::utf_to_utf<char>(chemin);
 }
 
-std::string cheminConfig() {
-  return cheminFichier(L"config.ini");
-}
-std::string cheminConfigVardane() {
-  return cheminFichier(L"ConfigVardane.ini");
-}
+std::string cheminConfig() { return cheminFichier(L"config.ini"); }
+std::string cheminConfigVardane() { return cheminFichier(L"ConfigVardane.ini"); }
 
 fichierConfig& fichierConfig::unique() {
   static fichierConfig fichier;
   return fichier;
 }
 
-fichierConfig::fichierConfig() {
-  lire(cheminConfig(), m_arbre);
-}
+fichierConfig::fichierConfig() { lire(cheminConfig(), m_arbre); }
 
 void fichierConfig::sauver() {
   if (!m_modifie) return;

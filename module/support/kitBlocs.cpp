@@ -21,8 +21,7 @@ constexpr std::wstring_view kExtension = L".dwg";
 AcDbObjectId blocDeNom(AcDbDatabase& base, const std::wstring& nom) {
   AcDbObjectPointer<AcDbBlockTable> table(base.blockTableId());
   AcDbObjectId id;
-  if (table.openStatus() != Acad::eOk || table->getAt(nom.c_str(), id) != Acad::eOk)
-    return AcDbObjectId::kNull;
+  if (table.openStatus() != Acad::eOk || table->getAt(nom.c_str(), id) != Acad::eOk) return AcDbObjectId::kNull;
   return id;
 }
 
@@ -51,8 +50,7 @@ void ajouterAttributs(AcDbObjectId idReference, AcDbObjectId idRecord) {
   if (bloc.openStatus() != Acad::eOk || record.openStatus() != Acad::eOk) return;
   for (const AcDbObjectId& id : record->entityIds()) {
     AcDbObjectPointer<AcDbAttributeDefinition> definition(id);
-    if (definition.openStatus() == Acad::eOk && !definition->isConstant())
-      ajouterAttribut(*bloc, *definition);
+    if (definition.openStatus() == Acad::eOk && !definition->isConstant()) ajouterAttribut(*bloc, *definition);
   }
 }
 

@@ -36,7 +36,8 @@ using lectureParametre = Acad::ErrorStatus (AcDbCurve::*)(double&) const;
 void pointAuBout(const AcDbCurve& courbe, lectureParametre lire, AcGePoint2d& point) {
   double parametre = 0;
   AcGePoint3d lu;
-  if ((courbe.*lire)(parametre) == Acad::eOk && courbe.getPointAtParam(parametre, lu) == Acad::eOk) point = {lu.x, lu.y};
+  if ((courbe.*lire)(parametre) == Acad::eOk && courbe.getPointAtParam(parametre, lu) == Acad::eOk)
+    point = {lu.x, lu.y};
 }
 
 }  // namespace

@@ -9,8 +9,8 @@ namespace plv {
 
 namespace {
 
-constexpr double kCordeSpline = 0.001;   // of every sampling
-constexpr double kPasSpline = 0.0001;    // what callers ask for, to no effect
+constexpr double kCordeSpline = 0.001;  // of every sampling
+constexpr double kPasSpline = 0.0001;   // what callers ask for, to no effect
 
 void relier(const AcGePoint2dArray& points, AcGePoint2dArray& debuts, AcGePoint2dArray& fins) {
   for (int i = 0; i + 1 < points.length(); ++i) {
@@ -105,7 +105,8 @@ void trierSegments(AcGePoint2dArray& debuts, AcGePoint2dArray& fins) {
   std::sort(ordre.begin(), ordre.end(), avant);
   if (std::adjacent_find(ordre.begin(), ordre.end(), [&](int a, int b) { return !avant(a, b); }) == ordre.end()) {
     const AcGePoint2dArray d = debuts, f = fins;
-    for (int i = 0; i < n; ++i) debuts[i] = d[ordre[static_cast<std::size_t>(i)]], fins[i] = f[ordre[static_cast<std::size_t>(i)]];
+    for (int i = 0; i < n; ++i)
+      debuts[i] = d[ordre[static_cast<std::size_t>(i)]], fins[i] = f[ordre[static_cast<std::size_t>(i)]];
     return;
   }
   for (int i = 0; i < n; ++i)

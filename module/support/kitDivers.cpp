@@ -20,15 +20,12 @@ namespace {
 constexpr const wchar_t* kCleInstallation = L"Software\\Kelmont-Etudes\\Vardane2018_Amaranth";
 constexpr const wchar_t* kValeurChemin = L"chemin";
 
-bool estSeparateur(wchar_t c) {
-  return c == L'\\' || c == kSeparateurDossier;
-}
+bool estSeparateur(wchar_t c) { return c == L'\\' || c == kSeparateurDossier; }
 
 std::wstring lireDossier() {
   std::array<wchar_t, 2048> tampon{};
   unsigned long taille = sizeof tampon;
-  if (RegGetStringW(HKEY_LOCAL_MACHINE, kCleInstallation, kValeurChemin, tampon.data(), &taille) !=
-      ERROR_SUCCESS)
+  if (RegGetStringW(HKEY_LOCAL_MACHINE, kCleInstallation, kValeurChemin, tampon.data(), &taille) != ERROR_SUCCESS)
     return {};
   std::wstring dossier = tampon.data();
   while (!dossier.empty() && estSeparateur(dossier.back())) dossier.pop_back();

@@ -27,9 +27,7 @@ Acad::ErrorStatus ouvrirEspaceObjet(AcDbObjectPointer<AcDbBlockTableRecord>& esp
 
 }  // namespace
 
-AcDbDatabase* baseCourante() {
-  return acdbHostApplicationServices()->workingDatabase();
-}
+AcDbDatabase* baseCourante() { return acdbHostApplicationServices()->workingDatabase(); }
 
 AcDbObjectId styleCourant() {
   const AcDbDatabase* base = baseCourante();
@@ -53,15 +51,13 @@ Acad::ErrorStatus ajouterEtRetenir(AcDbObjectIdArray& liste, std::unique_ptr<AcD
   return etat;
 }
 
-Acad::ErrorStatus dessinerLigne(const AcGePoint3d& p1, const AcGePoint3d& p2, AcDbObjectId* id,
-                                Adesk::UInt16 couleur) {
+Acad::ErrorStatus dessinerLigne(const AcGePoint3d& p1, const AcGePoint3d& p2, AcDbObjectId* id, Adesk::UInt16 couleur) {
   auto ligne = std::make_unique<AcDbLine>(p1, p2);
   ligne->setColorIndex(couleur);
   return ajouterEspaceObjet(std::move(ligne), id);
 }
 
-Acad::ErrorStatus dessinerLigneXY(double x1, double y1, double x2, double y2, AcDbObjectId* id,
-                                  Adesk::UInt16 couleur) {
+Acad::ErrorStatus dessinerLigneXY(double x1, double y1, double x2, double y2, AcDbObjectId* id, Adesk::UInt16 couleur) {
   return dessinerLigne({x1, y1, 0.0}, {x2, y2, 0.0}, id, couleur);
 }
 
@@ -73,8 +69,8 @@ Acad::ErrorStatus dessinerRayon(const AcGePoint3d& base, const AcGePoint3d& cibl
   return ajouterEspaceObjet(std::move(rayon));
 }
 
-Acad::ErrorStatus dessinerRectangle(double x, double y, double largeur, double hauteur, double angle,
-                                    AcDbObjectId* id, Adesk::UInt16 couleur) {
+Acad::ErrorStatus dessinerRectangle(double x, double y, double largeur, double hauteur, double angle, AcDbObjectId* id,
+                                    Adesk::UInt16 couleur) {
   const AcGeVector2d u = AcGeVector2d(std::cos(angle), std::sin(angle)) * largeur;
   const AcGeVector2d v = AcGeVector2d(-std::sin(angle), std::cos(angle)) * hauteur;
   const AcGePoint2d coin(x, y);
@@ -86,18 +82,13 @@ Acad::ErrorStatus dessinerRectangle(double x, double y, double largeur, double h
   return ajouterEspaceObjet(std::move(cadre), id);
 }
 
-void debutPolyligne(unsigned int n) {
-  polyligneCourante() = std::make_unique<AcDbPolyline>(n);
-}
+void debutPolyligne(unsigned int n) { polyligneCourante() = std::make_unique<AcDbPolyline>(n); }
 
 void ajouterSommet(double x, double y) {
-  if (AcDbPolyline* polyligne = polyligneCourante().get())
-    polyligne->addVertexAt(polyligne->numVerts(), {x, y});
+  if (AcDbPolyline* polyligne = polyligneCourante().get()) polyligne->addVertexAt(polyligne->numVerts(), {x, y});
 }
 
-std::unique_ptr<AcDbPolyline> prendrePolyligne() {
-  return std::move(polyligneCourante());
-}
+std::unique_ptr<AcDbPolyline> prendrePolyligne() { return std::move(polyligneCourante()); }
 
 void effacerTout(AcDbObjectIdArray& liste) {
   for (const AcDbObjectId& id : liste) {
@@ -107,8 +98,7 @@ void effacerTout(AcDbObjectIdArray& liste) {
   liste.removeAll();
 }
 
-Acad::ErrorStatus creerCalque(const std::wstring& nom, AcDbObjectId& id, Adesk::UInt16 couleur,
-                              AcDbDatabase* base) {
+Acad::ErrorStatus creerCalque(const std::wstring& nom, AcDbObjectId& id, Adesk::UInt16 couleur, AcDbDatabase* base) {
   id.setNull();
   if (!base && !(base = baseCourante())) return Acad::eNoDatabase;
   const std::wstring propre = sansBlancs(nom);

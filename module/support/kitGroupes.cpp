@@ -12,8 +12,7 @@ namespace {
 
 constexpr const ACHAR* kAnonyme = L"*";
 
-AcDbObjectId groupeExistant(const AcDbDictionary& groupes, const AcDbObjectIdArray& liste,
-                            const std::wstring& nom) {
+AcDbObjectId groupeExistant(const AcDbDictionary& groupes, const AcDbObjectIdArray& liste, const std::wstring& nom) {
   AcDbObjectId id;
   if (groupes.getAt(nom.c_str(), id) != Acad::eOk) return AcDbObjectId::kNull;
   AcDbObjectPointer<AcDbGroup> groupe(id, AcDb::kForWrite);
@@ -40,8 +39,7 @@ AcDbObjectId creerGroupe(const AcDbObjectIdArray& liste, const std::wstring& nom
   if (!base) return AcDbObjectId::kNull;
   AcDbObjectPointer<AcDbDictionary> groupes(base->groupDictionaryId(), AcDb::kForWrite);
   if (groupes.openStatus() != Acad::eOk) return AcDbObjectId::kNull;
-  return groupes->has(nom.c_str()) ? groupeExistant(*groupes, liste, nom)
-                                   : nouveauGroupe(*groupes, liste, nom);
+  return groupes->has(nom.c_str()) ? groupeExistant(*groupes, liste, nom) : nouveauGroupe(*groupes, liste, nom);
 }
 
 void ajouterAuGroupe(AcDbObjectId groupe, AcDbObjectId id) {

@@ -43,8 +43,7 @@ bool estPolyligneConforme(AcDbObjectId id) {
 bool selectionParClasses(std::span<const ACHAR* const> classes, int code, ads_name ss, bool interactif) {
   listeRb filtre;
   filtre.ajouter(acutBuildList(kOperateur, L"<OR", RTNONE));
-  for (const ACHAR* classe : classes)
-    filtre.ajouter(acutBuildList(code == 0 ? RTDXF0 : code, classe, RTNONE));
+  for (const ACHAR* classe : classes) filtre.ajouter(acutBuildList(code == 0 ? RTDXF0 : code, classe, RTNONE));
   filtre.ajouter(acutBuildList(kOperateur, L"OR>", RTNONE));
   return selectionner(filtre.tete(), ss, interactif);
 }

@@ -10,8 +10,7 @@ namespace plv {
 
 // A selection set of the entities of any of these classes, compared in the given group (0 the DXF name, 100 a
 // class marker): of the whole drawing, or picked by the user. True when there is one; the caller frees it.
-bool selectionParClasses(std::span<const ACHAR* const> classes, int code, ads_name ss,
-                         bool interactif = false);
+bool selectionParClasses(std::span<const ACHAR* const> classes, int code, ads_name ss, bool interactif = false);
 bool selectionParClasse(const ACHAR* classe, int code, ads_name ss, bool interactif = false);
 // Of the entities that carry the application's XDATA.
 bool selectionParXData(const ACHAR* application, ads_name ss, bool interactif = false);

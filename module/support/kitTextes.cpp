@@ -18,8 +18,8 @@ struct alignement {
   AcDb::TextVertMode vertical;
 };
 
-Acad::ErrorStatus creerTexte(alignement cale, const std::wstring& texte, const AcGePoint3d& position,
-                             double hauteur, double rotation, parametresTexte& parametres, AcDbObjectId* id) {
+Acad::ErrorStatus creerTexte(alignement cale, const std::wstring& texte, const AcGePoint3d& position, double hauteur,
+                             double rotation, parametresTexte& parametres, AcDbObjectId* id) {
   if (parametres.idStyle.isNull()) parametres.idStyle = styleCourant();
   double facteur = parametres.facteur;
   if (parametres.largeurMax < kSansLimite)
@@ -59,24 +59,24 @@ bool ajusterTexte(double largeurDispo, const std::wstring& texte, AcDbObjectId s
   return true;
 }
 
-Acad::ErrorStatus texteGauche(const std::wstring& texte, const AcGePoint3d& position, double hauteur,
-                              double rotation, double facteur, AcDbObjectId* id) {
+Acad::ErrorStatus texteGauche(const std::wstring& texte, const AcGePoint3d& position, double hauteur, double rotation,
+                              double facteur, AcDbObjectId* id) {
   parametresTexte parametres{.facteur = facteur};
   return creerTexte({AcDb::kTextLeft, AcDb::kTextBase}, texte, position, hauteur, rotation, parametres, id);
 }
 
-Acad::ErrorStatus texteCentre(const std::wstring& texte, const AcGePoint3d& position, double hauteur,
-                              double rotation, parametresTexte& parametres, AcDbObjectId* id) {
+Acad::ErrorStatus texteCentre(const std::wstring& texte, const AcGePoint3d& position, double hauteur, double rotation,
+                              parametresTexte& parametres, AcDbObjectId* id) {
   return creerTexte({AcDb::kTextCenter, AcDb::kTextBase}, texte, position, hauteur, rotation, parametres, id);
 }
 
-Acad::ErrorStatus texteMilieu(const std::wstring& texte, const AcGePoint3d& position, double hauteur,
-                              double rotation, parametresTexte& parametres, AcDbObjectId* id) {
+Acad::ErrorStatus texteMilieu(const std::wstring& texte, const AcGePoint3d& position, double hauteur, double rotation,
+                              parametresTexte& parametres, AcDbObjectId* id) {
   return creerTexte({AcDb::kTextMid, AcDb::kTextVertMid}, texte, position, hauteur, rotation, parametres, id);
 }
 
-Acad::ErrorStatus texteDroite(const std::wstring& texte, const AcGePoint3d& position, double hauteur,
-                              double rotation, parametresTexte& parametres, AcDbObjectId* id) {
+Acad::ErrorStatus texteDroite(const std::wstring& texte, const AcGePoint3d& position, double hauteur, double rotation,
+                              parametresTexte& parametres, AcDbObjectId* id) {
   return creerTexte({AcDb::kTextRight, AcDb::kTextBase}, texte, position, hauteur, rotation, parametres, id);
 }
 

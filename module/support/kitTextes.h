@@ -21,22 +21,21 @@ struct parametresTexte {
 double largeurTexte(const std::wstring& texte, double hauteur, AcDbObjectId style);
 // Fits the text in the width available. False, with nothing changed, when that is greater than the natural
 // width. Otherwise sets the width factor, and lowers the height when narrowing alone doesn't do.
-bool ajusterTexte(double largeurDispo, const std::wstring& texte, AcDbObjectId style, double& hauteur,
-                  double& facteur);
+bool ajusterTexte(double largeurDispo, const std::wstring& texte, AcDbObjectId style, double& hauteur, double& facteur);
 
 // Makers in model space, colour by layer; the rotation is in radians. They differ in what stands at the
 // position.
-Acad::ErrorStatus texteGauche(const std::wstring& texte, const AcGePoint3d& position, double hauteur,
-                              double rotation, double facteur,
+Acad::ErrorStatus texteGauche(const std::wstring& texte, const AcGePoint3d& position, double hauteur, double rotation,
+                              double facteur,
                               AcDbObjectId* id = nullptr);  // the left end of the base line; no fitting
-Acad::ErrorStatus texteCentre(const std::wstring& texte, const AcGePoint3d& position, double hauteur,
-                              double rotation, parametresTexte& parametres,
+Acad::ErrorStatus texteCentre(const std::wstring& texte, const AcGePoint3d& position, double hauteur, double rotation,
+                              parametresTexte& parametres,
                               AcDbObjectId* id = nullptr);  // the middle of the base line
-Acad::ErrorStatus texteMilieu(const std::wstring& texte, const AcGePoint3d& position, double hauteur,
-                              double rotation, parametresTexte& parametres,
+Acad::ErrorStatus texteMilieu(const std::wstring& texte, const AcGePoint3d& position, double hauteur, double rotation,
+                              parametresTexte& parametres,
                               AcDbObjectId* id = nullptr);  // the middle of the text
-Acad::ErrorStatus texteDroite(const std::wstring& texte, const AcGePoint3d& position, double hauteur,
-                              double rotation, parametresTexte& parametres,
+Acad::ErrorStatus texteDroite(const std::wstring& texte, const AcGePoint3d& position, double hauteur, double rotation,
+                              parametresTexte& parametres,
                               AcDbObjectId* id = nullptr);  // the base line's right end
 Acad::ErrorStatus texteAligneDroit(const std::wstring& texte, const AcGePoint3d& position, double hauteur,
                                    double rotation, parametresTexte& parametres,

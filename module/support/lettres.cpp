@@ -19,17 +19,11 @@ constexpr std::array<wchar_t, 32> kPage80 = {0x20AC, 0x0081, 0x201A, 0x0192, 0x2
 constexpr std::wstring_view kMajusculesHorsLatin1 = L"ŒŠŽŸ";
 constexpr std::wstring_view kMinusculesHorsLatin1 = L"œšžÿ";
 
-bool entre(wchar_t c, wchar_t a, wchar_t b) {
-  return c >= a && c <= b;
-}
+bool entre(wchar_t c, wchar_t a, wchar_t b) { return c >= a && c <= b; }
 
 // Letters and their capitals stand 32 places apart in ASCII and in Latin-1 (0xD7 and 0xF7 are signs).
-bool estMajusculeLatine(wchar_t c) {
-  return entre(c, L'A', L'Z') || (entre(c, 0xC0, 0xDE) && c != 0xD7);
-}
-bool estMinusculeLatine(wchar_t c) {
-  return entre(c, L'a', L'z') || (entre(c, 0xE0, 0xFE) && c != 0xF7);
-}
+bool estMajusculeLatine(wchar_t c) { return entre(c, L'A', L'Z') || (entre(c, 0xC0, 0xDE) && c != 0xD7); }
+bool estMinusculeLatine(wchar_t c) { return entre(c, L'a', L'z') || (entre(c, 0xE0, 0xFE) && c != 0xF7); }
 
 char octet(wchar_t c) {
   if (c < 0x80 || entre(c, 0xA0, 0xFF)) return static_cast<char>(c);
@@ -68,12 +62,8 @@ bool estAlphanumerique(wchar_t c) {
   return entre(c, L'0', L'9') || estMajusculeLatine(c) || estMinusculeLatine(c) || c == 0xFF || autreLettre;
 }
 
-std::wstring enMinuscules(std::wstring_view texte) {
-  return transforme(texte, minuscule);
-}
-std::wstring enMajuscules(std::wstring_view texte) {
-  return transforme(texte, majuscule);
-}
+std::wstring enMinuscules(std::wstring_view texte) { return transforme(texte, minuscule); }
+std::wstring enMajuscules(std::wstring_view texte) { return transforme(texte, majuscule); }
 
 bool egalSansCasse(std::wstring_view a, std::wstring_view b) {
   return a.size() == b.size() && egalSansCasse(a, b, a.size());

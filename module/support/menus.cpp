@@ -36,10 +36,8 @@ std::wstring& menuProfil() {
 }
 
 void ajouterEntree(const std::wstring& menu, const entreeMenu& entree) {
-  if (entree.libelle.empty() && entree.macro.empty())
-    ajouterSeparateur(menu);
-  else
-    ajouterOption(menu, entree.libelle, entree.macro);
+  if (entree.libelle.empty() && entree.macro.empty()) ajouterSeparateur(menu);
+  else ajouterOption(menu, entree.libelle, entree.macro);
 }
 
 void rendreSi(bool reussi) {
@@ -53,17 +51,15 @@ std::wstring& groupeMenus() {
   return nom;
 }
 
-void amorcerMenusDynamiques() {
-  menusDynamiques();
-}
+void amorcerMenusDynamiques() { menusDynamiques(); }
 
 std::vector<entreeMenu> entreesMenuProfil(const gestionMatrices& collection) {
   std::vector<entreeMenu> entrees;
   for (std::ptrdiff_t m = 0; m < collection.matrices.GetCount(); ++m) {
     const matriceProfil& matrice = *collection.matrices[m];
     for (std::ptrdiff_t l = 0; l < matrice.lignes.GetCount(); ++l)
-      entrees.push_back({matrice.lignes[l]->libelle,
-                         L"(PL-CPLM \"" + matrice.nomMatrice + L"\" " + std::to_wstring(l + 1) + L") "});
+      entrees.push_back(
+          {matrice.lignes[l]->libelle, L"(PL-CPLM \"" + matrice.nomMatrice + L"\" " + std::to_wstring(l + 1) + L") "});
     entrees.push_back(kSeparateur);
   }
   entrees.insert(entrees.end(), std::begin(kEntreesFixes), std::end(kEntreesFixes));

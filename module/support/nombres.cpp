@@ -13,8 +13,7 @@ std::wstring texteFixe(double valeur, int decimales) {
   constexpr std::size_t kChiffresEntiers = 312;
   const int n = decimales < 0 ? 6 : std::min(decimales, kDecimalesUtiles);
   std::string tampon(kChiffresEntiers + static_cast<std::size_t>(n), '\0');
-  const auto fin =
-      std::to_chars(tampon.data(), tampon.data() + tampon.size(), valeur, std::chars_format::fixed, n);
+  const auto fin = std::to_chars(tampon.data(), tampon.data() + tampon.size(), valeur, std::chars_format::fixed, n);
   return std::wstring(tampon.data(), fin.ptr);
 }
 

@@ -14,7 +14,7 @@ using reglageParClasse = std::array<Static_ConfigVariable<T>, kNombreClassesProf
 
 struct reglages {
   Static_ConfigVariable<Adesk::Int32> transparenceHachures{"Kavels.HatchTransparency", 90};  // percent
-  reglageParClasse<double> hauteursMin{{{"Kavels.HauteurMinClasseProfondeur1", 1.0},  // metres, as all below
+  reglageParClasse<double> hauteursMin{{{"Kavels.HauteurMinClasseProfondeur1", 1.0},         // metres, as all below
                                         {"Kavels.HauteurMinClasseProfondeur2", 1.5},
                                         {"Kavels.HauteurMinClasseProfondeur3", 2.0},
                                         {"Kavels.HauteurMinClasseProfondeur4", 3.0},

@@ -19,8 +19,7 @@ void tryReading(std::string_view bytes, bool recovering) {
     for (const bool fix : {false, true}) atelier::dxf::audit(database, fix);
     std::size_t written = 0;
     atelier::dxf::write(database, [&](std::string_view part) { written += part.size(); });
-  } catch (const atelier::Error&) {
-  }
+  } catch (const atelier::Error&) {}
   acdbHostApplicationServices()->setWorkingDatabase(nullptr);
 }
 

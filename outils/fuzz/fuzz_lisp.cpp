@@ -41,8 +41,9 @@ class Watchdog {
   std::thread thread_;
 };
 
-constexpr const char* kWithheld[] = {"OPEN", "LOAD", "VL-FILE-DELETE", "VL-FILE-RENAME", "VL-FILE-COPY", "VL-MKDIR", "SETENV", "COMMAND",
-                                     "VL-CMDF", "COMMAND-S", "VL-REGISTRY-WRITE", "EXIT", "QUIT"};
+constexpr const char* kWithheld[] = {
+    "OPEN",    "LOAD",    "VL-FILE-DELETE", "VL-FILE-RENAME",    "VL-FILE-COPY", "VL-MKDIR", "SETENV",
+    "COMMAND", "VL-CMDF", "COMMAND-S",      "VL-REGISTRY-WRITE", "EXIT",         "QUIT"};
 
 }  // namespace
 

@@ -20,7 +20,9 @@ using namespace atelier::desktop;
 QString name(const QString& folder, const char* picture) { return folder + "/" + picture + ".png"; }
 
 template <class Form>
-Form& form() { return *dynamic_cast<Form*>(QApplication::activeModalWidget()); }
+Form& form() {
+  return *dynamic_cast<Form*>(QApplication::activeModalWidget());
+}
 
 void closeForm() { static_cast<QDialog*>(QApplication::activeModalWidget())->reject(); }
 
@@ -43,14 +45,23 @@ void pictures(MainWindow& window, Driver& driver, const QString& folder) {
   driver.then([&window] { window.profiles().expandToDepth(1); }).shot(name(folder, "bureau-fenetre"));
   driver.menu("Matrices...").then([] { form<MatricesForm>().file->setText("matrices-route.txt"); });
   driver.shot(name(folder, "bureau-matrices")).then(closeForm);
-  driver.menu("Tracer...").then([] { form<PlotForm>().scale->setText("1:1000"); form<PlotForm>().paper->setCurrentIndex(3); });
+  driver.menu("Tracer...").then([] {
+    form<PlotForm>().scale->setText("1:1000");
+    form<PlotForm>().paper->setCurrentIndex(3);
+  });
   driver.shot(name(folder, "bureau-tracer")).then(closeForm);
   driver.menu("Métrés...").press("Ajouter Profils").type("_ALL").type("");
   driver.shot(name(folder, "bureau-metres-choix"));
   driver.select("", {0}).press("OK").shot(name(folder, "bureau-metres"));
   driver.press("Ajouter une classe").shot(name(folder, "bureau-classe")).then(closeForm).press("Fermer");
-  driver.then([&window] { window.view()->zoomAt(QPointF(window.view()->width() / 2.0, window.view()->height() / 2.0), 3); });
-  driver.type("(setvar \"OSMODE\" 33)").type("LINE").type("150,40").hover(200, 60).shot(name(folder, "bureau-accrochage")).key(Qt::Key_Escape);
+  driver.then(
+      [&window] { window.view()->zoomAt(QPointF(window.view()->width() / 2.0, window.view()->height() / 2.0), 3); });
+  driver.type("(setvar \"OSMODE\" 33)")
+      .type("LINE")
+      .type("150,40")
+      .hover(200, 60)
+      .shot(name(folder, "bureau-accrochage"))
+      .key(Qt::Key_Escape);
   driver.play();
 }
 

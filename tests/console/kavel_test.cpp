@@ -41,7 +41,8 @@ TEST(Kavel, AnswersItsOptions) {
 
 TEST(Kavel, CarriesOutActionsInOrder) {
   Program program;
-  program.run("-e '(command \"_LINE\" \"0,0\" \"10,5\" \"\")' --save a.dxf -e '(entdel (entlast))' --save b.dxf --list");
+  program.run(
+      "-e '(command \"_LINE\" \"0,0\" \"10,5\" \"\")' --save a.dxf -e '(entdel (entlast))' --save b.dxf --list");
   ASSERT_EQ(program.status, 0) << program.output;
   EXPECT_NE(program.read("a.dxf").find("\nLINE\n"), std::string::npos);
   EXPECT_EQ(program.read("b.dxf").find("\nLINE\n"), std::string::npos);
@@ -105,7 +106,8 @@ TEST(Kavel, SavesInTheVersionAskedFor) {
   const struct {
     const char* options;
     const char* version;
-  } rows[] = {{"", "AC1032"}, {"--release R2000", "AC1015"}, {"--release=r12", "AC1009"}, {"--release R2007", "AC1021"}};
+  } rows[] = {
+      {"", "AC1032"}, {"--release R2000", "AC1015"}, {"--release=r12", "AC1009"}, {"--release R2007", "AC1021"}};
   for (const auto& row : rows) {
     Program program;
     program.run(std::string(line) + " " + row.options + " --save a.dxf");
@@ -142,8 +144,9 @@ TEST(Kavel, RecoversADamagedDrawingAndKeepsOffItsFile) {
 
 TEST(Kavel, OpensAndSavesByCommands) {
   Program program;
-  program.write("a.scr", "LINE 0,0 1,1\n\nSAVEAS R2004\nun\nNEW\nCIRCLE 0,0 3\nSAVEAS deux.dxf\nOPEN un.dxf\n"
-                         "(setq kinds (cdr (assoc 0 (entget (entlast)))))\nAUDIT Non\nOPEN absent.dxf\n");
+  program.write("a.scr",
+                "LINE 0,0 1,1\n\nSAVEAS R2004\nun\nNEW\nCIRCLE 0,0 3\nSAVEAS deux.dxf\nOPEN un.dxf\n"
+                "(setq kinds (cdr (assoc 0 (entget (entlast)))))\nAUDIT Non\nOPEN absent.dxf\n");
   program.run("-s a.scr -e kinds -e '(getvar \"DWGNAME\")'");
   EXPECT_EQ(program.status, 1) << "the missing file is a failed command";
   EXPECT_NE(program.read("un.dxf").find("AC1018"), std::string::npos);
@@ -158,12 +161,13 @@ TEST(Kavel, LoadsNothingThatLiesBesideADrawing) {
   program.write("mien.lsp", "(setq x 7)");
   program.run("-e 1");
   EXPECT_EQ(program.output.find("DETOURNE"), std::string::npos) << program.output;
-  const Row rows[] = {{"-e '(load \"mien\")'", 0, "hors des dossiers"},
-                      {"-e '(setvar \"SECURELOAD\" 2)' -e '(load \"mien\")'", 1, "SECURELOAD refuse de charger"},
-                      {"-e '(setvar \"SECURELOAD\" 2)' -e '(setvar \"TRUSTEDPATHS\" \"/nulle;.\")' -e '(load \"mien\")'", 0, "7\n"},
-                      {"-e '(setvar \"SECURELOAD\" 2)' -l mien.lsp -e x", 0, "7\n"},
-                      {"-e '(setvar \"SECURELOAD\" 0)' -e '(load \"mien\")'", 0, "7\n"},
-                      {"-e '(startapp \"touch\" \"a\")'", 1, "SECURELOAD refuse"}};
+  const Row rows[] = {
+      {"-e '(load \"mien\")'", 0, "hors des dossiers"},
+      {"-e '(setvar \"SECURELOAD\" 2)' -e '(load \"mien\")'", 1, "SECURELOAD refuse de charger"},
+      {"-e '(setvar \"SECURELOAD\" 2)' -e '(setvar \"TRUSTEDPATHS\" \"/nulle;.\")' -e '(load \"mien\")'", 0, "7\n"},
+      {"-e '(setvar \"SECURELOAD\" 2)' -l mien.lsp -e x", 0, "7\n"},
+      {"-e '(setvar \"SECURELOAD\" 0)' -e '(load \"mien\")'", 0, "7\n"},
+      {"-e '(startapp \"touch\" \"a\")'", 1, "SECURELOAD refuse"}};
   for (const Row& row : rows) {
     program.run(row.arguments);
     EXPECT_EQ(program.status, row.status) << row.arguments << "\n" << program.output;

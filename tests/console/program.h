@@ -15,7 +15,9 @@ namespace kaveltest {
 
 class Program {
  public:
-  Program() : folder_(std::filesystem::temp_directory_path() / ("kavel-test-" + std::to_string(getpid()) + "-" + std::to_string(++count()))) {
+  Program()
+      : folder_(std::filesystem::temp_directory_path() /
+                ("kavel-test-" + std::to_string(getpid()) + "-" + std::to_string(++count()))) {
     std::filesystem::create_directories(folder_);
   }
   ~Program() {
@@ -28,7 +30,9 @@ class Program {
 
   // Arguments as typed in a shell, run in the folder; stderr comes with stdout.
   Program& run(const std::string& arguments) {
-    const std::string command = "cd '" + folder_.string() + "' && " + prefix + " env KAVEL_FRONTAL='" KAVEL_SOURCE "/frontal' '" + std::string(KAVEL_BIN) + "/kavel' " + arguments + " 2>&1 < /dev/null";
+    const std::string command = "cd '" + folder_.string() + "' && " + prefix +
+                                " env KAVEL_FRONTAL='" KAVEL_SOURCE "/frontal' '" + std::string(KAVEL_BIN) +
+                                "/kavel' " + arguments + " 2>&1 < /dev/null";
     output.clear();
     FILE* pipe = popen(command.c_str(), "r");
     char buffer[4096];
@@ -37,7 +41,9 @@ class Program {
     status = WIFEXITED(result) ? WEXITSTATUS(result) : 128 + WTERMSIG(result);
     return *this;
   }
-  void write(const std::string& name, const std::string& text) const { std::ofstream(folder_ / name, std::ios::binary) << text; }
+  void write(const std::string& name, const std::string& text) const {
+    std::ofstream(folder_ / name, std::ios::binary) << text;
+  }
   std::string read(const std::string& name) const {
     std::ostringstream text;
     text << std::ifstream(folder_ / name, std::ios::binary).rdbuf();

@@ -19,7 +19,8 @@ struct Host : ::testing::Test {
     const std::string quoted = session.eval("(progn " + lisp + " (cdr (assoc 5 (entget (entlast)))))");
     ads_name name;
     AcDbObjectId id;
-    if (acdbHandEnt(std::wstring(quoted.begin() + 1, quoted.end() - 1).c_str(), name) == RTNORM) acdbGetObjectId(id, name);
+    if (acdbHandEnt(std::wstring(quoted.begin() + 1, quoted.end() - 1).c_str(), name) == RTNORM)
+      acdbGetObjectId(id, name);
     return id;
   }
   Session session;
@@ -54,7 +55,8 @@ inline AcGePoint3d at(const AcDbCurve& curve, double param) {
 }
 
 // The row of points of a polyline with bulges, in an array of x, y, bulge.
-inline std::unique_ptr<AcDbPolyline> polyline(std::initializer_list<std::array<double, 3>> vertices, bool closed = false) {
+inline std::unique_ptr<AcDbPolyline> polyline(std::initializer_list<std::array<double, 3>> vertices,
+                                              bool closed = false) {
   auto out = std::make_unique<AcDbPolyline>();
   for (const auto& v : vertices) out->addVertexAt(out->numVerts(), AcGePoint2d(v[0], v[1]), v[2]);
   out->setClosed(closed);

@@ -32,8 +32,9 @@ AcGeMatrix3d mirror(bool x) {
 
 struct Attributes : Host {
   Attributes() {
-    session.eval("(progn (entmake '((0 . \"BLOCK\") (2 . \"REGARD\") (70 . 2) (10 1. 1. 0.)))"
-                 " (entmake '((0 . \"CIRCLE\") (10 1. 1. 0.) (40 . 1.))) (entmake '((0 . \"ENDBLK\"))))");
+    session.eval(
+        "(progn (entmake '((0 . \"BLOCK\") (2 . \"REGARD\") (70 . 2) (10 1. 1. 0.)))"
+        " (entmake '((0 . \"CIRCLE\") (10 1. 1. 0.) (40 . 1.))) (entmake '((0 . \"ENDBLK\"))))");
   }
   // A definition in the alignment, at (3, 4), turned.
   static std::unique_ptr<AcDbAttributeDefinition> definition(int horizontal, int vertical, double turned) {
@@ -48,7 +49,9 @@ struct Attributes : Host {
     d->setAlignmentPoint({3, 4, 0});
     return d;
   }
-  AcDbObjectId reference(const std::string& look) { return made("(entmake '((0 . \"INSERT\") (2 . \"REGARD\") (10 20. 10. 0.) " + look + "))"); }
+  AcDbObjectId reference(const std::string& look) {
+    return made("(entmake '((0 . \"INSERT\") (2 . \"REGARD\") (10 20. 10. 0.) " + look + "))");
+  }
 };
 
 const char* const kReferences[] = {"",
@@ -67,7 +70,8 @@ TEST_F(Attributes, TakeTheirPlaceThroughTheBlock) {
     for (const double turned : {0.0, 0.5, kPi / 2})
       for (int horizontal : {0, 1, 2, 4})
         for (int vertical = 0; vertical <= (horizontal == 4 ? 0 : 3); ++vertical) {
-          SCOPED_TRACE(std::string(look) + " " + std::to_string(horizontal) + std::to_string(vertical) + " " + std::to_string(turned));
+          SCOPED_TRACE(std::string(look) + " " + std::to_string(horizontal) + std::to_string(vertical) + " " +
+                       std::to_string(turned));
           const auto d = definition(horizontal, vertical, turned);
           const AcDbObjectPointer<AcDbBlockReference> block(reference(look), AcDb::kForWrite);
           const AcGeMatrix3d m = block->blockTransform();
@@ -101,15 +105,18 @@ TEST_F(Attributes, GoWithTheirReference) {
                  {"mirror upwards", mirror(false), 1},
                  {"mirror and turn", AcGeMatrix3d::rotation(kPi / 2, {0, 0, 1}, {1, 2, 0}) * mirror(true), 1}};
   for (const auto& change : changes)
-    for (const auto& [horizontal, vertical] : {std::pair(0, 0), std::pair(1, 2), std::pair(4, 0), std::pair(2, 3), std::pair(1, 0)}) {
+    for (const auto& [horizontal, vertical] :
+         {std::pair(0, 0), std::pair(1, 2), std::pair(4, 0), std::pair(2, 3), std::pair(1, 0)}) {
       SCOPED_TRACE(std::string(change.name) + " " + std::to_string(horizontal) + std::to_string(vertical));
       const AcDbObjectPointer<AcDbBlockReference> block(reference(""), AcDb::kForWrite);
       auto* attribute = new AcDbAttribute;
-      ASSERT_EQ(attribute->setAttributeFromBlock(definition(horizontal, vertical, 0).get(), block->blockTransform()), Acad::eOk);
+      ASSERT_EQ(attribute->setAttributeFromBlock(definition(horizontal, vertical, 0).get(), block->blockTransform()),
+                Acad::eOk);
       ASSERT_EQ(block->appendAttribute(attribute), Acad::eOk);
       const AcDbObjectId id = attribute->objectId();
       attribute->close();
-      const AcGePoint3d anchor = AcDbObjectPointer<AcDbAttribute>(id)->alignmentPoint(), centre = centreOf(*AcDbEntityPointer(id));
+      const AcGePoint3d anchor = AcDbObjectPointer<AcDbAttribute>(id)->alignmentPoint(),
+                        centre = centreOf(*AcDbEntityPointer(id));
       const AcGeVector3d size = sizeOf(*AcDbEntityPointer(id));
       const AcGeMatrix3d before = block->blockTransform();
       ASSERT_EQ(block->transformBy(change.matrix), Acad::eOk);
@@ -133,7 +140,10 @@ TEST_F(Attributes, GoWithTheirReference) {
 TEST_F(Attributes, TextsBetweenTwoPointsAreMirroredWithThem) {
   for (const char* mode : {"3", "5"})
     for (const bool x : {true, false}) {
-      const AcDbObjectPointer<AcDbText> text(made(std::string("(entmake '((0 . \"TEXT\") (10 1. 1. 0.) (11 11. 1. 0.) (40 . 2.) (1 . \"HLH\") (72 . ") + mode + ")))"), AcDb::kForWrite);
+      const AcDbObjectPointer<AcDbText> text(
+          made(std::string("(entmake '((0 . \"TEXT\") (10 1. 1. 0.) (11 11. 1. 0.) (40 . 2.) (1 . \"HLH\") (72 . ") +
+               mode + ")))"),
+          AcDb::kForWrite);
       ASSERT_EQ(text->adjustAlignment(), Acad::eOk);
       const AcGePoint3d start = text->position(), end = text->alignmentPoint();
       const AcGeVector3d size = sizeOf(*text);

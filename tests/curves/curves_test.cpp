@@ -12,7 +12,8 @@ namespace {
 
 AcDbSpline wave() {
   AcGePoint3dArray points;
-  for (const AcGePoint3d& p : {AcGePoint3d(0, 0, 0), AcGePoint3d(10, 30, 0), AcGePoint3d(20, -30, 0), AcGePoint3d(30, 0, 0)})
+  for (const AcGePoint3d& p :
+       {AcGePoint3d(0, 0, 0), AcGePoint3d(10, 30, 0), AcGePoint3d(20, -30, 0), AcGePoint3d(30, 0, 0)})
     points.append(p);
   return AcDbSpline(3, false, false, false, points, doubles({0, 0, 0, 0, 2, 2, 2, 2}), AcGeDoubleArray());
 }
@@ -26,14 +27,32 @@ struct Row {
 
 std::vector<Row> rows() {
   std::vector<Row> out;
-  out.push_back({"line", std::make_shared<AcDbLine>(AcGePoint3d(1, 1, 0), AcGePoint3d(4, 5, 12)), 0, 13, 13, {2.5, 3, 6}});
-  out.push_back({"arc", std::make_shared<AcDbArc>(AcGePoint3d(0, 0, 5), 2, 1.75 * pi, 0.25 * pi), 1.75 * pi, 2.25 * pi, pi, {2, 0, 5}});
-  out.push_back({"circle", std::make_shared<AcDbCircle>(AcGePoint3d(1, 2, 3), AcGeVector3d(0, 0, 1), 4), 0, 2 * pi, 8 * pi, {-3, 2, 3}});
-  out.push_back({"ellipse", std::make_shared<AcDbEllipse>(AcGePoint3d(0, 0, 0), AcGeVector3d(0, 0, 1), AcGeVector3d(2, 0, 0), 0.5),
-                 0, 2 * pi, 9.688448220547675, {-2, 0, 0}});
-  out.push_back({"open polyline", polyline({{0, 0, 0}, {10, 0, 1}, {10, 8, 0}, {0, 8, 0}}), 0, 3, 20 + 4 * pi, {14, 4, 0}});
-  out.push_back({"closed polyline", polyline({{0, 0, 0}, {10, 0, 0}, {10, 8, 0}, {0, 8, 0}}, true), 0, 4, 36, {10, 8, 0}});
-  out.push_back({"spline", std::shared_ptr<AcDbCurve>(AcDbSpline::cast(wave().clone())), 0, 2, 47.8608297072, {15, 0, 0}});
+  out.push_back(
+      {"line", std::make_shared<AcDbLine>(AcGePoint3d(1, 1, 0), AcGePoint3d(4, 5, 12)), 0, 13, 13, {2.5, 3, 6}});
+  out.push_back({"arc",
+                 std::make_shared<AcDbArc>(AcGePoint3d(0, 0, 5), 2, 1.75 * pi, 0.25 * pi),
+                 1.75 * pi,
+                 2.25 * pi,
+                 pi,
+                 {2, 0, 5}});
+  out.push_back({"circle",
+                 std::make_shared<AcDbCircle>(AcGePoint3d(1, 2, 3), AcGeVector3d(0, 0, 1), 4),
+                 0,
+                 2 * pi,
+                 8 * pi,
+                 {-3, 2, 3}});
+  out.push_back({"ellipse",
+                 std::make_shared<AcDbEllipse>(AcGePoint3d(0, 0, 0), AcGeVector3d(0, 0, 1), AcGeVector3d(2, 0, 0), 0.5),
+                 0,
+                 2 * pi,
+                 9.688448220547675,
+                 {-2, 0, 0}});
+  out.push_back(
+      {"open polyline", polyline({{0, 0, 0}, {10, 0, 1}, {10, 8, 0}, {0, 8, 0}}), 0, 3, 20 + 4 * pi, {14, 4, 0}});
+  out.push_back(
+      {"closed polyline", polyline({{0, 0, 0}, {10, 0, 0}, {10, 8, 0}, {0, 8, 0}}, true), 0, 4, 36, {10, 8, 0}});
+  out.push_back(
+      {"spline", std::shared_ptr<AcDbCurve>(AcDbSpline::cast(wave().clone())), 0, 2, 47.8608297072, {15, 0, 0}});
   return out;
 }
 
@@ -90,7 +109,8 @@ TEST(CurveEntities, PiecesAreTheCurve) {
   for (const Row& row : rows()) {
     row.curve->setColorIndex(3);
     const double w = row.end - row.start;
-    const Parts parts = split(*row.curve, {row.start + 0.7 * w, row.start, row.start + 0.2 * w, row.start + 0.7 * w, row.end});
+    const Parts parts =
+        split(*row.curve, {row.start + 0.7 * w, row.start, row.start + 0.2 * w, row.start + 0.7 * w, row.end});
     const bool round = row.name == "circle" || row.name == "ellipse";
     ASSERT_EQ(parts.size(), round ? 2u : 3u) << row.name;
     double sum = 0;
@@ -183,9 +203,11 @@ TEST(CurveEntities, IntersectionsInEveryMode) {
     AcDb::Intersect mode;
     int count;
   } cases[] = {
-      {&flat, &above, AcDb::kOnBothOperands, 0}, {&flat, &above, AcDb::kExtendThis, 0}, {&flat, &above, AcDb::kExtendArg, 0},
-      {&flat, &above, AcDb::kExtendBoth, 1},     {&above, &flat, AcDb::kExtendBoth, 1}, {&flat, &high, AcDb::kExtendBoth, 0},
-      {&flat, &arc, AcDb::kExtendThis, 0},       {&flat, &arc, AcDb::kExtendBoth, 2},   {&arc, &flat, AcDb::kExtendBoth, 2},
+      {&flat, &above, AcDb::kOnBothOperands, 0}, {&flat, &above, AcDb::kExtendThis, 0},
+      {&flat, &above, AcDb::kExtendArg, 0},      {&flat, &above, AcDb::kExtendBoth, 1},
+      {&above, &flat, AcDb::kExtendBoth, 1},     {&flat, &high, AcDb::kExtendBoth, 0},
+      {&flat, &arc, AcDb::kExtendThis, 0},       {&flat, &arc, AcDb::kExtendBoth, 2},
+      {&arc, &flat, AcDb::kExtendBoth, 2},
   };
   for (const auto& c : cases) {
     AcGePoint3dArray points;

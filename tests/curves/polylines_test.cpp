@@ -61,7 +61,8 @@ TEST(Polylines, CutAndJoinedAgainTheyAreTheSameCurve) {
 TEST(Polylines, JoinLinesAndArcsAndClose) {
   const auto p = polyline({{0, 0, 0}, {10, 0, 0}});
   const AcDbArc arc({10, 5, 0}, 5, -std::numbers::pi / 2, std::numbers::pi / 2);
-  const AcDbLine back({0, 10, 0}, {10, 10, 0}), aside({50, 0, 0}, {60, 0, 0}), closing({0, 10, 0}, {0, 0, 0}), high({0, 0, 1}, {0, 9, 1});
+  const AcDbLine back({0, 10, 0}, {10, 10, 0}), aside({50, 0, 0}, {60, 0, 0}), closing({0, 10, 0}, {0, 0, 0}),
+      high({0, 0, 1}, {0, 9, 1});
   EXPECT_EQ(p->joinWith(&aside), Acad::eInvalidInput);
   EXPECT_EQ(p->joinWith(&high), Acad::eInvalidInput);
   EXPECT_EQ(p->joinWith(&arc), Acad::eOk);
@@ -149,7 +150,9 @@ TEST_F(OldPolylines, InSpaceToo) {
 
 TEST(Splines, FromPointsGoThroughThem) {
   AcGePoint3dArray through;
-  for (const AcGePoint3d& p : {AcGePoint3d(0, 0, 0), AcGePoint3d(10, 5, 0), AcGePoint3d(20, -5, 3), AcGePoint3d(30, 0, 0)}) through.append(p);
+  for (const AcGePoint3d& p :
+       {AcGePoint3d(0, 0, 0), AcGePoint3d(10, 5, 0), AcGePoint3d(20, -5, 3), AcGePoint3d(30, 0, 0)})
+    through.append(p);
   const AcDbSpline plain(through), steered(through, AcGeVector3d(0, 1, 0), AcGeVector3d(0, 1, 0));
   for (const AcDbSpline* s : {&plain, &steered}) {
     EXPECT_FALSE(s->isNull());
@@ -164,7 +167,9 @@ TEST(Splines, FromPointsGoThroughThem) {
 
 // A spline that a drawing keeps as fit points only.
 TEST_F(OldPolylines, FittedSplinesHaveNurbsData) {
-  AcDbObjectPointer<AcDbSpline> s(made("(entmake '((0 . \"SPLINE\") (100 . \"AcDbEntity\") (100 . \"AcDbSpline\") (70 . 8) (71 . 3) (74 . 3) (11 0.0 0.0 0.0) (11 5.0 5.0 0.0) (11 10.0 0.0 0.0)))"));
+  AcDbObjectPointer<AcDbSpline> s(
+      made("(entmake '((0 . \"SPLINE\") (100 . \"AcDbEntity\") (100 . \"AcDbSpline\") (70 . 8) (71 . 3) (74 . 3) (11 "
+           "0.0 0.0 0.0) (11 5.0 5.0 0.0) (11 10.0 0.0 0.0)))"));
   ASSERT_EQ(s.openStatus(), Acad::eOk);
   double param = 0;
   EXPECT_EQ(s->getParamAtPoint({5, 5, 0}, param), Acad::eOk);

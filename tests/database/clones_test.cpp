@@ -30,7 +30,8 @@ void refer(AcDbObjectId from, AcDbObjectId to) {
   const AcDbEntityPointer entity(from, kWrite);
   ads_name name;
   atelier::nameOf(to, name);
-  resbuf* data = acutBuildList(1001, L"RESEAU", 1000, L"aval", 1005, atelier::toWide(atelier::handleText(to.handle())).c_str(), RTNONE);
+  resbuf* data = acutBuildList(1001, L"RESEAU", 1000, L"aval", 1005,
+                               atelier::toWide(atelier::handleText(to.handle())).c_str(), RTNONE);
   EXPECT_EQ(entity->setXData(data), Acad::eOk);
   acutRelRb(data);
   entity->createExtensionDictionary();
@@ -80,7 +81,8 @@ TEST(Clones, referencesIntoADrawingWithTheSameHandles) {
     for (int i = 0; i < shift; ++i) append(target, new AcDbPoint({1.0 * i, 0, 0}));
     Opened source(true);
     registerApplication(source);
-    const AcDbObjectId a = append(source, new AcDbLine({0, 0, 0}, {1, 0, 0})), b = append(source, new AcDbCircle({0, 0, 0}, {0, 0, 1}, 1));
+    const AcDbObjectId a = append(source, new AcDbLine({0, 0, 0}, {1, 0, 0})),
+                       b = append(source, new AcDbCircle({0, 0, 0}, {0, 0, 1}, 1));
     const AcDbObjectId c = append(source, new AcDbPoint({7, 7, 0}));
     refer(a, b);
     refer(b, c);
@@ -100,7 +102,8 @@ TEST(Clones, referencesIntoADrawingWithTheSameHandles) {
 TEST(Clones, referencesWithinADrawing) {
   Opened drawing(true);
   registerApplication(drawing);
-  const AcDbObjectId a = append(drawing, new AcDbLine({0, 0, 0}, {1, 0, 0})), b = append(drawing, new AcDbPoint({0, 0, 0}));
+  const AcDbObjectId a = append(drawing, new AcDbLine({0, 0, 0}, {1, 0, 0})),
+                     b = append(drawing, new AcDbPoint({0, 0, 0}));
   const AcDbObjectId c = append(drawing, new AcDbPoint({7, 7, 0}));
   refer(a, b);
   refer(b, c);
@@ -122,15 +125,23 @@ TEST(Clones, referencesWithinADrawing) {
 // What goes by name comes along through every level: a block in a block, its layer's line type, its text's style.
 TEST(Clones, namesOfEveryTableComeAlong) {
   const std::string bytes =
-      "0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\nAC1009\n9\n$INSBASE\n10\n100\n20\n50\n30\n0\n0\nENDSEC\n0\nSECTION\n2\nTABLES\n"
-      "0\nTABLE\n2\nLTYPE\n70\n2\n0\nLTYPE\n2\nTIRETE\n70\n0\n3\n_ _\n72\n65\n73\n2\n40\n3\n49\n2\n49\n-1\n0\nLTYPE\n2\nMIXTE\n70\n0\n3\n_.\n72\n65\n73\n2\n40\n3\n49\n2\n49\n-1\n0\nENDTAB\n"
-      "0\nTABLE\n2\nLAYER\n70\n2\n0\nLAYER\n2\nAXE\n70\n0\n62\n1\n6\nTIRETE\n0\nLAYER\n2\nFOND\n70\n0\n62\n3\n6\nCONTINUOUS\n0\nENDTAB\n"
-      "0\nTABLE\n2\nSTYLE\n70\n1\n0\nSTYLE\n2\nPENTE\n70\n0\n40\n0\n41\n0.8\n50\n0\n71\n0\n42\n2\n3\nDejaVuSerif.ttf\n4\n\n0\nENDTAB\n"
+      "0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\nAC1009\n9\n$"
+      "INSBASE\n10\n100\n20\n50\n30\n0\n0\nENDSEC\n0\nSECTION\n2\nTABLES\n"
+      "0\nTABLE\n2\nLTYPE\n70\n2\n0\nLTYPE\n2\nTIRETE\n70\n0\n3\n_ "
+      "_\n72\n65\n73\n2\n40\n3\n49\n2\n49\n-1\n0\nLTYPE\n2\nMIXTE\n70\n0\n3\n_.\n72\n65\n73\n2\n40\n3\n49\n2\n49\n-"
+      "1\n0\nENDTAB\n"
+      "0\nTABLE\n2\nLAYER\n70\n2\n0\nLAYER\n2\nAXE\n70\n0\n62\n1\n6\nTIRETE\n0\nLAYER\n2\nFOND\n70\n0\n62\n3\n6\nCONTIN"
+      "UOUS\n0\nENDTAB\n"
+      "0\nTABLE\n2\nSTYLE\n70\n1\n0\nSTYLE\n2\nPENTE\n70\n0\n40\n0\n41\n0.8\n50\n0\n71\n0\n42\n2\n3\nDejaVuSerif."
+      "ttf\n4\n\n0\nENDTAB\n"
       "0\nTABLE\n2\nAPPID\n70\n1\n0\nAPPID\n2\nRESEAU\n70\n0\n0\nENDTAB\n0\nENDSEC\n"
       "0\nSECTION\n2\nBLOCKS\n"
-      "0\nBLOCK\n8\n0\n2\nDEDANS\n70\n2\n10\n1\n20\n2\n30\n0\n0\nATTDEF\n8\nAXE\n10\n1\n20\n2\n40\n2\n1\nv\n3\nq\n2\nNUM\n70\n0\n7\nPENTE\n0\nENDBLK\n8\n0\n"
-      "0\nBLOCK\n8\n0\n2\nDEHORS\n70\n0\n10\n0\n20\n0\n30\n0\n0\nLINE\n8\nFOND\n6\nMIXTE\n10\n0\n20\n0\n11\n1\n21\n1\n1001\nRESEAU\n1000\nx\n"
-      "0\nINSERT\n8\n0\n2\nDEDANS\n10\n5\n20\n5\n66\n1\n0\nATTRIB\n8\nAXE\n10\n5\n20\n5\n40\n2\n1\n12\n2\nNUM\n70\n0\n7\nPENTE\n0\nSEQEND\n8\n0\n0\nENDBLK\n8\n0\n"
+      "0\nBLOCK\n8\n0\n2\nDEDANS\n70\n2\n10\n1\n20\n2\n30\n0\n0\nATTDEF\n8\nAXE\n10\n1\n20\n2\n40\n2\n1\nv\n3\nq\n2\nNU"
+      "M\n70\n0\n7\nPENTE\n0\nENDBLK\n8\n0\n"
+      "0\nBLOCK\n8\n0\n2\nDEHORS\n70\n0\n10\n0\n20\n0\n30\n0\n0\nLINE\n8\nFOND\n6\nMIXTE\n10\n0\n20\n0\n11\n1\n21\n1\n1"
+      "001\nRESEAU\n1000\nx\n"
+      "0\nINSERT\n8\n0\n2\nDEDANS\n10\n5\n20\n5\n66\n1\n0\nATTRIB\n8\nAXE\n10\n5\n20\n5\n40\n2\n1\n12\n2\nNUM\n70\n0\n7"
+      "\nPENTE\n0\nSEQEND\n8\n0\n0\nENDBLK\n8\n0\n"
       "0\nENDSEC\n0\nSECTION\n2\nENTITIES\n0\nINSERT\n8\n0\n2\nDEHORS\n10\n100\n20\n50\n0\nENDSEC\n0\nEOF\n";
   Opened target(true);
   Opened source;
@@ -140,8 +151,9 @@ TEST(Clones, namesOfEveryTableComeAlong) {
   Reread again(target);
   const struct {
     const char *table, *name;
-  } rows[] = {{"LAYER", "AXE"}, {"LAYER", "FOND"}, {"LTYPE", "TIRETE"}, {"LTYPE", "MIXTE"}, {"STYLE", "PENTE"},
-              {"APPID", "RESEAU"}, {"BLOCK_RECORD", "DEDANS"}, {"BLOCK_RECORD", "DEHORS"}, {"BLOCK_RECORD", "PLAN"}};
+  } rows[] = {{"LAYER", "AXE"},           {"LAYER", "FOND"},          {"LTYPE", "TIRETE"},
+              {"LTYPE", "MIXTE"},         {"STYLE", "PENTE"},         {"APPID", "RESEAU"},
+              {"BLOCK_RECORD", "DEDANS"}, {"BLOCK_RECORD", "DEHORS"}, {"BLOCK_RECORD", "PLAN"}};
   for (const auto& row : rows) EXPECT_TRUE(again.imp.tableRecord(row.table, row.name)) << row.table << ' ' << row.name;
   const auto outer = inBlock(again, "DEHORS");
   ASSERT_EQ(outer.size(), 2u);
@@ -151,7 +163,8 @@ TEST(Clones, namesOfEveryTableComeAlong) {
   ASSERT_FALSE(attributes->done());
   EXPECT_EQ(Open<AcDbAttribute>(attributes->objectId())->ownerId(), outer[1]);
   // The base points: of the drawing, now the block's own, and of the block inside.
-  EXPECT_EQ(Open<AcDbBlockTableRecord>(atelier::idOf(again.imp.tableRecord("BLOCK_RECORD", "PLAN")))->origin().x, 100.0);
+  EXPECT_EQ(Open<AcDbBlockTableRecord>(atelier::idOf(again.imp.tableRecord("BLOCK_RECORD", "PLAN")))->origin().x,
+            100.0);
   EXPECT_EQ(Open<AcDbBlockTableRecord>(inner->blockTableRecord())->origin().y, 2.0);
 }
 
@@ -171,7 +184,8 @@ TEST(Clones, namesAlreadyThereAreTakenAsTheyAre) {
   for (const wchar_t* name : {L"UN", L"DEUX"}) ASSERT_EQ(target.db.insert(id, name, &source.db), Acad::eOk);
   Reread again(target);
   int layers = 0;
-  for (AcDbStub* stub : *again.imp.table("LAYER")->children) layers += again.imp.recordName(*stub) == "Axe" || again.imp.recordName(*stub) == "AXE";
+  for (AcDbStub* stub : *again.imp.table("LAYER")->children)
+    layers += again.imp.recordName(*stub) == "Axe" || again.imp.recordName(*stub) == "AXE";
   EXPECT_EQ(layers, 1);
 }
 

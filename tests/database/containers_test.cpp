@@ -52,8 +52,8 @@ TEST(ExtendedData, applicationsDontDisturbEachOther) {
   {
     const AcDbEntityPointer entity(id, AcDb::kForWrite);
     ads_point p = {1, 2, 3};
-    resbuf* both = acutBuildList(1001, L"PLV2_DATA", 1000, L"é", 1002, L"{", 1040, 2.5, 1010, p, 1070, 5, 1071, -99999999, 1002, L"}", 1001,
-                                 L"AUTRE", 1000, L"x", RTNONE);
+    resbuf* both = acutBuildList(1001, L"PLV2_DATA", 1000, L"é", 1002, L"{", 1040, 2.5, 1010, p, 1070, 5, 1071,
+                                 -99999999, 1002, L"}", 1001, L"AUTRE", 1000, L"x", RTNONE);
     EXPECT_EQ(entity->setXData(both), Acad::eOk);
     acutRelRb(both);
     resbuf* unknown = acutBuildList(1001, L"INCONNUE", 1000, L"x", RTNONE);
@@ -199,7 +199,8 @@ TEST(Blocks, anotherDrawingComesInWithWhatItNeeds) {
 TEST(GroupLists, entitiesAreMadeAndChanged) {
   Opened drawing(true);
   atelier::EntityMaker maker(drawing.imp);
-  const auto made = maker.make({Group::text(0, "CIRCLE"), Group::text(8, "NEUF"), Group::real(10, 1), Group::real(20, 2), Group::real(40, 5)});
+  const auto made = maker.make(
+      {Group::text(0, "CIRCLE"), Group::text(8, "NEUF"), Group::real(10, 1), Group::real(20, 2), Group::real(40, 5)});
   ASSERT_TRUE(made.ok && made.stub);
   EXPECT_TRUE(drawing.imp.tableRecord("LAYER", "NEUF"));
   EXPECT_FALSE(maker.make({Group::text(0, "TEXT"), Group::text(7, "ABSENT"), Group::text(1, "x")}).ok);
@@ -237,7 +238,10 @@ TEST(Extents, boxesByHand) {
       {"circle", new AcDbCircle({1, 2, 3}, {0, 0, 1}, 4), {-3, -2, 3}, {5, 6, 3}},
       {"circle on edge", tilted, {-2, 0, -2}, {2, 0, 2}},
       {"quarter arc", new AcDbArc({0, 0, 0}, 2, 0, pi / 2), {0, 0, 0}, {2, 2, 0}},
-      {"arc over the top", new AcDbArc({0, 0, 0}, 2, pi / 4, 3 * pi / 4), {-std::sqrt(2), std::sqrt(2), 0}, {std::sqrt(2), 2, 0}},
+      {"arc over the top",
+       new AcDbArc({0, 0, 0}, 2, pi / 4, 3 * pi / 4),
+       {-std::sqrt(2), std::sqrt(2), 0},
+       {std::sqrt(2), 2, 0}},
       {"arc through zero", new AcDbArc({0, 0, 0}, 1, 3 * pi / 2, pi / 2), {0, -1, 0}, {1, 1, 0}},
       {"ellipse", new AcDbEllipse({1, 1, 0}, {0, 0, 1}, {0, 4, 0}, 0.5), {-1, -3, 0}, {3, 5, 0}},
       {"bulge", bulged, {0, -1, 0}, {2, 0, 0}},

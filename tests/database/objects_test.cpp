@@ -54,7 +54,8 @@ TEST(Opening, handlesFindTheirObjects) {
 TEST(Opening, manyObjectsAreDroppedFromMemoryAndComeBack) {
   std::string bytes = "0\nSECTION\n2\nENTITIES\n";
   const std::size_t count = AcDbImpDatabase::kMostIdle + 5000;
-  for (std::size_t i = 0; i < count; ++i) bytes += "0\nPOINT\n5\n" + atelier::handleText(i + 16) + "\n8\n0\n10\n" + std::to_string(i) + "\n20\n0\n30\n0\n";
+  for (std::size_t i = 0; i < count; ++i)
+    bytes += "0\nPOINT\n5\n" + atelier::handleText(i + 16) + "\n8\n0\n10\n" + std::to_string(i) + "\n20\n0\n30\n0\n";
   bytes += "0\nENDSEC\n0\nEOF\n";
   Opened drawing;
   atelier::dxf::readBytes(drawing.db, "points", bytes, nullptr);

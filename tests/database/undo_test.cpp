@@ -33,7 +33,8 @@ struct Parts {
 // A drawing with one of each, as bytes.
 std::string drawingBytes(Parts& parts) {
   Opened drawing(true);
-  const AcDbObjectId line = append(drawing, new AcDbLine({0, 0, 0}, {10, 5, 0})), other = append(drawing, new AcDbPoint({3, 3, 0}));
+  const AcDbObjectId line = append(drawing, new AcDbLine({0, 0, 0}, {10, 5, 0})),
+                     other = append(drawing, new AcDbPoint({3, 3, 0}));
   const AcDbObjectId insert = append(drawing, new AcDbBlockReference({5, 5, 0}, makeBlock(drawing)));
   auto* row = new AcDbPolyline;
   for (unsigned i = 0; i < 4; ++i) row->addVertexAt(i, AcGePoint2d(i, i % 2), 0.25);
@@ -111,8 +112,12 @@ const struct Operation {
   void (*run)(FromFile& d, const Parts& p);
 } kOperations[] = {
     {"colour", [](FromFile& d, const Parts& p) { Open<AcDbEntity>(d.id(p.line), kWrite)->setColorIndex(3); }},
-    {"move", [](FromFile& d, const Parts& p) { Open<AcDbEntity>(d.id(p.insert), kWrite)->transformBy(AcGeMatrix3d::translation({1, 1, 0})); }},
-    {"erase with an extension dictionary", [](FromFile& d, const Parts& p) { Open<AcDbEntity>(d.id(p.line), kWrite)->erase(); }},
+    {"move",
+     [](FromFile& d, const Parts& p) {
+       Open<AcDbEntity>(d.id(p.insert), kWrite)->transformBy(AcGeMatrix3d::translation({1, 1, 0}));
+     }},
+    {"erase with an extension dictionary",
+     [](FromFile& d, const Parts& p) { Open<AcDbEntity>(d.id(p.line), kWrite)->erase(); }},
     {"erase with attributes", [](FromFile& d, const Parts& p) { Open<AcDbEntity>(d.id(p.insert), kWrite)->erase(); }},
     {"erase an attribute", [](FromFile& d, const Parts& p) { Open<AcDbEntity>(d.id(p.attribute), kWrite)->erase(); }},
     {"erase and bring back",
@@ -121,7 +126,8 @@ const struct Operation {
        Open<AcDbEntity>(d.id(p.insert), kWrite, true)->erase(false);
        Open<AcDbEntity>(d.id(p.insert), kWrite)->setColorIndex(1);
      }},
-    {"another value", [](FromFile& d, const Parts& p) { Open<AcDbText>(d.id(p.attribute), kWrite)->setTextString(L"13"); }},
+    {"another value",
+     [](FromFile& d, const Parts& p) { Open<AcDbText>(d.id(p.attribute), kWrite)->setTextString(L"13"); }},
     {"another attribute",
      [](FromFile& d, const Parts& p) {
        auto* attribute = new AcDbAttribute({0, 4, 0}, L"x", L"COTE");
@@ -130,13 +136,16 @@ const struct Operation {
      }},
     {"a first attribute",
      [](FromFile& d, const Parts&) {
-       const AcDbObjectId id = append(d, new AcDbBlockReference({1, 1, 0}, atelier::idOf(d.imp.tableRecord("BLOCK_RECORD", "REGARD"))));
+       const AcDbObjectId id =
+           append(d, new AcDbBlockReference({1, 1, 0}, atelier::idOf(d.imp.tableRecord("BLOCK_RECORD", "REGARD"))));
        auto* attribute = new AcDbAttribute({0, 4, 0}, L"x", L"COTE");
        Open<AcDbBlockReference>(id, kWrite)->appendAttribute(attribute);
        attribute->close();
      }},
-    {"a member more", [](FromFile& d, const Parts& p) { Open<AcDbGroup>(d.id(p.group), kWrite)->append(d.id(p.other)); }},
-    {"a member less", [](FromFile& d, const Parts& p) { Open<AcDbGroup>(d.id(p.group), kWrite)->remove(d.id(p.line)); }},
+    {"a member more",
+     [](FromFile& d, const Parts& p) { Open<AcDbGroup>(d.id(p.group), kWrite)->append(d.id(p.other)); }},
+    {"a member less",
+     [](FromFile& d, const Parts& p) { Open<AcDbGroup>(d.id(p.group), kWrite)->remove(d.id(p.line)); }},
     {"no group", [](FromFile& d, const Parts& p) { Open<AcDbGroup>(d.id(p.group), kWrite)->erase(); }},
     {"an entry more",
      [](FromFile& d, const Parts&) {
@@ -160,14 +169,22 @@ const struct Operation {
        own->setAt(L"donnees", record, id);
        record->close();
      }},
-    {"an entry less", [](FromFile& d, const Parts& p) { Open<AcDbDictionary>(Open<AcDbEntity>(d.id(p.line))->extensionDictionary(), kWrite)->remove(L"DONNEES"); }},
-    {"an extension dictionary", [](FromFile& d, const Parts& p) { Open<AcDbEntity>(d.id(p.other), kWrite)->createExtensionDictionary(); }},
+    {"an entry less",
+     [](FromFile& d, const Parts& p) {
+       Open<AcDbDictionary>(Open<AcDbEntity>(d.id(p.line))->extensionDictionary(), kWrite)->remove(L"DONNEES");
+     }},
+    {"an extension dictionary",
+     [](FromFile& d, const Parts& p) { Open<AcDbEntity>(d.id(p.other), kWrite)->createExtensionDictionary(); }},
     {"another class", [](FromFile& d, const Parts& p) { turnIntoCircle(d, p.line); }},
     {"another class for one with attributes", [](FromFile& d, const Parts& p) { turnIntoCircle(d, p.insert); }},
     {"the same place twice", [](FromFile& d, const Parts& p) { turnIntoCircle(d, p.line), turnIntoCircle(d, p.line); }},
-    {"a layer", [](FromFile& d, const Parts& p) { Open<AcDbLayerTableRecord>(d.id(p.layer), kWrite)->setName(L"BORD"); }},
+    {"a layer",
+     [](FromFile& d, const Parts& p) { Open<AcDbLayerTableRecord>(d.id(p.layer), kWrite)->setName(L"BORD"); }},
     {"no layer", [](FromFile& d, const Parts& p) { Open<AcDbLayerTableRecord>(d.id(p.layer), kWrite)->erase(); }},
-    {"a vertex", [](FromFile& d, const Parts& p) { Open<AcDbPolyline>(d.id(p.polyline), kWrite)->addVertexAt(1, {9, 9}, -1); }},
+    {"a vertex",
+     [](FromFile& d, const Parts& p) {
+       Open<AcDbPolyline>(d.id(p.polyline), kWrite)->addVertexAt(1, {9, 9}, -1);
+     }},
     {"a block's content",
      [](FromFile& d, const Parts&) {
        const Open<AcDbBlockTableRecord> block(atelier::idOf(d.imp.tableRecord("BLOCK_RECORD", "REGARD")), kWrite);
@@ -175,7 +192,10 @@ const struct Operation {
        block->appendAcDbEntity(point);
        point->close();
      }},
-    {"no block", [](FromFile& d, const Parts&) { Open<AcDbBlockTableRecord>(atelier::idOf(d.imp.tableRecord("BLOCK_RECORD", "REGARD")), kWrite)->erase(); }},
+    {"no block",
+     [](FromFile& d, const Parts&) {
+       Open<AcDbBlockTableRecord>(atelier::idOf(d.imp.tableRecord("BLOCK_RECORD", "REGARD")), kWrite)->erase();
+     }},
     {"copies",
      [](FromFile& d, const Parts& p) {
        AcDbIdMapping mapping;
@@ -215,7 +235,9 @@ TEST(Undo, manyStepsMeetTheirStatesAgain) {
   std::vector<std::string> states = {d.written()};
   for (const Operation& operation : kOperations) {
     const std::string_view name = operation.name;
-    if (name.starts_with("erase with") || name.starts_with("erase an") || name.starts_with("no ") || name.starts_with("another class") || name.starts_with("the same")) continue;
+    if (name.starts_with("erase with") || name.starts_with("erase an") || name.starts_with("no ") ||
+        name.starts_with("another class") || name.starts_with("the same"))
+      continue;
     d.imp.journal.mark();
     operation.run(d, parts);
     states.push_back(d.written());

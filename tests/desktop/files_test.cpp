@@ -84,7 +84,8 @@ TEST_F(Files, ACopyIsOfferedAfterACrash) {
     until([&next] { return next.tabs().count() > 0; });
     ASSERT_EQ(next.tabs().count(), 1);
     EXPECT_TRUE(asked[0].contains("Dessin1.dxf")) << asked[0].toStdString();
-    EXPECT_EQ(atelier::desktop::ask(next.drawing()->document(), "(sslength (ssget \"X\" '((0 . \"CIRCLE\"))))").toInt(), 1);
+    EXPECT_EQ(atelier::desktop::ask(next.drawing()->document(), "(sslength (ssget \"X\" '((0 . \"CIRCLE\"))))").toInt(),
+              1);
     EXPECT_TRUE(next.isWindowModified());
     EXPECT_TRUE(next.closeTab(0));
   }

@@ -11,13 +11,21 @@ constexpr const char* kExamples = KAVEL_SOURCE "/exemples/";
 
 struct ProfileWindow : kaveltest::Desktop {
   ProfileWindow() {
-    driver.menu("Nouveau profil...").then([this] { form<atelier::desktop::NewProfileForm>()->file->setText(QString(kExamples) + "rue-du-moulin.csv"); });
+    driver.menu("Nouveau profil...").then([this] {
+      form<atelier::desktop::NewProfileForm>()->file->setText(QString(kExamples) + "rue-du-moulin.csv");
+    });
     driver.press("Créer").pick(0, 0).play();
   }
   template <class Form>
-  Form* form() { return dynamic_cast<Form*>(QApplication::activeModalWidget()); }
+  Form* form() {
+    return dynamic_cast<Form*>(QApplication::activeModalWidget());
+  }
   void addProject() {
-    driver.type("PLV-PROJET").type("Projet").type("Fichier").type(QString(kExamples) + "rue-du-moulin-projet.csv").play();
+    driver.type("PLV-PROJET")
+        .type("Projet")
+        .type("Fichier")
+        .type(QString(kExamples) + "rue-du-moulin-projet.csv")
+        .play();
   }
   QStringList tree() {
     QStringList texts;
@@ -28,7 +36,9 @@ struct ProfileWindow : kaveltest::Desktop {
 
 TEST_F(ProfileWindow, FormsMakeAProfileWithItsTables) {
   EXPECT_EQ(lisp("(length (plv-profils))").toInt(), 1);
-  driver.menu("Matrices...").then([this] { form<atelier::desktop::MatricesForm>()->file->setText(QString(kExamples) + "matrices-route.txt"); });
+  driver.menu("Matrices...").then([this] {
+    form<atelier::desktop::MatricesForm>()->file->setText(QString(kExamples) + "matrices-route.txt");
+  });
   driver.press("Dessiner").play();
   EXPECT_GT(count("INSERT"), 1);
   const QStringList shown = tree();
@@ -55,7 +65,8 @@ TEST_F(ProfileWindow, TheStatusBarReadsTheProfileUnderTheCursor) {
   ASSERT_EQ(expected.size(), 5);
   window.view()->onMoved(AcGePoint3d(100, 20, 0));
   until([this] { return !window.status().isEmpty(); });
-  for (const QVariant& part : expected) EXPECT_TRUE(window.status().contains(part.toString())) << window.status().toStdString();
+  for (const QVariant& part : expected)
+    EXPECT_TRUE(window.status().contains(part.toString())) << window.status().toStdString();
   window.view()->onMoved(AcGePoint3d(-500, 20, 0));
   until([this] { return window.status().isEmpty(); });
   EXPECT_EQ(window.status(), "");
@@ -71,7 +82,9 @@ TEST_F(ProfileWindow, APanelClickSelectsAndShowsTheStoredKeys) {
 }
 
 TEST_F(ProfileWindow, ChoosingAProfileBringsItsMenuWhoseEntriesRun) {
-  driver.menu("Matrices...").then([this] { form<atelier::desktop::MatricesForm>()->file->setText(QString(kExamples) + "matrices-route.txt"); });
+  driver.menu("Matrices...").then([this] {
+    form<atelier::desktop::MatricesForm>()->file->setText(QString(kExamples) + "matrices-route.txt");
+  });
   driver.press("Dessiner").play();
   emit window.profiles().itemDoubleClicked(window.profiles().topLevelItem(0), 0);
   driver.play();
@@ -85,7 +98,9 @@ TEST_F(ProfileWindow, ChoosingAProfileBringsItsMenuWhoseEntriesRun) {
 }
 
 TEST_F(ProfileWindow, APanelClickAnswersAPromptForObjects) {
-  driver.type("(setq jeu (ssget))").then([this] { emit window.profiles().itemClicked(window.profiles().topLevelItem(0), 0); });
+  driver.type("(setq jeu (ssget))").then([this] {
+    emit window.profiles().itemClicked(window.profiles().topLevelItem(0), 0);
+  });
   driver.type("").play();
   EXPECT_EQ(lisp("(and (= (sslength jeu) 1) (eq (ssname jeu 0) (car (plv-profils))))").toBool(), true);
 }

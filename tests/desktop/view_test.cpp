@@ -9,7 +9,9 @@ using kaveltest::Desktop;
 struct View : Desktop {
   void drawLine(const QString& from, const QString& to) { driver.type("LINE").type(from).type(to).type("").play(); }
   std::size_t selected() { return window.view()->selection().size(); }
-  QString end(int group) { return lisp(QString("(vl-princ-to-string (cdr (assoc %1 (entget (entlast)))))").arg(group)).toString(); }
+  QString end(int group) {
+    return lisp(QString("(vl-princ-to-string (cdr (assoc %1 (entget (entlast)))))").arg(group)).toString();
+  }
 };
 
 TEST_F(View, APromptTakesPicksWordsAndEscape) {
@@ -25,7 +27,8 @@ TEST_F(View, APromptTakesPicksWordsAndEscape) {
 }
 
 TEST_F(View, UndoAndRedoAlsoTakeBackWhatAProgramDid) {
-  driver.type("(progn (entmake '((0 . \"LINE\") (10 0 0) (11 5 5))) (entmake '((0 . \"POINT\") (10 1 1))) (princ))").play();
+  driver.type("(progn (entmake '((0 . \"LINE\") (10 0 0) (11 5 5))) (entmake '((0 . \"POINT\") (10 1 1))) (princ))")
+      .play();
   drawLine("0,0", "50,50");
   EXPECT_EQ(count("LINE"), 2);
   driver.menu("Annuler").play();
@@ -82,9 +85,11 @@ TEST_F(View, SnapsFindTheirPoints) {
               {atelier::desktop::kPerpendicular, {30.4, 0.3, 0}, {30, 0, 0}},
               {atelier::desktop::kNearest, {33, 0.3, 0}, {33, 0, 0}}};
   for (const auto& row : rows) {
-    const auto snap = atelier::desktop::findSnap(window.drawing()->document(), row.cursor, 1.0, static_cast<unsigned>(row.mode), AcGePoint3d(30, 20, 0));
+    const auto snap = atelier::desktop::findSnap(window.drawing()->document(), row.cursor, 1.0,
+                                                 static_cast<unsigned>(row.mode), AcGePoint3d(30, 20, 0));
     ASSERT_TRUE(snap) << snapName(row.mode);
-    EXPECT_LT(snap->point.distanceTo(row.expected), 1e-9) << snapName(row.mode) << " " << snap->point.x << " " << snap->point.y;
+    EXPECT_LT(snap->point.distanceTo(row.expected), 1e-9)
+        << snapName(row.mode) << " " << snap->point.x << " " << snap->point.y;
   }
 }
 

@@ -35,7 +35,9 @@ TEST_F(Window, KeysOverTheDrawingReachTheCommandLine) {
   driver.then([this] { typeInto(line(), "20,20 "); }).then([this] { typeInto(line(), "5 "); }).play();
   EXPECT_EQ(count("CIRCLE"), 1);
   // Inside an expression, and where texts are asked for, it is a blank.
-  driver.then([this] { typeInto(line(), "(setq a (list 1 2))"); }).then([this] { press(line(), Qt::Key_Return); }).play();
+  driver.then([this] { typeInto(line(), "(setq a (list 1 2))"); })
+      .then([this] { press(line(), Qt::Key_Return); })
+      .play();
   EXPECT_EQ(lisp("(length a)").toInt(), 2);
   driver.type("(setq s (getstring T \"Nom: \"))").then([this] { typeInto(line(), "rue du moulin"); });
   driver.then([this] { press(line(), Qt::Key_Return); }).play();
@@ -135,7 +137,8 @@ TEST_F(Window, PropertiesCountSeveralAndTellOfOne) {
   EXPECT_EQ(window.properties().item(0, 1)->text(), "2");
   driver.key(Qt::Key_Escape).pick(25, 20).play();
   QMap<QString, QString> fields;
-  for (int i = 0; i < window.properties().rowCount(); ++i) fields[window.properties().item(i, 0)->text()] = window.properties().item(i, 1)->text();
+  for (int i = 0; i < window.properties().rowCount(); ++i)
+    fields[window.properties().item(i, 0)->text()] = window.properties().item(i, 1)->text();
   EXPECT_EQ(fields["Type"], "CIRCLE");
   EXPECT_EQ(fields["Hauteur ou rayon"].toDouble(), 5);
 }
@@ -148,7 +151,8 @@ TEST_F(Window, ADialogOfAProgramIsAWindow) {
   dcl.close();
   driver.type(QString("(progn (setq d (load_dialog \"%1\")) (new_dialog \"essai\" d) (set_tile \"nom\" \"avant\")"
                       " (action_tile \"accept\" \"(setq v (get_tile \\\"nom\\\")) (done_dialog 1)\")"
-                      " (setq r (start_dialog)) (unload_dialog d) (princ))").arg(file("essai.dcl")));
+                      " (setq r (start_dialog)) (unload_dialog d) (princ))")
+                  .arg(file("essai.dcl")));
   driver.then([] {
     auto* const edit = QApplication::activeModalWidget()->findChild<QLineEdit*>();
     EXPECT_EQ(edit->text(), "avant");

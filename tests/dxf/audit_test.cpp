@@ -17,40 +17,57 @@ std::string codes(AcDbDatabase& db, bool fix) {
 // A drawing with the tables that must be there, and these blocks, entities and objects.
 std::string drawingWith(const std::string& blocks, const std::string& entities, const std::string& objects = "") {
   const auto table = [](const std::string& name, const std::string& handle, const std::string& records) {
-    return "0\nTABLE\n2\n" + name + "\n5\n" + handle + "\n330\n0\n100\nAcDbSymbolTable\n70\n0\n" + records + "0\nENDTAB\n";
+    return "0\nTABLE\n2\n" + name + "\n5\n" + handle + "\n330\n0\n100\nAcDbSymbolTable\n70\n0\n" + records +
+           "0\nENDTAB\n";
   };
-  const auto record = [](const std::string& type, const std::string& handle, const std::string& owner, const std::string& name) {
-    return "0\n" + type + "\n5\n" + handle + "\n330\n" + owner + "\n100\nAcDbSymbolTableRecord\n2\n" + name + "\n70\n0\n";
+  const auto record = [](const std::string& type, const std::string& handle, const std::string& owner,
+                         const std::string& name) {
+    return "0\n" + type + "\n5\n" + handle + "\n330\n" + owner + "\n100\nAcDbSymbolTableRecord\n2\n" + name +
+           "\n70\n0\n";
   };
-  const auto block = [](const std::string& handle, const std::string& owner, const std::string& name, const std::string& contents) {
-    return "0\nBLOCK\n5\n" + handle + "1\n330\n" + owner + "\n100\nAcDbEntity\n8\n0\n100\nAcDbBlockBegin\n2\n" + name + "\n" + contents +
-           "0\nENDBLK\n5\n" + handle + "2\n330\n" + owner + "\n100\nAcDbEntity\n8\n0\n100\nAcDbBlockEnd\n";
+  const auto block = [](const std::string& handle, const std::string& owner, const std::string& name,
+                        const std::string& contents) {
+    return "0\nBLOCK\n5\n" + handle + "1\n330\n" + owner + "\n100\nAcDbEntity\n8\n0\n100\nAcDbBlockBegin\n2\n" + name +
+           "\n" + contents + "0\nENDBLK\n5\n" + handle + "2\n330\n" + owner +
+           "\n100\nAcDbEntity\n8\n0\n100\nAcDbBlockEnd\n";
   };
-  const auto section = [](const std::string& name, const std::string& contents) { return "0\nSECTION\n2\n" + name + "\n" + contents + "0\nENDSEC\n"; };
+  const auto section = [](const std::string& name, const std::string& contents) {
+    return "0\nSECTION\n2\n" + name + "\n" + contents + "0\nENDSEC\n";
+  };
   const std::string tables =
-      table("LTYPE", "1", record("LTYPE", "11", "1", "ByBlock") + record("LTYPE", "12", "1", "ByLayer") + record("LTYPE", "13", "1", "Continuous")) +
-      table("LAYER", "2", record("LAYER", "21", "2", "0")) + table("STYLE", "3", record("STYLE", "31", "3", "Standard")) +
+      table("LTYPE", "1",
+            record("LTYPE", "11", "1", "ByBlock") + record("LTYPE", "12", "1", "ByLayer") +
+                record("LTYPE", "13", "1", "Continuous")) +
+      table("LAYER", "2", record("LAYER", "21", "2", "0")) +
+      table("STYLE", "3", record("STYLE", "31", "3", "Standard")) +
       table("APPID", "4", record("APPID", "41", "4", "ACAD")) +
-      table("BLOCK_RECORD", "5", record("BLOCK_RECORD", "51", "5", "*Model_Space") + record("BLOCK_RECORD", "52", "5", "*Paper_Space") + record("BLOCK_RECORD", "53", "5", "B"));
+      table("BLOCK_RECORD", "5",
+            record("BLOCK_RECORD", "51", "5", "*Model_Space") + record("BLOCK_RECORD", "52", "5", "*Paper_Space") +
+                record("BLOCK_RECORD", "53", "5", "B"));
   return section("HEADER", "9\n$ACADVER\n1\nAC1015\n9\n$HANDSEED\n5\nFFFF\n") + section("TABLES", tables) +
-         section("BLOCKS", block("A", "51", "*Model_Space", "") + block("B", "52", "*Paper_Space", "") + block("C", "53", "B", blocks)) +
-         section("ENTITIES", entities) + section("OBJECTS", "0\nDICTIONARY\n5\nD0\n330\n0\n100\nAcDbDictionary\n" + objects) + "0\nEOF\n";
+         section("BLOCKS", block("A", "51", "*Model_Space", "") + block("B", "52", "*Paper_Space", "") +
+                               block("C", "53", "B", blocks)) +
+         section("ENTITIES", entities) +
+         section("OBJECTS", "0\nDICTIONARY\n5\nD0\n330\n0\n100\nAcDbDictionary\n" + objects) + "0\nEOF\n";
 }
 
-std::string line(const std::string& handle, const std::string& more = "", const std::string& layer = "0", const std::string& owner = "51") {
-  return "0\nLINE\n5\n" + handle + "\n330\n" + owner + "\n100\nAcDbEntity\n8\n" + layer + "\n100\nAcDbLine\n10\n0\n20\n0\n30\n0\n11\n1\n21\n1\n31\n0\n" + more;
+std::string line(const std::string& handle, const std::string& more = "", const std::string& layer = "0",
+                 const std::string& owner = "51") {
+  return "0\nLINE\n5\n" + handle + "\n330\n" + owner + "\n100\nAcDbEntity\n8\n" + layer +
+         "\n100\nAcDbLine\n10\n0\n20\n0\n30\n0\n11\n1\n21\n1\n31\n0\n" + more;
 }
 
 std::string insert(const std::string& handle, const std::string& name, const std::string& owner) {
-  return "0\nINSERT\n5\n" + handle + "\n330\n" + owner + "\n100\nAcDbEntity\n8\n0\n100\nAcDbBlockReference\n2\n" + name + "\n10\n0\n20\n0\n30\n0\n";
+  return "0\nINSERT\n5\n" + handle + "\n330\n" + owner + "\n100\nAcDbEntity\n8\n0\n100\nAcDbBlockReference\n2\n" +
+         name + "\n10\n0\n20\n0\n30\n0\n";
 }
 
 TEST(Audit, everyFaultHasItsCode) {
   const struct {
     const char* name;
     std::string bytes;
-    const char* found;     // without repairing
-    const char* remaining; // after the repaired drawing was written and read again
+    const char* found;      // without repairing
+    const char* remaining;  // after the repaired drawing was written and read again
   } rows[] = {
       {"nothing", drawingWith("", line("E1")), "", ""},
       {"duplicate handle", drawingWith("", line("E1") + line("E1")), "A01 ", ""},
@@ -58,7 +75,11 @@ TEST(Audit, everyFaultHasItsCode) {
       {"layer", drawingWith("", line("E1", "", "ABSENT") + line("E2", "", "ABSENT")), "A05 A05 ", ""},
       {"block", drawingWith("", insert("E1", "ABSENT", "51")), "A06 ", "A06 "},
       {"owner", drawingWith(line("E1", "", "0", "51"), ""), "A07 ", ""},
-      {"reactor", drawingWith("", "0\nPOINT\n5\nE1\n102\n{ACAD_REACTORS\n330\nEEE\n102\n}\n330\n51\n100\nAcDbEntity\n8\n0\n100\nAcDbPoint\n10\n0\n20\n0\n30\n0\n"), "A08 ", ""},
+      {"reactor",
+       drawingWith("",
+                   "0\nPOINT\n5\nE1\n102\n{ACAD_REACTORS\n330\nEEE\n102\n}"
+                   "\n330\n51\n100\nAcDbEntity\n8\n0\n100\nAcDbPoint\n10\n0\n20\n0\n30\n0\n"),
+       "A08 ", ""},
       {"dictionary entry", drawingWith("", "", "3\nX\n350\nEEE\n3\nY\n350\nEED\n"), "A08 A08 ", ""},
       {"pointer", drawingWith("", line("E1", "1001\nACAD\n1005\nEEE\n")), "A09 ", "A09 "},
       {"application", drawingWith("", line("E1", "1001\nAPP\n1000\nx\n")), "A10 ", ""},
@@ -112,7 +133,8 @@ TEST(Audit, everyGeneratedDrawingIsWalked) {
     Opened again;
     const std::string bytes = drawing.written();
     atelier::dxf::readBytes(again.db, "repaired", bytes, nullptr);
-    for (const auto& finding : audit(again.db, true)) EXPECT_FALSE(finding.repaired) << file << atelier::dxf::line(finding);
+    for (const auto& finding : audit(again.db, true))
+      EXPECT_FALSE(finding.repaired) << file << atelier::dxf::line(finding);
   }
 }
 

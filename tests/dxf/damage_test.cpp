@@ -54,7 +54,8 @@ TEST(Damage, theFirstFaultIsNamedWithItsLine) {
       {"0\nSECTION\n2\nTABLES\n0\nLAYER\n2\nX\n0\nENDSEC\n0\nEOF\n", "d.dxf:5: definition LAYER hors d'une table"},
       {"0\nSECTION\n2\nBLOCKS\n" + kLine + kClose, "d.dxf:5: entite LINE hors d'un bloc"},
   };
-  for (const auto& row : rows) EXPECT_NE(messageOf(row.bytes).find(row.message), std::string::npos) << row.message << "\n" << messageOf(row.bytes);
+  for (const auto& row : rows)
+    EXPECT_NE(messageOf(row.bytes).find(row.message), std::string::npos) << row.message << "\n" << messageOf(row.bytes);
   EXPECT_EQ(messageOf(kOpen + kLine + kClose), "");
 }
 
@@ -85,12 +86,12 @@ TEST(Damage, randomChangesNeverEndTheProgram) {
         atelier::dxf::readBytes(drawing.db, "d.dxf", changed, nullptr, &messages);
         for (const AcDbStub& stub : drawing.imp.stubs()) {
           AcDbExtents box;
-          if (const AcDbEntity* entity = AcDbEntity::cast(&drawing.imp.object(const_cast<AcDbStub&>(stub)))) entity->getGeomExtents(box);
+          if (const AcDbEntity* entity = AcDbEntity::cast(&drawing.imp.object(const_cast<AcDbStub&>(stub))))
+            entity->getGeomExtents(box);
         }
         const std::string repaired = drawing.written();
         EXPECT_EQ(messageOf(repaired), "") << file << " " << turn;
-      } catch (const atelier::Error&) {
-      }
+      } catch (const atelier::Error&) {}
     }
   }
 }

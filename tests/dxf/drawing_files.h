@@ -50,7 +50,8 @@ class Folder {
 // A database that is the working one while it lives.
 class Opened {
  public:
-  explicit Opened(bool fresh = false) : db((atelier::dxf::provideDrawingReader(), fresh)), imp(AcDbImpDatabase::of(&db)) {
+  explicit Opened(bool fresh = false)
+      : db((atelier::dxf::provideDrawingReader(), fresh)), imp(AcDbImpDatabase::of(&db)) {
     acdbHostApplicationServices()->setWorkingDatabase(&db);
   }
   explicit Opened(const fs::path& file) : Opened(false) { atelier::dxf::readFile(db, file.string()); }

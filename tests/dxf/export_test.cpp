@@ -33,7 +33,8 @@ TEST(Export, theSameVersionKeepsEveryGroup) {
   for (const fs::path& file : modern()) {
     const std::string name = file.filename().string();
     Opened drawing(file);
-    atelier::dxf::saveAs(drawing.db, target, name.substr(0, name.find_first_of("_.")), name.find("binary") != name.npos);
+    atelier::dxf::saveAs(drawing.db, target, name.substr(0, name.find_first_of("_.")),
+                         name.find("binary") != name.npos);
     EXPECT_EQ(realDifferences(bytesOf(file), bytesOf(target)), std::vector<std::string>()) << file;
   }
 }
@@ -42,7 +43,8 @@ TEST(Export, binaryAndBackIsTheSame) {
   const Folder folder;
   const std::string binary = (folder.path / "b.dxf").string(), text = (folder.path / "t.dxf").string();
   for (const char* release : kReleases) {
-    const auto file = std::find_if(generated().begin(), generated().end(), [&](const fs::path& f) { return f.filename() == std::string(release) + ".dxf"; });
+    const auto file = std::find_if(generated().begin(), generated().end(),
+                                   [&](const fs::path& f) { return f.filename() == std::string(release) + ".dxf"; });
     Opened drawing(*file);
     atelier::dxf::saveAs(drawing.db, binary, release, true);
     Opened again{fs::path(binary)};
@@ -56,7 +58,8 @@ TEST(Export, binaryAndBackIsTheSame) {
       const auto& after = AcDbImpObject::of(&last.imp.object(*other)).record.groups;
       ASSERT_EQ(before.size(), after.size()) << release << " " << atelier::handleText(stub.handle);
       for (std::size_t i = 0; i < before.size(); ++i)
-        EXPECT_TRUE(before[i].kind() != after[i].kind() || before[i].sameValue(after[i])) << release << " " << atelier::handleText(stub.handle) << " " << before[i].code();
+        EXPECT_TRUE(before[i].kind() != after[i].kind() || before[i].sameValue(after[i]))
+            << release << " " << atelier::handleText(stub.handle) << " " << before[i].code();
     }
   }
 }
@@ -73,13 +76,15 @@ TEST(Export, everyVersionBothWays) {
       std::size_t told = 0, missing = 0;
       for (const std::string& note : notes) told += std::stoul(note);
       for (const AcDbStub& stub : drawing.imp.stubs())
-        if (!stub.is(AcDbStub::kVirtual) && drawing.imp.typeName(stub) != "ENDTAB") missing += again.imp.stubOf(stub.handle) == nullptr;
+        if (!stub.is(AcDbStub::kVirtual) && drawing.imp.typeName(stub) != "ENDTAB")
+          missing += again.imp.stubOf(stub.handle) == nullptr;
       EXPECT_EQ(missing, told) << file << release << ::testing::PrintToString(notes);
       for (const AcDbStub& stub : drawing.imp.stubs()) {
         AcDbStub* other = again.imp.stubOf(stub.handle);
         if (!other || drawing.imp.typeName(stub) != "TEXT") continue;
         const auto text = atelier::textField("AcDbText", 1);
-        EXPECT_EQ(AcDbImpObject::of(&again.imp.object(*other)).record.text(text), AcDbImpObject::of(&drawing.imp.object(const_cast<AcDbStub&>(stub))).record.text(text));
+        EXPECT_EQ(AcDbImpObject::of(&again.imp.object(*other)).record.text(text),
+                  AcDbImpObject::of(&drawing.imp.object(const_cast<AcDbStub&>(stub))).record.text(text));
       }
     }
 }
@@ -95,8 +100,11 @@ TEST(Export, theOthersReadIt) {
   append(drawing, polyline);
   for (const std::string release : {"R12", "R2000", "R2004", "R2007", "R2010", "R2013", "R2018"})
     for (const bool binary : {false, true})
-      atelier::dxf::saveAs(drawing.db, (folder.path / (release + (binary ? "b.dxf" : ".dxf"))).string(), release, binary);
-  EXPECT_EQ(std::system(("/usr/bin/python3 " KAVEL_SOURCE "/tests/dxf/check.py " + folder.path.string() + "/*.dxf").c_str()), 0);
+      atelier::dxf::saveAs(drawing.db, (folder.path / (release + (binary ? "b.dxf" : ".dxf"))).string(), release,
+                           binary);
+  EXPECT_EQ(
+      std::system(("/usr/bin/python3 " KAVEL_SOURCE "/tests/dxf/check.py " + folder.path.string() + "/*.dxf").c_str()),
+      0);
 }
 
 // R12 with and without handles, in ASCII and binary, as each later version: readable by the independent library, with
@@ -114,7 +122,8 @@ TEST(Export, r12BecomesLaterVersions) {
       Opened again{fs::path(target)};
       std::size_t count = 0;
       for (const AcDbStub& stub : old.imp.stubs()) {
-        const AcDbEntity* before = stub.is(AcDbStub::kEntity) ? AcDbEntity::cast(&old.imp.object(const_cast<AcDbStub&>(stub))) : nullptr;
+        const AcDbEntity* before =
+            stub.is(AcDbStub::kEntity) ? AcDbEntity::cast(&old.imp.object(const_cast<AcDbStub&>(stub))) : nullptr;
         AcDbStub* other = before && stub.handle ? again.imp.stubOf(stub.handle) : nullptr;
         if (!other) continue;
         const AcDbEntity* after = AcDbEntity::cast(&again.imp.object(*other));
@@ -122,14 +131,18 @@ TEST(Export, r12BecomesLaterVersions) {
         EXPECT_EQ(before->isA(), after->isA()) << file << atelier::handleText(stub.handle);
         AcDbExtents a, b;
         EXPECT_EQ(before->getGeomExtents(a), after->getGeomExtents(b)) << file << atelier::handleText(stub.handle);
-        EXPECT_LT(a.minPoint().distanceTo(b.minPoint()) + a.maxPoint().distanceTo(b.maxPoint()), 1e-9) << file << atelier::handleText(stub.handle);
+        EXPECT_LT(a.minPoint().distanceTo(b.minPoint()) + a.maxPoint().distanceTo(b.maxPoint()), 1e-9)
+            << file << atelier::handleText(stub.handle);
         ++count;
       }
       EXPECT_GT(count, 0u) << file;
     }
   }
   EXPECT_GT(files, 0);
-  EXPECT_EQ(std::system(("/usr/bin/python3 -c 'import ezdxf, sys; [ezdxf.readfile(f).audit() for f in sys.argv[1:]]' " + folder.path.string() + "/*.dxf").c_str()), 0);
+  EXPECT_EQ(std::system(("/usr/bin/python3 -c 'import ezdxf, sys; [ezdxf.readfile(f).audit() for f in sys.argv[1:]]' " +
+                         folder.path.string() + "/*.dxf")
+                            .c_str()),
+            0);
 }
 
 TEST(Export, r12TellsWhatItCannotHold) {
@@ -144,7 +157,8 @@ TEST(Export, r12TellsWhatItCannotHold) {
   append(drawing, new AcDbEllipse({0, 0, 0}, {0, 0, 1}, {5, 0, 0}, 0.5));
   append(drawing, new AcDbEllipse({0, 0, 0}, {0, 0, 1}, {5, 0, 0}, 0.5));
   const auto notes = atelier::dxf::saveAs(drawing.db, target, "R12");
-  EXPECT_NE(std::find(notes.begin(), notes.end(), "2 ELLIPSE laissés de côté: inconnus de cette version"), notes.end()) << ::testing::PrintToString(notes);
+  EXPECT_NE(std::find(notes.begin(), notes.end(), "2 ELLIPSE laissés de côté: inconnus de cette version"), notes.end())
+      << ::testing::PrintToString(notes);
   Opened again{fs::path(target)};
   EXPECT_EQ(again.imp.header.text("$ACADVER", ""), "AC1009");
   const AcDbObjectPointer<AcDbBlockTableRecord> space(again.db.currentSpaceId());

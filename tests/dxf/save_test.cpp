@@ -82,9 +82,7 @@ TEST(Save, failuresLeaveTheFileAsItWas) {
   EXPECT_EQ(std::distance(fs::directory_iterator(folder.path), fs::directory_iterator()), 1);
 }
 
-TEST(Save, aDeviceIsNoDrawing) {
-  expectFailure("/dev/full", "écriture impossible");
-}
+TEST(Save, aDeviceIsNoDrawing) { expectFailure("/dev/full", "écriture impossible"); }
 
 TEST(Save, aMissingFileIsNamed) {
   Opened drawing;

@@ -16,9 +16,20 @@ TEST(Values, textsOfFiles) {
   const struct {
     const char* inFile;
     const char* text;
-  } rows[] = {{"\\U+00E9", "é"},   {"\\u+00e9", "é"},     {"\\U+00E", "\\U+00E"},   {"\\U+D83D\\U+DE00", "😀"}, {"\\U+D83D", "\\U+D83D"},
-              {"\\M+18140", "　"}, {"\\M+58140", "丂"},   {"\\M+91234", "\\M+91234"}, {"a^Jb", "a\nb"},            {"^ J", "^J"},
-              {"^", "^"},          {"2^3", "2^3"},        {"C:\\Users", "C:\\Users"}, {"%%c\\P", "%%c\\P"}};
+  } rows[] = {{"\\U+00E9", "é"},
+              {"\\u+00e9", "é"},
+              {"\\U+00E", "\\U+00E"},
+              {"\\U+D83D\\U+DE00", "😀"},
+              {"\\U+D83D", "\\U+D83D"},
+              {"\\M+18140", "　"},
+              {"\\M+58140", "丂"},
+              {"\\M+91234", "\\M+91234"},
+              {"a^Jb", "a\nb"},
+              {"^ J", "^J"},
+              {"^", "^"},
+              {"2^3", "2^3"},
+              {"C:\\Users", "C:\\Users"},
+              {"%%c\\P", "%%c\\P"}};
   for (const auto& row : rows) EXPECT_EQ(textFromFile(row.inFile), row.text) << row.inFile;
 }
 
@@ -38,8 +49,10 @@ TEST(Values, groupsComeBackInEveryForm) {
       const Style style{encoding, "\n", CodePage::utf8()};
       const auto group = [&] {
         switch (kindOfCode(code)) {
-          case GroupKind::real: return Group::real(code, std::ldexp(static_cast<double>(random()), static_cast<int>(random() % 200) - 130));
-          case GroupKind::integer: return Group::integer(code, binaryWidth(code) == 1 ? 1 : -static_cast<std::int64_t>(random() % 32768));
+          case GroupKind::real:
+            return Group::real(code, std::ldexp(static_cast<double>(random()), static_cast<int>(random() % 200) - 130));
+          case GroupKind::integer:
+            return Group::integer(code, binaryWidth(code) == 1 ? 1 : -static_cast<std::int64_t>(random() % 32768));
           case GroupKind::handle: return Group::handle(code, random());
           case GroupKind::binary: return Group::binary(code, std::string("\x00\x7f\xff\n", 4));
           default: return Group::text(code, "Été ^ \n\\");

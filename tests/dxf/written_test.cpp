@@ -70,7 +70,8 @@ void storeReference(AcDbObjectId holder, AcDbObjectId target) {
   AcDbObjectId id;
   dictionary->setAt(L"LIEN", record, id);
   atelier::Record& groups = AcDbImpObject::of(record).record;
-  groups.groups.push_back(atelier::Group::handle(330, AcDbImpDatabase::of(holder.database()).stubOf(target.handle())->handle));
+  groups.groups.push_back(
+      atelier::Group::handle(330, AcDbImpDatabase::of(holder.database()).stubOf(target.handle())->handle));
   record->close();
 }
 
@@ -79,7 +80,8 @@ TEST(Written, aNewDrawingPassesTheAudit) {
   const fs::path file = folder.path / "nouveau.dxf";
   Opened drawing(true);
   everyTypedEntity(drawing);
-  storeReference(append(drawing, new AcDbLine({0, 0, 0}, {1, 0, 0})), append(drawing, new AcDbLine({0, 0, 0}, {2, 0, 0})));
+  storeReference(append(drawing, new AcDbLine({0, 0, 0}, {1, 0, 0})),
+                 append(drawing, new AcDbLine({0, 0, 0}, {2, 0, 0})));
   atelier::dxf::save(drawing.db, file.string());
   EXPECT_TRUE(passesCheck(file));
   // Read again and written again, it is the same file.
@@ -120,7 +122,9 @@ TEST(Written, additionsLeaveTheRestAlone) {
     const fs::path target = folder.path / file.filename();
     atelier::dxf::save(drawing.db, target.string());
     for (const std::string& key : differences(bytesOf(file), bytesOf(target)))
-      EXPECT_TRUE(key.starts_with("+") || key.find("$HANDSEED") != key.npos || key.find("SECTION") != key.npos || key.starts_with("$HANDLING")) << file << key;
+      EXPECT_TRUE(key.starts_with("+") || key.find("$HANDSEED") != key.npos || key.find("SECTION") != key.npos ||
+                  key.starts_with("$HANDLING"))
+          << file << key;
     Opened again(target);
     EXPECT_TRUE(again.imp.tableRecord("LAYER", "ajout é")) << file;
   }
@@ -162,11 +166,13 @@ TEST(Written, handlesAppearOnceSomethingRefersToThem) {
 TEST(Written, anErasedBlockGoesWithItsMarks) {
   Opened drawing(generatedFile("R2010.dxf"));
   {
-    const AcDbObjectPointer<AcDbBlockTableRecord> block(atelier::idOf(drawing.imp.tableRecord("BLOCK_RECORD", "VIDE")), AcDb::kForWrite);
+    const AcDbObjectPointer<AcDbBlockTableRecord> block(atelier::idOf(drawing.imp.tableRecord("BLOCK_RECORD", "VIDE")),
+                                                        AcDb::kForWrite);
     ASSERT_EQ(block->erase(), Acad::eOk);
   }
   const auto found = differences(bytesOf(generatedFile("R2010.dxf")), drawing.written());
-  EXPECT_EQ(std::count_if(found.begin(), found.end(), [](const std::string& key) { return key.starts_with("-"); }), 3) << ::testing::PrintToString(found);
+  EXPECT_EQ(std::count_if(found.begin(), found.end(), [](const std::string& key) { return key.starts_with("-"); }), 3)
+      << ::testing::PrintToString(found);
 }
 
 }  // namespace

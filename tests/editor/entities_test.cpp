@@ -10,8 +10,7 @@ TEST_F(Entities, AreMadeReadAndChanged) {
   check({{"(entlast)", "nil"},
          {"(entmake '((0 . \"LINE\") (8 . \"AXE\") (10 1.0 2.0 0.0) (11 4.0 6.0 0.0)))",
           "((0 . \"LINE\") (8 . \"AXE\") (10 1.0 2.0 0.0) (11 4.0 6.0 0.0))"},
-         {"(list (last-g 0) (last-g 8) (last-g 10) (last-g 11))",
-          "(\"LINE\" \"AXE\" (1.0 2.0 0.0) (4.0 6.0 0.0))"},
+         {"(list (last-g 0) (last-g 8) (last-g 10) (last-g 11))", "(\"LINE\" \"AXE\" (1.0 2.0 0.0) (4.0 6.0 0.0))"},
          {"(cdr (assoc 2 (tblsearch \"LAYER\" \"axe\")))", "\"AXE\""},
          {"(progn (setq e (entget (entlast))) (entmod (subst '(62 . 3) (assoc 62 e) (append e '((62 . 1))))) "
           "(last-g 62))",
@@ -44,8 +43,7 @@ TEST_F(Entities, KeepXdataByApplication) {
          {"(null (entmake '((0 . \"POINT\") (10 0. 0. 0.) (-3 (\"UN\" (1000 . \"a\") (1040 . 2.5) (1010 1. "
           "2. 3.))))))",
           "nil"},
-         {"(cdr (assoc -3 (entget (entlast) '(\"UN\"))))",
-          "((\"UN\" (1000 . \"a\") (1040 . 2.5) (1010 1.0 2.0 3.0)))"},
+         {"(cdr (assoc -3 (entget (entlast) '(\"UN\"))))", "((\"UN\" (1000 . \"a\") (1040 . 2.5) (1010 1.0 2.0 3.0)))"},
          {"(assoc -3 (entget (entlast)))", "nil"},
          {"(null (entmod (append (entget (entlast)) '((-3 (\"DEUX\" (1071 . 70000)))))))", "nil"},
          {"(mapcar 'car (cdr (assoc -3 (entget (entlast) '(\"*\")))))", "(\"DEUX\" \"UN\")"},
@@ -84,12 +82,19 @@ TEST_F(Entities, OfBlocksAreSearchedByTable) {
 TEST_F(Entities, MakePolylinesInSpace) {
   run(kTools);
   run("(defun space (marks head / e) (entmake (append '((0 . \"POLYLINE\")) head '((70 . 8))))"
-      " (foreach p '((0. 0. 1.) (5. 0. 2.)) (entmake (append '((0 . \"VERTEX\")) marks (list (cons 10 p) '(70 . 32))))) (entmake '((0 . \"SEQEND\")))"
-      " (setq e (entnext (entnext (entlast)))) (list (g 10 e) (g 70 e) (vl-remove-if-not '(lambda (p) (= (car p) 100)) (entget e))))");
-  const char* made = "((5.0 0.0 2.0) 32 ((100 . \"AcDbEntity\") (100 . \"AcDbVertex\") (100 . \"AcDb3dPolylineVertex\")))";
-  check({{"(space nil nil)", made},
-         {"(space '((100 . \"AcDbEntity\") (100 . \"AcDbVertex\")) '((100 . \"AcDbEntity\") (100 . \"AcDb3dPolyline\")))", made},
-         {"(space '((100 . \"AcDbEntity\") (100 . \"AcDbVertex\") (100 . \"AcDb3dPolylineVertex\")) '((100 . \"AcDbEntity\") (100 . \"AcDb3dPolyline\")))", made}});
+      " (foreach p '((0. 0. 1.) (5. 0. 2.)) (entmake (append '((0 . \"VERTEX\")) marks (list (cons 10 p) '(70 . "
+      "32))))) (entmake '((0 . \"SEQEND\")))"
+      " (setq e (entnext (entnext (entlast)))) (list (g 10 e) (g 70 e) (vl-remove-if-not '(lambda (p) (= (car p) 100)) "
+      "(entget e))))");
+  const char* made =
+      "((5.0 0.0 2.0) 32 ((100 . \"AcDbEntity\") (100 . \"AcDbVertex\") (100 . \"AcDb3dPolylineVertex\")))";
+  check(
+      {{"(space nil nil)", made},
+       {"(space '((100 . \"AcDbEntity\") (100 . \"AcDbVertex\")) '((100 . \"AcDbEntity\") (100 . \"AcDb3dPolyline\")))",
+        made},
+       {"(space '((100 . \"AcDbEntity\") (100 . \"AcDbVertex\") (100 . \"AcDb3dPolylineVertex\")) '((100 . "
+        "\"AcDbEntity\") (100 . \"AcDb3dPolyline\")))",
+        made}});
 }
 
 }  // namespace kaveltest

@@ -108,8 +108,8 @@ TEST_F(Handlers, TablesAreWhole) {
   }
   using namespace atelier;
   std::set<std::string> names;
-  for (const auto table : {drawingCommands(), textCommands(), editingCommands(), insertCommands(),
-                           layerCommands(), recordCommands(), fileCommands(), viewCommands(), undoCommands()})
+  for (const auto table : {drawingCommands(), textCommands(), editingCommands(), insertCommands(), layerCommands(),
+                           recordCommands(), fileCommands(), viewCommands(), undoCommands()})
     for (const CommandRow& row : table) {
       std::string all = std::string(row.name) + " " + std::string(row.aliases);
       for (std::size_t blank; !all.empty(); all.erase(0, blank == all.npos ? all.size() : blank + 1)) {

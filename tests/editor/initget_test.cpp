@@ -23,7 +23,9 @@ TEST_F(InitGet, BitsInEveryCombination) {
     const char* negative;
     const char* positive;
     bool knowsSign;
-  } rows[] = {{"(getint \"?\")", "0", "-3", "7", true}, {"(getreal \"?\")", "0.0", "-3.0", "7.0", true}, {"(getdist \"?\")", "0.0", "-3.0", "7.0", true}};
+  } rows[] = {{"(getint \"?\")", "0", "-3", "7", true},
+              {"(getreal \"?\")", "0.0", "-3.0", "7.0", true},
+              {"(getdist \"?\")", "0.0", "-3.0", "7.0", true}};
   for (const auto& row : rows)
     for (int bits = 0; bits < 8; ++bits) {
       const std::string initget = "(initget " + std::to_string(bits) + ")";
@@ -55,22 +57,23 @@ TEST_F(InitGet, KeywordsByTheirAbbreviations) {
       {"Oui Non", "no\n", "\"Non\""},
       {"Oui Non", "noo\nn\n", "\"Non\""},
       {"Oui Non", "ouil\no\n", "\"Oui\""},
-      {"LTYPE LAYER", "L\nLT\nLTYPE\n", "\"LTYPE\""},           // all capitals: only the whole
-      {"LType LAyer", "l\nla\n", "\"LAyer\""},                  // two letters at least
-      {"eXit Entre", "x\n", "\"eXit\""},                        // the capital inside
+      {"LTYPE LAYER", "L\nLT\nLTYPE\n", "\"LTYPE\""},  // all capitals: only the whole
+      {"LType LAyer", "l\nla\n", "\"LAyer\""},         // two letters at least
+      {"eXit Entre", "x\n", "\"eXit\""},               // the capital inside
       {"eXit Entre", "exi\n", "\"eXit\""},
-      {"Un1 Un2", "u2\n", "\"Un2\""},                           // figures count as capitals
-      {"Axes Axe", "axe\n", "\"Axe\""},                         // the one that is meant in full
+      {"Un1 Un2", "u2\n", "\"Un2\""},    // figures count as capitals
+      {"Axes Axe", "axe\n", "\"Axe\""},  // the one that is meant in full
       {"Axe Axes", "axes\n", "\"Axes\""},
       {"Ligne Lignes", "LIGNES\n", "\"Lignes\""},
       {"Oui Non _Yes No", "y\n", "\"Yes\""},
       {"Oui Non _Yes No", "_yes\n", "\"Yes\""},
-      {"Oui Non _Yes No", "_oui\nnon\n", "\"No\""},             // behind the underscore only the second row
+      {"Oui Non _Yes No", "_oui\nnon\n", "\"No\""},  // behind the underscore only the second row
       {"  Oui   Non  ", "n\n", "\"Non\""},
       {"Oui Non", "\n", "nil"},
   };
   for (const auto& row : rows)
-    EXPECT_EQ(ask(std::string("(initget \"") + row.keywords + "\")", "(getkword \"?\")", row.answers), row.value) << row.keywords << ' ' << row.answers;
+    EXPECT_EQ(ask(std::string("(initget \"") + row.keywords + "\")", "(getkword \"?\")", row.answers), row.value)
+        << row.keywords << ' ' << row.answers;
 }
 
 // A keyword is taken before the answer is read in the question's own way; the rest is what bit 128 lets through.
@@ -101,7 +104,8 @@ TEST_F(InitGet, KeywordsBeforeValues) {
       {"(initget 128)", "(getkword \"?\")", "quoi\n", "\"quoi\""},
       {"(initget 134)", "(getint \"?\")", "5\n", "5"},
   };
-  for (const auto& row : rows) EXPECT_EQ(ask(row.initget, row.question, row.answers), row.value) << row.initget << row.question << row.answers;
+  for (const auto& row : rows)
+    EXPECT_EQ(ask(row.initget, row.question, row.answers), row.value) << row.initget << row.question << row.answers;
 }
 
 // Numbers and points at the limits of what is one.

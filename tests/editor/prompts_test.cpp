@@ -49,8 +49,7 @@ TEST_F(Prompts, EndOfTheInputCancels) {
   const std::string seen = session.feed("(getint \"\\nNombre: \")\n");
   EXPECT_NE(seen.find("Function cancelled"), std::string::npos) << seen;
   EXPECT_EQ(session.document().failures(), 1);
-  EXPECT_EQ(run("(vl-catch-all-error-message (vl-catch-all-apply 'getpoint '(\"P\")))"),
-            "\"Function cancelled\"");
+  EXPECT_EQ(run("(vl-catch-all-error-message (vl-catch-all-apply 'getpoint '(\"P\")))"), "\"Function cancelled\"");
 }
 
 TEST_F(Prompts, Transcript) {

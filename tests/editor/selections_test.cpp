@@ -64,14 +64,12 @@ TEST_F(Selections, ByPlace) {
          {"(ssget \"C\" '(29. -1. 0.) '(31. 1. 0.))", "nil"},  // inside the circle's rim nothing is drawn
          {"(kinds (ssget \"C\" '(34. -1. 0.) '(36. 1. 0.)))", "(\"CIRCLE\")"},
          {"(kinds (ssget \"F\" '((30. -9. 0.) (30. 9. 0.))))", "(\"LINE\" \"CIRCLE\")"},
-         {"(kinds (ssget \"WP\" '((20. -9. 0.) (40. -9. 0.) (30. 20. 0.)) '((0 . \"CIRCLE\"))))",
-          "(\"CIRCLE\")"},
+         {"(kinds (ssget \"WP\" '((20. -9. 0.) (40. -9. 0.) (30. 20. 0.)) '((0 . \"CIRCLE\"))))", "(\"CIRCLE\")"},
          {"(kinds (ssget \"CP\" '((49. -1. 0.) (52. -1. 0.) (52. 1. 0.))))", "(\"TEXT\")"},
          {"(kinds (ssget '(35. 0. 0.)))", "(\"CIRCLE\")"},
          {"(kinds (ssget \"P\"))", "(\"CIRCLE\")"},
          {"(kinds (ssget \"L\"))", "(\"LINE\")"},
-         {"(progn (command \"-LAYER\" \"F\" \"CERCLES\" \"\") (ssget \"C\" '(34. -1. 0.) '(36. 1. 0.)))",
-          "nil"},
+         {"(progn (command \"-LAYER\" \"F\" \"CERCLES\" \"\") (ssget \"C\" '(34. -1. 0.) '(36. 1. 0.)))", "nil"},
          {"(sslength (ssget \"A\"))", "3"},
          {"(sslength (ssget \"X\"))", "4"}});
 }
@@ -91,8 +89,7 @@ TEST_F(Selections, AskTheUser) {
                     {"nuage\n\n", "nil"}};
   for (const auto& row : rows) {
     session.feed(std::string("(setq ss (ssget))\n") + row.answers);
-    EXPECT_EQ(run("(if ss (reverse (kinds ss)))"), run(std::string("(reverse '") + row.kinds + ")"))
-        << row.answers;
+    EXPECT_EQ(run("(if ss (reverse (kinds ss)))"), run(std::string("(reverse '") + row.kinds + ")")) << row.answers;
   }
 }
 
@@ -111,11 +108,15 @@ TEST_F(Selections, AreSets) {
 
 // Blocks nested ten deep, ten references each, under an array: ten billion lines.
 TEST_F(Selections, EndInDrawingsThatUnfoldToBillions) {
-  run("(progn (entmake '((0 . \"BLOCK\") (2 . \"B0\") (70 . 0) (10 0. 0. 0.))) (entmake '((0 . \"LINE\") (10 0. 0. 0.) (11 1. 1. 0.)))"
+  run("(progn (entmake '((0 . \"BLOCK\") (2 . \"B0\") (70 . 0) (10 0. 0. 0.))) (entmake '((0 . \"LINE\") (10 0. 0. 0.) "
+      "(11 1. 1. 0.)))"
       " (entmake '((0 . \"ENDBLK\"))) (setq i 0)"
-      " (repeat 9 (setq i (1+ i)) (entmake (list '(0 . \"BLOCK\") (cons 2 (strcat \"B\" (itoa i))) '(70 . 0) '(10 0. 0. 0.)))"
-      "  (repeat 10 (entmake (list '(0 . \"INSERT\") (cons 2 (strcat \"B\" (itoa (1- i)))) '(10 0. 0. 0.)))) (entmake '((0 . \"ENDBLK\"))))"
-      " (setq e (entmakex '((0 . \"INSERT\") (2 . \"B9\") (10 1000. 0. 0.) (70 . 30000) (71 . 30000) (44 . 2.) (45 . 2.)))))");
+      " (repeat 9 (setq i (1+ i)) (entmake (list '(0 . \"BLOCK\") (cons 2 (strcat \"B\" (itoa i))) '(70 . 0) '(10 0. "
+      "0. 0.)))"
+      "  (repeat 10 (entmake (list '(0 . \"INSERT\") (cons 2 (strcat \"B\" (itoa (1- i)))) '(10 0. 0. 0.)))) (entmake "
+      "'((0 . \"ENDBLK\"))))"
+      " (setq e (entmakex '((0 . \"INSERT\") (2 . \"B9\") (10 1000. 0. 0.) (70 . 30000) (71 . 30000) (44 . 2.) (45 . "
+      "2.)))))");
   check({{"(kinds (ssget \"C\" '(1000. 0. 0.) '(1000.5 0.5 0.)))", "(\"INSERT\")"},
          {"(kinds (ssget '(1500.5 0.5 0.)))", "(\"INSERT\")"},
          {"(getvar \"EXTMAX\")", "(60999.0 59999.0 0.0)"}});

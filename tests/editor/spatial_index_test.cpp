@@ -21,20 +21,32 @@ class RandomDrawing : public DrawingTest, public testing::WithParamInterface<uns
   int whole(int low, int high) { return std::uniform_int_distribution<int>(low, high)(chance); }
   std::string point() { return std::to_string(number(-50, 50)) + " " + std::to_string(number(-50, 50)) + " 0.0"; }
   std::string real(double low, double high) { return std::to_string(number(low, high)); }
-  std::string group(const char* code, const std::string& value) { return std::string("(") + code + " . " + value + ")"; }
+  std::string group(const char* code, const std::string& value) {
+    return std::string("(") + code + " . " + value + ")";
+  }
 
   std::string geometry() {
     switch (whole(0, 9)) {
       case 0: return "(0 . \"CIRCLE\") (10 " + point() + ")" + group("40", real(0.1, 9));
-      case 1: return "(0 . \"ARC\") (10 " + point() + ")" + group("40", real(0.1, 9)) + group("50", real(0, 6)) + group("51", real(0, 6));
-      case 2: return "(0 . \"LWPOLYLINE\") (100 . \"AcDbEntity\") (100 . \"AcDbPolyline\") (90 . 2) (70 . 1) (10 " + point() + ")" +
-                     group("42", real(-2, 2)) + "(10 " + point() + ")" + group("42", real(-2, 2));
+      case 1:
+        return "(0 . \"ARC\") (10 " + point() + ")" + group("40", real(0.1, 9)) + group("50", real(0, 6)) +
+               group("51", real(0, 6));
+      case 2:
+        return "(0 . \"LWPOLYLINE\") (100 . \"AcDbEntity\") (100 . \"AcDbPolyline\") (90 . 2) (70 . 1) (10 " + point() +
+               ")" + group("42", real(-2, 2)) + "(10 " + point() + ")" + group("42", real(-2, 2));
       case 3: return "(0 . \"POINT\") (10 " + point() + ")";
-      case 4: return "(0 . \"TEXT\") (10 " + point() + ") (1 . \"Regard\")" + group("40", real(0.2, 3)) + group("50", real(0, 6));
+      case 4:
+        return "(0 . \"TEXT\") (10 " + point() + ") (1 . \"Regard\")" + group("40", real(0.2, 3)) +
+               group("50", real(0, 6));
       case 5: return "(0 . \"RAY\") (100 . \"AcDbEntity\") (100 . \"AcDbRay\") (10 " + point() + ") (11 0.6 0.8 0.0)";
-      case 6: return "(0 . \"SOLID\") (10 " + point() + ") (11 " + point() + ") (12 " + point() + ") (13 " + point() + ")";
-      case 7: return "(0 . \"INSERT\") (2 . \"EXT\") (10 " + point() + ")" + group("41", real(0.2, 2)) + group("50", real(0, 6));
-      case 8: return "(0 . \"INSERT\") (2 . \"INT\") (10 " + point() + ") (70 . 3) (71 . 2) (44 . 4.0) (45 . 5.0)" + group("50", real(0, 6));
+      case 6:
+        return "(0 . \"SOLID\") (10 " + point() + ") (11 " + point() + ") (12 " + point() + ") (13 " + point() + ")";
+      case 7:
+        return "(0 . \"INSERT\") (2 . \"EXT\") (10 " + point() + ")" + group("41", real(0.2, 2)) +
+               group("50", real(0, 6));
+      case 8:
+        return "(0 . \"INSERT\") (2 . \"INT\") (10 " + point() + ") (70 . 3) (71 . 2) (44 . 4.0) (45 . 5.0)" +
+               group("50", real(0, 6));
       default: return "(0 . \"LINE\") (10 " + point() + ") (11 " + point() + ")";
     }
   }
@@ -46,7 +58,8 @@ class RandomDrawing : public DrawingTest, public testing::WithParamInterface<uns
     run("(progn (entmake '((0 . \"BLOCK\") (2 . \"INT\") (70 . 0) (10 0. 0. 0.)))"
         " (entmake '((0 . \"LINE\") (10 0. 0. 0.) (11 3. 1. 0.))) (entmake '((0 . \"ENDBLK\")))"
         " (entmake '((0 . \"BLOCK\") (2 . \"EXT\") (70 . 0) (10 1. 0. 0.)))"
-        " (entmake '((0 . \"CIRCLE\") (10 0. 0. 0.) (40 . 2.))) (entmake '((0 . \"INSERT\") (2 . \"INT\") (10 4. 0. 0.)))"
+        " (entmake '((0 . \"CIRCLE\") (10 0. 0. 0.) (40 . 2.))) (entmake '((0 . \"INSERT\") (2 . \"INT\") (10 4. 0. "
+        "0.)))"
         " (entmake '((0 . \"ENDBLK\")))"
         " (defun nth-of (n / e) (setq e (entnext)) (repeat n (if e (setq e (entnext e)))) e)"
         " (entmake '((0 . \"POLYLINE\") (66 . 1))) (entmake '((0 . \"VERTEX\") (10 0. 0. 0.)))"
@@ -105,7 +118,8 @@ TEST_P(RandomDrawing, IsSearchedLikeAWalkOverAll) {
       "(command \"_MOVE\" \"_ALL\" \"\" '(0. 0. 0.) '(7. 3. 0.))",
       "(command \"_UNDO\" 1)",
       "(command \"_REDO\")",
-      "(progn (setq d (entget (cdr (assoc -2 (tblsearch \"BLOCK\" \"INT\"))))) (entmod (subst '(11 20. 9. 0.) (assoc 11 d) d)))",
+      "(progn (setq d (entget (cdr (assoc -2 (tblsearch \"BLOCK\" \"INT\"))))) (entmod (subst '(11 20. 9. 0.) (assoc "
+      "11 d) d)))",
       "(progn (setq d (entget (tblobjname \"STYLE\" \"STANDARD\"))) (entmod (subst '(41 . 3.0) (assoc 41 d) d)))",
       "(progn (setq e (entnext (entnext)) d (entget e)) (entmod (subst '(10 -40. -40. 0.) (assoc 10 d) d)))",
       "(command \"_ERASE\" \"_C\" '(-20. -20. 0.) '(0. 0. 0.) \"\")"};

@@ -49,10 +49,10 @@ TEST_F(Variables, FollowFromTheDrawing) {
 
 // Every row states what it is for, and its default lies within its own limits.
 TEST_F(Variables, EveryOneCanBeRead) {
-  for (const char* name : {"PICKBOX",    "VIEWSIZE", "VIEWCTR",     "SCREENSIZE", "PLATFORM", "LOCALE",
-                           "TEMPPREFIX", "UNDOCTL",  "WORLDUCS",    "UCSNAME",    "PDMODE",   "LTSCALE",
-                           "FILLMODE",   "MIRRTEXT", "DBMOD",       "SPLINESEGS", "PLINEWID", "DELOBJ",
-                           "DIMZIN",     "DIMSTYLE", "MEASUREMENT", "DWGPREFIX",  "SAVENAME"})
+  for (const char* name :
+       {"PICKBOX",  "VIEWSIZE", "VIEWCTR", "SCREENSIZE", "PLATFORM",    "LOCALE",    "TEMPPREFIX", "UNDOCTL",
+        "WORLDUCS", "UCSNAME",  "PDMODE",  "LTSCALE",    "FILLMODE",    "MIRRTEXT",  "DBMOD",      "SPLINESEGS",
+        "PLINEWID", "DELOBJ",   "DIMZIN",  "DIMSTYLE",   "MEASUREMENT", "DWGPREFIX", "SAVENAME"})
     EXPECT_NE(run(std::string("(getvar \"") + name + "\")"), "nil") << name;
 }
 

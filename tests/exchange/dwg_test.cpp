@@ -19,24 +19,32 @@ TEST(Mending, IntegersOfSixteenBits) {
     const char* code;
     const char* found;
     const char* mended;
-  } rows[] = {{"70", "65535", "-1"}, {"62", "65529", "-7"}, {"1070", "32768", "-32768"}, {"1070", "32767", "32767"}, {"370", "65533", "-3"},
-              {"90", "65535", "65535"}, {"1071", "65535", "65535"}, {"40", "65535", "65535"}, {"1", "65535", "65535"}, {"70", "x", "x"}};
+  } rows[] = {
+      {"70", "65535", "-1"},   {"62", "65529", "-7"},    {"1070", "32768", "-32768"}, {"1070", "32767", "32767"},
+      {"370", "65533", "-3"},  {"90", "65535", "65535"}, {"1071", "65535", "65535"},  {"40", "65535", "65535"},
+      {"1", "65535", "65535"}, {"70", "x", "x"}};
   for (const auto& row : rows)
-    EXPECT_EQ(mended(std::string(row.code) + "\n" + row.found + "\n"), std::string(row.code) + "\n" + row.mended + "\n") << row.code << " " << row.found;
+    EXPECT_EQ(mended(std::string(row.code) + "\n" + row.found + "\n"), std::string(row.code) + "\n" + row.mended + "\n")
+        << row.code << " " << row.found;
 }
 
 TEST(Mending, LayersOfExtendedData) {
   const struct {
     const char* found;
     const char* mended;
-  } rows[] = {{"2B1A", "Topo"}, {"2B1A000000000000", "Topo"}, {"B2A1", "Topo"}, {"1A2B", "Topo"}, {"topo", "topo"}, {"FFFF", "FFFF"}, {"", ""}};
+  } rows[] = {{"2B1A", "Topo"}, {"2B1A000000000000", "Topo"},
+              {"B2A1", "Topo"}, {"1A2B", "Topo"},
+              {"topo", "topo"}, {"FFFF", "FFFF"},
+              {"", ""}};
   for (const auto& row : rows)
-    EXPECT_EQ(mended(kLayer + "0\nLINE\n1003\n" + row.found + "\n"), kLayer + "0\nLINE\n1003\n" + row.mended + "\n") << row.found;
+    EXPECT_EQ(mended(kLayer + "0\nLINE\n1003\n" + row.found + "\n"), kLayer + "0\nLINE\n1003\n" + row.mended + "\n")
+        << row.found;
 }
 
 TEST(Mending, LongTextsOfRecords) {
   const std::string a(255, 'a'), b(250, 'b');
-  EXPECT_EQ(mended("0\nXRECORD\n3\n" + a + "\n3\n" + b + "\n300\nfin\n3\ncourt\n1\nx\n"), "0\nXRECORD\n300\n" + a + b + "fin\n3\ncourt\n1\nx\n");
+  EXPECT_EQ(mended("0\nXRECORD\n3\n" + a + "\n3\n" + b + "\n300\nfin\n3\ncourt\n1\nx\n"),
+            "0\nXRECORD\n300\n" + a + b + "fin\n3\ncourt\n1\nx\n");
   EXPECT_EQ(mended("0\nXRECORD\n3\n" + a + "\n40\n1.0\n"), "0\nXRECORD\n3\n" + a + "\n40\n1.0\n");
   // a paragraph's own way of long texts
   EXPECT_EQ(mended("0\nMTEXT\n3\n" + a + "\n1\nfin\n"), "0\nMTEXT\n3\n" + a + "\n1\nfin\n");
@@ -59,14 +67,17 @@ class Dwg : public Program {
     write("dwg/convertir.mjs", "");
     write("bin/node", "#!/bin/sh\n" + node);
     std::filesystem::permissions(folder() / "bin" / "node", std::filesystem::perms::owner_all);
-    prefix = "env KAVEL_DWG='" + (folder() / "dwg").string() + "' PATH='" + (folder() / "bin").string() + ":/usr/bin:/bin'";
+    prefix =
+        "env KAVEL_DWG='" + (folder() / "dwg").string() + "' PATH='" + (folder() / "bin").string() + ":/usr/bin:/bin'";
   }
 };
 
 TEST(Dwg, OpensThroughTheConverterAndSavesAsDxf) {
   Dwg program;
   program.converter("cp \"$2\" \"$3\"\n");
-  program.write("a.DWG", "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\n0\n62\n65535\n10\n1.0\n20\n2.0\n11\n3.0\n21\n4.0\n0\nENDSEC\n0\nEOF\n");
+  program.write(
+      "a.DWG",
+      "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\n0\n62\n65535\n10\n1.0\n20\n2.0\n11\n3.0\n21\n4.0\n0\nENDSEC\n0\nEOF\n");
   program.run("a.DWG -e '(cdr (assoc 62 (entget (entlast))))' -o b.dxf");
   EXPECT_EQ(program.status, 0) << program.output;
   EXPECT_NE(program.output.find("il s'enregistre en DXF"), std::string::npos) << program.output;
@@ -81,12 +92,15 @@ TEST(Dwg, SaysWhatIsMissingOrFailed) {
   program.write("a.dwg", "AC1032");
   program.prefix = "env HOME=/nonexistent XDG_DATA_HOME=/nonexistent KAVEL_DWG=/nonexistent";
   EXPECT_EQ(program.run("a.dwg -e 1").status, 3);
-  EXPECT_NE(program.output.find("kavel: a.dwg: pour ouvrir les dessins DWG, installez le convertisseur"), std::string::npos) << program.output;
+  EXPECT_NE(program.output.find("kavel: a.dwg: pour ouvrir les dessins DWG, installez le convertisseur"),
+            std::string::npos)
+      << program.output;
   EXPECT_EQ(program.run("absent.dwg -e 1").status, 3);
   EXPECT_NE(program.output.find("absent.dwg: fichier introuvable"), std::string::npos) << program.output;
   program.converter("echo 'version inconnue'; exit 1\n");
   EXPECT_EQ(program.run("a.dwg -e 1").status, 3);
-  EXPECT_NE(program.output.find("le convertisseur DWG a echoue: version inconnue"), std::string::npos) << program.output;
+  EXPECT_NE(program.output.find("le convertisseur DWG a echoue: version inconnue"), std::string::npos)
+      << program.output;
   program.converter("exit 0\n");
   EXPECT_EQ(program.run("a.dwg -e 1").status, 3) << program.output;
 }

@@ -10,19 +10,24 @@ namespace {
 using kaveltest::FrontEnd;
 
 std::string landXml(const std::string& profile, const std::string& unit = "<Metric linearUnit=\"meter\"/>") {
-  return "<?xml version=\"1.0\"?>\n<LandXML version=\"1.2\"><Units>" + unit + "</Units><Alignments>\n<Alignment name=\"Rue A\" staStart=\"100\"><Profile>\n" +
-         profile + "\n</Profile></Alignment></Alignments></LandXML>\n";
+  return "<?xml version=\"1.0\"?>\n<LandXML version=\"1.2\"><Units>" + unit +
+         "</Units><Alignments>\n<Alignment name=\"Rue A\" staStart=\"100\"><Profile>\n" + profile +
+         "\n</Profile></Alignment></Alignments></LandXML>\n";
 }
 
-const std::string kGround = "<ProfSurf name=\"TN\" state=\"existing\"><PntList2D>100 50 160 51 200 50</PntList2D></ProfSurf>";
+const std::string kGround =
+    "<ProfSurf name=\"TN\" state=\"existing\"><PntList2D>100 50 160 51 200 50</PntList2D></ProfSurf>";
 
-std::string project(const std::string& vertices) { return kGround + "<ProfAlign name=\"Axe\">\n" + vertices + "</ProfAlign>"; }
+std::string project(const std::string& vertices) {
+  return kGround + "<ProfAlign name=\"Axe\">\n" + vertices + "</ProfAlign>";
+}
 
 class Exchange : public FrontEnd {
  public:
   std::string read(const std::string& text, const std::string& expression) {
     file("a.xml", text);
-    return eval("(progn (setq lu (landxml-lire \"" + path("a.xml") + "\") axe (car (plv-cle 'axes lu))) " + expression + ")");
+    return eval("(progn (setq lu (landxml-lire \"" + path("a.xml") + "\") axe (car (plv-cle 'axes lu))) " + expression +
+                ")");
   }
   std::string create(const std::string& text) {
     file("a.xml", text);
@@ -38,27 +43,33 @@ TEST(LandXml, ReadsEveryFormOfVertex) {
     const char* printed;
   } rows[] = {
       {"<PVI>100 50</PVI><PVI>200 52</PVI>", "((100.0 50.0) (200.0 52.0))"},
-      {"<PVI>100 50</PVI><ParaCurve length='20'>150 51</ParaCurve><PVI>200 50</PVI>", "((100.0 50.0) (150.0 51.0 \"P\" 20.0) (200.0 50.0))"},
+      {"<PVI>100 50</PVI><ParaCurve length='20'>150 51</ParaCurve><PVI>200 50</PVI>",
+       "((100.0 50.0) (150.0 51.0 \"P\" 20.0) (200.0 50.0))"},
       {"<PVI>100 50</PVI><UnsymParaCurve lengthIn='10' lengthOut='30'>150 51</UnsymParaCurve><PVI>200 50</PVI>",
        "((100.0 50.0) (150.0 51.0 \"U\" 10.0 30.0) (200.0 50.0))"},
       // the sign of a radius says nothing
       {"<PVI>100 50</PVI><CircCurve length='20' radius='-500'>150 51</CircCurve><PVI>200 50</PVI>",
        "((100.0 50.0) (150.0 51.0 \"C\" 500.0 20.0) (200.0 50.0))"},
       // the same station twice, a curve without length, a curve in a straight grade
-      {"<PVI>100 50</PVI><ParaCurve length='0'>150 51</ParaCurve><PVI>200 50</PVI><PVI>200 50</PVI>", "((100.0 50.0) (150.0 51.0) (200.0 50.0))"},
-      {"<PVI>100 50</PVI><ParaCurve length='20'>150 51</ParaCurve><PVI>200 52</PVI>", "((100.0 50.0) (150.0 51.0) (200.0 52.0))"},
+      {"<PVI>100 50</PVI><ParaCurve length='0'>150 51</ParaCurve><PVI>200 50</PVI><PVI>200 50</PVI>",
+       "((100.0 50.0) (150.0 51.0) (200.0 50.0))"},
+      {"<PVI>100 50</PVI><ParaCurve length='20'>150 51</ParaCurve><PVI>200 52</PVI>",
+       "((100.0 50.0) (150.0 51.0) (200.0 52.0))"},
       // other programs' elements and prefixes are passed over
       {"<Feature/><x:PVI xmlns:x='u'>100 50</x:PVI><PVI>200 52<Feature/></PVI>", "((100.0 50.0) (200.0 52.0))"},
   };
   Exchange session;
-  for (const auto& row : rows) EXPECT_EQ(session.read(landXml(project(row.vertices)), kVertices), row.printed) << row.vertices;
+  for (const auto& row : rows)
+    EXPECT_EQ(session.read(landXml(project(row.vertices)), kVertices), row.printed) << row.vertices;
 }
 
 TEST(LandXml, ACircleWithoutRadiusTakesItFromItsArc) {
   Exchange session;
   const std::string vertices = "<PVI>100 50</PVI><CircCurve length='20'>150 55</CircCurve><PVI>200 50</PVI>";
   // an arc of 20 m over twice atan 0.1
-  EXPECT_EQ(session.read(landXml(project(vertices)), "(rtos (nth 3 (cadr (plv-cle 'sommets (car (plv-cle 'projets axe))))) 2 6)"), "\"100.332449\"");
+  EXPECT_EQ(session.read(landXml(project(vertices)),
+                         "(rtos (nth 3 (cadr (plv-cle 'sommets (car (plv-cle 'projets axe))))) 2 6)"),
+            "\"100.332449\"");
 }
 
 TEST(LandXml, ConvertsUnits) {
@@ -73,8 +84,11 @@ TEST(LandXml, ConvertsUnits) {
   Exchange session;
   const std::string point = "(cadr (car (plv-cle 'troncons (car (plv-cle 'terrains axe)))))";
   for (const auto& row : rows)
-    EXPECT_EQ(session.read(landXml(kGround, row.unit), "(list (equal (car " + point + ") " + row.station + " 1e-9) (equal (cadr " + point + ") " + row.level + " 1e-9))"),
-              "(T T)") << row.unit;
+    EXPECT_EQ(
+        session.read(landXml(kGround, row.unit), "(list (equal (car " + point + ") " + row.station +
+                                                     " 1e-9) (equal (cadr " + point + ") " + row.level + " 1e-9))"),
+        "(T T)")
+        << row.unit;
 }
 
 TEST(LandXml, ErrorsNameAlignmentElementAndStation) {
@@ -86,15 +100,20 @@ TEST(LandXml, ErrorsNameAlignmentElementAndStation) {
        "a.xml:4: axe \"Rue A\", terrain \"TN\": PntList2D, station 160.000: nombre illisible \"x51\""},
       {landXml("<ProfSurf name='TN'><PntList2D>100 50 160</PntList2D></ProfSurf>"),
        "a.xml:4: axe \"Rue A\", terrain \"TN\": PntList2D, station 160.000: nombre impair de valeurs"},
-      {landXml(project("<PVI>100 50</PVI>\n<ParaCurve length='80'>150 51</ParaCurve>\n<ParaCurve length='40'>170 50</ParaCurve>\n<PVI>200 52</PVI>")),
-       "a.xml:7: axe \"Rue A\", ligne de projet \"Axe\": ParaCurve, station 170.000: les raccordements se chevauchent de 40.000 m"},
+      {landXml(project("<PVI>100 50</PVI>\n<ParaCurve length='80'>150 51</ParaCurve>\n<ParaCurve length='40'>170 "
+                       "50</ParaCurve>\n<PVI>200 52</PVI>")),
+       "a.xml:7: axe \"Rue A\", ligne de projet \"Axe\": ParaCurve, station 170.000: les raccordements se chevauchent "
+       "de 40.000 m"},
       {landXml(project("<PVI>100 50</PVI>\n<CircCurve radius='9000'>110 51</CircCurve>\n<PVI>200 52</PVI>")),
        "a.xml:6: axe \"Rue A\", ligne de projet \"Axe\": CircCurve, station 110.000: les raccordements se chevauchent"},
       {landXml(project("<PVI>100 50</PVI><PVI>90 51</PVI>")), "PVI, station 90.000: la station ne va pas en croissant"},
-      {landXml(project("<ParaCurve length='10'>100 50</ParaCurve><PVI>190 51</PVI>")), "ParaCurve, station 100.000: raccordement au premier"},
+      {landXml(project("<ParaCurve length='10'>100 50</ParaCurve><PVI>190 51</PVI>")),
+       "ParaCurve, station 100.000: raccordement au premier"},
       {landXml(project("<PVI>100 50 3 4</PVI><PVI>190 51</PVI>")), "PVI: une station et une altitude attendues"},
-      {landXml(project("<PVI>100 50</PVI><ParaCurve length='-3'>150 50</ParaCurve><PVI>190 51</PVI>")), "ParaCurve, station 150.000: length negatif"},
-      {landXml(project("<PVI>100 50</PVI><ParaCurve length='3m'>150 50</ParaCurve><PVI>190 51</PVI>")), "ParaCurve, station 150.000: length: nombre illisible \"3m\""},
+      {landXml(project("<PVI>100 50</PVI><ParaCurve length='-3'>150 50</ParaCurve><PVI>190 51</PVI>")),
+       "ParaCurve, station 150.000: length negatif"},
+      {landXml(project("<PVI>100 50</PVI><ParaCurve length='3m'>150 50</ParaCurve><PVI>190 51</PVI>")),
+       "ParaCurve, station 150.000: length: nombre illisible \"3m\""},
       {landXml(project("<PVI>100 nan</PVI><PVI>190 51</PVI>")), "nombre illisible \"nan\""},
       {landXml(project("<PVI>100 1e300</PVI><PVI>190 51</PVI>")), "PVI, station 100.000: valeur hors limites: 1e300"},
       {landXml(project("<PVI>100 50</PVI>")), "deux sommets au moins"},
@@ -114,29 +133,41 @@ TEST(LandXml, ErrorsNameAlignmentElementAndStation) {
 
 TEST(LandXml, CurvesThatTouchMayOverlapByTheRoundingOfNumbers) {
   Exchange session;
-  const std::string vertices = "<PVI>100 50</PVI><ParaCurve length='40.002'>140 51</ParaCurve><ParaCurve length='40'>180 50</ParaCurve><PVI>200 52</PVI>";
+  const std::string vertices =
+      "<PVI>100 50</PVI><ParaCurve length='40.002'>140 51</ParaCurve><ParaCurve length='40'>180 50</ParaCurve><PVI>200 "
+      "52</PVI>";
   EXPECT_NE(session.create(landXml(project(vertices))), "nil");
   EXPECT_EQ(session.eval("(length (plv-elements-du-projet p \"Projet\"))"), "4") << session.transcript();
 }
 
 TEST(LandXml, AGapInTheGroundIsCrossedStraightAndSaid) {
   Exchange session;
-  EXPECT_NE(session.create(landXml("<ProfSurf name='TN'><PntList2D>100 50 120 51</PntList2D><PntList2D>140 53 200 50</PntList2D></ProfSurf>")), "nil");
+  EXPECT_NE(
+      session.create(landXml(
+          "<ProfSurf name='TN'><PntList2D>100 50 120 51</PntList2D><PntList2D>140 53 200 50</PntList2D></ProfSurf>")),
+      "nil");
   EXPECT_NE(session.transcript().find("Terrain absent entre les stations 120.00 et 140.00"), std::string::npos);
   // A change of plane in the gap adds a ground point there, which doesn't leave.
   session.eval("(progn (plv-pc p \"A\" 130.0 45.0) (plv-export-landxml (list p) \"" + session.path("b.xml") + "\"))");
-  EXPECT_EQ(session.eval("(plv-cle 'troncons (car (plv-cle 'terrains (car (plv-cle 'axes (landxml-lire \"" + session.path("b.xml") + "\"))))))"),
-            "(((100.0 50.0) (120.0 51.0)) ((140.0 53.0) (200.0 50.0)))") << session.transcript();
+  EXPECT_EQ(session.eval("(plv-cle 'troncons (car (plv-cle 'terrains (car (plv-cle 'axes (landxml-lire \"" +
+                         session.path("b.xml") + "\"))))))"),
+            "(((100.0 50.0) (120.0 51.0)) ((140.0 53.0) (200.0 50.0)))")
+      << session.transcript();
 }
 
 TEST(LandXml, AProjectLineIsCutAtTheEndsOfTheProfile) {
   Exchange session;
   // the end of the ground, 200, stands inside the second curve
-  session.create(landXml(project("<PVI>80 49</PVI><ParaCurve length='40'>150 52.5</ParaCurve><CircCurve radius='500' length='0'>205 49</CircCurve><PVI>260 52</PVI>")));
-  session.eval("(defun z (d) (plv-reel (plv-altitude-projet p (plv-elements-situes p \"Projet\") (plv-tables:plans p) d) 4))");
-  EXPECT_EQ(session.eval("(mapcar 'z '(0.0 20.0 50.0))"), "(\"50.0000\" \"51.0000\" \"51.9318\")") << session.transcript();
+  session.create(
+      landXml(project("<PVI>80 49</PVI><ParaCurve length='40'>150 52.5</ParaCurve><CircCurve radius='500' "
+                      "length='0'>205 49</CircCurve><PVI>260 52</PVI>")));
+  session.eval(
+      "(defun z (d) (plv-reel (plv-altitude-projet p (plv-elements-situes p \"Projet\") (plv-tables:plans p) d) 4))");
+  EXPECT_EQ(session.eval("(mapcar 'z '(0.0 20.0 50.0))"), "(\"50.0000\" \"51.0000\" \"51.9318\")")
+      << session.transcript();
   // The vertex at 205: grades -7/110 and 3/55; the circle's altitude at 200, worked out from its centre.
-  const double p1 = -3.5 / 55, p2 = 3.0 / 55, opening = std::atan(p2) - std::atan(p1), tangent = 500 * std::tan(opening / 2);
+  const double p1 = -3.5 / 55, p2 = 3.0 / 55, opening = std::atan(p2) - std::atan(p1),
+               tangent = 500 * std::tan(opening / 2);
   const double start = 205 - tangent * std::cos(std::atan(p1)), level = 49 - p1 * (205 - start);
   const double x0 = start - 500 * std::sin(std::atan(p1)), y0 = level + 500 * std::cos(std::atan(p1));
   const double expected = y0 - std::sqrt(500.0 * 500 - (200 - x0) * (200 - x0));
@@ -145,26 +176,33 @@ TEST(LandXml, AProjectLineIsCutAtTheEndsOfTheProfile) {
 
 TEST(LandXml, AnAlignmentWithoutGroundFollowsItsProject) {
   Exchange session;
-  EXPECT_NE(session.create(landXml("<ProfAlign name='Voirie'><PVI>100 50</PVI><ParaCurve length='40'>150 52</ParaCurve><PVI>200 50</PVI></ProfAlign>")), "nil");
+  EXPECT_NE(session.create(landXml("<ProfAlign name='Voirie'><PVI>100 50</PVI><ParaCurve length='40'>150 "
+                                   "52</ParaCurve><PVI>200 50</PVI></ProfAlign>")),
+            "nil");
   EXPECT_NE(session.transcript().find("suit la ligne de projet"), std::string::npos);
   EXPECT_EQ(session.eval("(list (cadr (pl_InfosTn p)) (plv-genres-du-projet p))"), "(100.0 (\"Voirie\"))");
 }
 
 TEST(LandXml, SaysWhatIsLeftOutOrDoesNotFit) {
   Exchange session;
-  const std::string text = "<LandXML><Alignments><Alignment name=\"A\">\n<StaEquation staBack=\"10\" staAhead=\"20\"/>"
-                           "<Profile><ProfAlign name=\"P\"><PVI>0 50</PVI><CircCurve length=\"30\" radius=\"500\">50 55</CircCurve><PVI>100 50</PVI></ProfAlign>"
-                           "</Profile></Alignment></Alignments></LandXML>";
+  const std::string text =
+      "<LandXML><Alignments><Alignment name=\"A\">\n<StaEquation staBack=\"10\" staAhead=\"20\"/>"
+      "<Profile><ProfAlign name=\"P\"><PVI>0 50</PVI><CircCurve length=\"30\" radius=\"500\">50 55</CircCurve><PVI>100 "
+      "50</PVI></ProfAlign>"
+      "</Profile></Alignment></Alignments></LandXML>";
   const std::string warnings = session.read(text, "(plv-cle 'avertissements lu)");
   EXPECT_NE(warnings.find("l'equation de station de la ligne 2"), std::string::npos) << warnings;
-  EXPECT_NE(warnings.find("station 50.000: l'arc de 30.000 m ne va pas avec le rayon; le rayon de 500.000 m"), std::string::npos) << warnings;
+  EXPECT_NE(warnings.find("station 50.000: l'arc de 30.000 m ne va pas avec le rayon; le rayon de 500.000 m"),
+            std::string::npos)
+      << warnings;
 }
 
 TEST(LandXml, WritingRefusesWhatIsNoList) {
   Exchange session;
   const std::string path = "(landxml-ecrire \"" + session.path("c.xml") + "\" \"p\" ";
-  for (const char* axes : {"12)", "'(((nom . 5))))", "'(((projets ((sommets (1.0)))))))", "'(((projets ((sommets (1.0 2.0 \"P\")))))))",
-                           "'(((projets ((sommets (1.0 2.0 \"X\" 3.0)))))))", "'(((terrains ((troncons ((1.0 \"a\"))))))))"}) {
+  for (const char* axes :
+       {"12)", "'(((nom . 5))))", "'(((projets ((sommets (1.0)))))))", "'(((projets ((sommets (1.0 2.0 \"P\")))))))",
+        "'(((projets ((sommets (1.0 2.0 \"X\" 3.0)))))))", "'(((terrains ((troncons ((1.0 \"a\"))))))))"}) {
     EXPECT_THROW(session.eval(path + axes), std::runtime_error) << axes;
     EXPECT_FALSE(std::filesystem::exists(session.path("c.xml"))) << axes;
   }
@@ -174,14 +212,21 @@ TEST(LandXml, WritingRefusesWhatIsNoList) {
 TEST(LandXml, TheCommandLetsChoose) {
   Exchange session;
   session.file("deux.xml",
-               "<LandXML><Alignments><Alignment name=\"Rue A\"><Profile>" + kGround + "</Profile></Alignment><Alignment name=\"Vide\"/>"
-               "<Alignment name=\"Rue B\"><Profile><ProfSurf name=\"projete\" state=\"proposed\"><PntList2D>0 1 9 2</PntList2D></ProfSurf>"
-               "<ProfSurf name=\"TN\" state=\"existing\"><PntList2D>0 20 80 21</PntList2D></ProfSurf><ProfAlign name=\"P1\"><PVI>0 20</PVI><PVI>80 22</PVI></ProfAlign>"
-               "<ProfAlign name=\"P2\"><PVI>0 20</PVI><PVI>80 22</PVI></ProfAlign></Profile></Alignment></Alignments></LandXML>");
-  const std::string said = session.feed("PLV-NOUVEAU\n" + session.path("deux.xml") + "\n2\n1\n\n0,0\n10\n2.5\n150\nA\nVoirie\nLaisser\n");
+               "<LandXML><Alignments><Alignment name=\"Rue A\"><Profile>" + kGround +
+                   "</Profile></Alignment><Alignment name=\"Vide\"/>"
+                   "<Alignment name=\"Rue B\"><Profile><ProfSurf name=\"projete\" state=\"proposed\"><PntList2D>0 1 9 "
+                   "2</PntList2D></ProfSurf>"
+                   "<ProfSurf name=\"TN\" state=\"existing\"><PntList2D>0 20 80 21</PntList2D></ProfSurf><ProfAlign "
+                   "name=\"P1\"><PVI>0 20</PVI><PVI>80 22</PVI></ProfAlign>"
+                   "<ProfAlign name=\"P2\"><PVI>0 20</PVI><PVI>80 "
+                   "22</PVI></ProfAlign></Profile></Alignment></Alignments></LandXML>");
+  const std::string said =
+      session.feed("PLV-NOUVEAU\n" + session.path("deux.xml") + "\n2\n1\n\n0,0\n10\n2.5\n150\nA\nVoirie\nLaisser\n");
   EXPECT_NE(said.find("  2  Rue B (terrains: 2, lignes de projet: 2)"), std::string::npos) << said;
-  EXPECT_EQ(session.eval("(list (plv-numero-profil (car (plv-profils))) (cadr (pl_InfosTn (car (plv-profils)))) (plv-genres-du-projet (car (plv-profils))))"),
-            "(\"Rue B\" 80.0 (\"Voirie\"))") << said;
+  EXPECT_EQ(session.eval("(list (plv-numero-profil (car (plv-profils))) (cadr (pl_InfosTn (car (plv-profils)))) "
+                         "(plv-genres-du-projet (car (plv-profils))))"),
+            "(\"Rue B\" 80.0 (\"Voirie\"))")
+      << said;
 }
 
 }  // namespace

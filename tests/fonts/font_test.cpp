@@ -115,9 +115,8 @@ TEST(Font, ServesSeveralThreads) {
   double widths[4] = {};
   std::vector<std::thread> threads;
   for (double& width : widths)
-    threads.emplace_back([&width] {
-      width = Font({.file = "DejaVuSerif.ttf"}).extents("Fil d'eau 98,72 à gauche", 2).ink.width();
-    });
+    threads.emplace_back(
+        [&width] { width = Font({.file = "DejaVuSerif.ttf"}).extents("Fil d'eau 98,72 à gauche", 2).ink.width(); });
   for (std::thread& thread : threads) thread.join();
   for (const double width : widths) EXPECT_EQ(width, widths[0]);
 }

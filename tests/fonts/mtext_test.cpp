@@ -22,8 +22,7 @@ std::string words(std::string_view contents) {
   for (const MTextToken& token : readMText(decodeUtf8(contents), {})) {
     if (token.kind == MTextToken::Kind::newline) out += '|';
     out += encodeUtf8(token.text);
-    if (token.kind == MTextToken::Kind::stack)
-      out += encodeUtf8(std::u32string(1, token.divider) + token.lower);
+    if (token.kind == MTextToken::Kind::stack) out += encodeUtf8(std::u32string(1, token.divider) + token.lower);
   }
   return out;
 }
@@ -86,8 +85,7 @@ TEST(MText, AttachmentPlacesTheBlock) {
 TEST(MText, WrapsAtSpacesOnly) {
   const double word = layoutMText("profil", style()).width;
   const auto lines = [&](const char* contents, double wrap) {
-    return static_cast<int>(std::lround((layoutMText(contents, style(1, wrap)).height / 2 - 1) / (5.0 / 3))) +
-           1;
+    return static_cast<int>(std::lround((layoutMText(contents, style(1, wrap)).height / 2 - 1) / (5.0 / 3))) + 1;
   };
   EXPECT_EQ(lines("profil profil profil", 0), 1);
   EXPECT_EQ(lines("profil profil profil", 1.2 * word), 3);

@@ -12,7 +12,8 @@ class Faults : public FrontEnd {
  public:
   Faults() {
     file("g.csv", "0;52\n40;53\n100;51\n200;52\n");
-    eval("(setq p (plv-nouveau \"" + path("g.csv") + "\" \"1\" '(0.0 0.0 0.0) 10.0 2.5 150.0 '((0.0 45.0) (100.0 44.0))))");
+    eval("(setq p (plv-nouveau \"" + path("g.csv") +
+         "\" \"1\" '(0.0 0.0 0.0) 10.0 2.5 150.0 '((0.0 45.0) (100.0 44.0))))");
     eval(R"((progn
       (setq nan (- (* 1e300 1e300) (* 1e300 1e300)))
       (setq bonne (entmakex '((0 . "LINE") (10 0.0 60.0 0.0) (11 200.0 70.0 0.0))))
@@ -52,12 +53,14 @@ TEST(BadEntities, AreMetByEveryFunction) {
     session.eval(std::string("(setq e ") + entity + ")");
     ASSERT_NE(session.eval("e"), "nil") << entity;
     for (const char* call :
-         {"(pl_yat e 50.0)", "(pl_curvelength e 10.0)", "(pl_areacalc e 10.0)", "(pl_glp p (jeu e))", "(pl_PointsPrjRef p (jeu e) (jeu e))",
-          "(pl_elem_prj p \"Projet\" (jeu e))", "(pl_elem_prj p \"Voirie\" e bonne)", "(pl_elem_ponct p \"AEP\" '(100.0 0.0 0.0) e)",
-          "(pl_CotAttribsAuto e)", "(pl_NotifInsertBlock e)", "(pl_elem_prj e \"Projet\" bonne)", "(pl_InfosTn e)", "(plgxd e \"ECHV\")"})
+         {"(pl_yat e 50.0)", "(pl_curvelength e 10.0)", "(pl_areacalc e 10.0)", "(pl_glp p (jeu e))",
+          "(pl_PointsPrjRef p (jeu e) (jeu e))", "(pl_elem_prj p \"Projet\" (jeu e))",
+          "(pl_elem_prj p \"Voirie\" e bonne)", "(pl_elem_ponct p \"AEP\" '(100.0 0.0 0.0) e)", "(pl_CotAttribsAuto e)",
+          "(pl_NotifInsertBlock e)", "(pl_elem_prj e \"Projet\" bonne)", "(pl_InfosTn e)", "(plgxd e \"ECHV\")"})
       EXPECT_NO_THROW(session.eval(call)) << entity << call;
-    for (const char* call : {"(pl_cotauto p \"Projet\" 10.0 0.0)", "(pl_repspc p)", "(pl_listerAltitudes p)", "(pl_modifpente 10.0)",
-                             "(pl_modifLongueur 10.0)", "(pl_assoc_prj (plv-support p \"Projet\"))"})
+    for (const char* call :
+         {"(pl_cotauto p \"Projet\" 10.0 0.0)", "(pl_repspc p)", "(pl_listerAltitudes p)", "(pl_modifpente 10.0)",
+          "(pl_modifLongueur 10.0)", "(pl_assoc_prj (plv-support p \"Projet\"))"})
       EXPECT_NO_THROW(session.feed(std::string(call) + "\n(list e '(50.0 60.0))\n2\n\n\n")) << entity << call;
     for (const char* call : {"(plv-pc p \"A\" 60.0 44.0)", "(plv-pc p \"M\" 60.0 43.0)", "(plv-pc p \"S\" 60.0 nil)"})
       EXPECT_NO_THROW(session.eval(call)) << entity << call;
@@ -79,7 +82,8 @@ TEST(BadRecords, OfAnotherProgramAreFound) {
     const char* code;  // "" for none
   } rows[] = {
       {"ELEMS_STATIQUES_KAVEL", "'((102 . \"{\") (10 5.0 0.0 0.0) (102 . \"{\") (102 . \"}\") (102 . \"}\"))", ""},
-      {"ELEMS_STATIQUES_KAVEL", "'((102 . \"{\") (10 5.0 0.0 0.0) (102 . \"{\") (102 . \"}\") (102 . \"{\") (102 . \"}\") (102 . \"}\"))", ""},
+      {"ELEMS_STATIQUES_KAVEL",
+       "'((102 . \"{\") (10 5.0 0.0 0.0) (102 . \"{\") (102 . \"}\") (102 . \"{\") (102 . \"}\") (102 . \"}\"))", ""},
       {"ELEMS_STATIQUES_KAVEL", "'((102 . \"{\") (10 5.0 0.0 0.0) (102 . \"{\") (102 . \"}\"))", "P08"},
       {"ELEMS_STATIQUES_KAVEL", "'((102 . \"{\") (40 . 5.0) (102 . \"{\") (102 . \"}\") (102 . \"}\"))", "P08"},
       {"ELEMS_STATIQUES_KAVEL", "'((1 . \"{\"))", "P08"},
@@ -89,7 +93,8 @@ TEST(BadRecords, OfAnotherProgramAreFound) {
   };
   for (const auto& row : rows) {
     Faults session;
-    session.eval(std::string("(plv-ecrire-enregistrement (plv-support p \"AEp\") \"") + row.record + "\" " + row.groups + ")");
+    session.eval(std::string("(plv-ecrire-enregistrement (plv-support p \"AEp\") \"") + row.record + "\" " +
+                 row.groups + ")");
     session.transcript();
     const std::string found = session.eval("(plv-audit)"), said = session.transcript();
     EXPECT_EQ(found, *row.code ? "1" : "0") << row.groups << said;

@@ -26,7 +26,9 @@ class FrontEnd : public Session {
   FrontEnd(const FrontEnd&) = delete;
   FrontEnd& operator=(const FrontEnd&) = delete;
 
-  void file(const std::string& name, const std::string& text) const { std::ofstream(folder_ / name, std::ios::binary) << text; }
+  void file(const std::string& name, const std::string& text) const {
+    std::ofstream(folder_ / name, std::ios::binary) << text;
+  }
   std::string path(const std::string& name) const { return (folder_ / name).string(); }
 
  private:

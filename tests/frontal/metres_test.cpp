@@ -20,7 +20,9 @@ TEST(Quantities, OneCallMeasuresHatchesAndWrites) {
   EXPECT_TRUE(std::filesystem::exists(session.path("m.xlsx")));
   EXPECT_FALSE(std::filesystem::exists(session.path("m.xlsx.nouveau.xlsx")));
   // Depth 0.5 at the start, 2 at 60 m, 1 at the end; at 40 m 46 - 44.8333.
-  EXPECT_EQ(session.eval("(equal (apply '+ (mapcar 'cadddr (cdadr m))) (+ (* 40 0.5 (+ 0.5 1.1666666666666667)) (* 20 0.5 3.1666666666666667) (* 40 0.5 3.0)) 1e-9)"), "T");
+  EXPECT_EQ(session.eval("(equal (apply '+ (mapcar 'cadddr (cdadr m))) (+ (* 40 0.5 (+ 0.5 1.1666666666666667)) (* 20 "
+                         "0.5 3.1666666666666667) (* 40 0.5 3.0)) 1e-9)"),
+            "T");
   EXPECT_EQ(session.eval("(list (cadr (cadadr m)) (caddr (plv-dernier (cadr m))))"), "(0.0 100.0)");
   EXPECT_NE(session.count("HATCH"), "0");
   EXPECT_EQ(session.eval("(cdr (assoc 8 (entget (ssname s 0))))"), "\"PLV-HACHURES\"");
@@ -29,7 +31,9 @@ TEST(Quantities, OneCallMeasuresHatchesAndWrites) {
   session.measured("nil", "", true);
   EXPECT_EQ(session.count("HATCH"), once);
   // Without hatches nothing stays in the drawing, their groups neither.
-  const std::string groups = "(length (vl-remove-if-not '(lambda (g) (and (= (car g) 350) (entget (cdr g)))) (dictsearch (namedobjdict) \"ACAD_GROUP\")))";
+  const std::string groups =
+      "(length (vl-remove-if-not '(lambda (g) (and (= (car g) 350) (entget (cdr g)))) (dictsearch (namedobjdict) "
+      "\"ACAD_GROUP\")))";
   const std::string before = session.count("HATCH") + session.eval(groups), drawn = session.count("LWPOLYLINE");
   session.measured("'(\"P1\" \"P1\")", session.path("m.xlsx"));  // replaces the workbook
   EXPECT_EQ(session.count("HATCH") + session.eval(groups), before);
@@ -42,15 +46,28 @@ TEST(Quantities, UnusualLinesAreMeasuredRight) {
   const struct {
     const char *what, *ground, *prepare, *classes;
   } rows[] = {
-      {"above the ground, then below", kaveltest::kGround, "(plv-projet p \"Projet\" '((1000.0 51.0) (1060.0 44.5) (1100.0 39.5)))", "(0 0 1)"},
-      {"along the limit of a class", kaveltest::kGround, "(plv-projet p \"Projet\" '((1000.0 49.0) (1040.0 45.0) (1060.0 43.5) (1100.0 39.0)))", "(1 1)"},
-      {"on the ground", kaveltest::kGround, "(plv-projet p \"Projet\" '((1000.0 50.0) (1040.0 46.0) (1060.0 44.5) (1100.0 40.0)))", "(0 0)"},
+      {"above the ground, then below", kaveltest::kGround,
+       "(plv-projet p \"Projet\" '((1000.0 51.0) (1060.0 44.5) (1100.0 39.5)))", "(0 0 1)"},
+      {"along the limit of a class", kaveltest::kGround,
+       "(plv-projet p \"Projet\" '((1000.0 49.0) (1040.0 45.0) (1060.0 43.5) (1100.0 39.0)))", "(1 1)"},
+      {"on the ground", kaveltest::kGround,
+       "(plv-projet p \"Projet\" '((1000.0 50.0) (1040.0 46.0) (1060.0 44.5) (1100.0 40.0)))", "(0 0)"},
       {"through a wall of the ground", wall, "(plv-projet p \"Projet\" '((0.0 45.2) (100.0 45.2)))", "(6 5 4 3)"},
-      {"a wall that comes out above the line", wall, "(plv-projet p \"Projet\" '((0.0 48.8) (100.0 46.8)))", "(2 3 2 1 0 1)"},
-      {"a drop of the line within a class", wall, R"((plv-attacher p "Projet" (list (entmakex '((0 . "LWPOLYLINE") (100 . "AcDbEntity") (100 . "AcDbPolyline") (90 . 4) (70 . 0) (10 45.0 6.0) (10 60.0 6.0) (10 60.0 5.0) (10 90.0 5.0))))))", "(1)"},
-      {"a line drawn from right to left", wall, "(plv-attacher p \"Projet\" (list (plv-ligne \"0\" '(90.0 5.0 0.0) '(50.0 5.0 0.0))))", "(1)"},
-      {"beside a line that was erased", wall, "(progn (plv-projet p \"Projet\" '((0.0 46.0) (30.0 46.0))) (plv-effacer (plv-elements-du-projet p \"Projet\")) (plv-projet p \"Projet\" '((50.0 46.5) (100.0 46.5))))", "(1)"},
-      {"a static element that was erased", wall, "(progn (plv-projet p \"Projet\" '((50.0 46.5) (100.0 46.5))) (pl_elem_ponct p \"Projet\" '(60.0 0.0) (setq e (plv-ligne \"0\" '(60.0 0.0 0.0) '(60.0 5.0 0.0)))) (entdel e))", "(1)"},
+      {"a wall that comes out above the line", wall, "(plv-projet p \"Projet\" '((0.0 48.8) (100.0 46.8)))",
+       "(2 3 2 1 0 1)"},
+      {"a drop of the line within a class", wall,
+       R"((plv-attacher p "Projet" (list (entmakex '((0 . "LWPOLYLINE") (100 . "AcDbEntity") (100 . "AcDbPolyline") (90 . 4) (70 . 0) (10 45.0 6.0) (10 60.0 6.0) (10 60.0 5.0) (10 90.0 5.0))))))",
+       "(1)"},
+      {"a line drawn from right to left", wall,
+       "(plv-attacher p \"Projet\" (list (plv-ligne \"0\" '(90.0 5.0 0.0) '(50.0 5.0 0.0))))", "(1)"},
+      {"beside a line that was erased", wall,
+       "(progn (plv-projet p \"Projet\" '((0.0 46.0) (30.0 46.0))) (plv-effacer (plv-elements-du-projet p \"Projet\")) "
+       "(plv-projet p \"Projet\" '((50.0 46.5) (100.0 46.5))))",
+       "(1)"},
+      {"a static element that was erased", wall,
+       "(progn (plv-projet p \"Projet\" '((50.0 46.5) (100.0 46.5))) (pl_elem_ponct p \"Projet\" '(60.0 0.0) (setq e "
+       "(plv-ligne \"0\" '(60.0 0.0 0.0) '(60.0 5.0 0.0)))) (entdel e))",
+       "(1)"},
   };
   for (const auto& row : rows) {
     Quantities session(row.ground);
@@ -65,7 +82,9 @@ TEST(Quantities, TheChosenKindCountsWhenThereAreSeveral) {
   Quantities session;
   session.project();
   session.project("Voirie", "((1000.0 49.9) (1100.0 39.9))");
-  EXPECT_EQ(session.eval("(setq v (plv-metres nil \"voirie\" nil nil) w (plv-metres nil \"Projet\" nil nil) n (> (length (cadr w)) (length (cadr v))))"), "T");
+  EXPECT_EQ(session.eval("(setq v (plv-metres nil \"voirie\" nil nil) w (plv-metres nil \"Projet\" nil nil) n (> "
+                         "(length (cadr w)) (length (cadr v))))"),
+            "T");
 }
 
 TEST(Quantities, LinesThatOverlapAreSaidSo) {
@@ -152,10 +171,13 @@ TEST(Legend, StandsBesideTheProfileOnce) {
   EXPECT_EQ(session.eval("(> (cadr (assoc 10 (entget r))) 100.0)"), "T");
   EXPECT_EQ(session.count("HATCH"), "0");  // those of the block are not the drawing's
   session.eval("(setq e (cdr (assoc -2 (tblsearch \"BLOCK\" \"PLV_LEGENDE_1\"))) l nil c nil)");
-  session.eval("(while e (setq g (entget e)) (if (= (cdr (assoc 0 g)) \"TEXT\") (setq l (cons (cdr (assoc 1 g)) l)))"
-               " (if (= (cdr (assoc 0 g)) \"HATCH\") (setq c (cons (cdr (assoc 62 g)) c))) (setq e (entnext e)))");
-  EXPECT_EQ(session.eval("(and (member \"PROFIL P1 - PROJET\" l) (member \"non enterre\" l) (member \"0.00 a 1.00\" l) (member \"au dela de 5.00\" l)"
-                         " (member \"Total\" l) (member \"100.00\" l) T)"), "T");
+  session.eval(
+      "(while e (setq g (entget e)) (if (= (cdr (assoc 0 g)) \"TEXT\") (setq l (cons (cdr (assoc 1 g)) l)))"
+      " (if (= (cdr (assoc 0 g)) \"HATCH\") (setq c (cons (cdr (assoc 62 g)) c))) (setq e (entnext e)))");
+  EXPECT_EQ(session.eval("(and (member \"PROFIL P1 - PROJET\" l) (member \"non enterre\" l) (member \"0.00 a 1.00\" l) "
+                         "(member \"au dela de 5.00\" l)"
+                         " (member \"Total\" l) (member \"100.00\" l) T)"),
+            "T");
   // Colours of the classes, white for what is in none.
   EXPECT_EQ(session.eval("(reverse c)"), "(7 1 2 3 4 5 6 7)");
   EXPECT_EQ(session.eval("(cdr (assoc 10 (entget (plv-legende p \"Projet\" '(10.0 20.0 0.0)))))"), "(10.0 20.0 0.0)");

@@ -9,27 +9,33 @@ constexpr const char* kInside = "Toute la ligne est dans les profondeurs demande
 
 TEST(OptimalLine, StaysInTheBandAndIsAttached) {
   Quantities session;
-  const std::string said = session.said("(setq l (plv-optimal p \"Assainissement\" '(0.0 49.0) '(100.0 39.0) 0.8 1.2 nil))");
+  const std::string said =
+      session.said("(setq l (plv-optimal p \"Assainissement\" '(0.0 49.0) '(100.0 39.0) 0.8 1.2 nil))");
   SAYS(said, kInside);
   EXPECT_EQ(session.eval("(list (car l) (plv-dernier l))"), "((0.0 49.0) (100.0 39.0))");
   // Vertices once each, attached, and nothing of the search left.
   EXPECT_EQ(session.eval("(= (length l) (length (plv-uniques l)))"), "T");
-  EXPECT_EQ(session.eval("(= (length (plv-elements-du-projet p \"Assainissement\")) (length (plv-tables:plans p)))"), "T");
+  EXPECT_EQ(session.eval("(= (length (plv-elements-du-projet p \"Assainissement\")) (length (plv-tables:plans p)))"),
+            "T");
   EXPECT_EQ(session.eval("(setq s (ssget \"X\" '((0 . \"LINE\") (62 . 1))))"), "nil");
   // The greater depth may come first.
-  EXPECT_EQ(session.eval("(equal l (plv-optimal p \"Assainissement\" '(0.0 49.0) '(100.0 39.0) 1.2 0.8 nil) 1e-9)"), "T");
+  EXPECT_EQ(session.eval("(equal l (plv-optimal p \"Assainissement\" '(0.0 49.0) '(100.0 39.0) 1.2 0.8 nil) 1e-9)"),
+            "T");
 }
 
 TEST(OptimalLine, TellsWhereItLeavesTheBand) {
   Quantities session;
-  const std::string said = session.said("(setq k (sslength (ssget \"X\"))) (plv-optimal p \"Projet\" '(0.0 49.8) '(100.0 39.0) 0.8 1.2 T)");
+  const std::string said =
+      session.said("(setq k (sslength (ssget \"X\"))) (plv-optimal p \"Projet\" '(0.0 49.8) '(100.0 39.0) 0.8 1.2 T)");
   SAYS(said, "Hors des profondeurs demandees:");
   // It starts 0.2 m below the ground.
   SAYS(said, "1000.000");
   SAYS(said, "0.200      -0.600");
   // The segments that were tried stay: at abscissa and altitude, not in the graphic.
-  EXPECT_EQ(session.eval("(> (length (vl-remove-if-not '(lambda (g) (equal (caddr g) 49.8 1e-6)) (mapcar '(lambda (e) (assoc 10 (entget e)))"
-                         " (vl-remove-if 'listp (mapcar 'cadr (ssnamex (ssget \"X\" '((0 . \"LINE\"))))))))) 1)"), "T");
+  EXPECT_EQ(session.eval("(> (length (vl-remove-if-not '(lambda (g) (equal (caddr g) 49.8 1e-6)) (mapcar '(lambda (e) "
+                         "(assoc 10 (entget e)))"
+                         " (vl-remove-if 'listp (mapcar 'cadr (ssnamex (ssget \"X\" '((0 . \"LINE\"))))))))) 1)"),
+            "T");
 }
 
 // From change of plane to change of plane, and between ground points: the ground beside the ends has no say.
@@ -37,8 +43,10 @@ TEST(OptimalLine, MayCoverAPartOfTheProfile) {
   Quantities session;
   ASSERT_EQ(session.eval("(cdr (setq d (mapcar 'car (plv-tables:plans p))))").front(), '(');
   for (const char* ends : {"0.0 (cadr d)", "(cadr d) 100.0", "13.5 71.25", "45.0 55.0"}) {
-    const std::string said = session.said(std::string("(setq b (list ") + ends + ") q (mapcar '(lambda (x) (list x (- (plv-metres:altitude (plv-points-tn p) x) 1.0))) b)"
-                                          " n (length (plv-profils)) l (plv-optimal p \"Projet\" (car q) (cadr q) 0.8 1.2 nil))");
+    const std::string said =
+        session.said(std::string("(setq b (list ") + ends +
+                     ") q (mapcar '(lambda (x) (list x (- (plv-metres:altitude (plv-points-tn p) x) 1.0))) b)"
+                     " n (length (plv-profils)) l (plv-optimal p \"Projet\" (car q) (cadr q) 0.8 1.2 nil))");
     SAYS(said, kInside);
     EXPECT_EQ(session.eval("(and (equal (list (car l) (plv-dernier l)) q) (= n (length (plv-profils))))"), "T") << ends;
   }
@@ -60,7 +68,8 @@ TEST(OptimalLine, WhatCannotBeIsRefused) {
       {"(plv-optimal p \"Projet\" '(50.0 45.0) '(150.0 30.0) 0.8 1.6 nil)", "dans le profil"},
       {"(plv-optimal p \"Projet\" '(50.0 45.0) '(50.0000001 45.0) 0.8 1.6 nil)", "de gauche a droite"},
       {"(plv-optimal p \"TN\" '(0.0 49.0) '(100.0 39.0) 0.8 1.6 nil)", "un genre de projet est attendu"},
-      {"(progn (entmod (list (assoc -1 (entget p)) '(-3 (\"KELMONT_PLV2\")))) (plv-optimal p \"Projet\" '(0.0 49.0) '(100.0 39.0) 0.8 1.6 nil))",
+      {"(progn (entmod (list (assoc -1 (entget p)) '(-3 (\"KELMONT_PLV2\")))) (plv-optimal p \"Projet\" '(0.0 49.0) "
+       "'(100.0 39.0) 0.8 1.6 nil))",
        "pas de terrain naturel"},
   };
   for (const auto& row : rows) SAYS(session.said(row.call), row.message);
@@ -83,8 +92,12 @@ TEST(OptimalLine, AsksUntilItUnderstands) {
   session.feed(answers + "Non\n");
   EXPECT_EQ(session.eval("(vl-some 'entget avant)"), "nil");
   // The picked start: 12 m above the plane.
-  EXPECT_EQ(session.eval("(equal (plv-altitude-projet p (mapcar '(lambda (e) (list 0.0 100.0 e)) (plv-elements-du-projet p \"Assainissement\")) (plv-tables:plans p) 0.0) 0.0)"), "nil");
-  EXPECT_EQ(session.eval("(equal (cadr (car (plv-metres:sommets p (car (plv-elements-du-projet p \"Assainissement\"))))) (+ 12.0 (cadar (plv-tables:plans p))) 1e-9)"), "T");
+  EXPECT_EQ(session.eval("(equal (plv-altitude-projet p (mapcar '(lambda (e) (list 0.0 100.0 e)) "
+                         "(plv-elements-du-projet p \"Assainissement\")) (plv-tables:plans p) 0.0) 0.0)"),
+            "nil");
+  EXPECT_EQ(session.eval("(equal (cadr (car (plv-metres:sommets p (car (plv-elements-du-projet p "
+                         "\"Assainissement\"))))) (+ 12.0 (cadar (plv-tables:plans p))) 1e-9)"),
+            "T");
 }
 
 }  // namespace

@@ -47,8 +47,12 @@ TEST(NewProfile, DrawsTheGroundInEachSection) {
   Profile session;
   // The one line of the second section: from (30, 37.5) to (50, 36) over its own plane.
   session.eval("(setq pc (plgxd (plgxd p \"PRPC\") \"NEXT-PC\") l (entget (plgxd pc \"PRLI\")))");
-  EXPECT_EQ(session.eval("(equal (cdr (assoc 10 l)) (list 1030.0 (+ 500.0 (* 10.0 (- 37.5 (plgxd pc \"PC\")))) 0.0) 1e-9)"), "T");
-  EXPECT_EQ(session.eval("(equal (cdr (assoc 11 l)) (list 1050.0 (+ 500.0 (* 10.0 (- 36.0 (plgxd pc \"PC\")))) 0.0) 1e-9)"), "T");
+  EXPECT_EQ(
+      session.eval("(equal (cdr (assoc 10 l)) (list 1030.0 (+ 500.0 (* 10.0 (- 37.5 (plgxd pc \"PC\")))) 0.0) 1e-9)"),
+      "T");
+  EXPECT_EQ(
+      session.eval("(equal (cdr (assoc 11 l)) (list 1050.0 (+ 500.0 (* 10.0 (- 36.0 (plgxd pc \"PC\")))) 0.0) 1e-9)"),
+      "T");
 }
 
 TEST(NewProfile, RefusesWhatCannotBe) {
@@ -61,7 +65,8 @@ TEST(NewProfile, RefusesWhatCannotBe) {
       {"(plv-nouveau \"" + ground + "\" \"12\" nil nil nil nil nil)", "deja un profil numero 12"},
       {"(plv-nouveau \"" + ground + "\" \"2\" nil -1.0 nil nil nil)", "nombres positifs"},
       {"(plv-nouveau \"" + ground + "\" \"2\" nil nil nil nil '((5.0 10.0)))", "commence a la distance 0"},
-      {"(plv-nouveau \"" + ground + "\" \"2\" nil nil nil nil '((0.0 10.0) (60.0 9.0)))", "une distance dans le profil"},
+      {"(plv-nouveau \"" + ground + "\" \"2\" nil nil nil nil '((0.0 10.0) (60.0 9.0)))",
+       "une distance dans le profil"},
   };
   const std::string last = session.eval("(entlast)");
   for (const auto& row : rows) {
@@ -74,21 +79,26 @@ TEST(NewProfile, RefusesWhatCannotBe) {
 TEST(NewProfile, AsksForWhatItNeeds) {
   FrontEnd session;
   session.file("g.csv", kGround);
-  const std::string shown = session.feed("PLV-NOUVEAU\n" + session.path("g.csv") + "\n7\n10,20\n\n\n\nS\n25\n20\n12\n\n");
-  for (const char* prompt : {"\nFichier du terrain naturel: ", "\nNumero du profil <1>: ", "\nPoint d'insertion <0,0>: ",
-                             "\nEchelle verticale <10.00>: ", "\nHauteur de texte <2.50>: ", "\nHauteur dessinee maximale <150.00>: ",
-                             "\nPlans de comparaison [Automatiques/Saisis] <Automatiques>: ", "\nAltitude du plan a partir de 0.00: "})
+  const std::string shown =
+      session.feed("PLV-NOUVEAU\n" + session.path("g.csv") + "\n7\n10,20\n\n\n\nS\n25\n20\n12\n\n");
+  for (const char* prompt :
+       {"\nFichier du terrain naturel: ", "\nNumero du profil <1>: ", "\nPoint d'insertion <0,0>: ",
+        "\nEchelle verticale <10.00>: ", "\nHauteur de texte <2.50>: ", "\nHauteur dessinee maximale <150.00>: ",
+        "\nPlans de comparaison [Automatiques/Saisis] <Automatiques>: ", "\nAltitude du plan a partir de 0.00: "})
     EXPECT_NE(shown.find(prompt), std::string::npos) << prompt << "\n" << shown;
   EXPECT_EQ(session.eval("(plv-tables:plans (plv-profil-de-numero \"7\"))"), "((0.0 25.0) (20.0 12.0))");
 }
 
 TEST(Tables, AreFilledAndReplaced) {
   Profile session;
-  session.file("t.txt", "T - 2.0 0 Numero\nT - 6.0 4 Altitude TN\nT - 2.5 2 Partielles\nT - 5.0 3 Cumulees\nT - 2 10 Reperes\nT - 16 8 Obs\n");
+  session.file("t.txt",
+               "T - 2.0 0 Numero\nT - 6.0 4 Altitude TN\nT - 2.5 2 Partielles\nT - 5.0 3 Cumulees\nT - 2 10 Reperes\nT "
+               "- 16 8 Obs\n");
   const std::string draw = "(plv-matrices p \"" + session.path("t.txt") + "\" T)";
   ASSERT_NE(session.eval(draw), "nil");
   const auto count = [&](const char* text) {
-    return session.eval(std::string("(if (setq s (ssget \"X\" '((0 . \"TEXT\") (1 . \"") + text + "\")))) (sslength s) 0)");
+    return session.eval(std::string("(if (setq s (ssget \"X\" '((0 . \"TEXT\") (1 . \"") + text +
+                        "\")))) (sslength s) 0)");
   };
   EXPECT_EQ(count("49.50"), "1");
   EXPECT_EQ(count("150.00"), "1") << "a cumulated distance starts from the first station";
@@ -98,9 +108,12 @@ TEST(Tables, AreFilledAndReplaced) {
   ASSERT_NE(session.eval(draw), "nil");
   EXPECT_EQ(session.eval("(sslength (ssget \"X\"))"), entities) << "the old table is still there";
   // rules reach the end of the profile
-  session.eval("(setq r (plv-tables:references p) r (vl-remove-if-not '(lambda (g) (= (car g) 330))"
-               " (member '(100 . \"AcDbXrecord\") (dictsearch (plv-dictionnaire (car r)) \"INFO_MATRICE\"))) r (entget (cdr (cadr r))))");
-  EXPECT_EQ(session.eval("(list (cdr (assoc 0 r)) (distance (cdr (assoc 10 r)) (cdr (assoc 11 r))))"), "(\"LINE\" 52.5)")
+  session.eval(
+      "(setq r (plv-tables:references p) r (vl-remove-if-not '(lambda (g) (= (car g) 330))"
+      " (member '(100 . \"AcDbXrecord\") (dictsearch (plv-dictionnaire (car r)) \"INFO_MATRICE\"))) r (entget (cdr "
+      "(cadr r))))");
+  EXPECT_EQ(session.eval("(list (cdr (assoc 0 r)) (distance (cdr (assoc 10 r)) (cdr (assoc 11 r))))"),
+            "(\"LINE\" 52.5)")
       << "the rules end one text height behind the profile";
 }
 
@@ -126,8 +139,10 @@ TEST(Tables, SurviveSavingAndReopening) {
   std::string printed;
   again.addSupport(KAVEL_SOURCE "/frontal");
   ASSERT_TRUE(again.evaluate("(load \"kavel.lsp\")"));
-  ASSERT_TRUE(again.evaluate("(progn (pl_ChoixProfil (setq p (plv-profil-de-numero \"12\"))) (list (pl_SelectMatrice 0) (pl_SelectLigne 0 1)"
-                             " (pl_textlignemat) (pl_nblignesmat) (pl_TexteVertical 12.5 \"essai\") (cdr (assoc 1 (entget (entlast))))))", &printed));
+  ASSERT_TRUE(again.evaluate(
+      "(progn (pl_ChoixProfil (setq p (plv-profil-de-numero \"12\"))) (list (pl_SelectMatrice 0) (pl_SelectLigne 0 1)"
+      " (pl_textlignemat) (pl_nblignesmat) (pl_TexteVertical 12.5 \"essai\") (cdr (assoc 1 (entget (entlast))))))",
+      &printed));
   EXPECT_EQ(printed, "(T T \"Numero\" 2 T \"essai\")");
 }
 

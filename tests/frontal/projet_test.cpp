@@ -12,7 +12,8 @@ class Project : public FrontEnd {
  public:
   Project() {
     file("g.csv", "station;altitude;nom\n1000;52;A\n1040;52;\n1050;52;\n1100;52;B\n1120;52;\n1160;52;\n1200;52;C\n");
-    eval("(setq p (plv-nouveau \"" + path("g.csv") + "\" \"7\" '(500.0 300.0 0.0) 10.0 2.5 150.0 '((0.0 45.0) (120.0 40.0))))");
+    eval("(setq p (plv-nouveau \"" + path("g.csv") +
+         "\" \"7\" '(500.0 300.0 0.0) 10.0 2.5 150.0 '((0.0 45.0) (120.0 40.0))))");
     eval(R"((progn
       (defun z (genre station) (plv-altitude-projet p (plv-elements-situes p genre) (plv-tables:plans p) (- station 1000.0)))
       (defun mm (valeur) (plv-reel valeur 3))
@@ -27,7 +28,9 @@ class Project : public FrontEnd {
 
 TEST(ProjectLine, KeepsStationsToTheMillimetre) {
   Project session;
-  session.eval("(setq r (plv-projet p \"voirie\" '((1000.0 50.0) (1080.0 54.0 800.0) (1160.0 50.0 (\"P\" \"L\" 20.0)) (1200.0 51.0))))");
+  session.eval(
+      "(setq r (plv-projet p \"voirie\" '((1000.0 50.0) (1080.0 54.0 800.0) (1160.0 50.0 (\"P\" \"L\" 20.0)) (1200.0 "
+      "51.0))))");
   session.check({
       {"(mm (z \"Voirie\" 1000.0))", "\"50.000\""},
       {"(mm (z \"Voirie\" 1040.0))", "\"52.000\""},
@@ -43,7 +46,8 @@ TEST(ProjectLine, KeepsStationsToTheMillimetre) {
       {"(mapcar '(lambda (s) (plgxd s \"ELEMDUPROJET\")) r)", "(1 1 1 1 1 1)"},
       // true lengths: an arc of circle is R times its opening
       {"(mm (pl_curvelength (cadr r) 10.0))", "\"79.933\""},
-      {"(mapcar '(lambda (tr) (if (numberp (caddr tr)) (plv-reel (* 100.0 (caddr tr)) 2) (mm (plv-rayon-troncon p tr)))) (plv-troncons p \"Voirie\"))",
+      {"(mapcar '(lambda (tr) (if (numberp (caddr tr)) (plv-reel (* 100.0 (caddr tr)) 2) (mm (plv-rayon-troncon p "
+       "tr)))) (plv-troncons p \"Voirie\"))",
        "(\"5.00\" \"800.000\" \"-5.00\" \"266.667\" \"2.50\")"},
   });
 }
@@ -65,7 +69,8 @@ TEST(ProjectLine, CurvesByLengthAndThroughAPoint) {
       {"(\"P\" \"P\" 1095.0 54.6)", "1095.0", "\"54.600\"", nullptr},
   };
   for (const auto& row : rows) {
-    session.eval(std::string("(setq r (plv-projet p \"Projet\" '((1000.0 50.0) (1100.0 55.0 ") + row.request + ") (1200.0 50.0))))");
+    session.eval(std::string("(setq r (plv-projet p \"Projet\" '((1000.0 50.0) (1100.0 55.0 ") + row.request +
+                 ") (1200.0 50.0))))");
     EXPECT_EQ(session.eval(std::string("(mm (z \"Projet\" ") + row.station + "))"), row.altitude) << row.request;
     if (row.radius) {
       EXPECT_EQ(session.eval("(mm (plv-rayon (cadr r)))"), row.radius) << row.request;
@@ -86,8 +91,10 @@ TEST(ProjectLine, RefusesWhatCannotBe) {
       {"(plv-projet p \"Projet\" '((1100.0 50.0) (1050.0 50.0)))", "vont en croissant"},
       {"(plv-projet p \"Projet\" '((1000.0 50.0) (1100.0 55.0 3000.0) (1200.0 50.0)))", "se chevauchent"},
       {"(plv-projet p \"Projet\" '((1000.0 50.0) (1100.0 55.0 50.0) (1200.0 60.0)))", "les deux pentes sont les memes"},
-      {"(plv-projet p \"Projet\" '((1000.0 50.0) (1100.0 55.0 (\"C\" \"P\" 1100.0 56.0)) (1200.0 50.0)))", "sommet a la distance 100.000"},
-      {"(plv-projet p \"Projet\" '((1000.0 50.0) (1100.0 55.0 (\"P\" \"P\" 1100.0 56.0)) (1200.0 50.0)))", "sommet a la distance 100.000"},
+      {"(plv-projet p \"Projet\" '((1000.0 50.0) (1100.0 55.0 (\"C\" \"P\" 1100.0 56.0)) (1200.0 50.0)))",
+       "sommet a la distance 100.000"},
+      {"(plv-projet p \"Projet\" '((1000.0 50.0) (1100.0 55.0 (\"P\" \"P\" 1100.0 56.0)) (1200.0 50.0)))",
+       "sommet a la distance 100.000"},
       {"(plv-projet p \"Chemin\" '((1000.0 50.0) (1100.0 50.0)))", "pas de support pour le genre Chemin"},
       {"(plv-projet-fichier p \"Projet\" \"" + session.path("faux.csv") + "\")", "ligne 3 illisible"},
       {"(plv-projet-fichier p \"Projet\" \"absent.csv\")", "fichier introuvable"},
@@ -107,15 +114,19 @@ TEST(ProjectLine, RefusesWhatCannotBe) {
 
 TEST(ProjectLine, IsAskedFor) {
   Project session;
-  const std::string points = session.feed("PLV-PROJET\nVoirie\nPO\n1000,50\n1100;55\n1100,55\n1200,50\n\nRayon\n400\nP\n");
-  for (const char* prompt : {"\nGenre de ligne [Voirie/Assainissement/AEp/Terrassements/Projet/Generique/TN] <Projet>: ",
-                             "\nTracer par [POints/PEntes/Fichier/Existante] <POints>: ", "Deux nombres separes par une virgule",
-                             "\nRaccordement a la station 1100.00 [Rayon/Longueur/Point/Aucun] <Aucun>: ", "1 raccordement."})
+  const std::string points =
+      session.feed("PLV-PROJET\nVoirie\nPO\n1000,50\n1100;55\n1100,55\n1200,50\n\nRayon\n400\nP\n");
+  for (const char* prompt :
+       {"\nGenre de ligne [Voirie/Assainissement/AEp/Terrassements/Projet/Generique/TN] <Projet>: ",
+        "\nTracer par [POints/PEntes/Fichier/Existante] <POints>: ", "Deux nombres separes par une virgule",
+        "\nRaccordement a la station 1100.00 [Rayon/Longueur/Point/Aucun] <Aucun>: ", "1 raccordement."})
     EXPECT_NE(points.find(prompt), std::string::npos) << prompt << points;
   EXPECT_EQ(session.eval("(mm (z \"Voirie\" 1100.0))"), "\"54.500\"");
   session.feed("PLV-PROJET\nA\nPE\n1000,50\n1.5\n100\n-1\n50\n\nA\n");
-  EXPECT_EQ(session.eval("(list (mm (z \"Assainissement\" 1100.0)) (mm (z \"Assainissement\" 1150.0)) (z \"Assainissement\" 1151.0))"),
-            "(\"51.500\" \"51.000\" nil)");
+  EXPECT_EQ(
+      session.eval(
+          "(list (mm (z \"Assainissement\" 1100.0)) (mm (z \"Assainissement\" 1150.0)) (z \"Assainissement\" 1151.0))"),
+      "(\"51.500\" \"51.000\" nil)");
   session.file("p.csv", "PK;Z;R;forme\n1000,0;50,0;;\n1100,0;55,0;L40;P\n1200;50\n");
   session.feed("PLV-PROJET\nAE\nF\n" + session.path("p.csv") + "\n");
   EXPECT_EQ(session.eval("(mm (z \"AEp\" 1100.0))"), "\"54.500\"");
@@ -149,7 +160,8 @@ TEST(Planes, AddedAndRemovedLeaveTheGeometry) {
       {"(plv-audit)", "0"},
   });
   session.eval("(plv-pc p \"M\" 1070.0 47.0)");
-  session.check({{"(plv-tables:plans p)", "((0.0 45.0) (62.5 47.0) (120.0 40.0))"}, {"(mm (z \"Projet\" 1100.0))", "\"52.751\""}});
+  session.check({{"(plv-tables:plans p)", "((0.0 45.0) (62.5 47.0) (120.0 40.0))"},
+                 {"(mm (z \"Projet\" 1100.0))", "\"52.751\""}});
   session.eval("(plv-pc p \"S\" 1070.0 nil)");
   session.check({
       {"(equal avant (photo) 1e-8)", "T"},
@@ -170,7 +182,9 @@ TEST(Planes, CarryBlocksAndReferenceLines) {
   session.check({
       {"(cdr (assoc 10 (entget b)))", "(600.0 320.0 0.0)"},
       // the reference line at 1100 ends on the ground of its new plane
-      {"(apply 'min (mapcar '(lambda (e) (if (equal (cadr (assoc 10 (entget e))) 600.0 1e-6) (caddr (assoc 10 (entget e))) 1e9)) (plv-tables:ajouts p)))", "320.0"},
+      {"(apply 'min (mapcar '(lambda (e) (if (equal (cadr (assoc 10 (entget e))) 600.0 1e-6) (caddr (assoc 10 (entget "
+       "e))) 1e9)) (plv-tables:ajouts p)))",
+       "320.0"},
   });
   const struct {
     const char* call;
@@ -214,16 +228,16 @@ TEST(ProjectRows, HoldTheirFigures) {
     const char* text;
     const char* count;
   } rows[] = {
-      {"52.00", "8"},   // ground at seven points, and the project's altitude at 1040
+      {"52.00", "8"},  // ground at seven points, and the project's altitude at 1040
       {"53.00", "0"},
-      {"-1.22", "1"},   // depth at 1100: the project is above the ground
+      {"-1.22", "1"},  // depth at 1100: the project is above the ground
       {"Rampe 5.00 % sur 46.71 m", "1"},
       {"+0.0500 m/m", "1"},
       {"-3.33 %", "1"},
       {"-33.3 \\U+2030", "1"},
       {"R=800 L=66.60", "4"},
-      {"86.69", "1"},   // partial distance of the last element
-      {"1046.71", "1"}, // where the circle begins
+      {"86.69", "1"},    // partial distance of the last element
+      {"1046.71", "1"},  // where the circle begins
       {"Alignement L=60.00", "1"},
       {"R=20*", "1"},
       {"-2.50 %", "1"},
@@ -232,7 +246,8 @@ TEST(ProjectRows, HoldTheirFigures) {
       {"250", "1"},
       {"x", "0"},
   };
-  for (const auto& row : rows) EXPECT_EQ(session.eval(std::string("(textes \"") + row.text + "\")"), row.count) << row.text;
+  for (const auto& row : rows)
+    EXPECT_EQ(session.eval(std::string("(textes \"") + row.text + "\")"), row.count) << row.text;
   // drawn again, and each row alone: nothing is left over
   const std::string entities = session.eval("(sslength (ssget \"X\"))");
   session.eval("(plv-matrices p \"matrices-completes.txt\" T)");
@@ -250,7 +265,8 @@ TEST(ProjectRows, HoldTheirFigures) {
 TEST(ProjectRows, AreNamedWhenTheyStayEmpty) {
   Project session;
   ASSERT_NE(session.eval("(plv-matrices p \"matrices-completes.txt\" T)"), "nil");
-  EXPECT_NE(session.transcript().find("Lignes laissees vides: Altitude projet, Profondeur, Pentes, "), std::string::npos);
+  EXPECT_NE(session.transcript().find("Lignes laissees vides: Altitude projet, Profondeur, Pentes, "),
+            std::string::npos);
 }
 
 TEST(ProjectRows, TakeABlockPlacedLater) {
@@ -267,23 +283,27 @@ TEST(ProjectRows, TakeABlockPlacedLater) {
 
 TEST(MenuMacros, RunAsTheMenuNamesThem) {
   Rows session;
-  const std::string dimensions = session.feed(
-      "(CotAutoKavel) \nProjet\nT\n(list (car (plv-elements-du-projet p \"Projet\")) '(510.0 0.0))\n\n");
+  const std::string dimensions =
+      session.feed("(CotAutoKavel) \nProjet\nT\n(list (car (plv-elements-du-projet p \"Projet\")) '(510.0 0.0))\n\n");
   EXPECT_NE(dimensions.find("4 cotes."), std::string::npos) << dimensions;
   EXPECT_EQ(session.eval("(list (textes \"+0.00\") (textes \"-2.00\") (textes \"50.00\"))"), "(1 1 1)");
   session.feed("transfererProjet \nVoirie\n");
   session.check({{"(plv-elements:enregistres p \"Projet\")", "nil"},
                  {"(length (plv-elements-du-projet p \"Voirie\"))", "4"},
                  {"(plv-genres-du-projet p)", "(\"Voirie\")"}});
-  const std::string association = session.feed("assocprjKavel \nV\nE\n(list (car (plv-elements-du-projet p \"Voirie\")) '(510.0 0.0))\n\n");
+  const std::string association =
+      session.feed("assocprjKavel \nV\nE\n(list (car (plv-elements-du-projet p \"Voirie\")) '(510.0 0.0))\n\n");
   EXPECT_NE(association.find("<element a enlever>"), std::string::npos) << association;
   EXPECT_EQ(session.eval("(length (plv-elements-du-projet p \"Voirie\"))"), "3");
   session.feed("pl_efixKAVEL \nA\n600,370\n(list bloc '(600.0 370.0))\n\nF\n");
-  EXPECT_EQ(session.eval("(cdr (assoc 330 (plv-enregistrement (plv-support p \"Assainissement\") \"ELEMS_STATIQUES_KAVEL\")))"), session.eval("bloc"));
+  EXPECT_EQ(session.eval(
+                "(cdr (assoc 330 (plv-enregistrement (plv-support p \"Assainissement\") \"ELEMS_STATIQUES_KAVEL\")))"),
+            session.eval("bloc"));
   // equipment and slopes on the axis in plan: the block at 100 m stands 8.58 m up the last alignment
   session.feed("PlKavelVersPlan \n");
   session.check({{"(textes \"3.33 %\")", "1"},
-                 {"(mapcar 'mm (cdr (assoc 10 (entget (cdr (plv-dernier (plv-enregistrement p \"PLV_VERS_PLAN\")))))))", "(\"80.000\" \"28.584\" \"0.000\")"}});
+                 {"(mapcar 'mm (cdr (assoc 10 (entget (cdr (plv-dernier (plv-enregistrement p \"PLV_VERS_PLAN\")))))))",
+                  "(\"80.000\" \"28.584\" \"0.000\")"}});
 }
 
 }  // namespace

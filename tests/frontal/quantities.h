@@ -15,7 +15,8 @@ struct Quantities : FrontEnd {
     profile("P1", "'(0.0 0.0 0.0)", height);
   }
   void profile(const std::string& number, const std::string& point, const std::string& height = "60.0") {
-    eval("(setq p (plv-nouveau \"" + path("g.csv") + "\" \"" + number + "\" " + point + " 10.0 2.5 " + height + " nil))");
+    eval("(setq p (plv-nouveau \"" + path("g.csv") + "\" \"" + number + "\" " + point + " 10.0 2.5 " + height +
+         " nil))");
     transcript();
   }
   void project(const char* kind = "Projet", const char* vertices = "((1000.0 49.5) (1060.0 42.5) (1100.0 39.0))") {
@@ -29,7 +30,8 @@ struct Quantities : FrontEnd {
     return transcript();
   }
   std::string measured(const std::string& numbers, const std::string& workbook, bool hatch = false) {
-    return said("(setq m (plv-metres " + numbers + " \"Projet\" " + (workbook.empty() ? "nil" : "\"" + workbook + "\"") + (hatch ? " T" : " nil") + "))");
+    return said("(setq m (plv-metres " + numbers + " \"Projet\" " +
+                (workbook.empty() ? "nil" : "\"" + workbook + "\"") + (hatch ? " T" : " nil") + "))");
   }
   // The measured sections as their classes.
   std::string classes() { return eval("(mapcar 'car (cdadr m))"); }

@@ -23,14 +23,19 @@ CurvePtr row(const std::vector<Vertex>& vertices, bool closed, AcGeVector3d shif
   const std::size_t count = vertices.size() - (closed ? 0 : 1);
   for (std::size_t i = 0; i < count; ++i) {
     const Vertex &a = vertices[i], &b = vertices[(i + 1) % vertices.size()];
-    pieces.push_back({bulgeShape(AcGePoint3d(a.x, a.y, 0) + shift, AcGePoint3d(b.x, b.y, 0) + shift, a.bulge, {0, 0, 1}), double(i), double(i + 1)});
+    pieces.push_back(
+        {bulgeShape(AcGePoint3d(a.x, a.y, 0) + shift, AcGePoint3d(b.x, b.y, 0) + shift, a.bulge, {0, 0, 1}), double(i),
+         double(i + 1)});
   }
   return Curve::of(pieces, closed);
 }
 
-CurvePtr circle(double x, double y, double r) { return Curve::of({{Elliptic{{x, y, 0}, {r, 0, 0}, {0, r, 0}, 0, 2 * pi}, 0, 2 * pi}}, true); }
+CurvePtr circle(double x, double y, double r) {
+  return Curve::of({{Elliptic{{x, y, 0}, {r, 0, 0}, {0, r, 0}, 0, 2 * pi}, 0, 2 * pi}}, true);
+}
 CurvePtr oval(double x, double y, double a, double b, double turned) {
-  const AcGeVector3d u(a * std::cos(turned), a * std::sin(turned), 0), v(-b * std::sin(turned), b * std::cos(turned), 0);
+  const AcGeVector3d u(a * std::cos(turned), a * std::sin(turned), 0),
+      v(-b * std::sin(turned), b * std::cos(turned), 0);
   return Curve::of({{Elliptic{{x, y, 0}, u, v, 0, 2 * pi}, 0, 2 * pi}}, true);
 }
 CurvePtr segment(AcGePoint3d a, AcGePoint3d b) { return Curve::of({{Straight{a, b}, 0, a.distanceTo(b)}}, false); }
@@ -49,8 +54,10 @@ TEST(Bulges, MeasuresOfEverySize) {
         const auto arc = row({{0, 0, bulge * sign}, {chord, 0}}, false, shift);
         const double slack = shift.x == 0 ? 1e-10 : 1e-6 * std::max(1.0, std::abs(radius));
         EXPECT_NEAR(arc->length(), std::abs(radius) * angle, slack * (1 + std::abs(radius)));
-        EXPECT_NEAR(arc->pointAt(0.5)->distanceTo(AcGePoint3d(chord / 2, -sign * bulge * chord / 2, 0) + shift), 0, slack * (1 + std::abs(radius)));
-        EXPECT_NEAR(*arc->area(), std::abs(radius * radius * (angle - std::sin(angle)) / 2), slack * (1 + radius * radius));
+        EXPECT_NEAR(arc->pointAt(0.5)->distanceTo(AcGePoint3d(chord / 2, -sign * bulge * chord / 2, 0) + shift), 0,
+                    slack * (1 + std::abs(radius)));
+        EXPECT_NEAR(*arc->area(), std::abs(radius * radius * (angle - std::sin(angle)) / 2),
+                    slack * (1 + radius * radius));
         EXPECT_EQ(arc->pointAt(0)->distanceTo(AcGePoint3d() + shift) < 1e-7, true);
       }
 }
@@ -109,14 +116,26 @@ std::vector<Meeting> meetings(double far) {
       {"a tangent that ends there", c(0, 0, 5), segment(p(0, 5), p(9, 5)), {p(0, 5)}},
       {"past it", c(0, 0, 5), segment(p(-9, 5.001), p(9, 5.001)), {}},
       {"ends on it from inside", c(0, 0, 5), segment(p(0, 0), p(3, 4)), {p(3, 4)}},
-      {"ovals crosswise", oval(far, far, 5, 3, 0), oval(far, far, 5, 3, pi / 2),
-       {p(15 / std::sqrt(34), 15 / std::sqrt(34)), p(-15 / std::sqrt(34), 15 / std::sqrt(34)), p(15 / std::sqrt(34), -15 / std::sqrt(34)), p(-15 / std::sqrt(34), -15 / std::sqrt(34))}},
-      {"an oval in a circle that touches it twice", oval(far, far, 5, 3, 0.6), c(0, 0, 5), {p(5 * std::cos(0.6), 5 * std::sin(0.6)), p(-5 * std::cos(0.6), -5 * std::sin(0.6))}},
+      {"ovals crosswise",
+       oval(far, far, 5, 3, 0),
+       oval(far, far, 5, 3, pi / 2),
+       {p(15 / std::sqrt(34), 15 / std::sqrt(34)), p(-15 / std::sqrt(34), 15 / std::sqrt(34)),
+        p(15 / std::sqrt(34), -15 / std::sqrt(34)), p(-15 / std::sqrt(34), -15 / std::sqrt(34))}},
+      {"an oval in a circle that touches it twice",
+       oval(far, far, 5, 3, 0.6),
+       c(0, 0, 5),
+       {p(5 * std::cos(0.6), 5 * std::sin(0.6)), p(-5 * std::cos(0.6), -5 * std::sin(0.6))}},
       {"through a corner", row({{0, 0}, {5, 5}, {10, 0}}, false, shift), segment(p(5, 0), p(5, 9)), {p(5, 5)}},
       {"a corner that touches", row({{0, 0}, {5, 5}, {10, 0}}, false, shift), segment(p(0, 5), p(9, 5)), {p(5, 5)}},
-      {"half circles of one row", row({{0, 0, 1}, {4, 0, -1}, {8, 0}}, false, shift), segment(p(-1, 0), p(9, 0)), {p(0, 0), p(4, 0), p(8, 0)}},
+      {"half circles of one row",
+       row({{0, 0, 1}, {4, 0, -1}, {8, 0}}, false, shift),
+       segment(p(-1, 0), p(9, 0)),
+       {p(0, 0), p(4, 0), p(8, 0)}},
       {"an arc's far side", row({{0, 0, 1}, {4, 0}}, false, shift), segment(p(2, 5), p(2, 0)), {}},
-      {"squares that share a corner", row({{0, 0}, {4, 0}, {4, 4}, {0, 4}}, true, shift), row({{4, 4}, {9, 4}, {9, 9}, {4, 9}}, true, shift), {p(4, 4)}},
+      {"squares that share a corner",
+       row({{0, 0}, {4, 0}, {4, 4}, {0, 4}}, true, shift),
+       row({{4, 4}, {9, 4}, {9, 9}, {4, 9}}, true, shift),
+       {p(4, 4)}},
   };
 }
 
@@ -129,14 +148,28 @@ TEST(Crossings, TouchingAndCrossingHereAndFarAway) {
       EXPECT_EQ(back.size(), m.points.size());
       for (const AcGePoint3d& p : m.points)
         for (const auto& list : {found, back})
-          EXPECT_TRUE(std::any_of(list.begin(), list.end(), [&](const Crossing& c) { return c.point.distanceTo(p) < (far == 0 ? 1e-6 : 1e-4); })) << p.x << ' ' << p.y;
+          EXPECT_TRUE(std::any_of(list.begin(), list.end(),
+                                  [&](const Crossing& c) { return c.point.distanceTo(p) < (far == 0 ? 1e-6 : 1e-4); }))
+              << p.x << ' ' << p.y;
       for (std::size_t i = 0; i + 1 < found.size(); ++i) EXPECT_LE(found[i].param, found[i + 1].param);
     }
 }
 
 // A B-spline with knots of every multiplicity, cut at and beside each: the parts are the curve.
 TEST(Splits, AtKnotsAndBesideThem) {
-  const Nurbs data{3, {0, 0, 0, 0, 1, 2, 2, 3, 3, 3, 4, 4, 4, 4}, {{0, 0, 0}, {1, 4, 0}, {3, 5, 1}, {5, 1, 2}, {6, -3, 0}, {8, 0, 0}, {9, 3, 1}, {11, 4, 0}, {12, 0, 0}, {14, 1, 0}}, {}};
+  const Nurbs data{3,
+                   {0, 0, 0, 0, 1, 2, 2, 3, 3, 3, 4, 4, 4, 4},
+                   {{0, 0, 0},
+                    {1, 4, 0},
+                    {3, 5, 1},
+                    {5, 1, 2},
+                    {6, -3, 0},
+                    {8, 0, 0},
+                    {9, 3, 1},
+                    {11, 4, 0},
+                    {12, 0, 0},
+                    {14, 1, 0}},
+                   {}};
   Nurbs rational = data;
   rational.weights = {1, 2, 0.5, 1, 3, 1, 0.7, 1, 2, 1};
   for (const Nurbs& whole : {data, rational}) {
@@ -161,8 +194,9 @@ TEST(Splits, AtKnotsAndBesideThem) {
 
 // Distance and parameter are each other's inverse, also across corners and pieces without length.
 TEST(Distances, AndParametersAgree) {
-  const CurvePtr curves[] = {row({{0, 0}, {4, 0, 1}, {4, 4}, {4, 4}, {0, 4, -0.4}}, true), oval(1, 2, 9, 0.5, 0.3), circle(1e6, 1e6, 0.01),
-                             splineOf({2, {0, 0, 0, 1, 1, 1}, {{0, 0, 0}, {5, 0, 0}, {0, 1e-3, 0}}, {}})};  // turns back sharply
+  const CurvePtr curves[] = {
+      row({{0, 0}, {4, 0, 1}, {4, 4}, {4, 4}, {0, 4, -0.4}}, true), oval(1, 2, 9, 0.5, 0.3), circle(1e6, 1e6, 0.01),
+      splineOf({2, {0, 0, 0, 1, 1, 1}, {{0, 0, 0}, {5, 0, 0}, {0, 1e-3, 0}}, {}})};  // turns back sharply
   for (const auto& curve : curves)
     for (int i = 0; i <= 50; ++i) {
       const double d = curve->length() * i / 50;

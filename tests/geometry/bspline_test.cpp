@@ -30,8 +30,7 @@ AcGePoint3d deBoor(const Nurbs& c, double t) {
 
 double distance(const AcGePoint3d& p, const AcGePoint3d& a, const AcGePoint3d& b) {
   const AcGeVector3d ab = b - a;
-  const double t =
-      ab.length() > 0 ? std::fmin(1, std::fmax(0, (p - a).dotProduct(ab) / ab.dotProduct(ab))) : 0;
+  const double t = ab.length() > 0 ? std::fmin(1, std::fmax(0, (p - a).dotProduct(ab) / ab.dotProduct(ab))) : 0;
   return p.distanceTo(a + ab * t);
 }
 
@@ -50,18 +49,9 @@ double greatestDeviation(const Nurbs& c, const std::vector<AcGePoint3d>& samples
 
 const Nurbs curves[] = {
     {3, {0, 0, 0, 0, 1, 1, 1, 1}, {{0, 0, 0}, {10, 10, 0}, {10, -10, 5}, {20, 0, 0}}, {}},  // an S
-    {3,
-     {0, 0, 0, 0, 1, 2, 3, 3, 3, 3},
-     {{0, 0, 0}, {1, 5, 0}, {6, 9, 0}, {9, 0, 0}, {15, 2, 0}, {20, 8, 0}},
-     {}},
-    {3,
-     {0, 1, 2, 3, 4, 5, 6, 7, 8},
-     {{0, 0, 0}, {5, 5, 0}, {10, 0, 0}, {15, 5, 0}, {20, 0, 0}},
-     {}},  // not clamped
-    {2,
-     {0, 0, 0, 1, 1, 1},
-     {{10, 0, 0}, {10, 10, 0}, {0, 10, 0}},
-     {1, std::sqrt(0.5), 1}},  // a quarter circle
+    {3, {0, 0, 0, 0, 1, 2, 3, 3, 3, 3}, {{0, 0, 0}, {1, 5, 0}, {6, 9, 0}, {9, 0, 0}, {15, 2, 0}, {20, 8, 0}}, {}},
+    {3, {0, 1, 2, 3, 4, 5, 6, 7, 8}, {{0, 0, 0}, {5, 5, 0}, {10, 0, 0}, {15, 5, 0}, {20, 0, 0}}, {}},  // not clamped
+    {2, {0, 0, 0, 1, 1, 1}, {{10, 0, 0}, {10, 10, 0}, {0, 10, 0}}, {1, std::sqrt(0.5), 1}},  // a quarter circle
     {1, {0, 0, 1, 2, 2}, {{0, 0, 0}, {5, 5, 0}, {10, 0, 0}}, {}},
 };
 
@@ -71,9 +61,8 @@ TEST(Nurbs, SamplesStayWithinTheChordBound) {
       const auto samples = sampleNurbs(curve, chord);
       ASSERT_GE(samples.size(), 2u);
       EXPECT_LE(greatestDeviation(curve, samples), chord) << curve.points.size() << ' ' << chord;
-      EXPECT_NEAR(
-          samples.front().distanceTo(deBoor(curve, curve.knots[static_cast<std::size_t>(curve.degree)])), 0,
-          1e-9);
+      EXPECT_NEAR(samples.front().distanceTo(deBoor(curve, curve.knots[static_cast<std::size_t>(curve.degree)])), 0,
+                  1e-9);
       EXPECT_LT(samples.size(), 3000u);
     }
 }

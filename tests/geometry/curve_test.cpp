@@ -65,7 +65,8 @@ std::shared_ptr<const Curve> curveFrom(const Nurbs& data) {
 
 double sizeOf(const Nurbs& data) {
   double size = 1;
-  for (const AcGePoint3d& p : data.points) size = std::max({size, std::abs(p.x), std::abs(p.y), p.distanceTo(data.points[0])});
+  for (const AcGePoint3d& p : data.points)
+    size = std::max({size, std::abs(p.x), std::abs(p.y), p.distanceTo(data.points[0])});
   return size;
 }
 
@@ -103,7 +104,9 @@ TEST(CurveOfSplines, PartsAreTheCurveAndJoinToItAgain) {
       const double f = i / 40.0;
       const AcGePoint3d p = *whole->pointAt(from + f * (to - from));
       EXPECT_LT(again->closest(p).distance, 1e-9 * size);
-      EXPECT_LT(whole->closest(*again->pointAt(again->startParam() + f * (again->endParam() - again->startParam()))).distance, 1e-9 * size);
+      EXPECT_LT(
+          whole->closest(*again->pointAt(again->startParam() + f * (again->endParam() - again->startParam()))).distance,
+          1e-9 * size);
     }
     const auto back = curveFrom(reversed(r.data));
     EXPECT_LT(back->pointAt(from)->distanceTo(*whole->pointAt(to)), 1e-9 * size);
@@ -132,7 +135,8 @@ TEST(CurveOfArcs, WholeAsOneSpline) {
   const auto row = Curve::of({{Straight{{0, 0, 0}, {10, 0, 0}}, 0, 1},
                               {bulgeShape({10, 0, 0}, {10, 8, 0}, 1, {0, 0, 1}), 1, 2},
                               {Straight{{10, 8, 0}, {10, 8, 0}}, 2, 3},
-                              {bulgeShape({10, 8, 0}, {0, 8, 0}, -0.3, {0, 0, 1}), 3, 4}}, false);
+                              {bulgeShape({10, 8, 0}, {0, 8, 0}, -0.3, {0, 0, 1}), 3, 4}},
+                             false);
   const auto data = row->toNurbs();
   ASSERT_TRUE(data);
   const auto spline = curveFrom(*data);
@@ -157,8 +161,12 @@ struct Meets {
   bool extend = false;
 };
 
-std::shared_ptr<const Curve> line(AcGePoint3d a, AcGePoint3d b) { return Curve::of({{Straight{a, b}, 0, a.distanceTo(b)}}, false); }
-std::shared_ptr<const Curve> endless(AcGePoint3d a, AcGeVector3d d) { return Curve::of({{Straight{a, a + d, true, true}, 0, 1}}, false); }
+std::shared_ptr<const Curve> line(AcGePoint3d a, AcGePoint3d b) {
+  return Curve::of({{Straight{a, b}, 0, a.distanceTo(b)}}, false);
+}
+std::shared_ptr<const Curve> endless(AcGePoint3d a, AcGeVector3d d) {
+  return Curve::of({{Straight{a, a + d, true, true}, 0, 1}}, false);
+}
 std::shared_ptr<const Curve> wave() {
   return curveFrom({3, {0, 0, 0, 0, 1, 1, 1, 1}, {{0, 0, 0}, {10, 30, 0}, {20, -30, 0}, {30, 0, 0}}, {}});
 }
@@ -178,7 +186,10 @@ TEST(CurveCrossings, Table) {
       {"half circle misses", ellipse(5, 5, 0, pi), line({6, 2, 0}, {6, -9, 0}), {}},
       {"half circle, extended", ellipse(5, 5, 0, pi), line({6, 2, 0}, {6, -9, 0}), {{6, 8, 0}, {6, 0, 0}}, true},
       {"pierced", ellipse(5, 5, 0, 2 * pi), line({8, 4, -3}, {8, 4, 3}), {{8, 4, 0}}},
-      {"circles", ellipse(5, 5, 0, 2 * pi), Curve::of({{Elliptic{{9, 4, 0}, {5, 0, 0}, {0, 5, 0}, 0, 2 * pi}, 0, 1}}, true), {{6, 8, 0}, {6, 0, 0}}},
+      {"circles",
+       ellipse(5, 5, 0, 2 * pi),
+       Curve::of({{Elliptic{{9, 4, 0}, {5, 0, 0}, {0, 5, 0}, 0, 2 * pi}, 0, 1}}, true),
+       {{6, 8, 0}, {6, 0, 0}}},
       {"spline and level", wave(), endless({0, 0, 0}, {1, 0, 0}), {{0, 0, 0}, {15, 0, 0}, {30, 0, 0}}},
       {"spline and vertical", wave(), endless({15, -5, 0}, {0, 1, 0}), {{15, 0, 0}}},
       {"spline and vertical aside", wave(), endless({31, -5, 0}, {0, 1, 0}), {}},
@@ -188,7 +199,8 @@ TEST(CurveCrossings, Table) {
     ASSERT_EQ(found.size(), row.points.size()) << row.name;
     for (const AcGePoint3d& p : row.points) {
       const auto near = [&](const Crossing& c) { return c.point.distanceTo(p) < 1e-7; };
-      EXPECT_TRUE(std::any_of(found.begin(), found.end(), near)) << row.name << ' ' << found[0].point.x << ' ' << found[0].point.y;
+      EXPECT_TRUE(std::any_of(found.begin(), found.end(), near))
+          << row.name << ' ' << found[0].point.x << ' ' << found[0].point.y;
     }
     EXPECT_EQ(row.b->crossings(*row.a, row.extend, row.extend).size(), row.points.size()) << row.name;
   }

@@ -18,9 +18,7 @@ class Files : public LispTest {
     in.set("DIR", in.string(folder.string() + "/"));
   }
   void TearDown() override { fs::remove_all(folder); }
-  void put(const char* name, std::string_view bytes) {
-    std::ofstream(folder / name, std::ios::binary) << bytes;
-  }
+  void put(const char* name, std::string_view bytes) { std::ofstream(folder / name, std::ios::binary) << bytes; }
   std::string get(const char* name) {
     std::ifstream file(folder / name, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};

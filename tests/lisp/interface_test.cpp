@@ -19,9 +19,7 @@ Value sum(void* context, int index, Interpreter& in, Arguments arguments) {
   return Value::real(total);
 }
 
-Value fails(void*, int, Interpreter&, Arguments) {
-  throw std::out_of_range("map::at");
-}
+Value fails(void*, int, Interpreter&, Arguments) { throw std::out_of_range("map::at"); }
 
 Value callsBack(void*, int, Interpreter& in, Arguments arguments) {
   try {
@@ -54,8 +52,7 @@ TEST_F(Interface, ExternalFunctions) {
   EXPECT_FALSE(in.removeExternal("APP:SUM", &other));
   run("(setq kept app:sum)");
   EXPECT_TRUE(in.removeExternal("APP:SUM", &application));
-  check({{"(app:sum 1)", "! no function definition: APP:SUM"},
-         {"(kept 1)", "! no function definition: APP:SUM"}});
+  check({{"(app:sum 1)", "! no function definition: APP:SUM"}, {"(kept 1)", "! no function definition: APP:SUM"}});
 }
 
 TEST_F(Interface, TablesOfOtherRooms) {
@@ -86,8 +83,7 @@ Value picks(void* context, int, Interpreter& in, Arguments) {
 TEST_F(Interface, DroppedSelectionsLetTheirObjectsGo) {
   auto picked = std::make_shared<int>(7);
   in.addExternal("app:picks", picks, &picked, 0);
-  check({{"(type (setq ss (app:picks)))", "PICKSET"},
-         {"(repeat 100 (setq ss (app:picks)))(type ss)", "PICKSET"}});
+  check({{"(type (setq ss (app:picks)))", "PICKSET"}, {"(repeat 100 (setq ss (app:picks)))(type ss)", "PICKSET"}});
   run("(setq ss nil) (mapcar 'list '(1 2 3) '(4 5 6)) (gc)");
   // A word of the machine stack may still look like one or the other of them.
   EXPECT_LT(picked.use_count(), 10);
@@ -112,10 +108,8 @@ TEST_F(Interface, CollectionUnderStress) {
                                         },
                                         1, 1, "(squeeze x)", "Récupère la mémoire."}};
   in.add(kTable);
-  check({{"(mapcar '(lambda (x) (squeeze (strcat \"n\" (itoa (squeeze x))))) '(1 2 3))",
-          "(\"n1\" \"n2\" \"n3\")"},
-         {"(vl-sort (list (list 3) (list 1) (list 2)) '(lambda (a b) (< (car (squeeze a)) (car b))))",
-          "((1) (2) (3))"},
+  check({{"(mapcar '(lambda (x) (squeeze (strcat \"n\" (itoa (squeeze x))))) '(1 2 3))", "(\"n1\" \"n2\" \"n3\")"},
+         {"(vl-sort (list (list 3) (list 1) (list 2)) '(lambda (a b) (< (car (squeeze a)) (car b))))", "((1) (2) (3))"},
          {"(progn (setq s \"\") (repeat 50 (setq s (squeeze (strcat s \"é\")))) (strlen s))", "50"},
          {"(foreach x (list (list 1) (list 2)) (squeeze (list x)))", "((2))"},
          {"(apply 'append (mapcar '(lambda (x) (squeeze (list x (list x)))) (list 1 2)))", "(1 (1) 2 (2))"},
@@ -147,8 +141,7 @@ TEST_F(Interface, ListsFromCpp) {
   for (Value value : Items(list)) count += value.isInteger() || value.isString() || value.isPair();
   EXPECT_EQ(count, 3);
   EXPECT_EQ(Value::real(std::numeric_limits<double>::quiet_NaN()).type(), Type::Real);
-  EXPECT_EQ(Value::real(-std::numeric_limits<double>::infinity()).real(),
-            -std::numeric_limits<double>::infinity());
+  EXPECT_EQ(Value::real(-std::numeric_limits<double>::infinity()).real(), -std::numeric_limits<double>::infinity());
   EXPECT_EQ(Value::integer(-1).integer(), -1);
 }
 

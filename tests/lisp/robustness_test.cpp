@@ -71,9 +71,7 @@ TEST_F(Robustness, BrokenTextsGiveAValueOrASyntaxError) {
       "(defun f (x / y) \"doc\\n\" ;| c |; (setq y '(1 . 2.5e3)) ; end\n (list \"\\U+00e9\" \\101 'x .5 "
       "y))\n";
   std::uint32_t seed = 12345;
-  const auto random = [&seed](std::size_t below) {
-    return (seed = seed * 1664525u + 1013904223u) / 256u % below;
-  };
+  const auto random = [&seed](std::size_t below) { return (seed = seed * 1664525u + 1013904223u) / 256u % below; };
   for (int round = 0; round < 3000; ++round) {
     std::string text = program.substr(random(program.size()));
     for (int change = 0; change < 3 && !text.empty(); ++change)

@@ -95,8 +95,7 @@ TEST_F(Strings, Wildcards) {
               {"axbyc", "a*b*c", true}, {"axbyd", "a*b*c", false},
               {"Été", "@t@", true},     {"[x", "[x", true}};
   for (const auto& row : rows)
-    EXPECT_EQ(run("(wcmatch \"" + std::string(row.text) + "\" \"" + row.pattern + "\")"),
-              row.matches ? "T" : "nil")
+    EXPECT_EQ(run("(wcmatch \"" + std::string(row.text) + "\" \"" + row.pattern + "\")"), row.matches ? "T" : "nil")
         << row.text << " " << row.pattern;
 }
 

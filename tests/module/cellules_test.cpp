@@ -63,13 +63,12 @@ TEST_F(Cellules, StationAndRemarkBehindATick) {
 TEST_F(Cellules, ABlockHangsFromTheTopOnItsStem) {
   session.eval(R"((progn (entmake '((0 . "BLOCK") (2 . "vanne") (70 . 0) (10 0.0 0.0 0.0)))
       (entmake '((0 . "LINE") (10 -1.0 0.0 0.0) (11 1.0 -4.0 0.0))) (entmake '((0 . "ENDBLK")))))");
-  tallRows(
-      {{"(pl_BlockVertical 10 5 \"C:\\\\blocs\\\\VANNE.dwg\" \"obs\")",
-        "(\"INSERT 10.00,-3.50\" \"LINE 10.00,-7.50 10.00,-33.50\" \"PK 0+5.00 @8.70,-21.00 h1.00 r90 1/0\" "
-        "\"obs @11.70,-21.00 h1.00 r90 1/0\")"},
-       {"(pl_BlockVertical 10 5 \"vanne\" 3)",
-        "(\"INSERT 10.00,-3.50\" \"LINE 10.00,-7.50 10.00,-33.50\" \"PK 0+5.00 @8.70,-21.00 h1.00 r90 "
-        "1/0\")"}});
+  tallRows({{"(pl_BlockVertical 10 5 \"C:\\\\blocs\\\\VANNE.dwg\" \"obs\")",
+             "(\"INSERT 10.00,-3.50\" \"LINE 10.00,-7.50 10.00,-33.50\" \"PK 0+5.00 @8.70,-21.00 h1.00 r90 1/0\" "
+             "\"obs @11.70,-21.00 h1.00 r90 1/0\")"},
+            {"(pl_BlockVertical 10 5 \"vanne\" 3)",
+             "(\"INSERT 10.00,-3.50\" \"LINE 10.00,-7.50 10.00,-33.50\" \"PK 0+5.00 @8.70,-21.00 h1.00 r90 "
+             "1/0\")"}});
   EXPECT_EQ(drawn("(setq r (pl_BlockVertical 10 5 \"absent\"))"), "nil");
   EXPECT_EQ(session.eval("r"), "nil");
 }
@@ -133,8 +132,7 @@ TEST_F(Cellules, WrongTypesDrawNothing) {
   for (const char* appel :
        {"(pl_TexteHorizontalCentre \"1\" \"a\")", "(pl_TexteVertical 1 2)", "(pl_NbreVertical 1.0 1 1)",
         "(pl_NbreVertical '(1.0 2.0))", "(pl_TexteMultipleCentre 0 9 \"a\" 1.0)", "(pl_Quadrant 1 1.0)",
-        "(pl_ArcCell 1 2 1.0)", "(pl_ptPkEtObs 1 2)", "(pl_BlockVertical 1 2 3)",
-        "(pl_TexteHorizontalGauche 1)"}) {
+        "(pl_ArcCell 1 2 1.0)", "(pl_ptPkEtObs 1 2)", "(pl_BlockVertical 1 2 3)", "(pl_TexteHorizontalGauche 1)"}) {
     EXPECT_EQ(drawn("(setq r " + std::string(appel) + ")"), "nil") << appel;
     EXPECT_EQ(session.eval("r"), "nil") << appel;
   }
@@ -149,13 +147,11 @@ TEST(FitRule, NarrowsThenShrinks) {
     double part;
     bool ajuste;
     double facteur, hauteur;
-  } cas[] = {
-      {1.01, false, 1.0, 2.0},           {1.0, true, 1.0, 2.0},  {0.8, true, 0.8, 2.0}, {0.6, true, 0.6, 2.0},
-      {0.5, true, 0.6, 2.0 * 0.5 / 0.6}, {0.25, true, 0.6, 1.4}, {-1, true, 0.6, 1.4}};
+  } cas[] = {{1.01, false, 1.0, 2.0},           {1.0, true, 1.0, 2.0},  {0.8, true, 0.8, 2.0}, {0.6, true, 0.6, 2.0},
+             {0.5, true, 0.6, 2.0 * 0.5 / 0.6}, {0.25, true, 0.6, 1.4}, {-1, true, 0.6, 1.4}};
   for (const auto& c : cas) {
     double facteur = 1.0, hauteur = 2.0;
-    EXPECT_EQ(plv::ajusterTexte(largeur * c.part, texte, AcDbObjectId::kNull, hauteur, facteur), c.ajuste)
-        << c.part;
+    EXPECT_EQ(plv::ajusterTexte(largeur * c.part, texte, AcDbObjectId::kNull, hauteur, facteur), c.ajuste) << c.part;
     EXPECT_NEAR(facteur, c.facteur, 1e-9) << c.part;
     EXPECT_NEAR(hauteur, c.hauteur, 1e-9) << c.part;
   }

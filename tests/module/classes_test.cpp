@@ -19,8 +19,7 @@ std::string texte(const classesProfondeur& liste) {
   return sortie.str();
 }
 
-constexpr const char* kParDefaut =
-    "0-1 l0.6 c1; 1-1.5 l0.8 c2; 1.5-2 l1 c3; 2-3 l1.5 c4; 3-4 l2 c5; 4-5 l2 c6; ";
+constexpr const char* kParDefaut = "0-1 l0.6 c1; 1-1.5 l0.8 c2; 1.5-2 l1 c3; 2-3 l1.5 c4; 3-4 l2 c5; 4-5 l2 c6; ";
 
 struct Classes : ::testing::Test {
   Classes() { plv::chargerClasses(liste); }
@@ -36,11 +35,13 @@ TEST_F(Classes, AnInsertionCutsWhatItOverlaps) {
     classeProfondeur nouvelle;
     const char* attendu;
   } cas[] = {
-      {{0.5, 0.8, 0, 9, 7}, "0-0.5 l0.6 c1; 0.5-0.8 l9 c7; 0.8-1 l0.6 c1; 1-1.5 l0.8 c2; 1.5-2 l1 c3; 2-3 l1.5 c4; 3-4 l2 c5; 4-5 l2 c6; "},
+      {{0.5, 0.8, 0, 9, 7},
+       "0-0.5 l0.6 c1; 0.5-0.8 l9 c7; 0.8-1 l0.6 c1; 1-1.5 l0.8 c2; 1.5-2 l1 c3; 2-3 l1.5 c4; 3-4 l2 c5; 4-5 l2 c6; "},
       {{1.2, 2.5, 0, 9, 7}, "0-1 l0.6 c1; 1-1.2 l0.8 c2; 1.2-2.5 l9 c7; 2.5-3 l1.5 c4; 3-4 l2 c5; 4-5 l2 c6; "},
       {{8, 6, 0, 9, 7}, "0-1 l0.6 c1; 1-1.5 l0.8 c2; 1.5-2 l1 c3; 2-3 l1.5 c4; 3-4 l2 c5; 4-5 l2 c6; 6-8 l9 c7; "},
       {{1.5, 2, 0, 9, 7}, "0-1 l0.6 c1; 1-1.5 l0.8 c2; 1.5-2 l9 c7; 2-3 l1.5 c4; 3-4 l2 c5; 4-5 l2 c6; "},
-      {{0, 0.5, 0, 9, 7}, "0-0.5 l9 c7; 0.5-1 l0.6 c1; 1-1.5 l0.8 c2; 1.5-2 l1 c3; 2-3 l1.5 c4; 3-4 l2 c5; 4-5 l2 c6; "},
+      {{0, 0.5, 0, 9, 7},
+       "0-0.5 l9 c7; 0.5-1 l0.6 c1; 1-1.5 l0.8 c2; 1.5-2 l1 c3; 2-3 l1.5 c4; 3-4 l2 c5; 4-5 l2 c6; "},
       {{0, 9, 0, 9, 7}, "0-9 l9 c7; "},
       {{2.2, 2.205, 0, 9, 7}, kParDefaut},
   };
@@ -108,7 +109,7 @@ TEST_F(Classes, TheExtremeOnesMakeTheListTotal) {
 }
 
 TEST_F(Classes, LabelsNameTheBand) {
-  const wchar_t* attendus[] = {L"Non enterre", L"0.00 - 1.00 ", L"1.00 - 1.50 ", L"1.50 - 2.00 ",
+  const wchar_t* attendus[] = {L"Non enterre",  L"0.00 - 1.00 ", L"1.00 - 1.50 ",    L"1.50 - 2.00 ",
                                L"2.00 - 3.00 ", L"3.00 - 4.00 ", L"au dela de 5.00", L"au dela de 5.00"};
   for (int k = 0; k < 8; ++k) EXPECT_EQ(plv::libelleClasse(liste, k), attendus[k]) << k;
 }

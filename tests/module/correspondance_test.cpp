@@ -24,8 +24,7 @@ TEST(Mapping, OrdinatesTakeTheLowerPlaneAtAChangeOfSection) {
   const profilLong p = exemple();
   const struct {
     double d, plan;
-  } cas[] = {{-5, 95},     {0, 95},    {50, 95},  {100, 95}, {100 + 5e-6, 95},
-             {100.1, 100}, {149, 100}, {150, 90}, {999, 90}};
+  } cas[] = {{-5, 95}, {0, 95}, {50, 95}, {100, 95}, {100 + 5e-6, 95}, {100.1, 100}, {149, 100}, {150, 90}, {999, 90}};
   for (const auto& c : cas) EXPECT_DOUBLE_EQ(p.ordonneeDessin(c.d, 120), (120 - c.plan) * 10 + 500) << c.d;
 }
 

@@ -17,9 +17,11 @@ struct Courbes : ::testing::Test {
   }
   // An old polyline of a type, with control vertices (16) or plain ones.
   AcDbObjectId ancienne(int drapeaux, int lissage, std::initializer_list<AcGePoint2d> points, int sommet) {
-    std::string lisp = "(entmake '((0 . \"POLYLINE\") (66 . 1) (10 0.0 0.0 0.0) (70 . " + std::to_string(drapeaux) + ") (75 . " + std::to_string(lissage) + ")))";
+    std::string lisp = "(entmake '((0 . \"POLYLINE\") (66 . 1) (10 0.0 0.0 0.0) (70 . " + std::to_string(drapeaux) +
+                       ") (75 . " + std::to_string(lissage) + ")))";
     for (const AcGePoint2d& p : points)
-      lisp += "(entmake '((0 . \"VERTEX\") (10 " + std::to_string(p.x) + " " + std::to_string(p.y) + " 0.0) (70 . " + std::to_string(sommet) + ")))";
+      lisp += "(entmake '((0 . \"VERTEX\") (10 " + std::to_string(p.x) + " " + std::to_string(p.y) + " 0.0) (70 . " +
+              std::to_string(sommet) + ")))";
     return faire(lisp + "(entmake '((0 . \"SEQEND\")))");
   }
   AcDbObjectId ajouter(std::unique_ptr<AcDbEntity> entite) {
@@ -90,7 +92,8 @@ TEST_F(Courbes, StraightPieces) {
 }
 
 TEST_F(Courbes, CutsAtVerticals) {
-  AcDbObjectPointer<AcDbPolyline> p(ajouter(polyligne({{0, 0, 0}, {10, 10, 0}, {20, 0, 0}, {0, -5, 0}})), AcDb::kForWrite);
+  AcDbObjectPointer<AcDbPolyline> p(ajouter(polyligne({{0, 0, 0}, {10, 10, 0}, {20, 0, 0}, {0, -5, 0}})),
+                                    AcDb::kForWrite);
   plv::piecesCourbe pieces;
   bool remplacer = true;
   plv::couperCourbe(*p, {30, -1}, pieces, remplacer);
@@ -165,7 +168,8 @@ TEST_F(Courbes, JointsOfSplines) {
   double parametre = 0;
   EXPECT_EQ(resultat->getParamAtPoint({3, 0, 0}, parametre), Acad::eOk);
   // Parabolas: the crossing of the inner legs becomes the joint's control point.
-  ASSERT_TRUE(plv::fusionnerCourbes(*spline(2, {{0, 0, 0}, {2, 2, 0}, {4, 2, 0}}), *spline(2, {{4, 2, 0}, {8, 2, 0}, {10, 0, 0}}), resultat));
+  ASSERT_TRUE(plv::fusionnerCourbes(*spline(2, {{0, 0, 0}, {2, 2, 0}, {4, 2, 0}}),
+                                    *spline(2, {{4, 2, 0}, {8, 2, 0}, {10, 0, 0}}), resultat));
   const auto* joint = AcDbSpline::cast(resultat.get());
   ASSERT_EQ(joint->numControlPoints(), 4);
   joint->getControlPointAt(2, p);
@@ -193,7 +197,8 @@ TEST_F(Courbes, ManyPiecesAreJoinedInOneCall) {
   for (int i = 0; i < 300; ++i) {
     const double x = i == 200 ? -1 : i > 200 ? i - 1 : i;
     const auto piece = [&] {
-      return i % 3 ? polyligne({{x, 0, 0.1}, {x + 0.5, 1, 0.2}, {x + 1, 0, 0.3}}) : polyligne({{x + 1, 0, 0.1}, {x + 0.5, 1, 0.2}, {x, 0, 0.3}});
+      return i % 3 ? polyligne({{x, 0, 0.1}, {x + 0.5, 1, 0.2}, {x + 1, 0, 0.3}})
+                   : polyligne({{x + 1, 0, 0.1}, {x + 0.5, 1, 0.2}, {x, 0, 0.3}});
     };
     ids.append(ajouter(piece()));
     if (!attendu) {

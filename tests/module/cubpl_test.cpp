@@ -18,12 +18,15 @@ struct Cubpl : kaveltest::ProfilDessine {
   }
   ~Cubpl() override {
     plv::classesProfondeur origine;
-    for (const auto& [fin, largeur, couleur] : {std::tuple(1.0, 0.6, 1), {1.5, 0.8, 2}, {2.0, 1.0, 3}, {3.0, 1.5, 4}, {4.0, 2.0, 5}, {5.0, 2.0, 6}})
+    for (const auto& [fin, largeur, couleur] :
+         {std::tuple(1.0, 0.6, 1), {1.5, 0.8, 2}, {2.0, 1.0, 3}, {3.0, 1.5, 4}, {4.0, 2.0, 5}, {5.0, 2.0, 6}})
       origine.push_back({0, fin, 0, largeur, couleur});
     plv::sauverClasses(origine);
   }
   std::string cubpl(const std::string& reponses) { return session.feed("CUBPL\n" + reponses + "\n"); }
-  static bool contient(const std::string& texte, const std::string& partie) { return texte.find(partie) != std::string::npos; }
+  static bool contient(const std::string& texte, const std::string& partie) {
+    return texte.find(partie) != std::string::npos;
+  }
 };
 
 #define VOIT(texte, partie) EXPECT_TRUE(contient(texte, partie)) << partie << "\n" << texte
@@ -76,8 +79,12 @@ TEST_F(Cubpl, AFailureInAButtonIsShownAndTheDialogStays) {
 }
 
 TEST_F(Cubpl, RemovesWhatTheHiddenListHasSelected) {
-  session.eval("(progn (pl_elem_prj prf \"V\" a) (setq r (tampon \"VardanePLVDGE\" 145.5 '((\"OBS\" . \"basse\")))) (pl_elem_ponct prf \"V\" '(145.5 0.0) r))");
-  const std::string vu = cubpl(std::string(kAjouter) + "ProfilsEnLong=1,2\nEnlever la selection\nAfficher Elements fixes\nProfilsEnLong=*\nAfficherProjet\nEnleverLaSelection\nFermer");
+  session.eval(
+      "(progn (pl_elem_prj prf \"V\" a) (setq r (tampon \"VardanePLVDGE\" 145.5 '((\"OBS\" . \"basse\")))) "
+      "(pl_elem_ponct prf \"V\" '(145.5 0.0) r))");
+  const std::string vu = cubpl(std::string(kAjouter) +
+                               "ProfilsEnLong=1,2\nEnlever la selection\nAfficher Elements "
+                               "fixes\nProfilsEnLong=*\nAfficherProjet\nEnleverLaSelection\nFermer");
   VOIT(vu, "Vidange");
   VOIT(vu, "Abscisse   45.5000");
   VOIT(vu, "Obs        basse");
@@ -89,7 +96,9 @@ TEST_F(Cubpl, RemovesWhatTheHiddenListHasSelected) {
 }
 
 TEST_F(Cubpl, ClassesAreEditedAndSavedWhicheverWayItEnds) {
-  cubpl("AjouterUneClasse\nDe=1.2\nA=0.5\nLargeur=0.9\nHeuteurLitDePose=-0.1\nCouleur=30\nOK\nClassesDeProfondeurs=1\nSupprimerLaClasse");
+  cubpl(
+      "AjouterUneClasse\nDe=1.2\nA=0.5\nLargeur=0.9\nHeuteurLitDePose=-0.1\nCouleur=30\nOK\nClassesDeProfondeurs="
+      "1\nSupprimerLaClasse");
   plv::classesProfondeur relue;
   plv::chargerClasses(relue);
   ASSERT_EQ(relue.size(), 6u);
@@ -110,15 +119,17 @@ TEST_F(Cubpl, HatchesEachSectionInItsClassColour) {
   session.eval("(progn (setvar \"CLAYER\" \"0\") (pl_elem_prj prf \"V\" a b))");
   cubpl(std::string(kAjouter) + "Schematiser\nFermer");
   // 0-10, 10-20, 20-30, 30-60 on the first plane, 100-150 on the second; two groups, the second with all.
-  kaveltest::check(session, {{"(types \"HATCH\")", "5"},
-                             {"(setq e (entget (ssname (ssget \"X\" '((0 . \"HATCH\"))) 4)) c (cdr (assoc 62 e)))", "1"},
-                             {"(cdr (assoc 440 e))", "33554522"},
-                             {"(list (g 2 e) (g 70 e) (g 71 e) (g 91 e) (g 92 e) (g 75 e))", "(\"SOLID\" 1 0 1 3 0)"},
-                             {"(mapcar 'cdr (vl-remove-if-not '(lambda (x) (= (car x) 10)) (cdr (member (assoc 93 e) e))))",
-                              "((100.0 100.0) (110.0 105.0) (110.0 95.0) (100.0 95.0) (100.0 100.0))"},
-                             {"(vl-remove 0 (mapcar '(lambda (x) (length (vl-remove-if-not '(lambda (y) (and (= (car y) 340) (= (g 0 (entget (cdr y))) \"HATCH\")))"
-                              " (if (= (car x) 350) (entget (cdr x)))))) (dictsearch (namedobjdict) \"ACAD_GROUP\")))",
-                              "(4 5)"}});
+  kaveltest::check(session,
+                   {{"(types \"HATCH\")", "5"},
+                    {"(setq e (entget (ssname (ssget \"X\" '((0 . \"HATCH\"))) 4)) c (cdr (assoc 62 e)))", "1"},
+                    {"(cdr (assoc 440 e))", "33554522"},
+                    {"(list (g 2 e) (g 70 e) (g 71 e) (g 91 e) (g 92 e) (g 75 e))", "(\"SOLID\" 1 0 1 3 0)"},
+                    {"(mapcar 'cdr (vl-remove-if-not '(lambda (x) (= (car x) 10)) (cdr (member (assoc 93 e) e))))",
+                     "((100.0 100.0) (110.0 105.0) (110.0 95.0) (100.0 95.0) (100.0 100.0))"},
+                    {"(vl-remove 0 (mapcar '(lambda (x) (length (vl-remove-if-not '(lambda (y) (and (= (car y) 340) (= "
+                     "(g 0 (entget (cdr y))) \"HATCH\")))"
+                     " (if (= (car x) 350) (entget (cdr x)))))) (dictsearch (namedobjdict) \"ACAD_GROUP\")))",
+                     "(4 5)"}});
 }
 
 TEST_F(Cubpl, ATransparencyOutOfRangeIsPutRight) {
@@ -140,9 +151,12 @@ TEST_F(Cubpl, TheDialogIsLeftByAnEndOfInputAndTakesNoPathThatCannotBe) {
 }
 
 TEST_F(Cubpl, AProgramAnswersBeforehandAndReadsTheLists) {
-  session.eval("(progn (pl_elem_prj prf \"V\" a) (setq l (dialoguer c:cubpl (list \"AjouterProfils\" (progn (setq s (ssadd)) (ssadd prf s)) \"\" \"Fermer\"))))");
+  session.eval(
+      "(progn (pl_elem_prj prf \"V\" a) (setq l (dialoguer c:cubpl (list \"AjouterProfils\" (progn (setq s (ssadd)) "
+      "(ssadd prf s)) \"\" \"Fermer\"))))");
   kaveltest::check(session, {{"(mapcar 'length l)", "(6 0 6)"},
-                             {"(nth 2 (car l))", "(0 \"P1\" \"0.000\" \"10.000\" \" 1 -      0.750 \" \"     4.500 \" \"     7.500 \")"},
+                             {"(nth 2 (car l))",
+                              "(0 \"P1\" \"0.000\" \"10.000\" \" 1 -      0.750 \" \"     4.500 \" \"     7.500 \")"},
                              {"(nth 5 (nth 2 l))", "(6 \"4.00\" \"5.00\" \"\" \"2.00\" \"0.00\" \"\")"}});
   EXPECT_EQ(session.transcript(), "");
 }

@@ -55,24 +55,21 @@ TEST_F(Dessin, TheReferenceTakesTheCurrentLayer) {
       (2 . "TABLES") (70 . 0) (62 . 3) (6 . "Continuous"))) (setvar "CLAYER" "TABLES") (marque)
       (pl_DessinerMatrices prf '(0.0 0.0) 1.0 0.0)))");
   check(session,
-        {{"(mapcar '(lambda (e) (cdr (assoc 8 (entget e)))) (depuis repere))",
-          "(\"TABLES\" \"0\" \"0\" \"0\" \"0\")"},
-         {"(progn (pl_SelectLigne 0 0) (pl_TexteVertical 1 \"a\") (cdr (assoc 8 (entget (entlast)))))",
-          "\"TABLES\""}});
+        {{"(mapcar '(lambda (e) (cdr (assoc 8 (entget e)))) (depuis repere))", "(\"TABLES\" \"0\" \"0\" \"0\" \"0\")"},
+         {"(progn (pl_SelectLigne 0 0) (pl_TexteVertical 1 \"a\") (cdr (assoc 8 (entget (entlast)))))", "\"TABLES\""}});
 }
 
 TEST_F(Dessin, StoredRecords) {
-  check(session,
-        {{"(mapcar 'car liste)", "(90 90 330)"},
-         {"(list (cdr (car liste)) (cdr (cadr liste)))", "(1425781 1)"},
-         {"(mapcar 'car infos)",
-          "(300 40 330 90 90 91 300 40 90 90 300 300 90 91 300 40 90 90 300 300 90 91 300 40 90 90 300 300 "
-          "90 330 330 330 330 330)"},
-         {"(list (cdr (car infos)) (cdr (cadr infos)))", "(\"M\" 1.0)"},
-         {"(mapcar 'cdr (list (nth 12 infos) (nth 14 infos) (nth 15 infos) (nth 16 infos) (nth 17 infos)))",
-          "(1 \"2\" 2.0 2 13)"},
-         {"(membres groupe)", "5"},
-         {"(cdr (assoc 70 (entget groupe)))", "1"}});
+  check(session, {{"(mapcar 'car liste)", "(90 90 330)"},
+                  {"(list (cdr (car liste)) (cdr (cadr liste)))", "(1425781 1)"},
+                  {"(mapcar 'car infos)",
+                   "(300 40 330 90 90 91 300 40 90 90 300 300 90 91 300 40 90 90 300 300 90 91 300 40 90 90 300 300 "
+                   "90 330 330 330 330 330)"},
+                  {"(list (cdr (car infos)) (cdr (cadr infos)))", "(\"M\" 1.0)"},
+                  {"(mapcar 'cdr (list (nth 12 infos) (nth 14 infos) (nth 15 infos) (nth 16 infos) (nth 17 infos)))",
+                   "(1 \"2\" 2.0 2 13)"},
+                  {"(membres groupe)", "5"},
+                  {"(cdr (assoc 70 (entget groupe)))", "1"}});
 }
 
 TEST_F(Dessin, AChosenProfileBringsItsMatricesBack) {
@@ -80,11 +77,11 @@ TEST_F(Dessin, AChosenProfileBringsItsMatricesBack) {
       "(progn (pl_ParamLigneProfil \"M\" \"2\" \"DECIDIST\" 4) (pl_DessinerMatrices prf '(3.0 1.0) 1.0 "
       "5.0))");
   const Adesk::UInt32 identite = matrice(0).lignes[1]->idLigne;
-  check(session, {{"(pl_ResetMatrices)", "T"},
-                  {"(pl_ChoixProfil prf)", "nil"},
-                  {"(pl_SelectLigne \"m\" 1)", "T"},
-                  {"(list (pl_nbmatrices) (pl_nblignesmat) (pl_typelignemat) (pl_textlignemat))",
-                   "(1 3 13 \"Distances\")"}});
+  check(session,
+        {{"(pl_ResetMatrices)", "T"},
+         {"(pl_ChoixProfil prf)", "nil"},
+         {"(pl_SelectLigne \"m\" 1)", "T"},
+         {"(list (pl_nbmatrices) (pl_nblignesmat) (pl_typelignemat) (pl_textlignemat))", "(1 3 13 \"Distances\")"}});
   EXPECT_EQ(matrice(0).lignes[1]->idLigne, identite);
   EXPECT_EQ(matrice(0).lignes[1]->decimales, 4);
   EXPECT_EQ(matrice(0).idTraits.length(), 4);
@@ -113,9 +110,8 @@ TEST_F(Dessin, ADamagedMatrixIsLeftOut) {
 }
 
 TEST_F(Dessin, AMatrixWithoutRowsIsDrawnButNotReloaded) {
-  EXPECT_EQ(
-      drawn("(progn (pl_ResetMatrices) (pl_CreeMatrice \"V\") (pl_DessinerMatrices prf '(0.0 0.0) 1.0 5.0))"),
-      "(\"INSERT 0.00,0.00\" \"LINE 0.00,0.00 10.00,0.00\")");
+  EXPECT_EQ(drawn("(progn (pl_ResetMatrices) (pl_CreeMatrice \"V\") (pl_DessinerMatrices prf '(0.0 0.0) 1.0 5.0))"),
+            "(\"INSERT 0.00,0.00\" \"LINE 0.00,0.00 10.00,0.00\")");
   session.eval("(pl_ChoixProfil prf)");
   EXPECT_EQ(plv::collectionMatrices().matrices.GetCount(), 0);
 }
@@ -127,8 +123,7 @@ TEST_F(Dessin, MatricesStackTwoTextHeightsApart) {
   EXPECT_NE(vus.find("INSERT 0.00,-11.50"), std::string::npos) << vus;
   session.eval(R"((progn (pl_ResetMatrices) (pl_DefinirLigneMatrice "A" "1" "a" 7.5 0)
       (pl_DefinirLigneMatrice "B" "1" "b" 5.0 0)))");
-  EXPECT_NE(drawn("(pl_DessinerMatrices prf '(0.0 0.0) 2.0 5.0)").find("INSERT 0.00,-19.00"),
-            std::string::npos);
+  EXPECT_NE(drawn("(pl_DessinerMatrices prf '(0.0 0.0) 2.0 5.0)").find("INSERT 0.00,-19.00"), std::string::npos);
 }
 
 TEST_F(Dessin, NoMatrixIsStoredAsSuch) {

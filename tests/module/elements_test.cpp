@@ -38,14 +38,17 @@ struct Elements : kaveltest::ProfilDessine {
 };
 
 TEST_F(Elements, ProjectListsFromLisp) {
-  session.eval("(setq a (ligne 100.0 60.0 200.0 60.0) b (ligne 100.0 70.0 200.0 70.0) c (ligne 100.0 80.0 200.0 80.0))");
-  check(session, {{"(progn (pl_elem_prj prf \"V\" a b) (equal (projet rv) (list a b)))", "T"},
-                  {"(marque-de a)", "nil"},  // names are not marked
-                  {"(progn (pl_elem_prj prf \"V\" c a) (length (projet rv)))", "2"},  // the last is listed: none is added
-                  {"(progn (pl_elem_prj prf \"V\" a c) (length (projet rv)))", "4"},  // it isn't: all are
-                  {"(progn (setq s (ssadd)) (ssadd a s) (pl_elem_prj prf \"V\" s) (length (projet rv)))", "5"},
-                  {"(marque-de a)", "1"},
-                  {"(progn (pl_elem_prj prf \"ROUTE\" a) (pl_elem_prj prf \"A\" a) (pl_elem_prj prf 1 a) (length (projet rv)))", "5"}});
+  session.eval(
+      "(setq a (ligne 100.0 60.0 200.0 60.0) b (ligne 100.0 70.0 200.0 70.0) c (ligne 100.0 80.0 200.0 80.0))");
+  check(session,
+        {{"(progn (pl_elem_prj prf \"V\" a b) (equal (projet rv) (list a b)))", "T"},
+         {"(marque-de a)", "nil"},                                           // names are not marked
+         {"(progn (pl_elem_prj prf \"V\" c a) (length (projet rv)))", "2"},  // the last is listed: none is added
+         {"(progn (pl_elem_prj prf \"V\" a c) (length (projet rv)))", "4"},  // it isn't: all are
+         {"(progn (setq s (ssadd)) (ssadd a s) (pl_elem_prj prf \"V\" s) (length (projet rv)))", "5"},
+         {"(marque-de a)", "1"},
+         {"(progn (pl_elem_prj prf \"ROUTE\" a) (pl_elem_prj prf \"A\" a) (pl_elem_prj prf 1 a) (length (projet rv)))",
+          "5"}});
   AcDbObjectIdArray liste, brute;
   plv::lireListeProjet(id("rv"), liste);
   plv::lireListeBrute(id("rv"), brute);
@@ -55,11 +58,13 @@ TEST_F(Elements, ProjectListsFromLisp) {
 
 TEST_F(Elements, ProjectListsByTheUser) {
   session.eval("(setq a (ligne 100.0 60.0 200.0 60.0) b (ligne 100.0 70.0 200.0 70.0))");
-  const std::string vu = repondre("(pl_assoc_prj rv)", "(list a '(150.0 60.0))\nProjet\n(list b '(150.0 70.0))\n\nNon\n(list b '(1.0 1.0))\n\n");
+  const std::string vu = repondre(
+      "(pl_assoc_prj rv)", "(list a '(150.0 60.0))\nProjet\n(list b '(150.0 70.0))\n\nNon\n(list b '(1.0 1.0))\n\n");
   EXPECT_NE(vu.find("Enlever  Redessiner Projet Non_projet <element à ajouter>"), std::string::npos) << vu;
   check(session, {{"(equal (projet rv) (list a b))", "T"}, {"(marque-de a)", "nil"}, {"(marque-de b)", "0"}});
   const std::string tout = repondre("(pl_assoc_prj rv)", "Enlever\n(list a '(150.0 60.0))\nTout\n\n");
-  EXPECT_NE(tout.find("Ajouter / enlever Tout  / Redessiner / Projet / Non_projet <element a enlever>"), std::string::npos);
+  EXPECT_NE(tout.find("Ajouter / enlever Tout  / Redessiner / Projet / Non_projet <element a enlever>"),
+            std::string::npos);
   check(session, {{"(projet rv)", "nil"}, {"(marque-de a)", "0"}});
   // A cancel leaves the record, not the flags.
   repondre("(pl_assoc_prj rv)", "Projet\n(list b '(150.0 70.0))");
@@ -68,15 +73,21 @@ TEST_F(Elements, ProjectListsByTheUser) {
 
 TEST_F(Elements, StaticGroupsFromLispAndByTheUser) {
   session.eval("(setq a (point) b (point))");
-  check(session, {{"(progn (pl_elem_ponct prf \"V\" '(140.0 77.0) a 5 b) (mapcar 'car (statiques rv)))", "(102 10 102 330 330 102 102)"},
+  check(session, {{"(progn (pl_elem_ponct prf \"V\" '(140.0 77.0) a 5 b) (mapcar 'car (statiques rv)))",
+                   "(102 10 102 330 330 102 102)"},
                   {"(cdr (assoc 10 (statiques rv)))", "(40.0 77.0 0.0)"},
-                  {"(progn (pl_elem_ponct prf \"V\" '(140.0 0.0) a) (pl_elem_ponct prf \"A\" '(1.0 0.0) a) (length (statiques rv)))", "13"}});
-  const std::string vu = repondre("(pl_efix prf \"P\")", "150.0,60.0\n(list a '(0.0 0.0))\n\nD\n150.0005,0\n(list b '(0.0 0.0))\n\nF\n");
+                  {"(progn (pl_elem_ponct prf \"V\" '(140.0 0.0) a) (pl_elem_ponct prf \"A\" '(1.0 0.0) a) (length "
+                   "(statiques rv)))",
+                   "13"}});
+  const std::string vu =
+      repondre("(pl_efix prf \"P\")", "150.0,60.0\n(list a '(0.0 0.0))\n\nD\n150.0005,0\n(list b '(0.0 0.0))\n\nF\n");
   EXPECT_NE(vu.find("Enlever Doublons Reset Fin Voir <position des éléments>:"), std::string::npos) << vu;
-  check(session, {{"(mapcar 'car (statiques rp))", "(102 10 102 330 102 102 330 102 102)"}, {"(cadr (assoc 10 (statiques rp)))", "50.0"}});
+  check(session, {{"(mapcar 'car (statiques rp))", "(102 10 102 330 102 102 330 102 102)"},
+                  {"(cadr (assoc 10 (statiques rp)))", "50.0"}});
   // Without its base the group keeps what was its duplicates, as its base.
   repondre("(pl_efix prf \"P\")", "E\n(list a '(0.0 0.0))\nF\n");
-  check(session, {{"(mapcar 'car (statiques rp))", "(102 10 102 330 102 102)"}, {"(equal (cdr (assoc 330 (statiques rp))) b)", "T"}});
+  check(session, {{"(mapcar 'car (statiques rp))", "(102 10 102 330 102 102)"},
+                  {"(equal (cdr (assoc 330 (statiques rp))) b)", "T"}});
   repondre("(pl_efix prf \"P\")", "R\nF\n");
   check(session, {{"(statiques rp)", "nil"}});
   const std::string dump = feed("(pl_dumpdata prf)");
@@ -95,7 +106,8 @@ TEST_F(Elements, TwinsNameEachOther) {
 }
 
 TEST_F(Elements, Listings) {
-  session.eval(R"((progn (setq a (ligne 90.0 60.0 210.0 180.0) b (poly '((100.0 90.0) (180.0 50.0) (180.0 50.0) (260.0 90.0)))
+  session.eval(
+      R"((progn (setq a (ligne 90.0 60.0 210.0 180.0) b (poly '((100.0 90.0) (180.0 50.0) (180.0 50.0) (260.0 90.0)))
     v (ligne 150.0 10.0 150.0 20.0) sa (ssadd) sb (ssadd) st (ssadd)) (ssadd a sa) (ssadd b sb) (ssadd a st) (ssadd v st) (ssadd b st)))");
   check(session, {{"(pl_yat a 100)", "70.0"},
                   {"(pl_yat a 300.0)", "nil"},
@@ -121,9 +133,11 @@ TEST_F(Elements, AltitudesOfPickedCurves) {
 
 TEST_F(Elements, SlopesAndLengths) {
   session.eval("(setq a (ligne 0.0 0.0 100.0 10.0) b (poly '((0.0 50.0) (50.0 50.0) (100.0 60.0))))");
-  const std::string vu = repondre("(pl_modifpente 10.0)", "(list a '(80.0 8.0))\n2\n(list a '(10.0 0.0))\n\n(list b '(50.0 50.0))\n4\n\n");
+  const std::string vu =
+      repondre("(pl_modifpente 10.0)", "(list a '(80.0 8.0))\n2\n(list a '(10.0 0.0))\n\n(list b '(50.0 50.0))\n4\n\n");
   EXPECT_NE(vu.find("Pente  [1.0000 %]"), std::string::npos) << vu;
-  check(session, {{"(y a 11)", "10.0"}, {"(y a 10)", "-10.0"}, {"(sommets b)", "((0.0 30.0) (50.0 50.0) (100.0 60.0))"}});
+  check(session,
+        {{"(y a 11)", "10.0"}, {"(y a 10)", "-10.0"}, {"(sommets b)", "((0.0 30.0) (50.0 50.0) (100.0 60.0))"}});
   session.eval("(setq c (ligne 0.0 0.0 30.0 400.0))");
   repondre("(pl_modifLongueur 10)", "(list c '(29.0 0.0))\n-100\n\n");
   check(session, {{"(decrire c)", "\"LINE -30.00,-400.00 30.00,400.00\""}});
@@ -131,7 +145,9 @@ TEST_F(Elements, SlopesAndLengths) {
   repondre("(pl_modifpente 10.0)", "(list c '(0.0 0.0))");  // cancelled: nothing is written
   check(session, {{"(decrire c)", "\"LINE -30.00,-400.00 30.00,400.00\""},
                   // Lines y = 0 and y = x through (10, 0) and a point on their bisector's circle of radius 5.
-                  {"(rtos (pl_rayraccpt '(0.0 0.0) '(10.0 0.0) '(0.0 0.0) '(0.0 10.0) (list (- 5.0 (* 5.0 (cos (/ pi 4)))) (- 5.0 (* 5.0 (sin (/ pi 4))))) 1.0) 2 6)", "\"5.000000\""},
+                  {"(rtos (pl_rayraccpt '(0.0 0.0) '(10.0 0.0) '(0.0 0.0) '(0.0 10.0) (list (- 5.0 (* 5.0 (cos (/ pi "
+                   "4)))) (- 5.0 (* 5.0 (sin (/ pi 4))))) 1.0) 2 6)",
+                   "\"5.000000\""},
                   {"(pl_rayraccpt '(0.0 0.0) '(10.0 0.0) '(0.0 1.0) '(10.0 1.0) '(5.0 0.5) 1.0)", "nil"},
                   {"(pl_rayraccpt '(0.0 0.0) '(10.0 0.0))", "nil"}});
 }
@@ -141,7 +157,9 @@ TEST_F(Elements, Dimensions) {
   const std::string vu = repondre("(progn (marque) (pl_cotauto prf \"V\" -4.0 0.0))", "(list a '(150.0 120.0))\n\n");
   EXPECT_NE(vu.find("Selectionnez les éléments que vous voulez coter"), std::string::npos) << vu;
   check(session, {{"(list (sslength r) (equal (projet rv) (list a)) (marque-de a))", "(1 T 1)"},
-                  {"(vu)", "(\"102.00 @100.00,46.00 h2.50 r0 4/2\" \"102.00 @140.00,46.00 h2.50 r0 4/2\" \"+2.00 @100.00,125.00 h2.50 r0 0/2\" \"+0.00 @140.00,125.00 h2.50 r0 0/2\")"},
+                  {"(vu)",
+                   "(\"102.00 @100.00,46.00 h2.50 r0 4/2\" \"102.00 @140.00,46.00 h2.50 r0 4/2\" \"+2.00 "
+                   "@100.00,125.00 h2.50 r0 0/2\" \"+0.00 @140.00,125.00 h2.50 r0 0/2\")"},
                   {"(mapcar 'car (statiques rv))", "(102 10 102 330 102 102 102 10 102 330 102 102)"}});
   repondre("(progn (marque) (pl_cotauto prf \"V\" -4.0 0.0 1 0))", "(list a '(150.0 120.0))\n\n");
   check(session, {{"(length (vu))", "2"}, {"(pl_cotauto prf \"V\" -4 0.0)", "nil"}});
@@ -166,10 +184,12 @@ TEST_F(Elements, AnAddedBreakCutsAndShifts) {
 }
 
 TEST_F(Elements, AChangedBreakMovesItsStretch) {
-  session.eval(R"((progn (setq a (ligne 120.0 100.0 180.0 100.0) b (ligne 200.0 100.0 230.0 100.0) c (ligne 180.0 100.0 230.0 100.0))
+  session.eval(
+      R"((progn (setq a (ligne 120.0 100.0 180.0 100.0) b (ligne 200.0 100.0 230.0 100.0) c (ligne 180.0 100.0 230.0 100.0))
     (pl_elem_prj prf "V" a b c) (pl_chg_pc prf "M" 200.0 100.0 102.0)))");
-  check(session, {{"(mapcar '(lambda (e) (y e 10)) (list a b c))", "(100.0 80.0 100.0)"},
-                  {"(progn (pl_chg_pc prf \"M\" 200.0 100.0 100.0) (pl_chg_pc prf \"X\" 200.0 1.0 2.0) (y b 10))", "80.0"}});
+  check(session,
+        {{"(mapcar '(lambda (e) (y e 10)) (list a b c))", "(100.0 80.0 100.0)"},
+         {"(progn (pl_chg_pc prf \"M\" 200.0 100.0 100.0) (pl_chg_pc prf \"X\" 200.0 1.0 2.0) (y b 10))", "80.0"}});
 }
 
 TEST_F(Elements, TransferAcrossSectionsAndTrim) {
@@ -178,13 +198,15 @@ TEST_F(Elements, TransferAcrossSectionsAndTrim) {
   check(session, {{"(sommets a)", "((100.0 100.0) (180.0 100.0) (200.0 120.0))"},
                   {"(mapcar 'sommets (depuis repere))", "(((200.0 70.0) (250.0 120.0)))"}});
   session.eval("(setq b (poly '((120.0 100.0) (230.0 100.0))))");
-  EXPECT_EQ(repondre("(progn (marque) (pl_repspc prf))", "(list b '(150.0 100.0))\n\n").find("QQue chose"), std::string::npos);
+  EXPECT_EQ(repondre("(progn (marque) (pl_repspc prf))", "(list b '(150.0 100.0))\n\n").find("QQue chose"),
+            std::string::npos);
   check(session, {{"(sommets b)", "((120.0 100.0) (200.0 100.0))"},
                   {"(mapcar 'sommets (depuis repere))", "(((200.0 50.0) (230.0 50.0)))"}});
   // A pick outside the stretches of the curve: it is trimmed, and that is all.
   session.eval(R"((progn (setq pc3 (point)) (plsxd pc3 "DISTANCE" 50.0) (plsxd pc3 "PC" 90.0) (plsxd pc2 "NEXT-PC" pc3)
     (setq d (poly '((210.0 100.0) (290.0 100.0))))))");
-  EXPECT_NE(repondre("(pl_repspc prf)", "(list d '(120.0 100.0))\n\n").find("\nQQue chose ne va pas !"), std::string::npos);
+  EXPECT_NE(repondre("(pl_repspc prf)", "(list d '(120.0 100.0))\n\n").find("\nQQue chose ne va pas !"),
+            std::string::npos);
   check(session, {{"(sommets d)", "((210.0 100.0) (250.0 100.0))"}});
 }
 

@@ -45,10 +45,9 @@ TEST(DefinitionLine, Fields) {
 }
 
 TEST(DefinitionLine, RefusedLines) {
-  for (const wchar_t* ligne :
-       {L"", L"   ", L"; Matrices du profil route", L"R - 2", L"R - 2   ", L"R 2 0 Label", L"R - 2,5 0 L",
-        L"R - 5. 0 L", L"R - .5 0 L", L"R - 1E3 0 L", L"R - 1.5e3 0 L", L"R - 2 x L", L"R - + 0 L",
-        L"R - 1.5E 0 L", L"R - 1-2 0 L", L"R - 2 {seul}"})
+  for (const wchar_t* ligne : {L"", L"   ", L"; Matrices du profil route", L"R - 2", L"R - 2   ", L"R 2 0 Label",
+                               L"R - 2,5 0 L", L"R - 5. 0 L", L"R - .5 0 L", L"R - 1E3 0 L", L"R - 1.5e3 0 L",
+                               L"R - 2 x L", L"R - + 0 L", L"R - 1.5E 0 L", L"R - 1-2 0 L", L"R - 2 {seul}"})
     EXPECT_FALSE(plv::analyserLigne(ligne)) << std::string(ligne, ligne + std::wcslen(ligne));
 }
 
@@ -66,10 +65,9 @@ struct Fichier : ::testing::Test {
 };
 
 TEST_F(Fichier, RowsAreNumberedThroughTheWholeFile) {
-  EXPECT_EQ(
-      lire("; Matrices\r\n\r\nROUTE - 2 0 Num\xE9ro\r\nRoute - 2.5 4 Altitude\r\nRESEAU - 3.0 11 {DN} Tuyau\n"
-           "ROUTE - 1.5 13 Pentes"),
-      "T");
+  EXPECT_EQ(lire("; Matrices\r\n\r\nROUTE - 2 0 Num\xE9ro\r\nRoute - 2.5 4 Altitude\r\nRESEAU - 3.0 11 {DN} Tuyau\n"
+                 "ROUTE - 1.5 13 Pentes"),
+            "T");
   ASSERT_EQ(plv::collectionMatrices().matrices.GetCount(), 2);
   EXPECT_EQ(matrice(0).lignes.GetCount(), 3);
   EXPECT_EQ(matrice(0).lignes[0]->libelle, L"Numéro");
@@ -86,8 +84,8 @@ TEST_F(Fichier, Utf8IsReadAsSuch) {
 }
 
 TEST_F(Fichier, AnyCallEmptiesTheCollectionFirst) {
-  for (const char* appel : {"(pl_LireMatriceKavel)", "(pl_LireMatriceKavel 1)",
-                            "(pl_LireMatriceKavel \"a\" \"b\")", "(pl_LireMatriceKavel \"/nulle/part\")"}) {
+  for (const char* appel : {"(pl_LireMatriceKavel)", "(pl_LireMatriceKavel 1)", "(pl_LireMatriceKavel \"a\" \"b\")",
+                            "(pl_LireMatriceKavel \"/nulle/part\")"}) {
     session.eval("(pl_CreeMatrice \"M\")");
     EXPECT_EQ(session.eval(appel), "nil");
     EXPECT_EQ(plv::collectionMatrices().matrices.GetCount(), 0) << appel;

@@ -11,20 +11,19 @@ struct Menus : kaveltest::ProfilDessine {};
 TEST_F(Menus, AProfileHasAnEntryForEachRow) {
   session.eval("(pl_DefinirLigneMatrice \"N\" \"a\" \"Pentes\" 2.0 13)");
   const auto entrees = plv::entreesMenuProfil(plv::collectionMatrices());
-  const wchar_t* const attendu[][2] = {
-      {L"Altitude", L"(PL-CPLM \"M\" 1) "},
-      {L"Distances", L"(PL-CPLM \"M\" 2) "},
-      {L"Observations", L"(PL-CPLM \"M\" 3) "},
-      {L"", L""},
-      {L"Pentes", L"(PL-CPLM \"N\" 1) "},
-      {L"", L""},
-      {L"Cotation Automatique", L"(CotAutoKavel) "},
-      {L"", L""},
-      {L"Associer Projet", L"assocprjKavel "},
-      {L"Associer Block", L"pl_efixKAVEL "},
-      {L"", L""},
-      {L"Valider le Projet", L"transfererProjet "},
-      {L"Equipements, pentes et directions ==> Tracé en plan", L"PlKavelVersPlan "}};
+  const wchar_t* const attendu[][2] = {{L"Altitude", L"(PL-CPLM \"M\" 1) "},
+                                       {L"Distances", L"(PL-CPLM \"M\" 2) "},
+                                       {L"Observations", L"(PL-CPLM \"M\" 3) "},
+                                       {L"", L""},
+                                       {L"Pentes", L"(PL-CPLM \"N\" 1) "},
+                                       {L"", L""},
+                                       {L"Cotation Automatique", L"(CotAutoKavel) "},
+                                       {L"", L""},
+                                       {L"Associer Projet", L"assocprjKavel "},
+                                       {L"Associer Block", L"pl_efixKAVEL "},
+                                       {L"", L""},
+                                       {L"Valider le Projet", L"transfererProjet "},
+                                       {L"Equipements, pentes et directions ==> Tracé en plan", L"PlKavelVersPlan "}};
   ASSERT_EQ(entrees.size(), std::size(attendu));
   for (std::size_t i = 0; i < entrees.size(); ++i) {
     EXPECT_EQ(entrees[i].libelle, attendu[i][0]);
@@ -54,14 +53,18 @@ TEST_F(Menus, ComeIntoTheBarAndRunTheirMacros) {
   kaveltest::check(session, {{"n", "3"}, {"(getvar \"USERI1\")", "7"}});
   session.feed("menu\nabsent\n");
   EXPECT_EQ(session.document().failures(), 1);
-  kaveltest::check(session, {{"(pl_RemoveMenu \"outils\")", "T"}, {"(pl_RemoveMenu \"outils\")", "nil"}, {"(pl_RemoveDynMnus)", "nil"}});
+  kaveltest::check(
+      session,
+      {{"(pl_RemoveMenu \"outils\")", "T"}, {"(pl_RemoveMenu \"outils\")", "nil"}, {"(pl_RemoveDynMnus)", "nil"}});
   EXPECT_EQ(session.feed("menu\n\n").find("Compter"), std::string::npos);
 }
 
 TEST_F(Menus, TheProfileMenuFollowsTheChosenProfile) {
   session.eval("(progn (pl_ChoixProfil prf) (pl_ChoixProfil prf))");
   const std::string menu = session.feed("menu\n\n");
-  EXPECT_NE(menu.find("\nProfil P1\n  Altitude\n  Distances\n  Observations\n  --\n  Cotation Automatique"), std::string::npos) << menu;
+  EXPECT_NE(menu.find("\nProfil P1\n  Altitude\n  Distances\n  Observations\n  --\n  Cotation Automatique"),
+            std::string::npos)
+      << menu;
   session.eval("(pl_RemoveDynMnus)");
   EXPECT_EQ(session.feed("menu\n\n").find("Profil P1"), std::string::npos);
 }

@@ -37,29 +37,28 @@ TEST(Optimiseur, Chains) {
     AcGePoint2d a, b;
     double minimum, maximum;
     const char* chaine;
-  } rangees[] = {
-      {"a vertex under the worst point", plat, {0, 9}, {30, 5}, 1, 2, "0,9 20,8.5 20,8.5 30,5 "},
-      {"within the band", plat, {0, 9}, {30, 8.5}, 1, 2, "0,9 30,8.5 "},
-      {"on the bounds of the band", plat, {0, 9}, {30, 9}, 1, 2, "0,9 30,9 "},
-      {"the other bound", plat, {0, 8}, {30, 8}, 1, 2, "0,8 30,8 "},
-      {"above the ground", plat, {0, 11}, {30, 11.5}, -2, -1, "0,11 30,11.5 "},
-      {"from right to left", plat, {30, 9}, {0, 8.5}, 1, 2, "30,9 0,8.5 "},
-      {"no ground", {}, {0, 9}, {30, 5}, 1, 2, "0,9 30,5 "},
-      {"no ground and one point", {}, {0, 9}, {0, 9.0000005}, 1, 2, "0,9 "},
-      {"one ground point", {{10, 10}}, {0, 0}, {30, 0}, 1, 2, "0,0 30,0 "},
-      {"two ground points", {{0, 10}, {30, 10}}, {0, 9}, {0, 9}, 1, 2, "0,9 0,9 "},
-      {"the ends are never tested", {{0, 99}, {10, 10}, {30, -99}}, {0, 9}, {30, 9}, 1, 2, "0,9 30,9 "},
-      {"an upright run tests nothing", plat, {5, 9}, {5, 0}, 1, 2, "5,9 5,0 "},
-      {"the prolongation counts", plat, {0, 9}, {5, 8}, 1, 2, "0,9 20,8.5 20,8.5 5,8 "},
-      // Too shallow by 0.5 at 10, and rather deep at 20: the score of 10 is -1.5, that of 20 is -0.1.
-      {"the first vertex isn't at the point that failed",
-       {{0, 10}, {10, 10}, {20, 11.4}, {30, 10}},
-       {0, 9.5},
-       {30, 9.5},
-       1,
-       2,
-       "0,9.5 10,8.5 10,8.5 20,9.9 20,9.9 30,9.5 "},
-      {"depths beyond all measure", plat, {0, 9}, {30, 9}, 1e40, 1e41, "0,9 30,9 "}};
+  } rangees[] = {{"a vertex under the worst point", plat, {0, 9}, {30, 5}, 1, 2, "0,9 20,8.5 20,8.5 30,5 "},
+                 {"within the band", plat, {0, 9}, {30, 8.5}, 1, 2, "0,9 30,8.5 "},
+                 {"on the bounds of the band", plat, {0, 9}, {30, 9}, 1, 2, "0,9 30,9 "},
+                 {"the other bound", plat, {0, 8}, {30, 8}, 1, 2, "0,8 30,8 "},
+                 {"above the ground", plat, {0, 11}, {30, 11.5}, -2, -1, "0,11 30,11.5 "},
+                 {"from right to left", plat, {30, 9}, {0, 8.5}, 1, 2, "30,9 0,8.5 "},
+                 {"no ground", {}, {0, 9}, {30, 5}, 1, 2, "0,9 30,5 "},
+                 {"no ground and one point", {}, {0, 9}, {0, 9.0000005}, 1, 2, "0,9 "},
+                 {"one ground point", {{10, 10}}, {0, 0}, {30, 0}, 1, 2, "0,0 30,0 "},
+                 {"two ground points", {{0, 10}, {30, 10}}, {0, 9}, {0, 9}, 1, 2, "0,9 0,9 "},
+                 {"the ends are never tested", {{0, 99}, {10, 10}, {30, -99}}, {0, 9}, {30, 9}, 1, 2, "0,9 30,9 "},
+                 {"an upright run tests nothing", plat, {5, 9}, {5, 0}, 1, 2, "5,9 5,0 "},
+                 {"the prolongation counts", plat, {0, 9}, {5, 8}, 1, 2, "0,9 20,8.5 20,8.5 5,8 "},
+                 // Too shallow by 0.5 at 10, and rather deep at 20: the score of 10 is -1.5, that of 20 is -0.1.
+                 {"the first vertex isn't at the point that failed",
+                  {{0, 10}, {10, 10}, {20, 11.4}, {30, 10}},
+                  {0, 9.5},
+                  {30, 9.5},
+                  1,
+                  2,
+                  "0,9.5 10,8.5 10,8.5 20,9.9 20,9.9 30,9.5 "},
+                 {"depths beyond all measure", plat, {0, 9}, {30, 9}, 1e40, 1e41, "0,9 30,9 "}};
   for (const auto& r : rangees) {
     plv::chaineTrace chaine;
     KavelOptimizer(r.minimum, r.maximum).optimiser(terrainDe(r.terrain), r.a, r.b, chaine);
@@ -87,7 +86,8 @@ TEST(Optimiseur, ASegmentHasItsEndsInOrderAndABoundedMode) {
   const struct {
     double x;
     bool borne, trouve;
-  } rangees[] = {{5, true, true}, {0, true, true}, {10, true, true}, {-1e-6, true, false}, {10.001, true, false}, {20, false, true}};
+  } rangees[] = {{5, true, true},      {0, true, true},       {10, true, true},
+                 {-1e-6, true, false}, {10.001, true, false}, {20, false, true}};
   for (const auto& r : rangees) {
     double y = 0;
     EXPECT_EQ(segment.ordonneeSur(r.x, y, r.borne), r.trouve) << r.x;
@@ -165,7 +165,8 @@ TEST_F(TraceOptimal, ALoadedSiblingGivesTheGround) {
   EXPECT_TRUE(plv::lirePointsProfils(7042, terrain));
   EXPECT_EQ(texte({terrain.begin(), terrain.end()}), "0,10 10,10 20,10 30,10 ");
   EXPECT_FALSE(plv::lirePointsProfils(7043, terrain)) << "no record";
-  session.eval(R"((progn (plsxd prf "ID" 7042) (pl_add_xdata 10.0 99.0 (handle prf)) (pl_add_xdata 10.0 99.0 (handle prf))))");
+  session.eval(
+      R"((progn (plsxd prf "ID" 7042) (pl_add_xdata 10.0 99.0 (handle prf)) (pl_add_xdata 10.0 99.0 (handle prf))))");
   EXPECT_EQ(trace("100,90\n130,50\n1\n2\n"), kAttendu);
 }
 

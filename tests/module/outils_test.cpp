@@ -14,13 +14,11 @@ struct Outils : ::testing::Test {
 };
 
 TEST_F(Outils, TextTakesTheFirstLetterOfItsJustification) {
-  const Row rows[] = {{"centre", "1/0"}, {"C", "1/0"}, {"milieu", "4/2"},
-                      {"R", "2/0"},      {"x", "0/0"}, {"", "0/0"}};
+  const Row rows[] = {{"centre", "1/0"}, {"C", "1/0"}, {"milieu", "4/2"}, {"R", "2/0"}, {"x", "0/0"}, {"", "0/0"}};
   for (const Row& row : rows)
     EXPECT_EQ(drawn("(pl_text \"" + std::string(row.lisp) + "\" '(3.0 4.0 9.0) 2 0.0 \"abc\")"),
               "(\"abc @3.00,4.00 h2.00 r0 " + std::string(row.value) + "\")");
-  check(session,
-        {{"(cdr (assoc 41 (entget (entlast))))", "0.8"}, {"(cadddr (assoc 10 (entget (entlast))))", "0.0"}});
+  check(session, {{"(cdr (assoc 41 (entget (entlast))))", "0.8"}, {"(cadddr (assoc 10 (entget (entlast))))", "0.0"}});
 }
 
 TEST_F(Outils, TextSaysWhichArgumentIsWrong) {
@@ -46,15 +44,13 @@ TEST_F(Outils, LinesJoinSuccessivePoints) {
 TEST_F(Outils, ArrowsHaveTheirTextAboveAndAlongThem) {
   EXPECT_EQ(drawn("(setq r (pl_fleche '(0.0 0.0) '(10.0 0.0) 2.0 \"5 %\"))"),
             "(\"LWPOLYLINE\" \"5 % @5.00,1.50 h2.00 r0 1/0\")");
-  check(session, {{"r", "1"},
-                  {"(mapcar 'cdr (vl-remove-if-not '(lambda (x) (= (car x) 10)) (entget (entnext repere))))",
-                   "((0.0 0.0) (7.0 0.0) (10.0 0.0))"},
-                  {"(mapcar 'cdr (vl-remove-if-not '(lambda (x) (= (car x) 40)) (entget (entnext repere))))",
-                   "(0.0 2.0 0.0)"}});
-  EXPECT_EQ(drawn("(pl_fleche '(10.0 0.0) '(0.0 0.0) 2.0 \"x\")"),
-            "(\"LWPOLYLINE\" \"x @5.00,1.50 h2.00 r180 1/0\")");
-  EXPECT_EQ(drawn("(pl_fleche '(0.0 4.0) '(0.0 0.0) 2.0 \"x\")"),
-            "(\"LWPOLYLINE\" \"x @-1.50,2.00 h2.00 r270 1/0\")");
+  check(session,
+        {{"r", "1"},
+         {"(mapcar 'cdr (vl-remove-if-not '(lambda (x) (= (car x) 10)) (entget (entnext repere))))",
+          "((0.0 0.0) (7.0 0.0) (10.0 0.0))"},
+         {"(mapcar 'cdr (vl-remove-if-not '(lambda (x) (= (car x) 40)) (entget (entnext repere))))", "(0.0 2.0 0.0)"}});
+  EXPECT_EQ(drawn("(pl_fleche '(10.0 0.0) '(0.0 0.0) 2.0 \"x\")"), "(\"LWPOLYLINE\" \"x @5.00,1.50 h2.00 r180 1/0\")");
+  EXPECT_EQ(drawn("(pl_fleche '(0.0 4.0) '(0.0 0.0) 2.0 \"x\")"), "(\"LWPOLYLINE\" \"x @-1.50,2.00 h2.00 r270 1/0\")");
 }
 
 TEST_F(Outils, SplineLengthLosesTheVerticalScale) {
@@ -80,12 +76,11 @@ TEST_F(Outils, AreasAreDividedAndNeverNegative) {
 }
 
 TEST_F(Outils, ParabolaThroughThreePoints) {
-  check(session,
-        {{"(mapcar 'n (pl_fprmprb '(0.0 0.0) '(1.0 1.0) '(2.0 4.0)))", "(\"1.00\" \"0.00\" \"0.00\")"},
-         {"(mapcar 'n (pl_fprmprb '(0.0 3.0) '(1.0 1.0) '(3.0 3.0)))", "(\"1.00\" \"-3.00\" \"3.00\")"},
-         {"(pl_fprmprb '(0.0 0.0) '(1.0 1.0) '(1.0 4.0))", "nil"},
-         {"(pl_fprmprb '(0.0 0.0) '(1.0 1.0))", "nil"},
-         {"(pl_fprmprb '(0.0 0.0) '(1.0 1.0) 2)", "nil"}});
+  check(session, {{"(mapcar 'n (pl_fprmprb '(0.0 0.0) '(1.0 1.0) '(2.0 4.0)))", "(\"1.00\" \"0.00\" \"0.00\")"},
+                  {"(mapcar 'n (pl_fprmprb '(0.0 3.0) '(1.0 1.0) '(3.0 3.0)))", "(\"1.00\" \"-3.00\" \"3.00\")"},
+                  {"(pl_fprmprb '(0.0 0.0) '(1.0 1.0) '(1.0 4.0))", "nil"},
+                  {"(pl_fprmprb '(0.0 0.0) '(1.0 1.0))", "nil"},
+                  {"(pl_fprmprb '(0.0 0.0) '(1.0 1.0) 2)", "nil"}});
 }
 
 TEST_F(Outils, StringsCompareInAnyCase) {

@@ -91,9 +91,8 @@ TEST_F(Profil, KeywordsSelectAKindOfLine) {
   const struct {
     const wchar_t* motCle;
     const char* symbole;
-  } cas[] = {{L"", "HVOIRIE"},     {L"A", "HASS"},          {L"AE", "HAEP"},
-             {L"AEPX", "HAEP"},    {L"T", "HTERRA"},        {L"tn", "HTN"},
-             {L"Projet", "HPROJ"}, {L"GENERIQUES", "HGEN"}, {L"*x", "prf"}};
+  } cas[] = {{L"", "HVOIRIE"}, {L"A", "HASS"},       {L"AE", "HAEP"},         {L"AEPX", "HAEP"}, {L"T", "HTERRA"},
+             {L"tn", "HTN"},   {L"Projet", "HPROJ"}, {L"GENERIQUES", "HGEN"}, {L"*x", "prf"}};
   AcDbObjectId trouve;
   for (const auto& c : cas) {
     EXPECT_TRUE(p.idParMotCle(c.motCle, trouve));

@@ -66,8 +66,7 @@ TEST_F(Pentes, DiagonalsAreHeldInTheRowAndOnTheGround) {
       {"(pl_ligneMatrice 10 0 20 1)", "(\"LINE 10.00,-3.50 20.00,-1.50\")"},
       {"(pl_ligneMatrice 20 1 10 0)", "(\"LINE 10.00,-3.50 20.00,-1.50\")"},
       {"(pl_ligneMatrice -5 1.5 999 -0.5)", "(\"LINE 0.00,-1.50 150.00,-3.50\")"},
-      {"(pl_ligneMatrice 10 0 20 1 \"5 %\")",
-       "(\"LINE 10.00,-3.50 20.00,-1.50\" \"5 % @14.96,-2.30 h1.00 r11 1/0\")"},
+      {"(pl_ligneMatrice 10 0 20 1 \"5 %\")", "(\"LINE 10.00,-3.50 20.00,-1.50\" \"5 % @14.96,-2.30 h1.00 r11 1/0\")"},
       {"(pl_ligneMatrice 10 0 20)", "nil"},
       {"(pl_ligneMatrice 10 0 20 \"1\")", "nil"},
   };
@@ -96,10 +95,8 @@ TEST_F(Pentes, LabelsAreWrittenAlongTheDiagonal) {
 // Rows 402 and 403 read from a file, and blocks with the attributes DN, MAT (2 to the right), NOTE and dn.
 struct Attributs : kaveltest::ProfilDessine {
   Attributs() {
-    const auto chemin =
-        std::filesystem::temp_directory_path() / ("attributs_" + std::to_string(::getpid()) + ".txt");
-    std::ofstream(chemin)
-        << "M - 4 402 {DN|MAT} Reseau\nM - 10 403 {DN MAT|NOTE} Vertical\nM - 2 0 {DN} Autre\n";
+    const auto chemin = std::filesystem::temp_directory_path() / ("attributs_" + std::to_string(::getpid()) + ".txt");
+    std::ofstream(chemin) << "M - 4 402 {DN|MAT} Reseau\nM - 10 403 {DN MAT|NOTE} Vertical\nM - 2 0 {DN} Autre\n";
     session.eval("(pl_LireMatriceKavel \"" + chemin.string() + "\")");
     std::filesystem::remove(chemin);
     session.eval(R"((progn (pl_DessinerMatrices prf '(0.0 0.0) 1.0 5.0)
@@ -133,8 +130,7 @@ TEST_F(Attributs, OneRowTakesAnEntityOrASelection) {
                       {"(pl_CotAttribsAuto loin)", "T"},  {"(pl_CotAttribsAuto seul)", "nil"},
                       {"(pl_CotAttribsAuto pc1)", "nil"}, {"(pl_CotAttribsAuto 1)", "nil"}};
   for (const Row& row : rows) EXPECT_EQ(session.eval(row.lisp), row.value) << row.lisp;
-  EXPECT_EQ(drawn("(pl_CotAttribsAuto ss)"),
-            "(\"100 @20.00,-2.00 h1.00 r0 4/2\" \"PVC @27.00,-2.00 h1.00 r0 4/2\")");
+  EXPECT_EQ(drawn("(pl_CotAttribsAuto ss)"), "(\"100 @20.00,-2.00 h1.00 r0 4/2\" \"PVC @27.00,-2.00 h1.00 r0 4/2\")");
   EXPECT_EQ(session.eval("(progn (pl_SelectLigne 0 2) (pl_CotAttribsAuto b))"), "nil");
 }
 

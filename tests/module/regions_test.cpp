@@ -33,20 +33,38 @@ std::string regionOf(std::initializer_list<const char*> lines) {
 TEST(Regions, HalfDiscWithARoundHoleAndAScale) {
   kaveltest::Session session;
   // A half disc of radius 2 below its diameter, run against its ellipse's sense, less a disc of radius 0.5; scale 3.
-  ASSERT_NE(session.eval(regionOf({"400 0 1 0", "@5 Kavel @8 ACIS 4.0 @4 date", "1 9.9999999999999995e-007 1e-010",
-      "body $-1 $1 $-1 $2 #", "lump $-1 $-1 $3 $0 #", "transform $-1 1 0 0 0 1 0 0 0 1 7 8 0 3 no_rotate no_reflect no_shear #",
-      "shell $-1 $-1 $-1 $4 $-1 $1 #", "face $-1 $-1 $5 $3 $-1 $6 forward single #", "loop $-1 $7 $8 $4 #",
-      "plane-surface $-1 0 0 0 0 0 1 1 0 0 forward_v I I I I #", "loop $-1 $-1 $10 $4 #",
-      "coedge $-1 $9 $9 $-1 $11 forward $5 $-1 #", "coedge $-1 $8 $8 $-1 $12 reversed $5 $-1 #",
-      "coedge $-1 $10 $10 $-1 $13 reversed $7 $-1 #",
-      "edge $-1 $14 $15 $8 $17 forward #", "edge $-1 $14 $15 $9 $18 reversed #", "edge $-1 $16 $16 $10 $19 forward #",
-      "vertex $-1 $11 $20 #", "vertex $-1 $11 $21 #", "vertex $-1 $13 $22 #",
-      "straight-curve $-1 2 0 0 -1 0 0 I I #", "ellipse-curve $-1 0 0 0 0 0 1 2 0 0 1 I I #",
-      "ellipse-curve $-1 0 -1 0 0 0 1 0.5 0 0 1 F 0 F 6.3 #",
-      "point $-1 2 0 0 #", "point $-1 -2 0 0 #", "point $-1 0.5 -1 0 #", "End-of-ACIS-data"})), "nil");
+  ASSERT_NE(session.eval(regionOf({"400 0 1 0",
+                                   "@5 Kavel @8 ACIS 4.0 @4 date",
+                                   "1 9.9999999999999995e-007 1e-010",
+                                   "body $-1 $1 $-1 $2 #",
+                                   "lump $-1 $-1 $3 $0 #",
+                                   "transform $-1 1 0 0 0 1 0 0 0 1 7 8 0 3 no_rotate no_reflect no_shear #",
+                                   "shell $-1 $-1 $-1 $4 $-1 $1 #",
+                                   "face $-1 $-1 $5 $3 $-1 $6 forward single #",
+                                   "loop $-1 $7 $8 $4 #",
+                                   "plane-surface $-1 0 0 0 0 0 1 1 0 0 forward_v I I I I #",
+                                   "loop $-1 $-1 $10 $4 #",
+                                   "coedge $-1 $9 $9 $-1 $11 forward $5 $-1 #",
+                                   "coedge $-1 $8 $8 $-1 $12 reversed $5 $-1 #",
+                                   "coedge $-1 $10 $10 $-1 $13 reversed $7 $-1 #",
+                                   "edge $-1 $14 $15 $8 $17 forward #",
+                                   "edge $-1 $14 $15 $9 $18 reversed #",
+                                   "edge $-1 $16 $16 $10 $19 forward #",
+                                   "vertex $-1 $11 $20 #",
+                                   "vertex $-1 $11 $21 #",
+                                   "vertex $-1 $13 $22 #",
+                                   "straight-curve $-1 2 0 0 -1 0 0 I I #",
+                                   "ellipse-curve $-1 0 0 0 0 0 1 2 0 0 1 I I #",
+                                   "ellipse-curve $-1 0 -1 0 0 0 1 0.5 0 0 1 F 0 F 6.3 #",
+                                   "point $-1 2 0 0 #",
+                                   "point $-1 -2 0 0 #",
+                                   "point $-1 0.5 -1 0 #",
+                                   "End-of-ACIS-data"})),
+            "nil");
   // 9 (2 pi - pi / 4)
   EXPECT_EQ(session.eval("(rtos (pl_areacalc (entlast) 1.0) 2 9)"), "\"49.480084294\"");
-  session.eval(regionOf({"400 0 1 0", "a", "b", "edge $-1 $0 $0 $0 $0 forward #", "coedge $-1 $1 $1 $-1 $0 forward $5 $-1 #"}));
+  session.eval(
+      regionOf({"400 0 1 0", "a", "b", "edge $-1 $0 $0 $0 $0 forward #", "coedge $-1 $1 $1 $-1 $0 forward $5 $-1 #"}));
   EXPECT_EQ(session.eval("(pl_areacalc (entlast) 1.0)"), "nil") << "an outline that can't be followed";
 }
 

@@ -47,9 +47,9 @@ struct Installation : ::testing::Test {
   // The program's exit status: it loads the module with this installation folder, and ends.
   static int charger(const fs::path& installation) {
     const std::string programme = fs::read_symlink("/proc/self/exe").string();
-    return std::system(("KAVEL_CHEMIN='" + installation.string() + "' '" + programme +
-                        "' --gtest_filter=-* > /dev/null 2>&1")
-                           .c_str());
+    return std::system(
+        ("KAVEL_CHEMIN='" + installation.string() + "' '" + programme + "' --gtest_filter=-* > /dev/null 2>&1")
+            .c_str());
   }
   fs::path dossier;
 };
@@ -66,18 +66,17 @@ TEST_F(Installation, WhatDoesntFitIsReplacedByTheDefaultAndTheRestStays) {
   const std::string neuf = kFichierNeuf;
   const struct {
     std::string avant, apres;
-  } cas[] = {
-      {remplacer(neuf, "=90", "=beaucoup"), neuf},
-      {remplacer(neuf, "=90", "=9.5"), neuf},
-      {remplacer(neuf, "CoulClasse2=2", "CoulClasse2=x"), neuf},
-      {remplacer(neuf, "=90", "=250"), remplacer(neuf, "=90", "=250")},
-      {remplacer(neuf, "CoulClasse2=2", "CoulClasse2=65"), remplacer(neuf, "CoulClasse2=2", "CoulClasse2=65")},
-      {"[Autre]\nx=1\n" + neuf, "[Autre]\nx=1\n" + neuf},
-      {"[Kavels]\nprofLitClasse6=0.1\n",
-       remplacer(remplacer(neuf, "profLitClasse6=0\n", ""), "[Kavels]\n", "[Kavels]\nprofLitClasse6=0.1\n")},
-      // Up to a bad line, what stands above it is kept.
-      {"[Kavels]\nHatchTransparency=40\nsans egal\nCoulClasse1=9\n", remplacer(neuf, "=90", "=40")},
-      {"[Kavels]\nHatchTransparency=40\nHatchTransparency=50\n", remplacer(neuf, "=90", "=40")}};
+  } cas[] = {{remplacer(neuf, "=90", "=beaucoup"), neuf},
+             {remplacer(neuf, "=90", "=9.5"), neuf},
+             {remplacer(neuf, "CoulClasse2=2", "CoulClasse2=x"), neuf},
+             {remplacer(neuf, "=90", "=250"), remplacer(neuf, "=90", "=250")},
+             {remplacer(neuf, "CoulClasse2=2", "CoulClasse2=65"), remplacer(neuf, "CoulClasse2=2", "CoulClasse2=65")},
+             {"[Autre]\nx=1\n" + neuf, "[Autre]\nx=1\n" + neuf},
+             {"[Kavels]\nprofLitClasse6=0.1\n",
+              remplacer(remplacer(neuf, "profLitClasse6=0\n", ""), "[Kavels]\n", "[Kavels]\nprofLitClasse6=0.1\n")},
+             // Up to a bad line, what stands above it is kept.
+             {"[Kavels]\nHatchTransparency=40\nsans egal\nCoulClasse1=9\n", remplacer(neuf, "=90", "=40")},
+             {"[Kavels]\nHatchTransparency=40\nHatchTransparency=50\n", remplacer(neuf, "=90", "=40")}};
   for (const auto& c : cas) {
     ecrire(c.avant);
     EXPECT_EQ(charger(dossier), 0) << c.avant;

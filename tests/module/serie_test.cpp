@@ -105,7 +105,8 @@ TEST_F(Serie, StringsHaveTheFormatsLimits) {
 }
 
 TEST_F(Serie, DamagedStringsAreRefused) {
-  for (const std::string& donnees : {"ci\xFF\xFF\xFF\xFF"s + "b", "ci\3\0\0\0bab"s, "ci\3\0\0\0ba\0bc"s, "ci\3\0"s, "c"s}) {
+  for (const std::string& donnees :
+       {"ci\xFF\xFF\xFF\xFF"s + "b", "ci\3\0\0\0bab"s, "ci\3\0\0\0ba\0bc"s, "ci\3\0"s, "c"s}) {
     poser(donnees);
     std::wstring texte = L"avant";
     EXPECT_FALSE(FileSerializer(chemin.c_str(), false).readString(texte)) << donnees;

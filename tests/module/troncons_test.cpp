@@ -30,7 +30,8 @@ std::string texte(const LineSegArrayData& pieces) {
 
 std::string texte(const plv::ligneTroncons& entree) {
   std::ostringstream sortie;
-  for (const auto& t : entree.troncons) sortie << t->classe() << ": " << t->debut() << '-' << t->fin() << " s" << t->surface << "; ";
+  for (const auto& t : entree.troncons)
+    sortie << t->classe() << ": " << t->debut() << '-' << t->fin() << " s" << t->surface << "; ";
   return sortie.str();
 }
 
@@ -57,18 +58,24 @@ TEST_F(Balayage, CutsAtVerticesAndClassLimits) {
       {"one class", ligne({{0, 9.5}, {100, 9.5}}), plat, "1: 0-100 s50; "},
       {"a limit belongs to the class above it", ligne({{0, 9}, {100, 9}}), plat, "1: 0-100 s100; "},
       {"coincident lines", ligne({{0, 10}, {100, 10}}), plat, "0: 0-100 s0; "},
-      {"through three limits", ligne({{0, 9.5}, {100, 7.5}}), plat, "1: 0-25 s18.75; 2: 25-50 s31.25; 3: 50-75 s43.75; 4: 75-100 s56.25; "},
-      {"and back", ligne({{0, 8.75}, {50, 9.25}, {100, 8.75}}), plat, "2: 0-25 s28.125; 1: 25-75 s43.75; 2: 75-100 s28.125; "},
+      {"through three limits", ligne({{0, 9.5}, {100, 7.5}}), plat,
+       "1: 0-25 s18.75; 2: 25-50 s31.25; 3: 50-75 s43.75; 4: 75-100 s56.25; "},
+      {"and back", ligne({{0, 8.75}, {50, 9.25}, {100, 8.75}}), plat,
+       "2: 0-25 s28.125; 1: 25-75 s43.75; 2: 75-100 s28.125; "},
       {"above the ground, then below", ligne({{0, 11}, {100, 9}}), plat, "0: 0-50 s25; 1: 50-100 s25; "},
       {"deeper than all classes", ligne({{0, 4}, {100, 4}}), plat, "7: 0-100 s600; "},
       {"only where both are", ligne({{-50, 9.5}, {60, 9.5}}), plat, "1: 0-60 s30; "},
       {"vertices nearer than a hundredth of a micrometre", ligne({{0, 9.5}, {50 + 5e-9, 9.5}, {100, 9.5}}),
        ligne({{0, 10}, {50, 10}, {100, 10}}), "1: 0-100 s50; "},
-      {"a vertical piece of ground", ligne({{0, 9.5}, {100, 9.5}}), ligne({{0, 10}, {50, 10}, {50, 10.4}, {100, 10.4}}), "1: 0-100 s70; "},
-      {"one between classes", ligne({{0, 9.5}, {100, 9.5}}), ligne({{0, 10}, {50, 10}, {50, 12}, {100, 12}}), "1: 0-50 s25; 2: 50-50 s0; 3: 50-50 s0; 4: 50-100 s125; "},
-      {"one after a limit was crossed", ligne({{0, 9.5}, {100, 9.5}}), ligne({{0, 10}, {40, 11}, {50, 11}, {50, 10}, {100, 10}}), "1: 0-20 s15; 2: 20-20 s55; 1: 20-100 s40; "},
+      {"a vertical piece of ground", ligne({{0, 9.5}, {100, 9.5}}), ligne({{0, 10}, {50, 10}, {50, 10.4}, {100, 10.4}}),
+       "1: 0-100 s70; "},
+      {"one between classes", ligne({{0, 9.5}, {100, 9.5}}), ligne({{0, 10}, {50, 10}, {50, 12}, {100, 12}}),
+       "1: 0-50 s25; 2: 50-50 s0; 3: 50-50 s0; 4: 50-100 s125; "},
+      {"one after a limit was crossed", ligne({{0, 9.5}, {100, 9.5}}),
+       ligne({{0, 10}, {40, 11}, {50, 11}, {50, 10}, {100, 10}}), "1: 0-20 s15; 2: 20-20 s55; 1: 20-100 s40; "},
       {"no ground", ligne({{0, 9}, {1, 9}}), {}, ""},
-      {"ground that only touches", ligne({{100, 9}, {200, 9}}), ligne({{0, 10}, {100, 10}, {100, 11}, {101, 11}}), "3: 100-101 s2; "},
+      {"ground that only touches", ligne({{100, 9}, {200, 9}}), ligne({{0, 10}, {100, 10}, {100, 11}, {101, 11}}),
+       "3: 100-101 s2; "},
   };
   for (const auto& c : cas) EXPECT_EQ(texte(couper(c.projet, c.terrain)), c.attendu) << c.quoi;
 }
@@ -81,7 +88,8 @@ TEST_F(Balayage, ALineAlongALimitIsMeasuredOnce) {
     for (const double limite : {1.0, 1.5, 3.0}) {
       const double a = altitude(), b = altitude(), c = altitude(), plan = altitude();
       const auto z = [&](double vraie) { return (vraie - plan) * 10 / 10 + plan; };  // as they come from a drawing
-      const auto entree = couper(ligne({{0, z(a - limite)}, {37.3, z(b - limite)}, {100, z(c - limite)}}), ligne({{0, z(a)}, {37.3, z(b)}, {100, z(c)}}));
+      const auto entree = couper(ligne({{0, z(a - limite)}, {37.3, z(b - limite)}, {100, z(c - limite)}}),
+                                 ligne({{0, z(a)}, {37.3, z(b)}, {100, z(c)}}));
       double surface = 0;
       for (const auto& t : entree.troncons) surface += t->surface;
       ASSERT_NEAR(surface, 100 * limite, 1e-9) << a << ' ' << b << ' ' << c << ' ' << plan << ' ' << texte(entree);
@@ -96,7 +104,8 @@ TEST_F(Balayage, EachSectionCarriesItsStretchOfBothLines) {
   // Pieces that follow one another stay apart, although they lie on one straight line.
   EXPECT_EQ(entree.troncons[0]->projet->GetSize(), 3);
   EXPECT_EQ(entree.troncons[0]->terrain->GetSize(), 3);
-  EXPECT_NEAR(entree.troncons[0]->surface + entree.troncons[1]->surface, 0.5 * (30 * 1.2 + 30 * (0.7 + 10.2 - 0.2 * 3 / 7 - 9.5) + 40 * (10.2 - 0.2 * 3 / 7 - 9.5 + 1.5)), 1e-12);
+  EXPECT_NEAR(entree.troncons[0]->surface + entree.troncons[1]->surface,
+              0.5 * (30 * 1.2 + 30 * (0.7 + 10.2 - 0.2 * 3 / 7 - 9.5) + 40 * (10.2 - 0.2 * 3 / 7 - 9.5 + 1.5)), 1e-12);
 }
 
 TEST_F(Balayage, LinesThatDoNotMeetRaiseTheFailureOfTheGuardedIndex) {
@@ -143,7 +152,8 @@ struct Metres : kaveltest::ProfilDessine {
     session.eval(kaveltest::kTrace);
     profil->lireId(id("prf"));
   }
-  void calculer(std::initializer_list<const char*> projet, std::initializer_list<const char*> terrain = {"tn3", "tn1", "tn2"},
+  void calculer(std::initializer_list<const char*> projet,
+                std::initializer_list<const char*> terrain = {"tn3", "tn1", "tn2"},
                 std::initializer_list<const char*> elements = {}) {
     const plv::gardeClassesExtremes garde(plv::listeClasses());
     plv::elemsFixesKavel groupe;
@@ -165,7 +175,8 @@ TEST_F(Metres, EachLineIsReadInItsOwnSection) {
   EXPECT_EQ(profil->lignes[0].planComparaison, 95);
   EXPECT_EQ(profil->lignes[1].planComparaison, 100);
   // Depths 0.5 at 0, 2.5 at 40, 1.5 at 100.
-  EXPECT_EQ(texte(profil->lignes[0]), "1: 0-10 s7.5; 2: 10-20 s12.5; 3: 20-30 s17.5; 4: 30-70 s90; 3: 70-100 s52.5; 2: 100-100 s0; ");
+  EXPECT_EQ(texte(profil->lignes[0]),
+            "1: 0-10 s7.5; 2: 10-20 s12.5; 3: 20-30 s17.5; 4: 30-70 s90; 3: 70-100 s52.5; 2: 100-100 s0; ");
   // Drawn from right to left.
   EXPECT_EQ(texte(profil->lignes[1]), "1: 100-150 s25; ");
   // An entity without pieces, or that is no curve, leaves its entry empty.
@@ -197,7 +208,8 @@ TEST_F(Metres, OutsideTheGroundTheLinesBeforeStay) {
 }
 
 TEST_F(Metres, KnownBlocksAreListedWhole) {
-  session.eval(R"((setq r (tampon "vardanetampon" 130.0 '(("R" . "R1") ("CT" . "102.5") ("HAUTEUR" . "2") ("LARGEUR" . "1")))
+  session.eval(
+      R"((setq r (tampon "vardanetampon" 130.0 '(("R" . "R1") ("CT" . "102.5") ("HAUTEUR" . "2") ("LARGEUR" . "1")))
                         v (tampon "VardanePLVDGE" 145.5 '(("OBS" . "basse")))
                         sans (tampon "VardaneTampon" 150.0 '(("R" . "R2") ("HAUTEUR" . "2") ("LARGEUR" . "1")))
                         casse (tampon "VardanePLVDGE" 155.0 '(("obs" . "x")))

@@ -21,16 +21,15 @@ struct XData : ::testing::Test {
 };
 
 TEST_F(XData, KeysKeepTheirValueAndItsKind) {
-  check(session,
-        {{"(progn (plsxd e \"R\" 2.5) (plgxd e \"R\"))", "2.5"},
-         {"(progn (plsxd e \"I\" 12) (plgxd e \"I\"))", "12"},
-         {"(progn (plsxd e \"L\" 70000) (plgxd e \"L\"))", "70000"},
-         {"(progn (plsxd e \"S\" \"nom\") (plgxd e \"S\"))", "\"nom\""},
-         {"(progn (plsxd e \"E\" e) (eq (plgxd e \"E\") e))", "T"},
-         {"(progn (plsxd e \"N\" nil) (plgxd e \"N\"))", "nil"},
-         {"(progn (plsxd e \"T\" T) (plgxd e \"T\"))", "-9999999"},
-         {"(mapcar 'car (cles))", "(1000 1040 1000 1070 1000 1071 1000 1000 1000 1005 1000 1071 1000 1071)"},
-         {"(cdr (nth 11 (cles)))", "-99999999"}});
+  check(session, {{"(progn (plsxd e \"R\" 2.5) (plgxd e \"R\"))", "2.5"},
+                  {"(progn (plsxd e \"I\" 12) (plgxd e \"I\"))", "12"},
+                  {"(progn (plsxd e \"L\" 70000) (plgxd e \"L\"))", "70000"},
+                  {"(progn (plsxd e \"S\" \"nom\") (plgxd e \"S\"))", "\"nom\""},
+                  {"(progn (plsxd e \"E\" e) (eq (plgxd e \"E\") e))", "T"},
+                  {"(progn (plsxd e \"N\" nil) (plgxd e \"N\"))", "nil"},
+                  {"(progn (plsxd e \"T\" T) (plgxd e \"T\"))", "-9999999"},
+                  {"(mapcar 'car (cles))", "(1000 1040 1000 1070 1000 1071 1000 1000 1000 1005 1000 1071 1000 1071)"},
+                  {"(cdr (nth 11 (cles)))", "-99999999"}});
 }
 
 TEST_F(XData, AKeyIsReplacedInAnyCaseAndKeepsItsSpelling) {
@@ -47,18 +46,15 @@ TEST_F(XData, AStringValueEqualToAKeyIsTakenForIt) {
 
 TEST_F(XData, WrongCallsChangeNothing) {
   check(session,
-        {{"(progn (plsxd e \"A\") (plsxd \"e\" \"A\" 1) (plsxd e 1 1) (plsxd e \"A\" 1 2) (donnees \"*\"))",
-          "nil"},
+        {{"(progn (plsxd e \"A\") (plsxd \"e\" \"A\" 1) (plsxd e 1 1) (plsxd e \"A\" 1 2) (donnees \"*\"))", "nil"},
          {"(plgxd e \"A\" 1)", "nil"},
          {"(plgxd e \"A\")", "nil"}});
 }
 
 TEST_F(XData, AKeyAtTheEndWithoutValueGetsOne) {
-  check(
-      session,
-      {{"(progn (entmod (append (entget e) '((-3 (\"PLV2_DATA\" (1000 . \"SEULE\")))))) (plgxd e \"SEULE\"))",
-        "nil"},
-       {"(progn (plsxd e \"SEULE\" 3) (cles))", "((1000 . \"SEULE\") (1070 . 3))"}});
+  check(session,
+        {{"(progn (entmod (append (entget e) '((-3 (\"PLV2_DATA\" (1000 . \"SEULE\")))))) (plgxd e \"SEULE\"))", "nil"},
+         {"(progn (plsxd e \"SEULE\" 3) (cles))", "((1000 . \"SEULE\") (1070 . 3))"}});
 }
 
 TEST_F(XData, NaturalGroundIsAppendedInPairs) {

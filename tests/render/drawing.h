@@ -35,8 +35,7 @@ inline std::string groupsOf(std::string_view record, int nameCode = 0) {
     const bool barred = record[equals + 1] == '|';
     const std::size_t start = equals + (barred ? 2 : 1),
                       end = std::min(record.find(barred ? '|' : ' ', start), record.size());
-    out += std::string(record.substr(i, equals - i)) + '\n' + std::string(record.substr(start, end - start)) +
-           '\n';
+    out += std::string(record.substr(i, equals - i)) + '\n' + std::string(record.substr(start, end - start)) + '\n';
     i = record.find(' ', end);
   }
   return out;
@@ -61,8 +60,7 @@ inline std::string dxfText(const TestDrawing& d) {
 
 inline std::unique_ptr<AcDbDatabase> openDrawing(const TestDrawing& d) {
   static const bool once = (dxf::provideDrawingReader(), true);
-  const auto path =
-      std::filesystem::temp_directory_path() / ("kavel-scene-" + std::to_string(::getpid()) + ".dxf");
+  const auto path = std::filesystem::temp_directory_path() / ("kavel-scene-" + std::to_string(::getpid()) + ".dxf");
   std::ofstream(path, std::ios::binary) << dxfText(d);
   auto database = std::make_unique<AcDbDatabase>(!once);
   const Acad::ErrorStatus status = database->readDwgFile(toWide(path.string()).c_str());

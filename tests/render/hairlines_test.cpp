@@ -25,14 +25,16 @@ struct Picture {
   std::string text() const {
     std::string rows;
     for (int y = 0; y < kHeight; ++y) {
-      for (int x = 0; x < kWidth; ++x) rows += memory[static_cast<std::size_t>(kEdge + y * kWidth + x)] == 0xFF102030 ? '#' : '.';
+      for (int x = 0; x < kWidth; ++x)
+        rows += memory[static_cast<std::size_t>(kEdge + y * kWidth + x)] == 0xFF102030 ? '#' : '.';
       rows += '\n';
     }
     return rows;
   }
   bool edgesAreWhole() const {
     for (int i = 0; i < kEdge; ++i)
-      if (memory[static_cast<std::size_t>(i)] != 7 || memory[memory.size() - 1 - static_cast<std::size_t>(i)] != 7) return false;
+      if (memory[static_cast<std::size_t>(i)] != 7 || memory[memory.size() - 1 - static_cast<std::size_t>(i)] != 7)
+        return false;
     return true;
   }
 };
@@ -50,16 +52,23 @@ TEST(Hairlines, TakeThePixelsOfTheirLine) {
     Path path;
     int thickness;
     const char* pixels;
-  } rows[] = {
-      {path({{1.5, 2.5}, {9.5, 2.5}}), 1, "............\n............\n.#########..\n............\n............\n............\n"},
-      {path({{2.5, 0.5}, {2.5, 5.5}}), 1, "..#.........\n..#.........\n..#.........\n..#.........\n..#.........\n..#.........\n"},
-      {path({{1.5, 1.5}, {4.5, 4.5}}), 1, "............\n.#..........\n..#.........\n...#........\n....#.......\n............\n"},
-      {path({{1.5, 2.5}, {4.5, 2.5}}), 2, "............\n............\n.####.......\n.####.......\n............\n............\n"},
-      {path({{1.5, 2.5}, {4.5, 2.5}}), 3, "............\n.####.......\n.####.......\n.####.......\n............\n............\n"},
-      {path({{1.5, 1.5}, {5.5, 1.5}, {5.5, 4.5}, {1.5, 4.5}}, true), 1, "............\n.#####......\n.#...#......\n.#...#......\n.#####......\n............\n"},
-      // Far beyond the picture on both sides, and wholly outside.
-      {path({{-1e9, 3.5}, {1e9, 3.5}}), 1, "............\n............\n............\n############\n............\n............\n"},
-      {path({{-50, -50}, {-10, 80}}), 1, "............\n............\n............\n............\n............\n............\n"}};
+  } rows[] = {{path({{1.5, 2.5}, {9.5, 2.5}}), 1,
+               "............\n............\n.#########..\n............\n............\n............\n"},
+              {path({{2.5, 0.5}, {2.5, 5.5}}), 1,
+               "..#.........\n..#.........\n..#.........\n..#.........\n..#.........\n..#.........\n"},
+              {path({{1.5, 1.5}, {4.5, 4.5}}), 1,
+               "............\n.#..........\n..#.........\n...#........\n....#.......\n............\n"},
+              {path({{1.5, 2.5}, {4.5, 2.5}}), 2,
+               "............\n............\n.####.......\n.####.......\n............\n............\n"},
+              {path({{1.5, 2.5}, {4.5, 2.5}}), 3,
+               "............\n.####.......\n.####.......\n.####.......\n............\n............\n"},
+              {path({{1.5, 1.5}, {5.5, 1.5}, {5.5, 4.5}, {1.5, 4.5}}, true), 1,
+               "............\n.#####......\n.#...#......\n.#...#......\n.#####......\n............\n"},
+              // Far beyond the picture on both sides, and wholly outside.
+              {path({{-1e9, 3.5}, {1e9, 3.5}}), 1,
+               "............\n............\n............\n############\n............\n............\n"},
+              {path({{-50, -50}, {-10, 80}}), 1,
+               "............\n............\n............\n............\n............\n............\n"}};
   for (const auto& row : rows) {
     Picture picture;
     picture.lines.stroke(row.path, Colour{0x10, 0x20, 0x30}, row.thickness);
@@ -75,10 +84,10 @@ TEST(Hairlines, CurvesAreFollowed) {
   half.cubicTo({1.5, -1.6}, {10.5, -1.6}, {10.5, 5});  // its crown is at y = 0.05
   picture.lines.stroke(half, Colour{0x10, 0x20, 0x30}, 1);
   const std::string rows = picture.text();
-  EXPECT_EQ(rows.substr(5, 2), "##") << rows;                            // the crown
-  EXPECT_EQ(rows[4 * (kWidth + 1) + 1], '#') << rows;                    // the feet
+  EXPECT_EQ(rows.substr(5, 2), "##") << rows;          // the crown
+  EXPECT_EQ(rows[4 * (kWidth + 1) + 1], '#') << rows;  // the feet
   EXPECT_EQ(rows[4 * (kWidth + 1) + 10], '#') << rows;
-  EXPECT_EQ(rows.substr(5 * (kWidth + 1) + 3, 6), "......") << rows;     // nothing between them
+  EXPECT_EQ(rows.substr(5 * (kWidth + 1) + 3, 6), "......") << rows;  // nothing between them
 }
 
 TEST(Hairlines, NumbersThatAreNoneDrawNothing) {

@@ -39,10 +39,9 @@ TEST(Page, SheetFollowsTheContent) {
     double width, height;
     const char* paper;
     double pageWidth, pageHeight;
-  } rows[] = {
-      {100, 50, "A4", 297, 210},       {50, 100, "A4", 210, 297},       {100, 50, "A0", 1189, 841},
-      {277, 190, nullptr, 297, 210},   {278, 190, nullptr, 420, 297},   {190, 277, nullptr, 210, 297},
-      {1169, 821, nullptr, 1189, 841}, {2000, 200, nullptr, 2020, 297}, {2000, 900, nullptr, 2020, 920}};
+  } rows[] = {{100, 50, "A4", 297, 210},       {50, 100, "A4", 210, 297},       {100, 50, "A0", 1189, 841},
+              {277, 190, nullptr, 297, 210},   {278, 190, nullptr, 420, 297},   {190, 277, nullptr, 210, 297},
+              {1169, 821, nullptr, 1189, 841}, {2000, 200, nullptr, 2020, 297}, {2000, 900, nullptr, 2020, 920}};
   for (const auto& row : rows) {
     const Page page = layOutPage(box(0, 0, row.width, row.height), request(1000, row.paper));
     EXPECT_EQ(page.widthMm, row.pageWidth) << row.width;
@@ -62,10 +61,9 @@ TEST(Page, OverflowIsCentredAndSaidWithAWayOut) {
   const Page page = layOutPage(box(0, 0, 300, 100), request(1000, "A4"));
   EXPECT_EQ(page.widthMm, 297);
   ASSERT_EQ(page.warnings.size(), 1u);
-  EXPECT_EQ(
-      page.warnings[0],
-      "à l'échelle 1:1000 le dessin mesure 300 x 100 mm, la feuille A4 n'offre que 277 x 190 mm : il est "
-      "centré et coupé. Il tiendrait à l'échelle 1:2000 ou sur une feuille A3.");
+  EXPECT_EQ(page.warnings[0],
+            "à l'échelle 1:1000 le dessin mesure 300 x 100 mm, la feuille A4 n'offre que 277 x 190 mm : il est "
+            "centré et coupé. Il tiendrait à l'échelle 1:2000 ou sur une feuille A3.");
   EXPECT_NEAR(page.view.width(), 277, 1e-9);
   EXPECT_NEAR((page.view.xMin + page.view.xMax) / 2, 150, 1e-9);
 }
@@ -98,8 +96,7 @@ TEST(PlotOptions, AreReadStrictly) {
   EXPECT_EQ(parseScale("fit"), std::nullopt);
   EXPECT_EQ(parsePaper("a3").longMm, 420);
   EXPECT_EQ(parseWindow(" 1.5, -2 ,0,4").xMin, 0);
-  for (const char* bad : {"", "1:0", "1:-5", "2:1", "1:2x", "ajuster"})
-    EXPECT_THROW(parseScale(bad), PlotError) << bad;
+  for (const char* bad : {"", "1:0", "1:-5", "2:1", "1:2x", "ajuster"}) EXPECT_THROW(parseScale(bad), PlotError) << bad;
   for (const char* bad : {"", "A5", "A", "A10", "B4"}) EXPECT_THROW(parsePaper(bad), PlotError) << bad;
   for (const char* bad : {"", "1,2,3", "1,2,3,4,5", "1,2,3,x", "0,0,0,5", "1;2;3;4"})
     EXPECT_THROW(parseWindow(bad), PlotError) << bad;

@@ -138,9 +138,8 @@ TEST_F(Plot, TransparencyDashesAndRulesShow) {
 TEST_F(Plot, HugeGeometryNeitherOverflowsNorStalls) {
   DisplayList list;
   Path path = line({-1e12, 5}, {1e12, 5});
-  list.add(1, Stroke{path,
-                     {foreground, 0.5,
-                      std::make_shared<const std::vector<double>>(std::vector<double>{1e-9, 1e-9})}});
+  list.add(
+      1, Stroke{path, {foreground, 0.5, std::make_shared<const std::vector<double>>(std::vector<double>{1e-9, 1e-9})}});
   Path disc;
   addEllipse(disc, {1e9, 5}, {1e9, 0}, {0, 1e9});
   list.add(2, Fill{disc, {0, 0, 255}, true});
@@ -184,8 +183,7 @@ TEST_F(Plot, ErrorsSayWhereAndLeaveTheTarget) {
     plot(sample(), at("absent/p.pdf"), options());
     FAIL();
   } catch (const PlotError& error) {
-    EXPECT_NE(std::string(error.what()).find("absent/p.pdf: écriture impossible"), std::string::npos)
-        << error.what();
+    EXPECT_NE(std::string(error.what()).find("absent/p.pdf: écriture impossible"), std::string::npos) << error.what();
   }
   std::ofstream(at("garde.png")) << "ancien";
   PlotOptions large = options(2400);

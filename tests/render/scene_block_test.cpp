@@ -9,8 +9,8 @@ namespace {
 
 TestDrawing drawing(const Records& inside, const Records& entities) {
   TestDrawing d;
-  d.layers = {"2=0 70=0 62=7 6=CONTINUOUS", "2=ROUGE 70=0 62=1 6=CONTINUOUS 370=50",
-              "2=ETEINT 70=0 62=-3 6=CONTINUOUS", "2=GELE 70=1 62=3 6=CONTINUOUS"};
+  d.layers = {"2=0 70=0 62=7 6=CONTINUOUS", "2=ROUGE 70=0 62=1 6=CONTINUOUS 370=50", "2=ETEINT 70=0 62=-3 6=CONTINUOUS",
+              "2=GELE 70=1 62=3 6=CONTINUOUS"};
   d.blocks = {"BLOCK 8=0 2=B 70=0 10=1 20=1"};
   d.blocks.insert(d.blocks.end(), inside.begin(), inside.end());
   d.blocks.push_back("ENDBLK 8=0");
@@ -73,15 +73,14 @@ TEST(SceneBlock, OffHidesWhatIsOnLayerZeroFrozenHidesAll) {
     std::size_t seen;
   } rows[] = {{"0", 2}, {"ETEINT", 1}, {"GELE", 0}};
   for (const auto& row : rows)
-    EXPECT_EQ(
-        sceneOf(drawing(inside, {"INSERT 8=" + std::string(row.layer) + " 2=B 10=0 20=0"})).items().size(),
-        row.seen)
+    EXPECT_EQ(sceneOf(drawing(inside, {"INSERT 8=" + std::string(row.layer) + " 2=B 10=0 20=0"})).items().size(),
+              row.seen)
         << row.layer;
 }
 
 TEST(SceneBlock, SourceIsTheReferenceInTheModelSpace) {
-  TestDrawing d = drawing({"LINE 8=0 10=0 20=0 11=1 21=1"},
-                          {"INSERT 5=A1 8=0 2=C 10=0 20=0", "LINE 5=A2 8=0 10=0 20=0 11=1 21=1"});
+  TestDrawing d =
+      drawing({"LINE 8=0 10=0 20=0 11=1 21=1"}, {"INSERT 5=A1 8=0 2=C 10=0 20=0", "LINE 5=A2 8=0 10=0 20=0 11=1 21=1"});
   d.blocks.insert(d.blocks.end(), {"BLOCK 8=0 2=C 70=0 10=0 20=0", "INSERT 8=0 2=B 10=0 20=0", "ENDBLK 8=0"});
   const DisplayList list = sceneOf(d);
   ASSERT_EQ(list.items().size(), 2u);
@@ -90,8 +89,8 @@ TEST(SceneBlock, SourceIsTheReferenceInTheModelSpace) {
 }
 
 TEST(SceneBlock, SelfReferenceAndMissingBlocksAreSaid) {
-  const DisplayList self = sceneOf(
-      drawing({"LINE 8=0 10=0 20=0 11=1 21=1", "INSERT 8=0 2=B 10=5 20=5"}, {"INSERT 8=0 2=B 10=0 20=0"}));
+  const DisplayList self =
+      sceneOf(drawing({"LINE 8=0 10=0 20=0 11=1 21=1", "INSERT 8=0 2=B 10=5 20=5"}, {"INSERT 8=0 2=B 10=0 20=0"}));
   EXPECT_EQ(self.items().size(), 1u);
   EXPECT_EQ(self.warnings, std::vector<std::string>{"bloc qui se contient lui-même"});
   EXPECT_EQ(sceneOf({.entities = {"INSERT 8=0 2=RIEN 10=0 20=0"}}).warnings,
@@ -114,8 +113,7 @@ TEST(SceneBlock, BillionsEndWithAWarning) {
   EXPECT_LE(list.items().size(), 5000u);
   ASSERT_EQ(list.warnings.size(), 1u);
   EXPECT_TRUE(list.warnings[0].starts_with("dessin incomplet : arrêté après 5000 objets"));
-  const DisplayList empty =
-      sceneOf(drawing({}, {"INSERT 8=0 2=B 10=0 20=0 70=32000 71=32000 44=1 45=1"}), options);
+  const DisplayList empty = sceneOf(drawing({}, {"INSERT 8=0 2=B 10=0 20=0 70=32000 71=32000 44=1 45=1"}), options);
   EXPECT_EQ(empty.warnings.size(), 1u);
 }
 

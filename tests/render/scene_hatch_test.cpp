@@ -13,15 +13,14 @@ namespace {
 const std::string head = "HATCH 8=0 10=0 20=0 30=0 210=0 220=0 230=1 ";
 
 std::string solid(int loops, const std::string& boundary, int style = 0) {
-  return head + "2=SOLID 70=1 71=0 91=" + std::to_string(loops) + ' ' + boundary +
-         " 75=" + std::to_string(style) + " 76=1 98=0";
+  return head + "2=SOLID 70=1 71=0 91=" + std::to_string(loops) + ' ' + boundary + " 75=" + std::to_string(style) +
+         " 76=1 98=0";
 }
 
 std::string square(double x, double y, double side, int kind) {
   const auto n = [](double v) { return std::to_string(v); };
-  return "92=" + std::to_string(kind | 2) + " 72=0 73=1 93=4 10=" + n(x) + " 20=" + n(y) +
-         " 10=" + n(x + side) + " 20=" + n(y) + " 10=" + n(x + side) + " 20=" + n(y + side) + " 10=" + n(x) +
-         " 20=" + n(y + side) + " 97=0";
+  return "92=" + std::to_string(kind | 2) + " 72=0 73=1 93=4 10=" + n(x) + " 20=" + n(y) + " 10=" + n(x + side) +
+         " 20=" + n(y) + " 10=" + n(x + side) + " 20=" + n(y + side) + " 10=" + n(x) + " 20=" + n(y + side) + " 97=0";
 }
 
 // The covered area by the even-odd rule, from samples.
@@ -39,12 +38,9 @@ double area(const Fill& fill) {
       if ((a.y > p.y) != (b.y > p.y) && p.x < a.x + (p.y - a.y) / (b.y - a.y) * (b.x - a.x)) in = !in;
     };
     for (const auto verb : flat.verbs()) {
-      if (verb == Path::Verb::move)
-        first = k++;
-      else if (verb == Path::Verb::line)
-        cross(points[k - 1], points[k]), ++k;
-      else
-        cross(points[k - 1], points[first]);
+      if (verb == Path::Verb::move) first = k++;
+      else if (verb == Path::Verb::line) cross(points[k - 1], points[k]), ++k;
+      else cross(points[k - 1], points[first]);
     }
     inside += in;
   }
@@ -64,8 +60,7 @@ TEST(SceneHatch, SolidAreasOfEveryBoundary) {
       {solid(2, square(0, 0, 10, 1) + ' ' + square(2, 2, 4, 16), 2), 100},
       {solid(1, "92=3 72=1 73=1 93=2 10=0 20=0 42=1 10=4 20=0 42=1 97=0"), pi * 4},
       {solid(1, "92=1 93=2 72=2 10=0 20=0 40=5 50=0 51=180 73=1 72=1 10=-5 20=0 11=5 21=0 97=0"), pi * 12.5},
-      {solid(1, "92=1 93=2 72=2 10=0 20=0 40=5 50=180 51=270 73=0 72=1 10=0 20=5 11=-5 21=0 97=0"),
-       pi * 25 / 4 - 12.5},
+      {solid(1, "92=1 93=2 72=2 10=0 20=0 40=5 50=180 51=270 73=0 72=1 10=0 20=5 11=-5 21=0 97=0"), pi * 25 / 4 - 12.5},
       {solid(1, "92=1 93=1 72=3 10=0 20=0 11=4 21=0 40=0.5 50=0 51=360 73=1 97=0"), pi * 8},
       {solid(1,
              "92=1 93=2 72=4 94=2 73=0 74=0 95=6 96=3 40=0 40=0 40=0 40=1 40=1 40=1 10=0 20=0 10=5 20=10 "
@@ -89,8 +84,7 @@ std::string pattern(const std::string& line) {
 double inkLength(const Path& path) {
   double sum = 0;
   for (std::size_t i = 0; i + 1 < path.points().size(); i += 2)
-    sum +=
-        std::hypot(path.points()[i + 1].x - path.points()[i].x, path.points()[i + 1].y - path.points()[i].y);
+    sum += std::hypot(path.points()[i + 1].x - path.points()[i].x, path.points()[i + 1].y - path.points()[i].y);
   return sum;
 }
 
@@ -116,15 +110,14 @@ TEST(SceneHatch, PatternsAreCutAtTheBoundary) {
 }
 
 TEST(SceneHatch, TooDenseAndDamagedAreSaid) {
-  for (const char* line :
-       {"53=0 43=0 44=0 45=0 46=1e-9 79=0", "53=0 43=0 44=0 45=0 46=0.01 79=2 49=1e-7 49=-1e-7"}) {
+  for (const char* line : {"53=0 43=0 44=0 45=0 46=1e-9 79=0", "53=0 43=0 44=0 45=0 46=0.01 79=2 49=1e-7 49=-1e-7"}) {
     const DisplayList list = sceneOf({.entities = {pattern(line)}});
     EXPECT_EQ(list.warnings, std::vector<std::string>{"hachure trop serrée pour être tracée"}) << line;
   }
   // From a base so far away that doubles cannot tell its lines apart: whatever is drawn, it comes to an end.
   sceneOf({.entities = {pattern("53=0 43=1e17 44=1e17 45=0 46=1e-3 79=2 49=1e-12 49=-1e-12")}});
-  for (const std::string& damaged : {solid(1, "92=3 72=0 73=1 93=-4"), solid(1, "92=1 93=2000000000"),
-                                     solid(5, ""), head + "2=SOLID 70=1"})
+  for (const std::string& damaged :
+       {solid(1, "92=3 72=0 73=1 93=-4"), solid(1, "92=1 93=2000000000"), solid(5, ""), head + "2=SOLID 70=1"})
     EXPECT_EQ(sceneOf({.entities = {damaged}}).items().size(), 0u) << damaged;
 }
 

@@ -50,19 +50,17 @@ TEST(Scene, EntitiesLieWhereTheyAre) {
 }
 
 TEST(Scene, PolylinesWithVertexEntities) {
-  const Records frame{"POLYLINE 8=0 66=1 70=5 10=0 20=0", "VERTEX 8=0 10=0 20=0 70=8",
-                      "VERTEX 8=0 10=50 20=50 70=16",     "VERTEX 8=0 10=4 20=0 70=8",
-                      "VERTEX 8=0 10=4 20=3 70=8",        "SEQEND 8=0"};
+  const Records frame{"POLYLINE 8=0 66=1 70=5 10=0 20=0", "VERTEX 8=0 10=0 20=0 70=8", "VERTEX 8=0 10=50 20=50 70=16",
+                      "VERTEX 8=0 10=4 20=0 70=8",        "VERTEX 8=0 10=4 20=3 70=8", "SEQEND 8=0"};
   expectBox(sceneOf({.entities = frame}).bounds(), 0, 0, 4, 3, "the frame of a spline fit is not drawn");
-  const Records wide{"POLYLINE 8=0 66=1 70=0 40=2 41=2 10=0 20=0", "VERTEX 8=0 10=0 20=0",
-                     "VERTEX 8=0 10=4 20=0", "SEQEND 8=0"};
+  const Records wide{"POLYLINE 8=0 66=1 70=0 40=2 41=2 10=0 20=0", "VERTEX 8=0 10=0 20=0", "VERTEX 8=0 10=4 20=0",
+                     "SEQEND 8=0"};
   expectBox(sceneOf({.entities = wide}).bounds(), 0, -1, 4, 1, "widths come from the polyline");
   const Records space{"POLYLINE 8=0 66=1 70=8 10=0 20=0", "VERTEX 8=0 10=1 20=1 30=7 70=32",
                       "VERTEX 8=0 10=4 20=0 70=32", "SEQEND 8=0"};
   expectBox(sceneOf({.entities = space}).bounds(), 1, 0, 4, 1, "in space");
-  const Records mesh{"POLYLINE 8=0 66=1 70=16 71=2 72=2", "VERTEX 8=0 10=0 20=0 70=64",
-                     "VERTEX 8=0 10=1 20=0 70=64",        "VERTEX 8=0 10=0 20=1 70=64",
-                     "VERTEX 8=0 10=1 20=1 70=64",        "SEQEND 8=0"};
+  const Records mesh{"POLYLINE 8=0 66=1 70=16 71=2 72=2", "VERTEX 8=0 10=0 20=0 70=64", "VERTEX 8=0 10=1 20=0 70=64",
+                     "VERTEX 8=0 10=0 20=1 70=64",        "VERTEX 8=0 10=1 20=1 70=64", "SEQEND 8=0"};
   expectBox(sceneOf({.entities = mesh}).bounds(), 0, 0, 1, 1, "mesh");
   const Records faces{"POLYLINE 8=0 66=1 70=64 71=3 72=1", "VERTEX 8=0 10=0 20=0 70=192",
                       "VERTEX 8=0 10=2 20=0 70=192",       "VERTEX 8=0 10=2 20=2 70=192",
@@ -71,8 +69,7 @@ TEST(Scene, PolylinesWithVertexEntities) {
 }
 
 TEST(Scene, EndlessLinesHaveNoExtent) {
-  const DisplayList list =
-      sceneOf({.entities = {"XLINE 8=0 10=0 20=0 11=1 21=0", "RAY 8=0 10=5 20=5 11=0 21=1"}});
+  const DisplayList list = sceneOf({.entities = {"XLINE 8=0 10=0 20=0 11=1 21=0", "RAY 8=0 10=5 20=5 11=0 21=1"}});
   const auto lines = shapes<Unbounded>(list);
   ASSERT_EQ(lines.size(), 2u);
   EXPECT_TRUE(lines[0]->bothWays);
@@ -83,11 +80,9 @@ TEST(Scene, EndlessLinesHaveNoExtent) {
 TestDrawing looks() {
   TestDrawing d;
   d.linetypes = {"2=TIRETS 70=0 3=x 72=65 73=2 40=3 49=2 49=-1",
-                 "2=MIXTE 70=0 3=x 72=65 73=4 40=4 49=2 49=-1 49=0 49=-1",
-                 "2=PLEIN 70=0 3=x 72=65 73=1 40=2 49=2"};
-  d.layers = {"2=0 70=0 62=7 6=CONTINUOUS", "2=ROUGE 70=0 62=1 6=TIRETS 370=50",
-              "2=ETEINT 70=0 62=-3 6=CONTINUOUS", "2=GELE 70=1 62=3 6=CONTINUOUS",
-              "2=MUET 70=0 62=3 6=CONTINUOUS 290=0"};
+                 "2=MIXTE 70=0 3=x 72=65 73=4 40=4 49=2 49=-1 49=0 49=-1", "2=PLEIN 70=0 3=x 72=65 73=1 40=2 49=2"};
+  d.layers = {"2=0 70=0 62=7 6=CONTINUOUS", "2=ROUGE 70=0 62=1 6=TIRETS 370=50", "2=ETEINT 70=0 62=-3 6=CONTINUOUS",
+              "2=GELE 70=1 62=3 6=CONTINUOUS", "2=MUET 70=0 62=3 6=CONTINUOUS 290=0"};
   d.header = {"$LTSCALE 40=2"};
   return d;
 }
@@ -145,8 +140,8 @@ TEST(Scene, LineTypeRunsThroughVerticesOnlyWhenAsked) {
 }
 
 TEST(Scene, WhatCannotBeShownIsCounted) {
-  const DisplayList list = sceneOf(
-      {.entities = {"3DSOLID 8=0", "3DSOLID 8=0", "SPLINE 8=0 71=3 40=0", "LINE 8=0 10=1 20=1 11=2 21=2"}});
+  const DisplayList list =
+      sceneOf({.entities = {"3DSOLID 8=0", "3DSOLID 8=0", "SPLINE 8=0 71=3 40=0", "LINE 8=0 10=1 20=1 11=2 21=2"}});
   ASSERT_EQ(list.warnings.size(), 2u);
   EXPECT_EQ(list.warnings[0], "entité de type 3DSOLID non représentée (2 fois)");
   EXPECT_EQ(list.items().size(), 1u);
@@ -154,8 +149,7 @@ TEST(Scene, WhatCannotBeShownIsCounted) {
 
 TEST(Scene, PlotsToAFile) {
   const auto database = openDrawing({.entities = {"LINE 8=0 10=0 20=0 11=100 21=30"}});
-  const auto file =
-      std::filesystem::temp_directory_path() / ("kavel-plan-" + std::to_string(::getpid()) + ".pdf");
+  const auto file = std::filesystem::temp_directory_path() / ("kavel-plan-" + std::to_string(::getpid()) + ".pdf");
   PlotOptions options;
   options.page.scale = 200;
   EXPECT_TRUE(plotDrawing(*database, file.string(), options).empty());

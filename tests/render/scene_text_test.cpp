@@ -25,7 +25,8 @@ TEST(SceneText, JustificationHoldsItsPoint) {
     const Box box = inkOf("TEXT 8=0 10=100 20=50 40=2 1=HH 72=" + std::to_string(row.horizontal) +
                           " 11=100 21=50 73=" + std::to_string(row.vertical));
     // A left text starts at its pen; others are held by their ink.
-    EXPECT_NEAR(box.xMin, 100 + (row.left == 0 ? ink.xMin : row.left * ink.width()), 1e-9) << row.horizontal << row.vertical;
+    EXPECT_NEAR(box.xMin, 100 + (row.left == 0 ? ink.xMin : row.left * ink.width()), 1e-9)
+        << row.horizontal << row.vertical;
     EXPECT_NEAR(box.yMin, 50 + row.base, 1e-9) << row.horizontal << row.vertical;
     EXPECT_NEAR(box.height(), 2, 1e-9);
   }
@@ -95,8 +96,7 @@ TEST(SceneText, AttributesShowTheirValueDefinitionsTheirTag) {
   EXPECT_NEAR(list.items()[0].box.yMin, 15, 0.1);
   EXPECT_EQ(runs[1]->line.glyphs.size(), 3u);
   EXPECT_NEAR(list.items()[1].box.yMin, 20, 0.1);
-  const DisplayList alone =
-      sceneOf({.entities = {"ATTDEF 8=0 10=0 20=0 40=1 1=defaut 3=question 2=NOM 70=0"}});
+  const DisplayList alone = sceneOf({.entities = {"ATTDEF 8=0 10=0 20=0 40=1 1=defaut 3=question 2=NOM 70=0"}});
   EXPECT_EQ(shapes<GlyphRun>(alone).at(0)->line.glyphs.size(), 3u);
 }
 

@@ -52,13 +52,15 @@ std::string placed(const TestDrawing& drawing) {
 }
 
 TEST(TextExtents, AreThoseOfTheInkInEveryAlignment) {
-  const std::string looks[] = {"", "41=0.5", "41=2 50=90", "50=180", "50=270 41=1.3", "71=2", "71=4", "71=6", "210=0 220=0 230=-1"};
+  const std::string looks[] = {"",     "41=0.5", "41=2 50=90",        "50=180", "50=270 41=1.3", "71=2",
+                               "71=4", "71=6",   "210=0 220=0 230=-1"};
   for (const std::string& look : looks)
     for (int horizontal = 0; horizontal <= 5; ++horizontal)
       for (int vertical = 0; vertical <= (horizontal < 3 ? 3 : 0); ++vertical) {
         const bool between = horizontal == 3 || horizontal == 5;
-        const std::string record = "TEXT 8=0 10=100 20=50 40=2 1=HLH " + look + " 72=" + std::to_string(horizontal) + " 73=" + std::to_string(vertical) +
-                                   " 11=" + n(between ? 130 : 100) + " 21=" + n(between ? 50 : 50);
+        const std::string record = "TEXT 8=0 10=100 20=50 40=2 1=HLH " + look + " 72=" + std::to_string(horizontal) +
+                                   " 73=" + std::to_string(vertical) + " 11=" + n(between ? 130 : 100) +
+                                   " 21=" + n(between ? 50 : 50);
         if (between && look.find("50=") != look.npos) continue;  // these lie along their points
         expectSame({.entities = {placed({.entities = {record}})}}, 2e-5, record);
       }
@@ -67,7 +69,8 @@ TEST(TextExtents, AreThoseOfTheInkInEveryAlignment) {
 // A slanted or turned one has its box about the box of its letters: it holds the ink, with no more room than that.
 TEST(TextExtents, HoldTheInkOfSlantedAndTurnedOnes) {
   constexpr double kCorner = 0.04;  // what is drawn is boxed glyph by glyph, with the corners of the slanted boxes
-  for (const char* look : {"51=20", "51=-20", "51=20 50=30", "50=45", "51=15 41=0.7 50=200", "71=2 51=20", "71=4 51=20", "50=30 210=0 220=0 230=-1"}) {
+  for (const char* look : {"51=20", "51=-20", "51=20 50=30", "50=45", "51=15 41=0.7 50=200", "71=2 51=20", "71=4 51=20",
+                           "50=30 210=0 220=0 230=-1"}) {
     const auto database = openDrawing({.entities = {"TEXT 8=0 10=100 20=50 40=2 1=HAH " + std::string(look)}});
     const AcDbExtents box = said(*database);
     const Box ink = drawScene(*database, {}).bounds();
@@ -85,7 +88,8 @@ TEST(TextExtents, OfParagraphsAreThoseOfTheInk) {
   for (const char* text : texts)
     for (int attachment = 1; attachment <= 9; ++attachment)
       for (const char* look : {"41=0", "41=6", "41=12", "41=0 50=90", "41=6 50=180"}) {
-        const std::string record = "MTEXT 8=0 10=10 20=20 40=1 " + std::string(look) + " 71=" + std::to_string(attachment) + " 1=|" + text + "|";
+        const std::string record = "MTEXT 8=0 10=10 20=20 40=1 " + std::string(look) +
+                                   " 71=" + std::to_string(attachment) + " 1=|" + text + "|";
         const auto database = openDrawing({.entities = {record}});
         const AcDbExtents box = said(*database);
         const Box ink = drawScene(*database, {}).bounds();
@@ -99,11 +103,14 @@ TEST(TextExtents, OfParagraphsAreThoseOfTheInk) {
 // The rest of what is drawn: places of arrays, planes, bulges, wide lines apart.
 TEST(Extents, AreThoseOfTheInkForReferences) {
   TestDrawing d;
-  d.blocks = {"BLOCK 8=0 2=B 70=0 10=1 20=1", "LINE 8=0 10=1 20=1 11=3 21=2", "LINE 8=0 10=3 20=2 11=3 21=1", "ENDBLK 8=0",
-              "BLOCK 8=0 2=C 70=0 10=0 20=0", "INSERT 8=0 2=B 10=4 20=0 50=90 41=2", "POINT 8=0 10=-1 20=0", "ENDBLK 8=0"};
+  d.blocks = {"BLOCK 8=0 2=B 70=0 10=1 20=1", "LINE 8=0 10=1 20=1 11=3 21=2",
+              "LINE 8=0 10=3 20=2 11=3 21=1", "ENDBLK 8=0",
+              "BLOCK 8=0 2=C 70=0 10=0 20=0", "INSERT 8=0 2=B 10=4 20=0 50=90 41=2",
+              "POINT 8=0 10=-1 20=0",         "ENDBLK 8=0"};
   for (const char* name : {"B", "C"})
-    for (const char* look : {"", "41=2 42=3", "41=-1", "42=-2 50=90", "50=180", "50=270 41=3 42=-1", "210=0 220=0 230=-1", "210=0 220=0 230=-1 50=90 41=-1",
-                             "70=3 71=2 44=5 45=4", "70=3 71=2 44=-5 45=4 50=90", "70=2 44=5 210=0 220=0 230=-1", "41=0"}) {
+    for (const char* look : {"", "41=2 42=3", "41=-1", "42=-2 50=90", "50=180", "50=270 41=3 42=-1",
+                             "210=0 220=0 230=-1", "210=0 220=0 230=-1 50=90 41=-1", "70=3 71=2 44=5 45=4",
+                             "70=3 71=2 44=-5 45=4 50=90", "70=2 44=5 210=0 220=0 230=-1", "41=0"}) {
       d.entities = {"INSERT 8=0 2=" + std::string(name) + " 10=10 20=20 " + look};
       expectSame(d, 1e-9, d.entities[0]);
     }
@@ -111,10 +118,13 @@ TEST(Extents, AreThoseOfTheInkForReferences) {
 
 TEST(Extents, AreThoseOfTheInkForCurves) {
   for (const char* record :
-       {"ARC 8=0 10=1 20=2 40=3 50=30 51=200", "ARC 8=0 10=1 20=2 40=3 50=300 51=60", "ARC 8=0 10=1 20=2 40=3 50=30 51=200 210=0 220=0 230=-1",
-        "CIRCLE 8=0 10=1 20=2 40=3 210=0 220=0 230=-1", "LWPOLYLINE 8=0 90=3 70=1 10=0 20=0 42=0.5 10=6 20=0 42=-1 10=6 20=5 42=2",
-        "ELLIPSE 8=0 10=1 20=1 11=3 21=1 40=0.4 41=0.5 42=4", "ELLIPSE 8=0 10=1 20=1 11=3 21=1 40=0.4 41=5 42=7 210=0 220=0 230=-1",
-        "SOLID 8=0 10=0 20=0 11=3 21=1 12=1 22=4 13=2 23=5", "SPLINE 8=0 70=8 71=2 72=6 73=3 74=0 40=0 40=0 40=0 40=1 40=1 40=1 10=0 20=0 10=5 20=8 10=10 20=0"})
+       {"ARC 8=0 10=1 20=2 40=3 50=30 51=200", "ARC 8=0 10=1 20=2 40=3 50=300 51=60",
+        "ARC 8=0 10=1 20=2 40=3 50=30 51=200 210=0 220=0 230=-1", "CIRCLE 8=0 10=1 20=2 40=3 210=0 220=0 230=-1",
+        "LWPOLYLINE 8=0 90=3 70=1 10=0 20=0 42=0.5 10=6 20=0 42=-1 10=6 20=5 42=2",
+        "ELLIPSE 8=0 10=1 20=1 11=3 21=1 40=0.4 41=0.5 42=4",
+        "ELLIPSE 8=0 10=1 20=1 11=3 21=1 40=0.4 41=5 42=7 210=0 220=0 230=-1",
+        "SOLID 8=0 10=0 20=0 11=3 21=1 12=1 22=4 13=2 23=5",
+        "SPLINE 8=0 70=8 71=2 72=6 73=3 74=0 40=0 40=0 40=0 40=1 40=1 40=1 10=0 20=0 10=5 20=8 10=10 20=0"})
     expectSame({.entities = {record}}, 1e-6, record);
 }
 

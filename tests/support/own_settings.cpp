@@ -9,7 +9,8 @@
 namespace {
 
 const std::string& folder() {
-  static const std::string path = std::filesystem::temp_directory_path() / ("kavel-settings-" + std::to_string(getpid()));
+  static const std::string path =
+      std::filesystem::temp_directory_path() / ("kavel-settings-" + std::to_string(getpid()));
   return path;
 }
 

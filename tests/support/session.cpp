@@ -53,8 +53,6 @@ std::string Session::feed(std::string_view lines) {
   return document_->takeTranscript();
 }
 
-std::string Session::transcript() {
-  return document_->takeTranscript();
-}
+std::string Session::transcript() { return document_->takeTranscript(); }
 
 }  // namespace kaveltest
