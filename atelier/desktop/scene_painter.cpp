@@ -31,7 +31,7 @@ bool isCrowded(const std::vector<Part>& parts, const render::PaintOptions& optio
   std::size_t seen = 0;
   for (const Part& part : parts)
     for (const render::Primitive& item : part->items()) {
-      if (!item.box.empty() && !fonts::rectangle(item.box).bounds(options.toSurface).meets(options.clip)) continue;
+      if (!item.box.empty() && !item.box.mapped(options.toSurface).meets(options.clip)) continue;
       if (++seen > kCrowd) return true;
     }
   return false;
@@ -46,11 +46,14 @@ void paintBand(unsigned char* picture, int stride, int first, const std::vector<
   render::TinyMarks tiny(width, height);
   options.tiny = &tiny;
   render::Hairlines hairlines(pixels, width, height, stride);
-  if (crowded) options.hairlines = &hairlines;
-  render::PictureCanvas canvas(pixels, width, height, stride, options.background);
-  for (const Part& part : parts) {
-    if (stop) return;
-    canvas.paint(*part, options);
+  render::PictureCanvas canvas(pixels, width, height, stride);
+  if (crowded) {
+    options.hairlines = &hairlines;
+    for (std::size_t i = parts.size(); i > 0 && !stop; --i) canvas.paint(*parts[i - 1], options);
+    canvas.ground(options.background);
+  } else {
+    canvas.ground(options.background);
+    for (std::size_t i = 0; i < parts.size() && !stop; ++i) canvas.paint(*parts[i], options);
   }
 }
 

@@ -28,6 +28,13 @@ void Box::add(const Box& other) {
   add(Pt{other.xMax, other.yMax});
 }
 
+Box Box::mapped(const Affine& map) const {
+  Box box;
+  if (empty()) return box;
+  for (const Pt corner : {Pt{xMin, yMin}, Pt{xMin, yMax}, Pt{xMax, yMin}, Pt{xMax, yMax}}) box.add(map(corner));
+  return box;
+}
+
 void Path::moveTo(Pt p) {
   verbs_.push_back(Verb::move);
   points_.push_back(p);

@@ -43,6 +43,8 @@ struct Box {
   // A point with a coordinate that is not finite is passed over.
   void add(Pt p);
   void add(const Box& other);
+  // The box of the mapped box.
+  Box mapped(const Affine& map) const;
   bool meets(const Box& other) const {
     return xMin <= other.xMax && other.xMin <= xMax && yMin <= other.yMax && other.yMin <= yMax;
   }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <ranges>
 
 #include "atelier/render/cairo_text.h"
 #include "atelier/render/clip_path.h"
@@ -33,7 +34,7 @@ class Painter {
 
   void item(const Primitive& primitive) {
     if (!primitive.box.empty()) {
-      const Box seen = fonts::rectangle(primitive.box).bounds(options_.toSurface);
+      const Box seen = primitive.box.mapped(options_.toSurface);
       if (!grown(seen, 2 * options_.unitsPerMm).meets(options_.clip)) return;
       if (options_.tiny && std::max(seen.width(), seen.height()) < 1 && !options_.tiny->mark({seen.xMin, seen.yMin}))
         return;
@@ -41,7 +42,10 @@ class Painter {
     std::visit(*this, primitive.shape);
   }
 
-  void operator()(const Stroke& stroke) { strokePath(stroke.path.mapped(options_.toSurface), stroke.pen); }
+  void operator()(const Stroke& stroke) {
+    if (!hair(stroke.path, options_.toSurface, stroke.pen))
+      strokePath(stroke.path.mapped(options_.toSurface), stroke.pen);
+  }
 
   void operator()(const Fill& fill) { fillPath(fill.path.mapped(options_.toSurface), fill.colour, fill.evenOdd); }
 
@@ -150,8 +154,7 @@ class Painter {
   }
 
   void strokePath(const Path& path, const Pen& pen) {
-    if (path.empty()) return;
-    if (options_.hairlines && hair(path, pen)) return;
+    if (path.empty() || hair(path, {}, pen)) return;
     source(pen.colour);
     cairo_set_line_width(cr_, width(pen));
     setDashes(pen);
@@ -159,13 +162,14 @@ class Painter {
     cairo_stroke(cr_);
   }
 
-  bool hair(const Path& path, const Pen& pen) {
+  bool hair(const Path& path, const Affine& map, const Pen& pen) {
     const Colour colour = resolved(pen.colour);
-    if (pen.dashes || colour.alpha != 255 || width(pen) > kThickestHair * std::max(1.0, options_.thinnest))
+    if (!options_.hairlines || pen.dashes || colour.alpha != 255 ||
+        width(pen) > kThickestHair * std::max(1.0, options_.thinnest))
       return false;
     cairo_surface_t* const surface = cairo_get_target(cr_);
     cairo_surface_flush(surface);
-    options_.hairlines->stroke(path, colour, std::max(1, static_cast<int>(std::lround(width(pen)))));
+    options_.hairlines->stroke(path, map, colour, std::max(1, static_cast<int>(std::lround(width(pen)))));
     cairo_surface_mark_dirty(surface);
     return true;
   }
@@ -203,20 +207,26 @@ void paint(cairo_t* context, const DisplayList& list, const PaintOptions& option
   cairo_set_line_cap(context, CAIRO_LINE_CAP_ROUND);
   cairo_set_line_join(context, CAIRO_LINE_JOIN_ROUND);
   Painter painter(context, options);
-  for (const Primitive& primitive : list.items()) painter.item(primitive);
+  if (options.hairlines) {
+    cairo_set_operator(context, CAIRO_OPERATOR_DEST_OVER);
+    for (const Primitive& primitive : list.items() | std::views::reverse) painter.item(primitive);
+  } else {
+    for (const Primitive& primitive : list.items()) painter.item(primitive);
+  }
   cairo_restore(context);
 }
 
-PictureCanvas::PictureCanvas(unsigned char* pixels, int width, int height, int stride, const Colour& ground)
-    : surface_(cairo_image_surface_create_for_data(pixels, CAIRO_FORMAT_RGB24, width, height, stride)),
+PictureCanvas::PictureCanvas(unsigned char* pixels, int width, int height, int stride)
+    : surface_(cairo_image_surface_create_for_data(pixels, CAIRO_FORMAT_ARGB32, width, height, stride)),
       context_(cairo_create(surface_)) {
   if (const auto status = cairo_status(context_); status != CAIRO_STATUS_SUCCESS) {
     cairo_destroy(context_);
     cairo_surface_destroy(surface_);
     throw PlotError(std::string("image impossible : ") + cairo_status_to_string(status));
   }
-  cairo_set_source_rgb(context_, ground.r / 255.0, ground.g / 255.0, ground.b / 255.0);
+  cairo_set_operator(context_, CAIRO_OPERATOR_CLEAR);
   cairo_paint(context_);
+  cairo_set_operator(context_, CAIRO_OPERATOR_OVER);
 }
 
 PictureCanvas::~PictureCanvas() {
@@ -225,13 +235,21 @@ PictureCanvas::~PictureCanvas() {
   cairo_surface_destroy(surface_);
 }
 
+void PictureCanvas::ground(const Colour& colour) {
+  cairo_set_operator(context_, CAIRO_OPERATOR_DEST_OVER);
+  cairo_set_source_rgb(context_, colour.r / 255.0, colour.g / 255.0, colour.b / 255.0);
+  cairo_paint(context_);
+  cairo_set_operator(context_, CAIRO_OPERATOR_OVER);
+}
+
 void PictureCanvas::paint(const DisplayList& list, const PaintOptions& options) {
   render::paint(context_, list, options);
 }
 
 void paintPicture(unsigned char* pixels, int width, int height, int stride, const DisplayList& list,
                   PaintOptions options) {
-  PictureCanvas canvas(pixels, width, height, stride, options.background);
+  PictureCanvas canvas(pixels, width, height, stride);
+  canvas.ground(options.background);
   if (options.clip.empty()) options.clip = {0, 0, static_cast<double>(width), static_cast<double>(height)};
   canvas.paint(list, options);
 }

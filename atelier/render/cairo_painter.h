@@ -30,28 +30,32 @@ class TinyMarks {
 };
 
 struct PaintOptions {
-  Affine toSurface;                // drawing units to surface units, y of the surface downwards
-  double unitsPerMm = 1;           // surface units in a millimetre of paper
-  Box clip;                        // surface units: nothing is painted outside
-  double thinnest = 0;             // least width of a stroke, surface units
-  double greekBelow = 0;           // texts with capitals lower than this, in surface units, become a line: for screens
-  TinyMarks* tiny = nullptr;       // when there: what is smaller than a surface unit becomes a dot, once a place
-  Hairlines* hairlines = nullptr;  // of the same picture, when there: thin opaque lines without dashes are set by them
-  bool embedFonts = false;         // texts as glyphs of their fonts: for PDF and SVG, smaller and searchable
+  Affine toSurface;           // drawing units to surface units, y of the surface downwards
+  double unitsPerMm = 1;      // surface units in a millimetre of paper
+  Box clip;                   // surface units: nothing is painted outside
+  double thinnest = 0;        // least width of a stroke, surface units
+  double greekBelow = 0;      // texts with capitals lower than this, in surface units, become a line: for screens
+  TinyMarks* tiny = nullptr;  // when there: what is smaller than a surface unit becomes a dot, once a place
+  // Of the same picture, when there: thin opaque lines without dashes are set by them, and all is painted from the top
+  // down, each primitive beneath what is there. Lists are then painted from the last to the first.
+  Hairlines* hairlines = nullptr;
+  bool embedFonts = false;  // texts as glyphs of their fonts: for PDF and SVG, smaller and searchable
   Colour foreground{0, 0, 0}, background{255, 255, 255};
 };
 
 // Leaves the state of the context as it was. Primitives outside the clip cost next to nothing.
 void paint(cairo_t* context, const DisplayList& list, const PaintOptions& options);
 
-// A picture in memory that is painted list by list; see paintPicture.
+// A picture in memory that is painted list by list; see paintPicture. It begins transparent.
 class PictureCanvas {
  public:
-  PictureCanvas(unsigned char* pixels, int width, int height, int stride, const Colour& ground);
+  PictureCanvas(unsigned char* pixels, int width, int height, int stride);
   ~PictureCanvas();
   PictureCanvas(const PictureCanvas&) = delete;
   PictureCanvas& operator=(const PictureCanvas&) = delete;
   void paint(const DisplayList& list, const PaintOptions& options);
+  // Beneath all that is there.
+  void ground(const Colour& colour);
 
  private:
   cairo_surface_t* surface_;
