@@ -1,19 +1,19 @@
 ;; What makes a profile readable: title, axis with its altitudes, names of the planes, breaks between sections.
 ;; Heights of texts and gaps are multiples of the profile's text height.
 
-(defun plv-habillage:titre (point hauteur ttxt numero longueur echv / y texte attribut groupes)
-  "The title above the axis; the number is the profile's own attribute, moved behind its words."
+(defun plv-habillage:titre (profil point hauteur ttxt longueur echv / y largeur)
+  "The title above the axis: the profile's own attributes are moved there, the number behind the words."
   ;; Room between axis and title for dimensions and the labels of blocks.
   (setq y (+ (cadr point) hauteur (* 12.0 ttxt))
-        texte "PROFIL EN LONG ")
-  (plv-texte "PLV-TITRES" (plv-point (car point) y) (* 1.4 ttxt) texte 0 0.0)
+        largeur (plv-largeur-texte (strcat plv-profil:titre " ") (* 1.4 ttxt)))
+  (plv-habillage:placer profil "TITRE" (plv-point (car point) y))
+  (plv-habillage:placer profil "NUMPL" (plv-point (+ (car point) largeur (* 1.4 ttxt)) y))
   (plv-texte "PLV-TITRES" (plv-point (car point) (- y (* 2.0 ttxt))) (* 0.8 ttxt)
-    (strcat "Longueur " (plv-reel longueur 2) " m - hauteurs multipliees par " (plv-reel echv 1)) 0 0.0)
-  (list (+ (car point) (plv-largeur-texte texte (* 1.4 ttxt)) (* 1.4 ttxt)) y 0.0))
+    (strcat "Longueur " (plv-reel longueur 2) " m - hauteurs multipliees par " (plv-reel echv 1)) 0 0.0))
 
-(defun plv-habillage:placer-numero (profil point / attribut)
-  (setq attribut (entget (entnext profil)))
-  (entmod (subst (cons 10 point) (assoc 10 attribut) attribut)))
+(defun plv-habillage:placer (profil etiquette point / groupes)
+  (if (setq groupes (plv-profil:attribut profil etiquette))
+    (entmod (subst (cons 10 point) (assoc 10 groupes) groupes))))
 
 (defun plv-habillage:pas (echv ttxt / pas)
   "The step of graduations in metres: room for three text heights."
@@ -52,8 +52,7 @@
     (plv-habillage:axe point hauteur ttxt echv plan premier)
     (plv-habillage:nom-plan point ttxt plan)
     (setq premier nil))
-  (plv-habillage:placer-numero profil
-    (plv-habillage:titre point hauteur ttxt (plv-numero-profil profil) (car (plv-dernier points)) echv)))
+  (plv-habillage:titre profil point hauteur ttxt (car (plv-dernier points)) echv))
 
 (defun plv-habiller-profil (profil point points echv ttxt plans / entites)
   "Draws the dressing in place of an earlier one; what is drawn is listed with the profile."

@@ -2,6 +2,7 @@
 ;; Everything is created from here; the module only reads it back.
 
 (setq plv-profil:bloc "PLV_PROFIL"
+      plv-profil:titre "PROFIL EN LONG"
       plv-profil:support "PLV_SUPPORT"
       ;; keys of the seven kinds of line, each with a support of its own
       plv-profil:genres '("HTN" "HASS" "HVOIRIE" "HAEP" "HGEN" "HTERRA" "HPROJ"))
@@ -16,12 +17,16 @@
     (progn
       (entmake (list '(0 . "BLOCK") (cons 2 plv-profil:bloc) '(70 . 2) '(10 0.0 0.0 0.0)))
       (entmake '((0 . "ATTDEF") (8 . "0") (10 0.0 0.0 0.0) (40 . 1.0) (1 . "") (3 . "Numero du profil") (2 . "NUMPL") (70 . 0)))
+      (entmake (list '(0 . "ATTDEF") '(8 . "0") '(10 0.0 0.0 0.0) '(40 . 1.0) (cons 1 plv-profil:titre) '(3 . "Titre") '(2 . "TITRE") '(70 . 0)))
       (entmake '((0 . "ENDBLK"))))))
 
 (defun plv-profil:inserer (point numero ttxt)
-  "The profile's block with its attribute, the title above the axis."
+  "The profile's block. Its attributes are the title above the axis: a click on it picks the profile."
   (entmake (list '(0 . "INSERT") '(8 . "PLV-PROFIL") '(66 . 1) (cons 2 plv-profil:bloc) (cons 10 point)))
-  (entmake (list '(0 . "ATTRIB") '(8 . "PLV-TITRES") (cons 10 point) (cons 40 (* 1.4 ttxt)) (cons 1 numero) '(2 . "NUMPL") '(70 . 0)))
+  (mapcar '(lambda (attribut)
+             (entmake (list '(0 . "ATTRIB") '(8 . "PLV-TITRES") (cons 10 point) (cons 40 (* 1.4 ttxt))
+                            (cons 1 (cadr attribut)) (cons 2 (car attribut)) '(70 . 0))))
+    (list (list "NUMPL" numero) (list "TITRE" plv-profil:titre)))
   (entmake '((0 . "SEQEND") (8 . "PLV-PROFIL")))
   (entlast))
 
@@ -133,12 +138,14 @@ miss the depths that a wall passes through: it leans by a micrometre."
 (defun plv-profil:identifiant ()
   (1+ (apply 'max (cons 0 (mapcar 'plv-profil:id (plv-profils))))))
 
-(defun plv-numero-profil (entite / suivante groupes)
-  "The text of the attribute NUMPL."
+(defun plv-profil:attribut (entite etiquette / suivante groupes)
+  "The groups of an attribute, nil without it."
   (setq suivante (entnext entite))
-  (while (and suivante (= (plv-cle 0 (setq groupes (entget suivante))) "ATTRIB") (/= (plv-cle 2 groupes) "NUMPL"))
+  (while (and suivante (= (plv-cle 0 (setq groupes (entget suivante))) "ATTRIB") (/= (plv-cle 2 groupes) etiquette))
     (setq suivante (entnext suivante)))
-  (plv-cle 1 groupes))
+  (if (and suivante (= (plv-cle 0 groupes) "ATTRIB")) groupes))
+
+(defun plv-numero-profil (entite) (plv-cle 1 (plv-profil:attribut entite "NUMPL")))
 
 (defun plv-profil-de-numero (numero / trouve)
   (foreach profil (plv-profils)

@@ -55,6 +55,16 @@ TEST(NewProfile, DrawsTheGroundInEachSection) {
       "T");
 }
 
+TEST(NewProfile, IsPickedByTheWordsOfItsTitle) {
+  Profile session;
+  for (const char* label : {"TITRE", "NUMPL"}) {
+    session.eval(std::string("(setq a (plv-profil:attribut p \"") + label + "\") c (cdr (assoc 10 a)))");
+    EXPECT_EQ(session.eval("(eq p (ssname (ssget (mapcar '+ c '(1.0 1.0 0.0))) 0))"), "T") << label;
+  }
+  // The number stands behind the words.
+  EXPECT_EQ(session.eval("(< (cadr (assoc 10 (plv-profil:attribut p \"TITRE\"))) (car c))"), "T");
+}
+
 TEST(NewProfile, RefusesWhatCannotBe) {
   Profile session;
   const std::string ground = session.path("g.csv");
