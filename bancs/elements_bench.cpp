@@ -9,22 +9,15 @@
 #include <numbers>
 #include <string>
 
-#include "atelier/editor/document.h"
 #include "atelier/editor/input.h"
-#include "atelier/editor/published.h"
-#include "module/commande/entree.h"
+#include "bancs/session.h"
 #include "module/support/kitCourbes.h"
 #include "module/support/kitEntites.h"
 
 namespace {
 
 using atelier::Document;
-
-int moduleEntry(int message, void* id) { return acrxEntryPoint(static_cast<AcRx::AppMsgCode>(message), id); }
-
-void evaluate(Document& document, const std::string& text) {
-  if (!document.evaluate(text)) std::abort();
-}
+using bancs::evaluate;
 
 std::unique_ptr<AcDbPolyline> wave(int vertices, double step, double height) {
   auto p = std::make_unique<AcDbPolyline>(static_cast<unsigned>(vertices));
@@ -34,20 +27,10 @@ std::unique_ptr<AcDbPolyline> wave(int vertices, double step, double height) {
 
 // A profile p of so many ground points over 2000 m, and fifty polylines of 2,000 vertices over it, in the sets s and tt.
 void makeDrawing(Document& document, int points) {
+  bancs::makeProfile(document, points, 1999.0 / points, 1.0);
   evaluate(document, R"((progn
-    (regapp "PLV2_DATA") (regapp "KELMONT_PLV2")
-    (entmake '((0 . "BLOCK") (2 . "P") (70 . 2) (10 0.0 0.0 0.0))) (entmake '((0 . "ENDBLK")))
-    (entmake '((0 . "INSERT") (2 . "P") (66 . 1) (10 0.0 0.0 0.0)))
-    (entmake '((0 . "ATTRIB") (10 0.0 0.0 0.0) (40 . 1.0) (1 . "1") (2 . "NUMPL") (70 . 0)))
-    (entmake '((0 . "SEQEND"))) (setq p (entlast))
     (setq pc (entmakex '((0 . "LINE") (10 0.0 0.0 0.0) (11 2000.0 0.0 0.0))))
-    (plsxd pc "DISTANCE" 2000.0) (plsxd pc "PC" 0.0)
-    (plsxd p "ECHV" 1.0) (plsxd p "TTXT" 2.5) (plsxd p "LONGUEUR" 1.0) (plsxd p "PRPC" pc)))");
-  evaluate(document,
-           "(progn (setq l nil) (repeat " + std::to_string(points) + " (setq l (cons '(1040 . " +
-               std::to_string(1999.0 / points) +
-               ") (cons '(1040 . 100.0) l))))"
-               " (entmod (append (entget p) (list (list -3 (cons \"KELMONT_PLV2\" l))))) (setq s (ssadd) tt (ssadd)))");
+    (plsxd pc "DISTANCE" 2000.0) (plsxd pc "PC" 0.0) (plsxd p "PRPC" pc) (setq s (ssadd) tt (ssadd))))");
   for (int k = 0; k < 50; ++k) {
     plv::ajouterEspaceObjet(wave(2000, 1.0, 10.0 * k));
     evaluate(document, "(progn (ssadd (entlast) s) (ssadd (entlast) tt))");
@@ -151,9 +134,4 @@ BENCHMARK(BM_IntersectSplinesByOcct)->Arg(25)->Arg(50)->Arg(100)->Unit(benchmark
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  atelier::registerApplication(moduleEntry);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
-}
+int main(int argc, char** argv) { return bancs::run(argc, argv); }

@@ -7,9 +7,7 @@
 #include <filesystem>
 #include <string>
 
-#include "atelier/editor/document.h"
-#include "atelier/editor/published.h"
-#include "module/commande/entree.h"
+#include "bancs/session.h"
 #include "module/metres/calculMetres.h"
 #include "module/metres/exportClasseur.h"
 #include "module/optimiseur/KavelOptimizer.h"
@@ -18,8 +16,6 @@
 namespace {
 
 using atelier::Document;
-
-int moduleEntry(int message, void* id) { return acrxEntryPoint(static_cast<AcRx::AppMsgCode>(message), id); }
 
 // A ground that waves 30 m up and down, and a line 0.5 to 5.5 m below it.
 double ground(double x) { return 100 + 30 * std::sin(x / 500); }
@@ -160,9 +156,4 @@ BENCHMARK(BM_ExportByTheLibrary)->Arg(2000)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  atelier::registerApplication(moduleEntry);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
-}
+int main(int argc, char** argv) { return bancs::run(argc, argv); }

@@ -4,35 +4,15 @@
 
 #include <string>
 
-#include "atelier/editor/document.h"
-#include "atelier/editor/published.h"
+#include "bancs/session.h"
 #include "hote/acut.h"
-#include "module/commande/entree.h"
 #include "module/profil/profilLong.h"
 
 namespace {
 
 using atelier::Document;
-
-int moduleEntry(int message, void* id) { return acrxEntryPoint(static_cast<AcRx::AppMsgCode>(message), id); }
-
-void evaluate(Document& document, const std::string& text) {
-  if (!document.evaluate(text)) std::abort();
-}
-
-// A profile with so many ground points, written in one go; the variable p holds it.
-void makeProfile(Document& document, int points) {
-  evaluate(document, R"((progn
-    (regapp "PLV2_DATA") (regapp "KELMONT_PLV2")
-    (entmake '((0 . "BLOCK") (2 . "P") (70 . 2) (10 0.0 0.0 0.0))) (entmake '((0 . "ENDBLK")))
-    (entmake '((0 . "INSERT") (2 . "P") (66 . 1) (10 0.0 0.0 0.0)))
-    (entmake '((0 . "ATTRIB") (10 0.0 0.0 0.0) (40 . 1.0) (1 . "1") (2 . "NUMPL") (70 . 0)))
-    (entmake '((0 . "SEQEND"))) (setq p (entlast))
-    (plsxd p "ECHV" 10.0) (plsxd p "TTXT" 2.5) (plsxd p "LONGUEUR" 1.0)))");
-  evaluate(document, "(progn (setq l nil) (repeat " + std::to_string(points) +
-                         " (setq l (cons '(1040 . 1.0) (cons '(1040 . 100.0) l))))"
-                         " (entmod (append (entget p) (list (list -3 (cons \"KELMONT_PLV2\" l))))))");
-}
+using bancs::evaluate;
+using bancs::makeProfile;
 
 AcDbObjectId profileId(Document& document) {
   return AcDbObjectId(reinterpret_cast<AcDbStub*>(document.interpreter().get("P").entity()));
@@ -41,7 +21,7 @@ AcDbObjectId profileId(Document& document) {
 // What any reader has to do: fetch the chain and walk it.
 void BM_WalkGroundChain(benchmark::State& state) {
   Document document({});
-  makeProfile(document, static_cast<int>(state.range(0)));
+  makeProfile(document, static_cast<int>(state.range(0)), 1.0, 10.0);
   const AcDbObjectId id = profileId(document);
   for (auto _ : state) {
     const AcDbObjectPointer<AcDbObject> object(id);
@@ -56,7 +36,7 @@ BENCHMARK(BM_WalkGroundChain)->Arg(100'000)->Unit(benchmark::kMillisecond);
 
 void BM_ReadProfile(benchmark::State& state) {
   Document document({});
-  makeProfile(document, static_cast<int>(state.range(0)));
+  makeProfile(document, static_cast<int>(state.range(0)), 1.0, 10.0);
   const AcDbObjectId id = profileId(document);
   for (auto _ : state) {
     plv::profilLong profil;
@@ -71,7 +51,7 @@ void BM_FillTable(benchmark::State& state) {
   for (auto _ : state) {
     state.PauseTiming();
     Document document({});
-    makeProfile(document, 10);
+    makeProfile(document, 10, 1.0, 10.0);
     std::string rows = "(progn (pl_ResetMatrices)";
     for (int i = 0; i < 20; ++i)
       rows += " (pl_DefinirLigneMatrice \"M\" \"" + std::to_string(i) + "\" \"ligne\" 6.0 4)";
@@ -99,9 +79,4 @@ BENCHMARK_CAPTURE(BM_CallThroughLisp, pl_distToPk, "(pl_distToPk 1250.5)");
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  atelier::registerApplication(moduleEntry);
-  benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
-  return 0;
-}
+int main(int argc, char** argv) { return bancs::run(argc, argv); }

@@ -131,25 +131,9 @@ TEST(Groups, membersKnowTheirGroup) {
   EXPECT_EQ(again.bytes.find("\n" + atelier::handleText(second.handle()) + "\n"), std::string::npos);
 }
 
-AcDbObjectId block(Opened& drawing, const wchar_t* name) {
-  AcDbBlockTable* table = nullptr;
-  drawing.db.getBlockTable(table, AcDb::kForWrite);
-  auto* record = new AcDbBlockTableRecord;
-  record->setName(name);
-  record->setOrigin({1, 1, 0});
-  AcDbObjectId id;
-  EXPECT_EQ(table->add(id, record), Acad::eOk);
-  table->close();
-  auto* circle = new AcDbCircle({1, 1, 0}, {0, 0, 1}, 2);
-  record->appendAcDbEntity(circle);
-  circle->close();
-  record->close();
-  return id;
-}
-
 TEST(Blocks, clonesTranslateTheirReferences) {
   Opened drawing(true);
-  const AcDbObjectId reference = append(drawing, new AcDbBlockReference({5, 5, 0}, block(drawing, L"REGARD")));
+  const AcDbObjectId reference = append(drawing, new AcDbBlockReference({5, 5, 0}, circleBlock(drawing, L"REGARD")));
   {
     const AcDbObjectPointer<AcDbBlockReference> opened(reference, AcDb::kForWrite);
     auto* attribute = new AcDbAttribute({0, 0, 0}, L"12", L"NUM");
@@ -185,7 +169,7 @@ TEST(Blocks, anotherDrawingComesInWithWhatItNeeds) {
     const AcDbEntityPointer entity(line(source), AcDb::kForWrite);
     entity->setLayer(L"AXE");
   }
-  append(source, new AcDbBlockReference({5, 5, 0}, block(source, L"REGARD")));
+  append(source, new AcDbBlockReference({5, 5, 0}, circleBlock(source, L"REGARD")));
   AcDbObjectId id;
   ASSERT_EQ(target.db.insert(id, L"PLAN", &source.db), Acad::eOk);
   EXPECT_EQ(target.db.insert(id, L"plan", &source.db), Acad::eDuplicateRecordName);
@@ -246,7 +230,7 @@ TEST(Extents, boxesByHand) {
       {"ellipse", new AcDbEllipse({1, 1, 0}, {0, 0, 1}, {0, 4, 0}, 0.5), {-1, -3, 0}, {3, 5, 0}},
       {"bulge", bulged, {0, -1, 0}, {2, 0, 0}},
       {"point", new AcDbPoint({1, 2, 3}), {1, 2, 3}, {1, 2, 3}},
-      {"block", new AcDbBlockReference({10, 10, 0}, block(drawing, L"REGARD")), {8, 8, 0}, {12, 12, 0}},
+      {"block", new AcDbBlockReference({10, 10, 0}, circleBlock(drawing, L"REGARD")), {8, 8, 0}, {12, 12, 0}},
   };
   for (const Box& row : rows) {
     AcDbExtents box;

@@ -10,21 +10,6 @@ namespace {
 
 constexpr const wchar_t* kBlock = L"REGARD";
 
-AcDbObjectId makeBlock(Opened& drawing) {
-  AcDbBlockTable* table = nullptr;
-  drawing.db.getBlockTable(table, AcDb::kForWrite);
-  auto* record = new AcDbBlockTableRecord;
-  record->setName(kBlock);
-  AcDbObjectId id;
-  EXPECT_EQ(table->add(id, record), Acad::eOk);
-  table->close();
-  auto* circle = new AcDbCircle({1, 1, 0}, {0, 0, 1}, 2);
-  record->appendAcDbEntity(circle);
-  circle->close();
-  record->close();
-  return id;
-}
-
 // The handles of what the operations change.
 struct Parts {
   AcDbHandle line, other, insert, attribute, group, entry, layer, polyline;
@@ -35,7 +20,7 @@ std::string drawingBytes(Parts& parts) {
   Opened drawing(true);
   const AcDbObjectId line = append(drawing, new AcDbLine({0, 0, 0}, {10, 5, 0})),
                      other = append(drawing, new AcDbPoint({3, 3, 0}));
-  const AcDbObjectId insert = append(drawing, new AcDbBlockReference({5, 5, 0}, makeBlock(drawing)));
+  const AcDbObjectId insert = append(drawing, new AcDbBlockReference({5, 5, 0}, circleBlock(drawing, kBlock)));
   auto* row = new AcDbPolyline;
   for (unsigned i = 0; i < 4; ++i) row->addVertexAt(i, AcGePoint2d(i, i % 2), 0.25);
   parts.polyline = append(drawing, row).handle();

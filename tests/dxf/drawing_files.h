@@ -134,4 +134,21 @@ inline AcDbObjectId append(Opened& drawing, AcDbEntity* entity) {
   return id;
 }
 
+// A new block: a circle of radius 2 around its base point (1,1).
+inline AcDbObjectId circleBlock(Opened& drawing, const wchar_t* name) {
+  AcDbBlockTable* table = nullptr;
+  drawing.db.getBlockTable(table, AcDb::kForWrite);
+  auto* record = new AcDbBlockTableRecord;
+  record->setName(name);
+  record->setOrigin({1, 1, 0});
+  AcDbObjectId id;
+  EXPECT_EQ(table->add(id, record), Acad::eOk);
+  table->close();
+  auto* circle = new AcDbCircle({1, 1, 0}, {0, 0, 1}, 2);
+  record->appendAcDbEntity(circle);
+  circle->close();
+  record->close();
+  return id;
+}
+
 }  // namespace drawing
