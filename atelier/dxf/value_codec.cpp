@@ -5,6 +5,7 @@
 #include <array>
 #include <bit>
 #include <charconv>
+#include <cmath>
 #include <cstring>
 
 namespace atelier::dxf {
@@ -61,7 +62,9 @@ Group number(const RawGroup& raw, GroupKind kind, Encoding encoding) {
     if (encoding != Encoding::ascii) return Group::integer(raw.code, littleEndian(raw.value));
     if (const auto value = parseInteger(raw.value)) return Group::integer(raw.code, *value);
     // Some writers put a real where an integer belongs.
-    if (const auto value = parseReal(raw.value)) return Group::integer(raw.code, static_cast<std::int64_t>(*value));
+    constexpr double kWithinIntegers = 9e18;
+    if (const auto value = parseReal(raw.value); value && std::abs(*value) < kWithinIntegers)
+      return Group::integer(raw.code, static_cast<std::int64_t>(*value));
   } else if (const auto value = parseHandle(raw.value)) {
     return Group::handle(raw.code, *value);
   }

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ranges>
 
 #include "atelier/render/cairo_text.h"
 #include "atelier/render/clip_path.h"
@@ -209,7 +208,7 @@ void paint(cairo_t* context, const DisplayList& list, const PaintOptions& option
   Painter painter(context, options);
   if (options.hairlines) {
     cairo_set_operator(context, CAIRO_OPERATOR_DEST_OVER);
-    for (const Primitive& primitive : list.items() | std::views::reverse) painter.item(primitive);
+    for (auto item = list.items().rbegin(); item != list.items().rend(); ++item) painter.item(*item);
   } else {
     for (const Primitive& primitive : list.items()) painter.item(primitive);
   }
