@@ -38,7 +38,10 @@ class Exporter {
   void write(ReplacedFile& file) {
     if (target_.style.encoding != Encoding::ascii) file.write(kBinarySentinel);
     section(file, "HEADER", [&] { header(); });
-    if (!isR12()) section(file, "CLASSES", [&] { carried("CLASSES"); });
+    if (!isR12())
+      section(file, "CLASSES", [&] {
+        if (const auto& classes = source_.place(Section::classes)) carried("CLASSES", *classes);
+      });
     section(file, "TABLES", [&] { tables(); });
     section(file, "BLOCKS", [&] { blocks(file); });
     section(file, "ENTITIES", [&] {
@@ -50,8 +53,9 @@ class Exporter {
         for (AcDbStub* stub : db_.objects) record(*stub);
       });
       // ACDSDATA holds the solids of R2013 and later.
-      for (const std::string& name : source_.carried)
-        if (name != "ACDSDATA" || target_.atLeast("AC1027")) section(file, name, [&] { carried(name); });
+      for (const FileLayout::Carried& part : source_.carried)
+        if (part.name != "ACDSDATA" || target_.atLeast("AC1027"))
+          section(file, part.name, [&] { carried(part.name, part.place); });
     }
     put(Group::text(0, "EOF"));
     file.write(text_);
@@ -121,24 +125,37 @@ class Exporter {
   }
 
   // A section that is not modelled: its groups as they were read.
-  void carried(std::string_view name) {
-    Scanner scanner(source_.bytes, source_.style.encoding, firstGroup(source_.bytes, source_.style.encoding),
-                    source_.bytes.size());
-    RawGroup raw;
-    bool inside = false, opening = false, counted = true;
-    while (scanner.next(raw)) {
-      if (raw.code == 0 && (raw.value == "ENDSEC" || raw.value == "CLASS") && inside && !counted &&
-          target_.atLeast("AC1018"))
-        put(Group::integer(91, 0));
-      if (inside && raw.code == 0 && raw.value == "ENDSEC") return;
-      if (inside && (name != "CLASSES" || !older_ || knowsGroup(target_.version, "CLASS", "", raw.code)) &&
-          raw.code != 999)
-        put(decode(raw, source_.style.encoding, source_.style.codePage));
-      if (inside && raw.code == 0) counted = raw.value != "CLASS";
-      // The count stands before the two flags: a class that has none gets it at its end, where readers accept it too.
+  void carried(std::string_view name, const FileLayout::Place& place) {
+    Scanner scanner(source_.bytes, source_.style.encoding, place.begin, place.end);
+    bool inside = false, counted = true;
+    // The count stands before the two flags: a class that has none gets it at its end, where readers accept it too.
+    const auto endClass = [&] {
+      if (!counted && target_.atLeast("AC1018")) put(Group::integer(91, 0));
+    };
+    for (RawGroup raw; nextWhole(scanner, raw);) {
+      if (!inside) {
+        inside = raw.code == 2;
+        continue;
+      }
+      if (raw.code == 0) {
+        endClass();
+        counted = raw.value != "CLASS";
+      }
       counted |= raw.code == 91;
-      if (opening && raw.code == 2) inside = raw.value == name;
-      opening = raw.code == 0 && raw.value == "SECTION";
+      if (raw.code != 999 && (name != "CLASSES" || !older_ || knowsGroup(target_.version, "CLASS", "", raw.code)))
+        put(decode(raw, source_.style.encoding, source_.style.codePage));
+    }
+    endClass();
+  }
+
+  // Past what is damaged: reading has reported it.
+  static bool nextWhole(Scanner& scanner, RawGroup& raw) {
+    for (;;) {
+      try {
+        return scanner.next(raw);
+      } catch (const FormatError& error) {
+        scanner.resume(error.offset);
+      }
     }
   }
 

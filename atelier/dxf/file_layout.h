@@ -41,7 +41,11 @@ struct FileLayout {
   std::size_t fileEnd = 0;      // of 0 EOF, or of the file
   std::unordered_map<const AcDbStub*, std::size_t> tableEnd;
   std::vector<Repair> repairs;
-  std::vector<std::string> carried;  // names of the sections that are not modelled
+  struct Carried {
+    std::string name;
+    Place place;
+  };
+  std::vector<Carried> carried;  // the sections that are not modelled
 
   const std::optional<Place>& place(Section section) const { return sections[static_cast<std::size_t>(section)]; }
   bool atLeast(std::string_view acadVersion) const { return version >= acadVersion; }

@@ -116,7 +116,7 @@ class Reader {
   void endSection(Section kind, std::string_view name, std::size_t begin) {
     const std::size_t end = pass_.place();
     anySection_ = true;
-    if (kind == Section::other) layout_.carried.emplace_back(name);
+    if (kind == Section::other) layout_.carried.push_back({std::string(name), {begin, end}});
     if (name == "ACDSDATA") layout_.solids = {begin, end};
     if (kind != Section::other && !layout_.place(kind)) layout_.sections[static_cast<std::size_t>(kind)] = {begin, end};
     if (!pass_.isRecord("ENDSEC") || !pass_.more()) {

@@ -2,6 +2,7 @@
 // Nothing that a file holds may end the program.
 #include <random>
 
+#include "atelier/dxf/export.h"
 #include "tests/dxf/drawing_files.h"
 
 using namespace drawing;
@@ -121,6 +122,23 @@ TEST(Damage, theDamagedFileIsNotOverwrittenUnlessToldTo) {
   drawing.imp.mayOverwriteDamaged = true;
   atelier::dxf::save(drawing.db, path);
   EXPECT_EQ(bytesOf(path), bytesOf(other));
+}
+
+TEST(Damage, sectionsThatAreCarriedAreExportedAsFarAsTheyGo) {
+  const Folder folder;
+  const std::string target = (folder.path / "d.dxf").string();
+  Opened drawing;
+  std::vector<std::string> messages;
+  atelier::dxf::readBytes(drawing.db, "d.dxf",
+                          "0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\nAC1024\n0\nENDSEC\n" + kOpen + kLine +
+                              "0\nENDSEC\n0\nSECTION\n2\nTHUMBNAILIMAGE\n90\n4\nabc\nx\n0\nREST\n310\nFF\n" + kClose,
+                          nullptr, &messages);
+  EXPECT_EQ(messages.size(), 1U);
+  atelier::dxf::saveAs(drawing.db, target, "R2018");
+  const std::string bytes = bytesOf(target);
+  EXPECT_NE(bytes.find("THUMBNAILIMAGE\n 90\n4\n  0\nREST\n310\nFF\n  0\nENDSEC\n"), std::string::npos)
+      << bytes.substr(bytes.size() - 200);
+  EXPECT_EQ(messageOf(bytes), "");
 }
 
 }  // namespace
