@@ -103,7 +103,7 @@ class Run {
       complain(error.what());
       return false;
     }
-    render::DisplayList list = render::drawScene(document_.database());
+    render::DisplayList list = render::drawScene(document_.database(), render::forPlot());
     render::addTransients(list, document_.transients());
     for (const std::string& warning : render::plot(list, action.argument, plotOptions)) complain(warning);
     return true;
@@ -154,6 +154,7 @@ int carryOutAll(const Options& options) {
   progress.begin("open", options.drawing);
   const auto opened = openDocument(options, printer);
   Document& document = *opened;
+  document.endWithProcess();
   if (options.quiet)
     document.failurePrinter = [](std::string_view text) { std::fwrite(text.data(), 1, text.size(), stderr); };
   std::signal(SIGINT, onInterrupt);
@@ -180,6 +181,10 @@ int run(int argc, char** argv) {
   render::providePlots();
   try {
     return carryOutAll(*options);
+  } catch (const Interrupted& interrupted) {
+    std::fflush(stdout);
+    complain(interrupted.what());
+    return kFailed;
   } catch (const Error& error) {
     std::fflush(stdout);
     complain(error.what());

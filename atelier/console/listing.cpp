@@ -4,6 +4,7 @@
 
 #include <map>
 
+#include "atelier/database/interruption.h"
 #include "atelier/editor/document.h"
 
 namespace atelier::console {
@@ -31,6 +32,7 @@ std::string listing(Document& document) {
     if (!layer->is(AcDbStub::kErased)) layers[db.recordName(*layer)] = 0;
   if (AcDbStub* space = db.modelSpace())
     for (AcDbStub* entity : *space->children) {
+      checkInterruption();
       if (entity->is(AcDbStub::kErased)) continue;
       ++types[std::string(db.typeName(*entity))];
       ++layers[AcDbImpObject::of(&db.object(*entity)).record.text(textField("AcDbEntity", 8, "0"))];

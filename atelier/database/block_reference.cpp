@@ -6,6 +6,7 @@
 #include <unordered_map>
 
 #include "atelier/database/block_extents.h"
+#include "atelier/database/curve_geometry.h"
 #include "atelier/database/imp_database.h"
 #include "atelier/database/new_record.h"
 #include "atelier/database/plane.h"
@@ -186,6 +187,8 @@ AcDbObjectIterator* AcDbBlockReference::attributeIterator() const {
 }
 
 Acad::ErrorStatus AcDbBlockReference::getGeomExtents(AcDbExtents& extents) const {
+  // Open, so that a large block's content doesn't push the reference itself out of memory.
+  const AcDbObjectPointer<AcDbBlockReference> held(objectId());
   AcDbExtents box = shownExtents(*this);
   const std::unique_ptr<AcDbObjectIterator> it(attributeIterator());
   for (; !it->done(); it->step()) {
@@ -203,7 +206,11 @@ Acad::ErrorStatus AcDbBlockReference::getGeomExtents(AcDbExtents& extents) const
 Acad::ErrorStatus AcDbBlockReference::transformBy(const AcGeMatrix3d& m) {
   AcDbImpObject& imp = AcDbImpObject::of(this);
   if (!imp.writable()) return Acad::eNotOpenForWrite;
-  const PlaneChange plane(m, normal());
+  PlaneChange plane(m, normal());
+  const double wider = plane.stretchAlong(m, normal(), rotation());
+  double deep = std::abs((m * normal()).dotProduct(plane.normal));
+  constexpr double kEven = 1e-9;
+  if (std::abs(deep - plane.scale) <= kEven * deep) deep = plane.scale;
   const AcGePoint3d at = m * position();
   AcGeScale3d scale = scaleFactors();
   const double sign = plane.mirrored ? -1.0 : 1.0;
@@ -211,7 +218,7 @@ Acad::ErrorStatus AcDbBlockReference::transformBy(const AcGeMatrix3d& m) {
   if (!isWorldPlane(plane.normal) || imp.record.has(normalField(kInsert)))
     imp.setPoint(normalField(kInsert), AcGePoint3d() + plane.normal);
   setPosition(at);
-  setScaleFactors({scale.sx * plane.scale, scale.sy * plane.scale * sign, scale.sz * plane.scale});
+  setScaleFactors({scale.sx * plane.scale * wider, scale.sy * plane.scale * sign, scale.sz * deep});
   setRotation(angle);
   const std::unique_ptr<AcDbObjectIterator> it(attributeIterator());
   for (; !it->done(); it->step()) {
@@ -222,6 +229,7 @@ Acad::ErrorStatus AcDbBlockReference::transformBy(const AcGeMatrix3d& m) {
 }
 
 Acad::ErrorStatus AcDbBlockReference::explode(AcArray<AcRxObject*>& parts) const {
+  const AcDbObjectPointer<AcDbBlockReference> held(objectId());
   const AcDbObjectPointer<AcDbBlockTableRecord> block(blockTableRecord());
   if (block.openStatus() != Acad::eOk) return block.openStatus();
   // An array can't be taken apart: it may stand for any number of objects.
@@ -229,7 +237,9 @@ Acad::ErrorStatus AcDbBlockReference::explode(AcArray<AcRxObject*>& parts) const
   for (const AcDbObjectId id : block->entityIds()) {
     const AcDbEntityPointer entity(id);
     if (entity.openStatus() != Acad::eOk || entity->isKindOf(AcDbAttributeDefinition::desc())) continue;
-    AcDbEntity* part = static_cast<AcDbEntity*>(entity->clone());
+    // Outside a drawing a polyline can't hold vertices that are entities.
+    const auto* old = AcDb2dPolyline::cast(entity.object());
+    AcDbEntity* part = old ? lightPolyline(*old).release() : static_cast<AcDbEntity*>(entity->clone());
     part->transformBy(blockTransform());
     parts.append(part);
   }

@@ -61,6 +61,7 @@ class Cloner {
     std::unordered_map<std::uint64_t, std::uint64_t> handles;
     for (const auto& [source, copy] : map_) handles[source->handle] = copy->handle;
     for (AcDbStub* stub : made_) {
+      checkInterruption();
       Record& record = AcDbImpObject::of(stub->object).record;
       for (Group& group : record.groups) {
         const int code = group.code();
@@ -121,6 +122,8 @@ class Cloner {
       atelier::checkInterruption();
     } catch (...) {
       for (AcDbStub* copy : made_) copy->set(AcDbStub::kErased);
+      for (AcDbStub* block : blocks_) eraseWithOwned(*block, true);
+      target_.forgetTableIndex();
       throw;
     }
   }
@@ -143,8 +146,10 @@ class Cloner {
     }
     AcDbStub& made = *static_cast<AcDbStub*>(id);
     map_[&original] = &made;
+    blocks_.push_back(&made);
     for (AcDbStub* child : *original.children)
       if (!child->is(AcDbStub::kErased)) {
+        checkInterruption();
         AcDbStub& copy = clone(*child, made);
         made.children->push_back(&copy);
         AcDbImpObject::of(copy.object).record.remove(integerField("AcDbEntity", 67));
@@ -155,7 +160,7 @@ class Cloner {
  private:
   AcDbImpDatabase& target_;
   std::unordered_map<AcDbStub*, AcDbStub*> map_;
-  std::vector<AcDbStub*> made_;
+  std::vector<AcDbStub*> made_, blocks_;
 };
 
 }  // namespace

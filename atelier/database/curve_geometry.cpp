@@ -102,15 +102,14 @@ Result geometryOf(const AcDbPolyline& polyline) {
 Result geometryOf(const AcDb2dPolyline& polyline) {
   const AcGeVector3d normal = polyline.normal();
   std::vector<Corner> corners;
-  for (const AcDbVertex* v : drawnVertices(polyline))
-    corners.push_back(
-        {toWorld(AcGePoint3d(v->position().x, v->position().y, polyline.elevation()), normal), v->bulge()});
+  for (const DrawnVertex& v : drawnVertices(polyline))
+    corners.push_back({toWorld(AcGePoint3d(v.position.x, v.position.y, polyline.elevation()), normal), v.bulge});
   return cornered(corners, polyline.isClosed(), normal);
 }
 
 Result geometryOf(const AcDb3dPolyline& polyline) {
   std::vector<Corner> corners;
-  for (const AcDbVertex* v : drawnVertices(polyline)) corners.push_back({v->position(), 0});
+  for (const DrawnVertex& v : drawnVertices(polyline)) corners.push_back({v.position, 0});
   return cornered(corners, polyline.isClosed(), AcGeVector3d::kZAxis);
 }
 
@@ -128,15 +127,17 @@ std::shared_ptr<const Curve> curveOf(const AcDbCurve& entity) {
                  AcDb3dPolyline, AcDbRay>(entity);
 }
 
-std::vector<const AcDbVertex*> drawnVertices(const AcDbCurve& polyline) {
-  std::vector<const AcDbVertex*> out;
+std::vector<DrawnVertex> drawnVertices(const AcDbCurve& polyline) {
+  std::vector<DrawnVertex> out;
   const AcDbStub* stub = stubOf(&polyline);
   if (!stub || !stub->children) return out;
+  const AcDbEntityPointer held(polyline.objectId());  // or the vertices would push it out of memory
   constexpr int kFrame = 16;
   for (AcDbStub* child : *stub->children) {
     if (child->is(AcDbStub::kErased)) continue;
     const AcDbVertex* vertex = AcDbVertex::cast(&stub->database->object(*child));
-    if (vertex && !(vertex->flags() & kFrame)) out.push_back(vertex);
+    if (vertex && !(vertex->flags() & kFrame))
+      out.push_back({vertex->position(), vertex->bulge(), vertex->startWidth(), vertex->endWidth()});
   }
   return out;
 }

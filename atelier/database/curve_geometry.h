@@ -1,5 +1,5 @@
 // Curve entities as geometry, and back.
-// Inner header of the room.
+// Inner header of the room, and of the editor's commands on curves.
 #pragma once
 #include <memory>
 
@@ -19,8 +19,16 @@ Acad::ErrorStatus setNurbs(AcDbSpline& spline, const Nurbs& data);
 // A new spline of these data.
 std::unique_ptr<AcDbSpline> splineOf(const Nurbs& data);
 
-// The vertices of a polyline whose vertices are entities, those of a spline's frame left out.
-std::vector<const AcDbVertex*> drawnVertices(const AcDbCurve& polyline);
+// The vertices of a polyline whose vertices are entities, those of a spline's frame left out. As values: the entities of
+// a long polyline don't stay in memory all at once.
+struct DrawnVertex {
+  AcGePoint3d position;
+  double bulge, startWidth, endWidth;
+};
+std::vector<DrawnVertex> drawnVertices(const AcDbCurve& polyline);
+
+// A polyline whose vertices are entities as a light one, with its plane, widths and properties.
+std::unique_ptr<AcDbPolyline> lightPolyline(const AcDb2dPolyline& polyline);
 
 // The curves between neighbouring parameters, which rise and lie on the curve. With the entity's properties, in no
 // database. Empty for a class that can't be cut.

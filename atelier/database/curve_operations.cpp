@@ -36,18 +36,19 @@ AcGeMatrix3d projection(const AcGePlane& plane) {
   return flat * toPlane;
 }
 
+// A spline met with itself gives the points where it crosses itself.
 Acad::ErrorStatus meet(const AcDbCurve* self, const AcDbEntity* entity, AcDb::Intersect mode, const AcGePlane* plane,
                        AcGePoint3dArray& points) {
   if (!entity) return Acad::eNullEntityPointer;
   const AcDbCurve* other = AcDbCurve::cast(entity);
   if (!other) return Acad::eNotApplicable;
-  auto a = curveOf(*self), b = curveOf(*other);
+  auto a = curveOf(*self), b = self == other ? a : curveOf(*other);
   if (!a || !b) return Acad::eDegenerateGeometry;
   const auto mine = a;
   const bool level = plane && plane->normal().x == 0 && plane->normal().y == 0 && plane->normal().z > 0;
   if (plane && !level) {
     a = a->transformed(projection(*plane));
-    b = b->transformed(projection(*plane));
+    b = self == other ? a : b->transformed(projection(*plane));
     if (!a || !b) return Acad::eDegenerateGeometry;
   }
   const bool extendThis = mode == AcDb::kExtendThis || mode == AcDb::kExtendBoth;

@@ -181,14 +181,7 @@ Parts cutPolyline(const AcDbPolyline& polyline, const Curve& curve, const std::v
 
 // Parts of a polyline with vertices of its own can't hold vertices outside a drawing: they are lightweight.
 Parts cutOldPolyline(const AcDb2dPolyline& polyline, const Curve& curve, const std::vector<double>& bounds) {
-  AcDbPolyline light;
-  light.setPropertiesFrom(&polyline);
-  light.setElevation(polyline.elevation());
-  if (!isWorldPlane(polyline.normal())) light.setNormal(polyline.normal());
-  for (const AcDbVertex* v : drawnVertices(polyline))
-    light.addVertexAt(light.numVerts(), AcGePoint2d(v->position().x, v->position().y), v->bulge(), v->startWidth(),
-                      v->endWidth());
-  return cutPolyline(light, curve, bounds);
+  return cutPolyline(*lightPolyline(polyline), curve, bounds);
 }
 
 // And those of one in space are splines of degree 1.
@@ -201,6 +194,17 @@ Parts cutSpacePolyline(const AcDb3dPolyline& polyline, const Curve& curve, const
 }
 
 }  // namespace
+
+std::unique_ptr<AcDbPolyline> lightPolyline(const AcDb2dPolyline& polyline) {
+  auto light = std::make_unique<AcDbPolyline>();
+  light->setPropertiesFrom(&polyline);
+  light->setElevation(polyline.elevation());
+  if (!isWorldPlane(polyline.normal())) light->setNormal(polyline.normal());
+  light->setClosed(polyline.isClosed());
+  for (const DrawnVertex& v : drawnVertices(polyline))
+    light->addVertexAt(light->numVerts(), AcGePoint2d(v.position.x, v.position.y), v.bulge, v.startWidth, v.endWidth);
+  return light;
+}
 
 std::vector<std::unique_ptr<AcDbCurve>> partsOf(const AcDbCurve& entity, const std::vector<double>& bounds) {
   const auto curve = curveOf(entity);

@@ -40,8 +40,13 @@ class Group {
   double real() const {
     return kind_ == GroupKind::real ? real_ : kind_ == GroupKind::integer ? static_cast<double>(integer_) : 0.0;
   }
+  // Without its fraction; 0 for what no integer holds.
+  static std::int64_t integerOf(double value) {
+    constexpr double kBeyond = 9223372036854775808.0;
+    return value > -kBeyond && value < kBeyond ? static_cast<std::int64_t>(value) : 0;
+  }
   std::int64_t integer() const {
-    return kind_ == GroupKind::integer ? integer_ : kind_ == GroupKind::real ? static_cast<std::int64_t>(real_) : 0;
+    return kind_ == GroupKind::integer ? integer_ : kind_ == GroupKind::real ? integerOf(real_) : 0;
   }
   std::uint64_t handle() const { return kind_ == GroupKind::handle ? static_cast<std::uint64_t>(integer_) : 0; }
   const std::string& text() const { return text_; }  // UTF-8; bytes for binary; empty for numbers

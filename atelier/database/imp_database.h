@@ -79,7 +79,7 @@ class AcDbImpDatabase {
   // Entities that are neither open nor changed are dropped again when many are in memory: a pointer to one is good
   // only while it is open, or until kMostIdle further ones were parsed.
   AcDbObject& object(AcDbStub& stub);
-  static constexpr std::size_t kMostIdle = 16384;
+  static constexpr std::size_t kMostIdle = 4096;
   // Puts an object of the record's class in the place of the one there, which nobody may have open.
   void replaceObject(AcDbStub& stub, atelier::Record record);
   // Makes a new object a member: gives it a handle, a stub under the owner, and leaves it open for write.

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "atelier/database/imp_database.h"
+#include "atelier/database/interruption.h"
 
 namespace atelier {
 namespace {
@@ -22,10 +23,15 @@ std::size_t Journal::Step::weight() const {
 
 void Journal::mark() {
   on_ = true;
-  seen_.clear();
+  endStep();
   if (!done_.empty() && done_.back().images.empty()) return;
   done_.emplace_back();
   while (done_.size() > 1 && (weight_ > kMostGroups || done_.size() > kMostSteps)) forgetOldest();
+}
+
+void Journal::endStep() {
+  if (done_.empty()) return;
+  for (const Image& image : done_.back().images) image.stub->set(AcDbStub::kNoted, false);
 }
 
 void Journal::forgetOldest() {
@@ -39,7 +45,7 @@ void Journal::setBookmark() {
 }
 
 void Journal::before(AcDbStub& stub) {
-  if (!on_ || !seen_.insert(&stub).second) return;
+  if (!on_ || stub.is(AcDbStub::kNoted)) return;
   if (done_.empty()) done_.emplace_back();
   undone_.clear();
   // An object that is only just being made has no earlier state: undoing it is erasing it. One that nobody opened yet
@@ -48,26 +54,30 @@ void Journal::before(AcDbStub& stub) {
   Image image{&stub, fresh || stub.is(AcDbStub::kErased), {}};
   if (!fresh) image.record = AcDbImpObject::of(&stub.database->object(stub)).settled();
   weight_ += weightOf(image.record);
+  stub.set(AcDbStub::kNoted);
   done_.back().images.push_back(std::move(image));
 }
 
 void Journal::swap(Step& step) {
-  std::vector<Image> opposite;
-  for (auto it = step.images.rbegin(); it != step.images.rend(); ++it) {
-    AcDbStub& stub = *it->stub;
+  std::reverse(step.images.begin(), step.images.end());
+  for (Image& image : step.images) {
+    AcDbStub& stub = *image.stub;
     AcDbImpObject& imp = AcDbImpObject::of(&stub.database->object(stub));
-    opposite.push_back({&stub, stub.is(AcDbStub::kErased), imp.settled()});
+    imp.settled();
     stub.database->tellListeners(stub);
-    stub.set(AcDbStub::kErased, it->erased);
+    const bool erased = stub.is(AcDbStub::kErased);
+    stub.set(AcDbStub::kErased, std::exchange(image.erased, erased));
     stub.set(AcDbStub::kChanged);
-    if (!it->record.groups.empty() && it->record.type() != imp.record.type())
-      stub.database->replaceObject(stub, std::move(it->record));  // another class had taken its place
-    else if (!it->record.groups.empty()) imp.record = std::move(it->record);
+    // An image without groups, of an object that was only just made, leaves the record as it is.
+    if (!image.record.groups.empty()) {
+      std::swap(image.record, imp.record);
+      if (image.record.type() != imp.record.type())
+        stub.database->replaceObject(stub, std::move(imp.record));  // another class had taken its place
+    }
     AcDbImpObject::of(stub.object).forgetDecoded();
     stub.database->modified = true;
     stub.database->forgetTableIndex();
   }
-  step.images = std::move(opposite);
 }
 
 // The last step, which is not kept when it changed nothing.
@@ -80,29 +90,46 @@ void Journal::takeBack(std::vector<Step>& taken) {
   taken.push_back(std::move(step));
 }
 
-int Journal::undo(int count) {
+// Steps are taken back whole: an interruption stops between two of them, and redo() brings back those that were.
+int Journal::undoWhile(const std::function<bool(int taken)>& wanted) {
+  endStep();
   std::vector<Step> taken;
-  while (!done_.empty() && static_cast<int>(taken.size()) < count) takeBack(taken);
-  const int steps = static_cast<int>(taken.size());
-  if (steps > 0) undone_.push_back(std::move(taken));
-  seen_.clear();
-  return steps;
+  const auto keep = [&] {
+    const int steps = static_cast<int>(taken.size());
+    if (steps > 0) undone_.push_back(std::move(taken));
+    return steps;
+  };
+  try {
+    while (!done_.empty()) {
+      checkInterruption();
+      if (!wanted(static_cast<int>(taken.size()))) break;
+      takeBack(taken);
+    }
+  } catch (const Interrupted&) {
+    keep();
+    throw;
+  }
+  return keep();
+}
+
+int Journal::undo(int count) {
+  return undoWhile([count](int taken) { return taken < count; });
 }
 
 bool Journal::undoToBookmark() {
   if (std::none_of(done_.begin(), done_.end(), [](const Step& step) { return step.bookmarked; })) return false;
-  std::vector<Step> taken;
-  for (bool reached = false; !reached;) {
+  bool reached = false;
+  undoWhile([&](int) {
+    if (reached) return false;
     reached = std::exchange(done_.back().bookmarked, false);
-    takeBack(taken);
-  }
-  if (!taken.empty()) undone_.push_back(std::move(taken));
-  seen_.clear();
+    return true;
+  });
   return true;
 }
 
 bool Journal::redo() {
   if (undone_.empty()) return false;
+  endStep();
   std::vector<Step> steps = std::move(undone_.back());
   undone_.pop_back();
   for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
@@ -110,14 +137,13 @@ bool Journal::redo() {
     weight_ += step->weight();
     done_.push_back(std::move(*step));
   }
-  seen_.clear();
   return true;
 }
 
 void Journal::clear() {
+  endStep();
   done_.clear();
   undone_.clear();
-  seen_.clear();
   weight_ = 0;
 }
 

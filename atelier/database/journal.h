@@ -2,8 +2,8 @@
 // One journal belongs to one database; it is off until a first mark is set.
 #pragma once
 #include <deque>
+#include <functional>
 #include <memory>
-#include <unordered_set>
 #include <vector>
 
 #include "atelier/database/record.h"
@@ -37,11 +37,12 @@ class Journal {
   };
   void swap(Step& step);
   void takeBack(std::vector<Step>& taken);
+  int undoWhile(const std::function<bool(int taken)>& wanted);
   void forgetOldest();
+  void endStep();
   std::deque<Step> done_;
-  std::vector<std::vector<Step>> undone_;     // by the call that took them back
-  std::unordered_set<const AcDbStub*> seen_;  // in the running step
-  std::size_t weight_ = 0;                    // groups of all images of the steps that were done
+  std::vector<std::vector<Step>> undone_;  // by the call that took them back
+  std::size_t weight_ = 0;                 // groups of all images of the steps that were done
   bool on_ = false;
 };
 

@@ -47,6 +47,20 @@ PlaneChange::PlaneChange(const AcGeMatrix3d& matrix, const AcGeVector3d& before)
   scale = std::sqrt(std::max(0.0, x.crossProduct(y).length()));
 }
 
+double PlaneChange::stretchAlong(const AcGeMatrix3d& matrix, const AcGeVector3d& before, double angle) {
+  const AcGeMatrix3d plane = AcGeMatrix3d().setToPlaneToWorld(before);
+  const AcGeVector3d u = matrix * (plane * AcGeVector3d(std::cos(angle), std::sin(angle), 0)),
+                     v = matrix * (plane * AcGeVector3d(-std::sin(angle), std::cos(angle), 0));
+  const double wide = u.length(), area = u.crossProduct(v).length();
+  constexpr double kEven = 1e-9;
+  if (!(wide > 0) || !(area > 0) || std::abs(wide * wide - area) <= kEven * area) return 1;
+  const AcGeVector3d in = AcGeMatrix3d().setToWorldToPlane(normal) * u;
+  const double after = std::atan2(in.y, in.x);
+  turn = mirrored ? after + angle : after - angle;
+  scale = area / wide;
+  return wide * wide / area;
+}
+
 double textAngle(const PlaneChange& change, double before) {
   if (!change.mirrored) return before + change.turn;
   const auto readable = [](double angle) { return std::cos(angle) > -1e-9; };

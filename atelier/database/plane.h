@@ -24,6 +24,9 @@ struct PlaneChange {
   double turn = 0;        // radians, to add to angles measured in the plane
   double scale = 1;       // of lengths in the plane
   bool mirrored = false;  // angles run the other way round
+  // For a line of text at an angle of the plane, when the matrix stretches the plane more in one direction than across:
+  // sets turn and scale to those of the line and of its height, and gives what its width changes by beyond them.
+  double stretchAlong(const AcGeMatrix3d& matrix, const AcGeVector3d& before, double angle);
 };
 
 // The angle of a line of text after the change. Letters are not mirrored: the line turns about its anchor, and by half a

@@ -13,8 +13,8 @@ namespace {
 
 using Vertices = std::vector<PolylineVertex>;
 
-PolylineVertex vertexOf(const AcDbVertex& v) {
-  return {AcGePoint2d(v.position().x, v.position().y), v.bulge(), v.startWidth(), v.endWidth(), 0};
+PolylineVertex vertexOf(const DrawnVertex& v) {
+  return {AcGePoint2d(v.position.x, v.position.y), v.bulge, v.startWidth, v.endWidth, 0};
 }
 
 Vertices flipped(const Vertices& list) {
@@ -85,7 +85,7 @@ Acad::ErrorStatus AcDbPolyline::convertFrom(AcDbEntity*& source, bool transferId
   PolylineVertices* mine = changedVertices(this);
   if (!mine) return Acad::eNotOpenForWrite;
   mine->list.clear();
-  for (const AcDbVertex* v : vertices) mine->list.push_back(vertexOf(*v));
+  for (const DrawnVertex& v : vertices) mine->list.push_back(vertexOf(v));
   setPropertiesFrom(old);
   setClosed(old->isClosed());
   setElevation(old->elevation());

@@ -189,7 +189,8 @@ double AcDbMText::textHeight() const { return recordOf(this).real(kMHeight); }
 double AcDbMText::width() const { return recordOf(this).real(kMWidth); }
 double AcDbMText::rotation() const {
   if (!recordOf(this).has(kXDirection)) return recordOf(this).real(kMRotation) * std::numbers::pi / 180;
-  const AcGePoint3d x = recordOf(this).point(kXDirection);
+  // The direction is the world's, the angle that of the text's plane.
+  const AcGePoint3d x = toPlane(recordOf(this).point(kXDirection), normalOf(recordOf(this), "AcDbMText"));
   return std::atan2(x.y, x.x);
 }
 int AcDbMText::attachment() const { return static_cast<int>(recordOf(this).integer(kAttachment)); }
@@ -230,8 +231,9 @@ Acad::ErrorStatus AcDbMText::setTextStyle(AcDbObjectId style) {
 Acad::ErrorStatus AcDbMText::getGeomExtents(AcDbExtents& extents) const {
   const fonts::Box ink = paragraphInk(*this);
   if (ink.empty()) return Acad::eInvalidExtents;
-  const AcGeMatrix3d frame =
-      AcGeMatrix3d::translation(location().asVector()) * AcGeMatrix3d::rotation(rotation(), AcGeVector3d(0, 0, 1));
+  const AcGeMatrix3d frame = AcGeMatrix3d::translation(location().asVector()) *
+                             AcGeMatrix3d().setToPlaneToWorld(normalOf(recordOf(this), "AcDbMText")) *
+                             AcGeMatrix3d::rotation(rotation(), AcGeVector3d(0, 0, 1));
   AcDbExtents box;
   for (const double x : {ink.xMin, ink.xMax})
     for (const double y : {ink.yMin, ink.yMax}) box.addPoint(frame * AcGePoint3d(x, y, 0));
@@ -239,11 +241,14 @@ Acad::ErrorStatus AcDbMText::getGeomExtents(AcDbExtents& extents) const {
   return Acad::eOk;
 }
 Acad::ErrorStatus AcDbMText::transformBy(const AcGeMatrix3d& m) {
-  const PlaneChange plane(m, AcGeVector3d(0, 0, 1));
   const double angle = rotation();
+  PlaneChange plane(m, normalOf(recordOf(this), "AcDbMText"));
+  const double wider = plane.stretchAlong(m, normalOf(recordOf(this), "AcDbMText"), angle);
   const Acad::ErrorStatus status = setLocation(m * location());
   if (status != Acad::eOk) return status;
   setTextHeight(textHeight() * plane.scale);
-  setWidth(width() * plane.scale);
+  setWidth(width() * plane.scale * wider);
+  if (!isWorldPlane(plane.normal) || recordOf(this).has(normalField("AcDbMText")))
+    impOf(this).setPoint(normalField("AcDbMText"), AcGePoint3d() + plane.normal);
   return setRotation(textAngle(plane, angle));
 }

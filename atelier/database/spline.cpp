@@ -135,6 +135,17 @@ AcDbSpline::AcDbSpline(const AcGePoint3dArray& fitPoints, const AcGeVector3d& st
   write(*change(this), {planarFlag(through), data.degree, data.points, data.knots, data.weights, through});
 }
 
+namespace {
+
+bool keepsShapes(const AcGeMatrix3d& m) {
+  const AcGeVector3d u = m * AcGeVector3d::kXAxis, v = m * AcGeVector3d::kYAxis, w = m * AcGeVector3d::kZAxis;
+  const double square = u.dotProduct(u), hair = 1e-9 * square;
+  return std::abs(v.dotProduct(v) - square) <= hair && std::abs(w.dotProduct(w) - square) <= hair &&
+         std::abs(u.dotProduct(v)) + std::abs(v.dotProduct(w)) + std::abs(w.dotProduct(u)) <= hair;
+}
+
+}  // namespace
+
 bool AcDbSpline::isNull() const { return !makesSense(nurbsOf(*this)); }
 
 namespace atelier {
@@ -246,6 +257,9 @@ Acad::ErrorStatus AcDbSpline::getGeomExtents(AcDbExtents& extents) const {
 Acad::ErrorStatus AcDbSpline::transformBy(const AcGeMatrix3d& m) {
   Record* record = change(this);
   if (!record) return Acad::eNotOpenForWrite;
+  // Through stretched points runs another curve than the stretched one: its parameter goes by their distances.
+  if (places(*record, 10).empty() && !keepsShapes(m))
+    if (const Nurbs data = nurbsOf(*this); !data.points.empty()) setNurbs(*this, data);
   for (const int code : {10, 11})
     for (const std::size_t i : places(*record, code)) setPointAt(*record, i, m * pointAt(*record, i));
   for (const int code : {12, 13})

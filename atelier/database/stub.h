@@ -12,12 +12,13 @@ class AcDbStub {
  public:
   enum Flag : std::uint16_t {
     kErased = 1,
-    kChanged = 2,      // differs from its bytes in the file
-    kNew = 4,          // has no bytes in the file
-    kEntity = 8,       // stands in a block, not among tables and objects
-    kVirtual = 16,     // stands in for a record that the file doesn't have; written once it is changed
-    kHandleless = 32,  // the file gave it no handle: its handle is written once something refers to it
-    kHandleAsked = 64  // somebody outside knows its handle
+    kChanged = 2,       // differs from its bytes in the file
+    kNew = 4,           // has no bytes in the file
+    kEntity = 8,        // stands in a block, not among tables and objects
+    kVirtual = 16,      // stands in for a record that the file doesn't have; written once it is changed
+    kHandleless = 32,   // the file gave it no handle: its handle is written once something refers to it
+    kHandleAsked = 64,  // somebody outside knows its handle
+    kNoted = 128        // the running step of the journal has its state from before
   };
   bool is(Flag flag) const { return (flags & flag) != 0; }
   void set(Flag flag, bool on = true) { flags = static_cast<std::uint16_t>(on ? flags | flag : flags & ~flag); }

@@ -6,10 +6,12 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <cwctype>
+#include <limits>
 #include <memory>
+
+#include "atelier/database/real_reading.h"
 
 namespace atelier {
 namespace {
@@ -225,13 +227,52 @@ std::optional<std::uint64_t> parseHandle(std::string_view text) {
   return value;
 }
 
+namespace {
+
+// What digits that no double holds stand for, by the place of the first that counts.
+double beyondRange(std::string_view digits) {
+  const bool negative = digits.starts_with('-');
+  std::int64_t order = 0, exponent = 0;
+  bool fraction = false, counts = false;
+  std::size_t i = negative ? 1 : 0;
+  for (; i < digits.size() && digits[i] != 'e' && digits[i] != 'E'; ++i) {
+    if (digits[i] == '.') {
+      fraction = true;
+      continue;
+    }
+    counts = counts || digits[i] != '0';
+    if (counts && !fraction) ++order;
+    if (!counts && fraction) --order;
+  }
+  if (i < digits.size()) {
+    std::string_view power = digits.substr(i + 1);
+    if (power.starts_with('+')) power.remove_prefix(1);
+    constexpr std::int64_t kFar = std::numeric_limits<std::int64_t>::max() / 2;
+    if (std::from_chars(power.data(), power.data() + power.size(), exponent).ec != std::errc() ||
+        std::abs(exponent) > kFar)
+      exponent = power.starts_with('-') ? -kFar : kFar;
+  }
+  const double size = order + exponent > 0 ? std::numeric_limits<double>::infinity() : 0.0;
+  return negative ? -size : size;
+}
+
+}  // namespace
+
+std::from_chars_result readReal(const char* first, const char* last, double& value, std::chars_format format) {
+  auto result = std::from_chars(first, last, value, format);
+  if (result.ec == std::errc::result_out_of_range) {
+    value = beyondRange({first, static_cast<std::size_t>(result.ptr - first)});
+    result.ec = std::errc();
+  }
+  return result;
+}
+
 std::optional<double> parseReal(std::string_view text) {
   text = trimmed(text);
   if (!text.empty() && text.front() == '+') text.remove_prefix(1);
   double value = 0;
-  const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (result.ptr != text.data() + text.size() || text.empty()) return std::nullopt;
-  if (result.ec == std::errc::result_out_of_range) return 0.0;
+  const auto result = readReal(text.data(), text.data() + text.size(), value);
+  if (result.ec != std::errc() || result.ptr != text.data() + text.size()) return std::nullopt;
   return value;
 }
 

@@ -36,8 +36,10 @@ bool equalNoCase(std::string_view a, std::string_view b);
 
 std::string handleText(std::uint64_t handle);  // upper-case hexadecimal
 std::optional<std::uint64_t> parseHandle(std::string_view hexadecimal);
-std::optional<double> parseReal(std::string_view text);           // surrounding blanks accepted
-std::optional<std::int64_t> parseInteger(std::string_view text);  // surrounding blanks accepted
+// Surrounding blanks are accepted. A real too great for a double is infinite, as in the C library that the reference
+// reads with, never 0; one too small is 0.
+std::optional<double> parseReal(std::string_view text);
+std::optional<std::int64_t> parseInteger(std::string_view text);
 // Shortest text that reads back to the same double, always with a decimal point or an exponent: "1.0", "1e-09".
 std::string realText(double value);
 std::string_view trimmed(std::string_view text);

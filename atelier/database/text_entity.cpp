@@ -120,13 +120,25 @@ Acad::ErrorStatus AcDbText::adjustAlignment(const AcDbDatabase*) {
 Acad::ErrorStatus AcDbText::getGeomExtents(AcDbExtents& extents) const {
   const MeasuredText measured(*this);
   if (measured.isEmpty()) return Acad::eInvalidExtents;
-  // Between two points a backward text begins at the second.
-  const bool between = horizontalMode() == AcDb::kTextAlign || horizontalMode() == AcDb::kTextFit;
-  const AcGePoint3d origin = recordOf(this).point(between && measured.backwards() ? kAlignment : kPosition);
+  AcGePoint3d origin = recordOf(this).point(kPosition);
+  double angle = rotation(), begin = 0, wide = 1, high = 1;
+  if (horizontalMode() == AcDb::kTextAlign || horizontalMode() == AcDb::kTextFit) {
+    // The ink fills the way from the one point to the other, whatever fonts the stored sizes were made with; a backward
+    // text begins at the second point.
+    const AcGePoint3d second = recordOf(this).has(kAlignment) ? recordOf(this).point(kAlignment) : origin;
+    const AcGeVector2d along(second.x - origin.x, second.y - origin.y);
+    begin = measured.backwards() ? measured.right() : measured.left();
+    if (along.length() > 0 && measured.width() > 0) {
+      angle = along.angle();
+      wide = along.length() / measured.width();
+      if (horizontalMode() == AcDb::kTextAlign) high = wide;
+    }
+    if (measured.backwards()) origin = second;
+  }
   AcDbExtents box;
   for (const double x : {measured.left(), measured.right()})
     for (const double y : {measured.bottom(), measured.top()}) {
-      const AcGeVector2d v = turn(rotation(), x, y);
+      const AcGeVector2d v = turn(angle, (x - begin) * wide, y * high);
       box.addPoint(toWorld(AcGePoint3d(origin.x + v.x, origin.y + v.y, origin.z), normal()));
     }
   extents = box;
@@ -136,7 +148,9 @@ Acad::ErrorStatus AcDbText::getGeomExtents(AcDbExtents& extents) const {
 Acad::ErrorStatus AcDbText::transformBy(const AcGeMatrix3d& m) {
   AcDbImpObject& imp = impOf(this);
   if (!imp.writable()) return Acad::eNotOpenForWrite;
-  const PlaneChange plane(m, normal());
+  PlaneChange plane(m, normal());
+  if (const double wider = plane.stretchAlong(m, normal(), rotation()); wider != 1)
+    setWidthFactor(widthFactor() * wider);
   const AcGePoint3d at = m * position(), aligned = m * alignmentPoint();
   const bool hasAlignment = imp.record.has(kAlignment);
   setNormal(plane.normal);

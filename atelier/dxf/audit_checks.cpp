@@ -1,6 +1,7 @@
 // The audit's checks of single objects: owners, pointers, names, extended data, numbers.
 // Reference: DXF reference, "Group codes in numerical order" and "Extended data".
 #include <algorithm>
+#include <cmath>
 
 #include "atelier/database/ownership.h"
 #include "atelier/dxf/audit_run.h"
@@ -105,10 +106,15 @@ void checkPointers(AuditRun& run, AcDbStub& stub) {
 void checkNames(AuditRun& run, AcDbStub& stub) {
   const Record& record = run.recordOf(stub);
   const std::string_view type = record.type();
-  for (const Group& group : record.groups)
-    if (group.kind() == GroupKind::text &&
-        (kindOfCode(group.code()) == GroupKind::real || kindOfCode(group.code()) == GroupKind::integer))
-      run.found("A13", &stub, "groupe " + std::to_string(group.code()) + ": " + quoted(group.text()));
+  for (const Group& group : record.groups) {
+    const GroupKind wanted = kindOfCode(group.code());
+    const bool unread = group.kind() == GroupKind::text && (wanted == GroupKind::real || wanted == GroupKind::integer);
+    const bool beyond = group.kind() == GroupKind::real && !std::isfinite(group.real());
+    if (unread || beyond)
+      run.found(
+          "A13", &stub,
+          "groupe " + std::to_string(group.code()) + ": " + quoted(unread ? group.text() : realText(group.real())));
+  }
   const bool layer = type == "LAYER";
   if (!stub.is(AcDbStub::kEntity) && !layer) return;
   const std::string linetype = record.text(textField(layer ? "AcDbLayerTableRecord" : "AcDbEntity", 6));

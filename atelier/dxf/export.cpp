@@ -6,6 +6,7 @@
 
 #include "atelier/database/interruption.h"
 #include "atelier/dxf/flat_polyline.h"
+#include "atelier/dxf/flat_viewport.h"
 #include "atelier/dxf/modern_text.h"
 #include "atelier/dxf/reader.h"
 #include "atelier/dxf/record_text.h"
@@ -72,6 +73,22 @@ class Exporter {
  private:
   bool isR12() const { return !target_.atLeast(kR13); }
 
+  // Of the one layout that R12 has.
+  bool isWindow(const AcDbStub& stub) const {
+    return stub.owner && stub.owner == db_.paperSpace() && db_.typeName(stub) == "VIEWPORT";
+  }
+
+  void window(AcDbStub& stub) {
+    const Record& viewport = AcDbImpObject::of(&db_.object(stub)).settled();
+    std::vector<std::string> frozen;
+    for (const Group& group : viewport.groups)
+      if (AcDbStub* layer = group.code() == 331 || group.code() == 341 ? db_.stubOf(group.handle()) : nullptr)
+        frozen.push_back(db_.recordName(*layer));
+    constexpr std::int64_t kOutlined = 65536;
+    if (viewport.integer(integerField("AcDbViewport", 90)) & kOutlined) ++leftOut_["contour de VIEWPORT"];
+    for (const Group& group : asOldViewport(viewport, frozen)) put(group);
+  }
+
   void hideUnknown() {
     if (!older_) return;
     for (const AcDbStub& stub : db_.stubs()) {
@@ -80,6 +97,7 @@ class Exporter {
       const bool object =
           !stub.is(AcDbStub::kEntity) && (!stub.owner || db_.typeName(*stub.owner) != "TABLE") && type != "TABLE";
       if (type == "ENDTAB" || type == "BLOCK_RECORD" || (isR12() && (type == "LWPOLYLINE" || object))) continue;
+      if (isR12() && isWindow(stub)) continue;
       if (knowsType(target_.version, type)) continue;
       ++leftOut_[std::string(type)];
       hidden_.push_back(const_cast<AcDbStub*>(&stub));
@@ -188,6 +206,10 @@ class Exporter {
     for (AcDbStub* child : *block.children) {
       if (isR12() && db_.typeName(*child) == "LWPOLYLINE" && !child->is(AcDbStub::kErased)) {
         for (const Group& group : asOldPolyline(AcDbImpObject::of(&db_.object(*child)).settled())) put(group);
+        continue;
+      }
+      if (isR12() && older_ && !child->is(AcDbStub::kErased) && isWindow(*child)) {
+        window(*child);
         continue;
       }
       record(*child);

@@ -6,7 +6,9 @@
 #include <algorithm>
 #include <map>
 
+#include "atelier/database/interruption.h"
 #include "atelier/dxf/file_layout.h"
+#include "atelier/dxf/flat_viewport.h"
 #include "atelier/dxf/modern_parts.h"
 #include "atelier/dxf/new_drawing.h"
 #include "atelier/dxf/scanner.h"
@@ -148,6 +150,7 @@ class Writer {
   }
 
   void tableRecord(AcDbStub& stub, std::uint64_t handle) {
+    if (table_ == "LAYER") layers_[upperCase(db_.recordName(stub))] = handle;
     const Groups& old = AcDbImpObject::of(&db_.object(stub)).settled().groups;
     if (isModern(old)) return asItStands(old, handle, head_);
     put(Group::text(0, table_));
@@ -229,12 +232,17 @@ class Writer {
 
   // The handle under which it was written; 0 when it wasn't.
   std::uint64_t entity(AcDbStub& stub, std::uint64_t owner) {
+    checkInterruption();
     if (stub.is(AcDbStub::kErased)) return 0;
     const std::string type(db_.typeName(stub));
     const Groups& old = AcDbImpObject::of(&db_.object(stub)).settled().groups;
     const std::uint64_t handle = stub.handle != 0 ? stub.handle : next_++;
     if (isModern(old)) {
       asItStands(old, handle, owner);
+      return handle;
+    }
+    if (type == "VIEWPORT") {
+      window(old, handle, owner);
       return handle;
     }
     const std::vector<Part> parts = partsOf(type, old);
@@ -256,6 +264,18 @@ class Writer {
     return handle;
   }
 
+  void window(const Groups& old, std::uint64_t handle, std::uint64_t owner) {
+    put({Group::text(0, "VIEWPORT"), Group::handle(5, handle), Group::handle(330, owner),
+         Group::text(100, "AcDbEntity")});
+    for (const Group& group : old)
+      if (isCommon(group.code())) put(group);
+    put(Group::text(100, "AcDbViewport"));
+    put(asModernViewport(old, [&](const std::string& layer) {
+      const auto found = layers_.find(upperCase(layer));
+      return found == layers_.end() ? 0 : found->second;
+    }));
+  }
+
   static std::size_t partOf(const std::vector<Part>& parts, int code) {
     for (std::size_t i = 0; i < parts.size(); ++i)
       if (parts[i].codes.empty() ||
@@ -273,6 +293,7 @@ class Writer {
   std::uint64_t head_ = 0, modelSpace_ = 0, paperSpace_ = 0;
   std::vector<AcDbStub*> pending_;
   std::map<const AcDbStub*, std::uint64_t> blockHandles_;
+  std::map<std::string, std::uint64_t> layers_;  // as they are written, by upper-case name
   std::map<std::string, int> lost_;
 };
 

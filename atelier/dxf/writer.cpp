@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "atelier/database/interruption.h"
 #include "atelier/dxf/record_text.h"
 #include "atelier/dxf/references.h"
 
@@ -46,6 +47,7 @@ class Writer {
       last = bytes.back();
     };
     for (const Edit& edit : edits_) {
+      checkInterruption();
       if (edit.offset > at) give(layout_.bytes.substr(at, edit.offset - at));
       // A file may end without a line end.
       if (!edit.text.empty() && last != '\n' && layout_.style.encoding == Encoding::ascii) give(layout_.style.lineEnd);
@@ -176,6 +178,7 @@ class Writer {
   }
 
   std::string record(const AcDbStub& stub) const {
+    checkInterruption();
     std::string text;
     appendRecord(text, const_cast<AcDbStub&>(stub), layout_);
     return text;

@@ -64,12 +64,11 @@ bool feed(Interpreter& in, Arguments arguments, bool mayWait) {
     try {
       return runValues(in, document, source, mayWait);
     } catch (const Interrupted&) {
-      in.clearInterrupt();
     } catch (const Error& error) {
       failure = error.what();
     }
   }
-  if (failure.empty()) in.fail(kCancelled);
+  if (failure.empty()) failCancelled(in);
   document.fail(failure);
   return false;
 }

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "atelier/database/interruption.h"
+#include "atelier/database/ownership.h"
 #include "atelier/editor/document.h"
 #include "atelier/editor/layer_states.h"
 #include "atelier/editor/selection_prompt.h"
@@ -119,12 +120,19 @@ std::vector<AcDbObjectId> Command::copies(const SelectionSet& set, const AcGeMat
   if (database.deepCloneObjects(ids, block.isNull() ? database.currentSpaceId() : block, mapping) != Acad::eOk)
     fail("Les objets n'ont pas pu être copiés.");
   std::vector<AcDbObjectId> made;
-  for (int i = 0; i < ids.length(); ++i) {
-    AcDbObjectId copy;
-    if (!mapping.compute(ids[i], copy)) continue;
-    const AcDbEntityPointer entity(copy, AcDb::kForWrite);
-    if (entity.openStatus() == Acad::eOk) entity->transformBy(matrix);
-    made.push_back(copy);
+  for (int i = 0; i < ids.length(); ++i)
+    if (AcDbObjectId copy; mapping.compute(ids[i], copy)) made.push_back(copy);
+  auto next = made.begin();
+  try {
+    for (; next != made.end(); ++next) {
+      checkInterruption();
+      const AcDbEntityPointer entity(*next, AcDb::kForWrite);
+      if (entity.openStatus() == Acad::eOk) entity->transformBy(matrix);
+    }
+  } catch (const Interrupted&) {
+    // What has not come to its place yet would lie on its original.
+    for (; next != made.end(); ++next) eraseWithOwned(**next, true);
+    throw;
   }
   return made;
 }

@@ -26,7 +26,7 @@ void finishCommand(Document& document) {
   try {
     run->advance(AnswerSupply());
   } catch (const Interrupted&) {
-    document.interpreter().clearInterrupt();
+    document.endInterruption();
   } catch (const Error& error) {
     document.fail(error.what());
   }

@@ -33,25 +33,17 @@ bool isNamed(const CommandRow& row, std::string_view name) {
 }
 
 auto allTables() {
-  return std::array{drawingCommands(),
-                    plineCommands(),
-                    arcCommands(),
-                    blockCommands(),
-                    propertyCommands(),
-                    textCommands(),
-                    editingCommands(),
-                    curveCommands(),
-                    cornerCommands(),
-                    polylineCommands(),
-                    insertCommands(),
-                    layerCommands(),
-                    recordCommands(),
-                    drawingFileCommands(),
-                    fileCommands(),
-                    viewCommands(),
-                    undoCommands(),
-                    menuCommands(),
-                    std::span<const CommandRow>(kElsewhere)};
+  return std::array{drawingCommands(),     plineCommands(),
+                    arcCommands(),         blockCommands(),
+                    propertyCommands(),    textCommands(),
+                    editingCommands(),     curveCommands(),
+                    cornerCommands(),      offsetCommands(),
+                    trimCommands(),        explodeCommands(),
+                    polylineCommands(),    insertCommands(),
+                    layerCommands(),       recordCommands(),
+                    drawingFileCommands(), fileCommands(),
+                    viewCommands(),        undoCommands(),
+                    menuCommands(),        std::span<const CommandRow>(kElsewhere)};
 }
 
 }  // namespace
@@ -93,7 +85,7 @@ bool runBuiltinCommand(Document& document, const std::string& name) {
     CommandRun run(document, *row, name);
     run.advance(AnswerSupply());
   } catch (const Interrupted&) {
-    document.interpreter().clearInterrupt();
+    document.endInterruption();
     document.print("\n*Annuler*\n");
   }
   return true;

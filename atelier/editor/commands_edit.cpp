@@ -1,4 +1,4 @@
-// ERASE MOVE COPY ROTATE SCALE MIRROR EXPLODE: changing what is drawn.
+// ERASE MOVE COPY ROTATE SCALE MIRROR: changing what is drawn.
 // Objects on locked layers stay as they are.
 #include <numbers>
 
@@ -122,65 +122,6 @@ CommandTask mirror(Command& c) {
   transform(c, *chosen.value, mirrorMatrix(a.value, b.value), !answer.is("Yes"));
 }
 
-// A light polyline as lines and arcs with its own layer, colour and line type.
-void explodePolyline(const AcDbPolyline& polyline, std::vector<std::unique_ptr<AcDbEntity>>& parts) {
-  const unsigned count = polyline.numVerts();
-  const AcGeMatrix3d plane = AcGeMatrix3d().setToPlaneToWorld(polyline.normal());
-  for (unsigned i = 0; i + (polyline.isClosed() ? 0 : 1) < count; ++i) {
-    AcGePoint2d a, b;
-    double bulge = 0;
-    polyline.getPointAt(i, a);
-    polyline.getPointAt((i + 1) % count, b);
-    polyline.getBulgeAt(i, bulge);
-    const auto world = [&](const AcGePoint2d& p) { return plane * AcGePoint3d(p.x, p.y, polyline.elevation()); };
-    const BulgeArc arc = bulgeArc(a, b, bulge);
-    std::unique_ptr<AcDbEntity> part;
-    if (bulge == 0 || !(arc.radius > 0)) part = std::make_unique<AcDbLine>(world(a), world(b));
-    else if (arc.sweep > 0)
-      part = std::make_unique<AcDbArc>(world(arc.centre), polyline.normal(), arc.radius, arc.startAngle,
-                                       arc.startAngle + arc.sweep);
-    else
-      part = std::make_unique<AcDbArc>(world(arc.centre), polyline.normal(), arc.radius, arc.startAngle + arc.sweep,
-                                       arc.startAngle);
-    part->setPropertiesFrom(&polyline);
-    parts.push_back(std::move(part));
-  }
-}
-
-// Parts keep the layer and colour that they have in the block. False for what can't be taken apart.
-bool partsOf(const AcDbEntity& entity, std::vector<std::unique_ptr<AcDbEntity>>& parts) {
-  if (const auto* polyline = AcDbPolyline::cast(&entity)) {
-    explodePolyline(*polyline, parts);
-    return true;
-  }
-  AcArray<AcRxObject*> pieces;
-  if (entity.explode(pieces) != Acad::eOk) return false;
-  for (int i = 0; i < pieces.length(); ++i)
-    if (AcDbEntity* piece = AcDbEntity::cast(pieces[i])) parts.emplace_back(piece);
-    else delete pieces[i];
-  return true;
-}
-
-// A program gives one answer and no Enter, unless QAFLAGS asks for the dialogue that a user has.
-CommandTask explode(Command& c) {
-  const bool single =
-      c.document.prompter().source->isProgram() && (c.document.variables().integer("QAFLAGS", 0) & 1) == 0;
-  const auto chosen = co_await c.objects(single);
-  if (!chosen.given()) co_return;
-  int kept = 0;
-  // Each object's parts come in before it goes: an interruption loses nothing.
-  c.change(*chosen.value, [&](AcDbEntity& entity) {
-    std::vector<std::unique_ptr<AcDbEntity>> parts;
-    if (!partsOf(entity, parts)) {
-      ++kept;
-      return;
-    }
-    for (auto& part : parts) c.addAsIs(std::move(part));
-    entity.erase();
-  });
-  if (kept > 0) c.print("\n" + std::to_string(kept) + " objet(s) ne se décomposent pas.");
-}
-
 constexpr CommandRow kTable[] = {
     {"SELECT", "SELECTION", select, "Choisit des objets: ils deviennent la sélection précédente."},
     {"ERASE", "E EFFACER DELETE", erase, "Efface des objets."},
@@ -189,7 +130,6 @@ constexpr CommandRow kTable[] = {
     {"ROTATE", "RO ROTATION", rotate, "Tourne des objets."},
     {"SCALE", "SC ECHELLE", scale, "Agrandit ou réduit des objets."},
     {"MIRROR", "MI MIROIR", mirror, "Retourne des objets autour d'un axe."},
-    {"EXPLODE", "X DECOMPOS", explode, "Décompose des blocs et des polylignes."},
 };
 
 }  // namespace

@@ -54,7 +54,7 @@ CommandTask setvar(Command& c) {
     if (number) value = static_cast<int>(*number);
   } else if (before->index() == 1) {
     const auto number = parseReal(text.value);
-    if (number) value = *number;
+    if (number && std::isfinite(*number)) value = *number;
   } else if (before->index() == 3) {
     const auto point = parsePoint(text.value, {});
     if (point) value = SystemVariables::Point{*point, std::get<SystemVariables::Point>(*before).flat};

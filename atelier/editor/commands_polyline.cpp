@@ -8,6 +8,7 @@
 #include "atelier/editor/command_table.h"
 #include "atelier/editor/curve_pieces.h"
 #include "atelier/editor/document.h"
+#include "atelier/editor/layer_states.h"
 #include "atelier/editor/polyline_smoothing.h"
 #include "hote/dbpl.h"
 
@@ -16,40 +17,12 @@ namespace {
 
 using Vertices = std::vector<PolylineVertex>;
 
-// Gives the object's place to a light polyline made of it; false when it is none and can't become one.
-bool makeLight(const Command& c, AcDbObjectId id) {
-  checkInterruption();
-  const AcDbCurve& curve = pickedCurve(c, id);
-  if (AcDbPolyline::cast(&curve)) return true;
-  auto made = std::make_unique<AcDbPolyline>();
-  if (AcDb2dPolyline::cast(&curve)) {
-    AcDbEntity* source = const_cast<AcDbCurve*>(&curve);
-    if (made->convertFrom(source, false) != Acad::eOk) return false;
-  } else {
-    const AcDbArc* arc = AcDbArc::cast(&curve);
-    AcGePoint3d start, end;
-    if ((!arc && !AcDbLine::cast(&curve)) || curve.getStartPoint(start) != Acad::eOk ||
-        curve.getEndPoint(end) != Acad::eOk)
-      return false;
-    const AcGeVector3d normal = arc ? arc->normal() : AcGeVector3d::kZAxis;
-    const AcGeMatrix3d toPlane = AcGeMatrix3d().setToPlaneToWorld(normal).inverse();
-    const AcGePoint3d a = toPlane * start, b = toPlane * end;
-    made->addVertexAt(0, AcGePoint2d(a.x, a.y), arc ? std::tan(arc->totalAngle() / 4) : 0);
-    made->addVertexAt(1, AcGePoint2d(b.x, b.y));
-    made->setElevation(a.z);
-    if (normal.z < 1) made->setNormal(normal);
-  }
-  CurvePieces pieces;
-  pieces.push_back(std::move(made));
-  replaceByPieces(c, id, std::move(pieces));
-  return true;
-}
-
 // Takes in what touches an end, until nothing does.
 int join(AcDbPolyline& polyline, const SelectionSet& set, AcDbImpDatabase& database, double reach) {
   std::vector<AcDbStub*> left;
+  LayerStates layers(database);
   for (AcDbStub* stub : set.list())
-    if (!stub->is(AcDbStub::kErased) && stub != stubOf(&polyline)) left.push_back(stub);
+    if (!stub->is(AcDbStub::kErased) && stub != stubOf(&polyline) && !layers.isLocked(*stub)) left.push_back(stub);
   int joined = 0;
   for (bool again = true; again;) {
     again = false;
@@ -92,7 +65,7 @@ void smooth(const Command& c, AcDbPolyline& polyline, bool arcs) {
 // The polyline open for as long as one change takes, so that a question never finds it open.
 class Opened {
  public:
-  Opened(const Command& c, AcDbObjectId id) : pointer_(id, AcDb::kForWrite) {
+  Opened(const Command& c, AcDbObjectId id) : pointer_((checkInterruption(), id), AcDb::kForWrite) {
     if (pointer_.openStatus() != Acad::eOk) c.fail("L'objet ne peut pas être modifié.");
   }
   AcDbPolyline* operator->() const { return pointer_.object(); }
@@ -122,6 +95,7 @@ int joinAmong(const Command& c, std::vector<AcDbObjectId>& ids, double reach) {
 }
 
 bool isSimple(const Command& c, AcDbObjectId id) {
+  checkInterruption();
   const AcDbObject& object = c.document.imp().object(*id);
   return AcDbLine::cast(&object) || AcDbArc::cast(&object);
 }
@@ -159,10 +133,14 @@ CommandTask pedit(Command& c) {
   if (many) {
     const auto chosen = co_await c.objects();
     if (chosen.given())
-      for (AcDbStub* stub : chosen.value->list())
-        if (AcDbCurve::cast(&c.document.imp().object(*stub))) ids.emplace_back(stub);
+      for (AcDbStub* stub : chosen.value->list()) {
+        checkInterruption();
+        if (AcDbCurve::cast(&c.document.imp().object(*stub)) && !isLocked(c, AcDbObjectId(stub)))
+          ids.emplace_back(stub);
+      }
   } else if (picked.given()) {
     pickedCurve(c, picked.value.id);
+    refuseLocked(c, picked.value.id);
     ids.push_back(picked.value.id);
   }
   const bool asks = c.document.variables().integer("PEDITACCEPT", 0) == 0;

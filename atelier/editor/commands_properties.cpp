@@ -21,12 +21,13 @@ std::string question(const std::string& option) {
 }
 
 bool setProperty(AcDbEntity& entity, const std::string& option, const std::string& text) {
-  const auto number = parseReal(text);
+  const double number = parseReal(text).value_or(HUGE_VAL);
   if (option == "LAyer") return entity.setLayer(toWide(text).c_str()) == Acad::eOk;
   if (option == "LType") return entity.setLinetype(toWide(text).c_str()) == Acad::eOk;
-  if (option == "ltScale") return number && *number > 0 && entity.setLinetypeScale(*number) == Acad::eOk;
+  if (option == "ltScale") return number > 0 && std::isfinite(number) && entity.setLinetypeScale(number) == Acad::eOk;
   if (option == "LWeight")
-    return number && entity.setLineWeight(static_cast<AcDb::LineWeight>(std::lround(*number * 100))) == Acad::eOk;
+    return std::isfinite(number) &&
+           entity.setLineWeight(static_cast<AcDb::LineWeight>(std::lround(number * 100))) == Acad::eOk;
   const auto index = colorNumber(text);
   return index && entity.setColorIndex(static_cast<Adesk::UInt16>(*index)) == Acad::eOk;
 }

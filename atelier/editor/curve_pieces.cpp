@@ -6,14 +6,18 @@
 #include <cmath>
 #include <numbers>
 
+#include "atelier/database/curve_geometry.h"
 #include "atelier/database/interruption.h"
 #include "atelier/editor/document.h"
+#include "atelier/editor/layer_states.h"
 #include "hote/dbpl.h"
+#include "hote/gecurve.h"
 
 namespace atelier {
 namespace {
 
 constexpr double kSameParam = 1e-9;
+constexpr double kNoLength = 1e-7;  // units: a piece as short as this is none
 
 double middleOf(const AcDbCurve& curve, const AcDbCurve& piece) {
   double low = 0, high = 0, param = 0;
@@ -34,11 +38,49 @@ const AcDbCurve& pickedCurve(const Command& command, AcDbObjectId id) {
   return *curve;
 }
 
+bool isLocked(const Command& command, AcDbObjectId id) {
+  AcDbStub* stub = id;
+  return stub && LayerStates(command.document.imp()).isLocked(*stub);
+}
+
+void refuseLocked(const Command& command, AcDbObjectId id) {
+  if (isLocked(command, id)) command.fail("L'objet est sur un calque verrouillé.");
+}
+
+bool makeLight(const Command& c, AcDbObjectId id) {
+  checkInterruption();
+  const AcDbCurve& curve = pickedCurve(c, id);
+  if (AcDbPolyline::cast(&curve)) return true;
+  auto made = std::make_unique<AcDbPolyline>();
+  if (AcDb2dPolyline::cast(&curve)) {
+    AcDbEntity* source = const_cast<AcDbCurve*>(&curve);
+    if (made->convertFrom(source, false) != Acad::eOk) return false;
+  } else {
+    const AcDbArc* arc = AcDbArc::cast(&curve);
+    AcGePoint3d start, end;
+    if ((!arc && !AcDbLine::cast(&curve)) || curve.getStartPoint(start) != Acad::eOk ||
+        curve.getEndPoint(end) != Acad::eOk)
+      return false;
+    const AcGeVector3d normal = arc ? arc->normal() : AcGeVector3d::kZAxis;
+    const AcGeMatrix3d toPlane = AcGeMatrix3d().setToPlaneToWorld(normal).inverse();
+    const AcGePoint3d a = toPlane * start, b = toPlane * end;
+    made->addVertexAt(0, AcGePoint2d(a.x, a.y), arc ? std::tan(arc->totalAngle() / 4) : 0);
+    made->addVertexAt(1, AcGePoint2d(b.x, b.y));
+    made->setElevation(a.z);
+    if (normal.z < 1) made->setNormal(normal);
+  }
+  CurvePieces pieces;
+  pieces.push_back(std::move(made));
+  replaceByPieces(c, id, std::move(pieces));
+  return true;
+}
+
 std::optional<double> paramNear(const AcDbCurve& curve, const AcGePoint3d& point) {
-  AcGePoint3d foot;
-  double param = 0;
-  if (curve.getClosestPointTo(point, foot) != Acad::eOk || curve.getParamAtPoint(foot, param) != Acad::eOk) return {};
-  return param;
+  const auto shape = curveOf(curve);
+  if (!shape || !std::isfinite(point.x + point.y + point.z)) return std::nullopt;
+  constexpr double kOnCurve = 1e-6;
+  if (const auto on = shape->paramAt(point, kOnCurve)) return on;
+  return shape->inPlan().closest({point.x, point.y, 0}).param;
 }
 
 std::vector<double> paramsOfMeetings(const AcDbCurve& curve, const std::vector<AcDbStub*>& others) {
@@ -48,7 +90,7 @@ std::vector<double> paramsOfMeetings(const AcDbCurve& curve, const std::vector<A
     const AcDbObjectPointer<AcDbCurve> other{AcDbObjectId(stub)};
     AcGePoint3dArray points;
     if (other.openStatus() != Acad::eOk || other.object() == &curve ||
-        curve.intersectWith(other.object(), AcDb::kOnBothOperands, points) != Acad::eOk)
+        curve.intersectWith(other.object(), AcDb::kOnBothOperands, AcGePlane::kXYPlane, points) != Acad::eOk)
       continue;
     for (int i = 0; i < points.length(); ++i)
       if (const auto param = paramNear(curve, points[i])) params.push_back(*param);
@@ -73,8 +115,27 @@ std::unique_ptr<AcDbCurve> restOfRound(const AcDbCurve& curve, double from, doub
 
 }  // namespace
 
+double settledParam(const AcDbCurve& curve, double param) {
+  double low = 0, high = 0, along = 0, whole = 0;
+  const bool begins = curve.getStartParam(low) == Acad::eOk;
+  if (curve.getDistAtParam(param, along) != Acad::eOk) return param;
+  if (begins && along <= kNoLength) return low;
+  const bool ends = curve.getEndParam(high) == Acad::eOk && curve.getDistAtParam(high, whole) == Acad::eOk;
+  if (ends && whole - along <= kNoLength) return curve.isClosed() ? low : high;
+  return param;
+}
+
+bool isOnePlace(const AcDbCurve& curve, double a, double b) {
+  double atA = 0, atB = 0;
+  if (curve.getDistAtParam(a, atA) != Acad::eOk || curve.getDistAtParam(b, atB) != Acad::eOk)
+    return std::abs(a - b) <= kSameParam;
+  return std::abs(atA - atB) <= kNoLength;
+}
+
 CurvePieces without(const AcDbCurve& curve, double from, double to) {
-  const bool closed = curve.isClosed(), taken = std::abs(from - to) > kSameParam;
+  from = settledParam(curve, from);
+  to = settledParam(curve, to);
+  const bool closed = curve.isClosed(), taken = !isOnePlace(curve, from, to);
   CurvePieces kept;
   if (closed && taken) {
     if (auto rest = restOfRound(curve, to, from)) {

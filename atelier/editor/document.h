@@ -39,6 +39,9 @@ class Document {
   // registered applications' functions.
   explicit Document(Printer printer, const std::string& path = {}, std::vector<std::string>* messages = nullptr);
   ~Document();
+  // The process ends with this document: the memory of its drawing, which takes long to give back piece by piece, goes
+  // with the process. Everything else ends as ever: applications are unloaded, AutoLISP's files closed.
+  void endWithProcess() { endsWithProcess_ = true; }
   Document(const Document&) = delete;
   Document& operator=(const Document&) = delete;
 
@@ -106,6 +109,9 @@ class Document {
   // AutoLISP's variables stay, its entity names belong to nothing any more.
   void open(const std::string& path, std::vector<std::string>* messages = nullptr);
 
+  // An interruption has ended what ran: was it the user's, the lines that were given beforehand are dropped.
+  void endInterruption();
+
   // Stops the running program as Ctrl-C does. Safe from another thread and from signal handlers.
   void interrupt() noexcept { interpreter_->interrupt(); }
 
@@ -113,6 +119,7 @@ class Document {
   const std::string& imp_path() const { return AcDbImpDatabase::of(database_.get()).path; }
   void runLine(std::string line);
   void runScripts();
+  void leaveMemory();
   Printer printer_;
   std::string transcript_;
   std::vector<std::unique_ptr<AcDbDatabase>> closed_;  // drawings whose objects AutoLISP values may still name
@@ -127,7 +134,8 @@ class Document {
   std::optional<EntityMaker> maker_;
   View view_;
   std::unique_ptr<CommandRun> waitingCommand_;
-  bool muted_ = false;
+  bool muted_ = false, endsWithProcess_ = false;
+  bool stopped_ = false;  // the user has stopped what the last line caused
   std::unique_ptr<PublishedFunctions> published_;
   int failures_ = 0;
 };

@@ -188,6 +188,8 @@ void collectArray(const AcDbBlockReference& reference, const AcGeMatrix3d* matri
 void collectReference(const AcDbBlockReference& reference, const AcGeMatrix3d* matrix, int depth, Walk& walk) {
   const AcDbStub* stub = stubOf(&reference);
   if (!stub) return;
+  // Open, so that a large block's content doesn't push the reference itself out of memory.
+  const AcDbObjectPointer<AcDbBlockReference> held(reference.objectId());
   collectArray(reference, matrix, depth, walk);
   if (!stub->children) return;
   for (AcDbStub* child : *stub->children) {
@@ -247,6 +249,7 @@ void collect(const AcDbEntity& entity, const AcGeMatrix3d* matrix, int depth, Wa
 }  // namespace
 
 std::vector<Stroke> strokesOf(const AcDbEntity& entity) {
+  const AcDbEntityPointer held(entity.objectId());
   Walk walk;
   collect(entity, nullptr, 0, walk);
   AcDbExtents box;

@@ -14,6 +14,12 @@ LinesSource::LinesSource(std::string_view text) {
   }
 }
 
+bool LinesSource::dropRest() {
+  const bool any = !lines_.empty();
+  lines_.clear();
+  return any;
+}
+
 Input LinesSource::next(const PromptInfo&) {
   if (lines_.empty()) return {};
   Input input = Input::line(std::move(lines_.front()));

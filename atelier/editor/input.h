@@ -45,6 +45,9 @@ class InputSource {
   virtual bool echoes() const { return false; }
   // The last answer fits no prompt. True: it begins something else, which comes next, and Enter stands in its place.
   virtual bool takesBack(const Input&) { return false; }
+  // The user has stopped what the answers cause: those that were given beforehand don't come any more. False when there
+  // were none.
+  virtual bool dropRest() { return false; }
   // A program answers: it can't say less than a user would at a prompt that takes one object or many.
   virtual bool isProgram() const { return false; }
 };
@@ -55,6 +58,7 @@ class LinesSource : public InputSource {
   LinesSource() = default;
   explicit LinesSource(std::string_view text);  // split at line ends
   Input next(const PromptInfo& prompt) override;
+  bool dropRest() override;
 
  private:
   std::deque<std::string> lines_;

@@ -6,6 +6,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "atelier/geometry/track.h"
+
 namespace atelier {
 namespace {
 
@@ -17,6 +19,7 @@ struct Part {
   AcGePoint2d centre;
   double radius = 0;  // 0: straight
   bool leftTurning = false;
+  double startWidth = 0, endWidth = 0;
 
   double bulge() const {
     if (radius == 0) return 0;
@@ -25,11 +28,12 @@ struct Part {
     sweep -= std::floor(sweep / (2 * std::numbers::pi)) * 2 * std::numbers::pi;
     return std::tan(sweep / 4) * (leftTurning ? 1 : -1);
   }
+  Track track() const { return radius > 0 ? Track::circle(centre, radius) : Track{from, direction, 0}; }
   bool runsBackwards() const { return radius == 0 && (to - from).dotProduct(direction) <= 0; }
 };
 
 Part moved(const PolylineVertex& a, const PolylineVertex& b, double distance) {
-  Part part{a.point, b.point, a.point, (b.point - a.point).normal(), {}, 0, a.bulge > 0};
+  Part part{a.point, b.point, a.point, (b.point - a.point).normal(), {}, 0, a.bulge > 0, a.startWidth, a.endWidth};
   const BulgeArc arc = bulgeArc(a.point, b.point, a.bulge);
   if (arc.radius == 0) {
     const AcGeVector2d shift = part.direction.perpVector() * distance;
@@ -44,40 +48,10 @@ Part moved(const PolylineVertex& a, const PolylineVertex& b, double distance) {
   return part;
 }
 
-using Points = std::vector<AcGePoint2d>;
-
-Points meetings(const Part& line, const AcGePoint2d& centre, double radius) {
-  const AcGeVector2d v = line.from - centre;
-  const double along = v.dotProduct(line.direction), rest = along * along - v.dotProduct(v) + radius * radius;
-  if (rest < 0) return {};
-  return {line.from + line.direction * (-along - std::sqrt(rest)),
-          line.from + line.direction * (-along + std::sqrt(rest))};
-}
-
-Points meetings(const Part& a, const Part& b) {
-  if (a.radius > 0 && b.radius == 0) return meetings(b, a.centre, a.radius);
-  if (a.radius == 0 && b.radius > 0) return meetings(a, b.centre, b.radius);
-  if (a.radius == 0) {
-    const double cross = a.direction.x * b.direction.y - a.direction.y * b.direction.x;
-    if (std::abs(cross) < kTouch) return {};
-    const AcGeVector2d w = b.from - a.from;
-    return {a.from + a.direction * ((w.x * b.direction.y - w.y * b.direction.x) / cross)};
-  }
-  // Two circles meet on their radical line.
-  const AcGeVector2d between = b.centre - a.centre;
-  const double d = between.length();
-  if (d == 0) return {};
-  const double along = (d * d + a.radius * a.radius - b.radius * b.radius) / (2 * d);
-  Part line;
-  line.direction = between.perpVector() * (1 / d);
-  line.from = a.centre + between * (along / d);
-  return meetings(line, a.centre, a.radius);
-}
-
 // Ends of neighbours are put where their lines meet, nearest to the corner they had.
 void join(Part& before, Part& after) {
   if ((before.to - after.from).length() <= kTouch) return;
-  const Points points = meetings(before, after);
+  const auto points = meetings(before.track(), after.track());
   if (points.empty()) return;
   before.to = after.from =
       *std::min_element(points.begin(), points.end(), [&](const AcGePoint2d& p, const AcGePoint2d& q) {
@@ -112,7 +86,7 @@ std::vector<PolylineVertex> offsetPath(const std::vector<PolylineVertex>& vertic
   }
   std::vector<PolylineVertex> path;
   for (std::size_t i = 0; i < parts.size(); ++i) {
-    path.push_back({parts[i].from, parts[i].bulge()});
+    path.push_back({parts[i].from, parts[i].bulge(), parts[i].startWidth, parts[i].endWidth});
     const bool last = i + 1 == parts.size();
     const AcGePoint2d next = parts[(i + 1) % parts.size()].from;
     if ((last && !closed) || (parts[i].to - next).length() > kTouch) path.push_back({parts[i].to});

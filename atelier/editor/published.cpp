@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "atelier/database/chain.h"
+#include "atelier/editor/cancelling.h"
 #include "atelier/editor/document.h"
 #include "atelier/editor/values.h"
 #include "hote/aced.h"
@@ -107,7 +108,7 @@ lisp::Value PublishedFunctions::run(int code, lisp::Arguments arguments) {
   try {
     owner->second(AcRx::kInvkSubrMsg, &applicationId);
   } catch (const Interrupted&) {
-    failure = "Function cancelled";
+    failure = kCancelled;
   } catch (const std::exception& error) {
     failure = error.what();
   }
@@ -116,10 +117,8 @@ lisp::Value PublishedFunctions::run(int code, lisp::Arguments arguments) {
   calls_.pop_back();
   const std::string fault = failure.empty() ? watch.fault() : std::string();
   watch.closeAll();
-  if (!failure.empty()) {
-    document_.interpreter().clearInterrupt();
-    document_.interpreter().fail(failure);
-  }
+  if (failure == kCancelled) failCancelled(document_.interpreter());
+  if (!failure.empty()) document_.interpreter().fail(failure);
   if (!fault.empty()) {
     if (strictHandlers) document_.interpreter().fail("fonction publiee " + std::to_string(code) + ": " + fault);
     std::fprintf(stderr, "kavel: fonction publiee %d: %s\n", code, fault.c_str());

@@ -27,22 +27,27 @@ SelectionMode modeNamed(std::string_view name) {
   return SelectionMode::unknown;
 }
 
-Set filtered(const SelectionSet* source, const SelectionFilter& filter) {
+// Those of the set for which `keeps` holds.
+template <class KEEPS>
+Set part(const SelectionSet& source, KEEPS keeps) {
   auto set = std::make_shared<SelectionSet>();
-  if (source)
-    for (AcDbStub* stub : source->list())
-      if (!stub->is(AcDbStub::kErased) && filter.matches(*stub)) set->add(stub);
+  for (AcDbStub* stub : source.list()) {
+    checkInterruption();
+    if (keeps(*stub)) set->add(stub);
+  }
   return set;
+}
+
+Set filtered(const SelectionSet* source, const SelectionFilter& filter) {
+  if (!source) return std::make_shared<SelectionSet>();
+  return part(*source, [&](AcDbStub& stub) { return !stub.is(AcDbStub::kErased) && filter.matches(stub); });
 }
 
 // Everything of the layouts that is not frozen.
 Set shownEntities(AcDbImpDatabase& database, const SelectionFilter& filter) {
-  const Set all = selectAll(database, filter);
-  auto set = std::make_shared<SelectionSet>();
   LayerStates layers(database);
-  for (AcDbStub* stub : all->list())
-    if (!layers.isFrozen(*stub) && !layers.isLocked(*stub)) set->add(stub);
-  return set;
+  return part(*selectAll(database, filter),
+              [&](AcDbStub& stub) { return !layers.isFrozen(stub) && !layers.isLocked(stub); });
 }
 
 Set single(AcDbStub* stub, const SelectionFilter& filter) {
@@ -120,9 +125,7 @@ Selected select(Document& document, const ModeText& mode, std::span<const AcGePo
   }
   if (result.set && mode.unlockedOnly) {
     LayerStates layers(db);
-    const std::vector<AcDbStub*> members = result.set->list();
-    for (AcDbStub* stub : members)
-      if (layers.isLocked(*stub)) result.set->remove(stub);
+    result.set = part(*result.set, [&](AcDbStub& stub) { return !layers.isLocked(stub); });
   }
   if (result.set && result.set->list().empty()) result.set.reset();
   if (result.set && placed) document.previousSelection = result.set;

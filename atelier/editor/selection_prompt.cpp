@@ -53,9 +53,13 @@ PromptInfo SelectionPrompt::prompt() const {
 void SelectionPrompt::takeObjects(const SelectionSet& found) {
   std::vector<AcDbStub*> step;
   for (AcDbStub* stub : found.list()) {
-    if (stub->is(AcDbStub::kErased) || !filter_.matches(*stub)) continue;
-    if (removing_ ? set_->remove(stub) : set_->add(stub)) step.push_back(stub);
+    checkInterruption();
+    if (!stub->is(AcDbStub::kErased) && set_->contains(stub) == removing_ && filter_.matches(*stub))
+      step.push_back(stub);
   }
+  if (removing_) set_->removeAll(step);
+  else
+    for (AcDbStub* stub : step) set_->add(stub);
   document_.print("\n" + std::to_string(step.size()) + (removing_ ? " retiré(s), " : " trouvé(s), ") +
                   std::to_string(set_->list().size()) + " au total");
   if (!removing_) steps_.push_back(std::move(step));
@@ -146,7 +150,7 @@ bool SelectionPrompt::takeWord(std::string_view typed) {
     takeObjects(last);
   } else if (word == "U") {
     if (!steps_.empty()) {
-      for (AcDbStub* stub : steps_.back()) set_->remove(stub);
+      set_->removeAll(steps_.back());
       steps_.pop_back();
     }
   } else {

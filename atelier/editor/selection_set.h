@@ -20,6 +20,12 @@ class SelectionSet {
     std::erase(list_, stub);
     return true;
   }
+  // Many at once, in one pass over the list.
+  void removeAll(const std::vector<AcDbStub*>& stubs) {
+    std::size_t removed = 0;
+    for (AcDbStub* stub : stubs) removed += members_.erase(stub);
+    if (removed > 0) std::erase_if(list_, [this](AcDbStub* stub) { return !contains(stub); });
+  }
   bool contains(const AcDbStub* stub) const { return members_.contains(const_cast<AcDbStub*>(stub)); }
   const std::vector<AcDbStub*>& list() const { return list_; }
 

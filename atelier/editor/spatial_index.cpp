@@ -84,12 +84,16 @@ void SpaceIndex::bringUpToDate() {
   if (touched > 0 && touched * kRepackShare > children.size()) packed_ = false;
   const BlockExtentsKept kept;
   while (!changed_.empty()) {
+    checkInterruption();
     const auto place = places_.find(*changed_.begin());
     if (place != places_.end()) remeasure(place->second);
     changed_.erase(changed_.begin());
   }
   if (blocksChanged_)
-    for (std::size_t i = 0; i < throughBlocks_.size(); ++i) remeasure(throughBlocks_[i]);
+    for (std::size_t i = 0; i < throughBlocks_.size(); ++i) {
+      checkInterruption();
+      remeasure(throughBlocks_[i]);
+    }
   blocksChanged_ = false;
   entries_.reserve(children.size());
   for (std::size_t i = entries_.size(); i < children.size(); ++i) {

@@ -80,7 +80,8 @@ class Curve {
   // that lies in no plane.
   std::optional<double> area() const;
   // The points where the two meet, in the order of this curve, each once. Curves that run along each other have none
-  // there.
+  // there. A spline with itself: where it crosses itself, once each, its closing point left out; a row of pieces also
+  // meets itself where its pieces join.
   std::vector<Crossing> crossings(const Curve& other, bool extendThis, bool extendOther) const;
   // Points along the curve, no chord farther than the bound from it.
   std::vector<AcGePoint3d> sample(double chord) const;
@@ -98,6 +99,7 @@ class Curve {
   const std::vector<double>& lengths() const;  // up to the end of each piece
   const BoxTree& tree() const;
   std::shared_ptr<const Curve> extended() const;
+  std::vector<Crossing> selfCrossings() const;  // of a single spline
 
   std::vector<Piece> pieces_;
   bool closed_ = false;

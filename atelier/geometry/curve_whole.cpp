@@ -162,6 +162,7 @@ std::vector<Crossing> eachOnce(const Curve& a, const Curve& b, const std::vector
 }  // namespace
 
 std::vector<Crossing> Curve::crossings(const Curve& other, bool extendThis, bool extendOther) const {
+  if (&other == this && std::holds_alternative<Spline>(pieces_.front().shape)) return selfCrossings();
   if (extendThis || extendOther) {
     const auto a = extendThis && !closed_ ? extended() : nullptr;
     const auto b = extendOther && !other.closed_ ? other.extended() : nullptr;

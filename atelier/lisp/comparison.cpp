@@ -28,11 +28,12 @@ bool atomsEqual(Value a, Value b, double fuzz) {
 
 }  // namespace
 
-bool equal(Value a, Value b, double fuzz) {
+bool equal(Interpreter& in, Value a, Value b, double fuzz) {
   if (!a.isPair() || !b.isPair()) return atomsEqual(a, b, fuzz);
   std::vector<std::pair<Value, Value>> pending;
   for (;;) {
     while (a.isPair() && b.isPair()) {
+      in.poll();
       if (a.car().isPair() && b.car().isPair()) pending.emplace_back(a.car(), b.car());
       else if (!atomsEqual(a.car(), b.car(), fuzz)) return false;
       a = a.cdr();
@@ -119,7 +120,7 @@ Value eqFunction(Interpreter& in, Arguments arguments) { return in.boolean(same(
 
 Value equalFunction(Interpreter& in, Arguments arguments) {
   const double fuzz = arguments.size() > 2 ? numberArgument(in, arguments[2]) : 0;
-  return in.boolean(equal(arguments[0], arguments[1], fuzz));
+  return in.boolean(equal(in, arguments[0], arguments[1], fuzz));
 }
 
 Value isNil(Interpreter& in, Arguments arguments) { return in.boolean(!arguments[0]); }

@@ -7,18 +7,13 @@
 namespace atelier::lisp {
 namespace {
 
-constexpr std::size_t kChainEnds = 40;   // calls that an error keeps at each end of its chain
-constexpr int kMostCatches = 10000;      // nested vl-catch-all-apply: an interrupt has to pass them all
-constexpr std::size_t kFormWidth = 160;  // characters of a form in the chain
+constexpr std::size_t kChainEnds = 40;      // calls that an error keeps at each end of its chain
+constexpr int kMostCatches = 10000;         // nested vl-catch-all-apply: an interrupt has to pass them all
+constexpr std::size_t kFormWidth = 160;     // characters of a form in the chain
+constexpr std::size_t kValueWidth = 10000;  // bytes of a value in a message
 
 std::string shortened(Value form) {
-  std::string text = form.isUserSubr() && form.cdr().isSymbol() ? form.cdr().name() : prin1(form);
-  if (text.size() > kFormWidth) {
-    std::size_t end = kFormWidth;
-    while ((static_cast<unsigned char>(text[end]) & 0xc0) == 0x80) --end;
-    text.replace(end, std::string::npos, "...");
-  }
-  return text;
+  return form.isUserSubr() && form.cdr().isSymbol() ? form.cdr().name() : prin1Beginning(form, kFormWidth);
 }
 
 }  // namespace
@@ -26,7 +21,7 @@ std::string shortened(Value form) {
 void Interpreter::fail(const std::string& message, Error::Kind kind) { fail(Error(message, kind)); }
 
 void Interpreter::failType(const char* predicate, Value found) {
-  fail("bad argument type: " + std::string(predicate) + " " + prin1(found));
+  fail("bad argument type: " + std::string(predicate) + " " + prin1Beginning(found, kValueWidth));
 }
 
 void Interpreter::fail(Error error) {
@@ -158,6 +153,15 @@ Value Interpreter::loadFile(const std::string& path) {
 
 Value Interpreter::call(Value function, Arguments arguments) {
   return border([&] { return apply(function, arguments); });
+}
+
+std::string Interpreter::printed(Value value) {
+  std::string text;
+  border([&] {
+    text = prin1(*this, value);
+    return nil;
+  });
+  return text;
 }
 
 Value Interpreter::call(std::string_view name, Arguments arguments) { return call(symbol(name), arguments); }

@@ -21,7 +21,12 @@ std::optional<std::string> readWholeFile(const std::string& path) {
   if (std::filesystem::is_directory(path, error)) return std::nullopt;
   std::ifstream in(path, std::ios::binary);
   if (!in) return std::nullopt;
-  return std::string(std::istreambuf_iterator<char>(in), {});
+  const std::uintmax_t size = std::filesystem::file_size(path, error);
+  if (error || size == 0) return std::string(std::istreambuf_iterator<char>(in), {});  // a pipe or a device
+  std::string bytes(size, '\0');
+  in.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  bytes.resize(static_cast<std::size_t>(in.gcount()));
+  return bytes;
 }
 
 std::shared_ptr<FileObject> FileObject::open(const std::string& path, char mode, bool utf8) {

@@ -24,6 +24,9 @@ namespace {
 // Between two collections at least this much is allocated: small enough for the processor's cache.
 constexpr std::size_t kLeastCells = std::size_t{1} << 19;
 constexpr std::size_t kLeastBytes = std::size_t{32} << 20;
+constexpr std::size_t kLongest = std::size_t{1} << 28;  // bytes of a string
+constexpr std::size_t kPiece = std::size_t{1} << 20;    // bytes of a string that are copied at a stretch
+constexpr std::size_t kPairsBetweenLooks = std::size_t{1} << 16;
 
 }  // namespace
 
@@ -118,7 +121,7 @@ TextBytes* Heap::newBytes(std::size_t size, std::size_t capacity) {
 }
 
 void Heap::release(TextBytes* bytes) {
-  if (--bytes->references) return;
+  if (bytes->references > 0 && --bytes->references) return;
   bytesLive_ -= bytes->capacity;
   std::free(bytes);
 }
@@ -136,21 +139,34 @@ Value Heap::string(std::string_view utf8) {
   return textCell(bytes, utf8.size(), countCharacters(utf8));
 }
 
+// Fresh pages come slowly: a long string is copied in pieces between which a program can be stopped.
+void Heap::append(TextBytes& bytes, std::string_view text) {
+  while (!text.empty()) {
+    const std::string_view piece = text.substr(0, kPiece);
+    std::memcpy(bytes.data() + bytes.used, piece.data(), piece.size());
+    bytes.used += static_cast<std::uint32_t>(piece.size());
+    text.remove_prefix(piece.size());
+    if (!text.empty()) roots_.betweenPieces();
+  }
+}
+
 Value Heap::concatenate(const Value* parts, std::size_t count) {
   std::size_t size = 0, characters = 0;
   for (std::size_t i = 0; i < count; ++i) {
     size += parts[i].string()->size;
     characters += parts[i].characters();
   }
-  if (size > 0x3fff'ffff) throw std::length_error("string too long");
+  if (size > kLongest) throw std::length_error("string too long");
   Text* first = count ? parts[0].string() : nullptr;
   const bool extends = first && first->size == first->bytes->used && size <= first->bytes->capacity;
   TextBytes* bytes = extends ? first->bytes : newBytes(0, size < 32 ? std::max<std::size_t>(size, 4) : 2 * size);
-  std::size_t part = extends ? 1 : 0;
-  for (bytes->used = extends ? first->size : 0; part < count; ++part) {
-    const Text* text = parts[part].string();
-    std::memcpy(bytes->data() + bytes->used, text->bytes->data(), text->size);
-    bytes->used += text->size;
+  bytes->used = extends ? first->size : 0;
+  try {
+    for (std::size_t part = extends ? 1 : 0; part < count; ++part) append(*bytes, parts[part].text());
+  } catch (...) {
+    if (extends) bytes->used = first->size;
+    else release(bytes);
+    throw;
   }
   return textCell(bytes, size, characters);
 }
@@ -173,7 +189,7 @@ void Heap::mark(Value value) {
       case Value::kPair:
       case Value::kUserSubr: {
         Pair* pair = value.pair();
-        if (!setMark(pair)) return;
+        if (!setMark(pair) || !mayGoOn()) return;
         if (pair->car.isPair() || pair->car.isUserSubr()) pending_.push_back(pair->car);
         else mark(pair->car);
         value = pair->cdr;
@@ -187,6 +203,12 @@ void Heap::mark(Value value) {
       default: return;
     }
   }
+}
+
+// A collection of a heap of gigabytes takes longer than a user who stops a program waits.
+bool Heap::mayGoOn() {
+  if (++visited_ % kPairsBetweenLooks == 0) abandoned_ |= roots_.isStopping();
+  return !abandoned_;
 }
 
 void Heap::drain() {
@@ -225,6 +247,8 @@ KAVEL_NO_ASAN __attribute__((noinline)) void Heap::markConservatively(const void
 
 void Heap::collect() {
   ++collections_;
+  visited_ = 0;
+  abandoned_ = false;
   for (std::uintptr_t address : blocks_) {
     Block* block = reinterpret_cast<Block*>(address);
     std::memset(block->marks, 0, sizeof block->marks);
@@ -232,8 +256,17 @@ void Heap::collect() {
   drain();
   roots_.markRoots(*this);
   drain();
-  roots_.afterMarking(*this);
+  if (abandoned_) keepAll();
+  else roots_.afterMarking(*this);
   sweep();
+}
+
+// Nothing is freed by a collection that was left: the next one starts anew.
+void Heap::keepAll() {
+  for (std::uintptr_t address : blocks_) {
+    Block* block = reinterpret_cast<Block*>(address);
+    std::memset(block->marks, 0xFF, sizeof block->marks);
+  }
 }
 
 void Heap::releaseCell(Kind kind, Cell* cell) {

@@ -20,6 +20,10 @@ class RootSource {
   virtual void markRoots(Heap& heap) = 0;
   // Everything that lives is marked, nothing is freed yet: weak tables drop what is not marked.
   virtual void afterMarking(Heap& heap) = 0;
+  // Called now and then while much is copied; throws to break it off.
+  virtual void betweenPieces() = 0;
+  // Asked now and then during a collection: whether to leave it, since the program is being stopped.
+  virtual bool isStopping() const = 0;
 
  protected:
   ~RootSource() = default;
@@ -94,11 +98,14 @@ class Heap {
   }
   const Block* blockAt(std::uintptr_t address) const;
   void drain();
+  bool mayGoOn();
+  void keepAll();
   void sweep();
   void sweepBlock(Block* block);
   void releaseCell(Kind kind, Cell* cell);
   TextBytes* newBytes(std::size_t size, std::size_t capacity);
   void release(TextBytes* bytes);
+  void append(TextBytes& bytes, std::string_view text);
   Value textCell(TextBytes* bytes, std::size_t size, std::size_t characters);
 
   RootSource& roots_;
@@ -108,6 +115,8 @@ class Heap {
   std::size_t allocated_ = 0;                       // cells handed out in runs since the last collection
   std::size_t bytesAllocated_ = 0, bytesLive_ = 0;  // of strings: since the last collection, in all
   std::size_t live_ = 0, collections_ = 0;
+  std::size_t visited_ = 0;  // pairs that this collection has marked
+  bool abandoned_ = false;   // this collection
 };
 
 // The number of code points of valid UTF-8.

@@ -51,6 +51,8 @@ class Interpreter final : private RootSource {
   // Calls a function value, or the function that a name is bound to, with evaluated arguments.
   Value call(Value function, Arguments arguments);
   Value call(std::string_view name, Arguments arguments);
+  // The value as prin1 prints it; an interrupt stops it as it stops a program.
+  std::string printed(Value value);
 
   // Makes a running program stop with the error "Function cancelled". Safe from any thread and from signal
   // handlers.
@@ -208,6 +210,8 @@ class Interpreter final : private RootSource {
   Primitive* newPrimitive(std::string_view name);
   void markRoots(Heap& heap) override;
   void afterMarking(Heap& heap) override;
+  void betweenPieces() override { poll(); }
+  bool isStopping() const override { return interrupted(); }
   Value lambdaOf(Value function) const;
 
   // What every call touches.

@@ -80,7 +80,7 @@ Value last(Interpreter& in, Arguments arguments) {
 Value member(Interpreter& in, Arguments arguments) {
   Value found = nil;
   eachCell(in, arguments[1], [&](Value cell) {
-    if (!equal(arguments[0], cell.car())) return true;
+    if (!equal(in, arguments[0], cell.car())) return true;
     found = cell;
     return false;
   });
@@ -95,7 +95,7 @@ Value assoc(Interpreter& in, Arguments arguments) {
       if (entry) in.fail("bad association list: " + prin1(arguments[1]));
       return true;
     }
-    if (!equal(arguments[0], entry.car())) return true;
+    if (!equal(in, arguments[0], entry.car())) return true;
     found = entry;
     return false;
   });
@@ -105,14 +105,15 @@ Value assoc(Interpreter& in, Arguments arguments) {
 Value subst(Interpreter& in, Arguments arguments) {
   ValueStack elements(in);
   Value rest = listArgument(in, arguments[2]);
-  for (; rest.isPair(); rest = rest.cdr()) elements.push(equal(arguments[1], rest.car()) ? arguments[0] : rest.car());
-  return elements.list(rest && equal(arguments[1], rest) ? arguments[0] : rest);
+  for (; rest.isPair(); rest = rest.cdr())
+    elements.push(equal(in, arguments[1], rest.car()) ? arguments[0] : rest.car());
+  return elements.list(rest && equal(in, arguments[1], rest) ? arguments[0] : rest);
 }
 
 Value remove(Interpreter& in, Arguments arguments) {
   ValueStack elements(in);
   eachCell(in, arguments[1], [&](Value cell) {
-    if (!equal(arguments[0], cell.car())) elements.push(cell.car());
+    if (!equal(in, arguments[0], cell.car())) elements.push(cell.car());
     return true;
   });
   return elements.list();
@@ -122,7 +123,7 @@ Value position(Interpreter& in, Arguments arguments) {
   std::int32_t index = 0;
   bool found = false;
   eachCell(in, arguments[1], [&](Value cell) {
-    found = equal(arguments[0], cell.car());
+    found = equal(in, arguments[0], cell.car());
     index += !found;
     return !found;
   });

@@ -15,19 +15,19 @@ void emit(Interpreter& in, Value file, std::string_view text) {
 
 Value princFunction(Interpreter& in, Arguments arguments) {
   if (arguments.empty()) return in.quiet();
-  emit(in, optional(arguments, 1), princ(arguments[0]));
+  emit(in, optional(arguments, 1), princ(in, arguments[0]));
   return arguments[0];
 }
 
 Value prin1Function(Interpreter& in, Arguments arguments) {
   if (arguments.empty()) return in.quiet();
-  emit(in, optional(arguments, 1), prin1(arguments[0]));
+  emit(in, optional(arguments, 1), prin1(in, arguments[0]));
   return arguments[0];
 }
 
 Value printFunction(Interpreter& in, Arguments arguments) {
   if (arguments.empty()) return in.quiet();
-  emit(in, optional(arguments, 1), "\n" + prin1(arguments[0]) + " ");
+  emit(in, optional(arguments, 1), "\n" + prin1(in, arguments[0]) + " ");
   return arguments[0];
 }
 

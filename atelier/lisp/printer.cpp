@@ -4,7 +4,7 @@
 #include <charconv>
 #include <vector>
 
-#include "atelier/lisp/builtin.h"
+#include "atelier/lisp/interpreter.h"
 
 namespace atelier::lisp {
 namespace {
@@ -62,10 +62,13 @@ void printAtom(std::string& out, Value value, bool quoting) {
   }
 }
 
-std::string print(Value value, bool quoting) {
+// Until the end or the first place where `goesOn`, which is told what is there, returns false.
+template <class GoesOn>
+std::string print(Value value, bool quoting, GoesOn goesOn) {
   std::string out;
   std::vector<Value> open;  // what is still to print of each list around the value
   for (;;) {
+    if (!goesOn(out)) return out;
     if (value.isPair()) {
       out.push_back('(');
       open.push_back(value.cdr());
@@ -116,7 +119,30 @@ std::string printReal(double number) {
   return text.insert(std::min(text.find('e'), text.size()), ".0");
 }
 
-std::string prin1(Value value) { return print(value, true); }
-std::string princ(Value value) { return print(value, false); }
+namespace {
+
+constexpr auto kWhole = [](const std::string&) { return true; };
+
+auto polling(Interpreter& in) {
+  return [&in](const std::string&) {
+    in.poll();
+    return true;
+  };
+}
+
+}  // namespace
+
+std::string prin1(Value value) { return print(value, true, kWhole); }
+std::string princ(Value value) { return print(value, false, kWhole); }
+std::string prin1(Interpreter& in, Value value) { return print(value, true, polling(in)); }
+std::string princ(Interpreter& in, Value value) { return print(value, false, polling(in)); }
+
+std::string prin1Beginning(Value value, std::size_t most) {
+  std::string text = print(value, true, [most](const std::string& out) { return out.size() <= most; });
+  if (text.size() <= most) return text;
+  std::size_t end = most;
+  while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xc0) == 0x80) --end;
+  return text.replace(end, std::string::npos, "...");
+}
 
 }  // namespace atelier::lisp

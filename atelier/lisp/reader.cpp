@@ -1,15 +1,19 @@
-// The reader: recursive descent over the text; only nested lists recurse, within the machine stack's limit.
+// The reader. Lists are put together where they belong as they are read, so that nesting takes neither machine stack
+// nor time to be taken down when the reading breaks off.
 #include "atelier/lisp/reader.h"
 
 #include <charconv>
 
+#include "atelier/database/real_reading.h"
 #include "atelier/lisp/encoding.h"
+#include "atelier/lisp/root.h"
 #include "atelier/lisp/session.h"
 
 namespace atelier::lisp {
 namespace {
 
-constexpr char kEndOfFile = '\x1a';  // Ctrl-Z, with which old editors end a file
+constexpr std::size_t kDeepest = 500'000;  // lists in lists: what is nested deeper could not be evaluated either
+constexpr char kEndOfFile = '\x1a';        // Ctrl-Z, with which old editors end a file
 
 bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r') || c == kEndOfFile || c == '\0'; }
 bool isDelimiter(char c) { return isBlank(c) || c == '(' || c == ')' || c == '\'' || c == '"' || c == ';'; }
@@ -47,13 +51,7 @@ std::optional<Value> parseNumber(std::string_view token) {
   if (const auto [rest, error] = std::from_chars(token.data(), end, whole); rest == end && error == std::errc())
     return Value::integer(whole);
   double number = 0;
-  const auto [rest, error] = std::from_chars(token.data(), end, number);
-  if (error == std::errc::result_out_of_range) {
-    const std::size_t exponent = token.find_first_of("eE");
-    const bool tiny = exponent != std::string_view::npos && token[exponent + 1] == '-';
-    number = tiny ? 0.0 : std::numeric_limits<double>::infinity();
-    if (token[0] == '-') number = -number;
-  }
+  readReal(token.data(), end, number);
   return Value::real(number);
 }
 
@@ -110,58 +108,63 @@ std::optional<Value> Reader::next() {
 }
 
 Value Reader::form() {
-  switch (peek()) {
-    case '(': return list();
-    case '"': return string();
-    case '\'': return quoted();
-    default: return atom();
+  const Root whole(in_, in_.cons(nil, nil));  // everything that is being read hangs on it
+  open_.clear();
+  for (Value* place = &whole.get().pair()->car; place; place = nextPlace()) fill(place);
+  return whole.get().car();
+}
+
+void Reader::fill(Value* place) {
+  while (peek() == '\'') {
+    in_.poll();
+    take();
+    if (!skipBlanks() || peek() == ')') fail("malformed list on input");
+    const Value quoted = in_.list({in_.symbol("QUOTE"), nil});
+    *place = quoted;
+    place = &quoted.cdr().pair()->car;
+  }
+  if (peek() == '(') {
+    if (open_.size() == kDeepest) in_.fail("hard stack overflow");
+    open_.push_back({place, nil, line_});
+    take();
+  } else {
+    *place = peek() == '"' ? string() : atom();
   }
 }
 
-Value Reader::quoted() {
-  take();
-  if (!skipBlanks() || peek() == ')') fail("malformed list on input");
-  in_.checkStack();
-  const Value value = form();
-  return in_.list({in_.symbol("QUOTE"), value});
-}
-
-Value Reader::list() {
-  in_.checkStack();
-  const int began = line_;
-  take();
-  Value first = nil, last = nil;
-  for (;;) {
+Value* Reader::nextPlace() {
+  while (!open_.empty()) {
+    in_.poll();
+    Open& list = open_.back();
     if (!skipBlanks()) fail("malformed list on input");
-    if (peek() == ')') break;
-    if (peek() == '.' && (at_ + 1 == text_.size() || isDelimiter(peek(1)))) {
-      if (!first) fail("misplaced dot on input");
-      last.pair()->cdr = tail();
-      break;
+    if (peek() == ')') {
+      take();
+      if (sources_ && *list.start) sources_->record(*list.start, list.line);
+      open_.pop_back();
+    } else if (list.dotted) {
+      fail("extra cdrs in dotted pair on input");
+    } else if (peek() == '.' && (at_ + 1 == text_.size() || isDelimiter(peek(1)))) {
+      if (!list.last) fail("misplaced dot on input");
+      take();
+      if (!skipBlanks()) fail("malformed list on input");
+      if (peek() == ')') fail("misplaced dot on input");
+      list.dotted = true;
+      return &list.last.pair()->cdr;
+    } else {
+      const Value cell = in_.cons(nil, nil);
+      (list.last ? list.last.pair()->cdr : *list.start) = cell;
+      list.last = cell;
+      return &cell.pair()->car;
     }
-    const Value cell = in_.cons(form(), nil);
-    (first ? last.pair()->cdr : first) = cell;
-    last = cell;
   }
-  take();
-  if (sources_ && first) sources_->record(first, began);
-  return first;
-}
-
-Value Reader::tail() {
-  take();
-  if (!skipBlanks()) fail("malformed list on input");
-  if (peek() == ')') fail("misplaced dot on input");
-  const Value value = form();
-  if (!skipBlanks()) fail("malformed list on input");
-  if (peek() != ')') fail("extra cdrs in dotted pair on input");
-  return value;
+  return nullptr;
 }
 
 Value Reader::string() {
   take();
   std::string text;
   for (;;) {
+    in_.poll();
     if (atEnd()) fail("malformed string on input");
     const char c = take();
     if (c == '"') return in_.string(text);

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "atelier/lisp/interpreter.h"
 
@@ -26,11 +27,12 @@ class Reader {
   bool skipBlanks();  // false at the end of the text
   void skipBlockComment();
   Value form();
-  Value list();
+  // Reads an atom into the place, or opens the list that belongs there.
+  void fill(Value* place);
+  // The place of the form that comes next, after the lists that end here; null when none is open any more.
+  Value* nextPlace();
   Value string();
-  Value quoted();
   Value atom();
-  Value tail();  // what follows the dot of a pair, and the closing parenthesis
   void escape(std::string& text);
   std::uint32_t digits(int base, std::size_t most);
   std::string_view token();
@@ -39,10 +41,19 @@ class Reader {
   char take();
   [[noreturn]] void fail(const char* message);
 
+  // A list that is being read: its place, its last cell so far, the line it began on.
+  struct Open {
+    Value* start;
+    Value last;
+    int line;
+    bool dotted = false;  // what follows the dot has its place already
+  };
+
   Interpreter& in_;
   std::string_view text_;
   std::string file_;
   SourceMap* sources_;
+  std::vector<Open> open_;  // innermost last
   std::size_t at_ = 0;
   int line_ = 1;
   int formLine_ = 1;  // where the form that is being read began

@@ -14,11 +14,12 @@ namespace {
 // A stable merge sort that calls `before` between elements only: unlike std::sort it ends, with every element
 // still there, also when a program's predicate is no order. `room` is as long as `values`.
 template <class Item, class Before>
-void mergeSort(std::span<Item> values, std::span<Item> room, Before& before) {
+void mergeSort(Interpreter& in, std::span<Item> values, std::span<Item> room, Before& before) {
   if (values.size() < 2) return;
+  in.poll();
   const std::size_t half = values.size() / 2;
-  mergeSort(values.first(half), room.first(half), before);
-  mergeSort(values.subspan(half), room.subspan(half), before);
+  mergeSort(in, values.first(half), room.first(half), before);
+  mergeSort(in, values.subspan(half), room.subspan(half), before);
   if (!before(values[half], values[half - 1])) return;
   std::copy_n(values.begin(), half, room.begin());
   std::size_t left = 0, right = half, out = 0;
@@ -58,7 +59,7 @@ Value sortFunction(Interpreter& in, Arguments arguments) {
   const std::size_t count = stack.values().size();
   for (std::size_t i = 0; i < count; ++i) stack.push(nil);
   const auto values = stack.values().first(count), room = stack.values().subspan(count);
-  withOrder(in, arguments[1], values, [&](auto& before) { mergeSort(values, room, before); });
+  withOrder(in, arguments[1], values, [&](auto& before) { mergeSort(in, values, room, before); });
   Value result = nil;
   for (std::size_t i = count; i-- > 0;)
     if (!result || values[i] != result.car() || values[i].isReal()) result = in.cons(values[i], result);
@@ -75,7 +76,7 @@ Value sortIndices(Interpreter& in, Arguments arguments) {
     auto byValue = [&](std::int32_t a, std::int32_t b) {
       return before(values[static_cast<std::size_t>(a)], values[static_cast<std::size_t>(b)]);
     };
-    mergeSort(std::span(indices), std::span(room), byValue);
+    mergeSort(in, std::span(indices), std::span(room), byValue);
   });
   Value result = nil;
   for (std::size_t i = indices.size(); i-- > 0;) result = in.cons(Value::integer(indices[i]), result);
@@ -84,15 +85,25 @@ Value sortIndices(Interpreter& in, Arguments arguments) {
 
 // Alphabetical, without regard to case; the capital comes first between words that differ in case only.
 Value sortStrings(Interpreter& in, Arguments arguments) {
+  struct Keyed {
+    std::string key;
+    Value value;
+  };
   ValueStack stack(in);
   stack.pushAll(listArgument(in, arguments[0]));
-  std::vector<std::pair<std::string, Value>> keyed;
-  for (Value value : stack.values()) keyed.emplace_back(upperCase(stringArgument(in, value)), value);
-  std::stable_sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) {
-    return a.first != b.first ? a.first < b.first : a.second.text() < b.second.text();
-  });
+  std::vector<Keyed> keyed;
+  for (Value value : stack.values()) {
+    in.poll();
+    keyed.push_back({upperCase(stringArgument(in, value)), value});
+  }
+  std::vector<const Keyed*> order, room(keyed.size());
+  for (const Keyed& one : keyed) order.push_back(&one);
+  const auto before = [](const Keyed* a, const Keyed* b) {
+    return a->key != b->key ? a->key < b->key : a->value.text() < b->value.text();
+  };
+  mergeSort(in, std::span(order), std::span(room), before);
   stack.clear();
-  for (const auto& [key, value] : keyed) stack.push(value);
+  for (const Keyed* one : order) stack.push(one->value);
   return stack.list();
 }
 

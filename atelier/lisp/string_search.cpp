@@ -24,9 +24,22 @@ std::string codeText(Interpreter& in, Value code) {
   return text;
 }
 
+// As find() of a string, but a program can be stopped in it: so many bytes are compared at a stretch.
+std::size_t findIn(Interpreter& in, std::string_view text, std::string_view pattern, std::size_t start) {
+  constexpr std::size_t kCompared = std::size_t{1} << 26;
+  if (pattern.empty()) return text.find(pattern, start);
+  const std::size_t stretch = kCompared / pattern.size() + 1;
+  for (; start + pattern.size() <= text.size(); start += stretch) {
+    in.poll();
+    const std::size_t found = text.substr(start, stretch - 1 + pattern.size()).find(pattern);
+    if (found != std::string_view::npos) return start + found;
+  }
+  return std::string_view::npos;
+}
+
 Value search(Interpreter& in, Arguments arguments) {
   const std::string_view pattern = stringArgument(in, arguments[0]), text = stringArgument(in, arguments[1]);
-  const std::size_t found = text.find(pattern, startOffset(in, text, optional(arguments, 2)));
+  const std::size_t found = findIn(in, text, pattern, startOffset(in, text, optional(arguments, 2)));
   return found == std::string_view::npos ? nil : characterIndex(text, found);
 }
 
@@ -43,10 +56,10 @@ Value position(Interpreter& in, Arguments arguments) {
 // Replaces the first occurrence.
 Value substitute(Interpreter& in, Arguments arguments) {
   const std::string_view replacement = stringArgument(in, arguments[0]), pattern = stringArgument(in, arguments[1]);
-  std::string text(stringArgument(in, arguments[2]));
-  const std::size_t found = text.find(pattern, startOffset(in, text, optional(arguments, 3)));
-  if (found == std::string::npos || pattern.empty()) return arguments[2];
-  return in.string(text.replace(found, pattern.size(), replacement));
+  const std::string_view text = stringArgument(in, arguments[2]);
+  const std::size_t found = findIn(in, text, pattern, startOffset(in, text, optional(arguments, 3)));
+  if (found == std::string_view::npos || pattern.empty()) return arguments[2];
+  return in.string(std::string(text).replace(found, pattern.size(), replacement));
 }
 
 // Replaces each character of the first set by the one in its place in the second.
@@ -55,6 +68,7 @@ Value translate(Interpreter& in, Arguments arguments) {
   const std::string_view text = stringArgument(in, arguments[2]);
   std::string result;
   for (std::size_t i = 0; i < text.size();) {
+    in.poll();
     std::uint32_t code = nextCodePoint(text, i);
     for (std::size_t f = 0, t = 0; f < from.size() && t < to.size();) {
       const std::uint32_t old = nextCodePoint(from, f), replacement = nextCodePoint(to, t);
@@ -121,6 +135,7 @@ Value mismatch(Interpreter& in, Arguments arguments) {
   const bool ignoreCase = static_cast<bool>(optional(arguments, 4));
   std::int32_t common = 0;
   for (std::size_t i = 0, k = 0; i < a.size() && k < b.size(); ++common) {
+    in.poll();
     const std::uint32_t x = nextCodePoint(a, i), y = nextCodePoint(b, k);
     if (ignoreCase ? upperCase(x) != upperCase(y) : x != y) break;
   }
@@ -128,7 +143,8 @@ Value mismatch(Interpreter& in, Arguments arguments) {
 }
 
 Value wcmatch(Interpreter& in, Arguments arguments) {
-  return in.boolean(matchesWildcard(stringArgument(in, arguments[0]), stringArgument(in, arguments[1])));
+  const std::string_view text = stringArgument(in, arguments[0]), patterns = stringArgument(in, arguments[1]);
+  return in.boolean(matchesWildcard(text, patterns, [&in] { in.poll(); }));
 }
 
 constexpr Builtin kTable[] = {

@@ -1,6 +1,7 @@
 // Strings: length, parts, case, codes. Positions count characters (code points), not bytes.
 #include <charconv>
 
+#include "atelier/database/real_reading.h"
 #include "atelier/lisp/arguments.h"
 #include "atelier/lisp/encoding.h"
 #include "atelier/lisp/families.h"
@@ -39,9 +40,19 @@ Value substr(Interpreter& in, Arguments arguments) {
   return in.string(rest.substr(0, offset(rest, static_cast<std::size_t>(length))));
 }
 
+// Piece by piece, so that a program can be stopped in a long string.
 Value strcase(Interpreter& in, Arguments arguments) {
-  const std::string_view text = stringArgument(in, arguments[0]);
-  return in.string(optional(arguments, 1) ? lowerCase(text) : upperCase(text));
+  constexpr std::size_t kPiece = 4096;  // characters
+  const bool lower = static_cast<bool>(optional(arguments, 1));
+  std::string_view text = stringArgument(in, arguments[0]);
+  std::string result;
+  while (!text.empty()) {
+    in.poll();
+    const std::string_view piece = text.substr(0, byteOffset(text, kPiece));
+    result += lower ? lowerCase(piece) : upperCase(piece);
+    text.remove_prefix(piece.size());
+  }
+  return in.string(result);
 }
 
 Value ascii(Interpreter& in, Arguments arguments) {
@@ -68,14 +79,19 @@ Value chr(Interpreter& in, Arguments arguments) {
 Value stringToList(Interpreter& in, Arguments arguments) {
   const std::string_view text = stringArgument(in, arguments[0]);
   ValueStack codes(in);
-  for (std::size_t i = 0; i < text.size();)
+  for (std::size_t i = 0; i < text.size();) {
+    in.poll();
     codes.push(Value::integer(static_cast<std::int32_t>(nextCodePoint(text, i))));
+  }
   return codes.list();
 }
 
 Value listToString(Interpreter& in, Arguments arguments) {
   std::string text;
-  for (Value code : Items(listArgument(in, arguments[0]))) appendCode(in, text, code);
+  for (Value code : Items(listArgument(in, arguments[0]))) {
+    in.poll();
+    appendCode(in, text, code);
+  }
   return in.string(text);
 }
 
@@ -100,18 +116,17 @@ Value atof(Interpreter& in, Arguments arguments) {
   if (text.starts_with('+')) text.remove_prefix(1);
   text = text.substr(0, text.find_first_not_of("0123456789.eE+-"));  // no "inf", no "nan"
   double number = 0;
-  std::from_chars(text.data(), text.data() + text.size(), number);
+  readReal(text.data(), text.data() + text.size(), number);
   return Value::real(number);
 }
 
 Value readFunction(Interpreter& in, Arguments arguments) {
   if (arguments.empty()) return nil;
-  const std::string text(stringArgument(in, arguments[0]));
-  return in.read(text);
+  return in.read(stringArgument(in, arguments[0]));
 }
 
-Value princToString(Interpreter& in, Arguments arguments) { return in.string(princ(arguments[0])); }
-Value prin1ToString(Interpreter& in, Arguments arguments) { return in.string(prin1(arguments[0])); }
+Value princToString(Interpreter& in, Arguments arguments) { return in.string(princ(in, arguments[0])); }
+Value prin1ToString(Interpreter& in, Arguments arguments) { return in.string(prin1(in, arguments[0])); }
 
 constexpr Builtin kTable[] = {
     {"strcat", strcat, 0, kAnyNumber, "(strcat [chaine...])", "Met des chaînes bout à bout."},

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "atelier/database/real_reading.h"
 #include "atelier/lisp/units.h"
 
 namespace atelier::lisp {
@@ -30,8 +31,8 @@ class Scanner {
     if (peek() != '.' && !(peek() >= '0' && peek() <= '9')) return std::nullopt;
     double value = 0;
     const auto format = exponent ? std::chars_format::general : std::chars_format::fixed;
-    const auto [end, error] = std::from_chars(rest_.data(), rest_.data() + rest_.size(), value, format);
-    if (error != std::errc()) return std::nullopt;
+    const auto [end, error] = readReal(rest_.data(), rest_.data() + rest_.size(), value, format);
+    if (error != std::errc() || !std::isfinite(value)) return std::nullopt;
     rest_.remove_prefix(static_cast<std::size_t>(end - rest_.data()));
     return value;
   }

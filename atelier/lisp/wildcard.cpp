@@ -13,10 +13,16 @@ namespace {
 
 using Codes = std::u32string;
 using CodesView = std::u32string_view;
+using Step = std::function<void()>;
 
-Codes decode(std::string_view text) {
+constexpr std::size_t kStride = 4096;  // characters between two steps
+
+Codes decode(std::string_view text, const Step& step) {
   Codes codes;
-  for (std::size_t i = 0; i < text.size();) codes.push_back(nextCodePoint(text, i));
+  for (std::size_t i = 0; i < text.size();) {
+    codes.push_back(nextCodePoint(text, i));
+    if (codes.size() % kStride == 0 && step) step();
+  }
   return codes;
 }
 
@@ -68,9 +74,10 @@ Element element(CodesView pattern, char32_t c) {
   }
 }
 
-bool matchesWhole(CodesView text, CodesView pattern) {
-  std::size_t t = 0, p = 0, starPattern = CodesView::npos, starText = 0;
+bool matchesWhole(CodesView text, CodesView pattern, const Step& step) {
+  std::size_t t = 0, p = 0, starPattern = CodesView::npos, starText = 0, looks = 0;
   while (t < text.size()) {
+    if (++looks % kStride == 0 && step) step();
     if (p < pattern.size() && pattern[p] == '*') {
       starPattern = ++p;
       starText = t;
@@ -92,9 +99,9 @@ bool matchesWhole(CodesView text, CodesView pattern) {
   return p == pattern.size();
 }
 
-bool matchesOne(CodesView text, CodesView pattern) {
-  if (pattern.starts_with(U'~')) return !matchesWhole(text, pattern.substr(1));
-  return matchesWhole(text, pattern);
+bool matchesOne(CodesView text, CodesView pattern, const Step& step) {
+  if (pattern.starts_with(U'~')) return !matchesWhole(text, pattern.substr(1), step);
+  return matchesWhole(text, pattern, step);
 }
 
 // The end of the pattern that begins at `start`: the next comma outside brackets that no backquote precedes.
@@ -114,11 +121,11 @@ std::size_t patternEnd(CodesView patterns, std::size_t start) {
 
 }  // namespace
 
-bool matchesWildcard(std::string_view text, std::string_view patterns) {
-  const Codes subject = decode(text), all = decode(patterns);
+bool matchesWildcard(std::string_view text, std::string_view patterns, const Step& step) {
+  const Codes subject = decode(text, step), all = decode(patterns, step);
   for (std::size_t start = 0; start <= all.size();) {
     const std::size_t end = patternEnd(all, start);
-    if (matchesOne(subject, CodesView(all).substr(start, end - start))) return true;
+    if (matchesOne(subject, CodesView(all).substr(start, end - start), step)) return true;
     start = end + 1;
   }
   return false;

@@ -1,6 +1,7 @@
 // Wild-card patterns of wcmatch, also used by selection filters and symbol tables.
 #pragma once
 
+#include <functional>
 #include <string_view>
 
 namespace atelier::lisp {
@@ -9,7 +10,8 @@ namespace atelier::lisp {
 //   # digit   @ letter   . neither   * any run   ? any character   ~pattern anything but it (first character
 //   only) [abc] [a-z] one of   [~abc] none of   ` the next character as it is
 // Case counts. Public reference: AutoLISP wcmatch.
-bool matchesWildcard(std::string_view text, std::string_view patterns);
+// A step is called now and then while long texts are matched; it throws to break off.
+bool matchesWildcard(std::string_view text, std::string_view patterns, const std::function<void()>& step = {});
 // As above for file names, where only * and ? are special.
 bool matchesFileName(std::string_view name, std::string_view pattern);
 

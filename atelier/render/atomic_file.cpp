@@ -2,6 +2,7 @@
 #include "atelier/render/atomic_file.h"
 
 #include "atelier/database/error.h"
+#include "atelier/database/interruption.h"
 #include "atelier/render/plot_error.h"
 
 namespace atelier::render {
@@ -19,6 +20,7 @@ AtomicFile::AtomicFile(const std::string& path) : file_(opened(path)) {}
 
 bool AtomicFile::write(const void* bytes, std::size_t count) {
   try {
+    checkInterruption();  // Cairo does most of its work while it writes
     if (failure_.empty()) file_.write({static_cast<const char*>(bytes), count});
   } catch (const Error& error) {
     failure_ = error.what();
@@ -27,6 +29,7 @@ bool AtomicFile::write(const void* bytes, std::size_t count) {
 }
 
 void AtomicFile::commit() {
+  checkInterruption();
   if (!failure_.empty()) throw PlotError(failure_);
   try {
     file_.keep();

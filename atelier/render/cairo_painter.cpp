@@ -210,7 +210,10 @@ void paint(cairo_t* context, const DisplayList& list, const PaintOptions& option
     cairo_set_operator(context, CAIRO_OPERATOR_DEST_OVER);
     for (auto item = list.items().rbegin(); item != list.items().rend(); ++item) painter.item(*item);
   } else {
-    for (const Primitive& primitive : list.items()) painter.item(primitive);
+    for (const Primitive& primitive : list.items()) {
+      if (options.step) options.step();
+      painter.item(primitive);
+    }
   }
   cairo_restore(context);
 }

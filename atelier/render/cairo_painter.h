@@ -3,6 +3,7 @@
 
 #include <cairo.h>
 
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -39,7 +40,8 @@ struct PaintOptions {
   // Of the same picture, when there: thin opaque lines without dashes are set by them, and all is painted from the top
   // down, each primitive beneath what is there. Lists are then painted from the last to the first.
   Hairlines* hairlines = nullptr;
-  bool embedFonts = false;  // texts as glyphs of their fonts: for PDF and SVG, smaller and searchable
+  std::function<void()> step;  // called before each primitive; throws to break off
+  bool embedFonts = false;     // texts as glyphs of their fonts: for PDF and SVG, smaller and searchable
   Colour foreground{0, 0, 0}, background{255, 255, 255};
 };
 

@@ -25,8 +25,12 @@ struct Setting {
   Pt offset;  // of the start of the text from it, along and across the text
 };
 
+Box inkOf(SceneBuilder& scene, const Setting& s, std::string_view text) {
+  return scene.font(s.style).extents(text, s.height).ink;
+}
+
 double ratioToFit(SceneBuilder& scene, const Setting& s, std::string_view text, double length) {
-  const double width = scene.font(s.style).extents(text, s.height).ink.width();
+  const double width = inkOf(scene, s, text).width();
   return width > 0 && length > 0 ? length / width : 1;
 }
 
@@ -47,13 +51,14 @@ Setting settingOf(SceneBuilder& scene, const Entity& e, std::string_view text, i
     if (length == 0) return s;
     s.rotation = std::atan2(along.y, along.x);
     (horizontal == aligned ? s.height : s.style.widthFactor) *= ratioToFit(scene, s, text, length);
+    if (const Box ink = inkOf(scene, s, text); !ink.empty()) s.offset.x = -ink.xMin;
     if (g.integer(71) & backwards) s.at = {second.x, second.y};  // read from there to the first
     return s;
   }
   if (horizontal == left && vertical == baseline) return s;
   s.at = {second.x, second.y};
   // By the ink, as extents and fits are measured: a text that fills its cell must not touch one side more.
-  if (const Box ink = scene.font(s.style).extents(text, s.height).ink; !ink.empty()) {
+  if (const Box ink = inkOf(scene, s, text); !ink.empty()) {
     if (horizontal == centre || horizontal == middle) s.offset.x = -(ink.xMin + ink.xMax) / 2;
     if (horizontal == right) s.offset.x = -ink.xMax;
   }

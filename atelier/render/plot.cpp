@@ -8,6 +8,7 @@
 #include <cmath>
 #include <memory>
 
+#include "atelier/database/interruption.h"
 #include "atelier/database/text.h"
 #include "atelier/render/atomic_file.h"
 #include "atelier/render/cairo_painter.h"
@@ -33,6 +34,7 @@ void paintPage(cairo_t* context, const DisplayList& list, const Page& page, doub
   options.clip = fonts::rectangle(page.clipMm).bounds(Affine::scaling(unitsPerMm, unitsPerMm));
   options.thinnest = thinnest;
   options.embedFonts = embedFonts;
+  options.step = checkInterruption;
   paint(context, list, options);
 }
 

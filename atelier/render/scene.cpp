@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "atelier/database/interruption.h"
 #include "atelier/render/plot_error.h"
 #include "atelier/render/scene_builder.h"
 
@@ -101,6 +102,8 @@ bool SceneBuilder::roomLeft() {
 void SceneBuilder::entity(AcDbStub& stub, const Placement& at) {
   if (stopped_ || stub.is(AcDbStub::kErased)) return;
   if (!roomLeft()) return;
+  if (options_.step) options_.step();
+  const AcDbEntityPointer held(idOf(&stub));  // what its block holds must not push it out of memory meanwhile
   const Record& record = AcDbImpObject::of(&database_.object(stub)).settled();
   Groups groups(record);
   Look look = properties_.look(groups, at.inherited);
@@ -169,6 +172,12 @@ DisplayList SceneBuilder::finish() {
   return std::move(list_);
 }
 
+SceneOptions forPlot() {
+  SceneOptions options;
+  options.step = checkInterruption;
+  return options;
+}
+
 DisplayList drawScene(const AcDbDatabase& database, const SceneOptions& options) {
   const AcDbStub* space = AcDbImpDatabase::of(&database).modelSpace();
   if (!space || !space->children) return {};
@@ -182,7 +191,7 @@ DisplayList drawEntities(const AcDbDatabase& database, std::span<AcDbStub* const
 
 std::vector<std::string> plotDrawing(const AcDbDatabase& database, const std::string& file,
                                      const PlotOptions& options) {
-  return plot(drawScene(database), file, options);
+  return plot(drawScene(database, forPlot()), file, options);
 }
 
 }  // namespace atelier::render

@@ -2,6 +2,7 @@
 // unfolded. Start of the road from a database to a plot or a screen.
 #pragma once
 
+#include <functional>
 #include <span>
 #include <string>
 #include <vector>
@@ -19,7 +20,11 @@ struct SceneOptions {
   std::size_t mostPrimitives = 2'000'000;  // then the drawing stops with a warning; visits of entities: ten
                                            // times as many
   int deepest = 40;                        // blocks within blocks
+  std::function<void()> step = {};         // called for each entity; throws to break off
 };
+
+// The options of a plot: the user may interrupt it.
+SceneOptions forPlot();
 
 // The model space, in drawing order. Never fails on what an entity holds: what cannot be shown is counted in
 // the list's warnings (French). Throws PlotError when no font is installed. Objects of the drawing are

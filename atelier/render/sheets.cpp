@@ -10,6 +10,7 @@
 
 #include "atelier/database/imp_database.h"
 #include "atelier/database/imp_object.h"
+#include "atelier/database/interruption.h"
 #include "atelier/database/text.h"
 #include "atelier/dxf/reader.h"
 #include "atelier/render/cairo_painter.h"
@@ -94,6 +95,7 @@ class Composer {
     options.clip = fonts::rectangle(windowMm).bounds(Affine::scaling(PdfFile::kPointsPerMm, PdfFile::kPointsPerMm));
     options.thinnest = kHairlineMm * PdfFile::kPointsPerMm;
     options.embedFonts = true;
+    options.step = checkInterruption;
     paint(pdf_.context(), list, options);
   }
 
@@ -160,7 +162,7 @@ Template readTemplate(const std::string& file) {
 std::vector<std::string> plotSheets(const AcDbDatabase& drawing, const Template& model,
                                     const std::vector<Sheet>& sheets, const std::string& file) {
   if (sheets.empty()) throw PlotError("aucune feuille à tracer");
-  const DisplayList list = drawScene(drawing);
+  const DisplayList list = drawScene(drawing, forPlot());
   PdfFile pdf(file);
   std::vector<std::string> warnings = list.warnings;
   for (const Sheet& sheet : sheets) {

@@ -218,6 +218,14 @@ TEST(CurveEntities, IntersectionsInEveryMode) {
   EXPECT_EQ(high.intersectWith(&flat, AcDb::kOnBothOperands, AcGePlane(), projected), Acad::eOk);
   ASSERT_EQ(projected.length(), 1);
   EXPECT_EQ(projected[0], AcGePoint3d(5, 0, 3));  // on the entity that is asked
+  AcGePoint3dArray own;
+  AcGePoint3dArray frame;
+  for (const AcGePoint3d& p : {AcGePoint3d(0, 0, 5), AcGePoint3d(6, 4, 5), AcGePoint3d(-3, 4, 5), AcGePoint3d(3, 0, 5)})
+    frame.append(p);
+  const AcDbSpline loop(3, false, false, false, frame, doubles({0, 0, 0, 0, 1, 1, 1, 1}), AcGeDoubleArray());
+  EXPECT_EQ(loop.intersectWith(&loop, AcDb::kOnBothOperands, own), Acad::eOk);
+  ASSERT_EQ(own.length(), 1);
+  EXPECT_LT(own[0].distanceTo({1.5, 1.2, 5}), 1e-8);
   const AcDbPoint point({0, 0, 0});
   EXPECT_EQ(flat.intersectWith(&point, AcDb::kOnBothOperands, projected), Acad::eNotApplicable);
   EXPECT_EQ(point.intersectWith(&flat, AcDb::kOnBothOperands, projected), Acad::eNotApplicable);

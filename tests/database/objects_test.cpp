@@ -71,6 +71,50 @@ TEST(Opening, manyObjectsAreDroppedFromMemoryAndComeBack) {
   EXPECT_EQ(again->position().x, 1.0);
 }
 
+// A reference whose block holds more than stays in memory is worked on all the same.
+TEST(Opening, aLargeBlockLeavesItsReferenceInMemory) {
+  const std::size_t count = AcDbImpDatabase::kMostIdle + 1000;
+  std::string bytes = "0\nSECTION\n2\nBLOCKS\n0\nBLOCK\n8\n0\n2\nTOUT\n70\n0\n10\n0\n20\n0\n30\n0\n";
+  for (std::size_t i = 0; i < count; ++i) bytes += "0\nPOINT\n8\n0\n10\n" + std::to_string(i) + "\n20\n2\n30\n0\n";
+  bytes += "0\nENDBLK\n8\n0\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n";
+  bytes += "0\nINSERT\n5\nA0\n8\n0\n2\nTOUT\n10\n10\n20\n0\n30\n0\n0\nENDSEC\n0\nEOF\n";
+  Opened drawing;
+  atelier::dxf::readBytes(drawing.db, "bloc", bytes, nullptr);
+  AcDbStub& stub = *drawing.imp.stubOf(0xA0);
+  const auto* reference = AcDbBlockReference::cast(&drawing.imp.object(stub));
+  ASSERT_NE(reference, nullptr);
+  AcDbExtents box;
+  ASSERT_EQ(reference->getGeomExtents(box), Acad::eOk);
+  EXPECT_EQ(stub.object, reference);
+  EXPECT_EQ(box.minPoint(), AcGePoint3d(10, 2, 0));
+  EXPECT_EQ(box.maxPoint(), AcGePoint3d(static_cast<double>(count + 9), 2, 0));
+  AcArray<AcRxObject*> parts;
+  ASSERT_EQ(reference->explode(parts), Acad::eOk);
+  EXPECT_EQ(parts.length(), static_cast<int>(count));
+  EXPECT_EQ(stub.object, reference);
+  for (int i = 0; i < parts.length(); ++i) delete parts[i];
+}
+
+TEST(Opening, aLongPolylineStaysWhileItsVerticesAreWalked) {
+  const std::size_t count = AcDbImpDatabase::kMostIdle + 1000;
+  std::string bytes = "0\nSECTION\n2\nENTITIES\n0\nPOLYLINE\n5\nA0\n8\n0\n66\n1\n70\n0\n";
+  for (std::size_t i = 0; i < count; ++i) bytes += "0\nVERTEX\n8\n0\n10\n" + std::to_string(i) + "\n20\n2\n30\n0\n";
+  bytes += "0\nSEQEND\n8\n0\n0\nENDSEC\n0\nEOF\n";
+  Opened drawing;
+  atelier::dxf::readBytes(drawing.db, "polyligne", bytes, nullptr);
+  AcDbStub& stub = *drawing.imp.stubOf(0xA0);
+  const auto* polyline = AcDb2dPolyline::cast(&drawing.imp.object(stub));
+  ASSERT_NE(polyline, nullptr);
+  AcDbExtents box;
+  ASSERT_EQ(polyline->getGeomExtents(box), Acad::eOk);
+  EXPECT_EQ(box.maxPoint(), AcGePoint3d(static_cast<double>(count - 1), 2, 0));
+  double length = 0, end = 0;
+  ASSERT_EQ(polyline->getEndParam(end), Acad::eOk);
+  ASSERT_EQ(polyline->getDistAtParam(end, length), Acad::eOk);
+  EXPECT_DOUBLE_EQ(length, static_cast<double>(count - 1));
+  EXPECT_EQ(stub.object, polyline);
+}
+
 TEST(Erasing, whatIsOwnedGoesAndComesBack) {
   Opened drawing(true);
   const AcDbObjectId id = line(drawing);

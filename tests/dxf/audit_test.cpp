@@ -86,6 +86,7 @@ TEST(Audit, everyFaultHasItsCode) {
       {"nesting", drawingWith("", line("E1", "1001\nACAD\n1002\n{\n1000\nx\n")), "A11 ", ""},
       {"code", drawingWith("", line("E1", "1001\nACAD\n1060\n1\n")), "A12 ", "A12 "},
       {"number", drawingWith("", line("E1", "39\ndeux\n")), "A13 ", "A13 "},
+      {"number too great", drawingWith("", line("E1", "39\n1e400\n")), "A13 ", "A13 "},
       {"table", "0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n", "A03 A03 A03 A03 A03 A03 A03 A03 A03 A03 ", ""},
   };
   for (const auto& row : rows) {

@@ -2,6 +2,7 @@
 // What is written must read back to the same value in every form.
 #include <bit>
 #include <cmath>
+#include <limits>
 #include <random>
 
 #include "atelier/dxf/value_codec.h"
@@ -79,6 +80,27 @@ TEST(Values, realsReadBackToTheSameDouble) {
   EXPECT_EQ(realText(0.1), "0.1");
   EXPECT_EQ(parseReal(" +1.5E+02 "), 150.0);
   EXPECT_EQ(parseReal("1,5"), std::nullopt);
+}
+
+// Too great is infinite and never 0, too small is 0, however they are written.
+TEST(Values, realsBeyondTheirRange) {
+  constexpr double kInfinite = std::numeric_limits<double>::infinity();
+  const std::string zeros(400, '0'), digits(400, '7');
+  const std::pair<std::string, std::optional<double>> rows[] = {{"1e400", kInfinite},
+                                                                {"-1e400", -kInfinite},
+                                                                {digits, kInfinite},
+                                                                {"-" + digits + ".5", -kInfinite},
+                                                                {"1e-400", 0.0},
+                                                                {"0." + zeros + "1", 0.0},
+                                                                {"0." + zeros + "1e400", 0.1},
+                                                                {digits + "e-800", 0.0},
+                                                                {"1e99999999999999999999", kInfinite},
+                                                                {"1e-99999999999999999999", 0.0},
+                                                                {"1e400x", std::nullopt},
+                                                                {"1.7976931348623157e308", 1.7976931348623157e308}};
+  for (const auto& [text, value] : rows) EXPECT_EQ(parseReal(text), value) << text;
+  EXPECT_EQ(decode({70, "1e400"}, Encoding::ascii, CodePage::utf8()).kind(), GroupKind::text);  // no integer holds it
+  EXPECT_EQ(decode({40, "1e400"}, Encoding::ascii, CodePage::utf8()).real(), kInfinite);
 }
 
 TEST(Values, lineEndsOfEveryKindAreFound) {
