@@ -32,7 +32,10 @@ constexpr int kDone = 0, kFailed = 1, kBadUsage = 2, kFileTrouble = 3;
 
 void complain(const std::string& message) { std::fprintf(stderr, "kavel: %s\n", message.c_str()); }
 
+volatile std::sig_atomic_t interruptions = 0;
+
 void onInterrupt(int) {
+  interruptions = 1;
   if (Document* document = Document::current()) document->interrupt();
 }
 
@@ -165,6 +168,8 @@ int carryOutAll(const Options& options) {
   for (const Action& action : options.actions) {
     progress.begin(std::string(actionName(action.kind)), action.argument);
     if (!run.carryOut(action)) return kBadUsage;
+    // What follows was to build on it: a save would keep half of the work.
+    if (interruptions) throw Interrupted();
   }
   if (interactive) runTerminal(document);
   std::fflush(stdout);

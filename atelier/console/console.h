@@ -4,7 +4,7 @@
 
 namespace atelier::console {
 
-// The exit status: 0 done; 1 a LISP error or a failed command; 2 bad usage; 3 a file could not be read or written.
+// The exit status: 0 done; 1 a LISP error, a failed command or an interruption; 2 bad usage; 3 a file could not be read or written.
 int run(int argc, char** argv);
 
 }  // namespace atelier::console

@@ -191,9 +191,11 @@ TEST(Kavel, IsStoppedByAnInterrupt) {
                            "(while T (mapcar (quote 1+) (list 1 2 3)))"}) {
     Program program;
     program.prefix = "timeout -s INT -k 20 2";
-    program.run(std::string("--no-frontal -e '") + loop + "' -e '(+ 40 2)'");
+    program.run(std::string("--no-frontal -e '") + loop + "' -e '(+ 40 2)' --save d.dxf");
     EXPECT_EQ(program.status, 124) << program.output;  // that of timeout, when the program ended by itself after it
-    EXPECT_NE(program.output.find("42\n"), std::string::npos) << loop << program.output;
+    EXPECT_NE(program.output.find("interruption"), std::string::npos) << loop << program.output;
+    EXPECT_EQ(program.output.find("42\n"), std::string::npos) << "what follows isn't carried out";
+    EXPECT_FALSE(program.has("d.dxf"));
   }
 }
 
