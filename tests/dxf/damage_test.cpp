@@ -129,10 +129,9 @@ TEST(Damage, sectionsThatAreCarriedAreExportedAsFarAsTheyGo) {
   const std::string target = (folder.path / "d.dxf").string();
   Opened drawing;
   std::vector<std::string> messages;
-  atelier::dxf::readBytes(drawing.db, "d.dxf",
-                          "0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\nAC1024\n0\nENDSEC\n" + kOpen + kLine +
-                              "0\nENDSEC\n0\nSECTION\n2\nTHUMBNAILIMAGE\n90\n4\nabc\nx\n0\nREST\n310\nFF\n" + kClose,
-                          nullptr, &messages);
+  const std::string damaged = "0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\nAC1024\n0\nENDSEC\n" + kOpen + kLine +
+                              "0\nENDSEC\n0\nSECTION\n2\nTHUMBNAILIMAGE\n90\n4\nabc\nx\n0\nREST\n310\nFF\n" + kClose;
+  atelier::dxf::readBytes(drawing.db, "d.dxf", damaged, nullptr, &messages);
   EXPECT_EQ(messages.size(), 1U);
   atelier::dxf::saveAs(drawing.db, target, "R2018");
   const std::string bytes = bytesOf(target);
