@@ -15,7 +15,7 @@ namespace {
 
 constexpr double kFacteurTexte = 0.8;
 constexpr double kEcartTexte = 2.0;  // of a height above its curve, in text heights
-constexpr int kTailleTexte = 64;
+constexpr int kTailleTexte = 400;  // the greatest altitude has 309 digits before its point
 
 struct reglages {
   double decalage, rotation;
