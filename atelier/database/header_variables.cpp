@@ -26,11 +26,11 @@ std::string HeaderVariables::text(std::string_view name, std::string_view fallba
   return v && !v->values.empty() ? v->values.front().text() : std::string(fallback);
 }
 
-void HeaderVariables::set(std::string_view name, Group value) {
+void HeaderVariables::set(std::string_view name, const Group& value) {
   Variable* v = const_cast<Variable*>(find(name));
   if (!v) v = &list.emplace_back(Variable{std::string(name), {}});
   if (v->values.size() == 1 && v->values.front().sameValue(value)) return;
-  v->values.assign(1, std::move(value));
+  v->values.assign(1, value);
   v->changed = true;
 }
 

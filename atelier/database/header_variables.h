@@ -25,7 +25,7 @@ class HeaderVariables {
   std::int64_t integer(std::string_view name, std::int64_t fallback) const;
   std::string text(std::string_view name, std::string_view fallback) const;
   // Replaces the value; a variable that is missing is added at the end.
-  void set(std::string_view name, Group value);
+  void set(std::string_view name, const Group& value);
   void setPoint(std::string_view name, const AcGePoint3d& point);
   void add(Variable variable) { list.push_back(std::move(variable)); }
 

@@ -14,7 +14,7 @@ namespace {
 
 constexpr const char* kYesNo = "Oui Non _Yes No";
 
-std::string withExtension(std::string path) {
+std::string withExtension(const std::string& path) {
   return std::filesystem::path(path).has_extension() ? path : path + ".dxf";
 }
 

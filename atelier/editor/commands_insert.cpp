@@ -36,7 +36,7 @@ AcDbObjectId blockFromFile(const Command& c, const std::string& name, const std:
   return block;
 }
 
-AcDbObjectId blockNamed(const Command& c, std::string given) {
+AcDbObjectId blockNamed(const Command& c, const std::string& given) {
   const std::size_t equals = given.find('=');
   const std::string name =
       equals == given.npos ? std::filesystem::path(given).stem().string() : given.substr(0, equals);

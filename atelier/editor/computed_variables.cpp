@@ -52,7 +52,7 @@ Value milliseconds(Document&) {
   return static_cast<int>(std::chrono::duration_cast<std::chrono::milliseconds>(now).count() & 0x7fffffff);
 }
 
-std::string withSlash(std::string folder) { return folder.empty() || folder.ends_with('/') ? folder : folder + "/"; }
+std::string withSlash(const std::string& folder) { return folder.empty() || folder.ends_with('/') ? folder : folder + "/"; }
 
 Value temporaryFolder(Document&) {
   std::error_code error;
