@@ -12,10 +12,6 @@ namespace {
 
 std::unique_ptr<DrawingReader> theReader;
 
-std::size_t slotOf(std::uint64_t handle, std::size_t mask) {
-  return static_cast<std::size_t>((handle * 0x9E3779B97F4A7C15ull) >> 20) & mask;
-}
-
 }  // namespace
 
 void setDrawingReader(std::unique_ptr<DrawingReader> reader) { theReader = std::move(reader); }
@@ -25,37 +21,18 @@ DrawingReader& drawingReader() {
 }
 
 AcDbStub* HandleMap::find(std::uint64_t handle) const {
-  if (slots_.empty() || handle == 0) return nullptr;
-  const std::size_t mask = slots_.size() - 1;
-  for (std::size_t i = slotOf(handle, mask); slots_[i]; i = (i + 1) & mask)
-    if (slots_[i]->handle == handle) return slots_[i];
-  return nullptr;
-}
-
-void HandleMap::reserve(std::size_t count) {
-  std::size_t capacity = 64;
-  while (capacity < count * 2) capacity *= 2;
-  if (capacity > slots_.size()) grow(capacity);
-}
-
-void HandleMap::grow(std::size_t capacity) {
-  std::vector<AcDbStub*> old(capacity, nullptr);
-  old.swap(slots_);
-  count_ = 0;
-  for (AcDbStub* stub : old)
-    if (stub) insert(stub);
+  const auto page = pages_.find(handle / kPage);
+  return page == pages_.end() ? nullptr : page->second[handle % kPage];
 }
 
 void HandleMap::insert(AcDbStub* stub) {
-  if ((count_ + 1) * 2 > slots_.size()) grow(std::max<std::size_t>(64, slots_.size() * 2));
-  const std::size_t mask = slots_.size() - 1;
-  std::size_t i = slotOf(stub->handle, mask);
-  while (slots_[i]) {
-    if (slots_[i]->handle == stub->handle) return;
-    i = (i + 1) & mask;
+  const std::uint64_t number = stub->handle / kPage;
+  if (!page_ || number != number_) {
+    page_ = &pages_[number];
+    number_ = number;
   }
-  slots_[i] = stub;
-  ++count_;
+  AcDbStub*& place = (*page_)[stub->handle % kPage];
+  if (!place) place = stub;
 }
 
 }  // namespace atelier

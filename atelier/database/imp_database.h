@@ -37,17 +37,24 @@ class DrawingReader {
 void setDrawingReader(std::unique_ptr<DrawingReader> reader);
 DrawingReader& drawingReader();
 
-// Open-addressed map from handle to stub.
+// Map from handle to stub. Handles are given out in sequence: neighbours share a page, and the page of the last insertion
+// is at hand for the next one.
 class HandleMap {
  public:
   AcDbStub* find(std::uint64_t handle) const;
   void insert(AcDbStub* stub);  // an earlier stub of that handle is kept
-  void reserve(std::size_t count);
+  void reserve(std::size_t count) { pages_.reserve(count / kPage); }
 
  private:
-  void grow(std::size_t capacity);
-  std::vector<AcDbStub*> slots_;
-  std::size_t count_ = 0;
+  static constexpr std::uint64_t kPage = 16;
+  // Mixed, since the handles of a foreign file may be chosen to fall together.
+  struct Mixed {
+    std::size_t operator()(std::uint64_t number) const { return (number * 0x9E3779B97F4A7C15ull) >> 20; }
+  };
+  using Page = std::array<AcDbStub*, kPage>;
+  std::unordered_map<std::uint64_t, Page, Mixed> pages_;
+  Page* page_ = nullptr;
+  std::uint64_t number_ = 0;  // of that page
 };
 
 }  // namespace atelier

@@ -42,14 +42,12 @@ class LineFinder {
 
 #if defined(__SSE2__)
   static std::uint64_t bits(const char* block) {
-    const __m128i feed = _mm_set1_epi8('\n');
-    std::uint64_t found = 0;
-    for (int i = 0; i < 4; ++i) {
-      const __m128i part = _mm_loadu_si128(reinterpret_cast<const __m128i*>(block) + i);
-      found |= static_cast<std::uint64_t>(static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(part, feed))))
-               << (16 * i);
-    }
-    return found;
+    return part(block, 0) | part(block, 1) | part(block, 2) | part(block, 3);
+  }
+  static std::uint64_t part(const char* block, int number) {
+    const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(block) + number);
+    const int marks = _mm_movemask_epi8(_mm_cmpeq_epi8(bytes, _mm_set1_epi8('\n')));
+    return static_cast<std::uint64_t>(static_cast<unsigned>(marks)) << (16 * number);
   }
 #else
   static std::uint64_t bits(const char* block) {

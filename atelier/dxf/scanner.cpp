@@ -62,20 +62,26 @@ std::size_t firstGroup(std::string_view bytes, Encoding encoding) {
   return bytes.starts_with("\xEF\xBB\xBF") ? 3 : 0;
 }
 
+// Throws unless what is left is blank lines at the very end of a file, which are no group.
+[[gnu::noinline]] bool Scanner::refuseCode(const RawGroup& group, std::string_view codeLine) const {
+  const auto blank = [](char c) { return c == ' ' || c == '\r' || c == '\n' || c == '\t' || c == 0x1A; };
+  const std::string_view rest = bytes_.substr(group.begin);
+  if (std::all_of(rest.begin(), rest.end(), blank)) return false;
+  throw FormatError{group.begin, codeMessage(codeLine)};
+}
+
+[[gnu::noinline]] bool Scanner::refuseEnd(const RawGroup& group) {
+  throw FormatError{group.begin, "fichier coupe: la valeur du groupe " + std::to_string(group.code) + " manque"};
+}
+
+// Faults are dealt with elsewhere: this is run for every group of a drawing.
 bool Scanner::nextAscii(RawGroup& group) {
   if (at_ >= bytes_.size()) return false;
   group.begin = at_;
   const std::string_view codeLine = line();
   group.code = parseCode(codeLine);
-  if (group.code < 0) {
-    // Blank lines at the very end of a file are no group.
-    const auto blank = [](char c) { return c == ' ' || c == '\r' || c == '\n' || c == '\t' || c == 0x1A; };
-    const std::string_view rest = bytes_.substr(group.begin);
-    if (std::all_of(rest.begin(), rest.end(), blank)) return false;
-    throw FormatError{group.begin, codeMessage(codeLine)};
-  }
-  if (at_ >= bytes_.size())
-    throw FormatError{group.begin, "fichier coupe: la valeur du groupe " + std::to_string(group.code) + " manque"};
+  if (group.code < 0) return refuseCode(group, codeLine);
+  if (at_ >= bytes_.size()) return refuseEnd(group);
   group.value = line();
   return true;
 }

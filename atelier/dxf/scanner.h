@@ -40,9 +40,11 @@ class Scanner {
 
  private:
   bool nextAscii(RawGroup& group);
+  bool refuseCode(const RawGroup& group, std::string_view codeLine) const;
+  static bool refuseEnd(const RawGroup& group);
   bool nextBinary(RawGroup& group);
   bool recordAt(std::size_t at) const;
-  std::string_view line() {
+  [[gnu::always_inline]] std::string_view line() {
     const std::size_t start = at_;
     std::size_t end = lines_.next();
     at_ = end < bytes_.size() ? end + 1 : end;
