@@ -4,7 +4,9 @@
 
 #include "atelier/database/chain.h"
 #include "atelier/database/entity_groups.h"
+#include "atelier/database/entity_walk.h"
 #include "atelier/database/interruption.h"
+#include "atelier/database/symbol_names.h"
 #include "hote/acut.h"
 #include "hote/dbsymtb.h"
 

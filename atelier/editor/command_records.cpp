@@ -7,6 +7,7 @@
 
 #include "atelier/database/interruption.h"
 #include "atelier/database/ownership.h"
+#include "atelier/database/symbol_names.h"
 #include "atelier/editor/document.h"
 #include "atelier/lisp/wildcard.h"
 

@@ -2,7 +2,6 @@
 // A cut leaves no piece without length.
 #include <cmath>
 
-#include "atelier/database/interruption.h"
 #include "atelier/editor/command_table.h"
 #include "atelier/editor/curve_pieces.h"
 #include "atelier/editor/document.h"

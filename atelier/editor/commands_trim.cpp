@@ -1,5 +1,6 @@
 // TRIM EXTEND: cutting and lengthening curves to where they meet others.
 // Curves meet in plan. What is picked at a point is cut or extended on the side of that point.
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -57,6 +58,7 @@ void trimAt(const Command& c, AcDbObjectId id, const AcGePoint3d& point, const S
   else if (isLocked(c, id)) c.print(kLocked);
   else replaceByPieces(c, id, std::move(pieces));
 }
+
 CommandTask trim(Command& c) {
   const auto chosen = co_await c.objects();
   for (;;) {

@@ -23,8 +23,8 @@ struct Joint {
 
 struct Corner {
   Joint first, second;
-  double bulge =
-      0;  // of what joins them, from the first to the second; 0: straight, or nothing when they are one point
+  // Of what joins them, from the first to the second; 0: straight, or nothing when they are one point.
+  double bulge = 0;
   bool joins() const { return first.point.distanceTo(second.point) > 1e-9; }
 };
 

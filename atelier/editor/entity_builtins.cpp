@@ -2,7 +2,7 @@
 // Signatures and results are those of the AutoLISP reference.
 #include <algorithm>
 
-#include "atelier/database/interruption.h"
+#include "atelier/database/entity_walk.h"
 #include "atelier/editor/builtin_tables.h"
 #include "atelier/editor/document.h"
 #include "atelier/editor/groups_as_lists.h"

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "atelier/database/interruption.h"
+#include "atelier/database/entity_walk.h"
 #include "atelier/database/text.h"
 #include "atelier/editor/document.h"
 #include "atelier/editor/pick.h"

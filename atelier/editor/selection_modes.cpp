@@ -2,6 +2,7 @@
 // A set that the user picked or placed becomes the previous selection; one of the whole drawing doesn't.
 #include "atelier/editor/selection_modes.h"
 
+#include "atelier/database/entity_walk.h"
 #include "atelier/database/interruption.h"
 #include "atelier/editor/document.h"
 #include "atelier/editor/layer_states.h"

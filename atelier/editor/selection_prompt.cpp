@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "atelier/database/entity_walk.h"
 #include "atelier/database/interruption.h"
 #include "atelier/editor/document.h"
 #include "atelier/editor/pick.h"

@@ -1,6 +1,6 @@
 // AutoLISP functions on symbol tables and registered applications.
 // tblsearch and tblnext give the groups of a record without its handle and marks, as the reference does.
-#include "atelier/database/interruption.h"
+#include "atelier/database/symbol_names.h"
 #include "atelier/editor/builtin_tables.h"
 #include "atelier/editor/document.h"
 #include "atelier/editor/groups_as_lists.h"
