@@ -44,7 +44,7 @@ int acedRetList(const resbuf* list) { return give(listOfChain(interpreter(), lis
 int acedRetName(const ads_name name, int type) {
   if (type == RTPICKS) {
     const auto set = heldSelection(name);
-    return set ? give(interpreter().selection(set)) : RTERROR;
+    return set ? give(interpreter().selection(set, set->weight())) : RTERROR;
   }
   return give(entityValue(interpreter(), stubOfName(name)));
 }

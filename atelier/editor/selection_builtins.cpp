@@ -60,7 +60,7 @@ Value ssget(Interpreter& in, Arguments arguments) {
   const SelectionFilter filter = filterOfList(in, lisp::listArgument(in, lisp::optional(arguments, next)));
   const Selected selected = cancelling(in, [&] { return select(document, mode, points, filter); });
   if (selected.cancelled) in.fail(kCancelled);
-  return selected.set ? in.selection(selected.set) : lisp::nil;
+  return selected.set ? in.selection(selected.set, selected.set->weight()) : lisp::nil;
 }
 
 Value sslength(Interpreter& in, Arguments arguments) {
@@ -68,7 +68,7 @@ Value sslength(Interpreter& in, Arguments arguments) {
 }
 
 Value ssname(Interpreter& in, Arguments arguments) {
-  const std::vector<AcDbStub*>& list = setArgument(in, arguments[0]).list();
+  const SelectionSet::List& list = setArgument(in, arguments[0]).list();
   const double index = std::floor(lisp::numberArgument(in, arguments[1]));
   if (index < 0 || index >= static_cast<double>(list.size())) return lisp::nil;
   return entityValue(in, list[static_cast<std::size_t>(index)]);
@@ -82,7 +82,7 @@ Value ssadd(Interpreter& in, Arguments arguments) {
   }
   const auto made = std::make_shared<SelectionSet>();
   if (!arguments.empty() && !arguments[0].isNil()) made->add(entityStub(in, arguments[0]));
-  return in.selection(made);
+  return in.selection(made, made->weight());
 }
 
 Value ssdel(Interpreter& in, Arguments arguments) {
@@ -95,7 +95,7 @@ Value ssmemb(Interpreter& in, Arguments arguments) {
 
 // How each entity came in is not kept: every item says "other" (0), with the entity and its marker.
 Value ssnamex(Interpreter& in, Arguments arguments) {
-  const std::vector<AcDbStub*>& list = setArgument(in, arguments[0]).list();
+  const SelectionSet::List& list = setArgument(in, arguments[0]).list();
   const auto item = [&](AcDbStub* stub) {
     return in.list({Value::integer(0), entityValue(in, stub), Value::integer(0)});
   };
@@ -119,7 +119,7 @@ Value sssetfirst(Interpreter& in, Arguments arguments) {
 
 Value ssgetfirst(Interpreter& in, Arguments) {
   const auto& first = Document::needed().firstSelection;
-  return in.list({lisp::nil, first ? in.selection(first) : lisp::nil});
+  return in.list({lisp::nil, first ? in.selection(first, first->weight()) : lisp::nil});
 }
 
 constexpr lisp::Builtin kTable[] = {

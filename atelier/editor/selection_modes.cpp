@@ -34,7 +34,7 @@ Set part(const SelectionSet& source, KEEPS keeps) {
   auto set = std::make_shared<SelectionSet>();
   for (AcDbStub* stub : source.list()) {
     checkInterruption();
-    if (keeps(*stub)) set->add(stub);
+    if (keeps(*stub)) set->append(stub);
   }
   return set;
 }

@@ -44,7 +44,7 @@ void addSpace(SelectionSet& set, AcDbStub* space, const SelectionFilter& filter)
   if (!space || !space->children) return;
   for (auto it = space->children->rbegin(); it != space->children->rend(); ++it) {
     checkInterruption();
-    if (!(*it)->is(AcDbStub::kErased) && filter.matches(**it)) set.add(*it);
+    if (!(*it)->is(AcDbStub::kErased) && filter.matches(**it)) set.append(*it);
   }
 }
 
@@ -66,7 +66,7 @@ Set selectPolygon(Document& document, std::span<const AcGePoint3d> points, Polyg
   auto set = std::make_shared<SelectionSet>();
   if (points.size() < (mode == PolygonMode::fence ? 2u : 3u)) return set;
   entitiesNear(document, extentsOf(points), [&](AcDbStub& stub, const AcDbEntity& entity) {
-    if (takes(mode, strokesOf(entity), points) && filter.matches(stub)) set->add(&stub);
+    if (takes(mode, strokesOf(entity), points) && filter.matches(stub)) set->append(&stub);
   });
   return set;
 }

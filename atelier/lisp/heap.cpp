@@ -89,7 +89,7 @@ bool Heap::nextRun(Pool& pool) {
 
 void Heap::refill(Kind kind, Value keep1, Value keep2) {
   Pool& pool = pools_[kind];
-  const bool enough = allocated_ > std::max(kLeastCells, live_) || bytesAllocated_ > std::max(kLeastBytes, bytesLive_);
+  const bool enough = allocated_ > std::max(kLeastCells, live_) || bytesAllocated_ > bytesUntilCollection();
   if (!enough && nextRun(pool)) return;
   if (enough) {
     pending_.push_back(keep1);
@@ -101,7 +101,17 @@ void Heap::refill(Kind kind, Value keep1, Value keep2) {
   nextRun(pool);
 }
 
-Box* Heap::box(Value::Tag kind) {
+// Grows with what lives, cells included: a collection has to go through it.
+std::size_t Heap::bytesUntilCollection() const { return std::max({kLeastBytes, bytesKept_, live_ * sizeof(Cell)}); }
+
+// Strings and boxes are small beside what they hold: the rest of a run could take gigabytes.
+void Heap::weigh(Kind kind, std::size_t bytes) {
+  bytesAllocated_ += bytes;
+  if (bytesAllocated_ > bytesUntilCollection()) pools_[kind].end = pools_[kind].next;
+}
+
+Box* Heap::box(Value::Tag kind, std::size_t weight) {
+  weigh(kBoxes, weight);
   Cell* memory = cell(kBoxes);
   Box* box = new (memory) Box;
   box->kind = kind;
@@ -115,7 +125,7 @@ TextBytes* Heap::newBytes(std::size_t size, std::size_t capacity) {
   if (capacity > 0x7fff'ffff) throw std::length_error("string too long");
   void* memory = std::malloc(sizeof(TextBytes) + capacity);
   if (!memory) throw std::bad_alloc();
-  bytesAllocated_ += capacity;
+  weigh(kTexts, capacity);
   bytesLive_ += capacity;
   return new (memory) TextBytes{0, static_cast<std::uint32_t>(size), static_cast<std::uint32_t>(capacity)};
 }
@@ -133,12 +143,6 @@ Value Heap::textCell(TextBytes* bytes, std::size_t size, std::size_t characters)
   return Value::pointing(text, Value::kText);
 }
 
-Value Heap::string(std::string_view utf8) {
-  TextBytes* bytes = newBytes(utf8.size(), std::max<std::size_t>(utf8.size(), 4));
-  if (!utf8.empty()) std::memcpy(bytes->data(), utf8.data(), utf8.size());
-  return textCell(bytes, utf8.size(), countCharacters(utf8));
-}
-
 // Fresh pages come slowly: a long string is copied in pieces between which a program can be stopped.
 void Heap::append(TextBytes& bytes, std::string_view text) {
   while (!text.empty()) {
@@ -148,6 +152,24 @@ void Heap::append(TextBytes& bytes, std::string_view text) {
     text.remove_prefix(piece.size());
     if (!text.empty()) roots_.betweenPieces();
   }
+}
+
+Value Heap::string(std::string_view utf8) {
+  TextBytes* bytes = newBytes(0, std::max<std::size_t>(utf8.size(), 4));
+  std::size_t characters = 0;
+  try {
+    for (std::string_view rest = utf8; !rest.empty();) {
+      const std::string_view piece = rest.substr(0, kPiece);
+      append(*bytes, piece);
+      characters += countCharacters(piece);
+      rest.remove_prefix(piece.size());
+      if (!rest.empty()) roots_.betweenPieces();
+    }
+  } catch (...) {
+    release(bytes);
+    throw;
+  }
+  return textCell(bytes, utf8.size(), characters);
 }
 
 Value Heap::concatenate(const Value* parts, std::size_t count) {
@@ -303,6 +325,7 @@ void Heap::sweep() {
     }
   }
   allocated_ = bytesAllocated_ = 0;
+  bytesKept_ = bytesLive_;
 }
 
 }  // namespace atelier::lisp

@@ -47,7 +47,8 @@ class Heap {
   Value string(std::string_view utf8);
   // A string of these bytes one after the other; an append when the first part allows it.
   Value concatenate(const Value* parts, std::size_t count);
-  Box* box(Value::Tag kind);
+  // `weight`: bytes that the object takes elsewhere, about; they bring the next collection nearer.
+  Box* box(Value::Tag kind, std::size_t weight = 0);
 
   void collect();
   void mark(Value value);
@@ -91,6 +92,8 @@ class Heap {
   void refill(Kind kind, Value keep1 = nil, Value keep2 = nil);
   bool nextRun(Pool& pool);
   void addBlock(Kind kind);
+  std::size_t bytesUntilCollection() const;
+  void weigh(Kind kind, std::size_t bytes);
   Cell* cell(Kind kind) {
     Pool& pool = pools_[kind];
     if (pool.next == pool.end) refill(kind);
@@ -110,10 +113,11 @@ class Heap {
 
   RootSource& roots_;
   std::array<Pool, kKinds> pools_;
-  std::vector<std::uintptr_t> blocks_;              // every block, ascending
-  std::vector<Value> pending_;                      // pairs whose parts are still to mark
-  std::size_t allocated_ = 0;                       // cells handed out in runs since the last collection
-  std::size_t bytesAllocated_ = 0, bytesLive_ = 0;  // of strings: since the last collection, in all
+  std::vector<std::uintptr_t> blocks_;  // every block, ascending
+  std::vector<Value> pending_;          // pairs whose parts are still to mark
+  std::size_t allocated_ = 0;           // cells handed out in runs since the last collection
+  // Of strings: held now, held after the last collection; of strings and boxes: taken since then.
+  std::size_t bytesLive_ = 0, bytesKept_ = 0, bytesAllocated_ = 0;
   std::size_t live_ = 0, collections_ = 0;
   std::size_t visited_ = 0;  // pairs that this collection has marked
   bool abandoned_ = false;   // this collection

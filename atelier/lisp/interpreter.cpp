@@ -14,7 +14,7 @@
 namespace atelier::lisp {
 namespace {
 
-constexpr std::ptrdiff_t kValues = std::ptrdiff_t{1} << 22;    // arguments that are being gathered
+constexpr std::ptrdiff_t kValues = std::ptrdiff_t{1} << 24;    // arguments and elements that are being gathered
 constexpr std::ptrdiff_t kBindings = std::ptrdiff_t{1} << 21;  // nested parameters and locals
 
 // Address space whose pages are taken as they are touched.
@@ -111,8 +111,8 @@ Value Interpreter::entity(std::uint64_t id) {
   return Value::pointing(box, Value::kEntity);
 }
 
-Value Interpreter::object(std::shared_ptr<void> object, Value::Tag kind) {
-  Box* box = heap_.box(kind);
+Value Interpreter::object(std::shared_ptr<void> object, Value::Tag kind, std::size_t weight) {
+  Box* box = heap_.box(kind, weight);
   box->object = std::make_unique<std::shared_ptr<void>>(std::move(object)).release();
   return Value::pointing(box, kind);
 }

@@ -80,7 +80,10 @@ class Interpreter final : private RootSource {
   Value point(double x, double y) { return list({Value::real(x), Value::real(y)}); }
   Value point(double x, double y, double z) { return list({Value::real(x), Value::real(y), Value::real(z)}); }
   Value entity(std::uint64_t id);
-  Value selection(std::shared_ptr<void> object) { return this->object(std::move(object), Value::kSelection); }
+  // `weight`: bytes of memory that the object takes, about.
+  Value selection(std::shared_ptr<void> object, std::size_t weight) {
+    return this->object(std::move(object), Value::kSelection, weight);
+  }
   Value file(std::shared_ptr<void> object) { return this->object(std::move(object), Value::kFile); }
   Value errorObject(const Error& error);
   Value boolean(bool truth) const { return truth ? t_ : nil; }
@@ -206,7 +209,7 @@ class Interpreter final : private RootSource {
   State state() const { return {top_, bindings_, frame_, catching_}; }
   void restore(const State& state);
   Value runForms(std::string_view text, std::string_view file);
-  Value object(std::shared_ptr<void> object, Value::Tag kind);
+  Value object(std::shared_ptr<void> object, Value::Tag kind, std::size_t weight = 0);
   Primitive* newPrimitive(std::string_view name);
   void markRoots(Heap& heap) override;
   void afterMarking(Heap& heap) override;

@@ -46,6 +46,7 @@ Value strcase(Interpreter& in, Arguments arguments) {
   const bool lower = static_cast<bool>(optional(arguments, 1));
   std::string_view text = stringArgument(in, arguments[0]);
   std::string result;
+  result.reserve(text.size());
   while (!text.empty()) {
     in.poll();
     const std::string_view piece = text.substr(0, byteOffset(text, kPiece));

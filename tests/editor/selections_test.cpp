@@ -101,6 +101,10 @@ TEST_F(Selections, AreSets) {
          {"(ssmemb e s)", "nil"},
          {"(ssdel e s)", "nil"},
          {"(ssname s 0)", "nil"},
+         {"(progn (setq all (ssget \"X\") n (sslength all)) (ssadd (ssname all 1) all) (- (sslength all) n))", "0"},
+         {"(progn (setq e1 (ssname all 1)) (ssdel e1 all) (list (- n (sslength all)) (ssmemb e1 all)))", "(1 nil)"},
+         {"(progn (ssadd e1 all) (list (- n (sslength all)) (eq (ssname all (1- n)) e1)))", "(0 T)"},
+         {"(progn (while (ssname all 0) (ssdel (ssname all 0) all)) (sslength all))", "0"},
          {"(sslength nil)", "! bad argument type: lselsetp nil"},
          {"(progn (sssetfirst nil (ssadd e)) (kinds (cadr (ssgetfirst))))", "(\"LINE\")"},
          {"(kinds (ssget \"I\"))", "(\"LINE\")"}});

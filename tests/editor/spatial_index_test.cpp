@@ -68,7 +68,8 @@ class RandomDrawing : public DrawingTest, public testing::WithParamInterface<uns
   }
 
   // What was found, as names that a failure can be read by.
-  std::vector<std::string> names(const Stubs& stubs) {
+  template <class STUBS>
+  std::vector<std::string> names(const STUBS& stubs) {
     std::vector<std::string> list;
     for (const AcDbStub* stub : stubs)
       list.push_back(std::string(session.document().imp().typeName(*stub)) + " " + std::to_string(stub->handle));

@@ -77,7 +77,7 @@ TEST_F(Interface, EntitiesAndSelections) {
 }
 
 Value picks(void* context, int, Interpreter& in, Arguments) {
-  return in.selection(*static_cast<std::shared_ptr<int>*>(context));
+  return in.selection(*static_cast<std::shared_ptr<int>*>(context), sizeof(int));
 }
 
 TEST_F(Interface, DroppedSelectionsLetTheirObjectsGo) {
@@ -87,6 +87,29 @@ TEST_F(Interface, DroppedSelectionsLetTheirObjectsGo) {
   run("(setq ss nil) (mapcar 'list '(1 2 3) '(4 5 6)) (gc)");
   // A word of the machine stack may still look like one or the other of them.
   EXPECT_LT(picked.use_count(), 10);
+}
+
+// What values hold elsewhere is their garbage, too: a set of a large drawing weighs megabytes.
+TEST_F(Interface, GarbageIsWeighedByWhatItHolds) {
+  run("(setq s \"abcdefgh\") (repeat 15 (setq s (strcat s s)))");
+  std::size_t before = in.heap().collections();
+  run("(repeat 500 (substr s 2))");
+  EXPECT_GT(in.heap().collections(), before + 1);
+  auto picked = std::make_shared<int>(7);
+  in.addExternal(
+      "app:heavy",
+      [](void* object, int, Interpreter& host, Arguments) {
+        return host.selection(*static_cast<std::shared_ptr<int>*>(object), std::size_t{10} << 20);
+      },
+      &picked, 0);
+  before = in.heap().collections();
+  run("(repeat 30 (app:heavy))");
+  EXPECT_GT(in.heap().collections(), before + 2);
+  // What lives isn't collected again for every few strings more.
+  run("(repeat 1000 (setq kept (cons (substr s 2) kept)))");
+  before = in.heap().collections();
+  run("(repeat 100 (substr s 2))");
+  EXPECT_LT(in.heap().collections(), before + 2);
 }
 
 TEST_F(Interface, ValuesSurviveCollections) {

@@ -87,6 +87,18 @@ TEST_F(Robustness, BrokenTextsGiveAValueOrASyntaxError) {
   }
 }
 
+TEST_F(Robustness, ListsOfMillionsGoThroughEveryFunction) {
+  run("(setq l nil i 0) (repeat 3000000 (setq l (cons (rem i 100003) l) i (1+ i)))");
+  check({{"(length (append l l))", "6000000"},
+         {"(length (apply 'append (list l l)))", "6000000"},
+         {"(car (vl-sort l '<))", "0"},
+         {"(length (vl-sort-i l '<))", "3000000"},
+         {"(apply 'max l)", "100002"},
+         {"(strlen (setq s (vl-list->string (mapcar '(lambda (n) 65) l))))", "3000000"},
+         {"(length (vl-string->list s))", "3000000"},
+         {"(equal l (reverse (reverse l)))", "T"}});
+}
+
 TEST_F(Robustness, ErrorsLeaveNoBindings) {
   run("(setq a 'out b 'out) (defun f (a / b) (setq b 1) (foreach a '(1 2) (car b)))");
   for (int i = 0; i < 100; ++i) run("(mapcar '(lambda (b) (f b)) '(1 2))");
