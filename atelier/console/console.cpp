@@ -2,6 +2,8 @@
 // The first file that can't be read or written ends the run; LISP errors and failed commands are counted.
 #include "atelier/console/console.h"
 
+#include <unistd.h>
+
 #include <csignal>
 #include <cstdio>
 #include <filesystem>
@@ -152,6 +154,8 @@ std::unique_ptr<Document> openDocument(const Options& options, const Printer& pr
 
 int carryOutAll(const Options& options) {
   bool interactive = options.actions.empty() && isTerminal();
+  // Who sits before it sees how far a program is, line feed or not.
+  if (isatty(STDOUT_FILENO)) std::setvbuf(stdout, nullptr, _IONBF, 0);
   const Printer printer = [&options](std::string_view text) { print(options, text); };
   ProgressReport progress(interactive ? Progress::never : options.progress, options.actions.size() + 1);
   progress.begin("open", options.drawing);

@@ -2,8 +2,12 @@
 // The history is kept in the user's state folder.
 #include "atelier/console/terminal.h"
 
+#include <fcntl.h>
+#include <poll.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -47,6 +51,41 @@ char* completion(const char* text, int state) {
   return nullptr;
 }
 
+// The terminal once more, so that reads which don't wait are no matter of the shell's that shares ours.
+int keys() {
+  static const int file = open("/proc/self/fd/0", O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+  return file;
+}
+
+// Waits for a key or a signal, however shortly before it came.
+void awaitKey() {
+  sigset_t interrupt, before;
+  sigemptyset(&interrupt);
+  sigaddset(&interrupt, SIGINT);
+  sigprocmask(SIG_BLOCK, &interrupt, &before);
+  pollfd waiting{keys(), POLLIN, 0};
+  if (!rl_pending_signal() && !Document::needed().interpreter().interrupted()) ppoll(&waiting, 1, nullptr, &before);
+  sigprocmask(SIG_SETMASK, &before, nullptr);
+}
+
+// Ctrl-C ends the line at once: what was typed is dropped, the prompt is cancelled. Readline by itself would first wait for
+// one key more. The terminal forgets at Ctrl-C what nobody has read: a key that was there may be gone.
+int readKey(FILE* stream) {
+  if (keys() < 0) return rl_getc(stream);
+  for (;;) {
+    rl_check_signals();
+    if (Document::needed().interpreter().interrupted()) {
+      rl_done = 1;
+      return '\n';
+    }
+    awaitKey();
+    unsigned char key = 0;
+    const ssize_t got = read(keys(), &key, 1);
+    if (got == 1) return key;
+    if (got == 0 || (errno != EAGAIN && errno != EINTR)) return EOF;
+  }
+}
+
 class TerminalSource : public InputSource {
  public:
   Input next(const PromptInfo& prompt) override {
@@ -59,7 +98,7 @@ class TerminalSource : public InputSource {
     char* line = readline((prompt.text.empty() ? std::string("Commande: ") : shown).c_str());
     if (Document::needed().interpreter().interrupted()) {
       std::free(line);
-      std::printf("\n");
+      rl_clear_pending_input();
       Document::needed().interpreter().clearInterrupt();
       Input cancelled;
       cancelled.kind = Input::Kind::cancel;
@@ -83,11 +122,7 @@ bool isTerminal() { return isatty(STDIN_FILENO) && isatty(STDOUT_FILENO); }
 
 void runTerminal(Document& document) {
   rl_completion_entry_function = completion;
-  // Ctrl-C ends the line at once: what was typed is dropped, the prompt is cancelled.
-  rl_signal_event_hook = [] {
-    rl_done = 1;
-    return 0;
-  };
+  rl_getc_function = readKey;
   rl_completer_word_break_characters = const_cast<char*>(" \t\n\"'()");
   const std::string history = historyFile();
   read_history(history.c_str());

@@ -60,7 +60,7 @@ void SelectionPrompt::takeObjects(const SelectionSet& found) {
   }
   if (removing_) set_->removeAll(step);
   else
-    for (AcDbStub* stub : step) set_->add(stub);
+    for (AcDbStub* stub : step) set_->append(stub);
   document_.print("\n" + std::to_string(step.size()) + (removing_ ? " retiré(s), " : " trouvé(s), ") +
                   std::to_string(set_->list().size()) + " au total");
   if (!removing_) steps_.push_back(std::move(step));
@@ -147,7 +147,7 @@ bool SelectionPrompt::takeWord(std::string_view typed) {
   } else if (word == "ALL") {
     AcDbStub* space = document_.database().currentSpaceId();
     if (space && space->children)
-      for (AcDbStub* stub : *space->children) last.add(stub);
+      for (AcDbStub* stub : *space->children) last.append(stub);
     takeObjects(last);
   } else if (word == "U") {
     if (!steps_.empty()) {
@@ -194,7 +194,7 @@ std::shared_ptr<SelectionSet> takeSelectedBefore(Document& document) {
     return nullptr;
   auto chosen = std::make_shared<SelectionSet>();
   for (AcDbStub* stub : std::exchange(document.firstSelection, nullptr)->list())
-    if (!stub->is(AcDbStub::kErased)) chosen->add(stub);
+    if (!stub->is(AcDbStub::kErased)) chosen->append(stub);
   if (chosen->list().empty()) return nullptr;
   document.print("\n" + std::to_string(chosen->list().size()) + " trouvé(s)");
   return document.previousSelection = chosen;

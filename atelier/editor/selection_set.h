@@ -38,7 +38,9 @@ class SelectionSet {
     for (AcDbStub* stub : stubs) removed += members().erase(stub);
     if (removed > 0) std::erase_if(list_, [this](AcDbStub* stub) { return !contains(stub); });
   }
-  bool contains(const AcDbStub* stub) const { return members().contains(const_cast<AcDbStub*>(stub)); }
+  bool contains(const AcDbStub* stub) const {
+    return !list_.empty() && members().contains(const_cast<AcDbStub*>(stub));
+  }
   const List& list() const { return list_; }
   // Bytes of memory that it takes, about.
   std::size_t weight() const { return list_.size() * sizeof(AcDbStub*); }
