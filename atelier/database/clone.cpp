@@ -1,5 +1,7 @@
 // Deep clones within a database and between databases, and inserting a drawing as a block.
 // References are handles, so a clone is a copy of groups with the handles of what was cloned translated.
+#include "atelier/database/clone.h"
+
 #include <unordered_map>
 
 #include "atelier/database/imp_database.h"
@@ -58,8 +60,6 @@ class Cloner {
 
   // Handles of what was cloned follow; within one drawing others stay, in another drawing they are lost.
   void translate(const AcDbImpDatabase& from) {
-    std::unordered_map<std::uint64_t, std::uint64_t> handles;
-    for (const auto& [source, copy] : map_) handles[source->handle] = copy->handle;
     for (AcDbStub* stub : made_) {
       checkInterruption();
       Record& record = AcDbImpObject::of(stub->object).record;
@@ -68,8 +68,8 @@ class Cloner {
         const bool reference =
             (code >= 330 && code <= 369) || (code >= 390 && code <= 399) || code == 1005 || code == 480 || code == 481;
         if (!reference || group.handle() == 0) continue;
-        const auto it = handles.find(group.handle());
-        if (it != handles.end()) group = Group::handle(code, it->second);
+        const auto it = map_.find(from.stubOf(group.handle()));
+        if (it != map_.end()) group = Group::handle(code, it->second->handle);
         else if (&from != &target_) group = Group::handle(code, 0);
       }
       // The owner stood there already, as a handle of the target: another drawing may have the same number.
@@ -78,7 +78,21 @@ class Cloner {
     }
   }
 
-  const std::unordered_map<AcDbStub*, AcDbStub*>& map() const { return map_; }
+  using Map = std::unordered_map<AcDbStub*, AcDbStub*>;
+  Map takeMap() { return std::move(map_); }
+
+  // The copies of the sources in their order, as members of the owner.
+  std::vector<AcDbStub*> cloneInto(AcDbImpDatabase& from, const std::vector<AcDbStub*>& sources, AcDbStub& owner) {
+    std::vector<AcDbStub*> copies;
+    for (AcDbStub* source : sources) {
+      checkInterruption();
+      AcDbStub& copy = clone(*source, owner);
+      (copy.is(AcDbStub::kEntity) && owner.children ? *owner.children : target_.objects).push_back(&copy);
+      copies.push_back(&copy);
+    }
+    translate(from);
+    return copies;
+  }
 
  private:
   static void removeEmptyExtension(Record& record) {
@@ -159,7 +173,7 @@ class Cloner {
 
  private:
   AcDbImpDatabase& target_;
-  std::unordered_map<AcDbStub*, AcDbStub*> map_;
+  Map map_;
   std::vector<AcDbStub*> made_, blocks_;
 };
 
@@ -169,18 +183,26 @@ Acad::ErrorStatus AcDbDatabase::deepCloneObjects(const AcDbObjectIdArray& object
                                                  AcDbIdMapping& mapping, bool) {
   AcDbStub* target = owner;
   if (!target) return Acad::eNullObjectId;
-  Cloner cloner(*target->database);
+  std::vector<AcDbStub*> sources;
   for (const AcDbObjectId id : objects) {
     AcDbStub* source = id;
     if (!source || source->is(AcDbStub::kErased)) return source ? Acad::eWasErased : Acad::eNullObjectId;
-    cloner.checkInterruption();
-    AcDbStub& copy = cloner.clone(*source, *target);
-    if (copy.is(AcDbStub::kEntity) && target->children) target->children->push_back(&copy);
-    else target->database->objects.push_back(&copy);
+    sources.push_back(source);
   }
-  cloner.translate(*mpImp);
-  for (const auto& [source, copy] : cloner.map()) mapping.assign(idOf(source), idOf(copy));
+  Cloner cloner(*target->database);
+  cloner.cloneInto(*mpImp, sources, *target);
+  for (const auto& [source, copy] : cloner.takeMap()) mapping.assign(idOf(source), idOf(copy));
   return Acad::eOk;
+}
+
+void atelier::cloneAll(AcDbImpDatabase& from, const std::vector<AcDbStub*>& sources, AcDbStub& owner,
+                       const std::function<void(AcDbEntity&)>& place) {
+  Cloner cloner(*owner.database);
+  for (AcDbStub* copy : cloner.cloneInto(from, sources, owner)) {
+    cloner.checkInterruption();
+    const AcDbEntityPointer entity(idOf(copy), AcDb::kForWrite);
+    if (entity.openStatus() == Acad::eOk) place(*entity);
+  }
 }
 
 Acad::ErrorStatus AcDbDatabase::insert(AcDbObjectId& blockId, const ACHAR* blockName, AcDbDatabase* source, bool) {

@@ -51,8 +51,9 @@ void DrawingView::setGround(const QColor& colour) {
 void DrawingView::refresh() {
   drawing_.scene().refresh();
   // A command may have taken the selection, a program may have set another one.
-  const auto& first = drawing_.document().firstSelection;
-  selection_ = first ? first->list() : std::vector<AcDbStub*>();
+  selection_.clear();
+  if (const auto& first = drawing_.document().firstSelection)
+    selection_.assign(first->list().begin(), first->list().end());
   std::erase_if(selection_, [](AcDbStub* stub) { return stub->is(AcDbStub::kErased); });
   selected_ = shown(selection_);
   hoveredStub_ = nullptr;

@@ -4,8 +4,8 @@
 
 #include <cmath>
 
+#include "atelier/database/clone.h"
 #include "atelier/database/interruption.h"
-#include "atelier/database/ownership.h"
 #include "atelier/editor/document.h"
 #include "atelier/editor/layer_states.h"
 #include "atelier/editor/selection_prompt.h"
@@ -110,31 +110,13 @@ AcDbObjectId Command::addAsIs(std::unique_ptr<AcDbEntity> entity) const {
   return id;
 }
 
-std::vector<AcDbObjectId> Command::copies(const SelectionSet& set, const AcGeMatrix3d& matrix,
-                                          AcDbObjectId block) const {
-  AcDbObjectIdArray ids;
+void Command::copies(const SelectionSet& set, const AcGeMatrix3d& matrix, AcDbObjectId block) const {
+  std::vector<AcDbStub*> sources;
   for (AcDbStub* stub : set.list())
-    if (!stub->is(AcDbStub::kErased)) ids.append(AcDbObjectId(stub));
-  AcDbIdMapping mapping;
-  AcDbDatabase& database = document.database();
-  if (database.deepCloneObjects(ids, block.isNull() ? database.currentSpaceId() : block, mapping) != Acad::eOk)
-    fail("Les objets n'ont pas pu être copiés.");
-  std::vector<AcDbObjectId> made;
-  for (int i = 0; i < ids.length(); ++i)
-    if (AcDbObjectId copy; mapping.compute(ids[i], copy)) made.push_back(copy);
-  auto next = made.begin();
-  try {
-    for (; next != made.end(); ++next) {
-      checkInterruption();
-      const AcDbEntityPointer entity(*next, AcDb::kForWrite);
-      if (entity.openStatus() == Acad::eOk) entity->transformBy(matrix);
-    }
-  } catch (const Interrupted&) {
-    // What has not come to its place yet would lie on its original.
-    for (; next != made.end(); ++next) eraseWithOwned(**next, true);
-    throw;
-  }
-  return made;
+    if (!stub->is(AcDbStub::kErased)) sources.push_back(stub);
+  AcDbStub* owner = block.isNull() ? document.database().currentSpaceId() : block;
+  if (!owner) fail("Les objets n'ont pas pu être copiés.");
+  cloneAll(document.imp(), sources, *owner, [&](AcDbEntity& copy) { copy.transformBy(matrix); });
 }
 
 void Command::change(const SelectionSet& set, const std::function<void(AcDbEntity&)>& work) const {

@@ -50,7 +50,7 @@ class Command {
   // The same, with the layer, colour and line type that the entity has.
   AcDbObjectId addAsIs(std::unique_ptr<AcDbEntity> entity) const;
   // Copies that go where the matrix takes them, in the current space or in that block.
-  std::vector<AcDbObjectId> copies(const SelectionSet& set, const AcGeMatrix3d& matrix, AcDbObjectId block = {}) const;
+  void copies(const SelectionSet& set, const AcGeMatrix3d& matrix, AcDbObjectId block = {}) const;
   // Calls with each entity of the set that can be changed; those on locked layers are counted and passed
   // over.
   void change(const SelectionSet& set, const std::function<void(AcDbEntity&)>& work) const;

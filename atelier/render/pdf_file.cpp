@@ -17,6 +17,13 @@ void checkCairo(cairo_status_t status, const std::string& file) {
     throw PlotError(file + " : tracé impossible (" + cairo_status_to_string(status) + ")");
 }
 
+void dropPage(cairo_surface_t* surface) {
+  cairo_t* context = cairo_create(surface);
+  cairo_set_operator(context, CAIRO_OPERATOR_CLEAR);
+  cairo_paint(context);
+  cairo_destroy(context);
+}
+
 PdfFile::PdfFile(const std::string& file)
     : name_(file),
       out_(file),
@@ -31,7 +38,12 @@ void PdfFile::beginPage(double widthMm, double heightMm) {
   open_ = true;
 }
 
+PdfFile::~PdfFile() {
+  if (open_ && !finished_) dropPage(surface_.get());
+}
+
 void PdfFile::finish() {
+  finished_ = true;
   cairo_show_page(context_.get());
   checkCairo(cairo_status(context_.get()), name_);
   cairo_surface_finish(surface_.get());

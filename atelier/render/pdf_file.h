@@ -15,12 +15,18 @@ cairo_status_t toAtomicFile(void* file, const unsigned char* bytes, unsigned int
 // Throws PlotError for a failure of Cairo's own; one of writing is told by commit(), with the system's reason.
 void checkCairo(cairo_status_t status, const std::string& file);
 
+// Forgets what was painted on the current page: Cairo goes through all of it once more when a surface ends.
+void dropPage(cairo_surface_t* surface);
+
 class PdfFile {
  public:
   static constexpr double kPointsPerMm = 72 / 25.4;
 
   // Throws PlotError when the folder can't be written.
   explicit PdfFile(const std::string& file);
+  ~PdfFile();
+  PdfFile(const PdfFile&) = delete;
+  PdfFile& operator=(const PdfFile&) = delete;
   // Ends the page before and begins one of this size, in millimetres.
   void beginPage(double widthMm, double heightMm);
   // The current page, in points from its top left corner.
@@ -33,7 +39,7 @@ class PdfFile {
   AtomicFile out_;
   std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> surface_;
   std::unique_ptr<cairo_t, decltype(&cairo_destroy)> context_;
-  bool open_ = false;
+  bool open_ = false, finished_ = false;
 };
 
 }  // namespace atelier::render

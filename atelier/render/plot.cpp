@@ -57,7 +57,12 @@ void svg(const DisplayList& list, const Page& page, AtomicFile& out, const std::
   const Surface surface(
       cairo_svg_surface_create_for_stream(toAtomicFile, &out, page.widthMm * perMm, page.heightMm * perMm),
       cairo_surface_destroy);
-  paintPage(surface.get(), list, page, perMm, hairlineMm * perMm, true, file);
+  try {
+    paintPage(surface.get(), list, page, perMm, hairlineMm * perMm, true, file);
+  } catch (...) {
+    dropPage(surface.get());
+    throw;
+  }
   cairo_surface_finish(surface.get());
   checkCairo(cairo_surface_status(surface.get()), file);
 }
