@@ -89,7 +89,8 @@ int readKey(FILE* stream) {
 class TerminalSource : public InputSource {
  public:
   Input next(const PromptInfo& prompt) override {
-    // The prompt was printed; Readline is told its last line so that it can redraw it.
+    // Prompts were printed, except that for a command; Readline is told the last line so that it can redraw it.
+    if (prompt.isCommand && !Document::needed().atLineStart()) Document::needed().print("\n");
     const std::size_t last = prompt.text.rfind('\n');
     const std::string shown = last == std::string::npos ? prompt.text : prompt.text.substr(last + 1);
     if (!shown.empty()) std::printf("\r");

@@ -56,6 +56,8 @@ void MainWindow::buildMenus() {
   panels->setTitle(QStringLiteral("&Panneaux"));
   view->addMenu(panels);
   QMenu* help = menuBar()->addMenu(QStringLiteral("&Aide"));
+  connect(help->addAction(QStringLiteral("Commandes")), &QAction::triggered, this,
+          [this] { perform("(command \"_.HELP\" \"\")"); });
   connect(help->addAction(QStringLiteral("Fonctions AutoLISP")), &QAction::triggered, this,
           [this] { perform("(aide)"); });
   connect(help->addAction(QStringLiteral("À propos de Kavel")), &QAction::triggered, this, [this] {

@@ -4,6 +4,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "atelier/editor/command_task.h"
 
@@ -39,10 +40,13 @@ std::span<const CommandRow> fileCommands();
 std::span<const CommandRow> viewCommands();
 std::span<const CommandRow> undoCommands();
 std::span<const CommandRow> menuCommands();
+std::span<const CommandRow> helpCommands();
 
 // The command of that name, as typed: leading _ . and ' are passed over. French and English names are all
 // distinct. A system variable's name is SETVAR's row.
 const CommandRow* commandRow(std::string_view typed);
+// All that are offered here, in no order.
+std::vector<const CommandRow*> offeredCommands();
 // A name as typed, without the marks, in upper case.
 std::string commandName(std::string_view typed);
 

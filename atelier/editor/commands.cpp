@@ -33,30 +33,48 @@ bool isNamed(const CommandRow& row, std::string_view name) {
 }
 
 auto allTables() {
-  return std::array{drawingCommands(),     plineCommands(),
-                    arcCommands(),         blockCommands(),
-                    propertyCommands(),    textCommands(),
-                    editingCommands(),     curveCommands(),
-                    cornerCommands(),      offsetCommands(),
-                    trimCommands(),        explodeCommands(),
-                    polylineCommands(),    insertCommands(),
-                    layerCommands(),       recordCommands(),
-                    drawingFileCommands(), fileCommands(),
-                    viewCommands(),        undoCommands(),
-                    menuCommands(),        std::span<const CommandRow>(kElsewhere)};
+  return std::array{drawingCommands(),
+                    plineCommands(),
+                    arcCommands(),
+                    blockCommands(),
+                    propertyCommands(),
+                    textCommands(),
+                    editingCommands(),
+                    curveCommands(),
+                    cornerCommands(),
+                    offsetCommands(),
+                    trimCommands(),
+                    explodeCommands(),
+                    polylineCommands(),
+                    insertCommands(),
+                    layerCommands(),
+                    recordCommands(),
+                    drawingFileCommands(),
+                    fileCommands(),
+                    viewCommands(),
+                    undoCommands(),
+                    menuCommands(),
+                    helpCommands(),
+                    std::span<const CommandRow>(kElsewhere)};
 }
 
 }  // namespace
 
+std::vector<const CommandRow*> offeredCommands() {
+  std::vector<const CommandRow*> rows;
+  for (const auto table : allTables())
+    for (const CommandRow& row : table)
+      if (row.function) rows.push_back(&row);
+  return rows;
+}
+
 std::vector<std::string> commandNames() {
   std::vector<std::string> names;
-  for (const auto table : allTables())
-    for (const CommandRow& row : table) {
-      if (!row.function) continue;
-      names.emplace_back(row.name);
-      std::istringstream aliases{std::string(row.aliases)};
-      for (std::string alias; aliases >> alias;) names.push_back(alias);
-    }
+  for (const CommandRow* row : offeredCommands()) {
+    names.emplace_back(row->name);
+    std::istringstream aliases{std::string(row->aliases)};
+    for (std::string alias; aliases >> alias;) names.push_back(alias);
+  }
   return names;
 }
 

@@ -18,21 +18,21 @@ void list(const Command& c) {
 }
 
 CommandTask menu(Command& c) {
-  const auto given = co_await c.line("\nEntree de menu ou [?] <?>: ");
+  const auto given = co_await c.line("\nEntrée de menu ou [?] <?>: ");
   const std::string label(trimmed(given.value));
   if (label.empty() || label == "?") {
     list(c);
     co_return;
   }
   const MenuItem* item = hostMenus().find(toWide(label));
-  if (!item) c.fail("Aucun menu n'a l'entree \"" + label + "\".");
+  if (!item) c.fail("Aucun menu n'a l'entrée \"" + label + "\".");
   std::string script;
   for (const std::string& line : linesOfMacro(item->macro)) script += line + "\n";
   c.document.scripts.push_back(std::move(script));
 }
 
 constexpr CommandRow kRows[] = {
-    {"MENU", "MENUS", menu, "Lists the menus of the menu bar, or runs an entry by its label."},
+    {"MENU", "MENUS", menu, "Nomme les menus de la barre de menus, ou exécute une de leurs entrées."},
 };
 
 }  // namespace

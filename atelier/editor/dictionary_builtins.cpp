@@ -98,16 +98,16 @@ Value dictrename(Interpreter& interpreter, Arguments arguments) {
 }
 
 constexpr lisp::Builtin kTable[] = {
-    {"namedobjdict", namedobjdict, 0, 0, "(namedobjdict)", "Dictionnaire des objets nommes du dessin."},
+    {"namedobjdict", namedobjdict, 0, 0, "(namedobjdict)", "Dictionnaire des objets nommés du dessin."},
     {"dictsearch", dictsearch, 2, 3, "(dictsearch dictionnaire cle [suite])",
-     "Groupes de l'entree d'un dictionnaire, ou nil."},
-    {"dictnext", dictnext, 1, 2, "(dictnext dictionnaire [debut])", "Entree suivante d'un dictionnaire."},
+     "Groupes de l'entrée d'un dictionnaire, ou nil."},
+    {"dictnext", dictnext, 1, 2, "(dictnext dictionnaire [debut])", "Entrée suivante d'un dictionnaire."},
     {"dictadd", dictadd, 3, 3, "(dictadd dictionnaire cle objet)",
-     "Ajoute un objet a un dictionnaire; rend l'objet, ou nil."},
+     "Ajoute un objet à un dictionnaire; rend l'objet, ou nil."},
     {"dictremove", dictremove, 2, 2, "(dictremove dictionnaire cle)",
-     "Retire une entree d'un dictionnaire; rend son objet, ou nil."},
+     "Retire une entrée d'un dictionnaire; rend son objet, ou nil."},
     {"dictrename", dictrename, 3, 3, "(dictrename dictionnaire ancien nouveau)",
-     "Renomme une entree d'un dictionnaire."},
+     "Renomme une entrée d'un dictionnaire."},
 };
 
 }  // namespace

@@ -115,17 +115,17 @@ Value textbox(Interpreter& interpreter, Arguments arguments) {
 
 constexpr lisp::Builtin kTable[] = {
     {"entget", entget, 1, 2, "(entget entite [applications])",
-     "Liste des groupes d'un objet, avec les donnees etendues des applications nommees."},
-    {"entmod", entmod, 1, 1, "(entmod liste)", "Modifie l'objet nomme par le groupe -1; rend la liste, ou nil."},
-    {"entupd", entupd, 1, 1, "(entupd entite)", "Met a jour l'affichage d'une entite."},
+     "Liste des groupes d'un objet, avec les données étendues des applications nommées."},
+    {"entmod", entmod, 1, 1, "(entmod liste)", "Modifie l'objet nommé par le groupe -1; rend la liste, ou nil."},
+    {"entupd", entupd, 1, 1, "(entupd entite)", "Met à jour l'affichage d'une entité."},
     {"entmake", entmake, 0, 1, "(entmake [liste])",
-     "Cree une entite, un enregistrement de table ou une partie de bloc; rend la liste, ou nil."},
-    {"entmakex", entmakex, 1, 1, "(entmakex liste)", "Comme entmake; rend le nom de l'objet cree, ou nil."},
-    {"entnext", entnext, 0, 1, "(entnext [entite])", "Entite suivante du dessin, attributs et sommets compris."},
-    {"entlast", entlast, 0, 0, "(entlast)", "Derniere entite principale du dessin."},
-    {"entdel", entdel, 1, 1, "(entdel entite)", "Efface une entite, ou la retablit si elle etait effacee."},
+     "Crée une entité, un enregistrement de table ou une partie de bloc; rend la liste, ou nil."},
+    {"entmakex", entmakex, 1, 1, "(entmakex liste)", "Comme entmake; rend le nom de l'objet créé, ou nil."},
+    {"entnext", entnext, 0, 1, "(entnext [entite])", "Entité suivante du dessin, attributs et sommets compris."},
+    {"entlast", entlast, 0, 0, "(entlast)", "Dernière entité principale du dessin."},
+    {"entdel", entdel, 1, 1, "(entdel entite)", "Efface une entité, ou la rétablit si elle était effacée."},
     {"handent", handent, 1, 1, "(handent handle)", "Objet d'un identifiant hexadecimal, ou nil."},
-    {"textbox", textbox, 1, 1, "(textbox liste)", "Coins du rectangle d'un texte donne par ses groupes."},
+    {"textbox", textbox, 1, 1, "(textbox liste)", "Coins du rectangle d'un texte donné par ses groupes."},
 };
 
 }  // namespace

@@ -15,7 +15,7 @@ lisp::Value echec(lisp::Interpreter& in, lisp::Arguments arguments) {
 
 constexpr lisp::Builtin kTable[] = {
     {"echec", echec, 0, 1, "(echec [message])",
-     "Compte un echec et le dit: le programme sans ecran finira avec le statut 1."},
+     "Compte un échec et le dit: le programme sans écran finira avec le statut 1."},
 };
 
 }  // namespace

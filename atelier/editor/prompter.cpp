@@ -355,7 +355,7 @@ Answer Prompter::getAngle(const std::optional<AcGePoint3d>& base, std::string_vi
 Answer Prompter::getEntity(std::string_view prompt, AcDbObjectId& entity, AcGePoint3d& point) {
   PromptInfo i = info(prompt);
   i.wantsEntity = true;
-  return ask(i, "Aucun objet a cet endroit.", [&](const Input& input, int) {
+  return ask(i, "Aucun objet à cet endroit.", [&](const Input& input, int) {
     if (const auto value = expressionValue(document_, input)) return entityFromValue(*value, entity, point);
     if (input.kind == Input::Kind::text) {
       const std::string word = upperCase(input.text.starts_with('_') ? input.text.substr(1) : input.text);

@@ -96,7 +96,7 @@ constexpr lisp::Builtin kTable[] = {
     {"tblnext", tblnext, 1, 2, "(tblnext table [debut])", "Enregistrement suivant d'une table de symboles."},
     {"tblobjname", tblobjname, 2, 2, "(tblobjname table nom)", "Nom d'objet d'un enregistrement de table, ou nil."},
     {"regapp", regapp, 1, 1, "(regapp application)",
-     "Enregistre une application pour ses donnees etendues; nil si elle l'est deja."},
+     "Enregistre une application pour ses données étendues; nil si elle l'est déjà."},
     {"snvalid", snvalid, 1, 2, "(snvalid nom [barre])", "T si une table de symboles accepte ce nom."},
 };
 

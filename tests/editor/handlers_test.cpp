@@ -108,20 +108,32 @@ TEST_F(Handlers, TablesAreWhole) {
   }
   using namespace atelier;
   std::set<std::string> names;
-  for (const auto table : {drawingCommands(), textCommands(), editingCommands(), insertCommands(), layerCommands(),
-                           recordCommands(), fileCommands(), viewCommands(), undoCommands()})
-    for (const CommandRow& row : table) {
-      std::string all = std::string(row.name) + " " + std::string(row.aliases);
-      for (std::size_t blank; !all.empty(); all.erase(0, blank == all.npos ? all.size() : blank + 1)) {
-        blank = all.find(' ');
-        const std::string name = all.substr(0, blank);
-        EXPECT_TRUE(name.empty() || names.insert(name).second) << name;
-      }
-      EXPECT_NE(row.function, nullptr);
-      EXPECT_FALSE(row.help.empty()) << row.name;
+  for (const CommandRow* row : offeredCommands()) {
+    std::string all = std::string(row->name) + " " + std::string(row->aliases);
+    for (std::size_t blank; !all.empty(); all.erase(0, blank == all.npos ? all.size() : blank + 1)) {
+      blank = all.find(' ');
+      const std::string name = all.substr(0, blank);
+      EXPECT_TRUE(name.empty() || names.insert(name).second) << name;
     }
+    EXPECT_FALSE(row->help.empty()) << row->name;
+  }
   EXPECT_EQ(commandRow("'_.zoom"), commandRow("Z"));
   EXPECT_EQ(commandRow("nuage"), nullptr);
+}
+
+TEST_F(Handlers, HelpTellsOfCommandsAndFunctions) {
+  struct Question {
+    const char *asked, *told;
+  };
+  for (const Question& row :
+       {Question{"", "\nFILLET (F, RACCORD): Raccorde"}, Question{"", "\nCommandes de programmes AutoLISP: ESSAI"},
+        Question{"raccord", "\nFILLET (F, RACCORD): Raccorde"}, Question{"polar", "\n(polar point angle distance): Le"},
+        Question{"essai", "\nESSAI: commande d'un programme"}, Question{"nuage", "\nNi commande ni fonction"}}) {
+    run("(defun c:essai ())");
+    session.document().takeTranscript();
+    run(std::string("(command \"_.HELP\" \"") + row.asked + "\")");
+    EXPECT_NE(session.document().takeTranscript().find(row.told), std::string::npos) << row.asked;
+  }
 }
 
 }  // namespace kaveltest
