@@ -43,7 +43,7 @@ class Cloner {
     AcDbStub& stub = target_.adopt(*made, owner);
     made->close();
     map_[&source] = &stub;
-    made_.push_back(&stub);
+    made_.push_back({&source, &stub});
     if (source.children) {
       stub.children = std::make_unique<std::vector<AcDbStub*>>();
       for (AcDbStub* child : *source.children)
@@ -60,15 +60,16 @@ class Cloner {
 
   // Handles of what was cloned follow; within one drawing others stay, in another drawing they are lost.
   void translate(const AcDbImpDatabase& from) {
-    for (AcDbStub* stub : made_) {
+    for (const Made& made : made_) {
       checkInterruption();
+      const AcDbStub* stub = made.copy;
       Record& record = AcDbImpObject::of(stub->object).record;
       for (Group& group : record.groups) {
         const int code = group.code();
         const bool reference =
             (code >= 330 && code <= 369) || (code >= 390 && code <= 399) || code == 1005 || code == 480 || code == 481;
         if (!reference || group.handle() == 0) continue;
-        const auto it = map_.find(from.stubOf(group.handle()));
+        const auto it = map_.find(made.source->database->stubOf(group.handle()));
         if (it != map_.end()) group = Group::handle(code, it->second->handle);
         else if (&from != &target_) group = Group::handle(code, 0);
       }
@@ -135,7 +136,7 @@ class Cloner {
     try {
       atelier::checkInterruption();
     } catch (...) {
-      for (AcDbStub* copy : made_) copy->set(AcDbStub::kErased);
+      for (const Made& made : made_) made.copy->set(AcDbStub::kErased);
       for (AcDbStub* block : blocks_) eraseWithOwned(*block, true);
       target_.forgetTableIndex();
       throw;
@@ -173,8 +174,12 @@ class Cloner {
 
  private:
   AcDbImpDatabase& target_;
+  struct Made {
+    AcDbStub *source, *copy;
+  };
   Map map_;
-  std::vector<AcDbStub*> made_, blocks_;
+  std::vector<Made> made_;
+  std::vector<AcDbStub*> blocks_;
 };
 
 }  // namespace
