@@ -57,7 +57,7 @@ void MainWindow::buildMenus() {
   view->addMenu(panels);
   QMenu* help = menuBar()->addMenu(QStringLiteral("&Aide"));
   connect(help->addAction(QStringLiteral("Commandes")), &QAction::triggered, this,
-          [this] { perform("(command \"_.HELP\" \"\")"); });
+          [this] { perform("(progn (command \"_.HELP\" \"\") (princ))"); });
   connect(help->addAction(QStringLiteral("Fonctions AutoLISP")), &QAction::triggered, this,
           [this] { perform("(aide)"); });
   connect(help->addAction(QStringLiteral("À propos de Kavel")), &QAction::triggered, this, [this] {
