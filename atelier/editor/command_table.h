@@ -41,6 +41,7 @@ std::span<const CommandRow> viewCommands();
 std::span<const CommandRow> undoCommands();
 std::span<const CommandRow> menuCommands();
 std::span<const CommandRow> helpCommands();
+std::span<const CommandRow> inquiryCommands();
 
 // The command of that name, as typed: leading _ . and ' are passed over. French and English names are all
 // distinct. A system variable's name is SETVAR's row.

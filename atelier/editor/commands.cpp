@@ -2,7 +2,6 @@
 // What the list of known commands names without a function says that it isn't there.
 #include "atelier/editor/commands.h"
 
-#include <array>
 #include <sstream>
 #include <utility>
 
@@ -32,39 +31,18 @@ bool isNamed(const CommandRow& row, std::string_view name) {
   return false;
 }
 
-auto allTables() {
-  return std::array{drawingCommands(),
-                    plineCommands(),
-                    arcCommands(),
-                    blockCommands(),
-                    propertyCommands(),
-                    textCommands(),
-                    editingCommands(),
-                    curveCommands(),
-                    cornerCommands(),
-                    offsetCommands(),
-                    trimCommands(),
-                    explodeCommands(),
-                    polylineCommands(),
-                    insertCommands(),
-                    layerCommands(),
-                    recordCommands(),
-                    drawingFileCommands(),
-                    fileCommands(),
-                    viewCommands(),
-                    undoCommands(),
-                    menuCommands(),
-                    helpCommands(),
-                    std::span<const CommandRow>(kElsewhere)};
-}
+constexpr auto kTables = {drawingCommands, plineCommands,       arcCommands,      blockCommands,  propertyCommands,
+                          textCommands,    editingCommands,     curveCommands,    cornerCommands, offsetCommands,
+                          trimCommands,    explodeCommands,     polylineCommands, insertCommands, layerCommands,
+                          recordCommands,  drawingFileCommands, fileCommands,     viewCommands,   undoCommands,
+                          inquiryCommands, menuCommands,        helpCommands};
 
 }  // namespace
 
 std::vector<const CommandRow*> offeredCommands() {
   std::vector<const CommandRow*> rows;
-  for (const auto table : allTables())
-    for (const CommandRow& row : table)
-      if (row.function) rows.push_back(&row);
+  for (const auto table : kTables)
+    for (const CommandRow& row : table()) rows.push_back(&row);
   return rows;
 }
 
@@ -86,9 +64,11 @@ std::string commandName(std::string_view typed) {
 
 const CommandRow* commandRow(std::string_view typed) {
   const std::string name = commandName(typed);
-  for (const auto table : allTables())
-    for (const CommandRow& row : table)
+  for (const auto table : kTables)
+    for (const CommandRow& row : table())
       if (isNamed(row, name)) return &row;
+  for (const CommandRow& row : kElsewhere)
+    if (isNamed(row, name)) return &row;
   return variableRow(name) && name != "SETVAR" ? commandRow("SETVAR") : nullptr;
 }
 
