@@ -30,6 +30,7 @@ struct Input {
   std::string text;     // UTF-8, without line end; an empty text is Enter
   AcGePoint3d point{};  // of a pick, world coordinates
   bool whole = false;   // a text that is one answer, blanks and all; a line otherwise falls into words
+  std::string shown{};  // what is written behind the prompt; empty: the text
   static Input line(std::string utf8) { return {Kind::text, std::move(utf8), {}, false}; }
   static Input answer(std::string utf8) { return {Kind::text, std::move(utf8), {}, true}; }
   static Input pick(const AcGePoint3d& p) { return {Kind::pick, {}, p, false}; }

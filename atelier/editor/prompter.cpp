@@ -130,7 +130,7 @@ PromptInfo Prompter::info(std::string_view prompt) const {
 
 Input Prompter::fromSource(const PromptInfo& prompt) {
   Input input = source ? source->next(prompt) : Input{};
-  if (!source || !source->echoes()) document_.print(input.kind == Input::Kind::text ? input.text + "\n" : "\n");
+  if (!source || !source->echoes()) document_.print((input.shown.empty() ? input.text : input.shown) + "\n");
   if (input.kind != Input::Kind::end) cancelsAtEnd_ = 0;
   else if (++cancelsAtEnd_ > kMostCancelsAtEnd) throw Interrupted();
   return input;

@@ -58,7 +58,9 @@ Input ValueSource::inputOf(lisp::Value value) {
   if (value.isReal()) return Input::answer(numberText(value.real()));
   if (const auto point = pointFromValue(value)) return Input::pick(*point);
   document_.interpreter().set(kHeldValue, value);
-  return Input::answer(std::string("!") + kHeldValue);
+  Input input = Input::answer(std::string("!") + kHeldValue);
+  input.shown = document_.interpreter().printed(value);
+  return input;
 }
 
 Feeding::Feeding(Document& document, ValueSource& source, bool muted)
