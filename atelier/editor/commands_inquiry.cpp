@@ -61,8 +61,9 @@ void describeCurve(const Command& c, const AcDbCurve& curve) {
 void describe(const Command& c, const AcDbStub& stub) {
   const AcDbEntityPointer entity(idOf(&stub));
   if (entity.openStatus() != Acad::eOk) return;
-  c.print("\n" + std::string(c.document.imp().typeName(stub)) + "  calque: " + toUtf8(entity->layer()) +
-          "  identificateur: " + handleText(stub.handle));
+  AcDbStub* layer = entity->layerId();
+  c.print("\n" + std::string(c.document.imp().typeName(stub)) + "  calque: " +
+          (layer ? c.document.imp().recordName(*layer) : "") + "  identificateur: " + handleText(stub.handle));
   if (const auto* curve = AcDbCurve::cast(entity.object())) describeCurve(c, *curve);
   if (const auto* text = AcDbText::cast(entity.object())) c.print("\n  texte: " + toUtf8(text->textString()));
   if (const auto* text = AcDbMText::cast(entity.object())) c.print("\n  texte: " + toUtf8(text->contents()));
