@@ -358,9 +358,9 @@ class AcDbRegion : public AcDbEntity {
 class AcDbHatch : public AcDbEntity {
  public:
   ACRX_DECLARE_MEMBERS(AcDbHatch)
-  enum HatchPatternType { kUserDefined = 0, kPreDefined = 1, kCustomDefined = 2 };
-  enum HatchStyle { kNormal = 0, kOuter = 1, kIgnore = 2 };
-  enum HatchLoopType { kDefault = 0, kExternal = 1, kPolyline = 2, kOutermost = 16 };
+  enum HatchPatternType : int { kUserDefined = 0, kPreDefined = 1, kCustomDefined = 2 };
+  enum HatchStyle : int { kNormal = 0, kOuter = 1, kIgnore = 2 };
+  enum HatchLoopType : int { kDefault = 0, kExternal = 1, kPolyline = 2, kOutermost = 16 };
   AcDbHatch();
   AcString patternName() const;
   bool isSolidFill() const;

@@ -12,11 +12,12 @@ class AcDbDictionary;
 class AcDbIdMapping;
 
 namespace AcDb {
+// What comes from files is of a fixed type, which holds any value: a weight is named or in hundredths of a millimetre.
 enum OpenMode { kForRead = 0, kForWrite = 1, kForNotify = 2 };
-enum TextHorzMode { kTextLeft = 0, kTextCenter = 1, kTextRight = 2, kTextAlign = 3, kTextMid = 4, kTextFit = 5 };
-enum TextVertMode { kTextBase = 0, kTextBottom = 1, kTextVertMid = 2, kTextTop = 3 };
-enum Visibility { kInvisible = 1, kVisible = 0 };
-enum LineWeight { kLnWtByLayer = -1, kLnWtByBlock = -2, kLnWtByLwDefault = -3 };
+enum TextHorzMode : int { kTextLeft = 0, kTextCenter = 1, kTextRight = 2, kTextAlign = 3, kTextMid = 4, kTextFit = 5 };
+enum TextVertMode : int { kTextBase = 0, kTextBottom = 1, kTextVertMid = 2, kTextTop = 3 };
+enum Visibility : int { kInvisible = 1, kVisible = 0 };
+enum LineWeight : int { kLnWtByLayer = -1, kLnWtByBlock = -2, kLnWtByLwDefault = -3 };
 enum DeepCloneType {
   kDcCopy = 0,
   kDcExplode = 1,
@@ -26,9 +27,9 @@ enum DeepCloneType {
   kDcWblock = 7,
   kDcObjects = 8
 };
-enum Poly2dType { k2dSimplePoly = 0, k2dFitCurvePoly, k2dQuadSplinePoly, k2dCubicSplinePoly };
-enum Vertex2dType { k2dVertex = 0, k2dSplineCtlVertex = 1, k2dSplineFitVertex = 2, k2dCurveFitVertex = 3 };
-enum Poly3dType { k3dSimplePoly = 0, k3dQuadSplinePoly, k3dCubicSplinePoly };
+enum Poly2dType : int { k2dSimplePoly = 0, k2dFitCurvePoly, k2dQuadSplinePoly, k2dCubicSplinePoly };
+enum Vertex2dType : int { k2dVertex = 0, k2dSplineCtlVertex = 1, k2dSplineFitVertex = 2, k2dCurveFitVertex = 3 };
+enum Poly3dType : int { k3dSimplePoly = 0, k3dQuadSplinePoly, k3dCubicSplinePoly };
 enum Intersect { kOnBothOperands = 0, kExtendThis = 1, kExtendArg = 2, kExtendBoth = 3 };
 enum DuplicateRecordCloning { kDrcNotApplicable = 0, kDrcIgnore = 1, kDrcReplace = 2 };
 }  // namespace AcDb
