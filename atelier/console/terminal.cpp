@@ -90,10 +90,9 @@ class TerminalSource : public InputSource {
  public:
   Input next(const PromptInfo& prompt) override {
     // Prompts were printed, except that for a command; Readline is told the last line so that it can redraw it.
-    if (prompt.isCommand && !Document::needed().atLineStart()) Document::needed().print("\n");
     const std::size_t last = prompt.text.rfind('\n');
     const std::string shown = last == std::string::npos ? prompt.text : prompt.text.substr(last + 1);
-    if (!shown.empty()) std::printf("\r");
+    if (!prompt.isCommand && !shown.empty()) std::printf("\r");
     else if (!Document::needed().atLineStart()) Document::needed().print("\n");
     std::fflush(stdout);
     char* line = readline((prompt.text.empty() ? std::string("Commande: ") : shown).c_str());

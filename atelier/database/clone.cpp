@@ -80,7 +80,7 @@ class Cloner {
   }
 
   using Map = std::unordered_map<AcDbStub*, AcDbStub*>;
-  Map takeMap() { return std::move(map_); }
+  const Map& map() const { return map_; }
 
   // The copies of the sources in their order, as members of the owner.
   std::vector<AcDbStub*> cloneInto(AcDbImpDatabase& from, const std::vector<AcDbStub*>& sources, AcDbStub& owner) {
@@ -196,7 +196,7 @@ Acad::ErrorStatus AcDbDatabase::deepCloneObjects(const AcDbObjectIdArray& object
   }
   Cloner cloner(*target->database);
   cloner.cloneInto(*mpImp, sources, *target);
-  for (const auto& [source, copy] : cloner.takeMap()) mapping.assign(idOf(source), idOf(copy));
+  for (const auto& [source, copy] : cloner.map()) mapping.assign(idOf(source), idOf(copy));
   return Acad::eOk;
 }
 
