@@ -16,7 +16,7 @@
 
 namespace {
 
-using atelier::Document;
+using atelier::OpenDrawing;
 using bancs::evaluate;
 
 std::unique_ptr<AcDbPolyline> wave(int vertices, double step, double height) {
@@ -38,14 +38,14 @@ void makeDrawing(Document& document, int points) {
 }
 
 void BM_PointsPrjRef(benchmark::State& state) {
-  Document document({});
+  OpenDrawing document({});
   makeDrawing(document, static_cast<int>(state.range(0)));
   for (auto _ : state) evaluate(document, "(if (< (length (pl_PointsPrjRef p s tt)) 10) (exit))");
 }
 BENCHMARK(BM_PointsPrjRef)->Arg(2500)->Arg(5000)->Arg(10000)->Unit(benchmark::kMillisecond);
 
 void BM_ListerAltitudes(benchmark::State& state) {
-  Document document({});
+  OpenDrawing document({});
   makeDrawing(document, static_cast<int>(state.range(0)));
   for (auto _ : state) {
     atelier::LinesSource answers("(setq r (pl_listerAltitudes p))\nALL\n\n");
@@ -57,7 +57,7 @@ BENCHMARK(BM_ListerAltitudes)->Arg(2500)->Arg(5000)->Arg(10000)->Unit(benchmark:
 
 // 100,000 vertices cut at 1,000 abscissas, and half of either.
 void BM_Cut(benchmark::State& state) {
-  Document document({});
+  OpenDrawing document({});
   const auto curve = wave(static_cast<int>(state.range(0)), 1.0, 0.0);
   std::vector<double> at;
   for (std::int64_t i = 0; i < state.range(1); ++i)
@@ -75,7 +75,7 @@ BENCHMARK(BM_Cut)->Args({50'000, 1000})->Args({100'000, 500})->Args({100'000, 10
 void BM_Join(benchmark::State& state) {
   for (auto _ : state) {
     state.PauseTiming();
-    Document document({});
+    OpenDrawing document({});
     AcDbObjectIdArray ids;
     for (std::int64_t i = 0; i < state.range(0); ++i) {
       auto p = std::make_unique<AcDbPolyline>(2);

@@ -15,7 +15,7 @@
 
 namespace {
 
-using atelier::Document;
+using atelier::OpenDrawing;
 
 // A ground that waves 30 m up and down, and a line 0.5 to 5.5 m below it.
 double ground(double x) { return 100 + 30 * std::sin(x / 500); }
@@ -39,7 +39,7 @@ plv::poigneeProfil emptyProfile(const std::wstring& number) {
 }
 
 void BM_CalculerMetres(benchmark::State& state) {
-  Document document({});
+  OpenDrawing document({});
   const int pieces = static_cast<int>(state.range(0));
   AcDbObjectIdArray terrain, projet;
   terrain.append(polyline(pieces, ground));
@@ -61,7 +61,7 @@ plv::LineSegArrayData pieces(int count, double (*y)(double)) {
 
 // Only the sweep, from pieces to sections.
 void BM_CouperEnTroncons(benchmark::State& state) {
-  Document document({});
+  OpenDrawing document({});
   const auto terrain = pieces(static_cast<int>(state.range(0)), ground),
              projet = pieces(static_cast<int>(state.range(0)), project);
   const plv::gardeClassesExtremes garde(plv::listeClasses());
@@ -112,7 +112,7 @@ BENCHMARK(BM_Optimizer)->Arg(500'000)->Arg(1'000'000)->Unit(benchmark::kMillisec
 std::string target() { return (std::filesystem::temp_directory_path() / "kavel-metres-bench.xlsx").string(); }
 
 void BM_Export(benchmark::State& state) {
-  Document document({});
+  OpenDrawing document({});
   std::vector<plv::poigneeProfil> profiles;
   for (int n = 0; n < 100; ++n) {
     profiles.push_back(emptyProfile(std::to_wstring(n)));

@@ -10,7 +10,7 @@
 
 namespace {
 
-using atelier::Document;
+using atelier::OpenDrawing;
 using bancs::evaluate;
 using bancs::makeProfile;
 
@@ -20,7 +20,7 @@ AcDbObjectId profileId(Document& document) {
 
 // What any reader has to do: fetch the chain and walk it.
 void BM_WalkGroundChain(benchmark::State& state) {
-  Document document({});
+  OpenDrawing document({});
   makeProfile(document, static_cast<int>(state.range(0)), 1.0, 10.0);
   const AcDbObjectId id = profileId(document);
   for (auto _ : state) {
@@ -35,7 +35,7 @@ void BM_WalkGroundChain(benchmark::State& state) {
 BENCHMARK(BM_WalkGroundChain)->Arg(100'000)->Unit(benchmark::kMillisecond);
 
 void BM_ReadProfile(benchmark::State& state) {
-  Document document({});
+  OpenDrawing document({});
   makeProfile(document, static_cast<int>(state.range(0)), 1.0, 10.0);
   const AcDbObjectId id = profileId(document);
   for (auto _ : state) {
@@ -50,7 +50,7 @@ BENCHMARK(BM_ReadProfile)->Arg(50'000)->Arg(100'000)->Unit(benchmark::kMilliseco
 void BM_FillTable(benchmark::State& state) {
   for (auto _ : state) {
     state.PauseTiming();
-    Document document({});
+    OpenDrawing document({});
     makeProfile(document, 10, 1.0, 10.0);
     std::string rows = "(progn (pl_ResetMatrices)";
     for (int i = 0; i < 20; ++i)
@@ -69,7 +69,7 @@ void BM_FillTable(benchmark::State& state) {
 BENCHMARK(BM_FillTable)->RangeMultiplier(2)->Range(500, 4000)->Unit(benchmark::kMillisecond)->Iterations(3);
 
 void BM_CallThroughLisp(benchmark::State& state, const char* expression) {
-  Document document({});
+  OpenDrawing document({});
   const std::string loop = std::string("(repeat 10000 ") + expression + ")";
   for (auto _ : state) evaluate(document, loop);
   state.counters["calls/s"] = benchmark::Counter(10000, benchmark::Counter::kIsIterationInvariantRate);

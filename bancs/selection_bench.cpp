@@ -6,7 +6,7 @@
 #include <map>
 #include <memory>
 
-#include "atelier/editor/document.h"
+#include "atelier/editor/open_drawing.h"
 #include "atelier/editor/pick.h"
 #include "atelier/editor/selections.h"
 #include "hote/dbents.h"
@@ -14,7 +14,7 @@
 
 namespace {
 
-using atelier::Document;
+using atelier::OpenDrawing;
 
 struct Grid {
   explicit Grid(int count) : document(nullptr), side(static_cast<int>(std::sqrt(count))) {
@@ -27,7 +27,7 @@ struct Grid {
     }
   }
   AcGePoint3d at(double x, double y) const { return {side / 2 + x, side / 2 + y, 0}; }
-  Document document;
+  OpenDrawing document;
   int side;
 };
 

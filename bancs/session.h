@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "atelier/editor/document.h"
+#include "atelier/editor/open_drawing.h"
 #include "atelier/editor/published.h"
 #include "module/commande/entree.h"
 

@@ -17,9 +17,9 @@
 #include "atelier/console/terminal.h"
 #include "atelier/dxf/versions.h"
 #include "atelier/editor/audit_report.h"
-#include "atelier/editor/document.h"
 #include "atelier/editor/front_end.h"
 #include "atelier/editor/installation.h"
+#include "atelier/editor/open_drawing.h"
 #include "atelier/exchange/exchange.h"
 #include "atelier/render/plot.h"
 #include "atelier/render/plot_builtins.h"
@@ -141,7 +141,7 @@ void print(const Options& options, std::string_view text) {
 std::unique_ptr<Document> openDocument(const Options& options, const Printer& printer) {
   std::vector<std::string> messages;
   try {
-    auto document = std::make_unique<Document>(printer, options.drawing, options.recover ? &messages : nullptr);
+    auto document = std::make_unique<OpenDrawing>(printer, options.drawing, options.recover ? &messages : nullptr);
     for (const std::string& message : messages) complain(options.drawing + ": " + message);
     document->imp().mayOverwriteDamaged = options.overwrite;
     return document;

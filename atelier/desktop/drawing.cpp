@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "atelier/editor/front_end.h"
+#include "atelier/editor/open_drawing.h"
 
 namespace atelier::desktop {
 namespace {
@@ -37,7 +38,7 @@ class Heartbeat {
 }  // namespace
 
 Drawing::Drawing(const QString& path) {
-  document_ = std::make_unique<Document>(
+  document_ = std::make_unique<OpenDrawing>(
       [this](std::string_view text) {
         if (onPrinted) onPrinted(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
       },

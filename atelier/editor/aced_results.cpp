@@ -16,7 +16,8 @@ using namespace atelier;
 
 namespace {
 
-int give(lisp::Value value) { return Document::needed().published().setResult(value) ? RTNORM : RTERROR; }
+PublishedFunctions& published() { return PublishedFunctions::of(Document::needed()); }
+int give(lisp::Value value) { return published().setResult(value) ? RTNORM : RTERROR; }
 lisp::Interpreter& interpreter() { return Document::needed().interpreter(); }
 
 }  // namespace
@@ -24,14 +25,10 @@ lisp::Interpreter& interpreter() { return Document::needed().interpreter(); }
 bool acrxUnlockApplication(void*) { return true; }
 bool acrxRegisterAppMDIAware(void*) { return true; }
 
-int acedDefun(const ACHAR* name, int index) {
-  return Document::needed().published().define(toUtf8(name), index) ? RTNORM : 0;
-}
-int acedUndef(const ACHAR* name, int index) {
-  return Document::needed().published().undefine(toUtf8(name), index) ? RTNORM : RTERROR;
-}
-int acedGetFunCode() { return Document::needed().published().code(); }
-resbuf* acedGetArgs() { return Document::needed().published().arguments(); }
+int acedDefun(const ACHAR* name, int index) { return published().define(toUtf8(name), index) ? RTNORM : 0; }
+int acedUndef(const ACHAR* name, int index) { return published().undefine(toUtf8(name), index) ? RTNORM : RTERROR; }
+int acedGetFunCode() { return published().code(); }
+resbuf* acedGetArgs() { return published().arguments(); }
 
 int acedRetNil() { return give(lisp::nil); }
 int acedRetT() { return give(interpreter().t()); }

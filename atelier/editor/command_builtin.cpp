@@ -31,7 +31,7 @@ std::unique_ptr<CommandRun> begin(Interpreter& in, Document& document, Value nam
 
 // Runs the values; false when a command was cancelled, or waits though it may not.
 bool runValues(Interpreter& in, Document& document, ValueSource& source, bool mayWait) {
-  std::unique_ptr<CommandRun> run = std::move(document.waitingCommand());
+  std::unique_ptr<CommandRun> run = takeWaiting(document);
   while (source.hasMore() || run) {
     if (!run) {
       const Value name = source.take();
@@ -54,7 +54,7 @@ bool runValues(Interpreter& in, Document& document, ValueSource& source, bool ma
 bool feed(Interpreter& in, Arguments arguments, bool mayWait) {
   Document& document = Document::needed();
   if (arguments.empty()) {
-    cancelCommand(document);
+    document.cancelCommand();
     return true;
   }
   ValueSource source(document, arguments);

@@ -6,10 +6,10 @@
 
 #include "atelier/database/clone.h"
 #include "atelier/database/interruption.h"
+#include "atelier/editor/adding.h"
 #include "atelier/editor/document.h"
 #include "atelier/editor/layer_states.h"
 #include "atelier/editor/selection_prompt.h"
-#include "hote/dbsymtb.h"
 
 namespace atelier {
 
@@ -96,18 +96,10 @@ Asked<std::shared_ptr<SelectionSet>> Command::objects(bool single) const {
 void Command::print(std::string_view text) const { document.print(text); }
 void Command::fail(const std::string& message) const { throw Error(message); }
 
-AcDbObjectId Command::add(std::unique_ptr<AcDbEntity> entity) const {
-  entity->setDatabaseDefaults(&document.database());
-  return addAsIs(std::move(entity));
-}
+AcDbObjectId Command::add(std::unique_ptr<AcDbEntity> entity) const { return addEntity(document, std::move(entity)); }
 
 AcDbObjectId Command::addAsIs(std::unique_ptr<AcDbEntity> entity) const {
-  const AcDbObjectPointer<AcDbBlockTableRecord> space(document.database().currentSpaceId(), AcDb::kForWrite);
-  if (space.openStatus() != Acad::eOk) fail("L'espace courant n'est pas accessible.");
-  AcDbObjectId id;
-  if (space->appendAcDbEntity(id, entity.get()) != Acad::eOk) fail("L'objet n'a pas pu être ajouté au dessin.");
-  entity.release()->close();
-  return id;
+  return addEntityAsIs(document, std::move(entity));
 }
 
 void Command::copies(const SelectionSet& set, const AcGeMatrix3d& matrix, AcDbObjectId block) const {

@@ -11,12 +11,6 @@
 
 namespace atelier {
 
-struct PickedEntity {
-  AcDbObjectId id;  // null when nothing stands under the point
-  AcGePoint3d point;
-  bool byPoint = true;  // false: named by a program or as the last one, without a point
-};
-
 inline AcGePoint2d flat(const AcGePoint3d& p) { return {p.x, p.y}; }
 
 class Command {

@@ -9,7 +9,7 @@
 
 namespace atelier {
 
-// Gives a record another name, and everything in the drawing that names it. Fails the command when the old
+// Gives a record another name, and everything in the drawing that names it. Throws Error when the old
 // name is unknown, the new one taken or no symbol's name, or the record one that keeps its name (layer 0,
 // style Standard ...).
 void renameRecord(const Command& command, std::string_view table, const std::string& from, const std::string& to);

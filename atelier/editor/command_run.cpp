@@ -20,29 +20,9 @@ CommandRun::State CommandRun::advance(const AnswerSupply& supply) {
   return State::ended;
 }
 
-void finishCommand(Document& document) {
-  const std::unique_ptr<CommandRun> run = std::move(document.waitingCommand());
-  if (!run) return;
-  try {
-    run->advance(AnswerSupply());
-  } catch (const Interrupted&) {
-    document.endInterruption();
-  } catch (const Error& error) {
-    document.fail(error.what());
-  }
-}
-
-void cancelCommand(Document& document) { document.waitingCommand().reset(); }
-
-View activeView(AcDbImpDatabase& database) {
-  View view;
-  AcDbStub* port = database.tableRecord("VPORT", "*Active");
-  if (!port) return view;
-  const Record& record = AcDbImpObject::of(&database.object(*port)).record;
-  view.centre = record.point(point2Field("AcDbViewportTableRecord", 12));
-  const double height = record.real(realField("AcDbViewportTableRecord", 40));
-  if (height > 0) view.height = height;
-  return view;
+// Nothing else waits in a document than what this room's runs are.
+std::unique_ptr<CommandRun> takeWaiting(Document& document) {
+  return std::unique_ptr<CommandRun>(static_cast<CommandRun*>(document.waitingCommand().release()));
 }
 
 }  // namespace atelier

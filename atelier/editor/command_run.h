@@ -4,6 +4,7 @@
 #include <memory>
 #include <span>
 
+#include "atelier/editor/attachment.h"
 #include "atelier/editor/command_prompts.h"
 #include "atelier/editor/command_table.h"
 #include "atelier/lisp/value.h"
@@ -19,14 +20,15 @@ class AnswerSupply {
   virtual bool ranOut() const { return false; }  // a question was put to it when it had no more
 };
 
-class CommandRun {
+class CommandRun final : public WaitingCommand {
  public:
   CommandRun(Document& document, const CommandRow& row, std::string typed)
       : command_(document, std::move(typed)), row_(row), task_(row.function(command_)) {}
   enum class State { ended, cancelled, waiting };
   // Runs on with the prompter's source until the command ends, or waits because the supply ran out.
   State advance(const AnswerSupply& supply);
-  const CommandRow& row() const { return row_; }
+  std::string_view name() const override { return row_.name; }
+  void finish() override { advance(AnswerSupply()); }
 
  private:
   Command command_;
@@ -34,12 +36,7 @@ class CommandRun {
   CommandTask task_;
 };
 
-// Ends the command that waits for answers: the user's source gives the rest, or it is cancelled.
-void finishCommand(Document& document);
-void cancelCommand(Document& document);
-
-// The view that a drawing opens with.
-struct View;
-View activeView(AcDbImpDatabase& database);
+// Takes the command that waits in the document; null when none does.
+std::unique_ptr<CommandRun> takeWaiting(Document& document);
 
 }  // namespace atelier

@@ -13,8 +13,6 @@
 namespace atelier {
 namespace {
 
-bool quitting = false;
-
 constexpr CommandRow kElsewhere[] = {
     {"HATCH", "-HATCH BHATCH -BHATCH HACHURES", nullptr, "Hachure un contour."},
     {"PLOT", "-PLOT TRACEUR", nullptr, "Trace le dessin: option --plot du programme."},
@@ -88,8 +86,5 @@ bool runBuiltinCommand(Document& document, const std::string& name) {
   }
   return true;
 }
-
-void requestQuit() { quitting = true; }
-bool quitRequested() { return std::exchange(quitting, false); }
 
 }  // namespace atelier

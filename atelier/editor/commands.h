@@ -11,8 +11,5 @@ class Document;
 bool runBuiltinCommand(Document& document, const std::string& name);
 // All names of all commands, English and French ones, upper case, unsorted.
 std::vector<std::string> commandNames();
-void requestQuit();
-// Whether QUIT was given; asking forgets it.
-bool quitRequested();
 
 }  // namespace atelier

@@ -1,5 +1,6 @@
 // FILLET CHAMFER: corners that are rounded or cut, of two objects or all those of a polyline.
 // The questions only; corner.h finds the corner and corner_sides.h puts it into the drawing.
+#include "atelier/editor/command_prompts.h"
 #include "atelier/editor/command_table.h"
 #include "atelier/editor/corner_sides.h"
 #include "atelier/editor/curve_pieces.h"
@@ -13,34 +14,34 @@ namespace {
 bool trims(const Command& c) { return c.document.variables().integer("TRIMMODE", 1) != 0; }
 
 void joinRounded(const Command& c, const PickedEntity& first, const PickedEntity& second, double radius) {
-  checkSide(c, second);
-  const CornerSides sides = cornerSides(c, first, second);
+  checkSide(c.document, second);
+  const CornerSides sides = cornerSides(c.document, first, second);
   const auto corner = roundedCorner(sides.first.side, sides.second.side, radius);
   if (!corner && areParallel(sides.first.side, sides.second.side))
     c.fail("Les lignes parallèles ne se raccordent pas à cet endroit.");
   if (!corner && radius > 0) c.fail("Aucun raccord de ce rayon n'est possible.");
   if (!corner) c.fail("Les objets ne se rencontrent pas.");
-  applyCorner(c, sides, *corner, trims(c));
+  applyCorner(c.document, sides, *corner, trims(c));
 }
 
 void joinCut(const Command& c, const PickedEntity& first, const PickedEntity& second, double before, double behind) {
-  checkSide(c, second);
-  const CornerSides sides = cornerSides(c, first, second);
+  checkSide(c.document, second);
+  const CornerSides sides = cornerSides(c.document, first, second);
   for (const PickedSide* picked : {&sides.first, &sides.second})
     if (picked->side.track.isRound()) c.fail("Seuls des segments droits se chanfreinent.");
   if (areParallel(sides.first.side, sides.second.side)) c.fail("Les lignes sont parallèles.");
   const auto corner = cutCorner(sides.first.side, sides.second.side, before, behind);
   if (!corner) c.fail("Les écarts sont trop grands.");
-  applyCorner(c, sides, *corner, trims(c));
+  applyCorner(c.document, sides, *corner, trims(c));
 }
 
 // PATH: gives the new path of the vertices and whether they are closed.
 template <class PATH>
 void changeWhole(const Command& c, AcDbObjectId id, PATH path) {
-  pickedCurve(c, id);
-  refuseLocked(c, id);
-  const bool light = makeLight(c, id);
-  const AcDbPolyline* polyline = light ? AcDbPolyline::cast(&pickedCurve(c, id)) : nullptr;
+  pickedCurve(c.document, id);
+  refuseLocked(c.document, id);
+  const bool light = makeLight(c.document, id);
+  const AcDbPolyline* polyline = light ? AcDbPolyline::cast(&pickedCurve(c.document, id)) : nullptr;
   if (!polyline) c.fail("L'objet choisi n'est pas une polyligne.");
   const CorneredPath cornered = path(verticesOf(polyline).list, polyline->isClosed());
   if (cornered.made > 0) {
@@ -85,7 +86,7 @@ CommandTask fillet(Command& c) {
       if (!many) co_return;
     } else {
       if (!first.given()) co_return;
-      checkSide(c, first.value);
+      checkSide(c.document, first.value);
       const auto second = co_await c.entity("\nDeuxième objet: ");
       if (second.given()) joinRounded(c, first.value, second.value, radius);
       if (!many || !second.given()) co_return;
@@ -119,7 +120,7 @@ CommandTask chamfer(Command& c) {
       if (!many) co_return;
     } else {
       if (!first.given()) co_return;
-      checkSide(c, first.value);
+      checkSide(c.document, first.value);
       const auto second = co_await c.entity("\nDeuxième ligne: ");
       if (second.given()) joinCut(c, first.value, second.value, before, behind);
       if (!many || !second.given()) co_return;

@@ -2,6 +2,7 @@
 // A cut leaves no piece without length.
 #include <cmath>
 
+#include "atelier/editor/command_prompts.h"
 #include "atelier/editor/command_table.h"
 #include "atelier/editor/curve_pieces.h"
 #include "atelier/editor/document.h"
@@ -64,8 +65,8 @@ CommandTask breakCurve(Command& c) {
     }
     second = co_await c.point("\nDeuxième point de coupure <le premier>: ", first);
   }
-  const AcDbCurve& curve = pickedCurve(c, picked.value.id);
-  refuseLocked(c, picked.value.id);
+  const AcDbCurve& curve = pickedCurve(c.document, picked.value.id);
+  refuseLocked(c.document, picked.value.id);
   const auto nearFirst = paramNear(curve, first), nearSecond = paramNear(curve, second.valueOr(first));
   if (!nearFirst || !nearSecond) c.fail("Le point n'est pas sur l'objet.");
   const double from = settledParam(curve, *nearFirst), to = settledParam(curve, *nearSecond);
@@ -74,7 +75,7 @@ CommandTask breakCurve(Command& c) {
   CurvePieces pieces = without(curve, from, to);
   if (pieces.empty() && one) c.fail("Le point est à l'extrémité de l'objet: il n'y a rien à couper.");
   if (pieces.empty()) c.fail("Il ne resterait rien de l'objet.");
-  replaceByPieces(c, picked.value.id, std::move(pieces));
+  replaceByPieces(c.document, picked.value.id, std::move(pieces));
 }
 
 constexpr CommandRow kTable[] = {

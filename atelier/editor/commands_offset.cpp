@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "atelier/editor/command_prompts.h"
 #include "atelier/editor/command_table.h"
 #include "atelier/editor/curve_pieces.h"
 #include "atelier/editor/document.h"
@@ -101,10 +102,10 @@ CommandTask offset(Command& c) {
   for (;;) {
     const auto picked = co_await c.entity("\nObjet à décaler <fin>: ");
     if (!picked.given()) co_return;
-    pickedCurve(c, picked.value.id);
+    pickedCurve(c.document, picked.value.id);
     const auto side = co_await c.point(through ? "\nPoint de passage: " : "\nPoint du côté du décalage: ");
     if (!side.given()) co_return;
-    const AcDbCurve& curve = pickedCurve(c, picked.value.id);
+    const AcDbCurve& curve = pickedCurve(c.document, picked.value.id);
     AcGePoint3d foot;
     const auto nearest = paramNear(curve, side.value);
     if (through && nearest && curve.getPointAtParam(*nearest, foot) == Acad::eOk)

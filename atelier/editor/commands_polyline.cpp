@@ -5,6 +5,7 @@
 
 #include "atelier/database/interruption.h"
 #include "atelier/database/polyline_vertices.h"
+#include "atelier/editor/command_prompts.h"
 #include "atelier/editor/command_table.h"
 #include "atelier/editor/curve_pieces.h"
 #include "atelier/editor/document.h"
@@ -135,12 +136,12 @@ CommandTask pedit(Command& c) {
     if (chosen.given())
       for (AcDbStub* stub : chosen.value->list()) {
         checkInterruption();
-        if (AcDbCurve::cast(&c.document.imp().object(*stub)) && !isLocked(c, AcDbObjectId(stub)))
+        if (AcDbCurve::cast(&c.document.imp().object(*stub)) && !isLocked(c.document, AcDbObjectId(stub)))
           ids.emplace_back(stub);
       }
   } else if (picked.given()) {
-    pickedCurve(c, picked.value.id);
-    refuseLocked(c, picked.value.id);
+    pickedCurve(c.document, picked.value.id);
+    refuseLocked(c.document, picked.value.id);
     ids.push_back(picked.value.id);
   }
   const bool asks = c.document.variables().integer("PEDITACCEPT", 0) == 0;
@@ -150,7 +151,7 @@ CommandTask pedit(Command& c) {
     if (convert.is("No")) std::erase_if(ids, [&](AcDbObjectId id) { return isSimple(c, id); });
   }
   const std::size_t chosenCount = ids.size();
-  std::erase_if(ids, [&](AcDbObjectId id) { return !makeLight(c, id); });
+  std::erase_if(ids, [&](AcDbObjectId id) { return !makeLight(c.document, id); });
   if (ids.empty() && chosenCount > 0) c.fail("L'objet ne devient pas une polyligne.");
   unsigned vertex = 0;
   for (bool editing = false; !ids.empty();) {

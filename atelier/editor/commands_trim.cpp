@@ -6,6 +6,7 @@
 
 #include "atelier/database/interruption.h"
 #include "atelier/database/polyline_vertices.h"
+#include "atelier/editor/command_prompts.h"
 #include "atelier/editor/command_table.h"
 #include "atelier/editor/curve_pieces.h"
 #include "atelier/editor/document.h"
@@ -50,13 +51,13 @@ CurvePieces trimmed(const Command& c, const AcDbCurve& curve, const AcGePoint3d&
 }
 
 void trimAt(const Command& c, AcDbObjectId id, const AcGePoint3d& point, const SelectionSet* set) {
-  pickedCurve(c, id);
+  pickedCurve(c.document, id);
   CurvePieces pieces;
   if (const AcDbObjectPointer<AcDbCurve> curve(id); curve.openStatus() == Acad::eOk)
     pieces = trimmed(c, *curve.object(), point, set);
   if (pieces.empty()) c.print(kNoLimit);
-  else if (isLocked(c, id)) c.print(kLocked);
-  else replaceByPieces(c, id, std::move(pieces));
+  else if (isLocked(c.document, id)) c.print(kLocked);
+  else replaceByPieces(c.document, id, std::move(pieces));
 }
 
 CommandTask trim(Command& c) {
@@ -175,8 +176,8 @@ CommandTask extend(Command& c) {
   for (;;) {
     const auto picked = co_await c.entity("\nObjet à prolonger <fin>: ");
     if (!picked.given()) co_return;
-    pickedCurve(c, picked.value.id);
-    if (isLocked(c, picked.value.id)) {
+    pickedCurve(c.document, picked.value.id);
+    if (isLocked(c.document, picked.value.id)) {
       c.print(kLocked);
       continue;
     }

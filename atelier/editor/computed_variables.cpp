@@ -6,7 +6,6 @@
 #include <filesystem>
 #include <numbers>
 
-#include "atelier/editor/command_run.h"
 #include "atelier/editor/document.h"
 #include "atelier/editor/variable_table.h"
 
@@ -52,7 +51,9 @@ Value milliseconds(Document&) {
   return static_cast<int>(std::chrono::duration_cast<std::chrono::milliseconds>(now).count() & 0x7fffffff);
 }
 
-std::string withSlash(const std::string& folder) { return folder.empty() || folder.ends_with('/') ? folder : folder + "/"; }
+std::string withSlash(const std::string& folder) {
+  return folder.empty() || folder.ends_with('/') ? folder : folder + "/";
+}
 
 Value temporaryFolder(Document&) {
   std::error_code error;
@@ -114,9 +115,7 @@ Value highest(Document& d) {
 
 // Seen by a program between the calls that answer a command.
 Value commandActive(Document& d) { return d.waitingCommand() ? 1 : 0; }
-Value commandNames(Document& d) {
-  return d.waitingCommand() ? std::string(d.waitingCommand()->row().name) : std::string();
-}
+Value commandNames(Document& d) { return d.waitingCommand() ? std::string(d.waitingCommand()->name()) : std::string(); }
 
 Value lastPoint(Document& d) { return Point{d.prompter().lastPoint, false}; }
 bool setLastPoint(Document& d, const Value& value) {

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "atelier/database/polyline_vertices.h"
+#include "atelier/editor/adding.h"
 #include "atelier/editor/corner_sides.h"
 #include "atelier/editor/curve_pieces.h"
 #include "atelier/editor/document.h"
@@ -63,7 +64,7 @@ void trimArc(AcDbArc& arc, const CornerPlane& plane, const Joint& joint, const A
 }
 
 // What stays of an endless line is a ray, of a ray that or a line.
-void trimEndless(const Command& c, const PickedSide& picked, const CornerPlane& plane, const Joint& joint) {
+void trimEndless(Document& document, const PickedSide& picked, const CornerPlane& plane, const Joint& joint) {
   const AcGePoint3d place = plane.world(joint.point);
   const CornerSide& side = picked.side;
   CurvePieces pieces;
@@ -75,14 +76,15 @@ void trimEndless(const Command& c, const PickedSide& picked, const CornerPlane& 
     ray->setUnitDir(plane.world(side.track.pointAt(joint.param + (joint.keepsHigh ? 1 : -1))) - place);
     pieces.push_back(std::move(ray));
   }
-  replaceByPieces(c, picked.id, std::move(pieces));
+  replaceByPieces(document, picked.id, std::move(pieces));
 }
 
-void trimSide(const Command& c, const PickedSide& picked, const CornerPlane& plane, const Joint& joint) {
+void trimSide(Document& document, const PickedSide& picked, const CornerPlane& plane, const Joint& joint) {
   if (picked.side.whole) return;
-  if (!std::isfinite(picked.side.low) || !std::isfinite(picked.side.high)) return trimEndless(c, picked, plane, joint);
+  if (!std::isfinite(picked.side.low) || !std::isfinite(picked.side.high))
+    return trimEndless(document, picked, plane, joint);
   const AcDbObjectPointer<AcDbCurve> curve(picked.id, AcDb::kForWrite);
-  if (curve.openStatus() != Acad::eOk) c.fail("L'objet ne peut pas être modifié.");
+  if (curve.openStatus() != Acad::eOk) throw Error("L'objet ne peut pas être modifié.");
   const AcGePoint3d place = plane.world(joint.point);
   if (AcDbPolyline* polyline = AcDbPolyline::cast(curve.object())) trimPolyline(*polyline, picked, joint, place);
   if (AcDbArc* arc = AcDbArc::cast(curve.object())) trimArc(*arc, plane, joint, place);
@@ -122,21 +124,21 @@ Vertices withCorner(const Vertices& list, const Between& b, bool over, bool join
   return kept;
 }
 
-void joinSegments(const Command& c, const CornerSides& sides, const Corner& corner) {
+void joinSegments(const CornerSides& sides, const Corner& corner) {
   const bool inOrder = sides.first.segment < sides.second.segment;
   const PickedSide &low = inOrder ? sides.first : sides.second, &high = inOrder ? sides.second : sides.first;
   const Joint &atLow = inOrder ? corner.first : corner.second, &atHigh = inOrder ? corner.second : corner.first;
   const double bulge = inOrder ? corner.bulge : -corner.bulge;
   const AcDbObjectPointer<AcDbPolyline> polyline(sides.first.id, AcDb::kForWrite);
-  if (polyline.openStatus() != Acad::eOk) c.fail("L'objet ne peut pas être modifié.");
+  if (polyline.openStatus() != Acad::eOk) throw Error("L'objet ne peut pas être modifié.");
   const unsigned count = polyline->numVerts(), segments = low.closed ? count : count - 1;
   const unsigned apart = high.segment - low.segment, around = segments - apart;
   const bool next = apart == 1 || apart == 2, over = low.closed ? around <= 2 : around == 1;
-  if (apart == 0 || (!next && !over)) c.fail("Les deux segments ne se suivent pas.");
+  if (apart == 0 || (!next && !over)) throw Error("Les deux segments ne se suivent pas.");
   // Which of two ways round is meant, the parts that stay say.
   const bool forward = next && !keepsEnd(low, atLow) && keepsEnd(high, atHigh);
   if (!forward && (!over || !keepsEnd(low, atLow) || keepsEnd(high, atHigh)))
-    c.fail("Les deux segments ne se raccordent pas ainsi.");
+    throw Error("Les deux segments ne se raccordent pas ainsi.");
   Vertices& list = changedVertices(polyline.object())->list;
   list = forward ? withCorner(list, {low, high, atLow, atHigh, bulge}, false, corner.joins())
                  : withCorner(list, {high, low, atHigh, atLow, -bulge}, true, corner.joins());
@@ -160,13 +162,13 @@ bool takeIn(const PickedSide& taker, const PickedSide& taken, const AcDbCurve* j
 }
 
 // On the layer of both sides; on the current one where they differ.
-void addJoint(const Command& c, const CornerSides& sides, std::unique_ptr<AcDbCurve> joint) {
-  const AcDbCurve& first = pickedCurve(c, sides.first.id);
-  if (first.layerId() != pickedCurve(c, sides.second.id).layerId()) {
-    c.add(std::move(joint));
+void addJoint(Document& document, const CornerSides& sides, std::unique_ptr<AcDbCurve> joint) {
+  const AcDbCurve& first = pickedCurve(document, sides.first.id);
+  if (first.layerId() != pickedCurve(document, sides.second.id).layerId()) {
+    addEntity(document, std::move(joint));
   } else {
     joint->setPropertiesFrom(&first);
-    c.addAsIs(std::move(joint));
+    addEntityAsIs(document, std::move(joint));
   }
 }
 
@@ -176,20 +178,20 @@ bool isJoinable(const PickedSide& picked) {
 
 }  // namespace
 
-void applyCorner(const Command& c, const CornerSides& sides, const Corner& corner, bool trims) {
+void applyCorner(Document& document, const CornerSides& sides, const Corner& corner, bool trims) {
   const PickedSide &a = sides.first, &b = sides.second;
   auto joint = corner.joins() ? connector(sides.plane, corner) : nullptr;
-  if (trims && sides.samePolyline()) return joinSegments(c, sides, corner);
+  if (trims && sides.samePolyline()) return joinSegments(sides, corner);
   if (trims) {
     if ((a.polyline && a.closed) || (b.polyline && b.closed))
-      c.fail("Une polyligne fermée ne se raccorde qu'avec elle-même.");
-    trimSide(c, a, sides.plane, corner.first);
-    trimSide(c, b, sides.plane, corner.second);
+      throw Error("Une polyligne fermée ne se raccorde qu'avec elle-même.");
+    trimSide(document, a, sides.plane, corner.first);
+    trimSide(document, b, sides.plane, corner.second);
     const bool joined = (a.polyline || b.polyline) && isJoinable(a) && isJoinable(b) &&
                         takeIn(a.polyline ? a : b, a.polyline ? b : a, joint.get());
     if (joined) return;
   }
-  if (joint) addJoint(c, sides, std::move(joint));
+  if (joint) addJoint(document, sides, std::move(joint));
 }
 
 }  // namespace atelier

@@ -131,8 +131,8 @@ AcGePoint3d pickOn(const AcDbCurve& curve, const PickedEntity& picked) {
   return point;
 }
 
-PickedSide readSide(const Command& c, const PickedEntity& entity, const CornerPlane& plane) {
-  const AcDbCurve& curve = pickedCurve(c, entity.id);
+PickedSide readSide(Document& document, const PickedEntity& entity, const CornerPlane& plane) {
+  const AcDbCurve& curve = pickedCurve(document, entity.id);
   Flattener flat(plane);
   PickedSide picked;
   picked.id = entity.id;
@@ -151,8 +151,9 @@ PickedSide readSide(const Command& c, const PickedEntity& entity, const CornerPl
     picked.side.whole = true;
   }
   picked.side.pick = flat(at);
-  if (!flat.fits()) c.fail("Les deux objets ne sont pas dans le même plan.");
-  if (!(picked.side.whole || picked.side.high - picked.side.low > 0)) c.fail("L'objet choisi n'a pas de longueur.");
+  if (!flat.fits()) throw Error("Les deux objets ne sont pas dans le même plan.");
+  if (!(picked.side.whole || picked.side.high - picked.side.low > 0))
+    throw Error("L'objet choisi n'a pas de longueur.");
   return picked;
 }
 
@@ -165,24 +166,24 @@ AcGePoint3d CornerPlane::own(const AcGePoint3d& world) const {
   return AcGeMatrix3d().setToWorldToPlane(normal) * world;
 }
 
-void checkSide(const Command& c, const PickedEntity& picked) {
-  const AcDbCurve* curve = &pickedCurve(c, picked.id);
-  refuseLocked(c, picked.id);
-  if (AcDb2dPolyline::cast(curve) && makeLight(c, picked.id)) curve = &pickedCurve(c, picked.id);
+void checkSide(Document& document, const PickedEntity& picked) {
+  const AcDbCurve* curve = &pickedCurve(document, picked.id);
+  refuseLocked(document, picked.id);
+  if (AcDb2dPolyline::cast(curve) && makeLight(document, picked.id)) curve = &pickedCurve(document, picked.id);
   const auto* polyline = AcDbPolyline::cast(curve);
-  if (polyline && polyline->numVerts() < 2) c.fail("L'objet choisi n'a pas de longueur.");
+  if (polyline && polyline->numVerts() < 2) throw Error("L'objet choisi n'a pas de longueur.");
   if (!straight(*curve) && !normalOf(*curve))
-    c.fail("Seuls les lignes, les arcs, les cercles et les polylignes se raccordent.");
+    throw Error("Seuls les lignes, les arcs, les cercles et les polylignes se raccordent.");
 }
 
-CornerSides cornerSides(const Command& c, const PickedEntity& first, const PickedEntity& second) {
-  const AcDbCurve &a = pickedCurve(c, first.id), &b = pickedCurve(c, second.id);
-  if (first.id == second.id && !AcDbPolyline::cast(&a)) c.fail("Un raccord demande deux objets.");
+CornerSides cornerSides(Document& document, const PickedEntity& first, const PickedEntity& second) {
+  const AcDbCurve &a = pickedCurve(document, first.id), &b = pickedCurve(document, second.id);
+  if (first.id == second.id && !AcDbPolyline::cast(&a)) throw Error("Un raccord demande deux objets.");
   CornerSides sides;
   sides.plane.normal = commonNormal(a, b);
   sides.plane.height = sides.plane.own(anyPointOf(a)).z;
-  sides.first = readSide(c, first, sides.plane);
-  sides.second = readSide(c, second, sides.plane);
+  sides.first = readSide(document, first, sides.plane);
+  sides.second = readSide(document, second, sides.plane);
   return sides;
 }
 

@@ -3,8 +3,8 @@
 #pragma once
 #include <utility>
 
-#include "atelier/editor/command_prompts.h"
 #include "atelier/editor/corner.h"
+#include "atelier/editor/document.h"
 
 namespace atelier {
 
@@ -26,21 +26,21 @@ struct CornerPlane {
   AcGePoint3d own(const AcGePoint3d& world) const;  // z: over the origin, not over the plane
 };
 
-// Fails the command for what has no corners: other curves than lines, rays, arcs, circles and polylines, and objects on
+// Throws Error for what has no corners: other curves than lines, rays, arcs, circles and polylines, and objects on
 // locked layers. Polylines whose vertices are entities become light ones.
-void checkSide(const Command& command, const PickedEntity& picked);
+void checkSide(Document& document, const PickedEntity& picked);
 
 struct CornerSides {
   CornerPlane plane;
   PickedSide first, second;
   bool samePolyline() const { return first.polyline && first.id == second.id; }
 };
-// Fails when the two don't lie in one plane, or are the same object and no polyline.
-CornerSides cornerSides(const Command& command, const PickedEntity& first, const PickedEntity& second);
+// Throws Error when the two don't lie in one plane, or are the same object and no polyline.
+CornerSides cornerSides(Document& document, const PickedEntity& first, const PickedEntity& second);
 
 // Cuts or lengthens the sides to the corner, if `trims`, and draws what joins them, with the properties of the first. A
 // polyline takes in what joins it with a line, an arc or another polyline; segments of one polyline get it in place of
 // their common vertex or of the one segment between them, and the ends of an open one are closed by it.
-void applyCorner(const Command& command, const CornerSides& sides, const Corner& corner, bool trims);
+void applyCorner(Document& document, const CornerSides& sides, const Corner& corner, bool trims);
 
 }  // namespace atelier

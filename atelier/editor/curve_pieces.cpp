@@ -8,6 +8,7 @@
 
 #include "atelier/database/curve_geometry.h"
 #include "atelier/database/interruption.h"
+#include "atelier/editor/adding.h"
 #include "atelier/editor/document.h"
 #include "atelier/editor/layer_states.h"
 #include "hote/dbpl.h"
@@ -30,26 +31,26 @@ double middleOf(const AcDbCurve& curve, const AcDbCurve& piece) {
 
 }  // namespace
 
-const AcDbCurve& pickedCurve(const Command& command, AcDbObjectId id) {
+const AcDbCurve& pickedCurve(Document& document, AcDbObjectId id) {
   AcDbStub* stub = id;
   const AcDbCurve* curve =
-      stub && !stub->is(AcDbStub::kErased) ? AcDbCurve::cast(&command.document.imp().object(*stub)) : nullptr;
-  if (!curve) command.fail("L'objet choisi n'est pas une courbe.");
+      stub && !stub->is(AcDbStub::kErased) ? AcDbCurve::cast(&document.imp().object(*stub)) : nullptr;
+  if (!curve) throw Error("L'objet choisi n'est pas une courbe.");
   return *curve;
 }
 
-bool isLocked(const Command& command, AcDbObjectId id) {
+bool isLocked(Document& document, AcDbObjectId id) {
   AcDbStub* stub = id;
-  return stub && LayerStates(command.document.imp()).isLocked(*stub);
+  return stub && LayerStates(document.imp()).isLocked(*stub);
 }
 
-void refuseLocked(const Command& command, AcDbObjectId id) {
-  if (isLocked(command, id)) command.fail("L'objet est sur un calque verrouillé.");
+void refuseLocked(Document& document, AcDbObjectId id) {
+  if (isLocked(document, id)) throw Error("L'objet est sur un calque verrouillé.");
 }
 
-bool makeLight(const Command& c, AcDbObjectId id) {
+bool makeLight(Document& document, AcDbObjectId id) {
   checkInterruption();
-  const AcDbCurve& curve = pickedCurve(c, id);
+  const AcDbCurve& curve = pickedCurve(document, id);
   if (AcDbPolyline::cast(&curve)) return true;
   auto made = std::make_unique<AcDbPolyline>();
   if (AcDb2dPolyline::cast(&curve)) {
@@ -71,7 +72,7 @@ bool makeLight(const Command& c, AcDbObjectId id) {
   }
   CurvePieces pieces;
   pieces.push_back(std::move(made));
-  replaceByPieces(c, id, std::move(pieces));
+  replaceByPieces(document, id, std::move(pieces));
   return true;
 }
 
@@ -162,9 +163,9 @@ CurvePieces without(const AcDbCurve& curve, double from, double to) {
   return kept;
 }
 
-void replaceByPieces(const Command& command, AcDbObjectId id, CurvePieces pieces) {
+void replaceByPieces(Document& document, AcDbObjectId id, CurvePieces pieces) {
   AcDbEntity* entity = nullptr;
-  if (acdbOpenAcDbEntity(entity, id, AcDb::kForWrite) != Acad::eOk) command.fail("L'objet ne peut pas être modifié.");
+  if (acdbOpenAcDbEntity(entity, id, AcDb::kForWrite) != Acad::eOk) throw Error("L'objet ne peut pas être modifié.");
   if (pieces.empty()) {
     entity->erase();
     entity->close();
@@ -175,7 +176,7 @@ void replaceByPieces(const Command& command, AcDbObjectId id, CurvePieces pieces
   for (std::size_t i = 1; i < pieces.size(); ++i) pieces[i]->setPropertiesFrom(entity);
   if (entity->handOverTo(first) == Acad::eObjectToBeDeleted) delete entity;
   first->close();
-  for (std::size_t i = 1; i < pieces.size(); ++i) command.addAsIs(std::move(pieces[i]));
+  for (std::size_t i = 1; i < pieces.size(); ++i) addEntityAsIs(document, std::move(pieces[i]));
 }
 
 }  // namespace atelier

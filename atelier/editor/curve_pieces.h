@@ -2,23 +2,26 @@
 // Inner header of the room. Parameters are the curve's own.
 #pragma once
 #include <memory>
+#include <optional>
 #include <vector>
 
-#include "atelier/editor/command_prompts.h"
+#include "hote/dbents.h"
 
 namespace atelier {
 
+class Document;
+
 using CurvePieces = std::vector<std::unique_ptr<AcDbCurve>>;
 
-// The curve that was picked, for reading now: a question that is awaited may make it go from memory. Fails the command
+// The curve that was picked, for reading now: a question that is awaited may make it go from memory. Throws Error
 // when it is none.
-const AcDbCurve& pickedCurve(const Command& command, AcDbObjectId id);
-// Whether the object stands on a locked layer; the second fails the command then.
-bool isLocked(const Command& command, AcDbObjectId id);
-void refuseLocked(const Command& command, AcDbObjectId id);
+const AcDbCurve& pickedCurve(Document& document, AcDbObjectId id);
+// Whether the object stands on a locked layer; the second throws Error then.
+bool isLocked(Document& document, AcDbObjectId id);
+void refuseLocked(Document& document, AcDbObjectId id);
 // Gives the object's place to a light polyline made of it, when it is a line, an arc or a polyline of the older kind;
 // false when it can't become one.
-bool makeLight(const Command& command, AcDbObjectId id);
+bool makeLight(Document& document, AcDbObjectId id);
 // The parameter of a point on the curve; of any other, of the place that is nearest to it seen in plan.
 std::optional<double> paramNear(const AcDbCurve& curve, const AcGePoint3d& point);
 // Parameters where the others that are curves meet it, rising.
@@ -35,6 +38,6 @@ bool isOnePlace(const AcDbCurve& curve, double a, double b);
 CurvePieces without(const AcDbCurve& curve, double from, double to);
 
 // The first piece takes the object's place and its name, the others are added beside it. Without pieces it is erased.
-void replaceByPieces(const Command& command, AcDbObjectId id, CurvePieces pieces);
+void replaceByPieces(Document& document, AcDbObjectId id, CurvePieces pieces);
 
 }  // namespace atelier

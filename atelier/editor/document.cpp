@@ -1,7 +1,8 @@
-// A document: its making, its command line, its end.
-// A line is an AutoLISP expression when it opens a parenthesis, else the name of a command with answers behind it.
+// A document: its making, its drawing's coming and going, its end.
+// What stands in it belongs to it; what rooms above hang on it goes first.
 #include "atelier/editor/document.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <utility>
 
@@ -10,13 +11,6 @@
 #include "atelier/dxf/reader.h"
 #include "atelier/dxf/versions.h"
 #include "atelier/dxf/writer.h"
-#include "atelier/editor/builtins.h"
-#include "atelier/editor/command_run.h"
-#include "atelier/editor/commands.h"
-#include "atelier/editor/first_view.h"
-#include "atelier/editor/published.h"
-#include "atelier/editor/values.h"
-#include "atelier/lisp/printer.h"
 
 namespace atelier {
 namespace {
@@ -25,6 +19,7 @@ Document* currentDocument = nullptr;
 std::vector<Document*> openDocuments;  // in the order in which they were opened
 std::vector<std::string> supportFolders;
 DrawingConverter drawingConverter = nullptr;
+std::vector<std::span<const lisp::Builtin>> addedBuiltins;
 constexpr const char* kConverted = "Dessin converti: il s'enregistre en DXF.\n";
 
 class CommandLineConsole : public lisp::Console {
@@ -75,38 +70,56 @@ bool interruptionAsked() { return currentDocument && currentDocument->interprete
 
 void setDrawingConverter(DrawingConverter converter) { drawingConverter = converter; }
 
+void addDrawingBuiltins(std::span<const lisp::Builtin> table) {
+  if (std::none_of(addedBuiltins.begin(), addedBuiltins.end(),
+                   [&](const auto& known) { return known.data() == table.data(); }))
+    addedBuiltins.push_back(table);
+}
+
 void addSupportFolder(const std::string& folder) { supportFolders.push_back(folder); }
 
-Document::Document(Printer printer, const std::string& path, std::vector<std::string>* messages)
-    : printer_(std::move(printer)),
+Document::Document(const Services& services, Printer printer, const std::string& path,
+                   std::vector<std::string>* messages)
+    : services_(services),
+      printer_(std::move(printer)),
       database_(openDatabase(path, messages)),
       index_(std::make_unique<SpatialIndex>(imp())),
       console_(std::make_unique<CommandLineConsole>(*this)),
       search_(std::make_unique<TrustedSearch>(*this)),
-      variables_(*this),
+      variables_(*this, services.variables),
       prompter_(*this),
       maker_(imp()) {
   search_->folders = supportFolders;
   interpreter_ = std::make_unique<lisp::Interpreter>(lisp::Host{console_.get(), search_.get(), &variables_});
-  published_ = std::make_unique<PublishedFunctions>(*this);
   openDocuments.push_back(this);
   makeCurrent();
   setInterruptionQuestion(interruptionAsked);
-  for (const auto& table : drawingBuiltins()) interpreter_->add(table);
+  for (const auto& table : services_.builtins) interpreter_->add(table);
+  for (const auto& table : addedBuiltins) interpreter_->add(table);
   interpreter_->set("PAUSE", interpreter_->string("\\"));  // `command` asks the user where it meets it
-  view_ = activeView(imp());
-  published_->loadApplications();
-  imp().modified = false;
+  for (const auto make : services_.attachments) attachments_.push_back(make(*this));
+  drawingOpened();
   if (!path.empty() && imp().path.empty()) print(kConverted);
 }
 
 Document::~Document() {
   makeCurrent();
-  published_->unloadApplications();
+  drawingClosing();
+  attachments_.clear();
   std::erase(openDocuments, this);
   currentDocument = nullptr;
   if (endsWithProcess_) leaveMemory();
   if (!openDocuments.empty()) openDocuments.back()->makeCurrent();
+}
+
+void Document::drawingOpened() {
+  view_ = previousView = activeView(imp());
+  for (const auto& attachment : attachments_) attachment->drawingOpened();
+  imp().modified = false;
+}
+
+void Document::drawingClosing() {
+  for (const auto& attachment : attachments_) attachment->drawingClosing();
 }
 
 // What is left stays reachable, so that leak checkers don't take it for lost.
@@ -130,146 +143,9 @@ void Document::makeCurrent() {
   acdbHostApplicationServices()->setWorkingDatabase(database_.get());
 }
 
-void Document::print(std::string_view utf8) {
-  if (muted_) return;
-  transcript_ += utf8;
-  if (printer_) printer_(utf8);
-}
-
-std::string Document::takeTranscript() { return std::exchange(transcript_, {}); }
-
-void Document::fail(const std::string& message) {
-  ++failures_;
-  const Printer usual = failurePrinter ? std::exchange(printer_, failurePrinter) : printer_;
-  print("\n" + message + "\n");
-  printer_ = usual;
-}
-
-bool Document::evaluate(std::string_view text, std::string* printed) {
-  makeCurrent();
-  interpreter_->clearInterrupt();
-  try {
-    const lisp::Value value = interpreter_->evaluate(text);
-    if (printed) *printed = value == interpreter_->quiet() ? std::string() : interpreter_->printed(value);
-    finishCommand(*this);
-    return true;
-  } catch (const lisp::Error& error) {
-    cancelCommand(*this);
-    if (error.kind == lisp::Error::Kind::Exit) return true;
-    stopped_ |= error.kind == lisp::Error::Kind::Interrupt;
-    fail(errorText(error));
-    return false;
-  }
-}
-
-void Document::endInterruption() {
-  stopped_ |= interpreter_->interrupted();
-  interpreter_->clearInterrupt();
-}
-
-bool Document::load(const std::string& path) {
-  makeCurrent();
-  search_->trust(path);
-  interpreter_->clearInterrupt();
-  try {
-    interpreter_->loadFile(path);
-    finishCommand(*this);
-    return true;
-  } catch (const lisp::Error& error) {
-    cancelCommand(*this);
-    fail(errorText(error));
-    return false;
-  }
-}
-
-bool Document::runCommand(const std::string& name) {
-  const std::string upper = upperCase(name);
-  const lisp::Value function = interpreter_->get("C:" + upper);
-  if (!function.isNil()) {
-    try {
-      interpreter_->call(function, {});
-      finishCommand(*this);
-    } catch (const lisp::Error& error) {
-      cancelCommand(*this);
-      stopped_ |= error.kind == lisp::Error::Kind::Interrupt;
-      if (error.kind != lisp::Error::Kind::Exit) fail(errorText(error));
-    }
-    return true;
-  }
-  return runBuiltinCommand(*this, upper);
-}
-
-void Document::runLine(std::string line) {
-  const std::string_view text = trimmed(line);
-  if (text.empty()) return;
-  prompter_.dropPending();
-  if (!undoGroup) imp().journal.mark();
-  if (text.starts_with('(') || text.starts_with('!')) {
-    std::string printed;
-    if (evaluate(text.starts_with('!') ? text.substr(1) : text, &printed) && !printed.empty()) print(printed + "\n");
-    return;
-  }
-  if (text.starts_with(';')) return;  // a comment in a script
-  const std::size_t space = text.find(' ');
-  const std::string name(text.substr(0, space));
-  if (space != text.npos) prompter_.pushBack(std::string(trimmed(text.substr(space))));
-  if (!runCommand(name)) fail("Commande inconnue \"" + upperCase(name) + "\".");
-  prompter_.dropPending();
-}
-
-void Document::run(InputSource& source) {
-  makeCurrent();
-  InputSource* before = std::exchange(prompter_.source, &source);
-  const auto restore = [&] { prompter_.source = before; };
-  stopped_ = false;
-  try {
-    for (;;) {
-      if ((stopped_ || interpreter_->interrupted()) && source.dropRest()) countFailure();
-      PromptInfo prompt;
-      prompt.takesSpaces = prompt.isCommand = true;
-      prompt.text = source.echoes() ? "\nCommande: " : "";
-      Input input = source.next(prompt);
-      if (input.kind == Input::Kind::end) break;
-      if (input.kind != Input::Kind::text) continue;
-      // An expression may run over several lines.
-      while (trimmed(input.text).starts_with('(') && openParentheses(input.text) > 0) {
-        const Input more = source.next({});
-        if (more.kind != Input::Kind::text) break;
-        input.text += "\n" + more.text;
-      }
-      interpreter_->clearInterrupt();
-      stopped_ = false;
-      if (!source.echoes()) print("\nCommande: " + input.text + "\n");
-      try {
-        runLine(std::move(input.text));
-      } catch (const Error& error) {
-        fail(error.what());
-      }
-      if (stopped_) scripts.clear();
-      runScripts();
-      if (quitRequested()) {
-        if (before) requestQuit();  // a script inside this run ends with it
-        break;
-      }
-    }
-  } catch (...) {
-    restore();
-    throw;
-  }
-  restore();
-}
-
-void Document::runScripts() {
-  while (!scripts.empty()) {
-    LinesSource lines(scripts.front());
-    scripts.erase(scripts.begin());
-    run(lines);
-  }
-}
-
 void Document::open(const std::string& path, std::vector<std::string>* messages) {
   auto fresh = openDatabase(path, messages);
-  published_->unloadApplications();
+  drawingClosing();
   for (const AcDbStub& stub : imp().stubs()) const_cast<AcDbStub&>(stub).set(AcDbStub::kErased);
   index_.reset();
   closed_.push_back(std::exchange(database_, std::move(fresh)));
@@ -280,10 +156,8 @@ void Document::open(const std::string& path, std::vector<std::string>* messages)
   transients_.clearVectors();
   previousSelection = firstSelection = nullptr;
   namedViews.clear();
-  view_ = previousView = activeView(imp());
   undoGroup = false;
-  published_->loadApplications();
-  imp().modified = false;
+  drawingOpened();
   if (!path.empty() && imp().path.empty()) print(kConverted);
 }
 
@@ -293,14 +167,20 @@ std::vector<std::string> Document::saveAs(const std::string& path, std::string_v
     save(path);
     return {};
   }
-  setFirstView(*this);
+  setNewView();
   auto lost = dxf::saveAs(*database_, path, release.empty() ? dxf::releaseNamed(own) : release, binary);
   imp().modified = false;
   return lost;
 }
 
+// A drawing that began as a new one shows all that is in it when it is opened the next time; any other keeps what its
+// file says.
+void Document::setNewView() {
+  if (dxf::beganAsNew(*database_)) setFirstView(imp(), index_->extents(imp().modelSpace()));
+}
+
 void Document::save(const std::string& path) {
-  setFirstView(*this);
+  setNewView();
   dxf::save(*database_, path);
 }
 

@@ -1,4 +1,4 @@
-// An open drawing with everything that belongs to it: database, AutoLISP, prompts, selections, transient graphics.
+// An open drawing as data, with its journal, its command line and the places where rooms above hang what is theirs.
 // One document is current at a time; the host's functions act on it.
 #pragma once
 #include <functional>
@@ -10,35 +10,29 @@
 #include <vector>
 
 #include "atelier/database/entity_groups.h"
+#include "atelier/editor/attachment.h"
 #include "atelier/editor/prompter.h"
 #include "atelier/editor/selection_set.h"
+#include "atelier/editor/services.h"
 #include "atelier/editor/spatial_index.h"
 #include "atelier/editor/system_variables.h"
 #include "atelier/editor/transients.h"
 #include "atelier/editor/trusted_search.h"
+#include "atelier/editor/views.h"
 #include "atelier/lisp/interpreter.h"
 
 namespace atelier {
 
-class CommandRun;
 class DialogPresenter;
-class PublishedFunctions;
-
-// The part of the drawing that the screen shows, or would show.
-struct View {
-  AcGePoint3d centre;
-  double height = 100;  // drawing units
-};
 
 // Receives all that the command line prints, UTF-8.
 using Printer = std::function<void(std::string_view)>;
 
 class Document {
  public:
-  // An empty drawing, or the file at the path (throws Error); with messages, recovering as open() does. Publishes the
-  // registered applications' functions.
-  explicit Document(Printer printer, const std::string& path = {}, std::vector<std::string>* messages = nullptr);
-  ~Document();
+  // An empty drawing, or the file at the path (throws Error); with messages, recovering as open() does.
+  Document(const Services& services, Printer printer, const std::string& path, std::vector<std::string>* messages);
+  virtual ~Document();
   // The process ends with this document: the memory of its drawing, which takes long to give back piece by piece, goes
   // with the process. Everything else ends as ever: applications are unloaded, AutoLISP's files closed.
   void endWithProcess() { endsWithProcess_ = true; }
@@ -56,12 +50,22 @@ class Document {
   SystemVariables& variables() { return variables_; }
   Transients& transients() { return transients_; }
   EntityMaker& entityMaker() { return *maker_; }
-  PublishedFunctions& published() { return *published_; }
+  // What the rooms above do for this document, and what they have hung on it; null when it has no such thing.
+  const Services& services() const { return services_; }
+  template <class PART>
+  PART* attached() const {
+    for (const auto& attachment : attachments_)
+      if (auto* part = dynamic_cast<PART*>(attachment.get())) return part;
+    return nullptr;
+  }
   // Which entities are where; selections, picks and the screen's culling ask it.
   SpatialIndex& spatialIndex() { return *index_; }
   View& view() { return view_; }
   // The command that AutoLISP's `command` began and that waits for more answers; null when none does.
-  std::unique_ptr<CommandRun>& waitingCommand() { return waitingCommand_; }
+  std::unique_ptr<WaitingCommand>& waitingCommand() { return waitingCommand_; }
+  // Ends it: the user's source gives the rest, or it is cancelled.
+  void finishCommand();
+  void cancelCommand() { waitingCommand_.reset(); }
   View previousView;
   std::map<std::string, View> namedViews;  // by upper-case name
   // Between UNDO Begin and End: commands don't begin steps of their own.
@@ -117,9 +121,13 @@ class Document {
 
  private:
   const std::string& imp_path() const { return AcDbImpDatabase::of(database_.get()).path; }
+  void drawingOpened();
+  void drawingClosing();
   void runLine(std::string line);
   void runScripts();
   void leaveMemory();
+  void setNewView();
+  const Services& services_;
   Printer printer_;
   std::string transcript_;
   std::vector<std::unique_ptr<AcDbDatabase>> closed_;  // drawings whose objects AutoLISP values may still name
@@ -133,10 +141,10 @@ class Document {
   Transients transients_;
   std::optional<EntityMaker> maker_;
   View view_;
-  std::unique_ptr<CommandRun> waitingCommand_;
+  std::unique_ptr<WaitingCommand> waitingCommand_;
   bool muted_ = false, endsWithProcess_ = false;
   bool stopped_ = false;  // the user has stopped what the last line caused
-  std::unique_ptr<PublishedFunctions> published_;
+  std::vector<std::unique_ptr<Attachment>> attachments_;
   int failures_ = 0;
 };
 
@@ -147,5 +155,9 @@ void setDrawingConverter(DrawingConverter converter);
 
 // Folders in which `load`, `findfile` and the front-end's files are looked for, in every document.
 void addSupportFolder(const std::string& folder);
+
+// Ends the program's command lines after the command that runs; asking whether that was wanted forgets it.
+void requestQuit();
+bool quitRequested();
 
 }  // namespace atelier

@@ -9,7 +9,6 @@
 #include "atelier/database/entity_walk.h"
 #include "atelier/database/text.h"
 #include "atelier/editor/document.h"
-#include "atelier/editor/pick.h"
 #include "atelier/editor/values.h"
 #include "hote/adesk.h"
 
@@ -369,7 +368,7 @@ Answer Prompter::getEntity(std::string_view prompt, AcDbObjectId& entity, AcGePo
     if (!found) return false;
     point = *found;
     // Nothing under the pick is an answer too: the caller decides whether to ask again.
-    entity = pickAt(document_, *found);
+    entity = document_.services().pick(document_, *found);
     return true;
   });
 }

@@ -16,6 +16,13 @@ class Document;
 
 enum class Answer { value, none, keyword, cancel };
 
+// What an entity prompt gives.
+struct PickedEntity {
+  AcDbObjectId id;  // null when nothing stands under the point
+  AcGePoint3d point;
+  bool byPoint = true;  // false: named by a program or as the last one, without a point
+};
+
 class Prompter {
  public:
   explicit Prompter(Document& document) : document_(document) {}

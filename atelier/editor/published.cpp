@@ -55,9 +55,15 @@ void setStrictHandlers(bool strict) { strictHandlers = strict; }
 PublishedFunctions::PublishedFunctions(Document& document) : document_(document) {}
 PublishedFunctions::~PublishedFunctions() = default;
 
+PublishedFunctions& PublishedFunctions::of(const Document& document) {
+  auto* published = document.attached<PublishedFunctions>();
+  ATELIER_ASSERT(published);
+  return *published;
+}
+
 lisp::Interpreter& PublishedFunctions::interpreter() { return document_.interpreter(); }
 
-void PublishedFunctions::loadApplications() {
+void PublishedFunctions::drawingOpened() {
   for (const EntryPoint entry : applications) {
     loading_ = entry;
     entry(AcRx::kLoadDwgMsg, &applicationId);
@@ -65,7 +71,7 @@ void PublishedFunctions::loadApplications() {
   loading_ = nullptr;
 }
 
-void PublishedFunctions::unloadApplications() {
+void PublishedFunctions::drawingClosing() {
   for (const EntryPoint entry : applications) {
     loading_ = entry;
     entry(AcRx::kUnloadDwgMsg, &applicationId);

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "atelier/editor/attachment.h"
 #include "atelier/lisp/interpreter.h"
 #include "atelier/lisp/root.h"
 #include "hote/adesk.h"
@@ -26,15 +27,17 @@ struct HandlerFault {
 // True makes such a fault an AutoLISP error (for tests); otherwise it goes to stderr.
 void setStrictHandlers(bool strict);
 
-class PublishedFunctions {
+class PublishedFunctions final : public Attachment {
  public:
   explicit PublishedFunctions(Document& document);
-  ~PublishedFunctions();
+  ~PublishedFunctions() override;
   PublishedFunctions(const PublishedFunctions&) = delete;
   PublishedFunctions& operator=(const PublishedFunctions&) = delete;
 
-  void loadApplications();    // kLoadDwgMsg to each
-  void unloadApplications();  // kUnloadDwgMsg
+  static PublishedFunctions& of(const Document& document);
+
+  void drawingOpened() override;   // kLoadDwgMsg to each application
+  void drawingClosing() override;  // kUnloadDwgMsg
 
   bool define(std::string_view name, int index);
   bool undefine(std::string_view name, int index);

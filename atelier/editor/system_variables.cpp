@@ -4,7 +4,6 @@
 
 #include "atelier/database/text.h"
 #include "atelier/editor/document.h"
-#include "atelier/editor/variable_table.h"
 
 namespace atelier {
 namespace {
@@ -76,8 +75,8 @@ void writeHeader(HeaderVariables& header, const std::string& name, int code, con
 
 std::optional<Value> SystemVariables::value(std::string_view given) const {
   const std::string name = upperCase(given);
-  const VariableRow* row = variableRow(name);
-  if (row && row->place == VariablePlace::computed) return computedVariable(name)->get(document_);
+  const VariableRow* row = table_.row(name);
+  if (row && row->place == VariablePlace::computed) return table_.computed(name)->get(document_);
   if (row && row->place == VariablePlace::document) {
     const auto it = own_.find(name);
     return it != own_.end() ? it->second : defaultOf(*row);
@@ -90,10 +89,10 @@ std::optional<Value> SystemVariables::value(std::string_view given) const {
 
 bool SystemVariables::set(std::string_view given, const Value& value) {
   const std::string name = upperCase(given);
-  const VariableRow* row = variableRow(name);
+  const VariableRow* row = table_.row(name);
   if (row && row->readOnly) return false;
   if (row && row->place == VariablePlace::computed) {
-    const ComputedVariable* computed = computedVariable(name);
+    const ComputedVariable* computed = table_.computed(name);
     const auto fit = row->kind == VariableKind::real ? fitted(row->kind, value) : std::optional(value);
     return computed->set && fit && computed->set(document_, *fit);
   }

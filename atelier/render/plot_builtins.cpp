@@ -3,7 +3,6 @@
 #include "atelier/render/plot_builtins.h"
 
 #include "atelier/database/stub.h"
-#include "atelier/editor/builtins.h"
 #include "atelier/editor/document.h"
 #include "atelier/editor/values.h"
 #include "atelier/lisp/arguments.h"

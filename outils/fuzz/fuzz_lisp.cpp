@@ -8,8 +8,7 @@
 #include <mutex>
 #include <thread>
 
-#include "atelier/editor/command_run.h"
-#include "atelier/editor/document.h"
+#include "atelier/editor/open_drawing.h"
 
 namespace {
 
@@ -48,10 +47,10 @@ constexpr const char* kWithheld[] = {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  atelier::Document document(nullptr);
+  atelier::OpenDrawing document(nullptr);
   for (const char* name : kWithheld) document.interpreter().set(name, atelier::lisp::nil);
   const Watchdog watchdog(document);
   document.evaluate(std::string_view(reinterpret_cast<const char*>(data), size));
-  atelier::cancelCommand(document);
+  document.cancelCommand();
   return 0;
 }

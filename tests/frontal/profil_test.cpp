@@ -145,7 +145,7 @@ TEST(Tables, SurviveSavingAndReopening) {
   session.file("t.txt", "T - 6.0 4 Altitude TN\nT - 6.0 1 Numero\n");
   ASSERT_NE(session.eval("(plv-matrices p \"" + session.path("t.txt") + "\" T)"), "nil");
   session.document().save(session.path("a.dxf"));
-  atelier::Document again({}, session.path("a.dxf"));
+  atelier::OpenDrawing again({}, session.path("a.dxf"));
   std::string printed;
   again.addSupport(KAVEL_SOURCE "/frontal");
   ASSERT_TRUE(again.evaluate("(load \"kavel.lsp\")"));

@@ -2,7 +2,6 @@
 // The entry point is registered once for the whole program.
 #include "tests/support/session.h"
 
-#include "atelier/editor/command_run.h"
 #include "atelier/editor/published.h"
 #include "atelier/exchange/exchange.h"
 #include "atelier/lisp/printer.h"
@@ -29,7 +28,7 @@ Session::Session(bool withModule, const std::string& path) {
   atelier::setStrictHandlers(true);
   atelier::exchange::provideExchange();
   atelier::render::providePlots();
-  document_ = std::make_unique<atelier::Document>(nullptr, path);
+  document_ = std::make_unique<atelier::OpenDrawing>(nullptr, path);
 }
 
 Session::~Session() = default;
@@ -38,10 +37,10 @@ std::string Session::eval(std::string_view lisp) {
   document_->makeCurrent();
   try {
     const std::string printed = atelier::lisp::prin1(document_->interpreter().evaluate(lisp));
-    atelier::finishCommand(*document_);
+    document_->finishCommand();
     return printed;
   } catch (const std::runtime_error&) {
-    atelier::cancelCommand(*document_);
+    document_->cancelCommand();
     throw;
   }
 }

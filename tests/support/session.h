@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "atelier/editor/document.h"
+#include "atelier/editor/open_drawing.h"
 
 namespace kaveltest {
 

@@ -1,24 +1,33 @@
-// The header's extents and the active viewport.
+// The active viewport and the header's extents.
 // They are written past the undo journal: saving is no step that a user takes back.
-#include "atelier/editor/first_view.h"
+#include "atelier/editor/views.h"
 
 #include <algorithm>
 
-#include "atelier/dxf/reader.h"
-#include "atelier/editor/document.h"
-
 namespace atelier {
+namespace {
 
-void setFirstView(Document& document) {
-  AcDbImpDatabase& db = document.imp();
-  if (!dxf::beganAsNew(document.database())) return;
-  const AcDbExtents box = document.spatialIndex().extents(db.modelSpace());
+constexpr std::string_view kPort = "AcDbViewportTableRecord";
+
+}  // namespace
+
+View activeView(AcDbImpDatabase& database) {
+  View view;
+  AcDbStub* port = database.tableRecord("VPORT", "*Active");
+  if (!port) return view;
+  const Record& record = AcDbImpObject::of(&database.object(*port)).record;
+  view.centre = record.point(point2Field(kPort, 12));
+  const double height = record.real(realField(kPort, 40));
+  if (height > 0) view.height = height;
+  return view;
+}
+
+void setFirstView(AcDbImpDatabase& db, const AcDbExtents& box) {
   AcDbStub* port = db.tableRecord("VPORT", "*Active");
   if (box.isEmpty() || !port) return;
   db.header.setPoint("$EXTMIN", box.minPoint());
   db.header.setPoint("$EXTMAX", box.maxPoint());
   constexpr double kMargin = 1.1;
-  constexpr std::string_view kPort = "AcDbViewportTableRecord";
   Record& record = AcDbImpObject::of(&db.object(*port)).record;
   const AcGeVector3d size = box.maxPoint() - box.minPoint();
   const double ratio = std::max(record.real(realField(kPort, 41, 1)), 0.1);

@@ -1,0 +1,16 @@
+// Putting new entities into the drawing.
+#pragma once
+#include <memory>
+
+#include "hote/dbmain.h"
+
+namespace atelier {
+
+class Document;
+
+// Into the current space, with the current layer, colour and line type. Throws Error when the space can't take it.
+AcDbObjectId addEntity(Document& document, std::unique_ptr<AcDbEntity> entity);
+// The same, with the layer, colour and line type that the entity has.
+AcDbObjectId addEntityAsIs(Document& document, std::unique_ptr<AcDbEntity> entity);
+
+}  // namespace atelier
