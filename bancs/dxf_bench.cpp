@@ -25,9 +25,9 @@
 #include <string>
 #include <vector>
 
-#include "atelier/database/imp_database.h"
-#include "atelier/dxf/reader.h"
-#include "atelier/dxf/writer.h"
+#include "atelier/database/objects/imp_database.h"
+#include "atelier/dxf/reading/reader.h"
+#include "atelier/dxf/writing/writer.h"
 
 namespace {
 

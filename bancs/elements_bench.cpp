@@ -9,7 +9,7 @@
 #include <numbers>
 #include <string>
 
-#include "atelier/editor/input.h"
+#include "atelier/document/input.h"
 #include "bancs/session.h"
 #include "module/support/kitCourbes.h"
 #include "module/support/kitEntites.h"

@@ -6,9 +6,9 @@
 #include <map>
 #include <memory>
 
-#include "atelier/editor/open_drawing.h"
-#include "atelier/editor/pick.h"
-#include "atelier/editor/selections.h"
+#include "atelier/application/open_drawing.h"
+#include "atelier/selecting/pick.h"
+#include "atelier/selecting/selections.h"
 #include "hote/dbents.h"
 #include "hote/dbsymtb.h"
 

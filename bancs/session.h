@@ -5,8 +5,8 @@
 #include <cstdlib>
 #include <string>
 
-#include "atelier/editor/open_drawing.h"
-#include "atelier/editor/published.h"
+#include "atelier/application/open_drawing.h"
+#include "atelier/plugin/published.h"
 #include "module/commande/entree.h"
 
 namespace bancs {

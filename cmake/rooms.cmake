@@ -1,4 +1,4 @@
-# kavel_room(name [libraries...]): a static library of every .cpp below the current folder's room `name`.
+# kavel_room(name [libraries...]): a static library of every .cpp of the room `name` and of the folders in it.
 # The target is called <house>_<room>; its includes are written from the root of the tree ("atelier/lisp/value.h").
 add_library(kavel_options INTERFACE)
 target_compile_options(kavel_options INTERFACE
@@ -19,7 +19,7 @@ endif()
 
 function(kavel_room room)
   get_filename_component(house ${CMAKE_CURRENT_SOURCE_DIR} NAME)
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${room}/*.cpp)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${room}/*.cpp)
   set(target ${house}_${room})
   if(sources)
     add_library(${target} STATIC ${sources})

@@ -1,116 +1,106 @@
 #!/usr/bin/env python3
-"""Checks the allowed arrows between the rooms, that no circle of includes exists, and the locale rule.
+"""Holds the code against the plan of the house (outils/maison.py), and the locale rule.
 
-An arrow is an #include "house/room/file.h". Exit status 1 and one line for each fault.
+An arrow is an #include "house/room/file.h". Faults: an arrow that the plan doesn't have, one that it has and nobody uses, a circle
+of rooms or of files, a folder of too many files, a room without a README. Exit status 1 and one line for each.
 """
 import os
 import re
 import sys
 
+import maison
+
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
-HOST = {  # room of atelier/ -> rooms of atelier/ that it may include
-    "geometry": set(),
-    "fonts": set(),
-    "database": {"geometry", "fonts"},
-    "dxf": {"database", "geometry"},
-    "lisp": {"database"},
-    "editor": {"dxf", "lisp", "database", "geometry", "fonts"},
-    "exchange": {"editor", "dxf", "lisp", "database"},
-    "render": {"editor", "dxf", "lisp", "database", "geometry", "fonts"},
-    "console": {"render", "exchange", "editor", "dxf", "lisp", "database", "geometry", "fonts"},
-    "desktop": {"render", "exchange", "editor", "dxf", "lisp", "database", "geometry", "fonts"},
-}
-# Layers of module/ from the ground up; a file may include files of its own layer and of lower ones.
-ARGUMENTS = {"argsLisp", "listeRb", "conversionXData"}
-LAYERS = {"arguments": 0, "support": 1, "profil": 2, "matrices": 3, "elements": 3, "optimiseur": 3, "metres": 4,
-          "menus": 5, "commande": 6}
 NUMBERS = re.compile(r"\b(atof|strtod|stod|stof|sscanf|setlocale|std::locale|strtof)\s*\(")
 # Qt takes the user's locale when an application starts; this call gives the C library its point back.
 POINT = 'setlocale(LC_NUMERIC, "C")'
 
 
-def layer(path):
-    room, name = path.split("/")[1], os.path.splitext(os.path.basename(path))[0]
-    if room == "commande" and name in ARGUMENTS:
-        return "arguments"
-    if room == "support" and name.startswith("menus"):
-        return "menus"
-    return room
+def sources(house):
+    for folder, _, names in os.walk(os.path.join(ROOT, house)):
+        for name in sorted(names):
+            if name.endswith((".h", ".cpp")):
+                yield os.path.relpath(os.path.join(folder, name), ROOT)
 
 
-def fault_of(path, included):
-    """What is wrong with the arrow, or nothing."""
-    house, target = path.split("/")[0], included.split("/")[0]
-    if target not in ("hote", "module", "atelier"):
+def fault_of(path, included, used):
+    """What is wrong with the arrow, or nothing; notes which arrow of the plan it uses."""
+    house, room = maison.room_of(path)
+    target_house = included.split("/")[0]
+    if target_house != maison.STREET and target_house not in maison.HOUSES:
         return None
-    if house == "hote" and target != "hote":
-        return "hote/ stands on the standard library only"
-    if house == "module":
-        if target == "atelier":
-            return "module/ never includes atelier/"
-        if target == "module":
-            mine, theirs = layer(path), layer(included)
-            if mine != theirs and LAYERS[mine] <= LAYERS[theirs]:
-                return f"{mine} may not include {theirs}"
-    if house == "atelier":
-        if target == "module":
-            return "atelier/ never includes module/"
-        if target == "atelier":
-            mine, theirs = path.split("/")[1], included.split("/")[1]
-            if mine != theirs and theirs not in HOST[mine]:
-                return f"{mine} may not include {theirs}"
-    return None
-
-
-def circles(edges):
-    """One circle of files, or nothing."""
-    state, trail = {}, []
-
-    def visit(node):
-        state[node] = 1
-        trail.append(node)
-        for nxt in edges.get(node, ()):
-            if state.get(nxt) == 1:
-                return trail[trail.index(nxt):] + [nxt]
-            if nxt not in state:
-                found = visit(nxt)
-                if found:
-                    return found
-        state[node] = 2
-        trail.pop()
+    if house == maison.STREET:
+        return None if target_house == house else "the street stands on the standard library only"
+    if target_house == maison.STREET or target_house in maison.NEIGHBOURS.get(house, ()):
         return None
+    if target_house != house:
+        return f"{house}/ never includes {target_house}/"
+    target = maison.room_of(included)[1]
+    if target == room:
+        return None
+    for name in maison.allowed(house, room):
+        if maison.covers(name, target):
+            used.add((house, room, name))
+            return None
+    return f"{room} may not include {target}"
 
-    sys.setrecursionlimit(10000)
-    for node in list(edges):
-        if node not in state:
-            found = visit(node)
-            if found:
-                return found
-    return None
+
+def arrows():
+    faults, files, used = [], {}, set()
+    for house in (maison.STREET, *maison.HOUSES):
+        for path in sources(house):
+            if house != maison.STREET and maison.room_of(path)[1] not in maison.HOUSES[house]:
+                faults.append(f"{path}: its room isn't in the plan")
+            for number, line in enumerate(open(os.path.join(ROOT, path), encoding="utf-8"), 1):
+                match = re.match(r'\s*#include "([^"]+)"', line)
+                if match:
+                    files.setdefault(path, []).append(match.group(1))
+                    fault = fault_of(path, match.group(1), used)
+                    if fault:
+                        faults.append(f"{path}:{number}: {fault} ({match.group(1)})")
+                code = line.split("//")[0].replace(POINT, "")
+                if house != "programs" and "Interpreter&" not in line and NUMBERS.search(code):
+                    faults.append(f"{path}:{number}: depends on the locale: {line.strip()}")
+    found = maison.circle(files)
+    if found:
+        faults.append("circle of files: " + " -> ".join(found))
+    return faults, used
+
+
+def plan(used):
+    faults = []
+    for house, rooms in maison.HOUSES.items():
+        edges = {room: [other for name in maison.allowed(house, room) for other in maison.rooms_meant(house, name, room)]
+                 for room in rooms}
+        found = maison.circle(edges)
+        if found:
+            faults.append(f"circle of rooms in {house}/: " + " -> ".join(found))
+        for room in rooms:
+            for name in maison.allowed(house, room):
+                if not maison.rooms_meant(house, name, room):
+                    faults.append(f"the plan of {house}/{room} names {name}, which is no room")
+                elif (house, room, name) not in used:
+                    faults.append(f"the plan allows {house}/{room} to include {name}, and it doesn't")
+    return faults
+
+
+def folders():
+    faults = []
+    for house in (maison.STREET, *maison.HOUSES):
+        for folder, _, names in os.walk(os.path.join(ROOT, house)):
+            path = os.path.relpath(folder, ROOT)
+            count = sum(name.endswith((".h", ".cpp")) for name in names)
+            if count > maison.MOST_FILES:
+                faults.append(f"{path}: {count} files in one folder, more than {maison.MOST_FILES}")
+            if count and "README.md" not in names:
+                faults.append(f"{path}: a room without README.md")
+    return faults
 
 
 def main():
-    faults, edges = [], {}
-    for house in ("hote", "module", "atelier", "programs"):
-        for folder, _, names in os.walk(os.path.join(ROOT, house)):
-            for name in names:
-                if not name.endswith((".h", ".cpp")):
-                    continue
-                full = os.path.join(folder, name)
-                path = os.path.relpath(full, ROOT)
-                for number, line in enumerate(open(full, encoding="utf-8"), 1):
-                    match = re.match(r'\s*#include "([^"]+)"', line)
-                    if match:
-                        edges.setdefault(path, []).append(match.group(1))
-                        fault = fault_of(path, match.group(1))
-                        if fault:
-                            faults.append(f"{path}:{number}: {fault} ({match.group(1)})")
-                    code = line.split("//")[0].replace(POINT, "")
-                    if house != "programs" and "Interpreter&" not in line and NUMBERS.search(code):
-                        faults.append(f"{path}:{number}: depends on the locale: {line.strip()}")
-    circle = circles(edges)
-    if circle:
-        faults.append("circle of includes: " + " -> ".join(circle))
+    sys.setrecursionlimit(10000)
+    faults, used = arrows()
+    faults += plan(used) + folders()
     for fault in faults:
         print(fault)
     return 1 if faults else 0

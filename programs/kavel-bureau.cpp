@@ -1,6 +1,6 @@
 // The desktop.
-#include "atelier/desktop/application.h"
-#include "atelier/editor/published.h"
+#include "atelier/desktop/window/application.h"
+#include "atelier/plugin/published.h"
 #include "module/commande/entree.h"
 
 namespace {

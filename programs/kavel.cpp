@@ -1,6 +1,6 @@
 // The headless program.
 #include "atelier/console/console.h"
-#include "atelier/editor/published.h"
+#include "atelier/plugin/published.h"
 #include "module/commande/entree.h"
 
 namespace {

@@ -11,21 +11,21 @@
 #include <iostream>
 #include <sstream>
 
+#include "atelier/application/front_end.h"
+#include "atelier/application/open_drawing.h"
+#include "atelier/commands/files/audit_report.h"
 #include "atelier/console/listing.h"
 #include "atelier/console/options.h"
 #include "atelier/console/progress.h"
 #include "atelier/console/terminal.h"
-#include "atelier/dxf/versions.h"
-#include "atelier/editor/audit_report.h"
-#include "atelier/editor/front_end.h"
-#include "atelier/editor/installation.h"
-#include "atelier/editor/open_drawing.h"
+#include "atelier/dxf/versions/versions.h"
 #include "atelier/exchange/exchange.h"
-#include "atelier/render/plot.h"
-#include "atelier/render/plot_builtins.h"
-#include "atelier/render/plot_error.h"
-#include "atelier/render/scene.h"
-#include "atelier/render/transients.h"
+#include "atelier/plugin/installation.h"
+#include "atelier/render/scene/scene.h"
+#include "atelier/render/scene/transients.h"
+#include "atelier/render/shapes/plot_error.h"
+#include "atelier/render/sheets/plot.h"
+#include "atelier/render/sheets/plot_builtins.h"
 
 namespace atelier::console {
 namespace {

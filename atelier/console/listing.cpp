@@ -4,8 +4,8 @@
 
 #include <map>
 
-#include "atelier/database/interruption.h"
-#include "atelier/editor/document.h"
+#include "atelier/base/interruption.h"
+#include "atelier/document/document.h"
 
 namespace atelier::console {
 namespace {

@@ -6,7 +6,7 @@
 
 #include <cstdio>
 
-#include "atelier/database/text.h"
+#include "atelier/base/text.h"
 
 namespace atelier::console {
 namespace {

@@ -16,7 +16,7 @@
 #include <readline/history.h>
 #include <readline/readline.h>
 
-#include "atelier/editor/document.h"
+#include "atelier/document/document.h"
 
 namespace atelier::console {
 namespace {

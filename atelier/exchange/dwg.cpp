@@ -12,8 +12,8 @@
 #include <sstream>
 #include <vector>
 
-#include "atelier/database/error.h"
-#include "atelier/database/text.h"
+#include "atelier/base/error.h"
+#include "atelier/base/text.h"
 
 extern char** environ;
 

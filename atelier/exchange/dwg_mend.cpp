@@ -4,7 +4,7 @@
 #include <map>
 #include <vector>
 
-#include "atelier/database/text.h"
+#include "atelier/base/text.h"
 #include "atelier/exchange/dwg.h"
 
 namespace atelier::exchange {

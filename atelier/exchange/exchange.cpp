@@ -1,7 +1,7 @@
 // The room's AutoLISP functions as part of every drawing, and its converter for drawings that aren't DXF.
 #include "atelier/exchange/exchange.h"
 
-#include "atelier/editor/document.h"
+#include "atelier/document/document.h"
 #include "atelier/exchange/dwg.h"
 
 namespace atelier::exchange {

@@ -2,7 +2,7 @@
 #pragma once
 #include <span>
 
-#include "atelier/lisp/builtin.h"
+#include "atelier/lisp/values/builtin.h"
 
 namespace atelier::exchange {
 

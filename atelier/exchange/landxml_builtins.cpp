@@ -5,11 +5,11 @@
 #include <array>
 #include <filesystem>
 
-#include "atelier/database/error.h"
+#include "atelier/base/error.h"
 #include "atelier/exchange/exchange.h"
 #include "atelier/exchange/landxml.h"
-#include "atelier/lisp/arguments.h"
-#include "atelier/lisp/root.h"
+#include "atelier/lisp/evaluator/arguments.h"
+#include "atelier/lisp/evaluator/root.h"
 
 namespace atelier::exchange {
 namespace {

@@ -8,8 +8,8 @@
 #include <pugixml.hpp>
 #include <sstream>
 
-#include "atelier/database/error.h"
-#include "atelier/database/text.h"
+#include "atelier/base/error.h"
+#include "atelier/base/text.h"
 #include "atelier/exchange/landxml.h"
 #include "atelier/exchange/landxml_curves.h"
 

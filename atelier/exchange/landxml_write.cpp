@@ -5,7 +5,7 @@
 #include <ctime>
 #include <pugixml.hpp>
 
-#include "atelier/dxf/replaced_file.h"
+#include "atelier/dxf/writing/replaced_file.h"
 #include "atelier/exchange/landxml.h"
 
 namespace atelier::exchange {

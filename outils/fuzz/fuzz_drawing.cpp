@@ -6,12 +6,12 @@
 #include <cstdint>
 #include <filesystem>
 
-#include "atelier/database/imp_database.h"
-#include "atelier/dxf/audit.h"
-#include "atelier/dxf/export.h"
-#include "atelier/dxf/reader.h"
-#include "atelier/dxf/writer.h"
-#include "atelier/render/scene.h"
+#include "atelier/database/objects/imp_database.h"
+#include "atelier/dxf/audit/audit.h"
+#include "atelier/dxf/reading/reader.h"
+#include "atelier/dxf/versions/export.h"
+#include "atelier/dxf/writing/writer.h"
+#include "atelier/render/scene/scene.h"
 #include "hote/dbents.h"
 
 namespace {

@@ -8,7 +8,7 @@
 #include <mutex>
 #include <thread>
 
-#include "atelier/editor/open_drawing.h"
+#include "atelier/application/open_drawing.h"
 
 namespace {
 

@@ -7,10 +7,10 @@
 #include <QTemporaryDir>
 #include <clocale>
 
-#include "atelier/desktop/driver.h"
-#include "atelier/desktop/forms.h"
-#include "atelier/desktop/theme.h"
-#include "atelier/editor/published.h"
+#include "atelier/desktop/forms/forms.h"
+#include "atelier/desktop/window/driver.h"
+#include "atelier/desktop/window/theme.h"
+#include "atelier/plugin/published.h"
 #include "module/commande/entree.h"
 
 namespace {

@@ -1,6 +1,6 @@
 // Copies between drawings whose handles overlap: every kind of reference leads to the copy, or to nothing, and never to
 // a stranger that happens to have the number. Judged in the drawing as it would be saved.
-#include "atelier/database/chain.h"
+#include "atelier/database/objects/chain.h"
 #include "hote/acut.h"
 #include "tests/dxf/drawing_files.h"
 

@@ -1,7 +1,7 @@
 // Extended data, dictionaries, Xrecords, groups, blocks and clones.
 // What is stored is read again from the written drawing, since that is where it must be.
-#include "atelier/database/chain.h"
-#include "atelier/database/entity_groups.h"
+#include "atelier/database/lists/entity_groups.h"
+#include "atelier/database/objects/chain.h"
 #include "hote/acut.h"
 #include "tests/dxf/drawing_files.h"
 

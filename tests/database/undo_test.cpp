@@ -1,6 +1,6 @@
 // Every kind of change taken back and done again, in a drawing that comes from a file: what was never opened before the
 // change is parsed for it, and must be on record as it stood there. Judged by the bytes that would be saved.
-#include "atelier/database/chain.h"
+#include "atelier/database/objects/chain.h"
 #include "hote/acut.h"
 #include "tests/dxf/drawing_files.h"
 

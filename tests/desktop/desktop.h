@@ -8,8 +8,8 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
-#include "atelier/desktop/driver.h"
-#include "atelier/desktop/lisp_bridge.h"
+#include "atelier/desktop/document/lisp_bridge.h"
+#include "atelier/desktop/window/driver.h"
 
 namespace kaveltest {
 

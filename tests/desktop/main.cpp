@@ -6,7 +6,7 @@
 #include <QTemporaryDir>
 #include <clocale>
 
-#include "atelier/editor/published.h"
+#include "atelier/plugin/published.h"
 #include "module/commande/entree.h"
 
 int main(int argc, char** argv) {

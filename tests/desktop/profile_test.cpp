@@ -2,7 +2,7 @@
 #include <QComboBox>
 #include <QTableWidget>
 
-#include "atelier/desktop/forms.h"
+#include "atelier/desktop/forms/forms.h"
 #include "tests/desktop/desktop.h"
 
 namespace {

@@ -1,5 +1,5 @@
 // Drawing, picking and selecting with the mouse, and taking it back.
-#include "atelier/desktop/snaps.h"
+#include "atelier/desktop/view/snaps.h"
 #include "tests/desktop/desktop.h"
 
 namespace {

@@ -9,8 +9,8 @@
 #include <QSettings>
 #include <QUrl>
 
-#include "atelier/desktop/forms.h"
-#include "atelier/desktop/theme.h"
+#include "atelier/desktop/forms/forms.h"
+#include "atelier/desktop/window/theme.h"
 #include "tests/desktop/desktop.h"
 
 namespace {

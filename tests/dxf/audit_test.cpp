@@ -1,6 +1,6 @@
 // The audit finds each fault under its code, and repairs what it says it can.
 // A drawing without faults gives no finding.
-#include "atelier/dxf/audit.h"
+#include "atelier/dxf/audit/audit.h"
 #include "tests/dxf/drawing_files.h"
 
 using namespace drawing;

@@ -2,7 +2,7 @@
 // Nothing that a file holds may end the program.
 #include <random>
 
-#include "atelier/dxf/export.h"
+#include "atelier/dxf/versions/export.h"
 #include "tests/dxf/drawing_files.h"
 
 using namespace drawing;

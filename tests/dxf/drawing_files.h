@@ -12,10 +12,10 @@
 #include <string>
 #include <vector>
 
-#include "atelier/database/imp_database.h"
-#include "atelier/dxf/reader.h"
-#include "atelier/dxf/scanner.h"
-#include "atelier/dxf/writer.h"
+#include "atelier/database/objects/imp_database.h"
+#include "atelier/dxf/groups/scanner.h"
+#include "atelier/dxf/reading/reader.h"
+#include "atelier/dxf/writing/writer.h"
 #include "hote/dbdict.h"
 #include "hote/dbents.h"
 #include "hote/dbpl.h"

@@ -1,6 +1,6 @@
 // Drawings saved in other versions and forms: read by an independent library, and turned back without loss.
 // What a version can't hold is told, and nothing else is lost.
-#include "atelier/dxf/export.h"
+#include "atelier/dxf/versions/export.h"
 #include "tests/dxf/drawing_files.h"
 
 using namespace drawing;

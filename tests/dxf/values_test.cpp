@@ -5,7 +5,7 @@
 #include <limits>
 #include <random>
 
-#include "atelier/dxf/value_codec.h"
+#include "atelier/dxf/groups/value_codec.h"
 #include "tests/dxf/drawing_files.h"
 
 using namespace atelier;

@@ -1,6 +1,6 @@
 // The interface for C++: external functions, values that must survive, several interpreters, memory.
-#include "atelier/lisp/arguments.h"
-#include "atelier/lisp/root.h"
+#include "atelier/lisp/evaluator/arguments.h"
+#include "atelier/lisp/evaluator/root.h"
 #include "tests/lisp/table.h"
 
 namespace atelier::lisp {
@@ -149,6 +149,7 @@ TEST_F(Interface, CollectionUnderStress) {
 
 TEST_F(Interface, InterpretersAreSeparate) {
   Interpreter other;
+  addBuiltins(other);
   run("(setq x 1) (defun f () x)");
   EXPECT_TRUE(other.get("x").isNil());
   other.evaluate("(setq x 2)");

@@ -1,5 +1,5 @@
 // Strings, searching in them, patterns.
-#include "atelier/lisp/encoding.h"
+#include "atelier/lisp/text/encoding.h"
 #include "tests/lisp/table.h"
 
 namespace atelier::lisp {

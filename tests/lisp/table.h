@@ -6,8 +6,9 @@
 #include <initializer_list>
 #include <string>
 
-#include "atelier/lisp/interpreter.h"
-#include "atelier/lisp/printer.h"
+#include "atelier/lisp/evaluator/interpreter.h"
+#include "atelier/lisp/evaluator/printer.h"
+#include "atelier/lisp/functions/families.h"
 
 namespace atelier::lisp {
 
@@ -32,6 +33,8 @@ struct Row {
 
 class LispTest : public testing::Test {
  protected:
+  LispTest() { addBuiltins(in); }
+
   RecordingConsole console;
   FolderSearch search;
   DefaultVariables variables;

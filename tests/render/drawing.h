@@ -12,9 +12,9 @@
 #include <string_view>
 #include <vector>
 
-#include "atelier/database/text.h"
-#include "atelier/dxf/reader.h"
-#include "atelier/render/scene.h"
+#include "atelier/base/text.h"
+#include "atelier/dxf/reading/reader.h"
+#include "atelier/render/scene/scene.h"
 
 namespace atelier::render {
 

@@ -1,5 +1,5 @@
 // Lines set straight into a picture: the pixels they take, and that nothing leaves the picture.
-#include "atelier/render/hairlines.h"
+#include "atelier/render/painters/hairlines.h"
 
 #include <gtest/gtest.h>
 

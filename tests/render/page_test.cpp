@@ -1,9 +1,9 @@
 // Sheets, scales and windows: what the options of a plot mean on paper.
-#include "atelier/render/page.h"
+#include "atelier/render/sheets/page.h"
 
 #include <gtest/gtest.h>
 
-#include "atelier/render/plot_error.h"
+#include "atelier/render/shapes/plot_error.h"
 
 namespace atelier::render {
 namespace {

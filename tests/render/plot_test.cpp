@@ -1,5 +1,5 @@
 // Plots of a small display list, read back: pixels of a PNG, the shape of PDF and SVG files, errors on disk.
-#include "atelier/render/plot.h"
+#include "atelier/render/sheets/plot.h"
 
 #include <cairo.h>
 #include <gtest/gtest.h>
@@ -7,9 +7,9 @@
 #include <filesystem>
 #include <fstream>
 
-#include "atelier/render/cairo_painter.h"
-#include "atelier/render/plot_error.h"
-#include "atelier/render/tessellate.h"
+#include "atelier/render/painters/cairo_painter.h"
+#include "atelier/render/shapes/plot_error.h"
+#include "atelier/render/shapes/tessellate.h"
 
 namespace atelier::render {
 namespace {

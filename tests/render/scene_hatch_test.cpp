@@ -4,7 +4,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "atelier/render/clip_path.h"
+#include "atelier/render/shapes/clip_path.h"
 #include "drawing.h"
 
 namespace atelier::render {

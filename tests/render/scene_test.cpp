@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "atelier/render/sheets/plot.h"
 #include "drawing.h"
 
 namespace atelier::render {

@@ -1,13 +1,13 @@
 // Curves as Béziers, wide polylines as areas, cutting: measured against the curves themselves.
-#include "atelier/render/tessellate.h"
+#include "atelier/render/shapes/tessellate.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <numbers>
 
-#include "atelier/render/clip_path.h"
-#include "atelier/render/colours.h"
+#include "atelier/render/scene/colours.h"
+#include "atelier/render/shapes/clip_path.h"
 
 namespace atelier::render {
 namespace {

@@ -2,10 +2,10 @@
 // The entry point is registered once for the whole program.
 #include "tests/support/session.h"
 
-#include "atelier/editor/published.h"
 #include "atelier/exchange/exchange.h"
-#include "atelier/lisp/printer.h"
-#include "atelier/render/plot_builtins.h"
+#include "atelier/lisp/evaluator/printer.h"
+#include "atelier/plugin/published.h"
+#include "atelier/render/sheets/plot_builtins.h"
 #include "module/commande/entree.h"
 
 namespace kaveltest {

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "atelier/editor/open_drawing.h"
+#include "atelier/application/open_drawing.h"
 
 namespace kaveltest {
 

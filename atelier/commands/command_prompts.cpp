@@ -1,0 +1,130 @@
+// The questions of commands, put to the prompter.
+// Each says its keywords anew, since an asked-again question has used them up.
+#include "atelier/commands/command_prompts.h"
+
+#include <cmath>
+
+#include "atelier/base/interruption.h"
+#include "atelier/database/objects/clone.h"
+#include "atelier/document/adding.h"
+#include "atelier/document/document.h"
+#include "atelier/document/layer_states.h"
+#include "atelier/selecting/selection_prompt.h"
+
+namespace atelier {
+
+Asked<AcGePoint3d> Command::point(std::string prompt, Base base, std::string keywords) const {
+  return Asked<AcGePoint3d>([=](Prompter& p, AcGePoint3d& value) {
+    p.initGet(0, keywords);
+    return p.getPoint(base, prompt, value);
+  });
+}
+Asked<AcGePoint3d> Command::corner(std::string prompt, const AcGePoint3d& opposite, std::string keywords) const {
+  return Asked<AcGePoint3d>([=](Prompter& p, AcGePoint3d& value) {
+    p.initGet(0, keywords);
+    return p.getPoint(opposite, prompt, value, true);
+  });
+}
+Asked<AcGePoint3d> Command::pointOrWord(std::string prompt, std::string keywords) const {
+  return Asked<AcGePoint3d>([=](Prompter& p, AcGePoint3d& value) {
+    p.initGet(RSG_OTHER, keywords);
+    return p.getPoint({}, prompt, value);
+  });
+}
+Asked<double> Command::distance(std::string prompt, Base base, std::string keywords) const {
+  return Asked<double>([=](Prompter& p, double& value) {
+    p.initGet(0, keywords);
+    return p.getDistance(base, prompt, value);
+  });
+}
+Asked<double> Command::angle(std::string prompt, Base base, std::string keywords) const {
+  return Asked<double>([=](Prompter& p, double& value) {
+    p.initGet(0, keywords);
+    return p.getAngle(base, prompt, value);
+  });
+}
+Asked<double> Command::real(std::string prompt, std::string keywords) const {
+  return Asked<double>([=](Prompter& p, double& value) {
+    p.initGet(0, keywords);
+    return p.getReal(prompt, value);
+  });
+}
+Asked<int> Command::integer(std::string prompt, std::string keywords) const {
+  return Asked<int>([=](Prompter& p, int& value) {
+    p.initGet(0, keywords);
+    return p.getInteger(prompt, value);
+  });
+}
+Asked<std::string> Command::word(std::string prompt) const {
+  return Asked<std::string>([=](Prompter& p, std::string& value) { return p.getText(false, prompt, value); });
+}
+Asked<std::string> Command::line(std::string prompt) const {
+  return Asked<std::string>([=](Prompter& p, std::string& value) { return p.getText(true, prompt, value); });
+}
+Asked<int> Command::keyword(std::string prompt, std::string keywords) const {
+  return Asked<int>([=](Prompter& p, int&) {
+    p.initGet(0, keywords);
+    return p.getKeyword(prompt);
+  });
+}
+Asked<PickedEntity> Command::entity(std::string prompt, std::string keywords) const {
+  return Asked<PickedEntity>([=](Prompter& p, PickedEntity& value) {
+    p.initGet(0, keywords);
+    const AcGePoint3d nowhere(HUGE_VAL, HUGE_VAL, HUGE_VAL);
+    value.point = nowhere;
+    const Answer answer = p.getEntity(prompt, value.id, value.point);
+    value.byPoint = value.point.x != HUGE_VAL;
+    if (!value.byPoint) value.point = {};
+    return answer;
+  });
+}
+Asked<std::shared_ptr<SelectionSet>> Command::objects(bool single) const {
+  if (!single)
+    if (auto chosen = takeSelectedBefore(document))
+      return Asked<std::shared_ptr<SelectionSet>>([chosen](Prompter&, std::shared_ptr<SelectionSet>& set) {
+        set = chosen;
+        return Answer::value;
+      });
+  const auto prompt = std::make_shared<SelectionPrompt>(document, SelectionFilter(), single);
+  return Asked<std::shared_ptr<SelectionSet>>([this, prompt](Prompter&, std::shared_ptr<SelectionSet>& set) {
+    const Answer answer = prompt->run();
+    if (answer == Answer::value) set = document.previousSelection = prompt->set();
+    return answer;
+  });
+}
+
+void Command::print(std::string_view text) const { document.print(text); }
+void Command::fail(const std::string& message) const { throw Error(message); }
+
+AcDbObjectId Command::add(std::unique_ptr<AcDbEntity> entity) const { return addEntity(document, std::move(entity)); }
+
+AcDbObjectId Command::addAsIs(std::unique_ptr<AcDbEntity> entity) const {
+  return addEntityAsIs(document, std::move(entity));
+}
+
+void Command::copies(const SelectionSet& set, const AcGeMatrix3d& matrix, AcDbObjectId block) const {
+  std::vector<AcDbStub*> sources;
+  for (AcDbStub* stub : set.list())
+    if (!stub->is(AcDbStub::kErased)) sources.push_back(stub);
+  AcDbStub* owner = block.isNull() ? document.database().currentSpaceId() : block;
+  if (!owner) fail("Les objets n'ont pas pu être copiés.");
+  cloneAll(document.imp(), sources, *owner, [&](AcDbEntity& copy) { copy.transformBy(matrix); });
+}
+
+void Command::change(const SelectionSet& set, const std::function<void(AcDbEntity&)>& work) const {
+  LayerStates layers(document.imp());
+  int locked = 0;
+  for (AcDbStub* stub : set.list()) {
+    checkInterruption();
+    if (stub->is(AcDbStub::kErased)) continue;
+    if (layers.isLocked(*stub)) {
+      ++locked;
+      continue;
+    }
+    const AcDbEntityPointer entity(AcDbObjectId(stub), AcDb::kForWrite);
+    if (entity.openStatus() == Acad::eOk) work(*entity);
+  }
+  if (locked > 0) print("\n" + std::to_string(locked) + " objet(s) sur un calque verrouillé.");
+}
+
+}  // namespace atelier

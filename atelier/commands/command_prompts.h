@@ -1,0 +1,53 @@
+// What the functions of commands work with: the document and the questions that they may await.
+// Keywords are "French words _English words"; the English one is answered. A prompt that is put together
+// stands in a variable before it is awaited: gcc 12 destroys temporaries of a conditional inside an awaited
+// expression twice.
+#pragma once
+#include <memory>
+
+#include "atelier/commands/command_task.h"
+#include "atelier/document/selection_set.h"
+#include "hote/dbents.h"
+
+namespace atelier {
+
+inline AcGePoint2d flat(const AcGePoint3d& p) { return {p.x, p.y}; }
+
+class Command {
+ public:
+  Command(Document& owner, std::string name) : document(owner), typed(std::move(name)) {}
+  Document& document;
+  const std::string typed;  // the name it was called by
+
+  using Base = std::optional<AcGePoint3d>;
+  Asked<AcGePoint3d> point(std::string prompt, Base base = {}, std::string keywords = {}) const;
+  Asked<AcGePoint3d> corner(std::string prompt, const AcGePoint3d& opposite, std::string keywords = {}) const;
+  // Also takes any other text, which then counts as a keyword.
+  Asked<AcGePoint3d> pointOrWord(std::string prompt, std::string keywords) const;
+  Asked<double> distance(std::string prompt, Base base = {}, std::string keywords = {}) const;
+  Asked<double> angle(std::string prompt, Base base = {}, std::string keywords = {}) const;  // radians
+  Asked<double> real(std::string prompt, std::string keywords = {}) const;
+  Asked<int> integer(std::string prompt, std::string keywords = {}) const;
+  Asked<std::string> word(std::string prompt) const;  // up to a blank
+  Asked<std::string> line(std::string prompt) const;  // blanks and all
+  Asked<int> keyword(std::string prompt, std::string keywords) const;
+  Asked<PickedEntity> entity(std::string prompt, std::string keywords = {}) const;
+  // Becomes the previous selection. Enter with nothing selected: no value. When `single`, one answer is all.
+  Asked<std::shared_ptr<SelectionSet>> objects(bool single = false) const;
+
+  void print(std::string_view text) const;
+  // Ends the command with a message that counts as a failure.
+  [[noreturn]] void fail(const std::string& message) const;
+
+  // Puts a new entity into the current space with the current layer, colour and line type. Takes it over.
+  AcDbObjectId add(std::unique_ptr<AcDbEntity> entity) const;
+  // The same, with the layer, colour and line type that the entity has.
+  AcDbObjectId addAsIs(std::unique_ptr<AcDbEntity> entity) const;
+  // Copies that go where the matrix takes them, in the current space or in that block.
+  void copies(const SelectionSet& set, const AcGeMatrix3d& matrix, AcDbObjectId block = {}) const;
+  // Calls with each entity of the set that can be changed; those on locked layers are counted and passed
+  // over.
+  void change(const SelectionSet& set, const std::function<void(AcDbEntity&)>& work) const;
+};
+
+}  // namespace atelier

@@ -1,0 +1,178 @@
+// INSERT: a block or a drawing file, with its attributes.
+// A file becomes a block by its name the first time; "name=file" defines the block from the file, "*name" inserts the
+// block's objects without a block.
+#include <filesystem>
+#include <numbers>
+
+#include "atelier/commands/command_prompts.h"
+#include "atelier/commands/command_table.h"
+#include "atelier/document/document.h"
+#include "hote/dbsymtb.h"
+
+namespace atelier {
+namespace {
+
+// The definitions of a block for which a value is asked.
+std::vector<AcDbObjectId> definitionsOf(AcDbObjectId block) {
+  std::vector<AcDbObjectId> definitions;
+  const AcDbObjectPointer<AcDbBlockTableRecord> record(block);
+  if (record.openStatus() != Acad::eOk) return definitions;
+  const AcDbObjectIdArray ids = record->entityIds();
+  for (int i = 0; i < ids.length(); ++i) {
+    const AcDbObjectPointer<AcDbAttributeDefinition> definition(ids[i]);
+    if (definition.openStatus() == Acad::eOk && !definition->isConstant()) definitions.push_back(ids[i]);
+  }
+  return definitions;
+}
+
+AcDbObjectId blockFromFile(const Command& c, const std::string& name, const std::string& path) {
+  const auto found = c.document.interpreter().search().find(path.ends_with(".dxf") ? path : path + ".dxf");
+  if (!found) c.fail("Bloc ou fichier introuvable: " + path);
+  AcDbDatabase source(false, true);
+  AcDbObjectId block;
+  if (source.readDwgFile(toWide(*found).c_str()) != Acad::eOk) c.fail("Fichier illisible: " + *found);
+  if (c.document.database().insert(block, toWide(name).c_str(), &source) != Acad::eOk)
+    c.fail("Le bloc \"" + name + "\" n'a pas pu être créé.");
+  return block;
+}
+
+AcDbObjectId blockNamed(const Command& c, const std::string& given) {
+  const std::size_t equals = given.find('=');
+  const std::string name =
+      equals == given.npos ? std::filesystem::path(given).stem().string() : given.substr(0, equals);
+  for (const std::string& tried : {given, name})
+    if (AcDbStub* block = c.document.imp().tableRecord("BLOCK_RECORD", tried)) return AcDbObjectId(block);
+  return blockFromFile(c, name, equals == given.npos ? given : given.substr(equals + 1));
+}
+
+void listBlocks(const Command& c) {
+  for (AcDbStub* block : *c.document.imp().table("BLOCK_RECORD")->children) {
+    const std::string name = block->is(AcDbStub::kErased) ? "*" : c.document.imp().recordName(*block);
+    if (!name.starts_with('*')) c.print("\n  " + name);
+  }
+}
+
+struct Placing {
+  AcGePoint3d point;
+  double x = 1, y = 1, rotation = 0;
+};
+
+AcDbObjectId place(const Command& c, AcDbObjectId block, const Placing& placing) {
+  auto reference = std::make_unique<AcDbBlockReference>(placing.point, block);
+  reference->setScaleFactors({placing.x, placing.y, placing.x});
+  reference->setRotation(placing.rotation);
+  return c.add(std::move(reference));
+}
+
+void addAttribute(const Command& c, AcDbObjectId insert, AcDbObjectId definition, const std::string* value) {
+  const AcDbObjectPointer<AcDbBlockReference> reference(insert, AcDb::kForWrite);
+  const AcDbObjectPointer<AcDbAttributeDefinition> from(definition);
+  if (reference.openStatus() != Acad::eOk || from.openStatus() != Acad::eOk) return;
+  auto attribute = std::make_unique<AcDbAttribute>();
+  attribute->setPropertiesFrom(from.object());
+  attribute->setTag(from->tag().kACharPtr());
+  attribute->setAttributeFromBlock(from.object(), reference->blockTransform());
+  if (value) attribute->setTextString(toWide(*value).c_str());
+  attribute->adjustAlignment(&c.document.database());
+  if (reference->appendAttribute(attribute.get()) == Acad::eOk) attribute.release()->close();
+}
+
+std::string promptOf(AcDbObjectId id, std::string& proposed) {
+  const AcDbObjectPointer<AcDbAttributeDefinition> definition(id);
+  if (definition.openStatus() != Acad::eOk) return {};
+  proposed = toUtf8(definition->textString().kACharPtr());
+  const std::string prompt = toUtf8(definition->prompt().kACharPtr());
+  return "\n" + (prompt.empty() ? toUtf8(definition->tag().kACharPtr()) : prompt) +
+         (proposed.empty() ? "" : " <" + proposed + ">") + ": ";
+}
+
+// The block's objects in the place of the insert.
+void explodeInto(const Command& c, AcDbObjectId insert) {
+  const AcDbObjectPointer<AcDbBlockReference> reference(insert, AcDb::kForWrite);
+  AcArray<AcRxObject*> pieces;
+  if (reference.openStatus() != Acad::eOk || reference->explode(pieces) != Acad::eOk) return;
+  for (int i = 0; i < pieces.length(); ++i) {
+    std::unique_ptr<AcRxObject> piece(pieces[i]);
+    if (AcDbEntity* entity = AcDbEntity::cast(piece.get())) {
+      piece.release();
+      c.addAsIs(std::unique_ptr<AcDbEntity>(entity));
+    }
+  }
+  reference->erase();
+}
+
+CommandTask insert(Command& c) {
+  const std::string last = std::get<std::string>(*c.document.variables().value("INSNAME"));
+  const std::string prompt = "\nNom du bloc ou [?]" + (last.empty() ? std::string() : " <" + last + ">") + ": ";
+  std::string name;
+  for (;;) {
+    const auto given = co_await c.line(prompt);
+    name = given.value.empty() ? last : std::string(trimmed(given.value));
+    if (name != "?") break;
+    listBlocks(c);
+  }
+  const bool exploded = name.starts_with('*');
+  if (exploded) name.erase(0, 1);
+  if (name.empty()) co_return;
+  const AcDbObjectId block = blockNamed(c, name);
+  c.document.variables().set("INSNAME", c.document.imp().recordName(*block));
+  Placing placing;
+  bool scaled = false, turned = false;
+  for (;;) {
+    const auto point = co_await c.point("\nPoint d'insertion ou [Echelle/X/Y/Rotation]: ", {},
+                                        "Echelle X Y Z Rotation _Scale X Y Z Rotate");
+    if (point.is("Rotate")) {
+      const auto angle = co_await c.angle("\nAngle de rotation <0>: ");
+      placing.rotation = angle.valueOr(0);
+      turned = true;
+    } else if (!point.given() && !point.keyword.empty()) {
+      const auto factor = co_await c.real("\nFacteur d'échelle <1>: ");
+      if (!point.is("Y") && !point.is("Z")) placing.x = factor.valueOr(1);
+      if (!point.is("X") && !point.is("Z")) placing.y = factor.valueOr(1);
+      scaled = true;
+    } else {
+      if (!point.given()) co_return;
+      placing.point = point.value;
+      break;
+    }
+  }
+  if (!scaled) {
+    const auto x = co_await c.real("\nFacteur d'échelle en X <1>: ");
+    placing.x = x.valueOr(1);
+    placing.y = placing.x;
+    if (!exploded) {
+      const auto y = co_await c.real("\nFacteur d'échelle en Y <celui de X>: ");
+      placing.y = y.valueOr(placing.x);
+    }
+  }
+  if (placing.x == 0 || placing.y == 0) c.fail("Un facteur d'échelle ne peut être nul.");
+  if (!turned) {
+    const auto angle = co_await c.angle("\nAngle de rotation <0>: ", placing.point);
+    placing.rotation = angle.valueOr(0);
+  }
+  const AcDbObjectId reference = place(c, block, placing);
+  if (exploded) {
+    explodeInto(c, reference);
+    co_return;
+  }
+  const bool asks = c.document.variables().integer("ATTREQ", 1) != 0;
+  for (const AcDbObjectId definition : definitionsOf(block)) {
+    std::string value;
+    const std::string question = promptOf(definition, value);
+    if (asks) {
+      const auto given = co_await c.line(question);
+      if (!given.value.empty()) value = given.value;
+    }
+    addAttribute(c, reference, definition, &value);
+  }
+}
+
+constexpr CommandRow kTable[] = {
+    {"INSERT", "-INSERT I INSERER -INSERER", insert, "Insère un bloc ou un fichier."},
+};
+
+}  // namespace
+
+std::span<const CommandRow> insertCommands() { return kTable; }
+
+}  // namespace atelier

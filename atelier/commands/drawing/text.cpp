@@ -1,0 +1,166 @@
+// TEXT and MTEXT.
+// The height is asked for only when the current style leaves it open.
+#include <numbers>
+
+#include "atelier/commands/command_prompts.h"
+#include "atelier/commands/command_table.h"
+#include "atelier/document/document.h"
+#include "hote/dbsymtb.h"
+
+namespace atelier {
+namespace {
+
+double styleHeight(AcDbObjectId style) {
+  const AcDbObjectPointer<AcDbTextStyleTableRecord> record(style);
+  return record.openStatus() == Acad::eOk ? record->textSize() : 0;
+}
+
+struct Justification {
+  std::string_view word;
+  AcDb::TextHorzMode horizontal;
+  AcDb::TextVertMode vertical;
+};
+constexpr Justification kJustifications[] = {
+    {"Left", AcDb::kTextLeft, AcDb::kTextBase},    {"Center", AcDb::kTextCenter, AcDb::kTextBase},
+    {"Right", AcDb::kTextRight, AcDb::kTextBase},  {"Middle", AcDb::kTextMid, AcDb::kTextBase},
+    {"TL", AcDb::kTextLeft, AcDb::kTextTop},       {"TC", AcDb::kTextCenter, AcDb::kTextTop},
+    {"TR", AcDb::kTextRight, AcDb::kTextTop},      {"ML", AcDb::kTextLeft, AcDb::kTextVertMid},
+    {"MC", AcDb::kTextCenter, AcDb::kTextVertMid}, {"MR", AcDb::kTextRight, AcDb::kTextVertMid},
+    {"BL", AcDb::kTextLeft, AcDb::kTextBottom},    {"BC", AcDb::kTextCenter, AcDb::kTextBottom},
+    {"BR", AcDb::kTextRight, AcDb::kTextBottom},   {"Align", AcDb::kTextAlign, AcDb::kTextBase},
+    {"Fit", AcDb::kTextFit, AcDb::kTextBase}};
+constexpr const char* kJustifyWords =
+    "Gauche Centre Droite Milieu HG HC HD MG MC MD BG BC BD Aligné Fixé _Left Center Right Middle TL TC TR "
+    "ML MC MR BL BC BR Align Fit";
+
+const Justification* justification(const std::string& word) {
+  for (const Justification& row : kJustifications)
+    if (row.word == word) return &row;
+  return nullptr;
+}
+
+bool setStyle(const Command& c, const std::string& name) {
+  if (c.document.variables().set("TEXTSTYLE", name)) return true;
+  c.print("\nLe style \"" + name + "\" n'existe pas.");
+  return false;
+}
+
+CommandTask text(Command& c) {
+  const Justification* mode = &kJustifications[0];
+  AcGePoint3d start, end;
+  for (;;) {
+    const auto place =
+        co_await c.point("\nPoint de départ du texte ou [Justifier/STyle]: ", {},
+                         "Justifier STyle Gauche Centre Droite Milieu HG HC HD MG MC MD BG BC BD Aligné Fixé "
+                         "_Justify Style Left Center Right Middle TL TC TR ML MC MR BL BC BR Align Fit");
+    if (place.is("Style")) {
+      const auto name = co_await c.word("\nNom du style: ");
+      setStyle(c, name.value);
+      continue;
+    }
+    std::string word = place.keyword;
+    if (place.is("Justify")) {
+      const auto chosen = co_await c.keyword(
+          "\nJustification [Gauche/Centre/Droite/Milieu/HG/HC/HD/MG/MC/MD/BG/BC/BD/Aligné/Fixé]: ", kJustifyWords);
+      word = chosen.keyword;
+    }
+    if (!place.given()) {
+      mode = justification(word);
+      if (!mode) co_return;
+      const auto at = co_await c.point("\nPoint du texte: ");
+      start = at.value;
+    } else {
+      start = place.value;
+    }
+    break;
+  }
+  const bool between = mode->horizontal == AcDb::kTextAlign || mode->horizontal == AcDb::kTextFit;
+  if (between) {
+    const auto second = co_await c.point("\nDeuxième extrémité de la ligne de base: ", start);
+    end = second.value;
+  }
+  const AcDbObjectId style = c.document.database().textstyle();
+  double height = styleHeight(style);
+  if (height == 0 && mode->horizontal != AcDb::kTextAlign) {
+    const double proposed = c.document.variables().real("TEXTSIZE", 2.5);
+    const std::string prompt = "\nHauteur <" + realText(proposed) + ">: ";
+    const auto given = co_await c.distance(prompt, start);
+    height = given.valueOr(proposed);
+    if (!(height > 0)) c.fail("La hauteur du texte doit être positive.");
+    c.document.variables().set("TEXTSIZE", height);
+  }
+  double rotation = 0;
+  if (!between) {
+    const auto given = co_await c.angle("\nAngle de rotation du texte <0>: ", start);
+    rotation = given.valueOr(0);
+  }
+  const auto words = co_await c.line("\nTexte: ");
+  if (words.value.empty()) co_return;
+  auto made = std::make_unique<AcDbText>(start, toWide(words.value).c_str(), style, height > 0 ? height : 1, rotation);
+  made->setHorizontalMode(mode->horizontal);
+  made->setVerticalMode(mode->vertical);
+  if (!made->isDefaultAlignment()) made->setAlignmentPoint(between ? end : start);
+  c.add(std::move(made));
+}
+
+CommandTask mtext(Command& c) {
+  const auto first = co_await c.point("\nPremier coin: ");
+  if (!first.given()) co_return;
+  double height = c.document.variables().real("TEXTSIZE", 2.5), rotation = 0, width = 0;
+  int attachment = 1;
+  for (;;) {
+    const auto corner =
+        co_await c.corner("\nCoin opposé ou [Hauteur/Justifier/Rotation/STyle/Largeur]: ", first.value,
+                          "Hauteur Justifier Rotation STyle Largeur _Height Justify Rotation Style Width");
+    if (corner.is("Height")) {
+      const auto given = co_await c.distance("\nHauteur: ", first.value);
+      height = given.valueOr(height);
+    } else if (corner.is("Rotation")) {
+      const auto given = co_await c.angle("\nAngle de rotation: ", first.value);
+      rotation = given.valueOr(rotation);
+    } else if (corner.is("Style")) {
+      const auto name = co_await c.word("\nNom du style: ");
+      setStyle(c, name.value);
+    } else if (corner.is("Justify")) {
+      const auto chosen = co_await c.keyword("\nJustification [HG/HC/HD/MG/MC/MD/BG/BC/BD]: ",
+                                             "HG HC HD MG MC MD BG BC BD _TL TC TR ML MC MR BL BC BR");
+      constexpr std::string_view kOrder[] = {"TL", "TC", "TR", "ML", "MC", "MR", "BL", "BC", "BR"};
+      for (int i = 0; i < 9; ++i)
+        if (chosen.is(kOrder[i])) attachment = i + 1;
+    } else if (corner.is("Width")) {
+      const auto given = co_await c.distance("\nLargeur: ", first.value);
+      width = given.valueOr(0);
+      break;
+    } else {
+      if (corner.given()) width = std::abs(corner.value.x - first.value.x);
+      break;
+    }
+  }
+  std::string contents;
+  for (;;) {
+    const auto line = co_await c.line("\nTexte: ");
+    if (line.value.empty()) break;
+    contents += (contents.empty() ? "" : "\\P") + line.value;
+  }
+  if (contents.empty()) co_return;
+  auto made = std::make_unique<AcDbMText>();
+  made->setLocation(first.value);
+  made->setContents(toWide(contents).c_str());
+  made->setTextHeight(height);
+  made->setWidth(width);
+  made->setRotation(rotation);
+  made->setAttachment(attachment);
+  made->setTextStyle(c.document.database().textstyle());
+  c.add(std::move(made));
+}
+
+constexpr CommandRow kTable[] = {
+    {"TEXT", "DTEXT -TEXT TEXTE", text, "Écrit une ligne de texte."},
+    {"MTEXT", "-MTEXT TEXTMULT", mtext, "Écrit un texte de plusieurs lignes."},
+};
+
+}  // namespace
+
+std::span<const CommandRow> textCommands() { return kTable; }
+
+}  // namespace atelier

@@ -1,0 +1,127 @@
+// NEW OPEN RECOVER QSAVE SAVEAS AUDIT: the drawing as a whole and its file.
+// A drawing is opened in the place of the one that is there; AutoLISP's variables stay.
+#include <filesystem>
+
+#include "atelier/commands/command_prompts.h"
+#include "atelier/commands/command_table.h"
+#include "atelier/commands/files/audit_report.h"
+#include "atelier/document/document.h"
+#include "atelier/dxf/versions/export.h"
+#include "atelier/dxf/versions/versions.h"
+
+namespace atelier {
+namespace {
+
+constexpr const char* kYesNo = "Oui Non _Yes No";
+
+std::string withExtension(const std::string& path) {
+  return std::filesystem::path(path).has_extension() ? path : path + ".dxf";
+}
+
+std::string fileName(const std::string& given) { return withExtension(std::string(trimmed(given))); }
+
+CommandTask newDrawing(Command& c) {
+  if (c.document.imp().modified) {
+    const auto discard = co_await c.keyword("\nAbandonner les modifications? [Oui/Non] <O>: ", kYesNo);
+    if (discard.is("No")) co_return;
+  }
+  c.document.open({});
+}
+
+CommandTask open(Command& c) {
+  if (c.document.imp().modified) {
+    const auto discard = co_await c.keyword("\nAbandonner les modifications? [Oui/Non] <O>: ", kYesNo);
+    if (discard.is("No")) co_return;
+  }
+  const auto given = co_await c.line("\nNom du dessin à ouvrir: ");
+  if (given.value.empty()) co_return;
+  std::string failure;
+  try {
+    c.document.open(fileName(given.value));
+  } catch (const FileError&) {
+    throw;
+  } catch (const Error& error) {
+    failure = error.what();
+  }
+  if (!failure.empty()) c.fail(failure + "; la commande RECUPERER ouvre ce qui peut l'être");
+}
+
+CommandTask recover(Command& c) {
+  const auto given = co_await c.line("\nNom du dessin à récupérer: ");
+  if (given.value.empty()) co_return;
+  std::vector<std::string> messages;
+  c.document.open(fileName(given.value), &messages);
+  for (const std::string& message : messages) c.print("\n" + message);
+  c.print("\n");
+  auditDrawing(c.document, true, [&](std::string_view line) { c.print(line); });
+}
+
+CommandTask audit(Command& c) {
+  const auto fix = co_await c.keyword("\nCorriger les erreurs détectées? [Oui/Non] <N>: ", kYesNo);
+  c.print("\n");
+  auditDrawing(c.document, fix.is("Yes"), [&](std::string_view line) { c.print(line); });
+}
+
+CommandTask qsave(Command& c) {
+  std::string path = c.document.path();
+  if (path.empty()) {
+    const auto given = co_await c.line("\nEnregistrer le dessin sous: ");
+    path = std::string(trimmed(given.value));
+    if (path.empty()) co_return;
+  }
+  c.document.save(withExtension(path));
+}
+
+// "R12", "2000", "R2000", "LT2000" ... as a release; empty for what is none.
+std::string releaseOf(std::string_view word) {
+  std::string upper = upperCase(trimmed(word));
+  if (upper.starts_with("LT")) upper.erase(0, 2);
+  if (!upper.starts_with("R")) upper.insert(0, "R");
+  return dxf::acadVersion(upper).empty() ? std::string() : upper;
+}
+
+constexpr const char* kFormats = "\nVersion du fichier [R12/2000/2004/2007/2010/2013/2018] <celle du dessin>: ";
+
+// The answers may come as "2010" and the name, as "DXF", options and the name, or as the name alone.
+CommandTask saveas(Command& c) {
+  auto given = co_await c.line("\nNom du fichier ou version [R12/2000/2004/2007/2010/2013/2018/DXF]: ");
+  std::string release = releaseOf(given.value);
+  bool binary = false;
+  for (bool options = !release.empty() || equalNoCase(trimmed(given.value), "DXF"); options;) {
+    given = co_await c.line("\nNom du fichier ou [Version/Binaire]: ");
+    std::string word = upperCase(trimmed(given.value));
+    if (word.starts_with("_")) word.erase(0, 1);
+    if (word == "V" || word == "VERSION") {
+      const auto version = co_await c.word(kFormats);
+      release = releaseOf(version.value);
+      if (release.empty() && !version.value.empty()) c.fail("Version inconnue: " + version.value);
+    } else if (word == "B" || word == "BINAIRE" || word == "BINARY") {
+      binary = true;
+    } else {
+      options = parseInteger(word).has_value();  // decimal places: all that a number needs are written
+    }
+  }
+  if (given.value.empty()) co_return;
+  const std::string path = fileName(given.value);
+  std::error_code error;
+  if (std::filesystem::exists(path, error) && c.document.variables().integer("EXPERT", 0) < 2) {
+    const auto replace = co_await c.keyword("\nCe fichier existe. Le remplacer? [Oui/Non] <N>: ", kYesNo);
+    if (!replace.is("Yes")) co_return;
+  }
+  for (const std::string& lost : c.document.saveAs(path, release, binary)) c.print("\n" + lost);
+}
+
+constexpr CommandRow kTable[] = {
+    {"NEW", "NOUVEAU QNEW", newDrawing, "Commence un dessin."},
+    {"OPEN", "OUVRIR DXFIN", open, "Ouvre un dessin à la place de celui-ci."},
+    {"RECOVER", "RECUPERER", recover, "Ouvre ce qui peut l'être d'un dessin endommagé, et le contrôle."},
+    {"QSAVE", "SAVE ENREGISTRER SAUVERAP", qsave, "Enregistre le dessin."},
+    {"SAVEAS", "ENREGSOUS SAUVENOM", saveas, "Enregistre le dessin sous un nom, au besoin dans une autre version."},
+    {"AUDIT", "CONTROLE", audit, "Contrôle le dessin, et le répare."},
+};
+
+}  // namespace
+
+std::span<const CommandRow> drawingFileCommands() { return kTable; }
+
+}  // namespace atelier

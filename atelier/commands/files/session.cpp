@@ -1,0 +1,85 @@
+// QUIT SCRIPT SETVAR DELAY: the session.
+// What a script holds is run when the command has ended, as if its lines had been typed then.
+#include <chrono>
+#include <fstream>
+#include <sstream>
+#include <thread>
+
+#include "atelier/base/interruption.h"
+#include "atelier/commands/command_prompts.h"
+#include "atelier/commands/command_table.h"
+#include "atelier/commands/commands.h"
+#include "atelier/document/document.h"
+#include "atelier/variables/variable_table.h"
+
+namespace atelier {
+namespace {
+
+CommandTask quit(Command& c) {
+  if (c.document.imp().modified) {
+    const auto discard = co_await c.keyword("\nAbandonner les modifications? [Oui/Non] <O>: ", "Oui Non _Yes No");
+    if (discard.is("No")) co_return;
+  }
+  requestQuit();
+}
+
+CommandTask script(Command& c) {
+  const auto given = co_await c.line("\nFichier script: ");
+  const std::string name(trimmed(given.value));
+  auto found = c.document.interpreter().search().find(name);
+  if (!found) found = c.document.interpreter().search().find(name + ".scr");
+  std::ifstream file(found.value_or(std::string()), std::ios::binary);
+  if (!found || !file) c.fail("Script introuvable: " + name);
+  std::ostringstream text;
+  text << file.rdbuf();
+  const std::string bytes = text.str();
+  c.document.scripts.push_back(isValidUtf8(bytes) ? bytes : CodePage::named("ANSI_1252").decode(bytes));
+}
+
+CommandTask setvar(Command& c) {
+  std::string name = commandName(c.typed);
+  if (!variableRow(name)) {
+    const auto given = co_await c.word("\nNom de la variable: ");
+    name = upperCase(trimmed(given.value));
+  }
+  SystemVariables& variables = c.document.variables();
+  const auto before = variables.value(name);
+  if (!before) c.fail("Variable inconnue: " + name);
+  const std::string prompt = "\nNouvelle valeur de " + name + ": ";
+  const auto text = co_await c.line(prompt);
+  if (text.value.empty()) co_return;
+  SystemVariables::Value value = text.value;
+  if (before->index() == 0) {
+    const auto number = parseInteger(text.value);
+    if (number) value = static_cast<int>(*number);
+  } else if (before->index() == 1) {
+    const auto number = parseReal(text.value);
+    if (number && std::isfinite(*number)) value = *number;
+  } else if (before->index() == 3) {
+    const auto point = parsePoint(text.value, {});
+    if (point) value = SystemVariables::Point{*point, std::get<SystemVariables::Point>(*before).flat};
+  }
+  if (!variables.set(name, value)) c.fail("Valeur refusée pour " + name + ": " + text.value);
+}
+
+CommandTask delay(Command& c) {
+  constexpr int kLongest = 32767, kSlice = 50;
+  const auto given = co_await c.integer("\nDurée en millisecondes: ");
+  for (int left = std::clamp(given.value, 0, kLongest); left > 0; left -= kSlice) {
+    checkInterruption();
+    std::this_thread::sleep_for(std::chrono::milliseconds(std::min(left, kSlice)));
+  }
+}
+
+constexpr CommandRow kTable[] = {
+    {"QUIT", "EXIT QUITTER", quit, "Quitte le programme."},
+    {"SCRIPT", "SCR", script, "Exécute les lignes d'un fichier."},
+    {"SETVAR", "SET MODIFVAR", setvar, "Règle une variable système; son nom est aussi une commande."},
+    {"DELAY", "DELAI", delay, "Attend."},
+};
+
+}  // namespace
+
+std::span<const CommandRow> fileCommands() { return kTable; }
+
+}  // namespace atelier

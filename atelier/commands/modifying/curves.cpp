@@ -1,0 +1,90 @@
+// SPLINE BREAK: drawing curves through points, and cutting them at points.
+// A cut leaves no piece without length.
+#include <cmath>
+
+#include "atelier/commands/command_prompts.h"
+#include "atelier/commands/command_table.h"
+#include "atelier/document/document.h"
+#include "atelier/shaping/curve_pieces.h"
+#include "hote/dbpl.h"
+
+namespace atelier {
+namespace {
+
+CommandTask spline(Command& c) {
+  AcGePoint3dArray points;
+  const auto first = co_await c.point("\nPremier point: ");
+  if (!first.given()) co_return;
+  points.append(first.value);
+  bool closed = false;
+  for (;;) {
+    const std::string prompt =
+        points.length() > 2 ? "\nPoint suivant ou [Clore/annUler] <fin>: " : "\nPoint suivant ou [annUler] <fin>: ";
+    const auto next = co_await c.point(prompt, points[points.length() - 1], "Clore annUler _Close Undo");
+    if (next.is("Undo")) {
+      if (points.length() > 1) points.removeAt(points.length() - 1);
+      continue;
+    }
+    closed = next.is("Close") && points.length() > 2;
+    if (closed) points.append(first.value);
+    if (!next.given()) break;
+    points.append(next.value);
+  }
+  if (points.length() < 2) c.fail("Une courbe demande au moins deux points.");
+  AcGeVector3d tangents[2];
+  if (!closed) {
+    for (const int side : {0, 1}) {
+      const std::string prompt = side == 0 ? "\nTangente de départ <libre>: " : "\nTangente de fin <libre>: ";
+      const AcGePoint3d at = side == 0 ? points[0] : points[points.length() - 1];
+      const auto to = co_await c.point(prompt, at);
+      if (to.given()) tangents[side] = to.value - at;
+    }
+  }
+  auto made = tangents[0].length() > 0 && tangents[1].length() > 0
+                  ? std::make_unique<AcDbSpline>(points, tangents[0], tangents[1])
+                  : std::make_unique<AcDbSpline>(points);
+  if (made->isNull()) c.fail("Ces points ne donnent pas de courbe.");
+  c.add(std::move(made));
+}
+
+// An object that is named rather than picked has no first point yet.
+CommandTask breakCurve(Command& c) {
+  const auto picked = co_await c.entity("\nObjet à couper: ");
+  if (!picked.given()) co_return;
+  AcGePoint3d first = picked.value.point;
+  if (picked.value.byPoint) c.document.prompter().lastPoint = first;  // "@" then cuts where it was picked
+  const std::string prompt =
+      picked.value.byPoint ? "\nDeuxième point de coupure ou [Premier point]: " : "\nPremier point de coupure: ";
+  auto second = co_await c.point(prompt, {}, "Premier _First");
+  if (second.is("First") || !picked.value.byPoint) {
+    if (second.given()) {
+      first = second.value;
+    } else {
+      const auto given = co_await c.point("\nPremier point de coupure: ");
+      first = given.value;
+    }
+    second = co_await c.point("\nDeuxième point de coupure <le premier>: ", first);
+  }
+  const AcDbCurve& curve = pickedCurve(c.document, picked.value.id);
+  refuseLocked(c.document, picked.value.id);
+  const auto nearFirst = paramNear(curve, first), nearSecond = paramNear(curve, second.valueOr(first));
+  if (!nearFirst || !nearSecond) c.fail("Le point n'est pas sur l'objet.");
+  const double from = settledParam(curve, *nearFirst), to = settledParam(curve, *nearSecond);
+  const bool one = isOnePlace(curve, from, to);
+  if (curve.isClosed() && one) c.fail("Un objet fermé se coupe en deux points.");
+  CurvePieces pieces = without(curve, from, to);
+  if (pieces.empty() && one) c.fail("Le point est à l'extrémité de l'objet: il n'y a rien à couper.");
+  if (pieces.empty()) c.fail("Il ne resterait rien de l'objet.");
+  replaceByPieces(c.document, picked.value.id, std::move(pieces));
+}
+
+constexpr CommandRow kTable[] = {
+    {"SPLINE", "SPL", spline, "Dessine une courbe par des points."},
+    {"BREAK", "BR COUPURE", breakCurve, "Coupe un objet."},
+};
+
+}  // namespace
+
+std::span<const CommandRow> curveCommands() { return kTable; }
+
+}  // namespace atelier

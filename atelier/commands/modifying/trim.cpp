@@ -1,0 +1,199 @@
+// TRIM EXTEND: cutting and lengthening curves to where they meet others.
+// Curves meet in plan. What is picked at a point is cut or extended on the side of that point.
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "atelier/base/interruption.h"
+#include "atelier/commands/command_prompts.h"
+#include "atelier/commands/command_table.h"
+#include "atelier/database/curves/polyline_vertices.h"
+#include "atelier/document/document.h"
+#include "atelier/shaping/curve_pieces.h"
+#include "hote/dbpl.h"
+#include "hote/gecurve.h"
+
+namespace atelier {
+namespace {
+
+constexpr const char* kNoLimit = "\nL'objet ne rencontre aucune limite.";
+constexpr const char* kLocked = "\nL'objet est sur un calque verrouillé.";
+
+using Limits = std::vector<AcDbStub*>;
+
+// What may be a limit: the selection, or without one the whole space.
+Limits limits(const Command& c, const SelectionSet* set) {
+  const AcDbStub* space = c.document.database().currentSpaceId();
+  return set ? Limits(set->list().begin(), set->list().end()) : space && space->children ? *space->children : Limits();
+}
+
+// What is left of the curve without the part between the limits at either side of the point; nothing without a limit.
+CurvePieces trimmed(const Command& c, const AcDbCurve& curve, const AcGePoint3d& point, const SelectionSet* set) {
+  AcDbExtents box;
+  Limits others = limits(c, set);
+  if (!set && curve.getGeomExtents(box) == Acad::eOk)
+    others = c.document.spatialIndex().query(c.document.database().currentSpaceId(), box);
+  const std::vector<double> cuts = paramsOfMeetings(curve, others);
+  const auto at = paramNear(curve, point);
+  double low = 0, high = 0;
+  if (!at || cuts.empty() || curve.getStartParam(low) != Acad::eOk || curve.getEndParam(high) != Acad::eOk ||
+      (curve.isClosed() && cuts.size() < 2))
+    return {};
+  const auto above = std::upper_bound(cuts.begin(), cuts.end(), *at);
+  if (curve.isClosed()) {
+    low = above == cuts.begin() ? cuts.back() : *(above - 1);
+    high = above == cuts.end() ? cuts.front() : *above;
+  } else {
+    if (above != cuts.begin()) low = *(above - 1);
+    if (above != cuts.end()) high = *above;
+  }
+  return without(curve, low, high);
+}
+
+void trimAt(const Command& c, AcDbObjectId id, const AcGePoint3d& point, const SelectionSet* set) {
+  pickedCurve(c.document, id);
+  CurvePieces pieces;
+  if (const AcDbObjectPointer<AcDbCurve> curve(id); curve.openStatus() == Acad::eOk)
+    pieces = trimmed(c, *curve.object(), point, set);
+  if (pieces.empty()) c.print(kNoLimit);
+  else if (isLocked(c.document, id)) c.print(kLocked);
+  else replaceByPieces(c.document, id, std::move(pieces));
+}
+
+CommandTask trim(Command& c) {
+  const auto chosen = co_await c.objects();
+  for (;;) {
+    const auto picked = co_await c.entity("\nPartie à ajuster <fin>: ");
+    if (!picked.given()) co_return;
+    trimAt(c, picked.value.id, picked.value.point, chosen.given() ? chosen.value.get() : nullptr);
+  }
+}
+
+// --- extending
+
+// The least of what `beyond` gives for the places where the part, lengthened, meets a limit; they are seen along the
+// normal of the plane. Nothing when none is above 0.
+template <class BEYOND>
+std::optional<double> reach(const AcDbCurve& part, const AcGeVector3d& normal, const Limits& others,
+                            const AcDbCurve* own, BEYOND beyond) {
+  std::optional<double> least;
+  for (AcDbStub* stub : others) {
+    checkInterruption();
+    const AcDbObjectPointer<AcDbCurve> limit{AcDbObjectId(stub)};
+    AcGePoint3dArray points;
+    if (limit.openStatus() != Acad::eOk || limit.object() == own ||
+        part.intersectWith(limit.object(), AcDb::kExtendThis, AcGePlane(AcGePoint3d(), normal), points) != Acad::eOk)
+      continue;
+    for (int i = 0; i < points.length(); ++i)
+      if (const double way = beyond(points[i]); way > 1e-9 && (!least || way < *least)) least = way;
+  }
+  return least;
+}
+
+// Where a line ends then; the slope goes on.
+std::optional<AcGePoint3d> lengthened(const AcDbLine& line, bool atEnd, const Limits& others, const AcDbCurve* own) {
+  const AcGePoint3d end = atEnd ? line.endPoint() : line.startPoint();
+  const AcGeVector3d along = end - (atEnd ? line.startPoint() : line.endPoint());
+  const AcGeVector2d way(along.x, along.y);
+  const double length = way.length();
+  if (!(length > 0)) return std::nullopt;
+  const auto beyond = reach(line, AcGeVector3d::kZAxis, others, own, [&](const AcGePoint3d& p) {
+    return AcGeVector2d(p.x - end.x, p.y - end.y).dotProduct(way) / length;
+  });
+  return beyond ? std::optional(end + along * (*beyond / length)) : std::nullopt;
+}
+
+// The angle in its own plane at which an arc ends then; it does not run into itself.
+std::optional<double> lengthened(const AcDbArc& arc, bool atEnd, const Limits& others, const AcDbCurve* own) {
+  const AcGeMatrix3d plane = AcGeMatrix3d().setToWorldToPlane(arc.normal());
+  const AcGePoint3d centre = plane * arc.center();
+  constexpr double kTurn = 2 * std::numbers::pi;
+  const auto beyond = reach(arc, arc.normal(), others, own, [&](const AcGePoint3d& world) {
+    const AcGePoint3d p = plane * world;
+    const double angle = std::atan2(p.y - centre.y, p.x - centre.x);
+    double way = atEnd ? angle - arc.endAngle() : arc.startAngle() - angle;
+    way -= std::floor(way / kTurn) * kTurn;
+    return way < kTurn - arc.totalAngle() - 1e-9 ? way : 0;
+  });
+  if (!beyond) return std::nullopt;
+  return atEnd ? arc.endAngle() + *beyond : arc.startAngle() - *beyond;
+}
+
+bool extendPolyline(AcDbPolyline& polyline, bool atEnd, const Limits& others) {
+  const unsigned count = polyline.numVerts();
+  if (polyline.isClosed() || count < 2) return false;
+  const unsigned segment = atEnd ? count - 2 : 0, end = atEnd ? count - 1 : 0;
+  AcGePoint2d a, b;
+  double bulge = 0;
+  polyline.getPointAt(segment, a);
+  polyline.getPointAt(segment + 1, b);
+  polyline.getBulgeAt(segment, bulge);
+  const AcGeMatrix3d plane = AcGeMatrix3d().setToPlaneToWorld(polyline.normal());
+  const auto world = [&](const AcGePoint2d& p) { return plane * AcGePoint3d(p.x, p.y, polyline.elevation()); };
+  const BulgeArc round = bulgeArc(a, b, bulge);
+  if (!(round.radius > 0)) {
+    const auto to = lengthened(AcDbLine(world(a), world(b)), atEnd, others, &polyline);
+    if (!to) return false;
+    const AcGePoint3d own = plane.inverse() * *to;
+    return polyline.setPointAt(end, AcGePoint2d(own.x, own.y)) == Acad::eOk;
+  }
+  const double last = round.startAngle + round.sweep;
+  const AcDbArc arc(world(round.centre), polyline.normal(), round.radius, std::min(round.startAngle, last),
+                    std::max(round.startAngle, last));
+  const bool atArcEnd = atEnd == (bulge > 0);
+  const auto to = lengthened(arc, atArcEnd, others, &polyline);
+  if (!to) return false;
+  const double sweep = atArcEnd ? *to - arc.startAngle() : arc.endAngle() - *to;
+  const double turned = sweep - std::floor(sweep / (2 * std::numbers::pi)) * 2 * std::numbers::pi;
+  polyline.setBulgeAt(segment, std::copysign(std::tan(turned / 4), bulge));
+  return polyline.setPointAt(end, round.centre + AcGeVector2d(std::cos(*to), std::sin(*to)) * round.radius) ==
+         Acad::eOk;
+}
+
+bool nearerToEnd(const AcDbCurve& curve, const AcGePoint3d& point) {
+  const auto at = paramNear(curve, point);
+  double low = 0, high = 0;
+  return at && curve.getStartParam(low) == Acad::eOk && curve.getEndParam(high) == Acad::eOk && *at > (low + high) / 2;
+}
+
+// False when it meets nothing.
+bool extendCurve(AcDbCurve& curve, const AcGePoint3d& point, const Limits& others) {
+  const bool atEnd = nearerToEnd(curve, point);
+  if (AcDbLine* line = AcDbLine::cast(&curve)) {
+    const auto to = lengthened(*line, atEnd, others, line);
+    return to && (atEnd ? line->setEndPoint(*to) : line->setStartPoint(*to)) == Acad::eOk;
+  }
+  if (AcDbArc* arc = AcDbArc::cast(&curve)) {
+    const auto to = lengthened(*arc, atEnd, others, arc);
+    return to && (atEnd ? arc->setEndAngle(*to) : arc->setStartAngle(*to)) == Acad::eOk;
+  }
+  AcDbPolyline* polyline = AcDbPolyline::cast(&curve);
+  return polyline && extendPolyline(*polyline, atEnd, others);
+}
+
+CommandTask extend(Command& c) {
+  const auto chosen = co_await c.objects();
+  for (;;) {
+    const auto picked = co_await c.entity("\nObjet à prolonger <fin>: ");
+    if (!picked.given()) co_return;
+    pickedCurve(c.document, picked.value.id);
+    if (isLocked(c.document, picked.value.id)) {
+      c.print(kLocked);
+      continue;
+    }
+    const Limits others = limits(c, chosen.given() ? chosen.value.get() : nullptr);
+    const AcDbObjectPointer<AcDbCurve> curve(picked.value.id, AcDb::kForWrite);
+    if (curve.openStatus() != Acad::eOk || !extendCurve(*curve, picked.value.point, others)) c.print(kNoLimit);
+  }
+}
+
+constexpr CommandRow kTable[] = {
+    {"TRIM", "TR AJUSTER", trim, "Ajuste des objets à des limites."},
+    {"EXTEND", "EX PROLONGE", extend, "Prolonge des objets jusqu'à des limites."},
+};
+
+}  // namespace
+
+std::span<const CommandRow> trimCommands() { return kTable; }
+
+}  // namespace atelier

@@ -1,0 +1,97 @@
+// DIST ID LIST: measuring between points, and what an object is.
+// Lengths and angles as the drawing's units have them.
+#include <cmath>
+
+#include "atelier/base/text.h"
+#include "atelier/commands/command_prompts.h"
+#include "atelier/commands/command_table.h"
+#include "atelier/document/document.h"
+#include "atelier/lisp/text/units.h"
+#include "hote/dbsymtb.h"
+
+namespace atelier {
+namespace {
+
+std::string lengthText(const Command& c, double length) {
+  const auto& variables = c.document.variables();
+  return lisp::formatDistance(length, static_cast<lisp::LinearUnits>(variables.integer("LUNITS", 2)),
+                              variables.integer("LUPREC", 4), {variables.integer("DIMZIN", 0), 0});
+}
+
+std::string angleText(const Command& c, double radians) {
+  const auto& variables = c.document.variables();
+  return lisp::formatAngle(radians, static_cast<lisp::AngularUnits>(variables.integer("AUNITS", 0)),
+                           variables.integer("AUPREC", 0), {variables.integer("DIMZIN", 0), 0});
+}
+
+std::string pointText(const Command& c, const AcGePoint3d& p) {
+  return "X = " + lengthText(c, p.x) + "   Y = " + lengthText(c, p.y) + "   Z = " + lengthText(c, p.z);
+}
+
+CommandTask distance(Command& c) {
+  const auto first = co_await c.point("\nPremier point: ");
+  if (!first.given()) co_return;
+  const auto second = co_await c.point("\nDeuxième point: ", first.value);
+  if (!second.given()) co_return;
+  const AcGeVector3d d = second.value - first.value;
+  const double flat = std::hypot(d.x, d.y);
+  c.print("\nDistance = " + lengthText(c, d.length()) + ", en plan = " + lengthText(c, flat) +
+          ", direction en plan = " + angleText(c, std::atan2(d.y, d.x)));
+  c.print("\nÉcarts: " + pointText(c, AcGePoint3d(d.x, d.y, d.z)));
+  if (flat > 0) c.print("   Pente = " + lisp::fixedDecimals(d.z / flat * 100, 2) + " %");
+  c.print("\n");
+}
+
+CommandTask identify(Command& c) {
+  const auto point = co_await c.point("\nPoint: ");
+  if (point.given()) c.print("\n" + pointText(c, point.value) + "\n");
+}
+
+void describeCurve(const Command& c, const AcDbCurve& curve) {
+  double low = 0, high = 0, length = 0, area = 0;
+  AcGePoint3d start, end;
+  if (curve.getStartParam(low) == Acad::eOk && curve.getEndParam(high) == Acad::eOk && std::isfinite(high) &&
+      curve.getDistAtParam(high, length) == Acad::eOk)
+    c.print("\n  longueur: " + lengthText(c, length));
+  if (curve.isClosed() && curve.getArea(area) == Acad::eOk) c.print("\n  aire: " + lengthText(c, area));
+  if (curve.isClosed() || curve.getStartPoint(start) != Acad::eOk || curve.getEndPoint(end) != Acad::eOk) return;
+  c.print("\n  de " + pointText(c, start) + "\n  à  " + pointText(c, end));
+}
+
+void describe(const Command& c, const AcDbStub& stub) {
+  const AcDbEntityPointer entity(idOf(&stub));
+  if (entity.openStatus() != Acad::eOk) return;
+  AcDbStub* layer = entity->layerId();
+  c.print("\n" + std::string(c.document.imp().typeName(stub)) + "  calque: " +
+          (layer ? c.document.imp().recordName(*layer) : "") + "  identificateur: " + handleText(stub.handle));
+  if (const auto* curve = AcDbCurve::cast(entity.object())) describeCurve(c, *curve);
+  if (const auto* text = AcDbText::cast(entity.object())) c.print("\n  texte: " + toUtf8(text->textString()));
+  if (const auto* text = AcDbMText::cast(entity.object())) c.print("\n  texte: " + toUtf8(text->contents()));
+  if (const auto* reference = AcDbBlockReference::cast(entity.object())) {
+    AcDbStub* block = reference->blockTableRecord();
+    if (block) c.print("\n  bloc: " + c.document.imp().recordName(*block));
+    c.print("\n  en " + pointText(c, reference->position()));
+  }
+  AcDbExtents box;
+  if (!AcDbCurve::cast(entity.object()) && entity->getGeomExtents(box) == Acad::eOk)
+    c.print("\n  de " + pointText(c, box.minPoint()) + "\n  à  " + pointText(c, box.maxPoint()));
+}
+
+CommandTask list(Command& c) {
+  const auto chosen = co_await c.objects();
+  if (!chosen.given()) co_return;
+  for (const AcDbStub* stub : chosen.value->list()) describe(c, *stub);
+  c.print("\n");
+}
+
+constexpr CommandRow kTable[] = {
+    {"DIST", "DI DISTANCE", distance, "Mesure la distance, la direction et la pente entre deux points."},
+    {"ID", "COORDONNEES", identify, "Donne les coordonnées d'un point."},
+    {"LIST", "LI LISTE", list, "Décrit des objets: type, calque, longueur, aire, points."},
+};
+
+}  // namespace
+
+std::span<const CommandRow> inquiryCommands() { return kTable; }
+
+}  // namespace atelier

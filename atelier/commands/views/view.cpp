@@ -1,0 +1,139 @@
+// ZOOM PAN REGEN REDRAW -VIEW UCS: what is seen, and from where.
+// The view is a centre and a height; without a window it still decides how near a pick must be.
+#include "atelier/base/interruption.h"
+#include "atelier/commands/command_prompts.h"
+#include "atelier/commands/command_table.h"
+#include "atelier/document/document.h"
+
+namespace atelier {
+namespace {
+
+constexpr double kScreenRatio = 1;  // width over height of SCREENSIZE
+constexpr double kMargin = 1.02;    // around the extents
+
+void show(const Command& c, const AcGePoint3d& low, const AcGePoint3d& high) {
+  const double height = std::max(high.y - low.y, (high.x - low.x) / kScreenRatio);
+  if (!(height > 0) || !std::isfinite(height)) return;
+  c.document.view().centre = low + (high - low) * 0.5;
+  c.document.view().height = height;
+}
+
+AcDbExtents extentsOf(const Command& c, const SelectionSet& set) {
+  AcDbExtents box;
+  for (AcDbStub* stub : set.list()) {
+    checkInterruption();
+    const AcDbEntity* entity =
+        stub->is(AcDbStub::kErased) ? nullptr : AcDbEntity::cast(&c.document.imp().object(*stub));
+    AcDbExtents part;
+    if (entity && entity->getGeomExtents(part) == Acad::eOk) box.addExt(part);
+  }
+  return box;
+}
+
+void showExtents(const Command& c, const AcDbExtents& box) {
+  if (box.isEmpty()) return;
+  show(c, box.minPoint(), box.maxPoint());
+  c.document.view().height *= kMargin;
+}
+
+// "2x" and "2" enlarge, "0.5x" reduces.
+std::optional<double> factorOf(std::string text) {
+  for (const char* ending : {"XP", "X"})
+    if (upperCase(text).ends_with(ending)) {
+      text.resize(text.size() - std::string_view(ending).size());
+      break;
+    }
+  const auto factor = parseReal(text);
+  return factor && *factor > 0 ? factor : std::nullopt;
+}
+
+CommandTask zoom(Command& c) {
+  const View before = c.document.view();
+  const auto first = co_await c.pointOrWord(
+      "\nCoin de la fenêtre, facteur ou [Tout/Centre/ETendu/Précédent/ECHelle/Fenêtre/OBjet]: ",
+      "Tout Centre Dynamique ETendu Précédent ECHelle Fenêtre OBjet _All Center Dynamic Extents Previous "
+      "Scale Window Object");
+  if (first.is("All") || first.is("Extents")) {
+    showExtents(c, c.document.spatialIndex().extents(c.document.database().currentSpaceId()));
+  } else if (first.is("Previous")) {
+    c.document.view() = c.document.previousView;
+  } else if (first.is("Center")) {
+    const auto centre = co_await c.point("\nCentre: ");
+    const std::string prompt = "\nHauteur <" + realText(before.height) + ">: ";
+    const auto height = co_await c.distance(prompt);
+    c.document.view() = {centre.valueOr(before.centre), height.valueOr(before.height)};
+  } else if (first.is("Object")) {
+    const auto chosen = co_await c.objects();
+    if (chosen.given()) showExtents(c, extentsOf(c, *chosen.value));
+  } else if (first.is("Window") || first.given()) {
+    AcGePoint3d corner = first.value;
+    if (!first.given()) {
+      const auto given = co_await c.point("\nPremier coin: ");
+      corner = given.value;
+    }
+    const auto opposite = co_await c.corner("\nCoin opposé: ", corner);
+    const AcGePoint3d &a = corner, &b = opposite.value;
+    show(c, {std::min(a.x, b.x), std::min(a.y, b.y), 0}, {std::max(a.x, b.x), std::max(a.y, b.y), 0});
+  } else if (!first.keyword.empty() && !first.is("Dynamic")) {
+    std::string text = first.keyword;
+    if (first.is("Scale")) {
+      const auto given = co_await c.word("\nFacteur d'échelle (nX): ");
+      text = given.value;
+    }
+    const auto factor = factorOf(text);
+    if (!factor) c.fail("Facteur de zoom non valide: " + text);
+    c.document.view().height /= *factor;
+  }
+  c.document.previousView = before;
+}
+
+CommandTask pan(Command& c) {
+  const auto base = co_await c.point("\nPoint de base: ");
+  const auto to = co_await c.point("\nDeuxième point: ", base.value);
+  if (base.given() && to.given()) c.document.view().centre += base.value - to.value;
+}
+
+// Drawing anew: vectors of the screen go.
+CommandTask regen(Command& c) {
+  c.document.transients().clearVectors();
+  co_return;
+}
+
+CommandTask view(Command& c) {
+  const auto option = co_await c.keyword("\nOption [?/SUpprimer/REstaurer/ENregistrer]: ",
+                                         "? SUpprimer REstaurer ENregistrer DEssus _? Delete Restore Save Top");
+  if (option.answer != Answer::keyword || option.is("Top")) co_return;  // there is no other direction
+  auto& views = c.document.namedViews;
+  if (option.is("?")) {
+    for (const auto& [name, kept] : views) c.print("\n  " + name);
+    co_return;
+  }
+  const auto given = co_await c.line("\nNom de la vue: ");
+  const std::string name = upperCase(trimmed(given.value));
+  if (option.is("Save")) views[name] = c.document.view();
+  else if (!views.contains(name)) c.fail("Vue inconnue: " + given.value);
+  else if (option.is("Restore")) c.document.view() = views[name];
+  else views.erase(name);
+}
+
+CommandTask ucs(Command& c) {
+  const auto option =
+      co_await c.keyword("\nOption [Général/Précédent] <Général>: ", "Général Précédent _World Previous");
+  if (option.answer == Answer::none || option.is("World") || option.is("Previous")) co_return;
+  c.fail("SCU: seul le repère général est offert.");
+}
+
+constexpr CommandRow kTable[] = {
+    {"ZOOM", "Z", zoom, "Règle la vue: tout, étendu, fenêtre, échelle."},
+    {"PAN", "-PAN P PANORAMIQUE", pan, "Déplace la vue."},
+    {"REGEN", "RE REGENALL REGENERER REGENT", regen, "Régénère le dessin."},
+    {"REDRAW", "R REDRAWALL REDESSIN", regen, "Redessine l'écran."},
+    {"-VIEW", "VIEW VUE -VUE", view, "Garde et rappelle des vues, pour la session."},
+    {"UCS", "SCU", ucs, "Repère: le général seulement."},
+};
+
+}  // namespace
+
+std::span<const CommandRow> viewCommands() { return kTable; }
+
+}  // namespace atelier

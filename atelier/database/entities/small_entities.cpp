@@ -1,0 +1,254 @@
+// Points, solids, faces, hatches, dimensions and multi-line texts: what the module and the plots need of
+// them. What they store beyond these fields stays in their records.
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "atelier/database/curves/plane.h"
+#include "atelier/database/entities/block_extents.h"
+#include "atelier/database/entities/text_measure.h"
+#include "atelier/database/objects/imp_database.h"
+#include "atelier/database/objects/new_record.h"
+#include "hote/dbents.h"
+#include "hote/dbsymtb.h"
+
+using namespace atelier;
+
+namespace {
+
+const Record& recordOf(const AcDbObject* object) { return AcDbImpObject::of(object).record; }
+AcDbImpObject& impOf(AcDbObject* object) { return AcDbImpObject::of(object); }
+
+constexpr Field kPosition = pointField("AcDbPoint", 10);
+constexpr Field kLocation = pointField("AcDbMText", 10), kMHeight = realField("AcDbMText", 40, 2.5),
+                kMWidth = realField("AcDbMText", 41), kAttachment = integerField("AcDbMText", 71, 1),
+                kContents = textField("AcDbMText", 1), kMStyle = textField("AcDbMText", 7, "Standard"),
+                kMRotation = realField("AcDbMText", 50), kXDirection = pointField("AcDbMText", 11),
+                kLongText = textField("AcDbMText", 3);
+
+AcGePoint3d corner(const AcDbObject* object, std::string_view subclass, int index) {
+  const Record& record = recordOf(object);
+  // A missing fourth corner repeats the third.
+  for (; index > 0 && !record.has(pointField(subclass, 10 + index)); --index) {}
+  return record.point(pointField(subclass, 10 + index));
+}
+
+Acad::ErrorStatus transformCorners(AcDbObject* object, std::string_view subclass, const AcGeMatrix3d& m, bool inPlane) {
+  if (!impOf(object).writable()) return Acad::eNotOpenForWrite;
+  const AcGeVector3d before = inPlane ? normalOf(recordOf(object), subclass) : AcGeVector3d(0, 0, 1);
+  const PlaneChange plane(m, before);
+  for (int i = 0; i < 4; ++i) {
+    const Field field = pointField(subclass, 10 + i);
+    if (!recordOf(object).has(field)) continue;
+    const AcGePoint3d p = m * toWorld(recordOf(object).point(field), before);
+    impOf(object).setPoint(field, inPlane ? toPlane(p, plane.normal) : p);
+  }
+  if (inPlane && !isWorldPlane(plane.normal))
+    impOf(object).setPoint(normalField(subclass), AcGePoint3d() + plane.normal);
+  return Acad::eOk;
+}
+
+}  // namespace
+
+AcDbPoint::AcDbPoint() { initRecord(*this, "POINT"); }
+AcDbPoint::AcDbPoint(const AcGePoint3d& position) : AcDbPoint() { setPosition(position); }
+AcGePoint3d AcDbPoint::position() const { return recordOf(this).point(kPosition); }
+Acad::ErrorStatus AcDbPoint::setPosition(const AcGePoint3d& p) { return impOf(this).setPoint(kPosition, p); }
+Acad::ErrorStatus AcDbPoint::getGeomExtents(AcDbExtents& extents) const { return extents.set(position(), position()); }
+Acad::ErrorStatus AcDbPoint::transformBy(const AcGeMatrix3d& m) { return setPosition(m * position()); }
+
+AcDbSolid::AcDbSolid() { initRecord(*this, "SOLID"); }
+Acad::ErrorStatus AcDbSolid::getPointAt(int index, AcGePoint3d& point) const {
+  if (index < 0 || index > 3) return Acad::eInvalidIndex;
+  point = toWorld(corner(this, "AcDbTrace", index), normalOf(recordOf(this), "AcDbTrace"));
+  return Acad::eOk;
+}
+Acad::ErrorStatus AcDbSolid::getGeomExtents(AcDbExtents& extents) const {
+  extents = AcDbExtents();
+  for (int i = 0; i < 4; ++i) {
+    AcGePoint3d p;
+    getPointAt(i, p);
+    extents.addPoint(p);
+  }
+  return Acad::eOk;
+}
+Acad::ErrorStatus AcDbSolid::transformBy(const AcGeMatrix3d& m) { return transformCorners(this, "AcDbTrace", m, true); }
+
+AcDbFace::AcDbFace() { initRecord(*this, "3DFACE"); }
+Acad::ErrorStatus AcDbFace::getVertexAt(int index, AcGePoint3d& point) const {
+  if (index < 0 || index > 3) return Acad::eInvalidIndex;
+  point = corner(this, "AcDbFace", index);
+  return Acad::eOk;
+}
+Acad::ErrorStatus AcDbFace::getGeomExtents(AcDbExtents& extents) const {
+  extents = AcDbExtents();
+  for (int i = 0; i < 4; ++i) extents.addPoint(corner(this, "AcDbFace", i));
+  return Acad::eOk;
+}
+Acad::ErrorStatus AcDbFace::transformBy(const AcGeMatrix3d& m) { return transformCorners(this, "AcDbFace", m, false); }
+
+AcDbDimension::AcDbDimension() { initRecord(*this, "DIMENSION"); }
+AcDbObjectId AcDbDimension::dimBlockId() const {
+  AcDbImpDatabase* db = databaseOf(this);
+  return db ? idOf(db->tableRecord("BLOCK_RECORD", recordOf(this).text(textField("AcDbDimension", 2))))
+            : AcDbObjectId();
+}
+Acad::ErrorStatus AcDbDimension::getGeomExtents(AcDbExtents& extents) const {
+  const AcDbExtents box = blockExtents(dimBlockId());
+  if (box.isEmpty()) return Acad::eInvalidExtents;
+  extents = box;
+  return Acad::eOk;
+}
+
+AcDbHatch::AcDbHatch() { initRecord(*this, "HATCH"); }
+AcString AcDbHatch::patternName() const { return toWide(recordOf(this).text(textField("AcDbHatch", 2))); }
+bool AcDbHatch::isSolidFill() const { return recordOf(this).integer(integerField("AcDbHatch", 70)) != 0; }
+double AcDbHatch::elevation() const { return recordOf(this).point(pointField("AcDbHatch", 10)).z; }
+int AcDbHatch::numLoops() const { return static_cast<int>(recordOf(this).integer(integerField("AcDbHatch", 91))); }
+
+namespace {
+
+// Boundary points lie between the count of loops (91) and the hatch style (75); the codes there are 10/20 and 11/21.
+std::pair<std::size_t, std::size_t> boundaries(const Record& record) {
+  auto [begin, end] = record.section("AcDbHatch");
+  if (begin == Record::npos) return {0, 0};
+  while (begin < end && record.groups[begin].code() != 91) ++begin;
+  std::size_t last = begin;
+  while (last < end && record.groups[last].code() != 75) ++last;
+  return {begin, last};
+}
+
+}  // namespace
+
+Acad::ErrorStatus AcDbHatch::getGeomExtents(AcDbExtents& extents) const {
+  const Record& record = recordOf(this);
+  const AcGeVector3d normal = normalOf(record, "AcDbHatch");
+  AcDbExtents box;
+  const auto [begin, end] = boundaries(record);
+  for (std::size_t i = begin; i + 1 < end; ++i) {
+    const int code = record.groups[i].code();
+    if ((code != 10 && code != 11) || record.groups[i + 1].code() != code + 10) continue;
+    const AcGePoint3d p(record.groups[i].real(), record.groups[i + 1].real(), elevation());
+    box.addPoint(toWorld(p, normal));
+    // A circular edge: its centre is followed by its radius.
+    if (code == 10 && i + 2 < end && record.groups[i + 2].code() == 40) {
+      const double r = record.groups[i + 2].real();
+      box.addPoint(toWorld(p + AcGeVector3d(r, r, 0), normal));
+      box.addPoint(toWorld(p - AcGeVector3d(r, r, 0), normal));
+    }
+  }
+  if (box.isEmpty()) return Acad::eInvalidExtents;
+  extents = box;
+  return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbHatch::transformBy(const AcGeMatrix3d& m) {
+  AcDbImpObject& imp = impOf(this);
+  Record* record = imp.writable();
+  if (!record) return Acad::eNotOpenForWrite;
+  const AcGeVector3d before = normalOf(*record, "AcDbHatch");
+  const PlaneChange plane(m, before);
+  const double height = elevation();
+  double newHeight = height;
+  const auto [begin, end] = boundaries(*record);
+  const auto replace = [&](std::size_t i, double value) {
+    record->groups[i] = Group::real(record->groups[i].code(), value);
+  };
+  for (std::size_t i = begin; i < end; ++i) {
+    const int code = record->groups[i].code();
+    if ((code == 10 || code == 11) && i + 1 < end && record->groups[i + 1].code() == code + 10) {
+      const AcGePoint3d p(record->groups[i].real(), record->groups[i + 1].real(), height);
+      const AcGePoint3d moved = toPlane(m * toWorld(p, before), plane.normal);
+      replace(i, moved.x);
+      replace(++i, moved.y);
+      newHeight = moved.z;
+    } else if (code == 40) {
+      replace(i, record->groups[i].real() * plane.scale);
+    } else if (code == 42 && plane.mirrored) {
+      replace(i, -record->groups[i].real());
+    } else if ((code == 50 || code == 51) && !plane.mirrored) {
+      replace(i, record->groups[i].real() + plane.turn * 180 / std::numbers::pi);
+    }
+  }
+  imp.setPoint(pointField("AcDbHatch", 10), AcGePoint3d(0, 0, newHeight));
+  return imp.setPoint(normalField("AcDbHatch"), AcGePoint3d() + plane.normal);
+}
+
+AcDbMText::AcDbMText() { initRecord(*this, "MTEXT"); }
+AcGePoint3d AcDbMText::location() const { return recordOf(this).point(kLocation); }
+AcString AcDbMText::contents() const {
+  // A long text comes in pieces of group 3, the last one in group 1.
+  const Record& record = recordOf(this);
+  const auto [begin, end] = record.section("AcDbMText");
+  std::string whole;
+  for (std::size_t i = begin == Record::npos ? 0 : begin; i < (begin == Record::npos ? 0 : end); ++i)
+    if (record.groups[i].code() == 3) whole += record.groups[i].text();
+  return toWide(whole + record.text(kContents));
+}
+double AcDbMText::textHeight() const { return recordOf(this).real(kMHeight); }
+double AcDbMText::width() const { return recordOf(this).real(kMWidth); }
+double AcDbMText::rotation() const {
+  if (!recordOf(this).has(kXDirection)) return recordOf(this).real(kMRotation) * std::numbers::pi / 180;
+  // The direction is the world's, the angle that of the text's plane.
+  const AcGePoint3d x = toPlane(recordOf(this).point(kXDirection), normalOf(recordOf(this), "AcDbMText"));
+  return std::atan2(x.y, x.x);
+}
+int AcDbMText::attachment() const { return static_cast<int>(recordOf(this).integer(kAttachment)); }
+AcDbObjectId AcDbMText::textStyle() const {
+  AcDbImpDatabase* db = databaseOf(this);
+  return db ? idOf(db->tableRecord("STYLE", recordOf(this).text(kMStyle))) : AcDbObjectId();
+}
+Acad::ErrorStatus AcDbMText::setLocation(const AcGePoint3d& p) { return impOf(this).setPoint(kLocation, p); }
+Acad::ErrorStatus AcDbMText::setContents(const ACHAR* text) {
+  Record* record = impOf(this).writable();
+  if (!record) return Acad::eNotOpenForWrite;
+  while (record->has(kLongText)) record->remove(kLongText);
+  record->setText(kContents, "");
+  // Pieces of at most 250 characters, never cut inside one.
+  std::wstring rest = toWide(toUtf8(text));
+  for (; rest.size() > 250; rest.erase(0, 250)) {
+    const std::size_t last = record->find(kContents);
+    record->groups.insert(record->groups.begin() + static_cast<std::ptrdiff_t>(last),
+                          Group::text(3, toUtf8(rest.substr(0, 250))));
+  }
+  record->setText(kContents, toUtf8(rest));
+  return Acad::eOk;
+}
+Acad::ErrorStatus AcDbMText::setTextHeight(double height) { return impOf(this).setReal(kMHeight, height); }
+Acad::ErrorStatus AcDbMText::setWidth(double width) { return impOf(this).setReal(kMWidth, width); }
+Acad::ErrorStatus AcDbMText::setRotation(double rotation) {
+  Record* record = impOf(this).writable();
+  if (!record) return Acad::eNotOpenForWrite;
+  record->remove(kXDirection);
+  record->setReal(kMRotation, rotation * 180 / std::numbers::pi);
+  return Acad::eOk;
+}
+Acad::ErrorStatus AcDbMText::setAttachment(int attachment) { return impOf(this).setInteger(kAttachment, attachment); }
+Acad::ErrorStatus AcDbMText::setTextStyle(AcDbObjectId style) {
+  AcDbStub* stub = style;
+  return stub ? impOf(this).setText(kMStyle, stub->database->recordName(*stub)) : Acad::eNullObjectId;
+}
+Acad::ErrorStatus AcDbMText::getGeomExtents(AcDbExtents& extents) const {
+  const fonts::Box ink = paragraphInk(*this);
+  if (ink.empty()) return Acad::eInvalidExtents;
+  const AcGeMatrix3d frame = AcGeMatrix3d::translation(location().asVector()) *
+                             AcGeMatrix3d().setToPlaneToWorld(normalOf(recordOf(this), "AcDbMText")) *
+                             AcGeMatrix3d::rotation(rotation(), AcGeVector3d(0, 0, 1));
+  AcDbExtents box;
+  for (const double x : {ink.xMin, ink.xMax})
+    for (const double y : {ink.yMin, ink.yMax}) box.addPoint(frame * AcGePoint3d(x, y, 0));
+  extents = box;
+  return Acad::eOk;
+}
+Acad::ErrorStatus AcDbMText::transformBy(const AcGeMatrix3d& m) {
+  const double angle = rotation();
+  PlaneChange plane(m, normalOf(recordOf(this), "AcDbMText"));
+  const double wider = plane.stretchAlong(m, normalOf(recordOf(this), "AcDbMText"), angle);
+  const Acad::ErrorStatus status = setLocation(m * location());
+  if (status != Acad::eOk) return status;
+  setTextHeight(textHeight() * plane.scale);
+  setWidth(width() * plane.scale * wider);
+  if (!isWorldPlane(plane.normal) || recordOf(this).has(normalField("AcDbMText")))
+    impOf(this).setPoint(normalField("AcDbMText"), AcGePoint3d() + plane.normal);
+  return setRotation(textAngle(plane, angle));
+}

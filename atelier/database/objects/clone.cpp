@@ -1,0 +1,231 @@
+// Deep clones within a database and between databases, and inserting a drawing as a block.
+// References are handles, so a clone is a copy of groups with the handles of what was cloned translated.
+#include "atelier/database/objects/clone.h"
+
+#include <unordered_map>
+
+#include "atelier/base/interruption.h"
+#include "atelier/database/objects/imp_database.h"
+#include "atelier/database/objects/new_record.h"
+#include "atelier/database/objects/ownership.h"
+#include "hote/dbdict.h"
+#include "hote/dbsymtb.h"
+
+using namespace atelier;
+
+struct AcDbIdMapping::Pairs {
+  std::unordered_map<AcDbStub*, AcDbStub*> map;
+};
+AcDbIdMapping::AcDbIdMapping() : mPairs(new Pairs) {}
+AcDbIdMapping::~AcDbIdMapping() { delete mPairs; }
+void AcDbIdMapping::assign(AcDbObjectId source, AcDbObjectId copy) { mPairs->map[source] = copy; }
+bool AcDbIdMapping::compute(AcDbObjectId source, AcDbObjectId& copy) const {
+  const auto it = mPairs->map.find(source);
+  if (it == mPairs->map.end()) return false;
+  copy = idOf(it->second);
+  return true;
+}
+
+namespace {
+
+class Cloner {
+ public:
+  explicit Cloner(AcDbImpDatabase& target) : target_(target) {}
+
+  AcDbStub& clone(AcDbStub& source, AcDbStub& owner) {
+    AcDbObject& original = source.database->object(source);
+    Record copy = AcDbImpObject::of(&original).settled();
+    removeBraces(copy, kReactors);
+    for (Group& group : copy.groups) group.from({});
+    if (source.is(AcDbStub::kEntity)) nameTables(copy, source);
+    ParsedRecord parsed(std::move(copy));
+    AcDbObject* made = makeObjectForPending(source.is(AcDbStub::kEntity));
+    AcDbStub& stub = target_.adopt(*made, owner);
+    made->close();
+    map_[&source] = &stub;
+    made_.push_back({&source, &stub});
+    if (source.children) {
+      stub.children = std::make_unique<std::vector<AcDbStub*>>();
+      for (AcDbStub* child : *source.children)
+        if (!child->is(AcDbStub::kErased)) stub.children->push_back(&clone(*child, stub));
+    }
+    // Asked for anew: many children may have pushed it out of memory.
+    for (const std::uint64_t handle : ownedHandles(AcDbImpObject::of(&source.database->object(source)).record)) {
+      AcDbStub* owned = source.database->stubOf(handle);
+      if (owned && owned->owner == &source && !owned->is(AcDbStub::kErased) && !map_.contains(owned))
+        target_.objects.push_back(&clone(*owned, stub));
+    }
+    return stub;
+  }
+
+  // Handles of what was cloned follow; within one drawing others stay, in another drawing they are lost.
+  void translate(const AcDbImpDatabase& from) {
+    for (const Made& made : made_) {
+      checkInterruption();
+      const AcDbStub* stub = made.copy;
+      Record& record = AcDbImpObject::of(stub->object).record;
+      for (Group& group : record.groups) {
+        const int code = group.code();
+        const bool reference =
+            (code >= 330 && code <= 369) || (code >= 390 && code <= 399) || code == 1005 || code == 480 || code == 481;
+        if (!reference || group.handle() == 0) continue;
+        const auto it = map_.find(made.source->database->stubOf(group.handle()));
+        if (it != map_.end()) group = Group::handle(code, it->second->handle);
+        else if (&from != &target_) group = Group::handle(code, 0);
+      }
+      // The owner stood there already, as a handle of the target: another drawing may have the same number.
+      if (stub->owner) record.setOwner(stub->owner->handle);
+      if (&from != &target_) removeEmptyExtension(record);
+    }
+  }
+
+  using Map = std::unordered_map<AcDbStub*, AcDbStub*>;
+  const Map& map() const { return map_; }
+
+  // The copies of the sources in their order, as members of the owner.
+  std::vector<AcDbStub*> cloneInto(AcDbImpDatabase& from, const std::vector<AcDbStub*>& sources, AcDbStub& owner) {
+    std::vector<AcDbStub*> copies;
+    for (AcDbStub* source : sources) {
+      checkInterruption();
+      AcDbStub& copy = clone(*source, owner);
+      (copy.is(AcDbStub::kEntity) && owner.children ? *owner.children : target_.objects).push_back(&copy);
+      copies.push_back(&copy);
+    }
+    translate(from);
+    return copies;
+  }
+
+ private:
+  static void removeEmptyExtension(Record& record) {
+    const auto bounds = record.braces(kExtension);
+    if (bounds && bounds->first < bounds->second && record.groups[bounds->first].handle() == 0)
+      removeBraces(record, kExtension);
+  }
+
+  // Layers, styles, line types, applications and blocks go by name: what the target lacks is copied with the entity.
+  void nameTables(const Record& record, AcDbStub& source) {
+    if (source.database == &target_) return;
+    for (const Group& group : record.groups) {
+      if (group.code() == 8) need("LAYER", group.text(), source);
+      else if (group.code() == 6) need("LTYPE", group.text(), source);
+      else if (group.code() == 7) need("STYLE", group.text(), source);
+      else if (group.code() == 1001) need("APPID", group.text(), source);
+    }
+    if (record.type() == "INSERT") need("BLOCK_RECORD", record.text(textField("AcDbBlockReference", 2)), source);
+    if (record.type() == "DIMENSION") need("BLOCK_RECORD", record.text(textField("AcDbDimension", 2)), source);
+  }
+
+  void need(std::string_view table, const std::string& name, AcDbStub& source) {
+    if (name.empty() || target_.tableRecord(table, name)) return;
+    AcDbStub* original = source.database->tableRecord(table, name);
+    AcDbStub* head = target_.table(table);
+    if (!original || !head) return;
+    if (table == "BLOCK_RECORD") {
+      cloneBlock(*original, *head, name);
+      return;
+    }
+    head->children->push_back(&clone(*original, *head));
+    target_.forgetTableIndex();
+    if (table == "LAYER")
+      need("LTYPE", AcDbImpObject::of(original->object).record.text(textField("AcDbLayerTableRecord", 6)), *original);
+  }
+
+ public:
+  // Copies that were made until then refer to nothing of their own yet: they go.
+  void checkInterruption() {
+    try {
+      atelier::checkInterruption();
+    } catch (...) {
+      for (const Made& made : made_) made.copy->set(AcDbStub::kErased);
+      for (AcDbStub* block : blocks_) eraseWithOwned(*block, true);
+      target_.forgetTableIndex();
+      throw;
+    }
+  }
+
+  AcDbStub& cloneBlock(AcDbStub& original, AcDbStub& head, const std::string& name) {
+    AcDbObjectId id;
+    {
+      auto* block = new AcDbBlockTableRecord;
+      block->setName(toWide(name).c_str());
+      const AcDbObjectPointer<AcDbBlockTableRecord> from(idOf(&original));
+      if (from.openStatus() == Acad::eOk) {
+        AcString comments;
+        block->setOrigin(from->origin());
+        from->comments(comments);
+        block->setComments(comments.kACharPtr());
+      }
+      const AcDbObjectPointer<AcDbBlockTable> table(idOf(&head), AcDb::kForWrite);
+      table->add(id, block);
+      block->close();
+    }
+    AcDbStub& made = *static_cast<AcDbStub*>(id);
+    map_[&original] = &made;
+    blocks_.push_back(&made);
+    for (AcDbStub* child : *original.children)
+      if (!child->is(AcDbStub::kErased)) {
+        checkInterruption();
+        AcDbStub& copy = clone(*child, made);
+        made.children->push_back(&copy);
+        AcDbImpObject::of(copy.object).record.remove(integerField("AcDbEntity", 67));
+      }
+    return made;
+  }
+
+ private:
+  AcDbImpDatabase& target_;
+  struct Made {
+    AcDbStub *source, *copy;
+  };
+  Map map_;
+  std::vector<Made> made_;
+  std::vector<AcDbStub*> blocks_;
+};
+
+}  // namespace
+
+Acad::ErrorStatus AcDbDatabase::deepCloneObjects(const AcDbObjectIdArray& objects, AcDbObjectId owner,
+                                                 AcDbIdMapping& mapping, bool) {
+  AcDbStub* target = owner;
+  if (!target) return Acad::eNullObjectId;
+  std::vector<AcDbStub*> sources;
+  for (const AcDbObjectId id : objects) {
+    AcDbStub* source = id;
+    if (!source || source->is(AcDbStub::kErased)) return source ? Acad::eWasErased : Acad::eNullObjectId;
+    sources.push_back(source);
+  }
+  Cloner cloner(*target->database);
+  cloner.cloneInto(*mpImp, sources, *target);
+  for (const auto& [source, copy] : cloner.map()) mapping.assign(idOf(source), idOf(copy));
+  return Acad::eOk;
+}
+
+void atelier::cloneAll(AcDbImpDatabase& from, const std::vector<AcDbStub*>& sources, AcDbStub& owner,
+                       const std::function<void(AcDbEntity&)>& place) {
+  Cloner cloner(*owner.database);
+  for (AcDbStub* copy : cloner.cloneInto(from, sources, owner)) {
+    cloner.checkInterruption();
+    const AcDbEntityPointer entity(idOf(copy), AcDb::kForWrite);
+    if (entity.openStatus() == Acad::eOk) place(*entity);
+  }
+}
+
+Acad::ErrorStatus AcDbDatabase::insert(AcDbObjectId& blockId, const ACHAR* blockName, AcDbDatabase* source, bool) {
+  if (!source) return Acad::eNoDatabase;
+  const std::string name = toUtf8(blockName);
+  if (name.empty()) return Acad::eNullBlockName;
+  AcDbStub* space = source->impDatabase()->modelSpace();
+  if (!space) return Acad::eNullObjectId;
+  if (mpImp->tableRecord("BLOCK_RECORD", name)) return Acad::eDuplicateRecordName;
+  Cloner cloner(*mpImp);
+  AcDbStub& made = cloner.cloneBlock(*space, *mpImp->table("BLOCK_RECORD"), name);
+  cloner.translate(*source->impDatabase());
+  // The base point of the drawing becomes the origin of the block.
+  if (const auto* base = source->impDatabase()->header.find("$INSBASE"); base && base->values.size() >= 2) {
+    const AcDbObjectPointer<AcDbBlockTableRecord> block(idOf(&made), AcDb::kForWrite);
+    block->setOrigin(AcGePoint3d(base->values[0].real(), base->values[1].real(),
+                                 base->values.size() > 2 ? base->values[2].real() : 0));
+  }
+  blockId = idOf(&made);
+  return Acad::eOk;
+}

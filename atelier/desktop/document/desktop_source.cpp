@@ -1,0 +1,43 @@
+// One prompt waits at a time: an expression given as an answer may ask on its own, which then waits in its place.
+#include "atelier/desktop/document/desktop_source.h"
+
+#include <utility>
+
+namespace atelier::desktop {
+
+Input DesktopSource::next(const PromptInfo& prompt) {
+  if (!lines_.empty()) {
+    Input line = Input::line(std::move(lines_.front()));
+    lines_.pop_front();
+    return line;
+  }
+  if (prompt.isCommand) {
+    abandoned_ = false;
+    return {};
+  }
+  if (abandoned_) return Input::cancel();
+  QEventLoop loop;
+  QEventLoop* const outerLoop = std::exchange(loop_, &loop);
+  std::optional<PromptInfo> outer = std::exchange(prompt_, prompt);
+  answer_.reset();
+  if (onPrompt) onPrompt();
+  if (!answer_) loop.exec();
+  loop_ = outerLoop;
+  prompt_ = std::move(outer);
+  if (onPrompt) onPrompt();
+  return std::exchange(answer_, std::nullopt).value_or(Input::cancel());
+}
+
+void DesktopSource::answer(Input input) {
+  if (!prompt_ || answer_) return;
+  answer_ = std::move(input);
+  if (loop_) loop_->quit();
+}
+
+void DesktopSource::abandon() {
+  abandoned_ = true;
+  lines_.clear();
+  answer(Input::cancel());
+}
+
+}  // namespace atelier::desktop

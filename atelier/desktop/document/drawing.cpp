@@ -1,0 +1,118 @@
+// A command runs inside the event that began it; its prompts wait in loops of their own. While AutoLISP works without
+// asking, the window is let breathe several times a second, so that Escape reaches it.
+#include "atelier/desktop/document/drawing.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QTimer>
+#include <atomic>
+#include <chrono>
+#include <thread>
+
+#include "atelier/application/front_end.h"
+#include "atelier/application/open_drawing.h"
+
+namespace atelier::desktop {
+namespace {
+
+// Asks the interpreter for a pause in regular intervals while it lives.
+class Heartbeat {
+ public:
+  explicit Heartbeat(lisp::Interpreter& interpreter)
+      : thread_([this, &interpreter] {
+          while (!ends_) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(50));
+            interpreter.requestPoll();
+          }
+        }) {}
+  ~Heartbeat() {
+    ends_ = true;
+    thread_.join();
+  }
+
+ private:
+  std::atomic<bool> ends_{false};
+  std::thread thread_;
+};
+
+}  // namespace
+
+Drawing::Drawing(const QString& path) {
+  document_ = std::make_unique<OpenDrawing>(
+      [this](std::string_view text) {
+        if (onPrinted) onPrinted(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+      },
+      path.toStdString());
+  loadFrontal(*document_);
+  document_->imp().modified = false;
+  scene_ = std::make_unique<SceneCache>(document_->database());
+  source_.onPrompt = [this] {
+    if (onPrompt) onPrompt();
+  };
+  document_->interpreter().onPoll([this] {
+    // What the window itself asks of AutoLISP, between commands and at prompts, is not to be disturbed.
+    if (running_ && !source_.prompt()) QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+  });
+}
+
+Drawing::~Drawing() {
+  onPrinted = nullptr;
+  onPrompt = onDone = nullptr;
+}
+
+QString Drawing::title() const {
+  const std::string& path = document_->path();
+  return path.empty() ? untitled : QFileInfo(QString::fromStdString(path)).fileName();
+}
+
+void Drawing::type(const QString& line) {
+  if (source_.waits()) return source_.answer(Input::line(line.toStdString()));
+  if (running_ && source_.isAbandoned()) return later_.push_back(line);
+  if (running_) return source_.append(line.toStdString());
+  QString text = line;
+  if (text.trimmed().isEmpty()) text = lastLine;
+  if (text.trimmed().isEmpty()) return;
+  lastLine = text;
+  source_.begin(text.toStdString());
+  run();
+}
+
+void Drawing::feed(const std::vector<std::string>& lines) {
+  if (running_) cancel();  // it unwinds first
+  ++awaited_;
+  QTimer::singleShot(0, this, [this, lines] {
+    --awaited_;
+    if (running_) return feed(lines);
+    source_.begin(std::deque<std::string>(lines.begin(), lines.end()));
+    run();
+  });
+}
+
+void Drawing::run() {
+  running_ = true;
+  {
+    const Heartbeat heartbeat(document_->interpreter());
+    try {
+      document_->run(source_);
+    } catch (const std::exception& error) {
+      document_->fail(error.what());
+    }
+  }
+  running_ = false;
+  if (onPrompt) onPrompt();
+  if (onDone) onDone();
+  if (later_.empty()) return;
+  const QString line = std::move(later_.front());
+  later_.pop_front();
+  feed({line.toStdString()});
+}
+
+void Drawing::pick(const AcGePoint3d& point) { source_.answer(Input::pick(point)); }
+
+void Drawing::cancel() {
+  later_.clear();
+  if (source_.prompt()) source_.abandon();
+  else if (running_) document_->interrupt();
+}
+
+}  // namespace atelier::desktop

@@ -1,0 +1,56 @@
+// One open drawing of the window: its document, the command that runs, and the picture of what it holds.
+#pragma once
+#include <QObject>
+#include <QString>
+#include <deque>
+#include <memory>
+
+#include "atelier/desktop/document/desktop_source.h"
+#include "atelier/desktop/picture/scene_cache.h"
+#include "atelier/document/document.h"
+
+namespace atelier::desktop {
+
+class Drawing : public QObject {
+ public:
+  // A new drawing, or the file (throws Error).
+  explicit Drawing(const QString& path);
+  ~Drawing() override;
+
+  Document& document() { return *document_; }
+  SceneCache& scene() { return *scene_; }
+  const DesktopSource& source() const { return source_; }
+
+  // A line as typed: answers the prompt that waits, else begins a command; typed ahead of a prompt or of the end of a
+  // cancelled command, it is kept until then.
+  void type(const QString& line);
+  // Feeds lines one after the other, as soon as the event loop has the word; a running command is cancelled first.
+  void feed(const std::vector<std::string>& lines);
+  void pick(const AcGePoint3d& point);
+  void enter() { type(QString()); }
+  void cancel();
+  bool isRunning() const { return running_; }
+  bool waits() const { return source_.waits(); }
+  bool hasMore() const { return awaited_ > 0; }  // lines that were fed and haven't begun
+  const PromptInfo* prompt() const { return source_.prompt(); }
+  QString title() const;  // of the tab
+  bool isModified() { return document_->imp().modified; }
+
+  std::function<void(QString)> onPrinted;
+  std::function<void()> onPrompt;  // the running prompt changed
+  std::function<void()> onDone;    // a command ended; the drawing may have changed
+  QString untitled = QStringLiteral("Dessin1.dxf");
+  QString autosaveName;  // file name in the autosave folder
+  QString lastLine;      // Enter at the command prompt runs it again
+
+ private:
+  void run();
+  DesktopSource source_;
+  std::unique_ptr<Document> document_;
+  std::unique_ptr<SceneCache> scene_;
+  std::deque<QString> later_;
+  bool running_ = false;
+  int awaited_ = 0;
+};
+
+}  // namespace atelier::desktop

@@ -1,0 +1,43 @@
+// What is asked here must not change the drawing: it is no step of the journal.
+#include "atelier/desktop/document/lisp_bridge.h"
+
+#include "atelier/lisp/evaluator/interpreter.h"
+
+namespace atelier::desktop {
+namespace {
+
+QVariant valueOf(lisp::Value value) {
+  if (value.isInteger()) return value.integer();
+  if (value.isReal()) return value.real();
+  if (value.isString()) return QString::fromUtf8(value.text().data(), static_cast<qsizetype>(value.text().size()));
+  if (value.isSymbol()) return true;
+  if (!value.isPair()) return {};
+  QVariantList list;
+  for (; value.isPair(); value = value.cdr()) list.push_back(valueOf(value.car()));
+  if (!value.isNil()) list.push_back(valueOf(value));
+  return list;
+}
+
+}  // namespace
+
+QVariant ask(Document& document, const QString& expression) {
+  const bool muted = document.exchangeMuted(true);
+  QVariant result;
+  try {
+    result = valueOf(document.interpreter().evaluate(expression.toStdString()));
+  } catch (const lisp::Error&) {
+    result = {};
+  }
+  document.exchangeMuted(muted);
+  return result;
+}
+
+QString quoted(const QString& text) {
+  QString out = text;
+  out.replace('\\', "\\\\").replace('"', "\\\"");
+  return '"' + out + '"';
+}
+
+QString number(double value) { return QString::fromStdString(realText(value)); }
+
+}  // namespace atelier::desktop

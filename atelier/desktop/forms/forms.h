@@ -1,0 +1,60 @@
+// Forms in place of prompts, each of which calls the front-end's function that the prompts call.
+#pragma once
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QDoubleSpinBox>
+#include <QLabel>
+#include <QLineEdit>
+
+#include "atelier/desktop/document/drawing.h"
+#include "atelier/render/sheets/page.h"
+
+namespace atelier::desktop {
+
+// A new profile from a ground file, with a look at the ground and the planes that it gets.
+class NewProfileForm : public QDialog {
+ public:
+  NewProfileForm(Drawing& drawing, QWidget* parent);
+  void accept() override;
+  QLineEdit *file, *number;
+  QDoubleSpinBox *scale, *textHeight;
+
+ private:
+  void preview();
+  Drawing& drawing_;
+  QLabel* picture_;
+};
+
+// The tables of a profile from a definition file, with a look at its rows.
+class MatricesForm : public QDialog {
+ public:
+  MatricesForm(Drawing& drawing, QWidget* parent);
+  void accept() override;
+  QComboBox* profile;
+  QLineEdit* file;
+  QCheckBox* every;
+
+ private:
+  void preview();
+  Drawing& drawing_;
+  QLabel* rows_;
+};
+
+// A plot to PDF, SVG or PNG, with a look at the sheet.
+class PlotForm : public QDialog {
+ public:
+  PlotForm(Drawing& drawing, QWidget* parent);
+  void accept() override;
+  QLineEdit *file, *scale;
+  QComboBox* paper;
+
+ private:
+  render::PlotRequest request() const;  // throws PlotError
+  void preview();
+  Drawing& drawing_;
+  render::DisplayList list_;
+  QLabel *picture_, *message_;
+};
+
+}  // namespace atelier::desktop

@@ -1,0 +1,102 @@
+// An entity that changes makes its batch stale; a new one joins the last batch; a change to anything that entities
+// refer to (layer, style, block) makes all stale.
+#include "atelier/desktop/picture/scene_cache.h"
+
+#include <algorithm>
+
+#include "atelier/render/scene/scene.h"
+
+namespace atelier::desktop {
+namespace {
+
+constexpr std::size_t kBatch = 512;
+
+// What stands directly in the model space: the entity itself, or the one whose follower it is.
+AcDbStub* mainEntity(AcDbStub& stub, const AcDbStub* space) {
+  AcDbStub* at = &stub;
+  while (at && at->owner != space) at = at->owner;
+  return at;
+}
+
+}  // namespace
+
+SceneCache::SceneCache(AcDbDatabase& database) : database_(database), imp_(AcDbImpDatabase::of(&database)) {
+  imp_.addListener(*this);
+}
+SceneCache::~SceneCache() { imp_.removeListener(*this); }
+
+void SceneCache::changes(AcDbStub& stub) { changed_.insert(&stub); }
+
+bool SceneCache::refresh() {
+  if (!everything_ && changed_.empty()) return false;
+  std::unordered_set<std::size_t> stale;
+  for (AcDbStub* stub : changed_) {
+    take(*stub, stale);
+    if (everything_) break;
+  }
+  changed_.clear();
+  if (everything_) {
+    all();
+  } else {
+    for (const std::size_t batch : stale) draw(batch);
+  }
+  bounds_ = {};
+  warnings_.clear();
+  for (const Part& list : lists_) {
+    bounds_.add(list->bounds());
+    for (const std::string& warning : list->warnings)
+      if (std::ranges::find(warnings_, warning) == warnings_.end()) warnings_.push_back(warning);
+  }
+  return everything_ || !stale.empty();
+}
+
+void SceneCache::take(AcDbStub& stub, std::unordered_set<std::size_t>& stale) {
+  AcDbStub* const space = imp_.modelSpace();
+  // Dictionaries and records are of no account for what is seen; tables and blocks are.
+  if (!stub.is(AcDbStub::kEntity)) {
+    const std::string_view type = imp_.typeName(stub);
+    everything_ = everything_ || type == "LAYER" || type == "LTYPE" || type == "STYLE";
+    return;
+  }
+  AcDbStub* main = mainEntity(stub, space);
+  if (!main) {  // inside a block
+    everything_ = true;
+    return;
+  }
+  const auto known = batchOf_.find(main);
+  if (known != batchOf_.end()) {
+    stale.insert(known->second);
+    return;
+  }
+  if (batches_.empty() || batches_.back().entities.size() >= kBatch) {
+    batches_.emplace_back();
+    lists_.push_back(std::make_shared<render::DisplayList>());
+  }
+  batches_.back().entities.push_back(main);
+  batchOf_[main] = batches_.size() - 1;
+  stale.insert(batches_.size() - 1);
+}
+
+void SceneCache::all() {
+  batches_.clear();
+  batchOf_.clear();
+  AcDbStub* space = imp_.modelSpace();
+  if (space && space->children)
+    for (AcDbStub* stub : *space->children) {
+      if (batches_.empty() || batches_.back().entities.size() >= kBatch) batches_.emplace_back();
+      batches_.back().entities.push_back(stub);
+      batchOf_[stub] = batches_.size() - 1;
+    }
+  lists_.assign(batches_.size(), nullptr);
+  for (std::size_t i = 0; i < batches_.size(); ++i) draw(i);
+  everything_ = false;
+}
+
+void SceneCache::draw(std::size_t batch) {
+  render::SceneOptions options;
+  options.paper = false;
+  auto list = std::make_shared<render::DisplayList>(render::drawEntities(database_, batches_[batch].entities, options));
+  lists_[batch] = std::move(list);
+}
+
+}  // namespace atelier::desktop

@@ -1,0 +1,49 @@
+// The model space as display lists, in parts of some hundred entities, brought up to date where something changed.
+// Parts are never changed once they are handed out: a painter on another thread may hold them.
+#pragma once
+#include <memory>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "atelier/database/objects/imp_database.h"
+#include "atelier/render/shapes/primitives.h"
+
+namespace atelier::desktop {
+
+using Part = std::shared_ptr<const render::DisplayList>;
+
+class SceneCache final : private ChangeListener {
+ public:
+  explicit SceneCache(AcDbDatabase& database);
+  ~SceneCache() override;
+  SceneCache(const SceneCache&) = delete;
+  SceneCache& operator=(const SceneCache&) = delete;
+
+  // Draws what changed since the last call; false when nothing did.
+  bool refresh();
+  const std::vector<Part>& parts() const { return lists_; }
+  const render::Box& bounds() const { return bounds_; }
+  const std::vector<std::string>& warnings() const { return warnings_; }
+
+ private:
+  struct Batch {
+    std::vector<AcDbStub*> entities;
+  };
+  void changes(AcDbStub& stub) override;
+  void all();
+  void take(AcDbStub& stub, std::unordered_set<std::size_t>& stale);
+  void draw(std::size_t batch);
+
+  AcDbDatabase& database_;
+  AcDbImpDatabase& imp_;
+  std::vector<Batch> batches_;
+  std::vector<Part> lists_;
+  std::unordered_map<const AcDbStub*, std::size_t> batchOf_;
+  std::unordered_set<AcDbStub*> changed_;
+  bool everything_ = true;
+  render::Box bounds_;
+  std::vector<std::string> warnings_;
+};
+
+}  // namespace atelier::desktop

@@ -1,0 +1,84 @@
+// The drawing on the screen, and the mouse on it: pan, zoom, picks, selection, grips, snaps.
+// Coordinates of the mouse are pixels of the widget; what leaves is in drawing units.
+#pragma once
+#include <QTimer>
+#include <QWidget>
+#include <optional>
+
+#include "atelier/desktop/document/drawing.h"
+#include "atelier/desktop/view/grips.h"
+#include "atelier/desktop/picture/scene_painter.h"
+#include "atelier/desktop/view/snaps.h"
+
+namespace atelier::desktop {
+
+class DrawingView : public QWidget {
+ public:
+  DrawingView(Drawing& drawing, QWidget* parent);
+
+  Viewport viewport() const { return Viewport::of(drawing_.document().view(), size()); }
+  void zoomExtents();
+  void zoomTo(const AcDbExtents& box);
+  void zoomAt(QPointF pixel, double factor);  // above 1: nearer
+  // The drawing or the view changed: brings the picture up to date.
+  void refresh();
+  // What is selected while no command runs; it is the first selection of the document.
+  void select(std::vector<AcDbStub*> entities);
+  const std::vector<AcDbStub*>& selection() const { return selection_; }
+  void setGround(const QColor& colour);
+  // The point where a click there would go, snapped while a point is asked for.
+  AcGePoint3d pointAt(QPointF pixel);
+  // As a click of the left button.
+  void click(QPointF pixel, bool removing = false);
+  bool isSettled() const { return !painter_.isPainting() && picture_.viewport == viewport(); }
+
+  std::function<void(const AcGePoint3d&)> onMoved;
+  std::function<void()> onSelection;
+  std::function<void(QKeyEvent*)> onKey;  // keys that are not the view's own: text for the command line
+
+ protected:
+  void paintEvent(QPaintEvent*) override;
+  void resizeEvent(QResizeEvent*) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void leaveEvent(QEvent*) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  struct Picture {
+    QImage image;
+    Viewport viewport;
+  };
+  void askPicture();
+  void settleView();
+  void hover();
+  void clickIdle(QPointF pixel, bool removing);
+  void endWindow(QPointF pixel, bool removing);
+  void updateGrips();
+  std::optional<std::size_t> gripAt(QPointF pixel) const;
+  render::DisplayList shown(const std::vector<AcDbStub*>& entities) const;
+  std::optional<AcGePoint3d> base() const;
+  const render::DisplayList& highlightedList();
+  void drawPicture(QPainter& painter, const Viewport& viewport);
+  void drawCursor(class ViewMarks& marks);
+
+  Drawing& drawing_;
+  ScenePainter painter_;
+  Picture picture_;
+  QColor ground_;
+  std::vector<AcDbStub*> selection_, highlighted_;
+  render::DisplayList selected_, hovered_, highlightedShown_;
+  AcDbStub* hoveredStub_ = nullptr;
+  std::vector<Grip> grips_;
+  std::optional<std::size_t> hotGrip_;
+  std::optional<AcGePoint3d> windowStart_;
+  QPointF windowPressed_;
+  std::optional<QPointF> cursor_, panFrom_;
+  std::optional<Snap> snap_;
+  QTimer hoverTimer_;
+};
+
+}  // namespace atelier::desktop

@@ -1,0 +1,29 @@
+// Object snaps: the marked places of entities near the cursor. Modes are the bits of OSMODE.
+#pragma once
+#include <optional>
+
+#include "atelier/document/document.h"
+
+namespace atelier::desktop {
+
+enum SnapMode : unsigned {
+  kEnd = 1,
+  kMiddle = 2,
+  kCentre = 4,
+  kIntersection = 32,
+  kPerpendicular = 128,
+  kNearest = 512
+};
+
+struct Snap {
+  SnapMode mode;
+  AcGePoint3d point;
+};
+
+// The snap nearest to the cursor within the aperture (drawing units); the nearest point of a curve only when there is no
+// other. Perpendicular needs a base.
+std::optional<Snap> findSnap(Document& document, const AcGePoint3d& cursor, double aperture, unsigned modes,
+                             const std::optional<AcGePoint3d>& base);
+const char* snapName(SnapMode mode);  // French, UTF-8
+
+}  // namespace atelier::desktop

@@ -1,0 +1,38 @@
+// What lies over the drawing: highlighted entities, transient vectors, rubber bands, grips, snap markers, the crosshair.
+#pragma once
+#include <QPainter>
+#include <QPainterPath>
+#include <optional>
+#include <span>
+
+#include "atelier/desktop/view/grips.h"
+#include "atelier/desktop/view/snaps.h"
+#include "atelier/desktop/picture/viewport.h"
+
+namespace atelier::desktop {
+
+enum class Emphasis { hover, selected, highlighted };
+
+class ViewMarks {
+ public:
+  ViewMarks(QPainter& painter, const Viewport& viewport, bool darkGround);
+
+  void list(const render::DisplayList& list, Emphasis emphasis);
+  void transients(const Transients& transients);
+  void rubberBand(const AcGePoint3d& from, const QPointF& to);
+  // Left to right selects what is inside, right to left also what crosses.
+  void rectangle(const AcGePoint3d& from, const QPointF& to, bool selecting);
+  void grips(std::span<const Grip> grips, std::optional<std::size_t> hot);
+  void snap(const Snap& snap);
+  void crosshair(const QPointF& at, double pickBox);
+  void note(const QPointF& at, const QString& text);
+
+ private:
+  QPainter& painter_;
+  const Viewport& viewport_;
+  const bool dark_;
+};
+
+QPainterPath toQt(const render::Path& path, const render::Affine& map);
+
+}  // namespace atelier::desktop

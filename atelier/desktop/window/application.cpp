@@ -1,0 +1,68 @@
+// Qt takes over the locale of the user when it starts; numbers are held at the point all the same.
+#include "atelier/desktop/window/application.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+#include <clocale>
+#include <functional>
+
+#include "atelier/desktop/window/icons.h"
+#include "atelier/desktop/window/main_window.h"
+#include "atelier/desktop/window/theme.h"
+#include "atelier/exchange/exchange.h"
+#include "atelier/plugin/installation.h"
+#include "atelier/render/sheets/plot_builtins.h"
+
+namespace atelier::desktop {
+namespace {
+
+// What goes wrong in an event ends that event, not the program with its open drawings.
+class Application final : public QApplication {
+ public:
+  using QApplication::QApplication;
+  std::function<void(const QString&)> onFault;
+  bool notify(QObject* receiver, QEvent* event) override {
+    try {
+      return QApplication::notify(receiver, event);
+    } catch (const std::exception& error) {
+      if (onFault) onFault(QString::fromUtf8(error.what()));
+      return true;
+    }
+  }
+};
+
+}  // namespace
+
+int run(int argc, char** argv) {
+  Application application(argc, argv);
+  std::setlocale(LC_NUMERIC, "C");
+  QLocale::setDefault(QLocale(QLocale::French));
+  QApplication::setOrganizationName("kavel");
+  QApplication::setApplicationName("kavel-bureau");
+  QApplication::setApplicationDisplayName("Kavel");
+  applyTheme();
+  QTranslator translator;
+  if (translator.load("qtbase_fr", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    QApplication::installTranslator(&translator);
+  QApplication::setWindowIcon(iconNamed("profil"));
+  const QStringList arguments = QApplication::arguments();
+  if (arguments.contains("--help") || arguments.contains("-h")) {
+    std::puts("kavel-bureau [DRAWING.dxf ...]   the desktop; see kavel --help for the headless program");
+    return 0;
+  }
+  exchange::provideExchange();
+  render::providePlots();
+  MainWindow window;
+  application.onFault = [&window](const QString& text) { window.commandLine().print("\n" + text + "\n"); };
+  window.show();
+  bool opened = false;
+  for (const QString& path : arguments.mid(1)) opened = window.open(path) || opened;
+  if (!opened) window.open();
+  if (const std::string trouble = installationTrouble(); !trouble.empty())
+    window.commandLine().print("\n" + QString::fromStdString(trouble) + "\n");
+  return QApplication::exec();
+}
+
+}  // namespace atelier::desktop

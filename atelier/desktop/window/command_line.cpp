@@ -1,0 +1,146 @@
+// A blank ends a word as Enter does, except where the prompt takes texts and inside an expression.
+#include "atelier/desktop/window/command_line.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QFontDatabase>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+namespace atelier::desktop {
+namespace {
+
+constexpr int kMostLines = 5000, kMostRemembered = 500;
+constexpr int kVisibleLines = 5;
+
+// The prompt as rich text: what can be clicked is a link to its keyword.
+QString marked(const PromptInfo& prompt) {
+  QString text = QString::fromStdString(prompt.text).trimmed().toHtmlEscaped();
+  for (const std::string& word : prompt.keywords) {
+    const QString keyword = QString::fromStdString(word);
+    const QString escaped = keyword.toHtmlEscaped();
+    qsizetype at = text.indexOf('[');
+    at = text.indexOf(escaped, at < 0 ? 0 : at);
+    const QString link = QString("<a href=\"%1\">%1</a>").arg(escaped);
+    if (at >= 0) text.replace(at, escaped.size(), link);
+    else text += ' ' + link;
+  }
+  return text;
+}
+
+}  // namespace
+
+CommandLine::CommandLine(QWidget* parent) : QWidget(parent) {
+  history_ = new QPlainTextEdit(this);
+  history_->setReadOnly(true);
+  history_->setMaximumBlockCount(kMostLines);
+  history_->setAccessibleName(QStringLiteral("Historique"));
+  history_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  history_->setMinimumHeight(history_->fontMetrics().height() * kVisibleLines);
+  prompt_ = new QLabel(this);
+  prompt_->setTextFormat(Qt::RichText);
+  prompt_->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+  edit_ = new QLineEdit(this);
+  edit_->setAccessibleName(QStringLiteral("Ligne de commande"));
+  edit_->setPlaceholderText(QStringLiteral("Tapez une commande"));
+  edit_->installEventFilter(this);
+  names_ = new QStringListModel(this);
+  completer_ = new QCompleter(names_, this);
+  completer_->setCaseSensitivity(Qt::CaseInsensitive);
+  completer_->setWidget(edit_);
+  connect(completer_, qOverload<const QString&>(&QCompleter::activated), edit_, &QLineEdit::setText);
+  connect(edit_, &QLineEdit::textEdited, this, [this] { complete(); });
+  connect(prompt_, &QLabel::linkActivated, this, [this](const QString& keyword) { send(keyword); });
+  auto* line = new QHBoxLayout;
+  line->addWidget(prompt_);
+  line->addWidget(edit_, 1);
+  auto* all = new QVBoxLayout(this);
+  all->setContentsMargins(4, 2, 4, 2);
+  all->addWidget(history_, 1);
+  all->addLayout(line);
+  setFocusProxy(edit_);
+  showPrompt(nullptr);
+}
+
+void CommandLine::print(const QString& text) {
+  const bool atEnd = history_->verticalScrollBar()->value() >= history_->verticalScrollBar()->maximum() - 2;
+  QTextCursor cursor(history_->document());
+  cursor.movePosition(QTextCursor::End);
+  cursor.insertText(text);
+  if (atEnd) history_->verticalScrollBar()->setValue(history_->verticalScrollBar()->maximum());
+}
+
+void CommandLine::showPrompt(const PromptInfo* prompt) {
+  atCommand_ = !prompt;
+  takesSpaces_ = prompt && prompt->takesSpaces;
+  prompt_->setText(prompt ? marked(*prompt) : QStringLiteral("Commande :"));
+  edit_->setPlaceholderText(prompt ? QString() : QStringLiteral("Tapez une commande"));
+}
+
+void CommandLine::setNames(QStringList names) {
+  names.sort(Qt::CaseInsensitive);
+  names_->setStringList(names);
+}
+
+void CommandLine::send(const QString& line) {
+  edit_->clear();
+  completer_->popup()->hide();
+  if (!line.trimmed().isEmpty()) {
+    lines_.removeAll(line);
+    lines_.push_back(line);
+    while (lines_.size() > kMostRemembered) lines_.removeFirst();
+  }
+  place_ = lines_.size();
+  if (onLine) onLine(line);
+}
+
+void CommandLine::recall(qsizetype step) {
+  place_ = std::clamp<qsizetype>(place_ + step, 0, lines_.size());
+  edit_->setText(place_ < lines_.size() ? lines_[place_] : QString());
+}
+
+void CommandLine::complete() {
+  const QString text = edit_->text();
+  if (!atCommand_ || text.size() < 2 || text.startsWith('(')) return completer_->popup()->hide();
+  completer_->setCompletionPrefix(text);
+  if (completer_->completionCount() == 0 || completer_->currentCompletion().compare(text, Qt::CaseInsensitive) == 0)
+    return completer_->popup()->hide();
+  completer_->complete();
+}
+
+void CommandLine::takeKey(QKeyEvent* event) {
+  edit_->setFocus();
+  QApplication::sendEvent(edit_, event);
+}
+
+bool CommandLine::eventFilter(QObject* watched, QEvent* event) {
+  // The line's own keys (Ctrl+Z, Ctrl+A ...) count while something is written in it; else they are the window's.
+  if (watched == edit_ && event->type() == QEvent::ShortcutOverride && edit_->text().isEmpty()) {
+    event->ignore();
+    return true;
+  }
+  if (watched != edit_ || event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
+  const auto* key = static_cast<QKeyEvent*>(event);
+  const QString text = edit_->text();
+  const bool expression = text.trimmed().startsWith('(') || text.trimmed().startsWith('!');
+  switch (key->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter: send(text); return true;
+    case Qt::Key_Space:
+      if (takesSpaces_ || expression) return false;
+      send(text);
+      return true;
+    case Qt::Key_Escape:
+      if (completer_->popup()->isVisible()) return false;
+      edit_->clear();
+      if (onCancel) onCancel();
+      return true;
+    case Qt::Key_Up: recall(-1); return true;
+    case Qt::Key_Down: recall(+1); return true;
+    default: return false;
+  }
+}
+
+}  // namespace atelier::desktop

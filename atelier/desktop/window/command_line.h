@@ -1,0 +1,53 @@
+// The command line: what was printed, the running prompt with its keywords to click, and the line being typed.
+#pragma once
+#include <QCompleter>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QStringListModel>
+#include <QWidget>
+#include <functional>
+
+#include "atelier/desktop/document/drawing.h"
+
+namespace atelier::desktop {
+
+class CommandLine : public QWidget {
+ public:
+  explicit CommandLine(QWidget* parent);
+
+  void print(const QString& text);
+  void clear() { history_->clear(); }
+  QString text() const { return history_->toPlainText(); }
+  // Null: the command prompt.
+  void showPrompt(const PromptInfo* prompt);
+  // Names of commands and functions that are completed while a command is typed.
+  void setNames(QStringList names);
+  void setHistory(QStringList lines) { lines_ = std::move(lines), place_ = lines_.size(); }
+  const QStringList& lines() const { return lines_; }
+  // A key that was meant for another widget goes on here.
+  void takeKey(QKeyEvent* event);
+
+  std::function<void(QString)> onLine;
+  std::function<void()> onCancel;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void send(const QString& line);
+  void recall(qsizetype step);
+  void complete();
+
+  QPlainTextEdit* history_;
+  QLabel* prompt_;
+  QLineEdit* edit_;
+  QCompleter* completer_;
+  QStringListModel* names_;
+  QStringList lines_;
+  qsizetype place_ = 0;
+  bool atCommand_ = true;
+  bool takesSpaces_ = false;
+};
+
+}  // namespace atelier::desktop

@@ -1,0 +1,37 @@
+// What tests and the script of the screenshots hold of the window: steps that a user would take, one when the window waits
+// for the one before to have done its part.
+#pragma once
+#include <deque>
+#include <functional>
+
+#include "atelier/desktop/window/main_window.h"
+
+namespace atelier::desktop {
+
+class Driver : public QObject {
+ public:
+  explicit Driver(MainWindow& window) : window_(window) {}
+
+  // Puts steps up; play() takes them one after the other, each when the window asks something or nothing runs.
+  Driver& then(std::function<void()> step);
+  Driver& type(const QString& line);     // at the command line
+  Driver& pick(double x, double y);      // a click at that place of the drawing
+  Driver& hover(double x, double y);     // the cursor comes to that place
+  Driver& menu(const QString& entry);    // an entry of any menu by its text, without &
+  Driver& press(const QString& button);  // of the dialog or form that is open
+  Driver& select(const QString& list,
+                 std::vector<int> rows);  // in the open dialog: the visible list with that first column
+  Driver& key(Qt::Key key);               // in the drawing view
+  Driver& shot(const QString& file);      // the active window as a picture
+  void play();                            // returns when all steps were taken and nothing runs any more
+
+ private:
+  bool isReady() const;
+  void step();
+  static QWidget* front();
+  MainWindow& window_;
+  std::deque<std::function<void()>> steps_;
+  bool shooting_ = false;
+};
+
+}  // namespace atelier::desktop

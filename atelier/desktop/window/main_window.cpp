@@ -1,0 +1,266 @@
+// One drawing is in front and current; a command that runs in it ends before another comes to the front.
+#include "atelier/desktop/window/main_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QColorDialog>
+#include <QDockWidget>
+#include <QDragEnterEvent>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QSettings>
+#include <QStatusBar>
+
+#include "atelier/commands/commands.h"
+#include "atelier/desktop/document/lisp_bridge.h"
+
+namespace atelier::desktop {
+namespace {
+
+constexpr int kPanelWidth = 42;    // characters
+constexpr int kReadingDelay = 60;  // milliseconds between two readings of a profile
+
+QDockWidget* dock(QMainWindow& window, const QString& title, QWidget* content, Qt::DockWidgetArea area) {
+  auto* panel = new QDockWidget(title, &window);
+  panel->setObjectName(title);
+  panel->setWidget(content);
+  window.addDockWidget(area, panel);
+  return panel;
+}
+
+}  // namespace
+
+MainWindow::MainWindow() {
+  setWindowTitle(QStringLiteral("Kavel"));
+  setAcceptDrops(true);
+  tabs_ = new QTabWidget(this);
+  tabs_->setTabsClosable(true);
+  tabs_->setDocumentMode(true);
+  setCentralWidget(tabs_);
+  buildPanels();
+  buildMenus();
+  connect(tabs_, &QTabWidget::currentChanged, this, [this] { showTab(); });
+  connect(tabs_, &QTabWidget::tabCloseRequested, this, [this](int index) { closeTab(index); });
+  resize(1280, 800);
+  QSettings settings;
+  restoreGeometry(settings.value("fenetre").toByteArray());
+  restoreState(settings.value("panneaux").toByteArray());
+  commands_->setHistory(settings.value("commandes").toStringList());
+  connect(&autosaveTimer_, &QTimer::timeout, this, [this] { autosave(); });
+  autosaveTimer_.start(settings.value("sauvegarde/minutes", 5).toInt() * 60 * 1000);
+  readingTimer_.setSingleShot(true);
+  connect(&readingTimer_, &QTimer::timeout, this, [this] { readProfile(); });
+  QTimer::singleShot(0, this, [this] { recover(); });
+}
+
+MainWindow::~MainWindow() {
+  tabs_->blockSignals(true);
+  while (!drawings_.empty()) {
+    delete drawings_.back()->view;
+    drawings_.pop_back();
+  }
+}
+
+void MainWindow::buildPanels() {
+  profiles_ = new ProfilesPanel(this);
+  properties_ = new PropertiesPanel(this);
+  commands_ = new CommandLine(this);
+  QDockWidget* const profiles = dock(*this, QStringLiteral("Profils"), profiles_, Qt::LeftDockWidgetArea);
+  resizeDocks({profiles}, {fontMetrics().averageCharWidth() * kPanelWidth}, Qt::Horizontal);
+  dock(*this, QStringLiteral("Propriétés"), properties_, Qt::LeftDockWidgetArea);
+  QDockWidget* const commands = dock(*this, QStringLiteral("Commandes"), commands_, Qt::BottomDockWidgetArea);
+  resizeDocks({commands}, {commands->minimumSizeHint().height()}, Qt::Vertical);
+  coordinates_ = new QLabel(this);
+  coordinates_->setMinimumWidth(fontMetrics().horizontalAdvance("000000.000 , 000000.000"));
+  profileStatus_ = new QLabel(this);
+  statusBar()->addWidget(coordinates_);
+  statusBar()->addWidget(profileStatus_, 1);
+  profiles_->onShow = [this](const QString& handle) {
+    Drawing* const d = drawing();
+    if (!d || !d->waits() || !d->prompt()->wantsEntity) return showHandle(handle);
+    d->type(QString("(handent \"%1\")").arg(handle));
+    commands_->setFocus();
+  };
+  profiles_->onChoose = [this](const QString& handle) {
+    if (Drawing* d = drawing()) d->feed({QString("(pl_ChoixProfil (handent \"%1\"))").arg(handle).toStdString()});
+  };
+  commands_->onLine = [this](const QString& line) {
+    if (Drawing* d = drawing()) d->type(line);
+  };
+  commands_->onCancel = [this] {
+    if (Drawing* d = drawing()) d->cancel();
+  };
+}
+
+MainWindow::Tab* MainWindow::front() const {
+  for (const auto& tab : drawings_)
+    if (tab->view == tabs_->currentWidget()) return tab.get();
+  return nullptr;
+}
+Drawing* MainWindow::drawing() const {
+  Tab* const tab = front();
+  return tab ? tab->drawing.get() : nullptr;
+}
+DrawingView* MainWindow::view() const {
+  Tab* const tab = front();
+  return tab ? tab->view : nullptr;
+}
+
+void MainWindow::wire(Tab& tab) {
+  Drawing& drawing = *tab.drawing;
+  drawing.document().dialogPresenter = &dialogs_;
+  drawing.onPrinted = [this](const QString& text) { commands_->print(text); };
+  drawing.onPrompt = [this, &tab] {
+    if (&tab != front()) return;
+    commands_->showPrompt(tab.drawing->prompt());
+    tabs_->tabBar()->setEnabled(!tab.drawing->isRunning());
+    if (tab.drawing->prompt()) tab.view->refresh();
+  };
+  drawing.onDone = [this, &tab] { afterCommand(tab); };
+  tab.view->onMoved = [this, &drawing](const AcGePoint3d& point) { moved(drawing, point); };
+  tab.view->onSelection = [this, &tab] { properties_->show(tab.drawing.get(), tab.view->selection()); };
+  tab.view->onKey = [this](QKeyEvent* event) { commands_->takeKey(event); };
+}
+
+bool MainWindow::open(const QString& path) {
+  if (Drawing* running = drawing(); running && running->isRunning()) running->cancel();
+  auto tab = std::make_unique<Tab>();
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  try {
+    tab->drawing = std::make_unique<Drawing>(path);
+  } catch (const Error& error) {
+    QApplication::restoreOverrideCursor();
+    if (Drawing* d = drawing()) d->document().makeCurrent();
+    complain(QString::fromUtf8(error.what()));
+    return false;
+  }
+  QApplication::restoreOverrideCursor();
+  if (path.isEmpty()) tab->drawing->untitled = QStringLiteral("Dessin%1.dxf").arg(++untitled_);
+  tab->view = new DrawingView(*tab->drawing, this);
+  wire(*tab);
+  drawings_.push_back(std::move(tab));
+  Tab& opened = *drawings_.back();
+  tabs_->setCurrentIndex(tabs_->addTab(opened.view, opened.drawing->title()));
+  if (!path.isEmpty()) remember(path);
+  opened.view->refresh();
+  QTimer::singleShot(0, opened.view, [view = opened.view] { view->zoomExtents(); });
+  return true;
+}
+
+void MainWindow::showTab() {
+  Tab* const tab = front();
+  hostMenus_->rebuild();
+  profiles_->refresh(tab ? tab->drawing.get() : nullptr);
+  properties_->show(tab ? tab->drawing.get() : nullptr, tab ? tab->view->selection() : std::vector<AcDbStub*>());
+  setWindowTitle(tab ? tab->drawing->title() + QStringLiteral("[*] - Kavel") : QStringLiteral("Kavel"));
+  if (!tab) return;
+  tab->drawing->document().makeCurrent();
+  setWindowModified(tab->drawing->isModified());
+  commands_->showPrompt(tab->drawing->prompt());
+  QStringList names;
+  for (std::string name : tab->drawing->document().interpreter().boundNames())
+    if (name.starts_with("C:")) names << QString::fromStdString(name.substr(2));
+  for (const std::string& name : commandNames()) names << QString::fromStdString(name);
+  commands_->setNames(names);
+  tab->view->setFocus();
+}
+
+void MainWindow::afterCommand(Tab& tab) {
+  atelier::desktop::ask(tab.drawing->document(), "(plv-bureau-oublier)");
+  tab.view->refresh();
+  if (&tab != front()) return;
+  commands_->showPrompt(nullptr);
+  tabs_->tabBar()->setEnabled(true);
+  tabs_->setTabText(tabs_->currentIndex(), tab.drawing->title());
+  setWindowTitle(tab.drawing->title() + QStringLiteral("[*] - Kavel"));
+  setWindowModified(tab.drawing->isModified());
+  profiles_->refresh(tab.drawing.get());
+  properties_->show(tab.drawing.get(), tab.view->selection());
+}
+
+void MainWindow::moved(Drawing& drawing, const AcGePoint3d& point) {
+  coordinates_->setText(QString("%1 , %2").arg(point.x, 0, 'f', 3).arg(point.y, 0, 'f', 3));
+  readingAt_ = point;
+  // A computation that goes on is not disturbed.
+  if ((!drawing.isRunning() || drawing.prompt()) && !readingTimer_.isActive()) readingTimer_.start(kReadingDelay);
+}
+
+void MainWindow::readProfile() {
+  Drawing* const d = drawing();
+  if (!d || (d->isRunning() && !d->prompt())) return;
+  const QVariantList reading =
+      atelier::desktop::ask(d->document(),
+                            QString("(plv-bureau-lecture %1 %2)").arg(number(readingAt_.x), number(readingAt_.y)))
+          .toList();
+  profileStatus_->setText(reading.size() < 5
+                              ? QString()
+                              : QStringLiteral("Profil %1   distance %2   altitude %3   terrain %4   profondeur %5")
+                                    .arg(reading[0].toString(), reading[1].toString(), reading[2].toString(),
+                                         reading[3].toString(), reading[4].toString()));
+}
+
+void MainWindow::showHandle(const QString& handle) {
+  Tab* const tab = front();
+  const auto value = parseHandle(handle.toStdString());
+  if (!tab || !value) return;
+  AcDbStub* const stub = tab->drawing->document().imp().stubOf(*value);
+  if (!stub || stub->is(AcDbStub::kErased)) return;
+  tab->view->select({stub});
+  // A profile's block holds only its title; the whole of it is asked from the front-end.
+  const QVariantList box =
+      atelier::desktop::ask(tab->drawing->document(), QString("(plv-bureau-boite \"%1\")").arg(handle)).toList();
+  AcDbEntityPointer entity(idOf(stub));
+  AcDbExtents extents;
+  if (box.size() == 4)
+    extents = AcDbExtents({box[0].toDouble(), box[1].toDouble(), 0}, {box[2].toDouble(), box[3].toDouble(), 0});
+  else if (entity.openStatus() == Acad::eOk) entity->getGeomExtents(extents);
+  tab->view->zoomTo(extents);
+}
+
+void MainWindow::perform(const QString& action) {
+  if (action.startsWith('@')) return windowAction(action.mid(1));
+  Drawing* const d = drawing();
+  if (!d) return;
+  std::vector<std::string> lines;
+  for (const QString& line : action.split('|')) lines.push_back(line.toStdString());
+  d->lastLine = QString::fromStdString(lines.front());
+  d->feed(lines);
+}
+
+void MainWindow::selectAll() {
+  Tab* const tab = front();
+  AcDbStub* const space = tab ? tab->drawing->document().imp().modelSpace() : nullptr;
+  if (!space || !space->children) return;
+  std::vector<AcDbStub*> all;
+  for (AcDbStub* stub : *space->children)
+    if (!stub->is(AcDbStub::kErased)) all.push_back(stub);
+  tab->view->select(std::move(all));
+}
+
+void MainWindow::chooseGround() {
+  const QColor colour = QColorDialog::getColor(QColor(QSettings().value("fond", "#ffffff").toString()), this,
+                                               QStringLiteral("Couleur du fond"));
+  if (!colour.isValid()) return;
+  QSettings().setValue("fond", colour.name());
+  for (const auto& tab : drawings_) tab->view->setGround(colour);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  while (!drawings_.empty())
+    if (!closeTab(static_cast<int>(drawings_.size()) - 1)) return event->ignore();
+  QSettings settings;
+  settings.setValue("fenetre", saveGeometry());
+  settings.setValue("panneaux", saveState());
+  settings.setValue("commandes", commands_->lines());
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+  if (event->mimeData()->hasUrls()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+  for (const QUrl& url : event->mimeData()->urls())
+    if (url.isLocalFile()) open(url.toLocalFile());
+}
+
+}  // namespace atelier::desktop

@@ -1,0 +1,89 @@
+// The window: a tab for each drawing, the command line, the panels, menus and the status bar.
+#pragma once
+#include <QLabel>
+#include <QMainWindow>
+#include <QTabWidget>
+#include <QTimer>
+#include <memory>
+
+#include "atelier/desktop/forms/dialog_window.h"
+#include "atelier/desktop/view/drawing_view.h"
+#include "atelier/desktop/window/command_line.h"
+#include "atelier/desktop/window/host_menu_bar.h"
+#include "atelier/desktop/window/profiles_panel.h"
+#include "atelier/desktop/window/properties_panel.h"
+
+namespace atelier::desktop {
+
+class MainWindow : public QMainWindow {
+ public:
+  MainWindow();
+  ~MainWindow() override;
+
+  // A tab with a new drawing, or with the file; false after a message when it can't be opened.
+  bool open(const QString& path = {});
+  bool save(bool underNewName = false);
+  // Asks what becomes of changes; false when the user goes back.
+  bool closeTab(int index);
+
+  Drawing* drawing() const;  // of the front tab; null when there is none
+  DrawingView* view() const;
+  CommandLine& commandLine() { return *commands_; }
+  WindowDialogs& dialogs() { return dialogs_; }
+  QTabWidget& tabs() { return *tabs_; }
+  ProfilesPanel& profiles() { return *profiles_; }
+  PropertiesPanel& properties() { return *properties_; }
+  QString status() const { return profileStatus_->text(); }
+  // Copies of what isn't saved, for the next start if this one ends by itself. Called from time to time.
+  void autosave();
+  void perform(const QString& action);  // "@name" of the window, else lines for the command line
+  // For tests: answers in place of the user's to file choices (empty: cancel) and questions ("oui", "non", "annuler").
+  std::function<QString()> fileAnswer;
+  std::function<QString(QString question)> questionAnswer;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+
+ private:
+  struct Tab {
+    std::unique_ptr<Drawing> drawing;
+    DrawingView* view;
+  };
+  void buildPanels();
+  void buildMenus();
+  void buildRecent(QMenu& menu);
+  void wire(Tab& tab);
+  Tab* front() const;
+  void showTab();
+  void afterCommand(Tab& tab);
+  void moved(Drawing& drawing, const AcGePoint3d& point);
+  void readProfile();
+  void showHandle(const QString& handle);
+  void remember(const QString& path);
+  void complain(const QString& text);
+  QString ask(const QString& question, const QStringList& answers);
+  QString chooseFile(bool save, const QString& title, const QString& filter, const QString& suggested = {});
+  void windowAction(const QString& name);
+  void changeTheme();
+  void chooseGround();
+  void chooseSnaps();
+  void selectAll();
+  void audit();
+  void recover();
+
+  QTabWidget* tabs_;
+  CommandLine* commands_;
+  ProfilesPanel* profiles_;
+  PropertiesPanel* properties_;
+  QLabel *coordinates_, *profileStatus_;
+  WindowDialogs dialogs_{this};
+  std::unique_ptr<HostMenuBar> hostMenus_;
+  std::vector<std::unique_ptr<Tab>> drawings_;
+  QTimer autosaveTimer_, readingTimer_;
+  AcGePoint3d readingAt_;
+  int untitled_ = 0;
+};
+
+}  // namespace atelier::desktop

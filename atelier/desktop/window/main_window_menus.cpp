@@ -1,0 +1,151 @@
+// Building the menus and tool bar from the table of actions, and the actions of the window itself.
+#include <QApplication>
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QSet>
+#include <QSettings>
+#include <QTimer>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include "atelier/desktop/forms/forms.h"
+#include "atelier/desktop/window/actions.h"
+#include "atelier/desktop/window/icons.h"
+#include "atelier/desktop/window/main_window.h"
+#include "atelier/desktop/window/theme.h"
+#include "atelier/dxf/audit/audit.h"
+
+namespace atelier::desktop {
+namespace {
+
+constexpr int kUnwinding = 100;  // milliseconds that a cancelled command is given
+
+}  // namespace
+
+void MainWindow::buildMenus() {
+  auto* bar = addToolBar(QStringLiteral("Outils"));
+  bar->setObjectName("outils");
+  bar->setIconSize({24, 24});
+  QHash<QString, QMenu*> menus;
+  for (const ActionRow& row : actionRows()) {
+    QMenu*& menu = menus[QString::fromUtf8(row.menu)];
+    if (!menu) menu = menuBar()->addMenu(QString::fromUtf8(row.menu));
+    if (!row.text) {
+      menu->addSeparator();
+      continue;
+    }
+    QAction* action = menu->addAction(QString::fromUtf8(row.text));
+    if (row.shortcut) action->setShortcut(QKeySequence(row.shortcut));
+    if (row.icon) {
+      action->setProperty("icone", row.icon);
+      action->setIcon(iconNamed(row.icon));
+      bar->addAction(action);
+    }
+    action->setToolTip(QString::fromUtf8(row.text).remove('&').remove("..."));
+    connect(action, &QAction::triggered, this, [this, command = QString::fromUtf8(row.command)] { perform(command); });
+    if (QString::fromUtf8(row.command) == "@open") {
+      auto* recent = menu->addMenu(QStringLiteral("Fichiers récents"));
+      connect(recent, &QMenu::aboutToShow, this, [this, recent] { buildRecent(*recent); });
+    }
+  }
+  QMenu* view = menus[QStringLiteral("&Affichage")];
+  view->addSeparator();
+  QMenu* panels = createPopupMenu();
+  panels->setTitle(QStringLiteral("&Panneaux"));
+  view->addMenu(panels);
+  QMenu* help = menuBar()->addMenu(QStringLiteral("&Aide"));
+  connect(help->addAction(QStringLiteral("Commandes")), &QAction::triggered, this,
+          [this] { perform("(progn (command \"_.HELP\" \"\") (princ))"); });
+  connect(help->addAction(QStringLiteral("Fonctions AutoLISP")), &QAction::triggered, this,
+          [this] { perform("(aide)"); });
+  connect(help->addAction(QStringLiteral("À propos de Kavel")), &QAction::triggered, this, [this] {
+    QMessageBox::about(this, QStringLiteral("Kavel"),
+                       QStringLiteral("Kavel\nProfils en long de routes, d'assainissement et d'eau potable."));
+  });
+  hostMenus_ = std::make_unique<HostMenuBar>(*menuBar(), help->menuAction(), [this](std::vector<std::string> lines) {
+    if (Drawing* d = drawing()) d->feed(lines);
+  });
+}
+
+// Icons are drawn in the colours of the window, so they are made anew.
+void MainWindow::changeTheme() {
+  chooseTheme(!isDarkTheme());
+  for (QAction* action : findChildren<QAction*>())
+    if (const QString icon = action->property("icone").toString(); !icon.isEmpty()) action->setIcon(iconNamed(icon));
+}
+
+void MainWindow::buildRecent(QMenu& menu) {
+  menu.clear();
+  for (const QString& path : QSettings().value("recents").toStringList())
+    connect(menu.addAction(path), &QAction::triggered, this, [this, path] { open(path); });
+  if (menu.isEmpty()) menu.addAction(QStringLiteral("(aucun)"))->setEnabled(false);
+}
+
+// What opens, saves or changes drawings waits for the running command, which is cancelled; one that goes on all the same
+// (a dialog that comes back) keeps the word.
+void MainWindow::windowAction(const QString& name) {
+  Drawing* const d = drawing();
+  DrawingView* const v = view();
+  static const QSet<QString> always{"extents", "nearer", "farther", "ground", "snaps", "theme"};
+  if (d && d->isRunning() && !always.contains(name)) {
+    d->cancel();
+    return QTimer::singleShot(kUnwinding, d, [this, d, name] {
+      if (!d->isRunning()) windowAction(name);
+    });
+  }
+  if (name == "new") open();
+  else if (name == "open") {
+    const QString path = chooseFile(false, QStringLiteral("Ouvrir un dessin"), QStringLiteral("Dessins (*.dxf *.dwg)"));
+    if (!path.isEmpty()) open(path);
+  } else if (name == "quit") close();
+  else if (name == "theme") changeTheme();
+  else if (!d) return;
+  else if (name == "save") save();
+  else if (name == "saveAs") save(true);
+  else if (name == "close") closeTab(tabs_->currentIndex());
+  else if (name == "extents") v->zoomExtents();
+  else if (name == "nearer") v->zoomAt(v->rect().center(), 1.5);
+  else if (name == "farther") v->zoomAt(v->rect().center(), 1 / 1.5);
+  else if (name == "ground") chooseGround();
+  else if (name == "snaps") chooseSnaps();
+  else if (name == "selectAll") selectAll();
+  else if (name == "audit") audit();
+  else if (name == "newProfile") NewProfileForm(*d, this).exec();
+  else if (name == "matrices") MatricesForm(*d, this).exec();
+  else if (name == "plot") PlotForm(*d, this).exec();
+}
+
+void MainWindow::chooseSnaps() {
+  QDialog form(this);
+  form.setWindowTitle(QStringLiteral("Accrochages aux objets"));
+  auto* column = new QVBoxLayout(&form);
+  SystemVariables& variables = drawing()->document().variables();
+  const int now = variables.integer("OSMODE", 0);
+  std::vector<std::pair<SnapMode, QCheckBox*>> boxes;
+  for (const SnapMode mode : {kEnd, kMiddle, kCentre, kIntersection, kPerpendicular, kNearest}) {
+    auto* box = new QCheckBox(QString::fromUtf8(snapName(mode)), &form);
+    box->setChecked(now & static_cast<int>(mode));
+    column->addWidget(box);
+    boxes.emplace_back(mode, box);
+  }
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &form);
+  column->addWidget(buttons);
+  connect(buttons, &QDialogButtonBox::accepted, &form, &QDialog::accept);
+  connect(buttons, &QDialogButtonBox::rejected, &form, &QDialog::reject);
+  if (form.exec() != QDialog::Accepted) return;
+  int modes = 0;
+  for (const auto& [mode, box] : boxes) modes |= box->isChecked() ? static_cast<int>(mode) : 0;
+  drawing()->feed({"SETVAR", "OSMODE", std::to_string(modes)});
+}
+
+void MainWindow::audit() {
+  Drawing& d = *drawing();
+  const auto findings = dxf::audit(d.document().database(), false);
+  for (const dxf::Finding& finding : findings) d.document().print(dxf::line(finding) + "\n");
+  d.document().print("\n" + std::to_string(findings.size()) + " constats.\n");
+  d.feed({"(plv-audit)"});
+}
+
+}  // namespace atelier::desktop

@@ -1,0 +1,22 @@
+// The profiles of the drawing: planes, kinds of line, matrices and rows, as the front-end tells them.
+#pragma once
+#include <QTreeWidget>
+#include <functional>
+
+#include "atelier/desktop/document/drawing.h"
+
+namespace atelier::desktop {
+
+class ProfilesPanel : public QTreeWidget {
+ public:
+  explicit ProfilesPanel(QWidget* parent);
+  void refresh(Drawing* drawing);
+
+  std::function<void(QString handle)> onShow;    // a click: answers a prompt for objects, else zooms and selects
+  std::function<void(QString handle)> onChoose;  // a double click on a profile
+
+ private:
+  QVariant shown_;
+};
+
+}  // namespace atelier::desktop

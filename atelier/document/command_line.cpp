@@ -1,0 +1,185 @@
+// The command line of a document: what is printed, what is typed, and how what was typed ends.
+// A line is an AutoLISP expression when it opens a parenthesis, else the name of a command with answers after it.
+#include "atelier/document/document.h"
+
+#include <utility>
+
+#include "atelier/document/values.h"
+#include "atelier/lisp/evaluator/printer.h"
+
+namespace atelier {
+namespace {
+
+bool quitting = false;
+
+// The error for the user: message, file and line, and the chain of calls, cut after a few: the innermost ones say where to look.
+std::string errorText(const lisp::Error& error) {
+  constexpr std::size_t kMostCalls = 6;
+  std::string text = "; erreur: " + error.message();
+  // Whoever breaks off knows where.
+  if (error.message() == "Function cancelled") return text;
+  if (!error.file.empty()) text += " (" + error.file + (error.line > 0 ? ":" + std::to_string(error.line) : "") + ")";
+  else if (error.line > 0) text += " (ligne " + std::to_string(error.line) + ")";
+  for (std::size_t i = 0; i < error.chain.size() && i < kMostCalls; ++i) {
+    std::string call = error.chain[i];
+    if (call.size() > 100) call = call.substr(0, 97) + "...";
+    text += "\n;   dans " + call;
+  }
+  return text;
+}
+
+}  // namespace
+
+void requestQuit() { quitting = true; }
+bool quitRequested() { return std::exchange(quitting, false); }
+
+void Document::print(std::string_view utf8) {
+  if (muted_) return;
+  transcript_ += utf8;
+  if (printer_) printer_(utf8);
+}
+
+std::string Document::takeTranscript() { return std::exchange(transcript_, {}); }
+
+void Document::fail(const std::string& message) {
+  ++failures_;
+  const Printer usual = failurePrinter ? std::exchange(printer_, failurePrinter) : printer_;
+  print("\n" + message + "\n");
+  printer_ = usual;
+}
+
+bool Document::evaluate(std::string_view text, std::string* printed) {
+  makeCurrent();
+  interpreter_->clearInterrupt();
+  try {
+    const lisp::Value value = interpreter_->evaluate(text);
+    if (printed) *printed = value == interpreter_->quiet() ? std::string() : interpreter_->printed(value);
+    finishCommand();
+    return true;
+  } catch (const lisp::Error& error) {
+    cancelCommand();
+    if (error.kind == lisp::Error::Kind::Exit) return true;
+    stopped_ |= error.kind == lisp::Error::Kind::Interrupt;
+    fail(errorText(error));
+    return false;
+  }
+}
+
+void Document::finishCommand() {
+  const std::unique_ptr<WaitingCommand> command = std::move(waitingCommand_);
+  if (!command) return;
+  try {
+    command->finish();
+  } catch (const Interrupted&) {
+    endInterruption();
+  } catch (const Error& error) {
+    fail(error.what());
+  }
+}
+
+void Document::endInterruption() {
+  stopped_ |= interpreter_->interrupted();
+  interpreter_->clearInterrupt();
+}
+
+bool Document::load(const std::string& path) {
+  makeCurrent();
+  search_->trust(path);
+  interpreter_->clearInterrupt();
+  try {
+    interpreter_->loadFile(path);
+    finishCommand();
+    return true;
+  } catch (const lisp::Error& error) {
+    cancelCommand();
+    fail(errorText(error));
+    return false;
+  }
+}
+
+bool Document::runCommand(const std::string& name) {
+  const std::string upper = upperCase(name);
+  const lisp::Value function = interpreter_->get("C:" + upper);
+  if (!function.isNil()) {
+    try {
+      interpreter_->call(function, {});
+      finishCommand();
+    } catch (const lisp::Error& error) {
+      cancelCommand();
+      stopped_ |= error.kind == lisp::Error::Kind::Interrupt;
+      if (error.kind != lisp::Error::Kind::Exit) fail(errorText(error));
+    }
+    return true;
+  }
+  return services_.runCommand(*this, upper);
+}
+
+void Document::runLine(std::string line) {
+  const std::string_view text = trimmed(line);
+  if (text.empty()) return;
+  prompter_.dropPending();
+  if (!undoGroup) imp().journal.mark();
+  if (text.starts_with('(') || text.starts_with('!')) {
+    std::string printed;
+    if (evaluate(text.starts_with('!') ? text.substr(1) : text, &printed) && !printed.empty()) print(printed + "\n");
+    return;
+  }
+  if (text.starts_with(';')) return;  // a comment in a script
+  const std::size_t space = text.find(' ');
+  const std::string name(text.substr(0, space));
+  if (space != text.npos) prompter_.pushBack(std::string(trimmed(text.substr(space))));
+  if (!runCommand(name)) fail("Commande inconnue \"" + upperCase(name) + "\".");
+  prompter_.dropPending();
+}
+
+void Document::run(InputSource& source) {
+  makeCurrent();
+  InputSource* before = std::exchange(prompter_.source, &source);
+  const auto restore = [&] { prompter_.source = before; };
+  stopped_ = false;
+  try {
+    for (;;) {
+      if ((stopped_ || interpreter_->interrupted()) && source.dropRest()) countFailure();
+      PromptInfo prompt;
+      prompt.takesSpaces = prompt.isCommand = true;
+      prompt.text = source.echoes() ? "\nCommande: " : "";
+      Input input = source.next(prompt);
+      if (input.kind == Input::Kind::end) break;
+      if (input.kind != Input::Kind::text) continue;
+      // An expression may run over several lines.
+      while (trimmed(input.text).starts_with('(') && openParentheses(input.text) > 0) {
+        const Input more = source.next({});
+        if (more.kind != Input::Kind::text) break;
+        input.text += "\n" + more.text;
+      }
+      interpreter_->clearInterrupt();
+      stopped_ = false;
+      if (!source.echoes()) print("\nCommande: " + input.text + "\n");
+      try {
+        runLine(std::move(input.text));
+      } catch (const Error& error) {
+        fail(error.what());
+      }
+      if (stopped_) scripts.clear();
+      runScripts();
+      if (quitRequested()) {
+        if (before) requestQuit();  // a script inside this run ends with it
+        break;
+      }
+    }
+  } catch (...) {
+    restore();
+    throw;
+  }
+  restore();
+}
+
+void Document::runScripts() {
+  while (!scripts.empty()) {
+    LinesSource lines(scripts.front());
+    scripts.erase(scripts.begin());
+    run(lines);
+  }
+}
+
+}  // namespace atelier

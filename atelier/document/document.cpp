@@ -1,0 +1,188 @@
+// A document: its making, its drawing's coming and going, its end.
+// What stands in it belongs to it; what rooms above hang on it goes first.
+#include "atelier/document/document.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <utility>
+
+#include "atelier/base/interruption.h"
+#include "atelier/dxf/reading/reader.h"
+#include "atelier/dxf/versions/export.h"
+#include "atelier/dxf/versions/versions.h"
+#include "atelier/dxf/writing/writer.h"
+#include "atelier/lisp/functions/families.h"
+
+namespace atelier {
+namespace {
+
+Document* currentDocument = nullptr;
+std::vector<Document*> openDocuments;  // in the order in which they were opened
+std::vector<std::string> supportFolders;
+DrawingConverter drawingConverter = nullptr;
+std::vector<std::span<const lisp::Builtin>> addedBuiltins;
+constexpr const char* kConverted = "Dessin converti: il s'enregistre en DXF.\n";
+
+class CommandLineConsole : public lisp::Console {
+ public:
+  explicit CommandLineConsole(Document& document) : document_(document) {}
+  void write(std::string_view utf8) override { document_.print(utf8); }
+  std::optional<std::string> readLine() override {
+    const Input input = document_.prompter().read({});
+    if (input.kind != Input::Kind::text) return std::nullopt;
+    return input.text;
+  }
+
+ private:
+  Document& document_;
+};
+
+// The file that is read for a path: itself, or a conversion that goes when the drawing is open, which keeps it mapped.
+struct ConvertedFile {
+  explicit ConvertedFile(const std::string& path)
+      : name(drawingConverter ? drawingConverter(path) : std::string()), isOther(!name.empty()) {
+    if (!isOther) name = path;
+  }
+  ~ConvertedFile() {
+    std::error_code error;
+    if (isOther) std::filesystem::remove(name, error);
+  }
+  ConvertedFile(const ConvertedFile&) = delete;
+  ConvertedFile& operator=(const ConvertedFile&) = delete;
+  std::string name;
+  bool isOther;
+};
+
+// A failed opening must not leave half a database behind as the working one.
+std::unique_ptr<AcDbDatabase> openDatabase(const std::string& path, std::vector<std::string>* messages) {
+  dxf::provideDrawingReader();
+  auto database = std::make_unique<AcDbDatabase>(path.empty());
+  if (path.empty()) return database;
+  const ConvertedFile converted(path);
+  if (messages) dxf::readFileRecovering(*database, converted.name, *messages);
+  else dxf::readFile(*database, converted.name);
+  if (converted.isOther) AcDbImpDatabase::of(database.get()).path.clear();
+  return database;
+}
+
+bool interruptionAsked() { return currentDocument && currentDocument->interpreter().interrupted(); }
+
+}  // namespace
+
+void setDrawingConverter(DrawingConverter converter) { drawingConverter = converter; }
+
+void addDrawingBuiltins(std::span<const lisp::Builtin> table) {
+  if (std::none_of(addedBuiltins.begin(), addedBuiltins.end(),
+                   [&](const auto& known) { return known.data() == table.data(); }))
+    addedBuiltins.push_back(table);
+}
+
+void addSupportFolder(const std::string& folder) { supportFolders.push_back(folder); }
+
+Document::Document(const Services& services, Printer printer, const std::string& path,
+                   std::vector<std::string>* messages)
+    : services_(services),
+      printer_(std::move(printer)),
+      database_(openDatabase(path, messages)),
+      index_(std::make_unique<SpatialIndex>(imp())),
+      console_(std::make_unique<CommandLineConsole>(*this)),
+      search_(std::make_unique<TrustedSearch>(*this)),
+      variables_(*this, services.variables),
+      prompter_(*this),
+      maker_(imp()) {
+  search_->folders = supportFolders;
+  interpreter_ = std::make_unique<lisp::Interpreter>(lisp::Host{console_.get(), search_.get(), &variables_});
+  openDocuments.push_back(this);
+  makeCurrent();
+  setInterruptionQuestion(interruptionAsked);
+  lisp::addBuiltins(*interpreter_);
+  for (const auto& table : services_.builtins) interpreter_->add(table);
+  for (const auto& table : addedBuiltins) interpreter_->add(table);
+  for (const auto make : services_.attachments) attachments_.push_back(make(*this));
+  drawingOpened();
+  if (!path.empty() && imp().path.empty()) print(kConverted);
+}
+
+Document::~Document() {
+  makeCurrent();
+  drawingClosing();
+  attachments_.clear();
+  std::erase(openDocuments, this);
+  currentDocument = nullptr;
+  if (endsWithProcess_) leaveMemory();
+  if (!openDocuments.empty()) openDocuments.back()->makeCurrent();
+}
+
+void Document::drawingOpened() {
+  view_ = previousView = activeView(imp());
+  for (const auto& attachment : attachments_) attachment->drawingOpened();
+  imp().modified = false;
+}
+
+void Document::drawingClosing() {
+  for (const auto& attachment : attachments_) attachment->drawingClosing();
+}
+
+// What is left stays reachable, so that leak checkers don't take it for lost.
+void Document::leaveMemory() {
+  struct Left {
+    std::unique_ptr<AcDbDatabase> database;
+    std::vector<std::unique_ptr<AcDbDatabase>> closed;
+    std::unique_ptr<SpatialIndex> index;
+  };
+  static std::vector<Left>& left = *new std::vector<Left>;
+  left.push_back({std::move(database_), std::move(closed_), std::move(index_)});
+}
+
+Document* Document::current() { return currentDocument; }
+Document& Document::needed() {
+  ATELIER_ASSERT(currentDocument);
+  return *currentDocument;
+}
+void Document::makeCurrent() {
+  currentDocument = this;
+  acdbHostApplicationServices()->setWorkingDatabase(database_.get());
+}
+
+void Document::open(const std::string& path, std::vector<std::string>* messages) {
+  auto fresh = openDatabase(path, messages);
+  drawingClosing();
+  for (const AcDbStub& stub : imp().stubs()) const_cast<AcDbStub&>(stub).set(AcDbStub::kErased);
+  index_.reset();
+  closed_.push_back(std::exchange(database_, std::move(fresh)));
+  index_ = std::make_unique<SpatialIndex>(imp());
+  maker_.emplace(imp());
+  makeCurrent();
+  transients_.highlighted.clear();
+  transients_.clearVectors();
+  previousSelection = firstSelection = nullptr;
+  namedViews.clear();
+  undoGroup = false;
+  drawingOpened();
+  if (!path.empty() && imp().path.empty()) print(kConverted);
+}
+
+std::vector<std::string> Document::saveAs(const std::string& path, std::string_view release, bool binary) {
+  const std::string own = imp().header.text("$ACADVER", "");
+  if (!binary && (release.empty() || dxf::acadVersion(release) == own)) {
+    save(path);
+    return {};
+  }
+  setNewView();
+  auto lost = dxf::saveAs(*database_, path, release.empty() ? dxf::releaseNamed(own) : release, binary);
+  imp().modified = false;
+  return lost;
+}
+
+// A drawing that began as a new one shows all that is in it when it is opened the next time; any other keeps what its
+// file says.
+void Document::setNewView() {
+  if (dxf::beganAsNew(*database_)) setFirstView(imp(), index_->extents(imp().modelSpace()));
+}
+
+void Document::save(const std::string& path) {
+  setNewView();
+  dxf::save(*database_, path);
+}
+
+}  // namespace atelier

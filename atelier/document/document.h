@@ -1,0 +1,163 @@
+// An open drawing as data, with its journal, its command line and the places where rooms above hang what is theirs.
+// One document is current at a time; the host's functions act on it.
+#pragma once
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "atelier/database/lists/entity_groups.h"
+#include "atelier/document/attachment.h"
+#include "atelier/document/prompter.h"
+#include "atelier/document/selection_set.h"
+#include "atelier/document/services.h"
+#include "atelier/document/spatial_index.h"
+#include "atelier/document/system_variables.h"
+#include "atelier/document/transients.h"
+#include "atelier/document/trusted_search.h"
+#include "atelier/document/views.h"
+#include "atelier/lisp/evaluator/interpreter.h"
+
+namespace atelier {
+
+class DialogPresenter;
+
+// Receives all that the command line prints, UTF-8.
+using Printer = std::function<void(std::string_view)>;
+
+class Document {
+ public:
+  // An empty drawing, or the file at the path (throws Error); with messages, recovering as open() does.
+  Document(const Services& services, Printer printer, const std::string& path, std::vector<std::string>* messages);
+  virtual ~Document();
+  // The process ends with this document: the memory of its drawing, which takes long to give back piece by piece, goes
+  // with the process. Everything else ends as ever: applications are unloaded, AutoLISP's files closed.
+  void endWithProcess() { endsWithProcess_ = true; }
+  Document(const Document&) = delete;
+  Document& operator=(const Document&) = delete;
+
+  static Document* current();  // null when none is open
+  static Document& needed();   // the current one; a broken invariant when there is none
+  void makeCurrent();
+
+  AcDbDatabase& database() { return *database_; }
+  AcDbImpDatabase& imp() { return AcDbImpDatabase::of(database_.get()); }
+  lisp::Interpreter& interpreter() { return *interpreter_; }
+  Prompter& prompter() { return prompter_; }
+  SystemVariables& variables() { return variables_; }
+  Transients& transients() { return transients_; }
+  EntityMaker& entityMaker() { return *maker_; }
+  // What the rooms above do for this document, and what they have hung on it; null when it has no such thing.
+  const Services& services() const { return services_; }
+  template <class PART>
+  PART* attached() const {
+    for (const auto& attachment : attachments_)
+      if (auto* part = dynamic_cast<PART*>(attachment.get())) return part;
+    return nullptr;
+  }
+  // Which entities are where; selections, picks and the screen's culling ask it.
+  SpatialIndex& spatialIndex() { return *index_; }
+  View& view() { return view_; }
+  // The command that AutoLISP's `command` began and that waits for more answers; null when none does.
+  std::unique_ptr<WaitingCommand>& waitingCommand() { return waitingCommand_; }
+  // Ends it: the user's source gives the rest, or it is cancelled.
+  void finishCommand();
+  void cancelCommand() { waitingCommand_.reset(); }
+  View previousView;
+  std::map<std::string, View> namedViews;  // by upper-case name
+  // Between UNDO Begin and End: commands don't begin steps of their own.
+  bool undoGroup = false;
+  // Lines that SCRIPT put up; they run when what runs now has ended.
+  std::vector<std::string> scripts;
+  // Shows the dialogs of this document; null: the command line does.
+  DialogPresenter* dialogPresenter = nullptr;
+  // The previous selection ("P" of ssget) and the one that sssetfirst shows.
+  std::shared_ptr<SelectionSet> previousSelection, firstSelection;
+  // The set that a running prompt for objects gathers; gone when it has ended.
+  std::weak_ptr<SelectionSet> pendingSelection;
+
+  void print(std::string_view utf8);
+  // Prints nothing while muted (CMDECHO 0 in `command`). Returns what held before.
+  bool exchangeMuted(bool muted) { return std::exchange(muted_, muted); }
+  bool atLineStart() const { return transcript_.empty() || transcript_.back() == '\n'; }
+  // What was printed since the last call.
+  std::string takeTranscript();
+
+  // A folder in which this document's `load` and `findfile` look.
+  void addSupport(const std::string& folder) { search_->folders.push_back(folder); }
+
+  // Evaluates AutoLISP as typed at the command line. Errors are printed and counted.
+  bool evaluate(std::string_view text, std::string* printed = nullptr);
+  bool load(const std::string& path);
+  // Feeds the source's lines to the command line until its end: commands, LISP expressions, answers to prompts.
+  void run(InputSource& source);
+  // Runs one command by its name as if typed; answers come from the prompter's source. False when there is none.
+  bool runCommand(const std::string& name);
+  // What went wrong since the document was opened: LISP errors, failed and unknown commands.
+  int failures() const { return failures_; }
+  void fail(const std::string& message);
+  // Receives what fail() says instead of the printer; null: the printer does.
+  Printer failurePrinter;
+  void countFailure() { ++failures_; }
+
+  const std::string& path() const { return imp_path(); }
+  void save(const std::string& path);
+  // In another version ("R12", "R2000" ... "R2018"; empty: that of the drawing) or in binary form; says what the version
+  // can't hold. In its own version and form it is saved as save() does, else the drawing keeps its file and version.
+  std::vector<std::string> saveAs(const std::string& path, std::string_view release, bool binary = false);
+  // Puts another drawing in the place of this one: the file, or a new drawing for an empty path. With messages, a
+  // damaged file is opened as far as it goes and they say what was left out. Throws Error; this drawing then stays.
+  // AutoLISP's variables stay, its entity names belong to nothing any more.
+  void open(const std::string& path, std::vector<std::string>* messages = nullptr);
+
+  // An interruption has ended what ran: was it the user's, the lines that were given beforehand are dropped.
+  void endInterruption();
+
+  // Stops the running program as Ctrl-C does. Safe from another thread and from signal handlers.
+  void interrupt() noexcept { interpreter_->interrupt(); }
+
+ private:
+  const std::string& imp_path() const { return AcDbImpDatabase::of(database_.get()).path; }
+  void drawingOpened();
+  void drawingClosing();
+  void runLine(std::string line);
+  void runScripts();
+  void leaveMemory();
+  void setNewView();
+  const Services& services_;
+  Printer printer_;
+  std::string transcript_;
+  std::vector<std::unique_ptr<AcDbDatabase>> closed_;  // drawings whose objects AutoLISP values may still name
+  std::unique_ptr<AcDbDatabase> database_;
+  std::unique_ptr<SpatialIndex> index_;
+  std::unique_ptr<lisp::Console> console_;
+  std::unique_ptr<TrustedSearch> search_;
+  SystemVariables variables_;
+  std::unique_ptr<lisp::Interpreter> interpreter_;
+  Prompter prompter_;
+  Transients transients_;
+  std::optional<EntityMaker> maker_;
+  View view_;
+  std::unique_ptr<WaitingCommand> waitingCommand_;
+  bool muted_ = false, endsWithProcess_ = false;
+  bool stopped_ = false;  // the user has stopped what the last line caused
+  std::vector<std::unique_ptr<Attachment>> attachments_;
+  int failures_ = 0;
+};
+
+// Makes drawings of another format readable: gives the path of a temporary DXF file, which is removed once it is open; empty
+// for a path that it doesn't know. Throws Error. A drawing that came this way has no path to save to.
+using DrawingConverter = std::string (*)(const std::string& path);
+void setDrawingConverter(DrawingConverter converter);
+
+// Folders in which `load`, `findfile` and the front-end's files are looked for, in every document.
+void addSupportFolder(const std::string& folder);
+
+// Ends the program's command lines after the command that runs; asking whether that was wanted forgets it.
+void requestQuit();
+bool quitRequested();
+
+}  // namespace atelier

@@ -1,0 +1,165 @@
+// The audit's checks of single objects: owners, pointers, names, extended data, numbers.
+// Reference: DXF reference, "Group codes in numerical order" and "Extended data".
+#include <algorithm>
+#include <cmath>
+
+#include "atelier/database/objects/ownership.h"
+#include "atelier/dxf/audit/audit_run.h"
+#include "atelier/dxf/writing/references.h"
+#include "hote/dbsymtb.h"
+
+namespace atelier::dxf {
+namespace {
+
+std::string quoted(const std::string& name) { return "\"" + name + "\""; }
+
+AcDbSymbolTableRecord* newRecord(std::string_view table) {
+  if (table == "LAYER") return new AcDbLayerTableRecord;
+  if (table == "STYLE") return new AcDbTextStyleTableRecord;
+  if (table == "LTYPE") return new AcDbLinetypeTableRecord;
+  return new AcDbRegAppTableRecord;
+}
+
+// A record with the defaults of its table stands for one that was lost: it draws as a missing one does.
+void addRecord(AuditRun& run, std::string_view table, const std::string& name) {
+  AcDbStub* head = run.db.table(table);
+  AcDbSymbolTableRecord* record = newRecord(table);
+  record->setName(toWide(name).c_str());
+  const AcDbObjectPointer<AcDbSymbolTable> opened(idOf(head), AcDb::kForWrite);
+  if (opened.openStatus() == Acad::eOk && opened->add(record) == Acad::eOk) record->close();
+  else delete record;
+}
+
+void needName(AuditRun& run, AcDbStub& stub, std::string_view table, const std::string& name, const char* what) {
+  if (name.empty() || run.db.tableRecord(table, name)) return;
+  if (run.found(table == "APPID" ? "A10" : "A05", &stub, std::string(what) + " " + quoted(name) + " absent"))
+    addRecord(run, table, name);
+}
+
+// Groups of a list that leads to objects which are not there can go without loss.
+bool inRemovableList(const Record& record, std::size_t at, bool braces) {
+  const int code = record.groups[at].code();
+  if (braces) return code == 330 || code == 360;
+  if (record.type() == "DICTIONARY") return (code == 350 || code == 360) && at > 0 && record.groups[at - 1].code() == 3;
+  return record.type() == "GROUP" && code == 340;
+}
+
+bool inBracesAt(const Record& record, std::size_t at) {
+  bool inside = false;
+  for (std::size_t i = 0; i < std::min(at, record.groups.size()); ++i)
+    if (record.groups[i].code() == 102) inside = record.groups[i].text().starts_with('{');
+  return inside;
+}
+
+// Takes the group out, with its key or with braces that hold nothing else. The place of the group behind it.
+std::size_t removeAt(Record& record, std::size_t at) {
+  const auto code = [&](std::size_t i) { return i < record.groups.size() ? record.groups[i].code() : -1; };
+  const bool key = record.type() == "DICTIONARY" && code(at - 1) == 3,
+             alone = code(at - 1) == 102 && code(at + 1) == 102;
+  const auto place = record.groups.begin() + static_cast<std::ptrdiff_t>(at);
+  record.groups.erase(key || alone ? place - 1 : place, alone ? place + 2 : place + 1);
+  return key || alone ? at - 1 : at;
+}
+
+bool allowedInExtendedData(int code) {
+  return (code >= 1000 && code <= 1005) || (code >= 1010 && code <= 1013) || (code >= 1020 && code <= 1023) ||
+         (code >= 1030 && code <= 1033) || (code >= 1040 && code <= 1042) || code == 1070 || code == 1071;
+}
+
+}  // namespace
+
+void checkOwner(AuditRun& run, AcDbStub& stub) {
+  if (!stub.owner || stub.owner->is(AcDbStub::kVirtual)) return;
+  const std::uint64_t owner = run.recordOf(stub).owner(), wanted = stub.owner->handle;
+  const std::string_view type = run.db.typeName(stub);
+  // R12 knows no owners; attributes and vertices may name the block instead of their entity.
+  const bool blockOfParent = stub.owner->owner && stub.owner->owner->handle == owner && stub.is(AcDbStub::kEntity);
+  if (owner == 0 || owner == wanted || blockOfParent || type == "ENDTAB") return;
+  if (run.found("A07", &stub, "proprietaire " + handleText(owner) + " au lieu de " + handleText(wanted)))
+    run.changing(stub).setOwner(wanted);
+}
+
+void checkPointers(AuditRun& run, AcDbStub& stub) {
+  const auto dangling = [&](const Group& group) {
+    return isReference(group.code()) && group.handle() != 0 && group.kind() == GroupKind::handle &&
+           !run.db.stubOf(group.handle());
+  };
+  const std::uint64_t owner = run.recordOf(stub).owner();
+  bool braces = false;
+  for (std::size_t i = 1; i < run.recordOf(stub).groups.size();) {
+    const Record& record = run.recordOf(stub);
+    const Group& group = record.groups[i++];
+    if (group.code() == 102) braces = group.text().starts_with('{');
+    // An owner that is not there was dealt with by the structure.
+    if (!dangling(group) || (group.code() == 330 && group.handle() == owner && !braces)) continue;
+    const std::string text =
+        "groupe " + std::to_string(group.code()) + ": l'objet " + handleText(group.handle()) + " n'existe pas";
+    if (!inRemovableList(record, i - 1, braces)) {
+      run.found("A09", &stub, text);
+    } else if (run.found("A08", &stub, text)) {
+      i = removeAt(run.changing(stub), i - 1);
+      braces = inBracesAt(run.recordOf(stub), i);
+    }
+  }
+}
+
+void checkNames(AuditRun& run, AcDbStub& stub) {
+  const Record& record = run.recordOf(stub);
+  const std::string_view type = record.type();
+  for (const Group& group : record.groups) {
+    const GroupKind wanted = kindOfCode(group.code());
+    const bool unread = group.kind() == GroupKind::text && (wanted == GroupKind::real || wanted == GroupKind::integer);
+    const bool beyond = group.kind() == GroupKind::real && !std::isfinite(group.real());
+    if (unread || beyond)
+      run.found(
+          "A13", &stub,
+          "groupe " + std::to_string(group.code()) + ": " + quoted(unread ? group.text() : realText(group.real())));
+  }
+  const bool layer = type == "LAYER";
+  if (!stub.is(AcDbStub::kEntity) && !layer) return;
+  const std::string linetype = record.text(textField(layer ? "AcDbLayerTableRecord" : "AcDbEntity", 6));
+  if (!equalNoCase(linetype, "BYLAYER") && !equalNoCase(linetype, "BYBLOCK"))
+    needName(run, stub, "LTYPE", linetype, "type de ligne");
+  if (layer) return;
+  needName(run, stub, "LAYER", record.text(textField("AcDbEntity", 8)), "calque");
+  for (const std::string_view section : {"AcDbText", "AcDbMText"}) {
+    const Group* style = record.get(textField(section, 7));
+    if (style && formatOf(type)) needName(run, stub, "STYLE", style->text(), "style de texte");
+  }
+  const std::string block = type == "INSERT" ? record.text(textField("AcDbBlockReference", 2)) : std::string();
+  if (!block.empty() && !run.db.tableRecord("BLOCK_RECORD", block))
+    run.found("A06", &stub, "bloc " + quoted(block) + " absent");
+}
+
+void checkExtendedData(AuditRun& run, AcDbStub& stub) {
+  const std::size_t begin = run.recordOf(stub).xdataStart();
+  int depth = 0;
+  const auto close = [&](std::size_t at) {
+    if (depth > 0 && run.found("A11", &stub, std::to_string(depth) + " accolade(s) sans fin")) {
+      auto& groups = run.changing(stub).groups;
+      groups.insert(groups.begin() + static_cast<std::ptrdiff_t>(at), static_cast<std::size_t>(depth),
+                    Group::text(1002, "}"));
+      at += static_cast<std::size_t>(depth);
+    }
+    depth = 0;
+    return at;
+  };
+  for (std::size_t i = begin; i < run.recordOf(stub).groups.size(); ++i) {
+    const Group group = run.recordOf(stub).groups[i];
+    const int code = group.code();
+    if (i == begin && code != 1001)
+      run.found("A12", &stub, "les donnees etendues ne commencent pas par une application");
+    if (code == 1001) {
+      i = close(i);
+      needName(run, stub, "APPID", group.text(), "application");
+    } else if (!allowedInExtendedData(code)) {
+      run.found("A12", &stub, "code " + std::to_string(code));
+    } else if (code == 1002) {
+      depth += group.text() == "{" ? 1 : -1;
+      if (depth < 0) depth = 0, run.found("A12", &stub, "accolade fermante sans debut");
+    }
+  }
+  close(run.recordOf(stub).groups.size());
+}
+
+}  // namespace atelier::dxf

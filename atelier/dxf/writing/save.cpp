@@ -1,0 +1,40 @@
+// Saving a database under a name.
+// The drawing stays linked to the bytes it was read from, so it can be saved any number of times.
+#include <filesystem>
+
+#include "atelier/database/objects/imp_database.h"
+#include "atelier/dxf/writing/replaced_file.h"
+#include "atelier/dxf/writing/writer.h"
+
+namespace atelier::dxf {
+namespace {
+
+bool isSameFile(const std::string& a, const std::string& b) {
+  std::error_code error;
+  return a == b || std::filesystem::equivalent(a, b, error);
+}
+
+}  // namespace
+
+void refuseDamaged(AcDbDatabase& database, const std::string& path) {
+  const AcDbImpDatabase& db = AcDbImpDatabase::of(&database);
+  if (!db.recoveredFrom.empty() && !db.mayOverwriteDamaged && isSameFile(db.recoveredFrom, path))
+    throw FileError(path, 0,
+                    "ce fichier est endommage et n'a ete lu qu'en partie: enregistrez le dessin sous un autre nom");
+}
+
+void saveCopy(AcDbDatabase& database, const std::string& path) {
+  refuseDamaged(database, path);
+  ReplacedFile file(path);
+  write(database, [&](std::string_view bytes) { file.write(bytes); });
+  file.keep();
+}
+
+void save(AcDbDatabase& database, const std::string& path) {
+  saveCopy(database, path);
+  AcDbImpDatabase& db = AcDbImpDatabase::of(&database);
+  db.modified = false;
+  db.path = path;
+}
+
+}  // namespace atelier::dxf

@@ -1,0 +1,156 @@
+// AutoLISP functions that show things: alerts, vectors on the screen, texts in its corners.
+// Vectors go to the document's transient graphics; a host without a window keeps them all the same.
+#include "atelier/document/cancelling.h"
+#include "atelier/document/document.h"
+#include "atelier/document/values.h"
+#include "atelier/functions/builtin_tables.h"
+#include "atelier/lisp/evaluator/arguments.h"
+#include "atelier/lisp/evaluator/printer.h"
+#include "atelier/lisp/text/diesel.h"
+
+namespace atelier {
+namespace {
+
+using lisp::Arguments;
+using lisp::Interpreter;
+using lisp::Value;
+
+AcGePoint3d pointOf(Interpreter& in, Value value) {
+  const auto p = lisp::pointArgument(in, value);
+  return {p[0], p[1], p[2]};
+}
+
+void draw(const AcGePoint3d& from, const AcGePoint3d& to, int color, bool highlighted) {
+  Transients& transients = Document::needed().transients();
+  transients.vectors.push_back({from, to, color, highlighted});
+  ++transients.revision;
+}
+
+// A point as its ordinates with commas.
+std::string pointText(Value list) {
+  std::string text;
+  for (const Value ordinate : lisp::Items(list)) text += (text.empty() ? "" : ",") + lisp::princ(ordinate);
+  return text;
+}
+
+Value alert(Interpreter& in, Arguments arguments) {
+  const std::string text(lisp::stringArgument(in, arguments[0]));
+  Document::needed().print((text.starts_with('\n') ? "" : "\n") + text + "\n");
+  return lisp::nil;
+}
+
+Value grdraw(Interpreter& in, Arguments arguments) {
+  const Value highlight = lisp::optional(arguments, 3);
+  draw(pointOf(in, arguments[0]), pointOf(in, arguments[1]), lisp::integerArgument(in, arguments[2]),
+       highlight.isInteger() && highlight.integer() != 0);
+  return lisp::nil;
+}
+
+AcGeMatrix3d matrixOf(Interpreter& in, Value rows) {
+  AcGeMatrix3d matrix;
+  int row = 0;
+  for (const Value list : lisp::Items(rows)) {
+    int column = 0;
+    for (const Value number : lisp::Items(list))
+      if (row < 4 && column < 4) matrix(row, column++) = lisp::numberArgument(in, number);
+    ++row;
+  }
+  return matrix;
+}
+
+// (grvecs ([color] from to [color] from to ...) [matrix]): a negative colour is highlighted.
+Value grvecs(Interpreter& in, Arguments arguments) {
+  const AcGeMatrix3d matrix = matrixOf(in, lisp::optional(arguments, 1));
+  int color = 7;
+  std::optional<AcGePoint3d> from;
+  for (const Value item : lisp::Items(lisp::listArgument(in, arguments[0]))) {
+    if (item.isInteger()) {
+      color = item.integer();
+    } else if (!from) {
+      from = pointOf(in, item);
+    } else {
+      draw(matrix * *from, matrix * pointOf(in, item), std::abs(color), color < 0);
+      from.reset();
+    }
+  }
+  return lisp::nil;
+}
+
+Value grtext(Interpreter&, Arguments arguments) { return arguments.size() > 1 ? arguments[1] : lisp::nil; }
+
+// Without a pointing device there is nothing to track: one answer is read as for a point.
+Value grread(Interpreter& in, Arguments) {
+  constexpr int kKeyboard = 2, kPoint = 3, kEnter = 13;
+  Document& document = Document::needed();
+  const Input input = cancelling(in, [&] { return document.prompter().read({}); });
+  if (input.kind == Input::Kind::pick) return in.list({Value::integer(kPoint), pointValue(in, input.point)});
+  if (input.kind != Input::Kind::text) in.fail(kCancelled);
+  if (const auto point = parsePoint(input.text, document.prompter().lastPoint))
+    return in.list({Value::integer(kPoint), pointValue(in, *point)});
+  const int key = input.text.empty() ? kEnter : static_cast<unsigned char>(input.text.front());
+  return in.list({Value::integer(kKeyboard), Value::integer(key)});
+}
+
+// (redraw [entity [mode]]): 3 highlights, 4 takes the highlight away; without an entity the vectors go.
+Value redraw(Interpreter& in, Arguments arguments) {
+  constexpr int kHighlight = 3, kUnhighlight = 4;
+  Document& document = Document::needed();
+  if (arguments.empty() || arguments[0].isNil()) {
+    document.transients().clearVectors();
+    return lisp::nil;
+  }
+  const AcDbEntityPointer entity{AcDbObjectId(stubOfValue(arguments[0]))};
+  const Value mode = lisp::optional(arguments, 1);
+  if (entity.openStatus() != Acad::eOk) in.failType("lentityp", arguments[0]);
+  if (mode == Value::integer(kHighlight)) entity->highlight();
+  if (mode == Value::integer(kUnhighlight)) entity->unhighlight();
+  return lisp::nil;
+}
+
+Value nothing(Interpreter&, Arguments) { return lisp::nil; }
+
+// "area=texte": the area M evaluates the text; the menus of screens and tablets are not there.
+Value menucmd(Interpreter& in, Arguments arguments) {
+  const std::string text(lisp::stringArgument(in, arguments[0]));
+  if (upperCase(text.substr(0, 2)) != "M=") return lisp::nil;
+  const auto called = [&in](const char* function, std::initializer_list<Value> values) {
+    const std::vector<Value> list(values);
+    const Value value = in.call(in.symbol(function), Arguments(list.data(), list.size()));
+    return value.isNil() ? std::string() : value.isList() ? pointText(value) : lisp::princ(value);
+  };
+  const auto formatted = [&](const char* function) {
+    return [&, function](double number, int mode, int precision) {
+      if (mode < 0) return called(function, {Value::real(number)});
+      if (precision < 0) return called(function, {Value::real(number), Value::integer(mode)});
+      return called(function, {Value::real(number), Value::integer(mode), Value::integer(precision)});
+    };
+  };
+  lisp::DieselHost host;
+  host.variable = [&](std::string_view name) { return called("GETVAR", {in.string(name)}); };
+  host.environment = [&](std::string_view name) { return called("GETENV", {in.string(name)}); };
+  host.distance = formatted("RTOS");
+  host.angle = formatted("ANGTOS");
+  return in.string(lisp::dieselText(host, std::string_view(text).substr(2)));
+}
+
+constexpr lisp::Builtin kTable[] = {
+    {"alert", alert, 1, 1, "(alert texte)", "Montre un avertissement."},
+    {"grdraw", grdraw, 3, 4, "(grdraw de à couleur [surbrillance])", "Trace un vecteur à l'écran seulement."},
+    {"grvecs", grvecs, 1, 2, "(grvecs vecteurs [matrice])", "Trace plusieurs vecteurs à l'écran seulement."},
+    {"grtext", grtext, 0, 3, "(grtext [case texte [surbrillance]])",
+     "Écrit dans une zone de texte de l'écran; rend le texte."},
+    {"grread", grread, 0, 3, "(grread [suivi [bits [curseur]]])",
+     "Lit une entrée: (2 code) d'une touche ou (3 point)."},
+    {"redraw", redraw, 0, 2, "(redraw [entité [mode]])", "Redessine; 3 met l'entité en surbrillance, 4 l'enlève."},
+    {"menucmd", menucmd, 1, 1, "(menucmd texte)",
+     "Évalue une expression DIESEL, \"M=$(...)\"; rend nil pour les menus."},
+    {"graphscr", nothing, 0, 0, "(graphscr)", "Montre l'écran graphique."},
+    {"textscr", nothing, 0, 0, "(textscr)", "Montre l'écran de texte."},
+    {"textpage", nothing, 0, 0, "(textpage)", "Montre une page de texte vide."},
+};
+
+}  // namespace
+
+std::span<const lisp::Builtin> screenBuiltins() { return kTable; }
+
+}  // namespace atelier

@@ -1,0 +1,41 @@
+// An open text file as programs see it: characters are UTF-8 inside, whatever the file's encoding.
+#pragma once
+
+#include <fstream>
+#include <optional>
+#include <string>
+
+#include "atelier/lisp/evaluator/interpreter.h"
+
+namespace atelier::lisp {
+
+class FileObject {
+ public:
+  // Mode 'r', 'w' or 'a'. `utf8` asks for UTF-8 on writing, else Windows-1252; an appended file that is UTF-8
+  // already stays so. Null when the file cannot be opened.
+  static std::shared_ptr<FileObject> open(const std::string& path, char mode, bool utf8);
+
+  std::optional<std::string> readLine();         // without its end (LF or CR LF); Ctrl-Z ends the file
+  std::optional<std::uint32_t> readCharacter();  // CR LF counts as one line feed
+  void write(std::string_view utf8);
+  bool reads() const { return mode_ == 'r'; }
+  bool isOpen() const { return open_; }
+  void close();
+
+ private:
+  char mode_ = 'r';
+  bool open_ = true;
+  bool utf8_ = false;
+  std::string text_;  // of a file that is read: the whole file, decoded
+  std::size_t at_ = 0;
+  std::ofstream out_;
+};
+
+// The bytes of a file, nothing when it cannot be read.
+std::optional<std::string> readWholeFile(const std::string& path);
+// A path as the system wants it: programs write either slash.
+std::string nativePath(std::string_view path);
+// The open file that an argument stands for; an error for anything else.
+FileObject& fileArgument(Interpreter& in, Value value, bool reading);
+
+}  // namespace atelier::lisp

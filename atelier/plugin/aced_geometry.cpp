@@ -1,0 +1,40 @@
+// Plane geometry that the host offers to handlers.
+// Lines count as parallel only when they are so to the last digit: a handler that cuts a long, nearly parallel pair gets
+// the best point there is.
+#include <algorithm>
+
+#include "atelier/geometry/crossing.h"
+#include "hote/acdb.h"
+
+namespace {
+
+constexpr double kRounding = 1e-15;  // what adding and taking away leaves of a coordinate, in parts of it
+
+void pointAt(const ads_point from, const ads_point to, double part, ads_point result) {
+  for (int i = 0; i < 3; ++i) result[i] = from[i] + part * (to[i] - from[i]);
+}
+
+// Segments that lie on one another to the last digits may cross anywhere: they meet where they come nearest.
+bool touch(const ads_point a, const ads_point b) {
+  const double largest = std::max({std::fabs(a[0]), std::fabs(a[1]), std::fabs(b[0]), std::fabs(b[1])});
+  return std::hypot(a[0] - b[0], a[1] - b[1]) <= 8 * kRounding * largest;
+}
+
+}  // namespace
+
+int acdbInters(const ads_point from1, const ads_point to1, const ads_point from2, const ads_point to2, int onSegments,
+               ads_point result) {
+  const auto parts = atelier::crossing(from1, to1, from2, to2, 0.0);
+  if (!parts) return RTERROR;
+  auto [s, t] = *parts;
+  if (onSegments && !(atelier::onSegment(s) && atelier::onSegment(t))) {
+    s = std::clamp(s, 0.0, 1.0);
+    t = std::clamp(t, 0.0, 1.0);
+    ads_point first, second;
+    pointAt(from1, to1, s, first);
+    pointAt(from2, to2, t, second);
+    if (!touch(first, second)) return RTERROR;
+  }
+  pointAt(from1, to1, s, result);
+  return RTNORM;
+}

@@ -1,0 +1,70 @@
+// The platform's calls that the module makes, answered from the environment.
+// The installation folder: KAVEL_CHEMIN when set, else the user's data folder; it is made at the first write.
+#include "hote/plateforme.h"
+
+#include <dlfcn.h>
+#include <link.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+
+#include "atelier/base/text.h"
+#include "atelier/plugin/installation.h"
+
+namespace atelier {
+
+std::string installationFolder() {
+  if (const char* given = std::getenv("KAVEL_CHEMIN"); given && *given) return given;
+  if (const char* data = std::getenv("XDG_DATA_HOME"); data && *data)
+    return (std::filesystem::path(data) / "kavel").string();
+  const char* home = std::getenv("HOME");
+  return (std::filesystem::path(home ? home : ".") / ".local" / "share" / "kavel").string();
+}
+
+std::string installationTrouble() {
+  const std::string folder = installationFolder();
+  std::error_code error;
+  if (std::filesystem::is_directory(folder, error) && access(folder.c_str(), W_OK | X_OK) == 0) return {};
+  return folder + ": ce dossier ne peut pas être écrit, les réglages ne seront pas gardés";
+}
+
+}  // namespace atelier
+
+long RegGetStringW(HKEY, const wchar_t* key, const wchar_t* value, wchar_t* text, unsigned long* size) {
+  constexpr long kFileNotFound = 2, kMoreData = 234;
+  // The one value that stands for the installation folder; there is no other registry here.
+  if (!key || !value || !text || !size || !atelier::equalNoCase(atelier::toUtf8(value), "chemin")) return kFileNotFound;
+  const std::wstring folder = atelier::toWide(atelier::installationFolder());
+  const unsigned long needed = static_cast<unsigned long>((folder.size() + 1) * sizeof(wchar_t));
+  if (*size < needed) return kMoreData;
+  std::copy(folder.begin(), folder.end(), text);
+  text[folder.size()] = 0;
+  *size = needed;
+  return ERROR_SUCCESS;
+}
+
+// By the name under which the loader knows a file: a plain name given to dlopen would be matched with the name written
+// inside the file, which a plug-in need not have. The reference that dlopen takes is kept, so that an address handed out
+// stays good.
+HMODULE GetModuleHandleW(const wchar_t* fileName) {
+  if (!fileName) return nullptr;
+  struct Search {
+    std::string wanted, path;
+  } search{atelier::toUtf8(fileName), {}};
+  dl_iterate_phdr(
+      [](dl_phdr_info* object, std::size_t, void* data) {
+        Search& sought = *static_cast<Search*>(data);
+        const std::string path = object->dlpi_name ? object->dlpi_name : "";
+        if (path.empty() || !atelier::equalNoCase(path.substr(path.rfind('/') + 1), sought.wanted)) return 0;
+        sought.path = path;
+        return 1;
+      },
+      &search);
+  return search.path.empty() ? nullptr : dlopen(search.path.c_str(), RTLD_LAZY | RTLD_NOLOAD);
+}
+
+FARPROC GetProcAddress(HMODULE module, const char* name) {
+  return module && name ? reinterpret_cast<FARPROC>(dlsym(module, name)) : nullptr;
+}

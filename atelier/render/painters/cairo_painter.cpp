@@ -1,0 +1,259 @@
+// Points are mapped to the surface here, in double precision: Cairo's own coordinates are fixed-point and
+// would lose the centimetres of a drawing in national coordinates.
+#include "atelier/render/painters/cairo_painter.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "atelier/render/painters/cairo_text.h"
+#include "atelier/render/shapes/clip_path.h"
+#include "atelier/render/shapes/plot_error.h"
+#include "atelier/render/shapes/tessellate.h"
+
+namespace atelier::render {
+
+namespace {
+
+constexpr double pointMarkMm = 2;      // size of a point's mark that has no size of its own
+constexpr double pointDotMm = 0.5;     // diameter of a plain point
+constexpr double dotMm = 0.02;         // length of a dot in a dash pattern: Cairo leaves out dashes of no length
+constexpr double shortestPattern = 1;  // surface units: a finer dash pattern is painted continuous
+
+Box grown(const Box& box, double by) { return {box.xMin - by, box.yMin - by, box.xMax + by, box.yMax + by}; }
+
+constexpr double kThickestHair = 2.5;  // times the thinnest stroke
+
+class Painter {
+ public:
+  Painter(cairo_t* context, const PaintOptions& options)
+      : cr_(context), options_(options), scale_(std::sqrt(std::abs(options.toSurface.determinant()))) {
+    // Beyond a few sheets around the clip geometry is cut before it reaches Cairo.
+    guard_ = grown(options.clip, std::max(options.clip.width(), options.clip.height()));
+  }
+
+  void item(const Primitive& primitive) {
+    if (!primitive.box.empty()) {
+      const Box seen = primitive.box.mapped(options_.toSurface);
+      if (!grown(seen, 2 * options_.unitsPerMm).meets(options_.clip)) return;
+      if (options_.tiny && std::max(seen.width(), seen.height()) < 1 && !options_.tiny->mark({seen.xMin, seen.yMin}))
+        return;
+    }
+    std::visit(*this, primitive.shape);
+  }
+
+  void operator()(const Stroke& stroke) {
+    if (!hair(stroke.path, options_.toSurface, stroke.pen))
+      strokePath(stroke.path.mapped(options_.toSurface), stroke.pen);
+  }
+
+  void operator()(const Fill& fill) { fillPath(fill.path.mapped(options_.toSurface), fill.colour, fill.evenOdd); }
+
+  void operator()(const GlyphRun& run) {
+    const Affine map = options_.toSurface * run.map;
+    if (std::hypot(map.xy, map.yy) < options_.greekBelow) return greek(run, map);
+    if (options_.embedFonts && fonts_.show(cr_, run.line, map, resolved(run.colour))) return drawBars(run, map);
+    Path path;
+    for (const auto& [glyph, x] : run.line.glyphs) path.append(glyph->outline, map * Affine::translation(x, 0));
+    for (const Box& bar : run.line.bars) path.append(fonts::rectangle(bar), map);
+    fillPath(path, run.colour, false);
+  }
+
+  void operator()(const Unbounded& line) {
+    Unbounded mapped = line;
+    mapped.base = options_.toSurface(line.base);
+    mapped.direction = options_.toSurface.turn(line.direction);
+    Pt from, to;
+    if (!clip(mapped, grown(options_.clip, width(line.pen)), from, to)) return;
+    Path path;
+    path.moveTo(from);
+    path.lineTo(to);
+    strokePath(path, line.pen);
+  }
+
+  void operator()(const Dot& dot) {
+    const Pt at = options_.toSurface(dot.at);
+    const double size = dot.size > 0 ? dot.size * scale_ : pointMarkMm * options_.unitsPerMm;
+    Path mark;
+    const auto line = [&](double x1, double y1, double x2, double y2) {
+      mark.moveTo(at + size * Pt{x1, y1});
+      mark.lineTo(at + size * Pt{x2, y2});
+    };
+    switch (dot.mode & 7) {
+      case 0: return plainDot(at, dot);
+      case 2: line(-0.5, 0, 0.5, 0), line(0, -0.5, 0, 0.5); break;
+      case 3: line(-0.5, -0.5, 0.5, 0.5), line(-0.5, 0.5, 0.5, -0.5); break;
+      case 4: line(0, 0, 0, -0.5); break;
+      default: break;
+    }
+    frame(mark, at, size, dot.mode);
+    strokePath(mark, dot.pen);
+  }
+
+ private:
+  cairo_t* cr_;
+  const PaintOptions& options_;
+  double scale_;  // surface units in a drawing unit
+  Box guard_;
+  EmbeddedFonts fonts_;
+
+  double width(const Pen& pen) const { return std::max(pen.weightMm * options_.unitsPerMm, options_.thinnest); }
+
+  void plainDot(Pt at, const Dot& dot) {
+    const double radius = std::max(pointDotMm * options_.unitsPerMm, options_.thinnest) / 2;
+    Path disc;
+    addEllipse(disc, at, {radius, 0}, {0, radius});
+    fillPath(disc, dot.pen.colour, false);
+    Path rim;
+    frame(rim, at, dot.size > 0 ? dot.size * scale_ : pointMarkMm * options_.unitsPerMm, dot.mode);
+    strokePath(rim, dot.pen);
+  }
+
+  static void frame(Path& mark, Pt at, double size, int mode) {
+    if (mode & 32) addEllipse(mark, at, {size / 2, 0}, {0, size / 2});
+    Box square;
+    square.add(at - Pt{size / 2, size / 2});
+    square.add(at + Pt{size / 2, size / 2});
+    if (mode & 64) mark.append(fonts::rectangle(square));
+  }
+
+  Colour resolved(Colour colour) const {
+    const std::uint8_t alpha = colour.alpha;
+    if (colour.kind == Colour::Kind::foreground) colour = options_.foreground;
+    else if (colour.kind == Colour::Kind::background) colour = options_.background;
+    colour.alpha = alpha;
+    return colour;
+  }
+
+  void source(Colour colour) { setSource(cr_, resolved(colour)); }
+
+  void greek(const GlyphRun& run, const Affine& map) {
+    Path path;
+    path.moveTo(map({0, 0.5}));
+    path.lineTo(map({run.line.advance, 0.5}));
+    strokePath(path, {run.colour, 0, nullptr});
+  }
+
+  void drawBars(const GlyphRun& run, const Affine& map) {
+    Path path;
+    for (const Box& bar : run.line.bars) path.append(fonts::rectangle(bar), map);
+    fillPath(path, run.colour, false);
+  }
+
+  void trace(const Path& path) {
+    cairo_new_path(cr_);
+    const Pt* p = path.points().data();
+    for (const Path::Verb verb : path.verbs()) {
+      switch (verb) {
+        case Path::Verb::move: cairo_move_to(cr_, p->x, p->y), ++p; break;
+        case Path::Verb::line: cairo_line_to(cr_, p->x, p->y), ++p; break;
+        case Path::Verb::cubic: cairo_curve_to(cr_, p[0].x, p[0].y, p[1].x, p[1].y, p[2].x, p[2].y), p += 3; break;
+        case Path::Verb::close: cairo_close_path(cr_); break;
+      }
+    }
+  }
+
+  void strokePath(const Path& path, const Pen& pen) {
+    if (path.empty() || hair(path, {}, pen)) return;
+    source(pen.colour);
+    cairo_set_line_width(cr_, width(pen));
+    setDashes(pen);
+    trace(within(path.bounds(), guard_) ? path : clipStroke(path, guard_));
+    cairo_stroke(cr_);
+  }
+
+  bool hair(const Path& path, const Affine& map, const Pen& pen) {
+    const Colour colour = resolved(pen.colour);
+    if (!options_.hairlines || pen.dashes || colour.alpha != 255 ||
+        width(pen) > kThickestHair * std::max(1.0, options_.thinnest))
+      return false;
+    cairo_surface_t* const surface = cairo_get_target(cr_);
+    cairo_surface_flush(surface);
+    options_.hairlines->stroke(path, map, colour, std::max(1, static_cast<int>(std::lround(width(pen)))));
+    cairo_surface_mark_dirty(surface);
+    return true;
+  }
+
+  void setDashes(const Pen& pen) {
+    std::vector<double> lengths;
+    double total = 0;
+    if (pen.dashes)
+      for (const double d : *pen.dashes)
+        total += lengths.emplace_back(std::max(d * scale_, dotMm * options_.unitsPerMm));
+    const bool visible = total >= shortestPattern && std::isfinite(total);
+    cairo_set_dash(cr_, lengths.data(), visible ? static_cast<int>(lengths.size()) : 0, 0);
+  }
+
+  void fillPath(const Path& path, Colour colour, bool evenOdd) {
+    if (path.empty()) return;
+    source(colour);
+    cairo_set_fill_rule(cr_, evenOdd ? CAIRO_FILL_RULE_EVEN_ODD : CAIRO_FILL_RULE_WINDING);
+    trace(within(path.bounds(), guard_) ? path : clipFill(path, guard_, 0.05));
+    cairo_fill(cr_);
+  }
+
+  static bool within(const Box& inner, const Box& box) {
+    return inner.xMin >= box.xMin && inner.xMax <= box.xMax && inner.yMin >= box.yMin && inner.yMax <= box.yMax;
+  }
+};
+
+}  // namespace
+
+void paint(cairo_t* context, const DisplayList& list, const PaintOptions& options) {
+  if (options.clip.empty()) return;
+  cairo_save(context);
+  cairo_rectangle(context, options.clip.xMin, options.clip.yMin, options.clip.width(), options.clip.height());
+  cairo_clip(context);
+  cairo_set_line_cap(context, CAIRO_LINE_CAP_ROUND);
+  cairo_set_line_join(context, CAIRO_LINE_JOIN_ROUND);
+  Painter painter(context, options);
+  if (options.hairlines) {
+    cairo_set_operator(context, CAIRO_OPERATOR_DEST_OVER);
+    for (auto item = list.items().rbegin(); item != list.items().rend(); ++item) painter.item(*item);
+  } else {
+    for (const Primitive& primitive : list.items()) {
+      if (options.step) options.step();
+      painter.item(primitive);
+    }
+  }
+  cairo_restore(context);
+}
+
+PictureCanvas::PictureCanvas(unsigned char* pixels, int width, int height, int stride)
+    : surface_(cairo_image_surface_create_for_data(pixels, CAIRO_FORMAT_ARGB32, width, height, stride)),
+      context_(cairo_create(surface_)) {
+  if (const auto status = cairo_status(context_); status != CAIRO_STATUS_SUCCESS) {
+    cairo_destroy(context_);
+    cairo_surface_destroy(surface_);
+    throw PlotError(std::string("image impossible : ") + cairo_status_to_string(status));
+  }
+  cairo_set_operator(context_, CAIRO_OPERATOR_CLEAR);
+  cairo_paint(context_);
+  cairo_set_operator(context_, CAIRO_OPERATOR_OVER);
+}
+
+PictureCanvas::~PictureCanvas() {
+  cairo_surface_flush(surface_);
+  cairo_destroy(context_);
+  cairo_surface_destroy(surface_);
+}
+
+void PictureCanvas::ground(const Colour& colour) {
+  cairo_set_operator(context_, CAIRO_OPERATOR_DEST_OVER);
+  cairo_set_source_rgb(context_, colour.r / 255.0, colour.g / 255.0, colour.b / 255.0);
+  cairo_paint(context_);
+  cairo_set_operator(context_, CAIRO_OPERATOR_OVER);
+}
+
+void PictureCanvas::paint(const DisplayList& list, const PaintOptions& options) {
+  render::paint(context_, list, options);
+}
+
+void paintPicture(unsigned char* pixels, int width, int height, int stride, const DisplayList& list,
+                  PaintOptions options) {
+  PictureCanvas canvas(pixels, width, height, stride);
+  canvas.ground(options.background);
+  if (options.clip.empty()) options.clip = {0, 0, static_cast<double>(width), static_cast<double>(height)};
+  canvas.paint(list, options);
+}
+
+}  // namespace atelier::render

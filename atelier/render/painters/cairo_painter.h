@@ -1,0 +1,73 @@
+// Painting a display list on a Cairo surface: the one painter of PDF, SVG, PNG and in-memory pictures.
+#pragma once
+
+#include <cairo.h>
+
+#include <functional>
+#include <utility>
+#include <vector>
+
+#include "atelier/render/painters/hairlines.h"
+#include "atelier/render/shapes/primitives.h"
+
+namespace atelier::render {
+
+// Pixels that hold something too small to have a shape: one mark stands for all that falls on it.
+class TinyMarks {
+ public:
+  TinyMarks(int width, int height)
+      : width_(width), height_(height), seen_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height)) {}
+  // Whether the pixel of that place is inside and was not marked before; it is now.
+  bool mark(Pt at) {
+    if (!(at.x >= 0 && at.y >= 0 && at.x < width_ && at.y < height_)) return false;
+    const auto pixel =
+        static_cast<std::size_t>(at.y) * static_cast<std::size_t>(width_) + static_cast<std::size_t>(at.x);
+    return !std::exchange(seen_[pixel], std::uint8_t{1});
+  }
+
+ private:
+  int width_, height_;
+  std::vector<std::uint8_t> seen_;
+};
+
+struct PaintOptions {
+  Affine toSurface;           // drawing units to surface units, y of the surface downwards
+  double unitsPerMm = 1;      // surface units in a millimetre of paper
+  Box clip;                   // surface units: nothing is painted outside
+  double thinnest = 0;        // least width of a stroke, surface units
+  double greekBelow = 0;      // texts with capitals lower than this, in surface units, become a line: for screens
+  TinyMarks* tiny = nullptr;  // when there: what is smaller than a surface unit becomes a dot, once a place
+  // Of the same picture, when there: thin opaque lines without dashes are set by them, and all is painted from the top
+  // down, each primitive beneath what is there. Lists are then painted from the last to the first.
+  Hairlines* hairlines = nullptr;
+  std::function<void()> step;  // called before each primitive; throws to break off
+  bool embedFonts = false;     // texts as glyphs of their fonts: for PDF and SVG, smaller and searchable
+  Colour foreground{0, 0, 0}, background{255, 255, 255};
+};
+
+// Leaves the state of the context as it was. Primitives outside the clip cost next to nothing.
+void paint(cairo_t* context, const DisplayList& list, const PaintOptions& options);
+
+// A picture in memory that is painted list by list; see paintPicture. It begins transparent.
+class PictureCanvas {
+ public:
+  PictureCanvas(unsigned char* pixels, int width, int height, int stride);
+  ~PictureCanvas();
+  PictureCanvas(const PictureCanvas&) = delete;
+  PictureCanvas& operator=(const PictureCanvas&) = delete;
+  void paint(const DisplayList& list, const PaintOptions& options);
+  // Beneath all that is there.
+  void ground(const Colour& colour);
+
+ private:
+  cairo_surface_t* surface_;
+  cairo_t* context_;
+};
+
+// Paints on a picture in memory: width x height pixels of 32 bits, 0xAARRGGBB in the machine's byte order,
+// rows of `stride` bytes; what stood there is covered with the background. Throws PlotError when the sizes
+// make no picture.
+void paintPicture(unsigned char* pixels, int width, int height, int stride, const DisplayList& list,
+                  PaintOptions options);
+
+}  // namespace atelier::render

@@ -1,0 +1,15 @@
+// The colour table of drawings: AutoCAD Color Index 1 to 255 in red, green, blue.
+#pragma once
+
+#include "atelier/render/shapes/primitives.h"
+
+namespace atelier::render {
+
+// 1..9 the named colours (7 the foreground), 10..249 twenty-four hues in ten shades, 250..255 greys.
+// Any other index gives the foreground.
+Colour aciColour(int index);
+
+// 0xRRGGBB, as in group 420.
+Colour trueColour(std::uint32_t rgb);
+
+}  // namespace atelier::render

@@ -1,0 +1,168 @@
+// Polylines, light and with vertex entities: widths, bulges, curve fits, meshes; and leaders.
+// A line type starts again at each vertex unless the polyline says that it runs through (flag 128).
+#include <algorithm>
+#include <cmath>
+
+#include "atelier/render/scene/scene_builder.h"
+#include "atelier/render/shapes/tessellate.h"
+
+namespace atelier::render {
+
+namespace {
+
+// Flags of polylines and of their vertices (group 70).
+constexpr std::int64_t closedFlag = 1, meshClosedAcross = 32, threeD = 8, mesh = 16, polyface = 64, runsThrough = 128;
+constexpr std::int64_t frameVertex = 16, faceVertex = 128, placedVertex = 64;
+
+std::vector<PolyVertex> lightVertices(const Groups& g) {
+  std::vector<PolyVertex> out;
+  const double constant = g.real(43);
+  for (const Group* group : g.all()) {
+    if (group->code() == 10) {
+      out.push_back({{group->real(), 0}, 0, constant, constant});
+      continue;
+    }
+    if (out.empty()) continue;
+    switch (group->code()) {
+      case 20: out.back().at.y = group->real(); break;
+      case 40: out.back().startWidth = group->real(); break;
+      case 41: out.back().endWidth = group->real(); break;
+      case 42: out.back().bulge = group->real(); break;
+      default: break;
+    }
+  }
+  return out;
+}
+
+std::vector<PolyVertex> heavyVertices(SceneBuilder& scene, const Entity& e) {
+  std::vector<PolyVertex> out;
+  for (AcDbStub* stub : scene.children(e.stub)) {
+    const Groups g = scene.groupsOf(*stub);
+    if (g.text(0) != "VERTEX" || (g.integer(70) & frameVertex)) continue;
+    const AcGePoint3d p = g.point(10);
+    out.push_back({{p.x, p.y}, g.real(42), g.real(40, e.groups.real(40)), g.real(41, e.groups.real(41))});
+  }
+  return out;
+}
+
+void planePolyline(SceneBuilder& scene, const Entity& e, const std::vector<PolyVertex>& vertices, double elevation) {
+  const std::int64_t flags = e.groups.integer(70);
+  const bool closed = (flags & closedFlag) != 0;
+  const Affine map = e.plane(elevation);
+  const bool wide = isWide(vertices, closed) && scene.database().header.integer("$FILLMODE", 1) != 0;
+  if (wide) scene.fill(e, wideArea(vertices, closed).mapped(map), false);
+  const auto thin = [](const PolyVertex& v) { return v.startWidth <= 0 && v.endWidth <= 0; };
+  if (wide && std::ranges::none_of(vertices, thin)) return;
+
+  if (!wide && (!e.look.pattern || (flags & runsThrough)))
+    return scene.stroke(e, polylinePath(vertices, closed).mapped(map));
+  // Segment by segment: those with a width are already there as areas.
+  Path path;
+  const std::size_t n = vertices.size(), segments = n < 2 ? 0 : closed ? n : n - 1;
+  for (std::size_t i = 0; i < segments; ++i) {
+    if (wide && !thin(vertices[i])) continue;
+    path.moveTo(vertices[i].at);
+    addBulge(path, vertices[i].at, vertices[(i + 1) % n].at, vertices[i].bulge);
+  }
+  scene.stroke(e, path.mapped(map));
+}
+
+void spacePolyline(SceneBuilder& scene, const Entity& e) {
+  Path path;
+  for (AcDbStub* stub : scene.children(e.stub)) {
+    const Groups g = scene.groupsOf(*stub);
+    if (g.text(0) == "VERTEX" && !(g.integer(70) & frameVertex)) path.lineTo(e.world(g.point(10)));
+  }
+  if (e.groups.integer(70) & closedFlag) path.close();
+  scene.stroke(e, std::move(path));
+}
+
+// The lines of an m by n mesh of points, row after row.
+void drawMesh(SceneBuilder& scene, const Entity& e) {
+  std::vector<Pt> points;
+  for (AcDbStub* stub : scene.children(e.stub)) {
+    const Groups g = scene.groupsOf(*stub);
+    if (g.text(0) == "VERTEX" && !(g.integer(70) & frameVertex)) points.push_back(e.world(g.point(10)));
+  }
+  // A smoothed mesh has its own density in groups 73 and 74.
+  const bool smooth = e.groups.integer(75) != 0;
+  const auto rows = e.groups.integer(smooth ? 73 : 71), columns = e.groups.integer(smooth ? 74 : 72);
+  if (rows < 1 || columns < 1 || rows > 32767 || columns > 32767 ||
+      static_cast<std::size_t>(rows * columns) > points.size())
+    return scene.cannotShow("maillage polygonal incomplet");
+  const auto at = [&](std::int64_t r, std::int64_t c) { return points[static_cast<std::size_t>(r * columns + c)]; };
+  Path path;
+  for (std::int64_t r = 0; r < rows; ++r) {
+    path.moveTo(at(r, 0));
+    for (std::int64_t c = 1; c < columns; ++c) path.lineTo(at(r, c));
+    if (e.groups.integer(70) & meshClosedAcross) path.close();
+  }
+  for (std::int64_t c = 0; c < columns; ++c) {
+    path.moveTo(at(0, c));
+    for (std::int64_t r = 1; r < rows; ++r) path.lineTo(at(r, c));
+    if (e.groups.integer(70) & closedFlag) path.close();
+  }
+  scene.stroke(e, std::move(path));
+}
+
+// Vertices first, then faces that name them by number from 1; a negative number hides the edge that follows.
+void drawPolyface(SceneBuilder& scene, const Entity& e) {
+  std::vector<Pt> points;
+  Path path;
+  for (AcDbStub* stub : scene.children(e.stub)) {
+    const Groups g = scene.groupsOf(*stub);
+    const std::int64_t flags = g.integer(70);
+    if (g.text(0) != "VERTEX") continue;
+    if (flags & placedVertex) points.push_back(e.world(g.point(10)));
+    if (!(flags & faceVertex) || (flags & placedVertex)) continue;
+    std::vector<std::int64_t> corners;
+    for (int code = 71; code <= 74; ++code)
+      if (const std::int64_t corner = g.integer(code); corner != 0) corners.push_back(corner);
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+      const auto a = static_cast<std::size_t>(std::abs(corners[i])) - 1;
+      const auto b = static_cast<std::size_t>(std::abs(corners[(i + 1) % corners.size()])) - 1;
+      if (corners[i] < 0 || a >= points.size() || b >= points.size()) continue;
+      path.moveTo(points[a]);
+      path.lineTo(points[b]);
+    }
+  }
+  scene.stroke(e, std::move(path));
+}
+
+}  // namespace
+
+void drawLwPolyline(SceneBuilder& scene, const Entity& e) {
+  planePolyline(scene, e, lightVertices(e.groups), e.groups.real(38));
+}
+
+void drawPolyline(SceneBuilder& scene, const Entity& e) {
+  const std::int64_t flags = e.groups.integer(70);
+  if (flags & threeD) return spacePolyline(scene, e);
+  if (flags & mesh) return drawMesh(scene, e);
+  if (flags & polyface) return drawPolyface(scene, e);
+  planePolyline(scene, e, heavyVertices(scene, e), e.groups.point(10).z);
+}
+
+void drawLeader(SceneBuilder& scene, const Entity& e) {
+  std::vector<Pt> points;
+  for (const AcGePoint3d& p : e.groups.points(10)) points.push_back(e.world(p));
+  if (points.size() < 2) return;
+  Path path;
+  for (const Pt p : points) path.lineTo(p);
+  scene.stroke(e, std::move(path));
+  const Pt along = points[1] - points[0];
+  const double length = std::hypot(along.x, along.y);
+  if (e.groups.integer(71, 1) == 0 || length == 0) return;
+  // The arrow head as the dimension variables of the drawing size it, a third as wide as long.
+  const HeaderVariables& header = scene.database().header;
+  const double size = std::fmin(header.real("$DIMASZ", 0.18) * header.real("$DIMSCALE", 1), length / 2) / length;
+  const Pt across{-along.y, along.x};
+  Path arrow;
+  arrow.moveTo(points[0]);
+  arrow.lineTo(points[0] + (size * along + size / 6 * across));
+  arrow.lineTo(points[0] + (size * along - size / 6 * across));
+  arrow.close();
+  scene.fill(e, std::move(arrow), true);
+}
+
+}  // namespace atelier::render

@@ -1,0 +1,152 @@
+// Groups of tables into looks.
+// Transparency (group 440, XDATA of layers): the highest byte says how it is given, the lowest the opacity.
+#include "atelier/render/scene/properties.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "atelier/render/scene/colours.h"
+
+namespace atelier::render {
+
+namespace {
+
+constexpr double defaultWeightMm = 0.25;
+constexpr int byLayer = -1, byBlock = -2;
+constexpr std::uint32_t alphaByBlock = 0x01, alphaByValue = 0x02;
+// Bits of the font descriptor in XDATA of a text style.
+constexpr std::int64_t italicFont = 0x1000000, boldFont = 0x2000000;
+
+// Line weights are hundredths of a millimetre; the negative ones that are no rule of inheritance are the
+// default.
+double weightMm(std::int64_t stored) { return stored < 0 ? defaultWeightMm : static_cast<double>(stored) / 100; }
+
+void setAlpha(Colour& colour, std::int64_t transparency) {
+  const auto bits = static_cast<std::uint32_t>(transparency);
+  if (bits >> 24 == alphaByValue) colour.alpha = static_cast<std::uint8_t>(bits);
+}
+
+// Dashes and gaps by turns, from elements of either sign: equal signs in a row are joined, a gap in front
+// goes to the end.
+Pattern alternating(const std::vector<double>& elements) {
+  Pattern out;
+  bool dash = false;  // kind of the last element of out
+  double leadingGap = 0;
+  for (const double e : elements) {
+    if (!std::isfinite(e)) return {};
+    if (out.empty() && e < 0) leadingGap -= e;
+    else if (!out.empty() && dash == (e >= 0)) out.back() += std::abs(e);
+    else out.push_back(std::abs(e));
+    if (!out.empty()) dash = e >= 0;
+  }
+  if (out.empty()) return {};
+  if (dash) out.push_back(0);
+  out.back() += leadingGap;
+  double gaps = 0;
+  for (std::size_t i = 1; i < out.size(); i += 2) gaps += out[i];
+  return gaps > 0 ? out : Pattern{};
+}
+
+}  // namespace
+
+Properties::Properties(AcDbImpDatabase& database, bool paper)
+    : database_(database), paper_(paper), scale_(database.header.real("$LTSCALE", 1)) {}
+
+std::string_view Properties::key(std::string_view name) { return key_ = upperCase(name); }
+
+const Record* Properties::record(std::string_view table, std::string_view name) {
+  AcDbStub* stub = database_.tableRecord(table, name);
+  return stub ? &AcDbImpObject::of(&database_.object(*stub)).settled() : nullptr;
+}
+
+const Layer& Properties::layer(std::string_view name) {
+  if (const auto known = layers_.find(key(name)); known != layers_.end()) return known->second;
+  Layer& layer = layers_[key_];
+  layer.plotted = !equalNoCase(name, "Defpoints");
+  const Record* stored = record("LAYER", name);
+  if (!stored) return layer;
+  const Groups groups(*stored);
+  const std::int64_t colour = groups.integer(62, 7);
+  layer.colour = groups.has(420) ? trueColour(static_cast<std::uint32_t>(groups.integer(420)))
+                                 : aciColour(static_cast<int>(std::abs(colour)));
+  for (const Group& group : xdataOf(*stored, "AcCmTransparency"))
+    if (group.code() == 1071) setAlpha(layer.colour, group.integer());
+  layer.off = colour < 0;
+  layer.frozen = (groups.integer(70) & 1) != 0;
+  layer.plotted = layer.plotted && groups.integer(290, 1) != 0;
+  layer.weightMm = weightMm(groups.integer(370, -3));
+  layer.pattern = pattern(groups.text(6, "CONTINUOUS"));
+  return layer;
+}
+
+const Layer& Properties::layerOf(const Groups& entity, const Inherited& from) {
+  const std::string_view name = entity.text(8, "0");
+  return name == "0" && from.layer ? *from.layer : layer(name);
+}
+
+Look Properties::look(const Groups& entity, const Inherited& from) {
+  const Layer& layer = layerOf(entity, from);
+  Look look;
+  look.frozen = layer.frozen || (paper_ && !layer.plotted) || entity.integer(60) != 0;
+  look.hidden = look.frozen || layer.off;
+
+  const std::int64_t index = entity.integer(62, 256);
+  if (entity.has(420)) look.colour = trueColour(static_cast<std::uint32_t>(entity.integer(420)));
+  else if (index == 0) look.colour = from.look.colour;
+  else look.colour = index == 256 ? layer.colour : aciColour(static_cast<int>(index));
+  const std::int64_t transparency = entity.integer(440);
+  look.colour.alpha = transparency >> 24 == alphaByBlock ? from.look.colour.alpha : layer.colour.alpha;
+  setAlpha(look.colour, transparency);
+
+  const std::int64_t weight = entity.integer(370, byLayer);
+  look.weightMm = weight == byLayer ? layer.weightMm : weight == byBlock ? from.look.weightMm : weightMm(weight);
+
+  const std::string_view type = entity.text(6, "BYLAYER");
+  if (equalNoCase(type, "BYLAYER")) look.pattern = layer.pattern;
+  else look.pattern = equalNoCase(type, "BYBLOCK") ? from.look.pattern : pattern(type);
+  look.patternScale = scale_ * entity.real(48, 1);
+  return look;
+}
+
+const Pattern* Properties::pattern(std::string_view name) {
+  if (name.empty() || equalNoCase(name, "CONTINUOUS")) return nullptr;
+  const auto known = patterns_.find(key(name));
+  if (known != patterns_.end()) return known->second.empty() ? nullptr : &known->second;
+  Pattern& made = patterns_[key_];
+  if (const Record* stored = record("LTYPE", name)) made = alternating(Groups(*stored).reals(49));
+  return made.empty() ? nullptr : &made;
+}
+
+const TextStyle& Properties::textStyle(std::string_view name) {
+  if (const auto known = styles_.find(key(name)); known != styles_.end()) return known->second;
+  TextStyle& style = styles_[key_];
+  const Record* stored = record("STYLE", name);
+  if (!stored) return style;
+  const Groups groups(*stored);
+  style.height = groups.real(40);
+  style.font.widthFactor = groups.real(41, 1);
+  style.font.oblique = groups.radians(50);
+  style.font.file = groups.text(3, "txt");
+  // A style made from a family rather than a file names it in XDATA.
+  for (const Group& group : xdataOf(*stored, "ACAD")) {
+    if (group.code() == 1000 && !group.text().empty()) style.font.file = group.text();
+    if (group.code() != 1071) continue;
+    style.font.bold = (group.integer() & boldFont) != 0;
+    style.font.italic = (group.integer() & italicFont) != 0;
+  }
+  return style;
+}
+
+Dashes Properties::dashes(const Pattern* pattern, double scale) {
+  if (!pattern || !(scale > 0) || !std::isfinite(scale)) return nullptr;
+  Dashes& made = dashes_[{pattern, scale}];
+  if (!made) {
+    std::vector<double> lengths(*pattern);
+    for (double& length : lengths) length *= scale;
+    made = std::make_shared<const std::vector<double>>(std::move(lengths));
+  }
+  return made;
+}
+
+}  // namespace atelier::render

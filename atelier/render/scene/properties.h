@@ -1,0 +1,75 @@
+// What entities take from their layer, their block and the drawing: colour, line weight, line type, text
+// style. Inner header of the room; tables of the drawing are read once and kept.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+
+#include "atelier/database/objects/imp_database.h"
+#include "atelier/render/scene/groups.h"
+#include "atelier/render/shapes/primitives.h"
+
+namespace atelier::render {
+
+// Lengths in drawing units at line type scale 1, dash first; empty: continuous.
+using Pattern = std::vector<double>;
+
+struct Layer {
+  Colour colour = foreground;
+  double weightMm = 0.25;
+  const Pattern* pattern = nullptr;
+  bool off = false, frozen = false, plotted = true;
+};
+
+// The look of an entity when nothing is left to look up.
+struct Look {
+  Colour colour = foreground;
+  double weightMm = 0.25;
+  const Pattern* pattern = nullptr;  // null: continuous
+  double patternScale = 1;           // drawing and entity factors
+  bool hidden = false;               // its layer is off or frozen, or it says so
+  bool frozen = false;               // so is all that it holds
+};
+
+// What the entities of a block take from the reference: "by block" properties, and its layer for those on
+// layer 0.
+struct Inherited {
+  const Layer* layer = nullptr;
+  Look look;
+};
+
+struct TextStyle {
+  fonts::FontStyle font;
+  double height = 0;  // 0: each text has its own
+};
+
+class Properties {
+ public:
+  // paper: layers that are not to be plotted are hidden.
+  Properties(AcDbImpDatabase& database, bool paper);
+
+  const Layer& layer(std::string_view name);
+  Look look(const Groups& entity, const Inherited& from);
+  // The layer that counts for an entity: that of the reference for layer 0.
+  const Layer& layerOf(const Groups& entity, const Inherited& from);
+  const TextStyle& textStyle(std::string_view name);
+  // Null when the pattern is empty or the scale is not positive.
+  Dashes dashes(const Pattern* pattern, double scale);
+
+ private:
+  const Pattern* pattern(std::string_view name);
+  std::string_view key(std::string_view name);
+  const Record* record(std::string_view table, std::string_view name);
+
+  AcDbImpDatabase& database_;
+  bool paper_;
+  double scale_;  // $LTSCALE
+  std::string key_;
+  std::map<std::string, Layer, std::less<>> layers_;
+  std::map<std::string, Pattern, std::less<>> patterns_;
+  std::map<std::string, TextStyle, std::less<>> styles_;
+  std::map<std::pair<const Pattern*, double>, Dashes> dashes_;
+};
+
+}  // namespace atelier::render

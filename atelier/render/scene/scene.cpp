@@ -1,0 +1,192 @@
+// The walk over a drawing: limits, visibility, and which function draws which type.
+// Warnings are counted by sentence, so that a thousand entities of one kind make one line.
+#include "atelier/render/scene/scene.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "atelier/base/interruption.h"
+#include "atelier/render/scene/scene_builder.h"
+#include "atelier/render/shapes/plot_error.h"
+
+namespace atelier::render {
+
+namespace {
+
+struct Kind {
+  std::string_view type;
+  DrawFunction draw;
+};
+constexpr Kind kinds[] = {
+    {"LINE", drawLine},
+    {"CIRCLE", drawCircle},
+    {"ARC", drawArc},
+    {"ELLIPSE", drawEllipse},
+    {"SPLINE", drawSpline},
+    {"POINT", drawPoint},
+    {"XLINE", drawUnbounded},
+    {"RAY", drawUnbounded},
+    {"SOLID", drawSolid},
+    {"TRACE", drawSolid},
+    {"3DFACE", drawFace},
+    {"LWPOLYLINE", drawLwPolyline},
+    {"POLYLINE", drawPolyline},
+    {"LEADER", drawLeader},
+    {"TEXT", drawText},
+    {"ATTRIB", drawAttribute},
+    {"ATTDEF", drawAttributeDefinition},
+    {"MTEXT", drawMText},
+    {"INSERT", drawInsert},
+    {"ACAD_TABLE", drawInsert},
+    {"DIMENSION", drawDimension},
+    {"ARC_DIMENSION", drawDimension},
+    {"LARGE_RADIAL_DIMENSION", drawDimension},
+    {"HATCH", drawHatch},
+};
+// Frames on a sheet and the like: nothing to see in the model space.
+constexpr std::string_view invisible[] = {"VIEWPORT", "SEQEND", "VERTEX", "LIGHT", "SUN"};
+
+DisplayList drawAll(const AcDbDatabase& database, std::span<AcDbStub* const> entities, const SceneOptions& options) {
+  SceneBuilder builder(AcDbImpDatabase::of(&database), options);
+  try {
+    for (AcDbStub* stub : entities) builder.entity(*stub, {});
+  } catch (const fonts::FontError& error) {
+    throw PlotError(std::string("aucune police n'est installée (") + error.what() + ")");
+  }
+  return builder.finish();
+}
+
+}  // namespace
+
+namespace {
+// What blocks and arrays may make of a drawing: so many times what it holds, and at least this much. A small file that
+// unfolds to billions ends in seconds; a large one that shows its blocks by the thousand is drawn whole.
+constexpr std::size_t kUnfolding = 50, kLeastPrimitives = 200'000;
+}  // namespace
+
+std::uint64_t Entity::source() const { return at.source ? at.source : stub.handle; }
+
+Affine Entity::plane(double elevation) const {
+  const AcGeVector3d normal = groups.normal();
+  const bool flat = normal.x == 0 && normal.y == 0 && normal.z > 0;
+  const AcGeMatrix3d m = flat ? at.toWorld : at.toWorld * AcGeMatrix3d().setToPlaneToWorld(normal);
+  return {m(0, 0), m(1, 0), m(0, 1), m(1, 1), m(0, 2) * elevation + m(0, 3), m(1, 2) * elevation + m(1, 3)};
+}
+
+Pt Entity::world(const AcGePoint3d& point) const {
+  const AcGePoint3d p = at.toWorld * point;
+  return {p.x, p.y};
+}
+
+SceneBuilder::SceneBuilder(AcDbImpDatabase& database, const SceneOptions& options)
+    : database_(database),
+      options_(options),
+      most_(std::min(options.mostPrimitives, std::max(kLeastPrimitives, kUnfolding * database.stubs().size()))),
+      properties_(database, options.paper) {}
+
+Groups SceneBuilder::groupsOf(AcDbStub& stub) { return Groups(AcDbImpObject::of(&database_.object(stub)).settled()); }
+
+std::vector<AcDbStub*> SceneBuilder::children(const AcDbStub& stub) const {
+  std::vector<AcDbStub*> out;
+  if (stub.children)
+    std::ranges::copy_if(*stub.children, std::back_inserter(out),
+                         [](AcDbStub* s) { return !s->is(AcDbStub::kErased); });
+  return out;
+}
+
+bool SceneBuilder::roomLeft() {
+  stopped_ = stopped_ || ++visits_ > 10 * most_ || list_.items().size() >= most_;
+  return !stopped_;
+}
+
+void SceneBuilder::entity(AcDbStub& stub, const Placement& at) {
+  if (stopped_ || stub.is(AcDbStub::kErased)) return;
+  if (!roomLeft()) return;
+  if (options_.step) options_.step();
+  const AcDbEntityPointer held(idOf(&stub));  // what its block holds must not push it out of memory meanwhile
+  const Record& record = AcDbImpObject::of(&database_.object(stub)).settled();
+  Groups groups(record);
+  Look look = properties_.look(groups, at.inherited);
+  look.patternScale *= at.scale;
+  draw({stub, record, std::move(groups), at, look});
+}
+
+void SceneBuilder::draw(const Entity& e) {
+  const std::string_view type = e.record.type();
+  const auto kind = std::ranges::find(kinds, type, &Kind::type);
+  if (kind == std::end(kinds)) {
+    if (std::ranges::find(invisible, type) == std::end(invisible) && !e.look.hidden)
+      cannotShow("entité de type " + std::string(type) + " non représentée");
+    return;
+  }
+  // A reference on a layer that is off still shows what it holds on other layers.
+  const bool holds = kind->draw == drawInsert || kind->draw == drawDimension;
+  if (holds ? !e.look.frozen : !e.look.hidden) kind->draw(*this, e);
+}
+
+void SceneBuilder::block(AcDbStub& record, const Placement& at) {
+  if (at.depth > options_.deepest)
+    return cannotShow("bloc imbriqué au-delà de " + std::to_string(options_.deepest) + " niveaux");
+  if (std::ranges::find(open_, &record) != open_.end()) return cannotShow("bloc qui se contient lui-même");
+  // An empty block counts as well: billions of them must come to an end.
+  if (!roomLeft() || !record.children) return;
+  open_.push_back(&record);
+  for (AcDbStub* stub : *record.children) {
+    if (stopped_) break;
+    entity(*stub, at);
+  }
+  open_.pop_back();
+}
+
+Pen SceneBuilder::pen(const Entity& e) {
+  return {e.look.colour, e.look.weightMm, properties_.dashes(e.look.pattern, e.look.patternScale)};
+}
+
+void SceneBuilder::add(const Entity& e, std::variant<Stroke, Fill, GlyphRun, Unbounded, Dot> shape) {
+  if (!e.look.hidden) list_.add(e.source(), std::move(shape));
+}
+
+void SceneBuilder::stroke(const Entity& e, Path path) { add(e, Stroke{std::move(path), pen(e)}); }
+
+void SceneBuilder::fill(const Entity& e, Path path, bool evenOdd) { fill(e, std::move(path), evenOdd, e.look.colour); }
+
+void SceneBuilder::fill(const Entity& e, Path path, bool evenOdd, Colour colour) {
+  add(e, Fill{std::move(path), colour, evenOdd});
+}
+
+void SceneBuilder::cannotShow(const std::string& what) { ++unshown_[what]; }
+
+const fonts::Font& SceneBuilder::font(const fonts::FontStyle& style) {
+  const std::string key = style.file + '|' + std::to_string(style.widthFactor) + '|' + std::to_string(style.oblique) +
+                          (style.bold ? "b" : "") + (style.italic ? "i" : "");
+  const auto known = fonts_.find(key);
+  return known != fonts_.end() ? known->second : fonts_.emplace(key, fonts::Font(style)).first->second;
+}
+
+DisplayList SceneBuilder::finish() {
+  for (const auto& [what, count] : unshown_)
+    list_.warnings.push_back(what + (count > 1 ? " (" + std::to_string(count) + " fois)" : ""));
+  if (stopped_)
+    list_.warnings.push_back("dessin incomplet : arrêté après " + std::to_string(list_.items().size()) +
+                             " objets graphiques (blocs imbriqués ou réseaux trop nombreux)");
+  return std::move(list_);
+}
+
+SceneOptions forPlot() {
+  SceneOptions options;
+  options.step = checkInterruption;
+  return options;
+}
+
+DisplayList drawScene(const AcDbDatabase& database, const SceneOptions& options) {
+  const AcDbStub* space = AcDbImpDatabase::of(&database).modelSpace();
+  if (!space || !space->children) return {};
+  return drawAll(database, *space->children, options);
+}
+
+DisplayList drawEntities(const AcDbDatabase& database, std::span<AcDbStub* const> entities,
+                         const SceneOptions& options) {
+  return drawAll(database, entities, options);
+}
+
+}  // namespace atelier::render

@@ -1,0 +1,37 @@
+// A drawing as a display list, seen from above: colours, line weights and line types resolved, blocks
+// unfolded. Start of the road from a database to a plot or a screen.
+#pragma once
+
+#include <functional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "atelier/render/shapes/primitives.h"
+#include "hote/dbmain.h"
+
+class AcDbStub;
+
+namespace atelier::render {
+
+struct SceneOptions {
+  bool paper = true;                       // what is not to be plotted (group 290 of layers, Defpoints) is left out
+  std::size_t mostPrimitives = 2'000'000;  // then the drawing stops with a warning; visits of entities: ten
+                                           // times as many
+  int deepest = 40;                        // blocks within blocks
+  std::function<void()> step = {};         // called for each entity; throws to break off
+};
+
+// The options of a plot: the user may interrupt it.
+SceneOptions forPlot();
+
+// The model space, in drawing order. Never fails on what an entity holds: what cannot be shown is counted in
+// the list's warnings (French). Throws PlotError when no font is installed. Objects of the drawing are
+// parsed, not changed.
+DisplayList drawScene(const AcDbDatabase& database, const SceneOptions& options = {});
+
+// These entities only, as the model space would show them: what the desktop refreshes or highlights.
+DisplayList drawEntities(const AcDbDatabase& database, std::span<AcDbStub* const> entities,
+                         const SceneOptions& options = {});
+
+}  // namespace atelier::render

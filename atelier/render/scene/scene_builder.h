@@ -1,0 +1,103 @@
+// The builder that the drawing functions of entities share. Inner header of the room.
+// A drawing function gets an Entity and hands paths in the entity's own plane to the builder.
+#pragma once
+
+#include <map>
+#include <vector>
+
+#include "atelier/render/scene/properties.h"
+#include "atelier/render/scene/scene.h"
+
+namespace atelier::render {
+
+// Where the entities of a block go, and what they inherit.
+struct Placement {
+  AcGeMatrix3d toWorld;
+  Inherited inherited;
+  double scale = 1;          // of lengths along lines, for line types
+  std::uint64_t source = 0;  // the reference in the model space; 0: each entity for itself
+  int depth = 0;
+};
+
+struct Entity {
+  AcDbStub& stub;
+  const Record& record;
+  Groups groups;
+  const Placement& at;
+  Look look;
+
+  std::uint64_t source() const;
+  // From coordinates in the plane of the entity (group 210, height above it) to the drawing in plan.
+  Affine plane(double elevation = 0) const;
+  // From world coordinates to the drawing in plan.
+  Pt world(const AcGePoint3d& point) const;
+};
+
+class SceneBuilder {
+ public:
+  SceneBuilder(AcDbImpDatabase& database, const SceneOptions& options);
+
+  // Draws a stub that is not erased; a child of a block, an attribute of a reference.
+  void entity(AcDbStub& stub, const Placement& at);
+  // The entities of a block, at a placement within it. No effect beyond the depth and count limits, or inside
+  // itself.
+  void block(AcDbStub& record, const Placement& at);
+
+  void stroke(const Entity& e, Path path);
+  void fill(const Entity& e, Path path, bool evenOdd);
+  void fill(const Entity& e, Path path, bool evenOdd, Colour colour);
+  void add(const Entity& e, std::variant<Stroke, Fill, GlyphRun, Unbounded, Dot> shape);
+  Pen pen(const Entity& e);
+
+  // A French sentence, counted: said once with the number of entities.
+  void cannotShow(const std::string& what);
+
+  AcDbImpDatabase& database() { return database_; }
+  Properties& properties() { return properties_; }
+  Groups groupsOf(AcDbStub& stub);
+  // Children of a stub that are not erased.
+  std::vector<AcDbStub*> children(const AcDbStub& stub) const;
+  const fonts::Font& font(const fonts::FontStyle& style);
+  bool full() const { return stopped_; }
+  DisplayList finish();
+
+ private:
+  void draw(const Entity& e);
+  bool roomLeft();  // counts a visit
+
+  AcDbImpDatabase& database_;
+  SceneOptions options_;
+  std::size_t most_;  // primitives
+  Properties properties_;
+  DisplayList list_;
+  std::vector<const AcDbStub*> open_;  // blocks being drawn
+  std::map<std::string, std::size_t> unshown_;
+  std::map<std::string, fonts::Font, std::less<>> fonts_;
+  std::size_t visits_ = 0;
+  bool stopped_ = false;
+};
+
+using DrawFunction = void (*)(SceneBuilder&, const Entity&);
+
+// One for each kind of entity; scene.cpp ties them to the types.
+void drawLine(SceneBuilder& scene, const Entity& e);
+void drawCircle(SceneBuilder& scene, const Entity& e);
+void drawArc(SceneBuilder& scene, const Entity& e);
+void drawEllipse(SceneBuilder& scene, const Entity& e);
+void drawSpline(SceneBuilder& scene, const Entity& e);
+void drawPoint(SceneBuilder& scene, const Entity& e);
+void drawUnbounded(SceneBuilder& scene, const Entity& e);
+void drawSolid(SceneBuilder& scene, const Entity& e);
+void drawFace(SceneBuilder& scene, const Entity& e);
+void drawLwPolyline(SceneBuilder& scene, const Entity& e);
+void drawPolyline(SceneBuilder& scene, const Entity& e);
+void drawLeader(SceneBuilder& scene, const Entity& e);
+void drawText(SceneBuilder& scene, const Entity& e);
+void drawAttribute(SceneBuilder& scene, const Entity& e);
+void drawAttributeDefinition(SceneBuilder& scene, const Entity& e);
+void drawMText(SceneBuilder& scene, const Entity& e);
+void drawInsert(SceneBuilder& scene, const Entity& e);
+void drawDimension(SceneBuilder& scene, const Entity& e);
+void drawHatch(SceneBuilder& scene, const Entity& e);
+
+}  // namespace atelier::render

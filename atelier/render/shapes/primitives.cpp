@@ -1,0 +1,48 @@
+// Boxes of primitives.
+// A glyph run's box comes from the boxes of its glyphs: exact when upright, a little large when slanted.
+#include "atelier/render/shapes/primitives.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace atelier::render {
+
+namespace {
+
+bool finite(Pt p) { return std::isfinite(p.x) && std::isfinite(p.y); }
+
+Box boxOf(const Path& path) { return std::ranges::all_of(path.points(), finite) ? path.bounds() : Box{}; }
+
+struct BoxOf {
+  Box operator()(const Stroke& s) const { return boxOf(s.path); }
+  Box operator()(const Fill& f) const { return boxOf(f.path); }
+  Box operator()(const Unbounded&) const { return {}; }
+  Box operator()(const Dot& d) const {
+    const Pt half{d.size / 2, d.size / 2};
+    Box box;
+    box.add(d.at - half);
+    box.add(d.at + half);
+    return box;
+  }
+  Box operator()(const GlyphRun& run) const {
+    Box box;
+    const auto add = [&](const Box& part, double x) {
+      if (!part.empty()) box.add(fonts::rectangle(part).bounds(run.map * Affine::translation(x, 0)));
+    };
+    for (const auto& [glyph, x] : run.line.glyphs) add(glyph->ink, x);
+    for (const Box& bar : run.line.bars) add(bar, 0);
+    return box;
+  }
+};
+
+}  // namespace
+
+void DisplayList::add(std::uint64_t source, std::variant<Stroke, Fill, GlyphRun, Unbounded, Dot> shape) {
+  const Box box = std::visit(BoxOf{}, shape);
+  const auto* line = std::get_if<Unbounded>(&shape);
+  if (line ? !finite(line->base) || !finite(line->direction) : box.empty()) return;
+  bounds_.add(box);
+  items_.push_back({source, box, std::move(shape)});
+}
+
+}  // namespace atelier::render

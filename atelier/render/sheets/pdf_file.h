@@ -1,0 +1,45 @@
+// A PDF of several pages in an atomic file. Inner header of the room.
+#pragma once
+
+#include <cairo.h>
+
+#include <memory>
+#include <string>
+
+#include "atelier/render/sheets/atomic_file.h"
+
+namespace atelier::render {
+
+// Cairo's stream into an AtomicFile.
+cairo_status_t toAtomicFile(void* file, const unsigned char* bytes, unsigned int count);
+// Throws PlotError for a failure of Cairo's own; one of writing is told by commit(), with the system's reason.
+void checkCairo(cairo_status_t status, const std::string& file);
+
+// Forgets what was painted on the current page: Cairo goes through all of it once more when a surface ends.
+void dropPage(cairo_surface_t* surface);
+
+class PdfFile {
+ public:
+  static constexpr double kPointsPerMm = 72 / 25.4;
+
+  // Throws PlotError when the folder can't be written.
+  explicit PdfFile(const std::string& file);
+  ~PdfFile();
+  PdfFile(const PdfFile&) = delete;
+  PdfFile& operator=(const PdfFile&) = delete;
+  // Ends the page before and begins one of this size, in millimetres.
+  void beginPage(double widthMm, double heightMm);
+  // The current page, in points from its top left corner.
+  cairo_t* context() const { return context_.get(); }
+  // Ends the last page and puts the file in its place. Throws PlotError; the target is then as it was.
+  void finish();
+
+ private:
+  std::string name_;
+  AtomicFile out_;
+  std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> surface_;
+  std::unique_ptr<cairo_t, decltype(&cairo_destroy)> context_;
+  bool open_ = false, finished_ = false;
+};
+
+}  // namespace atelier::render

@@ -1,0 +1,25 @@
+// Plotting a display list to a file: PDF and SVG as vectors, PNG as a picture.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "atelier/render/sheets/page.h"
+#include "hote/dbmain.h"
+
+namespace atelier::render {
+
+struct PlotOptions {
+  PlotRequest page;
+  double dpi = 150;  // of a PNG; 10 to 2400
+};
+
+// The kind follows the extension of the file: .pdf .svg .png, letter case ignored. Gives the warnings of the
+// list and of the page, French, to be shown. Throws PlotError: unknown extension, page that cannot be made,
+// picture too large, file that cannot be written (what stood there stays).
+std::vector<std::string> plot(const DisplayList& list, const std::string& file, const PlotOptions& options);
+
+// drawScene and plot.
+std::vector<std::string> plotDrawing(const AcDbDatabase& database, const std::string& file, const PlotOptions& options);
+
+}  // namespace atelier::render

@@ -1,0 +1,116 @@
+// etendue-tracee and tracer-feuilles: what entities cover as they are drawn, and sheet sets.
+// The front-end decides what stands on a sheet; see frontal/plv-feuilles.lsp.
+#include "atelier/render/sheets/plot_builtins.h"
+
+#include "atelier/database/objects/stub.h"
+#include "atelier/document/document.h"
+#include "atelier/document/values.h"
+#include "atelier/lisp/evaluator/arguments.h"
+#include "atelier/lisp/evaluator/root.h"
+#include "atelier/render/scene/scene.h"
+#include "atelier/render/sheets/sheets.h"
+
+namespace atelier::render {
+namespace {
+
+using lisp::Arguments;
+using lisp::Interpreter;
+using lisp::Items;
+using lisp::Value;
+
+Value extentsDrawn(Interpreter& in, Arguments arguments) {
+  std::vector<AcDbStub*> stubs;
+  for (const Value item : Items(lisp::listArgument(in, arguments[0])))
+    if (AcDbStub* stub = stubOfValue(item); stub && !stub->is(AcDbStub::kErased)) stubs.push_back(stub);
+  try {
+    const Box box = drawEntities(Document::needed().database(), stubs).bounds();
+    if (box.empty()) return lisp::nil;
+    return in.list({in.point(box.xMin, box.yMin), in.point(box.xMax, box.yMax)});
+  } catch (const Error& error) {
+    in.fail(error.what());
+  }
+}
+
+// The numbers of a list, at least so many; lists in it are passed over.
+std::vector<double> numbersOf(Interpreter& in, Value list, std::size_t least) {
+  std::vector<double> numbers;
+  for (const Value item : Items(lisp::listArgument(in, list)))
+    if (!item.isList()) numbers.push_back(lisp::numberArgument(in, item));
+  if (numbers.size() < least) in.failType("liste de nombres", list);
+  return numbers;
+}
+
+// (x1 y1 x2 y2 (x y1 y2) ...)
+SheetView viewOf(Interpreter& in, Value list) {
+  const auto corners = numbersOf(in, list, 4);
+  SheetView view;
+  view.window.add(Pt{corners[0], corners[1]});
+  view.window.add(Pt{corners[2], corners[3]});
+  for (const Value item : Items(list)) {
+    if (!item.isPair()) continue;
+    const auto cut = numbersOf(in, item, 3);
+    view.cuts.push_back({cut[0], cut[1], cut[2]});
+  }
+  return view;
+}
+
+// (scale (view ...) ((mark . text) ...))
+Sheet sheetOf(Interpreter& in, Value list) {
+  std::vector<Value> parts;
+  for (const Value item : Items(lisp::listArgument(in, list))) parts.push_back(item);
+  if (parts.size() != 3) in.failType("feuille", list);
+  Sheet sheet;
+  sheet.scale = lisp::numberArgument(in, parts[0]);
+  if (!(sheet.scale > 0)) in.failType("echelle", parts[0]);
+  for (const Value view : Items(lisp::listArgument(in, parts[1]))) sheet.views.push_back(viewOf(in, view));
+  for (const Value text : Items(lisp::listArgument(in, parts[2]))) {
+    if (!text.isPair()) in.failType("consp", text);
+    sheet.texts.emplace_back(lisp::stringArgument(in, text.car()), lisp::stringArgument(in, text.cdr()));
+  }
+  return sheet;
+}
+
+std::string foundPath(Interpreter& in, Value name) {
+  const std::string path(lisp::stringArgument(in, name));
+  return in.search().find(path).value_or(path);
+}
+
+Value roomOfTemplate(Interpreter& in, Arguments arguments) {
+  const std::string path = foundPath(in, arguments[0]);
+  try {
+    const Template model = readTemplate(path);
+    return in.list(
+        {in.point(model.sheet.width(), model.sheet.height()), in.point(model.room.width(), model.room.height())});
+  } catch (const Error& error) {
+    in.fail(error.what());
+  }
+}
+
+Value plotSheetSet(Interpreter& in, Arguments arguments) {
+  const std::string file(lisp::stringArgument(in, arguments[0])), path = foundPath(in, arguments[1]);
+  std::vector<Sheet> sheets;
+  for (const Value item : Items(lisp::listArgument(in, arguments[2]))) sheets.push_back(sheetOf(in, item));
+  Document& document = Document::needed();
+  try {
+    for (const std::string& warning : plotSheets(document.database(), readTemplate(path), sheets, file))
+      document.print("\n" + warning);
+  } catch (const Error& error) {
+    in.fail(error.what());
+  }
+  return in.t();
+}
+
+constexpr lisp::Builtin kTable[] = {
+    {"etendue-tracee", extentsDrawn, 1, 1, "(etendue-tracee entités)",
+     "Les deux coins de ce que des entités couvrent, textes compris, ou nil."},
+    {"modele-feuille", roomOfTemplate, 1, 1, "(modele-feuille fichier)",
+     "Largeur et hauteur en mm de la feuille d'un dessin modèle, puis de la place du dessin."},
+    {"tracer-feuilles", plotSheetSet, 3, 3, "(tracer-feuilles pdf modèle feuilles)",
+     "Trace des feuilles (échelle vues textes) en un PDF; une vue est (x1 y1 x2 y2 (x y1 y2) ...), coupures derrière."},
+};
+
+}  // namespace
+
+void providePlots() { addDrawingBuiltins(kTable); }
+
+}  // namespace atelier::render

@@ -1,0 +1,47 @@
+// Sheets of a set: parts of a drawing at scale on pages with the frame and the title block of a template drawing.
+// A template is drawn in millimetres of paper. A closed polyline on its layer FEUILLE is the edge of the sheet, one on its
+// layer DESSIN the room for the drawing; neither is plotted. Marks such as <FEUILLE> in its texts are replaced.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "atelier/render/shapes/primitives.h"
+
+class AcDbDatabase;
+
+namespace atelier::render {
+
+// An upright match line, in drawing units.
+struct MatchLine {
+  double x = 0, yMin = 0, yMax = 0;
+};
+
+struct SheetView {
+  Box window;  // drawing units
+  std::vector<MatchLine> cuts;
+};
+
+struct Sheet {
+  double scale = 1000;  // denominator; a drawing unit is a metre
+  // Side by side from the left of the room, their tops on one line; the whole is centred in height.
+  std::vector<SheetView> views;
+  std::vector<std::pair<std::string, std::string>> texts;  // a mark and what takes its place, UTF-8
+};
+
+struct Template {
+  std::string name;  // of the file, for messages
+  std::string bytes;
+  Box sheet, room;  // millimetres, y upwards
+};
+
+// Throws FileError when the file can't be read, PlotError when it lacks one of the two polylines.
+Template readTemplate(const std::string& file);
+
+// Writes the sheets as the pages of a PDF, whole or not at all. Gives warnings, French. Throws PlotError: no sheet, a view that
+// has no size or is larger than the room, a file that can't be written.
+std::vector<std::string> plotSheets(const AcDbDatabase& drawing, const Template& model,
+                                    const std::vector<Sheet>& sheets, const std::string& file);
+
+}  // namespace atelier::render

@@ -1,0 +1,24 @@
+// The groups of an entity as a selection filter sees them, and their comparison with one group of the filter.
+// Inner header of the room.
+#pragma once
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "atelier/database/objects/imp_database.h"
+
+namespace atelier {
+
+// Every value that the entity has for a group code; a group that it leaves out counts with its default. 410
+// is the name of its layout and 67 tells paper space from model space, whether written or not.
+std::vector<Group> filterValues(AcDbStub& stub, int code);
+// Each point of that code as its ordinates.
+std::vector<AcGePoint3d> filterPoints(AcDbStub& stub, int code);
+bool hasXdataOf(AcDbStub& stub, std::string_view applications);
+
+// Relations: "" or "=" "/=" "!=" "<>" "<" "<=" ">" ">=" "*" "&" "&=". Texts compare as wild-card patterns.
+bool isRelation(std::string_view relation);
+bool groupFits(const Group& value, const Group& wanted, std::string_view relation);
+bool numberFits(double value, double wanted, std::string_view relation);
+
+}  // namespace atelier

@@ -1,0 +1,80 @@
+// Selecting by filter and by place.
+// The spatial index names the few that can match; what they draw decides.
+#include "atelier/selecting/selections.h"
+
+#include <algorithm>
+
+#include "atelier/base/interruption.h"
+#include "atelier/document/document.h"
+#include "atelier/document/layer_states.h"
+#include "atelier/selecting/flat_path.h"
+
+namespace atelier {
+namespace {
+
+using Set = std::shared_ptr<SelectionSet>;
+
+AcDbExtents extentsOf(std::span<const AcGePoint3d> points) {
+  AcDbExtents box;
+  for (const AcGePoint3d& p : points) box.addPoint(p);
+  return box;
+}
+
+// Entities of the current space that show and whose extents overlap the box in plan, latest first.
+template <class VISIT>
+void entitiesNear(Document& document, const AcDbExtents& box, VISIT visit) {
+  LayerStates layers(document.imp());
+  const std::vector<AcDbStub*> near = document.spatialIndex().query(document.database().currentSpaceId(), box);
+  for (auto it = near.rbegin(); it != near.rend(); ++it) {
+    checkInterruption();
+    const AcDbEntity* entity = AcDbEntity::cast(&document.imp().object(**it));
+    if (entity && layers.shows(**it)) visit(**it, *entity);
+  }
+}
+
+bool takes(PolygonMode mode, std::span<const Stroke> strokes, std::span<const AcGePoint3d> points) {
+  switch (mode) {
+    case PolygonMode::window: return insidePolygon(strokes, points);
+    case PolygonMode::crossing: return touchesPolygon(strokes, points);
+    default: return crossesLine(strokes, points);
+  }
+}
+
+void addSpace(SelectionSet& set, AcDbStub* space, const SelectionFilter& filter) {
+  if (!space || !space->children) return;
+  for (auto it = space->children->rbegin(); it != space->children->rend(); ++it) {
+    checkInterruption();
+    if (!(*it)->is(AcDbStub::kErased) && filter.matches(**it)) set.append(*it);
+  }
+}
+
+}  // namespace
+
+Set selectAll(AcDbImpDatabase& database, const SelectionFilter& filter) {
+  auto set = std::make_shared<SelectionSet>();
+  AcDbStub* model = database.modelSpace();
+  addSpace(*set, model, filter);
+  for (AcDbStub* block : *database.table("BLOCK_RECORD")->children)
+    if (block != model && !block->is(AcDbStub::kErased) &&
+        upperCase(database.recordName(*block)).starts_with("*PAPER_SPACE"))
+      addSpace(*set, block, filter);
+  return set;
+}
+
+Set selectPolygon(Document& document, std::span<const AcGePoint3d> points, PolygonMode mode,
+                  const SelectionFilter& filter) {
+  auto set = std::make_shared<SelectionSet>();
+  if (points.size() < (mode == PolygonMode::fence ? 2u : 3u)) return set;
+  entitiesNear(document, extentsOf(points), [&](AcDbStub& stub, const AcDbEntity& entity) {
+    if (takes(mode, strokesOf(entity), points) && filter.matches(stub)) set->append(&stub);
+  });
+  return set;
+}
+
+Set selectBox(Document& document, const AcGePoint3d& a, const AcGePoint3d& b, bool crossing,
+              const SelectionFilter& filter) {
+  const AcGePoint3d corners[] = {a, {b.x, a.y, a.z}, b, {a.x, b.y, a.z}};
+  return selectPolygon(document, corners, crossing ? PolygonMode::crossing : PolygonMode::window, filter);
+}
+
+}  // namespace atelier

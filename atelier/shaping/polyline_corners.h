@@ -1,0 +1,23 @@
+// All corners of a polyline at once, rounded or cut.
+// Inner header of the room. Plane coordinates, distances in drawing units.
+#pragma once
+#include <vector>
+
+#include "atelier/database/curves/polyline_vertices.h"
+
+namespace atelier {
+
+struct CorneredPath {
+  std::vector<PolylineVertex> list;
+  int made = 0;      // corners that were rounded or cut
+  int tooShort = 0;  // corners that stay, since a segment beside them isn't long enough
+};
+
+// Corners between two straight segments get an arc of that radius. An arc between two straight segments that meet ahead
+// of it goes, and their meeting becomes a corner; with a radius of 0 that is all.
+CorneredPath roundedPath(std::vector<PolylineVertex> list, bool closed, double radius);
+
+// Corners between two straight segments are cut off at those distances before and behind.
+CorneredPath cutPath(const std::vector<PolylineVertex>& list, bool closed, double before, double behind);
+
+}  // namespace atelier

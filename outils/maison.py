@@ -1,0 +1,133 @@
+"""The plan of the house: every room of C++ with the rooms that it may include. The one place where arrows are declared.
+
+outils/verifier-fleches.py holds the code against it, outils/dessiner-maison draws it. A room is a folder; names are relative
+to its house, and the name of a folder stands for all rooms in it. Rooms stand from the ground up.
+"""
+
+# The street: what a host offers. Every house may include it, and it includes nothing.
+STREET = "hote"
+
+HOUSES = {
+    "atelier": {
+        "base": "",
+        "geometry": "",
+        "fonts": "",
+        "database/records": "",
+        "database/objects": "base database/records",
+        "database/curves": "database/objects geometry",
+        "database/tables": "base database/objects database/curves",
+        "database/entities": "base database/objects database/curves fonts",
+        "database/lists": "base database/objects database/tables",
+        "dxf/groups": "base database",
+        "dxf/reading": "dxf/groups",
+        "dxf/writing": "base database dxf/groups",
+        "dxf/versions": "base database dxf/groups dxf/reading dxf/writing",
+        "dxf/audit": "base database dxf/writing",
+        "lisp/text": "base",
+        "lisp/values": "",
+        "lisp/evaluator": "base lisp/text lisp/values",
+        "lisp/functions": "base geometry lisp/text lisp/values lisp/evaluator",
+        "document": "base database dxf lisp",
+        "selecting": "base geometry database lisp document",
+        "shaping": "base geometry database document",
+        "variables": "document",
+        "dialogs": "base document",
+        "plugin": "base geometry database lisp document selecting",
+        "commands": "base database lisp document selecting variables",
+        "commands/drawing": "database document commands",
+        "commands/modifying": "base database document shaping variables commands",
+        "commands/records": "base database lisp document variables commands",
+        "commands/files": "base dxf document variables commands",
+        "commands/views": "base lisp document plugin commands",
+        "functions": "base database lisp document selecting dialogs commands",
+        "application": "document selecting variables plugin commands functions",
+        "exchange": "base dxf lisp document",
+        "render/shapes": "base fonts",
+        "render/painters": "render/shapes",
+        "render/scene": "base geometry fonts database document render/shapes",
+        "render/sheets": "base database dxf lisp document render/shapes render/painters render/scene",
+        "console": "base dxf document commands plugin application exchange render",
+        "desktop/picture": "database document render",
+        "desktop/document": "lisp document application desktop/picture",
+        "desktop/view": "document selecting render desktop/picture desktop/document",
+        "desktop/forms": "base dialogs render desktop/document",
+        "desktop/window": "base dxf commands plugin exchange render desktop/document desktop/forms desktop/view",
+    },
+    "module": {
+        "arguments": "",
+        "support": "arguments",
+        "profil": "arguments support",
+        "matrices": "arguments support profil",
+        "elements": "arguments support profil",
+        "optimiseur": "support profil",
+        "metres": "support profil elements",
+        "menus": "arguments support profil matrices",
+        "commande": "support profil matrices elements optimiseur metres menus",
+    },
+    "programs": {"": ""},
+}
+
+# Houses that a house may include as a whole, beside the street.
+NEIGHBOURS = {"programs": ("atelier", "module")}
+
+# Rooms that share a folder with another: the files, without their endings, that belong to them.
+SHARED = {
+    "module/commande": {"arguments": {"argsLisp", "listeRb", "conversionXData"}},
+    "module/support": {"menus": {"menus", "menusAutomatisation"}},
+}
+
+MOST_FILES = 38  # of a folder
+
+
+def room_of(path):
+    """(house, room) of a file of C++."""
+    house, _, rest = path.partition("/")
+    folder, _, name = rest.rpartition("/")
+    for room, files in SHARED.get(f"{house}/{folder}", {}).items():
+        if name.split(".")[0] in files:
+            return house, room
+    return house, folder
+
+
+def allowed(house, room):
+    """Names of rooms, or of folders of rooms, that a room of the house may include beside itself."""
+    return HOUSES[house].get(room, "").split()
+
+
+def covers(name, room):
+    """Whether a name in the plan means that room; a room's own folder alone, where it is one."""
+    return room == name or room.startswith(name + "/")
+
+
+def rooms_meant(house, name, by):
+    """The rooms that a name in the plan means for the room that it stands beside: not the room itself, nor what is in it."""
+    rooms = HOUSES[house]
+    if name in rooms and by.startswith(name + "/"):
+        return [name]
+    return [room for room in rooms if covers(name, room) and not covers(by, room)]
+
+
+def circle(edges):
+    """One circle of a graph given as {node: nodes}, or nothing."""
+    state, trail = {}, []
+
+    def visit(node):
+        state[node] = 1
+        trail.append(node)
+        for other in edges.get(node, ()):
+            if state.get(other) == 1:
+                return trail[trail.index(other):] + [other]
+            if other not in state:
+                found = visit(other)
+                if found:
+                    return found
+        state[node] = 2
+        trail.pop()
+        return None
+
+    for node in list(edges):
+        if node not in state:
+            found = visit(node)
+            if found:
+                return found
+    return None

@@ -1,0 +1,32 @@
+// What the inquiry commands tell, in the drawing's units.
+#include "tests/support/bare_host.h"
+
+namespace kaveltest {
+namespace {
+
+class Inquiry : public DrawingTest {};
+
+TEST_F(Inquiry, MeasuresAndDescribes) {
+  run("(setvar \"LUPREC\" 3)"
+      " (entmake '((0 . \"LWPOLYLINE\") (100 . \"AcDbEntity\") (8 . \"TN\") (100 . \"AcDbPolyline\") (90 . 3) (70 . 1)"
+      " (10 0. 0.) (10 4. 0.) (10 4. 3.)))");
+  struct Question {
+    const char *asked, *told;
+  };
+  for (const Question& row :
+       {Question{"(command \"_.DIST\" \"0,0,0\" \"30,40,-1\")",
+                 "Distance = 50.01, en plan = 50, direction en plan = 53"},
+        Question{"(command \"_.DIST\" \"0,0,0\" \"30,40,-1\")", "X = 30   Y = 40   Z = -1   Pente = -2.00 %"},
+        Question{"(command \"_.DIST\" \"1,1,0\" \"1,1,2\")", "X = 0   Y = 0   Z = 2\n"},
+        Question{"(command \"_.ID\" \"1.5,2.25\")", "X = 1.5   Y = 2.25   Z = 0"},
+        Question{"(command \"_.LIST\" (entlast) \"\")", "LWPOLYLINE  calque: TN  identificateur: "},
+        Question{"(command \"_.LIST\" (entlast) \"\")", "\n  longueur: 12\n  aire: 6\n"}}) {
+    session.document().takeTranscript();
+    run(row.asked);
+    const std::string told = session.document().takeTranscript();
+    EXPECT_NE(told.find(row.told), std::string::npos) << told;
+  }
+}
+
+}  // namespace
+}  // namespace kaveltest
