@@ -1,5 +1,5 @@
 # kavel_room(name [libraries...]): a static library of every .cpp of the room `name` and of the folders in it.
-# The target is called <house>_<room>; its includes are written from the root of the tree ("atelier/lisp/value.h").
+# The target is called <house>_<room>; its includes are written from the root of the tree ("atelier/lisp/values/value.h").
 add_library(kavel_options INTERFACE)
 target_compile_options(kavel_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -ffp-contract=off)

@@ -131,3 +131,17 @@ def circle(edges):
             if found:
                 return found
     return None
+
+
+def arrows_between_houses():
+    """Who leads out of a house: pairs of rooms. Rooms that only stand on the street do so by way of others, or directly."""
+    arrows = []
+    for house, rooms in HOUSES.items():
+        ground = [room for room in rooms if not allowed(house, room)]
+        arrows += [(f"{house}/{room}", STREET) for room in ground if house not in NEIGHBOURS]
+    for house, others in NEIGHBOURS.items():
+        for other in others:
+            edges = {name for room in HOUSES[other] for entry in allowed(other, room) for name in rooms_meant(other, entry, room)}
+            roofs = [room for room in HOUSES[other] if room not in edges]
+            arrows += [(f"{house}/{room}", f"{other}/{roof}") for room in HOUSES[house] for roof in roofs]
+    return arrows

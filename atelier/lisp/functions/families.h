@@ -21,7 +21,7 @@ std::span<const Builtin> symbolFamily();        // symbols.cpp
 std::span<const Builtin> stringFamily();        // strings.cpp
 std::span<const Builtin> stringSearchFamily();  // string_search.cpp
 std::span<const Builtin> conversionFamily();    // conversions.cpp
-std::span<const Builtin> unitFamily();          // units.cpp
+std::span<const Builtin> unitFamily();          // conversions.cpp
 std::span<const Builtin> geometryFamily();      // geometry.cpp
 std::span<const Builtin> errorFamily();         // error_functions.cpp
 std::span<const Builtin> debuggingFamily();     // debugging.cpp
