@@ -12,7 +12,12 @@ namespace plv {
 
 namespace {
 
-constexpr lxw_row_t kRangeeEntetes = 4;
+// The heading, above the sections: a label, and its value one column further.
+struct placeTitre {
+  lxw_row_t rangee;
+  lxw_col_t colonne;
+};
+constexpr placeTitre kPlaceNumero = {1, kDebut}, kPlaceDistanceCumulee = {2, kFin};
 
 std::string utf8(const std::wstring& texte) { return boost::locale::conv::utf_to_utf<char>(texte); }
 
@@ -48,57 +53,70 @@ void feuilleProfil::nombre(lxw_row_t rangee, lxw_col_t colonne, double valeur, l
 }
 
 void feuilleProfil::ecrire() {
-  worksheet_set_column(feuille_, 1, 3, 10, nullptr);
-  worksheet_set_column(feuille_, 4, 7, 13.5, nullptr);
-  worksheet_set_column(feuille_, 8, 10, 12, nullptr);
+  largeurs();
   tete();
   // Each line writes the table of elements, at the same place unless its last section is of another width.
-  for (const ligneTroncons& ligne : profil_.lignes) elements(static_cast<lxw_col_t>(troncons(ligne) + 2));
+  for (const ligneTroncons& ligne : profil_.lignes)
+    elements(static_cast<lxw_col_t>(troncons(ligne) + kColonnesDeSeparation));
+}
+
+// One record for neighbours of one width, as the library's readers have them.
+void feuilleProfil::largeurs() {
+  for (auto premiere = kEntetes.begin(); premiere != kEntetes.end();) {
+    const auto suivante =
+        std::find_if(premiere, kEntetes.end(), [&](const enteteColonne& e) { return e.largeur != premiere->largeur; });
+    const lxw_col_t separation = suivante == kEntetes.end() ? kColonnesDeSeparation : 0;
+    worksheet_set_column(feuille_, premiere->colonne, static_cast<lxw_col_t>((suivante - 1)->colonne + separation),
+                         premiere->largeur, nullptr);
+    premiere = suivante;
+  }
 }
 
 void feuilleProfil::tete() {
-  texte(1, 1, L"Profil");
-  texte(1, 2, profil_.numero.kACharPtr(), f_.titre);
-  texte(2, 2, L"D.Cumulee");
-  nombre(2, 3, profil_.dcumDeb, f_.titre);
-  lxw_col_t colonne = 1;
-  for (const wchar_t* entete : {L"Debut", L"Fin", L"Longueur", L"Classe profondeur", L"Profondeur moyenne",
-                                L"Surface trancon", L"Largeur trancon", L"Volume"})
-    texte(kRangeeEntetes, colonne++, entete, f_.entete);
+  texte(kPlaceNumero.rangee, kPlaceNumero.colonne, L"Profil");
+  texte(kPlaceNumero.rangee, kPlaceNumero.colonne + 1, profil_.numero.kACharPtr(), f_.titre);
+  texte(kPlaceDistanceCumulee.rangee, kPlaceDistanceCumulee.colonne, L"D.Cumulee");
+  nombre(kPlaceDistanceCumulee.rangee, kPlaceDistanceCumulee.colonne + 1, profil_.dcumDeb, f_.titre);
+  for (const enteteColonne& e : kEntetes) texte(kRangeeEntetes, e.colonne, e.titre, f_.entete);
+}
+
+// With its result: readers that don't calculate on opening would show 0.
+void feuilleProfil::longueur(lxw_row_t rangee, double valeur, lxw_format* format) {
+  const std::string difference = "=" + nomCellule(rangee, kFin) + "-" + nomCellule(rangee, kDebut);
+  worksheet_write_formula_num(feuille_, rangee, kLongueur, difference.c_str(), format, valeur);
 }
 
 // Nothing guards the division, but a sheet has no infinite or undefined numbers: written as one, it would make the file
 // unreadable. There the cell divides by itself, and shows the error that it gives.
-void feuilleProfil::moyenne(lxw_row_t rangee, double valeur, lxw_format* format) {
-  if (std::isfinite(valeur)) return nombre(rangee, 5, valeur, format);
-  const std::string division = "=" + nomCellule(rangee, 6) + "/" + nomCellule(rangee, 3);
-  worksheet_write_formula_str(feuille_, rangee, 5, division.c_str(), format, "#DIV/0!");
+void feuilleProfil::profondeurMoyenne(lxw_row_t rangee, double valeur, lxw_format* format) {
+  if (std::isfinite(valeur)) return nombre(rangee, kProfondeurMoyenne, valeur, format);
+  const std::string division = "=" + nomCellule(rangee, kSurface) + "/" + nomCellule(rangee, kLongueur);
+  worksheet_write_formula_str(feuille_, rangee, kProfondeurMoyenne, division.c_str(), format, "#DIV/0!");
 }
 
 lxw_col_t feuilleProfil::troncons(const ligneTroncons& ligne) {
-  lxw_col_t libre = 1;
+  lxw_col_t libre = kDebut;
   for (const poigneeTroncon& t : ligne.troncons) libre = troncon(*t, t == ligne.troncons.back());
   return libre;
 }
 
+// A section that isn't buried has neither width nor volume, and leaves their columns free.
 lxw_col_t feuilleProfil::troncon(const TranconProfilEnlong& t, bool dernier) {
   lxw_format* const n = dernier ? f_.nombreBas : f_.nombre;
   const double debut = t.debut(), fin = t.fin();
   const Adesk::Int32 classe = t.classe();
   const lxw_row_t r = rangee_++;
-  nombre(r, 1, debut, n);
-  nombre(r, 2, fin, n);
-  // With its result: readers that don't calculate on opening would show 0.
-  const std::string difference = "=" + nomCellule(r, 2) + "-" + nomCellule(r, 1);
-  worksheet_write_formula_num(feuille_, r, 3, difference.c_str(), n, fin - debut);
-  texte(r, 4, libelleClasse(listeClasses(), classe), dernier ? f_.texteBas : f_.texte);
-  moyenne(r, t.surface / (fin - debut), n);
-  nombre(r, 6, t.surface, n);
-  if (classe == 0) return 7;
+  nombre(r, kDebut, debut, n);
+  nombre(r, kFin, fin, n);
+  longueur(r, fin - debut, n);
+  texte(r, kClasse, libelleClasse(listeClasses(), classe), dernier ? f_.texteBas : f_.texte);
+  profondeurMoyenne(r, t.surface / (fin - debut), n);
+  nombre(r, kSurface, t.surface, n);
+  if (classe == 0) return kLargeur;
   const double largeur = largeurDeClasse(classe);
-  nombre(r, 7, largeur, n);
-  nombre(r, 8, t.surface * largeur, n);
-  return 9;
+  nombre(r, kLargeur, largeur, n);
+  nombre(r, kVolume, t.surface * largeur, n);
+  return kApresTroncons;
 }
 
 void feuilleProfil::elements(lxw_col_t colonne) {

@@ -1,11 +1,46 @@
-// The sheet of one profile in the workbook. Rows and columns are the library's, counted from 0.
-// Sections stand from row 5 on in columns 1 to 8; fixed elements stand to their right, a table for each kind.
+// The sheet of one profile in the workbook: its columns, and its writing. Rows and columns are the library's, counted
+// from 0. Sections stand one a row under their headers; fixed elements stand to their right, a table for each kind.
 #pragma once
 #include <xlsxwriter.h>
+
+#include <array>
 
 #include "module/metres/TranconProfilEnlong.h"
 
 namespace plv {
+
+// The columns of the sections, by what stands in them.
+enum colonneFeuille : lxw_col_t {
+  kDebut = 1,
+  kFin,
+  kLongueur,
+  kClasse,
+  kProfondeurMoyenne,
+  kSurface,
+  kLargeur,
+  kVolume,
+  kApresTroncons  // the first one that sections leave free
+};
+
+struct enteteColonne {
+  colonneFeuille colonne;
+  const wchar_t* titre;
+  double largeur;  // in characters
+};
+
+// In the order of the columns, from the first one on.
+inline constexpr std::array<enteteColonne, 8> kEntetes = {{{kDebut, L"Debut", 10},
+                                                           {kFin, L"Fin", 10},
+                                                           {kLongueur, L"Longueur", 10},
+                                                           {kClasse, L"Classe profondeur", 13.5},
+                                                           {kProfondeurMoyenne, L"Profondeur moyenne", 13.5},
+                                                           {kSurface, L"Surface trancon", 13.5},
+                                                           {kLargeur, L"Largeur trancon", 13.5},
+                                                           {kVolume, L"Volume", 12}}};
+// What separates the sections from the tables of fixed elements; as wide as the last column of the sections.
+inline constexpr lxw_col_t kColonnesDeSeparation = 2;
+
+inline constexpr lxw_row_t kRangeeEntetes = 4;
 
 struct formatsClasseur {
   lxw_format *titre, *entete, *nombre, *texte, *nombreBas, *texteBas;
@@ -22,7 +57,9 @@ class feuilleProfil {
   void tete();
   // The first column that the last row of the line leaves free.
   lxw_col_t troncons(const ligneTroncons& ligne);
-  void moyenne(lxw_row_t rangee, double valeur, lxw_format* format);
+  void largeurs();
+  void longueur(lxw_row_t rangee, double valeur, lxw_format* format);
+  void profondeurMoyenne(lxw_row_t rangee, double valeur, lxw_format* format);
   lxw_col_t troncon(const TranconProfilEnlong& t, bool dernier);
   void elements(lxw_col_t colonne);
   void element(const elementFixeMesure& e, lxw_row_t rangee, lxw_col_t colonne, bool dernier);
@@ -32,7 +69,7 @@ class feuilleProfil {
   lxw_worksheet* const feuille_;
   const formatsClasseur& f_;
   InfoProfilEnLong& profil_;
-  lxw_row_t rangee_ = 5;
+  lxw_row_t rangee_ = kRangeeEntetes + 1;
 };
 
 // "B6" for row 5, column 1.

@@ -10,6 +10,7 @@ import subprocess
 import sys
 import tempfile
 
+from colonnes import FIRST, HEADERS, columns, rows
 from openpyxl import load_workbook
 
 KAVEL, SOURCE = sys.argv[1:3]
@@ -45,6 +46,9 @@ WIDTHS = {1: 0.6, 2: 0.8, 3: 1.0, 4: 1.5, 7: 2.0}
 # start, end, class, depth at both ends; the last of a line has the bottom border
 P1 = [(0, 12.5, 1, 0.5, 1.0, False), (12.5, 25, 2, 1.0, 1.5, False), (25, 37.5, 3, 1.5, 2.0, False),
       (37.5, 50, 4, 2.0, 2.5, True), (50, 100, 7, 6.0, 6.0, True)]
+TITLES = ("Debut", "Fin", "Longueur", "Classe profondeur", "Profondeur moyenne", "Surface trancon", "Largeur trancon", "Volume")
+# What each kind of fixed element is told by, in columns of its own table.
+MANHOLE, VALVE = ("Abscisse", "Regard", "Cote Tampon", "Hauteur", "Largeur"), ("Abscisse", "Obs")
 faults = []
 
 
@@ -97,51 +101,66 @@ def check_cell(sheet, place, value, kind, bottom=False):
 def check_head(sheet, number):
     for place, value, kind in (("B2", "Profil", "none"), ("C2", number, "title"), ("C3", "D.Cumulee", "none"), ("D3", 200, "title")):
         check_cell(sheet, place, value, kind)
-    titles = ("Debut", "Fin", "Longueur", "Classe profondeur", "Profondeur moyenne", "Surface trancon", "Largeur trancon", "Volume")
-    for column, title in zip("BCDEFGHI", titles):
-        check_cell(sheet, column + "5", title, "header")
-    widths = [sheet.column_dimensions[c].width for c in ("B", "E", "I")]
-    expect("widths", [round(w, 1) for w in widths], [10.7, 14.3, 12.7])  # with the library's cell padding
-    expect("columns of a width", [(sheet.column_dimensions[c].min, sheet.column_dimensions[c].max) for c in ("B", "E", "I")],
-           [(2, 4), (5, 8), (9, 11)])
+    letters = columns(sheet)
+    expect("titles", tuple(letters), TITLES)
+    for title, letter in letters.items():
+        check_cell(sheet, f"{letter}{HEADERS}", title, "header")
+    bands = [sheet.column_dimensions[letters[t]] for t in ("Debut", "Classe profondeur", "Volume")]
+    expect("widths", [round(band.width, 1) for band in bands], [10.7, 14.3, 12.7])  # with the library's cell padding
+    expect("columns of a width", [(band.min, band.max) for band in bands], [(2, 4), (5, 8), (9, 11)])
+
+
+def formula(sheet, text, row):
+    """"=Fin-Debut" in the letters of the sheet."""
+    for title, letter in columns(sheet).items():
+        text = text.replace(title, f"{letter}{row}")
+    return text
+
+
+def check_row(sheet, row, values, bottom=False):
+    """The cells of a section in the order of the titles; None is an empty one, "=Fin-Debut" a formula."""
+    for (title, letter), value in zip(columns(sheet).items(), values):
+        kind = "none" if value is None else "text" if title == "Classe profondeur" else "number"
+        wanted = formula(sheet, value, row) if isinstance(value, str) and value.startswith("=") else value
+        check_cell(sheet, f"{letter}{row}", wanted, kind, bottom)
 
 
 def check_section(sheet, row, section):
     start, end, number, depth1, depth2, bottom = section
     surface = (depth1 + depth2) * (end - start) / 2
-    values = (start, end, f"=C{row}-B{row}", LABELS[number], surface / (end - start), surface, WIDTHS[number], surface * WIDTHS[number])
-    for column, value in zip("BCDEFGHI", values):
-        check_cell(sheet, f"{column}{row}", value, "text" if column == "E" else "number", bottom)
+    check_row(sheet, row, (start, end, "=Fin-Debut", LABELS[number], surface / (end - start), surface, WIDTHS[number],
+                           surface * WIDTHS[number]), bottom)
+
+
+def check_table(sheet, row, kind, titles, elements):
+    """A table of fixed elements: the kind's name, its titles a row below, then an element a row, the station first."""
+    letters = columns(sheet, row + 1, titles[0])
+    expect(f"titles of {kind}", tuple(letters), titles)
+    check_cell(sheet, f"{letters[titles[0]]}{row}", kind, "title")
+    for title, letter in letters.items():
+        check_cell(sheet, f"{letter}{row + 1}", title, "header")
+    for index, element in enumerate(elements):
+        for letter, value in zip(letters.values(), element):
+            check_cell(sheet, f"{letter}{row + 2 + index}", value, "number" if isinstance(value, int) else "text", index + 1 == len(elements))
+    return letters["Abscisse"]
 
 
 def check_elements(sheet):
-    """Two manholes, ordered by their station, and a valve, in the columns from L on."""
-    check_cell(sheet, "L5", "Regard", "title")
-    for column, title in zip("LMNOP", ("Abscisse", "Regard", "Cote Tampon", "Hauteur", "Largeur")):
-        check_cell(sheet, column + "6", title, "header")
-    for row, station, name in ((7, 230, "R1"), (8, 240, "R2")):
-        check_cell(sheet, f"L{row}", station, "number", row == 8)
-        for column, value in zip("MNOP", (name, "10.05", "2", "1")):
-            check_cell(sheet, f"{column}{row}", value, "text", row == 8)
-    check_cell(sheet, "L11", "Vidange", "title")
-    check_cell(sheet, "L12", "Abscisse", "header")
-    check_cell(sheet, "L13", 260, "number", True)
-    check_cell(sheet, "M13", "point bas", "text", True)
+    """Two manholes, ordered by their station, and a valve, two columns right of the sections, two free rows between them."""
+    place = check_table(sheet, HEADERS, "Regard", MANHOLE, ((230, "R1", "10.05", "2", "1"), (240, "R2", "10.05", "2", "1")))
+    expect("place of the tables", (place, check_table(sheet, HEADERS + 6, "Vidange", VALVE, ((260, "point bas"),))), ("L", "L"))
 
 
 def check_above(sheet):
     """A section that isn't buried has neither width nor volume."""
-    for column, value in zip("BCDEFGHI", (0, 100, "=C6-B6", "Non enterre", 0.5, 50, None, None)):
-        kind = "none" if value is None else "text" if column == "E" else "number"
-        check_cell(sheet, column + "6", value, kind, True)
-    expect("last row", sheet.max_row, 6)
+    check_row(sheet, FIRST, (0, 100, "=Fin-Debut", "Non enterre", 0.5, 50, None, None), True)
+    expect("last row", sheet.max_row, FIRST)
 
 
 def check_zero(sheet):
     """A section without length: its average depth is a division that each reader makes by itself."""
-    for column, value in zip("BCDEFGHI", (0, 0, "=C6-B6", LABELS[1], "=G6/D6", 0, 0.6, 0)):
-        check_cell(sheet, column + "6", value, "text" if column == "E" else "number")
-    check_section(sheet, 7, (0, 100, 2, 1.0, 1.5, True))
+    check_row(sheet, FIRST, (0, 0, "=Fin-Debut", LABELS[1], "=Surface trancon/Longueur", 0, 0.6, 0))
+    check_section(sheet, FIRST + 1, (0, 100, 2, 1.0, 1.5, True))
 
 
 def cells(path):
@@ -162,12 +181,12 @@ def check_without_settings(folder, path):
 with tempfile.TemporaryDirectory() as place:
     path = draw(place)
     workbook = load_workbook(path)
-    expect("results in the file", [load_workbook(path, data_only=True)["P1"][f"D{r}"].value for r in range(6, 11)], [12.5, 12.5, 12.5, 12.5, 50])
+    expect("results in the file", [row[0] for row in rows(load_workbook(path, data_only=True)["P1"], "Longueur")], [12.5, 12.5, 12.5, 12.5, 50])
     expect("sheets", workbook.sheetnames, ["P1", "P2", "P3"])
     for name in workbook.sheetnames:
         check_head(workbook[name], name)
     for index, row in enumerate(P1):
-        check_section(workbook["P1"], 6 + index, row)
+        check_section(workbook["P1"], FIRST + index, row)
     check_elements(workbook["P1"])
     check_above(workbook["P2"])
     check_zero(workbook["P3"])

@@ -13,6 +13,7 @@ import sys
 import tempfile
 
 import ezdxf
+from colonnes import rows
 from openpyxl import load_workbook
 
 KAVEL, SOURCE = sys.argv[1:3]
@@ -197,10 +198,10 @@ def check_quantities(drawing, data, folder):
     depths = [z - ground(line, d) for d, z in SURVEY] + [ground(SURVEY, d) - z for d, z in line]
     expect("depths of the optimal line", (min(depths) > 0.8 - 1e-6, max(depths) < 3.2 + 1e-6), (True, True))
     sheet = load_workbook(os.path.join(folder, "rue-du-moulin.xlsx"))["1"]
-    rows = [[sheet.cell(r, c).value for c in (2, 3, 5, 7, 8, 9)] for r in range(6, sheet.max_row + 1) if sheet.cell(r, 2).value is not None]
+    sections = rows(sheet, "Debut", "Fin", "Classe profondeur", "Surface trancon", "Largeur trancon", "Volume")
     hatches = [h for h in drawing.modelspace().query("HATCH") if h.dxf.layer == "PLV-HACHURES"]
-    expect("hatches", len(hatches), len(rows))
-    for (start, end, label, surface, width, volume), hatch in zip(rows, hatches):
+    expect("hatches", len(hatches), len(sections))
+    for (start, end, label, surface, width, volume), hatch in zip(sections, hatches):
         limit, wide, colour = CLASSES[label]
         exact, deepest = area(line, start, end)
         outline = [v[:2] for v in hatch.paths[0].vertices]
@@ -210,9 +211,9 @@ def check_quantities(drawing, data, folder):
                 faults.append(f"{what} from {start} to {end}: {found}, expected {exact}")
         expect("class, width and volume", (deepest < limit + 1e-9, width, near(volume, surface * wide)), (True, wide, True))
         expect("colour and transparency", (hatch.dxf.color, hatch.dxf.transparency), (colour, 0x0200005A))
-    expect("end of the sections", (rows[0][0], rows[-1][1]), (0.0, 400.0))
+    expect("end of the sections", (sections[0][0], sections[-1][1]), (0.0, 400.0))
     legend = [t.dxf.text for t in drawing.blocks["PLV_LEGENDE_1"].query("TEXT")]
-    totals = [f"{sum(r[1] - r[0] for r in rows):.2f}", f"{sum(r[3] for r in rows):.2f}", f"{sum(r[5] for r in rows):.2f}"]
+    totals = [f"{sum(r[1] - r[0] for r in sections):.2f}", f"{sum(r[3] for r in sections):.2f}", f"{sum(r[5] for r in sections):.2f}"]
     expect("legend", (legend[0], legend[-4:]), ("PROFIL 1 - ASSAINISSEMENT", ["Total", *totals]))
 
 

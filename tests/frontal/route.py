@@ -13,6 +13,7 @@ import tempfile
 import xml.etree.ElementTree as xml
 
 import ezdxf
+from colonnes import rows
 from openpyxl import load_workbook
 
 KAVEL, SOURCE = sys.argv[1:3]
@@ -77,10 +78,10 @@ def area(upper, lower):
 
 def check(what, path, lower, tolerance):
     sheet = load_workbook(path)["M3"]
-    rows = [[sheet.cell(r, c).value for c in (2, 3, 7)] for r in range(6, sheet.max_row + 1)]
-    if (rows[0][0], round(rows[-1][1], 6)) != (0, LENGTH) or any(abs(a[1] - b[0]) > 1e-6 for a, b in zip(rows, rows[1:])):
+    sections = rows(sheet, "Debut", "Fin", "Surface trancon")
+    if (sections[0][0], round(sections[-1][1], 6)) != (0, LENGTH) or any(abs(a[1] - b[0]) > 1e-6 for a, b in zip(sections, sections[1:])):
         faults.append(f"{what}: its sections don't cover the profile")
-    found, wanted = sum(row[2] for row in rows), area(straight(ground_points()), lower)
+    found, wanted = sum(section[2] for section in sections), area(straight(ground_points()), lower)
     if abs(found - wanted) > tolerance * wanted:
         faults.append(f"{what}: {found} m2, expected {wanted}")
 

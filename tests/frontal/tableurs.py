@@ -12,6 +12,7 @@ import sys
 import tempfile
 import zipfile
 
+from colonnes import columns
 from openpyxl import load_workbook
 
 KAVEL, SOURCE = sys.argv[1:3]
@@ -51,13 +52,13 @@ def gnumeric(path, folder):
 
 def compare(program, found, wanted):
     """Every cell, and the length in each row of a section."""
-    lengths = 0
+    lengths, place = 0, columns(wanted)
     for row in wanted.iter_rows():
         for cell in row:
             value, other = cell.value, found[cell.coordinate].value
             if isinstance(value, str) and value.startswith("="):
                 lengths += 1
-                value = wanted.cell(cell.row, 3).value - wanted.cell(cell.row, 2).value
+                value = wanted[f"{place['Fin']}{cell.row}"].value - wanted[f"{place['Debut']}{cell.row}"].value
             same = abs(value - other) < 1e-9 if isinstance(value, (int, float)) and isinstance(other, (int, float)) else value == other
             if not same:
                 faults.append(f"{program} {cell.coordinate}: {other!r}, expected {value!r}")
