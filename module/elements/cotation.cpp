@@ -15,9 +15,9 @@ namespace {
 
 constexpr double kFacteurTexte = 0.8;
 constexpr double kEcartTexte = 2.0;  // of a height above its curve, in text heights
-constexpr int kTailleTexte = 400;  // the greatest altitude has 309 digits before its point
+constexpr int kTailleTexte = 400;    // the greatest altitude has 309 digits before its point
 
-struct reglages {
+struct reglagesCotation {
   double decalage, rotation;
   bool altitudes, hauteurs;
 };
@@ -34,37 +34,37 @@ void ecrireCote(const ACHAR* format, double valeur, const AcGePoint3d& position,
   ajouterEtRetenir(ids, std::move(cote));
 }
 
-// X of the drawing and altitude, once for each ground abscissa that the curve covers.
-AcGePoint2dArray echantillons(const segmentsAltitude& segments, const profilLong& profil) {
-  AcGePoint2dArray cotes;
-  visiterTn(segments, profil, [&](double x, double altitude) {
-    if (cotes.isEmpty() || x > cotes.last().x) cotes.append(AcGePoint2d(x, altitude));
-  });
+using cotesCourbe = std::vector<pointAltitude>;
+
+// Once for each ground abscissa that the curve covers.
+cotesCourbe cotesAuTn(const segmentsAltitude& segments, const profilLong& profil) {
+  cotesCourbe cotes;
+  for (const pointAltitude& point : pointsAuTn(segments, profil))
+    if (cotes.empty() || point.x > cotes.back().x) cotes.push_back(point);
   return cotes;
 }
 
-void ecrireAltitudes(const AcGePoint2dArray& cotes, const profilLong& profil, const AcGePoint3d& support,
-                     const reglages& r) {
+void ecrireAltitudes(const cotesCourbe& cotes, const profilLong& profil, const AcGePoint3d& support,
+                     const reglagesCotation& r) {
   AcDbObjectIdArray ids;
-  for (const AcGePoint2d& cote : cotes)
-    ecrireCote(L"%.2f", cote.y, {support.x + cote.x - profil.position.x, r.decalage + support.y, 0.0}, AcDb::kTextMid,
-               profil, r.rotation, ids);
+  for (const pointAltitude& cote : cotes)
+    ecrireCote(L"%.2f", cote.z.valeur, {support.x + cote.x.valeur - profil.position.x, r.decalage + support.y, 0.0},
+               AcDb::kTextMid, profil, r.rotation, ids);
   creerGroupe(ids, L"*");
 }
 
-void ecrireHauteurs(const AcGePoint2dArray& cotes, const profilLong& profil, double reference, AcDbObjectId idSupport,
-                    const reglages& r) {
+void ecrireHauteurs(const cotesCourbe& cotes, const profilLong& profil, altitudeVraie reference, AcDbObjectId idSupport,
+                    const reglagesCotation& r) {
   listeElemsFixes groupes;
   lireElemsFixes(groupes, idSupport);
   AcDbObjectIdArray ids;
-  for (const AcGePoint2d& cote : cotes) {
-    const double terrain = profil.altitudeTn(cote.x);
-    const double y = (std::max(terrain, cote.y) - reference) * profil.echelleV + profil.position.y +
-                     kEcartTexte * profil.hauteurTexte;
+  for (const pointAltitude& cote : cotes) {
+    const altitudeVraie terrain = profil.altitudeTn(cote.x);
+    const double y = profil.yDe(std::max(terrain, cote.z), reference).valeur + kEcartTexte * profil.hauteurTexte;
     const int avant = ids.length();
-    ecrireCote(L"%+.2f", cote.y - terrain, {cote.x, y, 0.0}, AcDb::kTextLeft, profil, r.rotation, ids);
+    ecrireCote(L"%+.2f", cote.z - terrain, {cote.x.valeur, y, 0.0}, AcDb::kTextLeft, profil, r.rotation, ids);
     if (ids.length() > avant)
-      chercherGroupe(groupes, cote.x - profil.position.x, kTolerancePosition).elements.append(ids.last());
+      chercherGroupe(groupes, profil.distanceDe(cote.x), kTolerancePosition).elements.append(ids.last());
   }
   ecrireElemsFixes(groupes, idSupport);
   creerGroupe(ids, L"*");
@@ -78,8 +78,8 @@ bool lireInsertion(AcDbObjectId id, AcGePoint3d& insertion) {
 }
 
 bool dimensionnerCourbe(const profilLong& profil, AcDbObjectId idCourbe, const AcGePoint3d& pris,
-                        AcDbObjectId idSupport, const reglages& r) {
-  const double reference = altitudeReference(profil, pris.x);
+                        AcDbObjectId idSupport, const reglagesCotation& r) {
+  const altitudeVraie reference = altitudeReference(profil, xDessin(pris.x));
   AcGePoint3d support;
   if (!lireInsertion(idSupport, support)) return false;
   segmentsAltitude segments;
@@ -88,7 +88,7 @@ bool dimensionnerCourbe(const profilLong& profil, AcDbObjectId idCourbe, const A
     if (courbe.openStatus() != Acad::eOk || !segmentsDessin(*courbe, segments)) return false;
   }
   mettreEnAltitude(segments, profil, reference);
-  const AcGePoint2dArray cotes = echantillons(segments, profil);
+  const cotesCourbe cotes = cotesAuTn(segments, profil);
   if (r.altitudes) ecrireAltitudes(cotes, profil, support, r);
   if (r.hauteurs) ecrireHauteurs(cotes, profil, reference, idSupport, r);
   return true;
@@ -107,8 +107,8 @@ void cotation(const ArgsLisp& args, ads_name selection) {
     acedSSFree(selection);
     return;
   }
-  const reglages r{valeurReelle(args.nieme(2)), valeurReelle(args.nieme(3)), drapeau(args.nieme(4)),
-                   drapeau(args.nieme(5))};
+  const reglagesCotation r{valeurReelle(args.nieme(2)), valeurReelle(args.nieme(3)), drapeau(args.nieme(4)),
+                           drapeau(args.nieme(5))};
   acutPrintf(L"\nSelectionnez les éléments que vous voulez coter");
   AcDbObjectIdArray liste;
   lireListeProjet(support, liste);

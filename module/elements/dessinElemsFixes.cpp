@@ -31,9 +31,9 @@ void entourerListe(AcDbObjectIdArray& liste, int couleur) {
     else liste.removeAt(i);
 }
 
-void dessinerGroupe(elemsFixesKavel& groupe, double baseX, double baseY) {
-  const ads_point pied = {baseX + groupe.position, baseY, 0.0};
-  const ads_point tete = {baseX + groupe.position, baseY + kHauteurRepere, 0.0};
+void dessinerGroupe(elemsFixesKavel& groupe, const AcGePoint3d& base) {
+  const double x = base.x + groupe.position.valeur;
+  const ads_point pied = {x, base.y, 0.0}, tete = {x, base.y + kHauteurRepere, 0.0};
   acedGrDraw(pied, tete, kCouleurRepere, 1);
   entourerListe(groupe.elements, kCouleurElement);
   entourerListe(groupe.doublons, kCouleurDoublon);
@@ -65,8 +65,8 @@ AcDbObjectIdArray& listeDe(elemsFixesKavel& groupe, bool doublons) {
   return doublons ? groupe.doublons : groupe.elements;
 }
 
-void ajouterElements(listeElemsFixes& liste, const AcGePoint3d& base, double x, bool doublons) {
-  elemsFixesKavel& groupe = chercherGroupe(liste, x - base.x, kTolerancePosition);
+void ajouterElements(listeElemsFixes& liste, const AcGePoint3d& base, xDessin x, bool doublons) {
+  elemsFixesKavel& groupe = chercherGroupe(liste, distanceProfil(x.valeur - base.x), kTolerancePosition);
   ads_name nom;
   ads_point point;
   while (acedEntSel(L"\nElement à ajouter", nom, point) == RTNORM) {
@@ -94,7 +94,7 @@ int tour(listeElemsFixes& liste, const AcGePoint3d& base, const etat& present) {
   ads_point point;
   if (present.ajout) {
     const int resultat = acedGetPoint(nullptr, present.prompt, point);
-    if (resultat == RTNORM) ajouterElements(liste, base, point[0], present.doublons);
+    if (resultat == RTNORM) ajouterElements(liste, base, xDessin(point[0]), present.doublons);
     return resultat;
   }
   ads_name nom;
@@ -107,7 +107,7 @@ int tour(listeElemsFixes& liste, const AcGePoint3d& base, const etat& present) {
 
 void redessinerGroupes(listeElemsFixes& liste, const AcGePoint3d& base) {
   acgsRemoveAnonymousGraphics(0);
-  for (std::ptrdiff_t i = 0; i < liste.GetSize(); ++i) dessinerGroupe(*liste[i], base.x, base.y);
+  for (std::ptrdiff_t i = 0; i < liste.GetSize(); ++i) dessinerGroupe(*liste[i], base);
 }
 
 void editerElemsFixes(listeElemsFixes& liste, const AcGePoint3d& base) {

@@ -59,7 +59,7 @@ void creerDoublons(elemsFixesKavel& groupe) {
   }
 }
 
-void associerParSelection(listeElemsFixes& liste, double gauche, double largeur, double bas) {
+void associerParSelection(listeElemsFixes& liste, xDessin gauche, double largeur, yDessin bas) {
   acutPrintf(L"\nSelectionnez Elements a associer:");
   ads_name ss;
   if (acedSSGet(nullptr, nullptr, nullptr, nullptr, ss) != RTNORM) return;
@@ -69,11 +69,12 @@ void associerParSelection(listeElemsFixes& liste, double gauche, double largeur,
     AcDbObjectPointer<AcDbBlockReference> bloc(id);
     if (bloc.openStatus() != Acad::eOk) continue;
     const AcGePoint3d place = bloc->position();
-    if (place.x < gauche || place.x > gauche + largeur || place.y < bas) continue;
-    elemsFixesKavel& groupe = chercherGroupe(liste, place.x - gauche, kTolerancePosition);
+    if (place.x < gauche.valeur || place.x > gauche.valeur + largeur || place.y < bas.valeur) continue;
+    const distanceProfil distance(place.x - gauche.valeur);
+    elemsFixesKavel& groupe = chercherGroupe(liste, distance, kTolerancePosition);
     if (!groupe.elements.contains(id)) groupe.elements.append(id);
   }
-  redessinerGroupes(liste, {gauche, bas, 0.0});
+  redessinerGroupes(liste, {gauche.valeur, bas.valeur, 0.0});
 }
 
 }  // namespace plv

@@ -64,8 +64,8 @@ bool parserGroupe(elemsFixesKavel& groupe, const resbuf*& curseur, bool avancer)
   if (!estAccolade(rb, L"{")) return false;
   rb = rb->rbnext;
   if (!rb || rb->restype != kPoint) return false;
-  groupe.position = rb->resval.rpoint[0];
-  groupe.ordonnee = rb->resval.rpoint[1];
+  groupe.position = distanceProfil(rb->resval.rpoint[0]);
+  groupe.ordonnee = yDessin(rb->resval.rpoint[1]);
   rb = rb->rbnext;
   if (!estAccolade(rb, L"{")) return false;
   rb = rb->rbnext;
@@ -101,7 +101,7 @@ resbuf* enChaine(elemsFixesKavel& groupe) {
   retirerMorts(groupe.doublons);
   if (groupe.elements.isEmpty()) std::swap(groupe.elements, groupe.doublons);
   if (groupe.elements.isEmpty()) return nullptr;
-  const ads_point place = {groupe.position, groupe.ordonnee, 0.0};
+  const ads_point place = {groupe.position.valeur, groupe.ordonnee.valeur, 0.0};
   resbuf* tete = acutBuildList(kAccolade, L"{", kPoint, place, RTNONE);
   resbuf* queue = tete->rbnext;
   ecrireIds(queue, groupe.elements);
@@ -116,7 +116,7 @@ void ecrireElemsFixes(const listeElemsFixes& liste, AcDbObjectId support) {
   ecrireXrecord(support, kRecordStatiques, chaine.tete());
 }
 
-elemsFixesKavel& chercherGroupe(listeElemsFixes& liste, double position, double tolerance) {
+elemsFixesKavel& chercherGroupe(listeElemsFixes& liste, distanceProfil position, double tolerance) {
   for (std::ptrdiff_t i = 0; i < liste.GetSize(); ++i)
     if (std::abs(liste[i]->position - position) < tolerance) return *liste[i];
   auto groupe = std::make_unique<elemsFixesKavel>();

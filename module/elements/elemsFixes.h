@@ -11,6 +11,7 @@
 #include "hote/dbents.h"
 #include "hote/mfc.h"
 #include "module/commande/listeRb.h"
+#include "module/profil/grandeurs.h"
 
 namespace plv {
 
@@ -18,8 +19,8 @@ inline constexpr int kCroissanceElems = 8;
 inline constexpr double kTolerancePosition = 0.001;  // positions of one group, drawing units
 
 struct elemsFixesKavel {
-  double position = 0;  // drawing units from the X of the profile's block
-  double ordonnee = 0;  // kept as it was read
+  distanceProfil position;
+  yDessin ordonnee;  // kept as it was read
   AcDbObjectIdArray elements{0, kCroissanceElems};
   AcDbObjectIdArray doublons{0, kCroissanceElems};
 };
@@ -44,7 +45,7 @@ void ecrireElemsFixes(const listeElemsFixes& liste, AcDbObjectId support);
 // without elements.
 resbuf* enChaine(elemsFixesKavel& groupe);
 // The first group nearer than the tolerance, or a new one at the end.
-elemsFixesKavel& chercherGroupe(listeElemsFixes& liste, double position, double tolerance);
+elemsFixesKavel& chercherGroupe(listeElemsFixes& liste, distanceProfil position, double tolerance);
 void viderGroupes(listeElemsFixes& liste);
 
 // On the screen: a mark at each group and a frame around each element. Dead ids leave the lists.
@@ -55,7 +56,7 @@ void lierDoublons(AcDbObjectId premier, AcDbObjectId second);
 // Clones the base list, in model space, into the duplicates.
 void creerDoublons(elemsFixesKavel& groupe);
 // Adds the picked block references that stand in the band to the groups of their abscissas.
-void associerParSelection(listeElemsFixes& liste, double gauche, double largeur, double bas);
+void associerParSelection(listeElemsFixes& liste, xDessin gauche, double largeur, yDessin bas);
 
 // The loop in which the user edits the groups.
 void editerElemsFixes(listeElemsFixes& liste, const AcGePoint3d& base);

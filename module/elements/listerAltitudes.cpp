@@ -108,8 +108,8 @@ void pl_listerAltitudes() {
     segmentsAltitude segments;
     if (acdbGetObjectId(id, nom) != Acad::eOk || !lireSegments(id, segments)) continue;
     surlignees.append(id);
-    mettreEnAltitude(segments, profil, altitudeReference(profil, pris.x));
-    visiterTn(segments, profil, [&](double x, double altitude) { points.emplace_back(x, altitude); });
+    mettreEnAltitude(segments, profil, altitudeReference(profil, xDessin(pris.x)));
+    for (const pointAltitude& point : pointsAuTn(segments, profil)) points.emplace_back(point.x.valeur, point.z.valeur);
   }
   for (const AcDbObjectId& id : surlignees) surligner(id, false);
   rendrePoints(points, profil.position.x);

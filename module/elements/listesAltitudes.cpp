@@ -17,9 +17,9 @@ constexpr double kHorsCourbe = 1e36, kPenteVerticale = 1e36;
 constexpr double kNul = 1e-8;
 
 // Appends the points where the curve meets the vertical, seen in plan.
-void intersectionsVerticale(const AcDbCurve& courbe, double x, AcGePoint3dArray& points) {
+void intersectionsVerticale(const AcDbCurve& courbe, xDessin x, AcGePoint3dArray& points) {
   AcDbXline verticale;
-  verticale.setBasePoint({x, 0.0, 0.0});
+  verticale.setBasePoint({x.valeur, 0.0, 0.0});
   verticale.setUnitDir({0.0, 1.0, 0.0});
   const int avant = points.length();
   const Acad::ErrorStatus etat = courbe.intersectWith(&verticale, AcDb::kOnBothOperands, AcGePlane(), points);
@@ -27,10 +27,10 @@ void intersectionsVerticale(const AcDbCurve& courbe, double x, AcGePoint3dArray&
     verticale.intersectWith(&courbe, AcDb::kOnBothOperands, AcGePlane(), points);
 }
 
-double plusBas(const AcGePoint3dArray& points) {
+yDessin plusBas(const AcGePoint3dArray& points) {
   double y = kHorsCourbe;
   for (const AcGePoint3d& point : points) y = std::min(y, point.y);
-  return y;
+  return yDessin(y);
 }
 
 // The curves of a list, open for reading as long as this lives.
@@ -49,7 +49,7 @@ class courbesOuvertes {
   courbesOuvertes& operator=(const courbesOuvertes&) = delete;
 
   // The lowest point above x; false where no curve is met.
-  bool plusBasEn(double x, double& y) const {
+  bool plusBasEn(xDessin x, yDessin& y) const {
     AcGePoint3dArray points;
     for (const AcDbCurve* courbe : m_courbes) intersectionsVerticale(*courbe, x, points);
     y = plusBas(points);
@@ -82,14 +82,14 @@ struct ecriture {
   listeRb& liste;
 
   // Abscissa and altitude.
-  void versProfil(const AcGePoint3d& p, double reference, ads_point point) const {
-    point[0] = p.x - profil.position.x;
-    point[1] = profil.altitudeDeY(p.y, reference);
+  void versProfil(const AcGePoint3d& p, altitudeVraie reference, ads_point point) const {
+    point[0] = profil.distanceDe(xDessin(p.x)).valeur;
+    point[1] = profil.altitudeDeY(yDessin(p.y), reference).valeur;
     point[2] = 0.0;
   }
 
   // A piece with its slope, or nil in its place.
-  void piece(const AcGePoint3d& debut, const AcGePoint3d& fin, double reference, bool avecPente) const {
+  void piece(const AcGePoint3d& debut, const AcGePoint3d& fin, altitudeVraie reference, bool avecPente) const {
     ads_point a, b;
     versProfil(debut, reference, a);
     versProfil(fin, reference, b);
@@ -117,8 +117,8 @@ struct ecriture {
 
 // The plane of a piece is looked up at the smaller of the end's Y and the start's X. It is those two numbers that are
 // compared, and the scan of the sections makes the outcome usable: it must stay.
-double referencePiece(const profilLong& profil, const AcGePoint3d& debut, const AcGePoint3d& fin) {
-  return profil.pcEnX(std::min(fin.y, debut.x));
+altitudeVraie referencePiece(const profilLong& profil, const AcGePoint3d& debut, const AcGePoint3d& fin) {
+  return profil.pcEnX(xDessin(std::min(fin.y, debut.x)));
 }
 
 void ecrirePolyligne(const ecriture& e, const AcDbPolyline& polyligne) {
@@ -127,7 +127,7 @@ void ecrirePolyligne(const ecriture& e, const AcDbPolyline& polyligne) {
   AcGePoint3d debut, fin;
   polyligne.getPointAt(0, debut);
   polyligne.getPointAt(n - 1, fin);
-  const double reference = referencePiece(e.profil, debut, fin);
+  const altitudeVraie reference = referencePiece(e.profil, debut, fin);
   for (unsigned int i = 0; i + 1 < n; ++i) {
     double courbure = 0;
     polyligne.getPointAt(i, debut);
@@ -162,8 +162,8 @@ void pl_yat() {
   AcDbObjectPointer<AcDbCurve> courbe(valeurId(args.tete()));
   if (courbe.openStatus() != Acad::eOk) return;
   AcGePoint3dArray points;
-  intersectionsVerticale(*courbe, valeurReelle(args.nieme(1)), points);
-  if (!points.isEmpty()) acedRetReal(plusBas(points));
+  intersectionsVerticale(*courbe, xDessin(valeurReelle(args.nieme(1))), points);
+  if (!points.isEmpty()) acedRetReal(plusBas(points).valeur);
 }
 
 void pl_PointsPrjRef() {
@@ -179,8 +179,10 @@ void pl_PointsPrjRef() {
   const courbesOuvertes a(idsA), b(idsB);
   listeRb liste;
   for (const double d : profil.distTn) {
-    ads_point triple = {d + profil.position.x, 0.0, 0.0};
-    if (!a.plusBasEn(triple[0], triple[1]) || !b.plusBasEn(triple[0], triple[2])) continue;
+    const xDessin x = profil.xDe(distanceProfil(d));
+    yDessin ya, yb;
+    if (!a.plusBasEn(x, ya) || !b.plusBasEn(x, yb)) continue;
+    const ads_point triple = {x.valeur, ya.valeur, yb.valeur};
     ajouterPremier(liste);
     liste.ajouter(acutBuildList(RT3DPOINT, triple, RTNONE));
   }

@@ -8,6 +8,7 @@
 #include "hote/dbpl.h"
 #include "module/commande/argsLisp.h"
 #include "module/elements/fonctionsElements.h"
+#include "module/profil/grandeurs.h"
 
 namespace plv {
 
@@ -61,12 +62,12 @@ bool editerLongueur(morceau& m) {
 using edition = bool (*)(morceau&);
 
 // The first end moves when it is the farther one from the pick, else the second, also when both are as far.
-bool editer(morceau& m, double xPris, edition editerMorceau) {
-  m.bougeP1 = std::abs(xPris - m.p1.x) > std::abs(xPris - m.p2.x);
+bool editer(morceau& m, xDessin xPris, edition editerMorceau) {
+  m.bougeP1 = std::abs(xPris.valeur - m.p1.x) > std::abs(xPris.valeur - m.p2.x);
   return editerMorceau(m);
 }
 
-bool editerLigne(AcDbLine& ligne, double xPris, double echelle, edition editerMorceau) {
+bool editerLigne(AcDbLine& ligne, xDessin xPris, double echelle, edition editerMorceau) {
   const AcGePoint3d debut = ligne.startPoint(), fin = ligne.endPoint();
   morceau m{{debut.x, debut.y}, {fin.x, fin.y}, echelle, false};
   if (!editer(m, xPris, editerMorceau)) return false;
@@ -76,12 +77,12 @@ bool editerLigne(AcDbLine& ligne, double xPris, double echelle, edition editerMo
 }
 
 // The first piece above whose extent the pick stands, ends included.
-bool editerPolyligne(AcDbPolyline& polyligne, double xPris, double echelle, edition editerMorceau) {
+bool editerPolyligne(AcDbPolyline& polyligne, xDessin xPris, double echelle, edition editerMorceau) {
   for (unsigned int i = 1; i < polyligne.numVerts(); ++i) {
     morceau m{{}, {}, echelle, false};
     polyligne.getPointAt(i - 1, m.p1);
     polyligne.getPointAt(i, m.p2);
-    if (xPris < std::min(m.p1.x, m.p2.x) || xPris > std::max(m.p1.x, m.p2.x)) continue;
+    if (xPris.valeur < std::min(m.p1.x, m.p2.x) || xPris.valeur > std::max(m.p1.x, m.p2.x)) continue;
     if (!editer(m, xPris, editerMorceau)) return false;
     polyligne.setPointAt(i - 1, m.p1);
     polyligne.setPointAt(i, m.p2);
@@ -104,9 +105,9 @@ void boucler(edition editerMorceau) {
     acdbGetObjectId(id, nom);
     AcDbObjectPointer<AcDbCurve> courbe(id, AcDb::kForWrite);
     if (courbe.openStatus() != Acad::eOk) continue;
-    if (auto* ligne = AcDbLine::cast(courbe)) encore = editerLigne(*ligne, pris[0], echelle, editerMorceau);
+    if (auto* ligne = AcDbLine::cast(courbe)) encore = editerLigne(*ligne, xDessin(pris[0]), echelle, editerMorceau);
     else if (auto* polyligne = AcDbPolyline::cast(courbe))
-      encore = editerPolyligne(*polyligne, pris[0], echelle, editerMorceau);
+      encore = editerPolyligne(*polyligne, xDessin(pris[0]), echelle, editerMorceau);
   }
 }
 

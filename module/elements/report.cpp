@@ -13,7 +13,7 @@ namespace {
 
 constexpr double kAuBord = 1e-6;
 
-double finProfil(const profilLong& profil) { return profil.position.x + profil.distTn.back(); }
+xDessin finProfil(const profilLong& profil) { return profil.xDe(distanceProfil(profil.distTn.back())); }
 
 // Cuts the curve and puts its pieces in its place: those that `garder` takes, which it may move. It is given the ends.
 template <class GARDER>
@@ -39,22 +39,20 @@ void decouper(AcDbObjectId id, const std::vector<double>& coupes, GARDER garder)
 
 // Cuts at the limit and drops the pieces that `dehors` tells, by the distances of their ends to the limit.
 template <class DEHORS>
-void rogner(AcDbObjectId id, double limite, DEHORS dehors) {
-  decouper(id, {limite}, [&](AcDbCurve&, const AcGePoint2d& gauche, const AcGePoint2d& droite) {
-    return !dehors(gauche.x - limite) || !dehors(droite.x - limite);
+void rogner(AcDbObjectId id, xDessin limite, DEHORS dehors) {
+  decouper(id, {limite.valeur}, [&](AcDbCurve&, const AcGePoint2d& gauche, const AcGePoint2d& droite) {
+    return !dehors(gauche.x - limite.valeur) || !dehors(droite.x - limite.valeur);
   });
 }
 
 void rogneAGauche(AcDbObjectId id, const profilLong& profil) {
-  rogner(id, profil.position.x, [](double ecart) { return ecart <= kAuBord; });
+  rogner(id, xDessin(profil.position.x), [](double ecart) { return ecart <= kAuBord; });
 }
 void rogneADroite(AcDbObjectId id, const profilLong& profil) {
   rogner(id, finProfil(profil), [](double ecart) { return ecart >= -kAuBord; });
 }
 
-double altitudePlan(const profilLong& profil, std::size_t i) { return i < profil.altPc.size() ? profil.altPc[i] : 0.0; }
-
-void reporterCourbe(AcDbObjectId id, const profilLong& profil, std::size_t a, std::size_t b, double xPris) {
+void reporterCourbe(AcDbObjectId id, const profilLong& profil, std::size_t a, std::size_t b, xDessin xPris) {
   const std::size_t p = profil.indexPc(xPris);
   if (a > b) std::swap(a, b);
   if (p < a || p > b) {
@@ -62,11 +60,11 @@ void reporterCourbe(AcDbObjectId id, const profilLong& profil, std::size_t a, st
     return;
   }
   std::vector<double> coupes;
-  for (std::size_t i = a + 1; i <= b; ++i) coupes.push_back(profil.distPc[i] + profil.position.x);
+  for (std::size_t i = a + 1; i <= b; ++i) coupes.push_back(profil.xDe(distanceProfil(profil.distPc[i])).valeur);
   decouper(id, coupes, [&](AcDbCurve& piece, const AcGePoint2d& gauche, const AcGePoint2d& droite) {
-    const std::size_t k = profil.indexPc((gauche.x + droite.x) / 2);
+    const std::size_t k = profil.indexPc(xDessin((gauche.x + droite.x) / 2));
     if (k != p) {
-      const double dy = (altitudePlan(profil, p) - altitudePlan(profil, k)) * profil.echelleV;
+      const double dy = (profil.altitudeSection(p) - profil.altitudeSection(k)) * profil.echelleV;
       piece.transformBy(AcGeMatrix3d::translation({0.0, dy, 0.0}));
     }
     return true;
@@ -83,12 +81,13 @@ bool lireBouts(AcDbObjectId id, AcGePoint3d& debut, AcGePoint3d& fin) {
 }
 
 // Trims and transfers one curve. The stretches are those of its ends before it is trimmed.
-void reporter(AcDbObjectId id, const profilLong& profil, double xPris) {
+void reporter(AcDbObjectId id, const profilLong& profil, xDessin xPris) {
   AcGePoint3d debut, fin;
   if (!lireBouts(id, debut, fin)) return;
-  const std::size_t a = profil.indexPc(debut.x), b = profil.indexPc(fin.x);
-  if (debut.x < profil.position.x || fin.x < profil.position.x) rogneAGauche(id, profil);
-  if (!profil.distTn.empty() && (debut.x > finProfil(profil) || fin.x > finProfil(profil))) rogneADroite(id, profil);
+  const xDessin auDebut(debut.x), aLaFin(fin.x), origine(profil.position.x);
+  const std::size_t a = profil.indexPc(auDebut), b = profil.indexPc(aLaFin);
+  if (auDebut < origine || aLaFin < origine) rogneAGauche(id, profil);
+  if (!profil.distTn.empty() && (auDebut > finProfil(profil) || aLaFin > finProfil(profil))) rogneADroite(id, profil);
   if (a != b) reporterCourbe(id, profil, a, b, xPris);
 }
 
@@ -103,7 +102,7 @@ void pl_repspc() {
   ads_point pris;
   while (acedEntSel(L"\nElement a reporter:", nom, pris) == RTNORM) {
     AcDbObjectId id;
-    if (acdbGetObjectId(id, nom) == Acad::eOk) reporter(id, profil, pris[0]);
+    if (acdbGetObjectId(id, nom) == Acad::eOk) reporter(id, profil, xDessin(pris[0]));
   }
 }
 

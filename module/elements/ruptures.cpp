@@ -15,20 +15,19 @@ namespace plv {
 
 namespace {
 
-constexpr double kMeme = 1e-6;       // ends, breaks, and a shift that is none
-constexpr double kMemeFin = 1e-8;    // a group or a cut end that stands at the break
-constexpr double kSansFin = 1e36;    // the end of the last section
-constexpr double kNombreMax = 1e28;  // of an argument
+constexpr double kMeme = 1e-6;            // ends, breaks, and a shift that is none
+constexpr double kMemeFin = 1e-8;         // a group or a cut end that stands at the break
+constexpr distanceProfil kSansFin(1e36);  // the end of the last section
+constexpr double kNombreMax = 1e28;       // of an argument
 
-// The stretch of the profile that moves, and by how much. Abscissas from the profile's origin.
+// The stretch of the profile that moves, and by how much in the drawing.
 struct decalage {
   const profilLong& profil;
-  double x;
-  double suivant;
+  distanceProfil debut, fin;
   double dy;
 
-  double xd() const { return x + profil.position.x; }
-  double nd() const { return suivant + profil.position.x; }
+  xDessin xDebut() const { return profil.xDe(debut); }
+  xDessin xFin() const { return profil.xDe(fin); }
   AcGeMatrix3d matrice() const { return AcGeMatrix3d::translation({0.0, dy, 0.0}); }
   void deplacer(AcDbEntity& entite) const { entite.transformBy(matrice()); }
   void deplacerTous(const AcDbObjectIdArray& ids) const {
@@ -39,28 +38,28 @@ struct decalage {
   }
 };
 
-struct cotes {
+// The ends of a curve in the drawing, and how they stand to a limit.
+struct etendueX {
   double gauche, droite;
+
+  bool aDroite(xDessin limite) const { return gauche >= limite.valeur - kMeme && droite >= limite.valeur - kMeme; }
+  bool aGauche(xDessin limite) const { return gauche <= limite.valeur + kMeme && droite <= limite.valeur + kMeme; }
+  // One end beyond the limit, and the other within the tolerance of it: outside altogether.
+  bool dehorsADroite(xDessin limite) const { return gauche >= limite.valeur - kMeme && droite > limite.valeur + kMeme; }
+  bool dehorsAGauche(xDessin limite) const { return droite <= limite.valeur + kMeme && gauche < limite.valeur - kMeme; }
 };
-cotes cotesDe(const AcDbCurve& courbe) {
+etendueX etendueDe(const AcDbCurve& courbe) {
   AcGePoint2d gauche, droite;
   extremitesCourbe(courbe, gauche, droite);
   return {gauche.x, droite.x};
 }
 
-bool aDroite(const cotes& c, double limite) { return c.gauche >= limite - kMeme && c.droite >= limite - kMeme; }
-bool aGauche(const cotes& c, double limite) { return c.gauche <= limite + kMeme && c.droite <= limite + kMeme; }
-// One end beyond the bound, and the other within the tolerance of it: outside altogether.
-bool dehorsADroite(const cotes& c, double limite) { return c.gauche >= limite - kMeme && c.droite > limite + kMeme; }
-bool dehorsAGauche(const cotes& c, double limite) { return c.droite <= limite + kMeme && c.gauche < limite - kMeme; }
-
-double altitude(const profilLong& profil, std::size_t i) { return i < profil.altPc.size() ? profil.altPc[i] : 0.0; }
-double abscisse(const profilLong& profil, std::size_t i) {
-  return i < profil.distPc.size() ? profil.distPc[i] : kSansFin;
+distanceProfil debutSection(const profilLong& profil, std::size_t i) {
+  return i < profil.distPc.size() ? distanceProfil(profil.distPc[i]) : kSansFin;
 }
-std::size_t indexRupture(const profilLong& profil, double x) {
+std::size_t indexRupture(const profilLong& profil, distanceProfil d) {
   std::size_t i = 0;
-  while (i < profil.distPc.size() && !(std::abs(profil.distPc[i] - x) < kMeme)) ++i;
+  while (i < profil.distPc.size() && !(std::abs(profil.distPc[i] - d.valeur) < kMeme)) ++i;
   return i;
 }
 
@@ -76,7 +75,7 @@ template <class DEDANS>
 void deplacerCourbes(const AcDbObjectIdArray& ids, const decalage& d, DEDANS dedans) {
   for (const AcDbObjectId& id : ids) {
     AcDbObjectPointer<AcDbCurve> courbe(id, AcDb::kForWrite);
-    if (courbe.openStatus() == Acad::eOk && dedans(cotesDe(*courbe))) d.deplacer(*courbe);
+    if (courbe.openStatus() == Acad::eOk && dedans(etendueDe(*courbe))) d.deplacer(*courbe);
   }
 }
 
@@ -89,28 +88,28 @@ std::vector<elemsFixesKavel> lireGroupes(AcDbObjectId support) {
 }
 
 bool dansEtendue(const elemsFixesKavel& groupe, const decalage& d) {
-  return groupe.position >= d.x && groupe.position <= d.suivant;
+  return groupe.position >= d.debut && groupe.position <= d.fin;
 }
 
-void supprimerRupture(const profilLong& profil, double x, double z) {
+void supprimerRupture(const profilLong& profil, distanceProfil rupture, altitudeVraie z) {
   if (profil.distPc.empty()) return;
   std::size_t i = 0;
-  if (x > profil.distPc.front())
-    while (i < profil.distPc.size() && x > profil.distPc[i]) ++i;
+  if (rupture.valeur > profil.distPc.front())
+    while (i < profil.distPc.size() && rupture.valeur > profil.distPc[i]) ++i;
   if (i == 0) return;
-  const decalage d{profil, x, abscisse(profil, i), (z - altitude(profil, i - 1)) * profil.echelleV};
+  const decalage d{profil, rupture, debutSection(profil, i), (z - profil.altitudeSection(i - 1)) * profil.echelleV};
   if (std::abs(d.dy) < kMeme) return;
   for (const AcDbObjectId& support : supports(profil)) {
     AcDbObjectIdArray ids;
     lireListeBrute(support, ids);
-    deplacerCourbes(ids, d, [&](const cotes& c) {
-      return aDroite(c, d.xd()) && aGauche(c, d.nd()) && !dehorsADroite(c, d.nd()) && !dehorsAGauche(c, d.xd());
+    deplacerCourbes(ids, d, [&](const etendueX& e) {
+      return e.aDroite(d.xDebut()) && e.aGauche(d.xFin()) && !e.dehorsADroite(d.xFin()) && !e.dehorsAGauche(d.xDebut());
     });
     joindreCourbes(ids);
     ecrireListeProjet(support, ids);
     for (const elemsFixesKavel& groupe : lireGroupes(support)) {
       if (!dansEtendue(groupe, d)) continue;
-      if (std::abs(groupe.position - x) < kMemeFin) {
+      if (std::abs(groupe.position - rupture) < kMemeFin) {
         AcDbObjectIdArray effaces = groupe.doublons;
         effacerTout(effaces);
       } else {
@@ -120,23 +119,24 @@ void supprimerRupture(const profilLong& profil, double x, double z) {
   }
 }
 
-void modifierRupture(const profilLong& profil, double x, double z1, double z2) {
-  const std::size_t i = indexRupture(profil, x), n = profil.distPc.size();
-  const bool derniere = n > 0 && std::abs(profil.distPc.back() - x) < kMeme;
-  const double suivant = i == n || derniere ? kSansFin : abscisse(profil, i + 1);
-  const decalage d{profil, x, suivant, (z1 - z2) * profil.echelleV};
+void modifierRupture(const profilLong& profil, distanceProfil rupture, altitudeVraie z1, altitudeVraie z2) {
+  const std::size_t i = indexRupture(profil, rupture), n = profil.distPc.size();
+  const bool derniere = n > 0 && std::abs(profil.distPc.back() - rupture.valeur) < kMeme;
+  const distanceProfil fin = i == n || derniere ? kSansFin : debutSection(profil, i + 1);
+  const decalage d{profil, rupture, fin, (z1 - z2) * profil.echelleV};
   if (std::abs(d.dy) < kMeme) return;
-  const bool aLOrigine = std::abs(x) < kMeme;  // nothing bounds the stretch on the left
+  const bool aLOrigine = std::abs(rupture.valeur) < kMeme;  // nothing bounds the stretch on the left
   for (const AcDbObjectId& support : supports(profil)) {
     AcDbObjectIdArray ids;
     lireListeBrute(support, ids);
-    deplacerCourbes(ids, d, [&](const cotes& c) { return aGauche(c, d.nd()) && (aLOrigine || aDroite(c, d.xd())); });
+    deplacerCourbes(ids, d,
+                    [&](const etendueX& e) { return e.aGauche(d.xFin()) && (aLOrigine || e.aDroite(d.xDebut())); });
     ecrireListeProjet(support, ids);
     for (const elemsFixesKavel& groupe : lireGroupes(support)) {
       if (!dansEtendue(groupe, d)) continue;
       // At an inner break the base list belongs to the stretch on the left, which stays.
-      const bool surRupture = std::abs(groupe.position - x) < kMeme;
-      const bool premiere = n > 0 && std::abs(x - profil.distPc.front()) < kMeme;
+      const bool surRupture = std::abs(groupe.position - rupture) < kMeme;
+      const bool premiere = n > 0 && std::abs(rupture.valeur - profil.distPc.front()) < kMeme;
       d.deplacerTous(surRupture && !premiere ? groupe.doublons : groupe.elements);
     }
   }
@@ -152,40 +152,43 @@ void placerPieces(AcDbCurve* courbe, piecesCourbe& pieces, bool remplacer, const
   if (remplacer) source.effacer();
   for (pieceCourbe& piece : pieces) {
     piece->setPropertiesFrom(&proprietes);
-    const cotes c = cotesDe(*piece);
-    // The bound of the stretch is compared as it stands, without the profile's own abscissa: required.
-    const bool auDela = c.gauche > d.xd() && c.droite > d.xd() && c.gauche <= d.suivant && c.droite <= d.suivant;
-    if (std::abs(c.gauche - d.xd()) < kMemeFin || auDela) d.deplacer(*piece);
+    const etendueX e = etendueDe(*piece);
+    const double debut = d.xDebut().valeur;
+    // Kept as it is: the end of the stretch is compared as a distance, without the X of the profile's block, although
+    // the piece stands in the drawing. Stored drawings were made so.
+    const bool avantLaFin = e.gauche <= d.fin.valeur && e.droite <= d.fin.valeur;
+    const bool auDela = e.gauche > debut && e.droite > debut && avantLaFin;
+    if (std::abs(e.gauche - debut) < kMemeFin || auDela) d.deplacer(*piece);
     source.placer(std::move(piece), nouveaux);
   }
   source.fermer();
 }
 
-void ajouterALaCourbe(AcDbObjectId id, double precedent, const decalage& d, AcDbObjectIdArray& nouveaux) {
+void ajouterALaCourbe(AcDbObjectId id, distanceProfil precedent, const decalage& d, AcDbObjectIdArray& nouveaux) {
   AcDbCurve* courbe = nullptr;
   if (acdbOpenObject(courbe, id, AcDb::kForWrite) != Acad::eOk) return;
-  const cotes c = cotesDe(*courbe);
-  const double xd = d.xd(), pd = precedent + d.profil.position.x;
+  const etendueX e = etendueDe(*courbe);
+  const double debut = d.xDebut().valeur;
   piecesCourbe pieces;
   bool remplacer = false;
-  if (std::abs(c.gauche - xd) < kMeme) {
+  if (std::abs(e.gauche - debut) < kMeme) {
     d.deplacer(*courbe);
-  } else if (!dehorsADroite(c, d.nd()) && !dehorsAGauche(c, pd)) {
-    if (aGauche(c, d.nd()) && aDroite(c, xd)) d.deplacer(*courbe);
-    else if (c.gauche < xd && xd < c.droite) couperCourbe(*courbe, {xd}, pieces, remplacer);
+  } else if (!e.dehorsADroite(d.xFin()) && !e.dehorsAGauche(d.profil.xDe(precedent))) {
+    if (e.aGauche(d.xFin()) && e.aDroite(d.xDebut())) d.deplacer(*courbe);
+    else if (e.gauche < debut && debut < e.droite) couperCourbe(*courbe, {debut}, pieces, remplacer);
   }
   if (pieces.size() < 2) courbe->close();
   else placerPieces(courbe, pieces, remplacer, d, nouveaux);
 }
 
-void ajouterAuxGroupes(AcDbObjectId support, double precedent, const decalage& d) {
+void ajouterAuxGroupes(AcDbObjectId support, distanceProfil precedent, const decalage& d) {
   listeRb rebatie;
   for (elemsFixesKavel& groupe : lireGroupes(support)) {
-    const bool dedans = groupe.position <= d.suivant && groupe.position >= precedent;
-    if (dedans && std::abs(groupe.position - d.x) < kMeme) {
+    const bool dedans = groupe.position <= d.fin && groupe.position >= precedent;
+    if (dedans && std::abs(groupe.position - d.debut) < kMeme) {
       creerDoublons(groupe);
       d.deplacerTous(groupe.doublons);
-    } else if (dedans && groupe.position >= d.x) {
+    } else if (dedans && groupe.position >= d.debut) {
       d.deplacerTous(groupe.elements);
     }
     rebatie.ajouter(enChaine(groupe));
@@ -199,11 +202,11 @@ bool aUnRecord(AcDbObjectId support, const ACHAR* cle) {
 }
 
 // This shift is not tested against zero.
-void ajouterRupture(const profilLong& profil, double x, double z) {
-  const std::size_t i = indexRupture(profil, x);
+void ajouterRupture(const profilLong& profil, distanceProfil rupture, altitudeVraie z) {
+  const std::size_t i = indexRupture(profil, rupture);
   if (i == 0 || i == profil.distPc.size()) return;
-  const double precedent = profil.distPc[i - 1];
-  const decalage d{profil, x, abscisse(profil, i + 1), (altitude(profil, i - 1) - z) * profil.echelleV};
+  const distanceProfil precedent(profil.distPc[i - 1]);
+  const decalage d{profil, rupture, debutSection(profil, i + 1), (profil.altitudeSection(i - 1) - z) * profil.echelleV};
   for (const AcDbObjectId& support : supports(profil)) {
     AcDbObjectIdArray ids, nouveaux;
     lireListeBrute(support, ids);
@@ -227,10 +230,13 @@ void pl_chg_pc() {
   args.lireArgs();
   profilLong profil;
   if (!conforme(args, "NCRRR")) return;
-  const double x = valeurReelle(args.nieme(2)), z1 = valeurReelle(args.nieme(3)), z2 = valeurReelle(args.nieme(4));
-  if (x > kNombreMax || z1 > kNombreMax || z2 > kNombreMax || !profil.lireNom(args.tete()->resval.rlname)) return;
+  const xDessin x(valeurReelle(args.nieme(2)));
+  const altitudeVraie z1(valeurReelle(args.nieme(3))), z2(valeurReelle(args.nieme(4)));
+  if (x.valeur > kNombreMax || z1.valeur > kNombreMax || z2.valeur > kNombreMax ||
+      !profil.lireNom(args.tete()->resval.rlname))
+    return;
   const std::wstring operation = valeurTexte(args.nieme(1));
-  const double distance = x - profil.position.x;
+  const distanceProfil distance = profil.distanceDe(x);
   switch (operation.empty() ? L'\0' : operation.front()) {
     case L'A': ajouterRupture(profil, distance, z1); break;
     case L'M': modifierRupture(profil, distance, z1, z2); break;

@@ -35,7 +35,7 @@ bool intersection(const LineSeg& a, const LineSeg& b, double& x, double& y, bool
 }
 
 void LineSegArrayData::ajuster(double a, double b) {
-  if (a >= derniereStation() || premiereStation() >= b) {
+  if (a >= fin().valeur || debut().valeur >= b) {
     RemoveAll();
     return;
   }

@@ -16,7 +16,7 @@ const LineSegArrayData& premierProjet(const ligneTroncons& ligne) {
 
 bool avant(const ligneTroncons& a, const ligneTroncons& b) {
   const LineSegArrayData &projetA = premierProjet(a), &projetB = premierProjet(b);
-  return !projetA.IsEmpty() && !projetB.IsEmpty() && projetA.premiereStation() < projetB.premiereStation();
+  return !projetA.IsEmpty() && !projetB.IsEmpty() && projetA.debut() < projetB.debut();
 }
 
 }  // namespace

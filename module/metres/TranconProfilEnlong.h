@@ -14,9 +14,9 @@ struct TranconProfilEnlong {
   poigneeSegments terrain{new LineSegArrayData}, projet{new LineSegArrayData};
   double surface = 0;  // between the two lines, square drawing units of true height
 
-  // Stations of the ends, and class number. An empty `projet` raises the invalid-argument failure.
-  double debut() const { return projet->GetAt(0).x1; }
-  double fin() const { return projet->dernier().x2; }
+  // The ends, and the class number. An empty `projet` raises the invalid-argument failure.
+  distanceProfil debut() const { return distanceProfil(projet->GetAt(0).x1); }
+  distanceProfil fin() const { return distanceProfil(projet->dernier().x2); }
   Adesk::Int32 classe() const { return projet->GetAt(0).classe; }
 };
 using poigneeTroncon = boost::shared_ptr<TranconProfilEnlong>;
@@ -26,7 +26,7 @@ struct ligneTroncons {
   static constexpr Adesk::Int32 kAucuneClasse = -999;
   std::vector<poigneeTroncon> troncons;
   Adesk::Int32 classeCourante = kAucuneClasse;  // of the last section
-  double planComparaison = 0;                   // altitude of the PC section in which the line lies
+  altitudeVraie planComparaison;                // of the profile's section in which the line lies
 };
 
 struct valeurElement {

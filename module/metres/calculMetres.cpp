@@ -29,8 +29,8 @@ bool estARebours(const AcGePoint2dArray& debuts, const AcGePoint2dArray& fins) {
 }
 
 // Appends the pieces to the line, and gives the altitude of the reference plane they were drawn from.
-double enCoordonneesProfil(AcGePoint2dArray& debuts, AcGePoint2dArray& fins, const profilLong& profil,
-                           LineSegArrayData& ligne) {
+altitudeVraie enCoordonneesProfil(AcGePoint2dArray& debuts, AcGePoint2dArray& fins, const profilLong& profil,
+                                  LineSegArrayData& ligne) {
   const bool rebours = estARebours(debuts, fins);
   if (rebours) {
     debuts.reverse();
@@ -41,14 +41,14 @@ double enCoordonneesProfil(AcGePoint2dArray& debuts, AcGePoint2dArray& fins, con
     if (std::abs(a.x - de.x) < kSansLongueur && std::abs(a.y - de.y) < kSansLongueur) continue;
     ligne.Add({de.x - profil.position.x, de.y - profil.position.y, a.x - profil.position.x, a.y - profil.position.y});
   }
-  const std::size_t k = profil.indexPc((debuts.first().x + fins.last().x) / 2);
-  const double pc = k < profil.altPc.size() ? profil.altPc[k] : 0.0;
+  const std::size_t k = profil.indexPc(xDessin((debuts.first().x + fins.last().x) / 2));
+  const altitudeVraie pc = profil.altitudeSection(k);
   const double debut = k < profil.distPc.size() ? profil.distPc[k] : 0.0;
   ligne.ajuster(debut, k + 1 < profil.distPc.size() ? profil.distPc[k + 1] : kSansLimite);
   for (std::ptrdiff_t i = 0; i < ligne.GetSize(); ++i) {
     LineSeg& piece = ligne.GetAt(i);
-    piece.y1 = piece.y1 / profil.echelleV + pc;
-    piece.y2 = piece.y2 / profil.echelleV + pc;
+    piece.y1 = piece.y1 / profil.echelleV + pc.valeur;
+    piece.y2 = piece.y2 / profil.echelleV + pc.valeur;
   }
   return pc;
 }

@@ -15,6 +15,7 @@ namespace {
 
 constexpr double kPlusCourte = 0.01;  // metres
 constexpr double kProfondeurExtreme = 1e99;
+constexpr double kSansFin = 1e36;  // the end of a class that the list hasn't
 constexpr Adesk::Int32 kCouleurExtreme = 1;
 constexpr Adesk::Int32 kOctetCouleur = 0xFF;
 
@@ -142,28 +143,28 @@ gardeClassesExtremes::~gardeClassesExtremes() {
   supprimerClasse(liste_, 0);
 }
 
-Adesk::Int32 classeDeProfondeur(const classesProfondeur& liste, double profondeur) {
+Adesk::Int32 classeDeProfondeur(const classesProfondeur& liste, profondeurFouille profondeur) {
   const auto trouvee = std::find_if(liste.begin(), liste.end(), [&](const classeProfondeur& c) {
-    return c.debut < profondeur && profondeur <= c.fin;
+    return c.debut < profondeur.valeur && profondeur.valeur <= c.fin;
   });
   return static_cast<Adesk::Int32>(trouvee == liste.end() ? static_cast<std::ptrdiff_t>(liste.size()) - 1
                                                           : trouvee - liste.begin());
 }
 
-double finDeClasse(const classesProfondeur& liste, std::ptrdiff_t index) {
-  return estDans(liste, index) ? liste[static_cast<std::size_t>(index)].fin : 1e36;
+profondeurFouille finDeClasse(const classesProfondeur& liste, std::ptrdiff_t index) {
+  return profondeurFouille(estDans(liste, index) ? liste[static_cast<std::size_t>(index)].fin : kSansFin);
 }
-double debutDeClasse(const classesProfondeur& liste, std::ptrdiff_t index) {
-  return estDans(liste, index) ? liste[static_cast<std::size_t>(index)].debut : 0.0;
+profondeurFouille debutDeClasse(const classesProfondeur& liste, std::ptrdiff_t index) {
+  return profondeurFouille(estDans(liste, index) ? liste[static_cast<std::size_t>(index)].debut : 0.0);
 }
 
 std::wstring libelleClasse(const classesProfondeur& liste, Adesk::Int32 numero) {
   const auto nombre = static_cast<std::ptrdiff_t>(liste.size());
   if (numero == 0) return L"Non enterre";
   if (numero > 0 && numero < nombre)
-    return texteFixe(debutDeClasse(liste, numero - 1), 2) + L" - " + texteFixe(finDeClasse(liste, numero - 1), 2) +
-           L" ";
-  return L"au dela de " + texteFixe(finDeClasse(liste, nombre - 1), 2);
+    return texteFixe(debutDeClasse(liste, numero - 1).valeur, 2) + L" - " +
+           texteFixe(finDeClasse(liste, numero - 1).valeur, 2) + L" ";
+  return L"au dela de " + texteFixe(finDeClasse(liste, nombre - 1).valeur, 2);
 }
 
 }  // namespace plv

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "hote/adesk.h"
+#include "module/profil/grandeurs.h"
 
 namespace plv {
 
@@ -49,11 +50,11 @@ class gardeClassesExtremes {
 };
 
 // The first class with debut < depth <= fin, else the last one; -1 for an empty list.
-Adesk::Int32 classeDeProfondeur(const classesProfondeur& liste, double profondeur);
+Adesk::Int32 classeDeProfondeur(const classesProfondeur& liste, profondeurFouille profondeur);
 
 // Limits by index: 1e36 and 0 for an index outside the list.
-double finDeClasse(const classesProfondeur& liste, std::ptrdiff_t index);
-double debutDeClasse(const classesProfondeur& liste, std::ptrdiff_t index);
+profondeurFouille finDeClasse(const classesProfondeur& liste, std::ptrdiff_t index);
+profondeurFouille debutDeClasse(const classesProfondeur& liste, std::ptrdiff_t index);
 // What a section of that class number is called in reports. The last class is called like what lies deeper than it.
 std::wstring libelleClasse(const classesProfondeur& liste, Adesk::Int32 numero);
 

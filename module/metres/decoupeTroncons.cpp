@@ -57,7 +57,7 @@ class balayage {
     while (terrain_.GetAt(i_).x2 <= projet_.GetAt(0).x1) ++i_;
     while (projet_.GetAt(j_).x2 <= terrain_.GetAt(i_).x1) ++j_;
     x_ = std::max(terrain_.GetAt(i_).x1, projet_.GetAt(j_).x1);
-    const double fin = std::min(terrain_.derniereStation(), projet_.derniereStation());
+    const double fin = std::min(terrain_.fin(), projet_.fin()).valeur;
     classe_ = classeEn(x_);
     while (x_ < fin && i_ < terrain_.GetSize() && j_ < projet_.GetSize()) passe();
   }
@@ -66,7 +66,7 @@ class balayage {
   Adesk::Int32 classeEn(double x) {
     terrain_.GetAt(i_).YAt(x, yTerrain_);
     projet_.GetAt(j_).YAt(x, yProjet_);
-    return classeDeProfondeur(liste_, yTerrain_ - yProjet_);
+    return classeDeProfondeur(liste_, profondeurSous(altitudeVraie(yTerrain_), altitudeVraie(yProjet_)));
   }
 
   // From x to the next end of a piece.
@@ -93,7 +93,7 @@ class balayage {
   // Up to the limit of the present class. An intersection that fails keeps the abscissa of the last one; before the first
   // there is none, and the class changes where the sweep stands.
   void franchir(Adesk::Int32 pas) {
-    const double limite = pas > 0 ? finDeClasse(liste_, classe_) : debutDeClasse(liste_, classe_);
+    const double limite = (pas > 0 ? finDeClasse(liste_, classe_) : debutDeClasse(liste_, classe_)).valeur;
     LineSeg abaisse = terrain_.GetAt(i_);
     abaisse.y1 -= limite;
     abaisse.y2 -= limite;

@@ -45,7 +45,7 @@ void lireChamp(const profilLong& profil, const AcDbBlockReference& bloc, const c
                std::vector<valeurElement>& valeurs) {
   std::wstring texte;
   if (champ.nature == champElementFixe::kStation)
-    valeurs.push_back({1, bloc.position().x - profil.position.x + profil.dcumDeb, {}, champ.libelle});
+    valeurs.push_back({1, profil.stationDe(profil.distanceDe(xDessin(bloc.position().x))).valeur, {}, champ.libelle});
   else if (champ.nature == champElementFixe::kAttribut && lireParEtiquette(bloc, champ.etiquette, texte))
     valeurs.push_back({0, 0.0, texte, champ.libelle});
 }

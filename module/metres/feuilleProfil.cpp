@@ -103,7 +103,7 @@ lxw_col_t feuilleProfil::troncons(const ligneTroncons& ligne) {
 // A section that isn't buried has neither width nor volume, and leaves their columns free.
 lxw_col_t feuilleProfil::troncon(const TranconProfilEnlong& t, bool dernier) {
   lxw_format* const n = dernier ? f_.nombreBas : f_.nombre;
-  const double debut = t.debut(), fin = t.fin();
+  const double debut = t.debut().valeur, fin = t.fin().valeur;
   const Adesk::Int32 classe = t.classe();
   const lxw_row_t r = rangee_++;
   nombre(r, kDebut, debut, n);

@@ -41,8 +41,8 @@ void hachurerLigne(const ligneTroncons& ligne, const profilLong& profil, AcDbObj
   for (const poigneeTroncon& troncon : ligne.troncons) {
     if (troncon->terrain->IsEmpty()) continue;
     const Adesk::Int16 couleur = couleurDeClasse(troncon->terrain->GetAt(0).classe);
-    auto hachure = hachurerTroncon(*troncon, couleur, profil.echelleV, profil.position.x, profil.position.y,
-                                   ligne.planComparaison);
+    auto hachure = hachurerTroncon(*troncon, couleur, profil.echelleV, xDessin(profil.position.x),
+                                   yDessin(profil.position.y), ligne.planComparaison);
     if (!hachure) continue;
     AcDbObjectId id;
     ajouterEspaceObjet(std::move(hachure), &id);
@@ -53,12 +53,12 @@ void hachurerLigne(const ligneTroncons& ligne, const profilLong& profil, AcDbObj
 }  // namespace
 
 std::unique_ptr<AcDbHatch> hachurerTroncon(const TranconProfilEnlong& troncon, Adesk::Int16 couleur, double echelle,
-                                           double x0, double y0, double planComparaison) {
+                                           xDessin x0, yDessin y0, altitudeVraie planComparaison) {
   if (troncon.terrain->IsEmpty() || troncon.projet->IsEmpty()) return nullptr;
   AcGePoint2dArray points = contour(*troncon.terrain, *troncon.projet);
   AcGeDoubleArray fleches;
   for (AcGePoint2d& point : points) {
-    point = {x0 + point.x, (point.y - planComparaison) * echelle + y0};
+    point = {x0.valeur + point.x, (point.y - planComparaison.valeur) * echelle + y0.valeur};
     fleches.append(0.0);
   }
   auto hachure = std::make_unique<AcDbHatch>();

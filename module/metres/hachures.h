@@ -11,7 +11,7 @@ namespace plv {
 // profile's block; echelle: drawing units for a metre of altitude; planComparaison: altitude at y0. Throws what a setting
 // throws when a transparency out of range can't be put right in its file.
 std::unique_ptr<AcDbHatch> hachurerTroncon(const TranconProfilEnlong& troncon, Adesk::Int16 couleur, double echelle,
-                                           double x0, double y0, double planComparaison);
+                                           xDessin x0, yDessin y0, altitudeVraie planComparaison);
 
 // Hatches every section, on the current layer, in anonymous groups: each line of a profile closes a group of all hatches
 // of this profile so far.

@@ -28,7 +28,7 @@ rangee rangeeTroncon(const profilLong& profil, const TranconProfilEnlong& t, int
   const double largeur = connue ? liste[static_cast<std::size_t>(classe - 1)].largeur : 0.0;
   const double moyenne = t.surface / (std::abs(longueur) < kSansLongueur ? 1.0 : longueur);
   return {
-      {profil.numero.kACharPtr(), texteFixe(t.debut(), 3), texteFixe(t.fin(), 3),
+      {profil.numero.kACharPtr(), texteFixe(t.debut().valeur, 3), texteFixe(t.fin().valeur, 3),
        cadre(std::to_wstring(classe), 2) + L" - " + mesure(moyenne), mesure(t.surface * largeur), mesure(t.surface)},
       index};
 }
@@ -39,9 +39,10 @@ std::wstring titre(const profilLong& profil) { return std::wstring(L"Profil:") +
 
 std::vector<rangee> rangeesTroncons(InfoProfilEnLong& profil, int index) {
   ordonnerLignes(profil);
-  std::vector<rangee> rangees = {
-      {{titre(profil)}, index},
-      {{L"Pk : " + texteFixe(profil.dcumDeb, 3) + L" a " + texteFixe(profil.dcumDeb + profil.longueurTn(), 3)}, index}};
+  std::vector<rangee> rangees = {{{titre(profil)}, index},
+                                 {{L"Pk : " + texteFixe(profil.dcumDeb, 3) + L" a " +
+                                   texteFixe(profil.stationDe(distanceProfil(profil.longueurTn())).valeur, 3)},
+                                  index}};
   for (const ligneTroncons& ligne : profil.lignes)
     for (const poigneeTroncon& t : ligne.troncons) rangees.push_back(rangeeTroncon(profil, *t, index));
   return rangees;

@@ -38,19 +38,20 @@ bool demander(demande& d) {
 
 // A point on a change of section has no altitude of its own: the section that ends there serves.
 AcGePoint2d pointRecherche(const profilLong& profil, const AcGePoint3d& point) {
-  const std::size_t section = profil.indexPc(point.x);
-  double z = profil.altitudeDeY(point.y, section < profil.altPc.size() ? profil.altPc[section] : 0.0);
+  const xDessin x(point.x);
+  altitudeVraie z = profil.altitudeDeY(yDessin(point.y), profil.altitudeSection(profil.indexPc(x)));
   profil.altitudeDePoint(point, z, true);
-  return {point.x - profil.position.x, z};
+  return {profil.distanceDe(x).valeur, z.valeur};
 }
 
 // The first plane serves for every vertex, whatever the section.
 void dessinerChaine(const profilLong& profil, const chaineTrace& chaine) {
-  const double pc = profil.altPc.empty() ? 0.0 : profil.altPc.front();
+  const altitudeVraie pc = profil.altitudeSection(0);
   auto polyligne = std::make_unique<AcDbPolyline>(static_cast<unsigned int>(chaine.size()));
   unsigned int i = 0;
   for (const AcGePoint2d& point : chaine)
-    polyligne->addVertexAt(i++, {profil.position.x + point.x, (point.y - pc) * profil.echelleV + profil.position.y});
+    polyligne->addVertexAt(i++,
+                           {profil.xDe(distanceProfil(point.x)).valeur, profil.yDe(altitudeVraie(point.y), pc).valeur});
   ajouterEspaceObjet(std::move(polyligne));
 }
 

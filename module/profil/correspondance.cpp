@@ -24,37 +24,45 @@ std::size_t sectionParBornes(const std::vector<double>& debuts, double d) {
 // The scan counts the starts that lie above the distance, so that it gives section 0 for any distance above
 // the tolerance and the last section for the others. Existing drawings rely on it; the bounds serve
 // elsewhere.
-std::size_t profilLong::sectionBalayage(double d) const {
+std::size_t profilLong::sectionBalayage(distanceProfil d) const {
   std::size_t i = 0;
-  while (i < distPc.size() && kToleranceStation + distPc[i] > d) ++i;
+  while (i < distPc.size() && kToleranceStation + distPc[i] > d.valeur) ++i;
   return i == 0 ? 0 : i - 1;
 }
 
-double profilLong::altitudeSection(std::size_t section) const { return section < altPc.size() ? altPc[section] : 0.0; }
+altitudeVraie profilLong::altitudeSection(std::size_t section) const {
+  return altitudeVraie(section < altPc.size() ? altPc[section] : 0.0);
+}
 
-bool profilLong::versDessin(double s, double z, double& x, double& y) const {
-  const double d = s - dcumDeb;
-  if (d < -kToleranceStation || d > kToleranceStation + longueurTn() || altPc.empty()) return false;
-  x = position.x + d;
-  y = (z - altitudeSection(sectionBalayage(d))) * echelleV + position.y;
+bool profilLong::versDessin(stationPk s, altitudeVraie z, xDessin& x, yDessin& y) const {
+  const distanceProfil d = distanceDe(s);
+  if (d.valeur < -kToleranceStation || d.valeur > kToleranceStation + longueurTn() || altPc.empty()) return false;
+  x = xDe(d);
+  y = yDe(z, altitudeSection(sectionBalayage(d)));
   return true;
 }
 
-double profilLong::pcEnStation(double s) const { return altitudeSection(sectionBalayage(s - dcumDeb)); }
-double profilLong::pcEnX(double x) const { return altitudeSection(sectionBalayage(x - position.x)); }
+altitudeVraie profilLong::pcEnStation(stationPk s) const { return altitudeSection(sectionBalayage(distanceDe(s))); }
+altitudeVraie profilLong::pcEnX(xDessin x) const { return altitudeSection(sectionBalayage(distanceDe(x))); }
 
-double profilLong::ordonneeDessin(double d, double z) const {
-  const auto ordonnee = [&](double pc) { return (z - pc) * echelleV + position.y; };
-  if (distPc.empty() || altPc.empty()) return ordonnee(0.0);
-  if (d <= distPc.front()) return ordonnee(altPc.front());
-  if (d >= distPc.back()) return ordonnee(altPc.back());
+yDessin profilLong::ordonneeDessin(distanceProfil distance, altitudeVraie z) const {
+  const double d = distance.valeur;
+  if (distPc.empty() || altPc.empty()) return yDe(z, altitudeVraie(0.0));
+  if (d <= distPc.front()) return yDe(z, altitudeVraie(altPc.front()));
+  if (d >= distPc.back()) return yDe(z, altitudeVraie(altPc.back()));
   const std::size_t i = sectionParBornes(distPc, d);
   const bool plusBas =
       i >= 1 && std::abs(d - distPc[i]) < kAuChangement && altitudeSection(i - 1) <= altitudeSection(i);
-  return ordonnee(altitudeSection(plusBas ? i - 1 : i));
+  return yDe(z, altitudeSection(plusBas ? i - 1 : i));
 }
 
-bool profilLong::altitudeDePoint(const AcGePoint3d& point, double& z, bool relatif) const {
+yDessin profilLong::yDe(altitudeVraie z, altitudeVraie pc) const { return yDessin((z - pc) * echelleV + position.y); }
+
+altitudeVraie profilLong::altitudeDeY(yDessin y, altitudeVraie pc) const {
+  return altitudeVraie((y.valeur - position.y) / echelleV + pc.valeur);
+}
+
+bool profilLong::altitudeDePoint(const AcGePoint3d& point, altitudeVraie& z, bool relatif) const {
   if (distPc.empty() || altPc.empty()) return false;
   const double d = relatif ? point.x - position.x : point.x;
   const double v = relatif ? point.y - position.y : point.y;
@@ -65,28 +73,26 @@ bool profilLong::altitudeDePoint(const AcGePoint3d& point, double& z, bool relat
     while (d > distPc[section]) ++section;
     if (d == distPc[section]) return false;
   }
-  z = v / echelleV + altitudeSection(section - 1);
+  z = altitudeVraie(v / echelleV + altitudeSection(section - 1).valeur);
   return true;
 }
 
-double profilLong::altitudeDeY(double y, double pc) const { return (y - position.y) / echelleV + pc; }
-
-void profilLong::versProfil(std::size_t section, const AcGePoint3d& point, double& s, double& z) const {
-  s = point.x - position.x + dcumDeb;
-  z = altitudeDeY(point.y, altitudeSection(section));
+void profilLong::versProfil(std::size_t section, const AcGePoint3d& point, stationPk& s, altitudeVraie& z) const {
+  s = stationDe(distanceDe(xDessin(point.x)));
+  z = altitudeDeY(yDessin(point.y), altitudeSection(section));
 }
 
-std::size_t profilLong::indexPc(double x) const {
-  const double d = x - position.x;
+std::size_t profilLong::indexPc(xDessin x) const {
+  const double d = distanceDe(x).valeur;
   if (d <= 0.0 || distPc.empty()) return 0;
   return d >= distPc.back() ? distPc.size() - 1 : sectionParBornes(distPc, d);
 }
 
-double profilLong::altitudeTn(double x) const {
-  const double d = x - position.x;
+altitudeVraie profilLong::altitudeTn(xDessin x) const {
+  const double d = distanceDe(x).valeur;
   const std::size_t n = std::min(distTn.size(), altTn.size());
-  if (n == 0) return 0.0;
-  if (n == 1) return altTn.front();
+  if (n == 0) return {};
+  if (n == 1) return altitudeVraie(altTn.front());
   std::size_t i = 0;
   if (d >= distTn[n - 1]) {
     i = n - 2;
@@ -95,11 +101,11 @@ double profilLong::altitudeTn(double x) const {
       return d >= distTn[k] - kToleranceStation && d <= distTn[k + 1] + kToleranceStation;
     };
     while (i + 1 < n && !encadre(i)) ++i;
-    if (i + 1 == n) return 0.0;
+    if (i + 1 == n) return {};
   }
   const double ecart = distTn[i + 1] - distTn[i];
-  if (std::abs(ecart) < kPointsConfondus) return (altTn[i] + altTn[i + 1]) / 2;
-  return (d - distTn[i]) / ecart * (altTn[i + 1] - altTn[i]) + altTn[i];
+  if (std::abs(ecart) < kPointsConfondus) return altitudeVraie((altTn[i] + altTn[i + 1]) / 2);
+  return altitudeVraie((d - distTn[i]) / ecart * (altTn[i + 1] - altTn[i]) + altTn[i]);
 }
 
 }  // namespace plv

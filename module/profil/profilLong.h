@@ -7,8 +7,8 @@
 // HASS, HVOIRIE, HAEP, HGEN, HTERRA, HPROJ (handles, 1005). "KELMONT_PLV2" holds the natural ground, two
 // reals for each point: the distance from the previous point and the altitude.
 //
-// Units: distances d are metres from the profile's origin, stations are d + dcumDeb, altitudes are metres,
-// drawing coordinates are drawing units (a metre horizontally, echelleV for a metre of altitude).
+// Units: distances are metres from the profile's origin, stations are distances plus dcumDeb, altitudes are
+// metres, drawing coordinates are drawing units (a metre horizontally, echelleV for a metre of altitude).
 #pragma once
 #include <array>
 #include <string>
@@ -16,6 +16,7 @@
 
 #include "hote/dbents.h"
 #include "hote/dbpl.h"
+#include "module/profil/grandeurs.h"
 
 namespace plv {
 
@@ -72,25 +73,35 @@ struct profilLong {
   // the front-end marks a complete profile by keys of its own.
   double longueurTn() const;
 
+  // From the insertion point.
+  distanceProfil distanceDe(xDessin x) const { return distanceProfil(x.valeur - position.x); }
+  distanceProfil distanceDe(stationPk s) const { return distanceProfil(s.valeur - dcumDeb); }
+  stationPk stationDe(distanceProfil d) const { return stationPk(d.valeur + dcumDeb); }
+  xDessin xDe(distanceProfil d) const { return xDessin(position.x + d.valeur); }
+
   // Station and altitude to drawing. False outside 0 to longueurTn(), and for a profile without PC.
-  bool versDessin(double s, double z, double& x, double& y) const;
+  bool versDessin(stationPk s, altitudeVraie z, xDessin& x, yDessin& y) const;
   // Distance and altitude to a drawing ordinate. At a change of section the lower plane serves.
-  double ordonneeDessin(double d, double z) const;
+  yDessin ordonneeDessin(distanceProfil d, altitudeVraie z) const;
+  // The same over a given reference plane, and back.
+  yDessin yDe(altitudeVraie z, altitudeVraie pc) const;
+  altitudeVraie altitudeDeY(yDessin y, altitudeVraie pc) const;
   // Drawing point to altitude; a relative one is given in the drawing, another from the insertion point.
-  // False on a change of section, where a point has no altitude.
-  bool altitudeDePoint(const AcGePoint3d& point, double& z, bool relatif) const;
-  double altitudeDeY(double y, double pc) const;
-  void versProfil(std::size_t section, const AcGePoint3d& point, double& s, double& z) const;
+  // False, with the altitude untouched, on a change of section, where a point has none.
+  bool altitudeDePoint(const AcGePoint3d& point, altitudeVraie& z, bool relatif) const;
+  void versProfil(std::size_t section, const AcGePoint3d& point, stationPk& s, altitudeVraie& z) const;
+  // The reference plane of a section; 0 for one that the profile hasn't.
+  altitudeVraie altitudeSection(std::size_t section) const;
   // The section by its bounds, at a drawing abscissa.
-  std::size_t indexPc(double x) const;
-  double pcEnStation(double s) const;
-  double pcEnX(double x) const;
+  std::size_t indexPc(xDessin x) const;
+  // The reference plane by the scan of the sections, which isn't that of the section's bounds.
+  altitudeVraie pcEnStation(stationPk s) const;
+  altitudeVraie pcEnX(xDessin x) const;
   // The natural ground at a drawing abscissa, extrapolated on its end segments; 0 without points.
-  double altitudeTn(double x) const;
+  altitudeVraie altitudeTn(xDessin x) const;
 
  private:
-  std::size_t sectionBalayage(double d) const;
-  double altitudeSection(std::size_t section) const;
+  std::size_t sectionBalayage(distanceProfil d) const;
   void lireCles(const resbuf* premiere);
   bool lireCle(const std::wstring& cle, const resbuf* valeur);
   bool lireHandle(const std::wstring& cle, const resbuf* valeur);

@@ -28,7 +28,7 @@ struct trace {
 };
 
 // "station,altitude" to numbers: false for a missing piece or one that is no number.
-bool lireCouple(const std::wstring& reponse, double& station, double& altitude) {
+bool lireCouple(const std::wstring& reponse, stationPk& station, altitudeVraie& altitude) {
   std::wstring pieces[2];
   std::size_t place = 0;
   for (std::wstring& piece : pieces) {
@@ -37,18 +37,20 @@ bool lireCouple(const std::wstring& reponse, double& station, double& altitude) 
     place = std::min(reponse.find(L',', debut), reponse.size());
     piece = reponse.substr(debut, place - debut);
   }
-  return acdbDisToF(pieces[0].c_str(), kUniteDecimale, &station) == RTNORM &&
-         acdbDisToF(pieces[1].c_str(), kUniteDecimale, &altitude) == RTNORM;
+  return acdbDisToF(pieces[0].c_str(), kUniteDecimale, &station.valeur) == RTNORM &&
+         acdbDisToF(pieces[1].c_str(), kUniteDecimale, &altitude.valeur) == RTNORM;
 }
 
 suite saisirPoint(trace& t) {
   ACHAR reponse[kTailleReponse] = L"";
   if (acedGetString(0, L"\nPosition sur profil [Graphique]", reponse) != RTNORM || !*reponse) return suite::fin;
   if (*reponse == L'G' || *reponse == L'g') return suite::graphique;
-  double station = 0, altitude = 0;
-  AcGePoint3d point;
-  if (lireCouple(reponse, station, altitude) && t.profil.versDessin(station, altitude, point.x, point.y))
-    t.prolonger(point);
+  stationPk station;
+  altitudeVraie altitude;
+  xDessin x;
+  yDessin y;
+  if (lireCouple(reponse, station, altitude) && t.profil.versDessin(station, altitude, x, y))
+    t.prolonger({x.valeur, y.valeur, 0.0});
   return suite::encore;
 }
 

@@ -94,7 +94,8 @@ TEST_F(Classes, TheExtremeOnesMakeTheListTotal) {
       double profondeur;
       int classe;
     } cas[] = {{-2, 0}, {0, 0}, {1e-9, 1}, {1, 1}, {1.0000001, 2}, {5, 6}, {5.5, 7}};
-    for (const auto& c : cas) EXPECT_EQ(plv::classeDeProfondeur(liste, c.profondeur), c.classe) << c.profondeur;
+    for (const auto& c : cas)
+      EXPECT_EQ(plv::classeDeProfondeur(liste, plv::profondeurFouille(c.profondeur)), c.classe) << c.profondeur;
   }
   EXPECT_EQ(texte(liste), kParDefaut);
   classesProfondeur vide;
@@ -105,7 +106,7 @@ TEST_F(Classes, TheExtremeOnesMakeTheListTotal) {
     EXPECT_EQ(vide.back().fin, 1e99);
   }
   EXPECT_TRUE(vide.empty());
-  EXPECT_EQ(plv::classeDeProfondeur(vide, 1), -1);
+  EXPECT_EQ(plv::classeDeProfondeur(vide, plv::profondeurFouille(1)), -1);
 }
 
 TEST_F(Classes, LabelsNameTheBand) {

@@ -4,7 +4,7 @@
 
 #include "module/profil/profilLong.h"
 
-using plv::profilLong;
+using plv::altitudeVraie, plv::distanceProfil, plv::profilLong, plv::stationPk, plv::xDessin, plv::yDessin;
 
 namespace {
 
@@ -25,7 +25,9 @@ TEST(Mapping, OrdinatesTakeTheLowerPlaneAtAChangeOfSection) {
   const struct {
     double d, plan;
   } cas[] = {{-5, 95}, {0, 95}, {50, 95}, {100, 95}, {100 + 5e-6, 95}, {100.1, 100}, {149, 100}, {150, 90}, {999, 90}};
-  for (const auto& c : cas) EXPECT_DOUBLE_EQ(p.ordonneeDessin(c.d, 120), (120 - c.plan) * 10 + 500) << c.d;
+  for (const auto& c : cas)
+    EXPECT_DOUBLE_EQ(p.ordonneeDessin(distanceProfil(c.d), altitudeVraie(120)).valeur, (120 - c.plan) * 10 + 500)
+        << c.d;
 }
 
 TEST(Mapping, APointOnAChangeOfSectionHasNoAltitude) {
@@ -37,35 +39,38 @@ TEST(Mapping, APointOnAChangeOfSectionHasNoAltitude) {
   } cas[] = {{-1, true, 95 + 20},       {0, true, 95 + 20},   {99.999, true, 95 + 20}, {100, false, 0},
              {100.001, true, 100 + 20}, {150, true, 90 + 20}, {500, true, 90 + 20}};
   for (const auto& c : cas) {
-    double relatif = 0, absolu = 0;
+    altitudeVraie relatif, absolu;
     EXPECT_EQ(p.altitudeDePoint({1000 + c.d, 700, 0}, relatif, true), c.bon) << c.d;
     EXPECT_EQ(p.altitudeDePoint({c.d, 200, 0}, absolu, false), c.bon) << c.d;
-    EXPECT_DOUBLE_EQ(relatif, c.altitude) << c.d;
-    EXPECT_DOUBLE_EQ(absolu, c.altitude) << c.d;
+    EXPECT_DOUBLE_EQ(relatif.valeur, c.altitude) << c.d;
+    EXPECT_DOUBLE_EQ(absolu.valeur, c.altitude) << c.d;
   }
 }
 
 TEST(Mapping, StationsScanTheSectionsFromTheirStarts) {
   profilLong p = exemple();
   p.dcumDeb = 1000;
-  double x = 0, y = 0;
-  ASSERT_TRUE(p.versDessin(1120, 97, x, y));
-  EXPECT_DOUBLE_EQ(x, 1120);
-  EXPECT_DOUBLE_EQ(y, 520);  // the first plane serves, although 120 m lie in the second section
-  EXPECT_FALSE(p.versDessin(999.9, 97, x, y));
-  EXPECT_FALSE(p.versDessin(1200.1, 97, x, y));
-  EXPECT_TRUE(p.versDessin(1200, 97, x, y));
-  EXPECT_EQ(p.pcEnStation(1120), 95);
-  EXPECT_EQ(p.pcEnStation(1000), 90);  // at or before the origin the scan runs through to the last one
-  EXPECT_EQ(p.pcEnX(1120), 95);
+  xDessin x;
+  yDessin y;
+  ASSERT_TRUE(p.versDessin(stationPk(1120), altitudeVraie(97), x, y));
+  EXPECT_DOUBLE_EQ(x.valeur, 1120);
+  EXPECT_DOUBLE_EQ(y.valeur, 520);  // the first plane serves, although 120 m lie in the second section
+  EXPECT_FALSE(p.versDessin(stationPk(999.9), altitudeVraie(97), x, y));
+  EXPECT_FALSE(p.versDessin(stationPk(1200.1), altitudeVraie(97), x, y));
+  EXPECT_TRUE(p.versDessin(stationPk(1200), altitudeVraie(97), x, y));
+  EXPECT_EQ(p.pcEnStation(stationPk(1120)).valeur, 95);
+  EXPECT_EQ(p.pcEnStation(stationPk(1000)).valeur,
+            90);  // at or before the origin the scan runs through to the last one
+  EXPECT_EQ(p.pcEnX(xDessin(1120)).valeur, 95);
 }
 
 TEST(Mapping, WithoutUnknownKeysOnlyTheOriginIsOnTheProfile) {
   profilLong p = exemple();
   p.clesInconnues = false;
-  double x = 0, y = 0;
-  EXPECT_TRUE(p.versDessin(0, 97, x, y));
-  EXPECT_FALSE(p.versDessin(1, 97, x, y));
+  xDessin x;
+  yDessin y;
+  EXPECT_TRUE(p.versDessin(stationPk(0), altitudeVraie(97), x, y));
+  EXPECT_FALSE(p.versDessin(stationPk(1), altitudeVraie(97), x, y));
 }
 
 TEST(Mapping, SectionsByTheirBounds) {
@@ -74,12 +79,13 @@ TEST(Mapping, SectionsByTheirBounds) {
     double d;
     std::size_t section;
   } cas[] = {{-3, 0}, {0, 0}, {100, 0}, {100.5, 1}, {149, 1}, {150, 2}, {400, 2}};
-  for (const auto& c : cas) EXPECT_EQ(p.indexPc(1000 + c.d), c.section) << c.d;
-  double s = 0, z = 0;
+  for (const auto& c : cas) EXPECT_EQ(p.indexPc(xDessin(1000 + c.d)), c.section) << c.d;
+  stationPk s;
+  altitudeVraie z;
   p.versProfil(1, {1120, 510, 0}, s, z);
-  EXPECT_DOUBLE_EQ(s, 120);
-  EXPECT_DOUBLE_EQ(z, 101);
-  EXPECT_DOUBLE_EQ(p.altitudeDeY(520, 95), 97);
+  EXPECT_DOUBLE_EQ(s.valeur, 120);
+  EXPECT_DOUBLE_EQ(z.valeur, 101);
+  EXPECT_DOUBLE_EQ(p.altitudeDeY(yDessin(520), altitudeVraie(95)).valeur, 97);
 }
 
 TEST(Mapping, GroundIsExtrapolatedAndAStepGivesTheMean) {
@@ -87,25 +93,27 @@ TEST(Mapping, GroundIsExtrapolatedAndAStepGivesTheMean) {
   const struct {
     double d, altitude;
   } cas[] = {{-10, 98}, {0, 100}, {25, 105}, {50, 110}, {125, 106.5}, {200, 99}, {210, 98}};
-  for (const auto& c : cas) EXPECT_NEAR(p.altitudeTn(1000 + c.d), c.altitude, 1e-9) << c.d;
+  for (const auto& c : cas) EXPECT_NEAR(p.altitudeTn(xDessin(1000 + c.d)).valeur, c.altitude, 1e-9) << c.d;
   p.distTn = {50, 50};
   p.altTn = {110, 114};
-  EXPECT_DOUBLE_EQ(p.altitudeTn(1050), 112);
+  EXPECT_DOUBLE_EQ(p.altitudeTn(xDessin(1050)).valeur, 112);
   p.distTn = {50};
   p.altTn = {110};
-  EXPECT_DOUBLE_EQ(p.altitudeTn(0), 110);
+  EXPECT_DOUBLE_EQ(p.altitudeTn(xDessin(0)).valeur, 110);
   p.distTn.clear();
-  EXPECT_DOUBLE_EQ(p.altitudeTn(0), 0);
+  EXPECT_DOUBLE_EQ(p.altitudeTn(xDessin(0)).valeur, 0);
 }
 
 TEST(Mapping, AProfileWithoutPcAnswers) {
   profilLong p;
-  double x = 0, y = 0;
-  EXPECT_FALSE(p.versDessin(0, 0, x, y));
-  EXPECT_FALSE(p.altitudeDePoint({0, 0, 0}, x, true));
-  EXPECT_EQ(p.indexPc(5), 0u);
-  EXPECT_EQ(p.pcEnX(5), 0.0);
-  EXPECT_EQ(p.ordonneeDessin(5, 2), 20.0);
+  xDessin x;
+  yDessin y;
+  altitudeVraie z;
+  EXPECT_FALSE(p.versDessin(stationPk(0), altitudeVraie(0), x, y));
+  EXPECT_FALSE(p.altitudeDePoint({0, 0, 0}, z, true));
+  EXPECT_EQ(p.indexPc(xDessin(5)), 0u);
+  EXPECT_EQ(p.pcEnX(xDessin(5)).valeur, 0.0);
+  EXPECT_EQ(p.ordonneeDessin(distanceProfil(5), altitudeVraie(2)).valeur, 20.0);
 }
 
 }  // namespace

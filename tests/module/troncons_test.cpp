@@ -31,7 +31,7 @@ std::string texte(const LineSegArrayData& pieces) {
 std::string texte(const plv::ligneTroncons& entree) {
   std::ostringstream sortie;
   for (const auto& t : entree.troncons)
-    sortie << t->classe() << ": " << t->debut() << '-' << t->fin() << " s" << t->surface << "; ";
+    sortie << t->classe() << ": " << t->debut().valeur << '-' << t->fin().valeur << " s" << t->surface << "; ";
   return sortie.str();
 }
 
@@ -131,8 +131,8 @@ TEST_F(Balayage, ClippingOnlyBitesOnAPieceItCuts) {
   }
   EXPECT_EQ(session.transcript(), "");
   LineSegArrayData vide;
-  EXPECT_EQ(vide.premiereStation(), 1e36);
-  EXPECT_EQ(vide.derniereStation(), -1e36);
+  EXPECT_EQ(vide.debut().valeur, 1e36);
+  EXPECT_EQ(vide.fin().valeur, -1e36);
   EXPECT_THROW(vide.concatener(vide), CInvalidArgException);
 }
 
@@ -172,8 +172,8 @@ TEST_F(Metres, EachLineIsReadInItsOwnSection) {
   session.eval("(setq a (tronc 0.0 99.5 100.0 99.5 95.0) b (tronc 150.0 103.5 100.0 100.5 100.0))");
   calculer({"a", "b"});
   ASSERT_EQ(profil->lignes.size(), 2u);
-  EXPECT_EQ(profil->lignes[0].planComparaison, 95);
-  EXPECT_EQ(profil->lignes[1].planComparaison, 100);
+  EXPECT_EQ(profil->lignes[0].planComparaison.valeur, 95);
+  EXPECT_EQ(profil->lignes[1].planComparaison.valeur, 100);
   // Depths 0.5 at 0, 2.5 at 40, 1.5 at 100.
   EXPECT_EQ(texte(profil->lignes[0]),
             "1: 0-10 s7.5; 2: 10-20 s12.5; 3: 20-30 s17.5; 4: 30-70 s90; 3: 70-100 s52.5; 2: 100-100 s0; ");
@@ -189,15 +189,15 @@ TEST_F(Metres, EachLineIsReadInItsOwnSection) {
 TEST_F(Metres, ALineOverSeveralSectionsCountsWhereItsMiddleLies) {
   session.eval("(setq a (ligne 100.0 95.0 220.0 95.0))");  // 0 to 120, altitude 99.5 over the first plane
   calculer({"a"});
-  EXPECT_EQ(profil->lignes[0].troncons.back()->fin(), 100);
-  EXPECT_EQ(profil->lignes[0].planComparaison, 95);
+  EXPECT_EQ(profil->lignes[0].troncons.back()->fin().valeur, 100);
+  EXPECT_EQ(profil->lignes[0].planComparaison.valeur, 95);
 }
 
 TEST_F(Metres, LinesAreShownByTheirFirstStation) {
   session.eval("(setq a (tronc 60.0 99.0 90.0 99.0 95.0) b (tronc 10.0 99.0 30.0 99.0 95.0))");
   calculer({"a", "b"});
   plv::ordonnerLignes(*profil);
-  EXPECT_EQ(profil->lignes[0].troncons[0]->debut(), 10);
+  EXPECT_EQ(profil->lignes[0].troncons[0]->debut().valeur, 10);
 }
 
 TEST_F(Metres, OutsideTheGroundTheLinesBeforeStay) {
