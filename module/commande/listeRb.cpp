@@ -1,5 +1,5 @@
 // listeRb: the chains of result lists and Xrecords.
-// Group codes in use: 10, 40, 70, 90, 91, 92 then 310, 280, 300, 330.
+// A value of each kind is one group, but for a block of bytes.
 #include "module/commande/listeRb.h"
 
 #include <algorithm>
@@ -12,7 +12,6 @@ namespace plv {
 
 namespace {
 
-constexpr int kTexte = 300, kEntier = 90, kEntier91 = 91, kReel = 40, kPointeur = 330, kTaille = 92, kMorceau = 310;
 constexpr std::size_t kOctetsParMorceau = 127;  // what a group 310 holds at most
 
 }  // namespace
@@ -34,25 +33,34 @@ bool listeRb::ajouter(resbuf* chaine) {
   return true;
 }
 
-bool listeRb::ajouterTexte(const std::wstring& texte) { return ajouter(acutBuildList(kTexte, texte.c_str(), RTNONE)); }
-
-bool listeRb::ajouterEntier(Adesk::Int32 valeur) { return ajouter(acutBuildList(kEntier, valeur, RTNONE)); }
-bool listeRb::ajouterEntier91(Adesk::Int32 valeur) { return ajouter(acutBuildList(kEntier91, valeur, RTNONE)); }
-bool listeRb::ajouterReel(double valeur) { return ajouter(acutBuildList(kReel, valeur, RTNONE)); }
-
-bool listeRb::ajouterId(AcDbObjectId id) {
-  ads_name nom;
-  if (!id.isNull() && acdbGetAdsName(nom, id) == Acad::eOk) return ajouter(acutBuildList(kPointeur, nom, RTNONE));
-  return ajouterEntier(kObjetNul);
+resbuf* listeRb::ceder() {
+  resbuf* chaine = m_tete;
+  m_tete = m_queue = m_courant = nullptr;
+  return chaine;
 }
 
+bool listeRb::ajouterTexte(const std::wstring& texte) {
+  return ajouter(acutBuildList(kGroupeTexte, texte.c_str(), RTNONE));
+}
+
+bool listeRb::ajouterEntier(Adesk::Int32 valeur) { return ajouter(acutBuildList(kGroupeEntier, valeur, RTNONE)); }
+bool listeRb::ajouterEntier91(Adesk::Int32 valeur) { return ajouter(acutBuildList(kGroupeEntier91, valeur, RTNONE)); }
+bool listeRb::ajouterReel(double valeur) { return ajouter(acutBuildList(kGroupeReel, valeur, RTNONE)); }
+
+bool listeRb::ajouterPointeur(AcDbObjectId id) {
+  ads_name nom;
+  return acdbGetAdsName(nom, id) == Acad::eOk && ajouter(acutBuildList(kGroupePointeur, nom, RTNONE));
+}
+
+bool listeRb::ajouterId(AcDbObjectId id) { return (!id.isNull() && ajouterPointeur(id)) || ajouterEntier(kObjetNul); }
+
 bool listeRb::ajouterBloc(std::span<const char> donnees) {
-  bool ajoute = ajouter(acutBuildList(kTaille, static_cast<int>(donnees.size()), RTNONE));
+  bool ajoute = ajouter(acutBuildList(kGroupeTaille, static_cast<int>(donnees.size()), RTNONE));
   std::vector<char> copie(donnees.begin(), donnees.end());
   for (std::size_t i = 0; i < copie.size(); i += kOctetsParMorceau) {
     const std::size_t taille = std::min(kOctetsParMorceau, copie.size() - i);
     const ads_binary morceau{static_cast<short>(taille), copie.data() + i};
-    ajoute = ajouter(acutBuildList(kMorceau, &morceau, RTNONE)) && ajoute;
+    ajoute = ajouter(acutBuildList(kGroupeMorceau, &morceau, RTNONE)) && ajoute;
   }
   return ajoute;
 }
@@ -60,36 +68,36 @@ bool listeRb::ajouterBloc(std::span<const char> donnees) {
 bool listeRb::avance(int code) const { return m_courant && m_courant->restype == code; }
 
 bool listeRb::lireTexte(std::wstring& texte) {
-  if (!avance(kTexte)) return false;
+  if (!avance(kGroupeTexte)) return false;
   texte = m_courant->resval.rstring ? m_courant->resval.rstring : L"";
   m_courant = m_courant->rbnext;
   return true;
 }
 
 bool listeRb::lireEntier(Adesk::Int32& valeur) {
-  if (!avance(kEntier)) return false;
+  if (!avance(kGroupeEntier)) return false;
   valeur = m_courant->resval.rlong;
   m_courant = m_courant->rbnext;
   return true;
 }
 
 bool listeRb::lireEntier91(Adesk::Int32& valeur) {
-  if (!avance(kEntier91)) return false;
+  if (!avance(kGroupeEntier91)) return false;
   valeur = m_courant->resval.rlong;
   m_courant = m_courant->rbnext;
   return true;
 }
 
 bool listeRb::lireReel(double& valeur) {
-  if (!avance(kReel)) return false;
+  if (!avance(kGroupeReel)) return false;
   valeur = m_courant->resval.rreal;
   m_courant = m_courant->rbnext;
   return true;
 }
 
 bool listeRb::lireId(AcDbObjectId& id) {
-  const bool nul = avance(kEntier) && m_courant->resval.rlong == kObjetNul;
-  if (!nul && !avance(kPointeur)) return false;
+  const bool nul = avance(kGroupeEntier) && m_courant->resval.rlong == kObjetNul;
+  if (!nul && !avance(kGroupePointeur)) return false;
   id.setNull();
   if (!nul && acdbGetObjectId(id, m_courant->resval.rlname) != Acad::eOk) id.setNull();
   m_courant = m_courant->rbnext;

@@ -9,6 +9,10 @@
 
 namespace plv {
 
+// The group codes of the module's Xrecords.
+inline constexpr int kGroupePoint = 10, kGroupeReel = 40, kGroupeEntier = 90, kGroupeEntier91 = 91, kGroupeTaille = 92,
+                     kGroupeAccolade = 102, kGroupeTexte = 300, kGroupeMorceau = 310, kGroupePointeur = 330;
+
 class listeRb {
  public:
   listeRb() = default;
@@ -24,6 +28,8 @@ class listeRb {
   // Back to the first node, which it gives.
   resbuf* debut() { return m_courant = m_tete; }
   resbuf* tete() const { return m_tete; }
+  // Gives the chain away, to a caller that releases it.
+  resbuf* ceder();
   resbuf* courant() const { return m_courant; }
 
   // One group each; true when the chain grew.
@@ -31,7 +37,9 @@ class listeRb {
   bool ajouterEntier(Adesk::Int32 valeur);       // 90
   bool ajouterEntier91(Adesk::Int32 valeur);     // 91
   bool ajouterReel(double valeur);               // 40
-  // 330, or 90 with kObjetNul for an id without an entity name.
+  // 330; nothing for an id without an entity name.
+  bool ajouterPointeur(AcDbObjectId id);
+  // The same, with 90 and kObjetNul in place of nothing.
   bool ajouterId(AcDbObjectId id);
   // 92 with the size in bytes, then groups 310 of at most 127 bytes.
   bool ajouterBloc(std::span<const char> donnees);

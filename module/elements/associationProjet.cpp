@@ -166,9 +166,7 @@ void pl_elem_prj() {
     if (marquage) marquerProjet(id);
     // What is looked for is the last of the given names, not the candidate: so a selection set is never filtered, and
     // names are all added or all left out. Existing front-ends count on it.
-    if (existants.contains(dernier)) continue;
-    ads_name nom;
-    if (acdbGetAdsName(nom, id) == Acad::eOk) chaine.ajouter(acutBuildList(330, nom, RTNONE));
+    if (!existants.contains(dernier)) chaine.ajouterPointeur(id);
   }
   ecrireXrecord(support, kRecordProjet, chaine.tete());
 }

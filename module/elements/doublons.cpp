@@ -18,15 +18,14 @@ constexpr const ACHAR* kRecordDoublon = L"DOUBLON_KAVEL";
 
 // An existing record keeps its other items: only the first one is overwritten.
 void nommerDoublon(AcDbObjectId id, AcDbObjectId jumeau) {
-  ads_name nom;
-  if (acdbGetAdsName(nom, jumeau) != Acad::eOk) return;
+  listeRb nom;
+  if (!nom.ajouterPointeur(jumeau)) return;
   listeRb chaine(lireXrecord(id, kRecordDoublon));
   if (resbuf* premier = chaine.tete()) {
-    listeRb neuve(acutBuildList(330, nom, RTNONE));
-    std::swap(premier->restype, neuve.tete()->restype);
-    std::swap(premier->resval, neuve.tete()->resval);
+    std::swap(premier->restype, nom.tete()->restype);
+    std::swap(premier->resval, nom.tete()->resval);
   } else {
-    chaine.ajouter(acutBuildList(330, nom, RTNONE));
+    chaine.ajouter(nom.ceder());
   }
   ecrireXrecord(id, kRecordDoublon, chaine.tete());
 }

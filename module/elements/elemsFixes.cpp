@@ -15,36 +15,29 @@ namespace plv {
 
 namespace {
 
-constexpr int kAccolade = 102, kPoint = 10, kPointeur = 330;
+constexpr const ACHAR *kOuvrante = L"{", *kFermante = L"}";
 
-bool estAccolade(const resbuf* rb, const wchar_t* texte) {
-  return rb && rb->restype == kAccolade && rb->resval.rstring && egalSansCasse(rb->resval.rstring, texte);
+bool estAccolade(const resbuf* rb, const ACHAR* texte) {
+  return rb && rb->restype == kGroupeAccolade && rb->resval.rstring && egalSansCasse(rb->resval.rstring, texte);
 }
 
 // Takes the ids up to the closing brace, and steps over it. False when the chain ends before.
 bool lireIds(AcDbObjectIdArray& ids, const resbuf*& rb) {
-  for (; rb && !estAccolade(rb, L"}"); rb = rb->rbnext) {
+  for (; rb && !estAccolade(rb, kFermante); rb = rb->rbnext) {
     AcDbObjectId id;
-    if (rb->restype == kPointeur && acdbGetObjectId(id, rb->resval.rlname) == Acad::eOk) ids.append(id);
+    if (rb->restype == kGroupePointeur && acdbGetObjectId(id, rb->resval.rlname) == Acad::eOk) ids.append(id);
   }
   if (!rb) return false;
   rb = rb->rbnext;
   return true;
 }
 
-// Links a chain behind the last node, which it then gives.
-void suivre(resbuf*& queue, resbuf* chaine) {
-  queue->rbnext = chaine;
-  while (queue->rbnext) queue = queue->rbnext;
+void ajouterAccolade(listeRb& chaine, const ACHAR* texte) {
+  chaine.ajouter(acutBuildList(kGroupeAccolade, texte, RTNONE));
 }
 
-void ecrireIds(resbuf*& queue, const AcDbObjectIdArray& ids) {
-  suivre(queue, acutBuildList(kAccolade, L"{", RTNONE));
-  for (const AcDbObjectId& id : ids) {
-    ads_name nom;
-    if (acdbGetAdsName(nom, id) == Acad::eOk) suivre(queue, acutBuildList(kPointeur, nom, RTNONE));
-  }
-  suivre(queue, acutBuildList(kAccolade, L"}", RTNONE));
+void ajouterIds(listeRb& chaine, const AcDbObjectIdArray& ids) {
+  for (const AcDbObjectId& id : ids) chaine.ajouterPointeur(id);
 }
 
 // A host call at which the user's interruption arrives.
@@ -61,20 +54,20 @@ bool parserGroupe(elemsFixesKavel& groupe, const resbuf*& curseur, bool avancer)
   groupe.elements.removeAll();
   groupe.doublons.removeAll();
   const resbuf* rb = curseur;
-  if (!estAccolade(rb, L"{")) return false;
+  if (!estAccolade(rb, kOuvrante)) return false;
   rb = rb->rbnext;
-  if (!rb || rb->restype != kPoint) return false;
+  if (!rb || rb->restype != kGroupePoint) return false;
   groupe.position = distanceProfil(rb->resval.rpoint[0]);
   groupe.ordonnee = yDessin(rb->resval.rpoint[1]);
   rb = rb->rbnext;
-  if (!estAccolade(rb, L"{")) return false;
+  if (!estAccolade(rb, kOuvrante)) return false;
   rb = rb->rbnext;
   if (!lireIds(groupe.elements, rb)) return false;
-  if (estAccolade(rb, L"{")) {
+  if (estAccolade(rb, kOuvrante)) {
     rb = rb->rbnext;
     if (!lireIds(groupe.doublons, rb)) return false;
   }
-  if (!estAccolade(rb, L"}")) return false;
+  if (!estAccolade(rb, kFermante)) return false;
   if (avancer) curseur = rb->rbnext;
   return true;
 }
@@ -96,18 +89,33 @@ std::ptrdiff_t lireElemsFixes(listeElemsFixes& liste, AcDbObjectId support) {
   return liste.GetSize();
 }
 
+void ouvrirGroupe(listeRb& chaine, const ads_point place) {
+  ajouterAccolade(chaine, kOuvrante);
+  chaine.ajouter(acutBuildList(kGroupePoint, place, RTNONE));
+  ajouterAccolade(chaine, kOuvrante);
+}
+
+void fermerGroupe(listeRb& chaine) {
+  ajouterAccolade(chaine, kFermante);
+  ajouterAccolade(chaine, kFermante);
+}
+
 resbuf* enChaine(elemsFixesKavel& groupe) {
   retirerMorts(groupe.elements);
   retirerMorts(groupe.doublons);
   if (groupe.elements.isEmpty()) std::swap(groupe.elements, groupe.doublons);
   if (groupe.elements.isEmpty()) return nullptr;
+  listeRb chaine;
   const ads_point place = {groupe.position.valeur, groupe.ordonnee.valeur, 0.0};
-  resbuf* tete = acutBuildList(kAccolade, L"{", kPoint, place, RTNONE);
-  resbuf* queue = tete->rbnext;
-  ecrireIds(queue, groupe.elements);
-  if (!groupe.doublons.isEmpty()) ecrireIds(queue, groupe.doublons);
-  suivre(queue, acutBuildList(kAccolade, L"}", RTNONE));
-  return tete;
+  ouvrirGroupe(chaine, place);
+  ajouterIds(chaine, groupe.elements);
+  if (!groupe.doublons.isEmpty()) {
+    ajouterAccolade(chaine, kFermante);
+    ajouterAccolade(chaine, kOuvrante);
+    ajouterIds(chaine, groupe.doublons);
+  }
+  fermerGroupe(chaine);
+  return chaine.ceder();
 }
 
 void ecrireElemsFixes(const listeElemsFixes& liste, AcDbObjectId support) {

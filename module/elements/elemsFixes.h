@@ -34,7 +34,7 @@ class listeElemsFixes : public CArray<elemsFixesKavel*, elemsFixesKavel*> {
   listeElemsFixes& operator=(const listeElemsFixes&) = delete;
 };
 
-// Parses one group; on success the cursor goes behind it, when asked to.
+// Parses one group; on success the cursor goes past it, when asked to.
 bool parserGroupe(elemsFixesKavel& groupe, const resbuf*& curseur, bool avancer);
 // The groups up to the first that isn't in order, where the cursor stays.
 void lireGroupesValeur(std::vector<elemsFixesKavel>& groupes, const resbuf*& curseur);
@@ -44,6 +44,9 @@ void ecrireElemsFixes(const listeElemsFixes& liste, AcDbObjectId support);
 // The items of one group, dead ids dropped first; a group with duplicates only makes them its base. Empty for a group
 // without elements.
 resbuf* enChaine(elemsFixesKavel& groupe);
+// The items before the elements of a group's base list, and those after its last list.
+void ouvrirGroupe(listeRb& chaine, const ads_point place);
+void fermerGroupe(listeRb& chaine);
 // The first group nearer than the tolerance, or a new one at the end.
 elemsFixesKavel& chercherGroupe(listeElemsFixes& liste, distanceProfil position, double tolerance);
 void viderGroupes(listeElemsFixes& liste);

@@ -19,9 +19,9 @@ bool lireSupport(const ArgsLisp& args, profilLong& profil, AcDbObjectId& support
 
 void afficherNoeud(const resbuf& rb) {
   switch (rb.restype) {
-    case 10: acutPrintf(L"\t X=%.4f Y=%.4f", rb.resval.rpoint[0], rb.resval.rpoint[1]); break;
-    case 102: acutPrintf(L"%ls", rb.resval.rstring); break;
-    case 330:
+    case kGroupePoint: acutPrintf(L"\t X=%.4f Y=%.4f", rb.resval.rpoint[0], rb.resval.rpoint[1]); break;
+    case kGroupeAccolade: acutPrintf(L"%ls", rb.resval.rstring); break;
+    case kGroupePointeur:
       acutPrintf(L"\t [%d,%d]", static_cast<int>(rb.resval.rlname[0]), static_cast<int>(rb.resval.rlname[1]));
       break;
     default: acutPrintf(L"\t * Code inconnu:%d *", rb.restype); break;
@@ -77,10 +77,10 @@ void pl_elem_ponct() {
   const AcGePoint3d p = valeurPoint(lu);
   const ads_point place = {p.x - profil.position.x, p.y, p.z};
   listeRb chaine(lireXrecord(support, kRecordStatiques));
-  chaine.ajouter(acutBuildList(102, L"{", 10, place, 102, L"{", RTNONE));
+  ouvrirGroupe(chaine, place);
   for (const resbuf* rb = args.nieme(3); rb; rb = rb->rbnext)
-    if (estNom(rb)) chaine.ajouter(acutBuildList(330, rb->resval.rlname, RTNONE));
-  chaine.ajouter(acutBuildList(102, L"}", 102, L"}", RTNONE));
+    if (estNom(rb)) chaine.ajouter(acutBuildList(kGroupePointeur, rb->resval.rlname, RTNONE));
+  fermerGroupe(chaine);
   ecrireXrecord(support, kRecordStatiques, chaine.tete());
 }
 

@@ -14,7 +14,7 @@ namespace plv {
 namespace {
 
 constexpr const ACHAR* kCleProjet = L"ELEMDUPROJET";
-constexpr int kPointeur = 330, kDernierPointeur = 369;
+constexpr int kDernierPointeur = 369;  // of the groups that name an object
 
 resbuf* chercherCle(resbuf* rb) {
   while (rb && !(rb->restype == kXTexte && egalSansCasse(rb->resval.rstring, kCleProjet))) rb = rb->rbnext;
@@ -53,7 +53,7 @@ void lireListeProjet(AcDbObjectId support, AcDbObjectIdArray& liste) {
   const listeRb chaine(lireXrecord(support, kRecordProjet));
   for (const resbuf* rb = chaine.tete(); rb; rb = rb->rbnext) {
     AcDbObjectId id;
-    if (rb->restype == kPointeur && acdbGetObjectId(id, rb->resval.rlname) == Acad::eOk && !liste.contains(id))
+    if (rb->restype == kGroupePointeur && acdbGetObjectId(id, rb->resval.rlname) == Acad::eOk && !liste.contains(id))
       liste.append(id);
   }
 }
@@ -62,7 +62,7 @@ void lireListeBrute(AcDbObjectId support, AcDbObjectIdArray& liste) {
   const listeRb chaine(lireXrecord(support, kRecordProjet));
   for (const resbuf* rb = chaine.tete(); rb; rb = rb->rbnext) {
     AcDbObjectId id;
-    if (rb->restype >= kPointeur && rb->restype <= kDernierPointeur &&
+    if (rb->restype >= kGroupePointeur && rb->restype <= kDernierPointeur &&
         acdbGetObjectId(id, rb->resval.rlname) == Acad::eOk)
       liste.append(id);
   }
@@ -79,10 +79,7 @@ void ecrireListeProjet(AcDbObjectId support, const AcDbObjectIdArray& liste) {
   AcDbObjectIdArray vivants = liste;
   retirerMorts(vivants);
   listeRb chaine;
-  for (const AcDbObjectId& id : vivants) {
-    ads_name nom;
-    if (acdbGetAdsName(nom, id) == Acad::eOk) chaine.ajouter(acutBuildList(kPointeur, nom, RTNONE));
-  }
+  for (const AcDbObjectId& id : vivants) chaine.ajouterPointeur(id);
   ecrireXrecord(support, kRecordProjet, chaine.tete());
 }
 

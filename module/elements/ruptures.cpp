@@ -213,10 +213,7 @@ void ajouterRupture(const profilLong& profil, distanceProfil rupture, altitudeVr
     for (const AcDbObjectId& id : ids) ajouterALaCourbe(id, precedent, d, nouveaux);
     if (!nouveaux.isEmpty()) {
       listeRb chaine(lireXrecord(support, kRecordProjet));
-      for (const AcDbObjectId& id : nouveaux) {
-        ads_name nom;
-        if (acdbGetAdsName(nom, id) == Acad::eOk) chaine.ajouter(acutBuildList(330, nom, RTNONE));
-      }
+      for (const AcDbObjectId& id : nouveaux) chaine.ajouterPointeur(id);
       ecrireXrecord(support, kRecordProjet, chaine.tete());
     }
     if (aUnRecord(support, kRecordStatiques)) ajouterAuxGroupes(support, precedent, d);

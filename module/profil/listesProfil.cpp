@@ -27,7 +27,7 @@ constexpr const wchar_t* kLabelBloc = L"Profil";
 
 bool aDesElementsProjet(AcDbObjectId id) {
   const listeRb projet(lireXrecord(id, kRecordProjet));
-  return chercheCode(projet.tete(), 330) != nullptr;
+  return chercheCode(projet.tete(), kGroupePointeur) != nullptr;
 }
 
 }  // namespace
