@@ -6,38 +6,12 @@
 
 namespace plv {
 
-class identiteCourbe {
- public:
-  // Takes a curve that is open for write, and closes it at the end if it still stands.
-  explicit identiteCourbe(AcDbCurve* courbe) : m_courbe(courbe) {}
-  ~identiteCourbe() { fermer(); }
-  identiteCourbe(const identiteCourbe&) = delete;
-  identiteCourbe& operator=(const identiteCourbe&) = delete;
-
-  bool presente() const { return m_courbe != nullptr; }
-  // The source can't be kept: pieces are all new.
-  void effacer() {
-    if (m_courbe) m_courbe->erase();
-    fermer();
-  }
-  void fermer() {
-    if (m_courbe) m_courbe->close();
-    m_courbe = nullptr;
-  }
-  // The piece takes over the identity of the source while it stands; otherwise it goes to model space, and its id to
-  // the list.
-  void placer(pieceCourbe piece, AcDbObjectIdArray& nouveaux) {
-    if (m_courbe && m_courbe->handOverTo(piece.get(), true, true) == Acad::eObjectToBeDeleted) {
-      piece.release()->close();
-      delete m_courbe;
-      m_courbe = nullptr;
-      return;
-    }
-    ajouterEtRetenir(nouveaux, std::unique_ptr<AcDbEntity>(piece.release()));
-  }
-
- private:
-  AcDbCurve* m_courbe;
-};
+// A piece takes the place of the source while that is open, and closes it; otherwise it goes to model space, and its id
+// to the list.
+inline void placerPiece(courbeOuverte& source, pieceCourbe piece, AcDbObjectIdArray& nouveaux) {
+  std::unique_ptr<AcDbCurve> nouvelle(piece.release());
+  if (source.presente() && source.remplacer(nouvelle)) source.fermer();
+  else ajouterEtRetenir(nouveaux, std::move(nouvelle));
+}
 
 }  // namespace plv

@@ -18,22 +18,21 @@ xDessin finProfil(const profilLong& profil) { return profil.xDe(distanceProfil(p
 // Cuts the curve and puts its pieces in its place: those that `garder` takes, which it may move. It is given the ends.
 template <class GARDER>
 void decouper(AcDbObjectId id, const std::vector<double>& coupes, GARDER garder) {
-  AcDbCurve* courbe = nullptr;
-  if (acdbOpenObject(courbe, id, AcDb::kForWrite) != Acad::eOk) return;
+  courbeOuverte source(id);
+  if (!source.presente()) return;
   piecesCourbe pieces;
   bool remplacer = false;
-  couperCourbe(*courbe, coupes, pieces, remplacer);
-  identiteCourbe source(courbe);
+  couperCourbe(*source, coupes, pieces, remplacer);
   if (pieces.size() < 2) return;
   AcDbPoint proprietes;
-  proprietes.setPropertiesFrom(courbe);
+  proprietes.setPropertiesFrom(&*source);
   AcDbObjectIdArray nouveaux;
   for (pieceCourbe& piece : pieces) {
     AcGePoint2d gauche, droite;
     extremitesCourbe(*piece, gauche, droite);
     if (!garder(*piece, gauche, droite)) continue;
     piece->setPropertiesFrom(&proprietes);
-    source.placer(std::move(piece), nouveaux);
+    placerPiece(source, std::move(piece), nouveaux);
   }
 }
 

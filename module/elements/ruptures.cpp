@@ -144,11 +144,10 @@ void modifierRupture(const profilLong& profil, distanceProfil rupture, altitudeV
 
 // Puts the pieces of a cut curve in the drawing, those beyond the break shifted. The ids of pieces that are new to it
 // are appended.
-void placerPieces(AcDbCurve* courbe, piecesCourbe& pieces, bool remplacer, const decalage& d,
+void placerPieces(courbeOuverte& source, piecesCourbe& pieces, bool remplacer, const decalage& d,
                   AcDbObjectIdArray& nouveaux) {
   AcDbPoint proprietes;
-  proprietes.setPropertiesFrom(courbe);
-  identiteCourbe source(courbe);
+  proprietes.setPropertiesFrom(&*source);
   if (remplacer) source.effacer();
   for (pieceCourbe& piece : pieces) {
     piece->setPropertiesFrom(&proprietes);
@@ -159,14 +158,13 @@ void placerPieces(AcDbCurve* courbe, piecesCourbe& pieces, bool remplacer, const
     const bool avantLaFin = e.gauche <= d.fin.valeur && e.droite <= d.fin.valeur;
     const bool auDela = e.gauche > debut && e.droite > debut && avantLaFin;
     if (std::abs(e.gauche - debut) < kMemeFin || auDela) d.deplacer(*piece);
-    source.placer(std::move(piece), nouveaux);
+    placerPiece(source, std::move(piece), nouveaux);
   }
-  source.fermer();
 }
 
 void ajouterALaCourbe(AcDbObjectId id, distanceProfil precedent, const decalage& d, AcDbObjectIdArray& nouveaux) {
-  AcDbCurve* courbe = nullptr;
-  if (acdbOpenObject(courbe, id, AcDb::kForWrite) != Acad::eOk) return;
+  courbeOuverte courbe(id);
+  if (!courbe.presente()) return;
   const etendueX e = etendueDe(*courbe);
   const double debut = d.xDebut().valeur;
   piecesCourbe pieces;
@@ -177,8 +175,7 @@ void ajouterALaCourbe(AcDbObjectId id, distanceProfil precedent, const decalage&
     if (e.aGauche(d.xFin()) && e.aDroite(d.xDebut())) d.deplacer(*courbe);
     else if (e.gauche < debut && debut < e.droite) couperCourbe(*courbe, {debut}, pieces, remplacer);
   }
-  if (pieces.size() < 2) courbe->close();
-  else placerPieces(courbe, pieces, remplacer, d, nouveaux);
+  if (pieces.size() >= 2) placerPieces(courbe, pieces, remplacer, d, nouveaux);
 }
 
 void ajouterAuxGroupes(AcDbObjectId support, distanceProfil precedent, const decalage& d) {

@@ -24,6 +24,26 @@ void rendrePositifs(reglageParClasse<double>& reglage) {
     if (variable.valeur < 0) variable.changer(std::abs(variable.valeur));
 }
 
+// Changes of many settings. A file that can't be written is the failure of the whole, once every setting has its value:
+// heights left at 0 would take classes from the list that the next loading makes.
+class changements {
+ public:
+  template <class VARIABLE, class VALEUR>
+  void changer(VARIABLE& variable, VALEUR valeur) {
+    try {
+      variable.changer(valeur);
+    } catch (const std::exception&) {
+      echec_ = std::current_exception();
+    }
+  }
+  void conclure() const {
+    if (echec_) std::rethrow_exception(echec_);
+  }
+
+ private:
+  std::exception_ptr echec_;
+};
+
 bool estDans(const classesProfondeur& liste, std::ptrdiff_t index) {
   return index >= 0 && index < static_cast<std::ptrdiff_t>(liste.size());
 }
@@ -96,26 +116,17 @@ void chargerClasses(classesProfondeur& liste) {
   }
 }
 
-// A file that can't be written is the failure of the whole, once every setting has its value: heights left at 0 would
-// take classes from the list that the next loading makes.
 void sauverClasses(const classesProfondeur& liste) {
   reglages& r = reglagesModule();
-  std::exception_ptr echec;
-  const auto changer = [&echec](auto& variable, auto valeur) {
-    try {
-      variable.changer(valeur);
-    } catch (const std::exception&) {
-      echec = std::current_exception();
-    }
-  };
-  for (auto& hauteur : r.hauteursMin) changer(hauteur, 0.0);
+  changements tous;
+  for (auto& hauteur : r.hauteursMin) tous.changer(hauteur, 0.0);
   for (std::size_t i = 0; i < std::min(liste.size(), kNombreClassesProfondeur); ++i) {
-    changer(r.hauteursMin[i], liste[i].fin);
-    changer(r.largeurs[i], liste[i].largeur);
-    changer(r.profondeursLit[i], liste[i].profLit);
-    changer(r.couleurs[i], static_cast<std::uint8_t>(liste[i].couleur & kOctetCouleur));
+    tous.changer(r.hauteursMin[i], liste[i].fin);
+    tous.changer(r.largeurs[i], liste[i].largeur);
+    tous.changer(r.profondeursLit[i], liste[i].profLit);
+    tous.changer(r.couleurs[i], static_cast<std::uint8_t>(liste[i].couleur & kOctetCouleur));
   }
-  if (echec) std::rethrow_exception(echec);
+  tous.conclure();
 }
 
 void insererClasse(classesProfondeur& liste, classeProfondeur& classe) {

@@ -1,4 +1,4 @@
-// Ends of curves, and conversions between the host's classes.
+// Ends of curves, conversions between the host's classes, and the owner of an open curve.
 // Old polylines are read by their vertices, in their order.
 #include "module/support/kitCourbes.h"
 
@@ -8,27 +8,12 @@ namespace plv {
 
 namespace {
 
-// Calls visiter(sommet) for each vertex; one that doesn't open is told by a null pointer.
-template <class VISITE>
-void parcourirSommets(const AcDb2dPolyline& poly2d, VISITE visiter) {
-  const std::unique_ptr<AcDbObjectIterator> sommets(poly2d.vertexIterator());
-  for (; sommets && !sommets->done(); sommets->step()) {
-    AcDb2dVertex* sommet = nullptr;
-    const bool ouvert = poly2d.openVertex(sommet, sommets->objectId(), AcDb::kForRead) == Acad::eOk;
-    visiter(ouvert ? sommet : nullptr);
-    if (ouvert) sommet->close();
-  }
-}
-
 void extremites2d(const AcDb2dPolyline& poly2d, AcGePoint2d& debut, AcGePoint2d& fin) {
-  bool premier = true;
-  std::pair<bool, AcGePoint2d> dernier;
-  parcourirSommets(poly2d, [&](const AcDb2dVertex* sommet) {
-    dernier = {sommet != nullptr, sommet ? AcGePoint2d(sommet->position().x, sommet->position().y) : AcGePoint2d()};
-    if (premier && sommet) debut = dernier.second;
-    premier = false;
-  });
-  if (dernier.first) fin = dernier.second;
+  const std::vector<sommet2d> sommets = sommetsDe(poly2d);
+  if (sommets.empty()) return;
+  const auto versPlan = [](const sommet2d& sommet) { return AcGePoint2d(sommet.position.x, sommet.position.y); };
+  if (sommets.front().ouvert) debut = versPlan(sommets.front());
+  if (sommets.back().ouvert) fin = versPlan(sommets.back());
 }
 
 using lectureParametre = Acad::ErrorStatus (AcDbCurve::*)(double&) const;
@@ -41,6 +26,21 @@ void pointAuBout(const AcDbCurve& courbe, lectureParametre lire, AcGePoint2d& po
 }
 
 }  // namespace
+
+std::vector<sommet2d> sommetsDe(const AcDb2dPolyline& poly2d) {
+  std::vector<sommet2d> lus;
+  const std::unique_ptr<AcDbObjectIterator> sommets(poly2d.vertexIterator());
+  for (; sommets && !sommets->done(); sommets->step()) {
+    AcDb2dVertex* sommet = nullptr;
+    if (poly2d.openVertex(sommet, sommets->objectId(), AcDb::kForRead) != Acad::eOk) {
+      lus.emplace_back();
+      continue;
+    }
+    lus.push_back({true, sommet->position(), sommet->bulge(), sommet->vertexType()});
+    sommet->close();
+  }
+  return lus;
+}
 
 void extremitesCourbe(const AcDbCurve& courbe, AcGePoint2d& gauche, AcGePoint2d& droite) {
   if (const auto* poly2d = AcDb2dPolyline::cast(&courbe)) {
@@ -61,11 +61,9 @@ std::unique_ptr<AcDbPolyline> polyligneDe2d(AcDb2dPolyline& poly2d) {
     if (resultat->convertFrom(source, false) != Acad::eOk) return nullptr;
     return resultat;
   }
-  parcourirSommets(poly2d, [&](const AcDb2dVertex* sommet) {
-    if (!sommet || (sommet->vertexType() != AcDb::k2dVertex && sommet->vertexType() != AcDb::k2dCurveFitVertex)) return;
-    const AcGePoint3d p = sommet->position();
-    resultat->addVertexAt(resultat->numVerts(), {p.x, p.y}, sommet->bulge(), -1.0, -1.0);
-  });
+  for (const sommet2d& s : sommetsDe(poly2d))
+    if (s.ouvert && (s.type == AcDb::k2dVertex || s.type == AcDb::k2dCurveFitVertex))
+      resultat->addVertexAt(resultat->numVerts(), {s.position.x, s.position.y}, s.courbure, -1.0, -1.0);
   return resultat;
 }
 
@@ -84,9 +82,8 @@ std::unique_ptr<AcDbSpline> splineDe2d(const AcDb2dPolyline& poly2d) {
   if (type != AcDb::k2dQuadSplinePoly && type != AcDb::k2dCubicSplinePoly) return nullptr;
   const int degre = type == AcDb::k2dQuadSplinePoly ? 2 : 3;
   AcGePoint3dArray points;
-  parcourirSommets(poly2d, [&](const AcDb2dVertex* sommet) {
-    if (sommet && sommet->vertexType() == AcDb::k2dSplineCtlVertex) points.append(sommet->position());
-  });
+  for (const sommet2d& s : sommetsDe(poly2d))
+    if (s.ouvert && s.type == AcDb::k2dSplineCtlVertex) points.append(s.position);
   const int n = points.length();
   if (n < 2) return nullptr;
   if (n <= degre) {
@@ -124,6 +121,35 @@ std::unique_ptr<AcDbSpline> splineDeNurbs(const AcGeNurbCurve3d& nurbs) {
   auto spline = std::make_unique<AcDbSpline>(degre, rationnelle, false, periodique, points, noeuds, poids);
   if (spline->isNull()) return nullptr;
   return spline;
+}
+
+courbeOuverte::courbeOuverte(AcDbObjectId id) {
+  if (acdbOpenObject(m_courbe, id, AcDb::kForWrite) != Acad::eOk) m_courbe = nullptr;
+}
+
+courbeOuverte& courbeOuverte::operator=(courbeOuverte&& autre) noexcept {
+  if (this != &autre) {
+    fermer();
+    m_courbe = std::exchange(autre.m_courbe, nullptr);
+  }
+  return *this;
+}
+
+bool courbeOuverte::remplacer(std::unique_ptr<AcDbCurve>& nouvelle) {
+  if (m_courbe->handOverTo(nouvelle.get(), true, true) != Acad::eObjectToBeDeleted) return false;
+  delete m_courbe;
+  m_courbe = nouvelle.release();
+  return true;
+}
+
+void courbeOuverte::effacer() {
+  if (m_courbe) m_courbe->erase();
+  fermer();
+}
+
+void courbeOuverte::fermer() {
+  if (m_courbe) m_courbe->close();
+  m_courbe = nullptr;
 }
 
 }  // namespace plv

@@ -1,7 +1,9 @@
-// The curves of a project treated alike: their ends, sampling, cutting into straight pieces and at verticals, joining.
-// Nothing here keeps state or reads a profile. Coordinates are the drawing's.
+// The curves of a project treated alike: their ends, conversions, straight pieces (kitCourbesSegments.cpp), cuts at
+// verticals (kitCourbesCoupe.cpp), joints (kitCourbesJonction.cpp). Nothing here reads a profile; coordinates are the
+// drawing's.
 #pragma once
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "hote/dbpl.h"
@@ -13,6 +15,15 @@ inline constexpr double kToleranceJonction = 1e-6;  // ends that touch, drawing 
 // The two ends, that of the smaller X first; on equal X in the order of the curve. A curve that has no ends leaves the
 // points as they were.
 void extremitesCourbe(const AcDbCurve& courbe, AcGePoint2d& gauche, AcGePoint2d& droite);
+
+// The vertices of an old polyline in their order; one that doesn't open is told as such, without values.
+struct sommet2d {
+  bool ouvert = false;
+  AcGePoint3d position;
+  double courbure = 0;
+  AcDb::Vertex2dType type = AcDb::k2dVertex;
+};
+std::vector<sommet2d> sommetsDe(const AcDb2dPolyline& poly2d);
 
 // Conversions; nothing for a type that isn't theirs. polyligneDe2d serves simple and curve-fit polylines, splineDe2d
 // those of a quadratic or cubic spline, by their control vertices.
@@ -50,10 +61,33 @@ using piecesCourbe = std::vector<pieceCourbe>;
 // place in the drawing nor other properties than their shape: the caller gives them.
 void couperCourbe(AcDbCurve& courbe, const std::vector<double>& listeX, piecesCourbe& pieces, bool& remplacer);
 
-// Joins two lightweight polylines, or two splines, that touch at an end. False for others, with the result empty.
+// A curve of the drawing, open for write as long as this lives.
+class courbeOuverte {
+ public:
+  courbeOuverte() = default;
+  explicit courbeOuverte(AcDbObjectId id);  // absent when no curve of that id opens
+  courbeOuverte(courbeOuverte&& autre) noexcept : m_courbe(std::exchange(autre.m_courbe, nullptr)) {}
+  courbeOuverte& operator=(courbeOuverte&& autre) noexcept;
+  ~courbeOuverte() { fermer(); }
+
+  bool presente() const { return m_courbe != nullptr; }
+  AcDbCurve* operator->() const { return m_courbe; }
+  AcDbCurve& operator*() const { return *m_courbe; }
+  // The new curve takes over the place in the drawing and the identity (handle, XDATA, extension dictionary), and is
+  // the open one from here. False, with nothing changed, when the host refuses.
+  bool remplacer(std::unique_ptr<AcDbCurve>& nouvelle);
+  void effacer();
+  void fermer();
+
+ private:
+  AcDbCurve* m_courbe = nullptr;
+};
+
+// Fusion makes a new curve of two lightweight polylines, or of two splines, that touch at an end. False for others, with
+// the result empty.
 bool fusionnerCourbes(const AcDbCurve& courbe1, const AcDbCurve& courbe2, std::unique_ptr<AcDbCurve>& resultat);
-// Joins all touching curves of the list: the first takes the place of both, the other is erased. Ids that can't be
-// opened for writing as curves, and those of erased ones, leave the list.
+// Joining is fusion in the drawing: of two touching curves of the list the first becomes the fusion, the other is
+// erased, until no two touch. Ids that can't be opened for writing as curves, and those of erased ones, leave the list.
 void joindreCourbes(AcDbObjectIdArray& ids);
 
 }  // namespace plv

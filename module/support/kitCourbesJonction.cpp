@@ -1,5 +1,5 @@
-// Joining of curves that touch at an end.
-// The result is a new curve; the drawing keeps the identity of the first of the two.
+// Fusion and joining of curves that touch at an end. Fusion makes a new curve of two; joining does so in the drawing,
+// where the fusion takes the place and the identity of the first, and the second is erased.
 #include <array>
 #include <cmath>
 #include <optional>
@@ -67,9 +67,9 @@ std::unique_ptr<AcDbCurve> fusionnerPolylignes(const AcDbPolyline& a, const AcDb
   return resultat;
 }
 
-// The same result in place, for a polyline that a fusion has made: a list of many pieces would copy each vertex as many times
-// as there are pieces behind it. False, with nothing changed, when the joint isn't at its end.
-bool prolonger(AcDbPolyline& a, const AcDbPolyline& b) {
+// The same fusion in place, of a polyline that a fusion has made: as a new one each time, a list of many pieces would copy
+// each vertex as many times as pieces follow it. False, with nothing changed, when the joint isn't at its end.
+bool prolongerPolyligne(AcDbPolyline& a, const AcDbPolyline& b) {
   if (!a.normal().isEqualTo(b.normal(), toleranceFusion())) return false;
   const auto cas = trouverJonction(a, b);
   if (!cas || cas->debut1) return false;
@@ -127,56 +127,55 @@ std::unique_ptr<AcDbCurve> fusionnerSplines(const AcDbSpline& a, const AcDbSplin
   return resultat;
 }
 
-// A curve of the list, open for write, and its two ends.
-struct courbeOuverte {
-  AcDbCurve* courbe = nullptr;
-  AcDbPolyline* fusionnee = nullptr;  // the curve, once it is a polyline that a fusion made
-  AcGePoint2d gauche{kAbsent, kAbsent}, droite{kAbsent, kAbsent};
+// A curve of the list with its two ends.
+class courbeAJoindre {
+ public:
+  explicit courbeAJoindre(AcDbObjectId id) : m_courbe(id) { lireExtremites(); }
 
-  // Of a polyline that grows, without its parameters: they make the host look at every vertex.
-  void lireExtremites() {
-    gauche = droite = AcGePoint2d(kAbsent, kAbsent);
-    AcGePoint3d debut, fin;
-    if (fusionnee && fusionnee->getStartPoint(debut) == Acad::eOk && fusionnee->getEndPoint(fin) == Acad::eOk) {
-      gauche = {debut.x, debut.y};
-      droite = {fin.x, fin.y};
-      if (gauche.x > droite.x) std::swap(gauche, droite);
-    } else if (courbe) {
-      extremitesCourbe(*courbe, gauche, droite);
-    }
-  }
-  bool presente() const { return gauche.x > kSeuilAbsent && droite.x > kSeuilAbsent; }
-  bool touche(const courbeOuverte& autre) const {
+  bool presente() const { return m_gauche.x > kSeuilAbsent && m_droite.x > kSeuilAbsent; }
+  bool ouverte() const { return m_courbe.presente(); }
+  bool touche(const courbeAJoindre& autre) const {
     // Every pair is compared, and few are near: abscissas tell most of them apart.
     const auto proches = [](const AcGePoint2d& a, const AcGePoint2d& b) {
       return std::abs(a.x - b.x) < kToleranceJonction && a.distanceTo(b) < kToleranceJonction;
     };
-    return proches(gauche, autre.droite) || proches(droite, autre.gauche);
+    return proches(m_gauche, autre.m_droite) || proches(m_droite, autre.m_gauche);
   }
-};
 
-bool fusionner(courbeOuverte& premiere, const AcDbCurve& seconde) {
-  if (const auto* polyligne = AcDbPolyline::cast(&seconde);
-      premiere.fusionnee && polyligne && prolonger(*premiere.fusionnee, *polyligne))
+  // This one becomes the fusion of both, the other is erased. Nothing happens when they have no fusion.
+  void joindre(courbeAJoindre& autre) {
+    if (!fusionner(*autre.m_courbe)) return;
+    autre.m_courbe.effacer();
+    autre.lireExtremites();
+    lireExtremites();
+  }
+
+ private:
+  bool fusionner(const AcDbCurve& seconde) {
+    const auto* polyligne = AcDbPolyline::cast(&seconde);
+    if (m_fusion && polyligne && prolongerPolyligne(*m_fusion, *polyligne)) return true;
+    std::unique_ptr<AcDbCurve> resultat;
+    if (!fusionnerCourbes(*m_courbe, seconde, resultat) || !m_courbe.remplacer(resultat)) return false;
+    m_fusion = AcDbPolyline::cast(&*m_courbe);
     return true;
-  std::unique_ptr<AcDbCurve> resultat;
-  if (!fusionnerCourbes(*premiere.courbe, seconde, resultat)) return false;
-  if (premiere.courbe->handOverTo(resultat.get(), true, true) != Acad::eObjectToBeDeleted) return false;
-  delete premiere.courbe;
-  premiere.courbe = resultat.release();
-  premiere.fusionnee = AcDbPolyline::cast(premiere.courbe);
-  return true;
-}
+  }
 
-// The first becomes both, the second is erased.
-bool absorber(courbeOuverte& premiere, courbeOuverte& seconde) {
-  if (!fusionner(premiere, *seconde.courbe)) return false;
-  seconde.courbe->erase();
-  seconde.courbe->close();
-  seconde = {};
-  premiere.lireExtremites();
-  return true;
-}
+  void lireExtremites() {
+    m_gauche = m_droite = AcGePoint2d(kAbsent, kAbsent);
+    if (!ouverte()) return;
+    AcGePoint3d debut, fin;
+    if (!m_fusion || m_fusion->getStartPoint(debut) != Acad::eOk || m_fusion->getEndPoint(fin) != Acad::eOk)
+      return extremitesCourbe(*m_courbe, m_gauche, m_droite);
+    // Without the parameters of the growing polyline: they make the host look at every vertex.
+    m_gauche = {debut.x, debut.y};
+    m_droite = {fin.x, fin.y};
+    if (m_gauche.x > m_droite.x) std::swap(m_gauche, m_droite);
+  }
+
+  courbeOuverte m_courbe;
+  AcDbPolyline* m_fusion = nullptr;  // the same curve, once it is a polyline that a fusion made
+  AcGePoint2d m_gauche, m_droite;
+};
 
 }  // namespace
 
@@ -190,20 +189,15 @@ bool fusionnerCourbes(const AcDbCurve& courbe1, const AcDbCurve& courbe2, std::u
 }
 
 void joindreCourbes(AcDbObjectIdArray& ids) {
-  std::vector<courbeOuverte> courbes(static_cast<std::size_t>(ids.length()));
-  for (std::size_t i = 0; i < courbes.size(); ++i) {
-    acdbOpenObject(courbes[i].courbe, ids[static_cast<int>(i)], AcDb::kForWrite);
-    courbes[i].lireExtremites();
-  }
+  std::vector<courbeAJoindre> courbes;
+  courbes.reserve(static_cast<std::size_t>(ids.length()));
+  for (const AcDbObjectId& id : ids) courbes.emplace_back(id);
   for (std::size_t i = 0; i < courbes.size(); ++i)
     for (std::size_t j = i + 1; j < courbes.size() && courbes[i].presente(); ++j)
-      if (courbes[j].presente() && courbes[i].touche(courbes[j])) absorber(courbes[i], courbes[j]);
+      if (courbes[j].presente() && courbes[i].touche(courbes[j])) courbes[i].joindre(courbes[j]);
   AcDbObjectIdArray restantes;
-  for (std::size_t i = 0; i < courbes.size(); ++i) {
-    if (!courbes[i].courbe) continue;
-    courbes[i].courbe->close();
-    restantes.append(ids[static_cast<int>(i)]);
-  }
+  for (std::size_t i = 0; i < courbes.size(); ++i)
+    if (courbes[i].ouverte()) restantes.append(ids[static_cast<int>(i)]);
   ids = restantes;
 }
 

@@ -38,12 +38,8 @@ void segmentsSpline(const AcDbSpline& spline, AcGePoint2dArray& debuts, AcGePoin
 void segmentsPoly2d(const AcDb2dPolyline& poly2d, AcGePoint2dArray& debuts, AcGePoint2dArray& fins) {
   if (const auto spline = splineDe2d(poly2d)) return segmentsSpline(*spline, debuts, fins);
   AcGePoint2dArray points;
-  const std::unique_ptr<AcDbObjectIterator> sommets(poly2d.vertexIterator());
-  for (; sommets && !sommets->done(); sommets->step()) {
-    AcDbObjectPointer<AcDb2dVertex> sommet(sommets->objectId());
-    if (sommet.openStatus() != Acad::eOk || sommet->vertexType() == AcDb::k2dSplineCtlVertex) continue;
-    points.append(AcGePoint2d(sommet->position().x, sommet->position().y));
-  }
+  for (const sommet2d& s : sommetsDe(poly2d))
+    if (s.ouvert && s.type != AcDb::k2dSplineCtlVertex) points.append(AcGePoint2d(s.position.x, s.position.y));
   relier(points, debuts, fins);
 }
 
