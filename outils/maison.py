@@ -72,7 +72,7 @@ NEIGHBOURS = {"programs": ("atelier", "module")}
 
 # Rooms that share a folder with another: the files, without their endings, that belong to them.
 SHARED = {
-    "module/commande": {"arguments": {"argsLisp", "listeRb", "conversionXData"}},
+    "module/commande": {"arguments": {"argsLisp", "listeRb"}},
     "module/support": {"menus": {"menus", "menusAutomatisation"}},
 }
 

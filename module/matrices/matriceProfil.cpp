@@ -3,6 +3,7 @@
 #include "module/matrices/matriceProfil.h"
 
 #include <algorithm>
+#include <ctime>
 #include <memory>
 
 #include "hote/dbents.h"
@@ -11,6 +12,22 @@
 #include "module/support/lettres.h"
 
 namespace plv {
+
+namespace {
+
+constexpr Adesk::UInt32 kNonAmorce = 0xFFFFFFFF;
+
+// The counter starts from the clock, so that rows of different sessions on one drawing differ.
+Adesk::UInt32 prochainIdLigne() {
+  static Adesk::UInt32 compteurIdLignes = kNonAmorce;
+  if (compteurIdLignes == kNonAmorce) compteurIdLignes = static_cast<Adesk::UInt32>(std::time(nullptr));
+  const Adesk::UInt32 pris = compteurIdLignes++;
+  return pris == kNonAmorce ? compteurIdLignes++ : pris;
+}
+
+}  // namespace
+
+ligneMatrice::ligneMatrice() : idLigne(prochainIdLigne()) {}
 
 matriceProfil::matriceProfil() : styleTexte(styleCourant()) {}
 

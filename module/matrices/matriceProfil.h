@@ -1,13 +1,30 @@
-// matriceProfil: one matrix, a table of stacked rows beneath a profile, with its selected row.
-// It grows downwards from its block reference; row geometry is derived from the heights, never stored.
+// matriceProfil: one matrix, a table of stacked rows beneath a profile, with its selected row. ligneMatrice: one row,
+// a horizontal band of the table; it knows its kind only, what goes into it is computed by the front-end.
+// A matrix grows downwards from its block reference; row geometry is derived from the heights, never stored.
 #pragma once
 #include <string>
 
+#include "hote/adesk.h"
 #include "hote/dbid.h"
 #include "hote/mfc.h"
-#include "module/matrices/ligneMatrice.h"
 
 namespace plv {
+
+// The row types that have a meaning in this module: rows that take block attributes, across or upright.
+inline constexpr Adesk::Int32 kTypeAttributs = 402;
+inline constexpr Adesk::Int32 kTypeAttributsVerticaux = 403;
+
+struct ligneMatrice {
+  ligneMatrice();  // with an identity of its own
+
+  Adesk::Int32 decimales = 2;
+  Adesk::Int32 typeLigne = 0;
+  std::wstring libelle;       // label in the title column
+  double hauteurLigne = 1.5;  // multiples of the matrix's echelle
+  std::wstring infosLigne;    // attribute tags between |, blanks and tabs
+  std::wstring nomLigne;      // looked up without regard to case
+  Adesk::UInt32 idLigne;      // never 0xFFFFFFFF
+};
 
 struct matriceProfil {
   matriceProfil();

@@ -49,8 +49,4 @@ struct InfoProfilEnLong : profilLong {
 };
 using poigneeProfil = boost::shared_ptr<InfoProfilEnLong>;
 
-// Sorts `lignes` by the first station of each one's first section. With more than one, a line without sections raises
-// std::out_of_range; a first section without project pieces is never less than another.
-void ordonnerLignes(InfoProfilEnLong& profil);
-
 }  // namespace plv

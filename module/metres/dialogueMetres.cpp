@@ -1,10 +1,10 @@
-// The flow of the quantity dialog.
+// The flow of the quantity dialog, and the dialog of one depth class, which it opens.
 // What goes wrong in a button goes to the framework, which shows it and keeps the dialog.
 #include "module/metres/dialogueMetres.h"
 
 #include "hote/aced.h"
 #include "hote/acut.h"
-#include "module/metres/dialogueClasse.h"
+#include "module/metres/classeProfondeur.h"
 #include "module/metres/exportClasseur.h"
 #include "module/metres/hachures.h"
 #include "module/metres/metresProfil.h"
@@ -37,6 +37,44 @@ std::vector<dialogues::Column> colonnesTroncons() {
   return {{L"Profil", 0.2, Alignment::centred},  {L"Debut", 0.2, Alignment::centred},
           {L"Fin ", 0.15, Alignment::centred},   {L"Profondeur", 0.15, Alignment::centred},
           {L"Volume", 0.15, Alignment::centred}, {L"Surface", 0.15, Alignment::centred}};
+}
+
+constexpr double kPlusGrand = 1e38;  // of a limit or a width; the bedding depth is any number
+
+// A value out of its range is the framework's to report; the dialog then stays open.
+class CDlgClasseProfondeur : public dialogues::Dialog {
+ public:
+  CDlgClasseProfondeur();
+  // What the user entered, once the dialog has ended with OK.
+  classeProfondeur classe;
+
+ private:
+  void valider();
+  dialogues::Edit debut_{L"De", L"0"}, fin_{L"A", L"0"}, largeur_{L"Largeur de la fouille", L"0"},
+      profLit_{L"Heuteur lit de pose", L"0"};
+  dialogues::Colour couleur_{L"Couleur"};
+  dialogues::Button ok_{L"OK"}, annuler_{L"Cancel"};
+};
+
+CDlgClasseProfondeur::CDlgClasseProfondeur() : Dialog(L"Classe de profondeur", 300, 240) {
+  int rangee = 0;
+  for (dialogues::Control* controle :
+       {static_cast<dialogues::Control*>(&debut_), static_cast<dialogues::Control*>(&fin_),
+        static_cast<dialogues::Control*>(&largeur_), static_cast<dialogues::Control*>(&profLit_),
+        static_cast<dialogues::Control*>(&couleur_)})
+    add(*controle, {rangee++, 0, 1, 2});
+  add(ok_, {rangee, 0});
+  add(annuler_, {rangee, 1});
+  ok_.isDefault = true;
+  ok_.onClick = [this] { valider(); };
+  annuler_.onClick = [this] { end(dialogues::kCancel); };
+}
+
+void CDlgClasseProfondeur::valider() {
+  classe.couleur = couleur_.index();
+  if (readNumber(debut_, classe.debut, 0, kPlusGrand) && readNumber(fin_, classe.fin, 0, kPlusGrand) &&
+      readNumber(largeur_, classe.largeur, 0, kPlusGrand) && readNumber(profLit_, classe.profLit))
+    end(dialogues::kOk);
 }
 
 // While the user picks in the drawing, the dialog stands aside.

@@ -8,7 +8,6 @@
 #include "hote/dialogues.h"
 #include "module/elements/listeProjet.h"
 #include "module/metres/calculMetres.h"
-#include "module/metres/dialogueChoix.h"
 #include "module/profil/chaines.h"
 
 namespace plv {
@@ -26,6 +25,41 @@ constexpr std::array<genreProjet, 6> kProjets = {{{kAss, L"Assainissement"},
                                                   {kTerra, L"Terrassement"},
                                                   {kProj, L"Projet"}}};
 constexpr double kVerticale = 1e-8;  // a ground line of this width has no extent along the profile
+
+// The dialog in which the user picks one of a list of texts; the choice is the row of the last change of selection.
+// Rows carry their index, so that the list may show them in any order.
+class CDlgChoixDansListe : public dialogues::Dialog {
+ public:
+  CDlgChoixDansListe(const std::wstring& invite, const std::vector<std::wstring>& textes)
+      : Dialog(L"Selection", 320, 260), invite_(invite) {
+    add(invite_, {0, 0, 1, 2});
+    add(liste_, {1, 0, 1, 2});
+    add(ok_, {2, 0});
+    add(annuler_, {2, 1});
+    std::vector<dialogues::Row> lignes;
+    for (const std::wstring& texte : textes) lignes.push_back({{texte}, static_cast<int>(lignes.size())});
+    liste_.append(std::move(lignes));
+    liste_.onSelect = [this] {
+      if (!liste_.selection().empty()) choix = liste_.rows()[static_cast<std::size_t>(liste_.selection().front())].data;
+    };
+    ok_.isDefault = true;
+    ok_.onClick = [this] { end(dialogues::kOk); };
+    annuler_.onClick = [this] { end(dialogues::kCancel); };
+  }
+  int choix = -1;
+
+ private:
+  dialogues::Text invite_;
+  dialogues::List liste_{{}, false};
+  dialogues::Button ok_{L"OK"}, annuler_{L"Cancel"};
+};
+
+// The index of the chosen text; -1 for a cancel, for OK without a choice, and at once for an empty list.
+int choisirDansListe(const std::wstring& invite, const std::vector<std::wstring>& textes) {
+  if (textes.empty()) return -1;
+  CDlgChoixDansListe dialogue(invite, textes);
+  return runDialog(dialogue) == dialogues::kOk ? dialogue.choix : -1;
+}
 
 AcDbObjectIdArray elementsDe(AcDbObjectId support) {
   AcDbObjectIdArray ids;

@@ -2,7 +2,9 @@
 // Numbers are padded as in the C library's formats.
 #include "module/metres/rapportMetres.h"
 
+#include <algorithm>
 #include <cmath>
+#include <stdexcept>
 
 #include "module/support/nombres.h"
 
@@ -13,6 +15,16 @@ namespace {
 using rangee = dialogues::Row;
 
 constexpr double kSansLongueur = 1e-8;
+
+const LineSegArrayData& premierProjet(const ligneTroncons& ligne) {
+  if (ligne.troncons.empty()) throw std::out_of_range("invalid vector<T> subscript");
+  return *ligne.troncons.front()->projet;
+}
+
+bool avant(const ligneTroncons& a, const ligneTroncons& b) {
+  const LineSegArrayData &projetA = premierProjet(a), &projetB = premierProjet(b);
+  return !projetA.IsEmpty() && !projetB.IsEmpty() && projetA.debut() < projetB.debut();
+}
 
 std::wstring cadre(const std::wstring& texte, std::size_t largeur) {
   return std::wstring(largeur > texte.size() ? largeur - texte.size() : 0, L' ') + texte;
@@ -36,6 +48,8 @@ rangee rangeeTroncon(const profilLong& profil, const TranconProfilEnlong& t, int
 std::wstring titre(const profilLong& profil) { return std::wstring(L"Profil:") + profil.numero.kACharPtr(); }
 
 }  // namespace
+
+void ordonnerLignes(InfoProfilEnLong& profil) { std::stable_sort(profil.lignes.begin(), profil.lignes.end(), avant); }
 
 std::vector<rangee> rangeesTroncons(InfoProfilEnLong& profil, int index) {
   ordonnerLignes(profil);

@@ -7,7 +7,10 @@
 
 namespace plv {
 
-// The profile's lines are sorted first; see ordonnerLignes for what that raises.
+// Sorts `lignes` by the start of each one's first section. With more than one, a line without sections raises
+// std::out_of_range; a first section without project pieces is never less than another.
+void ordonnerLignes(InfoProfilEnLong& profil);
+// The profile's lines are sorted first.
 std::vector<dialogues::Row> rangeesTroncons(InfoProfilEnLong& profil, int index);
 std::vector<dialogues::Row> rangeesElements(const InfoProfilEnLong& profil, int index);
 // The classes, with the colour of each as its item data.

@@ -9,11 +9,11 @@
 // Points are abscissa and altitude, in drawing units and metres; the ground comes in order of increasing abscissa.
 // Nothing here needs a drawing: without one the search leaves no trace graphics.
 #pragma once
+#include <cmath>
 #include <vector>
 
 #include "hote/adesk.h"
 #include "hote/ge.h"
-#include "module/optimiseur/segmentOptimum.h"
 #include "module/optimiseur/traceGraphique.h"
 
 namespace plv {
@@ -24,6 +24,25 @@ struct intervalleIndices {
 };
 
 using pointsTerrain = AcGePoint2dArray;
+
+// The straight line of one run, its ends in the order of their abscissas.
+struct segmentOptimum {
+  double x1, y1, x2, y2;
+
+  segmentOptimum(AcGePoint2d a, AcGePoint2d b)
+      : x1(a.x > b.x ? b.x : a.x), y1(a.x > b.x ? b.y : a.y), x2(a.x > b.x ? a.x : b.x), y2(a.x > b.x ? a.y : b.y) {}
+
+  // False for an upright segment, which has no ordinate. Outside its ends the segment is prolonged, unless it is asked
+  // for bounded.
+  bool ordonneeSur(double x, double& y, bool borne = false) const {
+    constexpr double kVertical = 1e-8, kRapportMin = -1e-12, kRapportMax = 1.000000000001;
+    if (std::abs(x2 - x1) < kVertical) return false;
+    const double rapport = (x - x1) / (x2 - x1);
+    if (borne && (rapport < kRapportMin || rapport > kRapportMax)) return false;
+    y = (y2 - y1) * rapport + y1;
+    return true;
+  }
+};
 
 class KavelOptimizerBase {
  public:

@@ -4,7 +4,6 @@
 
 #include "hote/acdb.h"
 #include "module/commande/argsLisp.h"
-#include "module/commande/conversionXData.h"
 #include "module/profil/fonctionsProfil.h"
 #include "module/profil/profilLong.h"
 #include "module/support/lettres.h"
@@ -12,6 +11,33 @@
 namespace plv {
 
 namespace {
+
+resbuf* paireMarque(const ACHAR* cle, Adesk::Int32 marque) {
+  return acutBuildList(kXTexte, cle, kXEntier32, marque, RTNONE);
+}
+
+resbuf* paireEntite(const ACHAR* cle, const resbuf& valeur) {
+  const AcDbObjectId id = valeurId(&valeur);
+  ACHAR handle[32] = L"";
+  if (id.isNull() || !id.handle().getIntoAsciiBuffer(handle, std::size(handle))) return paireMarque(cle, kObjetNul);
+  return acutBuildList(kXTexte, cle, kXHandle, handle, RTNONE);
+}
+
+// A new chain of two nodes, the key (1000) and the value. Reals become 1040, 16-bit integers 1070, 32-bit ones 1071,
+// strings 1000, entities 1005 with their handle, nil 1071 with kSansValeur, and what has no other encoding (T, lists,
+// points) 1071 with kObjetNul.
+resbuf* paireXData(const std::wstring& cle, const resbuf& valeur) {
+  const ACHAR* c = cle.c_str();
+  switch (valeur.restype) {
+    case RTREAL: return acutBuildList(kXTexte, c, kXReel, valeur.resval.rreal, RTNONE);
+    case RTSHORT: return acutBuildList(kXTexte, c, kXEntier16, int{valeur.resval.rint}, RTNONE);
+    case RTSTR: return acutBuildList(kXTexte, c, kXTexte, valeurTexte(&valeur).c_str(), RTNONE);
+    case RTENAME: return paireEntite(c, valeur);
+    case RTLONG: return acutBuildList(kXTexte, c, kXEntier32, valeur.resval.rlong, RTNONE);
+    case RTNIL: return paireMarque(c, kSansValeur);
+    default: return paireMarque(c, kObjetNul);
+  }
+}
 
 // The first string node equal to the key, in any case: also a value, which is then taken for the key.
 resbuf* chercherCle(resbuf* rb, const std::wstring& cle) {

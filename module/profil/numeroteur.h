@@ -4,18 +4,9 @@
 #include <string>
 
 #include "hote/adesk.h"
+#include "module/support/Uncopyable.h"
 
 namespace plv {
-
-class Uncopyable {
- protected:
-  Uncopyable() = default;
-  ~Uncopyable() = default;
-
- public:
-  Uncopyable(const Uncopyable&) = delete;
-  Uncopyable& operator=(const Uncopyable&) = delete;
-};
 
 // The next text of the letter rule: "" gives "A", "AZ" "BA", "ZZ" "AAA". Only Z carries over; any other
 // character grows by one code, so that "9" gives ":".

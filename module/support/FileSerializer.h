@@ -1,6 +1,7 @@
 // FileSerializer: the tagged binary stream in a file.
 // The format and the operations are described in VardaneSerializer.h.
 #pragma once
+#include "module/support/Uncopyable.h"
 #include "module/support/VardaneSerializer.h"
 
 namespace plv {

@@ -53,14 +53,4 @@ class VardaneSerializer {
   ~VardaneSerializer() = default;
 };
 
-class Uncopyable {
- public:
-  Uncopyable(const Uncopyable&) = delete;
-  Uncopyable& operator=(const Uncopyable&) = delete;
-
- protected:
-  Uncopyable() = default;
-  ~Uncopyable() = default;
-};
-
 }  // namespace plv

@@ -1,5 +1,5 @@
-// Blocks: import of a drawing as a block, and insertion with attributes.
-// The information that a block carries is in kitInfosBloc.cpp.
+// Blocks: import of a drawing as a block, insertion with attributes, and the information that a block carries.
+// The text of this information stands in the block's comment too, where the host shows it.
 #include "module/support/kitBlocs.h"
 
 #include <algorithm>
@@ -8,8 +8,10 @@
 #include "hote/acdb.h"
 #include "hote/aced.h"
 #include "hote/dbsymtb.h"
+#include "module/commande/listeRb.h"
 #include "module/support/kitDivers.h"
 #include "module/support/kitEntites.h"
+#include "module/support/kitXrecords.h"
 #include "module/support/lettres.h"
 
 namespace plv {
@@ -17,6 +19,8 @@ namespace plv {
 namespace {
 
 constexpr std::wstring_view kExtension = L".dwg";
+constexpr const ACHAR* kCleInfos = L"BLOCKINFO_VARDANE";
+constexpr Adesk::Int32 kMarqueInfos = 12744721;  // 0xC27811
 
 AcDbObjectId blocDeNom(AcDbDatabase& base, const std::wstring& nom) {
   AcDbObjectPointer<AcDbBlockTable> table(base.blockTableId());
@@ -52,6 +56,10 @@ void ajouterAttributs(AcDbObjectId idReference, AcDbObjectId idRecord) {
     AcDbObjectPointer<AcDbAttributeDefinition> definition(id);
     if (definition.openStatus() == Acad::eOk && !definition->isConstant()) ajouterAttribut(*bloc, *definition);
   }
+}
+
+bool estRecord(const AcDbObjectPointer<AcDbBlockTableRecord>& record) {
+  return record.openStatus() == Acad::eOk && record.object()->isA() == AcDbBlockTableRecord::desc();
 }
 
 }  // namespace
@@ -102,6 +110,37 @@ AcDbObjectId insererBloc(const std::wstring& nom, const AcGePoint3d& point, doub
   AcDbObjectId id;
   if (ajouterEspaceObjet(std::move(reference), &id) == Acad::eOk) ajouterAttributs(id, idRecord);
   return id;
+}
+
+void ecrireInfosBloc(AcDbObjectId idRecord, const std::wstring& texte) {
+  AcDbObjectId premiere;
+  {
+    AcDbObjectPointer<AcDbBlockTableRecord> record(idRecord, AcDb::kForWrite);
+    if (!estRecord(record)) return;
+    record->setComments(texte.c_str());
+    const AcDbObjectIdArray entites = record->entityIds();
+    if (!entites.isEmpty()) premiere = entites.first();
+  }
+  listeRb infos;
+  infos.ajouterEntier(kMarqueInfos);
+  infos.ajouterTexte(texte);
+  if (!premiere.isNull()) ecrireXrecord(premiere, kCleInfos, infos.tete());
+  ecrireXrecord(idRecord, kCleInfos, infos.tete());
+}
+
+bool lireInfosBloc(AcDbObjectId idRecord, std::wstring& commentaire, std::wstring& info) {
+  commentaire.clear();
+  info.clear();
+  {
+    AcDbObjectPointer<AcDbBlockTableRecord> record(idRecord);
+    if (!estRecord(record)) return false;
+    AcString texte;
+    if (record->comments(texte) == Acad::eOk) commentaire = texte.kACharPtr();
+  }
+  listeRb infos(lireXrecord(idRecord, kCleInfos));
+  Adesk::Int32 marque = 0;
+  if (infos.lireEntier(marque) && marque == kMarqueInfos) infos.lireTexte(info);
+  return true;
 }
 
 }  // namespace plv

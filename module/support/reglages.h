@@ -40,7 +40,10 @@ struct reglages {
                                            {"Kavels.profLitClasse6", 0.0}}};
 };
 
-// Built by the module's static initialisation, so that the file is read before the first message.
-reglages& reglagesModule();
+// The one set. The module's static initialisation builds it, so that the file is read before the first message.
+inline reglages& reglagesModule() {
+  static reglages tous;
+  return tous;
+}
 
 }  // namespace plv

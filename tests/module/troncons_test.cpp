@@ -4,6 +4,7 @@
 
 #include "module/metres/calculMetres.h"
 #include "module/metres/elementsMesures.h"
+#include "module/metres/rapportMetres.h"
 #include "tests/module/metres_aide.h"
 
 namespace {
