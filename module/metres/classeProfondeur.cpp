@@ -33,15 +33,15 @@ class changements {
     try {
       variable.changer(valeur);
     } catch (const std::exception&) {
-      echec_ = std::current_exception();
+      m_echec = std::current_exception();
     }
   }
   void conclure() const {
-    if (echec_) std::rethrow_exception(echec_);
+    if (m_echec) std::rethrow_exception(m_echec);
   }
 
  private:
-  std::exception_ptr echec_;
+  std::exception_ptr m_echec;
 };
 
 bool estDans(const classesProfondeur& liste, std::ptrdiff_t index) {
@@ -51,16 +51,16 @@ bool estDans(const classesProfondeur& liste, std::ptrdiff_t index) {
 // The parts of `c` that the new class leaves, in order, and the new class itself when it lies inside `c`.
 class insertion {
  public:
-  explicit insertion(const classeProfondeur& nouvelle) : n_(nouvelle) {}
+  explicit insertion(const classeProfondeur& nouvelle) : m_nouvelle(nouvelle) {}
 
   void visiter(const classeProfondeur& c) {
-    const double d = n_.debut, f = n_.fin;
+    const double d = m_nouvelle.debut, f = m_nouvelle.fin;
     if (d >= c.fin || c.debut >= f) return garder(c);
     if (f >= c.fin && c.debut >= d) return;
     if (d >= c.debut && c.fin >= f) {
       garder(entre(c, c.debut, d));
-      resultat_.push_back(n_);
-      placee_ = true;
+      m_resultat.push_back(m_nouvelle);
+      m_placee = true;
       return garder(entre(c, f, c.fin));
     }
     if (d >= c.debut) return garder(entre(c, c.debut, d));
@@ -68,10 +68,10 @@ class insertion {
   }
 
   classesProfondeur terminer() {
-    if (!placee_) resultat_.push_back(n_);
-    std::stable_sort(resultat_.begin(), resultat_.end(),
+    if (!m_placee) m_resultat.push_back(m_nouvelle);
+    std::stable_sort(m_resultat.begin(), m_resultat.end(),
                      [](const classeProfondeur& a, const classeProfondeur& b) { return a.debut < b.debut; });
-    return std::move(resultat_);
+    return std::move(m_resultat);
   }
 
  private:
@@ -81,12 +81,12 @@ class insertion {
     return c;
   }
   void garder(const classeProfondeur& c) {
-    if (c.fin - c.debut > 0) resultat_.push_back(c);
+    if (c.fin - c.debut > 0) m_resultat.push_back(c);
   }
 
-  const classeProfondeur n_;
-  classesProfondeur resultat_;
-  bool placee_ = false;
+  const classeProfondeur m_nouvelle;
+  classesProfondeur m_resultat;
+  bool m_placee = false;
 };
 
 }  // namespace
@@ -141,17 +141,17 @@ void supprimerClasse(classesProfondeur& liste, std::ptrdiff_t index) {
   if (estDans(liste, index)) liste.erase(liste.begin() + index);
 }
 
-gardeClassesExtremes::gardeClassesExtremes(classesProfondeur& liste) : liste_(liste) {
-  liste_.push_front({-kProfondeurExtreme, 0, 0, 0, kCouleurExtreme});
-  place_ = liste_.size();
-  const double e = liste_.back().fin;
+gardeClassesExtremes::gardeClassesExtremes(classesProfondeur& liste) : m_liste(liste) {
+  m_liste.push_front({-kProfondeurExtreme, 0, 0, 0, kCouleurExtreme});
+  m_place = m_liste.size();
+  const double e = m_liste.back().fin;
   classeProfondeur dessous{std::min(e, kProfondeurExtreme), std::max(e, kProfondeurExtreme), 0, 0, kCouleurExtreme};
-  insererClasse(liste_, dessous);
+  insererClasse(m_liste, dessous);
 }
 
 gardeClassesExtremes::~gardeClassesExtremes() {
-  supprimerClasse(liste_, static_cast<std::ptrdiff_t>(place_));
-  supprimerClasse(liste_, 0);
+  supprimerClasse(m_liste, static_cast<std::ptrdiff_t>(m_place));
+  supprimerClasse(m_liste, 0);
 }
 
 Adesk::Int32 classeDeProfondeur(const classesProfondeur& liste, profondeurFouille profondeur) {

@@ -45,8 +45,8 @@ class gardeClassesExtremes {
   gardeClassesExtremes& operator=(const gardeClassesExtremes&) = delete;
 
  private:
-  classesProfondeur& liste_;
-  std::size_t place_;  // of the class behind
+  classesProfondeur& m_liste;
+  std::size_t m_place;  // of the class behind
 };
 
 // The first class with debut < depth <= fin, else the last one; -1 for an empty list.

@@ -51,84 +51,84 @@ class balayage {
  public:
   balayage(const LineSegArrayData& projet, const LineSegArrayData& terrain, const classesProfondeur& liste,
            ligneTroncons& entree)
-      : projet_(projet), terrain_(terrain), liste_(liste), entree_(entree) {}
+      : m_projet(projet), m_terrain(terrain), m_liste(liste), m_entree(entree) {}
 
   void executer() {
-    while (terrain_.GetAt(i_).x2 <= projet_.GetAt(0).x1) ++i_;
-    while (projet_.GetAt(j_).x2 <= terrain_.GetAt(i_).x1) ++j_;
-    x_ = std::max(terrain_.GetAt(i_).x1, projet_.GetAt(j_).x1);
-    const double fin = std::min(terrain_.fin(), projet_.fin()).valeur;
-    classe_ = classeEn(x_);
-    while (x_ < fin && i_ < terrain_.GetSize() && j_ < projet_.GetSize()) passe();
+    while (m_terrain.GetAt(m_iTerrain).x2 <= m_projet.GetAt(0).x1) ++m_iTerrain;
+    while (m_projet.GetAt(m_iProjet).x2 <= m_terrain.GetAt(m_iTerrain).x1) ++m_iProjet;
+    m_x = std::max(m_terrain.GetAt(m_iTerrain).x1, m_projet.GetAt(m_iProjet).x1);
+    const double fin = std::min(m_terrain.fin(), m_projet.fin()).valeur;
+    m_classe = classeEn(m_x);
+    while (m_x < fin && m_iTerrain < m_terrain.GetSize() && m_iProjet < m_projet.GetSize()) passe();
   }
 
  private:
   Adesk::Int32 classeEn(double x) {
-    terrain_.GetAt(i_).YAt(x, yTerrain_);
-    projet_.GetAt(j_).YAt(x, yProjet_);
-    return classeDeProfondeur(liste_, profondeurSous(altitudeVraie(yTerrain_), altitudeVraie(yProjet_)));
+    m_terrain.GetAt(m_iTerrain).YAt(x, m_yTerrain);
+    m_projet.GetAt(m_iProjet).YAt(x, m_yProjet);
+    return classeDeProfondeur(m_liste, profondeurSous(altitudeVraie(m_yTerrain), altitudeVraie(m_yProjet)));
   }
 
   // From x to the next end of a piece.
   void passe() {
-    const double xt = terrain_.GetAt(i_).x2, xp = projet_.GetAt(j_).x2;
+    const double xt = m_terrain.GetAt(m_iTerrain).x2, xp = m_projet.GetAt(m_iProjet).x2;
     const bool ensemble = std::abs(xt - xp) < kMemeStation;
     const double xn = ensemble ? xt : std::min(xt, xp);
-    if (std::abs(x_ - xt) < kMemeStation) {
-      ++i_;
+    if (std::abs(m_x - xt) < kMemeStation) {
+      ++m_iTerrain;
       return;
     }
-    if (std::abs(xp - x_) < kMemeStation) {
-      ++j_;
+    if (std::abs(xp - m_x) < kMemeStation) {
+      ++m_iProjet;
       return;
     }
     const Adesk::Int32 suivante = classeEn(xn);
-    while (classe_ != suivante) franchir(suivante > classe_ ? 1 : -1);
-    ajouter(terrain_.GetAt(i_), 0.0, xn);
-    x_ = xn;
-    if (ensemble || xt < xp) ++i_;
-    if (ensemble || xp < xt) ++j_;
+    while (m_classe != suivante) franchir(suivante > m_classe ? 1 : -1);
+    ajouter(m_terrain.GetAt(m_iTerrain), 0.0, xn);
+    m_x = xn;
+    if (ensemble || xt < xp) ++m_iTerrain;
+    if (ensemble || xp < xt) ++m_iProjet;
   }
 
   // Up to the limit of the present class. An intersection that fails keeps the abscissa of the last one; before the first
   // there is none, and the class changes where the sweep stands.
   void franchir(Adesk::Int32 pas) {
-    const double limite = (pas > 0 ? finDeClasse(liste_, classe_) : debutDeClasse(liste_, classe_)).valeur;
-    LineSeg abaisse = terrain_.GetAt(i_);
+    const double limite = (pas > 0 ? finDeClasse(m_liste, m_classe) : debutDeClasse(m_liste, m_classe)).valeur;
+    LineSeg abaisse = m_terrain.GetAt(m_iTerrain);
     abaisse.y1 -= limite;
     abaisse.y2 -= limite;
     double y = 0;
-    if (!croise_) xCroisement_ = x_;
-    croise_ = intersection(abaisse, projet_.GetAt(j_), xCroisement_, y, true) || croise_;
-    ajouter(abaisse, limite, xCroisement_);
-    x_ = xCroisement_;
-    classe_ += pas;
+    if (!m_croise) m_xCroisement = m_x;
+    m_croise = intersection(abaisse, m_projet.GetAt(m_iProjet), m_xCroisement, y, true) || m_croise;
+    ajouter(abaisse, limite, m_xCroisement);
+    m_x = m_xCroisement;
+    m_classe += pas;
   }
 
   // A slice of the present class from x, on the terrain that is lowered by this height.
   void ajouter(const LineSeg& terrain, double abaissement, double jusque) {
-    tranche t{classe_, x_, jusque, 0, 0, 0, 0};
-    const LineSeg& projet = projet_.GetAt(j_);
-    terrain.YAt(t.x1, yTerrain_);
-    t.terrain1 = yTerrain_ + abaissement;
-    terrain.YAt(t.x2, yTerrain_);
-    t.terrain2 = yTerrain_ + abaissement;
-    projet.YAt(t.x1, yProjet_);
-    t.projet1 = yProjet_;
-    projet.YAt(t.x2, yProjet_);
-    t.projet2 = yProjet_;
-    ajouterTranche(entree_, t);
+    tranche t{m_classe, m_x, jusque, 0, 0, 0, 0};
+    const LineSeg& projet = m_projet.GetAt(m_iProjet);
+    terrain.YAt(t.x1, m_yTerrain);
+    t.terrain1 = m_yTerrain + abaissement;
+    terrain.YAt(t.x2, m_yTerrain);
+    t.terrain2 = m_yTerrain + abaissement;
+    projet.YAt(t.x1, m_yProjet);
+    t.projet1 = m_yProjet;
+    projet.YAt(t.x2, m_yProjet);
+    t.projet2 = m_yProjet;
+    ajouterTranche(m_entree, t);
   }
 
-  const LineSegArrayData& projet_;
-  const LineSegArrayData& terrain_;
-  const classesProfondeur& liste_;
-  ligneTroncons& entree_;
-  std::ptrdiff_t i_ = 0, j_ = 0;
-  double x_ = 0, xCroisement_ = 0;
-  double yTerrain_ = 0, yProjet_ = 0;
-  bool croise_ = false;
-  Adesk::Int32 classe_ = 0;
+  const LineSegArrayData& m_projet;
+  const LineSegArrayData& m_terrain;
+  const classesProfondeur& m_liste;
+  ligneTroncons& m_entree;
+  std::ptrdiff_t m_iTerrain = 0, m_iProjet = 0;
+  double m_x = 0, m_xCroisement = 0;
+  double m_yTerrain = 0, m_yProjet = 0;
+  bool m_croise = false;
+  Adesk::Int32 m_classe = 0;
 };
 
 }  // namespace

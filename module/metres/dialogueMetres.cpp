@@ -50,43 +50,43 @@ class CDlgClasseProfondeur : public dialogues::Dialog {
 
  private:
   void valider();
-  dialogues::Edit debut_{L"De", L"0"}, fin_{L"A", L"0"}, largeur_{L"Largeur de la fouille", L"0"},
-      profLit_{L"Heuteur lit de pose", L"0"};
-  dialogues::Colour couleur_{L"Couleur"};
-  dialogues::Button ok_{L"OK"}, annuler_{L"Cancel"};
+  dialogues::Edit m_debut{L"De", L"0"}, m_fin{L"A", L"0"}, m_largeur{L"Largeur de la fouille", L"0"},
+      m_profLit{L"Heuteur lit de pose", L"0"};
+  dialogues::Colour m_couleur{L"Couleur"};
+  dialogues::Button m_ok{L"OK"}, m_annuler{L"Cancel"};
 };
 
 CDlgClasseProfondeur::CDlgClasseProfondeur() : Dialog(L"Classe de profondeur", 300, 240) {
   int rangee = 0;
   for (dialogues::Control* controle :
-       {static_cast<dialogues::Control*>(&debut_), static_cast<dialogues::Control*>(&fin_),
-        static_cast<dialogues::Control*>(&largeur_), static_cast<dialogues::Control*>(&profLit_),
-        static_cast<dialogues::Control*>(&couleur_)})
+       {static_cast<dialogues::Control*>(&m_debut), static_cast<dialogues::Control*>(&m_fin),
+        static_cast<dialogues::Control*>(&m_largeur), static_cast<dialogues::Control*>(&m_profLit),
+        static_cast<dialogues::Control*>(&m_couleur)})
     add(*controle, {rangee++, 0, 1, 2});
-  add(ok_, {rangee, 0});
-  add(annuler_, {rangee, 1});
-  ok_.isDefault = true;
-  ok_.onClick = [this] { valider(); };
-  annuler_.onClick = [this] { end(dialogues::kCancel); };
+  add(m_ok, {rangee, 0});
+  add(m_annuler, {rangee, 1});
+  m_ok.isDefault = true;
+  m_ok.onClick = [this] { valider(); };
+  m_annuler.onClick = [this] { end(dialogues::kCancel); };
 }
 
 void CDlgClasseProfondeur::valider() {
-  classe.couleur = couleur_.index();
-  if (readNumber(debut_, classe.debut, 0, kPlusGrand) && readNumber(fin_, classe.fin, 0, kPlusGrand) &&
-      readNumber(largeur_, classe.largeur, 0, kPlusGrand) && readNumber(profLit_, classe.profLit))
+  classe.couleur = m_couleur.index();
+  if (readNumber(m_debut, classe.debut, 0, kPlusGrand) && readNumber(m_fin, classe.fin, 0, kPlusGrand) &&
+      readNumber(m_largeur, classe.largeur, 0, kPlusGrand) && readNumber(m_profLit, classe.profLit))
     end(dialogues::kOk);
 }
 
 // While the user picks in the drawing, the dialog stands aside.
 class dialogueCache {
  public:
-  explicit dialogueCache(dialogues::Dialog& dialogue) : dialogue_(dialogue) { dialogue_.setShown(false); }
-  ~dialogueCache() { dialogue_.setShown(true); }
+  explicit dialogueCache(dialogues::Dialog& dialogue) : m_dialogue(dialogue) { m_dialogue.setShown(false); }
+  ~dialogueCache() { m_dialogue.setShown(true); }
   dialogueCache(const dialogueCache&) = delete;
   dialogueCache& operator=(const dialogueCache&) = delete;
 
  private:
-  dialogues::Dialog& dialogue_;
+  dialogues::Dialog& m_dialogue;
 };
 
 AcDbObjectIdArray choisirBlocs(dialogues::Dialog& dialogue) {
@@ -106,8 +106,8 @@ CDlgMetresLineairesKavels::CDlgMetresLineairesKavels()
       listeElements(colonnesElements()),
       listeTroncons(colonnesTroncons()),
       projetChoisi(kProjetNonChoisi),
-      schematiser_(L"Sch\u00e9matiser sur p/long", [this] { hachurerProfils(profils); }),
-      exporter_(L"Exporter", [this] { exporterClasseur(profils); }) {
+      m_schematiser(L"Sch\u00e9matiser sur p/long", [this] { hachurerProfils(profils); }),
+      m_exporter(L"Exporter", [this] { exporterClasseur(profils); }) {
   listeClassesCtrl.colourColumn = kColonneCouleur;
   placer();
   montrerClasses();
@@ -118,15 +118,15 @@ void CDlgMetresLineairesKavels::placer() {
   const wchar_t *const profilsEnLong = L"Profils en long", *const classes = L"Classes de profondeurs";
   add(listeTroncons, {0, 0, 1, 4}, profilsEnLong);
   add(listeElements, {0, 0, 1, 4}, profilsEnLong);
-  add(basculer_, {1, 0}, profilsEnLong);
-  add(ajouter_, {1, 1}, profilsEnLong);
-  add(enlever_, {1, 2}, profilsEnLong);
-  add(schematiser_, {1, 3}, profilsEnLong);
+  add(m_basculer, {1, 0}, profilsEnLong);
+  add(m_ajouter, {1, 1}, profilsEnLong);
+  add(m_enlever, {1, 2}, profilsEnLong);
+  add(m_schematiser, {1, 3}, profilsEnLong);
   add(listeClassesCtrl, {0, 0, 1, 2}, classes);
-  add(ajouterClasse_, {1, 0}, classes);
-  add(supprimerClasse_, {1, 1}, classes);
-  add(exporter_, {0, 0});
-  add(fermer_, {0, 1});
+  add(m_ajouterClasse, {1, 0}, classes);
+  add(m_supprimerClasse, {1, 1}, classes);
+  add(m_exporter, {0, 0});
+  add(m_fermer, {0, 1});
 }
 
 void CDlgMetresLineairesKavels::basculer() {
@@ -139,7 +139,7 @@ void CDlgMetresLineairesKavels::montrerListes() {
     liste->setVisible(visible);
     liste->setEnabled(visible);
   }
-  basculer_.setLabel(voirTroncons ? L"Afficher Elements fixes" : L"Afficher Projet");
+  m_basculer.setLabel(voirTroncons ? L"Afficher Elements fixes" : L"Afficher Projet");
 }
 
 void CDlgMetresLineairesKavels::montrerClasses() {

@@ -34,13 +34,13 @@ class CDlgMetresLineairesKavels : public dialogues::Dialog {
   void ajouterClasse();
   void supprimerClasseChoisie();
 
-  dialogues::Button basculer_{L"Afficher Elements fixes", [this] { basculer(); }};
-  dialogues::Button ajouter_{L"Ajouter Profils", [this] { ajouterProfils(); }};
-  dialogues::Button enlever_{L"Enlever la selection", [this] { enleverSelection(); }};
-  dialogues::Button schematiser_, exporter_;
-  dialogues::Button ajouterClasse_{L"Ajouter une classe", [this] { ajouterClasse(); }};
-  dialogues::Button supprimerClasse_{L"Supprimer la classe", [this] { supprimerClasseChoisie(); }};
-  dialogues::Button fermer_{L"Fermer", [this] { end(dialogues::kOk); }};
+  dialogues::Button m_basculer{L"Afficher Elements fixes", [this] { basculer(); }};
+  dialogues::Button m_ajouter{L"Ajouter Profils", [this] { ajouterProfils(); }};
+  dialogues::Button m_enlever{L"Enlever la selection", [this] { enleverSelection(); }};
+  dialogues::Button m_schematiser, m_exporter;
+  dialogues::Button m_ajouterClasse{L"Ajouter une classe", [this] { ajouterClasse(); }};
+  dialogues::Button m_supprimerClasse{L"Supprimer la classe", [this] { supprimerClasseChoisie(); }};
+  dialogues::Button m_fermer{L"Fermer", [this] { end(dialogues::kOk); }};
 };
 
 }  // namespace plv

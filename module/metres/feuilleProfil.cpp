@@ -46,17 +46,17 @@ std::string nomCellule(lxw_row_t rangee, lxw_col_t colonne) {
 }
 
 void feuilleProfil::texte(lxw_row_t rangee, lxw_col_t colonne, const std::wstring& valeur, lxw_format* format) {
-  worksheet_write_string(feuille_, rangee, colonne, utf8(valeur).c_str(), format);
+  worksheet_write_string(m_feuille, rangee, colonne, utf8(valeur).c_str(), format);
 }
 void feuilleProfil::nombre(lxw_row_t rangee, lxw_col_t colonne, double valeur, lxw_format* format) {
-  worksheet_write_number(feuille_, rangee, colonne, valeur, format);
+  worksheet_write_number(m_feuille, rangee, colonne, valeur, format);
 }
 
 void feuilleProfil::ecrire() {
   largeurs();
   tete();
   // Each line writes the table of elements, at the same place unless its last section is of another width.
-  for (const ligneTroncons& ligne : profil_.lignes)
+  for (const ligneTroncons& ligne : m_profil.lignes)
     elements(static_cast<lxw_col_t>(troncons(ligne) + kColonnesDeSeparation));
 }
 
@@ -66,7 +66,7 @@ void feuilleProfil::largeurs() {
     const auto suivante =
         std::find_if(premiere, kEntetes.end(), [&](const enteteColonne& e) { return e.largeur != premiere->largeur; });
     const lxw_col_t separation = suivante == kEntetes.end() ? kColonnesDeSeparation : 0;
-    worksheet_set_column(feuille_, premiere->colonne, static_cast<lxw_col_t>((suivante - 1)->colonne + separation),
+    worksheet_set_column(m_feuille, premiere->colonne, static_cast<lxw_col_t>((suivante - 1)->colonne + separation),
                          premiere->largeur, nullptr);
     premiere = suivante;
   }
@@ -74,16 +74,16 @@ void feuilleProfil::largeurs() {
 
 void feuilleProfil::tete() {
   texte(kPlaceNumero.rangee, kPlaceNumero.colonne, L"Profil");
-  texte(kPlaceNumero.rangee, kPlaceNumero.colonne + 1, profil_.numero.kACharPtr(), f_.titre);
+  texte(kPlaceNumero.rangee, kPlaceNumero.colonne + 1, m_profil.numero.kACharPtr(), m_formats.titre);
   texte(kPlaceDistanceCumulee.rangee, kPlaceDistanceCumulee.colonne, L"D.Cumulee");
-  nombre(kPlaceDistanceCumulee.rangee, kPlaceDistanceCumulee.colonne + 1, profil_.dcumDeb, f_.titre);
-  for (const enteteColonne& e : kEntetes) texte(kRangeeEntetes, e.colonne, e.titre, f_.entete);
+  nombre(kPlaceDistanceCumulee.rangee, kPlaceDistanceCumulee.colonne + 1, m_profil.dcumDeb, m_formats.titre);
+  for (const enteteColonne& e : kEntetes) texte(kRangeeEntetes, e.colonne, e.titre, m_formats.entete);
 }
 
 // With its result: readers that don't calculate on opening would show 0.
 void feuilleProfil::longueur(lxw_row_t rangee, double valeur, lxw_format* format) {
   const std::string difference = "=" + nomCellule(rangee, kFin) + "-" + nomCellule(rangee, kDebut);
-  worksheet_write_formula_num(feuille_, rangee, kLongueur, difference.c_str(), format, valeur);
+  worksheet_write_formula_num(m_feuille, rangee, kLongueur, difference.c_str(), format, valeur);
 }
 
 // Nothing guards the division, but a sheet has no infinite or undefined numbers: written as one, it would make the file
@@ -91,7 +91,7 @@ void feuilleProfil::longueur(lxw_row_t rangee, double valeur, lxw_format* format
 void feuilleProfil::profondeurMoyenne(lxw_row_t rangee, double valeur, lxw_format* format) {
   if (std::isfinite(valeur)) return nombre(rangee, kProfondeurMoyenne, valeur, format);
   const std::string division = "=" + nomCellule(rangee, kSurface) + "/" + nomCellule(rangee, kLongueur);
-  worksheet_write_formula_str(feuille_, rangee, kProfondeurMoyenne, division.c_str(), format, "#DIV/0!");
+  worksheet_write_formula_str(m_feuille, rangee, kProfondeurMoyenne, division.c_str(), format, "#DIV/0!");
 }
 
 lxw_col_t feuilleProfil::troncons(const ligneTroncons& ligne) {
@@ -102,14 +102,14 @@ lxw_col_t feuilleProfil::troncons(const ligneTroncons& ligne) {
 
 // A section that isn't buried has neither width nor volume, and leaves their columns free.
 lxw_col_t feuilleProfil::troncon(const TranconProfilEnlong& t, bool dernier) {
-  lxw_format* const n = dernier ? f_.nombreBas : f_.nombre;
+  lxw_format* const n = dernier ? m_formats.nombreBas : m_formats.nombre;
   const double debut = t.debut().valeur, fin = t.fin().valeur;
   const Adesk::Int32 classe = t.classe();
-  const lxw_row_t r = rangee_++;
+  const lxw_row_t r = m_rangee++;
   nombre(r, kDebut, debut, n);
   nombre(r, kFin, fin, n);
   longueur(r, fin - debut, n);
-  texte(r, kClasse, libelleClasse(listeClasses(), classe), dernier ? f_.texteBas : f_.texte);
+  texte(r, kClasse, libelleClasse(listeClasses(), classe), dernier ? m_formats.texteBas : m_formats.texte);
   profondeurMoyenne(r, t.surface / (fin - debut), n);
   nombre(r, kSurface, t.surface, n);
   if (classe == 0) return kLargeur;
@@ -120,14 +120,14 @@ lxw_col_t feuilleProfil::troncon(const TranconProfilEnlong& t, bool dernier) {
 }
 
 void feuilleProfil::elements(lxw_col_t colonne) {
-  auto& liste = profil_.elements;
+  auto& liste = m_profil.elements;
   std::stable_sort(liste.begin(), liste.end(), avant);
   lxw_row_t r = kRangeeEntetes;
   for (auto debut = liste.begin(); debut != liste.end();) {
     const auto fin = std::find_if(debut, liste.end(), [&](const elementFixeMesure& e) { return e.id != debut->id; });
-    texte(r++, colonne, debut->libelle, f_.titre);
+    texte(r++, colonne, debut->libelle, m_formats.titre);
     for (std::size_t j = 0; j < debut->valeurs.size(); ++j)
-      texte(r, static_cast<lxw_col_t>(colonne + j), debut->valeurs[j].libelle, f_.entete);
+      texte(r, static_cast<lxw_col_t>(colonne + j), debut->valeurs[j].libelle, m_formats.entete);
     for (; debut != fin; ++debut) element(*debut, ++r, colonne, debut + 1 == fin);
     r += 3;
   }
@@ -135,8 +135,8 @@ void feuilleProfil::elements(lxw_col_t colonne) {
 
 void feuilleProfil::element(const elementFixeMesure& e, lxw_row_t rangee, lxw_col_t colonne, bool dernier) {
   for (const valeurElement& valeur : e.valeurs) {
-    if (valeur.estNombre) nombre(rangee, colonne++, valeur.nombre, dernier ? f_.nombreBas : f_.nombre);
-    else texte(rangee, colonne++, valeur.texte, dernier ? f_.texteBas : f_.texte);
+    if (valeur.estNombre) nombre(rangee, colonne++, valeur.nombre, dernier ? m_formats.nombreBas : m_formats.nombre);
+    else texte(rangee, colonne++, valeur.texte, dernier ? m_formats.texteBas : m_formats.texte);
   }
 }
 

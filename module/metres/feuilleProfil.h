@@ -49,7 +49,7 @@ struct formatsClasseur {
 class feuilleProfil {
  public:
   feuilleProfil(lxw_worksheet* feuille, const formatsClasseur& formats, InfoProfilEnLong& profil)
-      : feuille_(feuille), f_(formats), profil_(profil) {}
+      : m_feuille(feuille), m_formats(formats), m_profil(profil) {}
   // The profile's elements are sorted on the way.
   void ecrire();
 
@@ -66,10 +66,10 @@ class feuilleProfil {
   void texte(lxw_row_t rangee, lxw_col_t colonne, const std::wstring& valeur, lxw_format* format = nullptr);
   void nombre(lxw_row_t rangee, lxw_col_t colonne, double valeur, lxw_format* format = nullptr);
 
-  lxw_worksheet* const feuille_;
-  const formatsClasseur& f_;
-  InfoProfilEnLong& profil_;
-  lxw_row_t rangee_ = kRangeeEntetes + 1;
+  lxw_worksheet* const m_feuille;
+  const formatsClasseur& m_formats;
+  InfoProfilEnLong& m_profil;
+  lxw_row_t m_rangee = kRangeeEntetes + 1;
 };
 
 // "B6" for row 5, column 1.

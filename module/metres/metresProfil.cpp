@@ -31,27 +31,28 @@ constexpr double kVerticale = 1e-8;  // a ground line of this width has no exten
 class CDlgChoixDansListe : public dialogues::Dialog {
  public:
   CDlgChoixDansListe(const std::wstring& invite, const std::vector<std::wstring>& textes)
-      : Dialog(L"Selection", 320, 260), invite_(invite) {
-    add(invite_, {0, 0, 1, 2});
-    add(liste_, {1, 0, 1, 2});
-    add(ok_, {2, 0});
-    add(annuler_, {2, 1});
+      : Dialog(L"Selection", 320, 260), m_invite(invite) {
+    add(m_invite, {0, 0, 1, 2});
+    add(m_liste, {1, 0, 1, 2});
+    add(m_ok, {2, 0});
+    add(m_annuler, {2, 1});
     std::vector<dialogues::Row> lignes;
     for (const std::wstring& texte : textes) lignes.push_back({{texte}, static_cast<int>(lignes.size())});
-    liste_.append(std::move(lignes));
-    liste_.onSelect = [this] {
-      if (!liste_.selection().empty()) choix = liste_.rows()[static_cast<std::size_t>(liste_.selection().front())].data;
+    m_liste.append(std::move(lignes));
+    m_liste.onSelect = [this] {
+      if (!m_liste.selection().empty())
+        choix = m_liste.rows()[static_cast<std::size_t>(m_liste.selection().front())].data;
     };
-    ok_.isDefault = true;
-    ok_.onClick = [this] { end(dialogues::kOk); };
-    annuler_.onClick = [this] { end(dialogues::kCancel); };
+    m_ok.isDefault = true;
+    m_ok.onClick = [this] { end(dialogues::kOk); };
+    m_annuler.onClick = [this] { end(dialogues::kCancel); };
   }
   int choix = -1;
 
  private:
-  dialogues::Text invite_;
-  dialogues::List liste_{{}, false};
-  dialogues::Button ok_{L"OK"}, annuler_{L"Cancel"};
+  dialogues::Text m_invite;
+  dialogues::List m_liste{{}, false};
+  dialogues::Button m_ok{L"OK"}, m_annuler{L"Cancel"};
 };
 
 // The index of the chosen text; -1 for a cancel, for OK without a choice, and at once for an empty list.
