@@ -6,6 +6,8 @@
 #include <initializer_list>
 #include <string>
 
+#include "atelier/database/error.h"
+#include "atelier/database/interruption.h"
 #include "hote/acdb.h"
 #include "module/profil/chaines.h"
 #include "tests/support/session.h"
@@ -78,6 +80,16 @@ inline constexpr const char* kMatrice = R"((progn
   (pl_DefinirLigneMatrice "M" "3" "Observations" 40.0 9)
   (pl_DessinerMatrices prf '(0.0 0.0 0.0) 1.0 5.0)
   (pl_SelectLigne 0 1)))";
+
+// While one lives, the user interrupts at the given look for it.
+struct Interrupted {
+  explicit Interrupted(int looks) {
+    left = looks;
+    atelier::setInterruptionQuestion([] { return --left <= 0; });
+  }
+  ~Interrupted() { atelier::setInterruptionQuestion(nullptr); }
+  static inline int left = 0;
+};
 
 // A drawing with the profile and the matrix.
 struct ProfilDessine : ::testing::Test {

@@ -47,6 +47,11 @@ TEST_F(Chaines, ASectionWithoutPlaneFallsOutOfStep) {
   EXPECT_TRUE(p.altPc.empty());
 }
 
+TEST_F(Chaines, AValueThatNamesAKeyIsTakenForThatKey) {
+  const profilLong p = apres("(progn (plsxd pc1 \"NOTE\" \"PC\") (plsxd pc1 \"SUITE\" 7.0))");
+  EXPECT_EQ(p.altPc, (reels{95, 0, 100}));
+}
+
 constexpr const char* kLignes = R"((progn
   (defun ligne () (entmake '((0 . "LINE") (10 0.0 0.0 0.0) (11 1.0 0.0 0.0))) (entlast))
   (setq la (ligne) lb (ligne) lc (ligne))
@@ -71,6 +76,14 @@ TEST_F(Chaines, AnUnopenableLineIsKeptAndEndsItsChain) {
   ASSERT_EQ(ids.length(), 3);
   EXPECT_EQ(ids[1], lb);
   EXPECT_EQ(ids[2], id("lc"));
+}
+
+TEST_F(Chaines, AHandleWithoutObjectIsAskedForUntilTheUserInterrupts) {
+  const profilLong p = apres(std::string("(progn ") + kLignes + "(plsxd la \"NEXTLI\" \"FFFFF\"))");
+  AcDbObjectIdArray ids;
+  const kaveltest::Interrupted apresMilleEssais(1000);
+  EXPECT_THROW(plv::lireLignes(p, ids), atelier::Interrupted);
+  EXPECT_EQ(ids.length(), 1);
 }
 
 // Lines that the user draws, typed as station and altitude or picked; the ground is 150 m long.

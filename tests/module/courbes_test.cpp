@@ -91,6 +91,17 @@ TEST_F(Courbes, StraightPieces) {
   }
 }
 
+TEST_F(Courbes, PiecesOfEqualXKeepTheOrderThatExchangesGive) {
+  AcGePoint2dArray debuts, fins;
+  for (const AcGePoint2d& p : {AcGePoint2d(2, 1), AcGePoint2d(2, 2), AcGePoint2d(1, 3)}) {
+    debuts.append(p);
+    fins.append(AcGePoint2d(9, p.y));
+  }
+  plv::trierSegments(debuts, fins);  // the exchange of the first with the last brings it behind its equal
+  EXPECT_EQ(std::vector<AcGePoint2d>(debuts.begin(), debuts.end()), (std::vector<AcGePoint2d>{{1, 3}, {2, 2}, {2, 1}}));
+  EXPECT_EQ(fins[2].y, 1);
+}
+
 TEST_F(Courbes, CutsAtVerticals) {
   AcDbObjectPointer<AcDbPolyline> p(ajouter(polyligne({{0, 0, 0}, {10, 10, 0}, {20, 0, 0}, {0, -5, 0}})),
                                     AcDb::kForWrite);

@@ -48,6 +48,15 @@ TEST_F(Cubpl, ShowsTheSectionsOfTheOneProject) {
   EXPECT_EQ(derniere.find("Profil:P1"), derniere.rfind("Profil:P1"));
 }
 
+// Here what is deeper than all classes has no width, whereas the workbook gives it that of the last class.
+TEST_F(Cubpl, BelowTheLastClassTheDialogCountsNoVolume) {
+  session.eval(
+      "(progn (setq c (tronc 0.0 90.0 40.0 92.0 95.0)) (pl_elem_prj prf \"V\" c) (setq l (dialoguer c:cubpl "
+      "(list \"AjouterProfils\" (progn (setq s (ssadd)) (ssadd prf s)) \"\" \"Fermer\"))))");
+  kaveltest::check(session,
+                   {{"(cdddr (nth 2 (car l)))", "(\"40.000\" \" 7 -     10.000 \" \"     0.000 \" \"   400.000 \")"}});
+}
+
 TEST_F(Cubpl, AsksForTheProjectOnceAndOnlyWhenThereAreSeveral) {
   session.eval("(progn (pl_elem_prj prf \"V\" a) (pl_elem_prj prf \"P\" b))");
   const std::string choisi = cubpl(std::string(kAjouter) + "2\nOK\nFermer");
@@ -63,6 +72,11 @@ TEST_F(Cubpl, AsksForTheProjectOnceAndOnlyWhenThereAreSeveral) {
 
 TEST_F(Cubpl, SaysThatThereIsNoProject) {
   VOIT(cubpl(std::string(kAjouter) + "Fermer"), "Erreur: Ce profil ne contient pas de projet associé\n");
+  // Once a kind of project was found, the text about a profile without any differs by a letter.
+  session.eval(
+      "(progn (pl_elem_prj prf \"V\" a) (setq nu (reference \"PROFIL\" \"NUMPL\" \"N\" 700.0)) (plsxd nu \"ECHV\" "
+      "1.0))");
+  VOIT(cubpl("Ajouter Profils\n!prf\n!nu\n\nFermer"), "Ce profil ne continent pas de projet associé\n");
 }
 
 TEST_F(Cubpl, WithoutAttachedTerrainTheGroundLinesOfTheSectionsServe) {

@@ -49,6 +49,13 @@ TEST_F(Dessin, TitlesEndTheGapLeftOfThePoint) {
                   {"(cdr (assoc 62 (entget bloc)))", "nil"}});
 }
 
+// The titles end a gap left of the point, in units of the text height that the matrix had before this drawing.
+TEST_F(Dessin, TheGapCountsInTheTextHeightOfTheDrawingBefore) {
+  session.eval("(pl_DessinerMatrices prf '(0.0 0.0) 2.0 3.0)");
+  const std::string vus = drawn("(pl_DessinerMatrices prf '(0.0 0.0) 1.0 3.0)");
+  EXPECT_NE(vus.find("\"LINE -3.00,0.00 7.00,0.00\""), std::string::npos) << vus;
+}
+
 TEST_F(Dessin, TheReferenceTakesTheCurrentLayer) {
   session.eval(
       R"((progn (entmake '((0 . "LAYER") (100 . "AcDbSymbolTableRecord") (100 . "AcDbLayerTableRecord")

@@ -62,6 +62,10 @@ TEST_F(Elements, ProjectListsByTheUser) {
       "(pl_assoc_prj rv)", "(list a '(150.0 60.0))\nProjet\n(list b '(150.0 70.0))\n\nNon\n(list b '(1.0 1.0))\n\n");
   EXPECT_NE(vu.find("Enlever  Redessiner Projet Non_projet <element à ajouter>"), std::string::npos) << vu;
   check(session, {{"(equal (projet rv) (list a b))", "T"}, {"(marque-de a)", "nil"}, {"(marque-de b)", "0"}});
+  // "Voir" is offered and does nothing: what is picked after it is still added.
+  session.eval("(setq c (ligne 100.0 80.0 200.0 80.0))");
+  repondre("(pl_assoc_prj rv)", "Voir\n(list c '(150.0 80.0))\n\n");
+  check(session, {{"(equal (projet rv) (list a b c))", "T"}});
   const std::string tout = repondre("(pl_assoc_prj rv)", "Enlever\n(list a '(150.0 60.0))\nTout\n\n");
   EXPECT_NE(tout.find("Ajouter / enlever Tout  / Redessiner / Projet / Non_projet <element a enlever>"),
             std::string::npos);
@@ -78,7 +82,10 @@ TEST_F(Elements, StaticGroupsFromLispAndByTheUser) {
                   {"(cdr (assoc 10 (statiques rv)))", "(40.0 77.0 0.0)"},
                   {"(progn (pl_elem_ponct prf \"V\" '(140.0 0.0) a) (pl_elem_ponct prf \"A\" '(1.0 0.0) a) (length "
                    "(statiques rv)))",
-                   "13"}});
+                   "13"},
+                  // The place isn't tested: what is no point stands at the origin of the drawing.
+                  {"(progn (pl_elem_ponct prf \"V\" \"ici\" a) (cdr (assoc 10 (reverse (statiques rv)))))",
+                   "(-100.0 0.0 0.0)"}});
   const std::string vu =
       repondre("(pl_efix prf \"P\")", "150.0,60.0\n(list a '(0.0 0.0))\n\nD\n150.0005,0\n(list b '(0.0 0.0))\n\nF\n");
   EXPECT_NE(vu.find("Enlever Doublons Reset Fin Voir <position des éléments>:"), std::string::npos) << vu;
@@ -93,6 +100,16 @@ TEST_F(Elements, StaticGroupsFromLispAndByTheUser) {
   const std::string dump = feed("(pl_dumpdata prf)");
   EXPECT_NE(dump.find("\nVoirie\nElements statiques 0 "), std::string::npos) << dump;
   EXPECT_NE(dump.find("Génér"), std::string::npos);
+}
+
+TEST_F(Elements, ADamagedStaticRecordIsReadUntilTheUserInterrupts) {
+  session.eval(R"((progn (pl_elem_ponct prf "V" '(140.0 77.0) (point))
+    (setq rec (dictsearch (cdr (assoc 360 (entget rv))) "ELEMS_STATIQUES_KAVEL"))
+    (entmod (subst '(102 . "x") '(102 . "{") rec))))");
+  plv::listeElemsFixes liste;
+  const kaveltest::Interrupted apresMilleEssais(1000);
+  EXPECT_THROW(plv::lireElemsFixes(liste, id("rv")), atelier::Interrupted);
+  EXPECT_EQ(liste.GetSize(), 0);
 }
 
 TEST_F(Elements, TwinsNameEachOther) {
@@ -119,6 +136,9 @@ TEST_F(Elements, Listings) {
                   {"(car l)", "((-10.0 101.0) (110.0 113.0) 0.1)"},
                   {"(caddr (cadr l))", "1.0e+36"},
                   {"(mapcar 'rtos (mapcar 'caddr (cddr l)))", "(\"-0.0500\" \"0.0500\")"}});
+  // The plane is looked up at the smaller of the end's Y, 90, and the start's X, 150: left of the profile, the last plane.
+  session.eval("(setq c (ligne 150.0 60.0 200.0 90.0) sc (ssadd c))");
+  check(session, {{"(mapcar 'cadr (reverse (cdr (reverse (car (pl_glp prf sc))))))", "(101.0 104.0)"}});
 }
 
 TEST_F(Elements, AltitudesOfPickedCurves) {
@@ -163,6 +183,9 @@ TEST_F(Elements, Dimensions) {
                   {"(mapcar 'car (statiques rv))", "(102 10 102 330 102 102 102 10 102 330 102 102)"}});
   repondre("(progn (marque) (pl_cotauto prf \"V\" -4.0 0.0 1 0))", "(list a '(150.0 120.0))\n\n");
   check(session, {{"(length (vu))", "2"}, {"(pl_cotauto prf \"V\" -4 0.0)", "nil"}});
+  // Of a flag only 16 bits count: 65536 is no.
+  repondre("(progn (marque) (pl_cotauto prf \"V\" -4.0 0.0 65536 0))", "(list a '(150.0 120.0))\n\n");
+  check(session, {{"(vu)", "nil"}});
 }
 
 // The section at 100 m, as its chain already has it, is added: its plane is 5 m above the one before.
@@ -181,6 +204,12 @@ TEST_F(Elements, AnAddedBreakCutsAndShifts) {
   session.eval(R"((progn (setq e (entget pc1 '("PLV2_DATA"))) (plsxd pc1 "NEXT-PC" 0) (plsxd pc1 "DISTANCE" 150.0)
     (pl_chg_pc prf "S" 200.0 0.0 100.0)))");
   check(session, {{"(sommets a)", "((120.0 100.0) (180.0 100.0) (200.0 120.0) (200.0 120.0) (240.0 160.0))"}});
+}
+
+TEST_F(Elements, AnAddedBreakCutsAlsoWhenNothingIsShifted) {
+  session.eval(R"((progn (setq a (poly '((120.0 100.0) (240.0 100.0)))) (pl_elem_prj prf "V" a)
+    (pl_chg_pc prf "Ajout" 200.0 95.0 0.0)))");
+  check(session, {{"(mapcar 'sommets (projet rv))", "(((120.0 100.0) (200.0 100.0)) ((200.0 100.0) (240.0 100.0)))"}});
 }
 
 TEST_F(Elements, AChangedBreakMovesItsStretch) {

@@ -67,6 +67,10 @@ TEST_F(Menus, TheProfileMenuFollowsTheChosenProfile) {
       << menu;
   session.eval("(pl_RemoveDynMnus)");
   EXPECT_EQ(session.feed("menu\n\n").find("Profil P1"), std::string::npos);
+  // What is no profile isn't refused: the collection is emptied, and the menu goes.
+  session.eval("(progn (pl_ChoixProfil prf) (pl_ChoixProfil pc1))");
+  EXPECT_EQ(session.feed("menu\n\n").find("Profil P1"), std::string::npos);
+  EXPECT_TRUE(plv::collectionMatrices().matrices.IsEmpty());
 }
 
 }  // namespace

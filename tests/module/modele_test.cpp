@@ -25,6 +25,9 @@ TEST_F(Modele, NamesOfMatricesComeOnceInAnyCase) {
   EXPECT_EQ(plv::collectionMatrices().matrices.GetCount(), 2);
   EXPECT_EQ(active().nomMatrice, L"Route");
   EXPECT_EQ(active().lignes.GetCount(), 2);
+  check(session, {{"(pl_CreeMatrice 5)", "T"}});  // what is no string names the matrix ""
+  EXPECT_EQ(plv::collectionMatrices().matrices.GetCount(), 3);
+  EXPECT_EQ(active().nomMatrice, L"");
 }
 
 TEST_F(Modele, RowsAreSelectedByIndexAndByName) {

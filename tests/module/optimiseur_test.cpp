@@ -139,6 +139,14 @@ TEST_F(TraceOptimal, DrawsItsTrialsAndTheLine) {
     EXPECT_NE(transcription.find(invite), std::string::npos) << invite;
 }
 
+// The end is picked in a second section, whose plane is at 0 m; the line is drawn over the first plane all the same.
+TEST_F(TraceOptimal, TheFirstPlaneServesForEveryVertex) {
+  session.eval(
+      "(progn (setq pc2 (point)) (plsxd pc2 \"PC\" 0.0) (plsxd pc2 \"DISTANCE\" 15.0) (plsxd pc1 \"DISTANCE\" "
+      "15.0) (plsxd pc1 \"NEXT-PC\" pc2))");
+  EXPECT_EQ(trace("100,90\n130,100\n1\n2\n"), kAttendu);
+}
+
 TEST_F(TraceOptimal, AChainOfMoreThanTwoPointsIsTracedRaised) {
   session.eval(R"((progn (pl_add_xdata 10.0 10.0 (handle prf)) (pl_add_xdata 10.0 10.0 (handle prf))))");
   EXPECT_EQ(trace("100,90\n150,0\n1\n2\n"),

@@ -66,6 +66,9 @@ TEST_F(Profil, ValuesThatDontFit) {
   EXPECT_EQ(apres("(plsxd prf \"ID\" 7.0)").id, -1);
   EXPECT_EQ(apres("(plsxd prf \"TTXT\" 3)").hauteurTexte, 3.0);
   EXPECT_TRUE(apres("(plsxd prf \"HVOIRIE\" 3)").ids[plv::kVoirie].isNull());
+  const profilLong impair =
+      apres("(entmod (append (entget prf) '((-3 (\"KELMONT_PLV2\" (1040 . 1.0) (1040 . 2.0) (1040 . 3.0))))))");
+  EXPECT_EQ(impair.distTn, std::vector<double>{1.0});
 }
 
 // A profile whose items are all known keys has no length, however much ground it has.

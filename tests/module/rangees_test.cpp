@@ -134,4 +134,13 @@ TEST_F(Attributs, OneRowTakesAnEntityOrASelection) {
   EXPECT_EQ(session.eval("(progn (pl_SelectLigne 0 2) (pl_CotAttribsAuto b))"), "nil");
 }
 
+TEST_F(Attributs, WhatTheyWriteJoinsNoGroup) {
+  session.eval(R"((progn (defun membres ()
+    (apply '+ (mapcar '(lambda (x) (if (= (car x) 350)
+      (length (vl-remove-if-not '(lambda (y) (= (car y) 340)) (entget (cdr x)))) 0)) (dictsearch (namedobjdict) "ACAD_GROUP"))))
+    (pl_SelectLigne 0 0) (setq avant (membres))))");
+  EXPECT_EQ(session.eval("(progn (pl_CotAttribsAuto b) (- (membres) avant))"), "0");
+  EXPECT_EQ(session.eval("(progn (pl_TexteVertical 1 \"a\") (- (membres) avant))"), "1");
+}
+
 }  // namespace
