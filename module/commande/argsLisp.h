@@ -40,7 +40,7 @@ class ArgsLisp {
   // The node at the 0-based place i; the first one for i below 1, null past the end. Walks from the head: a
   // long chain is to be followed by rbnext instead.
   resbuf* nieme(Adesk::Int32 i) const;
-  // Links a node or chain behind the last one. False for a null chain.
+  // Links a node or chain after the last one. False for a null chain.
   bool ajouter(resbuf* chaine);
 
  private:
@@ -73,8 +73,7 @@ double reelXData(const resbuf* rb);          // 1040, 1041, 1070, 1071; else 0.0
 Adesk::Int32 entierXData(const resbuf* rb);  // 1070, 1071; else 0
 bool estEntierXData(const resbuf* rb);
 bool estHandleXData(const resbuf* rb);
-// True for every node, on purpose: a key with a string where a real is expected reads as 0.0 and doesn't stop
-// a walk.
+// Kept as it is: true for every node. A key with a string where a real is expected reads as 0.0 and doesn't stop a walk.
 bool estReelXData(const resbuf* rb);
 
 // The first node of the chain with that code, or null.

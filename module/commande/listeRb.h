@@ -23,7 +23,7 @@ class listeRb {
 
   // Releases the present chain, takes this one and reads from its first node.
   void attacher(resbuf* chaine);
-  // Links a node or chain behind the last one, without a walk over what is there. False for a null chain.
+  // Links a node or chain after the last one, without a walk over what is there. False for a null chain.
   bool ajouter(resbuf* chaine);
   // Back to the first node, which it gives.
   resbuf* debut() { return m_courant = m_tete; }

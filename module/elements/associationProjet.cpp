@@ -74,7 +74,7 @@ void pointerNonProjet(const AcDbObjectIdArray& liste) {
   }
 }
 
-// "Voir" is offered when adding, and does nothing.
+// Kept as it is: "Voir" is offered when adding, and does nothing.
 void suivreMotCle(AcDbObjectIdArray& liste, mode& courant) {
   ACHAR reponse[kTailleReponse] = L"";
   acedGetInput(reponse);
@@ -164,8 +164,8 @@ void pl_elem_prj() {
   listeRb chaine(lireXrecord(support, kRecordProjet));
   for (const AcDbObjectId& id : candidats) {
     if (marquage) marquerProjet(id);
-    // What is looked for is the last of the given names, not the candidate: so a selection set is never filtered, and
-    // names are all added or all left out. Existing front-ends count on it.
+    // Kept as it is: what is looked for is the last of the given names, not the candidate. So a selection set is never
+    // filtered, and names are all added or all left out; front-ends count on it.
     if (!existants.contains(dernier)) chaine.ajouterPointeur(id);
   }
   ecrireXrecord(support, kRecordProjet, chaine.tete());

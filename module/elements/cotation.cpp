@@ -94,7 +94,7 @@ bool dimensionnerCourbe(const profilLong& profil, AcDbObjectId idCourbe, const A
   return true;
 }
 
-// Only the first 16 bits of a flag count; a missing one is yes.
+// Kept as it is: only the lower 16 bits of a flag count. A missing one is yes.
 bool drapeau(const resbuf* rb) { return !rb || static_cast<Adesk::Int16>(valeurEntiere(rb)) != 0; }
 
 bool estReel(const resbuf* rb) { return rb && rb->restype == RTREAL; }

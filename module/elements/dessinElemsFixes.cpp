@@ -88,7 +88,7 @@ void enleverElement(listeElemsFixes& liste, const AcGePoint3d& base, const ads_n
   redessinerGroupes(liste, base);
 }
 
-// One turn's input, and what follows from a point or an entity; gives the host's code.
+// The input of one round of the loop, and what follows from a point or an entity; gives the host's code.
 int tour(listeElemsFixes& liste, const AcGePoint3d& base, const etat& present) {
   acedInitGet(0, present.motsCles);
   ads_point point;

@@ -16,7 +16,7 @@ namespace {
 
 constexpr const ACHAR* kRecordDoublon = L"DOUBLON_KAVEL";
 
-// An existing record keeps its other items: only the first one is overwritten.
+// Kept as it is: of an existing record only the first item is overwritten.
 void nommerDoublon(AcDbObjectId id, AcDbObjectId jumeau) {
   listeRb nom;
   if (!nom.ajouterPointeur(jumeau)) return;

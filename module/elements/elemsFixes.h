@@ -1,5 +1,5 @@
 // Static elements: entities that stand at one abscissa of a profile, kept in groups, one an abscissa.
-// A group's base list follows the section on its left, its duplicates, made where a section breaks, that on its right.
+// A group's base list follows the section on its left, its duplicates, made at a change of section, that on its right.
 //
 // The Xrecord "ELEMS_STATIQUES_KAVEL" of a support object holds, for each group: 102 "{", 10 (position, ordonnee),
 // 102 "{", 330 for each element, 102 "}", then for duplicates, when there are any, 102 "{", 330 ..., 102 "}", and

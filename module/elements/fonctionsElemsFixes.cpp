@@ -63,8 +63,8 @@ void pl_efix() {
   ecrireElemsFixes(liste, support);
 }
 
-// The third argument is taken as a point whatever it is: the check of old tests the second one. A front-end may
-// rely on what that lets through, so no check is made here.
+// Kept as it is: the third argument is taken as a point whatever it is, since the check that there once was looked at the
+// second one. Front-ends may rely on what that lets through.
 void pl_elem_ponct() {
   ArgsLisp args;
   args.lireArgs();

@@ -21,7 +21,7 @@ resbuf* chercherCle(resbuf* rb) {
   return rb;
 }
 
-// The item behind the key becomes this value, whatever it was.
+// The item after the key becomes this value, whatever it was.
 void remplacerSuivant(resbuf* cle, resbuf* valeur) {
   if (resbuf* ancien = cle->rbnext) {
     valeur->rbnext = ancien->rbnext;

@@ -11,7 +11,7 @@ inline constexpr const ACHAR* kRecordStatiques = L"ELEMS_STATIQUES_KAVEL";
 
 // The ids of the record, each once.
 void lireListeProjet(AcDbObjectId support, AcDbObjectIdArray& liste);
-// The ids of all groups 330 to 369, as they stand.
+// The ids of all groups 330 to 369, with those that come twice.
 void lireListeBrute(AcDbObjectId support, AcDbObjectIdArray& liste);
 // Replaces the record by the ids whose object opens.
 void ecrireListeProjet(AcDbObjectId support, const AcDbObjectIdArray& liste);

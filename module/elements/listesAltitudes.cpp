@@ -115,8 +115,8 @@ struct ecriture {
   }
 };
 
-// The plane of a piece is looked up at the smaller of the end's Y and the start's X. It is those two numbers that are
-// compared, and the scan of the sections makes the outcome usable: it must stay.
+// Kept as it is: the plane of a piece is looked up at the smaller of the end's Y and the start's X. It is those two
+// numbers that are compared; the scan of the sections makes the outcome usable.
 altitudeVraie referencePiece(const profilLong& profil, const AcGePoint3d& debut, const AcGePoint3d& fin) {
   return profil.pcEnX(xDessin(std::min(fin.y, debut.x)));
 }

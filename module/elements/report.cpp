@@ -1,5 +1,5 @@
-// pl_repspc: a picked curve is cut where sections change, and each piece brought to the altitudes that the stretch
-// under the pick gives it. Before that it is trimmed to the profile's extent.
+// pl_repspc: a picked curve is cut where sections change, and each piece brought to the altitudes that the section under
+// the pick gives it. Before that it is trimmed to the profile's extent.
 #include "hote/acdb.h"
 #include "hote/aced.h"
 #include "module/commande/argsLisp.h"
@@ -79,7 +79,7 @@ bool lireBouts(AcDbObjectId id, AcGePoint3d& debut, AcGePoint3d& fin) {
          courbe->getPointAtParam(aLaFin, fin) == Acad::eOk;
 }
 
-// Trims and transfers one curve. The stretches are those of its ends before it is trimmed.
+// Trims and transfers one curve. Its sections are those of its ends before it is trimmed.
 void reporter(AcDbObjectId id, const profilLong& profil, xDessin xPris) {
   AcGePoint3d debut, fin;
   if (!lireBouts(id, debut, fin)) return;

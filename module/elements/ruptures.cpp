@@ -16,11 +16,11 @@ namespace plv {
 namespace {
 
 constexpr double kMeme = 1e-6;            // ends, breaks, and a shift that is none
-constexpr double kMemeFin = 1e-8;         // a group or a cut end that stands at the break
+constexpr double kMemeFin = 1e-8;         // a group or a cut end that stands at the change
 constexpr distanceProfil kSansFin(1e36);  // the end of the last section
 constexpr double kNombreMax = 1e28;       // of an argument
 
-// The stretch of the profile that moves, and by how much in the drawing.
+// The section of the profile that moves, and by how much in the drawing.
 struct decalage {
   const profilLong& profil;
   distanceProfil debut, fin;
@@ -125,7 +125,7 @@ void modifierRupture(const profilLong& profil, distanceProfil rupture, altitudeV
   const distanceProfil fin = i == n || derniere ? kSansFin : debutSection(profil, i + 1);
   const decalage d{profil, rupture, fin, (z1 - z2) * profil.echelleV};
   if (std::abs(d.dy) < kMeme) return;
-  const bool aLOrigine = std::abs(rupture.valeur) < kMeme;  // nothing bounds the stretch on the left
+  const bool aLOrigine = std::abs(rupture.valeur) < kMeme;  // nothing bounds the first section on the left
   for (const AcDbObjectId& support : supports(profil)) {
     AcDbObjectIdArray ids;
     lireListeBrute(support, ids);
@@ -134,7 +134,7 @@ void modifierRupture(const profilLong& profil, distanceProfil rupture, altitudeV
     ecrireListeProjet(support, ids);
     for (const elemsFixesKavel& groupe : lireGroupes(support)) {
       if (!dansEtendue(groupe, d)) continue;
-      // At an inner break the base list belongs to the stretch on the left, which stays.
+      // At an inner change the base list belongs to the section on the left, which stays.
       const bool surRupture = std::abs(groupe.position - rupture) < kMeme;
       const bool premiere = n > 0 && std::abs(rupture.valeur - profil.distPc.front()) < kMeme;
       d.deplacerTous(surRupture && !premiere ? groupe.doublons : groupe.elements);
@@ -142,7 +142,7 @@ void modifierRupture(const profilLong& profil, distanceProfil rupture, altitudeV
   }
 }
 
-// Puts the pieces of a cut curve in the drawing, those beyond the break shifted. The ids of pieces that are new to it
+// Puts the pieces of a cut curve in the drawing, those beyond the change shifted. The ids of pieces that are new to it
 // are appended.
 void placerPieces(courbeOuverte& source, piecesCourbe& pieces, bool remplacer, const decalage& d,
                   AcDbObjectIdArray& nouveaux) {
@@ -153,7 +153,7 @@ void placerPieces(courbeOuverte& source, piecesCourbe& pieces, bool remplacer, c
     piece->setPropertiesFrom(&proprietes);
     const etendueX e = etendueDe(*piece);
     const double debut = d.xDebut().valeur;
-    // Kept as it is: the end of the stretch is compared as a distance, without the X of the profile's block, although
+    // Kept as it is: the end of the section is compared as a distance, without the X of the profile's block, although
     // the piece stands in the drawing. Stored drawings were made so.
     const bool avantLaFin = e.gauche <= d.fin.valeur && e.droite <= d.fin.valeur;
     const bool auDela = e.gauche > debut && e.droite > debut && avantLaFin;
@@ -198,7 +198,7 @@ bool aUnRecord(AcDbObjectId support, const ACHAR* cle) {
   return chaine.tete() != nullptr;
 }
 
-// This shift is not tested against zero.
+// Kept as it is: a shift of nothing still cuts the curves here, whereas the two above end.
 void ajouterRupture(const profilLong& profil, distanceProfil rupture, altitudeVraie z) {
   const std::size_t i = indexRupture(profil, rupture);
   if (i == 0 || i == profil.distPc.size()) return;

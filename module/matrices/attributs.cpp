@@ -79,7 +79,7 @@ bool coterAttributs(const ads_name nom, matriceProfil& matrice, ligneMatrice& li
     AcDbObjectPointer<AcDbAttribute> attribut(attributs->objectId());
     if (attribut.openStatus() != Acad::eOk || !tags.contains(attribut->tag().kACharPtr())) continue;
     const double px = pointDe(*attribut).x;
-    // The offset from the block's insertion point counts in the profile's text heights.
+    // Kept as it is: the offset from the block's insertion point counts in the profile's text heights.
     const double x = px - profil.position.x + (px - bloc->position().x) * profil.hauteurTexte;
     if (x < c.e * kMargeGauche) continue;
     const std::wstring texte = attribut->textString().kACharPtr();
@@ -115,7 +115,7 @@ void coterPartout(const ads_name nom, gestionMatrices& collection, AcDbObjectIdA
 
 }  // namespace
 
-// The new texts join no group.
+// Kept as it is: the new texts join no group.
 void pl_CotAttribsAuto() {
   ArgsLisp args;
   const auto c = commencerCellule(args);

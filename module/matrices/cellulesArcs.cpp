@@ -1,5 +1,5 @@
 // Cell writers: quarter circles in the corners of a row, and arcs across it.
-// These arcs alone don't join the matrix's group.
+// Kept as it is: these arcs don't join the matrix's group, whereas all other cells do.
 #include <algorithm>
 #include <cmath>
 #include <memory>
@@ -31,7 +31,7 @@ double angleDe(const AcGePoint2d& centre, const AcGePoint2d& point) { return (po
 
 }  // namespace
 
-// A code outside the table draws nothing and still succeeds.
+// Kept as it is: a code outside the table draws nothing and still succeeds.
 void pl_Quadrant() {
   ArgsLisp args;
   const auto c = commencerCellule(args);

@@ -50,7 +50,7 @@ void ecrireSeule(const caseMultiple& k, const std::wstring& texte) {
   grouper(c, id);
 }
 
-// Height and width factor of a stack. The first part alone is measured: in these lists it is the longest one.
+// Height and width factor of a stack. Kept as it is: the first part alone is measured; in these lists it is the longest.
 void tailleDePile(const caseMultiple& k, const std::vector<std::wstring>& parts, double& th, double& f) {
   const cellule& c = k.c;
   const auto n = static_cast<double>(parts.size());
@@ -104,8 +104,7 @@ void ecrirePile(const caseMultiple& k, const std::vector<std::wstring>& parts) {
 
 }  // namespace
 
-// The first abscissa must be the smaller one: a call with them the other way round draws nothing and
-// succeeds.
+// Kept as it is: a call with the greater abscissa first draws nothing and succeeds.
 void pl_TexteMultipleCentre() {
   ArgsLisp args;
   const auto c = commencerCellule(args);

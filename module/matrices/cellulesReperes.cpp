@@ -1,5 +1,5 @@
 // Cell writers: a tick with its station and a remark, and a block on a stem with its station.
-// Both write two vertical texts, one behind the other.
+// Both write two vertical texts, one after the other along the vertical.
 #include <cmath>
 #include <memory>
 

@@ -93,8 +93,8 @@ void preparer(chantier& c) {
 }
 
 void dessinerMatrice(matriceProfil& matrice, double x, double y, double t, double W, double ecart) {
-  // The gap is multiplied by the echelle of the time before: 1 on a fresh matrix, the old one on a loaded
-  // matrix.
+  // Kept as it is: the gap is multiplied by the text height that the matrix had before this drawing, which is 1 for a
+  // fresh matrix.
   chantier c{matrice, x, y, t, ecart, -ecart * matrice.echelle, W, {}, {}};
   matrice.echelle = t;
   preparer(c);
@@ -128,7 +128,7 @@ void redimensionner(AcDbObjectId id, double largeur) {
 void dessinerMatrices(gestionMatrices& collection, AcDbObjectId profil, const AcGePoint3d& point, double hauteur,
                       double ecart) {
   collection.idProfil = profil;
-  // The sum of the two terms, where pl_LargeurMatrices reports the greater one: the titles keep a margin.
+  // Kept as it is: the sum of the two terms, where pl_LargeurMatrices gives the greater one. The titles keep a margin.
   const double W = collection.largeurTitres(hauteur) + 2.0 * hauteur;
   double y = point.y;
   for (std::ptrdiff_t i = 0; i < collection.matrices.GetCount(); ++i) {

@@ -34,8 +34,8 @@ std::vector<double> abscissesPartielles(const ArgsLisp& args) {
   return conforme(args, "RR") ? std::vector{valeurReelle(rb), valeurReelle(rb->rbnext)} : std::vector<double>{};
 }
 
-// Of two coincident neighbours both are dropped, not one, so that their intervals merge into one; the last
-// value of all always stays. Required: a tick that two callers supplied is no tick.
+// Kept as it is: of two coincident neighbours both are dropped, not one, so that their intervals merge into one; the
+// last value of all always stays. A tick that two callers supplied is no tick.
 std::vector<double> sansCoincidences(const std::vector<double>& tries) {
   std::vector<double> gardes;
   for (std::size_t i = 0; i + 1 < tries.size();) {

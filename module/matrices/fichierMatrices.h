@@ -3,8 +3,8 @@
 // A line holds, between blanks and tabs: the matrix's name, a filler word, the height, the type, and up to
 // the end of the line the label. "{...}" at the start of any of these fields is the row's free text; the last
 // one counts. Lines of another form are passed over, so comments need no syntax. The text is in the ANSI code
-// page or UTF-8. Numbers take a decimal point between digits and, behind one, an exponent with a capital E:
-// 12, -3, 2.5, 1.5E3; not 5. .5 1E3.
+// page or UTF-8. Numbers take a decimal point between digits and, after one, an exponent with a capital E:
+// 12, -3, 2.5, 1.5E3. Kept as it is: 5. .5 and 1E3 are refused.
 #pragma once
 #include <optional>
 #include <string>

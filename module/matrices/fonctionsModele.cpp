@@ -12,9 +12,9 @@ namespace plv {
 namespace {
 
 constexpr std::wstring_view kParametreDecimales = L"DECIDIST";
-constexpr std::size_t kLettresComparees = 7;  // of a parameter's name; what follows is free
+constexpr std::size_t kLettresComparees = 7;  // of a parameter's name; kept as it is: what follows is free
 
-// The selected matrix when it is drawn: queries read nothing else.
+// The selected matrix when it is drawn. Kept as it is: queries answer for no other one.
 matriceProfil* matriceDessinee() {
   matriceProfil* matrice = collectionMatrices().matriceActive();
   return matrice && matrice->actualiserOrigine() ? matrice : nullptr;
@@ -35,7 +35,7 @@ bool selectionnerParNom(const resbuf* matrice, const resbuf* ligne) {
   gestionMatrices& collection = collectionMatrices();
   if (!estChaine(ligne) && !estEntier(ligne)) return false;
   if (!collection.trouverMatrice(valeurTexte(matrice), false)) return false;
-  // The index -1 counts as no index at all: it searches for an empty row name.
+  // Kept as it is: the index -1 counts as no index at all and searches for an empty row name.
   if (valeurEntiere(ligne) == -1) return collection.matriceActive()->selectionnerLigne(std::wstring());
   return selectionnerLigne(*collection.matriceActive(), ligne);
 }
@@ -50,7 +50,7 @@ void rendreSi(bool reussi) {
 
 }  // namespace
 
-// The name is taken as a string whatever its type, so that what carries no text names the matrix "".
+// Kept as it is: the name is taken as a string whatever its type, so that what carries no text names the matrix "".
 void pl_CreeMatrice() {
   ArgsLisp args;
   commencerAppel(args);

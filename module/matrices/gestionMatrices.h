@@ -31,7 +31,7 @@ class gestionMatrices {
                     Adesk::Int32 type, const std::wstring& infos = {});
   // Empties the collection; nothing in the drawing changes.
   void vider();
-  // Destroys the matrices and leaves the selection as it stands.
+  // Destroys the matrices and leaves the selection alone.
   void detruireMatrices();
   // Lets go of everything in a drawing that is about to close. The definitions stay, as those of undrawn
   // matrices.

@@ -17,7 +17,7 @@ struct extremite {
   double x, fraction;
 };
 
-// Above 0 first, below the length then: with a length of 0 everything falls on the start.
+// Kept as it is: to at least 0 first, to at most the length then. With a length of 0 everything falls on the start.
 double borner(double valeur, double haut) {
   if (!(valeur > 0.0)) valeur = 0.0;
   return valeur < haut ? valeur : haut;
@@ -57,7 +57,7 @@ bool matriceProfil::coterPente(double x, double dh, double di, double pente) {
   return true;
 }
 
-// It sets no result: nil in every case, whether something was drawn or not.
+// Kept as it is: nil in every case, whether something was drawn or not.
 void pl_ligneMatrice() {
   ArgsLisp args;
   args.lireArgs();

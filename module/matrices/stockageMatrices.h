@@ -16,7 +16,8 @@ void ecrireInfosMatrice(const matriceProfil& matrice);
 // Fills a fresh matrix whose idBloc is set. False for a missing or damaged record, and for one without rows.
 bool lireInfosMatrice(matriceProfil& matrice);
 // Fills the collection with the matrices drawn beneath a profile; empty when it has none. A matrix that can't
-// be read is left out. The index of the selected matrix stays as it stands.
+// be read is left out. Kept as it is: the index of the selected matrix isn't
+// touched.
 void chargerMatrices(AcDbObjectId profil, gestionMatrices& collection);
 
 }  // namespace plv

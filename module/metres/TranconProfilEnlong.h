@@ -1,4 +1,4 @@
-// The quantities of a trench along a profile: sections of one depth class, the lines they come from, fixed elements.
+// The quantities of a trench along a profile: depth sections (tronçons), the lines they come from, fixed elements.
 // Everything here is the result of calculerMetres; nothing of it enters the drawing.
 #pragma once
 #include <string>
@@ -9,7 +9,7 @@
 
 namespace plv {
 
-// A run of station in which the depth stays in one class, with its stretch of both lines.
+// A depth section: a run along the profile in which the depth stays in one class, with that part of both lines.
 struct TranconProfilEnlong {
   poigneeSegments terrain{new LineSegArrayData}, projet{new LineSegArrayData};
   double surface = 0;  // between the two lines, square drawing units of true height
@@ -21,12 +21,12 @@ struct TranconProfilEnlong {
 };
 using poigneeTroncon = boost::shared_ptr<TranconProfilEnlong>;
 
-// The sections of one project line, in ascending station.
+// The depth sections of one project line, in ascending distance.
 struct ligneTroncons {
   static constexpr Adesk::Int32 kAucuneClasse = -999;
   std::vector<poigneeTroncon> troncons;
-  Adesk::Int32 classeCourante = kAucuneClasse;  // of the last section
-  altitudeVraie planComparaison;                // of the profile's section in which the line lies
+  Adesk::Int32 classeCourante = kAucuneClasse;  // of the last depth section
+  altitudeVraie planComparaison;                // of the profile's section, from PC to PC, in which the line lies
 };
 
 struct valeurElement {

@@ -1,5 +1,5 @@
 // From the entities of a profile to its quantities.
-// Curves become straight pieces in profile coordinates, each clipped to the section of the profile that holds its middle.
+// Curves become straight pieces in profile coordinates, each clipped to the section, from PC to PC, of its middle.
 #include "module/metres/calculMetres.h"
 
 #include <algorithm>

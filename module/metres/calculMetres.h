@@ -1,4 +1,4 @@
-// The quantities of one profile: its project lines cut into sections of one depth class.
+// The quantities of one profile: its project lines cut into depth sections.
 // Depth is the terrain's altitude minus the project's, metres.
 #pragma once
 #include "module/elements/elemsFixes.h"

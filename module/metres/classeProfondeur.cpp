@@ -112,7 +112,7 @@ void chargerClasses(classesProfondeur& liste) {
     if (hauteur != 0)
       liste.push_back({std::min(precedente, hauteur), std::max(precedente, hauteur), r.profondeursLit[i].valeur,
                        r.largeurs[i].valeur, r.couleurs[i].valeur});
-    precedente = hauteur;  // also of a class that is left out: the next one then begins at 0
+    precedente = hauteur;  // kept as it is: also of a class that is left out, so that the next one begins at 0
   }
 }
 

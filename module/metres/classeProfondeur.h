@@ -1,6 +1,6 @@
 // Depth classes: bands of trench depth, each with an excavation width, a bedding depth and a colour.
-// One list serves the whole module; the first six classes are kept in the settings. A section's class number k stands
-// for the list's entry k-1: 0 is not buried, the list's count and above is deeper than all classes.
+// One list serves the whole module; the first six classes are kept in the settings. The class number k of a depth
+// section stands for the list's entry k-1: 0 is not buried, the list's count and above is deeper than all classes.
 #pragma once
 #include <deque>
 #include <string>
@@ -36,7 +36,7 @@ void insererClasse(classesProfondeur& liste, classeProfondeur& classe);
 // An index outside the list is ignored.
 void supprimerClasse(classesProfondeur& liste, std::ptrdiff_t index);
 
-// While one lives, the list has a class for any depth: not buried in front, deeper than all behind.
+// While one lives, the list has a class for any depth: not buried as the first one, deeper than all as the last one.
 class gardeClassesExtremes {
  public:
   explicit gardeClassesExtremes(classesProfondeur& liste);
@@ -46,7 +46,7 @@ class gardeClassesExtremes {
 
  private:
   classesProfondeur& m_liste;
-  std::size_t m_place;  // of the class behind
+  std::size_t m_place;  // of the last one
 };
 
 // The first class with debut < depth <= fin, else the last one; -1 for an empty list.
@@ -55,7 +55,8 @@ Adesk::Int32 classeDeProfondeur(const classesProfondeur& liste, profondeurFouill
 // Limits by index: 1e36 and 0 for an index outside the list.
 profondeurFouille finDeClasse(const classesProfondeur& liste, std::ptrdiff_t index);
 profondeurFouille debutDeClasse(const classesProfondeur& liste, std::ptrdiff_t index);
-// What a section of that class number is called in reports. The last class is called like what lies deeper than it.
+// What a depth section of that class number is called in reports. Kept as it is: the last class is called like what
+// lies deeper than it.
 std::wstring libelleClasse(const classesProfondeur& liste, Adesk::Int32 numero);
 
 }  // namespace plv

@@ -1,6 +1,6 @@
 // The sweep over terrain and project: cut at every vertex of both, and where the depth crosses the limit of a class.
-// Altitudes stay in two variables for the whole sweep: a piece without length has no altitude of its own, and takes the
-// one before it.
+// Kept as it is: altitudes stay in two variables for the whole sweep, so that a piece without length, which has no
+// altitude of its own, takes the one before it.
 #include <algorithm>
 #include <cmath>
 
@@ -18,8 +18,8 @@ struct tranche {
   double x1, x2, terrain1, terrain2, projet1, projet2;
 };
 
-// The test reads the start of the last piece, so that only a piece that begins anew at the same station lengthens it;
-// pieces that follow one another stay apart.
+// Kept as it is: the test reads the start of the last piece, so that only a piece that begins anew at the same place
+// lengthens it; pieces that follow one another stay apart.
 void ajouterPiece(LineSegArrayData& ligne, const LineSeg& piece) {
   if (!ligne.IsEmpty() && ligne.dernier().classe == piece.classe) {
     LineSeg& dernier = ligne.dernier();
@@ -42,7 +42,7 @@ void ajouterTranche(ligneTroncons& entree, const tranche& t) {
   TranconProfilEnlong& troncon = *entree.troncons.back();
   ajouterPiece(*troncon.terrain, {t.x1, t.terrain1, t.x2, t.terrain2, t.classe});
   ajouterPiece(*troncon.projet, {t.x1, t.projet1, t.x2, t.projet2, t.classe});
-  // Absolute: a project above the terrain counts too, in the class numbered 0.
+  // Absolute: a project above the terrain counts too, in class 0.
   troncon.surface +=
       (std::abs(t.terrain1 - t.projet1) + std::abs(t.terrain2 - t.projet2)) * std::abs(t.x2 - t.x1) * 0.5;
 }
@@ -90,8 +90,8 @@ class balayage {
     if (ensemble || xp < xt) ++m_iProjet;
   }
 
-  // Up to the limit of the present class. An intersection that fails keeps the abscissa of the last one; before the first
-  // there is none, and the class changes where the sweep stands.
+  // Up to the limit of the present class. Kept as it is: an intersection that fails keeps the abscissa of the last one;
+  // before the first there is none, and the class changes where the sweep has come to.
   void franchir(Adesk::Int32 pas) {
     const double limite = (pas > 0 ? finDeClasse(m_liste, m_classe) : debutDeClasse(m_liste, m_classe)).valeur;
     LineSeg abaisse = m_terrain.GetAt(m_iTerrain);

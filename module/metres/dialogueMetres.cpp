@@ -167,7 +167,7 @@ void CDlgMetresLineairesKavels::montrerProfil(std::size_t index) {
   listeElements.append(rangeesElements(profil, static_cast<int>(index)));
 }
 
-// The selection that counts is that of the list which does not show: users of the dialog know it so.
+// Kept as it is: the selection that counts is that of the list which is hidden. Users of the dialog know it so.
 void CDlgMetresLineairesKavels::enleverSelection() {
   const dialogues::List& liste = voirTroncons ? listeElements : listeTroncons;
   std::set<int> indexes;

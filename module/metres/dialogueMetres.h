@@ -1,5 +1,5 @@
-// The quantity dialog: profiles picked in the drawing, their sections and fixed elements, the depth classes, hatching
-// and export.
+// The quantity dialog: profiles picked in the drawing, their depth sections and fixed elements, the depth classes,
+// hatching and export.
 // It holds its results; nothing of them outlives it but the hatches.
 #pragma once
 #include <set>

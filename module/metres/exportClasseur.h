@@ -1,4 +1,4 @@
-// The quantities of profiles as a workbook: a sheet for each profile, with its sections and its fixed elements.
+// The quantities of profiles as a workbook: a sheet for each profile, with its depth sections and its fixed elements.
 // Nothing is said, in success or in failure. A sheet title that the library refuses (a duplicate, a long one) leaves
 // that sheet out.
 #pragma once
@@ -13,7 +13,7 @@ void exporterClasseur(const std::vector<poigneeProfil>& profils);
 
 // Writes it under that path (UTF-8): aside first, then in its place, so that a failure leaves no half of a workbook and
 // an existing one as it was. The class list is in its plain state. False when it could not be written. Raises the
-// invalid-argument failure for a section without project pieces.
+// invalid-argument failure for a depth section without project pieces.
 bool ecrireClasseur(const std::vector<poigneeProfil>& profils, const std::string& chemin);
 
 }  // namespace plv

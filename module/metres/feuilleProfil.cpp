@@ -1,5 +1,5 @@
 // The cells of a profile's sheet.
-// Here the class behind the last one takes the last one's width, whereas the dialog gives it none.
+// Kept as it is: what lies deeper than the last class has that class's width here, and none in the dialog.
 #include "module/metres/feuilleProfil.h"
 
 #include <algorithm>
@@ -12,7 +12,7 @@ namespace plv {
 
 namespace {
 
-// The heading, above the sections: a label, and its value one column further.
+// The heading of the sheet: a label, and its value one column further.
 struct placeTitre {
   lxw_row_t rangee;
   lxw_col_t colonne;
@@ -55,7 +55,7 @@ void feuilleProfil::nombre(lxw_row_t rangee, lxw_col_t colonne, double valeur, l
 void feuilleProfil::ecrire() {
   largeurs();
   tete();
-  // Each line writes the table of elements, at the same place unless its last section is of another width.
+  // Each line writes the table of elements, at the same place unless its last depth section takes fewer columns.
   for (const ligneTroncons& ligne : m_profil.lignes)
     elements(static_cast<lxw_col_t>(troncons(ligne) + kColonnesDeSeparation));
 }
@@ -86,7 +86,7 @@ void feuilleProfil::longueur(lxw_row_t rangee, double valeur, lxw_format* format
   worksheet_write_formula_num(m_feuille, rangee, kLongueur, difference.c_str(), format, valeur);
 }
 
-// Nothing guards the division, but a sheet has no infinite or undefined numbers: written as one, it would make the file
+// Kept as it is: nothing guards the division. But a sheet has no infinite or undefined numbers: written as one, it would make the file
 // unreadable. There the cell divides by itself, and shows the error that it gives.
 void feuilleProfil::profondeurMoyenne(lxw_row_t rangee, double valeur, lxw_format* format) {
   if (std::isfinite(valeur)) return nombre(rangee, kProfondeurMoyenne, valeur, format);
@@ -100,7 +100,7 @@ lxw_col_t feuilleProfil::troncons(const ligneTroncons& ligne) {
   return libre;
 }
 
-// A section that isn't buried has neither width nor volume, and leaves their columns free.
+// What isn't buried has neither width nor volume, and leaves their columns free.
 lxw_col_t feuilleProfil::troncon(const TranconProfilEnlong& t, bool dernier) {
   lxw_format* const n = dernier ? m_formats.nombreBas : m_formats.nombre;
   const double debut = t.debut().valeur, fin = t.fin().valeur;

@@ -1,5 +1,5 @@
 // The sheet of one profile in the workbook: its columns, and its writing. Rows and columns are the library's, counted
-// from 0. Sections stand one a row under their headers; fixed elements stand to their right, a table for each kind.
+// from 0. Depth sections stand one a row under their headers, fixed elements to their right, a table for each kind.
 #pragma once
 #include <xlsxwriter.h>
 
@@ -9,7 +9,7 @@
 
 namespace plv {
 
-// The columns of the sections, by what stands in them.
+// The columns of the depth sections, by what stands in them.
 enum colonneFeuille : lxw_col_t {
   kDebut = 1,
   kFin,
@@ -19,7 +19,7 @@ enum colonneFeuille : lxw_col_t {
   kSurface,
   kLargeur,
   kVolume,
-  kApresTroncons  // the first one that sections leave free
+  kApresTroncons  // the first one that they leave free
 };
 
 struct enteteColonne {
@@ -37,7 +37,7 @@ inline constexpr std::array<enteteColonne, 8> kEntetes = {{{kDebut, L"Debut", 10
                                                            {kSurface, L"Surface trancon", 13.5},
                                                            {kLargeur, L"Largeur trancon", 13.5},
                                                            {kVolume, L"Volume", 12}}};
-// What separates the sections from the tables of fixed elements; as wide as the last column of the sections.
+// Empty ones before the tables of fixed elements, as wide as the last column.
 inline constexpr lxw_col_t kColonnesDeSeparation = 2;
 
 inline constexpr lxw_row_t kRangeeEntetes = 4;

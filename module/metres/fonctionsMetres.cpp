@@ -1,5 +1,5 @@
 // C:CUBPL.
-// Each step stands in a guard of its own: one that fails ends the command in silence.
+// Each step has a guard of its own: one that fails ends the command in silence.
 #include "module/metres/fonctionsMetres.h"
 
 #include "hote/aced.h"

@@ -1,4 +1,4 @@
-// The making of hatches from sections.
+// The making of hatches from depth sections.
 // A loop runs along the terrain, comes back along the project, and ends on its first point.
 #include "module/metres/hachures.h"
 
@@ -14,7 +14,7 @@ namespace {
 constexpr Adesk::Int32 kTransparenceParDefaut = 90;
 constexpr Adesk::Int16 kCouleurHorsClasses = 7;
 
-// The setting is named a percentage, but goes as it stands into the alpha byte: drawings are expected to look so.
+// Kept as it is: the setting is named a percentage, but goes unchanged into the alpha byte; drawings look so.
 AcCmTransparency transparence() {
   auto& reglage = reglagesModule().transparenceHachures;
   if (reglage.valeur < 0 || reglage.valeur > kTransparenceParDefaut) reglage.changer(kTransparenceParDefaut);

@@ -1,5 +1,5 @@
 // From a profile's supports to the computation of its quantities.
-// The texts about a missing project differ by a letter; both are the module's own.
+// Kept as they are: the two texts about a missing project differ by a letter.
 #include "module/metres/metresProfil.h"
 
 #include <algorithm>

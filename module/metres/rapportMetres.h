@@ -1,5 +1,5 @@
 // The rows that the dialog shows of a profile: texts, with the profile's index as item data.
-// Here the class behind the last one has no width, whereas the workbook gives it the last one's.
+// Kept as it is: what lies deeper than the last class has no width here, and that class's width in the workbook.
 #pragma once
 #include "hote/controles.h"
 #include "module/metres/TranconProfilEnlong.h"
@@ -7,8 +7,8 @@
 
 namespace plv {
 
-// Sorts `lignes` by the start of each one's first section. With more than one, a line without sections raises
-// std::out_of_range; a first section without project pieces is never less than another.
+// Sorts `lignes` by the start of each one's first depth section. With more than one, a line without any raises
+// std::out_of_range; one without project pieces is never less than another.
 void ordonnerLignes(InfoProfilEnLong& profil);
 // The profile's lines are sorted first.
 std::vector<dialogues::Row> rangeesTroncons(InfoProfilEnLong& profil, int index);

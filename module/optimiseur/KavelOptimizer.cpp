@@ -17,7 +17,7 @@ std::span<const AcGePoint2d> interieur(intervalleIndices intervalle, const point
   return {terrain.asArrayPtr() + intervalle.premier + 1, terrain.asArrayPtr() + intervalle.dernier};
 }
 
-// The end of B is compared with the chain as it stands behind A.
+// B is compared with the chain after A has joined it, or not.
 void ajouterCourse(AcGePoint2d a, AcGePoint2d b, chaineTrace& chaine) {
   for (const AcGePoint2d& point : {a, b})
     if (chaine.empty() || point.distanceTo(chaine.back()) > kPointsConfondus) chaine.push_back(point);
@@ -86,9 +86,9 @@ bool KavelOptimizer::intervalleAcceptable(intervalleIndices intervalle, AcGePoin
   return true;
 }
 
-// The first score is the excess of the depth over the maximum. The second isn't the shortfall below the minimum but
-// minus the depth, minus the minimum: a point that is too shallow may score below one that is acceptable, and the
-// vertex then stands elsewhere. The earliest point wins a tie.
+// The first score is the excess of the depth over the maximum. Kept as it is: the second isn't the shortfall below the
+// minimum but minus the depth, minus the minimum, so that a point that is too shallow may score below an acceptable one,
+// and the vertex is put elsewhere. The earliest point wins a tie.
 void KavelOptimizer::pointLePlusMauvais(intervalleIndices intervalle, AcGePoint2d& point, Adesk::Int32& indice,
                                         AcGePoint2d a, AcGePoint2d b, const pointsTerrain& terrain) {
   const segmentOptimum segment(a, b);

@@ -65,12 +65,12 @@ class KavelOptimizer : public KavelOptimizerBase {
   // Depths in metres below ground, the lesser first; a negative one is a rise above the ground.
   KavelOptimizer(double minimum, double maximum);
 
-  // Appends the run of one range to the chain. Two neighbouring points give A and B as they are, so that the end of
-  // an earlier run is repeated; an accepted run leaves out what lies within 1e-6 of the end of the chain.
+  // Appends the run of one range to the chain. Kept as it is: two neighbouring points give A and B always, so that the
+  // end of an earlier run is repeated; an accepted run leaves out what lies within 1e-6 of the end of the chain.
   void optimiserIntervalle(intervalleIndices intervalle, const pointsTerrain& terrain, AcGePoint2d a, AcGePoint2d b,
                            chaineTrace& chaine) override;
-  // The whole ground. The first and the last of its points are never tested; points outside A to B are tested against
-  // the prolongation of a run.
+  // The whole ground. Kept as it is: the first and the last of its points are never tested; points outside A to B are
+  // tested against the prolongation of a run.
   void optimiser(const pointsTerrain& terrain, AcGePoint2d a, AcGePoint2d b, chaineTrace& chaine) override;
   // The bounds themselves are acceptable.
   bool intervalleAcceptable(intervalleIndices intervalle, AcGePoint2d a, AcGePoint2d b,

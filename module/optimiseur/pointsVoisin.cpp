@@ -14,7 +14,7 @@ namespace {
 constexpr const wchar_t* kModuleVoisin = L"TREM-ARX2013-64BITS.arx";
 constexpr const char* kNomFonction = "getPointsProfils";
 
-// A record of the sibling's table: one straight piece of the ground. What stands around the ends is its own.
+// A record of the sibling's table: one straight piece of the ground. The bytes around the ends are its own affair.
 struct tronconVoisin {
   std::byte enTete[24];
   double xDebut, yDebut, xFin, yFin;

@@ -44,7 +44,7 @@ AcGePoint2d pointRecherche(const profilLong& profil, const AcGePoint3d& point) {
   return {profil.distanceDe(x).valeur, z.valeur};
 }
 
-// The first plane serves for every vertex, whatever the section.
+// Kept as it is: the first plane serves for every vertex, whatever the section.
 void dessinerChaine(const profilLong& profil, const chaineTrace& chaine) {
   const altitudeVraie pc = profil.altitudeSection(0);
   auto polyligne = std::make_unique<AcDbPolyline>(static_cast<unsigned int>(chaine.size()));

@@ -14,8 +14,8 @@ namespace {
 
 constexpr std::size_t kTailleHandle = 127;
 
-// One PC. Gives the handle of the next one, empty on the last. A value of an unknown key is looked at in its
-// turn as a possible key, so a string value that equals a key name is taken for that key.
+// One PC. Gives the handle of the next one, empty on the last. Kept as it is: the value of an unknown key is itself looked
+// at as a possible key, so that a string equal to a key's name is taken for that key.
 std::wstring lireUnPc(profilLong& profil, const AcDbEntity& entite) {
   std::wstring prochain;
   ArgsLisp donnees;
@@ -96,8 +96,8 @@ void lireLignes(const profilLong& profil, AcDbObjectIdArray& ids) {
     bool suite = texteDeCle(pc, L"PRLI", prochain);
     while (suite) {
       AcDbObjectId id;
-      // A handle without an object is asked for again without end: required, the chain's writers keep it
-      // whole.
+      // Kept as it is: a handle without an object is asked for again until the user interrupts. Writers keep
+      // chains whole.
       if (!handleVersId(prochain, id)) continue;
       ids.append(id);
       suite = texteDeCle(id, L"NEXTLI", prochain);

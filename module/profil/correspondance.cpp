@@ -21,9 +21,8 @@ std::size_t sectionParBornes(const std::vector<double>& debuts, double d) {
 
 }  // namespace
 
-// The scan counts the starts that lie above the distance, so that it gives section 0 for any distance above
-// the tolerance and the last section for the others. Existing drawings rely on it; the bounds serve
-// elsewhere.
+// Kept as it is: the scan gives section 0 for any distance above the tolerance, and the last section for all others.
+// Drawings were made with it. Elsewhere the section is found by its bounds.
 std::size_t profilLong::sectionBalayage(distanceProfil d) const {
   std::size_t i = 0;
   while (i < distPc.size() && kToleranceStation + distPc[i] > d.valeur) ++i;

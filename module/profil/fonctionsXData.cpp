@@ -39,13 +39,13 @@ resbuf* paireXData(const std::wstring& cle, const resbuf& valeur) {
   }
 }
 
-// The first string node equal to the key, in any case: also a value, which is then taken for the key.
+// The first string node equal to the key, in any case. Kept as it is: also a value, which is then taken for the key.
 resbuf* chercherCle(resbuf* rb, const std::wstring& cle) {
   while (rb && !(rb->restype == kXTexte && egalSansCasse(rb->resval.rstring, cle))) rb = rb->rbnext;
   return rb;
 }
 
-// Puts the pair's value behind the key in place of the one there; the key keeps its spelling.
+// Puts the pair's value after the key in place of the one there; the key keeps its spelling.
 void remplacerValeur(resbuf* cle, resbuf* paire) {
   resbuf* valeur = paire->rbnext;
   paire->rbnext = nullptr;

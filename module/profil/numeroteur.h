@@ -8,7 +8,7 @@
 
 namespace plv {
 
-// The next text of the letter rule: "" gives "A", "AZ" "BA", "ZZ" "AAA". Only Z carries over; any other
+// The next text of the letter rule: "" gives "A", "AZ" "BA", "ZZ" "AAA". Kept as it is: only Z carries over, any other
 // character grows by one code, so that "9" gives ":".
 void incrementerLettres(std::wstring& texte);
 
@@ -36,7 +36,7 @@ class numeroteurEntier : public numeroteur {
   std::wstring suivant() override;
   void incrementerSuffixe() override;
   void incrementerPrefixe() override;
-  // By 1, whatever the step is.
+  // Kept as it is: by 1, whatever the step is.
   void incrementer() override;
   // The present number; the next one is 1 further when asked to advance, whatever the step is.
   virtual Adesk::Int32 valeur(bool avancer);

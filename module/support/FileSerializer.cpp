@@ -1,5 +1,5 @@
 // FileSerializer: the tagged binary stream in a file.
-// A tag is written without a look at the result: the value behind it fails when the tag did.
+// A tag is written without a look at the result: the value after it fails when the tag did.
 #include "module/support/FileSerializer.h"
 
 #include <fcntl.h>
@@ -28,7 +28,7 @@ constexpr int kBinaire = O_BINARY;
 constexpr int kBinaire = 0;
 #endif
 constexpr std::size_t kTamponEcriture = 1024;
-constexpr std::size_t kTamponLecture = 256;  // a quarter of the writer's: both belong to the format
+constexpr std::size_t kTamponLecture = 256;  // kept as it is: a quarter of the writer's, both belong to the format
 
 // Byte by byte: a narrow text is in the code page, whatever else its bytes might mean together.
 std::wstring depuisPage(const char* texte) {
@@ -161,7 +161,7 @@ bool FileSerializer::writeString(const std::wstring& texte) {
 bool FileSerializer::readString(std::wstring& texte) {
   if (!attendre('c')) return false;
   texte.clear();
-  std::array<char, kTamponLecture + 1> tampon{};  // and a zero behind whatever a damaged file holds
+  std::array<char, kTamponLecture + 1> tampon{};  // and a zero after whatever a damaged file holds
   Adesk::Int32 n = -1;
   if (!readInt(n) || n < 0 || static_cast<std::size_t>(n) >= kTamponLecture) return false;
   if (!readBlock(tampon.data(), static_cast<Adesk::UInt32>(n + 1))) return false;

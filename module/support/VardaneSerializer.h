@@ -5,7 +5,7 @@
 //   i  32-bit integer; a boolean is one with 0 or 1      d  double                s  16-bit integer
 //   b  block of bytes, whose length isn't stored; a 64-bit integer is one of 8 bytes
 //   c  string: an i with its length n, then a b with the n+1 bytes of its narrow text and zero (Windows-1252)
-//   e  enumeration: an i behind the tag                  w  reserved
+//   e  enumeration: an i after the tag                  w  reserved
 // A raw byte and a marker have no tag.
 #pragma once
 #include <cstdint>
@@ -38,7 +38,7 @@ class VardaneSerializer {
   virtual bool writeString(const std::wstring& texte) = 0;  // at most 1023 characters
   virtual bool writeEnum(Adesk::Int32 valeur) = 0;
   virtual bool readAcString(AcString& texte) = 0;
-  virtual bool readBool(bool& valeur) = 0;  // a number other than 0 and 1 is true, and a failure
+  virtual bool readBool(bool& valeur) = 0;  // kept as it is: a number other than 0 and 1 is true, and a failure
   virtual bool readInt64(Adesk::Int64& valeur) = 0;
   virtual bool readByte(Adesk::Int8& valeur) = 0;
   virtual bool readByte(std::uint8_t& valeur) = 0;

@@ -27,8 +27,8 @@ template <class T>
 class Static_ConfigVariable : public ConfigVariable_base<T> {
  public:
   // Takes the value of the settings file. A key that is absent, or whose text is no T, gives the default, which is
-  // written to the file at once. A file that can't be written is no failure here: nobody stands above a static
-  // initialiser, and the module works with the defaults.
+  // written to the file at once. A file that can't be written is no failure here: nothing catches what a
+  // static initialiser throws, and the module works with the defaults.
   Static_ConfigVariable(const char* cleVariable, T defaut);
 
   // Writes the value under the key and saves the file. The field isn't changed: callers assign it first. Throws

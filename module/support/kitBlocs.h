@@ -8,7 +8,7 @@
 
 namespace plv {
 
-// The block's name for a file: the path in lower case, behind its last / or \, without a final ".dwg";
+// The block's name for a file: the path in lower case, after its last / or \, without a final ".dwg";
 // "invalid" when nothing is left. In a name that no table takes, what is no letter or digit becomes "_".
 std::wstring nomDeBloc(const std::wstring& chemin);
 // The block of that file in the database, read from the file when the database hasn't it. A file that isn't

@@ -34,13 +34,13 @@ std::unique_ptr<AcDbSpline> splineDeNurbs(const AcGeNurbCurve3d& nurbs);
 // An open spline of these control points: clamped, knots in whole numbers, all weights 1.
 std::unique_ptr<AcDbSpline> splineUniforme(int degre, const AcGePoint3dArray& points);
 
-// Appends points along the spline, in the axes of its plane. Whatever the tolerance, the chord bound is 0.001. Nothing
+// Appends points along the spline, in the axes of its plane. Kept as it is: whatever the tolerance, the chord bound is 0.001. Nothing
 // for a spline that makes no curve, or lies in no plane.
 void echantillonnerSpline(const AcDbSpline& spline, AcGePoint2dArray& points, double tolerance);
 
 // Appends the straight pieces of a curve, the i-th start and the i-th end: in the direction of the curve, and sorted by
-// X, lesser X first, for the classes that have no reading of their own (arcs, circles, ellipses ...). An arc of a
-// polyline stands for its chord. The tolerance is only handed on.
+// X, lesser X first, for the classes that have no reading of their own (arcs, circles, ellipses ...). Kept as it is: an
+// arc of a polyline stands for its chord. The tolerance is only handed on.
 void segmentsCourbe(const AcDbCurve& courbe, AcGePoint2dArray& debuts, AcGePoint2dArray& fins, double tolerance);
 // Each piece with its lesser X as start; then all by the X of their starts, with plain exchanges.
 void ordonnerSegments(AcGePoint2dArray& debuts, AcGePoint2dArray& fins);

@@ -39,7 +39,7 @@ std::optional<jonction> trouverJonction(const AcDbCurve& courbe1, const AcDbCurv
   return std::nullopt;
 }
 
-// Bulges and widths go with the vertex they are read at, also backwards: that is how drawings have been joined.
+// Kept as it is: bulges and widths stay with the vertex they are read at, also backwards. Drawings have been joined so.
 void copierSommets(const AcDbPolyline& source, bool aRebours, AcDbPolyline& cible) {
   const unsigned int n = source.numVerts();
   for (unsigned int k = 0; k < n; ++k) {
@@ -53,7 +53,7 @@ void copierSommets(const AcDbPolyline& source, bool aRebours, AcDbPolyline& cibl
   }
 }
 
-// Every vertex of both is copied, so that the joint stands twice, as a segment without length.
+// Kept as it is: every vertex of both is copied, so that the joint is there twice, as a segment without length.
 std::unique_ptr<AcDbCurve> fusionnerPolylignes(const AcDbPolyline& a, const AcDbPolyline& b) {
   if (!a.normal().isEqualTo(b.normal(), toleranceFusion())) return nullptr;
   const auto cas = trouverJonction(a, b);

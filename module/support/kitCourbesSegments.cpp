@@ -91,8 +91,8 @@ void ordonnerSegments(AcGePoint2dArray& debuts, AcGePoint2dArray& fins) {
     if (debuts[i].x > fins[i].x) std::swap(debuts[i], fins[i]);
 }
 
-// Each place is compared with each later one and exchanged when strictly greater. The order that this leaves among
-// equal X is part of what callers give; without equal X any sort gives the same, and a quick one serves.
+// Each place is compared with each later one and exchanged when strictly greater. Kept as it is: the order that this
+// leaves among equal X shows in results; without equal X any sort gives the same, and a quick one serves.
 void trierSegments(AcGePoint2dArray& debuts, AcGePoint2dArray& fins) {
   const int n = debuts.length();
   const auto avant = [&](int a, int b) { return debuts[a].x < debuts[b].x; };

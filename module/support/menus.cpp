@@ -125,8 +125,8 @@ void pl_RemoveDynMnus() {
   retirerMenusDynamiques();
 }
 
-// Brings a drawn profile back: its matrices fill the collection, and its menu is built. The entity isn't
-// tested: one that is no profile empties the collection and takes the old menu away.
+// Brings a drawn profile back: its matrices fill the collection, and its menu is built. Kept as it is: the entity isn't
+// tested, and one that is no profile empties the collection and takes the old menu away.
 void pl_ChoixProfil() {
   ArgsLisp args;
   commencerAppel(args);
