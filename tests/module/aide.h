@@ -6,8 +6,8 @@
 #include <initializer_list>
 #include <string>
 
-#include "atelier/database/error.h"
-#include "atelier/database/interruption.h"
+#include "atelier/base/error.h"
+#include "atelier/base/interruption.h"
 #include "hote/acdb.h"
 #include "module/profil/chaines.h"
 #include "tests/support/session.h"
