@@ -14,61 +14,61 @@
 namespace atelier {
 
 Asked<AcGePoint3d> Command::point(std::string prompt, Base base, std::string keywords) const {
-  return Asked<AcGePoint3d>([=](Prompter& p, AcGePoint3d& value) {
+  return Asked<AcGePoint3d>([base, prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, AcGePoint3d& value) {
     p.initGet(0, keywords);
     return p.getPoint(base, prompt, value);
   });
 }
 Asked<AcGePoint3d> Command::corner(std::string prompt, const AcGePoint3d& opposite, std::string keywords) const {
-  return Asked<AcGePoint3d>([=](Prompter& p, AcGePoint3d& value) {
+  return Asked<AcGePoint3d>([opposite, prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, AcGePoint3d& value) {
     p.initGet(0, keywords);
     return p.getPoint(opposite, prompt, value, true);
   });
 }
 Asked<AcGePoint3d> Command::pointOrWord(std::string prompt, std::string keywords) const {
-  return Asked<AcGePoint3d>([=](Prompter& p, AcGePoint3d& value) {
+  return Asked<AcGePoint3d>([prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, AcGePoint3d& value) {
     p.initGet(RSG_OTHER, keywords);
     return p.getPoint({}, prompt, value);
   });
 }
 Asked<double> Command::distance(std::string prompt, Base base, std::string keywords) const {
-  return Asked<double>([=](Prompter& p, double& value) {
+  return Asked<double>([base, prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, double& value) {
     p.initGet(0, keywords);
     return p.getDistance(base, prompt, value);
   });
 }
 Asked<double> Command::angle(std::string prompt, Base base, std::string keywords) const {
-  return Asked<double>([=](Prompter& p, double& value) {
+  return Asked<double>([base, prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, double& value) {
     p.initGet(0, keywords);
     return p.getAngle(base, prompt, value);
   });
 }
 Asked<double> Command::real(std::string prompt, std::string keywords) const {
-  return Asked<double>([=](Prompter& p, double& value) {
+  return Asked<double>([prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, double& value) {
     p.initGet(0, keywords);
     return p.getReal(prompt, value);
   });
 }
 Asked<int> Command::integer(std::string prompt, std::string keywords) const {
-  return Asked<int>([=](Prompter& p, int& value) {
+  return Asked<int>([prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, int& value) {
     p.initGet(0, keywords);
     return p.getInteger(prompt, value);
   });
 }
 Asked<std::string> Command::word(std::string prompt) const {
-  return Asked<std::string>([=](Prompter& p, std::string& value) { return p.getText(false, prompt, value); });
+  return Asked<std::string>([prompt = std::move(prompt)](Prompter& p, std::string& value) { return p.getText(false, prompt, value); });
 }
 Asked<std::string> Command::line(std::string prompt) const {
-  return Asked<std::string>([=](Prompter& p, std::string& value) { return p.getText(true, prompt, value); });
+  return Asked<std::string>([prompt = std::move(prompt)](Prompter& p, std::string& value) { return p.getText(true, prompt, value); });
 }
 Asked<int> Command::keyword(std::string prompt, std::string keywords) const {
-  return Asked<int>([=](Prompter& p, int&) {
+  return Asked<int>([prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, int&) {
     p.initGet(0, keywords);
     return p.getKeyword(prompt);
   });
 }
 Asked<PickedEntity> Command::entity(std::string prompt, std::string keywords) const {
-  return Asked<PickedEntity>([=](Prompter& p, PickedEntity& value) {
+  return Asked<PickedEntity>([prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, PickedEntity& value) {
     p.initGet(0, keywords);
     const AcGePoint3d nowhere(HUGE_VAL, HUGE_VAL, HUGE_VAL);
     value.point = nowhere;

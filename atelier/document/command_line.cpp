@@ -114,7 +114,7 @@ bool Document::runCommand(const std::string& name) {
   return services_.runCommand(*this, upper);
 }
 
-void Document::runLine(std::string line) {
+void Document::runLine(const std::string& line) {
   const std::string_view text = trimmed(line);
   if (text.empty()) return;
   prompter_.dropPending();
@@ -156,7 +156,7 @@ void Document::run(InputSource& source) {
       stopped_ = false;
       if (!source.echoes()) print("\nCommande: " + input.text + "\n");
       try {
-        runLine(std::move(input.text));
+        runLine(input.text);
       } catch (const Error& error) {
         fail(error.what());
       }

@@ -123,7 +123,7 @@ class Document {
   const std::string& imp_path() const { return AcDbImpDatabase::of(database_.get()).path; }
   void drawingOpened();
   void drawingClosing();
-  void runLine(std::string line);
+  void runLine(const std::string& line);
   void runScripts();
   void leaveMemory();
   void setNewView();

@@ -157,7 +157,8 @@ MTextLayout layoutMText(std::string_view contents, const MTextStyle& given) {
     out.width = std::max(out.width, lines[i].width);
   }
   out.height = -y;
-  const double lift = out.height * ((style.attachment - 1) / 3) / 2;
+  const int row = (style.attachment - 1) / 3;  // of the attachment: top, middle, bottom
+  const double lift = out.height * row / 2;
 
   for (std::size_t i = 0; i < lines.size(); ++i) {
     double x = leftOf(lines[i], style, (style.attachment - 1) % 3);

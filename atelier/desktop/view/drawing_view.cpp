@@ -124,7 +124,7 @@ void DrawingView::updateGrips() {
   if (drawing_.isRunning()) return;
   for (AcDbStub* stub : selection_) {
     if (grips_.size() > kMostGrips) break;
-    for (Grip& grip : gripsOf(idOf(stub))) grips_.push_back(std::move(grip));
+    for (const Grip& grip : gripsOf(idOf(stub))) grips_.push_back(grip);
   }
 }
 

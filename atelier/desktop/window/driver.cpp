@@ -71,7 +71,7 @@ Driver& Driver::press(const QString& button) {
   });
 }
 Driver& Driver::select(const QString& list, std::vector<int> rows) {
-  return then([list, rows] {
+  return then([list, rows = std::move(rows)] {
     for (QTableWidget* table : front()->findChildren<QTableWidget*>()) {
       if (!table->isVisible() || (table->horizontalHeaderItem(0) && table->horizontalHeaderItem(0)->text() != list))
         continue;

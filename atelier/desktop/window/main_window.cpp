@@ -158,7 +158,7 @@ void MainWindow::showTab() {
   setWindowModified(tab->drawing->isModified());
   commands_->showPrompt(tab->drawing->prompt());
   QStringList names;
-  for (std::string name : tab->drawing->document().interpreter().boundNames())
+  for (const std::string& name : tab->drawing->document().interpreter().boundNames())
     if (name.starts_with("C:")) names << QString::fromStdString(name.substr(2));
   for (const std::string& name : commandNames()) names << QString::fromStdString(name);
   commands_->setNames(names);

@@ -64,7 +64,7 @@ void MainWindow::buildMenus() {
     QMessageBox::about(this, QStringLiteral("Kavel"),
                        QStringLiteral("Kavel\nProfils en long de routes, d'assainissement et d'eau potable."));
   });
-  hostMenus_ = std::make_unique<HostMenuBar>(*menuBar(), help->menuAction(), [this](std::vector<std::string> lines) {
+  hostMenus_ = std::make_unique<HostMenuBar>(*menuBar(), help->menuAction(), [this](const std::vector<std::string>& lines) {
     if (Drawing* d = drawing()) d->feed(lines);
   });
 }
