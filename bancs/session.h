@@ -6,8 +6,7 @@
 #include <string>
 
 #include "atelier/application/open_drawing.h"
-#include "atelier/plugin/published.h"
-#include "module/commande/entree.h"
+#include "programs/applications.h"
 
 namespace bancs {
 
@@ -32,8 +31,7 @@ inline void makeProfile(atelier::Document& document, int points, double step, do
 }
 
 inline int run(int argc, char** argv) {
-  atelier::registerApplication(
-      [](int message, void* id) -> int { return acrxEntryPoint(static_cast<AcRx::AppMsgCode>(message), id); });
+  kavel::registerApplications();
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
   return 0;

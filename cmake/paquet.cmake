@@ -15,7 +15,7 @@ install(DIRECTORY frontal/ DESTINATION ${KAVEL_PARTAGE}/frontal FILES_MATCHING P
 # What a run of the examples left behind stays out.
 install(DIRECTORY exemples DESTINATION ${KAVEL_PARTAGE} PATTERN "*.xlsx" EXCLUDE PATTERN "*.bak" EXCLUDE PATTERN "*.pdf" EXCLUDE)
 install(DIRECTORY outils/dwg DESTINATION ${KAVEL_PARTAGE} PATTERN node_modules EXCLUDE)
-install(FILES docs/guide.md docs/formats.md docs/fonctions.md docs/autolisp.md docs/glossaire.md docs/hote.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES docs/guide.md docs/formats.md docs/fonctions.md docs/autolisp.md docs/etudes.md docs/glossaire.md docs/hote.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY docs/images DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES LICENCES.md DESTINATION ${CMAKE_INSTALL_DOCDIR} RENAME copyright)
 

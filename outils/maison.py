@@ -64,11 +64,19 @@ HOUSES = {
         "menus": "arguments support profil matrices",
         "commande": "support profil matrices elements optimiseur metres menus",
     },
+    "etudes": {
+        "base": "",
+        "optimal": "base",
+        "porte": "optimal",
+    },
     "programs": {"": ""},
 }
 
-# Houses that a house may include as a whole, beside the street.
-NEIGHBOURS = {"programs": ("atelier", "module")}
+# Houses, or rooms of theirs, that a house may include beside the street.
+NEIGHBOURS = {
+    "etudes": ("module/arguments", "module/support", "module/profil"),
+    "programs": ("atelier", "module", "etudes"),
+}
 
 # Rooms that share a folder with another: the files, without their endings, that belong to them.
 SHARED = {
@@ -133,15 +141,21 @@ def circle(edges):
     return None
 
 
+def may_visit(house, other):
+    """Whether a room of the house may include that room (house, room) of another house."""
+    name = "/".join(other)
+    return any(covers(neighbour, name) for neighbour in NEIGHBOURS.get(house, ()))
+
+
 def arrows_between_houses():
-    """Who leads out of a house: pairs of rooms. Rooms that only stand on the street do so by way of others, or directly."""
+    """Who leads out of a house, as pairs of names: rooms without arrows of their own stand on the street or on the neighbours."""
     arrows = []
     for house, rooms in HOUSES.items():
         ground = [room for room in rooms if not allowed(house, room)]
-        arrows += [(f"{house}/{room}", STREET) for room in ground if house not in NEIGHBOURS]
-    for house, others in NEIGHBOURS.items():
-        for other in others:
-            edges = {name for room in HOUSES[other] for entry in allowed(other, room) for name in rooms_meant(other, entry, room)}
-            roofs = [room for room in HOUSES[other] if room not in edges]
-            arrows += [(f"{house}/{room}", f"{other}/{roof}") for room in HOUSES[house] for roof in roofs]
+        goals = [STREET] if house not in NEIGHBOURS else [
+            f"{other}/{room}" for other in HOUSES for room in HOUSES[other] if may_visit(house, (other, room))]
+        # Of rooms that lead to one another the highest will do.
+        below = {f"{other}/{low}" for other in HOUSES for room in HOUSES[other]
+                 if f"{other}/{room}" in goals for entry in allowed(other, room) for low in rooms_meant(other, entry, room)}
+        arrows += [(f"{house}/{room}", goal) for room in ground for goal in goals if goal not in below]
     return arrows

@@ -31,7 +31,7 @@ def fault_of(path, included, used):
         return None
     if house == maison.STREET:
         return None if target_house == house else "the street stands on the standard library only"
-    if target_house == maison.STREET or target_house in maison.NEIGHBOURS.get(house, ()):
+    if target_house == maison.STREET or maison.may_visit(house, maison.room_of(included)):
         return None
     if target_house != house:
         return f"{house}/ never includes {target_house}/"

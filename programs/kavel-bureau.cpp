@@ -1,17 +1,8 @@
 // The desktop.
 #include "atelier/desktop/window/application.h"
-#include "atelier/plugin/published.h"
-#include "module/commande/entree.h"
-
-namespace {
-
-int moduleEntry(int message, void* applicationId) {
-  return acrxEntryPoint(static_cast<AcRx::AppMsgCode>(message), applicationId);
-}
-
-}  // namespace
+#include "programs/applications.h"
 
 int main(int argc, char** argv) {
-  atelier::registerApplication(moduleEntry);
+  kavel::registerApplications();
   return atelier::desktop::run(argc, argv);
 }

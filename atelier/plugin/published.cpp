@@ -81,8 +81,9 @@ void PublishedFunctions::drawingClosing() {
 
 bool PublishedFunctions::define(std::string_view name, int index) {
   if (!loading_ || index < 0) return false;
-  owners_.emplace_back(index, loading_);
-  document_.interpreter().addExternal(name, &PublishedFunctions::invoke, this, index, "(" + std::string(name) + " ...)",
+  publications_.push_back({loading_, index});
+  document_.interpreter().addExternal(name, &PublishedFunctions::invoke, this,
+                                      static_cast<int>(publications_.size() - 1), "(" + std::string(name) + " ...)",
                                       "fonction publiee par une application");
   return true;
 }
@@ -98,12 +99,12 @@ bool PublishedFunctions::setResult(lisp::Value value) {
 }
 
 lisp::Value PublishedFunctions::invoke(void* context, int index, lisp::Interpreter&, lisp::Arguments arguments) {
-  return static_cast<PublishedFunctions*>(context)->run(index, arguments);
+  return static_cast<PublishedFunctions*>(context)->run(static_cast<std::size_t>(index), arguments);
 }
 
-lisp::Value PublishedFunctions::run(int code, lisp::Arguments arguments) {
-  const auto owner = std::find_if(owners_.begin(), owners_.end(), [&](const auto& o) { return o.first == code; });
-  if (owner == owners_.end()) return lisp::nil;
+lisp::Value PublishedFunctions::run(std::size_t place, lisp::Arguments arguments) {
+  if (place >= publications_.size()) return lisp::nil;
+  const auto [owner, code] = publications_[place];
   document_.makeCurrent();
   const Watch watch;
   resbuf* chain = chainOfArguments(arguments);
@@ -112,7 +113,7 @@ lisp::Value PublishedFunctions::run(int code, lisp::Arguments arguments) {
   resbuf* const outer = std::exchange(heldArguments(), chain);
   std::string failure;
   try {
-    owner->second(AcRx::kInvkSubrMsg, &applicationId);
+    owner(AcRx::kInvkSubrMsg, &applicationId);
   } catch (const Interrupted&) {
     failure = kCancelled;
   } catch (const std::exception& error) {

@@ -55,10 +55,14 @@ class PublishedFunctions final : public Attachment {
     lisp::Root* result;  // of the run that waits for it
   };
   static lisp::Value invoke(void* context, int index, lisp::Interpreter& interpreter, lisp::Arguments arguments);
-  lisp::Value run(int code, lisp::Arguments arguments);
+  lisp::Value run(std::size_t place, lisp::Arguments arguments);
   Document& document_;
   std::vector<Call> calls_;
-  std::vector<std::pair<int, EntryPoint>> owners_;  // by index of the function: who published it
+  struct Publication {
+    EntryPoint owner;
+    int code;  // the owner's own number for the function: others use the same numbers
+  };
+  std::vector<Publication> publications_;  // AutoLISP knows a function by its place here
   EntryPoint loading_ = nullptr;
 };
 

@@ -6,8 +6,7 @@
 #include <QTemporaryDir>
 #include <clocale>
 
-#include "atelier/plugin/published.h"
-#include "module/commande/entree.h"
+#include "programs/applications.h"
 
 int main(int argc, char** argv) {
   ::testing::InitGoogleTest(&argc, argv);
@@ -21,8 +20,6 @@ int main(int argc, char** argv) {
   std::setlocale(LC_NUMERIC, "C");
   QApplication::setOrganizationName("kavel");
   QApplication::setApplicationName("essais");
-  atelier::registerApplication([](int message, void* id) {
-    return static_cast<int>(acrxEntryPoint(static_cast<AcRx::AppMsgCode>(message), id));
-  });
+  kavel::registerApplications();
   return RUN_ALL_TESTS();
 }

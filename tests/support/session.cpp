@@ -6,16 +6,14 @@
 #include "atelier/lisp/evaluator/printer.h"
 #include "atelier/plugin/published.h"
 #include "atelier/render/sheets/plot_builtins.h"
-#include "module/commande/entree.h"
+#include "programs/applications.h"
 
 namespace kaveltest {
 namespace {
 
 void registerModule() {
   static const bool once = [] {
-    atelier::registerApplication([](int message, void* id) {
-      return static_cast<int>(acrxEntryPoint(static_cast<AcRx::AppMsgCode>(message), id));
-    });
+    kavel::registerApplications();
     return true;
   }();
   (void)once;

@@ -1,0 +1,22 @@
+// Lines of straight runs by their vertices: the form in which studies take a ground and a project line.
+#pragma once
+#include <vector>
+
+#include "hote/adesk.h"
+#include "module/profil/profilLong.h"
+
+namespace etu {
+
+struct sommet {
+  plv::distanceProfil distance;
+  plv::altitudeVraie altitude;
+};
+using listeSommets = std::vector<sommet>;
+
+listeSommets terrainDe(const plv::profilLong& profil);
+
+// The vertices of a list of lists (station altitude) that begins at this node of the arguments; stations become distances of the
+// profile. False for anything else, and for numbers that aren't finite.
+bool lireSommets(const resbuf* liste, const plv::profilLong& profil, listeSommets& sommets);
+
+}  // namespace etu

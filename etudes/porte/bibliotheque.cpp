@@ -1,0 +1,7 @@
+// The plug-in as a library that a host loads: the entry under the name that hosts look for.
+// Only the shared library has this file; in one program with the first plug-in the name would be there twice.
+#include "etudes/porte/entree.h"
+
+extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* application) {
+  return etu::entree(message, application);
+}

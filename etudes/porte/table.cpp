@@ -1,0 +1,52 @@
+// The table, its publication and its dispatch; a row's place is the code under which the host calls it.
+#include "etudes/porte/table.h"
+
+#include <iterator>
+
+#include "etudes/optimal/fonctions.h"
+#include "hote/aced.h"
+#include "hote/acut.h"
+#include "module/commande/argsLisp.h"
+#include "module/commande/listeRb.h"
+
+namespace etu {
+
+namespace {
+
+void et_aide();
+
+constexpr ligneFonction kTable[] = {
+    {L"et_aide", et_aide, L"(et_aide)", L"Les fonctions d'études: une liste (nom appel aide) pour chacune."},
+    {L"et_profondeurs", et_profondeurs, L"(et_profondeurs profil sommets)",
+     L"La plus petite et la plus grande profondeur d'une ligne sous le terrain: ((pk profondeur) (pk profondeur)). Les "
+     L"sommets sont "
+     L"des listes (pk altitude), vers la droite; nil hors du terrain."},
+};
+
+void et_aide() {
+  plv::ArgsLisp args;
+  plv::commencerAppel(args);
+  plv::listeRb liste;
+  for (const ligneFonction& ligne : kTable)
+    liste.ajouter(acutBuildList(RTLB, RTSTR, ligne.nom, RTSTR, ligne.appel, RTSTR, ligne.aide, RTLE, 0));
+  acedRetList(liste.tete());
+}
+
+}  // namespace
+
+std::span<const ligneFonction> tableFonctions() { return kTable; }
+
+void publier() {
+  for (std::size_t i = 0; i < std::size(kTable); ++i) acedDefun(kTable[i].nom, static_cast<int>(i));
+}
+
+void retirer() {
+  for (std::size_t i = 0; i < std::size(kTable); ++i) acedUndef(kTable[i].nom, static_cast<int>(i));
+}
+
+void appeler() {
+  const int code = acedGetFunCode();
+  if (code >= 0 && static_cast<std::size_t>(code) < std::size(kTable)) kTable[code].fonction();
+}
+
+}  // namespace etu
