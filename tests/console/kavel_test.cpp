@@ -156,7 +156,8 @@ TEST(Kavel, OpensAndSavesByCommands) {
 
 TEST(Kavel, LoadsNothingThatLiesBesideADrawing) {
   Program program;
-  program.write("plv-outils.lsp", "(princ \"DETOURNE\")");
+  std::filesystem::create_directory(program.folder() / "base");
+  program.write("base/plv-outils.lsp", "(princ \"DETOURNE\")");
   program.write("kavel.lsp", "(princ \"DETOURNE\")");
   program.write("mien.lsp", "(setq x 7)");
   program.run("-e 1");

@@ -1,5 +1,5 @@
 // etendue-tracee and tracer-feuilles: what entities cover as they are drawn, and sheet sets.
-// The front-end decides what stands on a sheet; see frontal/plv-feuilles.lsp.
+// The front-end decides what stands on a sheet; see frontal/feuilles/plv-feuilles.lsp.
 #include "atelier/render/sheets/plot_builtins.h"
 
 #include "atelier/database/objects/stub.h"
