@@ -9,9 +9,9 @@
 
 (defun placer-regards:un (profil p / origine plan x y bloc)
   (setq origine (plv-cle 10 (entget profil))
-        plan (plv-plan-en (plv-tables:plans profil) (car p))
+        plan (plv-plan-en (plv-plans profil) (car p))
         x (+ (car origine) (car p))
-        y (plv-profil:ordonnee (cadr p) plan (plgxd profil "ECHV") (cadr origine)))
+        y (plv-ordonnee (cadr p) plan (plgxd profil "ECHV") (cadr origine)))
   (entmake (list '(0 . "INSERT") '(8 . "PLV-PROFIL") '(66 . 1) '(2 . "REGARD") (cons 10 (plv-point x y))))
   ;; Over the dimensions, which stand over the ground.
   (placer-regards:attribut (plv-point x (+ y 20.0)) 1.8 "NUM" (substr (caddr p) 8))
@@ -24,7 +24,7 @@
 (defun placer-regards (profil / nombre)
   (setq nombre 0)
   (pl_ChoixProfil profil)
-  (foreach p (plv-matrices:points profil)
+  (foreach p (plv-points-nommes profil)
     (if (wcmatch (caddr p) "Regard*")
       (progn (placer-regards:un profil p) (setq nombre (1+ nombre)))))
   (plv-dire (strcat (itoa nombre) " regards places."))

@@ -1,12 +1,39 @@
-;; The front-end: loads its files in order. Whoever loads this file puts its folder on the search path first.
-;; Each file only defines functions; nothing is drawn and nothing is asked by loading.
-(foreach plv-fichier
-  '("base/plv-outils" "base/plv-dessin" "base/plv-lignes" "terrain/plv-terrain" "profil/plv-plans" "profil/plv-profil" "profil/plv-habillage"
-    "saisie/plv-nouveau" "tableaux/plv-tables" "tableaux/plv-espacement" "profil/plv-elements" "projet/plv-raccords" "projet/plv-trace" "projet/plv-projet"
-    "saisie/plv-projet-fichier" "saisie/plv-projet-questions" "projet/plv-sommets" "echange/plv-echange" "echange/plv-export" "profil/plv-pc" "tableaux/plv-remplissage"
-    "tableaux/plv-remplissage-projet" "tableaux/plv-remplissage-plan" "tableaux/plv-remplissage-blocs" "tableaux/plv-matrices"
-    "metres/plv-metres-troncons" "metres/plv-metres-rapport" "metres/plv-metres" "optimal/plv-optimal" "optimal/plv-optimal-questions"
-    "metres/plv-legende" "cotes/plv-macros" "tableaux/plv-ligne-seule" "plan/plv-vers-plan" "controle/plv-rapport" "controle/plv-audit" "controle/plv-bureau" "feuilles/plv-feuilles")
-  (load (strcat plv-fichier ".lsp")))
-(setq plv-fichier nil)
+;; The front-end: loads the files of its rooms in order. Whoever loads this file puts its folder on the search path first.
+;; Files only define functions and tables; nothing is drawn and nothing is asked by loading.
+
+;; For each room its folder, the rooms that its functions may call, and its files in the order of loading.
+;; outils/verifier-frontal.py reads this list and holds the files to it.
+(setq plv-salles
+  '((base ()
+     plv-outils plv-lignes plv-questions plv-points plv-enregistrements plv-dessin)
+    (terrain (base)
+     plv-terrain)
+    (profil (base)
+     plv-genres plv-plans plv-repere plv-terrain-profil plv-profil plv-profils plv-habillage plv-rappels plv-elements
+     plv-pentes plv-statiques plv-blocs plv-pc)
+    (plan (base profil)
+     plv-axe plv-vers-plan)
+    (projet (base profil)
+     plv-raccords plv-parties plv-trace plv-sommets plv-projet plv-associer)
+    (tableaux (base profil plan)
+     plv-types plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet
+     plv-remplissage-plan plv-devers plv-remplissage-blocs plv-matrices plv-ligne-seule)
+    (cotes (base profil)
+     plv-cotes)
+    (metres (base profil)
+     plv-metres-troncons plv-metres-classes plv-metres-rapport plv-metres plv-legende)
+    (optimal (base profil projet)
+     plv-optimal plv-optimal-questions)
+    (echange (base terrain profil projet)
+     plv-landxml plv-landxml-projet plv-landxml-terrain plv-export)
+    (saisie (base profil projet echange)
+     plv-nouveau plv-projet-fichier plv-projet-questions)
+    (feuilles (base profil tableaux metres)
+     plv-feuilles)
+    (controle (base profil tableaux echange)
+     plv-rapport plv-audit plv-bureau)))
+
+(foreach salle plv-salles
+  (foreach fichier (cddr salle)
+    (load (strcat (strcase (vl-symbol-name (car salle)) T) "/" (strcase (vl-symbol-name fichier) T) ".lsp"))))
 (princ)

@@ -41,6 +41,32 @@
     (- (caadr coins) (caar coins))
     0.0))
 
+(defun plv-polyligne (calque points)
+  "A light polyline through points of the drawing."
+  (entmakex
+    (append (list '(0 . "LWPOLYLINE") '(100 . "AcDbEntity") (cons 8 calque) '(100 . "AcDbPolyline") (cons 90 (length points)) '(70 . 0))
+            (mapcar '(lambda (p) (list 10 (car p) (cadr p))) points))))
+
+(defun plv-origine (entite)
+  "Where a block reference is inserted: a profile's corner, a table's."
+  (plv-cle 10 (entget entite)))
+
+(defun plv-type (entite) (plv-cle 0 (entget entite)))
+
+(defun plv-existe (entite) (and entite (entget entite)))
+
+(defun plv-entites-du-jeu (jeu / i entites)
+  "The entities of a selection set, in its order; nil for none."
+  (setq i 0)
+  (repeat (if jeu (sslength jeu) 0) (setq entites (cons (ssname jeu i) entites) i (1+ i)))
+  (reverse entites))
+
+(defun plv-jeu (entites / jeu)
+  "A selection set of these entities."
+  (setq jeu (ssadd))
+  (foreach e entites (ssadd e jeu))
+  jeu)
+
 (defun plv-handle (entite) (plv-cle 5 (entget entite)))
 
 (defun plv-bloc-vide (nom)
@@ -53,42 +79,21 @@
 (defun plv-inserer (calque nom point)
   (entmakex (list '(0 . "INSERT") (cons 8 calque) (cons 2 nom) (cons 10 point))))
 
-;; --- records of the front-end in extension dictionaries
-
-(defun plv-dictionnaire (entite / groupes trouve dict)
-  "The extension dictionary of an entity, made when it has none."
-  (setq groupes (entget entite))
-  (cond
-    ((setq trouve (member '(102 . "{ACAD_XDICTIONARY") groupes)) (cdr (cadr trouve)))
-    (T
-     (setq dict (entmakex '((0 . "DICTIONARY") (100 . "AcDbDictionary") (280 . 1) (281 . 1))))
-     (entmod (append (list (car groupes) (cadr groupes) (cons 102 "{ACAD_XDICTIONARY") (cons 360 dict) '(102 . "}"))
-                     (cddr groupes)))
-     dict)))
-
-(defun plv-enregistrement (entite cle / trouve)
-  "The groups of a record in the extension dictionary of an entity; nil when it has none. Nothing is made."
-  (if (setq trouve (member '(102 . "{ACAD_XDICTIONARY") (entget entite)))
-    (vl-remove-if '(lambda (g) (= (car g) 280))
-      (cdr (member '(100 . "AcDbXrecord") (dictsearch (cdr (cadr trouve)) cle))))))
-
-(defun plv-ecrire-enregistrement (entite cle groupes / dict)
-  "Replaces a record."
-  (setq dict (plv-dictionnaire entite))
-  (dictremove dict cle)
-  (dictadd dict cle (entmakex (append '((0 . "XRECORD") (100 . "AcDbXrecord") (280 . 1)) groupes))))
-
 ;; --- entities that a piece of work adds
 
-(defun plv-ajouts-de (fonction / ajouts:marque ajouts:e ajouts:liste)
-  "Runs a function and gives the entities that it left in the drawing, oldest first."
-  (setq ajouts:marque (entlast))
-  (apply fonction '())
-  (setq ajouts:e (if ajouts:marque (entnext ajouts:marque) (entnext)))
-  (while ajouts:e
-    (if (not (member (plv-cle 0 (entget ajouts:e)) '("ATTRIB" "SEQEND" "VERTEX"))) (setq ajouts:liste (cons ajouts:e ajouts:liste)))
-    (setq ajouts:e (entnext ajouts:e)))
-  (reverse ajouts:liste))
+(defun plv-executer (fonction / executer:marque executer:valeur executer:e executer:ajouts)
+  "Runs a function; its value and the entities that it left in the drawing, oldest first: (value entities)."
+  (setq executer:marque (entlast)
+        executer:valeur (apply fonction '())
+        executer:e (if executer:marque (entnext executer:marque) (entnext)))
+  (while executer:e
+    (if (not (member (plv-type executer:e) '("ATTRIB" "SEQEND" "VERTEX"))) (setq executer:ajouts (cons executer:e executer:ajouts)))
+    (setq executer:e (entnext executer:e)))
+  (list executer:valeur (reverse executer:ajouts)))
+
+(defun plv-ajouts-de (fonction)
+  "The entities that a function leaves in the drawing."
+  (cadr (plv-executer fonction)))
 
 (defun plv-effacer (entites)
-  (foreach e entites (if (and e (entget e)) (entdel e))))
+  (foreach e entites (if (plv-existe e) (entdel e))))

@@ -9,6 +9,13 @@
       (close fichier)
       (cond ((reverse lignes)) ('(""))))))
 
+(defun plv-ligne-muette (ligne)
+  "T for an empty line and for a comment."
+  (or (= (vl-string-trim " \t" ligne) "") (wcmatch (vl-string-left-trim " \t" ligne) "[#;]*")))
+
+(defun plv-refus-ligne (chemin numero ligne attendu)
+  (plv-erreur (strcat chemin ", ligne " (itoa numero) " illisible: \"" ligne "\"; " attendu)))
+
 (defun plv-separateur (ligne)
   "The separator of the fields of a line: \";\" \"\\t\" \",\" or \" \"."
   (setq ligne (vl-string-trim " \t" ligne))

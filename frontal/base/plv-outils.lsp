@@ -1,4 +1,4 @@
-;; Messages, texts, lists and questions that all commands share.
+;; Messages, numbers, texts and lists that every room uses.
 ;; A function that can't do its work says why with plv-erreur, which gives nil.
 
 (defun plv-dire (texte)
@@ -13,9 +13,24 @@
     (princ (strcat "\nErreur: " texte "\n")))
   nil)
 
+(defun plv-colonnes (textes largeurs)
+  "A line of a table, columns to the right."
+  (plv-dire
+    (apply 'strcat
+      (mapcar '(lambda (texte largeur) (while (< (strlen texte) largeur) (setq texte (strcat " " texte))) texte) textes largeurs))))
+
+;; --- numbers and texts
+
 (defun plv-reel (valeur decimales)
   "A real with so many decimals and a point, whatever the drawing's units."
   (pl_distToPk (float valeur) decimales 0))
+
+(defun plv-partie-entiere (valeur / entier)
+  "The greatest integer that is not above the value."
+  (setq entier (fix valeur))
+  (if (< valeur entier) (1- entier) entier))
+
+(defun plv-entre (valeur minimum maximum) (max minimum (min maximum valeur)))
 
 (defun plv-remplacer (texte ancien nouveau / debut)
   "Every occurrence of a string replaced, from the left."
@@ -31,6 +46,13 @@
   (if (and (/= texte "") (wcmatch texte "~*[~-+0-9.,eE]*"))
     (distof (plv-remplacer texte "," ".") 2)))
 
+(defun plv-joindre (textes separateur / resultat)
+  (foreach texte textes
+    (setq resultat (if resultat (strcat resultat separateur texte) texte)))
+  (cond (resultat) ("")))
+
+;; --- lists
+
 (defun plv-dernier (liste) (car (reverse liste)))
 
 (defun plv-sans-dernier (liste) (reverse (cdr (reverse liste))))
@@ -42,37 +64,21 @@
 
 (defun plv-cle (cle alist) (cdr (assoc cle alist)))
 
-(defun plv-entre (valeur minimum maximum) (max minimum (min maximum valeur)))
+(defun plv-cles (cle alist)
+  "The values of every pair with this key."
+  (mapcar 'cdr (vl-remove-if-not '(lambda (g) (= (car g) cle)) alist)))
 
-;; --- questions; Enter takes the default, a cancel ends the command through *error*
+(defun plv-plier (plier:fonction plier:resultat plier:liste)
+  "What becomes of a start when the function takes each element in: (function result element) gives the next result."
+  (foreach plier:element plier:liste
+    (setq plier:resultat (apply plier:fonction (list plier:resultat plier:element))))
+  plier:resultat)
 
-(defun plv-demander-texte (question defaut / reponse)
-  (setq reponse (getstring T (strcat "\n" question (if defaut (strcat " <" defaut ">: ") ": "))))
-  (if (and defaut (= (vl-string-trim " " reponse) "")) defaut (vl-string-trim " " reponse)))
+(defun plv-premiers (liste nombre / resultat)
+  "The first so many elements."
+  (while (and liste (> nombre 0)) (setq resultat (cons (car liste) resultat) liste (cdr liste) nombre (1- nombre)))
+  (reverse resultat))
 
-(defun plv-demander-reel (question defaut / reponse)
-  (initget 6)
-  (setq reponse (getreal (strcat "\n" question " <" (plv-reel defaut 2) ">: ")))
-  (cond (reponse) (defaut)))
-
-(defun plv-demander-mot (question mots defaut / reponse)
-  "A keyword of the list, whose capitals are its short form."
-  (initget (plv-joindre mots " "))
-  (setq reponse (getkword (strcat "\n" question " [" (plv-joindre mots "/") "] <" defaut ">: ")))
-  (cond (reponse) (defaut)))
-
-(defun plv-joindre (textes separateur / resultat)
-  (foreach texte textes
-    (setq resultat (if resultat (strcat resultat separateur texte) texte)))
-  (cond (resultat) ("")))
-
-(defun plv-demander-fichier (question / nom trouve)
-  "The path of an existing file; nil after a message when there is none of that name."
-  (setq nom (plv-demander-texte question nil))
-  (plv-fichier-existant nom))
-
-(defun plv-fichier-existant (nom / trouve)
-  (cond
-    ((= nom "") (plv-erreur "nom de fichier attendu"))
-    ((setq trouve (findfile nom)))
-    (T (plv-erreur (strcat "fichier introuvable: " nom)))))
+(defun plv-sans-premiers (liste nombre)
+  (repeat nombre (setq liste (cdr liste)))
+  liste)

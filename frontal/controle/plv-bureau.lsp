@@ -12,41 +12,30 @@
 (defun plv-bureau:groupe (titre enfants)
   (if enfants (list (plv-bureau:noeud (strcat titre " (" (itoa (length enfants)) ")") nil enfants))))
 
-(defun plv-bureau:plans (profil / entite debut noeuds)
-  (setq entite (plgxd profil "PRPC") debut 0.0)
-  (while entite
-    (setq noeuds (cons (plv-bureau:noeud (strcat (plv-reel (plgxd entite "PC") 2) " a partir de " (plv-reel debut 2)) entite nil) noeuds)
-          debut (+ debut (plgxd entite "DISTANCE"))
-          entite (plgxd entite "NEXT-PC")))
-  (reverse noeuds))
+(defun plv-bureau:plans (profil)
+  (mapcar
+    '(lambda (s)
+       (plv-bureau:noeud (strcat (plv-reel (plv-plan-altitude s) 2) " a partir de " (plv-reel (plv-plan-debut s) 2))
+                         (plv-section-entite s) nil))
+    (plv-sections-de-plan profil)))
 
 (defun plv-bureau:elements (profil genre)
-  (mapcar '(lambda (e) (plv-bureau:noeud (strcat (plv-cle 0 (entget e)) " " (plv-handle e)) e nil))
-          (vl-remove-if-not '(lambda (e) (and e (entget e))) (plv-elements:enregistres profil genre))))
+  (mapcar '(lambda (e) (plv-bureau:noeud (strcat (plv-type e) " " (plv-handle e)) e nil)) (plv-elements profil genre)))
 
-(defun plv-bureau:genres (profil / noeuds elements)
-  (foreach genre (mapcar 'car plv-elements:genres)
-    (if (setq elements (plv-bureau:elements profil genre))
-      (setq noeuds (cons (plv-bureau:noeud (strcat genre " (" (itoa (length elements)) ")") nil elements) noeuds))))
-  (reverse noeuds))
+(defun plv-bureau:genres (profil)
+  (apply 'append (mapcar '(lambda (genre) (plv-bureau:groupe genre (plv-bureau:elements profil genre))) (plv-genres))))
 
-(defun plv-bureau:rangees (reference / record rang noeuds)
-  "Rows by their labels, or by their names where the label is empty."
-  (setq record (plv-enregistrement reference "INFO_MATRICE") rang 0)
-  (repeat (plv-cle 90 record)
-    (setq noeuds (cons (plv-bureau:noeud (plv-bureau:libelle (cdr (nth (+ 10 (* 8 rang)) record)) (cdr (nth (+ 6 (* 8 rang)) record)))
-                                         reference nil)
-                       noeuds)
-          rang (1+ rang)))
-  (reverse noeuds))
+(defun plv-bureau:rangees (reference)
+  (mapcar '(lambda (r) (plv-bureau:noeud (plv-bureau:titre-rangee r) reference nil)) (plv-matrice-rangees (plv-matrice reference))))
 
-(defun plv-bureau:libelle (libelle nom) (if (= libelle "") nom libelle))
+(defun plv-bureau:titre-rangee (rangee)
+  "The label, or the name where the label is empty."
+  (if (= (plv-rangee-libelle rangee) "") (plv-rangee-nom rangee) (plv-rangee-libelle rangee)))
 
 (defun plv-bureau:matrices (profil)
   (mapcar
-    '(lambda (reference)
-       (plv-bureau:noeud (plv-cle 300 (plv-enregistrement reference "INFO_MATRICE")) reference (plv-bureau:rangees reference)))
-    (vl-remove-if-not 'entget (plv-tables:references profil))))
+    '(lambda (reference) (plv-bureau:noeud (plv-matrice-nom reference) reference (plv-bureau:rangees reference)))
+    (vl-remove-if-not 'plv-existe (plv-references-tables profil))))
 
 (defun plv-bureau:profil (profil)
   (plv-bureau:noeud
@@ -58,51 +47,53 @@
 (defun plv-bureau-profils ()
   (cond (plv-bureau:arbre) ((setq plv-bureau:arbre (mapcar 'plv-bureau:profil (plv-profils))))))
 
-;; --- where a profile is, with its tables: (x1 y1 x2 y2); nil for another entity
+;; --- what was read of a profile: its frame (see plv-repere), its ground and what else a reading needs
 
-(defun plv-bureau-boite (handle / profil lu haut bas)
-  (if (and (setq profil (handent handle)) (member profil (plv-profils)))
-    (progn
-      (setq lu (car (vl-remove-if-not '(lambda (l) (eq (plv-cle 'profil l) profil)) (plv-bureau:lus)))
-            haut (* (plv-cle 'echv lu) 1.2
-                    (- (apply 'max (mapcar 'cadr (plv-cle 'points lu))) (apply 'min (mapcar 'cadr (plv-cle 'plans lu)))))
-            bas (if (plv-tables:references profil) (* 0.4 (plv-cle 'longueur lu)) (* 0.05 (plv-cle 'longueur lu))))
-      (list (- (plv-cle 'x lu) (* 0.15 (plv-cle 'longueur lu))) (- (plv-cle 'y lu) bas)
-            (+ (plv-cle 'x lu) (* 1.05 (plv-cle 'longueur lu))) (+ (plv-cle 'y lu) haut)))))
-
-;; --- the reading at a point
-
-(defun plv-bureau:lire (profil / point infos)
-  (setq point (plv-cle 10 (entget profil)) infos (pl_InfosTn profil))
-  (list (cons 'profil profil) (cons 'numero (plv-numero-profil profil)) (cons 'x (car point)) (cons 'y (cadr point))
-        (cons 'longueur (if infos (cadr infos) 0.0)) (cons 'echv (plgxd profil "ECHV"))
-        (cons 'origine (plgxd profil "DCUMDEB")) (cons 'plans (plv-tables:plans profil)) (cons 'points (plv-points-tn profil))))
+(defun plv-bureau:lire (profil)
+  (list (cons 'profil profil) (cons 'numero (plv-numero-profil profil)) (cons 'repere (plv-repere profil))
+        (cons 'longueur (cond ((plv-longueur-profil profil)) (0.0)))
+        (cons 'origine (cond ((plgxd profil "DCUMDEB")) (0.0))) (cons 'points (plv-points-tn profil))))
 
 (defun plv-bureau:lus ()
   (cond (plv-bureau:lectures) ((setq plv-bureau:lectures (mapcar 'plv-bureau:lire (plv-profils))))))
 
-(defun plv-bureau:contient (lu x y / d)
-  "Over the profile: within its length, and not far below its planes or above its ground."
-  (setq d (- x (plv-cle 'x lu)))
-  (and (>= d 0.0) (<= d (plv-cle 'longueur lu))
-       (>= y (plv-cle 'y lu))
-       (<= y (+ (plv-cle 'y lu)
-                (* 2.0 (plv-cle 'echv lu) (- (apply 'max (mapcar 'cadr (plv-cle 'points lu))) (apply 'min (mapcar 'cadr (plv-cle 'plans lu)))))))))
+(defun plv-bureau:origine (lu) (plv-repere-origine (plv-cle 'repere lu)))
+(defun plv-bureau:plans-lus (lu) (plv-repere-plans (plv-cle 'repere lu)))
 
-(defun plv-bureau-lecture (x y / lu d plan altitude terrain)
-  "Number, station, altitude, altitude of the ground and depth below it, as texts; nil beside every profile."
-  (setq lu (car (vl-remove-if-not '(lambda (l) (and (plv-cle 'points l) (plv-cle 'plans l) (plv-bureau:contient l x y))) (plv-bureau:lus))))
-  (if lu
+(defun plv-bureau:hauteur (lu)
+  "From the lowest plane to the highest ground point, as drawn."
+  (* (plv-repere-echv (plv-cle 'repere lu))
+     (- (apply 'max (mapcar 'cadr (plv-cle 'points lu))) (apply 'min (mapcar 'plv-plan-altitude (plv-bureau:plans-lus lu))))))
+
+;; --- where a profile is, with its tables: (x1 y1 x2 y2); nil for another entity
+
+(defun plv-bureau-boite (handle / profil lu x y longueur bas)
+  (if (and (setq profil (handent handle)) (member profil (plv-profils)))
     (progn
-      (setq d (- x (plv-cle 'x lu))
-            plan (plv-plan-en (plv-cle 'plans lu) d)
-            altitude (+ (cadr plan) (/ (- y (plv-cle 'y lu)) (plv-cle 'echv lu)))
-            terrain (plv-altitude-tn (plv-cle 'points lu) d))
+      (setq lu (car (vl-remove-if-not '(lambda (l) (eq (plv-cle 'profil l) profil)) (plv-bureau:lus)))
+            x (car (plv-bureau:origine lu)) y (cadr (plv-bureau:origine lu)) longueur (plv-cle 'longueur lu)
+            bas (* (if (plv-references-tables profil) 0.4 0.05) longueur))
+      (list (- x (* 0.15 longueur)) (- y bas) (+ x (* 1.05 longueur)) (+ y (* 1.2 (plv-bureau:hauteur lu)))))))
+
+;; --- the reading at a point
+
+(defun plv-bureau:contient-p (lu point)
+  "Over the profile: within its length, and not far below its planes or above its ground."
+  (and (plv-cle 'points lu) (plv-bureau:plans-lus lu)
+       (<= 0.0 (plv-distance (plv-cle 'repere lu) point) (plv-cle 'longueur lu))
+       (<= (cadr (plv-bureau:origine lu)) (cadr point) (+ (cadr (plv-bureau:origine lu)) (* 2.0 (plv-bureau:hauteur lu))))))
+
+(defun plv-bureau-lecture (x y / lu lieu terrain)
+  "Number, station, altitude, altitude of the ground and depth below it, as texts; nil beside every profile."
+  (if (setq lu (car (vl-member-if '(lambda (l) (plv-bureau:contient-p l (list x y))) (plv-bureau:lus))))
+    (progn
+      (setq lieu (plv-vers-profil (plv-cle 'repere lu) (list x y))
+            terrain (plv-altitude-tn (plv-cle 'points lu) (car lieu)))
       (list (plv-cle 'numero lu)
-            (plv-reel (+ d (cond ((plv-cle 'origine lu)) (0.0))) 2)
-            (plv-reel altitude 2)
+            (plv-reel (+ (car lieu) (plv-cle 'origine lu)) 2)
+            (plv-reel (cadr lieu) 2)
             (if terrain (plv-reel terrain 2) "")
-            (if terrain (plv-reel (- terrain altitude) 2) "")))))
+            (if terrain (plv-reel (- terrain (cadr lieu)) 2) "")))))
 
 ;; --- the ground file of a form, before there is a profile: ((distance altitude) ...)
 
@@ -137,21 +128,20 @@
       (setq champs (cons (list (itoa (caar donnees)) (plv-bureau:texte (cdar donnees))) champs) donnees (cdr donnees))))
   (reverse champs))
 
-(defun plv-bureau:reduire (champs nombre / resultat)
+(defun plv-bureau:reduire (champs nombre)
   "The first so many fields, with a last one that says how many are left."
   (if (<= (length champs) nombre)
     champs
-    (progn
-      (while (and champs (> nombre 0)) (setq resultat (cons (car champs) resultat) champs (cdr champs) nombre (1- nombre)))
-      (reverse (cons (list "..." (strcat (itoa (length champs)) " autres")) resultat)))))
+    (append (plv-premiers champs nombre) (list (list "..." (strcat (itoa (- (length champs) nombre)) " autres"))))))
 
-(defun plv-bureau-proprietes (handle / entite groupes champs nom)
+(defun plv-bureau:champs-de (groupes)
+  (vl-remove nil
+    (mapcar '(lambda (g / nom) (if (setq nom (plv-cle (car g) plv-bureau:champs)) (list nom (plv-bureau:texte (cdr g))))) groupes)))
+
+(defun plv-bureau-proprietes (handle / entite groupes)
   (if (setq entite (handent handle))
     (progn
       (setq groupes (entget entite '("*")))
-      (foreach g groupes
-        (if (setq nom (plv-cle (car g) plv-bureau:champs))
-          (setq champs (cons (list nom (plv-bureau:texte (cdr g))) champs))))
-      (append (plv-bureau:reduire (reverse champs) 40)
-              (apply 'append
-                (mapcar '(lambda (a) (plv-bureau:reduire (plv-bureau:application a) 40)) (cdr (assoc -3 groupes))))))))
+      (apply 'append
+        (mapcar '(lambda (champs) (plv-bureau:reduire champs 40))
+          (cons (plv-bureau:champs-de groupes) (mapcar 'plv-bureau:application (cdr (assoc -3 groupes)))))))))

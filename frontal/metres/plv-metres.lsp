@@ -1,40 +1,40 @@
-;; PLV-METRES: the quantities of profiles in one call, through the very dialog that a user would open: sections by depth
+;; PLV-METRES: the quantities of profiles in one call, through the very dialog that a user would open: depth sections by
 ;; class, totals, a control of the surfaces, on demand hatches and a workbook.
+;; Shared in the room: plv-metres:mesurer
 
-;; word of the kind, in the order in which the dialog offers them
-(setq plv-metres:projets '("Assainissement" "Voirie" "AEp" "Generique" "Terrassements" "Projet"))
+;; --- measures are (classes (profile depth-section ...) ...)
 
-(defun plv-metres:demander-genre (defaut) (plv-demander-mot "Genre de projet" plv-metres:projets defaut))
-
-(defun plv-metres:refus-genre (genre)
-  (if (not (member genre plv-metres:projets))
-    (strcat "un genre de projet est attendu: " (plv-joindre plv-metres:projets " "))))
+(defun plv-mesures (classes profils) (cons classes profils))
+(defun plv-mesures-classes (mesures) (car mesures))
+(defun plv-mesures-profils (mesures) (cdr mesures))
+(defun plv-mesure-profil (mesure) (car mesure))
+(defun plv-mesure-troncons (mesure) (cdr mesure))
 
 ;; --- the dialog
 
-(defun plv-metres:jeu (entite / jeu) (setq jeu (ssadd)) (ssadd entite jeu) jeu)
-
 (defun plv-metres:choix (profil genre / candidats)
   "The answers that choose the kind when the profile has several; nil when the dialog won't ask."
-  (setq candidats (vl-remove-if-not '(lambda (g) (plv-elements:enregistres profil g)) plv-metres:projets))
+  (setq candidats (vl-remove-if-not '(lambda (g) (plv-elements profil g)) (plv-genres-projet)))
   (if (cdr candidats) (list (itoa (1+ (vl-position genre candidats))) "OK")))
+
+(defun plv-metres:ajouter (profil) (list "AjouterProfils" (plv-jeu (list profil)) ""))
 
 (defun plv-metres:reponses (profils genre actions)
   "The answers that add the profiles, do something with them, and close."
   (append
-    (list "AjouterProfils" (plv-metres:jeu (car profils)) "")
+    (plv-metres:ajouter (car profils))
     (plv-metres:choix (car profils) genre)
-    (apply 'append (mapcar '(lambda (p) (list "AjouterProfils" (plv-metres:jeu p) "")) (cdr profils)))
+    (apply 'append (mapcar 'plv-metres:ajouter (cdr profils)))
     actions
     '("Fermer")))
 
 (defun plv-metres:oublier-effaces (profils)
   "Takes erased entities out of the lists of elements: the dialog counts them as lines that can't be measured."
   (foreach p profils
-    (foreach genre (cons "TN" plv-metres:projets)
-      (if (vl-some '(lambda (g) (and (= (car g) 330) (not (entget (cdr g)))))
-                   (if (plv-support p genre) (plv-enregistrement (plv-support p genre) "ELEMS_PROJET_KAVEL")))
-        (plv-elements-ecrire p genre (plv-elements:enregistres p genre))))))
+    (foreach genre (cons "TN" (plv-genres-projet))
+      (if (plv-elements-effaces-p p genre) (plv-ecrire-elements p genre (plv-elements p genre))))))
+
+;; --- hatches: those that stay are noted with the profile, as handles, so that who erases a hatch leaves no pointer to nothing
 
 (defun plv-metres:groupe-anonyme-p (objet)
   (and (= (plv-cle 0 (entget objet)) "GROUP") (= (plv-cle 70 (entget objet)) 1)))
@@ -51,43 +51,49 @@
   "With the groups that the module made of them."
   (plv-effacer (append (plv-uniques (apply 'append (mapcar 'plv-metres:groupes hachures))) hachures)))
 
-(defun plv-metres:anciennes (profil cle)
-  "The hatches of a record that are still in the drawing. It has their handles as texts: who erases a hatch leaves no pointer
-to nothing."
-  (vl-remove-if-not '(lambda (e) (and e (= (plv-cle 0 (entget e)) "HATCH")))
-    (mapcar '(lambda (g) (if (= (car g) 300) (handent (cdr g)))) (plv-enregistrement profil cle))))
+(defun plv-metres:cle-hachures (genre) (strcat "PLV_HACHURES_" (strcase genre)))
 
-(defun plv-metres:garder (profils genre rangees hachures / cle i siennes)
+(defun plv-metres:hachure-p (entite) (and entite (= (plv-type entite) "HATCH")))
+
+(defun plv-metres:anciennes (profil genre)
+  "The noted hatches that are still in the drawing."
+  (vl-remove-if-not 'plv-metres:hachure-p
+    (mapcar 'handent (plv-cles 300 (plv-enregistrement profil (plv-metres:cle-hachures genre))))))
+
+(defun plv-metres:garder (profil genre hachures)
   "The hatches take the place of those that the same kind of line had before."
-  (setq cle (strcat "PLV_HACHURES_" (strcase genre)) i -1)
-  (foreach p profils
-    (setq i (1+ i) siennes nil)
-    (foreach r rangees
-      (if (= (car r) i) (setq siennes (cons (car hachures) siennes) hachures (cdr hachures))))
-    (plv-metres:effacer (plv-metres:anciennes p cle))
-    (plv-ecrire-enregistrement p cle (mapcar '(lambda (h) (cons 300 (plv-handle h))) (reverse siennes)))))
+  (plv-metres:effacer (plv-metres:anciennes profil genre))
+  (plv-ecrire-enregistrement profil (plv-metres:cle-hachures genre) (mapcar '(lambda (h) (cons 300 (plv-handle h))) hachures)))
 
-(defun plv-metres:mesurer (profils genre hachurer / listes ajouts hachures rangees)
-  "(classes (profile section ...) ...), or nil after a message. The hatches stay in the drawing when they are wanted."
-  (plv-creer-calques)
-  (plv-metres:oublier-effaces profils)
-  (setq ajouts
-    (plv-ajouts-de
+;; --- measuring
+
+(defun plv-metres:hachurer (profils genre / faits)
+  "Opens the dialog and has it hatch: (its lists, the hatches)."
+  (setq faits
+    (plv-executer
       '(lambda ()
          (plv-avec-calque "PLV-HACHURES"
-           '(lambda () (setq listes (dialoguer c:cubpl (plv-metres:reponses profils genre '("SchematiserSurPLong")))))))))
-  (setq hachures (vl-remove-if-not '(lambda (e) (= (plv-cle 0 (entget e)) "HATCH")) ajouts)
-        rangees (vl-remove-if-not '(lambda (r) (= (length r) 7)) (car listes))
-        listes (if (= (length hachures) (length rangees))
-                 (cons (plv-metres:classes (caddr listes)) (plv-metres:repartir profils genre rangees hachures))))
-  (if (and hachurer (plv-metres:complet listes))
-    (plv-metres:garder profils genre rangees hachures)
+           '(lambda () (dialoguer c:cubpl (plv-metres:reponses profils genre '("SchematiserSurPLong"))))))))
+  (list (car faits) (vl-remove-if-not 'plv-metres:hachure-p (cadr faits))))
+
+(defun plv-metres:mesurer (profils genre hachurer / vus listes rangees hachures siennes mesures)
+  "The measures, or nil after a message. The hatches stay in the drawing when they are wanted."
+  (plv-creer-calques)
+  (plv-metres:oublier-effaces profils)
+  (setq vus (plv-metres:hachurer profils genre)
+        listes (car vus) hachures (cadr vus)
+        rangees (vl-remove-if-not 'plv-metres:rangee-p (car listes))
+        siennes (if (= (length hachures) (length rangees)) (plv-metres:par-profil profils rangees hachures)))
+  (if (and siennes (vl-every 'cadr siennes))
+    (setq mesures
+      (plv-mesures (plv-metres:classes (caddr listes))
+        (mapcar '(lambda (s) (cons (car s) (plv-metres:du-profil (car s) genre (cadr s) (caddr s)))) siennes))))
+  (if (and hachurer mesures)
+    (foreach s siennes (plv-metres:garder (car s) genre (caddr s)))
     (plv-metres:effacer hachures))
   (cond
-    ((plv-metres:complet listes) listes)
+    (mesures)
     (T (plv-erreur "une ligne de projet n'a pas pu etre mesuree: elle doit etre au droit du terrain"))))
-
-(defun plv-metres:complet (mesures) (and mesures (vl-every 'cdr (cdr mesures))))
 
 (defun plv-metres:ecrire (profils genre chemin / neuf)
   "Writes the workbook. The dialog says nothing of its success: it writes a name that is still free, which then takes the
@@ -130,29 +136,32 @@ place of a workbook that is there."
     ((setq faute (plv-metres:titre-refuse profils)) (strcat "ce numero ne peut pas etre le titre d'une feuille: " faute))
     (T (plv-metres:chemin-faux chemin))))
 
+(defun plv-refus-sans-ligne (genre profils)
+  (strcat "pas de ligne " genre " sur: " (plv-joindre (mapcar 'plv-numero-profil profils) " ")))
+
 (defun plv-metres:refus (numeros profils genre / absents)
   (cond
-    ((not profils) "le dessin n'a pas de profil: PLV-NOUVEAU en cree un")
-    ((member nil profils) (strcat "pas de profil numero " (nth (vl-position nil profils) numeros)))
-    ((plv-metres:refus-genre genre))
-    ((setq absents (vl-remove-if '(lambda (p) (plv-elements:enregistres p genre)) profils))
-     (strcat "pas de ligne " genre " sur: " (plv-joindre (mapcar 'plv-numero-profil absents) " ")))))
+    ((not profils) (plv-refus-sans-profil))
+    ((member nil profils) (plv-refus-numero (nth (vl-position nil profils) numeros)))
+    ((plv-refus-genre-projet genre))
+    ((setq absents (vl-remove-if '(lambda (p) (plv-elements p genre)) profils)) (plv-refus-sans-ligne genre absents))))
 
 ;; --- the call and the command
 
-(defun plv-metres (numeros genre chemin hachurer / profils faute resultat)
+(defun plv-metres (numeros genre chemin hachurer / profils faute mesures)
   "Measures profiles (a list of numbers, nil for all) with the project line of a kind; writes a workbook unless chemin is
-nil, leaves hatches on demand. Gives (classes (profile section ...) ...), or nil after a message."
+nil, leaves hatches on demand. Gives the measures, or nil after a message."
   (setq numeros (plv-uniques numeros)
         profils (if numeros (mapcar 'plv-profil-de-numero numeros) (plv-profils))
         genre (plv-genre genre)
         chemin (if (and chemin (not (vl-filename-extension chemin))) (strcat chemin ".xlsx") chemin))
   (cond
     ((setq faute (cond ((plv-metres:refus numeros profils genre)) ((plv-metres:refus-classeur profils chemin)))) (plv-erreur faute))
-    ((setq resultat (plv-metres:mesurer profils genre hachurer))
-     (foreach r (cdr resultat) (plv-metres:dire (car r) genre (car resultat) (cdr r)))
+    ((setq mesures (plv-metres:mesurer profils genre hachurer))
+     (foreach m (plv-mesures-profils mesures)
+       (plv-metres:dire (plv-mesure-profil m) genre (plv-mesures-classes mesures) (plv-mesure-troncons m)))
      (if chemin (plv-metres:ecrire profils genre chemin))
-     resultat)))
+     mesures)))
 
 (defun plv-metres:demander-numeros (/ reponse)
   (setq reponse (plv-demander-texte "Numeros des profils, separes par des virgules, ou Tous" "Tous"))
@@ -162,9 +171,9 @@ nil, leaves hatches on demand. Gives (classes (profile section ...) ...), or nil
   (if (plv-profils)
     (progn
       (setq numeros (plv-metres:demander-numeros)
-            genre (plv-metres:demander-genre (cond ((car (plv-genres-du-projet (car (plv-profils))))) ("Projet")))
+            genre (plv-demander-genre-projet (plv-genre-propose (car (plv-profils))))
             chemin (plv-demander-texte "Classeur a ecrire <aucun>" nil)
             hachurer (= (plv-demander-mot "Hachurer les classes" '("Oui" "Non") "Oui") "Oui"))
       (plv-metres numeros genre (if (/= chemin "") chemin) hachurer))
-    (plv-erreur "le dessin n'a pas de profil: PLV-NOUVEAU en cree un"))
+    (plv-erreur (plv-refus-sans-profil)))
   (princ))

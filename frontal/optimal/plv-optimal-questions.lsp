@@ -7,38 +7,33 @@
         question (strcat "Station,profondeur " question " ou [Pointer] <" (plv-reel (+ origine d) 2) ",1.00>"))
   (while (not bout)
     (setq reponse (plv-demander-texte question nil)
-          couple (mapcar 'plv-nombre (plv-couper reponse ","))
+          couple (plv-couple reponse)
           bout
            (cond
              ((= reponse "") (plv-optimal:sous-terrain profil d 1.0))
              ((member (strcase reponse) '("P" "POINTER")) (plv-optimal:pointer profil (getpoint "\nPoint du profil: ")))
-             ((and (= (length couple) 2) (not (member nil couple)))
-              (plv-optimal:sous-terrain profil (- (car couple) origine) (cadr couple)))
-             (T (plv-dire "Deux nombres separes par une virgule sont attendus, avec un point decimal.") nil))))
+             (couple (plv-optimal:sous-terrain profil (- (car couple) origine) (cadr couple)))
+             (T (plv-dire-couple) nil))))
   bout)
 
 (defun plv-optimal:dans (profil bout)
   "The end, or nil after a message for one beside the profile."
   (cond
-    ((<= -1e-6 (car bout) (+ (cadr (pl_InfosTn profil)) 1e-6)) bout)
+    ((<= -1e-6 (car bout) (+ (plv-longueur-profil profil) 1e-6)) bout)
     (T
      (plv-dire (strcat "Les stations du profil vont de " (plv-reel (plgxd profil "DCUMDEB") 2) " a "
-                       (plv-reel (+ (plgxd profil "DCUMDEB") (cadr (pl_InfosTn profil))) 2) "."))
+                       (plv-reel (+ (plgxd profil "DCUMDEB") (plv-longueur-profil profil)) 2) "."))
      nil)))
 
 (defun plv-optimal:sous-terrain (profil d profondeur)
   (if (plv-optimal:dans profil (list d 0.0))
-    (list d (- (plv-metres:altitude (plv-points-tn profil) d) profondeur))))
+    (list d (- (plv-altitude-ligne (plv-points-tn profil) d) profondeur))))
 
-(defun plv-optimal:pointer (profil point / origine d)
+(defun plv-optimal:pointer (profil point)
   "A point of the drawing as (distance altitude)."
-  (if point
-    (progn
-      (setq origine (plv-cle 10 (entget profil)) d (- (car point) (car origine)))
-      (plv-optimal:dans profil
-        (list d (+ (cadr (plv-plan-en (plv-tables:plans profil) d)) (/ (- (cadr point) (cadr origine)) (plgxd profil "ECHV"))))))))
+  (if point (plv-optimal:dans profil (plv-vers-profil (plv-repere profil) point))))
 
-(defun plv-optimal:profondeur (question defaut / reponse)
+(defun plv-optimal:demander-profondeur (question defaut / reponse)
   (setq reponse (getreal (strcat "\n" question " <" (plv-reel defaut 2) ">: ")))
   (cond (reponse) (defaut)))
 
@@ -51,12 +46,12 @@
 (defun c:plv-optimal (/ profil genre anciens depart arrivee minimum maximum garder)
   (if (and (setq profil (plv-choisir-profil)) (or (cdr (plv-points-tn profil)) (plv-erreur "ce profil n'a pas de terrain naturel")))
     (progn
-      (setq genre (plv-metres:demander-genre "Assainissement")
+      (setq genre (plv-demander-genre-projet "Assainissement")
             anciens (plv-optimal:a-remplacer profil genre)
             depart (plv-optimal:bout profil "du depart" (car (car (plv-points-tn profil))))
-            arrivee (plv-optimal:bout profil "de l'arrivee" (cadr (pl_InfosTn profil)))
-            minimum (plv-optimal:profondeur "Profondeur minimale (un nombre negatif est une surelevation)" 0.8)
-            maximum (plv-optimal:profondeur "Profondeur maximale" 1.6)
+            arrivee (plv-optimal:bout profil "de l'arrivee" (plv-longueur-profil profil))
+            minimum (plv-optimal:demander-profondeur "Profondeur minimale (un nombre negatif est une surelevation)" 0.8)
+            maximum (plv-optimal:demander-profondeur "Profondeur maximale" 1.6)
             garder (= (plv-demander-mot "Garder le trace de la recherche" '("Oui" "Non") "Non") "Oui"))
       (if (plv-optimal profil genre depart arrivee minimum maximum garder) (plv-effacer anciens))))
   (princ))

@@ -4,89 +4,84 @@
 
 ;; --- the module's search
 
-(defun plv-optimal:point (profil d z)
-  "The place of a point in the drawing."
-  (plv-point (+ (car (plv-cle 10 (entget profil))) d)
-    (plv-profil:ordonnee z (plv-plan-en (plv-tables:plans profil) d) (plgxd profil "ECHV") (cadr (plv-cle 10 (entget profil))))))
-
-(defun plv-optimal:copie (profil points / copie)
-  "A profile in the same place with a ground of its own."
-  (plv-profil:preparer)
-  (setq copie (plv-profil:inserer (plv-cle 10 (entget profil)) (plv-numero-profil profil) (plgxd profil "TTXT")))
-  (plv-profil:cles copie (mapcar '(lambda (cle) (list cle (plgxd profil cle))) '("ECHV" "TTXT" "ID" "PRPC")))
-  (plv-profil:terrain copie points)
-  copie)
-
 (defun plv-optimal:proposer (profil depart arrivee minimum maximum / points copie ajouts)
   "Runs the search; the entities that it made, the trace first and the line last. The module also weighs ground points
 beside the ends, against the prolongation of the line: for a part of the profile it gets the ground of that part only."
   (setq points (plv-points-tn profil))
   (if (or (> (car depart) (+ (caar points) 1e-6)) (< (car arrivee) (- (car (plv-dernier points)) 1e-6)))
-    (setq copie (plv-optimal:copie profil (plv-metres:entre points (car depart) (car arrivee)))))
+    (setq copie (plv-copier-profil profil (plv-ligne-entre points (car depart) (car arrivee)))))
   (setq ajouts (plv-optimal:appeler (cond (copie) (profil)) depart arrivee minimum maximum))
   (if copie (entdel copie))
   ajouts)
 
-(defun plv-optimal:ecarte (profil bout sens)
+(defun plv-optimal:ecarte (repere bout sens)
   "An end beside a change of plane instead of on it: there the drawing doesn't tell its altitude."
-  (if (vl-member-if '(lambda (p) (equal (car p) (car bout) 1e-6)) (plv-tables:plans profil))
+  (if (vl-member-if '(lambda (p) (equal (plv-plan-debut p) (car bout) 1e-6)) (plv-repere-plans repere))
     (list (+ (car bout) (* sens 2e-6)) (cadr bout))
     bout))
 
-(defun plv-optimal:appeler (profil depart arrivee minimum maximum)
-  (setq depart (plv-optimal:ecarte profil depart 1) arrivee (plv-optimal:ecarte profil arrivee -1))
+(defun plv-optimal:appeler (profil depart arrivee minimum maximum / repere)
+  (setq repere (plv-repere profil)
+        depart (plv-optimal:ecarte repere depart 1)
+        arrivee (plv-optimal:ecarte repere arrivee -1))
   (plv-ajouts-de
     '(lambda ()
        (dialoguer pl_TraceOptimal
-         (list (list profil (plv-cle 10 (entget profil)))
-               (apply 'plv-optimal:point (cons profil depart)) (apply 'plv-optimal:point (cons profil arrivee))
+         (list (list profil (plv-repere-origine repere))
+               (apply 'plv-vers-dessin (cons repere depart)) (apply 'plv-vers-dessin (cons repere arrivee))
                minimum maximum)))))
 
 (defun plv-optimal:ligne (profil polyligne depart arrivee)
   "The vertices of the module's line, its ends as they were asked for."
   (append (list depart) (plv-sans-dernier (cdr (plv-optimal:sommets profil polyligne))) (list arrivee)))
 
-(defun plv-optimal:sommets (profil polyligne / origine echv plan sommets point)
+(defun plv-optimal:sommets (profil polyligne / repere plan sommets point)
   "The vertices in metres, each once. The module draws all of them over the first plane."
-  (setq origine (plv-cle 10 (entget profil)) echv (plgxd profil "ECHV") plan (cadr (car (plv-tables:plans profil))))
-  (foreach g (entget polyligne)
-    (if (= (car g) 10)
-      (progn
-        (setq point (list (- (cadr g) (car origine)) (+ plan (/ (- (caddr g) (cadr origine)) echv))))
-        (if (not (and sommets (equal point (car sommets) 1e-6))) (setq sommets (cons point sommets))))))
+  (setq repere (plv-repere profil) plan (car (plv-repere-plans repere)))
+  (foreach p (plv-cles 10 (entget polyligne))
+    (setq point (plv-vers-profil-sur repere plan p))
+    (if (not (and sommets (equal point (car sommets) 1e-6))) (setq sommets (cons point sommets))))
   (reverse sommets))
 
 (defun plv-optimal:suites (sommets / suites)
-  "The vertices without a drop: below a wall of the ground the line ends, and goes on at another altitude behind it."
+  "The vertices without a drop: below a wall of the ground the line ends, and goes on at another altitude after it."
   (foreach s sommets
     (setq suites
       (cond
         ((not suites) (list (list s)))
         ((> (car s) (+ (caaar suites) 2e-6)) (cons (cons s (car suites)) (cdr suites)))
-        (T (cons (list (list (plv-profil:derriere (caar suites) s) (cadr s))) suites)))))
+        (T (cons (list (list (plv-derriere (caar suites) s) (cadr s))) suites)))))
   (vl-remove-if-not 'cdr (reverse (mapcar 'reverse suites))))
 
 (defun plv-optimal:attacher (profil genre suite / origine)
   (setq origine (plgxd profil "DCUMDEB"))
   (plv-projet profil genre (mapcar '(lambda (s) (list (+ origine (car s)) (cadr s))) suite)))
 
-;; --- what leaves the band
+;; --- what leaves the band: stretches (from to extreme-depth sense), the sense positive for too deep
 
-(defun plv-optimal:profondeurs (terrain sommets / d1 d2)
-  "For each stretch in which neither line changes its slope its two ends (distance depth)."
+(defun plv-hors-extreme (hors) (caddr hors))
+(defun plv-hors-sens (hors) (cadddr hors))
+
+(defun plv-optimal:profondeur (terrain sommets d)
+  "(distance depth), on the straight lines through the first two points of both."
+  (list d (- (plv-interpoler terrain d) (plv-interpoler sommets d))))
+
+(defun plv-optimal:stations (terrain sommets / d1 d2)
+  "Where one of the lines may change its slope."
   (setq d1 (caar sommets) d2 (car (plv-dernier sommets)))
-  (plv-optimal:par-stations terrain sommets
-    (vl-sort (append (mapcar 'car sommets) (vl-remove-if-not '(lambda (d) (< d1 d d2)) (mapcar 'car terrain))) '<)))
+  (vl-sort (append (mapcar 'car sommets) (vl-remove-if-not '(lambda (d) (< d1 d d2)) (mapcar 'car terrain))) '<))
 
-(defun plv-optimal:par-stations (terrain sommets stations)
-  (vl-remove nil
-    (mapcar
-      '(lambda (a b)
-         (if (> (- b a) 1e-9)
-           (progn
-             (setq terrain (plv-metres:avancer terrain a) sommets (plv-metres:avancer sommets a))
-             (mapcar '(lambda (d) (list d (- (plv-trace:altitude terrain d) (plv-trace:altitude sommets d)))) (list a b)))))
-      stations (cdr stations))))
+(defun plv-optimal:profondeurs (terrain sommets / stations a b bouts)
+  "For each stretch in which neither line changes its slope its two ends (distance depth)."
+  (setq stations (plv-optimal:stations terrain sommets))
+  (while (cdr stations)
+    (setq a (car stations) b (cadr stations) stations (cdr stations))
+    (if (> (- b a) 1e-9)
+      ;; Both lines go on from here, so that each is walked along once.
+      (setq terrain (plv-ligne-depuis terrain a)
+            sommets (plv-ligne-depuis sommets a)
+            bouts (cons (list (plv-optimal:profondeur terrain sommets a) (plv-optimal:profondeur terrain sommets b)) bouts))))
+  (reverse bouts))
 
 (defun plv-optimal:ecart (profondeur minimum maximum)
   "By how much a depth leaves the band: positive too deep, negative too shallow, 0 inside."
@@ -103,51 +98,54 @@ beside the ends, against the prolongation of the line: for a part of the profile
       (setq coupes (cons (list (plv-optimal:croisement a b limite) limite) coupes))))
   (append (list a) (vl-sort coupes '(lambda (p q) (< (car p) (car q)))) (list b)))
 
-(defun plv-optimal:hors-bande (terrain suites minimum maximum / morceaux)
-  "Stretches that leave the band, left to right: (d1 d2 extreme-depth sense)."
-  (foreach suite suites
-    (foreach bouts (plv-optimal:profondeurs terrain suite)
-      (setq bouts (plv-optimal:coupes (car bouts) (cadr bouts) minimum maximum))
-      (mapcar '(lambda (p q) (setq morceaux (plv-optimal:ajouter morceaux p q minimum maximum))) bouts (cdr bouts))))
-  (reverse morceaux))
-
-(defun plv-optimal:ajouter (morceaux p q minimum maximum / ecart)
+(defun plv-optimal:hors (p q minimum maximum / ecart)
+  "The stretch between two points, in a list; nil inside the band."
   (setq ecart (plv-optimal:ecart (* 0.5 (+ (cadr p) (cadr q))) minimum maximum))
   (if (and (/= ecart 0.0) (> (- (car q) (car p)) 1e-6))
-    (plv-optimal:joindre morceaux (car p) (car q) ((if (> ecart 0) max min) (cadr p) (cadr q)) ecart)
-    morceaux))
+    (list (list (car p) (car q) ((if (> ecart 0) max min) (cadr p) (cadr q)) ecart))))
 
-(defun plv-optimal:joindre (morceaux d1 d2 extreme sens / dernier)
-  (setq dernier (car morceaux))
-  (if (and dernier (equal (cadr dernier) d1 1e-6) (> (* sens (cadddr dernier)) 0))
-    (cons (list (car dernier) d2 ((if (> sens 0) max min) extreme (caddr dernier)) sens) (cdr morceaux))
-    (cons (list d1 d2 extreme sens) morceaux)))
+(defun plv-optimal:hors-bande (terrain suites minimum maximum / morceaux)
+  "The stretches that leave the band, left to right."
+  (foreach suite suites
+    (foreach bouts (plv-optimal:profondeurs terrain suite)
+      (setq bouts (plv-optimal:coupes (car bouts) (cadr bouts) minimum maximum)
+            morceaux (append (reverse (apply 'append (mapcar '(lambda (p q) (plv-optimal:hors p q minimum maximum)) bouts (cdr bouts)))) morceaux))))
+  (reverse (plv-plier 'plv-optimal:joindre nil (reverse morceaux))))
+
+(defun plv-optimal:joindre (joints hors / dernier sens)
+  "A stretch that goes on from the last one on the same side of the band makes one with it."
+  (setq dernier (car joints) sens (plv-hors-sens hors))
+  (if (and dernier (equal (plv-fin dernier) (plv-debut hors) 1e-6) (> (* sens (plv-hors-sens dernier)) 0))
+    (cons (list (plv-debut dernier) (plv-fin hors) ((if (> sens 0) max min) (plv-hors-extreme hors) (plv-hors-extreme dernier)) sens)
+          (cdr joints))
+    (cons hors joints)))
 
 ;; --- the report
 
-(defun plv-optimal:rangee (textes) (plv-metres:colonnes textes '(12 12 12 12 12)))
+(defun plv-optimal:rangee (textes) (plv-colonnes textes '(12 12 12 12 12)))
 
-(defun plv-optimal:dire (profil suites minimum maximum / hors origine)
-  (setq hors (plv-optimal:hors-bande (plv-points-tn profil) suites minimum maximum)
-        origine (plgxd profil "DCUMDEB"))
+(defun plv-optimal:dire (profil suites minimum maximum / hors)
+  (setq hors (plv-optimal:hors-bande (plv-points-tn profil) suites minimum maximum))
   (plv-dire (strcat "Ligne optimale: " (itoa (apply '+ (mapcar 'length suites))) " sommets, profondeurs demandees "
                     (plv-reel minimum 2) " a " (plv-reel maximum 2) " m."))
   (if hors
-    (progn
-      (plv-dire "Hors des profondeurs demandees:")
-      (plv-optimal:rangee '("debut" "fin" "longueur" "profondeur" "ecart"))
-      (foreach m hors
-        (plv-optimal:rangee
-          (mapcar '(lambda (valeur) (plv-reel valeur 3))
-            (list (+ origine (car m)) (+ origine (cadr m)) (- (cadr m) (car m)) (caddr m)
-                  (plv-optimal:ecart (caddr m) minimum maximum))))))
+    (plv-optimal:dire-hors hors (plgxd profil "DCUMDEB") minimum maximum)
     (plv-dire "Toute la ligne est dans les profondeurs demandees."))
   (plv-optimal:dire-sous-plan profil (apply 'append suites)))
 
+(defun plv-optimal:dire-hors (hors origine minimum maximum)
+  (plv-dire "Hors des profondeurs demandees:")
+  (plv-optimal:rangee '("debut" "fin" "longueur" "profondeur" "ecart"))
+  (foreach h hors
+    (plv-optimal:rangee
+      (mapcar '(lambda (valeur) (plv-reel valeur 3))
+        (list (+ origine (plv-debut h)) (+ origine (plv-fin h)) (plv-longueur h) (plv-hors-extreme h)
+              (plv-optimal:ecart (plv-hors-extreme h) minimum maximum))))))
+
 (defun plv-optimal:dire-sous-plan (profil sommets / plans bas)
   "A line that falls below its plane runs through the tables."
-  (setq plans (plv-tables:plans profil)
-        bas (car (vl-member-if '(lambda (s) (< (cadr s) (cadr (plv-plan-en plans (car s))))) sommets)))
+  (setq plans (plv-plans profil)
+        bas (car (vl-member-if '(lambda (s) (< (cadr s) (plv-plan-altitude (plv-plan-en plans (car s))))) sommets)))
   (if bas
     (plv-dire (strcat "A la station " (plv-reel (+ (plgxd profil "DCUMDEB") (car bas)) 3)
                       " elle descend sous le plan de comparaison: PLV-PC en ajoute un plus bas."))))
@@ -156,10 +154,10 @@ beside the ends, against the prolongation of the line: for a part of the profile
 
 (defun plv-optimal:refus (profil genre depart arrivee)
   (cond
-    ((plv-metres:refus-genre genre))
-    ((not (plv-support profil genre)) (strcat "ce profil n'a pas de support pour le genre " genre))
+    ((plv-refus-genre-projet genre))
+    ((not (plv-support profil genre)) (plv-refus-support genre))
     ((not (cdr (plv-points-tn profil))) "ce profil n'a pas de terrain naturel")
-    ((not (< -1e-6 (car depart) (- (car arrivee) 1e-3) (+ (cadr (pl_InfosTn profil)) 1e-6)))
+    ((not (< -1e-6 (car depart) (- (car arrivee) 1e-3) (+ (plv-longueur-profil profil) 1e-6)))
      "le depart et l'arrivee sont dans le profil, de gauche a droite")))
 
 (defun plv-optimal (profil genre depart arrivee minimum maximum garder / faute ajouts suites)

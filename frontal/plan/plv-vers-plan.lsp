@@ -1,60 +1,64 @@
 ;; PlKavelVersPlan: equipment, slopes and directions of a profile onto its axis in plan.
 ;; What an earlier call drew is listed with the profile and goes first.
 
-(defun plv-plan:a-cote (segments d ecart / lieu)
-  "The point beside the axis at a distance, to the left; the direction too."
+(setq plv-vers-plan:cle "PLV_VERS_PLAN" plv-vers-plan:calque "PLV-PLAN")
+
+(defun plv-vers-plan:a-cote (segments d ecart / lieu)
+  "The point beside the axis at a distance, to the left."
   (setq lieu (plv-axe-en segments d))
-  (list (polar (car lieu) (+ (cadr lieu) (* 0.5 pi)) ecart) (cadr lieu)))
+  (polar (plv-lieu-point lieu) (+ (plv-lieu-direction lieu) (* 0.5 pi)) ecart))
 
-(defun plv-plan:fleche (segments tr ttxt / milieu demi sens a b)
-  "An arrow down the slope with its figure, half way along a stretch."
-  (setq milieu (* 0.5 (+ (car tr) (cadr tr)))
-        demi (* (if (< (caddr tr) 0.0) 1.0 -1.0) (min (* 4.0 ttxt) (* 0.45 (- (cadr tr) (car tr)))))
-        a (car (plv-plan:a-cote segments (- milieu demi) (* 1.5 ttxt)))
-        b (car (plv-plan:a-cote segments (+ milieu demi) (* 1.5 ttxt))))
-  (pl_fleche a b (* 0.8 ttxt) (strcat (plv-reel (abs (* 100.0 (caddr tr))) 2) " %")))
+(defun plv-vers-plan:fleche (segments piece ttxt / milieu demi)
+  "An arrow down the slope with its figure, half way along a slope piece."
+  (setq milieu (plv-milieu piece)
+        demi (* (if (< (plv-pente-valeur piece) 0.0) 1.0 -1.0) (min (* 4.0 ttxt) (* 0.45 (plv-longueur piece)))))
+  (pl_fleche (plv-vers-plan:a-cote segments (- milieu demi) (* 1.5 ttxt))
+             (plv-vers-plan:a-cote segments (+ milieu demi) (* 1.5 ttxt))
+             (* 0.8 ttxt) (strcat (plv-reel (abs (* 100.0 (plv-pente-valeur piece))) 2) " %")))
 
-(defun plv-plan:bloc (segments bloc d ttxt / groupes lieu rang)
+(defun plv-vers-plan:bloc (segments bloc d ttxt / groupes lieu point direction rang)
   "The same block on the axis, with its attributes beside it."
-  (setq groupes (entget bloc) lieu (plv-axe-en segments d) rang 0)
-  (entmake (list '(0 . "INSERT") '(8 . "PLV-PLAN") '(66 . 1) (cons 2 (plv-cle 2 groupes))
-                 (cons 10 (plv-point (caar lieu) (cadar lieu)))
+  (setq groupes (entget bloc)
+        lieu (plv-axe-en segments d)
+        direction (plv-lieu-direction lieu)
+        point (plv-point (car (plv-lieu-point lieu)) (cadr (plv-lieu-point lieu)))
+        rang 0)
+  (entmake (list '(0 . "INSERT") (cons 8 plv-vers-plan:calque) '(66 . 1) (cons 2 (plv-cle 2 groupes)) (cons 10 point)
                  (cons 41 (cond ((plv-cle 41 groupes)) (1.0))) (cons 42 (cond ((plv-cle 42 groupes)) (1.0)))))
   (foreach a (plv-attributs bloc)
-    (entmake (list '(0 . "ATTRIB") '(8 . "PLV-PLAN") (cons 1 (cdr a)) (cons 2 (car a)) '(70 . 0) (cons 40 (* 0.7 ttxt))
-                   (cons 10 (polar (polar (plv-point (caar lieu) (cadar lieu)) (- (cadr lieu) (* 0.5 pi)) (* ttxt (+ 1.6 rang))) (cadr lieu) (* -0.7 ttxt)))
-                   (cons 50 (cadr lieu))))
+    (entmake (list '(0 . "ATTRIB") (cons 8 plv-vers-plan:calque) (cons 1 (cdr a)) (cons 2 (car a)) '(70 . 0) (cons 40 (* 0.7 ttxt))
+                   (cons 10 (polar (polar point (- direction (* 0.5 pi)) (* ttxt (+ 1.6 rang))) direction (* -0.7 ttxt)))
+                   (cons 50 direction)))
     (setq rang (1+ rang)))
-  (entmake '((0 . "SEQEND") (8 . "PLV-PLAN"))))
+  (entmake (list '(0 . "SEQEND") (cons 8 plv-vers-plan:calque))))
 
-(defun plv-plan:dessiner (profil segments genre ttxt / origine)
-  (setq origine (cadr (assoc 10 (entget profil))))
-  (foreach tr (if genre (plv-troncons profil genre))
-    (if (and (numberp (caddr tr)) (> (abs (caddr tr)) 5e-5) (> (- (cadr tr) (car tr)) (* 5.0 ttxt)))
-      (plv-plan:fleche segments tr ttxt)))
+(defun plv-vers-plan:dessiner (profil segments genre ttxt / origine)
+  (setq origine (car (plv-origine profil)))
+  (foreach piece (if genre (plv-elements-de-pente profil genre))
+    (if (and (plv-pente-droite-p piece) (> (abs (plv-pente-valeur piece)) 5e-5) (> (plv-longueur piece) (* 5.0 ttxt)))
+      (plv-vers-plan:fleche segments piece ttxt)))
   (foreach bloc (plv-blocs profil)
-    (plv-plan:bloc segments bloc (- (cadr (assoc 10 (entget bloc))) origine) ttxt)))
+    (plv-vers-plan:bloc segments bloc (- (car (plv-origine bloc)) origine) ttxt)))
 
 (defun plv-vers-plan (profil / axe entites)
   "Draws on the axis of the profile; gives the entities, or nil after a message."
   (plv-creer-calques)
   (if (setq axe (plv-axe-plan profil))
     (progn
-      (plv-effacer (mapcar 'cdr (plv-enregistrement profil "PLV_VERS_PLAN")))
+      (plv-effacer (plv-entites-enregistrees profil plv-vers-plan:cle))
       (setq entites
         (plv-ajouts-de
           '(lambda ()
-             (plv-avec-calque "PLV-PLAN"
-               '(lambda () (plv-plan:dessiner profil (plv-axe-segments axe) (car (plv-genres-du-projet profil)) (plgxd profil "TTXT")))))))
-      (plv-ecrire-enregistrement profil "PLV_VERS_PLAN" (mapcar '(lambda (e) (cons 330 e)) entites))
+             (plv-avec-calque plv-vers-plan:calque
+               '(lambda () (plv-vers-plan:dessiner profil (plv-axe-segments axe) (car (plv-genres-du-projet profil)) (plgxd profil "TTXT")))))))
+      (plv-enregistrer-entites profil plv-vers-plan:cle entites)
       (plv-dire (strcat (itoa (length entites)) " entites portees sur l'axe en plan."))
       entites)
     (plv-erreur "ce profil n'a pas d'axe en plan: PLV-AXE en associe un")))
 
-(defun c:PlKavelVersPlan (/ profil choix)
+(defun c:PlKavelVersPlan (/ profil)
   (if (setq profil (plv-profil-courant))
     (progn
-      (if (and (not (plv-axe-plan profil)) (setq choix (entsel "\nPolyligne de l'axe en plan: ")))
-        (plv-associer-axe profil (car choix)))
+      (if (not (plv-axe-plan profil)) (plv-demander-axe profil))
       (plv-vers-plan profil)))
   (princ))

@@ -1,129 +1,102 @@
-;; Project elements as rows and edits need them: who belongs to a kind of line, altitudes, stretches with their slopes.
+;; Project elements: the curves that belong to a kind of line, and the altitude of a project line.
 ;; Curves are read through the module (pl_glp, pl_yat); only their plane is decided here, section by section.
 
-;; word shown to the user, and key of the support; the module knows the words without regard to case
-(setq plv-elements:genres
-  '(("Voirie" . "HVOIRIE") ("Assainissement" . "HASS") ("AEp" . "HAEP") ("Terrassements" . "HTERRA")
-    ("Projet" . "HPROJ") ("Generique" . "HGEN") ("TN" . "HTN")))
+(setq plv-elements:cle "ELEMS_PROJET_KAVEL" plv-elements:cle-du-projet "ELEMDUPROJET" plv-elements:cle-rayon "RAYON")
 
-(defun plv-genre (mot / trouve)
-  "The kind of line of a word, spelled as the table has it; nil for another word."
-  (foreach paire plv-elements:genres
-    (if (= (strcase (car paire)) (strcase mot)) (setq trouve (car paire))))
-  trouve)
+(defun plv-support (profil genre) (plgxd profil (plv-cle-genre genre)))
 
-(defun plv-demander-genre (defaut)
-  (plv-demander-mot "Genre de ligne" (mapcar 'car plv-elements:genres) defaut))
+(defun plv-refus-support (genre) (strcat "ce profil n'a pas de support pour le genre " genre))
 
-(defun plv-support (profil genre) (plgxd profil (plv-cle (plv-genre genre) plv-elements:genres)))
+(defun plv-enregistrement-elements (support) (plv-enregistrement support plv-elements:cle))
 
-(defun plv-elements:enregistres (profil genre / support)
+(defun plv-elements (profil genre / support)
   "The entities of a kind's record that are still in the drawing, each once."
   (if (setq support (plv-support profil genre))
-    (plv-uniques
-      (vl-remove-if-not 'entget
-        (mapcar 'cdr (vl-remove-if-not '(lambda (g) (= (car g) 330)) (plv-enregistrement support "ELEMS_PROJET_KAVEL")))))))
+    (plv-uniques (plv-entites-enregistrees support plv-elements:cle))))
 
-(defun plv-elements-ecrire (profil genre entites)
-  (plv-ecrire-enregistrement (plv-support profil genre) "ELEMS_PROJET_KAVEL" (mapcar '(lambda (e) (cons 330 e)) entites)))
+(defun plv-elements-effaces-p (profil genre / support)
+  "T when a kind's record names entities that are gone."
+  (if (setq support (plv-support profil genre))
+    (vl-some '(lambda (e) (not (entget e))) (plv-cles 330 (plv-enregistrement-elements support)))))
+
+(defun plv-ecrire-elements (profil genre entites)
+  (plv-enregistrer-entites (plv-support profil genre) plv-elements:cle entites))
 
 (defun plv-du-projet (entite)
   "T for a curve that is part of the project, nil for one that is only attached."
-  (equal (plgxd entite "ELEMDUPROJET") 1))
+  (equal (plgxd entite plv-elements:cle-du-projet) 1))
 
-(defun plv-elements-du-projet (profil genre) (vl-remove-if-not 'plv-du-projet (plv-elements:enregistres profil genre)))
+(defun plv-element-connu (entite)
+  "Whether a curve says anything of its part in the project."
+  (plgxd entite plv-elements:cle-du-projet))
+
+(defun plv-marquer-du-projet (entite oui) (plsxd entite plv-elements:cle-du-projet (if oui 1 0)))
+
+(defun plv-elements-du-projet (profil genre) (vl-remove-if-not 'plv-du-projet (plv-elements profil genre)))
 
 (defun plv-genres-du-projet (profil)
   "Kinds that have a project line, the project's own kind first."
   (vl-remove-if-not '(lambda (genre) (plv-elements-du-projet profil genre))
-    '("Projet" "Voirie" "Assainissement" "AEp" "Terrassements" "Generique")))
+    (cons "Projet" (vl-remove "Projet" (vl-remove "TN" (plv-genres))))))
 
-;; --- pieces: (d1 d2 nature entity), left to right; the nature is a slope, or T for a curve
+(defun plv-genre-propose (profil)
+  "The kind that a question about a project line proposes."
+  (cond ((car (plv-genres-du-projet profil))) ("Projet")))
 
-(defun plv-elements:morceaux (profil entite / jeu)
-  (setq jeu (ssadd))
-  (ssadd entite jeu)
-  (vl-remove-if '(lambda (m) (< (- (cadr m) (car m)) 1e-6))
-    (mapcar
-      '(lambda (piece)
-         (list (min (caar piece) (caadr piece)) (max (caar piece) (caadr piece))
-               (if (numberp (caddr piece)) (caddr piece) T) entite))
-      (pl_glp profil jeu))))
+(defun plv-attacher (profil genre entites / deja nouvelles)
+  "Makes curves project elements of a kind; those that it holds already are only marked."
+  (setq deja (plv-elements profil genre)
+        nouvelles (vl-remove-if '(lambda (e) (member e deja)) entites))
+  (foreach e entites (if (member e deja) (plv-marquer-du-projet e T)))
+  (if nouvelles (pl_elem_prj profil genre (plv-jeu nouvelles))))
 
-(defun plv-elements:suite (a b)
-  "T when piece b goes on where a ends, in the same slope or the same vertical curve."
-  (and (equal (cadr a) (car b) 1e-6)
-       (if (numberp (caddr a))
-         (and (numberp (caddr b)) (equal (caddr a) (caddr b) 1e-6))
-         (and (eq (caddr b) T) (plv-rayon (cadddr a)) (equal (plv-rayon (cadddr a)) (plv-rayon (cadddr b)) 1e-6)))))
+;; --- what a vertical curve was drawn with: its radius, and its shape C (circle) or P (parabola)
 
-(defun plv-rayon (entite) (plgxd entite "RAYON"))
+(defun plv-rayon (entite) (plgxd entite plv-elements:cle-rayon))
+(defun plv-forme (entite) (cond ((plgxd entite "RACCORD")) ("C")))
 
-(defun plv-troncons (profil genre / troncons)
-  "Stretches of the project line of a kind, joined over the changes of plane."
-  (foreach m (vl-sort (apply 'append (mapcar '(lambda (e) (plv-elements:morceaux profil e)) (plv-elements-du-projet profil genre)))
-                      '(lambda (a b) (< (car a) (car b))))
-    (setq troncons
-      (if (and troncons (plv-elements:suite (car troncons) m))
-        (cons (list (caar troncons) (cadr m) (caddar troncons) (cadddr (car troncons))) (cdr troncons))
-        (cons m troncons))))
-  (reverse troncons))
+(defun plv-noter-raccord (entite rayon forme)
+  (plv-ecrire-cles entite (list (list plv-elements:cle-rayon (float rayon)) (list "RACCORD" forme))))
+
+(defun plv-cles-element (entite)
+  "The keys of an element with their values, for a piece of it that has none."
+  (vl-remove-if-not 'cadr
+    (mapcar '(lambda (c) (list c (plgxd entite c))) (list plv-elements:cle-du-projet plv-elements:cle-rayon "RACCORD"))))
+
+;; --- elements with their place: (from to plane-or-nil entity); nil for the plane of one that runs over several sections
+
+(defun plv-situe-plan (situe) (caddr situe))
+(defun plv-situe-entite (situe) (cadddr situe))
+
+(defun plv-elements-situes (profil genre / plans)
+  "The project elements of a kind with their place, left to right."
+  (setq plans (plv-plans profil))
+  (vl-sort
+    (vl-remove nil (mapcar '(lambda (e) (plv-elements:situer plans (plv-pentes-de profil e) e)) (reverse (plv-elements-du-projet profil genre))))
+    '(lambda (a b) (< (plv-debut a) (plv-debut b)))))
+
+(defun plv-elements:situer (plans pentes entite / d1 d2 a b)
+  (if pentes
+    (progn
+      (setq d1 (apply 'min (mapcar 'plv-debut pentes)) d2 (apply 'max (mapcar 'plv-fin pentes))
+            a (plv-plan-en plans (+ d1 1e-6)) b (plv-plan-en plans (- d2 1e-6)))
+      (list d1 d2 (if (equal a b) a) entite))))
 
 ;; --- altitudes
 
-(defun plv-elements-situes (profil genre / plans situes morceaux)
-  "Project elements as (d1 d2 plane-or-nil entity); nil for the plane of one that runs over several sections."
-  (setq plans (plv-tables:plans profil))
-  (foreach e (plv-elements-du-projet profil genre)
-    (if (setq morceaux (plv-elements:morceaux profil e))
-      (setq situes (cons (plv-elements:situer plans (apply 'min (mapcar 'car morceaux)) (apply 'max (mapcar 'cadr morceaux)) e)
-                         situes))))
-  (vl-sort situes '(lambda (a b) (< (car a) (car b)))))
-
-(defun plv-elements:situer (plans d1 d2 entite / a b)
-  (setq a (plv-plan-en plans (+ d1 1e-6)) b (plv-plan-en plans (- d2 1e-6)))
-  (list d1 d2 (if (equal a b) a) entite))
-
-(defun plv-altitude-projet (profil situes plans d / point y plan altitude)
+(defun plv-altitude-projet (profil situes plans d / repere altitude)
   "Altitude of the project line at a distance, nil where it is not. At a change of plane the section before serves."
-  (setq point (plv-cle 10 (entget profil)))
+  (setq repere (list (plv-origine profil) (plgxd profil "ECHV") plans))
   (foreach s situes
-    (if (and (not altitude) (>= d (- (car s) 1e-6)) (<= d (+ (cadr s) 1e-6))
-             (setq y (plv-elements:y (cadddr s) (car point) (plv-entre d (car s) (cadr s)) (car s) (cadr s))))
-      (setq plan (cond ((caddr s)) ((plv-plan-en plans d)))
-            altitude (+ (cadr plan) (/ (- y (cadr point)) (plgxd profil "ECHV"))))))
+    (if (and (not altitude) (>= d (- (plv-debut s) 1e-6)) (<= d (+ (plv-fin s) 1e-6)))
+      (setq altitude (plv-elements:altitude repere s d))))
   altitude)
 
-(defun plv-elements:y (entite x0 d d1 d2)
+(defun plv-elements:altitude (repere s d / y)
+  (if (setq y (plv-elements:y repere s (plv-entre d (plv-debut s) (plv-fin s))))
+    (plv-altitude-dessinee repere (cond ((plv-situe-plan s)) ((plv-plan-en (plv-repere-plans repere) d))) y)))
+
+(defun plv-elements:y (repere s d)
   "Ordinate of a curve. Beside an end when rounding puts the upright just off it: a tenth of a micrometre."
-  (cond ((pl_yat entite (+ x0 d)))
-        ((pl_yat entite (+ x0 (plv-entre d (+ d1 1e-7) (- d2 1e-7)))))))
-
-;; --- static elements: the module reads a malformed list of them for ever, so what another program left is looked at first
-
-(defun plv-elements:accolade (g texte) (and g (= (caar g) 102) (= (cdar g) texte)))
-
-(defun plv-elements:apres-liste (g)
-  "What follows the closing brace of a list, nil when there is none."
-  (while (and g (not (plv-elements:accolade g "}"))) (setq g (cdr g)))
-  (cdr g))
-
-(defun plv-elements:apres-groupe (g)
-  "What follows a well-formed group, in a list; nil for a malformed one."
-  (if (and (plv-elements:accolade g "{") (= (caadr g) 10) (plv-elements:accolade (cddr g) "{")
-           (setq g (plv-elements:apres-liste (cdddr g)))
-           (or (not (plv-elements:accolade g "{")) (setq g (plv-elements:apres-liste (cdr g))))
-           (plv-elements:accolade g "}"))
-    (list (cdr g))))
-
-(defun plv-statiques-lisibles (support / g lisible)
-  "T when the module can read the static elements of a support."
-  (setq g (plv-enregistrement support "ELEMS_STATIQUES_KAVEL") lisible T)
-  (while (and g (setq lisible (plv-elements:apres-groupe g))) (setq g (car lisible)))
-  (if lisible T))
-
-(defun plv-statiques-verifies (profil / supports)
-  "T when all lists of static elements can be read; nil after a message."
-  (setq supports (vl-remove nil (cons profil (mapcar '(lambda (genre) (plv-support profil (car genre))) plv-elements:genres))))
-  (cond ((vl-every 'plv-statiques-lisibles supports))
-        (T (plv-erreur "une liste d'elements statiques est mal formee: le controle du dessin la nomme"))))
+  (cond ((pl_yat (plv-situe-entite s) (plv-abscisse repere d)))
+        ((pl_yat (plv-situe-entite s) (plv-abscisse repere (plv-entre d (+ (plv-debut s) 1e-7) (- (plv-fin s) 1e-7)))))))

@@ -12,50 +12,46 @@
     (strcat "Longueur " (plv-reel longueur 2) " m - hauteurs multipliees par " (plv-reel echv 1)) 0 0.0))
 
 (defun plv-habillage:placer (profil etiquette point / groupes)
-  (if (setq groupes (plv-profil:attribut profil etiquette))
+  (if (setq groupes (plv-attribut-profil profil etiquette))
     (entmod (subst (cons 10 point) (assoc 10 groupes) groupes))))
 
-(defun plv-habillage:pas (echv ttxt / pas)
+(setq plv-habillage:graduations '(0.1 0.2 0.5 1.0 2.0 5.0 10.0 20.0 50.0 100.0))
+
+(defun plv-habillage:pas (echv ttxt)
   "The step of graduations in metres: room for three text heights."
-  (foreach p '(0.1 0.2 0.5 1.0 2.0 5.0 10.0 20.0 50.0 100.0)
-    (if (and (not pas) (>= (* p echv) (* 3.0 ttxt))) (setq pas p)))
-  (cond (pas) (100.0)))
+  (cond ((car (vl-member-if '(lambda (p) (>= (* p echv) (* 3.0 ttxt))) plv-habillage:graduations)))
+        ((plv-dernier plv-habillage:graduations))))
 
 (defun plv-habillage:axe (point hauteur ttxt echv plan etiquettes / x pas altitude y decimales)
   "A graduated axis at the start of a section."
-  (setq x (+ (car point) (car plan))
+  (setq x (+ (car point) (plv-plan-debut plan))
         pas (plv-habillage:pas echv ttxt)
         decimales (if (< pas 1.0) 1 0)
-        altitude (* pas (float (plv-plans:entier (/ (+ (cadr plan) (* 0.5 pas)) pas)))))
+        altitude (* pas (float (plv-partie-entiere (/ (+ (plv-plan-altitude plan) (* 0.5 pas)) pas)))))
   (plv-ligne "PLV-AXE" (plv-point x (cadr point)) (plv-point x (+ (cadr point) hauteur)))
-  (while (<= (setq altitude (+ altitude pas) y (plv-profil:ordonnee altitude plan echv (cadr point)))
+  (while (<= (setq altitude (+ altitude pas) y (plv-ordonnee altitude plan echv (cadr point)))
              (+ (cadr point) hauteur 1e-6))
     (plv-ligne "PLV-AXE" (plv-point (- x (* 0.4 ttxt)) y) (plv-point x y))
     (if etiquettes
       (plv-texte "PLV-AXE" (plv-point (- x (* 0.8 ttxt)) (- y (* 0.4 ttxt))) (* 0.8 ttxt) (plv-reel altitude decimales) 2 0.0))))
 
 (defun plv-habillage:nom-plan (point ttxt plan)
-  (plv-texte "PLV-PLANS" (plv-point (+ (car point) (car plan) (* 0.5 ttxt)) (- (cadr point) (* 1.5 ttxt)))
-    ttxt (strcat "PC " (plv-reel (cadr plan) 2)) 0 0.0))
+  (plv-texte "PLV-PLANS" (plv-point (+ (car point) (plv-plan-debut plan) (* 0.5 ttxt)) (- (cadr point) (* 1.5 ttxt)))
+    ttxt (strcat "PC " (plv-reel (plv-plan-altitude plan) 2)) 0 0.0))
 
-(defun plv-habillage:hauteur (points echv plans / haut)
-  "The drawn height of the highest ground point, in drawing units."
-  (setq haut 0.0)
-  (foreach p points
-    (setq haut (max haut (* echv (- (cadr p) (cadr (plv-plan-en plans (car p))))))))
-  haut)
-
-(defun plv-habillage:dessiner (profil point points echv ttxt plans / hauteur premier)
-  (setq hauteur (+ (plv-habillage:hauteur points echv plans) ttxt)
-        premier T)
+(defun plv-habillage:dessiner (profil point points echv ttxt plans / hauteur)
+  (setq hauteur (+ (plv-hauteur-terrain points echv plans) ttxt))
   (foreach plan plans
-    (plv-habillage:axe point hauteur ttxt echv plan premier)
-    (plv-habillage:nom-plan point ttxt plan)
-    (setq premier nil))
+    (plv-habillage:axe point hauteur ttxt echv plan (eq plan (car plans)))
+    (plv-habillage:nom-plan point ttxt plan))
   (plv-habillage:titre profil point hauteur ttxt (car (plv-dernier points)) echv))
 
-(defun plv-habiller-profil (profil point points echv ttxt plans / entites)
+(setq plv-habillage:cle "PLV_HABILLAGE")
+
+(defun plv-entites-habillage (profil) (plv-entites-enregistrees profil plv-habillage:cle))
+
+(defun plv-habiller-profil (profil point points echv ttxt plans)
   "Draws the dressing in place of an earlier one; what is drawn is listed with the profile."
-  (plv-effacer (mapcar 'cdr (plv-enregistrement profil "PLV_HABILLAGE")))
-  (setq entites (plv-ajouts-de '(lambda () (plv-habillage:dessiner profil point points echv ttxt plans))))
-  (plv-ecrire-enregistrement profil "PLV_HABILLAGE" (mapcar '(lambda (e) (cons 330 e)) entites)))
+  (plv-effacer (plv-entites-habillage profil))
+  (plv-enregistrer-entites profil plv-habillage:cle
+    (plv-ajouts-de '(lambda () (plv-habillage:dessiner profil point points echv ttxt plans)))))

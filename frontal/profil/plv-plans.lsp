@@ -1,24 +1,57 @@
-;; Reference planes: the ground is cut into sections so that no drawn height exceeds a limit.
-;; A section is (start-distance altitude); it opens on a ground point.
+;; Reference planes: the ground is cut into sections so that no drawn height exceeds a limit. A plane is (start altitude),
+;; its start a distance along the profile; its section runs to the start of the next one. A change of plane opens on a
+;; ground point.
+
+(defun plv-plan-debut (plan) (car plan))
+(defun plv-plan-altitude (plan) (cadr plan))
+
+(defun plv-plan-en (plans distance / plan)
+  "The plane of a distance; a change belongs to the section before it."
+  (setq plan (car plans))
+  (foreach p (cdr plans) (if (< (plv-plan-debut p) distance) (setq plan p)))
+  plan)
+
+(defun plv-changements (plans) (mapcar 'plv-plan-debut (cdr plans)))
+
+;; --- the planes of a profile: entities that are chained, with the keys of their section
+
+(defun plv-entites-plans (profil) (plv-chaine (plgxd profil "PRPC") "NEXT-PC"))
+
+(defun plv-sections-de-plan (profil)
+  "The sections as (start altitude length entity): a plane, its length and its entity."
+  (reverse
+    (cdr
+      (plv-plier
+        '(lambda (cumul entite / longueur)
+           (setq longueur (plgxd entite "DISTANCE"))
+           (vl-list* (+ (car cumul) longueur) (list (car cumul) (plgxd entite "PC") longueur entite) (cdr cumul)))
+        '(0.0) (plv-entites-plans profil)))))
+
+(defun plv-section-longueur (section) (caddr section))
+(defun plv-section-entite (section) (cadddr section))
+(defun plv-section-fin (section) (+ (plv-plan-debut section) (plv-section-longueur section)))
+
+(defun plv-plans (profil)
+  (mapcar '(lambda (s) (list (plv-plan-debut s) (plv-plan-altitude s))) (plv-sections-de-plan profil)))
+
+(defun plv-plan-en-texte (plan) (strcat (plv-reel (plv-plan-altitude plan) 2) " (a partir de " (plv-reel (plv-plan-debut plan) 2) ")"))
+
+(defun plv-plans-en-texte (profil) (plv-joindre (mapcar 'plv-plan-en-texte (plv-plans profil)) ", "))
+
+;; --- planes that are proposed
 
 (setq plv-plans:pas '(0.5 1.0 2.0 5.0 10.0 20.0 50.0 100.0))
 
-(defun plv-plans:arrondi (limite / pas)
+(defun plv-plans:arrondi (limite)
   "The step of plane altitudes in metres: the largest that is no more than a fifth of the height that fits."
-  (foreach p plv-plans:pas (if (or (not pas) (<= p (/ limite 5.0))) (setq pas p)))
-  pas)
+  (cond ((plv-dernier (vl-remove-if '(lambda (p) (> p (/ limite 5.0))) plv-plans:pas))) ((car plv-plans:pas))))
 
 (defun plv-plans:sous (altitude pas)
   "The round altitude under a ground altitude, with at least a fifth of a step of room."
-  (* pas (float (plv-plans:entier (- (/ altitude pas) 0.2)))))
-
-(defun plv-plans:entier (valeur / entier)
-  "The greatest integer that is not above the value."
-  (setq entier (fix valeur))
-  (if (< valeur entier) (1- entier) entier))
+  (* pas (float (plv-partie-entiere (- (/ altitude pas) 0.2)))))
 
 (defun plv-plans-proposes (points echv hauteur-max / limite pas bas haut debut plans precedent z)
-  "Sections for the points; hauteur-max in drawing units."
+  "Planes for the ground points; hauteur-max in drawing units."
   (setq limite (/ hauteur-max echv)
         pas (plv-plans:arrondi limite)
         debut 0.0
@@ -36,8 +69,13 @@
     (setq bas (min bas z) haut (max haut z) precedent point))
   (reverse (cons (list debut (plv-plans:sous bas pas)) plans)))
 
-(defun plv-plan-en (plans distance / plan)
-  "The section of a distance; a change belongs to the section before it."
-  (setq plan (car plans))
-  (foreach p (cdr plans) (if (< (car p) distance) (setq plan p)))
-  plan)
+(defun plv-points-aux-plans (points plans / resultat precedent)
+  "The ground points with one added wherever a plane changes between two of them."
+  (foreach d (plv-changements plans)
+    (setq resultat nil precedent nil)
+    (foreach p points
+      (if (and precedent (< (car precedent) (- d 1e-6)) (> (car p) (+ d 1e-6)))
+        (setq resultat (cons (list d (plv-interpoler (list precedent p) d) "") resultat)))
+      (setq resultat (cons p resultat) precedent p))
+    (setq points (reverse resultat)))
+  points)

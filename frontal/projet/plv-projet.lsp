@@ -1,4 +1,4 @@
-;; PLV-PROJET: a project line by points, by slopes and lengths, from a file, or an existing curve, attached to its kind.
+;; A project line by points, by slopes and lengths, or an existing curve, attached to its kind.
 ;; Stations are those of the profile (distance plus the first station), altitudes in metres. Nothing is drawn before
 ;; everything has been understood.
 
@@ -16,63 +16,61 @@
         precedent s)))
   (cond (faute) ((not (cdr sommets)) "deux points au moins sont attendus")))
 
-(defun plv-projet:demande (raccord origine / forme)
+(defun plv-projet:demande (demande origine)
   "A request with its distance from the profile's origin; a number alone is the radius of a circle."
   (cond
-    ((not raccord) nil)
-    ((numberp raccord) (list "C" "R" raccord))
-    ((= (cadr raccord) "P") (list (car raccord) "P" (- (caddr raccord) origine) (cadddr raccord)))
-    (T raccord)))
+    ((not demande) nil)
+    ((numberp demande) (list "C" "R" demande))
+    ((plv-demande-par-point-p demande)
+     (list (plv-demande-forme demande) "P" (- (car (plv-demande-point demande)) origine) (cadr (plv-demande-point demande))))
+    (T demande)))
+
+(defun plv-projet:sommet (sommet origine)
+  "A vertex of stations as one of distances."
+  (list (- (car sommet) origine) (cadr sommet) (plv-projet:demande (plv-demande-de sommet) origine)))
 
 (defun plv-projet (profil genre sommets / origine raccords entites)
   "Draws a project line of vertices (station altitude [request]) and attaches it to a kind of line; gives its entities,
 or nil after a message. Requests: a radius, or (\"C\" or \"P\", then \"R\" radius, \"L\" length or \"P\" station altitude)."
   (setq origine (plgxd profil "DCUMDEB")
-        sommets (mapcar '(lambda (s) (list (- (car s) origine) (cadr s) (plv-projet:demande (caddr s) origine))) sommets)
-        raccords (cond ((plv-projet:faute sommets (cadr (pl_InfosTn profil)))) ((plv-trace:raccords sommets))))
+        sommets (mapcar '(lambda (s) (plv-projet:sommet s origine)) sommets)
+        raccords (cond ((plv-projet:faute sommets (plv-longueur-profil profil))) ((plv-raccords sommets))))
   (cond
-    ((not (plv-support profil genre)) (plv-erreur (strcat "ce profil n'a pas de support pour le genre " genre)))
+    ((not (plv-support profil genre)) (plv-erreur (plv-refus-support genre)))
     ((eq (type raccords) 'STR) (plv-erreur raccords))
     (T
      (plv-creer-calques)
      (setq entites (plv-tracer-projet profil sommets raccords))
      (plv-attacher profil genre entites)
-     (plv-projet:dire profil genre sommets raccords)
+     (plv-projet:dire genre sommets raccords)
      entites)))
 
-(defun plv-projet:dire (profil genre sommets raccords / nombre)
+(defun plv-projet:dire (genre sommets raccords / nombre)
   (setq nombre (length (vl-remove nil raccords)))
   (plv-dire (strcat "Ligne de projet " (plv-genre genre) ": " (itoa (length sommets)) " sommets, "
                     (plv-reel (- (car (plv-dernier sommets)) (caar sommets)) 2) " m, "
                     (itoa nombre) (if (> nombre 1) " raccordements." " raccordement."))))
 
-(defun plv-attacher (profil genre entites / jeu deja)
-  "Makes curves project elements of a kind; those that it holds already are only marked."
-  (setq jeu (ssadd) deja (plv-elements:enregistres profil genre))
-  (foreach e entites (if (not (member e deja)) (ssadd e jeu) (plsxd e "ELEMDUPROJET" 1)))
-  (if (> (sslength jeu) 0) (pl_elem_prj profil genre jeu)))
-
-(defun plv-projet-pentes (profil genre station altitude troncons / sommets)
-  "A project line by stretches (slope-in-percent length [request-at-its-end]) from a station and an altitude."
+(defun plv-projet-pentes (profil genre station altitude pentes / sommets)
+  "A project line by slopes (slope-in-percent length [request-at-its-end]) from a station and an altitude."
   (setq sommets (list (list station altitude)))
-  (foreach p troncons
+  (foreach p pentes
     (setq station (+ station (cadr p))
           altitude (+ altitude (* 0.01 (car p) (cadr p)))
           sommets (cons (list station altitude (caddr p)) sommets)))
   (plv-projet profil genre (reverse sommets)))
 
+;; --- curves that are there already
+
 (setq plv-projet:courbes "LINE,LWPOLYLINE,POLYLINE,SPLINE")
 
-(defun plv-projet-existant (profil genre jeu / i entites refusees)
+(defun plv-projet-existant (profil genre jeu / entites courbes refusees)
   "Takes existing curves for project elements; gives them, or nil after a message."
-  (setq i 0 refusees 0)
-  (repeat (if jeu (sslength jeu) 0)
-    (if (wcmatch (plv-cle 0 (entget (ssname jeu i))) plv-projet:courbes)
-      (setq entites (cons (ssname jeu i) entites))
-      (setq refusees (1+ refusees)))
-    (setq i (1+ i)))
+  (setq entites (plv-entites-du-jeu jeu)
+        courbes (vl-remove-if-not '(lambda (e) (wcmatch (plv-type e) plv-projet:courbes)) entites)
+        refusees (- (length entites) (length courbes)))
   (if (> refusees 0) (plv-dire (strcat (itoa refusees) " entites laissees: ligne, polyligne ou spline attendue.")))
   (cond
-    ((not (plv-support profil genre)) (plv-erreur (strcat "ce profil n'a pas de support pour le genre " genre)))
-    ((not entites) (plv-erreur "aucune courbe choisie"))
-    (T (plv-attacher profil genre (reverse entites)) (reverse entites))))
+    ((not (plv-support profil genre)) (plv-erreur (plv-refus-support genre)))
+    ((not courbes) (plv-erreur "aucune courbe choisie"))
+    (T (plv-attacher profil genre courbes) courbes)))

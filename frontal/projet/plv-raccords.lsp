@@ -1,24 +1,40 @@
 ;; Vertical curves between two slopes, in (distance altitude) with the exaggeration taken out.
 ;; A curve is a list of four homogeneous points (d*w z*w w): a cubic form of the arc of circle or of the parabola.
 ;; Cubic, because pieces of cubics are joined again exactly when a change of plane goes, which quadratics are not.
+;; Shared in the room: plv-raccords:d plv-raccords:z plv-raccords:poids plv-raccords:couper plv-raccords:bout-de
 
-;; A request is (shape measure value...): ("C" "R" 1500.0) circle of a radius, ("P" "L" 40.0) parabola of a length,
-;; ("C" "P" 120.0 134.2) circle through a distance and an altitude. A parabola's radius is the one at its crown.
+;; --- what is asked for. A vertex is (distance altitude [request]), a request (shape measure value...): ("C" "R" 1500.0)
+;; circle of a radius, ("P" "L" 40.0) parabola of a length, ("C" "P" 120.0 134.2) circle through a distance and an altitude.
+;; A parabola's radius is the one at its crown.
 
-(defun plv-raccords:pente (a b) (/ (- (cadr b) (cadr a)) (- (car b) (car a))))
+(defun plv-demande-de (sommet) (caddr sommet))
+
+(defun plv-demande-forme (demande) (car demande))
+(defun plv-demande-mesure (demande) (cadr demande))
+(defun plv-demande-valeur (demande) (caddr demande))
+(defun plv-demande-point (demande) (cddr demande))
+
+(defun plv-demande-par-point-p (demande) (= (plv-demande-mesure demande) "P"))
+
+;; --- a vertical curve is (from to curve radius shape)
+
+(defun plv-raccord-courbe (raccord) (caddr raccord))
+(defun plv-raccord-rayon (raccord) (cadddr raccord))
+(defun plv-raccord-forme (raccord) (nth 4 raccord))
 
 (defun plv-raccords:sinus (p) (/ p (sqrt (+ 1.0 (* p p)))))
 
-(defun plv-raccords:rayon (avant sommet apres demande / p1 p2)
+(defun plv-raccords:rayon (avant sommet apres demande / p1 p2 forme mesure)
   "The radius that a request asks for at a vertex between its neighbours; nil when there is none."
-  (setq p1 (plv-raccords:pente avant sommet) p2 (plv-raccords:pente sommet apres))
+  (setq p1 (plv-pente avant sommet) p2 (plv-pente sommet apres)
+        forme (plv-demande-forme demande) mesure (plv-demande-mesure demande))
   (cond
-    ((= (cadr demande) "R") (float (caddr demande)))
-    ((and (= (cadr demande) "L") (= (car demande) "C"))
-     (/ (caddr demande) (abs (- (plv-raccords:sinus p2) (plv-raccords:sinus p1)))))
-    ((= (cadr demande) "L") (/ (caddr demande) (abs (- p2 p1))))
-    ((= (car demande) "C") (plv-raccords:rayon-cercle avant sommet apres (cddr demande)))
-    (T (plv-raccords:rayon-parabole p1 p2 sommet (cddr demande)))))
+    ((= mesure "R") (float (plv-demande-valeur demande)))
+    ((and (= mesure "L") (= forme "C"))
+     (/ (plv-demande-valeur demande) (abs (- (plv-raccords:sinus p2) (plv-raccords:sinus p1)))))
+    ((= mesure "L") (/ (plv-demande-valeur demande) (abs (- p2 p1))))
+    ((= forme "C") (plv-raccords:rayon-cercle avant sommet apres (plv-demande-point demande)))
+    (T (plv-raccords:rayon-parabole p1 p2 sommet (plv-demande-point demande)))))
 
 (defun plv-raccords:rayon-cercle (avant sommet apres point / o)
   ;; Abscissas near zero keep the digits of the small heights.
@@ -29,7 +45,7 @@
       '(1.0))))
 
 (defun plv-raccords:rayon-parabole (p1 p2 sommet point / u m b racine)
-  "With l half the length: (p2-p1)(u+l)^2 = 4 l m, u the distance behind the vertex, m the height above the first slope."
+  "With l half the length: (p2-p1)(u+l)^2 = 4 l m, u the distance after the vertex, m the height above the first slope."
   (setq u (- (car point) (car sommet))
         m (- (cadr point) (cadr sommet) (* p1 u))
         b (- (/ (* 2.0 m) (- p2 p1)) u)
@@ -37,30 +53,35 @@
   (if (>= racine 0.0) (/ (* 2.0 (+ b (sqrt racine))) (abs (- p2 p1)))))
 
 (defun plv-raccords:tangentes (p1 p2 forme rayon / t1)
-  "Horizontal lengths of the curve before and behind the vertex, and the weight of its middle point."
+  "(lengths of the curve before and after the vertex, along the profile, and the weight of its middle point)."
   (if (= forme "P")
     (list (* 0.5 rayon (abs (- p2 p1))) (* 0.5 rayon (abs (- p2 p1))) 1.0)
     (progn
       (setq t1 (abs (* 0.5 (- (atan p2) (atan p1)))))
       (list (* rayon (plv-raccords:tan t1) (cos (atan p1))) (* rayon (plv-raccords:tan t1) (cos (atan p2))) (cos t1)))))
 
+(defun plv-raccords:tangente-avant (tangentes) (car tangentes))
+(defun plv-raccords:tangente-apres (tangentes) (cadr tangentes))
+(defun plv-raccords:tangente-poids (tangentes) (caddr tangentes))
+
 (defun plv-raccords:tan (a) (/ (sin a) (cos a)))
 
 (defun plv-raccord (avant sommet apres demande / p1 p2 rayon tangentes courbe)
-  "(start end curve radius shape) of the vertical curve at a vertex, or the text of what is wrong."
-  (setq p1 (plv-raccords:pente avant sommet) p2 (plv-raccords:pente sommet apres))
+  "The vertical curve at a vertex, or the text of what is wrong."
+  (setq p1 (plv-pente avant sommet) p2 (plv-pente sommet apres))
   (cond
     ((equal p1 p2 1e-9) "les deux pentes sont les memes")
     ((not (and (setq rayon (plv-raccords:rayon avant sommet apres demande)) (< 1e-3 rayon 1e8)))
      "pas de rayon qui convienne")
     (T
-     (setq tangentes (plv-raccords:tangentes p1 p2 (car demande) rayon)
+     (setq tangentes (plv-raccords:tangentes p1 p2 (plv-demande-forme demande) rayon)
            courbe (plv-raccords:courbe sommet p1 p2 tangentes))
-     (if (and (= (cadr demande) "P") (not (plv-raccords:passe courbe (cddr demande))))
+     (if (and (plv-demande-par-point-p demande) (not (plv-raccords:passe-p courbe (plv-demande-point demande))))
        "le point n'est pas entre les pentes"
-       (list (- (car sommet) (car tangentes)) (+ (car sommet) (cadr tangentes)) courbe rayon (car demande))))))
+       (list (- (car sommet) (plv-raccords:tangente-avant tangentes)) (+ (car sommet) (plv-raccords:tangente-apres tangentes))
+             courbe rayon (plv-demande-forme demande))))))
 
-(defun plv-raccords:passe (courbe point / d)
+(defun plv-raccords:passe-p (courbe point / d)
   "T when the curve is at the point's altitude, to a tenth of a millimetre."
   (setq d (car point))
   (and (< (plv-raccords:d (car courbe)) d (plv-raccords:d (cadddr courbe)))
@@ -68,17 +89,21 @@
 
 ;; --- homogeneous points
 
-(defun plv-raccords:d (h) (/ (car h) (caddr h)))
-(defun plv-raccords:z (h) (/ (cadr h) (caddr h)))
+(defun plv-raccords:poids (h) (caddr h))
+(defun plv-raccords:d (h) (/ (car h) (plv-raccords:poids h)))
+(defun plv-raccords:z (h) (/ (cadr h) (plv-raccords:poids h)))
+(defun plv-raccords:bout-de (h) (list (plv-raccords:d h) (plv-raccords:z h)))
 
 (defun plv-raccords:entre (a b part)
   (mapcar '(lambda (x y) (+ (* x (- 1.0 part)) (* y part))) a b))
 
-(defun plv-raccords:courbe (sommet p1 p2 tangentes / w debut milieu fin)
-  (setq w (caddr tangentes)
-        debut (list (- (car sommet) (car tangentes)) (- (cadr sommet) (* p1 (car tangentes))) 1.0)
+(defun plv-raccords:courbe (sommet p1 p2 tangentes / w avant apres debut milieu fin)
+  (setq w (plv-raccords:tangente-poids tangentes)
+        avant (plv-raccords:tangente-avant tangentes)
+        apres (plv-raccords:tangente-apres tangentes)
+        debut (list (- (car sommet) avant) (- (cadr sommet) (* p1 avant)) 1.0)
         milieu (list (* w (car sommet)) (* w (cadr sommet)) w)
-        fin (list (+ (car sommet) (cadr tangentes)) (+ (cadr sommet) (* p2 (cadr tangentes))) 1.0))
+        fin (list (+ (car sommet) apres) (+ (cadr sommet) (* p2 apres)) 1.0))
   (list debut (plv-raccords:entre debut milieu (/ 2.0 3.0)) (plv-raccords:entre milieu fin (/ 1.0 3.0)) fin))
 
 (defun plv-raccords:casteljau (courbe part / gauche droite)

@@ -1,132 +1,151 @@
 ;; From what is drawn back to vertices: straight parts and vertical curves, in (distance altitude), become the vertices of
 ;; a project line with their requests. A vertical curve's vertex is where its end tangents meet.
 
-;; A part is (d1 d2 start end) when straight, (d1 d2 start end second third radius shape) when curved: the points behind
-;; the start and before the end give the tangents.
+;; --- a span is a part by its ends: (from to start end) when straight, (from to start end second third radius shape) when
+;; curved; the points after the start and before the end give the tangents
 
-(defun plv-sommets:partie (p / h)
-  "A part of plv-trace as a part of this file."
-  (if (cdddr p)
-    (progn
-      (setq h (mapcar 'plv-trace:bout (caddr p)))
-      (list (car p) (cadr p) (car h) (cadddr h) (cadr h) (caddr h) (cadddr p) (nth 4 p)))
-    (vl-list* (car p) (cadr p) (caddr p))))
+(defun plv-travee-depart (travee) (caddr travee))
+(defun plv-travee-arrivee (travee) (cadddr travee))
+(defun plv-travee-second (travee) (nth 4 travee))
+(defun plv-travee-avant-dernier (travee) (nth 5 travee))
+(defun plv-travee-rayon (travee) (nth 6 travee))
+(defun plv-travee-forme (travee) (nth 7 travee))
+(defun plv-travee-courbe-p (travee) (plv-travee-rayon travee))
 
-(defun plv-sommets:courbe-p (partie) (nth 6 partie))
+(defun plv-travee-droite (a b) (list (car a) (car b) a b))
 
-(defun plv-sommets:rencontre (partie / a b p1 p2 d)
+(defun plv-travee-courbe (points rayon forme)
+  "From the points of a curve."
+  (list (caar points) (car (plv-dernier points)) (car points) (plv-dernier points) (cadr points) (cadr (reverse points)) rayon forme))
+
+(defun plv-sommets:travee (partie)
+  "A part of plv-parties as a span."
+  (if (plv-partie-courbe-p partie)
+    (plv-travee-courbe (mapcar 'plv-raccords:bout-de (plv-partie-courbe partie)) (plv-partie-rayon partie) (plv-partie-forme partie))
+    (apply 'plv-travee-droite (plv-partie-points partie))))
+
+;; --- vertices of spans
+
+(defun plv-sommets:rencontre (travee / a b p1 p2 d)
   "The vertex of a curve."
-  (setq a (caddr partie) b (cadddr partie)
-        p1 (plv-raccords:pente a (nth 4 partie))
-        p2 (plv-raccords:pente (nth 5 partie) b)
+  (setq a (plv-travee-depart travee) b (plv-travee-arrivee travee)
+        p1 (plv-pente a (plv-travee-second travee))
+        p2 (plv-pente (plv-travee-avant-dernier travee) b)
         d (/ (+ (- (cadr b) (cadr a)) (- (* p1 (car a)) (* p2 (car b)))) (- p1 p2)))
   (list d (+ (cadr a) (* p1 (- d (car a))))))
 
-(defun plv-sommets:demande (partie)
-  (if (= (nth 7 partie) "P") (list "P" "L" (- (cadr partie) (car partie))) (list "C" "R" (nth 6 partie))))
+(defun plv-sommets:demande (travee)
+  (if (= (plv-travee-forme travee) "P") (list "P" "L" (plv-longueur travee)) (list "C" "R" (plv-travee-rayon travee))))
 
-(defun plv-sommets:aux-plans (d coupes) (vl-some '(lambda (c) (equal c d 1e-6)) coupes))
-
-(defun plv-sommets:suite (a b coupes)
+(defun plv-sommets:suite-p (a b coupes)
   "T when b is only the other side of a change of plane in a."
-  (and (plv-sommets:aux-plans (car b) coupes)
-       (if (plv-sommets:courbe-p a)
-         (and (plv-sommets:courbe-p b) (= (nth 7 a) (nth 7 b)) (equal (nth 6 a) (nth 6 b) (* 1e-9 (nth 6 a))))
-         (and (not (plv-sommets:courbe-p b))
-              (equal (apply 'plv-raccords:pente (cddr a)) (apply 'plv-raccords:pente (cddr b)) 1e-9)))))
-
-(defun plv-sommets:joindre (parties coupes / jointes)
-  "The parts with those that a change of plane has cut in one piece again."
-  (foreach p parties
-    (setq jointes
-      (if (and jointes (plv-sommets:suite (car jointes) p coupes))
-        (cons (plv-sommets:reunir (car jointes) p) (cdr jointes))
-        (cons p jointes))))
-  (reverse jointes))
+  (and (vl-some '(lambda (c) (equal c (plv-debut b) 1e-6)) coupes)
+       (if (plv-travee-courbe-p a)
+         (and (plv-travee-courbe-p b) (= (plv-travee-forme a) (plv-travee-forme b))
+              (equal (plv-travee-rayon a) (plv-travee-rayon b) (* 1e-9 (plv-travee-rayon a))))
+         (and (not (plv-travee-courbe-p b))
+              (equal (plv-pente (plv-travee-depart a) (plv-travee-arrivee a))
+                     (plv-pente (plv-travee-depart b) (plv-travee-arrivee b)) 1e-9)))))
 
 (defun plv-sommets:reunir (a b)
-  (if (plv-sommets:courbe-p a)
-    (list (car a) (cadr b) (caddr a) (cadddr b) (nth 4 a) (nth 5 b) (nth 6 a) (nth 7 a))
-    (list (car a) (cadr b) (caddr a) (cadddr b))))
+  (append (list (plv-debut a) (plv-fin b) (plv-travee-depart a) (plv-travee-arrivee b))
+          (if (plv-travee-courbe-p a)
+            (list (plv-travee-second a) (plv-travee-avant-dernier b) (plv-travee-rayon a) (plv-travee-forme a)))))
 
-(defun plv-sommets-de (parties coupes / sommets precedente)
-  "Vertices (distance altitude [request]) of parts that follow each other; coupes: distances of the changes of plane."
-  (foreach p (plv-sommets:joindre parties coupes)
-    (if (or (not precedente) (and (not (plv-sommets:courbe-p p)) (not (plv-sommets:courbe-p precedente))))
-      (setq sommets (cons (caddr p) sommets)))
-    (if (plv-sommets:courbe-p p)
-      (setq sommets (cons (append (plv-sommets:rencontre p) (list (plv-sommets:demande p))) sommets)))
-    (setq precedente p))
-  (reverse (cons (cadddr precedente) sommets)))
+(defun plv-sommets:joindre (travees coupes)
+  "The spans with those that a change of plane has cut in one piece again."
+  (reverse
+    (plv-plier
+      '(lambda (jointes suivante)
+         (if (and jointes (plv-sommets:suite-p (car jointes) suivante coupes))
+           (cons (plv-sommets:reunir (car jointes) suivante) (cdr jointes))
+           (cons suivante jointes)))
+      nil travees)))
 
-;; --- the parts of a project line in the drawing
+(defun plv-sommets:de-travees (travees coupes / sommets precedente)
+  "Vertices of spans that follow each other; coupes: distances of the changes of plane."
+  (foreach tr (plv-sommets:joindre travees coupes)
+    (if (or (not precedente) (and (not (plv-travee-courbe-p tr)) (not (plv-travee-courbe-p precedente))))
+      (setq sommets (cons (plv-travee-depart tr) sommets)))
+    (if (plv-travee-courbe-p tr)
+      (setq sommets (cons (append (plv-sommets:rencontre tr) (list (plv-sommets:demande tr))) sommets)))
+    (setq precedente tr))
+  (reverse (cons (plv-travee-arrivee precedente) sommets)))
+
+(defun plv-sommets-entre (sommets raccords debut fin)
+  "The vertices of what a line has between two distances."
+  (plv-sommets:de-travees
+    (mapcar 'plv-sommets:travee
+      (vl-remove-if '(lambda (p) (or (< (plv-fin p) (+ debut 1e-6)) (> (plv-debut p) (- fin 1e-6))))
+        (plv-couper-parties (plv-parties sommets raccords) (list debut fin))))
+    nil))
+
+;; --- the spans of a project line in the drawing
 
 (defun plv-sommets:vertex (e / points groupes)
   "The vertices of an old polyline."
   (while (= (plv-cle 0 (setq groupes (entget (setq e (entnext e))))) "VERTEX") (setq points (cons (cdr (assoc 10 groupes)) points)))
   (reverse points))
 
-(defun plv-sommets:groupes (code groupes) (mapcar 'cdr (vl-remove-if-not '(lambda (g) (= (car g) code)) groupes)))
-
 (defun plv-sommets:points (e / groupes)
   "The points of a curve that is straight between them; nil for another."
   (setq groupes (entget e))
   (cond
     ((= (plv-cle 0 groupes) "LINE") (list (plv-cle 10 groupes) (plv-cle 11 groupes)))
-    ((vl-some '(lambda (b) (/= b 0.0)) (plv-sommets:groupes 42 groupes)) nil)
-    ((= (plv-cle 0 groupes) "LWPOLYLINE") (plv-sommets:groupes 10 groupes))
+    ((vl-some '(lambda (b) (/= b 0.0)) (plv-cles 42 groupes)) nil)
+    ((= (plv-cle 0 groupes) "LWPOLYLINE") (plv-cles 10 groupes))
     ((= (plv-cle 0 groupes) "POLYLINE") (plv-sommets:vertex e))))
 
-(defun plv-sommets:vers-profil (point plan p)
-  "A point of the drawing as (distance altitude)."
-  (list (- (car p) (car point)) (+ (cadr plan) (/ (- (cadr p) (cadr point)) plv-sommets:echv))))
+(defun plv-sommets:raccord-p (e) (and (plv-rayon e) (= (plv-type e) "SPLINE")))
 
-(defun plv-sommets:gauche-droite (points) (if (> (caar points) (car (plv-dernier points))) (reverse points) points))
+(defun plv-sommets:echantillonne-p (situe / e)
+  "T for a curve that is neither straight nor a vertical curve of ours: points along it serve."
+  (setq e (plv-situe-entite situe))
+  (not (or (plv-sommets:points e) (plv-sommets:raccord-p e))))
 
 (defun plv-sommets:droites (points)
-  (vl-remove-if '(lambda (p) (< (- (cadr p) (car p)) 1e-6))
-    (mapcar '(lambda (a b) (list (car a) (car b) a b)) points (cdr points))))
+  (vl-remove-if '(lambda (travee) (< (plv-longueur travee) 1e-6)) (mapcar 'plv-travee-droite points (cdr points))))
 
 (defun plv-sommets:echantillons (profil s plans / d pas points z)
-  "A curve that is neither straight nor a vertical curve of ours: points along it."
-  (setq d (car s) pas (/ (- (cadr s) (car s)) 50.0))
+  (setq d (plv-debut s) pas (/ (plv-longueur s) 50.0))
   (repeat 51
-    (if (setq z (plv-altitude-projet profil (list s) plans (min d (cadr s)))) (setq points (cons (list (min d (cadr s)) z) points)))
+    (if (setq z (plv-altitude-projet profil (list s) plans (min d (plv-fin s)))) (setq points (cons (list (min d (plv-fin s)) z) points)))
     (setq d (+ d pas)))
-  (setq plv-sommets:echantillonnees (1+ plv-sommets:echantillonnees))
   (reverse points))
 
-(defun plv-sommets:parties (profil s plans / e point plan points)
-  "The parts of one project element s: (d1 d2 plane-or-nil entity)."
-  (setq e (cadddr s)
-        point (plv-cle 10 (entget profil))
-        plan (cond ((caddr s)) ((plv-plan-en plans (* 0.5 (+ (car s) (cadr s)))))))
-  (cond
-    ((setq points (plv-sommets:points e))
-     (plv-sommets:droites (plv-sommets:gauche-droite (mapcar '(lambda (p) (plv-sommets:vers-profil point plan p)) points))))
-    ((and (plv-rayon e) (= (plv-cle 0 (entget e)) "SPLINE"))
-     (setq points (plv-sommets:gauche-droite
-                    (mapcar '(lambda (p) (plv-sommets:vers-profil point plan p)) (plv-sommets:groupes 10 (entget e)))))
-     (list (list (caar points) (car (plv-dernier points)) (car points) (plv-dernier points) (cadr points)
-                 (cadr (reverse points)) (plv-rayon e) (cond ((plgxd e "RACCORD")) ("C")))))
-    (T (plv-sommets:droites (plv-sommets:echantillons profil s plans)))))
+(defun plv-sommets:lus (repere s points / plan)
+  "Points of the drawing on a situated element as (distance altitude), left to right."
+  (setq plan (cond ((plv-situe-plan s)) ((plv-plan-en (plv-repere-plans repere) (plv-milieu s)))))
+  (plv-gauche-droite (mapcar '(lambda (p) (plv-vers-profil-sur repere plan p)) points)))
 
-(defun plv-sommets:suivis (parties / suites)
-  "The parts in runs without gaps."
-  (foreach p parties
+(defun plv-sommets:travees (profil repere s / e points)
+  "The spans of one situated element."
+  (setq e (plv-situe-entite s))
+  (cond
+    ((setq points (plv-sommets:points e)) (plv-sommets:droites (plv-sommets:lus repere s points)))
+    ((plv-sommets:raccord-p e)
+     (list (plv-travee-courbe (plv-sommets:lus repere s (plv-cles 10 (entget e))) (plv-rayon e) (plv-forme e))))
+    (T (plv-sommets:droites (plv-sommets:echantillons profil s (plv-repere-plans repere))))))
+
+(defun plv-sommets:suivies-p (a b)
+  (and (equal (plv-fin a) (plv-debut b) 1e-5) (equal (cadr (plv-travee-arrivee a)) (cadr (plv-travee-depart b)) 1e-5)))
+
+(defun plv-sommets:suites (travees / suites)
+  "The spans in runs without gaps."
+  (foreach tr travees
     (setq suites
-      (if (and suites (equal (cadr (caar suites)) (car p) 1e-5) (equal (cadr (cadddr (caar suites))) (cadr (caddr p)) 1e-5))
-        (cons (cons p (car suites)) (cdr suites))
-        (cons (list p) suites))))
+      (if (and suites (plv-sommets:suivies-p (caar suites) tr))
+        (cons (cons tr (car suites)) (cdr suites))
+        (cons (list tr) suites))))
   (reverse (mapcar 'reverse suites)))
 
-(defun plv-projet-sommets (profil genre / plans parties plv-sommets:echv plv-sommets:echantillonnees)
+(defun plv-projet-sommets (profil genre / repere situes quelconques travees)
   "The project line of a kind as lists of vertices, one for each run without a gap; distances from the profile's origin."
-  (setq plans (plv-tables:plans profil)
-        plv-sommets:echv (plgxd profil "ECHV")
-        plv-sommets:echantillonnees 0
-        parties (apply 'append (mapcar '(lambda (s) (plv-sommets:parties profil s plans)) (plv-elements-situes profil genre)))
-        parties (vl-sort parties '(lambda (a b) (< (car a) (car b)))))
-  (if (> plv-sommets:echantillonnees 0)
-    (plv-dire (strcat "Courbes quelconques du genre " genre ": " (itoa plv-sommets:echantillonnees) ", rendues par des points.")))
-  (mapcar '(lambda (suite) (plv-sommets-de suite (mapcar 'car (cdr plans)))) (plv-sommets:suivis parties)))
+  (setq repere (plv-repere profil)
+        situes (plv-elements-situes profil genre)
+        quelconques (vl-remove-if-not 'plv-sommets:echantillonne-p situes)
+        travees (vl-sort (apply 'append (mapcar '(lambda (s) (plv-sommets:travees profil repere s)) situes))
+                         '(lambda (a b) (< (plv-debut a) (plv-debut b)))))
+  (if quelconques
+    (plv-dire (strcat "Courbes quelconques du genre " genre ": " (itoa (length quelconques)) ", rendues par des points.")))
+  (mapcar '(lambda (suite) (plv-sommets:de-travees suite (plv-changements (plv-repere-plans repere)))) (plv-sommets:suites travees)))

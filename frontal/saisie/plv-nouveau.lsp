@@ -2,31 +2,18 @@
 ;; Nothing is drawn before everything that was given has been understood.
 
 (defun plv-nouveau:plan-valable (plan longueur)
-  (and (numberp (car plan)) (numberp (cadr plan)) (>= (car plan) 0.0) (< (car plan) longueur)))
+  (and (numberp (plv-plan-debut plan)) (numberp (plv-plan-altitude plan)) (>= (plv-plan-debut plan) 0.0) (< (plv-plan-debut plan) longueur)))
 
 (defun plv-nouveau:plans (plans points echv hauteur-max / longueur)
   "The planes that were given, checked, or the proposed ones; nil after a message."
   (setq longueur (car (plv-dernier points)))
   (cond
     ((not plans) (plv-plans-proposes points echv hauteur-max))
-    ((not (equal (caar plans) 0.0 1e-9)) (plv-erreur "le premier plan de comparaison commence a la distance 0"))
+    ((not (equal (plv-plan-debut (car plans)) 0.0 1e-9)) (plv-erreur "le premier plan de comparaison commence a la distance 0"))
     ((not (vl-every '(lambda (p) (plv-nouveau:plan-valable p longueur)) plans))
      (plv-erreur "un plan de comparaison a une distance dans le profil et une altitude"))
-    ((not (apply '< (mapcar 'car plans))) (plv-erreur "les plans de comparaison vont par distances croissantes"))
-    (T (mapcar '(lambda (p) (list (float (car p)) (float (cadr p)))) plans))))
-
-(defun plv-nouveau:couper (points plans / resultat reste precedent d)
-  "The points with one added wherever a plane changes between two of them."
-  (foreach plan (cdr plans)
-    (setq d (car plan) resultat nil precedent nil)
-    (foreach p points
-      (if (and precedent (< (car precedent) (- d 1e-6)) (> (car p) (+ d 1e-6)))
-        (setq resultat
-          (cons (list d (+ (cadr precedent) (* (- (cadr p) (cadr precedent)) (/ (- d (car precedent)) (- (car p) (car precedent))))) "")
-                resultat)))
-      (setq resultat (cons p resultat) precedent p))
-    (setq points (reverse resultat)))
-  points)
+    ((not (apply '< (mapcar 'plv-plan-debut plans))) (plv-erreur "les plans de comparaison vont par distances croissantes"))
+    (T (mapcar '(lambda (p) (list (float (plv-plan-debut p)) (float (plv-plan-altitude p)))) plans))))
 
 (defun plv-nouveau (chemin numero point echv ttxt hauteur-max plans / trouve axe)
   "Creates a profile and gives its block reference, or nil after a message. nil for an argument takes its default:
@@ -37,9 +24,9 @@ project lines."
     ((not (setq trouve (plv-fichier-existant chemin))) nil)
     ((not (plv-landxml-p trouve))
      (plv-nouveau-sur '(lambda () (plv-lire-terrain trouve)) numero point echv ttxt hauteur-max plans))
-    ((setq axe (plv-echange:par-defaut trouve))
-     (plv-nouveau-axe axe '(lambda () (plv-echange-terrain trouve axe (car (plv-echange:terrains-tries axe))))
-       numero point echv ttxt hauteur-max plans 'plv-echange:projets-par-defaut))))
+    ((setq axe (plv-landxml-premier-axe trouve))
+     (plv-nouveau-axe axe '(lambda () (plv-landxml-terrain trouve axe (car (plv-landxml-terrains axe))))
+       numero point echv ttxt hauteur-max plans 'plv-landxml-projets))))
 
 (defun plv-nouveau-axe (axe lecture numero point echv ttxt hauteur-max plans projets / profil)
   "A profile on a ground, and what `projets` draws of the alignment's project lines."
@@ -51,7 +38,7 @@ project lines."
   "plv-nouveau on the ground that a function reads, once the other arguments are good."
   (setq echv (cond (echv) (10.0))
         ttxt (cond (ttxt) (2.5))
-        numero (cond (numero) ((itoa (plv-profil:identifiant))))
+        numero (cond (numero) ((itoa (plv-identifiant-libre))))
         point (cond (point) ('(0.0 0.0 0.0)))
         hauteur-max (cond (hauteur-max) ((* 60.0 ttxt))))
   (cond
@@ -62,18 +49,16 @@ project lines."
     ((not (setq points (plv-cle 'points terrain)
                 plans (plv-nouveau:plans plans points echv hauteur-max))) nil)
     (T
-     (setq points (plv-nouveau:couper points plans)
+     (setq points (plv-points-aux-plans points plans)
            profil (plv-creer-profil numero point (plv-cle 'origine terrain) points echv ttxt plans))
      (plv-habiller-profil profil point points echv ttxt plans)
-     ;; The ground record has no gaps: they are kept beside it, for whoever takes the ground out again.
-     (if (plv-cle 'lacunes terrain)
-       (plv-ecrire-enregistrement profil "PLV_LACUNES" (mapcar '(lambda (l) (list 10 (car l) (cadr l) 0.0)) (plv-cle 'lacunes terrain))))
+     (if (plv-cle 'lacunes terrain) (plv-ecrire-lacunes profil (plv-cle 'lacunes terrain)))
      (plv-dire (strcat "Profil " numero ": " (itoa (length points)) " points, "
                        (plv-reel (car (plv-dernier points)) 2) " m, "
                        (itoa (length plans)) (if (cdr plans) " plans de comparaison." " plan de comparaison.")))
      profil)))
 
-(defun plv-nouveau:demander-plans (longueur / choix plans distance altitude)
+(defun plv-nouveau:demander-plans (/ plans distance altitude)
   "nil for proposed planes, or the planes typed by the user."
   (if (= (plv-demander-mot "Plans de comparaison" '("Automatiques" "Saisis") "Automatiques") "Saisis")
     (progn
@@ -92,22 +77,22 @@ project lines."
         echv (plv-demander-reel "Echelle verticale" 10.0)
         ttxt (plv-demander-reel "Hauteur de texte" 2.5)
         hauteur-max (plv-demander-reel "Hauteur dessinee maximale" (* 60.0 ttxt)))
-  (plv-nouveau-axe axe lecture numero point echv ttxt hauteur-max (plv-nouveau:demander-plans nil) projets))
+  (plv-nouveau-axe axe lecture numero point echv ttxt hauteur-max (plv-nouveau:demander-plans) projets))
 
 (defun plv-nouveau:landxml (chemin / axe plv-nouveau:terrain)
   "Alignment and ground are chosen, and read, before anything else is asked."
-  (if (and (setq axe (plv-echange:choisir-axe chemin))
+  (if (and (setq axe (plv-landxml-choisir-axe chemin))
            (setq plv-nouveau:terrain (plv-nouveau:lire-axe chemin axe)))
-    (plv-nouveau:demander '(lambda () plv-nouveau:terrain) (plv-echange:numero axe) 'plv-echange:demander-projets axe)))
+    (plv-nouveau:demander '(lambda () plv-nouveau:terrain) (plv-landxml-numero axe) 'plv-landxml-demander-projets axe)))
 
 (defun plv-nouveau:lire-axe (chemin axe / terrain)
   (if (plv-cle 'terrains axe)
-    (if (setq terrain (plv-echange:choisir-terrain axe)) (plv-echange-terrain chemin axe terrain))
-    (plv-echange:demander-terrain axe)))
+    (if (setq terrain (plv-landxml-choisir-terrain axe)) (plv-landxml-terrain chemin axe terrain))
+    (plv-landxml-demander-terrain axe)))
 
 (defun c:plv-nouveau (/ chemin)
   (if (setq chemin (plv-demander-fichier "Fichier du terrain naturel"))
     (if (plv-landxml-p chemin)
       (plv-nouveau:landxml chemin)
-      (plv-nouveau:demander '(lambda () (plv-lire-terrain chemin)) (itoa (plv-profil:identifiant)) '(lambda (profil axe) nil) nil)))
+      (plv-nouveau:demander '(lambda () (plv-lire-terrain chemin)) (itoa (plv-identifiant-libre)) '(lambda (profil axe) nil) nil)))
   (princ))

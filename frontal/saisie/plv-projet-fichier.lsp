@@ -34,7 +34,7 @@
   (setq numero 0)
   (foreach ligne (plv-lire-lignes chemin)
     (setq numero (1+ numero))
-    (if (and (not fautive) (/= (vl-string-trim " \t" ligne) "") (not (wcmatch (vl-string-left-trim " \t" ligne) "[#;]*")))
+    (if (and (not fautive) (not (plv-ligne-muette ligne)))
       (progn
         (if (not separateur) (setq separateur (plv-separateur ligne)))
         (setq champs (plv-couper ligne separateur))
@@ -43,8 +43,7 @@
           ((and (not sommets) (not (vl-some 'plv-nombre champs))) (setq separateur nil))
           (T
            (setq fautive T)
-           (plv-erreur (strcat chemin ", ligne " (itoa numero) " illisible: \"" ligne
-                               "\"; station, altitude et raccordement attendus")))))))
+           (plv-refus-ligne chemin numero ligne "station, altitude et raccordement attendus"))))))
   (cond
     (fautive nil)
     ((not sommets) (plv-erreur (strcat chemin ": aucun sommet")))
@@ -54,5 +53,5 @@
   "Draws the project line of a file, text or LandXML; gives its entities, or nil after a message."
   (cond
     ((not (setq trouve (plv-fichier-existant chemin))) nil)
-    ((plv-landxml-p trouve) (plv-echange-projet-fichier profil genre trouve))
+    ((plv-landxml-p trouve) (plv-landxml-projet-fichier profil genre trouve))
     ((setq sommets (plv-projet-fichier:lire trouve)) (plv-projet profil genre sommets))))

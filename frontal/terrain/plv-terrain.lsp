@@ -1,5 +1,6 @@
 ;; Ground files: delimited text with distance and altitude, or x, y, z with distances accumulated in plan.
-;; The result is a list of points (distance altitude name), distances from the first point, and the first station.
+;; A ground is ((origine . first station) (points (distance altitude name) ...)), distances from the first point; its gaps,
+;; when the file has any, are stretches under lacunes. A measured point is (distance-or-nil x y z name).
 
 ;; Words of a header line, upper case, by what the column holds.
 (setq plv-terrain:entetes
@@ -9,11 +10,9 @@
     (z "Z" "ALT" "ALTITUDE" "ZTN" "TN" "GROUND_Z" "COTE" "ELEVATION" "H")
     (nom "NOM" "NAME" "POINT" "NUMERO" "NUM" "MATRICULE" "OBS" "OBSERVATION" "OBSERVATIONS" "REMARQUE" "CODE")))
 
-(defun plv-terrain:role (champ / trouve)
+(defun plv-terrain:role (champ)
   (setq champ (strcase (vl-string-trim " \t\"" champ)))
-  (foreach role plv-terrain:entetes
-    (if (and (not trouve) (member champ (cdr role))) (setq trouve (car role))))
-  trouve)
+  (caar (vl-member-if '(lambda (role) (member champ (cdr role))) plv-terrain:entetes)))
 
 (defun plv-terrain:roles-entete (champs / roles)
   "What each column holds according to a header line; nil when it names no altitude."
@@ -38,26 +37,30 @@
 (defun plv-terrain:valeur (role roles champs / texte)
   (if (setq texte (plv-terrain:champ role roles champs)) (plv-nombre texte)))
 
-(defun plv-terrain:releve (roles champs / z nom)
-  "One point of the file as (distance-or-nil x y z name); nil when a number is missing."
-  (setq z (plv-terrain:valeur 'z roles champs)
+(defun plv-releve (d z nom) (list d nil nil z nom))
+(defun plv-releve-distance (releve) (car releve))
+(defun plv-releve-en-plan (releve) (list (cadr releve) (caddr releve)))
+(defun plv-releve-z (releve) (cadddr releve))
+(defun plv-releve-nom (releve) (nth 4 releve))
+
+(defun plv-terrain:releve (roles champs / d x y z nom)
+  "One point of the file; nil when a number is missing."
+  (setq d (plv-terrain:valeur 'distance roles champs)
+        x (plv-terrain:valeur 'x roles champs)
+        y (plv-terrain:valeur 'y roles champs)
+        z (plv-terrain:valeur 'z roles champs)
         nom (cond ((plv-terrain:champ 'nom roles champs)) ("")))
-  (if (member 'distance roles)
-    (if (and z (plv-terrain:valeur 'distance roles champs))
-      (list (plv-terrain:valeur 'distance roles champs) nil nil z nom))
-    (if (and z (plv-terrain:valeur 'x roles champs) (plv-terrain:valeur 'y roles champs))
-      (list nil (plv-terrain:valeur 'x roles champs) (plv-terrain:valeur 'y roles champs) z nom))))
+  (cond
+    ((not z) nil)
+    ((member 'distance roles) (if d (plv-releve d z nom)))
+    ((and x y) (list nil x y z nom))))
 
-(defun plv-terrain:refus (chemin numero ligne)
-  (plv-erreur (strcat chemin ", ligne " (itoa numero) " illisible: \"" ligne
-                      "\"; distance et altitude attendues, ou x, y et z")))
-
-(defun plv-terrain:lire (chemin / lignes numero separateur roles champs releve releves fautive)
+(defun plv-terrain:lire (chemin / numero separateur roles champs releve releves fautive)
   "The points of the file in file order; nil after a message that names the line at fault."
   (setq numero 0)
   (foreach ligne (cond ((plv-lire-lignes chemin)) (T (setq fautive (plv-erreur (strcat "lecture impossible: " chemin))) nil))
     (setq numero (1+ numero))
-    (if (and (not fautive) (/= (vl-string-trim " \t" ligne) "") (not (wcmatch (vl-string-left-trim " \t" ligne) "[#;]*")))
+    (if (and (not fautive) (not (plv-ligne-muette ligne)))
       (progn
         (if (not separateur) (setq separateur (plv-separateur ligne)))
         (setq champs (plv-couper ligne separateur))
@@ -69,7 +72,7 @@
            (if (not roles) (setq roles (plv-terrain:roles-champs champs)))
            (if (and roles (setq releve (plv-terrain:releve roles champs)))
              (setq releves (cons releve releves))
-             (progn (plv-terrain:refus chemin numero ligne) (setq fautive T))))))))
+             (progn (plv-refus-ligne chemin numero ligne "distance et altitude attendues, ou x, y et z") (setq fautive T))))))))
   (cond
     (fautive nil)
     ((not (cdr releves)) (plv-erreur (strcat chemin ": deux points au moins sont attendus")))
@@ -79,19 +82,16 @@
   "Points (distance altitude name) with distances as given, or accumulated in plan."
   (setq cumul 0.0)
   (foreach releve releves
-    (if (car releve)
-      (setq cumul (car releve))
-      (if precedent
-        (setq cumul (+ cumul (distance (list (cadr precedent) (caddr precedent)) (list (cadr releve) (caddr releve)))))))
+    (cond
+      ((plv-releve-distance releve) (setq cumul (plv-releve-distance releve)))
+      (precedent (setq cumul (+ cumul (distance (plv-releve-en-plan precedent) (plv-releve-en-plan releve))))))
     (setq precedent releve
-          points (cons (list (float cumul) (float (cadddr releve)) (nth 4 releve)) points)))
+          points (cons (list (float cumul) (float (plv-releve-z releve)) (plv-releve-nom releve)) points)))
   (reverse points))
 
-(defun plv-terrain:croissants (points / ordre)
+(defun plv-terrain:croissants (points)
   "The points sorted by distance; says so when they were not."
-  (setq ordre T)
-  (mapcar '(lambda (a b) (if (> (car a) (car b)) (setq ordre nil))) points (cdr points))
-  (if ordre
+  (if (apply '<= (mapcar 'car points))
     points
     (progn
       (plv-dire "Les points ne sont pas dans l'ordre des distances: ils ont ete tries.")
@@ -108,7 +108,7 @@
     (plv-dire (strcat (itoa retires) (if (= retires 1) " point repete a ete laisse." " points repetes ont ete laisses."))))
   (reverse garde))
 
-(defun plv-terrain:depuis (chemin releves / points origine)
+(defun plv-terrain-depuis (chemin releves / points origine)
   "A ground from measured points; chemin names it in messages."
   (setq points (plv-terrain:sans-repetition (plv-terrain:croissants (plv-terrain:distances releves)))
         origine (caar points))
@@ -117,8 +117,6 @@
     (list (cons 'origine origine)
           (cons 'points (mapcar '(lambda (p) (cons (- (car p) origine) (cdr p))) points)))))
 
-(defun plv-lire-terrain (chemin / releves)
-  "((origine . first station) (points (distance altitude name) ...)), distances from the first point; nil after a message."
-  (cond
-    ((plv-landxml-p chemin) (plv-echange-terrain-par-defaut chemin))
-    ((setq releves (plv-terrain:lire chemin)) (plv-terrain:depuis chemin releves))))
+(defun plv-lire-terrain-texte (chemin / releves)
+  "The ground of a text file; nil after a message."
+  (if (setq releves (plv-terrain:lire chemin)) (plv-terrain-depuis chemin releves)))

@@ -161,8 +161,7 @@ TEST(LandXml, AProjectLineIsCutAtTheEndsOfTheProfile) {
   session.create(
       landXml(project("<PVI>80 49</PVI><ParaCurve length='40'>150 52.5</ParaCurve><CircCurve radius='500' "
                       "length='0'>205 49</CircCurve><PVI>260 52</PVI>")));
-  session.eval(
-      "(defun z (d) (plv-reel (plv-altitude-projet p (plv-elements-situes p \"Projet\") (plv-tables:plans p) d) 4))");
+  session.eval("(defun z (d) (plv-reel (plv-altitude-projet p (plv-elements-situes p \"Projet\") (plv-plans p) d) 4))");
   EXPECT_EQ(session.eval("(mapcar 'z '(0.0 20.0 50.0))"), "(\"50.0000\" \"51.0000\" \"51.9318\")")
       << session.transcript();
   // The vertex at 205: grades -7/110 and 3/55; the circle's altitude at 200, worked out from its centre.

@@ -154,7 +154,7 @@ TEST(Quantities, ALineBesideTheGroundIsSaidSo) {
 // An upright piece of an attached terrain makes the module miss a crossing once it has met another one.
 TEST(Quantities, TheControlFindsWhatTheSweepMissed) {
   Quantities session("distance;altitude\n0;50\n100;50\n");
-  session.eval(R"((progn (setq x (plv-plan-en (plv-tables:plans p) 0.0))
+  session.eval(R"((progn (setq x (plv-plan-en (plv-plans p) 0.0))
     (defun y (z) (* 10.0 (- z (cadr x))))
     (plv-attacher p "TN" (list (entmakex (list '(0 . "LWPOLYLINE") '(100 . "AcDbEntity") '(100 . "AcDbPolyline") '(90 . 4) '(70 . 0)
       (list 10 0.0 (y 50.0)) (list 10 40.0 (y 51.0)) (list 10 40.0 (y 48.2)) (list 10 100.0 (y 48.2))))))))");

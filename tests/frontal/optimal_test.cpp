@@ -15,8 +15,7 @@ TEST(OptimalLine, StaysInTheBandAndIsAttached) {
   EXPECT_EQ(session.eval("(list (car l) (plv-dernier l))"), "((0.0 49.0) (100.0 39.0))");
   // Vertices once each, attached, and nothing of the search left.
   EXPECT_EQ(session.eval("(= (length l) (length (plv-uniques l)))"), "T");
-  EXPECT_EQ(session.eval("(= (length (plv-elements-du-projet p \"Assainissement\")) (length (plv-tables:plans p)))"),
-            "T");
+  EXPECT_EQ(session.eval("(= (length (plv-elements-du-projet p \"Assainissement\")) (length (plv-plans p)))"), "T");
   EXPECT_EQ(session.eval("(setq s (ssget \"X\" '((0 . \"LINE\") (62 . 1))))"), "nil");
   // The greater depth may come first.
   EXPECT_EQ(session.eval("(equal l (plv-optimal p \"Assainissement\" '(0.0 49.0) '(100.0 39.0) 1.2 0.8 nil) 1e-9)"),
@@ -41,11 +40,11 @@ TEST(OptimalLine, TellsWhereItLeavesTheBand) {
 // From change of plane to change of plane, and between ground points: the ground beside the ends has no say.
 TEST(OptimalLine, MayCoverAPartOfTheProfile) {
   Quantities session;
-  ASSERT_EQ(session.eval("(cdr (setq d (mapcar 'car (plv-tables:plans p))))").front(), '(');
+  ASSERT_EQ(session.eval("(cdr (setq d (mapcar 'car (plv-plans p))))").front(), '(');
   for (const char* ends : {"0.0 (cadr d)", "(cadr d) 100.0", "13.5 71.25", "45.0 55.0"}) {
     const std::string said =
         session.said(std::string("(setq b (list ") + ends +
-                     ") q (mapcar '(lambda (x) (list x (- (plv-metres:altitude (plv-points-tn p) x) 1.0))) b)"
+                     ") q (mapcar '(lambda (x) (list x (- (plv-altitude-ligne (plv-points-tn p) x) 1.0))) b)"
                      " n (length (plv-profils)) l (plv-optimal p \"Projet\" (car q) (cadr q) 0.8 1.2 nil))");
     SAYS(said, kInside);
     EXPECT_EQ(session.eval("(and (equal (list (car l) (plv-dernier l)) q) (= n (length (plv-profils))))"), "T") << ends;
@@ -93,10 +92,10 @@ TEST(OptimalLine, AsksUntilItUnderstands) {
   EXPECT_EQ(session.eval("(vl-some 'entget avant)"), "nil");
   // The picked start: 12 m above the plane.
   EXPECT_EQ(session.eval("(equal (plv-altitude-projet p (mapcar '(lambda (e) (list 0.0 100.0 e)) "
-                         "(plv-elements-du-projet p \"Assainissement\")) (plv-tables:plans p) 0.0) 0.0)"),
+                         "(plv-elements-du-projet p \"Assainissement\")) (plv-plans p) 0.0) 0.0)"),
             "nil");
-  EXPECT_EQ(session.eval("(equal (cadr (car (plv-metres:sommets p (car (plv-elements-du-projet p "
-                         "\"Assainissement\"))))) (+ 12.0 (cadar (plv-tables:plans p))) 1e-9)"),
+  EXPECT_EQ(session.eval("(equal (cadr (car (plv-sommets-dessines (plv-repere p) (car (plv-elements-du-projet p "
+                         "\"Assainissement\"))))) (+ 12.0 (cadar (plv-plans p))) 1e-9)"),
             "T");
 }
 

@@ -32,12 +32,12 @@ TEST(NewProfile, IsStoredAsTheModuleReadsIt) {
       {"(plgxd p \"ID\")", "1"},
       {"(plv-numero-profil p)", "\"12\""},
       // two planes, chained, that cover the length
-      {"(mapcar 'car (plv-tables:plans p))", "(0.0 30.0)"},
+      {"(mapcar 'car (plv-plans p))", "(0.0 30.0)"},
       {"(plgxd (plgxd (plgxd p \"PRPC\") \"NEXT-PC\") \"DISTANCE\")", "20.0"},
       {"(plgxd (plgxd (plgxd p \"PRPC\") \"NEXT-PC\") \"NEXT-PC\")", "nil"},
       // the first section has three ground lines, the last of which ends the chain
       {"(plgxd (plgxd (plgxd (plgxd (plgxd p \"PRPC\") \"PRLI\") \"NEXTLI\") \"NEXTLI\") \"NEXTLI\")", "nil"},
-      {"(length (vl-remove nil (mapcar '(lambda (k) (plgxd p k)) plv-profil:genres)))", "7"},
+      {"(length (vl-remove nil (mapcar '(lambda (k) (plgxd p k)) (plv-cles-genres))))", "7"},
       {"(plv-noms-tn p)", "(\"A\" \"\" \"B\" \"\" \"C\")"},
   };
   for (const auto& row : rows) EXPECT_EQ(session.eval(row.expression), row.printed) << row.expression;
@@ -58,11 +58,11 @@ TEST(NewProfile, DrawsTheGroundInEachSection) {
 TEST(NewProfile, IsPickedByTheWordsOfItsTitle) {
   Profile session;
   for (const char* label : {"TITRE", "NUMPL"}) {
-    session.eval(std::string("(setq a (plv-profil:attribut p \"") + label + "\") c (cdr (assoc 10 a)))");
+    session.eval(std::string("(setq a (plv-attribut-profil p \"") + label + "\") c (cdr (assoc 10 a)))");
     EXPECT_EQ(session.eval("(eq p (ssname (ssget (mapcar '+ c '(1.0 1.0 0.0))) 0))"), "T") << label;
   }
   // The number stands behind the words.
-  EXPECT_EQ(session.eval("(< (cadr (assoc 10 (plv-profil:attribut p \"TITRE\"))) (car c))"), "T");
+  EXPECT_EQ(session.eval("(< (cadr (assoc 10 (plv-attribut-profil p \"TITRE\"))) (car c))"), "T");
 }
 
 TEST(NewProfile, RefusesWhatCannotBe) {
@@ -96,7 +96,7 @@ TEST(NewProfile, AsksForWhatItNeeds) {
         "\nEchelle verticale <10.00>: ", "\nHauteur de texte <2.50>: ", "\nHauteur dessinee maximale <150.00>: ",
         "\nPlans de comparaison [Automatiques/Saisis] <Automatiques>: ", "\nAltitude du plan a partir de 0.00: "})
     EXPECT_NE(shown.find(prompt), std::string::npos) << prompt << "\n" << shown;
-  EXPECT_EQ(session.eval("(plv-tables:plans (plv-profil-de-numero \"7\"))"), "((0.0 25.0) (20.0 12.0))");
+  EXPECT_EQ(session.eval("(plv-plans (plv-profil-de-numero \"7\"))"), "((0.0 25.0) (20.0 12.0))");
 }
 
 TEST(Tables, AreFilledAndReplaced) {
@@ -119,7 +119,7 @@ TEST(Tables, AreFilledAndReplaced) {
   EXPECT_EQ(session.eval("(sslength (ssget \"X\"))"), entities) << "the old table is still there";
   // rules reach the end of the profile
   session.eval(
-      "(setq r (plv-tables:references p) r (vl-remove-if-not '(lambda (g) (= (car g) 330))"
+      "(setq r (plv-references-tables p) r (vl-remove-if-not '(lambda (g) (= (car g) 330))"
       " (member '(100 . \"AcDbXrecord\") (dictsearch (plv-dictionnaire (car r)) \"INFO_MATRICE\"))) r (entget (cdr "
       "(cadr r))))");
   EXPECT_EQ(session.eval("(list (cdr (assoc 0 r)) (distance (cdr (assoc 10 r)) (cdr (assoc 11 r))))"),
@@ -167,7 +167,7 @@ TEST(Audit, NamesWhatIsBrokenInTheRecords) {
       {"(plsxd (plgxd (plgxd p \"PRPC\") \"NEXT-PC\") \"NEXT-PC\" (plgxd p \"PRPC\"))", "P03"},
       {"(plsxd (plgxd (plgxd p \"PRPC\") \"PRLI\") \"NEXTLI\" (plgxd (plgxd p \"PRPC\") \"PRLI\"))", "P03"},
       {"(plsxd p \"PRPC\" 5)", "P02"},
-      {"(entdel (car (plv-tables:references p)))", "P06"},
+      {"(entdel (car (plv-references-tables p)))", "P06"},
       {"(entmod (append (vl-remove-if '(lambda (g) (= (car g) -3)) (entget p)) '((-3 (\"KELMONT_PLV2\")))))", "P05"},
   };
   for (const auto& row : rows) {

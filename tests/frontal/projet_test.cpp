@@ -15,7 +15,7 @@ class Project : public FrontEnd {
     eval("(setq p (plv-nouveau \"" + path("g.csv") +
          "\" \"7\" '(500.0 300.0 0.0) 10.0 2.5 150.0 '((0.0 45.0) (120.0 40.0))))");
     eval(R"((progn
-      (defun z (genre station) (plv-altitude-projet p (plv-elements-situes p genre) (plv-tables:plans p) (- station 1000.0)))
+      (defun z (genre station) (plv-altitude-projet p (plv-elements-situes p genre) (plv-plans p) (- station 1000.0)))
       (defun mm (valeur) (plv-reel valeur 3))
       (defun textes (motif / s) (if (setq s (ssget "X" (list '(0 . "TEXT") (cons 1 motif)))) (sslength s) 0))
       (defun lu (x y) (list (mm (- x 500.0)) (mm (+ 45.0 (/ (- y 300.0) 10.0)))))))");
@@ -46,8 +46,8 @@ TEST(ProjectLine, KeepsStationsToTheMillimetre) {
       {"(mapcar '(lambda (s) (plgxd s \"ELEMDUPROJET\")) r)", "(1 1 1 1 1 1)"},
       // true lengths: an arc of circle is R times its opening
       {"(mm (pl_curvelength (cadr r) 10.0))", "\"79.933\""},
-      {"(mapcar '(lambda (tr) (if (numberp (caddr tr)) (plv-reel (* 100.0 (caddr tr)) 2) (mm (plv-rayon-troncon p "
-       "tr)))) (plv-troncons p \"Voirie\"))",
+      {"(mapcar '(lambda (tr) (if (numberp (caddr tr)) (plv-reel (* 100.0 (caddr tr)) 2) (mm (plv-rayon-de-piece p "
+       "tr)))) (plv-elements-de-pente p \"Voirie\"))",
        "(\"5.00\" \"800.000\" \"-5.00\" \"266.667\" \"2.50\")"},
   });
 }
@@ -141,32 +141,32 @@ TEST(Planes, AddedAndRemovedLeaveTheGeometry) {
   session.eval(R"((progn
     (plv-projet p "Projet" '((1000.0 50.0) (1080.0 54.0 800.0) (1160.0 50.0 ("P" "L" 20.0)) (1200.0 51.0)))
     (defun photo (/ y l)
-      (foreach e (plv-elements:enregistres p "Projet")
+      (foreach e (plv-elements p "Projet")
         (foreach d '(0.0 40.0 50.0 62.5 80.0 100.0 119.0 121.0 152.0 160.0 168.0 200.0)
           (if (setq y (pl_yat e (+ 500.0 d))) (setq l (cons (list (cdr (assoc 5 (entget e))) d y) l)))))
       l)
     (defun sol (/ l)
-      (foreach plan (mapcar 'cadddr (plv-pc:sections p))
+      (foreach plan (mapcar 'cadddr (plv-sections-de-plan p))
         (foreach e (reverse (plv-pc:lignes plan)) (setq l (cons (list (cdr (assoc 10 (entget e))) (cdr (assoc 11 (entget e)))) l))))
       (reverse l))
-    (setq avant (photo) sol-avant (sol) sections (mapcar '(lambda (s) (list (car s) (cadr s) (caddr s))) (plv-pc:sections p))
-          n (sslength (ssget "X")) troncons (mapcar 'cdr (plv-troncons p "Projet")))))");
+    (setq avant (photo) sol-avant (sol) sections (mapcar '(lambda (s) (list (car s) (cadr s) (caddr s))) (plv-sections-de-plan p))
+          n (sslength (ssget "X")) troncons (mapcar 'cdr (plv-elements-de-pente p "Projet")))))");
   session.eval("(plv-pc p \"A\" 1062.5 48.0)");
   session.check({
-      {"(plv-tables:plans p)", "((0.0 45.0) (62.5 48.0) (120.0 40.0))"},
+      {"(plv-plans p)", "((0.0 45.0) (62.5 48.0) (120.0 40.0))"},
       {"(length (plv-elements-du-projet p \"Projet\"))", "7"},
       {"(mm (z \"Projet\" 1100.0))", "\"52.751\""},
-      {"(equal (mapcar 'cadr troncons) (mapcar 'caddr (plv-troncons p \"Projet\")) 1e-9)", "T"},
+      {"(equal (mapcar 'cadr troncons) (mapcar 'caddr (plv-elements-de-pente p \"Projet\")) 1e-9)", "T"},
       {"(plv-audit)", "0"},
   });
   session.eval("(plv-pc p \"M\" 1070.0 47.0)");
-  session.check({{"(plv-tables:plans p)", "((0.0 45.0) (62.5 47.0) (120.0 40.0))"},
-                 {"(mm (z \"Projet\" 1100.0))", "\"52.751\""}});
+  session.check(
+      {{"(plv-plans p)", "((0.0 45.0) (62.5 47.0) (120.0 40.0))"}, {"(mm (z \"Projet\" 1100.0))", "\"52.751\""}});
   session.eval("(plv-pc p \"S\" 1070.0 nil)");
   session.check({
       {"(equal avant (photo) 1e-8)", "T"},
       {"(equal sol-avant (sol) 1e-9)", "T"},
-      {"(equal sections (mapcar '(lambda (s) (list (car s) (cadr s) (caddr s))) (plv-pc:sections p)) 1e-9)", "T"},
+      {"(equal sections (mapcar '(lambda (s) (list (car s) (cadr s) (caddr s))) (plv-sections-de-plan p)) 1e-9)", "T"},
       {"(= n (sslength (ssget \"X\")))", "T"},
       {"(plv-audit)", "0"},
   });
@@ -183,7 +183,7 @@ TEST(Planes, CarryBlocksAndReferenceLines) {
       {"(cdr (assoc 10 (entget b)))", "(600.0 320.0 0.0)"},
       // the reference line at 1100 ends on the ground of its new plane
       {"(apply 'min (mapcar '(lambda (e) (if (equal (cadr (assoc 10 (entget e))) 600.0 1e-6) (caddr (assoc 10 (entget "
-       "e))) 1e9)) (plv-tables:ajouts p)))",
+       "e))) 1e9)) (plv-ajouts-tables p)))",
        "320.0"},
   });
   const struct {
@@ -288,7 +288,7 @@ TEST(MenuMacros, RunAsTheMenuNamesThem) {
   EXPECT_NE(dimensions.find("4 cotes."), std::string::npos) << dimensions;
   EXPECT_EQ(session.eval("(list (textes \"+0.00\") (textes \"-2.00\") (textes \"50.00\"))"), "(1 1 1)");
   session.feed("transfererProjet \nVoirie\n");
-  session.check({{"(plv-elements:enregistres p \"Projet\")", "nil"},
+  session.check({{"(plv-elements p \"Projet\")", "nil"},
                  {"(length (plv-elements-du-projet p \"Voirie\"))", "4"},
                  {"(plv-genres-du-projet p)", "(\"Voirie\")"}});
   const std::string association =

@@ -35,7 +35,7 @@ NewProfileForm::NewProfileForm(Drawing& drawing, QWidget* parent) : QDialog(pare
   fields->addRow(QStringLiteral("Fichier du terrain naturel"),
                  fileLine(this, file, QStringLiteral("Fichier du terrain naturel"),
                           QStringLiteral("Levés (*.csv *.txt *.xml);;Tous (*)")));
-  number = new QLineEdit(QString::number(ask(drawing.document(), "(plv-profil:identifiant)").toInt()), this);
+  number = new QLineEdit(QString::number(ask(drawing.document(), "(plv-identifiant-libre)").toInt()), this);
   scale = spin(this, 10, 1000);
   textHeight = spin(this, 2.5, 100);
   fields->addRow(QStringLiteral("Numéro du profil"), number);

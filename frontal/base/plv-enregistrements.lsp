@@ -1,0 +1,65 @@
+;; Records of the front-end in extension dictionaries, and the keys of an entity in its extended data.
+;; Reading never makes anything: an entity without a dictionary keeps none.
+
+;; applications of the extended data: keys with their values, and the natural ground
+(setq plv-app-cles "PLV2_DATA" plv-app-terrain "KELMONT_PLV2")
+
+(defun plv-dictionnaire (entite / groupes trouve dict)
+  "The extension dictionary of an entity, made when it has none."
+  (setq groupes (entget entite))
+  (cond
+    ((setq trouve (member '(102 . "{ACAD_XDICTIONARY") groupes)) (cdr (cadr trouve)))
+    (T
+     (setq dict (entmakex '((0 . "DICTIONARY") (100 . "AcDbDictionary") (280 . 1) (281 . 1))))
+     (entmod (append (list (car groupes) (cadr groupes) (cons 102 "{ACAD_XDICTIONARY") (cons 360 dict) '(102 . "}"))
+                     (cddr groupes)))
+     dict)))
+
+(defun plv-enregistrement (entite cle / trouve)
+  "The groups of a record in the extension dictionary of an entity; nil when it has none."
+  (if (setq trouve (member '(102 . "{ACAD_XDICTIONARY") (entget entite)))
+    (vl-remove-if '(lambda (g) (= (car g) 280))
+      (cdr (member '(100 . "AcDbXrecord") (dictsearch (cdr (cadr trouve)) cle))))))
+
+(defun plv-ecrire-enregistrement (entite cle groupes / dict)
+  "Replaces a record."
+  (setq dict (plv-dictionnaire entite))
+  (dictremove dict cle)
+  (dictadd dict cle (entmakex (append '((0 . "XRECORD") (100 . "AcDbXrecord") (280 . 1)) groupes))))
+
+(defun plv-entites-enregistrees (entite cle)
+  "The entities that a record names (groups 330) and that are still in the drawing."
+  (vl-remove-if-not '(lambda (e) (and e (entget e))) (plv-cles 330 (plv-enregistrement entite cle))))
+
+(defun plv-enregistrer-entites (entite cle entites)
+  (plv-ecrire-enregistrement entite cle (mapcar '(lambda (e) (cons 330 e)) entites)))
+
+;; --- extended data
+
+(defun plv-donnees (entite application)
+  "The groups that an application holds with an entity."
+  (cdadr (assoc -3 (entget entite (list application)))))
+
+(defun plv-ecrire-donnees (entite application groupes)
+  (entmod (append (entget entite) (list (list -3 (cons application groupes))))))
+
+(defun plv-ecrire-cles (entite paires)
+  (foreach paire paires (plsxd entite (car paire) (cadr paire))))
+
+(defun plv-oter-cle (entite cle / donnees reste)
+  "Takes a key away with its value."
+  (setq donnees (plv-donnees entite plv-app-cles))
+  (while donnees
+    (if (and (= (caar donnees) 1000) (cdr donnees) (= (strcase (cdar donnees)) cle))
+      (setq donnees (cddr donnees))
+      (setq reste (cons (car donnees) reste) donnees (cdr donnees))))
+  (plv-ecrire-donnees entite plv-app-cles (reverse reste)))
+
+(defun plv-chaine (premiere cle / chaine)
+  "The entities of a chain, each of which names the next one under the key."
+  (while premiere
+    (setq chaine (cons premiere chaine) premiere (plgxd premiere cle)))
+  (reverse chaine))
+
+(defun plv-enchainer (entites cle)
+  (mapcar '(lambda (entite suivante) (plsxd entite cle suivante)) entites (cdr entites)))

@@ -1,0 +1,34 @@
+;; Points (distance altitude ...) in metres from a profile's origin, and lines of such points from left to right.
+;; As with the host's points, car is the one coordinate and cadr the other. What begins with its two ends along the profile,
+;; (from to ...), is a stretch, whatever follows: slope pieces, parts of a line, segments of an axis.
+
+(defun plv-debut (etendue) (car etendue))
+(defun plv-fin (etendue) (cadr etendue))
+(defun plv-longueur (etendue) (- (cadr etendue) (car etendue)))
+(defun plv-milieu (etendue) (* 0.5 (+ (car etendue) (cadr etendue))))
+
+(defun plv-pente (a b) (/ (- (cadr b) (cadr a)) (- (car b) (car a))))
+
+(defun plv-interpoler (segment d / a b)
+  "Altitude at a distance on the straight line through the first two points."
+  (setq a (car segment) b (cadr segment))
+  (+ (cadr a) (* (- d (car a)) (plv-pente a b))))
+
+(defun plv-gauche-droite (points) (if (> (caar points) (car (plv-dernier points))) (reverse points) points))
+
+;; --- a line of points
+
+(defun plv-ligne-depuis (ligne d)
+  "The line from its stretch at a distance on; of two points there, as at a wall, the second counts."
+  (while (and (cddr ligne) (<= (car (cadr ligne)) (+ d 1e-9))) (setq ligne (cdr ligne)))
+  ligne)
+
+(defun plv-altitude-ligne (ligne d) (plv-interpoler (plv-ligne-depuis ligne d) d))
+
+(defun plv-ligne-entre (points a b / dedans)
+  "A line between two distances, its ends interpolated."
+  (setq points (plv-ligne-depuis points a)
+        dedans (list (list a (plv-interpoler points a))))
+  (while (and (cddr points) (< (car (cadr points)) (- b 1e-9)))
+    (setq dedans (cons (list (car (cadr points)) (cadr (cadr points))) dedans) points (cdr points)))
+  (reverse (cons (list b (plv-interpoler points b)) dedans)))

@@ -1,0 +1,53 @@
+;; The ground of a new profile: of a LandXML file or of any ground file. A ground of LandXML is a list of pieces; an
+;; alignment without one takes its first project line for it.
+
+(setq plv-landxml:ecart 1e-6) ; pieces that are closer than this in metres go on without a gap
+
+(defun plv-landxml:lacunes (terrain / fin lacunes)
+  "Between the pieces of a ground: stretches (from to) of stations."
+  (foreach piece (plv-cle 'troncons terrain)
+    (if (and fin (> (caar piece) (+ fin plv-landxml:ecart))) (setq lacunes (cons (list fin (caar piece)) lacunes)))
+    (setq fin (car (plv-dernier piece))))
+  (reverse lacunes))
+
+(defun plv-landxml:dire-lacunes (lacunes)
+  (foreach l lacunes
+    (plv-dire (strcat "Terrain absent entre les stations " (plv-reel (plv-debut l) 2) " et " (plv-reel (plv-fin l) 2) ": trace droit."))))
+
+(defun plv-landxml:releves (points) (mapcar '(lambda (p) (plv-releve (car p) (cadr p) "")) points))
+
+(defun plv-landxml:points-projet (projet / sommets)
+  "Points on the project line, at its vertices and along its curves."
+  (setq sommets (plv-landxml-sommets projet))
+  (apply 'append (mapcar 'plv-points-partie (plv-parties sommets (plv-raccords sommets)))))
+
+(defun plv-landxml:sur-terrain (chemin terrain / lacunes lu origine)
+  (setq lacunes (plv-landxml:lacunes terrain))
+  (plv-landxml:dire-lacunes lacunes)
+  (if (setq lu (plv-terrain-depuis chemin (plv-landxml:releves (apply 'append (plv-cle 'troncons terrain)))))
+    (progn
+      (setq origine (plv-cle 'origine lu))
+      (cons (cons 'lacunes (mapcar '(lambda (l) (list (- (plv-debut l) origine) (- (plv-fin l) origine))) lacunes)) lu))))
+
+(defun plv-landxml-terrain (chemin axe terrain)
+  "A ground as plv-lire-terrain gives it; terrain nil for an alignment without one."
+  (if terrain
+    (plv-landxml:sur-terrain chemin terrain)
+    (progn
+      (plv-dire (strcat "L'axe " (plv-cle 'nom axe) " n'a pas de terrain: le terrain suit la ligne de projet."))
+      (plv-terrain-depuis chemin (plv-landxml:releves (plv-landxml:points-projet (car (plv-cle 'projets axe))))))))
+
+(defun plv-landxml-terrain-par-defaut (chemin / axe)
+  (if (setq axe (plv-landxml-premier-axe chemin))
+    (plv-landxml-terrain chemin axe (car (plv-landxml-terrains axe)))))
+
+(defun plv-lire-terrain (chemin)
+  "The ground of a file of any kind, see plv-terrain; nil after a message."
+  (if (plv-landxml-p chemin) (plv-landxml-terrain-par-defaut chemin) (plv-lire-terrain-texte chemin)))
+
+(defun plv-landxml-demander-terrain (axe / chemin)
+  "For an alignment without ground: the ground of another file, or of the project line."
+  (setq chemin (plv-demander-texte "L'axe n'a pas de terrain. Fichier du terrain naturel" "suivre le projet"))
+  (cond
+    ((= chemin "suivre le projet") (plv-landxml-terrain chemin axe nil))
+    ((setq chemin (plv-fichier-existant chemin)) (plv-lire-terrain chemin))))

@@ -1,0 +1,27 @@
+;; Blocks that stand on a profile, and their attributes: manholes, pipes, whatever a user placed.
+;; The profile's own references are no such blocks.
+
+(setq plv-blocs:propres (list plv-bloc-profil plv-bloc-support))
+
+(defun plv-blocs (profil / origine longueur haut)
+  "References with attributes that stand over a profile, from left to right."
+  (setq origine (plv-origine profil)
+        longueur (plv-longueur-profil profil)
+        haut (+ (cadr origine) (* 20.0 (plgxd profil "TTXT")) (plv-hauteur-profil profil)))
+  (vl-sort
+    (vl-remove-if-not '(lambda (e) (plv-blocs:dessus (entget e) origine longueur haut))
+      (reverse (plv-entites-du-jeu (ssget "X" '((0 . "INSERT") (66 . 1))))))
+    '(lambda (a b) (< (car (plv-origine a)) (car (plv-origine b))))))
+
+(defun plv-blocs:dessus (groupes origine longueur haut / p)
+  (setq p (plv-cle 10 groupes))
+  (and (not (member (strcase (plv-cle 2 groupes)) plv-blocs:propres))
+       (<= (- (car origine) 1e-6) (car p) (+ (car origine) longueur 1e-6))
+       (<= (- (cadr origine) 1e-6) (cadr p) haut)))
+
+(defun plv-attributs (bloc / e groupes liste)
+  "(tag . text) of each attribute of a reference."
+  (setq e (entnext bloc))
+  (while (and e (= (plv-cle 0 (setq groupes (entget e))) "ATTRIB"))
+    (setq liste (cons (cons (plv-cle 2 groupes) (plv-cle 1 groupes)) liste) e (entnext e)))
+  (reverse liste))

@@ -1,0 +1,68 @@
+;; Finding profiles: all of the drawing, the one of a number, the one that the user means, the current one.
+;; The current profile is the one whose tables the module has selected and whose menu is up.
+
+(defun plv-profils ()
+  "The profiles of the drawing, in the order of their making."
+  (vl-sort (plv-entites-du-jeu (ssget "X" (list '(0 . "INSERT") (cons 2 plv-bloc-profil))))
+           '(lambda (a b) (< (plv-id-profil a) (plv-id-profil b)))))
+
+(defun plv-id-profil (profil) (cond ((plgxd profil "ID")) (-1)))
+
+(defun plv-identifiant-libre ()
+  (1+ (apply 'max (cons 0 (mapcar 'plv-id-profil (plv-profils))))))
+
+(defun plv-attribut-profil (profil etiquette / suivante groupes)
+  "The groups of an attribute, nil without it."
+  (setq suivante (entnext profil))
+  (while (and suivante (= (plv-cle 0 (setq groupes (entget suivante))) "ATTRIB") (/= (plv-cle 2 groupes) etiquette))
+    (setq suivante (entnext suivante)))
+  (if (and suivante (= (plv-cle 0 groupes) "ATTRIB")) groupes))
+
+(defun plv-numero-profil (profil) (plv-cle 1 (plv-attribut-profil profil "NUMPL")))
+
+(defun plv-profil-de-numero (numero)
+  (car (vl-member-if '(lambda (p) (= (strcase (plv-numero-profil p)) (strcase numero))) (plv-profils))))
+
+(defun plv-refus-numero (numero) (strcat "pas de profil numero " numero))
+
+(setq plv-profils:aucun "le dessin n'a pas de profil: PLV-NOUVEAU en cree un")
+
+(defun plv-refus-sans-profil () plv-profils:aucun)
+
+(defun plv-choisir-profil (/ profils numero)
+  "The drawing's only profile, or the one of a number that is asked for."
+  (setq profils (plv-profils))
+  (cond
+    ((not profils) (plv-erreur plv-profils:aucun))
+    ((not (cdr profils)) (car profils))
+    (T
+     (setq numero (plv-demander-texte
+                    (strcat "Numero du profil [" (plv-joindre (mapcar 'plv-numero-profil profils) "/") "]")
+                    (plv-numero-profil (plv-dernier profils))))
+     (cond ((plv-profil-de-numero numero)) (T (plv-erreur (plv-refus-numero numero)))))))
+
+(defun plv-demander-profils (/ profils profil)
+  "All profiles or one; nil after a message."
+  (setq profils (plv-profils))
+  (if (and (cdr profils) (= (plv-demander-mot "Profils" '("Tous" "Un") "Tous") "Tous"))
+    profils
+    (if (setq profil (plv-choisir-profil)) (list profil))))
+
+;; --- the current profile
+
+(setq plv-courant nil)
+
+(defun plv-choix-profil (profil)
+  "Makes a profile the current one."
+  (setq plv-courant profil)
+  (pl_ChoixProfil profil)
+  profil)
+
+(defun plv-profil-courant (/ profil)
+  "The current profile with its tables loaded; asked for when there is none, or when it is gone."
+  (if (setq profil (cond ((and plv-courant (member plv-courant (plv-profils))) plv-courant) ((plv-choisir-profil))))
+    (plv-choix-profil profil)))
+
+(defun c:plv-choisir (/ profil)
+  (if (setq profil (plv-choisir-profil)) (plv-choix-profil profil))
+  (princ))

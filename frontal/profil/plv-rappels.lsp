@@ -1,0 +1,40 @@
+;; Reference lines from the ground down to its plane, and the list of everything that stands under a profile outside the
+;; groups of its tables: these lines, slopes, attributes. The list is kept with the profile, so that it goes with the tables.
+
+(setq plv-rappels:cle "PLV_RAPPELS" plv-rappels:calque "PLV-RAPPELS")
+
+(defun plv-ajouts-tables (profil) (plv-entites-enregistrees profil plv-rappels:cle))
+
+(defun plv-noter-ajouts (profil entites)
+  (plv-enregistrer-entites profil plv-rappels:cle (plv-uniques (append (plv-ajouts-tables profil) entites))))
+
+(defun plv-effacer-ajouts (profil)
+  (plv-effacer (plv-ajouts-tables profil))
+  (dictremove (plv-dictionnaire profil) plv-rappels:cle))
+
+(defun plv-rappel-p (groupes) (= (plv-cle 8 groupes) plv-rappels:calque))
+
+(defun plv-tracer-rappels (profil points / repere)
+  "Thin lines at the points that have cells; their names."
+  (setq repere (plv-repere profil))
+  (mapcar
+    '(lambda (p)
+       (plv-ligne plv-rappels:calque
+         (plv-vers-dessin repere (car p) (cadr p))
+         (plv-point (plv-abscisse repere (car p)) (cadr (plv-repere-origine repere)))))
+    points))
+
+(defun plv-rappels:lignes (profil) (vl-remove-if-not 'plv-rappel-p (mapcar 'entget (plv-ajouts-tables profil))))
+
+(defun plv-distances-rappels (profil / repere)
+  "Where reference lines stand, growing; nil without any."
+  (setq repere (plv-repere profil))
+  (vl-sort (mapcar '(lambda (g) (plv-distance repere (plv-cle 10 g))) (plv-rappels:lignes profil)) '<))
+
+(defun plv-ajuster-rappels (profil / repere points d z)
+  "Tops of the reference lines back on the ground, after a change of plane."
+  (setq repere (plv-repere profil) points (plv-points-tn profil))
+  (foreach groupes (plv-rappels:lignes profil)
+    (setq d (plv-distance repere (plv-cle 10 groupes)))
+    (if (setq z (plv-altitude-tn points d))
+      (entmod (subst (cons 10 (plv-vers-dessin repere d z)) (assoc 10 groupes) groupes)))))

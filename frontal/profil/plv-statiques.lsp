@@ -1,0 +1,30 @@
+;; Static elements: the module reads a malformed list of them for ever, so what another program left is looked at first.
+;; A list is 102 "{" ... 102 "}" around the groups; an element is one around its abscissa and one or two lists.
+
+(defun plv-statiques:accolade (g texte) (and g (= (caar g) 102) (= (cdar g) texte)))
+
+(defun plv-statiques:apres-liste (g)
+  "What follows the closing brace of a list, nil when there is none."
+  (while (and g (not (plv-statiques:accolade g "}"))) (setq g (cdr g)))
+  (cdr g))
+
+(defun plv-statiques:apres-groupe (g)
+  "What follows a well-formed element, in a list; nil for a malformed one."
+  (if (and (plv-statiques:accolade g "{") (= (caadr g) 10) (plv-statiques:accolade (cddr g) "{")
+           (setq g (plv-statiques:apres-liste (cdddr g)))
+           (or (not (plv-statiques:accolade g "{")) (setq g (plv-statiques:apres-liste (cdr g))))
+           (plv-statiques:accolade g "}"))
+    (list (cdr g))))
+
+(defun plv-statiques-lisibles (support / g lisible)
+  "T when the module can read the static elements of a support."
+  (setq g (plv-enregistrement support "ELEMS_STATIQUES_KAVEL") lisible T)
+  (while (and g (setq lisible (plv-statiques:apres-groupe g))) (setq g (car lisible)))
+  (if lisible T))
+
+(defun plv-statiques-verifies (profil)
+  "T when all lists of static elements can be read; nil after a message."
+  (cond ((vl-every 'plv-statiques-lisibles
+           (vl-remove nil (cons profil (mapcar '(lambda (cle) (plgxd profil cle)) (plv-cles-genres)))))
+         T)
+        (T (plv-erreur "une liste d'elements statiques est mal formee: le controle du dessin la nomme"))))

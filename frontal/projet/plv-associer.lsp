@@ -1,0 +1,32 @@
+;; What the profile's menu runs on project elements: association, fixed equipment, a project validated.
+;; The names of the commands are those that the module writes into the menu.
+
+(defun c:assocprjKavel (/ profil support)
+  (if (and (setq profil (plv-profil-courant))
+           (setq support (cond ((plv-support profil (plv-demander-genre "Projet"))) (T (plv-erreur "ce profil n'a pas de support de ce genre")))))
+    (pl_assoc_prj support))
+  (princ))
+
+(defun c:pl_efixKAVEL (/ profil)
+  (if (and (setq profil (plv-profil-courant)) (plv-statiques-verifies profil))
+    (pl_efix profil (plv-demander-genre "Assainissement")))
+  (princ))
+
+(defun plv-transferer (profil genre / elements)
+  "The validated project becomes the profile's line of a kind: its elements go over, those that were that line stay
+attached to the kind but are no longer part of the project. Gives the elements, or nil after a message."
+  (setq elements (plv-elements-du-projet profil "Projet"))
+  (cond
+    ((not elements) (plv-erreur "pas de projet a valider"))
+    ((= genre "Projet") (plv-erreur "le projet est deja de ce genre"))
+    ((not (plv-support profil genre)) (plv-erreur (plv-refus-support genre)))
+    (T
+     (foreach e (plv-elements-du-projet profil genre) (plv-marquer-du-projet e nil))
+     (plv-attacher profil genre elements)
+     (plv-ecrire-elements profil "Projet" (vl-remove-if '(lambda (e) (member e elements)) (plv-elements profil "Projet")))
+     (plv-dire (strcat (itoa (length elements)) " elements du projet deviennent la ligne " genre "."))
+     elements)))
+
+(defun c:transfererProjet (/ profil)
+  (if (setq profil (plv-profil-courant)) (plv-transferer profil (plv-demander-genre "Voirie")))
+  (princ))

@@ -1,0 +1,77 @@
+;; Rows about the ground: numbers, distances, altitudes, observations, marks at round stations.
+;; Shared in the room: plv-remplir:*
+
+(defun plv-remplir:numeros (points contexte)
+  (foreach p points (pl_TexteHorizontalCentre (car p) (itoa (plv-point-numero p))))
+  0)
+
+(defun plv-remplir:numeros-verticaux (points contexte)
+  (foreach p points (pl_TexteVertical (car p) (itoa (plv-point-numero p))))
+  0)
+
+(defun plv-remplir:distances-partielles (points contexte)
+  ;; A list of two or three reals reaches the function as a point, which it takes for as many abscissas.
+  (pl_CotDParH (mapcar '(lambda (p) (float (car p))) points))
+  0)
+
+(defun plv-remplir:distances-cumulees (points contexte)
+  ;; Here a point would be refused: the abscissas of short rows go one by one.
+  (foreach p points (pl_CotDcumH 0 (plv-cle 'origine contexte) (float (car p))))
+  0)
+
+(defun plv-remplir:altitudes-tn (points contexte)
+  (foreach p points (pl_NbreVertical 0 (float (car p)) (float (cadr p))))
+  0)
+
+;; --- observations
+
+(defun plv-remplir:observations (points contexte / ecart precedent laisses)
+  "Named points with their station; each takes three text heights."
+  (setq ecart (* 3.2 (plv-cle 'ttxt contexte)) laisses 0)
+  (foreach p (plv-cle 'nommes contexte)
+    (if (or (not precedent) (>= (- (car p) precedent) ecart))
+      (progn
+        (plv-remplir:observation p contexte)
+        (setq precedent (car p)))
+      (setq laisses (1+ laisses))))
+  laisses)
+
+(defun plv-remplir:observation (p contexte / ttxt station)
+  "Station and name to the right of the point; to its left where the table ends."
+  (setq ttxt (plv-cle 'ttxt contexte)
+        station (+ (plv-cle 'origine contexte) (car p)))
+  (if (<= (+ (car p) (* 2.0 ttxt)) (plv-cle 'longueur contexte))
+    (pl_ptPkEtObs (float (car p)) station (plv-point-nom p))
+    (progn
+      (pl_TexteVertical (- (car p) (* 3.2 ttxt)) (pl_distToPk station))
+      (pl_TexteVertical (- (car p) (* 1.7 ttxt)) (plv-point-nom p)))))
+
+;; --- marks
+
+(setq plv-reperes:pas '(10.0 20.0 25.0 50.0 100.0 200.0 250.0 500.0 1000.0))
+
+(defun plv-remplir:reperes (points contexte / marques)
+  "A mark at every round station, with the station written to its right."
+  (setq marques (plv-reperes:marques contexte))
+  ;; Ticks only: a text of bars has no part to write.
+  (mapcar '(lambda (a b) (pl_TexteMultipleCentre (float a) (float b) "|")) marques (cdr marques))
+  (foreach m marques
+    (if (<= (+ m (plv-reperes:largeur contexte)) (+ (plv-cle 'longueur contexte) 1e-6))
+      (pl_TexteHorizontalGauche (float m) (pl_distToPk (+ m (plv-cle 'origine contexte)) 0) 0 0.5)))
+  0)
+
+(defun plv-reperes:marques (contexte / pas station distance marques)
+  "The distances of the round stations."
+  (setq pas (plv-reperes:pas-choisi contexte)
+        station (* pas (float (plv-partie-entiere (/ (+ (plv-cle 'origine contexte) pas -1e-6) pas)))))
+  (while (<= (setq distance (- station (plv-cle 'origine contexte))) (+ (plv-cle 'longueur contexte) 1e-6))
+    (setq marques (cons distance marques) station (+ station pas)))
+  (reverse marques))
+
+(defun plv-reperes:largeur (contexte)
+  (+ (plv-cle 'ttxt contexte)
+     (plv-largeur-texte (pl_distToPk (+ (plv-cle 'origine contexte) (plv-cle 'longueur contexte)) 0) (plv-cle 'ttxt contexte))))
+
+(defun plv-reperes:pas-choisi (contexte)
+  (cond ((car (vl-member-if '(lambda (p) (>= p (* 1.2 (plv-reperes:largeur contexte)))) plv-reperes:pas)))
+        ((plv-dernier plv-reperes:pas))))

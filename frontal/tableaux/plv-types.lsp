@@ -1,0 +1,34 @@
+;; The kinds of rows that a table may have. Whoever fills rows, spaces points or tells where a row's entities stand asks here;
+;; a new kind is a line of this table and a filler.
+;; Shared in the room: plv-types:remplisseur plv-types:hors-groupe plv-types:espacement
+
+;; number in the definition file (the place in the system's list of kinds), label,
+;; filler: see plv-remplissage,
+;; T when its writers, or some of them, leave entities outside the table's group,
+;; what tells how far apart its points must stand, see plv-espacement; nil for a row that asks nothing
+(setq plv-types:table
+  '((0 "Numéros" plv-remplir:numeros nil plv-espacement:numeros)
+    (1 "Numéros verticaux" plv-remplir:numeros-verticaux nil plv-espacement:verticaux)
+    (2 "Distances partielles" plv-remplir:distances-partielles nil plv-espacement:partielles)
+    (3 "Distances cumulées" plv-remplir:distances-cumulees nil plv-espacement:verticaux)
+    (4 "Altitudes du terrain" plv-remplir:altitudes-tn nil plv-espacement:verticaux)
+    (5 "Altitudes du projet" plv-remplir:altitudes-projet nil plv-espacement:verticaux)
+    (6 "Profondeurs" plv-remplir:profondeurs nil plv-espacement:verticaux)
+    (7 "Tracé en plan" plv-remplir:plan T nil)
+    (8 "Observations" plv-remplir:observations nil nil)
+    (9 "Dévers" plv-remplir:devers T nil)
+    (10 "Repères" plv-remplir:reperes nil nil)
+    (11 "Attributs" plv-remplir:attributs nil nil)
+    (12 "Pentes et rampes" plv-remplir:pentes T nil)
+    (13 "Pentes en m/m" plv-remplir:pentes-normales T nil)
+    (14 "Pentes en %" plv-remplir:pentes-pourcent T nil)
+    (15 "Pentes en pour mille" plv-remplir:pentes-pourmilles T nil)
+    (16 "Distances partielles du projet" plv-remplir:partielles-projet nil nil)
+    (17 "Distances cumulées du projet" plv-remplir:cumulees-projet nil nil)
+    (402 "Attributs horizontaux" plv-remplir:attributs-auto T nil)
+    (403 "Attributs verticaux" plv-remplir:attributs-auto T nil)))
+
+(defun plv-types:ligne (numero) (assoc numero plv-types:table))
+(defun plv-types:remplisseur (numero) (nth 2 (plv-types:ligne numero)))
+(defun plv-types:hors-groupe (numero) (nth 3 (plv-types:ligne numero)))
+(defun plv-types:espacement (numero) (nth 4 (plv-types:ligne numero)))
