@@ -24,7 +24,7 @@
   (if (and (= (length nombres) 2) (not (member nil nombres))) nombres))
 
 (defun plv-dire-couple ()
-  (plv-dire "Deux nombres separes par une virgule sont attendus, avec un point decimal."))
+  (plv-dire "Deux nombres séparés par une virgule sont attendus, avec un point décimal."))
 
 (defun plv-demander-couple (question / texte nombres)
   "Two numbers typed as a,b; nil for an empty answer. Asked again until it can be read."

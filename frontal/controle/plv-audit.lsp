@@ -46,7 +46,7 @@
   (setq apres (plv-audit:nommee (plv-dernier maillons) cle))
   (append
     (apply 'append (mapcar '(lambda (m) (plv-audit:lien m cle)) maillons))
-    (if apres (plv-constat "P03" apres (strcat "la chaine " cle " revient sur elle-meme")))))
+    (if apres (plv-constat "P03" apres (strcat "la chaîne " cle " revient sur elle-même")))))
 
 ;; --- the parts of a profile
 
@@ -70,7 +70,7 @@
   (setq donnees (plv-audit:donnees profil))
   (append
     (apply 'append
-      (mapcar '(lambda (cle) (if (not (assoc cle donnees)) (plv-constat "P01" profil (strcat "la cle " cle " manque"))))
+      (mapcar '(lambda (cle) (if (not (assoc cle donnees)) (plv-constat "P01" profil (strcat "la clé " cle " manque"))))
               '("ECHV" "TTXT" "ID" "PRPC")))
     (apply 'append (mapcar '(lambda (cle) (plv-audit:lien profil cle)) (plv-cles-genres)))))
 
@@ -81,7 +81,7 @@
 
 (defun plv-audit:matrice (profil reference)
   (cond
-    ((not (plv-existe reference)) (plv-constat "P06" profil "une matrice enregistree n'est plus dans le dessin"))
+    ((not (plv-existe reference)) (plv-constat "P06" profil "une matrice enregistrée n'est plus dans le dessin"))
     ((not (plv-matrice-nom reference))
      (plv-constat "P06" reference "le bloc d'une matrice n'a pas d'enregistrement INFO_MATRICE"))))
 
@@ -93,14 +93,14 @@
      (plv-constat "P07" support (strcat "ELEMS_PROJET_KAVEL a un groupe " (itoa (car g)) " au lieu de 330")))
     ;; Erased elements drop out at the next writing: only what lives and is no curve is a fault.
     ((and (plv-existe (cdr g)) (not (wcmatch (plv-type (cdr g)) plv-audit:courbes)))
-     (plv-constat "P07" support (strcat "ELEMS_PROJET_KAVEL nomme une entite " (plv-type (cdr g)))))))
+     (plv-constat "P07" support (strcat "ELEMS_PROJET_KAVEL nomme une entité " (plv-type (cdr g)))))))
 
 (defun plv-audit:support (support)
   "The findings on what is attached to a kind of line, or to the profile itself."
   (append
     (apply 'append (mapcar '(lambda (g) (plv-audit:element support g)) (plv-enregistrement-elements support)))
     (if (not (plv-statiques-lisibles support))
-      (plv-constat "P08" support "ELEMS_STATIQUES_KAVEL est mal forme"))))
+      (plv-constat "P08" support "ELEMS_STATIQUES_KAVEL est mal formé"))))
 
 (defun plv-audit:supports (profil)
   (append (vl-remove nil (mapcar '(lambda (cle) (plv-audit:nommee profil cle)) (plv-cles-genres))) (list profil)))

@@ -15,7 +15,7 @@
 (defun plv-bureau:plans (profil)
   (mapcar
     '(lambda (s)
-       (plv-bureau:noeud (strcat (plv-reel (plv-plan-altitude s) 2) " a partir de " (plv-reel (plv-plan-debut s) 2))
+       (plv-bureau:noeud (strcat (plv-reel (plv-plan-altitude s) 2) " à partir de " (plv-reel (plv-plan-debut s) 2))
                          (plv-section-entite s) nil))
     (plv-sections-de-plan profil)))
 
@@ -107,9 +107,9 @@
 ;; --- the fields of an entity: (name value)
 
 (setq plv-bureau:champs
-  '((0 . "Type") (5 . "Handle") (8 . "Calque") (62 . "Couleur") (6 . "Type de ligne") (48 . "Echelle de ligne") (370 . "Epaisseur")
+  '((0 . "Type") (5 . "Handle") (8 . "Calque") (62 . "Couleur") (6 . "Type de ligne") (48 . "Échelle de ligne") (370 . "Épaisseur")
     (1 . "Texte") (2 . "Nom") (7 . "Style") (10 . "Point") (11 . "Second point") (40 . "Hauteur ou rayon") (50 . "Angle")
-    (51 . "Angle final") (41 . "Facteur X") (42 . "Courbure ou facteur Y") (43 . "Largeur") (38 . "Elevation") (70 . "Indicateurs")
+    (51 . "Angle final") (41 . "Facteur X") (42 . "Courbure ou facteur Y") (43 . "Largeur") (38 . "Élévation") (70 . "Indicateurs")
     (90 . "Nombre de sommets")))
 
 (defun plv-bureau:texte (valeur)

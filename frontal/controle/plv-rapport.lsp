@@ -8,7 +8,7 @@
 (defun plv-rapport:projets (profil / elements)
   (foreach genre (plv-genres)
     (if (setq elements (plv-elements profil genre))
-      (plv-dire (strcat "    projet " genre ": " (itoa (length elements)) " elements, dont "
+      (plv-dire (strcat "    projet " genre ": " (itoa (length elements)) " éléments, dont "
                         (itoa (length (plv-elements-du-projet profil genre))) " du projet")))))
 
 (defun plv-decrire (/ profils infos)

@@ -50,7 +50,7 @@ Those that would overlap are left out. Gives the selection set of the curves."
         retires (+ (plv-cotes:eclaircir signes (plv-cotes:axes profil))
                    (plv-cotes:eclaircir (vl-remove-if '(lambda (e) (member e signes)) textes) nil)))
   (plv-dire (strcat (itoa (- (length textes) retires)) " cotes"
-                    (if (> retires 0) (strcat ", " (itoa retires) " laissees faute de place.") ".")))
+                    (if (> retires 0) (strcat ", " (itoa retires) " laissées faute de place.") ".")))
   (car ecrites))
 
 (defun CotAutoKavel (/ profil genre lesquelles)

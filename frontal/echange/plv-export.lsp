@@ -86,7 +86,7 @@
   "Writes lines beside the file and puts them in its place; the former file becomes .bak."
   (setq temporaire (strcat fichier ".tmp"))
   (cond
-    ((not (setq f (open temporaire "w"))) (plv-erreur (strcat "ecriture impossible: " fichier)))
+    ((not (setq f (open temporaire "w"))) (plv-erreur (strcat "écriture impossible: " fichier)))
     (T
      (foreach ligne lignes (write-line ligne f))
      (close f)
@@ -97,7 +97,7 @@
          (vl-file-rename fichier ancien)))
      (if (vl-file-rename temporaire fichier)
        (progn (plv-dire (strcat fichier ": " (itoa (1- (length lignes))) " lignes.")) T)
-       (plv-erreur (strcat "ecriture impossible: " fichier))))))
+       (plv-erreur (strcat "écriture impossible: " fichier))))))
 
 (defun plv-export:ligne (textes) (plv-joindre textes ";"))
 
@@ -124,7 +124,7 @@
   (cond
     ((not suites) (plv-erreur (strcat "pas de ligne de projet du genre " genre)))
     (T
-     (if (cdr suites) (plv-dire "La ligne de projet est interrompue: sa premiere partie est ecrite."))
+     (if (cdr suites) (plv-dire "La ligne de projet est interrompue: sa première partie est écrite."))
      (plv-export:ecrire-lignes fichier
        (cons "station;altitude;raccordement;forme"
          (mapcar
@@ -139,12 +139,12 @@
     (progn
       (setq contenu (plv-demander-mot "Contenu" '("Terrain" "Projet") "Terrain"))
       (if (= contenu "Projet") (setq genre (plv-demander-genre (plv-genre-propose profil))))
-      (setq fichier (plv-demander-texte "Fichier a ecrire" "profil.csv"))
+      (setq fichier (plv-demander-texte "Fichier à écrire" "profil.csv"))
       (if genre (plv-export-projet profil genre fichier) (plv-export-terrain profil fichier)))))
 
 (defun c:plv-export (/ profils)
   (if (= (plv-demander-mot "Format" '("Landxml" "Texte") "Landxml") "Texte")
     (plv-export:texte)
     (if (setq profils (plv-demander-profils))
-      (plv-export-landxml profils (plv-demander-texte "Fichier a ecrire" "profil.xml"))))
+      (plv-export-landxml profils (plv-demander-texte "Fichier à écrire" "profil.xml"))))
   (princ))

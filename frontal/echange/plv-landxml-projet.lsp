@@ -31,8 +31,8 @@
     ((or (>= (caar sommets) fin) (<= (car (plv-dernier sommets)) debut))
      (plv-erreur "la ligne de projet est hors du profil"))
     (T
-     (plv-dire (strcat "Ligne de projet de " (plv-reel (caar sommets) 2) " a " (plv-reel (car (plv-dernier sommets)) 2)
-                       ", coupee aux bouts du profil (" (plv-reel debut 2) " a " (plv-reel fin 2) ")."))
+     (plv-dire (strcat "Ligne de projet de " (plv-reel (caar sommets) 2) " à " (plv-reel (car (plv-dernier sommets)) 2)
+                       ", coupée aux bouts du profil (" (plv-reel debut 2) " à " (plv-reel fin 2) ")."))
      (plv-sommets-entre sommets raccords debut fin))))
 
 ;; --- drawing
@@ -56,7 +56,7 @@
   (setq lignes (plv-landxml:lignes (plv-landxml chemin)))
   (cond
     ((not lignes) (plv-erreur (strcat chemin ": aucune ligne de projet")))
-    ((setq ligne (plv-landxml:choisir "Numero de la ligne" (mapcar 'car lignes) (mapcar 'cadr lignes)))
+    ((setq ligne (plv-landxml:choisir "Numéro de la ligne" (mapcar 'car lignes) (mapcar 'cadr lignes)))
      (plv-landxml-projet profil genre ligne))))
 
 ;; --- kinds
@@ -70,7 +70,7 @@
   (foreach projet (plv-cle 'projets axe)
     (setq genre (plv-landxml:genre-propose projet))
     (if (member genre pris)
-      (plv-dire (strcat "Ligne de projet " (plv-cle 'nom projet) " laissee: PLV-PROJET la trace dans un autre genre."))
+      (plv-dire (strcat "Ligne de projet " (plv-cle 'nom projet) " laissée: PLV-PROJET la trace dans un autre genre."))
       (progn (plv-landxml-projet profil genre projet) (setq pris (cons genre pris))))))
 
 (defun plv-landxml-demander-projets (profil axe / genre)

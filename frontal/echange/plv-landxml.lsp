@@ -12,7 +12,7 @@
     (T
      (foreach texte (plv-cle 'avertissements lu) (plv-dire texte))
      (if (/= (plv-cle 'metres lu) 1.0)
-       (plv-dire (strcat "Longueurs converties en metres (x " (rtos (plv-cle 'metres lu) 2 7) ").")))
+       (plv-dire (strcat "Longueurs converties en mètres (x " (rtos (plv-cle 'metres lu) 2 7) ").")))
      (plv-cle 'axes lu))))
 
 ;; --- what is taken without a question
@@ -47,7 +47,7 @@
       (initget 6)
       (setq rang (cond ((getint (strcat "\n" quoi " <1>: "))) (1)))
       (cond ((nth (1- rang) candidats))
-            (T (plv-erreur (strcat "il n'y a pas de numero " (itoa rang))))))
+            (T (plv-erreur (strcat "il n'y a pas de numéro " (itoa rang))))))
     (car candidats)))
 
 (defun plv-landxml:nom-axe (axe)
@@ -56,8 +56,8 @@
 
 (defun plv-landxml-choisir-axe (chemin / axes)
   (if (setq axes (plv-landxml:axes-utiles chemin (plv-landxml chemin)))
-    (plv-landxml:choisir "Numero de l'axe" (mapcar 'plv-landxml:nom-axe axes) axes)))
+    (plv-landxml:choisir "Numéro de l'axe" (mapcar 'plv-landxml:nom-axe axes) axes)))
 
 (defun plv-landxml-choisir-terrain (axe / terrains)
   (setq terrains (plv-landxml-terrains axe))
-  (plv-landxml:choisir "Numero du terrain" (mapcar '(lambda (g) (plv-cle 'nom g)) terrains) terrains))
+  (plv-landxml:choisir "Numéro du terrain" (mapcar '(lambda (g) (plv-cle 'nom g)) terrains) terrains))

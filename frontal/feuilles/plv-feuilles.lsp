@@ -118,7 +118,7 @@ where there are no points."
   (list (cons "<TITRE>" titre) (cons "<PROFIL>" (plv-numero-profil profil)) (cons "<FEUILLE>" (itoa rang))
         (cons "<ECHELLE_H>" (strcat "1:" (plv-feuilles:nombre echelle)))
         (cons "<ECHELLE_V>" (strcat "1:" (plv-feuilles:nombre (/ echelle (plgxd profil "ECHV")))))
-        (cons "<STATIONS>" (strcat (plv-reel (+ origine (cond (debut) (0.0))) 2) " a " (plv-reel (+ origine (cond (fin) (longueur))) 2)))
+        (cons "<STATIONS>" (strcat (plv-reel (+ origine (cond (debut) (0.0))) 2) " à " (plv-reel (+ origine (cond (fin) (longueur))) 2)))
         (cons "<DATE>" (plv-feuilles:date)) (cons "<DESSIN>" (getvar "DWGNAME"))
         (cons "<RACCORD_GAUCHE>" (if debut (plv-feuilles:raccord profil debut (1- rang)) ""))
         (cons "<RACCORD_DROITE>" (if fin (plv-feuilles:raccord profil fin (1+ rang)) ""))))
@@ -138,9 +138,9 @@ where there are no points."
   (cond
     ((> (plv-feuilles:haut-mm mesures echelle) (plv-place-hauteur place))
      (strcat "profil " (plv-numero-profil (plv-cle 'profil mesures)) ": " (plv-reel (plv-feuilles:haut-mm mesures echelle) 0)
-             " mm de haut a l'echelle 1:" (plv-feuilles:nombre echelle) ", la feuille en offre " (plv-reel (plv-place-hauteur place) 0)
-             "; il tiendrait a 1:" (plv-feuilles:nombre (plv-feuilles:echelle (list mesures) place))))
-    ((eq coupures T) "la feuille est trop etroite a cette echelle")))
+             " mm de haut à l'échelle 1:" (plv-feuilles:nombre echelle) ", la feuille en offre " (plv-reel (plv-place-hauteur place) 0)
+             "; il tiendrait à 1:" (plv-feuilles:nombre (plv-feuilles:echelle (list mesures) place))))
+    ((eq coupures T) "la feuille est trop étroite à cette échelle")))
 
 (defun plv-feuilles:de-profil (mesures echelle place titre rang / coupures faute feuilles bouts)
   "The sheets of one profile, numbered from rang; nil after a message."
@@ -201,10 +201,10 @@ message."
 
 (defun c:plv-feuilles (/ profils modele place echelle titre)
   (if (and (setq profils (plv-demander-profils))
-           (setq modele (plv-demander-texte "Dessin modele" "cartouche.dxf"))
+           (setq modele (plv-demander-texte "Dessin modèle" "cartouche.dxf"))
            (setq place (plv-feuilles:place modele)))
     (progn
-      (setq echelle (plv-demander-reel "Denominateur de l'echelle" (plv-feuilles:echelle (mapcar 'plv-feuilles:mesurer profils) place))
+      (setq echelle (plv-demander-reel "Dénominateur de l'échelle" (plv-feuilles:echelle (mapcar 'plv-feuilles:mesurer profils) place))
             titre (plv-demander-texte "Titre de l'affaire" (plv-nom-dessin)))
       (plv-feuilles profils modele echelle titre (plv-demander-texte "Fichier PDF" "feuilles.pdf"))))
   (princ))

@@ -19,13 +19,17 @@
 (defun plv-legende:rangee (couleur libelle troncons classes)
   (vl-list* couleur libelle (mapcar '(lambda (somme) (plv-reel somme 2)) (plv-metres:sommes troncons classes))))
 
+(defun plv-legende:sans-accents (texte)
+  "As legends have always been drawn: other programs know their rows by these words."
+  (vl-string-translate "à" "a" texte))
+
 (defun plv-legende:numeros (troncons) (vl-sort (plv-uniques (mapcar 'plv-troncon-classe troncons)) '<))
 
 (defun plv-legende:rangees (troncons classes)
   (append
     (mapcar
       '(lambda (numero)
-         (plv-legende:rangee (plv-metres:couleur numero classes) (plv-metres:libelle numero classes)
+         (plv-legende:rangee (plv-metres:couleur numero classes) (plv-legende:sans-accents (plv-metres:libelle numero classes))
            (vl-remove-if-not '(lambda (s) (= (plv-troncon-classe s) numero)) troncons) classes))
       (plv-legende:numeros troncons))
     (list (plv-legende:rangee nil "Total" troncons classes))))
@@ -112,5 +116,5 @@ nil after a message."
   (if (setq profil (plv-choisir-profil))
     (progn
       (setq genre (plv-demander-genre-projet (plv-genre-propose profil)))
-      (plv-legende profil genre (getpoint "\nCoin superieur gauche de la legende <a droite du profil>: "))))
+      (plv-legende profil genre (getpoint "\nCoin supérieur gauche de la légende <à droite du profil>: "))))
   (princ))

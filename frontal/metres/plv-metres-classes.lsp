@@ -34,11 +34,12 @@
     volume))
 
 (defun plv-metres:libelle (numero classes / classe)
+  "In the words of the module's dialog and workbook."
   (cond
     ((= numero 0) "non enterre")
     ((not classes) "sans classe")
     ((setq classe (plv-metres:classe numero classes))
-     (strcat (plv-reel (plv-classe-debut classe) 2) " a " (plv-reel (plv-classe-fin classe) 2)))
+     (strcat (plv-reel (plv-classe-debut classe) 2) " à " (plv-reel (plv-classe-fin classe) 2)))
     (T (strcat "au dela de " (plv-reel (plv-classe-fin (plv-dernier classes)) 2)))))
 
 ;; --- sums over depth sections

@@ -10,8 +10,8 @@
   (setq origine (plgxd profil "DCUMDEB")
         sommes (mapcar '(lambda (somme) (plv-reel somme 3)) (plv-metres:sommes troncons classes)))
   (plv-dire (strcat "Profil " (plv-numero-profil profil) ", " genre ": " (itoa (length troncons))
-                    (if (cdr troncons) " troncons" " troncon")))
-  (plv-metres:rangee '("debut" "fin" "longueur" "classe" "prof. moy." "surface m2" "volume m3"))
+                    (if (cdr troncons) " tronçons" " tronçon")))
+  (plv-metres:rangee '("début" "fin" "longueur" "classe" "prof. moy." "surface m2" "volume m3"))
   (foreach s troncons (plv-metres:dire-troncon s origine classes))
   (plv-metres:rangee (list "total" "" (car sommes) "" "" (cadr sommes) (caddr sommes)))
   (plv-metres:dire-recouvrement troncons)
@@ -28,7 +28,7 @@
 
 (defun plv-metres:dire-recouvrement (troncons)
   (if (vl-some '(lambda (a b) (< (plv-troncon-debut b) (- (plv-troncon-fin a) 1e-5))) troncons (cdr troncons))
-    (plv-dire "Attention: des lignes de projet se recouvrent, leurs metres s'ajoutent.")))
+    (plv-dire "Attention: des lignes de projet se recouvrent, leurs métrés s'ajoutent.")))
 
 ;; --- control
 
@@ -74,6 +74,6 @@
         ecart (abs (- surfaces lignes))
         juste (or (<= ecart (* 1e-9 lignes))
                   (and (< ecart 1e-6) (< lignes (* 1e-3 (plv-metres:somme troncons 'plv-troncon-longueur))))))
-  (plv-dire (strcat "Controle: troncons " (plv-reel surfaces 6) " m2, entre les lignes " (plv-reel lignes 6) " m2, ecart relatif "
+  (plv-dire (strcat "Contrôle: tronçons " (plv-reel surfaces 6) " m2, entre les lignes " (plv-reel lignes 6) " m2, écart relatif "
                     (rtos (/ ecart (max 1.0 lignes)) 1 1) (if juste ": juste." ": FAUX.")))
-  (or juste (plv-erreur "les surfaces des troncons ne font pas celle entre les lignes")))
+  (or juste (plv-erreur "les surfaces des tronçons ne font pas celle entre les lignes")))

@@ -93,7 +93,7 @@
     (plv-metres:effacer hachures))
   (cond
     (mesures)
-    (T (plv-erreur "une ligne de projet n'a pas pu etre mesuree: elle doit etre au droit du terrain"))))
+    (T (plv-erreur "une ligne de projet n'a pas pu être mesurée: elle doit être au droit du terrain"))))
 
 (defun plv-metres:ecrire (profils genre chemin / neuf)
   "Writes the workbook. The dialog says nothing of its success: it writes a name that is still free, which then takes the
@@ -104,7 +104,7 @@ place of a workbook that is there."
   (if (findfile neuf) (vl-file-delete chemin))
   (if (vl-file-rename neuf chemin)
     (plv-dire (strcat "Classeur: " chemin))
-    (plv-erreur (strcat "le classeur n'a pas pu etre ecrit: " chemin))))
+    (plv-erreur (strcat "le classeur n'a pas pu être écrit: " chemin))))
 
 ;; --- what can be known before
 
@@ -132,8 +132,8 @@ place of a workbook that is there."
   (cond
     ((not chemin) nil)
     ((setq faute (plv-metres:doublon profils))
-     (strcat "deux profils ont le numero " faute ": chacun a sa feuille dans le classeur, sous son numero"))
-    ((setq faute (plv-metres:titre-refuse profils)) (strcat "ce numero ne peut pas etre le titre d'une feuille: " faute))
+     (strcat "deux profils ont le numéro " faute ": chacun a sa feuille dans le classeur, sous son numéro"))
+    ((setq faute (plv-metres:titre-refuse profils)) (strcat "ce numéro ne peut pas être le titre d'une feuille: " faute))
     (T (plv-metres:chemin-faux chemin))))
 
 (defun plv-refus-sans-ligne (genre profils)
@@ -164,7 +164,7 @@ nil, leaves hatches on demand. Gives the measures, or nil after a message."
      mesures)))
 
 (defun plv-metres:demander-numeros (/ reponse)
-  (setq reponse (plv-demander-texte "Numeros des profils, separes par des virgules, ou Tous" "Tous"))
+  (setq reponse (plv-demander-texte "Numéros des profils, séparés par des virgules, ou Tous" "Tous"))
   (if (not (member (strcase reponse) '("TOUS" "T" "*"))) (mapcar '(lambda (n) (vl-string-trim " " n)) (plv-couper reponse ","))))
 
 (defun c:plv-metres (/ numeros genre chemin hachurer)
@@ -172,7 +172,7 @@ nil, leaves hatches on demand. Gives the measures, or nil after a message."
     (progn
       (setq numeros (plv-metres:demander-numeros)
             genre (plv-demander-genre-projet (plv-genre-propose (car (plv-profils))))
-            chemin (plv-demander-texte "Classeur a ecrire <aucun>" nil)
+            chemin (plv-demander-texte "Classeur à écrire <aucun>" nil)
             hachurer (= (plv-demander-mot "Hachurer les classes" '("Oui" "Non") "Oui") "Oui"))
       (plv-metres numeros genre (if (/= chemin "") chemin) hachurer))
     (plv-erreur (plv-refus-sans-profil)))

@@ -21,7 +21,7 @@
   (cond
     ((<= -1e-6 (car bout) (+ (plv-longueur-profil profil) 1e-6)) bout)
     (T
-     (plv-dire (strcat "Les stations du profil vont de " (plv-reel (plgxd profil "DCUMDEB") 2) " a "
+     (plv-dire (strcat "Les stations du profil vont de " (plv-reel (plgxd profil "DCUMDEB") 2) " à "
                        (plv-reel (+ (plgxd profil "DCUMDEB") (plv-longueur-profil profil)) 2) "."))
      nil)))
 
@@ -40,7 +40,7 @@
 (defun plv-optimal:a-remplacer (profil genre / deja)
   "The entities that the new line replaces: those of the kind's project line, unless they are to stay."
   (setq deja (plv-elements-du-projet profil genre))
-  (if (and deja (= (plv-demander-mot (strcat "Il y a deja une ligne " genre) '("Remplacer" "Garder") "Remplacer") "Remplacer"))
+  (if (and deja (= (plv-demander-mot (strcat "Il y a déjà une ligne " genre) '("Remplacer" "Garder") "Remplacer") "Remplacer"))
     deja))
 
 (defun c:plv-optimal (/ profil genre anciens depart arrivee minimum maximum garder)
@@ -48,10 +48,10 @@
     (progn
       (setq genre (plv-demander-genre-projet "Assainissement")
             anciens (plv-optimal:a-remplacer profil genre)
-            depart (plv-optimal:bout profil "du depart" (car (car (plv-points-tn profil))))
-            arrivee (plv-optimal:bout profil "de l'arrivee" (plv-longueur-profil profil))
-            minimum (plv-optimal:demander-profondeur "Profondeur minimale (un nombre negatif est une surelevation)" 0.8)
+            depart (plv-optimal:bout profil "du départ" (car (car (plv-points-tn profil))))
+            arrivee (plv-optimal:bout profil "de l'arrivée" (plv-longueur-profil profil))
+            minimum (plv-optimal:demander-profondeur "Profondeur minimale (un nombre négatif est une surélévation)" 0.8)
             maximum (plv-optimal:demander-profondeur "Profondeur maximale" 1.6)
-            garder (= (plv-demander-mot "Garder le trace de la recherche" '("Oui" "Non") "Non") "Oui"))
+            garder (= (plv-demander-mot "Garder le tracé de la recherche" '("Oui" "Non") "Non") "Oui"))
       (if (plv-optimal profil genre depart arrivee minimum maximum garder) (plv-effacer anciens))))
   (princ))

@@ -126,16 +126,16 @@ beside the ends, against the prolongation of the line: for a part of the profile
 
 (defun plv-optimal:dire (profil suites minimum maximum / hors)
   (setq hors (plv-optimal:hors-bande (plv-points-tn profil) suites minimum maximum))
-  (plv-dire (strcat "Ligne optimale: " (itoa (apply '+ (mapcar 'length suites))) " sommets, profondeurs demandees "
-                    (plv-reel minimum 2) " a " (plv-reel maximum 2) " m."))
+  (plv-dire (strcat "Ligne optimale: " (itoa (apply '+ (mapcar 'length suites))) " sommets, profondeurs demandées "
+                    (plv-reel minimum 2) " à " (plv-reel maximum 2) " m."))
   (if hors
     (plv-optimal:dire-hors hors (plgxd profil "DCUMDEB") minimum maximum)
-    (plv-dire "Toute la ligne est dans les profondeurs demandees."))
+    (plv-dire "Toute la ligne est dans les profondeurs demandées."))
   (plv-optimal:dire-sous-plan profil (apply 'append suites)))
 
 (defun plv-optimal:dire-hors (hors origine minimum maximum)
-  (plv-dire "Hors des profondeurs demandees:")
-  (plv-optimal:rangee '("debut" "fin" "longueur" "profondeur" "ecart"))
+  (plv-dire "Hors des profondeurs demandées:")
+  (plv-optimal:rangee '("début" "fin" "longueur" "profondeur" "écart"))
   (foreach h hors
     (plv-optimal:rangee
       (mapcar '(lambda (valeur) (plv-reel valeur 3))
@@ -147,7 +147,7 @@ beside the ends, against the prolongation of the line: for a part of the profile
   (setq plans (plv-plans profil)
         bas (car (vl-member-if '(lambda (s) (< (cadr s) (plv-plan-altitude (plv-plan-en plans (car s))))) sommets)))
   (if bas
-    (plv-dire (strcat "A la station " (plv-reel (+ (plgxd profil "DCUMDEB") (car bas)) 3)
+    (plv-dire (strcat "À la station " (plv-reel (+ (plgxd profil "DCUMDEB") (car bas)) 3)
                       " elle descend sous le plan de comparaison: PLV-PC en ajoute un plus bas."))))
 
 ;; --- the call
@@ -158,7 +158,7 @@ beside the ends, against the prolongation of the line: for a part of the profile
     ((not (plv-support profil genre)) (plv-refus-support genre))
     ((not (cdr (plv-points-tn profil))) "ce profil n'a pas de terrain naturel")
     ((not (< -1e-6 (car depart) (- (car arrivee) 1e-3) (+ (plv-longueur-profil profil) 1e-6)))
-     "le depart et l'arrivee sont dans le profil, de gauche a droite")))
+     "le départ et l'arrivée sont dans le profil, de gauche à droite")))
 
 (defun plv-optimal (profil genre depart arrivee minimum maximum garder / faute ajouts suites)
   "Proposes and attaches a line from depart to arrivee (distance altitude); garder keeps the trace of the search. Gives the
@@ -168,7 +168,7 @@ line's vertices, or nil after a message."
         faute (plv-optimal:refus profil genre depart arrivee))
   (cond
     (faute (plv-erreur faute))
-    ((not (setq ajouts (plv-optimal:proposer profil depart arrivee minimum maximum))) (plv-erreur "le module n'a rien propose"))
+    ((not (setq ajouts (plv-optimal:proposer profil depart arrivee minimum maximum))) (plv-erreur "le module n'a rien proposé"))
     (T
      (setq suites (plv-optimal:suites (plv-optimal:ligne profil (plv-dernier ajouts) depart arrivee)))
      (plv-effacer (if garder (list (plv-dernier ajouts)) ajouts))

@@ -18,7 +18,7 @@
 
 (defun c:plv-axe (/ profil)
   (if (and (setq profil (plv-choisir-profil)) (plv-demander-axe profil))
-    (plv-dire "Axe en plan associe."))
+    (plv-dire "Axe en plan associé."))
   (princ))
 
 ;; --- segments

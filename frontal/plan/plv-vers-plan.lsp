@@ -52,7 +52,7 @@
              (plv-avec-calque plv-vers-plan:calque
                '(lambda () (plv-vers-plan:dessiner profil (plv-axe-segments axe) (car (plv-genres-du-projet profil)) (plgxd profil "TTXT")))))))
       (plv-enregistrer-entites profil plv-vers-plan:cle entites)
-      (plv-dire (strcat (itoa (length entites)) " entites portees sur l'axe en plan."))
+      (plv-dire (strcat (itoa (length entites)) " entités portées sur l'axe en plan."))
       entites)
     (plv-erreur "ce profil n'a pas d'axe en plan: PLV-AXE en associe un")))
 

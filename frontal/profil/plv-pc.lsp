@@ -85,8 +85,8 @@
   (cond
     ((not section) "la station n'est pas dans le profil")
     ((and (/= operation "S") (not (numberp altitude))) "l'altitude du plan est attendue")
-    ((and (= operation "A") (equal distance (plv-plan-debut section) 1e-6)) "un plan commence deja a cette station")
-    ((and (= operation "S") (eq section (car sections))) "le premier plan ne peut pas etre supprime")))
+    ((and (= operation "A") (equal distance (plv-plan-debut section) 1e-6)) "un plan commence déjà a cette station")
+    ((and (= operation "S") (eq section (car sections))) "le premier plan ne peut pas être supprimé")))
 
 (defun plv-pc (profil operation station altitude / sections section distance faute)
   "Adds (\"A\"), changes (\"M\") or removes (\"S\") the plane at a station; a change or a removal concerns the plane that

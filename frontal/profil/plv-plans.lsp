@@ -34,7 +34,7 @@
 (defun plv-plans (profil)
   (mapcar '(lambda (s) (list (plv-plan-debut s) (plv-plan-altitude s))) (plv-sections-de-plan profil)))
 
-(defun plv-plan-en-texte (plan) (strcat (plv-reel (plv-plan-altitude plan) 2) " (a partir de " (plv-reel (plv-plan-debut plan) 2) ")"))
+(defun plv-plan-en-texte (plan) (strcat (plv-reel (plv-plan-altitude plan) 2) " (à partir de " (plv-reel (plv-plan-debut plan) 2) ")"))
 
 (defun plv-plans-en-texte (profil) (plv-joindre (mapcar 'plv-plan-en-texte (plv-plans profil)) ", "))
 

@@ -23,9 +23,9 @@
 (defun plv-profil-de-numero (numero)
   (car (vl-member-if '(lambda (p) (= (strcase (plv-numero-profil p)) (strcase numero))) (plv-profils))))
 
-(defun plv-refus-numero (numero) (strcat "pas de profil numero " numero))
+(defun plv-refus-numero (numero) (strcat "pas de profil numéro " numero))
 
-(setq plv-profils:aucun "le dessin n'a pas de profil: PLV-NOUVEAU en cree un")
+(setq plv-profils:aucun "le dessin n'a pas de profil: PLV-NOUVEAU en crée un")
 
 (defun plv-refus-sans-profil () plv-profils:aucun)
 
@@ -37,7 +37,7 @@
     ((not (cdr profils)) (car profils))
     (T
      (setq numero (plv-demander-texte
-                    (strcat "Numero du profil [" (plv-joindre (mapcar 'plv-numero-profil profils) "/") "]")
+                    (strcat "Numéro du profil [" (plv-joindre (mapcar 'plv-numero-profil profils) "/") "]")
                     (plv-numero-profil (plv-dernier profils))))
      (cond ((plv-profil-de-numero numero)) (T (plv-erreur (plv-refus-numero numero)))))))
 

@@ -27,4 +27,4 @@
   (cond ((vl-every 'plv-statiques-lisibles
            (vl-remove nil (cons profil (mapcar '(lambda (cle) (plgxd profil cle)) (plv-cles-genres)))))
          T)
-        (T (plv-erreur "une liste d'elements statiques est mal formee: le controle du dessin la nomme"))))
+        (T (plv-erreur "une liste d'éléments statiques est mal formée: le contrôle du dessin la nomme"))))

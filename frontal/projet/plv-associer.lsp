@@ -17,14 +17,14 @@
 attached to the kind but are no longer part of the project. Gives the elements, or nil after a message."
   (setq elements (plv-elements-du-projet profil "Projet"))
   (cond
-    ((not elements) (plv-erreur "pas de projet a valider"))
-    ((= genre "Projet") (plv-erreur "le projet est deja de ce genre"))
+    ((not elements) (plv-erreur "pas de projet à valider"))
+    ((= genre "Projet") (plv-erreur "le projet est déjà de ce genre"))
     ((not (plv-support profil genre)) (plv-erreur (plv-refus-support genre)))
     (T
      (foreach e (plv-elements-du-projet profil genre) (plv-marquer-du-projet e nil))
      (plv-attacher profil genre elements)
      (plv-ecrire-elements profil "Projet" (vl-remove-if '(lambda (e) (member e elements)) (plv-elements profil "Projet")))
-     (plv-dire (strcat (itoa (length elements)) " elements du projet deviennent la ligne " genre "."))
+     (plv-dire (strcat (itoa (length elements)) " éléments du projet deviennent la ligne " genre "."))
      elements)))
 
 (defun c:transfererProjet (/ profil)

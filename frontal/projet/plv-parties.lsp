@@ -30,7 +30,7 @@
   "The text for the first vertical curve that can't be."
   (car (vl-remove nil
          (mapcar
-           '(lambda (s r) (if (eq (type r) 'STR) (strcat "sommet a la distance " (plv-reel (car s) 3) ": " r)))
+           '(lambda (s r) (if (eq (type r) 'STR) (strcat "sommet à la distance " (plv-reel (car s) 3) ": " r)))
            sommets raccords))))
 
 (defun plv-parties:chevauchement (sommets raccords)

@@ -12,7 +12,7 @@
           ((or (< (car s) -1e-6) (> (car s) (+ longueur 1e-6)))
            (strcat "la distance " (plv-reel (car s) 3) " n'est pas dans le profil"))
           ((and precedent (<= (car s) (+ (car precedent) 1e-6)))
-           (strcat "les stations vont en croissant, et non a la distance " (plv-reel (car s) 3))))
+           (strcat "les stations vont en croissant, et non à la distance " (plv-reel (car s) 3))))
         precedent s)))
   (cond (faute) ((not (cdr sommets)) "deux points au moins sont attendus")))
 
@@ -69,7 +69,7 @@ or nil after a message. Requests: a radius, or (\"C\" or \"P\", then \"R\" radiu
   (setq entites (plv-entites-du-jeu jeu)
         courbes (vl-remove-if-not '(lambda (e) (wcmatch (plv-type e) plv-projet:courbes)) entites)
         refusees (- (length entites) (length courbes)))
-  (if (> refusees 0) (plv-dire (strcat (itoa refusees) " entites laissees: ligne, polyligne ou spline attendue.")))
+  (if (> refusees 0) (plv-dire (strcat (itoa refusees) " entités laissées: ligne, polyligne ou spline attendue.")))
   (cond
     ((not (plv-support profil genre)) (plv-erreur (plv-refus-support genre)))
     ((not courbes) (plv-erreur "aucune courbe choisie"))

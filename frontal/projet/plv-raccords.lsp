@@ -70,7 +70,7 @@
   "The vertical curve at a vertex, or the text of what is wrong."
   (setq p1 (plv-pente avant sommet) p2 (plv-pente sommet apres))
   (cond
-    ((equal p1 p2 1e-9) "les deux pentes sont les memes")
+    ((equal p1 p2 1e-9) "les deux pentes sont les mêmes")
     ((not (and (setq rayon (plv-raccords:rayon avant sommet apres demande)) (< 1e-3 rayon 1e8)))
      "pas de rayon qui convienne")
     (T

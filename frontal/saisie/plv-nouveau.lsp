@@ -9,7 +9,7 @@
   (setq longueur (car (plv-dernier points)))
   (cond
     ((not plans) (plv-plans-proposes points echv hauteur-max))
-    ((not (equal (plv-plan-debut (car plans)) 0.0 1e-9)) (plv-erreur "le premier plan de comparaison commence a la distance 0"))
+    ((not (equal (plv-plan-debut (car plans)) 0.0 1e-9)) (plv-erreur "le premier plan de comparaison commence à la distance 0"))
     ((not (vl-every '(lambda (p) (plv-nouveau:plan-valable p longueur)) plans))
      (plv-erreur "un plan de comparaison a une distance dans le profil et une altitude"))
     ((not (apply '< (mapcar 'plv-plan-debut plans))) (plv-erreur "les plans de comparaison vont par distances croissantes"))
@@ -43,8 +43,8 @@ project lines."
         hauteur-max (cond (hauteur-max) ((* 60.0 ttxt))))
   (cond
     ((not (and (> echv 0.0) (> ttxt 0.0) (> hauteur-max 0.0)))
-     (plv-erreur "l'echelle, la hauteur de texte et la hauteur maximale sont des nombres positifs"))
-    ((plv-profil-de-numero numero) (plv-erreur (strcat "le dessin a deja un profil numero " numero)))
+     (plv-erreur "l'échelle, la hauteur de texte et la hauteur maximale sont des nombres positifs"))
+    ((plv-profil-de-numero numero) (plv-erreur (strcat "le dessin a déjà un profil numéro " numero)))
     ((not (setq terrain (apply lecture '()))) nil)
     ((not (setq points (plv-cle 'points terrain)
                 plans (plv-nouveau:plans plans points echv hauteur-max))) nil)
@@ -64,7 +64,7 @@ project lines."
     (progn
       (setq distance 0.0)
       (while distance
-        (setq altitude (getreal (strcat "\nAltitude du plan a partir de " (plv-reel distance 2) ": ")))
+        (setq altitude (getreal (strcat "\nAltitude du plan à partir de " (plv-reel distance 2) ": ")))
         (if altitude (setq plans (cons (list distance altitude) plans)))
         (initget 6)
         (setq distance (getreal "\nDistance du plan suivant <fin>: ")))
@@ -72,11 +72,11 @@ project lines."
 
 (defun plv-nouveau:demander (lecture numero projets axe / point echv ttxt hauteur-max)
   "The questions that follow the ground's, and the profile."
-  (setq numero (plv-demander-texte "Numero du profil" numero)
+  (setq numero (plv-demander-texte "Numéro du profil" numero)
         point (cond ((getpoint "\nPoint d'insertion <0,0>: ")) ('(0.0 0.0 0.0)))
-        echv (plv-demander-reel "Echelle verticale" 10.0)
+        echv (plv-demander-reel "Échelle verticale" 10.0)
         ttxt (plv-demander-reel "Hauteur de texte" 2.5)
-        hauteur-max (plv-demander-reel "Hauteur dessinee maximale" (* 60.0 ttxt)))
+        hauteur-max (plv-demander-reel "Hauteur dessinée maximale" (* 60.0 ttxt)))
   (plv-nouveau-axe axe lecture numero point echv ttxt hauteur-max (plv-nouveau:demander-plans) projets))
 
 (defun plv-nouveau:landxml (chemin / axe plv-nouveau:terrain)

@@ -28,7 +28,7 @@
   (append (reverse faits) (cdr sommets)))
 
 (defun plv-saisie:demander-mesure (sommet defaut)
-  (plv-demander-mot (strcat "Raccordement a la station " (plv-reel (car sommet) 2)) '("Rayon" "Longueur" "Point" "Aucun") defaut))
+  (plv-demander-mot (strcat "Raccordement à la station " (plv-reel (car sommet) 2)) '("Rayon" "Longueur" "Point" "Aucun") defaut))
 
 (defun plv-saisie:demander-valeur (mesure / point)
   "The measure's key and its numbers; nil for no curve."

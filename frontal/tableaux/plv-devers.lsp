@@ -28,12 +28,12 @@
         ((and (= (length valeurs) 3) (not (member nil valeurs))) (setq liste (cons valeurs liste)))
         ((and (not liste) (not (vl-some 'numberp valeurs))))
         (T (setq fautive T)
-           (plv-refus-ligne trouve numero ligne "station, devers gauche et devers droit attendus")))))
+           (plv-refus-ligne trouve numero ligne "station, dévers gauche et dévers droit attendus")))))
   (if (and liste (not fautive)) (progn (plv-devers profil liste) (reverse liste))))
 
 (defun c:plv-devers (/ profil chemin)
   (if (and (setq profil (plv-choisir-profil))
-           (setq chemin (plv-demander-fichier "Fichier des devers")))
+           (setq chemin (plv-demander-fichier "Fichier des dévers")))
     (plv-devers-fichier profil chemin))
   (princ))
 

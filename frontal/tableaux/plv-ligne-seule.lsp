@@ -44,7 +44,7 @@
   (pl_SelectLigne (plv-matrice-nom reference) rang)
   (setq bilan (plv-avec-calque "PLV-MATRICE" '(lambda () (plv-remplir-ligne gardes contexte))))
   (plv-noter-ajouts profil (plv-bilan-ajouts bilan))
-  (plv-dire (strcat "Ligne " (pl_textlignemat) (if (plv-bilan-vides bilan) ": laissee vide." ": remplie."))))
+  (plv-dire (strcat "Ligne " (pl_textlignemat) (if (plv-bilan-vides bilan) ": laissée vide." ": remplie."))))
 
 (defun PL-CPLM (nom rang / profil reference)
   "Fills the row of a table again, rows counted from 1."

@@ -17,16 +17,16 @@
      profil)))
 
 (defun plv-matrices:dire (cotes laisses vides)
-  (if vides (plv-dire (strcat "Lignes laissees vides: " (plv-joindre vides ", ") ".")))
-  (plv-dire (strcat "Matrices: " (itoa cotes) " points cotes"
+  (if vides (plv-dire (strcat "Lignes laissées vides: " (plv-joindre vides ", ") ".")))
+  (plv-dire (strcat "Matrices: " (itoa cotes) " points cotés"
                     (if (> laisses 0)
-                      (strcat ", " (itoa laisses) " laisses faute de place (option Tous pour tout garder).")
+                      (strcat ", " (itoa laisses) " laissés faute de place (option Tous pour tout garder).")
                       "."))))
 
 (defun c:plv-matrices (/ profil chemin tout)
   (if (and (setq profil (plv-choisir-profil))
-           (setq chemin (plv-demander-fichier "Fichier de definition des matrices")))
+           (setq chemin (plv-demander-fichier "Fichier de définition des matrices")))
     (progn
-      (setq tout (= (plv-demander-mot "Points a coter" '("Espaces" "Tous") "Espaces") "Tous"))
+      (setq tout (= (plv-demander-mot "Points à coter" '("Espaces" "Tous") "Espaces") "Tous"))
       (plv-matrices profil chemin tout)))
   (princ))

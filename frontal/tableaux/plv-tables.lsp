@@ -41,7 +41,7 @@
         point (plv-origine profil))
   (cond
     ((not (pl_LireMatriceKavel chemin))
-     (plv-erreur (strcat chemin ": aucune ligne de matrice; attendu: NOM - hauteur type {infos} libelle")))
+     (plv-erreur (strcat chemin ": aucune ligne de matrice; attendu: NOM - hauteur type {infos} libellé")))
     (T
      (plv-effacer-tables profil)
      (plv-avec-calque "PLV-MATRICE"

@@ -94,7 +94,7 @@
   (if (apply '<= (mapcar 'car points))
     points
     (progn
-      (plv-dire "Les points ne sont pas dans l'ordre des distances: ils ont ete tries.")
+      (plv-dire "Les points ne sont pas dans l'ordre des distances: ils ont été triés.")
       (vl-sort points '(lambda (a b) (< (car a) (car b)))))))
 
 (defun plv-terrain:sans-repetition (points / garde retires)
@@ -105,7 +105,7 @@
       (setq retires (1+ retires))
       (setq garde (cons point garde))))
   (if (> retires 0)
-    (plv-dire (strcat (itoa retires) (if (= retires 1) " point repete a ete laisse." " points repetes ont ete laisses."))))
+    (plv-dire (strcat (itoa retires) (if (= retires 1) " point répété a été laissé." " points répétés ont été laissés."))))
   (reverse garde))
 
 (defun plv-terrain-depuis (chemin releves / points origine)
@@ -113,7 +113,7 @@
   (setq points (plv-terrain:sans-repetition (plv-terrain:croissants (plv-terrain:distances releves)))
         origine (caar points))
   (if (or (not (cdr points)) (< (- (car (plv-dernier points)) origine) 1e-6))
-    (plv-erreur (strcat chemin ": tous les points ont la meme distance"))
+    (plv-erreur (strcat chemin ": tous les points ont la même distance"))
     (list (cons 'origine origine)
           (cons 'points (mapcar '(lambda (p) (cons (- (car p) origine) (cdr p))) points)))))
 

@@ -43,7 +43,7 @@ TEST_F(ProfileWindow, FormsMakeAProfileWithItsTables) {
   EXPECT_GT(count("INSERT"), 1);
   const QStringList shown = tree();
   EXPECT_TRUE(shown.contains("Profil 1")) << shown.join("\n").toStdString();
-  EXPECT_FALSE(shown.filter("a partir de 0.00").isEmpty()) << shown.join("\n").toStdString();
+  EXPECT_FALSE(shown.filter("à partir de 0.00").isEmpty()) << shown.join("\n").toStdString();
   for (const char* text : {"ROUTE", "Altitude terrain naturel", "Pentes et rampes"})
     EXPECT_TRUE(shown.contains(text)) << shown.join("\n").toStdString();
 }

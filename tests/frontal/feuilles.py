@@ -72,7 +72,7 @@ def main():
         expect("millimetres for 3 m of altitude at 1:100", round(place(axis, "20")[1] - place(axis, "23")[1], 1), 30.0)
         # What doesn't fit, and a template that is none: a message, and the file stays.
         subprocess.run([KAVEL, "--no-frontal", "--quiet", "-o", "vide.dxf"], cwd=folder, check=True)
-        for scale, model, message in (("200", "a2.dxf", "il tiendrait a 1:1000"), ("1000", "rue-du-moulin.csv", "ce n'est pas un dessin"),
+        for scale, model, message in (("200", "a2.dxf", "il tiendrait à 1:1000"), ("1000", "rue-du-moulin.csv", "ce n'est pas un dessin"),
                                       ("1000", "vide.dxf", "attendue sur le calque FEUILLE"), ("1000", "absent.dxf", "introuvable")):
             made = run(folder, profile + [f'(plv-feuilles (plv-profils) "{model}" {scale}.0 "x" "f.pdf")'])
             expect(f"status of {model} at {scale}", made.returncode, 1)

@@ -103,13 +103,13 @@ TEST(Quantities, WhatCannotBeIsSaidBeforehand) {
     const char* prepare;
     std::string call, message;
   } rows[] = {
-      {"", "(plv-metres '(\"P9\") \"Projet\" nil nil)", "pas de profil numero P9"},
+      {"", "(plv-metres '(\"P9\") \"Projet\" nil nil)", "pas de profil numéro P9"},
       {"", "(plv-metres nil \"Voirie\" nil nil)", "pas de ligne Voirie sur: P1"},
       {"", "(plv-metres nil \"TN\" nil nil)", "un genre de projet est attendu"},
       {"", "(plv-metres nil \"Eau\" nil nil)", "un genre de projet est attendu"},
       {"", "(plv-metres nil \"Projet\" \"/nulle/part/m.xlsx\" nil)", "dossier introuvable: /nulle/part"},
       {"", "(plv-metres nil \"Projet\" \"" + session.path("d") + "\" nil)", "un dossier a ce nom"},
-      {"", "(plv-metres nil \"Projet\" \"/proc/m.xlsx\" nil)", "le classeur n'a pas pu etre ecrit: /proc/m.xlsx"},
+      {"", "(plv-metres nil \"Projet\" \"/proc/m.xlsx\" nil)", "le classeur n'a pas pu être écrit: /proc/m.xlsx"},
       {"", "(plv-legende p \"AEp\" nil)", "pas de ligne AEp sur: P1"},
       {"(setq at (entget (entnext p))) (entmod (subst '(1 . \"P/1\") (assoc 1 at) at))",
        "(plv-metres nil \"Projet\" \"" + session.path("m.xlsx") + "\" nil)", "titre d'une feuille: P/1"},
@@ -127,7 +127,7 @@ TEST(Quantities, AWorkbookThatCannotBeReplacedStays) {
   session.project();
   session.file("m.xlsx", "the former one");
   std::filesystem::create_directories(session.path("m.xlsx.nouveau.xlsx.tmp/in the way"));
-  SAYS(session.measured("nil", session.path("m.xlsx")), "le classeur n'a pas pu etre ecrit");
+  SAYS(session.measured("nil", session.path("m.xlsx")), "le classeur n'a pas pu être écrit");
   EXPECT_EQ(contents(session.path("m.xlsx")), "the former one");
   EXPECT_FALSE(std::filesystem::exists(session.path("m.xlsx.nouveau.xlsx")));
 }
@@ -139,7 +139,7 @@ TEST(Quantities, TwoProfilesWithOneNumberMakeNoWorkbook) {
   session.project();
   SAYS(session.measured("nil", session.path("deux.xlsx")), "Profil P2");
   session.eval("(setq at (entget (entnext p))) (entmod (subst '(1 . \"p1\") (assoc 1 at) at))");
-  SAYS(session.measured("nil", session.path("un.xlsx")), "deux profils ont le numero P1");
+  SAYS(session.measured("nil", session.path("un.xlsx")), "deux profils ont le numéro P1");
   EXPECT_FALSE(std::filesystem::exists(session.path("un.xlsx")));
 }
 

@@ -5,7 +5,7 @@ namespace {
 
 using kaveltest::Quantities;
 
-constexpr const char* kInside = "Toute la ligne est dans les profondeurs demandees.";
+constexpr const char* kInside = "Toute la ligne est dans les profondeurs demandées.";
 
 TEST(OptimalLine, StaysInTheBandAndIsAttached) {
   Quantities session;
@@ -26,7 +26,7 @@ TEST(OptimalLine, TellsWhereItLeavesTheBand) {
   Quantities session;
   const std::string said =
       session.said("(setq k (sslength (ssget \"X\"))) (plv-optimal p \"Projet\" '(0.0 49.8) '(100.0 39.0) 0.8 1.2 T)");
-  SAYS(said, "Hors des profondeurs demandees:");
+  SAYS(said, "Hors des profondeurs demandées:");
   // It starts 0.2 m below the ground.
   SAYS(said, "1000.000");
   SAYS(said, "0.200      -0.600");
@@ -63,9 +63,9 @@ TEST(OptimalLine, WhatCannotBeIsRefused) {
   const struct {
     const char *call, *message;
   } rows[] = {
-      {"(plv-optimal p \"Projet\" '(50.0 45.0) '(20.0 47.0) 0.8 1.6 nil)", "de gauche a droite"},
+      {"(plv-optimal p \"Projet\" '(50.0 45.0) '(20.0 47.0) 0.8 1.6 nil)", "de gauche à droite"},
       {"(plv-optimal p \"Projet\" '(50.0 45.0) '(150.0 30.0) 0.8 1.6 nil)", "dans le profil"},
-      {"(plv-optimal p \"Projet\" '(50.0 45.0) '(50.0000001 45.0) 0.8 1.6 nil)", "de gauche a droite"},
+      {"(plv-optimal p \"Projet\" '(50.0 45.0) '(50.0000001 45.0) 0.8 1.6 nil)", "de gauche à droite"},
       {"(plv-optimal p \"TN\" '(0.0 49.0) '(100.0 39.0) 0.8 1.6 nil)", "un genre de projet est attendu"},
       {"(progn (entmod (list (assoc -1 (entget p)) '(-3 (\"KELMONT_PLV2\")))) (plv-optimal p \"Projet\" '(0.0 49.0) "
        "'(100.0 39.0) 0.8 1.6 nil))",
@@ -78,8 +78,8 @@ TEST(OptimalLine, WhatCannotBeIsRefused) {
 TEST(OptimalLine, AsksUntilItUnderstands) {
   Quantities session;
   const std::string first = session.feed("PLV-OPTIMAL\nA\nabc\n900,1\n1000,1\n\n0.8\n1.2\nNon\n");
-  SAYS(first, "Deux nombres separes par une virgule sont attendus");
-  SAYS(first, "Les stations du profil vont de 1000.00 a 1100.00.");
+  SAYS(first, "Deux nombres séparés par une virgule sont attendus");
+  SAYS(first, "Les stations du profil vont de 1000.00 à 1100.00.");
   SAYS(first, kInside);
   const std::string before = session.eval("(setq avant (plv-elements-du-projet p \"Assainissement\"))");
   // A cancel at any question leaves the line that is there.

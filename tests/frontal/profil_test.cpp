@@ -72,9 +72,9 @@ TEST(NewProfile, RefusesWhatCannotBe) {
     std::string call;
     const char* message;
   } rows[] = {
-      {"(plv-nouveau \"" + ground + "\" \"12\" nil nil nil nil nil)", "deja un profil numero 12"},
+      {"(plv-nouveau \"" + ground + "\" \"12\" nil nil nil nil nil)", "déjà un profil numéro 12"},
       {"(plv-nouveau \"" + ground + "\" \"2\" nil -1.0 nil nil nil)", "nombres positifs"},
-      {"(plv-nouveau \"" + ground + "\" \"2\" nil nil nil nil '((5.0 10.0)))", "commence a la distance 0"},
+      {"(plv-nouveau \"" + ground + "\" \"2\" nil nil nil nil '((5.0 10.0)))", "commence à la distance 0"},
       {"(plv-nouveau \"" + ground + "\" \"2\" nil nil nil nil '((0.0 10.0) (60.0 9.0)))",
        "une distance dans le profil"},
   };
@@ -92,9 +92,9 @@ TEST(NewProfile, AsksForWhatItNeeds) {
   const std::string shown =
       session.feed("PLV-NOUVEAU\n" + session.path("g.csv") + "\n7\n10,20\n\n\n\nS\n25\n20\n12\n\n");
   for (const char* prompt :
-       {"\nFichier du terrain naturel: ", "\nNumero du profil <1>: ", "\nPoint d'insertion <0,0>: ",
-        "\nEchelle verticale <10.00>: ", "\nHauteur de texte <2.50>: ", "\nHauteur dessinee maximale <150.00>: ",
-        "\nPlans de comparaison [Automatiques/Saisis] <Automatiques>: ", "\nAltitude du plan a partir de 0.00: "})
+       {"\nFichier du terrain naturel: ", "\nNuméro du profil <1>: ", "\nPoint d'insertion <0,0>: ",
+        "\nÉchelle verticale <10.00>: ", "\nHauteur de texte <2.50>: ", "\nHauteur dessinée maximale <150.00>: ",
+        "\nPlans de comparaison [Automatiques/Saisis] <Automatiques>: ", "\nAltitude du plan à partir de 0.00: "})
     EXPECT_NE(shown.find(prompt), std::string::npos) << prompt << "\n" << shown;
   EXPECT_EQ(session.eval("(plv-plans (plv-profil-de-numero \"7\"))"), "((0.0 25.0) (20.0 12.0))");
 }
@@ -135,9 +135,9 @@ TEST(Tables, WeedWhatStandsTooClose) {
   ASSERT_NE(session.eval("(plv-matrices p \"" + session.path("t.txt") + "\" nil)"), "nil");
   // 1.3 text heights are 3.25 m: every fourth point, and both ends
   const std::string said = session.transcript();
-  EXPECT_NE(said.find("26 points cotes, 75 laisses"), std::string::npos) << said;
+  EXPECT_NE(said.find("26 points cotés, 75 laissés"), std::string::npos) << said;
   ASSERT_NE(session.eval("(plv-matrices p \"" + session.path("t.txt") + "\" T)"), "nil");
-  EXPECT_NE(session.transcript().find("101 points cotes."), std::string::npos);
+  EXPECT_NE(session.transcript().find("101 points cotés."), std::string::npos);
 }
 
 TEST(Tables, SurviveSavingAndReopening) {

@@ -90,11 +90,11 @@ TEST(ProjectLine, RefusesWhatCannotBe) {
       {"(plv-projet p \"Projet\" '((1000.0 50.0) (1300.0 50.0)))", "300.000 n'est pas dans le profil"},
       {"(plv-projet p \"Projet\" '((1100.0 50.0) (1050.0 50.0)))", "vont en croissant"},
       {"(plv-projet p \"Projet\" '((1000.0 50.0) (1100.0 55.0 3000.0) (1200.0 50.0)))", "se chevauchent"},
-      {"(plv-projet p \"Projet\" '((1000.0 50.0) (1100.0 55.0 50.0) (1200.0 60.0)))", "les deux pentes sont les memes"},
+      {"(plv-projet p \"Projet\" '((1000.0 50.0) (1100.0 55.0 50.0) (1200.0 60.0)))", "les deux pentes sont les mêmes"},
       {"(plv-projet p \"Projet\" '((1000.0 50.0) (1100.0 55.0 (\"C\" \"P\" 1100.0 56.0)) (1200.0 50.0)))",
-       "sommet a la distance 100.000"},
+       "sommet à la distance 100.000"},
       {"(plv-projet p \"Projet\" '((1000.0 50.0) (1100.0 55.0 (\"P\" \"P\" 1100.0 56.0)) (1200.0 50.0)))",
-       "sommet a la distance 100.000"},
+       "sommet à la distance 100.000"},
       {"(plv-projet p \"Chemin\" '((1000.0 50.0) (1100.0 50.0)))", "pas de support pour le genre Chemin"},
       {"(plv-projet-fichier p \"Projet\" \"" + session.path("faux.csv") + "\")", "ligne 3 illisible"},
       {"(plv-projet-fichier p \"Projet\" \"absent.csv\")", "fichier introuvable"},
@@ -118,8 +118,8 @@ TEST(ProjectLine, IsAskedFor) {
       session.feed("PLV-PROJET\nVoirie\nPO\n1000,50\n1100;55\n1100,55\n1200,50\n\nRayon\n400\nP\n");
   for (const char* prompt :
        {"\nGenre de ligne [Voirie/Assainissement/AEp/Terrassements/Projet/Generique/TN] <Projet>: ",
-        "\nTracer par [POints/PEntes/Fichier/Existante] <POints>: ", "Deux nombres separes par une virgule",
-        "\nRaccordement a la station 1100.00 [Rayon/Longueur/Point/Aucun] <Aucun>: ", "1 raccordement."})
+        "\nTracer par [POints/PEntes/Fichier/Existante] <POints>: ", "Deux nombres séparés par une virgule",
+        "\nRaccordement à la station 1100.00 [Rayon/Longueur/Point/Aucun] <Aucun>: ", "1 raccordement."})
     EXPECT_NE(points.find(prompt), std::string::npos) << prompt << points;
   EXPECT_EQ(session.eval("(mm (z \"Voirie\" 1100.0))"), "\"54.500\"");
   session.feed("PLV-PROJET\nA\nPE\n1000,50\n1.5\n100\n-1\n50\n\nA\n");
@@ -190,7 +190,7 @@ TEST(Planes, CarryBlocksAndReferenceLines) {
     const char* call;
     const char* message;
   } rows[] = {
-      {"(plv-pc p \"A\" 1060.0 10.0)", "un plan commence deja"},
+      {"(plv-pc p \"A\" 1060.0 10.0)", "un plan commence déjà"},
       {"(plv-pc p \"A\" 1900.0 10.0)", "n'est pas dans le profil"},
       {"(plv-pc p \"S\" 1010.0 nil)", "le premier plan ne peut pas"},
       {"(plv-pc p \"M\" 1010.0 nil)", "l'altitude du plan est attendue"},
@@ -265,7 +265,7 @@ TEST(ProjectRows, HoldTheirFigures) {
 TEST(ProjectRows, AreNamedWhenTheyStayEmpty) {
   Project session;
   ASSERT_NE(session.eval("(plv-matrices p \"matrices-completes.txt\" T)"), "nil");
-  EXPECT_NE(session.transcript().find("Lignes laissees vides: Altitude projet, Profondeur, Pentes, "),
+  EXPECT_NE(session.transcript().find("Lignes laissées vides: Altitude projet, Profondeur, Pentes, "),
             std::string::npos);
 }
 

@@ -45,7 +45,7 @@ TEST(GroundFile, FaultsAreNamedAndNothingIsMade) {
       {"0;1\n10\n", "", "ligne 2 illisible: \"10\""},
       {"", "", "deux points au moins"},
       {"distance;altitude\n", "", "deux points au moins"},
-      {"5,1\n5,2\n", "", "la meme distance"},
+      {"5,1\n5,2\n", "", "la même distance"},
   };
   for (const Row& row : rows) {
     FrontEnd session;
