@@ -44,7 +44,7 @@
     deja))
 
 (defun c:plv-optimal (/ profil genre anciens depart arrivee minimum maximum garder)
-  (if (and (setq profil (plv-choisir-profil)) (or (cdr (plv-points-tn profil)) (plv-erreur "ce profil n'a pas de terrain naturel")))
+  (if (and (setq profil (plv-choisir-profil)) (or (cdr (plv-points-tn profil)) (plv-erreur (plv-refus-sans-terrain))))
     (progn
       (setq genre (plv-demander-genre-projet "Assainissement")
             anciens (plv-optimal:a-remplacer profil genre)

@@ -156,7 +156,7 @@ beside the ends, against the prolongation of the line: for a part of the profile
   (cond
     ((plv-refus-genre-projet genre))
     ((not (plv-support profil genre)) (plv-refus-support genre))
-    ((not (cdr (plv-points-tn profil))) "ce profil n'a pas de terrain naturel")
+    ((not (cdr (plv-points-tn profil))) (plv-refus-sans-terrain))
     ((not (< -1e-6 (car depart) (- (car arrivee) 1e-3) (+ (plv-longueur-profil profil) 1e-6)))
      "le départ et l'arrivée sont dans le profil, de gauche à droite")))
 

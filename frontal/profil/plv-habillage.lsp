@@ -2,7 +2,7 @@
 ;; Heights of texts and gaps are multiples of the profile's text height.
 
 (defun plv-habillage:titre (profil point hauteur ttxt longueur echv / y largeur)
-  "The title above the axis: the profile's own attributes are moved there, the number behind the words."
+  "The title above the axis: the profile's own attributes are moved there, the number to the right of the words."
   ;; Room between axis and title for dimensions and the labels of blocks.
   (setq y (+ (cadr point) hauteur (* 12.0 ttxt))
         largeur (plv-largeur-texte (strcat plv-profil:titre " ") (* 1.4 ttxt)))

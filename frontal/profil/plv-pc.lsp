@@ -85,7 +85,7 @@
   (cond
     ((not section) "la station n'est pas dans le profil")
     ((and (/= operation "S") (not (numberp altitude))) "l'altitude du plan est attendue")
-    ((and (= operation "A") (equal distance (plv-plan-debut section) 1e-6)) "un plan commence déjà a cette station")
+    ((and (= operation "A") (equal distance (plv-plan-debut section) 1e-6)) "un plan commence déjà à cette station")
     ((and (= operation "S") (eq section (car sections))) "le premier plan ne peut pas être supprimé")))
 
 (defun plv-pc (profil operation station altitude / sections section distance faute)

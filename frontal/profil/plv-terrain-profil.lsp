@@ -21,6 +21,8 @@ point."
           donnees (cddr donnees)))
   (reverse points))
 
+(defun plv-refus-sans-terrain () "ce profil n'a pas de terrain naturel")
+
 (defun plv-longueur-profil (profil) (cadr (pl_InfosTn profil)))
 
 (defun plv-altitude-tn (points d / autour)

@@ -5,7 +5,7 @@
   "Draws and fills; gives the profile, or nil after a message. tout: every point has its cells, however close."
   (cond
     ((not (setq trouve (plv-fichier-existant chemin))) nil)
-    ((not (setq points (plv-points-nommes profil))) (plv-erreur "ce profil n'a pas de terrain naturel"))
+    ((not (setq points (plv-points-nommes profil))) (plv-erreur (plv-refus-sans-terrain)))
     ((not (plv-dessiner-tables profil trouve)) nil)
     (T
      (setq contexte (plv-contexte profil points)

@@ -1,0 +1,87 @@
+;; PLV-OPTIMAL: the line that it proposes and attaches, the stretches that leave the band, its questions. The ground falls from
+;; 50 to 40 m over 100 m, in sections with planes of their own.
+
+(commun
+  (fichier "g.csv" "distance;altitude;nom\n1000;50;A\n1040;46;\n1060;44.5;B\n1100;40;C\n")
+  (preparer (setq p (plv-nouveau "<dossier>g.csv" "P1" '(0.0 0.0 0.0) 10.0 2.5 60.0 nil))))
+
+(situation "StaysInTheBandAndIsAttached")
+(dit (setq l (plv-optimal p "Assainissement" '(0.0 49.0) '(100.0 39.0) 0.8 1.2 nil))
+  "Toute la ligne est dans les profondeurs demandées.")
+((list (car l) (plv-dernier l)) ((0.0 49.0) (100.0 39.0)))
+;; vertices once each, attached, and nothing of the search left
+((= (length l) (length (plv-uniques l))) T)
+((= (length (plv-elements-du-projet p "Assainissement")) (length (plv-plans p))) T)
+((ssget "X" '((0 . "LINE") (62 . 1))) nil)
+;; the greater depth may come first
+((equal l (plv-optimal p "Assainissement" '(0.0 49.0) '(100.0 39.0) 1.2 0.8 nil) 1e-9) T)
+
+(situation "TellsWhereItLeavesTheBand")
+;; It starts 0.2 m below the ground.
+(dit (plv-optimal p "Projet" '(0.0 49.8) '(100.0 39.0) 0.8 1.2 T)
+  "Hors des profondeurs demandées:" "1000.000" "0.200      -0.600")
+;; The segments that were tried stay: at abscissa and altitude, not in the graphic.
+((> (length (vl-remove-if-not '(lambda (e) (equal (caddr (assoc 10 (entget e))) 49.8 1e-6))
+              (plv-entites-du-jeu (ssget "X" '((0 . "LINE")))))) 1) T)
+
+;; From change of plane to change of plane, and between ground points: the ground beside the ends has no say.
+(situation "MayCoverAPartOfTheProfile")
+(tableau (debut fin) (0.0 (cadr d)) ((cadr d) 100.0) (13.5 71.25) (45.0 55.0))
+(preparer
+  (setq d (mapcar 'car (plv-plans p)))
+  (setq bouts (mapcar '(lambda (x) (list x (- (plv-altitude-ligne (plv-points-tn p) x) 1.0))) (list debut fin)))
+  (setq n (length (plv-profils))))
+((not (cdr d)) nil)
+(dit (setq l (plv-optimal p "Projet" (car bouts) (cadr bouts) 0.8 1.2 nil)) "Toute la ligne est dans les profondeurs demandées.")
+((equal (list (car l) (plv-dernier l)) bouts) T)
+((= n (length (plv-profils))) T)
+
+(situation "DropsBelowAWall")
+(fichier "mur.csv" "distance;altitude\n0;50\n40;49\n40;45\n100;44\n")
+(preparer
+  (entdel p)
+  (setq p (plv-nouveau "<dossier>mur.csv" "P1" '(0.0 0.0 0.0) 10.0 2.5 150.0 nil)))
+(dit (setq l (plv-optimal p "Assainissement" '(0.0 48.5) '(100.0 42.5) 1.0 2.0 nil))
+  "Toute la ligne est dans les profondeurs demandées.")
+((list (length l) (length (plv-elements-du-projet p "Assainissement"))) (4 2))
+(dit (plv-metres nil "Assainissement" nil nil) ": juste.")
+
+(situation "WhatCannotBeIsRefused")
+(refuse (plv-optimal p "Projet" '(50.0 45.0) '(20.0 47.0) 0.8 1.6 nil) "de gauche à droite")
+(refuse (plv-optimal p "Projet" '(50.0 45.0) '(150.0 30.0) 0.8 1.6 nil) "dans le profil")
+(refuse (plv-optimal p "Projet" '(50.0 45.0) '(50.0000001 45.0) 0.8 1.6 nil) "de gauche à droite")
+(refuse (plv-optimal p "TN" '(0.0 49.0) '(100.0 39.0) 0.8 1.6 nil) "un genre de projet est attendu")
+(preparer (entmod (list (assoc -1 (entget p)) '(-3 ("KELMONT_PLV2")))))
+(refuse (plv-optimal p "Projet" '(0.0 49.0) '(100.0 39.0) 0.8 1.6 nil) "pas de terrain naturel")
+((plv-elements-du-projet p "Projet") nil)
+
+(situation "AsksUntilItUnderstands")
+(tape ("PLV-OPTIMAL" "A" "abc" "900,1" "1000,1" "" "0.8" "1.2" "Non")
+  "Deux nombres séparés par une virgule sont attendus" "Les stations du profil vont de 1000.00 à 1100.00."
+  "Toute la ligne est dans les profondeurs demandées.")
+(preparer (setq avant (plv-elements-du-projet p "Assainissement")))
+;; a cancel at any question leaves the line that is there
+(tape ("PLV-OPTIMAL"))
+((equal avant (plv-elements-du-projet p "Assainissement")) T)
+(tape ("PLV-OPTIMAL" "A"))
+((equal avant (plv-elements-du-projet p "Assainissement")) T)
+(tape ("PLV-OPTIMAL" "A" "Remplacer"))
+((equal avant (plv-elements-du-projet p "Assainissement")) T)
+(tape ("PLV-OPTIMAL" "A" "Remplacer" "P"))
+((equal avant (plv-elements-du-projet p "Assainissement")) T)
+(tape ("PLV-OPTIMAL" "A" "Remplacer" "P" "0,120"))
+((equal avant (plv-elements-du-projet p "Assainissement")) T)
+(tape ("PLV-OPTIMAL" "A" "Remplacer" "P" "0,120" ""))
+((equal avant (plv-elements-du-projet p "Assainissement")) T)
+(tape ("PLV-OPTIMAL" "A" "Remplacer" "P" "0,120" "" "0.8"))
+((equal avant (plv-elements-du-projet p "Assainissement")) T)
+(tape ("PLV-OPTIMAL" "A" "Remplacer" "P" "0,120" "" "0.8" "1.4"))
+((equal avant (plv-elements-du-projet p "Assainissement")) T)
+(tape ("PLV-OPTIMAL" "A" "Remplacer" "P" "0,120" "" "0.8" "1.4" "Non"))
+((vl-some 'entget avant) nil)
+;; the picked start: 12 m above the plane
+((equal (cadr (car (plv-sommets-dessines (plv-repere p) (car (plv-elements-du-projet p "Assainissement")))))
+        (+ 12.0 (cadar (plv-plans p))) 1e-9)
+ T)
+((equal (plv-altitude-projet p (mapcar '(lambda (e) (list 0.0 100.0 e)) (plv-elements-du-projet p "Assainissement")) (plv-plans p) 0.0) 0.0)
+ nil)
