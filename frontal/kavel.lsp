@@ -9,7 +9,7 @@
     (terrain (base)
      plv-terrain)
     (profil (base)
-     plv-genres plv-plans plv-repere plv-terrain-profil plv-profil plv-profils plv-habillage plv-rappels plv-elements
+     plv-genres plv-plans plv-cadre plv-terrain-profil plv-profil plv-profils plv-habillage plv-rappels plv-elements
      plv-pentes plv-statiques plv-blocs plv-pc)
     (plan (base profil)
      plv-axe plv-vers-plan)

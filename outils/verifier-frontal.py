@@ -3,7 +3,8 @@
 
 Every file of the rooms stands in the table and nothing is defined twice; a room calls, or reads at loading, only rooms that the
 table allows it, and no circle of rooms exists; a name with a colon is private to its file, or to its room when the file's head
-lists it ("Shared in the room: name name*"); layers are named as base/plv-dessin declares them; the kinds of rows of the tables
+lists it ("Shared in the room: name name*"); a function sets its own variables or its file's, and one that is handed over
+(lambda) only its own; a local variable is used; layers are named as base/plv-dessin declares them; the kinds of rows of the tables
 have fillers and rules, and docs/formats.md lists them all. Exit status 1 and one line for each fault.
 """
 import os
@@ -157,6 +158,39 @@ def check_calls(rooms, sources):
         yield from (f"{room} may call {other}, but doesn't" for other in sorted(may - used[room]))
 
 
+def bound(arguments):
+    """Parameters and local variables of an argument list."""
+    cut = arguments.index("/") if "/" in arguments else len(arguments)
+    return arguments[:cut], arguments[cut + 1:]
+
+
+def stray_settings(form, own):
+    """Variables that a form sets although they aren't its own."""
+    if not isinstance(form, list) or not form:
+        return
+    if form[0] == "lambda":
+        own = {name for part in bound(form[1]) for name in part}
+        form = form[2:]
+    elif form[0] == "foreach":
+        own = own | {form[1]}
+    elif form[0] == "setq":
+        yield from (name for name in form[1::2] if name not in own)
+    for part in form:
+        yield from stray_settings(part, own)
+
+
+def check_variables(sources):
+    for source in sources:
+        for form in source.forms:
+            if form[0] != "defun":
+                continue
+            parameters, variables = bound(form[2])
+            own = {*parameters, *variables, *source.defines}
+            yield from (f"{source}: {form[1]} sets {name}, which isn't its own" for name in stray_settings(form[3:], own))
+            used = set(names_in(form[3:]))
+            yield from (f"{source}: {form[1]} never uses its variable {name}" for name in variables if name not in used)
+
+
 def setting(sources, variable):
     """The value of a variable that holds a quoted list."""
     for source in sources:
@@ -193,7 +227,7 @@ def check_row_kinds(sources):
 def main():
     rooms = table()
     sources = [Source(room, name) for room, _, files in rooms for name in files]
-    faults = [*check_files(rooms), *check_order(rooms), *check_calls(rooms, sources), *check_layers(sources),
+    faults = [*check_files(rooms), *check_order(rooms), *check_calls(rooms, sources), *check_variables(sources), *check_layers(sources),
               *check_row_kinds(sources)]
     for fault in faults:
         print(fault)

@@ -47,22 +47,22 @@
 (defun plv-bureau-profils ()
   (cond (plv-bureau:arbre) ((setq plv-bureau:arbre (mapcar 'plv-bureau:profil (plv-profils))))))
 
-;; --- what was read of a profile: its frame (see plv-repere), its ground and what else a reading needs
+;; --- what was read of a profile: its frame (see plv-cadre), its ground and what else a reading needs
 
 (defun plv-bureau:lire (profil)
-  (list (cons 'profil profil) (cons 'numero (plv-numero-profil profil)) (cons 'repere (plv-repere profil))
+  (list (cons 'profil profil) (cons 'numero (plv-numero-profil profil)) (cons 'cadre (plv-cadre profil))
         (cons 'longueur (cond ((plv-longueur-profil profil)) (0.0)))
-        (cons 'origine (cond ((plgxd profil "DCUMDEB")) (0.0))) (cons 'points (plv-points-tn profil))))
+        (cons 'origine (cond ((plv-premiere-station profil)) (0.0))) (cons 'points (plv-points-tn profil))))
 
 (defun plv-bureau:lus ()
   (cond (plv-bureau:lectures) ((setq plv-bureau:lectures (mapcar 'plv-bureau:lire (plv-profils))))))
 
-(defun plv-bureau:origine (lu) (plv-repere-origine (plv-cle 'repere lu)))
-(defun plv-bureau:plans-lus (lu) (plv-repere-plans (plv-cle 'repere lu)))
+(defun plv-bureau:origine (lu) (plv-cadre-origine (plv-cle 'cadre lu)))
+(defun plv-bureau:plans-lus (lu) (plv-cadre-plans (plv-cle 'cadre lu)))
 
 (defun plv-bureau:hauteur (lu)
   "From the lowest plane to the highest ground point, as drawn."
-  (* (plv-repere-echv (plv-cle 'repere lu))
+  (* (plv-cadre-echv (plv-cle 'cadre lu))
      (- (apply 'max (mapcar 'cadr (plv-cle 'points lu))) (apply 'min (mapcar 'plv-plan-altitude (plv-bureau:plans-lus lu))))))
 
 ;; --- where a profile is, with its tables: (x1 y1 x2 y2); nil for another entity
@@ -80,14 +80,14 @@
 (defun plv-bureau:contient-p (lu point)
   "Over the profile: within its length, and not far below its planes or above its ground."
   (and (plv-cle 'points lu) (plv-bureau:plans-lus lu)
-       (<= 0.0 (plv-distance (plv-cle 'repere lu) point) (plv-cle 'longueur lu))
+       (<= 0.0 (plv-distance (plv-cle 'cadre lu) point) (plv-cle 'longueur lu))
        (<= (cadr (plv-bureau:origine lu)) (cadr point) (+ (cadr (plv-bureau:origine lu)) (* 2.0 (plv-bureau:hauteur lu))))))
 
 (defun plv-bureau-lecture (x y / lu lieu terrain)
   "Number, station, altitude, altitude of the ground and depth below it, as texts; nil beside every profile."
   (if (setq lu (car (vl-member-if '(lambda (l) (plv-bureau:contient-p l (list x y))) (plv-bureau:lus))))
     (progn
-      (setq lieu (plv-vers-profil (plv-cle 'repere lu) (list x y))
+      (setq lieu (plv-vers-profil (plv-cle 'cadre lu) (list x y))
             terrain (plv-altitude-tn (plv-cle 'points lu) (car lieu)))
       (list (plv-cle 'numero lu)
             (plv-reel (+ (car lieu) (plv-cle 'origine lu)) 2)
@@ -119,7 +119,7 @@
         ((and (listp valeur) (vl-every 'numberp valeur)) (plv-joindre (mapcar '(lambda (v) (rtos v 2 4)) valeur) " ; "))
         (T (vl-princ-to-string valeur))))
 
-(defun plv-bureau:application (donnees / champs cle)
+(defun plv-bureau:application (donnees / champs)
   "Keys of an application: texts that are followed by their value; or its values one by one."
   (setq champs (list (list (strcat "[" (car donnees) "]") "")) donnees (cdr donnees))
   (while donnees

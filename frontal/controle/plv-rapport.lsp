@@ -17,7 +17,7 @@
   (foreach profil profils
     (setq infos (pl_InfosTn profil))
     (plv-dire (strcat "  " (plv-numero-profil profil) ": " (if infos (itoa (fix (car infos))) "0") " points, longueur "
-                      (plv-reel (if infos (cadr infos) 0.0) 2) " m, hauteurs x " (plv-reel (plgxd profil "ECHV") 1)))
+                      (plv-reel (if infos (cadr infos) 0.0) 2) " m, hauteurs x " (plv-reel (plv-echv profil) 1)))
     (plv-dire (strcat "    plans de comparaison: " (plv-plans-en-texte profil)))
     (plv-rapport:matrices profil)
     (plv-rapport:projets profil))

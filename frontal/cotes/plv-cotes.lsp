@@ -3,7 +3,7 @@
 
 (defun plv-cotes:decalage (profil)
   "Ordinate of the row of altitudes over the support: above the highest ground."
-  (+ (plv-hauteur-profil profil) (* 2.0 (plgxd profil "TTXT"))))
+  (+ (plv-hauteur-profil profil) (* 2.0 (plv-ttxt profil))))
 
 (defun plv-cotes:axes (profil)
   "Abscissas of the axes between sections of planes; the first one ends below the dimensions."

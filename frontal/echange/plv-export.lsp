@@ -63,7 +63,7 @@
     (reverse (cons points morceaux))))
 
 (defun plv-export:axe (profil / origine)
-  (setq origine (plgxd profil "DCUMDEB"))
+  (setq origine (plv-premiere-station profil))
   (list (cons 'nom (plv-numero-profil profil))
         (cons 'origine origine)
         (cons 'terrains
@@ -103,7 +103,7 @@
 
 (defun plv-export-terrain (profil fichier / origine)
   "The ground as distance;altitude;nom lines."
-  (setq origine (plgxd profil "DCUMDEB"))
+  (setq origine (plv-premiere-station profil))
   (plv-export:ecrire-lignes fichier
     (cons "distance;altitude;nom"
       (mapcar
@@ -120,7 +120,7 @@
 
 (defun plv-export-projet (profil genre fichier / origine suites)
   "The project line of a kind as station;altitude;raccordement;forme lines; the first run when it has gaps."
-  (setq origine (plgxd profil "DCUMDEB") suites (plv-projet-sommets profil genre))
+  (setq origine (plv-premiere-station profil) suites (plv-projet-sommets profil genre))
   (cond
     ((not suites) (plv-erreur (strcat "pas de ligne de projet du genre " genre)))
     (T

@@ -39,7 +39,7 @@
 
 (defun plv-landxml-projet (profil genre projet / origine sommets)
   "Draws a project line of a LandXML file; gives its entities, or nil after a message."
-  (setq origine (plgxd profil "DCUMDEB")
+  (setq origine (plv-premiere-station profil)
         sommets (plv-landxml:dans-profil (plv-landxml-sommets projet) origine (+ origine (plv-longueur-profil profil))))
   (if sommets (plv-projet profil genre sommets)))
 

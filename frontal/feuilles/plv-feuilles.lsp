@@ -21,7 +21,7 @@
   "What the layout needs: keys gauche droite bas haut (of all), titres (right edge of the tables' titles with the gap after
 them, top), recouvrement (what two sheets share on each side of a cut) x0 y0."
   (setq point (plv-origine profil)
-        ttxt (cond ((plgxd profil "TTXT")) (2.5))
+        ttxt (cond ((plv-ttxt profil)) (2.5))
         coins (etendue-tracee (plv-feuilles:entites profil))
         titres (etendue-tracee (vl-remove-if-not 'plv-existe (plv-references-tables profil))))
   (list (cons 'profil profil) (cons 'x0 (car point)) (cons 'y0 (cadr point))
@@ -110,14 +110,14 @@ where there are no points."
 
 (defun plv-feuilles:raccord (profil distance suite)
   "What stands beside a match line: station, plane, and the sheet that goes on."
-  (strcat "Station " (plv-reel (+ (plgxd profil "DCUMDEB") distance) 2) "  -  PC "
+  (strcat "Station " (plv-reel (+ (plv-premiere-station profil) distance) 2) "  -  PC "
           (plv-reel (plv-plan-altitude (plv-plan-en (plv-plans profil) distance)) 2) "  -  feuille " (itoa suite)))
 
 (defun plv-feuilles:textes (profil echelle titre debut fin rang / origine longueur)
-  (setq origine (plgxd profil "DCUMDEB") longueur (plv-longueur-profil profil))
+  (setq origine (plv-premiere-station profil) longueur (plv-longueur-profil profil))
   (list (cons "<TITRE>" titre) (cons "<PROFIL>" (plv-numero-profil profil)) (cons "<FEUILLE>" (itoa rang))
         (cons "<ECHELLE_H>" (strcat "1:" (plv-feuilles:nombre echelle)))
-        (cons "<ECHELLE_V>" (strcat "1:" (plv-feuilles:nombre (/ echelle (plgxd profil "ECHV")))))
+        (cons "<ECHELLE_V>" (strcat "1:" (plv-feuilles:nombre (/ echelle (plv-echv profil)))))
         (cons "<STATIONS>" (strcat (plv-reel (+ origine (cond (debut) (0.0))) 2) " à " (plv-reel (+ origine (cond (fin) (longueur))) 2)))
         (cons "<DATE>" (plv-feuilles:date)) (cons "<DESSIN>" (getvar "DWGNAME"))
         (cons "<RACCORD_GAUCHE>" (if debut (plv-feuilles:raccord profil debut (1- rang)) ""))

@@ -90,7 +90,7 @@
 (defun plv-legende:place (profil / origine)
   "To the right of the profile, at the height of its top."
   (setq origine (plv-origine profil))
-  (plv-point (+ (car origine) (plv-longueur-profil profil) (* 6.0 (plgxd profil "TTXT"))) (+ (cadr origine) (plv-hauteur-profil profil))))
+  (plv-point (+ (car origine) (plv-longueur-profil profil) (* 6.0 (plv-ttxt profil))) (+ (cadr origine) (plv-hauteur-profil profil))))
 
 (defun plv-legende (profil genre point / mesures)
   "Measures a profile with the project line of a kind and places its legend (point nil: beside it). The block reference, or
@@ -108,7 +108,7 @@ nil after a message."
   (setq nom (plv-legende:nom profil))
   (plv-effacer (plv-legende:references nom))
   (entmake (list '(0 . "BLOCK") (cons 2 nom) '(70 . 0) '(10 0.0 0.0 0.0)))
-  (plv-legende:dessiner (strcat "PROFIL " (plv-numero-profil profil) " - " (strcase genre)) rangees (plgxd profil "TTXT"))
+  (plv-legende:dessiner (strcat "PROFIL " (plv-numero-profil profil) " - " (strcase genre)) rangees (plv-ttxt profil))
   (entmake '((0 . "ENDBLK")))
   (plv-inserer plv-legende:calque nom point))
 

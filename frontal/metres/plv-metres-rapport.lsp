@@ -7,7 +7,7 @@
 (defun plv-metres:rangee (textes) (plv-colonnes textes plv-metres:largeurs))
 
 (defun plv-metres:dire (profil genre classes troncons / origine sommes)
-  (setq origine (plgxd profil "DCUMDEB")
+  (setq origine (plv-premiere-station profil)
         sommes (mapcar '(lambda (somme) (plv-reel somme 3)) (plv-metres:sommes troncons classes)))
   (plv-dire (strcat "Profil " (plv-numero-profil profil) ", " genre ": " (itoa (length troncons))
                     (if (cdr troncons) " tronçons" " tronçon")))

@@ -18,9 +18,9 @@
   "A value as it was worked out here, unless the module's rounded one is another."
   (if (equal valeur arrondie plv-metres:arrondi) valeur arrondie))
 
-(defun plv-metres:troncon (rangee hachure repere marches / chemins haut bas)
+(defun plv-metres:troncon (rangee hachure cadre marches / chemins haut bas)
   "A depth section from its row and its hatch."
-  (setq chemins (plv-metres:chemins (plv-metres:contour (entget hachure) repere))
+  (setq chemins (plv-metres:chemins (plv-metres:contour (entget hachure) cadre))
         haut (plv-metres:avec-marches (car chemins) (car marches) nil)
         bas (plv-metres:avec-marches (cadr chemins) (cadr marches) T))
   (list (plv-metres:rangee-classe rangee) (caar haut) (car (plv-dernier haut))
@@ -48,10 +48,10 @@
 (defun plv-metres:marche-avant (marche) (list (car marche) (cadr marche)))
 (defun plv-metres:marche-apres (marche) (list (car marche) (caddr marche)))
 
-(defun plv-metres:marches-de (profil repere genre)
-  (apply 'append (mapcar '(lambda (e) (plv-metres:marches (plv-sommets-dessines repere e))) (plv-elements profil genre))))
+(defun plv-metres:marches-de (profil cadre genre)
+  (apply 'append (mapcar '(lambda (e) (plv-metres:marches (plv-sommets-dessines cadre e))) (plv-elements profil genre))))
 
-(defun plv-sommets-dessines (repere entite / groupes points plan)
+(defun plv-sommets-dessines (cadre entite / groupes points plan)
   "The vertices of a line or polyline, left to right; nil for other curves."
   (setq groupes (entget entite)
         points (cond ((= (plv-cle 0 groupes) "LINE") (list (plv-cle 10 groupes) (plv-cle 11 groupes)))
@@ -59,9 +59,9 @@
   (if (cdr points)
     (progn
       (setq points (plv-gauche-droite points)
-            plan (plv-plan-en (plv-repere-plans repere)
-                   (plv-distance repere (list (* 0.5 (+ (caar points) (car (plv-dernier points))))))))
-      (mapcar '(lambda (p) (plv-vers-profil-sur repere plan p)) points))))
+            plan (plv-plan-en (plv-cadre-plans cadre)
+                   (plv-distance cadre (list (* 0.5 (+ (caar points) (car (plv-dernier points))))))))
+      (mapcar '(lambda (p) (plv-vers-profil-sur cadre plan p)) points))))
 
 ;; --- the ground that the module sweeps along
 
@@ -69,27 +69,27 @@
   "The ground lines of the profile's planes as points; nil when other lines are attached as its terrain."
   (if (not (plv-elements profil "TN")) (plv-metres:lignes-tn profil)))
 
-(defun plv-metres:lignes-tn (profil / repere points)
-  (setq repere (plv-repere profil))
+(defun plv-metres:lignes-tn (profil / cadre points)
+  (setq cadre (plv-cadre profil))
   (foreach section (plv-sections-de-plan profil)
     (foreach ligne (plv-chaine (plgxd (plv-section-entite section) "PRLI") "NEXTLI")
-      (if (not points) (setq points (list (plv-metres:bout repere section ligne 10))))
-      (setq points (cons (plv-metres:bout repere section ligne 11) points))))
+      (if (not points) (setq points (list (plv-metres:bout cadre section ligne 10))))
+      (setq points (cons (plv-metres:bout cadre section ligne 11) points))))
   (reverse points))
 
-(defun plv-metres:bout (repere plan ligne groupe)
+(defun plv-metres:bout (cadre plan ligne groupe)
   "An end (group 10 or 11) of a line drawn over a plane."
-  (plv-vers-profil-sur repere plan (plv-cle groupe (entget ligne))))
+  (plv-vers-profil-sur cadre plan (plv-cle groupe (entget ligne))))
 
 ;; --- the outline of a hatch
 
-(defun plv-metres:contour (hachure repere / points abscisses plan)
+(defun plv-metres:contour (hachure cadre / points abscisses plan)
   "In profile coordinates, over the plane at its middle."
   (setq points (plv-cles 10 (cdr (member (assoc 93 hachure) hachure)))
         abscisses (mapcar 'car points)
-        plan (plv-plan-en (plv-repere-plans repere)
-               (plv-distance repere (list (* 0.5 (+ (apply 'min abscisses) (apply 'max abscisses)))))))
-  (mapcar '(lambda (p) (plv-vers-profil-sur repere plan p)) points))
+        plan (plv-plan-en (plv-cadre-plans cadre)
+               (plv-distance cadre (list (* 0.5 (+ (apply 'min abscisses) (apply 'max abscisses)))))))
+  (mapcar '(lambda (p) (plv-vers-profil-sur cadre plan p)) points))
 
 (defun plv-metres:avance (contour d)
   "T while an outline goes on to the right; a piece without length is passed when the next one does."
@@ -129,10 +129,10 @@ it, in the lower line, which the outline goes along backwards, the one before it
 
 ;; --- all profiles
 
-(defun plv-metres:du-profil (profil genre rangees hachures / repere marches)
-  (setq repere (plv-repere profil)
-        marches (list (plv-metres:marches-de profil repere "TN") (plv-metres:marches-de profil repere genre)))
-  (mapcar '(lambda (r h) (plv-metres:troncon r h repere marches)) rangees hachures))
+(defun plv-metres:du-profil (profil genre rangees hachures / cadre marches)
+  (setq cadre (plv-cadre profil)
+        marches (list (plv-metres:marches-de profil cadre "TN") (plv-metres:marches-de profil cadre genre)))
+  (mapcar '(lambda (r h) (plv-metres:troncon r h cadre marches)) rangees hachures))
 
 (defun plv-metres:par-profil (profils rangees hachures / i siennes resultat)
   "For each profile (profile rows hatches): rows and hatches come in the same order."

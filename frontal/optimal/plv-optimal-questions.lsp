@@ -3,7 +3,7 @@
 
 (defun plv-optimal:bout (profil question d / origine reponse couple bout)
   "An end of the line as (distance altitude); Enter takes the distance d, a metre below the ground."
-  (setq origine (plgxd profil "DCUMDEB")
+  (setq origine (plv-premiere-station profil)
         question (strcat "Station,profondeur " question " ou [Pointer] <" (plv-reel (+ origine d) 2) ",1.00>"))
   (while (not bout)
     (setq reponse (plv-demander-texte question nil)
@@ -21,8 +21,8 @@
   (cond
     ((<= -1e-6 (car bout) (+ (plv-longueur-profil profil) 1e-6)) bout)
     (T
-     (plv-dire (strcat "Les stations du profil vont de " (plv-reel (plgxd profil "DCUMDEB") 2) " à "
-                       (plv-reel (+ (plgxd profil "DCUMDEB") (plv-longueur-profil profil)) 2) "."))
+     (plv-dire (strcat "Les stations du profil vont de " (plv-reel (plv-premiere-station profil) 2) " à "
+                       (plv-reel (+ (plv-premiere-station profil) (plv-longueur-profil profil)) 2) "."))
      nil)))
 
 (defun plv-optimal:sous-terrain (profil d profondeur)
@@ -31,7 +31,7 @@
 
 (defun plv-optimal:pointer (profil point)
   "A point of the drawing as (distance altitude)."
-  (if point (plv-optimal:dans profil (plv-vers-profil (plv-repere profil) point))))
+  (if point (plv-optimal:dans profil (plv-vers-profil (plv-cadre profil) point))))
 
 (defun plv-optimal:demander-profondeur (question defaut / reponse)
   (setq reponse (getreal (strcat "\n" question " <" (plv-reel defaut 2) ">: ")))

@@ -14,32 +14,32 @@ beside the ends, against the prolongation of the line: for a part of the profile
   (if copie (entdel copie))
   ajouts)
 
-(defun plv-optimal:ecarte (repere bout sens)
+(defun plv-optimal:ecarte (cadre bout sens)
   "An end beside a change of plane instead of on it: there the drawing doesn't tell its altitude."
-  (if (vl-member-if '(lambda (p) (equal (plv-plan-debut p) (car bout) 1e-6)) (plv-repere-plans repere))
+  (if (vl-member-if '(lambda (p) (equal (plv-plan-debut p) (car bout) 1e-6)) (plv-cadre-plans cadre))
     (list (+ (car bout) (* sens 2e-6)) (cadr bout))
     bout))
 
-(defun plv-optimal:appeler (profil depart arrivee minimum maximum / repere)
-  (setq repere (plv-repere profil)
-        depart (plv-optimal:ecarte repere depart 1)
-        arrivee (plv-optimal:ecarte repere arrivee -1))
+(defun plv-optimal:appeler (profil depart arrivee minimum maximum / cadre)
+  (setq cadre (plv-cadre profil)
+        depart (plv-optimal:ecarte cadre depart 1)
+        arrivee (plv-optimal:ecarte cadre arrivee -1))
   (plv-ajouts-de
     '(lambda ()
        (dialoguer pl_TraceOptimal
-         (list (list profil (plv-repere-origine repere))
-               (apply 'plv-vers-dessin (cons repere depart)) (apply 'plv-vers-dessin (cons repere arrivee))
+         (list (list profil (plv-cadre-origine cadre))
+               (apply 'plv-vers-dessin (cons cadre depart)) (apply 'plv-vers-dessin (cons cadre arrivee))
                minimum maximum)))))
 
 (defun plv-optimal:ligne (profil polyligne depart arrivee)
   "The vertices of the module's line, its ends as they were asked for."
   (append (list depart) (plv-sans-dernier (cdr (plv-optimal:sommets profil polyligne))) (list arrivee)))
 
-(defun plv-optimal:sommets (profil polyligne / repere plan sommets point)
+(defun plv-optimal:sommets (profil polyligne / cadre plan sommets point)
   "The vertices in metres, each once. The module draws all of them over the first plane."
-  (setq repere (plv-repere profil) plan (car (plv-repere-plans repere)))
+  (setq cadre (plv-cadre profil) plan (car (plv-cadre-plans cadre)))
   (foreach p (plv-cles 10 (entget polyligne))
-    (setq point (plv-vers-profil-sur repere plan p))
+    (setq point (plv-vers-profil-sur cadre plan p))
     (if (not (and sommets (equal point (car sommets) 1e-6))) (setq sommets (cons point sommets))))
   (reverse sommets))
 
@@ -54,7 +54,7 @@ beside the ends, against the prolongation of the line: for a part of the profile
   (vl-remove-if-not 'cdr (reverse (mapcar 'reverse suites))))
 
 (defun plv-optimal:attacher (profil genre suite / origine)
-  (setq origine (plgxd profil "DCUMDEB"))
+  (setq origine (plv-premiere-station profil))
   (plv-projet profil genre (mapcar '(lambda (s) (list (+ origine (car s)) (cadr s))) suite)))
 
 ;; --- what leaves the band: stretches (from to extreme-depth sense), the sense positive for too deep
@@ -129,7 +129,7 @@ beside the ends, against the prolongation of the line: for a part of the profile
   (plv-dire (strcat "Ligne optimale: " (itoa (apply '+ (mapcar 'length suites))) " sommets, profondeurs demandées "
                     (plv-reel minimum 2) " à " (plv-reel maximum 2) " m."))
   (if hors
-    (plv-optimal:dire-hors hors (plgxd profil "DCUMDEB") minimum maximum)
+    (plv-optimal:dire-hors hors (plv-premiere-station profil) minimum maximum)
     (plv-dire "Toute la ligne est dans les profondeurs demandées."))
   (plv-optimal:dire-sous-plan profil (apply 'append suites)))
 
@@ -147,7 +147,7 @@ beside the ends, against the prolongation of the line: for a part of the profile
   (setq plans (plv-plans profil)
         bas (car (vl-member-if '(lambda (s) (< (cadr s) (plv-plan-altitude (plv-plan-en plans (car s))))) sommets)))
   (if bas
-    (plv-dire (strcat "À la station " (plv-reel (+ (plgxd profil "DCUMDEB") (car bas)) 3)
+    (plv-dire (strcat "À la station " (plv-reel (+ (plv-premiere-station profil) (car bas)) 3)
                       " elle descend sous le plan de comparaison: PLV-PC en ajoute un plus bas."))))
 
 ;; --- the call

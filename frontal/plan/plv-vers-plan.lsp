@@ -50,7 +50,7 @@
         (plv-ajouts-de
           '(lambda ()
              (plv-avec-calque plv-vers-plan:calque
-               '(lambda () (plv-vers-plan:dessiner profil (plv-axe-segments axe) (car (plv-genres-du-projet profil)) (plgxd profil "TTXT")))))))
+               '(lambda () (plv-vers-plan:dessiner profil (plv-axe-segments axe) (car (plv-genres-du-projet profil)) (plv-ttxt profil)))))))
       (plv-enregistrer-entites profil plv-vers-plan:cle entites)
       (plv-dire (strcat (itoa (length entites)) " entités portées sur l'axe en plan."))
       entites)

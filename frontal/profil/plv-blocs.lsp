@@ -7,7 +7,7 @@
   "References with attributes that stand over a profile, from left to right."
   (setq origine (plv-origine profil)
         longueur (plv-longueur-profil profil)
-        haut (+ (cadr origine) (* 20.0 (plgxd profil "TTXT")) (plv-hauteur-profil profil)))
+        haut (+ (cadr origine) (* 20.0 (plv-ttxt profil)) (plv-hauteur-profil profil)))
   (vl-sort
     (vl-remove-if-not '(lambda (e) (plv-blocs:dessus (entget e) origine longueur haut))
       (reverse (plv-entites-du-jeu (ssget "X" '((0 . "INSERT") (66 . 1))))))

@@ -84,19 +84,19 @@
 
 ;; --- altitudes
 
-(defun plv-altitude-projet (profil situes plans d / repere altitude)
+(defun plv-altitude-projet (profil situes plans d / cadre altitude)
   "Altitude of the project line at a distance, nil where it is not. At a change of plane the section before serves."
-  (setq repere (list (plv-origine profil) (plgxd profil "ECHV") plans))
+  (setq cadre (list (plv-origine profil) (plv-echv profil) plans))
   (foreach s situes
     (if (and (not altitude) (>= d (- (plv-debut s) 1e-6)) (<= d (+ (plv-fin s) 1e-6)))
-      (setq altitude (plv-elements:altitude repere s d))))
+      (setq altitude (plv-elements:altitude cadre s d))))
   altitude)
 
-(defun plv-elements:altitude (repere s d / y)
-  (if (setq y (plv-elements:y repere s (plv-entre d (plv-debut s) (plv-fin s))))
-    (plv-altitude-dessinee repere (cond ((plv-situe-plan s)) ((plv-plan-en (plv-repere-plans repere) d))) y)))
+(defun plv-elements:altitude (cadre s d / y)
+  (if (setq y (plv-elements:y cadre s (plv-entre d (plv-debut s) (plv-fin s))))
+    (plv-altitude-dessinee cadre (cond ((plv-situe-plan s)) ((plv-plan-en (plv-cadre-plans cadre) d))) y)))
 
-(defun plv-elements:y (repere s d)
+(defun plv-elements:y (cadre s d)
   "Ordinate of a curve. Beside an end when rounding puts the upright just off it: a tenth of a micrometre."
-  (cond ((pl_yat (plv-situe-entite s) (plv-abscisse repere d)))
-        ((pl_yat (plv-situe-entite s) (plv-abscisse repere (plv-entre d (+ (plv-debut s) 1e-7) (- (plv-fin s) 1e-7)))))))
+  (cond ((pl_yat (plv-situe-entite s) (plv-abscisse cadre d)))
+        ((pl_yat (plv-situe-entite s) (plv-abscisse cadre (plv-entre d (+ (plv-debut s) 1e-7) (- (plv-fin s) 1e-7)))))))

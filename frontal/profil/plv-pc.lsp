@@ -20,7 +20,7 @@
   (entmod
     (subst (cons 10 (plv-point (+ (car origine) (plv-plan-debut section)) (cadr origine))) (assoc 10 groupes)
       (subst (cons 11 (plv-point (+ (car origine) (plv-section-fin section)) (cadr origine))) (assoc 11 groupes) groupes)))
-  (setq lignes (plv-profil:lignes origine points (plgxd profil "ECHV") section (plv-section-fin section)))
+  (setq lignes (plv-profil:lignes origine points (plv-echv profil) section (plv-section-fin section)))
   (if lignes (plsxd plan "PRLI" (car lignes)) (plv-oter-cle plan "PRLI")))
 
 (defun plv-pc:suivre (entite suivante)
@@ -37,7 +37,7 @@
         suivante (plgxd entite "NEXT-PC"))
   (plv-pc:refaire profil points
     (list (plv-plan-debut section) (plv-plan-altitude section) (- distance (plv-plan-debut section)) entite))
-  (setq nouvelle (plv-profil:plan (plv-origine profil) points (plgxd profil "ECHV") (list distance altitude) fin))
+  (setq nouvelle (plv-profil:plan (plv-origine profil) points (plv-echv profil) (list distance altitude) fin))
   (if suivante (plsxd nouvelle "NEXT-PC" suivante))
   (plsxd entite "NEXT-PC" nouvelle))
 
@@ -76,7 +76,7 @@
 ;; --- the call and the command
 
 (defun plv-pc:finir (profil)
-  (plv-habiller-profil profil (plv-origine profil) (plv-points-tn profil) (plgxd profil "ECHV") (plgxd profil "TTXT")
+  (plv-habiller-profil profil (plv-origine profil) (plv-points-tn profil) (plv-echv profil) (plv-ttxt profil)
     (plv-plans profil))
   (plv-ajuster-rappels profil))
 
@@ -91,7 +91,7 @@
 (defun plv-pc (profil operation station altitude / sections section distance faute)
   "Adds (\"A\"), changes (\"M\") or removes (\"S\") the plane at a station; a change or a removal concerns the plane that
 governs there. Gives the profile, or nil after a message."
-  (setq distance (- (float station) (plgxd profil "DCUMDEB"))
+  (setq distance (- (float station) (plv-premiere-station profil))
         sections (plv-sections-de-plan profil)
         section (plv-pc:section sections distance)
         faute (plv-pc:faute operation sections section distance altitude))
@@ -114,7 +114,7 @@ governs there. Gives the profile, or nil after a message."
      (setq traverses (plv-pc:traverses profil x))
      (plv-pc:ajouter profil section distance altitude)
      (pl_chg_pc profil "A" x altitude 0.0)
-     (plv-pc:reporter-cles profil x traverses (* (- (plv-plan-altitude section) altitude) (plgxd profil "ECHV"))))
+     (plv-pc:reporter-cles profil x traverses (* (- (plv-plan-altitude section) altitude) (plv-echv profil))))
     ((= operation "M")
      (plv-pc:modifier profil section altitude)
      (pl_chg_pc profil "M" x (plv-plan-altitude section) altitude))

@@ -42,7 +42,7 @@
 
 (defun plv-pentes:rayon-mesure (profil piece / x0 echv d y parabole)
   (setq x0 (car (plv-origine profil))
-        echv (plgxd profil "ECHV")
+        echv (plv-echv profil)
         d (mapcar '(lambda (part) (+ (plv-debut piece) (* part (plv-longueur piece)))) '(0.05 0.5 0.95))
         y (mapcar '(lambda (v) (pl_yat (plv-pente-entite piece) (+ x0 v))) d))
   (if (and (not (member nil y))

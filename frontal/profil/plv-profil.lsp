@@ -75,7 +75,11 @@ miss the depths that a wall passes through: it leans by a micrometre."
   (plv-enchainer entites "NEXT-PC")
   entites)
 
-;; --- the whole profile
+;; --- the whole profile; other keys are read where what they name is worked on
+
+(defun plv-echv (profil) "Drawing units for a metre of altitude." (plgxd profil "ECHV"))
+(defun plv-ttxt (profil) "Height of its texts." (plgxd profil "TTXT"))
+(defun plv-premiere-station (profil) "Station of its origin." (plgxd profil "DCUMDEB"))
 
 (defun plv-creer-profil (numero point origine points echv ttxt plans / entite longueur)
   "Makes a whole profile and gives its block reference. point: insertion; origine: station of the first point (metres)."
@@ -95,7 +99,7 @@ miss the depths that a wall passes through: it leans by a micrometre."
 (defun plv-copier-profil (profil points / copie)
   "A profile in the same place, on the same planes, with a ground of its own and nothing drawn."
   (plv-profil:preparer)
-  (setq copie (plv-profil:inserer (plv-origine profil) (plv-numero-profil profil) (plgxd profil "TTXT")))
+  (setq copie (plv-profil:inserer (plv-origine profil) (plv-numero-profil profil) (plv-ttxt profil)))
   (plv-ecrire-cles copie (mapcar '(lambda (cle) (list cle (plgxd profil cle))) '("ECHV" "TTXT" "ID" "PRPC")))
   (plv-ecrire-terrain copie points)
   copie)

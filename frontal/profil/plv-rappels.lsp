@@ -14,27 +14,27 @@
 
 (defun plv-rappel-p (groupes) (= (plv-cle 8 groupes) plv-rappels:calque))
 
-(defun plv-tracer-rappels (profil points / repere)
+(defun plv-tracer-rappels (profil points / cadre)
   "Thin lines at the points that have cells; their names."
-  (setq repere (plv-repere profil))
+  (setq cadre (plv-cadre profil))
   (mapcar
     '(lambda (p)
        (plv-ligne plv-rappels:calque
-         (plv-vers-dessin repere (car p) (cadr p))
-         (plv-point (plv-abscisse repere (car p)) (cadr (plv-repere-origine repere)))))
+         (plv-vers-dessin cadre (car p) (cadr p))
+         (plv-point (plv-abscisse cadre (car p)) (cadr (plv-cadre-origine cadre)))))
     points))
 
 (defun plv-rappels:lignes (profil) (vl-remove-if-not 'plv-rappel-p (mapcar 'entget (plv-ajouts-tables profil))))
 
-(defun plv-distances-rappels (profil / repere)
+(defun plv-distances-rappels (profil / cadre)
   "Where reference lines stand, growing; nil without any."
-  (setq repere (plv-repere profil))
-  (vl-sort (mapcar '(lambda (g) (plv-distance repere (plv-cle 10 g))) (plv-rappels:lignes profil)) '<))
+  (setq cadre (plv-cadre profil))
+  (vl-sort (mapcar '(lambda (g) (plv-distance cadre (plv-cle 10 g))) (plv-rappels:lignes profil)) '<))
 
-(defun plv-ajuster-rappels (profil / repere points d z)
+(defun plv-ajuster-rappels (profil / cadre points d z)
   "Tops of the reference lines back on the ground, after a change of plane."
-  (setq repere (plv-repere profil) points (plv-points-tn profil))
+  (setq cadre (plv-cadre profil) points (plv-points-tn profil))
   (foreach groupes (plv-rappels:lignes profil)
-    (setq d (plv-distance repere (plv-cle 10 groupes)))
+    (setq d (plv-distance cadre (plv-cle 10 groupes)))
     (if (setq z (plv-altitude-tn points d))
-      (entmod (subst (cons 10 (plv-vers-dessin repere d z)) (assoc 10 groupes) groupes)))))
+      (entmod (subst (cons 10 (plv-vers-dessin cadre d z)) (assoc 10 groupes) groupes)))))

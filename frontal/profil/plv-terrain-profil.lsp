@@ -37,7 +37,7 @@ point."
   "The drawn height of the highest ground point, in drawing units."
   (apply 'max (cons 0.0 (mapcar '(lambda (p) (plv-ordonnee (cadr p) (plv-plan-en plans (car p)) echv 0.0)) points))))
 
-(defun plv-hauteur-profil (profil) (plv-hauteur-terrain (plv-points-tn profil) (plgxd profil "ECHV") (plv-plans profil)))
+(defun plv-hauteur-profil (profil) (plv-hauteur-terrain (plv-points-tn profil) (plv-echv profil) (plv-plans profil)))
 
 ;; --- names
 

@@ -12,7 +12,7 @@
 
 ;; --- vertices
 
-(defun plv-raccords (sommets / raccords faute)
+(defun plv-raccords (sommets / raccords)
   "For each vertex nil or its vertical curve; the text of what is wrong instead of the list."
   (setq raccords
     (append '(nil)

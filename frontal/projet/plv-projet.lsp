@@ -32,7 +32,7 @@
 (defun plv-projet (profil genre sommets / origine raccords entites)
   "Draws a project line of vertices (station altitude [request]) and attaches it to a kind of line; gives its entities,
 or nil after a message. Requests: a radius, or (\"C\" or \"P\", then \"R\" radius, \"L\" length or \"P\" station altitude)."
-  (setq origine (plgxd profil "DCUMDEB")
+  (setq origine (plv-premiere-station profil)
         sommets (mapcar '(lambda (s) (plv-projet:sommet s origine)) sommets)
         raccords (cond ((plv-projet:faute sommets (plv-longueur-profil profil))) ((plv-raccords sommets))))
   (cond

@@ -16,11 +16,9 @@
 
 (defun plv-demande-par-point-p (demande) (= (plv-demande-mesure demande) "P"))
 
-;; --- a vertical curve is (from to curve radius shape)
+;; --- a vertical curve is (from to curve radius shape), which is also a curved part of plv-parties
 
 (defun plv-raccord-courbe (raccord) (caddr raccord))
-(defun plv-raccord-rayon (raccord) (cadddr raccord))
-(defun plv-raccord-forme (raccord) (nth 4 raccord))
 
 (defun plv-raccords:sinus (p) (/ p (sqrt (+ 1.0 (* p p)))))
 

@@ -113,19 +113,19 @@
     (setq d (+ d pas)))
   (reverse points))
 
-(defun plv-sommets:lus (repere s points / plan)
+(defun plv-sommets:lus (cadre s points / plan)
   "Points of the drawing on a situated element as (distance altitude), left to right."
-  (setq plan (cond ((plv-situe-plan s)) ((plv-plan-en (plv-repere-plans repere) (plv-milieu s)))))
-  (plv-gauche-droite (mapcar '(lambda (p) (plv-vers-profil-sur repere plan p)) points)))
+  (setq plan (cond ((plv-situe-plan s)) ((plv-plan-en (plv-cadre-plans cadre) (plv-milieu s)))))
+  (plv-gauche-droite (mapcar '(lambda (p) (plv-vers-profil-sur cadre plan p)) points)))
 
-(defun plv-sommets:travees (profil repere s / e points)
+(defun plv-sommets:travees (profil cadre s / e points)
   "The spans of one situated element."
   (setq e (plv-situe-entite s))
   (cond
-    ((setq points (plv-sommets:points e)) (plv-sommets:droites (plv-sommets:lus repere s points)))
+    ((setq points (plv-sommets:points e)) (plv-sommets:droites (plv-sommets:lus cadre s points)))
     ((plv-sommets:raccord-p e)
-     (list (plv-travee-courbe (plv-sommets:lus repere s (plv-cles 10 (entget e))) (plv-rayon e) (plv-forme e))))
-    (T (plv-sommets:droites (plv-sommets:echantillons profil s (plv-repere-plans repere))))))
+     (list (plv-travee-courbe (plv-sommets:lus cadre s (plv-cles 10 (entget e))) (plv-rayon e) (plv-forme e))))
+    (T (plv-sommets:droites (plv-sommets:echantillons profil s (plv-cadre-plans cadre))))))
 
 (defun plv-sommets:suivies-p (a b)
   (and (equal (plv-fin a) (plv-debut b) 1e-5) (equal (cadr (plv-travee-arrivee a)) (cadr (plv-travee-depart b)) 1e-5)))
@@ -139,13 +139,13 @@
         (cons (list tr) suites))))
   (reverse (mapcar 'reverse suites)))
 
-(defun plv-projet-sommets (profil genre / repere situes quelconques travees)
+(defun plv-projet-sommets (profil genre / cadre situes quelconques travees)
   "The project line of a kind as lists of vertices, one for each run without a gap; distances from the profile's origin."
-  (setq repere (plv-repere profil)
+  (setq cadre (plv-cadre profil)
         situes (plv-elements-situes profil genre)
         quelconques (vl-remove-if-not 'plv-sommets:echantillonne-p situes)
-        travees (vl-sort (apply 'append (mapcar '(lambda (s) (plv-sommets:travees profil repere s)) situes))
+        travees (vl-sort (apply 'append (mapcar '(lambda (s) (plv-sommets:travees profil cadre s)) situes))
                          '(lambda (a b) (< (plv-debut a) (plv-debut b)))))
   (if quelconques
     (plv-dire (strcat "Courbes quelconques du genre " genre ": " (itoa (length quelconques)) ", rendues par des points.")))
-  (mapcar '(lambda (suite) (plv-sommets:de-travees suite (plv-changements (plv-repere-plans repere)))) (plv-sommets:suites travees)))
+  (mapcar '(lambda (suite) (plv-sommets:de-travees suite (plv-changements (plv-cadre-plans cadre)))) (plv-sommets:suites travees)))

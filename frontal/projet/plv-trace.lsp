@@ -3,7 +3,7 @@
 
 (setq plv-trace:calque "PLV-PROJET")
 
-(defun plv-trace:spline (repere plan courbe / rationnelle)
+(defun plv-trace:spline (cadre plan courbe / rationnelle)
   (setq rationnelle (vl-some '(lambda (h) (/= (plv-raccords:poids h) 1.0)) courbe))
   (entmakex
     (append
@@ -11,33 +11,33 @@
             (cons 70 (if rationnelle 12 8)) '(71 . 3) '(72 . 8) '(73 . 4) '(74 . 0))
       (mapcar '(lambda (k) (cons 40 k)) '(0.0 0.0 0.0 0.0 1.0 1.0 1.0 1.0))
       (if rationnelle (mapcar '(lambda (h) (cons 41 (plv-raccords:poids h))) courbe))
-      (mapcar '(lambda (h) (cons 10 (plv-vers-dessin-sur repere plan (plv-raccords:d h) (plv-raccords:z h)))) courbe))))
+      (mapcar '(lambda (h) (cons 10 (plv-vers-dessin-sur cadre plan (plv-raccords:d h) (plv-raccords:z h)))) courbe))))
 
-(defun plv-trace:courbe (repere plan partie / spline)
-  (setq spline (plv-trace:spline repere plan (plv-partie-courbe partie)))
+(defun plv-trace:courbe (cadre plan partie / spline)
+  (setq spline (plv-trace:spline cadre plan (plv-partie-courbe partie)))
   (plv-noter-raccord spline (plv-partie-rayon partie) (plv-partie-forme partie))
   spline)
 
-(defun plv-trace:section (repere plan parties / points entites)
+(defun plv-trace:section (cadre plan parties / points entites)
   "The entities over one plane: straight parts that touch make one polyline."
   (foreach p parties
     (if (plv-partie-courbe-p p)
       (progn
         (if points (setq entites (cons (plv-polyligne plv-trace:calque (reverse points)) entites) points nil))
-        (setq entites (cons (plv-trace:courbe repere plan p) entites)))
+        (setq entites (cons (plv-trace:courbe cadre plan p) entites)))
       (foreach dz (if points (cdr (plv-partie-points p)) (plv-partie-points p))
-        (setq points (cons (plv-vers-dessin-sur repere plan (car dz) (cadr dz)) points)))))
+        (setq points (cons (plv-vers-dessin-sur cadre plan (car dz) (cadr dz)) points)))))
   (if points (setq entites (cons (plv-polyligne plv-trace:calque (reverse points)) entites)))
   (reverse entites))
 
-(defun plv-tracer-projet (profil sommets raccords / repere plans parties)
+(defun plv-tracer-projet (profil sommets raccords / cadre plans parties)
   "Draws the project line and gives its entities, from left to right."
-  (setq repere (plv-repere profil)
-        plans (plv-repere-plans repere)
+  (setq cadre (plv-cadre profil)
+        plans (plv-cadre-plans cadre)
         parties (plv-couper-parties (plv-parties sommets raccords) (plv-changements plans)))
   (apply 'append
     (mapcar
       '(lambda (plan)
-         (plv-trace:section repere plan
+         (plv-trace:section cadre plan
            (vl-remove-if-not '(lambda (p) (equal plan (plv-plan-en plans (plv-milieu p)))) parties)))
       plans)))

@@ -11,7 +11,7 @@
 
 (defun plv-devers (profil liste / origine)
   "Stores cross falls (station left right)."
-  (setq origine (plgxd profil "DCUMDEB"))
+  (setq origine (plv-premiere-station profil))
   (plv-ecrire-enregistrement profil plv-devers:cle
     (mapcar '(lambda (v) (list 10 (- (float (car v)) origine) (float (plv-devers-gauche v)) (float (plv-devers-droit v))))
             (vl-sort liste '(lambda (a b) (< (car a) (car b)))))))

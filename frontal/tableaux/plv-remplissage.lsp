@@ -4,8 +4,8 @@
 
 (defun plv-contexte (profil points)
   (list (cons 'profil profil)
-        (cons 'ttxt (plgxd profil "TTXT"))
-        (cons 'origine (plgxd profil "DCUMDEB"))
+        (cons 'ttxt (plv-ttxt profil))
+        (cons 'origine (plv-premiere-station profil))
         (cons 'longueur (car (plv-dernier points)))
         (cons 'nommes (vl-remove-if '(lambda (p) (= (plv-point-nom p) "")) points))))
 

@@ -21,7 +21,7 @@
 
 (defun plv-largeur-tables (profil)
   "Length of the rules: one text height beyond the profile, so that the texts of the last point stand inside."
-  (+ (plv-longueur-profil profil) (plgxd profil "TTXT")))
+  (+ (plv-longueur-profil profil) (plv-ttxt profil)))
 
 (defun plv-tracer-bords (profil / largeur)
   "The upright right side of each table; their names. On the left the title column closes it."
@@ -37,7 +37,7 @@
 
 (defun plv-dessiner-tables (profil chemin / ttxt point)
   "Reads the definitions and draws empty tables under the profile; nil after a message."
-  (setq ttxt (plgxd profil "TTXT")
+  (setq ttxt (plv-ttxt profil)
         point (plv-origine profil))
   (cond
     ((not (pl_LireMatriceKavel chemin))

@@ -62,6 +62,13 @@
 (preparer (plv-projet p "Projet" '((1000.0 50.0) (1100.0 55.0 demande) (1200.0 50.0))))
 ((mm (z "Projet" station)) altitude)
 
+(situation "BySlopesAndLengths")
+(preparer (plv-projet-pentes p "Projet" 1000.0 50.0 '((2.0 100.0 400.0) (-2.0 50.0))))
+((mm (z "Projet" 1050.0)) "51.000")
+;; circle of 400 between +2 % and -2 %: R (sec a - 1) under the vertex
+((mm (z "Projet" 1100.0)) "51.920")
+((mm (z "Projet" 1150.0)) "51.000")
+
 (situation "RefusesWhatCannotBe")
 (fichier "faux.csv" "station;altitude\n1000;50\n1100;x\n")
 (preparer (setq derniere (entlast)))
