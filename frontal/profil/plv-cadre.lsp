@@ -1,7 +1,11 @@
 ;; Between a profile's own coordinates, (distance altitude), and the drawing's. What it takes is read once: a frame is
 ;; (origin exaggeration planes). Altitudes are drawn over the plane of their section.
 
-(defun plv-cadre (profil) (list (plv-origine profil) (plv-echv profil) (plv-plans profil)))
+(defun plv-cadre-sur (profil plans)
+  "The frame of a profile whose planes are known already."
+  (list (plv-origine profil) (plv-echv profil) plans))
+
+(defun plv-cadre (profil) (plv-cadre-sur profil (plv-plans profil)))
 
 (defun plv-cadre-origine (cadre) (car cadre))
 (defun plv-cadre-echv (cadre) (cadr cadre))

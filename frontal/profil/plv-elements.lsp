@@ -86,7 +86,7 @@
 
 (defun plv-altitude-projet (profil situes plans d / cadre altitude)
   "Altitude of the project line at a distance, nil where it is not. At a change of plane the section before serves."
-  (setq cadre (list (plv-origine profil) (plv-echv profil) plans))
+  (setq cadre (plv-cadre-sur profil plans))
   (foreach s situes
     (if (and (not altitude) (>= d (- (plv-debut s) 1e-6)) (<= d (+ (plv-fin s) 1e-6)))
       (setq altitude (plv-elements:altitude cadre s d))))
