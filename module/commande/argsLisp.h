@@ -73,7 +73,8 @@ double reelXData(const resbuf* rb);          // 1040, 1041, 1070, 1071; else 0.0
 Adesk::Int32 entierXData(const resbuf* rb);  // 1070, 1071; else 0
 bool estEntierXData(const resbuf* rb);
 bool estHandleXData(const resbuf* rb);
-// Kept as it is: true for every node. A key with a string where a real is expected reads as 0.0 and doesn't stop a walk.
+// Kept as it is: true for every node. A key with a string where a real is expected reads as 0.0 and doesn't stop a
+// walk.
 bool estReelXData(const resbuf* rb);
 
 // The first node of the chain with that code, or null.

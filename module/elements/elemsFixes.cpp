@@ -82,8 +82,8 @@ std::ptrdiff_t lireElemsFixes(listeElemsFixes& liste, AcDbObjectId support) {
   const resbuf* curseur = chaine.tete();
   while (curseur) {
     auto groupe = std::make_unique<elemsFixesKavel>();
-    // Kept as it is: the cursor moves on success alone, so that a damaged record is read again until the user interrupts.
-    // Writers keep records whole.
+    // Kept as it is: the cursor moves on success alone, so that a damaged record is read again until the user
+    // interrupts. Writers keep records whole.
     if (parserGroupe(*groupe, curseur, true)) liste.Add(groupe.release());
     else laisserInterrompre();
   }

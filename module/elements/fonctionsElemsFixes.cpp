@@ -63,8 +63,8 @@ void pl_efix() {
   ecrireElemsFixes(liste, support);
 }
 
-// Kept as it is: the third argument is taken as a point whatever it is, since the check that there once was looked at the
-// second one. Front-ends may rely on what that lets through.
+// Kept as it is: the third argument is taken as a point whatever it is, since the check that there once was looked at
+// the second one. Front-ends may rely on what that lets through.
 void pl_elem_ponct() {
   ArgsLisp args;
   args.lireArgs();

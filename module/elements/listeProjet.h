@@ -1,7 +1,7 @@
 // Project elements: the curves that a profile's support objects list, and the flag that makes them part of the project.
 //
-// The Xrecord "ELEMS_PROJET_KAVEL" of a support object is a chain of groups 330, one for each element. The curve's XDATA
-// "PLV2_DATA" holds the key "ELEMDUPROJET" (1000) and 1 or 0 (1070): 0 is only associated, and stays in the list.
+// The Xrecord "ELEMS_PROJET_KAVEL" of a support object is a chain of groups 330, one for each element. The curve's
+// XDATA "PLV2_DATA" holds the key "ELEMDUPROJET" (1000) and 1 or 0 (1070): 0 is only associated, and stays in the list.
 #pragma once
 #include "hote/dbents.h"
 

@@ -57,8 +57,8 @@ void dessinerPoints(const AcGePoint2dArray& points, Adesk::UInt16 couleur) {
   ajouterEspaceObjet(std::move(polyligne));
 }
 
-// The pieces of a picked entity, in the drawing's coordinates. Kept as it is: of a class without a reading of its own, two
-// polylines of the starts and of the ends are left in the drawing.
+// The pieces of a picked entity, in the drawing's coordinates. Kept as it is: of a class without a reading of its own,
+// two polylines of the starts and of the ends are left in the drawing.
 bool lireSegments(AcDbObjectId id, segmentsAltitude& segments) {
   AcDbEntityPointer entite(id, AcDb::kForWrite);
   if (entite.openStatus() != Acad::eOk) return false;

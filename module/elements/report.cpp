@@ -1,5 +1,5 @@
-// pl_repspc: a picked curve is cut where sections change, and each piece brought to the altitudes that the section under
-// the pick gives it. Before that it is trimmed to the profile's extent.
+// pl_repspc: a picked curve is cut where sections change, and each piece brought to the altitudes that the section
+// under the pick gives it. Before that it is trimmed to the profile's extent.
 #include "hote/acdb.h"
 #include "hote/aced.h"
 #include "module/commande/argsLisp.h"

@@ -50,7 +50,8 @@ void ecrireSeule(const caseMultiple& k, const std::wstring& texte) {
   grouper(c, id);
 }
 
-// Height and width factor of a stack. Kept as it is: the first part alone is measured; in these lists it is the longest.
+// Height and width factor of a stack. Kept as it is: the first part alone is measured; in these lists it is the
+// longest.
 void tailleDePile(const caseMultiple& k, const std::vector<std::wstring>& parts, double& th, double& f) {
   const cellule& c = k.c;
   const auto n = static_cast<double>(parts.size());

@@ -31,8 +31,8 @@ class LineSegArrayData : public CArray<LineSeg> {
   distanceProfil debut() const { return distanceProfil(IsEmpty() ? kDebutVide : GetAt(0).x1); }
   distanceProfil fin() const { return distanceProfil(IsEmpty() ? kFinVide : GetAt(GetSize() - 1).x2); }
   LineSeg& dernier() { return GetAt(GetSize() - 1); }
-  // Clips to [a, b]. Kept as it is: pieces that lie before a stay unless a cuts a piece, existing reports count on it. A
-  // piece that can't be cut is alerted to the user and stays.
+  // Clips to [a, b]. Kept as it is: pieces that lie before a stay unless a cuts a piece, existing reports count on it.
+  // A piece that can't be cut is alerted to the user and stays.
   void ajuster(double a, double b);
   // Appends a copy of every piece; an array itself is an invalid argument.
   void concatener(const LineSegArrayData& autre);

@@ -7,9 +7,9 @@
 
 namespace plv {
 
-// Fills `lignes`, one entry for each project id, and `elements`. The profile is read already, and the extreme classes are
-// in the module's list for the whole call. An entity that doesn't open or has no piece leaves its entry empty. A project
-// line that the terrain doesn't reach raises the invalid-argument failure, with the entries before it filled.
+// Fills `lignes`, one entry for each project id, and `elements`. The profile is read already, and the extreme classes
+// are in the module's list for the whole call. An entity that doesn't open or has no piece leaves its entry empty. A
+// project line that the terrain doesn't reach raises the invalid-argument failure, with the entries before it filled.
 void calculerMetres(const poigneeProfil& profil, const AcDbObjectIdArray& idsProjet,
                     const AcDbObjectIdArray& idsTerrain, const std::vector<elemsFixesKavel>& groupesElements);
 

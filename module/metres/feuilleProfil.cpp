@@ -86,8 +86,8 @@ void feuilleProfil::longueur(lxw_row_t rangee, double valeur, lxw_format* format
   worksheet_write_formula_num(m_feuille, rangee, kLongueur, difference.c_str(), format, valeur);
 }
 
-// Kept as it is: nothing guards the division. But a sheet has no infinite or undefined numbers: written as one, it would make the file
-// unreadable. There the cell divides by itself, and shows the error that it gives.
+// Kept as it is: nothing guards the division. But a sheet has no infinite or undefined numbers: written as one, it
+// would make the file unreadable. There the cell divides by itself, and shows the error that it gives.
 void feuilleProfil::profondeurMoyenne(lxw_row_t rangee, double valeur, lxw_format* format) {
   if (std::isfinite(valeur)) return nombre(rangee, kProfondeurMoyenne, valeur, format);
   const std::string division = "=" + nomCellule(rangee, kSurface) + "/" + nomCellule(rangee, kLongueur);

@@ -8,8 +8,8 @@
 namespace plv {
 
 // One hatch that is in no drawing yet; nothing for a depth section without terrain or project. x0, y0: insertion of the
-// profile's block; echelle: drawing units for a metre of altitude; planComparaison: altitude at y0. Throws what a setting
-// throws when a transparency out of range can't be put right in its file.
+// profile's block; echelle: drawing units for a metre of altitude; planComparaison: altitude at y0. Throws what a
+// setting throws when a transparency out of range can't be put right in its file.
 std::unique_ptr<AcDbHatch> hachurerTroncon(const TranconProfilEnlong& troncon, Adesk::Int16 couleur, double echelle,
                                            xDessin x0, yDessin y0, altitudeVraie planComparaison);
 

@@ -87,8 +87,8 @@ bool KavelOptimizer::intervalleAcceptable(intervalleIndices intervalle, AcGePoin
 }
 
 // The first score is the excess of the depth over the maximum. Kept as it is: the second isn't the shortfall below the
-// minimum but minus the depth, minus the minimum, so that a point that is too shallow may score below an acceptable one,
-// and the vertex is put elsewhere. The earliest point wins a tie.
+// minimum but minus the depth, minus the minimum, so that a point that is too shallow may score below an acceptable
+// one, and the vertex is put elsewhere. The earliest point wins a tie.
 void KavelOptimizer::pointLePlusMauvais(intervalleIndices intervalle, AcGePoint2d& point, Adesk::Int32& indice,
                                         AcGePoint2d a, AcGePoint2d b, const pointsTerrain& terrain) {
   const segmentOptimum segment(a, b);

@@ -14,8 +14,8 @@ namespace {
 
 constexpr std::size_t kTailleHandle = 127;
 
-// One PC. Gives the handle of the next one, empty on the last. Kept as it is: the value of an unknown key is itself looked
-// at as a possible key, so that a string equal to a key's name is taken for that key.
+// One PC. Gives the handle of the next one, empty on the last. Kept as it is: the value of an unknown key is itself
+// looked at as a possible key, so that a string equal to a key's name is taken for that key.
 std::wstring lireUnPc(profilLong& profil, const AcDbEntity& entite) {
   std::wstring prochain;
   ArgsLisp donnees;

@@ -55,16 +55,16 @@ struct profilLong {
   bool lireNom(const ads_name nom);
 
   // The entity of a kind by its keyword: VOIRIE, ASSAINISSEMENT, AEP, TERRASSEMENTS, PROJET, GENERIQUE, TN,
-  // or "*" for the block. Kept as it is: an argument shorter than the keyword matches on its own length, a longer one on the
-  // keyword's, and the first match counts: "" gives VOIRIE, "T" TERRASSEMENTS, "AEPX" AEP. False and a null
-  // id without a match.
+  // or "*" for the block. Kept as it is: an argument shorter than the keyword matches on its own length, a longer one
+  // on the keyword's, and the first match counts: "" gives VOIRIE, "T" TERRASSEMENTS, "AEPX" AEP. False and a null id
+  // without a match.
   bool idParMotCle(const std::wstring& motCle, AcDbObjectId& id) const;
   // TN on demand, then ASS, VOIRIE, AEP, GEN, TERRA, PROJ, then the block on demand; null ids included.
   void idsElements(AcDbObjectIdArray& liste, bool avecTn, bool avecBloc) const;
   // The block and the seven entities, without the null ones.
   void idsNonNuls(AcDbObjectIdArray& liste) const;
-  // Non-null ids and their labels for the user. With avecProjet only those whose project list isn't empty. Kept as it is:
-  // only then may TN be among them.
+  // Non-null ids and their labels for the user. With avecProjet only those whose project list isn't empty. Kept as it
+  // is: only then may TN be among them.
   void elementsEtLabels(AcDbObjectIdArray& ids, std::vector<std::wstring>& labels, bool avecTn, bool avecBloc,
                         bool avecProjet) const;
   // (distance, altitude) of each natural-ground point.

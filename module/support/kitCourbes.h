@@ -34,8 +34,8 @@ std::unique_ptr<AcDbSpline> splineDeNurbs(const AcGeNurbCurve3d& nurbs);
 // An open spline of these control points: clamped, knots in whole numbers, all weights 1.
 std::unique_ptr<AcDbSpline> splineUniforme(int degre, const AcGePoint3dArray& points);
 
-// Appends points along the spline, in the axes of its plane. Kept as it is: whatever the tolerance, the chord bound is 0.001. Nothing
-// for a spline that makes no curve, or lies in no plane.
+// Appends points along the spline, in the axes of its plane. Kept as it is: whatever the tolerance, the chord bound is
+// 0.001. Nothing for a spline that makes no curve, or lies in no plane.
 void echantillonnerSpline(const AcDbSpline& spline, AcGePoint2dArray& points, double tolerance);
 
 // Appends the straight pieces of a curve, the i-th start and the i-th end: in the direction of the curve, and sorted by
@@ -83,8 +83,8 @@ class courbeOuverte {
   AcDbCurve* m_courbe = nullptr;
 };
 
-// Fusion makes a new curve of two lightweight polylines, or of two splines, that touch at an end. False for others, with
-// the result empty.
+// Fusion makes a new curve of two lightweight polylines, or of two splines, that touch at an end. False for others,
+// with the result empty.
 bool fusionnerCourbes(const AcDbCurve& courbe1, const AcDbCurve& courbe2, std::unique_ptr<AcDbCurve>& resultat);
 // Joining is fusion in the drawing: of two touching curves of the list the first becomes the fusion, the other is
 // erased, until no two touch. Ids that can't be opened for writing as curves, and those of erased ones, leave the list.

@@ -67,8 +67,8 @@ std::unique_ptr<AcDbCurve> fusionnerPolylignes(const AcDbPolyline& a, const AcDb
   return resultat;
 }
 
-// The same fusion in place, of a polyline that a fusion has made: as a new one each time, a list of many pieces would copy
-// each vertex as many times as pieces follow it. False, with nothing changed, when the joint isn't at its end.
+// The same fusion in place, of a polyline that a fusion has made: as a new one each time, a list of many pieces would
+// copy each vertex as many times as pieces follow it. False, with nothing changed, when the joint isn't at its end.
 bool prolongerPolyligne(AcDbPolyline& a, const AcDbPolyline& b) {
   if (!a.normal().isEqualTo(b.normal(), toleranceFusion())) return false;
   const auto cas = trouverJonction(a, b);

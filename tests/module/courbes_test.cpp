@@ -200,8 +200,8 @@ std::string sommets(const AcDbPolyline& p) {
   return sortie.str();
 }
 
-// Pieces become one, as if each had been joined to the result before it; the first keeps its identity. Every third runs from
-// right to left, and what stands before the first piece is joined to its start.
+// Pieces become one, as if each had been joined to the result before it; the first keeps its identity. Every third runs
+// from right to left, and what stands before the first piece is joined to its start.
 TEST_F(Courbes, ManyPiecesAreJoinedInOneCall) {
   AcDbObjectIdArray ids;
   std::unique_ptr<AcDbCurve> attendu, suite;

@@ -1,5 +1,5 @@
-// Elements of a profile: project lists, static elements, listings, edits, dimensions, and what a change of sections does.
-// The user's answers are fed as lines, entities as expressions.
+// Elements of a profile: project lists, static elements, listings, edits, dimensions, and what a change of sections
+// does. The user's answers are fed as lines, entities as expressions.
 
 #include "module/elements/elemsFixes.h"
 #include "module/elements/listeProjet.h"
@@ -136,7 +136,8 @@ TEST_F(Elements, Listings) {
                   {"(car l)", "((-10.0 101.0) (110.0 113.0) 0.1)"},
                   {"(caddr (cadr l))", "1.0e+36"},
                   {"(mapcar 'rtos (mapcar 'caddr (cddr l)))", "(\"-0.0500\" \"0.0500\")"}});
-  // The plane is looked up at the smaller of the end's Y, 90, and the start's X, 150: left of the profile, the last plane.
+  // The plane is looked up at the smaller of the end's Y, 90, and the start's X, 150: left of the profile, the last
+  // plane.
   session.eval("(setq c (ligne 150.0 60.0 200.0 90.0) sc (ssadd c))");
   check(session, {{"(mapcar 'cadr (reverse (cdr (reverse (car (pl_glp prf sc))))))", "(101.0 104.0)"}});
 }

@@ -1,5 +1,5 @@
-// Lines and blocks on the profile of aide.h, for the tests of quantities: the ground runs through (0,100) (40,102) (100,101)
-// (150,104), and the planes at 95 and 100 are drawn in the sections 0-100 and 100-150.
+// Lines and blocks on the profile of aide.h, for the tests of quantities: the ground runs through (0,100) (40,102)
+// (100,101) (150,104), and the planes at 95 and 100 are drawn in the sections 0-100 and 100-150.
 #pragma once
 #include "tests/module/aide.h"
 

@@ -64,6 +64,9 @@ TEST(Numberer, StepsAndGoesBackToItsStart) {
   EXPECT_EQ(n.suivant(), L"S1");
   n.incrementerSuffixe();
   EXPECT_EQ(n.suivant(), L"S1A");
+  n.initialiser(L"T", 40, L"", 1);
+  n.incrementerPrefixe();
+  EXPECT_EQ(n.suivant(), L"U1");  // not at the first number that was given
 }
 
 TEST(Numberer, IncrementsByOneWhateverTheStep) {
