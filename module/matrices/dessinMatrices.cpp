@@ -22,20 +22,27 @@ constexpr double kLargeurNulle = 1e-6;
 
 using entites = std::vector<std::unique_ptr<AcDbEntity>>;
 
-// One matrix in the making. L is the right edge of the titles, relative to the reference, W their width.
+// What all matrices of a drawing have in common, in drawing units: text height, gap, width of the titles.
+struct miseEnPage {
+  double t, ecart, W;
+};
+
+// One matrix in the making. L is the right edge of the titles, relative to the reference.
 struct chantier {
   matriceProfil& matrice;
-  double x, y, t, ecart, L, W;
+  AcGePoint3d coin;
+  miseEnPage page;
+  double L;
   entites titres, traits;
 
   void trait(double d) {
-    const double debut = x + ecart + L;
-    traits.push_back(std::make_unique<AcDbLine>(AcGePoint3d(debut, y + d, 0.0),
-                                                AcGePoint3d(debut + kLongueurTraitProvisoire * t, y + d, 0.0)));
+    const double debut = coin.x + page.ecart + L, y = coin.y + d;
+    traits.push_back(std::make_unique<AcDbLine>(AcGePoint3d(debut, y, 0.0),
+                                                AcGePoint3d(debut + kLongueurTraitProvisoire * page.t, y, 0.0)));
   }
 
   void titre(const ligneMatrice& ligne, double d) {
-    const double H = ligne.hauteurLigne * t;
+    const double t = page.t, W = page.W, H = ligne.hauteurLigne * t;
     auto cadre = std::make_unique<AcDbPolyline>(4);
     cadre->addVertexAt(0, {L, d});
     cadre->addVertexAt(1, {L - W, d});
@@ -74,7 +81,7 @@ AcDbObjectId creerBlocTitres(entites& titres) {
 }
 
 AcDbObjectId poserReference(const chantier& c, AcDbObjectId bloc) {
-  auto reference = std::make_unique<AcDbBlockReference>(AcGePoint3d(c.x, c.y, 0.0), bloc);
+  auto reference = std::make_unique<AcDbBlockReference>(c.coin, bloc);
   reference->setColorIndex(kCouleurDuCalque);
   AcDbObjectId id;
   ajouterEspaceObjet(std::move(reference), &id);
@@ -87,16 +94,16 @@ void preparer(chantier& c) {
   for (std::ptrdiff_t i = 0; i < c.matrice.lignes.GetCount(); ++i) {
     c.trait(d);
     c.titre(*c.matrice.lignes[i], d);
-    d -= c.matrice.lignes[i]->hauteurLigne * c.t;
+    d -= c.matrice.lignes[i]->hauteurLigne * c.page.t;
   }
   c.trait(d);
 }
 
-void dessinerMatrice(matriceProfil& matrice, double x, double y, double t, double W, double ecart) {
+void dessinerMatrice(matriceProfil& matrice, const AcGePoint3d& coin, const miseEnPage& page) {
   // Kept as it is: the gap is multiplied by the text height that the matrix had before this drawing, which is 1 for a
   // fresh matrix.
-  chantier c{matrice, x, y, t, ecart, -ecart * matrice.echelle, W, {}, {}};
-  matrice.echelle = t;
+  chantier c{matrice, coin, page, -page.ecart * matrice.echelle, {}, {}};
+  matrice.echelle = page.t;
   preparer(c);
   matrice.idBloc = poserReference(c, creerBlocTitres(c.titres));
   AcDbObjectIdArray membres;
@@ -129,11 +136,11 @@ void dessinerMatrices(gestionMatrices& collection, AcDbObjectId profil, const Ac
                       double ecart) {
   collection.idProfil = profil;
   // Kept as it is: the sum of the two terms, where pl_LargeurMatrices gives the greater one. The titles keep a margin.
-  const double W = collection.largeurTitres(hauteur) + 2.0 * hauteur;
+  const miseEnPage page{hauteur, ecart, collection.largeurTitres(hauteur) + 2.0 * hauteur};
   double y = point.y;
   for (std::ptrdiff_t i = 0; i < collection.matrices.GetCount(); ++i) {
     matriceProfil& matrice = *collection.matrices[i];
-    dessinerMatrice(matrice, point.x, y, hauteur, W, ecart);
+    dessinerMatrice(matrice, {point.x, y, 0.0}, page);
     y -= matrice.hauteurTotale(hauteur) + kEcartMatrices * hauteur;
   }
   ecrireListeMatrices(collection);

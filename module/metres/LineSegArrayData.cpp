@@ -17,25 +17,25 @@ constexpr double kPlusPetitRapport = -1e-12, kPlusGrandRapport = 1.000000000001;
 
 }  // namespace
 
-bool LineSeg::YAt(double x, double& y, bool verifierBornes) const {
+bool LineSeg::YAt(distanceProfil x, altitudeVraie& y, bool verifierBornes) const {
   if (std::abs(x2 - x1) < kSansLongueur) return false;
-  const double t = (x - x1) / (x2 - x1);
+  const double t = (x.valeur - x1) / (x2 - x1);
   if (verifierBornes && !(t >= kPlusPetitRapport && t <= kPlusGrandRapport)) return false;
-  y = (y2 - y1) * t + y1;
+  y = altitudeVraie((y2 - y1) * t + y1);
   return true;
 }
 
-bool intersection(const LineSeg& a, const LineSeg& b, double& x, double& y, bool tester) {
+bool intersection(const LineSeg& a, const LineSeg& b, distanceProfil& x, altitudeVraie& y, bool tester) {
   const ads_point a1 = {a.x1, a.y1, 0}, a2 = {a.x2, a.y2, 0}, b1 = {b.x1, b.y1, 0}, b2 = {b.x2, b.y2, 0};
   ads_point point;
   if (acdbInters(a1, a2, b1, b2, tester, point) != RTNORM) return false;
-  x = point[0];
-  y = point[1];
+  x = distanceProfil(point[0]);
+  y = altitudeVraie(point[1]);
   return true;
 }
 
-void LineSegArrayData::ajuster(double a, double b) {
-  if (a >= fin().valeur || debut().valeur >= b) {
+void LineSegArrayData::ajuster(distanceProfil a, distanceProfil b) {
+  if (a >= fin() || debut() >= b) {
     RemoveAll();
     return;
   }
@@ -47,30 +47,30 @@ void LineSegArrayData::ajuster(double a, double b) {
 }
 
 // False when the piece under the cut has no ordinate there.
-bool LineSegArrayData::couperDebut(double a) {
+bool LineSegArrayData::couperDebut(distanceProfil a) {
   std::ptrdiff_t k = 0;
-  while (k < GetSize() && a >= GetAt(k).x2) ++k;
-  if (k == GetSize() || a <= GetAt(k).x1) return true;
+  while (k < GetSize() && a.valeur >= GetAt(k).x2) ++k;
+  if (k == GetSize() || a.valeur <= GetAt(k).x1) return true;
   RemoveAt(0, k);
   LineSeg& premier = GetAt(0);
-  if (std::abs(premier.x1 - a) < kDejaAuDebut) return true;
-  double y = 0;
+  if (std::abs(premier.x1 - a.valeur) < kDejaAuDebut) return true;
+  altitudeVraie y;
   if (!premier.YAt(a, y, true)) return false;
-  premier.x1 = a;
-  premier.y1 = y;
+  premier.x1 = a.valeur;
+  premier.y1 = y.valeur;
   return true;
 }
 
-bool LineSegArrayData::couperFin(double b) {
+bool LineSegArrayData::couperFin(distanceProfil b) {
   std::ptrdiff_t j = GetSize() - 1;
-  while (j >= 0 && GetAt(j).x1 >= b) --j;
-  if (j < 0 || GetAt(j).x2 <= b) return true;
+  while (j >= 0 && GetAt(j).x1 >= b.valeur) --j;
+  if (j < 0 || GetAt(j).x2 <= b.valeur) return true;
   RemoveAt(j + 1, GetSize() - j - 1);
-  if (std::abs(dernier().x2 - b) < kDejaALaFin) return true;
-  double y = 0;
+  if (std::abs(dernier().x2 - b.valeur) < kDejaALaFin) return true;
+  altitudeVraie y;
   if (!dernier().YAt(b, y, true)) return false;
-  dernier().x2 = b;
-  dernier().y2 = y;
+  dernier().x2 = b.valeur;
+  dernier().y2 = y.valeur;
   return true;
 }
 

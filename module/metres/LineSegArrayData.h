@@ -15,12 +15,12 @@ struct LineSeg {
 
   // The ordinate at x. False, with y untouched, for a piece shorter than 1e-8, and with `verifierBornes` for an x
   // outside it.
-  bool YAt(double x, double& y, bool verifierBornes = false) const;
+  bool YAt(distanceProfil x, altitudeVraie& y, bool verifierBornes = false) const;
 };
 
 // The crossing of two pieces by the host's own intersection, within both of them with `tester`. x and y stay as they
 // were when there is none.
-bool intersection(const LineSeg& a, const LineSeg& b, double& x, double& y, bool tester);
+bool intersection(const LineSeg& a, const LineSeg& b, distanceProfil& x, altitudeVraie& y, bool tester);
 
 inline constexpr double kDebutVide = 1e36, kFinVide = -1e36;  // ends of an empty array: no other one reaches them
 
@@ -33,13 +33,13 @@ class LineSegArrayData : public CArray<LineSeg> {
   LineSeg& dernier() { return GetAt(GetSize() - 1); }
   // Clips to [a, b]. Kept as it is: pieces that lie before a stay unless a cuts a piece, existing reports count on it.
   // A piece that can't be cut is alerted to the user and stays.
-  void ajuster(double a, double b);
+  void ajuster(distanceProfil a, distanceProfil b);
   // Appends a copy of every piece; an array itself is an invalid argument.
   void concatener(const LineSegArrayData& autre);
 
  private:
-  bool couperDebut(double a);
-  bool couperFin(double b);
+  bool couperDebut(distanceProfil a);
+  bool couperFin(distanceProfil b);
 };
 
 using poigneeSegments = boost::shared_ptr<LineSegArrayData>;

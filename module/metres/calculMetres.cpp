@@ -43,8 +43,9 @@ altitudeVraie enCoordonneesProfil(AcGePoint2dArray& debuts, AcGePoint2dArray& fi
   }
   const std::size_t k = profil.indexPc(xDessin((debuts.first().x + fins.last().x) / 2));
   const altitudeVraie pc = profil.altitudeSection(k);
-  const double debut = k < profil.distPc.size() ? profil.distPc[k] : 0.0;
-  ligne.ajuster(debut, k + 1 < profil.distPc.size() ? profil.distPc[k + 1] : kSansLimite);
+  const distanceProfil debut(k < profil.distPc.size() ? profil.distPc[k] : 0.0);
+  const distanceProfil fin(k + 1 < profil.distPc.size() ? profil.distPc[k + 1] : kSansLimite);
+  ligne.ajuster(debut, fin);
   for (std::ptrdiff_t i = 0; i < ligne.GetSize(); ++i) {
     LineSeg& piece = ligne.GetAt(i);
     piece.y1 = piece.y1 / profil.echelleV + pc.valeur;

@@ -10,28 +10,33 @@ namespace plv {
 
 namespace {
 
-constexpr double kMemeStation = 1e-8;
+constexpr double kMemeDistance = 1e-8;
 constexpr double kMemeAltitude = 1e-7;  // of a piece that another one lengthens
 
 struct tranche {
   Adesk::Int32 classe;
-  double x1, x2, terrain1, terrain2, projet1, projet2;
+  distanceProfil x1, x2;
+  altitudeVraie terrain1, terrain2, projet1, projet2;
 };
+
+LineSeg piece(const tranche& t, altitudeVraie y1, altitudeVraie y2) {
+  return {t.x1.valeur, y1.valeur, t.x2.valeur, y2.valeur, t.classe};
+}
 
 // Kept as it is: the test reads the start of the last piece, so that only a piece that begins anew at the same place
 // lengthens it; pieces that follow one another stay apart.
-void ajouterPiece(LineSegArrayData& ligne, const LineSeg& piece) {
-  if (!ligne.IsEmpty() && ligne.dernier().classe == piece.classe) {
+void ajouterPiece(LineSegArrayData& ligne, const LineSeg& nouvelle) {
+  if (!ligne.IsEmpty() && ligne.dernier().classe == nouvelle.classe) {
     LineSeg& dernier = ligne.dernier();
-    double y = 0;
-    if (std::abs(piece.x1 - dernier.x1) < kMemeStation && dernier.YAt(piece.x2, y) &&
-        std::abs(piece.y2 - y) < kMemeAltitude) {
-      dernier.x2 = piece.x2;
-      dernier.y2 = piece.y2;
+    altitudeVraie y;
+    if (std::abs(nouvelle.x1 - dernier.x1) < kMemeDistance && dernier.YAt(distanceProfil(nouvelle.x2), y) &&
+        std::abs(nouvelle.y2 - y.valeur) < kMemeAltitude) {
+      dernier.x2 = nouvelle.x2;
+      dernier.y2 = nouvelle.y2;
       return;
     }
   }
-  ligne.Add(piece);
+  ligne.Add(nouvelle);
 }
 
 void ajouterTranche(ligneTroncons& entree, const tranche& t) {
@@ -40,8 +45,8 @@ void ajouterTranche(ligneTroncons& entree, const tranche& t) {
     entree.classeCourante = t.classe;
   }
   TranconProfilEnlong& troncon = *entree.troncons.back();
-  ajouterPiece(*troncon.terrain, {t.x1, t.terrain1, t.x2, t.terrain2, t.classe});
-  ajouterPiece(*troncon.projet, {t.x1, t.projet1, t.x2, t.projet2, t.classe});
+  ajouterPiece(*troncon.terrain, piece(t, t.terrain1, t.terrain2));
+  ajouterPiece(*troncon.projet, piece(t, t.projet1, t.projet2));
   // Absolute: a project above the terrain counts too, in class 0.
   troncon.surface +=
       (std::abs(t.terrain1 - t.projet1) + std::abs(t.terrain2 - t.projet2)) * std::abs(t.x2 - t.x1) * 0.5;
@@ -56,29 +61,29 @@ class balayage {
   void executer() {
     while (m_terrain.GetAt(m_iTerrain).x2 <= m_projet.GetAt(0).x1) ++m_iTerrain;
     while (m_projet.GetAt(m_iProjet).x2 <= m_terrain.GetAt(m_iTerrain).x1) ++m_iProjet;
-    m_x = std::max(m_terrain.GetAt(m_iTerrain).x1, m_projet.GetAt(m_iProjet).x1);
-    const double fin = std::min(m_terrain.fin(), m_projet.fin()).valeur;
+    m_x = distanceProfil(std::max(m_terrain.GetAt(m_iTerrain).x1, m_projet.GetAt(m_iProjet).x1));
+    const distanceProfil fin = std::min(m_terrain.fin(), m_projet.fin());
     m_classe = classeEn(m_x);
     while (m_x < fin && m_iTerrain < m_terrain.GetSize() && m_iProjet < m_projet.GetSize()) passe();
   }
 
  private:
-  Adesk::Int32 classeEn(double x) {
+  Adesk::Int32 classeEn(distanceProfil x) {
     m_terrain.GetAt(m_iTerrain).YAt(x, m_yTerrain);
     m_projet.GetAt(m_iProjet).YAt(x, m_yProjet);
-    return classeDeProfondeur(m_liste, profondeurSous(altitudeVraie(m_yTerrain), altitudeVraie(m_yProjet)));
+    return classeDeProfondeur(m_liste, profondeurSous(m_yTerrain, m_yProjet));
   }
 
   // From x to the next end of a piece.
   void passe() {
-    const double xt = m_terrain.GetAt(m_iTerrain).x2, xp = m_projet.GetAt(m_iProjet).x2;
-    const bool ensemble = std::abs(xt - xp) < kMemeStation;
-    const double xn = ensemble ? xt : std::min(xt, xp);
-    if (std::abs(m_x - xt) < kMemeStation) {
+    const distanceProfil xt(m_terrain.GetAt(m_iTerrain).x2), xp(m_projet.GetAt(m_iProjet).x2);
+    const bool ensemble = std::abs(xt - xp) < kMemeDistance;
+    const distanceProfil xn = ensemble ? xt : std::min(xt, xp);
+    if (std::abs(m_x - xt) < kMemeDistance) {
       ++m_iTerrain;
       return;
     }
-    if (std::abs(xp - m_x) < kMemeStation) {
+    if (std::abs(xp - m_x) < kMemeDistance) {
       ++m_iProjet;
       return;
     }
@@ -97,7 +102,7 @@ class balayage {
     LineSeg abaisse = m_terrain.GetAt(m_iTerrain);
     abaisse.y1 -= limite;
     abaisse.y2 -= limite;
-    double y = 0;
+    altitudeVraie y;
     if (!m_croise) m_xCroisement = m_x;
     m_croise = intersection(abaisse, m_projet.GetAt(m_iProjet), m_xCroisement, y, true) || m_croise;
     ajouter(abaisse, limite, m_xCroisement);
@@ -106,13 +111,13 @@ class balayage {
   }
 
   // A slice of the present class from x, on the terrain that is lowered by this height.
-  void ajouter(const LineSeg& terrain, double abaissement, double jusque) {
-    tranche t{m_classe, m_x, jusque, 0, 0, 0, 0};
+  void ajouter(const LineSeg& terrain, double abaissement, distanceProfil jusque) {
+    tranche t{m_classe, m_x, jusque, {}, {}, {}, {}};
     const LineSeg& projet = m_projet.GetAt(m_iProjet);
     terrain.YAt(t.x1, m_yTerrain);
-    t.terrain1 = m_yTerrain + abaissement;
+    t.terrain1 = altitudeVraie(m_yTerrain.valeur + abaissement);
     terrain.YAt(t.x2, m_yTerrain);
-    t.terrain2 = m_yTerrain + abaissement;
+    t.terrain2 = altitudeVraie(m_yTerrain.valeur + abaissement);
     projet.YAt(t.x1, m_yProjet);
     t.projet1 = m_yProjet;
     projet.YAt(t.x2, m_yProjet);
@@ -125,8 +130,8 @@ class balayage {
   const classesProfondeur& m_liste;
   ligneTroncons& m_entree;
   std::ptrdiff_t m_iTerrain = 0, m_iProjet = 0;
-  double m_x = 0, m_xCroisement = 0;
-  double m_yTerrain = 0, m_yProjet = 0;
+  distanceProfil m_x, m_xCroisement;
+  altitudeVraie m_yTerrain, m_yProjet;
   bool m_croise = false;
   Adesk::Int32 m_classe = 0;
 };

@@ -9,6 +9,7 @@
 
 namespace {
 
+using plv::distanceProfil;
 using plv::LineSeg;
 using plv::LineSegArrayData;
 
@@ -127,7 +128,7 @@ TEST_F(Balayage, ClippingOnlyBitesOnAPieceItCuts) {
              {-5, 0, ""}};
   for (const auto& c : cas) {
     auto pieces = ligne({{0, 0}, {10, 10}, {20, 0}, {30, 10}});
-    pieces.ajuster(c.a, c.b);
+    pieces.ajuster(distanceProfil(c.a), distanceProfil(c.b));
     EXPECT_EQ(texte(pieces), c.attendu) << c.a << ' ' << c.b;
   }
   EXPECT_EQ(session.transcript(), "");
@@ -138,12 +139,12 @@ TEST_F(Balayage, ClippingOnlyBitesOnAPieceItCuts) {
 }
 
 TEST_F(Balayage, AnOrdinateNeedsAPieceWithALength) {
-  double y = 7;
-  EXPECT_FALSE((LineSeg{1, 0, 1 + 5e-9, 4}.YAt(1, y)));
-  EXPECT_FALSE((LineSeg{0, 0, 10, 10}.YAt(10.1, y, true)));
-  EXPECT_EQ(y, 7);
-  EXPECT_TRUE((LineSeg{0, 0, 10, 10}.YAt(12, y)));
-  EXPECT_EQ(y, 12);
+  plv::altitudeVraie y(7);
+  EXPECT_FALSE((LineSeg{1, 0, 1 + 5e-9, 4}.YAt(distanceProfil(1), y)));
+  EXPECT_FALSE((LineSeg{0, 0, 10, 10}.YAt(distanceProfil(10.1), y, true)));
+  EXPECT_EQ(y.valeur, 7);
+  EXPECT_TRUE((LineSeg{0, 0, 10, 10}.YAt(distanceProfil(12), y)));
+  EXPECT_EQ(y.valeur, 12);
 }
 
 // --- from the drawing
