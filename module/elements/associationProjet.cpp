@@ -121,7 +121,8 @@ bool editer(AcDbObjectIdArray& liste) {
   }
 }
 
-// The candidates of pl_elem_prj, from a selection set or from entity names; the last of the names is told apart.
+// The candidates of pl_elem_prj, from a selection set or from entity names; the last of the names is also
+// given by itself.
 void lireCandidats(const ArgsLisp& args, AcDbObjectIdArray& candidats, AcDbObjectId& dernier, bool& marquage) {
   resbuf* rb = args.nieme(2);
   marquage = rb->restype == RTPICKS;

@@ -55,6 +55,7 @@ void reporterCourbe(AcDbObjectId id, const profilLong& profil, std::size_t a, st
   const std::size_t p = profil.indexPc(xPris);
   if (a > b) std::swap(a, b);
   if (p < a || p > b) {
+    // Kept as it is, to the letter: users know the message.
     acutPrintf(L"\nQQue chose ne va pas !");
     return;
   }

@@ -1,5 +1,5 @@
 // Cell writers: quarter circles in the corners of a row, and arcs across it.
-// Kept as it is: these arcs don't join the matrix's group, whereas all other cells do.
+// Kept as it is: arcs join no group, unlike the texts and lines of other cells.
 #include <algorithm>
 #include <cmath>
 #include <memory>

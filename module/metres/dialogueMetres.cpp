@@ -41,7 +41,8 @@ std::vector<dialogues::Column> colonnesTroncons() {
 
 constexpr double kPlusGrand = 1e38;  // of a limit or a width; the bedding depth is any number
 
-// A value out of its range is the framework's to report; the dialog then stays open.
+// A value out of its range is the framework's to report; the dialog then stays open. Kept as they are: the labels, to
+// the letter, since scripts name the controls by them.
 class CDlgClasseProfondeur : public dialogues::Dialog {
  public:
   CDlgClasseProfondeur();

@@ -28,7 +28,8 @@ struct enteteColonne {
   double largeur;  // in characters
 };
 
-// In the order of the columns, from the first one on.
+// In the order of the columns, from the first one on. Kept as they are: the titles have no accents, readers find
+// columns by them.
 inline constexpr std::array<enteteColonne, 8> kEntetes = {{{kDebut, L"Debut", 10},
                                                            {kFin, L"Fin", 10},
                                                            {kLongueur, L"Longueur", 10},

@@ -3,8 +3,8 @@
 //
 // A PC is any entity with "PLV2_DATA": DISTANCE (length of its section, metres), PC (altitude of the plane),
 // NEXT-PC and PRLI (handles; absent on the last one, and on a section without lines). A line carries NEXTLI
-// (handle, absent on the last one). Chains aren't sorted, and a cycle isn't detected: writers must keep
-// chains whole.
+// (handle, absent on the last one). Kept as it is: a PC without altitude leaves distances and planes out of step.
+// Chains aren't sorted, and a cycle isn't detected: writers must keep chains whole.
 #pragma once
 #include <string>
 

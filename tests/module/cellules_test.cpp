@@ -54,7 +54,7 @@ TEST_F(Cellules, ArcsCrossTheRow) {
   EXPECT_EQ(drawn("(pl_ArcCell 10 12 0)").substr(0, 27), "(\"ARC 11.00,-2.50 r1.00 180");
 }
 
-TEST_F(Cellules, StationAndRemarkBehindATick) {
+TEST_F(Cellules, StationAndRemarkBesideATick) {
   tallRows({{"(pl_ptPkEtObs 10 1250.5 \"regard\")",
              "(\"LINE 10.00,-43.50 10.00,-3.50\" \"PK 1+250.50 @11.70,-34.00 h1.00 r90 1/0\" "
              "\"regard @11.70,-14.00 h1.00 r90 1/0\")"}});

@@ -97,7 +97,7 @@ TEST_F(Courbes, PiecesOfEqualXKeepTheOrderThatExchangesGive) {
     debuts.append(p);
     fins.append(AcGePoint2d(9, p.y));
   }
-  plv::trierSegments(debuts, fins);  // the exchange of the first with the last brings it behind its equal
+  plv::trierSegments(debuts, fins);  // the exchange of the first with the last brings it after its equal
   EXPECT_EQ(std::vector<AcGePoint2d>(debuts.begin(), debuts.end()), (std::vector<AcGePoint2d>{{1, 3}, {2, 2}, {2, 1}}));
   EXPECT_EQ(fins[2].y, 1);
 }

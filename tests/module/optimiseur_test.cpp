@@ -113,7 +113,7 @@ struct TraceOptimal : kaveltest::ProfilDessine {
       (defun couleurs () (mapcar '(lambda (l) (g 62 (entget l)))
           (vl-remove-if-not '(lambda (l) (= "LINE" (g 0 (entget l)))) (depuis repere))))))");
   }
-  // What is drawn when the prompts behind the profile get these answers. The profile is answered by its name.
+  // What is drawn when the prompts after that for the profile get these answers. The profile is answered by its name.
   std::string trace(const std::string& reponses, const std::string& profil = "(eval prf)") {
     session.eval("(marque)");
     session.transcript();
