@@ -24,33 +24,34 @@ using entites = std::vector<std::unique_ptr<AcDbEntity>>;
 
 // What all matrices of a drawing have in common, in drawing units: text height, gap, width of the titles.
 struct miseEnPage {
-  double t, ecart, W;
+  double hauteurTexte, ecart, largeurTitres;
 };
 
-// One matrix in the making. L is the right edge of the titles, relative to the reference.
+// One matrix in the making. `bordTitres` is the right edge of the titles, relative to the reference.
 struct chantier {
   matriceProfil& matrice;
   AcGePoint3d coin;
   miseEnPage page;
-  double L;
+  double bordTitres;
   entites titres, traits;
 
   void trait(double d) {
-    const double debut = coin.x + page.ecart + L, y = coin.y + d;
-    traits.push_back(std::make_unique<AcDbLine>(AcGePoint3d(debut, y, 0.0),
-                                                AcGePoint3d(debut + kLongueurTraitProvisoire * page.t, y, 0.0)));
+    const double debut = coin.x + page.ecart + bordTitres, y = coin.y + d;
+    traits.push_back(std::make_unique<AcDbLine>(
+        AcGePoint3d(debut, y, 0.0), AcGePoint3d(debut + kLongueurTraitProvisoire * page.hauteurTexte, y, 0.0)));
   }
 
   void titre(const ligneMatrice& ligne, double d) {
-    const double t = page.t, W = page.W, H = ligne.hauteurLigne * t;
+    const double t = page.hauteurTexte, H = ligne.hauteurLigne * t;
+    const double droite = bordTitres, gauche = droite - page.largeurTitres;
     auto cadre = std::make_unique<AcDbPolyline>(4);
-    cadre->addVertexAt(0, {L, d});
-    cadre->addVertexAt(1, {L - W, d});
-    cadre->addVertexAt(2, {L - W, d - H});
-    cadre->addVertexAt(3, {L, d - H});
+    cadre->addVertexAt(0, {droite, d});
+    cadre->addVertexAt(1, {gauche, d});
+    cadre->addVertexAt(2, {gauche, d - H});
+    cadre->addVertexAt(3, {droite, d - H});
     cadre->setClosed(true);
     titres.push_back(std::move(cadre));
-    titres.push_back(std::make_unique<AcDbText>(AcGePoint3d(L - W + t, d - H * 0.5 - t * 0.5, 0.0),
+    titres.push_back(std::make_unique<AcDbText>(AcGePoint3d(gauche + t, d - H * 0.5 - t * 0.5, 0.0),
                                                 ligne.libelle.c_str(), matrice.styleTexte, t));
   }
 };
@@ -94,7 +95,7 @@ void preparer(chantier& c) {
   for (std::ptrdiff_t i = 0; i < c.matrice.lignes.GetCount(); ++i) {
     c.trait(d);
     c.titre(*c.matrice.lignes[i], d);
-    d -= c.matrice.lignes[i]->hauteurLigne * c.page.t;
+    d -= c.matrice.lignes[i]->hauteurLigne * c.page.hauteurTexte;
   }
   c.trait(d);
 }
@@ -103,7 +104,7 @@ void dessinerMatrice(matriceProfil& matrice, const AcGePoint3d& coin, const mise
   // Kept as it is: the gap is multiplied by the text height that the matrix had before this drawing, which is 1 for a
   // fresh matrix.
   chantier c{matrice, coin, page, -page.ecart * matrice.echelle, {}, {}};
-  matrice.echelle = page.t;
+  matrice.echelle = page.hauteurTexte;
   preparer(c);
   matrice.idBloc = poserReference(c, creerBlocTitres(c.titres));
   AcDbObjectIdArray membres;
