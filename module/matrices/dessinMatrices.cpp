@@ -22,7 +22,7 @@ constexpr double kLargeurNulle = 1e-6;
 
 using entites = std::vector<std::unique_ptr<AcDbEntity>>;
 
-// What all matrices of a drawing have in common, in drawing units: text height, gap, width of the titles.
+// What all matrices of a drawing have in common, in drawing units.
 struct miseEnPage {
   double hauteurTexte, ecart, largeurTitres;
 };
