@@ -1,7 +1,7 @@
 """The plan of the house: every room of C++ with the rooms that it may include. The one place where arrows are declared.
 
 outils/verifier-fleches.py holds the code against it, outils/dessiner-maison draws it. A room is a folder; names are relative
-to its house, and the name of a folder stands for all rooms in it. Rooms stand from the ground up.
+to its house; a folder that is no room itself stands for all rooms in it. Rooms stand from the ground up.
 """
 
 # The street: what a host offers. Every house may include it, and it includes nothing.
@@ -46,7 +46,7 @@ HOUSES = {
         "render/painters": "render/shapes",
         "render/scene": "base geometry fonts database document render/shapes",
         "render/sheets": "base database dxf lisp document render/shapes render/painters render/scene",
-        "console": "base dxf document commands plugin application exchange render",
+        "console": "base dxf document commands/files plugin application exchange render",
         "desktop/picture": "database document render",
         "desktop/document": "lisp document application desktop/picture",
         "desktop/view": "document selecting render desktop/picture desktop/document",
@@ -102,17 +102,14 @@ def allowed(house, room):
     return HOUSES[house].get(room, "").split()
 
 
-def covers(name, room):
-    """Whether a name in the plan means that room; a room's own folder alone, where it is one."""
-    return room == name or room.startswith(name + "/")
+def covers(house, name, room):
+    """Whether a name in the plan of the house means that room."""
+    return room == name or (name not in HOUSES[house] and room.startswith(name + "/"))
 
 
-def rooms_meant(house, name, by):
-    """The rooms that a name in the plan means for the room that it stands beside: not the room itself, nor what is in it."""
-    rooms = HOUSES[house]
-    if name in rooms and by.startswith(name + "/"):
-        return [name]
-    return [room for room in rooms if covers(name, room) and not covers(by, room)]
+def rooms_meant(house, name):
+    """The rooms that a name in the plan of the house means."""
+    return [room for room in HOUSES[house] if covers(house, name, room)]
 
 
 def circle(edges):
@@ -143,8 +140,7 @@ def circle(edges):
 
 def may_visit(house, other):
     """Whether a room of the house may include that room (house, room) of another house."""
-    name = "/".join(other)
-    return any(covers(neighbour, name) for neighbour in NEIGHBOURS.get(house, ()))
+    return any(neighbour in (other[0], "/".join(other)) for neighbour in NEIGHBOURS.get(house, ()))
 
 
 def arrows_between_houses():
@@ -156,6 +152,6 @@ def arrows_between_houses():
             f"{other}/{room}" for other in HOUSES for room in HOUSES[other] if may_visit(house, (other, room))]
         # Of rooms that lead to one another the highest will do.
         below = {f"{other}/{low}" for other in HOUSES for room in HOUSES[other]
-                 if f"{other}/{room}" in goals for entry in allowed(other, room) for low in rooms_meant(other, entry, room)}
+                 if f"{other}/{room}" in goals for entry in allowed(other, room) for low in rooms_meant(other, entry)}
         arrows += [(f"{house}/{room}", goal) for room in ground for goal in goals if goal not in below]
     return arrows

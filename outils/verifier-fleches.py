@@ -39,7 +39,7 @@ def fault_of(path, included, used):
     if target == room:
         return None
     for name in maison.allowed(house, room):
-        if maison.covers(name, target):
+        if maison.covers(house, name, target):
             used.add((house, room, name))
             return None
     return f"{room} may not include {target}"
@@ -70,14 +70,14 @@ def arrows():
 def plan(used):
     faults = []
     for house, rooms in maison.HOUSES.items():
-        edges = {room: [other for name in maison.allowed(house, room) for other in maison.rooms_meant(house, name, room)]
+        edges = {room: [other for name in maison.allowed(house, room) for other in maison.rooms_meant(house, name)]
                  for room in rooms}
         found = maison.circle(edges)
         if found:
             faults.append(f"circle of rooms in {house}/: " + " -> ".join(found))
         for room in rooms:
             for name in maison.allowed(house, room):
-                if not maison.rooms_meant(house, name, room):
+                if not maison.rooms_meant(house, name):
                     faults.append(f"the plan of {house}/{room} names {name}, which is no room")
                 elif (house, room, name) not in used:
                     faults.append(f"the plan allows {house}/{room} to include {name}, and it doesn't")
