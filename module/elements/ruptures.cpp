@@ -15,7 +15,7 @@ namespace plv {
 
 namespace {
 
-constexpr double kMeme = 1e-6;            // ends, breaks, and a shift that is none
+constexpr double kMeme = 1e-6;            // ends, groups and changes; a shift that is none
 constexpr double kMemeFin = 1e-8;         // a group or a cut end that stands at the change
 constexpr distanceProfil kSansFin(1e36);  // the end of the last section
 constexpr double kNombreMax = 1e28;       // of an argument
@@ -87,8 +87,11 @@ std::vector<elemsFixesKavel> lireGroupes(AcDbObjectId support) {
   return groupes;
 }
 
+// Positions and changes of section are sums of distances, and part by their rounding.
+bool auMoins(distanceProfil d, distanceProfil limite) { return d - limite > -kMeme; }
+
 bool dansEtendue(const elemsFixesKavel& groupe, const decalage& d) {
-  return groupe.position >= d.debut && groupe.position <= d.fin;
+  return auMoins(groupe.position, d.debut) && auMoins(d.fin, groupe.position);
 }
 
 void supprimerRupture(const profilLong& profil, distanceProfil rupture, altitudeVraie z) {
@@ -181,7 +184,7 @@ void ajouterALaCourbe(AcDbObjectId id, distanceProfil precedent, const decalage&
 void ajouterAuxGroupes(AcDbObjectId support, distanceProfil precedent, const decalage& d) {
   listeRb rebatie;
   for (elemsFixesKavel& groupe : lireGroupes(support)) {
-    const bool dedans = groupe.position <= d.fin && groupe.position >= precedent;
+    const bool dedans = auMoins(d.fin, groupe.position) && auMoins(groupe.position, precedent);
     if (dedans && std::abs(groupe.position - d.debut) < kMeme) {
       creerDoublons(groupe);
       d.deplacerTous(groupe.doublons);

@@ -39,16 +39,20 @@ std::optional<jonction> trouverJonction(const AcDbCurve& courbe1, const AcDbCurv
   return std::nullopt;
 }
 
-// Kept as it is: bulges and widths stay with the vertex they are read at, also backwards. Drawings have been joined so.
+// Read backwards, a segment leaves the vertex where it ended: its bulge turns the other way, its widths change places.
 void copierSommets(const AcDbPolyline& source, bool aRebours, AcDbPolyline& cible) {
   const unsigned int n = source.numVerts();
   for (unsigned int k = 0; k < n; ++k) {
-    const unsigned int i = aRebours ? n - 1 - k : k;
+    const unsigned int i = aRebours ? n - 1 - k : k, segment = aRebours ? (i + n - 1) % n : i;
     AcGePoint2d point;
     double courbure = 0, largeurDebut = 0, largeurFin = 0;
     source.getPointAt(i, point);
-    source.getBulgeAt(i, courbure);
-    source.getWidthsAt(i, largeurDebut, largeurFin);
+    source.getBulgeAt(segment, courbure);
+    source.getWidthsAt(segment, largeurDebut, largeurFin);
+    if (aRebours) {
+      courbure = -courbure;
+      std::swap(largeurDebut, largeurFin);
+    }
     cible.addVertexAt(cible.numVerts(), point, courbure, largeurDebut, largeurFin);
   }
 }
