@@ -1,7 +1,8 @@
 // Plane geometry that the host offers to handlers.
 // Lines count as parallel only when they are so to the last digit: a handler that cuts a long, nearly parallel pair gets
-// the best point there is.
+// the best point there is. Parallel ones meet where they lie on one another.
 #include <algorithm>
+#include <optional>
 
 #include "atelier/geometry/crossing.h"
 #include "hote/acdb.h"
@@ -20,12 +21,33 @@ bool touch(const ads_point a, const ads_point b) {
   return std::hypot(a[0] - b[0], a[1] - b[1]) <= 8 * kRounding * largest;
 }
 
+// The middle of what the segments from1-to1 and from2-to2 have in common, as a part of the first; nothing when they lie apart,
+// beside one another or one after the other. Of whole lines (not onSegments) any point will do.
+std::optional<double> commonPart(const ads_point from1, const ads_point to1, const ads_point from2, const ads_point to2,
+                                 bool onSegments) {
+  const double ux = to1[0] - from1[0], uy = to1[1] - from1[1], square = ux * ux + uy * uy;
+  if (square == 0) return std::nullopt;
+  const auto partOf = [&](const ads_point p) { return ((p[0] - from1[0]) * ux + (p[1] - from1[1]) * uy) / square; };
+  const double a = partOf(from2), b = partOf(to2);
+  ads_point foot;
+  pointAt(from1, to1, a, foot);
+  if (!touch(foot, from2)) return std::nullopt;
+  if (!onSegments) return 0.0;
+  const double low = std::max(0.0, std::min(a, b)), high = std::min(1.0, std::max(a, b));
+  if (low > high) return std::nullopt;
+  return (low + high) / 2;
+}
+
 }  // namespace
 
 int acdbInters(const ads_point from1, const ads_point to1, const ads_point from2, const ads_point to2, int onSegments,
                ads_point result) {
   const auto parts = atelier::crossing(from1, to1, from2, to2, 0.0);
-  if (!parts) return RTERROR;
+  if (!parts) {
+    const auto part = commonPart(from1, to1, from2, to2, onSegments);
+    if (part) pointAt(from1, to1, *part, result);
+    return part ? RTNORM : RTERROR;
+  }
   auto [s, t] = *parts;
   if (onSegments && !(atelier::onSegment(s) && atelier::onSegment(t))) {
     s = std::clamp(s, 0.0, 1.0);

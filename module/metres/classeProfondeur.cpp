@@ -154,9 +154,13 @@ gardeClassesExtremes::~gardeClassesExtremes() {
   supprimerClasse(m_liste, 0);
 }
 
+bool estSurLimite(profondeurFouille profondeur, profondeurFouille limite) {
+  return std::abs(profondeur - limite) <= kMemeProfondeur;
+}
+
 Adesk::Int32 classeDeProfondeur(const classesProfondeur& liste, profondeurFouille profondeur) {
   const auto trouvee = std::find_if(liste.begin(), liste.end(), [&](const classeProfondeur& c) {
-    return c.debut < profondeur.valeur && profondeur.valeur <= c.fin;
+    return c.debut + kMemeProfondeur < profondeur.valeur && profondeur.valeur <= c.fin + kMemeProfondeur;
   });
   return static_cast<Adesk::Int32>(trouvee == liste.end() ? static_cast<std::ptrdiff_t>(liste.size()) - 1
                                                           : trouvee - liste.begin());

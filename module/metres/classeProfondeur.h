@@ -49,6 +49,10 @@ class gardeClassesExtremes {
   std::size_t m_place;  // of the last one
 };
 
+// A depth this near to a limit is the limit: depths are differences of drawn altitudes, and a trench of constant depth lies on
+// one side of it here and on the other there by their rounding alone.
+inline constexpr double kMemeProfondeur = 1e-8;  // metres
+bool estSurLimite(profondeurFouille profondeur, profondeurFouille limite);
 // The first class with debut < depth <= fin, else the last one; -1 for an empty list.
 Adesk::Int32 classeDeProfondeur(const classesProfondeur& liste, profondeurFouille profondeur);
 

@@ -88,26 +88,42 @@ class balayage {
       return;
     }
     const Adesk::Int32 suivante = classeEn(xn);
-    while (m_classe != suivante) franchir(suivante > m_classe ? 1 : -1);
+    while (m_classe != suivante) franchir(suivante > m_classe ? 1 : -1, xn);
     ajouter(m_terrain.GetAt(m_iTerrain), 0.0, xn);
     m_x = xn;
     if (ensemble || xt < xp) ++m_iTerrain;
     if (ensemble || xp < xt) ++m_iProjet;
   }
 
-  // Up to the limit of the present class. Kept as it is: an intersection that fails keeps the abscissa of the last one;
-  // before the first there is none, and the class changes where the sweep has come to.
-  void franchir(Adesk::Int32 pas) {
-    const double limite = (pas > 0 ? finDeClasse(m_liste, m_classe) : debutDeClasse(m_liste, m_classe)).valeur;
+  // Up to the limit of the present class, which is met before xn.
+  void franchir(Adesk::Int32 pas, distanceProfil xn) {
+    const profondeurFouille limite = pas > 0 ? finDeClasse(m_liste, m_classe) : debutDeClasse(m_liste, m_classe);
     LineSeg abaisse = m_terrain.GetAt(m_iTerrain);
-    abaisse.y1 -= limite;
-    abaisse.y2 -= limite;
-    altitudeVraie y;
-    if (!m_croise) m_xCroisement = m_x;
-    m_croise = intersection(abaisse, m_projet.GetAt(m_iProjet), m_xCroisement, y, true) || m_croise;
-    ajouter(abaisse, limite, m_xCroisement);
+    abaisse.y1 -= limite.valeur;
+    abaisse.y2 -= limite.valeur;
+    croiser(abaisse, limite, xn);
+    ajouter(abaisse, limite.valeur, m_xCroisement);
     m_x = m_xCroisement;
     m_classe += pas;
+  }
+
+  // Where the depth is the limit: at an end of this part of the sweep whose depth counts as the limit, for lines that meet there to
+  // the last digits only may have no intersection. Kept as it is: an intersection that fails keeps the abscissa of the last
+  // one; before the first there is none, and the class changes where the sweep has come to.
+  void croiser(const LineSeg& abaisse, profondeurFouille limite, distanceProfil xn) {
+    if (!m_croise) m_xCroisement = m_x;
+    altitudeVraie y;
+    if (estSurLimite(profondeurEn(m_x), limite)) m_xCroisement = m_x;
+    else if (estSurLimite(profondeurEn(xn), limite)) m_xCroisement = xn;
+    else if (!intersection(abaisse, m_projet.GetAt(m_iProjet), m_xCroisement, y, true)) return;
+    m_croise = true;
+  }
+
+  profondeurFouille profondeurEn(distanceProfil x) const {
+    altitudeVraie terrain = m_yTerrain, projet = m_yProjet;
+    m_terrain.GetAt(m_iTerrain).YAt(x, terrain);
+    m_projet.GetAt(m_iProjet).YAt(x, projet);
+    return profondeurSous(terrain, projet);
   }
 
   // A slice of the present class from x, on the terrain that is lowered by this height.

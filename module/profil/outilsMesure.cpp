@@ -79,18 +79,20 @@ void pl_fprmprb() {
   ArgsLisp args;
   commencerAppel(args);
   if (args.nombre() != 3 || !conforme(args, "PPP")) return;
+  AcGePoint3d points[3];
+  for (int i = 0; i < 3; ++i) points[i] = valeurPoint(args.nieme(i));
+  // From the mean of the abscissas: squares of coordinates in millions leave no digit to their differences.
+  const double milieu = (points[0].x + points[1].x + points[2].x) / 3;
   AcGeMatrix3d systeme;
-  double y[3];
   for (int i = 0; i < 3; ++i) {
-    const AcGePoint3d point = valeurPoint(args.nieme(i));
-    systeme(i, 0) = point.x * point.x;
-    systeme(i, 1) = point.x;
+    const double x = points[i].x - milieu;
+    systeme(i, 0) = x * x;
+    systeme(i, 1) = x;
     systeme(i, 2) = 1.0;
-    y[i] = point.y;
   }
   if (systeme.isSingular()) return;
-  const AcGeVector3d coefficients = systeme.inverse() * AcGeVector3d(y[0], y[1], y[2]);
-  const ads_point resultat = {coefficients.x, coefficients.y, coefficients.z};
+  const AcGeVector3d c = systeme.inverse() * AcGeVector3d(points[0].y, points[1].y, points[2].y);
+  const ads_point resultat = {c.x, c.y - 2 * c.x * milieu, c.z - c.y * milieu + c.x * milieu * milieu};
   acedRetPoint(resultat);
 }
 

@@ -93,7 +93,7 @@ TEST_F(Classes, TheExtremeOnesMakeTheListTotal) {
     const struct {
       double profondeur;
       int classe;
-    } cas[] = {{-2, 0}, {0, 0}, {1e-9, 1}, {1, 1}, {1.0000001, 2}, {5, 6}, {5.5, 7}};
+    } cas[] = {{-2, 0}, {0, 0}, {1e-9, 0}, {1e-7, 1}, {1, 1}, {1 + 5e-9, 1}, {1.0000001, 2}, {5, 6}, {5.5, 7}};
     for (const auto& c : cas)
       EXPECT_EQ(plv::classeDeProfondeur(liste, plv::profondeurFouille(c.profondeur)), c.classe) << c.profondeur;
   }

@@ -101,6 +101,40 @@ TEST_F(Handlers, TranslateCoordinates) {
 }
 
 // A function without help, or a command's name that two rows claim, is a mistake in a table.
+TEST_F(Handlers, CrossingsOfSegmentsThatLieOnOneAnother) {
+  const struct {
+    double a[4], b[4];  // x y x y
+    bool meet;
+    double low, high;  // of x, where they may meet
+  } rows[] = {
+      {{0, 0, 10, 0}, {4, 0, 20, 0}, true, 4, 10},
+      {{0, 0, 10, 0}, {20, 0, 4, 0}, true, 4, 10},
+      {{0, 0, 10, 10}, {2, 2, 3, 3}, true, 2, 3},
+      {{2, 2, 3, 3}, {0, 0, 10, 10}, true, 2, 3},
+      {{0, 0, 10, 0}, {10, 0, 20, 0}, true, 10, 10},
+      {{652000.37, 6861234.5, 652100.37, 6861234.5},
+       {652050.37, 6861234.5, 652200.37, 6861234.5},
+       true,
+       652050.37,
+       652100.37},
+      {{0, 0, 10, 0}, {11, 0, 20, 0}, false, 0, 0},
+      {{0, 0, 10, 0}, {0, 1, 10, 1}, false, 0, 0},
+      {{0, 0, 0, 0}, {0, 1, 10, 1}, false, 0, 0},
+      {{0, 0, 10, 0}, {5, -5, 5, 5}, true, 5, 5},
+      {{0, 0, 10, 0}, {15, -5, 15, 5}, false, 0, 0},
+  };
+  for (const auto& row : rows) {
+    const ads_point a1 = {row.a[0], row.a[1], 0}, a2 = {row.a[2], row.a[3], 0}, b1 = {row.b[0], row.b[1], 0},
+                    b2 = {row.b[2], row.b[3], 0};
+    ads_point point;
+    const int status = acdbInters(a1, a2, b1, b2, 1, point);
+    EXPECT_EQ(status, row.meet ? RTNORM : RTERROR) << row.a[0] << ' ' << row.b[0];
+    if (status != RTNORM) continue;
+    EXPECT_GE(point[0], row.low - 1e-9);
+    EXPECT_LE(point[0], row.high + 1e-9);
+  }
+}
+
 TEST_F(Handlers, TablesAreWhole) {
   for (const auto* primitive : session.document().interpreter().primitives()) {
     EXPECT_FALSE(primitive->help.empty()) << primitive->name;

@@ -196,22 +196,30 @@ std::unique_ptr<AcDbSpline> splineOf(const Nurbs& data) {
 
 AcDbSpline::AcDbSpline() { initRecord(*this, "SPLINE"); }
 int AcDbSpline::degree() const { return static_cast<int>(recordOf(this).integer(kDegree)); }
-int AcDbSpline::numControlPoints() const { return static_cast<int>(places(recordOf(this), 10).size()); }
+int AcDbSpline::numControlPoints() const {
+  const std::size_t stored = places(recordOf(this), 10).size();
+  return static_cast<int>(stored > 0 ? stored : nurbsOf(*this).points.size());
+}
 int AcDbSpline::numFitPoints() const { return static_cast<int>(places(recordOf(this), 11).size()); }
 bool AcDbSpline::isRational() const { return recordOf(this).integer(kFlags) & kRational; }
 bool AcDbSpline::isClosed() const { return recordOf(this).integer(kFlags) & kClosed; }
 Acad::ErrorStatus AcDbSpline::getControlPointAt(int index, AcGePoint3d& p) const {
-  return pointAt(recordOf(this), 10, index, p);
+  if (!places(recordOf(this), 10).empty()) return pointAt(recordOf(this), 10, index, p);
+  const Nurbs data = nurbsOf(*this);  // of one that its file gives by the points it goes through
+  if (index < 0 || index >= static_cast<int>(data.points.size())) return Acad::eInvalidIndex;
+  p = data.points[static_cast<std::size_t>(index)];
+  return Acad::eOk;
 }
 Acad::ErrorStatus AcDbSpline::getFitPointAt(int index, AcGePoint3d& p) const {
   return pointAt(recordOf(this), 11, index, p);
 }
 Acad::ErrorStatus AcDbSpline::setControlPointAt(int index, const AcGePoint3d& p) {
-  const auto list = places(recordOf(this), 10);
-  if (index < 0 || index >= static_cast<int>(list.size())) return Acad::eInvalidIndex;
+  if (index < 0 || index >= numControlPoints()) return Acad::eInvalidIndex;
   Record* record = change(this);
   if (!record) return Acad::eNotOpenForWrite;
-  setPointAt(*record, list[static_cast<std::size_t>(index)], p);
+  // From here on the control points make the curve: it no longer goes through the points of its file.
+  if (places(*record, 10).empty()) setNurbs(*this, nurbsOf(*this));
+  setPointAt(*record, places(*record, 10)[static_cast<std::size_t>(index)], p);
   return Acad::eOk;
 }
 
