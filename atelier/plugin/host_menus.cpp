@@ -4,6 +4,7 @@
 #include "atelier/plugin/host_menus.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <utility>
 
@@ -23,6 +24,15 @@ std::wstring groupNamedIn(const std::string& path) {
       return toWide(isValidUtf8(name) ? name : CodePage::named("ANSI_1252").decode(name));
     }
   return {};
+}
+
+// A menu file that a plug-in made in the temporary folder to name a group has done its work once it is read.
+void removeTemporary(const std::filesystem::path& file) {
+  std::error_code error;
+  const auto folder = std::filesystem::temp_directory_path(error);
+  if (!error && file.extension() == ".mnu" && file.filename().string().starts_with("_TP") &&
+      std::filesystem::equivalent(file.parent_path(), folder, error))
+    std::filesystem::remove(file, error);
 }
 
 template <class List>
@@ -97,7 +107,9 @@ bool PopupMenus::RemoveMenuFromMenuBar(const ACHAR* name) {
 
 IAcadMenuGroup* HostMenus::Item(Adesk::Int32 index) { return at(groups_, index); }
 IAcadMenuGroup* HostMenus::Load(const ACHAR* path, Adesk::Int32) {
-  const std::wstring name = path ? groupNamedIn(toUtf8(path)) : std::wstring();
+  const std::string file = path ? toUtf8(path) : std::string();
+  const std::wstring name = groupNamedIn(file);
+  removeTemporary(file);
   if (name.empty()) return nullptr;
   for (MenuGroup& group : groups_)
     if (sameName(group.Name().kACharPtr(), name)) return &group;

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <filesystem>
 #include <fstream>
 #include <limits>
 #include <sstream>
@@ -130,7 +129,7 @@ struct lecteurLigne {
 };
 
 std::wstring lireTout(const std::wstring& chemin, bool& ouvert) {
-  std::ifstream fichier(std::filesystem::path(chemin), std::ios::binary);
+  std::ifstream fichier(nomDeFichier(chemin), std::ios::binary);
   ouvert = fichier.is_open();
   std::ostringstream octets;
   if (ouvert) octets << fichier.rdbuf();

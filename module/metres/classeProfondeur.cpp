@@ -4,8 +4,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <exception>
 
+#include "module/support/fichierConfig.h"
 #include "module/support/nombres.h"
 #include "module/support/reglages.h"
 
@@ -23,26 +23,6 @@ void rendrePositifs(reglageParClasse<double>& reglage) {
   for (auto& variable : reglage)
     if (variable.valeur < 0) variable.changer(std::abs(variable.valeur));
 }
-
-// Changes of many settings. A file that can't be written is the failure of the whole, once every setting has its value:
-// heights left at 0 would take classes from the list that the next loading makes.
-class changements {
- public:
-  template <class VARIABLE, class VALEUR>
-  void changer(VARIABLE& variable, VALEUR valeur) {
-    try {
-      variable.changer(valeur);
-    } catch (const std::exception&) {
-      m_echec = std::current_exception();
-    }
-  }
-  void conclure() const {
-    if (m_echec) std::rethrow_exception(m_echec);
-  }
-
- private:
-  std::exception_ptr m_echec;
-};
 
 bool estDans(const classesProfondeur& liste, std::ptrdiff_t index) {
   return index >= 0 && index < static_cast<std::ptrdiff_t>(liste.size());
@@ -118,15 +98,16 @@ void chargerClasses(classesProfondeur& liste) {
 
 void sauverClasses(const classesProfondeur& liste) {
   reglages& r = reglagesModule();
-  changements tous;
-  for (auto& hauteur : r.hauteursMin) tous.changer(hauteur, 0.0);
-  for (std::size_t i = 0; i < std::min(liste.size(), kNombreClassesProfondeur); ++i) {
-    tous.changer(r.hauteursMin[i], liste[i].fin);
-    tous.changer(r.largeurs[i], liste[i].largeur);
-    tous.changer(r.profondeursLit[i], liste[i].profLit);
-    tous.changer(r.couleurs[i], static_cast<std::uint8_t>(liste[i].couleur & kOctetCouleur));
+  // Together: a program that read the file in between would find classes without height.
+  ecritureGroupee ensemble;
+  for (std::size_t i = 0; i < kNombreClassesProfondeur; ++i) {
+    r.hauteursMin[i].changer(i < liste.size() ? liste[i].fin : 0.0);
+    if (i >= liste.size()) continue;
+    r.largeurs[i].changer(liste[i].largeur);
+    r.profondeursLit[i].changer(liste[i].profLit);
+    r.couleurs[i].changer(static_cast<std::uint8_t>(liste[i].couleur & kOctetCouleur));
   }
-  tous.conclure();
+  ensemble.conclure();
 }
 
 void insererClasse(classesProfondeur& liste, classeProfondeur& classe) {

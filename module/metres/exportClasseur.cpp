@@ -8,6 +8,7 @@
 
 #include "hote/dialogues.h"
 #include "module/metres/feuilleProfil.h"
+#include "module/support/lettres.h"
 
 namespace plv {
 
@@ -78,8 +79,7 @@ void exporterClasseur(const std::vector<poigneeProfil>& profils) {
   demande.extension = L"xlsx";
   demande.filter = L"Fichier resultat (*.xlsx)";
   demande.overwritePrompt = demande.pathMustExist = true;
-  if (const auto chemin = dialogues::chooseFile(demande))
-    ecrireClasseur(profils, boost::locale::conv::utf_to_utf<char>(*chemin));
+  if (const auto chemin = dialogues::chooseFile(demande)) ecrireClasseur(profils, nomDeFichier(*chemin));
 }
 
 }  // namespace plv

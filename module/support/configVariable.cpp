@@ -23,8 +23,7 @@ Static_ConfigVariable<T>::Static_ConfigVariable(const char* cleVariable, T defau
 template <class T>
 void Static_ConfigVariable<T>::enregistrer(T nouvelle) {
   fichierConfig& fichier = fichierConfig::unique();
-  fichier.arbre().put(this->cle, nouvelle);
-  fichier.setModifie(true);
+  fichier.poser(this->cle, nouvelle);
   fichier.sauver();
 }
 

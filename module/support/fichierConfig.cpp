@@ -3,7 +3,6 @@
 #include "module/support/fichierConfig.h"
 
 #include <algorithm>
-#include <boost/locale/encoding_utf.hpp>
 #include <boost/property_tree/ini_parser.hpp>
 #include <filesystem>
 #include <fstream>
@@ -12,6 +11,7 @@
 
 #include "hote/plateforme.h"
 #include "module/support/kitDivers.h"
+#include "module/support/lettres.h"
 
 namespace plv {
 
@@ -38,13 +38,17 @@ void lire(const std::string& chemin, boost::property_tree::ptree& arbre) try {
 } catch (const std::exception&) {}
 
 // Programs of a batch read the file while another one writes it: they find the former contents or the new ones, whole.
-// The file is opened first, so that one that can't be written is the library's failure.
-void remplacer(const std::string& chemin, const boost::property_tree::ptree& arbre) {
-  if (!std::ofstream(chemin, std::ios::app)) return write_ini(chemin, arbre);
-  const std::string nouveau = chemin + "." + std::to_string(std::random_device{}());
+// The file is opened first, so that one that can't be written is the library's failure. A link stays a link, and the file keeps
+// its permissions.
+void remplacer(const std::string& nom, const boost::property_tree::ptree& arbre) {
+  if (!std::ofstream(nom, std::ios::app)) return write_ini(nom, arbre);
   std::error_code refus;
+  const std::filesystem::path reel = std::filesystem::canonical(nom, refus);
+  const std::string chemin = refus ? nom : reel.string();
+  const std::string nouveau = chemin + "." + std::to_string(std::random_device{}());
   try {
     write_ini(nouveau, arbre);
+    std::filesystem::permissions(nouveau, std::filesystem::status(chemin).permissions(), refus);
     std::filesystem::rename(nouveau, chemin);
   } catch (const std::exception&) {  // a folder that takes no new file
     std::filesystem::remove(nouveau, refus);
@@ -59,7 +63,7 @@ std::string cheminFichier(const ACHAR* nom, const ACHAR* sousDossier) {
   if (sousDossier && *sousDossier) (chemin += kSeparateurDossier) += sousDossier;
   (chemin += kSeparateurDossier) += nom;
   chemin.resize(std::min(chemin.size(), kLongueurChemin - 1));
-  return boost::locale::conv::utf_to_utf<char>(chemin);
+  return nomDeFichier(chemin);
 }
 
 std::string cheminConfig() { return cheminFichier(L"config.ini"); }
@@ -72,13 +76,32 @@ fichierConfig& fichierConfig::unique() {
 
 fichierConfig::fichierConfig() { lire(cheminConfig(), m_arbre); }
 
+namespace {
+
+using arbreConfig = boost::property_tree::ptree;
+
+// What the file says now, with the changed keys and those that it hasn't from the tree; sections have one level.
+arbreConfig fusionner(const std::string& chemin, const arbreConfig& arbre, const std::set<std::string>& changees) {
+  arbreConfig fichier;
+  lire(chemin, fichier);
+  for (const auto& [section, reglages] : arbre)
+    for (const auto& [nom, valeur] : reglages) {
+      const std::string cle = section + '.' + nom;
+      if (changees.contains(cle) || !fichier.get_child_optional(cle)) fichier.put(cle, valeur.data());
+    }
+  return fichier;
+}
+
+}  // namespace
+
 void fichierConfig::sauver() {
-  if (!m_modifie) return;
+  if (m_groupes > 0 || m_changees.empty()) return;
   const std::string chemin = cheminConfig();
   std::error_code absent;  // a folder that can't be made shows when the file is opened
   std::filesystem::create_directories(std::filesystem::path(chemin).parent_path(), absent);
+  m_arbre = fusionner(chemin, m_arbre, m_changees);
   remplacer(chemin, m_arbre);
-  m_modifie = false;
+  m_changees.clear();
 }
 
 }  // namespace plv

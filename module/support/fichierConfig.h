@@ -3,6 +3,7 @@
 // https://www.boost.org/doc/libs/1_74_0/doc/html/property_tree/parsers.html
 #pragma once
 #include <boost/property_tree/ptree.hpp>
+#include <set>
 #include <string>
 
 #include "hote/adesk.h"
@@ -26,16 +27,45 @@ class fichierConfig {
   fichierConfig& operator=(const fichierConfig&) = delete;
 
   boost::property_tree::ptree& arbre() { return m_arbre; }
-  void setModifie(bool modifie) { m_modifie = modifie; }
-  // Writes the whole file when the tree was modified, making the installation folder when there is none. Throws
-  // boost::property_tree::ini_parser_error when the file can't be written; the tree then stays modified.
+  // Puts a value under its key; it is written by the next sauver().
+  template <class T>
+  void poser(const std::string& cle, T valeur) {
+    m_arbre.put(cle, valeur);
+    m_changees.insert(cle);
+  }
+  // Writes the keys that were put since the last writing, and those that the file hasn't; what another program has written under
+  // other keys meanwhile stays. Makes the installation folder when there is none. Throws
+  // boost::property_tree::ini_parser_error when the file can't be written; the keys are then written by the next call.
   void sauver();
 
  private:
+  friend class ecritureGroupee;
   fichierConfig();
   ~fichierConfig() = default;
   boost::property_tree::ptree m_arbre;
-  bool m_modifie = false;
+  std::set<std::string> m_changees;
+  int m_groupes = 0;
+};
+
+// While one lives sauver() waits; conclure() ends it with one writing of all.
+class ecritureGroupee {
+ public:
+  ecritureGroupee() { ++fichierConfig::unique().m_groupes; }
+  ~ecritureGroupee() { terminer(); }
+  ecritureGroupee(const ecritureGroupee&) = delete;
+  ecritureGroupee& operator=(const ecritureGroupee&) = delete;
+  // Throws as sauver() does.
+  void conclure() {
+    terminer();
+    fichierConfig::unique().sauver();
+  }
+
+ private:
+  void terminer() {
+    if (m_vit) --fichierConfig::unique().m_groupes;
+    m_vit = false;
+  }
+  bool m_vit = true;
 };
 
 }  // namespace plv

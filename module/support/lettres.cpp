@@ -98,4 +98,11 @@ std::string versAnsi(std::wstring_view texte) {
   return octets;
 }
 
+std::string nomDeFichier(std::wstring_view nom) {
+  return boost::locale::conv::utf_to_utf<char>(nom.data(), nom.data() + nom.size());
+}
+std::wstring depuisNomDeFichier(std::string_view nom) {
+  return boost::locale::conv::utf_to_utf<wchar_t>(nom.data(), nom.data() + nom.size());
+}
+
 }  // namespace plv

@@ -22,4 +22,8 @@ std::wstring depuisAnsi(std::string_view octets);
 // Windows-1252; a character that the page hasn't becomes "?".
 std::string versAnsi(std::wstring_view texte);
 
+// Names of files: UTF-8 here, whatever the locale.
+std::string nomDeFichier(std::wstring_view nom);
+std::wstring depuisNomDeFichier(std::string_view nom);
+
 }  // namespace plv

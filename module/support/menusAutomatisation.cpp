@@ -49,7 +49,7 @@ IAcadMenuGroup* chargerGroupe(IAcadMenuGroups& groupes, const std::wstring& nom)
     if (!fichier) return nullptr;
     std::fprintf(fichier.get(), "\n***MENUGROUP=%s\n", versAnsi(nom).c_str());
   }
-  return groupes.Load(chemin.wstring().c_str(), groupes.Count());
+  return groupes.Load(depuisNomDeFichier(chemin.string()).c_str(), groupes.Count());
 }
 
 bool trouverGroupe(bool creer, groupeTrouve& trouve) {

@@ -38,3 +38,11 @@
 ((not r) nil)
 (dit (setq r (plv-matrices p "<dossier>t.txt" T)) "101 points cotés.")
 ((not r) nil)
+
+(situation "DefinitionsInAFolderWithAccents")
+;; whatever the locale: the tests run in that of C
+(fichier "t.txt" "T - 6.0 4 Altitude TN\n")
+(preparer
+  (vl-mkdir "<dossier>Etude été")
+  (vl-file-copy "<dossier>t.txt" "<dossier>Etude été/définitions.txt"))
+((not (plv-matrices p "<dossier>Etude été/définitions.txt" nil)) nil)
