@@ -64,7 +64,7 @@ class AcDbLine : public AcDbCurve {
   AcGeVector3d normal() const;
   Acad::ErrorStatus getStartPoint(AcGePoint3d& point) const override;
   Acad::ErrorStatus getEndPoint(AcGePoint3d& point) const override;
-  Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+  Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
   Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
 };
 
@@ -102,7 +102,7 @@ class AcDbCircle : public AcDbCurve {
   Acad::ErrorStatus setRadius(double radius);
   bool isClosed() const override { return true; }
   Acad::ErrorStatus getArea(double& area) const override;
-  Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+  Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
   Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
 };
 
@@ -125,7 +125,7 @@ class AcDbArc : public AcDbCurve {
   Acad::ErrorStatus setEndAngle(double angle);
   Acad::ErrorStatus getStartPoint(AcGePoint3d& point) const override;
   Acad::ErrorStatus getEndPoint(AcGePoint3d& point) const override;
-  Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+  Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
   Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
 };
 
@@ -142,7 +142,7 @@ class AcDbEllipse : public AcDbCurve {
   double startParam() const;
   double endParam() const;
   bool isClosed() const override;
-  Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+  Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
   Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
 };
 
@@ -170,7 +170,7 @@ class AcDbSpline : public AcDbCurve {
   Acad::ErrorStatus getNurbsData(int& degree, bool& rational, bool& closed, bool& periodic,
                                  AcGePoint3dArray& controlPoints, AcGeDoubleArray& knots, AcGeDoubleArray& weights,
                                  double& controlPointTolerance, double& knotTolerance) const;
-  Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+  Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
   Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
 };
 
@@ -181,7 +181,7 @@ class AcDbPoint : public AcDbEntity {
   explicit AcDbPoint(const AcGePoint3d& position);
   AcGePoint3d position() const;
   Acad::ErrorStatus setPosition(const AcGePoint3d& position);
-  Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+  Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
   Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
 };
 
@@ -217,7 +217,7 @@ class AcDbText : public AcDbEntity {
   Acad::ErrorStatus setNormal(const AcGeVector3d& normal);
   // Recomputes the position of an aligned text from its alignment point and its measured width.
   Acad::ErrorStatus adjustAlignment(const AcDbDatabase* database = nullptr);
-  Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+  Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
   Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
 };
 
@@ -273,7 +273,7 @@ class AcDbMText : public AcDbEntity {
   Acad::ErrorStatus setRotation(double rotation);
   Acad::ErrorStatus setAttachment(int attachment);
   Acad::ErrorStatus setTextStyle(AcDbObjectId style);
-  Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+  Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
   Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
 };
 
@@ -312,7 +312,7 @@ class AcDbBlockReference : public AcDbEntity {
   Acad::ErrorStatus openAttribute(AcDbAttribute*& attribute, AcDbObjectId id, AcDb::OpenMode mode,
                                   bool openErased = false) const;
   AcDbObjectIterator* attributeIterator() const;
-  Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+  Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
   Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
   Acad::ErrorStatus explode(AcArray<AcRxObject*>& parts) const override;
 };
@@ -322,7 +322,7 @@ class AcDbSolid : public AcDbEntity {
   ACRX_DECLARE_MEMBERS(AcDbSolid)
   AcDbSolid();
   Acad::ErrorStatus getPointAt(int index, AcGePoint3d& point) const;  // 0 to 3, world coordinates
-  Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+  Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
   Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
 };
 
@@ -331,7 +331,7 @@ class AcDbFace : public AcDbEntity {
   ACRX_DECLARE_MEMBERS(AcDbFace)
   AcDbFace();
   Acad::ErrorStatus getVertexAt(int index, AcGePoint3d& point) const;  // 0 to 3
-  Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+  Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
   Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
 };
 
@@ -339,7 +339,7 @@ class AcDbDimension : public AcDbEntity {
  public:
   ACRX_DECLARE_MEMBERS(AcDbDimension)
   AcDbObjectId dimBlockId() const;
-  Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+  Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
 
  protected:
   friend class AcDbImpObject;
@@ -377,6 +377,6 @@ class AcDbHatch : public AcDbEntity {
   Acad::ErrorStatus appendLoop(Adesk::Int32 type, const AcGePoint2dArray& vertices, const AcGeDoubleArray& bulges);
   // eInvalidInput for a hatch without loops.
   Acad::ErrorStatus evaluateHatch(bool underestimateNumLines = false);
-  Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+  Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
   Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
 };

@@ -158,8 +158,11 @@ class AcDbEntity : public AcDbObject {
   Acad::ErrorStatus setPropertiesFrom(const AcDbEntity* source, bool doSubents = true);
   void setDatabaseDefaults(AcDbDatabase* database = nullptr);
 
-  // World coordinates. eInvalidExtents for an entity without geometry of its own.
-  virtual Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const;
+  // World coordinates. eInvalidExtents, with the extents as they were, for an entity without geometry of its own, and for one whose
+  // coordinates are no numbers.
+  Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const;
+  // What a class says of its geometry; asked through getGeomExtents.
+  virtual Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const;
   virtual Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix);
   // Appends the points where the two meet, in the order of this one. In space, or, with a plane, where they meet in
   // the projection along its normal: the points are then those of this entity. eNotApplicable unless both are curves.

@@ -39,7 +39,7 @@ class AcDbPolyline : public AcDbCurve {
   Acad::ErrorStatus getStartPoint(AcGePoint3d& point) const override;
   Acad::ErrorStatus getEndPoint(AcGePoint3d& point) const override;
   Acad::ErrorStatus getArea(double& area) const override;
-  Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+  Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
   Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
 };
 
@@ -73,7 +73,7 @@ class AcDb2dPolyline : public AcDbCurve {
   Acad::ErrorStatus openVertex(AcDbVertex*& vertex, AcDbObjectId id, AcDb::OpenMode mode,
                                bool openErased = false) const;
   Acad::ErrorStatus appendVertex(AcDbVertex* vertex);
-  Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+  Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
   Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
 };
 
@@ -87,6 +87,6 @@ class AcDb3dPolyline : public AcDbCurve {
   Acad::ErrorStatus openVertex(AcDbVertex*& vertex, AcDbObjectId id, AcDb::OpenMode mode,
                                bool openErased = false) const;
   Acad::ErrorStatus appendVertex(AcDbVertex* vertex);
-  Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const override;
+  Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const override;
   Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
 };

@@ -40,8 +40,7 @@ void SpaceIndex::measure(Entry& entry) const {
   AcDbExtents box;
   const bool boxed = entity->getGeomExtents(box) == Acad::eOk;
   entry.box = box;
-  // What has coordinates that are no numbers can't stand in a tree; the walk behind the query decides.
-  entry.state = boxed && isFinite(box.minPoint()) && isFinite(box.maxPoint()) ? State::boxed : State::boundless;
+  entry.state = boxed ? State::boxed : State::boundless;
 }
 
 void SpaceIndex::start() {

@@ -52,7 +52,7 @@ Acad::ErrorStatus AcDbLine::getEndPoint(AcGePoint3d& p) const {
   p = endPoint();
   return Acad::eOk;
 }
-Acad::ErrorStatus AcDbLine::getGeomExtents(AcDbExtents& extents) const {
+Acad::ErrorStatus AcDbLine::subGetGeomExtents(AcDbExtents& extents) const {
   extents = AcDbExtents();
   extents.addPoint(startPoint());
   extents.addPoint(endPoint());
@@ -125,7 +125,7 @@ Acad::ErrorStatus AcDbCircle::getArea(double& area) const {
   area = std::numbers::pi * radius() * radius();
   return Acad::eOk;
 }
-Acad::ErrorStatus AcDbCircle::getGeomExtents(AcDbExtents& extents) const {
+Acad::ErrorStatus AcDbCircle::subGetGeomExtents(AcDbExtents& extents) const {
   extents = circleExtents(this, 0, kTurn);
   return Acad::eOk;
 }
@@ -166,7 +166,7 @@ Acad::ErrorStatus AcDbArc::getEndPoint(AcGePoint3d& p) const {
   p = center() + plane * AcGeVector3d(radius() * std::cos(endAngle()), radius() * std::sin(endAngle()), 0);
   return Acad::eOk;
 }
-Acad::ErrorStatus AcDbArc::getGeomExtents(AcDbExtents& extents) const {
+Acad::ErrorStatus AcDbArc::subGetGeomExtents(AcDbExtents& extents) const {
   extents = circleExtents(this, startAngle(), startAngle() + totalAngle());
   return Acad::eOk;
 }
@@ -198,7 +198,7 @@ double AcDbEllipse::radiusRatio() const { return recordOf(this).real(kRatio); }
 double AcDbEllipse::startParam() const { return recordOf(this).real(kFrom); }
 double AcDbEllipse::endParam() const { return recordOf(this).real(kTo); }
 bool AcDbEllipse::isClosed() const { return std::abs(endParam() - startParam() - kTurn) < 1e-9; }
-Acad::ErrorStatus AcDbEllipse::getGeomExtents(AcDbExtents& extents) const {
+Acad::ErrorStatus AcDbEllipse::subGetGeomExtents(AcDbExtents& extents) const {
   const AcGeVector3d minor = normal().normal().crossProduct(majorAxis()) * radiusRatio();
   const double to = endParam() > startParam() ? endParam() : endParam() + kTurn;
   extents = ellipseExtents(center(), majorAxis(), minor, startParam(), to);

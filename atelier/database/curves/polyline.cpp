@@ -268,7 +268,7 @@ AcDbExtents atelier::bulgeExtents(const AcGePoint2d& from, const AcGePoint2d& to
   return box;
 }
 
-Acad::ErrorStatus AcDbPolyline::getGeomExtents(AcDbExtents& extents) const {
+Acad::ErrorStatus AcDbPolyline::subGetGeomExtents(AcDbExtents& extents) const {
   const auto& list = verticesOf(this).list;
   if (list.empty()) return Acad::eInvalidExtents;
   AcDbExtents box;

@@ -102,7 +102,7 @@ Acad::ErrorStatus AcDb2dPolyline::openVertex(AcDbVertex*& vertex, AcDbObjectId i
   return acdbOpenObject<AcDbVertex>(vertex, id, mode, openErased);
 }
 Acad::ErrorStatus AcDb2dPolyline::appendVertex(AcDbVertex* vertex) { return append(this, vertex); }
-Acad::ErrorStatus AcDb2dPolyline::getGeomExtents(AcDbExtents& extents) const {
+Acad::ErrorStatus AcDb2dPolyline::subGetGeomExtents(AcDbExtents& extents) const {
   AcDbExtents box;
   std::optional<AcGePoint2d> first, before;
   double bulge = 0;
@@ -154,7 +154,7 @@ Acad::ErrorStatus AcDb3dPolyline::appendVertex(AcDbVertex* vertex) {
   putInSpace(AcDbImpObject::of(vertex).record, "AcDb2dVertex", "AcDb3dPolylineVertex", 32);
   return append(this, vertex);
 }
-Acad::ErrorStatus AcDb3dPolyline::getGeomExtents(AcDbExtents& extents) const {
+Acad::ErrorStatus AcDb3dPolyline::subGetGeomExtents(AcDbExtents& extents) const {
   AcDbExtents box;
   eachVertex(this, AcDb::kForRead, [&](const AcDbVertex& v) { box.addPoint(v.position()); });
   return given(box, extents);

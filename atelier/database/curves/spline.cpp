@@ -244,7 +244,7 @@ Acad::ErrorStatus AcDbSpline::getNurbsData(int& order, bool& rational, bool& clo
   return controlPoints.isEmpty() ? Acad::eDegenerateGeometry : Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbSpline::getGeomExtents(AcDbExtents& extents) const {
+Acad::ErrorStatus AcDbSpline::subGetGeomExtents(AcDbExtents& extents) const {
   if (const auto curve = curveOf(*this)) {
     Box box;
     for (const Piece& piece : curve->pieces())

@@ -186,7 +186,7 @@ AcDbObjectIterator* AcDbBlockReference::attributeIterator() const {
   return new AcDbObjectIterator(ids);
 }
 
-Acad::ErrorStatus AcDbBlockReference::getGeomExtents(AcDbExtents& extents) const {
+Acad::ErrorStatus AcDbBlockReference::subGetGeomExtents(AcDbExtents& extents) const {
   // Open, so that a large block's content doesn't push the reference itself out of memory.
   const AcDbObjectPointer<AcDbBlockReference> held(objectId());
   AcDbExtents box = shownExtents(*this);

@@ -128,7 +128,17 @@ void AcDbEntity::setDatabaseDefaults(AcDbDatabase* database) {
     imp.setText(kLinetype, type);
 }
 
-Acad::ErrorStatus AcDbEntity::getGeomExtents(AcDbExtents&) const { return Acad::eInvalidExtents; }
+Acad::ErrorStatus AcDbEntity::getGeomExtents(AcDbExtents& extents) const {
+  AcDbExtents box;
+  if (const Acad::ErrorStatus status = subGetGeomExtents(box); status != Acad::eOk) return status;
+  const AcGePoint3d &low = box.minPoint(), &high = box.maxPoint();
+  const bool ordered = low.x <= high.x && low.y <= high.y && low.z <= high.z;  // false where one is no number
+  if (!ordered || !std::isfinite(low.x + low.y + low.z) || !std::isfinite(high.x + high.y + high.z))
+    return Acad::eInvalidExtents;
+  extents = box;
+  return Acad::eOk;
+}
+Acad::ErrorStatus AcDbEntity::subGetGeomExtents(AcDbExtents&) const { return Acad::eInvalidExtents; }
 Acad::ErrorStatus AcDbEntity::transformBy(const AcGeMatrix3d&) { return Acad::eNotApplicable; }
 Acad::ErrorStatus AcDbEntity::intersectWith(const AcDbEntity*, AcDb::Intersect, AcGePoint3dArray&, Adesk::GsMarker,
                                             Adesk::GsMarker) const {

@@ -54,7 +54,7 @@ AcDbPoint::AcDbPoint() { initRecord(*this, "POINT"); }
 AcDbPoint::AcDbPoint(const AcGePoint3d& position) : AcDbPoint() { setPosition(position); }
 AcGePoint3d AcDbPoint::position() const { return recordOf(this).point(kPosition); }
 Acad::ErrorStatus AcDbPoint::setPosition(const AcGePoint3d& p) { return impOf(this).setPoint(kPosition, p); }
-Acad::ErrorStatus AcDbPoint::getGeomExtents(AcDbExtents& extents) const { return extents.set(position(), position()); }
+Acad::ErrorStatus AcDbPoint::subGetGeomExtents(AcDbExtents& extents) const { return extents.set(position(), position()); }
 Acad::ErrorStatus AcDbPoint::transformBy(const AcGeMatrix3d& m) { return setPosition(m * position()); }
 
 AcDbSolid::AcDbSolid() { initRecord(*this, "SOLID"); }
@@ -63,7 +63,7 @@ Acad::ErrorStatus AcDbSolid::getPointAt(int index, AcGePoint3d& point) const {
   point = toWorld(corner(this, "AcDbTrace", index), normalOf(recordOf(this), "AcDbTrace"));
   return Acad::eOk;
 }
-Acad::ErrorStatus AcDbSolid::getGeomExtents(AcDbExtents& extents) const {
+Acad::ErrorStatus AcDbSolid::subGetGeomExtents(AcDbExtents& extents) const {
   extents = AcDbExtents();
   for (int i = 0; i < 4; ++i) {
     AcGePoint3d p;
@@ -80,7 +80,7 @@ Acad::ErrorStatus AcDbFace::getVertexAt(int index, AcGePoint3d& point) const {
   point = corner(this, "AcDbFace", index);
   return Acad::eOk;
 }
-Acad::ErrorStatus AcDbFace::getGeomExtents(AcDbExtents& extents) const {
+Acad::ErrorStatus AcDbFace::subGetGeomExtents(AcDbExtents& extents) const {
   extents = AcDbExtents();
   for (int i = 0; i < 4; ++i) extents.addPoint(corner(this, "AcDbFace", i));
   return Acad::eOk;
@@ -93,7 +93,7 @@ AcDbObjectId AcDbDimension::dimBlockId() const {
   return db ? idOf(db->tableRecord("BLOCK_RECORD", recordOf(this).text(textField("AcDbDimension", 2))))
             : AcDbObjectId();
 }
-Acad::ErrorStatus AcDbDimension::getGeomExtents(AcDbExtents& extents) const {
+Acad::ErrorStatus AcDbDimension::subGetGeomExtents(AcDbExtents& extents) const {
   const AcDbExtents box = blockExtents(dimBlockId());
   if (box.isEmpty()) return Acad::eInvalidExtents;
   extents = box;
@@ -120,7 +120,7 @@ std::pair<std::size_t, std::size_t> boundaries(const Record& record) {
 
 }  // namespace
 
-Acad::ErrorStatus AcDbHatch::getGeomExtents(AcDbExtents& extents) const {
+Acad::ErrorStatus AcDbHatch::subGetGeomExtents(AcDbExtents& extents) const {
   const Record& record = recordOf(this);
   const AcGeVector3d normal = normalOf(record, "AcDbHatch");
   AcDbExtents box;
@@ -228,7 +228,7 @@ Acad::ErrorStatus AcDbMText::setTextStyle(AcDbObjectId style) {
   AcDbStub* stub = style;
   return stub ? impOf(this).setText(kMStyle, stub->database->recordName(*stub)) : Acad::eNullObjectId;
 }
-Acad::ErrorStatus AcDbMText::getGeomExtents(AcDbExtents& extents) const {
+Acad::ErrorStatus AcDbMText::subGetGeomExtents(AcDbExtents& extents) const {
   const fonts::Box ink = paragraphInk(*this);
   if (ink.empty()) return Acad::eInvalidExtents;
   const AcGeMatrix3d frame = AcGeMatrix3d::translation(location().asVector()) *

@@ -117,7 +117,7 @@ Acad::ErrorStatus AcDbText::adjustAlignment(const AcDbDatabase*) {
   return imp.setPoint(kPosition, AcGePoint3d(anchor.x - offset.x, anchor.y - offset.y, anchor.z));
 }
 
-Acad::ErrorStatus AcDbText::getGeomExtents(AcDbExtents& extents) const {
+Acad::ErrorStatus AcDbText::subGetGeomExtents(AcDbExtents& extents) const {
   const MeasuredText measured(*this);
   if (measured.isEmpty()) return Acad::eInvalidExtents;
   AcGePoint3d origin = recordOf(this).point(kPosition);
