@@ -89,21 +89,24 @@ class Run {
     const std::string& file = action.argument;
     if (upperCase(std::filesystem::path(file).extension().string()) != ".DXF")
       throw FileError(file, 0, "les dessins s'enregistrent en .dxf");
-    if (!action.release.empty() && dxf::acadVersion(action.release).empty()) {
-      complain("version de dessin inconnue: " + action.release);
+    const std::string& release = action.settings.release;
+    if (!release.empty() && dxf::acadVersion(release).empty()) {
+      complain("version de dessin inconnue: " + release);
       return false;
     }
-    for (const std::string& lost : document_.saveAs(file, action.release, options_.binary)) complain(lost);
+    for (const std::string& lost : document_.saveAs(file, release, options_.binary)) complain(lost);
     if (!options_.quiet) std::fprintf(stderr, "kavel: dessin enregistre: %s\n", file.c_str());
     return true;
   }
 
   bool plot(const Action& action) {
+    const Settings& asked = action.settings;
     render::PlotOptions plotOptions;
     try {
-      if (!action.scale.empty()) plotOptions.page.scale = render::parseScale(action.scale);
-      if (!action.paper.empty()) plotOptions.page.paper = render::parsePaper(action.paper);
-      if (!action.window.empty()) plotOptions.page.window = render::parseWindow(action.window);
+      if (!asked.scale.empty()) plotOptions.page.scale = render::parseScale(asked.scale);
+      if (!asked.paper.empty()) plotOptions.page.paper = render::parsePaper(asked.paper);
+      if (!asked.window.empty()) plotOptions.page.window = render::parseWindow(asked.window);
+      if (!asked.dpi.empty()) plotOptions.dpi = render::parseDpi(asked.dpi);
     } catch (const render::PlotError& error) {
       complain(error.what());
       return false;

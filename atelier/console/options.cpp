@@ -1,9 +1,12 @@
-// Reading the command line with CLI11.
-// CLI11 sorts by option; the order of actions is taken from its list of parsed options.
+// The options of the command line as one table, and reading it with CLI11.
+// To add an option: a row here, and the member or the action that it touches.
 #include "atelier/console/options.h"
 
 #include <CLI/CLI.hpp>
+#include <array>
 #include <map>
+#include <span>
+#include <variant>
 
 namespace atelier::console {
 namespace {
@@ -14,16 +17,107 @@ constexpr const char* kDescription =
 constexpr const char* kFooter =
     "exit status: 0 done; 1 a LISP error or a failed command; 2 bad usage; 3 a file could not be read or written";
 
-const std::map<std::string, ActionKind> kActions = {{"--load", ActionKind::load},     {"--eval", ActionKind::eval},
-                                                    {"--script", ActionKind::script}, {"--save", ActionKind::save},
-                                                    {"--plot", ActionKind::plot},     {"--audit", ActionKind::audit},
-                                                    {"--list", ActionKind::list}};
+// What an option does. A setting holds for the actions after it, or for all when none of it stood before.
+using Setting = std::string Settings::*;
+struct Flag {
+  bool Options::*member;
+  bool value = true;
+};
+// The values stand in the argument, in the order of their type.
+struct Choice {
+  Progress Options::*member;
+};
+
+struct Row {
+  const char* names;     // as CLI11 takes them, the long one last
+  const char* argument;  // empty: none
+  const char* help;
+  std::variant<ActionKind, Setting, Flag, Choice> effect;
+
+  std::string_view longName() const { return std::string_view(names).substr(std::string_view(names).rfind("--") + 2); }
+};
+
+// In the order of --help. The manual page names the same options; a test compares the two.
+constexpr Row kRows[] = {
+    {"-l,--load", "FILE.lsp", "load an AutoLISP file", ActionKind::load},
+    {"-e,--eval", "EXPR", "evaluate, print the value as prin1 would", ActionKind::eval},
+    {"-s,--script", "FILE", "feed the lines of FILE ('-' for stdin) to the command line", ActionKind::script},
+    {"-o,--save", "FILE.dxf", "save the drawing there (nothing is written unless asked)", ActionKind::save},
+    {"--plot", "FILE", "plot to a .pdf, .svg or .png file", ActionKind::plot},
+    {"--scale", "SCALE", "scale of the plots after it: 1:200, or fit", &Settings::scale},
+    {"--paper", "SHEET", "sheet of the plots after it: A4 to A0", &Settings::paper},
+    {"--window", "BOX", "what the plots after it show: x1,y1,x2,y2", &Settings::window},
+    {"--dpi", "N", "resolution of the .png plots after it: 10 to 2400, 150 without it", &Settings::dpi},
+    {"--release", "RELEASE", "version of the saves after it: R12, R2000, R2004, R2007, R2010, R2013, R2018",
+     &Settings::release},
+    {"--binary", "", "saves are binary DXF", Flag{&Options::binary}},
+    {"--recover", "", "open what can be opened of a damaged drawing, and say what was left out",
+     Flag{&Options::recover}},
+    {"--overwrite", "", "with --recover: the damaged file may be saved over", Flag{&Options::overwrite}},
+    {"--audit", "", "check the drawing, print findings with their codes", ActionKind::audit},
+    {"--fix", "", "with --audit: repair what can be repaired", Flag{&Options::fix}},
+    {"--list", "", "entities by type, layers, profiles, in short", ActionKind::list},
+    {"--no-frontal", "", "do not load the front-end", Flag{&Options::frontal, false}},
+    {"--quiet", "", "print results and errors only", Flag{&Options::quiet}},
+    {"--progress", "auto|never|json", "progress of long work", Choice{&Options::progress}},
+};
+
+// "auto|never|json" as the values of the type, from the first on.
+std::map<std::string, Progress> choices(const char* argument) {
+  std::map<std::string, Progress> values;
+  int value = 0;
+  for (const std::string& name : CLI::detail::split(argument, '|')) values[name] = static_cast<Progress>(value++);
+  return values;
+}
+
+struct Given {
+  std::vector<std::string> values;  // one for each time the option is given
+  std::size_t taken = 0;
+  bool on = false;  // of an option without values: unless it is given as --option=false
+};
+
+CLI::Option* declare(CLI::App& app, const Row& row, Options& options, Given& given) {
+  if (const auto* choice = std::get_if<Choice>(&row.effect))
+    return app.add_option(row.names, options.*choice->member, row.help)
+        ->transform(CLI::CheckedTransformer(choices(row.argument)))
+        ->type_name(row.argument);
+  if (!*row.argument) return app.add_flag(row.names, given.on, row.help);
+  return app.add_option(row.names, given.values, row.help)
+      ->type_name(row.argument)
+      ->allow_extra_args(false)
+      ->take_all();
+}
+
+// The actions as they were given. CLI11 sorts by option; each occurrence comes once in its list, and its values are taken
+// one by one.
+void keepOrder(const CLI::App& app, const std::map<const CLI::Option*, std::size_t>& rowOf, std::span<Given> given,
+               std::vector<Action>& actions) {
+  Settings current;
+  for (const CLI::Option* option : app.parse_order()) {
+    const auto row = rowOf.find(option);
+    if (row == rowOf.end()) continue;  // the drawing
+    Given& of = given[row->second];
+    const std::string value = of.values.empty() ? std::string() : of.values.at(of.taken++);
+    const auto& effect = kRows[row->second].effect;
+    if (const auto* kind = std::get_if<ActionKind>(&effect)) actions.push_back({*kind, value, current});
+    if (const auto* setting = std::get_if<Setting>(&effect)) current.*(*setting) = value;
+  }
+}
+
+// What does not hang on the order: flags, and settings for the actions that stand before all of them.
+void settle(const Row& row, const Given& given, Options& options) {
+  if (const auto* flag = std::get_if<Flag>(&row.effect); flag && given.on) options.*flag->member = flag->value;
+  const auto* setting = std::get_if<Setting>(&row.effect);
+  if (!setting || given.values.empty()) return;
+  for (Action& action : options.actions)
+    if ((action.settings.*(*setting)).empty()) action.settings.*(*setting) = given.values.front();
+}
 
 }  // namespace
 
 std::string_view actionName(ActionKind kind) {
-  for (const auto& [name, known] : kActions)
-    if (known == kind) return std::string_view(name).substr(2);
+  for (const Row& row : kRows)
+    if (const auto* known = std::get_if<ActionKind>(&row.effect); known && *known == kind) return row.longName();
   return {};
 }
 
@@ -31,35 +125,10 @@ std::optional<Options> parseOptions(int argc, char** argv, int& status) {
   CLI::App app(kDescription, "kavel");
   app.footer(kFooter);
   Options options;
-  std::vector<std::string> loads, evals, scripts, saves, plots, scales, papers, windows, releases;
-  bool audit = false, list = false, noFrontal = false;
-  const auto many = [&](const char* names, std::vector<std::string>& values, const char* help, const char* type) {
-    // One value each time the option is given.
-    return app.add_option(names, values, help)->type_name(type)->allow_extra_args(false)->take_all();
-  };
   app.add_option("drawing", options.drawing, "the drawing to open; a new one without it")->type_name("DRAWING.dxf");
-  many("-l,--load", loads, "load an AutoLISP file", "FILE.lsp");
-  many("-e,--eval", evals, "evaluate, print the value as prin1 would", "EXPR");
-  many("-s,--script", scripts, "feed the lines of FILE ('-' for stdin) to the command line", "FILE");
-  many("-o,--save", saves, "save the drawing there (nothing is written unless asked)", "FILE.dxf");
-  many("--plot", plots, "plot to a .pdf, .svg or .png file", "FILE");
-  many("--scale", scales, "scale of the plots behind it: 1:200, or fit", "SCALE");
-  many("--paper", papers, "sheet of the plots behind it: A4 to A0", "SHEET");
-  many("--window", windows, "what the plots behind it show: x1,y1,x2,y2", "BOX");
-  many("--release", releases, "version of the saves behind it: R12, R2000, R2004, R2007, R2010, R2013, R2018",
-       "RELEASE");
-  app.add_flag("--binary", options.binary, "saves are binary DXF");
-  app.add_flag("--recover", options.recover, "open what can be opened of a damaged drawing, and say what was left out");
-  app.add_flag("--overwrite", options.overwrite, "with --recover: the damaged file may be saved over");
-  app.add_flag("--audit", audit, "check the drawing, print findings with their codes");
-  app.add_flag("--fix", options.fix, "with --audit: repair what can be repaired");
-  app.add_flag("--list", list, "entities by type, layers, profiles, in short");
-  app.add_flag("--no-frontal", noFrontal, "do not load the front-end");
-  app.add_flag("--quiet", options.quiet, "print results and errors only");
-  app.add_option("--progress", options.progress, "progress of long work")
-      ->transform(CLI::CheckedTransformer(std::map<std::string, Progress>{
-          {"auto", Progress::automatic}, {"never", Progress::never}, {"json", Progress::json}}))
-      ->type_name("auto|never|json");
+  std::array<Given, std::size(kRows)> given;
+  std::map<const CLI::Option*, std::size_t> rowOf;
+  for (std::size_t i = 0; i < given.size(); ++i) rowOf[declare(app, kRows[i], options, given[i])] = i;
   app.set_version_flag("--version", "kavel " KAVEL_VERSION);
   try {
     app.parse(argc, argv);
@@ -67,32 +136,8 @@ std::optional<Options> parseOptions(int argc, char** argv, int& status) {
     status = app.exit(error) == 0 ? 0 : 2;
     return std::nullopt;
   }
-  options.frontal = !noFrontal;
-  // Each occurrence of an option comes once in this list; its values are taken one by one.
-  std::map<std::string, std::size_t> taken;
-  const std::map<std::string, std::vector<std::string>*> values = {
-      {"--load", &loads},   {"--eval", &evals},   {"--script", &scripts}, {"--save", &saves},      {"--plot", &plots},
-      {"--scale", &scales}, {"--paper", &papers}, {"--window", &windows}, {"--release", &releases}};
-  std::string scale, paper, window, release;
-  for (const CLI::Option* option : app.parse_order()) {
-    if (option->get_lnames().empty()) continue;  // the drawing
-    const std::string name = "--" + option->get_lnames().front();
-    const auto value = values.find(name);
-    const std::string text = value == values.end() ? std::string() : value->second->at(taken[name]++);
-    if (name == "--scale") scale = text;
-    else if (name == "--paper") paper = text;
-    else if (name == "--window") window = text;
-    else if (name == "--release") release = text;
-    const auto action = kActions.find(name);
-    if (action != kActions.end()) options.actions.push_back({action->second, text, scale, paper, window, release});
-  }
-  // Options of a plot or a save may also stand behind it: then they hold when nothing stood before.
-  for (Action& action : options.actions) {
-    if (action.scale.empty() && !scales.empty()) action.scale = scales.front();
-    if (action.paper.empty() && !papers.empty()) action.paper = papers.front();
-    if (action.release.empty() && !releases.empty()) action.release = releases.front();
-    if (action.window.empty() && !windows.empty()) action.window = windows.front();
-  }
+  keepOrder(app, rowOf, given, options.actions);
+  for (std::size_t i = 0; i < given.size(); ++i) settle(kRows[i], given[i], options);
   return options;
 }
 

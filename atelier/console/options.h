@@ -1,5 +1,5 @@
 // The command line of the headless program.
-// Actions are kept in the order in which they were given; options of plots hold for the plots behind them.
+// Actions are kept in the order in which they were given; options of plots hold for the plots after them.
 #pragma once
 #include <optional>
 #include <string>
@@ -10,12 +10,16 @@ namespace atelier::console {
 
 enum class ActionKind { load, eval, script, save, plot, audit, list };
 
+// What plots and saves follow, as typed; empty where it was not given.
+struct Settings {
+  std::string scale, paper, window, dpi;  // of plots
+  std::string release;                    // of saves; empty: the drawing's own
+};
+
 struct Action {
   ActionKind kind;
   std::string argument;  // file or expression
-  // of a plot, as typed
-  std::string scale, paper, window;
-  std::string release;  // of a save; empty: the drawing's own
+  Settings settings;
 };
 
 // The name of its option: "load", "save" ...

@@ -161,6 +161,14 @@ Box parseWindow(std::string_view text) {
   return box;
 }
 
+double parseDpi(std::string_view text) {
+  const auto value = readNumber(text);
+  if (!value || *value < kLeastDpi || *value > kMostDpi)
+    throw PlotError("résolution \"" + std::string(text) + "\" : attendu de " + number(kLeastDpi) + " à " +
+                    number(kMostDpi) + " points par pouce");
+  return *value;
+}
+
 Page layOutPage(const Box& drawn, const PlotRequest& request) {
   const Box content = request.window.value_or(drawn);
   Page page;

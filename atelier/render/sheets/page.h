@@ -17,6 +17,8 @@ struct Paper {
   double shortMm, longMm;
 };
 
+constexpr double kLeastDpi = 10, kMostDpi = 2400;
+
 struct PlotRequest {
   std::optional<double> scale;  // denominator of 1:n; none: fitted to the sheet
   std::optional<Paper> paper;   // none: the smallest sheet that holds the drawing at the scale, A4 when fitted
@@ -34,12 +36,14 @@ struct Page {
   std::vector<std::string> warnings;  // French
 };
 
-// "1:200", "1/200", "200" or "fit" (none). Throws PlotError otherwise, as the three below.
+// "1:200", "1/200", "200" or "fit" (none). Throws PlotError otherwise, as those below.
 std::optional<double> parseScale(std::string_view text);
 // "A4" to "A0", letter case ignored.
 Paper parsePaper(std::string_view text);
 // "x1,y1,x2,y2", any two opposite corners, drawing units; not of zero width or height.
 Box parseWindow(std::string_view text);
+// Points per inch of a picture, within the limits.
+double parseDpi(std::string_view text);
 
 // Landscape when the content is wider than high. Content goes to the middle of the sheet. A drawing that does
 // not fit a sheet that was asked for is centred and cut at the margins, with a warning that names a scale and

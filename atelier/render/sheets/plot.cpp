@@ -69,7 +69,8 @@ void svg(const DisplayList& list, const Page& page, AtomicFile& out, const std::
 }
 
 void picture(double dpi, const DisplayList& list, const Page& page, AtomicFile& out, const std::string& file) {
-  if (!(dpi >= 10 && dpi <= 2400)) throw PlotError("résolution hors limites : attendu de 10 à 2400 points par pouce");
+  if (!(dpi >= kLeastDpi && dpi <= kMostDpi))
+    throw PlotError("résolution hors limites : attendu de 10 à 2400 points par pouce");
   const double perMm = dpi / 25.4, width = std::round(page.widthMm * perMm), height = std::round(page.heightMm * perMm);
   if (std::max(width, height) > greatestSide || width * height > greatestPicture)
     throw PlotError(file + " : image trop grande, baissez la résolution ou choisissez .pdf ou .svg");

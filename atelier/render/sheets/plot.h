@@ -11,7 +11,7 @@ namespace atelier::render {
 
 struct PlotOptions {
   PlotRequest page;
-  double dpi = 150;  // of a PNG; 10 to 2400
+  double dpi = 150;  // of a PNG; kLeastDpi to kMostDpi
 };
 
 // The kind follows the extension of the file: .pdf .svg .png, letter case ignored. Gives the warnings of the
