@@ -76,6 +76,51 @@ TEST(SceneHatch, SolidAreasOfEveryBoundary) {
   }
 }
 
+// The ends are those that python3-ezdxf and GDAL read from the same groups: for the first row the direction 30 of an ellipse
+// twice as wide as high is the parameter atan(2 tan 30) = 49.107, the point 10 + 4 cos, 20 + 2 sin of it.
+TEST(SceneHatch, PartialEllipticEdgesRunBetweenDirections) {
+  const struct {
+    const char* edge;
+    Pt from, to, low, high;
+  } rows[] = {
+      {"11=4 21=0 40=0.5 50=30 51=140 73=1",
+       {12.618615, 21.511858},
+       {7.952444, 21.718103},
+       {7.952444, 21.511858},
+       {12.618615, 22}},
+      {"11=4 21=0 40=0.5 50=30 51=140 73=0",
+       {12.618615, 18.488142},
+       {7.952444, 18.281897},
+       {7.952444, 18},
+       {12.618615, 18.488142}},
+      {"11=4 21=0 40=0.25 50=20 51=250 73=0",
+       {12.264703, 19.175715},
+       {9.637527, 20.995886},
+       {6, 19},
+       {12.264703, 20.995886}},
+      {"11=3 21=3 40=0.4 50=15 51=110 73=1",
+       {11.824605, 23.160308},
+       {8.380311, 20.755273},
+       {8.380311, 20.755273},
+       {11.824605, 23.160308}},
+      {"11=4 21=0 40=0.5 50=30 51=390 73=1", {12.618615, 21.511858}, {12.618615, 21.511858}, {6, 18}, {14, 22}},
+  };
+  for (const auto& row : rows) {
+    const DisplayList list =
+        sceneOf({.entities = {solid(1, std::string("92=1 93=1 72=3 10=10 20=20 ") + row.edge + " 97=0")}});
+    const auto fills = shapes<Fill>(list);
+    ASSERT_EQ(fills.size(), 1u) << row.edge;
+    const Path& path = fills[0]->path;
+    const Box box = clipFill(path, {0, 0, 100, 100}, 1e-7).bounds();
+    for (const auto& [seen, wanted] :
+         {std::pair(path.points().front(), row.from), std::pair(path.points().back(), row.to),
+          std::pair(Pt{box.xMin, box.yMin}, row.low), std::pair(Pt{box.xMax, box.yMax}, row.high)}) {
+      EXPECT_NEAR(seen.x, wanted.x, 2e-6) << row.edge;
+      EXPECT_NEAR(seen.y, wanted.y, 2e-6) << row.edge;
+    }
+  }
+}
+
 std::string pattern(const std::string& line) {
   return head + "2=P 70=0 71=0 91=2 " + square(0, 0, 10, 1) + ' ' + square(2, 2, 6, 16) +
          " 75=0 76=1 52=0 41=1 77=0 78=1 " + line;

@@ -1,4 +1,4 @@
-// Points, solids, faces, hatches, dimensions and multi-line texts: what the module and the plots need of
+// Points, solids, faces, dimensions and multi-line texts: what the module and the plots need of
 // them. What they store beyond these fields stays in their records.
 #include <algorithm>
 #include <cmath>
@@ -98,80 +98,6 @@ Acad::ErrorStatus AcDbDimension::subGetGeomExtents(AcDbExtents& extents) const {
   if (box.isEmpty()) return Acad::eInvalidExtents;
   extents = box;
   return Acad::eOk;
-}
-
-AcDbHatch::AcDbHatch() { initRecord(*this, "HATCH"); }
-AcString AcDbHatch::patternName() const { return toWide(recordOf(this).text(textField("AcDbHatch", 2))); }
-bool AcDbHatch::isSolidFill() const { return recordOf(this).integer(integerField("AcDbHatch", 70)) != 0; }
-double AcDbHatch::elevation() const { return recordOf(this).point(pointField("AcDbHatch", 10)).z; }
-int AcDbHatch::numLoops() const { return static_cast<int>(recordOf(this).integer(integerField("AcDbHatch", 91))); }
-
-namespace {
-
-// Boundary points lie between the count of loops (91) and the hatch style (75); the codes there are 10/20 and 11/21.
-std::pair<std::size_t, std::size_t> boundaries(const Record& record) {
-  auto [begin, end] = record.section("AcDbHatch");
-  if (begin == Record::npos) return {0, 0};
-  while (begin < end && record.groups[begin].code() != 91) ++begin;
-  std::size_t last = begin;
-  while (last < end && record.groups[last].code() != 75) ++last;
-  return {begin, last};
-}
-
-}  // namespace
-
-Acad::ErrorStatus AcDbHatch::subGetGeomExtents(AcDbExtents& extents) const {
-  const Record& record = recordOf(this);
-  const AcGeVector3d normal = normalOf(record, "AcDbHatch");
-  AcDbExtents box;
-  const auto [begin, end] = boundaries(record);
-  for (std::size_t i = begin; i + 1 < end; ++i) {
-    const int code = record.groups[i].code();
-    if ((code != 10 && code != 11) || record.groups[i + 1].code() != code + 10) continue;
-    const AcGePoint3d p(record.groups[i].real(), record.groups[i + 1].real(), elevation());
-    box.addPoint(toWorld(p, normal));
-    // A circular edge: its centre is followed by its radius.
-    if (code == 10 && i + 2 < end && record.groups[i + 2].code() == 40) {
-      const double r = record.groups[i + 2].real();
-      box.addPoint(toWorld(p + AcGeVector3d(r, r, 0), normal));
-      box.addPoint(toWorld(p - AcGeVector3d(r, r, 0), normal));
-    }
-  }
-  if (box.isEmpty()) return Acad::eInvalidExtents;
-  extents = box;
-  return Acad::eOk;
-}
-
-Acad::ErrorStatus AcDbHatch::transformBy(const AcGeMatrix3d& m) {
-  AcDbImpObject& imp = impOf(this);
-  Record* record = imp.writable();
-  if (!record) return Acad::eNotOpenForWrite;
-  const AcGeVector3d before = normalOf(*record, "AcDbHatch");
-  const PlaneChange plane(m, before);
-  const double height = elevation();
-  double newHeight = height;
-  const auto [begin, end] = boundaries(*record);
-  const auto replace = [&](std::size_t i, double value) {
-    record->groups[i] = Group::real(record->groups[i].code(), value);
-  };
-  for (std::size_t i = begin; i < end; ++i) {
-    const int code = record->groups[i].code();
-    if ((code == 10 || code == 11) && i + 1 < end && record->groups[i + 1].code() == code + 10) {
-      const AcGePoint3d p(record->groups[i].real(), record->groups[i + 1].real(), height);
-      const AcGePoint3d moved = toPlane(m * toWorld(p, before), plane.normal);
-      replace(i, moved.x);
-      replace(++i, moved.y);
-      newHeight = moved.z;
-    } else if (code == 40) {
-      replace(i, record->groups[i].real() * plane.scale);
-    } else if (code == 42 && plane.mirrored) {
-      replace(i, -record->groups[i].real());
-    } else if ((code == 50 || code == 51) && !plane.mirrored) {
-      replace(i, record->groups[i].real() + plane.turn * 180 / std::numbers::pi);
-    }
-  }
-  imp.setPoint(pointField("AcDbHatch", 10), AcGePoint3d(0, 0, newHeight));
-  return imp.setPoint(normalField("AcDbHatch"), AcGePoint3d() + plane.normal);
 }
 
 AcDbMText::AcDbMText() { initRecord(*this, "MTEXT"); }
