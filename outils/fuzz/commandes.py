@@ -6,13 +6,13 @@ an error stays in the current folder; the exit status is then 1.
 """
 import pathlib
 import random
+import re
 import subprocess
 import sys
 import tempfile
 
-COMMANDS = """LINE PLINE CIRCLE ARC SPLINE BREAK TRIM EXTEND OFFSET FILLET CHAMFER PEDIT ERASE MOVE COPY ROTATE SCALE MIRROR
-EXPLODE TEXT MTEXT -STYLE -LAYER -BLOCK -INSERT CHPROP CHANGE ZOOM PAN -VIEW UCS -PURGE RENAME UNDO U REDO MREDO AUDIT REGEN
-SELECT 3DPOLY RECTANG POINT COLOR LTSCALE -LINETYPE DIST ID LIST HELP""".split()
+# What leaves the drawing at hand, or waits.
+WITHHELD = set("NEW OPEN RECOVER QSAVE SAVEAS QUIT SCRIPT MENU DELAY SETVAR".split())
 WORDS = """_L _P _ALL _W _C _A _S _E _R _D _M _Y _N _J _X _F _O _T _B _BE _U * ? 0 @ A1 BLK _CE _LT continuous red _LW _H _I
 1x STANDARD _MC _CP _WP""".split() + ["", "", ""]
 NUMBERS = [0, 1, -1, 2.5, 90, -45, 1e-9, 1e9, 360, 3, 7]
@@ -40,11 +40,18 @@ def answer():
     return random.choices([make for _, make in kinds], [weight for weight, _ in kinds])[0]()
 
 
-def program():
+def offered(kavel):
+    """The commands that the program has, as its HELP lists them: NAME (ALIAS, ...): what it does."""
+    run = subprocess.run([kavel, "--no-frontal", "-s", "-"], input="HELP\n\n", capture_output=True, text=True, timeout=60)
+    names = re.findall(r"^(\S+)(?: \(.*?\))?: ", run.stdout, re.MULTILINE)
+    return sorted(set(names) - WITHHELD - {"Commande"})
+
+
+def program(commands):
     lines = [PRELUDE]
     for _ in range(40):
         answers = " ".join(answer() for _ in range(random.randint(1, 9)))
-        lines.append(f"(vl-catch-all-apply '(lambda () (vl-cmdf \"_.{random.choice(COMMANDS)}\" {answers}))) (command)")
+        lines.append(f"(vl-catch-all-apply '(lambda () (vl-cmdf \"_.{random.choice(commands)}\" {answers}))) (command)")
     return "\n".join(lines) + '\n(vl-cmdf "_.UNDO" 5)\n'
 
 
@@ -65,10 +72,12 @@ def fault(kavel, folder, text):
 def main():
     count = int(sys.argv[2]) if len(sys.argv) > 2 else 100
     random.seed(int(sys.argv[3]) if len(sys.argv) > 3 else None)
+    commands = offered(sys.argv[1])
+    assert len(commands) > 30, commands
     faults = 0
     with tempfile.TemporaryDirectory() as folder:
         for number in range(count):
-            text = program()
+            text = program(commands)
             found = fault(sys.argv[1], pathlib.Path(folder), text)
             if found:
                 faults += 1
