@@ -1,273 +1,390 @@
-// The table of record formats. A row is a field, in the order of writing; the default stands behind its kind.
-// To add a type: its marks, its rows, and a line in kFormats.
+// The table of record formats: for each type its sections and, in the order of writing, the fields in them.
+// To add a type: its rows, and a line in kFormats.
 #include "atelier/database/records/fields.h"
 
 #include <array>
+#include <iterator>
+#include <numbers>
 
 namespace atelier {
 namespace {
 
-using enum FieldKind;
-constexpr auto A = Presence::always;
-constexpr auto O = Presence::optional;
 constexpr std::string_view kEntity = "AcDbEntity";
+constexpr int kNoField = -1;
 
-#define COMMON_ENTITY                                                                                \
-  {kEntity, 67, integer, O, 0, "", "paperSpace"}, {kEntity, 410, text, O, 0, "", "layout"},          \
-      {kEntity, 8, text, A, 0, "", "layer"}, {kEntity, 6, text, O, 0, "BYLAYER", "linetype"},        \
-      {kEntity, 62, integer, O, 256, "", "color"}, {kEntity, 370, integer, O, -1, "", "lineWeight"}, \
-      {kEntity, 48, real, O, 1, "", "linetypeScale"}, {kEntity, 60, integer, O, 0, "", "invisible"}, \
-      {kEntity, 420, integer, O, 0, "", "trueColor"}, {                                              \
-    kEntity, 440, integer, O, 0, "", "transparency"                                                  \
-  }
+// The rows behind it belong to that section; its mark is written where it stands.
+constexpr Field section(std::string_view subclass) {
+  return {subclass, kNoField, FieldKind::text, Presence::always, 0, "", ""};
+}
+// Fields are always written unless they are said to be optional.
+constexpr Field row(FieldKind kind, int code, std::string_view name) {
+  return {"", code, kind, Presence::always, 0, "", name};
+}
+constexpr Field real(int code, std::string_view name) { return row(FieldKind::real, code, name); }
+constexpr Field integer(int code, std::string_view name) { return row(FieldKind::integer, code, name); }
+constexpr Field text(int code, std::string_view name) { return row(FieldKind::text, code, name); }
+constexpr Field handle(int code, std::string_view name) { return row(FieldKind::handle, code, name); }
+constexpr Field point(int code, std::string_view name) { return row(FieldKind::point3, code, name); }
 
-#define NORMAL(subclass) \
-  { subclass, 210, point3, O, 0, "z", "normal" }
+template <const auto&... parts>
+constexpr std::size_t kSectionCount = (std::size_t{0} + ... + [] {
+  std::size_t count = 0;
+  for (const Field& row : parts) count += row.code == kNoField;
+  return count;
+}());
 
-constexpr Field kLine[] = {COMMON_ENTITY,
-                           {"AcDbLine", 39, real, O, 0, "", "thickness"},
-                           {"AcDbLine", 10, point3, A, 0, "", "start"},
-                           {"AcDbLine", 11, point3, A, 0, "", "end"},
-                           NORMAL("AcDbLine")};
+// The marks of the parts, and their fields with their sections.
+template <const auto&... parts>
+constexpr auto kMarks = [] {
+  std::array<std::string_view, kSectionCount<parts...>> marks{};
+  std::size_t i = 0;
+  const auto add = [&](const auto& rows) {
+    for (const Field& row : rows)
+      if (row.code == kNoField) marks[i++] = row.subclass;
+  };
+  (add(parts), ...);
+  return marks;
+}();
+template <const auto&... parts>
+constexpr auto kFields = [] {
+  std::array<Field, (std::size(parts) + ...) - kSectionCount<parts...>> fields{};
+  std::size_t i = 0;
+  std::string_view subclass;
+  const auto add = [&](const auto& rows) {
+    for (const Field& row : rows) {
+      if (row.code == kNoField) subclass = row.subclass;
+      else fields[i] = row, fields[i++].subclass = subclass;
+    }
+  };
+  (add(parts), ...);
+  return fields;
+}();
+
+constexpr Field kNormal = point(210, "normal").otherwise("z").optional();
+constexpr Field kThickness = real(39, "thickness").optional();
+constexpr Field kRecordName = text(2, "name"), kRecordFlags = integer(70, "flags").atLeast(0);
+
+// Hundredths of a millimetre; below 0 those of the layer, the block, the drawing.
+constexpr int kLineWeights[] = {-3, -2, -1, 0,  5,  9,  13,  15,  18,  20,  25,  30,  35, 40,
+                                50, 53, 60, 70, 80, 90, 100, 106, 120, 140, 158, 200, 211};
+constexpr int kSmoothings[] = {0, 5, 6, 8};
+// Ratios worked out from lengths may be above 1 by rounding.
+constexpr double kTiny = 1e-9;
+
+constexpr Field kCommon[] = {
+    section(kEntity),
+    integer(67, "paperSpace").yesOrNo().optional(),
+    text(410, "layout").optional(),
+    text(8, "layer"),
+    text(6, "linetype").otherwise("BYLAYER").optional(),
+    integer(62, "color").otherwise(256).between(-255, 257).optional(),
+    integer(370, "lineWeight").otherwise(-1).oneOf(kLineWeights).optional(),
+    real(48, "linetypeScale").otherwise(1).above(0).optional(),
+    integer(60, "invisible").yesOrNo().optional(),
+    integer(420, "trueColor").optional(),
+    integer(440, "transparency").optional(),
+};
+constexpr Field kLine[] = {
+    section("AcDbLine"), kThickness, point(10, "start"), point(11, "end"), kNormal,
+};
 constexpr Field kRay[] = {
-    COMMON_ENTITY, {"AcDbRay", 10, point3, A, 0, "", "base"}, {"AcDbRay", 11, point3, A, 1, "x", "direction"}};
+    section("AcDbRay"),
+    point(10, "base"),
+    point(11, "direction").otherwise(1).otherwise("x"),
+};
 constexpr Field kXline[] = {
-    COMMON_ENTITY, {"AcDbXline", 10, point3, A, 0, "", "base"}, {"AcDbXline", 11, point3, A, 1, "x", "direction"}};
-constexpr Field kCircle[] = {COMMON_ENTITY,
-                             {"AcDbCircle", 39, real, O, 0, "", "thickness"},
-                             {"AcDbCircle", 10, point3, A, 0, "", "centre"},
-                             {"AcDbCircle", 40, real, A, 0, "", "radius"},
-                             NORMAL("AcDbCircle")};
-constexpr Field kArc[] = {COMMON_ENTITY,
-                          {"AcDbCircle", 39, real, O, 0, "", "thickness"},
-                          {"AcDbCircle", 10, point3, A, 0, "", "centre"},
-                          {"AcDbCircle", 40, real, A, 0, "", "radius"},
-                          NORMAL("AcDbCircle"),
-                          {"AcDbArc", 50, real, A, 0, "", "startAngle"},
-                          {"AcDbArc", 51, real, A, 0, "", "endAngle"}};
-constexpr Field kEllipse[] = {COMMON_ENTITY,
-                              {"AcDbEllipse", 10, point3, A, 0, "", "centre"},
-                              {"AcDbEllipse", 11, point3, A, 1, "x", "majorAxis"},
-                              NORMAL("AcDbEllipse"),
-                              {"AcDbEllipse", 40, real, A, 1, "", "ratio"},
-                              {"AcDbEllipse", 41, real, A, 0, "", "start"},
-                              {"AcDbEllipse", 42, real, A, 6.283185307179586, "", "end"}};
-constexpr Field kSpline[] = {COMMON_ENTITY,
-                             NORMAL("AcDbSpline"),
-                             {"AcDbSpline", 70, integer, A, 8, "", "flags"},
-                             {"AcDbSpline", 71, integer, A, 3, "", "degree"},
-                             {"AcDbSpline", 72, integer, A, 0, "", "knots"},
-                             {"AcDbSpline", 73, integer, A, 0, "", "controlPoints"},
-                             {"AcDbSpline", 74, integer, A, 0, "", "fitPoints"},
-                             {"AcDbSpline", 42, real, A, 1e-7, "", "knotTolerance"},
-                             {"AcDbSpline", 43, real, A, 1e-7, "", "pointTolerance"},
-                             {"AcDbSpline", 44, real, O, 1e-10, "", "fitTolerance"}};
-constexpr Field kPoint[] = {COMMON_ENTITY,
-                            {"AcDbPoint", 10, point3, A, 0, "", "position"},
-                            {"AcDbPoint", 39, real, O, 0, "", "thickness"},
-                            NORMAL("AcDbPoint")};
-#define TEXT_FIELDS                                                                                     \
-  {"AcDbText", 39, real, O, 0, "", "thickness"}, {"AcDbText", 10, point3, A, 0, "", "position"},        \
-      {"AcDbText", 40, real, A, 0, "", "height"}, {"AcDbText", 1, text, A, 0, "", "text"},              \
-      {"AcDbText", 50, real, O, 0, "", "rotation"}, {"AcDbText", 41, real, O, 1, "", "widthFactor"},    \
-      {"AcDbText", 51, real, O, 0, "", "oblique"}, {"AcDbText", 7, text, A, 0, "Standard", "style"},    \
-      {"AcDbText", 71, integer, O, 0, "", "mirror"}, {"AcDbText", 72, integer, O, 0, "", "horizontal"}, \
-      {"AcDbText", 11, point3, O, 0, "", "alignment"}, NORMAL("AcDbText")
-constexpr Field kText[] = {COMMON_ENTITY, TEXT_FIELDS, {"AcDbText#2", 73, integer, O, 0, "", "vertical"}};
-constexpr Field kAttdef[] = {COMMON_ENTITY,
-                             TEXT_FIELDS,
-                             {"AcDbAttributeDefinition", 280, integer, A, 0, "", "version"},
-                             {"AcDbAttributeDefinition", 3, text, A, 0, "", "prompt"},
-                             {"AcDbAttributeDefinition", 2, text, A, 0, "", "tag"},
-                             {"AcDbAttributeDefinition", 70, integer, A, 0, "", "flags"},
-                             {"AcDbAttributeDefinition", 73, integer, O, 0, "", "fieldLength"},
-                             {"AcDbAttributeDefinition", 74, integer, O, 0, "", "vertical"}};
-constexpr Field kAttrib[] = {COMMON_ENTITY,
-                             TEXT_FIELDS,
-                             {"AcDbAttribute", 280, integer, A, 0, "", "version"},
-                             {"AcDbAttribute", 2, text, A, 0, "", "tag"},
-                             {"AcDbAttribute", 70, integer, A, 0, "", "flags"},
-                             {"AcDbAttribute", 73, integer, O, 0, "", "fieldLength"},
-                             {"AcDbAttribute", 74, integer, O, 0, "", "vertical"}};
-constexpr Field kMText[] = {COMMON_ENTITY,
-                            {"AcDbMText", 10, point3, A, 0, "", "location"},
-                            {"AcDbMText", 40, real, A, 2.5, "", "height"},
-                            {"AcDbMText", 41, real, A, 0, "", "width"},
-                            {"AcDbMText", 71, integer, A, 1, "", "attachment"},
-                            {"AcDbMText", 72, integer, A, 1, "", "direction"},
-                            {"AcDbMText", 1, text, A, 0, "", "contents"},
-                            {"AcDbMText", 7, text, O, 0, "Standard", "style"},
-                            NORMAL("AcDbMText"),
-                            {"AcDbMText", 11, point3, O, 1, "x", "xDirection"},
-                            {"AcDbMText", 50, real, O, 0, "", "rotation"},
-                            {"AcDbMText", 73, integer, O, 1, "", "spacingStyle"},
-                            {"AcDbMText", 44, real, O, 1, "", "spacing"}};
-constexpr Field kInsert[] = {COMMON_ENTITY,
-                             {"AcDbBlockReference", 66, integer, O, 0, "", "attributesFollow"},
-                             {"AcDbBlockReference", 2, text, A, 0, "", "block"},
-                             {"AcDbBlockReference", 10, point3, A, 0, "", "position"},
-                             {"AcDbBlockReference", 41, real, O, 1, "", "scaleX"},
-                             {"AcDbBlockReference", 42, real, O, 1, "", "scaleY"},
-                             {"AcDbBlockReference", 43, real, O, 1, "", "scaleZ"},
-                             {"AcDbBlockReference", 50, real, O, 0, "", "rotation"},
-                             {"AcDbBlockReference", 70, integer, O, 1, "", "columns"},
-                             {"AcDbBlockReference", 71, integer, O, 1, "", "rows"},
-                             {"AcDbBlockReference", 44, real, O, 0, "", "columnSpacing"},
-                             {"AcDbBlockReference", 45, real, O, 0, "", "rowSpacing"},
-                             NORMAL("AcDbBlockReference")};
-constexpr Field kLwpolyline[] = {COMMON_ENTITY,
-                                 {"AcDbPolyline", 90, integer, A, 0, "", "vertices"},
-                                 {"AcDbPolyline", 70, integer, A, 0, "", "flags"},
-                                 {"AcDbPolyline", 43, real, O, 0, "", "constantWidth"},
-                                 {"AcDbPolyline", 38, real, O, 0, "", "elevation"},
-                                 {"AcDbPolyline", 39, real, O, 0, "", "thickness"}};
-constexpr Field kPolyline2d[] = {COMMON_ENTITY,
-                                 {"AcDb2dPolyline", 66, integer, A, 1, "", "verticesFollow"},
-                                 {"AcDb2dPolyline", 10, point3, A, 0, "", "elevation"},
-                                 {"AcDb2dPolyline", 70, integer, A, 0, "", "flags"},
-                                 {"AcDb2dPolyline", 40, real, O, 0, "", "startWidth"},
-                                 {"AcDb2dPolyline", 41, real, O, 0, "", "endWidth"},
-                                 {"AcDb2dPolyline", 75, integer, O, 0, "", "smooth"},
-                                 NORMAL("AcDb2dPolyline")};
-constexpr Field kVertex[] = {COMMON_ENTITY,
-                             {"AcDb2dVertex", 10, point3, A, 0, "", "position"},
-                             {"AcDb2dVertex", 40, real, O, 0, "", "startWidth"},
-                             {"AcDb2dVertex", 41, real, O, 0, "", "endWidth"},
-                             {"AcDb2dVertex", 42, real, O, 0, "", "bulge"},
-                             {"AcDb2dVertex", 70, integer, A, 0, "", "flags"},
-                             {"AcDb2dVertex", 50, real, O, 0, "", "tangent"}};
-constexpr Field kSeqend[] = {COMMON_ENTITY};
-#define FOUR_CORNERS(subclass)                                                           \
-  {subclass, 10, point3, A, 0, "", "first"}, {subclass, 11, point3, A, 0, "", "second"}, \
-      {subclass, 12, point3, A, 0, "", "third"}, {                                       \
-    subclass, 13, point3, A, 0, "", "fourth"                                             \
-  }
+    section("AcDbXline"),
+    point(10, "base"),
+    point(11, "direction").otherwise(1).otherwise("x"),
+};
+constexpr Field kCircle[] = {
+    section("AcDbCircle"), kThickness, point(10, "centre"), real(40, "radius").above(0), kNormal,
+};
+constexpr Field kArc[] = {
+    section("AcDbCircle"),
+    kThickness,
+    point(10, "centre"),
+    real(40, "radius").above(0),
+    kNormal,
+    section("AcDbArc"),
+    real(50, "startAngle"),
+    real(51, "endAngle"),
+};
+constexpr Field kEllipse[] = {
+    section("AcDbEllipse"),
+    point(10, "centre"),
+    point(11, "majorAxis").otherwise(1).otherwise("x"),
+    kNormal,
+    real(40, "ratio").otherwise(1).between(kTiny, 1 + kTiny),
+    real(41, "start"),
+    real(42, "end").otherwise(2 * std::numbers::pi),
+};
+constexpr Field kSpline[] = {
+    section("AcDbSpline"),
+    kNormal,
+    integer(70, "flags").otherwise(8).atLeast(0),
+    integer(71, "degree").otherwise(3).between(1, 25),
+    integer(72, "knots").atLeast(0),
+    integer(73, "controlPoints").atLeast(0),
+    integer(74, "fitPoints").atLeast(0),
+    real(42, "knotTolerance").otherwise(1e-07).atLeast(0),
+    real(43, "pointTolerance").otherwise(1e-07).atLeast(0),
+    real(44, "fitTolerance").otherwise(1e-10).atLeast(0).optional(),
+};
+constexpr Field kPoint[] = {
+    section("AcDbPoint"),
+    point(10, "position"),
+    kThickness,
+    kNormal,
+};
+// What a TEXT and attributes share.
+constexpr Field kTextual[] = {
+    section("AcDbText"),
+    kThickness,
+    point(10, "position"),
+    real(40, "height").above(0),
+    text(1, "text"),
+    real(50, "rotation").optional(),
+    real(41, "widthFactor").otherwise(1).above(0).optional(),
+    real(51, "oblique").optional(),
+    text(7, "style").otherwise("Standard"),
+    integer(71, "mirror").between(0, 6).optional(),
+    integer(72, "horizontal").between(0, 5).optional(),
+    point(11, "alignment").optional(),
+    kNormal,
+};
+constexpr Field kText[] = {
+    section("AcDbText#2"),
+    integer(73, "vertical").between(0, 3).optional(),
+};
+constexpr Field kAttdef[] = {
+    section("AcDbAttributeDefinition"),
+    integer(280, "version").atLeast(0),
+    text(3, "prompt"),
+    text(2, "tag"),
+    integer(70, "flags").atLeast(0),
+    integer(73, "fieldLength").atLeast(0).optional(),
+    integer(74, "vertical").between(0, 3).optional(),
+};
+constexpr Field kAttrib[] = {
+    section("AcDbAttribute"),
+    integer(280, "version").atLeast(0),
+    text(2, "tag"),
+    integer(70, "flags").atLeast(0),
+    integer(73, "fieldLength").atLeast(0).optional(),
+    integer(74, "vertical").between(0, 3).optional(),
+};
+constexpr Field kMText[] = {
+    section("AcDbMText"),
+    point(10, "location"),
+    real(40, "height").otherwise(2.5).above(0),
+    real(41, "width"),
+    integer(71, "attachment").otherwise(1).between(1, 9),
+    integer(72, "direction").otherwise(1).between(1, 5),
+    text(1, "contents"),
+    text(7, "style").otherwise("Standard").optional(),
+    kNormal,
+    point(11, "xDirection").otherwise(1).otherwise("x").optional(),
+    real(50, "rotation").optional(),
+    integer(73, "spacingStyle").otherwise(1).between(0, 2).optional(),
+    real(44, "spacing").otherwise(1).between(0.25, 4).optional(),
+};
+constexpr Field kInsert[] = {
+    section("AcDbBlockReference"),
+    integer(66, "attributesFollow").yesOrNo().optional(),
+    text(2, "block"),
+    point(10, "position"),
+    real(41, "scaleX").otherwise(1).optional(),
+    real(42, "scaleY").otherwise(1).optional(),
+    real(43, "scaleZ").otherwise(1).optional(),
+    real(50, "rotation").optional(),
+    integer(70, "columns").otherwise(1).atLeast(0).optional(),
+    integer(71, "rows").otherwise(1).atLeast(0).optional(),
+    real(44, "columnSpacing").optional(),
+    real(45, "rowSpacing").optional(),
+    kNormal,
+};
+constexpr Field kLwpolyline[] = {
+    section("AcDbPolyline"),          integer(90, "vertices").atLeast(0),
+    integer(70, "flags").atLeast(0),  real(43, "constantWidth").atLeast(0).optional(),
+    real(38, "elevation").optional(), kThickness,
+};
+constexpr Field kPolyline2d[] = {
+    section("AcDb2dPolyline"),
+    integer(66, "verticesFollow").otherwise(1).yesOrNo(),
+    point(10, "elevation"),
+    integer(70, "flags").atLeast(0),
+    real(40, "startWidth").atLeast(0).optional(),
+    real(41, "endWidth").atLeast(0).optional(),
+    integer(75, "smooth").oneOf(kSmoothings).optional(),
+    kNormal,
+};
+constexpr Field kVertex[] = {
+    section("AcDbVertex"),
+    section("AcDb2dVertex"),
+    point(10, "position"),
+    real(40, "startWidth").atLeast(0).optional(),
+    real(41, "endWidth").atLeast(0).optional(),
+    real(42, "bulge").optional(),
+    integer(70, "flags").atLeast(0),
+    real(50, "tangent").optional(),
+};
 constexpr Field kSolid[] = {
-    COMMON_ENTITY, FOUR_CORNERS("AcDbTrace"), {"AcDbTrace", 39, real, O, 0, "", "thickness"}, NORMAL("AcDbTrace")};
-constexpr Field kFace[] = {COMMON_ENTITY, FOUR_CORNERS("AcDbFace"), {"AcDbFace", 70, integer, O, 0, "", "edges"}};
-constexpr Field kDimension[] = {COMMON_ENTITY, {"AcDbDimension", 2, text, A, 0, "", "block"}};
-constexpr Field kRegion[] = {COMMON_ENTITY};
-constexpr Field kHatch[] = {COMMON_ENTITY,
-                            {"AcDbHatch", 10, point3, A, 0, "", "elevation"},
-                            {"AcDbHatch", 210, point3, A, 0, "z", "normal"},
-                            {"AcDbHatch", 2, text, A, 0, "SOLID", "pattern"},
-                            {"AcDbHatch", 70, integer, A, 1, "", "solid"},
-                            {"AcDbHatch", 71, integer, A, 0, "", "associative"},
-                            {"AcDbHatch", 91, integer, A, 0, "", "loops"},
-                            {"AcDbHatch", 75, integer, A, 0, "", "style"},
-                            {"AcDbHatch", 76, integer, A, 1, "", "patternType"},
-                            {"AcDbHatch", 98, integer, A, 0, "", "seeds"}};
+    section("AcDbTrace"),
+    point(10, "first"),
+    point(11, "second"),
+    point(12, "third"),
+    point(13, "fourth"),
+    kThickness,
+    kNormal,
+};
+constexpr Field kFace[] = {
+    section("AcDbFace"), point(10, "first"),  point(11, "second"),
+    point(12, "third"),  point(13, "fourth"), integer(70, "edges").between(0, 15).optional(),
+};
+constexpr Field kDimension[] = {
+    section("AcDbDimension"),
+    text(2, "block"),
+};
+constexpr Field kRegion[] = {
+    section("AcDbModelerGeometry"),
+};
+constexpr Field kHatch[] = {
+    section("AcDbHatch"),
+    point(10, "elevation"),
+    point(210, "normal").otherwise("z"),
+    text(2, "pattern").otherwise("SOLID"),
+    integer(70, "solid").otherwise(1).yesOrNo(),
+    integer(71, "associative").yesOrNo(),
+    integer(91, "loops").atLeast(0),
+    integer(75, "style").between(0, 2),
+    integer(76, "patternType").otherwise(1).between(0, 2),
+    integer(98, "seeds").atLeast(0),
+};
+constexpr Field kBlockRecord[] = {
+    section("AcDbSymbolTableRecord"),
+    section("AcDbBlockTableRecord"),
+    text(2, "name"),
+    handle(340, "layout"),
+    integer(70, "units").atLeast(0),
+    integer(280, "explodable").otherwise(1).yesOrNo(),
+    integer(281, "uniformScale").yesOrNo(),
+};
+constexpr Field kBlock[] = {
+    section(kEntity),
+    text(8, "layer").otherwise("0"),
+    section("AcDbBlockBegin"),
+    text(2, "name"),
+    integer(70, "flags").atLeast(0),
+    point(10, "origin"),
+    text(3, "nameAgain"),
+    text(1, "path"),
+    text(4, "comments").optional(),
+};
+constexpr Field kEndblk[] = {
+    section(kEntity),
+    text(8, "layer").otherwise("0"),
+    section("AcDbBlockEnd"),
+};
+constexpr Field kLayer[] = {
+    section("AcDbSymbolTableRecord"),
+    section("AcDbLayerTableRecord"),
+    kRecordName,
+    kRecordFlags,
+    integer(62, "color").otherwise(7).between(-255, 257),
+    text(6, "linetype").otherwise("Continuous"),
+    integer(290, "plotted").otherwise(1).yesOrNo().optional(),
+    integer(370, "lineWeight").otherwise(-3).oneOf(kLineWeights),
+    handle(390, "plotStyle").optional(),
+};
+constexpr Field kStyle[] = {
+    section("AcDbSymbolTableRecord"),
+    section("AcDbTextStyleTableRecord"),
+    kRecordName,
+    kRecordFlags,
+    real(40, "height").atLeast(0),
+    real(41, "widthFactor").otherwise(1).above(0),
+    real(50, "oblique"),
+    integer(71, "generation").between(0, 6),
+    real(42, "lastHeight").otherwise(2.5).atLeast(0),
+    text(3, "font").otherwise("txt"),
+    text(4, "bigFont"),
+};
+constexpr Field kLtype[] = {
+    section("AcDbSymbolTableRecord"),
+    section("AcDbLinetypeTableRecord"),
+    kRecordName,
+    kRecordFlags,
+    text(3, "description"),
+    integer(72, "alignment").otherwise(65).between(65, 65),
+    integer(73, "dashes").atLeast(0),
+    real(40, "length").atLeast(0),
+};
+constexpr Field kAppid[] = {
+    section("AcDbSymbolTableRecord"),
+    section("AcDbRegAppTableRecord"),
+    kRecordName,
+    kRecordFlags,
+};
+constexpr Field kDictionary[] = {
+    section("AcDbDictionary"),
+    integer(280, "hardOwner").yesOrNo().optional(),
+    integer(281, "cloning").otherwise(1).between(0, 5),
+};
+constexpr Field kXrecord[] = {
+    section("AcDbXrecord"),
+    integer(280, "cloning").otherwise(1).between(0, 5),
+};
+constexpr Field kGroup[] = {
+    section("AcDbGroup"),
+    text(300, "description"),
+    integer(70, "anonymous").yesOrNo(),
+    integer(71, "selectable").otherwise(1).yesOrNo(),
+};
 
-#define RECORD_NAME(subclass) \
-  {subclass, 2, text, A, 0, "", "name"}, { subclass, 70, integer, A, 0, "", "flags" }
-constexpr Field kBlockRecord[] = {{"AcDbBlockTableRecord", 2, text, A, 0, "", "name"},
-                                  {"AcDbBlockTableRecord", 340, handle, A, 0, "", "layout"},
-                                  {"AcDbBlockTableRecord", 70, integer, A, 0, "", "units"},
-                                  {"AcDbBlockTableRecord", 280, integer, A, 1, "", "explodable"},
-                                  {"AcDbBlockTableRecord", 281, integer, A, 0, "", "uniformScale"}};
-constexpr Field kBlock[] = {{kEntity, 8, text, A, 0, "0", "layer"},
-                            {"AcDbBlockBegin", 2, text, A, 0, "", "name"},
-                            {"AcDbBlockBegin", 70, integer, A, 0, "", "flags"},
-                            {"AcDbBlockBegin", 10, point3, A, 0, "", "origin"},
-                            {"AcDbBlockBegin", 3, text, A, 0, "", "nameAgain"},
-                            {"AcDbBlockBegin", 1, text, A, 0, "", "path"},
-                            {"AcDbBlockBegin", 4, text, O, 0, "", "comments"}};
-constexpr Field kEndblk[] = {{kEntity, 8, text, A, 0, "0", "layer"}};
-constexpr Field kLayer[] = {RECORD_NAME("AcDbLayerTableRecord"),
-                            {"AcDbLayerTableRecord", 62, integer, A, 7, "", "color"},
-                            {"AcDbLayerTableRecord", 6, text, A, 0, "Continuous", "linetype"},
-                            {"AcDbLayerTableRecord", 290, integer, O, 1, "", "plotted"},
-                            {"AcDbLayerTableRecord", 370, integer, A, -3, "", "lineWeight"},
-                            {"AcDbLayerTableRecord", 390, handle, O, 0, "", "plotStyle"}};
-constexpr Field kStyle[] = {RECORD_NAME("AcDbTextStyleTableRecord"),
-                            {"AcDbTextStyleTableRecord", 40, real, A, 0, "", "height"},
-                            {"AcDbTextStyleTableRecord", 41, real, A, 1, "", "widthFactor"},
-                            {"AcDbTextStyleTableRecord", 50, real, A, 0, "", "oblique"},
-                            {"AcDbTextStyleTableRecord", 71, integer, A, 0, "", "generation"},
-                            {"AcDbTextStyleTableRecord", 42, real, A, 2.5, "", "lastHeight"},
-                            {"AcDbTextStyleTableRecord", 3, text, A, 0, "txt", "font"},
-                            {"AcDbTextStyleTableRecord", 4, text, A, 0, "", "bigFont"}};
-constexpr Field kLtype[] = {RECORD_NAME("AcDbLinetypeTableRecord"),
-                            {"AcDbLinetypeTableRecord", 3, text, A, 0, "", "description"},
-                            {"AcDbLinetypeTableRecord", 72, integer, A, 65, "", "alignment"},
-                            {"AcDbLinetypeTableRecord", 73, integer, A, 0, "", "dashes"},
-                            {"AcDbLinetypeTableRecord", 40, real, A, 0, "", "length"}};
-constexpr Field kAppid[] = {RECORD_NAME("AcDbRegAppTableRecord")};
-constexpr Field kDictionary[] = {{"AcDbDictionary", 280, integer, O, 0, "", "hardOwner"},
-                                 {"AcDbDictionary", 281, integer, A, 1, "", "cloning"}};
-constexpr Field kXrecord[] = {{"AcDbXrecord", 280, integer, A, 1, "", "cloning"}};
-constexpr Field kGroup[] = {{"AcDbGroup", 300, text, A, 0, "", "description"},
-                            {"AcDbGroup", 70, integer, A, 0, "", "anonymous"},
-                            {"AcDbGroup", 71, integer, A, 1, "", "selectable"}};
-
-#define MARKS(NAME, ...) constexpr std::string_view NAME[] = {__VA_ARGS__}
-MARKS(mLine, kEntity, "AcDbLine");
-MARKS(mRay, kEntity, "AcDbRay");
-MARKS(mXline, kEntity, "AcDbXline");
-MARKS(mCircle, kEntity, "AcDbCircle");
-MARKS(mArc, kEntity, "AcDbCircle", "AcDbArc");
-MARKS(mEllipse, kEntity, "AcDbEllipse");
-MARKS(mSpline, kEntity, "AcDbSpline");
-MARKS(mPoint, kEntity, "AcDbPoint");
-MARKS(mText, kEntity, "AcDbText", "AcDbText#2");
-MARKS(mAttdef, kEntity, "AcDbText", "AcDbAttributeDefinition");
-MARKS(mAttrib, kEntity, "AcDbText", "AcDbAttribute");
-MARKS(mMText, kEntity, "AcDbMText");
-MARKS(mInsert, kEntity, "AcDbBlockReference");
-MARKS(mLwpolyline, kEntity, "AcDbPolyline");
-MARKS(mPolyline2d, kEntity, "AcDb2dPolyline");
-MARKS(mVertex, kEntity, "AcDbVertex", "AcDb2dVertex");
-MARKS(mSeqend, kEntity);
-MARKS(mSolid, kEntity, "AcDbTrace");
-MARKS(mFace, kEntity, "AcDbFace");
-MARKS(mDimension, kEntity, "AcDbDimension");
-MARKS(mRegion, kEntity, "AcDbModelerGeometry");
-MARKS(mHatch, kEntity, "AcDbHatch");
-MARKS(mBlockRecord, "AcDbSymbolTableRecord", "AcDbBlockTableRecord");
-MARKS(mBlock, kEntity, "AcDbBlockBegin");
-MARKS(mEndblk, kEntity, "AcDbBlockEnd");
-MARKS(mLayer, "AcDbSymbolTableRecord", "AcDbLayerTableRecord");
-MARKS(mStyle, "AcDbSymbolTableRecord", "AcDbTextStyleTableRecord");
-MARKS(mLtype, "AcDbSymbolTableRecord", "AcDbLinetypeTableRecord");
-MARKS(mAppid, "AcDbSymbolTableRecord", "AcDbRegAppTableRecord");
-MARKS(mDictionary, "AcDbDictionary");
-MARKS(mXrecord, "AcDbXrecord");
-MARKS(mGroup, "AcDbGroup");
+template <const auto&... parts>
+constexpr RecordFormat record(std::string_view type, std::string_view className) {
+  return {type, className, kMarks<parts...>, kFields<parts...>};
+}
+template <const auto&... parts>
+constexpr RecordFormat entity(std::string_view type, std::string_view className) {
+  return record<kCommon, parts...>(type, className);
+}
 
 constexpr RecordFormat kFormats[] = {
-    {"LINE", "AcDbLine", mLine, kLine},
-    {"RAY", "AcDbRay", mRay, kRay},
-    {"XLINE", "AcDbXline", mXline, kXline},
-    {"CIRCLE", "AcDbCircle", mCircle, kCircle},
-    {"ARC", "AcDbArc", mArc, kArc},
-    {"ELLIPSE", "AcDbEllipse", mEllipse, kEllipse},
-    {"SPLINE", "AcDbSpline", mSpline, kSpline},
-    {"POINT", "AcDbPoint", mPoint, kPoint},
-    {"TEXT", "AcDbText", mText, kText},
-    {"ATTDEF", "AcDbAttributeDefinition", mAttdef, kAttdef},
-    {"ATTRIB", "AcDbAttribute", mAttrib, kAttrib},
-    {"MTEXT", "AcDbMText", mMText, kMText},
-    {"INSERT", "AcDbBlockReference", mInsert, kInsert},
-    {"LWPOLYLINE", "AcDbPolyline", mLwpolyline, kLwpolyline},
-    {"POLYLINE", "AcDb2dPolyline", mPolyline2d, kPolyline2d},
-    {"VERTEX", "AcDbVertex", mVertex, kVertex},
-    {"SEQEND", "AcDbSequenceEnd", mSeqend, kSeqend},
-    {"SOLID", "AcDbSolid", mSolid, kSolid},
-    {"TRACE", "AcDbSolid", mSolid, kSolid},
-    {"3DFACE", "AcDbFace", mFace, kFace},
-    {"DIMENSION", "AcDbDimension", mDimension, kDimension},
-    {"REGION", "AcDbRegion", mRegion, kRegion},
-    {"HATCH", "AcDbHatch", mHatch, kHatch},
-    {"BLOCK_RECORD", "AcDbBlockTableRecord", mBlockRecord, kBlockRecord},
-    {"BLOCK", "AcDbBlockBegin", mBlock, kBlock},
-    {"ENDBLK", "AcDbBlockEnd", mEndblk, kEndblk},
-    {"LAYER", "AcDbLayerTableRecord", mLayer, kLayer},
-    {"STYLE", "AcDbTextStyleTableRecord", mStyle, kStyle},
-    {"LTYPE", "AcDbLinetypeTableRecord", mLtype, kLtype},
-    {"APPID", "AcDbRegAppTableRecord", mAppid, kAppid},
-    {"DICTIONARY", "AcDbDictionary", mDictionary, kDictionary},
-    {"XRECORD", "AcDbXrecord", mXrecord, kXrecord},
-    {"GROUP", "AcDbGroup", mGroup, kGroup},
+    entity<kLine>("LINE", "AcDbLine"),
+    entity<kRay>("RAY", "AcDbRay"),
+    entity<kXline>("XLINE", "AcDbXline"),
+    entity<kCircle>("CIRCLE", "AcDbCircle"),
+    entity<kArc>("ARC", "AcDbArc"),
+    entity<kEllipse>("ELLIPSE", "AcDbEllipse"),
+    entity<kSpline>("SPLINE", "AcDbSpline"),
+    entity<kPoint>("POINT", "AcDbPoint"),
+    entity<kTextual, kText>("TEXT", "AcDbText"),
+    entity<kTextual, kAttdef>("ATTDEF", "AcDbAttributeDefinition"),
+    entity<kTextual, kAttrib>("ATTRIB", "AcDbAttribute"),
+    entity<kMText>("MTEXT", "AcDbMText"),
+    entity<kInsert>("INSERT", "AcDbBlockReference"),
+    entity<kLwpolyline>("LWPOLYLINE", "AcDbPolyline"),
+    entity<kPolyline2d>("POLYLINE", "AcDb2dPolyline"),
+    entity<kVertex>("VERTEX", "AcDbVertex"),
+    entity<>("SEQEND", "AcDbSequenceEnd"),
+    entity<kSolid>("SOLID", "AcDbSolid"),
+    entity<kSolid>("TRACE", "AcDbSolid"),
+    entity<kFace>("3DFACE", "AcDbFace"),
+    entity<kDimension>("DIMENSION", "AcDbDimension"),
+    entity<kRegion>("REGION", "AcDbRegion"),
+    entity<kHatch>("HATCH", "AcDbHatch"),
+    record<kBlockRecord>("BLOCK_RECORD", "AcDbBlockTableRecord"),
+    record<kBlock>("BLOCK", "AcDbBlockBegin"),
+    record<kEndblk>("ENDBLK", "AcDbBlockEnd"),
+    record<kLayer>("LAYER", "AcDbLayerTableRecord"),
+    record<kStyle>("STYLE", "AcDbTextStyleTableRecord"),
+    record<kLtype>("LTYPE", "AcDbLinetypeTableRecord"),
+    record<kAppid>("APPID", "AcDbRegAppTableRecord"),
+    record<kDictionary>("DICTIONARY", "AcDbDictionary"),
+    record<kXrecord>("XRECORD", "AcDbXrecord"),
+    record<kGroup>("GROUP", "AcDbGroup"),
 };
 
 }  // namespace

@@ -1,15 +1,26 @@
 // The format of drawing records as data: for each type of record its fields in the order in which they are written.
 // Reference: DXF reference, chapters "TABLES", "ENTITIES" and "OBJECTS".
 #pragma once
+#include <limits>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace atelier {
+
+class Group;
 
 enum class FieldKind : unsigned char { real, integer, text, handle, point2, point3 };
 
 // always: a new object is written with it; otherwise only once it is set.
 enum class Presence : unsigned char { always, optional };
+
+// What numbers a field may hold, ends included but for an open lower one; of a list those that it names.
+struct Limits {
+  double least = -std::numeric_limits<double>::infinity(), most = std::numeric_limits<double>::infinity();
+  bool open = false;
+  std::span<const int> list = {};
+};
 
 struct Field {
   std::string_view subclass;  // "AcDbText#2": the second section of that name; empty: before the first mark
@@ -19,7 +30,42 @@ struct Field {
   double number;          // default of numbers; of a point its x, y, z
   std::string_view text;  // default of texts
   std::string_view name;  // the field's name in lists and messages
+  Limits limits = {};
+
+  // The same field, with more said about it.
+  constexpr Field with(const auto& change) const {
+    Field copy = *this;
+    change(copy);
+    return copy;
+  }
+  constexpr Field optional() const {
+    return with([](Field& f) { f.presence = Presence::optional; });
+  }
+  constexpr Field otherwise(double value) const {
+    return with([&](Field& f) { f.number = value; });
+  }
+  constexpr Field otherwise(std::string_view value) const {
+    return with([&](Field& f) { f.text = value; });
+  }
+  constexpr Field above(double low) const {
+    return with([&](Field& f) { f.limits.least = low, f.limits.open = true; });
+  }
+  constexpr Field atLeast(double low) const {
+    return with([&](Field& f) { f.limits.least = low; });
+  }
+  constexpr Field between(double low, double high) const {
+    return with([&](Field& f) { f.limits.least = low, f.limits.most = high; });
+  }
+  constexpr Field yesOrNo() const { return between(0, 1); }
+  constexpr Field oneOf(std::span<const int> list) const {
+    return with([&](Field& f) { f.limits.list = list; });
+  }
 };
+
+// Whether the group holds a value of the field's kind, and one that it may have. Of a point, any ordinate.
+bool fits(const Field& field, const Group& group);
+// What values a field may have, for messages (French): "> 0", "0 a 255"; empty when all do.
+std::string expected(const Field& field);
 
 struct RecordFormat {
   std::string_view type;                         // group 0

@@ -99,7 +99,8 @@ const std::vector<AuditCode>& auditCodes() {
       {"A10", error, "donnees etendues d'une application non declaree", true},
       {"A11", error, "donnees etendues mal imbriquees", true},
       {"A12", error, "code interdit dans les donnees etendues", false},
-      {"A13", error, "nombre illisible", false}};
+      {"A13", error, "nombre illisible", false},
+      {"A14", error, "valeur hors limites", false}};
   return codes;
 }
 
@@ -145,6 +146,7 @@ std::vector<Finding> audit(AcDbDatabase& database, bool fix) {
     checkOwner(run, stub);
     checkPointers(run, stub);
     checkNames(run, stub);
+    checkValues(run, stub);
     checkExtendedData(run, stub);
   }
   return std::move(run.findings);

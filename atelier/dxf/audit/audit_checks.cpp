@@ -1,4 +1,4 @@
-// The audit's checks of single objects: owners, pointers, names, extended data, numbers.
+// The audit's checks of single objects: owners, pointers, names, values, extended data.
 // Reference: DXF reference, "Group codes in numerical order" and "Extended data".
 #include <algorithm>
 #include <cmath>
@@ -66,6 +66,14 @@ bool allowedInExtendedData(int code) {
          (code >= 1030 && code <= 1033) || (code >= 1040 && code <= 1042) || code == 1070 || code == 1071;
 }
 
+// Numbers that could not be read stay text; one too great for a double is infinite.
+bool readable(const Group& group) {
+  const GroupKind wanted = kindOfCode(group.code());
+  const bool number = wanted == GroupKind::real || wanted == GroupKind::integer;
+  return !(group.kind() == GroupKind::text && number) &&
+         !(group.kind() == GroupKind::real && !std::isfinite(group.real()));
+}
+
 }  // namespace
 
 void checkOwner(AuditRun& run, AcDbStub& stub) {
@@ -106,15 +114,6 @@ void checkPointers(AuditRun& run, AcDbStub& stub) {
 void checkNames(AuditRun& run, AcDbStub& stub) {
   const Record& record = run.recordOf(stub);
   const std::string_view type = record.type();
-  for (const Group& group : record.groups) {
-    const GroupKind wanted = kindOfCode(group.code());
-    const bool unread = group.kind() == GroupKind::text && (wanted == GroupKind::real || wanted == GroupKind::integer);
-    const bool beyond = group.kind() == GroupKind::real && !std::isfinite(group.real());
-    if (unread || beyond)
-      run.found(
-          "A13", &stub,
-          "groupe " + std::to_string(group.code()) + ": " + quoted(unread ? group.text() : realText(group.real())));
-  }
   const bool layer = type == "LAYER";
   if (!stub.is(AcDbStub::kEntity) && !layer) return;
   const std::string linetype = record.text(textField(layer ? "AcDbLayerTableRecord" : "AcDbEntity", 6));
@@ -129,6 +128,28 @@ void checkNames(AuditRun& run, AcDbStub& stub) {
   const std::string block = type == "INSERT" ? record.text(textField("AcDbBlockReference", 2)) : std::string();
   if (!block.empty() && !run.db.tableRecord("BLOCK_RECORD", block))
     run.found("A06", &stub, "bloc " + quoted(block) + " absent");
+}
+
+void checkValues(AuditRun& run, AcDbStub& stub) {
+  const Record& record = run.recordOf(stub);
+  for (const Group& group : record.groups) {
+    if (!readable(group))
+      run.found("A13", &stub,
+                "groupe " + std::to_string(group.code()) + ": " +
+                    quoted(group.kind() == GroupKind::text ? group.text() : realText(group.real())));
+  }
+  const RecordFormat* format = formatOf(record.type());
+  if (!format) return;
+  for (const Field& field : format->fields) {
+    const Group* group = record.get(field);
+    if (!group || !readable(*group) || fits(field, *group)) continue;
+    const std::string wanted = expected(field);
+    const bool whole = group->kind() == GroupKind::integer;
+    if (!wanted.empty())
+      run.found("A14", &stub,
+                std::string(field.name) + " (groupe " + std::to_string(field.code) + "): " +
+                    (whole ? std::to_string(group->integer()) : realText(group->real())) + ", attendu " + wanted);
+  }
 }
 
 void checkExtendedData(AuditRun& run, AcDbStub& stub) {

@@ -35,6 +35,7 @@ class AuditRun {
 void checkOwner(AuditRun& run, AcDbStub& stub);
 void checkPointers(AuditRun& run, AcDbStub& stub);
 void checkNames(AuditRun& run, AcDbStub& stub);
+void checkValues(AuditRun& run, AcDbStub& stub);
 void checkExtendedData(AuditRun& run, AcDbStub& stub);
 
 }  // namespace atelier::dxf
