@@ -212,4 +212,20 @@ TEST(Undo, whatIsKeptIsBounded) {
   EXPECT_EQ(AcDbEntityPointer(id)->colorIndex(), 200);
 }
 
+// A paragraph of R2018 carries an object of its own behind its fields, with the same codes: those are not the paragraph's.
+TEST(Fields, stayBeforeAnEmbeddedObject) {
+  Opened drawing(true);
+  const AcDbObjectId id = append(drawing, new AcDbMText);
+  auto& groups = AcDbImpObject::of(AcDbEntityPointer(id, AcDb::kForWrite).object()).record.groups;
+  groups.push_back(atelier::Group::text(101, "Embedded Object"));
+  groups.push_back(atelier::Group::real(50, 90));
+  const AcDbObjectPointer<AcDbMText> text(id, AcDb::kForWrite);
+  EXPECT_EQ(text->rotation(), 0);
+  text->setRotation(0.5);
+  EXPECT_NEAR(text->rotation(), 0.5, 1e-15);
+  ASSERT_EQ(groups.back().code(), 50);
+  EXPECT_EQ(groups.back().real(), 90);
+  EXPECT_EQ(groups[groups.size() - 2].code(), 101);
+}
+
 }  // namespace

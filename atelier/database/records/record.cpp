@@ -8,6 +8,7 @@ namespace atelier {
 namespace {
 
 constexpr int kMark = 100;
+constexpr int kEmbedded = 101;  // an object within the record, up to the extended data, with codes of its own
 constexpr int kBrace = 102;
 constexpr int kFirstXdata = 1000;
 
@@ -81,7 +82,7 @@ std::size_t Record::find(const Field& field) const {
   for (std::size_t i = 0; i < groups.size(); ++i) {
     const Group& group = groups[i];
     const int code = group.code();
-    if (code >= kFirstXdata) break;
+    if (code >= kFirstXdata || code == kEmbedded) break;
     if (code == kBrace && opensBraces(group)) {
       i = behindBraces(groups, i) - 1;
     } else if (code == kMark) {
@@ -136,7 +137,9 @@ std::pair<std::size_t, std::size_t> Record::section(std::string_view subclass) c
   for (std::size_t i = 0; i < groups.size() && groups[i].code() < kFirstXdata; ++i) {
     if (groups[i].code() != kMark || !marks(groups[i], wanted) || ++seen != turn) continue;
     std::size_t end = i + 1;
-    while (end < groups.size() && groups[end].code() != kMark && groups[end].code() < kFirstXdata) ++end;
+    while (end < groups.size() && groups[end].code() != kMark && groups[end].code() != kEmbedded &&
+           groups[end].code() < kFirstXdata)
+      ++end;
     return {i + 1, end};
   }
   return {npos, npos};
