@@ -127,8 +127,8 @@ class Run {
   }
 
   void audit() {
-    const auto print = [](std::string_view line) { std::fwrite(line.data(), 1, line.size(), stdout); };
-    if (auditDrawing(document_, options_.fix, print, options_.quiet).errors > 0) document_.countFailure();
+    const auto toStdout = [](std::string_view line) { std::fwrite(line.data(), 1, line.size(), stdout); };
+    if (auditDrawing(document_, options_.fix, toStdout, options_.quiet).errors > 0) document_.countFailure();
   }
 
   const Options& options_;

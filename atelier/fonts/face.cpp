@@ -54,10 +54,10 @@ int onCubic(const FT_Vector* c1, const FT_Vector* c2, const FT_Vector* to, void*
 }
 
 Path outlineOf(FT_Outline& outline, double scale) {
-  static constexpr FT_Outline_Funcs functions{onMove, onLine, onConic, onCubic, 0, 0};
+  static constexpr FT_Outline_Funcs kFunctions{onMove, onLine, onConic, onCubic, 0, 0};
   Path path;
   Decomposer user{&path, scale};
-  FT_Outline_Decompose(&outline, &functions, &user);
+  FT_Outline_Decompose(&outline, &kFunctions, &user);
   path.close();
   return path;
 }

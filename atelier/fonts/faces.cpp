@@ -60,7 +60,7 @@ bool equalFolded(std::string_view a, std::string_view b) {
 struct KnownFile {
   std::string_view stem, family, standIn;
 };
-constexpr KnownFile knownFiles[] = {
+constexpr KnownFile kKnownFiles[] = {
     {"arial", "Arial", "Liberation Sans"},
     {"arialbd", "Arial", "Liberation Sans"},
     {"ariali", "Arial", "Liberation Sans"},
@@ -72,7 +72,7 @@ constexpr KnownFile knownFiles[] = {
 };
 
 std::optional<FontFile> knownFamily(std::string_view stem, bool bold, bool italic) {
-  for (const KnownFile& known : knownFiles) {
+  for (const KnownFile& known : kKnownFiles) {
     if (!equalFolded(stem, known.stem) && !equalFolded(stem, known.family)) continue;
     const bool heavy = bold || known.stem.ends_with("bd"), slanted = italic || known.stem.ends_with("li");
     if (const auto file = installedFamily(known.family, heavy, slanted)) return file;

@@ -11,14 +11,14 @@ namespace atelier::fonts {
 namespace {
 
 // Bars in capital heights: distance of the bar's middle from the baseline, and thickness.
-constexpr double underlineY = -0.2, overlineY = 1.2, strikeY = 0.5, barThickness = 0.08;
-constexpr double greatestSlant = 85 * std::numbers::pi / 180;
+constexpr double kUnderlineY = -0.2, kOverlineY = 1.2, kStrikeY = 0.5, kBarThickness = 0.08;
+constexpr double kGreatestSlant = 85 * std::numbers::pi / 180;
 
 void addBar(TextLine& line, bool wanted, double from, double middle) {
   if (!wanted || line.advance <= from) return;
   Box bar;
-  bar.add(Pt{from, middle - barThickness / 2});
-  bar.add(Pt{line.advance, middle + barThickness / 2});
+  bar.add(Pt{from, middle - kBarThickness / 2});
+  bar.add(Pt{line.advance, middle + kBarThickness / 2});
   line.bars.push_back(bar);
 }
 
@@ -38,7 +38,7 @@ Path rectangle(const Box& box) {
 Font::Font(const FontStyle& style)
     : face_(&findFace(style.file, style.bold, style.italic)),
       widthFactor_(std::isfinite(style.widthFactor) && style.widthFactor != 0 ? style.widthFactor : 1),
-      slant_(std::isfinite(style.oblique) ? std::tan(std::clamp(style.oblique, -greatestSlant, greatestSlant)) : 0) {}
+      slant_(std::isfinite(style.oblique) ? std::tan(std::clamp(style.oblique, -kGreatestSlant, kGreatestSlant)) : 0) {}
 
 TextLine Font::layout(std::string_view text) const { return layout(expandTextCodes(text)); }
 
@@ -51,9 +51,9 @@ TextLine Font::layout(std::span<const TextRun> runs) const {
       line.glyphs.push_back({&glyph, line.advance});
       line.advance += glyph.advance;
     }
-    addBar(line, run.underline, from, underlineY);
-    addBar(line, run.overline, from, overlineY);
-    addBar(line, run.strike, from, strikeY);
+    addBar(line, run.underline, from, kUnderlineY);
+    addBar(line, run.overline, from, kOverlineY);
+    addBar(line, run.strike, from, kStrikeY);
   }
   return line;
 }

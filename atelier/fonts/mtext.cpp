@@ -10,9 +10,9 @@ namespace atelier::fonts {
 namespace {
 
 // Baseline to baseline at line spacing factor 1, in text heights (DXF reference, MTEXT group 44).
-constexpr double linePitch = 5.0 / 3.0;
+constexpr double kLinePitch = 5.0 / 3.0;
 // The parts of a stacked fraction: their height and where their baselines stand, in text heights.
-constexpr double stackHeight = 0.7, stackUpper = 0.65, stackLower = -0.35, stackBar = 0.5;
+constexpr double kStackHeight = 0.7, kStackUpper = 0.65, kStackLower = -0.35, kStackBar = 0.5;
 
 struct Placed {
   TextLine line;
@@ -49,9 +49,9 @@ Item stackOf(const MTextToken& token) {
     return item;
   }
   MTextFormat small = token.format;
-  small.height *= stackHeight;
-  item.parts.push_back(place(token.text, small, {0, stackUpper * token.format.height}));
-  item.parts.push_back(place(token.lower, small, {0, stackLower * token.format.height}));
+  small.height *= kStackHeight;
+  item.parts.push_back(place(token.text, small, {0, kStackUpper * token.format.height}));
+  item.parts.push_back(place(token.lower, small, {0, kStackLower * token.format.height}));
   const double scale = item.parts[0].font.shape(small.height).xx;
   const double upper = widthOf(item.parts[0]), lower = widthOf(item.parts[1]);
   item.width = std::max(upper, lower);
@@ -59,7 +59,7 @@ Item stackOf(const MTextToken& token) {
   item.parts[1].offset.x = (item.width - lower) / 2;
   if (token.divider == U'/' && scale > 0) {
     MTextFormat plain = token.format;
-    Placed bar = place({}, plain, {0, stackBar * plain.height});
+    Placed bar = place({}, plain, {0, kStackBar * plain.height});
     Box box;
     box.add(Pt{});
     box.add(Pt{item.width / bar.font.shape(plain.height).xx, 0.05});
@@ -152,7 +152,7 @@ MTextLayout layoutMText(std::string_view contents, const MTextStyle& given) {
   double y = 0;
   for (std::size_t i = 0; i < lines.size(); ++i) {
     const double tall = style.exactSpacing ? style.format.height : lines[i].tallest;
-    y -= i == 0 ? lines[i].tallest : linePitch * style.lineSpacing * tall;
+    y -= i == 0 ? lines[i].tallest : kLinePitch * style.lineSpacing * tall;
     baselines.push_back(y);
     out.width = std::max(out.width, lines[i].width);
   }

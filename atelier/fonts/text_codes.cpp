@@ -9,13 +9,13 @@ namespace atelier::fonts {
 
 namespace {
 
-constexpr char32_t degree = 0xB0, plusMinus = 0xB1, diameter = 0x2205;
+constexpr char32_t kDegree = 0xB0, kPlusMinus = 0xB1, kDiameter = 0x2205;
 
 // 0x80..0x9F of Windows-1252; the five unassigned bytes keep their own value.
-constexpr std::array<char16_t, 32> highControls{0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-                                                0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x8D,   0x017D, 0x8F,
-                                                0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-                                                0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
+constexpr std::array<char16_t, 32> kHighControls{0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                                 0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x8D,   0x017D, 0x8F,
+                                                 0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                                 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
 
 // Bytes of the UTF-8 sequence at the head of `s`, 0 when it is not one (overlong and surrogates refused).
 std::size_t utf8Length(std::string_view s, char32_t& c) {
@@ -56,9 +56,9 @@ std::optional<unsigned> number(std::u32string_view s, std::size_t at, std::size_
 
 char32_t stored(unsigned code) {
   switch (code) {
-    case 127: return degree;
-    case 128: return plusMinus;
-    case 129: return diameter;
+    case 127: return kDegree;
+    case 128: return kPlusMinus;
+    case 129: return kDiameter;
     default: return code < 256 ? windows1252(static_cast<unsigned char>(code)) : 0;
   }
 }
@@ -68,9 +68,9 @@ char32_t lower(char32_t c) { return c >= U'A' && c <= U'Z' ? c + 32 : c; }
 char32_t percentCode(std::u32string_view s, std::size_t at, std::size_t& length) {
   length = 3;
   switch (lower(s[at + 2])) {
-    case U'c': return diameter;
-    case U'd': return degree;
-    case U'p': return plusMinus;
+    case U'c': return kDiameter;
+    case U'd': return kDegree;
+    case U'p': return kPlusMinus;
     case U'%': return U'%';
     default: break;
   }
@@ -91,7 +91,7 @@ bool* barOf(TextRun& run, char32_t letter) {
 }  // namespace
 
 char32_t windows1252(unsigned char byte) {
-  return byte >= 0x80 && byte < 0xA0 ? highControls[byte - 0x80u] : static_cast<char32_t>(byte);
+  return byte >= 0x80 && byte < 0xA0 ? kHighControls[byte - 0x80u] : static_cast<char32_t>(byte);
 }
 
 std::u32string decodeUtf8(std::string_view text) {

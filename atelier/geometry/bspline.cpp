@@ -18,10 +18,10 @@ namespace atelier {
 namespace {
 
 // The finest chord bound, as a share of the size of the curve.
-constexpr double finest = 1e-9;
+constexpr double kFinest = 1e-9;
 // Halvings of one span between knots, and points of one curve: extreme data must come to an end.
-constexpr int deepest = 16;
-constexpr std::size_t mostPoints = 100'000;
+constexpr int kDeepest = 16;
+constexpr std::size_t kMostPoints = 100'000;
 
 bool finite(const AcGePoint3d& p) { return std::isfinite(p.x) && std::isfinite(p.y) && std::isfinite(p.z); }
 
@@ -100,7 +100,7 @@ class Sampler {
     const AcGePoint3d m = at(middle);
     const auto far = [&](double t) { return distanceToChord(at(t), a, b) > bound_; };
     const bool split = distanceToChord(m, a, b) > bound_ || far(t0 + (t1 - t0) / 4) || far(t0 + 3 * (t1 - t0) / 4);
-    if (!split || depth == deepest || out_.size() >= mostPoints) return add(t1, b);
+    if (!split || depth == kDeepest || out_.size() >= kMostPoints) return add(t1, b);
     span(t0, a, middle, m, depth + 1);
     span(middle, m, t1, b, depth + 1);
   }
@@ -154,7 +154,7 @@ std::vector<AcGePoint3d> sampleNurbs(const Nurbs& curve, double chord, std::vect
   try {
     const Handle(Geom_BSplineCurve) spline = occtCurve(curve);
     auto out =
-        Sampler(spline, std::isfinite(chord) ? std::max(chord, finest * size) : size, parameters).run(curve.knots);
+        Sampler(spline, std::isfinite(chord) ? std::max(chord, kFinest * size) : size, parameters).run(curve.knots);
     return std::ranges::all_of(out, finite) ? out : std::vector<AcGePoint3d>{};
   } catch (const Standard_Failure&) {
     return {};

@@ -42,7 +42,7 @@ DisplayList sample() {
   Box frame;
   frame.add(o);
   frame.add(o + Pt{20, 10});
-  list.add(1, Stroke{fonts::rectangle(frame), {foreground, 0.5, nullptr}});
+  list.add(1, Stroke{fonts::rectangle(frame), {kForeground, 0.5, nullptr}});
   list.add(2, Stroke{line(o, o + Pt{20, 10}), {{255, 0, 0}, 0.5, nullptr}});
   Box square;
   square.add(o + Pt{1, 6});
@@ -125,7 +125,7 @@ TEST_F(Plot, TransparencyDashesAndRulesShow) {
   addEllipse(holed, {5, 5}, {2, 0}, {0, 2});
   list.add(1, Fill{holed, {255, 0, 0, Colour::Kind::rgb, 128}, true});
   const auto dashes = std::make_shared<const std::vector<double>>(std::vector<double>{1, 1});
-  list.add(2, Stroke{line({0, 12}, {10, 12}), {foreground, 0.4, dashes}});
+  list.add(2, Stroke{line({0, 12}, {10, 12}), {kForeground, 0.4, dashes}});
   plot(list, at("d.png"), options());
   const Picture picture(at("d.png"));
   const int x0 = 1050 - 500, y0 = 1485 + 600;  // portrait: 10 x 12 m at 1:100
@@ -138,8 +138,8 @@ TEST_F(Plot, TransparencyDashesAndRulesShow) {
 TEST_F(Plot, HugeGeometryNeitherOverflowsNorStalls) {
   DisplayList list;
   Path path = line({-1e12, 5}, {1e12, 5});
-  list.add(
-      1, Stroke{path, {foreground, 0.5, std::make_shared<const std::vector<double>>(std::vector<double>{1e-9, 1e-9})}});
+  list.add(1, Stroke{path,
+                     {kForeground, 0.5, std::make_shared<const std::vector<double>>(std::vector<double>{1e-9, 1e-9})}});
   Path disc;
   addEllipse(disc, {1e9, 5}, {1e9, 0}, {0, 1e9});
   list.add(2, Fill{disc, {0, 0, 255}, true});
@@ -153,7 +153,7 @@ TEST_F(Plot, HugeGeometryNeitherOverflowsNorStalls) {
 
 TEST_F(Plot, ScreenTurnsForegroundWhite) {
   DisplayList list;
-  list.add(1, Stroke{line({0, 5}, {10, 5}), {foreground, 1, nullptr}});
+  list.add(1, Stroke{line({0, 5}, {10, 5}), {kForeground, 1, nullptr}});
   std::vector<std::uint32_t> pixels(100);
   PaintOptions o;
   o.foreground = {255, 255, 255};

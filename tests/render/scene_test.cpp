@@ -95,15 +95,15 @@ TEST(Scene, LooksComeFromEntityOrLayer) {
     double weight;
     std::vector<double> dashes;
   } rows[] = {
-      {"8=0", foreground, 0.25, {}},
+      {"8=0", kForeground, 0.25, {}},
       {"8=ROUGE", {255, 0, 0}, 0.5, {4, 2}},
       {"8=rouge 62=5", {0, 0, 255}, 0.5, {4, 2}},
       {"8=ROUGE 420=1122867 370=13", {0x11, 0x22, 0x33}, 0.13, {4, 2}},
       {"8=ROUGE 6=CONTINUOUS 370=-3", {255, 0, 0}, 0.25, {}},
-      {"8=0 6=MIXTE 48=0.5", foreground, 0.25, {2, 1, 0, 1}},
-      {"8=0 6=PLEIN", foreground, 0.25, {}},
-      {"8=0 6=ABSENT", foreground, 0.25, {}},
-      {"8=ABSENT", foreground, 0.25, {}},
+      {"8=0 6=MIXTE 48=0.5", kForeground, 0.25, {2, 1, 0, 1}},
+      {"8=0 6=PLEIN", kForeground, 0.25, {}},
+      {"8=0 6=ABSENT", kForeground, 0.25, {}},
+      {"8=ABSENT", kForeground, 0.25, {}},
       {"8=ROUGE 440=33554559", {255, 0, 0, Colour::Kind::rgb, 127}, 0.5, {4, 2}},
   };
   for (const auto& row : rows) {

@@ -80,7 +80,7 @@ TEST(SceneText, ParagraphColoursAndMask) {
   EXPECT_EQ(runs[1]->colour, (Colour{255, 0, 0}));
   EXPECT_EQ(runs[2]->colour, (Colour{0, 0, 255}));
   ASSERT_TRUE(std::holds_alternative<Fill>(list.items()[0].shape)) << "the mask lies under the text";
-  EXPECT_EQ(std::get<Fill>(list.items()[0].shape).colour, background);
+  EXPECT_EQ(std::get<Fill>(list.items()[0].shape).colour, kBackground);
 }
 
 TEST(SceneText, AttributesShowTheirValueDefinitionsTheirTag) {

@@ -55,7 +55,7 @@ TEST(Arc, StaysOnItsCircle) {
       const auto rings = dense(path);
       for (const auto& ring : rings)
         for (const Pt p : ring)
-          EXPECT_NEAR(std::hypot(p.x - centre.x, p.y - centre.y), radius, 2 * arcTolerance * radius + 1e-8);
+          EXPECT_NEAR(std::hypot(p.x - centre.x, p.y - centre.y), radius, 2 * kArcTolerance * radius + 1e-8);
     }
 }
 
@@ -158,7 +158,7 @@ TEST(Colours, FollowTheIndexTable) {
               {30, 0xFF7F00},  {42, 0xBD8D00},  {52, 0xBDBD00},  {90, 0x00FF00}, {140, 0x00BFFF},
               {170, 0x0000FF}, {174, 0x000081}, {250, 0x333333}, {255, 0xFFFFFF}};
   for (const auto& row : rows) EXPECT_EQ(aciColour(row.index), trueColour(row.rgb)) << row.index;
-  for (const int none : {7, 0, 256, -1}) EXPECT_EQ(aciColour(none), foreground);
+  for (const int none : {7, 0, 256, -1}) EXPECT_EQ(aciColour(none), kForeground);
 }
 
 }  // namespace

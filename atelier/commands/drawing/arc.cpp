@@ -75,7 +75,7 @@ double bulgeOfRadius(const Command& c, double chord, double radius) {
   return std::tan((radius > 0 ? half : std::numbers::pi - half) / 2);
 }
 
-CommandTask arc(Command& c) {
+CommandTask arcCommand(Command& c) {
   const auto first = co_await c.point("\nPoint de départ de l'arc ou [Centre]: ", {}, "Centre _Center");
   AcGePoint3d start = first.value, centre;
   if (first.is("Center")) {
@@ -131,7 +131,7 @@ CommandTask arc(Command& c) {
 
 constexpr CommandRow kTable[] = {
     {"CIRCLE", "C CERCLE", circle, "Dessine un cercle."},
-    {"ARC", "A", arc, "Dessine un arc."},
+    {"ARC", "A", arcCommand, "Dessine un arc."},
 };
 
 }  // namespace

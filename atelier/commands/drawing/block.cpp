@@ -32,7 +32,7 @@ bool shows(AcDbImpDatabase& database, AcDbStub* entity, AcDbObjectId block, std:
                      [&](AcDbStub* child) { return shows(database, child, block, seen); });
 }
 
-CommandTask block(Command& c) {
+CommandTask blockCommand(Command& c) {
   const auto given = co_await c.line("\nNom du bloc: ");
   const std::string name(trimmed(given.value));
   if (name.empty()) co_return;
@@ -60,7 +60,7 @@ CommandTask block(Command& c) {
 }
 
 constexpr CommandRow kTable[] = {
-    {"BLOCK", "-BLOCK B BLOC -BLOC", block, "Fait un bloc d'objets du dessin, qui le quittent."},
+    {"BLOCK", "-BLOCK B BLOC -BLOC", blockCommand, "Fait un bloc d'objets du dessin, qui le quittent."},
 };
 
 }  // namespace

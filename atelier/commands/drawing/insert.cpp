@@ -101,7 +101,7 @@ void explodeInto(const Command& c, AcDbObjectId insert) {
   reference->erase();
 }
 
-CommandTask insert(Command& c) {
+CommandTask insertCommand(Command& c) {
   const std::string last = std::get<std::string>(*c.document.variables().value("INSNAME"));
   const std::string prompt = "\nNom du bloc ou [?]" + (last.empty() ? std::string() : " <" + last + ">") + ": ";
   std::string name;
@@ -168,7 +168,7 @@ CommandTask insert(Command& c) {
 }
 
 constexpr CommandRow kTable[] = {
-    {"INSERT", "-INSERT I INSERER -INSERER", insert, "Insère un bloc ou un fichier."},
+    {"INSERT", "-INSERT I INSERER -INSERER", insertCommand, "Insère un bloc ou un fichier."},
 };
 
 }  // namespace

@@ -100,7 +100,7 @@ constexpr const char* kWords =
     "REnommer Tracé Description "
     "_? Make Set New ON OFF Color Ltype LWeight Freeze Thaw LOck Unlock Rename Plot Description";
 
-CommandTask layer(Command& c) {
+CommandTask layerCommand(Command& c) {
   for (;;) {
     const auto option = co_await c.keyword(
         "\nOption "
@@ -169,7 +169,7 @@ CommandTask layer(Command& c) {
 }
 
 constexpr CommandRow kTable[] = {
-    {"-LAYER", "LAYER LA -LA CALQUE -CALQUE", layer, "Crée des calques et règle leurs états."},
+    {"-LAYER", "LAYER LA -LA CALQUE -CALQUE", layerCommand, "Crée des calques et règle leurs états."},
 };
 
 }  // namespace

@@ -25,7 +25,7 @@ AcDbObjectId styleNamed(const Command& c, const std::string& name) {
   return id;
 }
 
-CommandTask style(Command& c) {
+CommandTask styleCommand(Command& c) {
   const std::string current = std::get<std::string>(*c.document.variables().value("TEXTSTYLE"));
   const std::string namePrompt = "\nNom du style <" + current + ">: ";
   const auto name = co_await c.line(namePrompt);
@@ -104,7 +104,7 @@ CommandTask purge(Command& c) {
 }
 
 constexpr CommandRow kTable[] = {
-    {"-STYLE", "STYLE ST", style, "Crée ou modifie un style de texte et le rend courant."},
+    {"-STYLE", "STYLE ST", styleCommand, "Crée ou modifie un style de texte et le rend courant."},
     {"-RENAME", "RENAME REN RENOMMER -RENOMMER", rename, "Renomme un bloc, un calque, un style."},
     {"-PURGE", "PURGE PU PURGER -PURGER", purge, "Retire du dessin ce qui ne sert pas."},
 };

@@ -50,7 +50,7 @@ class Bound : public ControlWidget {
       : control_(control), dialog_(dialog), outer_(new QWidget(parent)), widget_(new WIDGET(outer_)) {
     auto* row = new QHBoxLayout(outer_);
     row->setContentsMargins(0, 0, 0, 0);
-    if (Labelled) row->addWidget(label_ = new QLabel(outer_));
+    if (kLabelled) row->addWidget(label_ = new QLabel(outer_));
     row->addWidget(widget_, 1);
     if (label_) label_->setBuddy(widget_);
   }
@@ -66,7 +66,7 @@ class Bound : public ControlWidget {
   }
 
  protected:
-  static constexpr bool Labelled =
+  static constexpr bool kLabelled =
       std::is_same_v<CONTROL, Edit> || std::is_same_v<CONTROL, Combo> || std::is_same_v<CONTROL, Colour>;
   virtual void showValue() = 0;
   template <class ACTION>

@@ -26,15 +26,15 @@ Value set(Interpreter& in, Arguments arguments) {
 }
 
 // Checks (parameters / locals) when the function is made, so that the error names the definition.
-Value checkedLambda(Interpreter& in, Value lambda) {
-  if (!lambda.isPair()) in.fail("too few arguments");
-  for (Value rest = lambda.car(); rest; rest = rest.cdr())
-    if (!rest.isPair() || !rest.car().isSymbol()) in.fail("bad formal argument list: " + prin1(lambda.car()));
-  return lambda;
+Value checkedLambda(Interpreter& in, Value function) {
+  if (!function.isPair()) in.fail("too few arguments");
+  for (Value rest = function.car(); rest; rest = rest.cdr())
+    if (!rest.isPair() || !rest.car().isSymbol()) in.fail("bad formal argument list: " + prin1(function.car()));
+  return function;
 }
 
-Value userSubr(Interpreter& in, Value lambda, Value name) {
-  return Value::pointing(in.heap().pair(checkedLambda(in, lambda), name), Value::kUserSubr);
+Value userSubr(Interpreter& in, Value function, Value name) {
+  return Value::pointing(in.heap().pair(checkedLambda(in, function), name), Value::kUserSubr);
 }
 
 Value defun(Interpreter& in, Value rest) {

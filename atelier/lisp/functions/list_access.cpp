@@ -8,10 +8,10 @@ namespace {
 // The path of letters between c and r, applied from the right as the names read.
 template <char... kPath>
 Value access(Interpreter& in, Arguments arguments) {
-  constexpr char path[] = {kPath...};
+  constexpr char kLetters[] = {kPath...};
   Value value = arguments[0];
   for (std::size_t i = sizeof...(kPath); i-- > 0;) {
-    if (value.isPair()) value = path[i] == 'a' ? value.car() : value.cdr();
+    if (value.isPair()) value = kLetters[i] == 'a' ? value.car() : value.cdr();
     else listArgument(in, value);
   }
   return value;

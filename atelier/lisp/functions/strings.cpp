@@ -29,9 +29,9 @@ Value substr(Interpreter& in, Arguments arguments) {
   const std::string_view text = stringArgument(in, arguments[0]);
   const std::int32_t start = integerArgument(in, arguments[1]);
   if (start < 1) in.fail("bad argument value: positive " + prin1(arguments[1]));
-  const bool ascii = text.size() == arguments[0].characters();
-  const auto offset = [ascii](std::string_view part, std::size_t character) {
-    return ascii ? std::min(character, part.size()) : byteOffset(part, character);
+  const bool allAscii = text.size() == arguments[0].characters();
+  const auto offset = [allAscii](std::string_view part, std::size_t character) {
+    return allAscii ? std::min(character, part.size()) : byteOffset(part, character);
   };
   const std::string_view rest = text.substr(offset(text, static_cast<std::size_t>(start - 1)));
   if (!optional(arguments, 2)) return in.string(rest);

@@ -18,7 +18,7 @@ using Texts = std::vector<std::string>;
 constexpr int kDeepest = 100;
 constexpr std::size_t kLongest = 1 << 16;  // of a macro's text: nested functions could multiply it without end
 
-std::optional<double> number(const std::string& text) {
+std::optional<double> numberOf(const std::string& text) {
   double value = 0;
   const char *first = text.data(), *last = first + text.size();
   while (first != last && *first == ' ') ++first;
@@ -27,7 +27,7 @@ std::optional<double> number(const std::string& text) {
   return error == std::errc() && end == last ? std::optional(value) : std::nullopt;
 }
 
-std::string text(double value) {
+std::string textOf(double value) {
   char buffer[40];
   return std::string(buffer, std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, 10).ptr);
 }
@@ -127,14 +127,14 @@ class Evaluator {
     for (const CompareRow& row : kCompares)
       if (row.name == name) return compared(row.compare, a);
     const std::size_t count = a.size();
-    const auto first = count > 0 ? number(a[0]) : std::nullopt, second = count > 1 ? number(a[1]) : std::nullopt;
+    const auto first = count > 0 ? numberOf(a[0]) : std::nullopt, second = count > 1 ? numberOf(a[1]) : std::nullopt;
     if (name == "IF")
       return count < 2 || count > 3 || !first ? std::nullopt
                                               : std::optional(*first != 0  ? a[1]
                                                               : count == 3 ? a[2]
                                                                            : "");
     if (name == "EQ") return count == 2 ? std::optional<std::string>(a[0] == a[1] ? "1" : "0") : std::nullopt;
-    if (name == "FIX") return count == 1 && first ? std::optional(text(std::trunc(*first))) : std::nullopt;
+    if (name == "FIX") return count == 1 && first ? std::optional(textOf(std::trunc(*first))) : std::nullopt;
     if (name == "STRLEN") return count == 1 ? std::optional(std::to_string(characters(a[0]))) : std::nullopt;
     if (name == "UPPER") return count == 1 ? std::optional(upperCase(a[0])) : std::nullopt;
     if (name == "GETVAR") return count == 1 ? std::optional(host_.variable(upperCase(a[0]))) : std::nullopt;
@@ -167,22 +167,22 @@ class Evaluator {
   static std::optional<std::string> folded(Fold fold, const Texts& a) {
     std::optional<double> total;
     for (const std::string& each : a) {
-      const auto value = number(each);
+      const auto value = numberOf(each);
       if (!value) return std::nullopt;
       total = total ? fold(*total, *value) : *value;
     }
-    return total ? std::optional(text(*total)) : std::nullopt;
+    return total ? std::optional(textOf(*total)) : std::nullopt;
   }
 
   static std::optional<std::string> compared(Compare compare, const Texts& a) {
-    const auto x = a.size() == 2 ? number(a[0]) : std::nullopt, y = a.size() == 2 ? number(a[1]) : std::nullopt;
+    const auto x = a.size() == 2 ? numberOf(a[0]) : std::nullopt, y = a.size() == 2 ? numberOf(a[1]) : std::nullopt;
     if (!x || !y) return std::nullopt;
     return compare(*x, *y) ? "1" : "0";
   }
 
   // From the first character, counted from 1, so many or to the end.
   static std::optional<std::string> part(const Texts& a, std::optional<double> from) {
-    const auto length = a.size() == 3 ? number(a[2]) : std::optional(1e9);
+    const auto length = a.size() == 3 ? numberOf(a[2]) : std::optional(1e9);
     if (a.size() < 2 || a.size() > 3 || !from || *from < 1 || !length || *length < 0) return std::nullopt;
     const double whole = static_cast<double>(characters(a[0]));
     if (*from > whole) return "";
@@ -205,8 +205,8 @@ class Evaluator {
 
   static std::optional<std::string> formatted(const std::function<std::string(double, int, int)>& format,
                                               const Texts& a, double value) {
-    const auto mode = a.size() > 1 ? number(a[1]) : std::optional(-1.0),
-               precision = a.size() > 2 ? number(a[2]) : std::optional(-1.0);
+    const auto mode = a.size() > 1 ? numberOf(a[1]) : std::optional(-1.0),
+               precision = a.size() > 2 ? numberOf(a[2]) : std::optional(-1.0);
     if (!mode || !precision || a.size() > 3 || std::abs(*mode) > 10 || std::abs(*precision) > 20) return std::nullopt;
     return format(value, static_cast<int>(*mode), static_cast<int>(*precision));
   }

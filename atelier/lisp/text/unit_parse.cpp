@@ -84,9 +84,9 @@ std::optional<double> feetAndInches(Scanner& scan) {
 
 // 45d30'15.5", 45d, 45.5
 std::optional<double> degrees(Scanner& scan) {
-  const auto whole = scan.number(false);
-  if (!whole) return std::nullopt;
-  double value = *whole;
+  const auto first = scan.number(false);
+  if (!first) return std::nullopt;
+  double value = *first;
   if (!scan.take('D')) return value;
   for (const auto& [mark, parts] : {std::pair{'\'', 60.0}, std::pair{'"', 3600.0}}) {
     Scanner ahead = scan;

@@ -14,10 +14,10 @@ namespace atelier::render {
 
 namespace {
 
-constexpr double pointMarkMm = 2;      // size of a point's mark that has no size of its own
-constexpr double pointDotMm = 0.5;     // diameter of a plain point
-constexpr double dotMm = 0.02;         // length of a dot in a dash pattern: Cairo leaves out dashes of no length
-constexpr double shortestPattern = 1;  // surface units: a finer dash pattern is painted continuous
+constexpr double kPointMarkMm = 2;      // size of a point's mark that has no size of its own
+constexpr double kPointDotMm = 0.5;     // diameter of a plain point
+constexpr double kDotMm = 0.02;         // length of a dot in a dash pattern: Cairo leaves out dashes of no length
+constexpr double kShortestPattern = 1;  // surface units: a finer dash pattern is painted continuous
 
 Box grown(const Box& box, double by) { return {box.xMin - by, box.yMin - by, box.xMax + by, box.yMax + by}; }
 
@@ -72,7 +72,7 @@ class Painter {
 
   void operator()(const Dot& dot) {
     const Pt at = options_.toSurface(dot.at);
-    const double size = dot.size > 0 ? dot.size * scale_ : pointMarkMm * options_.unitsPerMm;
+    const double size = dot.size > 0 ? dot.size * scale_ : kPointMarkMm * options_.unitsPerMm;
     Path mark;
     const auto line = [&](double x1, double y1, double x2, double y2) {
       mark.moveTo(at + size * Pt{x1, y1});
@@ -99,12 +99,12 @@ class Painter {
   double width(const Pen& pen) const { return std::max(pen.weightMm * options_.unitsPerMm, options_.thinnest); }
 
   void plainDot(Pt at, const Dot& dot) {
-    const double radius = std::max(pointDotMm * options_.unitsPerMm, options_.thinnest) / 2;
+    const double radius = std::max(kPointDotMm * options_.unitsPerMm, options_.thinnest) / 2;
     Path disc;
     addEllipse(disc, at, {radius, 0}, {0, radius});
     fillPath(disc, dot.pen.colour, false);
     Path rim;
-    frame(rim, at, dot.size > 0 ? dot.size * scale_ : pointMarkMm * options_.unitsPerMm, dot.mode);
+    frame(rim, at, dot.size > 0 ? dot.size * scale_ : kPointMarkMm * options_.unitsPerMm, dot.mode);
     strokePath(rim, dot.pen);
   }
 
@@ -178,8 +178,8 @@ class Painter {
     double total = 0;
     if (pen.dashes)
       for (const double d : *pen.dashes)
-        total += lengths.emplace_back(std::max(d * scale_, dotMm * options_.unitsPerMm));
-    const bool visible = total >= shortestPattern && std::isfinite(total);
+        total += lengths.emplace_back(std::max(d * scale_, kDotMm * options_.unitsPerMm));
+    const bool visible = total >= kShortestPattern && std::isfinite(total);
     cairo_set_dash(cr_, lengths.data(), visible ? static_cast<int>(lengths.size()) : 0, 0);
   }
 

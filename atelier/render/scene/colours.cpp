@@ -9,10 +9,10 @@ namespace atelier::render {
 
 namespace {
 
-constexpr std::array<int, 5> levels{255, 189, 129, 104, 79};
-constexpr std::array<std::uint8_t, 6> greys{51, 80, 105, 130, 190, 255};
-constexpr std::array<std::uint32_t, 10> named{0,        0xFF0000, 0xFFFF00, 0x00FF00, 0x00FFFF,
-                                              0x0000FF, 0xFF00FF, 0,        0x414141, 0x808080};
+constexpr std::array<int, 5> kLevels{255, 189, 129, 104, 79};
+constexpr std::array<std::uint8_t, 6> kGreys{51, 80, 105, 130, 190, 255};
+constexpr std::array<std::uint32_t, 10> kNamed{0,        0xFF0000, 0xFFFF00, 0x00FF00, 0x00FFFF,
+                                               0x0000FF, 0xFF00FF, 0,        0x414141, 0x808080};
 
 // Level 0..255 of one primary at a hue: full within 60 degrees of the primary, none from 120 degrees on.
 int primaryLevel(int hue, int primary) {
@@ -27,13 +27,13 @@ Colour trueColour(std::uint32_t rgb) {
 }
 
 Colour aciColour(int index) {
-  if (index < 1 || index > 255 || index == 7) return foreground;
-  if (index < 10) return trueColour(named[static_cast<std::size_t>(index)]);
+  if (index < 1 || index > 255 || index == 7) return kForeground;
+  if (index < 10) return trueColour(kNamed[static_cast<std::size_t>(index)]);
   if (index >= 250) {
-    const std::uint8_t g = greys[static_cast<std::size_t>(index - 250)];
+    const std::uint8_t g = kGreys[static_cast<std::size_t>(index - 250)];
     return {g, g, g};
   }
-  const int hue = index / 10 - 1, shade = index % 10, level = levels[static_cast<std::size_t>(shade / 2)];
+  const int hue = index / 10 - 1, shade = index % 10, level = kLevels[static_cast<std::size_t>(shade / 2)];
   const auto channel = [&](int primary) {
     const int pure = level * primaryLevel(hue, primary) / 255;
     return static_cast<std::uint8_t>(shade % 2 ? (2 * level + pure) / 3 : pure);

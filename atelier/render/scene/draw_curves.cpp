@@ -11,16 +11,16 @@ namespace atelier::render {
 
 namespace {
 
-constexpr double turn = 2 * std::numbers::pi;
+constexpr double kTurn = 2 * std::numbers::pi;
 // Chord bound of splines, as a share of their size: invisible when the curve fills an A0 sheet.
-constexpr double splineChord = 5e-6;
+constexpr double kSplineChord = 5e-6;
 
 Pt planePoint(const AcGePoint3d& p) { return {p.x, p.y}; }
 
 // Counter-clockwise from start to end; equal angles are a whole turn.
 double sweepOf(double start, double end) {
-  const double sweep = std::fmod(end - start, turn);
-  return sweep > 0 ? sweep : sweep + turn;
+  const double sweep = std::fmod(end - start, kTurn);
+  return sweep > 0 ? sweep : sweep + kTurn;
 }
 
 Pt direction(const Entity& e, const AcGeVector3d& v) {
@@ -73,16 +73,16 @@ void drawEllipse(SceneBuilder& scene, const Entity& e) {
   const AcGeVector3d major = e.groups.point(11).asVector(), normal = e.groups.normal().normal();
   const AcGeVector3d minor = normal.crossProduct(major) * e.groups.real(40, 1);
   const Pt centre = e.world(e.groups.point(10)), u = direction(e, major), v = direction(e, minor);
-  const double start = e.groups.real(41, 0), end = e.groups.real(42, turn), sweep = sweepOf(start, end);
+  const double start = e.groups.real(41, 0), end = e.groups.real(42, kTurn), sweep = sweepOf(start, end);
   Path path;
-  if (sweep > turn - 1e-9) addEllipse(path, centre, u, v);
+  if (sweep > kTurn - 1e-9) addEllipse(path, centre, u, v);
   else addArc(path, centre, u, v, start, sweep);
   scene.stroke(e, std::move(path));
 }
 
 void drawSpline(SceneBuilder& scene, const Entity& e) {
   const Nurbs curve = nurbsOf(e.groups);
-  const auto samples = curve.points.empty() ? curve.points : sampleNurbs(curve, splineChord * sizeOf(curve.points));
+  const auto samples = curve.points.empty() ? curve.points : sampleNurbs(curve, kSplineChord * sizeOf(curve.points));
   if (samples.empty()) return scene.cannotShow("spline sans courbe (nœuds ou points incohérents)");
   Path path;
   for (const AcGePoint3d& p : samples) path.lineTo(e.world(p));

@@ -7,7 +7,7 @@ namespace atelier::render {
 
 namespace {
 
-constexpr std::size_t mostPieces = 200'000;  // of one hatch
+constexpr std::size_t kMostPieces = 200'000;  // of one hatch
 
 }  // namespace
 
@@ -25,7 +25,7 @@ void drawHatch(SceneBuilder& scene, const Entity& e) {
     return scene.fill(e, hatch.boundary.mapped(map), true, colour);
   }
   bool complete = true;
-  Path lines = patternStrokes(hatch, mostPieces, complete);
+  Path lines = patternStrokes(hatch, kMostPieces, complete);
   if (!complete) return scene.cannotShow("hachure trop serrée pour être tracée");
   scene.add(e, Stroke{lines.mapped(map), {e.look.colour, e.look.weightMm, nullptr}});
 }

@@ -14,9 +14,9 @@ namespace {
 // Group 72 and group 73 (74 in attributes).
 enum Horizontal { left = 0, centre = 1, right = 2, aligned = 3, middle = 4, fitted = 5 };
 enum Vertical { baseline = 0, bottom = 1, half = 2, top = 3 };
-constexpr std::int64_t backwards = 2, upsideDown = 4;        // group 71
-constexpr double descender = 1.0 / 3.0;                      // below the baseline, in capital heights
-constexpr std::int64_t invisibleFlag = 1, constantFlag = 2;  // group 70 of attributes
+constexpr std::int64_t kBackwards = 2, kUpsideDown = 4;        // group 71
+constexpr double kDescender = 1.0 / 3.0;                       // below the baseline, in capital heights
+constexpr std::int64_t kInvisibleFlag = 1, kConstantFlag = 2;  // group 70 of attributes
 
 struct Setting {
   fonts::FontStyle style;
@@ -52,7 +52,7 @@ Setting settingOf(SceneBuilder& scene, const Entity& e, std::string_view text, i
     s.rotation = std::atan2(along.y, along.x);
     (horizontal == aligned ? s.height : s.style.widthFactor) *= ratioToFit(scene, s, text, length);
     if (const Box ink = inkOf(scene, s, text); !ink.empty()) s.offset.x = -ink.xMin;
-    if (g.integer(71) & backwards) s.at = {second.x, second.y};  // read from there to the first
+    if (g.integer(71) & kBackwards) s.at = {second.x, second.y};  // read from there to the first
     return s;
   }
   if (horizontal == left && vertical == baseline) return s;
@@ -64,7 +64,7 @@ Setting settingOf(SceneBuilder& scene, const Entity& e, std::string_view text, i
   }
   if (horizontal == middle || vertical == half) s.offset.y = -s.height / 2;
   else if (vertical == top) s.offset.y = -s.height;
-  else if (vertical == bottom) s.offset.y = descender * s.height;
+  else if (vertical == bottom) s.offset.y = kDescender * s.height;
   return s;
 }
 
@@ -74,7 +74,7 @@ void drawString(SceneBuilder& scene, const Entity& e, std::string_view text, int
   const fonts::Font& font = scene.font(s.style);
   const Affine map = e.plane(e.groups.point(10).z) * Affine::translation(s.at.x, s.at.y) *
                      Affine::rotation(s.rotation) *
-                     Affine::scaling(mirror & backwards ? -1 : 1, mirror & upsideDown ? -1 : 1) *
+                     Affine::scaling(mirror & kBackwards ? -1 : 1, mirror & kUpsideDown ? -1 : 1) *
                      Affine::translation(s.offset.x, s.offset.y) * font.shape(s.height);
   scene.add(e, GlyphRun{font.layout(text), map, e.look.colour});
 }
@@ -123,7 +123,7 @@ void drawMask(SceneBuilder& scene, const Entity& e, const fonts::MTextLayout& la
   const double margin = (std::fmax(e.groups.real(45, 1.5), 1) - 1) * height;
   const Box& ink = layout.ink;
   const Path area = fonts::rectangle({ink.xMin - margin, ink.yMin - margin, ink.xMax + margin, ink.yMax + margin});
-  Colour colour = background;
+  Colour colour = kBackground;
   if (!(mask & 2))
     colour = e.groups.has(421) ? trueColour(static_cast<std::uint32_t>(e.groups.integer(421)))
                                : aciColour(static_cast<int>(e.groups.integer(63, 7)));
@@ -136,14 +136,14 @@ void drawText(SceneBuilder& scene, const Entity& e) { drawString(scene, e, e.gro
 
 void drawAttribute(SceneBuilder& scene, const Entity& e) {
   const std::int64_t mode = scene.database().header.integer("$ATTMODE", 1);
-  if (mode == 0 || (mode == 1 && (e.groups.integer(70) & invisibleFlag))) return;
+  if (mode == 0 || (mode == 1 && (e.groups.integer(70) & kInvisibleFlag))) return;
   drawString(scene, e, e.groups.text(1), 74);
 }
 
 // On its own a definition shows its tag; in a block only a constant one is seen, with its value.
 void drawAttributeDefinition(SceneBuilder& scene, const Entity& e) {
   if (e.at.depth == 0) return drawString(scene, e, e.groups.text(2), 74);
-  if (e.groups.integer(70) & constantFlag) drawAttribute(scene, e);
+  if (e.groups.integer(70) & kConstantFlag) drawAttribute(scene, e);
 }
 
 void drawMText(SceneBuilder& scene, const Entity& e) {

@@ -7,7 +7,7 @@ namespace atelier::render {
 
 namespace {
 
-constexpr int braces = 102, embedded = 101, firstXdata = 1000, application = 1001;
+constexpr int kBraces = 102, kEmbedded = 101, kFirstXdata = 1000, kApplication = 1001;
 
 }  // namespace
 
@@ -15,8 +15,8 @@ Groups::Groups(const Record& record) {
   bool inside = false;
   groups_.reserve(record.groups.size());
   for (const Group& group : record.groups) {
-    if (group.code() >= firstXdata || group.code() == embedded) break;
-    if (group.code() == braces) inside = group.text().starts_with('{');
+    if (group.code() >= kFirstXdata || group.code() == kEmbedded) break;
+    if (group.code() == kBraces) inside = group.text().starts_with('{');
     else if (!inside) groups_.push_back(&group);
   }
 }
@@ -71,9 +71,9 @@ std::vector<AcGePoint3d> Groups::points(int code) const {
 std::span<const Group> xdataOf(const Record& record, std::string_view name) {
   const std::span all(record.groups);
   for (std::size_t i = record.xdataStart(); i < all.size(); ++i) {
-    if (all[i].code() != application || all[i].text() != name) continue;
+    if (all[i].code() != kApplication || all[i].text() != name) continue;
     std::size_t end = i + 1;
-    while (end < all.size() && all[end].code() != application) ++end;
+    while (end < all.size() && all[end].code() != kApplication) ++end;
     return all.subspan(i + 1, end - i - 1);
   }
   return {};

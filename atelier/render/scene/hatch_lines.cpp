@@ -11,7 +11,7 @@ namespace atelier::render {
 namespace {
 
 // Flattening of the boundary, as a share of its size.
-constexpr double flatness = 1e-5;
+constexpr double kFlatness = 1e-5;
 
 struct Edge {
   Pt a, b;
@@ -23,7 +23,7 @@ std::vector<Edge> edgesOf(const Path& boundary) {
   const double size = std::max(box.width(), box.height());
   box.add(Pt{box.xMin - size, box.yMin - size});
   box.add(Pt{box.xMax + size, box.yMax + size});
-  const Path flat = clipFill(boundary, box, flatness * size);
+  const Path flat = clipFill(boundary, box, kFlatness * size);
   std::vector<Edge> edges;
   const auto points = flat.points();
   std::size_t i = 0, first = 0;

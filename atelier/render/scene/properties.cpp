@@ -12,19 +12,19 @@ namespace atelier::render {
 
 namespace {
 
-constexpr double defaultWeightMm = 0.25;
-constexpr int byLayer = -1, byBlock = -2;
-constexpr std::uint32_t alphaByBlock = 0x01, alphaByValue = 0x02;
+constexpr double kDefaultWeightMm = 0.25;
+constexpr int kByLayer = -1, kByBlock = -2;
+constexpr std::uint32_t kAlphaByBlock = 0x01, kAlphaByValue = 0x02;
 // Bits of the font descriptor in XDATA of a text style.
-constexpr std::int64_t italicFont = 0x1000000, boldFont = 0x2000000;
+constexpr std::int64_t kItalicFont = 0x1000000, kBoldFont = 0x2000000;
 
 // Line weights are hundredths of a millimetre; the negative ones that are no rule of inheritance are the
 // default.
-double weightMm(std::int64_t stored) { return stored < 0 ? defaultWeightMm : static_cast<double>(stored) / 100; }
+double weightMm(std::int64_t stored) { return stored < 0 ? kDefaultWeightMm : static_cast<double>(stored) / 100; }
 
 void setAlpha(Colour& colour, std::int64_t transparency) {
   const auto bits = static_cast<std::uint32_t>(transparency);
-  if (bits >> 24 == alphaByValue) colour.alpha = static_cast<std::uint8_t>(bits);
+  if (bits >> 24 == kAlphaByValue) colour.alpha = static_cast<std::uint8_t>(bits);
 }
 
 // Dashes and gaps by turns, from elements of either sign: equal signs in a row are joined, a gap in front
@@ -96,11 +96,11 @@ Look Properties::look(const Groups& entity, const Inherited& from) {
   else if (index == 0) look.colour = from.look.colour;
   else look.colour = index == 256 ? layer.colour : aciColour(static_cast<int>(index));
   const std::int64_t transparency = entity.integer(440);
-  look.colour.alpha = transparency >> 24 == alphaByBlock ? from.look.colour.alpha : layer.colour.alpha;
+  look.colour.alpha = transparency >> 24 == kAlphaByBlock ? from.look.colour.alpha : layer.colour.alpha;
   setAlpha(look.colour, transparency);
 
-  const std::int64_t weight = entity.integer(370, byLayer);
-  look.weightMm = weight == byLayer ? layer.weightMm : weight == byBlock ? from.look.weightMm : weightMm(weight);
+  const std::int64_t weight = entity.integer(370, kByLayer);
+  look.weightMm = weight == kByLayer ? layer.weightMm : weight == kByBlock ? from.look.weightMm : weightMm(weight);
 
   const std::string_view type = entity.text(6, "BYLAYER");
   if (equalNoCase(type, "BYLAYER")) look.pattern = layer.pattern;
@@ -132,8 +132,8 @@ const TextStyle& Properties::textStyle(std::string_view name) {
   for (const Group& group : xdataOf(*stored, "ACAD")) {
     if (group.code() == 1000 && !group.text().empty()) style.font.file = group.text();
     if (group.code() != 1071) continue;
-    style.font.bold = (group.integer() & boldFont) != 0;
-    style.font.italic = (group.integer() & italicFont) != 0;
+    style.font.bold = (group.integer() & kBoldFont) != 0;
+    style.font.italic = (group.integer() & kItalicFont) != 0;
   }
   return style;
 }

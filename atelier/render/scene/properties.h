@@ -16,7 +16,7 @@ namespace atelier::render {
 using Pattern = std::vector<double>;
 
 struct Layer {
-  Colour colour = foreground;
+  Colour colour = kForeground;
   double weightMm = 0.25;
   const Pattern* pattern = nullptr;
   bool off = false, frozen = false, plotted = true;
@@ -24,7 +24,7 @@ struct Layer {
 
 // The look of an entity when nothing is left to look up.
 struct Look {
-  Colour colour = foreground;
+  Colour colour = kForeground;
   double weightMm = 0.25;
   const Pattern* pattern = nullptr;  // null: continuous
   double patternScale = 1;           // drawing and entity factors

@@ -17,7 +17,7 @@ struct Kind {
   std::string_view type;
   DrawFunction draw;
 };
-constexpr Kind kinds[] = {
+constexpr Kind kKinds[] = {
     {"LINE", drawLine},
     {"CIRCLE", drawCircle},
     {"ARC", drawArc},
@@ -44,7 +44,7 @@ constexpr Kind kinds[] = {
     {"HATCH", drawHatch},
 };
 // Frames on a sheet and the like: nothing to see in the model space.
-constexpr std::string_view invisible[] = {"VIEWPORT", "SEQEND", "VERTEX", "LIGHT", "SUN"};
+constexpr std::string_view kInvisible[] = {"VIEWPORT", "SEQEND", "VERTEX", "LIGHT", "SUN"};
 
 DisplayList drawAll(const AcDbDatabase& database, std::span<AcDbStub* const> entities, const SceneOptions& options) {
   SceneBuilder builder(AcDbImpDatabase::of(&database), options);
@@ -113,9 +113,9 @@ void SceneBuilder::entity(AcDbStub& stub, const Placement& at) {
 
 void SceneBuilder::draw(const Entity& e) {
   const std::string_view type = e.record.type();
-  const auto kind = std::ranges::find(kinds, type, &Kind::type);
-  if (kind == std::end(kinds)) {
-    if (std::ranges::find(invisible, type) == std::end(invisible) && !e.look.hidden)
+  const auto kind = std::ranges::find(kKinds, type, &Kind::type);
+  if (kind == std::end(kKinds)) {
+    if (std::ranges::find(kInvisible, type) == std::end(kInvisible) && !e.look.hidden)
       cannotShow("entité de type " + std::string(type) + " non représentée");
     return;
   }

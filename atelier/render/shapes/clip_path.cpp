@@ -10,7 +10,7 @@ namespace atelier::render {
 
 namespace {
 
-constexpr int deepest = 24;  // halvings of a curve
+constexpr int kDeepest = 24;  // halvings of a curve
 
 bool clipRange(Pt base, Pt direction, const Box& box, double& first, double& last) {
   const auto side = [&](double from, double along, double low, double high) {
@@ -69,7 +69,7 @@ struct StrokeClipper {
     if (inside(hull, box)) {
       from(k.a);
       out.cubicTo(k.b, k.c, k.d);
-    } else if (depth == deepest) {
+    } else if (depth == kDeepest) {
       line(k.a, k.d);
     } else {
       for (const Cubic& half : k.halves()) curve(half, depth + 1);
@@ -80,7 +80,7 @@ struct StrokeClipper {
 using Ring = std::vector<Pt>;
 
 void flatten(Ring& ring, const Cubic& k, const Box& box, double tolerance, int depth = 0) {
-  if (depth == deepest || k.flatness() <= tolerance || !k.hull().meets(box)) return ring.push_back(k.d);
+  if (depth == kDeepest || k.flatness() <= tolerance || !k.hull().meets(box)) return ring.push_back(k.d);
   for (const Cubic& half : k.halves()) flatten(ring, half, box, tolerance, depth + 1);
 }
 

@@ -27,14 +27,14 @@ struct Colour {
   std::uint8_t alpha = 255;  // 0 unseen, 255 opaque
   bool operator==(const Colour&) const = default;
 };
-constexpr Colour foreground{0, 0, 0, Colour::Kind::foreground};
-constexpr Colour background{255, 255, 255, Colour::Kind::background};
+constexpr Colour kForeground{0, 0, 0, Colour::Kind::foreground};
+constexpr Colour kBackground{255, 255, 255, Colour::Kind::background};
 
 // Dashes and gaps by turns in drawing units, a dash first; a dash of 0 is a dot. Shared by all that use it.
 using Dashes = std::shared_ptr<const std::vector<double>>;
 
 struct Pen {
-  Colour colour = foreground;
+  Colour colour = kForeground;
   double weightMm = 0.25;  // on paper
   Dashes dashes;           // null: continuous
 };
@@ -46,7 +46,7 @@ struct Stroke {
 
 struct Fill {
   Path path;
-  Colour colour = foreground;
+  Colour colour = kForeground;
   bool evenOdd = true;  // else the nonzero rule
 };
 
@@ -54,7 +54,7 @@ struct Fill {
 struct GlyphRun {
   fonts::TextLine line;
   Affine map;
-  Colour colour = foreground;
+  Colour colour = kForeground;
 };
 
 // A line without an end, or with one: cut by the painter to what is seen.

@@ -11,20 +11,20 @@ namespace atelier::render {
 
 namespace {
 
-constexpr double turn = 2 * std::numbers::pi;
+constexpr double kTurn = 2 * std::numbers::pi;
 // Over a quarter turn the error is 2.73e-4 radii, and it goes with the sixth power of the angle.
-const double greatestAngle = std::numbers::pi / 2 * std::pow(arcTolerance / 2.73e-4, 1.0 / 6.0);
+const double kGreatestAngle = std::numbers::pi / 2 * std::pow(kArcTolerance / 2.73e-4, 1.0 / 6.0);
 
 }  // namespace
 
 void addArc(Path& path, Pt centre, Pt u, Pt v, double start, double sweep, bool move) {
   if (!std::isfinite(start) || !std::isfinite(sweep)) return;
-  sweep = std::clamp(sweep, -turn, turn);
+  sweep = std::clamp(sweep, -kTurn, kTurn);
   const auto at = [&](double c, double s) { return centre + (c * u + s * v); };
   const Pt first = at(std::cos(start), std::sin(start));
   if (move || path.empty()) path.moveTo(first);
   else if (path.current().x != first.x || path.current().y != first.y) path.lineTo(first);
-  const int parts = std::max(1, static_cast<int>(std::ceil(std::abs(sweep) / greatestAngle)));
+  const int parts = std::max(1, static_cast<int>(std::ceil(std::abs(sweep) / kGreatestAngle)));
   const double step = sweep / parts, handle = 4.0 / 3.0 * std::tan(step / 4);
   for (int i = 0; i < parts; ++i) {
     const double a = start + step * i, b = start + step * (i + 1);
@@ -34,7 +34,7 @@ void addArc(Path& path, Pt centre, Pt u, Pt v, double start, double sweep, bool 
 }
 
 void addEllipse(Path& path, Pt centre, Pt u, Pt v) {
-  addArc(path, centre, u, v, 0, turn, true);
+  addArc(path, centre, u, v, 0, kTurn, true);
   path.close();
 }
 

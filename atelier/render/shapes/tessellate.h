@@ -10,7 +10,7 @@
 namespace atelier::render {
 
 // The largest distance of a Bézier arc from the true one, as a share of the radius.
-constexpr double arcTolerance = 1e-7;
+constexpr double kArcTolerance = 1e-7;
 
 // An elliptic arc: points are centre + cos(t)·u + sin(t)·v for t from start to start + sweep (either sign;
 // held within one turn). Continues the path with a line to its start, or moves there when `move` is set or

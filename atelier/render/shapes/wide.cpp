@@ -11,7 +11,7 @@ namespace atelier::render {
 namespace {
 
 // A mitre longer than this many half widths is bevelled.
-constexpr double mitreLimit = 4;
+constexpr double kMitreLimit = 4;
 
 struct Segment {
   Pt from, to;
@@ -45,7 +45,7 @@ std::optional<Pt> mitre(const Segment* before, const Segment* after, double side
   if (std::abs(before->endHalf - after->startHalf) > 1e-12 * std::abs(before->endHalf)) return std::nullopt;
   const Pt sum = leftOf(before->in) + leftOf(after->out);
   const double square = sum.x * sum.x + sum.y * sum.y;  // 2 + 2·cos of the deflection
-  if (square * mitreLimit * mitreLimit < 4) return std::nullopt;
+  if (square * kMitreLimit * kMitreLimit < 4) return std::nullopt;
   return after->from + side * after->startHalf * 2 / square * sum;
 }
 

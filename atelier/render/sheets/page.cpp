@@ -13,19 +13,19 @@ namespace atelier::render {
 
 namespace {
 
-constexpr std::array<Paper, 5> papers{
+constexpr std::array<Paper, 5> kPapers{
     {{"A4", 210, 297}, {"A3", 297, 420}, {"A2", 420, 594}, {"A1", 594, 841}, {"A0", 841, 1189}}};
 // PDF pages may not be longer than 200 inches.
-constexpr double longestMm = 5080;
+constexpr double kLongestMm = 5080;
 // A sheet is not refused for less than this.
-constexpr double slackMm = 0.05;
+constexpr double kSlackMm = 0.05;
 
 struct Size {
   double width, height;
 };
 
 bool fits(Size content, Size room) {
-  return content.width <= room.width + slackMm && content.height <= room.height + slackMm;
+  return content.width <= room.width + kSlackMm && content.height <= room.height + kSlackMm;
 }
 
 Size oriented(const Paper& paper, Size content) {
@@ -78,14 +78,14 @@ double fitScale(const Box& content, Size room, double unitMm) {
 Size roll(Size content, double margin) {
   // A roll is at least A4 high, so that a thin profile still folds to A4.
   const Size sheet{std::max(content.width + 2 * margin, 297.0), std::max(content.height + 2 * margin, 297.0)};
-  if (std::max(sheet.width, sheet.height) > longestMm)
-    throw PlotError("le dessin demande une feuille de " + dimensions(sheet) + ", le maximum est " + number(longestMm) +
+  if (std::max(sheet.width, sheet.height) > kLongestMm)
+    throw PlotError("le dessin demande une feuille de " + dimensions(sheet) + ", le maximum est " + number(kLongestMm) +
                     " mm : choisissez une échelle plus petite, une fenêtre ou \"fit\"");
   return sheet;
 }
 
 Size smallestSheet(Size content, double margin) {
-  for (const Paper& paper : papers)
+  for (const Paper& paper : kPapers)
     if (fits(content, within(oriented(paper, content), margin))) return oriented(paper, content);
   return roll(content, margin);
 }
@@ -96,7 +96,7 @@ std::string overflow(const Paper& paper, Size content, Size room, double scale) 
                      std::string(paper.name) + " n'offre que " + dimensions(room) +
                      " : il est centré et coupé. Il tiendrait à l'échelle " + scaleName(usualScale(needed));
   const double margin = (oriented(paper, content).width - room.width) / 2;
-  for (const Paper& larger : papers)
+  for (const Paper& larger : kPapers)
     if (larger.longMm > paper.longMm && fits(content, within(oriented(larger, content), margin)))
       return text + " ou sur une feuille " + std::string(larger.name) + ".";
   return text + " ou, sans format imposé, sur un rouleau.";
@@ -138,7 +138,7 @@ std::optional<double> parseScale(std::string_view text) {
 }
 
 Paper parsePaper(std::string_view text) {
-  for (const Paper& paper : papers)
+  for (const Paper& paper : kPapers)
     if (text.size() == 2 && (text[0] == 'A' || text[0] == 'a') && text[1] == paper.name[1]) return paper;
   throw PlotError("format de papier \"" + std::string(text) + "\" : attendu A4, A3, A2, A1 ou A0");
 }
@@ -176,7 +176,7 @@ Page layOutPage(const Box& drawn, const PlotRequest& request) {
   const Size onPaper{content.width() * perUnit, content.height() * perUnit};
   if (!std::isfinite(onPaper.width) || !std::isfinite(onPaper.height)) throw PlotError("dessin d'étendue infinie");
 
-  const Paper paper = request.paper.value_or(papers[0]);
+  const Paper paper = request.paper.value_or(kPapers[0]);
   const bool chosen = request.paper || !request.scale;
   const Size sheet = chosen ? oriented(paper, onPaper) : smallestSheet(onPaper, request.marginMm);
   const Size room = within(sheet, request.marginMm);

@@ -23,9 +23,9 @@ namespace {
 using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
 using Context = std::unique_ptr<cairo_t, decltype(&cairo_destroy)>;
 
-constexpr int greatestSide = 32767;        // of Cairo's pictures, pixels
-constexpr double greatestPicture = 250e6;  // pixels: a gigabyte
-constexpr double hairlineMm = 0.09;        // the thinnest line a plotter draws
+constexpr int kGreatestSide = 32767;        // of Cairo's pictures, pixels
+constexpr double kGreatestPicture = 250e6;  // pixels: a gigabyte
+constexpr double kHairlineMm = 0.09;        // the thinnest line a plotter draws
 
 void paintPage(cairo_t* context, const DisplayList& list, const Page& page, double unitsPerMm, double thinnest,
                bool embedFonts) {
@@ -49,7 +49,7 @@ void paintPage(cairo_surface_t* surface, const DisplayList& list, const Page& pa
 void pdf(const DisplayList& list, const Page& page, const std::string& file) {
   PdfFile out(file);
   out.beginPage(page.widthMm, page.heightMm);
-  paintPage(out.context(), list, page, PdfFile::kPointsPerMm, hairlineMm * PdfFile::kPointsPerMm, true);
+  paintPage(out.context(), list, page, PdfFile::kPointsPerMm, kHairlineMm * PdfFile::kPointsPerMm, true);
   out.finish();
 }
 
@@ -59,7 +59,7 @@ void svg(const DisplayList& list, const Page& page, AtomicFile& out, const std::
       cairo_svg_surface_create_for_stream(toAtomicFile, &out, page.widthMm * perMm, page.heightMm * perMm),
       cairo_surface_destroy);
   try {
-    paintPage(surface.get(), list, page, perMm, hairlineMm * perMm, true, file);
+    paintPage(surface.get(), list, page, perMm, kHairlineMm * perMm, true, file);
   } catch (...) {
     dropPage(surface.get());
     throw;
@@ -72,7 +72,7 @@ void picture(double dpi, const DisplayList& list, const Page& page, AtomicFile& 
   if (!(dpi >= kLeastDpi && dpi <= kMostDpi))
     throw PlotError("résolution hors limites : attendu de 10 à 2400 points par pouce");
   const double perMm = dpi / 25.4, width = std::round(page.widthMm * perMm), height = std::round(page.heightMm * perMm);
-  if (std::max(width, height) > greatestSide || width * height > greatestPicture)
+  if (std::max(width, height) > kGreatestSide || width * height > kGreatestPicture)
     throw PlotError(file + " : image trop grande, baissez la résolution ou choisissez .pdf ou .svg");
   const Surface surface(
       cairo_image_surface_create(CAIRO_FORMAT_RGB24, static_cast<int>(width), static_cast<int>(height)),

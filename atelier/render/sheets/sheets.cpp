@@ -134,7 +134,7 @@ class Composer {
     path.moveTo({line.xMin, line.yMin});
     path.lineTo({line.xMin, line.yMax});
     DisplayList list;
-    list.add(0, Stroke{path, Pen{foreground, 0.35,
+    list.add(0, Stroke{path, Pen{kForeground, 0.35,
                                  std::make_shared<const std::vector<double>>(std::vector<double>{8, 1.5, 1, 1.5})}});
     Box clip = line;
     clip.xMin -= 1, clip.xMax += 1;
