@@ -2,6 +2,8 @@
 // An entity on a layer that has no record shows.
 #include "atelier/document/layer_states.h"
 
+#include "atelier/database/records/flags.h"
+
 namespace atelier {
 
 const LayerStates::State& LayerStates::of(AcDbStub& entity) {
@@ -12,7 +14,8 @@ const LayerStates::State& LayerStates::of(AcDbStub& entity) {
   if (layer) {
     const Record& record = AcDbImpObject::of(&database_.object(*layer)).record;
     const std::int64_t flags = record.integer(integerField("AcDbLayerTableRecord", 70));
-    it->second = {record.integer(integerField("AcDbLayerTableRecord", 62, 7)) < 0, (flags & 1) != 0, (flags & 4) != 0};
+    it->second = {record.integer(integerField("AcDbLayerTableRecord", 62, 7)) < 0, (flags & LayerFlags::kFrozen) != 0,
+                  (flags & LayerFlags::kLocked) != 0};
   }
   return it->second;
 }

@@ -8,6 +8,7 @@
 
 #include "atelier/database/curves/polyline_vertices.h"
 #include "atelier/database/objects/imp_database.h"
+#include "atelier/database/records/flags.h"
 #include "atelier/geometry/bspline.h"
 #include "hote/dbpl.h"
 #include "hote/dbsymtb.h"
@@ -90,8 +91,7 @@ void eachVertexOf(const AcDbEntity& polyline, TAKE take) {
   for (AcDbStub* child : *stub->children) {
     if (child->is(AcDbStub::kErased)) continue;
     const AcDbVertex* vertex = AcDbVertex::cast(&stub->database->object(*child));
-    constexpr int kFrame = 16;
-    if (vertex && !(vertex->flags() & kFrame)) take(*vertex);
+    if (vertex && !(vertex->flags() & VertexFlags::kFrame)) take(*vertex);
   }
 }
 

@@ -2,6 +2,7 @@
 // Geometry is made in the plane of the world.
 #include "atelier/commands/command_prompts.h"
 #include "atelier/commands/command_table.h"
+#include "atelier/database/records/flags.h"
 #include "atelier/document/document.h"
 #include "hote/dbpl.h"
 
@@ -75,7 +76,7 @@ CommandTask polylineInSpace(Command& c) {
   }
   constexpr Field kFlags = integerField("AcDb3dPolyline", 70);
   AcDbImpObject& imp = AcDbImpObject::of(polyline.object());
-  if (closed) imp.setInteger(kFlags, imp.record.integer(kFlags) | 1);
+  if (closed) imp.setInteger(kFlags, imp.record.integer(kFlags) | PolylineFlags::kClosed);
 }
 
 constexpr CommandRow kTable[] = {

@@ -132,11 +132,10 @@ std::vector<DrawnVertex> drawnVertices(const AcDbCurve& polyline) {
   const AcDbStub* stub = stubOf(&polyline);
   if (!stub || !stub->children) return out;
   const AcDbEntityPointer held(polyline.objectId());  // or the vertices would push it out of memory
-  constexpr int kFrame = 16;
   for (AcDbStub* child : *stub->children) {
     if (child->is(AcDbStub::kErased)) continue;
     const AcDbVertex* vertex = AcDbVertex::cast(&stub->database->object(*child));
-    if (vertex && !(vertex->flags() & kFrame))
+    if (vertex && !(vertex->flags() & VertexFlags::kFrame))
       out.push_back({vertex->position(), vertex->bulge(), vertex->startWidth(), vertex->endWidth()});
   }
   return out;

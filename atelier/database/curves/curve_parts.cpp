@@ -161,8 +161,7 @@ std::unique_ptr<AcDbPolyline> emptyLike(const AcDbPolyline& whole) {
   AcDbImpObject& imp = AcDbImpObject::of(part.get());
   for (const Field& field : {realField(kPolyline, 43), realField(kPolyline, 38), realField(kPolyline, 39)})
     if (from.has(field)) imp.setReal(field, from.real(field));
-  constexpr std::int64_t kGenerated = 128;  // line type runs through the vertices
-  imp.setInteger(integerField(kPolyline, 70), from.integer(integerField(kPolyline, 70)) & kGenerated);
+  imp.setInteger(integerField(kPolyline, 70), from.integer(integerField(kPolyline, 70)) & PolylineFlags::kRunsThrough);
   imp.forgetDecoded();  // it has no vertices yet; what it has is read anew from the record
   if (!isWorldPlane(whole.normal())) part->setNormal(whole.normal());
   return part;

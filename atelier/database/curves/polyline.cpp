@@ -16,7 +16,6 @@ namespace {
 constexpr std::string_view kPolyline = "AcDbPolyline";
 constexpr Field kCount = integerField(kPolyline, 90), kFlags = integerField(kPolyline, 70),
                 kWidth = realField(kPolyline, 43), kElevation = realField(kPolyline, 38);
-constexpr std::int64_t kClosed = 1;
 
 const Record& recordOf(const AcDbObject* object) { return AcDbImpObject::of(object).record; }
 
@@ -49,7 +48,7 @@ PolylineVertices& verticesOf(const AcDbObject* polyline) {
   vertices->normal = normalOf(imp.record, kPolyline);
   vertices->elevation = imp.record.real(kElevation);
   if (const Group* width = imp.record.get(kWidth)) vertices->constantWidth = width->real();
-  vertices->closed = imp.record.integer(kFlags) & kClosed;
+  vertices->closed = imp.record.integer(kFlags) & PolylineFlags::kClosed;
   PolylineVertices& result = *vertices;
   imp.decoded = std::move(vertices);
   return result;
@@ -123,7 +122,9 @@ unsigned int AcDbPolyline::numVerts() const { return static_cast<unsigned int>(v
 bool AcDbPolyline::isClosed() const { return verticesOf(this).closed; }
 void AcDbPolyline::setClosed(bool closed) {
   const std::int64_t flags = recordOf(this).integer(kFlags);
-  if (AcDbImpObject::of(this).setInteger(kFlags, closed ? flags | kClosed : flags & ~kClosed) != Acad::eOk) return;
+  if (AcDbImpObject::of(this).setInteger(
+          kFlags, closed ? flags | PolylineFlags::kClosed : flags & ~PolylineFlags::kClosed) != Acad::eOk)
+    return;
   verticesOf(this).closed = closed;
   verticesOf(this).curve.reset();
 }

@@ -79,21 +79,23 @@ int AcDbVertex::flags() const {
 }
 AcDb::Vertex2dType AcDbVertex::vertexType() const {
   const int flag = flags();
-  if (flag & 16) return AcDb::k2dSplineCtlVertex;
-  if (flag & 8) return AcDb::k2dSplineFitVertex;
-  return flag & 1 ? AcDb::k2dCurveFitVertex : AcDb::k2dVertex;
+  if (flag & VertexFlags::kFrame) return AcDb::k2dSplineCtlVertex;
+  if (flag & VertexFlags::kSplineFit) return AcDb::k2dSplineFitVertex;
+  return flag & VertexFlags::kCurveFit ? AcDb::k2dCurveFitVertex : AcDb::k2dVertex;
 }
 Acad::ErrorStatus AcDbVertex::transformBy(const AcGeMatrix3d& m) { return setPosition(m * position()); }
 
 AcDb2dPolyline::AcDb2dPolyline() { initRecord(*this, "POLYLINE"); }
 AcDb::Poly2dType AcDb2dPolyline::polyType() const {
   const std::int64_t flags = recordOf(this).integer(integerField("AcDb2dPolyline", 70));
-  if (flags & 2) return AcDb::k2dFitCurvePoly;
-  if (!(flags & 4)) return AcDb::k2dSimplePoly;
-  return recordOf(this).integer(integerField("AcDb2dPolyline", 75)) == 6 ? AcDb::k2dCubicSplinePoly
-                                                                         : AcDb::k2dQuadSplinePoly;
+  if (flags & PolylineFlags::kCurveFit) return AcDb::k2dFitCurvePoly;
+  if (!(flags & PolylineFlags::kSplineFit)) return AcDb::k2dSimplePoly;
+  return recordOf(this).integer(integerField("AcDb2dPolyline", 75)) == Smoothing::kCubic ? AcDb::k2dCubicSplinePoly
+                                                                                         : AcDb::k2dQuadSplinePoly;
 }
-bool AcDb2dPolyline::isClosed() const { return recordOf(this).integer(integerField("AcDb2dPolyline", 70)) & 1; }
+bool AcDb2dPolyline::isClosed() const {
+  return recordOf(this).integer(integerField("AcDb2dPolyline", 70)) & PolylineFlags::kClosed;
+}
 double AcDb2dPolyline::elevation() const { return recordOf(this).point(pointField("AcDb2dPolyline", 10)).z; }
 AcGeVector3d AcDb2dPolyline::normal() const { return normalOf(recordOf(this), "AcDb2dPolyline"); }
 AcDbObjectIterator* AcDb2dPolyline::vertexIterator() const { return vertices(this); }
@@ -142,16 +144,20 @@ Acad::ErrorStatus AcDb2dPolyline::transformBy(const AcGeMatrix3d& m) {
 AcDb3dPolyline::AcDb3dPolyline() {
   const bool fresh = !pendingRecordNow();
   initRecord(*this, "POLYLINE");
-  if (fresh) putInSpace(AcDbImpObject::of(this).record, "AcDb2dPolyline", "AcDb3dPolyline", 8);
+  if (fresh) putInSpace(AcDbImpObject::of(this).record, "AcDb2dPolyline", "AcDb3dPolyline", PolylineFlags::kSpace);
 }
 AcDb::Poly3dType AcDb3dPolyline::polyType() const {
   const std::int64_t smooth = recordOf(this).integer(integerField("AcDb3dPolyline", 75));
-  return smooth == 6 ? AcDb::k3dCubicSplinePoly : smooth == 5 ? AcDb::k3dQuadSplinePoly : AcDb::k3dSimplePoly;
+  return smooth == Smoothing::kCubic       ? AcDb::k3dCubicSplinePoly
+         : smooth == Smoothing::kQuadratic ? AcDb::k3dQuadSplinePoly
+                                           : AcDb::k3dSimplePoly;
 }
-bool AcDb3dPolyline::isClosed() const { return recordOf(this).integer(integerField("AcDb3dPolyline", 70)) & 1; }
+bool AcDb3dPolyline::isClosed() const {
+  return recordOf(this).integer(integerField("AcDb3dPolyline", 70)) & PolylineFlags::kClosed;
+}
 AcDbObjectIterator* AcDb3dPolyline::vertexIterator() const { return vertices(this); }
 Acad::ErrorStatus AcDb3dPolyline::appendVertex(AcDbVertex* vertex) {
-  putInSpace(AcDbImpObject::of(vertex).record, "AcDb2dVertex", "AcDb3dPolylineVertex", 32);
+  putInSpace(AcDbImpObject::of(vertex).record, "AcDb2dVertex", "AcDb3dPolylineVertex", VertexFlags::kSpace);
   return append(this, vertex);
 }
 Acad::ErrorStatus AcDb3dPolyline::subGetGeomExtents(AcDbExtents& extents) const {

@@ -13,7 +13,6 @@ constexpr std::string_view kSpline = "AcDbSpline";
 constexpr Field kFlags = integerField(kSpline, 70), kDegree = integerField(kSpline, 71, 3),
                 kKnotTolerance = realField(kSpline, 42, 1e-7), kPointTolerance = realField(kSpline, 43, 1e-7);
 constexpr Field kCounts[3] = {integerField(kSpline, 72), integerField(kSpline, 73), integerField(kSpline, 74)};
-constexpr std::int64_t kClosed = 1, kPeriodic = 2, kRational = 4, kPlanar = 8;
 
 const Record& recordOf(const AcDbObject* object) { return AcDbImpObject::of(object).record; }
 
@@ -100,7 +99,7 @@ void write(Record& record, const SplineData& data) {
 std::int64_t planarFlag(std::span<const AcGePoint3d> points) {
   const bool level =
       std::all_of(points.begin(), points.end(), [&](const AcGePoint3d& p) { return p.z == points[0].z; });
-  return level ? kPlanar : 0;
+  return level ? SplineFlags::kPlanar : 0;
 }
 
 }  // namespace
@@ -113,7 +112,8 @@ AcDbSpline::AcDbSpline(int order, bool rational, bool closed, bool periodic, con
   const std::span knotList(knots.asArrayPtr(), knots.asArrayPtr() + knots.length());
   const std::span weightList(weights.asArrayPtr(), weights.asArrayPtr() + (rational ? weights.length() : 0));
   Record& record = *change(this);
-  write(record, {(closed ? kClosed : 0) | (periodic ? kPeriodic : 0) | (rational ? kRational : 0) | planarFlag(points),
+  write(record, {(closed ? SplineFlags::kClosed : 0) | (periodic ? SplineFlags::kPeriodic : 0) |
+                     (rational ? SplineFlags::kRational : 0) | planarFlag(points),
                  order,
                  points,
                  knotList,
@@ -176,8 +176,8 @@ Nurbs nurbsOf(const AcDbSpline& spline) {
 Acad::ErrorStatus setNurbs(AcDbSpline& spline, const Nurbs& data) {
   Record* record = change(&spline);
   if (!record) return Acad::eNotOpenForWrite;
-  const std::int64_t closed = record->integer(kFlags) & kClosed;
-  write(*record, {closed | (data.weights.empty() ? 0 : kRational) | planarFlag(data.points),
+  const std::int64_t closed = record->integer(kFlags) & SplineFlags::kClosed;
+  write(*record, {closed | (data.weights.empty() ? 0 : SplineFlags::kRational) | planarFlag(data.points),
                   data.degree,
                   data.points,
                   data.knots,
@@ -201,8 +201,8 @@ int AcDbSpline::numControlPoints() const {
   return static_cast<int>(stored > 0 ? stored : nurbsOf(*this).points.size());
 }
 int AcDbSpline::numFitPoints() const { return static_cast<int>(places(recordOf(this), 11).size()); }
-bool AcDbSpline::isRational() const { return recordOf(this).integer(kFlags) & kRational; }
-bool AcDbSpline::isClosed() const { return recordOf(this).integer(kFlags) & kClosed; }
+bool AcDbSpline::isRational() const { return recordOf(this).integer(kFlags) & SplineFlags::kRational; }
+bool AcDbSpline::isClosed() const { return recordOf(this).integer(kFlags) & SplineFlags::kClosed; }
 Acad::ErrorStatus AcDbSpline::getControlPointAt(int index, AcGePoint3d& p) const {
   if (!places(recordOf(this), 10).empty()) return pointAt(recordOf(this), 10, index, p);
   const Nurbs data = nurbsOf(*this);  // of one that its file gives by the points it goes through
@@ -229,7 +229,7 @@ Acad::ErrorStatus AcDbSpline::getNurbsData(int& order, bool& rational, bool& clo
                                            double& knotTolerance) const {
   const Record& record = recordOf(this);
   closed = isClosed();
-  periodic = record.integer(kFlags) & kPeriodic;
+  periodic = record.integer(kFlags) & SplineFlags::kPeriodic;
   controlPointTolerance = record.real(kPointTolerance);
   knotTolerance = record.real(kKnotTolerance);
   controlPoints.removeAll();

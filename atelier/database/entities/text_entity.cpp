@@ -177,13 +177,18 @@ Acad::ErrorStatus AcDbText::transformBy(const AcGeMatrix3d& m) {
   }                                                                                                                    \
   AcString CLASS::tag() const { return toWide(recordOf(this).text(textField(#CLASS, 2))); }                            \
   int CLASS::fieldLength() const { return static_cast<int>(recordOf(this).integer(integerField(#CLASS, 73))); }        \
-  bool CLASS::isInvisible() const { return recordOf(this).integer(integerField(#CLASS, 70)) & 1; }                     \
-  bool CLASS::isConstant() const { return recordOf(this).integer(integerField(#CLASS, 70)) & 2; }                      \
+  bool CLASS::isInvisible() const {                                                                                    \
+    return recordOf(this).integer(integerField(#CLASS, 70)) & AttributeFlags::kInvisible;                              \
+  }                                                                                                                    \
+  bool CLASS::isConstant() const {                                                                                     \
+    return recordOf(this).integer(integerField(#CLASS, 70)) & AttributeFlags::kConstant;                               \
+  }                                                                                                                    \
   Acad::ErrorStatus CLASS::setTag(const ACHAR* tag) { return impOf(this).setText(textField(#CLASS, 2), toUtf8(tag)); } \
   Acad::ErrorStatus CLASS::setFieldLength(int n) { return impOf(this).setInteger(integerField(#CLASS, 73), n); }       \
   Acad::ErrorStatus CLASS::setInvisible(bool on) {                                                                     \
     const std::int64_t flags = recordOf(this).integer(integerField(#CLASS, 70));                                       \
-    return impOf(this).setInteger(integerField(#CLASS, 70), on ? flags | 1 : flags & ~1);                              \
+    return impOf(this).setInteger(integerField(#CLASS, 70),                                                            \
+                                  on ? flags | AttributeFlags::kInvisible : flags & ~AttributeFlags::kInvisible);      \
   }
 ATELIER_TAGGED(AcDbAttributeDefinition, "ATTDEF")
 ATELIER_TAGGED(AcDbAttribute, "ATTRIB")
@@ -198,7 +203,7 @@ Acad::ErrorStatus AcDbAttributeDefinition::setPrompt(const ACHAR* prompt) {
 Acad::ErrorStatus AcDbAttributeDefinition::setConstant(bool on) {
   const Field field = integerField("AcDbAttributeDefinition", 70);
   const std::int64_t flags = recordOf(this).integer(field);
-  return impOf(this).setInteger(field, on ? flags | 2 : flags & ~2);
+  return impOf(this).setInteger(field, on ? flags | AttributeFlags::kConstant : flags & ~AttributeFlags::kConstant);
 }
 
 AcDbAttribute::AcDbAttribute(const AcGePoint3d& position, const ACHAR* text, const ACHAR* tag, AcDbObjectId style)

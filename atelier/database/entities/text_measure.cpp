@@ -23,15 +23,14 @@ const fonts::Font& fontFor(const fonts::FontStyle& style) {
 
 // A style made from a family rather than a file names it in XDATA, with bits for its weight and slant.
 void readFamily(const Record& record, fonts::FontStyle& style) {
-  constexpr std::int64_t kItalic = 0x1000000, kBold = 0x2000000;
   bool mine = false;
   for (std::size_t i = record.xdataStart(); i < record.groups.size(); ++i) {
     const Group& group = record.groups[i];
     if (group.code() == 1001) mine = group.text() == "ACAD";
     if (mine && group.code() == 1000 && !group.text().empty()) style.file = group.text();
     if (!mine || group.code() != 1071) continue;
-    style.bold = (group.integer() & kBold) != 0;
-    style.italic = (group.integer() & kItalic) != 0;
+    style.bold = (group.integer() & FontBits::kBold) != 0;
+    style.italic = (group.integer() & FontBits::kItalic) != 0;
   }
 }
 
@@ -65,15 +64,14 @@ fonts::Box paragraphInk(const AcDbMText& text) {
   style.wrapWidth = text.width();
   style.attachment = text.attachment();
   style.lineSpacing = record.real(realField(kMText, 44, 1));
-  style.exactSpacing = record.integer(integerField(kMText, 73, 1)) == 2;
+  style.exactSpacing = record.integer(integerField(kMText, 73, 1)) == LineSpacing::kExact;
   return fonts::layoutMText(toUtf8(text.contents().kACharPtr()), style).ink;
 }
 
 MeasuredText::MeasuredText(const AcDbText& text) : height_(text.height()) {
-  constexpr std::int64_t kBackwards = 2, kUpsideDown = 4;
   const Record& record = AcDbImpObject::of(&text).record;
   const std::int64_t mirror = record.integer(integerField("AcDbText", 71));
-  backwards_ = (mirror & kBackwards) != 0, upsideDown_ = (mirror & kUpsideDown) != 0;
+  backwards_ = (mirror & TextMirror::kBackwards) != 0, upsideDown_ = (mirror & TextMirror::kUpsideDown) != 0;
   const fonts::FontStyle style = fontStyle(databaseOf(&text), record.text(textField("AcDbText", 7, "Standard")),
                                            text.widthFactor(), text.oblique());
   extents_ = fontFor(style).extents(record.text(textField("AcDbText", 1)), height_);

@@ -289,7 +289,8 @@ EntityMaker::Result EntityMaker::follow(Record given) {
       std::erase_if(given.groups, [](const Group& g) { return g.code() == 100; });
       given = arranged(given.groups);
     }
-    if (AcDb3dPolyline::cast(&db_.object(*parent_))) putInSpace(given, "AcDb2dVertex", "AcDb3dPolylineVertex", 32);
+    if (AcDb3dPolyline::cast(&db_.object(*parent_)))
+      putInSpace(given, "AcDb2dVertex", "AcDb3dPolylineVertex", VertexFlags::kSpace);
   }
   ensureLayer(db_, given.text(kLayer));
   AcDbObject* made = objectFrom(std::move(given), true);

@@ -106,8 +106,8 @@ std::string classOf(const Record& record) {
     std::int64_t flags = 0;
     for (const std::string_view kind : {"AcDb2dPolyline", "AcDb3dPolyline", "AcDbPolygonMesh", "AcDbPolyFaceMesh"})
       flags |= record.integer(integerField(kind, 70));
-    if (flags & 8) return "AcDb3dPolyline";
-    if (flags & (16 | 64)) return "AcDbEntity";
+    if (flags & PolylineFlags::kSpace) return "AcDb3dPolyline";
+    if (flags & (PolylineFlags::kMesh | PolylineFlags::kPolyface)) return "AcDbEntity";
     return "AcDb2dPolyline";
   }
   const RecordFormat* format = formatOf(type);

@@ -67,7 +67,7 @@ constexpr Field kRecordName = text(2, "name"), kRecordFlags = integer(70, "flags
 // Hundredths of a millimetre; below 0 those of the layer, the block, the drawing.
 constexpr int kLineWeights[] = {-3, -2, -1, 0,  5,  9,  13,  15,  18,  20,  25,  30,  35, 40,
                                 50, 53, 60, 70, 80, 90, 100, 106, 120, 140, 158, 200, 211};
-constexpr int kSmoothings[] = {0, 5, 6, 8};
+constexpr int kSmoothings[] = {Smoothing::kNone, Smoothing::kQuadratic, Smoothing::kCubic, Smoothing::kBezier};
 // Ratios worked out from lengths may be above 1 by rounding.
 constexpr double kTiny = 1e-9;
 
@@ -122,7 +122,7 @@ constexpr Field kEllipse[] = {
 constexpr Field kSpline[] = {
     section("AcDbSpline"),
     kNormal,
-    integer(70, "flags").otherwise(8).atLeast(0),
+    integer(70, "flags").otherwise(SplineFlags::kPlanar).atLeast(0),
     integer(71, "degree").otherwise(3).between(1, 25),
     integer(72, "knots").atLeast(0),
     integer(73, "controlPoints").atLeast(0),

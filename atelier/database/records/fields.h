@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "atelier/database/records/flags.h"
+
 namespace atelier {
 
 class Group;

@@ -228,7 +228,6 @@ constexpr std::string_view kLayer = "AcDbLayerTableRecord", kStyle = "AcDbTextSt
                            kLtype = "AcDbLinetypeTableRecord";
 constexpr Field kLayerColor = integerField(kLayer, 62, 7), kLayerFlags = integerField(kLayer, 70),
                 kLayerWeight = integerField(kLayer, 370, -3), kLayerLinetype = textField(kLayer, 6, "Continuous");
-constexpr std::int64_t kFrozen = 1, kLocked = 4;
 
 Acad::ErrorStatus setFlag(AcDbObject* layer, std::int64_t flag, bool on) {
   const std::int64_t flags = recordOf(layer).integer(kLayerFlags);
@@ -248,14 +247,14 @@ void AcDbLayerTableRecord::setColor(const AcCmColor& color) {
 }
 // A layer that is off has its colour negative.
 bool AcDbLayerTableRecord::isOff() const { return recordOf(this).integer(kLayerColor) < 0; }
-bool AcDbLayerTableRecord::isFrozen() const { return recordOf(this).integer(kLayerFlags) & kFrozen; }
-bool AcDbLayerTableRecord::isLocked() const { return recordOf(this).integer(kLayerFlags) & kLocked; }
+bool AcDbLayerTableRecord::isFrozen() const { return recordOf(this).integer(kLayerFlags) & LayerFlags::kFrozen; }
+bool AcDbLayerTableRecord::isLocked() const { return recordOf(this).integer(kLayerFlags) & LayerFlags::kLocked; }
 void AcDbLayerTableRecord::setIsOff(bool off) {
   const std::int64_t color = std::abs(recordOf(this).integer(kLayerColor));
   impOf(this).setInteger(kLayerColor, off ? -color : color);
 }
-Acad::ErrorStatus AcDbLayerTableRecord::setIsFrozen(bool frozen) { return setFlag(this, kFrozen, frozen); }
-void AcDbLayerTableRecord::setIsLocked(bool locked) { setFlag(this, kLocked, locked); }
+Acad::ErrorStatus AcDbLayerTableRecord::setIsFrozen(bool frozen) { return setFlag(this, LayerFlags::kFrozen, frozen); }
+void AcDbLayerTableRecord::setIsLocked(bool locked) { setFlag(this, LayerFlags::kLocked, locked); }
 AcDb::LineWeight AcDbLayerTableRecord::lineWeight() const {
   return static_cast<AcDb::LineWeight>(recordOf(this).integer(kLayerWeight));
 }

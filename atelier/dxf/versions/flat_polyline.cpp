@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "atelier/database/records/flags.h"
+
 namespace atelier::dxf {
 namespace {
 
@@ -30,7 +32,8 @@ std::vector<Group> asOldPolyline(const Record& record) {
   std::vector<Group> out = {Group::text(0, "POLYLINE"), Group::handle(5, record.objectHandle())};
   append(out, common);
   append(out, {Group::integer(66, 1), Group::real(10, 0), Group::real(20, 0), Group::real(30, elevation),
-               Group::integer(70, record.integer(integerField(kSection, 70)) & (1 | 128))});
+               Group::integer(70, record.integer(integerField(kSection, 70)) &
+                                      (PolylineFlags::kClosed | PolylineFlags::kRunsThrough))});
   if (width != 0) append(out, {Group::real(40, width), Group::real(41, width)});
   for (const Group& group : record.groups)
     if (group.code() == 39 || group.code() == 210 || group.code() == 220 || group.code() == 230) out.push_back(group);

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <map>
 
+#include "atelier/database/records/flags.h"
+
 namespace atelier::dxf {
 namespace {
 
@@ -16,19 +18,19 @@ std::int64_t flagsOf(const Groups& groups, int code = 70) {
 }
 
 std::vector<Part> polylineParts(std::int64_t flags) {
-  return {{flags & 64   ? "AcDbPolyFaceMesh"
-           : flags & 16 ? "AcDbPolygonMesh"
-           : flags & 8  ? "AcDb3dPolyline"
-                        : "AcDb2dPolyline",
+  return {{flags & PolylineFlags::kPolyface ? "AcDbPolyFaceMesh"
+           : flags & PolylineFlags::kMesh   ? "AcDbPolygonMesh"
+           : flags & PolylineFlags::kSpace  ? "AcDb3dPolyline"
+                                            : "AcDb2dPolyline",
            {}}};
 }
 
 std::vector<Part> vertexParts(std::int64_t flags) {
-  if ((flags & 192) == 128) return {{"AcDbFaceRecord", {}}};
-  return {{flags & 128  ? "AcDbPolyFaceMeshVertex"
-           : flags & 64 ? "AcDbPolygonMeshVertex"
-           : flags & 32 ? "AcDb3dPolylineVertex"
-                        : "AcDb2dVertex",
+  if ((flags & (VertexFlags::kFace | VertexFlags::kPlaced)) == VertexFlags::kFace) return {{"AcDbFaceRecord", {}}};
+  return {{flags & VertexFlags::kFace     ? "AcDbPolyFaceMeshVertex"
+           : flags & VertexFlags::kPlaced ? "AcDbPolygonMeshVertex"
+           : flags & VertexFlags::kSpace  ? "AcDb3dPolylineVertex"
+                                          : "AcDb2dVertex",
            {}},
           {"AcDbVertex", kNone}};
 }

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "atelier/database/records/flags.h"
 #include "atelier/geometry/bspline.h"
 #include "atelier/render/scene/scene_builder.h"
 #include "atelier/render/shapes/tessellate.h"
@@ -34,7 +35,7 @@ Nurbs nurbsOf(const Groups& g) {
   curve.points = g.points(10);
   curve.knots = g.reals(40);
   curve.weights = g.reals(41);
-  if (curve.points.empty()) return interpolateNurbs(g.points(11), (g.integer(70) & 1) != 0);
+  if (curve.points.empty()) return interpolateNurbs(g.points(11), (g.integer(70) & SplineFlags::kClosed) != 0);
   return curve;
 }
 

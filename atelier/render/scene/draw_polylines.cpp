@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "atelier/database/records/flags.h"
 #include "atelier/render/scene/scene_builder.h"
 #include "atelier/render/shapes/tessellate.h"
 
@@ -11,9 +12,6 @@ namespace atelier::render {
 namespace {
 
 // Flags of polylines and of their vertices (group 70).
-constexpr std::int64_t kClosedFlag = 1, kMeshClosedAcross = 32, kThreeD = 8, kMesh = 16, kPolyface = 64,
-                       kRunsThrough = 128;
-constexpr std::int64_t kFrameVertex = 16, kFaceVertex = 128, kPlacedVertex = 64;
 
 std::vector<PolyVertex> lightVertices(const Groups& g) {
   std::vector<PolyVertex> out;
@@ -39,7 +37,7 @@ std::vector<PolyVertex> heavyVertices(SceneBuilder& scene, const Entity& e) {
   std::vector<PolyVertex> out;
   for (AcDbStub* stub : scene.children(e.stub)) {
     const Groups g = scene.groupsOf(*stub);
-    if (g.text(0) != "VERTEX" || (g.integer(70) & kFrameVertex)) continue;
+    if (g.text(0) != "VERTEX" || (g.integer(70) & VertexFlags::kFrame)) continue;
     const AcGePoint3d p = g.point(10);
     out.push_back({{p.x, p.y}, g.real(42), g.real(40, e.groups.real(40)), g.real(41, e.groups.real(41))});
   }
@@ -48,14 +46,14 @@ std::vector<PolyVertex> heavyVertices(SceneBuilder& scene, const Entity& e) {
 
 void planePolyline(SceneBuilder& scene, const Entity& e, const std::vector<PolyVertex>& vertices, double elevation) {
   const std::int64_t flags = e.groups.integer(70);
-  const bool closed = (flags & kClosedFlag) != 0;
+  const bool closed = (flags & PolylineFlags::kClosed) != 0;
   const Affine map = e.plane(elevation);
   const bool wide = isWide(vertices, closed) && scene.database().header.integer("$FILLMODE", 1) != 0;
   if (wide) scene.fill(e, wideArea(vertices, closed).mapped(map), false);
   const auto thin = [](const PolyVertex& v) { return v.startWidth <= 0 && v.endWidth <= 0; };
   if (wide && std::ranges::none_of(vertices, thin)) return;
 
-  if (!wide && (!e.look.pattern || (flags & kRunsThrough)))
+  if (!wide && (!e.look.pattern || (flags & PolylineFlags::kRunsThrough)))
     return scene.stroke(e, polylinePath(vertices, closed).mapped(map));
   // Segment by segment: those with a width are already there as areas.
   Path path;
@@ -72,9 +70,9 @@ void spacePolyline(SceneBuilder& scene, const Entity& e) {
   Path path;
   for (AcDbStub* stub : scene.children(e.stub)) {
     const Groups g = scene.groupsOf(*stub);
-    if (g.text(0) == "VERTEX" && !(g.integer(70) & kFrameVertex)) path.lineTo(e.world(g.point(10)));
+    if (g.text(0) == "VERTEX" && !(g.integer(70) & VertexFlags::kFrame)) path.lineTo(e.world(g.point(10)));
   }
-  if (e.groups.integer(70) & kClosedFlag) path.close();
+  if (e.groups.integer(70) & PolylineFlags::kClosed) path.close();
   scene.stroke(e, std::move(path));
 }
 
@@ -83,7 +81,7 @@ void drawMesh(SceneBuilder& scene, const Entity& e) {
   std::vector<Pt> points;
   for (AcDbStub* stub : scene.children(e.stub)) {
     const Groups g = scene.groupsOf(*stub);
-    if (g.text(0) == "VERTEX" && !(g.integer(70) & kFrameVertex)) points.push_back(e.world(g.point(10)));
+    if (g.text(0) == "VERTEX" && !(g.integer(70) & VertexFlags::kFrame)) points.push_back(e.world(g.point(10)));
   }
   // A smoothed mesh has its own density in groups 73 and 74.
   const bool smooth = e.groups.integer(75) != 0;
@@ -96,12 +94,12 @@ void drawMesh(SceneBuilder& scene, const Entity& e) {
   for (std::int64_t r = 0; r < rows; ++r) {
     path.moveTo(at(r, 0));
     for (std::int64_t c = 1; c < columns; ++c) path.lineTo(at(r, c));
-    if (e.groups.integer(70) & kMeshClosedAcross) path.close();
+    if (e.groups.integer(70) & PolylineFlags::kMeshClosedAcross) path.close();
   }
   for (std::int64_t c = 0; c < columns; ++c) {
     path.moveTo(at(0, c));
     for (std::int64_t r = 1; r < rows; ++r) path.lineTo(at(r, c));
-    if (e.groups.integer(70) & kClosedFlag) path.close();
+    if (e.groups.integer(70) & PolylineFlags::kClosed) path.close();
   }
   scene.stroke(e, std::move(path));
 }
@@ -114,8 +112,8 @@ void drawPolyface(SceneBuilder& scene, const Entity& e) {
     const Groups g = scene.groupsOf(*stub);
     const std::int64_t flags = g.integer(70);
     if (g.text(0) != "VERTEX") continue;
-    if (flags & kPlacedVertex) points.push_back(e.world(g.point(10)));
-    if (!(flags & kFaceVertex) || (flags & kPlacedVertex)) continue;
+    if (flags & VertexFlags::kPlaced) points.push_back(e.world(g.point(10)));
+    if (!(flags & VertexFlags::kFace) || (flags & VertexFlags::kPlaced)) continue;
     std::vector<std::int64_t> corners;
     for (int code = 71; code <= 74; ++code)
       if (const std::int64_t corner = g.integer(code); corner != 0) corners.push_back(corner);
@@ -138,9 +136,9 @@ void drawLwPolyline(SceneBuilder& scene, const Entity& e) {
 
 void drawPolyline(SceneBuilder& scene, const Entity& e) {
   const std::int64_t flags = e.groups.integer(70);
-  if (flags & kThreeD) return spacePolyline(scene, e);
-  if (flags & kMesh) return drawMesh(scene, e);
-  if (flags & kPolyface) return drawPolyface(scene, e);
+  if (flags & PolylineFlags::kSpace) return spacePolyline(scene, e);
+  if (flags & PolylineFlags::kMesh) return drawMesh(scene, e);
+  if (flags & PolylineFlags::kPolyface) return drawPolyface(scene, e);
   planePolyline(scene, e, heavyVertices(scene, e), e.groups.point(10).z);
 }
 

@@ -3,6 +3,7 @@
 // the fonts of whoever wrote the file.
 #include <cmath>
 
+#include "atelier/database/records/flags.h"
 #include "atelier/fonts/mtext.h"
 #include "atelier/render/scene/colours.h"
 #include "atelier/render/scene/scene_builder.h"
@@ -11,12 +12,7 @@ namespace atelier::render {
 
 namespace {
 
-// Group 72 and group 73 (74 in attributes).
-enum Horizontal { left = 0, centre = 1, right = 2, aligned = 3, middle = 4, fitted = 5 };
-enum Vertical { baseline = 0, bottom = 1, half = 2, top = 3 };
-constexpr std::int64_t kBackwards = 2, kUpsideDown = 4;        // group 71
-constexpr double kDescender = 1.0 / 3.0;                       // below the baseline, in capital heights
-constexpr std::int64_t kInvisibleFlag = 1, kConstantFlag = 2;  // group 70 of attributes
+constexpr double kDescender = 1.0 / 3.0;  // below the baseline, in capital heights
 
 struct Setting {
   fonts::FontStyle style;
@@ -45,26 +41,26 @@ Setting settingOf(SceneBuilder& scene, const Entity& e, std::string_view text, i
   const std::int64_t horizontal = g.integer(72), vertical = g.integer(verticalCode);
   const AcGePoint3d first = g.point(10), second = g.has(11) ? g.point(11) : first;
   s.at = {first.x, first.y};
-  if (horizontal == aligned || horizontal == fitted) {
+  if (horizontal == AcDb::kTextAlign || horizontal == AcDb::kTextFit) {
     const Pt along = Pt{second.x, second.y} - s.at;
     const double length = std::hypot(along.x, along.y);
     if (length == 0) return s;
     s.rotation = std::atan2(along.y, along.x);
-    (horizontal == aligned ? s.height : s.style.widthFactor) *= ratioToFit(scene, s, text, length);
+    (horizontal == AcDb::kTextAlign ? s.height : s.style.widthFactor) *= ratioToFit(scene, s, text, length);
     if (const Box ink = inkOf(scene, s, text); !ink.empty()) s.offset.x = -ink.xMin;
-    if (g.integer(71) & kBackwards) s.at = {second.x, second.y};  // read from there to the first
+    if (g.integer(71) & TextMirror::kBackwards) s.at = {second.x, second.y};  // read from there to the first
     return s;
   }
-  if (horizontal == left && vertical == baseline) return s;
+  if (horizontal == AcDb::kTextLeft && vertical == AcDb::kTextBase) return s;
   s.at = {second.x, second.y};
   // By the ink, as extents and fits are measured: a text that fills its cell must not touch one side more.
   if (const Box ink = inkOf(scene, s, text); !ink.empty()) {
-    if (horizontal == centre || horizontal == middle) s.offset.x = -(ink.xMin + ink.xMax) / 2;
-    if (horizontal == right) s.offset.x = -ink.xMax;
+    if (horizontal == AcDb::kTextCenter || horizontal == AcDb::kTextMid) s.offset.x = -(ink.xMin + ink.xMax) / 2;
+    if (horizontal == AcDb::kTextRight) s.offset.x = -ink.xMax;
   }
-  if (horizontal == middle || vertical == half) s.offset.y = -s.height / 2;
-  else if (vertical == top) s.offset.y = -s.height;
-  else if (vertical == bottom) s.offset.y = kDescender * s.height;
+  if (horizontal == AcDb::kTextMid || vertical == AcDb::kTextVertMid) s.offset.y = -s.height / 2;
+  else if (vertical == AcDb::kTextTop) s.offset.y = -s.height;
+  else if (vertical == AcDb::kTextBottom) s.offset.y = kDescender * s.height;
   return s;
 }
 
@@ -72,10 +68,10 @@ void drawString(SceneBuilder& scene, const Entity& e, std::string_view text, int
   const Setting s = settingOf(scene, e, text, verticalCode);
   const std::int64_t mirror = e.groups.integer(71);
   const fonts::Font& font = scene.font(s.style);
-  const Affine map = e.plane(e.groups.point(10).z) * Affine::translation(s.at.x, s.at.y) *
-                     Affine::rotation(s.rotation) *
-                     Affine::scaling(mirror & kBackwards ? -1 : 1, mirror & kUpsideDown ? -1 : 1) *
-                     Affine::translation(s.offset.x, s.offset.y) * font.shape(s.height);
+  const Affine map =
+      e.plane(e.groups.point(10).z) * Affine::translation(s.at.x, s.at.y) * Affine::rotation(s.rotation) *
+      Affine::scaling(mirror & TextMirror::kBackwards ? -1 : 1, mirror & TextMirror::kUpsideDown ? -1 : 1) *
+      Affine::translation(s.offset.x, s.offset.y) * font.shape(s.height);
   scene.add(e, GlyphRun{font.layout(text), map, e.look.colour});
 }
 
@@ -87,7 +83,7 @@ fonts::MTextStyle mtextStyle(SceneBuilder& scene, const Groups& g) {
   out.wrapWidth = g.real(41);
   out.attachment = static_cast<int>(g.integer(71, 1));
   out.lineSpacing = g.real(44, 1);
-  out.exactSpacing = g.integer(73, 1) == 2;
+  out.exactSpacing = g.integer(73, 1) == LineSpacing::kExact;
   return out;
 }
 
@@ -136,14 +132,14 @@ void drawText(SceneBuilder& scene, const Entity& e) { drawString(scene, e, e.gro
 
 void drawAttribute(SceneBuilder& scene, const Entity& e) {
   const std::int64_t mode = scene.database().header.integer("$ATTMODE", 1);
-  if (mode == 0 || (mode == 1 && (e.groups.integer(70) & kInvisibleFlag))) return;
+  if (mode == 0 || (mode == 1 && (e.groups.integer(70) & AttributeFlags::kInvisible))) return;
   drawString(scene, e, e.groups.text(1), 74);
 }
 
 // On its own a definition shows its tag; in a block only a constant one is seen, with its value.
 void drawAttributeDefinition(SceneBuilder& scene, const Entity& e) {
   if (e.at.depth == 0) return drawString(scene, e, e.groups.text(2), 74);
-  if (e.groups.integer(70) & kConstantFlag) drawAttribute(scene, e);
+  if (e.groups.integer(70) & AttributeFlags::kConstant) drawAttribute(scene, e);
 }
 
 void drawMText(SceneBuilder& scene, const Entity& e) {

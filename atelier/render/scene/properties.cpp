@@ -6,6 +6,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "atelier/database/records/flags.h"
 #include "atelier/render/scene/colours.h"
 
 namespace atelier::render {
@@ -13,10 +14,7 @@ namespace atelier::render {
 namespace {
 
 constexpr double kDefaultWeightMm = 0.25;
-constexpr int kByLayer = -1, kByBlock = -2;
 constexpr std::uint32_t kAlphaByBlock = 0x01, kAlphaByValue = 0x02;
-// Bits of the font descriptor in XDATA of a text style.
-constexpr std::int64_t kItalicFont = 0x1000000, kBoldFont = 0x2000000;
 
 // Line weights are hundredths of a millimetre; the negative ones that are no rule of inheritance are the
 // default.
@@ -73,9 +71,9 @@ const Layer& Properties::layer(std::string_view name) {
   for (const Group& group : xdataOf(*stored, "AcCmTransparency"))
     if (group.code() == 1071) setAlpha(layer.colour, group.integer());
   layer.off = colour < 0;
-  layer.frozen = (groups.integer(70) & 1) != 0;
+  layer.frozen = (groups.integer(70) & LayerFlags::kFrozen) != 0;
   layer.plotted = layer.plotted && groups.integer(290, 1) != 0;
-  layer.weightMm = weightMm(groups.integer(370, -3));
+  layer.weightMm = weightMm(groups.integer(370, AcDb::kLnWtByLwDefault));
   layer.pattern = pattern(groups.text(6, "CONTINUOUS"));
   return layer;
 }
@@ -99,8 +97,10 @@ Look Properties::look(const Groups& entity, const Inherited& from) {
   look.colour.alpha = transparency >> 24 == kAlphaByBlock ? from.look.colour.alpha : layer.colour.alpha;
   setAlpha(look.colour, transparency);
 
-  const std::int64_t weight = entity.integer(370, kByLayer);
-  look.weightMm = weight == kByLayer ? layer.weightMm : weight == kByBlock ? from.look.weightMm : weightMm(weight);
+  const std::int64_t weight = entity.integer(370, AcDb::kLnWtByLayer);
+  look.weightMm = weight == AcDb::kLnWtByLayer   ? layer.weightMm
+                  : weight == AcDb::kLnWtByBlock ? from.look.weightMm
+                                                 : weightMm(weight);
 
   const std::string_view type = entity.text(6, "BYLAYER");
   if (equalNoCase(type, "BYLAYER")) look.pattern = layer.pattern;
@@ -132,8 +132,8 @@ const TextStyle& Properties::textStyle(std::string_view name) {
   for (const Group& group : xdataOf(*stored, "ACAD")) {
     if (group.code() == 1000 && !group.text().empty()) style.font.file = group.text();
     if (group.code() != 1071) continue;
-    style.font.bold = (group.integer() & kBoldFont) != 0;
-    style.font.italic = (group.integer() & kItalicFont) != 0;
+    style.font.bold = (group.integer() & FontBits::kBold) != 0;
+    style.font.italic = (group.integer() & FontBits::kItalic) != 0;
   }
   return style;
 }
