@@ -11,8 +11,8 @@
 
 #include "atelier/document/input.h"
 #include "bancs/session.h"
-#include "module/support/kitCourbes.h"
-#include "module/support/kitEntites.h"
+#include "module/support/courbes/kitCourbes.h"
+#include "module/support/dessin/kitEntites.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 #include "module/metres/calculMetres.h"
 #include "module/metres/exportClasseur.h"
 #include "module/optimiseur/KavelOptimizer.h"
-#include "module/support/kitEntites.h"
+#include "module/support/dessin/kitEntites.h"
 
 namespace {
 

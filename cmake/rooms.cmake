@@ -1,5 +1,5 @@
 # kavel_room(name [libraries...]): a static library of every .cpp of the room `name` and of the folders in it.
-# The target is called <house>_<room>; its includes are written from the root of the tree ("atelier/lisp/values/value.h").
+# The target is called <house>_<room>, a room in a room's folder <house>_<room>_<inner>; its includes are written from the root of the tree ("atelier/lisp/values/value.h").
 add_library(kavel_options INTERFACE)
 target_compile_options(kavel_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -ffp-contract=off)
@@ -20,7 +20,7 @@ endif()
 function(kavel_room room)
   get_filename_component(house ${CMAKE_CURRENT_SOURCE_DIR} NAME)
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${room}/*.cpp)
-  set(target ${house}_${room})
+  string(REPLACE "/" "_" target ${house}_${room})
   if(sources)
     add_library(${target} STATIC ${sources})
     target_link_libraries(${target} PRIVATE kavel_options PUBLIC hote ${ARGN})

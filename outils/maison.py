@@ -54,15 +54,19 @@ HOUSES = {
         "desktop/window": "base dxf commands plugin exchange render desktop/document desktop/forms desktop/view",
     },
     "module": {
-        "arguments": "",
-        "support": "arguments",
-        "profil": "arguments support",
-        "matrices": "arguments support profil",
-        "elements": "arguments support profil",
-        "optimiseur": "support profil",
-        "metres": "support profil elements",
-        "menus": "arguments support profil matrices",
-        "commande": "support profil matrices elements optimiseur metres menus",
+        "commande/arguments": "",
+        "support/base": "",
+        "support/courbes": "",
+        "support/dessin": "commande/arguments support/base",
+        "support/reglages": "support/base support/dessin",
+        "support/serie": "support/base",
+        "profil": "commande/arguments support/base support/dessin",
+        "matrices": "commande/arguments support/base support/dessin profil",
+        "support/menus": "commande/arguments support/base profil matrices",
+        "elements": "commande/arguments support/base support/courbes support/dessin profil",
+        "optimiseur": "support/dessin profil",
+        "metres": "support/base support/courbes support/dessin support/reglages profil elements",
+        "commande/porte": "support/dessin support/menus support/reglages profil matrices elements optimiseur metres",
     },
     "etudes": {
         "base": "",
@@ -74,27 +78,17 @@ HOUSES = {
 
 # Houses, or rooms of theirs, that a house may include beside the street.
 NEIGHBOURS = {
-    "etudes": ("module/arguments", "module/support", "module/profil"),
+    "etudes": ("module/commande/arguments", "module/support/courbes", "module/support/dessin", "module/profil"),
     "programs": ("atelier", "module", "etudes"),
 }
 
-# Rooms that share a folder with another: the files, without their endings, that belong to them.
-SHARED = {
-    "module/commande": {"arguments": {"argsLisp", "listeRb"}},
-    "module/support": {"menus": {"menus", "menusAutomatisation"}},
-}
-
-MOST_FILES = 38  # of a folder
+MOST_FILES = 32  # of a folder
 
 
 def room_of(path):
     """(house, room) of a file of C++."""
     house, _, rest = path.partition("/")
-    folder, _, name = rest.rpartition("/")
-    for room, files in SHARED.get(f"{house}/{folder}", {}).items():
-        if name.split(".")[0] in files:
-            return house, room
-    return house, folder
+    return house, rest.rpartition("/")[0]
 
 
 def allowed(house, room):

@@ -3,7 +3,7 @@
 
 #include "atelier/plugin/published.h"
 #include "etudes/porte/entree.h"
-#include "module/commande/entree.h"
+#include "module/commande/porte/entree.h"
 
 namespace kavel {
 

@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-#include "module/commande/argsLisp.h"
+#include "module/commande/arguments/argsLisp.h"
 
 namespace etu {
 

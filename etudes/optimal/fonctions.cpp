@@ -4,8 +4,8 @@
 
 #include "etudes/base/sommets.h"
 #include "etudes/optimal/profondeurs.h"
-#include "module/commande/argsLisp.h"
-#include "module/commande/listeRb.h"
+#include "module/commande/arguments/argsLisp.h"
+#include "module/commande/arguments/listeRb.h"
 #include "module/profil/profilLong.h"
 
 namespace etu {

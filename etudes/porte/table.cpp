@@ -6,8 +6,8 @@
 #include "etudes/optimal/fonctions.h"
 #include "hote/aced.h"
 #include "hote/acut.h"
-#include "module/commande/argsLisp.h"
-#include "module/commande/listeRb.h"
+#include "module/commande/arguments/argsLisp.h"
+#include "module/commande/arguments/listeRb.h"
 
 namespace etu {
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "module/support/kitCourbes.h"
+#include "module/support/courbes/kitCourbes.h"
 
 namespace plv {
 

@@ -1,13 +1,13 @@
 // pl_assoc_prj and pl_elem_prj: the list of project elements, edited by the user and by LISP.
 // Flags are written as the user goes; only the list waits for the end of the loop.
 #include "hote/acdb.h"
-#include "module/commande/argsLisp.h"
-#include "module/commande/listeRb.h"
+#include "module/commande/arguments/argsLisp.h"
+#include "module/commande/arguments/listeRb.h"
 #include "module/elements/fonctionsElements.h"
 #include "module/elements/listeProjet.h"
 #include "module/profil/profilLong.h"
-#include "module/support/kitSelections.h"
-#include "module/support/kitXrecords.h"
+#include "module/support/dessin/kitSelections.h"
+#include "module/support/dessin/kitXrecords.h"
 
 namespace plv {
 

@@ -1,13 +1,13 @@
 // pl_cotauto: altitudes of project curves in a band beneath the profile, and their heights above the ground.
 // The heights are static elements of the support, so that they follow changes of the profile.
 #include "hote/acdb.h"
-#include "module/commande/argsLisp.h"
+#include "module/commande/arguments/argsLisp.h"
 #include "module/elements/altitudes.h"
 #include "module/elements/elemsFixes.h"
 #include "module/elements/fonctionsElements.h"
 #include "module/elements/listeProjet.h"
-#include "module/support/kitEntites.h"
-#include "module/support/kitGroupes.h"
+#include "module/support/dessin/kitEntites.h"
+#include "module/support/dessin/kitGroupes.h"
 
 namespace plv {
 

@@ -1,8 +1,8 @@
 // The pieces of a cut curve take its place in the drawing: the first takes over its identity, the others are new.
 // Used where a curve of the drawing is open for writing.
 #pragma once
-#include "module/support/kitCourbes.h"
-#include "module/support/kitEntites.h"
+#include "module/support/courbes/kitCourbes.h"
+#include "module/support/dessin/kitEntites.h"
 
 namespace plv {
 

@@ -6,9 +6,9 @@
 #include "hote/dbsymtb.h"
 #include "module/elements/elemsFixes.h"
 #include "module/elements/listeProjet.h"
-#include "module/support/kitEntites.h"
-#include "module/support/kitSelections.h"
-#include "module/support/kitXrecords.h"
+#include "module/support/dessin/kitEntites.h"
+#include "module/support/dessin/kitSelections.h"
+#include "module/support/dessin/kitXrecords.h"
 
 namespace plv {
 

@@ -6,10 +6,10 @@
 #include <memory>
 
 #include "hote/acdb.h"
-#include "module/commande/argsLisp.h"
+#include "module/commande/arguments/argsLisp.h"
 #include "module/elements/listeProjet.h"
-#include "module/support/kitXrecords.h"
-#include "module/support/lettres.h"
+#include "module/support/base/lettres.h"
+#include "module/support/dessin/kitXrecords.h"
 
 namespace plv {
 

@@ -10,7 +10,7 @@
 #include "hote/acut.h"
 #include "hote/dbents.h"
 #include "hote/mfc.h"
-#include "module/commande/listeRb.h"
+#include "module/commande/arguments/listeRb.h"
 #include "module/profil/grandeurs.h"
 
 namespace plv {

@@ -1,12 +1,12 @@
 // pl_efix, pl_elem_ponct and pl_dumpdata: the static elements of a profile, for LISP.
 // The dump is a debugging aid: it shows what the reader left over.
 #include "hote/acdb.h"
-#include "module/commande/argsLisp.h"
+#include "module/commande/arguments/argsLisp.h"
 #include "module/elements/elemsFixes.h"
 #include "module/elements/fonctionsElements.h"
 #include "module/elements/listeProjet.h"
 #include "module/profil/profilLong.h"
-#include "module/support/kitXrecords.h"
+#include "module/support/dessin/kitXrecords.h"
 
 namespace plv {
 

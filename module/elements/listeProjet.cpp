@@ -3,11 +3,11 @@
 #include "module/elements/listeProjet.h"
 
 #include "hote/acdb.h"
-#include "module/commande/argsLisp.h"
-#include "module/commande/listeRb.h"
+#include "module/commande/arguments/argsLisp.h"
+#include "module/commande/arguments/listeRb.h"
 #include "module/profil/profilLong.h"
-#include "module/support/kitXrecords.h"
-#include "module/support/lettres.h"
+#include "module/support/base/lettres.h"
+#include "module/support/dessin/kitXrecords.h"
 
 namespace plv {
 

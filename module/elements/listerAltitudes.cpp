@@ -3,13 +3,13 @@
 #include <algorithm>
 
 #include "hote/acdb.h"
-#include "module/commande/argsLisp.h"
-#include "module/commande/listeRb.h"
+#include "module/commande/arguments/argsLisp.h"
+#include "module/commande/arguments/listeRb.h"
 #include "module/elements/altitudes.h"
 #include "module/elements/fonctionsElements.h"
 #include "module/elements/listeProjet.h"
-#include "module/support/kitCourbes.h"
-#include "module/support/kitEntites.h"
+#include "module/support/courbes/kitCourbes.h"
+#include "module/support/dessin/kitEntites.h"
 
 namespace plv {
 

@@ -3,11 +3,11 @@
 #include <limits>
 
 #include "hote/acdb.h"
-#include "module/commande/argsLisp.h"
-#include "module/commande/listeRb.h"
+#include "module/commande/arguments/argsLisp.h"
+#include "module/commande/arguments/listeRb.h"
 #include "module/elements/fonctionsElements.h"
 #include "module/profil/profilLong.h"
-#include "module/support/kitSelections.h"
+#include "module/support/dessin/kitSelections.h"
 
 namespace plv {
 

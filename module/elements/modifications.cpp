@@ -6,7 +6,7 @@
 #include "hote/acdb.h"
 #include "hote/aced.h"
 #include "hote/dbpl.h"
-#include "module/commande/argsLisp.h"
+#include "module/commande/arguments/argsLisp.h"
 #include "module/elements/fonctionsElements.h"
 #include "module/profil/grandeurs.h"
 

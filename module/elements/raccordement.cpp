@@ -7,7 +7,7 @@
 
 #include "hote/aced.h"
 #include "hote/acut.h"
-#include "module/commande/argsLisp.h"
+#include "module/commande/arguments/argsLisp.h"
 #include "module/elements/fonctionsElements.h"
 
 namespace plv {

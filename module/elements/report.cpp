@@ -2,7 +2,7 @@
 // under the pick gives it. Before that it is trimmed to the profile's extent.
 #include "hote/acdb.h"
 #include "hote/aced.h"
-#include "module/commande/argsLisp.h"
+#include "module/commande/arguments/argsLisp.h"
 #include "module/elements/coupes.h"
 #include "module/elements/fonctionsElements.h"
 #include "module/profil/profilLong.h"

@@ -3,13 +3,13 @@
 #include <cmath>
 
 #include "hote/acdb.h"
-#include "module/commande/argsLisp.h"
+#include "module/commande/arguments/argsLisp.h"
 #include "module/elements/coupes.h"
 #include "module/elements/elemsFixes.h"
 #include "module/elements/fonctionsElements.h"
 #include "module/elements/listeProjet.h"
 #include "module/profil/profilLong.h"
-#include "module/support/kitXrecords.h"
+#include "module/support/dessin/kitXrecords.h"
 
 namespace plv {
 

@@ -5,7 +5,7 @@
 #include <set>
 
 #include "hote/acdb.h"
-#include "module/commande/listeRb.h"
+#include "module/commande/arguments/listeRb.h"
 #include "module/matrices/cellule.h"
 #include "module/matrices/fonctionsMatrices.h"
 #include "module/profil/profilLong.h"

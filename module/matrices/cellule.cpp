@@ -6,8 +6,8 @@
 #include <numbers>
 
 #include "module/profil/texteStation.h"
-#include "module/support/kitEntites.h"
-#include "module/support/kitGroupes.h"
+#include "module/support/dessin/kitEntites.h"
+#include "module/support/dessin/kitGroupes.h"
 
 namespace plv {
 

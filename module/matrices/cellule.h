@@ -6,9 +6,9 @@
 #include <string>
 
 #include "hote/dbents.h"
-#include "module/commande/argsLisp.h"
+#include "module/commande/arguments/argsLisp.h"
 #include "module/matrices/gestionMatrices.h"
-#include "module/support/kitTextes.h"
+#include "module/support/dessin/kitTextes.h"
 
 namespace plv {
 

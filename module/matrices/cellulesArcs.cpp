@@ -7,7 +7,7 @@
 
 #include "module/matrices/cellule.h"
 #include "module/matrices/fonctionsMatrices.h"
-#include "module/support/kitEntites.h"
+#include "module/support/dessin/kitEntites.h"
 
 namespace plv {
 

@@ -5,8 +5,8 @@
 
 #include "module/matrices/cellule.h"
 #include "module/matrices/fonctionsMatrices.h"
-#include "module/support/kitGroupes.h"
-#include "module/support/lettres.h"
+#include "module/support/base/lettres.h"
+#include "module/support/dessin/kitGroupes.h"
 
 namespace plv {
 

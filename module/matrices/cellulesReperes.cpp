@@ -5,8 +5,8 @@
 
 #include "module/matrices/cellule.h"
 #include "module/matrices/fonctionsMatrices.h"
-#include "module/support/kitBlocs.h"
-#include "module/support/kitEntites.h"
+#include "module/support/dessin/kitBlocs.h"
+#include "module/support/dessin/kitEntites.h"
 
 namespace plv {
 

@@ -4,7 +4,7 @@
 
 #include "module/matrices/cellule.h"
 #include "module/matrices/fonctionsMatrices.h"
-#include "module/support/nombres.h"
+#include "module/support/base/nombres.h"
 
 namespace plv {
 

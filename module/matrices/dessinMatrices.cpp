@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "hote/dbsymtb.h"
-#include "module/commande/argsLisp.h"
+#include "module/commande/arguments/argsLisp.h"
 #include "module/matrices/fonctionsMatrices.h"
 #include "module/matrices/stockageMatrices.h"
-#include "module/support/kitDessin.h"
+#include "module/support/dessin/kitDessin.h"
 
 namespace plv {
 

@@ -6,8 +6,8 @@
 
 #include "module/matrices/cellule.h"
 #include "module/matrices/fonctionsMatrices.h"
-#include "module/support/kitEntites.h"
-#include "module/support/kitGroupes.h"
+#include "module/support/dessin/kitEntites.h"
+#include "module/support/dessin/kitGroupes.h"
 
 namespace plv {
 

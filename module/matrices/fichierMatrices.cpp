@@ -9,10 +9,10 @@
 #include <sstream>
 #include <vector>
 
-#include "module/commande/argsLisp.h"
+#include "module/commande/arguments/argsLisp.h"
 #include "module/matrices/fonctionsMatrices.h"
 #include "module/profil/numeroteur.h"
-#include "module/support/lettres.h"
+#include "module/support/base/lettres.h"
 
 namespace plv {
 

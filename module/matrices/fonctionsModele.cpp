@@ -2,10 +2,10 @@
 // Nil, set as each call begins, is the answer of every path that sets no other.
 #include <algorithm>
 
-#include "module/commande/argsLisp.h"
+#include "module/commande/arguments/argsLisp.h"
 #include "module/matrices/fonctionsMatrices.h"
 #include "module/matrices/gestionMatrices.h"
-#include "module/support/lettres.h"
+#include "module/support/base/lettres.h"
 
 namespace plv {
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <memory>
 
-#include "module/support/lettres.h"
+#include "module/support/base/lettres.h"
 
 namespace plv {
 

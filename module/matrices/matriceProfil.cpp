@@ -7,9 +7,9 @@
 #include <memory>
 
 #include "hote/dbents.h"
-#include "module/support/kitEntites.h"
-#include "module/support/kitTextes.h"
-#include "module/support/lettres.h"
+#include "module/support/base/lettres.h"
+#include "module/support/dessin/kitEntites.h"
+#include "module/support/dessin/kitTextes.h"
 
 namespace plv {
 

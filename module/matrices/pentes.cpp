@@ -6,8 +6,8 @@
 #include "module/matrices/cellule.h"
 #include "module/matrices/fonctionsMatrices.h"
 #include "module/profil/profilLong.h"
-#include "module/support/kitEntites.h"
-#include "module/support/nombres.h"
+#include "module/support/base/nombres.h"
+#include "module/support/dessin/kitEntites.h"
 
 namespace plv {
 

@@ -4,8 +4,8 @@
 
 #include <memory>
 
-#include "module/commande/listeRb.h"
-#include "module/support/kitXrecords.h"
+#include "module/commande/arguments/listeRb.h"
+#include "module/support/dessin/kitXrecords.h"
 
 namespace plv {
 

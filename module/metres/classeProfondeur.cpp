@@ -5,9 +5,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "module/support/fichierConfig.h"
-#include "module/support/nombres.h"
-#include "module/support/reglages.h"
+#include "module/support/base/nombres.h"
+#include "module/support/reglages/fichierConfig.h"
+#include "module/support/reglages/reglages.h"
 
 namespace plv {
 

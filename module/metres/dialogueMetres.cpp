@@ -9,7 +9,7 @@
 #include "module/metres/hachures.h"
 #include "module/metres/metresProfil.h"
 #include "module/metres/rapportMetres.h"
-#include "module/support/kitSelections.h"
+#include "module/support/dessin/kitSelections.h"
 
 namespace plv {
 

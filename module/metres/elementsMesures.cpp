@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "hote/dbsymtb.h"
-#include "module/support/lettres.h"
+#include "module/support/base/lettres.h"
 
 namespace plv {
 

@@ -8,7 +8,7 @@
 
 #include "hote/dialogues.h"
 #include "module/metres/feuilleProfil.h"
-#include "module/support/lettres.h"
+#include "module/support/base/lettres.h"
 
 namespace plv {
 

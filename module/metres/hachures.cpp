@@ -3,9 +3,9 @@
 #include "module/metres/hachures.h"
 
 #include "module/metres/classeProfondeur.h"
-#include "module/support/kitEntites.h"
-#include "module/support/kitGroupes.h"
-#include "module/support/reglages.h"
+#include "module/support/dessin/kitEntites.h"
+#include "module/support/dessin/kitGroupes.h"
+#include "module/support/reglages/reglages.h"
 
 namespace plv {
 

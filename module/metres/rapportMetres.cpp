@@ -6,7 +6,7 @@
 #include <cmath>
 #include <stdexcept>
 
-#include "module/support/nombres.h"
+#include "module/support/base/nombres.h"
 
 namespace plv {
 

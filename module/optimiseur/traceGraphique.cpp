@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "module/support/kitEntites.h"
+#include "module/support/dessin/kitEntites.h"
 
 namespace plv {
 

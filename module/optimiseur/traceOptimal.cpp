@@ -8,7 +8,7 @@
 #include "module/optimiseur/fonctionsOptimiseur.h"
 #include "module/optimiseur/pointsVoisin.h"
 #include "module/profil/profilLong.h"
-#include "module/support/kitEntites.h"
+#include "module/support/dessin/kitEntites.h"
 
 namespace plv {
 

@@ -5,8 +5,8 @@
 #include <map>
 
 #include "hote/acdb.h"
-#include "module/commande/argsLisp.h"
-#include "module/support/lettres.h"
+#include "module/commande/arguments/argsLisp.h"
+#include "module/support/base/lettres.h"
 
 namespace plv {
 

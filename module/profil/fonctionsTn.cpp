@@ -1,8 +1,8 @@
 // pl_InfosTn, pl_PointTn and pl_add_xdata: the natural ground of a profile, read and lengthened by LISP.
 // Points come back as (distance, altitude, 0).
 #include "hote/acdb.h"
-#include "module/commande/argsLisp.h"
-#include "module/commande/listeRb.h"
+#include "module/commande/arguments/argsLisp.h"
+#include "module/commande/arguments/listeRb.h"
 #include "module/profil/fonctionsProfil.h"
 #include "module/profil/profilLong.h"
 

@@ -3,10 +3,10 @@
 #include <memory>
 
 #include "hote/acdb.h"
-#include "module/commande/argsLisp.h"
+#include "module/commande/arguments/argsLisp.h"
 #include "module/profil/fonctionsProfil.h"
 #include "module/profil/profilLong.h"
-#include "module/support/lettres.h"
+#include "module/support/base/lettres.h"
 
 namespace plv {
 

@@ -1,10 +1,10 @@
 // profilLong: lists of its entities, by kind of line.
 // The two tables of kinds differ in their order, and both orders show.
-#include "module/commande/argsLisp.h"
-#include "module/commande/listeRb.h"
+#include "module/commande/arguments/argsLisp.h"
+#include "module/commande/arguments/listeRb.h"
 #include "module/profil/profilLong.h"
-#include "module/support/kitXrecords.h"
-#include "module/support/lettres.h"
+#include "module/support/base/lettres.h"
+#include "module/support/dessin/kitXrecords.h"
 
 namespace plv {
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "hote/adesk.h"
-#include "module/support/Uncopyable.h"
+#include "module/support/base/Uncopyable.h"
 
 namespace plv {
 

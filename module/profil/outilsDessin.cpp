@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <numbers>
 
-#include "module/commande/argsLisp.h"
+#include "module/commande/arguments/argsLisp.h"
 #include "module/profil/fonctionsProfil.h"
-#include "module/support/kitEntites.h"
-#include "module/support/kitTextes.h"
-#include "module/support/lettres.h"
+#include "module/support/base/lettres.h"
+#include "module/support/dessin/kitEntites.h"
+#include "module/support/dessin/kitTextes.h"
 
 namespace plv {
 

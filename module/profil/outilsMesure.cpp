@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "hote/dbents.h"
-#include "module/commande/argsLisp.h"
+#include "module/commande/arguments/argsLisp.h"
 #include "module/profil/fonctionsProfil.h"
 
 namespace plv {

@@ -6,11 +6,11 @@
 
 #include "hote/acdb.h"
 #include "hote/aced.h"
-#include "module/commande/argsLisp.h"
+#include "module/commande/arguments/argsLisp.h"
 #include "module/profil/chaines.h"
-#include "module/support/kitEntites.h"
-#include "module/support/kitSelections.h"
-#include "module/support/lettres.h"
+#include "module/support/base/lettres.h"
+#include "module/support/dessin/kitEntites.h"
+#include "module/support/dessin/kitSelections.h"
 
 namespace plv {
 

@@ -4,9 +4,9 @@
 
 #include <cmath>
 
-#include "module/commande/argsLisp.h"
+#include "module/commande/arguments/argsLisp.h"
 #include "module/profil/fonctionsProfil.h"
-#include "module/support/nombres.h"
+#include "module/support/base/nombres.h"
 
 namespace plv {
 

@@ -3,10 +3,10 @@
 #include <optional>
 
 #include "hote/acdb.h"
-#include "module/commande/argsLisp.h"
+#include "module/commande/arguments/argsLisp.h"
 #include "module/profil/fonctionsProfil.h"
 #include "module/profil/profilLong.h"
-#include "module/support/kitEntites.h"
+#include "module/support/dessin/kitEntites.h"
 
 namespace plv {
 

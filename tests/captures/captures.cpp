@@ -11,7 +11,7 @@
 #include "atelier/desktop/window/driver.h"
 #include "atelier/desktop/window/theme.h"
 #include "atelier/plugin/published.h"
-#include "module/commande/entree.h"
+#include "module/commande/porte/entree.h"
 
 namespace {
 

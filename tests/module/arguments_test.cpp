@@ -2,8 +2,8 @@
 // LISP can't reach all of them, so they are called directly.
 #include <gtest/gtest.h>
 
-#include "module/commande/argsLisp.h"
-#include "module/commande/listeRb.h"
+#include "module/commande/arguments/argsLisp.h"
+#include "module/commande/arguments/listeRb.h"
 #include "tests/module/aide.h"
 
 using namespace plv;

@@ -1,6 +1,6 @@
 // Cell writers: where texts, ticks and arcs go in the selected row.
 // Row 2 lies between -1.5 and -3.5, the tall row between -3.5 and -43.5; the text height is 1.
-#include "module/support/kitTextes.h"
+#include "module/support/dessin/kitTextes.h"
 #include "tests/module/aide.h"
 
 using kaveltest::Row;

@@ -5,7 +5,7 @@
 #include <sstream>
 
 #include "module/metres/classeProfondeur.h"
-#include "module/support/reglages.h"
+#include "module/support/reglages/reglages.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 // Curves are made by LISP and read through the host.
 #include <sstream>
 
-#include "module/support/kitCourbes.h"
-#include "module/support/kitEntites.h"
+#include "module/support/courbes/kitCourbes.h"
+#include "module/support/dessin/kitEntites.h"
 #include "tests/module/aide.h"
 
 namespace {

@@ -1,7 +1,7 @@
 // C:CUBPL from the command line: profiles, projects, classes, hatches, and what each button says.
 // Answers are fed as a script would; lists are read from the transcript.
 #include "module/metres/classeProfondeur.h"
-#include "module/support/reglages.h"
+#include "module/support/reglages/reglages.h"
 #include "tests/module/metres_aide.h"
 
 namespace {

@@ -3,7 +3,7 @@
 
 #include "module/elements/elemsFixes.h"
 #include "module/elements/listeProjet.h"
-#include "module/support/kitEntites.h"
+#include "module/support/dessin/kitEntites.h"
 #include "tests/module/aide.h"
 
 using kaveltest::check;

@@ -1,7 +1,7 @@
 // Joints of polylines with arcs and widths: whichever ends meet, the joined polyline draws what the two drew.
 #include <cmath>
 
-#include "module/support/kitCourbes.h"
+#include "module/support/courbes/kitCourbes.h"
 #include "tests/module/aide.h"
 
 namespace {

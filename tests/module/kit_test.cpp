@@ -7,10 +7,10 @@
 #include <sstream>
 
 #include "hote/dbsymtb.h"
-#include "module/commande/argsLisp.h"
-#include "module/commande/listeRb.h"
-#include "module/support/kitDessin.h"
-#include "module/support/lettres.h"
+#include "module/commande/arguments/argsLisp.h"
+#include "module/commande/arguments/listeRb.h"
+#include "module/support/base/lettres.h"
+#include "module/support/dessin/kitDessin.h"
 #include "tests/module/aide.h"
 
 using namespace plv;

@@ -1,6 +1,6 @@
 // Dynamic menus: the entries of a profile's menu, menus in the host's bar, and an entry run by its label.
 // The macros are what the command line receives, trailing blank included.
-#include "module/support/menus.h"
+#include "module/support/menus/menus.h"
 
 #include "tests/module/aide.h"
 

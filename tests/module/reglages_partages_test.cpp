@@ -10,8 +10,8 @@
 #include <thread>
 
 #include "module/metres/classeProfondeur.h"
-#include "module/support/fichierConfig.h"
-#include "module/support/reglages.h"
+#include "module/support/reglages/fichierConfig.h"
+#include "module/support/reglages/reglages.h"
 
 namespace fs = std::filesystem;
 

@@ -1,6 +1,6 @@
 // The settings file: what the module makes of it while it loads, and how a setting changes.
 // Loading happens before main, so this program is run again on a folder of its own, with no test to run.
-#include "module/support/reglages.h"
+#include "module/support/reglages/reglages.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -11,7 +11,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "module/support/fichierConfig.h"
+#include "module/support/reglages/fichierConfig.h"
 
 namespace fs = std::filesystem;
 

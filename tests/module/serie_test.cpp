@@ -9,7 +9,7 @@
 #include <limits>
 #include <sstream>
 
-#include "module/support/FileSerializer.h"
+#include "module/support/serie/FileSerializer.h"
 
 using plv::FileSerializer;
 using namespace std::string_literals;

@@ -2,8 +2,8 @@
 // Rows are counted and named here because front-ends depend on every one.
 #include <set>
 
-#include "module/commande/entree.h"
-#include "module/commande/tableFonctions.h"
+#include "module/commande/porte/entree.h"
+#include "module/commande/porte/tableFonctions.h"
 #include "tests/module/aide.h"
 
 using kaveltest::Session;

@@ -1,0 +1,117 @@
+// The steps of dynamic menus that go through the host's automation.
+// A missing group is made from a temporary menu file that names it.
+#include "module/support/menus/menusAutomatisation.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+
+#include "hote/automatisation.h"
+#include "module/support/base/lettres.h"
+#include "module/support/menus/menus.h"
+
+namespace plv {
+
+namespace {
+
+constexpr int kEssaisNom = 0x10000;  // temporary names are four hexadecimal digits
+
+// What trouverGroupe gives: the host's groups, and the one in use unless it is missing and wasn't to be made.
+struct groupeTrouve {
+  IAcadMenuGroups* groupes = nullptr;
+  IAcadMenuGroup* groupe = nullptr;
+};
+
+IAcadMenuGroups* groupesHote() {
+  static IAcadApplication* applicationHote = nullptr;
+  if (!applicationHote) applicationHote = AcadGetIDispatch(true);
+  return applicationHote ? applicationHote->MenuGroups() : nullptr;
+}
+
+// A new file of the temporary folder, opened for writing, and its path. Null when none can be made.
+std::unique_ptr<std::FILE, int (*)(std::FILE*)> fichierTemporaire(std::filesystem::path& chemin) {
+  std::error_code erreur;
+  const std::filesystem::path dossier = std::filesystem::temp_directory_path(erreur);
+  std::FILE* fichier = nullptr;
+  for (int i = 0; !erreur && !fichier && i < kEssaisNom; ++i) {
+    char nom[32];
+    std::snprintf(nom, sizeof nom, "_TP%04X.tmp.mnu", static_cast<unsigned>(i));
+    chemin = dossier / nom;
+    fichier = std::fopen(chemin.string().c_str(), "w+x");
+  }
+  return {fichier, std::fclose};
+}
+
+IAcadMenuGroup* chargerGroupe(IAcadMenuGroups& groupes, const std::wstring& nom) {
+  std::filesystem::path chemin;
+  {
+    const auto fichier = fichierTemporaire(chemin);
+    if (!fichier) return nullptr;
+    std::fprintf(fichier.get(), "\n***MENUGROUP=%s\n", versAnsi(nom).c_str());
+  }
+  return groupes.Load(depuisNomDeFichier(chemin.string()).c_str(), groupes.Count());
+}
+
+bool trouverGroupe(bool creer, groupeTrouve& trouve) {
+  IAcadMenuGroups* groupes = trouve.groupes = groupesHote();
+  if (!groupes) return false;
+  const std::wstring& nom = groupeMenus();
+  for (Adesk::Int32 i = 0; i < groupes->Count(); ++i) {
+    IAcadMenuGroup* groupe = groupes->Item(i);
+    if (groupe && egalSansCasse(groupe->Name().kACharPtr(), nom)) {
+      trouve.groupe = groupe;
+      return true;
+    }
+  }
+  if (nom.empty()) return false;
+  if (!creer) return true;
+  return (trouve.groupe = chargerGroupe(*groupes, nom)) != nullptr;
+}
+
+IAcadPopupMenu* chercherMenu(IAcadPopupMenus& menus, const std::wstring& nom) {
+  for (Adesk::Int32 i = 0; i < menus.Count(); ++i) {
+    IAcadPopupMenu* menu = menus.Item(i);
+    if (menu && egalSansCasse(menu->Name().kACharPtr(), nom)) return menu;
+  }
+  return nullptr;
+}
+
+// The menus of the group in use; null when there is no group.
+IAcadPopupMenus* menusDuGroupe(bool creer) {
+  groupeTrouve trouve;
+  return trouverGroupe(creer, trouve) && trouve.groupe ? trouve.groupe->Menus() : nullptr;
+}
+
+}  // namespace
+
+bool creerMenu(const std::wstring& groupe, const std::wstring& nom) {
+  groupeMenus() = groupe;
+  IAcadPopupMenus* menus = menusDuGroupe(true);
+  if (!menus) return false;
+  const bool nouveau = chercherMenu(*menus, nom) == nullptr;
+  if (nouveau && !menus->Add(nom.c_str())) return false;
+  return menus->InsertMenuInMenuBar(nom.c_str(), menus->Count() + 1) && nouveau;
+}
+
+bool ajouterOption(const std::wstring& nom, const std::wstring& libelle, const std::wstring& macro) {
+  IAcadPopupMenus* menus = menusDuGroupe(true);
+  IAcadPopupMenu* menu = menus ? chercherMenu(*menus, nom) : nullptr;
+  return menu && menu->AddMenuItem(menu->Count() + 1, libelle.c_str(), macro.c_str());
+}
+
+bool ajouterSeparateur(const std::wstring& nom) {
+  IAcadPopupMenus* menus = menusDuGroupe(true);
+  IAcadPopupMenu* menu = menus ? chercherMenu(*menus, nom) : nullptr;
+  return menu && menu->AddSeparator(menu->Count() + 1);
+}
+
+bool retirerMenu(const std::wstring& nom) {
+  IAcadPopupMenus* menus = menusDuGroupe(false);
+  IAcadPopupMenu* menu = menus ? chercherMenu(*menus, nom) : nullptr;
+  if (!menu) return false;
+  for (Adesk::Int32 n = menu->Count(); n > 0; --n)
+    if (IAcadPopupMenuItem* premier = menu->Item(0)) premier->Delete();
+  return menus->RemoveMenuFromMenuBar(nom.c_str());
+}
+
+}  // namespace plv
