@@ -5,7 +5,6 @@
 #include <random>
 
 #include "etudes/optimal/profondeurs.h"
-#include "tests/support/session.h"
 
 namespace {
 
@@ -70,44 +69,6 @@ TEST(Depths, AreRefusedWhereThereIsNoGround) {
   EXPECT_FALSE(profondeursExtremes(ground, {s(5, 9)}));
   EXPECT_FALSE(profondeursExtremes({s(0, 10)}, {s(0, 9), s(1, 9)}));
   EXPECT_TRUE(profondeursExtremes(ground, {s(-1e-9, 9), s(10 + 1e-9, 9)}));
-}
-
-// Ground 0 m at 100, 40 m at 102, 100 m at 101; the first station is 1000.
-TEST(Depths, ArePublished) {
-  kaveltest::Session session;
-  session.eval(R"((progn
-    (regapp "PLV2_DATA") (regapp "KELMONT_PLV2")
-    (entmake '((0 . "BLOCK") (2 . "P") (70 . 2) (10 0.0 0.0 0.0))) (entmake '((0 . "ENDBLK")))
-    (entmake '((0 . "INSERT") (2 . "P") (66 . 1) (10 0.0 0.0 0.0)))
-    (entmake '((0 . "ATTRIB") (10 0.0 0.0 0.0) (40 . 1.0) (1 . "1") (2 . "NUMPL") (70 . 0)))
-    (entmake '((0 . "SEQEND"))) (setq p (entlast))
-    (plsxd p "DCUMDEB" 1000.0)
-    (foreach d '((0.0 100.0) (40.0 102.0) (60.0 101.0)) (pl_add_xdata (car d) (cadr d) (cdr (assoc 5 (entget p)))))))");
-  const struct {
-    const char* expression;
-    const char* printed;
-  } rows[] = {
-      {"(et_profondeurs p '((1000 99) (1100 99)))", "((1000.0 1.0) (1040.0 3.0))"},
-      {"(et_profondeurs p '((1000.0 99.0) (1100.0 101.0)))", "((1100.0 0.0) (1040.0 2.2))"},
-      {"(et_profondeurs p '((1000.0 99.0) (1101.0 99.0)))", "nil"},
-      {"(et_profondeurs p '((1000.0 99.0) (1100.0 \"x\")))", "nil"},
-      {"(et_profondeurs p '((1000.0 99.0)))", "nil"},
-      {"(et_profondeurs p nil)", "nil"},
-      {"(et_profondeurs p 3)", "nil"},
-      {"(et_profondeurs p)", "nil"},
-      {"(et_profondeurs)", "nil"},
-      {"(et_profondeurs \"p\" '((1000.0 99.0) (1100.0 99.0)))", "nil"},
-  };
-  for (const auto& row : rows) EXPECT_EQ(session.eval(row.expression), row.printed) << row.expression;
-}
-
-// Both plug-ins number their functions from 0: a call reaches the one that published it.
-TEST(Plugins, DoNotMeetInTheirNumbers) {
-  kaveltest::Session session;
-  EXPECT_EQ(session.eval("(car (car (et_aide)))"), "\"et_aide\"");
-  EXPECT_EQ(session.eval("(vl-every '(lambda (r) (boundp (read (car r)))) (et_aide))"), "T");
-  session.eval("(pl_li '(0.0 0.0) '(1.0 1.0))");
-  EXPECT_EQ(session.eval("(cdr (assoc 0 (entget (entlast))))"), "\"LINE\"");
 }
 
 }  // namespace

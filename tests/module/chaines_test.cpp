@@ -52,23 +52,18 @@ TEST_F(Chaines, AValueThatNamesAKeyIsTakenForThatKey) {
   EXPECT_EQ(p.altPc, (reels{95, 0, 100}));
 }
 
-constexpr const char* kLignes = R"((progn
-  (defun ligne () (entmake '((0 . "LINE") (10 0.0 0.0 0.0) (11 1.0 0.0 0.0))) (entlast))
-  (setq la (ligne) lb (ligne) lc (ligne))
-  (plsxd pc1 "PRLI" la) (plsxd la "NEXTLI" lb) (plsxd pc2 "prli" lc)))";
-
 TEST_F(Chaines, LinesComeInChainOrder) {
-  EXPECT_EQ(lignes(apres(kLignes)), (std::vector<std::string>{"la", "lb", "lc"}));
+  EXPECT_EQ(lignes(apres("(load \"lignes.lsp\")")), (std::vector<std::string>{"la", "lb", "lc"}));
 }
 
 TEST_F(Chaines, APcWithoutLinesDoesNotStopTheOthers) {
-  EXPECT_EQ(lignes(apres(std::string("(progn ") + kLignes + "(plsxd pc1 \"PRLI\" lc))")),
+  EXPECT_EQ(lignes(apres("(progn (load \"lignes.lsp\") (plsxd pc1 \"PRLI\" lc))")),
             (std::vector<std::string>{"lc", "lc"}));
   EXPECT_TRUE(lignes(apres("(plsxd prf \"PRPC\" prf)")).empty());
 }
 
 TEST_F(Chaines, AnUnopenableLineIsKeptAndEndsItsChain) {
-  const profilLong p = apres(kLignes);
+  const profilLong p = apres("(load \"lignes.lsp\")");
   const AcDbObjectId lb = id("lb");
   session.eval("(progn (plsxd lb \"NEXTLI\" lc) (entdel lb))");
   AcDbObjectIdArray ids;
@@ -79,34 +74,11 @@ TEST_F(Chaines, AnUnopenableLineIsKeptAndEndsItsChain) {
 }
 
 TEST_F(Chaines, AHandleWithoutObjectIsAskedForUntilTheUserInterrupts) {
-  const profilLong p = apres(std::string("(progn ") + kLignes + "(plsxd la \"NEXTLI\" \"FFFFF\"))");
+  const profilLong p = apres("(progn (load \"lignes.lsp\") (plsxd la \"NEXTLI\" \"FFFFF\"))");
   AcDbObjectIdArray ids;
   const kaveltest::Interrupted apresMilleEssais(1000);
   EXPECT_THROW(plv::lireLignes(p, ids), atelier::Interrupted);
   EXPECT_EQ(ids.length(), 1);
-}
-
-// Lines that the user draws, typed as station and altitude or picked; the ground is 150 m long.
-struct Trace : kaveltest::ProfilDessine {
-  std::string traces(const std::string& reponses) {
-    session.eval("(marque)");
-    session.feed("(pl_TracerLignes prf)\n" + reponses);
-    return session.eval("(vu)");
-  }
-};
-
-TEST_F(Trace, TypedPointsAreStationAndAltitude) {
-  EXPECT_EQ(traces("12.5,104.2\n30,105\n\n"), "(\"LINE 112.50,142.00 130.00,150.00\")");
-  EXPECT_EQ(traces("\n"), "nil");
-}
-
-TEST_F(Trace, WhatDoesntFitIsAskedAgain) {
-  EXPECT_EQ(traces("10,100\nabc\n20\n,,\n900,100\n20,,100\n\n"), "(\"LINE 110.00,100.00 120.00,100.00\")");
-}
-
-TEST_F(Trace, GraphicPointsAreTakenAsTheyAre) {
-  EXPECT_EQ(traces("10,100\ng\n0,0\nP\n20,100\n\n"),
-            "(\"LINE 110.00,100.00 0.00,0.00\" \"LINE 0.00,0.00 120.00,100.00\")");
 }
 
 }  // namespace

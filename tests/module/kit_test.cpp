@@ -33,7 +33,7 @@ TEST(Letters, CodePage) {
 }
 
 struct Kit : ::testing::Test {
-  kaveltest::Session session;
+  kaveltest::Prepared session{};
 };
 
 TEST_F(Kit, BlockNamesComeFromPaths) {
@@ -98,8 +98,7 @@ TEST_F(Kit, XrecordsAreReplaced) {
 }
 
 TEST_F(Kit, BlocksCarryInformation) {
-  session.eval(R"((progn (entmake '((0 . "BLOCK") (2 . "B") (70 . 0) (10 0.0 0.0 0.0)))
-      (entmake '((0 . "LINE") (10 0.0 0.0 0.0) (11 4.0 -2.0 0.0))) (entmake '((0 . "ENDBLK")))))");
+  session.load("blocs");
   AcDbObjectId bloc, ligne;
   ASSERT_TRUE(importerBloc(bloc, L"B.dwg", baseCourante()));
   std::wstring commentaire = L"x", info = L"x";
@@ -119,10 +118,7 @@ TEST_F(Kit, BlocksCarryInformation) {
 }
 
 TEST_F(Kit, InsertedBlocksHaveTheirVariableAttributes) {
-  session.eval(R"((progn (entmake '((0 . "BLOCK") (2 . "R") (70 . 2) (10 0.0 0.0 0.0)))
-      (entmake '((0 . "ATTDEF") (10 1.0 0.0 0.0) (40 . 1.0) (1 . "defaut") (2 . "DN") (3 . "") (70 . 0)))
-      (entmake '((0 . "ATTDEF") (10 2.0 0.0 0.0) (40 . 1.0) (1 . "fixe") (2 . "FIXE") (3 . "") (70 . 2)))
-      (entmake '((0 . "ENDBLK")))))");
+  session.load("blocs");
   EXPECT_FALSE(insererBloc(L"R", {10, 20, 0}, 2.0, 0.0).isNull());
   EXPECT_TRUE(insererBloc(L"absent", {10, 20, 0}, 2.0, 0.0).isNull());
   kaveltest::check(session, {{"(cdr (assoc 2 (setq a (entget (entnext (entlast))))))", "\"DN\""},
@@ -151,6 +147,25 @@ TEST_F(Kit, ShapesAndErasing) {
   effacerTout(liste);
   EXPECT_TRUE(liste.isEmpty());
   EXPECT_EQ(session.eval("(ssget \"X\" '((0 . \"LWPOLYLINE\")))"), "nil");
+}
+
+TEST(FitRule, NarrowsThenShrinks) {
+  const kaveltest::Session session;
+  const std::wstring texte = L"Canalisation";
+  const double largeur = largeurTexte(texte, 2.0, AcDbObjectId::kNull);
+  ASSERT_GT(largeur, 0.0);
+  const struct {
+    double part;
+    bool ajuste;
+    double facteur, hauteur;
+  } cas[] = {{1.01, false, 1.0, 2.0},           {1.0, true, 1.0, 2.0},  {0.8, true, 0.8, 2.0}, {0.6, true, 0.6, 2.0},
+             {0.5, true, 0.6, 2.0 * 0.5 / 0.6}, {0.25, true, 0.6, 1.4}, {-1, true, 0.6, 1.4}};
+  for (const auto& c : cas) {
+    double facteur = 1.0, hauteur = 2.0;
+    EXPECT_EQ(ajusterTexte(largeur * c.part, texte, AcDbObjectId::kNull, hauteur, facteur), c.ajuste) << c.part;
+    EXPECT_NEAR(facteur, c.facteur, 1e-9) << c.part;
+    EXPECT_NEAR(hauteur, c.hauteur, 1e-9) << c.part;
+  }
 }
 
 TEST_F(Kit, Selections) {

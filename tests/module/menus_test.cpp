@@ -1,4 +1,4 @@
-// Dynamic menus: the entries of a profile's menu, menus in the host's bar, and an entry run by its label.
+// Dynamic menus: the entries of a profile's menu, and an entry that isn't there.
 // The macros are what the command line receives, trailing blank included.
 #include "module/support/menus/menus.h"
 
@@ -31,46 +31,12 @@ TEST_F(Menus, AProfileHasAnEntryForEachRow) {
   }
 }
 
-TEST_F(Menus, WrongCallsGiveNil) {
-  kaveltest::check(session, {{"(pl_CreeMenu \"G\")", "nil"},
-                             {"(pl_CreeMenu \"G\" \"M\" \"x\")", "nil"},
-                             {"(pl_AddSep)", "nil"},
-                             {"(pl_AddSep \"absent\")", "nil"},
-                             {"(pl_AddOptionMenu \"absent\" \"l\" \"m\")", "nil"},
-                             {"(pl_RemoveMenu \"absent\")", "nil"},
-                             {"(pl_RemoveDynMnus)", "nil"},
-                             {"(pl_PlacerMenusKavel \"VARDANE4\" \"P1\")", "nil"}});
-}
-
-TEST_F(Menus, ComeIntoTheBarAndRunTheirMacros) {
-  kaveltest::check(session, {{"(pl_CreeMenu \"Essais\" \"Outils\")", "T"},
-                             {"(pl_CreeMenu \"ESSAIS\" \"OUTILS\")", "nil"},  // it is there
-                             {"(pl_AddOptionMenu \"outils\" \"Compter\" \"(setq n 1) (setq n (+ n 2)) \")", "T"},
-                             {"(pl_AddSep \"Outils\")", "T"},
-                             {"(pl_AddOptionMenu \"Outils\" \"Noter\" \"setvar;USERI1 7 \")", "T"}});
-  EXPECT_NE(session.feed("menu\n?\n").find("\nOutils\n  Compter\n  --\n  Noter\n"), std::string::npos);
-  session.feed("menu\nOutils/compter\nmenu\nNOTER\n");
-  kaveltest::check(session, {{"n", "3"}, {"(getvar \"USERI1\")", "7"}});
+TEST_F(Menus, AnAbsentEntryIsAFailure) {
+  session.eval(
+      "(progn (pl_CreeMenu \"Absences\" \"Divers\") (pl_AddOptionMenu \"Divers\" \"Compter\" \"(setq n 1) \"))");
   session.feed("menu\nabsent\n");
   EXPECT_EQ(session.document().failures(), 1);
-  kaveltest::check(
-      session,
-      {{"(pl_RemoveMenu \"outils\")", "T"}, {"(pl_RemoveMenu \"outils\")", "nil"}, {"(pl_RemoveDynMnus)", "nil"}});
-  EXPECT_EQ(session.feed("menu\n\n").find("Compter"), std::string::npos);
-}
-
-TEST_F(Menus, TheProfileMenuFollowsTheChosenProfile) {
-  session.eval("(progn (pl_ChoixProfil prf) (pl_ChoixProfil prf))");
-  const std::string menu = session.feed("menu\n\n");
-  EXPECT_NE(menu.find("\nProfil P1\n  Altitude\n  Distances\n  Observations\n  --\n  Cotation Automatique"),
-            std::string::npos)
-      << menu;
-  session.eval("(pl_RemoveDynMnus)");
-  EXPECT_EQ(session.feed("menu\n\n").find("Profil P1"), std::string::npos);
-  // What is no profile isn't refused: the collection is emptied, and the menu goes.
-  session.eval("(progn (pl_ChoixProfil prf) (pl_ChoixProfil pc1))");
-  EXPECT_EQ(session.feed("menu\n\n").find("Profil P1"), std::string::npos);
-  EXPECT_TRUE(plv::collectionMatrices().matrices.IsEmpty());
+  session.eval("(pl_RemoveMenu \"Divers\")");
 }
 
 }  // namespace

@@ -1,22 +1,17 @@
-// The model of matrices through its LISP functions: creation, selection, queries, widths.
-// Nothing is drawn but where a row says so.
+// The model of matrices after calls of its LISP functions: names, limits, parameters, the life of the collection.
+// The collection is looked into directly.
 #include "module/matrices/gestionMatrices.h"
 #include "tests/module/aide.h"
 
 using kaveltest::check;
+using kaveltest::Prepared;
 using kaveltest::Session;
 
 namespace {
 
 struct Modele : ::testing::Test {
-  Modele() {
-    session.eval(R"((progn (pl_ResetMatrices)
-      (pl_DefinirLigneMatrice "Route" "A" "Altitude" 1.5 4)
-      (pl_DefinirLigneMatrice "ROUTE" "B" "Distance" 2 13)
-      (pl_DefinirLigneMatrice "Reseau" "" "Sans nom" 1.0 0)))");
-  }
   const plv::matriceProfil& active() { return *plv::collectionMatrices().matriceActive(); }
-  Session session;
+  Prepared session{"modele"};
 };
 
 TEST_F(Modele, NamesOfMatricesComeOnceInAnyCase) {
@@ -30,22 +25,6 @@ TEST_F(Modele, NamesOfMatricesComeOnceInAnyCase) {
   EXPECT_EQ(active().nomMatrice, L"");
 }
 
-TEST_F(Modele, RowsAreSelectedByIndexAndByName) {
-  check(session, {{"(pl_SelectMatrice \"route\")", "T"},
-                  {"(pl_SelectLigne 1)", "T"},
-                  {"(pl_SelectLigne \"a\")", "T"},
-                  {"(pl_SelectLigne 2)", "nil"},
-                  {"(pl_SelectLigne 0.0)", "nil"},
-                  {"(pl_SelectLigne 0 1)", "T"},
-                  {"(pl_SelectLigne 2 0)", "nil"},
-                  {"(pl_SelectLigne 0 1.0)", "nil"},
-                  {"(pl_SelectLigne \"ROUTE\" \"b\")", "T"},
-                  {"(pl_SelectLigne \"ROUTE\" 0)", "T"},
-                  {"(pl_SelectLigne \"ROUTE\" -1)", "nil"},
-                  {"(pl_SelectLigne \"RESEAU\" -1)", "T"},
-                  {"(pl_SelectLigne)", "nil"}});
-}
-
 TEST_F(Modele, ASelectedRowHasItsTopAndBottom) {
   session.eval("(pl_SelectLigne 0 1)");
   EXPECT_EQ(active().hautCourant, -1.5);
@@ -56,15 +35,6 @@ TEST_F(Modele, ASelectedRowHasItsTopAndBottom) {
   session.eval("(pl_SelectLigne \"zzz\")");
   EXPECT_EQ(active().basCourant, -3.5);
   EXPECT_EQ(active().ligneActive(), nullptr);
-}
-
-TEST_F(Modele, AFailedSelectionSelectsNothing) {
-  check(session, {{"(pl_SelectMatrice 0)", "T"},
-                  {"(pl_SelectMatrice \"absente\")", "nil"},
-                  {"(pl_SelectLigne 0)", "nil"},
-                  {"(pl_SelectMatrice 2)", "nil"},
-                  {"(pl_SelectMatrice 1.0)", "nil"},
-                  {"(pl_SelectMatrice)", "nil"}});
 }
 
 TEST_F(Modele, DecimalsAreTheOneParameter) {
@@ -86,37 +56,12 @@ TEST_F(Modele, IdentitiesOfRowsDiffer) {
   EXPECT_NE(lignes[0]->idLigne, 0xFFFFFFFFu);
 }
 
-TEST_F(Modele, WidthsAreTheGreaterOfTitleAndTwoHeights) {
-  check(session, {{"(> (pl_LargeurMatrices 2.5) 5.0)", "T"},
-                  {"(equal (pl_LargeurMatrices 5.0) (* 2.0 (pl_LargeurMatrices 2.5)) 1e-6)", "T"},
-                  {"(pl_ResetMatrices)", "T"},
-                  {"(pl_LargeurMatrices 2.5)", "5.0"},
-                  {"(pl_LargeurMatrices 2)", "4.0"},
-                  {"(pl_LargeurMatrices -3)", "0.0"}});
-}
-
-TEST_F(Modele, QueriesAnswerForDrawnMatricesOnly) {
-  check(session, {{"(pl_SelectLigne 0 1)", "T"},
-                  {"(pl_nbmatrices)", "nil"},
-                  {"(pl_nblignesmat)", "nil"},
-                  {"(pl_typelignemat)", "nil"},
-                  {"(pl_textlignemat)", "nil"}});
-  session.eval(kaveltest::kProfil);
-  session.eval("(pl_DessinerMatrices prf '(0.0 0.0) 1.0 5.0)");
-  check(session, {{"(pl_nbmatrices)", "2"},
-                  {"(pl_nblignesmat)", "2"},
-                  {"(pl_typelignemat)", "13"},
-                  {"(pl_textlignemat)", "\"Distance\""},
-                  {"(progn (pl_SelectLigne 9) (pl_typelignemat))", "nil"}});
-}
-
 // The collection outlives a drawing; what it held of the drawing doesn't.
 TEST_F(Modele, DefinitionsOutliveTheirDrawing) {
-  session.eval(kaveltest::kProfil);
+  session.load("profil");
   session.eval("(pl_DessinerMatrices prf '(0.0 0.0) 1.0 5.0)");
   {
-    Session fermee;
-    fermee.eval(kaveltest::kProfil);
+    Prepared fermee{"profil"};
     fermee.eval("(pl_DessinerMatrices prf '(0.0 0.0) 1.0 5.0)");
   }
   Session suivante;

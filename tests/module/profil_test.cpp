@@ -3,7 +3,6 @@
 #include "module/profil/profilLong.h"
 #include "tests/module/aide.h"
 
-using kaveltest::check;
 using plv::profilLong;
 
 namespace {
@@ -35,17 +34,6 @@ TEST_F(Profil, ReadsKeysChainAndGround) {
   EXPECT_EQ(p.altTn, (std::vector<double>{100, 102, 101, 104}));
   EXPECT_TRUE(p.clesInconnues);
   EXPECT_EQ(p.longueurTn(), 150.0);
-}
-
-TEST_F(Profil, GivesItsGroundToLisp) {
-  check(session, {{"(pl_InfosTn prf)", "(4.0 150.0 0.0)"},
-                  {"(pl_PointTn prf 0)", "(0.0 100.0 0.0)"},
-                  {"(pl_PointTn prf 3)", "(150.0 104.0 0.0)"},
-                  {"(pl_PointTn prf 4)", "nil"},
-                  {"(pl_PointTn prf -1)", "nil"},
-                  {"(pl_PointTn prf 1.0)", "nil"},
-                  {"(pl_PointTn pc1 0)", "nil"},
-                  {"(pl_InfosTn pc1)", "nil"}});
 }
 
 TEST_F(Profil, WhatIsNoProfileReadsFalse) {
@@ -128,13 +116,6 @@ TEST_F(Profil, IsFoundByItsNumber) {
   plv::profilsParId(8, aucun);
   EXPECT_EQ(trouves.length(), 2);
   EXPECT_TRUE(aucun.isEmpty());
-}
-
-TEST_F(Profil, ReadsAHundredThousandPointsOfGround) {
-  session.eval(R"((progn (setq l nil i 0)
-    (while (< i 100000) (setq l (cons '(1040 . 1.0) (cons '(1040 . 100.0) l)) i (1+ i)))
-    (entmod (append (entget prf) (list (list -3 (cons "KELMONT_PLV2" l)))))))");
-  EXPECT_EQ(session.eval("(pl_InfosTn prf)"), "(100000.0 100000.0 0.0)");
 }
 
 }  // namespace

@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/rows.h"
+
 namespace {
 
 std::string contenu(const std::string& chemin) {
@@ -17,6 +19,15 @@ std::string contenu(const std::string& chemin) {
   std::ostringstream texte;
   texte << fichier.rdbuf();
   return texte.str();
+}
+
+// "cellules_QuadrantsStand_2", the second run of a situation, is "Cellules.QuadrantsStand" for a reader.
+std::string nomDeTest(const std::string& situation) {
+  const std::size_t trait = situation.find('_');
+  std::string nom = situation.substr(0, situation.find('_', trait + 1));
+  nom[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(nom[0])));
+  nom[trait] = '.';
+  return nom;
 }
 
 std::set<std::string> testsDuProgramme() {
@@ -27,6 +38,8 @@ std::set<std::string> testsDuProgramme() {
     for (int j = 0; j < suite.total_test_count(); ++j)
       noms.insert(std::string(suite.name()) + "." + suite.GetTestInfo(j)->name());
   }
+  for (const auto& situation : kaveltest::situations(KAVEL_SOURCE "/tests/module/rangees"))
+    noms.insert(nomDeTest(situation.name));
   return noms;
 }
 

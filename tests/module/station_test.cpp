@@ -1,8 +1,10 @@
 // Station text and numberers.
 // Rows give the value, the decimals and the format.
 #include "module/profil/numeroteur.h"
+
+#include <gtest/gtest.h>
+
 #include "module/profil/texteStation.h"
-#include "tests/module/aide.h"
 
 namespace {
 
@@ -30,18 +32,6 @@ TEST(StationText, Formats) {
     plv::texteStation(c.valeur, texte, c.decimales, c.format);
     EXPECT_EQ(texte, c.texte) << c.valeur;
   }
-}
-
-TEST(StationText, ForLisp) {
-  kaveltest::Session session;
-  kaveltest::check(session, {{"(pl_distToPk 1250.5)", "\"PK 1+250.50\""},
-                             {"(pl_distToPk 1250)", "\"PK 1+250.00\""},
-                             {"(pl_distToPk 70000 0)", "\"PK 70+0\""},
-                             {"(pl_distToPk 1250.5 1 2)", "\"1+250.5\""},
-                             {"(pl_distToPk 1250.5 1.0 0)", "\"1250.50\""},
-                             {"(pl_distToPk 1250.5 nil 0)", "\"1250.50\""},
-                             {"(pl_distToPk \"12\")", "\"\""},
-                             {"(pl_distToPk)", "\"\""}});
 }
 
 TEST(LetterRule, CountsLikeColumns) {

@@ -48,25 +48,4 @@ TEST(Entry, AnswersEveryMessageWithOk) {
   EXPECT_EQ(acrxEntryPoint(AcRx::kQuitMsg, nullptr), AcRx::kRetOK);
 }
 
-// Wrong counts and types end in nil, in silence, whatever the function.
-TEST(Handlers, RefuseBadArgumentsInSilence) {
-  Session session;
-  session.transcript();
-  kaveltest::check(session, {{"(pl_InfosTn)", "nil"},
-                             {"(pl_InfosTn \"x\")", "nil"},
-                             {"(pl_PointTn 1 2)", "nil"},
-                             {"(pl_DefinirLigneMatrice \"M\" \"1\" \"L\" 1.5)", "nil"},
-                             {"(pl_DefinirLigneMatrice \"M\" \"1\" \"L\" 1.5 2.0)", "nil"},
-                             {"(pl_DessinerMatrices 1 2 3 4)", "nil"},
-                             {"(pl_LargeurMatrices \"2\")", "nil"},
-                             {"(pl_TexteVertical 1.0 \"x\")", "nil"},
-                             {"(pl_CotDParH '(1.0 2.0))", "nil"},
-                             {"(pl_NotifInsertBlock 3)", "nil"},
-                             {"(pl_ChoixProfil \"P1\")", "nil"},
-                             {"(pl_CreeMenu \"G\" 1)", "nil"},
-                             {"(pl_fleche '(0.0 0.0) '(1.0 0.0) 1.0)", "nil"},
-                             {"(plgxd)", "nil"}});
-  EXPECT_EQ(session.transcript(), "");
-}
-
 }  // namespace

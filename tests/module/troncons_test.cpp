@@ -5,7 +5,7 @@
 #include "module/metres/calculMetres.h"
 #include "module/metres/elementsMesures.h"
 #include "module/metres/rapportMetres.h"
-#include "tests/module/metres_aide.h"
+#include "tests/module/aide.h"
 
 namespace {
 
@@ -151,7 +151,7 @@ TEST_F(Balayage, AnOrdinateNeedsAPieceWithALength) {
 
 struct Metres : kaveltest::ProfilDessine {
   Metres() {
-    session.eval(kaveltest::kTrace);
+    session.load("trace");
     profil->lireId(id("prf"));
   }
   void calculer(std::initializer_list<const char*> projet,
@@ -210,12 +210,7 @@ TEST_F(Metres, OutsideTheGroundTheLinesBeforeStay) {
 }
 
 TEST_F(Metres, KnownBlocksAreListedWhole) {
-  session.eval(
-      R"((setq r (tampon "vardanetampon" 130.0 '(("R" . "R1") ("CT" . "102.5") ("HAUTEUR" . "2") ("LARGEUR" . "1")))
-                        v (tampon "VardanePLVDGE" 145.5 '(("OBS" . "basse")))
-                        sans (tampon "VardaneTampon" 150.0 '(("R" . "R2") ("HAUTEUR" . "2") ("LARGEUR" . "1")))
-                        casse (tampon "VardanePLVDGE" 155.0 '(("obs" . "x")))
-                        autre (tampon "Autre" 160.0 '(("OBS" . "x"))) a (tronc 0.0 99.5 100.0 99.5 95.0)))");
+  session.load("tampons");
   profil->dcumDeb = 1000;
   calculer({"a"}, {"tn1", "tn2"}, {"r", "v", "sans", "casse", "autre", "a"});
   ASSERT_EQ(profil->elements.size(), 2u);

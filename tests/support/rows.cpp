@@ -167,7 +167,7 @@ std::string fault(Session& session, const std::string& file, const Row& row, con
     session.eval("(progn " + joined(row.parts, 1) + ")");
     return {};
   }
-  const bool says = kind == "dit" || kind == "tait" || kind == "refuse" || kind == "tape";
+  const bool says = kind == "dit" || kind == "tait" || kind == "ecrit" || kind == "refuse" || kind == "tape";
   if (!says) {
     if (row.parts.size() != 2) return "an expression and its value are expected";
     const std::string got = session.eval(kind), expected = session.eval("'" + row.parts[1]);
@@ -184,9 +184,14 @@ std::string fault(Session& session, const std::string& file, const Row& row, con
     said = session.transcript();
   }
   if (kind == "refuse" && value != "nil") return "got      " + value + "\nexpected nil";
-  for (std::size_t i = 2; i < row.parts.size(); ++i)
-    if ((said.find(unquoted(row.parts[i])) == std::string::npos) != (kind == "tait"))
-      return (kind == "tait" ? "not expected " : "expected ") + row.parts[i] + "\nin " + said;
+  if (kind == "ecrit")
+    return said == unquoted(row.parts.at(2)) ? "" : "got      " + said + "\nexpected " + row.parts[2];
+  for (std::size_t i = 2; i < row.parts.size(); ++i) {
+    const bool except = row.parts[i].front() == '(';
+    const std::string part = except ? partsOf({row.line, row.parts[i]}, file).at(1) : row.parts[i];
+    if ((said.find(unquoted(part)) == std::string::npos) != (except || kind == "tait"))
+      return (except || kind == "tait" ? "not expected " : "expected ") + part + "\nin " + said;
+  }
   return {};
 }
 

@@ -1,0 +1,17 @@
+;; The profile `prf` for a proposed line, flat ground at 10 m and the first plane at 5 m; what is drawn, with its vertices.
+
+(setq prf (reference "PROFIL" "NUMPL" "P2" 100.0) pc1 (point))
+(plsxd pc1 "DISTANCE" 30.0) (plsxd pc1 "PC" 5.0)
+(plsxd prf "ECHV" 10.0) (plsxd prf "ID" 8) (plsxd prf "PRPC" pc1)
+(mapcar '(lambda (c) (pl_add_xdata (car c) (cadr c) (handle prf)))
+        '((0.0 10.0) (10.0 10.0) (10.0 10.0) (10.0 10.0)))
+(defun sommets (e)
+  (apply 'strcat (mapcar '(lambda (g) (strcat (n (cadr g)) "," (n (caddr g)) " "))
+                         (vl-remove-if-not '(lambda (g) (= 10 (car g))) (entget e)))))
+(defun trace (en)
+  (if (= "LINE" (g 0 (entget en))) (strcat "LINE " (xy 10 (entget en)) " " (xy 11 (entget en)))
+      (strcat (g 0 (entget en)) " " (sommets en))))
+(defun traces () (mapcar 'trace (depuis repere)))
+(defun couleurs ()
+  (mapcar '(lambda (l) (g 62 (entget l)))
+          (vl-remove-if-not '(lambda (l) (= "LINE" (g 0 (entget l)))) (depuis repere))))

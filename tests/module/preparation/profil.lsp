@@ -1,0 +1,21 @@
+;; The profile `prf` at (100,50): number P1, vertical scale 10, two sections of 100 and 50 m whose planes are at 95 and 100 m,
+;; four points of natural ground at 0, 40, 100 and 150 m, and a key of the front-end's own.
+
+(regapp "PLV2_DATA")
+(defun handle (e) (cdr (assoc 5 (entget e))))
+(defun point () (entmake '((0 . "POINT") (10 0.0 0.0 0.0))) (entlast))
+(defun reference (nom tag texte x)
+  (entmake (list '(0 . "INSERT") '(66 . 1) (cons 2 nom) (list 10 x 50.0 0.0)))
+  (entmake (list '(0 . "ATTRIB") (list 10 x 50.0 0.0) '(40 . 2.5) (cons 1 texte) (cons 2 tag) '(70 . 0)))
+  (entmake '((0 . "SEQEND")))
+  (entlast))
+(entmake '((0 . "BLOCK") (2 . "PROFIL") (70 . 2) (10 0.0 0.0 0.0)))
+(entmake '((0 . "ATTDEF") (10 0.0 0.0 0.0) (40 . 2.5) (1 . "") (2 . "NUMPL") (3 . "Numero") (70 . 0)))
+(entmake '((0 . "ENDBLK")))
+(setq prf (reference "PROFIL" "NUMPL" "P1" 100.0) pc1 (point) pc2 (point))
+(plsxd pc1 "DISTANCE" 100.0) (plsxd pc1 "PC" 95.0) (plsxd pc1 "NEXT-PC" pc2)
+(plsxd pc2 "DISTANCE" 50.0) (plsxd pc2 "PC" 100.0)
+(plsxd prf "ECHV" 10.0) (plsxd prf "TTXT" 2.5) (plsxd prf "ID" 7) (plsxd prf "PRPC" pc1)
+(plsxd prf "FRONTAL" "complet")
+(mapcar '(lambda (c) (pl_add_xdata (car c) (cadr c) (handle prf)))
+        '((0.0 100.0) (40.0 102.0) (60.0 101.0) (50.0 104.0)))

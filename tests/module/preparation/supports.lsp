@@ -1,0 +1,16 @@
+;; Road and project supports rv and rp (block references at x = 100), and makers and readers of what is attached to a profile.
+
+(setq rv (reference "PROFIL" "NUMPL" "s" 100.0) rp (reference "PROFIL" "NUMPL" "s" 100.0))
+(plsxd prf "HVOIRIE" rv) (plsxd prf "HPROJ" rp)
+(defun ligne (x1 y1 x2 y2) (entmake (list '(0 . "LINE") (list 10 x1 y1 0.0) (list 11 x2 y2 0.0))) (entlast))
+(defun poly (pts)
+  (entmake (append (list '(0 . "LWPOLYLINE") '(100 . "AcDbEntity") '(100 . "AcDbPolyline") (cons 90 (length pts)) '(70 . 0))
+                   (mapcar '(lambda (p) (cons 10 p)) pts)))
+  (entlast))
+(defun groupes (e rec / d)
+  (if (and (setq d (cdr (assoc 360 (entget e)))) (setq d (dictsearch d rec))) (cdr (member (assoc 280 d) d))))
+(defun projet (e) (mapcar 'cdr (groupes e "ELEMS_PROJET_KAVEL")))
+(defun statiques (e) (groupes e "ELEMS_STATIQUES_KAVEL"))
+(defun marque-de (e) (cdr (assoc 1070 (cdr (cadr (assoc -3 (entget e '("PLV2_DATA"))))))))
+(defun y (e c) (caddr (assoc c (entget e))))
+(defun sommets (e / l) (foreach p (entget e) (if (= (car p) 10) (setq l (cons (list (cadr p) (caddr p)) l)))) (reverse l))
