@@ -77,8 +77,9 @@ TEST(MText, AttachmentPlacesTheBlock) {
   for (int attachment = 1; attachment <= 9; ++attachment) {
     const auto layout = layoutMText("HTTH\\PH", style(attachment));
     const double height = 2 + 2 * 5.0 / 3;
-    EXPECT_NEAR(layout.pieces[0].map.x0, -width * ((attachment - 1) % 3) / 2, 1e-9) << attachment;
-    EXPECT_NEAR(layout.pieces[0].map.y0, -2 + height * ((attachment - 1) / 3) / 2, 1e-9) << attachment;
+    const int row = (attachment - 1) / 3, column = (attachment - 1) % 3;
+    EXPECT_NEAR(layout.pieces[0].map.x0, -width * column / 2, 1e-9) << attachment;
+    EXPECT_NEAR(layout.pieces[0].map.y0, -2 + height * row / 2, 1e-9) << attachment;
   }
 }
 

@@ -31,7 +31,8 @@ double area(const Fill& fill) {
   const int n = 400;
   int inside = 0;
   for (int i = 0; i < n * n; ++i) {
-    const Pt p{box.xMin + (i % n + 0.5) / n * box.width(), box.yMin + (i / n + 0.5) / n * box.height()};
+    const int column = i % n, row = i / n;
+    const Pt p{box.xMin + (column + 0.5) / n * box.width(), box.yMin + (row + 0.5) / n * box.height()};
     bool in = false;
     std::size_t k = 0, first = 0;
     const auto cross = [&](Pt a, Pt b) {

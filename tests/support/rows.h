@@ -8,13 +8,12 @@
 //   (preparer FORM...)                evaluated
 //   (EXPRESSION EXPECTED)             the value, as it is printed, is EXPECTED, which is not evaluated
 //   (dit EXPRESSION "PART"...)        what is printed holds every part
-//   (tait EXPRESSION "PART"...)       ... and no part of these
 //   (ecrit EXPRESSION "TEXT")         what is printed is TEXT and nothing else
 //   (refuse EXPRESSION "PART"...)     the value is nil and what is printed holds every part
 //   (passe EXPRESSION...)             no error
 //   (tape ("LINE"...) "PART"...)      the lines are typed; what appears holds every part
 //
-// A part written (sauf "PART") is one that doesn't appear.
+// Among the parts, (sauf "PART"...) are parts that don't appear.
 //
 // <dossier> in a text is a folder of the test's own, <source> the root of the sources.
 #pragma once

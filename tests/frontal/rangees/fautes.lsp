@@ -61,7 +61,7 @@
 (passe (plv-pc p "M" 60.0 43.0))
 (passe (plv-pc p "S" 60.0 nil))
 ;; The wrong classes were taken into a record by name; that is what the audit is for.
-(tait (plv-audit) "P08" "P02")
+(dit (plv-audit) (sauf "P08" "P02"))
 ;; The good line is whole: cut at the planes, every altitude as it was drawn.
 ((equal (pl_yat bonne 20.0) 61.0 1e-9) T)
 

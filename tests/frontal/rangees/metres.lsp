@@ -78,7 +78,7 @@
 
 (situation "LinesThatOverlapAreSaidSo")
 (preparer (profil "g.csv" "P1" '(0.0 0.0 0.0)) (projet))
-(tait (mesurer nil nil) "se recouvrent")
+(dit (mesurer nil nil) (sauf "se recouvrent"))
 (preparer (plv-projet p "Projet" '((1020.0 46.0) (1050.0 43.0))))
 (dit (mesurer nil nil) "des lignes de projet se recouvrent")
 

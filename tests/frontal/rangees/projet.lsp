@@ -166,7 +166,7 @@
 
 (situation "RowsHoldTheirFigures")
 (preparer (equiper))
-(tait (setq r (plv-matrices p "matrices-completes.txt" T)) "vides")
+(dit (setq r (plv-matrices p "matrices-completes.txt" T)) (sauf "vides"))
 ((not r) nil)
 ;; ground at seven points, and the project's altitude at 1040
 ((textes "52.00") 8)
