@@ -26,7 +26,7 @@ std::unique_ptr<AcDbPolyline> wave(int vertices, double step, double height) {
 }
 
 // A profile p of so many ground points over 2000 m, and fifty polylines of 2,000 vertices over it, in the sets s and tt.
-void makeDrawing(Document& document, int points) {
+void makeDrawing(atelier::Document& document, int points) {
   bancs::makeProfile(document, points, 1999.0 / points, 1.0);
   evaluate(document, R"((progn
     (setq pc (entmakex '((0 . "LINE") (10 0.0 0.0 0.0) (11 2000.0 0.0 0.0))))

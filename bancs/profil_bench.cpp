@@ -14,7 +14,7 @@ using atelier::OpenDrawing;
 using bancs::evaluate;
 using bancs::makeProfile;
 
-AcDbObjectId profileId(Document& document) {
+AcDbObjectId profileId(atelier::Document& document) {
   return AcDbObjectId(reinterpret_cast<AcDbStub*>(document.interpreter().get("P").entity()));
 }
 
