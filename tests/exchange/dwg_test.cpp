@@ -99,7 +99,7 @@ TEST(Dwg, SaysWhatIsMissingOrFailed) {
   EXPECT_NE(program.output.find("absent.dwg: fichier introuvable"), std::string::npos) << program.output;
   program.converter("echo 'version inconnue'; exit 1\n");
   EXPECT_EQ(program.run("a.dwg -e 1").status, 3);
-  EXPECT_NE(program.output.find("le convertisseur DWG a echoue: version inconnue"), std::string::npos)
+  EXPECT_NE(program.output.find("le convertisseur DWG a échoué: version inconnue"), std::string::npos)
       << program.output;
   program.converter("exit 0\n");
   EXPECT_EQ(program.run("a.dwg -e 1").status, 3) << program.output;
