@@ -11,7 +11,7 @@ namespace {
 
 // Baseline to baseline at line spacing factor 1, in text heights (DXF reference, MTEXT group 44).
 constexpr double linePitch = 5.0 / 3.0;
-// The parts of a stacked fraction: their height and where their baselines stand, in text heights.
+// A stacked fraction in text heights: the height of its parts, their baselines and the bar between them.
 constexpr double stackHeight = 0.7, stackUpper = 0.65, stackLower = -0.35, stackBar = 0.5;
 
 struct Placed {
