@@ -1,17 +1,17 @@
-// What rooms above the document hang on it: a part of theirs that lives as long as it, and a command that waits.
-// The document keeps them and knows no more of them than this.
+// What other rooms attach to a document: parts that live as long as it, and a command that waits for answers.
+// The document knows them by these interfaces only.
 #pragma once
 #include <string_view>
 
 namespace atelier {
 
-// A part that a room above keeps for each document. It is made with the document and found again by its type.
+// A part that another room keeps for each document. It is made with the document and found again by its type.
 class Attachment {
  public:
   virtual ~Attachment() = default;
-  // A drawing is there: at the document's start, and after another one has taken its place.
+  // Called when a drawing has been opened: at the document's start, and after another drawing has replaced it.
   virtual void drawingOpened() {}
-  // The drawing is about to go: at the document's end, and before another one takes its place.
+  // Called before the drawing is closed: at the document's end, and before another drawing replaces it.
   virtual void drawingClosing() {}
 };
 
@@ -20,7 +20,7 @@ class WaitingCommand {
  public:
   virtual ~WaitingCommand() = default;
   virtual std::string_view name() const = 0;
-  // Runs to its end with what the user's source answers.
+  // Runs the command to its end with answers from the user.
   virtual void finish() = 0;
 };
 

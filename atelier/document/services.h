@@ -1,5 +1,5 @@
-// What the rooms above do for every open drawing, as one table: the document knows those rooms by it alone.
-// It is filled where the program is composed.
+// What other rooms do for every open drawing, as one table: the document knows them by it only.
+// The application room fills it.
 #pragma once
 #include <memory>
 #include <span>
@@ -20,14 +20,14 @@ struct Services {
   std::vector<std::span<const lisp::Builtin>> builtins;  // tables by family
   VariableTable variables;
   std::vector<std::unique_ptr<Attachment> (*)(Document&)> attachments;
-  // What stands under a pick, null for nothing.
+  // The entity under a pick, null for none.
   AcDbObjectId (*pick)(Document&, const AcGePoint3d& point) = nullptr;
   // Runs the host's command of that upper-case name; false when there is none.
   bool (*runCommand)(Document&, const std::string& name) = nullptr;
 };
 
-// A table of AutoLISP functions of a room above all these, for every document opened from now on; a second time changes
-// nothing. It must stay.
+// Adds a table of AutoLISP functions to every document opened from now on; adding it twice has no effect. The table
+// must live as long as the program.
 void addDrawingBuiltins(std::span<const lisp::Builtin> table);
 
 }  // namespace atelier
