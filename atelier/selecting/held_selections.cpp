@@ -1,5 +1,5 @@
 // Selection sets that handlers hold by name, from acedSSGet to acedSSFree.
-// A name's first word is the set's address, its second a 1 that tells it from an entity's name.
+// The first word of a name is the set's address; the second is 1, unlike that of an entity's name.
 #include <unordered_map>
 
 #include "atelier/selecting/selections.h"

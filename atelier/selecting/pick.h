@@ -1,5 +1,5 @@
-// What stands under a point of the drawing.
-// A pick finds what comes within the pick box, in drawing units.
+// The entity at a point of the drawing.
+// A pick finds entities that reach into the pick box around the point.
 #pragma once
 #include "hote/dbmain.h"
 
@@ -7,8 +7,8 @@ namespace atelier {
 
 class Document;
 
-// The entity of the current space that is nearest to the point within the pick box, the latest drawn one of equals;
-// null when there is none. Off and frozen layers are passed over.
+// The entity of the current space nearest to the point, within the pick box; of several equally near the one drawn
+// last. Null when there is none. Layers that are off or frozen are left out.
 AcDbObjectId pickAt(Document& document, const AcGePoint3d& point);
 // Half the side of the pick box in drawing units: PICKBOX pixels of a view VIEWSIZE high.
 double pickRadius(Document& document);

@@ -1,5 +1,5 @@
 // Selecting by filter and by place.
-// The spatial index names the few that can match; what they draw decides.
+// The spatial index gives the few that can match; their strokes decide.
 #include "atelier/selecting/selections.h"
 
 #include <algorithm>
@@ -20,7 +20,7 @@ AcDbExtents extentsOf(std::span<const AcGePoint3d> points) {
   return box;
 }
 
-// Entities of the current space that show and whose extents overlap the box in plan, latest first.
+// Shown entities of the current space whose extents overlap the box in plan, latest first.
 template <class VISIT>
 void entitiesNear(Document& document, const AcDbExtents& box, VISIT visit) {
   LayerStates layers(document.imp());
