@@ -1,6 +1,6 @@
 // Texts, attributes and paragraphs.
-// A justified text is set anew from its alignment point with our own metrics: the stored position belongs to
-// the fonts of whoever wrote the file.
+// A justified text is placed from its alignment point with our own metrics: the stored position fits the fonts of the
+// program that wrote the file.
 #include <cmath>
 
 #include "atelier/fonts/mtext.h"
@@ -52,12 +52,12 @@ Setting settingOf(SceneBuilder& scene, const Entity& e, std::string_view text, i
     s.rotation = std::atan2(along.y, along.x);
     (horizontal == aligned ? s.height : s.style.widthFactor) *= ratioToFit(scene, s, text, length);
     if (const Box ink = inkOf(scene, s, text); !ink.empty()) s.offset.x = -ink.xMin;
-    if (g.integer(71) & backwards) s.at = {second.x, second.y};  // read from there to the first
+    if (g.integer(71) & backwards) s.at = {second.x, second.y};  // it runs from there to the first
     return s;
   }
   if (horizontal == left && vertical == baseline) return s;
   s.at = {second.x, second.y};
-  // By the ink, as extents and fits are measured: a text that fills its cell must not touch one side more.
+  // Placed by its ink, as extents are measured: a text that fills its cell then has equal room on both sides.
   if (const Box ink = inkOf(scene, s, text); !ink.empty()) {
     if (horizontal == centre || horizontal == middle) s.offset.x = -(ink.xMin + ink.xMax) / 2;
     if (horizontal == right) s.offset.x = -ink.xMax;
@@ -140,7 +140,7 @@ void drawAttribute(SceneBuilder& scene, const Entity& e) {
   drawString(scene, e, e.groups.text(1), 74);
 }
 
-// On its own a definition shows its tag; in a block only a constant one is seen, with its value.
+// Outside blocks a definition shows its tag; in a block only a constant one is shown, with its value.
 void drawAttributeDefinition(SceneBuilder& scene, const Entity& e) {
   if (e.at.depth == 0) return drawString(scene, e, e.groups.text(2), 74);
   if (e.groups.integer(70) & constantFlag) drawAttribute(scene, e);
