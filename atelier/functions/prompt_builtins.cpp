@@ -7,7 +7,7 @@
 #include "atelier/document/values.h"
 #include "atelier/functions/builtin_tables.h"
 #include "atelier/lisp/evaluator/arguments.h"
-#include "atelier/selecting/nested_pick.h"
+#include "atelier/selecting/pick.h"
 
 namespace atelier {
 namespace {

@@ -1,6 +1,6 @@
 // Finds the part of a block reference at a point.
 // At each level of nested blocks it takes the part nearest to the point.
-#include "atelier/selecting/nested_pick.h"
+#include "atelier/selecting/pick.h"
 
 #include <limits>
 

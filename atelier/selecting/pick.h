@@ -1,6 +1,7 @@
-// The entity at a point of the drawing.
+// The entity at a point of the drawing, also inside a block.
 // A pick finds entities that reach into the pick box around the point.
 #pragma once
+#include "atelier/lisp/values/value.h"
 #include "hote/dbmain.h"
 
 namespace atelier {
@@ -14,5 +15,9 @@ AcDbObjectId pickAt(Document& document, const AcGePoint3d& point);
 double pickRadius(Document& document);
 // Distance in plan from the point to what the entity draws; infinite when it draws nothing.
 double distanceTo(const AcDbEntity& entity, const AcGePoint3d& point);
+// What nentsel gives for a picked entity: (entity point) for an entity of the drawing or an attribute; (entity point
+// matrix (inserts...)) for a part of a block: the matrix from block to world coordinates as four rows of three, and the
+// inserts, innermost first.
+lisp::Value nestedPick(Document& document, AcDbObjectId picked, const AcGePoint3d& point);
 
 }  // namespace atelier
