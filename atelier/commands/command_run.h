@@ -6,7 +6,7 @@
 
 #include "atelier/commands/command_prompts.h"
 #include "atelier/commands/command_table.h"
-#include "atelier/document/attachment.h"
+#include "atelier/document/services.h"
 #include "atelier/lisp/values/value.h"
 
 namespace atelier {

@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "atelier/database/lists/entity_groups.h"
-#include "atelier/document/attachment.h"
 #include "atelier/document/prompter.h"
 #include "atelier/document/selection_set.h"
 #include "atelier/document/services.h"

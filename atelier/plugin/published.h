@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "atelier/document/attachment.h"
+#include "atelier/document/services.h"
 #include "atelier/lisp/evaluator/interpreter.h"
 #include "atelier/lisp/evaluator/root.h"
 #include "hote/adesk.h"
