@@ -2,6 +2,7 @@
 // Reference: DXF reference, "DXF file structure".
 #pragma once
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "atelier/dxf/groups/file_layout.h"
@@ -16,6 +17,8 @@ void readFile(AcDbDatabase& database, const std::string& path);
 void readFileRecovering(AcDbDatabase& database, const std::string& path, std::vector<std::string>& messages);
 // The drawing that a new one starts from: R2018, metres, all tables, layouts and styles.
 void readNewDrawing(AcDbDatabase& database);
+// Its text: new_drawing.dxf, built into the program.
+std::string_view newDrawingText();
 // Whether the database began as a new drawing, saved since or not.
 bool beganAsNew(const AcDbDatabase& database);
 // Reads a drawing in memory; `name` is used in messages. The bytes must outlive the database. With messages: recovers.

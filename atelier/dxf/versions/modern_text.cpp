@@ -9,7 +9,7 @@
 #include "atelier/base/interruption.h"
 #include "atelier/dxf/groups/file_layout.h"
 #include "atelier/dxf/groups/scanner.h"
-#include "atelier/dxf/reading/new_drawing.h"
+#include "atelier/dxf/reading/reader.h"
 #include "atelier/dxf/versions/flat_viewport.h"
 #include "atelier/dxf/versions/modern_parts.h"
 
