@@ -1,4 +1,4 @@
-// The program's interface: options in their order, results, exit status, and what bad input leads to.
+// The program's interface: options in their order, results, exit status, and messages for bad input.
 #include <gtest/gtest.h>
 
 #include "tests/console/program.h"
@@ -186,7 +186,7 @@ TEST(Kavel, TellsItsProgressToProgramsOnly) {
   EXPECT_EQ(program.run("--no-frontal -e 1").output, "1\n");
 }
 
-// A limit of two seconds stands for a hand on Ctrl-C: the loop alone would never end.
+// The loop would never end; after two seconds `timeout` interrupts it, as a user would with Ctrl-C.
 TEST(Kavel, IsStoppedByAnInterrupt) {
   for (const char* loop : {"(while T)", "(progn (defun f (n) (f n)) (while T (vl-catch-all-apply (quote f) (list 1))))",
                            "(while T (mapcar (quote 1+) (list 1 2 3)))"}) {

@@ -1,5 +1,5 @@
-// Files that are no drawings or are damaged: refused with the place of the first fault, or opened as far as they go.
-// Nothing that a file holds may end the program.
+// Files that aren't drawings or are damaged: refused with the place of the first fault, or recovered.
+// No contents of a file may end the program.
 #include <random>
 
 #include "atelier/dxf/versions/export.h"

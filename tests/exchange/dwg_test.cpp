@@ -1,5 +1,5 @@
-// Drawings that come through the converter: what is mended in its output, and what the program says when it isn't there.
-// The converter itself is stood in for by a script, so that no package of another house is needed.
+// Drawings from the converter: the repairs of its output, and the program's messages when it is missing.
+// A script replaces the converter, so that no foreign package is needed.
 #include <gtest/gtest.h>
 
 #include <filesystem>

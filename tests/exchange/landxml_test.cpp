@@ -157,7 +157,7 @@ TEST(LandXml, AGapInTheGroundIsCrossedStraightAndSaid) {
 
 TEST(LandXml, AProjectLineIsCutAtTheEndsOfTheProfile) {
   Exchange session;
-  // the end of the ground, 200, stands inside the second curve
+  // the end of the ground, 200, lies inside the second curve
   session.create(
       landXml(project("<PVI>80 49</PVI><ParaCurve length='40'>150 52.5</ParaCurve><CircCurve radius='500' "
                       "length='0'>205 49</CircCurve><PVI>260 52</PVI>")));

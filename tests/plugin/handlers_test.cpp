@@ -100,7 +100,7 @@ TEST_F(Handlers, TranslateCoordinates) {
   acutRelRb(to);
 }
 
-// A function without help, or a command's name that two rows claim, is a mistake in a table.
+// Every function must have a help line, and no two rows may have the same command name.
 TEST_F(Handlers, TablesAreWhole) {
   for (const auto* primitive : session.document().interpreter().primitives()) {
     EXPECT_FALSE(primitive->help.empty()) << primitive->name;
