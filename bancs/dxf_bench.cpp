@@ -33,7 +33,7 @@ namespace {
 
 enum class Work { open, list, save, change };
 
-// What stands on the layer of the drawing's first entity: every entity is asked for its layer, those on it for their place.
+// Lists the layer of the drawing's first entity: reads the layer of every entity, and the place of those on it.
 void listLayer(AcDbImpDatabase& database) {
   AcDbObjectId layer;
   double sum = 0;
@@ -65,7 +65,7 @@ void ours(const std::string& file, Work work) {
 }
 
 #ifdef KAVEL_HAS_DXFLIB
-// It stores nothing: what is measured is reading alone.
+// This library's reader stores nothing here: only reading is measured.
 void dxflib(const std::string& file) {
   DL_CreationAdapter nothing;
   DL_Dxf reader;
@@ -129,7 +129,7 @@ void run(Cost& cost) {
   cost.kilobytes = std::max(cost.kilobytes, usage.ru_maxrss);
 }
 
-// The works of a group take turns, so that a machine that slows down for a while slows all of them.
+// The works of a group take turns, so that a slow phase of the machine concerns all of them.
 void measure(std::vector<Cost>& group, int rounds) {
   for (int i = 0; i < rounds; ++i)
     for (Cost& cost : group) run(cost);

@@ -1,5 +1,5 @@
 // Curves of a project against many ground points, cut and joined; growth at a doubling, and OCCT called directly.
-// Each figure stands beside itself at half the size, or beside the library's own call.
+// Each figure is compared with half the size, or with the library's own call.
 #include <benchmark/benchmark.h>
 
 #include <GeomAPI_ExtremaCurveCurve.hxx>

@@ -73,7 +73,7 @@ void BM_CouperEnTroncons(benchmark::State& state) {
 }
 BENCHMARK(BM_CouperEnTroncons)->Arg(500'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
 
-// What any reader of both lines has to do: the area between them, and a copy of both.
+// The least work with both lines: the area between them, and a copy of both.
 void BM_PlainPass(benchmark::State& state) {
   const auto terrain = pieces(static_cast<int>(state.range(0)), ground),
              projet = pieces(static_cast<int>(state.range(0)), project);

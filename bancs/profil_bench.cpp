@@ -1,5 +1,5 @@
 // Reading a profile record, filling a table, and calls through AutoLISP; ratios beside the times.
-// Each figure stands beside a plain piece of the same work, or beside itself at half the size.
+// Each figure is compared with a plain piece of the same work, or with half the size.
 #include <benchmark/benchmark.h>
 
 #include <string>
@@ -18,7 +18,7 @@ AcDbObjectId profileId(atelier::Document& document) {
   return AcDbObjectId(reinterpret_cast<AcDbStub*>(document.interpreter().get("P").entity()));
 }
 
-// What any reader has to do: fetch the chain and walk it.
+// The least that any reader has to do: get the chain and walk it.
 void BM_WalkGroundChain(benchmark::State& state) {
   OpenDrawing document({});
   makeProfile(document, static_cast<int>(state.range(0)), 1.0, 10.0);

@@ -1,5 +1,5 @@
-// Selecting by place in drawings of 50,000, 100,000 and 200,000 entities: what a window or fence costs follows from what
-// it holds, not from the drawing. Each drawing is a square grid of short lines, one metre apart.
+// Selecting by place in drawings of 50,000, 100,000 and 200,000 entities: the time for a window or fence depends on the
+// entities found, not on the drawing's size. Each drawing is a square grid of short lines, one metre apart.
 #include <benchmark/benchmark.h>
 
 #include <cmath>
@@ -31,7 +31,7 @@ struct Grid {
   int side;
 };
 
-// Drawings are made once; the first question of each builds its index.
+// Drawings are made once; the first selection in each builds its index.
 Grid& grid(benchmark::State& state) {
   static std::map<std::int64_t, std::unique_ptr<Grid>> made;
   auto& one = made[state.range(0)];
@@ -65,7 +65,7 @@ void BM_pick(benchmark::State& state) {
   for (auto _ : state) expect(atelier::pickAt(g.document, g.at(0.25, 0.25)).isNull() ? 0 : 1, 1);
 }
 
-// One line moves before each question: the index follows without being built anew.
+// One line moves before each selection: the index is updated, not built again.
 void BM_windowAfterChange(benchmark::State& state) {
   Grid& g = grid(state);
   const AcDbObjectId id(g.document.database().currentSpaceId());

@@ -1,4 +1,4 @@
-// What the benchmarks of the module share: the module in a document, a profile, the main program.
+// Parts of the benchmarks of the module: the module in a document, a profile, the main program.
 #pragma once
 #include <benchmark/benchmark.h>
 

@@ -1,4 +1,4 @@
-# The libraries Kavel stands on, all of them packages of the distribution.
+# The libraries that Kavel uses, all of them packages of the distribution.
 find_package(PkgConfig REQUIRED)
 find_package(Boost 1.74 REQUIRED)
 pkg_check_modules(FREETYPE REQUIRED IMPORTED_TARGET freetype2)

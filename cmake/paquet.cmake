@@ -1,5 +1,5 @@
 # What cmake --install puts where, and the Debian package that cpack makes of it.
-# The programs find share/kavel/frontal from their own place, so that any prefix will do.
+# The programs find share/kavel/frontal from their own place, so that any prefix works.
 include(GNUInstallDirs)
 
 set(KAVEL_PARTAGE ${CMAKE_INSTALL_DATADIR}/kavel)
@@ -12,7 +12,7 @@ endif()
 install(PROGRAMS outils/lot DESTINATION ${CMAKE_INSTALL_BINDIR} RENAME kavel-lot)
 install(PROGRAMS outils/installer-dwg DESTINATION ${CMAKE_INSTALL_BINDIR} RENAME kavel-installer-dwg)
 install(DIRECTORY frontal/ DESTINATION ${KAVEL_PARTAGE}/frontal FILES_MATCHING PATTERN "*.lsp")
-# What a run of the examples left behind stays out.
+# Files that a run of the examples has written are not installed.
 install(DIRECTORY exemples DESTINATION ${KAVEL_PARTAGE} PATTERN "*.xlsx" EXCLUDE PATTERN "*.bak" EXCLUDE PATTERN "*.pdf" EXCLUDE)
 install(DIRECTORY outils/dwg DESTINATION ${KAVEL_PARTAGE} PATTERN node_modules EXCLUDE)
 install(FILES docs/guide.md docs/formats.md docs/fonctions.md docs/autolisp.md docs/etudes.md docs/glossaire.md docs/hote.md DESTINATION ${CMAKE_INSTALL_DOCDIR})

@@ -13,7 +13,7 @@ if(KAVEL_SANITIZE)
 endif()
 
 if(KAVEL_FUZZ)
-  # The libraries tell libFuzzer which ways a run has taken.
+  # The libraries are instrumented, so that libFuzzer sees which code a run has reached.
   target_compile_options(kavel_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 

@@ -3,7 +3,7 @@
 ;; attributes. An example of a program on a profile: (placer-regards (plv-profil-de-numero "1"))
 
 (defun placer-regards:attribut (point hauteur tag texte)
-  ;; Centred on the manhole: the rows write an attribute where it stands.
+  ;; Centred on the manhole: the rows write an attribute at its place.
   (entmake (list '(0 . "ATTRIB") '(8 . "PLV-PROFIL") (cons 10 point) (cons 11 point) (cons 40 hauteur) (cons 1 texte)
                  (cons 2 tag) '(70 . 0) '(72 . 1))))
 
@@ -13,7 +13,7 @@
         x (+ (car origine) (car p))
         y (plv-ordonnee (cadr p) plan (plgxd profil "ECHV") (cadr origine)))
   (entmake (list '(0 . "INSERT") '(8 . "PLV-PROFIL") '(66 . 1) '(2 . "REGARD") (cons 10 (plv-point x y))))
-  ;; Over the dimensions, which stand over the ground.
+  ;; Above the dimensions, which are above the ground.
   (placer-regards:attribut (plv-point x (+ y 20.0)) 1.8 "NUM" (substr (caddr p) 8))
   (placer-regards:attribut (plv-point x (+ y 17.5)) 1.4 "DN" "300")
   (entmake '((0 . "SEQEND") (8 . "PLV-PROFIL")))

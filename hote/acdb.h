@@ -1,12 +1,12 @@
-// The drawing by entity names and chains, as the AutoLISP side of the host sees it.
-// Functions answer RTNORM, or RTERROR when the thing can't be done.
+// Access to the drawing through entity names and result chains, as AutoLISP uses it.
+// Functions answer RTNORM, or RTERROR when the operation fails.
 #pragma once
 #include "hote/dbid.h"
 
 Acad::ErrorStatus acdbGetObjectId(AcDbObjectId& id, const ads_name name);
 Acad::ErrorStatus acdbGetAdsName(ads_name& name, AcDbObjectId id);
 int acdbHandEnt(const ACHAR* handle, ads_name entity);
-// The entity's groups, with the XDATA of the applications of the list (group 1001 nodes; "*" all), behind a node -3.
+// The entity's groups; after them a node -3 and the XDATA of the listed applications (group 1001 nodes; "*" for all).
 resbuf* acdbEntGetX(const ads_name entity, const resbuf* applications);
 resbuf* acdbEntGet(const ads_name entity);
 int acdbEntMod(const resbuf* entity);
@@ -14,10 +14,10 @@ int acdbEntDel(const ads_name entity);
 int acdbEntNext(const ads_name entity, ads_name result);
 int acdbEntLast(ads_name result);
 int acdbRegApp(const ACHAR* application);  // RTERROR when it is registered already
-// RTNORM for a name that a symbol table takes, 1 for one that it refuses.
+// RTNORM for a name that a symbol table accepts, 1 for one that it refuses.
 int acdbSNValid(const ACHAR* name, int pipeTest);
-// The crossing of two lines in plan, each given by two points: within both segments when onSegments is not 0. RTERROR
-// when there is none, and the result stays as it was.
+// The crossing of two lines in plan, each given by two points. With onSegments other than 0 it must lie on both
+// segments. RTERROR when there is none; the result is then unchanged.
 int acdbInters(const ads_point from1, const ads_point to1, const ads_point from2, const ads_point to2, int onSegments,
                ads_point result);
 // unit: -1 current, 1 scientific, 2 decimal, 3 engineering, 4 architectural, 5 fractional.

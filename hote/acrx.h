@@ -1,5 +1,5 @@
-// What the host says to an application, and what the application says of itself.
-// An application is one entry point that takes messages.
+// The messages that the host sends to an application, and what the application registers with the host.
+// An application has one entry point, which takes the messages.
 #pragma once
 #include "hote/rxobject.h"
 

@@ -1,5 +1,5 @@
 // AcString: the host's wide string. Comparison is exact unless a name ends in NoCase.
-// It is a thin value over std::wstring; a null pointer counts as the empty string.
+// It wraps a std::wstring; a null pointer counts as the empty string.
 #pragma once
 #include <cwctype>
 #include <string>
@@ -27,7 +27,7 @@ class AcString {
   }
   AcString& operator+=(const ACHAR* text) { return append(text); }
   int compare(const ACHAR* other) const { return mText.compare(other ? other : L""); }
-  // Negative, zero or positive, letters folded to lower case one by one.
+  // Negative, zero or positive; each letter is compared in lower case.
   int compareNoCase(const ACHAR* other) const {
     const ACHAR* a = mText.c_str();
     const ACHAR* b = other ? other : L"";

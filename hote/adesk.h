@@ -1,5 +1,5 @@
 // The host's basic types: numbers, characters, entity names, result chains and their codes.
-// Every other header of the street stands on this one.
+// Every other header of this folder includes it.
 #pragma once
 #include <cstddef>
 #include <cstdint>
@@ -91,7 +91,7 @@ inline constexpr int RSG_2D = 64;
 inline constexpr int RSG_OTHER = 128;
 
 namespace Acad {
-// The codes that this system meets; their numbers are the host's.
+// The codes used here; their numbers are the host's.
 enum ErrorStatus {
   eOk = 0,
   eNotImplementedYet = 1,

@@ -1,7 +1,6 @@
-// The host's automation, as far as menus go: the application, its menu groups, their pull-down menus and
-// items. The interfaces belong to the host and stay valid until the object that they stand for is removed.
-// Names compare as the host's menus do, without regard to case; operations answer false or null when they
-// can't be done.
+// The part of the host's automation that concerns menus: the application, its menu groups, their pull-down menus
+// and items. The interfaces belong to the host and stay valid until the object that they stand for is removed.
+// Names compare without regard to case; an operation that fails answers false or null.
 #pragma once
 #include "hote/acstring.h"
 
@@ -18,8 +17,8 @@ class IAcadPopupMenu {
   virtual AcString Name() const = 0;
   virtual Adesk::Int32 Count() const = 0;
   virtual IAcadPopupMenuItem* Item(Adesk::Int32 index) = 0;  // from 0
-  // The new item stands at the index, or last when the index is beyond the count. The macro is what the
-  // command line receives; a blank in it is an Enter.
+  // Inserts the item at the index, or at the end when the index is beyond the count. The macro is sent to the
+  // command line when the item is chosen; a blank in it is an Enter.
   virtual bool AddMenuItem(Adesk::Int32 index, const ACHAR* label, const ACHAR* macro) = 0;
   virtual bool AddSeparator(Adesk::Int32 index) = 0;
 
@@ -52,7 +51,7 @@ class IAcadMenuGroups {
  public:
   virtual Adesk::Int32 Count() const = 0;
   virtual IAcadMenuGroup* Item(Adesk::Int32 index) = 0;  // from 0
-  // Reads a menu file, whose line ***MENUGROUP=name names the group that it makes.
+  // Reads a menu file and makes a group, which its line ***MENUGROUP=name names. Null for a file that can't be read.
   virtual IAcadMenuGroup* Load(const ACHAR* path, Adesk::Int32 baseMenu) = 0;
 
  protected:

@@ -12,7 +12,7 @@ namespace dialogues {
 
 class Dialog;
 
-// Where a control stands in the grid of its frame; controls that take turns share a place.
+// A control's cell in the grid of its frame; controls of which one at a time is shown share a cell.
 struct Place {
   int row = 0, column = 0, rows = 1, columns = 1;
 };
@@ -84,13 +84,13 @@ enum class Alignment { left, centred, right };
 
 struct Column {
   std::wstring title;
-  double width = 1;  // a part of the list's width
+  double width = 1;  // in proportion to the other columns
   Alignment alignment = Alignment::left;
 };
 
 struct Row {
   std::vector<std::wstring> cells;
-  int data = 0;  // the item data
+  int data = 0;  // the host's "item data": a number of the caller's
 };
 
 // Whole rows are selected, in ascending order.
@@ -111,7 +111,7 @@ class List : public Control {
     std::move(rows.begin(), rows.end(), std::back_inserter(rows_));
     touched();
   }
-  // Indexes outside the list are ignored; a list for one row takes the last index.
+  // Indexes outside the list are ignored; a list that allows one row takes the last index given.
   void userSelect(std::vector<int> rows) {
     std::erase_if(rows, [this](int row) { return row < 0 || row >= static_cast<int>(rows_.size()); });
     if (!multiple_ && rows.size() > 1) rows = {rows.back()};
@@ -120,7 +120,7 @@ class List : public Control {
     set(selection_, std::move(rows));
     fire(onSelect);
   }
-  // The background of this column's cells is the palette colour that is their row's item data.
+  // When set: each cell of this column has the palette colour whose number is its row's item data as background.
   std::optional<int> colourColumn;
   std::function<void()> onSelect;
 

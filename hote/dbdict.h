@@ -10,8 +10,8 @@ class AcDbDictionary : public AcDbObject {
   bool has(const ACHAR* key) const;
   Acad::ErrorStatus getAt(const ACHAR* key, AcDbObjectId& id) const;  // eKeyNotFound
   Acad::ErrorStatus getAt(const ACHAR* key, AcDbObject*& object, AcDb::OpenMode mode) const;
-  // Sets a new object under the key; what stood there is erased. "*" makes a name of its own ("*A1"). The object
-  // becomes a member of the drawing and stays open for its maker to close.
+  // Stores a new object under the key; the object that was there is erased. The key "*" is replaced by a free name
+  // ("*A1"). The object becomes part of the drawing and stays open; the caller closes it.
   Acad::ErrorStatus setAt(const ACHAR* key, AcDbObject* object, AcDbObjectId& id);
   Acad::ErrorStatus remove(const ACHAR* key);  // the object is erased when the dictionary owns it
   Acad::ErrorStatus remove(AcDbObjectId id);
@@ -26,10 +26,10 @@ class AcDbXrecord : public AcDbObject {
  public:
   ACRX_DECLARE_MEMBERS(AcDbXrecord)
   AcDbXrecord();
-  // A copy of the chain that the caller releases. Handles come as entity names.
+  // A copy of the chain, which the caller releases. Handles are given as entity names.
   Acad::ErrorStatus rbChain(resbuf** chain, AcDbDatabase* database = nullptr) const;
   Acad::ErrorStatus setFromRbChain(const resbuf& chain, AcDbDatabase* database = nullptr);
-  // Empties the record; the way to store a chain without items.
+  // Empties the record. This is how a chain without items is stored.
   Acad::ErrorStatus clear();
   bool isXlateReferences() const;
   Acad::ErrorStatus setXlateReferences(bool translate);

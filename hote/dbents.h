@@ -1,5 +1,5 @@
-// The entity classes. Points and vectors are in world coordinates where the class says nothing else; heights,
-// radii and lengths in drawing units, angles in radians. Setters answer eNotOpenForWrite on a reader's object.
+// The entity classes. Points and vectors are in world coordinates unless the class says otherwise; heights, radii
+// and lengths in drawing units, angles in radians. Setters answer eNotOpenForWrite for an object open for reading.
 #pragma once
 #include <memory>
 
@@ -7,11 +7,11 @@
 
 class AcDbSpline;
 
-// A curve's parameter is its own: on a line the length from its start, on arcs and ellipses an angle, on polylines the
-// index of a vertex and the fraction towards the next, on splines the knots' range. Every operation answers
-// eInvalidInput for a parameter, distance or point that is not on the curve, eDegenerateGeometry for a curve without
-// geometry (one vertex, no length, data that are no numbers), and leaves its results as they were. Rays and
-// construction lines have a start at most, and measure from their base point.
+// What a curve's parameter means depends on its class: on a line the length from its start, on arcs and ellipses an
+// angle, on polylines the index of a vertex plus the fraction of the way to the next, on splines a knot value. Every
+// operation answers eInvalidInput for a parameter, distance or point that is not on the curve, eDegenerateGeometry for
+// a curve without geometry (one vertex, no length, values that aren't finite); its results are then unchanged. Rays
+// have a start but no end, construction lines neither; both measure from their base point.
 class AcDbCurve : public AcDbEntity {
  public:
   ACRX_DECLARE_MEMBERS(AcDbCurve)
@@ -21,7 +21,7 @@ class AcDbCurve : public AcDbEntity {
   virtual Acad::ErrorStatus getStartPoint(AcGePoint3d& point) const;
   virtual Acad::ErrorStatus getEndPoint(AcGePoint3d& point) const;
   virtual Acad::ErrorStatus getPointAtParam(double param, AcGePoint3d& point) const;
-  // The point lies within 1e-7 units of the curve.
+  // The point must lie within 1e-7 drawing units of the curve.
   virtual Acad::ErrorStatus getParamAtPoint(const AcGePoint3d& point, double& param) const;
   // Distances run along the curve, in drawing units, from its start.
   virtual Acad::ErrorStatus getDistAtParam(double param, double& distance) const;
@@ -31,14 +31,14 @@ class AcDbCurve : public AcDbEntity {
   virtual Acad::ErrorStatus getFirstDeriv(double param, AcGeVector3d& derivative) const;
   virtual Acad::ErrorStatus getClosestPointTo(const AcGePoint3d& point, AcGePoint3d& onCurve,
                                               bool extend = false) const;
-  // Of the region inside, closed by a chord where the curve is open. eNotApplicable on straight entities,
-  // eInvalidInput for a curve in no plane.
+  // The area enclosed, in square drawing units; an open curve is closed by a chord. eNotApplicable for straight
+  // entities, eInvalidInput for a curve that doesn't lie in a plane.
   virtual Acad::ErrorStatus getArea(double& area) const;
   // A new spline of the same shape, with this curve's properties; the caller owns it.
   virtual Acad::ErrorStatus getSpline(AcDbSpline*& spline) const;
-  // Appends the new curves into which these parameters or points cut this one, in its order; the caller owns them.
-  // They have its properties; a closed curve is cut at its start, too, unless it is a circle or an ellipse. Parameters
-  // count once, in any order; eInvalidInput, and no curves, when none is left inside.
+  // Cuts at these parameters or points and appends the pieces, from this curve's start to its end; the caller owns
+  // them. They have this curve's properties. A closed curve other than a circle or an ellipse is also cut at its start.
+  // Parameters may come in any order and more than once; eInvalidInput, without pieces, when none lies inside.
   virtual Acad::ErrorStatus getSplitCurves(const AcGeDoubleArray& params, AcArray<AcDbCurve*>& curves) const;
   virtual Acad::ErrorStatus getSplitCurves(const AcGePoint3dArray& points, AcArray<AcDbCurve*>& curves) const;
   virtual Acad::ErrorStatus reverseCurve();
@@ -150,7 +150,7 @@ class AcDbSpline : public AcDbCurve {
  public:
   ACRX_DECLARE_MEMBERS(AcDbSpline)
   AcDbSpline();
-  // Counts that do not fit each other make a spline that isNull. A rational one has a weight for each point.
+  // The spline isNull when the numbers of points, knots and weights don't match. A rational one has a weight per point.
   AcDbSpline(int degree, bool rational, bool closed, bool periodic, const AcGePoint3dArray& controlPoints,
              const AcGeDoubleArray& knots, const AcGeDoubleArray& weights, double controlPointTolerance = 0,
              double knotTolerance = 0);
@@ -158,7 +158,7 @@ class AcDbSpline : public AcDbCurve {
   explicit AcDbSpline(const AcGePoint3dArray& fitPoints, int order = 4, double fitTolerance = 0);
   AcDbSpline(const AcGePoint3dArray& fitPoints, const AcGeVector3d& startTangent, const AcGeVector3d& endTangent,
              int order = 4, double fitTolerance = 0);
-  bool isNull() const;  // its data make no curve
+  bool isNull() const;  // its data don't describe a curve
   int degree() const;
   int numControlPoints() const;
   int numFitPoints() const;
@@ -204,7 +204,7 @@ class AcDbText : public AcDbEntity {
   AcGeVector3d normal() const;
   bool isDefaultAlignment() const;
   Acad::ErrorStatus setPosition(const AcGePoint3d& point);
-  // For a text that isn't left aligned on its base line this also moves the position to match.
+  // For a text that isn't left aligned on its base line this also moves the position accordingly.
   Acad::ErrorStatus setAlignmentPoint(const AcGePoint3d& point);
   Acad::ErrorStatus setTextString(const ACHAR* text);
   Acad::ErrorStatus setHeight(double height);
@@ -250,7 +250,7 @@ class AcDbAttribute : public AcDbText {
   Acad::ErrorStatus setTag(const ACHAR* tag);
   Acad::ErrorStatus setFieldLength(int length);
   Acad::ErrorStatus setInvisible(bool invisible);
-  // Text, style, height, place and alignment of the definition, carried over by the block's transform.
+  // Takes text, style, height, place and alignment from the definition, transformed as the block reference is.
   Acad::ErrorStatus setAttributeFromBlock(const AcDbAttributeDefinition* definition,
                                           const AcGeMatrix3d& blockTransform);
 };
@@ -306,7 +306,7 @@ class AcDbBlockReference : public AcDbEntity {
   Acad::ErrorStatus setPosition(const AcGePoint3d& position);
   Acad::ErrorStatus setScaleFactors(const AcGeScale3d& scale);
   Acad::ErrorStatus setRotation(double rotation);
-  // The reference must be in the drawing. The attribute stays open for the caller to close.
+  // The reference must be in the drawing. The attribute stays open; the caller closes it.
   Acad::ErrorStatus appendAttribute(AcDbObjectId& id, AcDbAttribute* attribute);
   Acad::ErrorStatus appendAttribute(AcDbAttribute* attribute);
   Acad::ErrorStatus openAttribute(AcDbAttribute*& attribute, AcDbObjectId id, AcDb::OpenMode mode,
@@ -354,7 +354,7 @@ class AcDbRegion : public AcDbEntity {
   virtual Acad::ErrorStatus getArea(double& area) const;  // eNotApplicable when its data can't be read
 };
 
-// A hatch lies in the plane of its normal, at its elevation; loops are in the axes of that plane.
+// A hatch lies in a plane given by its normal and elevation; its loops are in the axes of that plane.
 class AcDbHatch : public AcDbEntity {
  public:
   ACRX_DECLARE_MEMBERS(AcDbHatch)
@@ -369,11 +369,11 @@ class AcDbHatch : public AcDbEntity {
   Acad::ErrorStatus setNormal(const AcGeVector3d& normal);
   Acad::ErrorStatus setElevation(double elevation);
   Acad::ErrorStatus setAssociative(bool associative);
-  // Patterns other than "SOLID" need lines that this host doesn't keep: eInvalidInput.
+  // eInvalidInput for patterns other than "SOLID": they need line definitions, which this host doesn't keep.
   Acad::ErrorStatus setPattern(HatchPatternType type, const ACHAR* name);
   Acad::ErrorStatus setHatchStyle(HatchStyle style);
-  // A closed loop of straight and arc edges, a bulge for each vertex; the points are kept as they are given, a last one
-  // equal to the first included. eInvalidInput for fewer than two points, or another number of bulges.
+  // A closed loop of straight and arc edges, with a bulge for each vertex. The points are kept as given, even a last
+  // one equal to the first. eInvalidInput for fewer than two points, or when there isn't one bulge per point.
   Acad::ErrorStatus appendLoop(Adesk::Int32 type, const AcGePoint2dArray& vertices, const AcGeDoubleArray& bulges);
   // eInvalidInput for a hatch without loops.
   Acad::ErrorStatus evaluateHatch(bool underestimateNumLines = false);

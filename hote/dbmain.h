@@ -12,7 +12,7 @@ class AcDbDictionary;
 class AcDbIdMapping;
 
 namespace AcDb {
-// What comes from files is of a fixed type, which holds any value: a weight is named or in hundredths of a millimetre.
+// A weight is one of these names or hundredths of a millimetre; a fixed underlying type holds any value of a file.
 enum OpenMode { kForRead = 0, kForWrite = 1, kForNotify = 2 };
 enum TextHorzMode : int { kTextLeft = 0, kTextCenter = 1, kTextRight = 2, kTextAlign = 3, kTextMid = 4, kTextFit = 5 };
 enum TextVertMode : int { kTextBase = 0, kTextBottom = 1, kTextVertMid = 2, kTextTop = 3 };
@@ -66,7 +66,7 @@ class AcCmColor {
   Adesk::UInt16 mIndex = 256;
 };
 
-// How clear an entity is, as an alpha of 0 (clear) to 255 (opaque).
+// An entity's transparency as an alpha, from 0 (clear) to 255 (opaque).
 class AcCmTransparency {
  public:
   explicit AcCmTransparency(Adesk::UInt8 alpha = 255) : mAlpha(alpha) {}
@@ -88,11 +88,11 @@ class AcDbObject : public AcRxObject {
   void getAcDbHandle(AcDbHandle& handle) const;
   AcDbDatabase* database() const;
 
-  // Ends one opening. For an object that is in no database: eNotOpenForRead, and nothing happens.
+  // Ends one opening. Answers eNotOpenForRead and does nothing for an object that is in no database.
   Acad::ErrorStatus close();
   Acad::ErrorStatus erase(bool erasing = true);
-  // Puts newObject in this object's place: it takes over id, handle, owner, and on demand XDATA and extension
-  // dictionary. This object then belongs to the caller, in no database: the answer is eObjectToBeDeleted.
+  // Puts newObject in this object's place: it takes over id, handle, owner and, if asked, XDATA and extension
+  // dictionary. This object then is in no database and belongs to the caller: the answer is eObjectToBeDeleted.
   Acad::ErrorStatus handOverTo(AcDbObject* newObject, bool keepXData = true, bool keepExtDict = true);
   Acad::ErrorStatus upgradeOpen();
   Acad::ErrorStatus downgradeOpen();
@@ -102,10 +102,11 @@ class AcDbObject : public AcRxObject {
   bool isWriteEnabled() const;
   bool isNewObject() const;
 
-  // The chain of one application's data, or of all with a null name; the first node is the group 1001. The caller
-  // releases it. Null when there is none.
+  // The chain of one application's data, or of all applications for a null name; its first node is a group 1001. The
+  // caller releases it. Null when there is none.
   virtual resbuf* xData(const ACHAR* application = nullptr) const;
-  // Replaces the data of every application that the chain names; a lone 1001 removes them. The chain is copied.
+  // Replaces the data of every application that the chain names; a 1001 followed by nothing removes that application's.
+  // The chain is copied.
   // eRegappIdNotFound when an application is not registered, eInvalidDxfCode for a group that XDATA can't hold.
   virtual Acad::ErrorStatus setXData(const resbuf* chain);
 
@@ -116,7 +117,7 @@ class AcDbObject : public AcRxObject {
   Acad::ErrorStatus removePersistentReactor(AcDbObjectId reactor);
   bool hasPersistentReactor(AcDbObjectId reactor) const;
 
-  // A copy in no database.
+  // A copy that is in no database; the caller owns it.
   virtual AcRxObject* clone() const;
 
   AcDbImpObject* impObject() const { return mpImpObject; }
@@ -158,20 +159,20 @@ class AcDbEntity : public AcDbObject {
   Acad::ErrorStatus setPropertiesFrom(const AcDbEntity* source, bool doSubents = true);
   void setDatabaseDefaults(AcDbDatabase* database = nullptr);
 
-  // World coordinates. eInvalidExtents, with the extents as they were, for an entity without geometry of its own, and for one whose
-  // coordinates are no numbers.
+  // In world coordinates. eInvalidExtents, with the extents as they were, for an entity without geometry and for one whose
+  // coordinates aren't finite.
   Acad::ErrorStatus getGeomExtents(AcDbExtents& extents) const;
   // What a class says of its geometry; asked through getGeomExtents.
   virtual Acad::ErrorStatus subGetGeomExtents(AcDbExtents& extents) const;
   virtual Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix);
-  // Appends the points where the two meet, in the order of this one. In space, or, with a plane, where they meet in
-  // the projection along its normal: the points are then those of this entity. eNotApplicable unless both are curves.
+  // Appends the points where the two meet, ordered along this one. With a plane both are projected along its normal,
+  // and the points given are those of this entity. eNotApplicable unless both are curves.
   virtual Acad::ErrorStatus intersectWith(const AcDbEntity* entity, AcDb::Intersect mode, AcGePoint3dArray& points,
                                           Adesk::GsMarker thisMarker = 0, Adesk::GsMarker otherMarker = 0) const;
   virtual Acad::ErrorStatus intersectWith(const AcDbEntity* entity, AcDb::Intersect mode, const AcGePlane& plane,
                                           AcGePoint3dArray& points, Adesk::GsMarker thisMarker = 0,
                                           Adesk::GsMarker otherMarker = 0) const;
-  // Appends new entities that the caller owns. eNotApplicable for what can't be taken apart.
+  // Appends new entities, which the caller owns. eNotApplicable for an entity that can't be exploded.
   virtual Acad::ErrorStatus explode(AcArray<AcRxObject*>& parts) const;
   Acad::ErrorStatus highlight() const;
   Acad::ErrorStatus unhighlight() const;
@@ -180,15 +181,15 @@ class AcDbEntity : public AcDbObject {
   AcDbEntity() = default;
 };
 
-// Opening. Every opening that answers eOk must be closed once. Several readers or one writer; eWasOpenForWrite,
-// eWasOpenForRead tell what stands in the way, eWasErased that the object is erased (unless asked for).
+// Every opening that answers eOk must be closed once. An object has several readers or one writer: eWasOpenForWrite
+// and eWasOpenForRead say why it can't be opened; eWasErased that it is erased, unless openErased is true.
 Acad::ErrorStatus acdbOpenObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode, bool openErased = false);
 Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode,
                                      bool openErased = false);
 Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode,
                                      bool openErased = false);
 
-// eNotThatKindOfClass when the object is of another class; nothing stays open then.
+// eNotThatKindOfClass when the object is of another class; it is then closed again.
 template <class T>
 Acad::ErrorStatus acdbOpenObject(T*& object, AcDbObjectId id, AcDb::OpenMode mode = AcDb::kForRead,
                                  bool openErased = false) {
@@ -236,7 +237,7 @@ class AcDbObjectPointer {
 };
 using AcDbEntityPointer = AcDbObjectPointer<AcDbEntity>;
 
-// Source to copy, filled by a deep clone.
+// Pairs of a source id and the id of its copy, filled by a deep clone.
 class AcDbIdMapping {
  public:
   AcDbIdMapping();
@@ -256,7 +257,7 @@ class AcDbImpDatabase;
 class AcDbDatabase : public AcRxObject {
  public:
   ACRX_DECLARE_MEMBERS(AcDbDatabase)
-  // With default objects: the tables, layouts and styles of a new drawing; without, ready for readDwgFile.
+  // With buildDefaultDrawing it has the tables, layouts and styles of a new drawing; without, it awaits readDwgFile.
   explicit AcDbDatabase(bool buildDefaultDrawing = true, bool noDocument = false);
   ~AcDbDatabase() override;
 
@@ -285,16 +286,16 @@ class AcDbDatabase : public AcRxObject {
   Acad::ErrorStatus getNamedObjectsDictionary(AcDbDictionary*& dictionary, AcDb::OpenMode mode = AcDb::kForRead);
   Acad::ErrorStatus getGroupDictionary(AcDbDictionary*& dictionary, AcDb::OpenMode mode = AcDb::kForRead);
 
-  // The id of a handle of this drawing. eUnknownHandle when it has none.
+  // The id of the object with this handle. eUnknownHandle when there is none.
   Acad::ErrorStatus getAcDbObjectId(AcDbObjectId& id, bool createIfNotFound, const AcDbHandle& handle,
                                     Adesk::UInt32 reserved = 0);
-  // Copies the objects, with what they own, under the new owner, and translates the references among them.
+  // Copies the objects and what they own to the new owner; references among them then point to the copies.
   Acad::ErrorStatus deepCloneObjects(const AcDbObjectIdArray& objects, AcDbObjectId owner, AcDbIdMapping& mapping,
                                      bool deferTranslation = false);
-  // Reads a drawing file. eFileNotFound, eFilerError.
+  // Reads a drawing file. eFileNotFound, or eFilerError for a file that isn't a sound drawing.
   Acad::ErrorStatus readDwgFile(const ACHAR* path, int shareMode = 32, bool allowCPConversion = false,
                                 const ACHAR* password = nullptr);
-  // Brings the model space of another database in as a block of that name.
+  // Makes a block of that name from the model space of another database.
   Acad::ErrorStatus insert(AcDbObjectId& blockId, const ACHAR* blockName, AcDbDatabase* source, bool preserve = true);
 
   AcDbImpDatabase* impDatabase() const { return mpImp; }

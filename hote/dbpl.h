@@ -30,11 +30,11 @@ class AcDbPolyline : public AcDbCurve {
   Acad::ErrorStatus getConstantWidth(double& width) const;
   Acad::ErrorStatus setConstantWidth(double width);
   Acad::ErrorStatus setNormal(const AcGeVector3d& normal);
-  // Takes the vertices, plane and properties of a simple or curve-fit polyline. eNotApplicable for another entity or
-  // type; taking over the source's place in the drawing, too, is not offered: eNotImplementedYet.
+  // Takes the vertices, plane and properties of a simple or curve-fit polyline. eNotApplicable for any other entity or
+  // type. eNotImplementedYet with transferId: taking the source's place in the drawing is not offered.
   Acad::ErrorStatus convertFrom(AcDbEntity*& source, bool transferId = true);
-  // Appends a line, an arc or a polyline of the same plane that begins or ends at an end of this one, turned round
-  // where that is needed. eInvalidInput for a curve that does not touch, eNotApplicable for another class.
+  // Appends a line, an arc or a polyline of the same plane that begins or ends at an end of this one; it is reversed
+  // when needed. eInvalidInput for a curve that doesn't touch, eNotApplicable for another class.
   Acad::ErrorStatus joinWith(const AcDbEntity* other, double tolerance = 1e-8);
   Acad::ErrorStatus getStartPoint(AcGePoint3d& point) const override;
   Acad::ErrorStatus getEndPoint(AcGePoint3d& point) const override;
@@ -57,7 +57,7 @@ class AcDbVertex : public AcDbEntity {
   Acad::ErrorStatus transformBy(const AcGeMatrix3d& matrix) override;
 };
 
-// One class serves the vertices of both kinds.
+// One class serves for the vertices of both kinds.
 using AcDb2dVertex = AcDbVertex;
 using AcDb3dPolylineVertex = AcDbVertex;
 

@@ -1,5 +1,5 @@
 // Dialogs as models without a toolkit, and the functions that show them.
-// The module fills a model and runs it; whoever presents it reads the controls, and changes them as a user would.
+// The module fills a model and runs it; a presenter reads its controls and changes them as a user would.
 #pragma once
 #include <limits>
 
@@ -9,7 +9,7 @@ namespace dialogues {
 
 inline constexpr int kOk = 1, kCancel = 2;
 
-// A dialog's controls are members of the class that derives from it, or live at least as long.
+// A dialog's controls are usually members of the derived class; they must live as long as the dialog.
 class Dialog {
  public:
   explicit Dialog(std::wstring title, int width = 400, int height = 300)
@@ -21,7 +21,7 @@ class Dialog {
   const std::wstring& title() const { return title_; }
   int width() const { return width_; }  // pixels at 96 to the inch, a hint
   int height() const { return height_; }
-  const std::vector<Control*>& controls() const { return controls_; }  // in the order of the tabulator
+  const std::vector<Control*>& controls() const { return controls_; }  // in the order of the Tab key
   void add(Control& control, Place place, std::wstring frame = {}) {
     control.place_ = place;
     control.frame_ = std::move(frame);
@@ -36,8 +36,8 @@ class Dialog {
     result_ = result;
     fire(onEnd);
   }
-  std::optional<int> result() const { return result_; }  // nothing while it runs
-  // While hidden, a modal dialog gives the host back to the user, who answers prompts there.
+  std::optional<int> result() const { return result_; }  // empty while it runs
+  // While a modal dialog is hidden, the user can work in the host and answer prompts there.
   void setShown(bool shown) {
     shown_ = shown;
     fire(onShown);
@@ -48,7 +48,7 @@ class Dialog {
     shown_ = true;
   }
 
-  // What the presenter hears while it runs the dialog; it takes its functions away before it returns.
+  // Calls to the presenter while it runs the dialog; it clears them before it returns.
   std::function<void(Control&)> onTouched;
   std::function<void()> onShown, onEnd;
 
@@ -63,11 +63,11 @@ class Dialog {
   bool shown_ = true;
 };
 
-// Shows the dialog until it ends; gives its result, kCancel when nobody can answer.
+// Shows the dialog until it ends and gives its result; kCancel when there is nobody to answer.
 int runDialog(Dialog& dialog);
 
-// The number in an edit. When there is none, or one outside the limits, the framework tells the user so and the result
-// is false, with value as it was: an OK button then doesn't close.
+// Reads the number in an edit. When there is none, or it is outside the limits, the framework tells the user, value is
+// unchanged and the result is false: an OK button then doesn't close the dialog.
 bool readNumber(Edit& edit, double& value, double least = -std::numeric_limits<double>::max(),
                 double most = std::numeric_limits<double>::max());
 
@@ -79,7 +79,7 @@ struct FileRequest {
   bool overwritePrompt = false;  // saving asks before a file is replaced
   bool pathMustExist = false;
 };
-// A path, or nothing for a cancel.
+// The chosen path, or nothing when the user cancels.
 std::optional<std::wstring> chooseFile(const FileRequest& request);
 
 enum class Icon { none, information, question, warning, error };

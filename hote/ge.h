@@ -1,5 +1,5 @@
 // Points, vectors, scales and matrices of the host's geometry library. Angles are in radians.
-// Values only; what needs more than a line is defined by the host.
+// They are plain values; functions longer than a line are defined by the host.
 #pragma once
 #include <cmath>
 
@@ -145,7 +145,7 @@ class AcGeMatrix3d {
   AcGeMatrix3d& setToTranslation(const AcGeVector3d& vector);
   AcGeMatrix3d& setToRotation(double angle, const AcGeVector3d& axis, const AcGePoint3d& centre = AcGePoint3d::kOrigin);
   AcGeMatrix3d& setToScaling(double scale, const AcGePoint3d& centre = AcGePoint3d::kOrigin);
-  // From the plane of an entity's coordinates (arbitrary axis algorithm of the DXF reference) to the world.
+  // From an entity's own coordinates (arbitrary axis algorithm of the DXF reference) to world coordinates.
   AcGeMatrix3d& setToPlaneToWorld(const AcGeVector3d& normal);
   AcGeMatrix3d& setToWorldToPlane(const AcGeVector3d& normal);
   static AcGeMatrix3d translation(const AcGeVector3d& vector) { return AcGeMatrix3d().setToTranslation(vector); }
@@ -167,7 +167,7 @@ using AcGePoint3dArray = AcArray<AcGePoint3d>;
 using AcGeVector3dArray = AcArray<AcGeVector3d>;
 using AcGeDoubleArray = AcArray<double>;
 
-// The circle through three points, or from a centre, as the cell writers need it.
+// A circular arc through three points, or a circle from a centre.
 class AcGeCircArc2d {
  public:
   AcGeCircArc2d() = default;

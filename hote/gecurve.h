@@ -1,9 +1,9 @@
 // Planes, lines and B-spline curves of the host's geometry library.
-// They stand outside the drawing: what makes no curve is empty and says so by its counts and answers.
+// They are not part of a drawing. From data that make no curve an empty one results: counts of 0, answers of false.
 #pragma once
 #include "hote/ge.h"
 
-// A plane by a point of it and its normal; its axes follow the arbitrary axis algorithm of the DXF reference.
+// A plane through a point, with a normal; its axes follow the arbitrary axis algorithm of the DXF reference.
 class AcGePlane {
  public:
   static const AcGePlane kXYPlane;
@@ -18,14 +18,14 @@ class AcGePlane {
   AcGeVector3d mNormal{0, 0, 1};
 };
 
-// The straight line through two points, without ends.
+// The infinite straight line through two points.
 class AcGeLine2d {
  public:
   AcGeLine2d() = default;
   AcGeLine2d(const AcGePoint2d& point1, const AcGePoint2d& point2) : mPoint(point1), mDirection(point2 - point1) {}
   AcGePoint2d pointOnLine() const { return mPoint; }
   AcGeVector2d direction() const { return mDirection; }
-  // False for parallel lines, and for one through two equal points.
+  // False for parallel lines, or when a line's two points are equal.
   bool intersectWith(const AcGeLine2d& line, AcGePoint2d& intersection, const AcGeTol& tol = AcGeContext::gTol) const;
 
  private:
@@ -58,13 +58,14 @@ class AcGeCurve3d {
   virtual double endParam() const = 0;
   virtual AcGePoint3d evalPoint(double param) const = 0;
   virtual double length(double fromParam, double toParam) const = 0;
-  // Points along the curve and their parameters, no chord farther than approxEps from it; the arrays are filled anew.
+  // Points along the curve and their parameters, such that no chord is farther than approxEps from the curve. The
+  // arrays are emptied first.
   virtual void getSamplePoints(double fromParam, double toParam, double approxEps, AcGePoint3dArray& points,
                                AcGeDoubleArray& params) const = 0;
   // That many points at even steps of the parameter.
   virtual void getSamplePoints(int numSample, AcGePoint3dArray& points) const = 0;
-  // The plane goes through the curve's first point, with its normal upwards, or as near to that as a straight curve
-  // allows. False, and the plane as it was, for a curve in no plane or without length.
+  // Finds the plane in which the curve lies, through its first point, with the normal upwards (for a straight curve as
+  // near to that as possible). False, with plane unchanged, for a curve without a plane or without length.
   virtual bool isPlanar(AcGePlane& plane, const AcGeTol& tol = AcGeContext::gTol) const = 0;
 };
 
@@ -84,7 +85,7 @@ class AcGeNurbCurve3d : public AcGeCurve3d {
   // Weights are empty for a curve that is not rational.
   void getDefinitionData(int& degree, bool& rational, bool& periodic, AcGeKnotVector& knots,
                          AcGePoint3dArray& controlPoints, AcGeDoubleArray& weights) const;
-  // Appends a curve that begins where this one ends. Curves that make none leave this one as it is.
+  // Appends a curve that begins where this one ends. When that isn't possible this curve is unchanged.
   AcGeNurbCurve3d& joinWith(const AcGeNurbCurve3d& curve);
   AcGeNurbCurve3d& hardTrimByParams(double fromParam, double toParam);
   AcGeNurbCurve3d& reverseParam();

@@ -15,7 +15,7 @@ class CArray {
   std::ptrdiff_t GetSize() const { return static_cast<std::ptrdiff_t>(mItems.size()); }
   std::ptrdiff_t GetCount() const { return GetSize(); }
   bool IsEmpty() const { return mItems.empty(); }
-  // The growth length only tunes memory; a size of 0 releases it.
+  // growBy only affects how memory is reserved; a size of 0 releases the memory.
   void SetSize(std::ptrdiff_t size, std::ptrdiff_t growBy = -1) {
     if (size < 0) throw CInvalidArgException();
     mItems.resize(static_cast<std::size_t>(size));

@@ -1,5 +1,5 @@
-// The few calls of the platform that the module makes, under the platform's names.
-// The embedded host answers them from the environment; its README says how.
+// The few platform calls that the module makes, under the platform's names.
+// The embedded host answers them from environment variables.
 #pragma once
 #include "hote/adesk.h"
 
@@ -8,12 +8,12 @@ inline constexpr HKEY HKEY_LOCAL_MACHINE = 0x80000002u;
 inline constexpr HKEY HKEY_CURRENT_USER = 0x80000001u;
 inline constexpr long ERROR_SUCCESS = 0;
 
-// The string value of a key. size: capacity of text in bytes on entry, bytes written with the closing zero on return.
-// Anything but ERROR_SUCCESS: there is no such value, or the buffer is too small.
+// Reads the string value of a key. size: on entry the capacity of text in bytes, on return the bytes written, closing
+// zero included. Any answer but ERROR_SUCCESS: there is no such value, or the buffer is too small.
 long RegGetStringW(HKEY root, const wchar_t* key, const wchar_t* value, wchar_t* text, unsigned long* size);
 
-// A module of the process. One that is already loaded is found by its file name, in any case; null for any other name:
-// nothing is loaded by this call.
+// Finds a module that the process has loaded by its file name, without regard to case. Null for any other name: this
+// call loads nothing.
 using HMODULE = void*;
 HMODULE GetModuleHandleW(const wchar_t* fileName);
 // The address of a function that a module exports, to be cast to the function's own type; null when it has none.

@@ -1,4 +1,4 @@
-// Each plug-in by its entry; messages reach them in this order.
+// The plug-ins' entry points; they get messages in this order.
 #include "programs/applications.h"
 
 #include "atelier/plugin/published.h"

@@ -3,7 +3,7 @@
 
 namespace kavel {
 
-// Makes both known to the host; every drawing opened afterwards has their functions. Once a program.
+// Registers both with the host; every drawing opened afterwards has their functions. Called once at the program's start.
 void registerApplications();
 
 }  // namespace kavel

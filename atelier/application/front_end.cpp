@@ -1,4 +1,4 @@
-// Finding the front-end from the place of the program.
+// Finds the front-end from the place of the program.
 // Its folder is on the search path of `load` and `findfile`, so that its files find each other.
 #include "atelier/application/front_end.h"
 
@@ -23,7 +23,7 @@ std::string frontalFolder() {
   if (const char* given = std::getenv("KAVEL_FRONTAL")) places.emplace_back(given);
   const fs::path program = fs::read_symlink("/proc/self/exe", error).parent_path();
   places.push_back(program / ".." / "share" / "kavel" / "frontal");
-  // build/<preset>/bin: the tree that the program was built from.
+  // The program is in build/<preset>/bin of the source tree.
   places.push_back(program / ".." / ".." / ".." / "frontal");
   for (const fs::path& place : places)
     if (fs::exists(place / kMain, error)) return fs::weakly_canonical(place, error).string();
@@ -38,7 +38,7 @@ bool loadFrontal(Document& document) {
     return false;
   }
   document.addSupport(folder);
-  // Templates and definitions that commands propose.
+  // The folder of templates and definitions that commands propose.
   const fs::path examples = fs::path(folder).parent_path() / "exemples";
   if (std::error_code error; fs::is_directory(examples, error)) document.addSupport(examples.string());
   return document.load((fs::path(folder) / kMain).string());

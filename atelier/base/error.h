@@ -1,5 +1,5 @@
-// The one exception family of the embedded host: a bad file or a bad user.
-// what() is a French sentence for the user; the fields say where to look.
+// The one exception family of the embedded host, for faults of files and of input.
+// what() is a French sentence for the user that says where to look and what was expected.
 #pragma once
 #include <cstdint>
 #include <stdexcept>
@@ -26,6 +26,9 @@ class Interrupted : public Error {
  public:
   Interrupted() : Error("interruption") {}
 };
+
+// The reason behind an errno, in French; the C library's own text for a rare one.
+std::string systemReason(int error);
 
 // A broken invariant of the host itself: says where and stops the program. It stays on in release builds.
 [[noreturn]] void invariantBroken(const char* condition, const char* file, int line);

@@ -1,5 +1,5 @@
-// Interrupting what the host does for somebody else.
-// The question is a plain function: it is asked in inner loops.
+// The question whether the user wants to stop, asked during long work.
+// It is a plain function, because inner loops ask it.
 #include "atelier/base/interruption.h"
 
 #include "atelier/base/error.h"

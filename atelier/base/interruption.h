@@ -1,10 +1,10 @@
-// Interrupting a handler from inside the host calls that it makes.
-// Whoever runs the handlers sets the question; without one nothing is ever interrupted.
+// Stops long work when the user asks for it.
+// The program that runs the work says how the user is asked; without that nothing is ever interrupted.
 #pragma once
 
 namespace atelier {
 
-// The question is asked by host calls that a handler may repeat for ever.
+// `asked` answers whether the user wants to stop. Host calls that an application may repeat for ever ask it.
 void setInterruptionQuestion(bool (*asked)());
 // Throws Interrupted when the user asked to stop.
 void checkInterruption();

@@ -229,7 +229,7 @@ std::optional<std::uint64_t> parseHandle(std::string_view text) {
 
 namespace {
 
-// What digits that no double holds stand for, by the place of the first that counts.
+// Infinity or 0 for digits beyond the range of a double: the place of the first digit other than 0 decides.
 double beyondRange(std::string_view digits) {
   const bool negative = digits.starts_with('-');
   std::int64_t order = 0, exponent = 0;

@@ -14,8 +14,8 @@ std::string toUtf8(const wchar_t* wide);  // null gives the empty string
 void appendUtf8(std::string& text, char32_t character);
 bool isValidUtf8(std::string_view bytes);
 
-// A code page by the name that $DWGCODEPAGE uses ("ANSI_1252", "DOS850", "MACINTOSH", "UTF-8" ...). Names that mean
-// nothing give Windows-1252.
+// A code page by the name that $DWGCODEPAGE uses ("ANSI_1252", "DOS850", "MACINTOSH", "UTF-8" ...). An unknown name
+// gives Windows-1252.
 class CodePage {
  public:
   static CodePage utf8() { return CodePage("UTF-8"); }
@@ -36,8 +36,8 @@ bool equalNoCase(std::string_view a, std::string_view b);
 
 std::string handleText(std::uint64_t handle);  // upper-case hexadecimal
 std::optional<std::uint64_t> parseHandle(std::string_view hexadecimal);
-// Surrounding blanks are accepted. A real too great for a double is infinite, as in the C library that the reference
-// reads with, never 0; one too small is 0.
+// Blanks around the number are accepted; nothing for any other text. A real too great for a double is infinite, as
+// with the C library's strtod; one too small is 0.
 std::optional<double> parseReal(std::string_view text);
 std::optional<std::int64_t> parseInteger(std::string_view text);
 // Shortest text that reads back to the same double, always with a decimal point or an exponent: "1.0", "1e-09".

@@ -1,5 +1,5 @@
-// The questions of commands, put to the prompter.
-// Each says its keywords anew, since an asked-again question has used them up.
+// The questions of commands, asked through the prompter.
+// Each sets its keywords every time it is asked, because the prompter keeps them for one prompt only.
 #include "atelier/commands/command_prompts.h"
 
 #include <cmath>

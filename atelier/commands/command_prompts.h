@@ -1,7 +1,6 @@
-// What the functions of commands work with: the document and the questions that they may await.
-// Keywords are "French words _English words"; the English one is answered. A prompt that is put together
-// stands in a variable before it is awaited: gcc 12 destroys temporaries of a conditional inside an awaited
-// expression twice.
+// What commands use: the document and the questions that they may await.
+// Keywords are given as "French words _English words"; the answer is the English one. A prompt made of parts is put
+// into a variable before it is awaited: gcc 12 destroys temporaries of a conditional in an awaited expression twice.
 #pragma once
 #include <memory>
 
@@ -17,7 +16,7 @@ class Command {
  public:
   Command(Document& owner, std::string name) : document(owner), typed(std::move(name)) {}
   Document& document;
-  const std::string typed;  // the name it was called by
+  const std::string typed;  // the name that was typed
 
   using Base = std::optional<AcGePoint3d>;
   Asked<AcGePoint3d> point(std::string prompt, Base base = {}, std::string keywords = {}) const;
@@ -32,7 +31,8 @@ class Command {
   Asked<std::string> line(std::string prompt) const;  // blanks and all
   Asked<int> keyword(std::string prompt, std::string keywords) const;
   Asked<PickedEntity> entity(std::string prompt, std::string keywords = {}) const;
-  // Becomes the previous selection. Enter with nothing selected: no value. When `single`, one answer is all.
+  // Asks for objects, which become the previous selection. Enter with nothing selected: no value. `single`: one answer
+  // is enough.
   Asked<std::shared_ptr<SelectionSet>> objects(bool single = false) const;
 
   void print(std::string_view text) const;
@@ -43,10 +43,10 @@ class Command {
   AcDbObjectId add(std::unique_ptr<AcDbEntity> entity) const;
   // The same, with the layer, colour and line type that the entity has.
   AcDbObjectId addAsIs(std::unique_ptr<AcDbEntity> entity) const;
-  // Copies that go where the matrix takes them, in the current space or in that block.
+  // Adds transformed copies to the current space or to that block.
   void copies(const SelectionSet& set, const AcGeMatrix3d& matrix, AcDbObjectId block = {}) const;
-  // Calls with each entity of the set that can be changed; those on locked layers are counted and passed
-  // over.
+  // Calls `work` with each entity of the set that can be changed; those on locked layers are left out, and their number
+  // is printed.
   void change(const SelectionSet& set, const std::function<void(AcDbEntity&)>& work) const;
 };
 

@@ -1,5 +1,5 @@
-// Driving a command.
-// A cancel that came for want of answers leaves the command waiting; any other ends it.
+// Runs a command from question to question.
+// When the answers have run out the command waits; any other cancel ends it.
 #include "atelier/commands/command_run.h"
 
 #include "atelier/document/document.h"
@@ -20,7 +20,7 @@ CommandRun::State CommandRun::advance(const AnswerSupply& supply) {
   return State::ended;
 }
 
-// Nothing else waits in a document than what this room's runs are.
+// The document's waiting command is always one of this room.
 std::unique_ptr<CommandRun> takeWaiting(Document& document) {
   return std::unique_ptr<CommandRun>(static_cast<CommandRun*>(document.waitingCommand().release()));
 }

@@ -1,4 +1,4 @@
-// A command that runs: from question to question, as far as there are answers.
+// A running command: it goes from question to question as long as there are answers.
 // Inner header of the room, and of the tests.
 #pragma once
 #include <memory>
@@ -6,18 +6,17 @@
 
 #include "atelier/commands/command_prompts.h"
 #include "atelier/commands/command_table.h"
-#include "atelier/document/attachment.h"
+#include "atelier/document/services.h"
 #include "atelier/lisp/values/value.h"
 
 namespace atelier {
 
-// Where a run's answers come from, as far as it must know: a user's source never runs out, a call's values
-// do.
+// Whether answers have run out: a user's source never does, the values of a call do.
 class AnswerSupply {
  public:
   virtual ~AnswerSupply() = default;
   virtual bool hasMore() const { return true; }
-  virtual bool ranOut() const { return false; }  // a question was put to it when it had no more
+  virtual bool ranOut() const { return false; }  // it was asked when it had no more answers
 };
 
 class CommandRun final : public WaitingCommand {

@@ -43,8 +43,8 @@ std::span<const CommandRow> menuCommands();
 std::span<const CommandRow> helpCommands();
 std::span<const CommandRow> inquiryCommands();
 
-// The command of that name, as typed: leading _ . and ' are passed over. French and English names are all
-// distinct. A system variable's name is SETVAR's row.
+// The command with the typed name; leading _ . and ' are ignored. French and English names are all different. The name
+// of a system variable gives the row of SETVAR.
 const CommandRow* commandRow(std::string_view typed);
 // All that are offered here, in no order.
 std::vector<const CommandRow*> offeredCommands();

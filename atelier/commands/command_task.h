@@ -1,6 +1,5 @@
-// Commands as coroutines: a command asks by co_await and waits there, so that `command` may give it answers
-// one call at a time, and a user or a script through the same code. A cancelled command is destroyed where it
-// waits.
+// Commands as coroutines: a command asks with co_await and waits there, so that `command` can give it answers in
+// several calls, and a user or a script uses the same code. A cancelled command is destroyed where it waits.
 #pragma once
 #include <coroutine>
 #include <exception>
@@ -16,7 +15,7 @@ namespace atelier {
 class Question {
  public:
   virtual ~Question() = default;
-  virtual Answer ask(Prompter& prompter) = 0;  // may be called again after a cancel for want of answers
+  virtual Answer ask(Prompter& prompter) = 0;  // may be called again when the answers had run out
 };
 
 class CommandTask {
@@ -55,7 +54,7 @@ class CommandTask {
   std::coroutine_handle<promise_type> handle_;
 };
 
-// An answer: its value, or the keyword that was given instead, or neither (Enter).
+// An answer: a value, or a keyword, or neither (Enter).
 template <class VALUE>
 struct Reply {
   Answer answer = Answer::none;

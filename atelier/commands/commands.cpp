@@ -1,5 +1,5 @@
-// Finding a command by its name and running it from the command line.
-// What the list of known commands names without a function says that it isn't there.
+// Finds a command by its name and runs it from the command line.
+// A command in the table without a function gives a message that it isn't available here.
 #include "atelier/commands/commands.h"
 
 #include <sstream>

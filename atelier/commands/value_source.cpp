@@ -1,5 +1,5 @@
 // Values as answers.
-// What no line of text can say (an entity, a selection set) is reached by its prompt through a variable.
+// A value that has no text (an entity, a selection set) is put into a variable, whose name answers the prompt.
 #include "atelier/commands/value_source.h"
 
 #include <charconv>
@@ -11,7 +11,7 @@
 namespace atelier {
 namespace {
 
-constexpr const char* kHeldValue = "*COMMAND-ARGUMENT*";  // by which a prompt's expression reaches a value
+constexpr const char* kHeldValue = "*COMMAND-ARGUMENT*";  // the variable
 constexpr std::string_view kPause = "\\";
 
 std::string numberText(double number) {
@@ -33,10 +33,10 @@ Input ValueSource::next(const PromptInfo& prompt) {
 }
 
 bool ValueSource::takesBack(const Input& input) {
-  constexpr int kMost = 10;  // of one value: a command that isn't ended by Enter refuses it
+  constexpr int kMost = 10;  // times in a row: a command that Enter doesn't end refuses the value again and again
   const bool mine = at_ > 0 && values_[at_ - 1].isString() && values_[at_ - 1].text() == input.text;
   const CommandRow* row = mine && takenBack_ < kMost ? commandRow(input.text) : nullptr;
-  if (!row || commandName(input.text) != row->name) return false;  // short names are too near to keywords
+  if (!row || commandName(input.text) != row->name) return false;  // short names could be meant as keywords
   ++takenBack_;
   --at_;
   return true;

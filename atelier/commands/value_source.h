@@ -1,4 +1,4 @@
-// AutoLISP values as answers to prompts: strings and numbers as text, points as picks, other values by an expression.
+// AutoLISP values as answers to prompts: strings and numbers as text, points as picks, others as an expression.
 // Inner header of the room.
 #pragma once
 #include <optional>
@@ -12,7 +12,7 @@ namespace atelier {
 
 class Document;
 
-// The values of one call, in order; the user's own source answers a pause.
+// The values of one call, in order; at a pause the user answers.
 class ValueSource : public InputSource, public AnswerSupply {
  public:
   ValueSource(Document& document, lisp::Arguments values);
@@ -20,7 +20,7 @@ class ValueSource : public InputSource, public AnswerSupply {
   bool ranOut() const override { return ranOut_; }
   lisp::Value take() { return values_[at_++]; }
   Input next(const PromptInfo& prompt) override;
-  // The full name of a command: a program that leaves out the last Enter goes on with its next command.
+  // Takes back the full name of a command: a program may leave out the last Enter and go on with its next command.
   bool takesBack(const Input& input) override;
   bool isProgram() const override { return true; }
 
@@ -35,7 +35,7 @@ class ValueSource : public InputSource, public AnswerSupply {
   bool ranOut_ = false;
 };
 
-// Puts the values in the place of the prompter's source, and everything back in the end.
+// Makes the values the prompter's source for its lifetime; then restores the former state.
 class Feeding {
  public:
   Feeding(Document& document, ValueSource& source, bool muted);

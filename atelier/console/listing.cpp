@@ -37,7 +37,7 @@ std::string listing(Document& document) {
       ++types[std::string(db.typeName(*entity))];
       ++layers[AcDbImpObject::of(&db.object(*entity)).record.text(textField("AcDbEntity", 8, "0"))];
     }
-  return section("Entites de l'espace objet", types) + section("Calques (entites)", layers);
+  return section("Entités de l'espace objet", types) + section("Calques (entités)", layers);
 }
 
 }  // namespace atelier::console

@@ -1,4 +1,4 @@
-// What --list prints: entities by type, layers, profiles in short.
+// The listing of the option --list: entities by type, layers, profiles in short.
 #pragma once
 #include <string>
 

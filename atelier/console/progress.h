@@ -1,4 +1,4 @@
-// How far long work has come: a bar on a terminal, a line of JSON for other programs, nothing in a pipe.
+// The progress of long work: a bar on a terminal, lines of JSON for other programs, nothing in a pipe.
 // It goes to stderr, results to stdout.
 #pragma once
 #include <chrono>
@@ -10,14 +10,14 @@
 namespace atelier::console {
 
 // The steps of a run (opening, each action), one after the other. JSON: {"step":2,"of":5,"action":"plot",
-// "argument":"a.pdf","seconds":0.12} when a step has ended. The bar stays away from runs that end at once.
+// "argument":"a.pdf","seconds":0.12} when a step has ended. Runs that end at once show no bar.
 class ProgressReport {
  public:
   ProgressReport(Progress wanted, std::size_t steps);
   ~ProgressReport();
   ProgressReport(const ProgressReport&) = delete;
   ProgressReport& operator=(const ProgressReport&) = delete;
-  // The step before, if any, has ended.
+  // Begins a step; the previous one, if any, has ended.
   void begin(const std::string& action, const std::string& argument);
 
  private:

@@ -51,13 +51,13 @@ char* completion(const char* text, int state) {
   return nullptr;
 }
 
-// The terminal once more, so that reads which don't wait are no matter of the shell's that shares ours.
+// The terminal opened a second time: setting it not to wait must not affect the shell, which shares ours.
 int keys() {
   static const int file = open("/proc/self/fd/0", O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
   return file;
 }
 
-// Waits for a key or a signal, however shortly before it came.
+// Waits for a key or a signal, even one that came just before.
 void awaitKey() {
   sigset_t interrupt, before;
   sigemptyset(&interrupt);
@@ -68,8 +68,8 @@ void awaitKey() {
   sigprocmask(SIG_SETMASK, &before, nullptr);
 }
 
-// Ctrl-C ends the line at once: what was typed is dropped, the prompt is cancelled. Readline by itself would first wait for
-// one key more. The terminal forgets at Ctrl-C what nobody has read: a key that was there may be gone.
+// Ctrl-C ends the line at once: the typed text is dropped and the prompt cancelled. Readline by itself would first wait
+// for another key. At Ctrl-C the terminal drops keys that haven't been read, so that one may be missing.
 int readKey(FILE* stream) {
   if (keys() < 0) return rl_getc(stream);
   for (;;) {
@@ -89,7 +89,7 @@ int readKey(FILE* stream) {
 class TerminalSource : public InputSource {
  public:
   Input next(const PromptInfo& prompt) override {
-    // Prompts were printed, except that for a command; Readline is told the last line so that it can redraw it.
+    // Prompts other than the command prompt have been printed already; Readline gets the last line, to redraw it.
     const std::size_t last = prompt.text.rfind('\n');
     const std::string shown = last == std::string::npos ? prompt.text : prompt.text.substr(last + 1);
     if (!prompt.isCommand && !shown.empty()) std::printf("\r");

@@ -8,7 +8,7 @@ class Document;
 namespace atelier::console {
 
 bool isTerminal();  // stdin and stdout both
-// Runs until QUIT or the end of the input. Ctrl-C breaks off the running program or prompt.
+// Runs until QUIT or the end of the input. Ctrl-C stops the running program or cancels the prompt.
 void runTerminal(Document& document);
 
 }  // namespace atelier::console

@@ -64,7 +64,7 @@ class Reader {
 
   void all() {
     while (!token_.empty()) {
-      if (token_ == "@include") {  // files of the host's own tiles, which are predefined here
+      if (token_ == "@include") {  // it names files with the host's own tiles, which are predefined here
         next();
         next();
         continue;

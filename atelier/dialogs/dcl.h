@@ -9,9 +9,9 @@
 
 namespace atelier::dcl {
 
-// A tile with everything that its prototypes give it. Names and types are in lower case, values without their quotes.
+// A tile with all that it has from its prototypes. Names and types are in lower case, values without their quotes.
 struct Tile {
-  std::string type;  // the predefined tile that it comes from in the end: "edit_box", "row" ...
+  std::string type;  // the predefined tile at the root of its prototypes: "edit_box", "row" ...
   std::map<std::string, std::string, std::less<>> attributes;
   std::vector<Tile> children;
 

@@ -1,5 +1,5 @@
 // Tiles as controls.
-// Columns stand in one grid for each frame, their tiles one below the other; a row's tiles stand beside each other.
+// Each frame has one grid: the tiles of a column are placed one below the other, those of a row beside each other.
 #include "atelier/dialogs/dcl_dialog.h"
 
 #include <algorithm>

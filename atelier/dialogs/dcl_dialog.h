@@ -22,7 +22,7 @@ class TileDialog {
   std::string value(const std::string& key) const;
   void setValue(const std::string& key, const std::string& value);
   std::string attribute(const std::string& key, std::string_view name) const;
-  void setMode(const std::string& key, int mode);  // 0 enables, 1 disables; the others move the focus: no model has one
+  void setMode(const std::string& key, int mode);  // 0 enables, 1 disables; others have no effect
   enum class Change { one = 1, append = 2, all = 3 };
   void changeList(const std::string& key, Change change, std::size_t index, const std::vector<std::string>& texts);
 
@@ -36,7 +36,7 @@ class TileDialog {
   struct Size {
     int rows = 0, columns = 0;
   };
-  // Puts the tile into the frame's grid from that place on; what it takes of the grid.
+  // Puts the tile into the frame's grid from that place on; gives the number of rows and columns used.
   Size add(const Tile& tile, const std::wstring& frame, dialogues::Place at, const std::string& group);
   void addLeaf(const Tile& tile, const std::wstring& frame, const dialogues::Place& place, const std::string& group);
   std::unique_ptr<dialogues::Control> controlFor(const Tile& tile, const std::string& key);
@@ -49,7 +49,7 @@ class TileDialog {
   std::map<std::string, Slot, std::less<>> tiles_;
   dialogues::Dialog dialog_;
   int status_ = 0, unnamed_ = 0;
-  bool setting_ = false;  // by the program: no action follows
+  bool setting_ = false;  // the program is setting a value: no action is called
 };
 
 }  // namespace atelier::dcl

@@ -1,4 +1,4 @@
-// Who shows the models of hote/dialogues.h: a front's presenter, or the command line where there is none.
+// What shows the models of hote/dialogues.h: a presenter such as the desktop's, or the command line without one.
 // A presenter belongs to whoever sets it on a Document; it is asked on the thread that runs the handlers.
 #pragma once
 #include <functional>
@@ -22,8 +22,8 @@ class DialogPresenter {
   virtual int message(const std::wstring& text, const std::wstring& title, dialogues::Icon icon, bool yesNo) = 0;
 };
 
-// Carries out a user's action on a control (`list.userSelect(...)`, `button.userClick()`). What it throws ends here: a
-// failure is shown as a message, an interruption closes the dialog and goes on when runDialog returns.
+// Carries out a user's action on a control (`list.userSelect(...)`, `button.userClick()`). Exceptions of the action are
+// caught: a failure is shown as a message; an interruption closes the dialog and is thrown again by runDialog.
 void deliver(dialogues::Dialog& dialog, const std::function<void()>& action);
 
 }  // namespace atelier

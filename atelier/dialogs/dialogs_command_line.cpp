@@ -1,5 +1,5 @@
 // Running a dialog from the command line, an answer at a time.
-// Scripts press the very buttons that the desktop shows: nothing of a dialog is known here but its model.
+// Only the model of a dialog is used here, so that scripts press the same buttons as the desktop shows.
 #include "atelier/dialogs/dialogs_command_line.h"
 
 #include <unistd.h>
@@ -79,7 +79,7 @@ class Run {
     } else if (dialogues::List* list = onlyList()) {
       if (const auto rows = rowsOf(answer, static_cast<int>(list->rows().size()))) return list->userSelect(*rows);
     }
-    document_.print("\nReponse non valide: un bouton, nom=valeur ou des numeros de lignes sont attendus.");
+    document_.print("\nRéponse non valide: un bouton, nom=valeur ou des numéros de lignes sont attendus.");
   }
 
   void pressDefault() {
@@ -90,7 +90,7 @@ class Run {
     touched_ = dialog_.controls();
   }
 
-  // The control that a typed name means; null when none or several do.
+  // The control with the typed name; null when there is none or several.
   Control* find(const std::string& typed, bool button) const {
     Control* found = nullptr;
     int beginnings = 0;
@@ -121,7 +121,7 @@ class Run {
       case Control::Kind::list: {
         auto& list = static_cast<dialogues::List&>(control);
         const auto rows = rowsOf(value, static_cast<int>(list.rows().size()));
-        return rows ? list.userSelect(*rows) : refuse("Des numeros de lignes sont attendus: 2, 1,3-5 ou *.");
+        return rows ? list.userSelect(*rows) : refuse("Des numéros de lignes sont attendus: 2, 1,3-5 ou *.");
       }
       case Control::Kind::check: {
         const bool yes = match(value, "Oui") != Match::no || equalNoCase(value, "o");
@@ -130,7 +130,7 @@ class Run {
       }
       case Control::Kind::colour: {
         const auto index = parseInteger(value);
-        if (!index || *index < 0 || *index > 256) return refuse("Une couleur est attendue: 0 a 256.");
+        if (!index || *index < 0 || *index > 256) return refuse("Une couleur est attendue: 0 à 256.");
         return static_cast<dialogues::Colour&>(control).userChoose(static_cast<int>(*index));
       }
       default: return choose(static_cast<dialogues::Combo&>(control), value);
@@ -174,7 +174,7 @@ std::optional<std::string> CommandLineDialogs::chooseFile(const dialogues::FileR
   if (answer.empty()) return std::nullopt;
   fs::path path = answer;
   if (path.extension().empty() && !request.extension.empty()) path += "." + toUtf8(request.extension);
-  // Said also when the command line is muted.
+  // Printed even when the command line is muted.
   const auto refused = [&](const std::string& why) {
     const bool muted = document.exchangeMuted(false);
     document.fail(why);
@@ -188,7 +188,7 @@ std::optional<std::string> CommandLineDialogs::chooseFile(const dialogues::FileR
   const bool there = fs::exists(path, error);
   if (!request.save && !there) return refused("Fichier introuvable: " + path.string());
   if (request.save && (access(folder.c_str(), W_OK) != 0 || (there && access(path.c_str(), W_OK) != 0)))
-    return refused("Ecriture impossible: " + path.string());
+    return refused("Écriture impossible: " + path.string());
   if (request.save && request.overwritePrompt && there &&
       !confirmed(document, path.string() + " existe. Le remplacer?"))
     return std::nullopt;

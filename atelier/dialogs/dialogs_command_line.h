@@ -9,7 +9,7 @@ namespace atelier {
 class CommandLineDialogs : public DialogPresenter {
  public:
   void run(dialogues::Dialog& dialog) override;
-  // Asks for a path. A folder that is not there or can't be written to is said so, and counts as a failed command.
+  // Asks for a path. A folder that doesn't exist or can't be written to gives a message and counts as a failed command.
   std::optional<std::string> chooseFile(const dialogues::FileRequest& request) override;
   int message(const std::wstring& text, const std::wstring& title, dialogues::Icon icon, bool yesNo) override;
 };

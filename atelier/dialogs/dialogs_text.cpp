@@ -1,5 +1,5 @@
 // Tables, values and keywords of dialogs on the command line.
-// Cells are trimmed: the padding that a list control wants makes no sense beside the padding of a table.
+// Cells are trimmed: padding meant for a list control is not needed in a table.
 #include "atelier/dialogs/dialogs_text.h"
 
 #include <algorithm>
@@ -14,7 +14,7 @@ using dialogues::Alignment;
 using dialogues::Control;
 using dialogues::List;
 
-// The plain letter under an accent; other characters as they are.
+// The letter without its accent; other characters are unchanged.
 wchar_t plain(wchar_t c) {
   static const std::wstring accented = L"àâäéèêëîïôöùûüçÀÂÄÉÈÊËÎÏÔÖÙÛÜÇ", letters = L"aaaeeeeiioouuucAAAEEEEIIOOUUUC";
   const std::size_t at = accented.find(c);
@@ -33,7 +33,7 @@ std::wstring padded(const std::wstring& text, std::size_t width, Alignment align
   return std::wstring(left, L' ') + text + std::wstring(room - left, L' ');
 }
 
-// The cells of a row as they show; the colour of a cell shows as its number.
+// The cells of a row as shown; the colour of a cell is shown as its number.
 std::vector<std::wstring> cellsOf(const List& list, const dialogues::Row& row) {
   std::vector<std::wstring> cells;
   for (const std::wstring& cell : row.cells) cells.push_back(trimmedCell(cell));

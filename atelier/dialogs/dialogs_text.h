@@ -1,4 +1,4 @@
-// What controls look like as text, and the words that name them at a prompt. Inner header of the room.
+// Controls as text, and the words that name them at a prompt. Inner header of the room.
 // Widths are counted in characters.
 #pragma once
 #include <string>
@@ -12,8 +12,8 @@ namespace atelier {
 std::string keywordOf(const std::wstring& label);
 // The name of a control at the prompt: its label's word, else its frame's, else "Liste".
 std::string nameOf(const dialogues::Control& control);
-// Whether a typed text means the word: the same letters, its capitals, or a beginning of three letters or more.
-// Blanks, accents and case don't count.
+// Whether a typed text stands for the word: the same letters, its capitals, or its first three letters or more. Blanks,
+// accents and case are ignored.
 enum class Match { no, beginning, whole };
 Match match(const std::string& typed, const std::string& word);
 

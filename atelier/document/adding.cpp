@@ -1,5 +1,5 @@
 // New entities at the end of the current space.
-// They are closed when they come back: nothing stays open between two questions of a command.
+// They are closed afterwards: nothing stays open while a command waits for an answer.
 #include "atelier/document/adding.h"
 
 #include "atelier/document/document.h"

@@ -8,7 +8,7 @@ namespace atelier {
 
 class Document;
 
-// Into the current space, with the current layer, colour and line type. Throws Error when the space can't take it.
+// Adds to the current space, with the current layer, colour and line type. Throws Error when that isn't possible.
 AcDbObjectId addEntity(Document& document, std::unique_ptr<AcDbEntity> entity);
 // The same, with the layer, colour and line type that the entity has.
 AcDbObjectId addEntityAsIs(Document& document, std::unique_ptr<AcDbEntity> entity);

@@ -10,17 +10,17 @@ namespace atelier {
 
 inline constexpr const char* kCancelled = "Function cancelled";
 
-// Ends a host call that was interrupted. What the user interrupted by Ctrl-C no program catches; a cancelled prompt it may.
+// Ends a host call that was interrupted. A program can catch a cancelled prompt, but not the user's Ctrl-C.
 [[noreturn]] inline void failCancelled(lisp::Interpreter& interpreter) {
   const bool asked = interpreter.interrupted();
   interpreter.clearInterrupt();
   interpreter.fail(kCancelled, asked ? lisp::Error::Kind::Interrupt : lisp::Error::Kind::Failure);
 }
 
-// Runs what may ask the user; an interruption or an error of the host becomes an error of the program.
+// Runs a call that may ask the user; an interruption or an error of the host becomes an AutoLISP error.
 template <class RUN>
 auto cancelling(lisp::Interpreter& interpreter, RUN run) {
-  std::optional<std::string> failure;  // errors are raised when the exception that brought them is gone
+  std::optional<std::string> failure;  // the AutoLISP error is raised after the C++ exception has been handled
   try {
     return run();
   } catch (const Interrupted&) {

@@ -1,5 +1,5 @@
-// The command line of a document: what is printed, what is typed, and how what was typed ends.
-// A line is an AutoLISP expression when it opens a parenthesis, else the name of a command with answers after it.
+// The command line of a document: printing, running the lines that are typed, and telling how they ended.
+// A line that begins with a parenthesis is an AutoLISP expression, any other the name of a command and answers to it.
 #include "atelier/document/document.h"
 
 #include <utility>
@@ -12,11 +12,11 @@ namespace {
 
 bool quitting = false;
 
-// The error for the user: message, file and line, and the chain of calls, cut after a few: the innermost ones say where to look.
+// The error for the user: message, file and line, and the innermost few of the running calls.
 std::string errorText(const lisp::Error& error) {
   constexpr std::size_t kMostCalls = 6;
   std::string text = "; erreur: " + error.message();
-  // Whoever breaks off knows where.
+  // After a cancel the user needs no list of calls.
   if (error.message() == "Function cancelled") return text;
   if (!error.file.empty()) text += " (" + error.file + (error.line > 0 ? ":" + std::to_string(error.line) : "") + ")";
   else if (error.line > 0) text += " (ligne " + std::to_string(error.line) + ")";
@@ -163,7 +163,7 @@ void Document::run(InputSource& source) {
       if (stopped_) scripts.clear();
       runScripts();
       if (quitRequested()) {
-        if (before) requestQuit();  // a script inside this run ends with it
+        if (before) requestQuit();  // the outer script must end, too
         break;
       }
     }

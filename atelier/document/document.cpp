@@ -1,5 +1,5 @@
-// A document: its making, its drawing's coming and going, its end.
-// What stands in it belongs to it; what rooms above hang on it goes first.
+// A document: how it is made, opens and closes drawings, and ends.
+// At its end the attachments of other rooms are destroyed first.
 #include "atelier/document/document.h"
 
 #include <algorithm>
@@ -37,7 +37,8 @@ class CommandLineConsole : public lisp::Console {
   Document& document_;
 };
 
-// The file that is read for a path: itself, or a conversion that goes when the drawing is open, which keeps it mapped.
+// The file to read for a path: the file itself, or a converted one, which is removed when the drawing is open; the
+// drawing keeps its contents mapped.
 struct ConvertedFile {
   explicit ConvertedFile(const std::string& path)
       : name(drawingConverter ? drawingConverter(path) : std::string()), isOther(!name.empty()) {
@@ -53,7 +54,7 @@ struct ConvertedFile {
   bool isOther;
 };
 
-// A failed opening must not leave half a database behind as the working one.
+// After a failed opening half a database must not be the working one.
 std::unique_ptr<AcDbDatabase> openDatabase(const std::string& path, std::vector<std::string>* messages) {
   dxf::provideDrawingReader();
   auto database = std::make_unique<AcDbDatabase>(path.empty());
@@ -123,7 +124,7 @@ void Document::drawingClosing() {
   for (const auto& attachment : attachments_) attachment->drawingClosing();
 }
 
-// What is left stays reachable, so that leak checkers don't take it for lost.
+// The memory stays reachable, so that leak checkers don't report it.
 void Document::leaveMemory() {
   struct Left {
     std::unique_ptr<AcDbDatabase> database;
@@ -174,8 +175,7 @@ std::vector<std::string> Document::saveAs(const std::string& path, std::string_v
   return lost;
 }
 
-// A drawing that began as a new one shows all that is in it when it is opened the next time; any other keeps what its
-// file says.
+// A drawing that began as a new one is saved with a view of all its contents; any other keeps the view of its file.
 void Document::setNewView() {
   if (dxf::beganAsNew(*database_)) setFirstView(imp(), index_->extents(imp().modelSpace()));
 }

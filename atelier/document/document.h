@@ -1,4 +1,4 @@
-// An open drawing as data, with its journal, its command line and the places where rooms above hang what is theirs.
+// An open drawing as data, with its undo journal, its command line and the attachments of other rooms.
 // One document is current at a time; the host's functions act on it.
 #pragma once
 #include <functional>
@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "atelier/database/lists/entity_groups.h"
-#include "atelier/document/attachment.h"
 #include "atelier/document/prompter.h"
 #include "atelier/document/selection_set.h"
 #include "atelier/document/services.h"
@@ -33,8 +32,8 @@ class Document {
   // An empty drawing, or the file at the path (throws Error); with messages, recovering as open() does.
   Document(const Services& services, Printer printer, const std::string& path, std::vector<std::string>* messages);
   virtual ~Document();
-  // The process ends with this document: the memory of its drawing, which takes long to give back piece by piece, goes
-  // with the process. Everything else ends as ever: applications are unloaded, AutoLISP's files closed.
+  // Says that the process ends with this document. The drawing's memory is then left to the process's end, since freeing
+  // it piece by piece takes long. All else is done as usual: applications are unloaded, AutoLISP's files closed.
   void endWithProcess() { endsWithProcess_ = true; }
   Document(const Document&) = delete;
   Document& operator=(const Document&) = delete;
@@ -50,7 +49,7 @@ class Document {
   SystemVariables& variables() { return variables_; }
   Transients& transients() { return transients_; }
   EntityMaker& entityMaker() { return *maker_; }
-  // What the rooms above do for this document, and what they have hung on it; null when it has no such thing.
+  // The services of other rooms for this document, and an attachment of theirs by its type; null when there is none.
   const Services& services() const { return services_; }
   template <class PART>
   PART* attached() const {
@@ -58,29 +57,29 @@ class Document {
       if (auto* part = dynamic_cast<PART*>(attachment.get())) return part;
     return nullptr;
   }
-  // Which entities are where; selections, picks and the screen's culling ask it.
+  // Finds entities by place: for selections, picks, and what of the drawing is on the screen.
   SpatialIndex& spatialIndex() { return *index_; }
   View& view() { return view_; }
   // The command that AutoLISP's `command` began and that waits for more answers; null when none does.
   std::unique_ptr<WaitingCommand>& waitingCommand() { return waitingCommand_; }
-  // Ends it: the user's source gives the rest, or it is cancelled.
+  // Ends the waiting command: the user gives the remaining answers, or it is cancelled.
   void finishCommand();
   void cancelCommand() { waitingCommand_.reset(); }
   View previousView;
   std::map<std::string, View> namedViews;  // by upper-case name
-  // Between UNDO Begin and End: commands don't begin steps of their own.
+  // True between UNDO Begin and End: commands then don't begin undo steps of their own.
   bool undoGroup = false;
-  // Lines that SCRIPT put up; they run when what runs now has ended.
+  // The texts of scripts that SCRIPT has read. They run when the running command has ended.
   std::vector<std::string> scripts;
   // Shows the dialogs of this document; null: the command line does.
   DialogPresenter* dialogPresenter = nullptr;
   // The previous selection ("P" of ssget) and the one that sssetfirst shows.
   std::shared_ptr<SelectionSet> previousSelection, firstSelection;
-  // The set that a running prompt for objects gathers; gone when it has ended.
+  // The set that a running prompt for objects collects; empty after its end.
   std::weak_ptr<SelectionSet> pendingSelection;
 
   void print(std::string_view utf8);
-  // Prints nothing while muted (CMDECHO 0 in `command`). Returns what held before.
+  // Prints nothing while muted (CMDECHO 0 in `command`). Returns the previous setting.
   bool exchangeMuted(bool muted) { return std::exchange(muted_, muted); }
   bool atLineStart() const { return transcript_.empty() || transcript_.back() == '\n'; }
   // What was printed since the last call.
@@ -96,24 +95,25 @@ class Document {
   void run(InputSource& source);
   // Runs one command by its name as if typed; answers come from the prompter's source. False when there is none.
   bool runCommand(const std::string& name);
-  // What went wrong since the document was opened: LISP errors, failed and unknown commands.
+  // The number of LISP errors and of failed and unknown commands since the document was opened.
   int failures() const { return failures_; }
   void fail(const std::string& message);
-  // Receives what fail() says instead of the printer; null: the printer does.
+  // Receives the messages of fail() in place of the printer; null: the printer gets them.
   Printer failurePrinter;
   void countFailure() { ++failures_; }
 
   const std::string& path() const { return imp_path(); }
   void save(const std::string& path);
-  // In another version ("R12", "R2000" ... "R2018"; empty: that of the drawing) or in binary form; says what the version
-  // can't hold. In its own version and form it is saved as save() does, else the drawing keeps its file and version.
+  // Saves in a version ("R12", "R2000" ... "R2018"; empty: the drawing's own), as text or binary; gives messages on what
+  // the version can't hold. In the drawing's own version and form this is save(); else the drawing keeps its file and
+  // version.
   std::vector<std::string> saveAs(const std::string& path, std::string_view release, bool binary = false);
-  // Puts another drawing in the place of this one: the file, or a new drawing for an empty path. With messages, a
-  // damaged file is opened as far as it goes and they say what was left out. Throws Error; this drawing then stays.
-  // AutoLISP's variables stay, its entity names belong to nothing any more.
+  // Replaces the drawing by the one in the file, or by a new one for an empty path. With messages, what can be read of a
+  // damaged file is opened, and they say what was left out. Throws Error; the old drawing is then kept. AutoLISP's
+  // variables are kept, but entity names in them are no longer valid.
   void open(const std::string& path, std::vector<std::string>* messages = nullptr);
 
-  // An interruption has ended what ran: was it the user's, the lines that were given beforehand are dropped.
+  // To be called when an interruption has ended a run. If the user asked for it, lines given beforehand are dropped.
   void endInterruption();
 
   // Stops the running program as Ctrl-C does. Safe from another thread and from signal handlers.
@@ -143,20 +143,20 @@ class Document {
   View view_;
   std::unique_ptr<WaitingCommand> waitingCommand_;
   bool muted_ = false, endsWithProcess_ = false;
-  bool stopped_ = false;  // the user has stopped what the last line caused
+  bool stopped_ = false;  // the user has interrupted the last line
   std::vector<std::unique_ptr<Attachment>> attachments_;
   int failures_ = 0;
 };
 
-// Makes drawings of another format readable: gives the path of a temporary DXF file, which is removed once it is open; empty
-// for a path that it doesn't know. Throws Error. A drawing that came this way has no path to save to.
+// Converts a drawing of another format: gives the path of a temporary DXF file, which is removed once it is open, or
+// an empty path for a format that it doesn't know. Throws Error. A converted drawing has no path to save to.
 using DrawingConverter = std::string (*)(const std::string& path);
 void setDrawingConverter(DrawingConverter converter);
 
 // Folders in which `load`, `findfile` and the front-end's files are looked for, in every document.
 void addSupportFolder(const std::string& folder);
 
-// Ends the program's command lines after the command that runs; asking whether that was wanted forgets it.
+// Asks the program to end after the running command; quitRequested() says whether that was asked, and forgets it.
 void requestQuit();
 bool quitRequested();
 

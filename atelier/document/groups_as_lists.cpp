@@ -1,5 +1,5 @@
 // Between groups and association lists.
-// Codes decide the kind of value; the layout of points and of XDATA is that of entget.
+// The group code decides the kind of value; points and XDATA are arranged as entget gives them.
 #include "atelier/document/groups_as_lists.h"
 
 #include "atelier/base/text.h"
@@ -50,7 +50,7 @@ Value valueOf(Interpreter& interpreter, const Group& group, AcDbImpDatabase& db)
   return interpreter.string(group.text());
 }
 
-// One item; moves the index behind the ordinates of a point.
+// One item; moves the index after it, with all ordinates of a point.
 Value item(Interpreter& interpreter, const std::vector<Group>& groups, std::size_t& i, AcDbImpDatabase& db) {
   const Group& group = groups[i];
   const int code = group.code();

@@ -1,5 +1,5 @@
 // Where answers to prompts come from: a script, a terminal, a test, the desktop.
-// Whoever feeds the command line implements InputSource; the prompts know nothing else of it.
+// Each of them implements InputSource.
 #pragma once
 #include <deque>
 #include <memory>
@@ -12,7 +12,7 @@
 
 namespace atelier {
 
-// What the running prompt takes, for sources that show more than its text.
+// What the running prompt accepts, for sources that show more than its text.
 struct PromptInfo {
   std::string text;                   // as printed, leading line feed included; empty at the command prompt
   std::vector<std::string> keywords;  // capitals are the short form
@@ -20,7 +20,7 @@ struct PromptInfo {
   bool wantsPoint = false;
   bool wantsEntity = false;
   bool takesSpaces = false;
-  bool isCommand = false;  // the command prompt itself: nothing runs
+  bool isCommand = false;  // the command prompt itself: no command is running
   bool isCorner = false;   // the base and the answer are corners of a rectangle
 };
 
@@ -29,8 +29,8 @@ struct Input {
   Kind kind = Kind::end;
   std::string text;     // UTF-8, without line end; an empty text is Enter
   AcGePoint3d point{};  // of a pick, world coordinates
-  bool whole = false;   // a text that is one answer, blanks and all; a line otherwise falls into words
-  std::string shown{};  // what is written behind the prompt; empty: the text
+  bool whole = false;   // the text is one answer, with its blanks; otherwise it is split into words
+  std::string shown{};  // written after the prompt; empty: the text
   static Input line(std::string utf8) { return {Kind::text, std::move(utf8), {}, false}; }
   static Input answer(std::string utf8) { return {Kind::text, std::move(utf8), {}, true}; }
   static Input pick(const AcGePoint3d& p) { return {Kind::pick, {}, p, false}; }
@@ -42,14 +42,14 @@ class InputSource {
   virtual ~InputSource() = default;
   // Blocks until there is an answer. `end`: there will be no more.
   virtual Input next(const PromptInfo& prompt) = 0;
-  // Whether what is typed shows by itself; otherwise the answer is written behind its prompt.
+  // Whether typed answers are visible already; otherwise the answer is written after its prompt.
   virtual bool echoes() const { return false; }
-  // The last answer fits no prompt. True: it begins something else, which comes next, and Enter stands in its place.
+  // Asked when the last answer doesn't fit the prompt. True: it begins another command and will be given again; the
+  // prompt is answered with Enter.
   virtual bool takesBack(const Input&) { return false; }
-  // The user has stopped what the answers cause: those that were given beforehand don't come any more. False when there
-  // were none.
+  // The user has interrupted: drops the answers that were given beforehand. False when there were none.
   virtual bool dropRest() { return false; }
-  // A program answers: it can't say less than a user would at a prompt that takes one object or many.
+  // Whether a program answers. At a prompt that takes one object or many it gives a single answer without Enter.
   virtual bool isProgram() const { return false; }
 };
 

@@ -1,5 +1,5 @@
 // Layer states read from the records of the layer table.
-// An entity on a layer that has no record shows.
+// An entity on a layer without a record is shown.
 #include "atelier/document/layer_states.h"
 
 #include "atelier/database/records/flags.h"

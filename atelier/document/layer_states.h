@@ -1,4 +1,4 @@
-// Which layers show, asked once a layer: selections and picks pass over what is off or frozen.
+// Which layers are shown; each layer is looked up once. Selections and picks leave out entities that are off or frozen.
 // Reference: DXF reference, LAYER groups 62 and 70.
 #pragma once
 #include <string>

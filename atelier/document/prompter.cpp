@@ -1,5 +1,5 @@
-// Asking until an answer fits.
-// Answers come as words of the running line, as lines, or as picks; an expression in parentheses is evaluated.
+// Asks until an answer fits.
+// An answer is a word of the running line, a line, or a pick; an expression in parentheses is evaluated.
 #include "atelier/document/prompter.h"
 
 #include <algorithm>
@@ -85,7 +85,7 @@ bool isShortOf(const std::string& given, const std::string& keyword) {
   return given == caps || (upperCase(keyword).starts_with(given) && given.size() >= caps.size());
 }
 
-// One that is written in full goes before one that it is short for.
+// A keyword written in full is preferred to one that the text abbreviates.
 std::optional<std::size_t> indexOf(const std::vector<std::string>& keywords, const std::string& given) {
   auto it = std::find_if(keywords.begin(), keywords.end(),
                          [&](const std::string& keyword) { return upperCase(keyword) == given; });
@@ -95,8 +95,7 @@ std::optional<std::size_t> indexOf(const std::vector<std::string>& keywords, con
   return it == keywords.end() ? std::nullopt : std::optional(static_cast<std::size_t>(it - keywords.begin()));
 }
 
-// A mode of object snap before a point. Points from programs and scripts are taken as they are; without a cursor there
-// is nothing to snap.
+// A mode of object snap before a point. It is ignored, since points of programs and scripts are used as given.
 bool isSnapMode(std::string_view text) {
   constexpr std::string_view kModes[] = {"NON", "END", "MID", "CEN", "NOD", "QUA", "INT",
                                          "INS", "PER", "TAN", "NEA", "APP", "EXT", "PAR"};
@@ -152,7 +151,7 @@ Input Prompter::read(const PromptInfo& prompt) {
   }
   std::string line = std::move(*pending_);
   pending_.reset();
-  // A word that waited on the line shows behind its prompt, as a typed one does.
+  // A word from the running line is shown after its prompt, as a typed one is.
   const auto answer = [&] {
     if (waiting && (!source || !source->echoes())) document_.print(line + "\n");
     return Input::line(line);
@@ -171,7 +170,7 @@ Input Prompter::read(const PromptInfo& prompt) {
   return answer();
 }
 
-// take(input, value) answers nothing when the input fits, else what was wrong with it.
+// take(input, flags) answers whether the input fits; `expected` is printed when it doesn't.
 template <class TAKE>
 Answer Prompter::ask(PromptInfo prompt, const char* expected, TAKE take) {
   const int flags = flags_;
@@ -209,7 +208,7 @@ Answer Prompter::ask(PromptInfo prompt, const char* expected, TAKE take) {
 
 namespace {
 
-// What an expression typed as an answer gives; an error in it is printed and gives nothing.
+// The value of an expression typed as an answer; an error in it is printed, and there is no value.
 std::optional<lisp::Value> expressionValue(Document& document, const Input& input) {
   if (input.kind != Input::Kind::text || !(input.text.starts_with('(') || input.text.starts_with('!')))
     return std::nullopt;
@@ -246,7 +245,7 @@ std::optional<AcGePoint3d> pointOf(Document& document, const Input& input, const
   return parsePoint(input.text, last);
 }
 
-// Where either may be answered; an expression is evaluated once.
+// An answer that may be a number or a point; an expression is evaluated once for both.
 struct NumberOrPoint {
   std::optional<double> number;
   std::optional<AcGePoint3d> point;
@@ -330,7 +329,7 @@ Answer Prompter::getDistance(const std::optional<AcGePoint3d>& base, std::string
   });
   if (answer != Answer::value || !first) return answer;
   AcGePoint3d second;
-  const Answer next = getPoint(first, "\nDeuxieme point: ", second);
+  const Answer next = getPoint(first, "\nDeuxième point: ", second);
   distance = first->distanceTo(second);
   return next;
 }
@@ -339,7 +338,7 @@ Answer Prompter::getAngle(const std::optional<AcGePoint3d>& base, std::string_vi
   PromptInfo i = info(prompt);
   i.wantsPoint = true;
   i.base = base;
-  return ask(i, "Un angle est attendu: des degres ou un point.", [&](const Input& input, int) {
+  return ask(i, "Un angle est attendu: des degrés ou un point.", [&](const Input& input, int) {
     const AcGePoint3d from = base ? *base : lastPoint;
     const auto [number, point] = numberOrPoint(document_, input, from);
     if (number) {
@@ -367,7 +366,7 @@ Answer Prompter::getEntity(std::string_view prompt, AcDbObjectId& entity, AcGePo
     const auto found = pointOf(document_, input, lastPoint);
     if (!found) return false;
     point = *found;
-    // Nothing under the pick is an answer too: the caller decides whether to ask again.
+    // A pick without an entity is an answer, too: the caller decides whether to ask again.
     entity = document_.services().pick(document_, *found);
     return true;
   });

@@ -20,16 +20,16 @@ enum class Answer { value, none, keyword, cancel };
 struct PickedEntity {
   AcDbObjectId id;  // null when nothing stands under the point
   AcGePoint3d point;
-  bool byPoint = true;  // false: named by a program or as the last one, without a point
+  bool byPoint = true;  // false: named by a program, or as the last entity, without a point
 };
 
 class Prompter {
  public:
   explicit Prompter(Document& document) : document_(document) {}
 
-  // For the next prompt only. Flags as RSG_...; keywords separated by blanks. Words behind one that begins with an
-  // underscore ("Oui Non _Yes No") are the same keywords in the language of programs: those are answered, and accepted
-  // with the underscore.
+  // Settings for the next prompt only: flags RSG_..., and keywords separated by blanks. In "Oui Non _Yes No" the words
+  // from the underscore on are the English forms of the same keywords: they are what lastKeyword() gives, and are also
+  // accepted when typed with an underscore.
   void initGet(int flags, std::string_view keywords);
 
   // Each prints the prompt, reads answers until one fits, and says why one didn't. A keyword goes to lastKeyword().
@@ -43,16 +43,16 @@ class Prompter {
   Answer getDistance(const std::optional<AcGePoint3d>& base, std::string_view prompt, double& distance);
   // An angle in the drawing's units, or that of the line from the base to a point; radians, from ANGBASE when oriented.
   Answer getAngle(const std::optional<AcGePoint3d>& base, std::string_view prompt, double& angle);
-  // A pick, a point as text, "D" or "L" for the last entity, or an expression that gives an entity.
+  // Answers: a pick, a point as text, "D" or "L" for the last entity, or an expression that gives an entity.
   Answer getEntity(std::string_view prompt, AcDbObjectId& entity, AcGePoint3d& point);
 
   const std::string& lastKeyword() const { return lastKeyword_; }
 
   // The source of answers; null: every prompt is cancelled.
   InputSource* source = nullptr;
-  // One raw answer under the running prompt: pending words of a line first, then the source.
+  // One raw answer to the running prompt: the remaining words of a line first, then the source.
   Input read(const PromptInfo& prompt);
-  // Words behind a command's name on its line answer its prompts.
+  // Keeps the words after a command's name on its line: they answer its prompts.
   void pushBack(std::string text) { pending_ = std::move(text); }
   void dropPending() { pending_.reset(); }
   std::optional<std::string> exchangePending(std::optional<std::string> text) {
@@ -62,7 +62,7 @@ class Prompter {
 
  private:
   struct Request;
-  // Reads until `take` accepts a text or a pick; take returns an empty string, or why not.
+  // Reads until `take` accepts a text or a pick.
   template <class TAKE>
   Answer ask(PromptInfo info, const char* expected, TAKE take);
   std::optional<std::string> matchKeyword(std::string_view text) const;
@@ -77,7 +77,7 @@ class Prompter {
   int cancelsAtEnd_ = 0;
 };
 
-// A point as typed: x,y[,z], @dx,dy[,dz], d<a, @d<a (degrees); nothing when it is none. `last` serves the relative ones.
+// A point as typed: x,y[,z], @dx,dy[,dz], d<a, @d<a (degrees); nothing for another text. Those with @ start at `last`.
 std::optional<AcGePoint3d> parsePoint(std::string_view text, const AcGePoint3d& last);
 
 }  // namespace atelier

@@ -1,5 +1,5 @@
 // A selection set: entities in the order in which they were selected, each once.
-// Most sets are filled once and walked: the index by entity is made when somebody asks for one.
+// Most sets are filled once and walked: the index by entity is made at the first search for one.
 #pragma once
 #include <algorithm>
 #include <deque>
@@ -14,7 +14,7 @@ namespace atelier {
 
 class SelectionSet {
  public:
-  // A queue: programs empty a set by taking its first one out again and again.
+  // A deque, because programs empty a set by removing its first entity again and again.
   using List = std::deque<AcDbStub*>;
 
   bool add(AcDbStub* stub) {
@@ -22,7 +22,7 @@ class SelectionSet {
     list_.push_back(stub);
     return true;
   }
-  // One that is known not to be in the set.
+  // Appends an entity that must not be in the set yet.
   void append(AcDbStub* stub) {
     if (members_) members_->insert(stub);
     list_.push_back(stub);
@@ -32,7 +32,7 @@ class SelectionSet {
     list_.erase(std::find(list_.begin(), list_.end(), stub));
     return true;
   }
-  // Many at once, in one pass over the list.
+  // Removes many in one pass over the list.
   void removeAll(const std::vector<AcDbStub*>& stubs) {
     std::size_t removed = 0;
     for (AcDbStub* stub : stubs) removed += members().erase(stub);

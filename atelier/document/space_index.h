@@ -19,9 +19,9 @@ class SpaceIndex {
   SpaceIndex& operator=(const SpaceIndex&) = delete;
 
   void noteEntity(AcDbStub& entity) { changed_.insert(&entity); }
-  // A block's content is another one: references and dimensions are to be looked at again.
+  // The contents of a block have changed: extents of references and dimensions must be worked out again.
   void noteBlocks() { blocksChanged_ = true; }
-  // Works out what was noted and takes in what was added since.
+  // Applies the noted changes and adds new entities.
   void bringUpToDate();
 
   std::vector<AcDbStub*> query(const AcDbExtents& box) const;

@@ -1,5 +1,5 @@
-// Which change concerns which space, and keeping a space's row and tree in step with its entities.
-// A few changes are worked into the tree; after many it is packed anew, which is quicker and gives a better tree.
+// Keeps the row and tree of each space up to date with its entities.
+// A few changes are made in the tree; after many it is built again, which is quicker and gives a better tree.
 #include "atelier/document/spatial_index.h"
 
 #include <algorithm>
@@ -20,7 +20,7 @@ bool meetInPlan(const AcDbExtents& a, const AcDbExtents& b) {
          b.minPoint().y <= a.maxPoint().y;
 }
 
-// After this share of the row has changed the tree is packed anew.
+// One changed entry in this many is enough to build the tree again.
 constexpr std::size_t kRepackShare = 8;
 
 }  // namespace
@@ -75,7 +75,7 @@ void SpaceIndex::remeasure(Place place) {
 
 void SpaceIndex::bringUpToDate() {
   const std::vector<AcDbStub*>& children = *space_.children;
-  // Entities are only ever appended; a row that was cut or put in another order is begun again.
+  // Usually entities are only appended; when the children are fewer or in another order the row is made again.
   if (children.size() < entries_.size() || (!entries_.empty() && children[entries_.size() - 1] != entries_.back().stub))
     start();
   const std::size_t fresh = children.size() - entries_.size();

@@ -1,5 +1,5 @@
-// Where the entities of a drawing's spaces are, in plan: a tree of their extents, so that a window in a large drawing
-// doesn't walk it whole. Built when it is first asked, brought up to date when it is asked after changes.
+// Finds the entities in a part of the drawing, in plan, with a tree of their extents instead of a walk over all. The
+// tree is built at the first query and brought up to date at queries after changes.
 #pragma once
 #include <memory>
 #include <unordered_map>
@@ -18,9 +18,9 @@ class SpatialIndex final : private ChangeListener {
   SpatialIndex(const SpatialIndex&) = delete;
   SpatialIndex& operator=(const SpatialIndex&) = delete;
 
-  // The main entities of the block record (the model space, a layout or any block) whose extents meet the box in plan,
-  // its edge included, in drawing order; those that have no extents (rays, construction lines) are always among them.
-  // Erased ones never are; hidden layers are the caller's to pass over. Empty for what holds no entities.
+  // The main entities of a block record (the model space, a layout or any block) whose extents meet the box in plan, its
+  // edge included, in drawing order. Entities without extents (rays, construction lines) are always included, erased
+  // ones never; the caller leaves out hidden layers. Empty for any other stub.
   std::vector<AcDbStub*> query(const AcDbStub* space, const AcDbExtents& box);
   // The box of all entities that have extents; empty when there are none.
   AcDbExtents extents(const AcDbStub* space);

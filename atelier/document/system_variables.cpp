@@ -1,5 +1,5 @@
 // Reading and setting system variables by their rows.
-// An integer serves where a real is kept; a real doesn't serve for an integer.
+// A real variable accepts an integer; an integer variable doesn't accept a real.
 #include "atelier/document/system_variables.h"
 
 #include "atelier/base/text.h"
@@ -24,7 +24,7 @@ Value defaultOf(const VariableRow& row) {
   }
 }
 
-// The value brought to the row's kind; nothing when it isn't of that kind or beyond its limits.
+// The value converted to the row's kind; nothing when it is of another kind or beyond the limits.
 std::optional<Value> fitted(VariableKind kind, const Value& value) {
   switch (kind) {
     case VariableKind::integer: return value.index() == 0 ? std::optional(value) : std::nullopt;

@@ -10,7 +10,7 @@ namespace atelier {
 
 struct TransientVector {
   AcGePoint3d from, to;
-  int color = 7;  // palette index; 0 takes away what was drawn there
+  int color = 7;  // palette index; 0 removes vectors drawn at the same place
   bool highlighted = false;
 };
 

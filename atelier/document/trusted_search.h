@@ -10,12 +10,12 @@ namespace atelier {
 
 class Document;
 
-// Trusted are the search folders with what lies below them, the folders of TRUSTEDPATHS (parted by ";"; one that ends
-// in "/..." with all below it), and those of files that the user had loaded by name.
+// Trusted are the search folders and all folders below them, the folders of TRUSTEDPATHS (separated by ";"; one that
+// ends in "/..." includes all below it), and the folders of files that the user has loaded by name.
 class TrustedSearch : public lisp::FolderSearch {
  public:
   explicit TrustedSearch(Document& document) : document_(document) {}
-  // The user asked for this file: it and what lies beside it are trusted from now on.
+  // The user asked for this file: its folder is trusted from now on.
   void trust(const std::string& file);
   bool isTrusted(const std::string& file) const;
   std::string refusal(const std::string& path) override;

@@ -86,7 +86,7 @@ lisp::Value reals(lisp::Interpreter& interpreter, const double* values, int coun
   return list;
 }
 
-// The value behind a group code.
+// The value of a node with a group code.
 lisp::Value groupValue(lisp::Interpreter& interpreter, const resbuf& node) {
   const int code = node.restype;
   if (isPointCode(code)) return reals(interpreter, node.resval.rpoint, 3);
@@ -110,7 +110,7 @@ lisp::Value items(lisp::Interpreter& interpreter, const resbuf*& node) {
   for (; node && node->restype != RTLE; node = node ? node->rbnext : nullptr) {
     lisp::Value item;
     if (node->restype == RTDOTE) {
-      // The item before it is what follows the dot.
+      // The last item is the part after the dot.
       if (head.isPair() && last.isPair()) {
         lisp::Value before = head;
         while (before.cdr().isPair() && before.cdr() != last) before = before.cdr();
@@ -216,7 +216,7 @@ bool entityFromValue(lisp::Value value, AcDbObjectId& entity, AcGePoint3d& point
 
 namespace {
 
-// Walks the text and tells the depth of parentheses after each character; stops when the visitor answers true.
+// Calls the visitor with the depth of parentheses after each character; stops when it answers true.
 template <class VISIT>
 int walkParentheses(std::string_view text, VISIT visit) {
   int depth = 0;

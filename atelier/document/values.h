@@ -1,5 +1,5 @@
-// AutoLISP values to the host's chains and back, and the few values that prompts take.
-// The forms are those in which published functions meet their arguments.
+// AutoLISP values to the host's chains and back, and the values that prompts accept.
+// The chains are those in which published functions get their arguments.
 #pragma once
 #include <optional>
 #include <span>
@@ -13,8 +13,8 @@ namespace atelier {
 
 // The arguments of a call as the chain that its handler reads; null for none. The caller releases it.
 resbuf* chainOfArguments(lisp::Arguments arguments);
-// A chain that a handler hands over, as a list. A bracket pair around the whole is the list itself; nodes with group
-// codes become dotted pairs.
+// A chain given by a handler, as a list. RTLB and RTLE around the whole chain are dropped; nodes with group codes
+// become dotted pairs.
 lisp::Value listOfChain(lisp::Interpreter& interpreter, const resbuf* chain);
 lisp::Value valueOfNode(lisp::Interpreter& interpreter, const resbuf& node);
 
@@ -25,7 +25,7 @@ std::optional<AcGePoint3d> pointFromValue(lisp::Value value);                   
 bool entityFromValue(lisp::Value value, AcDbObjectId& entity, AcGePoint3d& point);
 lisp::Value pointValue(lisp::Interpreter& interpreter, const AcGePoint3d& point);
 
-// Index behind the expression that opens the text; its size when the parentheses are not closed.
+// The index after the expression at the start of the text; the text's size when its parentheses are not closed.
 std::size_t expressionEnd(std::string_view text);
 // How many parentheses stay open at the end of the text (strings and comments minded); negative: too many closed.
 int openParentheses(std::string_view text);

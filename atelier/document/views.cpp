@@ -1,5 +1,5 @@
 // The active viewport and the header's extents.
-// They are written past the undo journal: saving is no step that a user takes back.
+// They are written without the undo journal: saving is not a step to undo.
 #include "atelier/document/views.h"
 
 #include <algorithm>

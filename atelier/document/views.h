@@ -1,4 +1,4 @@
-// The part of the drawing that a screen shows, or would show, and the one that a file says.
+// The part of the drawing that a screen shows, or would show, and the one stored in a file.
 #pragma once
 #include "atelier/database/objects/imp_database.h"
 

@@ -1,4 +1,4 @@
-// Running the converter: where it is, its arguments, what it said when it failed.
+// Runs the converter: finds it, gives it its arguments, and reports its message when it fails.
 #include "atelier/exchange/dwg.h"
 
 #include <fcntl.h>
@@ -31,7 +31,8 @@ std::string environmentOr(const char* name, const std::string& otherwise) {
   return value && *value ? value : otherwise;
 }
 
-// KAVEL_DWG, the user's data folder, beside the installed program, the source tree; where the package is installed.
+// The first folder with an installed converter: KAVEL_DWG, the user's data folder, beside the installed program, or in
+// the source tree.
 fs::path converterFolder() {
   std::error_code error;
   const fs::path program = fs::read_symlink("/proc/self/exe", error).parent_path();
@@ -43,7 +44,7 @@ fs::path converterFolder() {
   return {};
 }
 
-// A folder that goes with everything in it.
+// A folder that is removed with all its contents.
 class TemporaryFolder {
  public:
   TemporaryFolder() {
@@ -103,11 +104,11 @@ std::string convertDrawing(const std::string& path) {
   const fs::path raw = temporary / "brut.dxf", log = temporary / "journal";
   const int status =
       runProgram({"node", (folder / "convertir.mjs").string(), fs::absolute(path).string(), raw.string()}, log);
-  if (status < 0 || status == 127) throw FileError(path, 0, std::string(kInstall) + ": node n'est pas la");
+  if (status < 0 || status == 127) throw FileError(path, 0, std::string(kInstall) + ": node n'est pas là");
   if (status != 0) {
     const std::string said = firstLine(contents(log));
     throw FileError(path, 0,
-                    "le convertisseur DWG a echoue: " + (said.empty() ? "statut " + std::to_string(status) : said));
+                    "le convertisseur DWG a échoué: " + (said.empty() ? "statut " + std::to_string(status) : said));
   }
   std::string name = (fs::temp_directory_path() / "kavel-dwg-XXXXXX.dxf").string();
   const int file = mkstemps(name.data(), 4);
@@ -117,7 +118,7 @@ std::string convertDrawing(const std::string& path) {
   if (!written) {
     std::error_code error;
     fs::remove(name, error);
-    throw FileError(name, 0, "ecriture impossible");
+    throw FileError(name, 0, "écriture impossible");
   }
   return name;
 }

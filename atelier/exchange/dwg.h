@@ -1,18 +1,18 @@
 // Opening .dwg drawings through a converter, which is a process of its own.
-// The converter is outils/dwg; its output is mended before it is read.
+// The converter is outils/dwg; faults of its output are repaired before it is read.
 #pragma once
 #include <string>
 #include <string_view>
 
 namespace atelier::exchange {
 
-// The path of a temporary DXF file for a .dwg, which the caller removes; empty for a file of another kind. Throws FileError: no
-// such file, no converter (the message says what to install), a drawing that it can't read.
+// The path of a temporary DXF file for a .dwg, which the caller removes; empty for a file of another kind. Throws
+// FileError when the file or the converter is missing (the message says what to install), or it can't read the drawing.
 std::string convertDrawing(const std::string& path);
 
-// ASCII DXF as the converter writes it, with its known faults mended: 16-bit integers above 32767 are negative again, a layer in
-// extended data that is a handle in reversed hexadecimal gets its name, a text of an XRECORD that was cut into groups 3 is whole,
-// doubled or needless backslashes before \U+ and quotes go. What is no group stays as it is.
+// The converter's ASCII DXF with its known faults repaired: 16-bit integers above 32767 become negative again, a layer
+// in extended data given as a handle in reversed hexadecimal gets its name, a text of an XRECORD cut into groups 3 is
+// joined, doubled or needless backslashes before \U+ and quotes are removed. Lines that aren't groups are unchanged.
 std::string mended(std::string_view dxf);
 
 }  // namespace atelier::exchange

@@ -1,5 +1,5 @@
-// Mending the converter's DXF, a group at a time. Group codes with 16-bit integers are those of the DXF reference, "Group code
-// value types".
+// Repairs the converter's DXF, group by group.
+// Group codes with 16-bit integers are those of the DXF reference, "Group code value types".
 #include <algorithm>
 #include <map>
 #include <vector>
@@ -15,7 +15,7 @@ struct Line {
   std::string value;
 };
 
-// Texts of XRECORDs are cut into pieces of at least so many bytes.
+// The converter cuts texts of XRECORDs into pieces of at least so many bytes.
 constexpr std::size_t kShortestPiece = 240;
 
 std::string_view takeLine(std::string_view& rest) {

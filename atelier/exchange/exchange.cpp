@@ -1,4 +1,4 @@
-// The room's AutoLISP functions as part of every drawing, and its converter for drawings that aren't DXF.
+// Adds the room's AutoLISP functions to every drawing, and its converter for drawings that aren't DXF.
 #include "atelier/exchange/exchange.h"
 
 #include "atelier/document/document.h"

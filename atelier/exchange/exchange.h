@@ -1,4 +1,4 @@
-// What this room adds to every drawing that is opened after the call.
+// Adds this room's functions and converter to every drawing opened after the call.
 #pragma once
 #include <span>
 

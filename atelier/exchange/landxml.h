@@ -1,5 +1,5 @@
-// What LandXML says of longitudinal profiles: alignments with their ground and their project lines.
-// In memory everything is in metres; stations are those of the file, along the alignment.
+// Longitudinal profiles in LandXML: alignments with their ground and their project lines.
+// In memory all lengths are in metres; stations are those of the file, along the alignment.
 #pragma once
 #include <string>
 #include <string_view>
@@ -11,19 +11,19 @@ struct StationLevel {
   double station = 0, level = 0;
 };
 
-// A ProfSurf. Each PntList2D is a piece; the ground is missing between two of them.
+// A ProfSurf. Each PntList2D is a piece; between two pieces there is no ground.
 struct Ground {
   std::string name, state;  // state: "existing", "proposed" ...; may be empty
   std::vector<std::vector<StationLevel>> pieces;
 };
 
-// A vertex of a ProfAlign, with the vertical curve at it. Lengths of parabolas are horizontal, that of a circle its arc.
+// A vertex of a ProfAlign, with its vertical curve. Lengths of parabolas are horizontal; that of a circle is its arc.
 struct Vertex {
   enum class Curve { none, parabola, unsymmetric, circle };
   StationLevel at;
   Curve curve = Curve::none;
   double length = 0;     // of the curve, worked out on writing a circle; of the part before the vertex when unsymmetric
-  double lengthOut = 0;  // of the part behind the vertex, when it is unsymmetric
+  double lengthOut = 0;  // of the part after the vertex, when it is unsymmetric
   double radius = 0;     // of a circle, always positive: the sign follows from the grades
 };
 
@@ -42,7 +42,7 @@ struct Alignment {
 struct LandXml {
   double metres = 1;  // of the file's unit of length
   std::vector<Alignment> alignments;
-  std::vector<std::string> warnings;  // French: what was left out or mended
+  std::vector<std::string> warnings;  // French: what was left out or corrected
 };
 
 // Reads LandXML 1.0, 1.1, 1.2 and InfraModel files: elements are known by their local names, whatever the namespace.
@@ -50,8 +50,8 @@ struct LandXml {
 // station goes back, a vertical curve has no room, or no radius.
 LandXml readLandXml(const std::string& path);
 
-// Writes LandXML 1.2 in metres, numbers to the nanometre; a circle's radius is positive in a sag. An existing file becomes
-// .bak. Throws FileError.
+// Writes LandXML 1.2 in metres, numbers to the nanometre; a circle's radius is positive in a sag. An existing file
+// becomes .bak. Throws FileError.
 void writeLandXml(const std::string& path, std::string_view project, const std::vector<Alignment>& alignments);
 
 }  // namespace atelier::exchange

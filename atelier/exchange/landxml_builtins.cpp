@@ -93,7 +93,7 @@ std::string textUnder(Interpreter& in, Value list, const char* key) {
   return text ? std::string(lisp::stringArgument(in, text)) : std::string();
 }
 
-// The numbers of a list, in order; texts among them are passed over.
+// The numbers of a list, in order; texts are left out.
 std::vector<double> numbersOf(Interpreter& in, Value list) {
   std::vector<double> numbers;
   for (const Value item : Items(lisp::listArgument(in, list)))

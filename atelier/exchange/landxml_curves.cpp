@@ -1,4 +1,4 @@
-// Vertical curves between two grades: how far they reach, and whether they leave room to each other.
+// Vertical curves between two grades: how far they reach, and whether they overlap.
 // References: LandXML 1.2, ProfAlign; a circle of radius R between grades p and q opens by atan q - atan p.
 #include "atelier/exchange/landxml_curves.h"
 
@@ -13,7 +13,7 @@ using Curve = Vertex::Curve;
 constexpr double kSameStation = 1e-6;  // metres
 // Stations and lengths are often written to the millimetre: curves that touch may overlap by as much.
 constexpr double kRounding = 2.5e-3;
-// An arc and a radius that disagree by more are worth a word.
+// An arc and a radius that differ by more metres give a warning.
 constexpr double kArcDisagrees = 0.05;
 
 double opening(double in, double out) { return std::abs(std::atan(out) - std::atan(in)); }
@@ -28,9 +28,9 @@ void shrink(Vertex& vertex, double factor) {
   vertex.radius *= factor;
 }
 
-// The horizontal lengths that a vertical curve takes before and behind its vertex.
+// The horizontal lengths of a vertical curve before and after its vertex.
 struct Reach {
-  double before = 0, behind = 0;
+  double before = 0, after = 0;
 };
 
 Reach reachOf(const Vertex& vertex, double gradeIn, double gradeOut) {
@@ -44,16 +44,16 @@ Reach reachOf(const Vertex& vertex, double gradeIn, double gradeOut) {
   return {tangent * std::cos(std::atan(gradeIn)), tangent * std::cos(std::atan(gradeOut))};
 }
 
-// A circle by its radius; by its arc when the radius is missing.
+// Completes a circle: from its radius, or from its arc when the radius is missing.
 std::optional<std::string> completeCircle(Vertex& v, double in, double out, const std::string& where,
                                           std::vector<std::string>& warnings) {
   const double angle = opening(in, out);
   if (v.radius == 0) v.radius = v.length / angle;
-  if (!std::isfinite(v.radius)) return "pas de rayon: les deux pentes sont les memes";
+  if (!std::isfinite(v.radius)) return "pas de rayon: les deux pentes sont les mêmes";
   const double arc = v.radius * angle;
   if (v.length > 0 && std::abs(arc - v.length) > kArcDisagrees)
     warnings.push_back(where + ", station " + metresText(v.at.station) + ": l'arc de " + metresText(v.length) +
-                       " m ne va pas avec le rayon; le rayon de " + metresText(v.radius) + " m est garde");
+                       " m ne va pas avec le rayon; le rayon de " + metresText(v.radius) + " m est gardé");
   return std::nullopt;
 }
 
@@ -66,7 +66,7 @@ std::optional<CurveFault> complete(Project& project, const std::string& where, s
   for (std::size_t i = 1; i + 1 < v.size(); ++i) {
     if (v[i].curve == Curve::none) continue;
     const double in = gradeBetween(v[i - 1], v[i]), out = gradeBetween(v[i], v[i + 1]);
-    // Programs write a curve where the grade doesn't change: nothing bends there.
+    // Some programs write a curve where the grade doesn't change.
     if (std::abs(out - in) < 1e-9) {
       v[i].curve = Curve::none;
     } else if (v[i].curve == Curve::circle) {
@@ -93,7 +93,7 @@ std::optional<CurveFault> checkCurves(Project& project, const std::string& where
   if (auto fault = complete(project, where, warnings)) return fault;
   auto& v = project.vertices;
   for (std::size_t i = 0; i + 1 < v.size(); ++i) {
-    const double taken = reachAt(v, i).behind + reachAt(v, i + 1).before;
+    const double taken = reachAt(v, i).after + reachAt(v, i + 1).before;
     const double overlap = taken - (v[i + 1].at.station - v[i].at.station);
     if (overlap <= 0) continue;
     const std::size_t culprit = v[i + 1].curve == Curve::none ? i : i + 1;

@@ -12,9 +12,8 @@ struct CurveFault {
   std::string reason;  // French
 };
 
-// Completes circles that have a length and no radius, and makes room between curves that overlap by no more than the
-// rounding of written numbers; the first fault that remains, if any. Remarks are added to warnings, each with the
-// station; `where` stands before them.
+// Completes circles that have a length and no radius, and shortens curves that overlap by no more than the rounding of
+// written numbers. Gives the first fault that remains, if any. Adds to warnings, each with `where` and the station.
 std::optional<CurveFault> checkCurves(Project& project, const std::string& where, std::vector<std::string>& warnings);
 
 // "123.456": a station or a length for a message.

@@ -1,5 +1,5 @@
 // Reading LandXML with pugixml.
-// Only what profiles need is looked at; elements are known by their local names, so that every namespace will do.
+// Only what profiles need is read; elements are recognised by their local names, whatever the namespace.
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -30,7 +30,7 @@ void eachChild(const xml_node& parent, std::string_view name, const std::functio
     if (localName(child) == name) take(child);
 }
 
-// Beyond any station or altitude, in any unit: what is greater was meant otherwise.
+// No station or altitude is as great, in any unit: a greater number is an error.
 constexpr double kGreatest = 1e12;
 
 struct Unit {
@@ -61,24 +61,24 @@ class Reading {
     parse();
     const xml_node root = document_.document_element();
     if (localName(root) != "LandXML")
-      fail(root, "ce n'est pas un fichier LandXML: element LandXML attendu, trouve " + std::string(root.name()));
+      fail(root, "ce n'est pas un fichier LandXML: élément LandXML attendu, trouvé " + std::string(root.name()));
     result_.metres = level_ = 1;
     eachChild(root, "Units", [&](const xml_node& units) { readUnits(units); });
     eachChild(root, "Alignments", [&](const xml_node& list) {
       eachChild(list, "Alignment", [&](const xml_node& node) { readAlignment(node); });
     });
-    if (result_.alignments.empty()) throw Error(path_, 0, "aucun axe (element Alignment)");
+    if (result_.alignments.empty()) throw Error(path_, 0, "aucun axe (élément Alignment)");
     return std::move(result_);
   }
 
  private:
-  // What is no Unicode is Windows-1252, which holds Latin-1, whatever the declaration says.
+  // A text that isn't Unicode is read as Windows-1252, which includes Latin-1, whatever its declaration says.
   void parse() {
     const bool wide = bytes_.starts_with("\xff\xfe") || bytes_.starts_with("\xfe\xff");
     if (!wide && !isValidUtf8(bytes_)) bytes_ = CodePage::named("ANSI_1252").decode(bytes_);
     const auto outcome = document_.load_buffer(bytes_.data(), bytes_.size(), pugi::parse_default,
                                                wide ? pugi::encoding_auto : pugi::encoding_utf8);
-    if (!outcome) throw Error(path_, lineAt(outcome.offset), "XML mal forme");
+    if (!outcome) throw Error(path_, lineAt(outcome.offset), "XML mal formé");
   }
 
   std::int64_t lineAt(std::ptrdiff_t offset) const {
@@ -94,7 +94,7 @@ class Reading {
     const std::string name = node.attribute(attribute).value();
     for (const Unit& known : kUnits)
       if (equalNoCase(known.name, name)) return known.metres;
-    fail(node, "unite de longueur inconnue: \"" + name + "\"");
+    fail(node, "unité de longueur inconnue: \"" + name + "\"");
   }
 
   void readUnits(const xml_node& units) {
@@ -112,8 +112,8 @@ class Reading {
     where_ = "axe \"" + alignment.name + "\"";
     alignment.start = attribute(node, "staStart") * result_.metres;
     eachChild(node, "StaEquation", [&](const xml_node& equation) {
-      result_.warnings.push_back(where_ + ": l'equation de station de la ligne " +
-                                 std::to_string(lineAt(equation.offset_debug())) + " n'est pas appliquee");
+      result_.warnings.push_back(where_ + ": l'équation de station de la ligne " +
+                                 std::to_string(lineAt(equation.offset_debug())) + " n'est pas appliquée");
     });
     eachChild(node, "Profile", [&](const xml_node& profile) {
       eachChild(profile, "ProfSurf",
@@ -134,7 +134,7 @@ class Reading {
     return *value;
   }
 
-  // "CircCurve, station 12.500: ", or the element's name alone when no station stands in it.
+  // "CircCurve, station 12.500: ", or the element's name alone when it has no station.
   static std::string element(const xml_node& node) {
     const std::string_view content = trimmed(node.child_value());
     const auto station = parseReal(content.substr(0, content.find_first_of(" \t\r\n")));
@@ -226,7 +226,7 @@ class Reading {
     return value;
   }
 
-  // Names the element that is being read in messages, for as long as it lives.
+  // While it lives, messages name the element that is being read.
   class Inside {
    public:
     Inside(std::string& where, const xml_node& node, const std::string& what) : where_(where), before_(where) {

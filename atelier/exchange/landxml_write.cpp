@@ -14,7 +14,7 @@ namespace {
 using pugi::xml_node;
 using Curve = Vertex::Curve;
 
-// At most nine decimals; the zeros at the end go.
+// At most nine decimals, without zeros at the end.
 std::string number(double value) {
   char buffer[400];
   std::string text(buffer, std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, 9).ptr);

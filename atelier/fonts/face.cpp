@@ -14,11 +14,11 @@ namespace atelier::fonts {
 
 namespace {
 
-// Never taken down: faces are used until the last static object is gone.
+// Never released: static objects may use faces until the program ends.
 FT_Library library() {
   static const FT_Library handle = [] {
     FT_Library made = nullptr;
-    if (FT_Init_FreeType(&made) != 0) throw FontError("FreeType could not be started");
+    if (FT_Init_FreeType(&made) != 0) throw FontError("FreeType n'a pas pu démarrer");
     return made;
   }();
   return handle;
@@ -90,11 +90,10 @@ struct Face::Inside {
 Face::Face(const std::string& file, int index) : inside_(std::make_unique<Inside>()) {
   const std::lock_guard guard(fontLock());
   inside_->file = file;
-  if (FT_New_Face(library(), file.c_str(), index, &inside_->face) != 0)
-    throw FontError("font file cannot be read: " + file);
+  if (FT_New_Face(library(), file.c_str(), index, &inside_->face) != 0) throw FontError("police illisible: " + file);
   if (!FT_IS_SCALABLE(inside_->face)) {
     FT_Done_Face(inside_->face);
-    throw FontError("font without outlines: " + file);
+    throw FontError("police sans contours: " + file);
   }
   inside_->scale = capitalScale(inside_->face);
 }

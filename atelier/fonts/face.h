@@ -1,5 +1,5 @@
 // A font file opened with FreeType: glyph outlines and advances, cached.
-// Everything is in capital heights: the letter H stands from 0 to 1, so that text height is the scale.
+// Everything is in capital heights: the letter H reaches from 0 to 1, so that the text height is the scale.
 #pragma once
 
 #include <memory>
@@ -17,12 +17,12 @@ struct Glyph {
   Path outline;  // baseline at y = 0, pen at x = 0; fill with the nonzero rule
   Box ink;       // exact; empty for a space
   double advance = 0;
-  const Face* face = nullptr;  // whose glyph it is: not always the face that was asked
+  const Face* face = nullptr;  // the face that has the glyph: not always the one that was asked
   unsigned index = 0;          // in the face
   char32_t character = 0;
 };
 
-// No usable font file: says which was asked for.
+// There is no usable font file; the text says which font was asked for.
 class FontError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
@@ -38,13 +38,13 @@ class Face {
   Face(const Face&) = delete;
   Face& operator=(const Face&) = delete;
 
-  // The glyph of a code point. What this face lacks comes from another installed font that has it, at the
-  // same capital height, else it is this face's mark for missing glyphs. Controls are spaces.
+  // The glyph of a code point. If this face lacks it, it comes from another installed font, at the same capital
+  // height; if none has it, this face's mark for missing glyphs is given. Control characters are spaces.
   const Glyph& glyph(char32_t c) const;
   bool has(char32_t c) const;
   const std::string& file() const;
 
-  // For who embeds the font: the FT_Face, and its em square in capital heights.
+  // For embedding the font: the FT_Face, and the size of its em square in capital heights.
   void* native() const;
   double emInCapitals() const;
 

@@ -108,7 +108,7 @@ const Face& findFace(std::string_view font, bool bold, bool italic) {
   auto& slot = faces().byName[key];
   if (!slot) {
     const auto file = locate(font, bold, italic);
-    if (!file) throw FontError("no font is installed: \"" + std::string(font) + "\" needs one (osifont)");
+    if (!file) throw FontError("aucune police n'est installée: \"" + std::string(font) + "\" en demande une (osifont)");
     slot = &faces().open(*file);
   }
   return *slot;

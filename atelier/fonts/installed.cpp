@@ -22,7 +22,7 @@ struct Deleter {
 template <class T>
 using Held = std::unique_ptr<T, Deleter>;
 
-// A configuration of our own, so that nothing else in the process (a desktop toolkit) changes it or loses it.
+// A configuration of our own, so that no other part of the process (a desktop toolkit) changes or releases it.
 FcConfig* config() {
   static const Held<FcConfig> own(FcInitLoadConfigAndFonts());
   return own.get();
@@ -54,7 +54,7 @@ std::map<std::string, FontFile, std::less<>> readFiles() {
   for (int i = 0; fonts && i < fonts->nfont; ++i) {
     const auto file = fileOf(fonts->fonts[i]);
     if (!file) continue;
-    // Of a collection the first face is kept.
+    // A collection holds several faces under one file name: the first is kept.
     const auto [at, fresh] = files.try_emplace(folded(file->path.substr(file->path.rfind('/') + 1)), *file);
     if (!fresh && file->index < at->second.index) at->second = *file;
   }

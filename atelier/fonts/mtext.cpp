@@ -11,7 +11,7 @@ namespace {
 
 // Baseline to baseline at line spacing factor 1, in text heights (DXF reference, MTEXT group 44).
 constexpr double kLinePitch = 5.0 / 3.0;
-// The parts of a stacked fraction: their height and where their baselines stand, in text heights.
+// A stacked fraction in text heights: the height of its parts, their baselines and the bar between them.
 constexpr double kStackHeight = 0.7, kStackUpper = 0.65, kStackLower = -0.35, kStackBar = 0.5;
 
 struct Placed {

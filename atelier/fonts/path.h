@@ -1,5 +1,5 @@
 // Plane outlines: points, affine maps, boxes and paths of lines and cubic Béziers.
-// Glyphs are made of them, and whatever draws text or lines afterwards.
+// Glyphs consist of them, and so do the drawn lines and texts.
 #pragma once
 
 #include <limits>

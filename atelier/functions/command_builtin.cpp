@@ -1,6 +1,5 @@
-// AutoLISP's `command` and its sisters: values as answers to the prompts of commands.
-// A command that still asks when the values are used up waits for the next call, or for the user at the
-// program's end.
+// AutoLISP's `command` and related functions: their values answer the prompts of commands.
+// A command that still asks when the values are used up waits for the next call, or for the user when the program ends.
 #include "atelier/commands/command_run.h"
 #include "atelier/commands/value_source.h"
 #include "atelier/document/cancelling.h"
@@ -29,7 +28,7 @@ std::unique_ptr<CommandRun> begin(Interpreter& in, Document& document, Value nam
   return std::make_unique<CommandRun>(document, *row, text);
 }
 
-// Runs the values; false when a command was cancelled, or waits though it may not.
+// Runs the values; false when a command was cancelled, or has to wait though `mayWait` is false.
 bool runValues(Interpreter& in, Document& document, ValueSource& source, bool mayWait) {
   std::unique_ptr<CommandRun> run = takeWaiting(document);
   while (source.hasMore() || run) {
@@ -50,7 +49,7 @@ bool runValues(Interpreter& in, Document& document, ValueSource& source, bool ma
   return true;
 }
 
-// A command that fails says so and counts; the program goes on.
+// A command that fails prints its message and is counted; the program goes on.
 bool feed(Interpreter& in, Arguments arguments, bool mayWait) {
   Document& document = Document::needed();
   if (arguments.empty()) {

@@ -1,5 +1,5 @@
 // AutoLISP functions on curves: points, parameters and distances along lines, arcs, polylines, splines ...
-// A parameter, distance or point that is not on the curve gives nil, as do questions that a curve has no answer to.
+// A parameter, distance or point that is not on the curve gives nil, and so does a function that the curve doesn't have.
 // Reference: AutoLISP functions vlax-curve-*.
 #include <cmath>
 
@@ -15,7 +15,7 @@ namespace {
 using lisp::Arguments;
 using lisp::Interpreter;
 using lisp::Value;
-using Curve = AcDbCurve;  // the host's class; geometry's curve stands behind it
+using Curve = AcDbCurve;  // the host's class, not the geometry room's Curve
 
 const AcDbCurve& curveArgument(Interpreter& in, Value value) {
   AcDbStub* stub = stubOfValue(value);
@@ -30,7 +30,7 @@ AcGePoint3d pointOf(Interpreter& in, Value value) {
   return {x, y, z};
 }
 
-// The value by reference: it is filled while the status is being worked out.
+// The value is a reference, because computing the status argument fills it.
 Value realOrNil(Acad::ErrorStatus status, const double& value) {
   return status == Acad::eOk ? Value::real(value) : lisp::nil;
 }
@@ -38,7 +38,7 @@ Value pointOrNil(Interpreter& in, Acad::ErrorStatus status, const AcGePoint3d& p
   return status == Acad::eOk ? pointValue(in, point) : lisp::nil;
 }
 
-// A question without a second argument, or with a number or a point.
+// Functions without a second argument, or with a number or a point.
 template <Acad::ErrorStatus (AcDbCurve::*ASK)(double&) const>
 Value real(Interpreter& in, Arguments arguments) {
   double value = 0;
@@ -82,7 +82,7 @@ Value closestPoint(Interpreter& in, Arguments arguments) {
   return pointOrNil(in, curve.getClosestPointTo(pointOf(in, arguments[1]), point, extend), point);
 }
 
-// The curve is flattened along the direction, the nearest point found there and taken back along it.
+// The curve is projected along the direction; the nearest point found there is projected back.
 Value closestPointProjected(Interpreter& in, Arguments arguments) {
   const AcDbCurve& curve = curveArgument(in, arguments[0]);
   const AcGePoint3d from = pointOf(in, arguments[1]);
@@ -93,7 +93,7 @@ Value closestPointProjected(Interpreter& in, Arguments arguments) {
   double low = 0, high = 0;
   if (curve.getStartParam(low) != Acad::eOk || curve.getEndParam(high) != Acad::eOk)
     return pointOrNil(in, curve.getClosestPointTo(from, point, extend), point);
-  // A line of sight through the point: samples find the basin, halving finds its bottom.
+  // Finds the curve's point nearest to the line through the point: samples find the interval, halving the minimum.
   const AcGeVector3d unit = along.normal();
   const auto gap = [&](double param) {
     AcGePoint3d p;
@@ -119,14 +119,14 @@ Value isClosed(Interpreter& in, Arguments arguments) {
   return curveArgument(in, arguments[0]).isClosed() ? in.t() : lisp::nil;
 }
 
-// Whether the curve begins again where it ends, and goes on.
+// Whether the curve is closed and repeats itself.
 Value isPeriodic(Interpreter& in, Arguments arguments) {
   const AcDbCurve& curve = curveArgument(in, arguments[0]);
   const bool round = AcDbCircle::cast(&curve) || AcDbEllipse::cast(&curve);
   return round && curve.isClosed() ? in.t() : lisp::nil;
 }
 
-// A straight curve lies in many planes, and counts.
+// A straight curve lies in many planes: T, too.
 Value isPlanar(Interpreter& in, Arguments arguments) {
   double area = 0;
   return curveArgument(in, arguments[0]).getArea(area) == Acad::eInvalidInput ? lisp::nil : in.t();
@@ -142,18 +142,18 @@ constexpr lisp::Builtin kTable[] = {
     {"vlax-curve-getEndParam", real<&Curve::getEndParam>, 1, 1, "(vlax-curve-getEndParam courbe)",
      "Paramètre de la fin d'une courbe."},
     {"vlax-curve-getPointAtParam", pointAt<&Curve::getPointAtParam>, 2, 2,
-     "(vlax-curve-getPointAtParam courbe parametre)", "Point d'une courbe à un paramètre."},
+     "(vlax-curve-getPointAtParam courbe paramètre)", "Point d'une courbe à un paramètre."},
     {"vlax-curve-getPointAtDist", pointAt<&Curve::getPointAtDist>, 2, 2, "(vlax-curve-getPointAtDist courbe distance)",
      "Point d'une courbe à une distance de son début."},
     {"vlax-curve-getParamAtPoint", realAtPoint<&Curve::getParamAtPoint>, 2, 2,
      "(vlax-curve-getParamAtPoint courbe point)", "Paramètre d'un point qui est sur la courbe."},
     {"vlax-curve-getParamAtDist", realAt<&Curve::getParamAtDist>, 2, 2, "(vlax-curve-getParamAtDist courbe distance)",
      "Paramètre à une distance du début."},
-    {"vlax-curve-getDistAtParam", realAt<&Curve::getDistAtParam>, 2, 2, "(vlax-curve-getDistAtParam courbe parametre)",
-     "Longueur de la courbe du début à un parametre."},
+    {"vlax-curve-getDistAtParam", realAt<&Curve::getDistAtParam>, 2, 2, "(vlax-curve-getDistAtParam courbe paramètre)",
+     "Longueur de la courbe du début à un paramètre."},
     {"vlax-curve-getDistAtPoint", realAtPoint<&Curve::getDistAtPoint>, 2, 2, "(vlax-curve-getDistAtPoint courbe point)",
      "Longueur de la courbe du début à un point qui est dessus."},
-    {"vlax-curve-getFirstDeriv", firstDerivative, 2, 2, "(vlax-curve-getFirstDeriv courbe parametre)",
+    {"vlax-curve-getFirstDeriv", firstDerivative, 2, 2, "(vlax-curve-getFirstDeriv courbe paramètre)",
      "Dérivée d'une courbe à un paramètre: sa direction."},
     {"vlax-curve-getClosestPointTo", closestPoint, 2, 3, "(vlax-curve-getClosestPointTo courbe point [prolonger])",
      "Point de la courbe le plus proche d'un point."},

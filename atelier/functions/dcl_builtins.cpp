@@ -1,5 +1,5 @@
 // AutoLISP's functions for dialogs that are described in DCL.
-// The desktop shows them as windows, the command line asks for their tiles one at a time; drawn images are left out.
+// The desktop shows them as windows, the command line asks for their tiles one at a time; images are not drawn.
 #include <fstream>
 #include <sstream>
 
@@ -21,7 +21,7 @@ using lisp::Value;
 struct DclSession {
   std::map<int, dcl::Definitions> files;
   int lastFile = 0;
-  std::vector<std::unique_ptr<dcl::TileDialog>> dialogs;  // those that are there, the one on top last
+  std::vector<std::unique_ptr<dcl::TileDialog>> dialogs;  // the open ones, the one on top last
   struct {
     std::string key;
     dcl::TileDialog::Change change = dcl::TileDialog::Change::all;
@@ -36,7 +36,7 @@ DclSession& session(Interpreter& in) {
   return *static_cast<DclSession*>(kept.get());
 }
 
-// The dialog on top, which has the tile of that key; null otherwise.
+// The dialog on top when it has a tile with that key; null otherwise.
 dcl::TileDialog* withTile(Interpreter& in, Value key) {
   auto& dialogs = session(in).dialogs;
   const std::string name(lisp::stringArgument(in, key));
@@ -94,7 +94,7 @@ Value newDialog(Interpreter& in, Arguments arguments) {
 
 Value startDialog(Interpreter& in, Arguments) {
   if (session(in).dialogs.empty()) return lisp::nil;
-  // It goes when it has ended, however that was.
+  // Removes the dialog when it has ended, by an exception, too.
   struct Gone {
     DclSession& all;
     ~Gone() { all.dialogs.pop_back(); }
@@ -106,7 +106,7 @@ Value doneDialog(Interpreter& in, Arguments arguments) {
   if (session(in).dialogs.empty()) return lisp::nil;
   session(in).dialogs.back()->finish(numberIn(lisp::optional(arguments, 0), 0));
   const lisp::Root y(in, in.cons(Value::integer(0), lisp::nil));
-  return in.cons(Value::integer(0), y);  // the place on the screen, which nobody keeps
+  return in.cons(Value::integer(0), y);  // a place on the screen, which is not used
 }
 
 Value actionTile(Interpreter& in, Arguments arguments) {

@@ -1,5 +1,5 @@
-// Dialogs in programs: the answers beforehand, the lists afterwards.
-// An extension of this host: programs test with boundp whether it is there.
+// Functions with which programs run dialogs: answers are given beforehand, the lists can be read afterwards.
+// An extension of this host: programs test with boundp whether it exists.
 #include "atelier/base/text.h"
 #include "atelier/commands/value_source.h"
 #include "atelier/dialogs/dialogs_command_line.h"
@@ -15,8 +15,8 @@ using lisp::Arguments;
 using lisp::Interpreter;
 using lisp::Value;
 
-// Runs dialogs as the command line does, whoever shows them otherwise, and keeps the lists of the one that ended last.
-// What it has to say is said aloud.
+// Runs dialogs on the command line, even when there is a desktop, and keeps the lists of the one that ended last.
+// Its messages are printed even while the command line is muted.
 class AnsweredDialogs : public CommandLineDialogs {
  public:
   explicit AnsweredDialogs(Document& document) : document_(document), before_(document.dialogPresenter) {

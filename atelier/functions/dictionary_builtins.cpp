@@ -1,5 +1,5 @@
 // AutoLISP functions on dictionaries.
-// An entry is taken out by dictremove without being erased; the host erases what nobody owns when it saves.
+// dictremove removes an entry without erasing the object; objects without an owner are erased on saving.
 #include "atelier/document/document.h"
 #include "atelier/document/groups_as_lists.h"
 #include "atelier/document/values.h"
@@ -27,7 +27,7 @@ std::wstring keyArgument(Interpreter& interpreter, Value value) {
 
 Value namedobjdict(Interpreter& interpreter, Arguments) {
   Document& document = Document::needed();
-  document.imp().namedDictionary("ACAD_GROUP");  // the root comes into being with it
+  document.imp().namedDictionary("ACAD_GROUP");  // makes the root dictionary, too
   return entityValue(interpreter, document.imp().rootDictionary);
 }
 
@@ -99,12 +99,12 @@ Value dictrename(Interpreter& interpreter, Arguments arguments) {
 
 constexpr lisp::Builtin kTable[] = {
     {"namedobjdict", namedobjdict, 0, 0, "(namedobjdict)", "Dictionnaire des objets nommés du dessin."},
-    {"dictsearch", dictsearch, 2, 3, "(dictsearch dictionnaire cle [suite])",
+    {"dictsearch", dictsearch, 2, 3, "(dictsearch dictionnaire clé [suite])",
      "Groupes de l'entrée d'un dictionnaire, ou nil."},
-    {"dictnext", dictnext, 1, 2, "(dictnext dictionnaire [debut])", "Entrée suivante d'un dictionnaire."},
-    {"dictadd", dictadd, 3, 3, "(dictadd dictionnaire cle objet)",
+    {"dictnext", dictnext, 1, 2, "(dictnext dictionnaire [début])", "Entrée suivante d'un dictionnaire."},
+    {"dictadd", dictadd, 3, 3, "(dictadd dictionnaire clé objet)",
      "Ajoute un objet à un dictionnaire; rend l'objet, ou nil."},
-    {"dictremove", dictremove, 2, 2, "(dictremove dictionnaire cle)",
+    {"dictremove", dictremove, 2, 2, "(dictremove dictionnaire clé)",
      "Retire une entrée d'un dictionnaire; rend son objet, ou nil."},
     {"dictrename", dictrename, 3, 3, "(dictrename dictionnaire ancien nouveau)",
      "Renomme une entrée d'un dictionnaire."},

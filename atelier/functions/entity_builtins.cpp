@@ -50,7 +50,7 @@ Value entmake(Interpreter& interpreter, Arguments arguments) {
   Document& document = Document::needed();
   const auto result = document.entityMaker().make(groupsOfList(interpreter, arguments[0], nullptr));
   if (!result.ok) return lisp::nil;
-  // The end of a block definition gives the block's name.
+  // At the end of a block definition the result is the block's name.
   if (result.stub && document.imp().typeName(*result.stub) == "BLOCK_RECORD")
     return interpreter.string(document.imp().recordName(*result.stub));
   return arguments[0];
@@ -65,7 +65,7 @@ Value entmakex(Interpreter& interpreter, Arguments arguments) {
       return std::any_of(groups.begin(), groups.end(),
                          [mark](const Group& g) { return g.code() == 100 && (mark.empty() || g.text() == mark); });
     };
-    // A class that the host doesn't know is what its subclass marks say; without any it is a misspelt one.
+    // A type that the host doesn't know is judged by its subclass marks; without marks it is a misspelt one.
     const bool entity = format ? !format->subclasses.empty() && format->subclasses.front() == "AcDbEntity"
                                : marked("AcDbEntity") || !marked({});
     const bool object = !entity && (!format || tableForType(format->type).empty());
@@ -114,16 +114,16 @@ Value textbox(Interpreter& interpreter, Arguments arguments) {
 }
 
 constexpr lisp::Builtin kTable[] = {
-    {"entget", entget, 1, 2, "(entget entite [applications])",
+    {"entget", entget, 1, 2, "(entget entité [applications])",
      "Liste des groupes d'un objet, avec les données étendues des applications nommées."},
     {"entmod", entmod, 1, 1, "(entmod liste)", "Modifie l'objet nommé par le groupe -1; rend la liste, ou nil."},
-    {"entupd", entupd, 1, 1, "(entupd entite)", "Met à jour l'affichage d'une entité."},
+    {"entupd", entupd, 1, 1, "(entupd entité)", "Met à jour l'affichage d'une entité."},
     {"entmake", entmake, 0, 1, "(entmake [liste])",
      "Crée une entité, un enregistrement de table ou une partie de bloc; rend la liste, ou nil."},
     {"entmakex", entmakex, 1, 1, "(entmakex liste)", "Comme entmake; rend le nom de l'objet créé, ou nil."},
-    {"entnext", entnext, 0, 1, "(entnext [entite])", "Entité suivante du dessin, attributs et sommets compris."},
+    {"entnext", entnext, 0, 1, "(entnext [entité])", "Entité suivante du dessin, attributs et sommets compris."},
     {"entlast", entlast, 0, 0, "(entlast)", "Dernière entité principale du dessin."},
-    {"entdel", entdel, 1, 1, "(entdel entite)", "Efface une entité, ou la rétablit si elle était effacée."},
+    {"entdel", entdel, 1, 1, "(entdel entité)", "Efface une entité, ou la rétablit si elle était effacée."},
     {"handent", handent, 1, 1, "(handent handle)", "Objet d'un identifiant hexadecimal, ou nil."},
     {"textbox", textbox, 1, 1, "(textbox liste)", "Coins du rectangle d'un texte donné par ses groupes."},
 };

@@ -1,5 +1,5 @@
-// How a program tells the host that what it was asked for could not be done.
-// An extension of this host: programs test with boundp whether it is there.
+// With this function a program tells the host that it could not do its task.
+// An extension of this host: programs test with boundp whether it exists.
 #include "atelier/document/document.h"
 #include "atelier/functions/builtin_tables.h"
 #include "atelier/lisp/evaluator/arguments.h"

@@ -7,7 +7,7 @@
 #include "atelier/document/values.h"
 #include "atelier/functions/builtin_tables.h"
 #include "atelier/lisp/evaluator/arguments.h"
-#include "atelier/selecting/nested_pick.h"
+#include "atelier/selecting/pick.h"
 
 namespace atelier {
 namespace {
@@ -24,7 +24,7 @@ std::string textArgument(Interpreter& in, Value value) {
   return value.isNil() ? std::string() : std::string(lisp::stringArgument(in, value));
 }
 
-// The value of an answered prompt; `value` makes the one of a plain answer.
+// The AutoLISP value of an answer; `value` makes that of an answer that is neither a keyword nor Enter.
 template <class VALUE>
 Value answered(Interpreter& in, Answer answer, VALUE value) {
   switch (answer) {
@@ -35,7 +35,7 @@ Value answered(Interpreter& in, Answer answer, VALUE value) {
   }
 }
 
-// Splits ([base] [text]) as the asking functions take them.
+// The arguments ([base] [text]) of the asking functions.
 struct Asked {
   std::optional<AcGePoint3d> base;
   std::string text;
@@ -115,7 +115,7 @@ Value getstring(Interpreter& in, Arguments arguments) {
   return answered(in, answer, [&] { return in.string(result); });
 }
 
-// What ERRNO says of a pick that gave nothing.
+// The values of ERRNO for a pick without an entity.
 constexpr int kMissed = 7, kEnterOnly = 52;
 
 Value selected(Interpreter& in, Arguments arguments, bool nested) {

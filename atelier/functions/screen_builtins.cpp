@@ -1,5 +1,5 @@
 // AutoLISP functions that show things: alerts, vectors on the screen, texts in its corners.
-// Vectors go to the document's transient graphics; a host without a window keeps them all the same.
+// Vectors go to the document's transient graphics, which are kept even without a window.
 #include "atelier/document/cancelling.h"
 #include "atelier/document/document.h"
 #include "atelier/document/values.h"
@@ -78,7 +78,7 @@ Value grvecs(Interpreter& in, Arguments arguments) {
 
 Value grtext(Interpreter&, Arguments arguments) { return arguments.size() > 1 ? arguments[1] : lisp::nil; }
 
-// Without a pointing device there is nothing to track: one answer is read as for a point.
+// There is no pointing device to follow: one answer is read as for a point.
 Value grread(Interpreter& in, Arguments) {
   constexpr int kKeyboard = 2, kPoint = 3, kEnter = 13;
   Document& document = Document::needed();
@@ -91,7 +91,7 @@ Value grread(Interpreter& in, Arguments) {
   return in.list({Value::integer(kKeyboard), Value::integer(key)});
 }
 
-// (redraw [entity [mode]]): 3 highlights, 4 takes the highlight away; without an entity the vectors go.
+// (redraw [entity [mode]]): 3 highlights, 4 removes the highlight; without an entity the vectors are removed.
 Value redraw(Interpreter& in, Arguments arguments) {
   constexpr int kHighlight = 3, kUnhighlight = 4;
   Document& document = Document::needed();
@@ -109,7 +109,7 @@ Value redraw(Interpreter& in, Arguments arguments) {
 
 Value nothing(Interpreter&, Arguments) { return lisp::nil; }
 
-// "area=texte": the area M evaluates the text; the menus of screens and tablets are not there.
+// (menucmd "area=text"): the area M evaluates the text; the areas of screen and tablet menus don't exist here.
 Value menucmd(Interpreter& in, Arguments arguments) {
   const std::string text(lisp::stringArgument(in, arguments[0]));
   if (upperCase(text.substr(0, 2)) != "M=") return lisp::nil;

@@ -93,7 +93,7 @@ Value ssmemb(Interpreter& in, Arguments arguments) {
   return setArgument(in, arguments[1]).contains(entityStub(in, arguments[0])) ? arguments[0] : lisp::nil;
 }
 
-// How each entity came in is not kept: every item says "other" (0), with the entity and its marker.
+// How an entity was selected is not kept: every item has the method "other" (0), the entity and its marker.
 Value ssnamex(Interpreter& in, Arguments arguments) {
   const SelectionSet::List& list = setArgument(in, arguments[0]).list();
   const auto item = [&](AcDbStub* stub) {

@@ -27,7 +27,7 @@ std::string tableArgument(Interpreter& interpreter, Value value) {
   return table;
 }
 
-// A block shows its base point and its first entity (-2).
+// The list of a block has its base point and its first entity (-2).
 Value recordList(Interpreter& interpreter, AcDbStub& stub) {
   AcDbImpDatabase& db = *stub.database;
   AcDbStub* source = &stub;
@@ -63,12 +63,12 @@ Value tblobjname(Interpreter& interpreter, Arguments arguments) {
   const std::string table = tableArgument(interpreter, arguments[0]);
   AcDbStub* stub = db.tableRecord(table, textArgument(interpreter, arguments[1]));
   if (!stub) return lisp::nil;
-  // Of a block the reference gives the BLOCK entity; its owner (330) leads to the record.
+  // For a block the AutoLISP reference gives the BLOCK entity; its owner (330) is the record.
   const auto ends = db.blockEnds.find(stub);
   return entityValue(interpreter, ends != db.blockEnds.end() && ends->second.begin ? ends->second.begin : stub);
 }
 
-// The place in each table is kept in a variable of the interpreter, one for each document.
+// The place reached in each table is kept in a variable of the interpreter, so that each document has its own.
 Value tblnext(Interpreter& interpreter, Arguments arguments) {
   AcDbImpDatabase& db = Document::needed().imp();
   const std::string table = tableArgument(interpreter, arguments[0]);
@@ -93,7 +93,7 @@ Value snvalid(Interpreter& interpreter, Arguments arguments) {
 
 constexpr lisp::Builtin kTable[] = {
     {"tblsearch", tblsearch, 2, 3, "(tblsearch table nom [suite])", "Enregistrement d'une table de symboles, ou nil."},
-    {"tblnext", tblnext, 1, 2, "(tblnext table [debut])", "Enregistrement suivant d'une table de symboles."},
+    {"tblnext", tblnext, 1, 2, "(tblnext table [début])", "Enregistrement suivant d'une table de symboles."},
     {"tblobjname", tblobjname, 2, 2, "(tblobjname table nom)", "Nom d'objet d'un enregistrement de table, ou nil."},
     {"regapp", regapp, 1, 1, "(regapp application)",
      "Enregistre une application pour ses données étendues; nil si elle l'est déjà."},

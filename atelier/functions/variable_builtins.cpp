@@ -82,8 +82,7 @@ Value layoutlist(Interpreter& in, Arguments) {
   return list;
 }
 
-// Foreign programs never run: with SECURELOAD they are refused, without it they can't be loaded into this
-// host.
+// Binary programs never run: SECURELOAD refuses them, and without it this host can't load them.
 Value refused(Interpreter& in, Arguments arguments) {
   const std::string name(lisp::stringArgument(in, arguments[0]));
   const bool secure = Document::needed().variables().integer("SECURELOAD", 1) != 0;

@@ -25,7 +25,7 @@ Weighted mix(const Weighted& a, const Weighted& b, double u) {
 Weighted difference(const Weighted& a, const Weighted& b) { return {a.x - b.x, a.y - b.y, a.z - b.z, a.w - b.w}; }
 AcGeVector3d vectorOf(const Weighted& p) { return {p.x, p.y, p.z}; }
 
-// Runs the construction until `left` points stand.
+// Runs the construction until `left` points remain.
 void reduce(const std::vector<Weighted>& from, double u, std::size_t left, Polygon& out) {
   std::copy(from.begin(), from.end(), out.begin());
   for (std::size_t n = from.size(); n > left; --n)
@@ -78,7 +78,7 @@ bool holds(const Box& outer, const Box& inner) {
   return true;
 }
 
-// Halves what can still stand out, until that is nearly flat.
+// Halves the piece as long as its control points lie outside the box and it isn't nearly flat.
 void grow(const Bezier& piece, Box& box, double hair, int depth) {
   box.add(piece.first());
   box.add(piece.last());

@@ -1,4 +1,4 @@
-// Rational Bézier pieces: the one form in which curves of every kind are searched for meetings and nearest points.
+// Rational Bézier pieces: curves of every kind are turned into them to find meetings and nearest points.
 // Reference: Piegl and Tiller, "The NURBS Book", chapters 1 and 6. Inner header of the room.
 #pragma once
 #include <vector>
@@ -39,11 +39,11 @@ std::vector<Bezier> bezierPieces(const AcGePoint3d& c, const AcGeVector3d& u, co
 struct Meeting {
   double u, v;  // along the one piece and the other
 };
-// Where the two pieces come nearer than the tolerance. Pieces that run along each other give no more than some of
-// their common points.
+// Where the two pieces are nearer to each other than the tolerance. For pieces that run along each other only some of
+// the common points are given.
 std::vector<Meeting> meetings(const Bezier& a, const Bezier& b, double tolerance);
 
-// Improves on a nearest point: u, and the distance when it is below `best`, which is then lowered.
+// When a point of the piece is nearer to p than `best`: sets `best` to its distance and u to its place, answers true.
 bool nearest(const Bezier& piece, const AcGePoint3d& p, double& best, double& u);
 
 }  // namespace atelier

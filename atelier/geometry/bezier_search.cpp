@@ -1,5 +1,5 @@
 // Meetings of two Bézier pieces, and the nearest point of one: halving until pieces are nearly straight, then Newton.
-// A count of steps bounds the work: pieces that run along each other would otherwise never come to an end.
+// A greatest number of steps bounds the work: for pieces that run along each other it would otherwise never end.
 #include <cmath>
 #include <optional>
 
@@ -100,8 +100,8 @@ std::vector<Meeting> meetings(const Bezier& a, const Bezier& b, double tolerance
 
 namespace {
 
-// Newton on the foot of the perpendicular, from inside a part; nothing where the distance is no valley, as beside a
-// sharp turn back.
+// Newton's method for the foot of the perpendicular, from inside a part. Nothing where the distance has no minimum
+// nearby, as beside a sharp turn back.
 std::optional<double> foot(const Bezier& piece, const AcGePoint3d& p, const Part& part) {
   double u = (part.from + part.to) / 2;
   const AcGeVector3d chord = part.curve.last() - part.curve.first();

@@ -1,4 +1,4 @@
-// Boxes, and a tree of the boxes of a row of things, by which a search passes over what is far away.
+// Boxes, and a tree over a row of boxes with which a search leaves out what is far away.
 // World coordinates; a box may be endless in some of its directions.
 #pragma once
 #include <algorithm>

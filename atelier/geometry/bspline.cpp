@@ -1,5 +1,5 @@
 // Flat knots to Open CASCADE's distinct knots with multiplicities, and back.
-// Its exceptions stop here: what makes no curve gives nothing.
+// The library's exceptions are caught here: data that make no curve give an empty result.
 #include "atelier/geometry/bspline.h"
 
 #include <GeomAPI_Interpolate.hxx>
@@ -19,7 +19,7 @@ namespace {
 
 // The finest chord bound, as a share of the size of the curve.
 constexpr double kFinest = 1e-9;
-// Halvings of one span between knots, and points of one curve: extreme data must come to an end.
+// The most halvings of one span between knots, and points of one curve, so that extreme data end.
 constexpr int kDeepest = 16;
 constexpr std::size_t kMostPoints = 100'000;
 

@@ -23,8 +23,8 @@ struct Nurbs {
 // with those of the points.
 std::vector<AcGePoint3d> sampleNurbs(const Nurbs& curve, double chord, std::vector<double>* parameters = nullptr);
 
-// The smooth cubic through the points, in order; points that repeat the one before are passed over. Without
-// points when fewer than two are left. Tangents count when both are given.
+// The smooth cubic through the points, in order; a point equal to the one before is left out. The result has no
+// points when fewer than two are left. Tangents are used when both are given.
 Nurbs interpolateNurbs(std::span<const AcGePoint3d> through, bool closed, const AcGeVector3d& startTangent = {},
                        const AcGeVector3d& endTangent = {});
 
@@ -39,9 +39,9 @@ double lastParameter(const Nurbs& curve);
 Nurbs partOf(const Nurbs& curve, double from, double to);
 // The same curve run through backwards, over the same bounds.
 Nurbs reversed(const Nurbs& curve);
-// The first curve and behind it the second, which begins where the first ends: its first point is dropped. The degree
-// is the greater one, and the second's parameter is shifted and stretched so that the speed is the same on both sides
-// of the joint, where that can be.
+// The first curve followed by the second, which begins where the first ends: its first point is dropped. The degree is
+// the greater of the two, and the second's parameter is shifted and stretched so that the speed is the same on both
+// sides of the joint, where that is possible.
 Nurbs joined(const Nurbs& first, const Nurbs& second);
 
 }  // namespace atelier

@@ -1,4 +1,4 @@
-// B-splines cut, turned round and joined: the knots are Open CASCADE's affair, the joint ours.
+// B-splines cut, reversed and joined: Open CASCADE changes the knots, the joint is made here.
 // Reference: Piegl and Tiller, "The NURBS Book", chapter 5.
 #include <Standard_Failure.hxx>
 #include <algorithm>
@@ -52,7 +52,7 @@ double lastParameter(const Nurbs& curve) { return curve.knots[curve.points.size(
 
 namespace {
 
-// A cut as near to a knot as knots are told apart is a cut at the knot: it would leave a span that is none.
+// A cut nearer to a knot than knots are told apart is moved to the knot: it would leave a span without length.
 double atKnot(const Nurbs& curve, double t) {
   const double hair = kSameKnot * (curve.knots.back() - curve.knots.front());
   const auto near =

@@ -9,8 +9,8 @@ namespace atelier {
 
 inline constexpr double kOnSegment = 1e-9;  // by how much, in parts of the segment, an end may be passed
 
-// The places of the crossing on the lines a-b and c-d, in parts of each. Nothing when the sine of their angle is not above
-// `parallel`.
+// The place of the crossing on each of the lines a-b and c-d: 0 at the first point, 1 at the second. Nothing when the
+// sine of the angle between them is not above `parallel`.
 template <class POINT>
 std::optional<std::array<double, 2>> crossing(const POINT& a, const POINT& b, const POINT& c, const POINT& d,
                                               double parallel) {

@@ -1,5 +1,5 @@
-// Curves: the bookkeeping over pieces. What a piece can tell is asked of it; this adds parameters, lengths up to each
-// piece, and a tree of boxes, the last two worked out when they are first needed.
+// Curves as rows of pieces: finds the piece for a parameter or a length and asks it. The lengths up to each piece and a
+// tree of boxes are worked out when they are first needed.
 #include "atelier/geometry/curve.h"
 
 #include <cmath>
@@ -152,7 +152,8 @@ std::shared_ptr<const Curve> Curve::extended() const {
       s->endlessBefore |= before;
       s->endlessAfter |= after;
     } else if (auto* e = std::get_if<Elliptic>(&p.shape)) {
-      // All round, from half of what is missing before the arc; the parameter stays in proportion to the angle.
+      // An arc extended to a full turn: the missing part is divided equally between its two ends. The parameter stays in
+      // proportion to the angle.
       constexpr double kTurn = 6.283185307179586;
       const double missing = std::max(0.0, kTurn - (e->to - e->from)), scale = 1 / rate(p);
       const double back = before ? (after ? missing / 2 : missing) : 0, on = after ? missing - back : 0;

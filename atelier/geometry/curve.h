@@ -1,5 +1,5 @@
-// A curve of any kind as a row of pieces: straight, elliptic and B-spline. Every curve entity turns into one, and
-// lengths, areas, nearest points and meetings are worked out here, once.
+// A curve of any kind as a row of pieces: straight, elliptic and B-spline. Every curve entity is turned into one, so
+// that lengths, areas, nearest points and meetings are worked out in one place.
 // World coordinates in drawing units; parameters are the entity's own (an angle, a vertex and a fraction, a knot ...).
 #pragma once
 #include <memory>
@@ -10,7 +10,7 @@
 
 namespace atelier {
 
-// Its own parameter runs from 0 to 1, beyond them on an endless side.
+// Its own parameter runs from 0 to 1; on an endless side it goes on beyond.
 struct Straight {
   AcGePoint3d from, to;
   bool endlessBefore = false, endlessAfter = false;
@@ -54,7 +54,7 @@ Shape bulgeShape(const AcGePoint3d& from, const AcGePoint3d& to, double bulge, c
 
 class Curve {
  public:
-  // Pieces follow each other, parameters rising. Nothing when there are none, or a coordinate is not finite.
+  // The pieces must follow each other with rising parameters. Nothing for no pieces or a coordinate that isn't finite.
   static std::shared_ptr<const Curve> of(std::vector<Piece> pieces, bool closed);
 
   double startParam() const { return pieces_.front().from; }
@@ -63,7 +63,7 @@ class Curve {
   bool isEndless() const;
   const std::vector<Piece>& pieces() const { return pieces_; }
 
-  // Nothing for a parameter outside the curve (a hair's breadth excepted); on an endless side there is no outside.
+  // Nothing for a parameter outside the curve by more than a rounding error; an endless side has no outside.
   std::optional<AcGePoint3d> pointAt(double param) const;
   std::optional<AcGeVector3d> derivativeAt(
       double param) const;  // by the parameter; at a corner of the piece that begins
@@ -71,24 +71,24 @@ class Curve {
   std::optional<double> distanceAt(double param) const;
   std::optional<double> paramAtDistance(double distance) const;
   double length() const { return lengths().back(); }
-  // With `extend`, also on the continuation of the first and the last piece: straight ones go on for ever, arcs all
-  // round.
+  // With `extend`, also on the continuation of the first and the last piece: a straight one goes on for ever, an arc
+  // to the full circle.
   Foot closest(const AcGePoint3d& point, bool extend = false) const;
   // The parameter of a point that lies on the curve, within the tolerance.
   std::optional<double> paramAt(const AcGePoint3d& point, double tolerance) const;
-  // Of the plane region inside the curve, closed by a chord where it is open: never negative. Nothing for a curve
-  // that lies in no plane.
+  // The enclosed area, never negative; an open curve is closed by a chord. Nothing for a curve that doesn't lie in a
+  // plane.
   std::optional<double> area() const;
-  // The points where the two meet, in the order of this curve, each once. Curves that run along each other have none
-  // there. A spline with itself: where it crosses itself, once each, its closing point left out; a row of pieces also
-  // meets itself where its pieces join.
+  // The points where the two meet, each once, ordered along this curve. A stretch where they run along each other
+  // counts as no meeting. A curve given itself: where it crosses itself, without its closing point, and where its
+  // pieces join.
   std::vector<Crossing> crossings(const Curve& other, bool extendThis, bool extendOther) const;
   // Points along the curve, no chord farther than the bound from it.
   std::vector<AcGePoint3d> sample(double chord) const;
   // The whole as one rational B-spline; nothing for an endless curve or a row of pieces without length.
   std::optional<Nurbs> toNurbs() const;
   std::shared_ptr<const Curve> transformed(const AcGeMatrix3d& matrix) const;
-  // Seen in plan: the curve itself when it lies at z = 0, else a copy that it keeps.
+  // The curve projected on z = 0: the curve itself when it lies there, else a copy that it keeps.
   const Curve& inPlan() const;
 
  private:

@@ -1,5 +1,5 @@
 // Where a spline crosses itself.
-// It is cut into runs that go on in one direction, which no such run can leave twice; only different runs meet.
+// It is cut into runs that always go forward in one direction. Such a run can't cross itself; only different runs meet.
 #include <cmath>
 
 #include "atelier/geometry/shape.h"
@@ -18,7 +18,7 @@ struct Run {
   double from, to;    // along that piece
 };
 
-// Whether every leg of the control polygon goes forward along the chord: then the curve does so all the way.
+// Whether every leg of the control polygon goes forward along the chord: then the whole curve does.
 bool goesOn(const Bezier& b) {
   const AcGeVector3d chord = b.last() - b.first();
   for (std::size_t i = 0; i + 1 < b.points.size(); ++i)
@@ -56,7 +56,8 @@ std::vector<Crossing> Curve::selfCrossings() const {
     return outer(0, ownParam(shape, beziers[run.piece], run.from + (run.to - run.from) * u));
   };
   std::vector<Crossing> out;
-  // Neighbours always meet at their joint, and the ends of a closed curve there: what comes back has made a loop.
+  // Neighbours always meet at their joint, and a closed curve at its closing point. Those aren't crossings; a meeting
+  // elsewhere is a loop.
   const auto offer = [&](double s, double t) {
     if (s > t) std::swap(s, t);
     const AcGePoint3d p = *pointAt(s);

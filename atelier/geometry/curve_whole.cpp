@@ -33,7 +33,7 @@ Nurbs nurbsOfPieces(const std::vector<Bezier>& pieces) {
   bool rational = false;
   for (std::size_t k = 0; k < pieces.size(); ++k) {
     const auto& points = pieces[k].points;
-    // Weights go on from those of the piece before: one factor for the whole piece changes nothing.
+    // The weights continue those of the piece before: one factor for all of a piece's weights doesn't change it.
     if (k > 0) joint *= pieces[k - 1].points.back().w / points.front().w;
     for (std::size_t i = k == 0 ? 0 : 1; i < points.size(); ++i) {
       out.points.push_back(Bezier::cartesian(points[i]));
@@ -126,8 +126,8 @@ std::optional<Nurbs> Curve::toNurbs() const {
 
 namespace {
 
-// Curves that touch are within the tolerance along a stretch, and halving finds many places there. Of those, and of what
-// two pieces found at their common end, the nearest one stays.
+// Curves that touch are within the tolerance along a stretch, where halving finds many places; and two pieces both find
+// a meeting at their common end. Of such places the nearest one is kept.
 std::vector<Crossing> eachOnce(const Curve& a, const Curve& b, const std::vector<Crossing>& sorted) {
   constexpr double kLongestTouch = 0.05;
   const auto gap = [&](const Crossing& c) {
@@ -148,7 +148,7 @@ std::vector<Crossing> eachOnce(const Curve& a, const Curve& b, const std::vector
   for (std::size_t i = 0; i < sorted.size(); ++i)
     keep(sorted[i], i == 0 || !same(sorted[i], sorted[i - 1], (sorted[i].param + sorted[i - 1].param) / 2));
   if (!a.isClosed() || out.size() < 2) return out;
-  // Round the start of a closed curve: the last and the first, too.
+  // On a closed curve the last and the first are neighbours, too.
   const double beyond = (sorted.front().param - a.startParam() - (a.endParam() - sorted.back().param)) / 2;
   if (same(sorted.front(), sorted.back(), beyond < 0 ? a.endParam() + beyond : a.startParam() + beyond)) {
     const Crossing first = out.front();
@@ -173,7 +173,7 @@ std::vector<Crossing> Curve::crossings(const Curve& other, bool extendThis, bool
     for (const OwnCrossing& c : shapeCrossings(pieces_[i].shape, other.pieces_[k].shape, kMeetingTolerance))
       out.push_back({shapePoint(pieces_[i].shape, c.first), outer(i, c.first), other.outer(k, c.second)});
   };
-  // The boxes of the longer curve stand in a tree; the shorter one is walked.
+  // The curve with fewer pieces is walked; the other's tree of boxes is searched.
   const bool walkThis = pieces_.size() <= other.pieces_.size();
   const Curve &walked = walkThis ? *this : other, &searched = walkThis ? other : *this;
   for (std::size_t i = 0; i < walked.pieces_.size(); ++i) {

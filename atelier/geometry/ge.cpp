@@ -78,7 +78,7 @@ AcGeMatrix3d AcGeMatrix3d::inverse() const {
   const auto& e = entry;
   for (int r = 0; r < 3; ++r)
     for (int c = 0; c < 3; ++c) {
-      // Cofactor of (c, r): indices taken round the circle carry the sign.
+      // Cofactor of (c, r): cyclic indices give it the right sign.
       const int r1 = (c + 1) % 3, r2 = (c + 2) % 3, c1 = (r + 1) % 3, c2 = (r + 2) % 3;
       result.entry[r][c] = (e[r1][c1] * e[r2][c2] - e[r1][c2] * e[r2][c1]) / d;
     }

@@ -1,4 +1,4 @@
-// What can be asked of one piece of a curve, by its own parameter. Inner header of the room.
+// Operations on one piece of a curve, by its own parameter. Inner header of the room.
 // A straight piece runs from 0 to 1, an elliptic one by its angle, a spline by its knots.
 #pragma once
 #include "atelier/geometry/curve.h"
@@ -14,7 +14,7 @@ AcGePoint3d shapePoint(const Shape& shape, double own);
 AcGeVector3d shapeDerivative(const Shape& shape, double own);
 double shapeLength(const Shape& shape, double from, double to);  // negative backwards on an endless side
 double shapeParamAtLength(const Shape& shape, double length);    // from the start of the shape
-// Improves on a nearest point: the own parameter, and the distance when it is below `best`.
+// When a point of the shape is nearer than `best`: sets `best` to its distance, `own` to its parameter, answers true.
 bool shapeNearest(const Shape& shape, const AcGePoint3d& point, double& best, double& own);
 Box shapeBox(const Shape& shape);
 // Half the integral of (p - origin) x dp along the shape, seen along the normal, a unit vector.
@@ -32,7 +32,8 @@ std::vector<OwnCrossing> shapeCrossings(const Shape& a, const Shape& b, double t
 // The own parameter of a place on one of the shape's Bézier pieces.
 double ownParam(const Shape& shape, const Bezier& piece, double u);
 
-// An angle brought to the turn that begins at `from`; one a hair below it stays there.
+// The angle plus full turns such that it lies in the turn that begins at `from`; one less than `hair` below `from`
+// counts as `from`.
 double angleFrom(double from, double angle, double hair = 1e-9);
 
 }  // namespace atelier

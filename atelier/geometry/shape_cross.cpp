@@ -1,6 +1,6 @@
-// Where two pieces meet. Straight with straight or with an arc, and circles in one plane, in closed form; all else by
-// Bézier pieces.
-// Two pieces that run along each other have no meeting there, but those that touch end to end do.
+// Where two pieces meet. Two straight ones, a straight one and an arc, and circles in one plane are solved in closed
+// form, all others by Bézier pieces. Pieces that run along each other don't meet there, but pieces that touch end to
+// end do.
 #include <cmath>
 #include <numbers>
 
@@ -10,7 +10,7 @@ namespace atelier {
 
 namespace {
 
-// Whether t lies on the piece, the tolerance allowed for; brought back to the piece.
+// Whether t lies on the piece, within the tolerance; t is then moved onto the piece.
 bool onStraight(const Straight& s, double length, double tolerance, double& t) {
   const double hair = tolerance / length;
   if ((t < -hair && !s.endlessBefore) || (t > 1 + hair && !s.endlessAfter)) return false;
@@ -26,7 +26,7 @@ void touch(const Straight& a, const Straight& b, double tolerance, std::vector<O
     for (const double s : {0.0, 1.0}) {
       if ((t == 0 ? a.endlessBefore : a.endlessAfter) || (s == 0 ? b.endlessBefore : b.endlessAfter)) continue;
       if (at(a, t).distanceTo(at(b, s)) > tolerance) continue;
-      // Not when they lie on the same side of the common point.
+      // Pieces on the same side of the common point run along each other.
       const AcGeVector3d da = at(a, 1 - t) - at(a, t), db = at(b, 1 - s) - at(b, s);
       if (da.dotProduct(db) <= 0) out.push_back({t, s});
     }

@@ -1,5 +1,5 @@
-// Lengths and areas of one piece. Elliptic and spline pieces are integrated (Gauss-Legendre, halved where that is not enough)
-// span by span.
+// Lengths and areas of one piece.
+// Elliptic and spline pieces are integrated span by span (Gauss-Legendre, with halves where that is not enough).
 #include <boost/math/quadrature/gauss.hpp>
 #include <cmath>
 
@@ -34,7 +34,7 @@ double integral(const F& f, double from, double to) {
   return halved(f, from, to, whole, kRelative * std::abs(whole), 0);
 }
 
-// The same piece around the origin: at the coordinates of a survey differences lose the digits that the integrals need.
+// The piece moved to the origin: at survey coordinates differences lose the digits that the integrals need.
 Bezier shifted(const Bezier& piece, const AcGePoint3d& origin) {
   Bezier out = piece;
   for (Weighted& p : out.points) p = {p.x - p.w * origin.x, p.y - p.w * origin.y, p.z - p.w * origin.z, p.w};
@@ -97,7 +97,7 @@ double shapeParamAtLength(const Shape& shape, double length) {
       }
       low = b.to, lowLength += span;
     }
-  // Newton, held inside the bracket.
+  // Newton's method, kept inside the bracket.
   double t = low + (high - low) / 2, from = low, fromLength = lowLength;
   for (int i = 0; i < 60 && high > low; ++i) {
     const double here = t >= from ? fromLength + shapeLength(shape, from, t) : fromLength - shapeLength(shape, t, from);

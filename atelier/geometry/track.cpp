@@ -1,5 +1,5 @@
 // Meetings of lines and circles in a plane.
-// Differences from a place nearby are worked with throughout: survey coordinates run into the millions.
+// All is worked out with differences from a place nearby, because survey coordinates run into the millions.
 #include "atelier/geometry/track.h"
 
 #include <cmath>

@@ -1,4 +1,4 @@
-// What a straight or circular piece lies on: an endless line or a whole circle of a plane, and where two of them meet.
+// The endless line or whole circle that a straight or circular piece lies on, in a plane, and where two of them meet.
 // Plane coordinates in drawing units. A place on a track is a distance along the line, or an angle in radians.
 #pragma once
 #include <vector>
@@ -24,8 +24,8 @@ struct Track {
 // None for parallel lines and circles of one centre; tracks that touch, within a billionth of a unit, have one meeting.
 std::vector<AcGePoint2d> meetings(const Track& a, const Track& b);
 
-// Both tracks at that distance, which is positive. A circle that is smaller than the distance has its inner one, too:
-// the far side of a circle that surrounds it.
+// The tracks on both sides at that distance, which must be positive. A circle smaller than the distance still has two:
+// the inner one has the distance less the radius as its radius.
 std::vector<Track> parallels(const Track& track, double distance);
 
 }  // namespace atelier

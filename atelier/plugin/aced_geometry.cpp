@@ -1,6 +1,6 @@
 // Plane geometry that the host offers to handlers.
-// Lines count as parallel only when they are so to the last digit: a handler that cuts a long, nearly parallel pair gets
-// the best point there is. Parallel ones meet where they lie on one another.
+// Lines count as parallel only when they are so to the last digit: for long, nearly parallel lines a handler gets the
+// best point that can be computed. Parallel ones meet where they lie on one another.
 #include <algorithm>
 #include <optional>
 
@@ -9,13 +9,13 @@
 
 namespace {
 
-constexpr double kRounding = 1e-15;  // what adding and taking away leaves of a coordinate, in parts of it
+constexpr double kRounding = 1e-15;  // relative rounding error of a sum of coordinates
 
 void pointAt(const ads_point from, const ads_point to, double part, ads_point result) {
   for (int i = 0; i < 3; ++i) result[i] = from[i] + part * (to[i] - from[i]);
 }
 
-// Segments that lie on one another to the last digits may cross anywhere: they meet where they come nearest.
+// Segments that lie on one another to the last digits cross at no definite point: they meet where they are nearest.
 bool touch(const ads_point a, const ads_point b) {
   const double largest = std::max({std::fabs(a[0]), std::fabs(a[1]), std::fabs(b[0]), std::fabs(b[1])});
   return std::hypot(a[0] - b[0], a[1] - b[1]) <= 8 * kRounding * largest;

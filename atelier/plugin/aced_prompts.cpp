@@ -89,7 +89,7 @@ int acedGetKword(const ACHAR* prompt, ACHAR* result) {
 int acedEntSel(const ACHAR* prompt, ads_name entity, ads_point point) {
   AcDbObjectId id;
   AcGePoint3d at;
-  const Answer answer = prompter().getEntity(prompt ? toUtf8(prompt) : "\nSelect object: ", id, at);
+  const Answer answer = prompter().getEntity(prompt ? toUtf8(prompt) : "\nChoix de l'objet: ", id, at);
   if (answer != Answer::value) return answer == Answer::none ? RTERROR : statusOf(answer);
   if (id.isNull()) return RTERROR;
   nameOf(id, entity);

@@ -1,4 +1,4 @@
-// The host's functions by which handlers take their arguments and hand back their results.
+// The host's functions with which handlers get their arguments and set their results.
 // A later result replaces an earlier one.
 #include <cwchar>
 
@@ -50,7 +50,7 @@ namespace {
 
 void printWide(const ACHAR* text) { Document::needed().print(toUtf8(text)); }
 
-// In the host's formats %s is a wide text and %S a narrow one; the C library's wide printf has it the other way.
+// In the host's formats %s is a wide text and %S a narrow one; in the C library's wide printf it is the reverse.
 std::wstring libraryFormat(const ACHAR* format) {
   std::wstring result;
   for (; *format; ++format) {

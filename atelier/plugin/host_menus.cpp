@@ -1,4 +1,4 @@
-// Menu groups come from menu files, of which the line that names the group is read; the menus themselves are made
+// Menu groups come from menu files, of which only the line with the group's name is read; applications make the menus
 // through the automation.
 // Reference: the host's menu files, "***MENUGROUP".
 #include "atelier/plugin/host_menus.h"
@@ -51,7 +51,7 @@ bool MenuItem::Delete() {
   auto& items = menu_.items_;
   const auto self = std::find_if(items.begin(), items.end(), [this](const auto& item) { return item.get() == this; });
   if (self == items.end()) return false;
-  items.erase(self);  // this ends here
+  items.erase(self);  // destroys this object
   hostMenus().changed();
   return true;
 }
@@ -138,7 +138,7 @@ std::vector<std::string> linesOfMacro(std::wstring_view macro) {
   for (std::size_t i = 0; i < text.size(); ++i) {
     const char c = text[i];
     if (c == '^' && i + 1 < text.size() && (text[i + 1] == 'C' || text[i + 1] == 'c')) {
-      ++i;  // nothing runs any more when a macro begins
+      ++i;  // at the start of a macro nothing is running
       continue;
     }
     if (c == '"' && (i == 0 || text[i - 1] != '\\')) quoted = !quoted;

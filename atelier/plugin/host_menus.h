@@ -1,6 +1,5 @@
-// The host's menus: groups, their pull-down menus, and the bar that shows some of them. One set for the application,
-// as the automation has it; a window draws it, the command MENU lists it and runs its entries.
-// Menu names compare without regard to case.
+// The host's menus: groups, their pull-down menus, and the bar that shows some of them. The application has one set; a
+// window draws it, the command MENU lists it and runs its entries. Names compare without regard to case.
 #pragma once
 #include <deque>
 #include <functional>
@@ -75,7 +74,7 @@ class HostMenus final : public IAcadApplication, public IAcadMenuGroups {
   IAcadMenuGroups* MenuGroups() override { return this; }
   Adesk::Int32 Count() const override { return static_cast<Adesk::Int32>(groups_.size()); }
   IAcadMenuGroup* Item(Adesk::Int32 index) override;
-  // Null when the file can't be read or names no group; a group of that name that is there already is the answer.
+  // Null when the file can't be read or names no group. A group with that name that exists already is given.
   IAcadMenuGroup* Load(const ACHAR* path, Adesk::Int32 baseMenu) override;
 
   // The menus of the bar, from the left.
@@ -83,7 +82,7 @@ class HostMenus final : public IAcadApplication, public IAcadMenuGroups {
   // The item of the bar with that label ("menu/entry", or the entry alone), without regard to case; null when there is
   // none.
   const MenuItem* find(std::wstring_view label) const;
-  // Told after each change; one listener.
+  // Called after each change; there is one listener.
   std::function<void()> onChange;
 
  private:
@@ -99,8 +98,8 @@ class HostMenus final : public IAcadApplication, public IAcadMenuGroups {
 
 HostMenus& hostMenus();
 
-// What a macro feeds to the command line: a blank or a semicolon is an Enter outside brackets and quotes, ^C cancels.
-// One element a line of input.
+// The lines that a macro sends to the command line. Outside parentheses and quotes a blank or a semicolon is an Enter;
+// ^C cancels.
 std::vector<std::string> linesOfMacro(std::wstring_view macro);
 
 }  // namespace atelier

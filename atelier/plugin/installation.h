@@ -7,8 +7,8 @@ namespace atelier {
 
 std::string installationFolder();
 
-// What to tell the user when nothing can be kept there; empty when all is well. The plug-in makes the folder as soon as it is
-// there.
+// The message for the user when nothing can be written there; empty when it can. The plug-in makes the folder when it
+// starts.
 std::string installationTrouble();
 
 }  // namespace atelier

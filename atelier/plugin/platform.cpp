@@ -45,9 +45,9 @@ long RegGetStringW(HKEY, const wchar_t* key, const wchar_t* value, wchar_t* text
   return ERROR_SUCCESS;
 }
 
-// By the name under which the loader knows a file: a plain name given to dlopen would be matched with the name written
-// inside the file, which a plug-in need not have. The reference that dlopen takes is kept, so that an address handed out
-// stays good.
+// Compares file names of the modules that the loader knows: dlopen would compare a plain name with the name written
+// inside the file, which a plug-in need not have. The reference that dlopen takes is kept, so that addresses given out
+// stay valid.
 HMODULE GetModuleHandleW(const wchar_t* fileName) {
   if (!fileName) return nullptr;
   struct Search {

@@ -20,20 +20,20 @@ namespace {
 std::vector<EntryPoint> applications;
 bool strictHandlers = false;
 
-int applicationId = 0;  // its address stands for the applications; handlers only hand it back
+int applicationId = 0;  // its address identifies the applications; handlers only pass it back
 
-// Compares what is open and alive after a call with what was before it.
+// Compares the numbers of open objects and living chains before and after a call.
 class Watch {
  public:
   Watch() : open_(OpenObjects::count()), nodes_(liveNodes()) {}
   std::string fault() const {
     std::string what;
     if (OpenObjects::count() > open_) {
-      what += "objets restes ouverts:";
+      what += "objets restés ouverts:";
       for (std::size_t i = open_; i < OpenObjects::count(); ++i) what += " " + className(OpenObjects::list()[i]->isA());
     }
     if (liveNodes() > nodes_)
-      what += (what.empty() ? "" : "; ") + std::to_string(liveNodes() - nodes_) + " resbuf non liberes";
+      what += (what.empty() ? "" : "; ") + std::to_string(liveNodes() - nodes_) + " resbuf non libérés";
     return what;
   }
   void closeAll() const { OpenObjects::closeBeyond(open_); }
@@ -84,7 +84,7 @@ bool PublishedFunctions::define(std::string_view name, int index) {
   publications_.push_back({loading_, index});
   document_.interpreter().addExternal(name, &PublishedFunctions::invoke, this,
                                       static_cast<int>(publications_.size() - 1), "(" + std::string(name) + " ...)",
-                                      "fonction publiee par une application");
+                                      "fonction publiée par une application");
   return true;
 }
 
@@ -127,8 +127,8 @@ lisp::Value PublishedFunctions::run(std::size_t place, lisp::Arguments arguments
   if (failure == kCancelled) failCancelled(document_.interpreter());
   if (!failure.empty()) document_.interpreter().fail(failure);
   if (!fault.empty()) {
-    if (strictHandlers) document_.interpreter().fail("fonction publiee " + std::to_string(code) + ": " + fault);
-    std::fprintf(stderr, "kavel: fonction publiee %d: %s\n", code, fault.c_str());
+    if (strictHandlers) document_.interpreter().fail("fonction publiée " + std::to_string(code) + ": " + fault);
+    std::fprintf(stderr, "kavel: fonction publiée %d: %s\n", code, fault.c_str());
   }
   return result;
 }

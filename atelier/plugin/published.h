@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "atelier/document/attachment.h"
+#include "atelier/document/services.h"
 #include "atelier/lisp/evaluator/interpreter.h"
 #include "atelier/lisp/evaluator/root.h"
 #include "hote/adesk.h"
@@ -16,10 +16,10 @@ class Document;
 // An application's entry point, as the host calls it: message and application id.
 using EntryPoint = int (*)(int message, void* applicationId);
 
-// Makes an application known: it is told to start, and each document then publishes its functions.
+// Registers an application: it is started, and each document then publishes its functions.
 void registerApplication(EntryPoint entry);
 
-// What a handler left behind when it should not have.
+// Objects that a handler has left open, or chains that it has not released.
 struct HandlerFault {
   std::string function;
   std::string what;
@@ -60,7 +60,7 @@ class PublishedFunctions final : public Attachment {
   std::vector<Call> calls_;
   struct Publication {
     EntryPoint owner;
-    int code;  // the owner's own number for the function: others use the same numbers
+    int code;  // the owner's own number for the function; other owners use the same numbers
   };
   std::vector<Publication> publications_;  // AutoLISP knows a function by its place here
   EntryPoint loading_ = nullptr;

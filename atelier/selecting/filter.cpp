@@ -1,5 +1,5 @@
 // Selection filters: operators and their nesting.
-// Operands that can no longer change the result are passed over without looking at the entity.
+// Operands that can no longer change the result are skipped without looking at the entity.
 #include <algorithm>
 
 #include "atelier/database/objects/chain.h"
@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kOperator = -4, kApplication = -3;
 
-// "<AND" -> "AND>"; empty for what opens nothing.
+// "<AND" -> "AND>"; empty for an item that isn't an opening operator.
 std::string closingOf(const SelectionFilter::Item& item) {
   if (item.code != kOperator) return {};
   const std::string word = upperCase(item.text);
@@ -37,7 +37,7 @@ bool areRelations(std::string_view relations) {
   return true;
 }
 
-// The number of ordinates of the point that stands at this place, 0 when it is no point.
+// The number of ordinates of the point at this place, 0 when there is no point.
 int ordinatesAt(const std::vector<SelectionFilter::Item>& items, std::size_t at) {
   const int code = items[at].code;
   if (!isPointCode(code) || items[at].group.kind() != GroupKind::real) return 0;
@@ -71,7 +71,7 @@ bool SelectionFilter::wellFormedUpTo(std::size_t& at, std::string_view closing, 
     }
     const std::string inner = closingOf(items_[at]);
     if (inner.empty()) {
-      // A relation stands before a group.
+      // A relation must be followed by a group.
       if (!areRelations(items_[at].text) || at + 1 >= items_.size() || items_[at + 1].code < 0) return false;
       ++at;
       at += static_cast<std::size_t>(std::max(1, ordinatesAt(items_, at)));

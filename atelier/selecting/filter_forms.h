@@ -6,11 +6,11 @@
 
 namespace atelier {
 
-// ((0 . "TEXT") (-4 . ">") (40 . 2.5) (-3 ("APP"))). Fails the program with "bad SSGET list" for what is no
-// filter.
+// From a list such as ((0 . "TEXT") (-4 . ">") (40 . 2.5) (-3 ("APP"))). The AutoLISP error "bad SSGET list" for any
+// list that isn't a filter.
 SelectionFilter filterOfList(lisp::Interpreter& interpreter, lisp::Value list);
-// Nodes with group codes; RTDXF0 stands for 0, texts behind -3 (1001) are applications. Null gives the empty
-// filter; nothing for a chain that is no filter.
+// From nodes with group codes; RTDXF0 stands for 0, texts after -3 (1001) are applications. A null chain gives the
+// empty filter, a chain that isn't a filter nothing.
 std::optional<SelectionFilter> filterOfChain(const resbuf* chain, AcDbImpDatabase& database);
 
 }  // namespace atelier

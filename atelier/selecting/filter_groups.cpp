@@ -1,5 +1,5 @@
-// What an entity offers to a filter, and one comparison.
-// Names compare without regard to case; the words of texts with it.
+// The values of an entity that a filter compares, and one comparison.
+// Names are compared without regard to case, contents of texts with regard to it.
 #include "atelier/selecting/filter_groups.h"
 
 #include <algorithm>
@@ -25,7 +25,7 @@ std::string layoutName(AcDbStub& stub) {
   return layout ? AcDbImpObject::of(&db.object(*layout)).record.text(textField("AcDbLayout", 1)) : std::string();
 }
 
-// The format's default of a group that the record leaves out.
+// Adds the format's default for a group that the record doesn't have.
 void addDefault(std::vector<Group>& values, std::string_view type, int code) {
   const RecordFormat* format = formatOf(type);
   if (!format) return;

@@ -9,14 +9,14 @@
 
 namespace atelier {
 
-// Every value that the entity has for a group code; a group that it leaves out counts with its default. 410
-// is the name of its layout and 67 tells paper space from model space, whether written or not.
+// Every value that the entity has for a group code; a group that is not written counts with its default. 410 is the
+// name of its layout and 67 tells paper space from model space, even when not written.
 std::vector<Group> filterValues(AcDbStub& stub, int code);
-// Each point of that code as its ordinates.
+// All points that the entity has for that code.
 std::vector<AcGePoint3d> filterPoints(AcDbStub& stub, int code);
 bool hasXdataOf(AcDbStub& stub, std::string_view applications);
 
-// Relations: "" or "=" "/=" "!=" "<>" "<" "<=" ">" ">=" "*" "&" "&=". Texts compare as wild-card patterns.
+// Relations: "" or "=" "/=" "!=" "<>" "<" "<=" ">" ">=" "*" "&" "&=". Texts are matched with wild-card patterns.
 bool isRelation(std::string_view relation);
 bool groupFits(const Group& value, const Group& wanted, std::string_view relation);
 bool numberFits(double value, double wanted, std::string_view relation);

@@ -1,5 +1,5 @@
 // Entities to strokes, class by class.
-// What has no row of its own stands as the rectangle of its extents.
+// A class without a function here gives the rectangle of its extents.
 #include "atelier/selecting/flat_path.h"
 
 #include <algorithm>
@@ -23,8 +23,8 @@ constexpr double kCurveTolerance = 1e-3;  // chord of a spline, in parts of its 
 
 using Strokes = std::vector<Stroke>;
 
-// Blocks within blocks and arrays can stand for billions of entities: a walk ends at a number of visits, and the
-// reference counts as the rectangle that it fills.
+// Nested blocks and arrays can stand for billions of entities: a walk ends after a number of visits, and the reference
+// then gives the rectangle of its extents.
 struct Walk {
   Strokes strokes;
   std::size_t visits = 0;
@@ -53,7 +53,7 @@ struct PlaneVertex {
   double bulge;
 };
 
-// The outline of vertices with bulges that lie in the plane of a normal, at a height over it.
+// The outline of vertices with bulges, in the plane with this normal and elevation.
 Stroke bulgedStroke(const std::vector<PlaneVertex>& vertices, bool closed, const AcGeVector3d& normal,
                     double elevation) {
   const AcGeMatrix3d plane = AcGeMatrix3d().setToPlaneToWorld(normal);
@@ -160,12 +160,12 @@ void collectBlock(const AcDbImpDatabase& database, const AcDbStub* block, const 
     if (walk.full()) return;
     if (child->is(AcDbStub::kErased)) continue;
     const AcDbEntity* part = AcDbEntity::cast(&const_cast<AcDbImpDatabase&>(database).object(*child));
-    // The definitions of attributes don't show in a reference.
+    // A reference doesn't show attribute definitions.
     if (part && !AcDbAttributeDefinition::cast(part)) collect(*part, &matrix, depth + 1, walk);
   }
 }
 
-// Each place of an array of references.
+// The reference at each place of its array.
 void collectArray(const AcDbBlockReference& reference, const AcGeMatrix3d* matrix, int depth, Walk& walk) {
   constexpr std::string_view kInsert = "AcDbBlockReference";
   const AcDbStub* stub = stubOf(&reference);
@@ -188,7 +188,7 @@ void collectArray(const AcDbBlockReference& reference, const AcGeMatrix3d* matri
 void collectReference(const AcDbBlockReference& reference, const AcGeMatrix3d* matrix, int depth, Walk& walk) {
   const AcDbStub* stub = stubOf(&reference);
   if (!stub) return;
-  // Open, so that a large block's content doesn't push the reference itself out of memory.
+  // The reference is opened so that parsing a large block doesn't drop it from memory.
   const AcDbObjectPointer<AcDbBlockReference> held(reference.objectId());
   collectArray(reference, matrix, depth, walk);
   if (!stub->children) return;

@@ -1,6 +1,6 @@
-// Descending into block references towards a point.
-// At each level the part that is nearest to the point is taken.
-#include "atelier/selecting/nested_pick.h"
+// Finds the part of a block reference at a point.
+// At each level of nested blocks it takes the part nearest to the point.
+#include "atelier/selecting/pick.h"
 
 #include <limits>
 

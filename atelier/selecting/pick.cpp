@@ -1,5 +1,5 @@
-// What stands under a point.
-// The spatial index names the few that can be near; their strokes are then measured.
+// Finds the entity at a point.
+// The spatial index gives the few that can be near; the distance to their strokes is then measured.
 #include "atelier/selecting/pick.h"
 
 #include <limits>
@@ -12,7 +12,7 @@ namespace atelier {
 
 double pickRadius(Document& document) {
   const SystemVariables& variables = document.variables();
-  constexpr double kScreenHeight = 1000;  // pixels of the view that VIEWSIZE units fill
+  constexpr double kScreenHeight = 1000;  // pixels; VIEWSIZE units are shown on them
   return variables.integer("PICKBOX", 3) * variables.real("VIEWSIZE", 100) / kScreenHeight;
 }
 

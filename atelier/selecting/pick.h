@@ -1,18 +1,23 @@
-// What stands under a point of the drawing.
-// A pick finds what comes within the pick box, in drawing units.
+// The entity at a point of the drawing, also inside a block.
+// A pick finds entities that reach into the pick box around the point.
 #pragma once
+#include "atelier/lisp/values/value.h"
 #include "hote/dbmain.h"
 
 namespace atelier {
 
 class Document;
 
-// The entity of the current space that is nearest to the point within the pick box, the latest drawn one of equals;
-// null when there is none. Off and frozen layers are passed over.
+// The entity of the current space nearest to the point, within the pick box; of several equally near the one drawn
+// last. Null when there is none. Layers that are off or frozen are left out.
 AcDbObjectId pickAt(Document& document, const AcGePoint3d& point);
 // Half the side of the pick box in drawing units: PICKBOX pixels of a view VIEWSIZE high.
 double pickRadius(Document& document);
 // Distance in plan from the point to what the entity draws; infinite when it draws nothing.
 double distanceTo(const AcDbEntity& entity, const AcGePoint3d& point);
+// What nentsel gives for a picked entity: (entity point) for an entity of the drawing or an attribute; (entity point
+// matrix (inserts...)) for a part of a block: the matrix from block to world coordinates as four rows of three, and the
+// inserts, innermost first.
+lisp::Value nestedPick(Document& document, AcDbObjectId picked, const AcGePoint3d& point);
 
 }  // namespace atelier

@@ -20,7 +20,7 @@ double segmentDistance(const AcGePoint3d& p, const AcGePoint3d& a, const AcGePoi
   return std::hypot(a.x + t * dx - p.x, a.y + t * dy - p.y);
 }
 
-// Segments that cut each other inside both.
+// Whether the segments cross at a point inside both.
 bool properlyCross(const AcGePoint3d& a, const AcGePoint3d& b, const AcGePoint3d& c, const AcGePoint3d& d) {
   const double c1 = cross(a, b, c), c2 = cross(a, b, d), c3 = cross(c, d, a), c4 = cross(c, d, b);
   return ((c1 > 0 && c2 < 0) || (c1 < 0 && c2 > 0)) && ((c3 > 0 && c4 < 0) || (c3 < 0 && c4 > 0));

@@ -28,7 +28,7 @@ SelectionMode modeNamed(std::string_view name) {
   return SelectionMode::unknown;
 }
 
-// Those of the set for which `keeps` holds.
+// The entities of the set for which `keeps` is true.
 template <class KEEPS>
 Set part(const SelectionSet& source, KEEPS keeps) {
   auto set = std::make_shared<SelectionSet>();
@@ -44,7 +44,7 @@ Set filtered(const SelectionSet* source, const SelectionFilter& filter) {
   return part(*source, [&](AcDbStub& stub) { return !stub.is(AcDbStub::kErased) && filter.matches(stub); });
 }
 
-// Everything of the layouts that is not frozen.
+// All entities of all layouts on layers that aren't frozen.
 Set shownEntities(AcDbImpDatabase& database, const SelectionFilter& filter) {
   LayerStates layers(database);
   return part(*selectAll(database, filter),

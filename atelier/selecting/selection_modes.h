@@ -1,4 +1,4 @@
-// The mode texts of ssget and acedSSGet: "X", "W", "_:S+." and their like, told apart once for both.
+// The mode texts of ssget and acedSSGet ("X", "W", "_:S+." ...), read in one place for both.
 // Inner header of the room.
 #pragma once
 #include <memory>
@@ -30,8 +30,8 @@ struct ModeText {
   bool single = false;
   bool unlockedOnly = false;
 };
-// Leading underscores, and options behind a colon (S, E, L, D, N, $ ... and + .), as the reference takes
-// them.
+// Reads a mode text; leading underscores and options after a colon (S, E, L, D, N, $ ... and + .) are understood as in
+// the AutoLISP reference.
 ModeText parseMode(std::string_view text);
 // How many points the mode takes: 0, 1, 2, or -1 for a list of them.
 int pointsOf(SelectionMode mode);

@@ -1,5 +1,5 @@
 // Interactive selection, an answer at a time.
-// Words count with and without the leading underscore, in French where it has its own.
+// The words are accepted with and without the leading underscore, and in French where there is a French one.
 #include "atelier/selecting/selection_prompt.h"
 
 #include <utility>

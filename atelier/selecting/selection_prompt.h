@@ -12,7 +12,7 @@ class SelectionPrompt {
  public:
   SelectionPrompt(Document& document, SelectionFilter filter, bool single, std::string prompt = "\nChoix des objets: ")
       : document_(document), filter_(std::move(filter)), single_(single), prompt_(std::move(prompt)) {}
-  // Asks on from where it stood. value: something is selected; none: Enter with nothing; cancel.
+  // Goes on asking. value: something is selected; none: Enter with nothing selected; cancel.
   Answer run();
   const std::shared_ptr<SelectionSet>& set() const { return set_; }
 
@@ -39,8 +39,8 @@ class SelectionPrompt {
   std::shared_ptr<SelectionSet> set_ = std::make_shared<SelectionSet>();
 };
 
-// What was selected before the command, which takes it instead of asking (PICKFIRST); null when it has to ask. A command
-// that AutoLISP gives its answers always asks: programs count on the prompt.
+// The objects selected before the command, which uses them without asking (PICKFIRST); null when it has to ask. A
+// command with answers from AutoLISP always asks: programs rely on the prompt.
 std::shared_ptr<SelectionSet> takeSelectedBefore(Document& document);
 
 }  // namespace atelier

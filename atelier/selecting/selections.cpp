@@ -1,8 +1,9 @@
 // Selecting by filter and by place.
-// The spatial index names the few that can match; what they draw decides.
+// The spatial index gives the few that can match; their strokes decide.
 #include "atelier/selecting/selections.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 #include "atelier/base/interruption.h"
 #include "atelier/document/document.h"
@@ -20,7 +21,7 @@ AcDbExtents extentsOf(std::span<const AcGePoint3d> points) {
   return box;
 }
 
-// Entities of the current space that show and whose extents overlap the box in plan, latest first.
+// Shown entities of the current space whose extents overlap the box in plan, latest first.
 template <class VISIT>
 void entitiesNear(Document& document, const AcDbExtents& box, VISIT visit) {
   LayerStates layers(document.imp());
@@ -76,5 +77,29 @@ Set selectBox(Document& document, const AcGePoint3d& a, const AcGePoint3d& b, bo
   const AcGePoint3d corners[] = {a, {b.x, a.y, a.z}, b, {a.x, b.y, a.z}};
   return selectPolygon(document, corners, crossing ? PolygonMode::crossing : PolygonMode::window, filter);
 }
+
+// --- sets that handlers hold
+
+namespace {
+// The first word of a name is the set's address; the second is 1, unlike that of an entity's name.
+std::unordered_map<const void*, std::shared_ptr<SelectionSet>> held;
+}  // namespace
+
+void holdSelection(const std::shared_ptr<SelectionSet>& set, ads_name name) {
+  held[set.get()] = set;
+  name[0] = reinterpret_cast<std::int64_t>(set.get());
+  name[1] = 1;
+}
+
+std::shared_ptr<SelectionSet> heldSelection(const ads_name name) {
+  const auto it = held.find(reinterpret_cast<const void*>(name[0]));
+  return name[1] == 1 && it != held.end() ? it->second : nullptr;
+}
+
+SelectionSet* selectionOf(const ads_name name) {
+  return name[1] == 1 && name[0] != 0 ? reinterpret_cast<SelectionSet*>(name[0]) : nullptr;
+}
+
+bool releaseSelection(const ads_name name) { return held.erase(reinterpret_cast<const void*>(name[0])) > 0; }
 
 }  // namespace atelier

@@ -36,13 +36,13 @@ class SelectionFilter {
 
  private:
   bool wellFormedUpTo(std::size_t& at, std::string_view closing, std::size_t& operands) const;
-  // One operand from `at` on, which moves behind it; an operand whose value doesn't matter is only passed over.
+  // The value of the operand at `at`, which is moved after it; an operand that doesn't matter is only skipped.
   bool one(AcDbStub& stub, std::size_t& at, bool matters) const;
   bool group(AcDbStub& stub, std::size_t& at, std::string_view relations, bool matters) const;
   std::vector<Item> items_;
 };
 
-// Every main entity of the drawing (all layouts) that the filter takes, latest first as the reference has it.
+// Every main entity of the drawing (all layouts) that passes the filter, latest first as in the AutoLISP reference.
 std::shared_ptr<SelectionSet> selectAll(AcDbImpDatabase& database, const SelectionFilter& filter);
 // Entities of the current space: wholly inside the box, or inside or crossing it.
 std::shared_ptr<SelectionSet> selectBox(Document& document, const AcGePoint3d& a, const AcGePoint3d& b, bool crossing,

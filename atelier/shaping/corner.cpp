@@ -1,5 +1,5 @@
 // Choosing among the circles that touch two tracks.
-// A circle touches both where its centre lies on a parallel of each: up to eight of them.
+// A circle touches both when its centre lies on a parallel of each: there are up to eight such circles.
 #include "atelier/shaping/corner.h"
 
 #include <cmath>
@@ -14,7 +14,7 @@ constexpr double kTouch = 1e-9;
 
 double cross(const AcGeVector2d& u, const AcGeVector2d& v) { return u.x * v.y - u.y * v.x; }
 
-// The place of a point on the side's track: on a circle the turn is taken that lies on the piece or nearest to it.
+// The place of a point on the side's track; on a circle the angle within the piece, or nearest to it.
 double placeOn(const CornerSide& side, const AcGePoint2d& point) {
   const double param = side.track.paramOf(point);
   if (!side.track.isRound() || side.whole) return param;
@@ -26,7 +26,8 @@ bool leavesSomething(const CornerSide& side, const Joint& joint) {
   return side.whole || (joint.keepsHigh ? side.high - joint.param : joint.param - side.low) > kTouch;
 }
 
-// How well a corner is what the picks mean: parts that were picked and go, then how far its ends are from the picks.
+// How well a corner fits the picks: first the number of picked parts that it removes, then the distance of its ends
+// from the picks. Less is better.
 struct Fit {
   int lost = 0;
   double distance = 0;
@@ -53,7 +54,7 @@ class Choice {
   Fit fit_;
 };
 
-// At a meeting the picked part stays; a pick on the meeting itself means the longer one.
+// The part with the pick is kept; for a pick on the meeting itself the longer part.
 Joint jointAt(const CornerSide& side, const AcGePoint2d& meeting) {
   const double param = placeOn(side, meeting), pick = placeOn(side, side.pick);
   if (std::abs(pick - param) > kTouch) return {meeting, param, pick > param};
@@ -66,7 +67,7 @@ std::optional<Corner> sharpCorner(const CornerSide& a, const CornerSide& b) {
   return choice.best();
 }
 
-// Where a circle round that centre touches the track: on a circle that it surrounds, the far side.
+// Where a circle round that centre touches the track; a circle that it surrounds is touched on the far side.
 AcGePoint2d touchingPoint(const Track& track, const AcGePoint2d& centre, double radius) {
   const double param = track.paramOf(centre);
   const AcGePoint2d near = track.pointAt(param);
@@ -75,8 +76,8 @@ AcGePoint2d touchingPoint(const Track& track, const AcGePoint2d& centre, double 
   return std::abs(near.distanceTo(centre) - radius) <= std::abs(far.distanceTo(centre) - radius) ? near : far;
 }
 
-// Whether the picked part goes, seen from the meeting of the tracks that is nearest to the joint: with a great radius
-// the pick may lie between the two.
+// Whether the picked part is removed. It is judged from the meeting of the tracks nearest to the joint, because with a
+// great radius the pick may lie between the two.
 bool losesPick(const CornerSide& side, const Joint& joint, const std::vector<AcGePoint2d>& corners) {
   if (side.whole) return false;
   AcGePoint2d from = joint.point;

@@ -1,5 +1,5 @@
-// What a corner leaves of its sides, and what joins them.
-// A polyline keeps its own plane: a joint is brought there from the plane of the corner.
+// Shortens or lengthens the sides of a corner, and adds the joint between them.
+// A polyline keeps its own plane: the joint is transformed from the plane of the corner.
 #include <cmath>
 
 #include "atelier/database/curves/polyline_vertices.h"
@@ -63,7 +63,7 @@ void trimArc(AcDbArc& arc, const CornerPlane& plane, const Joint& joint, const A
   else arc.setEndAngle(angle);
 }
 
-// What stays of an endless line is a ray, of a ray that or a line.
+// An endless line becomes a ray, a ray becomes a ray or a line.
 void trimEndless(Document& document, const PickedSide& picked, const CornerPlane& plane, const Joint& joint) {
   const AcGePoint3d place = plane.world(joint.point);
   const CornerSide& side = picked.side;
@@ -95,15 +95,15 @@ void trimSide(Document& document, const PickedSide& picked, const CornerPlane& p
 
 // --- two segments of one polyline
 
-// The segments in the order in which the corner lies between them.
+// The segments before and after the corner.
 struct Between {
   const PickedSide &before, &after;
   const Joint &leaving, &arriving;
   double bulge;
 };
 
-// The vertices when the corner is put between the two; those in between are left out. `over`: the way from the one
-// segment to the other runs over the polyline's start.
+// The vertices with the corner between the two segments; vertices in between are removed. `over`: the polyline's start
+// lies between the segments.
 Vertices withCorner(const Vertices& list, const Between& b, bool over, bool joins) {
   Vertices kept(list.begin() + (over ? b.after.segment + 1 : 0), list.begin() + b.before.segment + 1);
   PolylineVertex from = list[b.before.segment], to = list[b.after.segment];
@@ -135,7 +135,7 @@ void joinSegments(const CornerSides& sides, const Corner& corner) {
   const unsigned apart = high.segment - low.segment, around = segments - apart;
   const bool next = apart == 1 || apart == 2, over = low.closed ? around <= 2 : around == 1;
   if (apart == 0 || (!next && !over)) throw Error("Les deux segments ne se suivent pas.");
-  // Which of two ways round is meant, the parts that stay say.
+  // The parts to keep say which of the two ways round is meant.
   const bool forward = next && !keepsEnd(low, atLow) && keepsEnd(high, atHigh);
   if (!forward && (!over || !keepsEnd(low, atLow) || keepsEnd(high, atHigh)))
     throw Error("Les deux segments ne se raccordent pas ainsi.");
@@ -145,7 +145,7 @@ void joinSegments(const CornerSides& sides, const Corner& corner) {
   if (!forward) polyline->setClosed(true);
 }
 
-// The polyline takes in what joins it with the other curve, and that curve. False when they don't touch, within reason.
+// Adds the joint and the other curve to the polyline. False when they don't touch, within a tolerance.
 bool takeIn(const PickedSide& taker, const PickedSide& taken, const AcDbCurve* joint) {
   const AcDbObjectPointer<AcDbPolyline> polyline(taker.id, AcDb::kForWrite);
   const AcDbObjectPointer<AcDbCurve> other(taken.id, AcDb::kForWrite);
@@ -161,7 +161,7 @@ bool takeIn(const PickedSide& taker, const PickedSide& taken, const AcDbCurve* j
   return true;
 }
 
-// On the layer of both sides; on the current one where they differ.
+// Adds the joint on the layer of both sides, or on the current one when they differ.
 void addJoint(Document& document, const CornerSides& sides, std::unique_ptr<AcDbCurve> joint) {
   const AcDbCurve& first = pickedCurve(document, sides.first.id);
   if (first.layerId() != pickedCurve(document, sides.second.id).layerId()) {

@@ -1,5 +1,5 @@
 // Reading the sides of a corner from what was picked.
-// A plane of its own has what is no line; two lines span one.
+// Arcs, circles and polylines have a plane of their own; two lines span one.
 #include "atelier/shaping/corner_sides.h"
 
 #include <cmath>
@@ -121,7 +121,7 @@ void readSegment(PickedSide& picked, const AcDbPolyline& polyline, const AcGePoi
   picked.runsWithTrack = bulge > 0;
 }
 
-// Where it was picked; of what a program named, its middle.
+// The point where it was picked, or the middle of a curve that a program named.
 AcGePoint3d pickOn(const AcDbCurve& curve, const PickedEntity& picked) {
   AcGePoint3d point = picked.point;
   double low = 0, high = 0;

@@ -1,4 +1,4 @@
-// The two objects of a corner, brought into the plane that both lie in, and changed to what a corner leaves of them.
+// The two objects of a corner: they are expressed in their common plane, and shortened or lengthened to the corner.
 // Inner header of the room.
 #pragma once
 #include <utility>
@@ -11,7 +11,7 @@ namespace atelier {
 struct PickedSide {
   AcDbObjectId id;
   CornerSide side;
-  bool polyline = false;  // then it stands for the segment that was picked
+  bool polyline = false;  // the side is the segment that was picked
   unsigned segment = 0;
   bool runsWithTrack = true;  // the segment, along rising places of its track
   bool closed = false;
@@ -26,8 +26,8 @@ struct CornerPlane {
   AcGePoint3d own(const AcGePoint3d& world) const;  // z: over the origin, not over the plane
 };
 
-// Throws Error for what has no corners: other curves than lines, rays, arcs, circles and polylines, and objects on
-// locked layers. Polylines whose vertices are entities become light ones.
+// Throws Error for anything but lines, rays, arcs, circles and polylines, and for objects on locked layers. Polylines
+// whose vertices are entities become lightweight ones.
 void checkSide(Document& document, const PickedEntity& picked);
 
 struct CornerSides {
@@ -35,12 +35,13 @@ struct CornerSides {
   PickedSide first, second;
   bool samePolyline() const { return first.polyline && first.id == second.id; }
 };
-// Throws Error when the two don't lie in one plane, or are the same object and no polyline.
+// Throws Error when the two don't lie in one plane, or when they are the same object and it isn't a polyline.
 CornerSides cornerSides(Document& document, const PickedEntity& first, const PickedEntity& second);
 
-// Cuts or lengthens the sides to the corner, if `trims`, and draws what joins them, with the properties of the first. A
-// polyline takes in what joins it with a line, an arc or another polyline; segments of one polyline get it in place of
-// their common vertex or of the one segment between them, and the ends of an open one are closed by it.
+// Cuts or lengthens the sides to the corner, if `trims`, and draws the joint with the properties of the first. A
+// polyline joined with a line, an arc or another polyline becomes one polyline with it. Between two segments of one
+// polyline the joint replaces their common vertex or the one segment between them; at the ends of an open one it
+// closes it.
 void applyCorner(Document& document, const CornerSides& sides, const Corner& corner, bool trims);
 
 }  // namespace atelier

@@ -18,7 +18,7 @@ namespace atelier {
 namespace {
 
 constexpr double kSameParam = 1e-9;
-constexpr double kNoLength = 1e-7;  // units: a piece as short as this is none
+constexpr double kNoLength = 1e-7;  // units: a shorter piece is left out
 
 double middleOf(const AcDbCurve& curve, const AcDbCurve& piece) {
   double low = 0, high = 0, param = 0;
@@ -104,7 +104,7 @@ std::vector<double> paramsOfMeetings(const AcDbCurve& curve, const std::vector<A
 
 namespace {
 
-// What goes on from one angle of a round closed curve to the other; the start of its parameters is no place in it.
+// The part of a round closed curve from one angle on to the other, as one piece even across the start.
 std::unique_ptr<AcDbCurve> restOfRound(const AcDbCurve& curve, double from, double to) {
   if (const auto* circle = AcDbCircle::cast(&curve))
     return std::make_unique<AcDbArc>(circle->center(), circle->normal(), circle->radius(), from, to);
@@ -156,7 +156,7 @@ CurvePieces without(const AcDbCurve& curve, double from, double to) {
     const bool inside = from <= to ? middle > from && middle < to : middle > from || middle < to;
     if (!taken || !inside) kept.push_back(std::move(part));
   }
-  // A closed polyline is cut at its start, too, where nobody asked.
+  // A closed polyline has also been cut at its start: these two pieces are joined again.
   if (closed && kept.size() > 1 && AcDbPolyline::cast(kept.back().get()) &&
       AcDbPolyline::cast(kept.back().get())->joinWith(kept.front().get()) == Acad::eOk)
     kept.erase(kept.begin());

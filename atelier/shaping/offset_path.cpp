@@ -48,7 +48,7 @@ Part moved(const PolylineVertex& a, const PolylineVertex& b, double distance) {
   return part;
 }
 
-// Ends of neighbours are put where their lines meet, nearest to the corner they had.
+// Neighbours end where their lines meet, at the meeting nearest to their corner before.
 void join(Part& before, Part& after) {
   if ((before.to - after.from).length() <= kTouch) return;
   const auto points = meetings(before.track(), after.track());
@@ -75,7 +75,7 @@ std::vector<PolylineVertex> offsetPath(const std::vector<PolylineVertex>& vertic
     const Part part = moved(a, b, distance);
     if (part.radius >= 0 && (part.radius > kTouch || a.bulge == 0)) parts.push_back(part);
   }
-  // A short piece that turns round goes, and its neighbours meet instead.
+  // A short piece that would run backwards is removed, and its neighbours meet.
   for (bool again = true; again && !parts.empty();) {
     std::vector<Part> joined = parts;
     joinAll(joined, closed);

@@ -1,5 +1,5 @@
 // A row of straight and circular pieces, moved sideways.
-// Plane coordinates; a positive distance is to the left of the way along the row.
+// Plane coordinates; a positive distance is to the left of the row's direction.
 #pragma once
 #include <vector>
 
@@ -8,7 +8,7 @@
 namespace atelier {
 
 // Neighbours are cut or lengthened to where they meet; pieces that would run backwards are left out. Empty when
-// nothing is left. Crossings of pieces that are not neighbours stay.
+// nothing is left. Crossings of pieces that are not neighbours are not removed.
 std::vector<PolylineVertex> offsetPath(const std::vector<PolylineVertex>& vertices, bool closed, double distance);
 
 }  // namespace atelier

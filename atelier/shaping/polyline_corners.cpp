@@ -1,5 +1,5 @@
 // Corners of a polyline, one after the other along it.
-// What a corner takes of a segment is not there for the next one.
+// The part of a segment that one corner uses is not available for the next one.
 #include "atelier/shaping/polyline_corners.h"
 
 #include <algorithm>
@@ -16,7 +16,7 @@ constexpr double kStraightOn = 1e-9;  // sine of the turn at a vertex that is no
 
 double cross(const AcGeVector2d& u, const AcGeVector2d& v) { return u.x * v.y - u.y * v.x; }
 
-// The meeting of the segments on either side of that one, when both run towards it.
+// The meeting of the segments before and after the arc, when both run towards it.
 std::optional<AcGePoint2d> meetingOver(const Vertices& list, std::size_t arc) {
   const std::size_t n = list.size();
   const PolylineVertex &a = list[(arc + n - 1) % n], &b = list[arc], &c = list[(arc + 1) % n], &d = list[(arc + 2) % n];
@@ -24,8 +24,8 @@ std::optional<AcGePoint2d> meetingOver(const Vertices& list, std::size_t arc) {
   const AcGeVector2d u = (b.point - a.point).normal(), v = (c.point - d.point).normal(), gap = c.point - b.point;
   const double sine = cross(u, v);
   if (std::abs(sine) < kStraightOn) return std::nullopt;
-  const double ahead = cross(gap, v) / sine, behind = cross(gap, u) / sine;
-  return ahead > 0 && behind > 0 ? std::optional(b.point + u * ahead) : std::nullopt;
+  const double ahead = cross(gap, v) / sine, after = cross(gap, u) / sine;
+  return ahead > 0 && after > 0 ? std::optional(b.point + u * ahead) : std::nullopt;
 }
 
 int straightenArcs(Vertices& list, bool closed) {
@@ -45,11 +45,11 @@ int straightenArcs(Vertices& list, bool closed) {
 
 // How far from a corner its arc or cut begins and ends.
 struct Reach {
-  double before = 0, behind = 0;
+  double before = 0, after = 0;
   double bulge = 0;
 };
 
-// REACH: of the corner with those unit directions towards the vertices before and behind.
+// REACH gives the reach of a corner from the unit directions towards the vertices before and after it.
 template <class REACH>
 CorneredPath cornered(const Vertices& list, bool closed, REACH reach) {
   const std::size_t n = list.size();
@@ -65,21 +65,21 @@ CorneredPath cornered(const Vertices& list, bool closed, REACH reach) {
     if (list[before].bulge != 0 || list[i].bulge != 0 || std::abs(cross(u, v)) < kStraightOn) continue;
     const Reach r = reach(u, v);
     constexpr double kHair = 1e-9;
-    if (r.before > left[before] + kHair || r.behind > left[i] + kHair) {
+    if (r.before > left[before] + kHair || r.after > left[i] + kHair) {
       ++path.tooShort;
       continue;
     }
     left[before] -= r.before;
-    left[i] -= r.behind;
+    left[i] -= r.after;
     ++path.made;
     PolylineVertex& first = path.list.back();
     first = {list[i].point + u * r.before, r.bulge, list[before].endWidth, list[i].startWidth, list[i].identifier};
     PolylineVertex second = list[i];
-    second.point = list[i].point + v * r.behind;
+    second.point = list[i].point + v * r.after;
     second.identifier = 0;
     path.list.push_back(second);
   }
-  // Two corners that share a segment wholly leave none of it.
+  // Two corners may use up the whole segment between them.
   const auto coincide = [](const PolylineVertex& a, const PolylineVertex& b) {
     return a.bulge == 0 && a.point.distanceTo(b.point) <= 1e-9;
   };
@@ -104,9 +104,9 @@ CorneredPath roundedPath(Vertices list, bool closed, double radius) {
   });
 }
 
-CorneredPath cutPath(const Vertices& list, bool closed, double before, double behind) {
-  if (!(before > 0 || behind > 0)) return {list, 0, 0};
-  return cornered(list, closed, [&](const AcGeVector2d&, const AcGeVector2d&) { return Reach{before, behind, 0}; });
+CorneredPath cutPath(const Vertices& list, bool closed, double before, double after) {
+  if (!(before > 0 || after > 0)) return {list, 0, 0};
+  return cornered(list, closed, [&](const AcGeVector2d&, const AcGeVector2d&) { return Reach{before, after, 0}; });
 }
 
 }  // namespace atelier

@@ -1,5 +1,5 @@
-// Smoothing polylines.
-// Tangents are those of circles through three neighbouring vertices; the frame's curve is evaluated by de Boor's algorithm.
+// Smooths polylines. The tangents are those of circles through three neighbouring vertices; the curve of a frame is
+// evaluated with de Boor's algorithm.
 #include "atelier/shaping/polyline_smoothing.h"
 
 #include <algorithm>
@@ -28,7 +28,7 @@ AcGeVector2d tangentAt(const Vertices& list, std::size_t i, bool closed) {
                                      : (i + 1) % count]
                              .point;
   const AcGeVector2d u = b - a, v = d - b;
-  // The circle through three points has the turn of its chords spread by their lengths.
+  // On the circle through three points the turn between the chords divides in proportion to their lengths.
   const double turn = std::remainder(v.angle() - u.angle(), 2 * std::numbers::pi);
   const double share = u.length() / (u.length() + v.length());
   const double angle = first  ? u.angle() - turn * share
@@ -50,7 +50,7 @@ Vertices fittedByArcs(const Vertices& list, bool closed) {
     const AcGePoint2d &a = list[i].point, &b = list[(i + 1) % count].point;
     const AcGeVector2d t0 = tangentAt(list, i, closed), t1 = tangentAt(list, (i + 1) % count, closed), chord = b - a;
     const AcGeVector2d sum = t0 + t1;
-    // Equal legs: the joint lies where the tangents' ways of that length meet halfway.
+    // Both legs are equally long: the joint is halfway between the points at that distance along the two tangents.
     const double q = 2 * (1 - t0.dotProduct(t1)), p = chord.dotProduct(sum), square = chord.dotProduct(chord);
     const double leg = q < 1e-12 ? square / (2 * p) : (-p + std::sqrt(p * p + q * square)) / q;
     const AcGePoint2d joint = a + (chord + (t0 - t1) * leg) * 0.5;

@@ -1,5 +1,5 @@
-// System variables that are worked out when they are asked for.
-// Those that follow from the drawing check what is set against it.
+// System variables that are computed when they are asked for.
+// Names that are set must exist in the drawing.
 #include <chrono>
 #include <cmath>
 #include <ctime>
@@ -113,7 +113,7 @@ Value highest(Document& d) {
   return Point{box.isEmpty() ? AcGePoint3d(-kNothingDrawn, -kNothingDrawn, -kNothingDrawn) : box.maxPoint(), false};
 }
 
-// Seen by a program between the calls that answer a command.
+// 1 for a program that runs between calls which answer a command.
 Value commandActive(Document& d) { return d.waitingCommand() ? 1 : 0; }
 Value commandNames(Document& d) { return d.waitingCommand() ? std::string(d.waitingCommand()->name()) : std::string(); }
 

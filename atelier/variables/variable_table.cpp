@@ -1,5 +1,5 @@
 // The rows of the system variables, by subject.
-// Header variables that have no row here are read and set by the type of the value that the drawing holds.
+// Header variables without a row here can be read and set, too; their type is that of the value in the drawing.
 #include "atelier/variables/variable_table.h"
 
 #include <algorithm>

@@ -9,7 +9,7 @@
 
 namespace atelier {
 
-// A colour by number or name, English or French; 0 by block, 256 by layer. Nothing for what is no colour.
+// A colour by number or name, English or French; 0 by block, 256 by layer. Nothing for any other text.
 std::optional<int> colorNumber(std::string_view text);
 
 std::span<const VariableRow> variableRows();

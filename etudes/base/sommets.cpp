@@ -9,7 +9,7 @@ namespace etu {
 
 namespace {
 
-// Steps past one pair.
+// Reads one pair and moves the node after it.
 bool lirePaire(const resbuf*& noeud, double& station, double& altitude) {
   if (noeud->restype == RTPOINT) {
     const AcGePoint3d point = plv::valeurPoint(noeud);

@@ -1,4 +1,4 @@
-// Lines of straight runs by their vertices: the form in which studies take a ground and a project line.
+// Lines of straight runs as lists of vertices: studies get a ground and a project line in this form.
 #pragma once
 #include <vector>
 
@@ -15,8 +15,8 @@ using listeSommets = std::vector<sommet>;
 
 listeSommets terrainDe(const plv::profilLong& profil);
 
-// The vertices of a list of lists (station altitude) that begins at this node of the arguments; stations become distances of the
-// profile. False for anything else, and for numbers that aren't finite.
+// Reads the vertices of a list of lists (station altitude) that begins at this node of the arguments; stations become
+// distances of the profile. False for any other argument, and for numbers that aren't finite.
 bool lireSommets(const resbuf* liste, const plv::profilLong& profil, listeSommets& sommets);
 
 }  // namespace etu

@@ -1,5 +1,5 @@
-// et_profondeurs: a line measured against the ground of a profile, without drawing it.
-// Nothing but nil for what it can't measure, as the other plug-in's functions answer.
+// et_profondeurs: measures a line against the ground of a profile, without drawing it.
+// The result is nil for what it can't measure, as with the other plug-in's functions.
 #include "etudes/optimal/fonctions.h"
 
 #include "etudes/base/sommets.h"

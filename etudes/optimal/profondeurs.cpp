@@ -1,5 +1,5 @@
-// Both lines are walked together, from one vertex of either to the next.
-// On such a piece each is one straight run, so that the depths at its two ends bound those within.
+// Both lines are walked together, from vertex to vertex of either.
+// Between two vertices both are straight, so that the depths at the two ends bound those between.
 #include "etudes/optimal/profondeurs.h"
 
 #include <algorithm>
@@ -15,11 +15,11 @@ bool versLaDroite(const listeSommets& ligne) {
                         [](const sommet& a, const sommet& b) { return a.distance < b.distance; });
 }
 
-// The run of a line in which the walk is.
+// The present run of a line during the walk.
 class troncon {
  public:
   explicit troncon(const listeSommets& ligne) : m_ligne(ligne) {}
-  // Goes on to the run that leads beyond that distance; the last one stays.
+  // Moves to the run that leads beyond that distance, or to the last one.
   void avancer(plv::distanceProfil d) {
     while (m_rang + 2 < m_ligne.size() && m_ligne[m_rang + 1].distance <= d) ++m_rang;
   }
@@ -57,7 +57,7 @@ std::optional<extremes> profondeursExtremes(const listeSommets& terrain, const l
   while (ici < fin) {
     dessus.avancer(ici);
     dessous.avancer(ici);
-    // Past the ground's end, by no more than the tolerance, its last altitude serves.
+    // Beyond the ground's end, by no more than the tolerance, its last altitude is used.
     plv::distanceProfil suivant = dessous.fin();
     if (dessus.fin() > ici) suivant = std::min(suivant, dessus.fin());
     mesurer(ici);

@@ -1,5 +1,5 @@
-// The plug-in as a library that a host loads: the entry under the name that hosts look for.
-// Only the shared library has this file; in one program with the first plug-in the name would be there twice.
+// The plug-in as a library that a host loads: its entry point under the name that hosts look for.
+// Only the shared library has this file; in one program with the first plug-in the name would exist twice.
 #include "etudes/porte/entree.h"
 
 extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* application) {

@@ -1,4 +1,4 @@
-// The table, its publication and its dispatch; a row's place is the code under which the host calls it.
+// The table, and how its functions are published and called; a row's place is the code with which the host calls it.
 #include "etudes/porte/table.h"
 
 #include <iterator>

@@ -1,4 +1,4 @@
-// The published functions: a row each, with its signature and one line of help, from which docs/etudes.md is made.
+// The published functions: a row for each, with its signature and one line of help; docs/etudes.md is made from them.
 // To add one: a handler in the room of its subject and a row in table.cpp.
 #pragma once
 #include <span>
@@ -9,7 +9,7 @@ namespace etu {
 
 struct ligneFonction {
   const ACHAR* nom;
-  void (*fonction)();  // takes its arguments from the host and hands its result back to it
+  void (*fonction)();  // gets its arguments from the host and gives it its result
   const ACHAR* appel;  // "(et_nom argument [argument])"
   const ACHAR* aide;   // one line, French
 };

@@ -31,7 +31,7 @@ void profile(MainWindow& window, Driver& driver, const QString& folder) {
   driver.shot(name(folder, "bureau-nouveau-profil")).press("Créer").type("0,0").play();
   QFile script("demo.scr");
   if (!script.open(QIODevice::ReadOnly)) qFatal("demo.scr is not here");
-  // The script's own profile is there already: what follows its seven lines goes on.
+  // The profile of the script's first seven lines has been made already: the script goes on after them.
   const QStringList lines = QString::fromUtf8(script.readAll()).split('\n');
   for (qsizetype i = lines.indexOf("PLV-PROJET"); i < lines.size(); ++i)
     if (!lines[i].startsWith(';') && !(lines[i].isEmpty() && i + 1 == lines.size())) driver.type(lines[i]);

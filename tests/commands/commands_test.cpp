@@ -40,7 +40,7 @@ TEST_F(Commands, Draw) {
           "(\"a\\\\Pb\" 2.0 30.0)"}});
 }
 
-// Arcs between the same ends: each way of saying how gives the same half or quarter circle.
+// Arcs between the same ends: each sequence of answers gives the same half or quarter circle.
 TEST_F(Commands, DrawArcsInManyWays) {
   run("(defun bulge (/ r) (foreach p (entget (entlast)) (if (= (car p) 42) (setq r (cons (rtos (cdr p) 2 3) r)))) (car "
       "(reverse r)))");
@@ -64,7 +64,7 @@ TEST_F(Commands, DrawArcsInManyWays) {
          {"(vl-cmdf \"_ARC\" '(0 0) \"_E\" '(10 0) \"_R\" 2)", "nil"}});
 }
 
-// What programs of many years leave out or put in.
+// Answers that old programs leave out or add.
 TEST_F(Commands, TakeHabitsOfPrograms) {
   check({{"(progn (command \"_.LINE\" \"_non\" '(0 0) \"_end\" '(3 0) \"\") (list (count) (last-g 11)))",
           "(1 (3.0 0.0 0.0))"},
@@ -119,7 +119,7 @@ TEST_F(Commands, TakeTheirAnswersOverManyCalls) {
 TEST_F(Commands, PauseAsksTheUser) {
   session.feed("(command \"_.CIRCLE\" pause pause)\n3,4\n2\n");
   EXPECT_EQ(run("(list (last-g 10) (last-g 40))"), "((3.0 4.0 0.0) 2.0)");
-  // What a program leaves unanswered is the user's to answer.
+  // The user gives the answers that a program has left out.
   session.feed("(command \"_.CIRCLE\" '(1 1))\n8\n");
   EXPECT_EQ(run("(last-g 40)"), "8.0");
 }
@@ -193,7 +193,7 @@ TEST_F(Commands, InsertBlocksWithAttributes) {
        {"(vl-cmdf \"_.-INSERT\" \"absent\" '(0 0) 1 1 0)", "nil"}});
 }
 
-// Arrays of inserts, with the mark of their own that files give them: seen whole, and never taken apart.
+// Arrays of inserts, with their own subclass mark: drawn completely, and never exploded.
 TEST_F(Commands, LeaveArraysOfInsertsWhole) {
   run("(progn (entmake '((0 . \"BLOCK\") (2 . \"Q\") (70 . 0) (10 0. 0. 0.))) (entmake '((0 . \"LINE\") (10 0. 0. 0.) "
       "(11 1. 0. 0.))) (entmake '((0 . \"ENDBLK\"))))");
@@ -215,7 +215,7 @@ TEST_F(Commands, MakeBlocks) {
          {"(progn (command \"_.-INSERT\" \"VANNE\" '(0 0) 1 1 0 \"_.-INSERT\" \"*VANNE\" '(0 0) 2 0) (list (count) "
           "(last-g 0) (last-g 40)))",
           "(5 \"CIRCLE\" 2.0)"},
-         // a block that would hold itself
+         // a block that would contain itself
          {"(vl-cmdf \"_.-BLOCK\" \"VANNE\" \"_Y\" '(0 0) (ssget \"X\" '((0 . \"INSERT\"))) \"\")", "nil"},
          {"(progn (command \"_.-BLOCK\" \"VANNE\" \"_Y\" '(0 0) (circle '(0. 0. 0.) 9.) \"\") (g 40 (cdr (assoc -2 "
           "(tblsearch \"BLOCK\" \"VANNE\")))))",
@@ -252,7 +252,7 @@ TEST_F(Commands, SaveAndRunScripts) {
   Session again(false, file);
   again.eval(kTools);
   EXPECT_EQ(again.eval("(count)"), "2");
-  // A new drawing opens with all that is in it in view.
+  // A new drawing, saved and opened again, shows all its contents.
   EXPECT_EQ(
       again.eval("(list (mapcar '(lambda (x) (rtos x 2 2)) (getvar \"VIEWCTR\")) (rtos (getvar \"VIEWSIZE\") 2 2))"),
       "((\"1.00\" \"0.00\" \"0.00\") \"1.64\")");

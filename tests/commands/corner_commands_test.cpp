@@ -1,4 +1,4 @@
-// FILLET and CHAMFER on lines, arcs, circles and polylines: what they leave in the drawing, and what they refuse.
+// FILLET and CHAMFER on lines, arcs, circles and polylines: their results in the drawing, and what they refuse.
 #include "tests/support/bare_host.h"
 
 namespace kaveltest {
@@ -93,7 +93,7 @@ TEST_F(CornerCommands, FilletPolylinesWithOthers) {
         {"(setq p (pline '((0. 0.) (10. 0.) (10. 10.)) nil) l (line '(14. 20. 0.) '(20. 20. 0.)))"
          "(fillet 0. l '(18. 20.) p '(10. 8.)) (list (path p) (entget l) (count))",
          R"((("0.00,0.00" "10.00,0.00" "10.00,20.00" "20.00,20.00") nil 1))"},
-        // what lies beyond the segment goes
+        // the part beyond the segment is removed
         {"(setq p (pline '((0. 0.) (10. 0.) (10. 10.)) nil) l (line '(4. 3. 0.) '(4. 9. 0.)))"
          "(fillet 1. p '(1. 0.) l '(4. 8.)) (path p)",
          R"(("0.00,0.00" "3.00,0.00" "0.414" "4.00,1.00" "4.00,9.00"))"},
@@ -118,14 +118,14 @@ TEST_F(CornerCommands, FilletSegmentsOfOnePolyline) {
         {"(setq p (pline '((0. 0.) (10. 0.) (10. 10.) (0. 10.)) T)) (fillet 3. p '(0. 5.) p '(5. 0.))"
          "(list (path p) (g 70 p))",
          R"((("3.00,0.00" "10.00,0.00" "10.00,10.00" "0.00,10.00" "0.00,3.00" "0.414") 1))"},
-        // the one segment between them goes
+        // the one segment between them is removed
         {"(setq p (pline '((0. 0.) (8. 0.) (10. 2.) (10. 10.)) nil)) (fillet 0. p '(5. 0.) p '(10. 8.)) (path p)",
          R"(("0.00,0.00" "10.00,0.00" "10.00,10.00"))"},
         // the ends of an open one
         {"(setq p (pline '((5. 0.) (10. 0.) (10. 10.) (0. 10.) (0. 5.)) nil)) (fillet 2. p '(7. 0.) p '(0. 8.))"
          "(list (path p) (g 70 p))",
          R"((("2.00,0.00" "10.00,0.00" "10.00,10.00" "0.00,10.00" "0.00,2.00" "0.414") 1))"},
-        // a quarter of a circle and the straight behind it
+        // a quarter of a circle and the straight segment after it
         {"(setq p (bpline '((10. 0. 0.4142135623730951) (0. 10. 0.) (0. -5. 0.))))"
          "(fillet 2. p '(7. 7.) p '(0. 1.)) (path p)",
          R"(("10.00,0.00" "0.342" "2.50,9.68" "0.490" "0.00,7.75" "0.00,-5.00"))"}});
@@ -141,7 +141,7 @@ TEST_F(CornerCommands, WholePolylines) {
          "\"_P\" p)"
          "(path p)",
          R"(("0.00,0.00" "7.00,0.00" "0.414" "10.00,3.00" "10.00,5.00" "20.00,5.00"))"},
-        // an arc between lines is replaced; with a radius of 0 it goes
+        // an arc between lines is replaced; with a radius of 0 it is removed
         {"(setq p (bpline '((0. 0. 0.) (7. 0. 0.4142135623730951) (10. 3. 0.) (10. 10. 0.))))"
          "(setvar \"FILLETRAD\" 1.) (command \"_FILLET\" \"_P\" p) (setq r (path p)) (setvar \"FILLETRAD\" 0.)"
          "(command \"_FILLET\" \"_P\" p) (list r (path p))",

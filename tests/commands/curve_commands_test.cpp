@@ -1,4 +1,4 @@
-// Commands on curves and polylines, and AutoLISP's questions to curves: what they leave in the drawing.
+// Commands on curves and polylines, and AutoLISP functions on curves: their results in the drawing.
 #include <cmath>
 
 #include "tests/support/bare_host.h"
@@ -40,7 +40,7 @@ TEST_F(CurveCommands, AnswerAutolisp) {
 }
 
 TEST_F(CurveCommands, Cut) {
-  check({// the part between the two points goes, the first piece keeps the name
+  check({// the part between the two points is removed, the first piece keeps the entity's name
          {"(progn (setq l (line '(-10. 0. 0.) '(10. 0. 0.))) (command \"_BREAK\" (pick l '(-4. 0. 0.)) '(2. 0. 0.)) "
           "(list (ends l) (ends (entlast))))",
           "(((\"-10.00\" \"0.00\" \"0.00\") (\"-4.00\" \"0.00\" \"0.00\")) ((\"2.00\" \"0.00\" \"0.00\") (\"10.00\" "

@@ -1,4 +1,4 @@
-// BREAK, TRIM, EXTEND and OFFSET where it is awkward: at ends, in other planes, at other heights.
+// BREAK, TRIM, EXTEND and OFFSET in difficult cases: at ends, in other planes, at other heights.
 #include "tests/support/bare_host.h"
 
 namespace kaveltest {
@@ -45,7 +45,7 @@ TEST_F(CutCommands, BreakAtAnEnd) {
     const auto row = [&](const std::string& lisp, const char* printed) {
       EXPECT_EQ(run("(progn " + draw + lisp + ")"), printed) << shape.name << ' ' << lisp;
     };
-    // From the middle to the end, or to the start: one piece is left, and nothing is lost of it.
+    // From the middle to the end, or to the start: one piece is left, with its full length.
     row("(cut e m (last-point e)) (list (count) (equal (size e) s 1e-6))", "(1 T)");
     row("(cut e m (first-point e)) (list (count) (equal (size e) (- n s) 1e-6))", "(1 T)");
     row("(cut e (last-point e) m) (list (count) (equal (size e) s 1e-6))", "(1 T)");

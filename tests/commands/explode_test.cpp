@@ -1,4 +1,4 @@
-// EXPLODE: what becomes of blocks that are stretched or turned over, of vertices and of attributes.
+// EXPLODE: results for stretched and mirrored blocks, for vertices and attributes.
 #include "tests/support/bare_host.h"
 
 namespace kaveltest {
@@ -46,7 +46,7 @@ TEST_F(Explode, StretchedBlocks) {
           "((\"ELLIPSE\" (12.0 0.0 0.0) (2.0 0.0 0.0) 0.5) (\"LINE\" (14.0 0.0 0.0) (14.0 2.0 0.0)))"},
          {"(exploded (insert \"T\" 3. 1. 0.) '(10 40 41 50))", "((\"TEXT\" (13.0 1.0 0.0) 2.5 0.0 3.0))"},
          {"(exploded (insert \"T\" 1. 2. (/ pi 2)) '(10 40 41 50))", "((\"TEXT\" (8.0 1.0 0.0) 5.0 1.571 0.5))"},
-         // as much wider as higher: they stay what they are
+         // equal factors: they keep their types
          {"(exploded (insert \"C\" -2. 2. 0.) '(10 40))",
           "((\"CIRCLE\" (2.0 0.0 0.0) 2.0) (\"ARC\" (10.0 0.0 0.0) 2.0))"},
          {"(exploded (insert \"P\" 2. 2. 0.) '(10 42))",
@@ -68,7 +68,7 @@ TEST_F(Explode, StretchedSplinesThroughPoints) {
         "T"}});
 }
 
-// A quarter turn inside a stretched block only changes the factors; half of that would leave it askew.
+// A quarter turn inside a stretched block only changes the factors; after an eighth the axes are not at right angles.
 TEST_F(Explode, ReferencesInsideStretchedBlocks) {
   run("(block \"L\" '(line '(0. 0. 0.) '(1. 0. 0.)))");
   run("(block \"Q\" '(entmakex (list '(0 . \"INSERT\") '(2 . \"L\") '(10 0. 0. 0.) (cons 50 (/ pi 2)))))");

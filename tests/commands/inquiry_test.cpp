@@ -1,4 +1,4 @@
-// What the inquiry commands tell, in the drawing's units.
+// The results of the inquiry commands, in the drawing's units.
 #include "tests/support/bare_host.h"
 
 namespace kaveltest {

@@ -1,5 +1,5 @@
-// Commands, selections and files interrupted after so many looks for it: each notices, leaves a drawing that holds
-// together with nothing left open, and one U gives back the drawing that was.
+// Commands, selections and files, interrupted at the n-th check for it: each stops, the drawing is consistent and
+// nothing is left open, and one U restores the drawing as it was before.
 #include <filesystem>
 
 #include "atelier/base/interruption.h"
@@ -28,7 +28,7 @@ class Interruption : public DrawingTest {
   }
   void TearDown() override { looksLeft = 0; }
 
-  // Everything there is, followers and all, in drawing order.
+  // All entities, attributes and vertices included, in drawing order.
   std::string drawing() {
     looksLeft = 0;
     return run("(progn (setq e (entnext) l nil) (while e (setq l (cons (cdr (entget e)) l) e (entnext e))) l)");
@@ -75,7 +75,7 @@ TEST_F(BlockTest, CommandsStopAndAreTakenBack) {
   }
 }
 
-// A copy that has not come to its place would lie unseen on its original.
+// A copy that has not been moved yet would lie unnoticed on its original.
 TEST_F(BlockTest, CopiesThatDidNotArriveAreNotThere) {
   const std::string count = "(sslength (ssget \"X\"))",
                     left = "(if (setq s (ssget \"X\" '((-4 . \"<,*,*\") (10 50. 0. 0.)))) (sslength s))";
@@ -105,7 +105,7 @@ TEST_F(BlockTest, SelectionsAndViewsStop) {
   }
 }
 
-// What is on the disk stays, and no part of a file is left behind.
+// The file on the disk is unchanged, and no partial file remains.
 TEST_F(BlockTest, AFileThatIsBeingWrittenStaysAsItWas) {
   namespace fs = std::filesystem;
   const fs::path folder = fs::temp_directory_path() / ("kavel-arret-" + std::to_string(getpid()));
@@ -123,7 +123,7 @@ TEST_F(BlockTest, AFileThatIsBeingWrittenStaysAsItWas) {
   fs::remove_all(folder);
 }
 
-// Taking back many steps stops between two of them; what was taken back comes again.
+// Undoing many steps stops between two of them; redo restores those that were undone.
 TEST_F(BlockTest, UndoStopsBetweenSteps) {
   run("(repeat 10 (command \"_.MOVE\" all \"\" \"0,0\" \"1,0\"))");
   const std::string moved = drawing();
@@ -137,7 +137,7 @@ TEST_F(BlockTest, UndoStopsBetweenSteps) {
   EXPECT_LT(steps, 6);
 }
 
-// The lines behind the one that was stopped don't run: neither those of a script nor those that called it.
+// The lines after an interrupted one don't run: neither those of its script nor those of the calling one.
 TEST_F(BlockTest, TheRestOfAScriptIsDropped) {
   static atelier::Document* document;
   document = &session.document();
@@ -156,7 +156,7 @@ TEST_F(BlockTest, TheRestOfAScriptIsDropped) {
   }
 }
 
-// Ctrl-C ends the program, also where a host call noticed it.
+// Ctrl-C ends the program, even when a host call has noticed it.
 TEST_F(BlockTest, NoProgramCatchesCtrlC) {
   static atelier::Document* document;
   document = &session.document();

@@ -1,4 +1,4 @@
-// The program's interface: options in their order, results, exit status, and what bad input leads to.
+// The program's interface: options in their order, results, exit status, and messages for bad input.
 #include <gtest/gtest.h>
 
 #include "tests/console/program.h"
@@ -88,7 +88,7 @@ TEST(Kavel, RefusesWhatIsNoDrawing) {
   const Row rows[] = {
       {"", 3, "DXF"},
       {"hello\nworld\n", 3, ":1:"},
-      {"  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n  8\n", 3, "coupe"},
+      {"  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n  8\n", 3, "coupé"},
       {"  0\nSECTION\n  2\nENTITIES\nabc\nLINE\n  0\nENDSEC\n  0\nEOF\n", 3, ":5:"},
   };
   for (const Row& row : rows) {
@@ -150,7 +150,7 @@ TEST(Kavel, OpensAndSavesByCommands) {
   program.run("-s a.scr -e kinds -e '(getvar \"DWGNAME\")'");
   EXPECT_EQ(program.status, 1) << "the missing file is a failed command";
   EXPECT_NE(program.read("un.dxf").find("AC1018"), std::string::npos);
-  EXPECT_NE(program.output.find("0 erreurs, 0 reparees"), std::string::npos) << program.output;
+  EXPECT_NE(program.output.find("0 erreurs, 0 réparées"), std::string::npos) << program.output;
   EXPECT_NE(program.output.find("\"LINE\"\n\"un.dxf\""), std::string::npos) << program.output;
 }
 
@@ -186,7 +186,7 @@ TEST(Kavel, TellsItsProgressToProgramsOnly) {
   EXPECT_EQ(program.run("--no-frontal -e 1").output, "1\n");
 }
 
-// A limit of two seconds stands for a hand on Ctrl-C: the loop alone would never end.
+// The loop would never end; after two seconds `timeout` interrupts it, as a user would with Ctrl-C.
 TEST(Kavel, IsStoppedByAnInterrupt) {
   for (const char* loop : {"(while T)", "(progn (defun f (n) (f n)) (while T (vl-catch-all-apply (quote f) (list 1))))",
                            "(while T (mapcar (quote 1+) (list 1 2 3)))"}) {

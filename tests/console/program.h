@@ -1,5 +1,5 @@
 // Runs the program as a user does and keeps what it printed, its exit status and its folder.
-// The folder is new for each Program and goes with it.
+// The folder is new for each Program and removed with it.
 #pragma once
 #include <sys/wait.h>
 #include <unistd.h>

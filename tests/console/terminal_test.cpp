@@ -1,4 +1,4 @@
-// The command line as a user types at it: a terminal of its own, keys, Ctrl-C.
+// The command line as a user uses it: a terminal of its own, keys, Ctrl-C.
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <pty.h>
@@ -28,7 +28,7 @@ class Terminal : public testing::Test {
   }
 
   void type(const std::string& keys) { EXPECT_EQ(write(keys_, keys.data(), keys.size()), ssize_t(keys.size())); }
-  // Waits for the text; what stood before it and itself are read by then. False after ten seconds without it.
+  // Waits for the text and reads up to its end. False after ten seconds without it.
   bool shows(const std::string& text) {
     for (std::size_t at; (at = seen_.find(text)) == seen_.npos;) {
       pollfd waiting{keys_, POLLIN, 0};
@@ -40,7 +40,7 @@ class Terminal : public testing::Test {
     seen_.erase(0, seen_.find(text) + text.size());
     return true;
   }
-  // Types a line and waits for what it prints and the prompt behind it.
+  // Types a line and waits for its output and the next prompt.
   bool answers(const std::string& line, const std::string& answer) {
     type(line + "\n");
     return shows(line) && shows(answer) && shows(kPrompt);

@@ -1,4 +1,4 @@
-// What the tests of curve entities share: a bare host, entities made by LISP, and near values.
+// Helpers of the tests of curve entities: a bare host, entities made with AutoLISP, comparison of near values.
 #pragma once
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-// Attributes under references that are turned, enlarged and mirrored: they take their definition's place through the
-// block, and go with the reference afterwards. Letters are never seen in a mirror; what holds a text is its anchor.
+// Attributes of references that are turned, enlarged and mirrored: they are placed as their definition is in the block,
+// and move with the reference afterwards. Letters are never mirrored; a text keeps its anchor.
 #include <cmath>
 #include <numbers>
 #include <string_view>
@@ -84,7 +84,7 @@ TEST_F(Attributes, TakeTheirPlaceThroughTheBlock) {
           if (const std::string_view plain(look); plain.starts_with("(4") && plain.find("(50") == plain.npos) {
             EXPECT_GT(std::cos(attribute->rotation()), -1e-9);  // mirrored or enlarged only: still to be read
           }
-          // Centred both ways, the letters stay about the place, whatever the mirror.
+          // Texts centred both ways stay centred on their point, even when mirrored.
           if ((horizontal == 1 && vertical == 2) || horizontal == 4) {
             EXPECT_LT(centreOf(*attribute).distanceTo(m * centreOf(*d)), 1e-6);
           }
@@ -92,7 +92,7 @@ TEST_F(Attributes, TakeTheirPlaceThroughTheBlock) {
         }
 }
 
-// The reference moved later: the attribute goes along, and is no larger than before but by the scale.
+// When the reference is moved later the attribute moves with it, and changes its size only with the scale.
 TEST_F(Attributes, GoWithTheirReference) {
   const struct {
     const char* name;
@@ -120,7 +120,7 @@ TEST_F(Attributes, GoWithTheirReference) {
       const AcGeVector3d size = sizeOf(*AcDbEntityPointer(id));
       const AcGeMatrix3d before = block->blockTransform();
       ASSERT_EQ(block->transformBy(change.matrix), Acad::eOk);
-      // The block itself is where each of its points went.
+      // Each point of the block itself has been moved in the same way.
       for (const AcGePoint3d& p : {AcGePoint3d(0, 0, 0), AcGePoint3d(3, 0, 0), AcGePoint3d(0, 3, 0)})
         EXPECT_LT((block->blockTransform() * p).distanceTo(change.matrix * (before * p)), 1e-9);
       const AcDbObjectPointer<AcDbAttribute> after(id);

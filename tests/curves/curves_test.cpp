@@ -1,5 +1,5 @@
-// Curve entities as the host's programs ask them: parameters, distances, points, areas, in every class.
-// The figures are those of plain geometry.
+// The operations on curve entities: parameters, distances, points, areas, in every class.
+// Expected values come from plain geometry.
 #include <cmath>
 #include <numbers>
 

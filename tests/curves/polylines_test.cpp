@@ -1,4 +1,4 @@
-// Polylines: what their pieces keep, how they join, old ones of all types; and splines made from data and from points.
+// Polylines: properties of their pieces, joining, old ones of all types; and splines made from data and from points.
 #include <cmath>
 #include <numbers>
 

@@ -1,4 +1,4 @@
-// Extents of texts and paragraphs in planes of their own, and of texts that fill the way between two points.
+// Extents of texts and paragraphs in planes of their own, and of texts fitted between two points.
 #include <cmath>
 
 #include "tests/curves/aide.h"
@@ -49,7 +49,7 @@ TEST_F(Texts, LieInTheirPlanes) {
             "paragraph that runs upwards");
 }
 
-// What a matrix does to a paragraph, it does to its box.
+// A matrix changes a paragraph's box as it changes the paragraph.
 TEST_F(Texts, ParagraphsTurnOutOfTheirPlane) {
   const AcDbExtents before = paragraphBox("(10 3. 1. 2.) (50 . 30.)");
   const AcGeMatrix3d upright = AcGeMatrix3d::rotation(std::acos(0.0), {1, 0, 0});

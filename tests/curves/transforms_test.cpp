@@ -1,5 +1,5 @@
 // Entities of every class moved, turned, enlarged and mirrored, and the boxes around them.
-// A curve is judged by its points: where they go, the curve must be, however its class stores that.
+// A curve is compared by its points: the transformed curve must pass through the transformed points.
 #include <cmath>
 #include <numbers>
 
@@ -95,7 +95,7 @@ TEST_F(Transforms, CurvesGoWhereTheirPointsGo) {
     }
 }
 
-// There and back: the curve runs again as it did, from the same start.
+// A transformation and its inverse restore the curve, with the same start and direction.
 TEST_F(Transforms, AreTakenBackByTheirInverse) {
   for (const char* lisp : kCurves)
     for (const Change& change : kChanges) {

@@ -1,5 +1,5 @@
-// Copies between drawings whose handles overlap: every kind of reference leads to the copy, or to nothing, and never to
-// a stranger that happens to have the number. Judged in the drawing as it would be saved.
+// Copies between drawings whose handles overlap: every kind of reference points to the copy, or to nothing, and never
+// to another object with the same number. Checked in the drawing as it would be saved.
 #include "atelier/database/objects/chain.h"
 #include "hote/acut.h"
 #include "tests/dxf/drawing_files.h"
@@ -122,7 +122,7 @@ TEST(Clones, referencesWithinADrawing) {
   EXPECT_EQ(referred(same(a)), std::pair(b.handle().value(), b.handle().value()));
 }
 
-// What goes by name comes along through every level: a block in a block, its layer's line type, its text's style.
+// Records referred to by name are copied at every level: a block in a block, its layer's line type, its text's style.
 TEST(Clones, namesOfEveryTableComeAlong) {
   const std::string bytes =
       "0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\nAC1009\n9\n$"
@@ -168,7 +168,7 @@ TEST(Clones, namesOfEveryTableComeAlong) {
   EXPECT_EQ(Open<AcDbBlockTableRecord>(inner->blockTableRecord())->origin().y, 2.0);
 }
 
-// A second copy into the same drawing takes what the first one brought, and adds none of it again.
+// A second copy into the same drawing uses the records that the first one has added, and adds none again.
 TEST(Clones, namesAlreadyThereAreTakenAsTheyAre) {
   Opened target(true), source(true);
   for (Opened* drawing : {&target, &source}) {

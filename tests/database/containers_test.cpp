@@ -1,5 +1,5 @@
 // Extended data, dictionaries, Xrecords, groups, blocks and clones.
-// What is stored is read again from the written drawing, since that is where it must be.
+// Stored values are checked in the drawing after it was written and read again.
 #include "atelier/database/lists/entity_groups.h"
 #include "atelier/database/objects/chain.h"
 #include "hote/acut.h"

@@ -1,4 +1,4 @@
-// Opening and closing, erasing, taking over an object's place, undo: the rules that every caller counts on.
+// Opening and closing, erasing, replacing objects, undo: the rules on which every caller relies.
 // Each test works on the drawing that new ones start from.
 #include "hote/acut.h"
 #include "tests/dxf/drawing_files.h"
@@ -71,7 +71,7 @@ TEST(Opening, manyObjectsAreDroppedFromMemoryAndComeBack) {
   EXPECT_EQ(again->position().x, 1.0);
 }
 
-// A reference whose block holds more than stays in memory is worked on all the same.
+// A reference works even when its block has more entities than are kept in memory.
 TEST(Opening, aLargeBlockLeavesItsReferenceInMemory) {
   const std::size_t count = AcDbImpDatabase::kMostIdle + 1000;
   std::string bytes = "0\nSECTION\n2\nBLOCKS\n0\nBLOCK\n8\n0\n2\nTOUT\n70\n0\n10\n0\n20\n0\n30\n0\n";
@@ -191,7 +191,7 @@ TEST(Undo, stepsGoBackAndForth) {
   EXPECT_FALSE(drawing.imp.journal.redo());
 }
 
-// A journal of a thousand images of a large object would fill the memory: the oldest steps go, the last ones stay.
+// A thousand images of a large object would fill the memory: the oldest steps are dropped, the last ones kept.
 TEST(Undo, whatIsKeptIsBounded) {
   Opened drawing(true);
   auto* polyline = new AcDbPolyline;

@@ -1,5 +1,5 @@
-// Every kind of change taken back and done again, in a drawing that comes from a file: what was never opened before the
-// change is parsed for it, and must be on record as it stood there. Judged by the bytes that would be saved.
+// Undo and redo of every kind of change, in a drawing from a file: objects first parsed for the change must be restored
+// as they are in the file. Checked by the bytes that would be saved.
 #include "atelier/database/objects/chain.h"
 #include "hote/acut.h"
 #include "tests/dxf/drawing_files.h"
@@ -72,7 +72,7 @@ struct FromFile : Opened {
   AcDbObjectId id(AcDbHandle handle) { return atelier::idOf(imp.stubOf(handle.value())); }
 };
 
-// What a saved drawing says, without the seed of its handles, which only grows.
+// The contents of a saved drawing, without the seed of its handles, which only grows.
 std::vector<std::string> changed(const std::string& a, const std::string& b) {
   auto keys = differences(a, b);
   std::erase_if(keys, [](const std::string& key) { return key.find("$HANDSEED") != std::string::npos; });
@@ -212,7 +212,7 @@ TEST(Undo, everyChangeGoesBackAndForth) {
   }
 }
 
-// All of them one after the other, where they can follow, and back step by step: each state is met again on the way.
+// All changes that can follow each other, then undo step by step: each state is reached again.
 TEST(Undo, manyStepsMeetTheirStatesAgain) {
   Parts parts;
   const std::string bytes = drawingBytes(parts);
@@ -237,7 +237,7 @@ TEST(Undo, manyStepsMeetTheirStatesAgain) {
   }
 }
 
-// Handles of what was undone are not given again: the redone objects would meet strangers there.
+// Handles of undone objects are not given to others: redo needs them.
 TEST(Undo, handlesAreNotGivenTwice) {
   Opened drawing(true);
   drawing.imp.journal.mark();

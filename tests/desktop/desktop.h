@@ -1,4 +1,4 @@
-// A window with a drawing of 100 by 50 units in sight, and what tests ask of it.
+// A window with a visible drawing of 100 by 50 units, and helpers for its tests.
 #pragma once
 #include <gtest/gtest.h>
 
@@ -44,7 +44,7 @@ struct Desktop : ::testing::Test {
   QString history() { return window.commandLine().text(); }
 
   const QTemporaryDir folder;
-  QStringList questions;  // that the window asked, and what it complained of
+  QStringList questions;  // questions and messages of the window
   QString answer = "non", chosenFile;
   atelier::desktop::MainWindow window;
   atelier::desktop::Driver driver{window};

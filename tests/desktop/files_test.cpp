@@ -68,7 +68,7 @@ TEST_F(Files, WhatCannotBeOpenedOrSavedIsSaid) {
   EXPECT_EQ(lisp("(pl_distToPk 1.0)").toString().toStdString(), "PK 0+1.00");  // the drawing goes on as it was
 }
 
-// The copy of a program that ended by itself is offered at the next start, once.
+// After a crash the copy is offered at the next start, once.
 TEST_F(Files, ACopyIsOfferedAfterACrash) {
   drawCircle();
   window.autosave();

@@ -1,4 +1,4 @@
-// A profile by the window's own means: forms, panel, status bar, menus of the profile, dialogs of quantities.
+// Work on a profile in the window: forms, panel, status bar, menus of the profile, dialogs of quantities.
 #include <QComboBox>
 #include <QTableWidget>
 
@@ -90,7 +90,7 @@ TEST_F(ProfileWindow, ChoosingAProfileBringsItsMenuWhoseEntriesRun) {
   driver.play();
   driver.menu("Associer Projet").key(Qt::Key_Escape).play();
   EXPECT_FALSE(window.drawing()->isRunning());
-  // The menu goes with the drawing.
+  // The menu is removed with the drawing.
   answer = "non";
   EXPECT_TRUE(window.closeTab(0));
   QApplication::processEvents();

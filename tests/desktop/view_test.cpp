@@ -1,4 +1,4 @@
-// Drawing, picking and selecting with the mouse, and taking it back.
+// Drawing, picking and selecting with the mouse, and undo.
 #include "atelier/desktop/view/snaps.h"
 #include "tests/desktop/desktop.h"
 
@@ -40,7 +40,7 @@ TEST_F(View, UndoAndRedoAlsoTakeBackWhatAProgramDid) {
   EXPECT_EQ(count("POINT"), 1);
 }
 
-// From left to right what lies inside, from right to left also what is touched.
+// A window from left to right selects what is inside, from right to left also what it touches.
 TEST_F(View, ClicksAndWindowsSelect) {
   drawLine("10,10", "40,10");
   drawLine("10,30", "90,30");

@@ -46,7 +46,7 @@ TEST_F(Window, KeysOverTheDrawingReachTheCommandLine) {
 
 TEST_F(Window, EnterRepeatsAndArrowsBringBackWhatWasTyped) {
   driver.type("(setq n (1+ (cond (n) (0))))").play();
-  // What comes by onLine is run, what is typed into the line is remembered too.
+  // Lines from onLine are run; typed lines are kept in the history, too.
   driver.then([this] { typeInto(line(), "(setq m 3)"); }).then([this] { press(line(), Qt::Key_Return); }).play();
   driver.then([this] { press(line(), Qt::Key_Return); }).play();
   EXPECT_EQ(lisp("m").toInt(), 3);

@@ -1,5 +1,5 @@
-// What (initget) lets through: its bits in every combination before each function that asks, keywords by their
-// abbreviations, and what comes out where an answer can be read in two ways.
+// What (initget) accepts: its bits in every combination before each asking function, abbreviations of keywords, and
+// answers that can be read in two ways.
 #include "tests/support/bare_host.h"
 
 namespace kaveltest {
@@ -67,7 +67,7 @@ TEST_F(InitGet, KeywordsByTheirAbbreviations) {
       {"Ligne Lignes", "LIGNES\n", "\"Lignes\""},
       {"Oui Non _Yes No", "y\n", "\"Yes\""},
       {"Oui Non _Yes No", "_yes\n", "\"Yes\""},
-      {"Oui Non _Yes No", "_oui\nnon\n", "\"No\""},  // behind the underscore only the second row
+      {"Oui Non _Yes No", "_oui\nnon\n", "\"No\""},  // with an underscore only the English words
       {"  Oui   Non  ", "n\n", "\"Non\""},
       {"Oui Non", "\n", "nil"},
   };

@@ -1,5 +1,5 @@
-// Files that are no drawings or are damaged: refused with the place of the first fault, or opened as far as they go.
-// Nothing that a file holds may end the program.
+// Files that aren't drawings or are damaged: refused with the place of the first fault, or recovered.
+// No contents of a file may end the program.
 #include <random>
 
 #include "atelier/dxf/versions/export.h"
@@ -45,15 +45,15 @@ TEST(Damage, theFirstFaultIsNamedWithItsLine) {
       {"bonjour\nmonde\n", "d.dxf:1: ce n'est pas un dessin DXF"},
       {"0\nLINE\n", "d.dxf:1: ce n'est pas un dessin DXF"},
       {std::string("%PDF-1.4\n\x00\x01\xff", 12), "ce n'est pas un dessin DXF"},
-      {kOpen + kLine, "d.dxf:23: fichier coupe"},
+      {kOpen + kLine, "d.dxf:23: fichier coupé"},
       {kOpen + kLine + "0\nEOF\n", "d.dxf:23: \"0 ENDSEC\" de la section ENTITIES manque"},
-      {kOpen + kLine + "0\nENDSEC\n", "fichier coupe: \"0 EOF\" manque"},
-      {kOpen + "dix\n1.0\n" + kClose, "d.dxf:5: code de groupe attendu, trouve \"dix\""},
+      {kOpen + kLine + "0\nENDSEC\n", "fichier coupé: \"0 EOF\" manque"},
+      {kOpen + "dix\n1.0\n" + kClose, "d.dxf:5: code de groupe attendu, trouvé \"dix\""},
       {kOpen + "10\n1.0\n" + kClose, "d.dxf:5: groupe 0 attendu"},
       {kOpen + kLine + "10\n", "manque"},
       {"0\nSECTION\n0\nENDSEC\n0\nEOF\n", "d.dxf:3: nom de section"},
-      {"0\nSECTION\n2\nTABLES\n0\nLAYER\n2\nX\n0\nENDSEC\n0\nEOF\n", "d.dxf:5: definition LAYER hors d'une table"},
-      {"0\nSECTION\n2\nBLOCKS\n" + kLine + kClose, "d.dxf:5: entite LINE hors d'un bloc"},
+      {"0\nSECTION\n2\nTABLES\n0\nLAYER\n2\nX\n0\nENDSEC\n0\nEOF\n", "d.dxf:5: définition LAYER hors d'une table"},
+      {"0\nSECTION\n2\nBLOCKS\n" + kLine + kClose, "d.dxf:5: entité LINE hors d'un bloc"},
   };
   for (const auto& row : rows)
     EXPECT_NE(messageOf(row.bytes).find(row.message), std::string::npos) << row.message << "\n" << messageOf(row.bytes);
@@ -103,7 +103,7 @@ TEST(Damage, whatIsWholeIsKept) {
   const auto messages = recovered(kOpen + kLine + "0\nLINE\n5\nA3\nabc\nx\n10\n1.0\n" + second + kClose, repaired);
   ASSERT_EQ(messages.size(), 2u);
   EXPECT_NE(messages[0].find("ligne 27: code de groupe attendu"), std::string::npos) << messages[0];
-  EXPECT_NE(messages[1].find("ligne 23: entite LINE incomplete: laissee de cote"), std::string::npos) << messages[1];
+  EXPECT_NE(messages[1].find("ligne 23: entité LINE incomplète: laissée de côté"), std::string::npos) << messages[1];
   EXPECT_EQ(repaired, kOpen + kLine + second + kClose);
 }
 

@@ -1,5 +1,5 @@
-// What the tests of this room share: drawings as bytes, a folder of their own, and a comparison group by group.
-// The comparison knows nothing of the reader: it splits the bytes by itself.
+// Helpers of this room's tests: drawings as bytes, a folder of their own, and a comparison group by group.
+// The comparison doesn't use the reader: it splits the bytes itself.
 #pragma once
 #include <gtest/gtest.h>
 
@@ -34,7 +34,7 @@ inline std::string bytesOf(const fs::path& path) {
 
 inline void put(const fs::path& path, std::string_view bytes) { std::ofstream(path, std::ios::binary) << bytes; }
 
-// An empty folder that goes with the test.
+// An empty folder that is removed with the test.
 class Folder {
  public:
   Folder() {

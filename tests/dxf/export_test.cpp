@@ -1,5 +1,5 @@
-// Drawings saved in other versions and forms: read by an independent library, and turned back without loss.
-// What a version can't hold is told, and nothing else is lost.
+// Drawings saved in other versions and forms: read by an independent library, and converted back without loss.
+// Messages name what a version can't hold; nothing else is lost.
 #include "atelier/dxf/versions/export.h"
 #include "tests/dxf/drawing_files.h"
 
@@ -16,7 +16,7 @@ std::vector<fs::path> modern() {
   return list;
 }
 
-// Differences in what is not the version's own business.
+// Differences other than those that a change of version makes.
 std::vector<std::string> realDifferences(const std::string& a, const std::string& b) {
   std::vector<std::string> found = differences(a, b);
   std::erase_if(found, [](const std::string& key) {
@@ -64,7 +64,7 @@ TEST(Export, binaryAndBackIsTheSame) {
   }
 }
 
-// From each version to each: every object that is not told as left out is there, with its texts.
+// From each version to each: every object not named as left out exists, with its texts.
 TEST(Export, everyVersionBothWays) {
   const Folder folder;
   const std::string target = (folder.path / "d.dxf").string();

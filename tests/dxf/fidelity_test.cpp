@@ -1,4 +1,4 @@
-// Drawings of every version and form come through whole: untouched ones byte for byte, changed ones but for the change.
+// Drawings of every version and form are saved without loss: byte for byte, except for changes.
 // The drawings are written by an independent library.
 #include <algorithm>
 #include <set>
@@ -40,7 +40,7 @@ TEST(Fidelity, openedObjectsStayByteForByte) {
   }
 }
 
-// Every record written from its groups again: nothing is lost, nothing is spelled otherwise.
+// Every record is written again from its groups: nothing is lost, and the spelling is the same.
 TEST(Fidelity, rewrittenRecordsKeepEveryGroup) {
   for (const fs::path& file : generated()) {
     Opened drawing(file);

@@ -42,7 +42,7 @@ ADDITIONS = [
 
 
 def quietly(action):
-    """Not every version has every entity."""
+    """The result of the action; nothing for an entity that the version doesn't have."""
     try:
         return action()
     except Exception:

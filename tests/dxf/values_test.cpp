@@ -1,5 +1,5 @@
 // Single values between their bytes in a file and memory.
-// What is written must read back to the same value in every form.
+// A written value must be the same when read in every form.
 #include <bit>
 #include <cmath>
 #include <limits>

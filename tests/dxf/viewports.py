@@ -27,7 +27,7 @@ def saved_as(source, release, target):
 
 
 def windows(doc):
-    """By their centres: the id of the paper's own window is the writer's affair."""
+    """Views by their centres, since writers differ in the id of the paper's own window."""
     space = doc.layout("Layout1") if "Layout1" in doc.layout_names() else doc.active_layout()
     return {tuple(round(c, 6) for c in v.dxf.center): v for v in space.query("VIEWPORT") if v.dxf.id != 1}
 

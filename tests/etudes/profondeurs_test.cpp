@@ -1,4 +1,4 @@
-// Depths of a line under the ground: by hand, and on random lines against a look at every vertex of either.
+// Depths of a line under the ground: worked out by hand, and on random lines compared at every vertex of either.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -15,7 +15,7 @@ etu::sommet s(double distance, double altitude) {
   return {plv::distanceProfil(distance), plv::altitudeVraie(altitude)};
 }
 
-// The altitude on both sides of a place, without a thought for speed: (before, after).
+// The altitudes on both sides of a place, (before, after), by a slow and simple walk.
 std::pair<double, double> sides(const listeSommets& line, double d) {
   double before = NAN, after = NAN;
   for (std::size_t i = 0; i + 1 < line.size(); ++i) {

@@ -1,5 +1,5 @@
-// Drawings that come through the converter: what is mended in its output, and what the program says when it isn't there.
-// The converter itself is stood in for by a script, so that no package of another house is needed.
+// Drawings from the converter: the repairs of its output, and the program's messages when it is missing.
+// A script replaces the converter, so that no foreign package is needed.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -99,7 +99,7 @@ TEST(Dwg, SaysWhatIsMissingOrFailed) {
   EXPECT_NE(program.output.find("absent.dwg: fichier introuvable"), std::string::npos) << program.output;
   program.converter("echo 'version inconnue'; exit 1\n");
   EXPECT_EQ(program.run("a.dwg -e 1").status, 3);
-  EXPECT_NE(program.output.find("le convertisseur DWG a echoue: version inconnue"), std::string::npos)
+  EXPECT_NE(program.output.find("le convertisseur DWG a échoué: version inconnue"), std::string::npos)
       << program.output;
   program.converter("exit 0\n");
   EXPECT_EQ(program.run("a.dwg -e 1").status, 3) << program.output;

@@ -117,11 +117,11 @@ TEST(LandXml, ErrorsNameAlignmentElementAndStation) {
       {landXml(project("<PVI>100 nan</PVI><PVI>190 51</PVI>")), "nombre illisible \"nan\""},
       {landXml(project("<PVI>100 1e300</PVI><PVI>190 51</PVI>")), "PVI, station 100.000: valeur hors limites: 1e300"},
       {landXml(project("<PVI>100 50</PVI>")), "deux sommets au moins"},
-      {landXml(kGround, "<Imperial linearUnit='cubit'/>"), "unite de longueur inconnue: \"cubit\""},
-      {"<LandXML><Alignments></LandXML>", "a.xml:1: XML mal forme"},
-      {"<autre/>", "element LandXML attendu, trouve autre"},
+      {landXml(kGround, "<Imperial linearUnit='cubit'/>"), "unité de longueur inconnue: \"cubit\""},
+      {"<LandXML><Alignments></LandXML>", "a.xml:1: XML mal formé"},
+      {"<autre/>", "élément LandXML attendu, trouvé autre"},
       {"<LandXML/>", "aucun axe"},
-      {"", "XML mal forme"},
+      {"", "XML mal formé"},
   };
   Exchange session;
   for (const auto& row : rows) {
@@ -157,7 +157,7 @@ TEST(LandXml, AGapInTheGroundIsCrossedStraightAndSaid) {
 
 TEST(LandXml, AProjectLineIsCutAtTheEndsOfTheProfile) {
   Exchange session;
-  // the end of the ground, 200, stands inside the second curve
+  // the end of the ground, 200, lies inside the second curve
   session.create(
       landXml(project("<PVI>80 49</PVI><ParaCurve length='40'>150 52.5</ParaCurve><CircCurve radius='500' "
                       "length='0'>205 49</CircCurve><PVI>260 52</PVI>")));
@@ -190,7 +190,7 @@ TEST(LandXml, SaysWhatIsLeftOutOrDoesNotFit) {
       "50</PVI></ProfAlign>"
       "</Profile></Alignment></Alignments></LandXML>";
   const std::string warnings = session.read(text, "(plv-cle 'avertissements lu)");
-  EXPECT_NE(warnings.find("l'equation de station de la ligne 2"), std::string::npos) << warnings;
+  EXPECT_NE(warnings.find("l'équation de station de la ligne 2"), std::string::npos) << warnings;
   EXPECT_NE(warnings.find("station 50.000: l'arc de 30.000 m ne va pas avec le rayon; le rayon de 500.000 m"),
             std::string::npos)
       << warnings;

@@ -1,4 +1,4 @@
-// Metrics of text: the promises that drawings and fitted tables rest on.
+// Metrics of text, on which drawings and fitted tables rely.
 // Checked against the fonts themselves: capital height, additivity, slant and width factor.
 #include "atelier/fonts/font.h"
 

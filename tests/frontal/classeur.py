@@ -47,7 +47,7 @@ WIDTHS = {1: 0.6, 2: 0.8, 3: 1.0, 4: 1.5, 7: 2.0}
 P1 = [(0, 12.5, 1, 0.5, 1.0, False), (12.5, 25, 2, 1.0, 1.5, False), (25, 37.5, 3, 1.5, 2.0, False),
       (37.5, 50, 4, 2.0, 2.5, True), (50, 100, 7, 6.0, 6.0, True)]
 TITLES = ("Debut", "Fin", "Longueur", "Classe profondeur", "Profondeur moyenne", "Surface trancon", "Largeur trancon", "Volume")
-# What each kind of fixed element is told by, in columns of its own table.
+# The columns of each kind of fixed element in its own table.
 MANHOLE, VALVE = ("Abscisse", "Regard", "Cote Tampon", "Hauteur", "Largeur"), ("Abscisse", "Obs")
 faults = []
 
@@ -59,7 +59,7 @@ def expect(what, found, wanted):
 
 
 def run(folder, settings):
-    """Writes m.xlsx, then encore.xlsx; what is said on stderr."""
+    """Writes m.xlsx, then encore.xlsx; gives the text on stderr."""
     environment = dict(os.environ, KAVEL_FRONTAL=os.path.join(SOURCE, "frontal"), KAVEL_CHEMIN=settings)
     return subprocess.run([KAVEL, "--quiet", "-l", "dessin.lsp", "-s", "metres.scr", "-s", "encore.scr"], cwd=folder, check=True,
                           env=environment, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True).stderr
@@ -168,7 +168,7 @@ def cells(path):
 
 
 def check_without_settings(folder, path):
-    """A settings folder that can't be made: the program says so, and the default classes serve, in the second run too."""
+    """A settings folder that can't be made: there is a message, and the default classes are used, in the second run, too."""
     wanted = cells(path)
     for name in ("m.xlsx", "encore.xlsx"):
         os.remove(os.path.join(folder, name))

@@ -70,7 +70,7 @@ def main():
         check_page(pdf, 2, ["2", "3"], ["1"], ("640.00", "680.00"))
         axis = words(pdf, 1)
         expect("millimetres for 3 m of altitude at 1:100", round(place(axis, "20")[1] - place(axis, "23")[1], 1), 30.0)
-        # What doesn't fit, and a template that is none: a message, and the file stays.
+        # A view that doesn't fit, and a file that isn't a template: a message, and the old file is unchanged.
         subprocess.run([KAVEL, "--no-frontal", "--quiet", "-o", "vide.dxf"], cwd=folder, check=True)
         for scale, model, message in (("200", "a2.dxf", "il tiendrait à 1:1000"), ("1000", "rue-du-moulin.csv", "ce n'est pas un dessin"),
                                       ("1000", "vide.dxf", "attendue sur le calque FEUILLE"), ("1000", "absent.dxf", "introuvable")):

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Runs the example script of a real road, from ground and design line to workbooks, and works its areas out anew.
+"""Runs the example script of a real road, from ground and design line to workbooks, and computes its areas again.
 
 Usage: route.py KAVEL SOURCE. The data lie in ../shared/donnees and are not part of the project: without them there is nothing
 to run, and the status is 77. The design line is worked out from its vertices and radii as circles, the sewer from its polylines.

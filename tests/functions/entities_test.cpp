@@ -1,4 +1,4 @@
-// entmake, entget, entmod and their kind: what goes in comes out.
+// entmake, entget, entmod and related functions: groups that are stored are read back.
 #include "tests/support/bare_host.h"
 
 namespace kaveltest {

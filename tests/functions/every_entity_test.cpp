@@ -1,5 +1,5 @@
-// Every class of entity and object made by entmake, read by entget, changed by entmod, saved and opened again: the groups
-// that went in come out, and those of a class that the host knows nothing of as well.
+// Every class of entity and object, made by entmake, read by entget, changed by entmod, saved and opened again: all
+// groups are kept, even those of a class that the host doesn't know.
 #include <filesystem>
 
 #include "tests/support/bare_host.h"
@@ -98,7 +98,7 @@ class EveryClass : public testing::Test {
         "0.0 0.0))) (entmake '((0 . \"ENDBLK\"))))");
   }
   std::string eval(const std::string& lisp) { return session_->eval(lisp); }
-  // Makes one, changes it; its handle. Everything that was given stands in it both times.
+  // Makes one, changes it, and checks both times that it has all the groups given; gives its handle.
   std::string makeAndChange(const Made& made, bool entity) {
     SCOPED_TRACE(made.groups);
     const std::string groups = std::string("'(") + made.groups + ")";

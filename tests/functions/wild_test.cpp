@@ -1,4 +1,4 @@
-// What programs use of the host: every function is there and says what it does; the language of strings in menus.
+// Functions of the host that programs use: each exists and has a help line; DIESEL, the string language of menus.
 #include <filesystem>
 #include <fstream>
 #include <sstream>

@@ -1,4 +1,4 @@
-// Curves against analysis where numbers are awkward: touching and nearly touching, far from the origin, bulges of every
+// Curves compared with analysis in difficult cases: touching and nearly touching, far from the origin, bulges of every
 // size, areas of closed rows, cuts at knots and at ends.
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes bspline_reference.txt: B-splines and what SciPy finds on them. Run it again after adding a curve."""
+"""Writes bspline_reference.txt: B-splines and SciPy's values for them. Run it again after adding a curve."""
 import os
 
 import numpy as np

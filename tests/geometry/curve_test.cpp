@@ -1,4 +1,4 @@
-// Curves of pieces, measured against SciPy's B-splines and against what is known of circles and ellipses.
+// Curves of pieces, compared with SciPy's B-splines and with formulas for circles and ellipses.
 // bspline_reference.txt is written by bspline_reference.py.
 #include "atelier/geometry/curve.h"
 

@@ -1,4 +1,4 @@
-// Special forms, functions, scope, and the forms that programs in the wild use.
+// Special forms, functions, scope, and forms that existing programs use.
 #include "tests/lisp/table.h"
 
 namespace atelier::lisp {

@@ -85,11 +85,11 @@ TEST_F(Interface, DroppedSelectionsLetTheirObjectsGo) {
   in.addExternal("app:picks", picks, &picked, 0);
   check({{"(type (setq ss (app:picks)))", "PICKSET"}, {"(repeat 100 (setq ss (app:picks)))(type ss)", "PICKSET"}});
   run("(setq ss nil) (mapcar 'list '(1 2 3) '(4 5 6)) (gc)");
-  // A word of the machine stack may still look like one or the other of them.
+  // A word of the machine stack may still look like a pointer to one of them.
   EXPECT_LT(picked.use_count(), 10);
 }
 
-// What values hold elsewhere is their garbage, too: a set of a large drawing weighs megabytes.
+// Memory that values use elsewhere counts, too: a selection set of a large drawing takes megabytes.
 TEST_F(Interface, GarbageIsWeighedByWhatItHolds) {
   run("(setq s \"abcdefgh\") (repeat 15 (setq s (strcat s s)))");
   std::size_t before = in.heap().collections();
@@ -105,7 +105,7 @@ TEST_F(Interface, GarbageIsWeighedByWhatItHolds) {
   before = in.heap().collections();
   run("(repeat 30 (app:heavy))");
   EXPECT_GT(in.heap().collections(), before + 2);
-  // What lives isn't collected again for every few strings more.
+  // Living values don't cause a collection for every few new strings.
   run("(repeat 1000 (setq kept (cons (substr s 2) kept)))");
   before = in.heap().collections();
   run("(repeat 100 (substr s 2))");

@@ -1,5 +1,5 @@
-// An interrupt that comes in the middle of one long call of a built-in: the call notices it by itself, and what it
-// worked on is whole. No clock: the interrupt comes at the n-th place where the program looks for one.
+// An interrupt during one long call of a built-in function: the call notices it, and its data stay consistent. No clock
+// is used: the interrupt comes at the n-th check for one.
 #include "tests/lisp/table.h"
 
 namespace atelier::lisp {
@@ -61,7 +61,7 @@ TEST_F(Interruption, IsNoticedInsideOneCall) {
       in.clearInterrupt();
     }
   in.onPoll({});
-  // What was read, compared and copied is as it was; a string that was being appended to, too.
+  // All values are unchanged, even a string that was being appended to.
   check({{"(strlen text)", "8388608"},
          {"(strlen (setq text (strcat text \"x\")))", "8388609"},
          {"(substr text 8388607)", "\"ghx\""},

@@ -1,4 +1,4 @@
-// Nothing that a program can pass or spell may bring the interpreter down.
+// No arguments and no text may crash the interpreter.
 #include <array>
 #include <filesystem>
 

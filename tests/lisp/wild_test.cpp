@@ -1,4 +1,4 @@
-// Forms as programs of many years hold them, with the values, the printing and the messages that they rely on.
+// Forms of existing programs, with the values, the output and the messages on which they rely.
 #include "tests/lisp/table.h"
 
 namespace atelier::lisp {

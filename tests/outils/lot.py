@@ -77,7 +77,7 @@ def main():
             out.write('(if (= (getvar "DWGNAME") "d4.dxf") (while T))\n')
         expect("status with an endless script", lot("--delay", "3", "--no-save").returncode, 1)
         expect("statuses with an endless script", [read(results, name, "etat").strip() for name in names], ["0", "0", "0", "124"])
-        expect("its message", "abandonne apres 3 s" in read(results, "resume.tsv"), True)
+        expect("its message", "abandonné après 3 s" in read(results, "resume.tsv"), True)
         expect("bad usage", subprocess.run([os.path.join(SOURCE, "outils", "lot"), script], capture_output=True).returncode, 2)
     for fault in faults:
         print(fault)

@@ -100,7 +100,6 @@ TEST_F(Handlers, TranslateCoordinates) {
   acutRelRb(to);
 }
 
-// A function without help, or a command's name that two rows claim, is a mistake in a table.
 TEST_F(Handlers, CrossingsOfSegmentsThatLieOnOneAnother) {
   const struct {
     double a[4], b[4];  // x y x y
@@ -135,6 +134,7 @@ TEST_F(Handlers, CrossingsOfSegmentsThatLieOnOneAnother) {
   }
 }
 
+// A function without help, or a command's name that two rows claim, is a mistake in a table.
 TEST_F(Handlers, TablesAreWhole) {
   for (const auto* primitive : session.document().interpreter().primitives()) {
     EXPECT_FALSE(primitive->help.empty()) << primitive->name;

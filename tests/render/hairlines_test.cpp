@@ -1,4 +1,4 @@
-// Lines set straight into a picture: the pixels they take, and that nothing leaves the picture.
+// Lines drawn straight into a picture: the pixels that are set, and that none is set outside.
 #include "atelier/render/painters/hairlines.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,4 @@
-// Blocks unfolded: places, inherited looks, sources for picking, and the limits that keep hostile drawings
-// finite.
+// Contents of blocks: places, inherited looks, sources for picking, and the limits for hostile drawings.
 #include <gtest/gtest.h>
 
 #include "drawing.h"

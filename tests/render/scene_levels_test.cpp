@@ -1,5 +1,5 @@
-// Looks through three levels of blocks: what is by block or on layer 0 takes after the reference around it, and that one
-// after the next. The outermost reference stands in the model space.
+// Looks through three levels of blocks: entities by block or on layer 0 look like the reference around them, which may
+// look like the next one. The outermost reference is in the model space.
 #include <gtest/gtest.h>
 
 #include "drawing.h"
@@ -65,7 +65,7 @@ TEST(SceneLevels, ColourWeightAndLineTypeComeFromWhereTheyStand) {
   }
 }
 
-// A frozen layer hides the reference with all that is in it; one that is off hides what takes after it only.
+// A frozen layer hides the reference with all its contents; one that is off hides only contents that inherit the layer.
 TEST(SceneLevels, HiddenLayersAtEachLevel) {
   const struct {
     const char *line, *a, *b, *c;

@@ -1,4 +1,4 @@
-// Drawings as display lists: where each kind of entity lies in plan, and which looks it takes.
+// Drawings as display lists: the place of each kind of entity in plan, and its look.
 #include <gtest/gtest.h>
 
 #include <algorithm>

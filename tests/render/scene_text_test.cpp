@@ -1,4 +1,4 @@
-// Texts in a drawing: justification, mirroring, attributes, paragraphs. The ink tells where they stand.
+// Texts in a drawing: justification, mirroring, attributes, paragraphs. Their place is checked by their ink.
 #include <gtest/gtest.h>
 
 #include <cmath>

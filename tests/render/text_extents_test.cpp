@@ -1,5 +1,5 @@
-// The box that an object says it has is the box of what is drawn: texts in every alignment, slant, width, turn and plane,
-// attributes under every kind of reference. Two rooms work these out on their own; where they differ, one is wrong.
+// The extents of an object are the box of what is drawn: texts in every alignment, slant, width, turn and plane, and
+// attributes of every kind of reference. Two rooms work these out separately; where they differ, one is wrong.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -34,7 +34,7 @@ void expectSame(const TestDrawing& drawing, double slack, const std::string& nam
 
 std::string n(double v) { return std::to_string(v); }
 
-// A text as a drawing holds it once its host has placed it: entmake's way round, by the alignment point.
+// A text as a host stores it after placing it from its alignment point; made with entmake.
 std::string placed(const TestDrawing& drawing) {
   const auto database = openDrawing(drawing);
   AcDbImpDatabase& imp = AcDbImpDatabase::of(database.get());
@@ -99,7 +99,7 @@ TEST(TextExtents, OfParagraphsAreThoseOfTheInk) {
       }
 }
 
-// The rest of what is drawn: places of arrays, planes, bulges, wide lines apart.
+// Other kinds of drawing: places of arrays, planes, bulges; but no wide lines.
 TEST(Extents, AreThoseOfTheInkForReferences) {
   TestDrawing d;
   d.blocks = {"BLOCK 8=0 2=B 70=0 10=1 20=1", "LINE 8=0 10=1 20=1 11=3 21=2",

@@ -1,4 +1,4 @@
-// ssget by filter and by place, and the sets themselves.
+// ssget by filter and by place, and functions on selection sets.
 #include "tests/support/bare_host.h"
 
 namespace kaveltest {

@@ -1,5 +1,5 @@
-// The spatial index against a walk over every entity: the same entities in the same order, before and after changes
-// of all kinds to random drawings.
+// The spatial index compared with a walk over every entity: the same entities in the same order, before and after
+// changes of all kinds to random drawings.
 #include <algorithm>
 #include <random>
 
@@ -67,7 +67,7 @@ class RandomDrawing : public DrawingTest, public testing::WithParamInterface<uns
     draw(120);
   }
 
-  // What was found, as names that a failure can be read by.
+  // The names of the entities found, for readable failures.
   template <class STUBS>
   std::vector<std::string> names(const STUBS& stubs) {
     std::vector<std::string> list;

@@ -1,5 +1,5 @@
-// Corners of lines and arcs in a plane: whatever is asked, an answer touches both sides, goes smoothly on into what
-// stays of them, and keeps what was picked.
+// Corners of lines and arcs in a plane: every result touches both sides, continues smoothly into the parts that are
+// kept, and keeps the picked parts.
 #include "atelier/shaping/corner.h"
 
 #include <gtest/gtest.h>
@@ -53,7 +53,7 @@ TEST(Corners, TouchAndGoSmoothlyOn) {
     for (const auto& [s, joint, way] : {std::tuple(&a, corner->first, 1.0), std::tuple(&b, corner->second, -1.0)}) {
       EXPECT_LT(s->track.pointAt(joint.param).distanceTo(joint.point), 1e-8) << i;
       if (s->whole) continue;
-      // The arc leaves the first side against the way in which that side goes on.
+      // The arc leaves the first side in the direction opposite to the part that is kept.
       const AcGeVector2d leaving =
           (joint.point - round.centre).normal().perpVector() * (corner->bulge > 0 ? way : -way);
       EXPECT_LT(keptWay(*s, joint).dotProduct(leaving), -1 + 1e-6) << i;
@@ -63,7 +63,7 @@ TEST(Corners, TouchAndGoSmoothlyOn) {
   EXPECT_GT(answered, 2000);
 }
 
-// Of the four arcs at a crossing the one between the picks, however great it is.
+// Of the four arcs at a crossing the one between the picks, whatever its radius.
 TEST(Corners, ArePickedByTheirSides) {
   for (const double a : {0.1, 0.9})
     for (const double b : {0.1, 0.9})

@@ -1,4 +1,4 @@
-// Gives every test program a settings folder of its own, that goes with it: tests that run at once must not read each
+// Gives every test program its own settings folder, removed at its end: tests that run at once must not read each
 // other's settings, nor the user's.
 #include <unistd.h>
 
@@ -14,8 +14,8 @@ const std::string& folder() {
   return path;
 }
 
-// Ahead of every static initialiser, for the plug-in reads its settings in one. A program that a test starts keeps the
-// folder that the test chose.
+// Runs before all static initialisers, because the plug-in reads its settings in one. A program started by a test keeps
+// the folder that the test has chosen.
 [[gnu::constructor(101)]] void chooseFolder() {
   if (std::getenv("KAVEL_TESTS")) return;
   setenv("KAVEL_TESTS", "1", 1);

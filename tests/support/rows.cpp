@@ -1,5 +1,5 @@
-// Reading files of situations and running their rows.
-// Forms are only cut apart here; what they mean is the interpreter's.
+// Reads files of situations and runs their rows.
+// Forms are only separated here; the interpreter evaluates them.
 #include "tests/support/rows.h"
 
 #include <gtest/gtest.h>
@@ -38,7 +38,7 @@ std::size_t tokenEnd(const std::string& text, std::size_t i) {
   return std::min(text.find_first_of("()'\"; \t\n", i), text.size());
 }
 
-// The forms that stand in a text one after the other.
+// The forms of a text.
 std::vector<Form> forms(const std::string& text, int line, const std::string& file) {
   std::vector<Form> found;
   std::string form;
@@ -70,7 +70,7 @@ std::vector<std::string> partsOf(const Form& form, const std::string& file) {
   return parts;
 }
 
-// What a string means: as the interpreter reads it, for the few characters that rows need.
+// The value of a string literal, as the interpreter reads it, for the few characters that rows need.
 std::string unquoted(const std::string& string) {
   if (string.size() < 2 || string.front() != '"') throw std::runtime_error("a text is expected: " + string);
   static const std::string kLetters = "nrt\"\\", kMeant = "\n\r\t\"\\";
@@ -83,7 +83,7 @@ std::string unquoted(const std::string& string) {
   return text;
 }
 
-// A row in which values stand for words.
+// The row with words replaced by values.
 Row substituted(Row row, const std::vector<std::string>& words, const std::vector<std::string>& values) {
   for (std::string& part : row.parts) {
     std::string text;
@@ -156,7 +156,7 @@ std::string joined(const std::vector<std::string>& parts, std::size_t from) {
   return text;
 }
 
-// What a row says that isn't so; empty when all is.
+// Why a row isn't fulfilled; empty when it is.
 std::string fault(Session& session, const std::string& file, const Row& row, const std::string& folder) {
   const std::string kind = row.parts.at(0);
   if (kind == "fichier") {

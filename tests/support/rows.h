@@ -1,9 +1,9 @@
-// Tests written in AutoLISP: files of situations, each a new drawing with what prepares it and rows that it must fulfil.
-// A failure names file and line of the row, the expression, what came and what was expected.
+// Tests written in AutoLISP: files of situations, each a new drawing with preparations and rows that it must fulfil.
+// A failure names the file and line of the row, the expression, its value and the expected one.
 //
 //   (commun ROW...)                   every situation of the file starts with these rows
 //   (situation "Name")                a new drawing; what follows belongs to it
-//   (tableau (VAR...) (VALUE...)...)  the situation is run for each list of values, which stand for the variables in its rows
+//   (tableau (VAR...) (VALUE...)...)  the situation is run for each list of values, which replace the variables in its rows
 //   (fichier "NAME" "TEXT")           a file in the folder of the test
 //   (preparer FORM...)                evaluated
 //   (EXPRESSION EXPECTED)             the value, as it is printed, is EXPECTED, which is not evaluated
@@ -11,7 +11,7 @@
 //   (ecrit EXPRESSION "TEXT")         what is printed is TEXT and nothing else
 //   (refuse EXPRESSION "PART"...)     the value is nil and what is printed holds every part
 //   (passe EXPRESSION...)             no error
-//   (tape ("LINE"...) "PART"...)      the lines are typed; what appears holds every part
+//   (tape ("LINE"...) "PART"...)      the lines are typed; the transcript contains every part
 //
 // Among the parts, (sauf "PART"...) are parts that don't appear.
 //

@@ -1,4 +1,4 @@
-// A drawing with its command line, as tests use it: LISP in, printed values and transcripts out.
+// A drawing with its command line for tests: AutoLISP in, printed values and transcripts out.
 // Faults of handlers (objects left open, chains leaked) are errors here.
 #pragma once
 #include <memory>
@@ -20,7 +20,7 @@ struct Session {
   // Value of the last form as prin1 prints it. Throws std::runtime_error with the message of a LISP error.
   // Prompts inside are cancelled.
   std::string eval(std::string_view lisp);
-  // Feeds lines to the command line and returns the transcript that they caused.
+  // Feeds lines to the command line and returns the resulting transcript.
   std::string feed(std::string_view lines);
   // Everything printed since the last call.
   std::string transcript();

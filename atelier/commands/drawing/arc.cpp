@@ -1,5 +1,5 @@
 // CIRCLE ARC: circles and their parts.
-// Geometry is made in the plane of the world; arcs run counter-clockwise unless an angle or a radius says otherwise.
+// All is drawn in the world's xy plane; arcs run counter-clockwise unless an angle or a radius says otherwise.
 #include <cmath>
 #include <numbers>
 

@@ -1,4 +1,4 @@
-// Telling the audit.
+// Prints the audit.
 // Lines are the same for the AUDIT command and for the program's option.
 #include "atelier/commands/files/audit_report.h"
 
@@ -23,7 +23,7 @@ AuditCount auditDrawing(Document& document, bool fix, const std::function<void(s
     if (collect) out(document.takeTranscript());
     count.errors += static_cast<std::size_t>(parseInteger(printed).value_or(0));
   }
-  out(std::to_string(count.errors) + " erreurs, " + std::to_string(count.repaired) + " reparees, " +
+  out(std::to_string(count.errors) + " erreurs, " + std::to_string(count.repaired) + " réparées, " +
       std::to_string(count.findings) + " constats\n");
   return count;
 }

@@ -1,5 +1,5 @@
-// The audit of an open drawing, told line by line: the drawing's own checks, then those of the front-end, which knows
-// the records of profiles and matrices (AutoLISP function plv-audit; it gives the number of its findings).
+// The audit of an open drawing, as lines: the drawing's own checks, then those of the front-end, which knows the
+// records of profiles and matrices (the AutoLISP function plv-audit; it gives the number of its findings).
 #pragma once
 #include <cstddef>
 #include <functional>
@@ -10,11 +10,11 @@ namespace atelier {
 class Document;
 
 struct AuditCount {
-  std::size_t errors = 0, repaired = 0, findings = 0;  // errors: those that stay
+  std::size_t errors = 0, repaired = 0, findings = 0;  // errors: those not repaired
 };
 
-// Hands each line to `out`, the summary last. What the front-end prints goes to the document's printer, and to `out`
-// only when `collect` says that the printer drops it. Repairs can be undone.
+// Gives each line to `out`, the summary last. The front-end prints to the document's printer; with `collect`, for a
+// printer that prints nothing, its lines go to `out`, too. Repairs can be undone.
 AuditCount auditDrawing(Document& document, bool fix, const std::function<void(std::string_view)>& out,
                         bool collect = false);
 

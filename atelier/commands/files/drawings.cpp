@@ -1,5 +1,5 @@
 // NEW OPEN RECOVER QSAVE SAVEAS AUDIT: the drawing as a whole and its file.
-// A drawing is opened in the place of the one that is there; AutoLISP's variables stay.
+// A drawing that is opened replaces the present one; AutoLISP's variables are kept.
 #include <filesystem>
 
 #include "atelier/commands/command_prompts.h"
@@ -72,7 +72,7 @@ CommandTask qsave(Command& c) {
   c.document.save(withExtension(path));
 }
 
-// "R12", "2000", "R2000", "LT2000" ... as a release; empty for what is none.
+// "R12", "2000", "R2000", "LT2000" ... as a release; empty for any other word.
 std::string releaseOf(std::string_view word) {
   std::string upper = upperCase(trimmed(word));
   if (upper.starts_with("LT")) upper.erase(0, 2);
@@ -98,7 +98,7 @@ CommandTask saveas(Command& c) {
     } else if (word == "B" || word == "BINAIRE" || word == "BINARY") {
       binary = true;
     } else {
-      options = parseInteger(word).has_value();  // decimal places: all that a number needs are written
+      options = parseInteger(word).has_value();  // decimal places are ignored: numbers are written with all they need
     }
   }
   if (given.value.empty()) co_return;

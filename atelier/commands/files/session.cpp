@@ -1,5 +1,5 @@
 // QUIT SCRIPT SETVAR DELAY: the session.
-// What a script holds is run when the command has ended, as if its lines had been typed then.
+// The lines of a script are run when the command has ended, as if they were typed then.
 #include <chrono>
 #include <fstream>
 #include <sstream>

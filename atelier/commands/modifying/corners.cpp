@@ -1,5 +1,5 @@
-// FILLET CHAMFER: corners that are rounded or cut, of two objects or all those of a polyline.
-// The questions only; corner.h finds the corner and corner_sides.h puts it into the drawing.
+// FILLET CHAMFER: rounds or cuts the corner of two objects, or all corners of a polyline.
+// Only the questions are here; corner.h finds the corner and corner_sides.h puts it into the drawing.
 #include "atelier/commands/command_prompts.h"
 #include "atelier/commands/command_table.h"
 #include "atelier/document/document.h"
@@ -24,13 +24,13 @@ void joinRounded(const Command& c, const PickedEntity& first, const PickedEntity
   applyCorner(c.document, sides, *corner, trims(c));
 }
 
-void joinCut(const Command& c, const PickedEntity& first, const PickedEntity& second, double before, double behind) {
+void joinCut(const Command& c, const PickedEntity& first, const PickedEntity& second, double before, double after) {
   checkSide(c.document, second);
   const CornerSides sides = cornerSides(c.document, first, second);
   for (const PickedSide* picked : {&sides.first, &sides.second})
     if (picked->side.track.isRound()) c.fail("Seuls des segments droits se chanfreinent.");
   if (areParallel(sides.first.side, sides.second.side)) c.fail("Les lignes sont parallèles.");
-  const auto corner = cutCorner(sides.first.side, sides.second.side, before, behind);
+  const auto corner = cutCorner(sides.first.side, sides.second.side, before, after);
   if (!corner) c.fail("Les écarts sont trop grands.");
   applyCorner(c.document, sides, *corner, trims(c));
 }
@@ -55,7 +55,7 @@ void changeWhole(const Command& c, AcDbObjectId id, PATH path) {
     c.print("\n" + std::to_string(cornered.tooShort) + " sommet(s) entre des segments trop courts.");
 }
 
-// The answer to the question for lines at the corner.
+// Sets whether the lines are trimmed, from the answer.
 void setTrimming(const Command& c, const Reply<int>& mode) {
   if (mode.answer == Answer::keyword) c.document.variables().set("TRIMMODE", mode.is("Trim") ? 1 : 0);
 }
@@ -97,9 +97,9 @@ CommandTask fillet(Command& c) {
 CommandTask chamfer(Command& c) {
   for (bool many = false;;) {
     const double before = c.document.variables().real("CHAMFERA", 0),
-                 behind = c.document.variables().real("CHAMFERB", 0);
+                 after = c.document.variables().real("CHAMFERB", 0);
     const std::string prompt = "\nPremière ligne ou [Polyligne/Ecarts/Ajuster/Multiple] <" + realText(before) + " et " +
-                               realText(behind) + ">: ";
+                               realText(after) + ">: ";
     const auto first = co_await c.entity(prompt, "Polyligne Ecarts Ajuster Multiple _Polyline Distance Trim Multiple");
     if (first.is("Multiple")) {
       many = true;
@@ -116,13 +116,13 @@ CommandTask chamfer(Command& c) {
       const auto whole = co_await c.entity("\nPolyligne: ");
       if (whole.given())
         changeWhole(c, whole.value.id,
-                    [&](const auto& list, bool closed) { return cutPath(list, closed, before, behind); });
+                    [&](const auto& list, bool closed) { return cutPath(list, closed, before, after); });
       if (!many) co_return;
     } else {
       if (!first.given()) co_return;
       checkSide(c.document, first.value);
       const auto second = co_await c.entity("\nDeuxième ligne: ");
-      if (second.given()) joinCut(c, first.value, second.value, before, behind);
+      if (second.given()) joinCut(c, first.value, second.value, before, after);
       if (!many || !second.given()) co_return;
     }
   }

@@ -1,5 +1,5 @@
-// SPLINE BREAK: drawing curves through points, and cutting them at points.
-// A cut leaves no piece without length.
+// SPLINE BREAK: draws curves through points, and cuts curves at points.
+// No piece without length results from a cut.
 #include <cmath>
 
 #include "atelier/commands/command_prompts.h"
@@ -47,7 +47,7 @@ CommandTask spline(Command& c) {
   c.add(std::move(made));
 }
 
-// An object that is named rather than picked has no first point yet.
+// For an object that was named, not picked, the first point is asked for.
 CommandTask breakCurve(Command& c) {
   const auto picked = co_await c.entity("\nObjet à couper: ");
   if (!picked.given()) co_return;

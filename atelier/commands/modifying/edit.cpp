@@ -1,5 +1,5 @@
-// ERASE MOVE COPY ROTATE SCALE MIRROR: changing what is drawn.
-// Objects on locked layers stay as they are.
+// ERASE MOVE COPY ROTATE SCALE MIRROR: changes to objects.
+// Objects on locked layers are not changed.
 #include <numbers>
 
 #include "atelier/commands/command_prompts.h"
@@ -33,7 +33,7 @@ CommandTask move(Command& c) {
   c.change(*chosen.value, [&](AcDbEntity& entity) { entity.transformBy(AcGeMatrix3d::translation(by)); });
 }
 
-// A program makes one copy unless it says Multiple; a user as many as points are given.
+// A program makes one copy unless it asks for Multiple; a user one for each point given.
 CommandTask copy(Command& c) {
   const auto chosen = co_await c.objects();
   if (!chosen.given()) co_return;

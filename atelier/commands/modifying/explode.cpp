@@ -1,6 +1,6 @@
-// EXPLODE: blocks and polylines taken apart.
-// Parts keep the layer and colour that they have in the block, those of a polyline have its own. An array of references
-// may stand for any number of objects and stays.
+// EXPLODE: replaces block references and polylines by their parts.
+// Parts of a block keep their layer and colour, parts of a polyline get those of the polyline. An array of references
+// is not exploded: it may stand for any number of objects.
 #include <cmath>
 
 #include "atelier/base/interruption.h"
@@ -17,7 +17,7 @@ namespace {
 
 using Parts = std::vector<std::unique_ptr<AcDbEntity>>;
 
-// A light polyline as lines and arcs.
+// Lines and arcs in place of a lightweight polyline.
 void explodePolyline(const AcDbPolyline& polyline, Parts& parts) {
   const unsigned count = polyline.numVerts();
   const AcGeMatrix3d plane = AcGeMatrix3d().setToPlaneToWorld(polyline.normal());
@@ -51,7 +51,7 @@ void explodeSpacePolyline(const AcDb3dPolyline& polyline, Parts& parts) {
   }
 }
 
-// False for what can't be taken apart.
+// Appends the parts; false for an entity that can't be exploded.
 bool partsOf(const AcDbEntity& entity, Parts& parts) {
   if (const auto* light = AcDbPolyline::cast(&entity)) {
     explodePolyline(*light, parts);
@@ -78,7 +78,7 @@ bool explodeInto(const Command& c, const AcDbEntity& entity) {
 
 // --- references
 
-// Whether circles of the plane with that normal stay circles.
+// Whether circles in the plane with that normal remain circles.
 bool keepsCircles(const AcGeMatrix3d& matrix, const AcGeVector3d& normal) {
   const AcGeMatrix3d plane = AcGeMatrix3d().setToPlaneToWorld(normal);
   const AcGeVector3d u = matrix * (plane * AcGeVector3d::kXAxis), v = matrix * (plane * AcGeVector3d::kYAxis);
@@ -100,8 +100,8 @@ std::unique_ptr<AcDbEllipse> ellipseOf(const AcDbEntity& round) {
   return nullptr;
 }
 
-// What of a part has to become something else, since the matrix makes ellipses of its arcs: in place, untransformed.
-// Nothing when it can stay what it is.
+// Entities to replace a part whose arcs the matrix would turn into ellipses, not yet transformed; empty when the part
+// can be transformed as it is.
 Parts stretchable(const AcDbEntity& part, const AcGeMatrix3d& matrix) {
   Parts pieces;
   const auto* old = AcDb2dPolyline::cast(&part);
@@ -124,7 +124,7 @@ bool isArray(const AcDbBlockReference& reference) {
   return record.integer(integerField(kInsert, 70)) > 1 || record.integer(integerField(kInsert, 71)) > 1;
 }
 
-// Whether the matrix leaves the axes at right angles: a reference can hold no other.
+// Whether the matrix keeps the axes at right angles: a reference can't have any other.
 bool isUpright(const AcGeMatrix3d& matrix) {
   const AcGeVector3d x = matrix * AcGeVector3d::kXAxis, y = matrix * AcGeVector3d::kYAxis,
                      z = matrix * AcGeVector3d::kZAxis;
@@ -135,8 +135,8 @@ bool isUpright(const AcGeMatrix3d& matrix) {
   return right(x, y) && right(y, z) && right(z, x);
 }
 
-// The contents of the block where the matrix puts them; vertices and attributes come along. A reference inside that
-// would stand askew is taken apart, too, as far as it has no attributes and is no array.
+// Adds the block's contents, transformed, with their vertices and attributes. A reference inside whose axes would not
+// be at right angles is exploded, too, unless it has attributes or is an array.
 bool explodeBlock(const Command& c, AcDbObjectId blockId, const AcGeMatrix3d& matrix, int depth) {
   constexpr int kDeepest = 16;
   const AcDbObjectPointer<AcDbBlockTableRecord> block(blockId);
@@ -172,14 +172,14 @@ bool explodeReference(const Command& c, const AcDbBlockReference& reference) {
   return !isArray(reference) && explodeBlock(c, reference.blockTableRecord(), reference.blockTransform(), 0);
 }
 
-// A program gives one answer and no Enter, unless QAFLAGS asks for the dialogue that a user has.
+// A program gives one answer without Enter, unless QAFLAGS asks for the same questions as for a user.
 CommandTask explode(Command& c) {
   const bool single =
       c.document.prompter().source->isProgram() && (c.document.variables().integer("QAFLAGS", 0) & 1) == 0;
   const auto chosen = co_await c.objects(single);
   if (!chosen.given()) co_return;
   int kept = 0;
-  // Each object's parts come in before it goes: an interruption loses nothing.
+  // An object's parts are added before it is erased, so that an interruption loses nothing.
   c.change(*chosen.value, [&](AcDbEntity& entity) {
     const auto* reference = AcDbBlockReference::cast(&entity);
     if (!(reference ? explodeReference(c, *reference) : explodeInto(c, entity))) {

@@ -1,5 +1,5 @@
 // OFFSET: parallels.
-// A curve keeps its kind; a parallel lies in the plane of what it is parallel to.
+// The parallel is of the same kind as the curve and lies in the same plane.
 #include <algorithm>
 #include <cmath>
 
@@ -25,7 +25,7 @@ std::unique_ptr<AcDbPolyline> polylineOf(const std::vector<PolylineVertex>& list
   return made;
 }
 
-// Whether the point lies to the left of the curve, seen from above its plane; at a corner by the two directions there.
+// Whether the point lies to the left of the curve, seen against its normal; at a corner both directions count.
 bool liesLeft(const AcDbCurve& curve, const AcGeVector3d& normal, const AcGePoint3d& point) {
   AcGePoint3d foot;
   const auto at = paramNear(curve, point);
@@ -51,7 +51,7 @@ double parallelRadius(double radius, const AcGePoint3d& centre, const AcGeVector
   return radius + (inPlane.length() < radius ? -distance : distance);
 }
 
-// The parallel on the side of the point; null for a curve that has none of its own kind.
+// The parallel on the side of the point; null for a curve without a parallel of its kind.
 std::unique_ptr<AcDbCurve> parallelOf(const AcDbCurve& curve, double distance, const AcGePoint3d& side) {
   if (const auto* line = AcDbLine::cast(&curve)) {
     const AcGeVector3d d = line->endPoint() - line->startPoint();

@@ -1,6 +1,6 @@
 // PEDIT: closing, joining, widths, smoothing and vertices of polylines.
-// Lines and arcs, and polylines of the older kind, become lightweight polylines first. A smoothed polyline keeps no
-// frame: straightening takes its arcs away.
+// Lines, arcs and polylines of the older kind first become lightweight polylines. A smoothed polyline doesn't keep its
+// frame: straightening it only removes arcs.
 #include <cmath>
 
 #include "atelier/base/interruption.h"
@@ -18,7 +18,7 @@ namespace {
 
 using Vertices = std::vector<PolylineVertex>;
 
-// Takes in what touches an end, until nothing does.
+// Joins curves that touch an end, until no more do; gives their number.
 int join(AcDbPolyline& polyline, const SelectionSet& set, AcDbImpDatabase& database, double reach) {
   std::vector<AcDbStub*> left;
   LayerStates layers(database);
@@ -63,7 +63,7 @@ void smooth(const Command& c, AcDbPolyline& polyline, bool arcs) {
                      : framedCurve(list, polyline.isClosed(), variables.integer("SPLINETYPE", 6) == 5 ? 2 : 3, chords));
 }
 
-// The polyline open for as long as one change takes, so that a question never finds it open.
+// Holds the polyline open for one change only, so that it isn't open during a question.
 class Opened {
  public:
   Opened(const Command& c, AcDbObjectId id) : pointer_((checkInterruption(), id), AcDb::kForWrite) {
@@ -81,7 +81,7 @@ AcGePoint2d inPlane(const AcDbPolyline& polyline, const AcGePoint3d& p) {
   return {q.x, q.y};
 }
 
-// Polylines among themselves: each takes in what touches its ends, and those that were taken in are gone.
+// Joins the polylines with each other; those that became part of another one are erased.
 int joinAmong(const Command& c, std::vector<AcDbObjectId>& ids, double reach) {
   int joined = 0;
   for (const AcDbObjectId id : ids) {
@@ -101,7 +101,7 @@ bool isSimple(const Command& c, AcDbObjectId id) {
   return AcDbLine::cast(&object) || AcDbArc::cast(&object);
 }
 
-// Whether the line type's dashes run on over the vertices: bit 128 of the polyline's flags.
+// Sets whether the dashes of the line type continue over vertices: bit 128 of the polyline's flags.
 void setTypeAlong(AcDbPolyline& polyline, bool along) {
   constexpr std::int64_t kAlong = 128;
   constexpr Field kFlags = integerField("AcDbPolyline", 70);
@@ -110,7 +110,7 @@ void setTypeAlong(AcDbPolyline& polyline, bool along) {
   imp.setInteger(kFlags, along ? flags | kAlong : flags & ~kAlong);
 }
 
-// What an option without questions does to one polyline.
+// Applies an option without questions to one polyline.
 void apply(const Command& c, const std::string& option, AcDbObjectId id) {
   const Opened polyline(c, id);
   if (option == "Close" || option == "Open") polyline->setClosed(option == "Close");

@@ -1,4 +1,4 @@
-// CHPROP CHANGE COLOR LINETYPE: the properties that all entities share, of some objects or of what is drawn next.
+// CHPROP CHANGE COLOR LINETYPE: the properties that all entities have, for chosen objects or for new ones.
 // A layer or line type must exist.
 #include <cmath>
 

@@ -1,5 +1,5 @@
-// TRIM EXTEND: cutting and lengthening curves to where they meet others.
-// Curves meet in plan. What is picked at a point is cut or extended on the side of that point.
+// TRIM EXTEND: cuts and lengthens curves to where they meet others.
+// Meetings are found in plan. A curve is cut or extended on the side of the picked point.
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -21,13 +21,13 @@ constexpr const char* kLocked = "\nL'objet est sur un calque verrouillé.";
 
 using Limits = std::vector<AcDbStub*>;
 
-// What may be a limit: the selection, or without one the whole space.
+// The possible limits: the selection, or without one all entities of the space.
 Limits limits(const Command& c, const SelectionSet* set) {
   const AcDbStub* space = c.document.database().currentSpaceId();
   return set ? Limits(set->list().begin(), set->list().end()) : space && space->children ? *space->children : Limits();
 }
 
-// What is left of the curve without the part between the limits at either side of the point; nothing without a limit.
+// The pieces left when the part between the limits on both sides of the point is removed; none without a limit.
 CurvePieces trimmed(const Command& c, const AcDbCurve& curve, const AcGePoint3d& point, const SelectionSet* set) {
   AcDbExtents box;
   Limits others = limits(c, set);
@@ -71,8 +71,8 @@ CommandTask trim(Command& c) {
 
 // --- extending
 
-// The least of what `beyond` gives for the places where the part, lengthened, meets a limit; they are seen along the
-// normal of the plane. Nothing when none is above 0.
+// The least value above 0 that `beyond` gives for the places where the lengthened part meets a limit, seen along the
+// normal of the plane. Nothing when there is none.
 template <class BEYOND>
 std::optional<double> reach(const AcDbCurve& part, const AcGeVector3d& normal, const Limits& others,
                             const AcDbCurve* own, BEYOND beyond) {
@@ -90,7 +90,7 @@ std::optional<double> reach(const AcDbCurve& part, const AcGeVector3d& normal, c
   return least;
 }
 
-// Where a line ends then; the slope goes on.
+// The new end of a line; its slope continues.
 std::optional<AcGePoint3d> lengthened(const AcDbLine& line, bool atEnd, const Limits& others, const AcDbCurve* own) {
   const AcGePoint3d end = atEnd ? line.endPoint() : line.startPoint();
   const AcGeVector3d along = end - (atEnd ? line.startPoint() : line.endPoint());
@@ -103,7 +103,7 @@ std::optional<AcGePoint3d> lengthened(const AcDbLine& line, bool atEnd, const Li
   return beyond ? std::optional(end + along * (*beyond / length)) : std::nullopt;
 }
 
-// The angle in its own plane at which an arc ends then; it does not run into itself.
+// The new end angle of an arc, in its own plane; the arc doesn't overlap itself.
 std::optional<double> lengthened(const AcDbArc& arc, bool atEnd, const Limits& others, const AcDbCurve* own) {
   const AcGeMatrix3d plane = AcGeMatrix3d().setToWorldToPlane(arc.normal());
   const AcGePoint3d centre = plane * arc.center();
@@ -156,7 +156,7 @@ bool nearerToEnd(const AcDbCurve& curve, const AcGePoint3d& point) {
   return at && curve.getStartParam(low) == Acad::eOk && curve.getEndParam(high) == Acad::eOk && *at > (low + high) / 2;
 }
 
-// False when it meets nothing.
+// False when the curve meets no limit.
 bool extendCurve(AcDbCurve& curve, const AcGePoint3d& point, const Limits& others) {
   const bool atEnd = nearerToEnd(curve, point);
   if (AcDbLine* line = AcDbLine::cast(&curve)) {

@@ -1,4 +1,4 @@
-// Who refers to a record by its name: by type of record and group code.
+// Finds the records that refer to a table record by its name: a matter of record type and group code.
 // Reference: DXF reference, chapters "TABLES", "BLOCKS" and "ENTITIES".
 #include "atelier/commands/records/command_records.h"
 
@@ -93,12 +93,12 @@ std::vector<std::string> purgeTable(const Command& c, std::string_view table, st
     checkInterruption();
     if (stub.is(AcDbStub::kErased)) continue;
     const std::string type(db.typeName(stub));
-    // A block's own ends name it too.
+    // A block's own BLOCK and ENDBLK name it, too, but don't use it.
     const bool ownEnd = table == "BLOCK_RECORD" && type == "BLOCK";
     for (const Group& group : AcDbImpObject::of(&db.object(stub)).settled().groups) {
       if (!ownEnd && namesRecord(table, type, stub.is(AcDbStub::kEntity), group.code()))
         used.insert(upperCase(group.text()));
-      // Pointers count, but for the one from a part of a block to its owner.
+      // Pointers count as uses, except the owner's handle (330).
       if (group.kind() == GroupKind::handle && group.code() >= 331) handles.insert(group.handle());
     }
   }

@@ -1,4 +1,4 @@
-// Records of symbol tables, renamed and purged with what refers to them by name.
+// Renames and purges records of symbol tables.
 // Inner header of the room.
 #pragma once
 #include <string>
@@ -9,12 +9,11 @@
 
 namespace atelier {
 
-// Gives a record another name, and everything in the drawing that names it. Throws Error when the old
-// name is unknown, the new one taken or no symbol's name, or the record one that keeps its name (layer 0,
-// style Standard ...).
+// Gives a record another name, also where the drawing refers to it. Throws Error when the old name is unknown, when the
+// new one is taken or not valid, or for a record that must keep its name (layer 0, style Standard ...).
 void renameRecord(const Command& command, std::string_view table, const std::string& from, const std::string& to);
 
-// Erases the records of the table that nothing refers to and whose name fits the pattern; their names.
+// Erases the table's records that nothing refers to and whose names match the pattern; gives their names.
 std::vector<std::string> purgeTable(const Command& command, std::string_view table, std::string_view pattern);
 
 }  // namespace atelier

@@ -39,7 +39,7 @@ std::vector<std::string> parts(std::string_view names) {
   return list;
 }
 
-// Calls with each layer that the names mean; an empty text means the current one.
+// Calls `work` with each layer of the names; an empty text means the current layer.
 template <class WORK>
 void eachLayer(const Command& c, const std::string& names, WORK work) {
   const std::string pattern =
@@ -59,7 +59,7 @@ void setCurrent(const Command& c, const std::string& name) {
   if (!c.document.variables().set("CLAYER", name)) c.print("\nLe calque \"" + name + "\" n'existe pas.");
 }
 
-// Freezing leaves the current layer alone.
+// The current layer is not frozen.
 void freeze(const Command& c, const std::string& names, bool frozen) {
   const AcDbObjectId current = c.document.database().clayer();
   eachLayer(c, names, [&](Layer& layer) {
@@ -141,7 +141,7 @@ CommandTask layerCommand(Command& c) {
       continue;
     }
     if (option.is("Description")) {
-      co_await c.line("\nDescription: ");  // nothing in the drawing's format holds one
+      co_await c.line("\nDescription: ");  // ignored: the drawing's format has no place for it
       co_await c.line("\nNoms des calques <courant>: ");
       continue;
     }

@@ -1,5 +1,5 @@
 // -STYLE -RENAME -PURGE: the records of the symbol tables.
-// Kinds of records go by their French and English words.
+// The kinds of records have French and English keywords.
 #include <numbers>
 
 #include "atelier/commands/command_prompts.h"
@@ -88,7 +88,7 @@ CommandTask purge(Command& c) {
       "TOut Bloc CAlque TYpeligne STyle COtation Regapps _All Block LAyer LType Style Dimstyle Regapps");
   if (kind.answer != Answer::keyword) co_return;
   const auto names = co_await c.line("\nNoms à purger <*>: ");
-  // Each is purged without a further question, whatever the answer: nothing that is used can go.
+  // Whatever the answer, no name is asked about: nothing that is in use is purged.
   const auto verify = co_await c.keyword("\nVérifier chaque nom? [Oui/Non] <N>: ", "Oui Non _Yes No");
   if (verify.is("Yes")) c.print("\nLes noms ne sont pas vérifiés un à un.");
   std::vector<std::string_view> tables;

@@ -1,5 +1,5 @@
-// HELP: the commands with their names and a line on each, or what one command or AutoLISP function is for.
-// Commands that programs have defined have no such line: they are named.
+// HELP: lists the commands with a line on each, or explains one command or AutoLISP function.
+// Commands defined by programs have no such line: only their names are listed.
 #include <algorithm>
 
 #include "atelier/commands/command_prompts.h"

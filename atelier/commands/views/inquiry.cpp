@@ -1,5 +1,5 @@
-// DIST ID LIST: measuring between points, and what an object is.
-// Lengths and angles as the drawing's units have them.
+// DIST ID LIST: measures between points, and lists the data of objects.
+// Lengths and angles are printed in the drawing's units.
 #include <cmath>
 
 #include "atelier/base/text.h"

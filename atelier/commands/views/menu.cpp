@@ -1,4 +1,4 @@
-// MENU: the pull-down menus that programs have put into the menu bar, listed and run without a window.
+// MENU: lists the pull-down menus that programs have added to the menu bar, and runs their entries without a window.
 #include "atelier/base/text.h"
 #include "atelier/commands/command_prompts.h"
 #include "atelier/commands/command_table.h"

@@ -1,5 +1,5 @@
-// UNDO U REDO: taking back steps of the journal.
-// A step is what one line of the command line, or one command of a program, changed; Begin and End join many.
+// UNDO U REDO: undo and redo steps of the journal.
+// A step is the changes of one line of the command line, or of one command of a program; Begin and End join several.
 #include "atelier/commands/command_prompts.h"
 #include "atelier/commands/command_table.h"
 #include "atelier/document/document.h"
@@ -41,7 +41,7 @@ CommandTask undo(Command& c) {
     c.document.undoGroup = false;
     c.document.imp().journal.mark();
   } else if (option.is("Control")) {
-    // Undoing is always whole here; the answer is taken so that programs go on.
+    // The answer is read, so that programs can give it, but has no effect: undo always works on everything.
     co_await c.keyword("\nOption [Tout/Non/Une/COmbiner/CAlque] <Tout>: ",
                        "Tout Non Une COmbiner CAlque _All None One Combine Layer");
   } else if (option.is("Auto")) {

@@ -1,5 +1,5 @@
-// ZOOM PAN REGEN REDRAW -VIEW UCS: what is seen, and from where.
-// The view is a centre and a height; without a window it still decides how near a pick must be.
+// ZOOM PAN REGEN REDRAW -VIEW UCS: the part of the drawing that is shown.
+// A view is a centre and a height. Even without a window it decides how near a pick must be.
 #include "atelier/base/interruption.h"
 #include "atelier/commands/command_prompts.h"
 #include "atelier/commands/command_table.h"
@@ -93,7 +93,7 @@ CommandTask pan(Command& c) {
   if (base.given() && to.given()) c.document.view().centre += base.value - to.value;
 }
 
-// Drawing anew: vectors of the screen go.
+// Redraws: vectors drawn on the screen only are removed.
 CommandTask regen(Command& c) {
   c.document.transients().clearVectors();
   co_return;

@@ -1,5 +1,5 @@
-// Curve entities as geometry: one short function a class.
-// Parameters are given to the pieces as the platform counts them.
+// Curve entities as geometry: one short function for each class.
+// Pieces get the parameters that the host's curves have.
 #include "atelier/database/curves/curve_geometry.h"
 
 #include <numbers>
@@ -60,7 +60,7 @@ Result geometryOf(const AcDbSpline& spline) {
   if (imp.decoded) return static_cast<SplineGeometry&>(*imp.decoded).curve;
   auto kept = std::make_unique<SplineGeometry>();
   const auto shape = splineShape(nurbsOf(spline));
-  // A curve of one place is none, though its data are in order.
+  // A curve whose points all coincide is no curve, though its data are sound.
   const auto elsewhere = [&](const AcGePoint3d& p) { return p.distanceTo(shape->data->points[0]) > 0; };
   if (shape && std::any_of(shape->data->points.begin(), shape->data->points.end(), elsewhere))
     kept->curve = Curve::of({{*shape, shape->pieces->front().from, shape->pieces->back().to}}, spline.isClosed());
@@ -131,7 +131,7 @@ std::vector<DrawnVertex> drawnVertices(const AcDbCurve& polyline) {
   std::vector<DrawnVertex> out;
   const AcDbStub* stub = stubOf(&polyline);
   if (!stub || !stub->children) return out;
-  const AcDbEntityPointer held(polyline.objectId());  // or the vertices would push it out of memory
+  const AcDbEntityPointer held(polyline.objectId());  // so that it isn't dropped from memory
   for (AcDbStub* child : *stub->children) {
     if (child->is(AcDbStub::kErased)) continue;
     const AcDbVertex* vertex = AcDbVertex::cast(&stub->database->object(*child));

@@ -1,5 +1,5 @@
-// What every curve entity answers about its geometry: the geometry room works it out, this turns it into the host's
-// status codes.
+// The host's operations on curve entities.
+// The geometry room does the work; here its results become the host's results and status codes.
 #include <algorithm>
 
 #include "atelier/database/curves/curve_geometry.h"
@@ -36,7 +36,7 @@ AcGeMatrix3d projection(const AcGePlane& plane) {
   return flat * toPlane;
 }
 
-// A spline met with itself gives the points where it crosses itself.
+// For a spline and itself: the points where it crosses itself.
 Acad::ErrorStatus meet(const AcDbCurve* self, const AcDbEntity* entity, AcDb::Intersect mode, const AcGePlane* plane,
                        AcGePoint3dArray& points) {
   if (!entity) return Acad::eNullEntityPointer;

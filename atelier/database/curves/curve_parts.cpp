@@ -1,5 +1,5 @@
-// Curve entities cut into new ones, and turned round.
-// A part has the properties of the whole; a polyline's also its plane, widths and bulges.
+// Cuts curve entities into new ones, and reverses them.
+// A part has the properties of the whole; a part of a polyline also its plane, widths and bulges.
 #include <numbers>
 
 #include "atelier/database/curves/curve_geometry.h"
@@ -46,7 +46,7 @@ Parts cutLine(const AcDbLine& line, const Curve& curve, const std::vector<double
   return parts;
 }
 
-// Rays at the endless sides, lines between.
+// Gives rays on the endless sides and lines between the cuts.
 Parts cutEndless(const AcDbCurve& entity, const Curve& curve, const AcGeVector3d& direction, bool before,
                  const std::vector<double>& bounds) {
   Parts parts;
@@ -66,7 +66,7 @@ Parts cutEndless(const AcDbCurve& entity, const Curve& curve, const AcGeVector3d
   return parts;
 }
 
-// A closed round curve is cut from place to place, through its start.
+// A closed round curve is cut from one bound to the next; the last part passes through its start.
 template <class MAKE>
 Parts cutRound(const Curve& curve, const std::vector<double>& bounds, MAKE make) {
   Parts parts;
@@ -145,7 +145,7 @@ std::vector<PolylineVertex> stretchOf(const std::vector<PolylineVertex>& all, bo
     if (last > first) shorten(out.back(), at(last), 0, after);
     out.push_back(between(at(last), at(last + 1), after));
   }
-  // A last vertex begins no piece; the whole's own one stays as it is.
+  // The last vertex begins no piece. When it is the last vertex of the whole polyline it is unchanged.
   if (!closed && last + 1 == all.size()) return out;
   out.back().bulge = 0;
   out.back().startWidth = out.back().endWidth = out[out.size() - 2].endWidth;
@@ -162,7 +162,7 @@ std::unique_ptr<AcDbPolyline> emptyLike(const AcDbPolyline& whole) {
   for (const Field& field : {realField(kPolyline, 43), realField(kPolyline, 38), realField(kPolyline, 39)})
     if (from.has(field)) imp.setReal(field, from.real(field));
   imp.setInteger(integerField(kPolyline, 70), from.integer(integerField(kPolyline, 70)) & PolylineFlags::kRunsThrough);
-  imp.forgetDecoded();  // it has no vertices yet; what it has is read anew from the record
+  imp.forgetDecoded();  // its vertices are read again from the record, which has none yet
   if (!isWorldPlane(whole.normal())) part->setNormal(whole.normal());
   return part;
 }
@@ -178,12 +178,12 @@ Parts cutPolyline(const AcDbPolyline& polyline, const Curve& curve, const std::v
   return parts;
 }
 
-// Parts of a polyline with vertices of its own can't hold vertices outside a drawing: they are lightweight.
+// The parts are lightweight polylines: outside a drawing a polyline can't have vertices that are entities.
 Parts cutOldPolyline(const AcDb2dPolyline& polyline, const Curve& curve, const std::vector<double>& bounds) {
   return cutPolyline(*lightPolyline(polyline), curve, bounds);
 }
 
-// And those of one in space are splines of degree 1.
+// For the same reason the parts of a polyline in space are splines of degree 1.
 Parts cutSpacePolyline(const AcDb3dPolyline& polyline, const Curve& curve, const std::vector<double>& bounds) {
   const auto data = curve.toNurbs();
   if (!data) return {};

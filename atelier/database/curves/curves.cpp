@@ -97,7 +97,7 @@ AcDbExtents circleExtents(const AcDbObject* object, double from, double to) {
   const double r = recordOf(object).real(kRadius);
   return ellipseExtents(centreOf(object), plane * AcGeVector3d(r, 0, 0), plane * AcGeVector3d(0, r, 0), from, to);
 }
-// A circle stays one under a uniform scale; other scales leave the mean radius.
+// A circle remains a circle under a uniform scale; under any other scale it gets the mean radius.
 Acad::ErrorStatus transformCircle(AcDbObject* object, const AcGeMatrix3d& m) {
   if (!impOf(object).writable()) return Acad::eNotOpenForWrite;
   const PlaneChange change(m, normalOf(recordOf(object), "AcDbCircle"));

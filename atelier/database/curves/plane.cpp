@@ -11,7 +11,7 @@ namespace atelier {
 
 namespace {
 
-// Into one turn from 0.
+// The same angle between 0 and a full turn.
 double turn(double angle) {
   constexpr double kTurn = 2 * std::numbers::pi;
   angle = std::fmod(angle, kTurn);
@@ -39,7 +39,7 @@ PlaneChange::PlaneChange(const AcGeMatrix3d& matrix, const AcGeVector3d& before)
   const AcGeVector3d x = matrix * (plane * AcGeVector3d(1, 0, 0)), y = matrix * (plane * AcGeVector3d(0, 1, 0));
   const AcGeVector3d z = matrix * (plane * AcGeVector3d(0, 0, 1));
   normal = x.crossProduct(y).normal();
-  // A mirror in the plane itself keeps the normal and turns the sense of angles.
+  // A mirror within the plane keeps the normal and reverses the sense of angles.
   mirrored = normal.dotProduct(z) < 0;
   if (mirrored) normal = -normal;
   const AcGeVector3d xIn = AcGeMatrix3d().setToWorldToPlane(normal) * x;

@@ -17,20 +17,20 @@ inline AcGePoint3d toPlane(const AcGePoint3d& point, const AcGeVector3d& normal)
   return isWorldPlane(normal) ? point : AcGeMatrix3d().setToWorldToPlane(normal) * point;
 }
 
-// How a matrix acts on the plane of an entity: the new normal, the turn of the plane's x axis and the scale in it.
+// How a matrix changes the plane of an entity: the new normal, the turn of the plane's x axis and the scale in it.
 struct PlaneChange {
   PlaneChange(const AcGeMatrix3d& matrix, const AcGeVector3d& before);
   AcGeVector3d normal;
   double turn = 0;        // radians, to add to angles measured in the plane
   double scale = 1;       // of lengths in the plane
   bool mirrored = false;  // angles run the other way round
-  // For a line of text at an angle of the plane, when the matrix stretches the plane more in one direction than across:
-  // sets turn and scale to those of the line and of its height, and gives what its width changes by beyond them.
+  // For a line of text at this angle in the plane, when the matrix scales directions differently: sets `turn` to that of
+  // the line and `scale` to that of the text height, and gives the factor by which the width changes beyond that.
   double stretchAlong(const AcGeMatrix3d& matrix, const AcGeVector3d& before, double angle);
 };
 
-// The angle of a line of text after the change. Letters are not mirrored: the line turns about its anchor, and by half a
-// turn more where one that could be read from below or from the right would stand on its head.
+// The angle of a line of text after the change. Letters are not mirrored: the line turns about its anchor, by another
+// half turn if a text readable from below or from the right would otherwise be upside down.
 double textAngle(const PlaneChange& change, double before);
 
 // Extents of the part of an ellipse c + u cos t + v sin t with t from a to b.

@@ -106,7 +106,7 @@ BulgeArc bulgeArc(const AcGePoint2d& from, const AcGePoint2d& to, double bulge) 
 
 namespace {
 
-// Visits each piece as its two vertices.
+// Calls the visitor with the two vertices of each piece.
 template <class VISIT>
 void eachPiece(const AcDbPolyline* polyline, VISIT visit) {
   const auto& list = verticesOf(polyline).list;
@@ -242,7 +242,7 @@ Acad::ErrorStatus AcDbPolyline::getArea(double& area) const {
   const auto& list = verticesOf(this).list;
   double twice = 0;
   const auto shoelace = [&](const AcGePoint2d& a, const AcGePoint2d& b) {
-    const AcGeVector2d u = a - list.front().point, v = b - list.front().point;  // near the origin: no cancellation
+    const AcGeVector2d u = a - list.front().point, v = b - list.front().point;  // small numbers lose no digits
     twice += u.x * v.y - v.x * u.y;
   };
   eachPiece(this, [&](const PolylineVertex& a, const PolylineVertex& b) {

@@ -1,5 +1,5 @@
-// Lightweight polylines made from old ones, and joined with what touches them.
-// A joined piece is brought into the polyline's own plane first.
+// Makes lightweight polylines from old ones, and joins them with curves that touch them.
+// A curve to join is first expressed in the polyline's own plane.
 #include <algorithm>
 
 #include "atelier/database/curves/curve_geometry.h"
@@ -30,8 +30,8 @@ Vertices flipped(const Vertices& list) {
   return out;
 }
 
-// The vertices of a curve in a plane with that normal and elevation; empty for a class that has none, or a curve
-// out of the plane.
+// The vertices of a curve in the plane with that normal and elevation; empty for a class without vertices, or a curve
+// that doesn't lie in the plane.
 Vertices inPlane(const AcDbCurve& curve, const AcGeVector3d& normal, double elevation, double tolerance) {
   Vertices out;
   bool flat = true;
@@ -67,7 +67,7 @@ Vertices inPlane(const AcDbCurve& curve, const AcGeVector3d& normal, double elev
   return flat ? out : Vertices{};
 }
 
-// Puts the second list behind the first, whose last vertex is the second's first one.
+// Appends the second list to the first, whose last vertex is the first vertex of the second.
 void chain(Vertices& first, const Vertices& second) {
   first.pop_back();
   first.insert(first.end(), second.begin(), second.end());
@@ -103,15 +103,15 @@ Acad::ErrorStatus AcDbPolyline::joinWith(const AcDbEntity* other, double toleran
   const auto touch = [&](const PolylineVertex& a, const PolylineVertex& b) {
     return a.point.distanceTo(b.point) <= tolerance;
   };
-  const bool behind = touch(present.back(), added.front()) || touch(present.back(), added.back());
-  const bool ahead = touch(present.front(), added.front()) || touch(present.front(), added.back());
-  if (!behind && !ahead) return Acad::eInvalidInput;
-  const bool turned = behind ? !touch(present.back(), added.front()) : !touch(present.front(), added.back());
+  const bool atEnd = touch(present.back(), added.front()) || touch(present.back(), added.back());
+  const bool atStart = touch(present.front(), added.front()) || touch(present.front(), added.back());
+  if (!atEnd && !atStart) return Acad::eInvalidInput;
+  const bool turned = atEnd ? !touch(present.back(), added.front()) : !touch(present.front(), added.back());
   if (turned) added = flipped(added);
   PolylineVertices* vertices = changedVertices(this);
   if (!vertices) return Acad::eNotOpenForWrite;
   Vertices& list = vertices->list;
-  if (behind) {
+  if (atEnd) {
     chain(list, added);
   } else {
     chain(added, list);

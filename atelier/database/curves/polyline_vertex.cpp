@@ -42,7 +42,7 @@ Acad::ErrorStatus append(AcDbObject* polyline, AcDbVertex* vertex) {
 // Opens each vertex in turn.
 template <class VISIT>
 void eachVertex(const AcDbObject* polyline, AcDb::OpenMode mode, VISIT visit) {
-  const AcDbObjectPointer<AcDbObject> held(polyline->objectId());  // or the vertices would push it out of memory
+  const AcDbObjectPointer<AcDbObject> held(polyline->objectId());  // so that it isn't dropped from memory
   const std::unique_ptr<AcDbObjectIterator> it(vertices(polyline));
   for (; !it->done(); it->step()) {
     const AcDbObjectPointer<AcDbVertex> vertex(it->objectId(), mode);

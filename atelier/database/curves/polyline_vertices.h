@@ -20,21 +20,21 @@ struct PolylineVertices : AcDbImpObject::Decoded {
   std::vector<PolylineVertex> list;
   void encode(Record& record) const override;
 
-  // What else of the record every question asks for: looked up once, since its groups stand among those of the vertices.
+  // Other values that most operations need. They are looked up once, because a search passes all groups of the vertices.
   AcGeVector3d normal{0, 0, 1};
   double elevation = 0;
   std::optional<double> constantWidth;
   bool closed = false;
-  // The geometry of all this, kept for the next question; null until it is asked for, and after a change.
+  // The geometry of these vertices; null until it is first asked for, and after a change.
   std::shared_ptr<const Curve> curve;
 };
 
 // The decoded vertices of an LWPOLYLINE.
 PolylineVertices& verticesOf(const AcDbObject* polyline);
-// The same to change them; null when the polyline is not open for write.
+// The decoded vertices, to be changed; null when the polyline is not open for write.
 PolylineVertices* changedVertices(AcDbObject* polyline);
 
-// Centre and radius of the arc between two points; a bulge of 0 has none.
+// The arc between two points; there is none for a bulge of 0.
 struct BulgeArc {
   AcGePoint2d centre;
   double radius = 0;
@@ -42,7 +42,7 @@ struct BulgeArc {
 };
 BulgeArc bulgeArc(const AcGePoint2d& from, const AcGePoint2d& to, double bulge);
 
-// Of the arc from a to b, ends included, in a plane; of the two points where it is straight.
+// The box in world coordinates around the piece between two vertices, an arc or, for a bulge of 0, a segment.
 AcDbExtents bulgeExtents(const AcGePoint2d& from, const AcGePoint2d& to, double bulge, double elevation,
                          const AcGeVector3d& normal);
 

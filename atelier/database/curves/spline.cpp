@@ -48,7 +48,7 @@ void setPointAt(Record& record, std::size_t i, const AcGePoint3d& p) {
     record.groups[i] = Group::real(code + 10 * k, ordinates[k]);
 }
 
-// The record to write to; the geometry that was worked out from it is dropped.
+// The record to write to. The geometry worked out from it is forgotten.
 Record* change(AcDbObject* spline) {
   AcDbImpObject& imp = AcDbImpObject::of(spline);
   Record* record = imp.writable();
@@ -126,7 +126,7 @@ AcDbSpline::AcDbSpline(int order, bool rational, bool closed, bool periodic, con
 AcDbSpline::AcDbSpline(const AcGePoint3dArray& fitPoints, int order, double fitTolerance)
     : AcDbSpline(fitPoints, AcGeVector3d(), AcGeVector3d(), order, fitTolerance) {}
 
-// The curve goes through its points exactly, whatever distance from them is allowed, and is cubic.
+// The curve is always cubic and goes through its points exactly, whatever fit tolerance is given.
 AcDbSpline::AcDbSpline(const AcGePoint3dArray& fitPoints, const AcGeVector3d& startTangent,
                        const AcGeVector3d& endTangent, int, double)
     : AcDbSpline() {
@@ -252,7 +252,7 @@ Acad::ErrorStatus AcDbSpline::subGetGeomExtents(AcDbExtents& extents) const {
     extents.set({box.low[0], box.low[1], box.low[2]}, {box.high[0], box.high[1], box.high[2]});
     return Acad::eOk;
   }
-  // What makes no curve still shows where it lies.
+  // Data that make no curve still have an extent, that of their points.
   const Record& record = recordOf(this);
   auto list = places(record, 10);
   if (list.empty()) list = places(record, 11);
@@ -265,7 +265,7 @@ Acad::ErrorStatus AcDbSpline::subGetGeomExtents(AcDbExtents& extents) const {
 Acad::ErrorStatus AcDbSpline::transformBy(const AcGeMatrix3d& m) {
   Record* record = change(this);
   if (!record) return Acad::eNotOpenForWrite;
-  // Through stretched points runs another curve than the stretched one: its parameter goes by their distances.
+  // The curve through stretched points is not the stretched curve, because its parameters depend on their distances.
   if (places(*record, 10).empty() && !keepsShapes(m))
     if (const Nurbs data = nurbsOf(*this); !data.points.empty()) setNurbs(*this, data);
   for (const int code : {10, 11})

@@ -1,5 +1,5 @@
-// The box around what a block holds, in the block's own coordinates; references and dimensions take theirs from it.
-// Empty for a block without geometry; a block that comes round to itself adds nothing the second time.
+// The box around a block's contents in the block's own coordinates, from which references and dimensions get theirs.
+// Empty for a block without geometry; a block that contains itself adds nothing the second time.
 #pragma once
 #include "hote/dbmain.h"
 
@@ -7,8 +7,8 @@ namespace atelier {
 
 AcDbExtents blockExtents(AcDbObjectId block);
 
-// While one lives, each block's box is worked out once: blocks that hold each other by the dozen, many levels deep,
-// would otherwise be walked as often as they show. Nothing is to be changed meanwhile.
+// While one lives, each block's box is worked out once: nested blocks would otherwise be walked as often as they are
+// shown. Nothing may be changed meanwhile.
 class BlockExtentsKept {
  public:
   BlockExtentsKept();

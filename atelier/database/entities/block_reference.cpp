@@ -27,7 +27,7 @@ constexpr Field kScale[3] = {realField(kInsert, 41, 1), realField(kInsert, 42, 1
 
 const Record& recordOf(const AcDbObject* object) { return AcDbImpObject::of(object).record; }
 
-// Blocks whose extents are being taken: one that comes round to itself, by references or dimensions, adds nothing.
+// Blocks whose extents are being worked out: one that contains itself, by references or dimensions, adds nothing.
 class InProgress {
  public:
   explicit InProgress(const AcDbStub* block)
@@ -56,7 +56,7 @@ KeptExtents& keptExtents() {
   return kept;
 }
 
-// The box of what the reference shows of its block: all the places of an array.
+// The box of the block as the reference shows it, with all places of an array.
 AcDbExtents shownExtents(const AcDbBlockReference& reference) {
   AcDbExtents box = blockExtents(reference.blockTableRecord());
   if (box.isEmpty()) return box;
@@ -118,7 +118,7 @@ AcDbObjectId AcDbBlockReference::blockTableRecord() const {
 }
 AcGePoint3d AcDbBlockReference::position() const { return toWorld(recordOf(this).point(kPosition), normal()); }
 AcGeScale3d AcDbBlockReference::scaleFactors() const {
-  // A factor of 0, which damaged files hold, counts as 1: it would leave nothing to transform back.
+  // A factor of 0, which damaged files contain, counts as 1: a matrix with it would have no inverse.
   const auto factor = [&](const Field& field) {
     const double value = recordOf(this).real(field);
     return value == 0 ? 1 : value;
@@ -187,7 +187,7 @@ AcDbObjectIterator* AcDbBlockReference::attributeIterator() const {
 }
 
 Acad::ErrorStatus AcDbBlockReference::subGetGeomExtents(AcDbExtents& extents) const {
-  // Open, so that a large block's content doesn't push the reference itself out of memory.
+  // The reference is opened so that parsing a large block doesn't drop it from memory.
   const AcDbObjectPointer<AcDbBlockReference> held(objectId());
   AcDbExtents box = shownExtents(*this);
   const std::unique_ptr<AcDbObjectIterator> it(attributeIterator());
@@ -232,7 +232,7 @@ Acad::ErrorStatus AcDbBlockReference::explode(AcArray<AcRxObject*>& parts) const
   const AcDbObjectPointer<AcDbBlockReference> held(objectId());
   const AcDbObjectPointer<AcDbBlockTableRecord> block(blockTableRecord());
   if (block.openStatus() != Acad::eOk) return block.openStatus();
-  // An array can't be taken apart: it may stand for any number of objects.
+  // An array can't be exploded: the number of its objects has no limit.
   if (recordOf(this).integer(kColumns) > 1 || recordOf(this).integer(kRows) > 1) return Acad::eNotApplicable;
   for (const AcDbObjectId id : block->entityIds()) {
     const AcDbEntityPointer entity(id);

@@ -46,7 +46,7 @@ class Outline {
     const Record* point = vertex ? solid::pointed(table_, *vertex, "point") : nullptr;
     return point && last(*point, 3, [&](const double* v) { place = {v[0], v[1], v[2]}; });
   }
-  // The numbers that end a record; counts of older parts of it stand in front.
+  // The numbers at the end of a record; other versions of the format have further numbers before them.
   template <class Use>
   static bool last(const Record& record, std::size_t count, Use use) {
     const std::vector<double> reals = record.reals();

@@ -1,5 +1,5 @@
-// Points, solids, faces, dimensions and multi-line texts: what the module and the plots need of
-// them. What they store beyond these fields stays in their records.
+// Points, solids, faces, dimensions and multi-line texts: the fields that the module and the plots need.
+// All else that they store is kept in their records.
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -115,7 +115,7 @@ double AcDbMText::textHeight() const { return recordOf(this).real(kMHeight); }
 double AcDbMText::width() const { return recordOf(this).real(kMWidth); }
 double AcDbMText::rotation() const {
   if (!recordOf(this).has(kXDirection)) return recordOf(this).real(kMRotation) * std::numbers::pi / 180;
-  // The direction is the world's, the angle that of the text's plane.
+  // The direction is in world coordinates, the angle in those of the text's plane.
   const AcGePoint3d x = toPlane(recordOf(this).point(kXDirection), normalOf(recordOf(this), "AcDbMText"));
   return std::atan2(x.y, x.x);
 }
@@ -130,7 +130,7 @@ Acad::ErrorStatus AcDbMText::setContents(const ACHAR* text) {
   if (!record) return Acad::eNotOpenForWrite;
   while (record->has(kLongText)) record->remove(kLongText);
   record->setText(kContents, "");
-  // Pieces of at most 250 characters, never cut inside one.
+  // Pieces of at most 250 characters; no character is cut.
   std::wstring rest = toWide(toUtf8(text));
   for (; rest.size() > 250; rest.erase(0, 250)) {
     const std::size_t last = record->find(kContents);

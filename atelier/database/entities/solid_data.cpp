@@ -1,4 +1,5 @@
-// Reading solid-model data, text and binary. Pointers count records from the first one behind the header.
+// Reads solid-model data, text and binary.
+// A pointer is the number of a record; the first record after the header has the number 0.
 #include "atelier/database/entities/solid_data.h"
 
 #include <algorithm>
@@ -14,7 +15,7 @@ namespace {
 
 constexpr std::size_t kHeaderLines = 3;
 
-// Words separated by blanks; a string with its length in front ("@9 my string") is one word.
+// Words separated by blanks; a string preceded by its length ("@9 my string") is one word.
 class Words {
  public:
   explicit Words(std::string_view text) : text_(text) {}
@@ -159,7 +160,7 @@ class Binary {
       case text16: return text<std::uint16_t>(record);
       case text32:
       case literal: return text<std::uint32_t>(record);
-      // A sense is stored as whether it is reversed.
+      // The sense of an edge is stored as a flag that says whether it is reversed.
       case yes: record.tokens.emplace_back("reversed"); return true;
       case no: record.tokens.emplace_back("forward"); return true;
       case pointer: {
@@ -223,7 +224,7 @@ Table readText(std::string_view text) {
       table.push_back(std::move(record));
       record = {};
     } else if (record.type.empty()) {
-      // Records may carry their number in front: "-12 face ...".
+      // Records may begin with their number: "-12 face ...".
       if (!(word.front() == '-' && word.size() > 1 && std::isdigit(static_cast<unsigned char>(word[1]))))
         record.type = word;
     } else {

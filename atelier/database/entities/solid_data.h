@@ -23,16 +23,17 @@ struct Record {
 };
 using Table = std::vector<Record>;
 
-// The characters of a line as drawings hide them: each stands for 159 less its code, blanks for themselves.
+// Decodes a line of the drawing: the character of code c stands for the one of code 159 - c, a blank for itself.
 std::string revealed(std::string_view hidden);
 // Records of the plain text; empty when it is no such text.
 Table readText(std::string_view text);
 // Records of the binary form; as far as they can be read.
 Table readBinary(std::string_view bytes);
 
-// The numbers in a text of them; it ends at the first word that is none.
+// The numbers at the start of a text, up to the first word that isn't a number.
 std::vector<double> numbersIn(std::string_view text);
-// The n-th record of that type (or, with '*' in front, with that ending) that a record points to; null when there is none.
+// The n-th record of that type that a record points to, counted from 0; null when there is none. A type "*abc" stands
+// for every type that ends in abc.
 const Record* pointed(const Table& table, const Record& from, std::string_view type, std::size_t n = 0);
 
 }  // namespace atelier::solid

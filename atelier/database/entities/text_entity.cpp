@@ -1,5 +1,5 @@
 // Texts on one line and attributes: fields, alignment, extents.
-// Widths are those of the glyphs, by the fonts room; a text's natural width is that of its ink.
+// The fonts room measures the glyphs; a text's natural width is that of its ink.
 #include <cmath>
 #include <numbers>
 
@@ -74,7 +74,7 @@ Acad::ErrorStatus AcDbText::setPosition(const AcGePoint3d& p) {
   return impOf(this).setPoint(kPosition, toPlane(p, normal()));
 }
 Acad::ErrorStatus AcDbText::setAlignmentPoint(const AcGePoint3d& p) {
-  // A text on its base line at the left has no alignment point: storing one is harmless, as in the host.
+  // A text left aligned on its base line doesn't use an alignment point; storing one is harmless, as in the host.
   const Acad::ErrorStatus status = impOf(this).setPoint(kAlignment, toPlane(p, normal()));
   return status != Acad::eOk || isDefaultAlignment() ? status : adjustAlignment();
 }
@@ -106,7 +106,7 @@ Acad::ErrorStatus AcDbText::adjustAlignment(const AcDbDatabase*) {
   const AcGePoint3d anchor = imp.record.point(kAlignment);
   const AcGePoint3d start = imp.record.point(kPosition);
   if (horizontalMode() == AcDb::kTextAlign || horizontalMode() == AcDb::kTextFit) {
-    // Between the two points: fit changes the width factor, align the height as well.
+    // Text between two points: "fit" changes the width factor, "align" also the height.
     const AcGeVector2d along(anchor.x - start.x, anchor.y - start.y);
     if (along.length() == 0 || measured.width() <= 0) return Acad::eOk;
     const double ratio = along.length() / measured.width();
@@ -123,8 +123,8 @@ Acad::ErrorStatus AcDbText::subGetGeomExtents(AcDbExtents& extents) const {
   AcGePoint3d origin = recordOf(this).point(kPosition);
   double angle = rotation(), begin = 0, wide = 1, high = 1;
   if (horizontalMode() == AcDb::kTextAlign || horizontalMode() == AcDb::kTextFit) {
-    // The ink fills the way from the one point to the other, whatever fonts the stored sizes were made with; a backward
-    // text begins at the second point.
+    // The ink fills the distance between the points, even if the stored sizes come from another font. A backward text
+    // begins at the second point.
     const AcGePoint3d second = recordOf(this).has(kAlignment) ? recordOf(this).point(kAlignment) : origin;
     const AcGeVector2d along(second.x - origin.x, second.y - origin.y);
     begin = measured.backwards() ? measured.right() : measured.left();
@@ -161,9 +161,9 @@ Acad::ErrorStatus AcDbText::transformBy(const AcGeMatrix3d& m) {
   setRotation(angle);
   if (!plane.mirrored) return Acad::eOk;
   const bool between = horizontalMode() == AcDb::kTextAlign || horizontalMode() == AcDb::kTextFit;
-  if (!between) return adjustAlignment();  // the letters begin on another side of the place that holds them
+  if (!between) return adjustAlignment();  // the letters now begin on the other side of the alignment point
   if (hasAlignment && std::cos(angle - (plane.turn - before)) < 0) {
-    // Turned round, it runs from the second point to the first.
+    // When reversed, the text runs from the second point to the first.
     const AcGePoint3d first = imp.record.point(kPosition), second = imp.record.point(kAlignment);
     imp.setPoint(kPosition, second);
     imp.setPoint(kAlignment, first);

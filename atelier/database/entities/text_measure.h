@@ -10,7 +10,7 @@ namespace atelier {
 
 // The font of a text style by name, with the text's own width factor and slant (radians).
 fonts::FontStyle fontStyle(AcDbImpDatabase* database, std::string_view styleName, double widthFactor, double oblique);
-// The box of a paragraph's ink about its place, x along its lines; empty without any.
+// The box of a paragraph's ink relative to its insertion point, x along its lines; empty when there is no ink.
 fonts::Box paragraphInk(const AcDbMText& text);
 
 class MeasuredText {
@@ -23,7 +23,7 @@ class MeasuredText {
   double top() const { return upsideDown_ ? -extents_.ink.yMin : extents_.ink.yMax; }
   bool backwards() const { return backwards_; }
   double width() const { return isEmpty() ? 0 : right() - left(); }
-  // The place in the text that its alignment point holds.
+  // The x of the alignment point in the text's own frame.
   double anchorX(AcDb::TextHorzMode mode) const;
   double anchorY(const AcDbText& text) const;
 

@@ -1,5 +1,5 @@
 // entget, entmod and entmake on records.
-// A list need not be complete: what it leaves out is filled from the format table, with the subclass marks.
+// A list need not be complete: missing subclass marks and required groups are added from the format table.
 #include "atelier/database/lists/entity_groups.h"
 
 #include <algorithm>
@@ -24,7 +24,7 @@ Group inRadians(const Group& group) {
   return isAngle(group) ? Group::real(group.code(), group.real() * std::numbers::pi / 180) : group;
 }
 
-// Degrees that went to radians and back come out as they were.
+// Rounds, so that degrees converted to radians and back are unchanged.
 Group inDegrees(const Group& group) {
   if (!isAngle(group)) return group;
   constexpr double kDigits = 1e10, kSame = 1e-12;
@@ -44,7 +44,7 @@ bool named(std::span<const std::string> applications, const std::string& applica
                      [&](const std::string& a) { return a == "*" || equalNoCase(a, application); });
 }
 
-// Names that a list may only use when the drawing has them.
+// Whether the drawing has all the names that the list refers to.
 bool referencesExist(AcDbImpDatabase& db, const std::vector<Group>& groups) {
   for (const Group& group : groups) {
     if (group.code() == 1001 && !db.tableRecord("APPID", group.text())) return false;
@@ -120,7 +120,7 @@ Record arranged(const std::vector<Group>& given) {
   return record;
 }
 
-// A list with marks is taken as it stands; missing required groups are added in their places.
+// A list with marks keeps its order; missing required groups are added in their places.
 Record completed(std::vector<Group> given) {
   std::transform(given.begin(), given.end(), given.begin(), inDegrees);
   if (!hasMarks(given)) return arranged(given);
@@ -144,7 +144,7 @@ Record completed(std::vector<Group> given) {
   return record;
 }
 
-// An extension dictionary that a list hands over belongs to the object from then on.
+// An extension dictionary named in the list becomes the object's own.
 void takeExtension(AcDbStub& stub, const Record& record) {
   const auto bounds = record.braces(kExtension);
   if (!bounds || bounds->first == bounds->second) return;
@@ -258,7 +258,7 @@ EntityMaker::Result EntityMaker::openBlock(const Record& given) {
   const std::string name = given.text(textField("AcDbBlockBegin", 2));
   AcDbStub* existing = db_.tableRecord("BLOCK_RECORD", name);
   if (existing && !name.starts_with('*')) {
-    // A block of that name is defined anew: what it held goes.
+    // The block is redefined: its old contents are erased.
     for (AcDbStub* child : *existing->children) eraseWithOwned(*child, true);
     block_ = existing;
   } else {

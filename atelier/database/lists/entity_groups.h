@@ -9,13 +9,13 @@
 
 namespace atelier {
 
-// Every group of the record from group 0 on, in file order; the XDATA of the applications named ("*": of all), case
-// ignored, stands last as groups 1001 and above. Angles (groups 50 to 58) are in radians in lists, both ways.
+// Every group of the record from group 0 on, in file order, then the XDATA (groups 1001 and above) of the named
+// applications, case ignored ("*": all). Angles (groups 50 to 58) are in radians in all lists.
 std::vector<Group> groupsOf(AcDbStub& stub, std::span<const std::string> applications);
 
-// Replaces the object's groups. Handle, type and owner stay what they are; XDATA of applications that the list names
-// is replaced (a lone 1001 removes it), that of others stays. False when the list's type is another one, a layer,
-// application or number is not what the drawing takes, or the object can't be opened.
+// Replaces the object's groups. Handle, type and owner don't change; the XDATA of applications that the list names is
+// replaced (a 1001 alone removes it), that of others is kept. False when the list has another type, when the drawing
+// refuses a layer, an application or a number, or when the object can't be opened.
 bool changeObject(AcDbStub& stub, std::vector<Group> groups);
 
 // Makes entities and table records from lists that begin with group 0, as entmake does. INSERT with 66 = 1, POLYLINE and
@@ -23,7 +23,7 @@ bool changeObject(AcDbStub& stub, std::vector<Group> groups);
 class EntityMaker {
  public:
   explicit EntityMaker(AcDbImpDatabase& database) : db_(database) {}
-  // ok: made or taken into the running one. The stub is what was made; for a run its head once it is ended.
+  // ok: the entity was made, or added to the run in progress. stub: the entity made; for a run its head, given at its end.
   struct Result {
     bool ok = false;
     AcDbStub* stub = nullptr;
@@ -38,10 +38,10 @@ class EntityMaker {
   AcDbStub* target();
   AcDbImpDatabase& db_;
   AcDbStub* block_ = nullptr;   // being defined
-  AcDbStub* parent_ = nullptr;  // an insert or polyline that waits for its followers
+  AcDbStub* parent_ = nullptr;  // the insert or polyline whose attributes or vertices follow
 };
 
-// Makes an object that belongs to no block, for a dictionary to take (entmakex of XRECORD, DICTIONARY and others).
+// Makes an object outside any block, to be put into a dictionary (entmakex of XRECORD, DICTIONARY and others).
 AcDbStub* makeLooseObject(AcDbImpDatabase& database, std::vector<Group> groups);
 
 // Table of the file that holds records of this type ("LAYER" -> "LAYER", "BLOCK_RECORD" ...); empty for none.

@@ -1,5 +1,5 @@
 // The drawing by entity names and chains: the functions acdb... of the host.
-// They stand on the same lists of groups as the AutoLISP functions.
+// They use the same lists of groups as the AutoLISP functions.
 #include "hote/acdb.h"
 
 #include "atelier/base/interruption.h"
@@ -48,7 +48,7 @@ Acad::ErrorStatus acdbGetAdsName(ads_name& name, AcDbObjectId id) {
 }
 
 int acdbHandEnt(const ACHAR* handle, ads_name entity) {
-  // A caller may repeat this for ever: an interruption must reach it here.
+  // A caller may repeat this for ever, so the user can interrupt here.
   checkInterruption();
   AcDbImpDatabase* db = working();
   const AcDbHandle number(handle);

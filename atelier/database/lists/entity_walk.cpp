@@ -33,7 +33,7 @@ AcDbStub* nextEntity(AcDbImpDatabase& database, AcDbStub* after) {
   AcDbStub* owner = after->owner;
   if (!owner || !owner->children) return nullptr;
   if (AcDbStub* next = firstAlive(*owner->children, indexOf(*owner->children, after) + 1)) return next;
-  // Behind the last follower of an insert or polyline comes what follows its head.
+  // After the last attribute or vertex the walk goes on after the insert or polyline itself.
   if (!owner->is(AcDbStub::kEntity) || !owner->owner || !owner->owner->children) return nullptr;
   return firstAlive(*owner->owner->children, indexOf(*owner->owner->children, owner) + 1);
 }

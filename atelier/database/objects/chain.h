@@ -14,11 +14,11 @@ class AcDbStub;
 
 namespace atelier {
 
-// Appends nodes behind `tail` (the address of the last link) and returns the new last link.
+// Appends nodes at `tail` (the address of the last link) and returns the address of the new last link.
 resbuf** appendNode(resbuf** tail, const Group& group, AcDbImpDatabase& database);
-// The groups as a chain that the caller releases; null for none. Ordinates join their point.
+// The groups as a chain, which the caller releases; null for no groups. The groups of a point become one node.
 resbuf* toChain(std::span<const Group> groups, AcDbImpDatabase& database);
-// Groups of one node: a point gives as many as its code has ordinates.
+// Appends the groups of one node: a point gives as many as its code has ordinates.
 void appendGroups(std::vector<Group>& groups, const resbuf& node, AcDbImpDatabase& database);
 
 // Codes of points: the ordinates follow at +10 and +20.
@@ -34,10 +34,10 @@ std::string stringOf(const resbuf& node);  // UTF-8; empty for a null pointer
 AcDbStub* stubOfName(const ads_name name);  // null for a name that is no entity's
 void nameOf(const AcDbStub* stub, ads_name name);
 
-// The chain of arguments of the running call. A handler may release it itself; it is then no longer held.
+// The chain of arguments of the running call; null once the application has released it itself.
 resbuf*& heldArguments();
 
-// Nodes made and not yet released, over the whole process: the host compares it around each call.
+// The number of nodes made and not released, in the whole process. The host compares it before and after each call.
 std::int64_t liveNodes();
 
 }  // namespace atelier

@@ -1,5 +1,5 @@
 // The run-time classes: one row each, name, parent, record type, and how an object of it is made.
-// Parents stand before their children only for the reader: the order of making is that of first use.
+// Their order is only for the reader: a class is made at its first use.
 #include <unordered_map>
 
 #include "atelier/base/text.h"

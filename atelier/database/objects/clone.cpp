@@ -49,7 +49,7 @@ class Cloner {
       for (AcDbStub* child : *source.children)
         if (!child->is(AcDbStub::kErased)) stub.children->push_back(&clone(*child, stub));
     }
-    // Asked for anew: many children may have pushed it out of memory.
+    // The object is asked for again: parsing many children may have dropped it from memory.
     for (const std::uint64_t handle : ownedHandles(AcDbImpObject::of(&source.database->object(source)).record)) {
       AcDbStub* owned = source.database->stubOf(handle);
       if (owned && owned->owner == &source && !owned->is(AcDbStub::kErased) && !map_.contains(owned))
@@ -58,7 +58,8 @@ class Cloner {
     return stub;
   }
 
-  // Handles of what was cloned follow; within one drawing others stay, in another drawing they are lost.
+  // References to cloned objects then lead to the clones. Other references are kept within the same drawing and removed
+  // in another one.
   void translate(const AcDbImpDatabase& from) {
     for (const Made& made : made_) {
       checkInterruption();
@@ -73,7 +74,7 @@ class Cloner {
         if (it != map_.end()) group = Group::handle(code, it->second->handle);
         else if (&from != &target_) group = Group::handle(code, 0);
       }
-      // The owner stood there already, as a handle of the target: another drawing may have the same number.
+      // The owner is set again, because its handle was translated as if it came from the source drawing.
       if (stub->owner) record.setOwner(stub->owner->handle);
       if (&from != &target_) removeEmptyExtension(record);
     }
@@ -82,7 +83,7 @@ class Cloner {
   using Map = std::unordered_map<AcDbStub*, AcDbStub*>;
   const Map& map() const { return map_; }
 
-  // The copies of the sources in their order, as members of the owner.
+  // Makes the copies, in the order of the sources, as children of the owner.
   std::vector<AcDbStub*> cloneInto(AcDbImpDatabase& from, const std::vector<AcDbStub*>& sources, AcDbStub& owner) {
     std::vector<AcDbStub*> copies;
     for (AcDbStub* source : sources) {
@@ -102,7 +103,7 @@ class Cloner {
       removeBraces(record, kExtension);
   }
 
-  // Layers, styles, line types, applications and blocks go by name: what the target lacks is copied with the entity.
+  // Layers, styles, line types, applications and blocks are referred to by name; those that the target lacks are copied.
   void nameTables(const Record& record, AcDbStub& source) {
     if (source.database == &target_) return;
     for (const Group& group : record.groups) {
@@ -131,7 +132,7 @@ class Cloner {
   }
 
  public:
-  // Copies that were made until then refer to nothing of their own yet: they go.
+  // The copies made so far don't have their references yet: they are erased.
   void checkInterruption() {
     try {
       atelier::checkInterruption();

@@ -1,5 +1,5 @@
 // Copies of objects with what they own.
-// Inner header of the house; applications ask the database for deep clones.
+// For the host's own rooms; applications use the database's deepCloneObjects.
 #pragma once
 #include <functional>
 #include <vector>
@@ -9,8 +9,8 @@
 
 namespace atelier {
 
-// Copies the objects of one drawing to that owner; references among them lead to the copies. `place` is called with each
-// entity among the copies when all are there. An interruption takes all of them back.
+// Copies the objects of one drawing to that owner; references among them then lead to the copies. When all are made,
+// `place` is called with each copied entity. An interruption removes all copies.
 void cloneAll(AcDbImpDatabase& from, const std::vector<AcDbStub*>& sources, AcDbStub& owner,
               const std::function<void(AcDbEntity&)>& place);
 

@@ -81,7 +81,7 @@ Acad::ErrorStatus AcDbDatabase::getAcDbObjectId(AcDbObjectId& id, bool, const Ac
 }
 
 Acad::ErrorStatus AcDbDatabase::readDwgFile(const ACHAR* path, int, bool, const ACHAR*) {
-  // Only drawings in DXF can be read: a name in .dwg is served by the .dxf beside it.
+  // Only DXF drawings can be read: for a name in .dwg the .dxf file beside it is read.
   std::filesystem::path file(toUtf8(path));
   if (upperCase(file.extension().string()) == ".DWG") file.replace_extension(".dxf");
   std::error_code error;
@@ -97,7 +97,7 @@ Acad::ErrorStatus AcDbDatabase::readDwgFile(const ACHAR* path, int, bool, const 
 AcDbStub& AcDbImpDatabase::namedDictionary(std::string_view key) {
   const std::wstring name = toWide(key);
   if (!rootDictionary) {
-    // R12 drawings have no objects: the root comes with the first that is needed.
+    // R12 drawings have no objects: the root dictionary is made with the first object.
     auto* root = new AcDbDictionary;
     AcDbStub& stub = addStub(takeHandle(), "DICTIONARY", nullptr);
     stub.set(AcDbStub::kNew);

@@ -1,5 +1,5 @@
 // Stubs, handles, tables and the parsing of objects on demand.
-// Structure comes from the dxf room; what changes later goes through adopt() and the flags of stubs.
+// The dxf room fills in the structure when it reads a file; later changes go through adopt() and the flags of stubs.
 #include "atelier/database/objects/imp_database.h"
 
 #include <algorithm>
@@ -50,7 +50,7 @@ AcDbImpDatabase::~AcDbImpDatabase() {
 }
 
 std::uint16_t AcDbImpDatabase::typeIndexOf(std::string_view type) {
-  // A drawing has some forty types: a slot by length and ends nearly always holds the right one.
+  // A drawing has some forty types; a slot chosen by length, first and last letter nearly always holds the right one.
   const std::size_t slot =
       type.empty()
           ? 0
@@ -152,7 +152,7 @@ void AcDbImpDatabase::replaceObject(AcDbStub& stub, Record record) {
 }
 
 void AcDbImpDatabase::dropIdle() {
-  // The oldest few are looked at on each occasion, so that no opening has to pay for all.
+  // Only the oldest few are looked at each time, so that no single opening takes long.
   for (int i = 0; i < 4 && parsed_.size() > kMostIdle; ++i) {
     AcDbStub& stub = *parsed_.front();
     parsed_.pop_front();

@@ -27,7 +27,7 @@ class RecordSource {
   virtual std::string solidData(std::uint64_t handle) const = 0;
 };
 
-// Reads drawings into databases; the dxf room provides it (setDrawingReader), since the database stands below it.
+// Reads drawings into databases. The dxf room sets it (setDrawingReader), since this room may not include that one.
 class DrawingReader {
  public:
   virtual ~DrawingReader() = default;
@@ -37,8 +37,8 @@ class DrawingReader {
 void setDrawingReader(std::unique_ptr<DrawingReader> reader);
 DrawingReader& drawingReader();
 
-// Map from handle to stub. Handles are given out in sequence: neighbours share a page, and the page of the last insertion
-// is at hand for the next one.
+// Map from handle to stub, in pages: handles are mostly consecutive, so neighbours share a page, and the page of the
+// last insertion is tried first for the next one.
 class HandleMap {
  public:
   AcDbStub* find(std::uint64_t handle) const;
@@ -47,14 +47,14 @@ class HandleMap {
 
  private:
   static constexpr std::uint64_t kPage = 16;
-  // Mixed, since the handles of a foreign file may be chosen to fall together.
+  // Mixes the bits of a page number, since a file may have handles chosen to collide.
   struct Mixed {
     std::size_t operator()(std::uint64_t number) const { return (number * 0x9E3779B97F4A7C15ull) >> 20; }
   };
   using Page = std::array<AcDbStub*, kPage>;
   std::unordered_map<std::uint64_t, Page, Mixed> pages_;
   Page* page_ = nullptr;
-  std::uint64_t number_ = 0;  // of that page
+  std::uint64_t number_ = 0;  // its number
 };
 
 }  // namespace atelier
@@ -82,17 +82,17 @@ class AcDbImpDatabase {
   const std::deque<AcDbStub>& stubs() const { return stubs_; }
   std::uint16_t typeIndexOf(std::string_view type);
 
-  // The object of a stub, parsed if need be; never null. The class follows from the record.
+  // The object of a stub, parsed if necessary; never null. Its class follows from the record.
   // Entities that are neither open nor changed are dropped again when many are in memory: a pointer to one is good
   // only while it is open, or until kMostIdle further ones were parsed.
   AcDbObject& object(AcDbStub& stub);
   static constexpr std::size_t kMostIdle = 4096;
-  // Puts an object of the record's class in the place of the one there, which nobody may have open.
+  // Replaces the stub's object, which nobody may have open, by one of the record's class.
   void replaceObject(AcDbStub& stub, atelier::Record record);
-  // Makes a new object a member: gives it a handle, a stub under the owner, and leaves it open for write.
+  // Adds a new object to the database: gives it a handle and a stub under the owner, and leaves it open for write.
   AcDbStub& adopt(AcDbObject& object, AcDbStub& owner);
-  // The same for an attribute of an insert or a vertex of a polyline: it stands before the end mark, which comes into
-  // being with the first follower.
+  // The same for an attribute of an insert or a vertex of a polyline: it is placed before the end mark, which is made
+  // with the first of them.
   AcDbStub& adoptFollower(AcDbObject& object, AcDbStub& parent);
 
   // --- structure; stubs of table heads have the type "TABLE"
@@ -111,7 +111,7 @@ class AcDbImpDatabase {
     AcDbStub* begin = nullptr;  // BLOCK
     AcDbStub* end = nullptr;    // ENDBLK
   };
-  // By block record; a new block has its ends made with it.
+  // By block record; those of a new block are made together with it.
   std::unordered_map<const AcDbStub*, BlockEnds> blockEnds;
 
   AcDbStub* rootDictionary = nullptr;
@@ -124,11 +124,11 @@ class AcDbImpDatabase {
   std::shared_ptr<atelier::RecordSource> source;  // null: nothing was read
   std::shared_ptr<void> layout;                   // what the dxf room remembers for writing the file again
   std::string path;                               // of the file it was read from; empty for a new drawing
-  std::string recoveredFrom;                      // the damaged file that recovering has read; saving keeps off it
+  std::string recoveredFrom;                      // the damaged file this was recovered from, not to be saved over
   bool mayOverwriteDamaged = false;               // unless this is set
   bool modified = false;                          // since it was read or saved
   atelier::Journal journal;
-  // Told of each change; the listener takes itself off before it goes.
+  // The listener is told of each change; it must remove itself before it is destroyed.
   void addListener(atelier::ChangeListener& listener) { listeners_.push_back(&listener); }
   void removeListener(atelier::ChangeListener& listener) { std::erase(listeners_, &listener); }
   void tellListeners(AcDbStub& stub) {
@@ -152,13 +152,13 @@ class AcDbImpDatabase {
 
 namespace atelier {
 
-// Objects that are open now, over all databases: the host looks at them after each call.
+// The objects that are open now, in all databases; the host looks at them after each call.
 class OpenObjects {
  public:
   static void add(AcDbObject* object);
   static void remove(AcDbObject* object);
   static std::size_t count();
-  // Closes everything that was opened after `mark` objects were, as after an interrupted call.
+  // Closes all objects opened since there were `mark` of them, as after an interrupted call.
   static void closeBeyond(std::size_t mark);
   static const std::vector<AcDbObject*>& list();
 };

@@ -1,5 +1,5 @@
 // The body of an object: its record, its stub, and who has it open.
-// Typed classes read and write the record through it; bulky parts are decoded once and put back on closing.
+// Typed classes read and write the record through it; large parts are decoded once and written back on closing.
 #pragma once
 #include <memory>
 
@@ -20,7 +20,7 @@ class AcDbImpObject {
 
   bool isReadable() const { return !stub || readers > 0 || writer; }
   bool isWritable() const { return !stub || writer; }
-  // The record to write to, noted as changed; null when the object is not open for write.
+  // The record, to be changed (the change is noted for undo); null when the object is not open for write.
   atelier::Record* writable();
   // The record with all decoded parts put back.
   atelier::Record& settled();

@@ -1,5 +1,5 @@
-// Undo by images of records: taking a step back exchanges each image with the present state.
-// What the images hold is bounded, so that the journal's cost is; the oldest steps go first, the running one never does.
+// Undo with images of records: undoing a step exchanges each image with the present state.
+// The size of all images is bounded: the oldest steps are dropped first, the running one never is.
 #include "atelier/database/objects/journal.h"
 
 #include <algorithm>
@@ -48,8 +48,8 @@ void Journal::before(AcDbStub& stub) {
   if (!on_ || stub.is(AcDbStub::kNoted)) return;
   if (done_.empty()) done_.emplace_back();
   undone_.clear();
-  // An object that is only just being made has no earlier state: undoing it is erasing it. One that nobody opened yet
-  // has one, in its file.
+  // A new object has no earlier state: it is undone by erasing it. An object that was never opened has its earlier state
+  // in the file.
   const bool fresh = !stub.object && stub.is(AcDbStub::kNew);
   Image image{&stub, fresh || stub.is(AcDbStub::kErased), {}};
   if (!fresh) image.record = AcDbImpObject::of(&stub.database->object(stub)).settled();
@@ -68,11 +68,11 @@ void Journal::swap(Step& step) {
     const bool erased = stub.is(AcDbStub::kErased);
     stub.set(AcDbStub::kErased, std::exchange(image.erased, erased));
     stub.set(AcDbStub::kChanged);
-    // An image without groups, of an object that was only just made, leaves the record as it is.
+    // The image of a newly made object has no groups and doesn't change the record.
     if (!image.record.groups.empty()) {
       std::swap(image.record, imp.record);
       if (image.record.type() != imp.record.type())
-        stub.database->replaceObject(stub, std::move(imp.record));  // another class had taken its place
+        stub.database->replaceObject(stub, std::move(imp.record));  // the object there was of another class
     }
     AcDbImpObject::of(stub.object).forgetDecoded();
     stub.database->modified = true;
@@ -80,7 +80,7 @@ void Journal::swap(Step& step) {
   }
 }
 
-// The last step, which is not kept when it changed nothing.
+// Undoes the last step. A step that changed nothing is dropped.
 void Journal::takeBack(std::vector<Step>& taken) {
   Step step = std::move(done_.back());
   done_.pop_back();
@@ -90,7 +90,7 @@ void Journal::takeBack(std::vector<Step>& taken) {
   taken.push_back(std::move(step));
 }
 
-// Steps are taken back whole: an interruption stops between two of them, and redo() brings back those that were.
+// Steps are undone as a whole: an interruption stops between two steps, and redo() restores those that were undone.
 int Journal::undoWhile(const std::function<bool(int taken)>& wanted) {
   endStep();
   std::vector<Step> taken;

@@ -15,10 +15,10 @@ class Journal {
  public:
   // A new step begins; changes from here on are undone together.
   void mark();
-  // Takes up to so many steps back; how many there were. What one call took back, one redo() does again.
+  // Undoes up to `count` steps and gives the number undone. One redo() restores all that one call has undone.
   int undo(int count = 1);
   bool redo();
-  // A bookmark, and the way back to the last one, which is used up; false when there is none.
+  // Sets a bookmark; undoes to the last one, which is then removed (false when there is none).
   void setBookmark();
   bool undoToBookmark();
   void before(AcDbStub& stub);
@@ -33,7 +33,7 @@ class Journal {
   struct Step {
     std::vector<Image> images;
     std::size_t weight() const;
-    bool bookmarked = false;  // the bookmark stands before it
+    bool bookmarked = false;  // there is a bookmark before this step
   };
   void swap(Step& step);
   void takeBack(std::vector<Step>& taken);
@@ -46,15 +46,15 @@ class Journal {
   bool on_ = false;
 };
 
-// Is told of each change to an object of a database, before it is made; of a new object before it has its place
-// among its owner's children. What it keeps about objects it therefore works out later, when it is asked.
+// Is told of each change to an object of a database before it is made, and of a new object before it is among its
+// owner's children. It therefore can't look at the new state yet: it must do that later, when it is asked.
 class ChangeListener {
  public:
   virtual ~ChangeListener() = default;
   virtual void changes(AcDbStub& stub) = 0;
 };
 
-// Called by everything that changes an object, before it does.
+// Must be called before any change to an object.
 void noteChange(AcDbStub& stub);
 
 }  // namespace atelier

@@ -1,4 +1,4 @@
-// How a typed object gets its record: a new one is made from the format table, a parsed one is handed over.
+// How a typed object gets its record: from the format table when it is new, else the parsed one.
 // Inner header of the room.
 #pragma once
 #include <string_view>
@@ -18,13 +18,13 @@ class ParsedRecord {
 
 const Record* pendingRecordNow();
 
-// The object for the record that waits, of the class that its type asks for.
+// Makes the object for the record that is waiting, of the class for its type.
 AcDbObject* makeObjectForPending(bool entity);
 
 void initRecord(AcDbObject& object, std::string_view type);
 
-// Makes the record of a flat polyline or vertex one in space: another mark, and a flag in group 70. One that has not the
-// flat mark stays as it is.
+// Turns the record of a flat polyline or vertex into a three-dimensional one: changes the mark and sets a flag in group
+// 70. A record without the flat mark is unchanged.
 void putInSpace(Record& record, std::string_view flatMark, std::string_view spatialMark, std::int64_t flag);
 
 // An object of a type without a class of its own, in a block or among the objects.

@@ -1,5 +1,5 @@
 // AcDbObject: identity, opening and closing, erasing, taking another object's place.
-// The typed access to an object's record stands here too.
+// Also the typed access to an object's record.
 #include <algorithm>
 
 #include "atelier/database/objects/imp_database.h"
@@ -208,7 +208,7 @@ Acad::ErrorStatus AcDbObject::handOverTo(AcDbObject* newObject, bool keepXData, 
   if (stub.owner) theirs.record.setOwner(stub.owner->handle);
   if (keepExtDict) copyBraces(mine.record, theirs.record, "ACAD_XDICTIONARY");
   copyBraces(mine.record, theirs.record, "ACAD_REACTORS");
-  // Vertices and attributes: what the old kind of object held goes with it.
+  // The old object's vertices or attributes are erased with it.
   if (stub.children && mine.record.type() != theirs.record.type())
     for (AcDbStub* child : *stub.children) eraseWithOwned(*child, true);
   mine.writable();

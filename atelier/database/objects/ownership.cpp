@@ -30,7 +30,7 @@ void eraseWithOwned(AcDbStub& stub, bool erasing) {
   stub.database->modified = true;
   if (stub.children)
     for (AcDbStub* child : *stub.children) eraseWithOwned(*child, erasing);
-  // A block's own marks go with it.
+  // The BLOCK and ENDBLK of a block are erased with it.
   if (const auto ends = stub.database->blockEnds.find(&stub); ends != stub.database->blockEnds.end())
     for (AcDbStub* end : {ends->second.begin, ends->second.end})
       if (end) eraseWithOwned(*end, erasing);
@@ -58,7 +58,7 @@ void addToBraces(Record& record, std::string_view name, int code, std::uint64_t 
     record.groups.insert(at(record, bounds->second), Group::handle(code, handle));
     return;
   }
-  std::size_t place = 1;  // behind the handle
+  std::size_t place = 1;  // after the handle
   while (place < record.groups.size() && (record.groups[place].code() == 5 || record.groups[place].code() == 105))
     ++place;
   if (name == kReactors && record.braces(kExtension)) place = record.braces(kExtension)->second + 1;

@@ -1,4 +1,4 @@
-// The stub behind an object id: what is known of an object without having parsed it.
+// The stub that an object id points to: what is known of an object without parsing it.
 // Stubs never move and live as long as their database.
 #pragma once
 #include <cstdint>
@@ -31,7 +31,7 @@ class AcDbStub {
   std::uint32_t length = 0;
   std::uint16_t type = 0;  // index into the database's type names
   std::uint16_t flags = 0;
-  // What the object holds, in drawing order, erased ones included: a block's entities, an insert's attributes, a
-  // polyline's vertices, a table's records. Null when it holds nothing.
+  // The objects inside this one, in drawing order, erased ones included: a block's entities, an insert's attributes, a
+  // polyline's vertices, a table's records. Null when there are none.
   std::unique_ptr<std::vector<AcDbStub*>> children;
 };

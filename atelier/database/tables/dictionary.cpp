@@ -143,7 +143,7 @@ AcArray<AcString> AcDbDictionary::keys() const {
 }
 Adesk::UInt32 AcDbDictionary::numEntries() const { return static_cast<Adesk::UInt32>(keys().length()); }
 
-// An Xrecord's items stand behind the cloning flag (280) that opens its section.
+// An Xrecord's items come after the cloning flag (280) at the start of its section.
 namespace {
 
 constexpr std::string_view kXrecord = "AcDbXrecord";
@@ -189,7 +189,7 @@ Acad::ErrorStatus AcDbXrecord::clear() {
                        record->groups.begin() + static_cast<std::ptrdiff_t>(end));
   return Acad::eOk;
 }
-// References in a record are handles and are translated on every clone: the flag has nothing to switch.
+// References in a record are handles, which every clone translates: the flag has no effect.
 bool AcDbXrecord::isXlateReferences() const { return true; }
 Acad::ErrorStatus AcDbXrecord::setXlateReferences(bool) {
   return impOf(this).isWritable() ? Acad::eOk : Acad::eNotOpenForWrite;

@@ -1,5 +1,5 @@
 // AcDbGroup: a named set of entities.
-// Members are soft pointers (340) in the group and a reactor in each member: membership is told from the member.
+// The group has a soft pointer (340) to each member, and each member a reactor that names the group.
 #include "atelier/database/objects/imp_database.h"
 #include "atelier/database/objects/new_record.h"
 #include "atelier/database/objects/ownership.h"
@@ -14,7 +14,7 @@ AcDbImpObject& impOf(AcDbObject* object) { return AcDbImpObject::of(object); }
 constexpr Field kDescription = textField("AcDbGroup", 300), kAnonymous = integerField("AcDbGroup", 70),
                 kSelectable = integerField("AcDbGroup", 71, 1);
 
-// The member's record is changed without opening it: the one who adds it may have it open.
+// The member's record is changed without opening it, because the caller may have it open.
 Record& memberRecord(AcDbStub& member) {
   noteChange(member);
   member.set(AcDbStub::kChanged);

@@ -245,7 +245,7 @@ AcCmColor AcDbLayerTableRecord::color() const {
 void AcDbLayerTableRecord::setColor(const AcCmColor& color) {
   impOf(this).setInteger(kLayerColor, isOff() ? -std::int64_t(color.colorIndex()) : color.colorIndex());
 }
-// A layer that is off has its colour negative.
+// A layer that is off is stored with a negative colour.
 bool AcDbLayerTableRecord::isOff() const { return recordOf(this).integer(kLayerColor) < 0; }
 bool AcDbLayerTableRecord::isFrozen() const { return recordOf(this).integer(kLayerFlags) & LayerFlags::kFrozen; }
 bool AcDbLayerTableRecord::isLocked() const { return recordOf(this).integer(kLayerFlags) & LayerFlags::kLocked; }

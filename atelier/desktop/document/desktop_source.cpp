@@ -1,4 +1,4 @@
-// One prompt waits at a time: an expression given as an answer may ask on its own, which then waits in its place.
+// Only one prompt waits: when an expression given as an answer asks itself, its prompt is the one that waits.
 #include "atelier/desktop/document/desktop_source.h"
 
 #include <utility>

@@ -13,23 +13,23 @@ class DesktopSource final : public InputSource {
  public:
   // The line that begins a command; when the command has ended, the source is at its end.
   void begin(std::string line) { lines_ = {std::move(line)}; }
-  // Lines that follow each other, as a macro gives them.
+  // Several lines, such as those of a macro.
   void begin(std::deque<std::string> lines) { lines_ = std::move(lines); }
 
   // A line typed ahead: it answers the next prompt, or begins the next command.
   void append(std::string line) { lines_.push_back(std::move(line)); }
 
   Input next(const PromptInfo& prompt) override;
-  // Answers the prompt that waits; nothing happens when none does.
+  // Answers the waiting prompt; no effect when none is waiting.
   void answer(Input input);
-  // Cancels the prompt that waits and all that is asked afterwards, until the command has ended.
+  // Cancels the waiting prompt and all later ones, until the command has ended.
   void abandon();
   bool isAbandoned() const { return abandoned_; }
-  // A prompt has no answer yet.
+  // Whether a prompt is waiting for its answer.
   bool waits() const { return prompt_ && !answer_; }
   const PromptInfo* prompt() const { return prompt_ ? &*prompt_ : nullptr; }
 
-  std::function<void()> onPrompt;  // a prompt began or ended to wait
+  std::function<void()> onPrompt;  // a prompt has begun or ended waiting
 
  private:
   std::deque<std::string> lines_;

@@ -1,5 +1,5 @@
-// A command runs inside the event that began it; its prompts wait in loops of their own. While AutoLISP works without
-// asking, the window is let breathe several times a second, so that Escape reaches it.
+// A command runs inside the event that began it; its prompts wait in event loops of their own. While AutoLISP works
+// without asking, events are processed several times a second, so that Escape has an effect.
 #include "atelier/desktop/document/drawing.h"
 
 #include <QCoreApplication>
@@ -15,7 +15,7 @@
 namespace atelier::desktop {
 namespace {
 
-// Asks the interpreter for a pause in regular intervals while it lives.
+// While it lives, asks the interpreter for a pause at regular intervals.
 class Heartbeat {
  public:
   explicit Heartbeat(lisp::Interpreter& interpreter)
@@ -50,7 +50,7 @@ Drawing::Drawing(const QString& path) {
     if (onPrompt) onPrompt();
   };
   document_->interpreter().onPoll([this] {
-    // What the window itself asks of AutoLISP, between commands and at prompts, is not to be disturbed.
+    // Calls of the window itself, between commands and at prompts, must not be interrupted by events.
     if (running_ && !source_.prompt()) QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
   });
 }
@@ -78,7 +78,7 @@ void Drawing::type(const QString& line) {
 }
 
 void Drawing::feed(const std::vector<std::string>& lines) {
-  if (running_) cancel();  // it unwinds first
+  if (running_) cancel();  // the command must end first
   ++awaited_;
   QTimer::singleShot(0, this, [this, lines] {
     --awaited_;

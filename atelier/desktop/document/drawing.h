@@ -1,4 +1,4 @@
-// One open drawing of the window: its document, the command that runs, and the picture of what it holds.
+// One open drawing of the window: its document, the running command, and its picture.
 #pragma once
 #include <QObject>
 #include <QString>
@@ -21,10 +21,10 @@ class Drawing : public QObject {
   SceneCache& scene() { return *scene_; }
   const DesktopSource& source() const { return source_; }
 
-  // A line as typed: answers the prompt that waits, else begins a command; typed ahead of a prompt or of the end of a
-  // cancelled command, it is kept until then.
+  // A typed line answers the waiting prompt, else begins a command. Typed before there is a prompt, or before a cancelled
+  // command has ended, it is kept until then.
   void type(const QString& line);
-  // Feeds lines one after the other, as soon as the event loop has the word; a running command is cancelled first.
+  // Feeds lines one after the other, as soon as the event loop is reached; a running command is cancelled first.
   void feed(const std::vector<std::string>& lines);
   void pick(const AcGePoint3d& point);
   void enter() { type(QString()); }

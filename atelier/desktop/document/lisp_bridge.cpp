@@ -1,4 +1,4 @@
-// What is asked here must not change the drawing: it is no step of the journal.
+// Functions called here must not change the drawing: the journal gets no step for them.
 #include "atelier/desktop/document/lisp_bridge.h"
 
 #include "atelier/lisp/evaluator/interpreter.h"

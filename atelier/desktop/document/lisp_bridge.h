@@ -1,4 +1,4 @@
-// Calling the front-end's functions from the window, and their results as Qt values.
+// Calls the front-end's functions from the window, with results as Qt values.
 #pragma once
 #include <QString>
 #include <QVariant>
@@ -7,8 +7,8 @@
 
 namespace atelier::desktop {
 
-// The value of an expression: a list becomes a QVariantList, nil an invalid QVariant, T true, a dotted pair a list of two.
-// Errors give an invalid value; nothing is printed. Also while a prompt waits.
+// The value of an expression: a list becomes a QVariantList, nil an invalid QVariant, T true, a dotted pair a list of
+// two. Errors give an invalid value; nothing is printed. It may be called while a prompt waits.
 QVariant ask(Document& document, const QString& expression);
 // A string as AutoLISP reads it, quotes included.
 QString quoted(const QString& text);

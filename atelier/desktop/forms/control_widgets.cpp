@@ -1,5 +1,5 @@
-// What the user does goes through atelier::deliver to the model; what the model says is shown with the widget's own
-// events held back.
+// Actions of the user reach the model through atelier::deliver; while the model's state is shown, the widget's own
+// events are blocked.
 #include "atelier/desktop/forms/control_widgets.h"
 
 #include <QCheckBox>
@@ -21,7 +21,7 @@ namespace {
 
 using namespace dialogues;
 
-constexpr int kLabelCharacters = 22;  // fields one below the other begin at one place
+constexpr int kLabelCharacters = 22;  // width of labels, so that fields are aligned
 
 QString text(const std::wstring& wide) { return QString::fromStdWString(wide); }
 
@@ -172,7 +172,7 @@ class ListWidget final : public Bound<List, QTableWidget> {
   }
 
  private:
-  // Columns keep their parts of the list's width.
+  // Keeps the columns' shares of the list's width.
   class Widths : public QObject {
    public:
     explicit Widths(ListWidget& list) : QObject(list.outer_), list_(list) {}
@@ -193,7 +193,7 @@ class ListWidget final : public Bound<List, QTableWidget> {
       widget_->setColumnWidth(static_cast<int>(i), static_cast<int>(room * control_.columns()[i].width / total));
   }
 
-  // A row that has a first cell only is a title over the whole width.
+  // A row with only a first cell is a title over the whole width.
   void showRow(int row, const Row& content) {
     const bool title =
         !content.cells.empty() && !content.cells[0].empty() &&

@@ -1,4 +1,4 @@
-// Controls stand in the grid of their frame; frames stand in the order in which they first appear.
+// Controls are placed in the grid of their frame, frames in the order in which they first appear.
 #include "atelier/desktop/forms/dialog_window.h"
 
 #include <QEventLoop>
@@ -79,7 +79,7 @@ int DialogWindow::run() {
   return *dialog_.result();
 }
 
-// Escape and the window's own button.
+// For Escape and the window's own close button.
 void DialogWindow::reject() { dialog_.end(dialogues::kCancel); }
 
 void WindowDialogs::run(dialogues::Dialog& dialog) {

@@ -7,7 +7,7 @@
 
 namespace atelier::desktop {
 
-// One widget for one control, kept like its model in both directions.
+// The widget of a control; changes of the widget and of the model are passed on to each other.
 class ControlWidget {
  public:
   virtual ~ControlWidget() = default;

@@ -1,4 +1,4 @@
-// Rows are read from the definition file for the eye only; drawing is (plv-matrices ...).
+// Rows are read from the definition file for the preview only; (plv-matrices ...) draws them.
 #include <QFile>
 #include <QFormLayout>
 #include <QPainter>
@@ -21,7 +21,7 @@ struct DefinedRow {
   double height;
 };
 
-// Matrix, place, height, kind, tags in braces and label of each line, as the module reads them; other lines are left out.
+// Matrix, place, height, kind, tags in braces and label of each line, as the module reads them; others are left out.
 QVector<DefinedRow> rowsOf(const QString& definition) {
   static const QRegularExpression line(
       QStringLiteral("^\\s*([^;\\s-]+)\\s*-\\s*([0-9.]+)\\s+[0-9]+\\s*(?:\\{.*\\})?\\s*(.*)$"));
@@ -32,7 +32,7 @@ QVector<DefinedRow> rowsOf(const QString& definition) {
   return rows;
 }
 
-// The tables as they will stand: each row as high as it says, matrices apart.
+// A picture of the tables: each row in its height, with gaps between matrices.
 QPixmap tables(const QVector<DefinedRow>& rows, const QPalette& palette, const QFont& font) {
   double height = 2 * kEdge + QFontMetrics(font).height() * static_cast<double>(rows.size());
   for (const DefinedRow& row : rows) height += row.height * kPixelsPerHeight + kGap;

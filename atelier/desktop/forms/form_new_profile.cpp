@@ -1,4 +1,4 @@
-// The preview draws what (plv-bureau-terrain) and (plv-bureau-plans) give for the file; creating is (plv-nouveau ...).
+// The preview shows the results of (plv-bureau-terrain) and (plv-bureau-plans); (plv-nouveau ...) makes the profile.
 #include <QFormLayout>
 #include <QPainter>
 #include <QPainterPath>
@@ -102,7 +102,7 @@ void NewProfileForm::accept() {
           .arg(quoted(file->text()), quoted(number->text()), atelier::desktop::number(scale->value()),
                atelier::desktop::number(textHeight->value()));
   QDialog::accept();
-  // The command line asks for the place, where it can be clicked.
+  // The command line asks for the place, so that it can be clicked in the drawing.
   drawing_.feed({call.toStdString(), "ZOOM", "_E"});
 }
 

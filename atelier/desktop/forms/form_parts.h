@@ -1,4 +1,4 @@
-// What forms share: a line with a button that looks for a file, and OK and Cancel. Inner header of the room.
+// Parts of several forms: a file name with a button to choose it, OK and Cancel. Inner header of the room.
 #pragma once
 #include <QDialogButtonBox>
 #include <QFileDialog>

@@ -1,4 +1,4 @@
-// The sheet as it will be: laid out by the plotter itself and painted small.
+// The preview is laid out by the plotter itself and painted small.
 #include <QFormLayout>
 #include <QMessageBox>
 #include <QPainter>

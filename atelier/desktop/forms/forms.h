@@ -1,4 +1,4 @@
-// Forms in place of prompts, each of which calls the front-end's function that the prompts call.
+// Forms in place of prompts; each calls the same function of the front-end as the prompts.
 #pragma once
 #include <QCheckBox>
 #include <QComboBox>
@@ -12,7 +12,7 @@
 
 namespace atelier::desktop {
 
-// A new profile from a ground file, with a look at the ground and the planes that it gets.
+// A new profile from a ground file, with a preview of the ground and of its reference planes.
 class NewProfileForm : public QDialog {
  public:
   NewProfileForm(Drawing& drawing, QWidget* parent);
@@ -26,7 +26,7 @@ class NewProfileForm : public QDialog {
   QLabel* picture_;
 };
 
-// The tables of a profile from a definition file, with a look at its rows.
+// The tables of a profile from a definition file, with a preview of its rows.
 class MatricesForm : public QDialog {
  public:
   MatricesForm(Drawing& drawing, QWidget* parent);
@@ -41,7 +41,7 @@ class MatricesForm : public QDialog {
   QLabel* rows_;
 };
 
-// A plot to PDF, SVG or PNG, with a look at the sheet.
+// A plot to PDF, SVG or PNG, with a preview of the sheet.
 class PlotForm : public QDialog {
  public:
   PlotForm(Drawing& drawing, QWidget* parent);

@@ -1,5 +1,5 @@
-// An entity that changes makes its batch stale; a new one joins the last batch; a change to anything that entities
-// refer to (layer, style, block) makes all stale.
+// A changed entity makes its batch out of date; a new one joins the last batch; a change to anything that entities
+// refer to (layer, style, block) makes all batches out of date.
 #include "atelier/desktop/picture/scene_cache.h"
 
 #include <algorithm>
@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t kBatch = 512;
 
-// What stands directly in the model space: the entity itself, or the one whose follower it is.
+// The entity of the model space that this one is or belongs to, as an attribute or a vertex.
 AcDbStub* mainEntity(AcDbStub& stub, const AcDbStub* space) {
   AcDbStub* at = &stub;
   while (at && at->owner != space) at = at->owner;
@@ -52,7 +52,7 @@ bool SceneCache::refresh() {
 
 void SceneCache::take(AcDbStub& stub, std::unordered_set<std::size_t>& stale) {
   AcDbStub* const space = imp_.modelSpace();
-  // Dictionaries and records are of no account for what is seen; tables and blocks are.
+  // Dictionaries and Xrecords have no effect on the picture; tables and blocks have.
   if (!stub.is(AcDbStub::kEntity)) {
     const std::string_view type = imp_.typeName(stub);
     everything_ = everything_ || type == "LAYER" || type == "LTYPE" || type == "STYLE";

@@ -1,5 +1,5 @@
-// The model space as display lists, in parts of some hundred entities, brought up to date where something changed.
-// Parts are never changed once they are handed out: a painter on another thread may hold them.
+// The model space as display lists, in parts of some hundred entities; only changed parts are made again.
+// A part is never changed once it has been given out, because a painter on another thread may use it.
 #pragma once
 #include <memory>
 #include <unordered_map>
@@ -20,7 +20,7 @@ class SceneCache final : private ChangeListener {
   SceneCache(const SceneCache&) = delete;
   SceneCache& operator=(const SceneCache&) = delete;
 
-  // Draws what changed since the last call; false when nothing did.
+  // Makes the parts that changed since the last call; false when none did.
   bool refresh();
   const std::vector<Part>& parts() const { return lists_; }
   const render::Box& bounds() const { return bounds_; }

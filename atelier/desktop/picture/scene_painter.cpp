@@ -1,4 +1,4 @@
-// The worker gets parts that nobody changes any more, and a flag that stops it between two of them.
+// The worker gets parts that are never changed, and a flag that stops it between two of them.
 #include "atelier/desktop/picture/scene_painter.h"
 
 #include <QThreadPool>
@@ -11,9 +11,9 @@ namespace atelier::desktop {
 namespace {
 
 constexpr double kPixelsPerMm = 96 / 25.4;
-// Line weights on the screen: as plotted at this share, and never thinner than a pixel.
+// Line weights on the screen are this share of the plotted ones, and never thinner than a pixel.
 constexpr double kWeightShare = 0.5;
-constexpr std::size_t kCrowd = 20000;  // primitives in sight
+constexpr std::size_t kCrowd = 20000;  // visible primitives
 constexpr double kGreekBelow = 2.5;    // pixels of capital height
 
 render::Colour colourOf(const QColor& c) {
@@ -26,7 +26,7 @@ render::Colour contrast(const QColor& ground) {
   return ground.lightness() < 128 ? render::Colour{255, 255, 255} : render::Colour{0, 0, 0};
 }
 
-// Whether more is in sight than can be told apart; smoothing each line would then take seconds.
+// Whether so many primitives are visible that smoothing each line would take seconds.
 bool isCrowded(const std::vector<Part>& parts, const render::PaintOptions& options) {
   std::size_t seen = 0;
   for (const Part& part : parts)

@@ -1,4 +1,4 @@
-// Painting a view of the drawing on another thread. One request at a time: a newer one makes the older stop.
+// Paints views of the drawing on another thread, one at a time: a newer request stops the older one.
 #pragma once
 #include <QColor>
 #include <QImage>
@@ -28,7 +28,7 @@ class ScenePainter : public QObject {
   explicit ScenePainter(QObject* parent) : QObject(parent) {}
   ~ScenePainter() override;
 
-  // Hears of each finished picture, on the thread of the interface.
+  // Gets each finished picture, on the thread of the interface.
   std::function<void(QImage, const Viewport&)> onPicture;
   void request(PaintRequest request);
   bool isPainting() const { return running_; }

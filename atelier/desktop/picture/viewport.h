@@ -1,4 +1,4 @@
-// Between the drawing and the pixels of its view.
+// Maps between the drawing and the pixels of its view.
 #pragma once
 #include <QPointF>
 #include <QSize>

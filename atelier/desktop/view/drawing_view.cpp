@@ -1,4 +1,4 @@
-// The last picture is shown at once, moved and scaled to where it belongs now, until the painter has the new one.
+// After a change of the view the last picture is shown, moved and scaled, until the new one is painted.
 #include "atelier/desktop/view/drawing_view.h"
 
 #include <QKeyEvent>
@@ -50,7 +50,7 @@ void DrawingView::setGround(const QColor& colour) {
 
 void DrawingView::refresh() {
   drawing_.scene().refresh();
-  // A command may have taken the selection, a program may have set another one.
+  // A command may have used the selection, a program may have set another one.
   selection_.clear();
   if (const auto& first = drawing_.document().firstSelection)
     selection_.assign(first->list().begin(), first->list().end());
@@ -67,7 +67,7 @@ void DrawingView::askPicture() {
   update();
 }
 
-// After a change of the view: the picture in hand serves until the next one comes.
+// After a change of the view: the present picture is used until the next one is painted.
 void DrawingView::settleView() {
   askPicture();
   if (onMoved && cursor_) onMoved(viewport().world(*cursor_));
@@ -235,7 +235,7 @@ void DrawingView::paintEvent(QPaintEvent*) {
   if (cursor_) drawCursor(marks);
 }
 
-// What commands and programs highlight, and what a running prompt for objects has gathered.
+// Entities that commands and programs highlight, and those selected so far at a prompt for objects.
 const render::DisplayList& DrawingView::highlightedList() {
   std::vector<AcDbStub*> now;
   for (const AcDbObjectId& id : drawing_.document().transients().highlighted)

@@ -1,5 +1,5 @@
-// The drawing on the screen, and the mouse on it: pan, zoom, picks, selection, grips, snaps.
-// Coordinates of the mouse are pixels of the widget; what leaves is in drawing units.
+// The drawing on the screen and the mouse actions on it: pan, zoom, picks, selection, grips, snaps.
+// Coordinates of the mouse are pixels of the widget; results are in drawing units.
 #pragma once
 #include <QTimer>
 #include <QWidget>
@@ -20,13 +20,13 @@ class DrawingView : public QWidget {
   void zoomExtents();
   void zoomTo(const AcDbExtents& box);
   void zoomAt(QPointF pixel, double factor);  // above 1: nearer
-  // The drawing or the view changed: brings the picture up to date.
+  // Brings the picture up to date after a change of the drawing or the view.
   void refresh();
-  // What is selected while no command runs; it is the first selection of the document.
+  // Selects entities while no command runs: the document's first selection.
   void select(std::vector<AcDbStub*> entities);
   const std::vector<AcDbStub*>& selection() const { return selection_; }
   void setGround(const QColor& colour);
-  // The point where a click there would go, snapped while a point is asked for.
+  // The point that a click there would give, snapped while a prompt asks for a point.
   AcGePoint3d pointAt(QPointF pixel);
   // As a click of the left button.
   void click(QPointF pixel, bool removing = false);

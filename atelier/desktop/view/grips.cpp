@@ -1,4 +1,4 @@
-// The grip of an entity that moves as a whole shifts it; those of lines and polylines change their shape.
+// Grips of lines and polylines change their shape; a grip of any other entity moves it.
 #include "atelier/desktop/view/grips.h"
 
 #include "atelier/document/layer_states.h"
@@ -8,7 +8,7 @@
 namespace atelier::desktop {
 namespace {
 
-constexpr unsigned kMostVertices = 500;  // of a polyline whose vertices are shown
+constexpr unsigned kMostVertices = 500;  // a polyline with more shows no grips
 
 AcGePoint3d middle(const AcGePoint3d& a, const AcGePoint3d& b) { return a + (b - a) * 0.5; }
 

@@ -15,8 +15,8 @@ struct Grip {
 // Ends and middle of lines, vertices of polylines, the place of texts, points and inserts, the centre of circles and
 // arcs. Nothing for entities that have none.
 std::vector<Grip> gripsOf(AcDbObjectId entity);
-// Moves the grip as a step of its own in the journal: a vertex or an end alone, any other place with the entity.
-// False for an entity on a locked layer or one that is gone.
+// Moves the grip, as one step of the journal: a vertex or an end is moved alone, any other grip moves the entity. False
+// for an entity on a locked layer or an erased one.
 bool moveGrip(Document& document, const Grip& grip, const AcGePoint3d& to);
 
 }  // namespace atelier::desktop

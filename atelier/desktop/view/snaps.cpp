@@ -1,4 +1,4 @@
-// Places are collected from the few entities under the aperture; of polylines, from the segments near the cursor.
+// Places are collected from the few entities within the aperture; of polylines only from segments near the cursor.
 #include "atelier/desktop/view/snaps.h"
 
 #include <cmath>
@@ -45,7 +45,7 @@ class Search {
       reach_ = d;
     }
   }
-  // A centre is meant by the curve as well as by its own place.
+  // A centre is found with the cursor on the curve as well as at the centre.
   void centre(const AcGePoint3d& point, const AcGePoint3d& foot) {
     offer(kCentre, point, std::min(distance(point), distance(foot)));
   }
@@ -98,7 +98,7 @@ class Search {
   const unsigned modes_;
   const std::optional<AcGePoint3d> base_;
   std::optional<Snap> exact_, nearest_;
-  double reach_ = 0;  // of the exact one
+  double reach_ = 0;  // distance to the exact place
 };
 
 }  // namespace
@@ -109,7 +109,7 @@ std::optional<Snap> findSnap(Document& document, const AcGePoint3d& cursor, doub
   AcDbExtents box;
   box.set({cursor.x - aperture, cursor.y - aperture, 0}, {cursor.x + aperture, cursor.y + aperture, 0});
   const std::vector<AcDbStub*> near = document.spatialIndex().query(document.imp().modelSpace(), box);
-  if (near.size() > kMostEntities) return std::nullopt;  // seen from so far nothing is meant
+  if (near.size() > kMostEntities) return std::nullopt;  // zoomed out too far for a choice
   Search search(cursor, aperture, modes, base);
   LayerStates layers(document.imp());
   std::vector<std::unique_ptr<AcDbEntityPointer>> open;

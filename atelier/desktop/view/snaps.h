@@ -20,7 +20,7 @@ struct Snap {
   AcGePoint3d point;
 };
 
-// The snap nearest to the cursor within the aperture (drawing units); the nearest point of a curve only when there is no
+// The snap nearest to the cursor within the aperture (drawing units); the mode "nearest point" only when there is no
 // other. Perpendicular needs a base.
 std::optional<Snap> findSnap(Document& document, const AcGePoint3d& cursor, double aperture, unsigned modes,
                              const std::optional<AcGePoint3d>& base);

@@ -1,4 +1,4 @@
-// What lies over the drawing: highlighted entities, transient vectors, rubber bands, grips, snap markers, the crosshair.
+// Marks drawn over the picture: highlights, transient vectors, rubber bands, grips, snap markers, the crosshair.
 #pragma once
 #include <QPainter>
 #include <QPainterPath>
@@ -20,7 +20,7 @@ class ViewMarks {
   void list(const render::DisplayList& list, Emphasis emphasis);
   void transients(const Transients& transients);
   void rubberBand(const AcGePoint3d& from, const QPointF& to);
-  // Left to right selects what is inside, right to left also what crosses.
+  // From left to right it selects what is inside, from right to left also what crosses it.
   void rectangle(const AcGePoint3d& from, const QPointF& to, bool selecting);
   void grips(std::span<const Grip> grips, std::optional<std::size_t> hot);
   void snap(const Snap& snap);

@@ -1,4 +1,4 @@
-// The entries of the window's own menus, and what they feed to the command line.
+// The entries of the window's own menus, with the lines that they send to the command line.
 #pragma once
 #include <span>
 

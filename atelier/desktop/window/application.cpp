@@ -1,4 +1,4 @@
-// Qt takes over the locale of the user when it starts; numbers are held at the point all the same.
+// Qt sets the user's locale when it starts; the locale of numbers is set back to the decimal point.
 #include "atelier/desktop/window/application.h"
 
 #include <QApplication>
@@ -18,7 +18,7 @@
 namespace atelier::desktop {
 namespace {
 
-// What goes wrong in an event ends that event, not the program with its open drawings.
+// An exception ends the event in which it is thrown, not the program with its open drawings.
 class Application final : public QApplication {
  public:
   using QApplication::QApplication;

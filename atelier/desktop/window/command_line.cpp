@@ -1,4 +1,4 @@
-// A blank ends a word as Enter does, except where the prompt takes texts and inside an expression.
+// A blank acts as Enter, except at prompts for texts and inside an expression.
 #include "atelier/desktop/window/command_line.h"
 
 #include <QAbstractItemView>
@@ -15,7 +15,7 @@ namespace {
 constexpr int kMostLines = 5000, kMostRemembered = 500;
 constexpr int kVisibleLines = 5;
 
-// The prompt as rich text: what can be clicked is a link to its keyword.
+// The prompt as rich text: keywords to click are links.
 QString marked(const PromptInfo& prompt) {
   QString text = QString::fromStdString(prompt.text).trimmed().toHtmlEscaped();
   for (const std::string& word : prompt.keywords) {
@@ -116,7 +116,7 @@ void CommandLine::takeKey(QKeyEvent* event) {
 }
 
 bool CommandLine::eventFilter(QObject* watched, QEvent* event) {
-  // The line's own keys (Ctrl+Z, Ctrl+A ...) count while something is written in it; else they are the window's.
+  // While the line has text, keys such as Ctrl+Z and Ctrl+A act on it; otherwise on the window.
   if (watched == edit_ && event->type() == QEvent::ShortcutOverride && edit_->text().isEmpty()) {
     event->ignore();
     return true;

@@ -1,4 +1,4 @@
-// The command line: what was printed, the running prompt with its keywords to click, and the line being typed.
+// The command line: the printed lines, the running prompt with keywords to click, and the line being typed.
 #pragma once
 #include <QCompleter>
 #include <QLabel>
@@ -21,11 +21,11 @@ class CommandLine : public QWidget {
   QString text() const { return history_->toPlainText(); }
   // Null: the command prompt.
   void showPrompt(const PromptInfo* prompt);
-  // Names of commands and functions that are completed while a command is typed.
+  // Names of commands and functions for completion.
   void setNames(QStringList names);
   void setHistory(QStringList lines) { lines_ = std::move(lines), place_ = lines_.size(); }
   const QStringList& lines() const { return lines_; }
-  // A key that was meant for another widget goes on here.
+  // Takes a key that another widget has received and doesn't use.
   void takeKey(QKeyEvent* event);
 
   std::function<void(QString)> onLine;

@@ -1,4 +1,4 @@
-// A step may open a loop of its own (a prompt, a dialog): the next one is put up before it is taken.
+// A step may open an event loop of its own (a prompt, a dialog), so the next one is scheduled before it runs.
 #include "atelier/desktop/window/driver.h"
 
 #include <QApplication>
@@ -113,7 +113,7 @@ bool Driver::isReady() const {
   if (shooting_) return false;
   if (QWidget* const modal = QApplication::activeModalWidget()) {
     const auto* const dialog = dynamic_cast<DialogWindow*>(modal);
-    return !dialog || !dialog->model().result();  // one that has its result is about to go
+    return !dialog || !dialog->model().result();  // a dialog with a result is about to close
   }
   const Drawing* const d = window_.drawing();
   return !d || d->waits() || !(d->isRunning() || d->hasMore());

@@ -1,5 +1,5 @@
-// What tests and the script of the screenshots hold of the window: steps that a user would take, one when the window waits
-// for the one before to have done its part.
+// Drives the window for tests and screenshots, in the steps of a user.
+// Each step is carried out when the window waits for the user.
 #pragma once
 #include <deque>
 #include <functional>
@@ -12,11 +12,11 @@ class Driver : public QObject {
  public:
   explicit Driver(MainWindow& window) : window_(window) {}
 
-  // Puts steps up; play() takes them one after the other, each when the window asks something or nothing runs.
+  // Adds a step; play() carries them out one after the other.
   Driver& then(std::function<void()> step);
   Driver& type(const QString& line);     // at the command line
   Driver& pick(double x, double y);      // a click at that place of the drawing
-  Driver& hover(double x, double y);     // the cursor comes to that place
+  Driver& hover(double x, double y);     // moves the cursor to that place
   Driver& menu(const QString& entry);    // an entry of any menu by its text, without &
   Driver& press(const QString& button);  // of the dialog or form that is open
   Driver& select(const QString& list,

@@ -1,4 +1,4 @@
-// The menus change from within running commands; they are drawn anew when the event loop has the word again.
+// Running commands change the menus; they are built again when the event loop is reached.
 #include "atelier/desktop/window/host_menu_bar.h"
 
 #include <QTimer>

@@ -8,12 +8,12 @@ namespace atelier::desktop {
 
 class HostMenuBar {
  public:
-  // Menus stand before `before`, the window's last own one.
+  // The menus are placed before `before`, the window's own last menu.
   HostMenuBar(QMenuBar& bar, QAction* before, std::function<void(std::vector<std::string>)> run);
   ~HostMenuBar();
   HostMenuBar(const HostMenuBar&) = delete;
   HostMenuBar& operator=(const HostMenuBar&) = delete;
-  // Drawn anew from the host's menus.
+  // Builds the menus again from the host's.
   void rebuild();
 
  private:

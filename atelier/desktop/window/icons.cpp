@@ -14,7 +14,7 @@ namespace {
 constexpr int kGrid = 24;
 const QColor kAccent(220, 90, 30);
 
-// Commands: M and L take a point, C three, Z none; behind "|" follow the accent's.
+// Commands: M and L take a point, C three, Z none; those of the accent colour come after "|".
 const QHash<QString, QString>& shapes() {
   static const QHash<QString, QString> table{
       {"nouveau", "M 6 3 L 14 3 L 19 8 L 19 21 L 6 21 Z M 14 3 L 14 8 L 19 8 | M 12 12 L 12 18 M 9 15 L 15 15"},

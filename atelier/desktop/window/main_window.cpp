@@ -1,4 +1,4 @@
-// One drawing is in front and current; a command that runs in it ends before another comes to the front.
+// One drawing is in front and current; its running command must end before another comes to the front.
 #include "atelier/desktop/window/main_window.h"
 
 #include <QApplication>
@@ -181,7 +181,7 @@ void MainWindow::afterCommand(Tab& tab) {
 void MainWindow::moved(Drawing& drawing, const AcGePoint3d& point) {
   coordinates_->setText(QString("%1 , %2").arg(point.x, 0, 'f', 3).arg(point.y, 0, 'f', 3));
   readingAt_ = point;
-  // A computation that goes on is not disturbed.
+  // A running computation is not disturbed.
   if ((!drawing.isRunning() || drawing.prompt()) && !readingTimer_.isActive()) readingTimer_.start(kReadingDelay);
 }
 
@@ -206,7 +206,7 @@ void MainWindow::showHandle(const QString& handle) {
   AcDbStub* const stub = tab->drawing->document().imp().stubOf(*value);
   if (!stub || stub->is(AcDbStub::kErased)) return;
   tab->view->select({stub});
-  // A profile's block holds only its title; the whole of it is asked from the front-end.
+  // A profile's block contains only its title; the front-end gives the extent of the whole profile.
   const QVariantList box =
       atelier::desktop::ask(tab->drawing->document(), QString("(plv-bureau-boite \"%1\")").arg(handle)).toList();
   AcDbEntityPointer entity(idOf(stub));

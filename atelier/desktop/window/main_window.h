@@ -23,7 +23,7 @@ class MainWindow : public QMainWindow {
   // A tab with a new drawing, or with the file; false after a message when it can't be opened.
   bool open(const QString& path = {});
   bool save(bool underNewName = false);
-  // Asks what becomes of changes; false when the user goes back.
+  // Closes a tab; asks about unsaved changes. False when the user cancels.
   bool closeTab(int index);
 
   Drawing* drawing() const;  // of the front tab; null when there is none
@@ -34,7 +34,7 @@ class MainWindow : public QMainWindow {
   ProfilesPanel& profiles() { return *profiles_; }
   PropertiesPanel& properties() { return *properties_; }
   QString status() const { return profileStatus_->text(); }
-  // Copies of what isn't saved, for the next start if this one ends by itself. Called from time to time.
+  // Saves copies of unsaved drawings, to be offered at the next start after a crash. Called from time to time.
   void autosave();
   void perform(const QString& action);  // "@name" of the window, else lines for the command line
   // For tests: answers in place of the user's to file choices (empty: cancel) and questions ("oui", "non", "annuler").

@@ -1,5 +1,5 @@
-// Opening, saving, closing, recent files; copies in the background and getting them back after a crash.
-// A copy stands in the autosave folder with a note of the drawing that it belongs to; closing the drawing removes it.
+// Opening, saving, closing, recent files; automatic copies, and restoring them after a crash.
+// A copy is kept in the autosave folder with the name of its drawing; closing the drawing removes it.
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
@@ -81,7 +81,7 @@ bool MainWindow::closeTab(int index) {
   if (!tab || tab->view != widget) return false;
   if (tab->drawing->isRunning()) {
     tab->drawing->cancel();
-    return false;  // the command unwinds; closing again then works
+    return false;  // the command is being cancelled; closing again then works
   }
   if (tab->drawing->isModified()) {
     const QString answer = ask(QStringLiteral("Enregistrer les modifications de %1 ?").arg(tab->drawing->title()),

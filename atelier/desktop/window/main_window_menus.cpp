@@ -1,4 +1,4 @@
-// Building the menus and tool bar from the table of actions, and the actions of the window itself.
+// Builds the menus and tool bar from the table of actions; the actions of the window itself.
 #include <QApplication>
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -20,7 +20,7 @@
 namespace atelier::desktop {
 namespace {
 
-constexpr int kUnwinding = 100;  // milliseconds that a cancelled command is given
+constexpr int kUnwinding = 100;  // milliseconds for a cancelled command to end
 
 }  // namespace
 
@@ -69,7 +69,7 @@ void MainWindow::buildMenus() {
   });
 }
 
-// Icons are drawn in the colours of the window, so they are made anew.
+// Icons are drawn in the colours of the window, so they are made again.
 void MainWindow::changeTheme() {
   chooseTheme(!isDarkTheme());
   for (QAction* action : findChildren<QAction*>())
@@ -83,8 +83,8 @@ void MainWindow::buildRecent(QMenu& menu) {
   if (menu.isEmpty()) menu.addAction(QStringLiteral("(aucun)"))->setEnabled(false);
 }
 
-// What opens, saves or changes drawings waits for the running command, which is cancelled; one that goes on all the same
-// (a dialog that comes back) keeps the word.
+// Before drawings are opened, saved or changed the running command is cancelled; when it doesn't end (its dialog comes
+// back) the action is not carried out.
 void MainWindow::windowAction(const QString& name) {
   Drawing* const d = drawing();
   DrawingView* const v = view();

@@ -1,4 +1,4 @@
-// The profiles of the drawing: planes, kinds of line, matrices and rows, as the front-end tells them.
+// The profiles of the drawing: planes, kinds of line, matrices and rows, as listed by the front-end.
 #pragma once
 #include <QTreeWidget>
 #include <functional>

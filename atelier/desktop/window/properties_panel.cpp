@@ -1,4 +1,4 @@
-// Fields in the words of the format: (plv-bureau-proprietes handle) gives (name value) pairs.
+// (plv-bureau-proprietes handle) gives the fields as (name value) pairs.
 #include "atelier/desktop/window/properties_panel.h"
 
 #include <QHeaderView>

@@ -1,4 +1,4 @@
-// The dark palette goes with a style that honours palettes on every system.
+// The dark palette needs a style that uses palettes on every system.
 #include "atelier/desktop/window/theme.h"
 
 #include <QApplication>

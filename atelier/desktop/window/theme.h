@@ -1,12 +1,12 @@
-// Light and dark: the colours of the window. The drawing's ground is the user's own choice.
+// The light and dark colours of the window. The drawing's background is a setting of its own.
 #pragma once
 
 namespace atelier::desktop {
 
-// Takes the theme of the settings ("theme": "clair" or "sombre"; the system's own when it says neither).
+// Applies the theme of the settings ("theme": "clair" or "sombre"; the system's own for anything else).
 void applyTheme();
 bool isDarkTheme();
-// Keeps the choice and takes it at once.
+// Saves the choice and applies it at once.
 void chooseTheme(bool dark);
 
 }  // namespace atelier::desktop

@@ -1,4 +1,4 @@
-// What happens when a file is damaged: the strict pass stops at the first fault, the recovering one notes it and goes on.
+// What happens when a file is damaged: strict reading stops at the first fault; recovering notes it and goes on.
 #pragma once
 #include <string>
 #include <vector>
@@ -22,7 +22,7 @@ class Faults {
   [[noreturn]] void stop(std::size_t offset, const std::string& message) const {
     throw Error(name_, lineAt(offset), message);
   }
-  // Bytes that the drawing will be written without.
+  // Notes bytes that are left out when the drawing is written.
   void leaveOut(std::size_t begin, std::size_t end) const {
     if (end > begin) layout_.repairs.push_back({begin, end - begin, {}});
   }

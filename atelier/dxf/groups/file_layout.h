@@ -1,4 +1,4 @@
-// What is remembered of a file that was read, so that it can be written again with only the changes put in.
+// What is kept of a file that was read, so that only changes differ when it is written again.
 // Offsets count bytes from the start of the file.
 #pragma once
 #include <array>
@@ -12,13 +12,13 @@
 
 namespace atelier::dxf {
 
-// Sections in the order in which a drawing has them; other: what is only carried.
+// Sections in the order of a drawing file; other: sections that are only copied.
 enum class Section : std::uint8_t { header, classes, tables, blocks, entities, objects, other };
 inline constexpr std::array<std::string_view, 6> kSectionNames = {"HEADER", "CLASSES",  "TABLES",
                                                                   "BLOCKS", "ENTITIES", "OBJECTS"};
 Section sectionNamed(std::string_view name);
 
-// Damage that was found in recovering: bytes to leave out, and groups to put in their place.
+// Damage found in recovering: bytes to leave out, and groups to write in their place.
 struct Repair {
   std::size_t offset = 0, skip = 0;
   std::vector<Group> groups;
@@ -29,9 +29,9 @@ struct FileLayout {
   std::string_view bytes;
   Style style;
   std::string version;      // $ACADVER, "AC1032" for R2018; "AC1009" when it is missing
-  bool hasHandles = false;  // R12 drawings may do without
+  bool hasHandles = false;  // an R12 drawing may have none
 
-  // Where new things go: before the end mark of each section or table.
+  // Where new records are inserted: before the end mark of each section or table.
   struct Place {
     std::size_t begin;  // of 0 SECTION
     std::size_t end;    // of 0 ENDSEC

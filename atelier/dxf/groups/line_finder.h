@@ -1,4 +1,4 @@
-// Finding the ends of lines, 64 bytes at a time; most of the time that opening a large drawing takes is spent here.
+// Finds the ends of lines, 64 bytes at a time. Opening a large drawing spends most of its time here.
 // The marks of a block of 64 bytes are kept as bits, so that short lines cost a few instructions each.
 #pragma once
 #include <bit>
@@ -20,7 +20,7 @@ class LineFinder {
     marks_ = block_ < size_ ? load(block_) & (~std::uint64_t{0} << (from & 63)) : 0;
   }
 
-  // Offset of the next line feed, each one given once; the number of bytes when there is none left.
+  // Offset of the next line feed, each given once; the number of bytes when there are no more.
   std::size_t next() {
     while (marks_ == 0) {
       block_ += 64;

@@ -8,7 +8,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstring>
 
 #include "atelier/base/error.h"
 
@@ -16,7 +15,7 @@ namespace atelier::dxf {
 
 MappedFile::MappedFile(const std::string& path) {
   const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
-  if (file < 0) throw FileError(path, 0, std::string("lecture impossible: ") + std::strerror(errno));
+  if (file < 0) throw FileError(path, 0, "lecture impossible: " + systemReason(errno));
   struct stat info {};
   const bool regular = fstat(file, &info) == 0 && S_ISREG(info.st_mode);
   if (regular && info.st_size > 0) {
@@ -26,7 +25,7 @@ MappedFile::MappedFile(const std::string& path) {
   }
   close(file);
   if (!regular) throw FileError(path, 0, "lecture impossible: ce n'est pas un fichier");
-  if (size_ > 0 && !data_) throw FileError(path, 0, "lecture impossible: le fichier ne tient pas en memoire");
+  if (size_ > 0 && !data_) throw FileError(path, 0, "lecture impossible: le fichier ne tient pas en mémoire");
 }
 
 MappedFile::~MappedFile() {

@@ -1,5 +1,5 @@
 // A file's bytes, mapped read-only.
-// The mapping stays good when the file is replaced by a rename, as saving does.
+// The mapping stays valid when the file is replaced by a rename, as saving does.
 #pragma once
 #include <string>
 #include <string_view>

@@ -1,5 +1,5 @@
-// Stepping through a file, and the heads of its records.
-// Handle and owner stand before the first subclass mark and outside brace lists.
+// Steps through a file and reads the heads of its records.
+// Handle and owner are found before the first subclass mark and outside brace lists.
 #include "atelier/dxf/groups/record_head.h"
 
 #include <utility>
@@ -11,7 +11,7 @@ void GroupPass::step() {
     try {
       end_ = scanner_.offset();
       more_ = scanner_.next(raw_);
-      // Blank lines before an end that comes too soon must not stand before what is put there.
+      // Blank lines at an early end of the file must not remain before the groups that are added there.
       if (!more_ && faults_.recovering()) faults_.leaveOut(end_, layout_.bytes.size());
       return;
     } catch (const FormatError& error) {
@@ -23,7 +23,7 @@ void GroupPass::step() {
 void GroupPass::damaged(const FormatError& error) {
   faults_.report(error.offset, error.message);
   scanner_.resume(error.offset);
-  // Within a record the record as a whole is dealt with by its section.
+  // A fault inside a record: its section decides about the whole record.
   if (inRecord_) recordDamaged_ = true;
   else faults_.leaveOut(error.offset, scanner_.offset());
 }
@@ -64,7 +64,7 @@ RecordHead GroupPass::head() {
   h.damaged = recordDamaged_;
   h.end = place();
   if (!more_ && !h.damaged) {
-    faults_.report(h.end, "fichier coupe dans un enregistrement " + std::string(h.type));
+    faults_.report(h.end, "fichier coupé dans un enregistrement " + std::string(h.type));
     h.damaged = true;
   }
   if (handle.data()) h.handle = parseHandle(handle).value_or(0);

@@ -1,5 +1,5 @@
-// The groups of a file one after the other, and what the pass over it takes from each record.
-// Damage met on the way is reported; in recovering the pass goes on at the next record.
+// The groups of a file one after the other, and the head of each record.
+// Damage is reported; in recovering, reading goes on at the next record.
 #pragma once
 #include "atelier/dxf/groups/faults.h"
 
@@ -25,7 +25,7 @@ class GroupPass {
   bool more() const { return more_; }
   const RawGroup& group() const { return raw_; }
   std::size_t offset() const { return scanner_.offset(); }
-  // Where the current group begins, or the last one ended when there are no more.
+  // Where the current group begins, or where the last one ended when there are no more.
   std::size_t place() const { return more_ ? raw_.begin : end_; }
   bool isRecord(std::string_view type) const { return raw_.code == 0 && raw_.value == type; }
   void step();

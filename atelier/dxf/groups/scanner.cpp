@@ -1,4 +1,4 @@
-// Splitting a file into groups.
+// Splits a file into groups.
 // A group is two lines in ASCII; in binary a code and a value whose length follows from the code.
 #include "atelier/dxf/groups/scanner.h"
 
@@ -23,12 +23,12 @@ inline int parseCode(std::string_view text) {
   return i == text.size() && value <= 32767 ? value : -1;
 }
 
-// Bytes of a foreign file go into messages only as far as they are printable.
+// Only the printable bytes of a file go into messages.
 std::string codeMessage(std::string_view text) {
   std::string shown(text.substr(0, 40));
   for (char& c : shown)
     if (static_cast<unsigned char>(c) < 0x20 || static_cast<unsigned char>(c) > 0x7E) c = '?';
-  return "code de groupe attendu, trouve \"" + shown + "\"";
+  return "code de groupe attendu, trouvé \"" + shown + "\"";
 }
 
 bool isRecordName(std::string_view name) {
@@ -62,7 +62,7 @@ std::size_t firstGroup(std::string_view bytes, Encoding encoding) {
   return bytes.starts_with("\xEF\xBB\xBF") ? 3 : 0;
 }
 
-// Throws unless what is left is blank lines at the very end of a file, which are no group.
+// Throws, unless only blank lines are left at the end of the file: they aren't a group.
 [[gnu::noinline]] bool Scanner::refuseCode(const RawGroup& group, std::string_view codeLine) const {
   const auto blank = [](char c) { return c == ' ' || c == '\r' || c == '\n' || c == '\t' || c == 0x1A; };
   const std::string_view rest = bytes_.substr(group.begin);
@@ -71,10 +71,10 @@ std::size_t firstGroup(std::string_view bytes, Encoding encoding) {
 }
 
 [[gnu::noinline]] bool Scanner::refuseEnd(const RawGroup& group) {
-  throw FormatError{group.begin, "fichier coupe: la valeur du groupe " + std::to_string(group.code) + " manque"};
+  throw FormatError{group.begin, "fichier coupé: la valeur du groupe " + std::to_string(group.code) + " manque"};
 }
 
-// Faults are dealt with elsewhere: this is run for every group of a drawing.
+// This is run for every group of a drawing, so faults are handled in other functions.
 bool Scanner::nextAscii(RawGroup& group) {
   if (at_ >= bytes_.size()) return false;
   group.begin = at_;
@@ -90,7 +90,7 @@ bool Scanner::nextBinary(RawGroup& group) {
   if (at_ >= bytes_.size()) return false;
   group.begin = at_;
   const auto need = [&](std::size_t count) {
-    if (bytes_.size() - at_ < count) throw FormatError{group.begin, "fichier coupe au milieu d'un groupe"};
+    if (bytes_.size() - at_ < count) throw FormatError{group.begin, "fichier coupé au milieu d'un groupe"};
   };
   const auto byte = [&] { return static_cast<unsigned char>(bytes_[at_++]); };
   need(encoding_ == Encoding::binaryOld ? 1 : 2);
@@ -110,7 +110,7 @@ bool Scanner::nextBinary(RawGroup& group) {
     width = byte();
   } else if (width == 0) {
     const void* zero = std::memchr(bytes_.data() + at_, 0, bytes_.size() - at_);
-    if (!zero) throw FormatError{group.begin, "fichier coupe: texte sans fin"};
+    if (!zero) throw FormatError{group.begin, "fichier coupé: texte sans fin"};
     const std::size_t length = static_cast<std::size_t>(static_cast<const char*>(zero) - bytes_.data()) - at_;
     group.value = bytes_.substr(at_, length);
     at_ += length + 1;
@@ -122,7 +122,7 @@ bool Scanner::nextBinary(RawGroup& group) {
   return true;
 }
 
-// Whether a group 0 with a name that a record may have stands here.
+// Whether a group 0 with a valid record name begins here.
 bool Scanner::recordAt(std::size_t at) const {
   RawGroup group;
   Scanner trial(bytes_, encoding_, at, bytes_.size());

@@ -13,11 +13,11 @@ enum class Encoding { ascii, binaryOld, binary };  // binaryOld: codes of one by
 
 inline constexpr std::string_view kBinarySentinel("AutoCAD Binary DXF\r\n\x1a\0", 22);
 
-// How the bytes are laid out; a file that is neither form gives ascii and fails at its first code.
+// The form of a file; one of neither form gives ascii and fails at its first code.
 Encoding encodingOf(std::string_view bytes);
 // Where the first group starts.
 std::size_t firstGroup(std::string_view bytes, Encoding encoding);
-// Bytes that a value of this code takes in a binary file; 0 for texts, handles and chunks, which tell it themselves.
+// The size in bytes of a value with this code in a binary file; 0 for texts, handles and chunks, whose size varies.
 std::size_t binaryWidth(int code);
 
 struct RawGroup {
@@ -31,11 +31,11 @@ class Scanner {
   Scanner(std::string_view bytes, Encoding encoding, std::size_t at, std::size_t end)
       : bytes_(bytes.substr(0, end)), encoding_(encoding), at_(at), lines_(bytes_, at) {}
 
-  // The next group; false at the end. Throws FormatError on a code that is no number or a value that is cut off.
+  // The next group; false at the end. Throws FormatError for a code that isn't a number or a value that is cut off.
   bool next(RawGroup& group) { return encoding_ == Encoding::ascii ? nextAscii(group) : nextBinary(group); }
   std::size_t offset() const { return at_; }
-  // After a FormatError: moves to the next place behind the fault where a record may begin (a group 0 with a name);
-  // to the end when there is none.
+  // After a FormatError: moves to the next place after the fault where a record may begin (a group 0 with a name), or to
+  // the end when there is none.
   void resume(std::size_t fault);
 
  private:

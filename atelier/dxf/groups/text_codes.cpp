@@ -7,7 +7,7 @@
 namespace atelier::dxf {
 namespace {
 
-// Hexadecimal digits of exactly that number; -1 when there are others.
+// The value of exactly that many hexadecimal digits; -1 when there are other characters.
 int hexadecimal(std::string_view text, std::size_t at, std::size_t digits) {
   if (at + digits > text.size()) return -1;
   int value = 0;
@@ -21,7 +21,7 @@ bool startsEscape(std::string_view text, std::size_t at, char letter) {
          text[at + 2] == '+';
 }
 
-// \U+XXXX of either case at `at`; moves behind it. False when there is none.
+// Reads \U+XXXX, of either case, at `at` and moves after it. False when there is none.
 bool takeUnicode(std::string_view text, std::size_t& at, std::string& out) {
   if (!startsEscape(text, at, 'U')) return false;
   const int first = hexadecimal(text, at + 3, 4);
@@ -35,7 +35,7 @@ bool takeUnicode(std::string_view text, std::size_t& at, std::string& out) {
       next += 7;
     }
   }
-  if (character >= 0xD800 && character < 0xE000) return false;  // stays as it is written
+  if (character >= 0xD800 && character < 0xE000) return false;  // a lone surrogate stays as written
   appendUtf8(out, character);
   at = next;
   return true;

@@ -9,7 +9,7 @@
 
 namespace atelier::dxf {
 
-// A number or handle that can't be read stays text, with its bytes, so that nothing is lost.
+// A number or handle that can't be read is kept as text, with its bytes, so that nothing is lost.
 Group decode(const RawGroup& raw, Encoding encoding, const CodePage& codePage);
 
 struct Style {
@@ -18,7 +18,7 @@ struct Style {
   CodePage codePage = CodePage::utf8();
 };
 
-// Appends the group; its own bytes when it has them, else its value.
+// Appends the group: its original bytes when it has them, else its value.
 void append(std::string& out, const Group& group, const Style& style);
 
 // Text of a drawing to UTF-8: \U+XXXX and ^ forms resolved.

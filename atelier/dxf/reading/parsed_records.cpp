@@ -12,7 +12,7 @@ Record ParsedRecords::read(std::uint64_t offset, std::uint32_t length) const {
     record.groups.reserve(length / 12);
     while (scanner.next(raw)) record.groups.push_back(decode(raw, layout_->style.encoding, layout_->style.codePage));
   } catch (const FormatError&) {
-    // The pass over the whole file has reported it.
+    // The first pass over the file has reported it.
   }
   return record;
 }

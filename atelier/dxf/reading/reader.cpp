@@ -1,5 +1,5 @@
-// The pass over a drawing file.
-// A record runs from one group 0 to the next; of each only type, handle, owner, name and space are looked at here.
+// The first pass over a drawing file.
+// A record runs from one group 0 to the next; only its type, handle, owner, name and space are read here.
 #include "atelier/dxf/reading/reader.h"
 
 #include <algorithm>
@@ -34,7 +34,7 @@ class Reader {
     while (pass_.more() && !pass_.isRecord("EOF")) section();
     layout_.fileEnd = pass_.place();
     if (!pass_.more()) {
-      faults_.report(layout_.fileEnd, "fichier coupe: \"0 EOF\" manque");
+      faults_.report(layout_.fileEnd, "fichier coupé: \"0 EOF\" manque");
       faults_.putIn(layout_.fileEnd, {Group::text(0, "EOF")});
     }
     if (!anySection_) faults_.stop(0, "aucune section lisible");
@@ -45,7 +45,7 @@ class Reader {
  private:
   using Take = void (Reader::*)(const RecordHead&);
 
-  // A file that doesn't begin like a drawing is one only if a section follows further on.
+  // A file that doesn't begin with a section is recovered only if a section follows later.
   void firstSection() {
     const std::size_t begin = firstGroup(layout_.bytes, layout_.style.encoding);
     const std::string reason = "ce n'est pas un dessin DXF: \"0 SECTION\" attendu";
@@ -76,7 +76,7 @@ class Reader {
   void section() {
     const std::size_t begin = pass_.group().begin;
     if (!pass_.isRecord("SECTION")) {
-      faults_.report(begin, "\"0 SECTION\" attendu, trouve \"" + std::string(pass_.group().value) + "\"");
+      faults_.report(begin, "\"0 SECTION\" attendu, trouvé \"" + std::string(pass_.group().value) + "\"");
       while (pass_.more() && !pass_.isRecord("SECTION") && !pass_.isRecord("EOF")) pass_.step();
       faults_.leaveOut(begin, pass_.place());
       return;
@@ -108,7 +108,7 @@ class Reader {
     }
   }
 
-  // A section also ends where its end mark was forgotten.
+  // A section also ends where its end mark is missing.
   bool sectionEnds() const {
     return !pass_.more() || pass_.isRecord("ENDSEC") || pass_.isRecord("SECTION") || pass_.isRecord("EOF");
   }
@@ -120,7 +120,7 @@ class Reader {
     if (name == "ACDSDATA") layout_.solids = {begin, end};
     if (kind != Section::other && !layout_.place(kind)) layout_.sections[static_cast<std::size_t>(kind)] = {begin, end};
     if (!pass_.isRecord("ENDSEC") || !pass_.more()) {
-      faults_.report(end, std::string(pass_.more() ? "" : "fichier coupe: ") + "\"0 ENDSEC\" de la section " +
+      faults_.report(end, std::string(pass_.more() ? "" : "fichier coupé: ") + "\"0 ENDSEC\" de la section " +
                               std::string(name) + " manque");
       faults_.putIn(end, {Group::text(0, "ENDSEC")});
       return;
@@ -164,15 +164,15 @@ class Reader {
     return made;
   }
 
-  // Entities that are incomplete would be drawn wrong: they are left out.
+  // Incomplete entities are left out, since they would be drawn wrong.
   void records(Take take, bool entities) {
     pass_.skipComments();
     while (!sectionEnds()) {
       if (pass_.group().code != 0)
-        faults_.stop(pass_.group().begin, "groupe 0 attendu, trouve le groupe " + std::to_string(pass_.group().code));
+        faults_.stop(pass_.group().begin, "groupe 0 attendu, trouvé le groupe " + std::to_string(pass_.group().code));
       const RecordHead h = pass_.head();
       if (h.damaged && entities && h.type != "BLOCK" && h.type != "ENDBLK")
-        refuse(h, "entite " + std::string(h.type) + " incomplete");
+        refuse(h, "entité " + std::string(h.type) + " incomplète");
       else (this->*take)(h);
     }
     parent_ = nullptr;
@@ -181,7 +181,7 @@ class Reader {
   }
 
   void refuse(const RecordHead& h, const std::string& message) {
-    faults_.report(h.begin, message + (faults_.recovering() ? ": laissee de cote" : ""));
+    faults_.report(h.begin, message + (faults_.recovering() ? ": laissée de côté" : ""));
     faults_.leaveOut(h.begin, h.end);
   }
 
@@ -200,7 +200,7 @@ class Reader {
       table_->children->push_back(&stub(h, table_));
       structure_.noteTableRecord(h.type, h.name);
     } else {
-      refuse(h, "definition " + std::string(h.type) + " hors d'une table");
+      refuse(h, "définition " + std::string(h.type) + " hors d'une table");
     }
   }
 
@@ -218,7 +218,7 @@ class Reader {
     } else if (block_ && h.type != "ENDBLK") {
       entity(h, *block_);
     } else {
-      refuse(h, "entite " + std::string(h.type) + " hors d'un bloc");
+      refuse(h, "entité " + std::string(h.type) + " hors d'un bloc");
     }
   }
 
@@ -258,7 +258,7 @@ class Reader {
   bool anySection_ = false;
   AcDbStub* table_ = nullptr;
   AcDbStub* block_ = nullptr;
-  AcDbStub* parent_ = nullptr;  // the insert or polyline whose followers come next
+  AcDbStub* parent_ = nullptr;  // the insert or polyline whose attributes or vertices follow
 };
 
 }  // namespace

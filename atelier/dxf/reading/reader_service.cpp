@@ -1,6 +1,5 @@
 // The dxf room as the database's reader, and the drawing that new ones start from.
 // The text of that drawing is built in from new_drawing.dxf.
-#include "atelier/dxf/reading/new_drawing.h"
 #include "atelier/dxf/reading/reader.h"
 
 namespace atelier::dxf {

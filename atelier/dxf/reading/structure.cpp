@@ -1,5 +1,5 @@
 // Blocks, spaces and owners of a file being read.
-// Drawings up to R12 have no block records and no objects: stand-ins that are never written take their place.
+// Drawings up to R12 have no block records and no objects: stand-ins are made for them, which are not written.
 #include "atelier/dxf/reading/structure.h"
 
 #include "hote/dbsymtb.h"
@@ -11,7 +11,7 @@ void giveChildren(AcDbStub& block) {
   if (!block.children) block.children = std::make_unique<std::vector<AcDbStub*>>();
 }
 
-// An object that stands in for a record the file doesn't have.
+// Makes the stand-in for a record that the file doesn't have.
 AcDbStub& standIn(AcDbImpDatabase& db, AcDbObject* object, std::string_view type, AcDbStub* owner) {
   AcDbStub& stub = db.addStub(0, type, owner);
   stub.set(AcDbStub::kVirtual);
@@ -20,7 +20,7 @@ AcDbStub& standIn(AcDbImpDatabase& db, AcDbObject* object, std::string_view type
   return stub;
 }
 
-// Tables that must be there, and the records that every drawing can count on.
+// Tables that must exist, and the records that every drawing has.
 struct DefaultRecord {
   std::string_view table, tableClass, name;
 };
@@ -43,7 +43,7 @@ void Structure::noteTableRecord(std::string_view type, std::string_view name) {
     if (kDefaults[i].table == type && equalNoCase(kDefaults[i].name, name)) defaultsSeen_ |= 1u << i;
 }
 
-// What the file lacks is stood in for; it is written only when something in it changes.
+// Makes stand-ins for what the file lacks; one is written only when something in it changes.
 void Structure::completeTables() {
   for (std::size_t i = 0; i < std::size(kDefaults); ++i) {
     const DefaultRecord& row = kDefaults[i];
@@ -120,7 +120,7 @@ AcDbStub& Structure::space(const std::string& name, AcDbStub*& kept) {
 }
 
 AcDbStub& Structure::spaceOf(std::uint64_t owner, bool paperSpace) {
-  // Neighbours mostly share their owner.
+  // Neighbours mostly have the same owner.
   if (owner != 0 && owner == lastOwner_) return *lastSpace_;
   if (owner != 0) {
     AcDbStub* block = db_.stubOf(owner);

@@ -1,5 +1,5 @@
 // How the records of a file belong together: blocks and their records, spaces, owners, missing handles.
-// Inner header of the room; the reader drives it.
+// Inner header of the room; the reader calls it.
 #pragma once
 #include "atelier/dxf/groups/file_layout.h"
 
@@ -9,7 +9,7 @@ class Structure {
  public:
   Structure(AcDbImpDatabase& database, FileLayout& layout) : db_(database), layout_(layout) {}
 
-  // The block record that a BLOCK belongs to, by owner handle, else by name; made up when the file has none (R12).
+  // The block record that a BLOCK belongs to, by owner handle, else by name; made when the file has none (R12).
   AcDbStub& openBlock(AcDbStub& begin, std::uint64_t owner, const std::string& name);
   void closeBlock(AcDbStub& block, AcDbStub* end);  // null: ENDBLK is missing
   // The block of an entity of the ENTITIES section.
@@ -19,7 +19,7 @@ class Structure {
   void noteTableRecord(std::string_view type, std::string_view name);
   // The root is the first dictionary that nobody owns, else the first one.
   void noteDictionary(AcDbStub& stub, std::uint64_t owner);
-  // What can only be settled when everything was seen.
+  // Does what needs the whole file.
   void finish();
 
  private:

@@ -1,5 +1,5 @@
-// Writing a whole drawing in a given version.
-// What the version doesn't know is taken for erased while the drawing is written, so that lists leave it out too.
+// Writes a whole drawing in a given version.
+// Objects that the version doesn't know count as erased while the drawing is written, so that lists omit them, too.
 #include "atelier/dxf/versions/export.h"
 
 #include <map>
@@ -107,7 +107,7 @@ class Exporter {
     for (AcDbStub* stub : hidden_) stub->set(AcDbStub::kErased);
   }
 
-  // Values keep their spelling; texts only where the bytes mean the same in the target.
+  // Values keep their spelling; texts only when their bytes mean the same in the target.
   void put(Group group) {
     const bool number = kindOfCode(group.code()) != GroupKind::text && kindOfCode(group.code()) != GroupKind::binary;
     if (!sameText_ &&
@@ -146,7 +146,7 @@ class Exporter {
   void carried(std::string_view name, const FileLayout::Place& place) {
     Scanner scanner(source_.bytes, source_.style.encoding, place.begin, place.end);
     bool inside = false, counted = true;
-    // The count stands before the two flags: a class that has none gets it at its end, where readers accept it too.
+    // The count comes before the two flags; a class without a count gets it at its end, where readers accept it, too.
     const auto endClass = [&] {
       if (!counted && target_.atLeast("AC1018")) put(Group::integer(91, 0));
     };
@@ -166,7 +166,7 @@ class Exporter {
     endClass();
   }
 
-  // Past what is damaged: reading has reported it.
+  // Skips damaged groups: reading has reported them.
   static bool nextWhole(Scanner& scanner, RawGroup& raw) {
     for (;;) {
       try {
@@ -231,7 +231,7 @@ class Exporter {
       const int code = group.code();
       if (code == 102) braces = group.text().starts_with('{');
       if (isR12() && (braces || code == 102)) return;
-      // Embedded objects (101) are of R2018; they run to the extended data.
+      // Embedded objects (101) exist since R2018; they end at the extended data.
       embedded = (embedded || code == 101) && code < 1000;
       if (embedded && older_) return;
       if (code != 999 && (!older_ || braces || code == 102 || knowsGroup(target_.version, type, section, code)))

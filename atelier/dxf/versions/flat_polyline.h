@@ -1,4 +1,4 @@
-// A polyline whose vertices are groups, as the POLYLINE with VERTEX records that R12 knows.
+// A lightweight polyline as the POLYLINE with VERTEX records that R12 knows.
 #pragma once
 #include <vector>
 

@@ -1,5 +1,5 @@
 // VIEWPORT to the extended data of R12 and back.
-// One table says what stands there in which order, and in which group or bits of the flags it stands since.
+// One table gives the order of the values there, and the group or the bits of the flags of each in later versions.
 #include "atelier/dxf/versions/flat_viewport.h"
 
 #include <algorithm>
@@ -59,7 +59,7 @@ struct View {
   Record values = Record({Group::text(0, "VIEWPORT")});
 };
 
-// Reads the values behind MVIEW, as many as there are.
+// Reads the values after MVIEW, as many as there are.
 View viewOf(Groups::const_iterator at, Groups::const_iterator end) {
   View view;
   Groups& out = view.values.groups;

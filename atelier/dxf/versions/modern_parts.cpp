@@ -1,5 +1,5 @@
-// Marks by type, with the codes of those parts that don't take the rest.
-// Polylines, vertices and dimensions go by their flags.
+// Subclass marks by type, with the codes of each part except the one that gets all other groups.
+// Those of polylines, vertices and dimensions depend on their flags.
 #include "atelier/dxf/versions/modern_parts.h"
 
 #include <algorithm>

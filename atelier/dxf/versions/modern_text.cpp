@@ -1,6 +1,6 @@
-// Writing what R12 has into the frame of a new drawing.
-// The frame's handles are moved above those of the drawing. Records that both have take the drawing's values and the
-// frame's handle, since the frame's objects point at it.
+// Writes an R12 drawing into the frame of a new drawing.
+// The frame's handles are moved above those of the drawing. A record that both have gets the drawing's values and the
+// frame's handle, since objects of the frame point to it.
 #include "atelier/dxf/versions/modern_text.h"
 
 #include <algorithm>
@@ -9,7 +9,7 @@
 #include "atelier/base/interruption.h"
 #include "atelier/dxf/groups/file_layout.h"
 #include "atelier/dxf/groups/scanner.h"
-#include "atelier/dxf/reading/new_drawing.h"
+#include "atelier/dxf/reading/reader.h"
 #include "atelier/dxf/versions/flat_viewport.h"
 #include "atelier/dxf/versions/modern_parts.h"
 
@@ -34,7 +34,7 @@ class Writer {
           Groups(frame_.begin() + static_cast<std::ptrdiff_t>(i), frame_.begin() + static_cast<std::ptrdiff_t>(end)));
       i = end;
     }
-    // The seed stands in the header and is known at the end.
+    // The seed is part of the header, but known only at the end.
     const std::string mark = "$HANDSEED";
     const std::size_t at = out_.find('\n', out_.find('\n', out_.find(mark)) + 1) + 1;
     out_.replace(at, out_.find('\n', at) - at, handleText(next_));
@@ -57,7 +57,7 @@ class Writer {
       }
       frame_.push_back(std::move(group));
     }
-    // The two spaces by the owners of what they hold.
+    // Finds the two spaces as the owners of their contents.
     for (std::size_t i = 0; i + 1 < frame_.size(); ++i)
       if (frame_[i].code() == 0 && frame_[i].text() == "BLOCK_RECORD") noteSpace(i);
   }
@@ -71,7 +71,7 @@ class Writer {
     }
   }
 
-  // Written from its value: the spelling is that of another file.
+  // Written from its value, because its spelling may belong to another form of file.
   void put(Group group) {
     group.from({});
     append(out_, group, style_);
@@ -90,7 +90,7 @@ class Writer {
     return 0;
   }
 
-  // One record of the frame, with what of the drawing belongs before it or in its place.
+  // One record of the frame, with the drawing's records that belong before it or replace it.
   void frameRecord(Groups record) {
     const std::string type = record.front().text();
     if (type == "SECTION") section_ = textOf(record, 2);
@@ -159,7 +159,7 @@ class Writer {
     put(Group::text(100, "AcDbSymbolTableRecord"));
     put(Group::text(100, std::string(recordMark(table_))));
     for (const Group& group : old) {
-      // Dimension styles named their arrow blocks by 5, 6 and 7, which point at block records since.
+      // In R12, 5, 6 and 7 of a dimension style name its arrow blocks; later versions have pointers to block records.
       const bool arrow = table_ == "DIMSTYLE" && group.code() >= 5 && group.code() <= 7;
       if (group.code() == 0 || group.code() == 5 || group.code() == 105 || arrow || group.code() >= 1000) continue;
       put(group);
@@ -169,7 +169,7 @@ class Writer {
     extendedData(old);
   }
 
-  // What was made since the drawing was opened has its marks already.
+  // A record made since the drawing was opened has its marks already.
   static bool isModern(const Groups& groups) {
     return std::any_of(groups.begin(), groups.end(), [](const Group& g) { return g.code() == 100; });
   }
@@ -230,7 +230,7 @@ class Writer {
     }
   }
 
-  // The handle under which it was written; 0 when it wasn't.
+  // Gives the handle under which it was written; 0 when it wasn't.
   std::uint64_t entity(AcDbStub& stub, std::uint64_t owner) {
     checkInterruption();
     if (stub.is(AcDbStub::kErased)) return 0;
@@ -293,7 +293,7 @@ class Writer {
   std::uint64_t head_ = 0, modelSpace_ = 0, paperSpace_ = 0;
   std::vector<AcDbStub*> pending_;
   std::map<const AcDbStub*, std::uint64_t> blockHandles_;
-  std::map<std::string, std::uint64_t> layers_;  // as they are written, by upper-case name
+  std::map<std::string, std::uint64_t> layers_;  // handles as written, by upper-case name
   std::map<std::string, int> lost_;
 };
 

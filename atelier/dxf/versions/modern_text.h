@@ -1,5 +1,5 @@
-// A drawing of R12 as the text of a later one: marks, owners, block records, layouts and dictionaries come from the drawing
-// that new ones start from.
+// An R12 drawing as the text of a later version. Marks are added; owners, block records, layouts and dictionaries come
+// from the drawing that new ones start from.
 #pragma once
 #include <string>
 #include <vector>
@@ -10,10 +10,10 @@ namespace atelier::dxf {
 
 struct ModernText {
   std::string text;               // R2018, UTF-8
-  std::vector<std::string> lost;  // what has no counterpart, a French line for each kind
+  std::vector<std::string> lost;  // records without a counterpart, a French line for each kind
 };
 
-// Entities keep their handles. The database stays as it is.
+// Entities keep their handles. The database is unchanged.
 ModernText modernText(AcDbDatabase& database);
 
 }  // namespace atelier::dxf

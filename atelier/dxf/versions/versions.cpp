@@ -1,5 +1,5 @@
 // The table of versions.
-// A row says since when; what has no row is known to all versions from R2000 on.
+// A row gives the first version that knows something; all versions from R2000 on know what has no row.
 #include "atelier/dxf/versions/versions.h"
 
 #include <algorithm>

@@ -5,14 +5,14 @@
 
 namespace atelier::dxf {
 
-// "AC1032" for "R2018"; empty for a name that no version has. R12, R2000, R2004, R2007, R2010, R2013, R2018.
+// "AC1032" for "R2018"; empty for an unknown name. Known: R12, R2000, R2004, R2007, R2010, R2013, R2018.
 std::string_view acadVersion(std::string_view release);
-// The other way round; for a version in between the next release that there is.
+// "R2018" for "AC1032"; for a version between two releases the later one.
 std::string_view releaseNamed(std::string_view version);
 
-// Whether the version knows records of that type. Types that the table doesn't have are taken for known.
+// Whether the version knows records of that type. Types that the table doesn't have count as known.
 bool knowsType(std::string_view version, std::string_view type);
-// Whether it knows that group of such a record; section: the subclass mark that it stands behind.
+// Whether the version knows that group of such a record; section: the subclass mark before the group.
 bool knowsGroup(std::string_view version, std::string_view type, std::string_view section, int code);
 bool knowsVariable(std::string_view version, std::string_view name);
 

@@ -1,5 +1,5 @@
 // Records and sections as text.
-// Objects keep their marks in a drawing of R12 too: they are of no use to that version, but they come back whole.
+// Objects keep their marks even in an R12 drawing: that version doesn't use them, but so nothing is lost on reading.
 #include "atelier/dxf/writing/record_text.h"
 
 #include "atelier/dxf/writing/references.h"
@@ -14,7 +14,7 @@ bool isObject(const AcDbStub& stub) {
 }
 
 // Number of groups at `at` that list an erased object: a member of a group, an entry of a dictionary, a reactor, or an
-// extension dictionary with its braces. What is in memory stays, so that the erasing can still be undone.
+// extension dictionary with its braces. The record in memory keeps them, so that the erasing can be undone.
 std::size_t erasedEntry(const Record& record, std::size_t at, const AcDbImpDatabase& db, bool braces) {
   const auto& groups = record.groups;
   const auto erased = [&](std::size_t i) { return i < groups.size() && leadsToErased(db, groups[i]); };
@@ -35,7 +35,7 @@ void appendRecord(std::string& out, AcDbStub& stub, const FileLayout& layout) {
 void visitGroups(AcDbStub& stub, const FileLayout& layout,
                  const std::function<void(const Group&, std::string_view section)>& visit) {
   Record& record = AcDbImpObject::of(&stub.database->object(stub)).settled();
-  const std::string type(record.type());  // a copy: giving the handle may move the groups
+  const std::string type(record.type());  // a copy, since giving a handle may move the groups in memory
   const bool ends = type == "ENDTAB" || type == "ENDSEC";
   if (writesHandle(stub) && record.objectHandle() == 0 && stub.handle != 0 && !ends)
     record.setObjectHandle(stub.handle);

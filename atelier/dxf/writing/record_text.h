@@ -1,5 +1,5 @@
-// A record as the text that stands for it in a file of a given version.
-// Inner header of the room; the writer and the exporter share it.
+// A record as text of a file of a given version.
+// Used by the writer and the exporter.
 #pragma once
 #include <functional>
 
@@ -9,7 +9,7 @@ namespace atelier::dxf {
 
 // Appends the record of the object. Before R13 entities and definitions have no subclass marks and no owners.
 void appendRecord(std::string& out, AcDbStub& stub, const FileLayout& layout);
-// Hands over the groups that such a record has, in order; section: the subclass mark that each stands behind.
+// Calls with the groups of such a record, in order; section: the subclass mark before the group.
 void visitGroups(AcDbStub& stub, const FileLayout& layout,
                  const std::function<void(const Group&, std::string_view section)>& visit);
 // Appends "0 SECTION", the name, the contents and "0 ENDSEC".

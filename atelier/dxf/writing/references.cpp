@@ -1,5 +1,5 @@
-// Handles on demand.
-// A handle that a caller has asked for may be stored anywhere, so it counts as referred to.
+// Finds the objects whose handles must be written.
+// A handle that an application has asked for may be stored anywhere, so it counts as referred to.
 #include "atelier/dxf/writing/references.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
 // Atomic replacement of a file, POSIX.
-// A limit on file sizes arrives as a signal that would end the program: it is held off while writing.
+// The signal of a limit on file sizes would end the program: it is blocked while writing.
 #include "atelier/dxf/writing/replaced_file.h"
 
 #include <fcntl.h>
@@ -8,7 +8,6 @@
 
 #include <cerrno>
 #include <csignal>
-#include <cstring>
 #include <filesystem>
 #include <utility>
 
@@ -38,7 +37,7 @@ std::string resolved(const std::string& path) {
   return error ? path : real.string();
 }
 
-// The link to the old file is made under another name first, so that there is a backup at every moment.
+// The link to the old file is first made under another name, so that there is a backup at every moment.
 int backUp(const std::string& target) {
   fs::path backup(target);
   backup.replace_extension(".bak");
@@ -95,7 +94,7 @@ void ReplacedFile::put(std::string_view bytes) {
     bytes.remove_prefix(static_cast<std::size_t>(count));
     written_ += static_cast<std::size_t>(count);
 #ifdef __linux__
-    // The disk begins its work while the rest is still being prepared.
+    // The system begins to write to the disk while the rest is being prepared.
     if (written_ - pushed_ >= 4 * kBlock) {
       sync_file_range(file_, static_cast<off_t>(pushed_), static_cast<off_t>(written_ - pushed_),
                       SYNC_FILE_RANGE_WRITE);
@@ -117,7 +116,7 @@ void ReplacedFile::keep() {
 
 void ReplacedFile::fail(const std::string& what, int error) const {
   if (!kept_) unlink(path_.c_str());
-  throw FileError(name_, 0, what + ": " + std::strerror(error) + "; le fichier sur le disque reste tel qu'il était");
+  throw FileError(name_, 0, what + ": " + systemReason(error) + "; le fichier sur le disque reste tel qu'il était");
 }
 
 }  // namespace atelier::dxf

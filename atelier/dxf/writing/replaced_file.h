@@ -1,5 +1,5 @@
-// A file written beside its target and put in its place when it is whole.
-// What stood there becomes .bak when that is asked for; until then, and after any failure, it stays as it was.
+// A file that is written beside its target and replaces it when it is complete.
+// The old file becomes .bak if asked for; until then, and after any failure, it is unchanged.
 #pragma once
 #include <string>
 #include <string_view>
@@ -14,7 +14,7 @@ class ReplacedFile {
   ReplacedFile(const ReplacedFile&) = delete;
   ReplacedFile& operator=(const ReplacedFile&) = delete;
   void write(std::string_view bytes);
-  // Flushes to the disk and puts the file in the target's place.
+  // Flushes to the disk and replaces the target.
   void keep();
 
  private:

@@ -20,7 +20,7 @@ void refuseDamaged(AcDbDatabase& database, const std::string& path) {
   const AcDbImpDatabase& db = AcDbImpDatabase::of(&database);
   if (!db.recoveredFrom.empty() && !db.mayOverwriteDamaged && isSameFile(db.recoveredFrom, path))
     throw FileError(path, 0,
-                    "ce fichier est endommage et n'a ete lu qu'en partie: enregistrez le dessin sous un autre nom");
+                    "ce fichier est endommagé et n'a été lu qu'en partie: enregistrez le dessin sous un autre nom");
 }
 
 void saveCopy(AcDbDatabase& database, const std::string& path) {

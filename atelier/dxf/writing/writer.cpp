@@ -1,5 +1,5 @@
-// Splicing changes into the bytes of the file.
-// A change is an edit: skip so many bytes at an offset and put a text there.
+// Puts changes into the bytes of the file.
+// An edit leaves out so many bytes at an offset and inserts a text there.
 #include "atelier/dxf/writing/writer.h"
 
 #include <algorithm>
@@ -30,7 +30,7 @@ class Writer {
     newRecords();
     missingSections();
     for (const Repair& repair : layout_.repairs) edits_.push_back({repair.offset, repair.skip, textOf(repair.groups)});
-    // At one place insertions come before the record that stands there.
+    // An insertion comes before a change of the record at the same place.
     std::stable_sort(edits_.begin(), edits_.end(), [](const Edit& a, const Edit& b) {
       return a.offset != b.offset ? a.offset < b.offset : (a.skip == 0) > (b.skip == 0);
     });
@@ -64,9 +64,9 @@ class Writer {
   }
 
   void headerEdits() {
-    // A drawing without handles keeps doing without, unless one is written.
+    // A drawing without handles gets no seed unless a handle is written.
     const bool handles = anyHandleWritten();
-    // Without a header readers take the highest handle in use.
+    // Without a header readers use the highest handle.
     const bool seed = layout_.place(Section::header) && (handles || layout_.hasHandles || layout_.atLeast(kR13));
     if (db_.modified && seed) db_.header.set("$HANDSEED", Group::handle(5, db_.handleSeed()));
     if (handles && db_.header.has("$HANDLING")) db_.header.set("$HANDLING", Group::integer(70, 1));
@@ -107,7 +107,7 @@ class Writer {
     insert(Section::objects, objects);
   }
 
-  // A table that the file doesn't have is written whole.
+  // A table that the file doesn't have is written completely.
   void newInTable(const AcDbStub& head) {
     std::string text;
     const auto end = layout_.tableEnd.find(&head);
@@ -136,7 +136,7 @@ class Writer {
     else insert(Section::entities, text);
   }
 
-  // Followers added to an entity of the file go behind the last one before them that the file has.
+  // Attributes or vertices added to an entity of the file are placed after the last one before them in the file.
   void newFollowers(const AcDbStub& parent) {
     std::size_t place = parent.offset + parent.length;
     for (const AcDbStub* child : *parent.children) {
@@ -164,7 +164,7 @@ class Writer {
     else missing_[static_cast<std::size_t>(section)] += text;
   }
 
-  // A section that the file lacks goes before the first one that follows it in the order of sections.
+  // A missing section is inserted before the first existing one that comes later in the order of sections.
   void missingSections() {
     for (std::size_t i = 0; i < missing_.size(); ++i) {
       if (missing_[i].empty()) continue;

@@ -1,5 +1,5 @@
-// Writing a drawing: the file it was read from, with what changed put in its place.
-// Saving is atomic: a temporary file beside the target, flushed, then renamed; what stood there becomes .bak.
+// Writes a drawing: the bytes of its file, with the changes put in.
+// Saving is atomic: a temporary file beside the target, flushed, then renamed; the old file becomes .bak.
 #pragma once
 #include <functional>
 #include <string>
@@ -11,14 +11,14 @@ namespace atelier::dxf {
 
 using Sink = std::function<void(std::string_view)>;
 
-// Hands the bytes of the whole file, in order, to the sink.
+// Gives the bytes of the whole file, in order, to the sink.
 void write(AcDbDatabase& database, const Sink& sink);
 
-// Throws FileError with the reason; the file at the path is then as it was. A drawing that was opened by recovering is
-// refused under the name of the damaged file unless the database says that it may be overwritten.
+// Throws FileError with the reason; the file at the path is then unchanged. A drawing opened by recovering can't be
+// saved under the name of the damaged file, unless the database says that it may be overwritten.
 void save(AcDbDatabase& database, const std::string& path);
 
-// The same bytes under another name, while the drawing keeps its own and its changes count as not saved.
+// Writes the same bytes under another name; the drawing keeps its own name, and its changes count as not saved.
 void saveCopy(AcDbDatabase& database, const std::string& path);
 
 // Throws FileError when the path is that of the damaged file that the drawing was recovered from.

@@ -1,5 +1,5 @@
-// Checked access to the arguments of a built-in: each returns what was asked for or raises the reference's
-// "bad argument type" error.
+// Checked access to the arguments of a built-in function: each function gives the value asked for, or raises AutoLISP's
+// error "bad argument type".
 #pragma once
 
 #include <array>

@@ -1,5 +1,5 @@
-// The evaluator: calls of built-ins, user functions and lambda lists. Bindings are undone by whoever catches
-// an error, so nothing here needs a destructor and special forms call the evaluator in tail position.
+// The evaluator: calls of built-ins, user functions and lambda lists. The code that catches an error undoes the
+// bindings, so that nothing here needs a destructor and special forms can call the evaluator in tail position.
 #include "atelier/lisp/evaluator/interpreter.h"
 #include "atelier/lisp/evaluator/printer.h"
 #include "atelier/lisp/evaluator/root.h"
@@ -42,7 +42,7 @@ Value Interpreter::evalUser(Value form, Value function) {
   return result;
 }
 
-// External functions, lambda lists, computed heads and what is no function.
+// Forms that begin with an external function, a lambda list, a computed head, or something that isn't a function.
 Value Interpreter::evalOther(Value form) {
   const Value head = form.car();
   Value function = head.isSymbol() ? head.symbol()->value : head;
@@ -149,8 +149,8 @@ Value Interpreter::apply(Value function, Arguments arguments) {
   return result;
 }
 
-// (apply 'and list), (mapcar 'setq names values): the values become a form. Forms that name things take them
-// as they are, the others get them quoted.
+// (apply 'and list), (mapcar 'setq names values): the values become a form. Special forms whose arguments are names
+// get the values as they are, others get them quoted.
 Value Interpreter::applySpecial(Primitive* primitive, Arguments arguments) {
   const Value quote = symbol("QUOTE");
   ValueStack form(*this);

@@ -1,4 +1,4 @@
-// Errors: where they are raised, how they reach *error*, who stops them, and the border to C++.
+// Errors: raising and catching them, calling *error*, and passing them to C++.
 #include "atelier/lisp/evaluator/interpreter.h"
 #include "atelier/lisp/evaluator/machine_stack.h"
 #include "atelier/lisp/evaluator/printer.h"
@@ -57,8 +57,7 @@ std::vector<Value> Interpreter::callChain() const {
   return chain;
 }
 
-// Calls *error* in the place and with the variables of the error. What goes wrong in it is dropped: the first
-// error is the one to report.
+// Calls *error* with the variables as they are at the error. An error inside it is dropped: the first one is reported.
 void Interpreter::callErrorFunction(Error& error) {
   const Value function = errorFunction_.symbol()->value;
   if (inErrorFunction_ || !isFunction(function)) return;
@@ -115,7 +114,7 @@ Value Interpreter::applyCatching(Value function, Arguments arguments) {
   }
 }
 
-// Runs `run` on the machine stack; errors of other kinds (memory, the standard library) become Error here.
+// Runs `run` on the large stack; exceptions of other kinds (memory, the standard library) become Error.
 template <class Run>
 Value Interpreter::border(Run run) {
   const State before = state();

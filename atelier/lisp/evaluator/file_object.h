@@ -1,4 +1,4 @@
-// An open text file as programs see it: characters are UTF-8 inside, whatever the file's encoding.
+// An open text file of a program: its characters are UTF-8 in memory, whatever the file's encoding.
 #pragma once
 
 #include <fstream>
@@ -11,8 +11,8 @@ namespace atelier::lisp {
 
 class FileObject {
  public:
-  // Mode 'r', 'w' or 'a'. `utf8` asks for UTF-8 on writing, else Windows-1252; an appended file that is UTF-8
-  // already stays so. Null when the file cannot be opened.
+  // Mode 'r', 'w' or 'a'. With `utf8` UTF-8 is written, else Windows-1252; a file in UTF-8 is always appended to in UTF-8.
+  // Null when the file can't be opened.
   static std::shared_ptr<FileObject> open(const std::string& path, char mode, bool utf8);
 
   std::optional<std::string> readLine();         // without its end (LF or CR LF); Ctrl-Z ends the file
@@ -33,9 +33,9 @@ class FileObject {
 
 // The bytes of a file, nothing when it cannot be read.
 std::optional<std::string> readWholeFile(const std::string& path);
-// A path as the system wants it: programs write either slash.
+// The path with the system's separators: programs use either slash.
 std::string nativePath(std::string_view path);
-// The open file that an argument stands for; an error for anything else.
+// The open file of an argument; an AutoLISP error for any other value.
 FileObject& fileArgument(Interpreter& in, Value value, bool reading);
 
 }  // namespace atelier::lisp

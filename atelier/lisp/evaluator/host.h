@@ -1,4 +1,4 @@
-// What the interpreter asks of the program it runs in: a console, a search path, system variables.
+// What the interpreter needs from its program: a console, a search path, system variables.
 // Each has a default implementation, so that an interpreter without a host works.
 #pragma once
 
@@ -27,7 +27,7 @@ class StandardConsole : public Console {
   std::optional<std::string> readLine() override;
 };
 
-// Where `load` and `findfile` look. Names come as the program wrote them, with either slash.
+// Where `load` and `findfile` look. Names are given as programs write them, with either slash.
 class PathSearch {
  public:
   virtual ~PathSearch() = default;
@@ -42,8 +42,8 @@ class PathSearch {
   }
 };
 
-// An absolute name as it is, a relative one in the current folder, then in each folder of the list in order. Programs
-// are looked for in the folders first: a file that somebody put beside a drawing doesn't take the place of one of ours.
+// An absolute name is used as it is; a relative one is looked for in the current folder, then in each folder of the
+// list. Programs are looked for in the list first: a file beside a drawing must not replace one of ours.
 class FolderSearch : public PathSearch {
  public:
   std::vector<std::string> folders;
@@ -73,7 +73,7 @@ class DefaultVariables : public SystemVariables {
   std::optional<Setting> get(std::string_view name) const override;
 };
 
-// Pointers that are null stand for the defaults. What they point to must outlive the interpreter.
+// Null pointers stand for the defaults. The objects must outlive the interpreter.
 struct Host {
   Console* console = nullptr;
   PathSearch* search = nullptr;

@@ -16,7 +16,7 @@ namespace {
 constexpr std::ptrdiff_t kValues = std::ptrdiff_t{1} << 24;    // arguments and elements that are being gathered
 constexpr std::ptrdiff_t kBindings = std::ptrdiff_t{1} << 21;  // nested parameters and locals
 
-// Address space whose pages are taken as they are touched.
+// Reserves address space; the system gives memory for a page when it is first used.
 template <class Element>
 Element* reserve(std::ptrdiff_t count) {
   void* memory = mmap(nullptr, static_cast<std::size_t>(count) * sizeof(Element), PROT_READ | PROT_WRITE,
@@ -55,11 +55,11 @@ Interpreter::Interpreter(Host host)
   set("PI", Value::real(std::numbers::pi));
   symbols_.push_back({nil, ""});
   quiet_ = Value::pointing(&symbols_.back(), Value::kSymbol);
-  set("PAUSE", string("\\"));  // `command` asks the user where it meets it
+  set("PAUSE", string("\\"));  // at this value `command` asks the user
 }
 
 Interpreter::~Interpreter() {
-  // Roots that outlive the interpreter must not reach back into it.
+  // Roots that outlive the interpreter must not refer to it any more.
   for (RootLink* link = roots_.next; link != &roots_;) {
     RootLink* const next = link->next;
     link->previous = link->next = link;

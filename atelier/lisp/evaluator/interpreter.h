@@ -39,9 +39,8 @@ class Interpreter final : private RootSource {
   Interpreter& operator=(const Interpreter&) = delete;
   ~Interpreter();
 
-  // --- The C++ border. These run on the interpreter's own stack and throw Error, nothing else; by then
-  // *error* has been called and every binding is back. They may be called from a function that the
-  // interpreter called.
+  // --- Entry points for C++. They run on the interpreter's own stack and throw Error only; *error* has then been
+  // called and every binding is restored. Functions called by the interpreter may call them.
 
   // Evaluates every form of a UTF-8 text and returns the value of the last one, nil for an empty text.
   // `file` names the text in errors; empty when it comes from a command line.
@@ -57,7 +56,7 @@ class Interpreter final : private RootSource {
   // Makes a running program stop with the error "Function cancelled". Safe from any thread and from signal
   // handlers.
   void interrupt() noexcept { attention_.fetch_or(kInterrupt, std::memory_order_relaxed); }
-  // Forgets an interrupt that came while nothing ran.
+  // Forgets an interrupt that came while no program ran.
   void clearInterrupt() noexcept { attention_.fetch_and(~kInterrupt, std::memory_order_relaxed); }
   // Makes a running program call the hook soon, between two steps of it. Safe from any thread.
   void requestPoll() noexcept { attention_.fetch_or(kPoll, std::memory_order_relaxed); }
@@ -68,7 +67,7 @@ class Interpreter final : private RootSource {
   Value symbol(std::string_view name);
   Value get(std::string_view name);
   void set(std::string_view name,
-           Value value);  // nil, the one name that is no symbol, is refused by an error
+           Value value);  // an AutoLISP error for nil, the one name that isn't a symbol
   // The symbols that have a value, upper case, unsorted (for completion and atoms-family).
   std::vector<std::string> boundNames() const;
 
@@ -98,7 +97,7 @@ class Interpreter final : private RootSource {
   bool removeExternal(std::string_view name, const void* context);
   // Called after each external call, whether it returned or threw, with the function's name.
   void onExternalCall(std::function<void(const std::string& name)> hook) { afterExternal_ = std::move(hook); }
-  // Called by vl-propagate with the name of the symbol that the other open documents are to have too.
+  // Called by vl-propagate with the name of a symbol whose value is to be copied to the other open documents.
   void onPropagate(std::function<void(const std::string& name)> hook) { propagate_ = std::move(hook); }
   void propagate(const std::string& name) {
     if (propagate_) propagate_(name);
@@ -109,8 +108,8 @@ class Interpreter final : private RootSource {
 
   // --- For functions that the interpreter calls.
 
-  // Raises an AutoLISP error: calls *error* here, with the variables as they are, unless a
-  // vl-catch-all-apply waits further out; then throws.
+  // Raises an AutoLISP error: calls *error* with the variables as they are, unless a vl-catch-all-apply will catch the
+  // error; then throws.
   [[noreturn]] void fail(const std::string& message, Error::Kind kind = Error::Kind::Failure);
   [[noreturn]] void fail(Error error);
   // "bad argument type: " and the expected predicate as the reference prints it, e.g. "numberp:" or
@@ -126,7 +125,7 @@ class Interpreter final : private RootSource {
   Value apply(Value function, Arguments arguments);
   // Whether `apply` would find a function in this value.
   static bool isFunction(Value value);
-  // To be called in loops that may be long.
+  // Must be called in loops that may run long: lets the user interrupt.
   void poll() {
     if (attention_.load(std::memory_order_relaxed)) [[unlikely]]
       attend();
@@ -152,7 +151,7 @@ class Interpreter final : private RootSource {
   Value applyCatching(Value function, Arguments arguments);
   // The running calls, innermost first.
   std::vector<Value> callChain() const;
-  // Loads with forms evaluated one after the other; not a border (see loadFile).
+  // Loads a file, form by form, for functions that the interpreter calls; C++ uses loadFile.
   Value load(const std::string& path);
   Value read(std::string_view text);  // the first form of a text, nil when there is none
 
@@ -217,7 +216,7 @@ class Interpreter final : private RootSource {
   bool isStopping() const override { return interrupted(); }
   Value lambdaOf(Value function) const;
 
-  // What every call touches.
+  // Members that every call uses.
   Value* top_ = nullptr;
   Value* stackEnd_ = nullptr;
   Binding* bindings_ = nullptr;

@@ -19,8 +19,8 @@
 namespace atelier::lisp {
 namespace {
 
-// Address space; pages are taken as they are touched. Room for some hundred thousand nested calls; not more,
-// because an error or an interrupt has to unwind them all.
+// Address space; memory is used only as far as the stack grows. It has room for some hundred thousand nested calls, not
+// more, because an error or an interrupt has to unwind them all.
 constexpr std::size_t kSize = std::size_t{40} << 20;
 constexpr std::size_t kGuard = std::size_t{64} << 10;
 

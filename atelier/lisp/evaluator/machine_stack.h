@@ -1,4 +1,4 @@
-// The large stack that programs run on, so that deep recursion has room and its end is known.
+// The large stack on which programs run, so that deep recursion has room and an overflow can be detected.
 #pragma once
 
 #include <cstddef>
@@ -22,11 +22,11 @@ class MachineStack {
   // Calls `work` on the large stack, or in place when it is already on it. Exceptions come through.
   void run(const std::function<void()>& work);
   bool running() const { return running_; }
-  // Of the stack that run was called from: the part in use and its end.
+  // Bounds of the stack from which run() was called, as far as it is in use.
   StackBounds outer() const { return outer_; }
-  // Of the stack that this code runs on.
+  // Bounds of the stack on which this code runs.
   static StackBounds current();
-  // What programs must leave free for the functions they call, and for *error* after an overflow.
+  // The part that programs must leave free for the functions they call, and for *error* after an overflow.
   static constexpr std::size_t kReserve = std::size_t{1} << 20;
 
  private:

@@ -1,4 +1,4 @@
-// prin1 and princ, without recursion on the elements' depth beyond an explicit stack.
+// prin1 and princ. Nested lists are kept on an explicit stack, without recursion.
 #include "atelier/lisp/evaluator/printer.h"
 
 #include <charconv>
@@ -62,7 +62,7 @@ void printAtom(std::string& out, Value value, bool quoting) {
   }
 }
 
-// Until the end or the first place where `goesOn`, which is told what is there, returns false.
+// Prints until the end, or until `goesOn`, called with the text so far, returns false.
 template <class GoesOn>
 std::string print(Value value, bool quoting, GoesOn goesOn) {
   std::string out;

@@ -13,12 +13,12 @@ class Interpreter;
 std::string prin1(Value value);
 // Strings as they are.
 std::string princ(Value value);
-// The same; an interrupt breaks them off.
+// The same; an interrupt stops them.
 std::string prin1(Interpreter& in, Value value);
 std::string princ(Interpreter& in, Value value);
-// So many bytes of what prin1 gives at most, "..." behind them when there is more.
+// At most so many bytes of what prin1 gives, followed by "..." when there is more.
 std::string prin1Beginning(Value value, std::size_t most);
-// A real as the two print it: "1.0", "0.333333", "1.0e+08".
+// A real as prin1 and princ print it: "1.0", "0.333333", "1.0e+08".
 std::string printReal(double number);
 
 }  // namespace atelier::lisp

@@ -1,5 +1,5 @@
-// The reader. Lists are put together where they belong as they are read, so that nesting takes neither machine stack
-// nor time to be taken down when the reading breaks off.
+// The reader. Each list is built in its final place while it is read, so that deep nesting needs no machine stack, and
+// no work when reading stops at an error.
 #include "atelier/lisp/evaluator/reader.h"
 
 #include <charconv>
@@ -12,14 +12,14 @@
 namespace atelier::lisp {
 namespace {
 
-constexpr std::size_t kDeepest = 500'000;  // lists in lists: what is nested deeper could not be evaluated either
+constexpr std::size_t kDeepest = 500'000;  // lists in lists; deeper nesting could not be evaluated
 constexpr char kEndOfFile = '\x1a';        // Ctrl-Z, with which old editors end a file
 
 bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r') || c == kEndOfFile || c == '\0'; }
 bool isDelimiter(char c) { return isBlank(c) || c == '(' || c == ')' || c == '\'' || c == '"' || c == ';'; }
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-// Digits, at most one dot, an exponent: what from_chars must not guess at ("inf", "nan", "1e").
+// Digits, at most one dot, an exponent. Checked first, because from_chars would also accept "inf" and "nan".
 bool looksLikeNumber(std::string_view token) {
   std::size_t i = !token.empty() && (token[0] == '+' || token[0] == '-') ? 1 : 0;
   std::size_t count = 0;
@@ -108,7 +108,7 @@ std::optional<Value> Reader::next() {
 }
 
 Value Reader::form() {
-  const Root whole(in_, in_.cons(nil, nil));  // everything that is being read hangs on it
+  const Root whole(in_, in_.cons(nil, nil));  // keeps all lists that are being read alive
   open_.clear();
   for (Value* place = &whole.get().pair()->car; place; place = nextPlace()) fill(place);
   return whole.get().car();
@@ -176,7 +176,7 @@ Value Reader::string() {
   }
 }
 
-// The characters behind a backslash.
+// Reads the characters after a backslash.
 void Reader::escape(std::string& text) {
   if (atEnd()) return;
   const char c = take();
@@ -225,7 +225,7 @@ Value Reader::atom() {
 
 Value Interpreter::read(std::string_view text) { return Reader(*this, text, {}, nullptr).next().value_or(nil); }
 
-// Reads and evaluates form by form, as the reference does: what stands before a broken form has its effects.
+// Reads and evaluates form by form, as the AutoLISP reference does: forms before a broken one take effect.
 Value Interpreter::runForms(std::string_view text, std::string_view file) {
   if (!file.empty()) sources_->enter(std::string(file));
   Reader reader(*this, text, std::string(file), file.empty() ? nullptr : sources_.get());

@@ -11,13 +11,13 @@
 
 namespace atelier::lisp {
 
-// Reads the forms of a UTF-8 text one after the other. What cannot be read is an Error of kind Syntax with
-// the line where the outermost open form began, counted from 1.
+// Reads the forms of a UTF-8 text one after the other. A fault throws an Error of kind Syntax with the line where the
+// outermost open form began, counted from 1.
 class SourceMap;
 
 class Reader {
  public:
-  // When `sources` is given, the place of every list is recorded there.
+  // With `sources`, the place of every list is recorded there.
   Reader(Interpreter& interpreter, std::string_view text, std::string file, SourceMap* sources);
 
   // The next form, nothing at the end of the text.
@@ -27,9 +27,9 @@ class Reader {
   bool skipBlanks();  // false at the end of the text
   void skipBlockComment();
   Value form();
-  // Reads an atom into the place, or opens the list that belongs there.
+  // Reads an atom into the place, or opens a list there.
   void fill(Value* place);
-  // The place of the form that comes next, after the lists that end here; null when none is open any more.
+  // Closes the lists that end here and gives the place of the next form; null when no list is open.
   Value* nextPlace();
   Value string();
   Value atom();
@@ -46,7 +46,7 @@ class Reader {
     Value* start;
     Value last;
     int line;
-    bool dotted = false;  // what follows the dot has its place already
+    bool dotted = false;  // the value after the dot has been read
   };
 
   Interpreter& in_;
@@ -59,7 +59,7 @@ class Reader {
   int formLine_ = 1;  // where the form that is being read began
 };
 
-// The number that a whole token spells, nothing when it spells none: 12, -3, +4, 1.5, 1., 1e-8.
+// The number of a whole token, such as 12, -3, +4, 1.5, 1., 1e-8; nothing for any other token.
 // Integers beyond 32 bits become reals.
 std::optional<Value> parseNumber(std::string_view token);
 

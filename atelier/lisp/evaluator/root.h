@@ -29,8 +29,8 @@ class Root : private RootLink {
   Value get() const { return value; }
 };
 
-// Gathers values on the interpreter's stack, where the collector sees them; gives them back when it goes out
-// of scope. For use inside a function that the interpreter called, innermost last.
+// Collects values on the interpreter's stack, where the garbage collector finds them, and removes them at its end. For
+// functions that the interpreter calls; the one made last must end first.
 class ValueStack {
  public:
   explicit ValueStack(Interpreter& interpreter) : interpreter_(interpreter), first_(interpreter.top_) {}

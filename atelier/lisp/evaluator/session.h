@@ -1,5 +1,5 @@
-// What an interpreter remembers beside values: where forms were read, and the environment of getenv and
-// setenv.
+// What an interpreter keeps besides values: where forms were read, the environment of getenv and setenv, and the
+// registry.
 #pragma once
 
 #include <map>
@@ -18,8 +18,8 @@ struct Place {
   int line = 0;
 };
 
-// File and line of the lists that were read from files, for error messages. Forgets the lists that were
-// collected.
+// File and line of the lists that were read from files, for error messages. Lists that the garbage collector frees are
+// forgotten.
 class SourceMap {
  public:
   void enter(const std::string& file);
@@ -40,7 +40,7 @@ struct Session {
   std::map<std::string, std::string, std::less<>> environment;         // by upper-case name
   std::map<std::string, std::map<std::string, std::string>> registry;  // by upper-case key and value name
   std::shared_ptr<void> dialogs;                                       // of the host's functions for DCL
-  std::string pendingInput;                                            // what read-char has not yet taken from a line
+  std::string pendingInput;                                            // the rest of the line for read-char
   bool inputStarted = false;
 };
 

@@ -83,7 +83,7 @@ Value decrement(Interpreter& in, Arguments arguments) {
                            : Value::real(numberArgument(in, value) - 1);
 }
 
-// A real as soon as one argument is a real, whichever wins.
+// The result is a real when one argument is a real, even if an integer is chosen.
 template <class Better>
 Value extreme(Interpreter& in, Arguments arguments, Better better) {
   if (arguments.empty()) return Value::integer(0);

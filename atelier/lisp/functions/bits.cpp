@@ -29,7 +29,7 @@ Value shift(Interpreter& in, Arguments arguments) {
   return Value::integer(static_cast<std::int32_t>(count >= 0 ? bits << count : bits >> -count));
 }
 
-// The operator's four bits say the result for the bit pairs 11, 10, 01, 00 (values 1, 2, 4, 8).
+// The operator's four bits give the result for the bit pairs 11, 10, 01, 00 (values 1, 2, 4, 8).
 Value boole(Interpreter& in, Arguments arguments) {
   const std::int32_t operation = integerArgument(in, arguments[0]);
   return fold(in, arguments.subspan(1), [operation](std::int32_t a, std::int32_t b) {

@@ -1,11 +1,11 @@
-// The equalities and orders of AutoLISP, for the functions that search and compare.
+// The equalities and orders of AutoLISP, for functions that search and compare.
 #pragma once
 
 #include "atelier/lisp/evaluator/interpreter.h"
 
 namespace atelier::lisp {
 
-// eq: the same atom. Strings, reals and entity names are the same when they read the same.
+// eq: the same atom. Strings, reals and entity names are the same when their values are.
 bool same(Value a, Value b);
 // equal: the same structure; numbers may differ by `fuzz`, an integer equals a real of its value.
 bool equal(Interpreter& in, Value a, Value b, double fuzz = 0);

@@ -37,7 +37,7 @@ Value rtos(Interpreter& in, Arguments arguments) {
       formatDistance(number, linearUnits(in, arguments), setting(in, arguments, 2, "LUPREC", 4), style(in)));
 }
 
-// Bearings name the sky's directions, which ANGBASE does not turn.
+// Bearings are directions of the compass, which ANGBASE does not turn.
 double direction(Interpreter& in) { return in.variables().integer("ANGDIR", 0) == 1 ? -1 : 1; }
 
 Value angtos(Interpreter& in, Arguments arguments) {
@@ -67,8 +67,8 @@ constexpr Builtin kTable[] = {
      "Un nombre en chaîne : 1 scientifique, 2 décimal, 3 ingénierie, 4 architecture, 5 fractions."},
     {"angtos", angtos, 1, 3, "(angtos angle [mode [precision]])",
      "Un angle en chaîne : 0 degrés, 1 degrés minutes secondes, 2 grades, 3 radians, 4 géodésique."},
-    {"distof", distof, 1, 2, "(distof chaine [mode])", "Le nombre qu'écrit une chaîne, ou nil."},
-    {"angtof", angtof, 1, 2, "(angtof chaine [mode])", "L'angle qu'écrit une chaîne, en radians, ou nil."},
+    {"distof", distof, 1, 2, "(distof chaîne [mode])", "Le nombre qu'écrit une chaîne, ou nil."},
+    {"angtof", angtof, 1, 2, "(angtof chaîne [mode])", "L'angle qu'écrit une chaîne, en radians, ou nil."},
 };
 
 // A number or a list of numbers, converted.

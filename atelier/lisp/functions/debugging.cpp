@@ -26,7 +26,7 @@ Value Interpreter::invokeTraced(Value function, Value lambda, Value* first) {
   std::string call = "\n" + indent + "Entering (" + name;
   for (const Value* argument = first; argument != top_; ++argument) call += " " + prin1(*argument);
   console().write(call + ")");
-  // The body runs under a list instead of the traced function itself, so that the call is reported once.
+  // The body is called as a list, not by the traced function's name, so that the call is reported once.
   ++traceDepth_;
   struct Leave {
     int& depth;
@@ -54,7 +54,7 @@ Value backtrace(Interpreter& in, Arguments) {
   return nil;
 }
 
-// Every built-in as a row of a table in Markdown, in the order of the names; published functions are left out.
+// Every built-in function as a row of a Markdown table, sorted by name; published functions are left out.
 Value helpOfAll(Interpreter& in) {
   std::vector<const Primitive*> all = in.primitives();
   std::erase_if(all, [](const Primitive* p) { return p->external != nullptr; });

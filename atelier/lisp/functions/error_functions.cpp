@@ -1,4 +1,4 @@
-// Catching errors and leaving programs.
+// AutoLISP functions that catch errors and end programs.
 #include "atelier/lisp/evaluator/arguments.h"
 #include "atelier/lisp/evaluator/root.h"
 #include "atelier/lisp/functions/families.h"

@@ -26,7 +26,7 @@ Value fileDelete(Interpreter& in, Arguments arguments) {
   return in.boolean(!fs::is_directory(path, error) && fs::remove(path, error));
 }
 
-// An existing target is left alone, as in the reference.
+// An existing target is not replaced, as in the AutoLISP reference.
 Value fileRename(Interpreter& in, Arguments arguments) {
   const std::string from = pathArgument(in, arguments[0]), to = pathArgument(in, arguments[1]);
   std::error_code error;
@@ -35,7 +35,7 @@ Value fileRename(Interpreter& in, Arguments arguments) {
   return in.boolean(!error);
 }
 
-// The number of bytes that were copied, nil when nothing was.
+// The number of bytes copied, nil when nothing was copied.
 Value fileCopy(Interpreter& in, Arguments arguments) {
   const std::string from = pathArgument(in, arguments[0]), to = pathArgument(in, arguments[1]);
   const auto bytes = readWholeFile(from);
@@ -46,7 +46,7 @@ Value fileCopy(Interpreter& in, Arguments arguments) {
   return Value::integerOrReal(static_cast<std::int64_t>(bytes->size()));
 }
 
-// 0 for a folder, nil for what is not there.
+// 0 for a folder, nil for a file that doesn't exist.
 Value fileSize(Interpreter& in, Arguments arguments) {
   const std::string path = pathArgument(in, arguments[0]);
   std::error_code error;
@@ -105,7 +105,7 @@ Value directoryFiles(Interpreter& in, Arguments arguments) {
   return found.list();
 }
 
-// --- Parts of names. Separators come through as they were written.
+// --- Parts of names. Separators are kept as written.
 
 std::size_t nameStart(std::string_view path) {
   const std::size_t slash = path.find_last_of("/\\:");
@@ -137,7 +137,7 @@ Value fileExtension(Interpreter& in, Arguments arguments) {
   return start == path.size() ? nil : in.string(path.substr(start));
 }
 
-// A name that no file has yet: pattern with three digits more, folder, extension.
+// A name that no file has yet: the pattern followed by three digits, with folder and extension.
 Value makeTemporaryName(Interpreter& in, Arguments arguments) {
   const Value pattern = optional(arguments, 0), directory = optional(arguments, 1), ending = optional(arguments, 2);
   const fs::path given = pattern ? pathArgument(in, pattern) : std::string("$VL~~");
@@ -167,7 +167,7 @@ constexpr Builtin kTable[] = {
     {"vl-filename-base", fileBase, 1, 1, "(vl-filename-base nom)", "Le nom sans dossier ni extension."},
     {"vl-filename-directory", fileDirectory, 1, 1, "(vl-filename-directory nom)", "Le dossier d'un nom."},
     {"vl-filename-extension", fileExtension, 1, 1, "(vl-filename-extension nom)", "L'extension d'un nom, ou nil."},
-    {"vl-filename-mktemp", makeTemporaryName, 0, 3, "(vl-filename-mktemp [modele dossier extension])",
+    {"vl-filename-mktemp", makeTemporaryName, 0, 3, "(vl-filename-mktemp [modèle dossier extension])",
      "Un nom de fichier qui n'existe pas encore."},
 };
 

@@ -39,7 +39,7 @@ Value readLine(Interpreter& in, Arguments arguments) {
   return line ? in.string(*line) : nil;
 }
 
-// From the console a line is given out character by character, its end as 10.
+// A line of the console is given character by character, its end as 10.
 Value readChar(Interpreter& in, Arguments arguments) {
   if (const Value file = optional(arguments, 0)) {
     const auto code = fileArgument(in, file, true).readCharacter();
@@ -71,7 +71,7 @@ std::optional<std::string> findProgram(Interpreter& in, std::string_view name) {
   return in.search().findProgram(name);
 }
 
-// When the file is missing: the value `otherwise`, or what it returns if it is a function.
+// For a missing file the result is the second argument, or its value when it is a function.
 Value loadFunction(Interpreter& in, Arguments arguments) {
   const std::string_view name = stringArgument(in, arguments[0]);
   if (const auto path = findProgram(in, name)) {

@@ -11,7 +11,7 @@ namespace {
 
 constexpr double kParallel = 1e-12;  // sine below which two directions count as parallel
 
-// In the plane as soon as one of the points has no z.
+// The distance in plan when one of the points has no z.
 Value distance(Interpreter& in, Arguments arguments) {
   const auto a = pointArgument(in, arguments[0]), b = pointArgument(in, arguments[1]);
   const bool flat = !arguments[0].cdr().cdr() || !arguments[1].cdr().cdr();
@@ -32,8 +32,8 @@ Value polar(Interpreter& in, Arguments arguments) {
   return arguments[0].cdr().cdr() ? in.point(x, y, point[2]) : in.point(x, y);
 }
 
-// The intersection of the lines 1-2 and 3-4: within both segments, or anywhere when the fifth argument is
-// nil. Points with heights meet in space only when the lines do; one point without makes the question plane.
+// The intersection of the lines 1-2 and 3-4: on both segments, or anywhere when the fifth argument is nil. When all
+// points have heights the lines must meet in space; when one has none, they are compared in plan.
 Value intersection(Interpreter& in, Arguments arguments) {
   std::array<std::array<double, 3>, 4> p;
   bool flat = false;

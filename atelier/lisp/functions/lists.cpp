@@ -20,7 +20,7 @@ std::array<double, 3> pointArgument(Interpreter& in, Value value) {
 
 namespace {
 
-// Steps over the cells of a proper list; a dotted end is an error.
+// Visits the cells of a proper list; a dotted end is an error.
 template <class Visit>
 void eachCell(Interpreter& in, Value list, Visit visit) {
   Value rest = listArgument(in, list);

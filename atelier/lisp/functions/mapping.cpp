@@ -18,7 +18,7 @@ Value applyFunction(Interpreter& in, Arguments arguments) {
 // shortest list ends or `visit` returns false.
 template <class Visit>
 void walk(Interpreter& in, Arguments arguments, Visit visit) {
-  ValueStack rests(in);  // where each list stands, then the arguments of the call
+  ValueStack rests(in);  // the rest of each list, then the arguments of the call
   const std::size_t lists = arguments.size() - 1;
   for (Value list : arguments.subspan(1)) rests.push(listArgument(in, list));
   for (std::size_t i = 0; i < lists; ++i) rests.push(nil);
@@ -87,15 +87,15 @@ constexpr Builtin kTable[] = {
     {"apply", applyFunction, 2, 2, "(apply fonction liste)", "Appelle la fonction avec les éléments de la liste."},
     {"mapcar", mapcar, 2, kAnyNumber, "(mapcar fonction liste...)",
      "Liste des résultats de la fonction, élément par élément."},
-    {"vl-some", some, 2, kAnyNumber, "(vl-some predicat liste...)", "Le premier résultat qui ne vaut pas nil."},
-    {"vl-every", every, 2, kAnyNumber, "(vl-every predicat liste...)", "T si le prédicat est vrai partout."},
-    {"vl-remove-if", removeIf, 2, 2, "(vl-remove-if predicat liste)",
+    {"vl-some", some, 2, kAnyNumber, "(vl-some prédicat liste...)", "Le premier résultat qui ne vaut pas nil."},
+    {"vl-every", every, 2, kAnyNumber, "(vl-every prédicat liste...)", "T si le prédicat est vrai partout."},
+    {"vl-remove-if", removeIf, 2, 2, "(vl-remove-if prédicat liste)",
      "La liste sans les éléments qui vérifient le prédicat."},
-    {"vl-remove-if-not", removeIfNot, 2, 2, "(vl-remove-if-not predicat liste)",
+    {"vl-remove-if-not", removeIfNot, 2, 2, "(vl-remove-if-not prédicat liste)",
      "La liste des éléments qui vérifient le prédicat."},
-    {"vl-member-if", memberIf, 2, 2, "(vl-member-if predicat liste)",
+    {"vl-member-if", memberIf, 2, 2, "(vl-member-if prédicat liste)",
      "Le reste de la liste à partir du premier élément qui vérifie le prédicat."},
-    {"vl-member-if-not", memberIfNot, 2, 2, "(vl-member-if-not predicat liste)",
+    {"vl-member-if-not", memberIfNot, 2, 2, "(vl-member-if-not prédicat liste)",
      "Le reste de la liste à partir du premier élément qui ne vérifie pas le prédicat."},
 };
 

@@ -60,9 +60,9 @@ constexpr Builtin kTable[] = {
     {"princ", princFunction, 0, 2, "(princ [valeur [fichier]])", "Écrit une valeur pour qu'on la lise."},
     {"prin1", prin1Function, 0, 2, "(prin1 [valeur [fichier]])", "Écrit une valeur pour que read la relise."},
     {"print", printFunction, 0, 2, "(print [valeur [fichier]])", "Écrit à la ligne une valeur suivie d'un espace."},
-    {"prompt", prompt, 1, 1, "(prompt chaine)", "Écrit un message sur la ligne de commande."},
+    {"prompt", prompt, 1, 1, "(prompt chaîne)", "Écrit un message sur la ligne de commande."},
     {"terpri", terpri, 0, 0, "(terpri)", "Passe à la ligne."},
-    {"write-line", writeLine, 1, 2, "(write-line chaine [fichier])", "Écrit une ligne."},
+    {"write-line", writeLine, 1, 2, "(write-line chaîne [fichier])", "Écrit une ligne."},
     {"write-char", writeChar, 1, 2, "(write-char code [fichier])", "Écrit un caractère."},
 };
 

@@ -11,8 +11,8 @@
 namespace atelier::lisp {
 namespace {
 
-// A stable merge sort that calls `before` between elements only: unlike std::sort it ends, with every element
-// still there, also when a program's predicate is no order. `room` is as long as `values`.
+// A stable merge sort. Unlike std::sort it ends and loses no element even when a program's predicate isn't an order.
+// `room` is as long as `values`.
 template <class Item, class Before>
 void mergeSort(Interpreter& in, std::span<Item> values, std::span<Item> room, Before& before) {
   if (values.size() < 2) return;
@@ -51,8 +51,8 @@ void withOrder(Interpreter& in, Value function, std::span<const Value> values, S
   }
 }
 
-// Elements that are the same integer, symbol or object come out once, as the reference has it; equal reals
-// and strings, which are objects of their own there, all stay.
+// Of elements that are the same integer, symbol or object one is kept, as in the AutoLISP reference; equal reals and
+// strings, which are different objects there, are all kept.
 Value sortFunction(Interpreter& in, Arguments arguments) {
   ValueStack stack(in);
   stack.pushAll(listArgument(in, arguments[0]));

@@ -12,7 +12,7 @@ Value characterIndex(std::string_view text, std::size_t offset) {
   return Value::integer(static_cast<std::int32_t>(countCharacters(text.substr(0, offset))));
 }
 
-// The byte where a search starts that a program asked to start at a character; the beginning by default.
+// The byte offset of the character at which a search starts; the beginning by default.
 std::size_t startOffset(Interpreter& in, std::string_view text, Value start) {
   if (!start) return 0;
   return byteOffset(text, static_cast<std::size_t>(std::max(integerArgument(in, start), 0)));
@@ -24,7 +24,7 @@ std::string codeText(Interpreter& in, Value code) {
   return text;
 }
 
-// As find() of a string, but a program can be stopped in it: so many bytes are compared at a stretch.
+// As find() of a string, but in pieces, so that the user can interrupt a long search.
 std::size_t findIn(Interpreter& in, std::string_view text, std::string_view pattern, std::size_t start) {
   constexpr std::size_t kCompared = std::size_t{1} << 26;
   if (pattern.empty()) return text.find(pattern, start);
@@ -148,21 +148,21 @@ Value wcmatch(Interpreter& in, Arguments arguments) {
 }
 
 constexpr Builtin kTable[] = {
-    {"vl-string-search", search, 2, 3, "(vl-string-search motif chaine [debut])", "La position du motif, ou nil."},
-    {"vl-string-position", position, 2, 4, "(vl-string-position code chaine [debut [depuis-la-fin]])",
+    {"vl-string-search", search, 2, 3, "(vl-string-search motif chaîne [début])", "La position du motif, ou nil."},
+    {"vl-string-position", position, 2, 4, "(vl-string-position code chaîne [début [depuis-la-fin]])",
      "La position d'un caractère, ou nil."},
-    {"vl-string-subst", substitute, 3, 4, "(vl-string-subst nouveau ancien chaine [debut])",
+    {"vl-string-subst", substitute, 3, 4, "(vl-string-subst nouveau ancien chaîne [début])",
      "Remplace la première occurrence."},
-    {"vl-string-translate", translate, 3, 3, "(vl-string-translate anciens nouveaux chaine)",
+    {"vl-string-translate", translate, 3, 3, "(vl-string-translate anciens nouveaux chaîne)",
      "Remplace chaque caractère d'un jeu par celui de même rang de l'autre."},
-    {"vl-string-left-trim", leftTrim, 2, 2, "(vl-string-left-trim jeu chaine)", "Ôte à gauche les caractères du jeu."},
-    {"vl-string-right-trim", rightTrim, 2, 2, "(vl-string-right-trim jeu chaine)",
+    {"vl-string-left-trim", leftTrim, 2, 2, "(vl-string-left-trim jeu chaîne)", "Ôte à gauche les caractères du jeu."},
+    {"vl-string-right-trim", rightTrim, 2, 2, "(vl-string-right-trim jeu chaîne)",
      "Ôte à droite les caractères du jeu."},
-    {"vl-string-trim", trim, 2, 2, "(vl-string-trim jeu chaine)", "Ôte des deux côtés les caractères du jeu."},
-    {"vl-string-elt", elementAt, 2, 2, "(vl-string-elt chaine n)", "Le code du caractère de rang n."},
-    {"vl-string-mismatch", mismatch, 2, 5, "(vl-string-mismatch a b [debut-a debut-b sans-casse])",
+    {"vl-string-trim", trim, 2, 2, "(vl-string-trim jeu chaîne)", "Ôte des deux côtés les caractères du jeu."},
+    {"vl-string-elt", elementAt, 2, 2, "(vl-string-elt chaîne n)", "Le code du caractère de rang n."},
+    {"vl-string-mismatch", mismatch, 2, 5, "(vl-string-mismatch a b [début-a début-b sans-casse])",
      "Longueur du début commun de deux chaînes."},
-    {"wcmatch", wcmatch, 2, 2, "(wcmatch chaine motifs)",
+    {"wcmatch", wcmatch, 2, 2, "(wcmatch chaîne motifs)",
      "T si la chaîne répond à l'un des motifs (# @ . * ? ~ [] `)."},
 };
 

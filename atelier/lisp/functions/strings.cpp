@@ -40,7 +40,7 @@ Value substr(Interpreter& in, Arguments arguments) {
   return in.string(rest.substr(0, offset(rest, static_cast<std::size_t>(length))));
 }
 
-// Piece by piece, so that a program can be stopped in a long string.
+// Works piece by piece, so that the user can interrupt it in a long string.
 Value strcase(Interpreter& in, Arguments arguments) {
   constexpr std::size_t kPiece = 4096;  // characters
   const bool lower = static_cast<bool>(optional(arguments, 1));
@@ -130,18 +130,18 @@ Value princToString(Interpreter& in, Arguments arguments) { return in.string(pri
 Value prin1ToString(Interpreter& in, Arguments arguments) { return in.string(prin1(in, arguments[0])); }
 
 constexpr Builtin kTable[] = {
-    {"strcat", strcat, 0, kAnyNumber, "(strcat [chaine...])", "Met des chaînes bout à bout."},
-    {"strlen", strlen, 0, kAnyNumber, "(strlen [chaine...])", "Nombre de caractères."},
-    {"substr", substr, 2, 3, "(substr chaine debut [longueur])", "Partie d'une chaîne, comptée à partir de 1."},
-    {"strcase", strcase, 1, 2, "(strcase chaine [minuscules])", "La chaîne en majuscules, ou en minuscules."},
-    {"ascii", ascii, 1, 1, "(ascii chaine)", "Le code du premier caractère."},
+    {"strcat", strcat, 0, kAnyNumber, "(strcat [chaîne...])", "Met des chaînes bout à bout."},
+    {"strlen", strlen, 0, kAnyNumber, "(strlen [chaîne...])", "Nombre de caractères."},
+    {"substr", substr, 2, 3, "(substr chaîne début [longueur])", "Partie d'une chaîne, comptée à partir de 1."},
+    {"strcase", strcase, 1, 2, "(strcase chaîne [minuscules])", "La chaîne en majuscules, ou en minuscules."},
+    {"ascii", ascii, 1, 1, "(ascii chaîne)", "Le code du premier caractère."},
     {"chr", chr, 1, 1, "(chr code)", "Le caractère d'un code."},
-    {"vl-string->list", stringToList, 1, 1, "(vl-string->list chaine)", "Les codes des caractères."},
+    {"vl-string->list", stringToList, 1, 1, "(vl-string->list chaîne)", "Les codes des caractères."},
     {"vl-list->string", listToString, 1, 1, "(vl-list->string liste)", "La chaîne d'une liste de codes."},
     {"itoa", itoa, 1, 1, "(itoa entier)", "L'entier en chaîne."},
-    {"atoi", atoi, 1, 1, "(atoi chaine)", "L'entier par lequel commence une chaîne."},
-    {"atof", atof, 1, 1, "(atof chaine)", "Le réel par lequel commence une chaîne."},
-    {"read", readFunction, 0, 1, "(read [chaine])", "La première expression d'une chaîne."},
+    {"atoi", atoi, 1, 1, "(atoi chaîne)", "L'entier par lequel commence une chaîne."},
+    {"atof", atof, 1, 1, "(atof chaîne)", "Le réel par lequel commence une chaîne."},
+    {"read", readFunction, 0, 1, "(read [chaîne])", "La première expression d'une chaîne."},
     {"vl-princ-to-string", princToString, 1, 1, "(vl-princ-to-string valeur)", "Ce que princ écrirait."},
     {"vl-prin1-to-string", prin1ToString, 1, 1, "(vl-prin1-to-string valeur)", "Ce que prin1 écrirait."},
 };

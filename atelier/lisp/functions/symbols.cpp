@@ -57,7 +57,7 @@ Value atomsFamily(Interpreter& in, Arguments arguments) {
   return found.list();
 }
 
-// Each document has an interpreter of its own; whoever keeps them copies the value.
+// Each document has its own interpreter; the room that keeps the documents copies the value.
 Value propagate(Interpreter& in, Arguments arguments) {
   in.propagate(symbolArgument(in, arguments[0]).name());
   return nil;

@@ -1,4 +1,4 @@
-// The environment, the version, and requests that this interpreter meets by itself.
+// The environment, the registry, the version, and requests that need no work here.
 #include <cstdlib>
 
 #include "atelier/lisp/evaluator/arguments.h"
@@ -25,8 +25,8 @@ Value setEnvironment(Interpreter& in, Arguments arguments) {
   return arguments[1];
 }
 
-// The registry is the session's own: programs keep their settings there, and find none at the first time. A value is a
-// text; the one without a name is the key's own.
+// The registry exists for the session only; at first it is empty. A value is a text; one without a name is the key's
+// own value.
 Value readRegistry(Interpreter& in, Arguments arguments) {
   const auto& registry = in.session().registry;
   const auto key = registry.find(upperCase(stringArgument(in, arguments[0])));
@@ -61,7 +61,7 @@ Value collect(Interpreter& in, Arguments) {
   return nil;
 }
 
-// The extensions that the function loads in the reference are always there.
+// The extensions that this function loads in the AutoLISP reference are always available here.
 Value loadExtensions(Interpreter& in, Arguments) { return in.quiet(); }
 
 constexpr Builtin kTable[] = {

@@ -16,7 +16,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 constexpr int kDeepest = 100;
-constexpr std::size_t kLongest = 1 << 16;  // of a macro's text: nested functions could multiply it without end
+constexpr std::size_t kLongest = 1 << 16;  // characters of a macro's text, which nested functions could multiply
 
 std::optional<double> numberOf(const std::string& text) {
   double value = 0;
@@ -119,7 +119,7 @@ class Evaluator {
     return isKnown_ ? "$(" + name + ",?\?)" : "$(" + name + ")?\?";
   }
 
-  // Nothing for arguments that don't fit, or for no function at all.
+  // Nothing for an unknown function or for arguments that don't fit.
   std::optional<std::string> known(const std::string& name, const Texts& a) {
     isKnown_ = true;
     for (const FoldRow& row : kFolds)
@@ -180,7 +180,7 @@ class Evaluator {
     return compare(*x, *y) ? "1" : "0";
   }
 
-  // From the first character, counted from 1, so many or to the end.
+  // Part of a text: from a character, counted from 1, so many characters, or to the end.
   static std::optional<std::string> part(const Texts& a, std::optional<double> from) {
     const auto length = a.size() == 3 ? numberOf(a[2]) : std::optional(1e9);
     if (a.size() < 2 || a.size() > 3 || !from || *from < 1 || !length || *length < 0) return std::nullopt;
@@ -191,7 +191,7 @@ class Evaluator {
     return std::string(rest.substr(0, byteOffset(rest, static_cast<std::size_t>(std::min(*length, whole)))));
   }
 
-  // A part of a text that commas divide, counted from 0.
+  // One of the parts of a text between commas, counted from 0.
   static std::optional<std::string> indexed(const Texts& a, std::optional<double> which) {
     if (a.size() != 2 || !which || *which < 0) return std::nullopt;
     std::string_view rest = a[1];

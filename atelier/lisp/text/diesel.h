@@ -1,5 +1,5 @@
-// DIESEL, the language of strings in menus and status lines: "$(fonction,argument,...)" within a text is replaced by its
-// value. Reached by (menucmd "M=...").
+// DIESEL, the string language of menus and status lines: "$(function,argument,...)" in a text is replaced by its value.
+// Programs use it with (menucmd "M=...").
 #pragma once
 #include <functional>
 #include <string>
@@ -7,7 +7,7 @@
 
 namespace atelier::lisp {
 
-// What the language asks of its host: texts, empty when there is none.
+// What the language needs from its host; empty texts stand for missing values.
 struct DieselHost {
   std::function<std::string(std::string_view)> variable;                        // getvar, upper-case name
   std::function<std::string(std::string_view)> environment;                     // getenv

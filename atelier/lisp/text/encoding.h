@@ -15,9 +15,9 @@ std::string fromWindows1252(std::string_view bytes);
 // Characters that the code page lacks become \U+XXXX.
 std::string toWindows1252(std::string_view utf8);
 
-// Appends a code point; U+FFFD for what is none.
+// Appends a code point; U+FFFD for a number that isn't one.
 void appendUtf8(std::string& text, std::uint32_t codePoint);
-// The code point that begins at `position`, which moves behind it. Text must be valid UTF-8.
+// The code point at `position`, which is moved after it. The text must be valid UTF-8.
 std::uint32_t nextCodePoint(std::string_view text, std::size_t& position);
 // The byte offset of a character; the size of the text when it has fewer.
 std::size_t byteOffset(std::string_view text, std::size_t character);

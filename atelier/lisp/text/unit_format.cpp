@@ -67,7 +67,7 @@ Fraction nearestFraction(double number, int halvings) {
   return result;
 }
 
-// "5 1/2", "5", "1/2"; between whole and fraction a hyphen in the form for typing in.
+// "5 1/2", "5", "1/2"; "5-1/2" in the form that can be typed.
 std::string fractionText(Fraction value, bool keepZero, UnitStyle style) {
   if (!value.numerator) return whole(value.whole);
   const std::string part = whole(value.numerator) + "/" + whole(value.denominator);
@@ -107,8 +107,7 @@ std::string architectural(double inches, int precision, UnitStyle style) {
 
 // --- Angles
 
-// What the last written place of degrees, minutes and seconds is worth: parts of a degree, decimals of
-// seconds.
+// The precision of an angle in degrees, minutes and seconds.
 struct Sexagesimal {
   int level;           // 0 degrees, 1 minutes, 2 seconds
   int decimals;        // of seconds
@@ -163,7 +162,7 @@ std::string decimalAngle(double turns, double perTurn, int precision, const char
 
 std::string fixedDecimals(double number, int decimals) {
   decimals = std::clamp(decimals, 0, kMostDecimals);
-  // Thirty places more than asked show whether the number is exactly half-way.
+  // Thirty more places than asked for show whether the number is exactly half-way.
   std::string text(400 + static_cast<std::size_t>(decimals), '\0');
   const auto end =
       std::to_chars(text.data(), text.data() + text.size(), std::fabs(number), std::chars_format::fixed, decimals + 30)

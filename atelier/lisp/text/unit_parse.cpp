@@ -1,4 +1,4 @@
-// Text to distances and angles.
+// Reads distances and angles from text.
 #include <charconv>
 #include <cmath>
 #include <numbers>
@@ -13,7 +13,7 @@ constexpr double kDegree = std::numbers::pi / 180;
 
 char upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; }
 
-// Takes a text apart from the left.
+// Reads a text from the left.
 class Scanner {
  public:
   explicit Scanner(std::string_view text) : rest_(text) { skipBlanks(); }
@@ -117,7 +117,7 @@ std::optional<double> bearing(Scanner& scan) {
   return angle * kDegree;
 }
 
-// A suffix d, g or r wins over the units asked for.
+// A suffix d, g or r is preferred to the units asked for.
 std::optional<double> plainAngle(Scanner& scan, AngularUnits units) {
   const auto value = degrees(scan);
   if (!value) return std::nullopt;
@@ -128,7 +128,7 @@ std::optional<double> plainAngle(Scanner& scan, AngularUnits units) {
   return *value * kDegree;
 }
 
-// Sign, value, and nothing behind it.
+// A sign and a value, with nothing after it.
 template <class Parse>
 std::optional<double> whole(std::string_view text, Parse parse) {
   Scanner scan(text);

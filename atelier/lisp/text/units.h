@@ -1,6 +1,5 @@
-// Distances and angles as text in the drawing's units, both ways: what rtos, angtos, distof and angtof do,
-// and what prompts echo. Public reference: AutoLISP rtos, angtos, distof, angtof; system variables DIMZIN and
-// UNITMODE.
+// Distances and angles to and from text in the drawing's units, for rtos, angtos, distof, angtof and prompts.
+// Public reference: AutoLISP rtos, angtos, distof, angtof; system variables DIMZIN and UNITMODE.
 #pragma once
 
 #include <optional>
@@ -22,11 +21,11 @@ struct UnitStyle {
 // `precision`: decimals, or for architectural and fractional units the power of two of the denominator, 0
 // to 8.
 std::string formatDistance(double distance, LinearUnits units, int precision, UnitStyle style);
-// `radians` from the X axis, counter-clockwise; brought into one turn. Precision 1-2 of degrees, minutes and
-// seconds stops at minutes, 3-4 at seconds, more gives decimals of seconds.
+// `radians`: from the X axis, counter-clockwise; full turns are removed. For degrees, minutes and seconds a precision of
+// 1 or 2 writes up to minutes, 3 or 4 up to seconds, more gives decimals of seconds.
 std::string formatAngle(double radians, AngularUnits units, int precision, UnitStyle style);
 
-// Nothing when the text is no distance or angle in these units.
+// Nothing when the text isn't a distance or angle in these units.
 std::optional<double> parseDistance(std::string_view text, LinearUnits units);
 std::optional<double> parseAngle(std::string_view text, AngularUnits units);  // radians, as written
 

@@ -1,4 +1,4 @@
-// wcmatch: a pattern is cut at its commas, then each part is matched with one resumption point for the last
+// wcmatch: a pattern is split at its commas, then each part is matched; on a mismatch matching resumes at the last
 // star.
 #include "atelier/lisp/text/wildcard.h"
 
@@ -32,14 +32,13 @@ bool isLetter(char32_t c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || upperCase(code) != code || lowerCase(code) != code;
 }
 
-// The pattern's element at its beginning: its length, and whether it takes the character.
+// The first element of a pattern: its length, and whether it matches the character.
 struct Element {
   std::size_t length;
   bool takes;
 };
 
-// [...]: the bracket closes at the first "]" that is not its first member; a hyphen at an end stands for
-// itself.
+// [...]: the bracket is closed by the first "]" that isn't its first member; a hyphen at an end stands for itself.
 Element bracket(CodesView pattern, char32_t c) {
   std::size_t i = 1;
   const bool negated = i < pattern.size() && pattern[i] == '~';
@@ -56,7 +55,7 @@ Element bracket(CodesView pattern, char32_t c) {
       ++i;
     }
   }
-  if (i == pattern.size()) return {1, c == '['};  // never closed: a bracket as it is
+  if (i == pattern.size()) return {1, c == '['};  // not closed: it stands for itself
   return {i + 1, found != negated};
 }
 
@@ -92,7 +91,7 @@ bool matchesWhole(CodesView text, CodesView pattern, const Step& step) {
       }
     }
     if (starPattern == CodesView::npos) return false;
-    p = starPattern;  // the last star takes one character more
+    p = starPattern;  // the last star matches one more character
     t = ++starText;
   }
   while (p < pattern.size() && pattern[p] == '*') ++p;

@@ -10,7 +10,7 @@ namespace atelier::lisp {
 //   # digit   @ letter   . neither   * any run   ? any character   ~pattern anything but it (first character
 //   only) [abc] [a-z] one of   [~abc] none of   ` the next character as it is
 // Case counts. Public reference: AutoLISP wcmatch.
-// A step is called now and then while long texts are matched; it throws to break off.
+// `step` is called now and then while long texts are matched; it may throw to stop.
 bool matchesWildcard(std::string_view text, std::string_view patterns, const std::function<void()>& step = {});
 // As above for file names, where only * and ? are special.
 bool matchesFileName(std::string_view name, std::string_view pattern);

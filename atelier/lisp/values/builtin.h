@@ -1,5 +1,5 @@
-// How a built-in function presents itself: name, arity, signature and one line of help, in a table per
-// family. Rooms above register their own tables in the same form (Interpreter::add).
+// Registration of built-in functions: name, numbers of arguments, signature and one line of help, in a table per
+// family. Other rooms register their own tables in the same form (Interpreter::add).
 #pragma once
 
 #include <cstdint>
@@ -14,10 +14,9 @@ class Interpreter;
 
 using Arguments = std::span<const Value>;
 
-// An ordinary function. The arguments are evaluated, their number is checked, and the collector sees them for
-// as long as the call lasts. Values that the function keeps in local variables are safe too (the machine
-// stack is scanned); values kept elsewhere need a Root or a ValueStack. Failures go through
-// Interpreter::fail.
+// An ordinary function. The arguments are evaluated, their number is checked, and they are kept alive during the call.
+// So are values in local variables (the collector scans the machine stack); values kept elsewhere need a Root or a
+// ValueStack. Failures are raised with Interpreter::fail.
 using SubrFunction = Value (*)(Interpreter&, Arguments);
 
 // A special form receives the rest of its form, unevaluated.
@@ -48,7 +47,7 @@ struct Builtin {
 
 // A registered function: what SUBR and external values point to. Lives as long as the interpreter.
 struct alignas(16) Primitive {
-  // Half the range, so that a count below `least`, which wraps around, is beyond it.
+  // Half the range: a count below `least` wraps around to a greater number and is refused.
   static constexpr std::size_t kUnlimited = ~std::size_t{0} / 2;
 
   SubrFunction subr = nullptr;

@@ -1,4 +1,4 @@
-// What goes wrong in an AutoLISP program, as a C++ exception: message, place and call chain.
+// An error of an AutoLISP program as a C++ exception: message, place and call chain.
 // Thrown to C++ callers after *error* has been called, see Interpreter::fail.
 #pragma once
 
@@ -13,8 +13,8 @@ class Error : public std::runtime_error {
   enum class Kind {
     Failure,    // an ordinary error, vl-catch-all-apply catches it
     Exit,       // (exit) or (quit), likewise
-    Interrupt,  // Interpreter::interrupt(); nothing but the C++ border stops it
-    Syntax      // the text could not be read; file and line say where the open form began
+    Interrupt,  // Interpreter::interrupt(); only the entry points for C++ catch it
+    Syntax      // the text can't be read; file and line say where the open form began
   };
 
   explicit Error(const std::string& message, Kind kind_ = Kind::Failure) : std::runtime_error(message), kind(kind_) {}

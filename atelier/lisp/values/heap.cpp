@@ -101,10 +101,10 @@ void Heap::refill(Kind kind, Value keep1, Value keep2) {
   nextRun(pool);
 }
 
-// Grows with what lives, cells included: a collection has to go through it.
+// Grows with the memory in use, cells included, since a collection has to visit it.
 std::size_t Heap::bytesUntilCollection() const { return std::max({kLeastBytes, bytesKept_, live_ * sizeof(Cell)}); }
 
-// Strings and boxes are small beside what they hold: the rest of a run could take gigabytes.
+// Strings and boxes are small compared with their contents: the rest of a run of cells could stand for gigabytes.
 void Heap::weigh(Kind kind, std::size_t bytes) {
   bytesAllocated_ += bytes;
   if (bytesAllocated_ > bytesUntilCollection()) pools_[kind].end = pools_[kind].next;
@@ -143,7 +143,7 @@ Value Heap::textCell(TextBytes* bytes, std::size_t size, std::size_t characters)
   return Value::pointing(text, Value::kText);
 }
 
-// Fresh pages come slowly: a long string is copied in pieces between which a program can be stopped.
+// Getting new memory pages is slow: a long string is copied in pieces, so that the user can interrupt between them.
 void Heap::append(TextBytes& bytes, std::string_view text) {
   while (!text.empty()) {
     const std::string_view piece = text.substr(0, kPiece);
@@ -227,7 +227,7 @@ void Heap::mark(Value value) {
   }
 }
 
-// A collection of a heap of gigabytes takes longer than a user who stops a program waits.
+// Lets the user interrupt a collection, which takes long for a heap of gigabytes.
 bool Heap::mayGoOn() {
   if (++visited_ % kPairsBetweenLooks == 0) abandoned_ |= roots_.isStopping();
   return !abandoned_;
@@ -283,7 +283,7 @@ void Heap::collect() {
   sweep();
 }
 
-// Nothing is freed by a collection that was left: the next one starts anew.
+// A collection that was interrupted frees nothing; the next one begins from the start.
 void Heap::keepAll() {
   for (std::uintptr_t address : blocks_) {
     Block* block = reinterpret_cast<Block*>(address);
@@ -315,7 +315,7 @@ void Heap::sweepBlock(Block* block) {
 void Heap::sweep() {
   live_ = 0;
   for (Pool& pool : pools_) {
-    // Cells of a run that was handed out but not used up are not marked, hence free again.
+    // The unused cells of the present run are not marked, and so are free again.
     pool.next = pool.end = nullptr;
     pool.block = 0;
     pool.cell = kFirstCell;

@@ -1,6 +1,5 @@
-// The cells of one interpreter: allocation by bumping through free runs, mark and sweep when they are used
-// up. Roots are exact (symbols, stacks, Root objects) plus every word of the machine stack that looks like a
-// cell.
+// The cells of one interpreter: allocated one after the other from free runs, with mark and sweep when these are used
+// up. Roots are symbols, stacks, Root objects, and every word of the machine stack that could point to a cell.
 #pragma once
 
 #include <array>
@@ -14,15 +13,15 @@ namespace atelier::lisp {
 
 class Heap;
 
-// Names its roots to the heap during a collection.
+// Gives the heap its roots during a collection.
 class RootSource {
  public:
   virtual void markRoots(Heap& heap) = 0;
-  // Everything that lives is marked, nothing is freed yet: weak tables drop what is not marked.
+  // Called when all living cells are marked and none is freed yet: weak tables drop cells that aren't marked.
   virtual void afterMarking(Heap& heap) = 0;
-  // Called now and then while much is copied; throws to break it off.
+  // Called now and then during a long copy; may throw to stop it.
   virtual void betweenPieces() = 0;
-  // Asked now and then during a collection: whether to leave it, since the program is being stopped.
+  // Asked now and then during a collection: whether to stop it, because the user has interrupted the program.
   virtual bool isStopping() const = 0;
 
  protected:
@@ -45,14 +44,14 @@ class Heap {
     return cell;
   }
   Value string(std::string_view utf8);
-  // A string of these bytes one after the other; an append when the first part allows it.
+  // The parts joined into one string; appended in place when the first part allows it.
   Value concatenate(const Value* parts, std::size_t count);
-  // `weight`: bytes that the object takes elsewhere, about; they bring the next collection nearer.
+  // `weight`: about the number of bytes that the object uses elsewhere; they count for the time of the next collection.
   Box* box(Value::Tag kind, std::size_t weight = 0);
 
   void collect();
   void mark(Value value);
-  // Marks what the words in [low, high) may point to; from the caller's frame on when `low` is null.
+  // Marks all cells to which the words in [low, high) may point; from the caller's frame on when `low` is null.
   void markConservatively(const void* low, const void* high);
   static bool isMarked(const void* cell);
   std::size_t collections() const { return collections_; }
@@ -65,14 +64,13 @@ class Heap {
   };
   static constexpr std::size_t kBlockSize = std::size_t{1} << 20;
   static constexpr std::size_t kCells = kBlockSize / sizeof(Cell);
-  static constexpr std::size_t kFirstCell = 576;  // what stands before belongs to the marks
+  static constexpr std::size_t kFirstCell = 576;  // the mark bits are before it
   struct Block {
     std::uint64_t marks[kCells / 64];
     Kind kind;
   };
   static_assert(sizeof(Block) <= kFirstCell * sizeof(Cell));
-  // Where the allocation of one kind stands: the free run [next, end), the block and the cell to search on
-  // from.
+  // State of the allocation of one kind: the free run [next, end), and the block and cell from which to search on.
   struct Pool {
     Cell* next = nullptr;
     Cell* end = nullptr;

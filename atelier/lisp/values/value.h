@@ -1,6 +1,5 @@
 // An AutoLISP value in one 64-bit word, and the cells that it may point to.
-// Reals and integers stand in the word itself; everything else is a tagged pointer into the interpreter's
-// heap.
+// Reals and integers are stored in the word itself; all other values are tagged pointers into the interpreter's heap.
 #pragma once
 
 #include <bit>
@@ -40,8 +39,8 @@ struct Primitive;
 //   top bits 0000         a pointer to a 16-byte aligned cell, its kind in the low four bits
 //   0002 .. fffc          an IEEE double, 2^49 added to its bits
 //   fffe                  a 32-bit integer in the low half
-// A Value is copied freely; the interpreter that made it must outlive it, and its collector must see it (see
-// root.h).
+// A Value can be copied freely; the interpreter that made it must outlive it, and its garbage collector must find it
+// (see root.h).
 class Value {
  public:
   constexpr Value() = default;
@@ -164,7 +163,7 @@ struct Text {
   std::uint32_t size, characters;
 };
 
-// Everything that programs make rarely.
+// A cell for rare kinds of values.
 struct Box {
   std::uint64_t kind;  // a Value::Tag, or 0 for a free cell
   union {

@@ -1,5 +1,5 @@
-// Points are mapped to the surface here, in double precision: Cairo's own coordinates are fixed-point and
-// would lose the centimetres of a drawing in national coordinates.
+// Paints a display list. Points are mapped to the surface here, in double precision: Cairo's own coordinates are
+// fixed-point and would lose the centimetres of a drawing in national coordinates.
 #include "atelier/render/painters/cairo_painter.h"
 
 #include <algorithm>
@@ -27,7 +27,7 @@ class Painter {
  public:
   Painter(cairo_t* context, const PaintOptions& options)
       : cr_(context), options_(options), scale_(std::sqrt(std::abs(options.toSurface.determinant()))) {
-    // Beyond a few sheets around the clip geometry is cut before it reaches Cairo.
+    // Geometry is cut a few sheets around the clip before it is given to Cairo.
     guard_ = grown(options.clip, std::max(options.clip.width(), options.clip.height()));
   }
 

@@ -12,12 +12,12 @@
 
 namespace atelier::render {
 
-// Pixels that hold something too small to have a shape: one mark stands for all that falls on it.
+// Pixels with objects too small to have a shape: a pixel is marked once for all of them.
 class TinyMarks {
  public:
   TinyMarks(int width, int height)
       : width_(width), height_(height), seen_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height)) {}
-  // Whether the pixel of that place is inside and was not marked before; it is now.
+  // Marks the pixel at that place; false when it is outside or was marked before.
   bool mark(Pt at) {
     if (!(at.x >= 0 && at.y >= 0 && at.x < width_ && at.y < height_)) return false;
     const auto pixel =
@@ -36,16 +36,16 @@ struct PaintOptions {
   Box clip;                   // surface units: nothing is painted outside
   double thinnest = 0;        // least width of a stroke, surface units
   double greekBelow = 0;      // texts with capitals lower than this, in surface units, become a line: for screens
-  TinyMarks* tiny = nullptr;  // when there: what is smaller than a surface unit becomes a dot, once a place
-  // Of the same picture, when there: thin opaque lines without dashes are set by them, and all is painted from the top
-  // down, each primitive beneath what is there. Lists are then painted from the last to the first.
+  TinyMarks* tiny = nullptr;  // when set: objects smaller than a surface unit become a dot, once per place
+  // When set, they belong to the same picture and draw its thin opaque lines without dashes. All is then painted from the
+  // top down, each primitive beneath those already painted, and lists from the last to the first.
   Hairlines* hairlines = nullptr;
-  std::function<void()> step;  // called before each primitive; throws to break off
+  std::function<void()> step;  // called before each primitive; may throw to stop
   bool embedFonts = false;     // texts as glyphs of their fonts: for PDF and SVG, smaller and searchable
   Colour foreground{0, 0, 0}, background{255, 255, 255};
 };
 
-// Leaves the state of the context as it was. Primitives outside the clip cost next to nothing.
+// The state of the context is restored. Primitives outside the clip cost almost nothing.
 void paint(cairo_t* context, const DisplayList& list, const PaintOptions& options);
 
 // A picture in memory that is painted list by list; see paintPicture. It begins transparent.
@@ -56,7 +56,7 @@ class PictureCanvas {
   PictureCanvas(const PictureCanvas&) = delete;
   PictureCanvas& operator=(const PictureCanvas&) = delete;
   void paint(const DisplayList& list, const PaintOptions& options);
-  // Beneath all that is there.
+  // Paints the background beneath everything.
   void ground(const Colour& colour);
 
  private:
@@ -65,8 +65,7 @@ class PictureCanvas {
 };
 
 // Paints on a picture in memory: width x height pixels of 32 bits, 0xAARRGGBB in the machine's byte order,
-// rows of `stride` bytes; what stood there is covered with the background. Throws PlotError when the sizes
-// make no picture.
+// rows of `stride` bytes; the former contents are covered with the background. Throws PlotError for impossible sizes.
 void paintPicture(unsigned char* pixels, int width, int height, int stride, const DisplayList& list,
                   PaintOptions options);
 

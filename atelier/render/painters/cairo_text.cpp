@@ -1,5 +1,5 @@
-// Cairo's font matrix takes the em square to the surface: ours, times the em in capital heights, y turned
-// over. A run may mix faces, when a font lacks a character: each stretch of one face is shown at once.
+// Cairo's font matrix maps the em square to the surface: our map, times the em in capital heights, with y reversed.
+// A run has several faces when a font lacks a character: each stretch of one face is shown at once.
 #include "atelier/render/painters/cairo_text.h"
 
 #include <cairo-ft.h>
@@ -58,7 +58,7 @@ void setSource(cairo_t* context, const Colour& colour) {
 cairo_font_face_t* EmbeddedFonts::face(const fonts::Face* face) {
   const auto known = faces_.find(face);
   if (known != faces_.end()) return known->second.get();
-  // Faces live until the end of the program, as Cairo asks of them.
+  // Faces live until the end of the program, as Cairo requires.
   Face made(cairo_ft_font_face_create_for_ft_face(static_cast<FT_Face>(face->native()), FT_LOAD_NO_HINTING),
             cairo_font_face_destroy);
   return faces_.emplace(face, std::move(made)).first->second.get();

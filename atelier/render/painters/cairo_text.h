@@ -15,8 +15,8 @@ void setSource(cairo_t* context, const Colour& colour);
 
 class EmbeddedFonts {
  public:
-  // Shows the glyphs (not the bars); map takes the line's capital heights to the surface. False, and nothing
-  // is shown, when the map is degenerate or a font will not serve.
+  // Shows the glyphs, without the bars; `map` maps the line's capital heights to the surface. False, and nothing is shown,
+  // when the map is degenerate or a font can't be used.
   bool show(cairo_t* context, const fonts::TextLine& line, const Affine& map, const Colour& colour);
 
  private:

@@ -1,4 +1,4 @@
-// A line is clipped, then stepped through its longer direction; a thick one is set several times beside itself.
+// A line is clipped, then drawn pixel by pixel along its longer direction; a thick one is drawn several times, shifted.
 // Steps are at most a pixel long: as many of them as a tile is wide touch two tiles in each direction at most.
 #include "atelier/render/painters/hairlines.h"
 
@@ -10,7 +10,7 @@ namespace {
 
 constexpr double kFlatness = 0.5;  // pixels between a curve and its pieces
 constexpr int kMostPieces = 500;
-constexpr int kFraction = 32;  // bits of a coordinate behind the point
+constexpr int kFraction = 32;  // fractional bits of a coordinate
 constexpr int kTileBits = 5, kTile = 1 << kTileBits;
 
 // Liang and Barsky: A New Concept and Method for Line Clipping, ACM Transactions on Graphics 3 (1984).
@@ -46,7 +46,7 @@ Pt cubicAt(Pt from, const Pt* p, double t) {
   return {b0 * from.x + b1 * p[0].x + b2 * p[1].x + b3 * p[2].x, b0 * from.y + b1 * p[0].y + b2 * p[1].y + b3 * p[2].y};
 }
 
-// Into how many straight pieces a curve is cut; 1 when nothing of it is in sight.
+// The number of straight pieces for a curve; 1 when no part of it is visible.
 // Wang: the distance of a cubic from n chords is at most 3/4 of the largest second difference over n^2.
 int piecesOf(Pt from, const Pt* p, double width, double height) {
   const auto [left, right] = std::minmax({from.x, p[0].x, p[1].x, p[2].x});
@@ -59,7 +59,7 @@ int piecesOf(Pt from, const Pt* p, double width, double height) {
   return pieces < kMostPieces ? std::max(1, static_cast<int>(pieces)) : kMostPieces;
 }
 
-// 0xAARRGGBB, multiplied by alpha, below what stands in the pixel.
+// A colour 0xAARRGGBB, multiplied by alpha, put beneath the pixel's present one.
 std::uint32_t below(std::uint32_t above, std::uint32_t value) {
   const std::uint32_t left = 255 - (above >> 24);
   std::uint32_t sum = 0;
@@ -81,7 +81,7 @@ std::size_t Hairlines::tile(Fixed column, Fixed row) const {
   return static_cast<std::size_t>((row >> kTileBits) * tilesAcross_ + (column >> kTileBits));
 }
 
-// Whether all that lies between the two places, less than a tile apart in each direction, is opaque.
+// Whether all pixels between two places less than a tile apart in each direction are opaque.
 bool Hairlines::isHidden(Fixed x1, Fixed y1, Fixed x2, Fixed y2) const {
   const Fixed left = x1 >> kFraction, top = y1 >> kFraction, right = x2 >> kFraction, bottom = y2 >> kFraction;
   if (isOutside(left, top) || isOutside(right, bottom)) return false;

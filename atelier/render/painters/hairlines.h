@@ -1,6 +1,6 @@
-// Lines a pixel or a few wide, set straight into a picture without smoothing: for screens that show so many that it
-// doesn't matter, where smoothing each takes a hundred times as long. A picture is painted from the top down, each line
-// beneath what is there already: most of a crowd is hidden and passed over in pieces.
+// Lines one or a few pixels wide, drawn into a picture without smoothing, which would take a hundred times as long: for
+// views with so many lines that it makes no difference. The picture is painted from the top down, each line beneath
+// those already there: where many lines overlap most are hidden, and hidden stretches are skipped.
 #pragma once
 #include <cstdint>
 #include <vector>
@@ -12,9 +12,9 @@ namespace atelier::render {
 class Hairlines {
  public:
   // Pixels of 32 bits, 0xAARRGGBB in the machine's byte order, colours multiplied by their alpha, rows of `stride`
-  // bytes. Whoever paints beside may only add to their alpha.
+  // bytes. Other painting on the same picture may only increase their alpha.
   Hairlines(unsigned char* pixels, int width, int height, int stride);
-  // The path as `map` takes it to pixels, y downwards; `thickness` in pixels. What is outside or no number is left out.
+  // `map` maps the path to pixels, y downwards; `thickness` is in pixels. Parts outside or not finite are left out.
   void stroke(const Path& path, const Affine& map, const Colour& colour, int thickness);
 
  private:
@@ -27,7 +27,7 @@ class Hairlines {
 
   unsigned char* pixels_;
   int width_, height_, stride_, tilesAcross_;
-  std::vector<std::uint16_t> open_;  // for each tile: pixels that were not seen opaque yet
+  std::vector<std::uint16_t> open_;  // for each tile: pixels not known to be opaque
   std::uint32_t value_ = 0;
   int thickness_ = 1;
 };

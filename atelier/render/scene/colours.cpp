@@ -1,5 +1,5 @@
 // The colour index as a formula: hue by tens, five levels, each pure or faded by two thirds.
-// Hue h (0..23) stands at 15 degrees times h on the colour circle; levels are those of the usual table.
+// Hue h (0..23) is at 15 degrees times h on the colour circle; levels are those of the usual table.
 #include "atelier/render/scene/colours.h"
 
 #include <array>

@@ -1,5 +1,5 @@
 // Block references with their arrays and attributes, tables, and dimensions through their blocks.
-// What a reference gives its content: place, "by block" properties, and its layer to what is on layer 0.
+// A reference gives its contents their place, the "by block" properties, and its layer to those on layer 0.
 #include <algorithm>
 #include <cmath>
 
@@ -31,7 +31,7 @@ Placement within(SceneBuilder& scene, const Entity& e) {
 }
 
 double rotationOf(const Groups& g) {
-  // A table is placed by the direction of its rows.
+  // The angle of a table is that of its rows.
   if (g.text(0) != "ACAD_TABLE" || !g.has(11)) return g.radians(50);
   const AcGePoint3d direction = g.point(11);
   return std::atan2(direction.y, direction.x);
@@ -71,7 +71,7 @@ void drawArray(SceneBuilder& scene, const Entity& e, AcDbStub& block) {
 void drawInsert(SceneBuilder& scene, const Entity& e) {
   if (AcDbStub* block = blockOf(scene, e)) drawArray(scene, e, *block);
   else scene.cannotShow("référence à un bloc absent : " + std::string(e.groups.text(2)));
-  // Attributes stand where the reference stands, not inside the block.
+  // Attributes are placed beside the reference, not transformed with the block.
   const Placement beside = within(scene, e);
   for (AcDbStub* attribute : scene.children(e.stub)) scene.entity(*attribute, beside);
 }

@@ -1,5 +1,5 @@
 // Lines, arcs, ellipses, splines, points, endless lines, and the small filled or framed faces.
-// Points of lines, ellipses, splines and faces are in the world; those of circles and solids in their plane.
+// Points of lines, ellipses, splines and faces are in world coordinates, those of circles and solids in their plane.
 #include <cmath>
 #include <numbers>
 
@@ -93,7 +93,7 @@ void drawSpline(SceneBuilder& scene, const Entity& e) {
 void drawPoint(SceneBuilder& scene, const Entity& e) {
   const HeaderVariables& header = scene.database().header;
   const int mode = static_cast<int>(header.integer("$PDMODE", 0));
-  // A negative size is a share of the screen: on paper the fixed size serves.
+  // A negative size is a share of the screen: on paper the fixed size is used.
   const double size = std::fmax(header.real("$PDSIZE", 0), 0);
   if ((mode & 127) == 1) return;
   scene.add(e, Dot{e.world(e.groups.point(10)), scene.pen(e), mode, size});
@@ -108,7 +108,7 @@ void drawUnbounded(SceneBuilder& scene, const Entity& e) {
 void drawSolid(SceneBuilder& scene, const Entity& e) {
   const AcGePoint3d third = e.groups.point(12);
   Path path;
-  // Stored in a zigzag: the fourth corner stands before the third on the outline.
+  // The corners are stored in a zigzag: on the outline the fourth comes before the third.
   for (const AcGePoint3d& corner :
        {e.groups.point(10), e.groups.point(11), e.groups.has(13) ? e.groups.point(13) : third, third})
     path.lineTo(planePoint(corner));

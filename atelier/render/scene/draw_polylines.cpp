@@ -1,5 +1,5 @@
-// Polylines, light and with vertex entities: widths, bulges, curve fits, meshes; and leaders.
-// A line type starts again at each vertex unless the polyline says that it runs through (flag 128).
+// Polylines, lightweight and with vertex entities: widths, bulges, curve fits, meshes; and leaders.
+// A line type starts again at each vertex unless the polyline's flag 128 says that it continues.
 #include <algorithm>
 #include <cmath>
 
@@ -55,7 +55,7 @@ void planePolyline(SceneBuilder& scene, const Entity& e, const std::vector<PolyV
 
   if (!wide && (!e.look.pattern || (flags & PolylineFlags::kRunsThrough)))
     return scene.stroke(e, polylinePath(vertices, closed).mapped(map));
-  // Segment by segment: those with a width are already there as areas.
+  // The other segments; those with a width have been drawn as areas.
   Path path;
   const std::size_t n = vertices.size(), segments = n < 2 ? 0 : closed ? n : n - 1;
   for (std::size_t i = 0; i < segments; ++i) {
@@ -104,7 +104,7 @@ void drawMesh(SceneBuilder& scene, const Entity& e) {
   scene.stroke(e, std::move(path));
 }
 
-// Vertices first, then faces that name them by number from 1; a negative number hides the edge that follows.
+// First the vertices, then faces with the numbers of their vertices, from 1; a negative one hides the next edge.
 void drawPolyface(SceneBuilder& scene, const Entity& e) {
   std::vector<Pt> points;
   Path path;
@@ -152,7 +152,7 @@ void drawLeader(SceneBuilder& scene, const Entity& e) {
   const Pt along = points[1] - points[0];
   const double length = std::hypot(along.x, along.y);
   if (e.groups.integer(71, 1) == 0 || length == 0) return;
-  // The arrow head as the dimension variables of the drawing size it, a third as wide as long.
+  // The size of the arrow head is set by the drawing's dimension variables; it is a third as wide as long.
   const HeaderVariables& header = scene.database().header;
   const double size = std::fmin(header.real("$DIMASZ", 0.18) * header.real("$DIMSCALE", 1), length / 2) / length;
   const Pt across{-along.y, along.x};

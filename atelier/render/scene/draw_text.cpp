@@ -1,6 +1,6 @@
 // Texts, attributes and paragraphs.
-// A justified text is set anew from its alignment point with our own metrics: the stored position belongs to
-// the fonts of whoever wrote the file.
+// A justified text is placed from its alignment point with our own metrics: the stored position fits the fonts of the
+// program that wrote the file.
 #include <cmath>
 
 #include "atelier/database/records/flags.h"
@@ -53,7 +53,7 @@ Setting settingOf(SceneBuilder& scene, const Entity& e, std::string_view text, i
   }
   if (horizontal == AcDb::kTextLeft && vertical == AcDb::kTextBase) return s;
   s.at = {second.x, second.y};
-  // By the ink, as extents and fits are measured: a text that fills its cell must not touch one side more.
+  // Placed by its ink, as extents are measured: a text that fills its cell then has equal room on both sides.
   if (const Box ink = inkOf(scene, s, text); !ink.empty()) {
     if (horizontal == AcDb::kTextCenter || horizontal == AcDb::kTextMid) s.offset.x = -(ink.xMin + ink.xMax) / 2;
     if (horizontal == AcDb::kTextRight) s.offset.x = -ink.xMax;
@@ -136,7 +136,7 @@ void drawAttribute(SceneBuilder& scene, const Entity& e) {
   drawString(scene, e, e.groups.text(1), 74);
 }
 
-// On its own a definition shows its tag; in a block only a constant one is seen, with its value.
+// Outside blocks a definition shows its tag; in a block only a constant one is shown, with its value.
 void drawAttributeDefinition(SceneBuilder& scene, const Entity& e) {
   if (e.at.depth == 0) return drawString(scene, e, e.groups.text(2), 74);
   if (e.groups.integer(70) & AttributeFlags::kConstant) drawAttribute(scene, e);

@@ -1,4 +1,4 @@
-// A flat view of a record: which groups are data of the entity itself.
+// Finds the groups of a record that are data of the entity itself.
 #include "atelier/render/scene/groups.h"
 
 #include <numbers>

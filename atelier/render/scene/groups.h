@@ -1,5 +1,5 @@
-// Reading the groups of an entity without regard to subclass marks: the first group of a code counts, lists
-// in braces, embedded objects and XDATA are left out. Angles in a record are in degrees.
+// Reads the groups of an entity without regard to subclass marks: the first group of a code counts; lists in braces,
+// embedded objects and XDATA are left out. Angles in a record are in degrees.
 #pragma once
 
 #include <span>

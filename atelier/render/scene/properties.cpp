@@ -1,5 +1,5 @@
-// Groups of tables into looks.
-// Transparency (group 440, XDATA of layers): the highest byte says how it is given, the lowest the opacity.
+// Works out the look of an entity from its groups and the tables.
+// Transparency (group 440, XDATA of layers): the highest byte is its kind, the lowest the opacity.
 #include "atelier/render/scene/properties.h"
 
 #include <algorithm>
@@ -16,8 +16,7 @@ namespace {
 constexpr double kDefaultWeightMm = 0.25;
 constexpr std::uint32_t kAlphaByBlock = 0x01, kAlphaByValue = 0x02;
 
-// Line weights are hundredths of a millimetre; the negative ones that are no rule of inheritance are the
-// default.
+// Line weights are hundredths of a millimetre; negative ones other than "by layer" and "by block" mean the default.
 double weightMm(std::int64_t stored) { return stored < 0 ? kDefaultWeightMm : static_cast<double>(stored) / 100; }
 
 void setAlpha(Colour& colour, std::int64_t transparency) {
@@ -25,8 +24,8 @@ void setAlpha(Colour& colour, std::int64_t transparency) {
   if (bits >> 24 == kAlphaByValue) colour.alpha = static_cast<std::uint8_t>(bits);
 }
 
-// Dashes and gaps by turns, from elements of either sign: equal signs in a row are joined, a gap in front
-// goes to the end.
+// Alternating dashes and gaps from elements of any sign: neighbours of equal sign are joined, a leading gap is moved to
+// the end.
 Pattern alternating(const std::vector<double>& elements) {
   Pattern out;
   bool dash = false;  // kind of the last element of out

@@ -1,4 +1,4 @@
-// What entities take from their layer, their block and the drawing: colour, line weight, line type, text
+// Properties that entities get from their layer, their block and the drawing: colour, line weight, line type, text
 // style. Inner header of the room; tables of the drawing are read once and kept.
 #pragma once
 
@@ -22,18 +22,17 @@ struct Layer {
   bool off = false, frozen = false, plotted = true;
 };
 
-// The look of an entity when nothing is left to look up.
+// The look of an entity, with all inherited properties resolved.
 struct Look {
   Colour colour = kForeground;
   double weightMm = 0.25;
   const Pattern* pattern = nullptr;  // null: continuous
   double patternScale = 1;           // drawing and entity factors
-  bool hidden = false;               // its layer is off or frozen, or it says so
-  bool frozen = false;               // so is all that it holds
+  bool hidden = false;               // it is invisible itself, or its layer is off or frozen
+  bool frozen = false;               // its contents are hidden, too
 };
 
-// What the entities of a block take from the reference: "by block" properties, and its layer for those on
-// layer 0.
+// Properties that the entities of a block get from the reference: those "by block", and its layer for those on layer 0.
 struct Inherited {
   const Layer* layer = nullptr;
   Look look;
@@ -51,7 +50,7 @@ class Properties {
 
   const Layer& layer(std::string_view name);
   Look look(const Groups& entity, const Inherited& from);
-  // The layer that counts for an entity: that of the reference for layer 0.
+  // The effective layer of an entity: for layer 0 that of the reference.
   const Layer& layerOf(const Groups& entity, const Inherited& from);
   const TextStyle& textStyle(std::string_view name);
   // Null when the pattern is empty or the scale is not positive.

@@ -43,7 +43,7 @@ constexpr Kind kKinds[] = {
     {"LARGE_RADIAL_DIMENSION", drawDimension},
     {"HATCH", drawHatch},
 };
-// Frames on a sheet and the like: nothing to see in the model space.
+// Types without anything to draw in the model space.
 constexpr std::string_view kInvisible[] = {"VIEWPORT", "SEQEND", "VERTEX", "LIGHT", "SUN"};
 
 DisplayList drawAll(const AcDbDatabase& database, std::span<AcDbStub* const> entities, const SceneOptions& options) {
@@ -51,7 +51,7 @@ DisplayList drawAll(const AcDbDatabase& database, std::span<AcDbStub* const> ent
   try {
     for (AcDbStub* stub : entities) builder.entity(*stub, {});
   } catch (const fonts::FontError& error) {
-    throw PlotError(std::string("aucune police n'est installée (") + error.what() + ")");
+    throw PlotError(error.what());
   }
   return builder.finish();
 }
@@ -59,8 +59,8 @@ DisplayList drawAll(const AcDbDatabase& database, std::span<AcDbStub* const> ent
 }  // namespace
 
 namespace {
-// What blocks and arrays may make of a drawing: so many times what it holds, and at least this much. A small file that
-// unfolds to billions ends in seconds; a large one that shows its blocks by the thousand is drawn whole.
+// The most primitives that blocks and arrays may produce: so many times the number of entities, and at least this many.
+// A small file that stands for billions then ends in seconds; a large one with thousands of references is drawn whole.
 constexpr std::size_t kUnfolding = 50, kLeastPrimitives = 200'000;
 }  // namespace
 
@@ -103,7 +103,7 @@ void SceneBuilder::entity(AcDbStub& stub, const Placement& at) {
   if (stopped_ || stub.is(AcDbStub::kErased)) return;
   if (!roomLeft()) return;
   if (options_.step) options_.step();
-  const AcDbEntityPointer held(idOf(&stub));  // what its block holds must not push it out of memory meanwhile
+  const AcDbEntityPointer held(idOf(&stub));  // so that parsing its block doesn't drop it from memory
   const Record& record = AcDbImpObject::of(&database_.object(stub)).settled();
   Groups groups(record);
   Look look = properties_.look(groups, at.inherited);
@@ -119,7 +119,7 @@ void SceneBuilder::draw(const Entity& e) {
       cannotShow("entité de type " + std::string(type) + " non représentée");
     return;
   }
-  // A reference on a layer that is off still shows what it holds on other layers.
+  // A reference on a layer that is off still shows its contents on other layers.
   const bool holds = kind->draw == drawInsert || kind->draw == drawDimension;
   if (holds ? !e.look.frozen : !e.look.hidden) kind->draw(*this, e);
 }
@@ -128,7 +128,7 @@ void SceneBuilder::block(AcDbStub& record, const Placement& at) {
   if (at.depth > options_.deepest)
     return cannotShow("bloc imbriqué au-delà de " + std::to_string(options_.deepest) + " niveaux");
   if (std::ranges::find(open_, &record) != open_.end()) return cannotShow("bloc qui se contient lui-même");
-  // An empty block counts as well: billions of them must come to an end.
+  // An empty block counts, too, so that billions of them come to an end.
   if (!roomLeft() || !record.children) return;
   open_.push_back(&record);
   for (AcDbStub* stub : *record.children) {

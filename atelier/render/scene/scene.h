@@ -1,5 +1,5 @@
-// A drawing as a display list, seen from above: colours, line weights and line types resolved, blocks
-// unfolded. Start of the road from a database to a plot or a screen.
+// A drawing as a display list, seen from above: colours, line weights and line types are resolved, block references
+// replaced by their contents. The first step from a database to a plot or a screen.
 #pragma once
 
 #include <functional>
@@ -19,15 +19,14 @@ struct SceneOptions {
   std::size_t mostPrimitives = 2'000'000;  // then the drawing stops with a warning; visits of entities: ten
                                            // times as many
   int deepest = 40;                        // blocks within blocks
-  std::function<void()> step = {};         // called for each entity; throws to break off
+  std::function<void()> step = {};         // called for each entity; may throw to stop
 };
 
 // The options of a plot: the user may interrupt it.
 SceneOptions forPlot();
 
-// The model space, in drawing order. Never fails on what an entity holds: what cannot be shown is counted in
-// the list's warnings (French). Throws PlotError when no font is installed. Objects of the drawing are
-// parsed, not changed.
+// The model space, in drawing order. Faulty entities never make it fail: what can't be shown is counted in the list's
+// warnings (French). Throws PlotError when no font is installed. Objects of the drawing are parsed, not changed.
 DisplayList drawScene(const AcDbDatabase& database, const SceneOptions& options = {});
 
 // These entities only, as the model space would show them: what the desktop refreshes or highlights.

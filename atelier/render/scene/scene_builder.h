@@ -1,4 +1,4 @@
-// The builder that the drawing functions of entities share. Inner header of the room.
+// The builder that all drawing functions of entities use. Inner header of the room.
 // A drawing function gets an Entity and hands paths in the entity's own plane to the builder.
 #pragma once
 
@@ -10,7 +10,7 @@
 
 namespace atelier::render {
 
-// Where the entities of a block go, and what they inherit.
+// Where the entities of a block are drawn, and what they inherit.
 struct Placement {
   AcGeMatrix3d toWorld;
   Inherited inherited;
@@ -39,8 +39,8 @@ class SceneBuilder {
 
   // Draws a stub that is not erased; a child of a block, an attribute of a reference.
   void entity(AcDbStub& stub, const Placement& at);
-  // The entities of a block, at a placement within it. No effect beyond the depth and count limits, or inside
-  // itself.
+  // Draws the entities of a block at a placement. Does nothing beyond the limits of depth and number, or for a block
+  // inside itself.
   void block(AcDbStub& record, const Placement& at);
 
   void stroke(const Entity& e, Path path);
@@ -49,7 +49,7 @@ class SceneBuilder {
   void add(const Entity& e, std::variant<Stroke, Fill, GlyphRun, Unbounded, Dot> shape);
   Pen pen(const Entity& e);
 
-  // A French sentence, counted: said once with the number of entities.
+  // Adds a warning, a French sentence; it is given once, with the number of entities.
   void cannotShow(const std::string& what);
 
   AcDbImpDatabase& database() { return database_; }
@@ -79,7 +79,7 @@ class SceneBuilder {
 
 using DrawFunction = void (*)(SceneBuilder&, const Entity&);
 
-// One for each kind of entity; scene.cpp ties them to the types.
+// One function for each kind of entity; the table in scene.cpp gives the types.
 void drawLine(SceneBuilder& scene, const Entity& e);
 void drawCircle(SceneBuilder& scene, const Entity& e);
 void drawArc(SceneBuilder& scene, const Entity& e);

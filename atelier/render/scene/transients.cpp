@@ -1,5 +1,5 @@
 // Vectors as strokes; those that a later vector of colour 0 covers are left out.
-// On paper they are as thin as a pen goes.
+// On paper they have the least line width.
 #include "atelier/render/scene/transients.h"
 
 #include <algorithm>

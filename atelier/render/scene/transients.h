@@ -6,7 +6,7 @@
 
 namespace atelier::render {
 
-// Appends the vectors, latest on top. Colour 0 takes away what was drawn before at the same place.
+// Appends the vectors, the latest on top. Colour 0 removes vectors drawn before at the same place.
 void addTransients(DisplayList& list, const Transients& transients);
 
 }  // namespace atelier::render

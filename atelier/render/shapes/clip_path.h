@@ -1,4 +1,4 @@
-// Cutting to a box, so that what lies far outside the sheet neither overflows the surface nor costs time.
+// Cuts paths to a box, so that parts far outside the sheet neither overflow the surface nor cost time.
 #pragma once
 
 #include "atelier/render/shapes/primitives.h"
@@ -11,8 +11,8 @@ bool clip(const Unbounded& line, const Box& box, Pt& from, Pt& to);
 // The stroked path without what lies outside the box. Curves inside stay curves.
 Path clipStroke(const Path& path, const Box& box);
 
-// The area of the path within the box; curves become chords within `tolerance`. Along the sides of the box
-// edges may lie on each other: harmless to a fill by either rule.
+// The area of the path within the box; curves become chords within `tolerance`. Edges may coincide along the sides of
+// the box, which doesn't matter for filling by either rule.
 Path clipFill(const Path& path, const Box& box, double tolerance);
 
 }  // namespace atelier::render

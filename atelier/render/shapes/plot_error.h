@@ -1,4 +1,4 @@
-// Errors of plotting: what the user asked for and what stands in the way, in French.
+// Errors of plotting, in French: what the user asked for and why it isn't possible.
 #pragma once
 
 #include "atelier/base/error.h"

@@ -1,5 +1,5 @@
-// The display list: what a drawing looks like in plan, as strokes, fills and glyph runs in drawing units.
-// Whoever paints walks it in order; each primitive remembers the object it comes from, for picking.
+// The display list: the picture of a drawing in plan, as strokes, fills and glyph runs in drawing units.
+// A painter paints it in order; each primitive names the object it comes from, for picking.
 #pragma once
 
 #include <cstdint>
@@ -30,7 +30,7 @@ struct Colour {
 constexpr Colour kForeground{0, 0, 0, Colour::Kind::foreground};
 constexpr Colour kBackground{255, 255, 255, Colour::Kind::background};
 
-// Dashes and gaps by turns in drawing units, a dash first; a dash of 0 is a dot. Shared by all that use it.
+// Alternating dashes and gaps in drawing units, a dash first; a dash of 0 is a dot. Shared by all users.
 using Dashes = std::shared_ptr<const std::vector<double>>;
 
 struct Pen {
@@ -50,14 +50,14 @@ struct Fill {
   bool evenOdd = true;  // else the nonzero rule
 };
 
-// Glyphs of one line and its bars; map takes the line's capital heights to drawing units.
+// Glyphs of one line and its bars; `map` maps the line's capital heights to drawing units.
 struct GlyphRun {
   fonts::TextLine line;
   Affine map;
   Colour colour = kForeground;
 };
 
-// A line without an end, or with one: cut by the painter to what is seen.
+// A line with no end or only one: the painter cuts it to the visible part.
 struct Unbounded {
   Pt base, direction;
   bool bothWays = true;
@@ -81,13 +81,13 @@ struct Primitive {
 
 class DisplayList {
  public:
-  // Computes the box. A shape with nothing to draw, or with a coordinate that is not finite, is passed over.
+  // Adds a shape and computes its box. A shape with nothing to draw, or with a coordinate not finite, is left out.
   void add(std::uint64_t source, std::variant<Stroke, Fill, GlyphRun, Unbounded, Dot> shape);
 
   const std::vector<Primitive>& items() const { return items_; }
   // Of all primitives that have an end.
   const Box& bounds() const { return bounds_; }
-  // What could not be shown, for the user (French), each once.
+  // What can't be shown, for the user (French), each sentence once.
   std::vector<std::string> warnings;
 
  private:

@@ -42,7 +42,7 @@ void addBulge(Path& path, Pt from, Pt to, double bulge) {
   const Pt chord = to - from;
   const double length = std::hypot(chord.x, chord.y);
   if (!(std::abs(bulge) > 1e-12) || !std::isfinite(bulge) || length == 0) return path.lineTo(to);
-  // The centre stands on the chord's normal; at (1 - b²)/(4b) chords from its middle, to the left.
+  // The centre is on the chord's normal, (1 - b²)/(4b) chords to the left of its middle.
   const double k = (1 - bulge * bulge) / (4 * bulge);
   const Pt centre = from + (0.5 * chord + k * Pt{-chord.y, chord.x});
   const Pt arm = from - centre;

@@ -34,8 +34,8 @@ struct PolyVertex {
 Path polylinePath(std::span<const PolyVertex> vertices, bool closed);
 // Whether some segment has a width.
 bool isWide(std::span<const PolyVertex> vertices, bool closed);
-// The area that a wide polyline covers, for the nonzero rule: joints of straight segments are mitred, those
-// too sharp bevelled. Segments without width are left out: stroke them as well.
+// The area that a wide polyline covers, for the nonzero rule: joints of straight segments are mitred, too sharp ones
+// bevelled. Segments without width are left out: they must be stroked.
 Path wideArea(std::span<const PolyVertex> vertices, bool closed);
 
 }  // namespace atelier::render

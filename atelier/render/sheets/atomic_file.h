@@ -1,4 +1,4 @@
-// A plot's file, there whole or not at all: the way drawings are saved, for writers that can't throw.
+// A plot's file, written completely or not at all, as drawings are; for writers that can't throw.
 #pragma once
 
 #include <string>
@@ -14,8 +14,8 @@ class AtomicFile {
 
   // False once a write has failed.
   bool write(const void* bytes, std::size_t count);
-  // Flushes to the disk and puts the file in its place. Throws PlotError; the target is then as it was. Without it
-  // nothing remains.
+  // Flushes to the disk and replaces the target. Throws PlotError; the target is then unchanged. Without commit() no file
+  // remains.
   void commit();
 
  private:

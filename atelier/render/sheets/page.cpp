@@ -1,5 +1,5 @@
-// Choosing a sheet and placing the drawing on it.
-// Everything is decided from the size of the content in millimetres on paper.
+// Chooses a sheet and places the drawing on it.
+// All depends on the size of the content in millimetres on paper.
 #include "atelier/render/sheets/page.h"
 
 #include <algorithm>
@@ -115,7 +115,7 @@ void place(Page& page, const Box& content, double perUnit, double margin) {
   page.view.add(back(page.clipMm.xMax, page.clipMm.yMax));
 }
 
-// A window is a frame: what lies outside it is not plotted, even where the sheet has room.
+// A window is a frame: nothing outside it is plotted, even where the sheet has room.
 void clipToWindow(Page& page, const Box& window) {
   const Box onPage = fonts::rectangle(window).bounds(page.toPage);
   const auto cut = [](Box& box, const Box& by) {

@@ -1,4 +1,4 @@
-// The sheet: size, orientation, scale, and where the drawing stands on it.
+// The sheet: size, orientation, scale, and the place of the drawing on it.
 // Page coordinates are millimetres from the top left corner, y downwards.
 #pragma once
 
@@ -30,7 +30,7 @@ struct PlotRequest {
 struct Page {
   double widthMm = 0, heightMm = 0;
   Affine toPage;                      // drawing units to page millimetres
-  Box clipMm;                         // what may be inked, page millimetres
+  Box clipMm;                         // the part to print on, page millimetres
   Box view;                           // the same in drawing units
   double scale = 1;                   // denominator in force
   std::vector<std::string> warnings;  // French
@@ -45,11 +45,10 @@ Box parseWindow(std::string_view text);
 // Points per inch of a picture, within the limits.
 double parseDpi(std::string_view text);
 
-// Landscape when the content is wider than high. Content goes to the middle of the sheet. A drawing that does
-// not fit a sheet that was asked for is centred and cut at the margins, with a warning that names a scale and
-// a sheet that would do. Without a sheet, one beyond A0 is a roll cut to length. Nothing to draw gives a
-// blank sheet and a warning. Throws PlotError when no sheet can be made (a roll above 5 m, margins larger
-// than the sheet).
+// Landscape when the content is wider than high. The content is centred on the sheet. A drawing that doesn't fit the
+// sheet asked for is cut at the margins, with a warning that names a scale and a sheet that would fit. When no sheet is
+// asked for, a drawing larger than A0 gets a roll cut to length. Without content the sheet is blank, with a warning.
+// Throws PlotError when no sheet is possible (a roll above 5 m, margins larger than the sheet).
 Page layOutPage(const Box& content, const PlotRequest& request);
 
 }  // namespace atelier::render

@@ -1,5 +1,5 @@
 // Cairo's PDF surface, page by page.
-// Each page has a size of its own; Cairo takes it before anything is painted.
+// Each page has its own size, which Cairo must know before anything is painted.
 #include "atelier/render/sheets/pdf_file.h"
 
 #include <cairo-pdf.h>

@@ -12,10 +12,10 @@ namespace atelier::render {
 
 // Cairo's stream into an AtomicFile.
 cairo_status_t toAtomicFile(void* file, const unsigned char* bytes, unsigned int count);
-// Throws PlotError for a failure of Cairo's own; one of writing is told by commit(), with the system's reason.
+// Throws PlotError for a failure of Cairo itself; commit() reports failures of writing, with the system's reason.
 void checkCairo(cairo_status_t status, const std::string& file);
 
-// Forgets what was painted on the current page: Cairo goes through all of it once more when a surface ends.
+// Drops what was painted on the current page: Cairo would process all of it once more when the surface ends.
 void dropPage(cairo_surface_t* surface);
 
 class PdfFile {
@@ -27,11 +27,11 @@ class PdfFile {
   ~PdfFile();
   PdfFile(const PdfFile&) = delete;
   PdfFile& operator=(const PdfFile&) = delete;
-  // Ends the page before and begins one of this size, in millimetres.
+  // Ends the previous page and begins one of this size, in millimetres.
   void beginPage(double widthMm, double heightMm);
   // The current page, in points from its top left corner.
   cairo_t* context() const { return context_.get(); }
-  // Ends the last page and puts the file in its place. Throws PlotError; the target is then as it was.
+  // Ends the last page and replaces the target. Throws PlotError; the target is then unchanged.
   void finish();
 
  private:

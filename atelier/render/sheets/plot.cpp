@@ -1,4 +1,4 @@
-// One way for each kind of file; all write through the same stream into an atomic file.
+// One function for each kind of file; all write through the same stream into an atomic file.
 // Vector surfaces are in points, pictures in pixels.
 #include "atelier/render/sheets/plot.h"
 

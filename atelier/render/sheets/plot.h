@@ -15,8 +15,8 @@ struct PlotOptions {
 };
 
 // The kind follows the extension of the file: .pdf .svg .png, letter case ignored. Gives the warnings of the
-// list and of the page, French, to be shown. Throws PlotError: unknown extension, page that cannot be made,
-// picture too large, file that cannot be written (what stood there stays).
+// list and of the page, in French. Throws PlotError for an unknown extension, a page that isn't possible, a picture too
+// large, or a file that can't be written (the old one is then unchanged).
 std::vector<std::string> plot(const DisplayList& list, const std::string& file, const PlotOptions& options);
 
 // drawScene and plot.

@@ -1,5 +1,5 @@
-// etendue-tracee and tracer-feuilles: what entities cover as they are drawn, and sheet sets.
-// The front-end decides what stands on a sheet; see frontal/feuilles/plv-feuilles.lsp.
+// etendue-tracee and tracer-feuilles: the extent of entities as they are drawn, and sheet sets.
+// The front-end decides what is on a sheet; see frontal/feuilles/plv-feuilles.lsp.
 #include "atelier/render/sheets/plot_builtins.h"
 
 #include "atelier/database/objects/stub.h"
@@ -31,7 +31,7 @@ Value extentsDrawn(Interpreter& in, Arguments arguments) {
   }
 }
 
-// The numbers of a list, at least so many; lists in it are passed over.
+// The numbers of a list, at least so many; lists in it are left out.
 std::vector<double> numbersOf(Interpreter& in, Value list, std::size_t least) {
   std::vector<double> numbers;
   for (const Value item : Items(lisp::listArgument(in, list)))

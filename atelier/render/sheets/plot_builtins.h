@@ -1,4 +1,4 @@
-// AutoLISP functions for plots, for every drawing opened after the call.
+// Adds the AutoLISP functions for plots to every drawing opened after the call.
 #pragma once
 
 namespace atelier::render {

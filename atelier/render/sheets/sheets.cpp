@@ -1,5 +1,5 @@
 // Composing pages: the template's display list with its texts replaced, then each view clipped to its window.
-// Texts are replaced in the template's bytes before it is read, so that titles, attributes and paragraphs are all alike.
+// Marks are replaced in the template's bytes before it is read, so that all kinds of texts are treated alike.
 #include "atelier/render/sheets/sheets.h"
 
 #include <algorithm>
@@ -23,7 +23,7 @@ namespace atelier::render {
 namespace {
 
 constexpr double kHairlineMm = 0.09;
-constexpr double kSlackMm = 0.05;  // a view is not refused for less than this
+constexpr double kSlackMm = 0.05;  // a view may be larger than the room by this
 constexpr double kCutOverhangMm = 3;
 
 // Characters beyond ASCII as \U+XXXX, which every version of the format reads; no line ends inside a group.
@@ -54,7 +54,7 @@ std::string replaced(std::string bytes, const std::vector<std::pair<std::string,
   return bytes;
 }
 
-// A template opened with its texts replaced; the bytes live as long as the database.
+// A template opened with its marks replaced; the bytes live as long as the database.
 struct OpenTemplate {
   OpenTemplate(const Template& model, const std::vector<std::pair<std::string, std::string>>& texts)
       : bytes(replaced(model.bytes, texts)), database(false) {
@@ -87,7 +87,7 @@ class Composer {
   // Millimetres of the template to those of the page, from its top left corner.
   Affine paper() const { return {1, 0, 0, -1, -model_.sheet.xMin, model_.sheet.yMax}; }
 
-  // What lies in the window, by a map to the page.
+  // Draws the part in the window with a map to the page.
   void show(const DisplayList& list, const Affine& toPage, const Box& windowMm) const {
     PaintOptions options;
     options.toSurface = Affine::scaling(PdfFile::kPointsPerMm, PdfFile::kPointsPerMm) * toPage;
@@ -126,7 +126,7 @@ class Composer {
  private:
   static std::string millimetres(double value) { return std::to_string(std::lround(value)); }
 
-  // Dash-dotted, a little longer than asked for.
+  // Draws a match line, dash-dotted and a little longer than given.
   void matchLine(const MatchLine& cut, const Affine& toPage) const {
     Box line = fonts::rectangle(Box{cut.x, cut.yMin, cut.x, cut.yMax}).bounds(toPage);
     line.yMin -= kCutOverhangMm, line.yMax += kCutOverhangMm;

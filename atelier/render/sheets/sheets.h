@@ -1,6 +1,6 @@
 // Sheets of a set: parts of a drawing at scale on pages with the frame and the title block of a template drawing.
-// A template is drawn in millimetres of paper. A closed polyline on its layer FEUILLE is the edge of the sheet, one on its
-// layer DESSIN the room for the drawing; neither is plotted. Marks such as <FEUILLE> in its texts are replaced.
+// A template is drawn in millimetres of paper. A closed polyline on its layer FEUILLE is the edge of the sheet, one on
+// its layer DESSIN the room for the drawing; neither is plotted. Marks such as <FEUILLE> in its texts are replaced.
 #pragma once
 
 #include <string>
@@ -27,7 +27,7 @@ struct Sheet {
   double scale = 1000;  // denominator; a drawing unit is a metre
   // Side by side from the left of the room, their tops on one line; the whole is centred in height.
   std::vector<SheetView> views;
-  std::vector<std::pair<std::string, std::string>> texts;  // a mark and what takes its place, UTF-8
+  std::vector<std::pair<std::string, std::string>> texts;  // a mark and the text that replaces it, UTF-8
 };
 
 struct Template {
@@ -39,8 +39,8 @@ struct Template {
 // Throws FileError when the file can't be read, PlotError when it lacks one of the two polylines.
 Template readTemplate(const std::string& file);
 
-// Writes the sheets as the pages of a PDF, whole or not at all. Gives warnings, French. Throws PlotError: no sheet, a view that
-// has no size or is larger than the room, a file that can't be written.
+// Writes the sheets as the pages of a PDF, completely or not at all. Gives warnings, in French. Throws PlotError for no
+// sheets, a view without size or larger than the room, or a file that can't be written.
 std::vector<std::string> plotSheets(const AcDbDatabase& drawing, const Template& model,
                                     const std::vector<Sheet>& sheets, const std::string& file);
 

@@ -1,5 +1,5 @@
-;; Entities that should not be there: erased, locked, of another class, degenerate, out of a broken file. Every function
-;; that takes curves meets each of them; nothing crashes, and the records stay well formed.
+;; Faulty entities: erased, locked, of another class, degenerate, from a broken file. Every function that takes curves is
+;; called with each of them; nothing crashes, and the records stay well formed.
 
 (commun
   (fichier "g.csv" "0;52\n40;53\n100;51\n200;52\n")
@@ -62,7 +62,7 @@
 (passe (plv-pc p "S" 60.0 nil))
 ;; The wrong classes were taken into a record by name; that is what the audit is for.
 (dit (plv-audit) (sauf "P08" "P02"))
-;; The good line is whole: cut at the planes, every altitude as it was drawn.
+;; The good line is complete: cut at the planes, with every altitude as drawn.
 ((equal (pl_yat bonne 20.0) 61.0 1e-9) T)
 
 (situation "RecordsOfAnotherProgramAreFound")
@@ -78,5 +78,5 @@
 (preparer (plv-ecrire-enregistrement (plv-support p "AEp") cle groupes))
 (dit (setq constats (plv-audit)) code)
 (constats nombre)
-;; what the module would read for ever is refused before it is asked to
+;; a record that the module would read for ever is refused first
 ((not (not (plv-pc p "A" 60.0 44.0))) change)

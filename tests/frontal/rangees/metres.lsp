@@ -28,7 +28,7 @@
 ;; hatching again replaces the hatches
 (preparer (setq n (combien "HATCH")) (mesurer nil T))
 ((= (combien "HATCH") n) T)
-;; without hatches nothing stays in the drawing, their groups neither; the workbook is replaced
+;; without hatches nothing remains in the drawing, not even their groups; the workbook is replaced
 (preparer (setq avant (list (combien "HATCH") (groupes) (combien "LWPOLYLINE"))))
 (passe (plv-metres '("P1" "P1") "Projet" "<dossier>m.xlsx" nil))
 ((equal avant (list (combien "HATCH") (groupes) (combien "LWPOLYLINE"))) T)
@@ -156,6 +156,6 @@
 ((vl-remove-if '(lambda (texte) (member texte textes))
    '("PROFIL P1 - PROJET" "non enterre" "0.00 a 1.00" "au dela de 5.00" "Total" "100.00"))
  nil)
-;; colours of the classes, white for what is in none
+;; colours of the classes, white outside all classes
 ((reverse couleurs) (7 1 2 3 4 5 6 7))
 ((cdr (assoc 10 (entget (plv-legende p "Projet" '(10.0 20.0 0.0))))) (10.0 20.0 0.0))

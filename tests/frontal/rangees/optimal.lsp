@@ -24,7 +24,7 @@
 ((> (length (vl-remove-if-not '(lambda (e) (equal (caddr (assoc 10 (entget e))) 49.8 1e-6))
               (plv-entites-du-jeu (ssget "X" '((0 . "LINE")))))) 1) T)
 
-;; From change of plane to change of plane, and between ground points: the ground beside the ends has no say.
+;; From change of plane to change of plane, and between ground points: the ground beyond the ends has no effect.
 (situation "MayCoverAPartOfTheProfile")
 (tableau (debut fin) (0.0 (cadr d)) ((cadr d) 100.0) (13.5 71.25) (45.0 55.0))
 (preparer
