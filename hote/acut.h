@@ -15,7 +15,7 @@ Acad::ErrorStatus acutNewString(const ACHAR* source, ACHAR*& copy);
 void acutDelString(ACHAR*& text);
 // Prints on the command line; the format is that of wprintf.
 int acutPrintf(const ACHAR* format, ...);
-void acdbFail(const ACHAR* message);
-double acutDistance(const ads_point a, const ads_point b);
-double acutAngle(const ads_point a, const ads_point b);  // of the line from a to b in plan, 0 to 2 pi
-void acutPolar(const ads_point from, double angle, double distance, ads_point result);
+void acdbFail(const ACHAR* message);                        // tells the user
+double acutDistance(const ads_point a, const ads_point b);  // in space, drawing units
+double acutAngle(const ads_point a, const ads_point b);     // of the line from a to b in plan, 0 to 2 pi
+void acutPolar(const ads_point from, double angle, double distance, ads_point result);  // radians; keeps the height

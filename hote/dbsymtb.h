@@ -21,6 +21,7 @@ class AcDbSymbolTable : public AcDbObject {
   bool has(AcDbObjectId id) const;
   // eKeyNotFound when the table has no such record.
   Acad::ErrorStatus getAt(const ACHAR* name, AcDbObjectId& id, bool erased = false) const;
+  // Adds a new record, which stays open; the caller closes it. eDuplicateRecordName when the name is taken.
   Acad::ErrorStatus add(AcDbObjectId& id, AcDbSymbolTableRecord* record);
   Acad::ErrorStatus add(AcDbSymbolTableRecord* record);
   AcDbObjectIdArray ids() const;  // every record that is not erased, in order
@@ -89,8 +90,8 @@ class AcDbTextStyleTableRecord : public AcDbSymbolTableRecord {
   Acad::ErrorStatus setFileName(const ACHAR* file);
   double xScale() const;
   Acad::ErrorStatus setXScale(double scale);
-  double obliquingAngle() const;
-  double textSize() const;  // 0: each text has its own height
+  double obliquingAngle() const;  // radians from the upright
+  double textSize() const;        // 0: each text has its own height
   Acad::ErrorStatus setTextSize(double size);
 };
 KAVEL_SYMBOL_TABLE(AcDbTextStyleTable, AcDbTextStyleTableRecord)

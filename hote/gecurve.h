@@ -57,7 +57,7 @@ class AcGeCurve3d {
   virtual double startParam() const = 0;
   virtual double endParam() const = 0;
   virtual AcGePoint3d evalPoint(double param) const = 0;
-  virtual double length(double fromParam, double toParam) const = 0;
+  virtual double length(double fromParam, double toParam) const = 0;  // along the curve, 0 for an empty one
   // Points along the curve and their parameters, such that no chord is farther than approxEps from the curve. The
   // arrays are emptied first.
   virtual void getSamplePoints(double fromParam, double toParam, double approxEps, AcGePoint3dArray& points,

@@ -1,7 +1,7 @@
 // landxml-lire and landxml-ecrire: LandXML as plain lists.
 // An alignment is ((nom . "A") (origine . 0.0) (terrains ground ...) (projets project ...)), a ground
 // ((nom . "TN") (etat . "existing") (troncons ((station altitude) ...) ...)), a project line ((nom . "P") (sommets vertex
-// ...)). A vertex is (station altitude), with "P" and a length, "U" and two lengths, or "C", a radius and an arc behind it.
+// ...)). A vertex is (station altitude), followed by "P" and a length, "U" and two lengths, or "C", a radius and an arc.
 #include <array>
 #include <filesystem>
 

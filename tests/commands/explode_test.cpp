@@ -18,7 +18,7 @@ class Explode : public DrawingTest {
       (defun insert (name x y turn) (entmakex (list '(0 . "INSERT") (cons 2 name) '(10 10. 0. 0.) (cons 41 x) (cons 42 y)
         '(43 . 1.) (cons 50 turn))))
       (defun rounded (v) (cond ((listp v) (mapcar 'rounded v)) ((= (type v) 'REAL) (atof (rtos v 2 3))) (t v)))
-      ; groups of what came behind the object
+      ; groups of the entities after the object
       (defun after (m codes / e r) (while (setq m (entnext m)) (setq e (entget m) r (cons (cons (g 0 m)
         (mapcar '(lambda (p) (rounded (cdr p))) (vl-remove-if-not '(lambda (p) (member (car p) codes)) e))) r)))
         (reverse r))
