@@ -95,7 +95,7 @@ class Run {
       return false;
     }
     for (const std::string& lost : document_.saveAs(file, release, options_.binary)) complain(lost);
-    if (!options_.quiet) std::fprintf(stderr, "kavel: dessin enregistre: %s\n", file.c_str());
+    if (!options_.quiet) std::fprintf(stderr, "kavel: dessin enregistré: %s\n", file.c_str());
     return true;
   }
 
@@ -151,13 +151,13 @@ std::unique_ptr<Document> openDocument(const Options& options, const Printer& pr
   } catch (const FileError&) {
     throw;
   } catch (const Error& error) {
-    throw Error(std::string(error.what()) + (options.recover ? "" : "\nkavel: --recover ouvre ce qui peut l'etre"));
+    throw Error(std::string(error.what()) + (options.recover ? "" : "\nkavel: --recover ouvre ce qui peut l'être"));
   }
 }
 
 int carryOutAll(const Options& options) {
   bool interactive = options.actions.empty() && isTerminal();
-  // Who sits before it sees how far a program is, line feed or not.
+  // A terminal shows what a program prints at once, even without a line feed.
   if (isatty(STDOUT_FILENO)) std::setvbuf(stdout, nullptr, _IONBF, 0);
   const Printer printer = [&options](std::string_view text) { print(options, text); };
   ProgressReport progress(interactive ? Progress::never : options.progress, options.actions.size() + 1);

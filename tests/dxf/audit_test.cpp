@@ -130,7 +130,7 @@ TEST(Audit, findingsSayWhere) {
   atelier::dxf::readBytes(drawing.db, "d", bytes, nullptr);
   const auto findings = audit(drawing.db, true);
   ASSERT_EQ(findings.size(), 1u);
-  EXPECT_EQ(atelier::dxf::line(findings[0]), "A05 erreur E1 LINE dans *Model_Space: calque \"ABSENT\" absent (repare)");
+  EXPECT_EQ(atelier::dxf::line(findings[0]), "A05 erreur E1 LINE dans *Model_Space: calque \"ABSENT\" absent (réparé)");
 }
 
 // Each limit from both sides: what the reference allows is never a finding.

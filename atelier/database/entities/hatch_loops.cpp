@@ -53,8 +53,8 @@ SplineEdge readSpline(GroupReader& in) {
     if (edge.rational || in.at(42)) edge.weights.push_back(in.real(42, 1));
   }
   // A count of 0 may be the loop's: the spline's is followed by something else than sources or the next loop.
-  const bool behind = in.at(kEdgeKind, 1) || in.at(kSourceCount, 1) || in.at(11, 1) || in.at(kStartTangent, 1);
-  edge.fitCounted = in.at(kFitCount) && behind;
+  const bool more = in.at(kEdgeKind, 1) || in.at(kSourceCount, 1) || in.at(11, 1) || in.at(kStartTangent, 1);
+  edge.fitCounted = in.at(kFitCount) && more;
   if (edge.fitCounted)
     for (std::int64_t n = in.integer(kFitCount); n > 0 && in.at(11); --n) edge.fit.push_back(in.point(11));
   if (in.at(kStartTangent)) edge.startTangent = in.vector(kStartTangent);
@@ -181,7 +181,7 @@ void writeLoop(const HatchLoop& loop, std::vector<Group>& out) {
     if (loop.bulged) writer.real(kBulge, vertex.bulge);
   }
   for (const HatchEdge& edge : loop.edges) std::visit(writer, edge);
-  // The sources of a loop that stops making sense stand somewhere behind what is left of it.
+  // The sources of a loop that stops making sense stand somewhere after what is left of it.
   if (loop.missing > 0) return;
   writer.count(kSourceCount, loop.sources.size());
   for (const std::uint64_t source : loop.sources) writer.handle(kSource, source);

@@ -19,7 +19,7 @@ namespace atelier {
 //   parameter 49.1. ezdxf, GDAL and LibreCAD take them so.
 // - Where an arc or an elliptic edge runs clockwise (73 is 0), 50 and 51 are negated: 30 to 140 runs from -30 to -140. For
 //   arcs all agree; of elliptic edges LibreCAD alone takes them as they are.
-// - The fitted points of a spline edge have a count of their own (97) since R2010 only; before, the 97 behind the last
+// - The fitted points of a spline edge have a count of their own (97) since R2010 only; before, the 97 after the last
 //   edge is the loop's.
 
 struct LineEdge {

@@ -1,5 +1,5 @@
 // Reading, writing and mapping the lines of a hatch's pattern.
-// Their groups stand behind the style, since the codes mean other things within the loops.
+// Their groups stand after the style, since the codes mean other things within the loops.
 #include "atelier/database/entities/hatch_pattern.h"
 
 #include <numbers>

@@ -17,7 +17,7 @@ struct PatternLine {
   std::vector<double> dashes;  // positive dash, negative gap, 0 dot; empty: continuous
 };
 
-// Lines end where they stop making sense. `begin` and `end` are their groups, behind their count (78).
+// Lines end where they stop making sense. `begin` and `end` are their groups, after their count (78).
 struct PatternAt {
   std::vector<PatternLine> lines;
   std::size_t begin = 0, end = 0;

@@ -12,7 +12,7 @@ namespace {
 constexpr std::string_view kEntity = "AcDbEntity";
 constexpr int kNoField = -1;
 
-// The rows behind it belong to that section; its mark is written where it stands.
+// The rows after it belong to that section; its mark is written at its place.
 constexpr Field section(std::string_view subclass) {
   return {subclass, kNoField, FieldKind::text, Presence::always, 0, "", ""};
 }

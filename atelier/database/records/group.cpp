@@ -1,5 +1,5 @@
 // The table of value kinds by group code.
-// Ranges are those of the DXF reference; the last row that fits wins nothing, the first does.
+// Ranges are those of the DXF reference; where two rows fit a code, the first one counts.
 #include "atelier/database/records/group.h"
 
 #include <array>

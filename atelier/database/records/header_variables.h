@@ -15,7 +15,7 @@ class HeaderVariables {
     std::string name;  // with its dollar sign
     std::vector<Group> values;
     bool changed = false;
-    std::uint64_t offset = 0;  // of its values in the file, behind the name
+    std::uint64_t offset = 0;  // of its values in the file, after the name
     std::uint64_t length = 0;
   };
 

@@ -30,8 +30,8 @@ AcGePoint3d defaultPoint(const Field& field) {
 
 bool isPoint(const Field& field) { return field.kind == FieldKind::point2 || field.kind == FieldKind::point3; }
 
-// Index behind the brace list that opens at `at`.
-std::size_t behindBraces(const std::vector<Group>& groups, std::size_t at) {
+// Index after the brace list that opens at `at`.
+std::size_t afterBraces(const std::vector<Group>& groups, std::size_t at) {
   for (std::size_t i = at + 1; i < groups.size(); ++i)
     if (groups[i].code() == kBrace && groups[i].text().starts_with('}')) return i + 1;
   return groups.size();
@@ -84,7 +84,7 @@ std::size_t Record::find(const Field& field) const {
     const int code = group.code();
     if (code >= kFirstXdata || code == kEmbedded) break;
     if (code == kBrace && opensBraces(group)) {
-      i = behindBraces(groups, i) - 1;
+      i = afterBraces(groups, i) - 1;
     } else if (code == kMark) {
       marked = true;
       if (inside && !wanted.empty() && seen >= turn) return npos;
@@ -148,7 +148,7 @@ std::pair<std::size_t, std::size_t> Record::section(std::string_view subclass) c
 std::optional<std::pair<std::size_t, std::size_t>> Record::braces(std::string_view name) const {
   for (std::size_t i = 0; i < groups.size() && groups[i].code() < kFirstXdata; ++i)
     if (opensBraces(groups[i]) && std::string_view(groups[i].text()).substr(1) == name) {
-      const std::size_t end = behindBraces(groups, i);
+      const std::size_t end = afterBraces(groups, i);
       return std::pair(i + 1, std::max(i + 1, end - 1));
     }
   return std::nullopt;
@@ -232,7 +232,7 @@ void Record::remove(const Field& field) {
 
 std::uint64_t Record::objectHandle() const {
   for (std::size_t i = 1; i < groups.size() && groups[i].code() != kMark && groups[i].code() < kFirstXdata; ++i) {
-    if (groups[i].code() == kBrace && opensBraces(groups[i])) i = behindBraces(groups, i) - 1;
+    if (groups[i].code() == kBrace && opensBraces(groups[i])) i = afterBraces(groups, i) - 1;
     else if (groups[i].code() == 5 || groups[i].code() == 105) return groups[i].handle();
   }
   return 0;
@@ -250,7 +250,7 @@ void Record::setObjectHandle(std::uint64_t handle) {
 
 std::uint64_t Record::owner() const {
   for (std::size_t i = 1; i < groups.size() && groups[i].code() != kMark && groups[i].code() < kFirstXdata; ++i) {
-    if (groups[i].code() == kBrace && opensBraces(groups[i])) i = behindBraces(groups, i) - 1;
+    if (groups[i].code() == kBrace && opensBraces(groups[i])) i = afterBraces(groups, i) - 1;
     else if (groups[i].code() == 330) return groups[i].handle();
   }
   return 0;
@@ -261,7 +261,7 @@ void Record::setOwner(std::uint64_t handle) {
   std::size_t place = 1;
   for (std::size_t i = 1; i < end; ++i) {
     if (groups[i].code() == kBrace && opensBraces(groups[i])) {
-      i = behindBraces(groups, i) - 1;
+      i = afterBraces(groups, i) - 1;
       place = i + 1;
     } else if (groups[i].code() == 330) {
       if (groups[i].handle() != handle) groups[i] = Group::handle(330, handle);

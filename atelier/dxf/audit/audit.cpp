@@ -19,7 +19,7 @@ void checkHandles(AuditRun& run) {
     if (stub.handle != 0 && !stub.is(AcDbStub::kErased) && run.db.stubOf(stub.handle) != &stub)
       later.push_back(const_cast<AcDbStub*>(&stub));
   for (AcDbStub* stub : later) {
-    if (!run.found("A01", stub, "identifiant " + handleText(stub->handle) + " deja pris")) continue;
+    if (!run.found("A01", stub, "identifiant " + handleText(stub->handle) + " déjà pris")) continue;
     Record& record = run.changing(*stub);
     run.db.giveHandle(*stub);
     record.setObjectHandle(stub->handle);
@@ -48,7 +48,7 @@ void checkDefaults(AuditRun& run) {
     const std::string name = run.db.recordName(changed);
     if (run.db.typeName(stub) == "TABLE") {
       if (name != "BLOCK_RECORD") run.found("A03", &changed, "table " + name + " absente");
-    } else if (run.found("A03", &changed, "definition \"" + name + "\" absente")) {
+    } else if (run.found("A03", &changed, "définition \"" + name + "\" absente")) {
       changed.set(AcDbStub::kChanged);
       run.db.modified = true;
     }
@@ -74,7 +74,7 @@ class Cycles {
     AcDbStub* target = run_.db.tableRecord("BLOCK_RECORD", name);
     if (!target) return;
     if (std::find(open_.begin(), open_.end(), target) != open_.end())
-      run_.found("A04", &reference, "le bloc \"" + name + "\" se contient lui-meme");
+      run_.found("A04", &reference, "le bloc \"" + name + "\" se contient lui-même");
     else visit(*target);
   }
   AuditRun& run_;
@@ -89,16 +89,16 @@ const std::vector<AuditCode>& auditCodes() {
   static const std::vector<AuditCode> codes = {
       {"A01", error, "identifiant en double", true},
       {"A02", warning, "compteur d'identifiants trop bas", true},
-      {"A03", warning, "table ou definition obligatoire absente", true},
-      {"A04", error, "bloc qui se contient lui-meme", false},
+      {"A03", warning, "table ou définition obligatoire absente", true},
+      {"A04", error, "bloc qui se contient lui-même", false},
       {"A05", error, "nom de calque, style, type de ligne ou bloc absent de sa table", true},
-      {"A06", error, "bloc insere absent", false},
-      {"A07", error, "proprietaire faux", true},
-      {"A08", error, "liste qui mene a un objet absent", true},
+      {"A06", error, "bloc inséré absent", false},
+      {"A07", error, "propriétaire faux", true},
+      {"A08", error, "liste qui mène à un objet absent", true},
       {"A09", warning, "pointeur vers un objet absent", false},
-      {"A10", error, "donnees etendues d'une application non declaree", true},
-      {"A11", error, "donnees etendues mal imbriquees", true},
-      {"A12", error, "code interdit dans les donnees etendues", false},
+      {"A10", error, "données étendues d'une application non déclarée", true},
+      {"A11", error, "données étendues mal imbriquées", true},
+      {"A12", error, "code interdit dans les données étendues", false},
       {"A13", error, "nombre illisible", false},
       {"A14", error, "valeur hors limites", false}};
   return codes;
@@ -125,7 +125,7 @@ std::string AuditRun::placeOf(AcDbStub& stub) {
 
 std::string line(const Finding& f) {
   return std::string(f.code) + (f.severity == Severity::error ? " erreur " : " avertissement ") +
-         (f.handle ? handleText(f.handle) + " " : "") + f.place + ": " + f.text + (f.repaired ? " (repare)" : "");
+         (f.handle ? handleText(f.handle) + " " : "") + f.place + ": " + f.text + (f.repaired ? " (réparé)" : "");
 }
 
 std::vector<Finding> audit(AcDbDatabase& database, bool fix) {

@@ -33,7 +33,7 @@ struct AuditCode {
 };
 const std::vector<AuditCode>& auditCodes();
 
-// One line for the user: "A05 erreur 1F LINE dans *Model_Space: calque \"X\" absent (repare)".
+// One line for the user: "A05 erreur 1F LINE dans *Model_Space: calque \"X\" absent (réparé)".
 std::string line(const Finding& finding);
 
 }  // namespace atelier::dxf

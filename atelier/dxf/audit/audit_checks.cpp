@@ -51,7 +51,7 @@ bool inBracesAt(const Record& record, std::size_t at) {
   return inside;
 }
 
-// Takes the group out, with its key or with braces that hold nothing else. The place of the group behind it.
+// Takes the group out, with its key or with braces that hold nothing else. Gives the place of the group after it.
 std::size_t removeAt(Record& record, std::size_t at) {
   const auto code = [&](std::size_t i) { return i < record.groups.size() ? record.groups[i].code() : -1; };
   const bool key = record.type() == "DICTIONARY" && code(at - 1) == 3,
@@ -83,7 +83,7 @@ void checkOwner(AuditRun& run, AcDbStub& stub) {
   // R12 knows no owners; attributes and vertices may name the block instead of their entity.
   const bool blockOfParent = stub.owner->owner && stub.owner->owner->handle == owner && stub.is(AcDbStub::kEntity);
   if (owner == 0 || owner == wanted || blockOfParent || type == "ENDTAB") return;
-  if (run.found("A07", &stub, "proprietaire " + handleText(owner) + " au lieu de " + handleText(wanted)))
+  if (run.found("A07", &stub, "propriétaire " + handleText(owner) + " au lieu de " + handleText(wanted)))
     run.changing(stub).setOwner(wanted);
 }
 
@@ -169,7 +169,7 @@ void checkExtendedData(AuditRun& run, AcDbStub& stub) {
     const Group group = run.recordOf(stub).groups[i];
     const int code = group.code();
     if (i == begin && code != 1001)
-      run.found("A12", &stub, "les donnees etendues ne commencent pas par une application");
+      run.found("A12", &stub, "les données étendues ne commencent pas par une application");
     if (code == 1001) {
       i = close(i);
       needName(run, stub, "APPID", group.text(), "application");
@@ -177,7 +177,7 @@ void checkExtendedData(AuditRun& run, AcDbStub& stub) {
       run.found("A12", &stub, "code " + std::to_string(code));
     } else if (code == 1002) {
       depth += group.text() == "{" ? 1 : -1;
-      if (depth < 0) depth = 0, run.found("A12", &stub, "accolade fermante sans debut");
+      if (depth < 0) depth = 0, run.found("A12", &stub, "accolade fermante sans début");
     }
   }
   close(run.recordOf(stub).groups.size());
