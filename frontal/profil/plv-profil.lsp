@@ -77,9 +77,14 @@ miss the depths that a wall passes through: it leans by a micrometre."
 
 ;; --- the whole profile; other keys are read where what they name is worked on
 
-(defun plv-echv (profil) "Drawing units for a metre of altitude." (plgxd profil "ECHV"))
-(defun plv-ttxt (profil) "Height of its texts." (plgxd profil "TTXT"))
-(defun plv-premiere-station (profil) "Station of its origin." (plgxd profil "DCUMDEB"))
+;; A key that is absent, or no number, is what the module takes it for.
+
+(defun plv-profil:reel (profil cle defaut / valeur)
+  (if (numberp (setq valeur (plgxd profil cle))) (float valeur) defaut))
+
+(defun plv-echv (profil) "Drawing units for a metre of altitude." (plv-profil:reel profil "ECHV" 10.0))
+(defun plv-ttxt (profil) "Height of its texts." (plv-profil:reel profil "TTXT" 2.5))
+(defun plv-premiere-station (profil) "Station of its origin." (plv-profil:reel profil "DCUMDEB" 0.0))
 
 (defun plv-creer-profil (numero point origine points echv ttxt plans / entite longueur)
   "Makes a whole profile and gives its block reference. point: insertion; origine: station of the first point (metres)."

@@ -1,22 +1,28 @@
 ;; Finding profiles: all of the drawing, the one of a number, the one that the user means, the current one.
 ;; The current profile is the one whose tables the module has selected and whose menu is up.
 
+(defun plv-attribut-profil (profil etiquette / suivante groupes)
+  "The groups of an attribute, nil without it. Tags are known without regard to case, as the module knows them."
+  (setq suivante (entnext profil))
+  (while (and suivante (= (plv-cle 0 (setq groupes (entget suivante))) "ATTRIB") (/= (strcase (plv-cle 2 groupes)) etiquette))
+    (setq suivante (entnext suivante)))
+  (if (and suivante (= (plv-cle 0 groupes) "ATTRIB")) groupes))
+
+(defun plv-profil-p (entite)
+  "Whether a block reference is a profile: its number and its keys make one, not the name of its block."
+  (and (plv-attribut-profil entite "NUMPL") (plv-donnees entite plv-app-cles)))
+
 (defun plv-profils ()
-  "The profiles of the drawing, in the order of their making."
-  (vl-sort (plv-entites-du-jeu (ssget "X" (list '(0 . "INSERT") (cons 2 plv-bloc-profil))))
+  "The profiles of the drawing, in the order of their identifiers, then of their making."
+  (vl-sort (vl-remove-if-not 'plv-profil-p
+             (reverse (plv-entites-du-jeu (ssget "X" (list '(0 . "INSERT") '(66 . 1) (list -3 (list plv-app-cles)))))))
            '(lambda (a b) (< (plv-id-profil a) (plv-id-profil b)))))
 
-(defun plv-id-profil (profil) (cond ((plgxd profil "ID")) (-1)))
+(defun plv-id-profil (profil / id)
+  (if (= (type (setq id (plgxd profil "ID"))) 'INT) id -1))
 
 (defun plv-identifiant-libre ()
   (1+ (apply 'max (cons 0 (mapcar 'plv-id-profil (plv-profils))))))
-
-(defun plv-attribut-profil (profil etiquette / suivante groupes)
-  "The groups of an attribute, nil without it."
-  (setq suivante (entnext profil))
-  (while (and suivante (= (plv-cle 0 (setq groupes (entget suivante))) "ATTRIB") (/= (plv-cle 2 groupes) etiquette))
-    (setq suivante (entnext suivante)))
-  (if (and suivante (= (plv-cle 0 groupes) "ATTRIB")) groupes))
 
 (defun plv-numero-profil (profil) (plv-cle 1 (plv-attribut-profil profil "NUMPL")))
 
