@@ -9,8 +9,8 @@
     (terrain (base)
      plv-terrain)
     (profil (base)
-     plv-genres plv-plans plv-cadre plv-terrain-profil plv-profil plv-profils plv-habillage plv-rappels plv-elements
-     plv-pentes plv-statiques plv-blocs plv-pc)
+     plv-genres plv-plans plv-cadre plv-terrain-profil plv-profil plv-profils plv-chaines plv-reparer plv-habillage plv-rappels
+     plv-elements plv-pentes plv-statiques plv-blocs plv-pc)
     (plan (base profil)
      plv-axe plv-vers-plan)
     (projet (base profil)
@@ -21,7 +21,7 @@
     (cotes (base profil)
      plv-cotes)
     (metres (base profil)
-     plv-metres-troncons plv-metres-classes plv-metres-rapport plv-metres plv-legende)
+     plv-metres-troncons plv-metres-classes plv-metres-rapport plv-cubpl plv-metres plv-legende)
     (optimal (base profil projet)
      plv-optimal plv-optimal-questions)
     (echange (base terrain profil projet)

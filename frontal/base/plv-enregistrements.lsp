@@ -55,11 +55,29 @@
       (setq reste (cons (car donnees) reste) donnees (cdr donnees))))
   (plv-ecrire-donnees entite plv-app-cles (reverse reste)))
 
-(defun plv-chaine (premiere cle / chaine)
-  "The entities of a chain, each of which names the next one under the key."
-  (while premiere
-    (setq chaine (cons premiere chaine) premiere (plgxd premiere cle)))
-  (reverse chaine))
+;; --- keys as they stand: the module would follow a dead handle or a circle for ever
+
+(defun plv-paires (entite / groupes paires)
+  "(key group . value) of each key."
+  (setq groupes (plv-donnees entite plv-app-cles))
+  (while (cdr groupes)
+    (setq paires (cons (cons (strcase (vl-princ-to-string (cdar groupes))) (cadr groupes)) paires)
+          groupes (cddr groupes)))
+  (reverse paires))
+
+(defun plv-nommee (entite cle / valeur)
+  "The entity that a handle key names; nil without the key, for another value and for a dead handle."
+  (if (and (setq valeur (plv-cle cle (plv-paires entite))) (= (car valeur) 1005) (plv-existe (handent (cdr valeur))))
+    (handent (cdr valeur))))
+
+(defun plv-chaine (entite cle / chaine repere pas n)
+  "The entities of a chain, each of which names the next one under the key. It ends before a dead handle, and where it comes
+round to itself: to see that, each is compared with one that it passed, the further on the rarer another one is taken."
+  (setq pas 1 n 0)
+  (while (and (plv-existe entite) (not (eq entite repere)))
+    (if (= n pas) (setq repere entite pas (* 2 pas) n 0))
+    (setq chaine (cons entite chaine) n (1+ n) entite (plv-nommee entite cle)))
+  (if (and entite (plv-existe entite)) (plv-uniques (reverse chaine)) (reverse chaine)))
 
 (defun plv-enchainer (entites cle)
   (mapcar '(lambda (entite suivante) (plsxd entite cle suivante)) entites (cdr entites)))

@@ -1,78 +1,20 @@
 ;; Faults in the records of profiles and matrices: missing keys, handles that name nothing, chains that break or come
 ;; round to themselves, matrices whose parts are gone. kavel --audit calls plv-audit and counts what it gives.
-;; Codes are stable: P01 key missing, P02 dead handle, P03 chain in a circle, P04 section of a plane without numbers,
-;; P05 natural ground, P06 matrix record, P07 list of project elements, P08 list of static elements.
+;; Codes are stable: P01 to P04 see plv-chaines, P05 natural ground, P06 matrix record, P07 list of project elements, P08 list
+;; of static elements.
 
-;; --- a finding is (code entity text); each check gives a list of them, in the order of the records
+;; --- each check gives a list of findings, in the order of the records
 
-(defun plv-constat (code entite texte) (list (list code entite texte)))
+(defun plv-audit:dire (profil constat genre)
+  (plv-dire (strcat (plv-constat-code constat) " " genre " " (plv-constat-handle constat) " profil "
+                    (plv-numero-profil profil) ": " (plv-constat-texte constat))))
 
-(defun plv-audit:dire (profil constat)
-  (plv-dire (strcat (car constat) " erreur " (plv-handle (cadr constat)) " profil " (plv-numero-profil profil) ": " (caddr constat))))
-
-;; --- keys as they stand in the extended data: the module would follow a dead handle or a circle for ever
-
-(defun plv-audit:donnees (entite) (plv-audit:paires (plv-donnees entite plv-app-cles)))
-
-(defun plv-audit:paires (groupes / paires)
-  "(key group . value) of each pair."
-  (while (cdr groupes)
-    (setq paires (cons (cons (strcase (vl-princ-to-string (cdar groupes))) (cadr groupes)) paires)
-          groupes (cddr groupes)))
-  (reverse paires))
-
-(defun plv-audit:nommee (entite cle / valeur)
-  "The entity that a handle key names; nil without the key and for a dead handle."
-  (if (and (setq valeur (plv-cle cle (plv-audit:donnees entite))) (= (car valeur) 1005) (plv-existe (handent (cdr valeur))))
-    (handent (cdr valeur))))
-
-(defun plv-audit:lien (entite cle / valeur)
-  "The findings on a handle key."
-  (setq valeur (plv-cle cle (plv-audit:donnees entite)))
-  (cond
-    ((not valeur) nil)
-    ((/= (car valeur) 1005) (plv-constat "P02" entite (strcat cle " n'est pas un identifiant")))
-    ((not (plv-existe (handent (cdr valeur))))
-     (plv-constat "P02" entite (strcat cle " nomme " (cdr valeur) ", qui n'existe plus")))))
-
-(defun plv-audit:maillons (tete cle / vus)
-  "The entities of a chain, each once."
-  (while (and tete (not (member tete vus)))
-    (setq vus (cons tete vus) tete (plv-audit:nommee tete cle)))
-  (reverse vus))
-
-(defun plv-audit:chaine (maillons cle / apres)
-  "The findings on the links of a chain."
-  (setq apres (plv-audit:nommee (plv-dernier maillons) cle))
-  (append
-    (apply 'append (mapcar '(lambda (m) (plv-audit:lien m cle)) maillons))
-    (if apres (plv-constat "P03" apres (strcat "la chaîne " cle " revient sur elle-même")))))
-
-;; --- the parts of a profile
-
-(defun plv-audit:plan (plan / donnees lignes)
-  (setq donnees (plv-audit:donnees plan)
-        lignes (plv-audit:maillons (plv-audit:nommee plan "PRLI") "NEXTLI"))
-  (append
-    (if (not (and (plv-cle "DISTANCE" donnees) (plv-cle "PC" donnees)))
-      (plv-constat "P04" plan "plan de comparaison sans DISTANCE ou sans PC"))
-    (plv-audit:lien plan "PRLI")
-    (if lignes (plv-audit:chaine lignes "NEXTLI"))))
-
-(defun plv-audit:plans (profil / plans)
-  (setq plans (plv-audit:maillons (plv-audit:nommee profil "PRPC") "NEXT-PC"))
-  (append
-    (plv-audit:lien profil "PRPC")
-    (if plans (plv-audit:chaine plans "NEXT-PC"))
-    (apply 'append (mapcar 'plv-audit:plan plans))))
-
-(defun plv-audit:cles (profil / donnees)
-  (setq donnees (plv-audit:donnees profil))
-  (append
-    (apply 'append
-      (mapcar '(lambda (cle) (if (not (assoc cle donnees)) (plv-constat "P01" profil (strcat "la clé " cle " manque"))))
-              '("ECHV" "TTXT" "ID" "PRPC")))
-    (apply 'append (mapcar '(lambda (cle) (plv-audit:lien profil cle)) (plv-cles-genres)))))
+(defun plv-audit:cles (profil / paires)
+  "The keys that a profile of another program may go without, but that it is better off with."
+  (setq paires (plv-paires profil))
+  (apply 'append
+    (mapcar '(lambda (cle) (if (not (assoc cle paires)) (plv-constat "P01" profil (strcat "la clé " cle " manque"))))
+            '("ECHV" "TTXT" "ID"))))
 
 (defun plv-audit:terrain (profil)
   ;; Not through the module, which reads the planes first and follows a circle of them for ever.
@@ -103,23 +45,40 @@
       (plv-constat "P08" support "ELEMS_STATIQUES_KAVEL est mal formé"))))
 
 (defun plv-audit:supports (profil)
-  (append (vl-remove nil (mapcar '(lambda (cle) (plv-audit:nommee profil cle)) (plv-cles-genres))) (list profil)))
+  (append (vl-remove nil (mapcar '(lambda (cle) (plv-nommee profil cle)) (plv-cles-genres))) (list profil)))
 
 (defun plv-constats (profil)
   "All findings on a profile."
   (append
     (plv-audit:cles profil)
-    (plv-audit:plans profil)
+    (plv-fautes-profil profil)
     (plv-audit:terrain profil)
     (apply 'append (mapcar 'plv-audit:support (plv-audit:supports profil)))
     (apply 'append (mapcar '(lambda (reference) (plv-audit:matrice profil reference)) (plv-references-tables profil)))))
 
-(defun plv-audit (/ constats nombre)
+(defun plv-audit:dire-tous (genre constats)
+  "constats: (profile finding ...) for each profile."
+  (foreach c constats (foreach constat (cdr c) (plv-audit:dire (car c) constat genre)))
+  (apply '+ (cons 0 (mapcar '(lambda (c) (length (cdr c))) constats))))
+
+(defun plv-audit:tous () (mapcar '(lambda (profil) (cons profil (plv-constats profil))) (plv-profils)))
+
+(defun plv-audit (/ nombre)
   "Prints the findings on all profiles and gives their number."
-  (setq nombre 0)
-  (foreach profil (plv-profils)
-    (setq constats (plv-constats profil)
-          nombre (+ nombre (length constats)))
-    (foreach c constats (plv-audit:dire profil c)))
+  (setq nombre (plv-audit:dire-tous "erreur" (plv-audit:tous)))
   (if (> nombre 0) (terpri))
   nombre)
+
+(defun plv-audit-reparer (/ avant)
+  "Mends what can be mended, prints it, then the findings that are left, and gives the number of these."
+  (setq avant (plv-audit:tous))
+  (foreach c avant
+    (plv-reparer-profil (car c))
+    (plv-oublier-tables (car c)))
+  (plv-audit:dire-tous "réparé"
+    (mapcar
+      '(lambda (c / reste)
+         (setq reste (plv-constats (car c)))
+         (cons (car c) (vl-remove-if '(lambda (constat) (member constat reste)) (cdr c))))
+      avant))
+  (plv-audit))

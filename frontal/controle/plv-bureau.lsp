@@ -35,14 +35,18 @@
 (defun plv-bureau:matrices (profil)
   (mapcar
     '(lambda (reference) (plv-bureau:noeud (plv-matrice-nom reference) reference (plv-bureau:rangees reference)))
-    (vl-remove-if-not 'plv-existe (plv-references-tables profil))))
+    (plv-tables profil)))
 
 (defun plv-bureau:profil (profil)
   (plv-bureau:noeud
     (strcat "Profil " (plv-numero-profil profil)) profil
-    (append (plv-bureau:groupe "Plans de comparaison" (plv-bureau:plans profil))
-            (plv-bureau:groupe "Lignes" (plv-bureau:genres profil))
-            (plv-bureau:groupe "Matrices" (plv-bureau:matrices profil)))))
+    (if (not (plv-refus-profil profil)) (plv-bureau:enfants profil))))
+
+(defun plv-bureau:enfants (profil)
+  "What a whole profile has."
+  (append (plv-bureau:groupe "Plans de comparaison" (plv-bureau:plans profil))
+          (plv-bureau:groupe "Lignes" (plv-bureau:genres profil))
+          (plv-bureau:groupe "Matrices" (plv-bureau:matrices profil))))
 
 (defun plv-bureau-profils ()
   (cond (plv-bureau:arbre) ((setq plv-bureau:arbre (mapcar 'plv-bureau:profil (plv-profils))))))
@@ -55,7 +59,7 @@
         (cons 'origine (cond ((plv-premiere-station profil)) (0.0))) (cons 'points (plv-points-tn profil))))
 
 (defun plv-bureau:lus ()
-  (cond (plv-bureau:lectures) ((setq plv-bureau:lectures (mapcar 'plv-bureau:lire (plv-profils))))))
+  (cond (plv-bureau:lectures) ((setq plv-bureau:lectures (mapcar 'plv-bureau:lire (vl-remove-if 'plv-refus-profil (plv-profils)))))))
 
 (defun plv-bureau:origine (lu) (plv-cadre-origine (plv-cle 'cadre lu)))
 (defun plv-bureau:plans-lus (lu) (plv-cadre-plans (plv-cle 'cadre lu)))
@@ -68,7 +72,7 @@
 ;; --- where a profile is, with its tables: (x1 y1 x2 y2); nil for another entity
 
 (defun plv-bureau-boite (handle / profil lu x y longueur bas)
-  (if (and (setq profil (handent handle)) (member profil (plv-profils)))
+  (if (and (setq profil (handent handle)) (member profil (plv-profils)) (not (plv-refus-profil profil)))
     (progn
       (setq lu (car (vl-remove-if-not '(lambda (l) (eq (plv-cle 'profil l) profil)) (plv-bureau:lus)))
             x (car (plv-bureau:origine lu)) y (cadr (plv-bureau:origine lu)) longueur (plv-cle 'longueur lu)

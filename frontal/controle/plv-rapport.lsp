@@ -2,7 +2,7 @@
 ;; kavel --list calls plv-decrire.
 
 (defun plv-rapport:matrices (profil)
-  (foreach reference (plv-references-tables profil)
+  (foreach reference (plv-tables profil)
     (plv-dire (strcat "    matrice " (plv-matrice-nom reference) ": " (itoa (plv-matrice-nombre (plv-matrice reference))) " lignes"))))
 
 (defun plv-rapport:projets (profil / elements)
@@ -11,15 +11,28 @@
       (plv-dire (strcat "    projet " genre ": " (itoa (length elements)) " éléments, dont "
                         (itoa (length (plv-elements-du-projet profil genre))) " du projet")))))
 
-(defun plv-decrire (/ profils infos)
+(defun plv-rapport:profil (profil)
+  (plv-dire (strcat "    plans de comparaison: " (plv-plans-en-texte profil)))
+  (plv-rapport:matrices profil)
+  (plv-rapport:projets profil))
+
+(defun plv-rapport:abime (profil)
+  "What is wrong with a profile that can't be described further, nil for a whole one."
+  (setq profil (vl-catch-all-apply 'plv-refus-profil (list profil)))
+  (if (vl-catch-all-error-p profil) (vl-catch-all-error-message profil) profil))
+
+(defun plv-rapport:decrire (profil / points faute)
+  (setq points (plv-points-tn profil))
+  (plv-dire (strcat "  " (plv-numero-profil profil) ": " (itoa (length points)) " points, longueur "
+                    (plv-reel (if points (car (plv-dernier points)) 0.0) 2) " m, hauteurs x " (plv-reel (plv-echv profil) 1)))
+  (if (setq faute (plv-rapport:abime profil))
+    (plv-dire (strcat "    " faute))
+    (if (vl-catch-all-error-p (setq faute (vl-catch-all-apply 'plv-rapport:profil (list profil))))
+      (plv-dire (strcat "    illisible: " (vl-catch-all-error-message faute))))))
+
+(defun plv-decrire (/ profils)
   (setq profils (plv-profils))
   (princ (strcat "Profils: " (itoa (length profils))))
-  (foreach profil profils
-    (setq infos (pl_InfosTn profil))
-    (plv-dire (strcat "  " (plv-numero-profil profil) ": " (if infos (itoa (fix (car infos))) "0") " points, longueur "
-                      (plv-reel (if infos (cadr infos) 0.0) 2) " m, hauteurs x " (plv-reel (plv-echv profil) 1)))
-    (plv-dire (strcat "    plans de comparaison: " (plv-plans-en-texte profil)))
-    (plv-rapport:matrices profil)
-    (plv-rapport:projets profil))
+  (foreach profil profils (plv-rapport:decrire profil))
   (terpri)
   (princ))

@@ -73,12 +73,14 @@
 
 (defun plv-export-landxml (profils fichier / ecrit)
   "Writes profiles as the alignments of a LandXML file; T, or nil after a message."
-  (setq ecrit (vl-catch-all-apply 'landxml-ecrire (list fichier (plv-nom-dessin) (mapcar 'plv-export:axe profils))))
-  (if (vl-catch-all-error-p ecrit)
-    (plv-erreur (vl-catch-all-error-message ecrit))
-    (progn
-      (plv-dire (strcat fichier ": " (itoa (length profils)) (if (cdr profils) " profils" " profil") ", LandXML 1.2."))
-      T)))
+  (cond
+    ((not (vl-every 'plv-profil-sain profils)) nil)
+    ((vl-catch-all-error-p
+       (setq ecrit (vl-catch-all-apply 'landxml-ecrire (list fichier (plv-nom-dessin) (mapcar 'plv-export:axe profils)))))
+     (plv-erreur (vl-catch-all-error-message ecrit)))
+    (T
+     (plv-dire (strcat fichier ": " (itoa (length profils)) (if (cdr profils) " profils" " profil") ", LandXML 1.2."))
+     T)))
 
 ;; --- delimited text
 

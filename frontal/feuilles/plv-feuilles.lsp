@@ -186,7 +186,8 @@ where there are no points."
 (defun plv-feuilles (profils modele echelle titre fichier / place mesures feuilles trace)
   "Plots profiles on sheets of a template; nil for the scale takes the largest that fits. The number of sheets, or nil after a
 message."
-  (if (and (setq place (plv-feuilles:place modele))
+  (if (and (vl-every 'plv-profil-sain profils)
+           (setq place (plv-feuilles:place modele))
            (setq mesures (mapcar 'plv-feuilles:mesurer profils)
                  echelle (cond (echelle) ((plv-feuilles:echelle mesures place))))
            (setq feuilles (plv-feuilles:toutes mesures echelle place titre)))

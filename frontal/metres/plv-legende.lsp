@@ -97,6 +97,7 @@
 nil after a message."
   (setq genre (plv-genre genre))
   (cond
+    ((not (plv-profil-sain profil)) nil)
     ((plv-refus-genre-projet genre) (plv-erreur (plv-refus-genre-projet genre)))
     ((not (plv-elements profil genre)) (plv-erreur (plv-refus-sans-ligne genre (list profil))))
     ((setq mesures (plv-metres:mesurer (list profil) genre nil))

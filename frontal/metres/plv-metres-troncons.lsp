@@ -72,7 +72,7 @@
 (defun plv-metres:lignes-tn (profil / cadre points)
   (setq cadre (plv-cadre profil))
   (foreach section (plv-sections-de-plan profil)
-    (foreach ligne (plv-chaine (plgxd (plv-section-entite section) "PRLI") "NEXTLI")
+    (foreach ligne (plv-lignes-du-plan (plv-section-entite section))
       (if (not points) (setq points (list (plv-metres:bout cadre section ligne 10))))
       (setq points (cons (plv-metres:bout cadre section ligne 11) points))))
   (reverse points))

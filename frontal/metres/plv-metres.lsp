@@ -143,6 +143,7 @@ place of a workbook that is there."
   (cond
     ((not profils) (plv-refus-sans-profil))
     ((member nil profils) (plv-refus-numero (nth (vl-position nil profils) numeros)))
+    ((plv-refus-profils profils))
     ((plv-refus-genre-projet genre))
     ((setq absents (vl-remove-if '(lambda (p) (plv-elements p genre)) profils)) (plv-refus-sans-ligne genre absents))))
 

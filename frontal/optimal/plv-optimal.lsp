@@ -154,6 +154,7 @@ beside the ends, against the prolongation of the line: for a part of the profile
 
 (defun plv-optimal:refus (profil genre depart arrivee)
   (cond
+    ((plv-refus-profil profil))
     ((plv-refus-genre-projet genre))
     ((not (plv-support profil genre)) (plv-refus-support genre))
     ((not (cdr (plv-points-tn profil))) (plv-refus-sans-terrain))

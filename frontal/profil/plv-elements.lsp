@@ -3,7 +3,7 @@
 
 (setq plv-elements:cle "ELEMS_PROJET_KAVEL" plv-elements:cle-du-projet "ELEMDUPROJET" plv-elements:cle-rayon "RAYON")
 
-(defun plv-support (profil genre) (plgxd profil (plv-cle-genre genre)))
+(defun plv-support (profil genre) (if (plv-cle-genre genre) (plv-nommee profil (plv-cle-genre genre))))
 
 (defun plv-refus-support (genre) (strcat "ce profil n'a pas de support pour le genre " genre))
 

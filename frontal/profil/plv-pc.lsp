@@ -8,12 +8,10 @@
       '(lambda (s) (and (>= distance (- (plv-plan-debut s) 1e-6)) (< distance (- (plv-section-fin s) 1e-6))))
       sections)))
 
-(defun plv-pc:lignes (plan) (plv-chaine (plgxd plan "PRLI") "NEXTLI"))
-
 (defun plv-pc:refaire (profil points section / origine plan groupes lignes)
   "Writes a section into its plane's entity and draws its ground anew."
   (setq origine (plv-origine profil) plan (plv-section-entite section))
-  (plv-effacer (plv-pc:lignes plan))
+  (plv-effacer (plv-lignes-du-plan plan))
   (plv-ecrire-cles plan
     (list (list "DISTANCE" (float (plv-section-longueur section))) (list "PC" (float (plv-plan-altitude section)))))
   (setq groupes (entget plan))
@@ -51,7 +49,7 @@
     (plv-pc:points profil
       (vl-remove-if '(lambda (plan) (equal (plv-plan-debut plan) (plv-plan-debut section) 1e-6)) (plv-plans profil))))
   (plv-pc:suivre (plv-section-entite precedente) (plgxd (plv-section-entite section) "NEXT-PC"))
-  (plv-effacer (cons (plv-section-entite section) (plv-pc:lignes (plv-section-entite section))))
+  (plv-effacer (cons (plv-section-entite section) (plv-lignes-du-plan (plv-section-entite section))))
   (plv-pc:refaire profil points
     (list (plv-plan-debut precedente) (plv-plan-altitude precedente)
           (+ (plv-section-longueur precedente) (plv-section-longueur section)) (plv-section-entite precedente))))
@@ -88,19 +86,20 @@
     ((and (= operation "A") (equal distance (plv-plan-debut section) 1e-6)) "un plan commence déjà à cette station")
     ((and (= operation "S") (eq section (car sections))) "le premier plan ne peut pas être supprimé")))
 
-(defun plv-pc (profil operation station altitude / sections section distance faute)
+(defun plv-pc (profil operation station altitude)
   "Adds (\"A\"), changes (\"M\") or removes (\"S\") the plane at a station; a change or a removal concerns the plane that
 governs there. Gives the profile, or nil after a message."
-  (setq distance (- (float station) (plv-premiere-station profil))
-        sections (plv-sections-de-plan profil)
+  (if (and (plv-profil-sain profil) (plv-statiques-verifies profil))
+    (plv-pc:executer profil operation (- (float station) (plv-premiere-station profil)) (if altitude (float altitude)))))
+
+(defun plv-pc:executer (profil operation distance altitude / sections section faute)
+  (setq sections (plv-sections-de-plan profil)
         section (plv-pc:section sections distance)
         faute (plv-pc:faute operation sections section distance altitude))
   (cond
     (faute (plv-erreur faute))
-    ((not (plv-statiques-verifies profil)) nil)
     (T
-     (plv-pc:changer profil operation sections section
-       (if (= operation "A") distance (plv-plan-debut section)) (if altitude (float altitude)))
+     (plv-pc:changer profil operation sections section (if (= operation "A") distance (plv-plan-debut section)) altitude)
      (plv-pc:finir profil)
      (plv-pc:dire profil)
      profil)))

@@ -15,7 +15,9 @@
 
 ;; --- the planes of a profile: entities that are chained, with the keys of their section
 
-(defun plv-entites-plans (profil) (plv-chaine (plgxd profil "PRPC") "NEXT-PC"))
+(defun plv-lignes-du-plan (plan) "The ground lines of a section." (plv-chaine (plv-nommee plan "PRLI") "NEXTLI"))
+
+(defun plv-entites-plans (profil) (plv-chaine (plv-nommee profil "PRPC") "NEXT-PC"))
 
 (defun plv-sections-de-plan (profil)
   "The sections as (start altitude length entity): a plane, its length and its entity."

@@ -36,22 +36,24 @@
 (defun plv-refus-sans-profil () plv-profils:aucun)
 
 (defun plv-choisir-profil (/ profils numero)
-  "The drawing's only profile, or the one of a number that is asked for."
+  "The drawing's only profile, or the one of a number that is asked for; nil after a message, also for a damaged one."
   (setq profils (plv-profils))
   (cond
     ((not profils) (plv-erreur plv-profils:aucun))
-    ((not (cdr profils)) (car profils))
+    ((not (cdr profils)) (plv-profil-sain (car profils)))
     (T
      (setq numero (plv-demander-texte
                     (strcat "Numéro du profil [" (plv-joindre (mapcar 'plv-numero-profil profils) "/") "]")
                     (plv-numero-profil (plv-dernier profils))))
-     (cond ((plv-profil-de-numero numero)) (T (plv-erreur (plv-refus-numero numero)))))))
+     (if (plv-profil-de-numero numero)
+       (plv-profil-sain (plv-profil-de-numero numero))
+       (plv-erreur (plv-refus-numero numero))))))
 
 (defun plv-demander-profils (/ profils profil)
   "All profiles or one; nil after a message."
   (setq profils (plv-profils))
   (if (and (cdr profils) (= (plv-demander-mot "Profils" '("Tous" "Un") "Tous") "Tous"))
-    profils
+    (if (vl-every 'plv-profil-sain profils) profils)
     (if (setq profil (plv-choisir-profil)) (list profil))))
 
 ;; --- the current profile
@@ -66,7 +68,7 @@
 
 (defun plv-profil-courant (/ profil)
   "The current profile with its tables loaded; asked for when there is none, or when it is gone."
-  (if (setq profil (cond ((and plv-courant (member plv-courant (plv-profils))) plv-courant) ((plv-choisir-profil))))
+  (if (setq profil (if (and plv-courant (member plv-courant (plv-profils))) (plv-profil-sain plv-courant) (plv-choisir-profil)))
     (plv-choix-profil profil)))
 
 (defun c:plv-choisir (/ profil)

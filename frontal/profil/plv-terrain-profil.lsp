@@ -25,6 +25,10 @@ point."
 
 (defun plv-longueur-profil (profil) (cadr (pl_InfosTn profil)))
 
+(defun plv-longueur-terrain (profil)
+  "As the record of the ground has it, without the module."
+  (cond ((car (plv-dernier (plv-points-tn profil)))) (0.0)))
+
 (defun plv-altitude-tn (points d / autour)
   "Altitude of the ground points at a distance, nil outside them."
   (setq autour

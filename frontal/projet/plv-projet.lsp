@@ -29,15 +29,19 @@
   "A vertex of stations as one of distances."
   (list (- (car sommet) origine) (cadr sommet) (plv-projet:demande (plv-demande-de sommet) origine)))
 
+(defun plv-projet:raccords (profil sommets)
+  "The vertical curves, or the text of what can't be done."
+  (cond ((plv-projet:faute sommets (plv-longueur-profil profil))) ((plv-raccords sommets))))
+
 (defun plv-projet (profil genre sommets / origine raccords entites)
   "Draws a project line of vertices (station altitude [request]) and attaches it to a kind of line; gives its entities,
 or nil after a message. Requests: a radius, or (\"C\" or \"P\", then \"R\" radius, \"L\" length or \"P\" station altitude)."
   (setq origine (plv-premiere-station profil)
-        sommets (mapcar '(lambda (s) (plv-projet:sommet s origine)) sommets)
-        raccords (cond ((plv-projet:faute sommets (plv-longueur-profil profil))) ((plv-raccords sommets))))
+        sommets (mapcar '(lambda (s) (plv-projet:sommet s origine)) sommets))
   (cond
+    ((not (plv-profil-sain profil)) nil)
     ((not (plv-support profil genre)) (plv-erreur (plv-refus-support genre)))
-    ((eq (type raccords) 'STR) (plv-erreur raccords))
+    ((eq (type (setq raccords (plv-projet:raccords profil sommets))) 'STR) (plv-erreur raccords))
     (T
      (plv-creer-calques)
      (setq entites (plv-tracer-projet profil sommets raccords))
@@ -71,6 +75,7 @@ or nil after a message. Requests: a radius, or (\"C\" or \"P\", then \"R\" radiu
         refusees (- (length entites) (length courbes)))
   (if (> refusees 0) (plv-dire (strcat (itoa refusees) " entités laissées: ligne, polyligne ou spline attendue.")))
   (cond
+    ((not (plv-profil-sain profil)) nil)
     ((not (plv-support profil genre)) (plv-erreur (plv-refus-support genre)))
     ((not courbes) (plv-erreur "aucune courbe choisie"))
     (T (plv-attacher profil genre courbes) courbes)))

@@ -50,7 +50,7 @@
   "Fills the row of a table again, rows counted from 1."
   (if (setq profil (plv-profil-courant))
     (progn
-      (setq reference (car (vl-member-if '(lambda (r) (= (strcase (plv-matrice-nom r)) (strcase nom))) (plv-references-tables profil))))
+      (setq reference (car (vl-member-if '(lambda (r) (= (strcase (plv-matrice-nom r)) (strcase nom))) (plv-tables profil))))
       (if (and reference (pl_SelectLigne nom (1- rang)))
         (progn (plv-seule:vider profil reference (1- rang)) (plv-seule:remplir profil reference (1- rang)))
         (plv-erreur (strcat "pas de ligne " (itoa rang) " dans la matrice " nom)))))

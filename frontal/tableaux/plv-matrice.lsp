@@ -7,6 +7,17 @@
   "Block references of the tables that are stored with the profile, those that are gone from the drawing too."
   (plv-cles 330 (cdr (member (cons 90 plv-matrice:marque) (plv-enregistrement profil plv-matrice:liste)))))
 
+(defun plv-tables (profil)
+  "Those that are still in the drawing, with their record."
+  (vl-remove-if-not '(lambda (r) (and (plv-existe r) (plv-matrice-nom r))) (plv-references-tables profil)))
+
+(defun plv-oublier-tables (profil / groupes)
+  "Drops the tables that are gone from the list."
+  (setq groupes (plv-enregistrement profil plv-matrice:liste))
+  (if (vl-some '(lambda (g) (and (= (car g) 330) (not (plv-existe (cdr g))))) groupes)
+    (plv-ecrire-enregistrement profil plv-matrice:liste
+      (vl-remove-if '(lambda (g) (and (= (car g) 330) (not (plv-existe (cdr g))))) groupes))))
+
 ;; --- a table: name, scale, text style, number of rows, eight groups for each row, rules, group of the entities
 
 (defun plv-matrice (reference) (plv-enregistrement reference plv-matrice:cle))

@@ -4,6 +4,7 @@
 (defun plv-matrices (profil chemin tout / trouve points contexte gardes bilan)
   "Draws and fills; gives the profile, or nil after a message. tout: every point has its cells, however close."
   (cond
+    ((not (plv-profil-sain profil)) nil)
     ((not (setq trouve (plv-fichier-existant chemin))) nil)
     ((not (setq points (plv-points-nommes profil))) (plv-erreur (plv-refus-sans-terrain)))
     ((not (plv-dessiner-tables profil trouve)) nil)

@@ -19,7 +19,7 @@ AuditCount auditDrawing(Document& document, bool fix, const std::function<void(s
   if (!document.interpreter().get("PLV-AUDIT").isNil()) {
     std::string printed;
     document.takeTranscript();
-    document.evaluate("(plv-audit)", &printed);
+    document.evaluate(fix ? "(plv-audit-reparer)" : "(plv-audit)", &printed);
     if (collect) out(document.takeTranscript());
     count.errors += static_cast<std::size_t>(parseInteger(printed).value_or(0));
   }
