@@ -21,7 +21,8 @@
     (cotes (base profil)
      plv-cotes)
     (metres (base profil)
-     plv-metres-troncons plv-metres-classes plv-metres-rapport plv-cubpl plv-metres plv-legende)
+     plv-metres-troncons plv-metres-classes plv-metres-traces plv-metres-controle plv-metres-rapport plv-cubpl plv-metres
+     plv-legende)
     (optimal (base profil projet)
      plv-optimal plv-optimal-questions)
     (echange (base terrain profil projet)

@@ -11,7 +11,7 @@
   "Everything that is drawn of a profile, its tables and its legend."
   (vl-remove-if-not 'plv-existe
     (append
-      (list (plv-legende-du-profil profil) profil)
+      (cons profil (plv-legendes-du-profil profil))
       (plv-entites-habillage profil)
       (plv-ajouts-tables profil)
       (apply 'append (mapcar '(lambda (genre) (plv-elements profil genre)) (plv-genres)))

@@ -1,18 +1,39 @@
 ;; PLV-LEGENDE: the depth classes of a profile as a block beside it: colour, limits, length, surface, volume.
-;; The block is made anew each time, and its reference in the drawing goes with it.
+;; Each kind of line has its own. The block is made anew each time, and its reference in the drawing goes with it.
 
 (setq plv-legende:calque "PLV-LEGENDE")
 
 ;; titles of the columns and their widths in text heights; the first column is the colour's
 (setq plv-legende:colonnes '(("" 5.0) ("Profondeur (m)" 13.0) ("Longueur (m)" 12.0) ("Surface (m2)" 12.0) ("Volume (m3)" 12.0)))
 
-(defun plv-legende:nom (profil) (strcat "PLV_LEGENDE_" (itoa (plv-id-profil profil))))
+(defun plv-legende:racine (profil)
+  "What the names of a profile's legends begin with; profiles without an identifier are told apart by their handle."
+  (strcat "PLV_LEGENDE_" (if (< (plv-id-profil profil) 0) (plv-handle profil) (itoa (plv-id-profil profil)))))
 
-(defun plv-legende:references (nom) (plv-entites-du-jeu (ssget "X" (list '(0 . "INSERT") (cons 2 nom)))))
+(defun plv-legende:nom (profil genre) (strcat (plv-legende:racine profil) "_" (strcase genre)))
 
-(defun plv-legende-du-profil (profil)
-  "The reference of a profile's legend, nil without one."
-  (car (plv-legende:references (plv-legende:nom profil))))
+(defun plv-legende:references (nom) (reverse (plv-entites-du-jeu (ssget "X" (list '(0 . "INSERT") (cons 2 nom))))))
+
+(defun plv-legende:titre (profil genre) (strcat "PROFIL " (plv-numero-profil profil) " - " (strcase genre)))
+
+(defun plv-legende:ancienne (profil genre / racine e trouve)
+  "The name that a kind's legend had when a profile had one legend only; nil when there is none of this kind."
+  (setq racine (plv-legende:racine profil)
+        e (plv-cle -2 (tblsearch "BLOCK" racine)))
+  (while e
+    (if (= (plv-cle 1 (entget e)) (plv-legende:titre profil genre)) (setq trouve racine))
+    (setq e (entnext e)))
+  trouve)
+
+(defun plv-legende:noms (profil genre)
+  (vl-remove nil (list (plv-legende:ancienne profil genre) (plv-legende:nom profil genre))))
+
+(defun plv-legende:du-genre (profil genre)
+  (apply 'append (mapcar 'plv-legende:references (plv-legende:noms profil genre))))
+
+(defun plv-legendes-du-profil (profil)
+  "The references of a profile's legends, kind after kind."
+  (apply 'append (mapcar '(lambda (genre) (plv-legende:du-genre profil genre)) (plv-genres-projet))))
 
 ;; --- rows: (colour label length surface volume), the colour nil for the total
 
@@ -26,6 +47,7 @@
 (defun plv-legende:numeros (troncons) (vl-sort (plv-uniques (mapcar 'plv-troncon-classe troncons)) '<))
 
 (defun plv-legende:rangees (troncons classes)
+  (setq troncons (vl-remove-if-not 'plv-metres:visible-p troncons))
   (append
     (mapcar
       '(lambda (numero)
@@ -87,12 +109,18 @@
 
 ;; --- placing
 
-(defun plv-legende:place (profil / origine)
-  "To the right of the profile, at the height of its top."
-  (setq origine (plv-origine profil))
-  (plv-point (+ (car origine) (plv-longueur-profil profil) (* 6.0 (plv-ttxt profil))) (+ (cadr origine) (plv-hauteur-profil profil))))
+(defun plv-legende:place (profil genre / origine ecart largeur autres)
+  "To the right of the profile and of its legends of other kinds, at the height of its top."
+  (setq origine (plv-origine profil)
+        ecart (* 6.0 (plv-ttxt profil))
+        largeur (* (plv-ttxt profil) (apply '+ (plv-legende:largeurs)))
+        autres (vl-remove-if '(lambda (e) (member e (plv-legende:du-genre profil genre))) (plv-legendes-du-profil profil)))
+  (plv-point
+    (+ ecart (apply 'max (cons (+ (car origine) (plv-longueur-profil profil))
+                               (mapcar '(lambda (e) (+ (car (plv-origine e)) largeur)) autres))))
+    (+ (cadr origine) (plv-hauteur-profil profil))))
 
-(defun plv-legende (profil genre point / mesures)
+(defun plv-legende (profil genre point / lots mesures)
   "Measures a profile with the project line of a kind and places its legend (point nil: beside it). The block reference, or
 nil after a message."
   (setq genre (plv-genre genre))
@@ -100,16 +128,17 @@ nil after a message."
     ((not (plv-profil-sain profil)) nil)
     ((plv-refus-genre-projet genre) (plv-erreur (plv-refus-genre-projet genre)))
     ((not (plv-elements profil genre)) (plv-erreur (plv-refus-sans-ligne genre (list profil))))
-    ((setq mesures (plv-metres:mesurer (list profil) genre nil))
+    ((and (setq lots (plv-metres:lots (list profil) genre))
+          (setq mesures (plv-metres:avec-lots lots genre '(lambda () (plv-metres:mesurer lots genre nil nil)))))
      (plv-legende:placer profil genre
        (plv-legende:rangees (plv-mesure-troncons (car (plv-mesures-profils mesures))) (plv-mesures-classes mesures))
-       (cond (point) ((plv-legende:place profil)))))))
+       (cond (point) ((plv-legende:place profil genre)))))))
 
 (defun plv-legende:placer (profil genre rangees point / nom)
-  (setq nom (plv-legende:nom profil))
-  (plv-effacer (plv-legende:references nom))
+  (setq nom (plv-legende:nom profil genre))
+  (plv-effacer (plv-legende:du-genre profil genre))
   (entmake (list '(0 . "BLOCK") (cons 2 nom) '(70 . 0) '(10 0.0 0.0 0.0)))
-  (plv-legende:dessiner (strcat "PROFIL " (plv-numero-profil profil) " - " (strcase genre)) rangees (plv-ttxt profil))
+  (plv-legende:dessiner (plv-legende:titre profil genre) rangees (plv-ttxt profil))
   (entmake '((0 . "ENDBLK")))
   (plv-inserer plv-legende:calque nom point))
 

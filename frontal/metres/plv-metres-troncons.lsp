@@ -14,6 +14,10 @@
 (defun plv-troncon-volume-liste (troncon) (nth 6 troncon))
 (defun plv-troncon-longueur (troncon) (- (plv-troncon-fin troncon) (plv-troncon-debut troncon)))
 
+(defun plv-metres:visible-p (troncon)
+  "The module also makes sections of no length, as where a line begins at the limit of a class."
+  (> (plv-troncon-longueur troncon) 1e-5))
+
 (defun plv-metres:exact (valeur arrondie)
   "A value as it was worked out here, unless the module's rounded one is another."
   (if (equal valeur arrondie plv-metres:arrondi) valeur arrondie))
@@ -63,24 +67,6 @@
                    (plv-distance cadre (list (* 0.5 (+ (caar points) (car (plv-dernier points))))))))
       (mapcar '(lambda (p) (plv-vers-profil-sur cadre plan p)) points))))
 
-;; --- the ground that the module sweeps along
-
-(defun plv-metres:terrain (profil)
-  "The ground lines of the profile's planes as points; nil when other lines are attached as its terrain."
-  (if (not (plv-elements profil "TN")) (plv-metres:lignes-tn profil)))
-
-(defun plv-metres:lignes-tn (profil / cadre points)
-  (setq cadre (plv-cadre profil))
-  (foreach section (plv-sections-de-plan profil)
-    (foreach ligne (plv-lignes-du-plan (plv-section-entite section))
-      (if (not points) (setq points (list (plv-metres:bout cadre section ligne 10))))
-      (setq points (cons (plv-metres:bout cadre section ligne 11) points))))
-  (reverse points))
-
-(defun plv-metres:bout (cadre plan ligne groupe)
-  "An end (group 10 or 11) of a line drawn over a plane."
-  (plv-vers-profil-sur cadre plan (plv-cle groupe (entget ligne))))
-
 ;; --- the outline of a hatch
 
 (defun plv-metres:contour (hachure cadre / points abscisses plan)
@@ -127,19 +113,7 @@ it, in the lower line, which the outline goes along backwards, the one before it
     (setq somme (+ somme (* 0.5 (- (car b) (car a)) (+ (cadr a) (cadr b)))) a b))
   somme)
 
-;; --- all profiles
-
 (defun plv-metres:du-profil (profil genre rangees hachures / cadre marches)
   (setq cadre (plv-cadre profil)
         marches (list (plv-metres:marches-de profil cadre "TN") (plv-metres:marches-de profil cadre genre)))
   (mapcar '(lambda (r h) (plv-metres:troncon r h cadre marches)) rangees hachures))
-
-(defun plv-metres:par-profil (profils rangees hachures / i siennes resultat)
-  "For each profile (profile rows hatches): rows and hatches come in the same order."
-  (setq i -1)
-  (foreach profil profils
-    (setq i (1+ i)
-          siennes (vl-remove-if-not '(lambda (r) (= (plv-metres:rangee-profil r) i)) rangees)
-          resultat (cons (list profil siennes (plv-premiers hachures (length siennes))) resultat)
-          hachures (plv-sans-premiers hachures (length siennes))))
-  (reverse resultat))

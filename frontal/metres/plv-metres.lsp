@@ -1,6 +1,6 @@
 ;; PLV-METRES: the quantities of profiles in one call, through the very dialog that a user would open: depth sections by
 ;; class, totals, a control of the surfaces, on demand hatches and a workbook.
-;; Shared in the room: plv-metres:mesurer
+;; Shared in the room: plv-metres:*
 
 ;; --- measures are (classes (profile depth-section ...) ...)
 
@@ -67,33 +67,116 @@
 
 ;; --- measuring
 
-(defun plv-metres:hachurer (profils genre / faits)
+(defun plv-metres:hachurer (profil genre / faits)
   "Opens the dialog and has it hatch: (its lists, the hatches)."
   (setq faits
     (plv-executer
       '(lambda ()
          (plv-avec-calque "PLV-HACHURES"
-           '(lambda () (dialoguer c:cubpl (plv-metres:reponses profils genre '("SchematiserSurPLong"))))))))
+           '(lambda () (dialoguer c:cubpl (plv-metres:reponses (list profil) genre '("SchematiserSurPLong"))))))))
   (list (car faits) (vl-remove-if-not 'plv-metres:hachure-p (cadr faits))))
 
-(defun plv-metres:mesurer (profils genre hachurer / vus listes rangees hachures siennes mesures)
-  "The measures, or nil after a message. The hatches stay in the drawing when they are wanted."
+(defun plv-metres:essayer (profil genre / vus rangees)
+  "What the dialog measures, as (profile classes depth-sections hatches); nil when it can't."
+  (setq vus (plv-metres:hachurer profil genre)
+        rangees (vl-remove-if-not 'plv-metres:rangee-p (caar vus)))
+  (if (and rangees (= (length rangees) (length (cadr vus))))
+    (list profil (plv-metres:classes (caddr (car vus))) (plv-metres:du-profil profil genre rangees (cadr vus)) (cadr vus))
+    (plv-metres:effacer (cadr vus))))
+
+(defun plv-essai-profil (essai) (car essai))
+(defun plv-essai-classes (essai) (cadr essai))
+(defun plv-essai-troncons (essai) (caddr essai))
+(defun plv-essai-hachures (essai) (cadddr essai))
+
+;; --- lines that can't be measured: the module gives up the whole profile for one of them, so they are set aside
+
+(defun plv-metres:avec (avec:profil avec:genre avec:elements avec:fonction / avec:tous avec:fait)
+  "Runs a function while the kind has these elements only."
+  (setq avec:tous (plv-elements avec:profil avec:genre))
+  (plv-ecrire-elements avec:profil avec:genre avec:elements)
+  (setq avec:fait (vl-catch-all-apply avec:fonction '()))
+  (plv-ecrire-elements avec:profil avec:genre avec:tous)
+  (if (vl-catch-all-error-p avec:fait) (plv-erreur (vl-catch-all-error-message avec:fait)) avec:fait))
+
+(defun plv-metres:seule-p (profil genre element / essai)
+  "Whether the module measures a line by itself."
+  (setq essai (plv-metres:avec profil genre (list element) '(lambda () (plv-metres:essayer profil genre))))
+  (if essai (plv-metres:effacer (plv-essai-hachures essai)))
+  essai)
+
+(defun plv-metres:faute-ligne (profil cadre terrain element / pieces)
+  "Why a line can't be measured; nil when nothing is known against it."
+  (setq pieces (plv-traces:pieces profil cadre element nil))
+  (cond
+    ((not pieces) "elle n'a pas de longueur le long du profil")
+    ((not (plv-traces:profondeurs terrain pieces)) "elle doit être au droit du terrain")))
+
+(defun plv-metres:fautives (profil genre / cadre terrain fautes)
+  "The lines that can't be measured, as (element . why)."
+  (setq cadre (plv-cadre profil) terrain (plv-traces:terrain profil cadre nil))
+  (foreach e (plv-elements profil genre)
+    (setq fautes (cons (cons e (plv-metres:faute-ligne profil cadre terrain e)) fautes)))
+  (vl-remove-if-not 'cdr (reverse fautes)))
+
+(defun plv-metres:refusees (profil genre)
+  "The lines that the module doesn't measure, though nothing is known against them."
+  (mapcar '(lambda (e) (cons e "le module ne peut pas la mesurer"))
+    (vl-remove-if '(lambda (e) (plv-metres:seule-p profil genre e)) (plv-elements profil genre))))
+
+(defun plv-metres:dire-fautive (profil genre fautive)
+  (plv-erreur (strcat "profil " (plv-numero-profil profil) ", " genre ": la ligne " (plv-handle (car fautive))
+                      " n'a pas pu être mesurée: " (cdr fautive))))
+
+(defun plv-metres:mesurables (profil genre / fautives bons)
+  "The lines of a profile that can be measured; the others are named."
+  (setq fautives (plv-metres:fautives profil genre)
+        bons (vl-remove-if '(lambda (e) (assoc e fautives)) (plv-elements profil genre)))
+  (if (and bons (not (plv-metres:avec profil genre bons '(lambda () (plv-metres:mesure-p profil genre)))))
+    (setq fautives (append fautives (plv-metres:avec profil genre bons '(lambda () (plv-metres:refusees profil genre))))
+          bons (vl-remove-if '(lambda (e) (assoc e fautives)) bons)))
+  (foreach f fautives (plv-metres:dire-fautive profil genre f))
+  bons)
+
+(defun plv-metres:mesure-p (profil genre / essai)
+  (if (setq essai (plv-metres:essayer profil genre)) (plv-metres:effacer (plv-essai-hachures essai)))
+  essai)
+
+(defun plv-metres:avec-lots (avec:lots genre avec:finale)
+  "Runs a function while each profile, (profile line ...), has the lines of its lot only."
+  (if avec:lots
+    (plv-metres:avec (caar avec:lots) genre (cdar avec:lots)
+      '(lambda () (plv-metres:avec-lots (cdr avec:lots) genre avec:finale)))
+    (apply avec:finale '())))
+
+;; --- measuring
+
+(defun plv-metres:lots (profils genre)
+  "The profiles that can be measured, each with its lines."
   (plv-creer-calques)
   (plv-metres:oublier-effaces profils)
-  (setq vus (plv-metres:hachurer profils genre)
-        listes (car vus) hachures (cadr vus)
-        rangees (vl-remove-if-not 'plv-metres:rangee-p (car listes))
-        siennes (if (= (length hachures) (length rangees)) (plv-metres:par-profil profils rangees hachures)))
-  (if (and siennes (vl-every 'cadr siennes))
-    (setq mesures
-      (plv-mesures (plv-metres:classes (caddr listes))
-        (mapcar '(lambda (s) (cons (car s) (plv-metres:du-profil (car s) genre (cadr s) (caddr s)))) siennes))))
-  (if (and hachurer mesures)
-    (foreach s siennes (plv-metres:garder (car s) genre (caddr s)))
-    (plv-metres:effacer hachures))
-  (cond
-    (mesures)
-    (T (plv-erreur "une ligne de projet n'a pas pu être mesurée: elle doit être au droit du terrain"))))
+  (vl-remove-if-not 'cdr (mapcar '(lambda (p) (cons p (plv-metres:mesurables p genre))) profils)))
+
+(defun plv-metres:controler (essai genre dire / controle)
+  "T when a profile is measured right; else nil after a message. What it holds is printed when that is wanted."
+  (setq controle (plv-metres:controle (plv-essai-profil essai) genre (plv-essai-classes essai) (plv-essai-troncons essai)))
+  (if dire
+    (progn
+      (plv-metres:dire (plv-essai-profil essai) genre (plv-essai-classes essai) (plv-essai-troncons essai))
+      (plv-dire (car controle))))
+  (if (cadr controle) (plv-erreur (cadr controle)) T))
+
+(defun plv-metres:mesurer (lots genre hachurer dire / essais bons)
+  "The measures, or nil after a message when the control of a profile fails. The hatches stay in the drawing when they are
+wanted and the control is right."
+  (setq essais (mapcar '(lambda (lot) (plv-metres:essayer (car lot) genre)) lots)
+        bons (if essais (mapcar '(lambda (essai) (plv-metres:controler essai genre dire)) essais)))
+  (if (and bons hachurer (not (member nil bons)))
+    (foreach e essais (plv-metres:garder (plv-essai-profil e) genre (plv-essai-hachures e)))
+    (foreach e essais (plv-metres:effacer (plv-essai-hachures e))))
+  (if (and bons (not (member nil bons)))
+    (plv-mesures (plv-essai-classes (car essais))
+      (mapcar '(lambda (e) (cons (plv-essai-profil e) (plv-essai-troncons e))) essais))))
 
 (defun plv-metres:ecrire (profils genre chemin / neuf)
   "Writes the workbook. The dialog says nothing of its success: it writes a name that is still free, which then takes the
@@ -125,6 +208,7 @@ place of a workbook that is there."
   (setq dossier (vl-filename-directory chemin))
   (cond
     ((and (/= dossier "") (not (vl-file-directory-p dossier))) (strcat "dossier introuvable: " dossier))
+    ((member (vl-filename-base chemin) '("" ".xlsx")) (strcat "un nom est attendu pour le classeur: " chemin))
     ((vl-file-directory-p chemin) (strcat "un dossier a ce nom: " chemin))))
 
 (defun plv-metres:refus-classeur (profils chemin / faute)
@@ -149,7 +233,12 @@ place of a workbook that is there."
 
 ;; --- the call and the command
 
-(defun plv-metres (numeros genre chemin hachurer / profils faute mesures)
+(defun plv-metres:faire (lots genre chemin hachurer / mesures)
+  (setq mesures (plv-metres:mesurer lots genre hachurer T))
+  (if (and mesures chemin) (plv-metres:ecrire (mapcar 'car lots) genre chemin))
+  mesures)
+
+(defun plv-metres (numeros genre chemin hachurer / profils faute lots)
   "Measures profiles (a list of numbers, nil for all) with the project line of a kind; writes a workbook unless chemin is
 nil, leaves hatches on demand. Gives the measures, or nil after a message."
   (setq numeros (plv-uniques numeros)
@@ -158,11 +247,8 @@ nil, leaves hatches on demand. Gives the measures, or nil after a message."
         chemin (if (and chemin (not (vl-filename-extension chemin))) (strcat chemin ".xlsx") chemin))
   (cond
     ((setq faute (cond ((plv-metres:refus numeros profils genre)) ((plv-metres:refus-classeur profils chemin)))) (plv-erreur faute))
-    ((setq mesures (plv-metres:mesurer profils genre hachurer))
-     (foreach m (plv-mesures-profils mesures)
-       (plv-metres:dire (plv-mesure-profil m) genre (plv-mesures-classes mesures) (plv-mesure-troncons m)))
-     (if chemin (plv-metres:ecrire profils genre chemin))
-     mesures)))
+    ((setq lots (plv-metres:lots profils genre))
+     (plv-metres:avec-lots lots genre '(lambda () (plv-metres:faire lots genre chemin hachurer))))))
 
 (defun plv-metres:demander-numeros (/ reponse)
   (setq reponse (plv-demander-texte "Numéros des profils, séparés par des virgules, ou Tous" "Tous"))

@@ -212,7 +212,7 @@ def check_quantities(drawing, data, folder):
         expect("class, width and volume", (deepest < limit + 1e-9, width, near(volume, surface * wide)), (True, wide, True))
         expect("colour and transparency", (hatch.dxf.color, hatch.dxf.transparency), (colour, 0x0200005A))
     expect("end of the sections", (sections[0][0], sections[-1][1]), (0.0, 400.0))
-    legend = [t.dxf.text for t in drawing.blocks["PLV_LEGENDE_1"].query("TEXT")]
+    legend = [t.dxf.text for t in drawing.blocks["PLV_LEGENDE_1_ASSAINISSEMENT"].query("TEXT")]
     totals = [f"{sum(r[1] - r[0] for r in sections):.2f}", f"{sum(r[3] for r in sections):.2f}", f"{sum(r[5] for r in sections):.2f}"]
     expect("legend", (legend[0], legend[-4:]), ("PROFIL 1 - ASSAINISSEMENT", ["Total", *totals]))
 

@@ -142,12 +142,12 @@
   (plv-projet p "Projet" '((1000.0 50.5) (1060.0 42.5) (1100.0 33.0)))
   (plv-legende p "Projet" nil)
   (setq r (plv-legende p "Projet" nil)))
-((sslength (ssget "X" '((0 . "INSERT") (2 . "PLV_LEGENDE_1")))) 1)
+((sslength (ssget "X" '((0 . "INSERT") (2 . "PLV_LEGENDE_1_PROJET")))) 1)
 ((> (cadr (assoc 10 (entget r))) 100.0) T)
 ;; those of the block are not the drawing's
 ((combien "HATCH") 0)
 (preparer
-  (setq e (cdr (assoc -2 (tblsearch "BLOCK" "PLV_LEGENDE_1"))) textes nil couleurs nil)
+  (setq e (cdr (assoc -2 (tblsearch "BLOCK" "PLV_LEGENDE_1_PROJET"))) textes nil couleurs nil)
   (while e
     (setq g (entget e))
     (if (= (cdr (assoc 0 g)) "TEXT") (setq textes (cons (cdr (assoc 1 g)) textes)))

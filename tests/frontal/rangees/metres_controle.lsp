@@ -1,0 +1,101 @@
+;; The control of the quantities: what the module doesn't measure as it is drawn stops the command, which then writes nothing;
+;; lines that can't be measured are named and the others go on.
+
+(commun
+  (fichier "g.csv" "distance;altitude\n0;100\n100;100\n")
+  (fichier "m.xlsx" "the former one")
+  (preparer
+    (setq p (plv-nouveau "<dossier>g.csv" "1" '(0.0 0.0 0.0) 10.0 2.5 200.0 '((0.0 90.0) (50.0 92.0))))
+    (defun poly (points)
+      (entmakex (append (list '(0 . "LWPOLYLINE") '(100 . "AcDbEntity") '(100 . "AcDbPolyline") (cons 90 (length points)) '(70 . 0))
+                        (mapcar '(lambda (q) (cons 10 q)) points))))
+    (defun attacher (genre points) (plv-attacher p genre (list (poly points))))
+    (defun hachures () (mapcar 'plv-handle (plv-entites-du-jeu (ssget "X" '((0 . "HATCH"))))))
+    (defun classeur (/ f l) (setq f (open "<dossier>m.xlsx" "r") l (read-line f)) (close f) l)
+    (defun groupes ()
+      (length (vl-remove-if-not '(lambda (g) (and (= (car g) 350) (entget (cdr g)))) (dictsearch (namedobjdict) "ACAD_GROUP"))))))
+
+(situation "WhatIsNotMeasuredAsDrawnStops")
+(tableau (preparation texte)
+  ;; over a change of plane: the module leaves out one half
+  ((attacher "Voirie" '((0.0 85.0) (40.0 85.0) (100.0 85.0))) "les tronçons ont 50.000 m, la ligne en a 100.000")
+  ;; a hole in an attached terrain
+  ((progn
+     (attacher "TN" '((0.0 100.0) (30.0 100.0))) (attacher "TN" '((40.0 100.0) (50.0 100.0)))
+     (attacher "Voirie" '((0.0 85.0) (49.0 85.0))))
+   "les tronçons ont 49.000 m, la ligne en a 39.000")
+  ;; arcs, of which the module takes the chords
+  ((plv-attacher p "Voirie"
+     (list (entmakex '((0 . "LWPOLYLINE") (100 . "AcDbEntity") (100 . "AcDbPolyline") (90 . 2) (70 . 0)
+                       (10 5.0 80.0) (42 . 0.3) (10 40.0 80.0)))))
+   "le tronçon de 5.000 à")
+  ;; a drop by which a line comes back to the class it left
+  ((attacher "Voirie" '((0.0 88.0) (25.0 88.0) (25.0 72.0) (50.0 88.0))) "n'a pas la classe ou la surface"))
+(preparer
+  (attacher "AEp" '((0.0 85.0) (50.0 85.0)))
+  (plv-metres nil "AEp" nil T)
+  preparation
+  (setq avant (list (hachures) (groupes))))
+((> (length (car avant)) 0) T)
+(refuse (plv-metres nil "Voirie" "<dossier>m.xlsx" T) ": FAUX." "métrés du profil 1, Voirie: " texte (sauf "Classeur"))
+((equal avant (list (hachures) (groupes))) T)
+((classeur) "the former one")
+(refuse (plv-legende p "Voirie" nil) texte)
+((ssget "X" '((2 . "PLV_LEGENDE*"))) nil)
+((equal avant (list (hachures) (groupes))) T)
+
+;; Hatches that were there stay when the line is changed into one that fails.
+(situation "FormerHatchesStay")
+(preparer
+  (attacher "Voirie" '((0.0 85.0) (50.0 85.0)))
+  (plv-metres nil "Voirie" "<dossier>m.xlsx" T)
+  (setq avant (hachures))
+  (attacher "Voirie" '((0.0 65.0) (40.0 65.0) (100.0 65.0))))
+(refuse (plv-metres nil "Voirie" "<dossier>m.xlsx" T) "FAUX")
+((and avant (equal avant (hachures))) T)
+
+(situation "ALineThatCannotBeMeasuredIsNamed")
+(preparer
+  (setq q (plv-nouveau "<dossier>g.csv" "2" '(0.0 500.0 0.0) 10.0 2.5 200.0 '((0.0 90.0))))
+  (attacher "Voirie" '((0.0 85.0) (50.0 85.0)))
+  (attacher "Voirie" '((300.0 85.0) (350.0 85.0)))
+  (attacher "Voirie" '((60.0 70.0) (60.0 75.0)))
+  (attacher "Voirie" '((55.0 65.0) (100.0 65.0)))
+  (setq e (poly '((200.0 585.0) (250.0 585.0))))
+  (plv-attacher q "Voirie" (list e))
+  (setq avant (plv-elements p "Voirie")))
+(dit (setq m (plv-metres nil "Voirie" "<dossier>m.xlsx" nil))
+  "profil 1, Voirie: la ligne" "elle doit être au droit du terrain" "elle n'a pas de longueur le long du profil"
+  "profil 2, Voirie: la ligne" "Profil 1, Voirie: 2 tronçons" ": juste." "Classeur: " (sauf "Profil 2" "argument"))
+((length (plv-mesures-profils m)) 1)
+((equal (plv-elements p "Voirie") avant) T)
+((equal (plv-elements q "Voirie") (list e)) T)
+((/= (classeur) "the former one") T)
+
+(situation "SectionsOfNoLengthAreNotListed")
+(preparer (attacher "Voirie" '((0.0 90.0) (50.0 80.0))) (setq m (plv-metres nil "Voirie" nil nil)))
+;; it begins at the limit of a class: the module starts in that class
+((plv-troncon-longueur (car (plv-mesure-troncons (car (plv-mesures-profils m))))) 0.0)
+(dit (plv-metres nil "Voirie" nil nil) "Profil 1, Voirie: 2 tronçons" "1.00 à 1.50" "1.50 à 2.00" (sauf "0.00 à 1.00"))
+(preparer
+  (plv-legende p "Voirie" nil)
+  (setq e (cdr (assoc -2 (tblsearch "BLOCK" (cdr (assoc 2 (entget (car (plv-legendes-du-profil p)))))))) textes nil)
+  (while e (if (= (plv-type e) "TEXT") (setq textes (cons (cdr (assoc 1 (entget e))) textes))) (setq e (entnext e))))
+((list (member "0.00 a 1.00" textes) (not (member "1.00 a 1.50" textes))) (nil nil))
+
+(situation "AnExtensionIsNoNameOfAWorkbook")
+(tableau (nom) (".xlsx") ("") ("<dossier>.xlsx") ("<dossier>"))
+(preparer (attacher "Voirie" '((0.0 85.0) (50.0 85.0))))
+(refuse (plv-metres nil "Voirie" nom nil) "un nom est attendu pour le classeur")
+((findfile "<dossier>.xlsx") nil)
+
+(situation "EachKindHasALegendOfItsOwn")
+(preparer
+  (attacher "Voirie" '((0.0 85.0) (50.0 85.0)))
+  (attacher "AEp" '((0.0 75.0) (50.0 75.0)))
+  (setq a (plv-legende p "Voirie" nil) b (plv-legende p "AEp" nil) c (plv-legende p "Voirie" '(0.0 300.0 0.0))))
+((list (entget a) (not (entget b)) (not (entget c))) (nil nil nil))
+((sslength (ssget "X" '((0 . "INSERT") (2 . "PLV_LEGENDE*")))) 2)
+;; beside the first one, not upon it
+((> (- (car (plv-origine b)) 100.0) (* 50.0 2.5)) T)
+((equal (plv-legendes-du-profil p) (list c b)) T)
