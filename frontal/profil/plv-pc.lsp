@@ -115,11 +115,41 @@ governs there. Gives the profile, or nil after a message."
      (pl_chg_pc profil "A" x altitude 0.0)
      (plv-pc:reporter-cles profil x traverses (* (- (plv-plan-altitude section) altitude) (plv-echv profil))))
     ((= operation "M")
-     (plv-pc:modifier profil section altitude)
-     (pl_chg_pc profil "M" x (plv-plan-altitude section) altitude))
+     (plv-pc:deplacer profil section altitude))
     (T
-     (plv-pc:supprimer profil (nth (1- (vl-position section sections)) sections) section)
-     (pl_chg_pc profil "S" x 0.0 (plv-plan-altitude section)))))
+     (plv-pc:oter profil sections section))))
+
+(defun plv-pc:deplacer (profil section altitude)
+  (plv-pc:modifier profil section altitude)
+  (pl_chg_pc profil "M" (+ (car (plv-origine profil)) (plv-plan-debut section)) (plv-plan-altitude section) altitude))
+
+;; --- a removal. The module does nothing for a plane as high as the one before it, and joins whatever curves touch, also across
+;; a plane that stays when it is as high as its neighbour. So no two neighbours are equally high while it works.
+
+(defun plv-pc:altitudes-ecartees (sections rang / altitudes i z)
+  "For each section its altitude, or a higher one where it has that of the section before it, or, next to the section that
+goes, that of its neighbour to be."
+  (setq i 0)
+  (foreach s sections
+    (setq z (plv-plan-altitude s))
+    (while (or (and altitudes (equal z (car altitudes) 1e-3)) (and (= i (1+ rang)) (equal z (cadr altitudes) 1e-3)))
+      (setq z (1+ z)))
+    (setq altitudes (cons z altitudes) i (1+ i)))
+  (reverse altitudes))
+
+(defun plv-pc:regler (profil debut altitude / section)
+  "The section that begins at a distance at an altitude, with what is attached."
+  (setq section (plv-pc:section (plv-sections-de-plan profil) debut))
+  (if (/= (plv-plan-altitude section) altitude) (plv-pc:deplacer profil section altitude)))
+
+(defun plv-pc:oter (profil sections section / rang ecartees)
+  (setq rang (vl-position section sections))
+  (mapcar '(lambda (s z) (plv-pc:regler profil (plv-plan-debut s) z)) sections (plv-pc:altitudes-ecartees sections rang))
+  (setq ecartees (plv-sections-de-plan profil))
+  (plv-pc:supprimer profil (nth (1- rang) ecartees) (nth rang ecartees))
+  (pl_chg_pc profil "S" (+ (car (plv-origine profil)) (plv-plan-debut section)) 0.0 (plv-plan-altitude (nth rang ecartees)))
+  (foreach s sections
+    (if (not (eq s section)) (plv-pc:regler profil (plv-plan-debut s) (plv-plan-altitude s)))))
 
 (defun c:plv-pc (/ profil operation station altitude)
   (if (setq profil (plv-choisir-profil))

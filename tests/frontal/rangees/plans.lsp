@@ -83,3 +83,30 @@
   (setq fautes nil)
   (repeat 12 (changer) (setq fautes (append (deplaces) fautes))))
 (fautes nil)
+
+;; Few altitudes, so that neighbours are often equally high: a plane like its neighbour goes with its twins, and joints don't
+;; cross a plane that stays.
+(situation "NeighboursMayBeEquallyHigh")
+(tableau (point graine)
+  ((0.0 0.0 0.0) 1) ((0.0 0.0 0.0) 2) ((1000.37 500.0 0.0) 3) ((652000.37 6861234.5 0.0) 4) ((1852340.5 3166420.25 0.0) 5))
+(preparer
+  (setq hasard graine)
+  (defun suivant (n) (setq hasard (rem (+ (* hasard 7141) 54773) 259200)) (rem hasard n))
+  (defun altitude () (+ premier (suivant 2)))
+  (defun changer (/ d)
+    (setq d (nth (suivant 5) distances))
+    (cond ((not (changement d)) (agir "A" d (altitude)))
+          ((= (suivant 2) 0) (agir "S" d nil))
+          (T (agir "M" d (altitude)))))
+  (commencer 'point)
+  ;; every curve lies over one plane, at its altitude
+  (defun altitudes ()
+    (mapcar '(lambda (d) (plv-altitude-projet pr (plv-elements-situes pr "Voirie") (plv-plans pr) d)) '(5.0 30.0 90.0 150.0 220.0)))
+  (setq fautes nil avant (altitudes))
+  (repeat 16
+    (changer)
+    (setq fautes (append (deplaces) fautes))
+    (if (not (vl-every 'plv-situe-plan (plv-elements-situes pr "Voirie"))) (setq fautes (cons 'straddles fautes)))
+    (if (not (equal (altitudes) avant 1e-4)) (setq fautes (cons 'altitude fautes)))))
+(fautes nil)
+((equal (mapcar 'cons (mapcar 'car (plv-plans pr)) (mapcar 'cadr (plv-plans pr))) plans 1e-6) T)
