@@ -1,16 +1,17 @@
 ;; The command PLV-OPTIMAL: its questions.
-;; An end is a station and a depth below the ground there, or a point picked in the profile's graphic.
+;; The depths come first: in the middle of their band stand the ends that are proposed. An end is a station and a depth below the
+;; ground there, or a point picked in the profile's graphic.
 
-(defun plv-optimal:bout (profil question d / origine reponse couple bout)
-  "An end of the line as (distance altitude); Enter takes the distance d, a metre below the ground."
+(defun plv-optimal:bout (profil question d profondeur / origine reponse couple bout)
+  "An end of the line as (distance altitude); Enter takes the distance and the depth."
   (setq origine (plv-premiere-station profil)
-        question (strcat "Station,profondeur " question " ou [Pointer] <" (plv-reel (+ origine d) 2) ",1.00>"))
+        question (strcat "Station,profondeur " question " ou [Pointer] <" (plv-reel (+ origine d) 2) "," (plv-reel profondeur 2) ">"))
   (while (not bout)
     (setq reponse (plv-demander-texte question nil)
           couple (plv-couple reponse)
           bout
            (cond
-             ((= reponse "") (plv-optimal:sous-terrain profil d 1.0))
+             ((= reponse "") (plv-optimal:sous-terrain profil d profondeur))
              ((member (strcase reponse) '("P" "POINTER")) (plv-optimal:pointer profil (getpoint "\nPoint du profil: ")))
              (couple (plv-optimal:sous-terrain profil (- (car couple) origine) (cadr couple)))
              (T (plv-dire-couple) nil))))
@@ -48,10 +49,10 @@
     (progn
       (setq genre (plv-demander-genre-projet "Assainissement")
             anciens (plv-optimal:a-remplacer profil genre)
-            depart (plv-optimal:bout profil "du départ" (car (car (plv-points-tn profil))))
-            arrivee (plv-optimal:bout profil "de l'arrivée" (plv-longueur-profil profil))
             minimum (plv-optimal:demander-profondeur "Profondeur minimale (un nombre négatif est une surélévation)" 0.8)
             maximum (plv-optimal:demander-profondeur "Profondeur maximale" 1.6)
+            depart (plv-optimal:bout profil "du départ" (car (car (plv-points-tn profil))) (plv-milieu (list minimum maximum)))
+            arrivee (plv-optimal:bout profil "de l'arrivée" (plv-longueur-profil profil) (plv-milieu (list minimum maximum)))
             garder (= (plv-demander-mot "Garder le tracé de la recherche" '("Oui" "Non") "Non") "Oui"))
       (if (plv-optimal profil genre depart arrivee minimum maximum garder) (plv-effacer anciens))))
   (princ))

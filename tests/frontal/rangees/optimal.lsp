@@ -56,7 +56,8 @@
 ((plv-elements-du-projet p "Projet") nil)
 
 (situation "AsksUntilItUnderstands")
-(tape ("PLV-OPTIMAL" "A" "abc" "900,1" "1000,1" "" "0.8" "1.2" "Non")
+(tape ("PLV-OPTIMAL" "A" "0.8" "1.2" "abc" "900,1" "1000,1" "" "Non")
+  "départ ou [Pointer] <1000.00,1.00>"
   "Deux nombres séparés par une virgule sont attendus" "Les stations du profil vont de 1000.00 à 1100.00."
   "Toute la ligne est dans les profondeurs demandées.")
 (preparer (setq avant (plv-elements-du-projet p "Assainissement")))
@@ -67,17 +68,17 @@
 ((equal avant (plv-elements-du-projet p "Assainissement")) T)
 (tape ("PLV-OPTIMAL" "A" "Remplacer"))
 ((equal avant (plv-elements-du-projet p "Assainissement")) T)
-(tape ("PLV-OPTIMAL" "A" "Remplacer" "P"))
+(tape ("PLV-OPTIMAL" "A" "Remplacer" "0.8"))
 ((equal avant (plv-elements-du-projet p "Assainissement")) T)
-(tape ("PLV-OPTIMAL" "A" "Remplacer" "P" "0,120"))
+(tape ("PLV-OPTIMAL" "A" "Remplacer" "0.8" "1.4"))
 ((equal avant (plv-elements-du-projet p "Assainissement")) T)
-(tape ("PLV-OPTIMAL" "A" "Remplacer" "P" "0,120" ""))
+(tape ("PLV-OPTIMAL" "A" "Remplacer" "0.8" "1.4" "P"))
 ((equal avant (plv-elements-du-projet p "Assainissement")) T)
-(tape ("PLV-OPTIMAL" "A" "Remplacer" "P" "0,120" "" "0.8"))
+(tape ("PLV-OPTIMAL" "A" "Remplacer" "0.8" "1.4" "P" "0,120"))
 ((equal avant (plv-elements-du-projet p "Assainissement")) T)
-(tape ("PLV-OPTIMAL" "A" "Remplacer" "P" "0,120" "" "0.8" "1.4"))
+(tape ("PLV-OPTIMAL" "A" "Remplacer" "0.8" "1.4" "P" "0,120" ""))
 ((equal avant (plv-elements-du-projet p "Assainissement")) T)
-(tape ("PLV-OPTIMAL" "A" "Remplacer" "P" "0,120" "" "0.8" "1.4" "Non"))
+(tape ("PLV-OPTIMAL" "A" "Remplacer" "0.8" "1.4" "P" "0,120" "" "Non") "arrivée ou [Pointer] <1100.00,1.10>")
 ((vl-some 'entget avant) nil)
 ;; the picked start: 12 m above the plane
 ((equal (cadr (car (plv-sommets-dessines (plv-cadre p) (car (plv-elements-du-projet p "Assainissement")))))
@@ -85,3 +86,11 @@
  T)
 ((equal (plv-altitude-projet p (mapcar '(lambda (e) (list 0.0 100.0 e)) (plv-elements-du-projet p "Assainissement")) (plv-plans p) 0.0) 0.0)
  nil)
+
+;; Enter at both ends: the line begins and ends in the middle of the band.
+(situation "TheEndsAreProposedInTheMiddleOfTheBand")
+(tape ("PLV-OPTIMAL" "A" "2" "3" "" "" "Non") "<1000.00,2.50>" "<1100.00,2.50>")
+(preparer
+  (setq situes (plv-elements-situes p "Assainissement"))
+  (defun z (d) (plv-altitude-projet p situes (plv-plans p) d)))
+((and (equal (z 0.0) 47.5 1e-6) (equal (z 100.0) 37.5 1e-6)) T)
