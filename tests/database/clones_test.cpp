@@ -189,4 +189,38 @@ TEST(Clones, namesAlreadyThereAreTakenAsTheyAre) {
   EXPECT_EQ(layers, 1);
 }
 
+// A reference of an anonymous block that holds one circle.
+AcDbObjectId appendAnonymous(Opened& drawing, double radius) {
+  auto* block = new AcDbBlockTableRecord;
+  block->setName(L"*U");
+  AcDbObjectId id;
+  EXPECT_EQ(Open<AcDbBlockTable>(drawing.db.blockTableId(), kWrite)->add(id, block), Acad::eOk);
+  auto* circle = new AcDbCircle({0, 0, 0}, {0, 0, 1}, radius);
+  block->appendAcDbEntity(circle);
+  circle->close();
+  block->close();
+  return append(drawing, new AcDbBlockReference({0, 0, 0}, id));
+}
+
+double radiusIn(AcDbObjectId reference) {
+  const Open<AcDbBlockTableRecord> block(Open<AcDbBlockReference>(reference)->blockTableRecord());
+  return Open<AcDbCircle>(block->entityIds()[0])->radius();
+}
+
+// Both drawings number their anonymous blocks from one: the same name is another block.
+TEST(Clones, anonymousBlocksKeepTheirContents) {
+  Opened target(true);
+  const AcDbObjectId mine = appendAnonymous(target, 3);
+  Opened source(true);
+  for (const double radius : {7.0, 8.0}) appendAnonymous(source, radius);
+  AcDbObjectId id;
+  ASSERT_EQ(target.db.insert(id, L"PLAN", &source.db), Acad::eOk);
+  Reread again(target);
+  const auto copies = inBlock(again, "PLAN");
+  ASSERT_EQ(copies.size(), 2u);
+  EXPECT_EQ(radiusIn(atelier::idOf(again.imp.stubOf(mine.handle().value()))), 3.0);
+  EXPECT_EQ(radiusIn(copies[0]), 7.0);
+  EXPECT_EQ(radiusIn(copies[1]), 8.0);
+}
+
 }  // namespace

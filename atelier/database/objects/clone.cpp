@@ -5,6 +5,7 @@
 #include <unordered_map>
 
 #include "atelier/base/interruption.h"
+#include "atelier/database/objects/cloned_groups.h"
 #include "atelier/database/objects/imp_database.h"
 #include "atelier/database/objects/new_record.h"
 #include "atelier/database/objects/ownership.h"
@@ -37,7 +38,7 @@ class Cloner {
     Record copy = AcDbImpObject::of(&original).settled();
     removeBraces(copy, kReactors);
     for (Group& group : copy.groups) group.from({});
-    if (source.is(AcDbStub::kEntity)) nameTables(copy, source);
+    if (source.is(AcDbStub::kEntity) && source.database != &target_) nameTables(copy, source);
     ParsedRecord parsed(std::move(copy));
     AcDbObject* made = makeObjectForPending(source.is(AcDbStub::kEntity));
     AcDbStub& stub = target_.adopt(*made, owner);
@@ -74,14 +75,14 @@ class Cloner {
         if (it != map_.end()) group = Group::handle(code, it->second->handle);
         else if (&from != &target_) group = Group::handle(code, 0);
       }
+      keepReactors(*made.source, record);
       // The owner is set again, because its handle was translated as if it came from the source drawing.
       if (stub->owner) record.setOwner(stub->owner->handle);
       if (&from != &target_) removeEmptyExtension(record);
     }
   }
 
-  using Map = std::unordered_map<AcDbStub*, AcDbStub*>;
-  const Map& map() const { return map_; }
+  const CloneMap& map() const { return map_; }
 
   // Makes the copies, in the order of the sources, as children of the owner.
   std::vector<AcDbStub*> cloneInto(AcDbImpDatabase& from, const std::vector<AcDbStub*>& sources, AcDbStub& owner) {
@@ -90,13 +91,40 @@ class Cloner {
       checkInterruption();
       AcDbStub& copy = clone(*source, owner);
       (copy.is(AcDbStub::kEntity) && owner.children ? *owner.children : target_.objects).push_back(&copy);
+      markSpace(copy);
       copies.push_back(&copy);
     }
-    translate(from);
+    finish(from);
     return copies;
   }
 
+  // The groups of what was copied, then the references.
+  void finish(AcDbImpDatabase& from) {
+    std::vector<AcDbStub*> groups;
+    for (AcDbStub* group : wholeGroups(from, map_)) groups.push_back(&clone(*group, groupDictionary(target_)));
+    translate(from);
+    for (AcDbStub* group : groups) enterGroup(*group);
+  }
+
  private:
+  // Only an entity of the paper space says in which space it stands.
+  void markSpace(AcDbStub& entity) const {
+    if (!entity.is(AcDbStub::kEntity)) return;
+    const Field inPaper = integerField("AcDbEntity", 67);
+    Record& record = AcDbImpObject::of(entity.object).record;
+    if (entity.owner == target_.paperSpace()) record.setInteger(inPaper, 1);
+    else record.remove(inPaper);
+  }
+
+  // A copy has those reactors of its original that were copied too.
+  void keepReactors(AcDbStub& source, Record& record) const {
+    const Record& original = AcDbImpObject::of(&source.database->object(source)).record;
+    const auto bounds = original.braces(kReactors);
+    for (std::size_t i = bounds ? bounds->first : 0; bounds && i < bounds->second; ++i)
+      if (const auto it = map_.find(source.database->stubOf(original.groups[i].handle())); it != map_.end())
+        addToBraces(record, kReactors, original.groups[i].code(), it->second->handle);
+  }
+
   static void removeEmptyExtension(Record& record) {
     const auto bounds = record.braces(kExtension);
     if (bounds && bounds->first < bounds->second && record.groups[bounds->first].handle() == 0)
@@ -104,23 +132,47 @@ class Cloner {
   }
 
   // Layers, styles, line types, applications and blocks are referred to by name; those that the target lacks are copied.
-  void nameTables(const Record& record, AcDbStub& source) {
-    if (source.database == &target_) return;
+  void nameTables(Record& record, AcDbStub& source) {
     for (const Group& group : record.groups) {
       if (group.code() == 8) need("LAYER", group.text(), source);
       else if (group.code() == 6) need("LTYPE", group.text(), source);
       else if (group.code() == 7) need("STYLE", group.text(), source);
       else if (group.code() == 1001) need("APPID", group.text(), source);
     }
-    if (record.type() == "INSERT") need("BLOCK_RECORD", record.text(textField("AcDbBlockReference", 2)), source);
-    if (record.type() == "DIMENSION") need("BLOCK_RECORD", record.text(textField("AcDbDimension", 2)), source);
+    if (record.type() == "INSERT") nameBlock(record, textField("AcDbBlockReference", 2), source);
+    if (record.type() == "DIMENSION") nameBlock(record, textField("AcDbDimension", 2), source);
   }
 
+  // An anonymous block of the target has the same name by chance only: the copy's block gets a free one.
+  void nameBlock(Record& record, const Field& field, AcDbStub& source) {
+    const std::string name = record.text(field);
+    AcDbStub* original = source.database->tableRecord("BLOCK_RECORD", name);
+    AcDbStub* head = target_.table("BLOCK_RECORD");
+    const bool anonymous = name.size() > 2 && name[0] == '*' && isDigit(name[2]);
+    if (!anonymous || !original || !head) {
+      need("BLOCK_RECORD", name, source);
+      return;
+    }
+    const auto known = map_.find(original);
+    AcDbStub& block = known != map_.end() ? *known->second : cloneBlock(*original, *head, anonymousPrefix(name));
+    record.setText(field, target_.recordName(block));
+  }
+
+  static bool isDigit(char c) { return c >= '0' && c <= '9'; }
+  static std::string anonymousPrefix(const std::string& name) {
+    const std::string prefix = name.substr(0, 2);
+    return prefix == "*D" || prefix == "*X" ? prefix : "*U";
+  }
+
+  // References to a record lead to the target's record of that name.
   void need(std::string_view table, const std::string& name, AcDbStub& source) {
-    if (name.empty() || target_.tableRecord(table, name)) return;
-    AcDbStub* original = source.database->tableRecord(table, name);
+    AcDbStub* original = name.empty() ? nullptr : source.database->tableRecord(table, name);
     AcDbStub* head = target_.table(table);
-    if (!original || !head) return;
+    if (!original || !head || map_.contains(original)) return;
+    if (AcDbStub* present = target_.tableRecord(table, name)) {
+      map_[original] = present;
+      return;
+    }
     if (table == "BLOCK_RECORD") {
       cloneBlock(*original, *head, name);
       return;
@@ -168,7 +220,7 @@ class Cloner {
         checkInterruption();
         AcDbStub& copy = clone(*child, made);
         made.children->push_back(&copy);
-        AcDbImpObject::of(copy.object).record.remove(integerField("AcDbEntity", 67));
+        markSpace(copy);
       }
     return made;
   }
@@ -178,7 +230,7 @@ class Cloner {
   struct Made {
     AcDbStub *source, *copy;
   };
-  Map map_;
+  CloneMap map_;
   std::vector<Made> made_;
   std::vector<AcDbStub*> blocks_;
 };
@@ -220,7 +272,7 @@ Acad::ErrorStatus AcDbDatabase::insert(AcDbObjectId& blockId, const ACHAR* block
   if (mpImp->tableRecord("BLOCK_RECORD", name)) return Acad::eDuplicateRecordName;
   Cloner cloner(*mpImp);
   AcDbStub& made = cloner.cloneBlock(*space, *mpImp->table("BLOCK_RECORD"), name);
-  cloner.translate(*source->impDatabase());
+  cloner.finish(*source->impDatabase());
   // The base point of the drawing becomes the origin of the block.
   if (const auto* base = source->impDatabase()->header.find("$INSBASE"); base && base->values.size() >= 2) {
     const AcDbObjectPointer<AcDbBlockTableRecord> block(idOf(&made), AcDb::kForWrite);
