@@ -54,10 +54,10 @@ CommandTask copy(Command& c) {
   }
 }
 
-// Copies the objects first when asked to, then moves the originals.
+// What is kept stays as it is: its handles are known to others, and its layer may be locked.
 void transform(const Command& c, const SelectionSet& set, const AcGeMatrix3d& matrix, bool keepOriginal) {
-  if (keepOriginal) c.copies(set, AcGeMatrix3d());
-  c.change(set, [&](AcDbEntity& entity) { entity.transformBy(matrix); });
+  if (keepOriginal) c.copies(set, matrix);
+  else c.change(set, [&](AcDbEntity& entity) { entity.transformBy(matrix); });
 }
 
 CommandTask rotate(Command& c) {
