@@ -6,6 +6,7 @@
 
 #include "atelier/commands/command_prompts.h"
 #include "atelier/commands/command_table.h"
+#include "atelier/commands/reference_parts.h"
 #include "atelier/document/document.h"
 #include "hote/dbsymtb.h"
 
@@ -89,16 +90,7 @@ std::string promptOf(AcDbObjectId id, std::string& proposed) {
 // The block's objects in the place of the insert.
 void explodeInto(const Command& c, AcDbObjectId insert) {
   const AcDbObjectPointer<AcDbBlockReference> reference(insert, AcDb::kForWrite);
-  AcArray<AcRxObject*> pieces;
-  if (reference.openStatus() != Acad::eOk || reference->explode(pieces) != Acad::eOk) return;
-  for (int i = 0; i < pieces.length(); ++i) {
-    std::unique_ptr<AcRxObject> piece(pieces[i]);
-    if (AcDbEntity* entity = AcDbEntity::cast(piece.get())) {
-      piece.release();
-      c.addAsIs(std::unique_ptr<AcDbEntity>(entity));
-    }
-  }
-  reference->erase();
+  if (reference.openStatus() == Acad::eOk && explodeReference(c, *reference)) reference->erase();
 }
 
 CommandTask insertCommand(Command& c) {
