@@ -18,7 +18,7 @@ class AcGeTol {
 };
 
 namespace AcGeContext {
-inline AcGeTol gTol;
+extern AcGeTol gTol;  // the host has it: one for all applications
 }
 
 class AcGeVector2d {

@@ -5,6 +5,8 @@
 #include <numbers>
 #include <utility>
 
+AcGeTol AcGeContext::gTol;
+
 const AcGeVector3d AcGeVector3d::kIdentity(0, 0, 0);
 const AcGeVector3d AcGeVector3d::kXAxis(1, 0, 0);
 const AcGeVector3d AcGeVector3d::kYAxis(0, 1, 0);
