@@ -1,4 +1,4 @@
-// The two containers of the platform's framework that the module's stored models use.
+// The two containers of the platform's framework that the module's stored models use, and its extension modules.
 // An index out of range raises the framework's invalid-argument failure.
 #pragma once
 #include <stdexcept>
@@ -7,6 +7,21 @@
 class CInvalidArgException : public std::invalid_argument {
  public:
   CInvalidArgException() : std::invalid_argument("invalid argument") {}
+};
+
+// A library with resources of its own is an extension module of the framework. The embedded host looks for no resources.
+struct AFX_EXTENSION_MODULE {
+  bool bInitialized = false;
+  void *hModule = nullptr, *hResource = nullptr;
+};
+inline bool AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, void* module) {
+  state.hModule = state.hResource = module;
+  return state.bInitialized = true;
+}
+inline void AfxTermExtensionModule(AFX_EXTENSION_MODULE& state) { state.bInitialized = false; }
+class CDynLinkLibrary {
+ public:
+  explicit CDynLinkLibrary(AFX_EXTENSION_MODULE&) {}
 };
 
 template <class TYPE, class ARG_TYPE = const TYPE&>

@@ -20,6 +20,10 @@ HMODULE GetModuleHandleW(const wchar_t* fileName);
 using FARPROC = std::intptr_t (*)();
 FARPROC GetProcAddress(HMODULE module, const char* name);
 
+// The platform's components, which a host's automation may need; this one's does not.
+long CoInitialize(void* reserved);
+void CoUninitialize();
+
 // The character between the folders of a path.
 inline constexpr wchar_t kSeparateurDossier =
 #ifdef _WIN32

@@ -45,6 +45,9 @@ long RegGetStringW(HKEY, const wchar_t* key, const wchar_t* value, wchar_t* text
   return ERROR_SUCCESS;
 }
 
+long CoInitialize(void*) { return ERROR_SUCCESS; }
+void CoUninitialize() {}
+
 // Compares file names of the modules that the loader knows: dlopen would compare a plain name with the name written
 // inside the file, which a plug-in need not have. The reference that dlopen takes is kept, so that addresses given out
 // stay valid.

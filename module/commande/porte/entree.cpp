@@ -1,7 +1,8 @@
 // The module's one entry, and the objects that live as long as the process.
-// A framework build also attaches its extension module and starts COM; this one has neither.
+// The components that menus need live from the first message to the last one.
 #include "module/commande/porte/entree.h"
 
+#include "hote/plateforme.h"
 #include "module/commande/porte/tableFonctions.h"
 #include "module/matrices/gestionMatrices.h"
 #include "module/support/menus/menus.h"
@@ -24,6 +25,7 @@ const struct objetsDuProcessus {
 void accueillir(void* application) {
   acrxUnlockApplication(application);
   acrxRegisterAppMDIAware(application);
+  CoInitialize(nullptr);
 }
 
 }  // namespace
@@ -33,6 +35,7 @@ void accueillir(void* application) {
 AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode msg, void* pkt) {
   switch (msg) {
     case AcRx::kInitAppMsg: plv::accueillir(pkt); break;
+    case AcRx::kUnloadAppMsg: CoUninitialize(); break;
     case AcRx::kLoadDwgMsg: plv::publierFonctions(); break;
     case AcRx::kUnloadDwgMsg: plv::retirerFonctions(); break;
     case AcRx::kInvkSubrMsg: plv::appelerFonction(); break;
