@@ -19,5 +19,9 @@ enum AppMsgCode {
 enum AppRetCode { kRetOK = 0, kRetError = 3 };
 }  // namespace AcRx
 
+// Besides its entry point an application exports the version of the interface that it was built for; the function comes
+// with the host's libraries.
+extern "C" int acrxGetApiVersion();
+
 bool acrxUnlockApplication(void* appId);
 bool acrxRegisterAppMDIAware(void* appId);
