@@ -1,6 +1,7 @@
-// A profile with tables that was saved and opened again: the module goes on where it was.
+// A profile that was saved and opened again: the module goes on where it was; what was erased before is found and mended.
 #include <gtest/gtest.h>
 
+#include "atelier/commands/files/audit_report.h"
 #include "tests/frontal/front_end.h"
 
 namespace {
@@ -22,6 +23,30 @@ TEST(Tables, SurviveSavingAndReopening) {
       " (pl_textlignemat) (pl_nblignesmat) (pl_TexteVertical 12.5 \"essai\") (cdr (assoc 1 (entget (entlast))))))",
       &printed));
   EXPECT_EQ(printed, "(T T \"Numero\" 2 T \"essai\")");
+}
+
+// An erased entity can be named in the session that erased it, and no longer after that: there the module would look for it
+// for ever.
+TEST(GroundLines, ErasedOnesAreMendedByTheAudit) {
+  kaveltest::FrontEnd session;
+  session.file("g.csv", "0;50\n40;46\n60;44.5\n100;40\n");
+  session.eval("(setq p (plv-nouveau \"" + session.path("g.csv") +
+               "\" \"12\" '(0.0 0.0 0.0) 10.0 2.5 150.0 '((0.0 30.0))))");
+  session.eval("(plv-projet p \"Voirie\" '((0.0 49.0) (100.0 39.0)))");
+  session.eval("(entdel (plgxd (plgxd (plgxd p \"PRPC\") \"PRLI\") \"NEXTLI\"))");
+  session.document().save(session.path("a.dxf"));
+  atelier::OpenDrawing again({}, session.path("a.dxf"));
+  std::string printed;
+  again.addSupport(KAVEL_SOURCE "/frontal");
+  ASSERT_TRUE(again.evaluate("(load \"kavel.lsp\")"));
+  again.evaluate("(plv-metres nil \"Voirie\" nil nil)", &printed);
+  EXPECT_EQ(printed, "nil");
+  std::string said;
+  const auto keep = [&](std::string_view text) { said += text; };
+  EXPECT_GT(atelier::auditDrawing(again, false, keep, true).errors, 0U);
+  EXPECT_EQ(atelier::auditDrawing(again, true, keep, true).errors, 0U) << said;
+  ASSERT_TRUE(again.evaluate("(length (plv-mesures-profils (plv-metres nil \"Voirie\" nil nil)))", &printed));
+  EXPECT_EQ(printed, "1");
 }
 
 }  // namespace
