@@ -40,7 +40,6 @@ class AcDbExtents {
   AcDbExtents(const AcGePoint3d& low, const AcGePoint3d& high) : mMin(low), mMax(high) {}
   const AcGePoint3d& minPoint() const { return mMin; }
   const AcGePoint3d& maxPoint() const { return mMax; }
-  bool isEmpty() const { return mMin.x > mMax.x; }
   Acad::ErrorStatus set(const AcGePoint3d& low, const AcGePoint3d& high);
   void addPoint(const AcGePoint3d& point);
   void addExt(const AcDbExtents& other);
@@ -237,6 +236,20 @@ class AcDbObjectPointer {
 };
 using AcDbEntityPointer = AcDbObjectPointer<AcDbEntity>;
 
+class AcDbIdPair {
+ public:
+  AcDbIdPair() = default;
+  AcDbIdPair(const AcDbObjectId& key, const AcDbObjectId& value, bool isCloned)
+      : mKey(key), mValue(value), mCloned(isCloned) {}
+  AcDbObjectId key() const { return mKey; }
+  AcDbObjectId value() const { return mValue; }
+  bool isCloned() const { return mCloned; }
+
+ private:
+  AcDbObjectId mKey, mValue;
+  bool mCloned = false;
+};
+
 // Pairs of a source id and the id of its copy, filled by a deep clone.
 class AcDbIdMapping {
  public:
@@ -244,8 +257,8 @@ class AcDbIdMapping {
   ~AcDbIdMapping();
   AcDbIdMapping(const AcDbIdMapping&) = delete;
   AcDbIdMapping& operator=(const AcDbIdMapping&) = delete;
-  void assign(AcDbObjectId source, AcDbObjectId copy);
-  bool compute(AcDbObjectId source, AcDbObjectId& copy) const;  // false when the source was not cloned
+  bool assign(const AcDbIdPair& pair);
+  bool compute(AcDbIdPair& pair) const;  // looks for the pair's key; false when that was not cloned
 
  private:
   struct Pairs;

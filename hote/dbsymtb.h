@@ -50,7 +50,6 @@ class AcDbBlockTableRecord : public AcDbSymbolTableRecord {
   // Appends at the end; the entity stays open for write until its maker closes it.
   Acad::ErrorStatus appendAcDbEntity(AcDbEntity* entity);
   Acad::ErrorStatus appendAcDbEntity(AcDbObjectId& id, AcDbEntity* entity);
-  AcDbObjectIdArray entityIds() const;  // every entity that is not erased, in drawing order
   AcGePoint3d origin() const;
   Acad::ErrorStatus setOrigin(const AcGePoint3d& origin);
   Acad::ErrorStatus comments(AcString& text) const;

@@ -8,10 +8,6 @@ inline constexpr HKEY HKEY_LOCAL_MACHINE = 0x80000002u;
 inline constexpr HKEY HKEY_CURRENT_USER = 0x80000001u;
 inline constexpr long ERROR_SUCCESS = 0;
 
-// Reads the string value of a key. size: on entry the capacity of text in bytes, on return the bytes written, closing
-// zero included. Any answer but ERROR_SUCCESS: there is no such value, or the buffer is too small.
-long RegGetStringW(HKEY root, const wchar_t* key, const wchar_t* value, wchar_t* text, unsigned long* size);
-
 // Finds a module that the process has loaded by its file name, without regard to case. Null for any other name: this
 // call loads nothing.
 using HMODULE = void*;

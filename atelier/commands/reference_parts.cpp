@@ -9,6 +9,7 @@
 #include "atelier/database/curves/curve_geometry.h"
 #include "atelier/database/curves/polyline_vertices.h"
 #include "atelier/document/document.h"
+#include "hote/adaptation.h"
 #include "hote/dbpl.h"
 #include "hote/dbsymtb.h"
 
@@ -111,7 +112,7 @@ std::vector<Part> partsOf(AcDbObjectId blockId, const AcGeMatrix3d& matrix, int 
   constexpr int kDeepest = 16;
   std::vector<Part> parts;
   const AcDbObjectPointer<AcDbBlockTableRecord> block(blockId);
-  for (const AcDbObjectId id : block->entityIds()) {
+  for (const AcDbObjectId id : adaptation::entityIds(*block)) {
     checkInterruption();
     const AcDbEntityPointer entity(id);
     if (entity.openStatus() != Acad::eOk || entity->isKindOf(AcDbAttributeDefinition::desc())) continue;

@@ -8,6 +8,7 @@
 #include "atelier/base/interruption.h"
 #include "atelier/database/entities/block_extents.h"
 #include "atelier/document/space_index.h"
+#include "hote/adaptation.h"
 #include "hote/dbents.h"
 
 namespace atelier {
@@ -108,7 +109,7 @@ void SpaceIndex::bringUpToDate() {
 
 std::vector<AcDbStub*> SpaceIndex::query(const AcDbExtents& box) const {
   std::vector<Place> places = boundless_;
-  if (isFinite(box.minPoint()) && isFinite(box.maxPoint()) && !box.isEmpty()) {
+  if (isFinite(box.minPoint()) && isFinite(box.maxPoint()) && !adaptation::isEmpty(box)) {
     const PlanBox plan{{box.minPoint().x, box.minPoint().y}, {box.maxPoint().x, box.maxPoint().y}};
     tree_.query(boost::geometry::index::intersects(plan), std::back_inserter(places));
   } else {

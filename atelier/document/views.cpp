@@ -2,6 +2,8 @@
 // They are written without the undo journal: saving is not a step to undo.
 #include "atelier/document/views.h"
 
+#include "hote/adaptation.h"
+
 #include <algorithm>
 
 namespace atelier {
@@ -24,7 +26,7 @@ View activeView(AcDbImpDatabase& database) {
 
 void setFirstView(AcDbImpDatabase& db, const AcDbExtents& box) {
   AcDbStub* port = db.tableRecord("VPORT", "*Active");
-  if (box.isEmpty() || !port) return;
+  if (adaptation::isEmpty(box) || !port) return;
   db.header.setPoint("$EXTMIN", box.minPoint());
   db.header.setPoint("$EXTMAX", box.maxPoint());
   constexpr double kMargin = 1.1;

@@ -1,5 +1,6 @@
 // The platform's calls that the module makes, answered from the environment.
 // The installation folder: KAVEL_CHEMIN when set, else the user's data folder; it is made at the first write.
+#include "hote/adaptation.h"
 #include "hote/plateforme.h"
 
 #include <dlfcn.h>
@@ -32,7 +33,7 @@ std::string installationTrouble() {
 
 }  // namespace atelier
 
-long RegGetStringW(HKEY, const wchar_t* key, const wchar_t* value, wchar_t* text, unsigned long* size) {
+long adaptation::registryString(HKEY, const wchar_t* key, const wchar_t* value, wchar_t* text, unsigned long* size) {
   constexpr long kFileNotFound = 2, kMoreData = 234;
   // The one value that stands for the installation folder; there is no other registry here.
   if (!key || !value || !text || !size || !atelier::equalNoCase(atelier::toUtf8(value), "chemin")) return kFileNotFound;

@@ -10,6 +10,7 @@
 #include "atelier/database/objects/imp_database.h"
 #include "atelier/database/records/flags.h"
 #include "atelier/geometry/bspline.h"
+#include "hote/adaptation.h"
 #include "hote/dbpl.h"
 #include "hote/dbsymtb.h"
 
@@ -130,7 +131,8 @@ Stroke splineStroke(const AcDbSpline& spline) {
   for (int i = 0; i < knots.length(); ++i) curve.knots.push_back(knots[i]);
   if (rational)
     for (int i = 0; i < weights.length(); ++i) curve.weights.push_back(weights[i]);
-  if (!box.isEmpty()) stroke.points = sampleNurbs(curve, kCurveTolerance * box.minPoint().distanceTo(box.maxPoint()));
+  if (!adaptation::isEmpty(box))
+    stroke.points = sampleNurbs(curve, kCurveTolerance * box.minPoint().distanceTo(box.maxPoint()));
   return stroke;
 }
 
@@ -226,7 +228,7 @@ Stroke simpleStroke(const AcDbEntity& entity) {
            ellipse->startParam(), sweep);
   } else {
     AcDbExtents box;
-    if (entity.getGeomExtents(box) == Acad::eOk && !box.isEmpty()) return rectangle(box);
+    if (entity.getGeomExtents(box) == Acad::eOk && !adaptation::isEmpty(box)) return rectangle(box);
   }
   return stroke;
 }

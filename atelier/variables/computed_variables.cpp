@@ -8,6 +8,7 @@
 
 #include "atelier/document/document.h"
 #include "atelier/variables/variable_table.h"
+#include "hote/adaptation.h"
 
 namespace atelier {
 namespace {
@@ -106,11 +107,13 @@ AcDbExtents drawnExtents(Document& d) { return d.spatialIndex().extents(d.databa
 constexpr double kNothingDrawn = 1e20;
 Value lowest(Document& d) {
   const AcDbExtents box = drawnExtents(d);
-  return Point{box.isEmpty() ? AcGePoint3d(kNothingDrawn, kNothingDrawn, kNothingDrawn) : box.minPoint(), false};
+  return Point{adaptation::isEmpty(box) ? AcGePoint3d(kNothingDrawn, kNothingDrawn, kNothingDrawn) : box.minPoint(),
+               false};
 }
 Value highest(Document& d) {
   const AcDbExtents box = drawnExtents(d);
-  return Point{box.isEmpty() ? AcGePoint3d(-kNothingDrawn, -kNothingDrawn, -kNothingDrawn) : box.maxPoint(), false};
+  return Point{adaptation::isEmpty(box) ? AcGePoint3d(-kNothingDrawn, -kNothingDrawn, -kNothingDrawn) : box.maxPoint(),
+               false};
 }
 
 // 1 for a program that runs between calls which answer a command.

@@ -3,6 +3,7 @@
 #include "hote/acdb.h"
 #include "hote/aced.h"
 #include "hote/acut.h"
+#include "hote/adaptation.h"
 #include "hote/dbsymtb.h"
 #include "module/elements/elemsFixes.h"
 #include "module/elements/listeProjet.h"
@@ -52,7 +53,7 @@ void creerDoublons(elemsFixesKavel& groupe) {
   if (base->deepCloneObjects(groupe.elements, idEspaceObjet(*base), correspondance) != Acad::eOk) return;
   for (const AcDbObjectId& element : groupe.elements) {
     AcDbObjectId clone;
-    if (!correspondance.compute(element, clone)) continue;
+    if (!adaptation::copyOf(correspondance, element, clone)) continue;
     groupe.doublons.append(clone);
     lierDoublons(element, clone);
   }

@@ -2,6 +2,7 @@
 // to another object with the same number. Checked in the drawing as it would be saved.
 #include "atelier/database/objects/chain.h"
 #include "hote/acut.h"
+#include "hote/adaptation.h"
 #include "tests/dxf/drawing_files.h"
 
 using namespace drawing;
@@ -69,7 +70,7 @@ std::vector<AcDbObjectId> inBlock(Opened& drawing, const char* name) {
   const Open<AcDbBlockTableRecord> block(atelier::idOf(drawing.imp.tableRecord("BLOCK_RECORD", name)));
   std::vector<AcDbObjectId> ids;
   if (block.openStatus() == Acad::eOk)
-    for (const AcDbObjectId id : block->entityIds()) ids.push_back(id);
+    for (const AcDbObjectId id : adaptation::entityIds(*block)) ids.push_back(id);
   return ids;
 }
 
@@ -113,8 +114,8 @@ TEST(Clones, referencesWithinADrawing) {
   ids.append(b);
   ASSERT_EQ(drawing.db.deepCloneObjects(ids, drawing.db.currentSpaceId(), mapping), Acad::eOk);
   AcDbObjectId a2, b2, c2;
-  ASSERT_TRUE(mapping.compute(a, a2) && mapping.compute(b, b2));
-  EXPECT_FALSE(mapping.compute(c, c2));
+  ASSERT_TRUE(adaptation::copyOf(mapping, a, a2) && adaptation::copyOf(mapping, b, b2));
+  EXPECT_FALSE(adaptation::copyOf(mapping, c, c2));
   Reread again(drawing);
   const auto same = [&](AcDbObjectId id) { return atelier::idOf(again.imp.stubOf(id.handle().value())); };
   EXPECT_EQ(referred(same(a2)), std::pair(b2.handle().value(), b2.handle().value()));
@@ -204,7 +205,7 @@ AcDbObjectId appendAnonymous(Opened& drawing, double radius) {
 
 double radiusIn(AcDbObjectId reference) {
   const Open<AcDbBlockTableRecord> block(Open<AcDbBlockReference>(reference)->blockTableRecord());
-  return Open<AcDbCircle>(block->entityIds()[0])->radius();
+  return Open<AcDbCircle>(adaptation::entityIds(*block)[0])->radius();
 }
 
 // Both drawings number their anonymous blocks from one: the same name is another block.

@@ -3,6 +3,7 @@
 #include "atelier/database/lists/entity_groups.h"
 #include "atelier/database/objects/chain.h"
 #include "hote/acut.h"
+#include "hote/adaptation.h"
 #include "tests/dxf/drawing_files.h"
 
 using namespace drawing;
@@ -146,7 +147,7 @@ TEST(Blocks, clonesTranslateTheirReferences) {
   ids.append(reference);
   ASSERT_EQ(drawing.db.deepCloneObjects(ids, drawing.db.currentSpaceId(), mapping), Acad::eOk);
   AcDbObjectId copy;
-  ASSERT_TRUE(mapping.compute(reference, copy));
+  ASSERT_TRUE(adaptation::copyOf(mapping, reference, copy));
   Reread again(drawing);
   const AcDbObjectPointer<AcDbBlockReference> read(again.same(copy)), original(again.same(reference));
   EXPECT_FALSE(read->extensionDictionary().isNull());
@@ -177,7 +178,7 @@ TEST(Blocks, anotherDrawingComesInWithWhatItNeeds) {
   EXPECT_TRUE(again.imp.tableRecord("LAYER", "AXE"));
   EXPECT_TRUE(again.imp.tableRecord("BLOCK_RECORD", "REGARD"));
   const AcDbObjectPointer<AcDbBlockTableRecord> plan(atelier::idOf(again.imp.tableRecord("BLOCK_RECORD", "PLAN")));
-  EXPECT_EQ(plan->entityIds().length(), 2);
+  EXPECT_EQ(adaptation::entityIds(*plan).length(), 2);
 }
 
 TEST(GroupLists, entitiesAreMadeAndChanged) {

@@ -1,6 +1,7 @@
 // Drawings saved in other versions and forms: read by an independent library, and converted back without loss.
 // Messages name what a version can't hold; nothing else is lost.
 #include "atelier/dxf/versions/export.h"
+#include "hote/adaptation.h"
 #include "tests/dxf/drawing_files.h"
 
 using namespace drawing;
@@ -162,8 +163,8 @@ TEST(Export, r12TellsWhatItCannotHold) {
   Opened again{fs::path(target)};
   EXPECT_EQ(again.imp.header.text("$ACADVER", ""), "AC1009");
   const AcDbObjectPointer<AcDbBlockTableRecord> space(again.db.currentSpaceId());
-  ASSERT_EQ(space->entityIds().length(), 1);
-  const AcDbObjectPointer<AcDb2dPolyline> read(space->entityIds()[0]);
+  ASSERT_EQ(adaptation::entityIds(*space).length(), 1);
+  const AcDbObjectPointer<AcDb2dPolyline> read(adaptation::entityIds(*space)[0]);
   ASSERT_EQ(read.openStatus(), Acad::eOk);
   EXPECT_TRUE(read->isClosed());
   const std::unique_ptr<AcDbObjectIterator> vertices(read->vertexIterator());

@@ -8,6 +8,7 @@
 #include "atelier/commands/command_table.h"
 #include "atelier/commands/reference_parts.h"
 #include "atelier/document/document.h"
+#include "hote/adaptation.h"
 #include "hote/dbsymtb.h"
 
 namespace atelier {
@@ -18,7 +19,7 @@ std::vector<AcDbObjectId> definitionsOf(AcDbObjectId block) {
   std::vector<AcDbObjectId> definitions;
   const AcDbObjectPointer<AcDbBlockTableRecord> record(block);
   if (record.openStatus() != Acad::eOk) return definitions;
-  const AcDbObjectIdArray ids = record->entityIds();
+  const AcDbObjectIdArray ids = adaptation::entityIds(*record);
   for (int i = 0; i < ids.length(); ++i) {
     const AcDbObjectPointer<AcDbAttributeDefinition> definition(ids[i]);
     if (definition.openStatus() == Acad::eOk && !definition->isConstant()) definitions.push_back(ids[i]);

@@ -4,6 +4,7 @@
 #include "atelier/commands/command_prompts.h"
 #include "atelier/commands/command_table.h"
 #include "atelier/document/document.h"
+#include "hote/adaptation.h"
 
 namespace atelier {
 namespace {
@@ -31,7 +32,7 @@ AcDbExtents extentsOf(const Command& c, const SelectionSet& set) {
 }
 
 void showExtents(const Command& c, const AcDbExtents& box) {
-  if (box.isEmpty()) return;
+  if (adaptation::isEmpty(box)) return;
   show(c, box.minPoint(), box.maxPoint());
   c.document.view().height *= kMargin;
 }

@@ -2,6 +2,8 @@
 // Extents are boxes in world coordinates; an empty one has its minimum above its maximum.
 #include "atelier/database/curves/plane.h"
 
+#include "hote/adaptation.h"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -89,12 +91,12 @@ void AcDbExtents::addPoint(const AcGePoint3d& p) {
   mMax = AcGePoint3d(std::max(mMax.x, p.x), std::max(mMax.y, p.y), std::max(mMax.z, p.z));
 }
 void AcDbExtents::addExt(const AcDbExtents& other) {
-  if (other.isEmpty()) return;
+  if (adaptation::isEmpty(other)) return;
   addPoint(other.mMin);
   addPoint(other.mMax);
 }
 void AcDbExtents::transformBy(const AcGeMatrix3d& matrix) {
-  if (isEmpty()) return;
+  if (adaptation::isEmpty(*this)) return;
   AcDbExtents box;
   for (int corner = 0; corner < 8; ++corner)
     box.addPoint(matrix *

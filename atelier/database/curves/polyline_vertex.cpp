@@ -6,6 +6,7 @@
 #include "atelier/database/curves/polyline_vertices.h"
 #include "atelier/database/objects/imp_database.h"
 #include "atelier/database/objects/new_record.h"
+#include "hote/adaptation.h"
 #include "hote/dbpl.h"
 
 using namespace atelier;
@@ -51,7 +52,7 @@ void eachVertex(const AcDbObject* polyline, AcDb::OpenMode mode, VISIT visit) {
 }
 
 Acad::ErrorStatus given(const AcDbExtents& box, AcDbExtents& extents) {
-  if (box.isEmpty()) return Acad::eInvalidExtents;
+  if (adaptation::isEmpty(box)) return Acad::eInvalidExtents;
   extents = box;
   return Acad::eOk;
 }

@@ -10,6 +10,7 @@
 #include "atelier/database/entities/block_extents.h"
 #include "atelier/database/objects/imp_database.h"
 #include "atelier/database/objects/new_record.h"
+#include "hote/adaptation.h"
 #include "hote/dbents.h"
 #include "hote/dbsymtb.h"
 
@@ -59,7 +60,7 @@ KeptExtents& keptExtents() {
 // The box of the block as the reference shows it, with all places of an array.
 AcDbExtents shownExtents(const AcDbBlockReference& reference) {
   AcDbExtents box = blockExtents(reference.blockTableRecord());
-  if (box.isEmpty()) return box;
+  if (adaptation::isEmpty(box)) return box;
   box.transformBy(reference.blockTransform());
   const Record& record = recordOf(&reference);
   const auto span = [&](const Field& count, const Field& spacing) {
@@ -83,7 +84,7 @@ AcDbExtents walkedExtents(AcDbObjectId blockId) {
   const InProgress progress(blockId);
   const AcDbObjectPointer<AcDbBlockTableRecord> block(blockId);
   if (block.openStatus() != Acad::eOk || progress.again()) return box;
-  for (const AcDbObjectId id : block->entityIds()) {
+  for (const AcDbObjectId id : adaptation::entityIds(*block)) {
     const AcDbEntityPointer entity(id);
     if (entity.openStatus() != Acad::eOk || entity->isKindOf(AcDbAttributeDefinition::desc())) continue;
     AcDbExtents part;
@@ -198,7 +199,7 @@ Acad::ErrorStatus AcDbBlockReference::subGetGeomExtents(AcDbExtents& extents) co
         attribute->getGeomExtents(part) == Acad::eOk)
       box.addExt(part);
   }
-  if (box.isEmpty()) return Acad::eInvalidExtents;
+  if (adaptation::isEmpty(box)) return Acad::eInvalidExtents;
   extents = box;
   return Acad::eOk;
 }
@@ -234,7 +235,7 @@ Acad::ErrorStatus AcDbBlockReference::explode(AcArray<AcRxObject*>& parts) const
   if (block.openStatus() != Acad::eOk) return block.openStatus();
   // An array can't be exploded: the number of its objects has no limit.
   if (recordOf(this).integer(kColumns) > 1 || recordOf(this).integer(kRows) > 1) return Acad::eNotApplicable;
-  for (const AcDbObjectId id : block->entityIds()) {
+  for (const AcDbObjectId id : adaptation::entityIds(*block)) {
     const AcDbEntityPointer entity(id);
     if (entity.openStatus() != Acad::eOk || entity->isKindOf(AcDbAttributeDefinition::desc())) continue;
     // Outside a drawing a polyline can't hold vertices that are entities.

@@ -10,6 +10,7 @@
 #include "atelier/database/entities/hatch_loops.h"
 #include "atelier/database/entities/hatch_pattern.h"
 #include "atelier/database/objects/new_record.h"
+#include "hote/adaptation.h"
 #include "hote/dbents.h"
 
 using namespace atelier;
@@ -185,7 +186,7 @@ void mapSeeds(Record& record, const PlaneMap& map) {
 Acad::ErrorStatus AcDbHatch::subGetGeomExtents(AcDbExtents& extents) const {
   BoundaryBox boundary(normalOf(recordOf(this), kHatch), elevation());
   for (const HatchLoopAt& found : loadLoops(sectionOf(recordOf(this)).groups)) boundary.add(found.loop);
-  if (boundary.box.isEmpty()) return Acad::eInvalidExtents;
+  if (adaptation::isEmpty(boundary.box)) return Acad::eInvalidExtents;
   extents = boundary.box;
   return Acad::eOk;
 }

@@ -9,6 +9,7 @@
 #include "atelier/database/entities/text_measure.h"
 #include "atelier/database/objects/imp_database.h"
 #include "atelier/database/objects/new_record.h"
+#include "hote/adaptation.h"
 #include "hote/dbents.h"
 #include "hote/dbsymtb.h"
 
@@ -54,7 +55,9 @@ AcDbPoint::AcDbPoint() { initRecord(*this, "POINT"); }
 AcDbPoint::AcDbPoint(const AcGePoint3d& position) : AcDbPoint() { setPosition(position); }
 AcGePoint3d AcDbPoint::position() const { return recordOf(this).point(kPosition); }
 Acad::ErrorStatus AcDbPoint::setPosition(const AcGePoint3d& p) { return impOf(this).setPoint(kPosition, p); }
-Acad::ErrorStatus AcDbPoint::subGetGeomExtents(AcDbExtents& extents) const { return extents.set(position(), position()); }
+Acad::ErrorStatus AcDbPoint::subGetGeomExtents(AcDbExtents& extents) const {
+  return extents.set(position(), position());
+}
 Acad::ErrorStatus AcDbPoint::transformBy(const AcGeMatrix3d& m) { return setPosition(m * position()); }
 
 AcDbSolid::AcDbSolid() { initRecord(*this, "SOLID"); }
@@ -95,7 +98,7 @@ AcDbObjectId AcDbDimension::dimBlockId() const {
 }
 Acad::ErrorStatus AcDbDimension::subGetGeomExtents(AcDbExtents& extents) const {
   const AcDbExtents box = blockExtents(dimBlockId());
-  if (box.isEmpty()) return Acad::eInvalidExtents;
+  if (adaptation::isEmpty(box)) return Acad::eInvalidExtents;
   extents = box;
   return Acad::eOk;
 }

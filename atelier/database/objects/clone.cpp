@@ -19,11 +19,14 @@ struct AcDbIdMapping::Pairs {
 };
 AcDbIdMapping::AcDbIdMapping() : mPairs(new Pairs) {}
 AcDbIdMapping::~AcDbIdMapping() { delete mPairs; }
-void AcDbIdMapping::assign(AcDbObjectId source, AcDbObjectId copy) { mPairs->map[source] = copy; }
-bool AcDbIdMapping::compute(AcDbObjectId source, AcDbObjectId& copy) const {
-  const auto it = mPairs->map.find(source);
+bool AcDbIdMapping::assign(const AcDbIdPair& pair) {
+  mPairs->map[pair.key()] = pair.value();
+  return true;
+}
+bool AcDbIdMapping::compute(AcDbIdPair& pair) const {
+  const auto it = mPairs->map.find(pair.key());
   if (it == mPairs->map.end()) return false;
-  copy = idOf(it->second);
+  pair = AcDbIdPair(pair.key(), idOf(it->second), true);
   return true;
 }
 
@@ -249,7 +252,7 @@ Acad::ErrorStatus AcDbDatabase::deepCloneObjects(const AcDbObjectIdArray& object
   }
   Cloner cloner(*target->database);
   cloner.cloneInto(*mpImp, sources, *target);
-  for (const auto& [source, copy] : cloner.map()) mapping.assign(idOf(source), idOf(copy));
+  for (const auto& [source, copy] : cloner.map()) mapping.assign(AcDbIdPair(idOf(source), idOf(copy), true));
   return Acad::eOk;
 }
 

@@ -1,5 +1,6 @@
 // Symbol tables and their records.
 // A block record stands for three records of the file: its entry in the table, BLOCK and ENDBLK.
+#include "hote/adaptation.h"
 #include "hote/dbsymtb.h"
 
 #include "atelier/database/curves/plane.h"
@@ -166,9 +167,9 @@ Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbEntity* entity) {
   return appendAcDbEntity(id, entity);
 }
 
-AcDbObjectIdArray AcDbBlockTableRecord::entityIds() const {
+AcDbObjectIdArray adaptation::entityIds(const AcDbBlockTableRecord& block) {
   AcDbObjectIdArray ids;
-  if (const AcDbStub* stub = stubOf(this); stub && stub->children)
+  if (const AcDbStub* stub = stubOf(&block); stub && stub->children)
     for (AcDbStub* child : *stub->children)
       if (!child->is(AcDbStub::kErased)) ids.append(idOf(child));
   return ids;

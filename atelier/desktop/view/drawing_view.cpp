@@ -11,6 +11,7 @@
 #include "atelier/render/scene/scene.h"
 #include "atelier/selecting/pick.h"
 #include "atelier/selecting/selections.h"
+#include "hote/adaptation.h"
 
 namespace atelier::desktop {
 namespace {
@@ -79,7 +80,7 @@ void DrawingView::zoomExtents() {
 }
 
 void DrawingView::zoomTo(const AcDbExtents& box) {
-  if (box.isEmpty()) return;
+  if (adaptation::isEmpty(box)) return;
   View& view = drawing_.document().view();
   drawing_.document().previousView = view;
   const double w = box.maxPoint().x - box.minPoint().x, h = box.maxPoint().y - box.minPoint().y;

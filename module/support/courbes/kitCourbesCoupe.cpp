@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "hote/adaptation.h"
 #include "module/support/courbes/kitCourbes.h"
 
 namespace plv {
@@ -23,7 +24,7 @@ enCours commencer(AcDbCurve* courbe, bool source) {
 
 bool loinDe(const enCours& e, double x) {
   const double marge = kToleranceJonction;
-  return !e.etendue.isEmpty() && (x < e.etendue.minPoint().x - marge || x > e.etendue.maxPoint().x + marge);
+  return !adaptation::isEmpty(e.etendue) && (x < e.etendue.minPoint().x - marge || x > e.etendue.maxPoint().x + marge);
 }
 
 void intersections(const AcDbXline& verticale, const AcDbCurve& courbe, AcGePoint3dArray& points) {

@@ -7,6 +7,7 @@
 
 #include "hote/acdb.h"
 #include "hote/aced.h"
+#include "hote/adaptation.h"
 #include "hote/dbsymtb.h"
 #include "module/commande/arguments/listeRb.h"
 #include "module/support/base/lettres.h"
@@ -52,7 +53,7 @@ void ajouterAttributs(AcDbObjectId idReference, AcDbObjectId idRecord) {
   AcDbObjectPointer<AcDbBlockReference> bloc(idReference, AcDb::kForWrite);
   AcDbObjectPointer<AcDbBlockTableRecord> record(idRecord);
   if (bloc.openStatus() != Acad::eOk || record.openStatus() != Acad::eOk) return;
-  for (const AcDbObjectId& id : record->entityIds()) {
+  for (const AcDbObjectId& id : adaptation::entityIds(*record)) {
     AcDbObjectPointer<AcDbAttributeDefinition> definition(id);
     if (definition.openStatus() == Acad::eOk && !definition->isConstant()) ajouterAttribut(*bloc, *definition);
   }
@@ -118,7 +119,7 @@ void ecrireInfosBloc(AcDbObjectId idRecord, const std::wstring& texte) {
     AcDbObjectPointer<AcDbBlockTableRecord> record(idRecord, AcDb::kForWrite);
     if (!estRecord(record)) return;
     record->setComments(texte.c_str());
-    const AcDbObjectIdArray entites = record->entityIds();
+    const AcDbObjectIdArray entites = adaptation::entityIds(*record);
     if (!entites.isEmpty()) premiere = entites.first();
   }
   listeRb infos;

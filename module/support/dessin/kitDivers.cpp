@@ -8,6 +8,7 @@
 
 #include "hote/aced.h"
 #include "hote/acut.h"
+#include "hote/adaptation.h"
 #include "hote/dbsymtb.h"
 #include "hote/plateforme.h"
 #include "module/support/base/lettres.h"
@@ -25,7 +26,8 @@ bool estSeparateur(wchar_t c) { return c == L'\\' || c == kSeparateurDossier; }
 std::wstring lireDossier() {
   std::array<wchar_t, 2048> tampon{};
   unsigned long taille = sizeof tampon;
-  if (RegGetStringW(HKEY_LOCAL_MACHINE, kCleInstallation, kValeurChemin, tampon.data(), &taille) != ERROR_SUCCESS)
+  if (adaptation::registryString(HKEY_LOCAL_MACHINE, kCleInstallation, kValeurChemin, tampon.data(), &taille) !=
+      ERROR_SUCCESS)
     return {};
   std::wstring dossier = tampon.data();
   while (!dossier.empty() && estSeparateur(dossier.back())) dossier.pop_back();
