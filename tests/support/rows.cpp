@@ -156,6 +156,34 @@ std::string joined(const std::vector<std::string>& parts, std::size_t from) {
   return text;
 }
 
+// The lines of a list of texts.
+std::string typed(const std::string& file, int line, const std::string& list) {
+  std::string lines;
+  for (const std::string& text : partsOf({line, list}, file)) lines += unquoted(text) + "\n";
+  return lines;
+}
+
+std::string compared(const std::string& got, const std::string& expected) {
+  return got == expected ? "" : "got      " + got + "\nexpected " + expected;
+}
+
+// The message of the error that an expression ends with.
+std::string errorOf(Session& session, const std::string& expression) {
+  try {
+    return "no error, but the value " + session.eval(expression);
+  } catch (const std::runtime_error& error) {
+    return error.what();
+  }
+}
+
+// The value of an expression at the command line, answered by lines; it is on one line itself.
+std::string answered(Session& session, std::string expression, const std::string& lines) {
+  std::replace(expression.begin(), expression.end(), '\n', ' ');
+  session.eval("(setq *demande* 'sans-valeur)");
+  session.feed("(setq *demande* " + expression + ")\n" + lines);
+  return session.eval("*demande*");
+}
+
 // Why a row isn't fulfilled; empty when it is.
 std::string fault(Session& session, const std::string& file, const Row& row, const std::string& folder) {
   const std::string kind = row.parts.at(0);
@@ -167,25 +195,25 @@ std::string fault(Session& session, const std::string& file, const Row& row, con
     session.eval("(progn " + joined(row.parts, 1) + ")");
     return {};
   }
+  if (kind == "erreur") return compared(errorOf(session, row.parts.at(1)), unquoted(row.parts.at(2)));
+  if (kind == "demande")
+    return compared(answered(session, row.parts.at(1), typed(file, row.line, row.parts.at(2))),
+                    session.eval("'" + row.parts.at(3)));
   const bool says = kind == "dit" || kind == "ecrit" || kind == "refuse" || kind == "tape";
   if (!says) {
     if (row.parts.size() != 2) return "an expression and its value are expected";
-    const std::string got = session.eval(kind), expected = session.eval("'" + row.parts[1]);
-    return got == expected ? "" : "got      " + got + "\nexpected " + expected;
+    return compared(session.eval(kind), session.eval("'" + row.parts[1]));
   }
   session.transcript();
   std::string said, value = "nil";
   if (kind == "tape") {
-    std::string lines;
-    for (const std::string& line : partsOf({row.line, row.parts.at(1)}, file)) lines += unquoted(line) + "\n";
-    said = session.feed(lines);
+    said = session.feed(typed(file, row.line, row.parts.at(1)));
   } else {
     value = session.eval(row.parts.at(1));
     said = session.transcript();
   }
   if (kind == "refuse" && value != "nil") return "got      " + value + "\nexpected nil";
-  if (kind == "ecrit")
-    return said == unquoted(row.parts.at(2)) ? "" : "got      " + said + "\nexpected " + row.parts[2];
+  if (kind == "ecrit") return compared(said, unquoted(row.parts.at(2)));
   for (std::size_t i = 2; i < row.parts.size(); ++i) {
     const bool except = row.parts[i].front() == '(';
     const auto parts = except ? partsOf({row.line, row.parts[i]}, file) : std::vector<std::string>{"dit", row.parts[i]};

@@ -11,6 +11,8 @@
 //   (ecrit EXPRESSION "TEXT")         what is printed is TEXT and nothing else
 //   (refuse EXPRESSION "PART"...)     the value is nil and what is printed holds every part
 //   (passe EXPRESSION...)             no error
+//   (erreur EXPRESSION "MESSAGE")     the error with this message and no other
+//   (demande EXPRESSION ("LINE"...) EXPECTED)  the value of the expression when these lines are typed after it
 //   (tape ("LINE"...) "PART"...)      the lines are typed; the transcript contains every part
 //
 // Among the parts, (sauf "PART"...) are parts that don't appear.
