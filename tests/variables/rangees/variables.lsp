@@ -1,0 +1,47 @@
+;; System variables: types, limits, and what they follow from.
+;; Run by the variables_tests program.
+
+(situation "AreReadAndSet")
+((getvar "osmode") 4133)
+((setvar 'OSMODE 0) 0)
+((getvar 'osmode) 0)
+((getvar "ABSENTE") nil)
+(erreur (setvar "ABSENTE" 1) "variable setting rejected: \"ABSENTE\" 1")
+(erreur (setvar "ORTHOMODE" 2) "variable setting rejected: \"ORTHOMODE\" 2")
+(erreur (setvar "OSMODE" "x") "variable setting rejected: \"OSMODE\" \"x\"")
+(erreur (setvar "ACADVER" "9") "variable setting rejected: \"ACADVER\" \"9\"")
+(erreur (getvar 3) "bad argument type: (or stringp symbolp): 3")
+((progn (setvar "TEXTSIZE" 3) (getvar "TEXTSIZE")) 3.0)
+((progn (setvar "USERR3" 1.25) (getvar "USERR3")) 1.25)
+((progn (setvar "USERS2" "été") (getvar "USERS2")) "été")
+((getvar "DIMSCALE") 1.0)
+((progn (setvar "DIMTXT" 2) (getvar "DIMTXT")) 2.0)
+((substr (getvar "ACADVER") 1 2) "22")
+((list (getvar "INSUNITS") (getvar "TILEMODE") (getvar "CVPORT") (getvar "CTAB")) (6 1 2 "Model"))
+((progn (setvar "LASTPOINT" '(1 2)) (getvar "LASTPOINT")) (1.0 2.0 0.0))
+((type (getvar "MILLISECS")) INT)
+((< 20200101.0 (getvar "CDATE") 21000101.0) T)
+((< 2458849.0 (getvar "DATE") 2488070.0) T)
+
+(situation "FollowFromTheDrawing")
+(preparer (load "outils.lsp"))
+(erreur (setvar "CLAYER" "absent") "variable setting rejected: \"CLAYER\" \"absent\"")
+((progn (line '(-1. -2. 0.) '(3. 4. 0.)) (list (getvar "EXTMIN") (getvar "EXTMAX"))) ((-1.0 -2.0 0.0) (3.0 4.0 0.0)))
+((getvar "CECOLOR") "BYLAYER")
+((progn (setvar "CECOLOR" "rouge") (getvar "CECOLOR")) "1")
+((progn (command "LINE" '(0 0) '(1 0) "") (last-g 62)) 1)
+(erreur (setvar "CELTYPE" "absent") "variable setting rejected: \"CELTYPE\" \"absent\"")
+((getvar "DWGNAME") "Dessin1.dxf")
+((getvar "DWGTITLED") 0)
+((progn (setvar "ANGBASE" 1.0) (rtos (getvar "ANGBASE") 2 4)) "1.0000")
+((trans '(1. 2. 3.) 0 1) (1.0 2.0 3.0))
+((trans '(1. 2. 3.) '(0. 0. -1.) 0) (-1.0 2.0 -3.0))
+(erreur (trans '(1. 2. 3.) 0 7) "bad argument value: 7")
+(erreur (startapp "rm") "SECURELOAD refuse de charger rm")
+
+(situation "EveryOneCanBeRead")
+((vl-remove-if 'getvar
+   '("PICKBOX" "VIEWSIZE" "VIEWCTR" "SCREENSIZE" "PLATFORM" "LOCALE" "TEMPPREFIX" "UNDOCTL" "WORLDUCS" "UCSNAME" "PDMODE"
+     "LTSCALE" "FILLMODE" "MIRRTEXT" "DBMOD" "SPLINESEGS" "PLINEWID" "DELOBJ" "DIMZIN" "DIMSTYLE" "MEASUREMENT" "DWGPREFIX"
+     "SAVENAME"))
+ nil)
