@@ -10,10 +10,14 @@
      plv-terrain)
     (profil (base)
      plv-genres plv-plans plv-cadre plv-terrain-profil plv-profil plv-profils plv-chaines plv-reparer plv-habillage plv-rappels
-     plv-elements plv-pentes plv-statiques plv-blocs plv-pc)
+     plv-elements plv-pentes plv-statiques plv-blocs)
     (plan (base profil)
      plv-axe plv-vers-plan)
-    (projet (base profil)
+    (portes (base profil)
+     plv-cubiques plv-formes plv-formes-coupe plv-formes-ecriture plv-portes plv-remise)
+    (changements (base profil portes)
+     plv-pc)
+    (projet (base profil portes)
      plv-raccords plv-parties plv-trace plv-sommets plv-projet plv-associer)
     (tableaux (base profil plan)
      plv-types plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet

@@ -47,7 +47,7 @@
     (append lignes
       (plv-reparer:sur-le-plan profil terrain
         (plv-reparer:perdues profil (plv-plan-debut section) (plv-section-fin section) calques) (plv-plan-altitude section))))
-  (plv-profil:lignes (plv-origine profil) terrain (plv-echv profil) section (plv-section-fin section)))
+  (plv-tracer-lignes (plv-origine profil) terrain (plv-echv profil) section (plv-section-fin section)))
 
 (defun plv-reparer:couper (maillons cle)
   "Ends a chain with its last entity."
@@ -85,7 +85,7 @@
   (if altitude
     (progn
       (plv-effacer (plv-reparer:sur-le-plan profil terrain lignes altitude))
-      (plv-profil:plan (plv-origine profil) terrain (plv-echv profil) (list debut (plv-reparer:rond altitude)) fin))))
+      (plv-tracer-plan (plv-origine profil) terrain (plv-echv profil) (list debut (plv-reparer:rond altitude)) fin))))
 
 (defun plv-reparer:rond (altitude)
   "To the millimetre, if it is as near as drawn lines tell it."

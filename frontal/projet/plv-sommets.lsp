@@ -21,7 +21,7 @@
 (defun plv-sommets:travee (partie)
   "A part of plv-parties as a span."
   (if (plv-partie-courbe-p partie)
-    (plv-travee-courbe (mapcar 'plv-raccords:bout-de (plv-partie-courbe partie)) (plv-partie-rayon partie) (plv-partie-forme partie))
+    (plv-travee-courbe (mapcar 'plv-cubique-point (plv-partie-courbe partie)) (plv-partie-rayon partie) (plv-partie-forme partie))
     (apply 'plv-travee-droite (plv-partie-points partie))))
 
 ;; --- vertices of spans
