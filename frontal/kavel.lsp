@@ -24,9 +24,9 @@
      plv-remplissage-plan plv-devers plv-remplissage-blocs plv-matrices plv-ligne-seule)
     (cotes (base profil)
      plv-cotes)
-    (metres (base profil)
-     plv-metres-troncons plv-metres-classes plv-metres-traces plv-metres-controle plv-metres-rapport plv-cubpl plv-metres
-     plv-legende)
+    (metres (base profil portes)
+     plv-metres-troncons plv-metres-classes plv-metres-traces plv-metres-lots plv-metres-controle plv-metres-rapport plv-metres-titres plv-cubpl
+     plv-metres plv-legende)
     (optimal (base profil projet)
      plv-optimal plv-optimal-questions)
     (echange (base terrain profil projet)

@@ -132,12 +132,12 @@
   (/ (* (distance (plv-formes:plat a) (plv-formes:plat b)) (+ 1.0 (* b1 b1))) (* 4.0 b1)))
 
 (defun plv-formes:cordes (a b / r centre debut ouverture n i faits)
-  "Points on an arc between two vertices, so close that no chord is further from it than a ten-thousandth of a unit."
+  "Points on an arc between two vertices, so close that no chord is further from it than 2e-5 units."
   (setq r (plv-formes:rayon a b)
         centre (plv-formes:centre a b)
         debut (angle centre (plv-formes:plat a))
         ouverture (* 4.0 (atan (plv-sommet-bulbe a)))
-        n (1+ (fix (* (abs ouverture) (sqrt (/ r 8e-4)))))
+        n (1+ (fix (* (abs ouverture) (sqrt (/ r 1.6e-4)))))
         i 0)
   (repeat (1- n)
     (setq i (1+ i)

@@ -49,6 +49,11 @@
         ((= type-voulu "SPLINE") (cons '(100 . "AcDbSpline") (plv-formes:en-spline (cdr forme))))
         (T (cons '(100 . "AcDbPolyline") (plv-formes:en-polyligne (cdr forme) largeur)))))
 
+(defun plv-forme-tracer (forme / genre)
+  "A curve of a form on the current layer, with nothing of its own."
+  (setq genre (plv-formes:type-pour nil forme))
+  (entmakex (append (list (cons 0 genre) '(100 . "AcDbEntity")) (plv-formes:corps genre forme 0.0))))
+
 (defun plv-forme-creer (modele forme / groupes genre)
   "A new curve of a form, with the looks and the keys of another one."
   (setq groupes (entget modele '("*")) genre (plv-formes:type-pour (plv-cle 0 groupes) forme))

@@ -104,9 +104,19 @@ between which it is kept, nil for all of it."
 
 ;; --- the door of every command that attaches curves
 
+(defun plv-portes:verrouillee-p (entite)
+  (= 4 (logand 4 (plv-cle 70 (tblsearch "LAYER" (plv-cle 8 (entget entite)))))))
+
+(defun plv-mise-a-ecrire (entite cadre bornes / mise)
+  "The putting in form of a curve that will be written into the drawing."
+  (setq mise (plv-mise-en-forme entite cadre bornes))
+  (if (and (not (eq (type mise) 'STR)) (plv-mise-mots mise) (plv-portes:verrouillee-p entite))
+    (strcat "calque " (plv-cle 8 (entget entite)) " verrouillé, la courbe doit être " (car (plv-mise-mots mise)))
+    mise))
+
 (defun plv-portes:examiner (profil genre cadre entite / place)
   (cond ((setq place (plv-portes:autre-place profil genre entite)) place)
-        ((plv-mise-en-forme entite cadre (plv-bornes-profil cadre profil)))))
+        ((plv-mise-a-ecrire entite cadre (plv-bornes-profil cadre profil)))))
 
 (defun plv-refuser-courbe (profil entite pourquoi)
   (plv-erreur (strcat "profil " (plv-numero-profil profil) ", " (plv-nom-courbe entite) ": " pourquoi)))

@@ -22,6 +22,13 @@
 (defun plv-ecrire-elements (profil genre entites)
   (plv-enregistrer-entites (plv-support profil genre) plv-elements:cle entites))
 
+(defun plv-rendre-elements (profil genre groupes / support)
+  "Gives a kind its record back as it was; nil for none."
+  (setq support (plv-support profil genre))
+  (if groupes
+    (plv-ecrire-enregistrement support plv-elements:cle groupes)
+    (dictremove (plv-dictionnaire support) plv-elements:cle)))
+
 (defun plv-du-projet (entite)
   "T for a curve that is part of the project, nil for one that is only attached."
   (equal (plgxd entite plv-elements:cle-du-projet) 1))

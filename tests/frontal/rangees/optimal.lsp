@@ -81,7 +81,7 @@
 (tape ("PLV-OPTIMAL" "A" "Remplacer" "0.8" "1.4" "P" "0,120" "" "Non") "arrivée ou [Pointer] <1100.00,1.10>")
 ((vl-some 'entget avant) nil)
 ;; the picked start: 12 m above the plane
-((equal (cadr (car (plv-sommets-dessines (plv-cadre p) (car (plv-elements-du-projet p "Assainissement")))))
+((equal (cadar (car (plv-projet-sommets p "Assainissement")))
         (+ 12.0 (cadar (plv-plans p))) 1e-9)
  T)
 ((equal (plv-altitude-projet p (mapcar '(lambda (e) (list 0.0 100.0 e)) (plv-elements-du-projet p "Assainissement")) (plv-plans p) 0.0) 0.0)
