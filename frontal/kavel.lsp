@@ -9,7 +9,8 @@
     (terrain (base)
      plv-terrain)
     (profil (base)
-     plv-genres plv-plans plv-cadre plv-terrain-profil plv-profil plv-profils plv-chaines plv-reparer plv-habillage plv-rappels
+     plv-genres plv-plans plv-cadre plv-terrain-profil plv-profil plv-profils plv-appartenance plv-chaines plv-reparer
+     plv-reparer-contenu plv-habillage plv-rappels
      plv-elements plv-pentes plv-statiques plv-blocs)
     (plan (base profil)
      plv-axe plv-vers-plan)

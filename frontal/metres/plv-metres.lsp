@@ -34,7 +34,8 @@
     (foreach genre (cons "TN" (plv-genres-projet))
       (if (plv-elements-effaces-p p genre) (plv-ecrire-elements p genre (plv-elements p genre))))))
 
-;; --- hatches: those that stay are noted with the profile, as handles, so that who erases a hatch leaves no pointer to nothing
+;; --- hatches: those that stay are noted with the profile, by pointers, which lead to the copies of hatches that are copied along;
+;; earlier drawings have their handles as texts
 
 (defun plv-metres:groupe-anonyme-p (objet)
   (and (= (plv-cle 0 (entget objet)) "GROUP") (= (plv-cle 70 (entget objet)) 1)))
@@ -53,17 +54,21 @@
 
 (defun plv-metres:cle-hachures (genre) (strcat "PLV_HACHURES_" (strcase genre)))
 
-(defun plv-metres:hachure-p (entite) (and entite (= (plv-type entite) "HATCH")))
+(defun plv-metres:hachure-p (entite) (and (plv-existe entite) (= (plv-type entite) "HATCH")))
 
-(defun plv-metres:anciennes (profil genre)
-  "The noted hatches that are still in the drawing."
-  (vl-remove-if-not 'plv-metres:hachure-p
-    (mapcar 'handent (plv-cles 300 (plv-enregistrement profil (plv-metres:cle-hachures genre))))))
+(defun plv-metres:notees (profil genre / groupes)
+  (setq groupes (plv-enregistrement profil (plv-metres:cle-hachures genre)))
+  (append (plv-cles 330 groupes) (mapcar 'handent (plv-cles 300 groupes))))
+
+(defun plv-metres:anciennes (profil genre / autres)
+  "The noted hatches that are still in the drawing and no other profile's."
+  (setq autres (apply 'append (mapcar '(lambda (p) (plv-metres:notees p genre)) (plv-aines profil))))
+  (vl-remove-if-not '(lambda (h) (and (plv-metres:hachure-p h) (not (member h autres)))) (plv-metres:notees profil genre)))
 
 (defun plv-metres:garder (profil genre hachures)
   "The hatches take the place of those that the same kind of line had before."
   (plv-metres:effacer (plv-metres:anciennes profil genre))
-  (plv-ecrire-enregistrement profil (plv-metres:cle-hachures genre) (mapcar '(lambda (h) (cons 300 (plv-handle h))) hachures)))
+  (plv-enregistrer-entites profil (plv-metres:cle-hachures genre) hachures))
 
 ;; --- measuring
 

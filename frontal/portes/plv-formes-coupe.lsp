@@ -110,13 +110,19 @@
 
 (defun plv-formes:double-p (a b) (and (equal (car a) (car b) 1e-9) (equal (cadr a) (cadr b) 1e-9)))
 
+(defun plv-formes:verticale-p (a b) (and (not (plv-formes:double-p a b)) (< (car b) (+ (car a) (* 0.5 plv-formes:place)))))
+
+(defun plv-forme-verticale-p (forme)
+  "Whether a form has uprights. A vertex that stands twice, as the module's joints have it, is none."
+  (and (plv-forme-polyligne-p forme) (vl-some 'plv-formes:verticale-p (cdr forme) (cddr forme))))
+
 (defun plv-formes:pencher (sommets / faits)
   (foreach s sommets
     (setq faits
       (cond
         ((not faits) (list s))
         ((plv-formes:double-p (car faits) s) (cons s (cdr faits)))
-        ((< (car s) (+ (caar faits) (* 0.5 plv-formes:place))) (cons (cons (+ (caar faits) plv-formes:place) (cdr s)) faits))
+        ((plv-formes:verticale-p (car faits) s) (cons (cons (+ (caar faits) plv-formes:place) (cdr s)) faits))
         (T (cons s faits)))))
   (reverse faits))
 

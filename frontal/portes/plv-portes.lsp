@@ -51,23 +51,22 @@
   "What of a form lies in a stretch of the drawing; nil for nothing. bornes nil: all."
   (if bornes (plv-forme-entre forme (plv-debut bornes) (plv-fin bornes)) forme))
 
-(defun plv-portes:mots (avant coupee formes penchees)
+(defun plv-portes:mots (avant coupee formes)
   "What was done to a form on its way through the doors."
   (vl-remove nil
     (list (if (not (equal (plv-portes:etendue avant) (plv-portes:etendue coupee) plv-formes:place)) plv-portes:coupee-bouts)
           (if (cdr formes) plv-portes:coupee-plans)
-          (if (not (equal formes penchees)) plv-portes:inclinee))))
+          (if (vl-some 'plv-forme-verticale-p formes) plv-portes:inclinee))))
 
-(defun plv-portes:mettre (forme mots cadre bornes / droite coupee formes penchees)
+(defun plv-portes:mettre (forme mots cadre bornes / droite coupee formes)
   (setq droite (plv-portes:vers-la-droite forme))
   (cond
     ((plv-portes:refus-forme droite (car (plv-cadre-origine cadre))))
     ((not (setq coupee (plv-portes:dans droite bornes))) "hors du profil")
     (T
-     (setq formes (plv-couper-forme-en coupee (mapcar '(lambda (d) (plv-abscisse cadre d)) (plv-changements (plv-cadre-plans cadre))))
-           penchees (mapcar 'plv-pencher-forme formes))
-     (list penchees
-           (append mots (if (not (eq droite forme)) (list plv-portes:droite)) (plv-portes:mots droite coupee formes penchees))))))
+     (setq formes (plv-couper-forme-en coupee (mapcar '(lambda (d) (plv-abscisse cadre d)) (plv-changements (plv-cadre-plans cadre)))))
+     (list (mapcar 'plv-pencher-forme formes)
+           (append mots (if (not (eq droite forme)) (list plv-portes:droite)) (plv-portes:mots droite coupee formes))))))
 
 (defun plv-mise-en-forme (entite cadre bornes / forme)
   "The putting in form of a curve, or the text of why it can't be; nothing is drawn. bornes: the abscissas of the drawing

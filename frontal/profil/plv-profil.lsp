@@ -69,7 +69,7 @@ miss the depths that a wall passes through: it leans by a micrometre."
   (if lignes (plsxd entite "PRLI" (car lignes)))
   entite)
 
-(defun plv-profil:plans (point points echv plans longueur / entites)
+(defun plv-tracer-plans (point points echv plans longueur / entites)
   (setq entites (mapcar '(lambda (plan fin) (plv-tracer-plan point points echv plan fin))
                         plans (append (plv-changements plans) (list longueur))))
   (plv-enchainer entites "NEXT-PC")
@@ -96,7 +96,7 @@ miss the depths that a wall passes through: it leans by a micrometre."
     (list (list "ECHV" (float echv)) (list "TTXT" (float ttxt)) (list "ID" (plv-identifiant-libre))
           (list "DCUMDEB" (float origine)) (list "LONGUEUR" (float longueur))))
   (plv-ecrire-terrain entite points)
-  (plsxd entite "PRPC" (car (plv-profil:plans point points echv plans longueur)))
+  (plsxd entite "PRPC" (car (plv-tracer-plans point points echv plans longueur)))
   (plv-profil:supports entite point)
   (plv-ecrire-noms entite points)
   entite)

@@ -1,6 +1,7 @@
 ;; Mends the keys and chains of a profile, for kavel --audit --fix. The ground that is kept with the profile is the truth: where a
 ;; chain of ground lines is broken, the section is drawn anew from it. A lost plane is told by the ground lines that were
 ;; drawn over it; when there are none, it stays a finding.
+;; Shared in the room: plv-reparer:*
 
 (defun plv-reparer:lignes-dessinees ()
   (plv-entites-du-jeu (ssget "X" (list '(0 . "LINE")))))
@@ -144,6 +145,7 @@
   (if (or (plv-fautes-nombres profil) (not (vl-every '(lambda (cle) (plgxd profil cle)) '("ECHV" "TTXT" "ID"))))
     (plv-reparer:nombres profil))
   (plv-reparer:supports profil)
+  (plv-reparer-contenu profil)
   (setq terrain (plv-points-tn profil))
   (plv-reparer:plans profil terrain)
   (if (vl-every 'plv-plan-complet (plv-entites-plans profil))
