@@ -12,10 +12,10 @@
      plv-genres plv-plans plv-cadre plv-terrain-profil plv-profil plv-profils plv-appartenance plv-chaines plv-reparer
      plv-reparer-contenu plv-habillage plv-rappels
      plv-elements plv-pentes plv-statiques plv-blocs)
-    (plan (base profil)
-     plv-axe plv-vers-plan)
     (portes (base profil)
      plv-cubiques plv-formes plv-formes-coupe plv-formes-ecriture plv-portes plv-remise)
+    (plan (base profil portes)
+     plv-axe plv-vers-plan)
     (changements (base profil portes)
      plv-pc)
     (projet (base profil portes)

@@ -29,7 +29,7 @@
 
 (defun plv-lots:refus-terrain (terrains examens pieces origine / faute)
   "Why nothing can be measured to a ground; nil when it can."
-  (setq faute (vl-some '(lambda (e x) (if (eq (type x) 'STR) (strcat (plv-nom-courbe e) " du terrain: " x))) terrains examens))
+  (setq faute (vl-some '(lambda (e x) (if (not (listp x)) (strcat (plv-nom-courbe e) " du terrain: " x))) terrains examens))
   (cond
     (faute)
     ((not pieces) (plv-refus-sans-terrain))
@@ -95,7 +95,7 @@
 (defun plv-lots:faute (cadre terrain entite examen)
   "Why a line can't be measured; nil when it can."
   (cond
-    ((eq (type examen) 'STR) examen)
+    ((not (listp examen)) examen)
     ((not (plv-traces:profondeurs terrain (plv-traces:pieces cadre entite nil))) "pas au droit du terrain")))
 
 (defun plv-lots:dire-faute (profil genre entite faute)

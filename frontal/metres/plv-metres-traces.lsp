@@ -13,10 +13,9 @@
 
 ;; --- from the drawing
 
-(defun plv-traces:sommets (entite / forme)
+(defun plv-traces:sommets (entite)
   "The vertices of a curve of straight pieces; nil for another."
-  (setq forme (plv-forme-de entite))
-  (if (and (listp forme) (plv-forme-polyligne-p forme) (not (plv-forme-courbe-p forme))) (plv-forme-elements forme)))
+  (plv-forme-droite (plv-forme-de entite)))
 
 (defun plv-traces:point-de-courbe (cadre entite d / y)
   "A point of a curve; beside an end when rounding puts the upright just off it."
@@ -38,19 +37,12 @@
                        (vl-remove-if-not '(lambda (d) (< (+ (min d1 d2) 1e-6) d (- (max d1 d2) 1e-6))) distances))
                '<))))
 
-(defun plv-traces:points-de-cadre (forme / i points)
-  "Points of the spline of an old polyline, which the host draws otherwise."
-  (foreach c (plv-forme-elements forme)
-    (setq i -1)
-    (repeat 65 (setq i (1+ i) points (cons (plv-cubique-en c (/ i 64.0)) points))))
-  (reverse points))
-
 (defun plv-traces:points (cadre entite distances / forme)
   (setq forme (plv-forme-de entite))
   (cond
-    ((eq (type forme) 'STR) nil)
+    ((not (listp forme)) nil)
     ((plv-traces:sommets entite))
-    ((and (= (plv-type entite) "POLYLINE") (not (plv-forme-polyligne-p forme))) (plv-traces:points-de-cadre forme))
+    ((and (= (plv-type entite) "POLYLINE") (not (plv-forme-polyligne-p forme))) (plv-forme-en-points forme))
     ((plv-traces:points-de-courbe cadre entite forme distances))))
 
 (defun plv-traces:piece (cadre plan a b)

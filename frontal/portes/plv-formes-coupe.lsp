@@ -162,3 +162,14 @@
 (defun plv-forme-courbe-p (forme)
   "T for a polyline with arcs."
   (and (plv-forme-polyligne-p forme) (not (vl-every '(lambda (s) (equal (plv-sommet-bulbe s) 0.0 1e-12)) (cdr forme)))))
+
+(defun plv-forme-droite (forme)
+  "The vertices of a polyline without arcs; nil for another form, and for the text of why there is none."
+  (if (and (listp forme) (plv-forme-polyligne-p forme) (not (plv-forme-courbe-p forme))) (plv-forme-elements forme)))
+
+(defun plv-forme-en-points (forme / i points)
+  "Points of a spline. The host draws that of an old polyline by other points, through which no upright finds it."
+  (foreach c (plv-forme-elements forme)
+    (setq i -1)
+    (repeat 65 (setq i (1+ i) points (cons (plv-cubique-en c (/ i 64.0)) points))))
+  (reverse points))

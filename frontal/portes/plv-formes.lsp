@@ -153,7 +153,7 @@ the host evaluates that one."
         cote (plv-formes:de-cote groupes)
         forme (plv-formes:lire entite groupes))
   (cond
-    ((eq (type forme) 'STR) forme)
+    ((not (listp forme)) forme)
     ((not (equal (abs cote) 1.0 1e-9)) plv-formes:penchee)
     ((not (cdr (if (plv-forme-polyligne-p forme) (cdr forme) forme))) "moins de deux points")
     ((not (plv-formes:lisible-p forme)) "coordonnées illisibles")

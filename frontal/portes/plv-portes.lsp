@@ -72,7 +72,7 @@
   "The putting in form of a curve, or the text of why it can't be; nothing is drawn. bornes: the abscissas of the drawing
 between which it is kept, nil for all of it."
   (setq forme (plv-forme-de entite))
-  (if (eq (type forme) 'STR)
+  (if (not (listp forme))
     forme
     (plv-portes:mettre forme (plv-portes:mots-du-genre (entget entite) forme) cadre bornes)))
 
@@ -109,7 +109,7 @@ between which it is kept, nil for all of it."
 (defun plv-mise-a-ecrire (entite cadre bornes / mise)
   "The putting in form of a curve that will be written into the drawing."
   (setq mise (plv-mise-en-forme entite cadre bornes))
-  (if (and (not (eq (type mise) 'STR)) (plv-mise-mots mise) (plv-portes:verrouillee-p entite))
+  (if (and (listp mise) (plv-mise-mots mise) (plv-portes:verrouillee-p entite))
     (strcat "calque " (plv-cle 8 (entget entite)) " verrouillé, la courbe doit être " (car (plv-mise-mots mise)))
     mise))
 
@@ -125,7 +125,7 @@ between which it is kept, nil for all of it."
   (setq cadre (plv-cadre profil)
         examens (mapcar '(lambda (e) (cons e (plv-portes:examiner profil genre cadre e))) (plv-uniques entites)))
   (foreach x examens
-    (if (eq (type (cdr x)) 'STR)
+    (if (not (listp (cdr x)))
       (plv-refuser-courbe profil (car x) (cdr x))
       (setq faites (append faites (plv-mettre-en-forme (car x) (cdr x))))))
   faites)

@@ -21,7 +21,7 @@
 
 (defun plv-remise:refus (cadre examens distances)
   "The curves without a form that can't stay as they are, as (entity . why)."
-  (vl-remove-if-not '(lambda (x) (and (eq (type (cdr x)) 'STR) (plv-remise:a-cheval-p cadre (car x) distances))) examens))
+  (vl-remove-if-not '(lambda (x) (and (not (listp (cdr x))) (plv-remise:a-cheval-p cadre (car x) distances))) examens))
 
 (defun plv-remise:ecrire (profil genre examens)
   "Puts the curves of a kind in form; its record is written anew, which also drops what was listed twice."
@@ -30,7 +30,7 @@
       (mapcar
         '(lambda (e / examen)
            (setq examen (plv-cle e examens))
-           (if (eq (type examen) 'STR) (list e) (plv-mettre-en-forme e examen)))
+           (if (not (listp examen)) (list e) (plv-mettre-en-forme e examen)))
         (plv-elements profil genre)))))
 
 (defun plv-remettre-en-forme (profil distance / cadre examens refus)
