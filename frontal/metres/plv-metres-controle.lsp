@@ -68,7 +68,10 @@
 
 (defun plv-controle:des-classes (reference) (car reference))
 (defun plv-controle:des-limites (reference) (cadr reference))
-(defun plv-controle:tolerance (reference longueur) (+ 1e-6 (* (caddr reference) longueur)))
+;; An upright that leans by a micrometre takes as many square micrometres as it is high: drops of twenty metres may do so.
+(setq plv-controle:ecart 2e-5)
+
+(defun plv-controle:tolerance (reference longueur) (+ plv-controle:ecart (* (caddr reference) longueur)))
 (defun plv-controle:des-lignes (reference) (cadddr reference))
 (defun plv-controle:toutes (reference) (apply 'append (plv-controle:des-lignes reference)))
 

@@ -159,3 +159,17 @@
   "20.000   2 -      1.500" "24.000   30.000" "100.000  4 -      2.500  300.000  200.000" (sauf "invalid"))
 ((equal (list (entget p) (plv-enregistrement-elements (plv-support p "Voirie")) (plv-enregistrement-elements (plv-support q "Voirie"))) avant) T)
 ((plv-numero-profil q) "A/B")
+
+;; A drop that leans takes some square micrometres, wherever the profile stands: the control doesn't take them for a fault.
+(situation "DeepDropsAreRight")
+(fichier "d.csv" "distance;altitude\n0;99.33\n6.6;99.21\n6.6;99\n100;99.03\n")
+(tableau (point) ((0.0 0.0 0.0)) ((652000.37 6861234.5 0.0)) ((1852340.5 3166420.25 0.0)))
+(preparer
+  (setq q (plv-nouveau "<dossier>d.csv" "Q" 'point 10.0 2.5 200.0 '((0.0 93.5) (6.6 92.5))))
+  (plv-attacher q "Voirie"
+    (list (poly (mapcar '(lambda (s) (list (+ (car s) (car 'point)) (+ (cadr s) (cadr 'point))))
+                        '((63.7 45.5) (55.0 22.7) (47.0 24.0) (47.0 63.4) (6.6 56.4) (6.6 46.4) (1.6 45.5)))))))
+(dit (setq m (plv-metres '("Q") "Voirie" nil nil)) ": juste.")
+;; worked out in fractions; sections of no length stand at the drops
+((vl-remove "0" (mapcar '(lambda (s) (rtos (plv-troncon-surface s) 2 4)) (plv-mesure-troncons (car (plv-mesures-profils m)))))
+ ("5.8023" "20.8661" "37.3017" "13.3717" "9.5512" "0.24"))
