@@ -17,7 +17,7 @@
 
 (defun plv-formes:piece-avance-p (a b / demi corde)
   "Whether the piece between two vertices goes on to the right; an upright one does."
-  (setq demi (* 2.0 (atan (plv-sommet-bulbe a))) corde (angle (plv-formes:plat a) (plv-formes:plat b)))
+  (setq demi (* 2.0 (atan (plv-sommet-bulbe a))) corde (plv-formes:direction a b))
   (and (>= (car b) (- (car a) plv-formes:place))
        (or (equal (plv-sommet-bulbe a) 0.0 1e-12)
            (and (<= (abs demi) (+ (* 0.5 pi) 1e-9)) (plv-formes:tangente-p (- corde demi)) (plv-formes:tangente-p (+ corde demi))))))
@@ -36,8 +36,6 @@
            (mapcar '(lambda (c) (if (not (plv-formes:cubique-avance-p c)) (plv-cubique-d (car c)))) (cdr forme))))))
 
 ;; --- a cut at an upright: (left right), nil for a side without extent
-
-(defun plv-formes:plat (s) (list (car s) (cadr s)))
 
 (defun plv-formes:partager-piece (a b x / centre r signe point)
   "The first of two vertices with the bulge that is left to it, and one on the piece between them at an abscissa."
@@ -59,7 +57,7 @@
 (defun plv-formes:avec-bulbe (a b r signe)
   "A vertex with the bulge of the arc of a radius to another point."
   (list (car a) (cadr a)
-        (* signe (plv-formes:tan (* 0.5 (plv-formes:arc-sinus (/ (distance (plv-formes:plat a) (plv-formes:plat b)) (* 2.0 r))))))))
+        (* signe (plv-formes:tan (* 0.5 (plv-formes:arc-sinus (/ (plv-formes:corde a b) (* 2.0 r))))))))
 
 (defun plv-formes:arc-sinus (s) (if (>= s 1.0) (* 0.5 pi) (atan (/ s (sqrt (- 1.0 (* s s)))))))
 
@@ -135,13 +133,13 @@
 (defun plv-formes:rayon (a b / b1)
   "Of the arc between two vertices."
   (setq b1 (abs (plv-sommet-bulbe a)))
-  (/ (* (distance (plv-formes:plat a) (plv-formes:plat b)) (+ 1.0 (* b1 b1))) (* 4.0 b1)))
+  (/ (* (plv-formes:corde a b) (+ 1.0 (* b1 b1))) (* 4.0 b1)))
 
 (defun plv-formes:cordes (a b / r centre debut ouverture n i faits)
   "Points on an arc between two vertices, so close that no chord is further from it than 2e-5 units."
   (setq r (plv-formes:rayon a b)
         centre (plv-formes:centre a b)
-        debut (angle centre (plv-formes:plat a))
+        debut (plv-formes:direction centre a)
         ouverture (* 4.0 (atan (plv-sommet-bulbe a)))
         n (1+ (fix (* (abs ouverture) (sqrt (/ r 1.6e-4)))))
         i 0)

@@ -25,6 +25,16 @@
 (setq plv-formes:fermee "courbe fermée"
       plv-formes:penchee "courbe qui n'est pas parallèle au plan du dessin")
 
+;; --- between points. Callers have variables that are called like the host's own functions for these.
+
+(defun plv-formes:longueur (a b)
+  "In space."
+  (sqrt (apply '+ (mapcar '(lambda (u v) (* (- v u) (- v u))) a b))))
+
+(defun plv-formes:corde (a b) (plv-formes:longueur (list (car a) (cadr a)) (list (car b) (cadr b))))
+
+(defun plv-formes:direction (a b) (atan (- (cadr b) (cadr a)) (- (car b) (car a))))
+
 ;; --- polylines
 
 (defun plv-formes:sommets (groupes / sommets)
@@ -99,7 +109,7 @@ the host evaluates that one."
 
 (defun plv-formes:cumuls (points)
   "The knots of a spline through points: the chords, added up."
-  (reverse (plv-plier '(lambda (cumuls corde) (cons (+ (car cumuls) corde) cumuls)) '(0.0) (mapcar 'distance points (cdr points)))))
+  (reverse (plv-plier '(lambda (cumuls corde) (cons (+ (car cumuls) corde) cumuls)) '(0.0) (mapcar 'plv-formes:longueur points (cdr points)))))
 
 (defun plv-formes:de-spline (entite groupes / degre points)
   (setq degre (plv-cle 71 groupes) points (plv-formes:homogenes groupes))

@@ -33,12 +33,12 @@
            (if (not (listp examen)) (list e) (plv-mettre-en-forme e examen)))
         (plv-elements profil genre)))))
 
-(defun plv-remettre-en-forme (profil distance / cadre examens refus)
+(defun plv-remettre-en-forme (profil debut / cadre examens refus)
   "Brings what is attached to a profile into form, all or nothing; a curve that can't be may stay where the module only moves it.
-distance: where a plane will begin, or nil. T, or nil after a message for each curve that is in the way."
+debut: the distance where a plane will begin, or nil. T, or nil after a message for each curve that is in the way."
   (setq cadre (plv-cadre profil)
         examens (mapcar '(lambda (tenu) (cons (cadr tenu) (plv-mise-a-ecrire (cadr tenu) cadre nil))) (plv-remise:tenus profil))
-        refus (plv-remise:refus cadre examens (append (if distance (list distance)) (plv-changements (plv-cadre-plans cadre)))))
+        refus (plv-remise:refus cadre examens (append (if debut (list debut)) (plv-changements (plv-cadre-plans cadre)))))
   (foreach r refus (plv-refuser-courbe profil (car r) (cdr r)))
   (if (not refus)
     (progn

@@ -157,6 +157,26 @@
 (passe (plv-pc p "S" 30.0 nil))
 ((mapcar 'bouts (plv-elements p "Voirie")) (((10.0 80.0 0.0) (40.0 80.0 0.0))))
 
+;; Curved ones keep their altitudes through planes that come and go.
+(situation "CurvesKeepTheirAltitudes")
+(tableau (courbe)
+  ((poly '((10.0 80.0 0.2) (40.0 80.0 0.0) (45.0 82.0 -0.4) (80.0 85.0 0.0)) '((70 . 0) (38 . 5.0))))
+  ((miroir '((80.0 80.0 -0.2) (10.0 80.0 0.0))))
+  ((entmakex '((0 . "ARC") (10 50.0 20.0 0.0) (40 . 60.0) (50 . 0.9) (51 . 2.3))))
+  ((par-points '((10.0 70.0 5.0) (40.0 75.0 5.0) (70.0 73.0 5.0) (80.0 78.0 5.0))))
+  ((spline 2 '(0.0 0.0 0.0 1.0 2.0 2.0 2.0) '((80.0 70.0) (60.0 90.0) (30.0 60.0) (10.0 70.0)) nil))
+  ((spline 3 '(0.0 0.0 0.0 0.0 1.0 2.0 2.0 2.0 2.0) '((10.0 70.0) (30.0 90.0) (40.0 60.0) (60.0 50.0) (80.0 70.0)) '(1.0 0.5 0.7 0.9 1.0))))
+(preparer
+  (setq x0 0.0 y0 0.0 p (profil '(0.0 0.0 0.0) "1"))
+  (defun altitudes () (mapcar '(lambda (d) (plv-altitude-projet p (plv-elements-situes p "Voirie") (plv-plans p) d)) '(19.0 21.0 34.0 49.0 51.0 69.0)))
+  (plv-attacher p "Voirie" (list courbe))
+  (plv-remettre-en-forme p nil)
+  (setq avant (altitudes) fautes nil)
+  (foreach pas '(("A" 30.0 88.0) ("A" 65.0 85.0) ("M" 50.0 91.0) ("S" 65.0 nil) ("M" 0.0 87.0) ("S" 30.0 nil) ("S" 50.0 nil))
+    (if (not (apply 'plv-pc (cons p pas))) (setq fautes (cons pas fautes)))
+    (if (not (equal (altitudes) avant 1e-6)) (setq fautes (cons (list pas avant (altitudes)) fautes)))))
+((list (member nil avant) fautes) (nil nil))
+
 (situation "ACurveOfTwoKindsMovesOnce")
 (preparer (setq x0 0.0 y0 0.0 p (profil '(0.0 0.0 0.0) "1") e (ligne '(10.0 80.0) '(40.0 80.0)))
           (plv-attacher p "Voirie" (list e)) (plv-attacher p "Projet" (list e)))
