@@ -93,13 +93,18 @@ between which it is kept, nil for all of it."
   (list (plv-abscisse cadre 0.0)
         (plv-abscisse cadre (if (> longueur 0.0) longueur (apply '+ (mapcar 'plv-section-longueur (plv-sections-de-plan profil)))))))
 
-(defun plv-portes:autre-place (profil genre entite / place)
-  "Another kind or profile for which a curve is listed already, as text; nil for none."
-  (foreach p (plv-profils)
-    (foreach g (plv-genres)
-      (if (and (not place) (not (and (eq p profil) (= g (plv-genre genre)))) (member entite (plv-elements p g)))
-        (setq place (strcat "déjà attachée au genre " g (if (eq p profil) "" (strcat " du profil " (plv-numero-profil p))))))))
-  place)
+(defun plv-portes:attaches ()
+  "Every curve that is listed in the drawing: (curve kind profile)."
+  (apply 'append
+    (mapcar
+      '(lambda (p) (apply 'append (mapcar '(lambda (g) (mapcar '(lambda (e) (list e g p)) (plv-elements p g))) (plv-genres))))
+      (plv-profils))))
+
+(defun plv-portes:refus-place (place profil genre)
+  "Why a curve with a place can't be attached to a kind of a profile; nil when it can."
+  (cond
+    ((not (eq (cadr place) profil)) (strcat "déjà attachée au genre " (car place) " du profil " (plv-numero-profil (cadr place))))
+    ((/= (car place) (plv-genre genre)) (strcat "déjà attachée au genre " (car place)))))
 
 ;; --- the door of every command that attaches curves
 
@@ -110,20 +115,23 @@ between which it is kept, nil for all of it."
   "The putting in form of a curve that will be written into the drawing."
   (setq mise (plv-mise-en-forme entite cadre bornes))
   (if (and (listp mise) (plv-mise-mots mise) (plv-portes:verrouillee-p entite))
-    (strcat "calque " (plv-cle 8 (entget entite)) " verrouillé, la courbe doit être " (car (plv-mise-mots mise)))
+    (strcat "calque " (plv-cle 8 (entget entite)) " verrouillé; à faire: " (plv-joindre (plv-mise-mots mise) ", "))
     mise))
 
-(defun plv-portes:examiner (profil genre cadre entite / place)
-  (cond ((setq place (plv-portes:autre-place profil genre entite)) place)
-        ((plv-mise-a-ecrire entite cadre (plv-bornes-profil cadre profil)))))
+(defun plv-portes:examiner (profil genre cadre bornes attaches entite / place)
+  (setq place (cdr (assoc entite attaches)))
+  (cond ((if place (plv-portes:refus-place place profil genre)))
+        ((plv-mise-a-ecrire entite cadre bornes))))
 
 (defun plv-refuser-courbe (profil entite pourquoi)
   (plv-erreur (strcat "profil " (plv-numero-profil profil) ", " (plv-nom-courbe entite) ": " pourquoi)))
 
-(defun plv-portes:en-forme (profil genre entites / cadre examens faites)
+(defun plv-portes:en-forme (profil genre entites / cadre bornes attaches examens faites)
   "The entities that curves become in form; those that can't be are named. All are looked at before one is changed."
   (setq cadre (plv-cadre profil)
-        examens (mapcar '(lambda (e) (cons e (plv-portes:examiner profil genre cadre e))) (plv-uniques entites)))
+        bornes (plv-bornes-profil cadre profil)
+        attaches (plv-portes:attaches)
+        examens (mapcar '(lambda (e) (cons e (plv-portes:examiner profil genre cadre bornes attaches e))) (plv-uniques entites)))
   (foreach x examens
     (if (not (listp (cdr x)))
       (plv-refuser-courbe profil (car x) (cdr x))

@@ -11,16 +11,21 @@
   (setq a (plv-appartenance:rang a) b (plv-appartenance:rang b))
   (or (< (car a) (car b)) (and (= (car a) (car b)) (< (cadr a) (cadr b)))))
 
-(defun plv-aines (profil)
-  "The profiles that were made before it."
-  (vl-remove-if-not '(lambda (p) (plv-appartenance:avant-p p profil)) (plv-profils)))
+(defun plv-appartenance:identifiant (profil) (plv-cle "ID" (plv-paires profil)))
+
+(defun plv-aines (profil / id)
+  "The profiles that were made before it and have its identifier, as a copy has its original's; nearly always none."
+  (setq id (plv-appartenance:identifiant profil))
+  (vl-remove-if-not
+    '(lambda (p) (and (not (eq p profil)) (equal (plv-appartenance:identifiant p) id) (plv-profil-p p) (plv-appartenance:avant-p p profil)))
+    (plv-references)))
 
 ;; --- planes and supports
 
 (defun plv-appartenance:partagees (profil aine)
   "The keys under which two profiles name the same entity."
   (vl-remove-if-not
-    '(lambda (cle / entite) (and (setq entite (plv-nommee profil cle)) (eq entite (plv-nommee aine cle))))
+    '(lambda (cle / entite) (if (setq entite (plv-nommee profil cle)) (eq entite (plv-nommee aine cle))))
     (cons "PRPC" (plv-cles-genres))))
 
 (defun plv-partage (profil)

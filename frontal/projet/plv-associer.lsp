@@ -13,8 +13,10 @@
   (setq deja (plv-elements profil genre))
   (pl_assoc_prj support)
   (setq nouvelles (vl-remove-if '(lambda (e) (member e deja)) (plv-elements profil genre)))
-  (plv-ecrire-elements profil genre (vl-remove-if '(lambda (e) (member e nouvelles)) (plv-elements profil genre)))
-  (plv-admettre-tels profil genre nouvelles))
+  (if nouvelles
+    (progn
+      (plv-ecrire-elements profil genre (vl-remove-if '(lambda (e) (member e nouvelles)) (plv-elements profil genre)))
+      (plv-admettre-tels profil genre nouvelles))))
 
 (defun c:pl_efixKAVEL (/ profil)
   (if (and (setq profil (plv-profil-courant)) (plv-statiques-verifies profil))

@@ -104,6 +104,10 @@
   ((ligne '(10.0 80.0) '(10.0 85.0)) "la ligne" "pas de longueur le long du profil")
   ((ligne '(110.0 80.0) '(150.0 85.0)) "la ligne" "hors du profil")
   ((entmakex '((0 . "CIRCLE") (10 50.0 80.0 0.0) (40 . 5.0))) "l'entité CIRCLE" "au lieu d'une ligne")
+  ((progn
+     (entmake '((0 . "LAYER") (2 . "FERME") (70 . 4) (62 . 1) (6 . "Continuous")))
+     (entmakex '((0 . "LINE") (8 . "FERME") (10 20.0 60.0 5.0) (11 40.0 60.0 5.0))))
+   "la ligne" "calque FERME verrouillé; à faire: mise dans le plan du dessin")
   ((plv-texte "0" '(50.0 60.0 0.0) 2.0 "texte" 0 0.0) "l'entité TEXT" "au lieu d'une ligne")
   ((progn (plv-attacher p "AEp" (list (setq l (ligne '(10.0 80.0) '(30.0 85.0))))) l) "la ligne" "déjà attachée au genre AEp")
   ((progn
