@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "atelier/base/interruption.h"
+#include "atelier/database/entities/carried_transform.h"
 #include "atelier/database/objects/clone.h"
 #include "atelier/document/adding.h"
 #include "atelier/document/document.h"
@@ -14,22 +15,25 @@
 namespace atelier {
 
 Asked<AcGePoint3d> Command::point(std::string prompt, Base base, std::string keywords) const {
-  return Asked<AcGePoint3d>([base, prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, AcGePoint3d& value) {
-    p.initGet(0, keywords);
-    return p.getPoint(base, prompt, value);
-  });
+  return Asked<AcGePoint3d>(
+      [base, prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, AcGePoint3d& value) {
+        p.initGet(0, keywords);
+        return p.getPoint(base, prompt, value);
+      });
 }
 Asked<AcGePoint3d> Command::corner(std::string prompt, const AcGePoint3d& opposite, std::string keywords) const {
-  return Asked<AcGePoint3d>([opposite, prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, AcGePoint3d& value) {
-    p.initGet(0, keywords);
-    return p.getPoint(opposite, prompt, value, true);
-  });
+  return Asked<AcGePoint3d>(
+      [opposite, prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, AcGePoint3d& value) {
+        p.initGet(0, keywords);
+        return p.getPoint(opposite, prompt, value, true);
+      });
 }
 Asked<AcGePoint3d> Command::pointOrWord(std::string prompt, std::string keywords) const {
-  return Asked<AcGePoint3d>([prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, AcGePoint3d& value) {
-    p.initGet(RSG_OTHER, keywords);
-    return p.getPoint({}, prompt, value);
-  });
+  return Asked<AcGePoint3d>(
+      [prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, AcGePoint3d& value) {
+        p.initGet(RSG_OTHER, keywords);
+        return p.getPoint({}, prompt, value);
+      });
 }
 Asked<double> Command::distance(std::string prompt, Base base, std::string keywords) const {
   return Asked<double>([base, prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, double& value) {
@@ -56,10 +60,12 @@ Asked<int> Command::integer(std::string prompt, std::string keywords) const {
   });
 }
 Asked<std::string> Command::word(std::string prompt) const {
-  return Asked<std::string>([prompt = std::move(prompt)](Prompter& p, std::string& value) { return p.getText(false, prompt, value); });
+  return Asked<std::string>(
+      [prompt = std::move(prompt)](Prompter& p, std::string& value) { return p.getText(false, prompt, value); });
 }
 Asked<std::string> Command::line(std::string prompt) const {
-  return Asked<std::string>([prompt = std::move(prompt)](Prompter& p, std::string& value) { return p.getText(true, prompt, value); });
+  return Asked<std::string>(
+      [prompt = std::move(prompt)](Prompter& p, std::string& value) { return p.getText(true, prompt, value); });
 }
 Asked<int> Command::keyword(std::string prompt, std::string keywords) const {
   return Asked<int>([prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, int&) {
@@ -68,15 +74,16 @@ Asked<int> Command::keyword(std::string prompt, std::string keywords) const {
   });
 }
 Asked<PickedEntity> Command::entity(std::string prompt, std::string keywords) const {
-  return Asked<PickedEntity>([prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, PickedEntity& value) {
-    p.initGet(0, keywords);
-    const AcGePoint3d nowhere(HUGE_VAL, HUGE_VAL, HUGE_VAL);
-    value.point = nowhere;
-    const Answer answer = p.getEntity(prompt, value.id, value.point);
-    value.byPoint = value.point.x != HUGE_VAL;
-    if (!value.byPoint) value.point = {};
-    return answer;
-  });
+  return Asked<PickedEntity>(
+      [prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, PickedEntity& value) {
+        p.initGet(0, keywords);
+        const AcGePoint3d nowhere(HUGE_VAL, HUGE_VAL, HUGE_VAL);
+        value.point = nowhere;
+        const Answer answer = p.getEntity(prompt, value.id, value.point);
+        value.byPoint = value.point.x != HUGE_VAL;
+        if (!value.byPoint) value.point = {};
+        return answer;
+      });
 }
 Asked<std::shared_ptr<SelectionSet>> Command::objects(bool single) const {
   if (!single)
@@ -108,7 +115,23 @@ void Command::copies(const SelectionSet& set, const AcGeMatrix3d& matrix, AcDbOb
     if (!stub->is(AcDbStub::kErased)) sources.push_back(stub);
   AcDbStub* owner = block.isNull() ? document.database().currentSpaceId() : block;
   if (!owner) fail("Les objets n'ont pas pu être copiés.");
+  needTransformable(set, matrix);
   cloneAll(document.imp(), sources, *owner, [&](AcDbEntity& copy) { copy.transformBy(matrix); });
+}
+
+void Command::transform(const SelectionSet& set, const AcGeMatrix3d& matrix) const {
+  needTransformable(set, matrix);
+  change(set, [&](AcDbEntity& entity) { entity.transformBy(matrix); });
+}
+
+void Command::needTransformable(const SelectionSet& set, const AcGeMatrix3d& matrix) const {
+  for (AcDbStub* stub : set.list()) {
+    if (stub->is(AcDbStub::kErased)) continue;
+    const auto* entity = AcDbEntity::cast(&document.imp().object(*stub));
+    if (entity && !canTransform(*entity, matrix))
+      fail(std::string(document.imp().typeName(*stub)) + " (" + handleText(stub->handle) +
+           ") ne peut pas être transformé ainsi: rien n'a été modifié.");
+  }
 }
 
 void Command::change(const SelectionSet& set, const std::function<void(AcDbEntity&)>& work) const {

@@ -45,9 +45,14 @@ class Command {
   AcDbObjectId addAsIs(std::unique_ptr<AcDbEntity> entity) const;
   // Adds transformed copies to the current space or to that block.
   void copies(const SelectionSet& set, const AcGeMatrix3d& matrix, AcDbObjectId block = {}) const;
+  // Transforms the objects. Like copies, fails before anything is changed when one can't be brought along.
+  void transform(const SelectionSet& set, const AcGeMatrix3d& matrix) const;
   // Calls `work` with each entity of the set that can be changed; those on locked layers are left out, and their number
   // is printed.
   void change(const SelectionSet& set, const std::function<void(AcDbEntity&)>& work) const;
+
+ private:
+  void needTransformable(const SelectionSet& set, const AcGeMatrix3d& matrix) const;
 };
 
 }  // namespace atelier

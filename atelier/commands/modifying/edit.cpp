@@ -30,7 +30,7 @@ CommandTask move(Command& c) {
     const auto to = co_await c.point("\nDeuxième point <le premier est le déplacement>: ", base.value);
     by = to.given() ? to.value - base.value : base.value.asVector();
   }
-  c.change(*chosen.value, [&](AcDbEntity& entity) { entity.transformBy(AcGeMatrix3d::translation(by)); });
+  c.transform(*chosen.value, AcGeMatrix3d::translation(by));
 }
 
 // A program makes one copy unless it asks for Multiple; a user one for each point given.
@@ -57,7 +57,7 @@ CommandTask copy(Command& c) {
 // What is kept stays as it is: its handles are known to others, and its layer may be locked.
 void transform(const Command& c, const SelectionSet& set, const AcGeMatrix3d& matrix, bool keepOriginal) {
   if (keepOriginal) c.copies(set, matrix);
-  else c.change(set, [&](AcDbEntity& entity) { entity.transformBy(matrix); });
+  else c.transform(set, matrix);
 }
 
 CommandTask rotate(Command& c) {
