@@ -34,5 +34,7 @@
   (setq profils (plv-profils))
   (princ (strcat "Profils: " (itoa (length profils))))
   (foreach profil profils (plv-rapport:decrire profil))
+  (foreach perdu (plv-profils-sans-numero)
+    (plv-dire (strcat "  bloc " (plv-handle perdu) ": il a perdu l'attribut NUMPL de son profil")))
   (terpri)
   (princ))

@@ -1,7 +1,12 @@
 ;; Project elements: the curves that belong to a kind of line, and the altitude of a project line.
 ;; Curves are read through the module (pl_glp, pl_yat); only their plane is decided here, section by section.
+;; Shared in the room: plv-elements:cle
 
 (setq plv-elements:cle "ELEMS_PROJET_KAVEL" plv-elements:cle-du-projet "ELEMDUPROJET" plv-elements:cle-rayon "RAYON")
+
+(setq plv-elements:courbes "LINE,*POLYLINE,SPLINE,ARC,CIRCLE,ELLIPSE,RAY,XLINE,HELIX,LEADER")
+
+(defun plv-courbe-p (entite) (wcmatch (plv-type entite) plv-elements:courbes))
 
 (defun plv-support (profil genre) (if (plv-cle-genre genre) (plv-nommee profil (plv-cle-genre genre))))
 
@@ -21,6 +26,13 @@
 
 (defun plv-ecrire-elements (profil genre entites)
   (plv-enregistrer-entites (plv-support profil genre) plv-elements:cle entites))
+
+(defun plv-rendre-elements (profil genre groupes / support)
+  "Gives a kind its record back as it was; nil for none."
+  (setq support (plv-support profil genre))
+  (if groupes
+    (plv-ecrire-enregistrement support plv-elements:cle groupes)
+    (dictremove (plv-dictionnaire support) plv-elements:cle)))
 
 (defun plv-du-projet (entite)
   "T for a curve that is part of the project, nil for one that is only attached."

@@ -12,11 +12,17 @@
   "Whether a block reference is a profile: its number and its keys make one, not the name of its block."
   (and (plv-attribut-profil entite "NUMPL") (plv-donnees entite plv-app-cles)))
 
+(defun plv-references ()
+  "The block references with keys, in the order of their making."
+  (reverse (plv-entites-du-jeu (ssget "X" (list '(0 . "INSERT") (list -3 (list plv-app-cles)))))))
+
 (defun plv-profils ()
   "The profiles of the drawing, in the order of their identifiers, then of their making."
-  (vl-sort (vl-remove-if-not 'plv-profil-p
-             (reverse (plv-entites-du-jeu (ssget "X" (list '(0 . "INSERT") '(66 . 1) (list -3 (list plv-app-cles)))))))
-           '(lambda (a b) (< (plv-id-profil a) (plv-id-profil b)))))
+  (vl-sort (vl-remove-if-not 'plv-profil-p (plv-references)) '(lambda (a b) (< (plv-id-profil a) (plv-id-profil b)))))
+
+(defun plv-profils-sans-numero ()
+  "The references that have the planes of a profile but lost its number."
+  (vl-remove-if '(lambda (e) (or (plv-profil-p e) (not (assoc "PRPC" (plv-paires e))))) (plv-references)))
 
 (defun plv-id-profil (profil / id)
   (if (= (type (setq id (plgxd profil "ID"))) 'INT) id -1))
