@@ -10,7 +10,7 @@
      plv-terrain)
     (profil (base)
      plv-genres plv-plans plv-cadre plv-terrain-profil plv-profil plv-profils plv-chaines plv-reparer plv-habillage plv-rappels
-     plv-elements plv-pentes plv-statiques plv-blocs plv-pc)
+     plv-elements plv-cotes-posees plv-pentes plv-statiques plv-blocs plv-pc)
     (plan (base profil)
      plv-axe plv-vers-plan)
     (projet (base profil)

@@ -75,12 +75,11 @@
     (vl-remove nil (mapcar '(lambda (e) (plv-elements:situer plans (plv-pentes-de profil e) e)) (reverse (plv-elements-du-projet profil genre))))
     '(lambda (a b) (< (plv-debut a) (plv-debut b)))))
 
-(defun plv-elements:situer (plans pentes entite / d1 d2 a b)
+(defun plv-elements:situer (plans pentes entite / d1 d2)
   (if pentes
     (progn
-      (setq d1 (apply 'min (mapcar 'plv-debut pentes)) d2 (apply 'max (mapcar 'plv-fin pentes))
-            a (plv-plan-en plans (+ d1 1e-6)) b (plv-plan-en plans (- d2 1e-6)))
-      (list d1 d2 (if (equal a b) a) entite))))
+      (setq d1 (apply 'min (mapcar 'plv-debut pentes)) d2 (apply 'max (mapcar 'plv-fin pentes)))
+      (list d1 d2 (plv-plan-de plans d1 d2) entite))))
 
 ;; --- altitudes
 
