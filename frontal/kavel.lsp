@@ -16,7 +16,7 @@
     (projet (base profil)
      plv-raccords plv-parties plv-trace plv-sommets plv-projet plv-associer)
     (tableaux (base profil plan)
-     plv-types plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet
+     plv-types plv-definitions plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet
      plv-remplissage-plan plv-devers plv-remplissage-blocs plv-matrices plv-ligne-seule)
     (cotes (base profil)
      plv-cotes)

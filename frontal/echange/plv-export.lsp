@@ -79,7 +79,7 @@
        (setq ecrit (vl-catch-all-apply 'landxml-ecrire (list fichier (plv-nom-dessin) (mapcar 'plv-export:axe profils)))))
      (plv-erreur (vl-catch-all-error-message ecrit)))
     (T
-     (plv-dire (strcat fichier ": " (itoa (length profils)) (if (cdr profils) " profils" " profil") ", LandXML 1.2."))
+     (plv-dire (strcat fichier ": " (plv-compte (length profils) "profil") ", LandXML 1.2."))
      T)))
 
 ;; --- delimited text
@@ -98,7 +98,7 @@
          (if (findfile ancien) (vl-file-delete ancien))
          (vl-file-rename fichier ancien)))
      (if (vl-file-rename temporaire fichier)
-       (progn (plv-dire (strcat fichier ": " (itoa (1- (length lignes))) " lignes.")) T)
+       (progn (plv-dire (strcat fichier ": " (plv-compte (1- (length lignes)) "ligne") ".")) T)
        (plv-erreur (strcat "écriture impossible: " fichier))))))
 
 (defun plv-export:ligne (textes) (plv-joindre textes ";"))

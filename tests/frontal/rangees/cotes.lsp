@@ -30,6 +30,7 @@
     (defun conflits (/ autres)
       (setq autres (append (cotes) (plv-entites-du-jeu (ssget "X" '((8 . "PLV-TN,PLV-TITRES"))))))
       (vl-remove nil (mapcar '(lambda (e / faute) (if (setq faute (touche e autres)) (cons (plv-cle 1 (entget e)) (mapcar 'plv-type faute)))) (cotes))))
+    (defun groupes () (length (vl-remove-if-not 'entget (plv-cles 350 (dictsearch (namedobjdict) "ACAD_GROUP")))))
     (defun coter (genre) (plv-coter p genre (* 0.5 pi) "Toutes" (plv-elements-du-projet p genre)))))
 
 (situation "StandClearAndAreReplaced")
@@ -39,10 +40,10 @@
 ((conflits) nil)
 ;; 4 mm under the ground, which the module writes with a minus
 ((list (combien "-0.00") (combien "+0.00")) (0 1))
-(preparer (setq n (length (cotes)) groupes (length (cdr (member '(280 . 1) (dictsearch (namedobjdict) "ACAD_GROUP"))))))
+(preparer (setq n (length (cotes)) g (groupes)))
 (tape ("(CotAutoKavel)" "Projet" "Toutes" "(list (car els) '(1001.0 0.0))" ""))
 ((= n (length (cotes))) T)
-((= groupes (length (cdr (member '(280 . 1) (dictsearch (namedobjdict) "ACAD_GROUP"))))) T)
+((<= (groupes) g) T)
 ;; a second line has rows of its own
 (preparer (plv-projet p "AEp" '((0.0 48.0) (100.0 42.0))) (coter "AEp"))
 ((> (length (cotes)) (+ n 6)) T)
