@@ -20,6 +20,8 @@
      plv-remplissage-plan plv-devers plv-remplissage-blocs plv-matrices plv-ligne-seule)
     (cotes (base profil)
      plv-cotes)
+    (gestes (base profil cotes)
+     plv-report plv-modifier plv-tracer plv-listes)
     (metres (base profil)
      plv-metres-troncons plv-metres-classes plv-metres-traces plv-metres-controle plv-metres-rapport plv-cubpl plv-metres
      plv-legende)

@@ -95,24 +95,25 @@ ground). Those that would overlap are left out. Gives those that are written."
   (plv-cotes:dire ecrites)
   (vl-remove-if-not 'plv-existe ecrites))
 
-;; --- the command
-
-(defun plv-cotes:refus (profil entite / boite x0 longueur)
-  "The text of why a picked entity has no dimensions, nil for one that has."
-  (if (not (wcmatch (plv-type entite) "LINE,LWPOLYLINE,POLYLINE,SPLINE"))
-    (strcat (plv-type entite) ": ligne, polyligne ou spline attendue")
+(defun plv-recoter (profil genre courbes / cotes roles attachees)
+  "Dimensions of curves anew, as one of them has them, after they have changed; nothing when none has any. What is only attached
+to the kind stays so: the module takes every curve that it dimensions into the project."
+  (setq cotes (vl-remove-if-not '(lambda (c) (member (plv-cote-courbe c) courbes)) (plv-cotes-du-profil profil))
+        roles (plv-uniques (mapcar 'plv-cote-altitude-p cotes))
+        attachees (vl-remove-if 'plv-du-projet courbes))
+  (if cotes
     (progn
-      (setq boite (plv-boite entite) x0 (car (plv-origine profil)) longueur (plv-longueur-profil profil))
-      (cond
-        ((not (and (< (- (car boite) x0) longueur) (> (- (caddr boite) x0) 0.0))) "cette courbe n'est pas sur le profil")
-        ((not (plv-plan-de (plv-plans profil) (- (car boite) x0) (- (caddr boite) x0)))
-         "cette courbe passe par plusieurs plans de comparaison: PLV-REPORT la coupe là où ils changent")))))
+      (plv-coter profil genre (plv-cle 50 (entget (car cotes)))
+        (cond ((cdr roles) "Toutes") ((car roles) "Altitudes") ("Hauteurs")) courbes)
+      (foreach e attachees (plv-marquer-du-projet e nil)))))
+
+;; --- the command
 
 (defun plv-cotes:demander (profil / pris faute courbes)
   "The curves that the user picks."
   (plv-dire "Selectionnez les éléments que vous voulez coter")
   (while (setq pris (entsel "\nElement :"))
-    (if (setq faute (plv-cotes:refus profil (car pris)))
+    (if (setq faute (plv-refus-situation profil (car pris)))
       (plv-erreur faute)
       (setq courbes (cons (car pris) courbes))))
   (plv-uniques (reverse courbes)))

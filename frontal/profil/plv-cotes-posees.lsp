@@ -46,6 +46,28 @@
   (setq coins (etendue-tracee (list entite)))
   (list (caar coins) (cadar coins) (caadr coins) (cadadr coins)))
 
+(defun plv-etendue-courbe (profil entite / boite)
+  "From where to where along a profile a curve goes."
+  (setq boite (plv-boite entite))
+  (list (- (car boite) (car (plv-origine profil))) (- (caddr boite) (car (plv-origine profil)))))
+
+(defun plv-refus-place (profil etendue)
+  "The text for a curve beside the profile; nil for one that lies on it."
+  (if (not (and (< (plv-debut etendue) (plv-longueur-profil profil)) (> (plv-fin etendue) 0.0)))
+    "cette courbe n'est pas sur le profil"))
+
+(defun plv-refus-plans (profil etendue)
+  "The text for a curve over several planes; nil for one whose altitudes have one sense."
+  (if (not (plv-plan-de (plv-plans profil) (plv-debut etendue) (plv-fin etendue)))
+    "cette courbe passe par plusieurs plans de comparaison: PLV-REPORT la coupe là où ils changent"))
+
+(defun plv-refus-situation (profil entite / etendue)
+  "Why a picked entity can't be read as a line of a profile; nil when it can."
+  (cond
+    ((plv-refus-courbe entite))
+    ((plv-refus-place profil (setq etendue (plv-etendue-courbe profil entite))))
+    ((plv-refus-plans profil etendue))))
+
 (defun plv-boite-haut (boite) (cadddr boite))
 
 (defun plv-boites-cotes (profil) (mapcar 'plv-boite (plv-cotes-du-profil profil)))

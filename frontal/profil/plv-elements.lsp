@@ -39,6 +39,15 @@
   (vl-remove-if-not '(lambda (genre) (plv-elements-du-projet profil genre))
     (cons "Projet" (vl-remove "Projet" (vl-remove "TN" (plv-genres))))))
 
+(defun plv-genre-de (profil entite)
+  "The kind that a curve belongs to; nil for a free one."
+  (car (vl-member-if '(lambda (genre) (member entite (plv-elements profil genre))) (plv-genres))))
+
+(defun plv-refus-courbe (entite)
+  "The text for an entity that the module takes for no line of a profile; nil for one that it takes."
+  (if (not (wcmatch (plv-type entite) "LINE,LWPOLYLINE,POLYLINE,SPLINE"))
+    (strcat (plv-type entite) ": ligne, polyligne ou spline attendue")))
+
 (defun plv-genre-propose (profil)
   "The kind that a question about a project line proposes."
   (cond ((car (plv-genres-du-projet profil))) ("Projet")))
