@@ -1,5 +1,6 @@
 // Work on a profile in the window: forms, panel, status bar, menus of the profile, dialogs of quantities.
 #include <QComboBox>
+#include <QLineEdit>
 #include <QTableWidget>
 
 #include "atelier/desktop/forms/forms.h"
@@ -46,6 +47,20 @@ TEST_F(ProfileWindow, FormsMakeAProfileWithItsTables) {
   EXPECT_FALSE(shown.filter("à partir de 0.00").isEmpty()) << shown.join("\n").toStdString();
   for (const char* text : {"ROUTE", "Altitude terrain naturel", "Pentes et rampes"})
     EXPECT_TRUE(shown.contains(text)) << shown.join("\n").toStdString();
+}
+
+TEST_F(ProfileWindow, AFormTakesADecimalComma) {
+  driver.menu("Nouveau profil...").then([this] {
+    auto* const f = form<atelier::desktop::NewProfileForm>();
+    ASSERT_TRUE(f);
+    for (const auto& [typed, value] : {std::pair("2,75", 2.75), std::pair("3.5", 3.5)}) {
+      f->textHeight->findChild<QLineEdit*>()->setText(typed);
+      f->textHeight->interpretText();
+      EXPECT_EQ(f->textHeight->value(), value) << typed;
+    }
+    f->reject();
+  });
+  driver.play();
 }
 
 TEST_F(ProfileWindow, AFormWithoutAFileStaysAndSaysWhatItNeeds) {
