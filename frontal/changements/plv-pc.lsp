@@ -74,8 +74,8 @@
 ;; --- the call and the command
 
 (defun plv-pc:finir (profil)
-  (plv-habiller-profil profil (plv-origine profil) (plv-points-tn profil) (plv-echv profil) (plv-ttxt profil)
-    (plv-plans profil))
+  (plv-ranger-altitudes profil)
+  (plv-rehabiller profil)
   (plv-ajuster-rappels profil))
 
 (defun plv-pc:faute (operation sections section distance altitude)

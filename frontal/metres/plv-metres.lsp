@@ -72,6 +72,14 @@
 
 ;; --- measuring
 
+(setq plv-metres:transparence nil)
+
+(defun plv-metres:hachures-de (entites / hachures)
+  "The hatches among entities; how clear the module made them, by its setting, is kept for the legend."
+  (if (setq hachures (vl-remove-if-not 'plv-metres:hachure-p entites))
+    (setq plv-metres:transparence (plv-cle 440 (entget (car hachures)))))
+  hachures)
+
 (defun plv-metres:hachurer (profil genre / faits)
   "Opens the dialog and has it hatch: (its lists, the hatches)."
   (setq faits
@@ -79,7 +87,7 @@
       '(lambda ()
          (plv-avec-calque "PLV-HACHURES"
            '(lambda () (dialoguer plv-metres:dialogue (plv-metres:reponses (list profil) genre '("SchematiserSurPLong"))))))))
-  (list (car faits) (vl-remove-if-not 'plv-metres:hachure-p (cadr faits))))
+  (list (car faits) (plv-metres:hachures-de (cadr faits))))
 
 (defun plv-metres:essayer (lot genre / profil vus rangees)
   "What the dialog measures, as (lot classes depth-sections hatches); nil after a message when it can't."

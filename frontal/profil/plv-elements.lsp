@@ -51,6 +51,15 @@
   (vl-remove-if-not '(lambda (genre) (plv-elements-du-projet profil genre))
     (cons "Projet" (vl-remove "Projet" (vl-remove "TN" (plv-genres))))))
 
+(defun plv-genre-de (profil entite)
+  "The kind that a curve belongs to; nil for a free one."
+  (car (vl-member-if '(lambda (genre) (member entite (plv-elements profil genre))) (plv-genres))))
+
+(defun plv-refus-courbe (entite)
+  "The text for an entity that the module takes for no line of a profile; nil for one that it takes."
+  (if (not (wcmatch (plv-type entite) "LINE,LWPOLYLINE,POLYLINE,SPLINE"))
+    (strcat (plv-type entite) ": ligne, polyligne ou spline attendue")))
+
 (defun plv-genre-propose (profil)
   "The kind that a question about a project line proposes."
   (cond ((car (plv-genres-du-projet profil))) ("Projet")))
@@ -87,12 +96,11 @@
     (vl-remove nil (mapcar '(lambda (e) (plv-elements:situer plans (plv-pentes-de profil e) e)) (reverse (plv-elements-du-projet profil genre))))
     '(lambda (a b) (< (plv-debut a) (plv-debut b)))))
 
-(defun plv-elements:situer (plans pentes entite / d1 d2 a b)
+(defun plv-elements:situer (plans pentes entite / d1 d2)
   (if pentes
     (progn
-      (setq d1 (apply 'min (mapcar 'plv-debut pentes)) d2 (apply 'max (mapcar 'plv-fin pentes))
-            a (plv-plan-en plans (+ d1 1e-6)) b (plv-plan-en plans (- d2 1e-6)))
-      (list d1 d2 (if (equal a b) a) entite))))
+      (setq d1 (apply 'min (mapcar 'plv-debut pentes)) d2 (apply 'max (mapcar 'plv-fin pentes)))
+      (list d1 d2 (plv-plan-de plans d1 d2) entite))))
 
 ;; --- altitudes
 

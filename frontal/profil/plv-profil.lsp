@@ -21,12 +21,12 @@
 
 (defun plv-profil:inserer (point numero ttxt)
   "The profile's block. Its attributes are the title above the axis: a click on it picks the profile."
-  (entmake (list '(0 . "INSERT") '(8 . "PLV-PROFIL") '(66 . 1) (cons 2 plv-bloc-profil) (cons 10 point)))
+  (entmake (list '(0 . "INSERT") (cons 8 (plv-calque "PLV-PROFIL")) '(66 . 1) (cons 2 plv-bloc-profil) (cons 10 point)))
   (mapcar '(lambda (attribut)
-             (entmake (list '(0 . "ATTRIB") '(8 . "PLV-TITRES") (cons 10 point) (cons 40 (* 1.4 ttxt))
+             (entmake (list '(0 . "ATTRIB") (cons 8 (plv-calque "PLV-TITRES")) (cons 10 point) (cons 40 (* 1.4 ttxt))
                             (cons 1 (cadr attribut)) (cons 2 (car attribut)) '(70 . 0))))
     (list (list "NUMPL" numero) (list "TITRE" plv-profil:titre)))
-  (entmake '((0 . "SEQEND") (8 . "PLV-PROFIL")))
+  (entmake (list '(0 . "SEQEND") (cons 8 (plv-calque "PLV-PROFIL"))))
   (entlast))
 
 (defun plv-profil:supports (entite point)

@@ -72,6 +72,12 @@
   (pl_ChoixProfil profil)
   profil)
 
+(defun plv-reprendre-courant ()
+  "When another drawing was worked on: the tables and the menu that the module has are that one's."
+  (if (and plv-courant (member plv-courant (plv-profils)) (not (plv-refus-profil plv-courant)))
+    (pl_ChoixProfil plv-courant)
+    (progn (pl_ResetMatrices) (pl_PlacerMenusKavel "VARDANE4" ""))))
+
 (defun plv-profil-courant (/ profil)
   "The current profile with its tables loaded; asked for when there is none, or when it is gone."
   (if (setq profil (if (and plv-courant (member plv-courant (plv-profils))) (plv-profil-sain plv-courant) (plv-choisir-profil)))

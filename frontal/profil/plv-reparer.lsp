@@ -43,7 +43,7 @@
 
 (defun plv-reparer:redessiner (profil terrain section lignes / calques)
   "Draws the ground of a section anew, in place of the lines of its chain and of those that fell out of it."
-  (setq calques (cons "PLV-TN" (mapcar '(lambda (l) (plv-cle 8 (entget l))) lignes)))
+  (setq calques (cons (plv-calque "PLV-TN") (mapcar '(lambda (l) (plv-cle 8 (entget l))) lignes)))
   (plv-effacer
     (append lignes
       (plv-reparer:sur-le-plan profil terrain
@@ -81,7 +81,7 @@
 
 (defun plv-reparer:plan-perdu (profil terrain debut fin / lignes altitude)
   "A plane for a stretch that has none, after the lines that were drawn over it; nil when there are none."
-  (setq lignes (plv-reparer:perdues profil debut fin '("PLV-TN"))
+  (setq lignes (plv-reparer:perdues profil debut fin (list (plv-calque "PLV-TN")))
         altitude (vl-some '(lambda (l) (plv-reparer:plan-de profil terrain l)) lignes))
   (if altitude
     (progn
