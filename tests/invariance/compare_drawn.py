@@ -1,0 +1,63 @@
+"""Ground and project lines as they are drawn: each end of a piece, over the plane of its section, lies on the suite's line."""
+from fractions import Fraction as F
+
+import exact
+
+AT = F(1, 10**6)
+GROUND, PROJECT = "PLV-TN", "PLV-PROJET"
+
+
+def mine(profile, entity):
+    """Whether an entity stands within the profile's length; profiles stand beside each other, copies above."""
+    return all(-AT <= F(x) - profile.x0 <= profile.length + AT and abs(F(y) - profile.y0) < 2500 for x, y in entity.ends())
+
+
+def pieces(profile, entities):
+    """(from, to, altitude from, altitude to) of the straight pieces, left to right, each over the plane of its middle."""
+    result = []
+    for entity in entities:
+        ends = entity.ends()
+        for a, b in zip(ends, ends[1:]):
+            (x1, y1), (x2, y2) = sorted(((F(a[0]), F(a[1])), (F(b[0]), F(b[1]))))
+            if x2 - x1 < F(1, 10**8):
+                continue
+            z = profile.plane((x1 + x2) / 2 - profile.x0)
+            result.append((x1 - profile.x0, x2 - profile.x0, (y1 - profile.y0) / profile.scale + z, (y2 - profile.y0) / profile.scale + z))
+    return sorted(result)
+
+
+def covered(found):
+    return sum((b - a for a, b, _, _ in found), F(0))
+
+
+def on_line(line, d):
+    """The line's altitude at a place that doubles may have put just off its end."""
+    return exact.altitude(line, min(max(d, line[0][0]), line[-1][0]))
+
+
+def compare_line(report, what, found, lines):
+    """Pieces that cover the lines, each end on one of them."""
+    report.near("drawn", what + ", length", covered(found), sum((l[-1][0] - l[0][0] for l in lines), F(0)), AT)
+    for start, end, z1, z2 in found:
+        own = next((l for l in lines if l[0][0] - AT <= start and end <= l[-1][0] + AT), None)
+        if own is None:
+            report.same("drawn", what, f"a piece from {float(start)} to {float(end)}", "none there")
+            continue
+        for d, z in ((start, z1), (end, z2)):
+            report.near("drawn", f"{what}, altitude at {float(d):.3f}", z, on_line(own, d), F(1, 10**7))
+
+
+def compare(report, drawing, profile):
+    own = [e for e in drawing.of("LINE", GROUND) if mine(profile, e)]
+    compare_line(report, f"ground of {profile.number}", pieces(profile, own), [profile.points])
+    lines = [l for kind in profile.lines.values() for l in kind]
+    straight = [l.points for l in lines if l.curve is None]
+    drawn = [e for kind in ("LINE", "LWPOLYLINE", "POLYLINE") for e in drawing.of(kind, PROJECT) if mine(profile, e)]
+    found = pieces(profile, drawn)
+    report.near("drawn", f"project lines of {profile.number}, length", covered(found),
+                sum((l[-1][0] - l[0][0] for l in straight), F(0)), AT)
+    for start, end, z1, z2 in found:
+        on = any(l[0][0] - AT <= start and end <= l[-1][0] + AT and abs(on_line(l, start) - z1) < F(1, 10**7)
+                 and abs(on_line(l, end) - z2) < F(1, 10**7) for l in straight)
+        report.same("drawn", f"project piece of {profile.number} from {float(start):.3f} to {float(end):.3f}, "
+                    f"{float(z1):.4f} to {float(z2):.4f}, on a line", on, True)
