@@ -28,16 +28,17 @@ class Circumstances(NamedTuple):
 
 
 def draw(rng: random.Random):
-    reopened = rng.random() < 0.5
+    release = rng.choice(("R12", "R2000", "R2000", "R2018", "R2018", "R2018"))
+    reopened = release != "R12" and rng.random() < 0.5  # R12 has no records: a project line, tables and names don't come back
     return Circumstances(
         place=rng.choice(PLACES),
-        release=rng.choice(("R12", "R2000", "R2000", "R2018", "R2018", "R2018")),
+        release=release,
         binary=False,
         reopened=reopened,
-        visited=not reopened and rng.random() < 0.2,
+        visited=release != "R12" and not reopened and rng.random() < 0.2,
         folder=rng.choice(FOLDERS),
         file=rng.choice(FILES),
         locale=rng.choice(LOCALES),
-        foreign=rng.random() < 0.2,
-        undone=rng.random() < 0.25,
-        copied=rng.random() < 0.25)
+        foreign=release != "R12" and rng.random() < 0.2,
+        undone=release != "R12" and rng.random() < 0.25,
+        copied=release != "R12" and rng.random() < 0.25)

@@ -51,7 +51,7 @@ def compare(report, drawing, profile):
     own = [e for e in drawing.of("LINE", GROUND) if mine(profile, e)]
     compare_line(report, f"ground of {profile.number}", pieces(profile, own), [profile.points])
     lines = [l for kind in profile.lines.values() for l in kind]
-    straight = [l.points for l in lines if l.curve is None]
+    straight = [points for l in lines for points in l.straight()]
     drawn = [e for kind in ("LINE", "LWPOLYLINE", "POLYLINE") for e in drawing.of(kind, PROJECT) if mine(profile, e)]
     found = pieces(profile, drawn)
     report.near("drawn", f"project lines of {profile.number}, length", covered(found),
@@ -61,3 +61,21 @@ def compare(report, drawing, profile):
                  and abs(on_line(l, end) - z2) < F(1, 10**7) for l in straight)
         report.same("drawn", f"project piece of {profile.number} from {float(start):.3f} to {float(end):.3f}, "
                     f"{float(z1):.4f} to {float(z2):.4f}, on a line", on, True)
+    compare_curves(report, drawing, profile, lines)
+
+
+def compare_curves(report, drawing, profile, lines):
+    """Splines begin and end on the curves, and cover them."""
+    curves, length = [c for l in lines for c in l.curves], F(0)
+    for entity in drawing.of("SPLINE", PROJECT):
+        points = sorted((entity.points() or entity.points(11)))
+        ends = [(F(x) - profile.x0, F(y) - profile.y0) for x, y in (points[0], points[-1])]
+        if not (-AT <= ends[0][0] <= profile.length and abs(ends[0][1]) < 2500):
+            continue
+        length += ends[1][0] - ends[0][0]
+        z = profile.plane((ends[0][0] + ends[1][0]) / 2)
+        for d, y in ends:
+            near = [abs(c.altitude(min(max(d, c.start), c.end)) - (y / profile.scale + z)) for c in curves if c.start - AT <= d <= c.end + AT]
+            report.same("drawn", f"end of a curve of {profile.number} at {float(d):.3f}, on its line", bool(near) and min(near) < F(1, 10**6), True)
+    if drawing.has_splines:
+        report.near("drawn", f"curves of {profile.number}, length", length, sum((c.end - c.start for c in curves), F(0)), F(1, 10**4))

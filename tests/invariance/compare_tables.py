@@ -107,7 +107,7 @@ def on_project(profile, row, kept, e, value):
     for d in kept:
         z = profile.altitude_of(kind, d) if kind else None
         if z is not None:
-            cells.append(Cell(d + F(7, 10) * e, printed(value(ground[d], z))))
+            cells.append(Cell(d + F(7, 10) * e, printed(value(ground[d], z), slack=F(1, 10**6))))
     return cells
 
 

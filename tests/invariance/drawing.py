@@ -5,6 +5,8 @@ It shares no code with the program, and knows of a version only that R12 draws w
 import re
 
 BEFORE_UTF8 = (b"AC1009", b"AC1015", b"AC1018")
+FOREIGN = {"PLV_PROFIL": "PROFIL EN LONG 7", "NUMPL": "NumPl", "PLV-TN": "TERRAIN", "PLV-PLANS": "REFERENCES", "PLV-PROFIL": "PROFILS",
+           "PLV-TITRES": "TITRES", "PLV-AXE": "AXES"}
 
 
 class Entity:
@@ -76,6 +78,7 @@ class Drawing:
         self.path = path
         section, block, current, parent = None, None, None, None
         tags = pairs(path)
+        self.version = next(tags[i + 1][1] for i, g in enumerate(tags) if g == (9, "$ACADVER"))
         for i, (code, value) in enumerate(tags):
             if code == 0:
                 current = None
@@ -109,5 +112,20 @@ class Drawing:
     def finish(self):
         self.entities = [e for e in self.entities if e.get(67, "0").strip() != "1"]
 
-    def of(self, kind=None, layer=None):
-        return [e for e in self.entities if (kind is None or e.kind == kind) and (layer is None or e.layer == layer)]
+    @property
+    def has_splines(self):
+        return self.version != "AC1009"
+
+    def of(self, kind, layer=None):
+        """The entities of a kind on a layer, under the name that another program gave it, too."""
+        layers = (layer, FOREIGN.get(layer))
+        return [e for e in self.entities if e.kind == kind and (layer is None or e.layer in layers)]
+
+
+def rename(path):
+    """Gives block, attribute and layers of the profile the names that another program might have chosen."""
+    with open(path, "rb") as file:
+        lines = file.read().split(b"\n")
+    names = {k.encode(): v.encode() for k, v in FOREIGN.items()}
+    with open(path, "wb") as file:
+        file.write(b"\n".join(names.get(line.rstrip(b"\r"), line) for line in lines))

@@ -4,17 +4,20 @@ import copy
 from fractions import Fraction as F
 
 import exact
+from curves import Curve
 
 KINDS = ("Voirie", "Assainissement", "AEp", "Terrassements", "Projet", "Generique")  # in the order of the questions
 IN_DIALOG = ("Assainissement", "Voirie", "AEp", "Generique", "Terrassements", "Projet")
 
 
 class Line:
-    """A project line: points (distance, altitude) of its straight pieces, or of a curve followed closely."""
+    """A project line of straight and curved parts, left to right. Its points follow the curves closely."""
 
-    def __init__(self, points, curve=None):
-        self.points, self.curve = points, curve
-        self.chord = F(0)  # how far in altitude the chords that a command measures may lie off the line
+    def __init__(self, parts, scale=F(1)):
+        self.parts = parts
+        self.points = [p for i, part in enumerate(parts) for p in part.points[1 if i else 0:]]
+        self.curves = [p for p in parts if isinstance(p, Curve)]
+        self.chord = max((c.chord(scale) for c in self.curves), default=F(0))  # what commands may miss of an altitude
 
     @property
     def start(self):
@@ -25,14 +28,22 @@ class Line:
         return self.points[-1][0]
 
     def altitude(self, d):
-        if self.curve is not None:
-            return self.curve.altitude(d)
-        return exact.altitude(self.points, d)
+        part = next(p for p in self.parts if d <= p.end)
+        return part.altitude(d) if isinstance(part, Curve) else exact.altitude(part.points, d)
+
+    def straight(self):
+        return [p.points for p in self.parts if not isinstance(p, Curve)]
 
     def slopes(self):
-        """(from, to, slope): neighbours of one slope are one piece."""
-        points = exact.simplified(self.points)
-        return [(a[0], b[0], (b[1] - a[1]) / (b[0] - a[0])) for a, b in zip(points, points[1:])]
+        """(from, to, slope): neighbours of one slope are one piece. A curve has its row's values for a slope."""
+        pieces = []
+        for part in self.parts:
+            if isinstance(part, Curve):
+                pieces.append((part.start, part.end, part.row()))
+            else:
+                points = exact.simplified(part.points)
+                pieces += [(a[0], b[0], (b[1] - a[1]) / (b[0] - a[0])) for a, b in zip(points, points[1:])]
+        return pieces
 
 
 class Profile:

@@ -2,23 +2,27 @@
 import os
 import subprocess
 
-from drawing import Drawing
+from drawing import Drawing, rename
 
 LIMIT = 120  # seconds: a command that hangs is a difference too
+OTHER = "un autre dessin.dxf"  # opened between the commands of a run that visits another drawing
+OTHER_PROFILE = ['(plv-nouveau "autre.csv" "9" \'(30.0 40.0 0.0) 10.0 2.5 150.0 \'((0.0 1.0)))',
+                 '(plv-matrices (plv-profil-de-numero "9") "autre.txt" T)']
+OTHER_FILES = {"autre.csv": "0;10\n50;12\n90;11\n", "autre.txt": "AILLEURS - 4.0 4 Altitude\nAILLEURS - 4.0 3 Cumul\n"}
 
 
 class Step:
     """Lines for the command line, files that they read, and what to check of the drawing and the words that come out."""
 
-    def __init__(self, title, lines, checks=(), files=(), fails=False):
-        self.title, self.lines, self.checks, self.files, self.fails = title, list(lines), list(checks), dict(files), fails
+    def __init__(self, title, lines, checks=(), files=()):
+        self.title, self.lines, self.checks, self.files = title, list(lines), list(checks), dict(files)
 
 
 class Result:
-    """What a check looks at."""
+    """What a check looks at: what was said, the drawing, the one of the step before, the one with the step undone."""
 
-    def __init__(self, folder, said, path, before):
-        self.folder, self.said, self.path, self.before = folder, said, path, before
+    def __init__(self, folder, said, path, before, undone):
+        self.folder, self.said, self.path, self.before, self.undone_path = folder, said, path, before, undone
         self.read = None
 
     def file(self, name):
@@ -30,6 +34,10 @@ class Result:
             self.read = Drawing(self.path)
         return self.read
 
+    @property
+    def undone(self):
+        return Drawing(self.undone_path) if self.undone_path else None
+
 
 class Player:
     def __init__(self, kavel, source, folder, circumstances, settings, locales):
@@ -40,16 +48,16 @@ class Player:
         with open(os.path.join(self.settings, "config.ini"), "w", encoding="ascii") as file:
             file.write(settings)
         self.environment = dict(os.environ, LC_ALL=circumstances.locale, LANG=circumstances.locale, KAVEL_CHEMIN=self.settings)
-        self.environment.setdefault("KAVEL_FRONTAL", os.path.join(source, "frontal"))
+        self.environment["KAVEL_FRONTAL"] = os.path.join(source, "frontal")
         if locales:
             self.environment["LOCPATH"] = locales
 
     def path(self, name):
         return os.path.join(self.folder, name)
 
-    def write(self, name, text):
+    def write(self, name, lines):
         with open(self.path(name), "w", encoding="utf-8") as file:
-            file.write(text)
+            file.write(lines if isinstance(lines, str) else "\n".join(lines) + "\n")
 
     def run(self, arguments):
         try:
@@ -58,46 +66,76 @@ class Player:
             return None, "no end after two minutes"
         return done.returncode, done.stdout.decode("utf-8", "replace") + done.stderr.decode("utf-8", "replace")
 
-    def script(self, i, step):
-        """A file of the step's lines; in a run that undoes, the step is taken back and done again."""
-        lines = [f'(progn (princ "\\n=") (princ {i}) (princ "=\\n") (princ))', *step.lines]
-        self.write(f"{i:02}.scr", "\n".join(lines) + "\n")
+    # --- names of files
+
+    def drawing_name(self, i, undone=False):
+        return f"{self.circumstances.file} {i:02}{' annulé' if undone else ''}.dxf"
+
+    # --- scripts
+
+    def prepare(self, i, step):
+        """The scripts and files of a step. Its lines are one step for undoing."""
+        marker = f'(progn (princ "\\n=") (princ {i}) (princ "=\\n") (princ))'
+        self.write(f"{i:02}.scr", ["UNDO", "DÉbut", marker, *step.lines, "UNDO", "Fin"])
         for name, text in step.files.items():
             self.write(name, text)
+        if self.circumstances.visited:
+            self.write(f"{i:02} visite.scr", ["OPEN", OTHER, "PLV-CHOISIR", "OPEN", self.drawing_name(i)])
 
-    def drawing_name(self, i):
-        return f"{self.circumstances.file} {i:02}.dxf"
+    def save(self, name):
+        return ["--release", self.circumstances.release, "--save", name]
+
+    def arguments(self, i):
+        """What the program is asked to do for a step, once the drawing is open."""
+        c = self.circumstances
+        actions = ["--script", f"{i:02}.scr"]
+        if c.undone:
+            actions += ["--script", "annuler.scr", *self.save(self.drawing_name(i, True)), "--script", "refaire.scr"]
+        actions += self.save(self.drawing_name(i))
+        return actions + (["--script", f"{i:02} visite.scr"] if c.visited else [])
+
+    # --- playing
+
+    def processes(self, count):
+        """The steps of each process: the drawing is closed between them."""
+        c = self.circumstances
+        if c.reopened:
+            return [[i] for i in range(count)]
+        return [[0], list(range(1, count))] if c.foreign else [list(range(count))]
 
     def play(self, steps):
         """(results, fault): a result for each step that was played."""
+        self.write("annuler.scr", ["U"])
+        self.write("refaire.scr", ["REDO"])
         for i, step in enumerate(steps):
-            self.script(i, step)
-        if self.circumstances.reopened and self.circumstances.release != "R12":
-            return self.one_by_one(steps)
-        return self.at_once(steps, [], 0)
-
-    def one_by_one(self, steps):
-        results, before = [], None
-        for i, step in enumerate(steps):
-            more, fault = self.at_once([step], [self.drawing_name(i - 1)] if i else [], i, before)
-            results += more
+            self.prepare(i, step)
+        if self.circumstances.visited:
+            self.make_other()
+        results = []
+        for numbers in self.processes(len(steps)):
+            opened = [self.drawing_name(numbers[0] - 1)] if numbers[0] else []
+            fault = self.process(steps, opened, numbers, results)
             if fault:
                 return results, fault
-            before = results[-1]
+            if numbers == [0] and self.circumstances.foreign:
+                rename(self.path(self.drawing_name(0)))
         return results, None
 
-    def at_once(self, steps, arguments, first, before=None):
-        for i in range(first, first + len(steps)):
-            arguments += ["--script", f"{i:02}.scr", "--release", self.circumstances.release, "--save", self.drawing_name(i)]
+    def make_other(self):
+        for name, text in OTHER_FILES.items():
+            self.write(name, text)
+        self.run(["--eval", OTHER_PROFILE[0], "--eval", OTHER_PROFILE[1], "--save", OTHER])
+
+    def process(self, steps, arguments, numbers, results):
+        """Plays some steps in one process; the text of what went wrong, nil for nothing."""
+        arguments = arguments + [a for i in numbers for a in self.arguments(i)]
         status, said = self.run(arguments)
-        results = []
-        for i, step in enumerate(steps, first):
+        self.write(f"journal {numbers[0]:02}.txt", said)
+        for i in numbers:
             words = said.split(f"\n={i}=\n")[-1].split(f"\n={i + 1}=\n")[0]
-            path = self.path(self.drawing_name(i))
+            path, undone = self.path(self.drawing_name(i)), self.path(self.drawing_name(i, True))
             if not os.path.exists(path):
-                return results, f"step {i} ({step.title}): status {status}\n{said[-1500:]}"
-            results.append(Result(self.folder, words, path, results[-1] if results else before))
-        fault = None
-        if status != (1 if any(s.fails for s in steps) else 0):
-            fault = f"status {status}\n{said[-1500:]}"
-        return results, fault
+                return f"step {i} ({steps[i].title}): status {status}\n{said[-1500:]}"
+            results.append(Result(self.folder, words, path, results[-1] if results else None, undone if os.path.exists(undone) else None))
+        errors = [line for line in said.splitlines() if "rreur" in line]
+        return None if status == 0 else f"status {status} of steps {numbers}: {errors}"

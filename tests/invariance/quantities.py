@@ -70,12 +70,12 @@ def hatches(drawing):
 
 
 def legend_rows(drawing, profile, kind):
-    """The rows of texts, from the top, of the legend whose title is a profile's and a kind's; nil without one."""
+    """The rows of texts, from the top, of the legend at a profile whose title names it and the kind; None unless there is one."""
     title = f"PROFIL {profile.number} - {kind.upper()}"
     found = []
     for insert in drawing.of("INSERT", LEGEND):
         texts = [e for e in drawing.blocks.get(insert.get(2), ()) if e.kind == "TEXT"]
-        if any(t.get(1) == title for t in texts):
+        if any(t.get(1) == title for t in texts) and abs(insert.point()[1] - float(profile.y0)) < 2500:
             found.append(texts)
     if len(found) != 1:
         return None

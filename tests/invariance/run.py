@@ -25,13 +25,7 @@ def plan(seed, length=None):
     """(world, steps) of a run."""
     rng = random.Random(seed)
     world = steps.World(rng, circumstances.draw(rng))
-    planned = [steps.new_profile(world), steps.project_line(world)]
-    planned = [s for s in planned if s]
-    choices = steps.choices(world)
-    for _ in range(length or rng.randint(10, 30)):
-        step = rng.choices([c for c, _ in choices], [w for _, w in choices])[0](world)
-        if step:
-            planned.append(step)
+    planned = steps.plan(world, length or rng.randint(10, 30))
     return world, planned
 
 
@@ -75,6 +69,7 @@ def options():
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--jobs", type=int, default=2)
     parser.add_argument("--keep", help="folder for the drawings and scripts of runs that differ")
+    parser.add_argument("--with", dest="only_with", help="play only runs of whose circumstances this is a word, as copied")
     parser.add_argument("--only", type=int, help="play the run of this seed alone")
     return parser.parse_args()
 
@@ -91,6 +86,8 @@ def main():
     arguments.kavel = os.path.abspath(arguments.kavel)
     arguments.source = os.path.abspath(arguments.source)
     seeds = [arguments.only] if arguments.only is not None else list(range(arguments.seed, arguments.seed + arguments.runs))
+    if arguments.only_with:
+        seeds = [s for s in seeds if arguments.only_with in str(plan(s)[0].circumstances)]
     print(f"seeds {seeds[0]} to {seeds[-1]}", flush=True)
     checks, ties, differing, begun = Counter(), Counter(), [], time.time()
     with tempfile.TemporaryDirectory() as folder, concurrent.futures.ProcessPoolExecutor(arguments.jobs) as pool:

@@ -3,38 +3,14 @@ from fractions import Fraction as F
 
 import compare_dimensions
 import compare_drawn
+import compare_entities
 import compare_quantities
 import compare_tables
-import exact
+import lines
 import sources
-from model import KINDS, Line, Profile
 from play import Step
+from world import World, drawn_check
 from sources import decimal, text
-
-
-class World:
-    """The profiles of the drawing, and the choices of a run."""
-
-    def __init__(self, rng, circumstances):
-        self.rng, self.circumstances = rng, circumstances
-        self.profiles, self.classes = [], sources.classes(rng)
-        self.files = 0
-        self.tables = {}   # number of a profile: what its tables hold
-        self.legends = {}  # (number, kind): what its legend holds
-
-    def file(self, ending):
-        self.files += 1
-        return f"{self.rng.choice(('levé', 'fichier d’été', 'donnees'))} {self.files}{ending}"
-
-    def which(self, profile):
-        """The answer to the question for the profile, asked when there are several."""
-        return [profile.number] if len(self.profiles) > 1 else []
-
-
-def drawn_check(world):
-    """After every step the ground and the project lines stand where they must."""
-    profiles = [p.copy() for p in world.profiles]
-    return lambda report, result: [compare_drawn.compare(report, result.drawing, p) for p in profiles]
 
 
 def new_profile(world):
@@ -47,61 +23,18 @@ def new_profile(world):
     planes = list(profile.planes)
     world.profiles.append(profile)
     file = world.file(".csv")
-    lines = ["PLV-NOUVEAU", file, number, ",".join(place), text(profile.scale), text(profile.text), "150", "Saisis",
+    typed = ["PLV-NOUVEAU", file, number, ",".join(place), text(profile.scale), text(profile.text), "150", "Saisis",
              *sources.typed_planes(planes)]
-    return Step("new profile", lines, [drawn_check(world)], {file: sources.ground_file(points, profile.first)})
-
-
-def free_stretch(world, profile, kind):
-    """Where a kind of line has room: nothing yet, or the right of what there is."""
-    rng = world.rng
-    taken = profile.lines.get(kind)
-    start = F(0) if not taken else taken[-1].end + decimal(rng, 0, 5, 1)
-    if start and rng.random() < 0.3:
-        start = F(round(start * 100), 100)
-    elif not taken and rng.random() < 0.3:
-        start = decimal(rng, 0, float(profile.length) / 3, 2)
-    if profile.length - start < 10:
-        return None
-    end = profile.length if rng.random() < 0.6 or profile.length - start < 20 else decimal(rng, float(start) + 10, float(profile.length), 2)
-    return start, end
-
-
-def typed_vertices(profile, points):
-    return [f"{text(profile.first + d)},{text(z)}" for d, z in points]
-
-
-def project_line(world):
-    """A straight project line by points, by slopes or from a file."""
-    rng = world.rng
-    profile = rng.choice(world.profiles)
-    kind = rng.choice(KINDS)
-    stretch = free_stretch(world, profile, kind)
-    if stretch is None:
-        return None
-    points = sources.straight_line(rng, profile, *stretch)
-    files = {}
-    head = ["PLV-PROJET", *world.which(profile), kind]
-    bends = [b for a, b, c in zip(points, points[1:], points[2:])
-             if abs((b[1] - a[1]) / (b[0] - a[0]) - (c[1] - b[1]) / (c[0] - b[0])) > F(1, 10**9)]
-    if rng.random() < 0.5:
-        lines = head + ["POints", *typed_vertices(profile, points), "", *["Aucun"] * len(bends)]
-    else:
-        file = world.file(".csv")
-        rows = "".join(f"{text(profile.first + d)};{text(z)}\n" for d, z in points)
-        files[file] = "station;altitude;raccordement;forme\n" + rows
-        lines = head + ["Fichier", file]
-    profile.lines.setdefault(kind, []).append(Line(points))
-    return Step(f"project line {kind} of {profile.number}", lines, [drawn_check(world)], files)
+    return Step("new profile", typed, [drawn_check(world)], {file: sources.ground_file(points, profile.first)})
 
 
 def tables(world):
     rng = world.rng
-    profile = rng.choice(world.profiles)
+    profile = rng.choice(world.active)
     rows = sources.tables(rng, profile.kinds())
     everything = rng.random() < 0.6 or any(r[1] in sources.WIDE for r in rows)
     file = world.file(".txt")
-    lines = ["PLV-MATRICES", *world.which(profile), file, "Tous" if everything else "Espaces"]
+    typed = ["PLV-MATRICES", *world.which(profile), file, "Tous" if everything else "Espaces"]
     frozen = profile.copy()
     world.tables[profile.number] = (frozen, rows, everything)
     kept = list(world.tables.values())
@@ -109,13 +42,13 @@ def tables(world):
     def check(report, result):
         for owner, own_rows, all_points in kept:
             compare_tables.compare(report, result.drawing, owner, own_rows, all_points)
-    return Step(f"tables of {profile.number}", lines, [check, drawn_check(world)], {file: sources.definition_file(rows)})
+    return Step(f"tables of {profile.number}", typed, [check, drawn_check(world)], {file: sources.definition_file(rows)})
 
 
 def plane(world):
     """A plane added, changed or removed."""
     rng = world.rng
-    profile = rng.choice(world.profiles)
+    profile = rng.choice(world.active)
     operation = rng.choice("AAMS")
     if operation == "S" and len(profile.planes) < 2:
         operation = "A"
@@ -142,7 +75,7 @@ def plane(world):
 
 def measured_profile(world):
     """A profile with a project line, and one of its kinds."""
-    owners = [p for p in world.profiles if p.kinds()]
+    owners = [p for p in world.active if p.kinds()]
     if not owners:
         return None, None
     profile = world.rng.choice(owners)
@@ -157,19 +90,25 @@ def quantities(world):
     hatched = world.rng.random() < 0.6
     book = world.file("")
     measured = compare_quantities.Measured(profile.copy(), kind, world.classes)
-    lines = ["PLV-METRES", profile.number, kind, book, "Oui" if hatched else "Non"]
+    typed = ["PLV-METRES", profile.number, kind, book, "Oui" if hatched else "Non"]
     if hatched:
-        lines = [ERASE_HATCHES] + lines  # those of other kinds lie over one another
+        typed = [erase(profile, "HATCH", "PLV-HACHURES")] + typed  # those of other kinds lie over one another
 
     def check(report, result):
         compare_quantities.compare_listing(report, measured, result.said)
         compare_quantities.compare_sheet(report, measured, result.file(book + ".xlsx"))
         if hatched and world.circumstances.release != "R12":  # which has no hatches; the program says so
             compare_quantities.compare_hatches(report, measured, result.drawing)
-    return Step(f"quantities {kind} of {profile.number}", lines, [check, drawn_check(world)])
+    return Step(f"quantities {kind} of {profile.number}", typed, [check, drawn_check(world)])
 
 
-ERASE_HATCHES = """(progn (if (setq vieux (ssget "X" '((0 . "HATCH")))) (command "ERASE" vieux "")) (princ))"""
+ERASE = """(progn (if (setq vieux (ssget "X" '((0 . "%s") (8 . "%s")))) (foreach e (plv-entites-du-jeu vieux) """ \
+    """(if (< (abs (- (caddr (assoc 10 (reverse (entget e)))) %s)) 2500.0) (entdel e)))) (princ))"""
+
+
+def erase(profile, kind, layer):
+    """Takes away what an earlier command drew of a profile."""
+    return ERASE % (kind, layer, text(profile.y0))
 
 
 def legend(world):
@@ -193,13 +132,12 @@ def dimensions(world):
         return None
     which = world.rng.choice(("Toutes", "Altitudes", "Hauteurs"))
     frozen, axes = profile.copy(), len(profile.planes)
-    lines = [ERASE_DIMENSIONS, PICKS % (profile.number, kind), "PLV-CHOISIR", *world.which(profile),
+    typed = [erase(profile, "TEXT", "PLV-COTES"), PICKS % (profile.number, kind), "PLV-CHOISIR", *world.which(profile),
              f'(piquer "{kind}" "{which}")', "SCRIPT", "piquer.scr"]
-    return Step(f"dimensions {kind} of {profile.number}", lines,
+    return Step(f"dimensions {kind} of {profile.number}", typed,
                 [lambda report, result: compare_dimensions.compare(report, result.drawing, frozen, [kind], which), drawn_check(world)])
 
 
-ERASE_DIMENSIONS = """(progn (if (setq vieux (ssget "X" '((0 . "TEXT") (8 . "PLV-COTES")))) (command "ERASE" vieux "")) (princ))"""
 # The answers of the command are written into a script: how many curves there are, the drawing knows.
 PICKS = """(progn (setq profil (plv-profil-de-numero "%s") genre "%s") (defun piquer (genre lesquelles / f) (setq f (open "piquer.scr" "w")) """ \
     """(write-line "(CotAutoKavel)" f) (write-line genre f) (write-line lesquelles f) (foreach s (plv-elements-situes profil genre) """ \
@@ -207,10 +145,64 @@ PICKS = """(progn (setq profil (plv-profil-de-numero "%s") genre "%s") (defun pi
     """(* 0.5 (+ (car s) (cadr s)))) 2 6) " 0.0))") f)) (write-line "" f) (close f) (princ)) (princ))"""
 
 
+# the commands with their weights
+COMMANDS = ((lines.project_line, 3), (lines.existing_curve, 2), (tables, 4), (plane, 3), (quantities, 4), (legend, 2), (dimensions, 3))
+
+
+# --- a copy: the original must stay as it was
+
+UP = 6000  # where the copy stands, above the original
+
+RENUMBER = """(foreach p (plv-profils) (if (equal (cadr (plv-origine p)) %s 1.0) (progn (setq e (plv-attribut-profil p "NUMPL")) """ \
+    """(entmod (subst (cons 1 "%s") (assoc 1 e) e)) (entupd p))))"""
+
+
+def copy_profile(world):
+    """COPY of everything; the copy gets a number of its own and is worked on from now on."""
+    profile = world.active[0]
+    twin = profile.copy()
+    twin.number, twin.y0 = "C" + profile.number, profile.y0 + UP
+    typed = ["COPY", "ALL", "", "0,0", f"0,{UP}", "", RENUMBER % (text(twin.y0), twin.number)]
+    world.profiles.append(twin)
+    world.active = [twin]
+    world.original = None
+
+    def check(report, result):
+        world.original = result.before.drawing
+        unchanged(world)(report, result)
+    return Step(f"copy of {profile.number}", typed, [check, drawn_check(world)])
+
+
+def unchanged(world):
+    return lambda report, result: compare_entities.compare(report, "original", result.drawing, world.original, False)
+
+
+def undone(report, result):
+    """The drawing with the step undone is the one before it."""
+    if result.undone is not None and result.before is not None:
+        compare_entities.compare(report, "undone", result.undone, result.before.drawing)
+
+
+def plan(world, length):
+    """The steps of a run."""
+    rng, planned = world.rng, [new_profile(world)]
+    if rng.random() < 0.3 and not world.circumstances.copied:
+        planned.append(new_profile(world))
+    commands, weights = zip(*COMMANDS)
+    copied_at = length // 2 if world.circumstances.copied else None
+    while len(planned) < length:
+        if len(planned) == copied_at:
+            planned.append(copy_profile(world))
+        step = rng.choices(commands, weights)[0](world)
+        if step:
+            planned.append(step)
+            if copied_at is not None and len(planned) > copied_at + 1:
+                step.checks.append(unchanged(world))
+    for step in planned:
+        step.checks.append(undone)
+    return planned
+
+
 def settings(world):
     return sources.settings(world.classes)
 
-
-def choices(world):
-    """The commands with their weights."""
-    return [(project_line, 3), (tables, 4), (plane, 3), (quantities, 4), (legend, 2), (dimensions, 3)]
