@@ -38,7 +38,7 @@ Value valueOf(Interpreter& interpreter, const Group& group, AcDbImpDatabase& db)
     case GroupKind::integer: return Value::integerOrReal(group.integer());
     case GroupKind::handle:
       if (isTextHandle(group.code())) return interpreter.string(handleText(group.handle()));
-      return entityValue(interpreter, db.stubOf(group.handle()));
+      return entityValue(interpreter, db.stubOrLost(group.handle()));
     case GroupKind::binary: {
       static constexpr char kDigits[] = "0123456789ABCDEF";
       std::string hex;
@@ -73,7 +73,7 @@ Value listOfGroups(Interpreter& interpreter, const AcDbStub* stub, const std::ve
   ListBuilder list(interpreter);
   list.add(interpreter.cons(Value::integer(-1), entityValue(interpreter, stub)));
   std::size_t i = 0;
-  for (; i < groups.size() && groups[i].code() < 1000; ++i) list.add(item(interpreter, groups, i, db));
+  for (; i < groups.size() && groups[i].code() != 1001; ++i) list.add(item(interpreter, groups, i, db));
   if (i < groups.size()) {
     ListBuilder xdata(interpreter);
     xdata.add(Value::integer(-3));

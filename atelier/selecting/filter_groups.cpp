@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "atelier/database/objects/chain.h"
+#include "atelier/database/objects/layouts.h"
 #include "atelier/lisp/text/wildcard.h"
 
 namespace atelier {
@@ -16,14 +17,7 @@ constexpr double kSameNumber = 1e-10;
 
 const Record& recordOf(AcDbStub& stub) { return AcDbImpObject::of(&stub.database->object(stub)).settled(); }
 
-std::string layoutName(AcDbStub& stub) {
-  AcDbImpDatabase& db = *stub.database;
-  if (stub.owner == db.modelSpace()) return "Model";
-  if (!stub.owner) return {};
-  AcDbStub* layout =
-      db.stubOf(AcDbImpObject::of(&db.object(*stub.owner)).record.handle(handleField("AcDbBlockTableRecord", 340)));
-  return layout ? AcDbImpObject::of(&db.object(*layout)).record.text(textField("AcDbLayout", 1)) : std::string();
-}
+std::string layoutName(const AcDbStub& stub) { return stub.owner ? layoutNameOf(*stub.owner) : std::string(); }
 
 // Adds the format's default for a group that the record doesn't have.
 void addDefault(std::vector<Group>& values, std::string_view type, int code) {
@@ -32,10 +26,7 @@ void addDefault(std::vector<Group>& values, std::string_view type, int code) {
   const auto field =
       std::find_if(format->fields.begin(), format->fields.end(), [&](const Field& f) { return f.code == code; });
   if (field == format->fields.end()) return;
-  if (field->kind == FieldKind::real) values.push_back(Group::real(code, field->number));
-  else if (field->kind == FieldKind::integer)
-    values.push_back(Group::integer(code, static_cast<std::int64_t>(field->number)));
-  else if (field->kind == FieldKind::text) values.push_back(Group::text(code, std::string(field->text)));
+  appendDefault(values, *field);
 }
 
 bool isName(int code) {

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <numbers>
 
+#include "atelier/database/objects/layouts.h"
 #include "atelier/document/document.h"
 #include "atelier/variables/variable_table.h"
 #include "hote/adaptation.h"
@@ -89,11 +90,8 @@ bool setViewport(Document& d, const Value& value) {
 }
 
 std::string paperLayout(Document& d) {
-  AcDbImpDatabase& db = d.imp();
-  if (!db.paperSpace()) return {};
-  AcDbStub* layout = db.stubOf(
-      AcDbImpObject::of(&db.object(*db.paperSpace())).record.handle(handleField("AcDbBlockTableRecord", 340)));
-  return layout ? AcDbImpObject::of(&db.object(*layout)).record.text(textField("AcDbLayout", 1)) : "Layout1";
+  AcDbStub* paper = d.imp().paperSpace();
+  return paper ? layoutNameOf(*paper) : std::string();
 }
 Value currentTab(Document& d) { return d.database().tilemode() ? std::string("Model") : paperLayout(d); }
 bool setCurrentTab(Document& d, const Value& value) {

@@ -148,7 +148,7 @@ CommandTask layerCommand(Command& c) {
     if (option.is("Rename")) {
       const auto from = co_await c.line("\nAncien nom: ");
       const auto to = co_await c.line("\nNouveau nom: ");
-      renameRecord(c, "LAYER", from.value, to.value);
+      renameNamed(c, "LAYER", from.value, to.value);
       continue;
     }
     const auto given = co_await c.line("\nNoms des calques: ");

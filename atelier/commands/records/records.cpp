@@ -79,7 +79,7 @@ CommandTask rename(Command& c) {
   if (kind.answer != Answer::keyword) co_return;
   const auto from = co_await c.line("\nAncien nom: ");
   const auto to = co_await c.line("\nNouveau nom: ");
-  renameRecord(c, tableOf(kind.keyword), from.value, to.value);
+  renameNamed(c, tableOf(kind.keyword), from.value, to.value);
 }
 
 CommandTask purge(Command& c) {

@@ -9,13 +9,15 @@
 
 namespace atelier {
 
-// Every group of the record from group 0 on, in file order, then the XDATA (groups 1001 and above) of the named
-// applications, case ignored ("*": all). Angles (groups 50 to 58) are in radians in all lists.
+// Every group of the record from group 0 on, in file order, with the defaults that the drawing leaves out (shownGroups),
+// then the XDATA (groups 1001 and above) of the named applications, case ignored ("*": all). Angles (groups 50 to 58) are
+// in radians in all lists.
 std::vector<Group> groupsOf(AcDbStub& stub, std::span<const std::string> applications);
 
-// Replaces the object's groups. Handle, type and owner don't change; the XDATA of applications that the list names is
-// replaced (a 1001 alone removes it), that of others is kept. False when the list has another type, when the drawing
-// refuses a layer, an application or a number, or when the object can't be opened.
+// Puts the list's groups into the object's record; those that it leaves out stay. Handle, type and owner don't change; the
+// XDATA of applications that the list names is replaced (a 1001 alone removes it), that of others is kept; a table record
+// takes what refers to it to its new name. False, and nothing is changed, when the list has another type, when the drawing
+// refuses a name or a number, or when the object can't be opened.
 bool changeObject(AcDbStub& stub, std::vector<Group> groups);
 
 // Makes entities and table records from lists that begin with group 0, as entmake does. INSERT with 66 = 1, POLYLINE and
@@ -35,7 +37,9 @@ class EntityMaker {
   Result makeEntity(std::vector<Group> groups);
   Result openBlock(const Record& given);
   Result follow(Record given);
-  AcDbStub* target();
+  // The block that the entity goes into: the one being defined, the space that the list names (67, 410), else the current
+  // one. Takes those groups out of the list.
+  AcDbStub* takeSpace(std::vector<Group>& groups);
   AcDbImpDatabase& db_;
   AcDbStub* block_ = nullptr;   // being defined
   AcDbStub* parent_ = nullptr;  // the insert or polyline whose attributes or vertices follow

@@ -2,6 +2,8 @@
 // They use the same lists of groups as the AutoLISP functions.
 #include "hote/acdb.h"
 
+#include <algorithm>
+
 #include "atelier/base/interruption.h"
 #include "atelier/database/lists/entity_groups.h"
 #include "atelier/database/lists/entity_walk.h"
@@ -64,8 +66,7 @@ resbuf* acdbEntGetX(const ads_name entity, const resbuf* applications) {
   if (!stub || stub->is(AcDbStub::kErased)) return nullptr;
   const std::vector<std::string> names = namesOf(applications);
   const std::vector<Group> groups = groupsOf(*stub, names);
-  std::size_t xdata = groups.size();
-  while (xdata > 0 && groups[xdata - 1].code() >= 1000) --xdata;
+  const auto xdata = static_cast<std::size_t>(std::ranges::find(groups, 1001, &Group::code) - groups.begin());
   resbuf* chain = nameNode(-1, stub);
   chain->rbnext = toChain(std::span(groups).first(xdata), *stub->database);
   if (xdata < groups.size()) {

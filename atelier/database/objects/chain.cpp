@@ -100,7 +100,7 @@ resbuf** appendNode(resbuf** tail, const Group& group, AcDbImpDatabase& database
       break;
     case GroupKind::handle:
       if (carriesString(code) || (code >= 320 && code <= 329)) node = textNode(code, handleText(group.handle()));
-      else node = nameNode(code, database.stubOf(group.handle()));
+      else node = nameNode(code, database.stubOrLost(group.handle()));
       break;
     case GroupKind::binary: {
       node = newNode(code);

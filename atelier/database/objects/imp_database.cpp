@@ -6,6 +6,7 @@
 
 #include "atelier/database/objects/new_record.h"
 #include "atelier/database/objects/ownership.h"
+#include "atelier/database/records/section_order.h"
 
 namespace atelier {
 namespace {
@@ -75,6 +76,16 @@ AcDbStub& AcDbImpDatabase::addStub(std::uint64_t handle, std::string_view type, 
   return stub;
 }
 
+AcDbStub* AcDbImpDatabase::stubOrLost(std::uint64_t handle) {
+  if (AcDbStub* stub = stubOf(handle)) return stub;
+  AcDbStub& lost = lost_[handle];
+  lost.handle = handle;
+  lost.database = this;
+  lost.set(AcDbStub::kErased);
+  lost.set(AcDbStub::kLost);
+  return &lost;
+}
+
 std::uint64_t AcDbImpDatabase::takeHandle() { return seed_++; }
 
 void AcDbImpDatabase::giveHandle(AcDbStub& stub) {
@@ -130,6 +141,7 @@ AcDbObject& AcDbImpDatabase::object(AcDbStub& stub) {
   if (stub.object) return *stub.object;
   ATELIER_ASSERT(source);
   Record record = source->read(stub.offset, stub.length);
+  arrangeSections(record);
   if (stub.handle != 0 && record.objectHandle() == 0) record.setObjectHandle(stub.handle);
   ParsedRecord parsed(std::move(record));
   AcDbObject* made = makeObjectForPending(stub.is(AcDbStub::kEntity));

@@ -4,6 +4,7 @@
 #include <array>
 #include <deque>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -71,6 +72,8 @@ class AcDbImpDatabase {
 
   // --- stubs
   AcDbStub* stubOf(std::uint64_t handle) const { return handles_.find(handle); }
+  // The stub of that handle; of one that leads nowhere (0 among them) an erased stub, so that lists can name it.
+  AcDbStub* stubOrLost(std::uint64_t handle);
   AcDbStub& addStub(std::uint64_t handle, std::string_view type, AcDbStub* owner);
   void reserve(std::size_t count) { handles_.reserve(count); }
   std::uint64_t takeHandle();
@@ -140,6 +143,7 @@ class AcDbImpDatabase {
   std::vector<atelier::ChangeListener*> listeners_;
   void dropIdle();
   std::deque<AcDbStub> stubs_;
+  std::map<std::uint64_t, AcDbStub> lost_;
   std::deque<AcDbStub*> parsed_;  // entities in the order in which they were parsed
   atelier::HandleMap handles_;
   std::uint64_t seed_ = 1;

@@ -125,7 +125,7 @@ Acad::ErrorStatus acdbOpenObject(AcDbObject*& object, AcDbObjectId id, AcDb::Ope
   object = nullptr;
   AcDbStub* stub = id;
   if (!stub) return Acad::eNullObjectId;
-  if (stub->is(AcDbStub::kErased) && !openErased) return Acad::eWasErased;
+  if (stub->is(AcDbStub::kLost) || (stub->is(AcDbStub::kErased) && !openErased)) return Acad::eWasErased;
   AcDbObject& found = stub->database->object(*stub);
   AcDbImpObject& imp = AcDbImpObject::of(&found);
   if (imp.writer) return Acad::eWasOpenForWrite;

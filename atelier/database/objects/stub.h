@@ -18,7 +18,8 @@ class AcDbStub {
     kVirtual = 16,      // stands in for a record that the file doesn't have; written once it is changed
     kHandleless = 32,   // the file gave it no handle: its handle is written once something refers to it
     kHandleAsked = 64,  // somebody outside knows its handle
-    kNoted = 128        // the running step of the journal has its state from before
+    kNoted = 128,       // the running step of the journal has its state from before
+    kLost = 256         // has no object: stands for a handle that leads nowhere
   };
   bool is(Flag flag) const { return (flags & flag) != 0; }
   void set(Flag flag, bool on = true) { flags = static_cast<std::uint16_t>(on ? flags | flag : flags & ~flag); }

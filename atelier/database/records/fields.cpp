@@ -60,7 +60,7 @@ constexpr auto kFields = [] {
   return fields;
 }();
 
-constexpr Field kNormal = point(210, "normal").otherwise("z").optional();
+constexpr Field kNormal = point(210, "normal").otherwise("z").shown();
 constexpr Field kThickness = real(39, "thickness").optional();
 constexpr Field kRecordName = text(2, "name"), kRecordFlags = integer(70, "flags").atLeast(0);
 
@@ -73,7 +73,7 @@ constexpr double kTiny = 1e-9;
 
 constexpr Field kCommon[] = {
     section(kEntity),
-    integer(67, "paperSpace").yesOrNo().optional(),
+    integer(67, "paperSpace").yesOrNo().shown(),
     text(410, "layout").optional(),
     text(8, "layer"),
     text(6, "linetype").otherwise("BYLAYER").optional(),
@@ -85,37 +85,37 @@ constexpr Field kCommon[] = {
     integer(440, "transparency").optional(),
 };
 constexpr Field kLine[] = {
-    section("AcDbLine"), kThickness, point(10, "start"), point(11, "end"), kNormal,
+    section("AcDbLine"), kThickness, point(10, "start").must(), point(11, "end").must(), kNormal,
 };
 constexpr Field kRay[] = {
     section("AcDbRay"),
-    point(10, "base"),
-    point(11, "direction").otherwise(1).otherwise("x"),
+    point(10, "base").must(),
+    point(11, "direction").otherwise(1).otherwise("x").must(),
 };
 constexpr Field kXline[] = {
     section("AcDbXline"),
-    point(10, "base"),
-    point(11, "direction").otherwise(1).otherwise("x"),
+    point(10, "base").must(),
+    point(11, "direction").otherwise(1).otherwise("x").must(),
 };
 constexpr Field kCircle[] = {
-    section("AcDbCircle"), kThickness, point(10, "centre"), real(40, "radius").above(0), kNormal,
+    section("AcDbCircle"), kThickness, point(10, "centre").must(), real(40, "radius").above(0).must(), kNormal,
 };
 constexpr Field kArc[] = {
     section("AcDbCircle"),
     kThickness,
-    point(10, "centre"),
-    real(40, "radius").above(0),
+    point(10, "centre").must(),
+    real(40, "radius").above(0).must(),
     kNormal,
     section("AcDbArc"),
-    real(50, "startAngle"),
-    real(51, "endAngle"),
+    real(50, "startAngle").must(),
+    real(51, "endAngle").must(),
 };
 constexpr Field kEllipse[] = {
     section("AcDbEllipse"),
-    point(10, "centre"),
-    point(11, "majorAxis").otherwise(1).otherwise("x"),
+    point(10, "centre").must(),
+    point(11, "majorAxis").otherwise(1).otherwise("x").must(),
     kNormal,
-    real(40, "ratio").otherwise(1).between(kTiny, 1 + kTiny),
+    real(40, "ratio").otherwise(1).between(kTiny, 1 + kTiny).must(),
     real(41, "start"),
     real(42, "end").otherwise(2 * std::numbers::pi),
 };
@@ -133,7 +133,7 @@ constexpr Field kSpline[] = {
 };
 constexpr Field kPoint[] = {
     section("AcDbPoint"),
-    point(10, "position"),
+    point(10, "position").must(),
     kThickness,
     kNormal,
 };
@@ -141,110 +141,126 @@ constexpr Field kPoint[] = {
 constexpr Field kTextual[] = {
     section("AcDbText"),
     kThickness,
-    point(10, "position"),
-    real(40, "height").above(0),
-    text(1, "text"),
-    real(50, "rotation").optional(),
-    real(41, "widthFactor").otherwise(1).above(0).optional(),
-    real(51, "oblique").optional(),
+    point(10, "position").must(),
+    real(40, "height").above(0).must(),
+    text(1, "text").must(),
+    real(50, "rotation").shown(),
+    real(41, "widthFactor").otherwise(1).above(0).shown(),
+    real(51, "oblique").shown(),
     text(7, "style").otherwise("Standard"),
-    integer(71, "mirror").between(0, 6).optional(),
-    integer(72, "horizontal").between(0, 5).optional(),
-    point(11, "alignment").optional(),
+    integer(71, "mirror").between(0, 6).shown(),
+    integer(72, "horizontal").between(0, 5).shown(),
+    point(11, "alignment").shown(),
     kNormal,
 };
 constexpr Field kText[] = {
     section("AcDbText#2"),
-    integer(73, "vertical").between(0, 3).optional(),
+    integer(73, "vertical").between(0, 3).shown(),
 };
 constexpr Field kAttdef[] = {
     section("AcDbAttributeDefinition"),
     integer(280, "version").atLeast(0),
     text(3, "prompt"),
-    text(2, "tag"),
+    text(2, "tag").must(),
     integer(70, "flags").atLeast(0),
-    integer(73, "fieldLength").atLeast(0).optional(),
-    integer(74, "vertical").between(0, 3).optional(),
+    integer(73, "fieldLength").atLeast(0).shown(),
+    integer(74, "vertical").between(0, 3).shown(),
 };
 constexpr Field kAttrib[] = {
     section("AcDbAttribute"),
     integer(280, "version").atLeast(0),
-    text(2, "tag"),
+    text(2, "tag").must(),
     integer(70, "flags").atLeast(0),
-    integer(73, "fieldLength").atLeast(0).optional(),
-    integer(74, "vertical").between(0, 3).optional(),
+    integer(73, "fieldLength").atLeast(0).shown(),
+    integer(74, "vertical").between(0, 3).shown(),
 };
 constexpr Field kMText[] = {
     section("AcDbMText"),
-    point(10, "location"),
+    point(10, "location").must(),
     real(40, "height").otherwise(2.5).above(0),
     real(41, "width"),
     integer(71, "attachment").otherwise(1).between(1, 9),
     integer(72, "direction").otherwise(1).between(1, 5),
-    text(1, "contents"),
-    text(7, "style").otherwise("Standard").optional(),
+    text(1, "contents").must(),
+    text(7, "style").otherwise("Standard").shown(),
     kNormal,
-    point(11, "xDirection").otherwise(1).otherwise("x").optional(),
-    real(50, "rotation").optional(),
-    integer(73, "spacingStyle").otherwise(1).between(0, 2).optional(),
-    real(44, "spacing").otherwise(1).between(0.25, 4).optional(),
+    point(11, "xDirection").otherwise(1).otherwise("x").shown(),
+    real(50, "rotation").shown(),
+    integer(73, "spacingStyle").otherwise(1).between(0, 2).shown(),
+    real(44, "spacing").otherwise(1).between(0.25, 4).shown(),
 };
 constexpr Field kInsert[] = {
     section("AcDbBlockReference"),
     integer(66, "attributesFollow").yesOrNo().optional(),
-    text(2, "block"),
-    point(10, "position"),
-    real(41, "scaleX").otherwise(1).optional(),
-    real(42, "scaleY").otherwise(1).optional(),
-    real(43, "scaleZ").otherwise(1).optional(),
-    real(50, "rotation").optional(),
-    integer(70, "columns").otherwise(1).atLeast(0).optional(),
-    integer(71, "rows").otherwise(1).atLeast(0).optional(),
-    real(44, "columnSpacing").optional(),
-    real(45, "rowSpacing").optional(),
+    text(2, "block").must(),
+    point(10, "position").must(),
+    real(41, "scaleX").otherwise(1).shown(),
+    real(42, "scaleY").otherwise(1).shown(),
+    real(43, "scaleZ").otherwise(1).shown(),
+    real(50, "rotation").shown(),
+    integer(70, "columns").otherwise(1).atLeast(0).shown(),
+    integer(71, "rows").otherwise(1).atLeast(0).shown(),
+    real(44, "columnSpacing").shown(),
+    real(45, "rowSpacing").shown(),
     kNormal,
 };
 constexpr Field kLwpolyline[] = {
-    section("AcDbPolyline"),          integer(90, "vertices").atLeast(0),
-    integer(70, "flags").atLeast(0),  real(43, "constantWidth").atLeast(0).optional(),
-    real(38, "elevation").optional(), kThickness,
+    section("AcDbPolyline"),
+    integer(90, "vertices").atLeast(0),
+    integer(70, "flags").atLeast(0),
+    real(43, "constantWidth").atLeast(0).optional(),
+    real(38, "elevation").shown(),
+    kThickness.shown(),
+    kNormal,
 };
 constexpr Field kPolyline2d[] = {
     section("AcDb2dPolyline"),
     integer(66, "verticesFollow").otherwise(1).yesOrNo(),
     point(10, "elevation"),
     integer(70, "flags").atLeast(0),
-    real(40, "startWidth").atLeast(0).optional(),
-    real(41, "endWidth").atLeast(0).optional(),
-    integer(75, "smooth").oneOf(kSmoothings).optional(),
+    real(40, "startWidth").atLeast(0).shown(),
+    real(41, "endWidth").atLeast(0).shown(),
+    integer(75, "smooth").oneOf(kSmoothings).shown(),
     kNormal,
 };
 constexpr Field kVertex[] = {
     section("AcDbVertex"),
     section("AcDb2dVertex"),
-    point(10, "position"),
-    real(40, "startWidth").atLeast(0).optional(),
-    real(41, "endWidth").atLeast(0).optional(),
-    real(42, "bulge").optional(),
+    point(10, "position").must(),
+    real(40, "startWidth").atLeast(0).shown(),
+    real(41, "endWidth").atLeast(0).shown(),
+    real(42, "bulge").shown(),
     integer(70, "flags").atLeast(0),
-    real(50, "tangent").optional(),
+    real(50, "tangent").shown(),
 };
 constexpr Field kSolid[] = {
     section("AcDbTrace"),
-    point(10, "first"),
-    point(11, "second"),
-    point(12, "third"),
+    point(10, "first").must(),
+    point(11, "second").must(),
+    point(12, "third").must(),
     point(13, "fourth"),
     kThickness,
     kNormal,
 };
 constexpr Field kFace[] = {
-    section("AcDbFace"), point(10, "first"),  point(11, "second"),
-    point(12, "third"),  point(13, "fourth"), integer(70, "edges").between(0, 15).optional(),
+    section("AcDbFace"),       point(10, "first").must(), point(11, "second").must(),
+    point(12, "third").must(), point(13, "fourth"),       integer(70, "edges").between(0, 15).shown(),
 };
 constexpr Field kDimension[] = {
     section("AcDbDimension"),
     text(2, "block"),
+    point(10, "definition").shown(),
+    point(11, "textMiddle").shown(),
+    integer(70, "kind").atLeast(0).shown(),
+    text(1, "text").shown(),
+    integer(71, "attachment").otherwise(5).between(1, 9).shown(),
+    integer(72, "spacingStyle").otherwise(1).between(1, 2).shown(),
+    real(41, "spacing").otherwise(1).between(0.25, 4).shown(),
+    real(42, "measurement").optional(),
+    real(53, "textRotation").shown(),
+    real(51, "horizontal").shown(),
+    kNormal,
+    text(3, "style").otherwise("Standard").shown(),
 };
 constexpr Field kRegion[] = {
     section("AcDbModelerGeometry"),
@@ -256,7 +272,7 @@ constexpr Field kHatch[] = {
     text(2, "pattern").otherwise("SOLID"),
     integer(70, "solid").otherwise(1).yesOrNo(),
     integer(71, "associative").yesOrNo(),
-    integer(91, "loops").atLeast(0),
+    integer(91, "loops").atLeast(0).must(),
     integer(75, "style").between(0, 2),
     integer(76, "patternType").otherwise(1).between(0, 2),
     integer(98, "seeds").atLeast(0),

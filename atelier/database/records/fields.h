@@ -14,8 +14,9 @@ class Group;
 
 enum class FieldKind : unsigned char { real, integer, text, handle, point2, point3 };
 
-// always: a new object is written with it; otherwise only once it is set.
-enum class Presence : unsigned char { always, optional };
+// always: a new object is written with it; otherwise only once it is set. Lists for AutoLISP show always and shown with
+// their defaults when the record leaves them out.
+enum class Presence : unsigned char { always, shown, optional };
 
 // What numbers a field may hold, ends included but for an open lower one; of a list those that it names.
 struct Limits {
@@ -33,6 +34,7 @@ struct Field {
   std::string_view text;  // default of texts
   std::string_view name;  // the field's name in lists and messages
   Limits limits = {};
+  bool needed = false;  // a list that leaves it out can't be made an object
 
   // The same field, with more said about it.
   constexpr Field with(const auto& change) const {
@@ -42,6 +44,12 @@ struct Field {
   }
   constexpr Field optional() const {
     return with([](Field& f) { f.presence = Presence::optional; });
+  }
+  constexpr Field shown() const {
+    return with([](Field& f) { f.presence = Presence::shown; });
+  }
+  constexpr Field must() const {
+    return with([](Field& f) { f.needed = true; });
   }
   constexpr Field otherwise(double value) const {
     return with([&](Field& f) { f.number = value; });

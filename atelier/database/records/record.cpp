@@ -10,7 +10,7 @@ namespace {
 constexpr int kMark = 100;
 constexpr int kEmbedded = 101;  // an object within the record, up to the extended data, with codes of its own
 constexpr int kBrace = 102;
-constexpr int kFirstXdata = 1000;
+constexpr int kFirstExtended = 1000, kApplication = 1001;
 
 // "AcDbText#2" is the second section called AcDbText.
 // An insert of an array has a mark of its own before the same groups.
@@ -41,6 +41,23 @@ bool opensBraces(const Group& group) { return group.code() == kBrace && group.te
 
 }  // namespace
 
+void appendDefault(std::vector<Group>& groups, const Field& field) {
+  switch (field.kind) {
+    case FieldKind::real: groups.push_back(Group::real(field.code, field.number)); break;
+    case FieldKind::integer:
+      groups.push_back(Group::integer(field.code, static_cast<std::int64_t>(field.number)));
+      break;
+    case FieldKind::text: groups.push_back(Group::text(field.code, std::string(field.text))); break;
+    case FieldKind::handle: groups.push_back(Group::handle(field.code, 0)); break;
+    default: {
+      const AcGePoint3d p = defaultPoint(field);
+      groups.push_back(Group::real(field.code, p.x));
+      groups.push_back(Group::real(field.code + 10, p.y));
+      if (field.kind == FieldKind::point3) groups.push_back(Group::real(field.code + 20, p.z));
+    }
+  }
+}
+
 Record Record::fresh(std::string_view type) {
   Record record;
   record.groups.push_back(Group::text(0, std::string(type)));
@@ -50,20 +67,7 @@ Record Record::fresh(std::string_view type) {
     record.groups.push_back(Group::text(kMark, std::string(nameAndTurn(mark).first)));
     for (const Field& field : format->fields) {
       if (field.subclass != mark || field.presence != Presence::always) continue;
-      switch (field.kind) {
-        case FieldKind::real: record.groups.push_back(Group::real(field.code, field.number)); break;
-        case FieldKind::integer:
-          record.groups.push_back(Group::integer(field.code, static_cast<std::int64_t>(field.number)));
-          break;
-        case FieldKind::text: record.groups.push_back(Group::text(field.code, std::string(field.text))); break;
-        case FieldKind::handle: record.groups.push_back(Group::handle(field.code, 0)); break;
-        default: {
-          const AcGePoint3d p = defaultPoint(field);
-          record.groups.push_back(Group::real(field.code, p.x));
-          record.groups.push_back(Group::real(field.code + 10, p.y));
-          if (field.kind == FieldKind::point3) record.groups.push_back(Group::real(field.code + 20, p.z));
-        }
-      }
+      appendDefault(record.groups, field);
     }
   }
   return record;
@@ -82,7 +86,7 @@ std::size_t Record::find(const Field& field) const {
   for (std::size_t i = 0; i < groups.size(); ++i) {
     const Group& group = groups[i];
     const int code = group.code();
-    if (code >= kFirstXdata || code == kEmbedded) break;
+    if (code == kApplication || code == kEmbedded) break;
     if (code == kBrace && opensBraces(group)) {
       i = afterBraces(groups, i) - 1;
     } else if (code == kMark) {
@@ -134,11 +138,11 @@ AcGePoint3d Record::point(const Field& field) const {
 std::pair<std::size_t, std::size_t> Record::section(std::string_view subclass) const {
   const auto [wanted, turn] = nameAndTurn(subclass);
   int seen = 0;
-  for (std::size_t i = 0; i < groups.size() && groups[i].code() < kFirstXdata; ++i) {
+  for (std::size_t i = 0; i < groups.size() && groups[i].code() != kApplication; ++i) {
     if (groups[i].code() != kMark || !marks(groups[i], wanted) || ++seen != turn) continue;
     std::size_t end = i + 1;
     while (end < groups.size() && groups[end].code() != kMark && groups[end].code() != kEmbedded &&
-           groups[end].code() < kFirstXdata)
+           groups[end].code() != kApplication)
       ++end;
     return {i + 1, end};
   }
@@ -146,7 +150,7 @@ std::pair<std::size_t, std::size_t> Record::section(std::string_view subclass) c
 }
 
 std::optional<std::pair<std::size_t, std::size_t>> Record::braces(std::string_view name) const {
-  for (std::size_t i = 0; i < groups.size() && groups[i].code() < kFirstXdata; ++i)
+  for (std::size_t i = 0; i < groups.size() && groups[i].code() != kApplication; ++i)
     if (opensBraces(groups[i]) && std::string_view(groups[i].text()).substr(1) == name) {
       const std::size_t end = afterBraces(groups, i);
       return std::pair(i + 1, std::max(i + 1, end - 1));
@@ -156,15 +160,16 @@ std::optional<std::pair<std::size_t, std::size_t>> Record::braces(std::string_vi
 
 std::size_t Record::xdataStart() const {
   // XDATA stands last; records without any are told by their last group.
-  if (groups.empty() || groups.back().code() < kFirstXdata) return groups.size();
+  if (groups.empty() || groups.back().code() < kFirstExtended) return groups.size();
   std::size_t i = groups.size();
-  while (i > 0 && groups[i - 1].code() >= kFirstXdata) --i;
+  while (i > 0 && groups[i - 1].code() >= kFirstExtended) --i;
+  while (i < groups.size() && groups[i].code() != kApplication) ++i;
   return i;
 }
 
 std::size_t Record::headEnd() const {
   std::size_t i = 0;
-  while (i < groups.size() && groups[i].code() != kMark && groups[i].code() < kFirstXdata) ++i;
+  while (i < groups.size() && groups[i].code() != kMark && groups[i].code() != kApplication) ++i;
   return i;
 }
 
@@ -231,7 +236,7 @@ void Record::remove(const Field& field) {
 }
 
 std::uint64_t Record::objectHandle() const {
-  for (std::size_t i = 1; i < groups.size() && groups[i].code() != kMark && groups[i].code() < kFirstXdata; ++i) {
+  for (std::size_t i = 1; i < groups.size() && groups[i].code() != kMark && groups[i].code() != kApplication; ++i) {
     if (groups[i].code() == kBrace && opensBraces(groups[i])) i = afterBraces(groups, i) - 1;
     else if (groups[i].code() == 5 || groups[i].code() == 105) return groups[i].handle();
   }
@@ -249,7 +254,7 @@ void Record::setObjectHandle(std::uint64_t handle) {
 }
 
 std::uint64_t Record::owner() const {
-  for (std::size_t i = 1; i < groups.size() && groups[i].code() != kMark && groups[i].code() < kFirstXdata; ++i) {
+  for (std::size_t i = 1; i < groups.size() && groups[i].code() != kMark && groups[i].code() != kApplication; ++i) {
     if (groups[i].code() == kBrace && opensBraces(groups[i])) i = afterBraces(groups, i) - 1;
     else if (groups[i].code() == 330) return groups[i].handle();
   }

@@ -10,6 +10,9 @@
 
 namespace atelier {
 
+// Appends the groups of a field with its default: of a point all ordinates, of a handle 0.
+void appendDefault(std::vector<Group>& groups, const Field& field);
+
 class Record {
  public:
   Record() = default;
@@ -44,7 +47,9 @@ class Record {
   std::pair<std::size_t, std::size_t> section(std::string_view subclass) const;
   // Bounds of the groups between 102 "{name" and 102 "}", the two excluded; nothing when there is no such list.
   std::optional<std::pair<std::size_t, std::size_t>> braces(std::string_view name) const;
-  std::size_t xdataStart() const;  // index of the first group 1000 or above, or the number of groups
+  // Index of the first application (1001) of the XDATA, or the number of groups. Groups of 1000 and above before it are
+  // the record's own, as an XRECORD may have them.
+  std::size_t xdataStart() const;
 
   std::uint64_t objectHandle() const;  // group 5 or 105 of the head, 0 when there is none
   void setObjectHandle(std::uint64_t handle);

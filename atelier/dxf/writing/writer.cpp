@@ -65,10 +65,14 @@ class Writer {
 
   void headerEdits() {
     // A drawing without handles gets no seed unless a handle is written.
-    const bool handles = anyHandleWritten();
+    const std::uint64_t highest = highestHandleWritten();
+    const bool handles = highest > 0;
     // Without a header readers use the highest handle.
     const bool seed = layout_.place(Section::header) && (handles || layout_.hasHandles || layout_.atLeast(kR13));
-    if (db_.modified && seed) db_.header.set("$HANDSEED", Group::handle(5, db_.handleSeed()));
+    // An object may be added to a drawing that counts as unmodified: the name of an application.
+    const HeaderVariables::Variable* last = db_.header.find("$HANDSEED");
+    const bool stale = last && !last->values.empty() && last->values[0].handle() <= highest;
+    if (seed && (db_.modified || stale)) db_.header.set("$HANDSEED", Group::handle(5, db_.handleSeed()));
     if (handles && db_.header.has("$HANDLING")) db_.header.set("$HANDLING", Group::integer(70, 1));
     std::string added;
     for (const HeaderVariables::Variable& v : db_.header.list) {
@@ -82,10 +86,12 @@ class Writer {
     if (!added.empty()) insert(Section::header, added);
   }
 
-  bool anyHandleWritten() const {
-    return std::any_of(db_.stubs().begin(), db_.stubs().end(), [](const AcDbStub& stub) {
-      return stub.is(AcDbStub::kChanged) && !stub.is(AcDbStub::kVirtual) && writesHandle(stub);
-    });
+  std::uint64_t highestHandleWritten() const {
+    std::uint64_t highest = 0;
+    for (const AcDbStub& stub : db_.stubs())
+      if (stub.is(AcDbStub::kChanged) && !stub.is(AcDbStub::kVirtual) && writesHandle(stub))
+        highest = std::max(highest, stub.handle);
+    return highest;
   }
 
   void replacedRecords() {

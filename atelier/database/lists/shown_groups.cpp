@@ -1,0 +1,196 @@
+// A walk over the record, section by section; before each group come the shown fields that should stand before it.
+#include "atelier/database/lists/shown_groups.h"
+
+#include <algorithm>
+#include <bitset>
+
+#include "atelier/database/curves/curve_geometry.h"
+#include "atelier/database/lists/measured_dimension.h"
+#include "atelier/database/objects/layouts.h"
+
+namespace atelier {
+namespace {
+
+constexpr int kMark = 100, kEmbedded = 101;
+constexpr std::string_view kPolyline = "AcDbPolyline", kSpline = "AcDbSpline";
+
+// The layout an entity stands in; those inside blocks are said to be in the model.
+std::string layoutOf(const AcDbStub& stub) {
+  AcDbStub* owner = stub.owner;
+  while (owner && owner->is(AcDbStub::kEntity)) owner = owner->owner;
+  const std::string name = owner ? layoutNameOf(*owner) : std::string();
+  return name.empty() ? "Model" : name;
+}
+
+// Builds the list of one object.
+class Shown {
+ public:
+  Shown(AcDbStub& stub, const Record& record) : stub_(stub), record_(record), format_(formatOf(record.type())) {}
+
+  std::vector<Group> list() {
+    const std::size_t end = record_.xdataStart();
+    const auto& groups = record_.groups;
+    out_.reserve(end + 24);
+    const auto endsSection = [](const Group& g) { return g.code() == kMark || g.code() == kEmbedded; };
+    const auto last = groups.begin() + static_cast<std::ptrdiff_t>(end);
+    std::string_view section;
+    for (auto begin = groups.begin();;) {
+      const auto mark = std::find_if(begin, last, endsSection);
+      add(section, static_cast<std::size_t>(begin - groups.begin()), static_cast<std::size_t>(mark - groups.begin()));
+      if (mark == last) break;
+      if (mark->code() == kEmbedded) {
+        out_.insert(out_.end(), mark, last);
+        break;
+      }
+      out_.push_back(*mark);
+      section = mark->text();
+      begin = mark + 1;
+    }
+    return std::move(out_);
+  }
+
+ private:
+  // Groups [begin, end) stand behind the mark of that section; the head has no name.
+  void add(std::string_view section, std::size_t begin, std::size_t end) {
+    if (section == kPolyline) return addPolyline(begin, end);
+    if (section == kSpline) return addSpline(begin, end);
+    if (section == "AcDbDimension") {
+      addFields(section, begin, end);
+      if (const auto value = measured(record_); value && !has(begin, end, 42)) out_.push_back(Group::real(42, *value));
+      return;
+    }
+    const std::size_t from = out_.size();
+    addFields(section, begin, end);
+    if (section != "AcDbEntity") return;
+    std::string layout = layoutOf(stub_);
+    if (layout != "Model" && !has(begin, end, 67))
+      std::replace_if(
+          out_.begin() + static_cast<std::ptrdiff_t>(from), out_.end(), [](const Group& g) { return g.code() == 67; },
+          Group::integer(67, 1));
+    if (!has(begin, end, 410)) out_.push_back(Group::text(410, std::move(layout)));
+  }
+
+  bool has(std::size_t begin, std::size_t end, int code) const {
+    return std::any_of(record_.groups.begin() + static_cast<std::ptrdiff_t>(begin),
+                       record_.groups.begin() + static_cast<std::ptrdiff_t>(end),
+                       [code](const Group& group) { return group.code() == code; });
+  }
+
+  // Fields of the section in the format's order; a second section of the same name counts as its own.
+  std::vector<const Field*> fieldsOf(std::string_view section) {
+    std::vector<const Field*> fields;
+    if (!format_ || section.empty()) return fields;
+    const std::string_view wanted = section == "AcDbMInsertBlock" ? "AcDbBlockReference" : section;
+    turns_ = wanted == last_ ? turns_ + 1 : 1;
+    last_ = wanted;
+    for (const Field& field : format_->fields) {
+      const std::size_t hash = field.subclass.find('#');
+      const int turn = hash == std::string_view::npos ? 1 : field.subclass[hash + 1] - '0';
+      if (field.presence != Presence::optional && field.kind != FieldKind::handle && turn == turns_ &&
+          field.subclass.substr(0, hash) == wanted)
+        fields.push_back(&field);
+    }
+    return fields;
+  }
+
+  void addFields(std::string_view section, std::size_t begin, std::size_t end) {
+    const std::vector<const Field*> fields = fieldsOf(section);
+    const auto placeOf = [&](int code) {
+      return static_cast<std::size_t>(std::ranges::find(fields, code, [](const Field* f) { return f->code; }) -
+                                      fields.begin());
+    };
+    std::bitset<32> there;
+    for (std::size_t i = begin; i < end && !there.all(); ++i)
+      if (const std::size_t place = placeOf(record_.groups[i].code()); place < fields.size()) there.set(place);
+    std::size_t shown = 0;
+    const auto showUpTo = [&](std::size_t place) {
+      for (; shown < place; ++shown)
+        if (!there.test(shown)) appendDefault(out_, *fields[shown]);
+    };
+    for (std::size_t i = begin; i < end; ++i) {
+      if (shown < fields.size())
+        if (const std::size_t place = placeOf(record_.groups[i].code()); place < fields.size()) showUpTo(place);
+      out_.push_back(record_.groups[i]);
+    }
+    showUpTo(fields.size());
+  }
+
+  void addPolyline(std::size_t begin, std::size_t end) {
+    const auto& groups = record_.groups;
+    std::size_t vertices = begin;
+    while (vertices < end && groups[vertices].code() != 10) ++vertices;
+    const Group* constant = record_.get(realField(kPolyline, 43));
+    bool widths = false, normal = false;
+    for (std::size_t i = vertices; i < end; ++i) {
+      widths |= (groups[i].code() == 40 || groups[i].code() == 41) && groups[i].real() != 0;
+      normal |= groups[i].code() == 210;
+    }
+    for (std::size_t i = begin; i < vertices; ++i) {
+      out_.push_back(groups[i]);
+      normal |= groups[i].code() == 210;
+    }
+    if (!constant && !widths) out_.push_back(Group::real(43, 0));
+    for (const int code : {38, 39})
+      if (!has(begin, end, code)) out_.push_back(Group::real(code, 0));
+    const double width = constant ? constant->real() : 0;
+    for (std::size_t i = vertices; i < end;) {
+      if (groups[i].code() != 10) {
+        out_.push_back(groups[i++]);
+        continue;
+      }
+      std::size_t next = i + 1;
+      const auto isPart = [](int code) { return code == 20 || code == 91 || (code >= 40 && code <= 42); };
+      while (next < end && isPart(groups[next].code())) ++next;
+      Group parts[] = {Group::real(40, width), Group::real(41, width), Group::real(42, 0)};
+      for (std::size_t k = i; k < next; ++k) {
+        const int code = groups[k].code();
+        if (code >= 40 && code <= 42) parts[code - 40] = groups[k];
+        else out_.push_back(groups[k]);
+      }
+      out_.insert(out_.end(), std::begin(parts), std::end(parts));
+      i = next;
+    }
+    if (!normal) out_.insert(out_.end(), {Group::real(210, 0), Group::real(220, 0), Group::real(230, 1)});
+  }
+
+  void addSpline(std::size_t begin, std::size_t end) {
+    if (has(begin, end, 10) || !has(begin, end, 11)) return addFields(kSpline, begin, end);
+    const auto* spline = AcDbSpline::cast(&stub_.database->object(stub_));
+    const Nurbs data = spline ? nurbsOf(*spline) : Nurbs();
+    if (data.points.empty()) return addFields(kSpline, begin, end);
+    const std::size_t from = out_.size();
+    addFields(kSpline, begin, end);
+    // Knots without control points say nothing.
+    out_.erase(std::remove_if(out_.begin() + static_cast<std::ptrdiff_t>(from), out_.end(),
+                              [](const Group& group) { return group.code() == 40; }),
+               out_.end());
+    for (std::size_t i = from; i < out_.size(); ++i) {
+      if (out_[i].code() == 71) out_[i] = Group::integer(71, data.degree);
+      if (out_[i].code() == 72) out_[i] = Group::integer(72, static_cast<std::int64_t>(data.knots.size()));
+      if (out_[i].code() == 73) out_[i] = Group::integer(73, static_cast<std::int64_t>(data.points.size()));
+    }
+    std::vector<Group> curve;
+    for (const double knot : data.knots) curve.push_back(Group::real(40, knot));
+    for (const AcGePoint3d& p : data.points)
+      curve.insert(curve.end(), {Group::real(10, p.x), Group::real(20, p.y), Group::real(30, p.z)});
+    const auto fit = std::find_if(out_.begin() + static_cast<std::ptrdiff_t>(from), out_.end(),
+                                  [](const Group& group) { return group.code() == 11; });
+    out_.insert(fit, curve.begin(), curve.end());
+  }
+
+  AcDbStub& stub_;
+  const Record& record_;
+  const RecordFormat* format_;
+  std::vector<Group> out_;
+  std::string_view last_;
+  int turns_ = 0;
+};
+
+}  // namespace
+
+std::vector<Group> shownGroups(AcDbStub& stub) {
+  const Record& record = AcDbImpObject::of(&stub.database->object(stub)).settled();
+  return Shown(stub, record).list();
+}
+
+}  // namespace atelier
