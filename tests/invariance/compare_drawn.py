@@ -12,12 +12,14 @@ def mine(profile, entity):
     return all(-AT <= F(x) - profile.x0 <= profile.length + AT and abs(F(y) - profile.y0) < 2500 for x, y in entity.ends())
 
 
-def pieces(profile, entities):
-    """(from, to, altitude from, altitude to) of the straight pieces, left to right, each over the plane of its middle."""
+def pieces(profile, entities, arcs=False):
+    """(from, to, altitude from, altitude to) of the straight pieces, or of the arcs, each over the plane of its middle."""
     result = []
     for entity in entities:
         ends = entity.ends()
-        for a, b in zip(ends, ends[1:]):
+        for a, b, bulge in zip(ends, ends[1:], entity.bulges()):
+            if (bulge != 0) != arcs:
+                continue
             (x1, y1), (x2, y2) = sorted(((F(a[0]), F(a[1])), (F(b[0]), F(b[1]))))
             if x2 - x1 < F(1, 10**8):
                 continue
@@ -61,21 +63,27 @@ def compare(report, drawing, profile):
                  and abs(on_line(l, end) - z2) < F(1, 10**7) for l in straight)
         report.same("drawn", f"project piece of {profile.number} from {float(start):.3f} to {float(end):.3f}, "
                     f"{float(z1):.4f} to {float(z2):.4f}, on a line", on, True)
-    compare_curves(report, drawing, profile, lines)
+    compare_curves(report, drawing, profile, lines, pieces(profile, drawn, True))
 
 
-def compare_curves(report, drawing, profile, lines):
-    """Splines begin and end on the curves, and cover them."""
-    curves, length = [c for l in lines for c in l.curves], F(0)
+def spline_ends(profile, drawing):
+    """(from, to, altitude from, altitude to) of the splines."""
+    result = []
     for entity in drawing.of("SPLINE", PROJECT):
-        points = sorted((entity.points() or entity.points(11)))
-        ends = [(F(x) - profile.x0, F(y) - profile.y0) for x, y in (points[0], points[-1])]
-        if not (-AT <= ends[0][0] <= profile.length and abs(ends[0][1]) < 2500):
-            continue
-        length += ends[1][0] - ends[0][0]
-        z = profile.plane((ends[0][0] + ends[1][0]) / 2)
-        for d, y in ends:
-            near = [abs(c.altitude(min(max(d, c.start), c.end)) - (y / profile.scale + z)) for c in curves if c.start - AT <= d <= c.end + AT]
+        points = sorted(entity.points() or entity.points(11))
+        (x1, y1), (x2, y2) = [(F(x) - profile.x0, F(y) - profile.y0) for x, y in (points[0], points[-1])]
+        if -AT <= x1 <= profile.length and abs(y1) < 2500:
+            z = profile.plane((x1 + x2) / 2)
+            result.append((x1, x2, y1 / profile.scale + z, y2 / profile.scale + z))
+    return result
+
+
+def compare_curves(report, drawing, profile, lines, arcs):
+    """Splines and arcs begin and end on the curves, and cover them."""
+    curves, found = [c for l in lines for c in l.curves], spline_ends(profile, drawing) + arcs
+    for start, end, z1, z2 in found:
+        for d, z in ((start, z1), (end, z2)):
+            near = [abs(c.altitude(min(max(d, c.start), c.end)) - z) for c in curves if c.start - AT <= d <= c.end + AT]
             report.same("drawn", f"end of a curve of {profile.number} at {float(d):.3f}, on its line", bool(near) and min(near) < F(1, 10**6), True)
     if drawing.has_splines:
-        report.near("drawn", f"curves of {profile.number}, length", length, sum((c.end - c.start for c in curves), F(0)), F(1, 10**4))
+        report.near("drawn", f"curves of {profile.number}, length", covered(found), sum((c.end - c.start for c in curves), F(0)), F(1, 10**4))

@@ -4,6 +4,7 @@ Sections of one class that touch are taken together first: a line is cut into cu
 of a trench must not depend on that. What remains is compared in three ways: the sections cover the line, each lies in
 its class, and its surface and volume are those between the two lines.
 """
+import os
 from fractions import Fraction as F
 from itertools import zip_longest
 
@@ -108,6 +109,8 @@ def total_slack(measured, name, value):
 # --- the workbook
 
 def compare_sheet(report, measured, path):
+    if not report.same("workbook", measured.what + ", written", os.path.exists(path), True):
+        return
     rows = quantities.sheet(path, measured.profile.number)
     for i, row in enumerate(rows):
         report.same("workbook", f"{measured.what}, formula", row.length, quantities.formula_of(6 + i))

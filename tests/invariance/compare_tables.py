@@ -51,8 +51,7 @@ def worded(patterns, values):
             match = re.fullmatch(pattern, text)
             if match:
                 for name, found in match.groupdict().items():
-                    value, decimals = values[name]
-                    report.printed("cells", what, found, value, decimals)
+                    report.printed("cells", what, found, *values[name])
                 return
         report.same("cells", what, text, " or ".join(patterns))
     return check
@@ -153,7 +152,8 @@ def slopes(profile, row, e):
     cells, kind = [], kind_of(profile, row)
     for start, end, slope in profile.slopes_of(kind) if kind else ():
         if isinstance(slope, dict):
-            cells.append(Cell((start + end) / 2, worded((r"R=(?P<r>\d+) L=(?P<l>[\d.]+)", r"R=(?P<r>\d+)"), slope), True, (start, end)))
+            if slope:
+                cells.append(Cell((start + end) / 2, worded((r"R=(?P<r>\d+) L=(?P<l>[\d.]+)", r"R=(?P<r>\d+)"), slope), True, (start, end)))
         else:
             patterns, values = slope_wordings(row[1], slope, end - start)
             cells.append(Cell((start + end) / 2, worded(patterns, values), end - start < 7 * e, (start, end)))

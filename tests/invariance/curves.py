@@ -40,16 +40,28 @@ class Curve:
         steepest = max(abs((b[1] - a[1]) / (b[0] - a[0])) for a, b in zip(self.points, self.points[1:])) * scale
         return CHORD * root(1 + steepest**2) / scale + F(1, 10**5)
 
-    def measured_radius(self):
+    def measured_radius(self, start, end):
         """That of the parabola through three of its points, as rows of slopes show it for a curve without a radius."""
-        length = self.end - self.start
-        (a, za), (b, zb), (c, zc) = [(d, self.function(d)) for d in (self.start + length * F(p, 20) for p in (1, 10, 19))]
+        (a, za), (b, zb), (c, zc) = [(d, self.function(d)) for d in (start + (end - start) * F(p, 20) for p in (1, 10, 19))]
         bend = ((zc - zb) / (c - b) - (zb - za) / (b - a)) / (c - a)
         return 1 / abs(2 * bend) if abs(bend) > F(1, 10**8) else None
 
-    def row(self):
-        """What a row of slopes says of it: radius and length with their decimals."""
-        return {"r": (self.radius or self.measured_radius() or F(0), 0), "l": (self.end - self.start, 2)}
+    def rows(self, changes):
+        """(from, to, what a row of slopes says of it). Without a radius of its own each piece between changes of plane is a curve."""
+        inside = [] if self.radius else [d for d in changes if self.start < d < self.end]
+        places = [self.start, *inside, self.end]
+        return [(a, b, self.says(self.radius or self.measured_radius(a, b), b - a)) for a, b in zip(places, places[1:])]
+
+    def says(self, radius, length):
+        """Values, decimals and what doubles may lose of them; nothing for what has no radius."""
+        return {"r": (radius, 0, radius**2 / length**2 / 10**6), "l": (length, 2, F(1, 10**6))} if radius else {}
+
+
+class Fitted(Curve):
+    """A straight line that is drawn as a curve: rows of slopes show it as one, without a radius."""
+
+    def __init__(self, a, b):
+        super().__init__(a[0], b[0], lambda d: a[1] + (b[1] - a[1]) * (d - a[0]) / (b[0] - a[0]))
 
 
 def rounded(value):

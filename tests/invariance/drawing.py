@@ -44,21 +44,23 @@ class Entity:
         aligned = int(self.get(72, 0)) or int(self.get(73, 0))
         return self.point(11) if aligned and self.get(11) is not None else self.point(10)
 
-    def keys(self, application):
-        """The extended data of an application as a dictionary of the texts and what follows each."""
-        start = next((i for i, g in enumerate(self.groups) if g == (1001, application)), None)
-        own = self.groups[start + 1:] if start is not None else []
-        own = own[:next((i for i, g in enumerate(own) if g[0] == 1001), len(own))]
-        return {own[i][1]: own[i + 1][1] for i in range(0, len(own) - 1, 2)}
-
     def ends(self):
         """The points of a line or polyline of straight pieces."""
         if self.kind == "LINE":
             return [self.point(10), self.point(11)]
         return [v.point() for v in self.parts if v.kind == "VERTEX"] if self.kind == "POLYLINE" else self.points()
 
-    def attribute(self, tag):
-        return next((a.get(1) for a in self.parts if a.kind == "ATTRIB" and a.get(2, "").upper() == tag), None)
+    def bulges(self):
+        """For each point the bulge of the piece that begins there; 0 for a straight one."""
+        if self.kind == "POLYLINE":
+            return [v.number(42) for v in self.parts if v.kind == "VERTEX"]
+        result = []
+        for code, value in self.groups:
+            if code == 10:
+                result.append(0.0)
+            elif code == 42 and result:
+                result[-1] = float(value)
+        return result or [0.0, 0.0]
 
 
 def pairs(path):

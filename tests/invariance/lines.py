@@ -115,9 +115,3 @@ def project_line(world):
         lines = head + ["Fichier", file]
     profile.lines.setdefault(kind, []).append(Line(parts(points, requests), profile.scale))
     return Step(f"project line {kind} of {profile.number}", lines, [drawn_check(world)], files)
-
-
-# --- curves that are there already
-
-def existing_curve(world):
-    return None

@@ -34,12 +34,12 @@ class Line:
     def straight(self):
         return [p.points for p in self.parts if not isinstance(p, Curve)]
 
-    def slopes(self):
+    def slopes(self, changes):
         """(from, to, slope): neighbours of one slope are one piece. A curve has its row's values for a slope."""
         pieces = []
         for part in self.parts:
             if isinstance(part, Curve):
-                pieces.append((part.start, part.end, part.row()))
+                pieces += part.rows(changes)
             else:
                 points = exact.simplified(part.points)
                 pieces += [(a[0], b[0], (b[1] - a[1]) / (b[0] - a[0])) for a, b in zip(points, points[1:])]
@@ -101,4 +101,4 @@ class Profile:
         return None
 
     def slopes_of(self, kind):
-        return [piece for line in self.lines[kind] for piece in line.slopes()]
+        return [piece for line in self.lines[kind] for piece in line.slopes([start for start, _ in self.planes[1:]])]

@@ -29,6 +29,12 @@ def plan(seed, length=None):
     return world, planned
 
 
+def words_of(seed):
+    """What a run is, in words."""
+    world, planned = plan(seed)
+    return "; ".join([str(world.circumstances), *[step.title for step in planned]])
+
+
 def play(seed, kavel, source, folder, locales):
     """The report of a run, and the circumstances in words."""
     report = Report()
@@ -69,7 +75,8 @@ def options():
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--jobs", type=int, default=2)
     parser.add_argument("--keep", help="folder for the drawings and scripts of runs that differ")
-    parser.add_argument("--with", dest="only_with", help="play only runs of whose circumstances this is a word, as copied")
+    parser.add_argument("--with", dest="only_with", default="", help="only runs of whose circumstances or commands this is a part, as copied")
+    parser.add_argument("--avoid", action="append", default=[], help="no runs of whose circumstances or commands this is a part")
     parser.add_argument("--only", type=int, help="play the run of this seed alone")
     return parser.parse_args()
 
@@ -86,8 +93,7 @@ def main():
     arguments.kavel = os.path.abspath(arguments.kavel)
     arguments.source = os.path.abspath(arguments.source)
     seeds = [arguments.only] if arguments.only is not None else list(range(arguments.seed, arguments.seed + arguments.runs))
-    if arguments.only_with:
-        seeds = [s for s in seeds if arguments.only_with in str(plan(s)[0].circumstances)]
+    seeds = [s for s in seeds if arguments.only_with in words_of(s) and not any(a in words_of(s) for a in arguments.avoid)]
     print(f"seeds {seeds[0]} to {seeds[-1]}", flush=True)
     checks, ties, differing, begun = Counter(), Counter(), [], time.time()
     with tempfile.TemporaryDirectory() as folder, concurrent.futures.ProcessPoolExecutor(arguments.jobs) as pool:

@@ -6,6 +6,7 @@ import compare_drawn
 import compare_entities
 import compare_quantities
 import compare_tables
+import existing
 import lines
 import sources
 from play import Step
@@ -146,7 +147,7 @@ PICKS = """(progn (setq profil (plv-profil-de-numero "%s") genre "%s") (defun pi
 
 
 # the commands with their weights
-COMMANDS = ((lines.project_line, 3), (lines.existing_curve, 2), (tables, 4), (plane, 3), (quantities, 4), (legend, 2), (dimensions, 3))
+COMMANDS = ((lines.project_line, 3), (existing.existing_curve, 2), (tables, 4), (plane, 3), (quantities, 4), (legend, 2), (dimensions, 3))
 
 
 # --- a copy: the original must stay as it was
