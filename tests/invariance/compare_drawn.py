@@ -4,7 +4,7 @@ from fractions import Fraction as F
 import exact
 
 AT = F(1, 10**6)
-GROUND, PROJECT = "PLV-TN", "PLV-PROJET"
+GROUND, PROJECT, REFERENCES = "PLV-TN", "PLV-PROJET", "PLV-RAPPELS"
 
 
 def mine(profile, entity):
@@ -52,6 +52,7 @@ def compare_line(report, what, found, lines):
 def compare(report, drawing, profile):
     own = [e for e in drawing.of("LINE", GROUND) if mine(profile, e)]
     compare_line(report, f"ground of {profile.number}", pieces(profile, own), [profile.points])
+    compare_references(report, drawing, profile)
     lines = [l for kind in profile.lines.values() for l in kind]
     straight = [points for l in lines for points in l.straight()]
     drawn = [e for kind in ("LINE", "LWPOLYLINE", "POLYLINE") for e in drawing.of(kind, PROJECT) if mine(profile, e)]
@@ -64,6 +65,21 @@ def compare(report, drawing, profile):
         report.same("drawn", f"project piece of {profile.number} from {float(start):.3f} to {float(end):.3f}, "
                     f"{float(z1):.4f} to {float(z2):.4f}, on a line", on, True)
     compare_curves(report, drawing, profile, lines, pieces(profile, drawn, True))
+
+
+def references(drawing, profile):
+    """(distance, ordinates) of the thin lines from the ground down to its plane."""
+    found = [e.ends() for e in drawing.of("LINE", REFERENCES) if mine(profile, e)]
+    return [(F(a[0]) - profile.x0, sorted((F(a[1]), F(b[1])))) for a, b in found]
+
+
+def compare_references(report, drawing, profile):
+    for d, ordinates in references(drawing, profile):
+        point = min(profile.points, key=lambda p: abs(p[0] - d))
+        wanted = sorted((profile.y0, profile.drawn(*point)[1]))
+        same = abs(point[0] - d) < AT and all(abs(a - b) < AT for a, b in zip(ordinates, wanted))
+        report.same("drawn", f"reference line of {profile.number} at {float(d):.3f}", same or list(map(float, ordinates)),
+                    True if same else list(map(float, wanted)))
 
 
 def spline_ends(profile, drawing):

@@ -2,6 +2,7 @@
 import re
 from fractions import Fraction as F
 
+import compare_drawn
 import exact
 
 AT = F(1, 10**5)     # how near a cell stands to its place
@@ -169,7 +170,7 @@ def bounds(profile, row):
     return result
 
 
-def cells_of(profile, row, kept):
+def cells_of(profile, row, kept, everything):
     e, type_ = profile.text, row[1]
     if type_ in (0, 1):
         return numbers(profile, row, kept, e)
@@ -187,7 +188,7 @@ def cells_of(profile, row, kept):
         return slopes(profile, row, e)
     found = bounds(profile, row)
     if type_ == 16:
-        return partial(found) if found else []
+        return partial(found) if found and everything else []
     return cumulated(profile, exact.spaced(found, F(13, 10) * e), e) if found else []
 
 
@@ -232,15 +233,37 @@ def marks(report, profile, row, found):
                 and len(steps) <= 1, True)
 
 
+def thinned(report, profile, row, found):
+    """Distances between bounds of which those too close for a text may have been left out: each goes on where the last one ended."""
+    places, what = sorted(set(bounds(profile, row))), f"profile {profile.number}, row {row[0]} type 16 {row[3]}"
+    if not places:
+        return
+    at = places[0]
+    for x, text in found:
+        end = next((p for p in places if abs((at + p) / 2 - x) <= AT), None)
+        if not report.same("cells", f"{what}, {text} at {float(x):.3f}, between bounds", end is not None, True):
+            return
+        report.printed("cells", f"{what}, at {float(x):.3f}", text, end - at, 2, F(1, 10**6))
+        inside = [at, *[p for p in places if at < p < end], end]
+        crowded = len(inside) == 2 or min(b - a for a, b in zip(inside, inside[1:])) < 5 * profile.text
+        report.same("cells", f"{what}, bounds left out between {float(at):.3f} and {float(end):.3f} had no room", crowded, True)
+        at = end
+    report.same("cells", f"{what}, last bound", float(at), float(places[-1]))
+
+
 def compare(report, drawing, profile, rows, everything, layer=LAYER):
     """The tables of a profile as they were drawn for these rows."""
     rows = grouped(rows)
     kept = kept_points(profile, rows, everything)
+    report.same("cells", f"reference lines of {profile.number}", sorted(round(d, 4) for d, _ in compare_drawn.references(drawing, profile)),
+                [round(d, 4) for d in kept])
     texts = [(F(t.place[0]) - profile.x0, F(t.place[1]), t.get(1)) for t in drawing.of("TEXT", layer)]
     texts = [t for t in texts if -3 * profile.text <= t[0] <= profile.length + 3 * profile.text]
     for row, top, bottom in bands(profile, rows):
         own = sorted((x, text) for x, y, text in texts if bottom <= y < top)
         if row[1] == 10:
             marks(report, profile, row, own)
+        elif row[1] == 16 and not everything:
+            thinned(report, profile, row, own)
         else:
-            compare_row(report, profile, row, own, cells_of(profile, row, kept))
+            compare_row(report, profile, row, own, cells_of(profile, row, kept, everything))

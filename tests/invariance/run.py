@@ -67,6 +67,10 @@ def language(folder):
         return None
 
 
+def wanted(words, arguments):
+    return arguments.only_with in words and not any(a in words for a in arguments.avoid)
+
+
 def options():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("kavel")
@@ -77,6 +81,7 @@ def options():
     parser.add_argument("--keep", help="folder for the drawings and scripts of runs that differ")
     parser.add_argument("--with", dest="only_with", default="", help="only runs of whose circumstances or commands this is a part, as copied")
     parser.add_argument("--avoid", action="append", default=[], help="no runs of whose circumstances or commands this is a part")
+    parser.add_argument("--first", action="store_true", help="end with the first run that differs")
     parser.add_argument("--only", type=int, help="play the run of this seed alone")
     return parser.parse_args()
 
@@ -93,7 +98,8 @@ def main():
     arguments.kavel = os.path.abspath(arguments.kavel)
     arguments.source = os.path.abspath(arguments.source)
     seeds = [arguments.only] if arguments.only is not None else list(range(arguments.seed, arguments.seed + arguments.runs))
-    seeds = [s for s in seeds if arguments.only_with in words_of(s) and not any(a in words_of(s) for a in arguments.avoid)]
+    if arguments.only_with or arguments.avoid:
+        seeds = [s for s in seeds if wanted(words_of(s), arguments)]
     print(f"seeds {seeds[0]} to {seeds[-1]}", flush=True)
     checks, ties, differing, begun = Counter(), Counter(), [], time.time()
     with tempfile.TemporaryDirectory() as folder, concurrent.futures.ProcessPoolExecutor(arguments.jobs) as pool:
@@ -108,6 +114,9 @@ def main():
             if report.differences:
                 differing.append(seed)
                 show(seed, report, words, arguments)
+                if arguments.first:
+                    pool.shutdown(wait=False, cancel_futures=True)
+                    break
             if arguments.keep and (report.differences or arguments.only is not None):
                 shutil.copytree(os.path.join(folder, str(seed)), os.path.join(arguments.keep, str(seed)), dirs_exist_ok=True)
             shutil.rmtree(os.path.join(folder, str(seed)), ignore_errors=True)
