@@ -11,11 +11,10 @@ def compare(report, drawing, profile, kinds, which):
     texts = [t for t in texts if -AT <= t[0] <= profile.length + AT]
     heights = [t for t in texts if t[1][:1] in "+-"]
     altitudes = [t for t in texts if t not in heights]
-    ground = dict(reversed(profile.points))
-    samples = {}
+    samples, ground = {}, dict(reversed(profile.points))  # at a wall the point on the left counts
     for kind in kinds:
         for line in profile.lines[kind]:
-            for d, g in profile.points:
+            for d in {p[0] for p in profile.points}:
                 if line.start <= d <= line.end:
                     z = line.altitude(d)
                     samples.setdefault(d, []).append((z, z - ground[d], line.chord))

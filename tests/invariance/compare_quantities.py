@@ -11,6 +11,7 @@ from itertools import zip_longest
 import exact
 import quantities
 
+EDGE = F(11, 10**7)
 SHORT = F(1, 10**5)  # sections no longer than that aren't shown
 
 
@@ -19,9 +20,10 @@ class Measured:
 
     def __init__(self, profile, kind, classes):
         self.profile, self.kind, self.classes = profile, kind, classes
-        self.lines = [l.points for l in profile.lines[kind]]
-        self.parts = [s for line in self.lines for s in exact.slices(profile.points, line, classes)]
-        self.sections = [s for line in self.lines for s in exact.sections(exact.slices(profile.points, line, classes)) if s.length > SHORT]
+        self.lines, self.ground = [l.points for l in profile.lines[kind]], exact.leaned(profile.points)
+        sliced = [exact.slices(self.ground, line, classes) for line in self.lines]
+        self.parts = [s for parts in sliced for s in parts]
+        self.sections = [s for parts in sliced for s in exact.sections(parts) if s.length > SHORT]
         self.sums = exact.class_sums(self.parts, classes)
         self.chord = max((l.chord for l in profile.lines[kind]), default=F(0))
         self.what = f"profile {profile.number}, {kind}"
@@ -156,14 +158,15 @@ def covers(report, kind, measured, stretches):
 
 
 def between(measured, start, end):
-    return sum((exact.surface_between(measured.profile.points, line, start, end) for line in measured.lines), F(0))
+    return sum((exact.surface_between(measured.ground, line, start, end) for line in measured.lines), F(0))
 
 
 def within(measured, number, start, end):
     """Whether the depth stays in a class over a stretch."""
     low, high = measured.classes.bounds(number)
     for line in measured.lines:
-        least, most = exact.depth_range(measured.profile.points, line, start, end)
+        # A wall leans by a micrometre: the last digits of a distance say little of the depth on it.
+        least, most = exact.depth_range(measured.ground, line, start + EDGE, end - EDGE)
         slack = F(1, 10**6) + measured.chord
         if least is not None and (least < low - slack or most > high + slack):
             return False

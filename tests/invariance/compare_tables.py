@@ -59,12 +59,12 @@ def worded(patterns, values):
 
 
 def kept_points(profile, rows, everything):
-    """The distances that get cells: all of them, or those with room for upright texts."""
-    distances = [p[0] for p in profile.points]
+    """The points (distance, altitude, number) that get cells: all of them, or those with room for upright texts."""
+    points = [(d, z, i + 1) for i, (d, z) in enumerate(profile.points)]
     upright = any(row[1] in (1, 3, 4, 5, 6) for row in rows)
     if everything or not upright:
-        return distances
-    return exact.spaced(distances, F(13, 10) * profile.text)
+        return points
+    return exact.spaced(points, F(13, 10) * profile.text, lambda p: p[0])
 
 
 def kind_of(profile, row):
@@ -74,22 +74,13 @@ def kind_of(profile, row):
 
 # --- what each row holds
 
-def numbers(profile, row, kept, e):
-    places = {p[0]: i + 1 for i, p in enumerate(profile.points)}
-    return [Cell(d if row[1] == 0 else d + F(7, 10) * e, words(str(places[d]))) for d in kept]
+def numbers(row, kept, e):
+    return [Cell(d if row[1] == 0 else d + F(7, 10) * e, words(str(number))) for d, _, number in kept]
 
 
 def partial(distances):
-    """The text of each interval in its middle; two distances in one place take each other away."""
-    distances, places, i = sorted(distances), [], 0
-    while i < len(distances) - 1:
-        if distances[i + 1] - distances[i] < F(1, 10**8):
-            i += 2
-        else:
-            places.append(distances[i])
-            i += 1
-    if not places or abs(places[-1] - distances[-1]) > F(1, 10**8):
-        places.append(distances[-1])
+    """The text of each interval in its middle; a wall's two points count once."""
+    places = sorted(set(distances))
     return [Cell((a + b) / 2, printed(b - a)) for a, b in zip(places, places[1:])]
 
 
@@ -97,17 +88,30 @@ def cumulated(profile, distances, e):
     return [Cell(d + F(7, 10) * e, printed(d + profile.first)) for d in distances]
 
 
-def ground_altitudes(profile, kept, e):
-    altitude = dict(reversed(profile.points))
-    return [Cell(d + F(7, 10) * e, printed(altitude[d])) for d in kept]
+def ground_altitudes(kept, e):
+    return [Cell(d + F(7, 10) * e, printed(z)) for d, z, _ in kept]
 
 
 def on_project(profile, row, kept, e, value):
-    kind, ground, cells = kind_of(profile, row), dict(reversed(profile.points)), []
-    for d in kept:
+    kind, cells = kind_of(profile, row), []
+    for d, g, _ in kept:
         z = profile.altitude_of(kind, d) if kind else None
         if z is not None:
-            cells.append(Cell(d + F(7, 10) * e, printed(value(ground[d], z), slack=F(1, 10**6))))
+            cells.append(Cell(d + F(7, 10) * e, printed(value(g, z), slack=F(1, 10**6))))
+    return cells
+
+
+def attributes(profile, row, e):
+    """Upright texts of blocks one beside the other; or each attribute at its block."""
+    cells, previous = [], None
+    for d, values in sorted(profile.blocks):
+        if row[1] == 402:
+            cells.append(Cell(d, words(values["NUM"])))
+        elif row[1] == 403:
+            cells.append(Cell(d, words(values["DN"])))
+        elif previous is None or d - previous >= F(13, 10) * e:
+            cells.append(Cell(d + F(1, 2) * e, words(values["NUM"] + " " + values["DN"])))
+            previous = d
     return cells
 
 
@@ -173,13 +177,15 @@ def bounds(profile, row):
 def cells_of(profile, row, kept, everything):
     e, type_ = profile.text, row[1]
     if type_ in (0, 1):
-        return numbers(profile, row, kept, e)
+        return numbers(row, kept, e)
     if type_ == 2:
-        return partial(kept)
+        return partial([p[0] for p in kept])
     if type_ == 3:
-        return cumulated(profile, kept, e)
+        return cumulated(profile, [p[0] for p in kept], e)
     if type_ == 4:
-        return ground_altitudes(profile, kept, e)
+        return ground_altitudes(kept, e)
+    if type_ in (11, 402, 403):
+        return attributes(profile, row, e)
     if type_ in (5, 6):
         return on_project(profile, row, kept, e, (lambda g, z: z) if type_ == 5 else (lambda g, z: g - z))
     if type_ == 8:
@@ -256,7 +262,7 @@ def compare(report, drawing, profile, rows, everything, layer=LAYER):
     rows = grouped(rows)
     kept = kept_points(profile, rows, everything)
     report.same("cells", f"reference lines of {profile.number}", sorted(round(d, 4) for d, _ in compare_drawn.references(drawing, profile)),
-                [round(d, 4) for d in kept])
+                [round(p[0], 4) for p in kept])
     texts = [(F(t.place[0]) - profile.x0, F(t.place[1]), t.get(1)) for t in drawing.of("TEXT", layer)]
     texts = [t for t in texts if -3 * profile.text <= t[0] <= profile.length + 3 * profile.text]
     for row, top, bottom in bands(profile, rows):

@@ -17,24 +17,31 @@ def altitude(points, d):
     """Altitude of a line at a distance; None where the line isn't. At a wall, the mean of its two points."""
     here = [z for x, z in points if x == d]
     if here:
-        return sum(here[:1] + here[-1:], F(0)) / len(here[:1] + here[-1:])
+        return (here[0] + here[-1]) / 2
     for a, b in zip(points, points[1:]):
         if a[0] < d < b[0]:
             return interpolate(a, b, d)
     return None
 
 
-def spaced(distances, gap):
-    """Places no closer than the gap, both ends kept, each taken as early as it may be. The gap forgives a nanometre."""
+def spaced(items, gap, key=lambda item: item):
+    """Items no closer than the gap, both ends kept, each taken as early as it may be. The gap forgives a nanometre."""
     gap -= F(1, 10**9)
-    kept = [distances[0]]
-    last = distances[-1]
-    for d in distances[1:]:
-        if d - kept[-1] >= gap and (d is last or last - d >= gap):
-            kept.append(d)
-    if kept[-1] is not last:
+    kept, last = [0], len(items) - 1
+    for i in range(1, len(items)):
+        if key(items[i]) - key(items[kept[-1]]) >= gap and (i == last or key(items[last]) - key(items[i]) >= gap):
+            kept.append(i)
+    if kept[-1] != last:
         kept.append(last)
-    return kept
+    return [items[i] for i in kept]
+
+
+def leaned(points):
+    """A wall as it is drawn: it leans by a micrometre."""
+    result = list(points[:1])
+    for d, z in points[1:]:
+        result.append((max(d, result[-1][0] + F(1, 10**6)), z))
+    return result
 
 
 def simplified(points):

@@ -54,6 +54,7 @@ class Profile:
         self.points = [p[:2] for p in ground]
         self.planes = planes        # (start, altitude)
         self.lines = {}             # kind: [Line, ...], left to right
+        self.blocks = []            # (distance, attributes)
         self.with_points_at_planes()
 
     def with_points_at_planes(self):

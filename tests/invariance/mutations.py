@@ -12,7 +12,7 @@ import tempfile
 
 # file, what stands there, what takes its place
 MUTATIONS = (
-    ("frontal/profil/plv-plans.lsp", "(if (< (plv-plan-debut p) distance) (setq plan p))", "(if (<= (plv-plan-debut p) distance) (setq plan p))"),
+    ("frontal/profil/plv-plans.lsp", "(- distance 1e-7)", "(+ distance 1e-7)"),
     ("frontal/profil/plv-cadre.lsp", "(/ (- ordonnee (cadr (plv-cadre-origine cadre))) (plv-cadre-echv cadre))",
      "(/ (- ordonnee (cadr (plv-cadre-origine cadre))) 10.0)"),
     ("frontal/tableaux/plv-remplissage-projet.lsp", "(- (cadr p) z)", "(abs (- (cadr p) z))"),

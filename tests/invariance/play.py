@@ -14,8 +14,9 @@ OTHER_FILES = {"autre.csv": "0;10\n50;12\n90;11\n", "autre.txt": "AILLEURS - 4.0
 class Step:
     """Lines for the command line, files that they read, and what to check of the drawing and the words that come out."""
 
-    def __init__(self, title, lines, checks=(), files=()):
+    def __init__(self, title, lines, checks=(), files=(), draws=True):
         self.title, self.lines, self.checks, self.files = title, list(lines), list(checks), dict(files)
+        self.draws = draws  # what draws nothing can't be undone
 
 
 class Result:
@@ -85,11 +86,11 @@ class Player:
     def save(self, name):
         return ["--release", self.circumstances.release, "--save", name]
 
-    def arguments(self, i):
+    def arguments(self, i, step):
         """What the program is asked to do for a step, once the drawing is open."""
         c = self.circumstances
         actions = ["--script", f"{i:02}.scr"]
-        if c.undone:
+        if c.undone and step.draws:
             actions += ["--script", "annuler.scr", *self.save(self.drawing_name(i, True)), "--script", "refaire.scr"]
         actions += self.save(self.drawing_name(i))
         return actions + (["--script", f"{i:02} visite.scr"] if c.visited else [])
@@ -128,7 +129,7 @@ class Player:
 
     def process(self, steps, arguments, numbers, results):
         """Plays some steps in one process; the text of what went wrong, nil for nothing."""
-        arguments = arguments + [a for i in numbers for a in self.arguments(i)]
+        arguments = arguments + [a for i in numbers for a in self.arguments(i, steps[i])]
         status, said = self.run(arguments)
         self.write(f"journal {numbers[0]:02}.txt", said)
         for i in numbers:

@@ -40,7 +40,7 @@ def play(seed, kavel, source, folder, locales):
     report = Report()
     world, planned = plan(seed)
     place = os.path.join(folder, str(seed))
-    player = Player(kavel, source, place, world.circumstances, steps.settings(world), locales)
+    player = Player(kavel, source, place, world.circumstances, world.settings, locales)
     results, fault = player.play(planned)
     for i, (step, result) in enumerate(zip(planned, results)):
         for check in step.checks:

@@ -4,7 +4,7 @@ Numbers are decimals of two or three places: what is typed is known exactly. Tie
 """
 from fractions import Fraction as F
 
-from exact import Classes
+from exact import Classes, altitude
 from model import Profile
 
 NAMES = ("Regard R{}", "Carrefour D{}", "Pont n° {}", "Étang {}")
@@ -30,13 +30,16 @@ def ground(rng):
     places = rng.choice((0, 1, 2, 2, 3))
     rise = rng.choice((0.2, 1, 3))
     d, z = F(0), decimal(rng, 20, 900, 2)
-    points = []
+    points, walls = [], rng.random() < 0.15
     for i in range(rng.randint(4, 24)):
         name = rng.choice(NAMES).format(i) if rng.random() < 0.25 else ""
         points.append((d, z, name))
+        if walls and i and rng.random() < 0.2:
+            z += decimal(rng, -3, 3, 2) or F(1)
+            points.append((d, z, ""))
         d += decimal(rng, 4, 30, places)
         z += decimal(rng, -rise, rise, rng.choice((2, 2, 3)))
-    return points
+    return points + [(d, z, "")]
 
 
 def planes(rng, points):
@@ -72,11 +75,10 @@ def ground_file(points, first):
 def straight_line(rng, owner, start, end):
     """Points between two distances: level under the ground, at a limit of the usual classes, or across it."""
     manner = rng.choice(("parallel", "random", "random", "random", "crossing"))
-    inner = [p for p in owner.points if start < p[0] < end]
+    inner = [(d, altitude(owner.points, d)) for d in sorted({p[0] for p in owner.points}) if start < d < end]
     if manner == "parallel":
         depth = rng.choice((F(1), F(3, 2), F(2), decimal(rng, 0.3, 4, 2)))
-        import exact
-        ends = [(d, exact.altitude(owner.points, d)) for d in (start, end)]
+        ends = [(d, altitude(owner.points, d)) for d in (start, end)]
         if all((z * 1000).denominator == 1 for _, z in ends + inner):
             return [(d, z - depth) for d, z in [ends[0], *inner, ends[1]]]
     places = sorted({start, end} | {decimal(rng, float(start) + 1, float(end) - 1, 2) for _ in range(rng.randint(0, 5))}
@@ -87,7 +89,6 @@ def straight_line(rng, owner, start, end):
     if places[0] != start or len(places) < 2:
         places = [start, end]
     depth = (-1, 1) if manner == "crossing" else (0.5, 6)
-    from exact import altitude
     return [(d, F(round((altitude(owner.points, d) - decimal(rng, *depth, 2)) * 100), 100)) for d in places]
 
 
@@ -114,7 +115,8 @@ def settings(classes_):
 
 
 ROWS = {0: "2.0", 1: "3.0", 2: "2.5", 3: "5.0", 4: "6.0", 5: "6.0", 6: "4.5", 8: "19.0", 10: "2.0", 12: "3.0", 13: "3.0", 14: "3.0",
-        15: "3.0", 16: "2.5", 17: "5.0"}
+        15: "3.0", 16: "2.5", 17: "5.0", 11: "10.0", 402: "2.0", 403: "4.0"}
+BRACES = {11: "NUM DN", 402: "NUM", 403: "DN"}
 WIDE = (0, 2)  # rows whose spacing follows the width of their texts
 
 
@@ -129,5 +131,5 @@ def tables(rng, kinds):
 
 
 def definition_file(rows):
-    return "".join(f"{name} - {text(height)} {type_} {'{' + kind + '} ' if kind else ''}Ligne {i}\n"
+    return "".join(f"{name} - {text(height)} {type_} {'{' + (kind or BRACES[type_]) + '} ' if kind or type_ in BRACES else ''}Ligne {i}\n"
                    for i, (name, type_, height, kind) in enumerate(rows))

@@ -1,12 +1,14 @@
 """The commands of a run, drawn at random: what is typed, what it does to the suite's own profiles, what must then be right."""
 from fractions import Fraction as F
 
+import classes
 import compare_dimensions
 import compare_drawn
 import compare_entities
 import compare_quantities
 import compare_tables
 import existing
+import exports
 import lines
 import sources
 from play import Step
@@ -26,7 +28,8 @@ def new_profile(world):
     file = world.file(".csv")
     typed = ["PLV-NOUVEAU", file, number, ",".join(place), text(profile.scale), text(profile.text), "150", "Saisis",
              *sources.typed_planes(planes)]
-    return Step("new profile", typed, [drawn_check(world)], {file: sources.ground_file(points, profile.first)})
+    walls = ", walls" * (len({p[0] for p in profile.points}) < len(profile.points))
+    return Step("new profile" + walls, typed, [drawn_check(world)], {file: sources.ground_file(points, profile.first)})
 
 
 def tables(world):
@@ -72,6 +75,23 @@ def plane(world):
             profile.planes[i] = (start, altitude)
             answers = ["Modifier", station, text(altitude)]
     return Step(f"plane {operation} of {profile.number}", ["PLV-PC", *world.which(profile), *answers], [drawn_check(world)])
+
+
+def manhole(world):
+    """A block with attributes over the profile."""
+    rng = world.rng
+    profile = rng.choice(world.active)
+    d = decimal(rng, 0, float(profile.length), 2)
+    values = {"NUM": f"R{rng.randint(1, 99)}", "DN": rng.choice(("200", "300", "Ø 400"))}
+    profile.blocks.append((d, values))
+    x, y = (existing.exactly(v) for v in (profile.x0 + d, profile.y0 + 3))
+    attributes = [f'(entmake \'((0 . "ATTRIB") (8 . "0") (10 {x} {y} 0.0) (40 . 1.0) (1 . "{v}") (2 . "{tag}") (70 . 0)))' for tag, v in values.items()]
+    return Step(f"manhole of {profile.number}", [BLOCK, f'(entmake \'((0 . "INSERT") (8 . "0") (66 . 1) (2 . "REGARD") (10 {x} {y} 0.0)))',
+                                                 *attributes, '(entmake \'((0 . "SEQEND") (8 . "0")))'])
+
+
+BLOCK = """(if (not (tblsearch "BLOCK" "REGARD")) (progn (entmake '((0 . "BLOCK") (2 . "REGARD") (70 . 2) (10 0.0 0.0 0.0))) """ \
+    """(entmake '((0 . "ENDBLK")))))"""
 
 
 def measured_profile(world):
@@ -147,7 +167,8 @@ PICKS = """(progn (setq profil (plv-profil-de-numero "%s") genre "%s") (defun pi
 
 
 # the commands with their weights
-COMMANDS = ((lines.project_line, 3), (existing.existing_curve, 2), (tables, 4), (plane, 3), (quantities, 4), (legend, 2), (dimensions, 3))
+COMMANDS = ((lines.project_line, 3), (existing.existing_curve, 2), (tables, 4), (plane, 3), (quantities, 4), (legend, 2), (dimensions, 3),
+            (exports.export, 1), (classes.edit, 1), (manhole, 2))
 
 
 # --- a copy: the original must stay as it was
@@ -202,8 +223,3 @@ def plan(world, length):
     for step in planned:
         step.checks.append(undone)
     return planned
-
-
-def settings(world):
-    return sources.settings(world.classes)
-

@@ -9,6 +9,7 @@ class World:
     def __init__(self, rng, circumstances):
         self.rng, self.circumstances = rng, circumstances
         self.profiles, self.classes = [], sources.classes(rng)
+        self.settings = sources.settings(self.classes)  # those that the run begins with
         self.files = 0
         self.tables = {}   # number of a profile: what its tables hold
         self.legends = {}  # (number, kind): what its legend holds
