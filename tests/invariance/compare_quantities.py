@@ -20,8 +20,9 @@ class Measured:
 
     def __init__(self, profile, kind, classes):
         self.profile, self.kind, self.classes = profile, kind, classes
-        self.lines, self.ground = [l.points for l in profile.lines[kind]], exact.leaned(profile.points)
-        sliced = [exact.slices(self.ground, line, classes) for line in self.lines]
+        ground = exact.leaned(profile.points)
+        self.depths = [exact.depths(ground, line.points) for line in profile.lines[kind]]
+        sliced = [exact.slices(pieces, classes) for pieces in self.depths]
         self.parts = [s for parts in sliced for s in parts]
         self.sections = [s for parts in sliced for s in exact.sections(parts) if s.length > SHORT]
         self.sums = exact.class_sums(self.parts, classes)
@@ -158,15 +159,15 @@ def covers(report, kind, measured, stretches):
 
 
 def between(measured, start, end):
-    return sum((exact.surface_between(measured.ground, line, start, end) for line in measured.lines), F(0))
+    return sum((exact.surface_between(pieces, start, end) for pieces in measured.depths), F(0))
 
 
 def within(measured, number, start, end):
     """Whether the depth stays in a class over a stretch."""
     low, high = measured.classes.bounds(number)
-    for line in measured.lines:
+    for pieces in measured.depths:
         # A wall leans by a micrometre: the last digits of a distance say little of the depth on it.
-        least, most = exact.depth_range(measured.ground, line, start + EDGE, end - EDGE)
+        least, most = exact.depth_range(pieces, start + EDGE, end - EDGE)
         slack = F(1, 10**6) + measured.chord
         if least is not None and (least < low - slack or most > high + slack):
             return False

@@ -30,7 +30,8 @@ class Curve:
     def __init__(self, start, end, function, radius=None):
         self.start, self.end, self.function, self.radius = start, end, function, radius
         step = (end - start) / PIECES
-        self.points = [(d, rounded(function(d))) for d in (start + i * step for i in range(PIECES))] + [(end, rounded(function(end)))]
+        places = [start, *[rounded(start + i * step) for i in range(1, PIECES)], end]
+        self.points = [(d, rounded(function(d))) for d in places]
 
     def altitude(self, d):
         return self.function(d)

@@ -3,6 +3,8 @@
 A line is a list of points (distance, altitude), left to right; a depth is the ground's altitude less the line's.
 Nothing here knows the program: the rules are those of docs/formats.md and of the guide.
 """
+import bisect
+import itertools
 from fractions import Fraction as F
 from typing import NamedTuple
 
@@ -122,10 +124,10 @@ def class_of_piece(classes, depth1, depth2):
     return classes.of((depth1 + depth2) / 2)
 
 
-def slices(ground, line, classes):
-    """The stretches between the lines, cut where the depth passes a limit."""
+def slices(pieces, classes):
+    """The stretches between two lines, pieces as depths() gives them, cut where the depth passes a limit."""
     result = []
-    for start, end, d1, d2 in depths(ground, line):
+    for start, end, d1, d2 in pieces:
         cuts = [start + (end - start) * (l - d1) / (d2 - d1) for l in classes.limits if (d1 - l) * (d2 - l) < 0]
         places = [start, *sorted(cuts), end]
         at = lambda x: d1 + (d2 - d1) * (x - start) / (end - start)
@@ -156,27 +158,32 @@ def sections(parts):
     return result
 
 
-def surface_between(ground, line, start, end):
-    """The area between two lines over a stretch, signs left out."""
-    total = F(0)
-    for a, b, d1, d2 in depths(ground, line):
+def over(pieces, start, end):
+    """The pieces of depths() over a stretch, cut at its ends."""
+    first = max(0, bisect.bisect_right(pieces, start, key=lambda p: p[0]) - 1)
+    for a, b, d1, d2 in itertools.islice(pieces, first, None):
+        if a >= end:
+            return
         u, v = max(a, start), min(b, end)
         if u < v:
-            e1, e2 = d1 + (d2 - d1) * (u - a) / (b - a), d1 + (d2 - d1) * (v - a) / (b - a)
-            if e1 * e2 < 0:
-                total += (v - u) * (e1 * e1 + e2 * e2) / (2 * (abs(e1) + abs(e2)))
-            else:
-                total += (v - u) * abs(e1 + e2) / 2
+            at = lambda x: d1 if x == a else d2 if x == b else d1 + (d2 - d1) * (x - a) / (b - a)
+            yield u, v, at(u), at(v)
+
+
+def surface_between(pieces, start, end):
+    """The area between two lines over a stretch, signs left out."""
+    total = F(0)
+    for u, v, e1, e2 in over(pieces, start, end):
+        if e1 * e2 < 0:
+            total += (v - u) * (e1 * e1 + e2 * e2) / (2 * (abs(e1) + abs(e2)))
+        else:
+            total += (v - u) * abs(e1 + e2) / 2
     return total
 
 
-def depth_range(ground, line, start, end):
-    """Least and greatest depth over a stretch."""
-    seen = []
-    for a, b, d1, d2 in depths(ground, line):
-        u, v = max(a, start), min(b, end)
-        if u < v:
-            seen += [d1 + (d2 - d1) * (u - a) / (b - a), d1 + (d2 - d1) * (v - a) / (b - a)]
+def depth_range(pieces, start, end):
+    """Least and greatest depth over a stretch; nothing where the lines aren't."""
+    seen = [d for _, _, e1, e2 in over(pieces, start, end) for d in (e1, e2)]
     return (min(seen), max(seen)) if seen else (None, None)
 
 

@@ -38,7 +38,7 @@ def found(kavel, source, mutation, options):
     """Whether the suite sees a mutation; None when the place isn't there any more."""
     file, before, after = mutation
     with tempfile.TemporaryDirectory() as place:
-        for folder in ("frontal", "tests/invariance"):
+        for folder in ("frontal", "tests/invariance", "exemples"):
             shutil.copytree(os.path.join(source, folder), os.path.join(place, folder))
         path = os.path.join(place, file)
         with open(path, encoding="utf-8") as opened:

@@ -24,7 +24,7 @@ class Result:
 
     def __init__(self, folder, said, path, before, undone):
         self.folder, self.said, self.path, self.before, self.undone_path = folder, said, path, before, undone
-        self.read = None
+        self.read, self.renamed = None, False
 
     def file(self, name):
         return os.path.join(self.folder, name)
@@ -120,6 +120,7 @@ class Player:
                 return results, fault
             if numbers == [0] and self.circumstances.foreign:
                 rename(self.path(self.drawing_name(0)))
+                results[0].renamed = True
         return results, None
 
     def make_other(self):
@@ -127,9 +128,23 @@ class Player:
             self.write(name, text)
         self.run(["--eval", OTHER_PROFILE[0], "--eval", OTHER_PROFILE[1], "--save", OTHER])
 
+    # --- the whole run undone and done again
+
+    ALL_UNDONE, ALL_REDONE = "tout annulé.dxf", "tout refait.dxf"
+
+    def whole(self):
+        """Undone and redone at the end of a run in one process."""
+        c = self.circumstances
+        if not c.undone or c.reopened or c.visited:
+            return []
+        self.write("tout annuler.scr", ["UNDO", "100000"])
+        self.write("tout refaire.scr", ["MREDO", "Tout"])
+        return ["--script", "tout annuler.scr", *self.save(self.ALL_UNDONE), "--script", "tout refaire.scr", *self.save(self.ALL_REDONE)]
+
     def process(self, steps, arguments, numbers, results):
         """Plays some steps in one process; the text of what went wrong, nil for nothing."""
         arguments = arguments + [a for i in numbers for a in self.arguments(i, steps[i])]
+        arguments += self.whole() if numbers[-1] == len(steps) - 1 else []
         status, said = self.run(arguments)
         self.write(f"journal {numbers[0]:02}.txt", said)
         for i in numbers:

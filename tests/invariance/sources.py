@@ -2,6 +2,7 @@
 
 Numbers are decimals of two or three places: what is typed is known exactly. Ties of rounding come up on purpose.
 """
+import os
 from fractions import Fraction as F
 
 from exact import Classes, altitude
@@ -25,8 +26,20 @@ def decimal(rng, low, high, places):
     return F(rng.randint(round(low * unit), round(high * unit)), unit)
 
 
+EXAMPLE = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "exemples", "rue-du-moulin.csv")
+
+
+def example():
+    """The points of the example survey."""
+    with open(EXAMPLE, encoding="utf-8") as file:
+        rows = [line.rstrip("\n").split(";") for line in file][1:]
+    return [(F(d), F(z), name) for d, z, name in rows]
+
+
 def ground(rng):
     """Points (distance, altitude, name) from distance 0."""
+    if rng.random() < 0.1:
+        return example()
     places = rng.choice((0, 1, 2, 2, 3))
     rise = rng.choice((0.2, 1, 3))
     d, z = F(0), decimal(rng, 20, 900, 2)

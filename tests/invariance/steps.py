@@ -1,4 +1,5 @@
 """The commands of a run, drawn at random: what is typed, what it does to the suite's own profiles, what must then be right."""
+import os
 from fractions import Fraction as F
 
 import classes
@@ -11,7 +12,8 @@ import existing
 import exports
 import lines
 import sources
-from play import Step
+from drawing import Drawing
+from play import Player, Step
 from world import World, drawn_check
 from sources import decimal, text
 
@@ -205,6 +207,20 @@ def undone(report, result):
         compare_entities.compare(report, "undone", result.undone, result.before.drawing)
 
 
+def all_undone(report, result):
+    """Everything undone leaves an empty drawing, or the one that was opened; everything redone the last one."""
+    redone = result.file(Player.ALL_REDONE)
+    if not os.path.exists(redone):
+        return
+    first = result
+    while first.before:
+        first = first.before
+    opened = first.drawing.entities if first.renamed else []
+    undone_all = Drawing(result.file(Player.ALL_UNDONE))
+    report.same("undone", "entities with everything undone", sorted(e.handle for e in undone_all.entities), sorted(e.handle for e in opened))
+    compare_entities.compare(report, "undone", Drawing(redone), result.drawing)
+
+
 def plan(world, length):
     """The steps of a run."""
     rng, planned = world.rng, [new_profile(world)]
@@ -222,4 +238,5 @@ def plan(world, length):
                 step.checks.append(unchanged(world))
     for step in planned:
         step.checks.append(undone)
+    planned[-1].checks.append(all_undone)
     return planned
