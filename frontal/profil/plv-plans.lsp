@@ -6,9 +6,10 @@
 (defun plv-plan-altitude (plan) (cadr plan))
 
 (defun plv-plan-en (plans distance / plan)
-  "The plane of a distance; a change belongs to the section before it."
+  "The plane of a distance; a change belongs to the section before it. A distance may come from an abscissa of the drawing, which
+far from the origin has other last digits."
   (setq plan (car plans))
-  (foreach p (cdr plans) (if (< (plv-plan-debut p) distance) (setq plan p)))
+  (foreach p (cdr plans) (if (< (plv-plan-debut p) (- distance 1e-7)) (setq plan p)))
   plan)
 
 (defun plv-changements (plans) (mapcar 'plv-plan-debut (cdr plans)))

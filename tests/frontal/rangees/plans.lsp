@@ -110,3 +110,21 @@
     (if (not (equal (altitudes) avant 1e-4)) (setq fautes (cons 'altitude fautes)))))
 (fautes nil)
 ((equal (mapcar 'cons (mapcar 'car (plv-plans pr)) (mapcar 'cadr (plv-plans pr))) plans 1e-6) T)
+
+;; Reference lines are found by their abscissa in the drawing: far from the origin it gives a distance with other last digits
+;; than the plane's own.
+(situation "ReferenceLinesReachTheGroundWhereAPlaneChanges")
+(tableau (point) ((0.0 0.0 0.0)) ((652000.37 6861234.5 0.0)) ((1852340.5 3166420.25 0.0)))
+(fichier "m.txt" "T - 6.0 4 Altitude\n")
+(preparer
+  (commencer 'point)
+  (plv-matrices pr "<dossier>m.txt" T)
+  ;; the ground's altitude as the reference lines show it, over the plane before
+  (defun montrees ()
+    (vl-sort (mapcar '(lambda (g / d) (setq d (- (cadr (assoc 10 g)) (car 'point)))
+                        (list (/ (fix (+ 0.5 (* 100.0 d))) 100.0)
+                              (/ (fix (+ 0.5 (* 100.0 (+ (plan-avant d) (/ (- (caddr (assoc 10 g)) (cadr 'point)) echelle))))) 100.0)))
+                     (plv-rappels:lignes pr))
+             '(lambda (a b) (< (car a) (car b)))))
+  (agir "A" 193.54 85.0) (agir "A" 239.0 88.0) (agir "A" 301.1 84.0) (agir "A" 59.58 80.0) (agir "M" 239.0 70.0))
+((montrees) ((0.0 99.0) (59.58 98.0) (193.54 100.0) (239.0 99.0) (270.31 101.25) (301.1 99.75) (340.0 100.0)))
