@@ -54,6 +54,8 @@ def play(seed, kavel, source, folder, locales):
             break
     if fault:
         report.differences.append(fault)
+    elif results:
+        report.same("audit", "of the last drawing", player.audit(len(results) - 1), [])
     report.checks["commands"] = len(results)
     return seed, report, str(world.circumstances)
 

@@ -13,6 +13,7 @@ import exports
 import lines
 import sources
 from drawing import Drawing
+from model import KINDS
 from play import Player, Step
 from world import World, drawn_check
 from sources import decimal, text
@@ -96,6 +97,20 @@ BLOCK = """(if (not (tblsearch "BLOCK" "REGARD")) (progn (entmake '((0 . "BLOCK"
     """(entmake '((0 . "ENDBLK")))))"""
 
 
+def transfer(world):
+    """TRANSFERERPROJET: the project becomes the line of a kind that has none yet."""
+    owners = [p for p in world.active if p.lines.get("Projet")]
+    if not owners:
+        return None
+    profile = world.rng.choice(owners)
+    free = [k for k in KINDS if k != "Projet" and not profile.lines.get(k)]
+    if not free:
+        return None
+    kind = world.rng.choice(free)
+    profile.lines[kind] = profile.lines.pop("Projet")
+    return Step(f"transfer to {kind} of {profile.number}", ["PLV-CHOISIR", *world.which(profile), "TRANSFERERPROJET", kind], [drawn_check(world)])
+
+
 def measured_profile(world):
     """A profile with a project line, and one of its kinds."""
     owners = [p for p in world.active if p.kinds()]
@@ -170,7 +185,7 @@ PICKS = """(progn (setq profil (plv-profil-de-numero "%s") genre "%s") (defun pi
 
 # the commands with their weights
 COMMANDS = ((lines.project_line, 3), (existing.existing_curve, 2), (tables, 4), (plane, 3), (quantities, 4), (legend, 2), (dimensions, 3),
-            (exports.export, 1), (classes.edit, 1), (manhole, 2))
+            (exports.export, 1), (classes.edit, 1), (manhole, 2), (transfer, 1))
 
 
 # --- a copy: the original must stay as it was
