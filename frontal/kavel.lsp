@@ -9,20 +9,27 @@
     (terrain (base)
      plv-terrain)
     (profil (base)
-     plv-genres plv-plans plv-cadre plv-terrain-profil plv-profil plv-profils plv-chaines plv-reparer plv-habillage plv-rappels
-     plv-elements plv-pentes plv-statiques plv-blocs plv-pc)
-    (plan (base profil)
+     plv-genres plv-plans plv-cadre plv-terrain-profil plv-profil plv-profils plv-appartenance plv-chaines plv-reparer
+     plv-reparer-contenu plv-habillage plv-rappels
+     plv-elements plv-cotes-posees plv-pentes plv-statiques plv-blocs)
+    (portes (base profil)
+     plv-cubiques plv-formes plv-formes-coupe plv-formes-ecriture plv-portes plv-remise)
+    (plan (base profil portes)
      plv-axe plv-vers-plan)
-    (projet (base profil)
+    (changements (base profil portes)
+     plv-pc)
+    (projet (base profil portes)
      plv-raccords plv-parties plv-trace plv-sommets plv-projet plv-associer)
     (tableaux (base profil plan)
-     plv-types plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet
+     plv-types plv-definitions plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet
      plv-remplissage-plan plv-devers plv-remplissage-blocs plv-matrices plv-ligne-seule)
     (cotes (base profil)
      plv-cotes)
-    (metres (base profil)
-     plv-metres-troncons plv-metres-classes plv-metres-traces plv-metres-controle plv-metres-rapport plv-cubpl plv-metres
-     plv-legende)
+    (gestes (base profil cotes)
+     plv-report plv-modifier plv-tracer plv-listes)
+    (metres (base profil portes)
+     plv-metres-troncons plv-metres-classes plv-metres-traces plv-metres-lots plv-metres-controle plv-metres-rapport plv-metres-titres plv-cubpl
+     plv-metres plv-legende)
     (optimal (base profil projet)
      plv-optimal plv-optimal-questions)
     (echange (base terrain profil projet)

@@ -66,7 +66,7 @@ class Dialog {
 // Shows the dialog until it ends and gives its result; kCancel when there is nobody to answer.
 int runDialog(Dialog& dialog);
 
-// Reads the number in an edit. When there is none, or it is outside the limits, the framework tells the user, value is
+// Reads the number in an edit, with a decimal point or comma. When there is none, or it is outside the limits, the framework tells the user, value is
 // unchanged and the result is false: an OK button then doesn't close the dialog.
 bool readNumber(Edit& edit, double& value, double least = -std::numeric_limits<double>::max(),
                 double most = std::numeric_limits<double>::max());

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "atelier/base/interruption.h"
+#include "atelier/database/entities/carried_transform.h"
 #include "atelier/database/objects/clone.h"
 #include "atelier/document/adding.h"
 #include "atelier/document/document.h"
@@ -13,80 +14,127 @@
 
 namespace atelier {
 
+namespace {
+
+// A question of each kind, with the flags of its prompt.
+template <template <class> class REPLY>
+Asked<AcGePoint3d, REPLY> askPoint(int flags, std::string prompt, Command::Base base, std::string keywords) {
+  return Asked<AcGePoint3d, REPLY>(
+      [flags, base, prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, AcGePoint3d& value) {
+        p.initGet(flags, keywords);
+        return p.getPoint(base, prompt, value);
+      });
+}
+template <template <class> class REPLY>
+Asked<double, REPLY> askDistance(int flags, std::string prompt, Command::Base base, std::string keywords) {
+  return Asked<double, REPLY>(
+      [flags, base, prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, double& value) {
+        p.initGet(flags, keywords);
+        return p.getDistance(base, prompt, value);
+      });
+}
+template <template <class> class REPLY>
+Asked<double, REPLY> askAngle(int flags, std::string prompt, Command::Base base, std::string keywords) {
+  return Asked<double, REPLY>(
+      [flags, base, prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, double& value) {
+        p.initGet(flags, keywords);
+        return p.getAngle(base, prompt, value);
+      });
+}
+template <template <class> class REPLY>
+Asked<double, REPLY> askReal(int flags, std::string prompt, std::string keywords) {
+  return Asked<double, REPLY>(
+      [flags, prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, double& value) {
+        p.initGet(flags, keywords);
+        return p.getReal(prompt, value);
+      });
+}
+template <template <class> class REPLY>
+Asked<int, REPLY> askInteger(int flags, std::string prompt, std::string keywords) {
+  return Asked<int, REPLY>(
+      [flags, prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, int& value) {
+        p.initGet(flags, keywords);
+        return p.getInteger(prompt, value);
+      });
+}
+
+}  // namespace
+
 Asked<AcGePoint3d> Command::point(std::string prompt, Base base, std::string keywords) const {
-  return Asked<AcGePoint3d>([base, prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, AcGePoint3d& value) {
-    p.initGet(0, keywords);
-    return p.getPoint(base, prompt, value);
-  });
+  return askPoint<Reply>(RSG_NONULL, std::move(prompt), base, std::move(keywords));
+}
+MaybeAsked<AcGePoint3d> Command::pointOrEnter(std::string prompt, Base base, std::string keywords) const {
+  return askPoint<MaybeReply>(0, std::move(prompt), base, std::move(keywords));
+}
+MaybeAsked<AcGePoint3d> Command::pointOrWord(std::string prompt, std::string keywords) const {
+  return askPoint<MaybeReply>(RSG_OTHER, std::move(prompt), {}, std::move(keywords));
 }
 Asked<AcGePoint3d> Command::corner(std::string prompt, const AcGePoint3d& opposite, std::string keywords) const {
-  return Asked<AcGePoint3d>([opposite, prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, AcGePoint3d& value) {
-    p.initGet(0, keywords);
-    return p.getPoint(opposite, prompt, value, true);
-  });
-}
-Asked<AcGePoint3d> Command::pointOrWord(std::string prompt, std::string keywords) const {
-  return Asked<AcGePoint3d>([prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, AcGePoint3d& value) {
-    p.initGet(RSG_OTHER, keywords);
-    return p.getPoint({}, prompt, value);
-  });
+  return Asked<AcGePoint3d>(
+      [opposite, prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, AcGePoint3d& value) {
+        p.initGet(RSG_NONULL, keywords);
+        return p.getPoint(opposite, prompt, value, true);
+      });
 }
 Asked<double> Command::distance(std::string prompt, Base base, std::string keywords) const {
-  return Asked<double>([base, prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, double& value) {
-    p.initGet(0, keywords);
-    return p.getDistance(base, prompt, value);
-  });
+  return askDistance<Reply>(RSG_NONULL, std::move(prompt), base, std::move(keywords));
+}
+MaybeAsked<double> Command::distanceOrEnter(std::string prompt, Base base, std::string keywords) const {
+  return askDistance<MaybeReply>(0, std::move(prompt), base, std::move(keywords));
 }
 Asked<double> Command::angle(std::string prompt, Base base, std::string keywords) const {
-  return Asked<double>([base, prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, double& value) {
-    p.initGet(0, keywords);
-    return p.getAngle(base, prompt, value);
-  });
+  return askAngle<Reply>(RSG_NONULL, std::move(prompt), base, std::move(keywords));
+}
+MaybeAsked<double> Command::angleOrEnter(std::string prompt, Base base, std::string keywords) const {
+  return askAngle<MaybeReply>(0, std::move(prompt), base, std::move(keywords));
 }
 Asked<double> Command::real(std::string prompt, std::string keywords) const {
-  return Asked<double>([prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, double& value) {
-    p.initGet(0, keywords);
-    return p.getReal(prompt, value);
-  });
+  return askReal<Reply>(RSG_NONULL, std::move(prompt), std::move(keywords));
+}
+MaybeAsked<double> Command::realOrEnter(std::string prompt, std::string keywords) const {
+  return askReal<MaybeReply>(0, std::move(prompt), std::move(keywords));
 }
 Asked<int> Command::integer(std::string prompt, std::string keywords) const {
-  return Asked<int>([prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, int& value) {
-    p.initGet(0, keywords);
-    return p.getInteger(prompt, value);
-  });
+  return askInteger<Reply>(RSG_NONULL, std::move(prompt), std::move(keywords));
+}
+MaybeAsked<int> Command::integerOrEnter(std::string prompt, std::string keywords) const {
+  return askInteger<MaybeReply>(0, std::move(prompt), std::move(keywords));
 }
 Asked<std::string> Command::word(std::string prompt) const {
-  return Asked<std::string>([prompt = std::move(prompt)](Prompter& p, std::string& value) { return p.getText(false, prompt, value); });
+  return Asked<std::string>(
+      [prompt = std::move(prompt)](Prompter& p, std::string& value) { return p.getText(false, prompt, value); });
 }
 Asked<std::string> Command::line(std::string prompt) const {
-  return Asked<std::string>([prompt = std::move(prompt)](Prompter& p, std::string& value) { return p.getText(true, prompt, value); });
+  return Asked<std::string>(
+      [prompt = std::move(prompt)](Prompter& p, std::string& value) { return p.getText(true, prompt, value); });
 }
-Asked<int> Command::keyword(std::string prompt, std::string keywords) const {
-  return Asked<int>([prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, int&) {
+MaybeAsked<int> Command::keyword(std::string prompt, std::string keywords) const {
+  return MaybeAsked<int>([prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, int&) {
     p.initGet(0, keywords);
     return p.getKeyword(prompt);
   });
 }
-Asked<PickedEntity> Command::entity(std::string prompt, std::string keywords) const {
-  return Asked<PickedEntity>([prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, PickedEntity& value) {
-    p.initGet(0, keywords);
-    const AcGePoint3d nowhere(HUGE_VAL, HUGE_VAL, HUGE_VAL);
-    value.point = nowhere;
-    const Answer answer = p.getEntity(prompt, value.id, value.point);
-    value.byPoint = value.point.x != HUGE_VAL;
-    if (!value.byPoint) value.point = {};
-    return answer;
-  });
+MaybeAsked<PickedEntity> Command::entity(std::string prompt, std::string keywords) const {
+  return MaybeAsked<PickedEntity>(
+      [prompt = std::move(prompt), keywords = std::move(keywords)](Prompter& p, PickedEntity& value) {
+        p.initGet(0, keywords);
+        const AcGePoint3d nowhere(HUGE_VAL, HUGE_VAL, HUGE_VAL);
+        value.point = nowhere;
+        const Answer answer = p.getEntity(prompt, value.id, value.point);
+        value.byPoint = value.point.x != HUGE_VAL;
+        if (!value.byPoint) value.point = {};
+        return answer;
+      });
 }
-Asked<std::shared_ptr<SelectionSet>> Command::objects(bool single) const {
+MaybeAsked<std::shared_ptr<SelectionSet>> Command::objects(bool single) const {
   if (!single)
     if (auto chosen = takeSelectedBefore(document))
-      return Asked<std::shared_ptr<SelectionSet>>([chosen](Prompter&, std::shared_ptr<SelectionSet>& set) {
+      return MaybeAsked<std::shared_ptr<SelectionSet>>([chosen](Prompter&, std::shared_ptr<SelectionSet>& set) {
         set = chosen;
         return Answer::value;
       });
   const auto prompt = std::make_shared<SelectionPrompt>(document, SelectionFilter(), single);
-  return Asked<std::shared_ptr<SelectionSet>>([this, prompt](Prompter&, std::shared_ptr<SelectionSet>& set) {
+  return MaybeAsked<std::shared_ptr<SelectionSet>>([this, prompt](Prompter&, std::shared_ptr<SelectionSet>& set) {
     const Answer answer = prompt->run();
     if (answer == Answer::value) set = document.previousSelection = prompt->set();
     return answer;
@@ -108,7 +156,23 @@ void Command::copies(const SelectionSet& set, const AcGeMatrix3d& matrix, AcDbOb
     if (!stub->is(AcDbStub::kErased)) sources.push_back(stub);
   AcDbStub* owner = block.isNull() ? document.database().currentSpaceId() : block;
   if (!owner) fail("Les objets n'ont pas pu être copiés.");
+  needTransformable(set, matrix);
   cloneAll(document.imp(), sources, *owner, [&](AcDbEntity& copy) { copy.transformBy(matrix); });
+}
+
+void Command::transform(const SelectionSet& set, const AcGeMatrix3d& matrix) const {
+  needTransformable(set, matrix);
+  change(set, [&](AcDbEntity& entity) { entity.transformBy(matrix); });
+}
+
+void Command::needTransformable(const SelectionSet& set, const AcGeMatrix3d& matrix) const {
+  for (AcDbStub* stub : set.list()) {
+    if (stub->is(AcDbStub::kErased)) continue;
+    const auto* entity = AcDbEntity::cast(&document.imp().object(*stub));
+    if (entity && !canTransform(*entity, matrix))
+      fail(std::string(document.imp().typeName(*stub)) + " (" + handleText(stub->handle) +
+           ") ne peut pas être transformé ainsi: rien n'a été modifié.");
+  }
 }
 
 void Command::change(const SelectionSet& set, const std::function<void(AcDbEntity&)>& work) const {

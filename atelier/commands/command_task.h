@@ -4,6 +4,7 @@
 #include <coroutine>
 #include <exception>
 #include <functional>
+#include <stdexcept>
 #include <string>
 #include <utility>
 
@@ -54,34 +55,62 @@ class CommandTask {
   std::coroutine_handle<promise_type> handle_;
 };
 
-// An answer: a value, or a keyword, or neither (Enter).
+// The answer to a question that demands one: a value, or a keyword.
 template <class VALUE>
 struct Reply {
-  Answer answer = Answer::none;
   VALUE value{};
   std::string keyword;
-  bool given() const { return answer == Answer::value; }
-  bool is(std::string_view word) const { return answer == Answer::keyword && keyword == word; }
-  VALUE valueOr(VALUE otherwise) const { return given() ? value : otherwise; }
+  bool is(std::string_view word) const { return keyword == word; }
+  bool isKeyword() const { return !keyword.empty(); }
+  void take(Answer, VALUE given, std::string word) { value = std::move(given), keyword = std::move(word); }
 };
 
+// The answer to a question that may be left open by Enter. There is no value to take by mistake.
 template <class VALUE>
+class MaybeReply {
+ public:
+  bool given() const { return answer_ == Answer::value; }
+  bool is(std::string_view word) const { return isKeyword() && keyword_ == word; }
+  bool isKeyword() const { return answer_ == Answer::keyword; }
+  const std::string& keyword() const { return keyword_; }
+  VALUE valueOr(VALUE otherwise) const { return given() ? value_ : otherwise; }
+  // Only once given() said so.
+  const VALUE& operator*() const {
+    if (!given()) throw std::logic_error("no answer was given");
+    return value_;
+  }
+  const VALUE* operator->() const { return &**this; }
+  void take(Answer answer, VALUE given, std::string word) {
+    answer_ = answer, value_ = std::move(given), keyword_ = std::move(word);
+  }
+
+ private:
+  Answer answer_ = Answer::none;
+  VALUE value_{};
+  std::string keyword_;
+};
+
+template <class VALUE, template <class> class REPLY = Reply>
 class Asked : public Question {
  public:
   using Ask = std::function<Answer(Prompter&, VALUE&)>;
   explicit Asked(Ask how) : ask_(std::move(how)) {}
   Answer ask(Prompter& prompter) override {
-    reply_.answer = ask_(prompter, reply_.value);
-    if (reply_.answer == Answer::keyword) reply_.keyword = prompter.lastKeyword();
-    return reply_.answer;
+    VALUE value{};
+    const Answer answer = ask_(prompter, value);
+    reply_.take(answer, std::move(value), answer == Answer::keyword ? prompter.lastKeyword() : std::string());
+    return answer;
   }
   bool await_ready() const noexcept { return false; }
   void await_suspend(std::coroutine_handle<CommandTask::promise_type> waiting) { waiting.promise().question = this; }
-  Reply<VALUE> await_resume() { return std::move(reply_); }
+  REPLY<VALUE> await_resume() { return std::move(reply_); }
 
  private:
   Ask ask_;
-  Reply<VALUE> reply_;
+  REPLY<VALUE> reply_;
 };
+
+template <class VALUE>
+using MaybeAsked = Asked<VALUE, MaybeReply>;
 
 }  // namespace atelier

@@ -25,6 +25,13 @@ std::wstring limitText(double limit) {
   return toWide(std::string_view(text, end));
 }
 
+// A number as users type it: one comma may stand for the decimal point.
+std::optional<double> typedNumber(std::string text) {
+  if (const auto comma = text.find(','); comma != std::string::npos && text.find('.') == std::string::npos)
+    text[comma] = '.';
+  return parseReal(text);
+}
+
 }  // namespace
 
 void deliver(dialogues::Dialog& dialog, const std::function<void()>& action) {
@@ -56,7 +63,7 @@ bool readNumber(Edit& edit, double& value, double least, double most) {
     messageBox(text, L"", Icon::warning);
     return false;
   };
-  const auto number = parseReal(toUtf8(edit.value()));
+  const auto number = typedNumber(toUtf8(edit.value()));
   if (!number || !std::isfinite(*number)) return complain(L"Entrez un nombre.");
   if (*number < least || *number > most)
     return complain(L"Entrez un nombre compris entre " + limitText(least) + L" et " + limitText(most) + L".");

@@ -201,7 +201,8 @@ Answer Prompter::ask(PromptInfo prompt, const char* expected, TAKE take) {
       return Answer::keyword;
     }
     if (prompt.wantsPoint && isSnapMode(input.text)) continue;
-    if (source && source->takesBack(input) && !(flags & RSG_NONULL)) return Answer::none;
+    // A script's line that is the next command ends the prompt, or the command where an answer is demanded.
+    if (source && source->takesBack(input)) return flags & RSG_NONULL ? Answer::cancel : Answer::none;
     document_.print(std::string("\n") + expected);
   }
 }

@@ -1,5 +1,5 @@
-;; Layers and entities of the front-end. Everything that it draws stands on a layer of its own kind.
-;; The makers give the entity's name.
+;; Layers and entities of the front-end. Everything that it draws stands on a layer of its own kind: each layer is marked with
+;; the name that it was made with, by which it is found again after a renaming. The makers give the entity's name.
 
 ;; name, colour, line weight in hundredths of a millimetre
 (setq plv-calques
@@ -7,16 +7,45 @@
     ("PLV-MATRICE" 7 18) ("PLV-TITRES" 7 25) ("PLV-PROJET" 1 50) ("PLV-COTES" 1 18) ("PLV-PLAN" 6 25)
     ("PLV-HACHURES" 7 13) ("PLV-LEGENDE" 7 18)))
 
+(setq plv-calques:cle "CALQUE")
+
+(defun plv-calques:marque (entite) (cdr (plv-cle plv-calques:cle (plv-paires entite))))
+
+(defun plv-calques:marquer (calque)
+  (plv-ecrire-donnees (tblobjname "LAYER" (car calque)) plv-app-cles
+    (list (cons 1000 plv-calques:cle) (cons 1000 (car calque)))))
+
+(defun plv-calques:creer (calque)
+  (regapp plv-app-cles)
+  (entmake (list '(0 . "LAYER") (cons 2 (car calque)) '(70 . 0) (cons 62 (cadr calque)) '(6 . "Continuous") (cons 370 (caddr calque))))
+  (plv-calques:marquer calque))
+
+(defun plv-calques:renomme (nom / calque trouve)
+  "The name that a layer has now."
+  (setq calque (tblnext "LAYER" T))
+  (while (and calque (not trouve))
+    (if (= (plv-calques:marque (tblobjname "LAYER" (plv-cle 2 calque))) nom) (setq trouve (plv-cle 2 calque)))
+    (setq calque (tblnext "LAYER")))
+  trouve)
+
+(defun plv-calque (nom)
+  "The layer that bears one of the names above, or bore it when it was made; it is made when there is none."
+  (cond
+    ((or (tblsearch "LAYER" nom) (not (assoc nom plv-calques))) nom)
+    ((plv-calques:renomme nom))
+    (T (plv-calques:creer (assoc nom plv-calques)) nom)))
+
 (defun plv-creer-calques ()
+  "All layers, also those of a drawing whose layers have no mark yet."
+  (regapp plv-app-cles)
   (foreach calque plv-calques
-    (if (not (tblsearch "LAYER" (car calque)))
-      (entmake (list '(0 . "LAYER") (cons 2 (car calque)) '(70 . 0) (cons 62 (cadr calque)) '(6 . "Continuous")
-                     (cons 370 (caddr calque)))))))
+    (if (and (= (plv-calque (car calque)) (car calque)) (not (plv-calques:marque (tblobjname "LAYER" (car calque)))))
+      (plv-calques:marquer calque))))
 
 (defun plv-avec-calque (calque fonction / ancien resultat)
   "Runs a function while the layer is current; the former one is current again afterwards."
   (setq ancien (getvar "CLAYER"))
-  (setvar "CLAYER" calque)
+  (setvar "CLAYER" (plv-calque calque))
   (setq resultat (vl-catch-all-apply fonction '()))
   (setvar "CLAYER" ancien)
   (if (vl-catch-all-error-p resultat)
@@ -26,13 +55,13 @@
 (defun plv-point (x y) (list (float x) (float y) 0.0))
 
 (defun plv-ligne (calque depart arrivee)
-  (entmakex (list '(0 . "LINE") (cons 8 calque) (cons 10 depart) (cons 11 arrivee))))
+  (entmakex (list '(0 . "LINE") (cons 8 (plv-calque calque)) (cons 10 depart) (cons 11 arrivee))))
 
 ;; justification: 0 left, 1 centred, 2 right; rotation in radians
 (defun plv-texte (calque point hauteur texte justification rotation)
   (entmakex
     (append
-      (list '(0 . "TEXT") (cons 8 calque) (cons 10 point) (cons 40 hauteur) (cons 1 texte) (cons 50 rotation))
+      (list '(0 . "TEXT") (cons 8 (plv-calque calque)) (cons 10 point) (cons 40 hauteur) (cons 1 texte) (cons 50 rotation))
       (if (= justification 0) nil (list (cons 72 justification) (cons 11 point))))))
 
 (defun plv-largeur-texte (texte hauteur / coins)
@@ -44,7 +73,7 @@
 (defun plv-polyligne (calque points)
   "A light polyline through points of the drawing."
   (entmakex
-    (append (list '(0 . "LWPOLYLINE") '(100 . "AcDbEntity") (cons 8 calque) '(100 . "AcDbPolyline") (cons 90 (length points)) '(70 . 0))
+    (append (list '(0 . "LWPOLYLINE") '(100 . "AcDbEntity") (cons 8 (plv-calque calque)) '(100 . "AcDbPolyline") (cons 90 (length points)) '(70 . 0))
             (mapcar '(lambda (p) (list 10 (car p) (cadr p))) points))))
 
 (defun plv-origine (entite)
@@ -77,7 +106,7 @@
       (entmake '((0 . "ENDBLK"))))))
 
 (defun plv-inserer (calque nom point)
-  (entmakex (list '(0 . "INSERT") (cons 8 calque) (cons 2 nom) (cons 10 point))))
+  (entmakex (list '(0 . "INSERT") (cons 8 (plv-calque calque)) (cons 2 nom) (cons 10 point))))
 
 ;; --- entities that a piece of work adds
 

@@ -1,4 +1,4 @@
-;; Lines of delimited text: the separator is recognised, then each line is cut into fields.
+;; Lines of delimited text, read and written: the separator is recognised, then each line is cut into fields.
 ;; Comma, semicolon, tab or blanks; a comma between digits is a decimal comma when another separator is there.
 
 (defun plv-lire-lignes (chemin / fichier ligne lignes)
@@ -42,3 +42,24 @@
         (setq champs (cons (vl-string-trim " \t\"" (substr ligne 1 fin)) champs)
               ligne (substr ligne (+ fin 2))))
       (reverse (cons (vl-string-trim " \t\"" ligne) champs)))))
+
+;; --- writing
+
+(defun plv-ligne-csv (textes) (plv-joindre textes ";"))
+
+(defun plv-ecrire-lignes (fichier lignes / temporaire f ancien)
+  "Writes lines beside the file and puts them in its place; the former file becomes .bak."
+  (setq temporaire (strcat fichier ".tmp"))
+  (cond
+    ((not (setq f (open temporaire "w"))) (plv-erreur (strcat "écriture impossible: " fichier)))
+    (T
+     (foreach ligne lignes (write-line ligne f))
+     (close f)
+     (if (findfile fichier)
+       (progn
+         (setq ancien (strcat fichier ".bak"))
+         (if (findfile ancien) (vl-file-delete ancien))
+         (vl-file-rename fichier ancien)))
+     (if (vl-file-rename temporaire fichier)
+       (progn (plv-dire (strcat fichier ": " (plv-compte (1- (length lignes)) "ligne") ".")) T)
+       (plv-erreur (strcat "écriture impossible: " fichier))))))

@@ -21,9 +21,17 @@
 
 ;; --- numbers and texts
 
+(defun plv-sans-moins-zero (texte)
+  "The text of a number; a zero has no minus."
+  (if (and (wcmatch texte "-*") (not (wcmatch texte "*[1-9]*"))) (substr texte 2) texte))
+
 (defun plv-reel (valeur decimales)
   "A real with so many decimals and a point, whatever the drawing's units."
-  (pl_distToPk (float valeur) decimales 0))
+  (plv-sans-moins-zero (pl_distToPk (float valeur) decimales 0)))
+
+(defun plv-compte (nombre mots)
+  "A number with what it counts, each word in the plural from two on."
+  (strcat (itoa nombre) " " (if (> nombre 1) (strcat (plv-remplacer mots " " "s ") "s") mots)))
 
 (defun plv-partie-entiere (valeur / entier)
   "The greatest integer that is not above the value."

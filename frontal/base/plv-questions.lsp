@@ -18,13 +18,21 @@
   (setq reponse (getkword (strcat "\n" question " [" (plv-joindre mots "/") "] <" defaut ">: ")))
   (cond (reponse) (defaut)))
 
+(defun plv-demander-nombre-libre (question defaut decimales / texte nombre)
+  "A number with a decimal point or comma; Enter takes the default. Asked again until it can be read."
+  (while (not nombre)
+    (setq texte (plv-demander-texte (strcat question " <" (plv-reel defaut decimales) ">") nil)
+          nombre (if (= texte "") defaut (plv-nombre texte)))
+    (if (not nombre) (plv-dire "Un nombre est attendu.")))
+  nombre)
+
 (defun plv-couple (texte / nombres)
-  "The two numbers of a text a,b; nil for anything else."
-  (setq nombres (mapcar 'plv-nombre (plv-couper texte ",")))
+  "The two numbers of a text a,b, or a;b where the comma may be decimal; nil for anything else."
+  (setq nombres (mapcar 'plv-nombre (plv-couper texte (if (vl-string-search ";" texte) ";" ","))))
   (if (and (= (length nombres) 2) (not (member nil nombres))) nombres))
 
 (defun plv-dire-couple ()
-  (plv-dire "Deux nombres séparés par une virgule sont attendus, avec un point décimal."))
+  (plv-dire "Deux nombres séparés par une virgule sont attendus, avec un point décimal, ou par un point-virgule."))
 
 (defun plv-demander-couple (question / texte nombres)
   "Two numbers typed as a,b; nil for an empty answer. Asked again until it can be read."

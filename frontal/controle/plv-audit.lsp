@@ -1,13 +1,13 @@
 ;; Faults in the records of profiles and matrices: missing keys, handles that name nothing, chains that break or come
 ;; round to themselves, matrices whose parts are gone. kavel --audit calls plv-audit and counts what it gives.
-;; Codes are stable: P01 to P04 see plv-chaines, P05 natural ground, P06 matrix record, P07 list of project elements, P08 list
-;; of static elements.
+;; Codes are stable: P01 to P04 and P09 see plv-chaines, P05 natural ground, P06 matrix record, P07 list of project elements, P08 list
+;; of static elements, P10 a profile that lost its number.
 
 ;; --- each check gives a list of findings, in the order of the records
 
 (defun plv-audit:dire (profil constat genre)
   (plv-dire (strcat (plv-constat-code constat) " " genre " " (plv-constat-handle constat) " profil "
-                    (plv-numero-profil profil) ": " (plv-constat-texte constat))))
+                    (cond ((plv-numero-profil profil)) ("sans numéro")) ": " (plv-constat-texte constat))))
 
 (defun plv-audit:cles (profil / paires)
   "The keys that a profile of another program may go without, but that it is better off with."
@@ -27,14 +27,12 @@
     ((not (plv-matrice-nom reference))
      (plv-constat "P06" reference "le bloc d'une matrice n'a pas d'enregistrement INFO_MATRICE"))))
 
-(setq plv-audit:courbes "LINE,*POLYLINE,SPLINE,ARC,CIRCLE,ELLIPSE,RAY,XLINE,HELIX,LEADER")
-
 (defun plv-audit:element (support g)
   (cond
     ((/= (car g) 330)
      (plv-constat "P07" support (strcat "ELEMS_PROJET_KAVEL a un groupe " (itoa (car g)) " au lieu de 330")))
     ;; Erased elements drop out at the next writing: only what lives and is no curve is a fault.
-    ((and (plv-existe (cdr g)) (not (wcmatch (plv-type (cdr g)) plv-audit:courbes)))
+    ((and (plv-existe (cdr g)) (not (plv-courbe-p (cdr g))))
      (plv-constat "P07" support (strcat "ELEMS_PROJET_KAVEL nomme une entité " (plv-type (cdr g)))))))
 
 (defun plv-audit:support (support)
@@ -61,7 +59,13 @@
   (foreach c constats (foreach constat (cdr c) (plv-audit:dire (car c) constat genre)))
   (apply '+ (cons 0 (mapcar '(lambda (c) (length (cdr c))) constats))))
 
-(defun plv-audit:tous () (mapcar '(lambda (profil) (cons profil (plv-constats profil))) (plv-profils)))
+(defun plv-audit:sans-numero (reference)
+  (plv-constat "P10" reference "le bloc a perdu l'attribut NUMPL: il est à insérer à nouveau avec cet attribut"))
+
+(defun plv-audit:tous ()
+  "(profile finding ...) for each profile, those that lost their number last."
+  (append (mapcar '(lambda (profil) (cons profil (plv-constats profil))) (plv-profils))
+          (mapcar '(lambda (reference) (cons reference (plv-audit:sans-numero reference))) (plv-profils-sans-numero))))
 
 (defun plv-audit (/ nombre)
   "Prints the findings on all profiles and gives their number."
@@ -69,16 +73,22 @@
   (if (> nombre 0) (terpri))
   nombre)
 
-(defun plv-audit-reparer (/ avant)
-  "Mends what can be mended, prints it, then the findings that are left, and gives the number of these."
+(defun plv-audit:reparer (/ avant apres)
+  "Mends what can be mended, prints it and gives the number of findings that are gone."
   (setq avant (plv-audit:tous))
-  (foreach c avant
-    (plv-reparer-profil (car c))
-    (plv-oublier-tables (car c)))
+  (foreach profil (plv-profils)
+    (plv-reparer-profil profil)
+    (plv-oublier-tables profil))
+  (setq apres (plv-audit:tous))
   (plv-audit:dire-tous "réparé"
-    (mapcar
-      '(lambda (c / reste)
-         (setq reste (plv-constats (car c)))
-         (cons (car c) (vl-remove-if '(lambda (constat) (member constat reste)) (cdr c))))
-      avant))
+    (mapcar '(lambda (c) (cons (car c) (vl-remove-if '(lambda (constat) (member constat (plv-cle (car c) apres))) (cdr c)))) avant)))
+
+(defun plv-audit-reparer ()
+  "Mends what can be mended, prints it, then the findings that are left, and gives the number of these."
+  (plv-audit:reparer)
   (plv-audit))
+
+(defun plv-audit-bilan (reparer / repares)
+  "What the program counts: (findings-left findings-mended)."
+  (setq repares (if reparer (plv-audit:reparer) 0))
+  (list (plv-audit) repares))

@@ -3,12 +3,12 @@
 
 (defun plv-rapport:matrices (profil)
   (foreach reference (plv-tables profil)
-    (plv-dire (strcat "    matrice " (plv-matrice-nom reference) ": " (itoa (plv-matrice-nombre (plv-matrice reference))) " lignes"))))
+    (plv-dire (strcat "    matrice " (plv-matrice-nom reference) ": " (plv-compte (plv-matrice-nombre (plv-matrice reference)) "ligne")))))
 
 (defun plv-rapport:projets (profil / elements)
   (foreach genre (plv-genres)
     (if (setq elements (plv-elements profil genre))
-      (plv-dire (strcat "    projet " genre ": " (itoa (length elements)) " éléments, dont "
+      (plv-dire (strcat "    projet " genre ": " (plv-compte (length elements) "élément") ", dont "
                         (itoa (length (plv-elements-du-projet profil genre))) " du projet")))))
 
 (defun plv-rapport:profil (profil)
@@ -23,7 +23,7 @@
 
 (defun plv-rapport:decrire (profil / points faute)
   (setq points (plv-points-tn profil))
-  (plv-dire (strcat "  " (plv-numero-profil profil) ": " (itoa (length points)) " points, longueur "
+  (plv-dire (strcat "  " (plv-numero-profil profil) ": " (plv-compte (length points) "point") ", longueur "
                     (plv-reel (if points (car (plv-dernier points)) 0.0) 2) " m, hauteurs x " (plv-reel (plv-echv profil) 1)))
   (if (setq faute (plv-rapport:abime profil))
     (plv-dire (strcat "    " faute))
@@ -34,5 +34,7 @@
   (setq profils (plv-profils))
   (princ (strcat "Profils: " (itoa (length profils))))
   (foreach profil profils (plv-rapport:decrire profil))
+  (foreach perdu (plv-profils-sans-numero)
+    (plv-dire (strcat "  bloc " (plv-handle perdu) ": il a perdu l'attribut NUMPL de son profil")))
   (terpri)
   (princ))

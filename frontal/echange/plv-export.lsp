@@ -79,38 +79,19 @@
        (setq ecrit (vl-catch-all-apply 'landxml-ecrire (list fichier (plv-nom-dessin) (mapcar 'plv-export:axe profils)))))
      (plv-erreur (vl-catch-all-error-message ecrit)))
     (T
-     (plv-dire (strcat fichier ": " (itoa (length profils)) (if (cdr profils) " profils" " profil") ", LandXML 1.2."))
+     (plv-dire (strcat fichier ": " (plv-compte (length profils) "profil") ", LandXML 1.2."))
      T)))
 
 ;; --- delimited text
 
-(defun plv-export:ecrire-lignes (fichier lignes / temporaire f ancien)
-  "Writes lines beside the file and puts them in its place; the former file becomes .bak."
-  (setq temporaire (strcat fichier ".tmp"))
-  (cond
-    ((not (setq f (open temporaire "w"))) (plv-erreur (strcat "écriture impossible: " fichier)))
-    (T
-     (foreach ligne lignes (write-line ligne f))
-     (close f)
-     (if (findfile fichier)
-       (progn
-         (setq ancien (strcat fichier ".bak"))
-         (if (findfile ancien) (vl-file-delete ancien))
-         (vl-file-rename fichier ancien)))
-     (if (vl-file-rename temporaire fichier)
-       (progn (plv-dire (strcat fichier ": " (itoa (1- (length lignes))) " lignes.")) T)
-       (plv-erreur (strcat "écriture impossible: " fichier))))))
-
-(defun plv-export:ligne (textes) (plv-joindre textes ";"))
-
 (defun plv-export-terrain (profil fichier / origine)
   "The ground as distance;altitude;nom lines."
   (setq origine (plv-premiere-station profil))
-  (plv-export:ecrire-lignes fichier
+  (plv-ecrire-lignes fichier
     (cons "distance;altitude;nom"
       (mapcar
         '(lambda (p)
-           (plv-export:ligne
+           (plv-ligne-csv
              (list (plv-reel (+ origine (car p)) 6) (plv-reel (cadr p) 6) (plv-remplacer (plv-point-nom p) ";" ","))))
         (plv-points-nommes profil)))))
 
@@ -127,11 +108,11 @@
     ((not suites) (plv-erreur (strcat "pas de ligne de projet du genre " genre)))
     (T
      (if (cdr suites) (plv-dire "La ligne de projet est interrompue: sa première partie est écrite."))
-     (plv-export:ecrire-lignes fichier
+     (plv-ecrire-lignes fichier
        (cons "station;altitude;raccordement;forme"
          (mapcar
            '(lambda (s)
-              (plv-export:ligne (vl-list* (plv-reel (+ origine (car s)) 6) (plv-reel (cadr s) 6) (plv-export:raccord (plv-demande-de s)))))
+              (plv-ligne-csv (vl-list* (plv-reel (+ origine (car s)) 6) (plv-reel (cadr s) 6) (plv-export:raccord (plv-demande-de s)))))
            (car suites)))))))
 
 ;; --- the command

@@ -1,7 +1,7 @@
 ;; PLV-LEGENDE: the depth classes of a profile as a block beside it: colour, limits, length, surface, volume.
 ;; Each kind of line has its own. The block is made anew each time, and its reference in the drawing goes with it.
 
-(setq plv-legende:calque "PLV-LEGENDE")
+(setq plv-legende:calque "PLV-LEGENDE" plv-legende:opaque 33554687)
 
 ;; titles of the columns and their widths in text heights; the first column is the colour's
 (setq plv-legende:colonnes '(("" 5.0) ("Profondeur (m)" 13.0) ("Longueur (m)" 12.0) ("Surface (m2)" 12.0) ("Volume (m3)" 12.0)))
@@ -59,18 +59,19 @@
 ;; --- drawing, from (0 0), the upper left corner, in text heights times h
 
 (defun plv-legende:trait (x1 y1 x2 y2)
-  (entmake (list '(0 . "LINE") (cons 8 plv-legende:calque) (cons 10 (plv-point x1 y1)) (cons 11 (plv-point x2 y2)))))
+  (entmake (list '(0 . "LINE") (cons 8 (plv-calque plv-legende:calque)) (cons 10 (plv-point x1 y1)) (cons 11 (plv-point x2 y2)))))
 
 (defun plv-legende:ecrire (x y h texte justification)
   (entmake
     (append
-      (list '(0 . "TEXT") (cons 8 plv-legende:calque) (cons 10 (plv-point x y)) (cons 40 h) (cons 1 texte))
+      (list '(0 . "TEXT") (cons 8 (plv-calque plv-legende:calque)) (cons 10 (plv-point x y)) (cons 40 h) (cons 1 texte))
       (if (= justification 0) nil (list (cons 72 justification) (cons 11 (plv-point x y)))))))
 
 (defun plv-legende:pastille (x1 y1 x2 y2 couleur)
   "A filled rectangle as clear as the module's hatches, in an outline."
   (entmake
-    (list '(0 . "HATCH") '(100 . "AcDbEntity") (cons 8 plv-legende:calque) (cons 62 couleur) (cons 440 (+ 33554432 90)) '(100 . "AcDbHatch")
+    (list '(0 . "HATCH") '(100 . "AcDbEntity") (cons 8 (plv-calque plv-legende:calque)) (cons 62 couleur)
+          (cons 440 (cond (plv-metres:transparence) (plv-legende:opaque))) '(100 . "AcDbHatch")
           '(10 0.0 0.0 0.0) '(210 0.0 0.0 1.0) '(2 . "SOLID") '(70 . 1) '(71 . 0) '(91 . 1) '(92 . 3) '(72 . 0) '(73 . 1) '(93 . 4)
           (list 10 x1 y1) (list 10 x2 y1) (list 10 x2 y2) (list 10 x1 y2) '(97 . 0) '(75 . 0) '(76 . 1) '(98 . 0)))
   (plv-legende:trait x1 y1 x2 y1)

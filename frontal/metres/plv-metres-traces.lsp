@@ -13,12 +13,9 @@
 
 ;; --- from the drawing
 
-(defun plv-traces:sommets (entite / groupes)
-  "The vertices of a line or a polyline of straight pieces; nil for a curve."
-  (setq groupes (entget entite))
-  (cond ((= (plv-cle 0 groupes) "LINE") (list (plv-cle 10 groupes) (plv-cle 11 groupes)))
-        ((and (= (plv-cle 0 groupes) "LWPOLYLINE") (vl-every '(lambda (b) (equal b 0.0 1e-12)) (plv-cles 42 groupes)))
-         (plv-cles 10 groupes))))
+(defun plv-traces:sommets (entite)
+  "The vertices of a curve of straight pieces; nil for another."
+  (plv-forme-droite (plv-forme-de entite)))
 
 (defun plv-traces:point-de-courbe (cadre entite d / y)
   "A point of a curve; beside an end when rounding puts the upright just off it."
@@ -31,14 +28,22 @@
   (repeat 199 (setq i (1+ i) stations (cons (+ d1 (* (- d2 d1) (/ i 200.0))) stations)))
   stations)
 
-(defun plv-traces:points-de-courbe (profil cadre entite distances / pieces d1 d2)
+(defun plv-traces:points-de-courbe (cadre entite forme distances / d1 d2)
   "Points of a curve: its ends, points close to each other, and those at distances, among which are its vertices."
-  (if (setq pieces (plv-pentes-de profil entite))
-    (progn
-      (setq d1 (apply 'min (mapcar 'plv-debut pieces)) d2 (apply 'max (mapcar 'plv-fin pieces)))
-      (vl-remove nil
-        (mapcar '(lambda (d) (plv-traces:point-de-courbe cadre entite d))
-          (vl-sort (append (list d1 d2) (plv-traces:stations d1 d2) (vl-remove-if-not '(lambda (d) (< (+ d1 1e-6) d (- d2 1e-6))) distances)) '<))))))
+  (setq d1 (plv-distance cadre (plv-forme-depart forme)) d2 (plv-distance cadre (plv-forme-arrivee forme)))
+  (vl-remove nil
+    (mapcar '(lambda (d) (plv-traces:point-de-courbe cadre entite d))
+      (vl-sort (append (list d1 d2) (plv-traces:stations (min d1 d2) (max d1 d2))
+                       (vl-remove-if-not '(lambda (d) (< (+ (min d1 d2) 1e-6) d (- (max d1 d2) 1e-6))) distances))
+               '<))))
+
+(defun plv-traces:points (cadre entite distances / forme)
+  (setq forme (plv-forme-de entite))
+  (cond
+    ((not (listp forme)) nil)
+    ((plv-traces:sommets entite))
+    ((and (= (plv-type entite) "POLYLINE") (not (plv-forme-polyligne-p forme))) (plv-forme-en-points forme))
+    ((plv-traces:points-de-courbe cadre entite forme distances))))
 
 (defun plv-traces:piece (cadre plan a b)
   "A piece between two points of the drawing, drawn over a plane."
@@ -66,18 +71,16 @@
 
 (defun plv-traces:trier (pieces) (vl-sort pieces '(lambda (a b) (< (car a) (car b)))))
 
-(defun plv-traces:pieces (profil cadre entite distances)
+(defun plv-traces:pieces (cadre entite distances)
   "The pieces of an element; those of a curve between its points at distances."
-  (plv-traces:trier
-    (plv-traces:pieces-de-points cadre
-      (cond ((plv-traces:sommets entite)) ((plv-traces:points-de-courbe profil cadre entite distances))))))
+  (plv-traces:trier (plv-traces:pieces-de-points cadre (plv-traces:points cadre entite distances))))
 
-(defun plv-traces:terrain (profil cadre distances)
+(defun plv-traces:terrain (profil cadre terrains distances)
   "The ground that the module measures to: what is attached as terrain, else the ground lines of the planes."
   (plv-traces:trier
     (apply 'append
-      (if (plv-elements profil "TN")
-        (mapcar '(lambda (e) (plv-traces:pieces profil cadre e distances)) (plv-elements profil "TN"))
+      (if terrains
+        (mapcar '(lambda (e) (plv-traces:pieces cadre e distances)) terrains)
         (mapcar '(lambda (section) (plv-traces:lignes cadre section)) (plv-sections-de-plan profil))))))
 
 (defun plv-traces:lignes (cadre section)

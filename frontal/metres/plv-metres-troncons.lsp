@@ -22,11 +22,11 @@
   "A value as it was worked out here, unless the module's rounded one is another."
   (if (equal valeur arrondie plv-metres:arrondi) valeur arrondie))
 
-(defun plv-metres:troncon (rangee hachure cadre marches / chemins haut bas)
+(defun plv-metres:troncon (rangee hachure cadre / chemins haut bas)
   "A depth section from its row and its hatch."
   (setq chemins (plv-metres:chemins (plv-metres:contour (entget hachure) cadre))
-        haut (plv-metres:avec-marches (car chemins) (car marches) nil)
-        bas (plv-metres:avec-marches (cadr chemins) (cadr marches) T))
+        haut (car chemins)
+        bas (cadr chemins))
   (list (plv-metres:rangee-classe rangee) (caar haut) (car (plv-dernier haut))
         (plv-metres:exact (abs (- (plv-metres:aire haut) (plv-metres:aire bas))) (plv-metres:rangee-surface rangee))
         haut bas (plv-metres:rangee-volume rangee)))
@@ -42,30 +42,6 @@
 (defun plv-metres:rangee-classe (rangee) (atoi (nth 4 rangee)))
 (defun plv-metres:rangee-volume (rangee) (plv-metres:nombre (nth 5 rangee)))
 (defun plv-metres:rangee-surface (rangee) (plv-metres:nombre (nth 6 rangee)))
-
-;; --- steps: the upright pieces of a line, (distance altitude-before altitude-after)
-
-(defun plv-metres:marches (points)
-  (vl-remove nil
-    (mapcar '(lambda (p q) (if (equal (car p) (car q) 1e-8) (list (car p) (cadr p) (cadr q)))) points (cdr points))))
-
-(defun plv-metres:marche-avant (marche) (list (car marche) (cadr marche)))
-(defun plv-metres:marche-apres (marche) (list (car marche) (caddr marche)))
-
-(defun plv-metres:marches-de (profil cadre genre)
-  (apply 'append (mapcar '(lambda (e) (plv-metres:marches (plv-sommets-dessines cadre e))) (plv-elements profil genre))))
-
-(defun plv-sommets-dessines (cadre entite / groupes points plan)
-  "The vertices of a line or polyline, left to right; nil for other curves."
-  (setq groupes (entget entite)
-        points (cond ((= (plv-cle 0 groupes) "LINE") (list (plv-cle 10 groupes) (plv-cle 11 groupes)))
-                     ((= (plv-cle 0 groupes) "LWPOLYLINE") (plv-cles 10 groupes))))
-  (if (cdr points)
-    (progn
-      (setq points (plv-gauche-droite points)
-            plan (plv-plan-en (plv-cadre-plans cadre)
-                   (plv-distance cadre (list (* 0.5 (+ (caar points) (car (plv-dernier points))))))))
-      (mapcar '(lambda (p) (plv-vers-profil-sur cadre plan p)) points))))
 
 ;; --- the outline of a hatch
 
@@ -89,23 +65,6 @@
   (foreach p (plv-sans-dernier contour) (setq bas (cons p bas)))
   (list (reverse haut) bas))
 
-(defun plv-metres:marche-dans (marches p d1 d2)
-  "The step at a point that lies inside a path."
-  (if (< (+ d1 1e-6) (car p) (- d2 1e-6))
-    (car (vl-member-if '(lambda (m) (equal (car m) (car p) 1e-6)) marches))))
-
-(defun plv-metres:avec-marches (chemin marches apres / d1 d2 m resultat)
-  "A path with the second point of each step inside it. An outline has one point for a step: in the upper line the one after
-it, in the lower line, which the outline goes along backwards, the one before it (apres T)."
-  (setq d1 (caar chemin) d2 (car (plv-dernier chemin)))
-  (foreach p (if marches chemin)
-    (setq m (plv-metres:marche-dans marches p d1 d2)
-          resultat (cond
-                     ((not m) (cons p resultat))
-                     (apres (vl-list* (plv-metres:marche-apres m) p resultat))
-                     (T (vl-list* p (plv-metres:marche-avant m) resultat)))))
-  (if marches (reverse resultat) chemin))
-
 (defun plv-metres:aire (points / somme a)
   "The area below a line, from the altitude 0."
   (setq somme 0.0 a (car points))
@@ -113,7 +72,6 @@ it, in the lower line, which the outline goes along backwards, the one before it
     (setq somme (+ somme (* 0.5 (- (car b) (car a)) (+ (cadr a) (cadr b)))) a b))
   somme)
 
-(defun plv-metres:du-profil (profil genre rangees hachures / cadre marches)
-  (setq cadre (plv-cadre profil)
-        marches (list (plv-metres:marches-de profil cadre "TN") (plv-metres:marches-de profil cadre genre)))
-  (mapcar '(lambda (r h) (plv-metres:troncon r h cadre marches)) rangees hachures))
+(defun plv-metres:du-profil (profil rangees hachures / cadre)
+  (setq cadre (plv-cadre profil))
+  (mapcar '(lambda (r h) (plv-metres:troncon r h cadre)) rangees hachures))

@@ -54,5 +54,5 @@
             depart (plv-optimal:bout profil "du départ" (car (car (plv-points-tn profil))) (plv-milieu (list minimum maximum)))
             arrivee (plv-optimal:bout profil "de l'arrivée" (plv-longueur-profil profil) (plv-milieu (list minimum maximum)))
             garder (= (plv-demander-mot "Garder le tracé de la recherche" '("Oui" "Non") "Non") "Oui"))
-      (if (plv-optimal profil genre depart arrivee minimum maximum garder) (plv-effacer anciens))))
+      (if (plv-optimal profil genre depart arrivee minimum maximum garder) (plv-effacer-courbes profil anciens))))
   (princ))

@@ -145,7 +145,7 @@ beside the ends, against the prolongation of the line: for a part of the profile
 (defun plv-optimal:dire-sous-plan (profil sommets / plans bas)
   "A line that falls below its plane runs through the tables."
   (setq plans (plv-plans profil)
-        bas (car (vl-member-if '(lambda (s) (< (cadr s) (plv-plan-altitude (plv-plan-en plans (car s))))) sommets)))
+        bas (car (vl-member-if '(lambda (s) (< (cadr s) (- (plv-plan-altitude (plv-plan-en plans (car s))) 1e-6))) sommets)))
   (if bas
     (plv-dire (strcat "À la station " (plv-reel (+ (plv-premiere-station profil) (car bas)) 3)
                       " elle descend sous le plan de comparaison: PLV-PC en ajoute un plus bas."))))

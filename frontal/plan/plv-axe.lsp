@@ -28,8 +28,15 @@
 (defun plv-segment-bulbe (segment) (nth 4 segment))
 (defun plv-segment-droit-p (segment) (equal (plv-segment-bulbe segment) 0.0 1e-12))
 
-(defun plv-axe:sommets (axe)
-  "The vertices as (point bulge), in order."
+(defun plv-axe:sommets (axe / forme)
+  "The vertices as (point bulge), in order; those of one that is seen from behind where they are seen."
+  (setq forme (plv-forme-de axe))
+  (if (listp forme)
+    (mapcar '(lambda (s) (list (list (car s) (cadr s)) (plv-sommet-bulbe s))) (plv-forme-elements forme))
+    (plv-axe:sommets-fermes axe)))
+
+(defun plv-axe:sommets-fermes (axe)
+  "Those of a closed polyline, which is an axis up to its last vertex."
   (reverse
     (plv-plier
       '(lambda (sommets g)

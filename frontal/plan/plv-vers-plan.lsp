@@ -23,14 +23,14 @@
         direction (plv-lieu-direction lieu)
         point (plv-point (car (plv-lieu-point lieu)) (cadr (plv-lieu-point lieu)))
         rang 0)
-  (entmake (list '(0 . "INSERT") (cons 8 plv-vers-plan:calque) '(66 . 1) (cons 2 (plv-cle 2 groupes)) (cons 10 point)
+  (entmake (list '(0 . "INSERT") (cons 8 (plv-calque plv-vers-plan:calque)) '(66 . 1) (cons 2 (plv-cle 2 groupes)) (cons 10 point)
                  (cons 41 (cond ((plv-cle 41 groupes)) (1.0))) (cons 42 (cond ((plv-cle 42 groupes)) (1.0)))))
   (foreach a (plv-attributs bloc)
-    (entmake (list '(0 . "ATTRIB") (cons 8 plv-vers-plan:calque) (cons 1 (cdr a)) (cons 2 (car a)) '(70 . 0) (cons 40 (* 0.7 ttxt))
+    (entmake (list '(0 . "ATTRIB") (cons 8 (plv-calque plv-vers-plan:calque)) (cons 1 (cdr a)) (cons 2 (car a)) '(70 . 0) (cons 40 (* 0.7 ttxt))
                    (cons 10 (polar (polar point (- direction (* 0.5 pi)) (* ttxt (+ 1.6 rang))) direction (* -0.7 ttxt)))
                    (cons 50 direction)))
     (setq rang (1+ rang)))
-  (entmake (list '(0 . "SEQEND") (cons 8 plv-vers-plan:calque))))
+  (entmake (list '(0 . "SEQEND") (cons 8 (plv-calque plv-vers-plan:calque)))))
 
 (defun plv-vers-plan:dessiner (profil segments genre ttxt / origine)
   (setq origine (car (plv-origine profil)))
@@ -52,7 +52,7 @@
              (plv-avec-calque plv-vers-plan:calque
                '(lambda () (plv-vers-plan:dessiner profil (plv-axe-segments axe) (car (plv-genres-du-projet profil)) (plv-ttxt profil)))))))
       (plv-enregistrer-entites profil plv-vers-plan:cle entites)
-      (plv-dire (strcat (itoa (length entites)) " entités portées sur l'axe en plan."))
+      (plv-dire (strcat (plv-compte (length entites) "entité portée") " sur l'axe en plan."))
       entites)
     (plv-erreur "ce profil n'a pas d'axe en plan: PLV-AXE en associe un")))
 

@@ -1,6 +1,7 @@
 ;; Whether the keys and chains of a profile are whole. The module follows a dead handle or a circle for ever, and takes a
 ;; broken chain for a shorter profile: whatever calls it looks first.
-;; Codes: P01 key missing or of no use, P02 dead handle, P03 chain in a circle, P04 section of a plane without numbers.
+;; Codes: P01 key missing or of no use, P02 dead handle, P03 chain in a circle, P04 section of a plane without numbers, P09 planes or
+;; supports of another profile.
 
 ;; --- a finding is (code handle text); each check gives a list of them
 
@@ -69,9 +70,15 @@
 (defun plv-fautes-supports (profil)
   (apply 'append (mapcar '(lambda (cle) (plv-chaines:lien profil cle)) (plv-cles-genres))))
 
+(defun plv-chaines:partage (profil / partage)
+  (if (setq partage (plv-partage profil))
+    (plv-constat "P09" profil
+      (strcat (plv-joindre (cdr partage) ", ") (if (cddr partage) " sont ceux" " est celui") " du profil " (plv-numero-profil (car partage))
+              ", dont il est la copie"))))
+
 (defun plv-fautes-profil (profil)
   "Everything for which a profile can't be worked on."
-  (append (plv-fautes-nombres profil) (plv-fautes-supports profil) (plv-fautes-plans profil)
+  (append (plv-chaines:partage profil) (plv-fautes-nombres profil) (plv-fautes-supports profil) (plv-fautes-plans profil)
           (apply 'append (mapcar 'plv-chaines:plan (plv-entites-plans profil)))))
 
 ;; --- the door
@@ -83,7 +90,9 @@
             "; kavel --audit --fix ou la commande AUDIT le répare")))
 
 (defun plv-profil-sain (profil / refus)
-  "The profile, or nil after a message."
-  (if (setq refus (plv-refus-profil profil)) (plv-erreur refus) profil))
+  "The profile, without what its records hold of another one, or nil after a message."
+  (if (setq refus (plv-refus-profil profil))
+    (plv-erreur refus)
+    (progn (plv-lacher-autrui profil) profil)))
 
 (defun plv-refus-profils (profils) (vl-some 'plv-refus-profil profils))

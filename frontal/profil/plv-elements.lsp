@@ -1,7 +1,12 @@
 ;; Project elements: the curves that belong to a kind of line, and the altitude of a project line.
 ;; Curves are read through the module (pl_glp, pl_yat); only their plane is decided here, section by section.
+;; Shared in the room: plv-elements:cle
 
 (setq plv-elements:cle "ELEMS_PROJET_KAVEL" plv-elements:cle-du-projet "ELEMDUPROJET" plv-elements:cle-rayon "RAYON")
+
+(setq plv-elements:courbes "LINE,*POLYLINE,SPLINE,ARC,CIRCLE,ELLIPSE,RAY,XLINE,HELIX,LEADER")
+
+(defun plv-courbe-p (entite) (wcmatch (plv-type entite) plv-elements:courbes))
 
 (defun plv-support (profil genre) (if (plv-cle-genre genre) (plv-nommee profil (plv-cle-genre genre))))
 
@@ -22,6 +27,13 @@
 (defun plv-ecrire-elements (profil genre entites)
   (plv-enregistrer-entites (plv-support profil genre) plv-elements:cle entites))
 
+(defun plv-rendre-elements (profil genre groupes / support)
+  "Gives a kind its record back as it was; nil for none."
+  (setq support (plv-support profil genre))
+  (if groupes
+    (plv-ecrire-enregistrement support plv-elements:cle groupes)
+    (dictremove (plv-dictionnaire support) plv-elements:cle)))
+
 (defun plv-du-projet (entite)
   "T for a curve that is part of the project, nil for one that is only attached."
   (equal (plgxd entite plv-elements:cle-du-projet) 1))
@@ -38,6 +50,15 @@
   "Kinds that have a project line, the project's own kind first."
   (vl-remove-if-not '(lambda (genre) (plv-elements-du-projet profil genre))
     (cons "Projet" (vl-remove "Projet" (vl-remove "TN" (plv-genres))))))
+
+(defun plv-genre-de (profil entite)
+  "The kind that a curve belongs to; nil for a free one."
+  (car (vl-member-if '(lambda (genre) (member entite (plv-elements profil genre))) (plv-genres))))
+
+(defun plv-refus-courbe (entite)
+  "The text for an entity that the module takes for no line of a profile; nil for one that it takes."
+  (if (not (wcmatch (plv-type entite) "LINE,LWPOLYLINE,POLYLINE,SPLINE"))
+    (strcat (plv-type entite) ": ligne, polyligne ou spline attendue")))
 
 (defun plv-genre-propose (profil)
   "The kind that a question about a project line proposes."
@@ -75,12 +96,11 @@
     (vl-remove nil (mapcar '(lambda (e) (plv-elements:situer plans (plv-pentes-de profil e) e)) (reverse (plv-elements-du-projet profil genre))))
     '(lambda (a b) (< (plv-debut a) (plv-debut b)))))
 
-(defun plv-elements:situer (plans pentes entite / d1 d2 a b)
+(defun plv-elements:situer (plans pentes entite / d1 d2)
   (if pentes
     (progn
-      (setq d1 (apply 'min (mapcar 'plv-debut pentes)) d2 (apply 'max (mapcar 'plv-fin pentes))
-            a (plv-plan-en plans (+ d1 1e-6)) b (plv-plan-en plans (- d2 1e-6)))
-      (list d1 d2 (if (equal a b) a) entite))))
+      (setq d1 (apply 'min (mapcar 'plv-debut pentes)) d2 (apply 'max (mapcar 'plv-fin pentes)))
+      (list d1 d2 (plv-plan-de plans d1 d2) entite))))
 
 ;; --- altitudes
 

@@ -1,10 +1,15 @@
 ;; What makes a profile readable: title, axis with its altitudes, names of the planes, breaks between sections.
 ;; Heights of texts and gaps are multiples of the profile's text height.
 
+(defun plv-habillage:y-titre (profil point hauteur ttxt)
+  "The title's line: room for the labels of blocks between axis and title, and it stands above all dimensions."
+  (apply 'max
+    (cons (+ (cadr point) hauteur (* 12.0 ttxt))
+          (mapcar '(lambda (b) (+ (plv-boite-haut b) (* 4.0 ttxt))) (plv-boites-cotes profil)))))
+
 (defun plv-habillage:titre (profil point hauteur ttxt longueur echv / y largeur)
   "The title above the axis: the profile's own attributes are moved there, the number to the right of the words."
-  ;; Room between axis and title for dimensions and the labels of blocks.
-  (setq y (+ (cadr point) hauteur (* 12.0 ttxt))
+  (setq y (plv-habillage:y-titre profil point hauteur ttxt)
         largeur (plv-largeur-texte (strcat plv-profil:titre " ") (* 1.4 ttxt)))
   (plv-habillage:placer profil "TITRE" (plv-point (car point) y))
   (plv-habillage:placer profil "NUMPL" (plv-point (+ (car point) largeur (* 1.4 ttxt)) y))
@@ -55,3 +60,15 @@
   (plv-effacer (plv-entites-habillage profil))
   (plv-enregistrer-entites profil plv-habillage:cle
     (plv-ajouts-de '(lambda () (plv-habillage:dessiner profil point points echv ttxt plans)))))
+
+(defun plv-rehabiller (profil)
+  "The dressing after a change of ground, planes or dimensions."
+  (plv-habiller-profil profil (plv-origine profil) (plv-points-tn profil) (plv-echv profil) (plv-ttxt profil)
+    (plv-plans profil)))
+
+(defun plv-rehausser-titre (profil / titre)
+  "The dressing anew where dimensions have grown into the title."
+  (setq titre (plv-cle 10 (plv-attribut-profil profil "TITRE")))
+  (if (and titre (plv-entites-habillage profil)
+           (vl-some '(lambda (b) (> (plv-boite-haut b) (- (cadr titre) (* 3.0 (plv-ttxt profil))))) (plv-boites-cotes profil)))
+    (plv-rehabiller profil)))

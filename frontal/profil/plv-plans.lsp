@@ -14,6 +14,10 @@ far from the origin has other last digits."
 
 (defun plv-changements (plans) (mapcar 'plv-plan-debut (cdr plans)))
 
+(defun plv-plan-de (plans debut fin / plan)
+  "The plane of a stretch; nil for one that lies over several."
+  (if (equal (setq plan (plv-plan-en plans (+ debut 1e-6))) (plv-plan-en plans (- fin 1e-6))) plan))
+
 ;; --- the planes of a profile: entities that are chained, with the keys of their section
 
 (defun plv-lignes-du-plan (plan) "The ground lines of a section." (plv-chaine (plv-nommee plan "PRLI") "NEXTLI"))

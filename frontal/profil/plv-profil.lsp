@@ -1,6 +1,6 @@
 ;; Making the records of a profile: block with its number, keys, natural ground, planes, ground lines, supports of the kinds
 ;; of line. Everything is created from here; the module only reads it back.
-;; Shared in the room: plv-profil:titre plv-profil:plan plv-profil:lignes
+;; Shared in the room: plv-profil:titre
 
 (setq plv-bloc-profil "PLV_PROFIL"
       plv-bloc-support "PLV_SUPPORT"
@@ -21,12 +21,12 @@
 
 (defun plv-profil:inserer (point numero ttxt)
   "The profile's block. Its attributes are the title above the axis: a click on it picks the profile."
-  (entmake (list '(0 . "INSERT") '(8 . "PLV-PROFIL") '(66 . 1) (cons 2 plv-bloc-profil) (cons 10 point)))
+  (entmake (list '(0 . "INSERT") (cons 8 (plv-calque "PLV-PROFIL")) '(66 . 1) (cons 2 plv-bloc-profil) (cons 10 point)))
   (mapcar '(lambda (attribut)
-             (entmake (list '(0 . "ATTRIB") '(8 . "PLV-TITRES") (cons 10 point) (cons 40 (* 1.4 ttxt))
+             (entmake (list '(0 . "ATTRIB") (cons 8 (plv-calque "PLV-TITRES")) (cons 10 point) (cons 40 (* 1.4 ttxt))
                             (cons 1 (cadr attribut)) (cons 2 (car attribut)) '(70 . 0))))
     (list (list "NUMPL" numero) (list "TITRE" plv-profil:titre)))
-  (entmake '((0 . "SEQEND") (8 . "PLV-PROFIL")))
+  (entmake (list '(0 . "SEQEND") (cons 8 (plv-calque "PLV-PROFIL"))))
   (entlast))
 
 (defun plv-profil:supports (entite point)
@@ -43,7 +43,7 @@ miss the depths that a wall passes through: it leans by a micrometre."
 (defun plv-profil:penches (points)
   (cons (car points) (mapcar '(lambda (a b) (cons (plv-derriere a b) (cdr b))) points (cdr points))))
 
-(defun plv-profil:lignes (point points echv plan fin / debut bout lignes)
+(defun plv-tracer-lignes (point points echv plan fin / debut bout lignes)
   "Ground lines of the section that runs from its plane's start to `fin`; their names, chained."
   (setq debut (plv-plan-debut plan) points (plv-profil:penches points) bout (car (plv-dernier points))
         lignes
@@ -58,19 +58,19 @@ miss the depths that a wall passes through: it leans by a micrometre."
   (plv-enchainer lignes "NEXTLI")
   lignes)
 
-(defun plv-profil:plan (point points echv plan fin / entite lignes)
+(defun plv-tracer-plan (point points echv plan fin / entite lignes)
   "The entity of one reference plane: its line, with length, altitude and the first ground line."
   (setq entite (plv-ligne "PLV-PLANS"
                  (plv-point (+ (car point) (plv-plan-debut plan)) (cadr point))
                  (plv-point (+ (car point) fin) (cadr point)))
-        lignes (plv-profil:lignes point points echv plan fin))
+        lignes (plv-tracer-lignes point points echv plan fin))
   (plv-ecrire-cles entite
     (list (list "DISTANCE" (float (- fin (plv-plan-debut plan)))) (list "PC" (float (plv-plan-altitude plan)))))
   (if lignes (plsxd entite "PRLI" (car lignes)))
   entite)
 
-(defun plv-profil:plans (point points echv plans longueur / entites)
-  (setq entites (mapcar '(lambda (plan fin) (plv-profil:plan point points echv plan fin))
+(defun plv-tracer-plans (point points echv plans longueur / entites)
+  (setq entites (mapcar '(lambda (plan fin) (plv-tracer-plan point points echv plan fin))
                         plans (append (plv-changements plans) (list longueur))))
   (plv-enchainer entites "NEXT-PC")
   entites)
@@ -96,7 +96,7 @@ miss the depths that a wall passes through: it leans by a micrometre."
     (list (list "ECHV" (float echv)) (list "TTXT" (float ttxt)) (list "ID" (plv-identifiant-libre))
           (list "DCUMDEB" (float origine)) (list "LONGUEUR" (float longueur))))
   (plv-ecrire-terrain entite points)
-  (plsxd entite "PRPC" (car (plv-profil:plans point points echv plans longueur)))
+  (plsxd entite "PRPC" (car (plv-tracer-plans point points echv plans longueur)))
   (plv-profil:supports entite point)
   (plv-ecrire-noms entite points)
   entite)

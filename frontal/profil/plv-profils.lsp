@@ -12,11 +12,17 @@
   "Whether a block reference is a profile: its number and its keys make one, not the name of its block."
   (and (plv-attribut-profil entite "NUMPL") (plv-donnees entite plv-app-cles)))
 
+(defun plv-references ()
+  "The block references with keys, in the order of their making."
+  (reverse (plv-entites-du-jeu (ssget "X" (list '(0 . "INSERT") (list -3 (list plv-app-cles)))))))
+
 (defun plv-profils ()
   "The profiles of the drawing, in the order of their identifiers, then of their making."
-  (vl-sort (vl-remove-if-not 'plv-profil-p
-             (reverse (plv-entites-du-jeu (ssget "X" (list '(0 . "INSERT") '(66 . 1) (list -3 (list plv-app-cles)))))))
-           '(lambda (a b) (< (plv-id-profil a) (plv-id-profil b)))))
+  (vl-sort (vl-remove-if-not 'plv-profil-p (plv-references)) '(lambda (a b) (< (plv-id-profil a) (plv-id-profil b)))))
+
+(defun plv-profils-sans-numero ()
+  "The references that have the planes of a profile but lost its number."
+  (vl-remove-if '(lambda (e) (or (plv-profil-p e) (not (assoc "PRPC" (plv-paires e))))) (plv-references)))
 
 (defun plv-id-profil (profil / id)
   (if (= (type (setq id (plgxd profil "ID"))) 'INT) id -1))
@@ -65,6 +71,12 @@
   (setq plv-courant profil)
   (pl_ChoixProfil profil)
   profil)
+
+(defun plv-reprendre-courant ()
+  "When another drawing was worked on: the tables and the menu that the module has are that one's."
+  (if (and plv-courant (member plv-courant (plv-profils)) (not (plv-refus-profil plv-courant)))
+    (pl_ChoixProfil plv-courant)
+    (progn (pl_ResetMatrices) (pl_PlacerMenusKavel "VARDANE4" ""))))
 
 (defun plv-profil-courant (/ profil)
   "The current profile with its tables loaded; asked for when there is none, or when it is gone."

@@ -8,11 +8,9 @@
 (defun plv-noter-ajouts (profil entites)
   (plv-enregistrer-entites profil plv-rappels:cle (plv-uniques (append (plv-ajouts-tables profil) entites))))
 
-(defun plv-effacer-ajouts (profil)
-  (plv-effacer (plv-ajouts-tables profil))
-  (dictremove (plv-dictionnaire profil) plv-rappels:cle))
+(defun plv-oublier-ajouts (profil) (dictremove (plv-dictionnaire profil) plv-rappels:cle))
 
-(defun plv-rappel-p (groupes) (= (plv-cle 8 groupes) plv-rappels:calque))
+(defun plv-rappel-p (groupes) (= (plv-cle 8 groupes) (plv-calque plv-rappels:calque)))
 
 (defun plv-tracer-rappels (profil points / cadre)
   "Thin lines at the points that have cells; their names."

@@ -1,6 +1,7 @@
 ;; Mends the keys and chains of a profile, for kavel --audit --fix. The ground that is kept with the profile is the truth: where a
 ;; chain of ground lines is broken, the section is drawn anew from it. A lost plane is told by the ground lines that were
 ;; drawn over it; when there are none, it stays a finding.
+;; Shared in the room: plv-reparer:*
 
 (defun plv-reparer:lignes-dessinees ()
   (plv-entites-du-jeu (ssget "X" (list '(0 . "LINE")))))
@@ -42,12 +43,12 @@
 
 (defun plv-reparer:redessiner (profil terrain section lignes / calques)
   "Draws the ground of a section anew, in place of the lines of its chain and of those that fell out of it."
-  (setq calques (cons "PLV-TN" (mapcar '(lambda (l) (plv-cle 8 (entget l))) lignes)))
+  (setq calques (cons (plv-calque "PLV-TN") (mapcar '(lambda (l) (plv-cle 8 (entget l))) lignes)))
   (plv-effacer
     (append lignes
       (plv-reparer:sur-le-plan profil terrain
         (plv-reparer:perdues profil (plv-plan-debut section) (plv-section-fin section) calques) (plv-plan-altitude section))))
-  (plv-profil:lignes (plv-origine profil) terrain (plv-echv profil) section (plv-section-fin section)))
+  (plv-tracer-lignes (plv-origine profil) terrain (plv-echv profil) section (plv-section-fin section)))
 
 (defun plv-reparer:couper (maillons cle)
   "Ends a chain with its last entity."
@@ -80,12 +81,12 @@
 
 (defun plv-reparer:plan-perdu (profil terrain debut fin / lignes altitude)
   "A plane for a stretch that has none, after the lines that were drawn over it; nil when there are none."
-  (setq lignes (plv-reparer:perdues profil debut fin '("PLV-TN"))
+  (setq lignes (plv-reparer:perdues profil debut fin (list (plv-calque "PLV-TN")))
         altitude (vl-some '(lambda (l) (plv-reparer:plan-de profil terrain l)) lignes))
   (if altitude
     (progn
       (plv-effacer (plv-reparer:sur-le-plan profil terrain lignes altitude))
-      (plv-profil:plan (plv-origine profil) terrain (plv-echv profil) (list debut (plv-reparer:rond altitude)) fin))))
+      (plv-tracer-plan (plv-origine profil) terrain (plv-echv profil) (list debut (plv-reparer:rond altitude)) fin))))
 
 (defun plv-reparer:rond (altitude)
   "To the millimetre, if it is as near as drawn lines tell it."
@@ -144,6 +145,7 @@
   (if (or (plv-fautes-nombres profil) (not (vl-every '(lambda (cle) (plgxd profil cle)) '("ECHV" "TTXT" "ID"))))
     (plv-reparer:nombres profil))
   (plv-reparer:supports profil)
+  (plv-reparer-contenu profil)
   (setq terrain (plv-points-tn profil))
   (plv-reparer:plans profil terrain)
   (if (vl-every 'plv-plan-complet (plv-entites-plans profil))

@@ -1,6 +1,8 @@
 ;; Static elements: the module reads a malformed list of them for ever, so what another program left is looked at first.
 ;; A list is 102 "{" ... 102 "}" around the groups; an element is one around its abscissa and one or two lists.
 
+(setq plv-statiques:cle "ELEMS_STATIQUES_KAVEL")
+
 (defun plv-statiques:accolade (g texte) (and g (= (caar g) 102) (= (cdar g) texte)))
 
 (defun plv-statiques:apres-liste (g)
@@ -18,7 +20,7 @@
 
 (defun plv-statiques-lisibles (support / g lisible)
   "T when the module can read the static elements of a support."
-  (setq g (plv-enregistrement support "ELEMS_STATIQUES_KAVEL") lisible T)
+  (setq g (plv-enregistrement support plv-statiques:cle) lisible T)
   (while (and g (setq lisible (plv-statiques:apres-groupe g))) (setq g (car lisible)))
   (if lisible T))
 
@@ -28,3 +30,14 @@
            (vl-remove nil (cons profil (mapcar '(lambda (cle) (plgxd profil cle)) (plv-cles-genres)))))
          T)
         (T (plv-erreur "une liste d'éléments statiques est mal formée: le contrôle du dessin la nomme"))))
+
+(defun plv-reparer-statiques (support / g apres bons)
+  "Keeps the elements that are well formed."
+  (if (not (plv-statiques-lisibles support))
+    (progn
+      (setq g (plv-enregistrement support plv-statiques:cle))
+      (while g
+        (if (setq apres (plv-statiques:apres-groupe g))
+          (setq bons (append bons (plv-premiers g (- (length g) (length (car apres))))) g (car apres))
+          (setq g (cdr g))))
+      (plv-ecrire-enregistrement support plv-statiques:cle bons))))

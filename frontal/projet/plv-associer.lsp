@@ -1,11 +1,22 @@
 ;; What the profile's menu runs on project elements: association, fixed equipment, a project validated.
 ;; The names of the commands are those that the module writes into the menu.
 
-(defun c:assocprjKavel (/ profil support)
+(defun c:assocprjKavel (/ profil genre support)
   (if (and (setq profil (plv-profil-courant))
-           (setq support (cond ((plv-support profil (plv-demander-genre "Projet"))) (T (plv-erreur "ce profil n'a pas de support de ce genre")))))
-    (pl_assoc_prj support))
+           (setq genre (plv-demander-genre "Projet")
+                 support (cond ((plv-support profil genre)) (T (plv-erreur (plv-refus-support genre))))))
+    (plv-associer profil genre support))
   (princ))
+
+(defun plv-associer (profil genre support / deja nouvelles)
+  "What the user picks in the module's loop goes through the door afterwards."
+  (setq deja (plv-elements profil genre))
+  (pl_assoc_prj support)
+  (setq nouvelles (vl-remove-if '(lambda (e) (member e deja)) (plv-elements profil genre)))
+  (if nouvelles
+    (progn
+      (plv-ecrire-elements profil genre (vl-remove-if '(lambda (e) (member e nouvelles)) (plv-elements profil genre)))
+      (plv-admettre-tels profil genre nouvelles))))
 
 (defun c:pl_efixKAVEL (/ profil)
   (if (and (setq profil (plv-profil-courant)) (plv-statiques-verifies profil))

@@ -46,11 +46,11 @@
 
 (defun plv-parties:arrivee (s r)
   "Where the straight part before a vertex ends."
-  (if r (plv-raccords:bout-de (car (plv-raccord-courbe r))) (plv-parties:dz s)))
+  (if r (plv-cubique-point (car (plv-raccord-courbe r))) (plv-parties:dz s)))
 
 (defun plv-parties:depart (s r)
   "Where the straight part after a vertex begins."
-  (if r (plv-raccords:bout-de (plv-dernier (plv-raccord-courbe r))) (plv-parties:dz s)))
+  (if r (plv-cubique-point (plv-dernier (plv-raccord-courbe r))) (plv-parties:dz s)))
 
 (defun plv-parties (sommets raccords)
   (apply 'append
@@ -67,7 +67,7 @@
   (cond
     ((or (<= d (+ (plv-debut partie) 1e-6)) (>= d (- (plv-fin partie) 1e-6))) (list partie))
     ((plv-partie-courbe-p partie)
-     (setq moities (plv-raccords:couper (plv-partie-courbe partie) d))
+     (setq moities (plv-couper-cubique (plv-partie-courbe partie) d))
      (list (vl-list* (plv-debut partie) d (car moities) (cdddr partie))
            (vl-list* d (plv-fin partie) (cadr moities) (cdddr partie))))
     (T
@@ -87,10 +87,10 @@
       (setq courbe (plv-partie-courbe partie)
             nombre (1+ (fix (/ (plv-longueur partie) 5.0)))
             pas (/ (plv-longueur partie) nombre)
-            points (list (plv-raccords:bout-de (car courbe)))
+            points (list (plv-cubique-point (car courbe)))
             d (plv-debut partie))
       (repeat (1- nombre)
         (setq d (+ d pas)
-              points (cons (plv-raccords:bout-de (plv-dernier (car (plv-raccords:couper courbe d)))) points)))
-      (reverse (cons (plv-raccords:bout-de (plv-dernier courbe)) points)))
+              points (cons (plv-cubique-point (plv-dernier (car (plv-couper-cubique courbe d)))) points)))
+      (reverse (cons (plv-cubique-point (plv-dernier courbe)) points)))
     (plv-partie-points partie)))

@@ -66,16 +66,11 @@ or nil after a message. Requests: a radius, or (\"C\" or \"P\", then \"R\" radiu
 
 ;; --- curves that are there already
 
-(setq plv-projet:courbes "LINE,LWPOLYLINE,POLYLINE,SPLINE")
-
-(defun plv-projet-existant (profil genre jeu / entites courbes refusees)
-  "Takes existing curves for project elements; gives them, or nil after a message."
-  (setq entites (plv-entites-du-jeu jeu)
-        courbes (vl-remove-if-not '(lambda (e) (wcmatch (plv-type e) plv-projet:courbes)) entites)
-        refusees (- (length entites) (length courbes)))
-  (if (> refusees 0) (plv-dire (strcat (itoa refusees) " entités laissées: ligne, polyligne ou spline attendue.")))
+(defun plv-projet-existant (profil genre jeu)
+  "Takes existing curves for project elements; gives them as they are in form, or nil after a message."
   (cond
     ((not (plv-profil-sain profil)) nil)
     ((not (plv-support profil genre)) (plv-erreur (plv-refus-support genre)))
-    ((not courbes) (plv-erreur "aucune courbe choisie"))
-    (T (plv-attacher profil genre courbes) courbes)))
+    ((not jeu) (plv-erreur "aucune courbe choisie"))
+    ((plv-admettre profil genre (plv-entites-du-jeu jeu)))
+    (T (plv-erreur "aucune courbe n'est attachée"))))

@@ -1,7 +1,6 @@
 ;; Vertical curves between two slopes, in (distance altitude) with the exaggeration taken out.
-;; A curve is a list of four homogeneous points (d*w z*w w): a cubic form of the arc of circle or of the parabola.
+;; A curve is a cubic of plv-cubiques: a cubic form of the arc of circle or of the parabola.
 ;; Cubic, because pieces of cubics are joined again exactly when a change of plane goes, which quadratics are not.
-;; Shared in the room: plv-raccords:d plv-raccords:z plv-raccords:poids plv-raccords:couper plv-raccords:bout-de
 
 ;; --- what is asked for. A vertex is (distance altitude [request]), a request (shape measure value...): ("C" "R" 1500.0)
 ;; circle of a radius, ("P" "L" 40.0) parabola of a length, ("C" "P" 120.0 134.2) circle through a distance and an altitude.
@@ -82,18 +81,8 @@
 (defun plv-raccords:passe-p (courbe point / d)
   "T when the curve is at the point's altitude, to a tenth of a millimetre."
   (setq d (car point))
-  (and (< (plv-raccords:d (car courbe)) d (plv-raccords:d (cadddr courbe)))
-       (equal (cadr point) (plv-raccords:z (cadddr (car (plv-raccords:couper courbe d)))) 1e-4)))
-
-;; --- homogeneous points
-
-(defun plv-raccords:poids (h) (caddr h))
-(defun plv-raccords:d (h) (/ (car h) (plv-raccords:poids h)))
-(defun plv-raccords:z (h) (/ (cadr h) (plv-raccords:poids h)))
-(defun plv-raccords:bout-de (h) (list (plv-raccords:d h) (plv-raccords:z h)))
-
-(defun plv-raccords:entre (a b part)
-  (mapcar '(lambda (x y) (+ (* x (- 1.0 part)) (* y part))) a b))
+  (and (< (plv-cubique-d (car courbe)) d (plv-cubique-d (cadddr courbe)))
+       (equal (cadr point) (plv-cubique-z (cadddr (car (plv-couper-cubique courbe d)))) 1e-4)))
 
 (defun plv-raccords:courbe (sommet p1 p2 tangentes / w avant apres debut milieu fin)
   (setq w (plv-raccords:tangente-poids tangentes)
@@ -102,20 +91,4 @@
         debut (list (- (car sommet) avant) (- (cadr sommet) (* p1 avant)) 1.0)
         milieu (list (* w (car sommet)) (* w (cadr sommet)) w)
         fin (list (+ (car sommet) apres) (+ (cadr sommet) (* p2 apres)) 1.0))
-  (list debut (plv-raccords:entre debut milieu (/ 2.0 3.0)) (plv-raccords:entre milieu fin (/ 1.0 3.0)) fin))
-
-(defun plv-raccords:casteljau (courbe part / gauche droite)
-  "The two parts of a curve."
-  (while courbe
-    (setq gauche (cons (car courbe) gauche)
-          droite (cons (plv-dernier courbe) droite)
-          courbe (mapcar '(lambda (a b) (plv-raccords:entre a b part)) courbe (cdr courbe))))
-  (list (reverse gauche) droite))
-
-(defun plv-raccords:couper (courbe d / bas haut part)
-  "The two parts of a curve at a distance; distances grow along it."
-  (setq bas 0.0 haut 1.0)
-  (repeat 60
-    (setq part (* 0.5 (+ bas haut)))
-    (if (< (plv-raccords:d (plv-dernier (car (plv-raccords:casteljau courbe part)))) d) (setq bas part) (setq haut part)))
-  (plv-raccords:casteljau courbe part))
+  (list debut (plv-cubique-entre debut milieu (/ 2.0 3.0)) (plv-cubique-entre milieu fin (/ 1.0 3.0)) fin))

@@ -21,7 +21,7 @@
 (defun plv-sommets:travee (partie)
   "A part of plv-parties as a span."
   (if (plv-partie-courbe-p partie)
-    (plv-travee-courbe (mapcar 'plv-raccords:bout-de (plv-partie-courbe partie)) (plv-partie-rayon partie) (plv-partie-forme partie))
+    (plv-travee-courbe (mapcar 'plv-cubique-point (plv-partie-courbe partie)) (plv-partie-rayon partie) (plv-partie-forme partie))
     (apply 'plv-travee-droite (plv-partie-points partie))))
 
 ;; --- vertices of spans
@@ -82,19 +82,12 @@
 
 ;; --- the spans of a project line in the drawing
 
-(defun plv-sommets:vertex (e / points groupes)
-  "The vertices of an old polyline."
-  (while (= (plv-cle 0 (setq groupes (entget (setq e (entnext e))))) "VERTEX") (setq points (cons (cdr (assoc 10 groupes)) points)))
-  (reverse points))
-
-(defun plv-sommets:points (e / groupes)
+(defun plv-sommets:points (e / forme)
   "The points of a curve that is straight between them; nil for another."
-  (setq groupes (entget e))
-  (cond
-    ((= (plv-cle 0 groupes) "LINE") (list (plv-cle 10 groupes) (plv-cle 11 groupes)))
-    ((vl-some '(lambda (b) (/= b 0.0)) (plv-cles 42 groupes)) nil)
-    ((= (plv-cle 0 groupes) "LWPOLYLINE") (plv-cles 10 groupes))
-    ((= (plv-cle 0 groupes) "POLYLINE") (plv-sommets:vertex e))))
+  (setq forme (plv-forme-de e))
+  (if (and (= (plv-type e) "POLYLINE") (listp forme) (not (plv-forme-polyligne-p forme)))
+    (plv-forme-en-points forme)
+    (plv-forme-droite forme)))
 
 (defun plv-sommets:raccord-p (e) (and (plv-rayon e) (= (plv-type e) "SPLINE")))
 

@@ -4,14 +4,14 @@
 (setq plv-trace:calque "PLV-PROJET")
 
 (defun plv-trace:spline (cadre plan courbe / rationnelle)
-  (setq rationnelle (vl-some '(lambda (h) (/= (plv-raccords:poids h) 1.0)) courbe))
+  (setq rationnelle (vl-some '(lambda (h) (/= (plv-cubique-poids h) 1.0)) courbe))
   (entmakex
     (append
-      (list '(0 . "SPLINE") '(100 . "AcDbEntity") (cons 8 plv-trace:calque) '(100 . "AcDbSpline") '(210 0.0 0.0 1.0)
+      (list '(0 . "SPLINE") '(100 . "AcDbEntity") (cons 8 (plv-calque plv-trace:calque)) '(100 . "AcDbSpline") '(210 0.0 0.0 1.0)
             (cons 70 (if rationnelle 12 8)) '(71 . 3) '(72 . 8) '(73 . 4) '(74 . 0))
       (mapcar '(lambda (k) (cons 40 k)) '(0.0 0.0 0.0 0.0 1.0 1.0 1.0 1.0))
-      (if rationnelle (mapcar '(lambda (h) (cons 41 (plv-raccords:poids h))) courbe))
-      (mapcar '(lambda (h) (cons 10 (plv-vers-dessin-sur cadre plan (plv-raccords:d h) (plv-raccords:z h)))) courbe))))
+      (if rationnelle (mapcar '(lambda (h) (cons 41 (plv-cubique-poids h))) courbe))
+      (mapcar '(lambda (h) (cons 10 (plv-vers-dessin-sur cadre plan (plv-cubique-d h) (plv-cubique-z h)))) courbe))))
 
 (defun plv-trace:courbe (cadre plan partie / spline)
   (setq spline (plv-trace:spline cadre plan (plv-partie-courbe partie)))

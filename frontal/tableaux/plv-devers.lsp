@@ -45,9 +45,22 @@
 
 (defun plv-devers:memes-p (v) (equal (plv-devers-gauche v) (plv-devers-droit v) 1e-9))
 
+(defun plv-devers:en (a b d)
+  "The falls at a distance between two records."
+  (mapcar '(lambda (u v) (+ u (* (/ (- d (car a)) (- (car b) (car a))) (- v u)))) a b))
+
+(defun plv-devers:dans (devers fin / a b debut bout dedans)
+  "The falls along the profile: those before and behind it end at its ends."
+  (while (cdr devers)
+    (setq a (car devers) b (cadr devers) devers (cdr devers)
+          debut (max 0.0 (car a)) bout (min fin (car b)))
+    (if (> (- bout debut) 1e-6)
+      (setq dedans (cons (plv-devers:en a b bout) (cond (dedans) ((list (plv-devers:en a b debut))))))))
+  (reverse dedans))
+
 (defun plv-remplir:devers (points contexte / devers grand)
   "The falls of both sides as lines about the middle of the row; one line where they are the same."
-  (setq devers (plv-devers-du-profil (plv-cle 'profil contexte)))
+  (setq devers (plv-devers:dans (plv-devers-du-profil (plv-cle 'profil contexte)) (plv-cle 'longueur contexte)))
   (if (cdr devers)
     (progn
       (setq grand (plv-devers:grand devers))

@@ -1,6 +1,6 @@
 ;; Which points of the ground get a cell: neighbours must be far enough apart for the rows that the table has.
 ;; The first and the last point always have one. Each rule gives the least distance between neighbours, in drawing units.
-;; Shared in the room: plv-espacement:numeros plv-espacement:verticaux plv-espacement:partielles
+;; Shared in the room: plv-espacement:numeros plv-espacement:verticaux plv-espacement:partielles plv-espacement:desserrer
 
 (defun plv-espacement:verticaux (points ttxt)
   "Vertical texts stand side by side."
@@ -10,13 +10,20 @@
   "Horizontal numbers keep their width."
   (+ (* 0.4 ttxt) (plv-largeur-texte (itoa (length points)) ttxt)))
 
-(defun plv-espacement:partielles (points ttxt)
-  "Partial distances may narrow to 0.6 and lose height down to 0.7."
-  (* 1.1 0.6 0.7 (plv-largeur-texte (plv-reel (plv-espacement:mediane points) 2) ttxt)))
+(defun plv-espacement:partielles (points ttxt / ecart)
+  "Distances between two ticks, with room on both sides, may narrow to 0.7. The longer the distance, the wider its text: the
+least one that holds its own."
+  (setq ecart 0.0)
+  (repeat 4 (setq ecart (+ (* 0.5 ttxt) (* 0.7 (plv-largeur-texte (plv-reel ecart 2) ttxt)))))
+  ecart)
 
-(defun plv-espacement:mediane (points / ecarts)
-  (setq ecarts (vl-sort (mapcar '(lambda (a b) (- (car b) (car a))) points (cdr points)) '<))
-  (nth (/ (length ecarts) 2) ecarts))
+(defun plv-espacement:desserrer (texte / groupes place boite)
+  "Narrows the text of a distance that fills its cell, so that it touches neither tick."
+  (setq groupes (entget texte) boite (plv-boite texte)
+        place (- (atof (plv-cle 1 groupes)) (* 0.5 (plv-cle 40 groupes))))
+  (if (< 0.0 place (- (caddr boite) (car boite)))
+    (entmod (append (vl-remove (assoc 41 groupes) groupes)
+                    (list (cons 41 (* (cond ((plv-cle 41 groupes)) (1.0)) (/ place (- (caddr boite) (car boite))))))))))
 
 (defun plv-espacement-necessaire (types points ttxt)
   (apply 'max

@@ -38,8 +38,8 @@
 
 (defun plv-seule:remplir (profil reference rang / points contexte gardes bilan)
   (setq points (plv-points-nommes profil)
-        contexte (plv-contexte-de-rangee (plv-contexte profil points) reference rang)
-        gardes (plv-points-gardes points contexte (plv-choix-tout profil)))
+        contexte (plv-contexte-de-rangee (plv-contexte profil points (plv-choix-tout profil)) reference rang)
+        gardes (plv-points-gardes points contexte))
   ;; Looking at the kinds of all rows has moved the selection.
   (pl_SelectLigne (plv-matrice-nom reference) rang)
   (setq bilan (plv-avec-calque "PLV-MATRICE" '(lambda () (plv-remplir-ligne gardes contexte))))

@@ -3,9 +3,17 @@
 
 (setq plv-matrice:liste "VARDANE_MATRICES" plv-matrice:marque 1425781 plv-matrice:cle "INFO_MATRICE")
 
+(defun plv-liste-tables (profil) (plv-enregistrement profil plv-matrice:liste))
+
+(defun plv-remettre-liste-tables (profil liste)
+  "The list as it was before tables were drawn."
+  (if liste
+    (plv-ecrire-enregistrement profil plv-matrice:liste liste)
+    (dictremove (plv-dictionnaire profil) plv-matrice:liste)))
+
 (defun plv-references-tables (profil)
   "Block references of the tables that are stored with the profile, those that are gone from the drawing too."
-  (plv-cles 330 (cdr (member (cons 90 plv-matrice:marque) (plv-enregistrement profil plv-matrice:liste)))))
+  (plv-cles 330 (cdr (member (cons 90 plv-matrice:marque) (plv-liste-tables profil)))))
 
 (defun plv-tables (profil)
   "Those that are still in the drawing, with their record."
@@ -48,6 +56,7 @@
 
 (defun plv-rangee-nom (rangee) (nth 2 rangee))
 (defun plv-rangee-hauteur (rangee) (nth 3 rangee))
+(defun plv-rangee-decimales (rangee) (nth 4 rangee))
 (defun plv-rangee-libelle (rangee) (nth 6 rangee))
 (defun plv-rangee-infos (rangee)
   "The text between braces of the row's definition."

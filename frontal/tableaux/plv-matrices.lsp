@@ -1,27 +1,58 @@
 ;; PLV-MATRICES: draws the tables of a definition file under a profile and fills every row.
-;; Drawing again replaces what an earlier call drew.
+;; Drawing again replaces what an earlier call drew, once the new tables stand.
 
-(defun plv-matrices (profil chemin tout / trouve points contexte gardes bilan)
+(defun plv-matrices (profil chemin tout / trouve points)
   "Draws and fills; gives the profile, or nil after a message. tout: every point has its cells, however close."
   (cond
     ((not (plv-profil-sain profil)) nil)
     ((not (setq trouve (plv-fichier-existant chemin))) nil)
     ((not (setq points (plv-points-nommes profil))) (plv-erreur (plv-refus-sans-terrain)))
-    ((not (plv-dessiner-tables profil trouve)) nil)
-    (T
-     (setq contexte (plv-contexte profil points)
-           gardes (plv-points-gardes points contexte tout)
-           bilan (cond ((plv-avec-calque "PLV-MATRICE" '(lambda () (plv-remplir-tables gardes contexte)))) ((plv-bilan 0 nil nil))))
-     (plv-noter-ajouts profil (append (plv-tracer-rappels profil gardes) (plv-tracer-bords profil) (plv-bilan-ajouts bilan)))
-     (plv-noter-choix profil tout)
-     (plv-matrices:dire (length gardes) (+ (- (length points) (length gardes)) (plv-bilan-laisses bilan)) (plv-bilan-vides bilan))
-     profil)))
+    ((not (plv-lire-definitions trouve)) nil)
+    (T (plv-matrices:remplacer profil points tout))))
 
-(defun plv-matrices:dire (cotes laisses vides)
-  (if vides (plv-dire (strcat "Lignes laissées vides: " (plv-joindre vides ", ") ".")))
-  (plv-dire (strcat "Matrices: " (itoa cotes) " points cotés"
+(defun plv-matrices:dessiner (profil points tout / contexte gardes bilan)
+  "Draws and fills the tables; what is said of it, what stands outside their groups, and the number of points with cells."
+  (plv-dessiner-tables profil)
+  (setq contexte (plv-contexte profil points tout)
+        gardes (plv-points-gardes points contexte)
+        bilan (plv-remplir-tables gardes contexte))
+  (list (+ (- (length points) (length gardes)) (plv-bilan-laisses bilan)) (plv-bilan-vides bilan)
+        (append (plv-tracer-rappels profil gardes) (plv-tracer-bords profil) (plv-bilan-ajouts bilan))
+        (length gardes)))
+
+(defun plv-matrices:cotes (bilan) (cadddr bilan))
+
+(defun plv-matrices:remplacer (profil points tout / anciennes liste fait)
+  "The new tables are drawn before the former ones go, which come back when that fails."
+  (setq anciennes (plv-tables-posees profil (plv-ajouts-tables profil))
+        liste (plv-liste-tables profil)
+        fait (plv-executer
+               '(lambda () (plv-avec-calque "PLV-MATRICE" '(lambda () (plv-matrices:dessiner profil points tout))))))
+  (if (car fait)
+    (progn
+      (plv-effacer-posees anciennes)
+      (plv-oublier-ajouts profil)
+      (plv-noter-ajouts profil (plv-bilan-ajouts (car fait)))
+      (plv-noter-choix profil tout)
+      (plv-matrices:dire (car fait))
+      profil)
+    (plv-matrices:reprendre profil liste (cadr fait))))
+
+(defun plv-matrices:reprendre (profil liste entites)
+  "Takes away tables that could not be finished; nil."
+  (if (equal liste (plv-liste-tables profil))
+    (plv-effacer entites)
+    (plv-effacer-posees (plv-tables-posees profil entites)))
+  (plv-remettre-liste-tables profil liste)
+  nil)
+
+(defun plv-matrices:dire (bilan / laisses vides)
+  (setq laisses (plv-bilan-laisses bilan) vides (plv-bilan-vides bilan))
+  (if vides
+    (plv-dire (strcat (if (cdr vides) "Lignes laissées vides: " "Ligne laissée vide: ") (plv-joindre vides ", ") ".")))
+  (plv-dire (strcat "Matrices: " (plv-compte (plv-matrices:cotes bilan) "point coté")
                     (if (> laisses 0)
-                      (strcat ", " (itoa laisses) " laissés faute de place (option Tous pour tout garder).")
+                      (strcat ", " (plv-compte laisses "laissé") " faute de place (option Tous pour tout garder).")
                       "."))))
 
 (defun c:plv-matrices (/ profil chemin tout)

@@ -18,16 +18,18 @@
       0)))
 
 (defun plv-remplir:altitudes-projet (points contexte)
-  (plv-remplir:sur-projet points contexte '(lambda (p z) (pl_NbreVertical 0 (float (car p)) z))))
+  (plv-remplir:sur-projet points contexte '(lambda (p z) (plv-remplir:nombre (car p) z contexte))))
 
 (defun plv-remplir:profondeurs (points contexte)
   ;; Positive below the ground.
-  (plv-remplir:sur-projet points contexte '(lambda (p z) (pl_NbreVertical 0 (float (car p)) (- (cadr p) z)))))
+  (plv-remplir:sur-projet points contexte '(lambda (p z) (plv-remplir:nombre (car p) (- (cadr p) z) contexte))))
 
 ;; --- slopes; a wording gives the texts for a slope over a length, from the longest to the shortest
 
-(defun plv-remplir:signe (valeur decimales)
-  (strcat (if (> valeur 0.0) "+" "") (plv-reel valeur decimales)))
+(defun plv-remplir:signe (valeur decimales / texte)
+  "With its sign; zero has none."
+  (setq texte (plv-reel valeur decimales))
+  (if (> (atof texte) 0.0) (strcat "+" texte) texte))
 
 (defun plv-redaction:sens (pente)
   (cond ((equal pente 0.0 5e-5) "Palier") ((> pente 0.0) "Rampe") ("Pente")))
@@ -51,6 +53,13 @@
 (defun plv-remplir:pentes-pourmilles (points contexte)
   (plv-redaction:rangee contexte '(lambda (pente longueur) (list (strcat (plv-remplir:signe (* 1000.0 pente) 1) " \U+2030")))))
 
+(defun plv-remplir:pieces (contexte genre / fin)
+  "The slope pieces within the profile: curves that are only attached may run past it."
+  (setq fin (plv-cle 'longueur contexte))
+  (vl-remove-if '(lambda (p) (< (plv-longueur p) 1e-6))
+    (mapcar '(lambda (p) (vl-list* (max 0.0 (plv-debut p)) (min fin (plv-fin p)) (cddr p)))
+            (plv-elements-de-pente (plv-cle 'profil contexte) genre))))
+
 (defun plv-redaction:rangee (contexte redaction / genre)
   "A slanting line with its wording for each slope, a cell with its radius for each vertical curve."
   (if (setq genre (plv-remplir:genre-projet contexte))
@@ -59,7 +68,7 @@
          (if (plv-pente-droite-p piece)
            (plv-redaction:droite piece (apply redaction (list (plv-pente-valeur piece) (plv-longueur piece))) contexte)
            (plv-redaction:courbe piece contexte)))
-      (plv-elements-de-pente (plv-cle 'profil contexte) genre))))
+      (plv-remplir:pieces contexte genre))))
 
 (defun plv-redaction:droite (piece textes contexte / pente texte f1 f2)
   ;; The line stays in the lower part of the row, so that its text has the room above it.
@@ -84,22 +93,26 @@
 
 ;; --- distances of the elements
 
-(defun plv-bornes (profil genre ecart / bornes)
-  "Distances where slope pieces begin and end, no closer than ecart."
-  (foreach piece (plv-elements-de-pente profil genre)
-    (if (or (not bornes) (not (equal (plv-debut piece) (car bornes) 1e-6))) (setq bornes (cons (plv-debut piece) bornes)))
-    (setq bornes (cons (plv-fin piece) bornes)))
-  (mapcar 'car (plv-espacer (mapcar 'list (reverse bornes)) ecart)))
+(defun plv-remplir:bornes (contexte genre / bornes)
+  "Distances where slope pieces begin and end, each once, as points."
+  (foreach d (vl-sort (apply 'append (mapcar '(lambda (p) (list (plv-debut p) (plv-fin p))) (plv-remplir:pieces contexte genre))) '<)
+    (if (not (and bornes (equal d (caar bornes) 1e-6))) (setq bornes (cons (list d) bornes))))
+  (reverse bornes))
 
-(defun plv-remplir:partielles-projet (points contexte / genre bornes)
+(defun plv-remplir:partielles-projet (points contexte / genre bornes gardees)
   (if (setq genre (plv-remplir:genre-projet contexte))
     (progn
-      (if (setq bornes (plv-bornes (plv-cle 'profil contexte) genre 0.0)) (pl_CotDParH bornes))
-      0)))
+      (setq bornes (plv-remplir:bornes contexte genre)
+            gardees (if (or (plv-cle 'tout contexte) (not bornes))
+                      bornes
+                      (plv-espacer bornes (plv-espacement:partielles bornes (plv-cle 'ttxt contexte)))))
+      (if bornes (plv-remplir:partielles (mapcar 'car gardees)))
+      (- (length bornes) (length gardees)))))
 
-(defun plv-remplir:cumulees-projet (points contexte / genre)
+(defun plv-remplir:cumulees-projet (points contexte / genre bornes)
   (if (setq genre (plv-remplir:genre-projet contexte))
     (progn
-      (foreach d (plv-bornes (plv-cle 'profil contexte) genre (* 1.3 (plv-cle 'ttxt contexte)))
-        (pl_CotDcumH 0 (plv-cle 'origine contexte) d))
+      (if (setq bornes (plv-remplir:bornes contexte genre))
+        (foreach d (plv-espacer bornes (plv-espacement:verticaux bornes (plv-cle 'ttxt contexte)))
+          (plv-remplir:cumulee (car d) contexte)))
       0)))

@@ -10,17 +10,16 @@
   0)
 
 (defun plv-remplir:distances-partielles (points contexte)
-  ;; A list of two or three reals reaches the function as a point, which it takes for as many abscissas.
-  (pl_CotDParH (mapcar '(lambda (p) (float (car p))) points))
+  (plv-remplir:partielles (mapcar 'car points))
   0)
 
 (defun plv-remplir:distances-cumulees (points contexte)
   ;; Here a point would be refused: the abscissas of short rows go one by one.
-  (foreach p points (pl_CotDcumH 0 (plv-cle 'origine contexte) (float (car p))))
+  (foreach p points (plv-remplir:cumulee (car p) contexte))
   0)
 
 (defun plv-remplir:altitudes-tn (points contexte)
-  (foreach p points (pl_NbreVertical 0 (float (car p)) (float (cadr p))))
+  (foreach p points (plv-remplir:nombre (car p) (cadr p) contexte))
   0)
 
 ;; --- observations

@@ -2,15 +2,17 @@
 ;; what it may need (plv-contexte); it gives the number of cells that it left out, nil when it has nothing for the whole row.
 ;; Shared in the room: plv-remplir:*
 
-(defun plv-contexte (profil points)
+(defun plv-contexte (profil points tout)
   (list (cons 'profil profil)
+        (cons 'tout tout)
         (cons 'ttxt (plv-ttxt profil))
         (cons 'origine (plv-premiere-station profil))
         (cons 'longueur (car (plv-dernier points)))
         (cons 'nommes (vl-remove-if '(lambda (p) (= (plv-point-nom p) "")) points))))
 
-(defun plv-contexte-de-rangee (contexte reference rang)
-  (cons (cons 'infos (plv-rangee-infos (plv-rangee reference rang))) contexte))
+(defun plv-contexte-de-rangee (contexte reference rang / rangee)
+  (setq rangee (plv-rangee reference rang))
+  (vl-list* (cons 'infos (plv-rangee-infos rangee)) (cons 'decimales (plv-rangee-decimales rangee)) contexte))
 
 ;; --- what a filling gives: (cells left out, texts of the empty rows, entities that the tables' groups don't hold)
 
@@ -54,9 +56,28 @@
     (setq i (1+ i)))
   types)
 
-(defun plv-points-gardes (points contexte tout)
+(defun plv-points-gardes (points contexte)
   "The points that get cells."
-  (if tout points (plv-espacer points (plv-espacement-necessaire (plv-types-des-tables) points (plv-cle 'ttxt contexte)))))
+  (if (plv-cle 'tout contexte) points (plv-espacer points (plv-espacement-necessaire (plv-types-des-tables) points (plv-cle 'ttxt contexte)))))
+
+(defun plv-remplir:nul-p (valeur contexte)
+  "T when a number is written as zero in the row: the module would put a minus before a small negative one."
+  (= (atof (plv-reel valeur (plv-cle 'decimales contexte))) 0.0))
+
+(defun plv-remplir:nombre (d valeur contexte)
+  (pl_NbreVertical 0 (float d) (if (plv-remplir:nul-p valeur contexte) 0.0 (float valeur))))
+
+(defun plv-remplir:cumulee (d contexte / origine)
+  (setq origine (plv-cle 'origine contexte))
+  (pl_CotDcumH 0 (if (plv-remplir:nul-p (+ origine d) contexte) (- (float d)) origine) (float d)))
+
+(defun plv-remplir:partielles (distances / differentes)
+  "Distances between ticks. The module takes both away of two that are the same, as at a wall."
+  (foreach d distances
+    (if (not (and differentes (equal d (car differentes) 1e-6))) (setq differentes (cons (float d) differentes))))
+  ;; A list of two or three reals reaches the function as a point, which it takes for as many abscissas.
+  (foreach e (plv-ajouts-de '(lambda () (pl_CotDParH (reverse differentes))))
+    (if (= (plv-type e) "TEXT") (plv-espacement:desserrer e))))
 
 (defun plv-remplir:qui-tient (textes largeur contexte)
   "The first text that is no wider; nil when all are wider."

@@ -1,15 +1,40 @@
 ;; Tables under a profile: drawing them through the module, and erasing what an earlier drawing left.
 ;; Each table keeps its entities in a group; the group makes the one selection that erases it.
 
-(defun plv-effacer-tables (profil / groupe)
-  "Erases the tables of a profile with everything that was written in them, and what the front-end added."
-  (foreach reference (plv-references-tables profil)
-    (if (plv-existe reference)
-      (progn
-        (setq groupe (plv-groupe-table reference))
-        (plv-effacer (plv-entites-table reference))
-        (plv-effacer (list reference groupe)))))
-  (plv-effacer-ajouts profil))
+(defun plv-tables:blocs-cites (/ bloc e cites)
+  "Names of the blocks that stand in other blocks."
+  (setq bloc (tblnext "BLOCK" T))
+  (while bloc
+    (setq e (plv-cle -2 bloc))
+    (while e
+      (if (= (plv-type e) "INSERT") (setq cites (cons (plv-cle 2 (entget e)) cites)))
+      (setq e (entnext e)))
+    (setq bloc (tblnext "BLOCK")))
+  cites)
+
+(defun plv-tables:effacer-blocs (noms / cites bloc)
+  "Takes away the definitions of title columns to which nothing refers any more; a copied table shares its original's."
+  (setq cites (plv-tables:blocs-cites))
+  (foreach nom noms
+    (if (and (not (member nom cites)) (not (ssget "X" (list '(0 . "INSERT") (cons 2 (strcat "`" nom)))))
+             (setq bloc (tblobjname "BLOCK" nom)))
+      (entdel (plv-cle 330 (entget bloc))))))
+
+(defun plv-tables-posees (profil ajouts / references)
+  "What the tables of a profile consist of, with what the front-end added: (entities groups blocks)."
+  (setq references (vl-remove-if-not 'plv-existe (plv-references-tables profil)))
+  (list (append (apply 'append (mapcar 'plv-entites-table references)) references ajouts)
+        (vl-remove nil (mapcar 'plv-groupe-table references))
+        (plv-uniques (mapcar '(lambda (r) (plv-cle 2 (entget r))) references))))
+
+(defun plv-effacer-posees (posees)
+  (plv-effacer (car posees))
+  (plv-effacer (cadr posees))
+  (plv-tables:effacer-blocs (caddr posees)))
+
+(defun plv-effacer-tables (profil)
+  (plv-effacer-posees (plv-tables-posees profil (plv-ajouts-tables profil)))
+  (plv-oublier-ajouts profil))
 
 ;; --- whether every point had its cells, kept for a row that is filled again later
 
@@ -35,16 +60,9 @@
          (plv-point x (- (cadr point) (* (plv-matrice-echelle matrice) (plv-hauteur-rangees (plv-matrice-rangees matrice)))))))
     (plv-references-tables profil)))
 
-(defun plv-dessiner-tables (profil chemin / ttxt point)
-  "Reads the definitions and draws empty tables under the profile; nil after a message."
+(defun plv-dessiner-tables (profil / ttxt point)
+  "Draws the tables of the definitions that are loaded, still empty."
   (setq ttxt (plv-ttxt profil)
         point (plv-origine profil))
-  (cond
-    ((not (pl_LireMatriceKavel chemin))
-     (plv-erreur (strcat chemin ": aucune ligne de matrice; attendu: NOM - hauteur type {infos} libellé")))
-    (T
-     (plv-effacer-tables profil)
-     (plv-avec-calque "PLV-MATRICE"
-       '(lambda ()
-          (pl_DessinerMatrices profil (plv-point (car point) (- (cadr point) (* 2.5 ttxt))) ttxt ttxt)
-          (pl_updLargeurLignes (plv-largeur-tables profil)))))))
+  (pl_DessinerMatrices profil (plv-point (car point) (- (cadr point) (* 2.5 ttxt))) ttxt ttxt)
+  (pl_updLargeurLignes (plv-largeur-tables profil)))

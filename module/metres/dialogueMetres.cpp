@@ -178,9 +178,24 @@ void CDlgMetresLineairesKavels::enleverSelection() {
     idsProfils.erase((*profil)->idBloc);
     profils.erase(profil);
   }
+  montrerProfils();
+}
+
+void CDlgMetresLineairesKavels::montrerProfils() {
   listeTroncons.clear();
   listeElements.clear();
   for (std::size_t i = 0; i < profils.size(); ++i) montrerProfil(i);
+}
+
+// Depth sections name their classes by number: with other classes the numbers mean others, in the lists, the hatches and
+// the workbook. A profile without sections stays without, so that nobody is asked or told anything again.
+void CDlgMetresLineairesKavels::recalculer() {
+  for (const poigneeProfil& profil : profils) {
+    if (profil->lignes.empty()) continue;
+    profil->lignes.clear();
+    calculerProfil(profil, projetChoisi);
+  }
+  montrerProfils();
 }
 
 void CDlgMetresLineairesKavels::ajouterClasse() {
@@ -188,11 +203,14 @@ void CDlgMetresLineairesKavels::ajouterClasse() {
   if (runDialog(dialogue) != dialogues::kOk) return;
   insererClasse(listeClasses(), dialogue.classe);
   montrerClasses();
+  recalculer();
 }
 
 void CDlgMetresLineairesKavels::supprimerClasseChoisie() {
-  if (!listeClassesCtrl.selection().empty()) supprimerClasse(listeClasses(), listeClassesCtrl.selection().front());
+  if (listeClassesCtrl.selection().empty()) return;
+  supprimerClasse(listeClasses(), listeClassesCtrl.selection().front());
   montrerClasses();
+  recalculer();
 }
 
 }  // namespace plv

@@ -30,6 +30,8 @@ class CDlgMetresLineairesKavels : public dialogues::Dialog {
   void ajouterProfils();
   void ajouterProfil(AcDbObjectId id);
   void montrerProfil(std::size_t index);
+  void montrerProfils();
+  void recalculer();
   void enleverSelection();
   void ajouterClasse();
   void supprimerClasseChoisie();

@@ -11,6 +11,7 @@
 #include "atelier/desktop/window/driver.h"
 #include "atelier/desktop/window/theme.h"
 #include "atelier/plugin/published.h"
+#include "atelier/render/sheets/plot_builtins.h"
 #include "module/commande/porte/entree.h"
 
 namespace {
@@ -80,6 +81,7 @@ int main(int argc, char** argv) {
   atelier::registerApplication([](int message, void* id) {
     return static_cast<int>(acrxEntryPoint(static_cast<AcRx::AppMsgCode>(message), id));
   });
+  atelier::render::providePlots();
   const bool dark = arguments.value(2) == "sombre";
   if (dark) QSettings().setValue("fond", "#202124");
   chooseTheme(dark);

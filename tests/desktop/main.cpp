@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 #include <clocale>
 
+#include "atelier/render/sheets/plot_builtins.h"
 #include "programs/applications.h"
 
 int main(int argc, char** argv) {
@@ -21,5 +22,6 @@ int main(int argc, char** argv) {
   QApplication::setOrganizationName("kavel");
   QApplication::setApplicationName("essais");
   kavel::registerApplications();
+  atelier::render::providePlots();
   return RUN_ALL_TESTS();
 }

@@ -1,5 +1,7 @@
 // Work on a profile in the window: forms, panel, status bar, menus of the profile, dialogs of quantities.
 #include <QComboBox>
+#include <QLineEdit>
+#include <QTabWidget>
 #include <QTableWidget>
 
 #include "atelier/desktop/forms/forms.h"
@@ -46,6 +48,20 @@ TEST_F(ProfileWindow, FormsMakeAProfileWithItsTables) {
   EXPECT_FALSE(shown.filter("à partir de 0.00").isEmpty()) << shown.join("\n").toStdString();
   for (const char* text : {"ROUTE", "Altitude terrain naturel", "Pentes et rampes"})
     EXPECT_TRUE(shown.contains(text)) << shown.join("\n").toStdString();
+}
+
+TEST_F(ProfileWindow, AFormTakesADecimalComma) {
+  driver.menu("Nouveau profil...").then([this] {
+    auto* const f = form<atelier::desktop::NewProfileForm>();
+    ASSERT_TRUE(f);
+    for (const auto& [typed, value] : {std::pair("2,75", 2.75), std::pair("3.5", 3.5)}) {
+      f->textHeight->findChild<QLineEdit*>()->setText(typed);
+      f->textHeight->interpretText();
+      EXPECT_EQ(f->textHeight->value(), value) << typed;
+    }
+    f->reject();
+  });
+  driver.play();
 }
 
 TEST_F(ProfileWindow, AFormWithoutAFileStaysAndSaysWhatItNeeds) {
@@ -95,6 +111,41 @@ TEST_F(ProfileWindow, ChoosingAProfileBringsItsMenuWhoseEntriesRun) {
   EXPECT_TRUE(window.closeTab(0));
   QApplication::processEvents();
   for (const QAction* action : window.menuBar()->actions()) EXPECT_NE(action->text(), "Profil 1");
+}
+
+TEST_F(ProfileWindow, TheBarShowsTheMenuOfTheDrawingInFront) {
+  const auto shown = [this] {
+    QApplication::processEvents();
+    QStringList menus;
+    for (const QAction* action : window.menuBar()->actions())
+      if (action->text().startsWith("Profil ")) menus << action->text();
+    return menus.join(",");
+  };
+  const auto tables = [this](const char* profile) {
+    driver.type(QString("(progn (plv-matrices (plv-profil-de-numero \"%1\") \"%2matrices-route.txt\" nil) (princ))")
+                    .arg(profile, kExamples));
+    driver.type("PLV-CHOISIR").play();
+  };
+  tables("1");
+  EXPECT_EQ(shown(), "Profil 1");
+  window.open();
+  EXPECT_EQ(shown(), "");
+  for (const QString& line : {QString("PLV-NOUVEAU"), QString(kExamples) + "rue-du-moulin.csv", QString("B2"),
+                              QString("0,0"), QString(), QString(), QString(), QString()})
+    driver.type(line);
+  driver.play();
+  tables("B2");
+  EXPECT_EQ(shown(), "Profil B2");
+  auto* const tabs = window.findChild<QTabWidget*>();
+  tabs->setCurrentIndex(0);
+  EXPECT_EQ(shown(), "Profil 1");
+  // What its entries work on are the tables of this drawing.
+  EXPECT_EQ(lisp("(if (pl_SelectMatrice 0) (pl_nbmatrices))").toInt(), 2);
+  tabs->setCurrentIndex(1);
+  EXPECT_EQ(shown(), "Profil B2");
+  answer = "non";
+  EXPECT_TRUE(window.closeTab(1));
+  EXPECT_EQ(shown(), "Profil 1");
 }
 
 TEST_F(ProfileWindow, APanelClickAnswersAPromptForObjects) {

@@ -1,5 +1,7 @@
 // Drawings that we write, read by an independent library: new ones, and those that lack what a change needs.
 // Its audit must find nothing to complain of and nothing to repair.
+#include "atelier/database/lists/entity_groups.h"
+#include "hote/acdb.h"
 #include "hote/acut.h"
 #include "tests/dxf/drawing_files.h"
 
@@ -173,6 +175,55 @@ TEST(Written, anErasedBlockGoesWithItsMarks) {
   const auto found = differences(bytesOf(generatedFile("R2010.dxf")), drawing.written());
   EXPECT_EQ(std::count_if(found.begin(), found.end(), [](const std::string& key) { return key.starts_with("-"); }), 3)
       << ::testing::PrintToString(found);
+}
+
+// The number for the next handle, and the highest handle that the bytes have.
+std::pair<std::uint64_t, std::uint64_t> seedAndHighest(const std::string& bytes) {
+  std::istringstream lines(bytes);
+  std::uint64_t seed = 0, highest = 0;
+  bool isSeed = false;
+  for (std::string code, value; std::getline(lines, code) && std::getline(lines, value);) {
+    const int number = std::atoi(code.c_str());
+    if (number == 5 && isSeed) seed = std::stoull(value, nullptr, 16);
+    else if (number == 5 || number == 105) highest = std::max<std::uint64_t>(highest, std::stoull(value, nullptr, 16));
+    isSeed = number == 9 && value.starts_with("$HANDSEED");
+  }
+  return {seed, highest};
+}
+
+// A program registers its name in a drawing that it doesn't change otherwise.
+TEST(Written, theSeedIsAboveEveryHandleAlsoForANameAlone) {
+  for (const char* name : {"R2000.dxf", "R2018.dxf"}) {
+    Opened drawing(generatedFile(name));
+    ASSERT_EQ(acdbRegApp(L"ESSAI"), RTNORM);
+    drawing.imp.modified = false;
+    const auto [seed, highest] = seedAndHighest(drawing.written());
+    EXPECT_GT(seed, highest) << name;
+  }
+}
+
+// Drawings up to R12 have no objects; what only asks doesn't make any.
+TEST(Written, objectsAreMadeInDrawingsThatHaveNone) {
+  for (const char* name : {"R12.dxf", "R12_entities_only.dxf", "R12_binary.dxf"}) {
+    const fs::path file = generatedFile(name);
+    Opened drawing(file);
+    ASSERT_FALSE(drawing.db.namedObjectsDictionaryId().isNull());
+    EXPECT_EQ(drawing.written(), bytesOf(file)) << name;
+    AcDbObjectId id;
+    {
+      AcDbStub* loose = atelier::makeLooseObject(drawing.imp, {atelier::Group::text(0, "DICTIONARY")});
+      ASSERT_TRUE(loose);
+      const AcDbObjectPointer<AcDbDictionary> root(drawing.db.namedObjectsDictionaryId(), AcDb::kForWrite);
+      auto* entry = new AcDbDictionary;
+      ASSERT_EQ(root->setAt(L"ESSAI", entry, id), Acad::eOk);
+      entry->close();
+    }
+    const Folder folder;
+    put(folder.path / "apres.dxf", drawing.written());
+    Opened again(folder.path / "apres.dxf");
+    const AcDbObjectPointer<AcDbDictionary> root(again.db.namedObjectsDictionaryId());
+    EXPECT_EQ(root->getAt(L"ESSAI", id), Acad::eOk) << name;
+  }
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 """Reads the workbook of C:CUBPL back with openpyxl: sheets, cells, formats, borders, widths.
 
 Usage: classeur.py KAVEL SOURCE [--keep FILE]. Two profiles on a flat ground at 10 m: P1 with a line through four classes, a
-line deeper than all classes, and fixed elements; P2 with a line above the ground; another P2, for which there is no sheet; P3
+line deeper than all classes, and fixed elements; P2 with a line above the ground; another P2, whose sheet has a name of its own; P3
 with a line that begins on the limit of a class. Their sections are worked out by hand.
 """
 import os
@@ -182,7 +182,7 @@ with tempfile.TemporaryDirectory() as place:
     path = draw(place)
     workbook = load_workbook(path)
     expect("results in the file", [row[0] for row in rows(load_workbook(path, data_only=True)["P1"], "Longueur")], [12.5, 12.5, 12.5, 12.5, 50])
-    expect("sheets", workbook.sheetnames, ["P1", "P2", "P3"])
+    expect("sheets", workbook.sheetnames, ["P1", "P2", "P2 (2)", "P3"])
     for name in workbook.sheetnames:
         check_head(workbook[name], name)
     for index, row in enumerate(P1):

@@ -19,6 +19,7 @@ from openpyxl import load_workbook
 KAVEL, SOURCE = sys.argv[1:3]
 faults = []
 SURVEY = []
+CLEAR = 40  # the setting of the hatches; it is their alpha byte as it stands
 
 
 def expect(what, found, wanted):
@@ -50,6 +51,8 @@ def ground(survey, d):
 
 def draw(folder):
     path = os.path.join(folder, "a.dxf")
+    with open(os.path.join(folder, "config.ini"), "w", encoding="utf-8") as settings:
+        settings.write(f"[Kavels]\nHatchTransparency={CLEAR}\n")
     environment = dict(os.environ, KAVEL_FRONTAL=os.path.join(SOURCE, "frontal"), KAVEL_CHEMIN=folder)
     subprocess.run([KAVEL, "--quiet", "-s", os.path.join(SOURCE, "exemples", "demo.scr"), "--save", path], cwd=folder, check=True,
                    env=environment, stderr=subprocess.DEVNULL)
@@ -201,6 +204,8 @@ def check_quantities(drawing, data, folder):
     sections = rows(sheet, "Debut", "Fin", "Classe profondeur", "Surface trancon", "Largeur trancon", "Volume")
     hatches = [h for h in drawing.modelspace().query("HATCH") if h.dxf.layer == "PLV-HACHURES"]
     expect("hatches", len(hatches), len(sections))
+    legends = [b for b in drawing.blocks if b.name.startswith("PLV_LEGENDE")]
+    expect("transparency of the legend", {h.dxf.transparency for b in legends for h in b.query("HATCH")}, {0x2000000 + CLEAR})
     for (start, end, label, surface, width, volume), hatch in zip(sections, hatches):
         limit, wide, colour = CLASSES[label]
         exact, deepest = area(line, start, end)
@@ -210,7 +215,7 @@ def check_quantities(drawing, data, folder):
             if abs(found - exact) > 1e-9 * exact:
                 faults.append(f"{what} from {start} to {end}: {found}, expected {exact}")
         expect("class, width and volume", (deepest < limit + 1e-9, width, near(volume, surface * wide)), (True, wide, True))
-        expect("colour and transparency", (hatch.dxf.color, hatch.dxf.transparency), (colour, 0x0200005A))
+        expect("colour and transparency", (hatch.dxf.color, hatch.dxf.transparency), (colour, 0x2000000 + CLEAR))
     expect("end of the sections", (sections[0][0], sections[-1][1]), (0.0, 400.0))
     legend = [t.dxf.text for t in drawing.blocks["PLV_LEGENDE_1_ASSAINISSEMENT"].query("TEXT")]
     totals = [f"{sum(r[1] - r[0] for r in sections):.2f}", f"{sum(r[3] for r in sections):.2f}", f"{sum(r[5] for r in sections):.2f}"]

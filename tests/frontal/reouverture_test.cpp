@@ -43,8 +43,13 @@ TEST(GroundLines, ErasedOnesAreMendedByTheAudit) {
   EXPECT_EQ(printed, "nil");
   std::string said;
   const auto keep = [&](std::string_view text) { said += text; };
-  EXPECT_GT(atelier::auditDrawing(again, false, keep, true).errors, 0U);
-  EXPECT_EQ(atelier::auditDrawing(again, true, keep, true).errors, 0U) << said;
+  const auto found = atelier::auditDrawing(again, false, keep, true);
+  EXPECT_GT(found.errors, 0U);
+  const auto mended = atelier::auditDrawing(again, true, keep, true);
+  EXPECT_EQ(mended.errors, 0U) << said;
+  // The summary counts what was mended in the profiles, too.
+  EXPECT_EQ(mended.repaired, found.errors);
+  EXPECT_NE(said.find("0 erreurs, " + std::to_string(found.errors) + " réparées, "), std::string::npos) << said;
   ASSERT_TRUE(again.evaluate("(length (plv-mesures-profils (plv-metres nil \"Voirie\" nil nil)))", &printed));
   EXPECT_EQ(printed, "1");
 }

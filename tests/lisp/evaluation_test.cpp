@@ -47,6 +47,7 @@ TEST_F(Evaluation, Functions) {
          {"(noargs)", "7"},
          {"(defun empty ())", "EMPTY"},
          {"(empty)", "nil"},
+         {"(progn (defun both (a b / c b a) (setq c 3) (list a b c)) (both 1 2))", "(1 2 3)"},
          {"(defun onlylocals (/ a b) (setq a 1) (list a b))", "ONLYLOCALS"},
          {"(onlylocals)", "(1 nil)"},
          {"(defun doc (x) \"Une aide.\" (* x x))", "DOC"},

@@ -74,6 +74,20 @@ TEST_F(Cubpl, ClassesAreEditedAndSavedWhicheverWayItEnds) {
   EXPECT_EQ(relue[0].couleur, 30);
 }
 
+TEST_F(Cubpl, ProfilesAreMeasuredAgainWithOtherClasses) {
+  session.eval("(pl_elem_prj prf \"V\" b a)");
+  const std::string retirer = "SupprimerLaClasse\n";
+  const std::string vu =
+      cubpl(std::string(kAjouter) + "AjouterUneClasse\nDe=0.6\nA=0.7\nLargeur=2\nOK\n" + "ClassesDeProfondeurs=8\n" +
+            retirer + "ClassesDeProfondeurs=7\n" + retirer + "ClassesDeProfondeurs=6\n" + retirer + "Fermer");
+  // Over the first ten metres the depth grows from 0.5 to 1 m: two of them lie in the new class.
+  VOIT(vu, "0.000    2.000   1 -      0.550   0.660    1.100\n");
+  VOIT(vu, "2.000    4.000   2 -      0.650   2.600    1.300\n");
+  VOIT(vu, "30.000   60.000   6 -      2.306  103.750  69.167\n");
+  // Without the classes below 2 m there is no width there.
+  VOIT(vu.substr(vu.rfind("Profils en long\n")), "30.000   60.000   6 -      2.306  0.000   69.167\n");
+}
+
 TEST_F(Cubpl, ATransparencyOutOfRangeIsPutRight) {
   auto& reglage = plv::reglagesModule().transparenceHachures;
   session.eval("(pl_elem_prj prf \"V\" a)");

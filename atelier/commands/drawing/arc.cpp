@@ -18,7 +18,7 @@ void addCircle(const Command& c, const AcGePoint3d& centre, double radius) {
 }
 
 CommandTask circle(Command& c) {
-  const auto centre = co_await c.point("\nCentre du cercle ou [3P/2P]: ", {}, "3P 2P _3P 2P");
+  const auto centre = co_await c.pointOrEnter("\nCentre du cercle ou [3P/2P]: ", {}, "3P 2P _3P 2P");
   if (centre.is("2P") || centre.is("3P")) {
     const auto a = co_await c.point("\nPremier point: ");
     const auto b = co_await c.point("\nDeuxième point: ", a.value);
@@ -32,13 +32,26 @@ CommandTask circle(Command& c) {
     co_return;
   }
   if (!centre.given()) co_return;
-  const auto radius = co_await c.distance("\nRayon du cercle ou [Diamètre]: ", centre.value, "Diamètre _Diameter");
-  if (radius.is("Diameter")) {
-    const auto diameter = co_await c.distance("\nDiamètre: ", centre.value);
-    addCircle(c, centre.value, diameter.value / 2);
-    co_return;
+  // The last radius is offered once there is one.
+  const double known = c.document.variables().real("CIRCLERAD", 0);
+  const std::string prompt =
+      "\nRayon du cercle ou [Diamètre]" + (known > 0 ? " <" + realText(known) + ">" : std::string()) + ": ";
+  double length = known;
+  bool diameter = false;
+  if (known > 0) {
+    const auto radius = co_await c.distanceOrEnter(prompt, *centre, "Diamètre _Diameter");
+    diameter = radius.is("Diameter");
+    length = radius.valueOr(known);
+  } else {
+    const auto radius = co_await c.distance(prompt, *centre, "Diamètre _Diameter");
+    diameter = radius.is("Diameter");
+    length = radius.value;
   }
-  addCircle(c, centre.value, radius.valueOr(c.document.variables().real("CIRCLERAD", 0)));
+  if (diameter) {
+    const auto across = co_await c.distance("\nDiamètre: ", *centre);
+    length = across.value / 2;
+  }
+  addCircle(c, *centre, length);
 }
 
 double directionTo(const AcGePoint3d& from, const AcGePoint3d& to) {
@@ -86,9 +99,9 @@ CommandTask arcCommand(Command& c) {
   } else {
     const auto second =
         co_await c.point("\nDeuxième point de l'arc ou [Centre/Extrémité]: ", start, "Centre Extrémité _Center End");
-    if (second.given()) {
+    if (!second.isKeyword()) {
       const auto end = co_await c.point("\nExtrémité de l'arc: ", second.value);
-      if (end.given()) addArcThrough(c, start, second.value, end.value);
+      addArcThrough(c, start, second.value, end.value);
       co_return;
     }
     if (second.is("End")) {
@@ -106,9 +119,10 @@ CommandTask arcCommand(Command& c) {
       } else if (how.is("Radius")) {
         const auto radius = co_await c.distance("\nRayon de l'arc: ", to);
         addBulgeArc(c, start, to, bulgeOfRadius(c, start.distanceTo(to), radius.value));
-      } else if (how.given()) {
-        addArc(c, how.value, std::hypot(start.x - how.value.x, start.y - how.value.y), directionTo(how.value, start),
-               directionTo(how.value, to));
+      } else {
+        const AcGePoint3d middle = how.value;
+        addArc(c, middle, std::hypot(start.x - middle.x, start.y - middle.y), directionTo(middle, start),
+               directionTo(middle, to));
       }
       co_return;
     }
@@ -121,7 +135,7 @@ CommandTask arcCommand(Command& c) {
   if (end.is("Angle")) {
     const auto turn = co_await c.angle("\nAngle décrit: ");
     addArc(c, centre, radius, turn.value < 0 ? from + turn.value : from, turn.value < 0 ? from : from + turn.value);
-  } else if (end.given()) {
+  } else if (!end.isKeyword()) {
     addArc(c, centre, radius, from, directionTo(centre, end.value));
   } else {
     const auto chord = co_await c.distance("\nLongueur de la corde: ", start);

@@ -45,7 +45,7 @@ CommandTask blockCommand(Command& c) {
   const auto chosen = co_await c.objects();
   if (!chosen.given()) co_return;
   std::set<AcDbStub*> seen;
-  for (AcDbStub* stub : chosen.value->list())
+  for (AcDbStub* stub : (*chosen)->list())
     if (!id.isNull() && shows(c.document.imp(), stub, id, seen)) c.fail("Un bloc ne peut se contenir lui-même.");
   std::vector<AcDbStub*> before;
   if (id.isNull()) id = newBlock(c, name);
@@ -54,8 +54,8 @@ CommandTask blockCommand(Command& c) {
     const AcDbObjectPointer<AcDbObject> open(AcDbObjectId(old), AcDb::kForWrite);
     if (open.openStatus() == Acad::eOk) open->erase();
   }
-  c.copies(*chosen.value, AcGeMatrix3d::translation(-base.value.asVector()), id);
-  c.change(*chosen.value, [](AcDbEntity& entity) { entity.erase(); });
+  c.copies(**chosen, AcGeMatrix3d::translation(-base.value.asVector()), id);
+  c.change(**chosen, [](AcDbEntity& entity) { entity.erase(); });
   c.document.variables().set("INSNAME", name);
 }
 

@@ -12,11 +12,11 @@ namespace {
 CommandTask line(Command& c) {
   std::vector<AcGePoint3d> points;
   std::vector<AcDbObjectId> drawn;
-  const auto first = co_await c.point("\nPremier point: ");
-  points.push_back(first.given() ? first.value : c.document.prompter().lastPoint);
+  const auto first = co_await c.pointOrEnter("\nPremier point: ");
+  points.push_back(first.given() ? *first : c.document.prompter().lastPoint);
   for (;;) {
-    const auto next =
-        co_await c.point("\nPoint suivant ou [Clore/annUler]: ", points.back(), "Clore annUler _Close Undo");
+    const auto next = co_await c.pointOrEnter("\nPoint suivant ou [Clore/annUler] <fin>: ", points.back(),
+                                              "Clore annUler _Close Undo");
     if (next.is("Undo")) {
       if (points.size() < 2) continue;
       const AcDbEntityPointer last(drawn.back(), AcDb::kForWrite);
@@ -30,25 +30,25 @@ CommandTask line(Command& c) {
       co_return;
     }
     if (!next.given()) co_return;
-    drawn.push_back(c.add(std::make_unique<AcDbLine>(points.back(), next.value)));
-    points.push_back(next.value);
+    drawn.push_back(c.add(std::make_unique<AcDbLine>(points.back(), *next)));
+    points.push_back(*next);
   }
 }
 
 CommandTask point(Command& c) {
-  const auto place = co_await c.point("\nPoint: ");
-  if (place.given()) c.add(std::make_unique<AcDbPoint>(place.value));
+  const auto place = co_await c.pointOrEnter("\nPoint: ");
+  if (place.given()) c.add(std::make_unique<AcDbPoint>(*place));
 }
 
 CommandTask rectangle(Command& c) {
-  const auto a = co_await c.point("\nPremier coin: ");
-  const auto b = co_await c.corner("\nCoin opposé: ", a.value);
-  if (!a.given() || !b.given()) co_return;
-  const AcGePoint2d corners[] = {flat(a.value), {b.value.x, a.value.y}, flat(b.value), {a.value.x, b.value.y}};
+  const auto a = co_await c.pointOrEnter("\nPremier coin: ");
+  if (!a.given()) co_return;
+  const auto b = co_await c.corner("\nCoin opposé: ", *a);
+  const AcGePoint2d corners[] = {flat(*a), {b.value.x, a->y}, flat(b.value), {a->x, b.value.y}};
   auto polyline = std::make_unique<AcDbPolyline>();
   for (unsigned i = 0; i < 4; ++i) polyline->addVertexAt(i, corners[i]);
   polyline->setClosed(true);
-  polyline->setElevation(a.value.z);
+  polyline->setElevation(a->z);
   c.add(std::move(polyline));
 }
 
@@ -56,15 +56,15 @@ CommandTask polylineInSpace(Command& c) {
   AcGePoint3dArray points;
   bool closed = false;
   for (;;) {
-    const std::string prompt = points.isEmpty() ? "\nPremier point: " : "\nPoint suivant ou [Clore/annUler]: ";
-    const auto next = co_await c.point(prompt, {}, "Clore annUler _Close Undo");
+    const std::string prompt = points.isEmpty() ? "\nPremier point: " : "\nPoint suivant ou [Clore/annUler] <fin>: ";
+    const auto next = co_await c.pointOrEnter(prompt, {}, "Clore annUler _Close Undo");
     if (next.is("Undo")) {
       if (points.length() > 1) points.removeAt(points.length() - 1);
       continue;
     }
     closed = next.is("Close");
     if (!next.given()) break;
-    points.append(next.value);
+    points.append(*next);
   }
   if (points.length() < 2) co_return;
   const AcDbObjectPointer<AcDb3dPolyline> polyline(c.add(std::make_unique<AcDb3dPolyline>()), AcDb::kForWrite);

@@ -112,35 +112,35 @@ CommandTask insertCommand(Command& c) {
   Placing placing;
   bool scaled = false, turned = false;
   for (;;) {
-    const auto point = co_await c.point("\nPoint d'insertion ou [Echelle/X/Y/Rotation]: ", {},
-                                        "Echelle X Y Z Rotation _Scale X Y Z Rotate");
+    const auto point = co_await c.pointOrEnter("\nPoint d'insertion ou [Echelle/X/Y/Rotation]: ", {},
+                                               "Echelle X Y Z Rotation _Scale X Y Z Rotate");
     if (point.is("Rotate")) {
-      const auto angle = co_await c.angle("\nAngle de rotation <0>: ");
+      const auto angle = co_await c.angleOrEnter("\nAngle de rotation <0>: ");
       placing.rotation = angle.valueOr(0);
       turned = true;
-    } else if (!point.given() && !point.keyword.empty()) {
-      const auto factor = co_await c.real("\nFacteur d'échelle <1>: ");
+    } else if (point.isKeyword()) {
+      const auto factor = co_await c.realOrEnter("\nFacteur d'échelle <1>: ");
       if (!point.is("Y") && !point.is("Z")) placing.x = factor.valueOr(1);
       if (!point.is("X") && !point.is("Z")) placing.y = factor.valueOr(1);
       scaled = true;
     } else {
       if (!point.given()) co_return;
-      placing.point = point.value;
+      placing.point = *point;
       break;
     }
   }
   if (!scaled) {
-    const auto x = co_await c.real("\nFacteur d'échelle en X <1>: ");
+    const auto x = co_await c.realOrEnter("\nFacteur d'échelle en X <1>: ");
     placing.x = x.valueOr(1);
     placing.y = placing.x;
     if (!exploded) {
-      const auto y = co_await c.real("\nFacteur d'échelle en Y <celui de X>: ");
+      const auto y = co_await c.realOrEnter("\nFacteur d'échelle en Y <celui de X>: ");
       placing.y = y.valueOr(placing.x);
     }
   }
   if (placing.x == 0 || placing.y == 0) c.fail("Un facteur d'échelle ne peut être nul.");
   if (!turned) {
-    const auto angle = co_await c.angle("\nAngle de rotation <0>: ", placing.point);
+    const auto angle = co_await c.angleOrEnter("\nAngle de rotation <0>: ", placing.point);
     placing.rotation = angle.valueOr(0);
   }
   const AcDbObjectId reference = place(c, block, placing);

@@ -76,11 +76,11 @@ void finish(const Command& c, const Drawn& p, bool closed) {
   c.add(std::move(polyline));
 }
 
-constexpr const char* kSegmentPrompt = "\nPoint suivant ou [Arc/Clore/DEmi-largeur/LOngueur/annUler/LArgeur]: ";
+constexpr const char* kSegmentPrompt = "\nPoint suivant ou [Arc/Clore/DEmi-largeur/LOngueur/annUler/LArgeur] <fin>: ";
 constexpr const char* kSegmentWords =
     "Arc Clore DEmi-largeur LOngueur annUler LArgeur _Arc Close Halfwidth Length Undo Width";
 constexpr const char* kArcPrompt =
-    "\nExtrémité de l'arc ou [Angle/CEntre/CLore/Direction/DEmi-largeur/LIgne/Rayon/Second/annUler/LARgeur]: ";
+    "\nExtrémité de l'arc ou [Angle/CEntre/CLore/Direction/DEmi-largeur/LIgne/Rayon/Second/annUler/LARgeur] <fin>: ";
 constexpr const char* kArcWords =
     "Angle CEntre CLore Direction DEmi-largeur LIgne Rayon Second annUler LARgeur "
     "_Angle CEnter CLose Direction Halfwidth Line Radius Second Undo Width";
@@ -88,52 +88,52 @@ constexpr const char* kArcWords =
 CommandTask pline(Command& c) {
   Drawn p;
   p.startWidth = p.endWidth = c.document.variables().real("PLINEWID", 0);
-  const auto first = co_await c.point("\nPoint de départ: ");
-  const AcGePoint3d start = first.given() ? first.value : c.document.prompter().lastPoint;
+  const auto first = co_await c.pointOrEnter("\nPoint de départ: ");
+  const AcGePoint3d start = first.given() ? *first : c.document.prompter().lastPoint;
   p.vertices.push_back({flat(start)});
   p.elevation = start.z;
   bool arcs = false;
   for (;;) {
     const AcGePoint3d last(p.last().x, p.last().y, p.elevation);
-    const auto next = co_await c.point(arcs ? kArcPrompt : kSegmentPrompt, last, arcs ? kArcWords : kSegmentWords);
+    const auto next =
+        co_await c.pointOrEnter(arcs ? kArcPrompt : kSegmentPrompt, last, arcs ? kArcWords : kSegmentWords);
     if (next.given()) {
-      append(p, flat(next.value), arcs ? tangentBulge(p, endDirection(p), flat(next.value)) : 0);
+      append(p, flat(*next), arcs ? tangentBulge(p, endDirection(p), flat(*next)) : 0);
     } else if (next.is("Arc") || next.is("Line")) {
       arcs = next.is("Arc");
     } else if (next.is("Undo")) {
       if (p.vertices.size() > 1) p.vertices.pop_back();
     } else if (next.is("Width") || next.is("Halfwidth")) {
       const double times = next.is("Width") ? 1 : 2;
-      const auto from = co_await c.distance("\nLargeur de départ: ", last);
-      if (from.given()) p.startWidth = times * from.value;
-      const auto to = co_await c.distance("\nLargeur de fin: ", last);
-      p.endWidth = to.given() ? times * to.value : p.startWidth;
+      const auto from = co_await c.distanceOrEnter("\nLargeur de départ: ", last);
+      if (from.given()) p.startWidth = times * *from;
+      const auto to = co_await c.distanceOrEnter("\nLargeur de fin: ", last);
+      p.endWidth = to.given() ? times * *to : p.startWidth;
       c.document.variables().set("PLINEWID", p.endWidth);
     } else if (next.is("Length")) {
-      const auto length = co_await c.distance("\nLongueur du segment: ", last);
+      const auto length = co_await c.distanceOrEnter("\nLongueur du segment: ", last);
       const double direction = endDirection(p);
-      if (length.given())
-        append(p, p.last() + AcGeVector2d(std::cos(direction), std::sin(direction)) * length.value, 0);
+      if (length.given()) append(p, p.last() + AcGeVector2d(std::cos(direction), std::sin(direction)) * *length, 0);
     } else if (next.is("Angle")) {
       const auto turn = co_await c.angle("\nAngle décrit: ");
       const auto end = co_await c.point("\nExtrémité de l'arc: ", last);
-      if (end.given()) append(p, flat(end.value), std::tan(turn.value / 4));
+      append(p, flat(end.value), std::tan(turn.value / 4));
     } else if (next.is("CEnter")) {
       const auto centre = co_await c.point("\nCentre de l'arc: ", last);
       const auto end = co_await c.point("\nExtrémité de l'arc: ", centre.value);
-      if (end.given()) appendAbout(c, p, flat(centre.value), (flat(end.value) - flat(centre.value)).angle());
+      appendAbout(c, p, flat(centre.value), (flat(end.value) - flat(centre.value)).angle());
     } else if (next.is("Direction")) {
       const auto tangent = co_await c.angle("\nDirection de la tangente au départ: ", last);
       const auto end = co_await c.point("\nExtrémité de l'arc: ", last);
-      if (end.given()) append(p, flat(end.value), tangentBulge(p, tangent.value, flat(end.value)));
+      append(p, flat(end.value), tangentBulge(p, tangent.value, flat(end.value)));
     } else if (next.is("Radius")) {
       const auto radius = co_await c.distance("\nRayon de l'arc: ", last);
       const auto end = co_await c.point("\nExtrémité de l'arc: ", last);
-      if (end.given()) appendOfRadius(c, p, radius.value, flat(end.value));
+      appendOfRadius(c, p, radius.value, flat(end.value));
     } else if (next.is("Second")) {
       const auto middle = co_await c.point("\nDeuxième point de l'arc: ", last);
       const auto end = co_await c.point("\nExtrémité de l'arc: ", middle.value);
-      if (end.given()) appendThrough(c, p, flat(middle.value), flat(end.value));
+      appendThrough(c, p, flat(middle.value), flat(end.value));
     } else {
       const bool closed = next.is("Close") || next.is("CLose");
       if (closed) {

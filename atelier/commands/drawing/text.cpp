@@ -50,19 +50,19 @@ CommandTask text(Command& c) {
   AcGePoint3d start, end;
   for (;;) {
     const auto place =
-        co_await c.point("\nPoint de départ du texte ou [Justifier/STyle]: ", {},
-                         "Justifier STyle Gauche Centre Droite Milieu HG HC HD MG MC MD BG BC BD Aligné Fixé "
-                         "_Justify Style Left Center Right Middle TL TC TR ML MC MR BL BC BR Align Fit");
+        co_await c.pointOrEnter("\nPoint de départ du texte ou [Justifier/STyle]: ", {},
+                                "Justifier STyle Gauche Centre Droite Milieu HG HC HD MG MC MD BG BC BD Aligné Fixé "
+                                "_Justify Style Left Center Right Middle TL TC TR ML MC MR BL BC BR Align Fit");
     if (place.is("Style")) {
       const auto name = co_await c.word("\nNom du style: ");
       setStyle(c, name.value);
       continue;
     }
-    std::string word = place.keyword;
+    std::string word = place.keyword();
     if (place.is("Justify")) {
       const auto chosen = co_await c.keyword(
           "\nJustification [Gauche/Centre/Droite/Milieu/HG/HC/HD/MG/MC/MD/BG/BC/BD/Aligné/Fixé]: ", kJustifyWords);
-      word = chosen.keyword;
+      word = chosen.keyword();
     }
     if (!place.given()) {
       mode = justification(word);
@@ -70,7 +70,7 @@ CommandTask text(Command& c) {
       const auto at = co_await c.point("\nPoint du texte: ");
       start = at.value;
     } else {
-      start = place.value;
+      start = *place;
     }
     break;
   }
@@ -84,14 +84,14 @@ CommandTask text(Command& c) {
   if (height == 0 && mode->horizontal != AcDb::kTextAlign) {
     const double proposed = c.document.variables().real("TEXTSIZE", 2.5);
     const std::string prompt = "\nHauteur <" + realText(proposed) + ">: ";
-    const auto given = co_await c.distance(prompt, start);
+    const auto given = co_await c.distanceOrEnter(prompt, start);
     height = given.valueOr(proposed);
     if (!(height > 0)) c.fail("La hauteur du texte doit être positive.");
     c.document.variables().set("TEXTSIZE", height);
   }
   double rotation = 0;
   if (!between) {
-    const auto given = co_await c.angle("\nAngle de rotation du texte <0>: ", start);
+    const auto given = co_await c.angleOrEnter("\nAngle de rotation du texte <0>: ", start);
     rotation = given.valueOr(0);
   }
   const auto words = co_await c.line("\nTexte: ");
@@ -104,19 +104,19 @@ CommandTask text(Command& c) {
 }
 
 CommandTask mtext(Command& c) {
-  const auto first = co_await c.point("\nPremier coin: ");
+  const auto first = co_await c.pointOrEnter("\nPremier coin: ");
   if (!first.given()) co_return;
   double height = c.document.variables().real("TEXTSIZE", 2.5), rotation = 0, width = 0;
   int attachment = 1;
   for (;;) {
     const auto corner =
-        co_await c.corner("\nCoin opposé ou [Hauteur/Justifier/Rotation/STyle/Largeur]: ", first.value,
+        co_await c.corner("\nCoin opposé ou [Hauteur/Justifier/Rotation/STyle/Largeur]: ", *first,
                           "Hauteur Justifier Rotation STyle Largeur _Height Justify Rotation Style Width");
     if (corner.is("Height")) {
-      const auto given = co_await c.distance("\nHauteur: ", first.value);
+      const auto given = co_await c.distanceOrEnter("\nHauteur: ", *first);
       height = given.valueOr(height);
     } else if (corner.is("Rotation")) {
-      const auto given = co_await c.angle("\nAngle de rotation: ", first.value);
+      const auto given = co_await c.angleOrEnter("\nAngle de rotation: ", *first);
       rotation = given.valueOr(rotation);
     } else if (corner.is("Style")) {
       const auto name = co_await c.word("\nNom du style: ");
@@ -128,11 +128,11 @@ CommandTask mtext(Command& c) {
       for (int i = 0; i < 9; ++i)
         if (chosen.is(kOrder[i])) attachment = i + 1;
     } else if (corner.is("Width")) {
-      const auto given = co_await c.distance("\nLargeur: ", first.value);
+      const auto given = co_await c.distanceOrEnter("\nLargeur: ", *first);
       width = given.valueOr(0);
       break;
     } else {
-      if (corner.given()) width = std::abs(corner.value.x - first.value.x);
+      width = std::abs(corner.value.x - first->x);
       break;
     }
   }
@@ -144,7 +144,7 @@ CommandTask mtext(Command& c) {
   }
   if (contents.empty()) co_return;
   auto made = std::make_unique<AcDbMText>();
-  made->setLocation(first.value);
+  made->setLocation(*first);
   made->setContents(toWide(contents).c_str());
   made->setTextHeight(height);
   made->setWidth(width);

@@ -56,8 +56,8 @@ void changeWhole(const Command& c, AcDbObjectId id, PATH path) {
 }
 
 // Sets whether the lines are trimmed, from the answer.
-void setTrimming(const Command& c, const Reply<int>& mode) {
-  if (mode.answer == Answer::keyword) c.document.variables().set("TRIMMODE", mode.is("Trim") ? 1 : 0);
+void setTrimming(const Command& c, const MaybeReply<int>& mode) {
+  if (mode.isKeyword()) c.document.variables().set("TRIMMODE", mode.is("Trim") ? 1 : 0);
 }
 
 constexpr const char* kTrimPrompt = "\nLignes au raccord [Ajuster/Garder]: ";
@@ -75,20 +75,19 @@ CommandTask fillet(Command& c) {
       const auto mode = co_await c.keyword(kTrimPrompt, kTrimWords);
       setTrimming(c, mode);
     } else if (first.is("Radius")) {
-      const auto given = co_await c.distance("\nRayon du raccord: ");
-      if (given.value < 0) c.fail("Le rayon ne peut pas être négatif.");
-      if (given.given()) c.document.variables().set("FILLETRAD", given.value);
+      const auto given = co_await c.distanceOrEnter("\nRayon du raccord: ");
+      if (given.valueOr(0) < 0) c.fail("Le rayon ne peut pas être négatif.");
+      if (given.given()) c.document.variables().set("FILLETRAD", *given);
     } else if (first.is("Polyline")) {
       const auto whole = co_await c.entity("\nPolyligne: ");
       if (whole.given())
-        changeWhole(c, whole.value.id,
-                    [&](const auto& list, bool closed) { return roundedPath(list, closed, radius); });
+        changeWhole(c, whole->id, [&](const auto& list, bool closed) { return roundedPath(list, closed, radius); });
       if (!many) co_return;
     } else {
       if (!first.given()) co_return;
-      checkSide(c.document, first.value);
+      checkSide(c.document, *first);
       const auto second = co_await c.entity("\nDeuxième objet: ");
-      if (second.given()) joinRounded(c, first.value, second.value, radius);
+      if (second.given()) joinRounded(c, *first, *second, radius);
       if (!many || !second.given()) co_return;
     }
   }
@@ -108,21 +107,20 @@ CommandTask chamfer(Command& c) {
       setTrimming(c, mode);
     } else if (first.is("Distance")) {
       const auto one = co_await c.distance("\nPremier écart: ");
-      const auto two = co_await c.distance("\nDeuxième écart <le premier>: ");
+      const auto two = co_await c.distanceOrEnter("\nDeuxième écart <le premier>: ");
       if (one.value < 0 || two.valueOr(0) < 0) c.fail("Un écart ne peut pas être négatif.");
       c.document.variables().set("CHAMFERA", one.value);
       c.document.variables().set("CHAMFERB", two.valueOr(one.value));
     } else if (first.is("Polyline")) {
       const auto whole = co_await c.entity("\nPolyligne: ");
       if (whole.given())
-        changeWhole(c, whole.value.id,
-                    [&](const auto& list, bool closed) { return cutPath(list, closed, before, after); });
+        changeWhole(c, whole->id, [&](const auto& list, bool closed) { return cutPath(list, closed, before, after); });
       if (!many) co_return;
     } else {
       if (!first.given()) co_return;
-      checkSide(c.document, first.value);
+      checkSide(c.document, *first);
       const auto second = co_await c.entity("\nDeuxième ligne: ");
-      if (second.given()) joinCut(c, first.value, second.value, before, after);
+      if (second.given()) joinCut(c, *first, *second, before, after);
       if (!many || !second.given()) co_return;
     }
   }

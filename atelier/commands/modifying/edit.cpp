@@ -15,7 +15,7 @@ CommandTask select(Command& c) { co_await c.objects(); }
 
 CommandTask erase(Command& c) {
   const auto chosen = co_await c.objects();
-  if (chosen.given()) c.change(*chosen.value, [](AcDbEntity& entity) { entity.erase(); });
+  if (chosen.given()) c.change(**chosen, [](AcDbEntity& entity) { entity.erase(); });
 }
 
 CommandTask move(Command& c) {
@@ -27,10 +27,10 @@ CommandTask move(Command& c) {
     const auto vector = co_await c.point("\nDéplacement: ");
     by = vector.value.asVector();
   } else {
-    const auto to = co_await c.point("\nDeuxième point <le premier est le déplacement>: ", base.value);
-    by = to.given() ? to.value - base.value : base.value.asVector();
+    const auto to = co_await c.pointOrEnter("\nDeuxième point <le premier est le déplacement>: ", base.value);
+    by = to.given() ? *to - base.value : base.value.asVector();
   }
-  c.change(*chosen.value, [&](AcDbEntity& entity) { entity.transformBy(AcGeMatrix3d::translation(by)); });
+  c.transform(**chosen, AcGeMatrix3d::translation(by));
 }
 
 // A program makes one copy unless it asks for Multiple; a user one for each point given.
@@ -43,13 +43,13 @@ CommandTask copy(Command& c) {
   if (base.is("Multiple")) base = co_await c.point("\nPoint de base: ");
   if (base.is("Displacement")) {
     const auto vector = co_await c.point("\nDéplacement: ");
-    c.copies(*chosen.value, AcGeMatrix3d::translation(vector.value.asVector()));
+    c.copies(**chosen, AcGeMatrix3d::translation(vector.value.asVector()));
     co_return;
   }
   for (bool first = true;; first = false) {
-    const auto to = co_await c.point("\nDeuxième point <fin>: ", base.value);
+    const auto to = co_await c.pointOrEnter("\nDeuxième point <fin>: ", base.value);
     if (!to.given() && !first) co_return;
-    c.copies(*chosen.value, AcGeMatrix3d::translation(to.given() ? to.value - base.value : base.value.asVector()));
+    c.copies(**chosen, AcGeMatrix3d::translation(to.given() ? *to - base.value : base.value.asVector()));
     if (!to.given() || one) co_return;
   }
 }
@@ -57,7 +57,7 @@ CommandTask copy(Command& c) {
 // What is kept stays as it is: its handles are known to others, and its layer may be locked.
 void transform(const Command& c, const SelectionSet& set, const AcGeMatrix3d& matrix, bool keepOriginal) {
   if (keepOriginal) c.copies(set, matrix);
-  else c.change(set, [&](AcDbEntity& entity) { entity.transformBy(matrix); });
+  else c.transform(set, matrix);
 }
 
 CommandTask rotate(Command& c) {
@@ -72,10 +72,10 @@ CommandTask rotate(Command& c) {
     if (turn.is("Copy")) {
       keep = true;
     } else if (turn.is("Reference")) {
-      const auto reference = co_await c.angle("\nAngle de référence <0>: ", base.value);
+      const auto reference = co_await c.angleOrEnter("\nAngle de référence <0>: ", base.value);
       from = reference.valueOr(0);
     } else {
-      transform(c, *chosen.value, AcGeMatrix3d::rotation(turn.value - from, AcGeVector3d(0, 0, 1), base.value), keep);
+      transform(c, **chosen, AcGeMatrix3d::rotation(turn.value - from, AcGeVector3d(0, 0, 1), base.value), keep);
       co_return;
     }
   }
@@ -93,11 +93,11 @@ CommandTask scale(Command& c) {
     if (factor.is("Copy")) {
       keep = true;
     } else if (factor.is("Reference")) {
-      const auto length = co_await c.distance("\nLongueur de référence <1>: ", base.value);
+      const auto length = co_await c.distanceOrEnter("\nLongueur de référence <1>: ", base.value);
       unit = length.valueOr(1);
     } else {
       if (!(factor.value > 0) || !(unit > 0)) c.fail("Le facteur d'échelle doit être positif.");
-      transform(c, *chosen.value, AcGeMatrix3d::scaling(factor.value / unit, base.value), keep);
+      transform(c, **chosen, AcGeMatrix3d::scaling(factor.value / unit, base.value), keep);
       co_return;
     }
   }
@@ -119,7 +119,7 @@ CommandTask mirror(Command& c) {
   const auto b = co_await c.point("\nDeuxième point de l'axe: ", a.value);
   if (a.value.distanceTo(b.value) == 0) c.fail("Les deux points de l'axe sont confondus.");
   const auto answer = co_await c.keyword("\nEffacer les objets d'origine? [Oui/Non] <N>: ", "Oui Non _Yes No");
-  transform(c, *chosen.value, mirrorMatrix(a.value, b.value), !answer.is("Yes"));
+  transform(c, **chosen, mirrorMatrix(a.value, b.value), !answer.is("Yes"));
 }
 
 constexpr CommandRow kTable[] = {

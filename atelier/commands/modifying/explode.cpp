@@ -52,7 +52,7 @@ CommandTask explode(Command& c) {
   if (!chosen.given()) co_return;
   int kept = 0;
   // An object's parts are added before it is erased, so that an interruption loses nothing.
-  c.change(*chosen.value, [&](AcDbEntity& entity) {
+  c.change(**chosen, [&](AcDbEntity& entity) {
     const auto* reference = AcDbBlockReference::cast(&entity);
     if (!(reference ? explodeReference(c, *reference) : explodeInto(c, entity))) {
       ++kept;

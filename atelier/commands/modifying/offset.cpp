@@ -83,7 +83,7 @@ CommandTask offset(Command& c) {
   const double known = std::abs(c.document.variables().real("OFFSETDIST", 1));
   const std::string prompt = "\nDistance de décalage ou [Par/Effacer/Calque] <" + realText(known) + ">: ";
   bool erases = false, currentLayer = false;
-  auto given = co_await c.distance(prompt, {}, "Par Effacer Calque _Through Erase Layer");
+  auto given = co_await c.distanceOrEnter(prompt, {}, "Par Effacer Calque _Through Erase Layer");
   while (given.is("Erase") || given.is("Layer")) {
     if (given.is("Erase")) {
       const auto yes = co_await c.keyword("\nEffacer l'objet d'origine? [Oui/Non] <N>: ", "Oui Non _Yes No");
@@ -93,7 +93,7 @@ CommandTask offset(Command& c) {
           co_await c.keyword("\nCalque du décalage [Courant/Source] <S>: ", "Courant Source _Current Source");
       currentLayer = layer.is("Current");
     }
-    given = co_await c.distance(prompt, {}, "Par Effacer Calque _Through Erase Layer");
+    given = co_await c.distanceOrEnter(prompt, {}, "Par Effacer Calque _Through Erase Layer");
   }
   const bool through = given.is("Through");
   double distance = given.valueOr(known);
@@ -102,20 +102,20 @@ CommandTask offset(Command& c) {
   for (;;) {
     const auto picked = co_await c.entity("\nObjet à décaler <fin>: ");
     if (!picked.given()) co_return;
-    pickedCurve(c.document, picked.value.id);
-    const auto side = co_await c.point(through ? "\nPoint de passage: " : "\nPoint du côté du décalage: ");
+    pickedCurve(c.document, picked->id);
+    const auto side = co_await c.pointOrEnter(through ? "\nPoint de passage: " : "\nPoint du côté du décalage: ");
     if (!side.given()) co_return;
-    const AcDbCurve& curve = pickedCurve(c.document, picked.value.id);
+    const AcDbCurve& curve = pickedCurve(c.document, picked->id);
     AcGePoint3d foot;
-    const auto nearest = paramNear(curve, side.value);
+    const auto nearest = paramNear(curve, *side);
     if (through && nearest && curve.getPointAtParam(*nearest, foot) == Acad::eOk)
-      distance = std::hypot(side.value.x - foot.x, side.value.y - foot.y);
-    auto parallel = parallelOf(curve, distance, side.value);
+      distance = std::hypot(side->x - foot.x, side->y - foot.y);
+    auto parallel = parallelOf(curve, distance, *side);
     if (!parallel) c.fail("L'objet ne se décale pas.");
     parallel->setPropertiesFrom(&curve);
     if (currentLayer) parallel->setLayer(c.document.database().clayer());
     c.addAsIs(std::move(parallel));
-    const AcDbEntityPointer source(erases ? picked.value.id : AcDbObjectId(), AcDb::kForWrite);
+    const AcDbEntityPointer source(erases ? picked->id : AcDbObjectId(), AcDb::kForWrite);
     if (source.openStatus() == Acad::eOk) source->erase();
   }
 }

@@ -134,15 +134,15 @@ CommandTask pedit(Command& c) {
   if (many) {
     const auto chosen = co_await c.objects();
     if (chosen.given())
-      for (AcDbStub* stub : chosen.value->list()) {
+      for (AcDbStub* stub : (*chosen)->list()) {
         checkInterruption();
         if (AcDbCurve::cast(&c.document.imp().object(*stub)) && !isLocked(c.document, AcDbObjectId(stub)))
           ids.emplace_back(stub);
       }
   } else if (picked.given()) {
-    pickedCurve(c.document, picked.value.id);
-    refuseLocked(c.document, picked.value.id);
-    ids.push_back(picked.value.id);
+    pickedCurve(c.document, picked->id);
+    refuseLocked(c.document, picked->id);
+    ids.push_back(picked->id);
   }
   const bool asks = c.document.variables().integer("PEDITACCEPT", 0) == 0;
   if (asks && std::any_of(ids.begin(), ids.end(), [&](AcDbObjectId id) { return isSimple(c, id); })) {
@@ -159,30 +159,30 @@ CommandTask pedit(Command& c) {
     if (!editing) {
       const auto option = co_await c.keyword(kOptions, kWords);
       if (option.is("Join") && many) {
-        const auto reach = co_await c.distance("\nDistance d'approximation <0>: ");
+        const auto reach = co_await c.distanceOrEnter("\nDistance d'approximation <0>: ");
         const int count = joinAmong(c, ids, std::max(reach.valueOr(0), 1e-6));
         c.print("\n" + std::to_string(count) + " segment(s) ajouté(s).");
       } else if (option.is("Join")) {
         const auto chosen = co_await c.objects();
         if (!chosen.given()) continue;
-        const int count = join(*Opened(c, id), *chosen.value, c.document.imp(), 1e-6);
+        const int count = join(*Opened(c, id), **chosen, c.document.imp(), 1e-6);
         c.print("\n" + std::to_string(count) + " segment(s) ajouté(s).");
       } else if (option.is("Width")) {
-        const auto width = co_await c.distance("\nLargeur de toute la polyligne: ");
+        const auto width = co_await c.distanceOrEnter("\nLargeur de toute la polyligne: ");
         for (const AcDbObjectId each : ids)
-          if (width.given()) Opened(c, each)->setConstantWidth(width.value);
+          if (width.given()) Opened(c, each)->setConstantWidth(*width);
       } else if (option.is("Ltype")) {
         const auto on = co_await c.keyword("\nType de ligne suivi sur toute la polyligne [ACtif/Inactif]: ",
                                            "ACtif Inactif _ON OFF");
         for (const AcDbObjectId each : ids)
-          if (on.answer == Answer::keyword) setTypeAlong(*Opened(c, each), on.is("ON"));
+          if (on.isKeyword()) setTypeAlong(*Opened(c, each), on.is("ON"));
       } else if (option.is("Edit") && !many) {
         editing = true;
         vertex = 0;
-      } else if (option.answer != Answer::keyword || option.is("eXit")) {
+      } else if (!option.isKeyword() || option.is("eXit")) {
         co_return;
       } else {
-        for (const AcDbObjectId each : ids) apply(c, option.keyword, each);
+        for (const AcDbObjectId each : ids) apply(c, option.keyword(), each);
       }
       continue;
     }
@@ -195,19 +195,20 @@ CommandTask pedit(Command& c) {
     } else if (option.is("Previous")) {
       vertex = (vertex + count - 1) % count;
     } else if (option.is("Insert") || option.is("Move")) {
-      const auto place = co_await c.point("\nEmplacement du sommet: ");
+      const auto place = co_await c.pointOrEnter("\nEmplacement du sommet: ");
       if (!place.given()) continue;
       const Opened polyline(c, id);
-      const AcGePoint2d p = inPlane(*polyline, place.value);
+      const AcGePoint2d p = inPlane(*polyline, *place);
       if (option.is("Move")) polyline->setPointAt(vertex, p);
       else polyline->addVertexAt(vertex + 1, p);
     } else if (option.is("Straighten")) {
       if (count > 2) Opened(c, id)->removeVertexAt(vertex);
       vertex = std::min(vertex, count - 2);
     } else if (option.is("Width")) {
-      const auto from = co_await c.distance("\nLargeur de départ: ");
-      const auto to = co_await c.distance("\nLargeur de fin <celle de départ>: ");
-      if (from.given()) Opened(c, id)->setWidthsAt(vertex, from.value, to.valueOr(from.value));
+      const auto from = co_await c.distanceOrEnter("\nLargeur de départ: ");
+      if (!from.given()) continue;
+      const auto to = co_await c.distanceOrEnter("\nLargeur de fin <celle de départ>: ");
+      Opened(c, id)->setWidthsAt(vertex, *from, to.valueOr(*from));
     } else {
       vertex = (vertex + 1) % count;
     }

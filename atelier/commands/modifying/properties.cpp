@@ -36,18 +36,17 @@ CommandTask changeProperties(Command& c) {
   const auto chosen = co_await c.objects();
   if (!chosen.given()) co_return;
   if (commandName(c.typed).ends_with("CHANGE")) {
-    const auto how = co_await c.keyword("\nOption [Propriétés] <P>: ", "Propriétés _Properties");
-    if (how.answer == Answer::cancel) co_return;
+    co_await c.keyword("\nOption [Propriétés] <P>: ", "Propriétés _Properties");
   }
   for (;;) {
     const auto option = co_await c.keyword(kPrompt, kWords);
-    if (option.answer != Answer::keyword) co_return;
-    const std::string prompt = question(option.keyword);
+    if (!option.isKeyword()) co_return;
+    const std::string prompt = question(option.keyword());
     const auto given = co_await c.line(prompt);
     const std::string text(trimmed(given.value));
     if (text.empty()) continue;
     int refused = 0;
-    c.change(*chosen.value, [&](AcDbEntity& entity) { refused += !setProperty(entity, option.keyword, text); });
+    c.change(**chosen, [&](AcDbEntity& entity) { refused += !setProperty(entity, option.keyword(), text); });
     if (refused > 0) c.fail("Valeur refusée: " + text);
   }
 }
@@ -61,7 +60,7 @@ CommandTask color(Command& c) {
 CommandTask lineType(Command& c) {
   for (;;) {
     const auto option = co_await c.keyword("\nOption [?/CHoisir] <fin>: ", "? CHoisir Charger _? Set Load");
-    if (option.answer != Answer::keyword) co_return;
+    if (!option.isKeyword()) co_return;
     if (option.is("Load")) c.fail("LINETYPE: les types de ligne sont ceux du dessin.");
     if (option.is("?")) {
       for (AcDbStub* stub : *c.document.imp().table("LTYPE")->children)

@@ -65,7 +65,7 @@ CommandTask trim(Command& c) {
   for (;;) {
     const auto picked = co_await c.entity("\nPartie à ajuster <fin>: ");
     if (!picked.given()) co_return;
-    trimAt(c, picked.value.id, picked.value.point, chosen.given() ? chosen.value.get() : nullptr);
+    trimAt(c, picked->id, picked->point, chosen.given() ? chosen->get() : nullptr);
   }
 }
 
@@ -176,14 +176,14 @@ CommandTask extend(Command& c) {
   for (;;) {
     const auto picked = co_await c.entity("\nObjet à prolonger <fin>: ");
     if (!picked.given()) co_return;
-    pickedCurve(c.document, picked.value.id);
-    if (isLocked(c.document, picked.value.id)) {
+    pickedCurve(c.document, picked->id);
+    if (isLocked(c.document, picked->id)) {
       c.print(kLocked);
       continue;
     }
-    const Limits others = limits(c, chosen.given() ? chosen.value.get() : nullptr);
-    const AcDbObjectPointer<AcDbCurve> curve(picked.value.id, AcDb::kForWrite);
-    if (curve.openStatus() != Acad::eOk || !extendCurve(*curve, picked.value.point, others)) c.print(kNoLimit);
+    const Limits others = limits(c, chosen.given() ? chosen->get() : nullptr);
+    const AcDbObjectPointer<AcDbCurve> curve(picked->id, AcDb::kForWrite);
+    if (curve.openStatus() != Acad::eOk || !extendCurve(*curve, picked->point, others)) c.print(kNoLimit);
   }
 }
 

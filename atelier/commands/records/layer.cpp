@@ -107,7 +107,7 @@ CommandTask layerCommand(Command& c) {
         "[?/CRéer/CHoisir/Nouveau/ACtif/Inactif/COuleur/TYpeligne/EPaisseur/Gelé/LIbérer/Verrouillé/"
         "DÉverrouillé/REnommer]: ",
         kWords);
-    if (option.answer != Answer::keyword) co_return;
+    if (!option.isKeyword()) co_return;
     if (option.is("?")) {
       const auto names = co_await c.line("\nCalques à lister <*>: ");
       list(c);

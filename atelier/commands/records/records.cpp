@@ -43,12 +43,12 @@ CommandTask styleCommand(Command& c) {
                     widthPrompt = "\nFacteur de largeur <" + realText(width) + ">: ";
   const auto file = co_await c.line(filePrompt);
   if (!file.value.empty()) font = file.value;
-  const auto tall = co_await c.distance(heightPrompt);
-  const auto wide = co_await c.real(widthPrompt);
-  const auto slant = co_await c.angle("\nAngle d'inclinaison <0>: ");
+  const auto tall = co_await c.distanceOrEnter(heightPrompt);
+  const auto wide = co_await c.realOrEnter(widthPrompt);
+  const auto slant = co_await c.angleOrEnter("\nAngle d'inclinaison <0>: ");
   const auto backwards = co_await c.keyword("\nTexte à l'envers? [Oui/Non] <N>: ", "Oui Non _Yes No");
   const auto upsideDown = co_await c.keyword("\nTexte tête en bas? [Oui/Non] <N>: ", "Oui Non _Yes No");
-  Reply<int> vertical;
+  MaybeReply<int> vertical;
   if (!upperCase(font).ends_with(".TTF"))
     vertical = co_await c.keyword("\nTexte vertical? [Oui/Non] <N>: ", "Oui Non _Yes No");
   const AcDbObjectPointer<Style> record(id, AcDb::kForWrite);
@@ -76,24 +76,24 @@ std::string_view tableOf(const std::string& keyword) {
 CommandTask rename(Command& c) {
   const auto kind = co_await c.keyword("\nType d'objet [Bloc/CAlque/TYpeligne/STyle/COtation]: ",
                                        "Bloc CAlque TYpeligne STyle COtation _Block LAyer LType Style Dimstyle");
-  if (kind.answer != Answer::keyword) co_return;
+  if (!kind.isKeyword()) co_return;
   const auto from = co_await c.line("\nAncien nom: ");
   const auto to = co_await c.line("\nNouveau nom: ");
-  renameNamed(c, tableOf(kind.keyword), from.value, to.value);
+  renameNamed(c, tableOf(kind.keyword()), from.value, to.value);
 }
 
 CommandTask purge(Command& c) {
   const auto kind = co_await c.keyword(
       "\nÉléments à purger [TOut/Bloc/CAlque/TYpeligne/STyle/COtation/Regapps]: ",
       "TOut Bloc CAlque TYpeligne STyle COtation Regapps _All Block LAyer LType Style Dimstyle Regapps");
-  if (kind.answer != Answer::keyword) co_return;
+  if (!kind.isKeyword()) co_return;
   const auto names = co_await c.line("\nNoms à purger <*>: ");
   // Whatever the answer, no name is asked about: nothing that is in use is purged.
   const auto verify = co_await c.keyword("\nVérifier chaque nom? [Oui/Non] <N>: ", "Oui Non _Yes No");
   if (verify.is("Yes")) c.print("\nLes noms ne sont pas vérifiés un à un.");
   std::vector<std::string_view> tables;
   if (kind.is("All")) tables = {"BLOCK_RECORD", "LAYER", "LTYPE", "STYLE", "DIMSTYLE"};
-  else tables = {tableOf(kind.keyword)};
+  else tables = {tableOf(kind.keyword())};
   int count = 0;
   for (const std::string_view table : tables)
     for (const std::string& name : purgeTable(c, table, names.value.empty() ? "*" : names.value)) {

@@ -29,11 +29,11 @@ std::string pointText(const Command& c, const AcGePoint3d& p) {
 }
 
 CommandTask distance(Command& c) {
-  const auto first = co_await c.point("\nPremier point: ");
+  const auto first = co_await c.pointOrEnter("\nPremier point: ");
   if (!first.given()) co_return;
-  const auto second = co_await c.point("\nDeuxième point: ", first.value);
+  const auto second = co_await c.pointOrEnter("\nDeuxième point: ", *first);
   if (!second.given()) co_return;
-  const AcGeVector3d d = second.value - first.value;
+  const AcGeVector3d d = *second - *first;
   const double flat = std::hypot(d.x, d.y);
   c.print("\nDistance = " + lengthText(c, d.length()) + ", en plan = " + lengthText(c, flat) +
           ", direction en plan = " + angleText(c, std::atan2(d.y, d.x)));
@@ -43,8 +43,8 @@ CommandTask distance(Command& c) {
 }
 
 CommandTask identify(Command& c) {
-  const auto point = co_await c.point("\nPoint: ");
-  if (point.given()) c.print("\n" + pointText(c, point.value) + "\n");
+  const auto point = co_await c.pointOrEnter("\nPoint: ");
+  if (point.given()) c.print("\n" + pointText(c, *point) + "\n");
 }
 
 void describeCurve(const Command& c, const AcDbCurve& curve) {
@@ -80,7 +80,7 @@ void describe(const Command& c, const AcDbStub& stub) {
 CommandTask list(Command& c) {
   const auto chosen = co_await c.objects();
   if (!chosen.given()) co_return;
-  for (const AcDbStub* stub : chosen.value->list()) describe(c, *stub);
+  for (const AcDbStub* stub : (*chosen)->list()) describe(c, *stub);
   c.print("\n");
 }
 

@@ -25,15 +25,15 @@ CommandTask redo(Command& c) {
 }
 
 CommandTask mredo(Command& c) {
-  const auto count = co_await c.integer("\nNombre d'actions ou [Tout/Dernier] <1>: ", "Tout Dernier _All Last");
+  const auto count = co_await c.integerOrEnter("\nNombre d'actions ou [Tout/Dernier] <1>: ", "Tout Dernier _All Last");
   int left = count.is("All") ? kAll : count.valueOr(1);
   while (left > 0 && c.document.imp().journal.redo()) --left;
 }
 
 CommandTask undo(Command& c) {
   const auto option =
-      co_await c.integer("\nNombre d'étapes ou [AUto/COntrôle/DÉbut/Fin/Marque/REtour] <1>: ",
-                         "DÉbut Fin COntrôle AUto REtour Marque Groupe _BEgin End Control Auto Back Mark Group");
+      co_await c.integerOrEnter("\nNombre d'étapes ou [AUto/COntrôle/DÉbut/Fin/Marque/REtour] <1>: ",
+                                "DÉbut Fin COntrôle AUto REtour Marque Groupe _BEgin End Control Auto Back Mark Group");
   if (option.is("BEgin") || option.is("Group")) {
     c.document.imp().journal.mark();
     c.document.undoGroup = true;

@@ -59,15 +59,15 @@ CommandTask zoom(Command& c) {
   } else if (first.is("Previous")) {
     c.document.view() = c.document.previousView;
   } else if (first.is("Center")) {
-    const auto centre = co_await c.point("\nCentre: ");
+    const auto centre = co_await c.pointOrEnter("\nCentre: ");
     const std::string prompt = "\nHauteur <" + realText(before.height) + ">: ";
-    const auto height = co_await c.distance(prompt);
+    const auto height = co_await c.distanceOrEnter(prompt);
     c.document.view() = {centre.valueOr(before.centre), height.valueOr(before.height)};
   } else if (first.is("Object")) {
     const auto chosen = co_await c.objects();
-    if (chosen.given()) showExtents(c, extentsOf(c, *chosen.value));
+    if (chosen.given()) showExtents(c, extentsOf(c, **chosen));
   } else if (first.is("Window") || first.given()) {
-    AcGePoint3d corner = first.value;
+    AcGePoint3d corner = first.valueOr({});
     if (!first.given()) {
       const auto given = co_await c.point("\nPremier coin: ");
       corner = given.value;
@@ -75,8 +75,8 @@ CommandTask zoom(Command& c) {
     const auto opposite = co_await c.corner("\nCoin opposé: ", corner);
     const AcGePoint3d &a = corner, &b = opposite.value;
     show(c, {std::min(a.x, b.x), std::min(a.y, b.y), 0}, {std::max(a.x, b.x), std::max(a.y, b.y), 0});
-  } else if (!first.keyword.empty() && !first.is("Dynamic")) {
-    std::string text = first.keyword;
+  } else if (first.isKeyword() && !first.is("Dynamic")) {
+    std::string text = first.keyword();
     if (first.is("Scale")) {
       const auto given = co_await c.word("\nFacteur d'échelle (nX): ");
       text = given.value;
@@ -89,9 +89,10 @@ CommandTask zoom(Command& c) {
 }
 
 CommandTask pan(Command& c) {
-  const auto base = co_await c.point("\nPoint de base: ");
-  const auto to = co_await c.point("\nDeuxième point: ", base.value);
-  if (base.given() && to.given()) c.document.view().centre += base.value - to.value;
+  const auto base = co_await c.pointOrEnter("\nPoint de base: ");
+  if (!base.given()) co_return;
+  const auto to = co_await c.pointOrEnter("\nDeuxième point: ", *base);
+  if (to.given()) c.document.view().centre += *base - *to;
 }
 
 // Redraws: vectors drawn on the screen only are removed.
@@ -103,7 +104,7 @@ CommandTask regen(Command& c) {
 CommandTask view(Command& c) {
   const auto option = co_await c.keyword("\nOption [?/SUpprimer/REstaurer/ENregistrer]: ",
                                          "? SUpprimer REstaurer ENregistrer DEssus _? Delete Restore Save Top");
-  if (option.answer != Answer::keyword || option.is("Top")) co_return;  // there is no other direction
+  if (!option.isKeyword() || option.is("Top")) co_return;  // there is no other direction
   auto& views = c.document.namedViews;
   if (option.is("?")) {
     for (const auto& [name, kept] : views) c.print("\n  " + name);
@@ -120,8 +121,8 @@ CommandTask view(Command& c) {
 CommandTask ucs(Command& c) {
   const auto option =
       co_await c.keyword("\nOption [Général/Précédent] <Général>: ", "Général Précédent _World Previous");
-  if (option.answer == Answer::none || option.is("World") || option.is("Previous")) co_return;
-  c.fail("SCU: seul le repère général est offert.");
+  if (option.isKeyword() && !option.is("World") && !option.is("Previous"))
+    c.fail("SCU: seul le repère général est offert.");
 }
 
 constexpr CommandRow kTable[] = {

@@ -2,6 +2,7 @@
 // Defaults are those of the DXF reference: a group that is missing means its default.
 #include <cmath>
 
+#include "atelier/database/entities/carried_transform.h"
 #include "atelier/database/objects/imp_database.h"
 #include "hote/acut.h"
 #include "hote/dbents.h"
@@ -139,7 +140,7 @@ Acad::ErrorStatus AcDbEntity::getGeomExtents(AcDbExtents& extents) const {
   return Acad::eOk;
 }
 Acad::ErrorStatus AcDbEntity::subGetGeomExtents(AcDbExtents&) const { return Acad::eInvalidExtents; }
-Acad::ErrorStatus AcDbEntity::transformBy(const AcGeMatrix3d&) { return Acad::eNotApplicable; }
+Acad::ErrorStatus AcDbEntity::transformBy(const AcGeMatrix3d& matrix) { return transformCarried(*this, matrix); }
 Acad::ErrorStatus AcDbEntity::intersectWith(const AcDbEntity*, AcDb::Intersect, AcGePoint3dArray&, Adesk::GsMarker,
                                             Adesk::GsMarker) const {
   return Acad::eNotApplicable;

@@ -137,6 +137,7 @@ EntityMaker::Result EntityMaker::makeEntity(std::vector<Group> groups) {
 
 AcDbStub* makeLooseObject(AcDbImpDatabase& db, std::vector<Group> groups) {
   if (textOf(groups, 0).empty() || !referencesExist(db, groups, nullptr)) return nullptr;
+  if (!db.rootDictionary) db.makeRootDictionary();
   AcDbObject* made = objectFrom(listedRecord(std::move(groups)), false);
   AcDbStub& stub = db.adopt(*made, *db.rootDictionary);
   made->close();

@@ -5,7 +5,7 @@
 #include <bitset>
 
 #include "atelier/database/curves/curve_geometry.h"
-#include "atelier/database/lists/measured_dimension.h"
+#include "atelier/database/entities/measured_dimension.h"
 #include "atelier/database/objects/layouts.h"
 
 namespace atelier {

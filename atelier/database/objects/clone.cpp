@@ -42,6 +42,7 @@ class Cloner {
     removeBraces(copy, kReactors);
     for (Group& group : copy.groups) group.from({});
     if (source.is(AcDbStub::kEntity) && source.database != &target_) nameTables(copy, source);
+    else if (source.is(AcDbStub::kEntity)) ownDimensionBlock(copy, source);
     ParsedRecord parsed(std::move(copy));
     AcDbObject* made = makeObjectForPending(source.is(AcDbStub::kEntity));
     AcDbStub& stub = target_.adopt(*made, owner);
@@ -143,7 +144,14 @@ class Cloner {
       else if (group.code() == 1001) need("APPID", group.text(), source);
     }
     if (record.type() == "INSERT") nameBlock(record, textField("AcDbBlockReference", 2), source);
-    if (record.type() == "DIMENSION") nameBlock(record, textField("AcDbDimension", 2), source);
+    if (record.type() == "ACAD_TABLE") nameBlock(record, textField("AcDbBlockReference", 2), source);
+    ownDimensionBlock(record, source);
+  }
+
+  // A dimension is shown by a block of its own, which moves with it.
+  void ownDimensionBlock(Record& record, AcDbStub& source) {
+    const Field block = textField("AcDbDimension", 2);
+    if (record.has(block)) nameBlock(record, block, source);
   }
 
   // An anonymous block of the target has the same name by chance only: the copy's block gets a free one.
@@ -164,7 +172,7 @@ class Cloner {
   static bool isDigit(char c) { return c >= '0' && c <= '9'; }
   static std::string anonymousPrefix(const std::string& name) {
     const std::string prefix = name.substr(0, 2);
-    return prefix == "*D" || prefix == "*X" ? prefix : "*U";
+    return prefix == "*D" || prefix == "*X" || prefix == "*T" ? prefix : "*U";
   }
 
   // References to a record lead to the target's record of that name.

@@ -94,22 +94,22 @@ Acad::ErrorStatus AcDbDatabase::readDwgFile(const ACHAR* path, int, bool, const 
   return Acad::eOk;
 }
 
+void AcDbImpDatabase::makeRootDictionary() {
+  auto* root = new AcDbDictionary;
+  AcDbStub& stub = addStub(takeHandle(), "DICTIONARY", nullptr);
+  stub.set(AcDbStub::kVirtual);
+  AcDbImpObject& imp = AcDbImpObject::of(root);
+  imp.record.setObjectHandle(stub.handle);
+  imp.record.setOwner(0);
+  imp.stub = &stub;
+  stub.object = root;
+  objects.insert(objects.begin(), &stub);
+  rootDictionary = &stub;
+}
+
 AcDbStub& AcDbImpDatabase::namedDictionary(std::string_view key) {
   const std::wstring name = toWide(key);
-  if (!rootDictionary) {
-    // R12 drawings have no objects: the root dictionary is made with the first object.
-    auto* root = new AcDbDictionary;
-    AcDbStub& stub = addStub(takeHandle(), "DICTIONARY", nullptr);
-    stub.set(AcDbStub::kNew);
-    stub.set(AcDbStub::kChanged);
-    AcDbImpObject& imp = AcDbImpObject::of(root);
-    imp.record.setObjectHandle(stub.handle);
-    imp.record.setOwner(0);
-    imp.stub = &stub;
-    stub.object = root;
-    objects.insert(objects.begin(), &stub);
-    rootDictionary = &stub;
-  }
+  if (!rootDictionary) makeRootDictionary();
   AcDbObjectId id;
   {
     const AcDbObjectPointer<AcDbDictionary> root(idOf(rootDictionary));

@@ -118,6 +118,8 @@ class AcDbImpDatabase {
   std::unordered_map<const AcDbStub*, BlockEnds> blockEnds;
 
   AcDbStub* rootDictionary = nullptr;
+  // For a drawing without one, as all were up to R12: a stand-in, which is written with the first entry.
+  void makeRootDictionary();
   std::vector<AcDbStub*> objects;  // the OBJECTS section in order, new ones at the end
   // A dictionary below the root, made when it is missing.
   AcDbStub& namedDictionary(std::string_view key);

@@ -40,7 +40,7 @@ AcDbObject* blockBegin(const AcDbObject* block) {
                                                                     : &stub->database->object(*it->second.begin);
 }
 
-// "*U" and "*D" take the next number that is free.
+// "*U", "*D" and others take the next number that is free.
 std::string nameOfItsOwn(AcDbImpDatabase& db, const std::string& prefix) {
   for (int number = static_cast<int>(db.table("BLOCK_RECORD")->children->size());; ++number) {
     const std::string name = prefix + std::to_string(number);
@@ -115,7 +115,7 @@ Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* 
   record->getName(name);
   std::string text = toUtf8(name.kACharPtr());
   const bool isBlock = tableNameOf(this) == "BLOCK_RECORD";
-  if (isBlock && (text == "*U" || text == "*D" || text == "*X")) {
+  if (isBlock && (text == "*U" || text == "*D" || text == "*X" || text == "*T")) {
     text = nameOfItsOwn(db, text);
     record->setName(toWide(text).c_str());
   }

@@ -13,8 +13,24 @@ namespace {
 constexpr int kWidth = 460, kHeight = 180, kEdge = 14;
 constexpr double kRoom = 60;  // drawn height, in text heights
 
+// Takes a decimal comma for a point.
+class NumberBox : public QDoubleSpinBox {
+ public:
+  using QDoubleSpinBox::QDoubleSpinBox;
+  QValidator::State validate(QString& text, int& position) const override {
+    text = withPoint(text);
+    return QDoubleSpinBox::validate(text, position);
+  }
+  double valueFromText(const QString& text) const override { return QDoubleSpinBox::valueFromText(withPoint(text)); }
+
+ private:
+  QString withPoint(QString text) const {
+    return text.replace(',', locale().decimalPoint()).replace('.', locale().decimalPoint());
+  }
+};
+
 QDoubleSpinBox* spin(QWidget* parent, double value, double most) {
-  auto* box = new QDoubleSpinBox(parent);
+  auto* box = new NumberBox(parent);
   box->setRange(0.01, most);
   box->setValue(value);
   return box;

@@ -82,7 +82,9 @@ void MainWindow::buildPanels() {
     commands_->setFocus();
   };
   profiles_->onChoose = [this](const QString& handle) {
-    if (Drawing* d = drawing()) d->feed({QString("(pl_ChoixProfil (handent \"%1\"))").arg(handle).toStdString()});
+    const QString profile = QString("(handent \"%1\")").arg(handle);
+    if (Drawing* d = drawing())
+      d->feed({QString("(progn (if (plv-profil-sain %1) (plv-choix-profil %1)) (princ))").arg(profile).toStdString()});
   };
   commands_->onLine = [this](const QString& line) {
     if (Drawing* d = drawing()) d->type(line);
@@ -155,6 +157,7 @@ void MainWindow::showTab() {
   setWindowTitle(tab ? tab->drawing->title() + QStringLiteral("[*] - Kavel") : QStringLiteral("Kavel"));
   if (!tab) return;
   tab->drawing->document().makeCurrent();
+  if (!tab->drawing->isRunning()) atelier::desktop::ask(tab->drawing->document(), "(plv-reprendre-courant)");
   setWindowModified(tab->drawing->isModified());
   commands_->showPrompt(tab->drawing->prompt());
   QStringList names;

@@ -39,12 +39,23 @@ void checkSeed(AuditRun& run) {
     run.db.modified = true;  // saving writes a seed that is
 }
 
+bool hasObjects(const AcDbImpDatabase& db) {
+  constexpr std::string_view kFirst = "AC1012";  // R13
+  return db.header.text("$ACADVER", "AC1009") >= kFirst;
+}
+
 // Stand-ins take the place of what the file lacks; noted as changed, they are written.
 void checkDefaults(AuditRun& run) {
   for (const AcDbStub& stub : run.db.stubs()) {
     if (!stub.is(AcDbStub::kVirtual) || stub.is(AcDbStub::kChanged) || run.db.typeName(stub) == "BLOCK_RECORD")
       continue;
     AcDbStub& changed = const_cast<AcDbStub&>(stub);
+    // Up to R12 drawings have no objects.
+    if (run.db.typeName(stub) == "DICTIONARY") {
+      if (hasObjects(run.db) && run.found("A03", &changed, "dictionnaire principal absent"))
+        changed.set(AcDbStub::kChanged), run.db.modified = true;
+      continue;
+    }
     const std::string name = run.db.recordName(changed);
     if (run.db.typeName(stub) == "TABLE") {
       if (name != "BLOCK_RECORD") run.found("A03", &changed, "table " + name + " absente");

@@ -142,6 +142,7 @@ void Structure::finish() {
   space("*Paper_Space", paper_);
   for (AcDbStub* stub : handleless_) db_.giveHandle(*stub);
   completeTables();
+  if (!db_.rootDictionary) db_.makeRootDictionary();
   db_.modified = !layout_.repairs.empty();
 }
 

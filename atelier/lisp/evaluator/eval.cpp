@@ -1,5 +1,7 @@
 // The evaluator: calls of built-ins, user functions and lambda lists. The code that catches an error undoes the
 // bindings, so that nothing here needs a destructor and special forms can call the evaluator in tail position.
+#include <algorithm>
+
 #include "atelier/lisp/evaluator/interpreter.h"
 #include "atelier/lisp/evaluator/printer.h"
 #include "atelier/lisp/evaluator/root.h"
@@ -85,8 +87,13 @@ Value Interpreter::invoke(Value function, Value lambda, Value* first) {
   for (; parameters.isPair(); parameters = parameters.cdr()) {
     const Value name = parameters.car();
     if (name == slash_) {
-      for (parameters = parameters.cdr(); parameters.isPair(); parameters = parameters.cdr())
-        bind(parameters.car(), nil);
+      // A name that is a parameter too keeps the value it was called with.
+      const Binding* const locals = bindings_;
+      for (parameters = parameters.cdr(); parameters.isPair(); parameters = parameters.cdr()) {
+        const Value local = parameters.car();
+        const auto isLocal = [local](const Binding& parameter) { return parameter.symbol == local.symbol(); };
+        if (!local.isSymbol() || std::none_of<const Binding*>(mark, locals, isLocal)) bind(local, nil);
+      }
       break;
     }
     if (argument == top_) [[unlikely]]

@@ -7,6 +7,7 @@
 #include "module/commande/arguments/argsLisp.h"
 #include "module/matrices/stockageMatrices.h"
 #include "module/profil/profilLong.h"
+#include "module/support/base/lettres.h"
 #include "module/support/menus/menusAutomatisation.h"
 
 namespace plv {
@@ -38,6 +39,13 @@ std::wstring& menuProfil() {
 void ajouterEntree(const std::wstring& menu, const entreeMenu& entree) {
   if (entree.libelle.empty() && entree.macro.empty()) ajouterSeparateur(menu);
   else ajouterOption(menu, entree.libelle, entree.macro);
+}
+
+// The menus of the set are looked for in the group in use: those of another group go before the group changes, as nothing
+// would find them afterwards.
+bool creerDansGroupe(const std::wstring& groupe, const std::wstring& nom) {
+  if (!egalSansCasse(groupe, groupeMenus())) retirerMenusDynamiques();
+  return creerMenu(groupe, nom);
 }
 
 void rendreSi(bool reussi) {
@@ -73,7 +81,7 @@ void placerMenuProfil(const std::wstring& groupe, const std::wstring& genre) {
   menuProfil() = nom;
   const gestionMatrices& collection = collectionMatrices();
   if (collection.matrices.IsEmpty()) return;
-  creerMenu(groupe, nom);
+  creerDansGroupe(groupe, nom);
   menusDynamiques().insert(nom);
   for (const entreeMenu& entree : entreesMenuProfil(collection)) ajouterEntree(nom, entree);
 }
@@ -88,7 +96,7 @@ void pl_CreeMenu() {
   commencerAppel(args);
   if (args.nombre() != 2 || !conforme(args, "CC")) return;
   const std::wstring nom = valeurTexte(args.nieme(1));
-  if (!creerMenu(valeurTexte(args.nieme(0)), nom)) return;
+  if (!creerDansGroupe(valeurTexte(args.nieme(0)), nom)) return;
   menusDynamiques().insert(nom);
   acedRetT();
 }

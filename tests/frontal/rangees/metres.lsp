@@ -92,8 +92,6 @@
 (refuse (plv-metres nil "Projet" "<dossier>d" nil) "un dossier a ce nom")
 (dit (plv-metres nil "Projet" "/proc/m.xlsx" nil) "le classeur n'a pas pu être écrit: /proc/m.xlsx")
 (refuse (plv-legende p "AEp" nil) "pas de ligne AEp sur: P1")
-(preparer (numeroter "P/1"))
-(refuse (plv-metres nil "Projet" "<dossier>m.xlsx" nil) "titre d'une feuille: P/1")
 ((findfile "<dossier>m.xlsx") nil)
 ((combien "HATCH") 0)
 
@@ -108,12 +106,14 @@
 ((read-line (open "<dossier>m.xlsx" "r")) "the former one")
 ((findfile "<dossier>m.xlsx.nouveau.xlsx") nil)
 
-(situation "TwoProfilesWithOneNumberMakeNoWorkbook")
+(situation "EveryProfileHasItsSheet")
 (preparer (profil "g.csv" "P1" '(0.0 0.0 0.0)) (projet) (profil "g.csv" "P2" '(0.0 500.0 0.0)) (projet))
-(dit (mesurer "<dossier>deux.xlsx" nil) "Profil P2")
-(preparer (numeroter "p1"))
-(dit (mesurer "<dossier>un.xlsx" nil) "deux profils ont le numéro P1")
-((findfile "<dossier>un.xlsx") nil)
+(tableau (numero titre) ("p1" "p1 (2)") ("A/B" "A_B") ("'[x]:*?'" "_x____") ("" "Profil") ("une rue dont le nom est bien trop long" "une rue dont le nom est bien tr"))
+(preparer (numeroter numero))
+(dit (mesurer "<dossier>deux.xlsx" nil) "La feuille du profil" " s'appelle " titre "Classeur: ")
+(dit (mesurer nil nil) (sauf "s'appelle"))
+;; the profile keeps its number
+((plv-numero-profil p) numero)
 
 (situation "ALineBesideTheGroundIsSaidSo")
 (preparer
@@ -122,19 +122,6 @@
 (dit (mesurer "<dossier>m.xlsx" T) "au droit du terrain")
 ((findfile "<dossier>m.xlsx") nil)
 ((combien "HATCH") 0)
-
-;; An upright piece of an attached terrain makes the module miss a crossing once it has met another one.
-(situation "TheControlFindsWhatTheSweepMissed")
-(fichier "plat.csv" "distance;altitude\n0;50\n100;50\n")
-(preparer
-  (profil "plat.csv" "P1" '(0.0 0.0 0.0))
-  (setq plan (plv-plan-en (plv-plans p) 0.0))
-  (defun y (z) (* 10.0 (- z (cadr plan))))
-  (plv-attacher p "TN"
-    (list (entmakex (list '(0 . "LWPOLYLINE") '(100 . "AcDbEntity") '(100 . "AcDbPolyline") '(90 . 4) '(70 . 0)
-                          (list 10 0.0 (y 50.0)) (list 10 40.0 (y 51.0)) (list 10 40.0 (y 48.2)) (list 10 100.0 (y 48.2))))))
-  (plv-projet p "Projet" '((0.0 48.0) (100.0 48.0))))
-(dit (mesurer nil nil) "FAUX")
 
 (situation "TheLegendStandsBesideTheProfileOnce")
 (preparer

@@ -89,7 +89,7 @@
 ((eq (entlast) derniere) T)
 
 (situation "IsAskedFor")
-(tape ("PLV-PROJET" "Voirie" "PO" "1000,50" "1100;55" "1100,55" "1200,50" "" "Rayon" "400" "P")
+(tape ("PLV-PROJET" "Voirie" "PO" "1000,50" "1100/55" "1100;55,0" "1200,50" "" "Rayon" "400" "P")
   "\nGenre de ligne [Voirie/Assainissement/AEp/Terrassements/Projet/Generique/TN] <Projet>: "
   "\nTracer par [POints/PEntes/Fichier/Existante] <POints>: " "Deux nombres séparés par une virgule"
   "\nRaccordement à la station 1100.00 [Rayon/Longueur/Point/Aucun] <Aucun>: " "1 raccordement.")
@@ -236,3 +236,22 @@
 (tape ("PlKavelVersPlan "))
 ((textes "3.33 %") 1)
 ((mapcar 'mm (cdr (assoc 10 (entget (cdr (plv-dernier (plv-enregistrement p "PLV_VERS_PLAN"))))))) ("80.000" "28.584" "0.000"))
+
+(situation "AnAxisSeenFromBehindIsWhereItIsSeen")
+(preparer
+  (setq a (entmakex '((0 . "LWPOLYLINE") (100 . "AcDbEntity") (100 . "AcDbPolyline") (90 . 3) (70 . 0) (10 0.0 0.0) (10 60.0 0.0) (42 . 0.4)
+                      (10 80.0 20.0)))
+        b (entmakex '((0 . "LWPOLYLINE") (100 . "AcDbEntity") (100 . "AcDbPolyline") (90 . 3) (70 . 0) (10 0.0 0.0) (10 -60.0 0.0) (42 . -0.4)
+                      (10 -80.0 20.0) (210 0.0 0.0 -1.0)))))
+((equal (plv-axe-segments a) (plv-axe-segments b) 1e-9) T)
+((length (plv-axe-segments b)) 2)
+
+;; Old polylines and mirrored ones give the vertices that are seen.
+(situation "CurvesOfOtherProgramsAreExportedAsSeen")
+(fichier "q.csv" "distance;altitude\n0;100\n100;100\n")
+(preparer
+  (setq q (plv-nouveau "<dossier>q.csv" "Q" '(0.0 0.0 0.0) 10.0 2.5 200.0 '((0.0 90.0))))
+  (pl_elem_prj q "Voirie"
+    (plv-jeu (list (entmakex '((0 . "LWPOLYLINE") (100 . "AcDbEntity") (100 . "AcDbPolyline") (90 . 2) (70 . 0) (10 -80.0 50.0) (10 -10.0 40.0)
+                               (210 0.0 0.0 -1.0)))))))
+((plv-projet-sommets q "Voirie") (((10.0 94.0) (80.0 95.0))))

@@ -35,6 +35,12 @@
 (tape ("CUBPL" "Ajouter Profils" "!prf" "" "AjouterUneClasse" "Cancel" "Fermer")
   "Métrés du profil: invalid argument\n" "Classe de profondeur [OK/Cancel]")
 
+(situation "NumbersMayHaveADecimalComma")
+;; read as a number, and out of range; two commas are none
+(tape ("CUBPL" "AjouterUneClasse" "De=-0,25" "OK" "Cancel" "Fermer")
+  "Entrez un nombre compris entre 0 et 1e+38." (sauf "Entrez un nombre.\n"))
+(tape ("CUBPL" "AjouterUneClasse" "De=0,2,5" "OK" "Cancel" "Fermer") "Entrez un nombre.\n")
+
 (situation "AValueOutOfItsRangeKeepsTheClassDialogOpen")
 (tape ("CUBPL" "AjouterUneClasse" "De=-1" "OK" "De=abc" "OK" "Cancel" "Fermer")
   "Entrez un nombre compris entre 0 et 1e+38." "Entrez un nombre.\n")

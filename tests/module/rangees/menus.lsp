@@ -37,3 +37,17 @@
 (preparer (pl_ChoixProfil prf) (pl_ChoixProfil pc1))
 (tape ("menu" "") (sauf "Profil P1"))
 ((pl_SelectMatrice 0) nil)
+
+(situation "MenusOfAnotherGroupGoWhenTheGroupChanges")
+((pl_CreeMenu "Premier" "Un") T)
+((pl_CreeMenu "PREMIER" "Deux") T)
+(tape ("menu" "") "\nUn\n" "\nDeux\n")
+((pl_CreeMenu "Divers" "Seul") T)
+(tape ("menu" "") "\nSeul\n" (sauf "Un" "Deux"))
+;; that of the profile, which is made in a group of its own, too
+(preparer (pl_ChoixProfil prf))
+(tape ("menu" "") "\nProfil P1\n" (sauf "Seul"))
+((pl_CreeMenu "Premier" "Trois") T)
+(tape ("menu" "") "\nTrois\n" (sauf "Profil P1"))
+(preparer (pl_ChoixProfil prf) (pl_RemoveDynMnus))
+(tape ("menu" "") "La barre de menus est vide.")

@@ -1,5 +1,5 @@
 // The definition points of a dimension by its kind (group 70, lowest three bits).
-#include "atelier/database/lists/measured_dimension.h"
+#include "atelier/database/entities/measured_dimension.h"
 
 #include <cmath>
 #include <numbers>
@@ -17,7 +17,9 @@ std::optional<double> measured(const Record& dimension) {
   const std::int64_t flags = dimension.integer(integerField("AcDbDimension", 70));
   switch (flags & kKinds) {
     case kLinear: {
-      const double angle = dimension.real(realField("AcDbRotatedDimension", 50)) * std::numbers::pi / 180;
+      // Programs write the angle before the mark of rotated dimensions or behind it.
+      const Field before = realField("AcDbAlignedDimension", 50), behind = realField("AcDbRotatedDimension", 50);
+      const double angle = dimension.real(dimension.has(before) ? before : behind) * std::numbers::pi / 180;
       const AcGeVector3d across = point(14) - point(13);
       return std::abs(across.x * std::cos(angle) + across.y * std::sin(angle));
     }

@@ -18,7 +18,7 @@
   (entmod
     (subst (cons 10 (plv-point (+ (car origine) (plv-plan-debut section)) (cadr origine))) (assoc 10 groupes)
       (subst (cons 11 (plv-point (+ (car origine) (plv-section-fin section)) (cadr origine))) (assoc 11 groupes) groupes)))
-  (setq lignes (plv-profil:lignes origine points (plv-echv profil) section (plv-section-fin section)))
+  (setq lignes (plv-tracer-lignes origine points (plv-echv profil) section (plv-section-fin section)))
   (if lignes (plsxd plan "PRLI" (car lignes)) (plv-oter-cle plan "PRLI")))
 
 (defun plv-pc:suivre (entite suivante)
@@ -35,7 +35,7 @@
         suivante (plgxd entite "NEXT-PC"))
   (plv-pc:refaire profil points
     (list (plv-plan-debut section) (plv-plan-altitude section) (- distance (plv-plan-debut section)) entite))
-  (setq nouvelle (plv-profil:plan (plv-origine profil) points (plv-echv profil) (list distance altitude) fin))
+  (setq nouvelle (plv-tracer-plan (plv-origine profil) points (plv-echv profil) (list distance altitude) fin))
   (if suivante (plsxd nouvelle "NEXT-PC" suivante))
   (plsxd entite "NEXT-PC" nouvelle))
 
@@ -74,8 +74,8 @@
 ;; --- the call and the command
 
 (defun plv-pc:finir (profil)
-  (plv-habiller-profil profil (plv-origine profil) (plv-points-tn profil) (plv-echv profil) (plv-ttxt profil)
-    (plv-plans profil))
+  (plv-ranger-altitudes profil)
+  (plv-rehabiller profil)
   (plv-ajuster-rappels profil))
 
 (defun plv-pc:faute (operation sections section distance altitude)
@@ -88,7 +88,7 @@
 
 (defun plv-pc (profil operation station altitude)
   "Adds (\"A\"), changes (\"M\") or removes (\"S\") the plane at a station; a change or a removal concerns the plane that
-governs there. Gives the profile, or nil after a message."
+governs there. What is attached is brought into form before. Gives the profile, or nil after a message."
   (if (and (plv-profil-sain profil) (plv-statiques-verifies profil))
     (plv-pc:executer profil operation (- (float station) (plv-premiere-station profil)) (if altitude (float altitude)))))
 
@@ -98,7 +98,7 @@ governs there. Gives the profile, or nil after a message."
         faute (plv-pc:faute operation sections section distance altitude))
   (cond
     (faute (plv-erreur faute))
-    (T
+    ((plv-remettre-en-forme profil (if (= operation "A") distance))
      (plv-pc:changer profil operation sections section (if (= operation "A") distance (plv-plan-debut section)) altitude)
      (plv-pc:finir profil)
      (plv-pc:dire profil)

@@ -1,0 +1,58 @@
+;; Definition files: what the module wouldn't take as a row, or would take for something else, is said with its line.
+;; The module reads the file itself and passes over such lines in silence; here each is read once more by the same rules.
+
+(defun plv-definitions:apres-accolade (ligne / fin)
+  "What follows a text between braces; one that isn't closed runs to the end of the line."
+  (if (setq fin (vl-string-search "}" ligne)) (substr ligne (+ fin 2)) ""))
+
+(defun plv-definitions:mots (ligne / mots fin)
+  "The first four words; texts between braces are none."
+  (setq ligne (vl-string-left-trim " \t" (vl-string-translate "\t" " " ligne)))
+  (while (and (/= ligne "") (< (length mots) 4))
+    (if (= (substr ligne 1 1) "{")
+      (setq ligne (plv-definitions:apres-accolade ligne))
+      (setq fin (cond ((vl-string-search " " ligne)) ((strlen ligne)))
+            mots (cons (substr ligne 1 fin) mots)
+            ligne (substr ligne (1+ fin))))
+    (setq ligne (vl-string-left-trim " " ligne)))
+  (reverse mots))
+
+(defun plv-definitions:chiffres-p (texte) (not (wcmatch texte "*[~0-9]*")))
+
+(defun plv-definitions:nombre-p (mot / parties exposant)
+  "Digits with a sign or a decimal point between digits; an exponent E only behind a point."
+  (if (wcmatch mot "[-+]*") (setq mot (substr mot 2)))
+  (setq parties (plv-couper mot "E") exposant (cadr parties) parties (plv-couper (car parties) "."))
+  (and (/= (car parties) "")
+       (not (cddr parties))
+       (vl-every 'plv-definitions:chiffres-p parties)
+       (if exposant
+         (and (cdr parties) (/= (vl-string-left-trim "-+" exposant) "") (plv-definitions:chiffres-p (vl-string-left-trim "-+" exposant)))
+         (/= (cadr parties) ""))))
+
+(defun plv-definitions:rangee-voulue-p (ligne mots)
+  "Whether a line that is no row was meant as one: no comment, and figures in it."
+  (and (not (plv-ligne-muette ligne)) (wcmatch (plv-joindre mots " ") "*#*")))
+
+(defun plv-definitions:faute (ligne / mots hauteur type)
+  "What is wrong with a line; nil for a good row and for what isn't meant as one."
+  (setq mots (plv-definitions:mots ligne) hauteur (caddr mots) type (cadddr mots))
+  (cond
+    ((and type (plv-definitions:nombre-p hauteur) (plv-definitions:nombre-p type))
+     (cond ((<= (atof hauteur) 0.0) (strcat "hauteur \"" hauteur "\": un nombre positif est attendu"))
+           ((not (plv-types:remplisseur (atoi type))) (strcat "type \"" type "\" inconnu, sa rangée reste vide"))))
+    ((not (plv-definitions:rangee-voulue-p ligne mots)) nil)
+    ((not type) "nom, un mot, hauteur, type et libellé attendus")
+    ((not (plv-definitions:nombre-p hauteur)) (strcat "hauteur \"" hauteur "\": un nombre est attendu, avec un point décimal"))
+    (T (strcat "type \"" type "\": un nombre est attendu"))))
+
+(defun plv-lire-definitions (chemin / numero)
+  "Loads the definitions after saying what is wrong in them; nil after a message when no row is left."
+  (setq numero 0)
+  (foreach ligne (plv-lire-lignes chemin)
+    (setq numero (1+ numero))
+    (if (plv-definitions:faute ligne)
+      (plv-dire (strcat chemin ", ligne " (itoa numero) ": " (plv-definitions:faute ligne) "."))))
+  (cond
+    ((pl_LireMatriceKavel chemin) T)
+    (T (plv-erreur (strcat chemin ": aucune ligne de matrice; attendu: NOM - hauteur type {infos} libellé")))))

@@ -1,0 +1,97 @@
+;; The commands that edit and list single curves: PLV-REPORT, PLV-PENTE, PLV-LONGUEUR, PLV-LIGNES, PLV-ALTITUDES, PLV-POINTS. The
+;; profile has stations from 100 to 200 m at ten times, drawn from (1000, 500) over planes at 45 and, from 160 m on, at 40.
+
+(commun
+  (fichier "g.csv" "station;altitude\n100;50\n150;50\n200;48\n")
+  (preparer
+    (setq p (plv-nouveau "<dossier>g.csv" "1" '(1000.0 500.0 0.0) 10.0 2.5 150.0 '((0.0 45.0) (60.0 40.0))))
+    (defun mm (v) (plv-reel v 3))
+    (defun bouts (e) (mapcar '(lambda (p) (list (mm (car p)) (mm (cadr p)))) (list (vlax-curve-getStartPoint e) (vlax-curve-getEndPoint e))))
+    (defun cotes (motif / s) (if (setq s (ssget "X" (list '(0 . "TEXT") '(8 . "PLV-COTES") (cons 1 motif)))) (sslength s) 0))
+    (defun ligne (x1 y1 x2 y2) (plv-ligne "0" (list x1 y1 0.0) (list x2 y2 0.0)))))
+
+(situation "ACurveIsCarriedOverThePlanes")
+(tableau (x gauche droite)
+  (1020.0 (("1000.000" "550.000") ("1060.000" "550.000")) (("1060.000" "600.000") ("1100.000" "600.000")))
+  (1080.0 (("1000.000" "500.000") ("1060.000" "500.000")) (("1060.000" "550.000") ("1100.000" "550.000"))))
+(preparer (setq l (ligne 990.0 550.0 1110.0 550.0) ici (list x 550.0)))
+(tape ("PLV-REPORT" "(list l ici)" "" "Voirie") "Report: 2 parties.")
+((mapcar 'bouts (plv-elements-du-projet p "Voirie")) (gauche droite))
+
+(situation "PartsOfAnAttachedCurveAreWhatItIs")
+(preparer
+  (setq l (ligne 1000.0 550.0 1100.0 530.0) m (ligne 1070.0 600.0 1130.0 594.0))
+  (plv-ecrire-elements p "AEp" (list l m))
+  (foreach e (list l m) (plv-marquer-du-projet e nil))
+  (plv-coter p "AEp" (* 0.5 pi) "Altitudes" (list m))
+  (plv-marquer-du-projet m nil)
+  (plv-report p l '(1020.0 546.0 0.0) nil)
+  (plv-report p m '(1080.0 599.0 0.0) nil))
+((mapcar 'bouts (plv-elements p "AEp"))
+ ((("1000.000" "550.000") ("1060.000" "538.000")) (("1070.000" "600.000") ("1100.000" "597.000"))
+  (("1060.000" "588.000") ("1100.000" "580.000"))))
+((mapcar 'plv-du-projet (plv-elements p "AEp")) (nil nil nil))
+;; dimensioned again, at the end of the profile
+((list (cotes "*") (cotes "49.70")) (1 1))
+
+(situation "WhatCannotBeCarriedIsSaid")
+(preparer (setq court (ligne 1010.0 550.0 1040.0 550.0) loin (ligne 1010.0 550.0 1200.0 550.0)
+                arc (entmakex '((0 . "ARC") (10 1050.0 500.0 0.0) (40 . 20.0) (50 . 0.5) (51 . 2.5)))))
+(refuse (plv-report p court '(1020.0 550.0 0.0) nil) "il n'y a rien à reporter")
+(refuse (plv-report p loin '(1150.0 550.0 0.0) nil) "se désigne sur elle-même")
+(refuse (plv-report p arc '(1050.0 520.0 0.0) nil) "ARC: ligne, polyligne ou spline attendue")
+((bouts loin) (("1010.000" "550.000") ("1200.000" "550.000")))
+
+(situation "SegmentsGetSlopesAndLengths")
+(preparer
+  (plv-projet p "Projet" '((100.0 50.0) (150.0 49.0) (200.0 48.0)))
+  (setq e (car (plv-elements p "Projet")) l (ligne 1010.0 550.0 1040.0 550.0))
+  (plv-coter p "Projet" (* 0.5 pi) "Altitudes" (list e)))
+;; the vertex at 150 m goes to 48 m; its dimension too
+(tape ("PLV-PENTE" "(list e '(1010.0 545.0))" "quatre" "-4,0" "") "Pente en % <-2.0000>" "Un nombre est attendu." "Pente -4.0000 %, longueur 50.0400 m.")
+((mapcar 'mm (mapcar '(lambda (x) (pl_yat e x)) '(1000.0 1050.0 1060.0))) ("550.000" "530.000" "538.000"))
+((list (cotes "49.00") (cotes "48.00") (cotes "48.80")) (0 1 1))
+(tape ("PLV-LONGUEUR" "(list l '(1012.0 550.0))" "15.5" "(list l '(1024.0 550.0))" "10,25" "") "Longueur <30.0000>" "Longueur <15.5000>")
+((bouts l) (("1015.250" "550.000") ("1025.500" "550.000")))
+(preparer
+  (setq arc (entmakex '((0 . "LWPOLYLINE") (100 . "AcDbEntity") (100 . "AcDbPolyline") (90 . 3) (70 . 0)
+                        (10 1010.0 550.0) (42 . 0.3) (10 1020.0 550.0) (10 1020.0 560.0)))
+        longue (ligne 1010.0 550.0 1090.0 550.0)))
+(refuse (plv-modifier-longueur p l '(1016.0 550.0 0.0) 100.0) "le segment sortirait du profil")
+(refuse (plv-modifier-longueur p l '(1016.0 550.0 0.0) 50.0) "passerait sur un autre plan")
+(refuse (plv-modifier-longueur p l '(1016.0 550.0 0.0) -2.0) "une longueur positive")
+(refuse (plv-modifier-longueur p e '(1010.0 540.0 0.0) 65.0) "passerait")
+(refuse (plv-modifier-pente p arc '(1012.0 550.0 0.0) 1.0) "ce segment est un arc")
+(refuse (plv-modifier-pente p longue '(1012.0 550.0 0.0) 1.0) "plusieurs plans")
+(refuse (plv-modifier-pente p l '(1050.0 550.0 0.0) 1.0) "se désigne sur lui-même")
+(refuse (plv-modifier-pente p (car (plv-profils)) '(1050.0 550.0 0.0) 1.0) "INSERT: ligne ou polyligne légère attendue")
+((bouts l) (("1015.250" "550.000") ("1025.500" "550.000")))
+
+(situation "LinesByStationsAndAltitudes")
+(tape ("PLV-LIGNES" "Generique" "100;50,5" "x" "99,50" "180,47" "180,46" "P" "1090,585" "")
+  "Deux nombres séparés" "cette station n'est pas dans le profil" "deux points de suite" "3 lignes attachées au genre Generique.")
+((mapcar 'bouts (plv-elements-du-projet p "Generique"))
+ ((("1000.000" "555.000") ("1060.000" "528.750")) (("1060.000" "578.750") ("1080.000" "570.000"))
+  (("1080.000" "570.000") ("1090.000" "585.000"))))
+;; drawn backwards, they are the same
+(preparer (plv-tracer-lignes p "Voirie" '((80.0 47.0) (0.0 50.5))))
+((mapcar 'bouts (plv-elements-du-projet p "Voirie"))
+ ((("1000.000" "555.000") ("1060.000" "528.750")) (("1060.000" "578.750") ("1080.000" "570.000"))))
+(refuse (plv-tracer-lignes p "Voirie" '((0.0 47.0) (101.0 50.5))) "n'est pas dans le profil")
+
+(situation "AltitudesAreListed")
+(tableau (plans lignes) ('((0.0 45.0) (60.0 40.0)) (5 4)) ('((0.0 45.0)) (4 3)))
+(preparer
+  (setq p (plv-nouveau "<dossier>g.csv" "2" '(2000.0 500.0 0.0) 10.0 2.5 150.0 plans))
+  (plv-projet p "Voirie" '((100.0 50.5) (180.0 46.5)))
+  (plv-projet p "Projet" '((100.0 49.0) (200.0 47.0)))
+  (setq e (car (plv-elements p "Voirie"))))
+((mapcar 'mm (cdr (assoc 50.0 (plv-lister-altitudes p (list e))))) ("48.000" "50.000"))
+(tape ("PLV-ALTITUDES" "2" "" "Projet" "<dossier>a.csv") "station    altitude     terrain     hauteur")
+((plv-dernier (plv-lire-lignes "<dossier>a.csv")) "200.000000;47.000000;48.000000;-1.000000")
+(tape ("PLV-POINTS" "2" "Voirie" "TN" "<dossier>t.csv") "station      voirie          tn     hauteur")
+((list (length (plv-lire-lignes "<dossier>a.csv")) (length (plv-lire-lignes "<dossier>t.csv")))
+ lignes)
+((caddr (plv-lire-lignes "<dossier>t.csv")) "150.000000;48.000000;50.000000;-2.000000")
+((mapcar 'mm (cdr (assoc 50.0 (plv-lister-points p "Voirie" "Projet")))) ("48.000" "48.000"))
+(refuse (plv-lister-points p "AEp" "TN") "pas de ligne du genre AEp")
