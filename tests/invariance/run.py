@@ -19,12 +19,13 @@ import circumstances
 import steps
 from play import Player
 from report import Report
+from world import World
 
 
 def plan(seed, length=None):
     """(world, steps) of a run."""
     rng = random.Random(seed)
-    world = steps.World(rng, circumstances.draw(rng))
+    world = World(rng, circumstances.draw(rng))
     planned = steps.plan(world, length or rng.randint(10, 30))
     return world, planned
 

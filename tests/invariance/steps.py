@@ -4,7 +4,6 @@ from fractions import Fraction as F
 
 import classes
 import compare_dimensions
-import compare_drawn
 import compare_entities
 import compare_quantities
 import compare_tables
@@ -15,8 +14,8 @@ import sources
 from drawing import Drawing
 from model import KINDS
 from play import Player, Step
-from world import World, drawn_check
 from sources import decimal, text
+from world import drawn_check
 
 
 def new_profile(world):
@@ -169,7 +168,7 @@ def dimensions(world):
     if profile is None:
         return None
     which = world.rng.choice(("Toutes", "Altitudes", "Hauteurs"))
-    frozen, axes = profile.copy(), len(profile.planes)
+    frozen = profile.copy()
     typed = [erase(profile, "TEXT", "PLV-COTES"), PICKS % (profile.number, kind), "PLV-CHOISIR", *world.which(profile),
              f'(piquer "{kind}" "{which}")', "SCRIPT", "piquer.scr"]
     return Step(f"dimensions {kind} of {profile.number}", typed,
