@@ -10,7 +10,6 @@ class AcString {
  public:
   AcString() = default;
   AcString(const ACHAR* text) : mText(text ? text : L"") {}
-  AcString(const std::wstring& text) : mText(text) {}
 
   const ACHAR* kACharPtr() const { return mText.c_str(); }
   const ACHAR* constPtr() const { return mText.c_str(); }

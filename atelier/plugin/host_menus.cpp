@@ -47,7 +47,7 @@ HostMenus& hostMenus() {
   return menus;
 }
 
-bool MenuItem::Delete() {
+bool MenuItem::remove() {
   auto& items = menu_.items_;
   const auto self = std::find_if(items.begin(), items.end(), [this](const auto& item) { return item.get() == this; });
   if (self == items.end()) return false;
@@ -56,7 +56,7 @@ bool MenuItem::Delete() {
   return true;
 }
 
-IAcadPopupMenuItem* PopupMenu::Item(Adesk::Int32 index) {
+adaptation::MenuItem* PopupMenu::item(Adesk::Int32 index) {
   auto* item = at(items_, index);
   return item ? item->get() : nullptr;
 }
@@ -65,28 +65,28 @@ void PopupMenu::insert(Adesk::Int32 index, std::unique_ptr<MenuItem> item) {
   items_.insert(items_.begin() + place, std::move(item));
   hostMenus().changed();
 }
-bool PopupMenu::AddMenuItem(Adesk::Int32 index, const ACHAR* label, const ACHAR* macro) {
+bool PopupMenu::addItem(Adesk::Int32 index, const wchar_t* label, const wchar_t* macro) {
   if (!label || !*label || !macro) return false;
   insert(index, std::make_unique<MenuItem>(*this, label, macro));
   return true;
 }
-bool PopupMenu::AddSeparator(Adesk::Int32 index) {
+bool PopupMenu::addSeparator(Adesk::Int32 index) {
   insert(index, std::make_unique<MenuItem>(*this, L"", L""));
   return true;
 }
 
-PopupMenu* PopupMenus::named(const ACHAR* name) {
+PopupMenu* PopupMenus::named(const wchar_t* name) {
   if (!name) return nullptr;
   const auto found =
       std::find_if(menus_.begin(), menus_.end(), [&](const PopupMenu& menu) { return sameName(menu.name(), name); });
   return found == menus_.end() ? nullptr : &*found;
 }
-IAcadPopupMenu* PopupMenus::Item(Adesk::Int32 index) { return at(menus_, index); }
-IAcadPopupMenu* PopupMenus::Add(const ACHAR* name) {
+adaptation::PopupMenu* PopupMenus::item(Adesk::Int32 index) { return at(menus_, index); }
+adaptation::PopupMenu* PopupMenus::add(const wchar_t* name) {
   if (!name || !*name || named(name)) return nullptr;
   return &menus_.emplace_back(name);
 }
-bool PopupMenus::InsertMenuInMenuBar(const ACHAR* name, Adesk::Int32 index) {
+bool PopupMenus::insertInMenuBar(const wchar_t* name, Adesk::Int32 index) {
   PopupMenu* menu = named(name);
   if (!menu) return false;
   if (menu->inBar) return true;
@@ -96,7 +96,7 @@ bool PopupMenus::InsertMenuInMenuBar(const ACHAR* name, Adesk::Int32 index) {
   hostMenus().changed();
   return true;
 }
-bool PopupMenus::RemoveMenuFromMenuBar(const ACHAR* name) {
+bool PopupMenus::removeFromMenuBar(const wchar_t* name) {
   PopupMenu* menu = named(name);
   if (!menu || !menu->inBar) return false;
   std::erase(hostMenus().bar_, menu);
@@ -105,14 +105,14 @@ bool PopupMenus::RemoveMenuFromMenuBar(const ACHAR* name) {
   return true;
 }
 
-IAcadMenuGroup* HostMenus::Item(Adesk::Int32 index) { return at(groups_, index); }
-IAcadMenuGroup* HostMenus::Load(const ACHAR* path, Adesk::Int32) {
+adaptation::MenuGroup* HostMenus::item(Adesk::Int32 index) { return at(groups_, index); }
+adaptation::MenuGroup* HostMenus::load(const wchar_t* path, Adesk::Int32) {
   const std::string file = path ? toUtf8(path) : std::string();
   const std::wstring name = groupNamedIn(file);
   removeTemporary(file);
   if (name.empty()) return nullptr;
   for (MenuGroup& group : groups_)
-    if (sameName(group.Name().kACharPtr(), name)) return &group;
+    if (sameName(group.name(), name)) return &group;
   return &groups_.emplace_back(name);
 }
 
@@ -156,4 +156,4 @@ std::vector<std::string> linesOfMacro(std::wstring_view macro) {
 
 }  // namespace atelier
 
-IAcadApplication* AcadGetIDispatch(bool) { return &atelier::hostMenus(); }
+adaptation::MenuGroups* adaptation::menuGroups() { return &atelier::hostMenus(); }

@@ -7,17 +7,17 @@
 #include <string>
 #include <vector>
 
-#include "hote/automatisation.h"
+#include "hote/adaptation.h"
 
 namespace atelier {
 
 class PopupMenu;
 
-class MenuItem final : public IAcadPopupMenuItem {
+class MenuItem final : public adaptation::MenuItem {
  public:
   MenuItem(PopupMenu& menu, std::wstring text, std::wstring commands)
       : label(std::move(text)), macro(std::move(commands)), menu_(menu) {}
-  bool Delete() override;  // the item is gone afterwards
+  bool remove() override;  // the item is gone afterwards
   bool isSeparator() const { return label.empty(); }
   const std::wstring label, macro;
 
@@ -25,16 +25,15 @@ class MenuItem final : public IAcadPopupMenuItem {
   PopupMenu& menu_;
 };
 
-class PopupMenu final : public IAcadPopupMenu {
+class PopupMenu final : public adaptation::PopupMenu {
  public:
   explicit PopupMenu(std::wstring name) : name_(std::move(name)) {}
-  AcString Name() const override { return AcString(name_.c_str()); }
-  Adesk::Int32 Count() const override { return static_cast<Adesk::Int32>(items_.size()); }
-  IAcadPopupMenuItem* Item(Adesk::Int32 index) override;
-  bool AddMenuItem(Adesk::Int32 index, const ACHAR* label, const ACHAR* macro) override;
-  bool AddSeparator(Adesk::Int32 index) override;
+  std::wstring name() const override { return name_; }
+  Adesk::Int32 count() const override { return static_cast<Adesk::Int32>(items_.size()); }
+  adaptation::MenuItem* item(Adesk::Int32 index) override;
+  bool addItem(Adesk::Int32 index, const wchar_t* label, const wchar_t* macro) override;
+  bool addSeparator(Adesk::Int32 index) override;
 
-  const std::wstring& name() const { return name_; }
   const std::vector<std::unique_ptr<MenuItem>>& items() const { return items_; }
   bool inBar = false;
 
@@ -45,37 +44,36 @@ class PopupMenu final : public IAcadPopupMenu {
   std::vector<std::unique_ptr<MenuItem>> items_;
 };
 
-class PopupMenus final : public IAcadPopupMenus {
+class PopupMenus final : public adaptation::PopupMenus {
  public:
-  Adesk::Int32 Count() const override { return static_cast<Adesk::Int32>(menus_.size()); }
-  IAcadPopupMenu* Item(Adesk::Int32 index) override;
-  IAcadPopupMenu* Add(const ACHAR* name) override;                           // null for a name that is there
-  bool InsertMenuInMenuBar(const ACHAR* name, Adesk::Int32 index) override;  // true also for one that is shown
-  bool RemoveMenuFromMenuBar(const ACHAR* name) override;
+  Adesk::Int32 count() const override { return static_cast<Adesk::Int32>(menus_.size()); }
+  adaptation::PopupMenu* item(Adesk::Int32 index) override;
+  adaptation::PopupMenu* add(const wchar_t* name) override;                // null for a name that is there
+  bool insertInMenuBar(const wchar_t* name, Adesk::Int32 index) override;  // true also for one that is shown
+  bool removeFromMenuBar(const wchar_t* name) override;
 
  private:
-  PopupMenu* named(const ACHAR* name);
+  PopupMenu* named(const wchar_t* name);
   std::deque<PopupMenu> menus_;
 };
 
-class MenuGroup final : public IAcadMenuGroup {
+class MenuGroup final : public adaptation::MenuGroup {
  public:
   explicit MenuGroup(std::wstring name) : name_(std::move(name)) {}
-  AcString Name() const override { return AcString(name_.c_str()); }
-  IAcadPopupMenus* Menus() override { return &menus_; }
+  std::wstring name() const override { return name_; }
+  adaptation::PopupMenus* menus() override { return &menus_; }
 
  private:
   const std::wstring name_;
   PopupMenus menus_;
 };
 
-class HostMenus final : public IAcadApplication, public IAcadMenuGroups {
+class HostMenus final : public adaptation::MenuGroups {
  public:
-  IAcadMenuGroups* MenuGroups() override { return this; }
-  Adesk::Int32 Count() const override { return static_cast<Adesk::Int32>(groups_.size()); }
-  IAcadMenuGroup* Item(Adesk::Int32 index) override;
+  Adesk::Int32 count() const override { return static_cast<Adesk::Int32>(groups_.size()); }
+  adaptation::MenuGroup* item(Adesk::Int32 index) override;
   // Null when the file can't be read or names no group. A group with that name that exists already is given.
-  IAcadMenuGroup* Load(const ACHAR* path, Adesk::Int32 baseMenu) override;
+  adaptation::MenuGroup* load(const wchar_t* path, Adesk::Int32 baseMenu) override;
 
   // The menus of the bar, from the left.
   const std::vector<PopupMenu*>& bar() const { return bar_; }

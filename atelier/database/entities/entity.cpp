@@ -42,7 +42,7 @@ AcCmColor AcDbEntity::color() const {
 
 Acad::ErrorStatus AcDbEntity::layer(AcString& name) const {
   const std::string text = AcDbImpObject::of(this).record.text(kLayer);
-  name = AcString(toWide(text.empty() ? "0" : text));
+  name = AcString(toWide(text.empty() ? "0" : text).c_str());
   return Acad::eOk;
 }
 ACHAR* AcDbEntity::layer() const {
@@ -70,7 +70,7 @@ Acad::ErrorStatus AcDbEntity::setLayer(AcDbObjectId id, bool) {
   return AcDbImpObject::of(this).setText(kLayer, stub->database->recordName(*stub));
 }
 
-AcString AcDbEntity::linetypeName() const { return toWide(AcDbImpObject::of(this).record.text(kLinetype)); }
+AcString AcDbEntity::linetypeName() const { return toWide(AcDbImpObject::of(this).record.text(kLinetype)).c_str(); }
 Acad::ErrorStatus AcDbEntity::setLinetype(const ACHAR* name) {
   return AcDbImpObject::of(this).setText(kLinetype, toUtf8(name));
 }

@@ -44,7 +44,7 @@ Section sectionOf(const Record& record) {
 }  // namespace
 
 AcDbHatch::AcDbHatch() { initRecord(*this, "HATCH"); }
-AcString AcDbHatch::patternName() const { return toWide(recordOf(this).text(kPattern)); }
+AcString AcDbHatch::patternName() const { return toWide(recordOf(this).text(kPattern)).c_str(); }
 bool AcDbHatch::isSolidFill() const { return recordOf(this).integer(kSolid) != 0; }
 double AcDbHatch::elevation() const { return recordOf(this).point(kElevation).z; }
 int AcDbHatch::numLoops() const { return static_cast<int>(recordOf(this).integer(kLoops)); }

@@ -112,7 +112,7 @@ AcString AcDbMText::contents() const {
   std::string whole;
   for (std::size_t i = begin == Record::npos ? 0 : begin; i < (begin == Record::npos ? 0 : end); ++i)
     if (record.groups[i].code() == 3) whole += record.groups[i].text();
-  return toWide(whole + record.text(kContents));
+  return toWide(whole + record.text(kContents)).c_str();
 }
 double AcDbMText::textHeight() const { return recordOf(this).real(kMHeight); }
 double AcDbMText::width() const { return recordOf(this).real(kMWidth); }

@@ -50,7 +50,7 @@ AcGePoint3d AcDbText::position() const { return toWorld(recordOf(this).point(kPo
 AcGePoint3d AcDbText::alignmentPoint() const {
   return toWorld(recordOf(this).point(recordOf(this).has(kAlignment) ? kAlignment : kPosition), normal());
 }
-AcString AcDbText::textString() const { return toWide(recordOf(this).text(kString)); }
+AcString AcDbText::textString() const { return toWide(recordOf(this).text(kString)).c_str(); }
 double AcDbText::height() const { return recordOf(this).real(kHeight); }
 double AcDbText::rotation() const { return recordOf(this).real(kRotation) * kDegree; }
 double AcDbText::widthFactor() const { return recordOf(this).real(kWidthFactor); }
@@ -175,7 +175,7 @@ Acad::ErrorStatus AcDbText::transformBy(const AcGeMatrix3d& m) {
   CLASS::CLASS() {                                                                                                     \
     if (impOf(this).record.type() != TYPE) impOf(this).record = Record::fresh(TYPE);                                   \
   }                                                                                                                    \
-  AcString CLASS::tag() const { return toWide(recordOf(this).text(textField(#CLASS, 2))); }                            \
+  AcString CLASS::tag() const { return toWide(recordOf(this).text(textField(#CLASS, 2))).c_str(); }                    \
   int CLASS::fieldLength() const { return static_cast<int>(recordOf(this).integer(integerField(#CLASS, 73))); }        \
   bool CLASS::isInvisible() const {                                                                                    \
     return recordOf(this).integer(integerField(#CLASS, 70)) & AttributeFlags::kInvisible;                              \
@@ -195,7 +195,7 @@ ATELIER_TAGGED(AcDbAttribute, "ATTRIB")
 #undef ATELIER_TAGGED
 
 AcString AcDbAttributeDefinition::prompt() const {
-  return toWide(recordOf(this).text(textField("AcDbAttributeDefinition", 3)));
+  return toWide(recordOf(this).text(textField("AcDbAttributeDefinition", 3))).c_str();
 }
 Acad::ErrorStatus AcDbAttributeDefinition::setPrompt(const ACHAR* prompt) {
   return impOf(this).setText(textField("AcDbAttributeDefinition", 3), toUtf8(prompt));

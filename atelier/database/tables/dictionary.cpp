@@ -125,7 +125,7 @@ Acad::ErrorStatus AcDbDictionary::nameAt(AcDbObjectId id, AcString& key) const {
   const std::uint64_t handle = id.handle().value();
   const std::size_t i = findEntry(recordOf(this), [&](const std::string&, std::uint64_t h) { return h == handle; });
   if (i == Record::npos) return Acad::eKeyNotFound;
-  key = AcString(toWide(recordOf(this).groups[i].text()));
+  key = AcString(toWide(recordOf(this).groups[i].text()).c_str());
   return Acad::eOk;
 }
 bool AcDbDictionary::isTreatElementsAsHard() const { return recordOf(this).integer(kHardOwner) != 0; }
@@ -136,7 +136,7 @@ AcArray<AcString> AcDbDictionary::keys() const {
   AcArray<AcString> list;
   findEntry(recordOf(this), [&](const std::string& name, std::uint64_t handle) {
     const AcDbStub* stub = databaseOf(this).stubOf(handle);
-    if (stub && !stub->is(AcDbStub::kErased)) list.append(AcString(toWide(name)));
+    if (stub && !stub->is(AcDbStub::kErased)) list.append(AcString(toWide(name).c_str()));
     return false;
   });
   return list;

@@ -84,7 +84,7 @@ bool AcDbGroup::isAnonymous() const { return recordOf(this).integer(kAnonymous) 
 Acad::ErrorStatus AcDbGroup::setAnonymous() { return impOf(this).setInteger(kAnonymous, 1); }
 bool AcDbGroup::isSelectable() const { return recordOf(this).integer(kSelectable) != 0; }
 Acad::ErrorStatus AcDbGroup::setSelectable(bool on) { return impOf(this).setInteger(kSelectable, on ? 1 : 0); }
-AcString AcDbGroup::description() const { return toWide(recordOf(this).text(kDescription)); }
+AcString AcDbGroup::description() const { return toWide(recordOf(this).text(kDescription)).c_str(); }
 AcString AcDbGroup::name() const {
   AcString key;
   const AcDbObjectPointer<AcDbDictionary> owner(ownerId());

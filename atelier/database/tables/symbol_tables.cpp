@@ -75,7 +75,7 @@ void makeBlockEnds(AcDbBlockTableRecord& block, const AcGePoint3d& origin, const
 Acad::ErrorStatus AcDbSymbolTableRecord::getName(AcString& name) const {
   for (const Group& group : recordOf(this).groups)
     if (group.code() == 2) {
-      name = AcString(toWide(group.text()));
+      name = AcString(toWide(group.text()).c_str());
       return Acad::eOk;
     }
   return Acad::eKeyNotFound;
@@ -191,8 +191,10 @@ Acad::ErrorStatus AcDbBlockTableRecord::setOrigin(const AcGePoint3d& origin) {
 }
 Acad::ErrorStatus AcDbBlockTableRecord::comments(AcString& text) const {
   const AcDbObject* begin = blockBegin(this);
-  if (begin) text = AcString(toWide(recordOf(begin).text(kComments)));
-  else text = stubOf(this) ? AcString() : AcString(toWide(pendingOf(const_cast<AcDbBlockTableRecord*>(this)).comments));
+  if (begin) text = AcString(toWide(recordOf(begin).text(kComments)).c_str());
+  else
+    text = stubOf(this) ? AcString()
+                        : AcString(toWide(pendingOf(const_cast<AcDbBlockTableRecord*>(this)).comments).c_str());
   return Acad::eOk;
 }
 Acad::ErrorStatus AcDbBlockTableRecord::setComments(const ACHAR* text) {
@@ -271,7 +273,9 @@ void AcDbLayerTableRecord::setLinetypeObjectId(AcDbObjectId id) {
 }
 
 AcDbTextStyleTableRecord::AcDbTextStyleTableRecord() { initRecord(*this, "STYLE"); }
-AcString AcDbTextStyleTableRecord::fileName() const { return toWide(recordOf(this).text(textField(kStyle, 3))); }
+AcString AcDbTextStyleTableRecord::fileName() const {
+  return toWide(recordOf(this).text(textField(kStyle, 3))).c_str();
+}
 Acad::ErrorStatus AcDbTextStyleTableRecord::setFileName(const ACHAR* file) {
   return impOf(this).setText(textField(kStyle, 3), toUtf8(file));
 }

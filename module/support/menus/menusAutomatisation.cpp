@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <memory>
 
-#include "hote/automatisation.h"
+#include "hote/adaptation.h"
 #include "module/support/base/lettres.h"
 #include "module/support/menus/menus.h"
 
@@ -18,14 +18,14 @@ constexpr int kEssaisNom = 0x10000;  // temporary names are four hexadecimal dig
 
 // What trouverGroupe gives: the host's groups, and the one in use unless it is missing and wasn't to be made.
 struct groupeTrouve {
-  IAcadMenuGroups* groupes = nullptr;
-  IAcadMenuGroup* groupe = nullptr;
+  adaptation::MenuGroups* groupes = nullptr;
+  adaptation::MenuGroup* groupe = nullptr;
 };
 
-IAcadMenuGroups* groupesHote() {
-  static IAcadApplication* applicationHote = nullptr;
-  if (!applicationHote) applicationHote = AcadGetIDispatch(true);
-  return applicationHote ? applicationHote->MenuGroups() : nullptr;
+adaptation::MenuGroups* groupesHote() {
+  static adaptation::MenuGroups* groupes = nullptr;
+  if (!groupes) groupes = adaptation::menuGroups();
+  return groupes;
 }
 
 // A new file of the temporary folder, opened for writing, and its path. Null when none can be made.
@@ -42,23 +42,23 @@ std::unique_ptr<std::FILE, int (*)(std::FILE*)> fichierTemporaire(std::filesyste
   return {fichier, std::fclose};
 }
 
-IAcadMenuGroup* chargerGroupe(IAcadMenuGroups& groupes, const std::wstring& nom) {
+adaptation::MenuGroup* chargerGroupe(adaptation::MenuGroups& groupes, const std::wstring& nom) {
   std::filesystem::path chemin;
   {
     const auto fichier = fichierTemporaire(chemin);
     if (!fichier) return nullptr;
     std::fprintf(fichier.get(), "\n***MENUGROUP=%s\n", versAnsi(nom).c_str());
   }
-  return groupes.Load(depuisNomDeFichier(chemin.string()).c_str(), groupes.Count());
+  return groupes.load(depuisNomDeFichier(chemin.string()).c_str(), groupes.count());
 }
 
 bool trouverGroupe(bool creer, groupeTrouve& trouve) {
-  IAcadMenuGroups* groupes = trouve.groupes = groupesHote();
+  adaptation::MenuGroups* groupes = trouve.groupes = groupesHote();
   if (!groupes) return false;
   const std::wstring& nom = groupeMenus();
-  for (Adesk::Int32 i = 0; i < groupes->Count(); ++i) {
-    IAcadMenuGroup* groupe = groupes->Item(i);
-    if (groupe && egalSansCasse(groupe->Name().kACharPtr(), nom)) {
+  for (Adesk::Int32 i = 0; i < groupes->count(); ++i) {
+    adaptation::MenuGroup* groupe = groupes->item(i);
+    if (groupe && egalSansCasse(groupe->name(), nom)) {
       trouve.groupe = groupe;
       return true;
     }
@@ -68,50 +68,50 @@ bool trouverGroupe(bool creer, groupeTrouve& trouve) {
   return (trouve.groupe = chargerGroupe(*groupes, nom)) != nullptr;
 }
 
-IAcadPopupMenu* chercherMenu(IAcadPopupMenus& menus, const std::wstring& nom) {
-  for (Adesk::Int32 i = 0; i < menus.Count(); ++i) {
-    IAcadPopupMenu* menu = menus.Item(i);
-    if (menu && egalSansCasse(menu->Name().kACharPtr(), nom)) return menu;
+adaptation::PopupMenu* chercherMenu(adaptation::PopupMenus& menus, const std::wstring& nom) {
+  for (Adesk::Int32 i = 0; i < menus.count(); ++i) {
+    adaptation::PopupMenu* menu = menus.item(i);
+    if (menu && egalSansCasse(menu->name(), nom)) return menu;
   }
   return nullptr;
 }
 
 // The menus of the group in use; null when there is no group.
-IAcadPopupMenus* menusDuGroupe(bool creer) {
+adaptation::PopupMenus* menusDuGroupe(bool creer) {
   groupeTrouve trouve;
-  return trouverGroupe(creer, trouve) && trouve.groupe ? trouve.groupe->Menus() : nullptr;
+  return trouverGroupe(creer, trouve) && trouve.groupe ? trouve.groupe->menus() : nullptr;
 }
 
 }  // namespace
 
 bool creerMenu(const std::wstring& groupe, const std::wstring& nom) {
   groupeMenus() = groupe;
-  IAcadPopupMenus* menus = menusDuGroupe(true);
+  adaptation::PopupMenus* menus = menusDuGroupe(true);
   if (!menus) return false;
   const bool nouveau = chercherMenu(*menus, nom) == nullptr;
-  if (nouveau && !menus->Add(nom.c_str())) return false;
-  return menus->InsertMenuInMenuBar(nom.c_str(), menus->Count() + 1) && nouveau;
+  if (nouveau && !menus->add(nom.c_str())) return false;
+  return menus->insertInMenuBar(nom.c_str(), menus->count() + 1) && nouveau;
 }
 
 bool ajouterOption(const std::wstring& nom, const std::wstring& libelle, const std::wstring& macro) {
-  IAcadPopupMenus* menus = menusDuGroupe(true);
-  IAcadPopupMenu* menu = menus ? chercherMenu(*menus, nom) : nullptr;
-  return menu && menu->AddMenuItem(menu->Count() + 1, libelle.c_str(), macro.c_str());
+  adaptation::PopupMenus* menus = menusDuGroupe(true);
+  adaptation::PopupMenu* menu = menus ? chercherMenu(*menus, nom) : nullptr;
+  return menu && menu->addItem(menu->count() + 1, libelle.c_str(), macro.c_str());
 }
 
 bool ajouterSeparateur(const std::wstring& nom) {
-  IAcadPopupMenus* menus = menusDuGroupe(true);
-  IAcadPopupMenu* menu = menus ? chercherMenu(*menus, nom) : nullptr;
-  return menu && menu->AddSeparator(menu->Count() + 1);
+  adaptation::PopupMenus* menus = menusDuGroupe(true);
+  adaptation::PopupMenu* menu = menus ? chercherMenu(*menus, nom) : nullptr;
+  return menu && menu->addSeparator(menu->count() + 1);
 }
 
 bool retirerMenu(const std::wstring& nom) {
-  IAcadPopupMenus* menus = menusDuGroupe(false);
-  IAcadPopupMenu* menu = menus ? chercherMenu(*menus, nom) : nullptr;
+  adaptation::PopupMenus* menus = menusDuGroupe(false);
+  adaptation::PopupMenu* menu = menus ? chercherMenu(*menus, nom) : nullptr;
   if (!menu) return false;
-  for (Adesk::Int32 n = menu->Count(); n > 0; --n)
-    if (IAcadPopupMenuItem* premier = menu->Item(0)) premier->Delete();
-  return menus->RemoveMenuFromMenuBar(nom.c_str());
+  for (Adesk::Int32 n = menu->count(); n > 0; --n)
+    if (adaptation::MenuItem* premier = menu->item(0)) premier->remove();
+  return menus->removeFromMenuBar(nom.c_str());
 }
 
 }  // namespace plv

@@ -96,7 +96,7 @@ bool FileSerializer::writeAcString(const AcString& texte) {
 bool FileSerializer::readAcString(AcString& texte) {
   std::wstring copie = texte.kACharPtr();
   const bool lu = readString(copie);
-  texte = AcString(copie);
+  texte = AcString(copie.c_str());
   return lu;
 }
 
