@@ -40,6 +40,7 @@ CommandTask distance(Command& c) {
   c.print("\nÉcarts: " + pointText(c, AcGePoint3d(d.x, d.y, d.z)));
   if (flat > 0) c.print("   Pente = " + lisp::fixedDecimals(d.z / flat * 100, 2) + " %");
   c.print("\n");
+  c.document.variables().set("DISTANCE", d.length());
 }
 
 CommandTask identify(Command& c) {
@@ -54,6 +55,8 @@ void describeCurve(const Command& c, const AcDbCurve& curve) {
       curve.getDistAtParam(high, length) == Acad::eOk)
     c.print("\n  longueur: " + lengthText(c, length));
   if (curve.isClosed() && curve.getArea(area) == Acad::eOk) c.print("\n  aire: " + lengthText(c, area));
+  c.document.variables().set("PERIMETER", length);
+  c.document.variables().set("AREA", area);
   if (curve.isClosed() || curve.getStartPoint(start) != Acad::eOk || curve.getEndPoint(end) != Acad::eOk) return;
   c.print("\n  de " + pointText(c, start) + "\n  à  " + pointText(c, end));
 }
