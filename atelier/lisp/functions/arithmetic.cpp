@@ -9,15 +9,15 @@
 namespace atelier::lisp {
 namespace {
 
-// Folds the arguments from the left. `whole` works on 64-bit integers as long as every partial result is a
-// 32-bit integer; from there on `real` works on reals.
+// Folds the arguments from the left: `whole` works on integers, whose results wrap around at 32 bits, `real` from the
+// first real on.
 template <class Whole, class Real>
 Value fold(Interpreter& in, Arguments arguments, Whole whole, Real real) {
   std::size_t i = 1;
   if (!arguments[0].isNumber()) in.failType("numberp:", arguments[0]);
   Value result = arguments[0];
   for (; i < arguments.size() && result.isInteger() && arguments[i].isInteger(); ++i)
-    result = Value::integerOrReal(whole(std::int64_t{result.integer()}, std::int64_t{arguments[i].integer()}));
+    result = Value::wrapped(whole(std::int64_t{result.integer()}, std::int64_t{arguments[i].integer()}));
   if (i == arguments.size()) return result;
   double sum = result.number();
   for (; i < arguments.size(); ++i) sum = real(sum, numberArgument(in, arguments[i]));
@@ -26,7 +26,7 @@ Value fold(Interpreter& in, Arguments arguments, Whole whole, Real real) {
 
 Value add(Interpreter& in, Arguments arguments) {
   if (arguments.size() == 2 && arguments[0].isInteger() && arguments[1].isInteger())
-    return Value::integerOrReal(std::int64_t{arguments[0].integer()} + arguments[1].integer());
+    return Value::wrapped(std::int64_t{arguments[0].integer()} + arguments[1].integer());
   if (arguments.size() == 2 && arguments[0].isNumber() && arguments[1].isNumber())
     return Value::real(arguments[0].number() + arguments[1].number());
   if (arguments.empty()) return Value::integer(0);
@@ -36,13 +36,13 @@ Value add(Interpreter& in, Arguments arguments) {
 
 Value subtract(Interpreter& in, Arguments arguments) {
   if (arguments.size() == 2 && arguments[0].isInteger() && arguments[1].isInteger())
-    return Value::integerOrReal(std::int64_t{arguments[0].integer()} - arguments[1].integer());
+    return Value::wrapped(std::int64_t{arguments[0].integer()} - arguments[1].integer());
   if (arguments.size() == 2 && arguments[0].isNumber() && arguments[1].isNumber())
     return Value::real(arguments[0].number() - arguments[1].number());
   if (arguments.empty()) return Value::integer(0);
   if (arguments.size() == 1) {
     const Value value = arguments[0];
-    return value.isInteger() ? Value::integerOrReal(-std::int64_t{value.integer()})
+    return value.isInteger() ? Value::wrapped(-std::int64_t{value.integer()})
                              : Value::real(-numberArgument(in, value));
   }
   return fold(
@@ -73,13 +73,13 @@ Value remainder(Interpreter& in, Arguments arguments) {
 
 Value increment(Interpreter& in, Arguments arguments) {
   const Value value = arguments[0];
-  return value.isInteger() ? Value::integerOrReal(std::int64_t{value.integer()} + 1)
+  return value.isInteger() ? Value::wrapped(std::int64_t{value.integer()} + 1)
                            : Value::real(numberArgument(in, value) + 1);
 }
 
 Value decrement(Interpreter& in, Arguments arguments) {
   const Value value = arguments[0];
-  return value.isInteger() ? Value::integerOrReal(std::int64_t{value.integer()} - 1)
+  return value.isInteger() ? Value::wrapped(std::int64_t{value.integer()} - 1)
                            : Value::real(numberArgument(in, value) - 1);
 }
 
@@ -106,7 +106,7 @@ Value least(Interpreter& in, Arguments arguments) {
 
 Value absolute(Interpreter& in, Arguments arguments) {
   const Value value = arguments[0];
-  return value.isInteger() ? Value::integerOrReal(std::abs(std::int64_t{value.integer()}))
+  return value.isInteger() ? Value::wrapped(std::abs(std::int64_t{value.integer()}))
                            : Value::real(std::fabs(numberArgument(in, value)));
 }
 

@@ -52,6 +52,8 @@ class Value {
     if (number != number) number = std::numeric_limits<double>::quiet_NaN();
     return Value(std::bit_cast<std::uint64_t>(number) + kRealOffset);
   }
+  // The 32-bit integer of the lowest bits, which is what sums and products of integers are.
+  static constexpr Value wrapped(std::int64_t number) { return integer(static_cast<std::int32_t>(number)); }
   // An integer when `number` fits in 32 bits, else the real that is nearest to it.
   static constexpr Value integerOrReal(std::int64_t number) {
     return number == static_cast<std::int32_t>(number) ? integer(static_cast<std::int32_t>(number))
