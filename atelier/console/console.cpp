@@ -4,6 +4,7 @@
 
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <filesystem>
@@ -183,9 +184,7 @@ int carryOutAll(const Options& options) {
   return document.failures() > 0 ? kFailed : kDone;
 }
 
-}  // namespace
-
-int run(int argc, char** argv) {
+int runProgram(int argc, char** argv) {
   int status = kDone;
   const auto options = parseOptions(argc, argv, status);
   if (!options) return status;
@@ -202,6 +201,18 @@ int run(int argc, char** argv) {
     complain(error.what());
     return kFileTrouble;
   }
+}
+
+}  // namespace
+
+// What has been printed is of use only when it has arrived.
+int run(int argc, char** argv) {
+  const int status = runProgram(argc, argv);
+  std::cout.flush();
+  errno = 0;
+  if (std::fflush(stdout) == 0 && !std::ferror(stdout) && std::cout) return status;
+  complain("sortie standard: écriture interrompue: " + systemReason(errno ? errno : EIO));
+  return kFileTrouble;
 }
 
 }  // namespace atelier::console

@@ -47,19 +47,8 @@
 
 (defun plv-ligne-csv (textes) (plv-joindre textes ";"))
 
-(defun plv-ecrire-lignes (fichier lignes / temporaire f ancien)
-  "Writes lines beside the file and puts them in its place; the former file becomes .bak."
-  (setq temporaire (strcat fichier ".tmp"))
-  (cond
-    ((not (setq f (open temporaire "w"))) (plv-erreur (strcat "écriture impossible: " fichier)))
-    (T
-     (foreach ligne lignes (write-line ligne f))
-     (close f)
-     (if (findfile fichier)
-       (progn
-         (setq ancien (strcat fichier ".bak"))
-         (if (findfile ancien) (vl-file-delete ancien))
-         (vl-file-rename fichier ancien)))
-     (if (vl-file-rename temporaire fichier)
-       (progn (plv-dire (strcat fichier ": " (plv-compte (1- (length lignes)) "ligne") ".")) T)
-       (plv-erreur (strcat "écriture impossible: " fichier))))))
+(defun plv-ecrire-lignes (fichier lignes / ecrit)
+  "Writes lines, completely or not at all; the former file becomes .bak. T, or nil after a message."
+  (if (vl-catch-all-error-p (setq ecrit (vl-catch-all-apply 'texte-ecrire (list fichier lignes))))
+    (plv-erreur (vl-catch-all-error-message ecrit))
+    (progn (plv-dire (strcat fichier ": " (plv-compte (1- (length lignes)) "ligne") ".")) T)))

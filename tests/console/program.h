@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <sstream>
 #include <string>
 
@@ -50,6 +51,14 @@ class Program {
     return text.str();
   }
   bool has(const std::string& name) const { return std::filesystem::exists(folder_ / name); }
+  // The names in the folder, sorted, each followed by a blank.
+  std::string names() const {
+    std::set<std::string> sorted;
+    for (const auto& entry : std::filesystem::directory_iterator(folder_)) sorted.insert(entry.path().filename());
+    std::string text;
+    for (const std::string& name : sorted) text += name + " ";
+    return text;
+  }
   const std::filesystem::path& folder() const { return folder_; }
 
   std::string prefix;  // put before the program's name, such as a limit
