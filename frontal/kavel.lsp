@@ -25,7 +25,7 @@
      plv-remplissage-plan plv-devers plv-remplissage-blocs plv-matrices plv-ligne-seule)
     (cotes (base profil)
      plv-cotes)
-    (gestes (base profil cotes)
+    (gestes (base profil portes cotes)
      plv-report plv-modifier plv-tracer plv-listes)
     (metres (base profil portes)
      plv-metres-troncons plv-metres-classes plv-metres-traces plv-metres-lots plv-metres-controle plv-metres-rapport plv-metres-titres plv-cubpl

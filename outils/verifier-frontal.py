@@ -135,6 +135,8 @@ def check_calls(rooms, sources):
     allowed = {room: set(may) for room, may, _ in rooms}
     owner, used = {}, {room: set() for room in allowed}
     for source in sources:
+        functions = [form[1] for form in source.forms if form[0] == "defun"]
+        yield from (f"{source}: {name} is defined twice" for name in sorted(set(functions)) if functions.count(name) > 1)
         for name in source.defines:
             if name in owner and owner[name] is not source:
                 yield f"{source}: {name} is defined in {owner[name]} too"

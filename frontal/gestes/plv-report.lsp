@@ -30,7 +30,7 @@
            pieces (plv-ajouts-de '(lambda () (dialoguer '(lambda () (pl_repspc profil)) (list (list entite point))))))
      (cond
        (attache (plv-report:attacher profil attache entite pieces) (plv-recoter profil attache (cons entite pieces)))
-       (genre (plv-attacher profil genre (cons entite pieces))))
+       (genre (plv-admettre profil genre (cons entite pieces))))
      (plv-dire (strcat "Report: " (plv-compte (1+ (length pieces)) "partie") "."))
      (cons entite pieces))))
 

@@ -26,7 +26,7 @@
     ((not (<= -1e-6 (car point) (+ (plv-longueur-profil profil) 1e-6))) "cette station n'est pas dans le profil")
     ((and precedent (equal (car precedent) (car point) 1e-6)) "deux points de suite ne peuvent pas avoir la même station")))
 
-(defun plv-tracer:dessiner (profil genre points / cadre entites)
+(defun plv-lignes (profil genre points / cadre entites)
   "Draws lines through points (distance altitude) and attaches them; gives the entities, or nil after a message."
   (cond
     ((not (plv-profil-sain profil)) nil)
@@ -44,7 +44,7 @@
                         '(lambda (a b)
                            (foreach m (plv-tracer:morceaux (plv-cadre-plans cadre) a b) (plv-tracer:dessiner profil cadre m)))
                         points (cdr points)))))))
-     (plv-attacher profil genre entites)
+     (setq entites (plv-admettre profil genre entites))
      (plv-dire (strcat (plv-compte (length entites) "ligne attachée") " au genre " (plv-genre genre) "."))
      entites)))
 
@@ -74,5 +74,5 @@
   (if (setq profil (plv-choisir-profil))
     (progn
       (setq genre (plv-demander-genre (plv-genre-propose profil)))
-      (if (cdr (setq points (plv-tracer:demander profil))) (plv-tracer:dessiner profil genre points))))
+      (if (cdr (setq points (plv-tracer:demander profil))) (plv-lignes profil genre points))))
   (princ))

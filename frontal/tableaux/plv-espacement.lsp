@@ -22,8 +22,7 @@ least one that holds its own."
   (setq groupes (entget texte) boite (plv-boite texte)
         place (- (atof (plv-cle 1 groupes)) (* 0.5 (plv-cle 40 groupes))))
   (if (< 0.0 place (- (caddr boite) (car boite)))
-    (entmod (append (vl-remove (assoc 41 groupes) groupes)
-                    (list (cons 41 (* (cond ((plv-cle 41 groupes)) (1.0)) (/ place (- (caddr boite) (car boite))))))))))
+    (entmod (subst (cons 41 (* (plv-cle 41 groupes) (/ place (- (caddr boite) (car boite))))) (assoc 41 groupes) groupes))))
 
 (defun plv-espacement-necessaire (types points ttxt)
   (apply 'max

@@ -1,7 +1,7 @@
 """Depth classes edited in the quantity dialog: what is measured afterwards goes by the new ones."""
-from exact import Classes
 from fractions import Fraction as F
 
+from exact import Classes
 from play import Step
 from sources import decimal, text
 

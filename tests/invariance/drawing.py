@@ -76,7 +76,7 @@ class Drawing:
     """Entities of the model space, and those of each block."""
 
     def __init__(self, path):
-        self.entities, self.blocks, self.objects = [], {}, []
+        self.entities, self.blocks = [], {}
         self.path = path
         section, block, current, parent = None, None, None, None
         tags = pairs(path)
@@ -92,7 +92,7 @@ class Drawing:
                 elif value in ("ENDSEC", "ENDBLK", "EOF"):
                     if value == "ENDBLK":
                         block = None
-                elif section in ("ENTITIES", "BLOCKS", "OBJECTS"):
+                elif section in ("ENTITIES", "BLOCKS"):
                     current = Entity(value)
                     if value in ("VERTEX", "ATTRIB", "SEQEND") and parent is not None:
                         parent.parts.append(current)
@@ -106,8 +106,6 @@ class Drawing:
     def place(self, section, block, entity):
         if section == "ENTITIES":
             self.entities.append(entity)
-        elif section == "OBJECTS":
-            self.objects.append(entity)
         else:
             self.blocks.setdefault(block.get(2), []).append(entity)
 

@@ -67,6 +67,11 @@ class Player:
             return None, "no end after two minutes"
         return done.returncode, done.stdout.decode("utf-8", "replace") + done.stderr.decode("utf-8", "replace")
 
+    def audit(self, i):
+        """What the program finds wrong with a step's drawing, but for what runs have erased by hand and records still name."""
+        findings = self.run([self.drawing_name(i), "--quiet", "--audit"])[1].strip().splitlines()
+        return [f for f in findings[:-1] if not f.endswith("n'existe pas")] if "erreurs" in findings[-1] else findings
+
     # --- names of files
 
     def drawing_name(self, i, undone=False):

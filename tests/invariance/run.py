@@ -19,12 +19,13 @@ import circumstances
 import steps
 from play import Player
 from report import Report
+from world import World
 
 
 def plan(seed, length=None):
     """(world, steps) of a run."""
     rng = random.Random(seed)
-    world = steps.World(rng, circumstances.draw(rng))
+    world = World(rng, circumstances.draw(rng))
     planned = steps.plan(world, length or rng.randint(10, 30))
     return world, planned
 
@@ -54,6 +55,8 @@ def play(seed, kavel, source, folder, locales):
             break
     if fault:
         report.differences.append(fault)
+    elif results:
+        report.same("audit", "of the last drawing", player.audit(len(results) - 1), [])
     report.checks["commands"] = len(results)
     return seed, report, str(world.circumstances)
 

@@ -4,7 +4,6 @@ from fractions import Fraction as F
 
 import classes
 import compare_dimensions
-import compare_drawn
 import compare_entities
 import compare_quantities
 import compare_tables
@@ -13,9 +12,10 @@ import exports
 import lines
 import sources
 from drawing import Drawing
+from model import KINDS
 from play import Player, Step
-from world import World, drawn_check
 from sources import decimal, text
+from world import drawn_check
 
 
 def new_profile(world):
@@ -96,6 +96,20 @@ BLOCK = """(if (not (tblsearch "BLOCK" "REGARD")) (progn (entmake '((0 . "BLOCK"
     """(entmake '((0 . "ENDBLK")))))"""
 
 
+def transfer(world):
+    """TRANSFERERPROJET: the project becomes the line of a kind that has none yet."""
+    owners = [p for p in world.active if p.lines.get("Projet")]
+    if not owners:
+        return None
+    profile = world.rng.choice(owners)
+    free = [k for k in KINDS if k != "Projet" and not profile.lines.get(k)]
+    if not free:
+        return None
+    kind = world.rng.choice(free)
+    profile.lines[kind] = profile.lines.pop("Projet")
+    return Step(f"transfer to {kind} of {profile.number}", ["PLV-CHOISIR", *world.which(profile), "TRANSFERERPROJET", kind], [drawn_check(world)])
+
+
 def measured_profile(world):
     """A profile with a project line, and one of its kinds."""
     owners = [p for p in world.active if p.kinds()]
@@ -154,7 +168,7 @@ def dimensions(world):
     if profile is None:
         return None
     which = world.rng.choice(("Toutes", "Altitudes", "Hauteurs"))
-    frozen, axes = profile.copy(), len(profile.planes)
+    frozen = profile.copy()
     typed = [erase(profile, "TEXT", "PLV-COTES"), PICKS % (profile.number, kind), "PLV-CHOISIR", *world.which(profile),
              f'(piquer "{kind}" "{which}")', "SCRIPT", "piquer.scr"]
     return Step(f"dimensions {kind} of {profile.number}", typed,
@@ -170,7 +184,7 @@ PICKS = """(progn (setq profil (plv-profil-de-numero "%s") genre "%s") (defun pi
 
 # the commands with their weights
 COMMANDS = ((lines.project_line, 3), (existing.existing_curve, 2), (tables, 4), (plane, 3), (quantities, 4), (legend, 2), (dimensions, 3),
-            (exports.export, 1), (classes.edit, 1), (manhole, 2))
+            (exports.export, 1), (classes.edit, 1), (manhole, 2), (transfer, 1))
 
 
 # --- a copy: the original must stay as it was

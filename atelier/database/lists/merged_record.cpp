@@ -8,7 +8,6 @@
 #include "atelier/database/lists/list_groups.h"
 #include "atelier/database/lists/merged_section.h"
 #include "atelier/database/lists/shown_groups.h"
-#include "atelier/database/records/section_order.h"
 
 namespace atelier {
 namespace {
@@ -68,8 +67,7 @@ class Sorter {
         continue;
       }
       if (isIdentity(group) || (entity_ && (code == 67 || code == 410))) continue;
-      const bool common = current != kLoose && format_ && isMisplaced(*format_, sections_[current].mark, code);
-      add(current == kLoose || common ? home(code) : current, given, item);
+      add(current == kLoose || !belongs(current, code) ? home(code) : current, given, item);
     }
     return std::move(sorted_);
   }
@@ -90,16 +88,29 @@ class Sorter {
       if (equalNoCase(sections_[i].mark, mark) && --turn == 0) return i;
     return kLoose;
   }
+  // Whether a section has a place for the group; it has when no other does.
+  bool belongs(std::size_t section, int code) const {
+    const auto& groups = sections_[section].groups;
+    if (!format_ || std::ranges::find(groups, code, &Group::code) != groups.end()) return true;
+    bool elsewhere = false;
+    for (const Field& field : format_->fields) {
+      const std::size_t found = field.code == code ? sectionOf(field) : kLoose;
+      if (found == section) return true;
+      elsewhere |= found != kLoose;
+    }
+    return !elsewhere;
+  }
+  std::size_t sectionOf(const Field& field) const {
+    const std::size_t hash = field.subclass.find('#');
+    const int turn = hash == std::string_view::npos ? 1 : field.subclass[hash + 1] - '0';
+    return place(std::string(field.subclass.substr(0, hash)), turn);
+  }
   // The section for a group that stands behind no mark: that of the format, else the last that has its code.
   std::size_t home(int code) const {
     if (format_)
       for (const Field& field : format_->fields)
-        if (field.code == code) {
-          const std::size_t hash = field.subclass.find('#');
-          const int turn = hash == std::string_view::npos ? 1 : field.subclass[hash + 1] - '0';
-          const std::size_t found = place(std::string(field.subclass.substr(0, hash)), turn);
-          if (found != kLoose) return found;
-        }
+        if (field.code == code)
+          if (const std::size_t found = sectionOf(field); found != kLoose) return found;
     std::size_t last = sections_.size() - 1;
     if (sections_[last].mark == "101") --last;
     for (std::size_t i = last + 1; i-- > 1;)

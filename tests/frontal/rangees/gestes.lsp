@@ -74,10 +74,10 @@
  ((("1000.000" "555.000") ("1060.000" "528.750")) (("1060.000" "578.750") ("1080.000" "570.000"))
   (("1080.000" "570.000") ("1090.000" "585.000"))))
 ;; drawn backwards, they are the same
-(preparer (plv-tracer-lignes p "Voirie" '((80.0 47.0) (0.0 50.5))))
+(preparer (plv-lignes p "Voirie" '((80.0 47.0) (0.0 50.5))))
 ((mapcar 'bouts (plv-elements-du-projet p "Voirie"))
  ((("1000.000" "555.000") ("1060.000" "528.750")) (("1060.000" "578.750") ("1080.000" "570.000"))))
-(refuse (plv-tracer-lignes p "Voirie" '((0.0 47.0) (101.0 50.5))) "n'est pas dans le profil")
+(refuse (plv-lignes p "Voirie" '((0.0 47.0) (101.0 50.5))) "n'est pas dans le profil")
 
 (situation "AltitudesAreListed")
 (tableau (plans lignes) ('((0.0 45.0) (60.0 40.0)) (5 4)) ('((0.0 45.0)) (4 3)))

@@ -141,6 +141,10 @@
 ((tous 100) ("AcDbEntity" "AcDbLine"))
 ((cdr (assoc 2 (tblsearch "LAYER" "AXE"))) "AXE")
 
+(situation "GroupsBehindAnotherMarkFindTheirPlace")
+(preparer (entmake '((0 . "TEXT") (10 1. 2. 0.) (40 . 5.) (1 . "a"))) (setq e (entlast)))
+((progn (entmod (append (entget e) '((41 . 0.8) (62 . 2)))) (list (g 41 e) (g 62 e) (tous 41))) (0.8 2 (0.8)))
+
 (situation "ListsNameTheSpace")
 ((progn (entmake '((0 . "LINE") (67 . 1) (410 . "Layout1") (10 1. 2. 0.) (11 4. 6. 0.)))
    (list (entlast) (sslength (ssget "X" '((67 . 1)))))) (nil 1))
