@@ -29,11 +29,11 @@ class Program {
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
 
-  // Arguments as typed in a shell, run in the folder; stderr comes with stdout.
-  Program& run(const std::string& arguments) {
+  // Arguments as typed in a shell, run in the folder; stderr comes with stdout unless it is sent elsewhere.
+  Program& run(const std::string& arguments, const std::string& redirections = "2>&1 < /dev/null") {
     const std::string command = "cd '" + folder_.string() + "' && " + prefix +
                                 " env KAVEL_FRONTAL='" KAVEL_SOURCE "/frontal' '" + std::string(KAVEL_BIN) +
-                                "/kavel' " + arguments + " 2>&1 < /dev/null";
+                                "/kavel' " + arguments + " " + redirections;
     output.clear();
     FILE* pipe = popen(command.c_str(), "r");
     char buffer[4096];
