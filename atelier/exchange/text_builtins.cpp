@@ -1,12 +1,14 @@
-// texte-ecrire and fichier-remplacer: files of the front-end, written completely or not at all.
+// texte-ecrire and fichier-remplacer: files of the front-end, written completely or not at all; classeur-lire.
 #include <cerrno>
 #include <cstdio>
 
 #include "atelier/base/error.h"
 #include "atelier/dxf/writing/replaced_file.h"
 #include "atelier/exchange/exchange.h"
+#include "atelier/exchange/workbook_read.h"
 #include "atelier/lisp/evaluator/arguments.h"
 #include "atelier/lisp/evaluator/file_object.h"
+#include "atelier/lisp/evaluator/root.h"
 #include "atelier/lisp/text/encoding.h"
 
 namespace atelier::exchange {
@@ -41,7 +43,20 @@ Value replaceFile(Interpreter& in, Arguments arguments) {
   return in.t();
 }
 
+Value readWorkbookLines(Interpreter& in, Arguments arguments) {
+  lisp::ValueStack lines(in);
+  try {
+    for (const std::string& line : readWorkbook(lisp::nativePath(lisp::stringArgument(in, arguments[0]))))
+      lines.push(in.string(line));
+  } catch (const Error& error) {
+    in.fail(error.what());
+  }
+  return lines.list();
+}
+
 constexpr lisp::Builtin kTable[] = {
+    {"classeur-lire", readWorkbookLines, 1, 1, "(classeur-lire fichier)",
+     "La première feuille d'un classeur .xlsx en lignes, les cellules séparées par des points-virgules."},
     {"texte-ecrire", writeText, 2, 2, "(texte-ecrire fichier lignes)",
      "Écrit des lignes dans un fichier, en entier ou pas du tout; l'ancien fichier devient .bak. Rend T."},
     {"fichier-remplacer", replaceFile, 2, 2, "(fichier-remplacer neuf ancien)",
