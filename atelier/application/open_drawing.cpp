@@ -14,7 +14,7 @@ namespace {
 const Services& everyRoom() {
   static const Services all = {
       .builtins = {entityBuiltins(), tableBuiltins(), dictionaryBuiltins(), promptBuiltins(), screenBuiltins(),
-                   selectionBuiltins(), variableBuiltins(), commandBuiltins(), failureBuiltins(), curveBuiltins(),
+                   selectionBuiltins(), variableBuiltins(), commandBuiltins(), failureBuiltins(), sharedBuiltins(), curveBuiltins(),
                    dialogBuiltins(), dclBuiltins()},
       .variables = {variableRow, computedVariable},
       .attachments = {[](Document& document) -> std::unique_ptr<Attachment> {

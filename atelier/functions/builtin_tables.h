@@ -16,6 +16,7 @@ std::span<const lisp::Builtin> selectionBuiltins();
 std::span<const lisp::Builtin> variableBuiltins();
 std::span<const lisp::Builtin> commandBuiltins();
 std::span<const lisp::Builtin> failureBuiltins();
+std::span<const lisp::Builtin> sharedBuiltins();
 std::span<const lisp::Builtin> dialogBuiltins();
 std::span<const lisp::Builtin> dclBuiltins();
 std::span<const lisp::Builtin> curveBuiltins();

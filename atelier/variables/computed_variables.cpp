@@ -1,7 +1,11 @@
 // System variables that are computed when they are asked for.
 // Names that are set must exist in the drawing.
+#include <pwd.h>
+#include <unistd.h>
+
 #include <chrono>
 #include <cmath>
+#include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <numbers>
@@ -56,6 +60,14 @@ Value milliseconds(Document&) {
 std::string withSlash(const std::string& folder) {
   return folder.empty() || folder.ends_with('/') ? folder : folder + "/";
 }
+
+Value userName(Document&) {
+  const char* name = std::getenv("USER");
+  if (const passwd* entry = name ? nullptr : getpwuid(getuid())) name = entry->pw_name;
+  return std::string(name ? name : "");
+}
+
+Value fromAbove(Document&) { return Point{AcGePoint3d(0, 0, 1), false}; }
 
 Value temporaryFolder(Document&) {
   std::error_code error;
@@ -184,6 +196,8 @@ bool setAngleBase(Document& d, const Value& value) {
 }
 
 constexpr ComputedVariable kComputed[] = {{"TEMPPREFIX", temporaryFolder, nullptr},
+                                          {"LOGINNAME", userName, nullptr},
+                                          {"VIEWDIR", fromAbove, nullptr},
                                           {"DATE", julianDate, nullptr},
                                           {"CDATE", calendarDate, nullptr},
                                           {"MILLISECS", milliseconds, nullptr},

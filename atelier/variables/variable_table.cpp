@@ -3,40 +3,13 @@
 #include "atelier/variables/variable_table.h"
 
 #include <algorithm>
+#include <vector>
+
+#include "atelier/variables/variable_rows.h"
 
 namespace atelier {
 namespace {
 
-constexpr VariableRow integerIn(VariablePlace place, std::string_view name, int code, int value, double low,
-                                double high, std::string_view help) {
-  return {name, VariableKind::integer, place, code, static_cast<double>(value), {}, false, low, high, help};
-}
-constexpr VariableRow headerInt(std::string_view name, int code, int value, double low, double high,
-                                std::string_view help) {
-  return integerIn(VariablePlace::header, name, code, value, low, high, help);
-}
-constexpr VariableRow sessionInt(std::string_view name, int value, double low, double high, std::string_view help) {
-  return integerIn(VariablePlace::document, name, 0, value, low, high, help);
-}
-constexpr VariableRow fixedInt(std::string_view name, int value, std::string_view help) {
-  return {name, VariableKind::integer, VariablePlace::document, 0, static_cast<double>(value), {}, true, 0, 0, help};
-}
-constexpr VariableRow headerReal(std::string_view name, int code, double value, std::string_view help, double low = 0,
-                                 double high = 0) {
-  return {name, VariableKind::real, VariablePlace::header, code, value, {}, false, low, high, help};
-}
-constexpr VariableRow sessionReal(std::string_view name, double value, std::string_view help) {
-  return {name, VariableKind::real, VariablePlace::document, 0, value, {}, false, 0, 0, help};
-}
-constexpr VariableRow sessionText(std::string_view name, std::string_view value, std::string_view help) {
-  return {name, VariableKind::text, VariablePlace::document, 0, 0, value, false, 0, 0, help};
-}
-constexpr VariableRow fixedText(std::string_view name, std::string_view value, std::string_view help) {
-  return {name, VariableKind::text, VariablePlace::document, 0, 0, value, true, 0, 0, help};
-}
-constexpr VariableRow computed(std::string_view name, VariableKind kind, std::string_view help) {
-  return {name, kind, VariablePlace::computed, 0, 0, {}, false, 0, 0, help};
-}
 using enum VariableKind;
 
 constexpr VariableRow kRows[] = {
@@ -45,6 +18,7 @@ constexpr VariableRow kRows[] = {
     fixedText("PLATFORM", "Linux", "Système."),
     fixedText("LOCALE", "FRA", "Langue."),
     computed("TEMPPREFIX", text, "Dossier des fichiers temporaires."),
+    computed("LOGINNAME", text, "Nom de l'utilisateur."),
     computed("DATE", real, "Date julienne et fraction du jour."),
     computed("CDATE", real, "Date et heure AAAAMMJJ.HHMMSSmmm."),
     computed("MILLISECS", integer, "Millisecondes d'une horloge qui ne recule pas."),
@@ -107,6 +81,7 @@ constexpr VariableRow kRows[] = {
     computed("LASTPOINT", point3, "Dernier point donné."),
     computed("VIEWSIZE", real, "Hauteur de la vue."),
     computed("VIEWCTR", point3, "Centre de la vue."),
+    computed("VIEWDIR", point3, "Direction de la vue."),
     {"SCREENSIZE", point2, VariablePlace::document, 0, 1000, {}, true, 0, 0, "Taille de l'écran en pixels."},
     // --- what new entities take
     computed("CLAYER", text, "Calque courant."),
@@ -164,12 +139,19 @@ constexpr VariableRow kRows[] = {
 
 }  // namespace
 
-std::span<const VariableRow> variableRows() { return kRows; }
+std::span<const VariableRow> variableRows() {
+  static const std::vector<VariableRow> rows = [] {
+    std::vector<VariableRow> all(std::begin(kRows), std::end(kRows));
+    all.insert(all.end(), keptVariableRows().begin(), keptVariableRows().end());
+    return all;
+  }();
+  return rows;
+}
 
 const VariableRow* variableRow(std::string_view name) {
-  const auto it =
-      std::find_if(std::begin(kRows), std::end(kRows), [&](const VariableRow& row) { return row.name == name; });
-  return it == std::end(kRows) ? nullptr : it;
+  const std::span<const VariableRow> rows = variableRows();
+  const auto it = std::ranges::find(rows, name, &VariableRow::name);
+  return it == rows.end() ? nullptr : &*it;
 }
 
 }  // namespace atelier

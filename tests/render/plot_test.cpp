@@ -79,6 +79,18 @@ struct Picture {
   }
 };
 
+TEST_F(Plot, SaysWhenWhitePaperShowsNothing) {
+  const auto warned = [&](Colour colour) {
+    DisplayList list;
+    list.add(1, Stroke{line({0, 0}, {20, 10}), {colour, 0.5, nullptr}});
+    return !plot(list, at("blanc.svg"), options()).empty();
+  };
+  EXPECT_TRUE(warned({255, 255, 255}));
+  EXPECT_TRUE(warned(kBackground));
+  EXPECT_FALSE(warned(kForeground));
+  EXPECT_FALSE(warned({254, 255, 255}));
+}
+
 TEST_F(Plot, PngHasTheDrawingToScale) {
   EXPECT_TRUE(plot(sample(), at("p.png"), options()).empty());
   const Picture picture(at("p.png"));

@@ -82,8 +82,9 @@ TestDrawing looks() {
   TestDrawing d;
   d.linetypes = {"2=TIRETS 70=0 3=x 72=65 73=2 40=3 49=2 49=-1",
                  "2=MIXTE 70=0 3=x 72=65 73=4 40=4 49=2 49=-1 49=0 49=-1", "2=PLEIN 70=0 3=x 72=65 73=1 40=2 49=2"};
-  d.layers = {"2=0 70=0 62=7 6=CONTINUOUS", "2=ROUGE 70=0 62=1 6=TIRETS 370=50", "2=ETEINT 70=0 62=-3 6=CONTINUOUS",
-              "2=GELE 70=1 62=3 6=CONTINUOUS", "2=MUET 70=0 62=3 6=CONTINUOUS 290=0"};
+  d.layers = {"2=0 70=0 62=7 6=CONTINUOUS",          "2=ROUGE 70=0 62=1 6=TIRETS 370=50",
+              "2=ETEINT 70=0 62=-3 6=CONTINUOUS",    "2=GELE 70=1 62=3 6=CONTINUOUS",
+              "2=MUET 70=0 62=3 6=CONTINUOUS 290=0", "2=BLANC 70=0 62=7 420=16777215 6=CONTINUOUS"};
   d.header = {"$LTSCALE 40=2"};
   return d;
 }
@@ -99,6 +100,9 @@ TEST(Scene, LooksComeFromEntityOrLayer) {
       {"8=ROUGE", {255, 0, 0}, 0.5, {4, 2}},
       {"8=rouge 62=5", {0, 0, 255}, 0.5, {4, 2}},
       {"8=ROUGE 420=1122867 370=13", {0x11, 0x22, 0x33}, 0.13, {4, 2}},
+      {"8=ROUGE 62=7 420=16777215", kForeground, 0.5, {4, 2}},
+      {"8=BLANC", kForeground, 0.25, {}},
+      {"8=ROUGE 62=1 420=16777215", {255, 255, 255}, 0.5, {4, 2}},
       {"8=ROUGE 6=CONTINUOUS 370=-3", {255, 0, 0}, 0.25, {}},
       {"8=0 6=MIXTE 48=0.5", kForeground, 0.25, {2, 1, 0, 1}},
       {"8=0 6=PLEIN", kForeground, 0.25, {}},

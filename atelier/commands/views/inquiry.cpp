@@ -40,6 +40,7 @@ CommandTask distance(Command& c) {
   c.print("\nÉcarts: " + pointText(c, AcGePoint3d(d.x, d.y, d.z)));
   if (flat > 0) c.print("   Pente = " + lisp::fixedDecimals(d.z / flat * 100, 2) + " %");
   c.print("\n");
+  c.document.variables().set("DISTANCE", d.length());
 }
 
 CommandTask identify(Command& c) {
@@ -54,6 +55,8 @@ void describeCurve(const Command& c, const AcDbCurve& curve) {
       curve.getDistAtParam(high, length) == Acad::eOk)
     c.print("\n  longueur: " + lengthText(c, length));
   if (curve.isClosed() && curve.getArea(area) == Acad::eOk) c.print("\n  aire: " + lengthText(c, area));
+  c.document.variables().set("PERIMETER", length);
+  c.document.variables().set("AREA", area);
   if (curve.isClosed() || curve.getStartPoint(start) != Acad::eOk || curve.getEndPoint(end) != Acad::eOk) return;
   c.print("\n  de " + pointText(c, start) + "\n  à  " + pointText(c, end));
 }
@@ -84,7 +87,46 @@ CommandTask list(Command& c) {
   c.print("\n");
 }
 
+void tellArea(const Command& c, double area, double perimeter) {
+  c.print("\nAire = " + lengthText(c, area) + ", périmètre = " + lengthText(c, perimeter) + "\n");
+  c.document.variables().set("AREA", area);
+  c.document.variables().set("PERIMETER", perimeter);
+}
+
+// The area within points, or that of an object; an open one is closed by a straight line, which counts for the area only.
+CommandTask areaCommand(Command& c) {
+  std::vector<AcGePoint3d> points;
+  const auto first = co_await c.pointOrEnter("\nPremier point ou [Objet] <Objet>: ", {}, "Objet _Object");
+  if (!first.given()) {
+    const auto picked = co_await c.entity("\nObjet: ");
+    if (!picked.given()) co_return;
+    const AcDbObjectPointer<AcDbCurve> curve(picked->id);
+    double area = 0, end = 0, length = 0;
+    if (curve.openStatus() != Acad::eOk || curve->getArea(area) != Acad::eOk || curve->getEndParam(end) != Acad::eOk ||
+        curve->getDistAtParam(end, length) != Acad::eOk)
+      c.fail("L'objet choisi n'a pas d'aire.");
+    tellArea(c, area, length);
+    co_return;
+  }
+  points.push_back(*first);
+  for (;;) {
+    const auto next = co_await c.pointOrEnter("\nPoint suivant <fin>: ", points.back());
+    if (!next.given()) break;
+    points.push_back(*next);
+  }
+  if (points.size() < 3) c.fail("Trois points au moins sont attendus.");
+  double twice = 0, perimeter = 0;
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    // Taken from the first point: far from the origin products of coordinates lose their last digits.
+    const AcGeVector3d a = points[i] - points[0], b = points[(i + 1) % points.size()] - points[0];
+    twice += a.x * b.y - a.y * b.x;
+    perimeter += std::hypot(b.x - a.x, b.y - a.y);
+  }
+  tellArea(c, std::abs(twice) / 2, perimeter);
+}
+
 constexpr CommandRow kTable[] = {
+    {"AREA", "AA AIRE", areaCommand, "Mesure une aire et son périmètre, par points ou par objet."},
     {"DIST", "DI DISTANCE", distance, "Mesure la distance, la direction et la pente entre deux points."},
     {"ID", "COORDONNEES", identify, "Donne les coordonnées d'un point."},
     {"LIST", "LI LISTE", list, "Décrit des objets: type, calque, longueur, aire, points."},

@@ -26,6 +26,13 @@ Colour trueColour(std::uint32_t rgb) {
   return {static_cast<std::uint8_t>(rgb >> 16), static_cast<std::uint8_t>(rgb >> 8), static_cast<std::uint8_t>(rgb)};
 }
 
+Colour trueColour(std::uint32_t rgb, std::int64_t index) {
+  constexpr std::uint32_t kWhite = 0xFFFFFF;
+  constexpr std::int64_t kForegroundIndex = 7, kByLayer = 256;
+  const bool white = (rgb & kWhite) == kWhite && (std::abs(index) == kForegroundIndex || index == kByLayer);
+  return white ? kForeground : trueColour(rgb);
+}
+
 Colour aciColour(int index) {
   if (index < 1 || index > 255 || index == 7) return kForeground;
   if (index < 10) return trueColour(kNamed[static_cast<std::size_t>(index)]);

@@ -12,4 +12,8 @@ Colour aciColour(int index);
 // 0xRRGGBB, as in group 420.
 Colour trueColour(std::uint32_t rgb);
 
+// The colour of a record with both: the true one, but white beside index 7 (or beside none, 256) is the foreground, as
+// programs write colour 7 so; on paper it would be white.
+Colour trueColour(std::uint32_t rgb, std::int64_t index);
+
 }  // namespace atelier::render

@@ -65,7 +65,7 @@ const Layer& Properties::layer(std::string_view name) {
   if (!stored) return layer;
   const Groups groups(*stored);
   const std::int64_t colour = groups.integer(62, 7);
-  layer.colour = groups.has(420) ? trueColour(static_cast<std::uint32_t>(groups.integer(420)))
+  layer.colour = groups.has(420) ? trueColour(static_cast<std::uint32_t>(groups.integer(420)), colour)
                                  : aciColour(static_cast<int>(std::abs(colour)));
   for (const Group& group : xdataOf(*stored, "AcCmTransparency"))
     if (group.code() == 1071) setAlpha(layer.colour, group.integer());
@@ -89,7 +89,7 @@ Look Properties::look(const Groups& entity, const Inherited& from) {
   look.hidden = look.frozen || layer.off;
 
   const std::int64_t index = entity.integer(62, 256);
-  if (entity.has(420)) look.colour = trueColour(static_cast<std::uint32_t>(entity.integer(420)));
+  if (entity.has(420)) look.colour = trueColour(static_cast<std::uint32_t>(entity.integer(420)), index);
   else if (index == 0) look.colour = from.look.colour;
   else look.colour = index == 256 ? layer.colour : aciColour(static_cast<int>(index));
   const std::int64_t transparency = entity.integer(440);

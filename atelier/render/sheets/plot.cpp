@@ -93,6 +93,26 @@ std::string extension(const std::string& file) {
   return has ? file.substr(dot) : "";
 }
 
+Colour colourOf(const Primitive& item) {
+  struct Find {
+    Colour operator()(const Stroke& s) const { return s.pen.colour; }
+    Colour operator()(const Fill& f) const { return f.colour; }
+    Colour operator()(const GlyphRun& g) const { return g.colour; }
+    Colour operator()(const Unbounded& u) const { return u.pen.colour; }
+    Colour operator()(const Dot& d) const { return d.pen.colour; }
+  };
+  return std::visit(Find{}, item.shape);
+}
+
+// Whether white paper shows anything of the drawing.
+bool showsOnPaper(const DisplayList& list) {
+  return std::ranges::any_of(list.items(), [](const Primitive& item) {
+    const Colour colour = colourOf(item);
+    const bool white = colour.kind == Colour::Kind::rgb && colour.r == 255 && colour.g == 255 && colour.b == 255;
+    return colour.alpha > 0 && !white && colour.kind != Colour::Kind::background;
+  });
+}
+
 }  // namespace
 
 std::vector<std::string> plot(const DisplayList& list, const std::string& file, const PlotOptions& options) {
@@ -111,6 +131,8 @@ std::vector<std::string> plot(const DisplayList& list, const std::string& file, 
   }
   std::vector<std::string> warnings = list.warnings;
   warnings.insert(warnings.end(), page.warnings.begin(), page.warnings.end());
+  if (!list.items().empty() && !showsOnPaper(list))
+    warnings.push_back("rien de visible : tout est blanc sur la feuille");
   return warnings;
 }
 

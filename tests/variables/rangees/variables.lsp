@@ -23,6 +23,19 @@
 ((< 20200101.0 (getvar "CDATE") 21000101.0) T)
 ((< 2458849.0 (getvar "DATE") 2488070.0) T)
 
+;; Settings of windows and commands that this host doesn't have keep what programs give them.
+(situation "AreKeptForPrograms")
+(tableau (name value)
+  ("SORTENTS" 96) ("DYNMODE" -3) ("UCSFOLLOW" 1) ("SHORTCUTMENU" 0) ("HPNAME" "ANSI37") ("HPANG" 0.5) ("DONUTID" 2.0) ("CANNOSCALEVALUE" 0.01))
+((progn (setvar name value) (getvar name)) value)
+(erreur (setvar "EDGEMODE" 2) "variable setting rejected: \"EDGEMODE\" 2")
+
+(situation "SayWhatWasMeasured")
+((list (type (getvar "LOGINNAME")) (getvar "CPROFILE") (getvar "VIEWDIR") (getvar "DBMOD")) (STR "Kavel" (0.0 0.0 1.0) 0))
+((progn (command "_DIST" "0,0" "3,4") (getvar "DISTANCE")) 5.0)
+((progn (command "_CIRCLE" "0,0" 2.0) (command "_LIST" (entlast) "") (equal (getvar "AREA") (* 4 pi) 1e-9)) T)
+((equal (getvar "PERIMETER") (* 4 pi) 1e-9) T)
+
 (situation "FollowFromTheDrawing")
 (preparer (load "outils.lsp"))
 (erreur (setvar "CLAYER" "absent") "variable setting rejected: \"CLAYER\" \"absent\"")
