@@ -7,7 +7,7 @@
   '((base ()
      plv-outils plv-lignes plv-questions plv-points plv-enregistrements plv-dessin)
     (terrain (base)
-     plv-terrain)
+     plv-vraisemblance plv-terrain)
     (profil (base)
      plv-genres plv-plans plv-cadre plv-terrain-profil plv-profil plv-profils plv-appartenance plv-chaines plv-reparer
      plv-reparer-contenu plv-habillage plv-rappels

@@ -1,6 +1,7 @@
 // The one place that knows every room of an open drawing.
 #include "atelier/application/open_drawing.h"
 
+#include "atelier/commands/command_table.h"
 #include "atelier/commands/commands.h"
 #include "atelier/functions/builtin_tables.h"
 #include "atelier/plugin/published.h"
@@ -21,6 +22,7 @@ const Services& everyRoom() {
       }},
       .pick = pickAt,
       .runCommand = runBuiltinCommand,
+      .knowsCommand = [](const std::string& name) { return commandRow(name) != nullptr; },
   };
   return all;
 }

@@ -2,14 +2,17 @@
 // The first file that can't be read or written ends the run; LISP errors and failed commands are counted.
 #include "atelier/console/console.h"
 
+#include <poll.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <sstream>
+#include <iterator>
 
 #include "atelier/application/front_end.h"
 #include "atelier/application/open_drawing.h"
@@ -18,6 +21,7 @@
 #include "atelier/console/options.h"
 #include "atelier/console/progress.h"
 #include "atelier/console/terminal.h"
+#include "atelier/document/script_file.h"
 #include "atelier/dxf/versions/versions.h"
 #include "atelier/exchange/exchange.h"
 #include "atelier/plugin/installation.h"
@@ -32,7 +36,15 @@ namespace {
 
 constexpr int kDone = 0, kFailed = 1, kBadUsage = 2, kFileTrouble = 3;
 
-void complain(const std::string& message) { std::fprintf(stderr, "kavel: %s\n", message.c_str()); }
+bool lineIsOpen = false;  // what the command line has printed doesn't end with a line feed
+
+// After what was printed before it, also where both streams end in one file.
+void complain(const std::string& message) {
+  if (lineIsOpen) std::fputc('\n', stdout);
+  lineIsOpen = false;
+  std::fflush(stdout);
+  std::fprintf(stderr, "kavel: %s\n", message.c_str());
+}
 
 volatile std::sig_atomic_t interruptions = 0;
 
@@ -45,6 +57,7 @@ class Run {
  public:
   Run(const Options& options, Document& document) : options_(options), document_(document) {}
 
+  bool failed() const { return unsound_ || document_.failures() > 0; }
   // False for bad usage.
   bool carryOut(const Action& action) {
     switch (action.kind) {
@@ -72,17 +85,14 @@ class Run {
   }
 
   void script(const std::string& file) {
-    std::ostringstream text;
     if (file == "-") {
-      text << std::cin.rdbuf();
+      const std::string bytes{std::istreambuf_iterator<char>(std::cin), {}};
+      LinesSource lines(decodeScript(bytes), "entrée standard");
+      document_.run(lines);
     } else {
-      std::ifstream in(file, std::ios::binary);
-      if (!in) throw FileError(file, 0, "fichier introuvable ou illisible");
-      text << in.rdbuf();
+      LinesSource lines(readScript(file), file);
+      document_.run(lines);
     }
-    const std::string bytes = text.str();
-    LinesSource lines(isValidUtf8(bytes) ? bytes : CodePage::named("ANSI_1252").decode(bytes));
-    document_.run(lines);
   }
 
   bool save(const Action& action) {
@@ -94,8 +104,14 @@ class Run {
       complain("version de dessin inconnue: " + release);
       return false;
     }
+    try {
+      document_.checkSaving();
+    } catch (const Error& error) {
+      document_.fail("kavel: " + file + ": " + error.what());
+      return true;
+    }
     for (const std::string& lost : document_.saveAs(file, release, options_.binary)) complain(lost);
-    if (!options_.quiet) std::fprintf(stderr, "kavel: dessin enregistré: %s\n", file.c_str());
+    if (!options_.quiet) complain("dessin enregistré: " + file);
     return true;
   }
 
@@ -128,17 +144,31 @@ class Run {
 
   void audit() {
     const auto toStdout = [](std::string_view line) { std::fwrite(line.data(), 1, line.size(), stdout); };
-    if (auditDrawing(document_, options_.fix, toStdout, options_.quiet).errors > 0) document_.countFailure();
+    if (auditDrawing(document_, options_.fix, toStdout, options_.quiet).errors > 0) unsound_ = true;
   }
 
   const Options& options_;
   Document& document_;
+  bool unsound_ = false;  // the audit has found errors: a failure, but none of a command
 };
 
 // What the command line prints; dropped under --quiet. Errors then go to stderr.
 void print(const Options& options, std::string_view text) {
-  if (options.quiet) return;
+  if (options.quiet || text.empty()) return;
+  lineIsOpen = text.back() != '\n';
   std::fwrite(text.data(), 1, text.size(), stdout);
+}
+
+// Whether something was given on the standard input: a file, or a pipe that somebody writes to.
+bool inputWaits() {
+  constexpr int kPatience = 200;  // milliseconds
+  struct stat info {};
+  if (fstat(STDIN_FILENO, &info) != 0) return false;
+  if (S_ISREG(info.st_mode)) return info.st_size > 0;
+  if (!S_ISFIFO(info.st_mode)) return false;
+  pollfd input{STDIN_FILENO, POLLIN, 0};
+  int bytes = 0;
+  return poll(&input, 1, kPatience) > 0 && ioctl(STDIN_FILENO, FIONREAD, &bytes) == 0 && bytes > 0;
 }
 
 std::unique_ptr<Document> openDocument(const Options& options, const Printer& printer) {
@@ -156,7 +186,11 @@ std::unique_ptr<Document> openDocument(const Options& options, const Printer& pr
 }
 
 int carryOutAll(const Options& options) {
-  bool interactive = options.actions.empty() && isTerminal();
+  const bool interactive = options.actions.empty() && isTerminal();
+  if (options.actions.empty() && !interactive && inputWaits()) {
+    complain("l'entrée standard n'est lue que par -s -: kavel DESSIN.dxf -s - < script.scr");
+    return kBadUsage;
+  }
   // A terminal shows what a program prints at once, even without a line feed.
   if (isatty(STDOUT_FILENO)) std::setvbuf(stdout, nullptr, _IONBF, 0);
   const Printer printer = [&options](std::string_view text) { print(options, text); };
@@ -165,8 +199,12 @@ int carryOutAll(const Options& options) {
   const auto opened = openDocument(options, printer);
   Document& document = *opened;
   document.endWithProcess();
-  if (options.quiet)
-    document.failurePrinter = [](std::string_view text) { std::fwrite(text.data(), 1, text.size(), stderr); };
+  document.failurePrinter = [](std::string_view text) {
+    std::fflush(stdout);
+    std::fwrite(text.data(), 1, text.size(), stderr);
+  };
+  document.stopsAtFailure = options.strict;
+  document.savesOnlyWithoutFailure = !interactive && !options.keepGoing;
   std::signal(SIGINT, onInterrupt);
   std::signal(SIGXFSZ, SIG_IGN);  // a file above the limit is an error of the write, not the end of the program
   if (const std::string trouble = installationTrouble(); !trouble.empty()) complain(trouble);
@@ -177,15 +215,14 @@ int carryOutAll(const Options& options) {
     if (!run.carryOut(action)) return kBadUsage;
     // What follows was to build on it: a save would keep half of the work.
     if (interruptions) throw Interrupted();
+    if (options.strict && run.failed()) break;
   }
   if (interactive) runTerminal(document);
   std::fflush(stdout);
-  return document.failures() > 0 ? kFailed : kDone;
+  return run.failed() ? kFailed : kDone;
 }
 
-}  // namespace
-
-int run(int argc, char** argv) {
+int runProgram(int argc, char** argv) {
   int status = kDone;
   const auto options = parseOptions(argc, argv, status);
   if (!options) return status;
@@ -202,6 +239,18 @@ int run(int argc, char** argv) {
     complain(error.what());
     return kFileTrouble;
   }
+}
+
+}  // namespace
+
+// What has been printed is of use only when it has arrived.
+int run(int argc, char** argv) {
+  const int status = runProgram(argc, argv);
+  std::cout.flush();
+  errno = 0;
+  if (std::fflush(stdout) == 0 && !std::ferror(stdout) && std::cout) return status;
+  complain("sortie standard: écriture interrompue: " + systemReason(errno ? errno : EIO));
+  return kFileTrouble;
 }
 
 }  // namespace atelier::console

@@ -3,7 +3,9 @@
 #include "atelier/console/options.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <array>
+#include <cstdio>
 #include <map>
 #include <span>
 #include <variant>
@@ -59,6 +61,8 @@ constexpr Row kRows[] = {
     {"--list", "", "entities by type, layers, profiles, in short", ActionKind::list},
     {"--no-frontal", "", "do not load the front-end", Flag{&Options::frontal, false}},
     {"--quiet", "", "print results and errors only", Flag{&Options::quiet}},
+    {"--strict", "", "stop at the first failure, also inside a script", Flag{&Options::strict}},
+    {"--keep-going", "", "save even after a failure", Flag{&Options::keepGoing}},
     {"--progress", "auto|never|json", "progress of long work", Choice{&Options::progress}},
 };
 
@@ -113,6 +117,21 @@ void settle(const Row& row, const Given& given, Options& options) {
     if ((action.settings.*(*setting)).empty()) action.settings.*(*setting) = given.values.front();
 }
 
+// A setting or flag that no action follows: what it would have done, and what it needs. A null pointer when there is none.
+const char* withoutAction(const Options& options, const auto& isGiven) {
+  const auto has = [&](ActionKind kind) {
+    return std::any_of(options.actions.begin(), options.actions.end(), [&](const Action& a) { return a.kind == kind; });
+  };
+  for (const char* name : {"--scale", "--paper", "--window", "--dpi"})
+    if (isGiven(name) && !has(ActionKind::plot)) return "--scale, --paper, --window et --dpi demandent --plot";
+  for (const char* name : {"--release", "--binary"})
+    if (isGiven(name) && !has(ActionKind::save)) return "--release et --binary demandent --save";
+  if (isGiven("--fix") && !has(ActionKind::audit)) return "--fix demande --audit";
+  if (isGiven("--overwrite") && !options.recover) return "--overwrite demande --recover";
+  if (isGiven("--strict") && isGiven("--keep-going")) return "--strict et --keep-going s'excluent";
+  return nullptr;
+}
+
 }  // namespace
 
 std::string_view actionName(ActionKind kind) {
@@ -138,6 +157,11 @@ std::optional<Options> parseOptions(int argc, char** argv, int& status) {
   }
   keepOrder(app, rowOf, given, options.actions);
   for (std::size_t i = 0; i < given.size(); ++i) settle(kRows[i], given[i], options);
+  if (const char* wanted = withoutAction(options, [&](const char* name) { return app.count(name) > 0; })) {
+    std::fprintf(stderr, "kavel: %s\n", wanted);
+    status = 2;
+    return std::nullopt;
+  }
   return options;
 }
 

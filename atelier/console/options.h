@@ -36,6 +36,8 @@ struct Options {
   bool fix = false;
   bool frontal = true;
   bool quiet = false;
+  bool strict = false;     // the first failure ends the run
+  bool keepGoing = false;  // what was done is saved although something failed
   Progress progress = Progress::automatic;
 };
 

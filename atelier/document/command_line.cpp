@@ -43,8 +43,14 @@ std::string Document::takeTranscript() { return std::exchange(transcript_, {}); 
 
 void Document::fail(const std::string& message) {
   ++failures_;
+  tellFailure("\n" + message + "\n");
+}
+
+void Document::tellFailure(const std::string& message) {
   const Printer usual = failurePrinter ? std::exchange(printer_, failurePrinter) : printer_;
-  print("\n" + message + "\n");
+  const bool muted = exchangeMuted(false);
+  print(message);
+  exchangeMuted(muted);
   printer_ = usual;
 }
 
@@ -155,11 +161,14 @@ void Document::run(InputSource& source) {
       interpreter_->clearInterrupt();
       stopped_ = false;
       if (!source.echoes()) print("\nCommande: " + input.text + "\n");
+      const std::string place = source.place();
+      const int failuresBefore = failures_;
       try {
         runLine(input.text);
       } catch (const Error& error) {
         fail(error.what());
       }
+      if (failures_ > failuresBefore) leaveAnswers(source, place);
       if (stopped_) scripts.clear();
       runScripts();
       if (quitRequested()) {
@@ -174,11 +183,39 @@ void Document::run(InputSource& source) {
   restore();
 }
 
+// Whether a line of a script begins something new: an expression, or a command by its name. Short aliases don't count, since
+// answers look like them.
+bool Document::beginsLine(const std::string& line) {
+  constexpr std::size_t kShortest = 4;
+  const std::string_view text = trimmed(line);
+  if (text.starts_with('(')) return true;
+  std::string name = upperCase(text.substr(0, text.find(' ')));
+  name.erase(0, name.find_first_not_of("_."));
+  if (!interpreter_->get("C:" + name).isNil()) return true;
+  return name.size() >= kShortest && services_.knowsCommand(name);
+}
+
+void Document::leaveAnswers(InputSource& source, const std::string& place) {
+  if (place.empty()) return;
+  const std::size_t left =
+      source.dropUntil([this](const std::string& line) { return !stopsAtFailure && beginsLine(line); });
+  std::string text = place + ": échec";
+  if (left > 0)
+    text += stopsAtFailure ? "; la suite du script n'est pas exécutée"
+            : left == 1    ? "; 1 ligne laissée avant la commande suivante"
+                           : "; " + std::to_string(left) + " lignes laissées avant la commande suivante";
+  if (stopsAtFailure) scripts.clear();
+  tellFailure(text + "\n");
+}
+
 void Document::runScripts() {
   while (!scripts.empty()) {
-    LinesSource lines(scripts.front());
+    const Script script = std::move(scripts.front());
     scripts.erase(scripts.begin());
+    const int before = failures_;
+    LinesSource lines(script.text, script.name);
     run(lines);
+    if (stopsAtFailure && failures_ > before && prompter_.source) prompter_.source->dropRest();
   }
 }
 

@@ -180,7 +180,13 @@ void Document::setNewView() {
   if (dxf::beganAsNew(*database_)) setFirstView(imp(), index_->extents(imp().modelSpace()));
 }
 
+void Document::checkSaving() const {
+  if (savesOnlyWithoutFailure && failures_ > 0)
+    throw Error("rien n'est enregistré, puisqu'une commande a échoué; --keep-going enregistre quand même");
+}
+
 void Document::save(const std::string& path) {
+  checkSaving();
   setNewView();
   dxf::save(*database_, path);
 }

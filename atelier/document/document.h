@@ -69,8 +69,14 @@ class Document {
   std::map<std::string, View> namedViews;  // by upper-case name
   // True between UNDO Begin and End: commands then don't begin undo steps of their own.
   bool undoGroup = false;
-  // The texts of scripts that SCRIPT has read. They run when the running command has ended.
-  std::vector<std::string> scripts;
+  // Scripts that SCRIPT has read. They run when the running command has ended.
+  struct Script {
+    std::string text;
+    std::string name{};  // for messages; empty for lines that aren't those of a file
+  };
+  std::vector<Script> scripts;
+  // After a failure: scripts end, and nothing is saved. Both are for runs without a user.
+  bool stopsAtFailure = false, savesOnlyWithoutFailure = false;
   // Shows the dialogs of this document; null: the command line does.
   DialogPresenter* dialogPresenter = nullptr;
   // The previous selection ("P" of ssget) and the one that sssetfirst shows.
@@ -98,7 +104,11 @@ class Document {
   // The number of LISP errors and of failed and unknown commands since the document was opened.
   int failures() const { return failures_; }
   void fail(const std::string& message);
-  // Receives the messages of fail() in place of the printer; null: the printer gets them.
+  // Prints a message where failures are printed, also while muted.
+  void tellFailure(const std::string& message);
+  // Throws Error when nothing may be saved after a failure.
+  void checkSaving() const;
+  // Receives the messages of failures in place of the printer; null: the printer gets them.
   Printer failurePrinter;
   void countFailure() { ++failures_; }
 
@@ -124,6 +134,8 @@ class Document {
   void drawingOpened();
   void drawingClosing();
   void runLine(const std::string& line);
+  bool beginsLine(const std::string& line);
+  void leaveAnswers(InputSource& source, const std::string& place);
   void runScripts();
   void leaveMemory();
   void setNewView();

@@ -2,9 +2,11 @@
 // A trailing line end doesn't make an empty line.
 #include "atelier/document/input.h"
 
+#include <utility>
+
 namespace atelier {
 
-LinesSource::LinesSource(std::string_view text) {
+LinesSource::LinesSource(std::string_view text, std::string name) : name_(std::move(name)) {
   while (!text.empty()) {
     const std::size_t end = text.find('\n');
     std::string_view line = text.substr(0, end);
@@ -24,7 +26,19 @@ Input LinesSource::next(const PromptInfo&) {
   if (lines_.empty()) return {};
   Input input = Input::line(std::move(lines_.front()));
   lines_.pop_front();
+  ++given_;
   return input;
+}
+
+std::string LinesSource::place() const {
+  return name_.empty() ? std::string() : name_ + ", ligne " + std::to_string(given_);
+}
+
+std::size_t LinesSource::dropUntil(const std::function<bool(const std::string&)>& begins) {
+  const std::size_t before = lines_.size();
+  while (!lines_.empty() && !begins(lines_.front())) lines_.pop_front();
+  given_ += before - lines_.size();
+  return before - lines_.size();
 }
 
 }  // namespace atelier

@@ -2,6 +2,7 @@
 // Each of them implements InputSource.
 #pragma once
 #include <deque>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -49,6 +50,10 @@ class InputSource {
   virtual bool takesBack(const Input&) { return false; }
   // The user has interrupted: drops the answers that were given beforehand. False when there were none.
   virtual bool dropRest() { return false; }
+  // The line given last, for messages: "a.scr, ligne 5". Empty for a source whose lines have no place.
+  virtual std::string place() const { return {}; }
+  // A command has failed: drops the lines meant for it, up to one that begins something new. Gives their number.
+  virtual std::size_t dropUntil(const std::function<bool(const std::string&)>&) { return 0; }
   // Whether a program answers. At a prompt that takes one object or many it gives a single answer without Enter.
   virtual bool isProgram() const { return false; }
 };
@@ -57,11 +62,15 @@ class InputSource {
 class LinesSource : public InputSource {
  public:
   LinesSource() = default;
-  explicit LinesSource(std::string_view text);  // split at line ends
+  explicit LinesSource(std::string_view text, std::string name = {});  // split at line ends
   Input next(const PromptInfo& prompt) override;
   bool dropRest() override;
+  std::string place() const override;
+  std::size_t dropUntil(const std::function<bool(const std::string&)>& begins) override;
 
  private:
+  std::string name_;  // of the script
+  std::size_t given_ = 0;
   std::deque<std::string> lines_;
 };
 

@@ -43,6 +43,8 @@ struct Services {
   AcDbObjectId (*pick)(Document&, const AcGePoint3d& point) = nullptr;
   // Runs the host's command of that upper-case name; false when there is none.
   bool (*runCommand)(Document&, const std::string& name) = nullptr;
+  // Whether the host has a command of that upper-case name.
+  bool (*knowsCommand)(const std::string& name) = nullptr;
 };
 
 // Adds a table of AutoLISP functions to every document opened from now on; adding it twice has no effect. The table

@@ -8,6 +8,7 @@ namespace atelier::exchange {
 
 void provideExchange() {
   addDrawingBuiltins(landXmlBuiltins());
+  addDrawingBuiltins(textBuiltins());
   setDrawingConverter(convertDrawing);
 }
 

@@ -10,5 +10,6 @@ namespace atelier::exchange {
 void provideExchange();
 
 std::span<const lisp::Builtin> landXmlBuiltins();
+std::span<const lisp::Builtin> textBuiltins();
 
 }  // namespace atelier::exchange

@@ -49,10 +49,33 @@
   texte)
 
 (defun plv-nombre (texte)
-  "The number that a text holds, with a decimal point or comma; nil for anything else."
+  "The number that a text holds, with a decimal point or comma, thousands perhaps apart (1 000,00); nil for anything else."
   (setq texte (vl-string-trim " \t" texte))
-  (if (and (/= texte "") (wcmatch texte "~*[~-+0-9.,eE]*"))
-    (distof (plv-remplacer texte "," ".") 2)))
+  (cond
+    ((or (= texte "") (> (strlen texte) 40)) nil)
+    ((wcmatch texte "~*[~-+0-9.,eE]*") (distof (plv-remplacer texte "," ".") 2))
+    ((setq texte (plv-nombre:sans-milliers texte)) (distof (plv-remplacer texte "," ".") 2))))
+
+(defun plv-nombre:sans-milliers (texte / groupes)
+  "The digits of groups of three together; nil for other texts with blanks. A blank may be one that doesn't break the line."
+  (setq groupes (plv-couper (plv-remplacer (plv-remplacer texte (chr 160) " ") "\U+202F" " ") " "))
+  (if (and (cdr groupes)
+           (wcmatch (car groupes) "#,##,###,[-+]#,[-+]##,[-+]###")
+           (vl-every '(lambda (g) (wcmatch g "###")) (cdr (reverse (cdr groupes))))
+           (wcmatch (plv-dernier groupes) "###,###[.`,]*")
+           (wcmatch (plv-dernier groupes) "~*[~0-9.`,]*"))
+    (apply 'strcat groupes)))
+
+(defun plv-nombre-station (texte / plus kilometres metres)
+  "A number, or a station as 0+007.80; nil for anything else."
+  (cond
+    ((plv-nombre texte))
+    ((setq plus (vl-string-search "+" (setq texte (vl-string-left-trim "PKpk \t" texte))))
+     (setq kilometres (vl-string-trim " \t" (substr texte 1 plus))
+           metres (vl-string-trim " \t" (substr texte (+ plus 2))))
+     (if (and (wcmatch kilometres "#*,-#*") (wcmatch kilometres "~?*[~0-9]*") (wcmatch metres "###,###[.`,]*")
+              (plv-nombre metres))
+       (* (if (wcmatch kilometres "-*") -1.0 1.0) (+ (* 1000.0 (abs (atof kilometres))) (plv-nombre metres)))))))
 
 (defun plv-joindre (textes separateur / resultat)
   (foreach texte textes

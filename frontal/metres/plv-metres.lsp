@@ -136,17 +136,19 @@ wanted and the control is right."
     (plv-mesures (plv-essai-classes (car essais))
       (mapcar '(lambda (e) (cons (plv-essai-profil e) (plv-essai-troncons e))) essais))))
 
-(defun plv-metres:ecrire (profils genre chemin / neuf)
+(defun plv-metres:ecrire (profils genre chemin / neuf mis)
   "Writes the workbook. The dialog says nothing of its success: it writes a name that is still free, which then takes the
 place of a workbook that is there."
   (setq neuf (strcat chemin ".nouveau.xlsx"))
   (vl-file-delete neuf)
   (plv-metres:avec-titres profils
     '(lambda () (dialoguer plv-metres:dialogue (plv-metres:reponses profils genre (list "Exporter" neuf)))))
-  (if (findfile neuf) (vl-file-delete chemin))
-  (if (vl-file-rename neuf chemin)
-    (plv-dire (strcat "Classeur: " chemin))
-    (plv-erreur (strcat "le classeur n'a pas pu être écrit: " chemin))))
+  (cond
+    ((not (findfile neuf)) (plv-erreur (strcat "le classeur n'a pas pu être écrit: " chemin)))
+    ((vl-catch-all-error-p (setq mis (vl-catch-all-apply 'fichier-remplacer (list neuf chemin))))
+     (vl-file-delete neuf)
+     (plv-erreur (vl-catch-all-error-message mis)))
+    (T (plv-dire (strcat "Classeur: " chemin)))))
 
 ;; --- what can be known before
 

@@ -22,15 +22,19 @@
 
 (setq plv-habillage:graduations '(0.1 0.2 0.5 1.0 2.0 5.0 10.0 20.0 50.0 100.0))
 
-(defun plv-habillage:pas (echv ttxt)
-  "The step of graduations in metres: room for three text heights."
-  (cond ((car (vl-member-if '(lambda (p) (>= (* p echv) (* 3.0 ttxt))) plv-habillage:graduations)))
-        ((plv-dernier plv-habillage:graduations))))
+(setq plv-habillage:plus-de-traits 500)
+
+(defun plv-habillage:pas (hauteur echv ttxt / pas)
+  "The step of graduations in metres: room for three text heights, and no more than a bounded number of them."
+  (setq pas (cond ((car (vl-member-if '(lambda (p) (>= (* p echv) (* 3.0 ttxt))) plv-habillage:graduations)))
+                  ((plv-dernier plv-habillage:graduations))))
+  (while (> (/ hauteur (* pas echv)) plv-habillage:plus-de-traits) (setq pas (* 10.0 pas)))
+  pas)
 
 (defun plv-habillage:axe (point hauteur ttxt echv plan etiquettes / x pas altitude y decimales)
   "A graduated axis at the start of a section."
   (setq x (+ (car point) (plv-plan-debut plan))
-        pas (plv-habillage:pas echv ttxt)
+        pas (plv-habillage:pas hauteur echv ttxt)
         decimales (if (< pas 1.0) 1 0)
         altitude (* pas (float (plv-partie-entiere (/ (+ (plv-plan-altitude plan) (* 0.5 pas)) pas)))))
   (plv-ligne "PLV-AXE" (plv-point x (cadr point)) (plv-point x (+ (cadr point) hauteur)))

@@ -26,13 +26,13 @@
 (defun plv-projet-fichier:sommet (champs / raccord)
   "A vertex, or nil for a line that can't be read."
   (setq raccord (plv-projet-fichier:raccord (cond ((caddr champs)) ("")) (if (/= (cadddr champs) "") (cadddr champs))))
-  (if (and (cdr champs) (plv-nombre (car champs)) (plv-nombre (cadr champs)) (not (eq raccord T)))
-    (list (plv-nombre (car champs)) (plv-nombre (cadr champs)) raccord)))
+  (if (and (cdr champs) (plv-nombre-station (car champs)) (plv-nombre (cadr champs)) (not (eq raccord T)))
+    (list (plv-nombre-station (car champs)) (plv-nombre (cadr champs)) raccord)))
 
-(defun plv-projet-fichier:lire (chemin / numero separateur champs sommet sommets fautive)
+(defun plv-projet-fichier:lire (chemin / lignes numero separateur champs sommet sommets fautive)
   "The vertices of a file; nil after a message that names the line at fault. A first line without numbers is a header."
-  (setq numero 0)
-  (foreach ligne (plv-lire-lignes chemin)
+  (setq numero 0 lignes (plv-lire-lignes chemin))
+  (foreach ligne lignes
     (setq numero (1+ numero))
     (if (and (not fautive) (not (plv-ligne-muette ligne)))
       (progn
@@ -45,7 +45,7 @@
            (setq fautive T)
            (plv-refus-ligne chemin numero ligne "station, altitude et raccordement attendus"))))))
   (cond
-    (fautive nil)
+    ((or fautive (not lignes)) nil)
     ((not sommets) (plv-erreur (strcat chemin ": aucun sommet")))
     (T (reverse sommets))))
 

@@ -16,13 +16,14 @@
     (mapcar '(lambda (v) (list 10 (- (float (car v)) origine) (float (plv-devers-gauche v)) (float (plv-devers-droit v))))
             (vl-sort liste '(lambda (a b) (< (car a) (car b)))))))
 
-(defun plv-devers-fichier (profil chemin / trouve numero valeurs liste fautive)
+(defun plv-devers-fichier (profil chemin / trouve numero champs valeurs liste fautive)
   "Reads station;left;right lines; gives the list, or nil after a message."
   (setq numero 0)
   (if (setq trouve (plv-fichier-existant chemin))
     (foreach ligne (plv-lire-lignes trouve)
       (setq numero (1+ numero)
-            valeurs (mapcar 'plv-nombre (plv-couper ligne (plv-separateur ligne))))
+            champs (plv-couper ligne (plv-separateur ligne))
+            valeurs (cons (plv-nombre-station (car champs)) (mapcar 'plv-nombre (cdr champs))))
       (cond
         ((or fautive (plv-ligne-muette ligne)))
         ((and (= (length valeurs) 3) (not (member nil valeurs))) (setq liste (cons valeurs liste)))

@@ -1,6 +1,6 @@
 ;; Ground files: delimited text with distance and altitude, or x, y, z with distances accumulated in plan.
 ;; A ground is ((origine . first station) (points (distance altitude name) ...)), distances from the first point; its gaps,
-;; when the file has any, are stretches under lacunes. A measured point is (distance-or-nil x y z name).
+;; when the file has any, are stretches under lacunes. A measured point is (distance-or-nil x y z name line), the line being that of the file, nil elsewhere.
 
 ;; Words of a header line, upper case, by what the column holds.
 (setq plv-terrain:entetes
@@ -25,6 +25,7 @@
   (cond
     ((< (length champs) 2) nil)
     ((or (= (length champs) 2) (not (caddr nombres))) '(distance z nom))
+    ((and (not (car nombres)) (plv-nombre-station (car champs))) '(distance z nom))
     ((and (cadddr nombres) (not (car nombres))) '(nom x y z))
     (T '(x y z nom))))
 
@@ -35,13 +36,15 @@
   valeur)
 
 (defun plv-terrain:valeur (role roles champs / texte)
-  (if (setq texte (plv-terrain:champ role roles champs)) (plv-nombre texte)))
+  (if (setq texte (plv-terrain:champ role roles champs))
+    (if (eq role 'distance) (plv-nombre-station texte) (plv-nombre texte))))
 
 (defun plv-releve (d z nom) (list d nil nil z nom))
 (defun plv-releve-distance (releve) (car releve))
 (defun plv-releve-en-plan (releve) (list (cadr releve) (caddr releve)))
 (defun plv-releve-z (releve) (cadddr releve))
 (defun plv-releve-nom (releve) (nth 4 releve))
+(defun plv-releve-ligne (releve) (nth 5 releve))
 
 (defun plv-terrain:releve (roles champs / d x y z nom)
   "One point of the file; nil when a number is missing."
@@ -55,10 +58,10 @@
     ((member 'distance roles) (if d (plv-releve d z nom)))
     ((and x y) (list nil x y z nom))))
 
-(defun plv-terrain:lire (chemin / numero separateur roles champs releve releves fautive)
+(defun plv-terrain:lire (chemin / lignes numero separateur roles champs releve releves fautive)
   "The points of the file in file order; nil after a message that names the line at fault."
-  (setq numero 0)
-  (foreach ligne (cond ((plv-lire-lignes chemin)) (T (setq fautive (plv-erreur (strcat "lecture impossible: " chemin))) nil))
+  (setq numero 0 lignes (plv-lire-lignes chemin))
+  (foreach ligne lignes
     (setq numero (1+ numero))
     (if (and (not fautive) (not (plv-ligne-muette ligne)))
       (progn
@@ -71,22 +74,22 @@
           (T
            (if (not roles) (setq roles (plv-terrain:roles-champs champs)))
            (if (and roles (setq releve (plv-terrain:releve roles champs)))
-             (setq releves (cons releve releves))
+             (setq releves (cons (append releve (list numero)) releves))
              (progn (plv-refus-ligne chemin numero ligne "distance et altitude attendues, ou x, y et z") (setq fautive T))))))))
   (cond
-    (fautive nil)
+    ((or fautive (not lignes)) nil)
     ((not (cdr releves)) (plv-erreur (strcat chemin ": deux points au moins sont attendus")))
     (T (reverse releves))))
 
 (defun plv-terrain:distances (releves / cumul precedent points)
-  "Points (distance altitude name) with distances as given, or accumulated in plan."
+  "Points (distance altitude name line) with distances as given, or accumulated in plan."
   (setq cumul 0.0)
   (foreach releve releves
     (cond
       ((plv-releve-distance releve) (setq cumul (plv-releve-distance releve)))
       (precedent (setq cumul (+ cumul (distance (plv-releve-en-plan precedent) (plv-releve-en-plan releve))))))
     (setq precedent releve
-          points (cons (list (float cumul) (float (plv-releve-z releve)) (plv-releve-nom releve)) points)))
+          points (cons (list (float cumul) (float (plv-releve-z releve)) (plv-releve-nom releve) (plv-releve-ligne releve)) points)))
   (reverse points))
 
 (defun plv-terrain:croissants (points)
@@ -108,14 +111,17 @@
     (plv-dire (strcat (itoa retires) (if (= retires 1) " point répété a été laissé." " points répétés ont été laissés."))))
   (reverse garde))
 
-(defun plv-terrain-depuis (chemin releves / points origine)
+(defun plv-terrain-depuis (chemin releves / points origine faute)
   "A ground from measured points; chemin names it in messages."
   (setq points (plv-terrain:sans-repetition (plv-terrain:croissants (plv-terrain:distances releves)))
         origine (caar points))
-  (if (or (not (cdr points)) (< (- (car (plv-dernier points)) origine) 1e-6))
-    (plv-erreur (strcat chemin ": tous les points ont la même distance"))
-    (list (cons 'origine origine)
-          (cons 'points (mapcar '(lambda (p) (cons (- (car p) origine) (cdr p))) points)))))
+  (cond
+    ((or (not (cdr points)) (< (- (car (plv-dernier points)) origine) 1e-6))
+     (plv-erreur (strcat chemin ": tous les points ont la même distance")))
+    ((setq faute (plv-terrain-invraisemblable points)) (plv-erreur (strcat chemin ", " faute)))
+    (T
+     (list (cons 'origine origine)
+           (cons 'points (mapcar '(lambda (p) (list (- (car p) origine) (cadr p) (caddr p))) points))))))
 
 (defun plv-lire-terrain-texte (chemin / releves)
   "The ground of a text file; nil after a message."

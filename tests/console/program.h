@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <sstream>
 #include <string>
 
@@ -28,11 +29,11 @@ class Program {
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
 
-  // Arguments as typed in a shell, run in the folder; stderr comes with stdout.
-  Program& run(const std::string& arguments) {
+  // Arguments as typed in a shell, run in the folder; stderr comes with stdout unless it is sent elsewhere.
+  Program& run(const std::string& arguments, const std::string& redirections = "2>&1 < /dev/null") {
     const std::string command = "cd '" + folder_.string() + "' && " + prefix +
                                 " env KAVEL_FRONTAL='" KAVEL_SOURCE "/frontal' '" + std::string(KAVEL_BIN) +
-                                "/kavel' " + arguments + " 2>&1 < /dev/null";
+                                "/kavel' " + arguments + " " + redirections;
     output.clear();
     FILE* pipe = popen(command.c_str(), "r");
     char buffer[4096];
@@ -50,6 +51,14 @@ class Program {
     return text.str();
   }
   bool has(const std::string& name) const { return std::filesystem::exists(folder_ / name); }
+  // The names in the folder, sorted, each followed by a blank.
+  std::string names() const {
+    std::set<std::string> sorted;
+    for (const auto& entry : std::filesystem::directory_iterator(folder_)) sorted.insert(entry.path().filename());
+    std::string text;
+    for (const std::string& name : sorted) text += name + " ";
+    return text;
+  }
   const std::filesystem::path& folder() const { return folder_; }
 
   std::string prefix;  // put before the program's name, such as a limit

@@ -3,6 +3,7 @@
 
 Usage: lot.py KAVEL SOURCE. Needs GNU parallel. Workbooks are opened with openpyxl.
 """
+import fcntl
 import os
 import shutil
 import subprocess
@@ -72,6 +73,31 @@ def main():
         expect("status when mended", (second.returncode, second.stderr), (0, ""))
         again = [os.path.getmtime(os.path.join(results, name, "etat")) != time for name, time in zip(names, times)]
         expect("only the failed one ran again", again, [False, False, False, True])
+        # A script that fails after its first command saves nothing; its journal is in order, and the reason is what failed.
+        with open(script, "w", encoding="utf-8") as out:
+            out.write('(princ "first\\n")\nPLV-NOUVEAU\nabsent.csv\nCIRCLE 0,0 3\n')
+        expect("status of a failing script", lot().returncode, 1)
+        journal = read(results, "d1", "journal.log")
+        expect("nothing after the failure", ("CIRCLE" in journal, os.path.exists(os.path.join(results, "d1", "d1.dxf"))), (False, True))
+        expect("order of the journal", -1 < journal.find("first") < journal.find("Erreur") < journal.find("s.scr, ligne 2: échec"), True)
+        expect("the reason", read(results, "resume.tsv").splitlines()[1].split("\t")[2].startswith("Erreur: "), True)
+        lot("--keep-going")
+        expect("going on", "CIRCLE" in read(results, "d1", "journal.log"), True)
+        # Another content of a drawing is another lot.
+        with open(script, "w", encoding="utf-8") as out:
+            out.write("REGEN\n")
+        expect("status", lot().returncode, 0)
+        times = [os.path.getmtime(os.path.join(results, name, "etat")) for name in names]
+        with open(drawings[1], "a", encoding="utf-8") as out:
+            out.write("999\nlater\n")
+        lot()
+        again = [os.path.getmtime(os.path.join(results, name, "etat")) != time for name, time in zip(names, times)]
+        expect("only the changed one ran again", again, [False, True, False, False])
+        with open(os.path.join(results, "verrou"), "w", encoding="utf-8") as other:
+            fcntl.flock(other, fcntl.LOCK_EX)
+            busy = lot()
+        expect("two lots in one folder", (busy.returncode, "un autre lot" in busy.stderr), (2, True))
+        expect("--jobs without a number", ("demande un nombre" in lot("--jobs", "x").stderr, lot("-d").returncode), (True, 2))
         # A program that doesn't end, with a limit: the others are done all the same.
         with open(script, "w", encoding="utf-8") as out:
             out.write('(if (= (getvar "DWGNAME") "d4.dxf") (while T))\n')

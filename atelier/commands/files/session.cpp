@@ -1,8 +1,6 @@
 // QUIT SCRIPT SETVAR DELAY: the session.
 // The lines of a script are run when the command has ended, as if they were typed then.
 #include <chrono>
-#include <fstream>
-#include <sstream>
 #include <thread>
 
 #include "atelier/base/interruption.h"
@@ -10,6 +8,7 @@
 #include "atelier/commands/command_table.h"
 #include "atelier/commands/commands.h"
 #include "atelier/document/document.h"
+#include "atelier/document/script_file.h"
 #include "atelier/variables/variable_table.h"
 
 namespace atelier {
@@ -28,12 +27,8 @@ CommandTask script(Command& c) {
   const std::string name(trimmed(given.value));
   auto found = c.document.interpreter().search().find(name);
   if (!found) found = c.document.interpreter().search().find(name + ".scr");
-  std::ifstream file(found.value_or(std::string()), std::ios::binary);
-  if (!found || !file) c.fail("Script introuvable: " + name);
-  std::ostringstream text;
-  text << file.rdbuf();
-  const std::string bytes = text.str();
-  c.document.scripts.push_back(isValidUtf8(bytes) ? bytes : CodePage::named("ANSI_1252").decode(bytes));
+  if (!found) c.fail("Script introuvable: " + name);
+  c.document.scripts.push_back({readScript(*found), name});
 }
 
 CommandTask setvar(Command& c) {

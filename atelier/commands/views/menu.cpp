@@ -28,7 +28,7 @@ CommandTask menu(Command& c) {
   if (!item) c.fail("Aucun menu n'a l'entrée \"" + label + "\".");
   std::string script;
   for (const std::string& line : linesOfMacro(item->macro)) script += line + "\n";
-  c.document.scripts.push_back(std::move(script));
+  c.document.scripts.push_back({std::move(script)});
 }
 
 constexpr CommandRow kRows[] = {

@@ -1,10 +1,15 @@
 // A file that is written beside its target and replaces it when it is complete.
-// The old file becomes .bak if asked for; until then, and after any failure, it is unchanged.
+// The old file becomes .bak if asked for (rue.bak of a drawing rue.dxf, rue.xml.bak of another file); until then, and after
+// any failure, it is unchanged. What a killed program left of an earlier save is removed.
 #pragma once
 #include <string>
 #include <string_view>
 
 namespace atelier::dxf {
+
+// Whether the file is there and may not be written, by its mode or by this user.
+bool isWriteProtected(const std::string& path);
+constexpr const char* kWriteProtected = "le fichier est protégé en écriture; il reste tel qu'il était";
 
 class ReplacedFile {
  public:

@@ -2,9 +2,11 @@
 #include "atelier/lisp/evaluator/file_object.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <iterator>
 
+#include "atelier/base/error.h"
 #include "atelier/lisp/evaluator/arguments.h"
 #include "atelier/lisp/text/encoding.h"
 
@@ -32,6 +34,7 @@ std::optional<std::string> readWholeFile(const std::string& path) {
 std::shared_ptr<FileObject> FileObject::open(const std::string& path, char mode, bool utf8) {
   auto file = std::make_shared<FileObject>();
   file->mode_ = mode;
+  file->path_ = path;
   file->utf8_ = utf8;
   const auto before = mode == 'w' ? std::nullopt : readWholeFile(path);
   if (mode == 'r') {
@@ -65,15 +68,24 @@ std::optional<std::uint32_t> FileObject::readCharacter() {
   return nextCodePoint(text_, at_);
 }
 
-void FileObject::write(std::string_view utf8) {
+std::string FileObject::write(std::string_view utf8) {
+  errno = 0;
   if (utf8_) out_ << utf8;
   else out_ << toWindows1252(utf8);
+  return out_ ? std::string() : systemReason(errno ? errno : EIO);
 }
 
-void FileObject::close() {
+std::string FileObject::close() {
   open_ = false;
   text_.clear();
-  if (out_.is_open()) out_.close();
+  if (!out_.is_open()) return {};
+  errno = 0;
+  out_.close();
+  return out_ ? std::string() : systemReason(errno ? errno : EIO);
+}
+
+void failWriting(Interpreter& in, const std::string& path, const std::string& reason) {
+  if (!reason.empty()) in.fail(path + ": écriture interrompue: " + reason);
 }
 
 FileObject& fileArgument(Interpreter& in, Value value, bool reading) {

@@ -17,20 +17,26 @@ class FileObject {
 
   std::optional<std::string> readLine();         // without its end (LF or CR LF); Ctrl-Z ends the file
   std::optional<std::uint32_t> readCharacter();  // CR LF counts as one line feed
-  void write(std::string_view utf8);
+  // Gives the system's reason when not all could be written, else an empty text. Short texts are written when the file is
+  // closed.
+  [[nodiscard]] std::string write(std::string_view utf8);
   bool reads() const { return mode_ == 'r'; }
   bool isOpen() const { return open_; }
-  void close();
+  [[nodiscard]] std::string close();
+  const std::string& path() const { return path_; }
 
  private:
   char mode_ = 'r';
   bool open_ = true;
   bool utf8_ = false;
+  std::string path_;
   std::string text_;  // of a file that is read: the whole file, decoded
   std::size_t at_ = 0;
   std::ofstream out_;
 };
 
+// An AutoLISP error that names the file, unless the reason is empty.
+void failWriting(Interpreter& in, const std::string& path, const std::string& reason);
 // The bytes of a file, nothing when it cannot be read.
 std::optional<std::string> readWholeFile(const std::string& path);
 // The path with the system's separators: programs use either slash.

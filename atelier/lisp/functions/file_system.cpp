@@ -35,14 +35,20 @@ Value fileRename(Interpreter& in, Arguments arguments) {
   return in.boolean(!error);
 }
 
-// The number of bytes copied, nil when nothing was copied.
+// The number of bytes copied, nil when not all could be; a copy that had to be broken off is removed.
 Value fileCopy(Interpreter& in, Arguments arguments) {
   const std::string from = pathArgument(in, arguments[0]), to = pathArgument(in, arguments[1]);
   const auto bytes = readWholeFile(from);
   std::error_code error;
   if (!bytes || (fs::exists(to, error) && !optional(arguments, 2))) return nil;
+  const bool fresh = !fs::exists(to, error);
   std::ofstream out(to, std::ios::binary | (optional(arguments, 2) ? std::ios::app : std::ios::trunc));
-  if (!out.write(bytes->data(), static_cast<std::streamsize>(bytes->size()))) return nil;
+  out.write(bytes->data(), static_cast<std::streamsize>(bytes->size()));
+  out.close();
+  if (!out) {
+    if (fresh) fs::remove(to, error);
+    return nil;
+  }
   return Value::integerOrReal(static_cast<std::int64_t>(bytes->size()));
 }
 

@@ -29,7 +29,8 @@ Value openFile(Interpreter& in, Arguments arguments) {
 
 Value closeFile(Interpreter& in, Arguments arguments) {
   if (!arguments[0].isFile()) in.failType("FILE", arguments[0]);
-  static_cast<FileObject*>(arguments[0].selection().get())->close();
+  FileObject& file = *static_cast<FileObject*>(arguments[0].selection().get());
+  failWriting(in, file.path(), file.close());
   return nil;
 }
 

@@ -9,8 +9,9 @@ namespace atelier::lisp {
 namespace {
 
 void emit(Interpreter& in, Value file, std::string_view text) {
-  if (file) fileArgument(in, file, false).write(text);
-  else in.console().write(text);
+  if (!file) return in.console().write(text);
+  FileObject& out = fileArgument(in, file, false);
+  failWriting(in, out.path(), out.write(text));
 }
 
 Value princFunction(Interpreter& in, Arguments arguments) {

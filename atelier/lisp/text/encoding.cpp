@@ -67,7 +67,32 @@ std::string fromWindows1252(std::string_view bytes) {
   return utf8;
 }
 
+namespace {
+
+// `low` is the place of the lower byte in each pair.
+std::string fromUtf16(std::string_view bytes, std::size_t low) {
+  const auto unit = [&](std::size_t i) {
+    const auto byte = [&](std::size_t k) { return static_cast<std::uint32_t>(static_cast<unsigned char>(bytes[k])); };
+    return byte(i + 1 - low) << 8 | byte(i + low);
+  };
+  std::string text;
+  for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
+    std::uint32_t code = unit(i);
+    const std::uint32_t second = i + 3 < bytes.size() ? unit(i + 2) : 0;
+    if (code >= 0xd800 && code < 0xdc00 && second >= 0xdc00 && second < 0xe000) {
+      code = 0x10000 + ((code - 0xd800) << 10) + (second - 0xdc00);
+      i += 2;
+    }
+    appendUtf8(text, code);
+  }
+  return text;
+}
+
+}  // namespace
+
 std::string decodeFile(std::string_view bytes) {
+  if (bytes.starts_with("\xff\xfe")) return fromUtf16(bytes.substr(2), 0);
+  if (bytes.starts_with("\xfe\xff")) return fromUtf16(bytes.substr(2), 1);
   if (bytes.starts_with("\xef\xbb\xbf")) bytes.remove_prefix(3);
   return isValidUtf8(bytes) ? std::string(bytes) : fromWindows1252(bytes);
 }

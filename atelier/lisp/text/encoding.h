@@ -8,8 +8,8 @@
 namespace atelier::lisp {
 
 bool isValidUtf8(std::string_view bytes);
-// The bytes of a text file as UTF-8: without a byte order mark, from Windows-1252 when they are not valid
-// UTF-8.
+// The bytes of a text file as UTF-8: from UTF-16 after its byte order mark, from Windows-1252 when they are not valid UTF-8;
+// the mark is left out.
 std::string decodeFile(std::string_view bytes);
 std::string fromWindows1252(std::string_view bytes);
 // Characters that the code page lacks become \U+XXXX.
