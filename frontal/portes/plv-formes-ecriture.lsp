@@ -54,6 +54,12 @@
   (setq genre (plv-formes:type-pour nil forme))
   (entmakex (append (list (cons 0 genre) '(100 . "AcDbEntity")) (plv-formes:corps genre forme 0.0))))
 
+(defun plv-cordes-de (entite / forme)
+  "A polyline that stands for a curve with arcs, drawn now, for functions of the module that read arcs along their chords; nil for a
+curve that needs none."
+  (setq forme (plv-forme-de entite))
+  (if (and (listp forme) (plv-forme-courbe-p forme)) (plv-forme-tracer (plv-forme-en-cordes forme))))
+
 (defun plv-forme-creer (modele forme / groupes genre)
   "A new curve of a form, with the looks and the keys of another one."
   (setq groupes (entget modele '("*")) genre (plv-formes:type-pour (plv-cle 0 groupes) forme))
