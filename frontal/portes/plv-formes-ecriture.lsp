@@ -7,8 +7,9 @@
   (vl-remove-if-not '(lambda (g) (member (car g) plv-formes:proprietes)) groupes))
 
 (defun plv-formes:largeur (groupes)
-  "The width of a polyline, when it has one."
-  (cond ((plv-cle 43 groupes)) ((plv-cle 40 groupes)) (0.0)))
+  "The width of a polyline, when it has one. The same groups of arcs and splines are radii, knots and tolerances."
+  (cond ((plv-cle (plv-cle (plv-cle 0 groupes) '(("LWPOLYLINE" . 43) ("POLYLINE" . 40))) groupes))
+        (0.0)))
 
 (defun plv-formes:en-polyligne (sommets largeur)
   "The groups of a light polyline behind its head."

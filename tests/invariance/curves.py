@@ -47,9 +47,9 @@ class Curve:
         bend = ((zc - zb) / (c - b) - (zb - za) / (b - a)) / (c - a)
         return 1 / abs(2 * bend) if abs(bend) > F(1, 10**8) else None
 
-    def rows(self, changes):
-        """(from, to, what a row of slopes says of it). Without a radius of its own each piece between changes of plane is a curve."""
-        inside = [] if self.radius else [d for d in changes if self.start < d < self.end]
+    def rows(self, cuts):
+        """(from, to, what a row of slopes says of it). Without a radius of its own each piece between cuts is a curve."""
+        inside = [] if self.radius else [d for d in cuts if self.start < d < self.end]
         places = [self.start, *inside, self.end]
         return [(a, b, self.says(self.radius or self.measured_radius(a, b), b - a)) for a, b in zip(places, places[1:])]
 
@@ -99,8 +99,8 @@ def polynomial(start, end, ordinates):
     return Curve(start, end, function)
 
 
-def drawn_arc(a, b, sagitta, scale):
-    """An arc of circle of the drawing, where heights are multiplied: from a to b, bulging upwards by the sagitta there."""
+def drawn_circle(a, b, sagitta, scale):
+    """(x, y, radius, side) of the circle of drawn_arc in the drawing, from the profile's own corner; side 1 for an arc that bulges upwards."""
     (x1, z1), (x2, z2) = (a[0], a[1] * scale), (b[0], b[1] * scale)
     dx, dy = x2 - x1, z2 - z1
     chord = dx * dx + dy * dy
@@ -109,5 +109,10 @@ def drawn_arc(a, b, sagitta, scale):
     radius = (chord / 4 + height**2) / (2 * height)
     # From the middle of the chord to the centre, square to the chord, downwards for an arc that bulges upwards.
     reach = (radius - height) / root(chord)
-    x, y = (x1 + x2) / 2 + side * dy * reach, (z1 + z2) / 2 - side * dx * reach
+    return (x1 + x2) / 2 + side * dy * reach, (z1 + z2) / 2 - side * dx * reach, radius, side
+
+
+def drawn_arc(a, b, sagitta, scale):
+    """An arc of circle of the drawing, where heights are multiplied: from a to b, bulging upwards by the sagitta there."""
+    x, y, radius, side = drawn_circle(a, b, sagitta, scale)
     return Curve(a[0], b[0], lambda d: (y + side * root(radius**2 - (d - x) ** 2)) / scale)

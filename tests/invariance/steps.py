@@ -10,6 +10,7 @@ import compare_tables
 import existing
 import exports
 import lines
+import plan_rows
 import sources
 from drawing import Drawing
 from model import KINDS
@@ -65,6 +66,8 @@ def plane(world):
         if any(abs(start - s) < 1 for s, _ in profile.planes) or profile.length - start < 1:
             return None
         profile.planes = sorted(profile.planes + [(start, altitude)])
+        for line in (l for kind in profile.lines.values() for l in kind):
+            line.cuts.add(start)
         answers = ["Ajouter", text(profile.first + start), text(altitude)]
     else:
         i = rng.randrange(1 if operation == "S" else 0, len(profile.planes))
@@ -184,7 +187,7 @@ PICKS = """(progn (setq profil (plv-profil-de-numero "%s") genre "%s") (defun pi
 
 # the commands with their weights
 COMMANDS = ((lines.project_line, 3), (existing.existing_curve, 2), (tables, 4), (plane, 3), (quantities, 4), (legend, 2), (dimensions, 3),
-            (exports.export, 1), (classes.edit, 1), (manhole, 2), (transfer, 1))
+            (exports.export, 1), (classes.edit, 1), (manhole, 2), (transfer, 1), (plan_rows.axis, 1), (plan_rows.falls, 1))
 
 
 # --- a copy: the original must stay as it was
