@@ -26,6 +26,7 @@ class Straight:
 
 class Curve:
     """A graph between two distances; its radius when it was drawn with one."""
+    stays_cut = False  # whether its pieces stay apart when the plane goes between which it was cut
 
     def __init__(self, start, end, function, radius=None):
         self.start, self.end, self.function, self.radius = start, end, function, radius
@@ -115,4 +116,6 @@ def drawn_circle(a, b, sagitta, scale):
 def drawn_arc(a, b, sagitta, scale):
     """An arc of circle of the drawing, where heights are multiplied: from a to b, bulging upwards by the sagitta there."""
     x, y, radius, side = drawn_circle(a, b, sagitta, scale)
-    return Curve(a[0], b[0], lambda d: (y + side * root(radius**2 - (d - x) ** 2)) / scale)
+    arc = Curve(a[0], b[0], lambda d: (y + side * root(radius**2 - (d - x) ** 2)) / scale)
+    arc.stays_cut = True
+    return arc

@@ -17,7 +17,7 @@ class Line:
         self.parts = parts
         self.points = [p for i, part in enumerate(parts) for p in part.points[1 if i else 0:]]
         self.curves = [p for p in parts if isinstance(p, Curve)]
-        self.cuts = set()  # where planes have changed since it was drawn: a curve without a radius stays cut there
+        self.cuts = set()  # where planes have changed since it was drawn: there arcs stay cut
         self.chord = max((c.chord(scale) for c in self.curves), default=F(0))  # what commands may miss of an altitude
 
     @property
@@ -35,12 +35,12 @@ class Line:
     def straight(self):
         return [p.points for p in self.parts if not isinstance(p, Curve)]
 
-    def slopes(self):
+    def slopes(self, changes):
         """(from, to, slope): neighbours of one slope are one piece. A curve has its row's values for a slope."""
         pieces = []
         for part in self.parts:
             if isinstance(part, Curve):
-                pieces += part.rows(sorted(self.cuts))
+                pieces += part.rows(sorted(self.cuts) if part.stays_cut else changes)
             else:
                 points = exact.simplified(part.points)
                 pieces += [(a[0], b[0], (b[1] - a[1]) / (b[0] - a[0])) for a, b in zip(points, points[1:])]
@@ -105,4 +105,4 @@ class Profile:
         return None
 
     def slopes_of(self, kind):
-        return [piece for line in self.lines[kind] for piece in line.slopes()]
+        return [piece for line in self.lines[kind] for piece in line.slopes([start for start, _ in self.planes[1:]])]

@@ -66,10 +66,10 @@ def planes(rng, points):
     return [(s, F(int(low) - rng.randint(2, 12))) for s in sorted(starts)]
 
 
-def profile(rng, number, place):
-    points = ground(rng)
+def profile(rng, number, place, points, unit=F(1)):
+    """A profile on a ground whose file is in units of so many metres."""
     return Profile(number, place, F(rng.choice(("10", "10", "5", "1", "20"))), F(rng.choice(("2.5", "2.5", "1", "1.8"))),
-                   rng.choice((F(0), F(0), decimal(rng, 1, 3000, 2))), points, planes(rng, points)), points
+                   rng.choice((F(0), F(0), decimal(rng, 1, 3000, 2))) * unit, points, planes(rng, points))
 
 
 def typed_planes(planes_):
