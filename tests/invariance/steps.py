@@ -204,7 +204,7 @@ PICKS = """(progn (setq profil (plv-profil-de-numero "%s") genre "%s") (defun pi
 
 # the commands with their weights
 COMMANDS = ((lines.project_line, 3), (existing.existing_curve, 2), (tables, 4), (plane, 3), (quantities, 4), (legend, 2), (dimensions, 3),
-            (exports.export, 1), (classes.edit, 1), (manhole, 2), (transfer, 1), (plan_rows.axis, 1), (plan_rows.falls, 1), (optimal.optimal, 1), (survey.survey, 1))
+            (exports.export, 1), (exports.altitudes, 1), (classes.edit, 1), (manhole, 2), (transfer, 1), (plan_rows.axis, 1), (plan_rows.falls, 1), (optimal.optimal, 1), (survey.survey, 1))
 
 
 # --- a copy: the original must stay as it was
