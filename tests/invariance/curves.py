@@ -26,7 +26,6 @@ class Straight:
 
 class Curve:
     """A graph between two distances; its radius when it was drawn with one."""
-    stays_cut = False  # whether its pieces stay apart when the plane goes between which it was cut
 
     def __init__(self, start, end, function, radius=None):
         self.start, self.end, self.function, self.radius = start, end, function, radius
@@ -48,9 +47,9 @@ class Curve:
         bend = ((zc - zb) / (c - b) - (zb - za) / (b - a)) / (c - a)
         return 1 / abs(2 * bend) if abs(bend) > F(1, 10**8) else None
 
-    def rows(self, cuts):
-        """(from, to, what a row of slopes says of it). Without a radius of its own each piece between cuts is a curve."""
-        inside = [] if self.radius else [d for d in cuts if self.start < d < self.end]
+    def rows(self, changes):
+        """(from, to, what a row of slopes says of it). Without a radius of its own each piece between changes of plane is a curve."""
+        inside = [] if self.radius else [d for d in changes if self.start < d < self.end]
         places = [self.start, *inside, self.end]
         return [(a, b, self.says(self.radius or self.measured_radius(a, b), b - a)) for a, b in zip(places, places[1:])]
 
@@ -116,6 +115,4 @@ def drawn_circle(a, b, sagitta, scale):
 def drawn_arc(a, b, sagitta, scale):
     """An arc of circle of the drawing, where heights are multiplied: from a to b, bulging upwards by the sagitta there."""
     x, y, radius, side = drawn_circle(a, b, sagitta, scale)
-    arc = Curve(a[0], b[0], lambda d: (y + side * root(radius**2 - (d - x) ** 2)) / scale)
-    arc.stays_cut = True
-    return arc
+    return Curve(a[0], b[0], lambda d: (y + side * root(radius**2 - (d - x) ** 2)) / scale)

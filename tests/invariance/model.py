@@ -17,7 +17,6 @@ class Line:
         self.parts = parts
         self.points = [p for i, part in enumerate(parts) for p in part.points[1 if i else 0:]]
         self.curves = [p for p in parts if isinstance(p, Curve)]
-        self.cuts = set()  # where planes have changed since it was drawn: there arcs stay cut
         self.chord = max((c.chord(scale) for c in self.curves), default=F(0))  # what commands may miss of an altitude
 
     @property
@@ -40,7 +39,7 @@ class Line:
         pieces = []
         for part in self.parts:
             if isinstance(part, Curve):
-                pieces += part.rows(sorted(self.cuts) if part.stays_cut else changes)
+                pieces += part.rows(changes)
             else:
                 points = exact.simplified(part.points)
                 pieces += [(a[0], b[0], (b[1] - a[1]) / (b[0] - a[0])) for a, b in zip(points, points[1:])]

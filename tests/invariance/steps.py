@@ -83,8 +83,6 @@ def plane(world):
         if any(abs(start - s) < 1 for s, _ in profile.planes) or profile.length - start < 1:
             return None
         profile.planes = sorted(profile.planes + [(start, altitude)])
-        for line in (l for kind in profile.lines.values() for l in kind):
-            line.cuts.add(start)
         answers = ["Ajouter", text(profile.first + start), text(altitude)]
     else:
         i = rng.randrange(1 if operation == "S" else 0, len(profile.planes))
