@@ -23,7 +23,7 @@
     (tableaux (base profil plan)
      plv-types plv-definitions plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet
      plv-remplissage-plan plv-devers plv-remplissage-blocs plv-matrices plv-ligne-seule)
-    (cotes (base profil)
+    (cotes (base profil portes)
      plv-cotes)
     (gestes (base profil portes cotes)
      plv-report plv-modifier plv-tracer plv-listes)

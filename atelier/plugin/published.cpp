@@ -81,9 +81,12 @@ void PublishedFunctions::drawingClosing() {
 
 bool PublishedFunctions::define(std::string_view name, int index) {
   if (!loading_ || index < 0) return false;
-  publications_.push_back({loading_, index});
+  // What an application publishes anew with each drawing keeps its place, so that it is the same function.
+  const Publication one{loading_, index, std::string(name)};
+  auto known = std::find(publications_.begin(), publications_.end(), one);
+  if (known == publications_.end()) known = publications_.insert(known, one);
   document_.interpreter().addExternal(name, &PublishedFunctions::invoke, this,
-                                      static_cast<int>(publications_.size() - 1), "(" + std::string(name) + " ...)",
+                                      static_cast<int>(known - publications_.begin()), "(" + one.name + " ...)",
                                       "fonction publiée par une application");
   return true;
 }
@@ -104,7 +107,8 @@ lisp::Value PublishedFunctions::invoke(void* context, int index, lisp::Interpret
 
 lisp::Value PublishedFunctions::run(std::size_t place, lisp::Arguments arguments) {
   if (place >= publications_.size()) return lisp::nil;
-  const auto [owner, code] = publications_[place];
+  const EntryPoint owner = publications_[place].owner;
+  const int code = publications_[place].code;
   document_.makeCurrent();
   const Watch watch;
   resbuf* chain = chainOfArguments(arguments);

@@ -61,6 +61,8 @@ class PublishedFunctions final : public Attachment {
   struct Publication {
     EntryPoint owner;
     int code;  // the owner's own number for the function; other owners use the same numbers
+    std::string name;
+    bool operator==(const Publication&) const = default;
   };
   std::vector<Publication> publications_;  // AutoLISP knows a function by its place here
   EntryPoint loading_ = nullptr;

@@ -60,20 +60,37 @@
   (if (/= texte (plv-cle 1 groupes))
     (entmod (subst (cons 1 (if (plv-cote-altitude-p cote) texte (strcat "+" texte))) (assoc 1 groupes) groupes))))
 
-(defun plv-cotes:ecrire (profil genre rotation lesquelles courbe / boite point cotes)
+(defun plv-cotes:appeler (profil genre rotation lesquelles courbe point)
+  "What the module writes for a curve."
+  (plv-ajouts-de
+    '(lambda ()
+       (plv-avec-calque "PLV-COTES"
+         '(lambda ()
+            (dialoguer
+              '(lambda ()
+                 (pl_cotauto profil genre 0.0 (float rotation)
+                   (if (= lesquelles "Hauteurs") 0 1) (if (= lesquelles "Altitudes") 0 1)))
+              (list (list courbe point))))))))
+
+(defun plv-cotes:par-cordes (profil genre rotation lesquelles courbe cordes point / groupes cotes)
+  "The same for a curve with arcs, of which the module would take the chords from end to end. It makes a project element of what it
+dimensions: that is the curve, not the chords."
+  (plv-attacher profil genre (list courbe))
+  (setq groupes (plv-enregistrement-elements (plv-support profil genre))
+        cotes (plv-cotes:appeler profil genre rotation lesquelles cordes point))
+  (plv-rendre-elements profil genre groupes)
+  (entdel cordes)
+  cotes)
+
+(defun plv-cotes:ecrire (profil genre rotation lesquelles courbe / boite point cordes cotes)
   "The dimensions of a curve, written by the module. Its middle tells the module the plane that it is drawn over."
   (setq boite (plv-boite courbe)
         point (plv-point (* 0.5 (+ (car boite) (caddr boite))) (cadr boite))
+        cordes (plv-cordes-de courbe)
         cotes
-         (plv-ajouts-de
-           '(lambda ()
-              (plv-avec-calque "PLV-COTES"
-                '(lambda ()
-                   (dialoguer
-                     '(lambda ()
-                        (pl_cotauto profil genre 0.0 (float rotation)
-                          (if (= lesquelles "Hauteurs") 0 1) (if (= lesquelles "Altitudes") 0 1)))
-                     (list (list courbe point))))))))
+         (if cordes
+           (plv-cotes:par-cordes profil genre rotation lesquelles courbe cordes point)
+           (plv-cotes:appeler profil genre rotation lesquelles courbe point)))
   (plv-noter-cotes cotes profil courbe)
   (mapcar 'plv-cotes:sans-moins-zero cotes)
   cotes)

@@ -5,13 +5,16 @@
 
 ;; --- altitudes of curves: rows (distance altitude ground)
 
-(defun plv-listes:lire-courbe (profil entite / etendue)
+(defun plv-listes:lire-courbe (profil entite / etendue cordes)
   "What the module lists of one curve: a pick tells it the section where there are several."
-  (setq etendue (plv-etendue-courbe profil entite))
+  (setq etendue (plv-etendue-courbe profil entite)
+        cordes (plv-cordes-de entite)
+        entite (cond (cordes) (entite)))
   (dialoguer '(lambda () (plv-listes:appeler profil))
     (if (cdr (plv-plans profil))
       (list (list entite (plv-point (+ (car (plv-origine profil)) (plv-milieu etendue)) 0.0)))
       (list entite "")))
+  (if cordes (entdel cordes))
   plv-listes:lues)
 
 (defun plv-listes:appeler (profil) (setq plv-listes:lues (pl_listerAltitudes profil)))

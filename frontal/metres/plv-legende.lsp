@@ -1,6 +1,8 @@
 ;; PLV-LEGENDE: the depth classes of a profile as a block beside it: colour, limits, length, surface, volume.
-;; Each kind of line has its own. The block is made anew each time, and its reference in the drawing goes with it.
+;; Each kind of line has its own. The block is made anew each time, and its reference in the drawing goes with it. The reference names
+;; the profile and the kind; in drawings of earlier versions only the block's name told them.
 
+(setq plv-legende:cle-profil "LEGENDEPROFIL" plv-legende:cle-genre "LEGENDEGENRE")
 (setq plv-legende:calque "PLV-LEGENDE" plv-legende:opaque 33554687)
 
 ;; titles of the columns and their widths in text heights; the first column is the colour's
@@ -16,7 +18,18 @@
 
 (defun plv-legende:titre (profil genre) (strcat "PROFIL " (plv-numero-profil profil) " - " (strcase genre)))
 
-(defun plv-legende:ancienne (profil genre / racine e trouve)
+(defun plv-legende:notee-p (reference) (assoc plv-legende:cle-profil (plv-paires reference)))
+
+(defun plv-legende:notees (profil genre)
+  "The references that name a profile and a kind."
+  (vl-remove-if-not
+    '(lambda (e)
+       (and (eq (plv-nommee e plv-legende:cle-profil) profil) (equal (cdr (plv-cle plv-legende:cle-genre (plv-paires e))) genre)))
+    (plv-references)))
+
+;; --- legends of earlier versions, known by the name of their block; one for all kinds at first, its kind in its title
+
+(defun plv-legende:unique (profil genre / racine e trouve)
   "The name that a kind's legend had when a profile had one legend only; nil when there is none of this kind."
   (setq racine (plv-legende:racine profil)
         e (plv-cle -2 (tblsearch "BLOCK" racine)))
@@ -25,11 +38,19 @@
     (setq e (entnext e)))
   trouve)
 
-(defun plv-legende:noms (profil genre)
-  (vl-remove nil (list (plv-legende:ancienne profil genre) (plv-legende:nom profil genre))))
+(defun plv-legende:a-lui-p (profil reference / place)
+  "Whether a profile is the nearest of those that have its identifier, as its copies do."
+  (setq place (plv-origine reference))
+  (not (vl-some
+         '(lambda (p)
+            (and (= (plv-id-profil p) (plv-id-profil profil)) (< (distance (plv-origine p) place) (distance (plv-origine profil) place))))
+         (plv-profils))))
 
-(defun plv-legende:du-genre (profil genre)
-  (apply 'append (mapcar 'plv-legende:references (plv-legende:noms profil genre))))
+(defun plv-legende:par-leur-nom (profil genre)
+  (vl-remove-if-not '(lambda (e) (and (not (plv-legende:notee-p e)) (plv-legende:a-lui-p profil e)))
+    (apply 'append (mapcar 'plv-legende:references (vl-remove nil (list (plv-legende:unique profil genre) (plv-legende:nom profil genre)))))))
+
+(defun plv-legende:du-genre (profil genre) (append (plv-legende:par-leur-nom profil genre) (plv-legende:notees profil genre)))
 
 (defun plv-legendes-du-profil (profil)
   "The references of a profile's legends, kind after kind."
@@ -135,13 +156,21 @@ nil after a message."
        (plv-legende:rangees (plv-mesure-troncons (car (plv-mesures-profils mesures))) (plv-mesures-classes mesures))
        (cond (point) ((plv-legende:place profil genre)))))))
 
-(defun plv-legende:placer (profil genre rangees point / nom)
-  (setq nom (plv-legende:nom profil genre))
+(defun plv-legende:nom-libre (profil genre / racine nom n)
+  "A name of a block that no other profile's legend shows."
+  (setq racine (plv-legende:nom profil genre) nom racine n 1)
+  (while (plv-legende:references nom) (setq n (1+ n) nom (strcat racine "_" (itoa n))))
+  nom)
+
+(defun plv-legende:placer (profil genre rangees point / nom reference)
   (plv-effacer (plv-legende:du-genre profil genre))
+  (setq nom (plv-legende:nom-libre profil genre))
   (entmake (list '(0 . "BLOCK") (cons 2 nom) '(70 . 0) '(10 0.0 0.0 0.0)))
   (plv-legende:dessiner (plv-legende:titre profil genre) rangees (plv-ttxt profil))
   (entmake '((0 . "ENDBLK")))
-  (plv-inserer plv-legende:calque nom point))
+  (setq reference (plv-inserer plv-legende:calque nom point))
+  (plv-ecrire-cles reference (list (list plv-legende:cle-profil profil) (list plv-legende:cle-genre genre)))
+  reference)
 
 (defun c:plv-legende (/ profil genre)
   (if (setq profil (plv-choisir-profil))

@@ -7,8 +7,9 @@
   (vl-remove-if-not '(lambda (g) (member (car g) plv-formes:proprietes)) groupes))
 
 (defun plv-formes:largeur (groupes)
-  "The width of a polyline, when it has one."
-  (cond ((plv-cle 43 groupes)) ((plv-cle 40 groupes)) (0.0)))
+  "The width of a polyline, when it has one. The same groups of arcs and splines are radii, knots and tolerances."
+  (cond ((plv-cle (plv-cle (plv-cle 0 groupes) '(("LWPOLYLINE" . 43) ("POLYLINE" . 40))) groupes))
+        (0.0)))
 
 (defun plv-formes:en-polyligne (sommets largeur)
   "The groups of a light polyline behind its head."
@@ -53,6 +54,12 @@
   "A curve of a form on the current layer, with nothing of its own."
   (setq genre (plv-formes:type-pour nil forme))
   (entmakex (append (list (cons 0 genre) '(100 . "AcDbEntity")) (plv-formes:corps genre forme 0.0))))
+
+(defun plv-cordes-de (entite / forme)
+  "A polyline that stands for a curve with arcs, drawn now, for functions of the module that read arcs along their chords; nil for a
+curve that needs none."
+  (setq forme (plv-forme-de entite))
+  (if (and (listp forme) (plv-forme-courbe-p forme)) (plv-forme-tracer (plv-forme-en-cordes forme))))
 
 (defun plv-forme-creer (modele forme / groupes genre)
   "A new curve of a form, with the looks and the keys of another one."

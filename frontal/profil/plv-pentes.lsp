@@ -14,20 +14,50 @@
                (if (numberp (caddr lue)) (caddr lue) T) entite))
       (pl_glp profil (plv-jeu (list entite))))))
 
-(defun plv-pentes:suite-p (a b)
+(defun plv-pentes:places (profil piece)
+  "Three points on the curve of a piece in the drawing, clear of its ends; nil where the curve isn't found."
+  (setq piece
+    (mapcar
+      '(lambda (part / x y)
+         (setq x (+ (car (plv-origine profil)) (plv-debut piece) (* part (plv-longueur piece)))
+               y (pl_yat (plv-pente-entite piece) x))
+         (if y (list x y)))
+      '(0.05 0.5 0.95)))
+  (if (not (member nil piece)) piece))
+
+(defun plv-pentes:cercle (profil piece / places x1 y1 x2 y2 c1 c2 d u v)
+  "(x y radius) of the circle on which a piece lies; nil for none."
+  (if (setq places (plv-pentes:places profil piece))
+    (progn
+      (setq x1 (- (car (cadr places)) (caar places)) y1 (- (cadr (cadr places)) (cadar places))
+            x2 (- (car (caddr places)) (caar places)) y2 (- (cadr (caddr places)) (cadar places))
+            c1 (+ (* x1 x1) (* y1 y1)) c2 (+ (* x2 x2) (* y2 y2))
+            d (* 2.0 (- (* x1 y2) (* x2 y1))))
+      (if (not (equal d 0.0 1e-12))
+        (progn
+          (setq u (/ (- (* y2 c1) (* y1 c2)) d) v (/ (- (* x1 c2) (* x2 c1)) d))
+          (list (+ (caar places) u) (+ (cadar places) v) (sqrt (+ (* u u) (* v v)))))))))
+
+(defun plv-pentes:meme-arc-p (profil a b)
+  "T for two pieces of one polyline on one circle: a change of plane that has gone had cut the arc there."
+  (and (eq (plv-pente-entite a) (plv-pente-entite b))
+       (setq a (plv-pentes:cercle profil a) b (plv-pentes:cercle profil b))
+       (vl-every '(lambda (u v) (equal u v (* 1e-3 (caddr a)))) a b)))
+
+(defun plv-pentes:suite-p (profil a b)
   "T when piece b goes on where a ends, in the same slope or the same vertical curve."
   (and (equal (plv-fin a) (plv-debut b) 1e-6)
-       (if (plv-pente-droite-p a)
-         (and (plv-pente-droite-p b) (equal (plv-pente-valeur a) (plv-pente-valeur b) 1e-6))
-         (and (not (plv-pente-droite-p b)) (plv-rayon (plv-pente-entite a))
-              (equal (plv-rayon (plv-pente-entite a)) (plv-rayon (plv-pente-entite b)) 1e-6)))))
+       (cond
+         ((or (plv-pente-droite-p a) (plv-pente-droite-p b)) (equal (plv-pente-valeur a) (plv-pente-valeur b) 1e-6))
+         ((plv-rayon (plv-pente-entite a)) (equal (plv-rayon (plv-pente-entite a)) (plv-rayon (plv-pente-entite b)) 1e-6))
+         ((plv-pentes:meme-arc-p profil a b)))))
 
 (defun plv-elements-de-pente (profil genre)
   "The slope pieces of the project line of a kind, joined over the changes of plane."
   (reverse
     (plv-plier
       '(lambda (pieces p)
-         (if (and pieces (plv-pentes:suite-p (car pieces) p))
+         (if (and pieces (plv-pentes:suite-p profil (car pieces) p))
            (cons (vl-list* (plv-debut (car pieces)) (plv-fin p) (cddar pieces)) (cdr pieces))
            (cons p pieces)))
       nil
@@ -40,12 +70,10 @@
   "The one it was drawn with, or that of the parabola through its ends and middle."
   (cond ((plv-rayon (plv-pente-entite piece))) ((plv-pentes:rayon-mesure profil piece))))
 
-(defun plv-pentes:rayon-mesure (profil piece / x0 echv d y parabole)
-  (setq x0 (car (plv-origine profil))
-        echv (plv-echv profil)
-        d (mapcar '(lambda (part) (+ (plv-debut piece) (* part (plv-longueur piece)))) '(0.05 0.5 0.95))
-        y (mapcar '(lambda (v) (pl_yat (plv-pente-entite piece) (+ x0 v))) d))
-  (if (and (not (member nil y))
-           (setq parabole (apply 'pl_fprmprb (mapcar '(lambda (a b) (list (- a (car d)) (/ (- b (car y)) echv) 0.0)) d y)))
+(defun plv-pentes:rayon-mesure (profil piece / places parabole)
+  (if (and (setq places (plv-pentes:places profil piece))
+           (setq parabole
+             (apply 'pl_fprmprb
+               (mapcar '(lambda (p) (list (- (car p) (caar places)) (/ (- (cadr p) (cadar places)) (plv-echv profil)) 0.0)) places)))
            (> (abs (car parabole)) 1e-9))
     (/ 0.5 (abs (car parabole)))))

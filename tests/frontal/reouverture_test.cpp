@@ -54,4 +54,19 @@ TEST(GroundLines, ErasedOnesAreMendedByTheAudit) {
   EXPECT_EQ(printed, "1");
 }
 
+// Applications publish their functions anew with each drawing; commands of the front-end that stand for one of them, or call one
+// that they keep, go on.
+TEST(Quantities, AreMeasuredAfterAnotherDrawingWasOpened) {
+  kaveltest::FrontEnd session;
+  session.file("g.csv", "distance;altitude\n0;50\n100;49\n");
+  session.eval("(setq p (plv-nouveau \"" + session.path("g.csv") +
+               "\" \"12\" '(0.0 0.0 0.0) 10.0 2.5 150.0 '((0.0 30.0))))");
+  session.eval("(plv-projet p \"Voirie\" '((0.0 48.5) (100.0 47.5)))");
+  session.document().save(session.path("a.dxf"));
+  session.feed("OPEN\n" + session.path("a.dxf") + "\n");
+  EXPECT_EQ(session.eval("(type c:cubpl)"), "USUBR");
+  EXPECT_NE(session.feed("PLV-METRES\nTous\nVoirie\n\nNon\n").find("150.000"), std::string::npos);
+  EXPECT_EQ(session.feed("CUBPL\nFermer\n").find("function"), std::string::npos);
+}
+
 }  // namespace

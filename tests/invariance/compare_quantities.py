@@ -20,7 +20,7 @@ class Measured:
 
     def __init__(self, profile, kind, classes):
         self.profile, self.kind, self.classes = profile, kind, classes
-        ground = exact.leaned(profile.points)
+        ground = profile.survey or exact.leaned(profile.points)
         self.depths = [exact.depths(ground, line.points) for line in profile.lines[kind]]
         sliced = [exact.slices(pieces, classes) for pieces in self.depths]
         self.parts = [s for parts in sliced for s in parts]

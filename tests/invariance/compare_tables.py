@@ -4,6 +4,7 @@ from fractions import Fraction as F
 
 import compare_drawn
 import exact
+import plan_rows
 
 AT = F(1, 10**5)     # how near a cell stands to its place
 LAYER = "PLV-MATRICE"
@@ -165,6 +166,11 @@ def slopes(profile, row, e):
     return cells
 
 
+def in_middles(texts, e, room):
+    """Texts in the middle of their stretches, where that is so long that any of them has room; else they may be left out."""
+    return [Cell((start + end) / 2, worded(patterns, values), end - start < room * e) for start, end, patterns, values in texts]
+
+
 def bounds(profile, row):
     kind, result = kind_of(profile, row), []
     for start, end, _ in profile.slopes_of(kind) if kind else ():
@@ -188,6 +194,10 @@ def cells_of(profile, row, kept, everything):
         return attributes(profile, row, e)
     if type_ in (5, 6):
         return on_project(profile, row, kept, e, (lambda g, z: z) if type_ == 5 else (lambda g, z: g - z))
+    if type_ == 7:
+        return in_middles(plan_rows.axis_texts(profile), e, 8)
+    if type_ == 9:
+        return in_middles(plan_rows.falls_texts(profile), e, 12)
     if type_ == 8:
         return observations(profile, e)
     if type_ in (12, 13, 14, 15):

@@ -99,8 +99,8 @@ def polynomial(start, end, ordinates):
     return Curve(start, end, function)
 
 
-def drawn_arc(a, b, sagitta, scale):
-    """An arc of circle of the drawing, where heights are multiplied: from a to b, bulging upwards by the sagitta there."""
+def drawn_circle(a, b, sagitta, scale):
+    """(x, y, radius, side) of the circle of drawn_arc in the drawing, from the profile's own corner; side 1 for an arc that bulges upwards."""
     (x1, z1), (x2, z2) = (a[0], a[1] * scale), (b[0], b[1] * scale)
     dx, dy = x2 - x1, z2 - z1
     chord = dx * dx + dy * dy
@@ -109,5 +109,10 @@ def drawn_arc(a, b, sagitta, scale):
     radius = (chord / 4 + height**2) / (2 * height)
     # From the middle of the chord to the centre, square to the chord, downwards for an arc that bulges upwards.
     reach = (radius - height) / root(chord)
-    x, y = (x1 + x2) / 2 + side * dy * reach, (z1 + z2) / 2 - side * dx * reach
+    return (x1 + x2) / 2 + side * dy * reach, (z1 + z2) / 2 - side * dx * reach, radius, side
+
+
+def drawn_arc(a, b, sagitta, scale):
+    """An arc of circle of the drawing, where heights are multiplied: from a to b, bulging upwards by the sagitta there."""
+    x, y, radius, side = drawn_circle(a, b, sagitta, scale)
     return Curve(a[0], b[0], lambda d: (y + side * root(radius**2 - (d - x) ** 2)) / scale)

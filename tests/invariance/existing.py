@@ -2,6 +2,7 @@
 
 Each is drawn in one section of planes; taken into a profile it must give the line that it shows, or be refused in words.
 """
+import math
 from fractions import Fraction as F
 
 import curves
@@ -128,8 +129,23 @@ def arc_sort(rng, profile, plane, stretch, manner, sort):
     return draw(manner, [place(profile, plane, q) for q in points], [F(0), bulge, F(0)]), [curves.Straight(points[:2]), arc]
 
 
+def entity_sort(rng, profile, plane, stretch, manner, sort):
+    """An arc of its own, which is always drawn against the clock."""
+    a, b = [(d, profile.points[0][1] - decimal(rng, 0, 4, 2)) for d in stretch]
+    sagitta = rng.choice((-1, 1)) * decimal(rng, 0.1, float(b[0] - a[0]) / 8, 2)
+    x, y, radius, side = curves.drawn_circle(a, b, sagitta, profile.scale)
+    ends = [math.atan2(float(z * profile.scale - y), float(d - x)) for d, z in ((b, a) if side > 0 else (a, b))]
+    if manner.mirrored:
+        ends = [math.pi - angle for angle in reversed(ends)]
+    centre = [exactly(v) for v in (profile.x0 + x, profile.y0 - plane * profile.scale + y)]
+    height = -manner.height if manner.mirrored else manner.height
+    drawn = (f'(entmake \'((0 . "ARC") (100 . "AcDbEntity") (8 . "{LAYER}") (100 . "AcDbCircle") (10 {manner.abscissa(centre[0])} {centre[1]} {height}.0) '
+             f'(40 . {float(radius)!r}) {manner.normal} (100 . "AcDbArc") (50 . {ends[0] % math.tau!r}) (51 . {ends[1] % math.tau!r})))')
+    return drawn, [curves.drawn_arc(a, b, sagitta, profile.scale)]
+
+
 SORTS = {"line": straight_sort, "light": straight_sort, "old": straight_sort, "cubic": bezier_sort, "quadratic": bezier_sort,
-         "fit points": fit_sort, "light arc": arc_sort, "old arc": arc_sort}
+         "fit points": fit_sort, "light arc": arc_sort, "old arc": arc_sort, "entity arc": entity_sort}
 FLAT = ("line", "light", "old")
 
 

@@ -60,3 +60,26 @@ def export(world):
                     [lambda report, result: compare_line(report, frozen, kind, result.file(file))], draws=False)
     return Step(f"export of {profile.number}", head + ["Terrain", file],
                 [lambda report, result: compare_ground(report, frozen, result.file(file))], draws=False)
+
+
+def compare_altitudes(report, profile, kind, path):
+    """A row for each ground point that a line passes, of two at a wall for one."""
+    what, ground = f"altitudes of {kind} of {profile.number}", dict(reversed(profile.points))
+    wanted = {d: line for line in profile.lines[kind] for d in ground if line.start <= d <= line.end}
+    rows = fields(path)
+    report.same("exports", what + ", rows", len(rows), len(wanted))
+    for row, d in zip(rows, sorted(wanted)):
+        line = wanted[d]
+        report.near("exports", f"{what} at {float(d):.3f}, station", row[0], d + profile.first, SIX)
+        report.near("exports", f"{what} at {float(d):.3f}", row[1], line.altitude(d), SIX * 2 + line.chord)
+
+
+def altitudes(world):
+    """PLV-ALTITUDES of a whole line into a file."""
+    owners = [p for p in world.active if p.kinds()]
+    if not owners:
+        return None
+    profile = world.rng.choice(owners)
+    kind, file, frozen = world.rng.choice(profile.kinds()), world.file(" altitudes.csv"), profile.copy()
+    return Step(f"altitudes of {kind} of {profile.number}", ["PLV-ALTITUDES", *world.which(profile), "", kind, file],
+                [lambda report, result: compare_altitudes(report, frozen, kind, result.file(file))], draws=False)

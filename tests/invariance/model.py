@@ -54,7 +54,10 @@ class Profile:
         self.points = [p[:2] for p in ground]
         self.planes = planes        # (start, altitude)
         self.lines = {}             # kind: [Line, ...], left to right
+        self.survey = []            # the points of a ground that is attached
         self.blocks = []            # (distance, attributes)
+        self.axis = []              # (x, y, bulge) in plan
+        self.falls = []             # (distance, left, right), in percent
         self.with_points_at_planes()
 
     def with_points_at_planes(self):

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Breaks the program, or the expected computation, on purpose in one place at a time: the suite must find each.
 
-Usage: mutations.py KAVEL SOURCE [options of run.py]. The front-end and the suite are copied; nothing of SOURCE changes.
+Usage: mutations.py KAVEL SOURCE [--file PART] [options of run.py]. The front-end and the suite are copied; nothing of SOURCE changes.
 """
 import argparse
 import os
@@ -26,6 +26,14 @@ MUTATIONS = (
     ("frontal/projet/plv-raccords.lsp", "(list (* 0.5 rayon (abs (- p2 p1))) (* 0.5 rayon (abs (- p2 p1))) 1.0)",
      "(list (* 0.5 rayon (abs (- p2 p1))) (* 0.5 rayon (abs (- p2 p1))) 1.01)"),
     ("frontal/projet/plv-raccords.lsp", "(cos t1)", "1.0"),
+    ("frontal/portes/plv-formes-ecriture.lsp", '("POLYLINE" . 40)))', '("POLYLINE" . 40) ("ARC" . 40)))'),
+    ("frontal/cotes/plv-cotes.lsp", "cordes (plv-cordes-de courbe)", "cordes nil"),
+    ("frontal/metres/plv-legende.lsp", "(while (plv-legende:references nom)", "(while nil"),
+    ("frontal/metres/plv-metres-lots.lsp", '(setq terrains (plv-elements profil "TN")', "(setq terrains nil"),
+    ("frontal/tableaux/plv-devers.lsp", "(plv-remplir:signe va 2)", "(plv-remplir:signe (abs va) 2)"),
+    ("frontal/tableaux/plv-remplissage-plan.lsp", "(plv-reel (plv-longueur s) 2)", "(plv-reel (* 1.001 (plv-longueur s)) 2)"),
+    ("frontal/optimal/plv-optimal-questions.lsp", "(plv-milieu (list minimum maximum))", "minimum"),
+    ("frontal/echange/plv-landxml-projet.lsp", '(list "P" "L" mesure)', '(list "C" "L" mesure)'),
     ("tests/invariance/exact.py", "return number\n    return classes.of((depth1 + depth2) / 2)", "return number + 1\n    return classes.of((depth1 + depth2) / 2)"),
     ("tests/invariance/exact.py", "if depth <= limit:", "if depth < limit + F(1, 100):"),
     ("tests/invariance/exact.py", "return abs(self.depth1 + self.depth2) * self.length / 2", "return abs(self.depth1) * self.length"),
@@ -55,14 +63,15 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("kavel")
     parser.add_argument("source")
+    parser.add_argument("--file", default="", help="only what is broken in files whose names have this part")
     arguments, options = parser.parse_known_args()
-    missed = 0
-    for mutation in MUTATIONS:
+    missed, chosen = 0, [m for m in MUTATIONS if arguments.file in m[0]]
+    for mutation in chosen:
         result = found(os.path.abspath(arguments.kavel), os.path.abspath(arguments.source), mutation, options)
         words = {True: "found", False: "NOT FOUND", None: "no such place"}[result]
         missed += result is not True
         print(f"{words:14} {mutation[0]}: {mutation[1][:70]}", flush=True)
-    print(f"{len(MUTATIONS)} mutations, {missed} not found")
+    print(f"{len(chosen)} mutations, {missed} not found")
     return 1 if missed else 0
 
 

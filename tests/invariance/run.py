@@ -103,6 +103,9 @@ def main():
     seeds = [arguments.only] if arguments.only is not None else list(range(arguments.seed, arguments.seed + arguments.runs))
     if arguments.only_with or arguments.avoid:
         seeds = [s for s in seeds if wanted(words_of(s), arguments)]
+    if not seeds:
+        print("no run of these seeds is of that kind")
+        return 1
     print(f"seeds {seeds[0]} to {seeds[-1]}", flush=True)
     checks, ties, differing, begun = Counter(), Counter(), [], time.time()
     with tempfile.TemporaryDirectory() as folder, concurrent.futures.ProcessPoolExecutor(arguments.jobs) as pool:

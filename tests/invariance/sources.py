@@ -66,10 +66,10 @@ def planes(rng, points):
     return [(s, F(int(low) - rng.randint(2, 12))) for s in sorted(starts)]
 
 
-def profile(rng, number, place):
-    points = ground(rng)
+def profile(rng, number, place, points, unit=F(1)):
+    """A profile on a ground whose file is in units of so many metres."""
     return Profile(number, place, F(rng.choice(("10", "10", "5", "1", "20"))), F(rng.choice(("2.5", "2.5", "1", "1.8"))),
-                   rng.choice((F(0), F(0), decimal(rng, 1, 3000, 2))), points, planes(rng, points)), points
+                   rng.choice((F(0), F(0), decimal(rng, 1, 3000, 2))) * unit, points, planes(rng, points))
 
 
 def typed_planes(planes_):
@@ -127,7 +127,7 @@ def settings(classes_):
     return "\n".join(rows) + "\n"
 
 
-ROWS = {0: "2.0", 1: "3.0", 2: "2.5", 3: "5.0", 4: "6.0", 5: "6.0", 6: "4.5", 8: "19.0", 10: "2.0", 12: "3.0", 13: "3.0", 14: "3.0",
+ROWS = {0: "2.0", 1: "3.0", 2: "2.5", 3: "5.0", 4: "6.0", 5: "6.0", 6: "4.5", 7: "4.0", 9: "4.0", 8: "19.0", 10: "2.0", 12: "3.0", 13: "3.0", 14: "3.0",
         15: "3.0", 16: "2.5", 17: "5.0", 11: "10.0", 402: "2.0", 403: "4.0"}
 BRACES = {11: "NUM DN", 402: "NUM", 403: "DN"}
 WIDE = (0, 2)  # rows whose spacing follows the width of their texts

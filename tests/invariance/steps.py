@@ -9,8 +9,12 @@ import compare_quantities
 import compare_tables
 import existing
 import exports
+import landxml
 import lines
+import optimal
+import plan_rows
 import sources
+import survey
 from drawing import Drawing
 from model import KINDS
 from play import Player, Step
@@ -24,14 +28,28 @@ def new_profile(world):
     place = world.circumstances.place
     if world.profiles:  # beside the first one
         place = (text(F(place[0]) + 5000), place[1])
-    profile, points = sources.profile(rng, number, place)
-    planes = list(profile.planes)
+    points = sources.ground(rng)
+    walls = ", walls" * (len({p[0] for p in points}) < len(points))
+    if not walls and rng.random() < 0.25:
+        return landxml_profile(world, number, place, points)
+    profile = sources.profile(rng, number, place, points)
+    return profile_step(world, profile, "new profile" + walls, world.file(".csv"), sources.ground_file(points, profile.first))
+
+
+def landxml_profile(world, number, place, points):
+    unit, points = landxml.in_unit(world.rng, points)
+    profile = sources.profile(world.rng, number, place, points, landxml.UNITS[unit])
+    drawn, kind, line = landxml.project(world.rng, profile, unit) if world.circumstances.release != "R12" else ("", None, None)
+    if kind:
+        profile.lines[kind] = [line]
+    return profile_step(world, profile, f"new profile of LandXML in {unit}", world.file(".xml"), landxml.written(profile, points, unit, drawn), [kind] if kind else [])
+
+
+def profile_step(world, profile, title, file, contents, answers=()):
     world.profiles.append(profile)
-    file = world.file(".csv")
-    typed = ["PLV-NOUVEAU", file, number, ",".join(place), text(profile.scale), text(profile.text), "150", "Saisis",
-             *sources.typed_planes(planes)]
-    walls = ", walls" * (len({p[0] for p in profile.points}) < len(profile.points))
-    return Step("new profile" + walls, typed, [drawn_check(world)], {file: sources.ground_file(points, profile.first)})
+    typed = ["PLV-NOUVEAU", file, profile.number, f"{text(profile.x0)},{text(profile.y0)}", text(profile.scale), text(profile.text), "150", "Saisis",
+             *sources.typed_planes(profile.planes), *answers]
+    return Step(title, typed, [drawn_check(world)], {file: contents})
 
 
 def tables(world):
@@ -184,7 +202,7 @@ PICKS = """(progn (setq profil (plv-profil-de-numero "%s") genre "%s") (defun pi
 
 # the commands with their weights
 COMMANDS = ((lines.project_line, 3), (existing.existing_curve, 2), (tables, 4), (plane, 3), (quantities, 4), (legend, 2), (dimensions, 3),
-            (exports.export, 1), (classes.edit, 1), (manhole, 2), (transfer, 1))
+            (exports.export, 1), (exports.altitudes, 1), (classes.edit, 1), (manhole, 2), (transfer, 1), (plan_rows.axis, 1), (plan_rows.falls, 1), (optimal.optimal, 1), (survey.survey, 1))
 
 
 # --- a copy: the original must stay as it was

@@ -53,6 +53,13 @@ TEST_F(Interface, ExternalFunctions) {
   run("(setq kept app:sum)");
   EXPECT_TRUE(in.removeExternal("APP:SUM", &application));
   check({{"(app:sum 1)", "! no function definition: APP:SUM"}, {"(kept 1)", "! no function definition: APP:SUM"}});
+  // The same function comes back: also to those who kept it, but not over another one that has its name by now.
+  in.addExternal("app:sum", sum, &application, 10);
+  check({{"(app:sum 1)", "11.0"}, {"(kept 1)", "11.0"}, {"(eq kept app:sum)", "T"}});
+  run("(defun app:sum (x) (list (kept x)))");
+  EXPECT_TRUE(in.removeExternal("APP:SUM", &application));
+  in.addExternal("app:sum", sum, &application, 10);
+  check({{"(app:sum 1)", "(11.0)"}});
 }
 
 TEST_F(Interface, TablesOfOtherRooms) {

@@ -32,6 +32,9 @@ void settle(Interface*& given, std::unique_ptr<Interface>& own) {
   given = own.get();
 }
 
+// Whether a function was taken back by the application that had published it.
+bool isRemoved(const Primitive& primitive) { return !primitive.subr && !primitive.special && !primitive.external; }
+
 }  // namespace
 
 Interpreter::Interpreter(Host host)
@@ -138,15 +141,20 @@ void Interpreter::add(std::span<const Builtin> table) {
   }
 }
 
+// A function that comes back is the one that went: values kept meanwhile work again, and what a program has put under the name
+// stays there.
 void Interpreter::addExternal(std::string_view name, ExternalFunction function, void* context, int index,
                               std::string signature, std::string help) {
-  Primitive* primitive = newPrimitive(name);
+  const auto known = primitiveNames_.find(upperCase(name));
+  const bool back = known != primitiveNames_.end() && isRemoved(*known->second) && known->second->context == context &&
+                    known->second->index == index;
+  Primitive* primitive = back ? known->second : newPrimitive(name);
   primitive->external = function;
   primitive->context = context;
   primitive->index = index;
   primitive->signature = std::move(signature);
   primitive->help = std::move(help);
-  set(name, Value::pointing(primitive, Value::kExternal));
+  if (!back || get(name).isNil()) set(name, Value::pointing(primitive, Value::kExternal));
 }
 
 bool Interpreter::removeExternal(std::string_view name, const void* context) {
@@ -157,20 +165,20 @@ bool Interpreter::removeExternal(std::string_view name, const void* context) {
   primitive->external = nullptr;  // values that still point here fail when they are called
   const Value bound = get(name);
   if (bound.tag() == Value::kExternal && bound.primitive() == primitive) set(name, nil);
-  primitiveNames_.erase(found);
   return true;
 }
 
 std::vector<const Primitive*> Interpreter::primitives() const {
   std::vector<const Primitive*> all;
-  for (const auto& [name, primitive] : primitiveNames_) all.push_back(primitive);
+  for (const auto& [name, primitive] : primitiveNames_)
+    if (!isRemoved(*primitive)) all.push_back(primitive);
   std::sort(all.begin(), all.end(), [](const auto* a, const auto* b) { return a->name < b->name; });
   return all;
 }
 
 const Primitive* Interpreter::primitive(std::string_view name) const {
   const auto found = primitiveNames_.find(upperCase(name));
-  return found == primitiveNames_.end() ? nullptr : found->second;
+  return found == primitiveNames_.end() || isRemoved(*found->second) ? nullptr : found->second;
 }
 
 // --- Roots

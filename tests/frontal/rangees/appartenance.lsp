@@ -58,6 +58,27 @@
 ((equal (hachures p) h) T)
 ((hachures c) nil)
 
+;; Both legends showed one block, named after the identifier that a copy shares. Those of earlier versions don't name their profile.
+(situation "ACopysLegendIsItsOwn")
+(preparer
+  (defun contenu (e / textes)
+    (setq e (plv-cle -2 (tblsearch "BLOCK" (plv-cle 2 (entget e)))))
+    (while e (if (= (plv-type e) "TEXT") (setq textes (cons (plv-cle 1 (entget e)) textes))) (setq e (entnext e)))
+    (reverse textes))
+  (defun legendes () (plv-entites-du-jeu (ssget "X" '((0 . "INSERT") (8 . "PLV-LEGENDE"))))))
+(tableau (ancienne) (nil) (T))
+(preparer
+  (setq l (plv-legende p "Voirie" nil))
+  (if ancienne (progn (plv-oter-cle l "LEGENDEPROFIL") (plv-oter-cle l "LEGENDEGENRE")))
+  (copier (plv-entites-du-jeu (ssget "X")))
+  (setq vue (contenu l) lc (car (vl-remove l (legendes))) m (plv-legende c "Voirie" nil)))
+((list (length (legendes)) (entget lc) (not (entget l))) (2 nil nil))
+((equal (contenu l) vue) T)
+((list (car (contenu l)) (car (contenu m))) ("PROFIL 1 - VOIRIE" "PROFIL 2 - VOIRIE"))
+((list (equal (plv-legendes-du-profil p) (list l)) (equal (plv-legendes-du-profil c) (list m))) (T T))
+(preparer (setq n (plv-legende p "Voirie" nil)))
+((list (length (legendes)) (entget l) (car (contenu n)) (car (contenu m))) (2 nil "PROFIL 1 - VOIRIE" "PROFIL 2 - VOIRIE"))
+
 (situation "WhatRecordsHoldIsMended")
 (preparer
   (setq avant (list (plv-plans p) (plv-points-tn p) (mapcar 'plv-handle (plv-elements p "Voirie")))

@@ -85,3 +85,27 @@
   (setq copie (car (vl-remove p (plv-profils))))
   (plv-effacer-courbes copie (plv-elements-du-projet copie "AEp")))
 ((= n (length (cotes)) (length (plv-cotes-du-profil p))) T)
+
+;; An arc of 1 m under its chord at 45 m; at the ground points 50 and 60 the ground is at 43 m.
+(situation "ArcsAreReadAlongTheArc")
+(tableau (genre) ("LWPOLYLINE") ("POLYLINE"))
+(preparer
+  (setq p (plv-nouveau "<dossier>g.csv" "2" '(1000.0 5000.0 0.0) 10.0 2.5 150.0 '((0.0 30.0))))
+  (plv-choix-profil p)
+  (setq a (plv-vers-dessin (plv-cadre p) 0.0 45.0) b (plv-vers-dessin (plv-cadre p) 100.0 45.0))
+  (if (= genre "LWPOLYLINE")
+    (entmake (list '(0 . "LWPOLYLINE") '(100 . "AcDbEntity") '(100 . "AcDbPolyline") '(90 . 2) '(70 . 0)
+                   (list 10 (car a) (cadr a)) '(42 . 0.2) (list 10 (car b) (cadr b)) '(42 . 0.0)))
+    (progn
+      (entmake '((0 . "POLYLINE") (66 . 1) (10 0.0 0.0 0.0) (70 . 0)))
+      (entmake (list '(0 . "VERTEX") (list 10 (car a) (cadr a) 0.0) '(42 . 0.2)))
+      (entmake (list '(0 . "VERTEX") (list 10 (car b) (cadr b) 0.0)))
+      (entmake '((0 . "SEQEND")))))
+  (setq e (if (= genre "POLYLINE") (car (plv-entites-du-jeu (ssget "X" '((0 . "POLYLINE"))))) (entlast)) avant (length (plv-entites-du-jeu (ssget "X")))))
+(tape ("(CotAutoKavel)" "AEp" "Toutes" "(list e '(1050.0 0.0))" "") "16 cotes.")
+((list (combien "44.00") (combien "+1.00") (combien "44.04") (combien "+1.04")) (1 1 1 1))
+;; the curve is the project's, and nothing else is left but dimensions
+((list (equal (plv-elements-du-projet p "AEp") (list e)) (- (length (plv-entites-du-jeu (ssget "X"))) avant (length (cotes)))) (T 0))
+((mapcar '(lambda (r) (list (plv-reel (car r) 3) (plv-reel (cadr r) 3)))
+   (vl-remove-if-not '(lambda (r) (< 49.0 (car r) 61.0)) (plv-lister-altitudes p (list e))))
+ (("50.000" "44.000") ("60.000" "44.039")))

@@ -128,3 +128,22 @@
              '(lambda (a b) (< (car a) (car b)))))
   (agir "A" 193.54 85.0) (agir "A" 239.0 88.0) (agir "A" 301.1 84.0) (agir "A" 59.58 80.0) (agir "M" 239.0 70.0))
 ((montrees) ((0.0 99.0) (59.58 98.0) (193.54 100.0) (239.0 99.0) (270.31 101.25) (301.1 99.75) (340.0 100.0)))
+
+;; The halves into which a plane had cut an arc are joined when it goes; two arcs that another program drew stay two.
+(situation "AnArcIsOneAgainWhenThePlaneGoes")
+(tableau (point) ((0.0 0.0 0.0)) ((652000.37 6861234.5 0.0)))
+(preparer
+  (commencer 'point)
+  (defun arcs (points)
+    (entmakex (append '((0 . "LWPOLYLINE") (100 . "AcDbEntity") (100 . "AcDbPolyline")) (list (cons 90 (length points))) '((70 . 0))
+                      (apply 'append (mapcar '(lambda (p) (list (list 10 (+ (car 'point) (car p)) (+ (cadr 'point) (cadr p))) (cons 42 (caddr p)))) points)))))
+  (defun pieces (genre) (mapcar '(lambda (p) (list (plv-reel (car p) 2) (plv-reel (cadr p) 2))) (plv-elements-de-pente pr genre)))
+  (plv-projet-existant pr "AEp" (plv-jeu (list (arcs '((5.0 100.0 0.1) (50.0 90.0 0.0))))))
+  (plv-projet-existant pr "Generique" (plv-jeu (list (arcs '((5.0 100.0 0.1) (25.0 95.0 0.2) (50.0 90.0 0.0))))))
+  (setq r (plv-reel (plv-rayon-de-piece pr (car (plv-elements-de-pente pr "AEp"))) 1))
+  (agir "A" 20.0 82.0))
+((pieces "AEp") (("5.00" "20.00") ("20.00" "50.00")))
+(preparer (agir "S" 20.0 nil))
+((pieces "AEp") (("5.00" "50.00")))
+((= r (plv-reel (plv-rayon-de-piece pr (car (plv-elements-de-pente pr "AEp"))) 1)) T)
+((pieces "Generique") (("5.00" "25.00") ("25.00" "50.00")))

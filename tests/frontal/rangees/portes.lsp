@@ -57,7 +57,7 @@
    ("SPLINE" "SPLINE") "coupée aux changements de plan")
   ((spline 3 '(0.0 0.0 0.0 0.0 1.0 1.0 1.0 1.0) '((10.0 70.0 5.0) (20.0 90.0 5.0) (40.0 60.0 5.0) (50.0 70.0 5.0)) nil) ("SPLINE")
    "mise dans le plan du dessin")
-  ((spline 1 '(0.0 0.0 1.0 2.0 2.0) '((10.0 70.0) (30.0 90.0) (80.0 60.0)) nil) ("LWPOLYLINE" "LWPOLYLINE") "portée au degré 3")
+  ((spline 1 '(3.0 3.0 4.0 5.0 5.0) '((10.0 70.0) (30.0 90.0) (80.0 60.0)) nil) ("LWPOLYLINE" "LWPOLYLINE") "portée au degré 3")
   ((par-points '((10.0 70.0 5.0) (40.0 75.0 5.0) (70.0 73.0 5.0) (80.0 78.0 5.0))) ("SPLINE" "SPLINE") "mise dans le plan du dessin"))
 (preparer
   (setq fautes nil)
@@ -70,6 +70,7 @@
     (if (not (equal (plv-elements-du-projet p "Voirie") r)) (faute 'attached))
     (foreach piece r
       (if (not (equal (mapcar 'caddr (bouts piece)) '(0.0 0.0))) (faute 'elevation))
+      (if (and (= (plv-type piece) "LWPOLYLINE") (/= (plv-cle 43 (entget piece)) 0.0)) (faute 'width))
       (if (not (or (<= (car (vlax-curve-getEndPoint piece)) (+ x0 50.000001)) (>= (car (vlax-curve-getStartPoint piece)) (+ x0 49.999999))))
         (faute 'plane))
       (if (> (car (vlax-curve-getStartPoint piece)) (car (vlax-curve-getEndPoint piece))) (faute 'direction)))
