@@ -31,8 +31,8 @@ class Program {
   // Arguments as typed in a shell, run in the folder; stderr comes with stdout.
   Program& run(const std::string& arguments) {
     const std::string command = "cd '" + folder_.string() + "' && " + prefix +
-                                " env KAVEL_FRONTAL='" KAVEL_SOURCE "/frontal' '" + std::string(KAVEL_BIN) +
-                                "/kavel' " + arguments + " 2>&1 < /dev/null";
+                                " env KAVEL_FRONTAL='" KAVEL_SOURCE "/frontal' '" + std::string(KAVEL_BIN) + "/" +
+                                called + "' " + arguments + " 2>&1 < /dev/null";
     output.clear();
     FILE* pipe = popen(command.c_str(), "r");
     char buffer[4096];
@@ -52,6 +52,7 @@ class Program {
   bool has(const std::string& name) const { return std::filesystem::exists(folder_ / name); }
   const std::filesystem::path& folder() const { return folder_; }
 
+  std::string called = "kavel";
   std::string prefix;  // put before the program's name, such as a limit
   std::string output;
   int status = -1;
