@@ -51,7 +51,7 @@ HOUSES = {
         "desktop/document": "lisp document application desktop/picture",
         "desktop/view": "document selecting render desktop/picture desktop/document",
         "desktop/forms": "base dialogs render desktop/document",
-        "desktop/window": "base dxf commands plugin exchange render desktop/document desktop/forms desktop/view",
+        "desktop/window": "base dxf commands commands/files plugin exchange render desktop/document desktop/forms desktop/view",
     },
     "module": {
         "commande/arguments": "",

@@ -57,6 +57,8 @@ class Document {
       if (auto* part = dynamic_cast<PART*>(attachment.get())) return part;
     return nullptr;
   }
+  // Adds a part that is told of drawings opened from now on.
+  void attach(std::unique_ptr<Attachment> part) { attachments_.push_back(std::move(part)); }
   // Finds entities by place: for selections, picks, and what of the drawing is on the screen.
   SpatialIndex& spatialIndex() { return *index_; }
   View& view() { return view_; }

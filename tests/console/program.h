@@ -32,8 +32,8 @@ class Program {
   // Arguments as typed in a shell, run in the folder; stderr comes with stdout unless it is sent elsewhere.
   Program& run(const std::string& arguments, const std::string& redirections = "2>&1 < /dev/null") {
     const std::string command = "cd '" + folder_.string() + "' && " + prefix +
-                                " env KAVEL_FRONTAL='" KAVEL_SOURCE "/frontal' '" + std::string(KAVEL_BIN) +
-                                "/kavel' " + arguments + " " + redirections;
+                                " env KAVEL_FRONTAL='" KAVEL_SOURCE "/frontal' '" + std::string(KAVEL_BIN) + "/" +
+                                called + "' " + arguments + " " + redirections;
     output.clear();
     FILE* pipe = popen(command.c_str(), "r");
     char buffer[4096];
@@ -61,6 +61,7 @@ class Program {
   }
   const std::filesystem::path& folder() const { return folder_; }
 
+  std::string called = "kavel";
   std::string prefix;  // put before the program's name, such as a limit
   std::string output;
   int status = -1;

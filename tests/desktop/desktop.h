@@ -31,10 +31,11 @@ struct Desktop : ::testing::Test {
     window.close();
   }
 
-  // Lets the window work until the condition holds, at most a few seconds.
-  static void until(const std::function<bool()>& condition) {
+  // Lets the window work until the condition holds, at most so many milliseconds.
+  static void until(const std::function<bool()>& condition, int longest = 5000) {
     QElapsedTimer timer;
-    for (timer.start(); !condition() && timer.elapsed() < 5000;) QApplication::processEvents(QEventLoop::AllEvents, 20);
+    for (timer.start(); !condition() && timer.elapsed() < longest;)
+      QApplication::processEvents(QEventLoop::AllEvents, 20);
   }
   QVariant lisp(const QString& expression) { return atelier::desktop::ask(window.drawing()->document(), expression); }
   int count(const QString& type) {

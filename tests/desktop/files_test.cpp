@@ -1,6 +1,6 @@
-// Drawings in tabs and files: saving, opening again, questions about changes, copies after a crash.
-#include <QDir>
+// Drawings in tabs and files: saving, opening again, questions about changes, damaged files.
 #include <QFile>
+#include <QFileInfo>
 
 #include "tests/desktop/desktop.h"
 
@@ -68,29 +68,90 @@ TEST_F(Files, WhatCannotBeOpenedOrSavedIsSaid) {
   EXPECT_EQ(lisp("(pl_distToPk 1.0)").toString().toStdString(), "PK 0+1.00");  // the drawing goes on as it was
 }
 
-// After a crash the copy is offered at the next start, once.
-TEST_F(Files, ACopyIsOfferedAfterACrash) {
+// A file that ends in the middle of a circle.
+TEST_F(Files, ADamagedFileIsOfferedForRecoveryWithWhatWasFound) {
   drawCircle();
-  window.autosave();
-  const QDir copies(qEnvironmentVariable("KAVEL_SAUVEGARDES"));
-  ASSERT_EQ(copies.entryList({"*.dxf"}).size(), 1);
-  {
-    atelier::desktop::MainWindow next;
-    QStringList asked;
-    next.questionAnswer = [&asked](const QString& question) {
-      asked << question;
-      return QString(asked.size() == 1 ? "oui" : "non");
-    };
-    until([&next] { return next.tabs().count() > 0; });
-    ASSERT_EQ(next.tabs().count(), 1);
-    EXPECT_TRUE(asked[0].contains("Dessin1.dxf")) << asked[0].toStdString();
-    EXPECT_EQ(atelier::desktop::ask(next.drawing()->document(), "(sslength (ssget \"X\" '((0 . \"CIRCLE\"))))").toInt(),
-              1);
-    EXPECT_TRUE(next.isWindowModified());
-    EXPECT_TRUE(next.closeTab(0));
+  driver.type("LINE").type("0,0").type("50,50").type("").type("SAVEAS").type(file("coupe.dxf")).play();
+  ASSERT_TRUE(window.closeTab(0));
+  QFile cut(file("coupe.dxf"));
+  ASSERT_TRUE(cut.open(QIODevice::ReadWrite));
+  const QByteArray bytes = cut.readAll();
+  cut.resize(bytes.lastIndexOf("AcDbLine") + 12);
+  cut.close();
+  const QByteArray damaged = bytes.left(static_cast<int>(QFileInfo(cut).size()));
+  EXPECT_FALSE(window.open(file("coupe.dxf")));  // the answer is "non"
+  ASSERT_EQ(questions.size(), 1);
+  EXPECT_TRUE(questions[0].contains("endommagé")) << questions[0].toStdString();
+  EXPECT_EQ(window.tabs().count(), 0);
+
+  answer = "oui";
+  chosenFile = file("sauve.dxf");
+  ASSERT_TRUE(window.open(file("coupe.dxf")));
+  ASSERT_EQ(questions.size(), 3);
+  // What was found is listed with its line, in the message and in the history.
+  EXPECT_TRUE(questions[2].contains("ligne")) << questions[2].toStdString();
+  EXPECT_TRUE(history().contains(questions[2].section('\n', 2, 2))) << history().toStdString();
+  EXPECT_EQ(count("CIRCLE"), 1);
+  EXPECT_TRUE(window.isWindowModified());
+  // It is saved under another name; the damaged file stays.
+  ASSERT_TRUE(window.save());
+  EXPECT_TRUE(QFile::exists(file("sauve.dxf")));
+  ASSERT_TRUE(cut.open(QIODevice::ReadOnly));
+  EXPECT_EQ(cut.readAll(), damaged);
+  ASSERT_TRUE(window.closeTab(0));
+  ASSERT_TRUE(window.open(file("sauve.dxf")));
+  EXPECT_EQ(questions.size(), 3) << questions.join("\n").toStdString();
+  EXPECT_EQ(count("CIRCLE"), 1);
+}
+
+TEST_F(Files, LeavingAsksOnceForAllDrawings) {
+  drawCircle();
+  driver.menu("Nouveau").play();
+  drawCircle();
+  answer = "annuler";
+  EXPECT_FALSE(window.close());
+  EXPECT_EQ(window.tabs().count(), 2);
+  ASSERT_EQ(questions.size(), 1) << questions.join("\n").toStdString();
+  for (const char* name : {"Dessin1.dxf", "Dessin2.dxf"})
+    EXPECT_TRUE(questions[0].contains(name)) << questions[0].toStdString();
+  // Saving the second one is given up: both stay.
+  answer = "oui";
+  int choices = 0;
+  window.fileAnswer = [&] { return ++choices == 1 ? file("un.dxf") : QString(); };
+  EXPECT_FALSE(window.close());
+  EXPECT_EQ(choices, 2);
+  EXPECT_EQ(window.tabs().count(), 2);
+  EXPECT_TRUE(QFile::exists(file("un.dxf")));
+  // The first one is saved now: only the other one is asked about.
+  window.fileAnswer = [this] { return file("deux.dxf"); };
+  EXPECT_TRUE(window.close());
+  EXPECT_FALSE(questions.last().contains("un.dxf")) << questions.last().toStdString();
+  EXPECT_TRUE(QFile::exists(file("deux.dxf")));
+  EXPECT_EQ(window.tabs().count(), 0);
+}
+
+TEST_F(Files, LeavingARunningCommandAsksAndCancelsAsAWhole) {
+  for (const bool menu : {false, true}) {
+    questions.clear();
+    answer = "annuler";
+    driver.type("LINE").pick(0, 0).pick(10, 0).then([&] {
+      if (menu) window.perform("@quit");
+      else EXPECT_FALSE(window.close());
+      EXPECT_EQ(questions.size(), 1) << questions.join("\n").toStdString();
+      EXPECT_TRUE(questions.value(0).contains("commande")) << questions.value(0).toStdString();
+      EXPECT_TRUE(window.drawing()->waits());  // the command goes on
+    });
+    driver.pick(20, 5).type("").play();
   }
-  EXPECT_TRUE(copies.entryList({"*.dxf"}).isEmpty());
-  window.drawing()->document().makeCurrent();
+  EXPECT_EQ(count("LINE"), 4);
+  questions.clear();
+  answer = "oui";
+  chosenFile = file("garde.dxf");
+  driver.type("LINE").pick(0, 0).pick(10, 0).then([&] { window.close(); }).play();
+  until([this] { return !window.isVisible(); });
+  EXPECT_FALSE(window.isVisible());
+  EXPECT_EQ(questions.size(), 1) << questions.join("\n").toStdString();
+  EXPECT_TRUE(QFile::exists(chosenFile));
 }
 
 }  // namespace

@@ -97,6 +97,23 @@ TEST(Damage, randomChangesNeverEndTheProgram) {
   }
 }
 
+// The sections that the cut has taken away come back with what is put into them.
+TEST(Damage, whatIsAddedToACutDrawingIsReadBack) {
+  for (const fs::path& file : generated()) {
+    if (file.filename() != "R2000.dxf" && file.filename() != "R12_crlf.dxf") continue;
+    const std::string bytes = bytesOf(file);
+    for (std::size_t length = bytes.size() / 40; length + 8 < bytes.size(); length += bytes.size() / 40) {
+      Opened drawing;
+      std::vector<std::string> messages;
+      atelier::dxf::readBytes(drawing.db, "d.dxf", std::string_view(bytes).substr(0, length), nullptr, &messages);
+      drawing.imp.namedDictionary("ESSAI");
+      const std::string written = drawing.written();
+      EXPECT_EQ(messageOf(written), "") << file << " " << length;
+      EXPECT_NE(written.find("ESSAI"), std::string::npos) << file << " " << length;
+    }
+  }
+}
+
 TEST(Damage, whatIsWholeIsKept) {
   std::string repaired;
   const std::string second = "0\nCIRCLE\n5\nA2\n8\n0\n10\n1.0\n20\n2.0\n30\n0.0\n40\n5.0\n";

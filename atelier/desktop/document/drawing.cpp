@@ -37,15 +37,26 @@ class Heartbeat {
 
 }  // namespace
 
-Drawing::Drawing(const QString& path) {
+// The document may open another drawing while a command runs.
+class Drawing::Replacement final : public Attachment {
+ public:
+  explicit Replacement(Drawing& drawing) : drawing_(drawing) {}
+  void drawingOpened() override { drawing_.replaced(); }
+
+ private:
+  Drawing& drawing_;
+};
+
+Drawing::Drawing(const QString& path, std::vector<std::string>* messages) {
   document_ = std::make_unique<OpenDrawing>(
       [this](std::string_view text) {
         if (onPrinted) onPrinted(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
       },
-      path.toStdString());
+      path.toStdString(), messages);
   loadFrontal(*document_);
   document_->imp().modified = false;
-  scene_ = std::make_unique<SceneCache>(document_->database());
+  bind();
+  document_->attach(std::make_unique<Replacement>(*this));
   source_.onPrompt = [this] {
     if (onPrompt) onPrompt();
   };
@@ -57,7 +68,17 @@ Drawing::Drawing(const QString& path) {
 
 Drawing::~Drawing() {
   onPrinted = nullptr;
-  onPrompt = onDone = nullptr;
+  onPrompt = onDone = onReplaced = nullptr;
+}
+
+void Drawing::bind() {
+  scene_ = std::make_unique<SceneCache>(document_->database());
+  changes_ = std::make_unique<ChangeMark>(document_->imp());
+}
+
+void Drawing::replaced() {
+  bind();
+  if (onReplaced) onReplaced();
 }
 
 QString Drawing::title() const {

@@ -4,6 +4,7 @@
 #include <QString>
 #include <deque>
 #include <memory>
+#include <utility>
 
 #include "atelier/desktop/document/desktop_source.h"
 #include "atelier/desktop/picture/scene_cache.h"
@@ -11,10 +12,25 @@
 
 namespace atelier::desktop {
 
+// Notes that a database changes.
+class ChangeMark final : private ChangeListener {
+ public:
+  explicit ChangeMark(AcDbImpDatabase& database) : database_(database) { database_.addListener(*this); }
+  ~ChangeMark() override { database_.removeListener(*this); }
+  ChangeMark(const ChangeMark&) = delete;
+  ChangeMark& operator=(const ChangeMark&) = delete;
+  bool take() { return std::exchange(changed_, false); }
+
+ private:
+  void changes(AcDbStub&) override { changed_ = true; }
+  AcDbImpDatabase& database_;
+  bool changed_ = false;
+};
+
 class Drawing : public QObject {
  public:
-  // A new drawing, or the file (throws Error).
-  explicit Drawing(const QString& path);
+  // A new drawing, or the file (throws Error). With messages, what can be read of a damaged file is opened.
+  explicit Drawing(const QString& path, std::vector<std::string>* messages = nullptr);
   ~Drawing() override;
 
   Document& document() { return *document_; }
@@ -35,19 +51,25 @@ class Drawing : public QObject {
   const PromptInfo* prompt() const { return source_.prompt(); }
   QString title() const;  // of the tab
   bool isModified() { return document_->imp().modified; }
+  // Whether an object has changed since the last call.
+  bool takeChanged() { return changes_->take(); }
 
   std::function<void(QString)> onPrinted;
-  std::function<void()> onPrompt;  // the running prompt changed
-  std::function<void()> onDone;    // a command ended; the drawing may have changed
+  std::function<void()> onPrompt;    // the running prompt changed
+  std::function<void()> onDone;      // a command ended; the drawing may have changed
+  std::function<void()> onReplaced;  // a command has opened another drawing in place of this one
   QString untitled = QStringLiteral("Dessin1.dxf");
-  QString autosaveName;  // file name in the autosave folder
-  QString lastLine;      // Enter at the command prompt runs it again
+  QString lastLine;  // Enter at the command prompt runs it again
 
  private:
+  class Replacement;
   void run();
+  void replaced();
+  void bind();
   DesktopSource source_;
   std::unique_ptr<Document> document_;
   std::unique_ptr<SceneCache> scene_;
+  std::unique_ptr<ChangeMark> changes_;
   std::deque<QString> later_;
   bool running_ = false;
   int awaited_ = 0;

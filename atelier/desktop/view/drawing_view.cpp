@@ -63,6 +63,13 @@ void DrawingView::refresh() {
   askPicture();
 }
 
+void DrawingView::startAnew() {
+  windowStart_.reset();
+  snap_.reset();
+  refresh();
+  zoomExtents();
+}
+
 void DrawingView::askPicture() {
   painter_.request({drawing_.scene().parts(), viewport(), devicePixelRatioF(), ground_});
   update();

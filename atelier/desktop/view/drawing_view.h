@@ -6,8 +6,8 @@
 #include <optional>
 
 #include "atelier/desktop/document/drawing.h"
-#include "atelier/desktop/view/grips.h"
 #include "atelier/desktop/picture/scene_painter.h"
+#include "atelier/desktop/view/grips.h"
 #include "atelier/desktop/view/snaps.h"
 
 namespace atelier::desktop {
@@ -22,6 +22,8 @@ class DrawingView : public QWidget {
   void zoomAt(QPointF pixel, double factor);  // above 1: nearer
   // Brings the picture up to date after a change of the drawing or the view.
   void refresh();
+  // After another drawing has come in place of this one: nothing of the old one stays, the new one is shown whole.
+  void startAnew();
   // Selects entities while no command runs: the document's first selection.
   void select(std::vector<AcDbStub*> entities);
   const std::vector<AcDbStub*>& selection() const { return selection_; }

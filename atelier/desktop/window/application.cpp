@@ -8,6 +8,7 @@
 #include <clocale>
 #include <functional>
 
+#include "atelier/desktop/window/command_options.h"
 #include "atelier/desktop/window/icons.h"
 #include "atelier/desktop/window/main_window.h"
 #include "atelier/desktop/window/theme.h"
@@ -36,6 +37,9 @@ class Application final : public QApplication {
 }  // namespace
 
 int run(int argc, char** argv) {
+  int status = 0;
+  const std::optional<QStringList> drawings = drawingsAsked(argc, argv, status);
+  if (!drawings) return status;
   Application application(argc, argv);
   std::setlocale(LC_NUMERIC, "C");
   QLocale::setDefault(QLocale(QLocale::French));
@@ -47,18 +51,13 @@ int run(int argc, char** argv) {
   if (translator.load("qtbase_fr", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
     QApplication::installTranslator(&translator);
   QApplication::setWindowIcon(iconNamed("profil"));
-  const QStringList arguments = QApplication::arguments();
-  if (arguments.contains("--help") || arguments.contains("-h")) {
-    std::puts("kavel-bureau [DRAWING.dxf ...]   the desktop; see kavel --help for the headless program");
-    return 0;
-  }
   exchange::provideExchange();
   render::providePlots();
   MainWindow window;
   application.onFault = [&window](const QString& text) { window.commandLine().print("\n" + text + "\n"); };
   window.show();
   bool opened = false;
-  for (const QString& path : arguments.mid(1)) opened = window.open(path) || opened;
+  for (const QString& path : *drawings) opened = window.open(path) || opened;
   if (!opened) window.open();
   if (const std::string trouble = installationTrouble(); !trouble.empty())
     window.commandLine().print("\n" + QString::fromStdString(trouble) + "\n");

@@ -2,7 +2,6 @@
 #include "atelier/desktop/window/main_window.h"
 
 #include <QApplication>
-#include <QCloseEvent>
 #include <QColorDialog>
 #include <QDockWidget>
 #include <QDragEnterEvent>
@@ -46,8 +45,8 @@ MainWindow::MainWindow() {
   restoreGeometry(settings.value("fenetre").toByteArray());
   restoreState(settings.value("panneaux").toByteArray());
   commands_->setHistory(settings.value("commandes").toStringList());
-  connect(&autosaveTimer_, &QTimer::timeout, this, [this] { autosave(); });
-  autosaveTimer_.start(settings.value("sauvegarde/minutes", 5).toInt() * 60 * 1000);
+  copyTimer_.setSingleShot(true);
+  connect(&copyTimer_, &QTimer::timeout, this, [this] { autosave(); });
   readingTimer_.setSingleShot(true);
   connect(&readingTimer_, &QTimer::timeout, this, [this] { readProfile(); });
   QTimer::singleShot(0, this, [this] { recover(); });
@@ -113,52 +112,30 @@ void MainWindow::wire(Tab& tab) {
   drawing.document().dialogPresenter = &dialogs_;
   drawing.onPrinted = [this](const QString& text) { commands_->print(text); };
   drawing.onPrompt = [this, &tab] {
+    copySoon();
     if (&tab != front()) return;
     commands_->showPrompt(tab.drawing->prompt());
     tabs_->tabBar()->setEnabled(!tab.drawing->isRunning());
     if (tab.drawing->prompt()) tab.view->refresh();
   };
   drawing.onDone = [this, &tab] { afterCommand(tab); };
+  drawing.onReplaced = [this, &tab] { afterReplacement(tab); };
   tab.view->onMoved = [this, &drawing](const AcGePoint3d& point) { moved(drawing, point); };
   tab.view->onSelection = [this, &tab] { properties_->show(tab.drawing.get(), tab.view->selection()); };
   tab.view->onKey = [this](QKeyEvent* event) { commands_->takeKey(event); };
 }
 
-bool MainWindow::open(const QString& path) {
-  if (Drawing* running = drawing(); running && running->isRunning()) running->cancel();
-  auto tab = std::make_unique<Tab>();
-  QApplication::setOverrideCursor(Qt::WaitCursor);
-  try {
-    tab->drawing = std::make_unique<Drawing>(path);
-  } catch (const Error& error) {
-    QApplication::restoreOverrideCursor();
-    if (Drawing* d = drawing()) d->document().makeCurrent();
-    complain(QString::fromUtf8(error.what()));
-    return false;
-  }
-  QApplication::restoreOverrideCursor();
-  if (path.isEmpty()) tab->drawing->untitled = QStringLiteral("Dessin%1.dxf").arg(++untitled_);
-  tab->view = new DrawingView(*tab->drawing, this);
-  wire(*tab);
-  drawings_.push_back(std::move(tab));
-  Tab& opened = *drawings_.back();
-  tabs_->setCurrentIndex(tabs_->addTab(opened.view, opened.drawing->title()));
-  if (!path.isEmpty()) remember(path);
-  opened.view->refresh();
-  QTimer::singleShot(0, opened.view, [view = opened.view] { view->zoomExtents(); });
-  return true;
-}
+QString MainWindow::nextName() { return QStringLiteral("Dessin%1.dxf").arg(++untitled_); }
 
 void MainWindow::showTab() {
   Tab* const tab = front();
   hostMenus_->rebuild();
   profiles_->refresh(tab ? tab->drawing.get() : nullptr);
   properties_->show(tab ? tab->drawing.get() : nullptr, tab ? tab->view->selection() : std::vector<AcDbStub*>());
-  setWindowTitle(tab ? tab->drawing->title() + QStringLiteral("[*] - Kavel") : QStringLiteral("Kavel"));
-  if (!tab) return;
+  if (!tab) return setWindowTitle(QStringLiteral("Kavel"));
   tab->drawing->document().makeCurrent();
   if (!tab->drawing->isRunning()) atelier::desktop::ask(tab->drawing->document(), "(plv-reprendre-courant)");
-  setWindowModified(tab->drawing->isModified());
+  showTitle(*tab);
   commands_->showPrompt(tab->drawing->prompt());
   QStringList names;
   for (const std::string& name : tab->drawing->document().interpreter().boundNames())
@@ -170,15 +147,33 @@ void MainWindow::showTab() {
 
 void MainWindow::afterCommand(Tab& tab) {
   atelier::desktop::ask(tab.drawing->document(), "(plv-bureau-oublier)");
+  if (!tab.drawing->isModified()) forgetCopy(tab);
   tab.view->refresh();
   if (&tab != front()) return;
   commands_->showPrompt(nullptr);
   tabs_->tabBar()->setEnabled(true);
-  tabs_->setTabText(tabs_->currentIndex(), tab.drawing->title());
-  setWindowTitle(tab.drawing->title() + QStringLiteral("[*] - Kavel"));
-  setWindowModified(tab.drawing->isModified());
+  showTitle(tab);
   profiles_->refresh(tab.drawing.get());
   properties_->show(tab.drawing.get(), tab.view->selection());
+}
+
+void MainWindow::showTitle(Tab& tab) {
+  tabs_->setTabText(tabs_->indexOf(tab.view), tab.drawing->title());
+  if (&tab != front()) return;
+  setWindowTitle(tab.drawing->title() + QStringLiteral("[*] - Kavel"));
+  setWindowModified(tab.drawing->isModified());
+}
+
+// What the front-end remembers of the profiles is the old drawing's.
+void MainWindow::afterReplacement(Tab& tab) {
+  Drawing& d = *tab.drawing;
+  forgetCopy(tab);
+  tab.origin.clear();
+  if (d.document().path().empty()) d.untitled = nextName();
+  else remember(QString::fromStdString(d.document().path()));
+  atelier::desktop::ask(d.document(), "(progn (plv-bureau-oublier) (plv-reprendre-courant))");
+  tab.view->startAnew();
+  showTitle(tab);
 }
 
 void MainWindow::moved(Drawing& drawing, const AcGePoint3d& point) {
@@ -246,15 +241,6 @@ void MainWindow::chooseGround() {
   if (!colour.isValid()) return;
   QSettings().setValue("fond", colour.name());
   for (const auto& tab : drawings_) tab->view->setGround(colour);
-}
-
-void MainWindow::closeEvent(QCloseEvent* event) {
-  while (!drawings_.empty())
-    if (!closeTab(static_cast<int>(drawings_.size()) - 1)) return event->ignore();
-  QSettings settings;
-  settings.setValue("fenetre", saveGeometry());
-  settings.setValue("panneaux", saveState());
-  settings.setValue("commandes", commands_->lines());
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {

@@ -12,6 +12,7 @@
 #include "atelier/desktop/window/host_menu_bar.h"
 #include "atelier/desktop/window/profiles_panel.h"
 #include "atelier/desktop/window/properties_panel.h"
+#include "atelier/desktop/window/recovery_files.h"
 
 namespace atelier::desktop {
 
@@ -20,10 +21,11 @@ class MainWindow : public QMainWindow {
   MainWindow();
   ~MainWindow() override;
 
-  // A tab with a new drawing, or with the file; false after a message when it can't be opened.
+  // A tab with a new drawing, or with the file; false after a message when it can't be opened. What can be read of a damaged
+  // file is offered.
   bool open(const QString& path = {});
   bool save(bool underNewName = false);
-  // Closes a tab; asks about unsaved changes. False when the user cancels.
+  // Closes a tab; asks about unsaved changes. False when the user cancels. The window asks once for all its tabs.
   bool closeTab(int index);
 
   Drawing* drawing() const;  // of the front tab; null when there is none
@@ -34,7 +36,7 @@ class MainWindow : public QMainWindow {
   ProfilesPanel& profiles() { return *profiles_; }
   PropertiesPanel& properties() { return *properties_; }
   QString status() const { return profileStatus_->text(); }
-  // Saves copies of unsaved drawings, to be offered at the next start after a crash. Called from time to time.
+  // Writes copies of unsaved drawings, to be offered at the next start after a crash. Called soon after each change.
   void autosave();
   void perform(const QString& action);  // "@name" of the window, else lines for the command line
   // For tests: answers in place of the user's to file choices (empty: cancel) and questions ("oui", "non", "annuler").
@@ -50,17 +52,33 @@ class MainWindow : public QMainWindow {
   struct Tab {
     std::unique_ptr<Drawing> drawing;
     DrawingView* view;
+    std::unique_ptr<RecoveryFiles> copy;  // null: there is none
+    QString copyTrouble;                  // why the last copy couldn't be written
+    QString origin;                       // of a drawing that came from a copy: the file that it is a copy of
+    QString suggestedName() const { return origin.isEmpty() ? drawing->untitled : origin; }
   };
   void buildPanels();
   void buildMenus();
   void buildRecent(QMenu& menu);
+  bool openOrRecover(const QString& path);
+  void openTab(const QString& path, std::vector<std::string>* messages = nullptr);
+  bool openDamaged(const QString& path, const QString& damage);
   void wire(Tab& tab);
+  void dropTab(Tab& tab);
+  std::vector<Tab*> unsaved() const;
+  bool isRunning() const;
+  QString askAboutLeaving(const std::vector<Tab*>& unsaved);
+  bool leave(const QString& answer, const std::vector<Tab*>& asked);
+  void leaveAfterCommands(const QString& answer, const std::vector<Tab*>& asked, int patience);
   Tab* front() const;
   void showTab();
+  void showTitle(Tab& tab);
   void afterCommand(Tab& tab);
+  void afterReplacement(Tab& tab);
   void moved(Drawing& drawing, const AcGePoint3d& point);
   void readProfile();
   void showHandle(const QString& handle);
+  QString nextName();  // of a new drawing
   void remember(const QString& path);
   void complain(const QString& text);
   QString ask(const QString& question, const QStringList& answers);
@@ -71,6 +89,9 @@ class MainWindow : public QMainWindow {
   void chooseSnaps();
   void selectAll();
   void audit();
+  void copySoon();
+  void writeCopy(Tab& tab);
+  void forgetCopy(Tab& tab);
   void recover();
 
   QTabWidget* tabs_;
@@ -81,7 +102,8 @@ class MainWindow : public QMainWindow {
   WindowDialogs dialogs_{this};
   std::unique_ptr<HostMenuBar> hostMenus_;
   std::vector<std::unique_ptr<Tab>> drawings_;
-  QTimer autosaveTimer_, readingTimer_;
+  QTimer copyTimer_, readingTimer_;
+  qint64 copyCost_ = 0;  // milliseconds that the last copies took
   AcGePoint3d readingAt_;
   int untitled_ = 0;
 };

@@ -1,30 +1,21 @@
-// Opening, saving, closing, recent files; automatic copies, and restoring them after a crash.
-// A copy is kept in the autosave folder with the name of its drawing; closing the drawing removes it.
-#include <QDir>
-#include <QFile>
+// Opening, saving, recent files.
+// A damaged file is opened only when the user wants what is left of it, and is never saved over.
+#include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSettings>
-#include <QStandardPaths>
-#include <QUuid>
+#include <QTimer>
 
+#include "atelier/commands/files/audit_report.h"
 #include "atelier/desktop/window/main_window.h"
-#include "atelier/dxf/writing/writer.h"
 
 namespace atelier::desktop {
 namespace {
 
 constexpr int kMostRecent = 10;
-
-QDir autosaveFolder() {
-  const QString given = qEnvironmentVariable("KAVEL_SAUVEGARDES");
-  QDir folder(given.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) + "/sauvegardes"
-                              : given);
-  folder.mkpath(".");
-  return folder;
-}
+constexpr qsizetype kMostTold = 15;  // lines of a message; the history has them all
 
 }  // namespace
 
@@ -49,13 +40,87 @@ QString MainWindow::chooseFile(bool save, const QString& title, const QString& f
               : QFileDialog::getOpenFileName(this, title, suggested, filter);
 }
 
+bool MainWindow::open(const QString& path) {
+  if (!openOrRecover(path)) return false;
+  if (!path.isEmpty()) remember(path);
+  return true;
+}
+
+bool MainWindow::openOrRecover(const QString& path) {
+  try {
+    openTab(path);
+    return true;
+  } catch (const FileError& error) {
+    complain(QString::fromUtf8(error.what()));
+    return false;
+  } catch (const Error& error) {
+    return openDamaged(path, QString::fromUtf8(error.what()));
+  }
+}
+
+// Opens or throws; the drawing in front is then current as before.
+void MainWindow::openTab(const QString& path, std::vector<std::string>* messages) {
+  if (Drawing* running = drawing(); running && running->isRunning()) running->cancel();
+  auto tab = std::make_unique<Tab>();
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  try {
+    tab->drawing = std::make_unique<Drawing>(path, messages);
+  } catch (const Error&) {
+    QApplication::restoreOverrideCursor();
+    if (Drawing* d = drawing()) d->document().makeCurrent();
+    throw;
+  }
+  QApplication::restoreOverrideCursor();
+  if (path.isEmpty()) tab->drawing->untitled = nextName();
+  tab->view = new DrawingView(*tab->drawing, this);
+  wire(*tab);
+  drawings_.push_back(std::move(tab));
+  Tab& opened = *drawings_.back();
+  tabs_->setCurrentIndex(tabs_->addTab(opened.view, opened.drawing->title()));
+  opened.view->refresh();
+  QTimer::singleShot(0, opened.view, [view = opened.view] { view->zoomExtents(); });
+}
+
+bool MainWindow::openDamaged(const QString& path, const QString& damage) {
+  const QString answer =
+      ask(QStringLiteral("Ce dessin est endommagé :\n%1\n\nOuvrir ce qui peut en être lu ?").arg(damage),
+          {QStringLiteral("Oui"), QStringLiteral("Non")});
+  if (answer != "oui") return false;
+  std::vector<std::string> found;
+  try {
+    openTab(path, &found);
+  } catch (const Error& error) {
+    complain(QString::fromUtf8(error.what()));
+    return false;
+  }
+  Tab& tab = *front();
+  Document& document = tab.drawing->document();
+  std::string text;
+  for (const std::string& message : found) text += message + "\n";
+  document.print(text);
+  auditDrawing(document, true, [&](std::string_view line) {
+    document.print(line);
+    text += line;
+  });
+  QStringList told = QString::fromStdString(text).split('\n', Qt::SkipEmptyParts);
+  if (const qsizetype more = told.size() - kMostTold; more > 0)
+    told =
+        told.mid(0, kMostTold) << QStringLiteral("... et %1 autres lignes, dans l'historique des commandes").arg(more);
+  document.imp().modified = true;
+  afterCommand(tab);
+  complain(QStringLiteral("Ce qui pouvait être lu de %1 est ouvert. Il s'enregistre sous un autre nom.\n\n%2")
+               .arg(tab.drawing->title(), told.join('\n')));
+  return true;
+}
+
 bool MainWindow::save(bool underNewName) {
   Drawing* const d = drawing();
   if (!d) return false;
   QString path = QString::fromStdString(d->document().path());
-  if (underNewName || path.isEmpty() || !path.endsWith(".dxf", Qt::CaseInsensitive))
+  const bool damaged = !path.isEmpty() && path.toStdString() == d->document().imp().recoveredFrom;
+  if (underNewName || damaged || path.isEmpty() || !path.endsWith(".dxf", Qt::CaseInsensitive))
     path = chooseFile(true, QStringLiteral("Enregistrer le dessin"), QStringLiteral("Dessins DXF (*.dxf)"),
-                      path.isEmpty() ? d->untitled : path);
+                      path.isEmpty() ? front()->suggestedName() : path);
   if (path.isEmpty()) return false;
   if (QFileInfo(path).suffix().isEmpty()) path += ".dxf";
   if (!path.endsWith(".dxf", Qt::CaseInsensitive)) {
@@ -69,33 +134,7 @@ bool MainWindow::save(bool underNewName) {
     return false;
   }
   remember(path);
-  QFile::remove(autosaveFolder().filePath(d->autosaveName));
   afterCommand(*front());
-  return true;
-}
-
-bool MainWindow::closeTab(int index) {
-  QWidget* const widget = tabs_->widget(index);
-  tabs_->setCurrentIndex(index);
-  Tab* const tab = front();
-  if (!tab || tab->view != widget) return false;
-  if (tab->drawing->isRunning()) {
-    tab->drawing->cancel();
-    return false;  // the command is being cancelled; closing again then works
-  }
-  if (tab->drawing->isModified()) {
-    const QString answer = ask(QStringLiteral("Enregistrer les modifications de %1 ?").arg(tab->drawing->title()),
-                               {QStringLiteral("Oui"), QStringLiteral("Non"), QStringLiteral("Annuler")});
-    if (answer == "annuler" || (answer == "oui" && !save())) return false;
-  }
-  if (!tab->drawing->autosaveName.isEmpty()) {
-    QFile::remove(autosaveFolder().filePath(tab->drawing->autosaveName));
-    QFile::remove(autosaveFolder().filePath(tab->drawing->autosaveName + ".origine"));
-  }
-  tabs_->removeTab(index);
-  delete widget;
-  std::erase_if(drawings_, [tab](const auto& other) { return other.get() == tab; });
-  showTab();
   return true;
 }
 
@@ -107,48 +146,6 @@ void MainWindow::remember(const QString& path) {
   recent.prepend(whole);
   while (recent.size() > kMostRecent) recent.removeLast();
   settings.setValue("recents", recent);
-}
-
-void MainWindow::autosave() {
-  for (const auto& tab : drawings_) {
-    Drawing& d = *tab->drawing;
-    if (!d.isModified() || d.isRunning()) continue;
-    if (d.autosaveName.isEmpty()) d.autosaveName = QUuid::createUuid().toString(QUuid::WithoutBraces) + ".dxf";
-    const QString copy = autosaveFolder().filePath(d.autosaveName);
-    try {
-      dxf::saveCopy(d.document().database(), copy.toStdString());
-    } catch (const Error& error) {
-      commands_->print("\n" + QString::fromUtf8(error.what()) + "\n");
-      continue;
-    }
-    QFile note(copy + ".origine");
-    if (note.open(QIODevice::WriteOnly))
-      note.write(
-          QByteArray::fromStdString(d.document().path().empty() ? d.untitled.toStdString() : d.document().path()));
-  }
-}
-
-void MainWindow::recover() {
-  QDir folder = autosaveFolder();
-  for (const QString& name : folder.entryList({"*.dxf"}, QDir::Files)) {
-    QFile note(folder.filePath(name + ".origine"));
-    const QString origin = note.open(QIODevice::ReadOnly) ? QString::fromUtf8(note.readAll()) : name;
-    const QString answer =
-        ask(QStringLiteral("Kavel s'est arrêté sans enregistrer %1. Ouvrir la copie de sauvegarde ?").arg(origin),
-            {QStringLiteral("Oui"), QStringLiteral("Non")});
-    if (answer == "oui" && open(folder.filePath(name))) {
-      // The copy becomes an unnamed drawing: saving asks for the name again.
-      Drawing& d = *drawing();
-      d.untitled = QFileInfo(origin).fileName();
-      d.document().imp().path.clear();
-      d.document().imp().modified = true;
-      d.autosaveName = name;
-      afterCommand(*front());
-    } else {
-      folder.remove(name);
-      folder.remove(name + ".origine");
-    }
-  }
 }
 
 }  // namespace atelier::desktop

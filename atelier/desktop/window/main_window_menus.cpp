@@ -64,9 +64,10 @@ void MainWindow::buildMenus() {
     QMessageBox::about(this, QStringLiteral("Kavel"),
                        QStringLiteral("Kavel\nProfils en long de routes, d'assainissement et d'eau potable."));
   });
-  hostMenus_ = std::make_unique<HostMenuBar>(*menuBar(), help->menuAction(), [this](const std::vector<std::string>& lines) {
-    if (Drawing* d = drawing()) d->feed(lines);
-  });
+  hostMenus_ =
+      std::make_unique<HostMenuBar>(*menuBar(), help->menuAction(), [this](const std::vector<std::string>& lines) {
+        if (Drawing* d = drawing()) d->feed(lines);
+      });
 }
 
 // Icons are drawn in the colours of the window, so they are made again.
@@ -88,7 +89,7 @@ void MainWindow::buildRecent(QMenu& menu) {
 void MainWindow::windowAction(const QString& name) {
   Drawing* const d = drawing();
   DrawingView* const v = view();
-  static const QSet<QString> always{"extents", "nearer", "farther", "ground", "snaps", "theme"};
+  static const QSet<QString> always{"extents", "nearer", "farther", "ground", "snaps", "theme", "quit"};
   if (d && d->isRunning() && !always.contains(name)) {
     d->cancel();
     return QTimer::singleShot(kUnwinding, d, [this, d, name] {

@@ -39,6 +39,7 @@ struct FileLayout {
   std::array<std::optional<Place>, 6> sections;
   std::optional<Place> solids;  // the ACDSDATA section: solid-model data of R2013 and later
   std::size_t fileEnd = 0;      // of 0 EOF, or of the file
+  bool endMissing = false;      // 0 EOF
   std::unordered_map<const AcDbStub*, std::size_t> tableEnd;
   std::vector<Repair> repairs;
   struct Carried {

@@ -35,7 +35,7 @@ class Reader {
     layout_.fileEnd = pass_.place();
     if (!pass_.more()) {
       faults_.report(layout_.fileEnd, "fichier coupé: \"0 EOF\" manque");
-      faults_.putIn(layout_.fileEnd, {Group::text(0, "EOF")});
+      layout_.endMissing = true;
     }
     if (!anySection_) faults_.stop(0, "aucune section lisible");
     if (!db_.header.has("$ACADVER") && pass_.sawMarks()) layout_.version = kR2000;

@@ -143,7 +143,7 @@ void Structure::finish() {
   for (AcDbStub* stub : handleless_) db_.giveHandle(*stub);
   completeTables();
   if (!db_.rootDictionary) db_.makeRootDictionary();
-  db_.modified = !layout_.repairs.empty();
+  db_.modified = !layout_.repairs.empty() || layout_.endMissing;
 }
 
 }  // namespace atelier::dxf

@@ -28,8 +28,10 @@ class Writer {
     headerEdits();
     replacedRecords();
     newRecords();
-    missingSections();
+    // In a cut file all of these stand at its end, in this order.
     for (const Repair& repair : layout_.repairs) edits_.push_back({repair.offset, repair.skip, textOf(repair.groups)});
+    missingSections();
+    if (layout_.endMissing) edits_.push_back({layout_.fileEnd, 0, textOf({Group::text(0, "EOF")})});
     // An insertion comes before a change of the record at the same place.
     std::stable_sort(edits_.begin(), edits_.end(), [](const Edit& a, const Edit& b) {
       return a.offset != b.offset ? a.offset < b.offset : (a.skip == 0) > (b.skip == 0);
