@@ -2,8 +2,8 @@
 ;; Each kind of line has its own. The block is made anew each time, and its reference in the drawing goes with it. The reference names
 ;; the profile and the kind; in drawings of earlier versions only the block's name told them.
 
-(setq plv-legende:cle-profil "LEGENDEPROFIL" plv-legende:cle-genre "LEGENDEGENRE")
-(setq plv-legende:calque "PLV-LEGENDE" plv-legende:opaque 33554687)
+(setq plv-legende:cle-profil "LEGENDEPROFIL" plv-legende:cle-genre "LEGENDEGENRE"
+      plv-legende:calque "PLV-LEGENDE" plv-legende:opaque 33554687)
 
 ;; titles of the columns and their widths in text heights; the first column is the colour's
 (setq plv-legende:colonnes '(("" 5.0) ("Profondeur (m)" 13.0) ("Longueur (m)" 12.0) ("Surface (m2)" 12.0) ("Volume (m3)" 12.0)))

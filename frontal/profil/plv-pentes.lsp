@@ -41,7 +41,8 @@
 (defun plv-pentes:meme-arc-p (profil a b)
   "T for two pieces of one polyline on one circle: a change of plane that has gone had cut the arc there."
   (and (eq (plv-pente-entite a) (plv-pente-entite b))
-       (setq a (plv-pentes:cercle profil a) b (plv-pentes:cercle profil b))
+       (setq a (plv-pentes:cercle profil a))
+       (setq b (plv-pentes:cercle profil b))
        (vl-every '(lambda (u v) (equal u v (* 1e-3 (caddr a)))) a b)))
 
 (defun plv-pentes:suite-p (profil a b)
