@@ -14,7 +14,7 @@
 namespace atelier::desktop {
 namespace {
 
-constexpr const char *kDrawing = ".dxf", *kOrigin = ".origine", *kLock = ".verrou";
+constexpr const char *kOrigin = ".origine", *kLock = ".verrou";
 
 QDir folder() {
   const QString given = qEnvironmentVariable("KAVEL_SAUVEGARDES");

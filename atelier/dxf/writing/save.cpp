@@ -14,6 +14,13 @@ bool isSameFile(const std::string& a, const std::string& b) {
   return a == b || std::filesystem::equivalent(a, b, error);
 }
 
+void replace(AcDbDatabase& database, const std::string& path, bool backup) {
+  refuseDamaged(database, path);
+  ReplacedFile file(path, backup);
+  write(database, [&](std::string_view bytes) { file.write(bytes); });
+  file.keep();
+}
+
 }  // namespace
 
 void refuseDamaged(AcDbDatabase& database, const std::string& path) {
@@ -23,15 +30,10 @@ void refuseDamaged(AcDbDatabase& database, const std::string& path) {
                     "ce fichier est endommagé et n'a été lu qu'en partie: enregistrez le dessin sous un autre nom");
 }
 
-void saveCopy(AcDbDatabase& database, const std::string& path) {
-  refuseDamaged(database, path);
-  ReplacedFile file(path);
-  write(database, [&](std::string_view bytes) { file.write(bytes); });
-  file.keep();
-}
+void saveCopy(AcDbDatabase& database, const std::string& path) { replace(database, path, false); }
 
 void save(AcDbDatabase& database, const std::string& path) {
-  saveCopy(database, path);
+  replace(database, path, true);
   AcDbImpDatabase& db = AcDbImpDatabase::of(&database);
   db.modified = false;
   db.path = path;
