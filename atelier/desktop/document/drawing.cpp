@@ -43,6 +43,7 @@ Drawing::Drawing(const QString& path) {
         if (onPrinted) onPrinted(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
       },
       path.toStdString());
+  document_->holdLock();
   loadFrontal(*document_);
   document_->imp().modified = false;
   scene_ = std::make_unique<SceneCache>(document_->database());
