@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -185,6 +186,13 @@ std::unique_ptr<Document> openDocument(const Options& options, const Printer& pr
   }
 }
 
+// A run that reads a drawing only doesn't keep others from saving it.
+bool savesItsDrawing(const Options& options) {
+  return std::any_of(options.actions.begin(), options.actions.end(), [&](const Action& action) {
+    return action.kind == ActionKind::save && action.argument == options.drawing;
+  });
+}
+
 int carryOutAll(const Options& options) {
   const bool interactive = options.actions.empty() && isTerminal();
   if (options.actions.empty() && !interactive && inputWaits()) {
@@ -204,6 +212,8 @@ int carryOutAll(const Options& options) {
     std::fwrite(text.data(), 1, text.size(), stderr);
   };
   document.stopsAtFailure = options.strict;
+  document.overwritesOthers = options.force;
+  if (interactive || savesItsDrawing(options)) document.holdLock();
   document.savesOnlyWithoutFailure = !interactive && !options.keepGoing;
   std::signal(SIGINT, onInterrupt);
   std::signal(SIGXFSZ, SIG_IGN);  // a file above the limit is an error of the write, not the end of the program

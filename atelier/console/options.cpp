@@ -62,6 +62,7 @@ constexpr Row kRows[] = {
     {"--no-frontal", "", "do not load the front-end", Flag{&Options::frontal, false}},
     {"--quiet", "", "print results and errors only", Flag{&Options::quiet}},
     {"--strict", "", "stop at the first failure, also inside a script", Flag{&Options::strict}},
+    {"--force", "", "replace drawings that others have changed or work on", Flag{&Options::force}},
     {"--keep-going", "", "save even after a failure", Flag{&Options::keepGoing}},
     {"--progress", "auto|never|json", "progress of long work", Choice{&Options::progress}},
 };

@@ -37,6 +37,7 @@ struct Options {
   bool frontal = true;
   bool quiet = false;
   bool strict = false;     // the first failure ends the run
+  bool force = false;      // saves replace what others have changed
   bool keepGoing = false;  // what was done is saved although something failed
   Progress progress = Progress::automatic;
 };

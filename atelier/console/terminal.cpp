@@ -106,14 +106,22 @@ class TerminalSource : public InputSource {
     }
     if (!line) {
       std::printf("\n");
+      // At the command prompt Ctrl-D is QUIT, which asks before work is lost. The end of a file that stands for the terminal,
+      // where no one answers, is the end all the same.
+      if (prompt.isCommand && Document::needed().imp().modified && !std::exchange(ended_, true))
+        return Input::line("QUIT");
       return {};
     }
+    ended_ = false;
     std::string text(line);
     std::free(line);
     if (!text.empty()) add_history(text.c_str());
     return Input::line(text);
   }
   bool echoes() const override { return true; }
+
+ private:
+  bool ended_ = false;  // the last line was the end of the input
 };
 
 }  // namespace

@@ -118,6 +118,36 @@ void Document::drawingOpened() {
   view_ = previousView = activeView(imp());
   for (const auto& attachment : attachments_) attachment->drawingOpened();
   imp().modified = false;
+  fileSaved();
+}
+
+void Document::fileSaved() {
+  mark_ = FileMark::of(imp().path);
+  if (!holdsLock_) return;
+  if (imp().path.empty()) lock_.release();
+  else lock_.take(imp().path);
+}
+
+void Document::holdLock() {
+  holdsLock_ = true;
+  fileSaved();
+}
+
+std::string Document::objection(const std::string& path) const {
+  if (const std::string other = DrawingLock::holder(path); !other.empty())
+    return "un autre programme travaille sur ce dessin (" + other + ")";
+  std::error_code error;
+  const std::string& own = imp_path();
+  if (own.empty() || mark_ == FileMark{} || !(own == path || std::filesystem::equivalent(own, path, error))) return {};
+  const FileMark now = FileMark::of(path);
+  return now == mark_ || now == FileMark{} ? std::string() : "ce fichier a changé depuis qu'il a été ouvert";
+}
+
+void Document::checkTarget(const std::string& path) const {
+  checkSaving();
+  if (overwritesOthers) return;
+  if (const std::string why = objection(path); !why.empty())
+    throw FileError(path, 0, why + ": enregistrez le dessin sous un autre nom");
 }
 
 void Document::drawingClosing() {
@@ -169,9 +199,11 @@ std::vector<std::string> Document::saveAs(const std::string& path, std::string_v
     save(path);
     return {};
   }
+  checkTarget(path);
   setNewView();
   auto lost = dxf::saveAs(*database_, path, release.empty() ? dxf::releaseNamed(own) : release, binary);
   imp().modified = false;
+  mark_ = FileMark::of(imp().path);
   return lost;
 }
 
@@ -186,9 +218,10 @@ void Document::checkSaving() const {
 }
 
 void Document::save(const std::string& path) {
-  checkSaving();
+  checkTarget(path);
   setNewView();
   dxf::save(*database_, path);
+  fileSaved();
 }
 
 }  // namespace atelier

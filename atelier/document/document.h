@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "atelier/database/lists/entity_groups.h"
+#include "atelier/document/drawing_lock.h"
 #include "atelier/document/prompter.h"
 #include "atelier/document/selection_set.h"
 #include "atelier/document/services.h"
@@ -110,6 +111,12 @@ class Document {
   void tellFailure(const std::string& message);
   // Throws Error when nothing may be saved after a failure.
   void checkSaving() const;
+  // Marks the drawing as being worked on, for other programs, until it is closed; so too those opened or saved later.
+  void holdLock();
+  // Why the file should not be replaced without asking: another program works on it, or it has changed since it was
+  // opened. Empty when it may. Saving then throws, unless `overwritesOthers`.
+  std::string objection(const std::string& path) const;
+  bool overwritesOthers = false;
   // Receives the messages of failures in place of the printer; null: the printer gets them.
   Printer failurePrinter;
   void countFailure() { ++failures_; }
@@ -135,6 +142,8 @@ class Document {
   const std::string& imp_path() const { return AcDbImpDatabase::of(database_.get()).path; }
   void drawingOpened();
   void drawingClosing();
+  void checkTarget(const std::string& path) const;
+  void fileSaved();
   void runLine(const std::string& line);
   bool beginsLine(const std::string& line);
   void leaveAnswers(InputSource& source, const std::string& place);
@@ -147,6 +156,9 @@ class Document {
   std::vector<std::unique_ptr<AcDbDatabase>> closed_;  // drawings whose objects AutoLISP values may still name
   std::unique_ptr<AcDbDatabase> database_;
   std::unique_ptr<SpatialIndex> index_;
+  FileMark mark_;  // of the drawing's file as it was opened or saved
+  DrawingLock lock_;
+  bool holdsLock_ = false;
   std::unique_ptr<lisp::Console> console_;
   std::unique_ptr<TrustedSearch> search_;
   SystemVariables variables_;

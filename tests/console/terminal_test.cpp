@@ -90,4 +90,14 @@ TEST_F(Terminal, CtrlCStopsWhatRuns) {
   EXPECT_TRUE(answers("(* 6 7)", "42"));
 }
 
+// Ctrl-D ends the program as QUIT does: with unsaved work only when the user says so.
+TEST_F(Terminal, CtrlDKeepsUnsavedWork) {
+  EXPECT_TRUE(answers("(command \"_LINE\" \"0,0\" \"1,1\" \"\")", "nil"));
+  type("\x04");
+  EXPECT_TRUE(shows("Abandonner les modifications? [Oui/Non] <N>:"));
+  type("\n");
+  EXPECT_TRUE(shows(kPrompt));
+  EXPECT_TRUE(answers("(+ 40 2)", "42"));
+}
+
 }  // namespace

@@ -13,25 +13,42 @@ namespace atelier {
 namespace {
 
 constexpr const char* kYesNo = "Oui Non _Yes No";
+// Enter keeps the work.
+constexpr const char* kDiscard = "\nAbandonner les modifications? [Oui/Non] <N>: ";
 
 std::string withExtension(const std::string& path) {
   return std::filesystem::path(path).has_extension() ? path : path + ".dxf";
 }
 
+// Lets one save replace what others have changed, as the user has said.
+class Overwriting {
+ public:
+  explicit Overwriting(Document& document) : document_(document), before_(document.overwritesOthers) {
+    document.overwritesOthers = true;
+  }
+  ~Overwriting() { document_.overwritesOthers = before_; }
+  Overwriting(const Overwriting&) = delete;
+  Overwriting& operator=(const Overwriting&) = delete;
+
+ private:
+  Document& document_;
+  bool before_;
+};
+
 std::string fileName(const std::string& given) { return withExtension(std::string(trimmed(given))); }
 
 CommandTask newDrawing(Command& c) {
   if (c.document.imp().modified) {
-    const auto discard = co_await c.keyword("\nAbandonner les modifications? [Oui/Non] <O>: ", kYesNo);
-    if (discard.is("No")) co_return;
+    const auto discard = co_await c.keyword(kDiscard, kYesNo);
+    if (!discard.is("Yes")) co_return;
   }
   c.document.open({});
 }
 
 CommandTask open(Command& c) {
   if (c.document.imp().modified) {
-    const auto discard = co_await c.keyword("\nAbandonner les modifications? [Oui/Non] <O>: ", kYesNo);
-    if (discard.is("No")) co_return;
+    const auto discard = co_await c.keyword(kDiscard, kYesNo);
+    if (!discard.is("Yes")) co_return;
   }
   const auto given = co_await c.line("\nNom du dessin à ouvrir: ");
   if (given.value.empty()) co_return;
@@ -69,7 +86,14 @@ CommandTask qsave(Command& c) {
     path = std::string(trimmed(given.value));
     if (path.empty()) co_return;
   }
-  c.document.save(withExtension(path));
+  path = withExtension(path);
+  const std::string why = c.document.objection(path);
+  if (!why.empty() && !c.document.overwritesOthers) {
+    const auto replace = co_await c.keyword("\n" + why + ". Le remplacer? [Oui/Non] <N>: ", kYesNo);
+    if (!replace.is("Yes")) c.fail(path + ": " + why + "; le dessin n'est pas enregistré");
+  }
+  const Overwriting allowed(c.document);
+  c.document.save(path);
 }
 
 // "R12", "2000", "R2000", "LT2000" ... as a release; empty for any other word.
@@ -104,10 +128,13 @@ CommandTask saveas(Command& c) {
   if (given.value.empty()) co_return;
   const std::string path = fileName(given.value);
   std::error_code error;
-  if (std::filesystem::exists(path, error) && c.document.variables().integer("EXPERT", 0) < 2) {
-    const auto replace = co_await c.keyword("\nCe fichier existe. Le remplacer? [Oui/Non] <N>: ", kYesNo);
+  const std::string why = c.document.objection(path);
+  if ((std::filesystem::exists(path, error) && c.document.variables().integer("EXPERT", 0) < 2) || !why.empty()) {
+    const std::string told = why.empty() ? "Ce fichier existe" : why;
+    const auto replace = co_await c.keyword("\n" + told + ". Le remplacer? [Oui/Non] <N>: ", kYesNo);
     if (!replace.is("Yes")) co_return;
   }
+  const Overwriting allowed(c.document);
   for (const std::string& lost : c.document.saveAs(path, release, binary)) c.print("\n" + lost);
 }
 

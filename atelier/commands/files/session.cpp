@@ -16,8 +16,8 @@ namespace {
 
 CommandTask quit(Command& c) {
   if (c.document.imp().modified) {
-    const auto discard = co_await c.keyword("\nAbandonner les modifications? [Oui/Non] <O>: ", "Oui Non _Yes No");
-    if (discard.is("No")) co_return;
+    const auto discard = co_await c.keyword("\nAbandonner les modifications? [Oui/Non] <N>: ", "Oui Non _Yes No");
+    if (!discard.is("Yes")) co_return;
   }
   requestQuit();
 }

@@ -127,9 +127,16 @@ bool MainWindow::save(bool underNewName) {
     complain(QStringLiteral("Les dessins s'enregistrent en .dxf."));
     return false;
   }
+  Document& document = d->document();
+  const std::string why = document.objection(path.toStdString());
+  const QString question = QStringLiteral("%1: %2. Le remplacer ?").arg(path, QString::fromStdString(why));
+  if (!why.empty() && ask(question, {QStringLiteral("Oui"), QStringLiteral("Non")}) != "oui") return false;
   try {
-    d->document().save(path.toStdString());
+    document.overwritesOthers = !why.empty();
+    document.save(path.toStdString());
+    document.overwritesOthers = false;
   } catch (const Error& error) {
+    document.overwritesOthers = false;
     complain(QString::fromUtf8(error.what()));
     return false;
   }
