@@ -5,7 +5,7 @@
 #include "atelier/commands/command_prompts.h"
 #include "atelier/commands/command_table.h"
 #include "atelier/commands/files/audit_report.h"
-#include "atelier/document/document.h"
+#include "atelier/document/overwriting_others.h"
 #include "atelier/dxf/versions/export.h"
 #include "atelier/dxf/versions/versions.h"
 
@@ -19,21 +19,6 @@ constexpr const char* kDiscard = "\nAbandonner les modifications? [Oui/Non] <N>:
 std::string withExtension(const std::string& path) {
   return std::filesystem::path(path).has_extension() ? path : path + ".dxf";
 }
-
-// Lets one save replace what others have changed, as the user has said.
-class Overwriting {
- public:
-  explicit Overwriting(Document& document) : document_(document), before_(document.overwritesOthers) {
-    document.overwritesOthers = true;
-  }
-  ~Overwriting() { document_.overwritesOthers = before_; }
-  Overwriting(const Overwriting&) = delete;
-  Overwriting& operator=(const Overwriting&) = delete;
-
- private:
-  Document& document_;
-  bool before_;
-};
 
 std::string fileName(const std::string& given) { return withExtension(std::string(trimmed(given))); }
 
@@ -92,7 +77,7 @@ CommandTask qsave(Command& c) {
     const auto replace = co_await c.keyword("\n" + why + ". Le remplacer? [Oui/Non] <N>: ", kYesNo);
     if (!replace.is("Yes")) c.fail(path + ": " + why + "; le dessin n'est pas enregistré");
   }
-  const Overwriting allowed(c.document);
+  const OverwritingOthers allowed(c.document);
   c.document.save(path);
 }
 
@@ -134,7 +119,7 @@ CommandTask saveas(Command& c) {
     const auto replace = co_await c.keyword("\n" + told + ". Le remplacer? [Oui/Non] <N>: ", kYesNo);
     if (!replace.is("Yes")) co_return;
   }
-  const Overwriting allowed(c.document);
+  const OverwritingOthers allowed(c.document);
   for (const std::string& lost : c.document.saveAs(path, release, binary)) c.print("\n" + lost);
 }
 

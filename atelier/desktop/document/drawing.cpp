@@ -52,12 +52,8 @@ Drawing::Drawing(const QString& path, std::vector<std::string>* messages) {
       [this](std::string_view text) {
         if (onPrinted) onPrinted(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
       },
-<<<<<<< HEAD
       path.toStdString(), messages);
-=======
-      path.toStdString());
   document_->holdLock();
->>>>>>> fichiers
   loadFrontal(*document_);
   document_->imp().modified = false;
   bind();

@@ -10,6 +10,7 @@
 
 #include "atelier/commands/files/audit_report.h"
 #include "atelier/desktop/window/main_window.h"
+#include "atelier/document/overwriting_others.h"
 
 namespace atelier::desktop {
 namespace {
@@ -132,11 +133,9 @@ bool MainWindow::save(bool underNewName) {
   const QString question = QStringLiteral("%1: %2. Le remplacer ?").arg(path, QString::fromStdString(why));
   if (!why.empty() && ask(question, {QStringLiteral("Oui"), QStringLiteral("Non")}) != "oui") return false;
   try {
-    document.overwritesOthers = !why.empty();
+    const OverwritingOthers allowed(document);
     document.save(path.toStdString());
-    document.overwritesOthers = false;
   } catch (const Error& error) {
-    document.overwritesOthers = false;
     complain(QString::fromUtf8(error.what()));
     return false;
   }
