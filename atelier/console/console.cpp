@@ -22,7 +22,7 @@
 #include "atelier/console/options.h"
 #include "atelier/console/progress.h"
 #include "atelier/console/terminal.h"
-#include "atelier/document/script_file.h"
+#include "atelier/document/files/script_file.h"
 #include "atelier/dxf/versions/versions.h"
 #include "atelier/exchange/exchange.h"
 #include "atelier/plugin/installation.h"

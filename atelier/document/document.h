@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "atelier/database/lists/entity_groups.h"
-#include "atelier/document/drawing_lock.h"
+#include "atelier/document/files/drawing_lock.h"
 #include "atelier/document/prompter.h"
 #include "atelier/document/selection_set.h"
 #include "atelier/document/services.h"
@@ -172,6 +172,21 @@ class Document {
   bool stopped_ = false;  // the user has interrupted the last line
   std::vector<std::unique_ptr<Attachment>> attachments_;
   int failures_ = 0;
+};
+
+// Lets a document's saves replace what other programs have changed, as the user has said, until it ends.
+class OverwritingOthers {
+ public:
+  explicit OverwritingOthers(Document& document) : document_(document), before_(document.overwritesOthers) {
+    document.overwritesOthers = true;
+  }
+  ~OverwritingOthers() { document_.overwritesOthers = before_; }
+  OverwritingOthers(const OverwritingOthers&) = delete;
+  OverwritingOthers& operator=(const OverwritingOthers&) = delete;
+
+ private:
+  Document& document_;
+  bool before_;
 };
 
 // Converts a drawing of another format: gives the path of a temporary DXF file, which is removed once it is open, or

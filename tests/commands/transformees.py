@@ -156,8 +156,8 @@ def text_of(doc, entity):
 
 
 def run(source, lisp, target):
-    done = subprocess.run([KAVEL, source, "--no-frontal", "-e", lisp, "--save", target], capture_output=True, text=True,
-                          timeout=60)
+    done = subprocess.run([KAVEL, source, "--no-frontal", "--keep-going", "-e", lisp, "--save", target], capture_output=True,
+                          text=True, timeout=60)
     return done.returncode, done.stdout + done.stderr
 
 

@@ -76,7 +76,7 @@ def main():
                                       ("1000", "vide.dxf", "attendue sur le calque FEUILLE"), ("1000", "absent.dxf", "introuvable")):
             made = run(folder, profile + [f'(plv-feuilles (plv-profils) "{model}" {scale}.0 "x" "f.pdf")'])
             expect(f"status of {model} at {scale}", made.returncode, 1)
-            expect(f"message of {model} at {scale}", message in made.stdout, True)
+            expect(f"message of {model} at {scale}", message in made.stderr, True)
         expect("the file stays", "Pages:           3" in subprocess.run(["pdfinfo", pdf], capture_output=True, text=True, check=True).stdout, True)
     for fault in faults:
         print(fault)

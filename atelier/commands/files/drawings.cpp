@@ -5,7 +5,7 @@
 #include "atelier/commands/command_prompts.h"
 #include "atelier/commands/command_table.h"
 #include "atelier/commands/files/audit_report.h"
-#include "atelier/document/overwriting_others.h"
+#include "atelier/document/document.h"
 #include "atelier/dxf/versions/export.h"
 #include "atelier/dxf/versions/versions.h"
 

@@ -8,7 +8,7 @@
 #include "atelier/commands/command_table.h"
 #include "atelier/commands/commands.h"
 #include "atelier/document/document.h"
-#include "atelier/document/script_file.h"
+#include "atelier/document/files/script_file.h"
 #include "atelier/variables/variable_table.h"
 
 namespace atelier {

@@ -10,7 +10,6 @@
 
 #include "atelier/commands/files/audit_report.h"
 #include "atelier/desktop/window/main_window.h"
-#include "atelier/document/overwriting_others.h"
 
 namespace atelier::desktop {
 namespace {

@@ -1,5 +1,5 @@
 // A lock file is made in one step with its contents, by a link to a finished file, so that no half of it is ever read.
-#include "atelier/document/drawing_lock.h"
+#include "atelier/document/files/drawing_lock.h"
 
 #include <sys/stat.h>
 #include <unistd.h>

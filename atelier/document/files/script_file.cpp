@@ -1,5 +1,5 @@
 // Scripts in any of the encodings of text files, with or without a byte order mark.
-#include "atelier/document/script_file.h"
+#include "atelier/document/files/script_file.h"
 
 #include <sys/stat.h>
 
