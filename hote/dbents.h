@@ -29,6 +29,7 @@ class AcDbCurve : public AcDbEntity {
   virtual Acad::ErrorStatus getDistAtPoint(const AcGePoint3d& point, double& distance) const;
   virtual Acad::ErrorStatus getPointAtDist(double distance, AcGePoint3d& point) const;
   virtual Acad::ErrorStatus getFirstDeriv(double param, AcGeVector3d& derivative) const;
+  virtual Acad::ErrorStatus getSecondDeriv(double param, AcGeVector3d& derivative) const;
   virtual Acad::ErrorStatus getClosestPointTo(const AcGePoint3d& point, AcGePoint3d& onCurve,
                                               bool extend = false) const;
   // The area enclosed, in square drawing units; an open curve is closed by a chord. eNotApplicable for straight

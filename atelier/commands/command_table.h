@@ -52,6 +52,8 @@ std::span<const CommandRow> inquiryCommands();
 // The command with the typed name; leading _ . and ' are ignored. French and English names are all different. The name
 // of a system variable gives the row of SETVAR.
 const CommandRow* commandRow(std::string_view typed);
+// The same, for one that UNDEFINE has not taken away from the document, or with a leading point.
+const CommandRow* commandRow(const Document& document, std::string_view typed);
 // All that are offered here, in no order.
 std::vector<const CommandRow*> offeredCommands();
 // A name as typed, without the marks, in upper case.

@@ -70,8 +70,14 @@ const CommandRow* commandRow(std::string_view typed) {
   return variableRow(name) && name != "SETVAR" ? commandRow("SETVAR") : nullptr;
 }
 
+const CommandRow* commandRow(const Document& document, std::string_view typed) {
+  const CommandRow* row = commandRow(typed);
+  const bool pointed = typed.starts_with('.') || typed.starts_with("_.");
+  return row && !pointed && document.undefinedCommands.contains(std::string(row->name)) ? nullptr : row;
+}
+
 bool runBuiltinCommand(Document& document, const std::string& name) {
-  const CommandRow* row = commandRow(name);
+  const CommandRow* row = commandRow(document, name);
   if (!row) return false;
   if (!row->function) {
     document.fail("Commande " + std::string(row->name) + " non disponible ici. " + std::string(row->help));

@@ -136,11 +136,7 @@ class Run {
 
   void list() {
     std::fputs(listing(document_).c_str(), stdout);
-    if (document_.interpreter().get("PLV-DECRIRE").isNil()) return;
-    document_.takeTranscript();
-    document_.evaluate("(plv-decrire)");
-    // Without --quiet it was printed as it came.
-    if (options_.quiet) std::fputs(document_.takeTranscript().c_str(), stdout);
+    if (!document_.interpreter().get("PLV-DECRIRE").isNil()) document_.evaluate("(plv-decrire)");
   }
 
   void audit() {
@@ -153,9 +149,8 @@ class Run {
   bool unsound_ = false;  // the audit has found errors: a failure, but none of a command
 };
 
-// What the command line prints; dropped under --quiet. Errors then go to stderr.
-void print(const Options& options, std::string_view text) {
-  if (options.quiet || text.empty()) return;
+void print(std::string_view text) {
+  if (text.empty()) return;
   lineIsOpen = text.back() != '\n';
   std::fwrite(text.data(), 1, text.size(), stdout);
 }
@@ -201,7 +196,8 @@ int carryOutAll(const Options& options) {
   }
   // A terminal shows what a program prints at once, even without a line feed.
   if (isatty(STDOUT_FILENO)) std::setvbuf(stdout, nullptr, _IONBF, 0);
-  const Printer printer = [&options](std::string_view text) { print(options, text); };
+  // Under --quiet what programs print is left of what the command line shows.
+  const Printer printer = options.quiet ? Printer([](std::string_view) {}) : Printer(print);
   ProgressReport progress(interactive ? Progress::never : options.progress, options.actions.size() + 1);
   progress.begin("open", options.drawing);
   const auto opened = openDocument(options, printer);
@@ -219,6 +215,7 @@ int carryOutAll(const Options& options) {
   std::signal(SIGXFSZ, SIG_IGN);  // a file above the limit is an error of the write, not the end of the program
   if (const std::string trouble = installationTrouble(); !trouble.empty()) complain(trouble);
   if (options.frontal && !loadFrontal(document)) return kFileTrouble;
+  if (options.quiet) document.programPrinter = print;
   Run run(options, document);
   for (const Action& action : options.actions) {
     progress.begin(std::string(actionName(action.kind)), action.argument);

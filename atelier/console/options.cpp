@@ -60,7 +60,7 @@ constexpr Row kRows[] = {
     {"--fix", "", "with --audit: repair what can be repaired", Flag{&Options::fix}},
     {"--list", "", "entities by type, layers, profiles, in short", ActionKind::list},
     {"--no-frontal", "", "do not load the front-end", Flag{&Options::frontal, false}},
-    {"--quiet", "", "print results and errors only", Flag{&Options::quiet}},
+    {"--quiet", "", "print what programs print, results and errors only", Flag{&Options::quiet}},
     {"--strict", "", "stop at the first failure, also inside a script", Flag{&Options::strict}},
     {"--force", "", "replace drawings that others have changed or work on", Flag{&Options::force}},
     {"--keep-going", "", "save even after a failure", Flag{&Options::keepGoing}},

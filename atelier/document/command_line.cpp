@@ -108,8 +108,10 @@ bool Document::runCommand(const std::string& name) {
   const lisp::Value function = interpreter_->get("C:" + upper);
   if (!function.isNil()) {
     try {
-      interpreter_->call(function, {});
+      const lisp::Value value = interpreter_->call(function, {});
       finishCommand();
+      // As with an expression; what applications publish gives nothing of interest.
+      if (function.isUserSubr() && value != interpreter_->quiet()) print(interpreter_->printed(value) + "\n");
     } catch (const lisp::Error& error) {
       cancelCommand();
       stopped_ |= error.kind == lisp::Error::Kind::Interrupt;

@@ -26,7 +26,10 @@ constexpr const char* kConverted = "Dessin converti: il s'enregistre en DXF.\n";
 class CommandLineConsole : public lisp::Console {
  public:
   explicit CommandLineConsole(Document& document) : document_(document) {}
-  void write(std::string_view utf8) override { document_.print(utf8); }
+  void write(std::string_view utf8) override {
+    document_.print(utf8);
+    if (document_.programPrinter) document_.programPrinter(utf8);
+  }
   std::optional<std::string> readLine() override {
     const Input input = document_.prompter().read({});
     if (input.kind != Input::Kind::text) return std::nullopt;

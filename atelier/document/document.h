@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -84,6 +85,8 @@ class Document {
   DialogPresenter* dialogPresenter = nullptr;
   // The previous selection ("P" of ssget) and the one that sssetfirst shows.
   std::shared_ptr<SelectionSet> previousSelection, firstSelection;
+  // The first selection when a program has set it: then commands that programs call use it, too.
+  std::weak_ptr<SelectionSet> selectedByProgram;
   // The set that a running prompt for objects collects; empty after its end.
   std::weak_ptr<SelectionSet> pendingSelection;
 
@@ -111,6 +114,8 @@ class Document {
   void tellFailure(const std::string& message);
   // Throws Error when nothing may be saved after a failure.
   void checkSaving() const;
+  // English names of commands that are found only with a leading point, since programs put their own in their place.
+  std::set<std::string> undefinedCommands;
   // Marks the drawing as being worked on, for other programs, until it is closed; so too those opened or saved later.
   void holdLock();
   // Why the file should not be replaced without asking: another program works on it, or it has changed since it was
@@ -119,6 +124,8 @@ class Document {
   bool overwritesOthers = false;
   // Receives the messages of failures in place of the printer; null: the printer gets them.
   Printer failurePrinter;
+  // Receives what AutoLISP programs print, beside the printer; null: the printer alone.
+  Printer programPrinter;
   void countFailure() { ++failures_; }
 
   const std::string& path() const { return imp_path(); }

@@ -20,7 +20,7 @@ std::unique_ptr<CommandRun> begin(Interpreter& in, Document& document, Value nam
   const std::string text(trimmed(name.text()));
   if (text.empty()) return nullptr;
   document.print("\nCommande: " + text + "\n");
-  const CommandRow* row = commandRow(text);
+  const CommandRow* row = commandRow(document, text);
   if (!row) throw Error("Commande inconnue \"" + upperCase(text) + "\".");
   if (!row->function)
     throw Error("Commande " + std::string(row->name) + " non disponible ici. " + std::string(row->help));

@@ -68,10 +68,11 @@ Value realAtPoint(Interpreter& in, Arguments arguments) {
   return realOrNil((curve.*ASK)(pointOf(in, arguments[1]), value), value);
 }
 
-Value firstDerivative(Interpreter& in, Arguments arguments) {
+template <Acad::ErrorStatus (AcDbCurve::*ASK)(double, AcGeVector3d&) const>
+Value derivative(Interpreter& in, Arguments arguments) {
   const AcDbCurve& curve = curveArgument(in, arguments[0]);
   AcGeVector3d derivative;
-  const auto status = curve.getFirstDeriv(lisp::numberArgument(in, arguments[1]), derivative);
+  const auto status = (curve.*ASK)(lisp::numberArgument(in, arguments[1]), derivative);
   return pointOrNil(in, status, AcGePoint3d() + derivative);
 }
 
@@ -153,8 +154,10 @@ constexpr lisp::Builtin kTable[] = {
      "Longueur de la courbe du début à un paramètre."},
     {"vlax-curve-getDistAtPoint", realAtPoint<&Curve::getDistAtPoint>, 2, 2, "(vlax-curve-getDistAtPoint courbe point)",
      "Longueur de la courbe du début à un point qui est dessus."},
-    {"vlax-curve-getFirstDeriv", firstDerivative, 2, 2, "(vlax-curve-getFirstDeriv courbe paramètre)",
+    {"vlax-curve-getFirstDeriv", derivative<&AcDbCurve::getFirstDeriv>, 2, 2, "(vlax-curve-getFirstDeriv courbe paramètre)",
      "Dérivée d'une courbe à un paramètre: sa direction."},
+    {"vlax-curve-getSecondDeriv", derivative<&AcDbCurve::getSecondDeriv>, 2, 2,
+     "(vlax-curve-getSecondDeriv courbe paramètre)", "Dérivée seconde par le paramètre, ou nil."},
     {"vlax-curve-getClosestPointTo", closestPoint, 2, 3, "(vlax-curve-getClosestPointTo courbe point [prolonger])",
      "Point de la courbe le plus proche d'un point."},
     {"vlax-curve-getClosestPointToProjection", closestPointProjected, 3, 4,

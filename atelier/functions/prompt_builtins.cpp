@@ -139,6 +139,20 @@ Value selected(Interpreter& in, Arguments arguments, bool nested) {
 Value entsel(Interpreter& in, Arguments arguments) { return selected(in, arguments, false); }
 Value nentsel(Interpreter& in, Arguments arguments) { return selected(in, arguments, true); }
 
+// (nentselp [prompt] [point]): with a point nothing is asked.
+Value nentselp(Interpreter& in, Arguments arguments) {
+  Document& document = Document::needed();
+  const bool asks = arguments.empty() || !pointFromValue(arguments.back());
+  if (!asks) {
+    const AcGePoint3d point = *pointFromValue(arguments.back());
+    const AcDbObjectId id = pickAt(document, point);
+    return id.isNull() ? lisp::nil : nestedPick(document, id, point, MatrixForm::square);
+  }
+  const Value picked = entsel(in, arguments.first(std::min<std::size_t>(arguments.size(), 1)));
+  if (!picked.isPair()) return picked;
+  return nestedPick(document, AcDbObjectId(stubOfValue(picked.car())), *pointFromValue(picked.cdr().car()), MatrixForm::square);
+}
+
 // (getfiled title default extension flags): without a dialog the path is asked for as a line.
 Value getfiled(Interpreter& in, Arguments arguments) {
   const std::string title = textArgument(in, arguments[0]), proposed = textArgument(in, arguments[1]),
@@ -177,6 +191,7 @@ constexpr lisp::Builtin kTable[] = {
     {"getstring", getstring, 0, 2, "(getstring [espaces] [texte])",
      "Demande un texte; avec espaces s'il y a un premier argument non nil."},
     {"entsel", entsel, 0, 1, "(entsel [texte])", "Demande une entité; rend l'entité et le point, ou nil."},
+    {"nentselp", nentselp, 0, 2, "(nentselp [texte] [point])", "Comme nentsel, en un point donné; la matrice a quatre colonnes."},
     {"nentsel", nentsel, 0, 1, "(nentsel [texte])", "Comme entsel, mais descend dans les blocs jusqu'à l'entité."},
     {"getfiled", getfiled, 4, 4, "(getfiled titre proposition extension bits)",
      "Demande le chemin d'un fichier, ou nil."},

@@ -114,6 +114,7 @@ Value sssetfirst(Interpreter& in, Arguments arguments) {
   const Value pick = lisp::optional(arguments, 1);
   document.firstSelection =
       pick.isNil() ? nullptr : (setArgument(in, pick), std::static_pointer_cast<SelectionSet>(pick.selection()));
+  document.selectedByProgram = document.firstSelection;
   return in.list({lisp::nil, pick});
 }
 

@@ -76,6 +76,13 @@ std::optional<AcGeVector3d> Curve::derivativeAt(double param) const {
   return shapeDerivative(p.shape, place->second) * rate(p);
 }
 
+std::optional<AcGeVector3d> Curve::secondDerivativeAt(double param) const {
+  const auto place = locate(param);
+  if (!place) return std::nullopt;
+  const Piece& p = pieces_[place->first];
+  return shapeSecondDerivative(p.shape, place->second) * (rate(p) * rate(p));
+}
+
 const std::vector<double>& Curve::lengths() const {
   if (lengths_.empty()) {
     double sum = 0;

@@ -65,8 +65,9 @@ class Curve {
 
   // Nothing for a parameter outside the curve by more than a rounding error; an endless side has no outside.
   std::optional<AcGePoint3d> pointAt(double param) const;
-  std::optional<AcGeVector3d> derivativeAt(
-      double param) const;  // by the parameter; at a corner of the piece that begins
+  // By the parameter; at a corner of the piece that begins.
+  std::optional<AcGeVector3d> derivativeAt(double param) const;
+  std::optional<AcGeVector3d> secondDerivativeAt(double param) const;
   // Length along the curve from its start; nothing outside it. Endless curves measure from their base point.
   std::optional<double> distanceAt(double param) const;
   std::optional<double> paramAtDistance(double distance) const;

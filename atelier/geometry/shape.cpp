@@ -138,6 +138,16 @@ AcGeVector3d shapeDerivative(const Shape& shape, double own) {
                     shape);
 }
 
+AcGeVector3d shapeSecondDerivative(const Shape& shape, double own) {
+  return std::visit(overloaded{[](const Straight&) { return AcGeVector3d(); },
+                               [&](const Elliptic& e) { return e.u * -std::cos(own) - e.v * std::sin(own); },
+                               [&](const Spline& s) {
+                                 const Bezier& b = spanAt(s, own);
+                                 return b.second(localOf(b, own)) / ((b.to - b.from) * (b.to - b.from));
+                               }},
+                    shape);
+}
+
 bool shapeNearest(const Shape& shape, const AcGePoint3d& p, double& best, double& own) {
   if (const auto* s = std::get_if<Straight>(&shape)) return nearestOn(*s, p, best, own);
   if (const auto* e = std::get_if<Elliptic>(&shape); e && isCircle(*e)) return nearestOnCircle(*e, p, best, own);

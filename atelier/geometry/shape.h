@@ -12,6 +12,7 @@ double shapeStart(const Shape& shape);
 double shapeEnd(const Shape& shape);
 AcGePoint3d shapePoint(const Shape& shape, double own);
 AcGeVector3d shapeDerivative(const Shape& shape, double own);
+AcGeVector3d shapeSecondDerivative(const Shape& shape, double own);
 double shapeLength(const Shape& shape, double from, double to);  // negative backwards on an endless side
 double shapeParamAtLength(const Shape& shape, double length);    // from the start of the shape
 // When a point of the shape is nearer than `best`: sets `best` to its distance, `own` to its parameter, answers true.

@@ -32,14 +32,21 @@ Nearest nearestOf(const AcDbStub* owner, const AcGePoint3d& point) {
   return nearest;
 }
 
-lisp::Value matrixValue(lisp::Interpreter& in, const AcGeMatrix3d& m) {
+lisp::Value matrixValue(lisp::Interpreter& in, const AcGeMatrix3d& m, MatrixForm form) {
+  if (form == MatrixForm::square) {
+    const auto row = [&](int r) {
+      return in.list({lisp::Value::real(m(r, 0)), lisp::Value::real(m(r, 1)), lisp::Value::real(m(r, 2)),
+                      lisp::Value::real(m(r, 3))});
+    };
+    return in.list({row(0), row(1), row(2), row(3)});
+  }
   const auto column = [&](int c) { return in.point(m(0, c), m(1, c), m(2, c)); };
   return in.list({column(0), column(1), column(2), column(3)});
 }
 
 }  // namespace
 
-lisp::Value nestedPick(Document& document, AcDbObjectId picked, const AcGePoint3d& point) {
+lisp::Value nestedPick(Document& document, AcDbObjectId picked, const AcGePoint3d& point, MatrixForm form) {
   lisp::Interpreter& in = document.interpreter();
   AcDbStub* stub = picked;
   AcGeMatrix3d matrix;
@@ -58,7 +65,7 @@ lisp::Value nestedPick(Document& document, AcDbObjectId picked, const AcGePoint3
     stub = part.stub;
   }
   if (inserts.isNil()) return in.list({entityValue(in, stub), pointValue(in, point)});
-  return in.list({entityValue(in, stub), pointValue(in, point), matrixValue(in, matrix), inserts});
+  return in.list({entityValue(in, stub), pointValue(in, point), matrixValue(in, matrix, form), inserts});
 }
 
 }  // namespace atelier

@@ -17,7 +17,9 @@ double pickRadius(Document& document);
 double distanceTo(const AcDbEntity& entity, const AcGePoint3d& point);
 // What nentsel gives for a picked entity: (entity point) for an entity of the drawing or an attribute; (entity point
 // matrix (inserts...)) for a part of a block: the matrix from block to world coordinates as four rows of three, and the
-// inserts, innermost first.
-lisp::Value nestedPick(Document& document, AcDbObjectId picked, const AcGePoint3d& point);
+// inserts, innermost first. nentselp gives four rows of four instead, which move a column.
+enum class MatrixForm { fourRowsOfThree, square };
+lisp::Value nestedPick(Document& document, AcDbObjectId picked, const AcGePoint3d& point,
+                       MatrixForm form = MatrixForm::fourRowsOfThree);
 
 }  // namespace atelier

@@ -192,7 +192,8 @@ Answer SelectionPrompt::run() {
 }
 
 std::shared_ptr<SelectionSet> takeSelectedBefore(Document& document) {
-  if (!document.firstSelection || document.prompter().source->isProgram() ||
+  const bool byProgram = document.selectedByProgram.lock() == document.firstSelection;
+  if (!document.firstSelection || (document.prompter().source->isProgram() && !byProgram) ||
       document.variables().integer("PICKFIRST", 1) == 0)
     return nullptr;
   auto chosen = std::make_shared<SelectionSet>();

@@ -13,6 +13,7 @@ import quantities
 
 EDGE = F(11, 10**7)
 SHORT = F(1, 10**5)  # sections no longer than that aren't shown
+SUM = F(3, 10**6)  # what doubles lose of a volume over some hundred metres, three million from the origin
 
 
 class Measured:
@@ -66,15 +67,15 @@ def same_class(rows):
     return runs
 
 
-def visible(sections):
-    """The sections that three decimals of a station show."""
-    return [s for s in sections if s.length > F(2, 1000)]
+def visible(sections, first):
+    """The sections that three decimals of a station show; the first station is the profile's."""
+    return [s for s in sections if round((s.end + first) * 1000) - round((s.start + first) * 1000) > 2]
 
 
 def compare_listing(report, measured, said):
     rows, totals = quantities.listing(said, measured.profile.number, measured.kind)
     runs = [r for r in same_class(rows) if F(r[-1].end) - F(r[0].start) > F(2, 1000)]
-    wanted = visible(measured.sections)
+    wanted = visible(measured.sections, measured.profile.first)
     if not measured.straight:
         return compare_totals(report, measured, totals, len(rows))
     report.same("sections", measured.what + ", printed", [r[0].label for r in runs], [label(measured.classes, s.number) for s in wanted])
@@ -96,7 +97,7 @@ def compare_totals(report, measured, totals, count):
     report.same("sections", measured.what + ", total printed", totals is not None, True)
     values = [sum((getattr(s, name) for s in measured.sums), F(0)) for name in ("length", "surface", "volume")]
     for name, text, value in zip(("length", "surface", "volume"), totals or (), values):
-        slack = F(1, 10**6) if measured.straight else total_slack(measured, name, value)
+        slack = SUM if measured.straight else total_slack(measured, name, value)
         report.printed("sections", f"{measured.what}, total {name}", text, value, 3, slack)
 
 
@@ -230,5 +231,5 @@ def compare_legend(report, measured, drawing):
             continue
         report.same("legend", measured.what + ", class", row[0], values[0])
         for name, text, value in zip(("length", "surface", "volume"), row[1:], values[1:]):
-            slack = F(1, 10**6) if measured.straight else total_slack(measured, name, value)
+            slack = SUM if measured.straight else total_slack(measured, name, value)
             report.printed("legend", f"{measured.what}, {row[0]}, {name}", text, value, 2, slack)

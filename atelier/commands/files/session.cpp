@@ -66,10 +66,28 @@ CommandTask delay(Command& c) {
   }
 }
 
+std::string rowName(const Command& c, const std::string& typed) {
+  const CommandRow* row = commandRow(typed);
+  if (!row) c.fail("Commande inconnue: " + typed);
+  return std::string(row->name);
+}
+
+CommandTask undefine(Command& c) {
+  const auto name = co_await c.word("\nNom de la commande: ");
+  if (!name.value.empty()) c.document.undefinedCommands.insert(rowName(c, name.value));
+}
+
+CommandTask redefine(Command& c) {
+  const auto name = co_await c.word("\nNom de la commande: ");
+  if (!name.value.empty()) c.document.undefinedCommands.erase(rowName(c, name.value));
+}
+
 constexpr CommandRow kTable[] = {
     {"QUIT", "EXIT QUITTER", quit, "Quitte le programme."},
     {"SCRIPT", "SCR", script, "Exécute les lignes d'un fichier."},
     {"SETVAR", "SET MODIFVAR", setvar, "Règle une variable système; son nom est aussi une commande."},
+    {"UNDEFINE", "ANNULDEF", undefine, "Ôte une commande: son nom avec un point la trouve encore."},
+    {"REDEFINE", "REDEFINIR", redefine, "Rétablit une commande ôtée."},
     {"DELAY", "DELAI", delay, "Attend."},
 };
 

@@ -114,6 +114,9 @@ Acad::ErrorStatus AcDbCurve::getPointAtDist(double distance, AcGePoint3d& point)
 Acad::ErrorStatus AcDbCurve::getFirstDeriv(double param, AcGeVector3d& derivative) const {
   return ask(this, derivative, [&](const Curve& c) { return c.derivativeAt(param); });
 }
+Acad::ErrorStatus AcDbCurve::getSecondDeriv(double param, AcGeVector3d& derivative) const {
+  return ask(this, derivative, [&](const Curve& c) { return c.secondDerivativeAt(param); });
+}
 Acad::ErrorStatus AcDbCurve::getClosestPointTo(const AcGePoint3d& point, AcGePoint3d& onCurve, bool extend) const {
   return ask(this, onCurve, [&](const Curve& c) -> std::optional<AcGePoint3d> {
     if (!std::isfinite(point.x + point.y + point.z)) return std::nullopt;

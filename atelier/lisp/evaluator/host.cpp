@@ -21,8 +21,9 @@ namespace {
 
 std::optional<std::string> existing(const std::filesystem::path& path) {
   std::error_code error;
-  if (path.empty() || !std::filesystem::is_regular_file(path, error)) return std::nullopt;
-  return std::filesystem::absolute(path, error).lexically_normal().string();
+  const auto found = pathInAnyCase(path.string());
+  if (!found || !std::filesystem::is_regular_file(*found, error)) return std::nullopt;
+  return std::filesystem::absolute(*found, error).lexically_normal().string();
 }
 
 }  // namespace

@@ -23,7 +23,7 @@ Value openFile(Interpreter& in, Arguments arguments) {
   if (mode != "r" && mode != "w" && mode != "a") in.fail("bad argument value: open mode: " + prin1(arguments[1]));
   const Value encoding = optional(arguments, 2);
   const bool utf8 = encoding && lowerCase(stringArgument(in, encoding)).starts_with("utf8");
-  auto file = FileObject::open(path, mode[0], utf8);
+  auto file = FileObject::open(mode == "r" ? pathInAnyCase(path).value_or(path) : path, mode[0], utf8);
   return file ? in.file(std::move(file)) : nil;
 }
 
