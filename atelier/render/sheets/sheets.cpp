@@ -15,7 +15,7 @@
 #include "atelier/dxf/reading/reader.h"
 #include "atelier/render/painters/cairo_painter.h"
 #include "atelier/render/scene/groups.h"
-#include "atelier/render/scene/scene.h"
+#include "atelier/render/scene/whole_scene.h"
 #include "atelier/render/shapes/plot_error.h"
 #include "atelier/render/sheets/pdf_file.h"
 
@@ -88,18 +88,20 @@ class Composer {
   Affine paper() const { return {1, 0, 0, -1, -model_.sheet.xMin, model_.sheet.yMax}; }
 
   // Draws the part in the window with a map to the page.
-  void show(const DisplayList& list, const Affine& toPage, const Box& windowMm) const {
+  void show(const WholeScene& scene, const Affine& toPage, const Box& windowMm) const {
     PaintOptions options;
     options.toSurface = Affine::scaling(PdfFile::kPointsPerMm, PdfFile::kPointsPerMm) * toPage;
     options.unitsPerMm = PdfFile::kPointsPerMm;
     options.clip = fonts::rectangle(windowMm).bounds(Affine::scaling(PdfFile::kPointsPerMm, PdfFile::kPointsPerMm));
     options.thinnest = kHairlineMm * PdfFile::kPointsPerMm;
     options.embedFonts = true;
+    options.most = PdfFile::kMostPaths;
     options.step = checkInterruption;
-    paint(pdf_.context(), list, options);
+    Painting painting(pdf_.context(), options);
+    scene.each([&](const Primitive& item) { painting.item(item); });
   }
 
-  void views(const DisplayList& drawing, const Sheet& sheet) const {
+  void views(const WholeScene& drawing, const Sheet& sheet) const {
     const double perUnit = 1000 / sheet.scale;
     const Box room = fonts::rectangle(model_.room).bounds(paper());
     double width = 0, top = -INFINITY, bottom = INFINITY;
@@ -138,7 +140,7 @@ class Composer {
                                  std::make_shared<const std::vector<double>>(std::vector<double>{8, 1.5, 1, 1.5})}});
     Box clip = line;
     clip.xMin -= 1, clip.xMax += 1;
-    show(list, {}, clip);
+    show(WholeScene(std::move(list)), {}, clip);
   }
 
   PdfFile& pdf_;
@@ -162,16 +164,16 @@ Template readTemplate(const std::string& file) {
 std::vector<std::string> plotSheets(const AcDbDatabase& drawing, const Template& model,
                                     const std::vector<Sheet>& sheets, const std::string& file) {
   if (sheets.empty()) throw PlotError("aucune feuille à tracer");
-  const DisplayList list = drawScene(drawing, forPlot());
+  const WholeScene scene(drawing);
   PdfFile pdf(file);
-  std::vector<std::string> warnings = list.warnings;
+  std::vector<std::string> warnings = scene.warnings();
   for (const Sheet& sheet : sheets) {
     OpenTemplate opened(model, sheet.texts);
-    const DisplayList frame = drawScene(opened.database);
+    const WholeScene frame(opened.database);
     const Composer page(pdf, model);
-    page.views(list, sheet);
+    page.views(scene, sheet);
     page.show(frame, page.paper(), fonts::rectangle(model.sheet).bounds(page.paper()));
-    for (const std::string& warning : frame.warnings)
+    for (const std::string& warning : frame.warnings())
       if (std::ranges::find(warnings, warning) == warnings.end()) warnings.push_back(warning);
   }
   pdf.finish();
