@@ -17,6 +17,7 @@ HOUSES = {
         "database/curves": "database/objects geometry",
         "database/tables": "base database/objects database/curves",
         "database/entities": "base database/records database/objects database/curves fonts",
+        "database/dimensions": "base fonts database/records database/objects database/curves database/entities",
         "database/lists": "base database/records database/objects database/curves database/tables database/entities",
         "dxf/groups": "base database",
         "dxf/reading": "dxf/groups",

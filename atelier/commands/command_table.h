@@ -22,6 +22,7 @@ struct CommandRow {
 std::span<const CommandRow> drawingCommands();
 std::span<const CommandRow> shapeCommands();
 std::span<const CommandRow> divideCommands();
+std::span<const CommandRow> dimensionCommands();
 std::span<const CommandRow> plineCommands();
 std::span<const CommandRow> arcCommands();
 std::span<const CommandRow> blockCommands();

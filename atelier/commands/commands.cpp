@@ -29,11 +29,12 @@ bool isNamed(const CommandRow& row, std::string_view name) {
   return false;
 }
 
-constexpr auto kTables = {drawingCommands, shapeCommands,    divideCommands,  plineCommands,       arcCommands,
-                          blockCommands,   propertyCommands, textCommands,    editingCommands,     curveCommands,
-                          cornerCommands,  offsetCommands,   trimCommands,    explodeCommands,     polylineCommands,
-                          insertCommands,  layerCommands,    recordCommands,  drawingFileCommands, fileCommands,
-                          viewCommands,    undoCommands,     inquiryCommands, menuCommands,        helpCommands};
+constexpr auto kTables = {drawingCommands,  shapeCommands,  dimensionCommands, divideCommands,  plineCommands,
+                          arcCommands,      blockCommands,  propertyCommands,  textCommands,    editingCommands,
+                          curveCommands,    cornerCommands, offsetCommands,    trimCommands,    explodeCommands,
+                          polylineCommands, insertCommands, layerCommands,     recordCommands,  drawingFileCommands,
+                          fileCommands,     viewCommands,   undoCommands,      inquiryCommands, menuCommands,
+                          helpCommands};
 
 }  // namespace
 

@@ -11,7 +11,7 @@
 #include "atelier/database/objects/imp_database.h"
 #include "atelier/database/objects/imp_object.h"
 #include "atelier/dxf/reading/reader.h"
-#include "atelier/render/scene/groups.h"
+#include "atelier/database/records/groups.h"
 #include "atelier/render/scene/whole_scene.h"
 #include "atelier/render/shapes/plot_error.h"
 #include "atelier/render/sheets/pdf_file.h"
