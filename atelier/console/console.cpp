@@ -110,7 +110,7 @@ class Run {
       document_.fail("kavel: " + file + ": " + error.what());
       return true;
     }
-    for (const std::string& lost : document_.saveAs(file, release, options_.binary)) complain(lost);
+    for (const std::string& lost : document_.saveAs(file, release, options_.form())) complain(lost);
     if (!options_.quiet) complain("dessin enregistré: " + file);
     return true;
   }

@@ -113,6 +113,7 @@ void SceneBuilder::part(AcDbStub& owner, const Record& record, const Placement& 
   Groups groups(record);
   Look look = properties_.look(groups, at.inherited);
   look.patternScale *= at.scale;
+  if (options_.hidden) look.hidden = look.frozen = false;
   draw({owner, record, std::move(groups), at, look});
 }
 

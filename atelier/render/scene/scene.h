@@ -22,6 +22,7 @@ struct SceneOptions {
   std::size_t mostPrimitives =
       2'000'000;                    // of a list: then it ends with a warning; visits of entities: ten times as many
   int deepest = 40;                 // blocks within blocks
+  bool hidden = false;              // what is hidden is shown, too
   std::function<void()> step = {};  // called for each entity; may throw to stop
 };
 

@@ -11,14 +11,7 @@ namespace {
 constexpr std::size_t kKept = 200'000;  // primitives: some hundred megabytes
 
 bool visible(const Primitive& item) {
-  struct Find {
-    Colour operator()(const Stroke& s) const { return s.pen.colour; }
-    Colour operator()(const Fill& f) const { return f.colour; }
-    Colour operator()(const GlyphRun& g) const { return g.colour; }
-    Colour operator()(const Unbounded& u) const { return u.pen.colour; }
-    Colour operator()(const Dot& d) const { return d.pen.colour; }
-  };
-  const Colour colour = std::visit(Find{}, item.shape);
+  const Colour colour = colourOf(item.shape);
   const bool white = colour.kind == Colour::Kind::rgb && colour.r == 255 && colour.g == 255 && colour.b == 255;
   return colour.alpha > 0 && !white && colour.kind != Colour::Kind::background;
 }

@@ -37,6 +37,17 @@ struct BoxOf {
 
 }  // namespace
 
+Colour colourOf(const Shape& shape) {
+  struct Find {
+    Colour operator()(const Stroke& s) const { return s.pen.colour; }
+    Colour operator()(const Fill& f) const { return f.colour; }
+    Colour operator()(const GlyphRun& g) const { return g.colour; }
+    Colour operator()(const Unbounded& u) const { return u.pen.colour; }
+    Colour operator()(const Dot& d) const { return d.pen.colour; }
+  };
+  return std::visit(Find{}, shape);
+}
+
 std::optional<Primitive> primitive(std::uint64_t source, Shape shape) {
   const Box box = std::visit(BoxOf{}, shape);
   const auto* line = std::get_if<Unbounded>(&shape);

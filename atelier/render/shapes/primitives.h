@@ -75,6 +75,7 @@ struct Dot {
 };
 
 using Shape = std::variant<Stroke, Fill, GlyphRun, Unbounded, Dot>;
+Colour colourOf(const Shape& shape);
 
 struct Primitive {
   std::uint64_t source = 0;  // handle of the object in the drawing (for a block, of the reference)

@@ -5,8 +5,10 @@
 #include "atelier/database/objects/stub.h"
 #include "atelier/document/document.h"
 #include "atelier/document/values.h"
+#include "atelier/dxf/versions/old_form.h"
 #include "atelier/lisp/evaluator/arguments.h"
 #include "atelier/lisp/evaluator/root.h"
+#include "atelier/render/scene/old_form.h"
 #include "atelier/render/scene/scene.h"
 #include "atelier/render/sheets/sheets.h"
 
@@ -138,6 +140,9 @@ constexpr lisp::Builtin kTable[] = {
 
 }  // namespace
 
-void providePlots() { addDrawingBuiltins(kTable); }
+void providePlots() {
+  addDrawingBuiltins(kTable);
+  dxf::provideOldForm(oldForm);
+}
 
 }  // namespace atelier::render
