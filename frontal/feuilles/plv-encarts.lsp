@@ -48,10 +48,10 @@ fit."
 
 (defun plv-encarts-axe-largeur (profil) "Room for the labels of an axis." (* 6.0 (plv-ttxt profil)))
 
-(defun plv-encarts-axe (mesures distance / profil plan ttxt hauteur)
+(defun plv-encarts-axe (mesures d / profil plan ttxt hauteur)
   "The axis of the sheet that begins at a cut, with the altitudes of its plane: (width y1 y2 text-height (y . altitude) ...)."
   (setq profil (plv-cle 'profil mesures)
-        plan (plv-plan-en (plv-plans profil) (+ distance 1e-6))
+        plan (plv-plan-en (plv-plans profil) (+ d 1e-6))
         ttxt (plv-ttxt profil)
         hauteur (plv-hauteur-axe (plv-points-tn profil) (plv-echv profil) ttxt (plv-plans profil)))
   (append (list (plv-encarts-axe-largeur profil) (plv-cle 'y0 mesures) (+ (plv-cle 'y0 mesures) hauteur) (* 0.8 ttxt))

@@ -131,10 +131,10 @@ where there are no points."
   (setq date (rtos (fix (getvar "CDATE")) 2 0))
   (strcat (substr date 7 2) "/" (substr date 5 2) "/" (substr date 1 4)))
 
-(defun plv-feuilles:raccord (profil distance suite)
+(defun plv-feuilles:raccord (profil d suite)
   "What stands beside a match line: station, plane, and the sheet that goes on."
-  (strcat "Station " (plv-reel (+ (plv-premiere-station profil) distance) 2) "  -  PC "
-          (plv-reel (plv-plan-altitude (plv-plan-en (plv-plans profil) distance)) 2) "  -  feuille " (itoa suite)))
+  (strcat "Station " (plv-reel (+ (plv-premiere-station profil) d) 2) "  -  PC "
+          (plv-reel (plv-plan-altitude (plv-plan-en (plv-plans profil) d)) 2) "  -  feuille " (itoa suite)))
 
 (defun plv-feuilles:textes (profil echelle titre debut fin rang / origine longueur)
   (setq origine (plv-premiere-station profil) longueur (plv-longueur-profil profil))
@@ -236,7 +236,7 @@ where there are no points."
 
 ;; --- the call and the command
 
-(defun plv-feuilles (profils modele echelle titre fichier / place mesures feuilles trace)
+(defun plv-feuilles (profils modele echelle titre fichier / place mesures feuilles resultat)
   "Plots profiles on sheets of a template; nil for the scale takes the largest that fits. The number of sheets, or nil after a
 message."
   (setq modele (plv-feuilles:modele modele))
@@ -246,9 +246,9 @@ message."
                  echelle (cond (echelle) ((plv-feuilles:echelle mesures place))))
            (setq feuilles (plv-feuilles:toutes mesures echelle place titre)))
     (progn
-      (setq trace (vl-catch-all-apply 'tracer-feuilles (list fichier modele feuilles)))
-      (if (vl-catch-all-error-p trace)
-        (plv-erreur (vl-catch-all-error-message trace))
+      (setq resultat (vl-catch-all-apply 'tracer-feuilles (list fichier modele feuilles)))
+      (if (vl-catch-all-error-p resultat)
+        (plv-erreur (vl-catch-all-error-message resultat))
         (progn
           (plv-dire (strcat fichier ": " (itoa (length feuilles)) (if (cdr feuilles) " feuilles" " feuille") " au 1:"
                             (plv-feuilles:nombre echelle) "."))
