@@ -37,7 +37,7 @@
     (saisie (base profil projet echange)
      plv-nouveau plv-projet-fichier plv-projet-questions)
     (feuilles (base profil tableaux metres)
-     plv-feuilles)
+     plv-encarts plv-feuilles)
     (controle (base profil tableaux echange)
      plv-rapport plv-audit plv-bureau)))
 

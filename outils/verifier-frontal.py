@@ -4,7 +4,7 @@
 Every file of the rooms stands in the table and nothing is defined twice; a room calls, or reads at loading, only rooms that the
 table allows it, and no circle of rooms exists; a name with a colon is private to its file, or to its room when the file's head
 lists it ("Shared in the room: name name*"); a function sets its own variables or its file's, and one that is handed over
-(lambda) only its own; a local variable is used; layers are named as base/plv-dessin declares them; the kinds of rows of the tables
+(lambda) only its own; a local variable is used and doesn't have the name of a host's function; layers are named as base/plv-dessin declares them; the kinds of rows of the tables
 have fillers and rules, and docs/formats.md lists them all. Exit status 1 and one line for each fault.
 """
 import os
@@ -181,8 +181,22 @@ def stray_settings(form, own):
         yield from stray_settings(part, own)
 
 
+def bindings(form):
+    """All variables that a form and its lambdas bind."""
+    if isinstance(form, list) and form:
+        if form[0] in ("defun", "lambda"):
+            yield from (name for part in bound(form[2 if form[0] == "defun" else 1]) for name in part)
+        elif form[0] == "foreach":
+            yield form[1]
+        for part in form:
+            yield from bindings(part)
+
+
 def check_variables(sources):
+    functions = set(re.findall(r"^\| `\(([^ )`]+)", read(os.path.join(ROOT, "docs", "autolisp.md")), re.M))
     for source in sources:
+        names = {name for form in source.forms for name in bindings(form)}
+        yield from (f"{source}: the variable {name} hides the function of that name from all that is called" for name in sorted(names & functions))
         for form in source.forms:
             if form[0] != "defun":
                 continue

@@ -26,7 +26,6 @@
 #include "atelier/dxf/versions/versions.h"
 #include "atelier/exchange/exchange.h"
 #include "atelier/plugin/installation.h"
-#include "atelier/render/scene/scene.h"
 #include "atelier/render/scene/transients.h"
 #include "atelier/render/shapes/plot_error.h"
 #include "atelier/render/sheets/plot.h"
@@ -111,7 +110,7 @@ class Run {
       document_.fail("kavel: " + file + ": " + error.what());
       return true;
     }
-    for (const std::string& lost : document_.saveAs(file, release, options_.binary)) complain(lost);
+    for (const std::string& lost : document_.saveAs(file, release, options_.form())) complain(lost);
     if (!options_.quiet) complain("dessin enregistré: " + file);
     return true;
   }
@@ -128,9 +127,9 @@ class Run {
       complain(error.what());
       return false;
     }
-    render::DisplayList list = render::drawScene(document_.database(), render::forPlot());
-    render::addTransients(list, document_.transients());
-    for (const std::string& warning : render::plot(list, action.argument, plotOptions)) complain(warning);
+    render::WholeScene scene(document_.database());
+    render::addTransients(scene.above, document_.transients());
+    for (const std::string& warning : render::plot(scene, action.argument, plotOptions)) complain(warning);
     return true;
   }
 

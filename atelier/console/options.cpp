@@ -53,6 +53,7 @@ constexpr Row kRows[] = {
     {"--release", "RELEASE", "version of the saves after it: R12, R2000, R2004, R2007, R2010, R2013, R2018",
      &Settings::release},
     {"--binary", "", "saves are binary DXF", Flag{&Options::binary}},
+    {"--ascii", "", "saves are ASCII DXF, also those of a binary drawing", Flag{&Options::ascii}},
     {"--recover", "", "open what can be opened of a damaged drawing, and say what was left out",
      Flag{&Options::recover}},
     {"--overwrite", "", "with --recover: the damaged file may be saved over", Flag{&Options::overwrite}},
@@ -125,8 +126,9 @@ const char* withoutAction(const Options& options, const auto& isGiven) {
   };
   for (const char* name : {"--scale", "--paper", "--window", "--dpi"})
     if (isGiven(name) && !has(ActionKind::plot)) return "--scale, --paper, --window et --dpi demandent --plot";
-  for (const char* name : {"--release", "--binary"})
-    if (isGiven(name) && !has(ActionKind::save)) return "--release et --binary demandent --save";
+  for (const char* name : {"--release", "--binary", "--ascii"})
+    if (isGiven(name) && !has(ActionKind::save)) return "--release, --binary et --ascii demandent --save";
+  if (isGiven("--binary") && isGiven("--ascii")) return "--binary et --ascii s'excluent";
   if (isGiven("--fix") && !has(ActionKind::audit)) return "--fix demande --audit";
   if (isGiven("--overwrite") && !options.recover) return "--overwrite demande --recover";
   if (isGiven("--strict") && isGiven("--keep-going")) return "--strict et --keep-going s'excluent";

@@ -30,9 +30,12 @@ enum class Progress { automatic, never, json };
 struct Options {
   std::string drawing;  // empty: a new one
   std::vector<Action> actions;
-  bool recover = false;    // open what can be opened of a damaged drawing
-  bool overwrite = false;  // then also save over it
-  bool binary = false;     // saves are binary
+  bool recover = false;                // open what can be opened of a damaged drawing
+  bool overwrite = false;              // then also save over it
+  bool binary = false, ascii = false;  // the form of saves; neither: the drawing's own
+  std::optional<bool> form() const {
+    return binary ? std::optional(true) : ascii ? std::optional(false) : std::nullopt;
+  }
   bool fix = false;
   bool frontal = true;
   bool quiet = false;

@@ -196,9 +196,11 @@ void Document::open(const std::string& path, std::vector<std::string>* messages)
   if (!path.empty() && imp().path.empty()) print(kConverted);
 }
 
-std::vector<std::string> Document::saveAs(const std::string& path, std::string_view release, bool binary) {
+std::vector<std::string> Document::saveAs(const std::string& path, std::string_view release,
+                                          std::optional<bool> asked) {
   const std::string own = imp().header.text("$ACADVER", "");
-  if (!binary && (release.empty() || dxf::acadVersion(release) == own)) {
+  const bool binary = asked.value_or(dxf::isBinary(*database_));
+  if (binary == dxf::isBinary(*database_) && (release.empty() || dxf::acadVersion(release) == own)) {
     save(path);
     return {};
   }

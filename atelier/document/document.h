@@ -130,10 +130,10 @@ class Document {
 
   const std::string& path() const { return imp_path(); }
   void save(const std::string& path);
-  // Saves in a version ("R12", "R2000" ... "R2018"; empty: the drawing's own), as text or binary; gives messages on what
+  // Saves in a version ("R12", "R2000" ... "R2018"; empty: the drawing's own), as text or binary (none: its own form); gives messages on what
   // the version can't hold. In the drawing's own version and form this is save(); else the drawing keeps its file and
   // version.
-  std::vector<std::string> saveAs(const std::string& path, std::string_view release, bool binary = false);
+  std::vector<std::string> saveAs(const std::string& path, std::string_view release, std::optional<bool> binary = {});
   // Replaces the drawing by the one in the file, or by a new one for an empty path. With messages, what can be read of a
   // damaged file is opened, and they say what was left out. Throws Error; the old drawing is then kept. AutoLISP's
   // variables are kept, but entity names in them are no longer valid.

@@ -82,7 +82,9 @@
 
 (defun plv-type (entite) (plv-cle 0 (entget entite)))
 
-(defun plv-existe (entite) (and entite (entget entite)))
+(defun plv-existe (entite)
+  "T for an entity of the drawing; a damaged record may hold anything in its place."
+  (and (= (type entite) 'ENAME) (entget entite)))
 
 (defun plv-entites-du-jeu (jeu / i entites)
   "The entities of a selection set, in its order; nil for none."

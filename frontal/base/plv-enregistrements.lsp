@@ -17,7 +17,7 @@
 
 (defun plv-enregistrement (entite cle / trouve)
   "The groups of a record in the extension dictionary of an entity; nil when it has none."
-  (if (setq trouve (member '(102 . "{ACAD_XDICTIONARY") (entget entite)))
+  (if (and (setq trouve (member '(102 . "{ACAD_XDICTIONARY") (entget entite))) (plv-existe (cdr (cadr trouve))))
     (vl-remove-if '(lambda (g) (= (car g) 280))
       (cdr (member '(100 . "AcDbXrecord") (dictsearch (cdr (cadr trouve)) cle))))))
 
@@ -29,7 +29,7 @@
 
 (defun plv-entites-enregistrees (entite cle)
   "The entities that a record names (groups 330) and that are still in the drawing."
-  (vl-remove-if-not '(lambda (e) (and e (entget e))) (plv-cles 330 (plv-enregistrement entite cle))))
+  (vl-remove-if-not 'plv-existe (plv-cles 330 (plv-enregistrement entite cle))))
 
 (defun plv-enregistrer-entites (entite cle entites)
   (plv-ecrire-enregistrement entite cle (mapcar '(lambda (e) (cons 330 e)) entites)))

@@ -1,11 +1,11 @@
 ;; PLV-PC: adds, changes or removes a reference plane. The chain first, then the ground of its sections; then the module
 ;; moves and cuts what is attached; last come the dressing and the reference lines of the tables.
 
-(defun plv-pc:section (sections distance)
+(defun plv-pc:section (sections d)
   "The section that begins at a distance, else the one that holds it, nil outside."
   (plv-dernier
     (vl-remove-if-not
-      '(lambda (s) (and (>= distance (- (plv-plan-debut s) 1e-6)) (< distance (- (plv-section-fin s) 1e-6))))
+      '(lambda (s) (and (>= d (- (plv-plan-debut s) 1e-6)) (< d (- (plv-section-fin s) 1e-6))))
       sections)))
 
 (defun plv-pc:refaire (profil points section / origine plan groupes lignes)
@@ -28,14 +28,14 @@
 
 ;; --- the three operations
 
-(defun plv-pc:ajouter (profil section distance altitude / entite fin points suivante nouvelle)
+(defun plv-pc:ajouter (profil section d altitude / entite fin points suivante nouvelle)
   (setq entite (plv-section-entite section)
         fin (plv-section-fin section)
-        points (plv-pc:points profil (append (plv-plans profil) (list (list distance altitude))))
+        points (plv-pc:points profil (append (plv-plans profil) (list (list d altitude))))
         suivante (plgxd entite "NEXT-PC"))
   (plv-pc:refaire profil points
-    (list (plv-plan-debut section) (plv-plan-altitude section) (- distance (plv-plan-debut section)) entite))
-  (setq nouvelle (plv-tracer-plan (plv-origine profil) points (plv-echv profil) (list distance altitude) fin))
+    (list (plv-plan-debut section) (plv-plan-altitude section) (- d (plv-plan-debut section)) entite))
+  (setq nouvelle (plv-tracer-plan (plv-origine profil) points (plv-echv profil) (list d altitude) fin))
   (if suivante (plsxd nouvelle "NEXT-PC" suivante))
   (plsxd entite "NEXT-PC" nouvelle))
 
@@ -78,12 +78,12 @@
   (plv-rehabiller profil)
   (plv-ajuster-rappels profil))
 
-(defun plv-pc:faute (operation sections section distance altitude)
+(defun plv-pc:faute (operation sections section d altitude)
   "The text of what can't be done, nil for nothing."
   (cond
     ((not section) "la station n'est pas dans le profil")
     ((and (/= operation "S") (not (numberp altitude))) "l'altitude du plan est attendue")
-    ((and (= operation "A") (equal distance (plv-plan-debut section) 1e-6)) "un plan commence déjà à cette station")
+    ((and (= operation "A") (equal d (plv-plan-debut section) 1e-6)) "un plan commence déjà à cette station")
     ((and (= operation "S") (eq section (car sections))) "le premier plan ne peut pas être supprimé")))
 
 (defun plv-pc (profil operation station altitude)
@@ -92,26 +92,26 @@ governs there. What is attached is brought into form before. Gives the profile, 
   (if (and (plv-profil-sain profil) (plv-statiques-verifies profil))
     (plv-pc:executer profil operation (- (float station) (plv-premiere-station profil)) (if altitude (float altitude)))))
 
-(defun plv-pc:executer (profil operation distance altitude / sections section faute)
+(defun plv-pc:executer (profil operation d altitude / sections section faute)
   (setq sections (plv-sections-de-plan profil)
-        section (plv-pc:section sections distance)
-        faute (plv-pc:faute operation sections section distance altitude))
+        section (plv-pc:section sections d)
+        faute (plv-pc:faute operation sections section d altitude))
   (cond
     (faute (plv-erreur faute))
-    ((plv-remettre-en-forme profil (if (= operation "A") distance))
-     (plv-pc:changer profil operation sections section (if (= operation "A") distance (plv-plan-debut section)) altitude)
+    ((plv-remettre-en-forme profil (if (= operation "A") d))
+     (plv-pc:changer profil operation sections section (if (= operation "A") d (plv-plan-debut section)) altitude)
      (plv-pc:finir profil)
      (plv-pc:dire profil)
      profil)))
 
 (defun plv-pc:dire (profil) (plv-dire (strcat "Plans de comparaison: " (plv-plans-en-texte profil) ".")))
 
-(defun plv-pc:changer (profil operation sections section distance altitude / x traverses)
-  (setq x (+ (car (plv-origine profil)) distance))
+(defun plv-pc:changer (profil operation sections section d altitude / x traverses)
+  (setq x (+ (car (plv-origine profil)) d))
   (cond
     ((= operation "A")
      (setq traverses (plv-pc:traverses profil x))
-     (plv-pc:ajouter profil section distance altitude)
+     (plv-pc:ajouter profil section d altitude)
      (pl_chg_pc profil "A" x altitude 0.0)
      (plv-pc:reporter-cles profil x traverses (* (- (plv-plan-altitude section) altitude) (plv-echv profil))))
     ((= operation "M")

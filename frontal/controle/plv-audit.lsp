@@ -1,7 +1,7 @@
 ;; Faults in the records of profiles and matrices: missing keys, handles that name nothing, chains that break or come
 ;; round to themselves, matrices whose parts are gone. kavel --audit calls plv-audit and counts what it gives.
 ;; Codes are stable: P01 to P04 and P09 see plv-chaines, P05 natural ground, P06 matrix record, P07 list of project elements, P08 list
-;; of static elements, P10 a profile that lost its number.
+;; of static elements, P10 a profile that lost its number, P11 one that can't be read further, nor mended.
 
 ;; --- each check gives a list of findings, in the order of the records
 
@@ -45,8 +45,16 @@
 (defun plv-audit:supports (profil)
   (append (vl-remove nil (mapcar '(lambda (cle) (plv-nommee profil cle)) (plv-cles-genres))) (list profil)))
 
-(defun plv-constats (profil)
-  "All findings on a profile."
+(defun plv-audit:essayer (fonction profil / resultat)
+  "What a check gives; what keeps it from its end is a finding, too."
+  (setq resultat (vl-catch-all-apply fonction (list profil)))
+  (if (vl-catch-all-error-p resultat)
+    (plv-constat "P11" profil (strcat "illisible: " (vl-catch-all-error-message resultat)))
+    resultat))
+
+(defun plv-constats (profil) "All findings on a profile." (plv-audit:essayer 'plv-audit:constats profil))
+
+(defun plv-audit:constats (profil)
   (append
     (plv-audit:cles profil)
     (plv-fautes-profil profil)
@@ -77,8 +85,8 @@
   "Mends what can be mended, prints it and gives the number of findings that are gone."
   (setq avant (plv-audit:tous))
   (foreach profil (plv-profils)
-    (plv-reparer-profil profil)
-    (plv-oublier-tables profil))
+    (foreach constat (plv-audit:essayer '(lambda (p) (plv-reparer-profil p) (plv-oublier-tables p) nil) profil)
+      (plv-audit:dire profil constat "non réparé")))
   (setq apres (plv-audit:tous))
   (plv-audit:dire-tous "réparé"
     (mapcar '(lambda (c) (cons (car c) (vl-remove-if '(lambda (constat) (member constat (plv-cle (car c) apres))) (cdr c)))) avant)))

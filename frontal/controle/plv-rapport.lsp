@@ -30,10 +30,13 @@
     (if (vl-catch-all-error-p (setq faute (vl-catch-all-apply 'plv-rapport:profil (list profil))))
       (plv-dire (strcat "    illisible: " (vl-catch-all-error-message faute))))))
 
-(defun plv-decrire (/ profils)
+(defun plv-decrire (/ profils faute)
   (setq profils (plv-profils))
   (princ (strcat "Profils: " (itoa (length profils))))
-  (foreach profil profils (plv-rapport:decrire profil))
+  (foreach profil profils
+    (setq faute (vl-catch-all-apply 'plv-rapport:decrire (list profil)))
+    (if (vl-catch-all-error-p faute)
+      (plv-dire (strcat "  bloc " (plv-handle profil) ": illisible: " (vl-catch-all-error-message faute)))))
   (foreach perdu (plv-profils-sans-numero)
     (plv-dire (strcat "  bloc " (plv-handle perdu) ": il a perdu l'attribut NUMPL de son profil")))
   (terpri)

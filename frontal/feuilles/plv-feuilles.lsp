@@ -1,6 +1,6 @@
 ;; PLV-FEUILLES: profiles on sheets with the frame and the title block of a template drawing, all in one PDF.
 ;; A profile that is longer than the sheet is cut at stations; the sheets that follow show the titles of its tables again.
-;; A sheet is (scale (view ...) ((mark . text) ...)), a view (x1 y1 x2 y2 (x y1 y2) ...) in drawing units, its
+;; A sheet is (scale (view ...) ((mark . text) ...) (inset ...) axis), a view (x1 y1 x2 y2 (x y1 y2) ...) in drawing units, its
 ;; match lines last; see tracer-feuilles.
 
 (setq plv-feuilles:echelles '(50.0 100.0 200.0 250.0 500.0 1000.0 2000.0 2500.0 5000.0 10000.0 20000.0))
@@ -8,23 +8,26 @@
 ;; --- what a profile covers
 
 (defun plv-feuilles:entites (profil)
-  "Everything that is drawn of a profile, its tables and its legend."
+  "Everything that is drawn of a profile and its tables."
   (vl-remove-if-not 'plv-existe
     (append
-      (cons profil (plv-legendes-du-profil profil))
+      (list profil)
       (plv-entites-habillage profil)
       (plv-ajouts-tables profil)
       (apply 'append (mapcar '(lambda (genre) (plv-elements profil genre)) (plv-genres)))
       (apply 'append (mapcar '(lambda (r) (cons r (plv-entites-table r))) (plv-references-tables profil))))))
 
-(defun plv-feuilles:mesurer (profil / point coins titres ttxt)
-  "What the layout needs: keys gauche droite bas haut (of all), titres (right edge of the tables' titles with the gap after
-them, top), recouvrement (what two sheets share on each side of a cut) x0 y0."
+(defun plv-feuilles:mesurer (profil / point coins titres ttxt legendes a-part)
+  "What the layout needs: keys gauche droite bas haut (of all but the legends beside it), titres (right edge of the tables' titles
+with the gap after them, top), recouvrement (what two sheets share on each side of a cut) x0 y0, legendes (beside it)."
   (setq point (plv-origine profil)
-        ttxt (cond ((plv-ttxt profil)) (2.5))
+        ttxt (plv-ttxt profil)
         coins (etendue-tracee (plv-feuilles:entites profil))
+        legendes (vl-remove-if-not 'plv-existe (plv-legendes-du-profil profil))
+        a-part (plv-encarts-a-part legendes (caar coins) (caadr coins))
+        coins (etendue-tracee (append (plv-feuilles:entites profil) (vl-remove-if '(lambda (l) (member l a-part)) legendes)))
         titres (etendue-tracee (vl-remove-if-not 'plv-existe (plv-references-tables profil))))
-  (list (cons 'profil profil) (cons 'x0 (car point)) (cons 'y0 (cadr point))
+  (list (cons 'profil profil) (cons 'legendes (mapcar 'plv-boite a-part)) (cons 'x0 (car point)) (cons 'y0 (cadr point))
         ;; Upright texts stand on their abscissa: half of their height is beside it.
         (cons 'recouvrement (* 0.8 ttxt))
         (cons 'gauche (- (caar coins) ttxt)) (cons 'droite (+ (caadr coins) ttxt))
@@ -66,8 +69,9 @@ where there are no points."
   (cond ((plv-dernier entieres)) ((plv-dernier places)) ((float (fix limite)))))
 
 (defun plv-feuilles:bande (mesures)
-  "Width of the titles that are shown again, 0 without tables."
-  (if (plv-cle 'titres mesures) (- (plv-feuilles:titres-droite mesures) (plv-cle 'gauche mesures)) 0.0))
+  "Width of what stands before a part that begins at a cut: the titles again, and the labels of an axis."
+  (max (if (plv-cle 'titres mesures) (- (plv-feuilles:titres-droite mesures) (plv-cle 'gauche mesures)) 0.0)
+       (plv-encarts-axe-largeur (plv-cle 'profil mesures))))
 
 (defun plv-feuilles:coupures (mesures largeur / recouvrement coupures place fin d)
   "Distances at which a profile is cut for sheets of this width in drawing units; T when it can't be."
@@ -98,6 +102,25 @@ where there are no points."
   "The match line at a distance: over the profile, not through the texts of its tables."
   (list (+ (plv-cle 'x0 mesures) d) (plv-cle 'y0 mesures) (plv-cle 'haut mesures)))
 
+;; --- legends on the last sheet
+
+(defun plv-feuilles:encarts (mesures coupures largeur hauteur / gauche)
+  "The insets of the last sheet, of that size in drawing units; T when it hasn't the room."
+  (setq gauche (if coupures
+                 (- (+ (plv-cle 'x0 mesures) (plv-dernier coupures)) (plv-cle 'recouvrement mesures) (plv-feuilles:bande mesures))
+                 (plv-cle 'gauche mesures)))
+  (plv-encarts mesures (- largeur (- (plv-cle 'droite mesures) gauche)) (- hauteur (- (plv-cle 'haut mesures) (plv-cle 'bas mesures)))))
+
+(defun plv-feuilles:coupures-legendes (mesures largeur hauteur / coupures debut d)
+  "The cuts; one more in the last part, where the legends would have a sheet for themselves."
+  (setq coupures (plv-feuilles:coupures mesures largeur))
+  (if (and (not (eq coupures T)) (eq (plv-feuilles:encarts mesures coupures largeur hauteur) T))
+    (progn
+      (setq debut (cond ((plv-dernier coupures)) (0.0))
+            d (plv-feuilles:coupure mesures debut (* 0.5 (+ debut (plv-longueur-profil (plv-cle 'profil mesures))))))
+      (if (> d debut) (append coupures (list d)) coupures))
+    coupures))
+
 ;; --- texts
 
 (defun plv-feuilles:nombre (valeur)
@@ -108,10 +131,10 @@ where there are no points."
   (setq date (rtos (fix (getvar "CDATE")) 2 0))
   (strcat (substr date 7 2) "/" (substr date 5 2) "/" (substr date 1 4)))
 
-(defun plv-feuilles:raccord (profil distance suite)
+(defun plv-feuilles:raccord (profil d suite)
   "What stands beside a match line: station, plane, and the sheet that goes on."
-  (strcat "Station " (plv-reel (+ (plv-premiere-station profil) distance) 2) "  -  PC "
-          (plv-reel (plv-plan-altitude (plv-plan-en (plv-plans profil) distance)) 2) "  -  feuille " (itoa suite)))
+  (strcat "Station " (plv-reel (+ (plv-premiere-station profil) d) 2) "  -  PC "
+          (plv-reel (plv-plan-altitude (plv-plan-en (plv-plans profil) d)) 2) "  -  feuille " (itoa suite)))
 
 (defun plv-feuilles:textes (profil echelle titre debut fin rang / origine longueur)
   (setq origine (plv-premiere-station profil) longueur (plv-longueur-profil profil))
@@ -133,19 +156,25 @@ where there are no points."
     (if (vl-every '(lambda (m) (<= (plv-feuilles:haut-mm m e) (plv-place-hauteur place))) mesures) (setq trouve e)))
   (cond (trouve) ((plv-dernier plv-feuilles:echelles))))
 
-(defun plv-feuilles:refus (mesures echelle place coupures)
+(defun plv-feuilles:refus (mesures echelle place coupures encarts)
   "The text of why a profile doesn't go on sheets; nil when it does."
   (cond
     ((> (plv-feuilles:haut-mm mesures echelle) (plv-place-hauteur place))
      (strcat "profil " (plv-numero-profil (plv-cle 'profil mesures)) ": " (plv-reel (plv-feuilles:haut-mm mesures echelle) 0)
              " mm de haut à l'échelle 1:" (plv-feuilles:nombre echelle) ", la feuille en offre " (plv-reel (plv-place-hauteur place) 0)
              "; il tiendrait à 1:" (plv-feuilles:nombre (plv-feuilles:echelle (list mesures) place))))
-    ((eq coupures T) "la feuille est trop étroite à cette échelle")))
+    ((eq coupures T) "la feuille est trop étroite à cette échelle")
+    ((eq encarts T)
+     (strcat "profil " (plv-numero-profil (plv-cle 'profil mesures)) ": ses légendes ne tiennent pas sur la feuille à l'échelle 1:"
+             (plv-feuilles:nombre echelle)))))
 
-(defun plv-feuilles:de-profil (mesures echelle place titre rang / coupures faute feuilles bouts)
+(defun plv-feuilles:de-profil (mesures echelle place titre rang / largeur hauteur coupures encarts faute feuilles bouts)
   "The sheets of one profile, numbered from rang; nil after a message."
-  (setq coupures (plv-feuilles:coupures mesures (* 0.001 echelle (plv-place-largeur place)))
-        faute (plv-feuilles:refus mesures echelle place coupures))
+  (setq largeur (* 0.001 echelle (plv-place-largeur place))
+        hauteur (* 0.001 echelle (plv-place-hauteur place))
+        coupures (plv-feuilles:coupures-legendes mesures largeur hauteur)
+        encarts (if (eq coupures T) nil (plv-feuilles:encarts mesures coupures largeur hauteur))
+        faute (plv-feuilles:refus mesures echelle place coupures encarts))
   (if faute
     (plv-erreur faute)
     (progn
@@ -153,14 +182,17 @@ where there are no points."
       (while (cdr bouts)
         (setq feuilles (cons (list echelle (plv-feuilles:vues mesures (car bouts) (cadr bouts))
                                    (plv-feuilles:textes (plv-cle 'profil mesures) echelle titre (car bouts) (cadr bouts)
-                                     (+ rang (length feuilles))))
+                                     (+ rang (length feuilles)))
+                                   (if (cadr bouts) nil encarts)
+                                   (if (car bouts) (plv-encarts-axe mesures (car bouts))))
                              feuilles)
               bouts (cdr bouts)))
       (reverse feuilles))))
 
 (defun plv-feuilles:numeroter (feuilles)
   "With the size of the set in the texts of each."
-  (mapcar '(lambda (f) (list (car f) (cadr f) (cons (cons "<FEUILLES>" (itoa (length feuilles))) (caddr f)))) feuilles))
+  (mapcar '(lambda (f) (append (list (car f) (cadr f) (cons (cons "<FEUILLES>" (itoa (length feuilles))) (caddr f))) (cdddr f)))
+          feuilles))
 
 (defun plv-feuilles:toutes (mesures echelle place titre / feuilles nouvelles)
   "The sheets of all profiles; nil after a message."
@@ -176,33 +208,56 @@ where there are no points."
 (defun plv-place-largeur (place) (car place))
 (defun plv-place-hauteur (place) (cadr place))
 
+(defun plv-feuilles:modele (nom)
+  "The template of a format, A4 to A0; any other name is a file's."
+  (cond
+    ((= (strcase nom) "A3") "cartouche.dxf")
+    ((member (strcase nom) '("A4" "A2" "A1" "A0")) (strcat "cartouche-" (strcase nom T) ".dxf"))
+    (T nom)))
+
 (defun plv-feuilles:place (modele / lu)
   "The room of a template; nil after a message."
   (setq lu (vl-catch-all-apply 'modele-feuille (list modele)))
   (if (vl-catch-all-error-p lu) (plv-erreur (vl-catch-all-error-message lu)) (cadr lu)))
 
+;; --- the size of texts on paper
+
+(setq plv-feuilles:petit 1.8 plv-feuilles:grand 7.0 plv-feuilles:lisible 2.5)
+
+(defun plv-feuilles:textes-papier (mesures echelle / h)
+  "Says which profiles have texts that are too small or too large on paper, and what height would be right."
+  (foreach m mesures
+    (setq h (/ (* 1000.0 (plv-ttxt (plv-cle 'profil m))) echelle))
+    (if (or (< h plv-feuilles:petit) (> h plv-feuilles:grand))
+      (plv-dire
+        (strcat "attention: profil " (plv-numero-profil (plv-cle 'profil m)) ", les textes ont " (plv-reel h 2)
+                " mm sur le papier au 1:" (plv-feuilles:nombre echelle) "; une hauteur de texte de "
+                (plv-reel (* 0.001 echelle plv-feuilles:lisible) 2) " en ferait " (plv-reel plv-feuilles:lisible 1) " mm.")))))
+
 ;; --- the call and the command
 
-(defun plv-feuilles (profils modele echelle titre fichier / place mesures feuilles trace)
+(defun plv-feuilles (profils modele echelle titre fichier / place mesures feuilles resultat)
   "Plots profiles on sheets of a template; nil for the scale takes the largest that fits. The number of sheets, or nil after a
 message."
+  (setq modele (plv-feuilles:modele modele))
   (if (and (vl-every 'plv-profil-sain profils)
            (setq place (plv-feuilles:place modele))
            (setq mesures (mapcar 'plv-feuilles:mesurer profils)
                  echelle (cond (echelle) ((plv-feuilles:echelle mesures place))))
            (setq feuilles (plv-feuilles:toutes mesures echelle place titre)))
     (progn
-      (setq trace (vl-catch-all-apply 'tracer-feuilles (list fichier modele feuilles)))
-      (if (vl-catch-all-error-p trace)
-        (plv-erreur (vl-catch-all-error-message trace))
+      (setq resultat (vl-catch-all-apply 'tracer-feuilles (list fichier modele feuilles)))
+      (if (vl-catch-all-error-p resultat)
+        (plv-erreur (vl-catch-all-error-message resultat))
         (progn
           (plv-dire (strcat fichier ": " (itoa (length feuilles)) (if (cdr feuilles) " feuilles" " feuille") " au 1:"
                             (plv-feuilles:nombre echelle) "."))
+          (plv-feuilles:textes-papier mesures echelle)
           (length feuilles))))))
 
 (defun c:plv-feuilles (/ profils modele place echelle titre)
   (if (and (setq profils (plv-demander-profils))
-           (setq modele (plv-demander-texte "Dessin modèle" "cartouche.dxf"))
+           (setq modele (plv-feuilles:modele (plv-demander-texte "Dessin modèle" "cartouche.dxf")))
            (setq place (plv-feuilles:place modele)))
     (progn
       (setq echelle (plv-demander-reel "Dénominateur de l'échelle" (plv-feuilles:echelle (mapcar 'plv-feuilles:mesurer profils) place))

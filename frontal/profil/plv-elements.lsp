@@ -22,7 +22,7 @@
 (defun plv-elements-effaces-p (profil genre / support)
   "T when a kind's record names entities that are gone."
   (if (setq support (plv-support profil genre))
-    (vl-some '(lambda (e) (not (entget e))) (plv-cles 330 (plv-enregistrement-elements support)))))
+    (vl-some '(lambda (e) (not (plv-existe e))) (plv-cles 330 (plv-enregistrement-elements support)))))
 
 (defun plv-ecrire-elements (profil genre entites)
   (plv-enregistrer-entites (plv-support profil genre) plv-elements:cle entites))

@@ -31,25 +31,33 @@
   (while (> (/ hauteur (* pas echv)) plv-habillage:plus-de-traits) (setq pas (* 10.0 pas)))
   pas)
 
-(defun plv-habillage:axe (point hauteur ttxt echv plan etiquettes / x pas altitude y decimales)
-  "A graduated axis at the start of a section."
-  (setq x (+ (car point) (plv-plan-debut plan))
-        pas (plv-habillage:pas hauteur echv ttxt)
+(defun plv-graduations (hauteur ttxt echv plan y0 / pas altitude y decimales graduations)
+  "The graduations of an axis from y0 over a plane: (y . altitude as a text), upwards."
+  (setq pas (plv-habillage:pas hauteur echv ttxt)
         decimales (if (< pas 1.0) 1 0)
         altitude (* pas (float (plv-partie-entiere (/ (+ (plv-plan-altitude plan) (* 0.5 pas)) pas)))))
+  (while (<= (setq altitude (+ altitude pas) y (plv-ordonnee altitude plan echv y0)) (+ y0 hauteur 1e-6))
+    (setq graduations (cons (cons y (plv-reel altitude decimales)) graduations)))
+  (reverse graduations))
+
+(defun plv-hauteur-axe (points echv ttxt plans) "Of the axes of a profile." (+ (plv-hauteur-terrain points echv plans) ttxt))
+
+(defun plv-habillage:axe (point hauteur ttxt echv plan etiquettes / x y)
+  "A graduated axis at the start of a section."
+  (setq x (+ (car point) (plv-plan-debut plan)))
   (plv-ligne "PLV-AXE" (plv-point x (cadr point)) (plv-point x (+ (cadr point) hauteur)))
-  (while (<= (setq altitude (+ altitude pas) y (plv-ordonnee altitude plan echv (cadr point)))
-             (+ (cadr point) hauteur 1e-6))
+  (foreach graduation (plv-graduations hauteur ttxt echv plan (cadr point))
+    (setq y (car graduation))
     (plv-ligne "PLV-AXE" (plv-point (- x (* 0.4 ttxt)) y) (plv-point x y))
     (if etiquettes
-      (plv-texte "PLV-AXE" (plv-point (- x (* 0.8 ttxt)) (- y (* 0.4 ttxt))) (* 0.8 ttxt) (plv-reel altitude decimales) 2 0.0))))
+      (plv-texte "PLV-AXE" (plv-point (- x (* 0.8 ttxt)) (- y (* 0.4 ttxt))) (* 0.8 ttxt) (cdr graduation) 2 0.0))))
 
 (defun plv-habillage:nom-plan (point ttxt plan)
   (plv-texte "PLV-PLANS" (plv-point (+ (car point) (plv-plan-debut plan) (* 0.5 ttxt)) (- (cadr point) (* 1.5 ttxt)))
     ttxt (strcat "PC " (plv-reel (plv-plan-altitude plan) 2)) 0 0.0))
 
 (defun plv-habillage:dessiner (profil point points echv ttxt plans / hauteur)
-  (setq hauteur (+ (plv-hauteur-terrain points echv plans) ttxt))
+  (setq hauteur (plv-hauteur-axe points echv ttxt plans))
   (foreach plan plans
     (plv-habillage:axe point hauteur ttxt echv plan (eq plan (car plans)))
     (plv-habillage:nom-plan point ttxt plan))

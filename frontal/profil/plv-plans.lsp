@@ -5,11 +5,11 @@
 (defun plv-plan-debut (plan) (car plan))
 (defun plv-plan-altitude (plan) (cadr plan))
 
-(defun plv-plan-en (plans distance / plan)
+(defun plv-plan-en (plans d / plan)
   "The plane of a distance; a change belongs to the section before it. A distance may come from an abscissa of the drawing, which
 far from the origin has other last digits."
   (setq plan (car plans))
-  (foreach p (cdr plans) (if (< (plv-plan-debut p) (- distance 1e-7)) (setq plan p)))
+  (foreach p (cdr plans) (if (< (plv-plan-debut p) (- d 1e-7)) (setq plan p)))
   plan)
 
 (defun plv-changements (plans) (mapcar 'plv-plan-debut (cdr plans)))

@@ -58,16 +58,16 @@ project lines."
                        (itoa (length plans)) (if (cdr plans) " plans de comparaison." " plan de comparaison.")))
      profil)))
 
-(defun plv-nouveau:demander-plans (/ plans distance altitude)
+(defun plv-nouveau:demander-plans (/ plans d altitude)
   "nil for proposed planes, or the planes typed by the user."
   (if (= (plv-demander-mot "Plans de comparaison" '("Automatiques" "Saisis") "Automatiques") "Saisis")
     (progn
-      (setq distance 0.0)
-      (while distance
-        (setq altitude (getreal (strcat "\nAltitude du plan à partir de " (plv-reel distance 2) ": ")))
-        (if altitude (setq plans (cons (list distance altitude) plans)))
+      (setq d 0.0)
+      (while d
+        (setq altitude (getreal (strcat "\nAltitude du plan à partir de " (plv-reel d 2) ": ")))
+        (if altitude (setq plans (cons (list d altitude) plans)))
         (initget 6)
-        (setq distance (getreal "\nDistance du plan suivant <fin>: ")))
+        (setq d (getreal "\nDistance du plan suivant <fin>: ")))
       (reverse plans))))
 
 (defun plv-nouveau:demander (lecture numero projets axe / point echv ttxt hauteur-max)

@@ -34,17 +34,17 @@
   "Whether a line that is no row was meant as one: no comment, and figures in it."
   (and (not (plv-ligne-muette ligne)) (wcmatch (plv-joindre mots " ") "*#*")))
 
-(defun plv-definitions:faute (ligne / mots hauteur type)
+(defun plv-definitions:faute (ligne / mots hauteur nature)
   "What is wrong with a line; nil for a good row and for what isn't meant as one."
-  (setq mots (plv-definitions:mots ligne) hauteur (caddr mots) type (cadddr mots))
+  (setq mots (plv-definitions:mots ligne) hauteur (caddr mots) nature (cadddr mots))
   (cond
-    ((and type (plv-definitions:nombre-p hauteur) (plv-definitions:nombre-p type))
+    ((and nature (plv-definitions:nombre-p hauteur) (plv-definitions:nombre-p nature))
      (cond ((<= (atof hauteur) 0.0) (strcat "hauteur \"" hauteur "\": un nombre positif est attendu"))
-           ((not (plv-types:remplisseur (atoi type))) (strcat "type \"" type "\" inconnu, sa rangée reste vide"))))
+           ((not (plv-types:remplisseur (atoi nature))) (strcat "type \"" nature "\" inconnu, sa rangée reste vide"))))
     ((not (plv-definitions:rangee-voulue-p ligne mots)) nil)
-    ((not type) "nom, un mot, hauteur, type et libellé attendus")
+    ((not nature) "nom, un mot, hauteur, type et libellé attendus")
     ((not (plv-definitions:nombre-p hauteur)) (strcat "hauteur \"" hauteur "\": un nombre est attendu, avec un point décimal"))
-    (T (strcat "type \"" type "\": un nombre est attendu"))))
+    (T (strcat "type \"" nature "\": un nombre est attendu"))))
 
 (defun plv-lire-definitions (chemin / numero)
   "Loads the definitions after saying what is wrong in them; nil after a message when no row is left."

@@ -59,12 +59,12 @@
       (pl_TexteHorizontalGauche (float m) (pl_distToPk (+ m (plv-cle 'origine contexte)) 0) 0 0.5)))
   0)
 
-(defun plv-reperes:marques (contexte / pas station distance marques)
+(defun plv-reperes:marques (contexte / pas station d marques)
   "The distances of the round stations."
   (setq pas (plv-reperes:pas-choisi contexte)
         station (* pas (float (plv-partie-entiere (/ (+ (plv-cle 'origine contexte) pas -1e-6) pas)))))
-  (while (<= (setq distance (- station (plv-cle 'origine contexte))) (+ (plv-cle 'longueur contexte) 1e-6))
-    (setq marques (cons distance marques) station (+ station pas)))
+  (while (<= (setq d (- station (plv-cle 'origine contexte))) (+ (plv-cle 'longueur contexte) 1e-6))
+    (setq marques (cons d marques) station (+ station pas)))
   (reverse marques))
 
 (defun plv-reperes:largeur (contexte)

@@ -23,13 +23,13 @@
 
 (defun plv-bilans (a b) (list (+ (car a) (car b)) (append (cadr a) (cadr b)) (append (caddr a) (caddr b))))
 
-(defun plv-remplir-ligne (points contexte / type remplisseur fait)
+(defun plv-remplir-ligne (points contexte / nature remplisseur fait)
   "Fills the current row."
-  (setq type (pl_typelignemat)
-        remplisseur (plv-types:remplisseur type)
+  (setq nature (pl_typelignemat)
+        remplisseur (plv-types:remplisseur nature)
         fait (cond
                ((not remplisseur) nil)
-               ((plv-types:hors-groupe type) (plv-executer '(lambda () (apply remplisseur (list points contexte)))))
+               ((plv-types:hors-groupe nature) (plv-executer '(lambda () (apply remplisseur (list points contexte)))))
                (T (list (apply remplisseur (list points contexte))))))
   (if (car fait)
     (plv-bilan (car fait) nil (cadr fait))

@@ -68,6 +68,24 @@ std::string shape(const std::string& type, const std::string& section, const std
          "\n10\n0\n20\n0\n30\n0\n" + groups;
 }
 
+std::string xrecord(const std::string& key, const std::string& handle, const std::string& owner) {
+  return "3\n" + key + "\n350\n" + handle + "\n0\nXRECORD\n5\n" + handle + "\n330\n" + owner +
+         "\n100\nAcDbXrecord\n1\nx\n";
+}
+
+std::string withLayer(const std::string& name, const std::string& entities) {
+  std::string bytes = drawingWith("", entities);
+  const std::string before = "2\n0\n70\n0\n";
+  const std::size_t at = bytes.find(before) + before.size();
+  return bytes.insert(at, "0\nLAYER\n5\n22\n330\n2\n100\nAcDbSymbolTableRecord\n2\n" + name + "\n70\n0\n");
+}
+
+std::string dimension(const std::string& block) {
+  return "0\nDIMENSION\n5\nE1\n330\n51\n100\nAcDbEntity\n8\n0\n100\nAcDbDimension\n" + block +
+         "10\n10\n20\n5\n30\n0\n11\n5\n21\n5\n31\n0\n70\n1\n100\nAcDbAlignedDimension\n"
+         "13\n0\n23\n0\n33\n0\n14\n10\n24\n0\n34\n0\n";
+}
+
 TEST(Audit, everyFaultHasItsCode) {
   const struct {
     const char* name;
@@ -94,6 +112,14 @@ TEST(Audit, everyFaultHasItsCode) {
       {"number", drawingWith("", line("E1", "39\ndeux\n")), "A13 ", "A13 "},
       {"number too great", drawingWith("", line("E1", "39\n1e400\n")), "A13 ", "A13 "},
       {"radius", drawingWith("", shape("CIRCLE", "AcDbCircle", "40\n-2.5\n")), "A14 ", "A14 "},
+      {"owner of an object", drawingWith("", "", xrecord("X", "E1", "EEE")), "A15 ", ""},
+      {"object without a place", drawingWith("", "", "0\nXRECORD\n5\nE1\n330\nEEE\n100\nAcDbXrecord\n1\nx\n"), "A15 ",
+       "A15 "},
+      {"name", withLayer("A/B:C", line("E1", "", "A/B:C")), "A16 ", ""},
+      {"xref's name", withLayer("PLAN|MURS", line("E1", "", "PLAN|MURS")), "", ""},
+      {"name twice", withLayer("0", ""), "A16 ", "A16 "},
+      {"dimension", drawingWith("", dimension("")), "A17 ", ""},
+      {"block of a dimension", drawingWith("", dimension("2\n*D7\n")), "A17 ", ""},
       {"table", "0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n", "A03 A03 A03 A03 A03 A03 A03 A03 A03 A03 ", ""},
   };
   for (const auto& row : rows) {

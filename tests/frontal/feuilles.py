@@ -49,6 +49,37 @@ def check_page(pdf, page, stations, marks, ends):
     expect(f"metres of page {page}", round(place(found, second)[0] - place(found, first)[0], 1), round(metres, 1))
 
 
+def pages(pdf):
+    return re.search(r"Pages: +(\d+)", subprocess.run(["pdfinfo", pdf], capture_output=True, text=True, check=True).stdout).group(1)
+
+
+def check_legends(folder):
+    """A legend 300 m beside the example: on the sheet of the profile's last part, which has a scale of altitudes."""
+    with open(os.path.join(SOURCE, "exemples", "demo.scr"), encoding="utf-8") as script:
+        lines = script.read().splitlines()
+    lines[-1] = "700,150"
+    # On A1 beside the profile, on a roll's height beneath it, on A2 only beside a shorter last part.
+    with open(os.path.join(SOURCE, "exemples", "cartouche-a2.dxf"), encoding="utf-8") as a2:
+        high = re.sub(r"(?<=\n )(20\n)(420|404)\.0\n", lambda m: f"{m.group(1)}{int(m.group(2)) + 100}.0\n", a2.read())
+    with open(os.path.join(folder, "haut.dxf"), "w", encoding="utf-8") as out:
+        out.write(high)
+    made = run(folder, lines + [line for model in ("A1", "haut", "A2")
+                                for line in ("PLV-FEUILLES", "haut.dxf" if model == "haut" else model, "1000", "x", model + ".pdf")])
+    expect("status with legends", (made.returncode, made.stderr), (0, ""))
+    for model, wanted in (("A1", "1"), ("haut", "1"), ("A2", "2")):
+        pdf = os.path.join(folder, model + ".pdf")
+        expect(f"pages of {model}", pages(pdf), wanted)
+        found = words(pdf, int(wanted))
+        legend, end = place(found, "ASSAINISSEMENT"), place(found, "59")
+        expect(f"the legend on the last sheet of {model}", (legend[0] > end[0], legend[1] > end[1]), (model != "haut", model == "haut"))
+    # The plane of the second sheet's beginning is at 128 m: labels 1 m apart are 10 mm apart, left of the profile.
+    scale = words(os.path.join(folder, "A2.pdf"), 2)
+    expect("scale of the second sheet", round(place(scale, "130")[1] - place(scale, "133")[1], 1), 30.0)
+    expect("its place", place(scale, "130")[0] < place(scale, "30")[0], True)
+    made = run(folder, ["PLV-NOUVEAU", "rue-du-moulin.csv", "M", "0,0", "10", "2.5", "150", "A", "PLV-FEUILLES", "A4", "5000", "x", "a4.pdf"])
+    expect("texts too small on paper", "0.50 mm sur le papier" in made.stdout, True)
+
+
 def main():
     with tempfile.TemporaryDirectory() as folder:
         with open(os.path.join(folder, "long.csv"), "w", encoding="utf-8") as out:
@@ -64,7 +95,7 @@ def main():
             print(made.stdout, made.stderr)
         pdf = os.path.join(folder, "f.pdf")
         info = subprocess.run(["pdfinfo", pdf], capture_output=True, text=True, check=True).stdout
-        expect("pages", re.search(r"Pages: +(\d+)", info).group(1), "3")
+        expect("pages", pages(pdf), "3")
         expect("sheet", re.search(r"Page size: +([\d.]+) x ([\d.]+)", info).groups(), ("1683.78", "1190.55"))
         check_page(pdf, 1, ["100.00", "1", "3"], ["2"], ("120.00", "500.00"))
         check_page(pdf, 2, ["2", "3"], ["1"], ("640.00", "680.00"))
@@ -77,7 +108,8 @@ def main():
             made = run(folder, profile + [f'(plv-feuilles (plv-profils) "{model}" {scale}.0 "x" "f.pdf")'])
             expect(f"status of {model} at {scale}", made.returncode, 1)
             expect(f"message of {model} at {scale}", message in made.stderr, True)
-        expect("the file stays", "Pages:           3" in subprocess.run(["pdfinfo", pdf], capture_output=True, text=True, check=True).stdout, True)
+        expect("the file stays", pages(pdf), "3")
+        check_legends(folder)
     for fault in faults:
         print(fault)
     return 1 if faults else 0

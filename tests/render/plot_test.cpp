@@ -83,7 +83,7 @@ TEST_F(Plot, SaysWhenWhitePaperShowsNothing) {
   const auto warned = [&](Colour colour) {
     DisplayList list;
     list.add(1, Stroke{line({0, 0}, {20, 10}), {colour, 0.5, nullptr}});
-    return !plot(list, at("blanc.svg"), options()).empty();
+    return !plot(WholeScene(list), at("blanc.svg"), options()).empty();
   };
   EXPECT_TRUE(warned({255, 255, 255}));
   EXPECT_TRUE(warned(kBackground));
@@ -92,7 +92,7 @@ TEST_F(Plot, SaysWhenWhitePaperShowsNothing) {
 }
 
 TEST_F(Plot, PngHasTheDrawingToScale) {
-  EXPECT_TRUE(plot(sample(), at("p.png"), options()).empty());
+  EXPECT_TRUE(plot(WholeScene(sample()), at("p.png"), options()).empty());
   const Picture picture(at("p.png"));
   ASSERT_EQ(cairo_image_surface_get_width(picture.surface), 2970);
   ASSERT_EQ(cairo_image_surface_get_height(picture.surface), 2100);
@@ -108,17 +108,17 @@ TEST_F(Plot, PngHasTheDrawingToScale) {
 }
 
 TEST_F(Plot, VectorFilesHaveTheSheetsSize) {
-  plot(sample(), at("p.PDF"), options());
+  plot(WholeScene(sample()), at("p.PDF"), options());
   EXPECT_TRUE(contents(at("p.PDF")).starts_with("%PDF-"));
   EXPECT_NE(contents(at("p.PDF")).find("/MediaBox [ 0 0 841.88"), std::string::npos);
-  plot(sample(), at("p.svg"), options());
+  plot(WholeScene(sample()), at("p.svg"), options());
   EXPECT_NE(contents(at("p.svg")).find("width=\"841.88"), std::string::npos);
   EXPECT_EQ(contents(at("p.svg")).find("<image"), std::string::npos) << "vectors only";
 }
 
 // By an independent reader: the text is text, of an embedded font, at its place on the sheet.
 TEST_F(Plot, PdfCanBeSearched) {
-  plot(sample(), at("p.pdf"), options());
+  plot(WholeScene(sample()), at("p.pdf"), options());
   ASSERT_EQ(std::system(("pdftotext -bbox " + at("p.pdf") + ' ' + at("p.txt")).c_str()), 0);
   const std::string words = contents(at("p.txt"));
   const auto word = words.find(">TN<");
@@ -138,7 +138,7 @@ TEST_F(Plot, TransparencyDashesAndRulesShow) {
   list.add(1, Fill{holed, {255, 0, 0, Colour::Kind::rgb, 128}, true});
   const auto dashes = std::make_shared<const std::vector<double>>(std::vector<double>{1, 1});
   list.add(2, Stroke{line({0, 12}, {10, 12}), {kForeground, 0.4, dashes}});
-  plot(list, at("d.png"), options());
+  plot(WholeScene(list), at("d.png"), options());
   const Picture picture(at("d.png"));
   const int x0 = 1050 - 500, y0 = 1485 + 600;  // portrait: 10 x 12 m at 1:100
   EXPECT_EQ(picture.pixel(x0 + 100, y0 - 100) >> 8, 0xFF7Fu) << "half red on white";
@@ -157,7 +157,7 @@ TEST_F(Plot, HugeGeometryNeitherOverflowsNorStalls) {
   list.add(2, Fill{disc, {0, 0, 255}, true});
   PlotOptions o = options();
   o.page.window = parseWindow("-5,0,5,10");
-  plot(list, at("h.png"), o);
+  plot(WholeScene(list), at("h.png"), o);
   const Picture picture(at("h.png"));
   EXPECT_EQ(picture.pixel(1050 + 250, 1485 + 250), 0x0000FFu);
   EXPECT_EQ(picture.pixel(1050 - 250, 1485 + 250), 0xFFFFFFu);
@@ -187,12 +187,12 @@ TEST_F(Plot, ScreenShowsTinyTextsAsLines) {
 }
 
 TEST_F(Plot, ErrorsSayWhereAndLeaveTheTarget) {
-  EXPECT_THROW(plot(sample(), at("p.dwf"), options()), PlotError);
-  EXPECT_THROW(plot(sample(), at("p"), options()), PlotError);
-  EXPECT_THROW(plot(sample(), at("p.png"), options(5)), PlotError);
-  EXPECT_THROW(plot(sample(), folder.string() + "/.", options()), PlotError);
+  EXPECT_THROW(plot(WholeScene(sample()), at("p.dwf"), options()), PlotError);
+  EXPECT_THROW(plot(WholeScene(sample()), at("p"), options()), PlotError);
+  EXPECT_THROW(plot(WholeScene(sample()), at("p.png"), options(5)), PlotError);
+  EXPECT_THROW(plot(WholeScene(sample()), folder.string() + "/.", options()), PlotError);
   try {
-    plot(sample(), at("absent/p.pdf"), options());
+    plot(WholeScene(sample()), at("absent/p.pdf"), options());
     FAIL();
   } catch (const PlotError& error) {
     EXPECT_NE(std::string(error.what()).find("absent/p.pdf: écriture impossible"), std::string::npos) << error.what();
@@ -200,7 +200,7 @@ TEST_F(Plot, ErrorsSayWhereAndLeaveTheTarget) {
   std::ofstream(at("garde.png")) << "ancien";
   PlotOptions large = options(2400);
   large.page.paper = parsePaper("A0");
-  EXPECT_THROW(plot(sample(), at("garde.png"), large), PlotError);
+  EXPECT_THROW(plot(WholeScene(sample()), at("garde.png"), large), PlotError);
   EXPECT_EQ(contents(at("garde.png")), "ancien");
   EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 1) << "no temporary file is left";
 }

@@ -1,6 +1,8 @@
 // Contents of blocks: places, inherited looks, sources for picking, and the limits for hostile drawings.
 #include <gtest/gtest.h>
 
+#include "atelier/render/scene/whole_scene.h"
+#include "atelier/render/shapes/plot_error.h"
 #include "drawing.h"
 
 namespace atelier::render {
@@ -96,8 +98,8 @@ TEST(SceneBlock, SelfReferenceAndMissingBlocksAreSaid) {
             std::vector<std::string>{"référence à un bloc absent : RIEN"});
 }
 
-TEST(SceneBlock, BillionsEndWithAWarning) {
-  // Ten levels of ten references each, and an array of a thousand million empty blocks.
+// Ten levels of ten references each.
+TestDrawing tenBillions() {
   TestDrawing nested = drawing({"POINT 8=0 10=0 20=0"}, {"INSERT 8=0 2=N9 10=0 20=0"});
   for (int level = 0; level < 10; ++level) {
     nested.blocks.push_back("BLOCK 8=0 2=N" + std::to_string(level) + " 70=0 10=0 20=0");
@@ -106,14 +108,54 @@ TEST(SceneBlock, BillionsEndWithAWarning) {
                               " 10=1 20=0");
     nested.blocks.push_back("ENDBLK 8=0");
   }
+  return nested;
+}
+
+TEST(SceneBlock, ListsOfBillionsEndWithAWarning) {
   SceneOptions options;
   options.mostPrimitives = 5000;
-  const DisplayList list = sceneOf(nested, options);
+  const DisplayList list = sceneOf(tenBillions(), options);
   EXPECT_LE(list.items().size(), 5000u);
   ASSERT_EQ(list.warnings.size(), 1u);
   EXPECT_TRUE(list.warnings[0].starts_with("dessin incomplet : arrêté après 5000 objets"));
   const DisplayList empty = sceneOf(drawing({}, {"INSERT 8=0 2=B 10=0 20=0 70=32000 71=32000 44=1 45=1"}), options);
   EXPECT_EQ(empty.warnings.size(), 1u);
+}
+
+// What a plot paints: all, however small the file is that stands for it; a trap is named before anything is painted.
+TEST(SceneBlock, PlotsAreWholeOrAnError) {
+  TestDrawing symbols = drawing(Records(300, "LINE 8=0 10=0 20=0 11=1 21=1"), {});
+  for (int i = 0; i < 1000; ++i) symbols.entities.push_back("INSERT 8=0 2=B 10=" + std::to_string(2 * i) + " 20=0");
+  const auto database = openDrawing(symbols);
+  const WholeScene scene(*database);
+  std::size_t painted = 0;
+  Box box;
+  scene.each([&](const Primitive& item) { ++painted, box.add(item.box); });
+  EXPECT_EQ(painted, 300'000u);
+  EXPECT_NEAR(box.xMax, 1998, 1e-9);  // the base point of the block is 1,1
+  EXPECT_NEAR(scene.bounds().xMax, 1998, 1e-9);
+  EXPECT_TRUE(scene.warnings().empty());
+
+  TestDrawing frozen = tenBillions();
+  frozen.entities = {"INSERT 8=GELE 2=N9 10=0 20=0"};
+  const struct {
+    TestDrawing drawing;
+    const char* said;
+  } rows[] = {
+      {tenBillions(), "du bloc N9, 10 000 000 000 objets"},
+      {drawing({}, {"INSERT 8=0 2=B 10=0 20=0 70=32000 71=32000 44=1 45=1"}), "du bloc B, 1 024 000 000 objets"},
+      {frozen, ""},
+  };
+  for (const auto& row : rows) {
+    std::string said;
+    try {
+      WholeScene(*openDrawing(row.drawing));
+    } catch (const PlotError& error) {
+      said = error.what();
+    }
+    EXPECT_EQ(said.empty(), *row.said == 0) << said;
+    EXPECT_NE(said.find(row.said), said.npos) << said;
+  }
 }
 
 }  // namespace

@@ -157,7 +157,7 @@ TEST(Scene, PlotsToAFile) {
   const auto file = std::filesystem::temp_directory_path() / ("kavel-plan-" + std::to_string(::getpid()) + ".pdf");
   PlotOptions options;
   options.page.scale = 200;
-  EXPECT_TRUE(plotDrawing(*database, file.string(), options).empty());
+  EXPECT_TRUE(plot(WholeScene(*database), file.string(), options).empty());
   EXPECT_GT(std::filesystem::file_size(file), 500u);
   std::filesystem::remove(file);
 }

@@ -95,7 +95,8 @@ constexpr const char* kFormats = "\nVersion du fichier [R12/2000/2004/2007/2010/
 CommandTask saveas(Command& c) {
   auto given = co_await c.line("\nNom du fichier ou version [R12/2000/2004/2007/2010/2013/2018/DXF]: ");
   std::string release = releaseOf(given.value);
-  bool binary = false;
+  std::optional<bool> binary;
+  if (equalNoCase(trimmed(given.value), "DXF")) binary = false;
   for (bool options = !release.empty() || equalNoCase(trimmed(given.value), "DXF"); options;) {
     given = co_await c.line("\nNom du fichier ou [Version/Binaire]: ");
     std::string word = upperCase(trimmed(given.value));

@@ -6,7 +6,6 @@
 #include "atelier/desktop/forms/form_parts.h"
 #include "atelier/desktop/forms/forms.h"
 #include "atelier/render/painters/cairo_painter.h"
-#include "atelier/render/scene/scene.h"
 #include "atelier/render/scene/transients.h"
 #include "atelier/render/shapes/plot_error.h"
 #include "atelier/render/sheets/plot.h"
@@ -16,7 +15,7 @@ namespace {
 
 constexpr int kPreview = 460;  // longer side of the sheet in pixels
 
-QImage sheet(const render::DisplayList& list, const render::Page& page) {
+QImage sheet(const render::WholeScene& scene, const render::Page& page) {
   const double perMm = kPreview / std::max(page.widthMm, page.heightMm);
   QImage picture(std::max(1, static_cast<int>(page.widthMm * perMm)),
                  std::max(1, static_cast<int>(page.heightMm * perMm)), QImage::Format_RGB32);
@@ -27,8 +26,11 @@ QImage sheet(const render::DisplayList& list, const render::Page& page) {
   options.greekBelow = 2;
   options.clip = {page.clipMm.xMin * perMm, page.clipMm.yMin * perMm, page.clipMm.xMax * perMm,
                   page.clipMm.yMax * perMm};
-  render::paintPicture(picture.bits(), picture.width(), picture.height(), static_cast<int>(picture.bytesPerLine()),
-                       list, options);
+  render::PictureCanvas canvas(picture.bits(), picture.width(), picture.height(),
+                               static_cast<int>(picture.bytesPerLine()));
+  canvas.ground(options.background);
+  render::Painting painting(canvas.context(), options);
+  scene.each([&](const render::Primitive& item) { painting.item(item); });
   QPainter painter(&picture);
   painter.setPen(Qt::gray);
   painter.drawRect(0, 0, picture.width() - 1, picture.height() - 1);
@@ -38,8 +40,8 @@ QImage sheet(const render::DisplayList& list, const render::Page& page) {
 }  // namespace
 
 PlotForm::PlotForm(Drawing& drawing, QWidget* parent)
-    : QDialog(parent), drawing_(drawing), list_(render::drawScene(drawing.document().database())) {
-  render::addTransients(list_, drawing.document().transients());
+    : QDialog(parent), drawing_(drawing), scene_(drawing.document().database()) {
+  render::addTransients(scene_.above, drawing.document().transients());
   setWindowTitle(QStringLiteral("Tracer"));
   auto* fields = new QFormLayout(this);
   fields->addRow(QStringLiteral("Fichier"), fileLine(this, file, QStringLiteral("Tracer dans"),
@@ -76,8 +78,8 @@ render::PlotRequest PlotForm::request() const {
 
 void PlotForm::preview() {
   try {
-    const render::Page page = render::layOutPage(list_.bounds(), request());
-    picture_->setPixmap(QPixmap::fromImage(sheet(list_, page)));
+    const render::Page page = render::layOutPage(scene_.bounds(), request());
+    picture_->setPixmap(QPixmap::fromImage(sheet(scene_, page)));
     QString text = QStringLiteral("Feuille de %1 x %2 mm, échelle 1:%3")
                        .arg(page.widthMm)
                        .arg(page.heightMm)
@@ -94,12 +96,20 @@ void PlotForm::accept() {
   try {
     render::PlotOptions options;
     options.page = request();
-    for (const std::string& warning : render::plot(list_, file->text().toStdString(), options))
+    for (const std::string& warning : render::plot(scene_, file->text().toStdString(), options))
       drawing_.document().print("\n" + warning);
     drawing_.document().print("\nDessin trace dans " + file->text().toStdString() + ".\n");
     QDialog::accept();
   } catch (const render::PlotError& error) {
     message_->setText(QString::fromUtf8(error.what()));
+  }
+}
+
+void plotByForm(Drawing& drawing, QWidget* parent) {
+  try {
+    PlotForm(drawing, parent).exec();
+  } catch (const render::PlotError& error) {
+    QMessageBox::warning(parent, QStringLiteral("Tracer"), QString::fromUtf8(error.what()));
   }
 }
 

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 
 #include "atelier/desktop/document/drawing.h"
+#include "atelier/render/scene/whole_scene.h"
 #include "atelier/render/sheets/page.h"
 
 namespace atelier::desktop {
@@ -53,8 +54,10 @@ class PlotForm : public QDialog {
   render::PlotRequest request() const;  // throws PlotError
   void preview();
   Drawing& drawing_;
-  render::DisplayList list_;
+  render::WholeScene scene_;
   QLabel *picture_, *message_;
 };
+// Shows the form; of a drawing that can't be plotted the reason.
+void plotByForm(Drawing& drawing, QWidget* parent);
 
 }  // namespace atelier::desktop

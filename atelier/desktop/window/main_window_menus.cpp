@@ -115,7 +115,7 @@ void MainWindow::windowAction(const QString& name) {
   else if (name == "audit") audit();
   else if (name == "newProfile") NewProfileForm(*d, this).exec();
   else if (name == "matrices") MatricesForm(*d, this).exec();
-  else if (name == "plot") PlotForm(*d, this).exec();
+  else if (name == "plot") plotByForm(*d, this);
 }
 
 void MainWindow::chooseSnaps() {

@@ -111,15 +111,18 @@ const std::vector<AuditCode>& auditCodes() {
       {"A11", error, "données étendues mal imbriquées", true},
       {"A12", error, "code interdit dans les données étendues", false},
       {"A13", error, "nombre illisible", false},
-      {"A14", error, "valeur hors limites", false}};
+      {"A14", error, "valeur hors limites", false},
+      {"A15", error, "propriétaire absent", true},
+      {"A16", error, "nom interdit ou en double", true},
+      {"A17", warning, "cote sans bloc de représentation", true}};
   return codes;
 }
 
-bool AuditRun::found(std::string_view code, AcDbStub* stub, std::string text) {
+bool AuditRun::found(std::string_view code, AcDbStub* stub, std::string text, bool repairable) {
   const auto& codes = auditCodes();
   const auto row = std::find_if(codes.begin(), codes.end(), [&](const AuditCode& c) { return c.code == code; });
   ATELIER_ASSERT(row != codes.end());
-  const bool repair = fixing_ && row->repairable;
+  const bool repair = fixing_ && row->repairable && repairable;
   findings.push_back(
       {row->code, row->severity, stub ? stub->handle : 0, stub ? placeOf(*stub) : "dessin", std::move(text), repair});
   return repair;
@@ -159,6 +162,9 @@ std::vector<Finding> audit(AcDbDatabase& database, bool fix) {
     checkNames(run, stub);
     checkValues(run, stub);
     checkExtendedData(run, stub);
+    checkKeeper(run, stub);
+    checkSymbolName(run, stub);
+    checkDimension(run, stub);
   }
   return std::move(run.findings);
 }

@@ -15,4 +15,7 @@ namespace atelier::dxf {
 std::vector<std::string> saveAs(AcDbDatabase& database, const std::string& path, std::string_view release,
                                 bool binary = false);
 
+// Whether the drawing's own file is binary.
+bool isBinary(const AcDbDatabase& database);
+
 }  // namespace atelier::dxf

@@ -3,6 +3,7 @@
 #include "atelier/dxf/writing/writer.h"
 
 #include <algorithm>
+#include <set>
 
 #include "atelier/base/interruption.h"
 #include "atelier/dxf/writing/record_text.h"
@@ -106,6 +107,7 @@ class Writer {
   void newRecords() {
     for (const auto& [name, head] : db_.tables()) {
       const bool blocks = name == "BLOCK_RECORD";
+      if (name == "APPID" && !wanted(*head)) continue;
       if (!blocks || layout_.atLeast(kR13)) newInTable(*head);
       if (blocks)
         for (const AcDbStub* block : *head->children) blockContents(*block);
@@ -113,6 +115,23 @@ class Writer {
     std::string objects;
     for (const AcDbStub* stub : db_.objects) objects += isNew(*stub) ? record(*stub) : std::string();
     insert(Section::objects, objects);
+  }
+
+  // A fragment without tables stays one: the names of applications that programs register when they start don't count as
+  // long as nothing uses them. Repairs do.
+  bool wanted(const AcDbStub& applications) const {
+    if (layout_.place(Section::tables)) return true;
+    std::set<std::string> names;
+    for (const AcDbStub* name : *applications.children) {
+      if (name->is(AcDbStub::kVirtual) && name->is(AcDbStub::kChanged)) return true;
+      if (isNew(*name)) names.insert(upperCase(db_.recordName(const_cast<AcDbStub&>(*name))));
+    }
+    return db_.modified && std::ranges::any_of(db_.stubs(), [&](const AcDbStub& stub) {
+             if (stub.is(AcDbStub::kErased)) return false;
+             const auto& groups = AcDbImpObject::of(&db_.object(const_cast<AcDbStub&>(stub))).record.groups;
+             return std::ranges::any_of(
+                 groups, [&](const Group& g) { return g.code() == 1001 && names.contains(upperCase(g.text())); });
+           });
   }
 
   // A table that the file doesn't have is written completely.

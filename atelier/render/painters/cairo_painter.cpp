@@ -21,9 +21,16 @@ constexpr double kShortestPattern = 1;  // surface units: a finer dash pattern i
 
 Box grown(const Box& box, double by) { return {box.xMin - by, box.yMin - by, box.xMax + by, box.yMax + by}; }
 
-constexpr double kThickestHair = 2.5;  // times the thinnest stroke
+constexpr double kThickestHair = 2.5;        // times the thinnest stroke
+constexpr std::size_t kMostWaiting = 2'000;  // points: a longer path takes Cairo's rasteriser longer than its parts
 
-class Painter {
+bool alike(const Pen& a, const Pen& b) {
+  return a.colour == b.colour && a.weightMm == b.weightMm && a.dashes == b.dashes;
+}
+
+}  // namespace
+
+class Painting::Painter {
  public:
   Painter(cairo_t* context, const PaintOptions& options)
       : cr_(context), options_(options), scale_(std::sqrt(std::abs(options.toSurface.determinant()))) {
@@ -41,6 +48,20 @@ class Painter {
     std::visit(*this, primitive.shape);
   }
 
+  std::size_t painted() const { return painted_; }  // paths and texts
+
+  // Strokes what was put off.
+  void flush() {
+    if (waiting_.empty()) return;
+    ++painted_;
+    source(waitingPen_.colour);
+    cairo_set_line_width(cr_, width(waitingPen_));
+    setDashes(waitingPen_);
+    trace(waiting_);
+    cairo_stroke(cr_);
+    waiting_ = {};
+  }
+
   void operator()(const Stroke& stroke) {
     if (!hair(stroke.path, options_.toSurface, stroke.pen))
       strokePath(stroke.path.mapped(options_.toSurface), stroke.pen);
@@ -51,6 +72,8 @@ class Painter {
   void operator()(const GlyphRun& run) {
     const Affine map = options_.toSurface * run.map;
     if (std::hypot(map.xy, map.yy) < options_.greekBelow) return greek(run, map);
+    flush();
+    ++painted_;
     if (options_.embedFonts && fonts_.show(cr_, run.line, map, resolved(run.colour))) return drawBars(run, map);
     Path path;
     for (const auto& [glyph, x] : run.line.glyphs) path.append(glyph->outline, map * Affine::translation(x, 0));
@@ -95,6 +118,9 @@ class Painter {
   double scale_;  // surface units in a drawing unit
   Box guard_;
   EmbeddedFonts fonts_;
+  Path waiting_;  // strokes alike, surface units
+  Pen waitingPen_;
+  std::size_t painted_ = 0;
 
   double width(const Pen& pen) const { return std::max(pen.weightMm * options_.unitsPerMm, options_.thinnest); }
 
@@ -154,11 +180,10 @@ class Painter {
 
   void strokePath(const Path& path, const Pen& pen) {
     if (path.empty() || hair(path, {}, pen)) return;
-    source(pen.colour);
-    cairo_set_line_width(cr_, width(pen));
-    setDashes(pen);
-    trace(within(path.bounds(), guard_) ? path : clipStroke(path, guard_));
-    cairo_stroke(cr_);
+    if (!alike(pen, waitingPen_) || waiting_.points().size() > kMostWaiting) flush();
+    waitingPen_ = pen;
+    waiting_.append(within(path.bounds(), guard_) ? path : clipStroke(path, guard_));
+    if (resolved(pen.colour).alpha != 255) flush();  // where two cross, both are seen
   }
 
   bool hair(const Path& path, const Affine& map, const Pen& pen) {
@@ -185,6 +210,8 @@ class Painter {
 
   void fillPath(const Path& path, Colour colour, bool evenOdd) {
     if (path.empty()) return;
+    flush();
+    ++painted_;
     source(colour);
     cairo_set_fill_rule(cr_, evenOdd ? CAIRO_FILL_RULE_EVEN_ODD : CAIRO_FILL_RULE_WINDING);
     trace(within(path.bounds(), guard_) ? path : clipFill(path, guard_, 0.05));
@@ -196,26 +223,38 @@ class Painter {
   }
 };
 
-}  // namespace
-
-void paint(cairo_t* context, const DisplayList& list, const PaintOptions& options) {
-  if (options.clip.empty()) return;
+Painting::Painting(cairo_t* context, const PaintOptions& options) : context_(context), options_(options) {
   cairo_save(context);
+  if (options.clip.empty()) return;
   cairo_rectangle(context, options.clip.xMin, options.clip.yMin, options.clip.width(), options.clip.height());
   cairo_clip(context);
   cairo_set_line_cap(context, CAIRO_LINE_CAP_ROUND);
   cairo_set_line_join(context, CAIRO_LINE_JOIN_ROUND);
-  Painter painter(context, options);
-  if (options.hairlines) {
-    cairo_set_operator(context, CAIRO_OPERATOR_DEST_OVER);
-    for (auto item = list.items().rbegin(); item != list.items().rend(); ++item) painter.item(*item);
-  } else {
-    for (const Primitive& primitive : list.items()) {
-      if (options.step) options.step();
-      painter.item(primitive);
-    }
-  }
-  cairo_restore(context);
+  if (options.hairlines) cairo_set_operator(context, CAIRO_OPERATOR_DEST_OVER);
+  painter_ = std::make_unique<Painter>(context, options_);
+}
+
+Painting::~Painting() {
+  if (painter_) painter_->flush();
+  cairo_restore(context_);
+}
+
+void Painting::item(const Primitive& primitive) {
+  if (options_.step) options_.step();
+  if (!painter_) return;
+  painter_->item(primitive);
+  if (options_.most && painter_->painted() > options_.most)
+    throw PlotError("tracé impossible : plus de " + std::to_string(options_.most) +
+                    " textes et traits de couleurs ou d'épaisseurs différentes sur une page ; tracez en .png ou par "
+                    "fenêtres (--window)");
+}
+
+void paint(cairo_t* context, const DisplayList& list, const PaintOptions& options) {
+  Painting painting(context, options);
+  if (options.hairlines)
+    for (auto item = list.items().rbegin(); item != list.items().rend(); ++item) painting.item(*item);
+  else
+    for (const Primitive& item : list.items()) painting.item(item);
 }
 
 PictureCanvas::PictureCanvas(unsigned char* pixels, int width, int height, int stride)

@@ -4,6 +4,7 @@
 #include <cairo.h>
 
 #include <functional>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -41,11 +42,31 @@ struct PaintOptions {
   // top down, each primitive beneath those already painted, and lists from the last to the first.
   Hairlines* hairlines = nullptr;
   std::function<void()> step;  // called before each primitive; may throw to stop
-  bool embedFonts = false;     // texts as glyphs of their fonts: for PDF and SVG, smaller and searchable
+  // Of paths and texts given to Cairo, which keeps a kilobyte for each until the page of a PDF or SVG ends; then PlotError.
+  std::size_t most = 0;     // 0: no limit
+  bool embedFonts = false;  // texts as glyphs of their fonts: for PDF and SVG, smaller and searchable
   Colour foreground{0, 0, 0}, background{255, 255, 255};
 };
 
-// The state of the context is restored. Primitives outside the clip cost almost nothing.
+// Paints primitive by primitive, each over the ones before. Strokes alike that follow one another become one path: a
+// picture then takes a tenth of the memory. The state of the context is restored at the end.
+class Painting {
+ public:
+  Painting(cairo_t* context, const PaintOptions& options);
+  ~Painting();
+  Painting(const Painting&) = delete;
+  Painting& operator=(const Painting&) = delete;
+  // Outside the clip it costs almost nothing.
+  void item(const Primitive& primitive);
+
+ private:
+  class Painter;
+  cairo_t* context_;
+  PaintOptions options_;
+  std::unique_ptr<Painter> painter_;  // null: nothing is visible
+};
+
+// A whole list.
 void paint(cairo_t* context, const DisplayList& list, const PaintOptions& options);
 
 // A picture in memory that is painted list by list; see paintPicture. It begins transparent.
@@ -56,6 +77,7 @@ class PictureCanvas {
   PictureCanvas(const PictureCanvas&) = delete;
   PictureCanvas& operator=(const PictureCanvas&) = delete;
   void paint(const DisplayList& list, const PaintOptions& options);
+  cairo_t* context() const { return context_; }
   // Paints the background beneath everything.
   void ground(const Colour& colour);
 

@@ -20,7 +20,19 @@ int primaryLevel(int hue, int primary) {
   return away <= 4 ? 255 : away >= 8 ? 0 : 255 * (8 - away) / 4;
 }
 
+int distance(const Colour& a, const Colour& b) {
+  return std::abs(a.r - b.r) + std::abs(a.g - b.g) + std::abs(a.b - b.b);
+}
+
 }  // namespace
+
+int indexOf(const Colour& colour) {
+  int nearest = 7;
+  if (colour.kind != Colour::Kind::rgb) return nearest;
+  for (int i = 1; i < 256; ++i)
+    if (i != 7 && (nearest == 7 || distance(aciColour(i), colour) < distance(aciColour(nearest), colour))) nearest = i;
+  return nearest;
+}
 
 Colour trueColour(std::uint32_t rgb) {
   return {static_cast<std::uint8_t>(rgb >> 16), static_cast<std::uint8_t>(rgb >> 8), static_cast<std::uint8_t>(rgb)};

@@ -9,6 +9,9 @@ namespace atelier::render {
 // Any other index gives the foreground.
 Colour aciColour(int index);
 
+// The index that comes nearest.
+int indexOf(const Colour& colour);
+
 // 0xRRGGBB, as in group 420.
 Colour trueColour(std::uint32_t rgb);
 

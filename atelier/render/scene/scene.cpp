@@ -46,22 +46,26 @@ constexpr Kind kKinds[] = {
 // Types without anything to draw in the model space.
 constexpr std::string_view kInvisible[] = {"VIEWPORT", "SEQEND", "VERTEX", "LIGHT", "SUN"};
 
-DisplayList drawAll(const AcDbDatabase& database, std::span<AcDbStub* const> entities, const SceneOptions& options) {
-  SceneBuilder builder(AcDbImpDatabase::of(&database), options);
+// The most primitives that blocks and arrays may bring to a list: so many times the number of entities, and at least this
+// many. A small file that stands for billions then ends in seconds; a large one with thousands of references is whole.
+constexpr std::size_t kUnfolding = 50, kLeastPrimitives = 200'000;
+
+// Of a plot, which is whole or an error: more than any drawing that WholeScene lets pass comes to.
+constexpr std::size_t kMostWalked = 50'000'000;
+
+void walk(SceneBuilder& builder, std::span<AcDbStub* const> entities) {
   try {
     for (AcDbStub* stub : entities) builder.entity(*stub, {});
   } catch (const fonts::FontError& error) {
     throw PlotError(error.what());
   }
-  return builder.finish();
 }
 
-}  // namespace
+std::span<AcDbStub* const> modelSpace(const AcDbDatabase& database) {
+  const AcDbStub* space = AcDbImpDatabase::of(&database).modelSpace();
+  return space && space->children ? std::span<AcDbStub* const>(*space->children) : std::span<AcDbStub* const>();
+}
 
-namespace {
-// The most primitives that blocks and arrays may produce: so many times the number of entities, and at least this many.
-// A small file that stands for billions then ends in seconds; a large one with thousands of references is drawn whole.
-constexpr std::size_t kUnfolding = 50, kLeastPrimitives = 200'000;
 }  // namespace
 
 std::uint64_t Entity::source() const { return at.source ? at.source : stub.handle; }
@@ -78,11 +82,9 @@ Pt Entity::world(const AcGePoint3d& point) const {
   return {p.x, p.y};
 }
 
-SceneBuilder::SceneBuilder(AcDbImpDatabase& database, const SceneOptions& options)
-    : database_(database),
-      options_(options),
-      most_(std::min(options.mostPrimitives, std::max(kLeastPrimitives, kUnfolding * database.stubs().size()))),
-      properties_(database, options.paper) {}
+SceneBuilder::SceneBuilder(AcDbImpDatabase& database, const SceneOptions& options, std::size_t most,
+                           const Receiver& receive)
+    : database_(database), options_(options), most_(most), properties_(database, options.paper), receive_(receive) {}
 
 Groups SceneBuilder::groupsOf(AcDbStub& stub) { return Groups(AcDbImpObject::of(&database_.object(stub)).settled()); }
 
@@ -95,7 +97,7 @@ std::vector<AcDbStub*> SceneBuilder::children(const AcDbStub& stub) const {
 }
 
 bool SceneBuilder::roomLeft() {
-  stopped_ = stopped_ || ++visits_ > 10 * most_ || list_.items().size() >= most_;
+  stopped_ = stopped_ || ++visits_ / 10 > most_ || made_ >= most_;
   return !stopped_;
 }
 
@@ -111,6 +113,7 @@ void SceneBuilder::part(AcDbStub& owner, const Record& record, const Placement& 
   Groups groups(record);
   Look look = properties_.look(groups, at.inherited);
   look.patternScale *= at.scale;
+  if (options_.hidden) look.hidden = look.frozen = false;
   draw({owner, record, std::move(groups), at, look});
 }
 
@@ -145,8 +148,9 @@ Pen SceneBuilder::pen(const Entity& e) {
   return {e.look.colour, e.look.weightMm, properties_.dashes(e.look.pattern, e.look.patternScale)};
 }
 
-void SceneBuilder::add(const Entity& e, std::variant<Stroke, Fill, GlyphRun, Unbounded, Dot> shape) {
-  if (!e.look.hidden) list_.add(e.source(), std::move(shape));
+void SceneBuilder::add(const Entity& e, Shape shape) {
+  if (e.look.hidden) return;
+  if (auto made = primitive(e.source(), std::move(shape))) ++made_, receive_(std::move(*made));
 }
 
 void SceneBuilder::stroke(const Entity& e, Path path) { add(e, Stroke{std::move(path), pen(e)}); }
@@ -166,13 +170,14 @@ const fonts::Font& SceneBuilder::font(const fonts::FontStyle& style) {
   return known != fonts_.end() ? known->second : fonts_.emplace(key, fonts::Font(style)).first->second;
 }
 
-DisplayList SceneBuilder::finish() {
+std::vector<std::string> SceneBuilder::warnings() const {
+  std::vector<std::string> out;
   for (const auto& [what, count] : unshown_)
-    list_.warnings.push_back(what + (count > 1 ? " (" + std::to_string(count) + " fois)" : ""));
+    out.push_back(what + (count > 1 ? " (" + std::to_string(count) + " fois)" : ""));
   if (stopped_)
-    list_.warnings.push_back("dessin incomplet : arrêté après " + std::to_string(list_.items().size()) +
-                             " objets graphiques (blocs imbriqués ou réseaux trop nombreux)");
-  return std::move(list_);
+    out.push_back("dessin incomplet : arrêté après " + std::to_string(made_) +
+                  " objets graphiques (blocs imbriqués ou réseaux trop nombreux)");
+  return out;
 }
 
 SceneOptions forPlot() {
@@ -182,14 +187,26 @@ SceneOptions forPlot() {
 }
 
 DisplayList drawScene(const AcDbDatabase& database, const SceneOptions& options) {
-  const AcDbStub* space = AcDbImpDatabase::of(&database).modelSpace();
-  if (!space || !space->children) return {};
-  return drawAll(database, *space->children, options);
+  return drawEntities(database, modelSpace(database), options);
+}
+
+std::vector<std::string> walkScene(const AcDbDatabase& database, const SceneOptions& options, const Receiver& receive) {
+  SceneBuilder builder(AcDbImpDatabase::of(&database), options, kMostWalked, receive);
+  walk(builder, modelSpace(database));
+  if (builder.full()) throw PlotError("tracé impossible : plus de 50 millions d'objets graphiques");
+  return builder.warnings();
 }
 
 DisplayList drawEntities(const AcDbDatabase& database, std::span<AcDbStub* const> entities,
                          const SceneOptions& options) {
-  return drawAll(database, entities, options);
+  const std::size_t unfolded = kUnfolding * AcDbImpDatabase::of(&database).stubs().size();
+  DisplayList list;
+  const Receiver receive = [&](Primitive&& item) { list.add(std::move(item)); };
+  SceneBuilder builder(AcDbImpDatabase::of(&database), options,
+                       std::min(options.mostPrimitives, std::max(kLeastPrimitives, unfolded)), receive);
+  walk(builder, entities);
+  list.warnings = builder.warnings();
+  return list;
 }
 
 }  // namespace atelier::render

@@ -35,7 +35,8 @@ struct Entity {
 
 class SceneBuilder {
  public:
-  SceneBuilder(AcDbImpDatabase& database, const SceneOptions& options);
+  // Stops, with a warning, once it has made that many primitives.
+  SceneBuilder(AcDbImpDatabase& database, const SceneOptions& options, std::size_t most, const Receiver& receive);
 
   // Draws a stub that is not erased; a child of a block, an attribute of a reference.
   void entity(AcDbStub& stub, const Placement& at);
@@ -49,7 +50,7 @@ class SceneBuilder {
   void stroke(const Entity& e, Path path);
   void fill(const Entity& e, Path path, bool evenOdd);
   void fill(const Entity& e, Path path, bool evenOdd, Colour colour);
-  void add(const Entity& e, std::variant<Stroke, Fill, GlyphRun, Unbounded, Dot> shape);
+  void add(const Entity& e, Shape shape);
   Pen pen(const Entity& e);
 
   // Adds a warning, a French sentence; it is given once, with the number of entities.
@@ -62,7 +63,7 @@ class SceneBuilder {
   std::vector<AcDbStub*> children(const AcDbStub& stub) const;
   const fonts::Font& font(const fonts::FontStyle& style);
   bool full() const { return stopped_; }
-  DisplayList finish();
+  std::vector<std::string> warnings() const;
 
  private:
   void draw(const Entity& e);
@@ -72,7 +73,8 @@ class SceneBuilder {
   SceneOptions options_;
   std::size_t most_;  // primitives
   Properties properties_;
-  DisplayList list_;
+  const Receiver& receive_;
+  std::size_t made_ = 0;
   std::vector<const AcDbStub*> open_;  // blocks being drawn
   std::map<std::string, std::size_t> unshown_;
   std::map<std::string, fonts::Font, std::less<>> fonts_;

@@ -37,12 +37,31 @@ struct BoxOf {
 
 }  // namespace
 
-void DisplayList::add(std::uint64_t source, std::variant<Stroke, Fill, GlyphRun, Unbounded, Dot> shape) {
+Colour colourOf(const Shape& shape) {
+  struct Find {
+    Colour operator()(const Stroke& s) const { return s.pen.colour; }
+    Colour operator()(const Fill& f) const { return f.colour; }
+    Colour operator()(const GlyphRun& g) const { return g.colour; }
+    Colour operator()(const Unbounded& u) const { return u.pen.colour; }
+    Colour operator()(const Dot& d) const { return d.pen.colour; }
+  };
+  return std::visit(Find{}, shape);
+}
+
+std::optional<Primitive> primitive(std::uint64_t source, Shape shape) {
   const Box box = std::visit(BoxOf{}, shape);
   const auto* line = std::get_if<Unbounded>(&shape);
-  if (line ? !finite(line->base) || !finite(line->direction) : box.empty()) return;
-  bounds_.add(box);
-  items_.push_back({source, box, std::move(shape)});
+  if (line ? !finite(line->base) || !finite(line->direction) : box.empty()) return {};
+  return Primitive{source, box, std::move(shape)};
+}
+
+void DisplayList::add(std::uint64_t source, Shape shape) {
+  if (auto item = primitive(source, std::move(shape))) add(std::move(*item));
+}
+
+void DisplayList::add(Primitive&& item) {
+  bounds_.add(item.box);
+  items_.push_back(std::move(item));
 }
 
 }  // namespace atelier::render

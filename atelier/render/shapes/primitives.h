@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
@@ -73,16 +74,21 @@ struct Dot {
   double size = 0;  // of the mark, drawing units; 0: a fixed size on paper
 };
 
+using Shape = std::variant<Stroke, Fill, GlyphRun, Unbounded, Dot>;
+Colour colourOf(const Shape& shape);
+
 struct Primitive {
   std::uint64_t source = 0;  // handle of the object in the drawing (for a block, of the reference)
   Box box;                   // drawing units, without line weight; empty for Unbounded
-  std::variant<Stroke, Fill, GlyphRun, Unbounded, Dot> shape;
+  Shape shape;
 };
+// With its box computed; none for a shape with nothing to draw or with a coordinate that isn't finite.
+std::optional<Primitive> primitive(std::uint64_t source, Shape shape);
 
 class DisplayList {
  public:
-  // Adds a shape and computes its box. A shape with nothing to draw, or with a coordinate not finite, is left out.
-  void add(std::uint64_t source, std::variant<Stroke, Fill, GlyphRun, Unbounded, Dot> shape);
+  void add(std::uint64_t source, Shape shape);  // see primitive()
+  void add(Primitive&& item);
 
   const std::vector<Primitive>& items() const { return items_; }
   // Of all primitives that have an end.

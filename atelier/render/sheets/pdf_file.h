@@ -21,6 +21,7 @@ void dropPage(cairo_surface_t* surface);
 class PdfFile {
  public:
   static constexpr double kPointsPerMm = 72 / 25.4;
+  static constexpr std::size_t kMostPaths = 1'500'000;  // and texts, on a page: Cairo keeps them to its end
 
   // Throws PlotError when the folder can't be written.
   explicit PdfFile(const std::string& file);

@@ -11,7 +11,6 @@
 #include "atelier/base/interruption.h"
 #include "atelier/base/text.h"
 #include "atelier/render/painters/cairo_painter.h"
-#include "atelier/render/scene/scene.h"
 #include "atelier/render/shapes/plot_error.h"
 #include "atelier/render/sheets/atomic_file.h"
 #include "atelier/render/sheets/pdf_file.h"
@@ -27,7 +26,7 @@ constexpr int kGreatestSide = 32767;        // of Cairo's pictures, pixels
 constexpr double kGreatestPicture = 250e6;  // pixels: a gigabyte
 constexpr double kHairlineMm = 0.09;        // the thinnest line a plotter draws
 
-void paintPage(cairo_t* context, const DisplayList& list, const Page& page, double unitsPerMm, double thinnest,
+void paintPage(cairo_t* context, const WholeScene& scene, const Page& page, double unitsPerMm, double thinnest,
                bool embedFonts) {
   PaintOptions options;
   options.toSurface = Affine::scaling(unitsPerMm, unitsPerMm) * page.toPage;
@@ -35,31 +34,33 @@ void paintPage(cairo_t* context, const DisplayList& list, const Page& page, doub
   options.clip = fonts::rectangle(page.clipMm).bounds(Affine::scaling(unitsPerMm, unitsPerMm));
   options.thinnest = thinnest;
   options.embedFonts = embedFonts;
+  if (embedFonts) options.most = PdfFile::kMostPaths;
   options.step = checkInterruption;
-  paint(context, list, options);
+  Painting painting(context, options);
+  scene.each([&](const Primitive& item) { painting.item(item); });
 }
 
-void paintPage(cairo_surface_t* surface, const DisplayList& list, const Page& page, double unitsPerMm, double thinnest,
+void paintPage(cairo_surface_t* surface, const WholeScene& scene, const Page& page, double unitsPerMm, double thinnest,
                bool embedFonts, const std::string& file) {
   const Context context(cairo_create(surface), cairo_destroy);
-  paintPage(context.get(), list, page, unitsPerMm, thinnest, embedFonts);
+  paintPage(context.get(), scene, page, unitsPerMm, thinnest, embedFonts);
   checkCairo(cairo_status(context.get()), file);
 }
 
-void pdf(const DisplayList& list, const Page& page, const std::string& file) {
+void pdf(const WholeScene& scene, const Page& page, const std::string& file) {
   PdfFile out(file);
   out.beginPage(page.widthMm, page.heightMm);
-  paintPage(out.context(), list, page, PdfFile::kPointsPerMm, kHairlineMm * PdfFile::kPointsPerMm, true);
+  paintPage(out.context(), scene, page, PdfFile::kPointsPerMm, kHairlineMm * PdfFile::kPointsPerMm, true);
   out.finish();
 }
 
-void svg(const DisplayList& list, const Page& page, AtomicFile& out, const std::string& file) {
+void svg(const WholeScene& scene, const Page& page, AtomicFile& out, const std::string& file) {
   const double perMm = PdfFile::kPointsPerMm;
   const Surface surface(
       cairo_svg_surface_create_for_stream(toAtomicFile, &out, page.widthMm * perMm, page.heightMm * perMm),
       cairo_surface_destroy);
   try {
-    paintPage(surface.get(), list, page, perMm, kHairlineMm * perMm, true, file);
+    paintPage(surface.get(), scene, page, perMm, kHairlineMm * perMm, true, file);
   } catch (...) {
     dropPage(surface.get());
     throw;
@@ -68,7 +69,7 @@ void svg(const DisplayList& list, const Page& page, AtomicFile& out, const std::
   checkCairo(cairo_surface_status(surface.get()), file);
 }
 
-void picture(double dpi, const DisplayList& list, const Page& page, AtomicFile& out, const std::string& file) {
+void picture(double dpi, const WholeScene& scene, const Page& page, AtomicFile& out, const std::string& file) {
   if (!(dpi >= kLeastDpi && dpi <= kMostDpi))
     throw PlotError("résolution hors limites : attendu de 10 à 2400 points par pouce");
   const double perMm = dpi / 25.4, width = std::round(page.widthMm * perMm), height = std::round(page.heightMm * perMm);
@@ -83,7 +84,7 @@ void picture(double dpi, const DisplayList& list, const Page& page, AtomicFile& 
     cairo_set_source_rgb(context.get(), 1, 1, 1);
     cairo_paint(context.get());
   }
-  paintPage(surface.get(), list, page, perMm, 1, false, file);
+  paintPage(surface.get(), scene, page, perMm, 1, false, file);
   checkCairo(cairo_surface_write_to_png_stream(surface.get(), toAtomicFile, &out), file);
 }
 
@@ -93,52 +94,26 @@ std::string extension(const std::string& file) {
   return has ? file.substr(dot) : "";
 }
 
-Colour colourOf(const Primitive& item) {
-  struct Find {
-    Colour operator()(const Stroke& s) const { return s.pen.colour; }
-    Colour operator()(const Fill& f) const { return f.colour; }
-    Colour operator()(const GlyphRun& g) const { return g.colour; }
-    Colour operator()(const Unbounded& u) const { return u.pen.colour; }
-    Colour operator()(const Dot& d) const { return d.pen.colour; }
-  };
-  return std::visit(Find{}, item.shape);
-}
-
-// Whether white paper shows anything of the drawing.
-bool showsOnPaper(const DisplayList& list) {
-  return std::ranges::any_of(list.items(), [](const Primitive& item) {
-    const Colour colour = colourOf(item);
-    const bool white = colour.kind == Colour::Kind::rgb && colour.r == 255 && colour.g == 255 && colour.b == 255;
-    return colour.alpha > 0 && !white && colour.kind != Colour::Kind::background;
-  });
-}
-
 }  // namespace
 
-std::vector<std::string> plot(const DisplayList& list, const std::string& file, const PlotOptions& options) {
+std::vector<std::string> plot(const WholeScene& scene, const std::string& file, const PlotOptions& options) {
   const std::string kind = extension(file);
   const bool isPdf = equalNoCase(kind, ".pdf"), isPng = equalNoCase(kind, ".png");
   if (!isPdf && !isPng && !equalNoCase(kind, ".svg"))
     throw PlotError(file + " : type de tracé inconnu, attendu .pdf, .svg ou .png");
-  const Page page = layOutPage(list.bounds(), options.page);
+  const Page page = layOutPage(scene.bounds(), options.page);
   if (isPdf) {
-    pdf(list, page, file);
+    pdf(scene, page, file);
   } else {
     AtomicFile out(file);
-    if (isPng) picture(options.dpi, list, page, out, file);
-    else svg(list, page, out, file);
+    if (isPng) picture(options.dpi, scene, page, out, file);
+    else svg(scene, page, out, file);
     out.commit();
   }
-  std::vector<std::string> warnings = list.warnings;
+  std::vector<std::string> warnings = scene.warnings();
   warnings.insert(warnings.end(), page.warnings.begin(), page.warnings.end());
-  if (!list.items().empty() && !showsOnPaper(list))
-    warnings.push_back("rien de visible : tout est blanc sur la feuille");
+  if (!scene.empty() && !scene.showsOnPaper()) warnings.push_back("rien de visible : tout est blanc sur la feuille");
   return warnings;
-}
-
-std::vector<std::string> plotDrawing(const AcDbDatabase& database, const std::string& file,
-                                     const PlotOptions& options) {
-  return plot(drawScene(database, forPlot()), file, options);
 }
 
 }  // namespace atelier::render

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "atelier/render/scene/whole_scene.h"
 #include "atelier/render/sheets/page.h"
-#include "hote/dbmain.h"
 
 namespace atelier::render {
 
@@ -15,11 +15,8 @@ struct PlotOptions {
 };
 
 // The kind follows the extension of the file: .pdf .svg .png, letter case ignored. Gives the warnings of the
-// list and of the page, in French. Throws PlotError for an unknown extension, a page that isn't possible, a picture too
+// scene and of the page, in French. Throws PlotError for an unknown extension, a page that isn't possible, a picture too
 // large, or a file that can't be written (the old one is then unchanged).
-std::vector<std::string> plot(const DisplayList& list, const std::string& file, const PlotOptions& options);
-
-// drawScene and plot.
-std::vector<std::string> plotDrawing(const AcDbDatabase& database, const std::string& file, const PlotOptions& options);
+std::vector<std::string> plot(const WholeScene& scene, const std::string& file, const PlotOptions& options);
 
 }  // namespace atelier::render

@@ -5,8 +5,10 @@
 #include "atelier/database/objects/stub.h"
 #include "atelier/document/document.h"
 #include "atelier/document/values.h"
+#include "atelier/dxf/versions/old_form.h"
 #include "atelier/lisp/evaluator/arguments.h"
 #include "atelier/lisp/evaluator/root.h"
+#include "atelier/render/scene/old_form.h"
 #include "atelier/render/scene/scene.h"
 #include "atelier/render/sheets/sheets.h"
 
@@ -54,11 +56,32 @@ SheetView viewOf(Interpreter& in, Value list) {
   return view;
 }
 
-// (scale (view ...) ((mark . text) ...))
+// (x1 y1 x2 y2 dx dy)
+Inset insetOf(Interpreter& in, Value list) {
+  const auto numbers = numbersOf(in, list, 6);
+  Inset inset;
+  inset.window.add(Pt{numbers[0], numbers[1]});
+  inset.window.add(Pt{numbers[2], numbers[3]});
+  inset.shift = {numbers[4], numbers[5]};
+  return inset;
+}
+
+// (width y1 y2 height (y . label) ...)
+std::optional<Graduation> graduationOf(Interpreter& in, Value list) {
+  if (list.isNil()) return {};
+  const auto numbers = numbersOf(in, list, 4);
+  Graduation axis{numbers[0], numbers[1], numbers[2], numbers[3], {}};
+  for (const Value item : Items(list))
+    if (item.isPair())
+      axis.marks.emplace_back(lisp::numberArgument(in, item.car()), lisp::stringArgument(in, item.cdr()));
+  return axis;
+}
+
+// (scale (view ...) ((mark . text) ...) [(inset ...) [graduation]])
 Sheet sheetOf(Interpreter& in, Value list) {
   std::vector<Value> parts;
   for (const Value item : Items(lisp::listArgument(in, list))) parts.push_back(item);
-  if (parts.size() != 3) in.failType("feuille", list);
+  if (parts.size() < 3 || parts.size() > 5) in.failType("feuille", list);
   Sheet sheet;
   sheet.scale = lisp::numberArgument(in, parts[0]);
   if (!(sheet.scale > 0)) in.failType("echelle", parts[0]);
@@ -67,6 +90,9 @@ Sheet sheetOf(Interpreter& in, Value list) {
     if (!text.isPair()) in.failType("consp", text);
     sheet.texts.emplace_back(lisp::stringArgument(in, text.car()), lisp::stringArgument(in, text.cdr()));
   }
+  parts.resize(5, lisp::nil);
+  for (const Value inset : Items(lisp::listArgument(in, parts[3]))) sheet.insets.push_back(insetOf(in, inset));
+  sheet.graduation = graduationOf(in, parts[4]);
   return sheet;
 }
 
@@ -106,11 +132,17 @@ constexpr lisp::Builtin kTable[] = {
     {"modele-feuille", roomOfTemplate, 1, 1, "(modele-feuille fichier)",
      "Largeur et hauteur en mm de la feuille d'un dessin modèle, puis de la place du dessin."},
     {"tracer-feuilles", plotSheetSet, 3, 3, "(tracer-feuilles pdf modèle feuilles)",
-     "Trace des feuilles (échelle vues textes) en un PDF; une vue est (x1 y1 x2 y2 (x y1 y2) ...), coupures derrière."},
+     "Trace des feuilles (échelle vues textes [encarts [graduation]]) en un PDF; une vue est (x1 y1 x2 y2 (x y1 y2) "
+     "...), "
+     "coupures derrière, un encart (x1 y1 x2 y2 dx dy), la graduation de la dernière vue (largeur y1 y2 hauteur (y . "
+     "texte) ...)."},
 };
 
 }  // namespace
 
-void providePlots() { addDrawingBuiltins(kTable); }
+void providePlots() {
+  addDrawingBuiltins(kTable);
+  dxf::provideOldForm(oldForm);
+}
 
 }  // namespace atelier::render

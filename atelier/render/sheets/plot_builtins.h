@@ -1,4 +1,4 @@
-// Adds the AutoLISP functions for plots to every drawing opened after the call.
+// Adds the AutoLISP functions for plots to every drawing opened after the call, and tells exports how entities are drawn.
 #pragma once
 
 namespace atelier::render {

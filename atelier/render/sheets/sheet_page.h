@@ -1,0 +1,37 @@
+// One page of a sheet set: views clipped to their windows, insets, match lines and graduation. Inner header of the room.
+#pragma once
+
+#include "atelier/render/scene/whole_scene.h"
+#include "atelier/render/sheets/pdf_file.h"
+#include "atelier/render/sheets/sheets.h"
+
+namespace atelier::render {
+
+class SheetPage {
+ public:
+  // Begins the page.
+  SheetPage(PdfFile& pdf, const Template& model);
+
+  // Millimetres of the template to those of the page, from its top left corner.
+  Affine paper() const { return {1, 0, 0, -1, -model_.sheet.xMin, model_.sheet.yMax}; }
+  // Draws the part in the window with a map to the page.
+  void show(const WholeScene& scene, const Affine& toPage, const Box& windowMm) const;
+  // Throws PlotError for a view without size, or when the room is too small.
+  void views(const WholeScene& drawing, const Sheet& sheet) const;
+
+ private:
+  // Where all views and insets stand: drawing units from the left of the first view, at the heights of the drawing.
+  struct Row {
+    std::vector<double> lefts;  // of the views
+    Box whole;
+  };
+  static Row rowOf(const Sheet& sheet);
+  Pt corner(const Row& row, double perUnit) const;
+  void matchLine(const MatchLine& cut, const Affine& toPage) const;
+  void graduation(const Graduation& axis, double x, const Affine& toPage) const;
+
+  PdfFile& pdf_;
+  const Template& model_;
+};
+
+}  // namespace atelier::render
