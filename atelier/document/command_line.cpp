@@ -138,8 +138,9 @@ void Document::runLine(const std::string& line) {
   prompter_.dropPending();
 }
 
-void Document::run(InputSource& source) {
+bool Document::run(InputSource& source) {
   makeCurrent();
+  bool goesOn = true;
   InputSource* before = std::exchange(prompter_.source, &source);
   const auto restore = [&] { prompter_.source = before; };
   stopped_ = false;
@@ -173,6 +174,7 @@ void Document::run(InputSource& source) {
       runScripts();
       if (quitRequested()) {
         if (before) requestQuit();  // the outer script must end, too
+        goesOn = false;
         break;
       }
     }
@@ -181,6 +183,7 @@ void Document::run(InputSource& source) {
     throw;
   }
   restore();
+  return goesOn;
 }
 
 // Whether a line of a script begins something new: an expression, or a command by its name. Short aliases don't count, since

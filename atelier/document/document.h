@@ -100,8 +100,9 @@ class Document {
   // Evaluates AutoLISP as typed at the command line. Errors are printed and counted.
   bool evaluate(std::string_view text, std::string* printed = nullptr);
   bool load(const std::string& path);
-  // Feeds the source's lines to the command line until its end: commands, LISP expressions, answers to prompts.
-  void run(InputSource& source);
+  // Feeds the source's lines to the command line until its end: commands, LISP expressions, answers to prompts. False when
+  // a command has asked the program to end.
+  bool run(InputSource& source);
   // Runs one command by its name as if typed; answers come from the prompter's source. False when there is none.
   bool runCommand(const std::string& name);
   // The number of LISP errors and of failed and unknown commands since the document was opened.
@@ -113,8 +114,11 @@ class Document {
   void checkSaving() const;
   // Marks the drawing as being worked on, for other programs, until it is closed; so too those opened or saved later.
   void holdLock();
-  // Why the file should not be replaced without asking: another program works on it, or it has changed since it was
-  // opened. Empty when it may. Saving then throws, unless `overwritesOthers`.
+  // The drawing is only looked at, until it is saved or another one is opened: its file is not replaced without asking.
+  void setReadOnly() { readOnly_ = true; }
+  bool isReadOnly() const { return readOnly_; }
+  // Why the file should not be replaced without asking: another program or document works on it, or it has changed since
+  // it was opened. Empty when it may. Saving then throws, unless `overwritesOthers`.
   std::string objection(const std::string& path) const;
   bool overwritesOthers = false;
   // Receives the messages of failures in place of the printer; null: the printer gets them.
@@ -143,6 +147,7 @@ class Document {
   void drawingOpened();
   void drawingClosing();
   void checkTarget(const std::string& path) const;
+  bool isOwn(const std::string& path) const;
   void fileSaved();
   void runLine(const std::string& line);
   bool beginsLine(const std::string& line);
@@ -158,7 +163,7 @@ class Document {
   std::unique_ptr<SpatialIndex> index_;
   FileMark mark_;  // of the drawing's file as it was opened or saved
   DrawingLock lock_;
-  bool holdsLock_ = false;
+  bool holdsLock_ = false, readOnly_ = false;
   std::unique_ptr<lisp::Console> console_;
   std::unique_ptr<TrustedSearch> search_;
   SystemVariables variables_;

@@ -69,7 +69,7 @@ Drawing::Drawing(const QString& path, std::vector<std::string>* messages) {
 
 Drawing::~Drawing() {
   onPrinted = nullptr;
-  onPrompt = onDone = onReplaced = nullptr;
+  onPrompt = onDone = onQuit = onReplaced = nullptr;
 }
 
 void Drawing::bind() {
@@ -84,7 +84,8 @@ void Drawing::replaced() {
 
 QString Drawing::title() const {
   const std::string& path = document_->path();
-  return path.empty() ? untitled : QFileInfo(QString::fromStdString(path)).fileName();
+  const QString name = path.empty() ? untitled : QFileInfo(QString::fromStdString(path)).fileName();
+  return document_->isReadOnly() ? name + QStringLiteral(" (lecture seule)") : name;
 }
 
 void Drawing::type(const QString& line) {
@@ -112,10 +113,11 @@ void Drawing::feed(const std::vector<std::string>& lines) {
 
 void Drawing::run() {
   running_ = true;
+  bool goesOn = true;
   {
     const Heartbeat heartbeat(document_->interpreter());
     try {
-      document_->run(source_);
+      goesOn = document_->run(source_);
     } catch (const std::exception& error) {
       document_->fail(error.what());
     }
@@ -123,6 +125,7 @@ void Drawing::run() {
   running_ = false;
   if (onPrompt) onPrompt();
   if (onDone) onDone();
+  if (!goesOn && onQuit) return onQuit();
   if (later_.empty()) return;
   const QString line = std::move(later_.front());
   later_.pop_front();

@@ -57,6 +57,7 @@ class Drawing : public QObject {
   std::function<void(QString)> onPrinted;
   std::function<void()> onPrompt;    // the running prompt changed
   std::function<void()> onDone;      // a command ended; the drawing may have changed
+  std::function<void()> onQuit;      // QUIT has ended, and wants the program to end
   std::function<void()> onReplaced;  // a command has opened another drawing in place of this one
   QString untitled = QStringLiteral("Dessin1.dxf");
   QString lastLine;  // Enter at the command prompt runs it again

@@ -119,6 +119,7 @@ void MainWindow::wire(Tab& tab) {
     if (tab.drawing->prompt()) tab.view->refresh();
   };
   drawing.onDone = [this, &tab] { afterCommand(tab); };
+  drawing.onQuit = [this, &tab] { quit(tab); };
   drawing.onReplaced = [this, &tab] { afterReplacement(tab); };
   tab.view->onMoved = [this, &drawing](const AcGePoint3d& point) { moved(drawing, point); };
   tab.view->onSelection = [this, &tab] { properties_->show(tab.drawing.get(), tab.view->selection()); };
@@ -249,7 +250,7 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
 
 void MainWindow::dropEvent(QDropEvent* event) {
   for (const QUrl& url : event->mimeData()->urls())
-    if (url.isLocalFile()) open(url.toLocalFile());
+    if (url.isLocalFile()) whenIdle([this, path = url.toLocalFile()] { open(path); });
 }
 
 }  // namespace atelier::desktop

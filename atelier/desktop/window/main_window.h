@@ -21,8 +21,9 @@ class MainWindow : public QMainWindow {
   MainWindow();
   ~MainWindow() override;
 
-  // A tab with a new drawing, or with the file; false after a message when it can't be opened. What can be read of a damaged
-  // file is offered.
+  // A tab with a new drawing, or with the file, which is brought to the front when it is open already. False after a
+  // message when it can't be opened. What can be read of a damaged file is offered; a drawing that another program works
+  // on, for reading only.
   bool open(const QString& path = {});
   bool save(bool underNewName = false);
   // Closes a tab; asks about unsaved changes. False when the user cancels. The window asks once for all its tabs.
@@ -60,6 +61,7 @@ class MainWindow : public QMainWindow {
   void buildPanels();
   void buildMenus();
   void buildRecent(QMenu& menu);
+  Tab* tabOf(const QString& path) const;
   bool openOrRecover(const QString& path);
   void openTab(const QString& path, std::vector<std::string>* messages = nullptr);
   bool openDamaged(const QString& path, const QString& damage);
@@ -67,6 +69,8 @@ class MainWindow : public QMainWindow {
   void dropTab(Tab& tab);
   std::vector<Tab*> unsaved() const;
   bool isRunning() const;
+  void whenIdle(std::function<void()> action);
+  void quit(Tab& tab);
   QString askAboutLeaving(const std::vector<Tab*>& unsaved);
   bool leave(const QString& answer, const std::vector<Tab*>& asked);
   void leaveAfterCommands(const QString& answer, const std::vector<Tab*>& asked, int patience);

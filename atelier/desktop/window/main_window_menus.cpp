@@ -80,22 +80,26 @@ void MainWindow::changeTheme() {
 void MainWindow::buildRecent(QMenu& menu) {
   menu.clear();
   for (const QString& path : QSettings().value("recents").toStringList())
-    connect(menu.addAction(path), &QAction::triggered, this, [this, path] { open(path); });
+    connect(menu.addAction(path), &QAction::triggered, this, [this, path] { whenIdle([this, path] { open(path); }); });
   if (menu.isEmpty()) menu.addAction(QStringLiteral("(aucun)"))->setEnabled(false);
 }
 
 // Before drawings are opened, saved or changed the running command is cancelled; when it doesn't end (its dialog comes
 // back) the action is not carried out.
+void MainWindow::whenIdle(std::function<void()> action) {
+  Drawing* const d = drawing();
+  if (!d || !d->isRunning()) return action();
+  d->cancel();
+  QTimer::singleShot(kUnwinding, d, [d, action = std::move(action)] {
+    if (!d->isRunning()) action();
+  });
+}
+
 void MainWindow::windowAction(const QString& name) {
   Drawing* const d = drawing();
   DrawingView* const v = view();
   static const QSet<QString> always{"extents", "nearer", "farther", "ground", "snaps", "theme", "quit"};
-  if (d && d->isRunning() && !always.contains(name)) {
-    d->cancel();
-    return QTimer::singleShot(kUnwinding, d, [this, d, name] {
-      if (!d->isRunning()) windowAction(name);
-    });
-  }
+  if (d && d->isRunning() && !always.contains(name)) return whenIdle([this, name] { windowAction(name); });
   if (name == "new") open();
   else if (name == "open") {
     const QString path = chooseFile(false, QStringLiteral("Ouvrir un dessin"), QStringLiteral("Dessins (*.dxf *.dwg)"));
