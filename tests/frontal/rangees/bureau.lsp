@@ -39,3 +39,10 @@
 ((mots c 2.0 0.0) "Cercle, calque VOIES")
 ((mots texte 2.0 0.0) "Texte « rue du Moulin », calque 0")
 ((plv-bureau-survol "FFFF" 0.0 0.0) nil)
+
+;; A program without a text is named only.
+(situation "EveryCommandIsExplained")
+(preparer (defun c:sans-texte () (princ)))
+(tape ("AIDE" "PLV-PC") "PLV-PC: Ajoute, modifie ou supprime un plan de comparaison d'un profil.")
+(tape ("AIDE" "CUBPL") "CUBPL: Ouvre le métré")
+(tape ("AIDE" "SANS-TEXTE") "SANS-TEXTE: commande d'un programme AutoLISP.")
