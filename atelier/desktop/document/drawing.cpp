@@ -88,6 +88,10 @@ QString Drawing::title() const {
   return document_->isReadOnly() ? name + QStringLiteral(" (lecture seule)") : name;
 }
 
+QString Drawing::commandName() const {
+  return running_ ? QString::fromStdString(source_.running()).trimmed().section(' ', 0, 0).toUpper() : QString();
+}
+
 void Drawing::type(const QString& line) {
   if (source_.waits()) return source_.answer(Input::line(line.toStdString()));
   if (running_ && source_.isAbandoned()) return later_.push_back(line);
@@ -96,17 +100,17 @@ void Drawing::type(const QString& line) {
   if (text.trimmed().isEmpty()) text = lastLine;
   if (text.trimmed().isEmpty()) return;
   lastLine = text;
-  source_.begin(text.toStdString());
+  source_.begin({{text.toStdString()}});
   run();
 }
 
-void Drawing::feed(const std::vector<std::string>& lines) {
+void Drawing::feed(const std::vector<Order>& orders) {
   if (running_) cancel();  // the command must end first
   ++awaited_;
-  QTimer::singleShot(0, this, [this, lines] {
+  QTimer::singleShot(0, this, [this, orders] {
     --awaited_;
-    if (running_) return feed(lines);
-    source_.begin(std::deque<std::string>(lines.begin(), lines.end()));
+    if (running_) return feed(orders);
+    source_.begin(orders);
     run();
   });
 }
@@ -129,7 +133,7 @@ void Drawing::run() {
   if (later_.empty()) return;
   const QString line = std::move(later_.front());
   later_.pop_front();
-  feed({line.toStdString()});
+  feed({{line.toStdString()}});
 }
 
 void Drawing::pick(const AcGePoint3d& point) { source_.answer(Input::pick(point)); }

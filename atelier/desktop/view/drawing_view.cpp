@@ -341,7 +341,7 @@ void DrawingView::mousePressEvent(QMouseEvent* event) {
   cursor_ = event->position();
   if (event->button() == Qt::MiddleButton) panFrom_ = event->position();
   if (event->button() == Qt::LeftButton) click(event->position(), event->modifiers() & Qt::ShiftModifier);
-  if (event->button() == Qt::RightButton) drawing_.enter();
+  if (event->button() == Qt::RightButton && onMenu) onMenu(event->globalPosition().toPoint());
   update();
 }
 
@@ -393,7 +393,7 @@ void DrawingView::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape) return escape();
   if (event->key() == Qt::Key_Space && event->modifiers() & Qt::ShiftModifier && goOn()) return;
   if (event->key() == Qt::Key_Delete && !drawing_.isRunning() && !selection_.empty()) {
-    drawing_.feed({"ERASE"});
+    drawing_.feed({{"ERASE"}});
     return;
   }
   if (onKey) onKey(event);

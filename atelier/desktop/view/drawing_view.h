@@ -44,6 +44,7 @@ class DrawingView : public QWidget {
   // Whether another entity lies under the cursor; it is then what a click takes.
   bool goOn();
 
+  std::function<void(const QPoint& onScreen)> onMenu;  // the right button
   std::function<void(QKeyEvent*)> onKey;  // keys that are not the view's own: text for the command line
 
  protected:

@@ -162,6 +162,7 @@ bool MainWindow::save(bool underNewName) {
     complain(QString::fromUtf8(error.what()));
     return false;
   }
+  document.print("\nDessin enregistré dans " + path.toStdString() + ".\n");
   remember(path);
   afterCommand(*front());
   return true;
