@@ -14,7 +14,6 @@ namespace atelier {
 namespace {
 
 constexpr CommandRow kElsewhere[] = {
-    {"HATCH", "-HATCH BHATCH -BHATCH HACHURES", nullptr, "Hachure un contour."},
     {"PLOT", "-PLOT TRACEUR", nullptr, "Trace le dessin: option --plot du programme."},
 };
 
@@ -29,11 +28,12 @@ bool isNamed(const CommandRow& row, std::string_view name) {
   return false;
 }
 
-constexpr auto kTables = {drawingCommands, shapeCommands,    divideCommands,  plineCommands,       arcCommands,
-                          blockCommands,   propertyCommands, textCommands,    editingCommands,     curveCommands,
-                          cornerCommands,  offsetCommands,   trimCommands,    explodeCommands,     polylineCommands,
-                          insertCommands,  layerCommands,    recordCommands,  drawingFileCommands, fileCommands,
-                          viewCommands,    undoCommands,     inquiryCommands, menuCommands,        helpCommands};
+constexpr auto kTables = {drawingCommands, shapeCommands,       dimensionCommands, divideCommands,  plineCommands,
+                          arcCommands,     blockCommands,       propertyCommands,  textCommands,    hatchCommands,
+                          editingCommands, curveCommands,       cornerCommands,    offsetCommands,  trimCommands,
+                          stretchCommands, explodeCommands,     polylineCommands,  insertCommands,  layerCommands,
+                          recordCommands,  drawingFileCommands, fileCommands,      extractCommands, viewCommands,
+                          undoCommands,    inquiryCommands,     menuCommands,      helpCommands};
 
 }  // namespace
 

@@ -3,6 +3,7 @@
 #include "atelier/document/groups_as_lists.h"
 
 #include "atelier/base/text.h"
+#include "atelier/database/lists/entity_walk.h"
 #include "atelier/database/objects/chain.h"
 #include "atelier/document/values.h"
 #include "atelier/lisp/evaluator/printer.h"
@@ -74,6 +75,8 @@ Value listOfGroups(Interpreter& interpreter, const AcDbStub* stub, const std::ve
   list.add(interpreter.cons(Value::integer(-1), entityValue(interpreter, stub)));
   std::size_t i = 0;
   for (; i < groups.size() && groups[i].code() != 1001; ++i) list.add(item(interpreter, groups, i, db));
+  if (const AcDbStub* first = firstOfBlock(db, stub))
+    list.add(interpreter.cons(Value::integer(-2), entityValue(interpreter, first)));
   if (i < groups.size()) {
     ListBuilder xdata(interpreter);
     xdata.add(Value::integer(-3));

@@ -8,7 +8,7 @@
 
 namespace atelier {
 
-// The list of an object, with the XDATA that the groups carry at their end.
+// The list of an object, with the XDATA that the groups carry at their end; of a BLOCK also its first entity (-2).
 lisp::Value listOfGroups(lisp::Interpreter& interpreter, const AcDbStub* stub, const std::vector<Group>& groups);
 // Groups of a list; -1 and -2 items are left out, the entity of a -1 item goes to `entity`. Fails the program with the
 // reference's message when an item is no dotted pair or its value doesn't fit its code.

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "atelier/database/objects/stub.h"
+#include "hote/ge.h"
 
 namespace atelier {
 
@@ -42,6 +43,8 @@ class SelectionSet {
     return !list_.empty() && members().contains(const_cast<AcDbStub*>(stub));
   }
   const List& list() const { return list_; }
+  // The polygon of the last crossing selection among the answers, in plan; empty without one.
+  std::vector<AcGePoint3d> crossed;
   // Bytes of memory that it takes, about.
   std::size_t weight() const { return list_.size() * sizeof(AcDbStub*); }
 

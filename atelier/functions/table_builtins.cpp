@@ -27,7 +27,7 @@ std::string tableArgument(Interpreter& interpreter, Value value) {
   return table;
 }
 
-// The list of a block has its base point and its first entity (-2).
+// The list of a block is that of its BLOCK, which has the base point and the first entity.
 Value recordList(Interpreter& interpreter, AcDbStub& stub) {
   AcDbImpDatabase& db = *stub.database;
   AcDbStub* source = &stub;
@@ -40,16 +40,7 @@ Value recordList(Interpreter& interpreter, AcDbStub& stub) {
                         (code == 8 && source != &stub) || (source != &stub && (code == 3 || code == 1));
     if (!hidden) shown.push_back(group);
   }
-  const Value list = listOfGroups(interpreter, source, shown).cdr();
-  if (source == &stub || !stub.children) return list;
-  for (AcDbStub* child : *stub.children)
-    if (!child->is(AcDbStub::kErased)) {
-      Value last = list;
-      while (last.cdr().isPair()) last = last.cdr();
-      last.pair()->cdr = interpreter.list({interpreter.cons(Value::integer(-2), entityValue(interpreter, child))});
-      break;
-    }
-  return list;
+  return listOfGroups(interpreter, source, shown).cdr();
 }
 
 Value tblsearch(Interpreter& interpreter, Arguments arguments) {

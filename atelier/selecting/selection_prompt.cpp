@@ -68,6 +68,7 @@ void SelectionPrompt::takeObjects(const SelectionSet& found) {
 
 void SelectionPrompt::finishPolygon() {
   stage_ = Stage::objects;
+  if (polygon_ == PolygonMode::crossing) set_->crossed = points_;
   takeObjects(*selectPolygon(document_, points_, polygon_, filter_));
   points_.clear();
 }
@@ -82,7 +83,9 @@ bool SelectionPrompt::takePoint(const AcGePoint3d& point) {
     // Without a word the direction decides: from right to left crosses.
     const bool crossing = byDirection_ ? point.x < points_.front().x : crossing_;
     stage_ = Stage::objects;
-    takeObjects(*selectBox(document_, points_.front(), point, crossing, filter_));
+    const AcGePoint3d a = points_.front();
+    if (crossing) set_->crossed = {a, {point.x, a.y, 0}, point, {a.x, point.y, 0}};
+    takeObjects(*selectBox(document_, a, point, crossing, filter_));
     points_.clear();
     return true;
   }

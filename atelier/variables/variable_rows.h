@@ -39,5 +39,6 @@ constexpr VariableRow computed(std::string_view name, VariableKind kind, std::st
 // Settings of windows and commands that this host doesn't have. Programs set them and set them back, so they are known and
 // keep their values.
 std::span<const VariableRow> keptVariableRows();
+std::span<const VariableRow> dimensionVariableRows();
 
 }  // namespace atelier

@@ -106,7 +106,6 @@ constexpr VariableRow kRows[] = {
     headerInt("ANGDIR", 70, 0, 0, 1, "Sens des angles."),
     computed("ANGBASE", real, "Direction de l'angle 0, en radians."),
     headerInt("UNITMODE", 70, 0, 0, 1, "Écriture des fractions et des angles."),
-    headerInt("DIMZIN", 70, 8, 0, 15, "Zéros supprimés."),
     headerInt("INSUNITS", 70, 6, 0, 24, "Unité du dessin."),
     headerInt("MEASUREMENT", 70, 1, 0, 1, "1 pour le système métrique."),
     // --- drawing modes
@@ -142,7 +141,8 @@ constexpr VariableRow kRows[] = {
 std::span<const VariableRow> variableRows() {
   static const std::vector<VariableRow> rows = [] {
     std::vector<VariableRow> all(std::begin(kRows), std::end(kRows));
-    all.insert(all.end(), keptVariableRows().begin(), keptVariableRows().end());
+    for (const auto& more : {keptVariableRows(), dimensionVariableRows()})
+      all.insert(all.end(), more.begin(), more.end());
     return all;
   }();
   return rows;

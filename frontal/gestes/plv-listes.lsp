@@ -25,6 +25,10 @@
     (if (not (and gardees (equal (car r) (caar gardees) 1e-6))) (setq gardees (cons r gardees))))
   (reverse gardees))
 
+(defun plv-listes:rangees (rangees)
+  "What was read, in order; nil after a message where there is nothing."
+  (cond ((plv-listes:sans-doubles rangees)) (T (plv-erreur "aucun point du terrain n'est sur cette ligne"))))
+
 (defun plv-lister-altitudes (profil courbes / faute points)
   "Rows (distance altitude ground) of curves at the ground points; nil after a message."
   (setq points (plv-points-tn profil))
@@ -33,7 +37,7 @@
     ((setq faute (vl-some '(lambda (e) (plv-refus-situation profil e)) courbes)) (plv-erreur faute))
     (T
      (mapcar '(lambda (r) (list (car r) (cadr r) (plv-altitude-tn points (car r))))
-       (plv-listes:sans-doubles (apply 'append (mapcar '(lambda (e) (plv-listes:lire-courbe profil e)) courbes)))))))
+       (plv-listes:rangees (apply 'append (mapcar '(lambda (e) (plv-listes:lire-courbe profil e)) courbes)))))))
 
 ;; --- a line against another: rows (distance altitude altitude-of-the-other)
 
@@ -67,7 +71,7 @@
     ((setq faute (cond ((plv-listes:refus-genre profil genre)) ((plv-listes:refus-genre profil reference)))) (plv-erreur faute))
     (T
      (setq cadre (plv-cadre profil))
-     (plv-listes:sans-doubles
+     (plv-listes:rangees
        (apply 'append
          (mapcar '(lambda (s) (plv-listes:en-section profil cadre genre reference s)) (plv-sections-de-plan profil)))))))
 

@@ -39,6 +39,16 @@ const Course kCourses[] = {
     {"SOLID", {"0,0", "4,0", "0,4", "4,4"}},
     {"RAY", {"0,0", "4,0"}},
     {"XLINE", {"H", "4,0"}},
+    {"DIMLINEAR", {"0,0", "9,2", "T", "<> m", "A", "10", "R", "20", "5,5"}},
+    {"DIMALIGNED", {"", "1,10", "5,12"}},
+    {"DIMRADIUS", {"60,43", "65,45"}},
+    {"DIMDIAMETER", {"60,43", "T", "DN <>", "65,45"}},
+    {"ATTDEF", {"I", "", "NUM", "Numero", "12", "0,0", "2", "30"}},
+    {"HATCH", {"P", "ANSI31", "2", "30", "60,40", ""}},
+    {"HATCH", {"P", "U", "45", "2", "Y", "60,40", ""}},
+    {"STRETCH", {"C", "9,4", "30,28", "", "0,0", "2,1"}},
+    {"LENGTHEN", {"DE", "3", "1,10", ""}},
+    {"MATCHPROP", {"60,43", "8,20", ""}},
     {"DIVIDE", {"1,10", "B", "B", "Y", "3"}},
     {"MEASURE", {"1,10", "3"}},
     {"SPLINE", {"0,0", "5,5", "9,0", "", "", ""}},
@@ -71,6 +81,7 @@ const Course kCourses[] = {
 constexpr const char* kDrawing = R"((progn
   (entmake '((0 . "LAYER") (2 . "AXE") (70 . 0) (62 . 1) (6 . "Continuous")))
   (entmake '((0 . "LINE") (10 0. 10. 0.) (11 10. 10. 0.)))
+  (entmake (quote ((0 . "CIRCLE") (8 . "AXE") (10 60. 40. 0.) (40 . 3.))))
   (entmake '((0 . "LINE") (10 8. 5. 0.) (11 8. 25. 0.)))
   (entmake '((0 . "LWPOLYLINE") (100 . "AcDbEntity") (100 . "AcDbPolyline") (90 . 3) (70 . 0) (10 20. 20.) (10 25. 20.) (10 25. 30.)))
   (entmake '((0 . "BLOCK") (2 . "B") (70 . 0) (10 0. 0. 0.))) (entmake '((0 . "POINT") (10 1. 1. 0.))) (entmake '((0 . "ENDBLK")))

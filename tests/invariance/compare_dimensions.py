@@ -9,8 +9,6 @@ def compare(report, drawing, profile, kinds, which):
     """which: "Toutes", "Altitudes" or "Hauteurs". kinds: those that bear dimensions."""
     texts = [(F(t.place[0]) - profile.x0, t.get(1)) for t in drawing.of("TEXT", LAYER) if abs(F(t.place[1]) - profile.y0) < 2500]
     texts = [t for t in texts if -AT <= t[0] <= profile.length + AT]
-    heights = [t for t in texts if t[1][:1] in "+-"]
-    altitudes = [t for t in texts if t not in heights]
     samples, ground = {}, dict(reversed(profile.points))  # at a wall the point on the left counts
     for kind in kinds:
         for line in profile.lines[kind]:
@@ -18,10 +16,21 @@ def compare(report, drawing, profile, kinds, which):
                 if line.start <= d <= line.end:
                     z = line.altitude(d)
                     samples.setdefault(d, []).append((z, z - ground[d], line.chord))
+    heights = [t for t in texts if is_height(t, samples)]
+    altitudes = [t for t in texts if t not in heights]
     if which != "Hauteurs":
         compare_texts(report, profile, "altitude", altitudes, {d: [(z, c) for z, _, c in s] for d, s in samples.items()}, False)
     if which != "Altitudes":
         compare_texts(report, profile, "height", heights, {d: [(h, c) for _, h, c in s] for d, s in samples.items()}, True)
+
+
+def is_height(text, samples):
+    """Heights have a sign; so have altitudes below zero, which are told by their value."""
+    x, said = text
+    if said[:1] != "-" or not samples:
+        return said[:1] == "+"
+    near = samples[min(samples, key=lambda d: abs(d - x))]
+    return min(abs(h - F(said)) for _, h, _ in near) <= min(abs(z - F(said)) for z, _, _ in near)
 
 
 def compare_texts(report, profile, name, texts, samples, signed):

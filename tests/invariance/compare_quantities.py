@@ -4,9 +4,9 @@ Sections of one class that touch are taken together first: a line is cut into cu
 of a trench must not depend on that. What remains is compared in three ways: the sections cover the line, each lies in
 its class, and its surface and volume are those between the two lines.
 """
+import itertools
 import os
 from fractions import Fraction as F
-from itertools import zip_longest
 
 import exact
 import quantities
@@ -105,8 +105,25 @@ def total_slack(measured, name, value):
     length = sum((s.length for s in measured.sums), F(0))
     if name == "length":
         return F(1, 10**5)
-    widest = max(measured.classes.widths)
-    return measured.chord * length * (1 if name == "surface" else 3 * widest) + F(1, 10**5)
+    if name == "surface":
+        return measured.chord * length + F(1, 10**5)
+    # A stretch whose depth is as near to a limit as that may count on either side of it, with the one width or the other.
+    limits, width = measured.classes.limits, measured.classes.width
+    other = sum(near_limit(measured, limit) * (limit + measured.chord) * abs(width(n + 1) - width(n)) for n, limit in enumerate(limits))
+    return measured.chord * length * max(measured.classes.widths) + other + F(1, 10**5)
+
+
+def near_limit(measured, limit):
+    """The length along which the depth is within the chords' height of a limit."""
+    length = F(0)
+    for start, end, d1, d2 in itertools.chain(*measured.depths):
+        low, high = min(d1, d2), max(d1, d2)
+        inside = min(high, limit + measured.chord) - max(low, limit - measured.chord)
+        if high == low and inside >= 0:
+            length += end - start
+        elif inside > 0:
+            length += (end - start) * inside / (high - low)
+    return length
 
 
 # --- the workbook
@@ -207,7 +224,7 @@ def compare_legend(report, measured, drawing):
     if not measured.straight:
         rows, wanted = rows[-1:], []
     wanted.append(("Total", *total))
-    for row, values in zip_longest(rows, wanted):
+    for row, values in itertools.zip_longest(rows, wanted):
         if row is None or values is None:
             report.same("legend", measured.what + ", row", row, values)
             continue

@@ -79,9 +79,8 @@ def parabola(vertex, before, after, radius):
 
 def circle(vertex, before, after, radius):
     """An arc of circle between two slopes, where heights are not multiplied."""
-    turn = (after - before) / (1 + before * after)
-    half = (root(1 + turn**2) - 1) / abs(turn)  # tangent of half the angle between the slopes
     one, two = root(1 + before**2), root(1 + after**2)
+    half = (one * two - 1 - before * after) / abs(after - before)  # tangent of half the angle between the slopes, right or more too
     start, end = rounded(vertex[0] - radius * half / one), rounded(vertex[0] + radius * half / two)
     side = 1 if after > before else -1
     # The centre stands square to the first slope at its end.

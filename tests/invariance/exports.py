@@ -74,12 +74,17 @@ def compare_altitudes(report, profile, kind, path):
         report.near("exports", f"{what} at {float(d):.3f}", row[1], line.altitude(d), SIX * 2 + line.chord)
 
 
+def listed_kinds(profile):
+    """The kinds of line that pass a ground point."""
+    return [k for k in profile.kinds() if any(line.start <= d <= line.end for line in profile.lines[k] for d, _ in profile.points)]
+
+
 def altitudes(world):
     """PLV-ALTITUDES of a whole line into a file."""
-    owners = [p for p in world.active if p.kinds()]
+    owners = [p for p in world.active if listed_kinds(p)]
     if not owners:
         return None
     profile = world.rng.choice(owners)
-    kind, file, frozen = world.rng.choice(profile.kinds()), world.file(" altitudes.csv"), profile.copy()
+    kind, file, frozen = world.rng.choice(listed_kinds(profile)), world.file(" altitudes.csv"), profile.copy()
     return Step(f"altitudes of {kind} of {profile.number}", ["PLV-ALTITUDES", *world.which(profile), "", kind, file],
                 [lambda report, result: compare_altitudes(report, frozen, kind, result.file(file))], draws=False)

@@ -1,4 +1,4 @@
-// TEXT and MTEXT.
+// TEXT, ATTDEF and MTEXT.
 // The height is asked for only when the current style leaves it open.
 #include <numbers>
 
@@ -45,7 +45,56 @@ bool setStyle(const Command& c, const std::string& name) {
   return false;
 }
 
-CommandTask text(Command& c) {
+// What an attribute definition has beside its text, which is the value proposed at insertions.
+struct Definition {
+  std::string tag, prompt, proposed;
+  bool invisible = false, constant = false;
+};
+
+// The modes of a definition, toggled one by one; those for dialogs and multiple lines are asked for by no program.
+std::string modesPrompt(const Definition& definition) {
+  const auto shown = [](bool on) { return on ? std::string("Oui") : std::string("Non"); };
+  return "\nModes: Invisible=" + shown(definition.invisible) + " Constant=" + shown(definition.constant) +
+         "\nMode à changer [Invisible/Constant/Vérifié/Prédéfini] <fin>: ";
+}
+
+std::unique_ptr<AcDbText> newText(const Definition* definition, const std::string& contents) {
+  if (!definition) {
+    auto text = std::make_unique<AcDbText>();
+    text->setTextString(toWide(contents).c_str());
+    return text;
+  }
+  auto made = std::make_unique<AcDbAttributeDefinition>();
+  made->setTag(toWide(upperCase(definition->tag)).c_str());
+  made->setPrompt(toWide(definition->prompt).c_str());
+  made->setTextString(toWide(definition->proposed).c_str());
+  made->setInvisible(definition->invisible);
+  made->setConstant(definition->constant);
+  return made;
+}
+
+CommandTask lineOfText(Command& c, bool isDefinition) {
+  Definition definition;
+  while (isDefinition) {
+    const std::string prompt = modesPrompt(definition);
+    const auto mode =
+        co_await c.keyword(prompt, "Invisible Constant Vérifié Prédéfini _Invisible Constant Verify Preset");
+    if (mode.is("Invisible")) definition.invisible = !definition.invisible;
+    else if (mode.is("Constant")) definition.constant = !definition.constant;
+    else if (!mode.isKeyword()) break;
+  }
+  if (isDefinition) {
+    const auto tag = co_await c.line("\nÉtiquette: ");
+    definition.tag = std::string(trimmed(tag.value));
+    if (definition.tag.empty() || definition.tag.find(' ') != std::string::npos)
+      c.fail("Une étiquette sans blanc est attendue.");
+    if (!definition.constant) {
+      const auto asked = co_await c.line("\nQuestion à l'insertion <l'étiquette>: ");
+      definition.prompt = asked.value;
+    }
+    const auto proposed = co_await c.line("\nValeur proposée <aucune>: ");
+    definition.proposed = proposed.value;
+  }
   const Justification* mode = &kJustifications[0];
   AcGePoint3d start, end;
   for (;;) {
@@ -94,14 +143,25 @@ CommandTask text(Command& c) {
     const auto given = co_await c.angleOrEnter("\nAngle de rotation du texte <0>: ", start);
     rotation = given.valueOr(0);
   }
-  const auto words = co_await c.line("\nTexte: ");
-  if (words.value.empty()) co_return;
-  auto made = std::make_unique<AcDbText>(start, toWide(words.value).c_str(), style, height > 0 ? height : 1, rotation);
+  std::string contents;
+  if (!isDefinition) {
+    const auto words = co_await c.line("\nTexte: ");
+    if (words.value.empty()) co_return;
+    contents = words.value;
+  }
+  auto made = newText(isDefinition ? &definition : nullptr, contents);
+  made->setPosition(start);
+  made->setTextStyle(style);
+  made->setHeight(height > 0 ? height : 1);
+  made->setRotation(rotation);
   made->setHorizontalMode(mode->horizontal);
   made->setVerticalMode(mode->vertical);
   if (!made->isDefaultAlignment()) made->setAlignmentPoint(between ? end : start);
   c.add(std::move(made));
 }
+
+CommandTask text(Command& c) { return lineOfText(c, false); }
+CommandTask attributeDefinition(Command& c) { return lineOfText(c, true); }
 
 CommandTask mtext(Command& c) {
   const auto first = co_await c.pointOrEnter("\nPremier coin: ");
@@ -156,6 +216,7 @@ CommandTask mtext(Command& c) {
 
 constexpr CommandRow kTable[] = {
     {"TEXT", "DTEXT -TEXT TEXTE", text, "Écrit une ligne de texte."},
+    {"ATTDEF", "-ATTDEF ATT -ATT", attributeDefinition, "Définit un attribut d'un bloc."},
     {"MTEXT", "-MTEXT TEXTMULT", mtext, "Écrit un texte de plusieurs lignes."},
 };
 

@@ -1,10 +1,11 @@
-// EXPLODE: replaces block references and polylines by their parts.
+// EXPLODE: replaces block references, dimensions and polylines by their parts.
 // Parts of a block keep their layer and colour, parts of a polyline get those of the polyline.
 #include "atelier/commands/command_prompts.h"
 #include "atelier/commands/command_table.h"
 #include "atelier/commands/reference_parts.h"
 #include "atelier/database/curves/curve_geometry.h"
 #include "atelier/database/curves/polyline_vertices.h"
+#include "atelier/database/dimensions/dimension_block.h"
 #include "atelier/document/document.h"
 #include "hote/dbpl.h"
 
@@ -37,6 +38,14 @@ bool partsOf(const AcDbEntity& entity, Parts& parts) {
   return !parts.empty();
 }
 
+// As a reference to the block that shows it, which a dimension of some programs has to be given first.
+bool explodeDimension(const Command& c, AcDbDimension& dimension) {
+  if (dimension.dimBlockId().isNull() && !drawDimensionBlock(dimension)) return false;
+  AcDbBlockReference shown(AcGePoint3d(), dimension.dimBlockId());
+  shown.setPropertiesFrom(&dimension);
+  return explodeReference(c, shown);
+}
+
 bool explodeInto(const Command& c, const AcDbEntity& entity) {
   Parts parts;
   if (!partsOf(entity, parts)) return false;
@@ -54,7 +63,10 @@ CommandTask explode(Command& c) {
   // An object's parts are added before it is erased, so that an interruption loses nothing.
   c.change(**chosen, [&](AcDbEntity& entity) {
     const auto* reference = AcDbBlockReference::cast(&entity);
-    if (!(reference ? explodeReference(c, *reference) : explodeInto(c, entity))) {
+    auto* dimension = AcDbDimension::cast(&entity);
+    if (!(reference   ? explodeReference(c, *reference)
+          : dimension ? explodeDimension(c, *dimension)
+                      : explodeInto(c, entity))) {
       ++kept;
       return;
     }
@@ -64,7 +76,7 @@ CommandTask explode(Command& c) {
 }
 
 constexpr CommandRow kTable[] = {
-    {"EXPLODE", "X DECOMPOS", explode, "Décompose des blocs et des polylignes."},
+    {"EXPLODE", "X DECOMPOS", explode, "Décompose des blocs, des cotes et des polylignes."},
 };
 
 }  // namespace

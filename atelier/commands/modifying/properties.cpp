@@ -51,6 +51,28 @@ CommandTask changeProperties(Command& c) {
   }
 }
 
+// Layer, colour, line type and weight; of a text also the style and the height, when both are texts.
+void match(AcDbEntity& entity, const AcDbEntity& source) {
+  entity.setPropertiesFrom(&source);
+  auto* text = AcDbText::cast(&entity);
+  const auto* like = AcDbText::cast(&source);
+  if (!text || !like) return;
+  text->setTextStyle(like->textStyle());
+  text->setHeight(like->height());
+}
+
+CommandTask matchProperties(Command& c) {
+  const auto source = co_await c.entity("\nObjet source: ");
+  if (!source.given()) co_return;
+  const auto chosen = co_await c.objects();
+  if (!chosen.given()) co_return;
+  const AcDbEntityPointer from(source->id);
+  if (from.openStatus() != Acad::eOk) co_return;
+  c.change(**chosen, [&](AcDbEntity& entity) {
+    if (entity.objectId() != source->id) match(entity, *from.object());
+  });
+}
+
 CommandTask color(Command& c) {
   const auto given = co_await c.word("\nCouleur courante: ");
   if (!given.value.empty() && !c.document.variables().set("CECOLOR", given.value))
@@ -74,6 +96,7 @@ CommandTask lineType(Command& c) {
 }
 
 constexpr CommandRow kTable[] = {
+    {"MATCHPROP", "MA PAINTER COPIEPROP", matchProperties, "Donne à des objets les propriétés d'un autre."},
     {"CHPROP", "-CHPROP CHANGPROP", changeProperties, "Change la couleur, le calque, le type de ligne d'objets."},
     {"CHANGE", "-CHANGE -CH MODIFIER", changeProperties, "Comme CHPROP, après l'option Propriétés."},
     {"COLOR", "-COLOR COL COULEUR", color, "Règle la couleur courante."},

@@ -23,6 +23,12 @@ std::size_t indexOf(const std::vector<AcDbStub*>& list, const AcDbStub* stub) {
 
 }  // namespace
 
+AcDbStub* firstOfBlock(AcDbImpDatabase& database, const AcDbStub* begin) {
+  const auto ends = database.blockEnds.find(begin->owner);
+  if (ends == database.blockEnds.end() || ends->second.begin != begin || !begin->owner->children) return nullptr;
+  return firstAlive(*begin->owner->children, 0);
+}
+
 AcDbStub* nextEntity(AcDbImpDatabase& database, AcDbStub* after) {
   if (!after) {
     AcDbStub* space = database.database().currentSpaceId();
@@ -30,6 +36,7 @@ AcDbStub* nextEntity(AcDbImpDatabase& database, AcDbStub* after) {
   }
   if (after->children && !after->children->empty() && after->is(AcDbStub::kEntity))
     if (AcDbStub* first = firstAlive(*after->children, 0)) return first;
+  if (AcDbStub* first = firstOfBlock(database, after)) return first;
   AcDbStub* owner = after->owner;
   if (!owner || !owner->children) return nullptr;
   if (AcDbStub* next = firstAlive(*owner->children, indexOf(*owner->children, after) + 1)) return next;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "atelier/database/dimensions/dimension_parts.h"
 #include "atelier/render/scene/scene_builder.h"
 
 namespace atelier::render {
@@ -76,10 +77,14 @@ void drawInsert(SceneBuilder& scene, const Entity& e) {
   for (AcDbStub* attribute : scene.children(e.stub)) scene.entity(*attribute, beside);
 }
 
-// The block of a dimension is drawn in world coordinates.
+// The block of a dimension is drawn in world coordinates. Some programs leave the blocks out; the dimension is then drawn
+// from its points and its style.
 void drawDimension(SceneBuilder& scene, const Entity& e) {
-  if (AcDbStub* block = blockOf(scene, e)) scene.block(*block, within(scene, e));
-  else scene.cannotShow("cote sans bloc de représentation");
+  const Placement inside = within(scene, e);
+  if (AcDbStub* block = blockOf(scene, e)) return scene.block(*block, inside);
+  const std::vector<Record> parts = dimensionParts(scene.database(), e.record);
+  if (parts.empty()) return scene.cannotShow("cote sans bloc de représentation");
+  for (const Record& part : parts) scene.part(e.stub, part, inside);
 }
 
 }  // namespace atelier::render

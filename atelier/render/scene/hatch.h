@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "atelier/render/scene/groups.h"
+#include "atelier/database/records/groups.h"
 #include "atelier/render/shapes/primitives.h"
 
 namespace atelier::render {

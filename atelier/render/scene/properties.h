@@ -7,7 +7,7 @@
 #include <string>
 
 #include "atelier/database/objects/imp_database.h"
-#include "atelier/render/scene/groups.h"
+#include "atelier/database/records/groups.h"
 #include "atelier/render/shapes/primitives.h"
 
 namespace atelier::render {

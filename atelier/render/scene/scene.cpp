@@ -104,11 +104,14 @@ void SceneBuilder::entity(AcDbStub& stub, const Placement& at) {
   if (!roomLeft()) return;
   if (options_.step) options_.step();
   const AcDbEntityPointer held(idOf(&stub));  // so that parsing its block doesn't drop it from memory
-  const Record& record = AcDbImpObject::of(&database_.object(stub)).settled();
+  part(stub, AcDbImpObject::of(&database_.object(stub)).settled(), at);
+}
+
+void SceneBuilder::part(AcDbStub& owner, const Record& record, const Placement& at) {
   Groups groups(record);
   Look look = properties_.look(groups, at.inherited);
   look.patternScale *= at.scale;
-  draw({stub, record, std::move(groups), at, look});
+  draw({owner, record, std::move(groups), at, look});
 }
 
 void SceneBuilder::draw(const Entity& e) {

@@ -43,6 +43,9 @@ class SceneBuilder {
   // inside itself.
   void block(AcDbStub& record, const Placement& at);
 
+  // Draws a record that is no entity of the drawing, as part of one.
+  void part(AcDbStub& owner, const Record& record, const Placement& at);
+
   void stroke(const Entity& e, Path path);
   void fill(const Entity& e, Path path, bool evenOdd);
   void fill(const Entity& e, Path path, bool evenOdd, Colour colour);

@@ -14,7 +14,7 @@
 #include "atelier/database/objects/imp_object.h"
 #include "atelier/dxf/reading/reader.h"
 #include "atelier/render/painters/cairo_painter.h"
-#include "atelier/render/scene/groups.h"
+#include "atelier/database/records/groups.h"
 #include "atelier/render/scene/scene.h"
 #include "atelier/render/shapes/plot_error.h"
 #include "atelier/render/sheets/pdf_file.h"

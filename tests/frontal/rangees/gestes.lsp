@@ -95,3 +95,7 @@
 ((caddr (plv-lire-lignes "<dossier>t.csv")) "150.000000;48.000000;50.000000;-2.000000")
 ((mapcar 'mm (cdr (assoc 50.0 (plv-lister-points p "Voirie" "Projet")))) ("48.000" "48.000"))
 (refuse (plv-lister-points p "AEp" "TN") "pas de ligne du genre AEp")
+;; from one ground point to the next, past neither
+(preparer (plv-projet p "AEp" '((110.0 49.0) (140.0 48.0))))
+(refuse (plv-lister-altitudes p (plv-elements p "AEp")) "aucun point du terrain n'est sur cette ligne")
+(refuse (plv-lister-points p "AEp" "TN") "aucun point du terrain n'est sur cette ligne")

@@ -10,7 +10,7 @@
 #include "atelier/database/records/record.h"
 #include "hote/ge.h"
 
-namespace atelier::render {
+namespace atelier {
 
 class Groups {
  public:
@@ -32,6 +32,7 @@ class Groups {
   std::vector<AcGePoint3d> points(int code) const;
 
   std::span<const Group* const> all() const& { return groups_; }
+  std::span<const Group* const> all() const&& = delete;  // it would outlive the list
 
  private:
   std::vector<const Group*> groups_;
@@ -40,4 +41,4 @@ class Groups {
 // The XDATA of one application, its 1001 excluded; empty when there is none.
 std::span<const Group> xdataOf(const Record& record, std::string_view application);
 
-}  // namespace atelier::render
+}  // namespace atelier

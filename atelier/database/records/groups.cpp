@@ -1,9 +1,9 @@
 // Finds the groups of a record that are data of the entity itself.
-#include "atelier/render/scene/groups.h"
+#include "atelier/database/records/groups.h"
 
 #include <numbers>
 
-namespace atelier::render {
+namespace atelier {
 
 namespace {
 
@@ -79,4 +79,4 @@ std::span<const Group> xdataOf(const Record& record, std::string_view name) {
   return {};
 }
 
-}  // namespace atelier::render
+}  // namespace atelier
