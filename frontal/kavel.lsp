@@ -39,7 +39,7 @@
     (feuilles (base profil tableaux metres)
      plv-encarts plv-feuilles)
     (controle (base profil tableaux echange)
-     plv-rapport plv-audit plv-bureau)))
+     plv-rapport plv-audit plv-bureau plv-survol)))
 
 (foreach salle plv-salles
   (foreach fichier (cddr salle)

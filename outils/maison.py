@@ -51,9 +51,10 @@ HOUSES = {
         "console": "base dxf document document/files commands/files plugin application exchange render",
         "desktop/picture": "database document render",
         "desktop/document": "lisp document application desktop/picture",
-        "desktop/view": "document selecting render desktop/picture desktop/document",
+        "desktop/view": "base document selecting render desktop/picture desktop/document",
         "desktop/forms": "base dialogs render desktop/document",
-        "desktop/window": "base dxf commands commands/files plugin exchange render desktop/document desktop/forms desktop/view",
+        "desktop/panels": "base application desktop/document",
+        "desktop/window": "dxf commands commands/files plugin exchange render desktop/document desktop/forms desktop/view desktop/panels",
     },
     "module": {
         "commande/arguments": "",

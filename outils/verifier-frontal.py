@@ -4,7 +4,8 @@
 Every file of the rooms stands in the table and nothing is defined twice; a room calls, or reads at loading, only rooms that the
 table allows it, and no circle of rooms exists; a name with a colon is private to its file, or to its room when the file's head
 lists it ("Shared in the room: name name*"); a function sets its own variables or its file's, and one that is handed over
-(lambda) only its own; a local variable is used and doesn't have the name of a host's function; layers are named as base/plv-dessin declares them; the kinds of rows of the tables
+(lambda) only its own; a local variable is used and doesn't have the name of a host's function; a command begins with its
+explanation, which AIDE shows; layers are named as base/plv-dessin declares them; the kinds of rows of the tables
 have fillers and rules, and docs/formats.md lists them all. Exit status 1 and one line for each fault.
 """
 import os
@@ -207,6 +208,13 @@ def check_variables(sources):
             yield from (f"{source}: {form[1]} never uses its variable {name}" for name in variables if name not in used)
 
 
+def check_explanations(sources):
+    for source in sources:
+        for form in source.forms:
+            if form[0] == "defun" and form[1].startswith("c:") and (len(form) < 5 or not str(form[3]).startswith('"')):
+                yield f"{source}: {form[1]} has no explanation for AIDE"
+
+
 def setting(sources, variable):
     """The value of a variable that holds a quoted list."""
     for source in sources:
@@ -243,7 +251,7 @@ def check_row_kinds(sources):
 def main():
     rooms = table()
     sources = [Source(room, name) for room, _, files in rooms for name in files]
-    faults = [*check_files(rooms), *check_order(rooms), *check_calls(rooms, sources), *check_variables(sources), *check_layers(sources),
+    faults = [*check_files(rooms), *check_order(rooms), *check_calls(rooms, sources), *check_variables(sources), *check_explanations(sources), *check_layers(sources),
               *check_row_kinds(sources)]
     for fault in faults:
         print(fault)

@@ -118,6 +118,7 @@ class TerminalSource : public InputSource {
     if (!text.empty()) add_history(text.c_str());
     return Input::line(text);
   }
+  bool isPerson() const override { return true; }
   bool echoes() const override { return true; }
 
  private:

@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "atelier/document/cancelling.h"
 #include "atelier/document/values.h"
 #include "atelier/lisp/evaluator/printer.h"
 
@@ -15,9 +16,8 @@ bool quitting = false;
 // The error for the user: message, file and line, and the innermost few of the running calls.
 std::string errorText(const lisp::Error& error) {
   constexpr std::size_t kMostCalls = 6;
+  if (error.message() == kCancelled) return "*Annulé*";
   std::string text = "; erreur: " + error.message();
-  // After a cancel the user needs no list of calls.
-  if (error.message() == "Function cancelled") return text;
   if (!error.file.empty()) text += " (" + error.file + (error.line > 0 ? ":" + std::to_string(error.line) : "") + ")";
   else if (error.line > 0) text += " (ligne " + std::to_string(error.line) + ")";
   for (std::size_t i = 0; i < error.chain.size() && i < kMostCalls; ++i) {
@@ -140,8 +140,9 @@ void Document::runLine(const std::string& line) {
   prompter_.dropPending();
 }
 
-void Document::run(InputSource& source) {
+bool Document::run(InputSource& source) {
   makeCurrent();
+  bool goesOn = true;
   InputSource* before = std::exchange(prompter_.source, &source);
   const auto restore = [&] { prompter_.source = before; };
   stopped_ = false;
@@ -162,7 +163,7 @@ void Document::run(InputSource& source) {
       }
       interpreter_->clearInterrupt();
       stopped_ = false;
-      if (!source.echoes()) print("\nCommande: " + input.text + "\n");
+      if (!source.echoes()) print("\nCommande: " + (input.shown.empty() ? input.text : input.shown) + "\n");
       const std::string place = source.place();
       const int failuresBefore = failures_;
       try {
@@ -175,6 +176,7 @@ void Document::run(InputSource& source) {
       runScripts();
       if (quitRequested()) {
         if (before) requestQuit();  // the outer script must end, too
+        goesOn = false;
         break;
       }
     }
@@ -183,6 +185,7 @@ void Document::run(InputSource& source) {
     throw;
   }
   restore();
+  return goesOn;
 }
 
 // Whether a line of a script begins something new: an expression, or a command by its name. Short aliases don't count, since

@@ -126,6 +126,7 @@ void Document::drawingOpened() {
 
 void Document::fileSaved() {
   mark_ = FileMark::of(imp().path);
+  readOnly_ = false;
   if (!holdsLock_) return;
   if (imp().path.empty()) lock_.release();
   else lock_.take(imp().path);
@@ -136,14 +137,23 @@ void Document::holdLock() {
   fileSaved();
 }
 
+bool Document::isOwn(const std::string& path) const {
+  std::error_code error;
+  const std::string& own = imp_path();
+  return !own.empty() && (own == path || std::filesystem::equivalent(own, path, error));
+}
+
 std::string Document::objection(const std::string& path) const {
   if (const std::string other = DrawingLock::holder(path); !other.empty())
     return "un autre programme travaille sur ce dessin (" + other + ")";
-  std::error_code error;
-  const std::string& own = imp_path();
-  if (own.empty() || mark_ == FileMark{} || !(own == path || std::filesystem::equivalent(own, path, error))) return {};
+  if (std::ranges::any_of(openDocuments,
+                          [&](const Document* d) { return d != this && d->holdsLock_ && d->isOwn(path); }))
+    return "ce dessin est aussi ouvert ailleurs dans ce programme";
+  if (!isOwn(path)) return {};
+  if (readOnly_) return "ce dessin est ouvert en lecture seule";
   const FileMark now = FileMark::of(path);
-  return now == mark_ || now == FileMark{} ? std::string() : "ce fichier a changé depuis qu'il a été ouvert";
+  return mark_ == FileMark{} || now == mark_ || now == FileMark{} ? std::string()
+                                                                  : "ce fichier a changé depuis qu'il a été ouvert";
 }
 
 void Document::checkTarget(const std::string& path) const {

@@ -69,6 +69,13 @@ class Document {
   // Ends the waiting command: the user gives the remaining answers, or it is cancelled.
   void finishCommand();
   void cancelCommand() { waitingCommand_.reset(); }
+  // How the user points: the height of the screen and the least half side of the pick box in pixels; and which of several
+  // entities in that box the user has gone on to, null for the first one.
+  struct Pointing {
+    double screenHeight = 1000, leastBox = 0;
+    AcDbStub* preferred = nullptr;
+  };
+  Pointing pointing;
   View previousView;
   std::map<std::string, View> namedViews;  // by upper-case name
   // True between UNDO Begin and End: commands then don't begin undo steps of their own.
@@ -103,8 +110,9 @@ class Document {
   // Evaluates AutoLISP as typed at the command line. Errors are printed and counted.
   bool evaluate(std::string_view text, std::string* printed = nullptr);
   bool load(const std::string& path);
-  // Feeds the source's lines to the command line until its end: commands, LISP expressions, answers to prompts.
-  void run(InputSource& source);
+  // Feeds the source's lines to the command line until its end: commands, LISP expressions, answers to prompts. False when
+  // a command has asked the program to end.
+  bool run(InputSource& source);
   // Runs one command by its name as if typed; answers come from the prompter's source. False when there is none.
   bool runCommand(const std::string& name);
   // The number of LISP errors and of failed and unknown commands since the document was opened.
@@ -118,8 +126,11 @@ class Document {
   std::set<std::string> undefinedCommands;
   // Marks the drawing as being worked on, for other programs, until it is closed; so too those opened or saved later.
   void holdLock();
-  // Why the file should not be replaced without asking: another program works on it, or it has changed since it was
-  // opened. Empty when it may. Saving then throws, unless `overwritesOthers`.
+  // The drawing is only looked at, until it is saved or another one is opened: its file is not replaced without asking.
+  void setReadOnly() { readOnly_ = true; }
+  bool isReadOnly() const { return readOnly_; }
+  // Why the file should not be replaced without asking: another program or document works on it, or it has changed since
+  // it was opened. Empty when it may. Saving then throws, unless `overwritesOthers`.
   std::string objection(const std::string& path) const;
   bool overwritesOthers = false;
   // Receives the messages of failures in place of the printer; null: the printer gets them.
@@ -150,6 +161,7 @@ class Document {
   void drawingOpened();
   void drawingClosing();
   void checkTarget(const std::string& path) const;
+  bool isOwn(const std::string& path) const;
   void fileSaved();
   void runLine(const std::string& line);
   bool beginsLine(const std::string& line);
@@ -165,7 +177,7 @@ class Document {
   std::unique_ptr<SpatialIndex> index_;
   FileMark mark_;  // of the drawing's file as it was opened or saved
   DrawingLock lock_;
-  bool holdsLock_ = false;
+  bool holdsLock_ = false, readOnly_ = false;
   std::unique_ptr<lisp::Console> console_;
   std::unique_ptr<TrustedSearch> search_;
   SystemVariables variables_;

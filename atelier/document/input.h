@@ -54,6 +54,9 @@ class InputSource {
   virtual std::string place() const { return {}; }
   // A command has failed: drops the lines meant for it, up to one that begins something new. Gives their number.
   virtual std::size_t dropUntil(const std::function<bool(const std::string&)>&) { return 0; }
+  // Whether a person types the answers: at a prompt that takes a number or a point, "2,5" is then a number; in a script it
+  // is a point, as such scripts are written.
+  virtual bool isPerson() const { return false; }
   // Whether a program answers. At a prompt that takes one object or many it gives a single answer without Enter.
   virtual bool isProgram() const { return false; }
 };

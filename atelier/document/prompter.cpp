@@ -10,6 +10,7 @@
 #include "atelier/database/lists/entity_walk.h"
 #include "atelier/document/document.h"
 #include "atelier/document/values.h"
+#include "atelier/lisp/text/units.h"
 #include "hote/adesk.h"
 
 namespace atelier {
@@ -37,6 +38,14 @@ std::string capitals(const std::string& keyword) {
 
 }  // namespace
 
+std::optional<double> parseDecimal(std::string_view text) {
+  const std::size_t comma = text.find(',');
+  if (comma == text.npos) return parseReal(text);
+  std::string number(text);
+  number[comma] = '.';
+  return parseReal(number);
+}
+
 std::optional<AcGePoint3d> parsePoint(std::string_view text, const AcGePoint3d& last) {
   text = trimmed(text);
   const bool relative = text.starts_with('@');
@@ -44,16 +53,17 @@ std::optional<AcGePoint3d> parsePoint(std::string_view text, const AcGePoint3d& 
   if (relative && text.empty()) return last;
   const AcGeVector3d origin = relative ? last.asVector() : AcGeVector3d();
   if (const std::size_t angleAt = text.find('<'); angleAt != text.npos) {
-    const auto distance = parseReal(text.substr(0, angleAt)), angle = parseReal(text.substr(angleAt + 1));
+    const auto distance = parseDecimal(text.substr(0, angleAt)), angle = parseDecimal(text.substr(angleAt + 1));
     if (!distance || !angle || !std::isfinite(*distance) || !std::isfinite(*angle)) return std::nullopt;
     const double a = *angle * std::numbers::pi / 180;
     return AcGePoint3d(*distance * std::cos(a), *distance * std::sin(a), 0) + origin;
   }
+  const char separator = text.find(';') == text.npos ? ',' : ';';
   double ordinates[3] = {0, 0, 0};
   int count = 0;
   for (std::string_view rest = text; count < 3; ++count) {
-    const std::size_t comma = rest.find(',');
-    const auto value = parseReal(rest.substr(0, comma));
+    const std::size_t comma = rest.find(separator);
+    const auto value = parseDecimal(rest.substr(0, comma));
     if (!value || !std::isfinite(*value)) return std::nullopt;
     ordinates[count] = *value;
     if (comma == rest.npos) {
@@ -126,9 +136,21 @@ PromptInfo Prompter::info(std::string_view prompt) const {
   return i;
 }
 
+namespace {
+
+// An answer as the history shows it.
+std::string shown(const Input& input) {
+  constexpr int kDecimals = 4;
+  if (!input.shown.empty()) return input.shown;
+  if (input.kind != Input::Kind::pick) return input.text;
+  return lisp::fixedDecimals(input.point.x, kDecimals) + "," + lisp::fixedDecimals(input.point.y, kDecimals);
+}
+
+}  // namespace
+
 Input Prompter::fromSource(const PromptInfo& prompt) {
   Input input = source ? source->next(prompt) : Input{};
-  if (!source || !source->echoes()) document_.print((input.shown.empty() ? input.text : input.shown) + "\n");
+  if (!source || !source->echoes()) document_.print(shown(input) + "\n");
   if (input.kind != Input::Kind::end) cancelsAtEnd_ = 0;
   else if (++cancelsAtEnd_ > kMostCancelsAtEnd) throw Interrupted();
   return input;
@@ -226,18 +248,15 @@ bool withinFlags(double value, int flags) {
   return !((flags & RSG_NOZERO) && value == 0) && !((flags & RSG_NONEG) && value < 0);
 }
 
-// "nan" and "inf" are words here, not numbers.
-std::optional<double> typedNumber(std::string_view text) {
-  const auto number = parseReal(text);
-  return number && std::isfinite(*number) ? number : std::nullopt;
-}
-
-std::optional<double> numberOf(Document& document, const Input& input) {
+std::optional<double> numberOf(Document& document, const Input& input, int flags) {
   if (const auto value = expressionValue(document, input)) {
     if (value->isNumber()) return value->number();
     return std::nullopt;
   }
-  return input.kind == Input::Kind::text ? typedNumber(input.text) : std::nullopt;
+  if (input.kind != Input::Kind::text) return std::nullopt;
+  // Where any text is an answer, one with a comma is left to the program that asks.
+  const auto number = flags & RSG_OTHER ? parseReal(input.text) : parseDecimal(input.text);
+  return number && std::isfinite(*number) ? number : std::nullopt;  // "nan" and "inf" are words here
 }
 
 std::optional<AcGePoint3d> pointOf(Document& document, const Input& input, const AcGePoint3d& last) {
@@ -252,12 +271,14 @@ struct NumberOrPoint {
   std::optional<AcGePoint3d> point;
 };
 NumberOrPoint numberOrPoint(Document& document, const Input& input, const AcGePoint3d& last) {
+  const InputSource* const source = document.prompter().source;
   if (input.kind == Input::Kind::pick) return {{}, input.point};
   if (const auto value = expressionValue(document, input)) {
     if (value->isNumber()) return {value->number(), {}};
     return {{}, pointFromValue(*value)};
   }
-  if (const auto number = typedNumber(input.text)) return {number, {}};
+  const auto number = source && source->isPerson() ? parseDecimal(input.text) : parseReal(input.text);
+  if (number && std::isfinite(*number)) return {number, {}};
   return {{}, parsePoint(input.text, last)};
 }
 
@@ -278,7 +299,7 @@ Answer Prompter::getPoint(const std::optional<AcGePoint3d>& base, std::string_vi
 
 Answer Prompter::getReal(std::string_view prompt, double& value) {
   return ask(info(prompt), "Un nombre est attendu.", [&](const Input& input, int flags) {
-    const auto number = numberOf(document_, input);
+    const auto number = numberOf(document_, input, flags);
     if (number) value = *number;
     return number && withinFlags(*number, flags);
   });
@@ -286,7 +307,7 @@ Answer Prompter::getReal(std::string_view prompt, double& value) {
 
 Answer Prompter::getInteger(std::string_view prompt, int& value) {
   return ask(info(prompt), "Un entier est attendu.", [&](const Input& input, int flags) {
-    const auto number = numberOf(document_, input);
+    const auto number = numberOf(document_, input, flags);
     if (!number || *number != std::floor(*number) || std::abs(*number) > 2147483647.0) return false;
     value = static_cast<int>(*number);
     return withinFlags(*number, flags);

@@ -77,7 +77,10 @@ class Prompter {
   int cancelsAtEnd_ = 0;
 };
 
-// A point as typed: x,y[,z], @dx,dy[,dz], d<a, @d<a (degrees); nothing for another text. Those with @ start at `last`.
+// A number with a decimal point or comma.
+std::optional<double> parseDecimal(std::string_view text);
+// A point as typed: x,y[,z], @dx,dy[,dz], d<a, @d<a (degrees); nothing for another text. Those with @ start at `last`. Between
+// semicolons, commas are decimal: x;y[;z].
 std::optional<AcGePoint3d> parsePoint(std::string_view text, const AcGePoint3d& last);
 
 }  // namespace atelier

@@ -1,6 +1,8 @@
 // The entity at a point of the drawing, also inside a block.
 // A pick finds entities that reach into the pick box around the point.
 #pragma once
+#include <vector>
+
 #include "atelier/lisp/values/value.h"
 #include "hote/dbmain.h"
 
@@ -8,10 +10,13 @@ namespace atelier {
 
 class Document;
 
-// The entity of the current space nearest to the point, within the pick box; of several equally near the one drawn
-// last. Null when there is none. Layers that are off or frozen are left out.
+// The entities of the current space within the pick box around the point, the one that a pick takes first: curves and texts
+// before blocks, those before hatches, which often lie under all of them; then the nearest, and of several equally near the
+// one drawn last. Layers that are off or frozen are left out.
+std::vector<AcDbStub*> picksAt(Document& document, const AcGePoint3d& point);
+// The first of them, or the one that the user prefers. Null when there is none.
 AcDbObjectId pickAt(Document& document, const AcGePoint3d& point);
-// Half the side of the pick box in drawing units: PICKBOX pixels of a view VIEWSIZE high.
+// Half the side of the pick box in drawing units: PICKBOX pixels of a view VIEWSIZE high, as the user points.
 double pickRadius(Document& document);
 // Distance in plan from the point to what the entity draws; infinite when it draws nothing.
 double distanceTo(const AcDbEntity& entity, const AcGePoint3d& point);

@@ -152,6 +152,7 @@ goes, that of its neighbour to be."
     (if (not (eq s section)) (plv-pc:regler profil (plv-plan-debut s) (plv-plan-altitude s)))))
 
 (defun c:plv-pc (/ profil operation station altitude)
+  "Ajoute, modifie ou supprime un plan de comparaison d'un profil."
   (if (setq profil (plv-choisir-profil))
     (progn
       (plv-pc:dire profil)

@@ -1,5 +1,6 @@
 ;; What the window shows of profiles: the tree of its panel, the reading under the cursor, the fields of an entity.
 ;; Nothing here changes the drawing. What was read of the profiles is kept until plv-bureau-oublier.
+;; Shared in the room: plv-bureau:lus plv-bureau:plans-lus
 
 (setq plv-bureau:arbre nil plv-bureau:lectures nil)
 
@@ -56,7 +57,14 @@
 (defun plv-bureau:lire (profil)
   (list (cons 'profil profil) (cons 'numero (plv-numero-profil profil)) (cons 'cadre (plv-cadre profil))
         (cons 'longueur (cond ((plv-longueur-profil profil)) (0.0)))
-        (cons 'origine (cond ((plv-premiere-station profil)) (0.0))) (cons 'points (plv-points-tn profil))))
+        (cons 'origine (cond ((plv-premiere-station profil)) (0.0))) (cons 'points (plv-points-tn profil))
+        (cons 'sections (plv-sections-de-plan profil)) (cons 'elements (plv-bureau:courbes profil))
+        (cons 'tables (plv-tables profil))))
+
+(defun plv-bureau:courbes (profil)
+  "The curves of all kinds as (entity . kind)."
+  (apply 'append
+    (mapcar '(lambda (genre) (mapcar '(lambda (e) (cons e genre)) (plv-elements profil genre))) (plv-genres))))
 
 (defun plv-bureau:lus ()
   (cond (plv-bureau:lectures) ((setq plv-bureau:lectures (mapcar 'plv-bureau:lire (vl-remove-if 'plv-refus-profil (plv-profils)))))))

@@ -126,6 +126,7 @@
       (if genre (plv-export-projet profil genre fichier) (plv-export-terrain profil fichier)))))
 
 (defun c:plv-export (/ profils)
+  "Donne les profils à d'autres programmes, en LandXML ou en textes."
   (if (= (plv-demander-mot "Format" '("Landxml" "Texte") "Landxml") "Texte")
     (plv-export:texte)
     (if (setq profils (plv-demander-profils))

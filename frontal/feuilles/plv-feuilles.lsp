@@ -256,6 +256,7 @@ message."
           (length feuilles))))))
 
 (defun c:plv-feuilles (/ profils modele place echelle titre)
+  "Fait le dossier de plans: les profils sur des feuilles, en un PDF."
   (if (and (setq profils (plv-demander-profils))
            (setq modele (plv-feuilles:modele (plv-demander-texte "Dessin modèle" "cartouche.dxf")))
            (setq place (plv-feuilles:place modele)))

@@ -107,12 +107,14 @@
         (T (plv-erreur "ce genre n'a pas de ligne de projet"))))
 
 (defun c:plv-altitudes (/ profil courbes rangees)
+  "Liste les altitudes de courbes aux points du terrain."
   (if (and (setq profil (plv-choisir-profil)) (setq courbes (plv-listes:demander-courbes profil))
            (setq rangees (plv-lister-altitudes profil courbes)))
     (plv-listes:dire profil '("station" "altitude" "terrain" "hauteur") rangees (plv-listes:demander-fichier)))
   (princ))
 
 (defun c:plv-points (/ profil genre reference rangees)
+  "Liste les points d'un genre de ligne, au regard du terrain ou d'un autre genre."
   (if (setq profil (plv-choisir-profil))
     (progn
       (setq genre (plv-demander-genre (plv-genre-propose profil))

@@ -102,6 +102,10 @@
                 (plv-demander-nombre-libre question (apply mesure (list profil segment)) 4))))))
   (princ))
 
-(defun c:plv-pente () (plv-modifier:boucle "Pente en %" 'plv-modifier:pente 'plv-modifier-pente))
+(defun c:plv-pente ()
+  "Donne une pente en % à un segment désigné."
+  (plv-modifier:boucle "Pente en %" 'plv-modifier:pente 'plv-modifier-pente))
 
-(defun c:plv-longueur () (plv-modifier:boucle "Longueur" 'plv-modifier:longueur 'plv-modifier-longueur))
+(defun c:plv-longueur ()
+  "Donne une longueur à un segment désigné."
+  (plv-modifier:boucle "Longueur" 'plv-modifier:longueur 'plv-modifier-longueur))

@@ -43,6 +43,7 @@
   (if (/= mot "Aucun") mot))
 
 (defun c:plv-report (/ profil choix genre)
+  "Reporte une courbe sur les plans de comparaison qu'elle traverse, et l'attache au profil."
   (if (and (setq profil (plv-choisir-profil)) (setq choix (plv-report:demander)))
     (progn
       (if (not (vl-every '(lambda (pris) (plv-genre-de profil (car pris))) choix)) (setq genre (plv-report:demander-genre)))

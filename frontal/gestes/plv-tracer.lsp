@@ -71,6 +71,7 @@
   (reverse points))
 
 (defun c:plv-lignes (/ profil genre points)
+  "Trace une ligne par ses stations et altitudes."
   (if (setq profil (plv-choisir-profil))
     (progn
       (setq genre (plv-demander-genre (plv-genre-propose profil)))

@@ -18,6 +18,7 @@
     (plv-metres:dialogue)))
 
 (defun c:cubpl (/ refus)
+  "Ouvre le métré des profils: classes de profondeur, hachures, classeur."
   (if (setq refus (plv-refus-profils (plv-profils)))
     (plv-erreur refus)
     (progn

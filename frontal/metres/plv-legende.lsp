@@ -173,6 +173,7 @@ nil after a message."
   reference)
 
 (defun c:plv-legende (/ profil genre)
+  "Dessine la légende des classes de profondeur."
   (if (setq profil (plv-choisir-profil))
     (progn
       (setq genre (plv-demander-genre-projet (plv-genre-propose profil)))

@@ -195,6 +195,7 @@ nil, leaves hatches on demand. Gives the measures, or nil after a message."
   (if (not (member (strcase reponse) '("TOUS" "T" "*"))) (mapcar '(lambda (n) (vl-string-trim " " n)) (plv-couper reponse ","))))
 
 (defun c:plv-metres (/ numeros genre chemin hachurer)
+  "Mesure les profils par classes de profondeur, hachure et écrit le classeur, en une fois."
   (if (plv-profils)
     (progn
       (setq numeros (plv-metres:demander-numeros)

@@ -45,6 +45,7 @@
     deja))
 
 (defun c:plv-optimal (/ profil genre anciens depart arrivee minimum maximum garder)
+  "Propose la ligne de projet la meilleure sous des contraintes de pente et de profondeur."
   (if (and (setq profil (plv-choisir-profil)) (or (cdr (plv-points-tn profil)) (plv-erreur (plv-refus-sans-terrain))))
     (progn
       (setq genre (plv-demander-genre-projet "Assainissement")

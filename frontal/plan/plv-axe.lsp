@@ -17,6 +17,7 @@
   (if (setq choix (entsel "\nPolyligne de l'axe en plan: ")) (plv-associer-axe profil (car choix))))
 
 (defun c:plv-axe (/ profil)
+  "Associe à un profil l'axe en plan qu'il suit."
   (if (and (setq profil (plv-choisir-profil)) (plv-demander-axe profil))
     (plv-dire "Axe en plan associé."))
   (princ))

@@ -57,6 +57,7 @@
     (plv-erreur "ce profil n'a pas d'axe en plan: PLV-AXE en associe un")))
 
 (defun c:PlKavelVersPlan (/ profil)
+  "Reporte sur l'axe en plan les éléments d'un profil."
   (if (setq profil (plv-profil-courant))
     (progn
       (if (not (plv-axe-plan profil)) (plv-demander-axe profil))

@@ -84,5 +84,6 @@
     (plv-choix-profil profil)))
 
 (defun c:plv-choisir (/ profil)
+  "Choisit le profil courant, auquel se rapportent le menu du profil et ses commandes."
   (if (setq profil (plv-choisir-profil)) (plv-choix-profil profil))
   (princ))

@@ -2,6 +2,7 @@
 ;; The names of the commands are those that the module writes into the menu.
 
 (defun c:assocprjKavel (/ profil genre support)
+  "Attache des courbes du dessin à un genre de ligne du profil courant."
   (if (and (setq profil (plv-profil-courant))
            (setq genre (plv-demander-genre "Projet")
                  support (cond ((plv-support profil genre)) (T (plv-erreur (plv-refus-support genre))))))
@@ -19,6 +20,7 @@
       (plv-admettre-tels profil genre nouvelles))))
 
 (defun c:pl_efixKAVEL (/ profil)
+  "Attache des éléments fixes au profil courant: ils tiennent à leur abscisse."
   (if (and (setq profil (plv-profil-courant)) (plv-statiques-verifies profil))
     (pl_efix profil (plv-demander-genre "Assainissement")))
   (princ))
@@ -39,5 +41,6 @@ attached to the kind but are no longer part of the project. Gives the elements, 
      elements)))
 
 (defun c:transfererProjet (/ profil)
+  "Valide le projet du profil courant: ses éléments deviennent la ligne d'un genre."
   (if (setq profil (plv-profil-courant)) (plv-transferer profil (plv-demander-genre "Voirie")))
   (princ))

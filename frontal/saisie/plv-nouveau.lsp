@@ -91,6 +91,7 @@ project lines."
     (plv-landxml-demander-terrain axe)))
 
 (defun c:plv-nouveau (/ chemin)
+  "Crée un profil d'un levé: texte, classeur ou LandXML."
   (if (setq chemin (plv-demander-fichier "Fichier du terrain naturel"))
     (if (plv-landxml-p chemin)
       (plv-nouveau:landxml chemin)

@@ -44,6 +44,7 @@
     (cons (substr (plv-demander-mot "Forme" '("Circulaire" "Parabolique") "Circulaire") 1 1) valeur)))
 
 (defun c:plv-projet (/ profil genre maniere sommets chemin)
+  "Trace une ligne de projet et l'attache au profil, par sommets tapés, désignés ou lus dans un fichier."
   (if (setq profil (plv-choisir-profil))
     (progn
       (setq genre (plv-demander-genre "Projet")

@@ -33,6 +33,7 @@
   (if (and liste (not fautive)) (progn (plv-devers profil liste) (reverse liste))))
 
 (defun c:plv-devers (/ profil chemin)
+  "Attache à un profil les dévers d'un fichier."
   (if (and (setq profil (plv-choisir-profil))
            (setq chemin (plv-demander-fichier "Fichier des dévers")))
     (plv-devers-fichier profil chemin))

@@ -56,6 +56,7 @@
                       "."))))
 
 (defun c:plv-matrices (/ profil chemin tout)
+  "Dessine les tableaux sous un profil, d'après un fichier de définition."
   (if (and (setq profil (plv-choisir-profil))
            (setq chemin (plv-demander-fichier "Fichier de définition des matrices")))
     (progn

@@ -160,7 +160,7 @@ TEST_F(Handlers, HelpTellsOfCommandsAndFunctions) {
     const char *asked, *told;
   };
   for (const Question& row :
-       {Question{"", "\nFILLET (F, RACCORD): Raccorde"}, Question{"", "\nCommandes de programmes AutoLISP: ESSAI"},
+       {Question{"", "\nFILLET (F, RACCORD): Raccorde"}, Question{"", "\nCommandes de programmes AutoLISP:\nESSAI\n"},
         Question{"raccord", "\nFILLET (F, RACCORD): Raccorde"}, Question{"polar", "\n(polar point angle distance): Le"},
         Question{"essai", "\nESSAI: commande d'un programme"}, Question{"nuage", "\nNi commande ni fonction"}}) {
     run("(defun c:essai ())");

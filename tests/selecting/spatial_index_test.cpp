@@ -1,6 +1,7 @@
 // The spatial index compared with a walk over every entity: the same entities in the same order, before and after
 // changes of all kinds to random drawings.
 #include <algorithm>
+#include <cmath>
 #include <random>
 
 #include "atelier/selecting/flat_path.h"
@@ -86,14 +87,19 @@ class RandomDrawing : public DrawingTest, public testing::WithParamInterface<uns
     }
     return found;
   }
+  // Blocks come after what stands for itself, and the inside of texts and areas is as far as half the pick box.
   AcDbStub* walkedPick(const AcGePoint3d& at) {
+    const double radius = pickRadius(session.document());
+    std::pair least{true, std::nextafter(radius, 2 * radius)};
     AcDbStub* nearest = nullptr;
-    double least = pickRadius(session.document());
     const AcDbStub* space = session.document().database().currentSpaceId();
     for (auto it = space->children->rbegin(); it != space->children->rend(); ++it) {
       if ((*it)->is(AcDbStub::kErased)) continue;
-      const double d = distanceTo(*AcDbEntity::cast(&session.document().imp().object(**it)), at);
-      if (d < least || (!nearest && d <= least)) least = d, nearest = *it;
+      const auto strokes = strokesOf(*AcDbEntity::cast(&session.document().imp().object(**it)));
+      double distance = distanceTo(strokes, at);
+      if (std::ranges::any_of(strokes, &Stroke::filled)) distance = std::max(distance, radius / 2);
+      const bool block = session.document().imp().typeName(**it) == "INSERT";
+      if (const std::pair key(block, distance); distance <= radius && key < least) least = key, nearest = *it;
     }
     return nearest;
   }

@@ -22,6 +22,8 @@ std::string withExtension(const std::string& path) {
 
 std::string fileName(const std::string& given) { return withExtension(std::string(trimmed(given))); }
 
+void tellSaved(const Command& c, const std::string& path) { c.print("\nDessin enregistré dans " + path + ".\n"); }
+
 CommandTask newDrawing(Command& c) {
   if (c.document.imp().modified) {
     const auto discard = co_await c.keyword(kDiscard, kYesNo);
@@ -79,6 +81,7 @@ CommandTask qsave(Command& c) {
   }
   const OverwritingOthers allowed(c.document);
   c.document.save(path);
+  tellSaved(c, path);
 }
 
 // "R12", "2000", "R2000", "LT2000" ... as a release; empty for any other word.
@@ -122,6 +125,7 @@ CommandTask saveas(Command& c) {
   }
   const OverwritingOthers allowed(c.document);
   for (const std::string& lost : c.document.saveAs(path, release, binary)) c.print("\n" + lost);
+  tellSaved(c, path);
 }
 
 constexpr CommandRow kTable[] = {

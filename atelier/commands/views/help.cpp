@@ -1,5 +1,5 @@
 // HELP: lists the commands with a line on each, or explains one command or AutoLISP function.
-// Commands defined by programs have no such line: only their names are listed.
+// A command of a program is explained by the text that its function begins with; one without is listed by its name.
 #include <algorithm>
 
 #include "atelier/commands/command_prompts.h"
@@ -16,6 +16,14 @@ std::string described(const CommandRow& row) {
   return std::string(row.name) + (aliases.empty() ? "" : " (" + aliases + ")") + ": " + std::string(row.help);
 }
 
+// The text that a program's function begins with; empty for none.
+std::string explanation(lisp::Value function) {
+  if (!function.isUserSubr()) return {};
+  const lisp::Value body = function.car().cdr();
+  const bool begins = body.isPair() && body.cdr().isPair() && body.car().isString();
+  return begins ? std::string(body.car().text()) : std::string();
+}
+
 void listAll(const Command& c) {
   std::vector<std::string> lines;
   for (const CommandRow* row : offeredCommands()) lines.push_back(described(*row));
@@ -26,7 +34,10 @@ void listAll(const Command& c) {
     if (name.starts_with("C:")) programs.push_back(name.substr(2));
   std::sort(programs.begin(), programs.end());
   if (!programs.empty()) c.print("\nCommandes de programmes AutoLISP:");
-  for (const std::string& name : programs) c.print(" " + name);
+  for (const std::string& name : programs) {
+    const std::string text = explanation(c.document.interpreter().get("C:" + name));
+    c.print("\n" + name + (text.empty() ? "" : ": " + text));
+  }
   c.print("\n(aide) montre les fonctions AutoLISP, (aide 'nom) l'une d'elles.\n");
 }
 
@@ -34,11 +45,14 @@ void explain(const Command& c, const std::string& name) {
   lisp::Interpreter& in = c.document.interpreter();
   const CommandRow* row = commandRow(name);
   const lisp::Primitive* function = in.primitive(name);
-  const bool program = !in.get("C:" + upperCase(name)).isNil();
+  const lisp::Value program = in.get("C:" + upperCase(name));
   if (row) c.print("\n" + described(*row));
   if (function) c.print("\n" + function->signature + ": " + function->help);
-  if (program) c.print("\n" + upperCase(name) + ": commande d'un programme AutoLISP.");
-  if (!row && !function && !program) c.fail("Ni commande ni fonction AutoLISP ne s'appelle \"" + name + "\".");
+  if (!program.isNil()) {
+    const std::string text = explanation(program);
+    c.print("\n" + upperCase(name) + ": " + (text.empty() ? "commande d'un programme AutoLISP." : text));
+  }
+  if (!row && !function && program.isNil()) c.fail("Ni commande ni fonction AutoLISP ne s'appelle \"" + name + "\".");
   c.print("\n");
 }
 

@@ -5,10 +5,25 @@
 
 namespace atelier::desktop {
 
+void DesktopSource::begin(std::vector<Order> orders) {
+  orders_.assign(std::make_move_iterator(orders.begin()), std::make_move_iterator(orders.end()));
+  lines_.clear();
+}
+
 Input DesktopSource::next(const PromptInfo& prompt) {
   if (!lines_.empty()) {
     Input line = Input::line(std::move(lines_.front()));
     lines_.pop_front();
+    if (prompt.isCommand) running_ = line.text;
+    return line;
+  }
+  if (prompt.isCommand && !orders_.empty()) {
+    Order order = std::move(orders_.front());
+    orders_.pop_front();
+    lines_.assign(std::make_move_iterator(order.answers.begin()), std::make_move_iterator(order.answers.end()));
+    Input line = Input::line(std::move(order.line));
+    line.shown = std::move(order.shown);
+    running_ = line.shown.empty() ? line.text : line.shown;
     return line;
   }
   if (prompt.isCommand) {
@@ -36,6 +51,7 @@ void DesktopSource::answer(Input input) {
 
 void DesktopSource::abandon() {
   abandoned_ = true;
+  orders_.clear();
   lines_.clear();
   answer(Input::cancel());
 }

@@ -69,7 +69,7 @@ Drawing::Drawing(const QString& path, std::vector<std::string>* messages) {
 
 Drawing::~Drawing() {
   onPrinted = nullptr;
-  onPrompt = onDone = onReplaced = nullptr;
+  onPrompt = onDone = onQuit = onReplaced = nullptr;
 }
 
 void Drawing::bind() {
@@ -84,7 +84,12 @@ void Drawing::replaced() {
 
 QString Drawing::title() const {
   const std::string& path = document_->path();
-  return path.empty() ? untitled : QFileInfo(QString::fromStdString(path)).fileName();
+  const QString name = path.empty() ? untitled : QFileInfo(QString::fromStdString(path)).fileName();
+  return document_->isReadOnly() ? name + QStringLiteral(" (lecture seule)") : name;
+}
+
+QString Drawing::commandName() const {
+  return running_ ? QString::fromStdString(source_.running()).trimmed().section(' ', 0, 0).toUpper() : QString();
 }
 
 void Drawing::type(const QString& line) {
@@ -95,27 +100,28 @@ void Drawing::type(const QString& line) {
   if (text.trimmed().isEmpty()) text = lastLine;
   if (text.trimmed().isEmpty()) return;
   lastLine = text;
-  source_.begin(text.toStdString());
+  source_.begin({{text.toStdString()}});
   run();
 }
 
-void Drawing::feed(const std::vector<std::string>& lines) {
+void Drawing::feed(const std::vector<Order>& orders) {
   if (running_) cancel();  // the command must end first
   ++awaited_;
-  QTimer::singleShot(0, this, [this, lines] {
+  QTimer::singleShot(0, this, [this, orders] {
     --awaited_;
-    if (running_) return feed(lines);
-    source_.begin(std::deque<std::string>(lines.begin(), lines.end()));
+    if (running_) return feed(orders);
+    source_.begin(orders);
     run();
   });
 }
 
 void Drawing::run() {
   running_ = true;
+  bool goesOn = true;
   {
     const Heartbeat heartbeat(document_->interpreter());
     try {
-      document_->run(source_);
+      goesOn = document_->run(source_);
     } catch (const std::exception& error) {
       document_->fail(error.what());
     }
@@ -123,10 +129,11 @@ void Drawing::run() {
   running_ = false;
   if (onPrompt) onPrompt();
   if (onDone) onDone();
+  if (!goesOn && onQuit) return onQuit();
   if (later_.empty()) return;
   const QString line = std::move(later_.front());
   later_.pop_front();
-  feed({line.toStdString()});
+  feed({{line.toStdString()}});
 }
 
 void Drawing::pick(const AcGePoint3d& point) { source_.answer(Input::pick(point)); }

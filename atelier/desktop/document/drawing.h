@@ -40,14 +40,15 @@ class Drawing : public QObject {
   // A typed line answers the waiting prompt, else begins a command. Typed before there is a prompt, or before a cancelled
   // command has ended, it is kept until then.
   void type(const QString& line);
-  // Feeds lines one after the other, as soon as the event loop is reached; a running command is cancelled first.
-  void feed(const std::vector<std::string>& lines);
+  // Carries orders out, as soon as the event loop is reached; a running command is cancelled first.
+  void feed(const std::vector<Order>& orders);
   void pick(const AcGePoint3d& point);
-  void enter() { type(QString()); }
   void cancel();
   bool isRunning() const { return running_; }
+  // The name of the running command; empty when there is none.
+  QString commandName() const;
   bool waits() const { return source_.waits(); }
-  bool hasMore() const { return awaited_ > 0; }  // lines that were fed and haven't begun
+  bool hasMore() const { return awaited_ > 0; }  // orders that haven't begun
   const PromptInfo* prompt() const { return source_.prompt(); }
   QString title() const;  // of the tab
   bool isModified() { return document_->imp().modified; }
@@ -57,6 +58,7 @@ class Drawing : public QObject {
   std::function<void(QString)> onPrinted;
   std::function<void()> onPrompt;    // the running prompt changed
   std::function<void()> onDone;      // a command ended; the drawing may have changed
+  std::function<void()> onQuit;      // QUIT has ended, and wants the program to end
   std::function<void()> onReplaced;  // a command has opened another drawing in place of this one
   QString untitled = QStringLiteral("Dessin1.dxf");
   QString lastLine;  // Enter at the command prompt runs it again

@@ -100,7 +100,7 @@ void MatricesForm::accept() {
   const QString call = QString("(progn (plv-matrices (plv-profil-de-numero %1) %2 %3) (princ))")
                            .arg(quoted(profile->currentText()), quoted(file->text()), every->isChecked() ? "T" : "nil");
   QDialog::accept();
-  drawing_.feed({call.toStdString(), "ZOOM", "_E"});
+  drawing_.feed({{call.toStdString(), {}, "PLV-MATRICES " + file->text().toStdString()}, {"ZOOM", {"_E"}}});
 }
 
 }  // namespace atelier::desktop

@@ -119,7 +119,7 @@ void NewProfileForm::accept() {
                atelier::desktop::number(textHeight->value()));
   QDialog::accept();
   // The command line asks for the place, so that it can be clicked in the drawing.
-  drawing_.feed({call.toStdString(), "ZOOM", "_E"});
+  drawing_.feed({{call.toStdString(), {}, "PLV-NOUVEAU " + file->text().toStdString()}, {"ZOOM", {"_E"}}});
 }
 
 }  // namespace atelier::desktop

@@ -98,7 +98,7 @@ void PlotForm::accept() {
     options.page = request();
     for (const std::string& warning : render::plot(scene_, file->text().toStdString(), options))
       drawing_.document().print("\n" + warning);
-    drawing_.document().print("\nDessin trace dans " + file->text().toStdString() + ".\n");
+    drawing_.document().print("\nDessin tracé dans " + file->text().toStdString() + ".\n");
     QDialog::accept();
   } catch (const render::PlotError& error) {
     message_->setText(QString::fromUtf8(error.what()));

@@ -17,8 +17,8 @@ namespace atelier::desktop {
 namespace {
 
 constexpr double kZoomStep = 1.25, kLeastHeight = 1e-6, kMostHeight = 1e12;
-constexpr double kPickBox = 6, kSnapReach = 12;  // pixels
-constexpr std::size_t kMostShown = 2000;         // entities that are shown as selected
+constexpr double kGripReach = 6, kSnapReach = 12, kLeastPickBox = 5, kSamePlace = 3;  // pixels
+constexpr std::size_t kMostShown = 2000;  // entities that are shown as selected
 constexpr std::size_t kMostGrips = 300;
 constexpr int kHoverDelay = 40;  // milliseconds
 constexpr double kMargin = 1.05;
@@ -27,7 +27,9 @@ AcDbExtents extentsOf(const render::Box& box) { return AcDbExtents({box.xMin, bo
 
 }  // namespace
 
-DrawingView::DrawingView(Drawing& drawing, QWidget* parent) : QWidget(parent), drawing_(drawing), painter_(this) {
+DrawingView::DrawingView(Drawing& drawing, QWidget* parent)
+    : QWidget(parent), drawing_(drawing), painter_(this), under_(drawing.document()) {
+  drawing.document().pointing.leastBox = kLeastPickBox;
   setMouseTracking(true);
   setFocusPolicy(Qt::StrongFocus);
   setCursor(Qt::BlankCursor);
@@ -57,8 +59,8 @@ void DrawingView::refresh() {
     selection_.assign(first->list().begin(), first->list().end());
   std::erase_if(selection_, [](AcDbStub* stub) { return stub->is(AcDbStub::kErased); });
   selected_ = shown(selection_);
-  hoveredStub_ = nullptr;
-  hovered_ = {};
+  under_.clear();
+  showUnder();
   updateGrips();
   askPicture();
 }
@@ -139,7 +141,7 @@ void DrawingView::updateGrips() {
 std::optional<std::size_t> DrawingView::gripAt(QPointF pixel) const {
   for (std::size_t i = 0; i < grips_.size(); ++i) {
     const QPointF d = viewport().pixel(grips_[i].at) - pixel;
-    if (std::hypot(d.x(), d.y()) <= kPickBox) return i;
+    if (std::hypot(d.x(), d.y()) <= kGripReach) return i;
   }
   return std::nullopt;
 }
@@ -164,27 +166,59 @@ AcGePoint3d DrawingView::pointAt(QPointF pixel) {
   return snap_ ? snap_->point : cursor;
 }
 
-void DrawingView::hover() {
+bool DrawingView::takesEntities() const {
   const PromptInfo* prompt = drawing_.prompt();
-  AcDbStub* found = nullptr;
-  if (cursor_ && !windowStart_ && !hotGrip_ && (prompt ? prompt->wantsEntity : !drawing_.isRunning()))
-    found = pickAt(drawing_.document(), viewport().world(*cursor_));
-  if (found == hoveredStub_) return;
-  hoveredStub_ = found;
-  hovered_ = found ? shown({found}) : render::DisplayList();
+  return !windowStart_ && !hotGrip_ && (prompt ? prompt->wantsEntity : !drawing_.isRunning());
+}
+
+void DrawingView::lookAt(QPointF pixel) {
+  under_.look(viewport().world(pixel));
+  showUnder();
+}
+
+void DrawingView::hover() {
+  if (cursor_ && takesEntities()) return lookAt(*cursor_);
+  under_.clear();
+  showUnder();
+}
+
+void DrawingView::showUnder() {
+  AcDbStub* const chosen = under_.chosen();
+  hovered_ = chosen ? shown({chosen}) : render::DisplayList();
+  hint_ = under_.description();
   update();
 }
 
+bool DrawingView::goOn() {
+  if (!under_.next()) return false;
+  showUnder();
+  return true;
+}
+
+void DrawingView::passOver(const SelectionSet& taken) {
+  AcDbStub* const first = under_.chosen();
+  while (taken.contains(under_.chosen()) && goOn() && under_.chosen() != first) continue;
+}
+
+bool DrawingView::focusNextPrevChild(bool next) { return goOn() || QWidget::focusNextPrevChild(next); }
+
 void DrawingView::click(QPointF pixel, bool removing) {
+  const QPointF moved = pixel - lastPick_.value_or(QPointF(-1e9, 0));
+  const bool again = std::hypot(moved.x(), moved.y()) <= kSamePlace;
+  lastPick_ = pixel;
+  if (takesEntities()) lookAt(pixel);
   if (const PromptInfo* prompt = drawing_.prompt()) {
+    // A set that is being collected goes on through what lies there; one entity is taken once.
+    if (const auto set = drawing_.document().pendingSelection.lock(); set && again && prompt->wantsEntity)
+      passOver(*set);
     if (prompt->wantsPoint || prompt->wantsEntity)
       drawing_.pick(prompt->wantsPoint ? pointAt(pixel) : viewport().world(pixel));
     return;
   }
-  if (!drawing_.isRunning()) clickIdle(pixel, removing);
+  if (!drawing_.isRunning()) clickIdle(pixel, removing, again);
 }
 
-void DrawingView::clickIdle(QPointF pixel, bool removing) {
+void DrawingView::clickIdle(QPointF pixel, bool removing, bool again) {
   if (hotGrip_) {
     const Grip grip = grips_[*hotGrip_];
     const AcGePoint3d to = pointAt(pixel);
@@ -200,13 +234,15 @@ void DrawingView::clickIdle(QPointF pixel, bool removing) {
     update();
     return;
   }
-  AcDbStub* stub = pickAt(drawing_.document(), viewport().world(pixel));
-  if (!stub) {
+  AcDbStub* const before = under_.chosen();
+  if (!before) {
     windowStart_ = viewport().world(pixel);
     windowPressed_ = pixel;
     return;
   }
   std::vector<AcDbStub*> entities = selection_;
+  if (again && !removing && std::erase(entities, before) > 0) goOn();
+  AcDbStub* const stub = under_.chosen();
   std::erase(entities, stub);
   if (!removing) entities.push_back(stub);
   select(std::move(entities));
@@ -277,7 +313,8 @@ void DrawingView::drawCursor(ViewMarks& marks) {
   if (from && prompt && prompt->isCorner) marks.rectangle(*from, target, prompt->wantsEntity);
   else if (from && (hotGrip_ || (prompt && prompt->wantsPoint))) marks.rubberBand(*from, target);
   if (snap_) marks.snap(*snap_);
-  marks.crosshair(at, kPickBox);
+  marks.crosshair(at, pickRadius(drawing_.document()) / viewport().unitsPerPixel);
+  if (!hint_.isEmpty() && under_.chosen()) marks.note(at + QPointF(16, 16), hint_);
   if (!prompt || !prompt->wantsPoint) return;
   const AcGePoint3d p = snap_ ? snap_->point : viewport().world(at);
   QString text = QString("%1 , %2").arg(p.x, 0, 'f', 3).arg(p.y, 0, 'f', 3);
@@ -290,7 +327,10 @@ void DrawingView::drawCursor(ViewMarks& marks) {
   marks.note(at + QPointF(16, 16), text);
 }
 
-void DrawingView::resizeEvent(QResizeEvent*) { askPicture(); }
+void DrawingView::resizeEvent(QResizeEvent*) {
+  drawing_.document().pointing.screenHeight = std::max(1, height());
+  askPicture();
+}
 
 void DrawingView::wheelEvent(QWheelEvent* event) {
   zoomAt(event->position(), std::pow(kZoomStep, event->angleDelta().y() / 120.0));
@@ -301,7 +341,7 @@ void DrawingView::mousePressEvent(QMouseEvent* event) {
   cursor_ = event->position();
   if (event->button() == Qt::MiddleButton) panFrom_ = event->position();
   if (event->button() == Qt::LeftButton) click(event->position(), event->modifiers() & Qt::ShiftModifier);
-  if (event->button() == Qt::RightButton) drawing_.enter();
+  if (event->button() == Qt::RightButton && onMenu) onMenu(event->globalPosition().toPoint());
   update();
 }
 
@@ -309,7 +349,7 @@ void DrawingView::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() == Qt::MiddleButton) panFrom_.reset();
   // A window may be dragged as well as clicked.
   const QPointF moved = event->position() - windowPressed_;
-  if (event->button() == Qt::LeftButton && windowStart_ && std::hypot(moved.x(), moved.y()) > kPickBox)
+  if (event->button() == Qt::LeftButton && windowStart_ && std::hypot(moved.x(), moved.y()) > kGripReach)
     endWindow(event->position(), event->modifiers() & Qt::ShiftModifier);
   update();
 }
@@ -337,21 +377,23 @@ void DrawingView::mouseMoveEvent(QMouseEvent* event) {
 
 void DrawingView::leaveEvent(QEvent*) {
   cursor_.reset();
+  hover();
+}
+
+void DrawingView::escape() {
+  windowStart_.reset();
+  snap_.reset();
+  if (hotGrip_) hotGrip_.reset();
+  else if (drawing_.isRunning()) drawing_.cancel();
+  else select({});
   update();
 }
 
 void DrawingView::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Escape) {
-    windowStart_.reset();
-    snap_.reset();
-    if (hotGrip_) hotGrip_.reset();
-    else if (drawing_.isRunning()) drawing_.cancel();
-    else select({});
-    update();
-    return;
-  }
+  if (event->key() == Qt::Key_Escape) return escape();
+  if (event->key() == Qt::Key_Space && event->modifiers() & Qt::ShiftModifier && goOn()) return;
   if (event->key() == Qt::Key_Delete && !drawing_.isRunning() && !selection_.empty()) {
-    drawing_.feed({"ERASE"});
+    drawing_.feed({{"ERASE"}});
     return;
   }
   if (onKey) onKey(event);

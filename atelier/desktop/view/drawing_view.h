@@ -9,6 +9,7 @@
 #include "atelier/desktop/picture/scene_painter.h"
 #include "atelier/desktop/view/grips.h"
 #include "atelier/desktop/view/snaps.h"
+#include "atelier/desktop/view/under_cursor.h"
 
 namespace atelier::desktop {
 
@@ -32,10 +33,18 @@ class DrawingView : public QWidget {
   AcGePoint3d pointAt(QPointF pixel);
   // As a click of the left button.
   void click(QPointF pixel, bool removing = false);
+  // What a click there takes, in words; empty for nothing. Tab goes on to what else lies there.
+  QString hint() const { return hint_; }
   bool isSettled() const { return !painter_.isPainting() && picture_.viewport == viewport(); }
 
   std::function<void(const AcGePoint3d&)> onMoved;
   std::function<void()> onSelection;
+  // Gives up what is under way: a window, a grip, the running command; then the selection.
+  void escape();
+  // Whether another entity lies under the cursor; it is then what a click takes.
+  bool goOn();
+
+  std::function<void(const QPoint& onScreen)> onMenu;  // the right button
   std::function<void(QKeyEvent*)> onKey;  // keys that are not the view's own: text for the command line
 
  protected:
@@ -48,6 +57,7 @@ class DrawingView : public QWidget {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void leaveEvent(QEvent*) override;
   void keyPressEvent(QKeyEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
 
  private:
   struct Picture {
@@ -57,7 +67,11 @@ class DrawingView : public QWidget {
   void askPicture();
   void settleView();
   void hover();
-  void clickIdle(QPointF pixel, bool removing);
+  bool takesEntities() const;
+  void lookAt(QPointF pixel);
+  void showUnder();
+  void passOver(const SelectionSet& taken);
+  void clickIdle(QPointF pixel, bool removing, bool again);
   void endWindow(QPointF pixel, bool removing);
   void updateGrips();
   std::optional<std::size_t> gripAt(QPointF pixel) const;
@@ -73,7 +87,9 @@ class DrawingView : public QWidget {
   QColor ground_;
   std::vector<AcDbStub*> selection_, highlighted_;
   render::DisplayList selected_, hovered_, highlightedShown_;
-  AcDbStub* hoveredStub_ = nullptr;
+  UnderCursor under_;
+  QString hint_;
+  std::optional<QPointF> lastPick_;
   std::vector<Grip> grips_;
   std::optional<std::size_t> hotGrip_;
   std::optional<AcGePoint3d> windowStart_;

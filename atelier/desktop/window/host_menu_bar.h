@@ -8,8 +8,10 @@ namespace atelier::desktop {
 
 class HostMenuBar {
  public:
+  // Receives the text and the lines of an entry.
+  using Run = std::function<void(const std::string& label, const std::vector<std::string>& lines)>;
   // The menus are placed before `before`, the window's own last menu.
-  HostMenuBar(QMenuBar& bar, QAction* before, std::function<void(std::vector<std::string>)> run);
+  HostMenuBar(QMenuBar& bar, QAction* before, Run run);
   ~HostMenuBar();
   HostMenuBar(const HostMenuBar&) = delete;
   HostMenuBar& operator=(const HostMenuBar&) = delete;
@@ -19,7 +21,7 @@ class HostMenuBar {
  private:
   QMenuBar& bar_;
   QAction* const before_;
-  const std::function<void(std::vector<std::string>)> run_;
+  const Run run_;
   std::vector<QMenu*> menus_;
 };
 

@@ -32,6 +32,7 @@ QDockWidget* dock(QMainWindow& window, const QString& title, QWidget* content, Q
 MainWindow::MainWindow() {
   setWindowTitle(QStringLiteral("Kavel"));
   setAcceptDrops(true);
+  QApplication::instance()->installEventFilter(this);
   tabs_ = new QTabWidget(this);
   tabs_->setTabsClosable(true);
   tabs_->setDocumentMode(true);
@@ -64,6 +65,7 @@ void MainWindow::buildPanels() {
   profiles_ = new ProfilesPanel(this);
   properties_ = new PropertiesPanel(this);
   commands_ = new CommandLine(this);
+  guide_ = new GuideWindow(this);
   QDockWidget* const profiles = dock(*this, QStringLiteral("Profils"), profiles_, Qt::LeftDockWidgetArea);
   resizeDocks({profiles}, {fontMetrics().averageCharWidth() * kPanelWidth}, Qt::Horizontal);
   dock(*this, QStringLiteral("Propriétés"), properties_, Qt::LeftDockWidgetArea);
@@ -83,14 +85,14 @@ void MainWindow::buildPanels() {
   profiles_->onChoose = [this](const QString& handle) {
     const QString profile = QString("(handent \"%1\")").arg(handle);
     if (Drawing* d = drawing())
-      d->feed({QString("(progn (if (plv-profil-sain %1) (plv-choix-profil %1)) (princ))").arg(profile).toStdString()});
+      d->feed({{QString("(progn (if (plv-profil-sain %1) (plv-choix-profil %1)) (princ))").arg(profile).toStdString(),
+                {},
+                "PLV-CHOISIR"}});
   };
   commands_->onLine = [this](const QString& line) {
     if (Drawing* d = drawing()) d->type(line);
   };
-  commands_->onCancel = [this] {
-    if (Drawing* d = drawing()) d->cancel();
-  };
+  commands_->onCancel = [this] { escape(); };
 }
 
 MainWindow::Tab* MainWindow::front() const {
@@ -119,9 +121,11 @@ void MainWindow::wire(Tab& tab) {
     if (tab.drawing->prompt()) tab.view->refresh();
   };
   drawing.onDone = [this, &tab] { afterCommand(tab); };
+  drawing.onQuit = [this, &tab] { quit(tab); };
   drawing.onReplaced = [this, &tab] { afterReplacement(tab); };
   tab.view->onMoved = [this, &drawing](const AcGePoint3d& point) { moved(drawing, point); };
   tab.view->onSelection = [this, &tab] { properties_->show(tab.drawing.get(), tab.view->selection()); };
+  tab.view->onMenu = [this](const QPoint& at) { showContextMenu(at); };
   tab.view->onKey = [this](QKeyEvent* event) { commands_->takeKey(event); };
 }
 
@@ -219,10 +223,11 @@ void MainWindow::perform(const QString& action) {
   if (action.startsWith('@')) return windowAction(action.mid(1));
   Drawing* const d = drawing();
   if (!d) return;
-  std::vector<std::string> lines;
-  for (const QString& line : action.split('|')) lines.push_back(line.toStdString());
-  d->lastLine = QString::fromStdString(lines.front());
-  d->feed(lines);
+  const QStringList lines = action.split('|');
+  Order order{lines.front().toStdString()};
+  for (const QString& answer : lines.sliced(1)) order.answers.push_back(answer.toStdString());
+  d->lastLine = lines.front();
+  d->feed({order});
 }
 
 void MainWindow::selectAll() {
@@ -249,7 +254,7 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
 
 void MainWindow::dropEvent(QDropEvent* event) {
   for (const QUrl& url : event->mimeData()->urls())
-    if (url.isLocalFile()) open(url.toLocalFile());
+    if (url.isLocalFile()) whenIdle([this, path = url.toLocalFile()] { open(path); });
 }
 
 }  // namespace atelier::desktop

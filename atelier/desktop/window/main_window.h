@@ -8,10 +8,11 @@
 
 #include "atelier/desktop/forms/dialog_window.h"
 #include "atelier/desktop/view/drawing_view.h"
-#include "atelier/desktop/window/command_line.h"
+#include "atelier/desktop/panels/command_line.h"
+#include "atelier/desktop/panels/guide_window.h"
 #include "atelier/desktop/window/host_menu_bar.h"
-#include "atelier/desktop/window/profiles_panel.h"
-#include "atelier/desktop/window/properties_panel.h"
+#include "atelier/desktop/panels/profiles_panel.h"
+#include "atelier/desktop/panels/properties_panel.h"
 #include "atelier/desktop/window/recovery_files.h"
 
 namespace atelier::desktop {
@@ -21,8 +22,9 @@ class MainWindow : public QMainWindow {
   MainWindow();
   ~MainWindow() override;
 
-  // A tab with a new drawing, or with the file; false after a message when it can't be opened. What can be read of a damaged
-  // file is offered.
+  // A tab with a new drawing, or with the file, which is brought to the front when it is open already. False after a
+  // message when it can't be opened. What can be read of a damaged file is offered; a drawing that another program works
+  // on, for reading only.
   bool open(const QString& path = {});
   bool save(bool underNewName = false);
   // Closes a tab; asks about unsaved changes. False when the user cancels. The window asks once for all its tabs.
@@ -35,6 +37,7 @@ class MainWindow : public QMainWindow {
   QTabWidget& tabs() { return *tabs_; }
   ProfilesPanel& profiles() { return *profiles_; }
   PropertiesPanel& properties() { return *properties_; }
+  const GuideWindow& guide() const { return *guide_; }
   QString status() const { return profileStatus_->text(); }
   // Writes copies of unsaved drawings, to be offered at the next start after a crash. Called soon after each change.
   void autosave();
@@ -47,6 +50,7 @@ class MainWindow : public QMainWindow {
   void closeEvent(QCloseEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   struct Tab {
@@ -60,6 +64,7 @@ class MainWindow : public QMainWindow {
   void buildPanels();
   void buildMenus();
   void buildRecent(QMenu& menu);
+  Tab* tabOf(const QString& path) const;
   bool openOrRecover(const QString& path);
   void openTab(const QString& path, std::vector<std::string>* messages = nullptr);
   bool openDamaged(const QString& path, const QString& damage);
@@ -67,6 +72,14 @@ class MainWindow : public QMainWindow {
   void dropTab(Tab& tab);
   std::vector<Tab*> unsaved() const;
   bool isRunning() const;
+  void whenIdle(std::function<void()> action);
+  void quit(Tab& tab);
+  bool takesForDrawing(QKeyEvent& key);
+  void showContextMenu(const QPoint& at);
+  void addEntry(QMenu& menu, const QString& text, std::function<void()> action);
+  void addPromptEntries(QMenu& menu, const PromptInfo& prompt);
+  void addObjectEntries(QMenu& menu);
+  void escape();
   QString askAboutLeaving(const std::vector<Tab*>& unsaved);
   bool leave(const QString& answer, const std::vector<Tab*>& asked);
   void leaveAfterCommands(const QString& answer, const std::vector<Tab*>& asked, int patience);
@@ -85,6 +98,8 @@ class MainWindow : public QMainWindow {
   QString chooseFile(bool save, const QString& title, const QString& filter, const QString& suggested = {});
   void windowAction(const QString& name);
   void changeTheme();
+  void buildHelp(QMenu& help);
+  void openGuide();
   void chooseGround();
   void chooseSnaps();
   void selectAll();
@@ -98,6 +113,7 @@ class MainWindow : public QMainWindow {
   CommandLine* commands_;
   ProfilesPanel* profiles_;
   PropertiesPanel* properties_;
+  GuideWindow* guide_;
   QLabel *coordinates_, *profileStatus_;
   WindowDialogs dialogs_{this};
   std::unique_ptr<HostMenuBar> hostMenus_;

@@ -4,6 +4,7 @@
 #include <QSettings>
 #include <QTimer>
 #include <algorithm>
+#include <utility>
 
 #include "atelier/desktop/window/main_window.h"
 
@@ -77,6 +78,14 @@ void MainWindow::closeEvent(QCloseEvent* event) {
   settings.setValue("fenetre", saveGeometry());
   settings.setValue("panneaux", saveState());
   settings.setValue("commandes", commands_->lines());
+}
+
+// The command has asked about its own drawing; the others are still to be asked about.
+void MainWindow::quit(Tab& tab) {
+  QTimer::singleShot(0, tab.view, [this, &tab] {
+    const bool before = std::exchange(tab.drawing->document().imp().modified, false);
+    if (!close()) tab.drawing->document().imp().modified = before;
+  });
 }
 
 bool MainWindow::leave(const QString& answer, const std::vector<Tab*>& asked) {

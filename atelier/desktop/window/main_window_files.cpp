@@ -41,9 +41,32 @@ QString MainWindow::chooseFile(bool save, const QString& title, const QString& f
 }
 
 bool MainWindow::open(const QString& path) {
+  if (Tab* tab = tabOf(path)) {
+    tabs_->setCurrentWidget(tab->view);
+    return true;
+  }
+  const std::string other = path.isEmpty() ? std::string() : DrawingLock::holder(path.toStdString());
+  if (!other.empty() && ask(QStringLiteral("%1 : un autre programme travaille sur ce dessin (%2).\n\n"
+                                           "L'ouvrir en lecture seule ? Il s'enregistrera sous un autre nom.")
+                                .arg(path, QString::fromStdString(other)),
+                            {QStringLiteral("Oui"), QStringLiteral("Non")}) != "oui")
+    return false;
   if (!openOrRecover(path)) return false;
+  if (!other.empty()) {
+    front()->drawing->document().setReadOnly();
+    showTitle(*front());
+  }
   if (!path.isEmpty()) remember(path);
   return true;
+}
+
+MainWindow::Tab* MainWindow::tabOf(const QString& path) const {
+  const QString whole = QFileInfo(path).canonicalFilePath();
+  if (path.isEmpty() || whole.isEmpty()) return nullptr;
+  for (const auto& tab : drawings_)
+    if (QFileInfo(QString::fromStdString(tab->drawing->document().path())).canonicalFilePath() == whole)
+      return tab.get();
+  return nullptr;
 }
 
 bool MainWindow::openOrRecover(const QString& path) {
@@ -118,7 +141,8 @@ bool MainWindow::save(bool underNewName) {
   if (!d) return false;
   QString path = QString::fromStdString(d->document().path());
   const bool damaged = !path.isEmpty() && path.toStdString() == d->document().imp().recoveredFrom;
-  if (underNewName || damaged || path.isEmpty() || !path.endsWith(".dxf", Qt::CaseInsensitive))
+  if (underNewName || damaged || d->document().isReadOnly() || path.isEmpty() ||
+      !path.endsWith(".dxf", Qt::CaseInsensitive))
     path = chooseFile(true, QStringLiteral("Enregistrer le dessin"), QStringLiteral("Dessins DXF (*.dxf)"),
                       path.isEmpty() ? front()->suggestedName() : path);
   if (path.isEmpty()) return false;
@@ -138,6 +162,7 @@ bool MainWindow::save(bool underNewName) {
     complain(QString::fromUtf8(error.what()));
     return false;
   }
+  document.print("\nDessin enregistré dans " + path.toStdString() + ".\n");
   remember(path);
   afterCommand(*front());
   return true;

@@ -56,18 +56,35 @@ void MainWindow::buildMenus() {
   panels->setTitle(QStringLiteral("&Panneaux"));
   view->addMenu(panels);
   QMenu* help = menuBar()->addMenu(QStringLiteral("&Aide"));
-  connect(help->addAction(QStringLiteral("Commandes")), &QAction::triggered, this,
-          [this] { perform("(progn (command \"_.HELP\" \"\") (princ))"); });
-  connect(help->addAction(QStringLiteral("Fonctions AutoLISP")), &QAction::triggered, this,
-          [this] { perform("(aide)"); });
-  connect(help->addAction(QStringLiteral("À propos de Kavel")), &QAction::triggered, this, [this] {
+  buildHelp(*help);
+  hostMenus_ = std::make_unique<HostMenuBar>(
+      *menuBar(), help->menuAction(), [this](const std::string& label, const std::vector<std::string>& lines) {
+        if (Drawing* d = drawing(); d && !lines.empty())
+          d->feed({{lines.front(), {lines.begin() + 1, lines.end()}, lines.front().starts_with('(') ? label : ""}});
+      });
+}
+
+void MainWindow::buildHelp(QMenu& help) {
+  const auto add = [&](const char* text, auto action) {
+    QAction* entry = help.addAction(QString::fromUtf8(text));
+    connect(entry, &QAction::triggered, this, action);
+    return entry;
+  };
+  add("&Guide", [this] { openGuide(); })->setShortcut(Qt::Key_F1);
+  add("Commandes", [this] { perform("AIDE|"); });
+  add("Fonctions AutoLISP", [this] { perform("(aide)"); });
+  add("À propos de Kavel", [this] {
     QMessageBox::about(this, QStringLiteral("Kavel"),
                        QStringLiteral("Kavel\nProfils en long de routes, d'assainissement et d'eau potable."));
   });
-  hostMenus_ =
-      std::make_unique<HostMenuBar>(*menuBar(), help->menuAction(), [this](const std::vector<std::string>& lines) {
-        if (Drawing* d = drawing()) d->feed(lines);
-      });
+}
+
+// At the running command, or the one that is being typed.
+void MainWindow::openGuide() {
+  const Drawing* const d = drawing();
+  const QString running = d ? d->commandName() : QString();
+  if (!guide_->openAt(running.isEmpty() ? commands_->typed().section(' ', 0, 0) : running))
+    complain(QStringLiteral("Le guide n'est pas installé à côté du programme."));
 }
 
 // Icons are drawn in the colours of the window, so they are made again.
@@ -80,22 +97,26 @@ void MainWindow::changeTheme() {
 void MainWindow::buildRecent(QMenu& menu) {
   menu.clear();
   for (const QString& path : QSettings().value("recents").toStringList())
-    connect(menu.addAction(path), &QAction::triggered, this, [this, path] { open(path); });
+    connect(menu.addAction(path), &QAction::triggered, this, [this, path] { whenIdle([this, path] { open(path); }); });
   if (menu.isEmpty()) menu.addAction(QStringLiteral("(aucun)"))->setEnabled(false);
 }
 
 // Before drawings are opened, saved or changed the running command is cancelled; when it doesn't end (its dialog comes
 // back) the action is not carried out.
+void MainWindow::whenIdle(std::function<void()> action) {
+  Drawing* const d = drawing();
+  if (!d || !d->isRunning()) return action();
+  d->cancel();
+  QTimer::singleShot(kUnwinding, d, [d, action = std::move(action)] {
+    if (!d->isRunning()) action();
+  });
+}
+
 void MainWindow::windowAction(const QString& name) {
   Drawing* const d = drawing();
   DrawingView* const v = view();
   static const QSet<QString> always{"extents", "nearer", "farther", "ground", "snaps", "theme", "quit"};
-  if (d && d->isRunning() && !always.contains(name)) {
-    d->cancel();
-    return QTimer::singleShot(kUnwinding, d, [this, d, name] {
-      if (!d->isRunning()) windowAction(name);
-    });
-  }
+  if (d && d->isRunning() && !always.contains(name)) return whenIdle([this, name] { windowAction(name); });
   if (name == "new") open();
   else if (name == "open") {
     const QString path = chooseFile(false, QStringLiteral("Ouvrir un dessin"), QStringLiteral("Dessins (*.dxf *.dwg)"));
@@ -138,7 +159,7 @@ void MainWindow::chooseSnaps() {
   if (form.exec() != QDialog::Accepted) return;
   int modes = 0;
   for (const auto& [mode, box] : boxes) modes |= box->isChecked() ? static_cast<int>(mode) : 0;
-  drawing()->feed({"SETVAR", "OSMODE", std::to_string(modes)});
+  drawing()->feed({{"SETVAR", {"OSMODE", std::to_string(modes)}}});
 }
 
 void MainWindow::audit() {
@@ -146,7 +167,7 @@ void MainWindow::audit() {
   const auto findings = dxf::audit(d.document().database(), false);
   for (const dxf::Finding& finding : findings) d.document().print(dxf::line(finding) + "\n");
   d.document().print("\n" + std::to_string(findings.size()) + " constats.\n");
-  d.feed({"(plv-audit)"});
+  d.feed({{"(plv-audit)", {}, "Vérifier les profils"}});
 }
 
 }  // namespace atelier::desktop

@@ -33,8 +33,21 @@
 (demande (getfiled "Titre" "essai" "txt" 1) ("") "essai.txt")
 (demande (grread) ("4,5") (3 (4.0 5.0 0.0)))
 
+;; A comma is decimal where only a number fits, and between semicolons; else it separates coordinates.
+(situation "CommasAreDecimalWhereTheyCanBe")
+(demande (getreal "N") ("2,75") 2.75)
+(demande (getreal "N") ("-,5") -0.5)
+(demande (getreal "N") ("1,2,3" "4") 4.0)
+(demande (getint "N") ("2,5" "3") 3)
+(demande (getpoint "P") ("2,75") (2.0 75.0 0.0))
+(demande (getpoint "P") ("2,75;1,5") (2.75 1.5 0.0))
+(demande (getpoint "P") ("1.5;2,5;3") (1.5 2.5 3.0))
+(demande (progn (setvar "LASTPOINT" '(10.0 10.0 0.0)) (getpoint "P")) ("@0,5;1") (10.5 11.0 0.0))
+(demande (getpoint "P") ("2,5<0") (2.5 0.0 0.0))
+(demande (getdist '(0.0 0.0) "D") ("3,4") 5.0)
+
 (situation "EndOfTheInputCancels")
-(tape ("(getint \"\\nNombre: \")") "Function cancelled")
+(tape ("(getint \"\\nNombre: \")") "*Annulé*" (sauf "Function cancelled"))
 ((vl-catch-all-error-message (vl-catch-all-apply 'getpoint '("P"))) "Function cancelled")
 
 (situation "WordsBehindACommandAnswerIt")

@@ -1,5 +1,5 @@
 // (plv-bureau-profils) gives (title handle (child ...)) for each node.
-#include "atelier/desktop/window/profiles_panel.h"
+#include "atelier/desktop/panels/profiles_panel.h"
 
 #include <QHeaderView>
 

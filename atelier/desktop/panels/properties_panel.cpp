@@ -1,5 +1,5 @@
 // (plv-bureau-proprietes handle) gives the fields as (name value) pairs.
-#include "atelier/desktop/window/properties_panel.h"
+#include "atelier/desktop/panels/properties_panel.h"
 
 #include <QHeaderView>
 

@@ -1,5 +1,5 @@
 // A blank acts as Enter, except at prompts for texts and inside an expression.
-#include "atelier/desktop/window/command_line.h"
+#include "atelier/desktop/panels/command_line.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -52,7 +52,10 @@ CommandLine::CommandLine(QWidget* parent) : QWidget(parent) {
   completer_->setWidget(edit_);
   connect(completer_, qOverload<const QString&>(&QCompleter::activated), edit_, &QLineEdit::setText);
   connect(edit_, &QLineEdit::textEdited, this, [this] { complete(); });
-  connect(prompt_, &QLabel::linkActivated, this, [this](const QString& keyword) { send(keyword); });
+  connect(prompt_, &QLabel::linkActivated, this, [this](const QString& keyword) {
+    edit_->setFocus();  // the next Enter isn't the link's
+    send(keyword);
+  });
   auto* line = new QHBoxLayout;
   line->addWidget(prompt_);
   line->addWidget(edit_, 1);

@@ -25,6 +25,8 @@ class CommandLine : public QWidget {
   void setNames(QStringList names);
   void setHistory(QStringList lines) { lines_ = std::move(lines), place_ = lines_.size(); }
   const QStringList& lines() const { return lines_; }
+  bool isInput(const QWidget* widget) const { return widget == edit_; }
+  QString typed() const { return edit_->text(); }
   // Takes a key that another widget has received and doesn't use.
   void takeKey(QKeyEvent* event);
 

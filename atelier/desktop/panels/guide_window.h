@@ -1,0 +1,18 @@
+// The user's guide in a window of its own, opened at what it says of a command.
+#pragma once
+#include <QTextBlock>
+#include <QTextBrowser>
+
+namespace atelier::desktop {
+
+class GuideWindow : public QTextBrowser {
+ public:
+  explicit GuideWindow(QWidget* parent);
+
+  // Opens at the heading that names the command, at the beginning when none does. False when the guide isn't there.
+  bool openAt(const QString& command);
+  // The heading at which it was opened.
+  QString heading() const { return textCursor().block().text(); }
+};
+
+}  // namespace atelier::desktop

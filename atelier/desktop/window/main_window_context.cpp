@@ -1,0 +1,72 @@
+// The menu of the right button: the options of the running command, else what can be done with the selection.
+#include <QMenu>
+#include <QTimer>
+
+#include "atelier/desktop/window/main_window.h"
+
+namespace atelier::desktop {
+namespace {
+
+// What can be done with selected objects, as the menus have it.
+constexpr struct {
+  const char *text, *command;
+} kObjectActions[] = {{"Effacer", "ERASE"},  {"Copier", "COPY"},   {"Déplacer", "MOVE"},
+                      {"Tourner", "ROTATE"}, {"Échelle", "SCALE"}, {"Symétrie", "MIRROR"}};
+
+constexpr qsizetype kLongestRepeat = 40;  // characters
+
+}  // namespace
+
+// An entry acts when the menu has closed: a command runs inside the event that begins it.
+void MainWindow::addEntry(QMenu& menu, const QString& text, std::function<void()> action) {
+  connect(menu.addAction(text), &QAction::triggered, this,
+          [this, action = std::move(action)] { QTimer::singleShot(0, this, action); });
+}
+
+void MainWindow::showContextMenu(const QPoint& at) {
+  Drawing* const d = drawing();
+  if (!d || (d->isRunning() && !d->prompt())) return;
+  auto* const menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  if (const PromptInfo* prompt = d->prompt()) addPromptEntries(*menu, *prompt);
+  else addObjectEntries(*menu);
+  menu->addSeparator();
+  addEntry(*menu, QStringLiteral("Zoom étendu"), [this] { perform("@extents"); });
+  addEntry(*menu, QStringLiteral("Accrochages aux objets..."), [this] { perform("@snaps"); });
+  menu->popup(at);
+}
+
+void MainWindow::addPromptEntries(QMenu& menu, const PromptInfo& prompt) {
+  const auto type = [this](const QString& word) {
+    if (Drawing* d = drawing(); d && d->waits()) d->type(word);
+  };
+  addEntry(menu, QStringLiteral("Entrée"), [type] { type({}); });
+  addEntry(menu, QStringLiteral("Annuler la commande"), [this] { escape(); });
+  if (!prompt.keywords.empty()) menu.addSeparator();
+  for (const std::string& keyword : prompt.keywords) {
+    const QString word = QString::fromStdString(keyword);
+    addEntry(menu, word, [type, word] { type(word); });
+  }
+}
+
+void MainWindow::addObjectEntries(QMenu& menu) {
+  const QString last = drawing()->lastLine;
+  if (!last.trimmed().isEmpty() && last.size() <= kLongestRepeat)
+    addEntry(menu, QStringLiteral("Répéter %1").arg(last), [this] { drawing()->type({}); });
+  menu.addSeparator();
+  if (view()->selection().empty()) {
+    addEntry(menu, QStringLiteral("Annuler la dernière action"), [this] { perform("U"); });
+    addEntry(menu, QStringLiteral("Rétablir"), [this] { perform("REDO"); });
+    addEntry(menu, QStringLiteral("Sélectionner tout"), [this] { perform("@selectAll"); });
+    return;
+  }
+  for (const auto& [text, command] : kObjectActions)
+    addEntry(menu, QString::fromUtf8(text), [this, line = QString(command)] { perform(line); });
+  addEntry(menu, QStringLiteral("Ne rien sélectionner"), [this] { escape(); });
+}
+
+void MainWindow::escape() {
+  if (DrawingView* v = view()) v->escape();
+}
+
+}  // namespace atelier::desktop
