@@ -7,28 +7,23 @@
 
 namespace etu {
 
-namespace {
-
-// Reads one pair and moves the node after it.
-bool lirePaire(const resbuf*& noeud, double& station, double& altitude) {
+bool lirePaire(const resbuf*& noeud, double& premier, double& second) {
   if (noeud->restype == RTPOINT) {
     const AcGePoint3d point = plv::valeurPoint(noeud);
-    station = point.x;
-    altitude = point.y;
+    premier = point.x;
+    second = point.y;
     noeud = noeud->rbnext;
     return true;
   }
-  const resbuf* premier = noeud->restype == RTLB ? noeud->rbnext : nullptr;
-  const resbuf* second = plv::estNombre(premier) ? premier->rbnext : nullptr;
-  const resbuf* fin = plv::estNombre(second) ? second->rbnext : nullptr;
+  const resbuf* a = noeud->restype == RTLB ? noeud->rbnext : nullptr;
+  const resbuf* b = plv::estNombre(a) ? a->rbnext : nullptr;
+  const resbuf* fin = plv::estNombre(b) ? b->rbnext : nullptr;
   if (!fin || fin->restype != RTLE) return false;
-  station = plv::valeurReelle(premier);
-  altitude = plv::valeurReelle(second);
+  premier = plv::valeurReelle(a);
+  second = plv::valeurReelle(b);
   noeud = fin->rbnext;
   return true;
 }
-
-}  // namespace
 
 listeSommets terrainDe(const plv::profilLong& profil) {
   listeSommets terrain;

@@ -4,5 +4,7 @@
 namespace etu {
 
 void et_profondeurs();
+void et_ligne();
+void et_couloir();
 
 }  // namespace etu

@@ -21,6 +21,15 @@ constexpr ligneFonction kTable[] = {
      L"La plus petite et la plus grande profondeur d'une ligne sous le terrain: ((pk profondeur) (pk profondeur)). Les "
      L"sommets sont "
      L"des listes (pk altitude), vers la droite; nil hors du terrain."},
+    {L"et_ligne", et_ligne, L"(et_ligne profil moindre plus-grande départ arrivée)",
+     L"La ligne de moins de sommets entre deux profondeurs: (lignes fenêtres (surface moindre)). Une extrémité est (pk "
+     L"altitude), ou pk où elle est libre. Une ligne est une liste de (pk altitude), ses fenêtres des listes ((pk "
+     L"altitude) (pk "
+     L"altitude)): aucune ligne d'un sommet de moins ne passe la dernière. La surface est entre terrain et lignes, "
+     L"aucune ligne "
+     L"n'en a moins que moindre."},
+    {L"et_couloir", et_couloir, L"(et_couloir profil moindre plus-grande départ arrivée)",
+     L"Le couloir où et_ligne cherche: ses limites basse et haute, deux listes de (pk altitude)."},
 };
 
 void et_aide() {

@@ -8,13 +8,13 @@
     ("ELLIPSE" . "Ellipse") ("POINT" . "Point") ("HATCH" . "Hachure") ("SOLID" . "Solide") ("DIMENSION" . "Cote") ("LEADER" . "Repère")
     ("RAY" . "Demi-droite") ("XLINE" . "Droite") ("VIEWPORT" . "Fenêtre") ("IMAGE" . "Image") ("WIPEOUT" . "Masque")))
 
-(defun plv-survol:nom (groupes / type)
-  (setq type (plv-cle 0 groupes))
+(defun plv-survol:nom (groupes / genre)
+  (setq genre (plv-cle 0 groupes))
   (cond
-    ((= type "INSERT") (strcat "Bloc " (plv-cle 2 groupes)))
-    ((member type '("TEXT" "MTEXT")) (strcat "Texte « " (plv-abrege (plv-cle 1 groupes)) " »"))
-    ((plv-cle type plv-survol:types))
-    (type)))
+    ((= genre "INSERT") (strcat "Bloc " (plv-cle 2 groupes)))
+    ((member genre '("TEXT" "MTEXT")) (strcat "Texte « " (plv-abrege (plv-cle 1 groupes)) " »"))
+    ((plv-cle genre plv-survol:types))
+    (genre)))
 
 (defun plv-survol:ordinaire (groupes) (strcat (plv-survol:nom groupes) ", calque " (plv-cle 8 groupes)))
 

@@ -1,21 +1,30 @@
 ;; The command PLV-OPTIMAL: its questions.
 ;; The depths come first: in the middle of their band stand the ends that are proposed. An end is a station and a depth below the
-;; ground there, or a point picked in the profile's graphic.
+;; ground there, a point picked in the profile's graphic, or free in the band. The first question also takes the method; the
+;; last one shows how the line was found, so that a script's answers serve every method.
 
-(defun plv-optimal:bout (profil question d profondeur / origine reponse couple bout)
-  "An end of the line as (distance altitude); Enter takes the distance and the depth."
+(defun plv-optimal:bout (profil question d profondeur libre / origine reponse bout)
+  "An end of the line as (distance altitude), or as (distance) for a free one; Enter takes the distance and the depth."
   (setq origine (plv-premiere-station profil)
-        question (strcat "Station,profondeur " question " ou [Pointer] <" (plv-reel (+ origine d) 2) "," (plv-reel profondeur 2) ">"))
+        question (strcat "Station,profondeur " question " ou [Pointer" (if libre "/Libre" "") "] <" (plv-reel (+ origine d) 2) ","
+                         (plv-reel profondeur 2) ">"))
   (while (not bout)
     (setq reponse (plv-demander-texte question nil)
-          couple (plv-couple reponse)
           bout
            (cond
              ((= reponse "") (plv-optimal:sous-terrain profil d profondeur))
              ((member (strcase reponse) '("P" "POINTER")) (plv-optimal:pointer profil (getpoint "\nPoint du profil: ")))
-             (couple (plv-optimal:sous-terrain profil (- (car couple) origine) (cadr couple)))
-             (T (plv-dire-couple) nil))))
+             ((and libre (member (strcase reponse) '("L" "LIBRE"))) (list d))
+             ((plv-optimal:couple profil reponse origine libre)))))
   bout)
+
+(defun plv-optimal:couple (profil reponse origine libre / couple)
+  "An end typed as station,depth, or as station,Libre."
+  (cond
+    ((setq couple (plv-couple reponse)) (plv-optimal:sous-terrain profil (- (car couple) origine) (cadr couple)))
+    ((and libre (setq couple (plv-couple (strcat (vl-string-right-trim "LIBRElibre" reponse) "0"))))
+     (plv-optimal:dans profil (list (- (car couple) origine))))
+    (T (plv-dire-couple) nil)))
 
 (defun plv-optimal:dans (profil bout)
   "The end, or nil after a message for one beside the profile."
@@ -38,22 +47,42 @@
   (setq reponse (getreal (strcat "\n" question " <" (plv-reel defaut 2) ">: ")))
   (cond (reponse) (defaut)))
 
+(defun plv-optimal:demander-minimum (/ methode reponse)
+  "The method and the least depth."
+  (setq methode "Sommets" reponse "Méthode")
+  (while (= reponse "Méthode")
+    (initget "Méthode")
+    (setq reponse (plv-optimal:demander-profondeur "Profondeur minimale (un nombre négatif est une surélévation) ou [Méthode]" 0.8))
+    (if (= reponse "Méthode") (setq methode (plv-demander-mot "Méthode" '("Sommets" "Recherche") methode))))
+  (list methode reponse))
+
 (defun plv-optimal:a-remplacer (profil genre / deja)
   "The entities that the new line replaces: those of the kind's project line, unless they are to stay."
   (setq deja (plv-elements-du-projet profil genre))
   (if (and deja (= (plv-demander-mot (strcat "Il y a déjà une ligne " genre) '("Remplacer" "Garder") "Remplacer") "Remplacer"))
     deja))
 
-(defun c:plv-optimal (/ profil genre anciens depart arrivee minimum maximum garder)
-  "Propose la ligne de projet la meilleure sous des contraintes de pente et de profondeur."
+(defun plv-optimal:faire (methode profil genre depart arrivee minimum maximum)
+  "Asks whether to show how the line was found, and has it found."
+  (if (= methode "Sommets")
+    (plv-optimal-sommets profil genre depart arrivee minimum maximum
+      (= (plv-demander-mot "Dessiner le couloir et ses fenêtres" '("Oui" "Non") "Non") "Oui"))
+    (plv-optimal profil genre depart arrivee minimum maximum
+      (= (plv-demander-mot "Garder le tracé de la recherche" '("Oui" "Non") "Non") "Oui"))))
+
+(defun c:plv-optimal (/ profil genre anciens methode libre depart arrivee minimum maximum milieu)
+  "Propose la ligne de projet la meilleure dans une bande de profondeurs."
   (if (and (setq profil (plv-choisir-profil)) (or (cdr (plv-points-tn profil)) (plv-erreur (plv-refus-sans-terrain))))
     (progn
       (setq genre (plv-demander-genre-projet "Assainissement")
             anciens (plv-optimal:a-remplacer profil genre)
-            minimum (plv-optimal:demander-profondeur "Profondeur minimale (un nombre négatif est une surélévation)" 0.8)
+            minimum (plv-optimal:demander-minimum)
+            methode (car minimum)
+            minimum (cadr minimum)
             maximum (plv-optimal:demander-profondeur "Profondeur maximale" 1.6)
-            depart (plv-optimal:bout profil "du départ" (car (car (plv-points-tn profil))) (plv-milieu (list minimum maximum)))
-            arrivee (plv-optimal:bout profil "de l'arrivée" (plv-longueur-profil profil) (plv-milieu (list minimum maximum)))
-            garder (= (plv-demander-mot "Garder le tracé de la recherche" '("Oui" "Non") "Non") "Oui"))
-      (if (plv-optimal profil genre depart arrivee minimum maximum garder) (plv-effacer-courbes profil anciens))))
+            milieu (plv-milieu (list minimum maximum))
+            libre (= methode "Sommets")
+            depart (plv-optimal:bout profil "du départ" (car (car (plv-points-tn profil))) milieu libre)
+            arrivee (plv-optimal:bout profil "de l'arrivée" (plv-longueur-profil profil) milieu libre))
+      (if (plv-optimal:faire methode profil genre depart arrivee minimum maximum) (plv-effacer-courbes profil anciens))))
   (princ))

@@ -173,7 +173,8 @@ def project(d):
 
 
 # Depth class of a section in the workbook: the greatest depth, trench width and colour, from the default settings.
-CLASSES = {"0.00 - 1.00 ": (1.0, 0.6, 1), "1.00 - 1.50 ": (1.5, 0.8, 2), "1.50 - 2.00 ": (2.0, 1.0, 3), "2.00 - 3.00 ": (3.0, 1.5, 4)}
+CLASSES = {"0.00 - 1.00 ": (1.0, 0.6, 1), "1.00 - 1.50 ": (1.5, 0.8, 2), "1.50 - 2.00 ": (2.0, 1.0, 3), "2.00 - 3.00 ": (3.0, 1.5, 4),
+           "3.00 - 4.00 ": (4.0, 2.0, 5)}
 
 
 def sewer(drawing, data):
