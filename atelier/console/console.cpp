@@ -38,10 +38,14 @@ constexpr int kDone = 0, kFailed = 1, kBadUsage = 2, kFileTrouble = 3;
 
 bool lineIsOpen = false;  // what the command line has printed doesn't end with a line feed
 
-// After what was printed before it, also where both streams end in one file.
-void complain(const std::string& message) {
+void endLine() {
   if (lineIsOpen) std::fputc('\n', stdout);
   lineIsOpen = false;
+}
+
+// After what was printed before it, also where both streams end in one file.
+void complain(const std::string& message) {
+  endLine();
   std::fflush(stdout);
   std::fprintf(stderr, "kavel: %s\n", message.c_str());
 }
@@ -80,7 +84,9 @@ class Run {
 
   void evaluate(const std::string& expression) {
     std::string printed;
-    if (document_.evaluate(expression, &printed) && !printed.empty()) std::printf("%s\n", printed.c_str());
+    if (!document_.evaluate(expression, &printed) || printed.empty()) return;
+    endLine();
+    std::printf("%s\n", printed.c_str());
     std::fflush(stdout);
   }
 
