@@ -28,7 +28,7 @@
 #include "atelier/plugin/installation.h"
 #include "atelier/render/scene/transients.h"
 #include "atelier/render/shapes/plot_error.h"
-#include "atelier/render/sheets/plot.h"
+#include "atelier/render/sheets/layout_page.h"
 #include "atelier/render/sheets/plot_builtins.h"
 
 namespace atelier::console {
@@ -133,10 +133,22 @@ class Run {
       complain(error.what());
       return false;
     }
-    render::WholeScene scene(document_.database());
-    render::addTransients(scene.above, document_.transients());
-    for (const std::string& warning : render::plot(scene, action.argument, plotOptions)) complain(warning);
+    for (const std::string& warning : plotted(action, plotOptions)) complain(warning);
     return true;
+  }
+
+  // A layout that is asked for; all of them for a drawing with nothing in its model space; else the model space.
+  std::vector<std::string> plotted(const Action& action, const render::PlotOptions& plotOptions) {
+    const std::string& layout = action.settings.layout;
+    const AcDbDatabase& database = document_.database();
+    if (!layout.empty() && !equalNoCase(layout, "Model"))
+      return render::plotLayouts(database, {layout}, action.argument, plotOptions);
+    render::WholeScene scene(database);
+    render::addTransients(scene.above, document_.transients());
+    const std::vector<std::string> layouts =
+        scene.empty() && layout.empty() ? render::layoutsOf(database) : std::vector<std::string>();
+    return layouts.empty() ? render::plot(scene, action.argument, plotOptions)
+                           : render::plotLayouts(database, layouts, action.argument, plotOptions);
   }
 
   void list() {

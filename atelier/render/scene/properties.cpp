@@ -47,8 +47,11 @@ Pattern alternating(const std::vector<double>& elements) {
 
 }  // namespace
 
-Properties::Properties(AcDbImpDatabase& database, bool paper)
-    : database_(database), paper_(paper), scale_(database.header.real("$LTSCALE", 1)) {}
+Properties::Properties(AcDbImpDatabase& database, const SceneOptions& options)
+    : database_(database),
+      paper_(options.paper),
+      frozen_(options.frozen),
+      scale_(database.header.real("$LTSCALE", 1)) {}
 
 std::string_view Properties::key(std::string_view name) { return key_ = upperCase(name); }
 
@@ -70,7 +73,7 @@ const Layer& Properties::layer(std::string_view name) {
   for (const Group& group : xdataOf(*stored, "AcCmTransparency"))
     if (group.code() == 1071) setAlpha(layer.colour, group.integer());
   layer.off = colour < 0;
-  layer.frozen = (groups.integer(70) & LayerFlags::kFrozen) != 0;
+  layer.frozen = (groups.integer(70) & LayerFlags::kFrozen) != 0 || frozen_.contains(key_);
   layer.plotted = layer.plotted && groups.integer(290, 1) != 0;
   layer.weightMm = weightMm(groups.integer(370, AcDb::kLnWtByLwDefault));
   layer.pattern = pattern(groups.text(6, "CONTINUOUS"));

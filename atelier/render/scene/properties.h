@@ -8,6 +8,7 @@
 
 #include "atelier/database/objects/imp_database.h"
 #include "atelier/database/records/groups.h"
+#include "atelier/render/scene/scene.h"
 #include "atelier/render/shapes/primitives.h"
 
 namespace atelier::render {
@@ -45,8 +46,8 @@ struct TextStyle {
 
 class Properties {
  public:
-  // paper: layers that are not to be plotted are hidden.
-  Properties(AcDbImpDatabase& database, bool paper);
+  // On paper layers that are not to be plotted are hidden.
+  Properties(AcDbImpDatabase& database, const SceneOptions& options);
 
   const Layer& layer(std::string_view name);
   Look look(const Groups& entity, const Inherited& from);
@@ -63,6 +64,7 @@ class Properties {
 
   AcDbImpDatabase& database_;
   bool paper_;
+  std::set<std::string, std::less<>> frozen_;
   double scale_;  // $LTSCALE
   std::string key_;
   std::map<std::string, Layer, std::less<>> layers_;

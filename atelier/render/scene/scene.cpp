@@ -42,9 +42,10 @@ constexpr Kind kKinds[] = {
     {"ARC_DIMENSION", drawDimension},
     {"LARGE_RADIAL_DIMENSION", drawDimension},
     {"HATCH", drawHatch},
+    {"VIEWPORT", drawViewport},
 };
 // Types without anything to draw in the model space.
-constexpr std::string_view kInvisible[] = {"VIEWPORT", "SEQEND", "VERTEX", "LIGHT", "SUN"};
+constexpr std::string_view kInvisible[] = {"SEQEND", "VERTEX", "LIGHT", "SUN"};
 
 // The most primitives that blocks and arrays may bring to a list: so many times the number of entities, and at least this
 // many. A small file that stands for billions then ends in seconds; a large one with thousands of references is whole.
@@ -53,16 +54,18 @@ constexpr std::size_t kUnfolding = 50, kLeastPrimitives = 200'000;
 // Of a plot, which is whole or an error: more than any drawing that WholeScene lets pass comes to.
 constexpr std::size_t kMostWalked = 50'000'000;
 
-void walk(SceneBuilder& builder, std::span<AcDbStub* const> entities) {
+void walk(SceneBuilder& builder, std::span<AcDbStub* const> entities, double patternScale) {
+  Placement all;
+  all.scale = patternScale;
   try {
-    for (AcDbStub* stub : entities) builder.entity(*stub, {});
+    for (AcDbStub* stub : entities) builder.entity(*stub, all);
   } catch (const fonts::FontError& error) {
     throw PlotError(error.what());
   }
 }
 
-std::span<AcDbStub* const> modelSpace(const AcDbDatabase& database) {
-  const AcDbStub* space = AcDbImpDatabase::of(&database).modelSpace();
+std::span<AcDbStub* const> entitiesOf(const AcDbDatabase& database, const SceneOptions& options) {
+  const AcDbStub* space = options.space ? options.space : AcDbImpDatabase::of(&database).modelSpace();
   return space && space->children ? std::span<AcDbStub* const>(*space->children) : std::span<AcDbStub* const>();
 }
 
@@ -84,7 +87,7 @@ Pt Entity::world(const AcGePoint3d& point) const {
 
 SceneBuilder::SceneBuilder(AcDbImpDatabase& database, const SceneOptions& options, std::size_t most,
                            const Receiver& receive)
-    : database_(database), options_(options), most_(most), properties_(database, options.paper), receive_(receive) {}
+    : database_(database), options_(options), most_(most), properties_(database, options), receive_(receive) {}
 
 Groups SceneBuilder::groupsOf(AcDbStub& stub) { return Groups(AcDbImpObject::of(&database_.object(stub)).settled()); }
 
@@ -187,12 +190,12 @@ SceneOptions forPlot() {
 }
 
 DisplayList drawScene(const AcDbDatabase& database, const SceneOptions& options) {
-  return drawEntities(database, modelSpace(database), options);
+  return drawEntities(database, entitiesOf(database, options), options);
 }
 
 std::vector<std::string> walkScene(const AcDbDatabase& database, const SceneOptions& options, const Receiver& receive) {
   SceneBuilder builder(AcDbImpDatabase::of(&database), options, kMostWalked, receive);
-  walk(builder, modelSpace(database));
+  walk(builder, entitiesOf(database, options), options.patternScale);
   if (builder.full()) throw PlotError("tracé impossible : plus de 50 millions d'objets graphiques");
   return builder.warnings();
 }
@@ -204,7 +207,7 @@ DisplayList drawEntities(const AcDbDatabase& database, std::span<AcDbStub* const
   const Receiver receive = [&](Primitive&& item) { list.add(std::move(item)); };
   SceneBuilder builder(AcDbImpDatabase::of(&database), options,
                        std::min(options.mostPrimitives, std::max(kLeastPrimitives, unfolded)), receive);
-  walk(builder, entities);
+  walk(builder, entities, options.patternScale);
   list.warnings = builder.warnings();
   return list;
 }

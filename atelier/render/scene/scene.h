@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <set>
 #include <span>
 #include <string>
 #include <vector>
@@ -20,16 +21,19 @@ using Receiver = std::function<void(Primitive&&)>;
 struct SceneOptions {
   bool paper = true;  // what is not to be plotted (group 290 of layers, Defpoints) is left out
   std::size_t mostPrimitives =
-      2'000'000;                    // of a list: then it ends with a warning; visits of entities: ten times as many
-  int deepest = 40;                 // blocks within blocks
-  bool hidden = false;              // what is hidden is shown, too
-  std::function<void()> step = {};  // called for each entity; may throw to stop
+      2'000'000;              // of a list: then it ends with a warning; visits of entities: ten times as many
+  int deepest = 40;           // blocks within blocks
+  bool hidden = false;        // what is hidden is shown, too
+  AcDbStub* space = nullptr;  // the block record that is drawn; null: the model space
+  std::set<std::string, std::less<>> frozen = {};  // layers that are frozen here only, in capitals
+  double patternScale = 1;                         // of line types, for a view of another scale
+  std::function<void()> step = {};                 // called for each entity; may throw to stop
 };
 
 // The options of a plot: the user may interrupt it.
 SceneOptions forPlot();
 
-// The model space, in drawing order. Faulty entities never make it fail: what can't be shown is counted in the list's
+// The space, in drawing order. Faulty entities never make it fail: what can't be shown is counted in the list's
 // warnings (French). Throws PlotError when no font is installed. Objects of the drawing are parsed, not changed.
 DisplayList drawScene(const AcDbDatabase& database, const SceneOptions& options = {});
 

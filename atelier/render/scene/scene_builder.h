@@ -104,5 +104,6 @@ void drawMText(SceneBuilder& scene, const Entity& e);
 void drawInsert(SceneBuilder& scene, const Entity& e);
 void drawDimension(SceneBuilder& scene, const Entity& e);
 void drawHatch(SceneBuilder& scene, const Entity& e);
+void drawViewport(SceneBuilder& scene, const Entity& e);
 
 }  // namespace atelier::render

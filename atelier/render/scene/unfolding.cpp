@@ -18,7 +18,8 @@ constexpr int kDeepest = 1000;  // blocks within blocks: deeper than anything th
 
 class Unfolding {
  public:
-  Unfolding(AcDbImpDatabase& database, bool paper) : database_(database), properties_(database, paper) {}
+  Unfolding(AcDbImpDatabase& database, const SceneOptions& options)
+      : database_(database), properties_(database, options) {}
 
   double of(const AcDbStub& block) {
     const auto [known, first] = counts_.try_emplace(&block, 0);
@@ -66,11 +67,11 @@ std::string inWords(double count) {
 
 }  // namespace
 
-void checkUnfolding(const AcDbDatabase& database, bool paper) {
+void checkUnfolding(const AcDbDatabase& database, const SceneOptions& options) {
   AcDbImpDatabase& imp = AcDbImpDatabase::of(&database);
-  const AcDbStub* space = imp.modelSpace();
+  const AcDbStub* space = options.space ? options.space : imp.modelSpace();
   if (!space || !space->children) return;
-  Unfolding unfolding(imp, paper);
+  Unfolding unfolding(imp, options);
   double sum = 0, most = 0;
   AcDbStub* largest = nullptr;
   for (AcDbStub* stub : *space->children) {

@@ -22,7 +22,7 @@ bool anyVisible(const DisplayList& list) { return std::ranges::any_of(list.items
 
 WholeScene::WholeScene(const AcDbDatabase& database, const SceneOptions& options)
     : database_(&database), options_(options) {
-  checkUnfolding(database, options.paper);
+  checkUnfolding(database, options);
   std::vector<std::string> warnings = walkScene(database, options_, [this](Primitive&& item) {
     bounds_.add(item.box);
     visible_ = visible_ || visible(item);

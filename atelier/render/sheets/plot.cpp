@@ -1,115 +1,15 @@
-// One function for each kind of file; all write through the same stream into an atomic file.
-// Vector surfaces are in points, pictures in pixels.
+// The model space on one page.
 #include "atelier/render/sheets/plot.h"
 
-#include <cairo-svg.h>
-
-#include <algorithm>
-#include <cmath>
-#include <memory>
-
-#include "atelier/base/interruption.h"
-#include "atelier/base/text.h"
-#include "atelier/render/painters/cairo_painter.h"
-#include "atelier/render/shapes/plot_error.h"
-#include "atelier/render/sheets/atomic_file.h"
-#include "atelier/render/sheets/pdf_file.h"
+#include "atelier/render/sheets/painted_page.h"
 
 namespace atelier::render {
 
-namespace {
-
-using Surface = std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)>;
-using Context = std::unique_ptr<cairo_t, decltype(&cairo_destroy)>;
-
-constexpr int kGreatestSide = 32767;        // of Cairo's pictures, pixels
-constexpr double kGreatestPicture = 250e6;  // pixels: a gigabyte
-constexpr double kHairlineMm = 0.09;        // the thinnest line a plotter draws
-
-void paintPage(cairo_t* context, const WholeScene& scene, const Page& page, double unitsPerMm, double thinnest,
-               bool embedFonts) {
-  PaintOptions options;
-  options.toSurface = Affine::scaling(unitsPerMm, unitsPerMm) * page.toPage;
-  options.unitsPerMm = unitsPerMm;
-  options.clip = fonts::rectangle(page.clipMm).bounds(Affine::scaling(unitsPerMm, unitsPerMm));
-  options.thinnest = thinnest;
-  options.embedFonts = embedFonts;
-  if (embedFonts) options.most = PdfFile::kMostPaths;
-  options.step = checkInterruption;
-  Painting painting(context, options);
-  scene.each([&](const Primitive& item) { painting.item(item); });
-}
-
-void paintPage(cairo_surface_t* surface, const WholeScene& scene, const Page& page, double unitsPerMm, double thinnest,
-               bool embedFonts, const std::string& file) {
-  const Context context(cairo_create(surface), cairo_destroy);
-  paintPage(context.get(), scene, page, unitsPerMm, thinnest, embedFonts);
-  checkCairo(cairo_status(context.get()), file);
-}
-
-void pdf(const WholeScene& scene, const Page& page, const std::string& file) {
-  PdfFile out(file);
-  out.beginPage(page.widthMm, page.heightMm);
-  paintPage(out.context(), scene, page, PdfFile::kPointsPerMm, kHairlineMm * PdfFile::kPointsPerMm, true);
-  out.finish();
-}
-
-void svg(const WholeScene& scene, const Page& page, AtomicFile& out, const std::string& file) {
-  const double perMm = PdfFile::kPointsPerMm;
-  const Surface surface(
-      cairo_svg_surface_create_for_stream(toAtomicFile, &out, page.widthMm * perMm, page.heightMm * perMm),
-      cairo_surface_destroy);
-  try {
-    paintPage(surface.get(), scene, page, perMm, kHairlineMm * perMm, true, file);
-  } catch (...) {
-    dropPage(surface.get());
-    throw;
-  }
-  cairo_surface_finish(surface.get());
-  checkCairo(cairo_surface_status(surface.get()), file);
-}
-
-void picture(double dpi, const WholeScene& scene, const Page& page, AtomicFile& out, const std::string& file) {
-  if (!(dpi >= kLeastDpi && dpi <= kMostDpi))
-    throw PlotError("résolution hors limites : attendu de 10 à 2400 points par pouce");
-  const double perMm = dpi / 25.4, width = std::round(page.widthMm * perMm), height = std::round(page.heightMm * perMm);
-  if (std::max(width, height) > kGreatestSide || width * height > kGreatestPicture)
-    throw PlotError(file + " : image trop grande, baissez la résolution ou choisissez .pdf ou .svg");
-  const Surface surface(
-      cairo_image_surface_create(CAIRO_FORMAT_RGB24, static_cast<int>(width), static_cast<int>(height)),
-      cairo_surface_destroy);
-  checkCairo(cairo_surface_status(surface.get()), file);
-  {
-    const Context context(cairo_create(surface.get()), cairo_destroy);
-    cairo_set_source_rgb(context.get(), 1, 1, 1);
-    cairo_paint(context.get());
-  }
-  paintPage(surface.get(), scene, page, perMm, 1, false, file);
-  checkCairo(cairo_surface_write_to_png_stream(surface.get(), toAtomicFile, &out), file);
-}
-
-std::string extension(const std::string& file) {
-  const auto dot = file.rfind('.'), slash = file.rfind('/');
-  const bool has = dot != std::string::npos && (slash == std::string::npos || dot > slash);
-  return has ? file.substr(dot) : "";
-}
-
-}  // namespace
-
 std::vector<std::string> plot(const WholeScene& scene, const std::string& file, const PlotOptions& options) {
-  const std::string kind = extension(file);
-  const bool isPdf = equalNoCase(kind, ".pdf"), isPng = equalNoCase(kind, ".png");
-  if (!isPdf && !isPng && !equalNoCase(kind, ".svg"))
-    throw PlotError(file + " : type de tracé inconnu, attendu .pdf, .svg ou .png");
+  kindOf(file);
   const Page page = layOutPage(scene.bounds(), options.page);
-  if (isPdf) {
-    pdf(scene, page, file);
-  } else {
-    AtomicFile out(file);
-    if (isPng) picture(options.dpi, scene, page, out, file);
-    else svg(scene, page, out, file);
-    out.commit();
-  }
+  const PaintedPage painted{page.widthMm, page.heightMm, {{&scene, page.toPage, page.clipMm}}};
+  writePages({&painted, 1}, file, options.dpi);
   std::vector<std::string> warnings = scene.warnings();
   warnings.insert(warnings.end(), page.warnings.begin(), page.warnings.end());
   if (!scene.empty() && !scene.showsOnPaper()) warnings.push_back("rien de visible : tout est blanc sur la feuille");
