@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "atelier/base/interruption.h"
+#include "atelier/document/opening.h"
 #include "atelier/dxf/reading/reader.h"
 #include "atelier/dxf/versions/export.h"
 #include "atelier/dxf/versions/versions.h"
@@ -19,9 +20,7 @@ namespace {
 Document* currentDocument = nullptr;
 std::vector<Document*> openDocuments;  // in the order in which they were opened
 std::vector<std::string> supportFolders;
-DrawingConverter drawingConverter = nullptr;
 std::vector<std::span<const lisp::Builtin>> addedBuiltins;
-constexpr const char* kConverted = "Dessin converti: il s'enregistre en DXF.\n";
 
 class CommandLineConsole : public lisp::Console {
  public:
@@ -40,40 +39,9 @@ class CommandLineConsole : public lisp::Console {
   Document& document_;
 };
 
-// The file to read for a path: the file itself, or a converted one, which is removed when the drawing is open; the
-// drawing keeps its contents mapped.
-struct ConvertedFile {
-  explicit ConvertedFile(const std::string& path)
-      : name(drawingConverter ? drawingConverter(path) : std::string()), isOther(!name.empty()) {
-    if (!isOther) name = path;
-  }
-  ~ConvertedFile() {
-    std::error_code error;
-    if (isOther) std::filesystem::remove(name, error);
-  }
-  ConvertedFile(const ConvertedFile&) = delete;
-  ConvertedFile& operator=(const ConvertedFile&) = delete;
-  std::string name;
-  bool isOther;
-};
-
-// After a failed opening half a database must not be the working one.
-std::unique_ptr<AcDbDatabase> openDatabase(const std::string& path, std::vector<std::string>* messages) {
-  dxf::provideDrawingReader();
-  auto database = std::make_unique<AcDbDatabase>(path.empty());
-  if (path.empty()) return database;
-  const ConvertedFile converted(path);
-  if (messages) dxf::readFileRecovering(*database, converted.name, *messages);
-  else dxf::readFile(*database, converted.name);
-  if (converted.isOther) AcDbImpDatabase::of(database.get()).path.clear();
-  return database;
-}
-
 bool interruptionAsked() { return currentDocument && currentDocument->interpreter().interrupted(); }
 
 }  // namespace
-
-void setDrawingConverter(DrawingConverter converter) { drawingConverter = converter; }
 
 void addDrawingBuiltins(std::span<const lisp::Builtin> table) {
   if (std::none_of(addedBuiltins.begin(), addedBuiltins.end(),
@@ -87,7 +55,7 @@ Document::Document(const Services& services, Printer printer, const std::string&
                    std::vector<std::string>* messages)
     : services_(services),
       printer_(std::move(printer)),
-      database_(openDatabase(path, messages)),
+      database_(openDrawingFile(path, messages, openingNote_)),
       index_(std::make_unique<SpatialIndex>(imp())),
       console_(std::make_unique<CommandLineConsole>(*this)),
       search_(std::make_unique<TrustedSearch>(*this)),
@@ -104,7 +72,7 @@ Document::Document(const Services& services, Printer printer, const std::string&
   for (const auto& table : addedBuiltins) interpreter_->add(table);
   for (const auto make : services_.attachments) attachments_.push_back(make(*this));
   drawingOpened();
-  if (!path.empty() && imp().path.empty()) print(kConverted);
+  if (!openingNote_.empty()) print(std::exchange(openingNote_, {}));
 }
 
 Document::~Document() {
@@ -189,7 +157,7 @@ void Document::makeCurrent() {
 }
 
 void Document::open(const std::string& path, std::vector<std::string>* messages) {
-  auto fresh = openDatabase(path, messages);
+  auto fresh = openDrawingFile(path, messages, openingNote_);
   drawingClosing();
   for (const AcDbStub& stub : imp().stubs()) const_cast<AcDbStub&>(stub).set(AcDbStub::kErased);
   index_.reset();
@@ -203,7 +171,7 @@ void Document::open(const std::string& path, std::vector<std::string>* messages)
   namedViews.clear();
   undoGroup = false;
   drawingOpened();
-  if (!path.empty() && imp().path.empty()) print(kConverted);
+  if (!openingNote_.empty()) print(std::exchange(openingNote_, {}));
 }
 
 std::vector<std::string> Document::saveAs(const std::string& path, std::string_view release,

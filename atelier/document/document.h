@@ -173,6 +173,7 @@ class Document {
   Printer printer_;
   std::string transcript_;
   std::vector<std::unique_ptr<AcDbDatabase>> closed_;  // drawings whose objects AutoLISP values may still name
+  std::string openingNote_;  // what was told when the drawing was opened
   std::unique_ptr<AcDbDatabase> database_;
   std::unique_ptr<SpatialIndex> index_;
   FileMark mark_;  // of the drawing's file as it was opened or saved
@@ -207,11 +208,6 @@ class OverwritingOthers {
   Document& document_;
   bool before_;
 };
-
-// Converts a drawing of another format: gives the path of a temporary DXF file, which is removed once it is open, or
-// an empty path for a format that it doesn't know. Throws Error. A converted drawing has no path to save to.
-using DrawingConverter = std::string (*)(const std::string& path);
-void setDrawingConverter(DrawingConverter converter);
 
 // Folders in which `load`, `findfile` and the front-end's files are looked for, in every document.
 void addSupportFolder(const std::string& folder);

@@ -22,9 +22,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// Node's simple compiler: the library is run once, and making it fast takes seconds and most of a gigabyte.
+constexpr const char* kFastStart = "--liftoff-only";
 constexpr const char* kInstall =
     "pour ouvrir les dessins DWG, installez le convertisseur par kavel-installer-dwg, ou outils/installer-dwg des "
-    "sources (Node.js 20 et npm)";
+    "sources (Node.js 18 et npm)";
 
 std::string environmentOr(const char* name, const std::string& otherwise) {
   const char* value = std::getenv(name);
@@ -102,8 +104,8 @@ std::string convertDrawing(const std::string& path) {
   if (folder.empty()) throw FileError(path, 0, kInstall);
   const TemporaryFolder temporary;
   const fs::path raw = temporary / "brut.dxf", log = temporary / "journal";
-  const int status =
-      runProgram({"node", (folder / "convertir.mjs").string(), fs::absolute(path).string(), raw.string()}, log);
+  const int status = runProgram(
+      {"node", kFastStart, (folder / "convertir.mjs").string(), fs::absolute(path).string(), raw.string()}, log);
   if (status < 0 || status == 127) throw FileError(path, 0, std::string(kInstall) + ": node n'est pas là");
   if (status != 0) {
     const std::string said = firstLine(contents(log));

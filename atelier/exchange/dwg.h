@@ -12,7 +12,8 @@ std::string convertDrawing(const std::string& path);
 
 // The converter's ASCII DXF with its known faults repaired: 16-bit integers above 32767 become negative again, a layer
 // in extended data given as a handle in reversed hexadecimal gets its name, a text of an XRECORD cut into groups 3 is
-// joined, doubled or needless backslashes before \U+ and quotes are removed. Lines that aren't groups are unchanged.
+// joined, doubled or needless backslashes before \U+ and quotes are removed. A text
+// that was written over several lines, so that no group follows where one should, is one again.
 std::string mended(std::string_view dxf);
 
 }  // namespace atelier::exchange

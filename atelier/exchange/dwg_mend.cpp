@@ -17,6 +17,7 @@ struct Line {
 
 // The converter cuts texts of XRECORDs into pieces of at least so many bytes.
 constexpr std::size_t kShortestPiece = 240;
+constexpr std::int64_t kLeastCode = -5, kMostCode = 1071;
 
 std::string_view takeLine(std::string_view& rest) {
   const auto end = rest.find('\n');
@@ -45,9 +46,10 @@ class Mending {
  public:
   explicit Mending(std::string_view dxf) {
     while (!dxf.empty()) {
-      const auto code = parseInteger(takeLine(dxf));
-      if (!code) break;  // the reader will say what is wrong there
-      lines_.push_back({*code, std::string(takeLine(dxf))});
+      const std::string_view line = takeLine(dxf);
+      const auto code = parseInteger(line);
+      if (code && within(*code, kLeastCode, kMostCode)) lines_.push_back({*code, std::string(takeLine(dxf))});
+      else if (!lines_.empty()) lines_.back().value += "\\P" + std::string(line);
     }
     findLayers();
   }

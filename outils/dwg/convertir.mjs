@@ -3,7 +3,7 @@
 import { readFileSync, writeFileSync } from "node:fs";
 import { createRequire } from "node:module";
 import { dirname, join } from "node:path";
-import { pathToFileURL } from "node:url";
+import { fileURLToPath, pathToFileURL } from "node:url";
 
 const [source, target] = process.argv.slice(2);
 
@@ -36,7 +36,7 @@ let folder;
 try {
   folder = dirname(createRequire(import.meta.url).resolve("@mlightcad/libredwg-web/package.json"));
 } catch {
-  folder = join(import.meta.dirname, "node_modules", "@mlightcad", "libredwg-web");
+  folder = join(dirname(fileURLToPath(import.meta.url)), "node_modules", "@mlightcad", "libredwg-web");
 }
 const { LibreDwg } = await import(pathToFileURL(join(folder, "dist", "libredwg-web.js")).href);
 
@@ -49,7 +49,8 @@ try {
   const library = await LibreDwg.create(join(folder, "wasm"));
   const content = bytes.buffer.slice(bytes.byteOffset, bytes.byteOffset + bytes.byteLength);
   const drawing = library.dwg_write_dxf(content);
-  if (!drawing || drawing.length === 0) fail(said.at(-1) ?? "le dessin ne peut pas etre lu");
+  const code = /error code:\s*(\d+)/.exec(said.at(-1) ?? "");
+  if (!drawing || drawing.length === 0) fail(`le dessin ne peut pas etre lu${code ? ` (code ${code[1]})` : ""}`);
   const read = library.dwg_read_data(content, 0);
   const layers = read ? library.convert(read).tables.LAYER.entries : [];
   writeFileSync(target, withLayerStates(Buffer.from(drawing).toString("latin1"), layers), "latin1");

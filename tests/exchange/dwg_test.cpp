@@ -53,7 +53,11 @@ TEST(Mending, LongTextsOfRecords) {
 TEST(Mending, EscapesAndWhatIsNoGroup) {
   EXPECT_EQ(mended("1\n\\\\U+00E9t\\\\U+00E9 \\\"x\\\"\r\n"), "1\n\\U+00E9t\\U+00E9 \"x\"\n");
   EXPECT_EQ(mended(""), "");
-  EXPECT_EQ(mended("0\nLINE\nrien\n8\n0\n"), "0\nLINE\n");
+  // A paragraph over several lines, of which one looks like a code.
+  EXPECT_EQ(mended("0\nMTEXT\n1\nun\ndeux\n\n7\nS\n0\nLINE\n8\n0\n"),
+            "0\nMTEXT\n1\nun\\Pdeux\\P\n7\nS\n0\nLINE\n8\n0\n");
+  EXPECT_EQ(mended("0\nMTEXT\n1\nun\n2500 euros\n5000\n7\nS\n0\nLINE\n8\n0\n"),
+            "0\nMTEXT\n1\nun\\P2500 euros\\P5000\n7\nS\n0\nLINE\n8\n0\n");
 }
 
 // A folder with a converter of our own making; node is a script that copies what it is given.
@@ -74,7 +78,7 @@ class Dwg : public Program {
 
 TEST(Dwg, OpensThroughTheConverterAndSavesAsDxf) {
   Dwg program;
-  program.converter("cp \"$2\" \"$3\"\n");
+  program.converter("cp \"$3\" \"$4\"\n");
   program.write(
       "a.DWG",
       "0\nSECTION\n2\nENTITIES\n0\nLINE\n8\n0\n62\n65535\n10\n1.0\n20\n2.0\n11\n3.0\n21\n4.0\n0\nENDSEC\n0\nEOF\n");
@@ -85,6 +89,30 @@ TEST(Dwg, OpensThroughTheConverterAndSavesAsDxf) {
   EXPECT_NE(program.read("b.dxf").find("LINE"), std::string::npos);
   EXPECT_EQ(program.run("a.DWG -o a.DWG").status, 3);
   EXPECT_NE(program.output.find("s'enregistrent en .dxf"), std::string::npos) << program.output;
+}
+
+// What the converter spoils costs that much; the messages name the user's file, not the converter's.
+TEST(Dwg, FaultsOfTheConverterCostWhatTheyTouch) {
+  Dwg program;
+  program.converter("test \"$1\" = --liftoff-only && cp \"$3\" \"$4\"\n");
+  const std::string line = "0\nLINE\n8\n0\n10\n1.0\n20\n2.0\n11\n3.0\n21\n4.0\n";
+  const auto drawing = [](const std::string& before, const std::string& entities) {
+    return before + "0\nSECTION\n2\nENTITIES\n" + entities + "0\nENDSEC\n0\nEOF\n";
+  };
+  program.write("texte.dwg",
+                drawing("", "0\nMTEXT\n8\n0\n10\n0\n20\n0\n40\n2\n1\nun\ntexte\ncoupé\n7\nStandard\n" + line));
+  EXPECT_EQ(program.run("texte.dwg -e '(list (cdr (assoc 0 (entget (entlast)))) (sslength (ssget \"X\")))'").status, 0);
+  EXPECT_NE(program.output.find("(\"LINE\" 2)"), std::string::npos) << program.output;
+  program.write("rien.dwg", "rien du tout\n");
+  EXPECT_EQ(program.run("rien.dwg -e 1").status, 3);
+  EXPECT_NE(program.output.find("rien.dwg: le dessin converti est illisible"), std::string::npos) << program.output;
+  EXPECT_EQ(program.output.find("kavel-dwg-"), std::string::npos) << program.output;
+  program.write("vide.dwg",
+                drawing("0\nSECTION\n2\nCLASSES\n0\nCLASS\n1\nMETIER_TROTTOIR\n2\nMetierTrottoir\n281\n1\n0\n"
+                        "CLASS\n1\nMETIER_STYLE\n2\nMetierStyle\n281\n0\n0\nENDSEC\n",
+                        ""));
+  EXPECT_EQ(program.run("vide.dwg -e 1").status, 0);
+  EXPECT_NE(program.output.find("application métier (METIER_TROTTOIR)"), std::string::npos) << program.output;
 }
 
 TEST(Dwg, SaysWhatIsMissingOrFailed) {
