@@ -70,6 +70,11 @@ const CommandRow* commandRow(std::string_view typed) {
   return variableRow(name) && name != "SETVAR" ? commandRow("SETVAR") : nullptr;
 }
 
+bool isTransparent(const std::string& name) {
+  const CommandRow* row = commandRow(name);
+  return row && row->transparent;
+}
+
 bool runBuiltinCommand(Document& document, const std::string& name) {
   const CommandRow* row = commandRow(name);
   if (!row) return false;

@@ -69,7 +69,7 @@ CommandTask delay(Command& c) {
 constexpr CommandRow kTable[] = {
     {"QUIT", "EXIT QUITTER", quit, "Quitte le programme."},
     {"SCRIPT", "SCR", script, "Exécute les lignes d'un fichier."},
-    {"SETVAR", "SET MODIFVAR", setvar, "Règle une variable système; son nom est aussi une commande."},
+    {"SETVAR", "SET MODIFVAR", setvar, "Règle une variable système; son nom est aussi une commande.", true},
     {"DELAY", "DELAI", delay, "Attend."},
 };
 
