@@ -54,7 +54,7 @@ HOUSES = {
         "desktop/view": "base document selecting render desktop/picture desktop/document",
         "desktop/forms": "base dialogs render desktop/document",
         "desktop/panels": "base application desktop/document",
-        "desktop/window": "dxf commands commands/files plugin exchange render desktop/document desktop/forms desktop/view desktop/panels",
+        "desktop/window": "base selecting dxf commands commands/files plugin exchange render desktop/document desktop/forms desktop/view desktop/panels",
     },
     "module": {
         "commande/arguments": "",

@@ -7,17 +7,20 @@
 #include <QDragEnterEvent>
 #include <QFileInfo>
 #include <QMimeData>
+#include <QScreen>
 #include <QSettings>
 #include <QStatusBar>
 
 #include "atelier/commands/commands.h"
 #include "atelier/desktop/document/lisp_bridge.h"
+#include "atelier/desktop/window/theme.h"
 
 namespace atelier::desktop {
 namespace {
 
-constexpr int kPanelWidth = 42;    // characters
-constexpr int kReadingDelay = 60;  // milliseconds between two readings of a profile
+constexpr int kPanelWidth = 42;        // characters
+constexpr double kScreenShare = 0.95;  // of a new window, with its frame
+constexpr int kReadingDelay = 60;      // milliseconds between two readings of a profile
 
 QDockWidget* dock(QMainWindow& window, const QString& title, QWidget* content, Qt::DockWidgetArea area) {
   auto* panel = new QDockWidget(title, &window);
@@ -41,7 +44,8 @@ MainWindow::MainWindow() {
   buildMenus();
   connect(tabs_, &QTabWidget::currentChanged, this, [this] { showTab(); });
   connect(tabs_, &QTabWidget::tabCloseRequested, this, [this](int index) { closeTab(index); });
-  resize(1280, 800);
+  const QSize room = screen()->availableSize();
+  resize(QSize(1280, 800).boundedTo(room * kScreenShare));
   QSettings settings;
   restoreGeometry(settings.value("fenetre").toByteArray());
   restoreState(settings.value("panneaux").toByteArray());
@@ -76,23 +80,26 @@ void MainWindow::buildPanels() {
   profileStatus_ = new QLabel(this);
   statusBar()->addWidget(coordinates_);
   statusBar()->addWidget(profileStatus_, 1);
+  currentProfile_ = new QLabel(this);
+  statusBar()->addPermanentWidget(currentProfile_);
+  buildModes();
   profiles_->onShow = [this](const QString& handle) {
     Drawing* const d = drawing();
     if (!d || !d->waits() || !d->prompt()->wantsEntity) return showHandle(handle);
     d->type(QString("(handent \"%1\")").arg(handle));
     commands_->setFocus();
   };
-  profiles_->onChoose = [this](const QString& handle) {
-    const QString profile = QString("(handent \"%1\")").arg(handle);
-    if (Drawing* d = drawing())
-      d->feed({{QString("(progn (if (plv-profil-sain %1) (plv-choix-profil %1)) (princ))").arg(profile).toStdString(),
-                {},
-                "PLV-CHOISIR"}});
-  };
+  profiles_->onChoose = [this](const QString& handle) { chooseProfile(handle); };
   commands_->onLine = [this](const QString& line) {
     if (Drawing* d = drawing()) d->type(line);
   };
   commands_->onCancel = [this] { escape(); };
+}
+
+void MainWindow::chooseProfile(const QString& handle) {
+  const QString profile = QString("(handent \"%1\")").arg(handle);
+  const QString call = QString("(progn (if (plv-profil-sain %1) (plv-choix-profil %1)) (princ))").arg(profile);
+  if (Drawing* d = drawing()) d->feed({{call.toStdString(), {}, "PLV-CHOISIR"}});
 }
 
 MainWindow::Tab* MainWindow::front() const {
@@ -118,6 +125,7 @@ void MainWindow::wire(Tab& tab) {
     if (&tab != front()) return;
     commands_->showPrompt(tab.drawing->prompt());
     tabs_->tabBar()->setEnabled(!tab.drawing->isRunning());
+    showModes();
     if (tab.drawing->prompt()) tab.view->refresh();
   };
   drawing.onDone = [this, &tab] { afterCommand(tab); };
@@ -133,13 +141,18 @@ QString MainWindow::nextName() { return QStringLiteral("Dessin%1.dxf").arg(++unt
 
 void MainWindow::showTab() {
   Tab* const tab = front();
+  coordinates_->clear();
+  profileStatus_->clear();
   hostMenus_->rebuild();
   profiles_->refresh(tab ? tab->drawing.get() : nullptr);
   properties_->show(tab ? tab->drawing.get() : nullptr, tab ? tab->view->selection() : std::vector<AcDbStub*>());
+  currentProfile_->clear();
   if (!tab) return setWindowTitle(QStringLiteral("Kavel"));
   tab->drawing->document().makeCurrent();
   if (!tab->drawing->isRunning()) atelier::desktop::ask(tab->drawing->document(), "(plv-reprendre-courant)");
   showTitle(*tab);
+  showModes();
+  currentProfile_->setText(profiles_->showCurrent(tab->drawing.get()));
   commands_->showPrompt(tab->drawing->prompt());
   QStringList names;
   for (const std::string& name : tab->drawing->document().interpreter().boundNames())
@@ -157,7 +170,9 @@ void MainWindow::afterCommand(Tab& tab) {
   commands_->showPrompt(nullptr);
   tabs_->tabBar()->setEnabled(true);
   showTitle(tab);
+  showModes();
   profiles_->refresh(tab.drawing.get());
+  currentProfile_->setText(profiles_->showCurrent(tab.drawing.get()));
   properties_->show(tab.drawing.get(), tab.view->selection());
 }
 
@@ -224,6 +239,9 @@ void MainWindow::perform(const QString& action) {
   Drawing* const d = drawing();
   if (!d) return;
   const QStringList lines = action.split('|');
+  // What may run between two answers does; the running command goes on.
+  if (d->waits() && !d->prompt()->takesSpaces && isTransparent(lines.front().toStdString()))
+    return d->type("'" + lines.join(' '));
   Order order{lines.front().toStdString()};
   for (const QString& answer : lines.sliced(1)) order.answers.push_back(answer.toStdString());
   d->lastLine = lines.front();
@@ -241,11 +259,13 @@ void MainWindow::selectAll() {
 }
 
 void MainWindow::chooseGround() {
-  const QColor colour = QColorDialog::getColor(QColor(QSettings().value("fond", "#ffffff").toString()), this,
-                                               QStringLiteral("Couleur du fond"));
-  if (!colour.isValid()) return;
-  QSettings().setValue("fond", colour.name());
-  for (const auto& tab : drawings_) tab->view->setGround(colour);
+  const QColor colour = QColorDialog::getColor(groundColour(), this, QStringLiteral("Couleur du fond"));
+  if (colour.isValid()) setGround(colour);
+}
+
+void MainWindow::setGround(const QColor& chosen) {
+  chooseGroundColour(chosen);
+  for (const auto& tab : drawings_) tab->view->setGround(groundColour());
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
