@@ -70,9 +70,15 @@ void MainWindow::buildPanels() {
   properties_ = new PropertiesPanel(this);
   commands_ = new CommandLine(this);
   guide_ = new GuideWindow(this);
+  layers_ = new LayersPanel(this);
+  layers_->onChange = [this](const QStringList& answers) {
+    carryOut(QStringList("-LAYER") + answers + QStringList(""));
+  };
   QDockWidget* const profiles = dock(*this, QStringLiteral("Profils"), profiles_, Qt::LeftDockWidgetArea);
   resizeDocks({profiles}, {fontMetrics().averageCharWidth() * kPanelWidth}, Qt::Horizontal);
-  dock(*this, QStringLiteral("Propriétés"), properties_, Qt::LeftDockWidgetArea);
+  QDockWidget* const properties = dock(*this, QStringLiteral("Propriétés"), properties_, Qt::LeftDockWidgetArea);
+  tabifyDockWidget(properties, dock(*this, QStringLiteral("Calques"), layers_, Qt::LeftDockWidgetArea));
+  properties->raise();
   QDockWidget* const commands = dock(*this, QStringLiteral("Commandes"), commands_, Qt::BottomDockWidgetArea);
   resizeDocks({commands}, {commands->minimumSizeHint().height()}, Qt::Vertical);
   coordinates_ = new QLabel(this);
@@ -126,7 +132,9 @@ void MainWindow::wire(Tab& tab) {
     commands_->showPrompt(tab.drawing->prompt());
     tabs_->tabBar()->setEnabled(!tab.drawing->isRunning());
     showModes();
-    if (tab.drawing->prompt()) tab.view->refresh();
+    if (!tab.drawing->prompt()) return;
+    tab.view->refresh();
+    layers_->refresh(tab.drawing.get());
   };
   drawing.onDone = [this, &tab] { afterCommand(tab); };
   drawing.onQuit = [this, &tab] { quit(tab); };
@@ -147,12 +155,14 @@ void MainWindow::showTab() {
   profiles_->refresh(tab ? tab->drawing.get() : nullptr);
   properties_->show(tab ? tab->drawing.get() : nullptr, tab ? tab->view->selection() : std::vector<AcDbStub*>());
   currentProfile_->clear();
+  layers_->refresh(nullptr);
   if (!tab) return setWindowTitle(QStringLiteral("Kavel"));
   tab->drawing->document().makeCurrent();
   if (!tab->drawing->isRunning()) atelier::desktop::ask(tab->drawing->document(), "(plv-reprendre-courant)");
   showTitle(*tab);
   showModes();
   currentProfile_->setText(profiles_->showCurrent(tab->drawing.get()));
+  layers_->refresh(tab->drawing.get());
   commands_->showPrompt(tab->drawing->prompt());
   QStringList names;
   for (const std::string& name : tab->drawing->document().interpreter().boundNames())
@@ -173,6 +183,7 @@ void MainWindow::afterCommand(Tab& tab) {
   showModes();
   profiles_->refresh(tab.drawing.get());
   currentProfile_->setText(profiles_->showCurrent(tab.drawing.get()));
+  layers_->refresh(tab.drawing.get());
   properties_->show(tab.drawing.get(), tab.view->selection());
 }
 
@@ -236,15 +247,22 @@ void MainWindow::showHandle(const QString& handle) {
 
 void MainWindow::perform(const QString& action) {
   if (action.startsWith('@')) return windowAction(action.mid(1));
+  const QStringList lines = action.split('|');
+  if (Drawing* d = drawing(); d && !d->isRunning()) d->lastLine = lines.front();
+  carryOut(lines);
+}
+
+// A command and its answers. What may run between two answers does; else the running command is cancelled.
+void MainWindow::carryOut(const QStringList& lines) {
   Drawing* const d = drawing();
   if (!d) return;
-  const QStringList lines = action.split('|');
-  // What may run between two answers does; the running command goes on.
-  if (d->waits() && !d->prompt()->takesSpaces && isTransparent(lines.front().toStdString()))
-    return d->type("'" + lines.join(' '));
+  if (d->waits() && !d->prompt()->takesSpaces && isTransparent(lines.front().toStdString())) {
+    d->type("'" + lines.front());
+    for (const QString& line : lines.sliced(1)) d->type(line);
+    return;
+  }
   Order order{lines.front().toStdString()};
   for (const QString& answer : lines.sliced(1)) order.answers.push_back(answer.toStdString());
-  d->lastLine = lines.front();
   d->feed({order});
 }
 

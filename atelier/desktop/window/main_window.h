@@ -11,6 +11,7 @@
 #include "atelier/desktop/view/drawing_view.h"
 #include "atelier/desktop/panels/command_line.h"
 #include "atelier/desktop/panels/guide_window.h"
+#include "atelier/desktop/panels/layers_panel.h"
 #include "atelier/desktop/window/host_menu_bar.h"
 #include "atelier/desktop/panels/profiles_panel.h"
 #include "atelier/desktop/panels/properties_panel.h"
@@ -38,6 +39,7 @@ class MainWindow : public QMainWindow {
   QTabWidget& tabs() { return *tabs_; }
   ProfilesPanel& profiles() { return *profiles_; }
   PropertiesPanel& properties() { return *properties_; }
+  LayersPanel& layers() { return *layers_; }
   const GuideWindow& guide() const { return *guide_; }
   QString status() const { return profileStatus_->text(); }
   QString currentProfile() const { return currentProfile_->text(); }
@@ -83,6 +85,7 @@ class MainWindow : public QMainWindow {
   void addObjectEntries(QMenu& menu);
   void addProfileEntry(QMenu& menu, const AcGePoint3d& at);
   void escape();
+  void carryOut(const QStringList& lines);
   QString askAboutLeaving(const std::vector<Tab*>& unsaved);
   bool leave(const QString& answer, const std::vector<Tab*>& asked);
   void leaveAfterCommands(const QString& answer, const std::vector<Tab*>& asked, int patience);
@@ -123,6 +126,7 @@ class MainWindow : public QMainWindow {
   CommandLine* commands_;
   ProfilesPanel* profiles_;
   PropertiesPanel* properties_;
+  LayersPanel* layers_;
   GuideWindow* guide_;
   QLabel *coordinates_, *profileStatus_, *currentProfile_;
   QToolButton *snapButton_, *orthoButton_;
