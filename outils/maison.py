@@ -53,8 +53,8 @@ HOUSES = {
         "desktop/document": "lisp document application desktop/picture",
         "desktop/view": "base document selecting render desktop/picture desktop/document",
         "desktop/forms": "base dialogs render desktop/document",
-        "desktop/panels": "base application desktop/document",
-        "desktop/window": "dxf commands commands/files plugin exchange render desktop/document desktop/forms desktop/view desktop/panels",
+        "desktop/panels": "base application database render/scene desktop/document",
+        "desktop/window": "base selecting dxf commands commands/files plugin exchange render desktop/document desktop/forms desktop/view desktop/panels",
     },
     "module": {
         "commande/arguments": "",

@@ -23,6 +23,7 @@ const Services& everyRoom() {
       .pick = pickAt,
       .runCommand = runBuiltinCommand,
       .knowsCommand = [](const std::string& name) { return commandRow(name) != nullptr; },
+      .isTransparent = isTransparent,
   };
   return all;
 }

@@ -17,6 +17,7 @@ struct CommandRow {
   std::string_view aliases;           // other names, French ones included, separated by blanks
   CommandTask (*function)(Command&);  // null: known, and not offered here
   std::string_view help;
+  bool transparent = false;  // may run while a prompt of another command waits, as 'ZOOM
 };
 
 std::span<const CommandRow> drawingCommands();

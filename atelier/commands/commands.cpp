@@ -76,6 +76,11 @@ const CommandRow* commandRow(const Document& document, std::string_view typed) {
   return row && !pointed && document.undefinedCommands.contains(std::string(row->name)) ? nullptr : row;
 }
 
+bool isTransparent(const std::string& name) {
+  const CommandRow* row = commandRow(name);
+  return row && row->transparent;
+}
+
 bool runBuiltinCommand(Document& document, const std::string& name) {
   const CommandRow* row = commandRow(document, name);
   if (!row) return false;

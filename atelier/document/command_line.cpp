@@ -16,7 +16,7 @@ bool quitting = false;
 // The error for the user: message, file and line, and the innermost few of the running calls.
 std::string errorText(const lisp::Error& error) {
   constexpr std::size_t kMostCalls = 6;
-  if (error.message() == kCancelled) return "*Annulé*";
+  if (error.message() == kCancelled) return "*Annuler*";
   std::string text = "; erreur: " + error.message();
   if (!error.file.empty()) text += " (" + error.file + (error.line > 0 ? ":" + std::to_string(error.line) : "") + ")";
   else if (error.line > 0) text += " (ligne " + std::to_string(error.line) + ")";

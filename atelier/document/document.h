@@ -69,10 +69,10 @@ class Document {
   // Ends the waiting command: the user gives the remaining answers, or it is cancelled.
   void finishCommand();
   void cancelCommand() { waitingCommand_.reset(); }
-  // How the user points: the height of the screen and the least half side of the pick box in pixels; and which of several
+  // How the user points: the size of the screen and the least half side of the pick box in pixels; and which of several
   // entities in that box the user has gone on to, null for the first one.
   struct Pointing {
-    double screenHeight = 1000, leastBox = 0;
+    double screenWidth = 1000, screenHeight = 1000, leastBox = 0;
     AcDbStub* preferred = nullptr;
   };
   Pointing pointing;

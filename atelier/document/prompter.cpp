@@ -192,6 +192,28 @@ Input Prompter::read(const PromptInfo& prompt) {
   return answer();
 }
 
+// Runs 'ZOOM and the like; the prompt is asked again afterwards, with its own keywords.
+void Prompter::runBetween(std::string_view typed) {
+  std::string name = upperCase(typed);
+  name.erase(0, name.find_first_not_of("'_."));
+  const Services& services = document_.services();
+  if (!services.isTransparent || !services.isTransparent(name)) {
+    pending_.reset();
+    return document_.print("\n" + name + " ne s'exécute pas pendant une autre commande.");
+  }
+  const auto keywords = std::exchange(keywords_, {}), globalKeywords = std::exchange(globalKeywords_, {});
+  const int flags = std::exchange(flags_, 0);
+  try {
+    services.runCommand(document_, name);
+  } catch (const Error& error) {
+    document_.fail(error.what());
+  }
+  pending_.reset();
+  keywords_ = keywords;
+  globalKeywords_ = globalKeywords;
+  flags_ = flags;
+}
+
 // take(input, flags) answers whether the input fits; `expected` is printed when it doesn't.
 template <class TAKE>
 Answer Prompter::ask(PromptInfo prompt, const char* expected, TAKE take) {
@@ -208,6 +230,10 @@ Answer Prompter::ask(PromptInfo prompt, const char* expected, TAKE take) {
   for (;;) {
     const Input input = read(prompt);
     if (input.kind == Input::Kind::cancel || input.kind == Input::Kind::end) return Answer::cancel;
+    if (input.kind == Input::Kind::text && !prompt.takesSpaces && input.text.starts_with('\'')) {
+      runBetween(input.text);
+      continue;
+    }
     if (input.kind == Input::Kind::text && !prompt.takesSpaces) {
       if (input.text.empty()) {
         if (!(flags & RSG_NONULL)) return Answer::none;

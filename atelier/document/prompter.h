@@ -65,6 +65,7 @@ class Prompter {
   // Reads until `take` accepts a text or a pick.
   template <class TAKE>
   Answer ask(PromptInfo info, const char* expected, TAKE take);
+  void runBetween(std::string_view typed);
   std::optional<std::string> matchKeyword(std::string_view text) const;
   PromptInfo info(std::string_view prompt) const;
   Input fromSource(const PromptInfo& prompt);

@@ -45,6 +45,8 @@ struct Services {
   bool (*runCommand)(Document&, const std::string& name) = nullptr;
   // Whether the host has a command of that upper-case name.
   bool (*knowsCommand)(const std::string& name) = nullptr;
+  // Whether that command may run while a prompt of another one waits.
+  bool (*isTransparent)(const std::string& name) = nullptr;
 };
 
 // Adds a table of AutoLISP functions to every document opened from now on; adding it twice has no effect. The table

@@ -9,6 +9,8 @@ struct View {
   double height = 100;  // drawing units
 };
 
+constexpr double kExtentsMargin = 1.02;  // of a view of all, in sizes of what it shows
+
 // The view that a drawing opens with.
 View activeView(AcDbImpDatabase& database);
 // Sets the header's extents and the view of the active viewport to that box; an empty one changes nothing.

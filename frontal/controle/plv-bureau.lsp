@@ -52,6 +52,16 @@
 (defun plv-bureau-profils ()
   (cond (plv-bureau:arbre) ((setq plv-bureau:arbre (mapcar 'plv-bureau:profil (plv-profils))))))
 
+;; --- the current profile
+
+(defun plv-bureau-courant ()
+  "Its number and handle; nil for none."
+  (if (plv-numero-courant) (list (plv-numero-courant) (plv-handle plv-courant))))
+
+(defun plv-bureau-profil-de (handle x y / profil)
+  "Number and handle of the profile that a pick means."
+  (if (setq profil (plv-profil-designe (handent handle) (list x y))) (list (plv-numero-profil profil) (plv-handle profil))))
+
 ;; --- what was read of a profile: its frame (see plv-cadre), its ground and what else a reading needs
 
 (defun plv-bureau:lire (profil)

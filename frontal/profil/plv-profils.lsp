@@ -41,19 +41,51 @@
 
 (defun plv-refus-sans-profil () plv-profils:aucun)
 
-(defun plv-choisir-profil (/ profils numero)
-  "The drawing's only profile, or the one of a number that is asked for; nil after a message, also for a damaged one."
+(defun plv-profils:ecart (valeur minimum maximum) (max 0.0 (- minimum valeur) (- valeur maximum)))
+
+(defun plv-profils:eloignement (profil point / origine)
+  "How far a point of the drawing is from what is drawn of a profile over its planes; 0 within."
+  (setq origine (plv-origine profil))
+  (max (plv-profils:ecart (car point) (car origine) (+ (car origine) (plv-longueur-profil profil)))
+       (plv-profils:ecart (cadr point) (cadr origine) (+ (cadr origine) (plv-hauteur-profil profil)))))
+
+(defun plv-profil-designe (entite point / profil)
+  "The profile that a pick means: its block, or the nearest one, whose tables reach half its length below; nil for none."
+  (if (plv-profil-p entite)
+    entite
+    (progn
+      (foreach p (vl-remove-if 'plv-refus-profil (plv-profils))
+        (if (or (not profil) (< (plv-profils:eloignement p point) (plv-profils:eloignement profil point))) (setq profil p)))
+      (if (and profil (<= (plv-profils:eloignement profil point) (* 0.5 (plv-longueur-profil profil)))) profil))))
+
+(defun plv-profils:propose (profils)
+  "The current profile, else the last one."
+  (if (member plv-courant profils) plv-courant (plv-dernier profils)))
+
+(defun plv-profils:reponse (question numeros)
+  "A number, a pick, or nil for Enter. A number with a blank could not be typed where a pick is an answer."
+  (if (vl-some '(lambda (n) (vl-string-search " " n)) numeros)
+    (plv-demander-texte question nil)
+    (progn (setvar "ERRNO" 0) (initget 128 (plv-joindre numeros " ")) (entsel (strcat "\n" question ": ")))))
+
+(defun plv-profils:demander (profils / numeros propose reponse)
+  "One of several: by its number or a pick; nil after a message."
+  (setq numeros (mapcar 'plv-numero-profil profils)
+        propose (plv-profils:propose profils)
+        reponse (plv-profils:reponse (strcat "Numéro du profil [" (plv-joindre numeros "/") "] <" (plv-numero-profil propose) ">") numeros))
+  (cond
+    ((= (type reponse) 'LIST) (cond ((plv-profil-designe (car reponse) (cadr reponse))) ((plv-erreur "il n'y a pas de profil à cet endroit"))))
+    ((and (not reponse) (= (getvar "ERRNO") 7)) (plv-erreur "il n'y a rien à cet endroit"))
+    ((member reponse '(nil "")) propose)
+    ((plv-profil-de-numero reponse))
+    ((plv-erreur (plv-refus-numero reponse)))))
+
+(defun plv-choisir-profil (/ profils profil)
+  "The drawing's only profile, or one that is asked for; nil after a message, also for a damaged one."
   (setq profils (plv-profils))
   (cond
     ((not profils) (plv-erreur plv-profils:aucun))
-    ((not (cdr profils)) (plv-profil-sain (car profils)))
-    (T
-     (setq numero (plv-demander-texte
-                    (strcat "Numéro du profil [" (plv-joindre (mapcar 'plv-numero-profil profils) "/") "]")
-                    (plv-numero-profil (plv-dernier profils))))
-     (if (plv-profil-de-numero numero)
-       (plv-profil-sain (plv-profil-de-numero numero))
-       (plv-erreur (plv-refus-numero numero))))))
+    ((setq profil (if (cdr profils) (plv-profils:demander profils) (car profils))) (plv-profil-sain profil))))
 
 (defun plv-demander-profils (/ profils profil)
   "All profiles or one; nil after a message."
@@ -82,6 +114,10 @@
   "The current profile with its tables loaded; asked for when there is none, or when it is gone."
   (if (setq profil (if (and plv-courant (member plv-courant (plv-profils))) (plv-profil-sain plv-courant) (plv-choisir-profil)))
     (plv-choix-profil profil)))
+
+(defun plv-numero-courant ()
+  "The number of the current profile of the drawing; nil for none."
+  (if (and plv-courant (member plv-courant (plv-profils))) (plv-numero-profil plv-courant)))
 
 (defun c:plv-choisir (/ profil)
   "Choisit le profil courant, auquel se rapportent le menu du profil et ses commandes."

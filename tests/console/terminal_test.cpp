@@ -80,7 +80,7 @@ TEST_F(Terminal, CtrlCStopsWhatRuns) {
   type("(progn (princ (strcat \"ru\" \"ns\")) (while t))\n");
   EXPECT_TRUE(shows("runs"));
   type(kCtrlC);
-  EXPECT_TRUE(shows("*Annulé*") && shows(kPrompt));
+  EXPECT_TRUE(shows("*Annuler*") && shows(kPrompt));
   type("LINE\n");
   EXPECT_TRUE(shows("point"));
   type("0,0\n");

@@ -1,5 +1,7 @@
 // One drawing and two programs: locks, files that changed meanwhile, and work that is not thrown away by Enter.
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include "tests/console/program.h"
 
@@ -50,12 +52,17 @@ TEST(TwoPrograms, ADrawingThatAnotherOneWorksOnIsLocked) {
   WithDrawing program;
   char machine[256] = "";
   gethostname(machine, sizeof machine - 1);
+  const pid_t ended = fork();  // has ended, and nobody has asked how
+  if (ended == 0) _exit(0);
+  siginfo_t how{};
+  waitid(P_PID, static_cast<id_t>(ended), &how, WEXITED | WNOWAIT);
   const struct {
     std::string lock;
     int status;
   } rows[] = {{std::string(machine) + " " + std::to_string(getpid()), 3},  // this test, which is alive
               {"another-machine 4242", 3},
               {std::string(machine) + " 999999999", 0},  // no such process: stale
+              {std::string(machine) + " " + std::to_string(ended), 0},
               {"", 0},
               {"nonsense", 0}};
   for (const auto& row : rows) {
@@ -66,6 +73,7 @@ TEST(TwoPrograms, ADrawingThatAnotherOneWorksOnIsLocked) {
     EXPECT_EQ(program.run("a.dxf --list").status, 0) << "reading is never refused";
     EXPECT_EQ(program.run("a.dxf --force --save a.dxf").status, 0) << program.output;
   }
+  waitpid(ended, nullptr, 0);
   // While it runs the program has a lock of its own, and takes it away.
   std::filesystem::remove(program.folder() / "a.dxf.verrou");
   program.run("a.dxf -e '(findfile \"a.dxf.verrou\")' --save a.dxf");

@@ -155,7 +155,7 @@ TEST_F(Habits, TheHistoryTellsPointsAndCancels) {
   const QRegularExpression point("1[23]\\.\\d{4},[67]\\.\\d{4}");
   EXPECT_TRUE(history().contains(point)) << history().toStdString();
   driver.type("(getint \"N: \")").key(Qt::Key_Escape).play();
-  EXPECT_TRUE(history().contains("*Annulé*")) << history().toStdString();
+  EXPECT_TRUE(history().contains("*Annuler*")) << history().toStdString();
   EXPECT_FALSE(history().contains("cancelled")) << history().toStdString();
 }
 

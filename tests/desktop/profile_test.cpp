@@ -173,4 +173,31 @@ TEST_F(ProfileWindow, TheQuantityDialogAddsHatchesAndCloses) {
   EXPECT_FALSE(window.drawing()->isRunning());
 }
 
+// By its menu in the panel, by a click in the drawing where a command asks, by the right button over one of its lines.
+TEST_F(ProfileWindow, TheCurrentProfileIsShownAndChosenByAClick) {
+  driver.type(QString("(progn (plv-nouveau \"%1rue-du-moulin.csv\" \"2\" '(0.0 400.0 0.0) 10.0 2.5 nil nil) (princ))")
+                  .arg(kExamples));
+  driver.type("ZOOM").type("_E").play();
+  EXPECT_EQ(window.currentProfile(), "");
+  const double y = lisp(
+                       "(cadr (plv-vers-dessin (plv-cadre (car (plv-profils))) 30.0 (plv-altitude-tn (plv-points-tn "
+                       "(car (plv-profils))) 30.0)))")
+                       .toDouble();
+  driver.type("PLV-CHOISIR").pick(30, y + 400).play();
+  EXPECT_EQ(window.currentProfile().toStdString(), "Profil courant : 2");
+  EXPECT_TRUE(window.profiles().topLevelItem(1)->font(0).bold());
+  // It is what Enter answers now; the keyword of the other one is a link.
+  driver.type("PLV-PC").then([this] { EXPECT_TRUE(history().endsWith("<2>: ")) << history().right(80).toStdString(); });
+  driver.key(Qt::Key_Escape).play();
+  window.profiles().onChoose(lisp("(plv-handle (car (plv-profils)))").toString());
+  until([this] { return window.currentProfile().endsWith('1'); });
+  EXPECT_EQ(window.currentProfile().toStdString(), "Profil courant : 1");
+  EXPECT_FALSE(window.profiles().topLevelItem(1)->font(0).bold());
+  // A click on a profile in the panel answers, too.
+  driver.type("PLV-CHOISIR")
+      .then([this] { emit window.profiles().itemClicked(window.profiles().topLevelItem(1), 0); })
+      .play();
+  EXPECT_EQ(window.currentProfile().toStdString(), "Profil courant : 2");
+}
+
 }  // namespace

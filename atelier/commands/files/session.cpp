@@ -85,7 +85,7 @@ CommandTask redefine(Command& c) {
 constexpr CommandRow kTable[] = {
     {"QUIT", "EXIT QUITTER", quit, "Quitte le programme."},
     {"SCRIPT", "SCR", script, "Exécute les lignes d'un fichier."},
-    {"SETVAR", "SET MODIFVAR", setvar, "Règle une variable système; son nom est aussi une commande."},
+    {"SETVAR", "SET MODIFVAR", setvar, "Règle une variable système; son nom est aussi une commande.", true},
     {"UNDEFINE", "ANNULDEF", undefine, "Ôte une commande: son nom avec un point la trouve encore."},
     {"REDEFINE", "REDEFINIR", redefine, "Rétablit une commande ôtée."},
     {"DELAY", "DELAI", delay, "Attend."},

@@ -169,7 +169,7 @@ CommandTask layerCommand(Command& c) {
 }
 
 constexpr CommandRow kTable[] = {
-    {"-LAYER", "LAYER LA -LA CALQUE -CALQUE", layerCommand, "Crée des calques et règle leurs états."},
+    {"-LAYER", "LAYER LA -LA CALQUE -CALQUE", layerCommand, "Crée des calques et règle leurs états.", true},
 };
 
 }  // namespace

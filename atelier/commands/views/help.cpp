@@ -64,7 +64,7 @@ CommandTask help(Command& c) {
 }
 
 constexpr CommandRow kTable[] = {
-    {"HELP", "AIDE ?", help, "Explique une commande ou une fonction AutoLISP, ou nomme toutes les commandes."},
+    {"HELP", "AIDE ?", help, "Explique une commande ou une fonction AutoLISP, ou nomme toutes les commandes.", true},
 };
 
 }  // namespace

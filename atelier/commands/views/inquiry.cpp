@@ -127,8 +127,8 @@ CommandTask areaCommand(Command& c) {
 
 constexpr CommandRow kTable[] = {
     {"AREA", "AA AIRE", areaCommand, "Mesure une aire et son périmètre, par points ou par objet."},
-    {"DIST", "DI DISTANCE", distance, "Mesure la distance, la direction et la pente entre deux points."},
-    {"ID", "COORDONNEES", identify, "Donne les coordonnées d'un point."},
+    {"DIST", "DI DISTANCE", distance, "Mesure la distance, la direction et la pente entre deux points.", true},
+    {"ID", "COORDONNEES", identify, "Donne les coordonnées d'un point.", true},
     {"LIST", "LI LISTE", list, "Décrit des objets: type, calque, longueur, aire, points."},
 };
 

@@ -9,11 +9,9 @@
 namespace atelier {
 namespace {
 
-constexpr double kScreenRatio = 1;  // width over height of SCREENSIZE
-constexpr double kMargin = 1.02;    // around the extents
-
 void show(const Command& c, const AcGePoint3d& low, const AcGePoint3d& high) {
-  const double height = std::max(high.y - low.y, (high.x - low.x) / kScreenRatio);
+  const Document::Pointing& screen = c.document.pointing;
+  const double height = std::max(high.y - low.y, (high.x - low.x) * screen.screenHeight / screen.screenWidth);
   if (!(height > 0) || !std::isfinite(height)) return;
   c.document.view().centre = low + (high - low) * 0.5;
   c.document.view().height = height;
@@ -34,7 +32,7 @@ AcDbExtents extentsOf(const Command& c, const SelectionSet& set) {
 void showExtents(const Command& c, const AcDbExtents& box) {
   if (adaptation::isEmpty(box)) return;
   show(c, box.minPoint(), box.maxPoint());
-  c.document.view().height *= kMargin;
+  c.document.view().height *= kExtentsMargin;
 }
 
 // "2x" and "2" enlarge, "0.5x" reduces.
@@ -126,11 +124,11 @@ CommandTask ucs(Command& c) {
 }
 
 constexpr CommandRow kTable[] = {
-    {"ZOOM", "Z", zoom, "Règle la vue: tout, étendu, fenêtre, échelle."},
-    {"PAN", "-PAN P PANORAMIQUE", pan, "Déplace la vue."},
-    {"REGEN", "RE REGENALL REGENERER REGENT", regen, "Régénère le dessin."},
-    {"REDRAW", "R REDRAWALL REDESSIN", regen, "Redessine l'écran."},
-    {"-VIEW", "VIEW VUE -VUE", view, "Garde et rappelle des vues, pour la session."},
+    {"ZOOM", "Z", zoom, "Règle la vue: tout, étendu, fenêtre, échelle.", true},
+    {"PAN", "-PAN P PANORAMIQUE", pan, "Déplace la vue.", true},
+    {"REGEN", "RE REGENALL REGENERER REGENT", regen, "Régénère le dessin.", true},
+    {"REDRAW", "R REDRAWALL REDESSIN", regen, "Redessine l'écran.", true},
+    {"-VIEW", "VIEW VUE -VUE", view, "Garde et rappelle des vues, pour la session.", true},
     {"UCS", "SCU", ucs, "Repère: le général seulement."},
 };
 

@@ -33,10 +33,11 @@ QVector<DefinedRow> rowsOf(const QString& definition) {
 }
 
 // A picture of the tables: each row in its height, with gaps between matrices.
-QPixmap tables(const QVector<DefinedRow>& rows, const QPalette& palette, const QFont& font) {
+QPixmap tables(const QVector<DefinedRow>& rows, const QPalette& palette, const QFont& font, double ratio) {
   double height = 2 * kEdge + QFontMetrics(font).height() * static_cast<double>(rows.size());
   for (const DefinedRow& row : rows) height += row.height * kPixelsPerHeight + kGap;
-  QPixmap pixmap(kWidth, static_cast<int>(height));
+  QPixmap pixmap(QSize(kWidth, static_cast<int>(height)) * ratio);
+  pixmap.setDevicePixelRatio(ratio);
   pixmap.fill(palette.color(QPalette::Base));
   QPainter painter(&pixmap);
   painter.setPen(palette.color(QPalette::Text));
@@ -53,7 +54,7 @@ QPixmap tables(const QVector<DefinedRow>& rows, const QPalette& palette, const Q
     y += h;
   }
   painter.end();
-  return pixmap.copy(0, 0, kWidth, static_cast<int>(y) + kEdge);
+  return pixmap.copy(QRect(QPoint(), QSize(kWidth, static_cast<int>(y) + kEdge) * ratio));
 }
 
 }  // namespace
@@ -91,7 +92,7 @@ void MatricesForm::preview() {
   const auto rows =
       rowsOf(QString::fromStdString(isValidUtf8(bytes) ? bytes : CodePage::named("ANSI_1252").decode(bytes)));
   if (rows.isEmpty()) rows_->setText(QStringLiteral("Ce fichier ne définit aucune rangée."));
-  else rows_->setPixmap(tables(rows, palette(), font()));
+  else rows_->setPixmap(tables(rows, palette(), font(), devicePixelRatioF()));
   adjustSize();
 }
 

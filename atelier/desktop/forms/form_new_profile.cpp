@@ -68,8 +68,10 @@ NewProfileForm::NewProfileForm(Drawing& drawing, QWidget* parent) : QDialog(pare
 }
 
 void NewProfileForm::preview() {
-  QPixmap pixmap(kWidth, kHeight);
+  QPixmap pixmap(QSize(kWidth, kHeight) * devicePixelRatioF());
+  pixmap.setDevicePixelRatio(devicePixelRatioF());
   pixmap.fill(palette().color(QPalette::Base));
+  const QRect sheet(0, 0, kWidth, kHeight);
   QPainter painter(&pixmap);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(palette().color(QPalette::Text));
@@ -78,7 +80,7 @@ void NewProfileForm::preview() {
                                       ? QVector<QPointF>()
                                       : pointsOf(ask(drawing_.document(), "(plv-bureau-terrain " + path + ")"));
   if (ground.size() < 2) {
-    painter.drawText(pixmap.rect(), Qt::AlignCenter,
+    painter.drawText(sheet, Qt::AlignCenter,
                      file->text().isEmpty() ? QStringLiteral("Choisissez un fichier")
                                             : QStringLiteral("Ce fichier ne donne pas de terrain"));
   } else {
@@ -104,7 +106,7 @@ void NewProfileForm::preview() {
     painter.setPen(QPen(QColor(130, 80, 30), 1.8));
     painter.drawPolyline(line);
     painter.setPen(palette().color(QPalette::Text));
-    painter.drawText(pixmap.rect().adjusted(4, 2, -4, 0), Qt::AlignTop | Qt::AlignRight,
+    painter.drawText(sheet.adjusted(4, 2, -4, 0), Qt::AlignTop | Qt::AlignRight,
                      QStringLiteral("%1 points, %2 m").arg(ground.size()).arg(length, 0, 'f', 2));
   }
   painter.end();

@@ -15,15 +15,15 @@ namespace {
 
 constexpr int kPreview = 460;  // longer side of the sheet in pixels
 
-QImage sheet(const render::WholeScene& scene, const render::Page& page) {
-  const double perMm = kPreview / std::max(page.widthMm, page.heightMm);
+QImage sheet(const render::WholeScene& scene, const render::Page& page, double ratio) {
+  const double perMm = kPreview * ratio / std::max(page.widthMm, page.heightMm);
   QImage picture(std::max(1, static_cast<int>(page.widthMm * perMm)),
                  std::max(1, static_cast<int>(page.heightMm * perMm)), QImage::Format_RGB32);
   render::PaintOptions options;
   options.toSurface = render::Affine::scaling(perMm, perMm) * page.toPage;
   options.unitsPerMm = perMm;
-  options.thinnest = 0.5;
-  options.greekBelow = 2;
+  options.thinnest = 0.5 * ratio;
+  options.greekBelow = 2 * ratio;
   options.clip = {page.clipMm.xMin * perMm, page.clipMm.yMin * perMm, page.clipMm.xMax * perMm,
                   page.clipMm.yMax * perMm};
   render::PictureCanvas canvas(picture.bits(), picture.width(), picture.height(),
@@ -34,6 +34,8 @@ QImage sheet(const render::WholeScene& scene, const render::Page& page) {
   QPainter painter(&picture);
   painter.setPen(Qt::gray);
   painter.drawRect(0, 0, picture.width() - 1, picture.height() - 1);
+  painter.end();
+  picture.setDevicePixelRatio(ratio);
   return picture;
 }
 
@@ -79,7 +81,7 @@ render::PlotRequest PlotForm::request() const {
 void PlotForm::preview() {
   try {
     const render::Page page = render::layOutPage(scene_.bounds(), request());
-    picture_->setPixmap(QPixmap::fromImage(sheet(scene_, page)));
+    picture_->setPixmap(QPixmap::fromImage(sheet(scene_, page, devicePixelRatioF())));
     QString text = QStringLiteral("Feuille de %1 x %2 mm, échelle 1:%3")
                        .arg(page.widthMm)
                        .arg(page.heightMm)

@@ -2,6 +2,7 @@
 #include "atelier/desktop/panels/profiles_panel.h"
 
 #include <QHeaderView>
+#include <QMenu>
 
 #include "atelier/desktop/document/lisp_bridge.h"
 
@@ -24,6 +25,8 @@ QTreeWidgetItem* itemOf(const QVariant& node) {
 ProfilesPanel::ProfilesPanel(QWidget* parent) : QTreeWidget(parent) {
   setHeaderHidden(true);
   setAccessibleName(QStringLiteral("Profils"));
+  setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(this, &QWidget::customContextMenuRequested, this, [this](const QPoint& at) { showMenu(at); });
   connect(this, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) {
     if (const QString handle = item->data(0, kHandle).toString(); !handle.isEmpty() && onShow) onShow(handle);
   });
@@ -31,6 +34,32 @@ ProfilesPanel::ProfilesPanel(QWidget* parent) : QTreeWidget(parent) {
     while (item->parent()) item = item->parent();
     if (const QString handle = item->data(0, kHandle).toString(); !handle.isEmpty() && onChoose) onChoose(handle);
   });
+}
+
+void ProfilesPanel::showMenu(const QPoint& at) {
+  QTreeWidgetItem* item = itemAt(at);
+  if (!item) return;
+  const QString own = item->data(0, kHandle).toString();
+  while (item->parent()) item = item->parent();
+  const QString profile = item->data(0, kHandle).toString();
+  if (profile.isEmpty()) return;
+  auto* menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  connect(menu->addAction(QStringLiteral("Rendre courant")), &QAction::triggered, this,
+          [this, profile] { onChoose(profile); });
+  const auto show = [this, handle = own.isEmpty() ? profile : own] { onShow(handle); };
+  connect(menu->addAction(QStringLiteral("Montrer")), &QAction::triggered, this, show);
+  menu->popup(viewport()->mapToGlobal(at));
+}
+
+QString ProfilesPanel::showCurrent(Drawing* drawing) {
+  const QVariantList current = drawing ? ask(drawing->document(), "(plv-bureau-courant)").toList() : QVariantList();
+  for (int i = 0; i < topLevelItemCount(); ++i) {
+    QFont font = this->font();
+    font.setBold(!current.isEmpty() && topLevelItem(i)->data(0, kHandle) == current.value(1));
+    topLevelItem(i)->setFont(0, font);
+  }
+  return current.isEmpty() ? QString() : QStringLiteral("Profil courant : %1").arg(current[0].toString());
 }
 
 void ProfilesPanel::refresh(Drawing* drawing) {

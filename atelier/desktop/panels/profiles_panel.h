@@ -12,10 +12,14 @@ class ProfilesPanel : public QTreeWidget {
   explicit ProfilesPanel(QWidget* parent);
   void refresh(Drawing* drawing);
 
+  // Marks the current profile; its number in words for the status bar, empty for none.
+  QString showCurrent(Drawing* drawing);
+
   std::function<void(QString handle)> onShow;    // a click: answers a prompt for objects, else zooms and selects
-  std::function<void(QString handle)> onChoose;  // a double click on a profile
+  std::function<void(QString handle)> onChoose;  // a double click on a profile, or its menu
 
  private:
+  void showMenu(const QPoint& at);
   QVariant shown_;
 };
 

@@ -10,6 +10,7 @@
 #include "atelier/desktop/view/grips.h"
 #include "atelier/desktop/view/snaps.h"
 #include "atelier/desktop/view/under_cursor.h"
+#include "atelier/desktop/view/view_marks.h"
 
 namespace atelier::desktop {
 
@@ -29,6 +30,9 @@ class DrawingView : public QWidget {
   void select(std::vector<AcDbStub*> entities);
   const std::vector<AcDbStub*>& selection() const { return selection_; }
   void setGround(const QColor& colour);
+  QColor ground() const { return ground_; }
+  // The picture as it is painted, without what lies over it: crosshair, grips, what a few selected objects look like.
+  const QImage& picture() const { return picture_.image; }
   // The point that a click there would give, snapped while a prompt asks for a point.
   AcGePoint3d pointAt(QPointF pixel);
   // As a click of the left button.
@@ -45,7 +49,7 @@ class DrawingView : public QWidget {
   bool goOn();
 
   std::function<void(const QPoint& onScreen)> onMenu;  // the right button
-  std::function<void(QKeyEvent*)> onKey;  // keys that are not the view's own: text for the command line
+  std::function<void(QKeyEvent*)> onKey;               // keys that are not the view's own: text for the command line
 
  protected:
   void paintEvent(QPaintEvent*) override;
@@ -77,7 +81,9 @@ class DrawingView : public QWidget {
   std::optional<std::size_t> gripAt(QPointF pixel) const;
   render::DisplayList shown(const std::vector<AcDbStub*>& entities) const;
   std::optional<AcGePoint3d> base() const;
-  const render::DisplayList& highlightedList();
+  AcGePoint3d orthogonal(const AcGePoint3d& cursor) const;
+  void takeHighlighted();
+  void show(const std::vector<AcDbStub*>& entities, Emphasis emphasis, render::DisplayList& few, Part& many) const;
   void drawPicture(QPainter& painter, const Viewport& viewport);
   void drawCursor(class ViewMarks& marks);
 
@@ -87,6 +93,7 @@ class DrawingView : public QWidget {
   QColor ground_;
   std::vector<AcDbStub*> selection_, highlighted_;
   render::DisplayList selected_, hovered_, highlightedShown_;
+  Part manySelected_, manyHighlighted_;  // too many to be drawn anew with each move of the cursor: in the picture
   UnderCursor under_;
   QString hint_;
   std::optional<QPointF> lastPick_;
@@ -96,6 +103,7 @@ class DrawingView : public QWidget {
   QPointF windowPressed_;
   std::optional<QPointF> cursor_, panFrom_;
   std::optional<Snap> snap_;
+  AcGePoint3d aim_;  // the point that a click at the cursor gives
   QTimer hoverTimer_;
 };
 

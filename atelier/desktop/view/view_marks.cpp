@@ -12,15 +12,6 @@ constexpr double kGrip = 4, kSnap = 6;  // half sides in pixels
 const QColor kSnapColour(0, 170, 0), kGripColour(40, 110, 220), kHotColour(220, 50, 30);
 const QColor kWindowColour(40, 110, 220), kCrossingColour(0, 150, 60);
 
-QColor colourOf(const Emphasis emphasis) {
-  switch (emphasis) {
-    case Emphasis::hover: return QColor(80, 150, 255, 150);
-    case Emphasis::selected: return QColor(30, 110, 230);
-    case Emphasis::highlighted: return QColor(230, 120, 0);
-  }
-  return {};
-}
-
 QColor aci(int index, bool dark) {
   const render::Colour c = render::aciColour(index);
   if (c.kind != render::Colour::Kind::rgb) return dark ? Qt::white : Qt::black;
@@ -28,6 +19,15 @@ QColor aci(int index, bool dark) {
 }
 
 }  // namespace
+
+QColor colourOf(Emphasis emphasis) {
+  switch (emphasis) {
+    case Emphasis::hover: return QColor(80, 150, 255, 150);
+    case Emphasis::selected: return QColor(30, 110, 230);
+    case Emphasis::highlighted: return QColor(230, 120, 0);
+  }
+  return {};
+}
 
 QPainterPath toQt(const render::Path& path, const render::Affine& map) {
   QPainterPath out;

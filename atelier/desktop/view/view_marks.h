@@ -12,6 +12,7 @@
 namespace atelier::desktop {
 
 enum class Emphasis { hover, selected, highlighted };
+QColor colourOf(Emphasis emphasis);
 
 class ViewMarks {
  public:

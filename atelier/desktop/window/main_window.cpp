@@ -7,17 +7,20 @@
 #include <QDragEnterEvent>
 #include <QFileInfo>
 #include <QMimeData>
+#include <QScreen>
 #include <QSettings>
 #include <QStatusBar>
 
 #include "atelier/commands/commands.h"
 #include "atelier/desktop/document/lisp_bridge.h"
+#include "atelier/desktop/window/theme.h"
 
 namespace atelier::desktop {
 namespace {
 
-constexpr int kPanelWidth = 42;    // characters
-constexpr int kReadingDelay = 60;  // milliseconds between two readings of a profile
+constexpr int kPanelWidth = 42;        // characters
+constexpr double kScreenShare = 0.95;  // of a new window, with its frame
+constexpr int kReadingDelay = 60;      // milliseconds between two readings of a profile
 
 QDockWidget* dock(QMainWindow& window, const QString& title, QWidget* content, Qt::DockWidgetArea area) {
   auto* panel = new QDockWidget(title, &window);
@@ -41,7 +44,8 @@ MainWindow::MainWindow() {
   buildMenus();
   connect(tabs_, &QTabWidget::currentChanged, this, [this] { showTab(); });
   connect(tabs_, &QTabWidget::tabCloseRequested, this, [this](int index) { closeTab(index); });
-  resize(1280, 800);
+  const QSize room = screen()->availableSize();
+  resize(QSize(1280, 800).boundedTo(room * kScreenShare));
   QSettings settings;
   restoreGeometry(settings.value("fenetre").toByteArray());
   restoreState(settings.value("panneaux").toByteArray());
@@ -66,9 +70,15 @@ void MainWindow::buildPanels() {
   properties_ = new PropertiesPanel(this);
   commands_ = new CommandLine(this);
   guide_ = new GuideWindow(this);
+  layers_ = new LayersPanel(this);
+  layers_->onChange = [this](const QStringList& answers) {
+    carryOut(QStringList("-LAYER") + answers + QStringList(""));
+  };
   QDockWidget* const profiles = dock(*this, QStringLiteral("Profils"), profiles_, Qt::LeftDockWidgetArea);
   resizeDocks({profiles}, {fontMetrics().averageCharWidth() * kPanelWidth}, Qt::Horizontal);
-  dock(*this, QStringLiteral("Propriétés"), properties_, Qt::LeftDockWidgetArea);
+  QDockWidget* const properties = dock(*this, QStringLiteral("Propriétés"), properties_, Qt::LeftDockWidgetArea);
+  tabifyDockWidget(properties, dock(*this, QStringLiteral("Calques"), layers_, Qt::LeftDockWidgetArea));
+  properties->raise();
   QDockWidget* const commands = dock(*this, QStringLiteral("Commandes"), commands_, Qt::BottomDockWidgetArea);
   resizeDocks({commands}, {commands->minimumSizeHint().height()}, Qt::Vertical);
   coordinates_ = new QLabel(this);
@@ -76,23 +86,26 @@ void MainWindow::buildPanels() {
   profileStatus_ = new QLabel(this);
   statusBar()->addWidget(coordinates_);
   statusBar()->addWidget(profileStatus_, 1);
+  currentProfile_ = new QLabel(this);
+  statusBar()->addPermanentWidget(currentProfile_);
+  buildModes();
   profiles_->onShow = [this](const QString& handle) {
     Drawing* const d = drawing();
     if (!d || !d->waits() || !d->prompt()->wantsEntity) return showHandle(handle);
     d->type(QString("(handent \"%1\")").arg(handle));
     commands_->setFocus();
   };
-  profiles_->onChoose = [this](const QString& handle) {
-    const QString profile = QString("(handent \"%1\")").arg(handle);
-    if (Drawing* d = drawing())
-      d->feed({{QString("(progn (if (plv-profil-sain %1) (plv-choix-profil %1)) (princ))").arg(profile).toStdString(),
-                {},
-                "PLV-CHOISIR"}});
-  };
+  profiles_->onChoose = [this](const QString& handle) { chooseProfile(handle); };
   commands_->onLine = [this](const QString& line) {
     if (Drawing* d = drawing()) d->type(line);
   };
   commands_->onCancel = [this] { escape(); };
+}
+
+void MainWindow::chooseProfile(const QString& handle) {
+  const QString profile = QString("(handent \"%1\")").arg(handle);
+  const QString call = QString("(progn (if (plv-profil-sain %1) (plv-choix-profil %1)) (princ))").arg(profile);
+  if (Drawing* d = drawing()) d->feed({{call.toStdString(), {}, "PLV-CHOISIR"}});
 }
 
 MainWindow::Tab* MainWindow::front() const {
@@ -118,7 +131,10 @@ void MainWindow::wire(Tab& tab) {
     if (&tab != front()) return;
     commands_->showPrompt(tab.drawing->prompt());
     tabs_->tabBar()->setEnabled(!tab.drawing->isRunning());
-    if (tab.drawing->prompt()) tab.view->refresh();
+    showModes();
+    if (!tab.drawing->prompt()) return;
+    tab.view->refresh();
+    layers_->refresh(tab.drawing.get());
   };
   drawing.onDone = [this, &tab] { afterCommand(tab); };
   drawing.onQuit = [this, &tab] { quit(tab); };
@@ -133,13 +149,20 @@ QString MainWindow::nextName() { return QStringLiteral("Dessin%1.dxf").arg(++unt
 
 void MainWindow::showTab() {
   Tab* const tab = front();
+  coordinates_->clear();
+  profileStatus_->clear();
   hostMenus_->rebuild();
   profiles_->refresh(tab ? tab->drawing.get() : nullptr);
   properties_->show(tab ? tab->drawing.get() : nullptr, tab ? tab->view->selection() : std::vector<AcDbStub*>());
+  currentProfile_->clear();
+  layers_->refresh(nullptr);
   if (!tab) return setWindowTitle(QStringLiteral("Kavel"));
   tab->drawing->document().makeCurrent();
   if (!tab->drawing->isRunning()) atelier::desktop::ask(tab->drawing->document(), "(plv-reprendre-courant)");
   showTitle(*tab);
+  showModes();
+  currentProfile_->setText(profiles_->showCurrent(tab->drawing.get()));
+  layers_->refresh(tab->drawing.get());
   commands_->showPrompt(tab->drawing->prompt());
   QStringList names;
   for (const std::string& name : tab->drawing->document().interpreter().boundNames())
@@ -157,7 +180,10 @@ void MainWindow::afterCommand(Tab& tab) {
   commands_->showPrompt(nullptr);
   tabs_->tabBar()->setEnabled(true);
   showTitle(tab);
+  showModes();
   profiles_->refresh(tab.drawing.get());
+  currentProfile_->setText(profiles_->showCurrent(tab.drawing.get()));
+  layers_->refresh(tab.drawing.get());
   properties_->show(tab.drawing.get(), tab.view->selection());
 }
 
@@ -221,12 +247,22 @@ void MainWindow::showHandle(const QString& handle) {
 
 void MainWindow::perform(const QString& action) {
   if (action.startsWith('@')) return windowAction(action.mid(1));
+  const QStringList lines = action.split('|');
+  if (Drawing* d = drawing(); d && !d->isRunning()) d->lastLine = lines.front();
+  carryOut(lines);
+}
+
+// A command and its answers. What may run between two answers does; else the running command is cancelled.
+void MainWindow::carryOut(const QStringList& lines) {
   Drawing* const d = drawing();
   if (!d) return;
-  const QStringList lines = action.split('|');
+  if (d->waits() && !d->prompt()->takesSpaces && isTransparent(lines.front().toStdString())) {
+    d->type("'" + lines.front());
+    for (const QString& line : lines.sliced(1)) d->type(line);
+    return;
+  }
   Order order{lines.front().toStdString()};
   for (const QString& answer : lines.sliced(1)) order.answers.push_back(answer.toStdString());
-  d->lastLine = lines.front();
   d->feed({order});
 }
 
@@ -241,11 +277,13 @@ void MainWindow::selectAll() {
 }
 
 void MainWindow::chooseGround() {
-  const QColor colour = QColorDialog::getColor(QColor(QSettings().value("fond", "#ffffff").toString()), this,
-                                               QStringLiteral("Couleur du fond"));
-  if (!colour.isValid()) return;
-  QSettings().setValue("fond", colour.name());
-  for (const auto& tab : drawings_) tab->view->setGround(colour);
+  const QColor colour = QColorDialog::getColor(groundColour(), this, QStringLiteral("Couleur du fond"));
+  if (colour.isValid()) setGround(colour);
+}
+
+void MainWindow::setGround(const QColor& chosen) {
+  chooseGroundColour(chosen);
+  for (const auto& tab : drawings_) tab->view->setGround(groundColour());
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event) {

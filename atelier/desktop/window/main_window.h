@@ -4,12 +4,14 @@
 #include <QMainWindow>
 #include <QTabWidget>
 #include <QTimer>
+#include <QToolButton>
 #include <memory>
 
 #include "atelier/desktop/forms/dialog_window.h"
 #include "atelier/desktop/view/drawing_view.h"
 #include "atelier/desktop/panels/command_line.h"
 #include "atelier/desktop/panels/guide_window.h"
+#include "atelier/desktop/panels/layers_panel.h"
 #include "atelier/desktop/window/host_menu_bar.h"
 #include "atelier/desktop/panels/profiles_panel.h"
 #include "atelier/desktop/panels/properties_panel.h"
@@ -37,8 +39,10 @@ class MainWindow : public QMainWindow {
   QTabWidget& tabs() { return *tabs_; }
   ProfilesPanel& profiles() { return *profiles_; }
   PropertiesPanel& properties() { return *properties_; }
+  LayersPanel& layers() { return *layers_; }
   const GuideWindow& guide() const { return *guide_; }
   QString status() const { return profileStatus_->text(); }
+  QString currentProfile() const { return currentProfile_->text(); }
   // Writes copies of unsaved drawings, to be offered at the next start after a crash. Called soon after each change.
   void autosave();
   void perform(const QString& action);  // "@name" of the window, else lines for the command line
@@ -79,7 +83,9 @@ class MainWindow : public QMainWindow {
   void addEntry(QMenu& menu, const QString& text, std::function<void()> action);
   void addPromptEntries(QMenu& menu, const PromptInfo& prompt);
   void addObjectEntries(QMenu& menu);
+  void addProfileEntry(QMenu& menu, const AcGePoint3d& at);
   void escape();
+  void carryOut(const QStringList& lines);
   QString askAboutLeaving(const std::vector<Tab*>& unsaved);
   bool leave(const QString& answer, const std::vector<Tab*>& asked);
   void leaveAfterCommands(const QString& answer, const std::vector<Tab*>& asked, int patience);
@@ -90,6 +96,7 @@ class MainWindow : public QMainWindow {
   void afterReplacement(Tab& tab);
   void moved(Drawing& drawing, const AcGePoint3d& point);
   void readProfile();
+  void chooseProfile(const QString& handle);
   void showHandle(const QString& handle);
   QString nextName();  // of a new drawing
   void remember(const QString& path);
@@ -101,7 +108,13 @@ class MainWindow : public QMainWindow {
   void buildHelp(QMenu& help);
   void openGuide();
   void chooseGround();
+  void setGround(const QColor& chosen);
   void chooseSnaps();
+  void toggleSnaps();
+  void toggleOrtho();
+  void buildModes();
+  void showModes();
+  void setVariable(const std::string& name, int value);
   void selectAll();
   void audit();
   void copySoon();
@@ -113,8 +126,10 @@ class MainWindow : public QMainWindow {
   CommandLine* commands_;
   ProfilesPanel* profiles_;
   PropertiesPanel* properties_;
+  LayersPanel* layers_;
   GuideWindow* guide_;
-  QLabel *coordinates_, *profileStatus_;
+  QLabel *coordinates_, *profileStatus_, *currentProfile_;
+  QToolButton *snapButton_, *orthoButton_;
   WindowDialogs dialogs_{this};
   std::unique_ptr<HostMenuBar> hostMenus_;
   std::vector<std::unique_ptr<Tab>> drawings_;

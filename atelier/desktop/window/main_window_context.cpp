@@ -2,7 +2,10 @@
 #include <QMenu>
 #include <QTimer>
 
+#include "atelier/base/text.h"
+#include "atelier/desktop/document/lisp_bridge.h"
 #include "atelier/desktop/window/main_window.h"
+#include "atelier/selecting/pick.h"
 
 namespace atelier::desktop {
 namespace {
@@ -30,6 +33,7 @@ void MainWindow::showContextMenu(const QPoint& at) {
   menu->setAttribute(Qt::WA_DeleteOnClose);
   if (const PromptInfo* prompt = d->prompt()) addPromptEntries(*menu, *prompt);
   else addObjectEntries(*menu);
+  if (!d->isRunning()) addProfileEntry(*menu, view()->viewport().world(view()->mapFromGlobal(at)));
   menu->addSeparator();
   addEntry(*menu, QStringLiteral("Zoom étendu"), [this] { perform("@extents"); });
   addEntry(*menu, QStringLiteral("Accrochages aux objets..."), [this] { perform("@snaps"); });
@@ -63,6 +67,21 @@ void MainWindow::addObjectEntries(QMenu& menu) {
   for (const auto& [text, command] : kObjectActions)
     addEntry(menu, QString::fromUtf8(text), [this, line = QString(command)] { perform(line); });
   addEntry(menu, QStringLiteral("Ne rien sélectionner"), [this] { escape(); });
+}
+
+// For the profile of what lies under the cursor.
+void MainWindow::addProfileEntry(QMenu& menu, const AcGePoint3d& at) {
+  Document& document = drawing()->document();
+  AcDbStub* const stub = pickAt(document, at);
+  if (!stub) return;
+  const QString handle = QString::fromStdString(handleText(stub->handle));
+  const QVariantList profile =
+      atelier::desktop::ask(document,
+                            QString("(plv-bureau-profil-de \"%1\" %2 %3)").arg(handle, number(at.x), number(at.y)))
+          .toList();
+  if (profile.size() == 2)
+    addEntry(menu, QStringLiteral("Rendre courant le profil %1").arg(profile[0].toString()),
+             [this, chosen = profile[1].toString()] { chooseProfile(chosen); });
 }
 
 void MainWindow::escape() {

@@ -10,6 +10,7 @@
 
 #include "atelier/commands/files/audit_report.h"
 #include "atelier/desktop/window/main_window.h"
+#include "atelier/desktop/window/theme.h"
 
 namespace atelier::desktop {
 namespace {
@@ -96,6 +97,7 @@ void MainWindow::openTab(const QString& path, std::vector<std::string>* messages
   QApplication::restoreOverrideCursor();
   if (path.isEmpty()) tab->drawing->untitled = nextName();
   tab->view = new DrawingView(*tab->drawing, this);
+  tab->view->setGround(groundColour());
   wire(*tab);
   drawings_.push_back(std::move(tab));
   Tab& opened = *drawings_.back();

@@ -1,14 +1,11 @@
 // Builds the menus and tool bar from the table of actions; the actions of the window itself.
 #include <QApplication>
-#include <QCheckBox>
-#include <QDialogButtonBox>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QSet>
 #include <QSettings>
 #include <QTimer>
 #include <QToolBar>
-#include <QVBoxLayout>
 
 #include "atelier/desktop/forms/forms.h"
 #include "atelier/desktop/window/actions.h"
@@ -90,6 +87,7 @@ void MainWindow::openGuide() {
 // Icons are drawn in the colours of the window, so they are made again.
 void MainWindow::changeTheme() {
   chooseTheme(!isDarkTheme());
+  for (const auto& tab : drawings_) tab->view->setGround(groundColour());
   for (QAction* action : findChildren<QAction*>())
     if (const QString icon = action->property("icone").toString(); !icon.isEmpty()) action->setIcon(iconNamed(icon));
 }
@@ -115,7 +113,8 @@ void MainWindow::whenIdle(std::function<void()> action) {
 void MainWindow::windowAction(const QString& name) {
   Drawing* const d = drawing();
   DrawingView* const v = view();
-  static const QSet<QString> always{"extents", "nearer", "farther", "ground", "snaps", "theme", "quit"};
+  static const QSet<QString> always{"extents", "nearer",      "farther", "ground", "themeGround",
+                                    "snaps",   "toggleSnaps", "ortho",   "theme",  "quit"};
   if (d && d->isRunning() && !always.contains(name)) return whenIdle([this, name] { windowAction(name); });
   if (name == "new") open();
   else if (name == "open") {
@@ -131,35 +130,15 @@ void MainWindow::windowAction(const QString& name) {
   else if (name == "nearer") v->zoomAt(v->rect().center(), 1.5);
   else if (name == "farther") v->zoomAt(v->rect().center(), 1 / 1.5);
   else if (name == "ground") chooseGround();
+  else if (name == "themeGround") setGround({});
   else if (name == "snaps") chooseSnaps();
+  else if (name == "toggleSnaps") toggleSnaps();
+  else if (name == "ortho") toggleOrtho();
   else if (name == "selectAll") selectAll();
   else if (name == "audit") audit();
   else if (name == "newProfile") NewProfileForm(*d, this).exec();
   else if (name == "matrices") MatricesForm(*d, this).exec();
   else if (name == "plot") plotByForm(*d, this);
-}
-
-void MainWindow::chooseSnaps() {
-  QDialog form(this);
-  form.setWindowTitle(QStringLiteral("Accrochages aux objets"));
-  auto* column = new QVBoxLayout(&form);
-  SystemVariables& variables = drawing()->document().variables();
-  const int now = variables.integer("OSMODE", 0);
-  std::vector<std::pair<SnapMode, QCheckBox*>> boxes;
-  for (const SnapMode mode : {kEnd, kMiddle, kCentre, kIntersection, kPerpendicular, kNearest}) {
-    auto* box = new QCheckBox(QString::fromUtf8(snapName(mode)), &form);
-    box->setChecked(now & static_cast<int>(mode));
-    column->addWidget(box);
-    boxes.emplace_back(mode, box);
-  }
-  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &form);
-  column->addWidget(buttons);
-  connect(buttons, &QDialogButtonBox::accepted, &form, &QDialog::accept);
-  connect(buttons, &QDialogButtonBox::rejected, &form, &QDialog::reject);
-  if (form.exec() != QDialog::Accepted) return;
-  int modes = 0;
-  for (const auto& [mode, box] : boxes) modes |= box->isChecked() ? static_cast<int>(mode) : 0;
-  drawing()->feed({{"SETVAR", {"OSMODE", std::to_string(modes)}}});
 }
 
 void MainWindow::audit() {

@@ -2,10 +2,13 @@
 #include "atelier/desktop/window/theme.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <QPalette>
+#include <QProxyStyle>
 #include <QSettings>
 #include <QStyle>
 #include <QStyleFactory>
+#include <QStyleOption>
 
 namespace atelier::desktop {
 namespace {
@@ -28,6 +31,20 @@ QPalette darkPalette() {
   return palette;
 }
 
+// The style draws the outline of boxes darker than the window, which can't be seen on a dark one.
+class DarkStyle final : public QProxyStyle {
+ public:
+  DarkStyle() : QProxyStyle("Fusion") {}
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    if (element != PE_IndicatorCheckBox && element != PE_FrameLineEdit) return;
+    painter->setPen(QColor(130, 132, 136));
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+  }
+};
+
 }  // namespace
 
 bool isDarkTheme() { return QApplication::palette().color(QPalette::Window).lightness() < 128; }
@@ -35,8 +52,17 @@ bool isDarkTheme() { return QApplication::palette().color(QPalette::Window).ligh
 void applyTheme() {
   const QString theme = QSettings().value("theme").toString();
   if (theme.isEmpty()) return;
-  QApplication::setStyle(QStyleFactory::create("Fusion"));
+  QApplication::setStyle(theme == "sombre" ? new DarkStyle : QStyleFactory::create("Fusion"));
   QApplication::setPalette(theme == "sombre" ? darkPalette() : QApplication::style()->standardPalette());
+}
+
+QColor groundColour() {
+  const QString chosen = QSettings().value("fond").toString();
+  return chosen.isEmpty() ? QColor(isDarkTheme() ? "#1e1f22" : "#ffffff") : QColor(chosen);
+}
+
+void chooseGroundColour(const QColor& colour) {
+  QSettings().setValue("fond", colour.isValid() ? colour.name() : QString());
 }
 
 void chooseTheme(bool dark) {

@@ -19,12 +19,20 @@ std::string machine() {
   return name;
 }
 
+// A process that has ended, and whose parent hasn't asked for its status yet, still has its number.
+bool isGone(long process) {
+  if (kill(static_cast<pid_t>(process), 0) != 0) return errno != EPERM;
+  std::ifstream in("/proc/" + std::to_string(process) + "/stat");
+  std::string text;
+  std::getline(in, text);
+  const std::size_t name = text.rfind(") ");  // the program's name stands before it, in parentheses
+  return name != text.npos && (text[name + 2] == 'Z' || text[name + 2] == 'X');
+}
+
 struct Holder {
   std::string machine;
   long process = 0;
-  bool isAlive() const {
-    return machine != atelier::machine() || kill(static_cast<pid_t>(process), 0) == 0 || errno == EPERM;
-  }
+  bool isAlive() const { return machine != atelier::machine() || !isGone(process); }
   bool isThis() const { return machine == atelier::machine() && process == getpid(); }
 };
 

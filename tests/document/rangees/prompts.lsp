@@ -47,7 +47,7 @@
 (demande (getdist '(0.0 0.0) "D") ("3,4") 5.0)
 
 (situation "EndOfTheInputCancels")
-(tape ("(getint \"\\nNombre: \")") "*Annulé*" (sauf "Function cancelled"))
+(tape ("(getint \"\\nNombre: \")") "*Annuler*" (sauf "Function cancelled"))
 ((vl-catch-all-error-message (vl-catch-all-apply 'getpoint '("P"))) "Function cancelled")
 
 (situation "WordsBehindACommandAnswerIt")
