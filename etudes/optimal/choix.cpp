@@ -4,7 +4,6 @@
 #include "etudes/optimal/choix.h"
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 namespace etu {
@@ -12,7 +11,6 @@ namespace etu {
 namespace {
 
 constexpr double kSansVoie = -std::numeric_limits<double>::infinity();
-constexpr double kTolerancePassage = kToleranceCouloir / 2;
 constexpr double kEcartSommets = 1e-3;  // metres between two vertices at least, as far as places are proposed
 constexpr double kPasMoindre = 1e-5;    // of altitude, where the moves end
 constexpr int kToursAuPlus = 80;
@@ -20,7 +18,6 @@ constexpr double kTravailAuPlus = 4e7;  // doors times places, in all rounds
 
 struct place {
   pointLigne point;
-  std::size_t rang;         // of the last door that isn't right of it
   double aire = kSansVoie;  // the greatest area of a way from the start to here
   std::size_t depuis = 0;   // its place of the vertex before
 };
@@ -32,44 +29,54 @@ struct intervalle {
 
 class choisir {
  public:
-  choisir(const couloir& c, const parcours& aller, const parcours& retour);
-  ligneDroite faire();
+  choisir(const couloir& c, const parcours& aller, const parcours& retour, std::size_t droites, const exigences& e,
+          const ligneDroite& connue);
+  std::optional<ligneDroite> faire();
 
  private:
   void proposer(places& ou, double distance, double altitude) const;
-  void proposer(places& ou, std::size_t sommet, const ligneDroite& ligne) const;
+  void proposer(std::size_t sommet, const std::vector<ligneDroite>& lignes);
   void semer();
   void resserrer(double part);
   void relier(const place& a, std::size_t rangA, places& vers) const;
   bool parcourir();
 
   const couloir& m_couloir;
+  exigences m_exigences;
   std::vector<intervalle> m_stations;  // where each vertex may stand
   std::vector<places> m_places;
-  ligneDroite m_ligne;  // the best so far
-  double m_aire;
-  ligneDroite m_retour;
+  std::vector<ligneDroite> m_connues;  // lines with as many runs
+  ligneDroite m_ligne;                 // the best so far; empty before the first one
+  double m_aire = kSansVoie;
 };
 
-choisir::choisir(const couloir& c, const parcours& aller, const parcours& retour)
-    : m_couloir(c), m_places(aller.ligne.size()), m_ligne(aller.ligne), m_aire(aireSous(aller.ligne)) {
-  for (auto p = retour.ligne.rbegin(); p != retour.ligne.rend(); ++p) m_retour.push_back({-p->distance, p->altitude});
-  const std::size_t n = aller.fenetres.size();
+choisir::choisir(const couloir& c, const parcours& aller, const parcours& retour, std::size_t droites,
+                 const exigences& e, const ligneDroite& connue)
+    : m_couloir(c), m_exigences(e), m_places(droites + 1) {
+  ligneDroite renversee;
+  for (auto p = retour.ligne.rbegin(); p != retour.ligne.rend(); ++p) renversee.push_back({-p->distance, p->altitude});
+  for (const ligneDroite& ligne : {aller.ligne, renversee, connue})
+    if (ligne.size() == m_places.size()) m_connues.push_back(ligne);
+  if (e.simples() && !m_connues.empty()) {
+    m_ligne = m_connues.front();
+    m_aire = aireSous(m_ligne);
+  }
+  // Vertex i is reached by i runs, and from it the other runs reach the end.
   m_stations.push_back({c.debut(), c.debut()});
-  for (std::size_t i = 0; i < n; ++i)
-    m_stations.push_back({-retour.fenetres[n - 1 - i].fin.distance, aller.fenetres[i].fin.distance});
+  for (std::size_t i = 1; i < droites; ++i) {
+    const std::size_t reste = droites - i;
+    m_stations.push_back({reste <= retour.fenetres.size() ? -retour.fenetres[reste - 1].fin.distance : c.debut(),
+                          i <= aller.fenetres.size() ? aller.fenetres[i - 1].fin.distance : c.fin()});
+  }
   m_stations.push_back({c.fin(), c.fin()});
 }
 
-// A place, drawn into the corridor.
 void choisir::proposer(places& ou, double distance, double altitude) const {
-  const std::size_t rang = m_couloir.rangDe(distance);
-  const limites l = m_couloir.entre(rang, distance);
-  ou.push_back({{distance, std::max(l.bas, std::min(l.haut, altitude))}, rang});
+  if (const auto z = altitudePermise(m_couloir, m_exigences, distance, altitude)) ou.push_back({{distance, *z}});
 }
 
-void choisir::proposer(places& ou, std::size_t sommet, const ligneDroite& ligne) const {
-  proposer(ou, ligne[sommet].distance, ligne[sommet].altitude);
+void choisir::proposer(std::size_t sommet, const std::vector<ligneDroite>& lignes) {
+  for (const ligneDroite& ligne : lignes) proposer(m_places[sommet], ligne[sommet].distance, ligne[sommet].altitude);
 }
 
 // Places all over the part of the corridor where each vertex can stand.
@@ -83,8 +90,7 @@ void choisir::semer() {
       const limites l = m_couloir.entre(m_couloir.rangDe(d), d);
       for (int h = 0; h <= kHauteurs; ++h) proposer(m_places[i], d, l.bas + l.hauteur() * h / kHauteurs);
     }
-    proposer(m_places[i], i, m_ligne);
-    proposer(m_places[i], i, m_retour);
+    proposer(i, m_connues);
   }
 }
 
@@ -95,7 +101,8 @@ void choisir::resserrer(double part) {
     ou.clear();
     const pointLigne p = m_ligne[i];
     const limites l = m_couloir.entre(m_couloir.rangDe(p.distance), p.distance);
-    const double dz = l.hauteur() * part, dx = (m_stations[i].fin - m_stations[i].debut) * part;
+    const double dz = std::max(l.hauteur() * part, m_exigences.pasAltitude),
+                 dx = (m_stations[i].fin - m_stations[i].debut) * part;
     const auto pente = [&](std::size_t j) {
       return (m_ligne[j + 1].altitude - m_ligne[j].altitude) / (m_ligne[j + 1].distance - m_ligne[j].distance);
     };
@@ -107,27 +114,19 @@ void choisir::resserrer(double part) {
       if (i + 1 < m_ligne.size()) proposer(ou, d, p.altitude + pente(i) * (d - p.distance));
       proposer(ou, d, std::numeric_limits<double>::max());
     }
+    proposer(ou, p.distance, p.altitude);
   }
 }
 
 // Leads the ways that come to a place on to the places of the next vertex, which stand from left to right.
 void choisir::relier(const place& a, std::size_t rangA, places& vers) const {
-  double moindre = -std::numeric_limits<double>::max(), plusGrande = -moindre;
-  std::size_t porte = a.rang + 1;
-  const pointLigne p = a.point;
+  cone vue(m_couloir, m_exigences, a.point);
   for (place& b : vers) {
-    const double dx = b.point.distance - p.distance;
-    if (dx < kEcartSommets) continue;
-    for (; porte < m_couloir.portes.size() && m_couloir.portes[porte].distance < b.point.distance; ++porte) {
-      const limites& l = m_couloir.portes[porte].passage;
-      const double d = 1 / (m_couloir.portes[porte].distance - p.distance);
-      moindre = std::max(moindre, (l.bas - kTolerancePassage - p.altitude) * d);
-      plusGrande = std::min(plusGrande, (l.haut + kTolerancePassage - p.altitude) * d);
-    }
-    if (moindre > plusGrande) return;
-    const double pente = (b.point.altitude - p.altitude) / dx;
-    const double aire = a.aire + 0.5 * dx * (p.altitude + b.point.altitude);
-    if (pente < moindre || pente > plusGrande || aire <= b.aire) continue;
+    const double dx = b.point.distance - a.point.distance;
+    if (dx < std::max(kEcartSommets, m_exigences.longueur)) continue;
+    if (!vue.avancer(b.point.distance)) return;
+    const double aire = a.aire + 0.5 * dx * (a.point.altitude + b.point.altitude);
+    if (aire <= b.aire || !vue.voit(b.point)) continue;
     b.aire = aire;
     b.depuis = rangA;
   }
@@ -142,11 +141,13 @@ bool choisir::parcourir() {
     for (std::size_t k = 0; k < m_places[i].size(); ++k)
       if (m_places[i][k].aire != kSansVoie) relier(m_places[i][k], k, m_places[i + 1]);
   const places& bouts = m_places.back();
+  if (bouts.empty()) return false;
   auto ici = static_cast<std::size_t>(
       std::max_element(bouts.begin(), bouts.end(), [](const place& a, const place& b) { return a.aire < b.aire; }) -
       bouts.begin());
   if (bouts[ici].aire <= m_aire) return false;
   m_aire = bouts[ici].aire;
+  m_ligne.resize(m_places.size());
   for (std::size_t i = m_places.size(); i-- > 0;) {
     m_ligne[i] = m_places[i][ici].point;
     ici = m_places[i][ici].depuis;
@@ -154,9 +155,10 @@ bool choisir::parcourir() {
   return true;
 }
 
-ligneDroite choisir::faire() {
+std::optional<ligneDroite> choisir::faire() {
   semer();
   parcourir();
+  if (m_ligne.empty()) return std::nullopt;
   double travail = 0, part = 0.25;
   for (int tour = 0; tour < kToursAuPlus && travail < kTravailAuPlus && part > kPasMoindre; ++tour) {
     resserrer(part);
@@ -175,8 +177,9 @@ double aireSous(const ligneDroite& ligne) {
   return aire;
 }
 
-ligneDroite moindreFouille(const couloir& c, const parcours& aller, const parcours& retour) {
-  return choisir(c, aller, retour).faire();
+std::optional<ligneDroite> moindreFouille(const couloir& c, const parcours& aller, const parcours& retour,
+                                          std::size_t droites, const exigences& e, const ligneDroite& connue) {
+  return choisir(c, aller, retour, droites, e, connue).faire();
 }
 
 }  // namespace etu

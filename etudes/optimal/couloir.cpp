@@ -11,8 +11,6 @@ namespace {
 
 limites sous(double altitude, const bande& b) { return {altitude - b.plusGrande, altitude - b.moindre}; }
 
-limites communes(const limites& a, const limites& b) { return {std::max(a.bas, b.bas), std::min(a.haut, b.haut)}; }
-
 bool memes(const limites& a, const limites& b) { return a.bas == b.bas && a.haut == b.haut; }
 
 double altitudeEntre(const sommet& a, const sommet& b, double distance) {
@@ -23,11 +21,13 @@ double altitudeEntre(const sommet& a, const sommet& b, double distance) {
 // Adds a door with the altitudes of the ground on both sides of it.
 void ajouter(couloir& c, double distance, double zAvant, double zApres, const bande& b) {
   const limites avant = sous(zAvant, b), apres = sous(zApres, b);
-  if (!memes(avant, apres)) c.marches.push_back({c.portes.size(), avant, apres});
+  if (!memes(avant, apres)) c.marches.push_back({c.portes.size(), avant, apres, true});
   c.portes.push_back({distance, communes(avant, apres)});
 }
 
 }  // namespace
+
+limites communes(const limites& a, const limites& b) { return {std::max(a.bas, b.bas), std::min(a.haut, b.haut)}; }
 
 const marche* couloir::marcheDe(std::size_t rang) const {
   if (marches.empty()) return nullptr;
@@ -83,7 +83,7 @@ couloir renverse(const couloir& c) {
   r.portes.reserve(c.portes.size());
   for (auto p = c.portes.rbegin(); p != c.portes.rend(); ++p) r.portes.push_back({-p->distance, p->passage});
   for (auto m = c.marches.rbegin(); m != c.marches.rend(); ++m)
-    r.marches.push_back({c.portes.size() - 1 - m->rang, m->apres, m->avant});
+    r.marches.push_back({c.portes.size() - 1 - m->rang, m->apres, m->avant, m->mur});
   return r;
 }
 
@@ -93,11 +93,11 @@ std::vector<couloir> parties(const couloir& c) {
   for (std::size_t i = 0; i < c.portes.size(); ++i) {
     const bool pas = m != c.marches.end() && m->rang == i;
     couloir& ici = resultat.back();
-    if (pas && c.portes[i].passage.hauteur() < 0) {
+    if (pas && m->mur && c.portes[i].passage.hauteur() < 0) {
       ici.portes.push_back({c.portes[i].distance, m->avant});
       resultat.emplace_back().portes.push_back({c.portes[i].distance, m->apres});
     } else {
-      if (pas) ici.marches.push_back({ici.portes.size(), m->avant, m->apres});
+      if (pas) ici.marches.push_back({ici.portes.size(), m->avant, m->apres, m->mur});
       ici.portes.push_back(c.portes[i]);
     }
     if (pas) ++m;

@@ -8,6 +8,8 @@
 
 namespace etu {
 
+inline constexpr double kToleranceCouloir = 1e-9;  // metres of altitude: what rounding costs a line
+
 struct pointLigne {
   double distance, altitude;
 };
@@ -17,8 +19,9 @@ struct limites {
   double bas, haut;
   double hauteur() const { return haut - bas; }
 };
+limites communes(const limites& a, const limites& b);
 
-// At a step of the limits (an upright of the ground) the door is what the sides have in common.
+// At a step of the limits the door is what the sides have in common, or less: a fixed point is a narrow door.
 struct porte {
   double distance;
   limites passage;
@@ -26,6 +29,7 @@ struct porte {
 struct marche {
   std::size_t rang;  // of its door
   limites avant, apres;
+  bool mur;  // an upright of the ground, where a line may end and go on at another altitude
 };
 
 struct couloir {
@@ -42,8 +46,16 @@ struct couloir {
   double debut() const { return portes.front().distance; }
   double fin() const { return portes.back().distance; }
 
+  // Narrowing. A door is added where there is none, a step where the limits become one.
+  std::size_t couper(double distance);                                // the rank of a door at that distance
+  void remplacer(const couloir& piece);                               // its limits between its ends
+  void borner(double debut, double fin, double altitude, bool haut);  // an upper or a lower limit between two distances
+  void percer(double distance, const limites& l);                     // a door there that leaves only this
+  void fixer(double distance, double altitude);                       // a door there of no height, wherever it was
+
  private:
   const marche* marcheDe(std::size_t rang) const;
+  marche& marcheEn(std::size_t rang);
 };
 
 // The depths that are allowed, in metres; negative above the ground.

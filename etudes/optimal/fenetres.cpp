@@ -19,7 +19,7 @@ struct droite {
 class recherche {
  public:
   explicit recherche(const couloir& c) : m_couloir(c), m_x0(c.debut()), m_y0(c.portes.front().passage.bas) {}
-  parcours faire();
+  std::optional<parcours> faire();
 
  private:
   std::int64_t x(double distance) const { return std::llrint((distance - m_x0) * kParMetre); }
@@ -101,14 +101,21 @@ void recherche::reprendre(std::size_t rang, bool haut) {
   manque.inserer(*bout);
 }
 
-parcours recherche::faire() {
+std::optional<parcours> recherche::faire() {
+  std::size_t repris = 0;
   for (std::size_t rang = 0; rang < m_couloir.portes.size();) {
-    if (passer(rang)) ++rang;
-    else reprendre(rang, m_manqueHaut);
+    if (passer(rang)) {
+      ++rang;
+      continue;
+    }
+    // From a window a line always reaches the next door, unless it is shut.
+    if (repris == rang) return std::nullopt;
+    repris = rang;
+    reprendre(rang, m_manqueHaut);
   }
   const bord& dernier = m_haut.tendu() ? m_haut : m_bas;
   m_droites.push_back({dernier.gauche(), dernier.droite()});
-  return {m_fenetres, ligne(m_droites, m_fenetres)};
+  return parcours{m_fenetres, ligne(m_droites, m_fenetres)};
 }
 
 pointLigne recherche::surDroite(const droite& d, double gx) const {
@@ -131,6 +138,8 @@ ligneDroite recherche::ligne(const std::vector<droite>& droites, const std::vect
   for (std::size_t i = 0; i < fenetres.size(); ++i)
     points.push_back(croisement(droites[i], droites[i + 1], fenetres[i]));
   points.push_back(surDroite(droites.back(), (m_couloir.fin() - m_x0) * kParMetre));
+  points.front().distance = m_couloir.debut();
+  points.back().distance = m_couloir.fin();
   return points;
 }
 

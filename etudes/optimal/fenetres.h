@@ -24,6 +24,4 @@ struct parcours {
 // Time and memory are linear in the number of doors.
 std::optional<parcours> moinsDeDroites(const couloir& c);
 
-inline constexpr double kToleranceCouloir = 1e-9;  // metres of altitude: what rounding costs a line
-
 }  // namespace etu

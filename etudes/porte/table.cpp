@@ -21,14 +21,22 @@ constexpr ligneFonction kTable[] = {
      L"La plus petite et la plus grande profondeur d'une ligne sous le terrain: ((pk profondeur) (pk profondeur)). Les "
      L"sommets sont "
      L"des listes (pk altitude), vers la droite; nil hors du terrain."},
-    {L"et_ligne", et_ligne, L"(et_ligne profil moindre plus-grande départ arrivée)",
-     L"La ligne de moins de sommets entre deux profondeurs: (lignes fenêtres (surface moindre)). Une extrémité est (pk "
-     L"altitude), ou pk où elle est libre. Une ligne est une liste de (pk altitude), ses fenêtres des listes ((pk "
-     L"altitude) (pk "
-     L"altitude)): aucune ligne d'un sommet de moins ne passe la dernière. La surface est entre terrain et lignes, "
-     L"aucune ligne "
-     L"n'en a moins que moindre."},
-    {L"et_couloir", et_couloir, L"(et_couloir profil moindre plus-grande départ arrivée)",
+    {L"et_ligne", et_ligne, L"(et_ligne profil moindre plus-grande départ arrivée [contraintes])",
+     L"La ligne de moins de sommets entre deux profondeurs: (lignes fenêtres (surface moindre) prouvée manque). Une "
+     L"extrémité "
+     L"est (pk altitude), ou pk où elle est libre. Une ligne est une liste de (pk altitude), ses fenêtres des listes "
+     L"((pk "
+     L"altitude) (pk altitude)): aucune ligne d'un sommet de moins ne passe la dernière. La surface est entre terrain "
+     L"et "
+     L"lignes, aucune ligne n'en a moins que moindre. prouvée est nil quand longueur ou arrondi demandent plus de "
+     L"sommets. "
+     L"manque est nil, ou (mètres (pk limite valeur) (pk limite valeur)) quand une limite basse et une haute se "
+     L"contredisent: "
+     L"la ligne s'en écarte de la moitié. Les contraintes sont des listes (nom nombres): (profondeur pk pk moindre "
+     L"plus-grande) (pente moindre plus-grande) en mètres par mètre vers la droite, (point pk bas haut) (croisement pk "
+     L"pk bas "
+     L"haut) (longueur moindre) (arrondi pas), leur nom étant une chaîne."},
+    {L"et_couloir", et_couloir, L"(et_couloir profil moindre plus-grande départ arrivée [contraintes])",
      L"Le couloir où et_ligne cherche: ses limites basse et haute, deux listes de (pk altitude)."},
 };
 

@@ -1,9 +1,10 @@
-;; What of a proposed line leaves the band of depths, or falls below its plane. What leaves the band are stretches (from to extreme-depth sense), the sense positive for too deep.
+;; What of a proposed line leaves the band of depths, or falls below its plane. What leaves the band are stretches (from to extreme-depth sense band), the sense positive for too deep, the band (least greatest).
 ;; Found by themselves, whatever proposed the line. Points are (distance altitude) in metres.
-;; Shared in the room: plv-optimal:hors-bande plv-optimal:ecart plv-hors-extreme plv-optimal:sur-plans plv-optimal:descente
+;; Shared in the room: plv-optimal:hors-tranches plv-optimal:tranches plv-optimal:ecart plv-hors-extreme plv-hors-bande plv-optimal:sur-plans plv-optimal:descente
 
 (defun plv-hors-extreme (hors) (caddr hors))
 (defun plv-hors-sens (hors) (cadddr hors))
+(defun plv-hors-bande (hors) (nth 4 hors))
 
 (defun plv-optimal:profondeur (terrain sommets d)
   "(distance depth), on the straight lines through the first two points of both."
@@ -45,7 +46,7 @@
   "The stretch between two points, in a list; nil inside the band."
   (setq ecart (plv-optimal:ecart (* 0.5 (+ (cadr p) (cadr q))) minimum maximum))
   (if (and (/= ecart 0.0) (> (- (car q) (car p)) 1e-6))
-    (list (list (car p) (car q) ((if (> ecart 0) max min) (cadr p) (cadr q)) ecart))))
+    (list (list (car p) (car q) ((if (> ecart 0) max min) (cadr p) (cadr q)) ecart (list minimum maximum)))))
 
 (defun plv-optimal:hors-bande (terrain suites minimum maximum / morceaux)
   "The stretches that leave the band, left to right."
@@ -58,11 +59,37 @@
 (defun plv-optimal:joindre (joints hors / dernier sens)
   "A stretch that goes on from the last one on the same side of the band makes one with it."
   (setq dernier (car joints) sens (plv-hors-sens hors))
-  (if (and dernier (equal (plv-fin dernier) (plv-debut hors) 1e-6) (> (* sens (plv-hors-sens dernier)) 0))
-    (cons (list (plv-debut dernier) (plv-fin hors) ((if (> sens 0) max min) (plv-hors-extreme hors) (plv-hors-extreme dernier)) sens)
+  (if (and dernier (equal (plv-fin dernier) (plv-debut hors) 1e-6) (> (* sens (plv-hors-sens dernier)) 0)
+           (equal (plv-hors-bande dernier) (plv-hors-bande hors)))
+    (cons (list (plv-debut dernier) (plv-fin hors) ((if (> sens 0) max min) (plv-hors-extreme hors) (plv-hors-extreme dernier)) sens
+                (plv-hors-bande hors))
           (cdr joints))
     (cons hors joints)))
 
+
+;; --- depths by stretches: (from to least greatest), left to right
+
+(defun plv-optimal:tranches (minimum maximum bandes debut fin / stations tranches b)
+  "The depths that hold from a distance to another one; of several stretches at a place the last one counts."
+  (setq stations (vl-sort (append (list debut fin) (vl-remove-if-not '(lambda (d) (< debut d fin)) (apply 'append (mapcar '(lambda (b) (list (car b) (cadr b))) bandes)))) '<))
+  (while (cdr stations)
+    (setq b (car (vl-member-if '(lambda (b) (< (car b) (plv-milieu stations) (cadr b))) (reverse bandes)))
+          tranches (cons (list (car stations) (cadr stations) (if b (caddr b) minimum) (if b (cadddr b) maximum)) tranches)
+          stations (cdr stations)))
+  (reverse (vl-remove-if '(lambda (tr) (< (plv-longueur tr) 1e-6)) tranches)))
+
+(defun plv-optimal:part (suite tranche / debut fin)
+  "The part of a line within a stretch; nil for none."
+  (setq debut (max (plv-debut tranche) (caar suite)) fin (min (plv-fin tranche) (car (plv-dernier suite))))
+  (if (> (- fin debut) 1e-6) (plv-ligne-entre suite debut fin)))
+
+(defun plv-optimal:dans-tranche (suites tranche)
+  (vl-remove nil (mapcar '(lambda (suite) (plv-optimal:part suite tranche)) suites)))
+
+(defun plv-optimal:hors-tranches (terrain suites tranches)
+  "The stretches that leave the depths that hold there."
+  (apply 'append
+    (mapcar '(lambda (tr) (plv-optimal:hors-bande terrain (plv-optimal:dans-tranche suites tr) (caddr tr) (cadddr tr))) tranches)))
 
 ;; --- over the planes
 

@@ -1,7 +1,7 @@
 ;; The command PLV-OPTIMAL: its questions.
 ;; The depths come first: in the middle of their band stand the ends that are proposed. An end is a station and a depth below the
-;; ground there, a point picked in the profile's graphic, or free in the band. The first question also takes the method; the
-;; last one shows how the line was found, so that a script's answers serve every method.
+;; ground there, a point picked in the profile's graphic, or free in the band. The first question also takes the method and
+;; constraints; the last one shows how the line was found, so that a script's answers serve every method.
 
 (defun plv-optimal:bout (profil question d profondeur libre / origine reponse bout)
   "An end of the line as (distance altitude), or as (distance) for a free one; Enter takes the distance and the depth."
@@ -47,14 +47,17 @@
   (setq reponse (getreal (strcat "\n" question " <" (plv-reel defaut 2) ">: ")))
   (cond (reponse) (defaut)))
 
-(defun plv-optimal:demander-minimum (/ methode reponse)
-  "The method and the least depth."
-  (setq methode "Sommets" reponse "Méthode")
-  (while (= reponse "Méthode")
-    (initget "Méthode")
-    (setq reponse (plv-optimal:demander-profondeur "Profondeur minimale (un nombre négatif est une surélévation) ou [Méthode]" 0.8))
-    (if (= reponse "Méthode") (setq methode (plv-demander-mot "Méthode" '("Sommets" "Recherche") methode))))
-  (list methode reponse))
+(defun plv-optimal:demander-minimum (/ methode contraintes reponse)
+  "(method constraints least-depth)."
+  (setq methode "Sommets")
+  (while (not (numberp reponse))
+    (initget "Méthode Contraintes")
+    (setq reponse
+      (plv-optimal:demander-profondeur "Profondeur minimale (un nombre négatif est une surélévation) ou [Méthode/Contraintes]" 0.8))
+    (cond
+      ((= reponse "Méthode") (setq methode (plv-demander-mot "Méthode" '("Sommets" "Approchée" "Recherche") methode)))
+      ((= reponse "Contraintes") (setq contraintes (plv-demander-contraintes)))))
+  (list methode contraintes reponse))
 
 (defun plv-optimal:a-remplacer (profil genre / deja)
   "The entities that the new line replaces: those of the kind's project line, unless they are to stay."
@@ -62,15 +65,22 @@
   (if (and deja (= (plv-demander-mot (strcat "Il y a déjà une ligne " genre) '("Remplacer" "Garder") "Remplacer") "Remplacer"))
     deja))
 
-(defun plv-optimal:faire (methode profil genre depart arrivee minimum maximum)
-  "Asks whether to show how the line was found, and has it found."
-  (if (= methode "Sommets")
-    (plv-optimal-sommets profil genre depart arrivee minimum maximum
-      (= (plv-demander-mot "Dessiner le couloir et ses fenêtres" '("Oui" "Non") "Non") "Oui"))
-    (plv-optimal profil genre depart arrivee minimum maximum
-      (= (plv-demander-mot "Garder le tracé de la recherche" '("Oui" "Non") "Non") "Oui"))))
+(defun plv-optimal:dessiner-p (question) (= (plv-demander-mot question '("Oui" "Non") "Non") "Oui"))
 
-(defun c:plv-optimal (/ profil genre anciens methode libre depart arrivee minimum maximum milieu)
+(defun plv-optimal:faire (methode contraintes profil genre depart arrivee minimum maximum)
+  "Asks whether to show how the line was found, and has it found."
+  (if (= methode "Recherche")
+    (plv-optimal profil genre depart arrivee minimum maximum (plv-optimal:dessiner-p "Garder le tracé de la recherche"))
+    (plv-optimal-sommets profil genre
+      (plv-souhait depart arrivee minimum maximum contraintes (= methode "Approchée"))
+      (plv-optimal:dessiner-p "Dessiner le couloir et ses fenêtres"))))
+
+(defun plv-optimal:sans-contraintes (methode contraintes)
+  "The constraints; the search by splitting knows none."
+  (if (and contraintes (= methode "Recherche")) (plv-dire "La méthode Recherche ne connaît que les deux profondeurs."))
+  contraintes)
+
+(defun c:plv-optimal (/ profil genre anciens methode contraintes libre depart arrivee minimum maximum milieu)
   "Propose la ligne de projet la meilleure dans une bande de profondeurs."
   (if (and (setq profil (plv-choisir-profil)) (or (cdr (plv-points-tn profil)) (plv-erreur (plv-refus-sans-terrain))))
     (progn
@@ -78,11 +88,12 @@
             anciens (plv-optimal:a-remplacer profil genre)
             minimum (plv-optimal:demander-minimum)
             methode (car minimum)
-            minimum (cadr minimum)
+            contraintes (plv-optimal:sans-contraintes methode (cadr minimum))
+            minimum (caddr minimum)
             maximum (plv-optimal:demander-profondeur "Profondeur maximale" 1.6)
             milieu (plv-milieu (list minimum maximum))
-            libre (= methode "Sommets")
+            libre (/= methode "Recherche")
             depart (plv-optimal:bout profil "du départ" (car (car (plv-points-tn profil))) milieu libre)
             arrivee (plv-optimal:bout profil "de l'arrivée" (plv-longueur-profil profil) milieu libre))
-      (if (plv-optimal:faire methode profil genre depart arrivee minimum maximum) (plv-effacer-courbes profil anciens))))
+      (if (plv-optimal:faire methode contraintes profil genre depart arrivee minimum maximum) (plv-effacer-courbes profil anciens))))
   (princ))

@@ -3,23 +3,25 @@
 
 (defun plv-optimal:rangee (textes) (plv-colonnes textes '(12 12 12 12 12)))
 
-(defun plv-optimal:dire (profil suites minimum maximum / hors)
-  (setq hors (plv-optimal:hors-bande (plv-points-tn profil) suites minimum maximum))
+(defun plv-optimal:dire (profil suites minimum maximum bandes / hors)
+  "What the line is, and where it leaves the depths: bandes are stretches (from to least greatest) with others."
+  (setq hors (plv-optimal:hors-tranches (plv-points-tn profil) suites
+               (plv-optimal:tranches minimum maximum bandes (caaar suites) (car (plv-dernier (plv-dernier suites))))))
   (plv-dire (strcat "Ligne optimale: " (itoa (apply '+ (mapcar 'length suites))) " sommets, profondeurs demandées "
-                    (plv-reel minimum 2) " à " (plv-reel maximum 2) " m."))
+                    (plv-reel minimum 2) " à " (plv-reel maximum 2) " m" (if bandes ", d'autres par endroits." ".")))
   (if hors
-    (plv-optimal:dire-hors hors (plv-premiere-station profil) minimum maximum)
+    (plv-optimal:dire-hors hors (plv-premiere-station profil))
     (plv-dire "Toute la ligne est dans les profondeurs demandées."))
   (plv-optimal:dire-sous-plan profil suites))
 
-(defun plv-optimal:dire-hors (hors origine minimum maximum)
+(defun plv-optimal:dire-hors (hors origine)
   (plv-dire "Hors des profondeurs demandées:")
   (plv-optimal:rangee '("début" "fin" "longueur" "profondeur" "écart"))
   (foreach h hors
     (plv-optimal:rangee
       (mapcar '(lambda (valeur) (plv-reel valeur 3))
         (list (+ origine (plv-debut h)) (+ origine (plv-fin h)) (plv-longueur h) (plv-hors-extreme h)
-              (plv-optimal:ecart (plv-hors-extreme h) minimum maximum))))))
+              (plv-optimal:ecart (plv-hors-extreme h) (car (plv-hors-bande h)) (cadr (plv-hors-bande h))))))))
 
 (defun plv-optimal:dire-sous-plan (profil suites / plans fin d)
   "A line that falls below its plane runs through the tables."

@@ -69,4 +69,4 @@ line's vertices, or nil after a message."
      (setq suites (plv-optimal:suites (plv-optimal:ligne profil (plv-dernier ajouts) depart arrivee)))
      (plv-effacer (if garder (list (plv-dernier ajouts)) ajouts))
      (if (vl-every '(lambda (suite) (plv-optimal:attacher profil genre suite)) suites)
-       (progn (plv-optimal:dire profil suites (min minimum maximum) (max minimum maximum)) (apply 'append suites))))))
+       (progn (plv-optimal:dire profil suites (min minimum maximum) (max minimum maximum) nil) (apply 'append suites))))))

@@ -80,7 +80,7 @@
 ((equal avant (plv-elements-du-projet p "Assainissement")) T)
 ;; 12 m above the plane the start is far below the band: the search proposes a line all the same
 (tape ("PLV-OPTIMAL" "A" "Remplacer" "0.8" "1.4" "P" "0,120" "" "Non") "arrivée ou [Pointer/Libre] <1100.00,1.10>"
-  "à la station 1000.000 l'extrémité est à" "hors de 0.80 à 1.40")
+  "à la station 1000.000: profondeur minimale 0.80 et extrémité à l'altitude 56.00 se contredisent; il manque 6.800 m")
 ((equal avant (plv-elements-du-projet p "Assainissement")) T)
 (tape ("PLV-OPTIMAL" "A" "Remplacer" "M" "Recherche" "0.8" "1.4" "P" "0,120" "" "Non") "arrivée ou [Pointer] <1100.00,1.10>")
 ((vl-some 'entget avant) nil)
@@ -98,7 +98,7 @@
   (1.2 '(0.0) 3 "Un sommet de moins est impossible") (1.2 '(0.0 49.0) 3 "Un sommet de moins est impossible")
   (1.3 '(0.0) 2 "chaque partie est d'une seule droite") (1.3 '(0.0 49.2) 2 "chaque partie est d'une seule droite")
   (1.3 '(0.0 49.1) 3 "Un sommet de moins est impossible"))
-(dit (setq l (plv-optimal-sommets p "Assainissement" depart '(100.0) maximum 0.8 nil)) dit-on
+(dit (setq l (plv-optimal-sommets p "Assainissement" (plv-souhait depart '(100.0) maximum 0.8 nil nil) nil)) dit-on
   "Toute la ligne est dans les profondeurs demandées.")
 ((length l) sommets)
 ((list (caar l) (car (plv-dernier l))) (0.0 100.0))
@@ -112,7 +112,7 @@
 (preparer
   (entdel p)
   (setq p (plv-nouveau "<dossier>murs.csv" "P1" '(0.0 0.0 0.0) 10.0 2.5 150.0 nil)))
-(dit (setq l (plv-optimal-sommets p "Assainissement" '(0.0) '(100.0) 1.0 2.0 nil))
+(dit (setq l (plv-optimal-sommets p "Assainissement" (plv-souhait '(0.0) '(100.0) 1.0 2.0 nil nil) nil))
   "elle est en 2 parties" "Toute la ligne est dans les profondeurs demandées." "chaque partie est d'une seule droite")
 ((list (length l) (length (plv-elements-du-projet p "Assainissement"))) (4 2))
 (dit (plv-metres nil "Assainissement" nil nil) ": juste.")
@@ -125,12 +125,73 @@
 (tape ("PLV-OPTIMAL" "A" "" "0.8" "1.2" "l" "libre" "Oui") "Ligne optimale: 3 sommets")
 ((= n (traits)) T)
 
+;; The ground falls 10 % in the mean. Through 43.5 at 60 m a run to the left is too high at 40 m or too low at the start, and a run to
+;; the right, which falls 10.75 % at least, can't begin before 53 m: that makes three.
+(situation "KeepsToConstraints")
+(tableau (c sommets)
+  ('(("pente" -0.12 -0.09)) 3) ('(("pente" -0.105 -0.09)) 3) ('(("point" 1060.0 43.5 43.5)) 4)
+  ('(("croisement" 1079.0 1081.0 41.3 41.45)) 3) ('(("longueur" 45.0)) 3) ('(("arrondi" 0.25)) 4))
+(preparer (setq s (plv-souhait '(0.0) '(100.0) 0.8 1.2 c nil)))
+(dit (setq l (plv-optimal-sommets p "Assainissement" s nil)) "Toute la ligne est dans les profondeurs demandées.")
+((length l) sommets)
+(preparer (setq nom (car (car c)) v (cdr (car c)) pentes (mapcar 'plv-pente l (cdr l))))
+((or (/= nom "pente") (<= (- (car v) 1e-9) (apply 'min pentes) (apply 'max pentes) (+ (cadr v) 1e-9))) T)
+((or (/= nom "point") (equal (plv-altitude-ligne l 60.0) 43.5 1e-9)) T)
+((or (/= nom "croisement") (>= (plv-altitude-ligne l 79.0) 41.4499) (<= (plv-altitude-ligne l 79.0) 41.3001)) T)
+((or (/= nom "longueur") (> (apply 'min (mapcar '(lambda (a b) (- (car b) (car a))) l (cdr l))) 44.999)) T)
+((or (/= nom "arrondi") (vl-every '(lambda (q) (equal (* 4 (cadr q)) (fix (+ 0.1 (* 4 (cadr q)))) 1e-6)) l)) T)
+
+(situation "OtherDepthsByStretches")
+(dit (plv-optimal-sommets p "Projet" (plv-souhait '(0.0) '(100.0) 0.8 1.6 '(("profondeur" 1050.0 1100.0 1.5 2.0)) nil) nil)
+  "profondeurs demandées 0.80 à 1.60 m, d'autres par endroits." "Toute la ligne est dans les profondeurs demandées.")
+(refuse (plv-optimal-sommets p "Projet" (plv-souhait '(0.0) '(100.0) 0.8 1.6 '(("profondeur" 1050.0 1100.0 2.0 2.5)) nil) nil)
+  "à la station 1050.000: profondeur minimale 2.00 et profondeur maximale 1.60 se contredisent; il manque 0.400 m")
+
+;; From 49.2 at the start a fall of 12 % comes to 37.2 at the end, and the band begins at 38.8.
+(situation "TheContradictionAndTheLineThatLeavesLeast")
+(preparer (setq c '(("pente" -0.2 -0.12))))
+(refuse (plv-optimal-sommets p "Assainissement" (plv-souhait '(0.0) '(100.0) 0.8 1.2 c nil) nil)
+  "de 1000.000 à 1100.000: descente de 12.00 % au moins, profondeur minimale 0.80 et profondeur maximale 1.20 se contredisent; il manque 1.600 m."
+  "de 0.800 m au plus")
+((plv-elements-du-projet p "Assainissement") nil)
+(dit (setq l (plv-optimal-sommets p "Assainissement" (plv-souhait '(0.0) '(100.0) 0.8 1.2 c T) nil))
+  "se contredisent" "Hors des profondeurs demandées:" "0.000      -0.800" "2.000       0.800")
+((equal l '((0.0 50.0) (100.0 38.0)) 1e-6) T)
+
+(situation "ConstraintsAreTypedOrReadFromAFile")
+(fichier "c.txt" "station;fin;contrainte;valeurs
+# la rue
+
+;;Pente;8;12;descend;
+1060;;point;43,5
+1050;1100;profondeur;0.8;1.3
+")
+((plv-lire-contraintes "<dossier>c.txt") (("pente" -0.12 -0.08) ("point" 1060.0 43.5 43.5) ("profondeur" 1050.0 1100.0 0.8 1.3)))
+(tape ("PLV-OPTIMAL" "A" "C" "<dossier>c.txt" "1020;;croisement;2;48;48.4;0.2" "1020;;croisement;2;48;48.4;0.2;0.1" "rien.txt" "" "0.8" "1.2" "L" "L" "Non")
+  "station;;croisement;largeur;altitude basse;altitude haute;dégagement dessous;dégagement dessus attendu"
+  "fichier introuvable: rien.txt" "Ligne optimale: 4 sommets, profondeurs demandées 0.80 à 1.20 m, d'autres par endroits." "Pentes de -1" " à -8.")
+(tape ("PLV-OPTIMAL" "A" "" "Contraintes" ";;pente;12;20;descend" "" "Méthode" "Approchée" "0.8" "1.2" "L" "L" "Non")
+  "il manque 1.600 m" "Ligne optimale: 2 sommets")
+
+(situation "ConstraintsThatAreNotUnderstood")
+(tableau (ligne attendu)
+  ("120;186;profondeur;2;1" "station;fin;profondeur") ("186;120;profondeur;1;2" "station;fin;profondeur") ("120;;profondeur;1;2" "profondeur")
+  (";;pente;0.5;8;libre" "pente") (";;pente;0.5;8" "pente") (";;pente;8;0.5;monte" "pente") (";;pente;a;8;monte" "pente") ("5;;pente;0;8;libre" "pente")
+  ("x;;point;3" "point") (";;point;3" "point") ("5;;point;4;3" "point") ("5;;point" "point") ("5;6;point;4" "point")
+  (";;longueur;0" "longueur") (";;arrondi;-1" "arrondi") ("5;;croisement;0;1;2;0;0" "croisement") ("5;;croisement;1;2;1;0;0" "croisement")
+  ("5;;ponte;3" "une contrainte est attendue") ("5" "une contrainte est attendue") ("pente" "une contrainte est attendue"))
+(preparer (texte-ecrire "<dossier>faux.txt" (list ";;longueur;5" ligne)))
+(refuse (plv-lire-contraintes "<dossier>faux.txt") "faux.txt, ligne 2 illisible" attendu)
+(preparer (texte-ecrire "<dossier>faux.txt" (list "# rien")))
+(refuse (plv-lire-contraintes "<dossier>faux.txt") "aucune contrainte")
+
 (situation "WhyThereIsNoLine")
-(refuse (plv-optimal-sommets p "Projet" '(0.0 49.0) '(100.0 38.7) 0.8 1.2 nil)
-  "à la station 1100.000 l'extrémité est à 1.300 m de profondeur, hors de 0.80 à 1.20")
-(refuse (plv-optimal-sommets p "Projet" '(50.0) '(20.0) 0.8 1.6 nil) "de gauche à droite")
+(refuse (plv-optimal-sommets p "Projet" (plv-souhait '(0.0 49.0) '(100.0 38.7) 0.8 1.2 nil nil) nil)
+  "à la station 1100.000: extrémité à l'altitude 38.70 et profondeur maximale 1.20 se contredisent; il manque 0.100 m"
+  "0.050 m au plus (méthode Approchée)")
+(refuse (plv-optimal-sommets p "Projet" (plv-souhait '(50.0) '(20.0) 0.8 1.6 nil nil) nil) "de gauche à droite")
 (preparer (plv-ecrire-terrain p '((0.0 50.0) (60.0 45.0) (40.0 46.0) (100.0 40.0))))
-(refuse (plv-optimal-sommets p "Projet" '(0.0) '(100.0) 0.8 1.6 nil) "le terrain revient en arrière à la station 1040.000")
+(refuse (plv-optimal-sommets p "Projet" (plv-souhait '(0.0) '(100.0) 0.8 1.6 nil nil) nil) "le terrain revient en arrière à la station 1040.000")
 ((plv-elements-du-projet p "Projet") nil)
 
 ;; Enter at both ends: the line begins and ends in the middle of the band.

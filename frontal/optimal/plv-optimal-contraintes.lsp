@@ -1,0 +1,100 @@
+;; What a proposed line keeps to besides its depths: rows station;end;name;values of a file, or typed one by one.
+;; A constraint is a list of its name and numbers as et_ligne takes it: stations first, slopes as rise per metre to the right.
+
+;; name, what makes a constraint of (station end values), the form of its row
+(setq plv-contraintes:genres
+  '(("profondeur" plv-contraintes:profondeur "station;fin;profondeur;minimale;maximale")
+    ("pente" plv-contraintes:pente ";;pente;minimale;maximale;sens, en %, le sens étant descend, monte ou libre (minimale 0)")
+    ("point" plv-contraintes:point "station;;point;altitude, ou station;;point;basse;haute")
+    ("croisement" plv-contraintes:croisement "station;;croisement;largeur;altitude basse;altitude haute;dégagement dessous;dégagement dessus")
+    ("longueur" plv-contraintes:longueur ";;longueur;moindre")
+    ("arrondi" plv-contraintes:arrondi ";;arrondi;pas des altitudes")))
+
+;; --- of each name
+
+(defun plv-contraintes:profondeur (station fin valeurs)
+  (if (and station fin (< station fin) (= (length valeurs) 2) (not (member nil valeurs)) (<= (car valeurs) (cadr valeurs)))
+    (list "profondeur" station fin (car valeurs) (cadr valeurs))))
+
+(defun plv-contraintes:pente (station fin valeurs / moindre plus-grande sens)
+  (setq moindre (car valeurs) plus-grande (cadr valeurs) sens (caddr valeurs))
+  (if (and (not station) (not fin) (= (length valeurs) 3) (numberp moindre) (numberp plus-grande) (<= 0.0 moindre plus-grande))
+    (progn
+      (setq moindre (* 0.01 moindre) plus-grande (* 0.01 plus-grande))
+      (cond
+        ((= sens "descend") (list "pente" (- plus-grande) (- moindre)))
+        ((= sens "monte") (list "pente" moindre plus-grande))
+        ((and (= sens "libre") (= moindre 0.0)) (list "pente" (- plus-grande) plus-grande))))))
+
+(defun plv-contraintes:point (station fin valeurs)
+  (if (and station (not fin) (<= 1 (length valeurs) 2) (not (member nil valeurs)) (<= (car valeurs) (plv-dernier valeurs)))
+    (list "point" station (car valeurs) (plv-dernier valeurs))))
+
+(defun plv-contraintes:croisement (station fin valeurs / demi)
+  (if (and station (not fin) (= (length valeurs) 5) (not (member nil valeurs))
+           (> (car valeurs) 0.0) (<= (cadr valeurs) (caddr valeurs)) (>= (min (nth 3 valeurs) (nth 4 valeurs)) 0.0))
+    (progn
+      (setq demi (* 0.5 (car valeurs)))
+      (list "croisement" (- station demi) (+ station demi) (- (cadr valeurs) (nth 3 valeurs)) (+ (caddr valeurs) (nth 4 valeurs))))))
+
+(defun plv-contraintes:seule (nom station fin valeurs)
+  "A constraint of the whole line with one number above 0."
+  (if (and (not station) (not fin) (= (length valeurs) 1) (car valeurs) (> (car valeurs) 0.0)) (list nom (car valeurs))))
+
+(defun plv-contraintes:longueur (station fin valeurs) (plv-contraintes:seule "longueur" station fin valeurs))
+(defun plv-contraintes:arrondi (station fin valeurs) (plv-contraintes:seule "arrondi" station fin valeurs))
+
+;; --- rows
+
+(defun plv-contraintes:valeur (champ / mot)
+  "A number, or one of the words of a slope; nil for anything else."
+  (setq mot (strcase champ T))
+  (if (member mot '("descend" "monte" "libre")) mot (plv-nombre champ)))
+
+(defun plv-contraintes:sans-vides (champs)
+  "Without the empty fields at the end, which spreadsheets add."
+  (while (and champs (= (plv-dernier champs) "")) (setq champs (plv-sans-dernier champs)))
+  champs)
+
+(defun plv-contrainte (ligne / champs genre contrainte)
+  "The constraint of a row; a text that says what is expected for one that isn't understood."
+  (setq champs (plv-contraintes:sans-vides (plv-couper ligne ";"))
+        genre (assoc (if (caddr champs) (strcase (caddr champs) T)) plv-contraintes:genres))
+  (cond
+    ((not genre) (strcat "une contrainte est attendue: station;fin;nom;valeurs, le nom étant "
+                         (plv-joindre (mapcar 'car plv-contraintes:genres) ", ")))
+    ((or (not (plv-contraintes:nombre-ou-vide (car champs))) (not (plv-contraintes:nombre-ou-vide (cadr champs)))
+         (not (setq contrainte
+                (apply (cadr genre)
+                  (list (plv-nombre-station (car champs)) (plv-nombre-station (cadr champs)) (mapcar 'plv-contraintes:valeur (cdddr champs)))))))
+     (strcat (caddr genre) " attendu"))
+    (contrainte)))
+
+(defun plv-contraintes:nombre-ou-vide (champ) (or (= champ "") (plv-nombre-station champ)))
+
+(defun plv-lire-contraintes (chemin / numero lignes contraintes contrainte faute)
+  "The constraints of a file; nil after a message. A heading row that begins with \"station\" is passed over."
+  (setq numero 0 lignes (plv-lire-lignes chemin))
+  (while (and lignes (not faute))
+    (setq numero (1+ numero))
+    (if (not (or (plv-contraintes:commentaire-p (car lignes)) (wcmatch (strcase (car lignes)) "STATION;*")))
+      (if (eq (type (setq contrainte (plv-contrainte (car lignes)))) 'STR)
+        (progn (plv-refus-ligne chemin numero (car lignes) contrainte) (setq faute T))
+        (setq contraintes (cons contrainte contraintes))))
+    (setq lignes (cdr lignes)))
+  (cond (faute nil)
+        ((reverse contraintes))
+        (T (plv-erreur (strcat chemin ": aucune contrainte")))))
+
+(defun plv-contraintes:commentaire-p (ligne)
+  "T for an empty row and for a comment; an empty station isn't one."
+  (setq ligne (vl-string-trim " \t" ligne))
+  (or (= ligne "") (wcmatch ligne "[#]*")))
+
+(defun plv-demander-contraintes (/ reponse lues contraintes)
+  "Rows and files of constraints, until an empty answer."
+  (while (/= (setq reponse (plv-demander-texte "Contrainte station;fin;nom;valeurs, ou fichier, ou rien" nil)) "")
+    (if (vl-string-search ";" reponse)
+      (if (eq (type (setq lues (plv-contrainte reponse))) 'STR) (plv-dire lues) (setq contraintes (cons lues contraintes)))
+      (if (setq lues (plv-fichier-existant reponse)) (setq contraintes (append (reverse (plv-lire-contraintes lues)) contraintes)))))
+  (reverse contraintes))

@@ -1,0 +1,63 @@
+;; What is asked of a line of fewest vertices, and what et_ligne of the studies answers. Points are (distance altitude) in
+;; metres; an end that is free in the band is (distance).
+;; Shared in the room: plv-optimal:demander-ligne plv-optimal:demander-couloir
+
+;; approchee: where nothing fulfils everything, the line that leaves it least is wanted
+(defun plv-souhait (depart arrivee minimum maximum contraintes approchee)
+  (list depart arrivee (float (min minimum maximum)) (float (max minimum maximum)) contraintes approchee))
+(defun plv-souhait-depart (souhait) (car souhait))
+(defun plv-souhait-arrivee (souhait) (cadr souhait))
+(defun plv-souhait-minimum (souhait) (caddr souhait))
+(defun plv-souhait-maximum (souhait) (cadddr souhait))
+(defun plv-souhait-contraintes (souhait) (nth 4 souhait))
+(defun plv-souhait-approchee (souhait) (nth 5 souhait))
+
+(defun plv-souhait-bandes (souhait origine)
+  "The stretches with other depths, as distances."
+  (mapcar '(lambda (c) (list (- (cadr c) origine) (- (caddr c) origine) (cadddr c) (nth 4 c)))
+          (vl-remove-if-not '(lambda (c) (= (car c) "profondeur")) (plv-souhait-contraintes souhait))))
+
+(defun plv-souhait-pentes (souhait)
+  "(least greatest) rise per metre; nil where slopes are free."
+  (cdr (assoc "pente" (plv-souhait-contraintes souhait))))
+
+(defun plv-proposition (lignes fenetres aires prouvee faute) (list lignes fenetres aires prouvee faute))
+(defun plv-proposition-lignes (proposition) (car proposition))
+(defun plv-proposition-fenetres (proposition) (cadr proposition))
+(defun plv-proposition-aire (proposition) (car (caddr proposition)))
+(defun plv-proposition-aire-moindre (proposition) (cadr (caddr proposition)))
+(defun plv-proposition-prouvee (proposition) (cadddr proposition))
+(defun plv-proposition-faute (proposition) (nth 4 proposition))
+
+;; what contradicts itself: (lacking (station name value) (station name value)), the lower limit and the upper one
+(defun plv-faute-manque (faute) (car faute))
+(defun plv-faute-basse (faute) (cadr faute))
+(defun plv-faute-haute (faute) (caddr faute))
+
+(defun plv-souhait:bout (bout origine)
+  "An end as et_ligne takes it."
+  (if (cdr bout) (list (+ origine (car bout)) (cadr bout)) (+ origine (car bout))))
+
+(defun plv-souhait:distances (points origine)
+  (mapcar '(lambda (p) (list (- (car p) origine) (cadr p))) points))
+
+(defun plv-souhait:appeler (fonction profil souhait / origine)
+  (setq origine (plv-premiere-station profil))
+  (apply fonction
+    (list profil (plv-souhait-minimum souhait) (plv-souhait-maximum souhait)
+          (plv-souhait:bout (plv-souhait-depart souhait) origine) (plv-souhait:bout (plv-souhait-arrivee souhait) origine)
+          (plv-souhait-contraintes souhait))))
+
+(defun plv-optimal:demander-ligne (profil souhait / origine trouve)
+  "A proposition; nil when et_ligne has none."
+  (setq origine (plv-premiere-station profil) trouve (plv-souhait:appeler 'et_ligne profil souhait))
+  (if trouve
+    (plv-proposition
+      (mapcar '(lambda (ligne) (plv-souhait:distances ligne origine)) (car trouve))
+      (mapcar '(lambda (fenetres) (mapcar '(lambda (f) (plv-souhait:distances f origine)) fenetres)) (cadr trouve))
+      (caddr trouve) (cadddr trouve) (nth 4 trouve))))
+
+(defun plv-optimal:demander-couloir (profil souhait / origine)
+  "The lower and the upper limit."
+  (setq origine (plv-premiere-station profil))
+  (mapcar '(lambda (ligne) (plv-souhait:distances ligne origine)) (plv-souhait:appeler 'et_couloir profil souhait)))
