@@ -96,9 +96,7 @@ void MainWindow::buildPanels() {
     commands_->setFocus();
   };
   profiles_->onChoose = [this](const QString& handle) { chooseProfile(handle); };
-  commands_->onLine = [this](const QString& line) {
-    if (Drawing* d = drawing()) d->type(line);
-  };
+  commands_->onLine = [this](const QString& line) { answer(line); };
   commands_->onCancel = [this] { escape(); };
 }
 
