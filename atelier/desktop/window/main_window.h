@@ -8,13 +8,13 @@
 #include <memory>
 
 #include "atelier/desktop/forms/dialog_window.h"
-#include "atelier/desktop/view/drawing_view.h"
 #include "atelier/desktop/panels/command_line.h"
 #include "atelier/desktop/panels/guide_window.h"
 #include "atelier/desktop/panels/layers_panel.h"
-#include "atelier/desktop/window/host_menu_bar.h"
 #include "atelier/desktop/panels/profiles_panel.h"
 #include "atelier/desktop/panels/properties_panel.h"
+#include "atelier/desktop/view/drawing_view.h"
+#include "atelier/desktop/window/host_menu_bar.h"
 #include "atelier/desktop/window/recovery_files.h"
 
 namespace atelier::desktop {
