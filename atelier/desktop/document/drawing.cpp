@@ -82,10 +82,13 @@ void Drawing::replaced() {
   if (onReplaced) onReplaced();
 }
 
-QString Drawing::title() const {
+QString Drawing::fileName() const {
   const std::string& path = document_->path();
-  const QString name = path.empty() ? untitled : QFileInfo(QString::fromStdString(path)).fileName();
-  return document_->isReadOnly() ? name + QStringLiteral(" (lecture seule)") : name;
+  return path.empty() ? untitled : QFileInfo(QString::fromStdString(path)).fileName();
+}
+
+QString Drawing::title() const {
+  return document_->isReadOnly() ? fileName() + QStringLiteral(" (lecture seule)") : fileName();
 }
 
 QString Drawing::commandName() const {

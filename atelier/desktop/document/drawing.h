@@ -50,7 +50,8 @@ class Drawing : public QObject {
   bool waits() const { return source_.waits(); }
   bool hasMore() const { return awaited_ > 0; }  // orders that haven't begun
   const PromptInfo* prompt() const { return source_.prompt(); }
-  QString title() const;  // of the tab
+  QString fileName() const;  // without its folder
+  QString title() const;     // of the tab
   bool isModified() { return document_->imp().modified; }
   // Whether an object has changed since the last call.
   bool takeChanged() { return changes_->take(); }

@@ -1,10 +1,12 @@
 // Parts of several forms: a file name with a button to choose it, OK and Cancel. Inner header of the room.
 #pragma once
+#include <QDialog>
 #include <QDialogButtonBox>
-#include <QFileDialog>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
+
+#include "atelier/desktop/forms/file_choice.h"
 
 namespace atelier::desktop {
 
@@ -19,8 +21,7 @@ inline QWidget* fileLine(QDialog* form, QLineEdit*& edit, const QString& title, 
   layout->addWidget(edit, 1);
   layout->addWidget(look);
   QObject::connect(look, &QPushButton::clicked, form, [form, edit, title, filter, save] {
-    const QString path = save ? QFileDialog::getSaveFileName(form, title, edit->text(), filter)
-                              : QFileDialog::getOpenFileName(form, title, edit->text(), filter);
+    const QString path = askFile(form, save ? FileUse::toWrite : FileUse::toRead, title, filter, edit->text());
     if (!path.isEmpty()) edit->setText(path);
   });
   return row;

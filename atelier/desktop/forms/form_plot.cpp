@@ -1,4 +1,5 @@
 // The preview is laid out by the plotter itself and painted small.
+#include <QFileInfo>
 #include <QFormLayout>
 #include <QMessageBox>
 #include <QPainter>
@@ -48,8 +49,8 @@ PlotForm::PlotForm(Drawing& drawing, QWidget* parent)
   auto* fields = new QFormLayout(this);
   fields->addRow(QStringLiteral("Fichier"), fileLine(this, file, QStringLiteral("Tracer dans"),
                                                      QStringLiteral("PDF (*.pdf);;SVG (*.svg);;PNG (*.png)"), true));
-  QString proposed = drawing.title();
-  file->setText(proposed.replace(".dxf", ".pdf"));
+  file->setText(besideDrawing(QString::fromStdString(drawing.document().path()),
+                              QFileInfo(drawing.fileName()).completeBaseName() + ".pdf"));
   scale = new QLineEdit(QStringLiteral("fit"), this);
   scale->setToolTip(QStringLiteral("1:200, ou fit pour remplir la feuille"));
   paper = new QComboBox(this);

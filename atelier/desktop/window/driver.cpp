@@ -110,7 +110,7 @@ QWidget* Driver::front() {
 }
 
 bool Driver::isReady() const {
-  if (shooting_) return false;
+  if (shooting_ || (window_.asksForFile() && !QApplication::activeModalWidget())) return false;
   if (QWidget* const modal = QApplication::activeModalWidget()) {
     const auto* const dialog = dynamic_cast<DialogWindow*>(modal);
     return !dialog || !dialog->model().result();  // a dialog with a result is about to close

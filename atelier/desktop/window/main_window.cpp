@@ -3,13 +3,11 @@
 
 #include <QApplication>
 #include <QColorDialog>
-#include <QDockWidget>
 #include <QDragEnterEvent>
 #include <QFileInfo>
 #include <QMimeData>
 #include <QScreen>
 #include <QSettings>
-#include <QStatusBar>
 
 #include "atelier/commands/commands.h"
 #include "atelier/desktop/document/lisp_bridge.h"
@@ -18,17 +16,7 @@
 namespace atelier::desktop {
 namespace {
 
-constexpr int kPanelWidth = 42;        // characters
 constexpr double kScreenShare = 0.95;  // of a new window, with its frame
-constexpr int kReadingDelay = 60;      // milliseconds between two readings of a profile
-
-QDockWidget* dock(QMainWindow& window, const QString& title, QWidget* content, Qt::DockWidgetArea area) {
-  auto* panel = new QDockWidget(title, &window);
-  panel->setObjectName(title);
-  panel->setWidget(content);
-  window.addDockWidget(area, panel);
-  return panel;
-}
 
 }  // namespace
 
@@ -63,49 +51,6 @@ MainWindow::~MainWindow() {
     delete drawings_.back()->view;
     drawings_.pop_back();
   }
-}
-
-void MainWindow::buildPanels() {
-  profiles_ = new ProfilesPanel(this);
-  properties_ = new PropertiesPanel(this);
-  commands_ = new CommandLine(this);
-  guide_ = new GuideWindow(this);
-  layers_ = new LayersPanel(this);
-  layers_->onChange = [this](const QStringList& answers) {
-    carryOut(QStringList("-LAYER") + answers + QStringList(""));
-  };
-  QDockWidget* const profiles = dock(*this, QStringLiteral("Profils"), profiles_, Qt::LeftDockWidgetArea);
-  resizeDocks({profiles}, {fontMetrics().averageCharWidth() * kPanelWidth}, Qt::Horizontal);
-  QDockWidget* const properties = dock(*this, QStringLiteral("Propriétés"), properties_, Qt::LeftDockWidgetArea);
-  tabifyDockWidget(properties, dock(*this, QStringLiteral("Calques"), layers_, Qt::LeftDockWidgetArea));
-  properties->raise();
-  QDockWidget* const commands = dock(*this, QStringLiteral("Commandes"), commands_, Qt::BottomDockWidgetArea);
-  resizeDocks({commands}, {commands->minimumSizeHint().height()}, Qt::Vertical);
-  coordinates_ = new QLabel(this);
-  coordinates_->setMinimumWidth(fontMetrics().horizontalAdvance("000000.000 , 000000.000"));
-  profileStatus_ = new QLabel(this);
-  statusBar()->addWidget(coordinates_);
-  statusBar()->addWidget(profileStatus_, 1);
-  currentProfile_ = new QLabel(this);
-  statusBar()->addPermanentWidget(currentProfile_);
-  buildModes();
-  profiles_->onShow = [this](const QString& handle) {
-    Drawing* const d = drawing();
-    if (!d || !d->waits() || !d->prompt()->wantsEntity) return showHandle(handle);
-    d->type(QString("(handent \"%1\")").arg(handle));
-    commands_->setFocus();
-  };
-  profiles_->onChoose = [this](const QString& handle) { chooseProfile(handle); };
-  commands_->onLine = [this](const QString& line) {
-    if (Drawing* d = drawing()) d->type(line);
-  };
-  commands_->onCancel = [this] { escape(); };
-}
-
-void MainWindow::chooseProfile(const QString& handle) {
-  const QString profile = QString("(handent \"%1\")").arg(handle);
-  const QString call = QString("(progn (if (plv-profil-sain %1) (plv-choix-profil %1)) (princ))").arg(profile);
-  if (Drawing* d = drawing()) d->feed({{call.toStdString(), {}, "PLV-CHOISIR"}});
 }
 
 MainWindow::Tab* MainWindow::front() const {
@@ -204,45 +149,6 @@ void MainWindow::afterReplacement(Tab& tab) {
   atelier::desktop::ask(d.document(), "(progn (plv-bureau-oublier) (plv-reprendre-courant))");
   tab.view->startAnew();
   showTitle(tab);
-}
-
-void MainWindow::moved(Drawing& drawing, const AcGePoint3d& point) {
-  coordinates_->setText(QString("%1 , %2").arg(point.x, 0, 'f', 3).arg(point.y, 0, 'f', 3));
-  readingAt_ = point;
-  // A running computation is not disturbed.
-  if ((!drawing.isRunning() || drawing.prompt()) && !readingTimer_.isActive()) readingTimer_.start(kReadingDelay);
-}
-
-void MainWindow::readProfile() {
-  Drawing* const d = drawing();
-  if (!d || (d->isRunning() && !d->prompt())) return;
-  const QVariantList reading =
-      atelier::desktop::ask(d->document(),
-                            QString("(plv-bureau-lecture %1 %2)").arg(number(readingAt_.x), number(readingAt_.y)))
-          .toList();
-  profileStatus_->setText(reading.size() < 5
-                              ? QString()
-                              : QStringLiteral("Profil %1   distance %2   altitude %3   terrain %4   profondeur %5")
-                                    .arg(reading[0].toString(), reading[1].toString(), reading[2].toString(),
-                                         reading[3].toString(), reading[4].toString()));
-}
-
-void MainWindow::showHandle(const QString& handle) {
-  Tab* const tab = front();
-  const auto value = parseHandle(handle.toStdString());
-  if (!tab || !value) return;
-  AcDbStub* const stub = tab->drawing->document().imp().stubOf(*value);
-  if (!stub || stub->is(AcDbStub::kErased)) return;
-  tab->view->select({stub});
-  // A profile's block contains only its title; the front-end gives the extent of the whole profile.
-  const QVariantList box =
-      atelier::desktop::ask(tab->drawing->document(), QString("(plv-bureau-boite \"%1\")").arg(handle)).toList();
-  AcDbEntityPointer entity(idOf(stub));
-  AcDbExtents extents;
-  if (box.size() == 4)
-    extents = AcDbExtents({box[0].toDouble(), box[1].toDouble(), 0}, {box[2].toDouble(), box[3].toDouble(), 0});
-  else if (entity.openStatus() == Acad::eOk) entity->getGeomExtents(extents);
-  tab->view->zoomTo(extents);
 }
 
 void MainWindow::perform(const QString& action) {

@@ -8,13 +8,13 @@
 #include <memory>
 
 #include "atelier/desktop/forms/dialog_window.h"
-#include "atelier/desktop/view/drawing_view.h"
 #include "atelier/desktop/panels/command_line.h"
 #include "atelier/desktop/panels/guide_window.h"
 #include "atelier/desktop/panels/layers_panel.h"
-#include "atelier/desktop/window/host_menu_bar.h"
 #include "atelier/desktop/panels/profiles_panel.h"
 #include "atelier/desktop/panels/properties_panel.h"
+#include "atelier/desktop/view/drawing_view.h"
+#include "atelier/desktop/window/host_menu_bar.h"
 #include "atelier/desktop/window/recovery_files.h"
 
 namespace atelier::desktop {
@@ -41,6 +41,8 @@ class MainWindow : public QMainWindow {
   PropertiesPanel& properties() { return *properties_; }
   LayersPanel& layers() { return *layers_; }
   const GuideWindow& guide() const { return *guide_; }
+  // Whether a file is being chosen that answers the waiting prompt.
+  bool asksForFile() const { return asksForFile_; }
   QString status() const { return profileStatus_->text(); }
   QString currentProfile() const { return currentProfile_->text(); }
   // Writes copies of unsaved drawings, to be offered at the next start after a crash. Called soon after each change.
@@ -102,6 +104,7 @@ class MainWindow : public QMainWindow {
   void remember(const QString& path);
   void complain(const QString& text);
   QString ask(const QString& question, const QStringList& answers);
+  void answer(const QString& line);
   QString chooseFile(bool save, const QString& title, const QString& filter, const QString& suggested = {});
   void windowAction(const QString& name);
   void changeTheme();
@@ -137,6 +140,7 @@ class MainWindow : public QMainWindow {
   qint64 copyCost_ = 0;  // milliseconds that the last copies took
   AcGePoint3d readingAt_;
   int untitled_ = 0;
+  bool asksForFile_ = false;
 };
 
 }  // namespace atelier::desktop

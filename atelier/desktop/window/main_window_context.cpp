@@ -1,6 +1,5 @@
 // The menu of the right button: the options of the running command, else what can be done with the selection.
 #include <QMenu>
-#include <QTimer>
 
 #include "atelier/base/text.h"
 #include "atelier/desktop/document/lisp_bridge.h"
@@ -20,10 +19,9 @@ constexpr qsizetype kLongestRepeat = 40;  // characters
 
 }  // namespace
 
-// An entry acts when the menu has closed: a command runs inside the event that begins it.
+// Commands begin when the event loop is reached (Drawing::feed), not inside the menu's own event.
 void MainWindow::addEntry(QMenu& menu, const QString& text, std::function<void()> action) {
-  connect(menu.addAction(text), &QAction::triggered, this,
-          [this, action = std::move(action)] { QTimer::singleShot(0, this, action); });
+  connect(menu.addAction(text), &QAction::triggered, this, std::move(action));
 }
 
 void MainWindow::showContextMenu(const QPoint& at) {
@@ -56,7 +54,7 @@ void MainWindow::addPromptEntries(QMenu& menu, const PromptInfo& prompt) {
 void MainWindow::addObjectEntries(QMenu& menu) {
   const QString last = drawing()->lastLine;
   if (!last.trimmed().isEmpty() && last.size() <= kLongestRepeat)
-    addEntry(menu, QStringLiteral("Répéter %1").arg(last), [this] { drawing()->type({}); });
+    addEntry(menu, QStringLiteral("Répéter %1").arg(last), [this, last] { drawing()->feed({{last.toStdString()}}); });
   menu.addSeparator();
   if (view()->selection().empty()) {
     addEntry(menu, QStringLiteral("Annuler la dernière action"), [this] { perform("U"); });

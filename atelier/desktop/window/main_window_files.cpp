@@ -1,7 +1,6 @@
 // Opening, saving, recent files.
 // A damaged file is opened only when the user wants what is left of it, and is never saved over.
 #include <QApplication>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
@@ -9,6 +8,7 @@
 #include <QTimer>
 
 #include "atelier/commands/files/audit_report.h"
+#include "atelier/desktop/forms/file_choice.h"
 #include "atelier/desktop/window/main_window.h"
 #include "atelier/desktop/window/theme.h"
 
@@ -37,8 +37,19 @@ QString MainWindow::ask(const QString& question, const QStringList& answers) {
 
 QString MainWindow::chooseFile(bool save, const QString& title, const QString& filter, const QString& suggested) {
   if (fileAnswer) return fileAnswer();
-  return save ? QFileDialog::getSaveFileName(this, title, suggested, filter)
-              : QFileDialog::getOpenFileName(this, title, suggested, filter);
+  return askFile(this, save ? FileUse::toWrite : FileUse::toRead, title, filter, suggested);
+}
+
+// At a question for a text, the sign ~ opens a dialog, whose file is the answer.
+void MainWindow::answer(const QString& line) {
+  Drawing* const d = drawing();
+  if (!d) return;
+  if (line.trimmed() != "~" || !d->waits() || !d->prompt()->takesSpaces) return d->type(line);
+  const QString question = QString::fromStdString(d->prompt()->text).trimmed();
+  asksForFile_ = true;
+  const QString path = fileAnswer ? fileAnswer() : askFile(this, FileUse::either, question, QStringLiteral("Tous (*)"));
+  asksForFile_ = false;
+  if (!path.isEmpty()) d->type(path);
 }
 
 bool MainWindow::open(const QString& path) {
