@@ -6,6 +6,7 @@ end like source files. A name without a folder may stand anywhere in the tree. E
 """
 import os
 import re
+import shutil
 import subprocess
 import sys
 
@@ -19,9 +20,16 @@ OTHERS = {"std", "hote/..."}
 
 
 def files():
-    listed = subprocess.run(["git", "-C", ROOT, "ls-files", "--cached", "--others", "--exclude-standard"], capture_output=True,
-                            text=True, check=True)
-    return [name for name in listed.stdout.splitlines() if os.path.exists(os.path.join(ROOT, name))]
+    """The project's own; of an unpacked archive, or without git, all but what is built."""
+    if shutil.which("git") and os.path.exists(os.path.join(ROOT, ".git")):
+        listed = subprocess.run(["git", "-C", ROOT, "ls-files", "--cached", "--others", "--exclude-standard"], capture_output=True,
+                                text=True, check=True)
+        return [name for name in listed.stdout.splitlines() if os.path.exists(os.path.join(ROOT, name))]
+    found = []
+    for folder, folders, names in os.walk(ROOT):
+        folders[:] = [name for name in folders if name not in (".git", "build", "__pycache__")]
+        found += [os.path.relpath(os.path.join(folder, name), ROOT) for name in names]
+    return sorted(found)
 
 
 class Tree:
