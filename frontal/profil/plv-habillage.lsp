@@ -14,7 +14,7 @@
   (plv-habillage:placer profil "TITRE" (plv-point (car point) y))
   (plv-habillage:placer profil "NUMPL" (plv-point (+ (car point) largeur (* 1.4 ttxt)) y))
   (plv-texte "PLV-TITRES" (plv-point (car point) (- y (* 2.0 ttxt))) (* 0.8 ttxt)
-    (strcat "Longueur " (plv-reel longueur 2) " m - hauteurs multipliees par " (plv-reel echv 1)) 0 0.0))
+    (strcat "Longueur " (plv-reel longueur 2) " m - hauteurs multipliées par " (plv-reel echv 1)) 0 0.0))
 
 (defun plv-habillage:placer (profil etiquette point / groupes)
   (if (setq groupes (plv-attribut-profil profil etiquette))
