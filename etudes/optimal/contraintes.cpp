@@ -41,8 +41,7 @@ constexpr double kToleranceBout = 1e-6;
 void fixer(couloir& c, double distance, const std::optional<double>& altitude) {
   if (!altitude) return;
   const limites& porte = c.portes[c.rangDe(distance)].passage;
-  const double z = std::clamp(*altitude, porte.bas - kToleranceBout, std::max(porte.bas, porte.haut) + kToleranceBout);
-  if (z == *altitude) c.fixer(distance, z);
+  if (*altitude >= porte.bas - kToleranceBout && *altitude <= porte.haut + kToleranceBout) c.fixer(distance, *altitude);
   else c.percer(distance, {*altitude, *altitude});
 }
 
