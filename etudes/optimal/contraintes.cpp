@@ -74,7 +74,7 @@ bool convient(const listeSommets& terrain, const demande& d) {
   return terrain.size() > 1 && enOrdre(d.debut, d.fin) && ouverte(d.profondeurs) &&
          std::all_of(d.bandes.begin(), d.bandes.end(), [](const troncBande& t) { return ouverte(t.profondeurs); }) &&
          (!d.pente || d.pente->moindre <= d.pente->plusGrande) && d.longueur >= 0 && d.pasAltitude >= 0 &&
-         terrain.front().distance.valeur <= d.debut + plv::kToleranceStation &&
+         d.pasPente >= 0 && terrain.front().distance.valeur <= d.debut + plv::kToleranceStation &&
          terrain.back().distance.valeur >= d.fin - plv::kToleranceStation &&
          std::is_sorted(terrain.begin(), terrain.end(),
                         [](const sommet& a, const sommet& b) { return a.distance < b.distance; });
