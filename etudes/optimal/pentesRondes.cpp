@@ -9,8 +9,9 @@ namespace etu {
 
 namespace {
 
-constexpr double kNoeuds = 8e4;    // about; what is left free by the steps
-constexpr double kArrondi = 1e-7;  // of a step: what rounding may take from it
+constexpr double kNoeuds = 8e4;        // about; what is left free by the steps
+constexpr double kNoeudsAuPlus = 4e6;  // beyond, the steps are too small for the corridor
+constexpr double kArrondi = 1e-7;      // of a step: what rounding may take from it
 
 struct noeudRond {
   std::size_t droites = std::numeric_limits<std::size_t>::max();
@@ -38,9 +39,13 @@ class filetRond {
  private:
   void poser();
   double altitude(std::size_t station, std::int64_t niveau) const;
+  struct buts {
+    std::int64_t de, vers, pas;
+  };
+  buts butsDe(std::size_t station, std::int64_t niveau, std::size_t la, const cone& vue) const;
   void suivre(std::size_t station, std::int64_t niveau);
   void finir(std::size_t station, std::int64_t niveau, cone& vue, const noeudRond& a);
-  void proposer(noeudRond& b, double zFin, double dx, std::size_t station, std::int64_t niveau,
+  bool proposer(noeudRond& b, double zFin, double dx, std::size_t station, std::int64_t niveau,
                 const noeudRond& a) const;
   bool departDonne(std::size_t station) const { return station == 0 && m_exigences.debutDonne; }
 
@@ -58,13 +63,16 @@ double filetRond::altitude(std::size_t station, std::int64_t niveau) const {
   return m_z0 + m_niveau * static_cast<double>(niveau);
 }
 
+// The stations and their levels; in a corridor that narrows to nothing a station may have none.
 void filetRond::poser() {
   const double longueur = m_couloir.fin() - m_couloir.debut();
-  const double hauteur = m_couloir.portes[m_couloir.portes.size() / 2].passage.hauteur();
+  double hauteur = 0.1;
+  for (const porte& p : m_couloir.portes) hauteur = std::max(hauteur, p.passage.hauteur());
   m_pas = m_exigences.pasAltitude > 0
               ? m_exigences.pasAltitude / m_exigences.pasPente
-              : std::ceil(10 * std::sqrt(longueur * std::max(hauteur, 0.1) / (m_exigences.pasPente * kNoeuds))) / 10;
+              : std::ceil(10 * std::sqrt(longueur * hauteur / (m_exigences.pasPente * kNoeuds))) / 10;
   m_niveau = m_exigences.pasPente * m_pas;
+  if (!(longueur / m_pas * std::max(1.0, hauteur / m_niveau) < kNoeudsAuPlus)) return;
   if (m_exigences.pasAltitude <= 0) m_z0 = m_couloir.portes.front().passage.bas;
   for (std::size_t k = 0; m_couloir.debut() + m_pas * static_cast<double>(k) < m_couloir.fin() - 0.1 * m_pas; ++k) {
     const double d = m_couloir.debut() + m_pas * static_cast<double>(k);
@@ -77,11 +85,27 @@ void filetRond::poser() {
   }
 }
 
-void filetRond::proposer(noeudRond& b, double zFin, double dx, std::size_t station, std::int64_t niveau,
+// Whether this way is better than the one so far, which it then replaces.
+bool filetRond::proposer(noeudRond& b, double zFin, double dx, std::size_t station, std::int64_t niveau,
                          const noeudRond& a) const {
   const double aire = a.aire + 0.5 * dx * (altitude(station, niveau) + zFin);
-  if (a.droites + 1 > b.droites || (a.droites + 1 == b.droites && aire <= b.aire)) return;
+  if (a.droites + 1 > b.droites || (a.droites + 1 == b.droites && aire <= b.aire)) return false;
   b = {a.droites + 1, aire, station, niveau};
+  return true;
+}
+
+// The levels of a later station to which a run passes and has a round slope: every so many from one to another one.
+filetRond::buts filetRond::butsDe(std::size_t station, std::int64_t niveau, std::size_t la, const cone& vue) const {
+  const colonne& c = m_colonnes[la];
+  const double dx = c.distance - m_colonnes[station].distance, z = altitude(station, niveau);
+  const double moindre = std::max(vue.moindre(), (altitude(la, c.bas) - z) / dx),
+               plusGrande = std::min(vue.plusGrande(), (altitude(la, c.haut()) - z) / dx);
+  // From a given start to rounded altitudes a run may have any slope.
+  if (departDonne(station) && m_exigences.pasAltitude > 0)
+    return {auDessus((z + moindre * dx - m_z0) / m_niveau), auDessous((z + plusGrande * dx - m_z0) / m_niveau), 1};
+  const auto pas = static_cast<std::int64_t>(la - station);
+  return {niveau + auDessus(moindre / m_exigences.pasPente) * pas,
+          niveau + auDessous(plusGrande / m_exigences.pasPente) * pas, pas};
 }
 
 // Leads straight runs on from a place that is reached, to later stations and to the end.
@@ -89,26 +113,15 @@ void filetRond::suivre(std::size_t station, std::int64_t niveau) {
   const colonne& ici = m_colonnes[station];
   const noeudRond a = ici.noeuds[static_cast<std::size_t>(niveau - ici.bas)];
   cone vue(m_couloir, m_exigences, {ici.distance, altitude(station, niveau)});
-  const bool libre = departDonne(station) && m_exigences.pasAltitude > 0;
   for (std::size_t j = station + 1; j < m_colonnes.size(); ++j) {
     colonne& la = m_colonnes[j];
     const double dx = la.distance - ici.distance;
     if (!vue.avancer(la.distance)) return;
-    if (dx < m_exigences.longueur) continue;
-    // From level to level by multiples of the number of stations; from a given start with rounded altitudes by one.
-    const auto pas = libre ? 1 : static_cast<std::int64_t>(j - station);
-    const double base = libre ? (altitude(station, niveau) - m_z0) / m_niveau : static_cast<double>(niveau);
-    const double parPas = libre ? m_niveau / dx : m_exigences.pasPente;
-    const double origine = libre ? 0 : base;
-    const double decalage = libre ? base : 0;
-    const std::int64_t de = std::max(auDessus((static_cast<double>(la.bas) - origine) / static_cast<double>(pas)),
-                                     auDessus(vue.moindre() / parPas + decalage)),
-                       vers = std::min(auDessous((static_cast<double>(la.haut()) - origine) / static_cast<double>(pas)),
-                                       auDessous(vue.plusGrande() / parPas + decalage));
-    for (std::int64_t k = de; k <= vers; ++k) {
-      const std::int64_t but = (libre ? 0 : niveau) + k * pas;
-      proposer(la.noeuds[static_cast<std::size_t>(but - la.bas)], altitude(j, but), dx, station, niveau, a);
-    }
+    if (dx < m_exigences.longueur || la.noeuds.empty()) continue;
+    const buts b = butsDe(station, niveau, j, vue);
+    for (std::int64_t but = b.de; but <= b.vers; but += b.pas)
+      if (but >= la.bas && but <= la.haut())
+        proposer(la.noeuds[static_cast<std::size_t>(but - la.bas)], altitude(j, but), dx, station, niveau, a);
   }
   finir(station, niveau, vue, a);
 }
@@ -117,18 +130,13 @@ void filetRond::finir(std::size_t station, std::int64_t niveau, cone& vue, const
   const double dx = m_couloir.fin() - m_colonnes[station].distance, z = altitude(station, niveau);
   const limites bout = m_couloir.portes.back().passage;
   if (dx < m_exigences.longueur || !vue.avancer(m_couloir.fin())) return;
-  const noeudRond avant = m_fin;
-  if (m_exigences.finDonnee) {
-    if (vue.voit({m_couloir.fin(), bout.bas})) proposer(m_fin, bout.bas, dx, station, niveau, a);
-    m_zFin = bout.bas;
-    return;
+  double zFin = bout.bas;
+  if (!m_exigences.finDonnee) {
+    const double plusGrande = std::min(vue.plusGrande(), (bout.haut - z) / dx), pas = m_exigences.pasPente;
+    zFin = z + static_cast<double>(auDessous(plusGrande / pas)) * pas * dx;
+    if (zFin < bout.bas - kToleranceCouloir) return;
   }
-  const double pas = m_exigences.pasPente;
-  const std::int64_t k = std::min(auDessous(vue.plusGrande() / pas), auDessous((bout.haut - z) / dx / pas));
-  const double zFin = z + static_cast<double>(k) * pas * dx;
-  if (k < auDessus(vue.moindre() / pas) || zFin < bout.bas - kToleranceCouloir) return;
-  proposer(m_fin, zFin, dx, station, niveau, a);
-  if (m_fin.droites != avant.droites || m_fin.aire != avant.aire) m_zFin = zFin;
+  if (vue.voit({m_couloir.fin(), zFin}) && proposer(m_fin, zFin, dx, station, niveau, a)) m_zFin = zFin;
 }
 
 std::optional<ligneDroite> filetRond::ligne() {

@@ -14,7 +14,7 @@
      (strcat "le terrain revient en arrière à la station " (plv-reel (+ (plv-premiere-station profil) (car recul)) 3)))
     ((or (assoc "longueur" (plv-souhait-contraintes souhait)) (assoc "arrondi" (plv-souhait-contraintes souhait)))
      "aucune ligne n'est trouvée avec cette longueur des droites ou ces altitudes arrondies, ce qui ne prouve pas qu'il n'y en a pas")
-    (T "le profil est trop long pour cette recherche")))
+    (T "le profil est trop long, ou une altitude trop loin, pour cette recherche")))
 
 (defun plv-optimal-sommets:nommer (limite / nom z)
   "A limit in words."

@@ -52,3 +52,9 @@
   ((et_ligne p 1.0 2.0 1000.0 1100.0 3)) ((et_ligne p 1.0 2.0 1000.0 1100.0 '(3)))  ((et_ligne p 1.0 2.0 1000.0 1100.0 '(("point" 1000.0))))
   ((et_ligne p 1.0 2.0 1000.0 1100.0 '(("puits" 1000.0)))) ((et_ligne p 1.0 2.0 1000.0 1100.0 '(("pente" 2 1)))))
 (appel nil)
+
+;; Steps and lengths beyond all measure find no line, and take neither time nor memory for it.
+(situation "NoNumberOfAConstraintIsTooMuch")
+(tableau (c)
+  (("arrondi" 1e-9 1.0)) (("arrondi" 1e-300 1e-300)) (("arrondi" 1e9 0.0)) (("arrondi" 1e9 1e9)) (("longueur" 1e9)))
+((et_ligne p 1.0 1.2 1000.0 1100.0 (list 'c)) nil)
