@@ -65,8 +65,9 @@ choisir::choisir(const couloir& c, const parcours& aller, const parcours& retour
   m_stations.push_back({c.debut(), c.debut()});
   for (std::size_t i = 1; i < droites; ++i) {
     const std::size_t reste = droites - i;
-    m_stations.push_back({reste <= retour.fenetres.size() ? -retour.fenetres[reste - 1].fin.distance : c.debut(),
-                          i <= aller.fenetres.size() ? aller.fenetres[i - 1].fin.distance : c.fin()});
+    const double depuis = reste <= retour.fenetres.size() ? -retour.fenetres[reste - 1].fin.distance : c.debut(),
+                 jusque = i <= aller.fenetres.size() ? aller.fenetres[i - 1].fin.distance : c.fin();
+    m_stations.push_back({std::min(depuis, jusque), std::max(depuis, jusque)});
   }
   m_stations.push_back({c.fin(), c.fin()});
 }

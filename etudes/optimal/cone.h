@@ -12,9 +12,10 @@ struct exigences {
   std::optional<pentes> pente;
   double longueur = 0;     // of a run at least
   double pasAltitude = 0;  // vertices stand at multiples of it, but for ends that are given; 0 where they like
+  double pasPente = 0;     // slopes are multiples of it; 0 where they like
   bool debutDonne = false, finDonnee = false;
   // The lines of moinsDeDroites, brought within the slopes, fulfil them.
-  bool simples() const { return longueur == 0 && pasAltitude == 0; }
+  bool simples() const { return longueur == 0 && pasAltitude == 0 && pasPente == 0; }
 };
 
 // The altitude for a vertex that is nearest to a wanted one, within the corridor and rounded as required; nothing where there is none.
@@ -27,6 +28,9 @@ class cone {
   bool avancer(double distance);
   // Whether the run to a place, at that distance and in the corridor, passes.
   bool voit(const pointLigne& p) const;
+  // The slopes that pass.
+  double moindre() const { return m_moindre; }
+  double plusGrande() const { return m_plusGrande; }
 
  private:
   const couloir& m_couloir;

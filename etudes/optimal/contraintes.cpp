@@ -41,8 +41,7 @@ constexpr double kToleranceBout = 1e-6;
 void fixer(couloir& c, double distance, const std::optional<double>& altitude) {
   if (!altitude) return;
   const limites& porte = c.portes[c.rangDe(distance)].passage;
-  const double z = std::clamp(*altitude, porte.bas - kToleranceBout, std::max(porte.bas, porte.haut) + kToleranceBout);
-  if (z == *altitude) c.fixer(distance, z);
+  if (*altitude >= porte.bas - kToleranceBout && *altitude <= porte.haut + kToleranceBout) c.fixer(distance, *altitude);
   else c.percer(distance, {*altitude, *altitude});
 }
 
@@ -75,7 +74,7 @@ bool convient(const listeSommets& terrain, const demande& d) {
   return terrain.size() > 1 && enOrdre(d.debut, d.fin) && ouverte(d.profondeurs) &&
          std::all_of(d.bandes.begin(), d.bandes.end(), [](const troncBande& t) { return ouverte(t.profondeurs); }) &&
          (!d.pente || d.pente->moindre <= d.pente->plusGrande) && d.longueur >= 0 && d.pasAltitude >= 0 &&
-         terrain.front().distance.valeur <= d.debut + plv::kToleranceStation &&
+         d.pasPente >= 0 && terrain.front().distance.valeur <= d.debut + plv::kToleranceStation &&
          terrain.back().distance.valeur >= d.fin - plv::kToleranceStation &&
          std::is_sorted(terrain.begin(), terrain.end(),
                         [](const sommet& a, const sommet& b) { return a.distance < b.distance; });

@@ -34,6 +34,7 @@ struct demande {
   std::optional<pentes> pente;
   double longueur = 0;     // of a run at least
   double pasAltitude = 0;  // vertices stand at multiples of it; 0 where they like
+  double pasPente = 0;     // slopes are multiples of it; 0 where they like
 };
 
 // Whether the ground runs to the right and covers what is asked, and what is asked makes sense in itself.

@@ -11,8 +11,6 @@ namespace {
 
 limites sous(double altitude, const bande& b) { return {altitude - b.plusGrande, altitude - b.moindre}; }
 
-bool memes(const limites& a, const limites& b) { return a.bas == b.bas && a.haut == b.haut; }
-
 double altitudeEntre(const sommet& a, const sommet& b, double distance) {
   const double t = (distance - a.distance.valeur) / (b.distance - a.distance);
   return a.altitude.valeur + t * (b.altitude - a.altitude);
@@ -20,9 +18,12 @@ double altitudeEntre(const sommet& a, const sommet& b, double distance) {
 
 // Adds a door with the altitudes of the ground on both sides of it.
 void ajouter(couloir& c, double distance, double zAvant, double zApres, const bande& b) {
-  const limites avant = sous(zAvant, b), apres = sous(zApres, b);
-  if (!memes(avant, apres)) c.marches.push_back({c.portes.size(), avant, apres, true});
-  c.portes.push_back({distance, communes(avant, apres)});
+  const limites avant = sous(zAvant, b);
+  c.portes.push_back({distance, avant});
+  if (zAvant == zApres) return;
+  const limites apres = sous(zApres, b);
+  c.marches.push_back({c.portes.size() - 1, avant, apres, true});
+  c.portes.back().passage = communes(avant, apres);
 }
 
 }  // namespace
@@ -61,6 +62,7 @@ std::size_t couloir::rangDe(double distance) const {
 
 couloir couloirSous(const listeSommets& terrain, double debut, double fin, const bande& profondeurs) {
   couloir c;
+  c.portes.reserve(terrain.size() + 2);
   std::size_t i = 0;
   while (i + 1 < terrain.size() && terrain[i + 1].distance.valeur <= debut + plv::kToleranceStation) ++i;
   const bool aPoint = i + 1 >= terrain.size() || terrain[i].distance.valeur >= debut - plv::kToleranceStation;

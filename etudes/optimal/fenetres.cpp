@@ -22,11 +22,10 @@ class recherche {
   std::optional<parcours> faire();
 
  private:
-  std::int64_t x(double distance) const { return std::llrint((distance - m_x0) * kParMetre); }
-  // A limit, moved outwards: up for the upper side.
+  // Rounded towards the origin, which is nearer than the margin by which limits are moved.
+  std::int64_t x(double distance) const { return static_cast<std::int64_t>((distance - m_x0) * kParMetre); }
   std::int64_t y(double altitude, bool haut) const {
-    const double v = (altitude - m_y0) * kParMetre;
-    return haut ? std::llrint(std::ceil(v)) + kMargeGrille : std::llrint(std::floor(v)) - kMargeGrille;
+    return static_cast<std::int64_t>((altitude - m_y0) * kParMetre) + (haut ? kMargeGrille : -kMargeGrille);
   }
   pointGrille limite(std::size_t rang, bool haut) const {
     const porte& p = m_couloir.portes[rang];
@@ -42,7 +41,8 @@ class recherche {
   }
   bool passer(std::size_t rang);
   std::optional<pointGrille> sortie(const droite& d, std::size_t rang, bool haut) const;
-  void reprendre(std::size_t rang, bool haut);
+  template <class MANQUE, class SUIVI>
+  void reprendre(std::size_t rang, MANQUE& manque, SUIVI& suivi);
   pointLigne enMetres(double gx, double gy) const { return {m_x0 + gx * kPasGrille, m_y0 + gy * kPasGrille}; }
   pointLigne surDroite(const droite& d, double gx) const;
   pointLigne croisement(const droite& a, const droite& b, const fenetre& f) const;
@@ -50,7 +50,8 @@ class recherche {
 
   const couloir& m_couloir;
   double m_x0, m_y0;
-  bord m_haut{1}, m_bas{-1};
+  bord<true> m_haut;
+  bord<false> m_bas;
   bool m_manqueHaut = false;  // the side that the fan has missed
   std::vector<droite> m_droites;
   std::vector<fenetre> m_fenetres;
@@ -58,7 +59,7 @@ class recherche {
 
 // Leads the fan through a door; false when no line passes.
 bool recherche::passer(std::size_t rang) {
-  const pointGrille haut = limite(rang, true), bas = limite(rang, false);
+  const pointGrille haut = limite(rang, true), bas{haut.x, y(m_couloir.portes[rang].passage.bas, false), rang};
   m_manqueHaut = m_haut.manque(haut, m_bas);
   if (m_manqueHaut || m_bas.manque(bas, m_haut)) return false;
   m_haut.tendre(haut, m_bas);
@@ -84,18 +85,17 @@ std::optional<pointGrille> recherche::sortie(const droite& d, std::size_t rang, 
 }
 
 // Begins a new fan at the window before this door, through the side that was missed.
-void recherche::reprendre(std::size_t rang, bool haut) {
-  const bord& autre = haut ? m_bas : m_haut;
-  const droite d{autre.gauche(), autre.droite()};
-  const auto bout = sortie(d, rang, haut);
+template <class MANQUE, class SUIVI>
+void recherche::reprendre(std::size_t rang, MANQUE& manque, SUIVI& suivi) {
+  const droite d{suivi.gauche(), suivi.droite()};
+  const auto bout = sortie(d, rang, MANQUE::kHaut);
   m_droites.push_back(d);
   const std::int64_t fin = bout ? bout->x : x(m_couloir.portes[rang].distance);
   m_fenetres.push_back({surDroite(d, static_cast<double>(d.droite.x)), surDroite(d, static_cast<double>(fin))});
-  m_haut.vider();
-  m_bas.vider();
-  bord &manque = haut ? m_haut : m_bas, &suivi = haut ? m_bas : m_haut;
+  manque.vider();
+  suivi.vider();
   suivi.inserer(d.droite);
-  for (std::size_t i = d.droite.rang + 1; i < rang; ++i) suivi.inserer(limite(i, !haut));
+  for (std::size_t i = d.droite.rang + 1; i < rang; ++i) suivi.inserer(limite(i, SUIVI::kHaut));
   if (!bout) return;
   manque.tendre(*bout, suivi);
   manque.inserer(*bout);
@@ -111,10 +111,11 @@ std::optional<parcours> recherche::faire() {
     // From a window a line always reaches the next door, unless it is shut.
     if (repris == rang) return std::nullopt;
     repris = rang;
-    reprendre(rang, m_manqueHaut);
+    if (m_manqueHaut) reprendre(rang, m_haut, m_bas);
+    else reprendre(rang, m_bas, m_haut);
   }
-  const bord& dernier = m_haut.tendu() ? m_haut : m_bas;
-  m_droites.push_back({dernier.gauche(), dernier.droite()});
+  m_droites.push_back(m_haut.tendu() ? droite{m_haut.gauche(), m_haut.droite()}
+                                     : droite{m_bas.gauche(), m_bas.droite()});
   return parcours{m_fenetres, ligne(m_droites, m_fenetres)};
 }
 

@@ -61,7 +61,11 @@ constexpr genreContrainte kGenres[] = {
        d.pente = pentes{v[0], v[1]};
      }},
     {L"longueur", 0, 1, [](demande& d, const std::vector<double>& v) { d.longueur = v[0]; }},
-    {L"arrondi", 0, 1, [](demande& d, const std::vector<double>& v) { d.pasAltitude = v[0]; }},
+    {L"arrondi", 0, 2,
+     [](demande& d, const std::vector<double>& v) {
+       d.pasAltitude = v[0];
+       d.pasPente = v[1];
+     }},
 };
 
 bool contrainte(const resbuf*& noeud, question& q) {

@@ -6,6 +6,7 @@
 
 #include "etudes/optimal/choix.h"
 #include "etudes/optimal/etages.h"
+#include "etudes/optimal/pentesRondes.h"
 #include "module/profil/profilLong.h"
 
 namespace etu {
@@ -86,12 +87,16 @@ std::optional<parcours> voie::dans(const couloir& c, bool& prouve) const {
     aller->ligne = dansLesPentes(aller->ligne, *m_demande.pente);
     retour->ligne = renversee(dansLesPentes(renversee(retour->ligne), *m_demande.pente));
   }
-  exigences e{m_demande.pente, m_demande.longueur, m_demande.pasAltitude,
-              m_demande.zDebut && c.debut() == m_demande.debut, m_demande.zFin && c.fin() == m_demande.fin};
-  if (m_faute) e.longueur = e.pasAltitude = 0;  // it is only to show what lacks
+  exigences e{m_demande.pente,
+              m_demande.longueur,
+              m_demande.pasAltitude,
+              m_demande.pasPente,
+              m_demande.zDebut && c.debut() == m_demande.debut,
+              m_demande.zFin && c.fin() == m_demande.fin};
+  if (m_faute) e.longueur = e.pasAltitude = e.pasPente = 0;  // it is only to show what lacks
   const std::size_t droites = std::min(aller->ligne.size(), retour->ligne.size()) - 1;
-  auto trouve = moindreFouille(c, *aller, *retour, droites, e);
-  if (!trouve && !e.simples())
+  auto trouve = e.pasPente > 0 ? ligneAPentesRondes(c, e) : moindreFouille(c, *aller, *retour, droites, e);
+  if (!trouve && e.pasPente == 0 && !e.simples())
     if (const auto plusLongue = ligneParEtages(c, e, droites))
       trouve = moindreFouille(c, *aller, *retour, plusLongue->size() - 1, e, *plusLongue);
   if (!trouve) return std::nullopt;

@@ -35,7 +35,7 @@ constexpr ligneFonction kTable[] = {
      L"la ligne s'en écarte de la moitié. Les contraintes sont des listes (nom nombres): (profondeur pk pk moindre "
      L"plus-grande) (pente moindre plus-grande) en mètres par mètre vers la droite, (point pk bas haut) (croisement pk "
      L"pk bas "
-     L"haut) (longueur moindre) (arrondi pas), leur nom étant une chaîne."},
+     L"haut) (longueur moindre) (arrondi pas-altitude pas-pente), leur nom étant une chaîne."},
     {L"et_couloir", et_couloir, L"(et_couloir profil moindre plus-grande départ arrivée [contraintes])",
      L"Le couloir où et_ligne cherche: ses limites basse et haute, deux listes de (pk altitude)."},
 };

@@ -1,5 +1,6 @@
 ;; What a proposed line keeps to besides its depths: rows station;end;name;values of a file, or typed one by one.
 ;; A constraint is a list of its name and numbers as et_ligne takes it: stations first, slopes as rise per metre to the right.
+;; Shared in the room: plv-optimal:contrainte-dehors
 
 ;; name, what makes a constraint of (station end values), the form of its row
 (setq plv-contraintes:genres
@@ -8,7 +9,7 @@
     ("point" plv-contraintes:point "station;;point;altitude, ou station;;point;basse;haute")
     ("croisement" plv-contraintes:croisement "station;;croisement;largeur;altitude basse;altitude haute;dégagement dessous;dégagement dessus")
     ("longueur" plv-contraintes:longueur ";;longueur;moindre")
-    ("arrondi" plv-contraintes:arrondi ";;arrondi;pas des altitudes")))
+    ("arrondi" plv-contraintes:arrondi ";;arrondi;pas des altitudes, ou ;;arrondi;pas des altitudes;pas des pentes en %, 0 là où rien n'est arrondi,")))
 
 ;; --- of each name
 
@@ -37,12 +38,32 @@
       (setq demi (* 0.5 (car valeurs)))
       (list "croisement" (- station demi) (+ station demi) (- (cadr valeurs) (nth 3 valeurs)) (+ (caddr valeurs) (nth 4 valeurs))))))
 
-(defun plv-contraintes:seule (nom station fin valeurs)
-  "A constraint of the whole line with one number above 0."
-  (if (and (not station) (not fin) (= (length valeurs) 1) (car valeurs) (> (car valeurs) 0.0)) (list nom (car valeurs))))
+(defun plv-contraintes:longueur (station fin valeurs)
+  (if (and (not station) (not fin) (= (length valeurs) 1) (numberp (car valeurs)) (> (car valeurs) 0.0))
+    (list "longueur" (car valeurs))))
 
-(defun plv-contraintes:longueur (station fin valeurs) (plv-contraintes:seule "longueur" station fin valeurs))
-(defun plv-contraintes:arrondi (station fin valeurs) (plv-contraintes:seule "arrondi" station fin valeurs))
+(defun plv-contraintes:arrondi (station fin valeurs / pentes)
+  (setq pentes (if (cdr valeurs) (cadr valeurs) 0.0))
+  (if (and (not station) (not fin) (<= 1 (length valeurs) 2) (numberp (car valeurs)) (numberp pentes)
+           (>= (min (car valeurs) pentes) 0.0) (> (max (car valeurs) pentes) 0.0))
+    (list "arrondi" (car valeurs) (* 0.01 pentes))))
+
+;; --- of a line from a station to another one
+
+(defun plv-contraintes:etendue (contrainte / nom)
+  "The stations between which a constraint holds; nil for one of the whole line."
+  (setq nom (car contrainte))
+  (cond
+    ((member nom '("profondeur" "croisement")) (list (cadr contrainte) (caddr contrainte)))
+    ((= nom "point") (list (cadr contrainte) (cadr contrainte)))))
+
+(defun plv-optimal:contrainte-dehors (contraintes debut fin)
+  "What is wrong with the first constraint beside the line; nil for none."
+  (vl-some
+    '(lambda (c / etendue)
+       (if (and (setq etendue (plv-contraintes:etendue c)) (or (< (cadr etendue) (- debut 1e-6)) (> (car etendue) (+ fin 1e-6))))
+         (strcat "la contrainte " (car c) " à la station " (plv-reel (plv-milieu etendue) 3) " n'est pas entre le départ et l'arrivée")))
+    contraintes))
 
 ;; --- rows
 

@@ -14,7 +14,7 @@
      (strcat "le terrain revient en arrière à la station " (plv-reel (+ (plv-premiere-station profil) (car recul)) 3)))
     ((or (assoc "longueur" (plv-souhait-contraintes souhait)) (assoc "arrondi" (plv-souhait-contraintes souhait)))
      "aucune ligne n'est trouvée avec cette longueur des droites ou ces altitudes arrondies, ce qui ne prouve pas qu'il n'y en a pas")
-    (T "le profil est trop long pour cette recherche")))
+    (T "le profil est trop long, ou une altitude trop loin, pour cette recherche")))
 
 (defun plv-optimal-sommets:nommer (limite / nom z)
   "A limit in words."
@@ -91,11 +91,18 @@
       (plv-optimal-sommets:dire proposition souhait suites origine)
       (apply 'append suites))))
 
+(defun plv-optimal-sommets:refus (profil genre souhait / origine)
+  (cond
+    ((plv-optimal:refus profil genre (plv-souhait-depart souhait) (plv-souhait-arrivee souhait)))
+    (T (setq origine (plv-premiere-station profil))
+       (plv-optimal:contrainte-dehors (plv-souhait-contraintes souhait)
+         (+ origine (car (plv-souhait-depart souhait))) (+ origine (car (plv-souhait-arrivee souhait)))))))
+
 (defun plv-optimal-sommets (profil genre souhait dessiner / faute proposition)
   "Attaches the line of fewest vertices that is asked for (plv-souhait); dessiner also draws the corridor and its windows.
 Gives the line's vertices, or nil after a message."
   (setq genre (plv-genre genre)
-        faute (plv-optimal:refus profil genre (plv-souhait-depart souhait) (plv-souhait-arrivee souhait)))
+        faute (plv-optimal-sommets:refus profil genre souhait))
   (cond
     (faute (plv-erreur faute))
     ((not (setq proposition (plv-optimal:demander-ligne profil souhait)))

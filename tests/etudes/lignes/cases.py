@@ -43,7 +43,7 @@ class Case:
         points = " ".join(f"({number(x)} {number(z)})" for x, z in self.survey)
         rows = ([("profondeur", *b) for b in a.bands] + [("point", *p) for p in a.points] + [("croisement", *c) for c in a.crossings] +
                 ([("pente", *a.slopes)] if a.slopes else []) + ([("longueur", a.length)] if a.length else []) +
-                ([("arrondi", a.step)] if a.step else []))
+                ([("arrondi", a.step, a.slope_step)] if a.step or a.slope_step else []))
         rows = " ".join("(" + " ".join([f'"{row[0]}"', *map(number, row[1:])]) + ")" for row in rows)
         return (f"(essai '({points}) {number(a.least)} {number(a.most)} {end(a.start, a.ends[0])} {end(a.end, a.ends[1])} "
                 f"'({rows}))")
@@ -83,7 +83,8 @@ def length(case, rng):
 
 
 def rounded(case, rng):
-    case.asked.step = F(1, 64)
+    case.asked.step = rng.choice([F(0), F(1, 64), F(1, 64)])
+    case.asked.slope_step = F(1, 512) if not case.asked.step else rng.choice([F(0), F(0), F(1, 64)])
 
 
 WHAT = [bands, points, crossings, slopes, length, rounded]

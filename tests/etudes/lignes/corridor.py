@@ -21,7 +21,7 @@ class Asked:
         self.start, self.end, self.least, self.most = start, end, least, most
         self.ends = [None, None]
         self.bands, self.points, self.crossings = [], [], []  # (from, to, least, most); (at, low, high); (from, to, low, high)
-        self.slopes, self.length, self.step = None, F(0), F(0)
+        self.slopes, self.length, self.step, self.slope_step = None, F(0), F(0), F(0)
 
     def band(self, d, side):
         """The depths on one side of a distance; of stretches the last one counts."""

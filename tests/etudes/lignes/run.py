@@ -53,7 +53,7 @@ def faults(case, said, counted):
     """What is wrong with an answer, in words."""
     asked = case.asked
     if said is None:
-        if asked.length or asked.step:
+        if asked.length or asked.step or asked.slope_step:
             counted["not found with lengths or rounding"] += 1
             return []
         return ["no answer"]
@@ -87,7 +87,7 @@ def shape(case, lines, proofs, contradiction):
     for line, proof in zip(lines, proofs):
         if any(a[0] >= b[0] for a, b in zip(line, line[1:])):
             yield "doesn't run to the right"
-        if len(line) < len(proof) + 2 or (len(line) > len(proof) + 2 and not (asked.length or asked.step)):
+        if len(line) < len(proof) + 2 or (len(line) > len(proof) + 2 and not (asked.length or asked.step or asked.slope_step)):
             yield f"{len(line)} vertices with {len(proof)} windows"
 
 
@@ -108,9 +108,21 @@ def kept(case, ways, lines, relaxed, laid):
                 yield f"slope {float(slope)} not within {float(asked.slopes[0])} to {float(asked.slopes[1])}"
             if laid and b[0] - a[0] < asked.length - NEAR:
                 yield f"a run of {float(b[0] - a[0])} m"
-        free = line[1 if asked.ends[0] is not None else 0:-1 if asked.ends[1] is not None else None] if laid and asked.step else []
-        if any(abs(z / asked.step - round(z / asked.step)) > NEAR / asked.step for _, z in free):
-            yield "an altitude that isn't rounded"
+        if laid:
+            yield from rounding(asked, line, line is lines[0], line is lines[-1])
+
+
+def rounding(asked, line, first, last):
+    """Altitudes and slopes are multiples, but for given ends and the runs to them; of round slopes free ends aren't rounded."""
+    given = first and asked.ends[0] is not None, last and asked.ends[1] is not None
+    free = line[given[0] or bool(asked.slope_step):-1 if given[1] or asked.slope_step else None] if asked.step else []
+    if any(abs(z / asked.step - round(z / asked.step)) > NEAR / asked.step for _, z in free):
+        yield "an altitude that isn't rounded"
+    runs = list(zip(line, line[1:]))[given[0] and bool(asked.step):-1 if given[1] else None] if asked.slope_step else []
+    for a, b in runs:
+        steps = (b[1] - a[1]) / (b[0] - a[0]) / asked.slope_step
+        if abs(steps - round(steps)) * asked.slope_step * (b[0] - a[0]) > NEAR:
+            yield f"a slope of {float(steps)} steps"
 
 
 def surfaces(case, lines, given, least):
@@ -135,7 +147,7 @@ def numbers(case, ways, lines, proven, counted):
         return min((sum(map(count, way)) for way in ways.open(which, asked.slopes) if len(way) == len(lines)), default=None)
     if not proven:
         counted["more runs than proven"] += 1
-        if not (asked.length or asked.step):
+        if not (asked.length or asked.step or asked.slope_step):
             yield "not proven"
         return
     most = None if asked.slopes else least(0, windows.runs)

@@ -37,6 +37,9 @@
 (preparer (setq r (et_ligne p 1.0 2.0 '(1000.0 99.5) 1100.0)))
 ((equal (nth 4 r) '(0.5 (1000.0 "bout" 99.5) (1000.0 "profondeur moindre" 1.0)) 1e-9) T)
 ((equal (car (caar r)) '(1000.0 99.25) 1e-6) T)
+;; an end at the band's lower limit, where a crossing shuts the band: it would have to be 0.1 m lower
+((equal (nth 4 (et_ligne p 1.0 2.0 1000.0 '(1040.0 100.0) '(("croisement" 1030.0 1050.0 99.9 103.0))))
+        '(0.1 (1040.0 "profondeur plus grande" 2.0) (1040.0 "dessous" 99.9)) 1e-9) T)
 ((nth 4 (et_ligne p 1.0 2.0 1000.0 1100.0)) nil)
 ((nth 3 (et_ligne p 1.0 2.0 1000.0 1100.0)) T)
 
@@ -49,3 +52,9 @@
   ((et_ligne p 1.0 2.0 1000.0 1100.0 3)) ((et_ligne p 1.0 2.0 1000.0 1100.0 '(3)))  ((et_ligne p 1.0 2.0 1000.0 1100.0 '(("point" 1000.0))))
   ((et_ligne p 1.0 2.0 1000.0 1100.0 '(("puits" 1000.0)))) ((et_ligne p 1.0 2.0 1000.0 1100.0 '(("pente" 2 1)))))
 (appel nil)
+
+;; Steps and lengths beyond all measure find no line, and take neither time nor memory for it.
+(situation "NoNumberOfAConstraintIsTooMuch")
+(tableau (c)
+  (("arrondi" 1e-9 1.0)) (("arrondi" 1e-300 1e-300)) (("arrondi" 1e9 0.0)) (("arrondi" 1e9 1e9)) (("longueur" 1e9)))
+((et_ligne p 1.0 1.2 1000.0 1100.0 (list 'c)) nil)

@@ -1,0 +1,164 @@
+// Dynamic programming from left to right, as with levels; from each place only the slopes that are multiples are followed.
+#include "etudes/optimal/pentesRondes.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace etu {
+
+namespace {
+
+constexpr double kNoeuds = 8e4;        // about; what is left free by the steps
+constexpr double kNoeudsAuPlus = 4e6;  // beyond, the steps are too small for the corridor
+constexpr double kArrondi = 1e-7;      // of a step: what rounding may take from it
+
+struct noeudRond {
+  std::size_t droites = std::numeric_limits<std::size_t>::max();
+  double aire = 0;
+  std::size_t station = 0;  // of the place before, with its level
+  std::int64_t niveau = 0;
+  bool atteint() const { return droites != std::numeric_limits<std::size_t>::max(); }
+};
+
+struct colonne {
+  double distance;
+  std::int64_t bas;  // the lowest level
+  std::vector<noeudRond> noeuds;
+  std::int64_t haut() const { return bas + static_cast<std::int64_t>(noeuds.size()) - 1; }
+};
+
+std::int64_t auDessus(double v) { return std::llround(std::ceil(v - kArrondi)); }
+std::int64_t auDessous(double v) { return std::llround(std::floor(v + kArrondi)); }
+
+class filetRond {
+ public:
+  filetRond(const couloir& c, const exigences& e) : m_couloir(c), m_exigences(e) {}
+  std::optional<ligneDroite> ligne();
+
+ private:
+  void poser();
+  double altitude(std::size_t station, std::int64_t niveau) const;
+  struct buts {
+    std::int64_t de, vers, pas;
+  };
+  buts butsDe(std::size_t station, std::int64_t niveau, std::size_t la, const cone& vue) const;
+  void suivre(std::size_t station, std::int64_t niveau);
+  void finir(std::size_t station, std::int64_t niveau, cone& vue, const noeudRond& a);
+  bool proposer(noeudRond& b, double zFin, double dx, std::size_t station, std::int64_t niveau,
+                const noeudRond& a) const;
+  bool departDonne(std::size_t station) const { return station == 0 && m_exigences.debutDonne; }
+
+  const couloir& m_couloir;
+  exigences m_exigences;
+  double m_pas = 0, m_niveau = 0, m_z0 = 0;
+  std::vector<colonne> m_colonnes;  // without the end
+  noeudRond m_fin;
+  double m_zFin = 0;
+};
+
+// A given start has the level 0 of its own.
+double filetRond::altitude(std::size_t station, std::int64_t niveau) const {
+  if (departDonne(station)) return m_couloir.portes.front().passage.bas;
+  return m_z0 + m_niveau * static_cast<double>(niveau);
+}
+
+// The stations and their levels; in a corridor that narrows to nothing a station may have none.
+void filetRond::poser() {
+  const double longueur = m_couloir.fin() - m_couloir.debut();
+  double hauteur = 0.1;
+  for (const porte& p : m_couloir.portes) hauteur = std::max(hauteur, p.passage.hauteur());
+  m_pas = m_exigences.pasAltitude > 0
+              ? m_exigences.pasAltitude / m_exigences.pasPente
+              : std::ceil(10 * std::sqrt(longueur * hauteur / (m_exigences.pasPente * kNoeuds))) / 10;
+  m_niveau = m_exigences.pasPente * m_pas;
+  if (!(longueur / m_pas * std::max(1.0, hauteur / m_niveau) < kNoeudsAuPlus)) return;
+  if (m_exigences.pasAltitude <= 0) m_z0 = m_couloir.portes.front().passage.bas;
+  for (std::size_t k = 0; m_couloir.debut() + m_pas * static_cast<double>(k) < m_couloir.fin() - 0.1 * m_pas; ++k) {
+    const double d = m_couloir.debut() + m_pas * static_cast<double>(k);
+    const limites l = m_couloir.entre(m_couloir.rangDe(d), d);
+    const bool donne = departDonne(k);
+    const std::int64_t bas = donne ? 0 : auDessus((l.bas - m_z0) / m_niveau),
+                       haut = donne ? 0 : auDessous((l.haut - m_z0) / m_niveau);
+    m_colonnes.push_back(
+        {d, bas, std::vector<noeudRond>(static_cast<std::size_t>(std::max<std::int64_t>(0, haut - bas + 1)))});
+  }
+}
+
+// Whether this way is better than the one so far, which it then replaces.
+bool filetRond::proposer(noeudRond& b, double zFin, double dx, std::size_t station, std::int64_t niveau,
+                         const noeudRond& a) const {
+  const double aire = a.aire + 0.5 * dx * (altitude(station, niveau) + zFin);
+  if (a.droites + 1 > b.droites || (a.droites + 1 == b.droites && aire <= b.aire)) return false;
+  b = {a.droites + 1, aire, station, niveau};
+  return true;
+}
+
+// The levels of a later station to which a run passes and has a round slope: every so many from one to another one.
+filetRond::buts filetRond::butsDe(std::size_t station, std::int64_t niveau, std::size_t la, const cone& vue) const {
+  const colonne& c = m_colonnes[la];
+  const double dx = c.distance - m_colonnes[station].distance, z = altitude(station, niveau);
+  const double moindre = std::max(vue.moindre(), (altitude(la, c.bas) - z) / dx),
+               plusGrande = std::min(vue.plusGrande(), (altitude(la, c.haut()) - z) / dx);
+  // From a given start to rounded altitudes a run may have any slope.
+  if (departDonne(station) && m_exigences.pasAltitude > 0)
+    return {auDessus((z + moindre * dx - m_z0) / m_niveau), auDessous((z + plusGrande * dx - m_z0) / m_niveau), 1};
+  const auto pas = static_cast<std::int64_t>(la - station);
+  return {niveau + auDessus(moindre / m_exigences.pasPente) * pas,
+          niveau + auDessous(plusGrande / m_exigences.pasPente) * pas, pas};
+}
+
+// Leads straight runs on from a place that is reached, to later stations and to the end.
+void filetRond::suivre(std::size_t station, std::int64_t niveau) {
+  const colonne& ici = m_colonnes[station];
+  const noeudRond a = ici.noeuds[static_cast<std::size_t>(niveau - ici.bas)];
+  cone vue(m_couloir, m_exigences, {ici.distance, altitude(station, niveau)});
+  for (std::size_t j = station + 1; j < m_colonnes.size(); ++j) {
+    colonne& la = m_colonnes[j];
+    const double dx = la.distance - ici.distance;
+    if (!vue.avancer(la.distance)) return;
+    if (dx < m_exigences.longueur || la.noeuds.empty()) continue;
+    const buts b = butsDe(station, niveau, j, vue);
+    for (std::int64_t but = b.de; but <= b.vers; but += b.pas)
+      if (but >= la.bas && but <= la.haut())
+        proposer(la.noeuds[static_cast<std::size_t>(but - la.bas)], altitude(j, but), dx, station, niveau, a);
+  }
+  finir(station, niveau, vue, a);
+}
+
+void filetRond::finir(std::size_t station, std::int64_t niveau, cone& vue, const noeudRond& a) {
+  const double dx = m_couloir.fin() - m_colonnes[station].distance, z = altitude(station, niveau);
+  const limites bout = m_couloir.portes.back().passage;
+  if (dx < m_exigences.longueur || !vue.avancer(m_couloir.fin())) return;
+  double zFin = bout.bas;
+  if (!m_exigences.finDonnee) {
+    const double plusGrande = std::min(vue.plusGrande(), (bout.haut - z) / dx), pas = m_exigences.pasPente;
+    zFin = z + static_cast<double>(auDessous(plusGrande / pas)) * pas * dx;
+    if (zFin < bout.bas - kToleranceCouloir) return;
+  }
+  if (vue.voit({m_couloir.fin(), zFin}) && proposer(m_fin, zFin, dx, station, niveau, a)) m_zFin = zFin;
+}
+
+std::optional<ligneDroite> filetRond::ligne() {
+  poser();
+  if (m_colonnes.empty()) return std::nullopt;
+  for (noeudRond& n : m_colonnes.front().noeuds) n.droites = 0;
+  for (std::size_t i = 0; i < m_colonnes.size(); ++i)
+    for (std::size_t k = 0; k < m_colonnes[i].noeuds.size(); ++k)
+      if (m_colonnes[i].noeuds[k].atteint()) suivre(i, m_colonnes[i].bas + static_cast<std::int64_t>(k));
+  if (!m_fin.atteint()) return std::nullopt;
+  ligneDroite resultat{{m_couloir.fin(), m_zFin}};
+  for (noeudRond n = m_fin; n.droites > 0;) {
+    const colonne& la = m_colonnes[n.station];
+    resultat.push_back({la.distance, altitude(n.station, n.niveau)});
+    n = la.noeuds[static_cast<std::size_t>(n.niveau - la.bas)];
+  }
+  std::reverse(resultat.begin(), resultat.end());
+  return resultat;
+}
+
+}  // namespace
+
+std::optional<ligneDroite> ligneAPentesRondes(const couloir& c, const exigences& e) { return filetRond(c, e).ligne(); }
+
+}  // namespace etu
