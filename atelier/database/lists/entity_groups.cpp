@@ -48,7 +48,7 @@ std::string_view tableForType(std::string_view type) {
 std::vector<Group> groupsOf(AcDbStub& stub, std::span<const std::string> applications) {
   stub.set(AcDbStub::kHandleAsked);
   std::vector<Group> groups = shownGroups(stub);
-  std::ranges::transform(groups, groups.begin(), inRadians);
+  anglesInRadians(groups);
   const Record& record = AcDbImpObject::of(&stub.database->object(stub)).record;
   bool wanted = false;
   for (std::size_t i = record.xdataStart(); i < record.groups.size(); ++i) {
@@ -96,7 +96,7 @@ bool takeName(AcDbStub& stub, const std::vector<Group>& given) {
 bool changeObject(AcDbStub& stub, std::vector<Group> groups) {
   AcDbImpDatabase& db = *stub.database;
   std::erase_if(groups, [](const Group& g) { return g.code() < 0; });
-  std::ranges::transform(groups, groups.begin(), inDegrees);
+  anglesInDegrees(groups);
   const Record before = AcDbImpObject::of(&db.object(stub)).settled();
   const std::string type = textOf(groups, 0);
   if (!type.empty() && !equalNoCase(type, before.type())) return false;

@@ -24,16 +24,19 @@ void closeTriangle(Record& record, std::string_view mark) {
 
 }  // namespace
 
-Group inRadians(const Group& group) {
-  return isAngle(group) ? Group::real(group.code(), group.real() * std::numbers::pi / 180) : group;
+void anglesInRadians(std::vector<Group>& groups) {
+  for (Group& group : groups)
+    if (isAngle(group)) group = Group::real(group.code(), group.real() * std::numbers::pi / 180);
 }
 
-Group inDegrees(const Group& group) {
-  if (!isAngle(group)) return group;
+void anglesInDegrees(std::vector<Group>& groups) {
   constexpr double kDigits = 1e10, kSame = 1e-12;
-  const double degrees = group.real() * 180 / std::numbers::pi, rounded = std::round(degrees * kDigits) / kDigits;
-  return Group::real(group.code(),
-                     std::abs(degrees - rounded) <= kSame * std::max(1.0, std::abs(degrees)) ? rounded : degrees);
+  for (Group& group : groups) {
+    if (!isAngle(group)) continue;
+    const double degrees = group.real() * 180 / std::numbers::pi, rounded = std::round(degrees * kDigits) / kDigits;
+    const bool isRound = std::abs(degrees - rounded) <= kSame * std::max(1.0, std::abs(degrees));
+    group = Group::real(group.code(), isRound ? rounded : degrees);
+  }
 }
 
 std::string textOf(const std::vector<Group>& groups, int code) {
@@ -87,7 +90,7 @@ Record arrangedRecord(const std::vector<Group>& given) {
 }
 
 Record listedRecord(std::vector<Group> given) {
-  std::ranges::transform(given, given.begin(), inDegrees);
+  anglesInDegrees(given);
   const bool marked = std::ranges::any_of(given, isMark);
   if (marked) std::erase_if(given, isIdentity);
   Record record = marked ? Record(std::move(given)) : arrangedRecord(given);

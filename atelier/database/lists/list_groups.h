@@ -9,8 +9,8 @@
 namespace atelier {
 
 // Groups 50 to 58 are angles: degrees in the drawing, radians in lists. Degrees made radians and back are unchanged.
-Group inRadians(const Group& group);
-Group inDegrees(const Group& group);
+void anglesInRadians(std::vector<Group>& groups);
+void anglesInDegrees(std::vector<Group>& groups);
 
 // Whether the group belongs to the object's identity (handle, name), which no list may set.
 inline bool isIdentity(const Group& group) { return group.code() == 5 || group.code() == 105 || group.code() == -1; }

@@ -3,6 +3,9 @@
 
 #include <algorithm>
 #include <bitset>
+#include <span>
+#include <unordered_map>
+#include <vector>
 
 #include "atelier/database/curves/curve_geometry.h"
 #include "atelier/database/entities/measured_dimension.h"
@@ -20,6 +23,34 @@ std::string layoutOf(const AcDbStub& stub) {
   while (owner && owner->is(AcDbStub::kEntity)) owner = owner->owner;
   const std::string name = owner ? layoutNameOf(*owner) : std::string();
   return name.empty() ? "Model" : name;
+}
+
+// The fields that are shown of one section, for its first, second ... time in a record.
+struct SectionFields {
+  std::string_view section;
+  int turn = 1;
+  std::vector<const Field*> fields;
+};
+
+std::vector<SectionFields> gatherSections(const RecordFormat& format) {
+  std::vector<SectionFields> sections;
+  for (const Field& field : format.fields) {
+    const std::size_t hash = field.subclass.find('#');
+    const std::string_view name = field.subclass.substr(0, hash);
+    const int turn = hash == std::string_view::npos ? 1 : field.subclass[hash + 1] - '0';
+    auto own =
+        std::ranges::find_if(sections, [&](const SectionFields& s) { return s.turn == turn && s.section == name; });
+    if (own == sections.end()) own = sections.insert(sections.end(), {name, turn, {}});
+    if (field.presence != Presence::optional && field.kind != FieldKind::handle) own->fields.push_back(&field);
+  }
+  return sections;
+}
+
+// Gathered once for each format: programs ask for lists of thousands of objects.
+const std::vector<SectionFields>& sectionsOf(const RecordFormat& format) {
+  static thread_local std::unordered_map<const RecordFormat*, std::vector<SectionFields>> known;
+  const auto at = known.find(&format);
+  return at != known.end() ? at->second : known.emplace(&format, gatherSections(format)).first->second;
 }
 
 // Builds the list of one object.
@@ -77,24 +108,18 @@ class Shown {
   }
 
   // Fields of the section in the format's order; a second section of the same name counts as its own.
-  std::vector<const Field*> fieldsOf(std::string_view section) {
-    std::vector<const Field*> fields;
-    if (!format_ || section.empty()) return fields;
+  std::span<const Field* const> fieldsOf(std::string_view section) {
+    if (!format_ || section.empty()) return {};
     const std::string_view wanted = section == "AcDbMInsertBlock" ? "AcDbBlockReference" : section;
     turns_ = wanted == last_ ? turns_ + 1 : 1;
     last_ = wanted;
-    for (const Field& field : format_->fields) {
-      const std::size_t hash = field.subclass.find('#');
-      const int turn = hash == std::string_view::npos ? 1 : field.subclass[hash + 1] - '0';
-      if (field.presence != Presence::optional && field.kind != FieldKind::handle && turn == turns_ &&
-          field.subclass.substr(0, hash) == wanted)
-        fields.push_back(&field);
-    }
-    return fields;
+    for (const SectionFields& fields : sectionsOf(*format_))
+      if (fields.turn == turns_ && fields.section == wanted) return fields.fields;
+    return {};
   }
 
   void addFields(std::string_view section, std::size_t begin, std::size_t end) {
-    const std::vector<const Field*> fields = fieldsOf(section);
+    const std::span<const Field* const> fields = fieldsOf(section);
     const auto placeOf = [&](int code) {
       return static_cast<std::size_t>(std::ranges::find(fields, code, [](const Field* f) { return f->code; }) -
                                       fields.begin());
