@@ -9,9 +9,9 @@ namespace etu {
 
 namespace {
 
-constexpr double kNoeuds = 8e4;        // about; what is left free by the steps
-constexpr double kNoeudsAuPlus = 4e6;  // beyond, the steps are too small for the corridor
-constexpr double kArrondi = 1e-7;      // of a step: what rounding may take from it
+// Places times the stations that each of them sees, about; beyond the second number the steps are too small for the corridor.
+constexpr double kVues = 2e7, kVuesAuPlus = 4e8;
+constexpr double kArrondi = 1e-7;  // of a step: what rounding may take from it
 
 struct noeudRond {
   std::size_t droites = std::numeric_limits<std::size_t>::max();
@@ -33,7 +33,8 @@ std::int64_t auDessous(double v) { return std::llround(std::floor(v + kArrondi))
 
 class filetRond {
  public:
-  filetRond(const couloir& c, const exigences& e) : m_couloir(c), m_exigences(e) {}
+  filetRond(const couloir& c, const exigences& e, std::size_t droites)
+      : m_couloir(c), m_exigences(e), m_droites(static_cast<double>(droites)) {}
   std::optional<ligneDroite> ligne();
 
  private:
@@ -51,6 +52,7 @@ class filetRond {
 
   const couloir& m_couloir;
   exigences m_exigences;
+  double m_droites;  // that are to be expected: the more, the fewer stations a place sees
   double m_pas = 0, m_niveau = 0, m_z0 = 0;
   std::vector<colonne> m_colonnes;  // without the end
   noeudRond m_fin;
@@ -68,11 +70,13 @@ void filetRond::poser() {
   const double longueur = m_couloir.fin() - m_couloir.debut();
   double hauteur = 0.1;
   for (const porte& p : m_couloir.portes) hauteur = std::max(hauteur, p.passage.hauteur());
-  m_pas = m_exigences.pasAltitude > 0
-              ? m_exigences.pasAltitude / m_exigences.pasPente
-              : std::ceil(10 * std::sqrt(longueur * hauteur / (m_exigences.pasPente * kNoeuds))) / 10;
+  m_pas =
+      m_exigences.pasAltitude > 0
+          ? m_exigences.pasAltitude / m_exigences.pasPente
+          : std::ceil(10 * std::cbrt(longueur * longueur * hauteur / (m_exigences.pasPente * kVues * m_droites))) / 10;
   m_niveau = m_exigences.pasPente * m_pas;
-  if (!(longueur / m_pas * std::max(1.0, hauteur / m_niveau) < kNoeudsAuPlus)) return;
+  const double stations = longueur / m_pas;
+  if (!(stations * stations * std::max(1.0, hauteur / m_niveau) / m_droites < kVuesAuPlus)) return;
   if (m_exigences.pasAltitude <= 0) m_z0 = m_couloir.portes.front().passage.bas;
   for (std::size_t k = 0; m_couloir.debut() + m_pas * static_cast<double>(k) < m_couloir.fin() - 0.1 * m_pas; ++k) {
     const double d = m_couloir.debut() + m_pas * static_cast<double>(k);
@@ -159,6 +163,8 @@ std::optional<ligneDroite> filetRond::ligne() {
 
 }  // namespace
 
-std::optional<ligneDroite> ligneAPentesRondes(const couloir& c, const exigences& e) { return filetRond(c, e).ligne(); }
+std::optional<ligneDroite> ligneAPentesRondes(const couloir& c, const exigences& e, std::size_t droitesAttendues) {
+  return filetRond(c, e, droitesAttendues).ligne();
+}
 
 }  // namespace etu

@@ -8,6 +8,6 @@ namespace etu {
 // Of the lines with the fewest runs that with the greatest area below it. A run to a given end may have another slope, and so may one
 // from a given start when altitudes are rounded too; free ends aren't rounded. Nothing when the net has no line, or is too wide for
 // the corridor: with rounded altitudes its stations are as far apart as the two steps demand.
-std::optional<ligneDroite> ligneAPentesRondes(const couloir& c, const exigences& e);
+std::optional<ligneDroite> ligneAPentesRondes(const couloir& c, const exigences& e, std::size_t droitesAttendues);
 
 }  // namespace etu

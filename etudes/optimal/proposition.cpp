@@ -95,7 +95,7 @@ std::optional<parcours> voie::dans(const couloir& c, bool& prouve) const {
               m_demande.zFin && c.fin() == m_demande.fin};
   if (m_faute) e.longueur = e.pasAltitude = e.pasPente = 0;  // it is only to show what lacks
   const std::size_t droites = std::min(aller->ligne.size(), retour->ligne.size()) - 1;
-  auto trouve = e.pasPente > 0 ? ligneAPentesRondes(c, e) : moindreFouille(c, *aller, *retour, droites, e);
+  auto trouve = e.pasPente > 0 ? ligneAPentesRondes(c, e, droites) : moindreFouille(c, *aller, *retour, droites, e);
   if (!trouve && e.pasPente == 0 && !e.simples())
     if (const auto plusLongue = ligneParEtages(c, e, droites))
       trouve = moindreFouille(c, *aller, *retour, plusLongue->size() - 1, e, *plusLongue);
