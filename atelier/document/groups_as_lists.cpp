@@ -75,7 +75,8 @@ Value listOfGroups(Interpreter& interpreter, const AcDbStub* stub, const std::ve
   list.add(interpreter.cons(Value::integer(-1), entityValue(interpreter, stub)));
   std::size_t i = 0;
   for (; i < groups.size() && groups[i].code() != 1001; ++i) list.add(item(interpreter, groups, i, db));
-  if (const AcDbStub* first = firstOfBlock(db, stub))
+  const bool isBlock = !groups.empty() && groups.front().text() == "BLOCK";
+  if (const AcDbStub* first = isBlock ? firstOfBlock(db, stub) : nullptr)
     list.add(interpreter.cons(Value::integer(-2), entityValue(interpreter, first)));
   if (i < groups.size()) {
     ListBuilder xdata(interpreter);
