@@ -46,6 +46,7 @@ std::string textOf(const std::vector<Group>& groups, int code) {
 
 std::vector<Item> itemsOf(const std::vector<Group>& groups, std::size_t begin, std::size_t end) {
   std::vector<Item> items;
+  items.reserve(end - begin);
   for (std::size_t i = begin; i < end;) {
     const Item item{i, i + 1};
     const int code = groups[i].code();
