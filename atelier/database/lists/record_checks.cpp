@@ -30,10 +30,11 @@ bool isSpline(const Record& record) {
 }
 
 bool fieldCanBe(const Record& record, const Field& field, const Record* before) {
+  if (field.kind != FieldKind::real && field.kind != FieldKind::integer) return true;
   const Group* group = record.get(field);
+  if (!group || fits(field, *group)) return true;
   const Group* old = before ? before->get(field) : nullptr;
-  const bool number = field.kind == FieldKind::real || field.kind == FieldKind::integer;
-  return !group || !number || (old && old->sameValue(*group)) || fits(field, *group);
+  return old && old->sameValue(*group);
 }
 
 }  // namespace
