@@ -21,6 +21,7 @@ double distanceTo(std::span<const Stroke> strokes, const AcGePoint3d& point);
 
 // Whether the strokes lie wholly inside the polygon (its edge included), touch it, or meet the open line.
 bool insidePolygon(std::span<const Stroke> strokes, std::span<const AcGePoint3d> polygon);
+bool insidePolygon(const AcGePoint3d& point, std::span<const AcGePoint3d> polygon);
 bool touchesPolygon(std::span<const Stroke> strokes, std::span<const AcGePoint3d> polygon);
 bool crossesLine(std::span<const Stroke> strokes, std::span<const AcGePoint3d> line);
 

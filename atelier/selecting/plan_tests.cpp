@@ -70,6 +70,8 @@ double distanceTo(std::span<const Stroke> strokes, const AcGePoint3d& point) {
   return nearest;
 }
 
+bool insidePolygon(const AcGePoint3d& point, std::span<const AcGePoint3d> polygon) { return contains(polygon, point); }
+
 bool insidePolygon(std::span<const Stroke> strokes, std::span<const AcGePoint3d> polygon) {
   const auto inside = [&](const Stroke& stroke) {
     if (!std::all_of(stroke.points.begin(), stroke.points.end(),

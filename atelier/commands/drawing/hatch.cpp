@@ -28,7 +28,7 @@ double areaOf(const Stroke& stroke) {
 struct Outline {
   Boundary path;
   Stroke stroke;
-  bool contains(const AcGePoint3d& point) const { return insidePolygon(std::vector<Stroke>{{{point}}}, stroke.points); }
+  bool contains(const AcGePoint3d& point) const { return insidePolygon(point, stroke.points); }
 };
 
 std::vector<Outline> outlines(const Command& c) {

@@ -27,7 +27,7 @@ CommandTask stretchCommand(Command& c) {
     const auto to = co_await c.pointOrEnter("\nDeuxième point <le premier est le déplacement>: ", base.value);
     by = to.given() ? *to - base.value : base.value.asVector();
   }
-  const Moves moves = [&](const AcGePoint3d& place) { return insidePolygon(std::vector<Stroke>{{{place}}}, area); };
+  const Moves moves = [&](const AcGePoint3d& place) { return insidePolygon(place, area); };
   c.change(**chosen, [&](AcDbEntity& entity) { stretch(entity, moves, by); });
 }
 
