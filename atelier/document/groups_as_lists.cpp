@@ -33,6 +33,9 @@ class ListBuilder {
 
 bool isTextHandle(int code) { return code == 5 || code == 105 || code == 1005 || (code >= 320 && code <= 329); }
 
+// Types, marks and layouts: few texts, in every list.
+bool isWord(int code) { return code == 0 || code == 100 || code == 410; }
+
 Value valueOf(Interpreter& interpreter, const Group& group, AcDbImpDatabase& db) {
   switch (group.kind()) {
     case GroupKind::real: return Value::real(group.real());
@@ -48,7 +51,7 @@ Value valueOf(Interpreter& interpreter, const Group& group, AcDbImpDatabase& db)
     }
     case GroupKind::text: break;
   }
-  return interpreter.string(group.text());
+  return isWord(group.code()) ? interpreter.word(group.text()) : interpreter.string(group.text());
 }
 
 // One item; moves the index after it, with all ordinates of a point.

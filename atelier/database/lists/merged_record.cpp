@@ -2,8 +2,7 @@
 #include "atelier/database/lists/merged_record.h"
 
 #include <algorithm>
-#include <map>
-#include <set>
+#include <span>
 
 #include "atelier/database/lists/list_groups.h"
 #include "atelier/database/lists/merged_section.h"
@@ -15,19 +14,22 @@ namespace {
 constexpr int kMark = 100, kEmbedded = 101, kBrace = 102, kOwner = 330, kApplication = 1001;
 
 struct Section {
-  std::string mark;  // empty: the head; "101": the embedded object
-  std::vector<Group> groups;
+  std::string_view mark;  // empty: the head; "101": the embedded object
+  std::span<const Group> groups;
 };
 
-std::vector<Section> sectionsOf(const std::vector<Group>& groups) {
+std::vector<Section> sectionsOf(std::span<const Group> groups) {
   std::vector<Section> sections(1);
-  for (const Group& group : groups) {
-    if (group.code() == kApplication) break;
-    const bool embedded = sections.back().mark == "101";
-    if (group.code() == kMark && !embedded) sections.push_back({group.text(), {}});
-    else if (group.code() == kEmbedded && !embedded) sections.push_back({"101", {group}});
-    else sections.back().groups.push_back(group);
+  std::size_t begin = 0, end = 0;
+  const auto close = [&] { sections.back().groups = groups.subspan(begin, end - begin); };
+  for (; end < groups.size() && groups[end].code() != kApplication; ++end) {
+    const Group& group = groups[end];
+    if (sections.back().mark == "101" || (group.code() != kMark && group.code() != kEmbedded)) continue;
+    close();
+    sections.push_back({group.code() == kMark ? std::string_view(group.text()) : "101", {}});
+    begin = group.code() == kMark ? end + 1 : end;
   }
+  close();
   return sections;
 }
 
@@ -35,10 +37,19 @@ std::vector<Section> sectionsOf(const std::vector<Group>& groups) {
 class Sorter {
  public:
   Sorter(const std::vector<Section>& sections, const RecordFormat* format, bool entity)
-      : sections_(sections), format_(format), entity_(entity), sorted_(sections.size()) {}
+      : sections_(sections), format_(format), entity_(entity), sorted_(sections.size()) {
+    if (!format_) return;
+    // Fields of a section stand side by side: each is looked up once.
+    std::string_view last;
+    std::size_t place = kLoose;
+    for (const Field& field : format_->fields) {
+      if (homes_.empty() || field.subclass != last) place = sectionOf(last = field.subclass);
+      homes_.push_back(place);
+    }
+  }
 
   std::vector<std::vector<Group>> sort(const std::vector<Group>& given) {
-    std::map<std::string, int> turns;
+    std::vector<std::string_view> marks;
     std::size_t current = kLoose;
     bool head = true;
     const auto application = std::ranges::find(given, kApplication, &Group::code);
@@ -52,8 +63,9 @@ class Sorter {
       }
       if (code == kMark) {
         head = false;
-        const std::string mark = upperCase(group.text());
-        current = place(mark, ++turns[mark]);
+        const std::string_view mark = marks.emplace_back(group.text());
+        current = place(mark, static_cast<int>(std::ranges::count_if(
+                                  marks, [&](std::string_view other) { return equalNoCase(other, mark); })));
         continue;
       }
       if (code == kEmbedded) {
@@ -80,41 +92,41 @@ class Sorter {
   }
   void add(std::size_t section, const std::vector<Group>& given, const Item& item) {
     auto& groups = sorted_[section];
+    if (groups.empty()) groups.reserve(sections_[section].groups.size() + 4);
     groups.insert(groups.end(), given.begin() + static_cast<std::ptrdiff_t>(item.begin),
                   given.begin() + static_cast<std::ptrdiff_t>(item.end));
   }
-  std::size_t place(const std::string& mark, int turn) const {
+  std::size_t place(std::string_view mark, int turn) const {
     for (std::size_t i = 1; i < sections_.size(); ++i)
       if (equalNoCase(sections_[i].mark, mark) && --turn == 0) return i;
     return kLoose;
   }
+  bool shows(std::size_t section, int code) const {
+    return std::ranges::find(sections_[section].groups, code, &Group::code) != sections_[section].groups.end();
+  }
   // Whether a section has a place for the group; it has when no other does.
   bool belongs(std::size_t section, int code) const {
-    const auto& groups = sections_[section].groups;
-    if (!format_ || std::ranges::find(groups, code, &Group::code) != groups.end()) return true;
+    if (!format_ || shows(section, code)) return true;
     bool elsewhere = false;
-    for (const Field& field : format_->fields) {
-      const std::size_t found = field.code == code ? sectionOf(field) : kLoose;
-      if (found == section) return true;
-      elsewhere |= found != kLoose;
+    for (std::size_t i = 0; i < homes_.size(); ++i) {
+      if (format_->fields[i].code != code) continue;
+      if (homes_[i] == section) return true;
+      elsewhere |= homes_[i] != kLoose;
     }
     return !elsewhere;
   }
-  std::size_t sectionOf(const Field& field) const {
-    const std::size_t hash = field.subclass.find('#');
-    const int turn = hash == std::string_view::npos ? 1 : field.subclass[hash + 1] - '0';
-    return place(std::string(field.subclass.substr(0, hash)), turn);
+  std::size_t sectionOf(std::string_view subclass) const {
+    const std::size_t hash = subclass.find('#');
+    return place(subclass.substr(0, hash), hash == std::string_view::npos ? 1 : subclass[hash + 1] - '0');
   }
   // The section for a group that stands behind no mark: that of the format, else the last that has its code.
   std::size_t home(int code) const {
-    if (format_)
-      for (const Field& field : format_->fields)
-        if (field.code == code)
-          if (const std::size_t found = sectionOf(field); found != kLoose) return found;
+    for (std::size_t i = 0; i < homes_.size(); ++i)
+      if (format_->fields[i].code == code && homes_[i] != kLoose) return homes_[i];
     std::size_t last = sections_.size() - 1;
     if (sections_[last].mark == "101") --last;
     for (std::size_t i = last + 1; i-- > 1;)
-      if (std::ranges::find(sections_[i].groups, code, &Group::code) != sections_[i].groups.end()) return i;
+      if (shows(i, code)) return i;
     return last;
   }
 
@@ -122,8 +134,19 @@ class Sorter {
   const RecordFormat* format_;
   bool entity_;
   bool braces_ = false;
+  std::vector<std::size_t> homes_;  // of each field of the format its section
   std::vector<std::vector<Group>> sorted_;
 };
+
+// A section with the list's groups in it. Most lists come back with one value changed: the other sections stay.
+std::vector<Group> sectionAfter(const Section& stored, const Section& shown, const std::vector<Group>& given,
+                                const RecordFormat* format) {
+  const auto copy = [](std::span<const Group> groups) { return std::vector<Group>(groups.begin(), groups.end()); };
+  const bool asShown =
+      std::ranges::equal(given, shown.groups, [](const Group& a, const Group& b) { return a.sameValue(b); });
+  if (given.empty() || asShown) return copy(stored.groups);
+  return mergedSection({stored.mark, format, copy(stored.groups), copy(shown.groups), given});
+}
 
 // Lists in braces that the given list has, in its head, replace those of the record.
 void takeBraces(Record& record, const std::vector<Group>& given) {
@@ -155,17 +178,19 @@ void takeBraces(Record& record, const std::vector<Group>& given) {
 Record mergedRecord(AcDbStub& stub, const std::vector<Group>& given) {
   const Record& before = AcDbImpObject::of(&stub.database->object(stub)).settled();
   const RecordFormat* format = formatOf(before.type());
-  const std::vector<Section> stored = sectionsOf(before.groups), shown = sectionsOf(shownGroups(stub));
+  const std::vector<Group> asShown = shownGroups(stub);
+  const std::vector<Section> stored = sectionsOf(before.groups), shown = sectionsOf(asShown);
   const auto sorted = Sorter(shown, format, stub.is(AcDbStub::kEntity)).sort(given);
   Record after;
+  after.groups.reserve(before.groups.size() + 4);
   for (std::size_t i = 0; i < stored.size(); ++i) {
-    if (i > 0 && stored[i].mark != "101") after.groups.push_back(Group::text(kMark, stored[i].mark));
+    if (i > 0 && stored[i].mark != "101") after.groups.push_back(Group::text(kMark, std::string(stored[i].mark)));
     // Without marks (R12) the head holds everything.
     if (i == 0 && stored.size() > 1) {
       after.groups.insert(after.groups.end(), stored[i].groups.begin(), stored[i].groups.end());
       continue;
     }
-    const auto merged = mergedSection({stored[i].mark, format, stored[i].groups, shown[i].groups, sorted[i]});
+    const auto merged = sectionAfter(stored[i], shown[i], sorted[i], format);
     after.groups.insert(after.groups.end(), merged.begin(), merged.end());
   }
   takeBraces(after, given);

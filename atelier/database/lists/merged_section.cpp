@@ -127,8 +127,6 @@ Groups mergedHatch(const SectionMerge& s) {
 Groups mergedGroups(const SectionMerge& section) { return mergedGenerally(section, {}); }
 
 Groups mergedSection(const SectionMerge& section) {
-  // Most lists come back with one value changed: the other sections are as they were shown.
-  if (section.given.empty() || sameGroups(section.given, section.shown)) return section.stored;
   if (section.mark == "AcDbXrecord") return mergedData(section);
   if (section.mark == "AcDbDictionary") return mergedEntries(section);
   if (section.mark == "AcDbPolyline") return mergedPolyline(section);

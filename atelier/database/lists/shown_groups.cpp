@@ -2,6 +2,7 @@
 #include "atelier/database/lists/shown_groups.h"
 
 #include <algorithm>
+#include <array>
 #include <bitset>
 #include <span>
 #include <unordered_map>
@@ -27,9 +28,21 @@ std::string layoutOf(const AcDbStub& stub) {
 
 // The fields that are shown of one section, for its first, second ... time in a record.
 struct SectionFields {
+  static constexpr std::size_t kNowhere = 255, kCodes = 512;
   std::string_view section;
   int turn = 1;
-  std::vector<const Field*> fields;
+  std::vector<std::vector<Group>> defaults;  // of each field its groups
+  std::array<unsigned char, kCodes> places;  // of a code its field
+
+  SectionFields(std::string_view name, int time) : section(name), turn(time) { places.fill(kNowhere); }
+  void add(const Field& field) {
+    if (places[static_cast<std::size_t>(field.code)] == kNowhere)
+      places[static_cast<std::size_t>(field.code)] = static_cast<unsigned char>(defaults.size());
+    appendDefault(defaults.emplace_back(), field);
+  }
+  std::size_t placeOf(int code) const {
+    return code < 0 || code >= static_cast<int>(kCodes) ? kNowhere : places[static_cast<std::size_t>(code)];
+  }
 };
 
 std::vector<SectionFields> gatherSections(const RecordFormat& format) {
@@ -40,8 +53,8 @@ std::vector<SectionFields> gatherSections(const RecordFormat& format) {
     const int turn = hash == std::string_view::npos ? 1 : field.subclass[hash + 1] - '0';
     auto own =
         std::ranges::find_if(sections, [&](const SectionFields& s) { return s.turn == turn && s.section == name; });
-    if (own == sections.end()) own = sections.insert(sections.end(), {name, turn, {}});
-    if (field.presence != Presence::optional && field.kind != FieldKind::handle) own->fields.push_back(&field);
+    if (own == sections.end()) own = sections.emplace(sections.end(), name, turn);
+    if (field.presence != Presence::optional && field.kind != FieldKind::handle) own->add(field);
   }
   return sections;
 }
@@ -56,7 +69,9 @@ const std::vector<SectionFields>& sectionsOf(const RecordFormat& format) {
 // Builds the list of one object.
 class Shown {
  public:
-  Shown(AcDbStub& stub, const Record& record) : stub_(stub), record_(record), format_(formatOf(record.type())) {}
+  Shown(AcDbStub& stub, const Record& record) : stub_(stub), record_(record) {
+    if (const RecordFormat* format = formatOf(record.type())) sections_ = sectionsOf(*format);
+  }
 
   std::vector<Group> list() {
     const std::size_t end = record_.xdataStart();
@@ -107,37 +122,39 @@ class Shown {
                        [code](const Group& group) { return group.code() == code; });
   }
 
-  // Fields of the section in the format's order; a second section of the same name counts as its own.
-  std::span<const Field* const> fieldsOf(std::string_view section) {
-    if (!format_ || section.empty()) return {};
+  // A second section of the same name counts as its own.
+  const SectionFields* fieldsOf(std::string_view section) {
+    if (sections_.empty() || section.empty()) return nullptr;
     const std::string_view wanted = section == "AcDbMInsertBlock" ? "AcDbBlockReference" : section;
     turns_ = wanted == last_ ? turns_ + 1 : 1;
     last_ = wanted;
-    for (const SectionFields& fields : sectionsOf(*format_))
-      if (fields.turn == turns_ && fields.section == wanted) return fields.fields;
-    return {};
+    for (const SectionFields& fields : sections_)
+      if (fields.turn == turns_ && fields.section == wanted) return &fields;
+    return nullptr;
   }
 
   void addFields(std::string_view section, std::size_t begin, std::size_t end) {
-    const std::span<const Field* const> fields = fieldsOf(section);
-    const auto placeOf = [&](int code) {
-      return static_cast<std::size_t>(std::ranges::find(fields, code, [](const Field* f) { return f->code; }) -
-                                      fields.begin());
-    };
-    std::bitset<32> there;
-    for (std::size_t i = begin; i < end && !there.all(); ++i)
-      if (const std::size_t place = placeOf(record_.groups[i].code()); place < fields.size()) there.set(place);
+    const auto& groups = record_.groups;
+    const SectionFields* fields = fieldsOf(section);
+    if (!fields) {
+      out_.insert(out_.end(), groups.begin() + static_cast<std::ptrdiff_t>(begin),
+                  groups.begin() + static_cast<std::ptrdiff_t>(end));
+      return;
+    }
+    const std::size_t count = fields->defaults.size();
+    std::bitset<SectionFields::kNowhere + 1> there;
+    for (std::size_t i = begin; i < end; ++i) there.set(fields->placeOf(groups[i].code()));
     std::size_t shown = 0;
     const auto showUpTo = [&](std::size_t place) {
       for (; shown < place; ++shown)
-        if (!there.test(shown)) appendDefault(out_, *fields[shown]);
+        if (!there.test(shown)) out_.insert(out_.end(), fields->defaults[shown].begin(), fields->defaults[shown].end());
     };
     for (std::size_t i = begin; i < end; ++i) {
-      if (shown < fields.size())
-        if (const std::size_t place = placeOf(record_.groups[i].code()); place < fields.size()) showUpTo(place);
-      out_.push_back(record_.groups[i]);
+      if (const std::size_t place = fields->placeOf(groups[i].code()); place != SectionFields::kNowhere)
+        showUpTo(place);
+      out_.push_back(groups[i]);
     }
-    showUpTo(fields.size());
+    showUpTo(count);
   }
 
   void addPolyline(std::size_t begin, std::size_t end) {
@@ -205,7 +222,7 @@ class Shown {
 
   AcDbStub& stub_;
   const Record& record_;
-  const RecordFormat* format_;
+  std::span<const SectionFields> sections_;
   std::vector<Group> out_;
   std::string_view last_;
   int turns_ = 0;

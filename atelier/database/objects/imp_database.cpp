@@ -241,5 +241,8 @@ AcDbStub* AcDbImpDatabase::tableRecord(std::string_view tableName, std::string_v
   return found == it->second.end() || found->second->is(AcDbStub::kErased) ? nullptr : found->second;
 }
 
-AcDbStub* AcDbImpDatabase::modelSpace() { return tableRecord("BLOCK_RECORD", "*Model_Space"); }
+AcDbStub* AcDbImpDatabase::modelSpace() {
+  if (!modelSpace_ || modelSpace_->is(AcDbStub::kErased)) modelSpace_ = tableRecord("BLOCK_RECORD", "*Model_Space");
+  return modelSpace_;
+}
 AcDbStub* AcDbImpDatabase::paperSpace() { return tableRecord("BLOCK_RECORD", "*Paper_Space"); }

@@ -106,7 +106,7 @@ class AcDbImpDatabase {
   AcDbStub* tableRecord(std::string_view table, std::string_view name);
   std::string recordName(AcDbStub& record);
   // The record of that name, made with the format's defaults when it is missing (layers, styles, applications).
-  void forgetTableIndex() { tableIndex_.clear(); }
+  void forgetTableIndex() { tableIndex_.clear(), modelSpace_ = nullptr; }
   AcDbStub* modelSpace();
   AcDbStub* paperSpace();  // the active one
 
@@ -154,6 +154,7 @@ class AcDbImpDatabase {
   std::unordered_map<std::string, std::uint16_t> typeIndex_;
   std::vector<std::pair<std::string, AcDbStub*>> tables_;
   std::unordered_map<const AcDbStub*, std::unordered_map<std::string, AcDbStub*>> tableIndex_;
+  AcDbStub* modelSpace_ = nullptr;  // kept as long as the index
 };
 
 namespace atelier {

@@ -181,9 +181,20 @@ const Primitive* Interpreter::primitive(std::string_view name) const {
   return found == primitiveNames_.end() || isRemoved(*found->second) ? nullptr : found->second;
 }
 
+// --- Words
+
+Value Interpreter::word(std::string_view utf8) {
+  constexpr std::size_t kMost = 1000;  // beyond it the texts are no small vocabulary
+  if (const auto known = words_.find(utf8); known != words_.end()) return known->second;
+  const Value value = string(utf8);
+  if (words_.size() < kMost) words_.emplace(value.text(), value);
+  return value;
+}
+
 // --- Roots
 
 void Interpreter::markRoots(Heap& heap) {
+  for (const auto& [text, value] : words_) heap.mark(value);
   for (const Symbol& symbol : symbols_) heap.mark(symbol.value);
   for (const Value* value = stack_; value != top_; ++value) heap.mark(*value);
   for (const Binding* binding = bindingStack_; binding != bindings_; ++binding) heap.mark(binding->value);

@@ -76,6 +76,8 @@ class Interpreter final : private RootSource {
   Value list(Arguments elements, Value tail = nil);
   Value list(std::initializer_list<Value> elements) { return list(Arguments(elements.begin(), elements.size())); }
   Value string(std::string_view utf8) { return heap_.string(utf8); }
+  // The string of that text, the same value at every call: for the words that lists repeat thousands of times.
+  Value word(std::string_view utf8);
   Value point(double x, double y) { return list({Value::real(x), Value::real(y)}); }
   Value point(double x, double y, double z) { return list({Value::real(x), Value::real(y), Value::real(z)}); }
   Value entity(std::uint64_t id);
@@ -242,6 +244,7 @@ class Interpreter final : private RootSource {
   RootLink roots_;
   std::deque<Symbol> symbols_;
   std::unordered_map<std::string_view, Symbol*> symbolNames_;
+  std::unordered_map<std::string_view, Value> words_;  // by their own bytes
   std::deque<Primitive> primitives_;
   std::unordered_map<std::string_view, Primitive*> primitiveNames_;
   std::function<void(const std::string&)> afterExternal_, propagate_;
