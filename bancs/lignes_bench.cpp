@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "etudes/cout/moindre.h"
 #include "etudes/optimal/profondeurs.h"
 #include "etudes/optimal/proposition.h"
 
@@ -64,6 +65,34 @@ BENCHMARK(BM_Proposition)
     ->Args({100'000, 0})
     ->Args({1'000'000, 0})
     ->Unit(benchmark::kMillisecond);
+
+// Sewers with a manhole every 50 m, a ground point every 10 m, and 420 levels to choose from at each.
+void BM_LeastCost(benchmark::State& state) {
+  const auto manholes = static_cast<std::size_t>(state.range(0));
+  etu::listeSommets terrain;
+  for (std::size_t i = 0; i <= 5 * manholes; ++i) {
+    const double d = 10.0 * static_cast<double>(i);
+    terrain.push_back({plv::distanceProfil(d), plv::altitudeVraie(500 - 0.004 * d + 0.4 * std::sin(d / 70))});
+  }
+  etu::demande d = asked(terrain);
+  d.profondeurs = {0.8, 5.0};
+  d.pente = etu::pentes{-0.08, -0.003};
+  etu::demandeRegards regards;
+  for (std::size_t i = 1; i < manholes; ++i) regards.distances.push_back(50.0 * static_cast<double>(i));
+  etu::tarif prix;
+  prix.fouille = {{1.3, 0.9, 18}, {2.5, 1.1, 24}, {6.0, 1.5, 35}};
+  prix.seuilBlindage = 1.3;
+  prix.prixBlindage = 12;
+  prix.prixRegard = 850;
+  prix.prixMetreRegard = 120;
+  prix.chutes = etu::tarif::chute{300, 1.5};
+  for (auto _ : state) {
+    const auto found = etu::moindreCout(terrain, d, regards, prix, 0.01);
+    if (!found || !found->ligne) std::abort();
+    state.counters["gap, per mille"] = 1000 * (1 - found->ligne->borne / found->ligne->cout);
+  }
+}
+BENCHMARK(BM_LeastCost)->Arg(100)->Arg(1'000)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

@@ -31,8 +31,8 @@
      plv-metres-troncons plv-metres-classes plv-metres-traces plv-metres-lots plv-metres-controle plv-metres-rapport plv-metres-titres plv-cubpl
      plv-metres plv-legende)
     (optimal (base profil projet)
-     plv-optimal-bande plv-optimal-rapport plv-optimal plv-optimal-couloir plv-optimal-contraintes plv-optimal-souhait
-     plv-optimal-sommets plv-optimal-questions)
+     plv-optimal-bande plv-optimal-rapport plv-optimal plv-optimal-couloir plv-optimal-rangees plv-optimal-contraintes plv-optimal-prix
+     plv-optimal-souhait plv-variantes plv-optimal-sommets plv-optimal-cout plv-optimal-questions)
     (echange (base terrain profil projet)
      plv-landxml plv-landxml-projet plv-landxml-terrain plv-export)
     (saisie (base profil projet echange)

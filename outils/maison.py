@@ -74,7 +74,8 @@ HOUSES = {
     "etudes": {
         "base": "",
         "optimal": "base",
-        "porte": "optimal",
+        "cout": "optimal",
+        "porte": "optimal cout",
     },
     "programs": {"": ""},
 }

@@ -1,9 +1,8 @@
 // et_ligne and et_couloir: the proposed line between two depths, and the corridor it runs through, without drawing them.
 // The result is nil for what can't be, as with the other plug-in's functions.
-#include <cmath>
-
 #include "etudes/optimal/fonctions.h"
 #include "etudes/optimal/proposition.h"
+#include "etudes/optimal/question.h"
 #include "module/commande/arguments/argsLisp.h"
 #include "module/commande/arguments/listeRb.h"
 #include "module/profil/profilLong.h"
@@ -11,96 +10,6 @@
 namespace etu {
 
 namespace {
-
-struct question {
-  plv::profilLong profil;
-  listeSommets terrain;
-  demande d;
-};
-
-bool nombre(const resbuf*& noeud, double& valeur) {
-  if (!plv::estNombre(noeud)) return false;
-  valeur = plv::valeurReelle(noeud);
-  noeud = noeud->rbnext;
-  return std::isfinite(valeur);
-}
-
-// An end: a station, or a list of station and altitude.
-bool bout(const plv::profilLong& profil, const resbuf*& noeud, double& distance, std::optional<double>& altitude) {
-  double station = 0, z = 0;
-  if (!noeud) return false;
-  if (!nombre(noeud, station)) {
-    if (!lirePaire(noeud, station, z) || !std::isfinite(station) || !std::isfinite(z)) return false;
-    altitude = z;
-  }
-  distance = profil.distanceDe(plv::stationPk(station)).valeur;
-  return true;
-}
-
-// A constraint is a list of its name and numbers; the first of them are stations.
-struct genreContrainte {
-  const wchar_t* nom;
-  std::size_t stations, nombres;
-  void (*ajouter)(demande& d, const std::vector<double>& v);
-};
-constexpr genreContrainte kGenres[] = {
-    {L"profondeur", 2, 4,
-     [](demande& d, const std::vector<double>& v) {
-       d.bandes.push_back({v[0], v[1], {v[2], v[3]}});
-     }},
-    {L"point", 1, 3,
-     [](demande& d, const std::vector<double>& v) {
-       d.points.push_back({v[0], {v[1], v[2]}});
-     }},
-    {L"croisement", 2, 4,
-     [](demande& d, const std::vector<double>& v) {
-       d.croisements.push_back({v[0], v[1], {v[2], v[3]}});
-     }},
-    {L"pente", 0, 2,
-     [](demande& d, const std::vector<double>& v) {
-       d.pente = pentes{v[0], v[1]};
-     }},
-    {L"longueur", 0, 1, [](demande& d, const std::vector<double>& v) { d.longueur = v[0]; }},
-    {L"arrondi", 0, 2,
-     [](demande& d, const std::vector<double>& v) {
-       d.pasAltitude = v[0];
-       d.pasPente = v[1];
-     }},
-};
-
-bool contrainte(const resbuf*& noeud, question& q) {
-  if (noeud->restype != RTLB || !plv::estChaine(noeud->rbnext)) return false;
-  const std::wstring nom = plv::valeurTexte(noeud->rbnext);
-  std::vector<double> valeurs;
-  for (noeud = noeud->rbnext->rbnext; noeud && noeud->restype != RTLE;)
-    if (!nombre(noeud, valeurs.emplace_back())) return false;
-  for (const genreContrainte& g : kGenres) {
-    if (!noeud || nom != g.nom || valeurs.size() != g.nombres) continue;
-    for (std::size_t i = 0; i < g.stations; ++i) valeurs[i] = q.profil.distanceDe(plv::stationPk(valeurs[i])).valeur;
-    g.ajouter(q.d, valeurs);
-    noeud = noeud->rbnext;
-    return true;
-  }
-  return false;
-}
-
-bool contraintes(const resbuf* noeud, question& q) {
-  if (!noeud || noeud->restype == RTNIL) return true;
-  if (noeud->restype != RTLB) return false;
-  for (noeud = noeud->rbnext; noeud && noeud->restype != RTLE;)
-    if (!contrainte(noeud, q)) return false;
-  return noeud != nullptr;
-}
-
-bool lire(const plv::ArgsLisp& args, question& q) {
-  const resbuf* noeud = args.nieme(0);
-  if (!plv::estNom(noeud) || !q.profil.lireId(plv::valeurId(noeud))) return false;
-  noeud = noeud->rbnext;
-  if (!nombre(noeud, q.d.profondeurs.moindre) || !nombre(noeud, q.d.profondeurs.plusGrande)) return false;
-  q.terrain = terrainDe(q.profil);
-  return bout(q.profil, noeud, q.d.debut, q.d.zDebut) && bout(q.profil, noeud, q.d.fin, q.d.zFin) &&
-         contraintes(noeud, q);
-}
 
 void ouvrir(plv::listeRb& liste) { liste.ajouter(acutBuildList(RTLB, 0)); }
 void fermer(plv::listeRb& liste) { liste.ajouter(acutBuildList(RTLE, 0)); }
@@ -154,7 +63,7 @@ void et_ligne() {
   plv::ArgsLisp args;
   plv::commencerAppel(args);
   question q;
-  if (!lire(args, q)) return;
+  if (const resbuf* noeud = nullptr; !lireQuestion(args, q, noeud)) return;
   const auto trouve = proposer(q.terrain, q.d);
   if (!trouve) return;
   plv::listeRb resultat;
@@ -178,7 +87,7 @@ void et_couloir() {
   plv::ArgsLisp args;
   plv::commencerAppel(args);
   question q;
-  if (!lire(args, q)) return;
+  if (const resbuf* noeud = nullptr; !lireQuestion(args, q, noeud)) return;
   const auto c = couloirPropose(q.terrain, q.d);
   if (!c) return;
   ligneDroite basse, haute;

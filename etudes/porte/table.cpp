@@ -3,6 +3,7 @@
 
 #include <iterator>
 
+#include "etudes/cout/fonctions.h"
 #include "etudes/optimal/fonctions.h"
 #include "hote/aced.h"
 #include "hote/acut.h"
@@ -38,6 +39,16 @@ constexpr ligneFonction kTable[] = {
      L"haut) (longueur moindre) (arrondi pas-altitude pas-pente), leur nom étant une chaîne."},
     {L"et_couloir", et_couloir, L"(et_couloir profil moindre plus-grande départ arrivée [contraintes])",
      L"Le couloir où et_ligne cherche: ses limites basse et haute, deux listes de (pk altitude)."},
+    {L"et_ligneCout", et_ligneCout, L"(et_ligneCout profil moindre plus-grande départ arrivée contraintes ouvrages)",
+     L"La ligne de moindre coût d'un regard à l'autre: (regards (coût borne) quantités), un regard étant (pk terrain "
+     L"entrée sortie), la borne un coût sous lequel aucune ligne n'est, quelles que soient ses altitudes, les "
+     L"quantités "
+     L"(volumes blindage regards profondeur chutes pompages relevage). Quand aucune n'arrive: (nil (pk pk)), le regard "
+     L"le plus loin qu'une ligne atteint et le suivant. Les altitudes aux regards sont rondes au pas de la contrainte "
+     L"arrondi, au centimètre sans elle. Les ouvrages sont des listes (nom nombres): (station pk) d'un regard, "
+     L"(espacement plus-grand pas) pour en ajouter, (fouille profondeur largeur prix) par classe, (blindage profondeur "
+     L"prix), (regard prix prix-du-mètre), (chute prix hauteur), (pompage prix prix-du-mètre). Chutes et pompages ne "
+     L"valent qu'avec une pente d'un seul sens."},
 };
 
 void et_aide() {

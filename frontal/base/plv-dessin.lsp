@@ -7,7 +7,13 @@
     ("PLV-MATRICE" 7 18) ("PLV-TITRES" 7 25) ("PLV-PROJET" 1 50) ("PLV-COTES" 1 18) ("PLV-PLAN" 6 25)
     ("PLV-HACHURES" 7 13) ("PLV-LEGENDE" 7 18) ("PLV-COULOIR" 5 13)))
 
+;; Variants of a line stand on layers of their own, which are made when one is drawn.
+(setq plv-calques-variantes
+  (mapcar '(lambda (n couleur) (list (strcat "PLV-VARIANTE-" (itoa n)) couleur 25)) '(1 2 3 4 5 6) '(30 140 200 82 40 170)))
+
 (setq plv-calques:cle "CALQUE")
+
+(defun plv-calques:declare (nom) (cond ((assoc nom plv-calques)) ((assoc nom plv-calques-variantes))))
 
 (defun plv-calques:marque (entite) (cdr (plv-cle plv-calques:cle (plv-paires entite))))
 
@@ -31,9 +37,9 @@
 (defun plv-calque (nom)
   "The layer that bears one of the names above, or bore it when it was made; it is made when there is none."
   (cond
-    ((or (tblsearch "LAYER" nom) (not (assoc nom plv-calques))) nom)
+    ((or (tblsearch "LAYER" nom) (not (plv-calques:declare nom))) nom)
     ((plv-calques:renomme nom))
-    (T (plv-calques:creer (assoc nom plv-calques)) nom)))
+    (T (plv-calques:creer (plv-calques:declare nom)) nom)))
 
 (defun plv-creer-calques ()
   "All layers, also those of a drawing whose layers have no mark yet."

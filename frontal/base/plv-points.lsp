@@ -18,6 +18,11 @@
 
 ;; --- a line of points
 
+(defun plv-points-sans-doubles (points / gardes)
+  "Of neighbours at one place the first one."
+  (foreach p points (if (not (and gardes (equal p (car gardes) 1e-6))) (setq gardes (cons p gardes))))
+  (reverse gardes))
+
 (defun plv-ligne-depuis (ligne d)
   "The line from its stretch at a distance on; of two points there, as at a wall, the second counts."
   (while (and (cddr ligne) (<= (car (cadr ligne)) (+ d 1e-9))) (setq ligne (cdr ligne)))

@@ -1,6 +1,6 @@
 ;; What of a proposed line leaves the band of depths, or falls below its plane. What leaves the band are stretches (from to extreme-depth sense band), the sense positive for too deep, the band (least greatest).
 ;; Found by themselves, whatever proposed the line. Points are (distance altitude) in metres.
-;; Shared in the room: plv-optimal:hors-tranches plv-optimal:tranches plv-optimal:ecart plv-hors-extreme plv-hors-bande plv-optimal:sur-plans plv-optimal:descente
+;; Shared in the room: plv-optimal:hors-tranches plv-optimal:tranches plv-optimal:ecart plv-optimal:profondeurs plv-hors-extreme plv-hors-bande plv-optimal:sur-plans plv-optimal:descente
 
 (defun plv-hors-extreme (hors) (caddr hors))
 (defun plv-hors-sens (hors) (cadddr hors))

@@ -72,14 +72,9 @@
   (setq mot (strcase champ T))
   (if (member mot '("descend" "monte" "libre")) mot (plv-nombre champ)))
 
-(defun plv-contraintes:sans-vides (champs)
-  "Without the empty fields at the end, which spreadsheets add."
-  (while (and champs (= (plv-dernier champs) "")) (setq champs (plv-sans-dernier champs)))
-  champs)
-
 (defun plv-contrainte (ligne / champs genre contrainte)
   "The constraint of a row; a text that says what is expected for one that isn't understood."
-  (setq champs (plv-contraintes:sans-vides (plv-couper ligne ";"))
+  (setq champs (plv-optimal:sans-vides (plv-couper ligne ";"))
         genre (assoc (if (caddr champs) (strcase (caddr champs) T)) plv-contraintes:genres))
   (cond
     ((not genre) (strcat "une contrainte est attendue: station;fin;nom;valeurs, le nom étant "
@@ -93,29 +88,7 @@
 
 (defun plv-contraintes:nombre-ou-vide (champ) (or (= champ "") (plv-nombre-station champ)))
 
-(defun plv-lire-contraintes (chemin / numero lignes contraintes contrainte faute)
-  "The constraints of a file; nil after a message. A heading row that begins with \"station\" is passed over."
-  (setq numero 0 lignes (plv-lire-lignes chemin))
-  (while (and lignes (not faute))
-    (setq numero (1+ numero))
-    (if (not (or (plv-contraintes:commentaire-p (car lignes)) (wcmatch (strcase (car lignes)) "STATION;*")))
-      (if (eq (type (setq contrainte (plv-contrainte (car lignes)))) 'STR)
-        (progn (plv-refus-ligne chemin numero (car lignes) contrainte) (setq faute T))
-        (setq contraintes (cons contrainte contraintes))))
-    (setq lignes (cdr lignes)))
-  (cond (faute nil)
-        ((reverse contraintes))
-        (T (plv-erreur (strcat chemin ": aucune contrainte")))))
+(defun plv-lire-contraintes (chemin) (plv-optimal:lire-rangees chemin 'plv-contrainte "STATION;*" "aucune contrainte"))
 
-(defun plv-contraintes:commentaire-p (ligne)
-  "T for an empty row and for a comment; an empty station isn't one."
-  (setq ligne (vl-string-trim " \t" ligne))
-  (or (= ligne "") (wcmatch ligne "[#]*")))
-
-(defun plv-demander-contraintes (/ reponse lues contraintes)
-  "Rows and files of constraints, until an empty answer."
-  (while (/= (setq reponse (plv-demander-texte "Contrainte station;fin;nom;valeurs, ou fichier, ou rien" nil)) "")
-    (if (vl-string-search ";" reponse)
-      (if (eq (type (setq lues (plv-contrainte reponse))) 'STR) (plv-dire lues) (setq contraintes (cons lues contraintes)))
-      (if (setq lues (plv-fichier-existant reponse)) (setq contraintes (append (reverse (plv-lire-contraintes lues)) contraintes)))))
-  (reverse contraintes))
+(defun plv-demander-contraintes ()
+  (plv-optimal:demander-rangees "Contrainte station;fin;nom;valeurs, ou fichier, ou rien" 'plv-contrainte 'plv-lire-contraintes))

@@ -47,17 +47,33 @@
   (setq reponse (getreal (strcat "\n" question " <" (plv-reel defaut 2) ">: ")))
   (cond (reponse) (defaut)))
 
-(defun plv-optimal:demander-minimum (/ methode contraintes reponse)
-  "(method constraints least-depth)."
+(defun plv-optimal:sans-contraintes (methode contraintes)
+  "The constraints; the search by splitting knows none."
+  (if (and contraintes (= methode "Recherche")) (plv-dire "La méthode Recherche ne connaît que les deux profondeurs."))
+  contraintes)
+
+;; how a line is to be found: (method constraints prices variant least-depth)
+(defun plv-maniere-methode (maniere) (car maniere))
+(defun plv-maniere-contraintes (maniere) (cadr maniere))
+(defun plv-maniere-prix (maniere) (caddr maniere))
+(defun plv-maniere-variante (maniere) (cadddr maniere))
+(defun plv-maniere-minimum (maniere) (nth 4 maniere))
+
+(defun plv-optimal:demander-maniere (/ methode contraintes prix variante reponse)
   (setq methode "Sommets")
   (while (not (numberp reponse))
-    (initget "Méthode Contraintes")
+    (initget "Méthode Contraintes Variante")
     (setq reponse
-      (plv-optimal:demander-profondeur "Profondeur minimale (un nombre négatif est une surélévation) ou [Méthode/Contraintes]" 0.8))
+      (plv-optimal:demander-profondeur "Profondeur minimale (un nombre négatif est une surélévation) ou [Méthode/Contraintes/Variante]" 0.8))
     (cond
-      ((= reponse "Méthode") (setq methode (plv-demander-mot "Méthode" '("Sommets" "Approchée" "Recherche") methode)))
-      ((= reponse "Contraintes") (setq contraintes (plv-demander-contraintes)))))
-  (list methode contraintes reponse))
+      ((= reponse "Méthode")
+       (setq methode (plv-demander-mot "Méthode" '("Sommets" "Coût" "Approchée" "Recherche") methode))
+       (if (= methode "Coût") (setq prix (plv-demander-prix))))
+      ((= reponse "Contraintes") (setq contraintes (plv-demander-contraintes)))
+      ((= reponse "Variante")
+       (setq variante (not variante))
+       (plv-dire (if variante "La ligne sera gardée comme variante." "La ligne sera attachée au profil.")))))
+  (list methode (plv-optimal:sans-contraintes methode contraintes) prix variante reponse))
 
 (defun plv-optimal:a-remplacer (profil genre / deja)
   "The entities that the new line replaces: those of the kind's project line, unless they are to stay."
@@ -67,33 +83,31 @@
 
 (defun plv-optimal:dessiner-p (question) (= (plv-demander-mot question '("Oui" "Non") "Non") "Oui"))
 
-(defun plv-optimal:faire (methode contraintes profil genre depart arrivee minimum maximum)
+(defun plv-optimal:faire (maniere profil genre depart arrivee maximum / methode minimum souhait)
   "Asks whether to show how the line was found, and has it found."
-  (if (= methode "Recherche")
-    (plv-optimal profil genre depart arrivee minimum maximum (plv-optimal:dessiner-p "Garder le tracé de la recherche"))
-    (plv-optimal-sommets profil genre
-      (plv-souhait depart arrivee minimum maximum contraintes (= methode "Approchée"))
-      (plv-optimal:dessiner-p "Dessiner le couloir et ses fenêtres"))))
+  (setq methode (plv-maniere-methode maniere)
+        minimum (plv-maniere-minimum maniere)
+        souhait (plv-souhait depart arrivee minimum maximum (plv-maniere-contraintes maniere) (= methode "Approchée")))
+  (if (plv-maniere-variante maniere) (setq souhait (plv-souhait-en-variante souhait)))
+  (cond
+    ((and (plv-maniere-variante maniere) (not (plv-optimal:place-variante-p profil))) nil)
+    ((= methode "Recherche")
+     (plv-optimal-recherche profil genre souhait (plv-optimal:dessiner-p "Garder le tracé de la recherche")))
+    ((= methode "Coût") (plv-optimal-cout profil genre souhait (plv-maniere-prix maniere)))
+    (T (plv-optimal-sommets profil genre souhait (plv-optimal:dessiner-p "Dessiner le couloir et ses fenêtres")))))
 
-(defun plv-optimal:sans-contraintes (methode contraintes)
-  "The constraints; the search by splitting knows none."
-  (if (and contraintes (= methode "Recherche")) (plv-dire "La méthode Recherche ne connaît que les deux profondeurs."))
-  contraintes)
-
-(defun c:plv-optimal (/ profil genre anciens methode contraintes libre depart arrivee minimum maximum milieu)
+(defun c:plv-optimal (/ profil genre anciens maniere libre depart arrivee maximum milieu)
   "Propose la ligne de projet la meilleure dans une bande de profondeurs."
   (if (and (setq profil (plv-choisir-profil)) (or (cdr (plv-points-tn profil)) (plv-erreur (plv-refus-sans-terrain))))
     (progn
       (setq genre (plv-demander-genre-projet "Assainissement")
             anciens (plv-optimal:a-remplacer profil genre)
-            minimum (plv-optimal:demander-minimum)
-            methode (car minimum)
-            contraintes (plv-optimal:sans-contraintes methode (cadr minimum))
-            minimum (caddr minimum)
+            maniere (plv-optimal:demander-maniere)
             maximum (plv-optimal:demander-profondeur "Profondeur maximale" 1.6)
-            milieu (plv-milieu (list minimum maximum))
-            libre (/= methode "Recherche")
+            milieu (plv-milieu (list (plv-maniere-minimum maniere) maximum))
+            libre (/= (plv-maniere-methode maniere) "Recherche")
             depart (plv-optimal:bout profil "du départ" (car (car (plv-points-tn profil))) milieu libre)
             arrivee (plv-optimal:bout profil "de l'arrivée" (plv-longueur-profil profil) milieu libre))
-      (if (plv-optimal:faire methode contraintes profil genre depart arrivee minimum maximum) (plv-effacer-courbes profil anciens))))
+      (if (and (plv-optimal:faire maniere profil genre depart arrivee maximum) (not (plv-maniere-variante maniere)))
+        (plv-effacer-courbes profil anciens))))
   (princ))

@@ -1,5 +1,6 @@
 ;; The line of fewest vertices: attached, told, and why fewer are impossible; or why there is no line.
 ;; Points are (distance altitude) in metres.
+;; Shared in the room: plv-optimal:contradiction plv-optimal:refus-souhait
 
 ;; --- why there is none
 
@@ -34,7 +35,7 @@
     (T (strcat (if (> pente 0.0) "montée" "descente") " de " (plv-reel (* 100.0 (abs pente)) 2)
                (if (= moindre (> pente 0.0)) " % au moins" " % au plus")))))
 
-(defun plv-optimal-sommets:contradiction (faute pentes / basse haute gauche droite)
+(defun plv-optimal:contradiction (faute pentes / basse haute gauche droite)
   "The sentence about limits that contradict each other."
   (setq basse (plv-faute-basse faute) haute (plv-faute-haute faute)
         gauche (min (car basse) (car haute)) droite (max (car basse) (car haute)))
@@ -85,13 +86,13 @@
         suites (plv-optimal:suites (apply 'append (plv-proposition-lignes proposition))))
   (if dessiner
     (plv-optimal:dessiner-couloir profil (plv-optimal:demander-couloir profil souhait) (plv-proposition-fenetres proposition)))
-  (if (vl-every '(lambda (suite) (plv-optimal:attacher profil genre suite)) suites)
+  (if (plv-optimal:deposer profil genre souhait suites (if (plv-proposition-faute proposition) "Approchée" "Sommets") nil)
     (progn
       (plv-optimal:dire profil suites (plv-souhait-minimum souhait) (plv-souhait-maximum souhait) (plv-souhait-bandes souhait origine))
       (plv-optimal-sommets:dire proposition souhait suites origine)
       (apply 'append suites))))
 
-(defun plv-optimal-sommets:refus (profil genre souhait / origine)
+(defun plv-optimal:refus-souhait (profil genre souhait / origine)
   (cond
     ((plv-optimal:refus profil genre (plv-souhait-depart souhait) (plv-souhait-arrivee souhait)))
     (T (setq origine (plv-premiere-station profil))
@@ -102,7 +103,7 @@
   "Attaches the line of fewest vertices that is asked for (plv-souhait); dessiner also draws the corridor and its windows.
 Gives the line's vertices, or nil after a message."
   (setq genre (plv-genre genre)
-        faute (plv-optimal-sommets:refus profil genre souhait))
+        faute (plv-optimal:refus-souhait profil genre souhait))
   (cond
     (faute (plv-erreur faute))
     ((not (setq proposition (plv-optimal:demander-ligne profil souhait)))
@@ -110,7 +111,7 @@ Gives the line's vertices, or nil after a message."
     ((not (setq faute (plv-proposition-faute proposition)))
      (plv-optimal-sommets:attacher profil genre souhait proposition dessiner))
     (T
-     (setq faute (strcat (plv-optimal-sommets:contradiction faute (plv-souhait-pentes souhait)) "."))
+     (setq faute (strcat (plv-optimal:contradiction faute (plv-souhait-pentes souhait)) "."))
      (if (plv-souhait-approchee souhait)
        (progn (plv-dire faute) (plv-optimal-sommets:attacher profil genre souhait proposition dessiner))
        (plv-erreur (strcat faute " Une ligne s'en écarte de " (plv-reel (* 0.5 (plv-faute-manque (plv-proposition-faute proposition))) 3)

@@ -1,6 +1,6 @@
 ;; What is asked of a line of fewest vertices, and what et_ligne of the studies answers. Points are (distance altitude) in
 ;; metres; an end that is free in the band is (distance).
-;; Shared in the room: plv-optimal:demander-ligne plv-optimal:demander-couloir
+;; Shared in the room: plv-optimal:arguments plv-optimal:demander-ligne plv-optimal:demander-couloir
 
 ;; approchee: where nothing fulfils everything, the line that leaves it least is wanted
 (defun plv-souhait (depart arrivee minimum maximum contraintes approchee)
@@ -11,6 +11,8 @@
 (defun plv-souhait-maximum (souhait) (cadddr souhait))
 (defun plv-souhait-contraintes (souhait) (nth 4 souhait))
 (defun plv-souhait-approchee (souhait) (nth 5 souhait))
+(defun plv-souhait-en-variante (souhait) (append souhait '(T)))
+(defun plv-souhait-variante (souhait) (nth 6 souhait))
 
 (defun plv-souhait-bandes (souhait origine)
   "The stretches with other depths, as distances."
@@ -41,16 +43,16 @@
 (defun plv-souhait:distances (points origine)
   (mapcar '(lambda (p) (list (- (car p) origine) (cadr p))) points))
 
-(defun plv-souhait:appeler (fonction profil souhait / origine)
+(defun plv-optimal:arguments (profil souhait / origine)
+  "What the studies' functions are asked with."
   (setq origine (plv-premiere-station profil))
-  (apply fonction
-    (list profil (plv-souhait-minimum souhait) (plv-souhait-maximum souhait)
-          (plv-souhait:bout (plv-souhait-depart souhait) origine) (plv-souhait:bout (plv-souhait-arrivee souhait) origine)
-          (plv-souhait-contraintes souhait))))
+  (list profil (plv-souhait-minimum souhait) (plv-souhait-maximum souhait)
+        (plv-souhait:bout (plv-souhait-depart souhait) origine) (plv-souhait:bout (plv-souhait-arrivee souhait) origine)
+        (plv-souhait-contraintes souhait)))
 
 (defun plv-optimal:demander-ligne (profil souhait / origine trouve)
   "A proposition; nil when et_ligne has none."
-  (setq origine (plv-premiere-station profil) trouve (plv-souhait:appeler 'et_ligne profil souhait))
+  (setq origine (plv-premiere-station profil) trouve (apply 'et_ligne (plv-optimal:arguments profil souhait)))
   (if trouve
     (plv-proposition
       (mapcar '(lambda (ligne) (plv-souhait:distances ligne origine)) (car trouve))
@@ -60,4 +62,4 @@
 (defun plv-optimal:demander-couloir (profil souhait / origine)
   "The lower and the upper limit."
   (setq origine (plv-premiere-station profil))
-  (mapcar '(lambda (ligne) (plv-souhait:distances ligne origine)) (plv-souhait:appeler 'et_couloir profil souhait)))
+  (mapcar '(lambda (ligne) (plv-souhait:distances ligne origine)) (apply 'et_couloir (plv-optimal:arguments profil souhait))))

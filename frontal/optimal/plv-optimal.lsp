@@ -56,11 +56,15 @@ beside the ends, against the prolongation of the line: for a part of the profile
 
 ;; --- the call
 
-(defun plv-optimal (profil genre depart arrivee minimum maximum garder / faute ajouts suites)
+(defun plv-optimal (profil genre depart arrivee minimum maximum garder)
   "Proposes and attaches a line from depart to arrivee (distance altitude); garder keeps the trace of the search. Gives the
 line's vertices, or nil after a message."
+  (plv-optimal-recherche profil genre (plv-souhait depart arrivee minimum maximum nil nil) garder))
+
+(defun plv-optimal-recherche (profil genre souhait garder / depart arrivee minimum maximum faute ajouts suites)
   (setq genre (plv-genre genre)
-        minimum (float minimum) maximum (float maximum)
+        depart (plv-souhait-depart souhait) arrivee (plv-souhait-arrivee souhait)
+        minimum (plv-souhait-minimum souhait) maximum (plv-souhait-maximum souhait)
         faute (plv-optimal:refus profil genre depart arrivee))
   (cond
     (faute (plv-erreur faute))
@@ -68,5 +72,5 @@ line's vertices, or nil after a message."
     (T
      (setq suites (plv-optimal:suites (plv-optimal:ligne profil (plv-dernier ajouts) depart arrivee)))
      (plv-effacer (if garder (list (plv-dernier ajouts)) ajouts))
-     (if (vl-every '(lambda (suite) (plv-optimal:attacher profil genre suite)) suites)
-       (progn (plv-optimal:dire profil suites (min minimum maximum) (max minimum maximum) nil) (apply 'append suites))))))
+     (if (plv-optimal:deposer profil genre souhait suites "Recherche" nil)
+       (progn (plv-optimal:dire profil suites minimum maximum nil) (apply 'append suites))))))

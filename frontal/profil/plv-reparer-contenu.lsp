@@ -46,16 +46,12 @@
          (mapcar '(lambda (p) (plv-vers-profil-sur cadre section p)) (plv-gauche-droite (list (plv-cle 10 groupes) (plv-cle 11 groupes)))))
       (plv-lignes-du-plan (plv-section-entite section)))))
 
-(defun plv-reparer:sans-doubles (points / gardes)
-  (foreach p points (if (not (and gardes (equal p (car gardes) 1e-6))) (setq gardes (cons p gardes))))
-  (reverse gardes))
-
 (defun plv-reparer:terrain (profil / cadre points)
   "A record of less than two points is written anew from the ground lines."
   (if (and (not (cdr (plv-points-tn profil))) (vl-every 'plv-plan-complet (plv-entites-plans profil)))
     (progn
       (setq cadre (plv-cadre profil)
-            points (plv-reparer:sans-doubles
+            points (plv-points-sans-doubles
                      (apply 'append (mapcar '(lambda (s) (plv-reparer:points-section cadre s)) (plv-sections-de-plan profil)))))
       (if (cdr points) (plv-ecrire-terrain profil points)))))
 
