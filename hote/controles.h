@@ -19,7 +19,7 @@ struct Place {
 
 class Control {
  public:
-  enum class Kind { text, edit, list, button, check, combo, colour };
+  enum class Kind { text, edit, list, button, check, combo, colour, picture };
   Control(Kind kind, std::wstring label) : kind_(kind), label_(std::move(label)) {}
   virtual ~Control() = default;
   Control(const Control&) = delete;
@@ -187,6 +187,33 @@ class Colour : public Control {
 
  private:
   int index_;
+};
+
+// A picture of lines and boxes in pixels from its top left corner; a click on it is a button's, where it has one.
+class Picture : public Control {
+ public:
+  // A line between two corners, or the box between them. Colours are the palette's; negative ones are the dialog's own: -15 its
+  // ground, -16 its texts, others the drawing's ground.
+  struct Stroke {
+    int x1, y1, x2, y2, colour;
+    bool filled;
+  };
+  Picture(std::wstring label, int width, int height, int ground)
+      : Control(Kind::picture, std::move(label)), width_(width), height_(height), ground_(ground) {}
+  int width() const { return width_; }
+  int height() const { return height_; }
+  int ground() const { return ground_; }
+  const std::vector<Stroke>& strokes() const { return strokes_; }
+  void draw(const std::vector<Stroke>& strokes) {
+    strokes_.insert(strokes_.end(), strokes.begin(), strokes.end());
+    touched();
+  }
+  void userClick() { fire(onClick); }
+  std::function<void()> onClick;
+
+ private:
+  const int width_, height_, ground_;
+  std::vector<Stroke> strokes_;
 };
 
 }  // namespace dialogues

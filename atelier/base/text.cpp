@@ -293,4 +293,15 @@ std::string realText(double value) {
   return text;
 }
 
+std::vector<std::string> commaParts(std::string_view text) {
+  std::vector<std::string> parts;
+  while (!text.empty()) {
+    const std::size_t comma = text.find(',');
+    const std::string_view part = trimmed(text.substr(0, comma));
+    if (!part.empty()) parts.emplace_back(part);
+    text = comma == text.npos ? std::string_view() : text.substr(comma + 1);
+  }
+  return parts;
+}
+
 }  // namespace atelier

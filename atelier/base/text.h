@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace atelier {
 
@@ -43,5 +44,7 @@ std::optional<std::int64_t> parseInteger(std::string_view text);
 // Shortest text that reads back to the same double, always with a decimal point or an exponent: "1.0", "1e-09".
 std::string realText(double value);
 std::string_view trimmed(std::string_view text);
+// The parts of a list with commas, without the blanks around them; empty ones are left out.
+std::vector<std::string> commaParts(std::string_view text);
 
 }  // namespace atelier

@@ -15,7 +15,7 @@ class Command;
 struct CommandRow {
   std::string_view name;              // English
   std::string_view aliases;           // other names, French ones included, separated by blanks
-  CommandTask (*function)(Command&);  // null: known, and not offered here
+  CommandTask (*function)(Command&);
   std::string_view help;
   bool transparent = false;  // may run while a prompt of another command waits, as 'ZOOM
 };
@@ -24,6 +24,8 @@ std::span<const CommandRow> drawingCommands();
 std::span<const CommandRow> shapeCommands();
 std::span<const CommandRow> divideCommands();
 std::span<const CommandRow> dimensionCommands();
+std::span<const CommandRow> leaderCommands();
+std::span<const CommandRow> attributeCommands();
 std::span<const CommandRow> plineCommands();
 std::span<const CommandRow> arcCommands();
 std::span<const CommandRow> blockCommands();
@@ -40,10 +42,12 @@ std::span<const CommandRow> explodeCommands();
 std::span<const CommandRow> polylineCommands();
 std::span<const CommandRow> insertCommands();
 std::span<const CommandRow> layerCommands();
+std::span<const CommandRow> linetypeCommands();
 std::span<const CommandRow> recordCommands();
 std::span<const CommandRow> drawingFileCommands();
 std::span<const CommandRow> fileCommands();
 std::span<const CommandRow> extractCommands();
+std::span<const CommandRow> plotCommands();
 std::span<const CommandRow> viewCommands();
 std::span<const CommandRow> undoCommands();
 std::span<const CommandRow> menuCommands();

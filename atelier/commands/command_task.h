@@ -28,6 +28,7 @@ class CommandTask {
     void return_void() {}
     void unhandled_exception() { failure = std::current_exception(); }
     Question* question = nullptr;
+    CommandTask* part = nullptr;  // the task that it waits for
     std::exception_ptr failure;
   };
 
@@ -42,9 +43,17 @@ class CommandTask {
   }
 
   bool done() const { return !handle_ || handle_.done(); }
-  Question* question() const { return handle_.promise().question; }
+  Question* question() const {
+    const promise_type& promise = handle_.promise();
+    return promise.part ? promise.part->question() : promise.question;
+  }
   // Goes on to the next question or the end; throws what the command threw.
   void resume() {
+    if (CommandTask* part = handle_.promise().part) {
+      part->resume();
+      if (!part->done()) return;
+      handle_.promise().part = nullptr;
+    }
     handle_.promise().question = nullptr;
     handle_.resume();
     if (handle_.promise().failure) std::rethrow_exception(std::exchange(handle_.promise().failure, nullptr));
@@ -54,6 +63,22 @@ class CommandTask {
   explicit CommandTask(std::coroutine_handle<promise_type> handle) : handle_(handle) {}
   std::coroutine_handle<promise_type> handle_;
 };
+
+// Awaiting a task asks its questions as part of the command that awaits it.
+class AwaitedTask {
+ public:
+  explicit AwaitedTask(CommandTask task) : task_(std::move(task)) {}
+  bool await_ready() {
+    task_.resume();
+    return task_.done();
+  }
+  void await_suspend(std::coroutine_handle<CommandTask::promise_type> waiting) { waiting.promise().part = &task_; }
+  void await_resume() const noexcept {}
+
+ private:
+  CommandTask task_;
+};
+inline AwaitedTask operator co_await(CommandTask task) { return AwaitedTask(std::move(task)); }
 
 // The answer to a question that demands one: a value, or a keyword.
 template <class VALUE>

@@ -1,5 +1,4 @@
 // Finds a command by its name and runs it from the command line.
-// A command in the table without a function gives a message that it isn't available here.
 #include "atelier/commands/commands.h"
 
 #include <sstream>
@@ -13,10 +12,6 @@
 namespace atelier {
 namespace {
 
-constexpr CommandRow kElsewhere[] = {
-    {"PLOT", "-PLOT TRACEUR", nullptr, "Trace le dessin: option --plot du programme."},
-};
-
 bool isNamed(const CommandRow& row, std::string_view name) {
   if (row.name == name) return true;
   std::string_view rest = row.aliases;
@@ -28,12 +23,13 @@ bool isNamed(const CommandRow& row, std::string_view name) {
   return false;
 }
 
-constexpr auto kTables = {drawingCommands, shapeCommands,       dimensionCommands, divideCommands,  plineCommands,
-                          arcCommands,     blockCommands,       propertyCommands,  textCommands,    hatchCommands,
-                          editingCommands, curveCommands,       cornerCommands,    offsetCommands,  trimCommands,
-                          stretchCommands, explodeCommands,     polylineCommands,  insertCommands,  layerCommands,
-                          recordCommands,  drawingFileCommands, fileCommands,      extractCommands, viewCommands,
-                          undoCommands,    inquiryCommands,     menuCommands,      helpCommands};
+constexpr auto kTables = {drawingCommands, shapeCommands,   dimensionCommands, divideCommands, plineCommands,
+                          arcCommands,     blockCommands,   propertyCommands,  textCommands,   hatchCommands,
+                          editingCommands, curveCommands,   cornerCommands,    offsetCommands, trimCommands,
+                          stretchCommands, explodeCommands, polylineCommands,  insertCommands, attributeCommands,
+                          leaderCommands,  layerCommands,   linetypeCommands,  recordCommands, drawingFileCommands,
+                          fileCommands,    extractCommands, plotCommands,      viewCommands,   undoCommands,
+                          inquiryCommands, menuCommands,    helpCommands};
 
 }  // namespace
 
@@ -65,8 +61,6 @@ const CommandRow* commandRow(std::string_view typed) {
   for (const auto table : kTables)
     for (const CommandRow& row : table())
       if (isNamed(row, name)) return &row;
-  for (const CommandRow& row : kElsewhere)
-    if (isNamed(row, name)) return &row;
   return variableRow(name) && name != "SETVAR" ? commandRow("SETVAR") : nullptr;
 }
 
@@ -84,10 +78,6 @@ bool isTransparent(const std::string& name) {
 bool runBuiltinCommand(Document& document, const std::string& name) {
   const CommandRow* row = commandRow(document, name);
   if (!row) return false;
-  if (!row->function) {
-    document.fail("Commande " + std::string(row->name) + " non disponible ici. " + std::string(row->help));
-    return true;
-  }
   try {
     CommandRun run(document, *row, name);
     run.advance(AnswerSupply());

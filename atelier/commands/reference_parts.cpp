@@ -115,7 +115,7 @@ std::vector<Part> partsOf(AcDbObjectId blockId, const AcGeMatrix3d& matrix, int 
   for (const AcDbObjectId id : adaptation::entityIds(*block)) {
     checkInterruption();
     const AcDbEntityPointer entity(id);
-    if (entity.openStatus() != Acad::eOk || entity->isKindOf(AcDbAttributeDefinition::desc())) continue;
+    if (entity.openStatus() != Acad::eOk) continue;
     const AcDbStub* stub = stubOf(entity.object());
     const bool followed = stub->children && !stub->children->empty();
     const auto* inner = AcDbBlockReference::cast(entity.object());

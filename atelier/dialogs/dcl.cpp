@@ -18,6 +18,13 @@ ok_button : button { label = "OK"; key = "accept"; is_default = true; }
 cancel_button : button { label = "Annuler"; key = "cancel"; is_cancel = true; }
 help_button : button { label = "Aide"; key = "help"; }
 info_button : button { label = "Info"; key = "info"; }
+retirement_button : button { fixed_width = true; width = 8; alignment = centered; }
+retirement_row : row { fixed_width = true; alignment = centered; }
+edit12_box : edit_box { edit_width = 12; }
+edit32_box : edit_box { edit_width = 32; }
+default_dcl_settings : tile { audit_level = 0; }
+image_block : image { }
+icon_image : image_button { color = 0; width = 12; aspect_ratio = 0.66; }
 errtile : text { key = "error"; }
 ok_only : row { ok_button; }
 ok_cancel : row { ok_button; cancel_button; }
@@ -89,7 +96,7 @@ class Reader {
       const std::string name = word("un attribut, un groupe ou }");
       if (token_ == "=") {
         next();
-        if (token_.empty()) fail("une valeur");
+        if (token_.empty() && !quoted_) fail("une valeur");
         made.attributes[name] = quoted_ ? token_ : lowerCase(token_);
         next();
         expect(";");

@@ -24,6 +24,24 @@ bool isGroup(const Tile& tile) {
   return tile.type == "dialog" || tile.type == "cluster" || isRow(tile.type) || tile.type.ends_with("column") ||
          tile.type == "paragraph";
 }
+// Sizes are in characters; a picture with one of them has the other one by its aspect ratio.
+std::unique_ptr<Picture> pictureOf(const Tile& tile, const std::wstring& label) {
+  constexpr double kWide = 7, kHigh = 15;  // pixels of a character
+  constexpr int kMost = 2000, kDialogGround = -15;
+  const auto number = [&](const char* name) { return parseReal(tile.attribute(name)).value_or(0); };
+  const double ratio = number("aspect_ratio");
+  double width = number("width") * kWide, height = number("height") * kHigh;
+  if (!(height > 0)) height = ratio > 0 && width > 0 ? width * ratio : 4 * kHigh;
+  if (!(width > 0)) width = ratio > 0 ? height / ratio : height;
+  const auto pixels = [](double size) { return static_cast<int>(std::clamp<double>(size, 1, kMost)); };
+  const auto colour = parseInteger(tile.attribute("color"));
+  const int ground = colour                                             ? static_cast<int>(*colour)
+                     : tile.attribute("color") == "graphics_background" ? -2
+                     : tile.attribute("color") == "black"               ? 250
+                                                                        : kDialogGround;
+  return std::make_unique<Picture>(label, pixels(width), pixels(height), ground);
+}
+
 bool isRadioGroup(const Tile& tile) {
   return tile.type.find("radio_row") != std::string::npos || tile.type.find("radio_column") != std::string::npos;
 }
@@ -105,12 +123,16 @@ std::unique_ptr<Control> TileDialog::controlFor(const Tile& tile, const std::str
     check->onChange = act;
     return check;
   }
-  if (tile.type == "button" || tile.type == "image_button") {
+  if (tile.type == "image" || tile.type == "image_button") {
+    auto image = pictureOf(tile, label.empty() && tile.type == "image_button" ? toWide(key) : label);
+    if (tile.type == "image_button") image->onClick = act;
+    return image;
+  }
+  if (tile.type == "button") {
     auto button = std::make_unique<Button>(label, act);
     button->isDefault = tile.isTrue("is_default");
     return button;
   }
-  if (tile.type == "image") return nullptr;
   return std::make_unique<Text>(label);
 }
 
@@ -195,6 +217,17 @@ void TileDialog::chooseRadio(const std::string& key) {
   for (auto& [name, slot] : tiles_)
     if (slot.control && slot.tile.type == "radio_button" && slot.group == group)
       static_cast<Check&>(*slot.control).setValue(name == key);
+}
+
+const Picture* TileDialog::picture(const std::string& key) const {
+  const Slot& slot = tiles_.at(key);
+  return slot.control && slot.control->kind() == Control::Kind::picture
+             ? static_cast<const Picture*>(slot.control.get())
+             : nullptr;
+}
+
+void TileDialog::draw(const std::string& key, const std::vector<Picture::Stroke>& strokes) {
+  if (picture(key)) static_cast<Picture&>(*tiles_.at(key).control).draw(strokes);
 }
 
 void TileDialog::changeList(const std::string& key, Change change, std::size_t index,

@@ -24,6 +24,9 @@ class TileDialog {
   std::string attribute(const std::string& key, std::string_view name) const;
   void setMode(const std::string& key, int mode);  // 0 enables, 1 disables; others have no effect
   enum class Change { one = 1, append = 2, all = 3 };
+  // Of an image: its size in pixels, nothing for any other tile; and drawing on it.
+  const dialogues::Picture* picture(const std::string& key) const;
+  void draw(const std::string& key, const std::vector<dialogues::Picture::Stroke>& strokes);
   void changeList(const std::string& key, Change change, std::size_t index, const std::vector<std::string>& texts);
 
  private:

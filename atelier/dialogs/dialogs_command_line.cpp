@@ -61,7 +61,7 @@ class Run {
     PromptInfo info;
     info.takesSpaces = true;
     for (const Control* control : dialog_.controls())
-      if (control->kind() == Control::Kind::button && usable(*control)) info.keywords.push_back(nameOf(*control));
+      if (isPressed(*control) && usable(*control)) info.keywords.push_back(nameOf(*control));
     info.text = "\n" + toUtf8(dialog_.title()) + " [";
     for (const std::string& keyword : info.keywords)
       info.text += (&keyword == info.keywords.data() ? "" : "/") + keyword;
@@ -75,7 +75,7 @@ class Run {
       if (Control* control = find(answer.substr(0, sign), false))
         return change(*control, std::string(trimmed(std::string_view(answer).substr(sign + 1))));
     } else if (Control* button = find(answer, true)) {
-      return static_cast<dialogues::Button*>(button)->userClick();
+      return press(*button);
     } else if (dialogues::List* list = onlyList()) {
       if (const auto rows = rowsOf(answer, static_cast<int>(list->rows().size()))) return list->userSelect(*rows);
     }
@@ -90,13 +90,23 @@ class Run {
     touched_ = dialog_.controls();
   }
 
+  // Buttons, and pictures that are one.
+  static bool isPressed(const Control& control) {
+    return control.kind() == Control::Kind::button ||
+           (control.kind() == Control::Kind::picture && static_cast<const dialogues::Picture&>(control).onClick);
+  }
+  static void press(Control& control) {
+    if (control.kind() == Control::Kind::button) static_cast<dialogues::Button&>(control).userClick();
+    else static_cast<dialogues::Picture&>(control).userClick();
+  }
+
   // The control with the typed name; null when there is none or several.
   Control* find(const std::string& typed, bool button) const {
     Control* found = nullptr;
     int beginnings = 0;
     for (Control* control : dialog_.controls()) {
       const Control::Kind kind = control->kind();
-      if (kind == Control::Kind::text || button != (kind == Control::Kind::button) || !usable(*control)) continue;
+      if (kind == Control::Kind::text || button != isPressed(*control) || !usable(*control)) continue;
       const Match how = match(typed, nameOf(*control));
       if (how == Match::whole) return control;
       if (how == Match::beginning && ++beginnings > 0) found = control;

@@ -115,7 +115,8 @@ Match match(const std::string& typed, const std::string& word) {
 
 std::string textOf(const Control& control) {
   switch (control.kind()) {
-    case Control::Kind::button: return {};
+    case Control::Kind::button:
+    case Control::Kind::picture: return {};
     case Control::Kind::text: return toUtf8(control.label()) + "\n";
     case Control::Kind::list: return tableOf(static_cast<const List&>(control));
     default: return "  " + nameOf(control) + " = " + valueOf(control) + "\n";

@@ -53,4 +53,18 @@ struct Services {
 // must live as long as the program.
 void addDrawingBuiltins(std::span<const lisp::Builtin> table);
 
+// --- plots for commands: the room that plots tells here how
+
+// What a user asks for; empty texts leave it to the plot. Scales and windows are texts as the program's options take them.
+struct PlotWish {
+  std::string file, layout, paper, scale, window;
+};
+// Plots and gives warnings in French; throws Error.
+using PlotFunction = std::vector<std::string> (*)(Document&, const PlotWish&);
+
+inline PlotFunction& plotFunction() {
+  static PlotFunction function = nullptr;
+  return function;
+}
+
 }  // namespace atelier

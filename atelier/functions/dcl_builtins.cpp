@@ -1,5 +1,6 @@
 // AutoLISP's functions for dialogs that are described in DCL.
-// The desktop shows them as windows, the command line asks for their tiles one at a time; images are not drawn.
+// The desktop shows them as windows, the command line asks for their tiles one at a time.
+#include <array>
 #include <fstream>
 #include <sstream>
 
@@ -28,6 +29,10 @@ struct DclSession {
     std::size_t index = 0;
     std::vector<std::string> texts;
   } filling;
+  struct {
+    std::string key;
+    std::vector<dialogues::Picture::Stroke> strokes;
+  } drawing;
 };
 
 DclSession& session(Interpreter& in) {
@@ -160,6 +165,55 @@ Value endList(Interpreter& in, Arguments) {
   return lisp::nil;
 }
 
+Value startImage(Interpreter& in, Arguments arguments) {
+  auto& drawing = session(in).drawing;
+  drawing.key = lisp::stringArgument(in, arguments[0]);
+  drawing.strokes.clear();
+  const dcl::TileDialog* dialog = withTile(in, arguments[0]);
+  return dialog && dialog->picture(drawing.key) ? arguments[0] : lisp::nil;
+}
+
+// x y width height colour: a box; or the two ends of a line and its colour.
+Value stroke(Interpreter& in, Arguments arguments, bool filled) {
+  int v[5];
+  for (std::size_t i = 0; i < 5; ++i) v[i] = static_cast<int>(lisp::numberArgument(in, arguments[i]));
+  if (filled) v[2] += v[0], v[3] += v[1];
+  session(in).drawing.strokes.push_back({v[0], v[1], v[2], v[3], v[4], filled});
+  return arguments[4];
+}
+Value fillImage(Interpreter& in, Arguments arguments) { return stroke(in, arguments, true); }
+Value vectorImage(Interpreter& in, Arguments arguments) { return stroke(in, arguments, false); }
+
+// A frame with a cross stands for a slide.
+Value slideImage(Interpreter& in, Arguments arguments) {
+  int v[4];
+  for (std::size_t i = 0; i < 4; ++i) v[i] = static_cast<int>(lisp::numberArgument(in, arguments[i]));
+  const int x = v[0], y = v[1], x2 = x + v[2] - 1, y2 = y + v[3] - 1;
+  constexpr int kGrey = 8;
+  auto& strokes = session(in).drawing.strokes;
+  for (const auto& [a, b, c, d] :
+       {std::array{x, y, x2, y}, {x2, y, x2, y2}, {x2, y2, x, y2}, {x, y2, x, y}, {x, y, x2, y2}, {x, y2, x2, y}})
+    strokes.push_back({a, b, c, d, kGrey, false});
+  return arguments[4];
+}
+
+Value endImage(Interpreter& in, Arguments) {
+  auto& [key, strokes] = session(in).drawing;
+  auto& dialogs = session(in).dialogs;
+  if (!dialogs.empty() && dialogs.back()->has(key)) dialogs.back()->draw(key, strokes);
+  strokes.clear();
+  return lisp::nil;
+}
+
+// The last pixel, as programs count them.
+Value imageSize(Interpreter& in, Value key, bool width) {
+  const dcl::TileDialog* dialog = withTile(in, key);
+  const dialogues::Picture* picture = dialog ? dialog->picture(std::string(key.text())) : nullptr;
+  return picture ? Value::integer((width ? picture->width() : picture->height()) - 1) : lisp::nil;
+}
+Value imageWidth(Interpreter& in, Arguments arguments) { return imageSize(in, arguments[0], true); }
+Value imageHeight(Interpreter& in, Arguments arguments) { return imageSize(in, arguments[0], false); }
+
 Value endAll(Interpreter& in, Arguments) {
   for (const auto& dialog : session(in).dialogs) dialog->finish(0);
   return lisp::nil;
@@ -184,6 +238,15 @@ constexpr lisp::Builtin kTable[] = {
     {"start_list", startList, 1, 3, "(start_list clé [opération [rang]])",
      "Commence à remplir une liste: 1 change, 2 ajoute, 3 remplace."},
     {"add_list", addList, 1, 1, "(add_list texte)", "Un texte de la liste commencée."},
+    {"start_image", startImage, 1, 1, "(start_image clé)", "Commence à dessiner dans une image."},
+    {"fill_image", fillImage, 5, 5, "(fill_image x y largeur hauteur couleur)",
+     "Remplit un rectangle de l'image commencée."},
+    {"vector_image", vectorImage, 5, 5, "(vector_image x1 y1 x2 y2 couleur)", "Un trait de l'image commencée."},
+    {"slide_image", slideImage, 5, 5, "(slide_image x y largeur hauteur cliché)",
+     "La place d'un cliché dans l'image commencée; les clichés ne sont pas lus."},
+    {"end_image", endImage, 0, 0, "(end_image)", "Montre ce qui a été dessiné."},
+    {"dimx_tile", imageWidth, 1, 1, "(dimx_tile clé)", "Le dernier pixel d'une image en largeur, ou nil."},
+    {"dimy_tile", imageHeight, 1, 1, "(dimy_tile clé)", "Le dernier pixel d'une image en hauteur, ou nil."},
     {"end_list", endList, 0, 0, "(end_list)", "Termine la liste commencée."},
 };
 

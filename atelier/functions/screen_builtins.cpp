@@ -126,7 +126,12 @@ Value menucmd(Interpreter& in, Arguments arguments) {
     };
   };
   lisp::DieselHost host;
-  host.variable = [&](std::string_view name) { return called("GETVAR", {in.string(name)}); };
+  host.variable = [&](std::string_view name) {
+    const Value name1 = in.string(name);
+    const Value value = in.call(in.symbol("GETVAR"), Arguments(&name1, 1));
+    // All digits: dates have many.
+    return value.isReal() ? realText(value.number()) : called("GETVAR", {name1});
+  };
   host.environment = [&](std::string_view name) { return called("GETENV", {in.string(name)}); };
   host.distance = formatted("RTOS");
   host.angle = formatted("ANGTOS");

@@ -8,7 +8,9 @@
 #include "atelier/functions/builtin_tables.h"
 #include "atelier/lisp/evaluator/arguments.h"
 #include "atelier/selecting/filter_forms.h"
+#include "atelier/selecting/pick.h"
 #include "atelier/selecting/selection_modes.h"
+#include "atelier/selecting/snaps.h"
 
 namespace atelier {
 namespace {
@@ -123,6 +125,14 @@ Value ssgetfirst(Interpreter& in, Arguments) {
   return in.list({lisp::nil, first ? in.selection(first, first->weight()) : lisp::nil});
 }
 
+Value osnap(Interpreter& in, Arguments arguments) {
+  Document& document = Document::needed();
+  const auto p = lisp::pointArgument(in, arguments[0]);
+  const auto found = findSnap(document, {p[0], p[1], p[2]}, pickRadius(document),
+                              snapModesOf(lisp::stringArgument(in, arguments[1])), document.prompter().lastPoint);
+  return found ? in.point(found->point.x, found->point.y, found->point.z) : lisp::nil;
+}
+
 constexpr lisp::Builtin kTable[] = {
     {"ssget", ssget, 0, 5, "(ssget [mode] [point] [point] [points] [filtre])",
      "Jeu de sélection choisi par l'utilisateur, par un lieu ou par un filtre, ou nil."},
@@ -133,6 +143,8 @@ constexpr lisp::Builtin kTable[] = {
     {"ssmemb", ssmemb, 2, 2, "(ssmemb entité jeu)", "L'entité si elle est dans le jeu, sinon nil."},
     {"ssnamex", ssnamex, 1, 2, "(ssnamex jeu [rang])", "Entités d'un jeu avec la façon dont elles ont été choisies."},
     {"sssetfirst", sssetfirst, 1, 2, "(sssetfirst poignées [jeu])", "Montre un jeu comme la sélection en cours."},
+    {"osnap", osnap, 2, 2, "(osnap point modes)",
+     "Le point remarquable près d'un point, par modes tels que \"_end,_mid\", ou nil."},
     {"ssgetfirst", ssgetfirst, 0, 0, "(ssgetfirst)", "Liste de nil et de la sélection en cours."},
 };
 

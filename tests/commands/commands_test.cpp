@@ -14,7 +14,7 @@ class Commands : public DrawingTest {
 TEST_F(Commands, CountFailures) {
   for (const char* call :
        {"(progn (command \"_.LINE\" '(0 0) '(9 9)) (command))", "(vl-cmdf \"_.LINE\" '(0 0) '(1 1) \"\")",
-        "(vl-cmdf \"_.NUAGE\")", "(vl-cmdf \"_.LINE\" nil)", "(command \"_.PLOT\" 1)"})
+        "(vl-cmdf \"_.NUAGE\")", "(vl-cmdf \"_.LINE\" nil)", "(command \"_.ORAGE\" 1)"})
     run(call);
   EXPECT_EQ(session.document().failures(), 2);
   session.feed("LIGNE 0,0 5,0\n5,5\n\nZOOM E\nNUAGE\n");

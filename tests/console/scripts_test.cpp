@@ -47,11 +47,11 @@ TEST(Scripts, StrictRunsStopAtTheFirstFailure) {
 // Under CMDECHO 0 the commands that programs give print nothing but their failures.
 TEST(Scripts, ErrorsGoToTheOtherStream) {
   Program program;
-  program.write("a.scr", "NO-SUCH-COMMAND\n(car 1)\n(plv-erreur \"trouvé faux\")\n(command \"-PLOT\")\n");
+  program.write("a.scr", "NO-SUCH-COMMAND\n(car 1)\n(plv-erreur \"trouvé faux\")\n(command \"-INSERT\" \"absent\")\n");
   for (const char* quiet : {"", "--quiet "}) {
     program.run(std::string(quiet) + "-s a.scr -e '(+ 40 2)'", "2> errors < /dev/null");
     const std::string errors = program.read("errors");
-    for (const char* part : {"Commande inconnue", "bad argument type", "Erreur: trouvé faux", "non disponible ici"}) {
+    for (const char* part : {"Commande inconnue", "bad argument type", "Erreur: trouvé faux", "introuvable: absent"}) {
       EXPECT_EQ(program.output.find(part), std::string::npos) << quiet << program.output;
       EXPECT_NE(errors.find(part), std::string::npos) << quiet << part << errors;
     }

@@ -1,5 +1,5 @@
 // Drawing, picking and selecting with the mouse, and undo.
-#include "atelier/desktop/view/snaps.h"
+#include "atelier/selecting/snaps.h"
 #include "tests/desktop/desktop.h"
 
 namespace {
@@ -76,20 +76,17 @@ TEST_F(View, SnapsFindTheirPoints) {
   drawLine("20,-5", "20,30");
   driver.type("CIRCLE").type("80,30").type("10").play();
   const struct {
-    atelier::desktop::SnapMode mode;
+    atelier::SnapMode mode;
     AcGePoint3d cursor, expected;
-  } rows[] = {{atelier::desktop::kEnd, {39.5, 0.2, 0}, {40, 0, 0}},
-              {atelier::desktop::kMiddle, {19.6, 12.7, 0}, {20, 12.5, 0}},
-              {atelier::desktop::kIntersection, {20.3, 0.3, 0}, {20, 0, 0}},
-              {atelier::desktop::kCentre, {90.2, 30.0, 0}, {80, 30, 0}},
-              {atelier::desktop::kPerpendicular, {30.4, 0.3, 0}, {30, 0, 0}},
-              {atelier::desktop::kNearest, {33, 0.3, 0}, {33, 0, 0}}};
+  } rows[] = {{atelier::kEnd, {39.5, 0.2, 0}, {40, 0, 0}},           {atelier::kMiddle, {19.6, 12.7, 0}, {20, 12.5, 0}},
+              {atelier::kIntersection, {20.3, 0.3, 0}, {20, 0, 0}},  {atelier::kCentre, {90.2, 30.0, 0}, {80, 30, 0}},
+              {atelier::kPerpendicular, {30.4, 0.3, 0}, {30, 0, 0}}, {atelier::kNearest, {33, 0.3, 0}, {33, 0, 0}}};
   for (const auto& row : rows) {
-    const auto snap = atelier::desktop::findSnap(window.drawing()->document(), row.cursor, 1.0,
-                                                 static_cast<unsigned>(row.mode), AcGePoint3d(30, 20, 0));
-    ASSERT_TRUE(snap) << snapName(row.mode);
+    const auto snap = atelier::findSnap(window.drawing()->document(), row.cursor, 1.0, static_cast<unsigned>(row.mode),
+                                        AcGePoint3d(30, 20, 0));
+    ASSERT_TRUE(snap) << atelier::snapName(row.mode);
     EXPECT_LT(snap->point.distanceTo(row.expected), 1e-9)
-        << snapName(row.mode) << " " << snap->point.x << " " << snap->point.y;
+        << atelier::snapName(row.mode) << " " << snap->point.x << " " << snap->point.y;
   }
 }
 

@@ -5,6 +5,7 @@
 
 #include "atelier/commands/command_prompts.h"
 #include "atelier/commands/command_table.h"
+#include "atelier/commands/drawing/tangent_circle.h"
 #include "atelier/database/curves/polyline_vertices.h"
 #include "atelier/document/document.h"
 
@@ -17,8 +18,36 @@ void addCircle(const Command& c, const AcGePoint3d& centre, double radius) {
   c.document.variables().set("CIRCLERAD", radius);
 }
 
+Touched touched(const Command& c, const PickedEntity& picked) {
+  const AcDbObjectPointer<AcDbCurve> curve(picked.id);
+  const auto found = curve.openStatus() == Acad::eOk ? touchedAt(*curve.object(), picked.point) : std::nullopt;
+  if (!found) c.fail("Une ligne, un arc, un cercle ou une polyligne est attendu.");
+  return *found;
+}
+
+// Touching two curves.
+CommandTask tangentCircle(Command& c) {
+  const auto first = co_await c.entity("\nPoint sur la première tangente: ");
+  if (!first.given()) co_return;
+  const Touched a = touched(c, *first);
+  const auto second = co_await c.entity("\nPoint sur la seconde tangente: ");
+  if (!second.given()) co_return;
+  const Touched b = touched(c, *second);
+  const double known = c.document.variables().real("CIRCLERAD", 0);
+  const std::string prompt = "\nRayon du cercle" + (known > 0 ? " <" + realText(known) + ">" : std::string()) + ": ";
+  const auto given = co_await c.distanceOrEnter(prompt);
+  const double radius = given.valueOr(known);
+  const auto centre = radius > 0 ? tangentCentre(a, flat(first->point), b, flat(second->point), radius) : std::nullopt;
+  if (!centre) c.fail("Aucun cercle de ce rayon ne touche les deux objets.");
+  addCircle(c, {centre->x, centre->y, 0}, radius);
+}
+
 CommandTask circle(Command& c) {
-  const auto centre = co_await c.pointOrEnter("\nCentre du cercle ou [3P/2P]: ", {}, "3P 2P _3P 2P");
+  const auto centre = co_await c.pointOrEnter("\nCentre du cercle ou [3P/2P/Ttr]: ", {}, "3P 2P Ttr _3P 2P Ttr");
+  if (centre.is("Ttr")) {
+    co_await tangentCircle(c);
+    co_return;
+  }
   if (centre.is("2P") || centre.is("3P")) {
     const auto a = co_await c.point("\nPremier point: ");
     const auto b = co_await c.point("\nDeuxième point: ", a.value);

@@ -5,9 +5,9 @@
 
 #include "atelier/commands/command_prompts.h"
 #include "atelier/commands/command_table.h"
+#include "atelier/commands/drawing/recorded.h"
 #include "atelier/database/dimensions/dimension_block.h"
 #include "atelier/database/objects/imp_object.h"
-#include "atelier/database/objects/new_record.h"
 #include "atelier/document/document.h"
 
 namespace atelier {
@@ -22,10 +22,6 @@ struct Wording {
   double turn = 0;   // of the text, radians
 };
 
-std::vector<Group> ordinates(int code, const AcGePoint3d& p) {
-  return {Group::real(code, p.x), Group::real(code + 10, p.y), Group::real(code + 20, p.z)};
-}
-
 // A dimension of a kind with its definition point and further groups, a class mark among them; its text stands where the
 // user says or where the style has it.
 void add(const Command& c, int kind, const AcGePoint3d& definition, const std::vector<std::vector<Group>>& more,
@@ -38,12 +34,7 @@ void add(const Command& c, int kind, const AcGePoint3d& definition, const std::v
   record.setText(textField(kDimension, 1), wording.text);
   if (wording.turn != 0) record.setReal(realField(kDimension, 53), wording.turn * 180 / std::numbers::pi);
   for (const auto& groups : more) record.groups.insert(record.groups.end(), groups.begin(), groups.end());
-  std::unique_ptr<AcDbEntity> entity;
-  {
-    const ParsedRecord waiting(std::move(record));
-    entity.reset(AcDbEntity::cast(makeObjectForPending(true)));
-  }
-  const AcDbObjectPointer<AcDbDimension> dimension(c.add(std::move(entity)), AcDb::kForWrite);
+  const AcDbObjectPointer<AcDbDimension> dimension(c.add(entityOf(std::move(record))), AcDb::kForWrite);
   if (dimension.openStatus() != Acad::eOk) return;
   takeDimensionSettings(*dimension.object());
   drawDimensionBlock(*dimension.object());

@@ -6,6 +6,7 @@
 
 #include "atelier/commands/command_prompts.h"
 #include "atelier/commands/command_table.h"
+#include "atelier/commands/drawing/attributes.h"
 #include "atelier/commands/reference_parts.h"
 #include "atelier/document/document.h"
 #include "hote/adaptation.h"
@@ -13,19 +14,6 @@
 
 namespace atelier {
 namespace {
-
-// The definitions of a block for which a value is asked.
-std::vector<AcDbObjectId> definitionsOf(AcDbObjectId block) {
-  std::vector<AcDbObjectId> definitions;
-  const AcDbObjectPointer<AcDbBlockTableRecord> record(block);
-  if (record.openStatus() != Acad::eOk) return definitions;
-  const AcDbObjectIdArray ids = adaptation::entityIds(*record);
-  for (int i = 0; i < ids.length(); ++i) {
-    const AcDbObjectPointer<AcDbAttributeDefinition> definition(ids[i]);
-    if (definition.openStatus() == Acad::eOk && !definition->isConstant()) definitions.push_back(ids[i]);
-  }
-  return definitions;
-}
 
 AcDbObjectId blockFromFile(const Command& c, const std::string& name, const std::string& path) {
   const auto found = c.document.interpreter().search().find(path.ends_with(".dxf") ? path : path + ".dxf");
@@ -64,19 +52,6 @@ AcDbObjectId place(const Command& c, AcDbObjectId block, const Placing& placing)
   reference->setScaleFactors({placing.x, placing.y, placing.x});
   reference->setRotation(placing.rotation);
   return c.add(std::move(reference));
-}
-
-void addAttribute(const Command& c, AcDbObjectId insert, AcDbObjectId definition, const std::string* value) {
-  const AcDbObjectPointer<AcDbBlockReference> reference(insert, AcDb::kForWrite);
-  const AcDbObjectPointer<AcDbAttributeDefinition> from(definition);
-  if (reference.openStatus() != Acad::eOk || from.openStatus() != Acad::eOk) return;
-  auto attribute = std::make_unique<AcDbAttribute>();
-  attribute->setPropertiesFrom(from.object());
-  attribute->setTag(from->tag().kACharPtr());
-  attribute->setAttributeFromBlock(from.object(), reference->blockTransform());
-  if (value) attribute->setTextString(toWide(*value).c_str());
-  attribute->adjustAlignment(&c.document.database());
-  if (reference->appendAttribute(attribute.get()) == Acad::eOk) attribute.release()->close();
 }
 
 std::string promptOf(AcDbObjectId id, std::string& proposed) {

@@ -1,4 +1,4 @@
-// CHPROP CHANGE COLOR LINETYPE: the properties that all entities have, for chosen objects or for new ones.
+// CHPROP CHANGE COLOR: the properties that all entities have, for chosen objects or for new ones.
 // A layer or line type must exist.
 #include <cmath>
 
@@ -79,28 +79,11 @@ CommandTask color(Command& c) {
     c.fail("Couleur non valide: " + given.value);
 }
 
-CommandTask lineType(Command& c) {
-  for (;;) {
-    const auto option = co_await c.keyword("\nOption [?/CHoisir] <fin>: ", "? CHoisir Charger _? Set Load");
-    if (!option.isKeyword()) co_return;
-    if (option.is("Load")) c.fail("LINETYPE: les types de ligne sont ceux du dessin.");
-    if (option.is("?")) {
-      for (AcDbStub* stub : *c.document.imp().table("LTYPE")->children)
-        c.print("\n  " + c.document.imp().recordName(*stub));
-      continue;
-    }
-    const auto name = co_await c.line("\nType de ligne courant: ");
-    if (!name.value.empty() && !c.document.variables().set("CELTYPE", name.value))
-      c.fail("Type de ligne inconnu: " + name.value);
-  }
-}
-
 constexpr CommandRow kTable[] = {
     {"MATCHPROP", "MA PAINTER COPIEPROP", matchProperties, "Donne à des objets les propriétés d'un autre."},
     {"CHPROP", "-CHPROP CHANGPROP", changeProperties, "Change la couleur, le calque, le type de ligne d'objets."},
     {"CHANGE", "-CHANGE -CH MODIFIER", changeProperties, "Comme CHPROP, après l'option Propriétés."},
     {"COLOR", "-COLOR COL COULEUR", color, "Règle la couleur courante."},
-    {"-LINETYPE", "LINETYPE LT TYPELIGNE", lineType, "Règle le type de ligne courant."},
 };
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "atelier/commands/command_table.h"
 #include "atelier/database/curves/polyline_vertices.h"
 #include "atelier/document/document.h"
+#include "atelier/selecting/selections.h"
 #include "atelier/shaping/curve_pieces.h"
 #include "hote/dbpl.h"
 #include "hote/gecurve.h"
@@ -60,14 +61,52 @@ void trimAt(const Command& c, AcDbObjectId id, const AcGePoint3d& point, const S
   else replaceByPieces(c.document, id, std::move(pieces));
 }
 
-CommandTask trim(Command& c) {
-  const auto chosen = co_await c.objects();
-  for (;;) {
-    const auto picked = co_await c.entity("\nPartie à ajuster <fin>: ");
-    if (!picked.given()) co_return;
-    trimAt(c, picked->id, picked->point, chosen.given() ? chosen->get() : nullptr);
+// Calls `work` with each curve that a stretch of a fence crosses, and where. A curve that the work replaced is met again by the
+// next stretch only.
+template <class WORK>
+void alongFence(const Command& c, const AcGePoint3d& a, const AcGePoint3d& b, WORK work) {
+  const AcGePoint3d ends[] = {a, b};
+  const auto crossed = selectPolygon(c.document, ends, PolygonMode::fence, SelectionFilter());
+  if (!crossed) return;
+  const AcDbLine fence(a, b);
+  const std::vector<AcDbStub*> list(crossed->list().begin(), crossed->list().end());
+  for (AcDbStub* stub : list) {
+    AcGePoint3dArray points;
+    {
+      const AcDbObjectPointer<AcDbCurve> curve{AcDbObjectId(stub)};
+      if (curve.openStatus() != Acad::eOk ||
+          curve->intersectWith(&fence, AcDb::kOnBothOperands, AcGePlane(AcGePoint3d(), AcGeVector3d::kZAxis), points) !=
+              Acad::eOk)
+        continue;
+    }
+    if (!points.isEmpty()) work(AcDbObjectId(stub), points[0]);
   }
 }
+
+constexpr const char* kFence = "Trajet _Fence";
+
+// Asks for curves one by one, or by fences, and calls `work` where each was met.
+CommandTask onCurves(Command& c, std::string prompt,
+                     void (*work)(const Command&, AcDbObjectId, const AcGePoint3d&, const SelectionSet*)) {
+  const auto chosen = co_await c.objects();
+  const SelectionSet* set = chosen.given() ? chosen->get() : nullptr;
+  for (;;) {
+    const auto picked = co_await c.entity(prompt, kFence);
+    if (!picked.given() && !picked.isKeyword()) co_return;
+    if (!picked.isKeyword()) {
+      work(c, picked->id, picked->point, set);
+      continue;
+    }
+    auto from = co_await c.pointOrEnter("\nPremier point du trajet: ");
+    while (from.given()) {
+      const auto to = co_await c.pointOrEnter("\nPoint suivant du trajet <fin>: ", *from);
+      if (to.given()) alongFence(c, *from, *to, [&](AcDbObjectId id, const AcGePoint3d& p) { work(c, id, p, set); });
+      from = to;
+    }
+  }
+}
+
+CommandTask trim(Command& c) { return onCurves(c, "\nPartie à ajuster ou [Trajet] <fin>: ", trimAt); }
 
 // --- extending
 
@@ -171,21 +210,18 @@ bool extendCurve(AcDbCurve& curve, const AcGePoint3d& point, const Limits& other
   return polyline && extendPolyline(*polyline, atEnd, others);
 }
 
-CommandTask extend(Command& c) {
-  const auto chosen = co_await c.objects();
-  for (;;) {
-    const auto picked = co_await c.entity("\nObjet à prolonger <fin>: ");
-    if (!picked.given()) co_return;
-    pickedCurve(c.document, picked->id);
-    if (isLocked(c.document, picked->id)) {
-      c.print(kLocked);
-      continue;
-    }
-    const Limits others = limits(c, chosen.given() ? chosen->get() : nullptr);
-    const AcDbObjectPointer<AcDbCurve> curve(picked->id, AcDb::kForWrite);
-    if (curve.openStatus() != Acad::eOk || !extendCurve(*curve, picked->point, others)) c.print(kNoLimit);
+void extendAt(const Command& c, AcDbObjectId id, const AcGePoint3d& point, const SelectionSet* set) {
+  pickedCurve(c.document, id);
+  if (isLocked(c.document, id)) {
+    c.print(kLocked);
+    return;
   }
+  const Limits others = limits(c, set);
+  const AcDbObjectPointer<AcDbCurve> curve(id, AcDb::kForWrite);
+  if (curve.openStatus() != Acad::eOk || !extendCurve(*curve, point, others)) c.print(kNoLimit);
 }
+
+CommandTask extend(Command& c) { return onCurves(c, "\nObjet à prolonger ou [Trajet] <fin>: ", extendAt); }
 
 constexpr CommandRow kTable[] = {
     {"TRIM", "TR AJUSTER", trim, "Ajuste des objets à des limites."},

@@ -28,17 +28,6 @@ void make(const Command& c, const std::string& name) {
   layer.release()->close();
 }
 
-std::vector<std::string> parts(std::string_view names) {
-  std::vector<std::string> list;
-  while (!names.empty()) {
-    const std::size_t comma = names.find(',');
-    const std::string_view part = trimmed(names.substr(0, comma));
-    if (!part.empty()) list.emplace_back(part);
-    names = comma == names.npos ? std::string_view() : names.substr(comma + 1);
-  }
-  return list;
-}
-
 // Calls `work` with each layer of the names; an empty text means the current layer.
 template <class WORK>
 void eachLayer(const Command& c, const std::string& names, WORK work) {
@@ -53,6 +42,12 @@ void eachLayer(const Command& c, const std::string& names, WORK work) {
     ++found;
   }
   if (found == 0) c.print("\nAucun calque ne correspond à \"" + names + "\".");
+}
+
+// Whether the names are the current layer's, among others perhaps.
+bool nameCurrent(const Command& c, const std::string& names) {
+  const std::string current = std::get<std::string>(*c.document.variables().value("CLAYER"));
+  return names.empty() || lisp::matchesWildcard(upperCase(current), upperCase(names));
 }
 
 void setCurrent(const Command& c, const std::string& name) {
@@ -154,12 +149,21 @@ CommandTask layerCommand(Command& c) {
     const auto given = co_await c.line("\nNoms des calques: ");
     const std::string names = given.value;
     if (option.is("Make") || option.is("New")) {
-      for (const std::string& name : parts(names)) make(c, name);
+      for (const std::string& name : commaParts(names)) make(c, name);
       if (option.is("Make") && !names.empty()) setCurrent(c, names);
     } else if (option.is("Set")) {
       if (!names.empty()) setCurrent(c, names);
     } else if (option.is("ON") || option.is("OFF")) {
-      eachLayer(c, names, [&](Layer& l) { l.setIsOff(option.is("OFF")); });
+      bool kept = false;
+      if (option.is("OFF") && nameCurrent(c, names)) {
+        const auto sure =
+            co_await c.keyword("\nRendre inactif aussi le calque courant? [Oui/Non] <N>: ", "Oui Non _Yes No");
+        kept = !sure.is("Yes");
+      }
+      const AcDbObjectId current = c.document.database().clayer();
+      eachLayer(c, names, [&](Layer& l) {
+        if (!kept || l.objectId() != current) l.setIsOff(option.is("OFF"));
+      });
     } else if (option.is("Freeze") || option.is("Thaw")) {
       freeze(c, names, option.is("Freeze"));
     } else {

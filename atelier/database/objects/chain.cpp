@@ -44,7 +44,7 @@ resbuf*& heldArguments() {
 }
 
 bool isPointCode(int code) {
-  return (code >= 10 && code <= 18) || (code >= 110 && code <= 112) || code == 210 || (code >= 1010 && code <= 1013);
+  return (code >= 10 && code <= 18) || (code >= 110 && code <= 112) || (code >= 210 && code <= 213) || (code >= 1010 && code <= 1013);
 }
 
 resbuf* newNode(int restype) {

@@ -107,6 +107,38 @@ class ButtonWidget final : public Bound<Button, QPushButton> {
   void showValue() override { widget_->setText(text(control_.label())); }
 };
 
+// The palette's colours, and those of the window itself.
+QColor strokeColour(int colour, const QWidget& widget) {
+  if (colour >= 0) return paletteColour(colour);
+  if (colour == -15) return widget.palette().color(QPalette::Window);
+  return colour == -16 ? widget.palette().color(QPalette::WindowText) : widget.palette().color(QPalette::Base);
+}
+
+class PictureWidget final : public Bound<Picture, QPushButton> {
+ public:
+  PictureWidget(Picture& c, Dialog& d, QWidget* parent) : Bound(c, d, parent) {
+    widget_->setFlat(!c.onClick);
+    widget_->setAutoDefault(false);
+    widget_->setAccessibleName(text(c.label()));
+    widget_->setIconSize({c.width(), c.height()});
+    if (c.onClick)
+      QObject::connect(widget_, &QPushButton::clicked, widget_, [this] { act([&] { control_.userClick(); }); });
+    else widget_->setFocusPolicy(Qt::NoFocus);
+  }
+  void showValue() override {
+    QPixmap pixmap(control_.width(), control_.height());
+    pixmap.fill(strokeColour(control_.ground(), *widget_));
+    QPainter painter(&pixmap);
+    for (const Picture::Stroke& s : control_.strokes()) {
+      const QColor colour = strokeColour(s.colour, *widget_);
+      painter.setPen(colour);
+      if (s.filled) painter.fillRect(s.x1, s.y1, s.x2 - s.x1, s.y2 - s.y1, colour);
+      else painter.drawLine(s.x1, s.y1, s.x2, s.y2);
+    }
+    widget_->setIcon(pixmap);
+  }
+};
+
 class CheckWidget final : public Bound<Check, QCheckBox> {
  public:
   CheckWidget(Check& c, Dialog& d, QWidget* parent) : Bound(c, d, parent) {
@@ -228,6 +260,7 @@ std::unique_ptr<ControlWidget> widgetFor(Control& control, Dialog& dialog, QWidg
     case Control::Kind::button: return std::make_unique<ButtonWidget>(static_cast<Button&>(control), dialog, parent);
     case Control::Kind::check: return std::make_unique<CheckWidget>(static_cast<Check&>(control), dialog, parent);
     case Control::Kind::combo: return std::make_unique<ComboWidget>(static_cast<Combo&>(control), dialog, parent);
+    case Control::Kind::picture: return std::make_unique<PictureWidget>(static_cast<Picture&>(control), dialog, parent);
     case Control::Kind::colour: return std::make_unique<ColourWidget>(static_cast<Colour&>(control), dialog, parent);
   }
   return nullptr;

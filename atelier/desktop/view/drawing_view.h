@@ -8,7 +8,7 @@
 #include "atelier/desktop/document/drawing.h"
 #include "atelier/desktop/picture/scene_painter.h"
 #include "atelier/desktop/view/grips.h"
-#include "atelier/desktop/view/snaps.h"
+#include "atelier/selecting/snaps.h"
 #include "atelier/desktop/view/under_cursor.h"
 #include "atelier/desktop/view/view_marks.h"
 

@@ -105,6 +105,19 @@ void ViewMarks::snap(const Snap& snap) {
     case kEnd: painter_.drawRect(box); break;
     case kMiddle: painter_.drawPolygon(QPolygonF({box.bottomLeft(), box.bottomRight(), {at.x(), box.top()}})); break;
     case kCentre: painter_.drawEllipse(box); break;
+    case kNode:
+      painter_.drawEllipse(box);
+      painter_.drawLine(box.topLeft(), box.bottomRight());
+      painter_.drawLine(box.topRight(), box.bottomLeft());
+      break;
+    case kQuadrant:
+      painter_.drawPolygon(
+          QPolygonF({{at.x(), box.top()}, {box.right(), at.y()}, {at.x(), box.bottom()}, {box.left(), at.y()}}));
+      break;
+    case kInsertion:
+      painter_.drawRect(QRectF(box.topLeft(), at));
+      painter_.drawRect(QRectF(at, box.bottomRight()));
+      break;
     case kIntersection:
       painter_.drawLine(box.topLeft(), box.bottomRight());
       painter_.drawLine(box.topRight(), box.bottomLeft());

@@ -6,7 +6,7 @@
 #include <span>
 
 #include "atelier/desktop/view/grips.h"
-#include "atelier/desktop/view/snaps.h"
+#include "atelier/selecting/snaps.h"
 #include "atelier/desktop/picture/viewport.h"
 
 namespace atelier::desktop {

@@ -63,7 +63,8 @@ void MainWindow::chooseSnaps() {
   SystemVariables& variables = drawing()->document().variables();
   const int now = variables.integer("OSMODE", 0);
   std::vector<std::pair<SnapMode, QCheckBox*>> boxes;
-  for (const SnapMode mode : {kEnd, kMiddle, kCentre, kIntersection, kPerpendicular, kNearest}) {
+  for (const SnapMode mode :
+       {kEnd, kMiddle, kCentre, kNode, kQuadrant, kIntersection, kInsertion, kPerpendicular, kNearest}) {
     auto* box = new QCheckBox(QString::fromUtf8(snapName(mode)), &form);
     box->setChecked(now & static_cast<int>(mode));
     column->addWidget(box);

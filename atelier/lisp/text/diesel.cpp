@@ -139,7 +139,11 @@ class Evaluator {
     if (name == "UPPER") return count == 1 ? std::optional(upperCase(a[0])) : std::nullopt;
     if (name == "GETVAR") return count == 1 ? std::optional(host_.variable(upperCase(a[0]))) : std::nullopt;
     if (name == "GETENV") return count == 1 ? std::optional(host_.environment(a[0])) : std::nullopt;
-    if (name == "EDTIME") return count == 2 && first ? std::optional(editTime(*first, a[1])) : std::nullopt;
+    if (name == "EDTIME") {
+      // 0 is now.
+      const auto day = first == 0.0 ? numberOf(host_.variable("DATE")) : first;
+      return count == 2 && day ? std::optional(editTime(*day, a[1])) : std::nullopt;
+    }
     if (name == "SUBSTR") return part(a, second);
     if (name == "INDEX") return indexed(a, first);
     if (name == "NTH")

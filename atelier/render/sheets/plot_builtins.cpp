@@ -4,12 +4,14 @@
 
 #include "atelier/database/objects/stub.h"
 #include "atelier/document/document.h"
+#include "atelier/document/services.h"
 #include "atelier/document/values.h"
 #include "atelier/dxf/versions/old_form.h"
 #include "atelier/lisp/evaluator/arguments.h"
 #include "atelier/lisp/evaluator/root.h"
 #include "atelier/render/scene/old_form.h"
 #include "atelier/render/scene/scene.h"
+#include "atelier/render/sheets/layout_page.h"
 #include "atelier/render/sheets/sheets.h"
 
 namespace atelier::render {
@@ -138,10 +140,22 @@ constexpr lisp::Builtin kTable[] = {
      "texte) ...)."},
 };
 
+// For the command -PLOT.
+std::vector<std::string> plotWished(Document& document, const PlotWish& wish) {
+  PlotOptions options;
+  if (!wish.scale.empty()) options.page.scale = parseScale(wish.scale);
+  if (!wish.paper.empty()) options.page.paper = parsePaper(wish.paper);
+  if (!wish.window.empty()) options.page.window = parseWindow(wish.window);
+  if (!wish.layout.empty() && !equalNoCase(wish.layout, "Model"))
+    return plotLayouts(document.database(), {wish.layout}, wish.file, options);
+  return plot(WholeScene(document.database()), wish.file, options);
+}
+
 }  // namespace
 
 void providePlots() {
   addDrawingBuiltins(kTable);
+  plotFunction() = plotWished;
   dxf::provideOldForm(oldForm);
 }
 

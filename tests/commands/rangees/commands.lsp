@@ -113,7 +113,7 @@
 (situation "SetLayersAndStyles")
 ((progn (command "_.-LAYER" "_M" "AXE RTE" "_C" "3" "" "") (getvar "CLAYER")) "AXE RTE")
 ((cdr (assoc 62 (tblsearch "LAYER" "AXE RTE"))) 3)
-((progn (command "-CALQUE" "N" "A1,A2,B" "I" "A*" "CH" "0" "") (getvar "CLAYER")) "0")
+((progn (command "-CALQUE" "N" "A1,A2,B" "I" "A*" "N" "CH" "0" "") (getvar "CLAYER")) "0")
 ((mapcar '(lambda (n) (minusp (cdr (assoc 62 (tblsearch "LAYER" n))))) '("A1" "A2" "B")) (T T nil))
 ((progn (command "_.-LAYER" "_F" "B" "") (cdr (assoc 70 (tblsearch "LAYER" "B")))) 1)
 ((progn (command "_.-STYLE" "ROMAIN" "romans.shx" 2.0 0.8 0 "_N" "_N" "_N") (getvar "TEXTSTYLE")) "ROMAIN")
@@ -134,7 +134,7 @@
  ("ATTRIB" "R 12" "NUM" (14.0 20.0 0.0) 5.0))
 ((progn (setvar "ATTREQ" 0) (command "_.-INSERT" "REGARD" "_S" 1 "_R" 90 '(0 0)) (rtos (last-g 50) 2 4)) "1.5708")
 ((g 1 (entnext (entlast))) "?")
-((progn (command "_.EXPLODE" (entlast) "") (vl-remove "INSERT" (kinds (ssget "X")))) ("CIRCLE"))
+((progn (command "_.EXPLODE" (entlast) "") (vl-remove "INSERT" (kinds (ssget "X")))) ("ATTDEF" "CIRCLE"))
 ((vl-cmdf "_.-INSERT" "absent" '(0 0) 1 1 0) nil)
 
 ;; Arrays of inserts, with their own subclass mark: drawn completely, and never exploded.

@@ -70,5 +70,15 @@
 (preparer (new_dialog "essai" n))
 (demande (start_dialog) ("Annuler") 0)
 ((start_dialog) nil)
+;; predefined tiles, an empty value, pictures that are drawn and clicked
+(fichier "images.dcl" "dcl_settings : default_dcl_settings { audit_level = 0; }
+    images : dialog { label = \"Images\"; : edit12_box { key = \"nom\"; label = \"Nom\"; value = \"\"; }
+      : image { key = \"vue\"; width = 20; aspect_ratio = 0.5; color = 0; } : image_button { key = \"choix\"; width = 10; height = 4; } ok_only; }")
+(preparer (setq n (load_dialog "<dossier>images.dcl") r nil) (new_dialog "images" n))
+((list (get_tile "nom") (dimx_tile "vue") (dimy_tile "vue") (dimx_tile "choix") (dimy_tile "choix") (dimx_tile "nom")) ("" 139 69 69 59 nil))
+((list (start_image "vue") (fill_image 0 0 10 10 1) (vector_image 0 0 139 69 5) (slide_image 0 0 9 9 "x") (end_image) (start_image "nom"))
+ ("vue" 1 5 "x" nil nil))
+(preparer (action_tile "choix" "(setq r $key)"))
+(demande (progn (start_dialog) r) ("choix" "OK") "choix")
 (fichier "essai.dcl" "essai : dialog {\n  label = \"x\";\n  : bouton { }\n}")
 (dit (load_dialog "<dossier>essai.dcl") "ligne 3: un type connu au lieu de bouton attendu")

@@ -4,13 +4,16 @@
 
 #include "atelier/document/document.h"
 
-namespace atelier::desktop {
+namespace atelier {
 
 enum SnapMode : unsigned {
   kEnd = 1,
   kMiddle = 2,
   kCentre = 4,
+  kNode = 8,
+  kQuadrant = 16,
   kIntersection = 32,
+  kInsertion = 64,
   kPerpendicular = 128,
   kNearest = 512
 };
@@ -24,6 +27,8 @@ struct Snap {
 // other. Perpendicular needs a base.
 std::optional<Snap> findSnap(Document& document, const AcGePoint3d& cursor, double aperture, unsigned modes,
                              const std::optional<AcGePoint3d>& base);
+// The modes of a text such as "_end,_mid" or "ext,mil", by their first three letters; 0 for none that is known.
+unsigned snapModesOf(std::string_view text);
 const char* snapName(SnapMode mode);  // French, UTF-8
 
-}  // namespace atelier::desktop
+}  // namespace atelier

@@ -1,13 +1,15 @@
 // Places are collected from the few entities within the aperture; of polylines only from segments near the cursor.
-#include "atelier/desktop/view/snaps.h"
+#include "atelier/selecting/snaps.h"
 
 #include <cmath>
+#include <utility>
 
+#include "atelier/base/text.h"
 #include "atelier/document/layer_states.h"
 #include "hote/dbents.h"
 #include "hote/dbpl.h"
 
-namespace atelier::desktop {
+namespace atelier {
 namespace {
 
 constexpr std::size_t kMostEntities = 200, kMostCrossed = 12;
@@ -19,9 +21,9 @@ class Search {
 
   void entity(const AcDbEntity& entity) {
     if (const auto* curve = AcDbCurve::cast(&entity)) this->curve(*curve);
-    else if (const auto* text = AcDbText::cast(&entity)) offer(kEnd, text->position());
-    else if (const auto* insert = AcDbBlockReference::cast(&entity)) offer(kEnd, insert->position());
-    else if (const auto* point = AcDbPoint::cast(&entity)) offer(kEnd, point->position());
+    else if (const auto* text = AcDbText::cast(&entity)) place(kInsertion, text->position());
+    else if (const auto* insert = AcDbBlockReference::cast(&entity)) place(kInsertion, insert->position());
+    else if (const auto* point = AcDbPoint::cast(&entity)) place(kNode, point->position());
   }
 
   void crossings(const AcDbCurve& a, const AcDbCurve& b) {
@@ -45,6 +47,12 @@ class Search {
       reach_ = d;
     }
   }
+  // The place of what has no ends also counts as one.
+  void place(SnapMode mode, const AcGePoint3d& point) { offer(modes_ & mode ? mode : kEnd, point); }
+  void quadrants(const AcGePoint3d& centre, double radius) {
+    for (const auto& [x, y] : {std::pair(1, 0), {0, 1}, {-1, 0}, {0, -1}})
+      offer(kQuadrant, {centre.x + x * radius, centre.y + y * radius, centre.z});
+  }
   // A centre is found with the cursor on the curve as well as at the centre.
   void centre(const AcGePoint3d& point, const AcGePoint3d& foot) {
     offer(kCentre, point, std::min(distance(point), distance(foot)));
@@ -55,7 +63,10 @@ class Search {
     if (curve.getClosestPointTo(cursor_, foot) != Acad::eOk) return;
     offer(kNearest, foot);
     if (const auto* arc = AcDbArc::cast(&curve)) centre(arc->center(), foot);
-    if (const auto* circle = AcDbCircle::cast(&curve)) centre(circle->center(), foot);
+    if (const auto* circle = AcDbCircle::cast(&curve)) {
+      centre(circle->center(), foot);
+      quadrants(circle->center(), circle->radius());
+    }
     if (const auto* ellipse = AcDbEllipse::cast(&curve)) centre(ellipse->center(), foot);
     if (base_ && curve.getClosestPointTo(*base_, foot, true) == Acad::eOk) offer(kPerpendicular, foot);
     if (isPolyline(curve)) segment(curve, foot);
@@ -108,7 +119,7 @@ std::optional<Snap> findSnap(Document& document, const AcGePoint3d& cursor, doub
   if (modes == 0) return std::nullopt;
   AcDbExtents box;
   box.set({cursor.x - aperture, cursor.y - aperture, 0}, {cursor.x + aperture, cursor.y + aperture, 0});
-  const std::vector<AcDbStub*> near = document.spatialIndex().query(document.imp().modelSpace(), box);
+  const std::vector<AcDbStub*> near = document.spatialIndex().query(document.database().currentSpaceId(), box);
   if (near.size() > kMostEntities) return std::nullopt;  // zoomed out too far for a choice
   Search search(cursor, aperture, modes, base);
   LayerStates layers(document.imp());
@@ -126,11 +137,28 @@ std::optional<Snap> findSnap(Document& document, const AcGePoint3d& cursor, doub
   return search.best();
 }
 
+unsigned snapModesOf(std::string_view text) {
+  constexpr std::pair<std::string_view, unsigned> kNames[] = {
+      {"END", kEnd},       {"EXT", kEnd},           {"MID", kMiddle},   {"MIL", kMiddle},
+      {"CEN", kCentre},    {"NOD", kNode},          {"QUA", kQuadrant}, {"INT", kIntersection},
+      {"INS", kInsertion}, {"PER", kPerpendicular}, {"NEA", kNearest},  {"PRO", kNearest}};
+  unsigned modes = 0;
+  for (const std::string& part : commaParts(text)) {
+    const std::string word = upperCase(part.starts_with('_') ? part.substr(1) : part);
+    for (const auto& [name, mode] : kNames)
+      if (word.starts_with(name)) modes |= mode;
+  }
+  return modes;
+}
+
 const char* snapName(SnapMode mode) {
   switch (mode) {
     case kEnd: return "Extrémité";
     case kMiddle: return "Milieu";
     case kCentre: return "Centre";
+    case kNode: return "Nodal";
+    case kQuadrant: return "Quadrant";
+    case kInsertion: return "Insertion";
     case kIntersection: return "Intersection";
     case kPerpendicular: return "Perpendiculaire";
     case kNearest: return "Proche";
@@ -138,4 +166,4 @@ const char* snapName(SnapMode mode) {
   return "";
 }
 
-}  // namespace atelier::desktop
+}  // namespace atelier
