@@ -30,3 +30,15 @@ function(kavel_room room)
     target_link_libraries(${target} INTERFACE hote ${ARGN})
   endif()
 endfunction()
+
+# kavel_without(target FOUND file): a source that needs a library which may be missing has a twin, its name with Absente behind it, that
+# says so. One of both is built: the source itself where the variable FOUND is true.
+function(kavel_without target found file)
+  set(left ${file}Absente)
+  if(NOT ${found})
+    set(left ${file})
+  endif()
+  get_target_property(sources ${target} SOURCES)
+  list(FILTER sources EXCLUDE REGEX "/${left}\\.cpp$")
+  set_property(TARGET ${target} PROPERTY SOURCES ${sources})
+endfunction()

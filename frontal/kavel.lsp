@@ -37,6 +37,8 @@
      plv-landxml plv-landxml-projet plv-landxml-terrain plv-export)
     (saisie (base profil projet echange)
      plv-nouveau plv-projet-fichier plv-projet-questions)
+    (mnt (base profil plan saisie)
+     plv-mnt-demande plv-mnt-coupe plv-mnt-profil plv-mnt-controle plv-mnt-questions)
     (feuilles (base profil tableaux metres)
      plv-encarts plv-feuilles)
     (controle (base profil tableaux echange)

@@ -74,14 +74,16 @@ HOUSES = {
     "etudes": {
         "base": "",
         "optimal": "base",
-        "porte": "optimal",
+        "surfaces": "",
+        "terrain": "surfaces",
+        "porte": "optimal terrain",
     },
     "programs": {"": ""},
 }
 
 # Houses, or rooms of theirs, that a house may include beside the street.
 NEIGHBOURS = {
-    "etudes": ("module/commande/arguments", "module/support/courbes", "module/support/dessin", "module/profil"),
+    "etudes": ("module/commande/arguments", "module/support/base", "module/support/courbes", "module/support/dessin", "module/profil"),
     "programs": ("atelier", "module", "etudes"),
 }
 

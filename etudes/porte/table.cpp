@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "etudes/optimal/fonctions.h"
+#include "etudes/terrain/fonctions.h"
 #include "hote/aced.h"
 #include "hote/acut.h"
 #include "module/commande/arguments/argsLisp.h"
@@ -38,6 +39,22 @@ constexpr ligneFonction kTable[] = {
      L"haut) (longueur moindre) (arrondi pas-altitude pas-pente), leur nom étant une chaîne."},
     {L"et_couloir", et_couloir, L"(et_couloir profil moindre plus-grande départ arrivée [contraintes])",
      L"Le couloir où et_ligne cherche: ses limites basse et haute, deux listes de (pk altitude)."},
+    {L"et_axe", et_axe, L"(et_axe jeu [inverse])",
+     L"Les courbes d'un jeu de sélection, bout à bout, en un axe en plan: une liste de (x y z bulbe), dans le sens de "
+     L"la "
+     L"première, ou à l'inverse pour T. Une chaîne dit pourquoi elles n'en font pas un."},
+    {L"et_axe_depuis", et_axe_depuis, L"(et_axe_depuis axe distance)",
+     L"L'axe à partir d'une distance, de la même forme."},
+    {L"et_terrain", et_terrain, L"(et_terrain axes sources [options])",
+     L"Le terrain le long d'axes: (profils contradictions remarques (points segments triangles "
+     L"nombre-de-contradictions)). "
+     L"Un axe est ce que rend et_axe. Un profil est la longueur de l'axe, puis des morceaux, listes de (distance "
+     L"altitude), une lacune entre deux; ou la chaîne qui dit pourquoi il n'y en a pas. Une contradiction est (quoi x "
+     L"y z1 z2). Les sources "
+     L"sont des listes: (dessin jeu) (points chemin [echanger]), les mots étant des chaînes; les options aussi: "
+     L"(tolerance "
+     L"m), 0.01 sinon, (arete m) la plus longue arête d'un triangle, (contour jeu), (trous jeu), (sauf jeu), (attribut "
+     L"étiquette), (zero T) où l'altitude 0 en est une. Une chaîne dit pourquoi une source ne convient pas."},
 };
 
 void et_aide() {

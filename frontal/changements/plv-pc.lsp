@@ -75,6 +75,7 @@
 
 (defun plv-pc:finir (profil)
   (plv-ranger-altitudes profil)
+  (plv-ouvrir-lacunes profil)
   (plv-rehabiller profil)
   (plv-ajuster-rappels profil))
 

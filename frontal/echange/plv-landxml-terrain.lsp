@@ -12,7 +12,7 @@
 
 (defun plv-landxml:dire-lacunes (lacunes)
   (foreach l lacunes
-    (plv-dire (strcat "Terrain absent entre les stations " (plv-reel (plv-debut l) 2) " et " (plv-reel (plv-fin l) 2) ": tracé droit."))))
+    (plv-dire (strcat "Terrain absent entre les stations " (plv-reel (plv-debut l) 2) " et " (plv-reel (plv-fin l) 2) ": laissé ouvert."))))
 
 (defun plv-landxml:releves (points) (mapcar '(lambda (p) (plv-releve (car p) (cadr p) "")) points))
 

@@ -70,7 +70,7 @@ project lines."
         (setq d (getreal "\nDistance du plan suivant <fin>: ")))
       (reverse plans))))
 
-(defun plv-nouveau:demander (lecture numero projets axe / point echv ttxt hauteur-max)
+(defun plv-nouveau-demander (lecture numero projets axe / point echv ttxt hauteur-max)
   "The questions that follow the ground's, and the profile."
   (setq numero (plv-demander-texte "Numéro du profil" numero)
         point (cond ((getpoint "\nPoint d'insertion <0,0>: ")) ('(0.0 0.0 0.0)))
@@ -83,7 +83,7 @@ project lines."
   "Alignment and ground are chosen, and read, before anything else is asked."
   (if (and (setq axe (plv-landxml-choisir-axe chemin))
            (setq plv-nouveau:terrain (plv-nouveau:lire-axe chemin axe)))
-    (plv-nouveau:demander '(lambda () plv-nouveau:terrain) (plv-landxml-numero axe) 'plv-landxml-demander-projets axe)))
+    (plv-nouveau-demander '(lambda () plv-nouveau:terrain) (plv-landxml-numero axe) 'plv-landxml-demander-projets axe)))
 
 (defun plv-nouveau:lire-axe (chemin axe / terrain)
   (if (plv-cle 'terrains axe)
@@ -95,5 +95,5 @@ project lines."
   (if (setq chemin (plv-demander-fichier "Fichier du terrain naturel"))
     (if (plv-landxml-p chemin)
       (plv-nouveau:landxml chemin)
-      (plv-nouveau:demander '(lambda () (plv-lire-terrain chemin)) (itoa (plv-identifiant-libre)) '(lambda (profil axe) nil) nil)))
+      (plv-nouveau-demander '(lambda () (plv-lire-terrain chemin)) (itoa (plv-identifiant-libre)) '(lambda (profil axe) nil) nil)))
   (princ))

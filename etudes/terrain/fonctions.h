@@ -1,0 +1,11 @@
+// The published functions of this room. Where a source can't be used the result is the reason, a text; nil for arguments that
+// aren't of the form.
+#pragma once
+
+namespace etu {
+
+void et_axe();
+void et_axe_depuis();
+void et_terrain();
+
+}  // namespace etu

@@ -1,0 +1,34 @@
+// The sources of a surface as AutoLISP names them, and the surface that is made of all of them.
+// A source is a list of its kind, what it is read from, and words: ("points" "x.csv" "echanger").
+#pragma once
+#include <memory>
+#include <string>
+
+#include "etudes/surfaces/cascade.h"
+#include "etudes/surfaces/limites.h"
+#include "etudes/terrain/collecte.h"
+#include "hote/adesk.h"
+
+namespace etu {
+
+struct reglesTerrain {
+  double tolerance = 0.01;  // of the thinning; 0 keeps all
+  double arete = 0;         // the longest edge of a triangle, 0: any
+  reglesCollecte collecte;
+  limites bornes;
+};
+
+struct surfaceLue {
+  cascade surface;
+  bilanCollecte bilan;
+  std::size_t points = 0, segments = 0, triangles = 0, doubles = 0;
+  listeContradictions contradictions;
+};
+
+// Reads the options, a list of lists that begins at this node. False for another form.
+bool lireRegles(const resbuf* noeud, reglesTerrain& regles);
+
+// Reads the list of sources that begins at this node. False for another form; throws `refus` for a source that can't be used.
+bool lireSources(const resbuf* noeud, const reglesTerrain& regles, surfaceLue& lue);
+
+}  // namespace etu

@@ -1,0 +1,50 @@
+;; What is asked of a surface: an axis, sources, limits. A request is an association list
+;;   (axe entity ...)  curves of the drawing that follow one another     (inverse . T) against the first one's direction
+;;   (depart . station) of the axis's first point
+;;   (sources (word value ...) ...)  ("calques" "PATTERNS") ("objets" entity ...) ("fichier" "PATH" word ...)
+;;   (tolerance . metres) (arete . metres) (attribut . "TAG") (zero . T) (contour entity ...) (trous entity ...)
+;; Layers are looked through each time, so that what is added to them counts.
+
+(defun plv-mnt-demande (axe inverse depart sources options)
+  "options: pairs (key . value) as above."
+  (append (list (cons 'axe axe) (cons 'inverse inverse) (cons 'depart (float depart)) (cons 'sources sources)) options))
+
+(defun plv-mnt-axe (demande / lu)
+  "The axis as et_terrain takes it; nil after a message."
+  (setq lu (et_axe (plv-jeu (plv-cle 'axe demande)) (plv-cle 'inverse demande)))
+  (cond ((listp lu) lu) (T (plv-erreur lu))))
+
+;; --- as et_terrain takes them
+
+(defun plv-mnt:filtre (calques)
+  "What a selection by layers takes: model space, without what the profiles have drawn."
+  (list (cons 8 calques) '(410 . "Model") '(-4 . "<NOT") '(8 . "PLV-*") '(-4 . "NOT>")))
+
+(defun plv-mnt:source (source / jeu entites)
+  "The source as et_terrain takes it; nil after a message."
+  (cond
+    ((= (car source) "calques")
+     (if (setq jeu (ssget "X" (plv-mnt:filtre (cadr source))))
+       (list "dessin" jeu)
+       (plv-erreur (strcat "rien sur les calques " (cadr source)))))
+    ((= (car source) "objets")
+     (if (setq entites (vl-remove-if-not 'plv-existe (cdr source)))
+       (list "dessin" (plv-jeu entites))
+       (plv-erreur "les objets de la surface ne sont plus dans le dessin")))
+    ((plv-fichier-existant (cadr source))
+     (vl-list* "points" (plv-fichier-existant (cadr source)) (cddr source)))))
+
+(defun plv-mnt-sources (demande / lues)
+  (if (not (member nil (setq lues (mapcar 'plv-mnt:source (plv-cle 'sources demande))))) lues))
+
+(defun plv-mnt:jeu (entites) (plv-jeu (vl-remove-if-not 'plv-existe entites)))
+
+(defun plv-mnt-options (demande)
+  (append
+    (vl-remove nil
+      (mapcar '(lambda (cle) (if (plv-cle cle demande) (list (strcase (vl-symbol-name cle) T) (plv-cle cle demande))))
+              '(tolerance arete attribut zero)))
+    (vl-remove nil
+      (mapcar '(lambda (cle) (if (plv-cle cle demande) (list (strcase (vl-symbol-name cle) T) (plv-mnt:jeu (plv-cle cle demande)))))
+              '(contour trous)))
+    (if (plv-cle 'axe demande) (list (list "sauf" (plv-mnt:jeu (plv-cle 'axe demande)))))))

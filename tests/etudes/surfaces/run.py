@@ -1,0 +1,210 @@
+#!/usr/bin/env python3
+"""Profiles of random surfaces, compared with what shares no code with them: SciPy's triangulation, and surfaces known by formula.
+
+    tests/etudes/surfaces/run.py KAVEL [--runs 60] [--seed N]
+
+Each run draws points and an axis of straight runs and arcs, has the program cut the surface and compares, at every vertex of the
+profile and between them, with the altitude that SciPy's triangulation has there; where there is none the profile has a gap. Then
+the thinned profile is compared with the whole one. Of surfaces with a ridge the formula is known: a breakline has to hold it.
+A fault names the seed with which it comes back.
+"""
+import argparse
+import math
+import os
+import random
+import subprocess
+import sys
+import tempfile
+
+import numpy
+from scipy.interpolate import LinearNDInterpolator
+from scipy.spatial import Delaunay
+
+PRINT = """
+(defun dire (p) (foreach m (cdr p) (princ "M\\n") (foreach q m (princ (strcat (rtos (car q) 2 9) " " (rtos (cadr q) 2 9) "\\n")))))
+(defun essayer (axe sources options / r)
+  (setq r (et_terrain (list axe) sources options))
+  (cond ((not (listp r)) (princ (strcat "E " r "\\n"))) ((listp (caar r)) (dire (caar r))) (T (princ "VIDE\\n"))) (princ "FIN\\n"))
+"""
+
+
+def number(value):
+    return repr(float(value))
+
+
+def lisp_axis(axis):
+    return "'(" + " ".join("(" + " ".join(number(v) for v in (x, y, 0, bulge)) + ")" for x, y, bulge in axis) + ")"
+
+
+def play(kavel, folder, lines):
+    """The answers of one run of the program: lists of pieces, each a list of (station, z)."""
+    path = os.path.join(folder, "run.lsp")
+    with open(path, "w", encoding="utf-8") as file:
+        file.write(PRINT + "\n".join(lines) + "\n(princ)\n")
+    run = subprocess.run([kavel, "--no-frontal", "--quiet", "-l", path], capture_output=True, text=True, check=False)
+    if run.returncode:
+        raise SystemExit(f"status {run.returncode}: {run.stdout[-500:]}{run.stderr[-500:]}")
+    answers, pieces = [], []
+    for line in run.stdout.splitlines():
+        if line == "FIN":
+            answers.append(pieces)
+            pieces = []
+        elif line == "M":
+            pieces.append([])
+        elif line.startswith("E "):
+            raise SystemExit(line)
+        elif line and line != "VIDE":
+            pieces[-1].append(tuple(float(v) for v in line.split()))
+    return answers
+
+
+def place(axis, station):
+    """The point of an axis at a station, from its centre and angles."""
+    for (x0, y0, bulge), (x1, y1, _) in zip(axis, axis[1:]):
+        chord = math.hypot(x1 - x0, y1 - y0)
+        opening = 4 * math.atan(bulge)
+        length = chord if bulge == 0 else chord / (2 * math.sin(abs(opening) / 2)) * abs(opening)
+        if station <= length or (x1, y1) == axis[-1][:2]:
+            part = min(1.0, station / length)
+            if bulge == 0:
+                return x0 + part * (x1 - x0), y0 + part * (y1 - y0)
+            apothem = chord / (2 * math.tan(opening / 2))
+            cx, cy = (x0 + x1) / 2 - apothem * (y1 - y0) / chord, (y0 + y1) / 2 + apothem * (x1 - x0) / chord
+            turn = part * opening
+            dx, dy = x0 - cx, y0 - cy
+            return cx + dx * math.cos(turn) - dy * math.sin(turn), cy + dx * math.sin(turn) + dy * math.cos(turn)
+        station -= length
+    raise AssertionError("station beyond the axis")
+
+
+def length_of(axis):
+    total = 0
+    for (x0, y0, bulge), (x1, y1, _) in zip(axis, axis[1:]):
+        chord, opening = math.hypot(x1 - x0, y1 - y0), 4 * math.atan(bulge)
+        total += chord if bulge == 0 else chord / (2 * math.sin(abs(opening) / 2)) * abs(opening)
+    return total
+
+
+def at(pieces, station):
+    """The altitude of a profile, None in a gap."""
+    for piece in pieces:
+        if piece[0][0] <= station <= piece[-1][0]:
+            for (s0, z0), (s1, z1) in zip(piece, piece[1:]):
+                if s0 <= station <= s1 and s1 > s0:
+                    return z0 + (z1 - z0) * (station - s0) / (s1 - s0)
+    return None
+
+
+def draw_axis(rng, size, ox, oy, arcs):
+    axis = []
+    for _ in range(rng.randint(2, 5)):
+        bulge = rng.choice((0, 0, rng.uniform(-0.8, 0.8))) if arcs else 0
+        axis.append((ox + rng.uniform(-0.2, 1.2) * size, oy + rng.uniform(-0.2, 1.2) * size, bulge))
+    return axis[:-1] + [(*axis[-1][:2], 0)]
+
+
+def stations(rng, pieces, total):
+    found = [s for piece in pieces for s, _ in piece]
+    middles = [(a + b) / 2 for piece in pieces for (a, _), (b, _) in zip(piece, piece[1:])]
+    return found + middles + [rng.uniform(0, total) for _ in range(30)]
+
+
+def near_edge(tri, x, y, margin):
+    """Whether the outline of the points is too near to tell inside from outside."""
+    hull = tri.points[tri.convex_hull]
+    for (ax, ay), (bx, by) in hull:
+        dx, dy = bx - ax, by - ay
+        part = max(0, min(1, ((x - ax) * dx + (y - ay) * dy) / (dx * dx + dy * dy)))
+        if math.hypot(x - ax - part * dx, y - ay - part * dy) < margin:
+            return True
+    return False
+
+
+def check_points(rng, kavel, folder, arcs):
+    size, ox, oy = rng.choice((10, 300, 2000)), rng.choice((0, 650000.25)), rng.choice((0, 6860000.5))
+    steep = rng.uniform(0.01, 0.5)
+    points = [(ox + rng.random() * size, oy + rng.random() * size, 100 + steep * rng.random() * size) for _ in range(rng.randint(4, 300))]
+    points = [tuple(round(v, 4) for v in p) for p in points]
+    with open(os.path.join(folder, "p.csv"), "w", encoding="utf-8") as file:
+        file.writelines(f"{x!r};{y!r};{z!r}\n" for x, y, z in points)
+    axis = draw_axis(rng, size, ox, oy, arcs)
+    tolerance = rng.choice((0.001, 0.01, 0.2))
+    source = "'((\"points\" \"" + folder + "/p.csv\"))"
+    whole, thin = play(kavel, folder, [f"(essayer {lisp_axis(axis)} {source} '((\"tolerance\" {t})))" for t in (0, tolerance)])
+    shifted = numpy.array([(x - ox, y - oy) for x, y, _ in points])
+    tri = Delaunay(shifted)
+    truth = LinearNDInterpolator(tri, numpy.array([z for _, _, z in points]))
+    # On an arc the axis keeps to its chords within a tenth of a millimetre, elsewhere within the last digits of a coordinate; the
+    # steepest triangle may be very steep.
+    edges = tri.points[tri.simplices]
+    steepest = 1.0
+    for corner, simplex in zip(edges, tri.simplices):
+        (a, b, c), (za, zb, zc) = corner, (points[i][2] for i in simplex)
+        det = (b[0] - a[0]) * (c[1] - a[1]) - (b[1] - a[1]) * (c[0] - a[0])
+        gx = ((zb - za) * (c[1] - a[1]) - (zc - za) * (b[1] - a[1])) / det
+        gy = ((zc - za) * (b[0] - a[0]) - (zb - za) * (c[0] - a[0])) / det
+        steepest = max(steepest, math.hypot(gx, gy))
+    allowed = (1.2e-4 if arcs else 5e-9) * steepest + 1e-6
+    total = length_of(axis)
+    for station in stations(rng, whole, total):
+        if station > total:
+            assert station - total < 1e-6, f"a vertex at {station}, the axis is {total} long"
+            continue
+        x, y = place(axis, station)
+        expected, found = float(truth(x - ox, y - oy)), at(whole, station)
+        if near_edge(tri, x - ox, y - oy, 1e-3):
+            continue
+        assert (found is None) == math.isnan(expected), f"at {station}: {found}, SciPy has {expected}"
+        assert found is None or abs(found - expected) <= allowed, f"at {station}: {found}, SciPy has {expected}"
+    assert [(p[0], p[-1]) for p in thin] == [(p[0], p[-1]) for p in whole], "thinning moved an end"
+    for piece, kept in zip(whole, thin):
+        assert set(kept) <= set(piece), "thinning made a point"
+        for station, z in piece:
+            assert abs(at([kept], station) - z) <= tolerance + 2e-9, f"thinned by {tolerance}: at {station} off by {at([kept], station) - z}"
+
+
+def check_ridge(rng, kavel, folder, arcs):
+    """Two planes that meet along a line; the breakline runs along it in uneven steps, or its other way."""
+    size, angle = 100.0, rng.uniform(0, math.pi)
+    ux, uy = math.cos(angle), math.sin(angle)
+    left, right, along = rng.uniform(-1, 1), rng.uniform(-1, 1), rng.uniform(-0.2, 0.2)
+    ground = lambda x, y: 200 + along * ((x - 50) * ux + (y - 50) * uy) + max(0, (y - 50) * ux - (x - 50) * uy) * left + max(0, (x - 50) * uy - (y - 50) * ux) * right
+    points = [(rng.random() * size, rng.random() * size) for _ in range(rng.randint(5, 200))]
+    ridge = sorted(rng.uniform(-50, 50) for _ in range(rng.randint(2, 12)))
+    ridge = [-75.0] + ridge + [75.0]
+    line = [(50 + t * ux, 50 + t * uy) for t in (ridge if rng.random() < 0.5 else ridge[::-1])]
+    make = [f"(entmake '((0 . \"POINT\") (10 {x!r} {y!r} {ground(x, y)!r})))" for x, y in points]
+    make.append("(entmake '((0 . \"POLYLINE\") (66 . 1) (10 0.0 0.0 0.0) (70 . 8)))")
+    make += [f"(entmake '((0 . \"VERTEX\") (10 {x!r} {y!r} {ground(x, y)!r}) (70 . 32)))" for x, y in line]
+    make.append("(entmake '((0 . \"SEQEND\")))")
+    axis = draw_axis(rng, size, 0, 0, arcs)
+    (pieces,) = play(kavel, folder, make + [f"(essayer {lisp_axis(axis)} (list (list \"dessin\" (ssget \"X\"))) '((\"tolerance\" 0)))"])
+    for station in stations(rng, pieces, length_of(axis)):
+        found = at(pieces, station)
+        if found is not None:
+            x, y = place(axis, min(station, length_of(axis)))
+            assert abs(found - ground(x, y)) <= (3e-4 if arcs else 1e-6), f"at {station}: {found}, the planes have {ground(x, y)}"
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("kavel")
+    parser.add_argument("--runs", type=int, default=60)
+    parser.add_argument("--seed", type=int, default=random.SystemRandom().randrange(10**6))
+    options = parser.parse_args()
+    faults = 0
+    for seed in range(options.seed, options.seed + options.runs):
+        rng = random.Random(seed)
+        check = check_ridge if seed % 3 == 0 else check_points
+        with tempfile.TemporaryDirectory() as folder:
+            try:
+                check(rng, options.kavel, folder, arcs=rng.random() < 0.5)
+            except AssertionError as fault:
+                faults += 1
+                print(f"seed {seed} ({check.__name__}): {fault}", flush=True)
+    print(f"{options.runs} surfaces from seed {options.seed}, {faults} faults")
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

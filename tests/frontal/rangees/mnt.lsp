@@ -1,0 +1,81 @@
+;; Profiles of a surface: what PLV-TERRAIN asks and makes, the axis and the request that are kept, gaps, refusals, marks.
+
+(commun
+  (preparer
+    (defun point (x y z) (entmakex (list '(0 . "POINT") '(8 . "TOPO") (list 10 x y z))))
+    (defun carre () (mapcar '(lambda (p) (apply 'point p)) '((0.0 0.0 100.0) (100.0 0.0 110.0) (100.0 100.0 110.0) (0.0 100.0 100.0))))
+    (defun trace (points) (entmakex (append (list '(0 . "LWPOLYLINE") '(100 . "AcDbEntity") '(8 . "AXE") '(100 . "AcDbPolyline") (cons 90 (length points)) '(70 . 0))
+                                            (mapcar '(lambda (p) (cons 10 p)) points))))
+    (defun surface (axe / e) (plv-mnt-profil (plv-mnt-demande (list axe) nil 500.0 '(("calques" "TOPO")) nil) "T1" '(0.0 500.0 0.0) 10.0 2.5 nil nil))
+    (defun terrain (p) (mapcar '(lambda (q) (list (car q) (cadr q))) (plv-points-tn p)))
+    (defun sommets (e) (mapcar 'cdr (vl-remove-if-not '(lambda (g) (= (car g) 10)) (entget e))))))
+
+(situation "FromPointsAndAPolylineToAProfile")
+(preparer (carre) (setq a (trace '((0.0 30.0) (100.0 30.0)))))
+(tape ("PLV-TERRAIN" "Nouveau" "(ssadd a)" "" "1000" "T" "Calques" "TOPO" "Non" "Continuer" "T1" "0,500" "10" "2.5" "150" "A")
+  "Surface: 4 points, 2 triangles." "Profil T1: 2 points, 100.00 m, 1 plan de comparaison.")
+(preparer (setq p (plv-profil-de-numero "T1")))
+((equal (terrain p) '((0.0 100.0) (100.0 110.0)) 1e-9) T)
+((plv-premiere-station p) 1000.0)
+;; a polyline along which there is ground from end to end is the axis itself
+((eq (plv-axe-plan p) a) T)
+((cdr (assoc 300 (member '(1 . "SOURCE") (plv-enregistrement p "PLV_MNT")))) "calques")
+((eq (plv-profil-sain p) p) T)
+
+;; The ground begins 50 m along the axis: that place is the profile's origin and the first vertex of its axis.
+(situation "AnAxisThatBeginsBesideTheSurface")
+(preparer (carre) (setq a (trace '((-50.0 30.0) (150.0 30.0)))))
+(dit (setq p (surface a)) "La surface va de la station 550.00 à 650.00 de l'axe, qui va jusqu'à 700.00.")
+((plv-premiere-station p) 550.0)
+((equal (sommets (plv-axe-plan p)) '((0.0 30.0) (150.0 30.0)) 1e-9) T)
+((equal (terrain p) '((0.0 100.0) (100.0 110.0)) 1e-9) T)
+
+(situation "AnAxisTheOtherWayAndOfOtherCurves")
+(preparer (carre) (setq a (trace '((0.0 30.0) (100.0 30.0)))
+                        l (entmakex '((0 . "LINE") (10 0.0 50.0 0.0) (11 50.0 50.0 0.0))) b (entmakex '((0 . "ARC") (10 50.0 60.0 0.0) (40 . 10.0) (50 . 4.71238898038469) (51 . 0.0)))
+                        r (plv-mnt-profil (plv-mnt-demande (list a) T 0.0 '(("calques" "TOPO")) nil) "I" '(0.0 500.0 0.0) nil nil nil nil)
+                        c (plv-mnt-profil (plv-mnt-demande (list l b) nil 0.0 '(("calques" "TOPO")) nil) "C" '(0.0 900.0 0.0) nil nil nil nil)))
+((equal (terrain r) '((0.0 110.0) (100.0 100.0)) 1e-9) T)
+((equal (sommets (plv-axe-plan r)) '((100.0 30.0) (0.0 30.0)) 1e-9) T)
+((equal (sommets (plv-axe-plan c)) '((0.0 50.0) (50.0 50.0) (60.0 60.0)) 1e-9) T)
+((equal (plv-longueur-profil c) (+ 50.0 (* 5.0 pi)) 1e-6) T)
+((length (plv-axe-segments (plv-axe-plan c))) 2)
+
+;; Two squares apart: the ground line between them is there for the tables, and isn't seen; also after a change of plane.
+(situation "AGapIsOpen")
+(preparer
+  (defun face (x) (entmake (list '(0 . "3DFACE") '(8 . "TOPO") (list 10 x 0.0 100.0) (list 11 (+ x 10.0) 0.0 101.0) (list 12 (+ x 10.0) 10.0 101.0) (list 13 x 10.0 100.0))))
+  (face 0.0) (face 20.0) (face 30.0)
+  (defun cachees (p) (mapcar '(lambda (e) (cdr (assoc 60 (entget e)))) (apply 'append (mapcar 'plv-lignes-du-plan (plv-entites-plans p))))))
+(dit (setq p (surface (trace '((0.0 5.0) (40.0 5.0))))) "Pas de surface entre les stations 510.00 et 520.00: laissé ouvert.")
+((equal (plv-lacunes p) '((10.0 20.0 0.0)) 1e-9) T)
+((cachees p) (nil 1 nil nil nil))
+(preparer (plv-pc p "M" 500.0 95.0))
+((cachees p) (nil 1 nil nil nil))
+;; the wall between the second and the third face
+((equal (cdr (cdr (terrain p))) '((20.0 100.0) (30.0 101.0) (30.0 100.0) (40.0 101.0)) 1e-9) T)
+
+(situation "WhatCannotBeDoneIsSaidAndNothingIsMade")
+(preparer (carre) (setq a (trace '((0.0 30.0) (100.0 30.0))) b (trace '((1000.0 30.0) (1100.0 30.0))) z (entlast)))
+(refuse (plv-mnt-profil (plv-mnt-demande (list b) nil 0.0 '(("calques" "TOPO")) nil) "T" nil nil nil nil nil) "il n'y a pas de surface sous l'axe")
+(refuse (plv-mnt-profil (plv-mnt-demande (list a) nil 0.0 '(("calques" "RIEN")) nil) "T" nil nil nil nil nil) "rien sur les calques RIEN")
+(refuse (plv-mnt-profil (plv-mnt-demande (list a) nil 0.0 '(("fichier" "absent.csv")) nil) "T" nil nil nil nil nil) "fichier introuvable: absent.csv")
+(refuse (plv-mnt-profil (plv-mnt-demande (list a b) nil 0.0 '(("calques" "TOPO")) nil) "T" nil nil nil nil nil) "ne se suivent pas")
+(refuse (plv-mnt-profil (plv-mnt-demande (list (ssname (ssget "X" '((0 . "POINT"))) 0)) nil 0.0 '(("calques" "TOPO")) nil) "T" nil nil nil nil nil) "un axe est fait de polylignes")
+(tape ("PLV-TERRAIN" "Nouveau" "(ssadd b)" "" "0" "T" "Calques" "TOPO" "Non" "Continuer") "il n'y a pas de surface sous l'axe")
+((eq (entlast) z) T)
+
+;; Marks of an earlier look go. What the profiles have drawn is no ground, even when every layer is.
+(situation "ContradictionsAreMarked")
+(preparer (carre) (point 0.0 0.0 101.0) (surface (trace '((0.0 30.0) (100.0 30.0)))))
+(tape ("PLV-TERRAIN" "Contrôler" "Calques" "*" "Non" "2")
+  "Surface: 5 points" "1 contradiction d'altitudes" "  0.00, 0.00  deux points au même endroit: 100.000 et 101.000" "1 marque sur le calque PLV-CONTROLE.")
+((sslength (ssget "X" '((8 . "PLV-CONTROLE")))) 2)
+(preparer (command "_ERASE" (ssget "X" '((0 . "POINT") (10 0.0 0.0 101.0))) ""))
+(tape ("PLV-TERRAIN" "Contrôler" "Calques" "TOPO" "Non" "") "Aucune contradiction.")
+((ssget "X" '((8 . "PLV-CONTROLE"))) nil)
+
+(situation "LimitsByQuestions")
+(preparer (carre) (setq a (trace '((0.0 30.0) (100.0 30.0))) c (trace '((20.0 0.0) (80.0 0.0) (80.0 50.0) (20.0 50.0)))) (entmod (subst '(70 . 1) '(70 . 0) (entget c))))
+(tape ("PLV-TERRAIN" "N" "(ssadd a)" "" "0" "T" "C" "TOPO" "N" "CO" "(ssadd c)" "" "TO" "0,05" "A" "200" "C" "T1" "0,500" "10" "2.5" "150" "A") "Profil T1: 2 points, 60.00 m")
+((equal (terrain (plv-profil-de-numero "T1")) '((0.0 102.0) (60.0 108.0)) 1e-9) T)
