@@ -18,6 +18,8 @@ target_link_libraries(kavel_occt INTERFACE TKG2d TKG3d TKGeomBase TKGeomAlgo TKB
 
 # Of what studies of the ground stand on, a build without it says so and does the rest.
 find_package(CGAL QUIET)
+find_package(GDAL CONFIG QUIET)
+find_package(PROJ CONFIG QUIET)
 
 if(KAVEL_DESKTOP)
   find_package(Qt6 COMPONENTS Widgets REQUIRED)

@@ -42,3 +42,18 @@ function(kavel_without target found file)
   list(FILTER sources EXCLUDE REGEX "/${left}\\.cpp$")
   set_property(TARGET ${target} PROPERTY SOURCES ${sources})
 endfunction()
+
+# kavel_loaded_later(target library NAME): the target includes the library's headers, but loads the library itself when it needs it, by the
+# file name that the macro NAME holds ("libgdal.so.32").
+function(kavel_loaded_later target library name)
+  get_target_property(headers ${library} INTERFACE_INCLUDE_DIRECTORIES)
+  if(headers)
+    target_include_directories(${target} SYSTEM PRIVATE ${headers})
+  endif()
+  get_target_property(path ${library} LOCATION)
+  get_filename_component(path ${path} REALPATH)
+  get_filename_component(file ${path} NAME)
+  string(REGEX REPLACE "(\\.so\\.[0-9]+).*$" "\\1" file ${file})
+  target_compile_definitions(${target} PRIVATE ${name}="${file}")
+  target_link_libraries(${target} PRIVATE ${CMAKE_DL_LIBS})
+endfunction()

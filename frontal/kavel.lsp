@@ -38,7 +38,7 @@
     (saisie (base profil projet echange)
      plv-nouveau plv-projet-fichier plv-projet-questions)
     (mnt (base profil plan saisie)
-     plv-mnt-demande plv-mnt-coupe plv-mnt-profil plv-mnt-controle plv-mnt-questions)
+     plv-mnt-systeme plv-mnt-demande plv-mnt-coupe plv-mnt-profil plv-mnt-controle plv-mnt-questions)
     (feuilles (base profil tableaux metres)
      plv-encarts plv-feuilles)
     (controle (base profil tableaux echange)

@@ -45,16 +45,31 @@ constexpr ligneFonction kTable[] = {
      L"première, ou à l'inverse pour T. Une chaîne dit pourquoi elles n'en font pas un."},
     {L"et_axe_depuis", et_axe_depuis, L"(et_axe_depuis axe distance)",
      L"L'axe à partir d'une distance, de la même forme."},
+    {L"et_fichier", et_fichier, L"(et_fichier chemin)",
+     L"Ce qu'est un fichier d'après son contenu: (\"points\"), (\"grille\"), (\"vecteur\") ou (\"landxml\"), puis, "
+     L"quand il dit son système de coordonnées, T "
+     L"pour des degrés ou nil, et (code nom). Une chaîne dit ce qui ne va pas."},
+    {L"et_axes_fichier", et_axes_fichier, L"(et_axes_fichier chemin [système])",
+     L"Les lignes d'un fichier GeoJSON, GPX, KML, Shapefile ou GeoPackage: une liste de (nom axe), dans le système de "
+     L"coordonnées donné. Une "
+     L"chaîne dit pourquoi il n'y en a pas."},
+    {L"et_systemes", et_systemes, L"(et_systemes texte-ou-axe)",
+     L"Les systèmes de coordonnées que nomme un texte (\"EPSG:2154\"), ou ceux où un axe peut être: une liste de (code "
+     L"nom), nil sans aucun."},
     {L"et_terrain", et_terrain, L"(et_terrain axes sources [options])",
      L"Le terrain le long d'axes: (profils contradictions remarques (points segments triangles "
      L"nombre-de-contradictions)). "
      L"Un axe est ce que rend et_axe. Un profil est la longueur de l'axe, puis des morceaux, listes de (distance "
-     L"altitude), une lacune entre deux; ou la chaîne qui dit pourquoi il n'y en a pas. Une contradiction est (quoi x "
-     L"y z1 z2). Les sources "
-     L"sont des listes: (dessin jeu) (points chemin [echanger]), les mots étant des chaînes; les options aussi: "
-     L"(tolerance "
-     L"m), 0.01 sinon, (arete m) la plus longue arête d'un triangle, (contour jeu), (trous jeu), (sauf jeu), (attribut "
-     L"étiquette), (zero T) où l'altitude 0 en est une. Une chaîne dit pourquoi une source ne convient pas."},
+     L"altitude), une lacune entre "
+     L"deux; ou la chaîne qui dit pourquoi il n'y en a pas. Une contradiction est (quoi x y z1 z2). Les sources sont "
+     L"des listes, les mots étant "
+     L"des chaînes: (dessin jeu), (fichier chemin [echanger] [EPSG:code]) ou un dossier de dalles, (axe) pour les "
+     L"altitudes de l'axe; les options "
+     L"aussi: (tolerance m), 0.01 sinon, (arete m) la plus longue arête d'un triangle, (contour jeu), (trous jeu), "
+     L"(sauf jeu), (attribut "
+     L"étiquette), (zero T) où l'altitude 0 en est une, (pres m) pour les points près de l'axe au lieu d'une surface, "
+     L"(systeme EPSG:code) celui "
+     L"des axes. Une chaîne dit pourquoi une source ne convient pas."},
 };
 
 void et_aide() {

@@ -4,8 +4,8 @@
 #include <memory>
 #include <optional>
 
+#include "etudes/fichiers/nombres.h"
 #include "etudes/terrain/lectureAxe.h"
-#include "etudes/terrain/nombres.h"
 #include "hote/acdb.h"
 #include "hote/acut.h"
 #include "module/support/base/lettres.h"

@@ -6,6 +6,9 @@ namespace etu {
 
 void et_axe();
 void et_axe_depuis();
+void et_axes_fichier();
+void et_fichier();
+void et_systemes();
 void et_terrain();
 
 }  // namespace etu

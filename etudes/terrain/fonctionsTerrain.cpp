@@ -1,8 +1,9 @@
 // et_terrain: the profiles of a surface along axes. The surface is made once for all of them; without axes it is only looked at.
+#include "etudes/fichiers/nombres.h"
+#include "etudes/surfaces/coupeAxe.h"
 #include "etudes/terrain/arguments.h"
 #include "etudes/terrain/controle.h"
 #include "etudes/terrain/fonctions.h"
-#include "etudes/terrain/nombres.h"
 #include "etudes/terrain/sources.h"
 #include "module/support/base/nombres.h"
 
@@ -32,7 +33,7 @@ const wchar_t* nomDe(desaccord quoi) {
 }
 
 std::vector<std::wstring> remarques(const surfaceLue& lue) {
-  std::vector<std::wstring> textes;
+  std::vector<std::wstring> textes = lue.remarques;
   if (lue.doubles > 0) textes.push_back(compte(lue.doubles, L"point") + L" à la place d'un autre: un seul compte");
   std::wstring laisses;
   const auto ajouter = [&](std::size_t nombre, const wchar_t* pourquoi) {
@@ -54,8 +55,16 @@ std::wstring direCroisement(const piedAxe& lieu) {
 // The profile along one axis; the sentence tells why there is none.
 std::vector<morceau> profilDe(const axePlan& axe, const std::vector<piedAxe>& pieds, const reglesTerrain& regles,
                               surfaceLue& lue, std::wstring& pourquoi) {
+  if (regles.pres > 0) {
+    const morceau m = profilDesPoints(pieds, lue.pointsPres, regles.pres);
+    if (m.empty()) pourquoi = L"moins de deux points sont à " + plv::texteFixe(regles.pres, 2) + L" m de l'axe au plus";
+    return m.empty() ? std::vector<morceau>{} : std::vector<morceau>{alleger(m, regles.tolerance)};
+  }
   std::vector<morceau> morceaux = couper(lue.surface, pieds, lue.contradictions);
-  if (morceaux.empty()) pourquoi = pourquoiHors(etendueDe(axe), lue.surface.emprise());
+  if (morceaux.empty()) {
+    const etendue emprise = lue.surface.emprise();
+    pourquoi = emprise.vide() ? L"l'axe n'a pas d'altitudes" : pourquoiHors(etendueDe(axe), emprise);
+  }
   if (!regles.bornes.vides() && !morceaux.empty()) {
     morceaux = dansIntervalles(morceaux, dansLimites(regles.bornes, pieds));
     if (morceaux.empty()) pourquoi = L"le contour et les trous ne laissent aucune surface sous l'axe";
@@ -125,7 +134,8 @@ void et_terrain() {
   try {
     surfaceLue lue;
     if (lireSources(sources, regles, lue)) {
-      if (lue.surface.vide()) throw refus{L"aucun point, aucune ligne et aucune face dans les sources"};
+      if (lue.surface.vide() && lue.pointsPres.empty())
+        throw refus{L"aucun point, aucune ligne et aucune face dans les sources"};
       rendre(axes, regles, lue);
     }
   } catch (const refus& r) {

@@ -1,11 +1,18 @@
 // One row for each kind of source and of option; points, lines and faces of all sources are gathered before they become surfaces.
 #include "etudes/terrain/sources.h"
 
+#include "etudes/fichiers/listePoints.h"
+#include "etudes/fichiers/nature.h"
+#include "etudes/fichiers/nombres.h"
+#include "etudes/fichiers/projection.h"
+#include "etudes/fichiers/raster.h"
+#include "etudes/fichiers/vecteur.h"
+#include "etudes/surfaces/coupeAxe.h"
 #include "etudes/surfaces/coupeMaillage.h"
+#include "etudes/surfaces/coupeTransformee.h"
 #include "etudes/surfaces/triangulation.h"
 #include "etudes/terrain/arguments.h"
 #include "etudes/terrain/lectureAxe.h"
-#include "etudes/terrain/listePoints.h"
 #include "module/support/base/lettres.h"
 
 namespace etu {
@@ -14,14 +21,19 @@ namespace {
 
 struct source {
   std::wstring genre, chemin;
+  std::string systeme;  // that of the file as the user says
   AcDbObjectIdArray entites;
   bool echanger = false;
+
+  // Without its folder, for remarks; sentences that end the work have it all.
+  std::wstring fichier() const { return chemin.substr(chemin.find_last_of(L"/\\") + 1); }
 };
 
 struct travail {
   const reglesTerrain& regles;
   collecte dessin;
   surfaceLue& lue;
+  std::vector<std::unique_ptr<surfaceCoupable>> grilles;  // asked after points and faces
 };
 
 // In the order of their making: of two points at one place the earlier one stands.
@@ -33,19 +45,93 @@ void prendreDessin(const source& s, travail& t) {
   for (const AcDbObjectId id : ids) t.dessin.prendre(id);
 }
 
+// How coordinates of a source become those of the axes; nothing to do when one of both systems isn't known.
+passage passageDe(const source& s, const std::string& duFichier, travail& t) {
+  const std::string& systeme = s.systeme.empty() ? duFichier : s.systeme;
+  if (systeme.empty()) return {};
+  const auto connu = systemeDe(systeme);
+  if (t.regles.systeme.empty()) {
+    if (connu && connu->geographique)
+      throw refus{s.chemin + L": ce fichier est en degrés (" + connu->nom +
+                  L"); indiquez le système de coordonnées du dessin (PLV-TERRAIN Système)"};
+    return {};
+  }
+  passage p = passageEntre(systeme, t.regles.systeme);
+  const auto dire = [&](const std::wstring& texte) {
+    if (std::find(t.lue.remarques.begin(), t.lue.remarques.end(), texte) == t.lue.remarques.end())
+      t.lue.remarques.push_back(texte);
+  };
+  if (connu && !p.identique())
+    dire(s.fichier() + L": coordonnées passées de " + connu->nom +
+         L" au système du dessin; les altitudes restent telles quelles");
+  if (connu && !connu->vertical.empty())
+    dire(s.fichier() + L": altitudes en " + connu->vertical + L", à comparer au système d'altitudes du dessin");
+  return p;
+}
+
+// The points from a place on, carried to the system of the axes.
+void passer(std::vector<point3>& points, std::size_t depuis, const passage& p, const source& s) {
+  for (std::size_t i = depuis; i < points.size(); ++i) {
+    if (s.echanger) std::swap(points[i].x, points[i].y);
+    if (!p.identique() && !p.aller(points[i].x, points[i].y))
+      throw refus{s.chemin + L": des coordonnées sont hors de leur système; est-ce le bon, et x et y dans cet ordre?"};
+  }
+}
+
 void prendrePoints(const source& s, travail& t) {
   std::vector<point3>& points = t.dessin.resultat().points;
   const std::size_t avant = points.size();
   lirePoints(s.chemin, t.dessin.resultat());
-  if (s.echanger)
-    for (std::size_t i = avant; i < points.size(); ++i) std::swap(points[i].x, points[i].y);
+  passer(points, avant, passageDe(s, {}, t), s);
 }
+
+void prendreVecteur(const source& s, travail& t) {
+  releve& r = t.dessin.resultat();
+  std::size_t sansAltitude = 0, prises = 0;
+  for (const objetVecteur& objet : lireVecteur(s.chemin)) {
+    if (!objet.altitudes) {
+      ++sansAltitude;
+      continue;
+    }
+    const std::size_t avant = r.points.size();
+    r.points.insert(r.points.end(), objet.sommets.begin(), objet.sommets.end());
+    passer(r.points, avant, passageDe(s, objet.systeme, t), s);
+    for (std::size_t i = avant; i + 1 < r.points.size(); ++i)
+      r.segments.emplace_back(static_cast<numero>(i), static_cast<numero>(i + 1));
+    ++prises;
+  }
+  if (prises == 0) throw refus{s.chemin + L": les points et les lignes de ce fichier n'ont pas d'altitude"};
+  if (sansAltitude > 0)
+    t.lue.remarques.push_back(s.fichier() + L": " + compte(sansAltitude, L"objet") + L" sans altitude, laissés");
+}
+
+void prendreGrille(const source& s, travail& t) {
+  rasterOuvert r = ouvrirRaster(s.chemin);
+  passage p = passageDe(s, r.systeme, t);
+  t.lue.remarques.push_back(s.fichier() + L": grille de " + std::to_wstring(r.colonnes) + L" x " +
+                            std::to_wstring(r.lignes) + L" altitudes");
+  if (p.identique()) t.grilles.push_back(std::move(r.surface));
+  else
+    t.grilles.push_back(
+        std::make_unique<coupeTransformee>(std::move(r.surface), std::move(p.retour), std::move(p.aller)));
+}
+
+void prendreFichier(const source& s, travail& t) {
+  switch (natureDe(s.chemin)) {
+    case nature::listePoints: return prendrePoints(s, t);
+    case nature::vecteur: return prendreVecteur(s, t);
+    case nature::raster: return prendreGrille(s, t);
+    case nature::landXml: throw refus{s.chemin + L": un fichier LandXML n'est pas encore une surface"};
+  }
+}
+
+void prendreAxe(const source&, travail& t) { t.grilles.push_back(std::make_unique<coupeAxe>()); }
 
 struct genreSource {
   const wchar_t* nom;
   void (*prendre)(const source& s, travail& t);
 };
-constexpr genreSource kGenres[] = {{L"dessin", prendreDessin}, {L"points", prendrePoints}};
+constexpr genreSource kGenres[] = {{L"dessin", prendreDessin}, {L"fichier", prendreFichier}, {L"axe", prendreAxe}};
 
 bool lireSource(const resbuf*& noeud, source& s) {
   if (noeud->restype != RTLB || !plv::estChaine(noeud->rbnext)) return false;
@@ -55,10 +141,12 @@ bool lireSource(const resbuf*& noeud, source& s) {
   for (noeud = noeud->rbnext; noeud && noeud->restype != RTLE; noeud = noeud->rbnext) {
     if (!plv::estChaine(noeud)) {
       s.entites = entitesDe(noeud);
-    } else if (plv::valeurTexte(noeud) == L"echanger") {
+    } else if (const std::wstring mot = plv::valeurTexte(noeud); s.chemin.empty()) {
+      s.chemin = mot;
+    } else if (mot == L"echanger") {
       s.echanger = true;
     } else {
-      s.chemin = plv::valeurTexte(noeud);
+      s.systeme = plv::nomDeFichier(mot);
     }
   }
   noeud = suite;
@@ -70,6 +158,10 @@ void faireSurfaces(travail& t) {
   surfaceLue& lue = t.lue;
   lue.bilan = t.dessin.bilan();
   lue.points = r.points.size(), lue.segments = r.segments.size();
+  if (t.regles.pres > 0) {
+    lue.pointsPres = std::move(r.points);
+    return;
+  }
   const auto ajouter = [&](maillage mesh) {
     if (t.regles.arete > 0) retirerLongues(mesh, t.regles.arete);
     if (mesh.triangles.empty())
@@ -84,6 +176,7 @@ void faireSurfaces(travail& t) {
     lue.doubles = faite.doubles;
     ajouter(std::move(faite.mesh));
   }
+  for (auto& grille : t.grilles) lue.surface.ajouter(std::move(grille));
 }
 
 std::vector<axePlan> contoursDe(const resbuf* noeud) {
@@ -110,6 +203,12 @@ bool positif(const resbuf* noeud, double& valeur) {
 constexpr genreOption kOptions[] = {
     {L"tolerance", [](const resbuf* n, reglesTerrain& r) { return positif(n, r.tolerance); }},
     {L"arete", [](const resbuf* n, reglesTerrain& r) { return positif(n, r.arete); }},
+    {L"pres", [](const resbuf* n, reglesTerrain& r) { return positif(n, r.pres); }},
+    {L"systeme",
+     [](const resbuf* n, reglesTerrain& r) {
+       r.systeme = plv::nomDeFichier(plv::valeurTexte(n));
+       return plv::estChaine(n);
+     }},
     {L"attribut",
      [](const resbuf* n, reglesTerrain& r) {
        r.collecte.attribut = plv::valeurTexte(n);
@@ -156,7 +255,7 @@ bool lireRegles(const resbuf* noeud, reglesTerrain& regles) {
 
 bool lireSources(const resbuf* noeud, const reglesTerrain& regles, surfaceLue& lue) {
   if (!noeud || noeud->restype != RTLB) return false;
-  travail t{regles, collecte(regles.collecte), lue};
+  travail t{regles, collecte(regles.collecte), lue, {}};
   for (noeud = noeud->rbnext; noeud && noeud->restype == RTLB;) {
     source s;
     if (!lireSource(noeud, s)) return false;

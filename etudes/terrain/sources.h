@@ -1,5 +1,5 @@
 // The sources of a surface as AutoLISP names them, and the surface that is made of all of them.
-// A source is a list of its kind, what it is read from, and words: ("points" "x.csv" "echanger").
+// A source is a list of its kind, what it is read from, and words: ("fichier" "x.csv" "echanger" "EPSG:2154").
 #pragma once
 #include <memory>
 #include <string>
@@ -14,6 +14,8 @@ namespace etu {
 struct reglesTerrain {
   double tolerance = 0.01;  // of the thinning; 0 keeps all
   double arete = 0;         // the longest edge of a triangle, 0: any
+  double pres = 0;          // no surface, but the points within this distance of the axis
+  std::string systeme;      // the coordinate system of the axes; empty when it isn't known
   reglesCollecte collecte;
   limites bornes;
 };
@@ -21,6 +23,8 @@ struct reglesTerrain {
 struct surfaceLue {
   cascade surface;
   bilanCollecte bilan;
+  std::vector<point3> pointsPres;  // with `pres`
+  std::vector<std::wstring> remarques;
   std::size_t points = 0, segments = 0, triangles = 0, doubles = 0;
   listeContradictions contradictions;
 };

@@ -43,7 +43,10 @@
 
 (defun plv-lire-terrain (chemin)
   "The ground of a file of any kind, see plv-terrain; nil after a message."
-  (if (plv-landxml-p chemin) (plv-landxml-terrain-par-defaut chemin) (plv-lire-terrain-texte chemin)))
+  (cond
+    ((plv-landxml-p chemin) (plv-landxml-terrain-par-defaut chemin))
+    ((plv-refus-de-surface chemin) (plv-erreur (plv-refus-de-surface chemin)))
+    (T (plv-lire-terrain-texte chemin))))
 
 (defun plv-landxml-demander-terrain (axe / chemin)
   "For an alignment without ground: the ground of another file, or of the project line."

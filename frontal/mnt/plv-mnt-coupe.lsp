@@ -8,10 +8,12 @@
 (defun plv-mnt:remarques (reponse) (caddr reponse))
 (defun plv-mnt:faits (reponse) (cadddr reponse))
 
-(defun plv-mnt:dire-faits (faits)
-  (plv-dire (strcat "Surface: " (plv-compte (car faits) "point")
-                    (if (> (cadr faits) 0) (strcat ", " (plv-compte (cadr faits) "segment") " de lignes caractéristiques") "")
-                    (if (> (caddr faits) 0) (strcat ", " (plv-compte (caddr faits) "triangle")) "") ".")))
+(defun plv-mnt:dire-faits (faits / textes)
+  (setq textes
+    (vl-remove nil
+      (mapcar '(lambda (nombre mot suite) (if (> nombre 0) (strcat (plv-compte nombre mot) suite)))
+              faits '("point" "segment" "triangle") '("" " de lignes caractéristiques" ""))))
+  (if textes (plv-dire (strcat "Surface: " (plv-joindre textes ", ") "."))))
 
 (defun plv-mnt-texte-contradiction (c)
   (strcat (car c) ": " (plv-reel (nth 3 c) 3) " et " (plv-reel (nth 4 c) 3)))

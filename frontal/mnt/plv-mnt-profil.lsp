@@ -6,7 +6,7 @@
 
 (defun plv-mnt:meme-polyligne (demande terrain / groupes)
   "The one light polyline that the profile can name: in its direction, and with ground from its first vertex on."
-  (if (and (not (cdr (plv-cle 'axe demande))) (not (plv-cle 'inverse demande)) (equal (plv-cle 'debut terrain) 0.0 1e-6)
+  (if (and (plv-cle 'axe demande) (not (cdr (plv-cle 'axe demande))) (not (plv-cle 'inverse demande)) (equal (plv-cle 'debut terrain) 0.0 1e-6)
            (= (plv-type (car (plv-cle 'axe demande))) "LWPOLYLINE"))
     (progn
       (setq groupes (entget (car (plv-cle 'axe demande))))
@@ -43,7 +43,7 @@
     (append
       (apply 'append
         (mapcar '(lambda (cle) (plv-mnt:groupes cle (plv-cle cle demande)))
-                '(axe inverse depart tolerance arete attribut zero contour trous)))
+                '(axe fichier-axe inverse depart tolerance arete pres attribut zero contour trous)))
       (apply 'append (mapcar '(lambda (s) (plv-mnt:groupes 'source s)) (plv-cle 'sources demande))))))
 
 ;; --- the profile

@@ -4,10 +4,44 @@
   (plv-dire texte)
   (if (setq jeu (ssget filtre)) (plv-entites-du-jeu jeu)))
 
-(defun plv-mnt:demander-axe ()
+(defun plv-mnt:demander-axe-du-dessin ()
   (cond ((plv-mnt:selectionner "Axe (polyligne, lignes, arcs, spline):"
            '((0 . "LWPOLYLINE,POLYLINE,LINE,ARC,SPLINE,ELLIPSE,CIRCLE"))))
         ((plv-erreur "une courbe est attendue pour l'axe"))))
+
+(defun plv-mnt:choisir-ligne (chemin lignes / rang)
+  "The rank of one of the lines of a file; nil after a message."
+  (setq rang 0)
+  (if (cdr lignes)
+    (progn
+      (foreach l lignes (plv-dire (strcat "  " (itoa (setq rang (1+ rang))) "  " (car l))))
+      (initget 6)
+      (setq rang (1- (cond ((getint "\nNuméro de la ligne <1>: ")) (1))))))
+  (cond ((nth rang lignes) (list 'fichier-axe chemin rang))
+        (T (plv-erreur (strcat "il n'y a pas de numéro " (itoa (1+ rang)))))))
+
+(defun plv-mnt:demander-axe-du-fichier (/ chemin lignes)
+  (if (and (setq chemin (plv-demander-fichier "Fichier de l'axe")) (plv-mnt-systeme-pour chemin nil))
+    (if (listp (setq lignes (et_axes_fichier chemin (plv-mnt-systeme))))
+      (plv-mnt:choisir-ligne chemin lignes)
+      (plv-erreur lignes))))
+
+(defun plv-mnt:demander-axe ()
+  (if (= (plv-demander-mot "Axe" '("Dessin" "Fichier") "Dessin") "Fichier")
+    (plv-mnt:demander-axe-du-fichier)
+    (plv-mnt:demander-axe-du-dessin)))
+
+(defun plv-mnt:demander-chemin (/ nom)
+  (if (/= (setq nom (plv-demander-texte "Fichier de la surface, ou dossier de dalles" nil)) "")
+    (if (vl-file-directory-p nom) nom (plv-fichier-existant nom))
+    (plv-erreur "nom de fichier attendu")))
+
+(defun plv-mnt:demander-fichier (/ chemin)
+  "A file as a source; of a point list the order of its columns is asked."
+  (if (and (setq chemin (plv-mnt:demander-chemin)) (plv-mnt-systeme-pour chemin nil))
+    (if (and (equal (et_fichier chemin) '("points")) (= (plv-demander-mot "Premières colonnes" '("XY" "YX") "XY") "YX"))
+      (list "fichier" chemin "echanger")
+      (list "fichier" chemin))))
 
 (defun plv-mnt:demander-source (mot / reponse)
   "A source; nil when there is none."
@@ -16,16 +50,15 @@
      (if (/= (setq reponse (plv-demander-texte "Calques, séparés par des virgules, * permis" "*")) "") (list "calques" reponse)))
     ((= mot "Sélection")
      (if (setq reponse (plv-mnt:selectionner "Points, blocs, textes, lignes et faces de la surface:" nil)) (cons "objets" reponse)))
-    ((= mot "Fichier")
-     (if (setq reponse (plv-demander-fichier "Fichier de la surface"))
-       (if (= (plv-demander-mot "Premières colonnes" '("XY" "YX") "XY") "YX") (list "fichier" reponse "echanger") (list "fichier" reponse))))))
+    ((= mot "Fichier") (plv-mnt:demander-fichier))
+    ((= mot "Axe") '("axe"))))
 
 (defun plv-mnt:demander-sources (/ mot source sources)
   "The sources; nil after a message."
-  (setq mot (plv-demander-mot "Surface" '("Calques" "Sélection" "Fichier") "Calques"))
+  (setq mot (plv-demander-mot "Surface" '("Calques" "Sélection" "Fichier" "Axe") "Calques"))
   (while (and mot (/= mot "Non"))
     (if (setq source (plv-mnt:demander-source mot))
-      (setq sources (cons source sources) mot (plv-demander-mot "Autre source" '("Calques" "Sélection" "Fichier" "Non") "Non"))
+      (setq sources (cons source sources) mot (plv-demander-mot "Autre source" '("Calques" "Sélection" "Fichier" "Axe" "Non") "Non"))
       (setq mot nil)))
   (if mot (reverse sources)))
 
@@ -38,12 +71,13 @@
   "Pairs of a request; until Enter."
   (setq mot "")
   (while (/= mot "Continuer")
-    (setq mot (plv-demander-mot "Réglages" '("Arête" "COntour" "Trous" "TOlérance" "ATtribut" "Zéro" "Continuer") "Continuer")
+    (setq mot (plv-demander-mot "Réglages" '("Arête" "COntour" "Trous" "Près" "TOlérance" "ATtribut" "Zéro" "Continuer") "Continuer")
           valeur
            (cond
              ((= mot "Arête") (cons 'arete (plv-mnt:positif "Plus longue arête d'un triangle <sans limite>")))
              ((= mot "COntour") (cons 'contour (plv-mnt:selectionner "Lignes fermées qui entourent la surface:" nil)))
              ((= mot "Trous") (cons 'trous (plv-mnt:selectionner "Lignes fermées sans surface:" nil)))
+             ((= mot "Près") (cons 'pres (plv-mnt:positif "Au lieu d'une surface, les points à cette distance de l'axe au plus <non>")))
              ((= mot "TOlérance") (cons 'tolerance (plv-demander-nombre-libre "Écart permis au terrain, 0 garde tous les points" 0.01 3)))
              ((= mot "ATtribut") (cons 'attribut (plv-demander-texte "Étiquette de l'attribut d'altitude" nil)))
              ((= mot "Zéro") '(zero . T))))
@@ -71,8 +105,9 @@
 
 (defun c:plv-terrain (/ mot)
   "Crée un profil où un axe en plan traverse une surface: points, lignes, faces, fichiers."
-  (setq mot (plv-demander-mot "Terrain" '("Nouveau" "Contrôler") "Nouveau"))
+  (setq mot (plv-demander-mot "Terrain" '("Nouveau" "Contrôler" "Système") "Nouveau"))
   (cond
     ((= mot "Nouveau") (plv-mnt:nouveau))
-    ((= mot "Contrôler") (plv-mnt:controler)))
+    ((= mot "Contrôler") (plv-mnt:controler))
+    ((= mot "Système") (plv-mnt-demander-systeme (cond ((plv-mnt-systeme) (et_systemes (plv-mnt-systeme))) (T (plv-mnt-systemes-du-dessin))))))
   (princ))

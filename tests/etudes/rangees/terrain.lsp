@@ -147,7 +147,7 @@
   ("# levé\n0,0 0,0 100,0 a\n100,0 0,0 110,0 b\n100,0 100,0 110,0 c\n0,0 100,0 100,0 d\n") ("A\t0\t0\t100\r\nB\t100\t0\t110\r\nC\t100\t100\t110\r\nD\t0\t100\t100\r\n")
   ("altitude;nord;est\n100;0;0\n110;0;100\n110;100;100\n100;100;0"))
 (fichier "p.txt" texte)
-((presque (morceaux (profil (list (axe '((0.0 30.0) (100.0 30.0)))) '(("points" "<dossier>p.txt")) nil)) '(((0.0 100.0) (100.0 110.0)))) T)
+((presque (morceaux (profil (list (axe '((0.0 30.0) (100.0 30.0)))) '(("fichier" "<dossier>p.txt")) nil)) '(((0.0 100.0) (100.0 110.0)))) T)
 
 (situation "WhatCannotBeUsedIsSaid")
 (tableau (texte message)
@@ -158,7 +158,7 @@
   ("0 0 1\n1 1 1\n2 2 1\n" "tous les points sont sur une droite: ils ne font pas de surface")
   ("5 5 1\n5 5 2\n5 5 1\n" "tous les points ont la même place en plan: ils ne font pas de surface"))
 (fichier "p.txt" texte)
-((et_terrain (list (axe '((0.0 30.0) (100.0 30.0)))) '(("points" "<dossier>p.txt")) nil) message)
+((et_terrain (list (axe '((0.0 30.0) (100.0 30.0)))) '(("fichier" "<dossier>p.txt")) nil) message)
 
 ;; Each place that would bring the two together is proposed: exchanged, degrees, feet, millimetres, elsewhere.
 (situation "ASurfaceElsewhereIsExplained")
@@ -172,5 +172,82 @@
 (situation "OtherArgumentsAreNil")
 (tableau (appel)
   ((et_axe)) ((et_axe 3)) ((et_axe (ssadd))) ((et_axe_depuis nil 1.0)) ((et_axe_depuis '((0.0 0.0 0.0 0.0) (1.0 0.0 0.0 0.0)) 2.0)) ((et_terrain)) ((et_terrain nil)) ((et_terrain nil nil)) ((et_terrain 3 nil nil))
-  ((et_terrain nil '(("puits" "x")))) ((et_terrain '(((0.0 0.0 0.0 0.0))) '(("points" "x")))) ((et_terrain '(((0.0 0.0) (1.0 0.0))) '(("points" "x")))) ((et_terrain nil '(("points" "x")) '(("hauteur" 3)))) ((et_terrain nil '(("points" "x")) '(("tolerance" -1)))))
+  ((et_terrain nil '(("puits" "x")))) ((et_terrain '(((0.0 0.0 0.0 0.0))) '(("fichier" "x")))) ((et_terrain '(((0.0 0.0) (1.0 0.0))) '(("fichier" "x")))) ((et_terrain nil '(("fichier" "x")) '(("hauteur" 3)))) ((et_terrain nil '(("fichier" "x")) '(("tolerance" -1)))))
 (appel nil)
+
+;; Altitudes stand in the middles of the cells: nodes at x, y = 5, 15, 25. z = 100 + column + 2 * line from below, one cell twisted.
+(situation "AGridIsBilinear")
+(fichier "g.asc" "ncols 3\nnrows 3\nxllcorner 0\nyllcorner 0\ncellsize 10\nNODATA_value -9999\n104 105 106\n102 103 104\n100 101 103\n")
+(preparer (setq s '(("fichier" "<dossier>g.asc")) t0 '(("tolerance" 0))))
+((presque (morceaux (profil (list (axe '((0.0 10.0) (15.0 10.0)))) s t0)) '(((5.0 101.0) (15.0 102.0)))) T)
+;; over the twisted cell, whose corners are 101, 103, 103 and 104: its middle is 102.75, in the middle of its diagonal
+((equal (cadr (assoc (* 5.0 (sqrt 2.0)) (mapcar '(lambda (q) (if (equal (car q) (* 5.0 (sqrt 2.0)) 1e-6) (cons (* 5.0 (sqrt 2.0)) (cdr q)) q))
+   (car (morceaux (profil (list (axe '((15.0 5.0) (25.0 15.0)))) s t0)))))) 102.75 1e-9) T)
+((caddr (et_terrain nil s nil)) ("g.asc: grille de 3 x 3 altitudes"))
+((profil (list (axe '((0.0 100.0) (15.0 100.0)))) s nil) "il n'y a pas de surface sous l'axe (axe: x de 0.000 à 15.000, y de 100.000 à 100.000; surface: x de 5.000 à 25.000, y de 5.000 à 25.000)")
+
+;; A node without altitude takes its four cells; along a line of nodes the other side serves.
+(situation "NoDataIsAGap")
+(fichier "g.asc" "ncols 4\nnrows 2\nxllcenter 0\nyllcenter 0\ncellsize 10\nNODATA_value -1\n10 11 -1 13\n10 11 12 13\n")
+(preparer (setq s '(("fichier" "<dossier>g.asc"))))
+((presque (morceaux (profil (list (axe '((0.0 5.0) (30.0 5.0)))) s nil)) '(((0.0 10.0) (10.0 11.0)))) T)
+(fichier "h.asc" "ncols 3\nnrows 3\nxllcenter 0\nyllcenter 0\ncellsize 10\n-9999 -9999 -9999\n10 11 12\n9 9 9\n")
+((presque (morceaux (profil (list (axe '((0.0 10.0) (20.0 10.0)))) '(("fichier" "<dossier>h.asc")) nil)) '(((0.0 10.0) (20.0 12.0)))) T)
+
+;; Two tiles side by side are one grid, their seam included; of a file that is no tile nothing is said. What points leave open a grid fills.
+(situation "AFolderOfTiles")
+(preparer (vl-mkdir "<dossier>dalles"))
+(fichier "dalles/a.asc" "ncols 2\nnrows 2\nxllcorner 0\nyllcorner 0\ncellsize 10\n10 11\n10 11\n")
+(fichier "dalles/b.asc" "ncols 2\nnrows 2\nxllcorner 20\nyllcorner 0\ncellsize 10\n12 13\n12 13\n")
+(fichier "dalles/lisez-moi.txt" "deux dalles\n")
+((presque (morceaux (profil (list (axe '((0.0 10.0) (40.0 10.0)))) '(("fichier" "<dossier>dalles")) nil)) '(((5.0 10.0) (35.0 13.0)))) T)
+(fichier "p.csv" "30 0 20\n50 0 20\n50 20 20\n30 20 20\n")
+((presque (morceaux (profil (list (axe '((0.0 10.0) (60.0 10.0)))) '(("fichier" "<dossier>dalles") ("fichier" "<dossier>p.csv")) nil)) '(((5.0 10.0) (30.0 12.5) (30.0 20.0) (50.0 20.0)))) T)
+((progn (vl-mkdir "<dossier>vide") (et_terrain nil '(("fichier" "<dossier>vide")) nil)) "<dossier>vide: aucune dalle d'altitudes dans ce dossier (GeoTIFF, ASC ...)")
+
+(situation "FilesAreKnownByTheirContent")
+(tableau (texte lu)
+  ("1 2 3\n" ("points")) ("ncols 1\nnrows 1\nxllcorner 0\nyllcorner 0\ncellsize 1\n5\n" ("grille"))
+  ("{\"type\":\"Point\",\"coordinates\":[2,48,100]}" ("vecteur" T ("EPSG:4979" "WGS 84")))
+  ("<gpx version=\"1.1\" creator=\"x\" xmlns=\"http://www.topografix.com/GPX/1/1\"><wpt lat=\"48\" lon=\"2\"><ele>5</ele></wpt></gpx>" ("vecteur" T ("EPSG:4326" "WGS 84")))
+  ("<?xml version=\"1.0\"?><kml xmlns=\"http://www.opengis.net/kml/2.2\"><Placemark><Point><coordinates>2,48,7</coordinates></Point></Placemark></kml>" ("vecteur" T ("EPSG:4326" "WGS 84")))
+  ("<?xml version=\"1.0\"?><LandXML/>" ("landxml"))
+  ("<html></html>" "<dossier>f.bin: ce fichier n'est ni une liste de points, ni LandXML, GeoJSON, GPX, KML, Shapefile ou GeoPackage, ni une grille d'altitudes; ou il est abîmé"))
+(fichier "f.bin" texte)
+((et_fichier "<dossier>f.bin") lu)
+((et_fichier "<dossier>absent") "lecture impossible: <dossier>absent")
+
+;; Lambert 93 of (3 E, 46.5 N) is its origin: 700000, 6600000. Altitudes stay.
+(situation "CoordinatesAreCarriedToTheDrawingsSystem")
+(fichier "t.geojson" "{\"type\":\"FeatureCollection\",\"features\":[{\"type\":\"Feature\",\"properties\":{\"name\":\"Trace\"},\"geometry\":{\"type\":\"LineString\",\"coordinates\":[[3,46.5,100],[3.001,46.5,101],[3.001,46.501,102]]}}]}")
+(preparer (setq a (et_axes_fichier "<dossier>t.geojson" "EPSG:2154") x (cadr (car a)) o '(("systeme" "EPSG:2154"))))
+((caar a) "Trace")
+((equal (car x) '(700000.0 6600000.0 100.0 0.0) 1e-4) T)
+((equal (mapcar 'cadr (cadr (profil (list x) '(("axe")) o))) '(100.0 101.0 102.0) 1e-9) T)
+((equal (mapcar 'cadr (cadr (profil (list x) '(("fichier" "<dossier>t.geojson")) o))) '(100.0 101.0 102.0) 1e-6) T)
+((caddr (et_terrain nil '(("fichier" "<dossier>t.geojson")) o)) ("t.geojson: coordonnées passées de WGS 84 au système du dessin; les altitudes restent telles quelles" "La surface n'a qu'un triangle"))
+((et_terrain nil '(("fichier" "<dossier>t.geojson")) nil) "<dossier>t.geojson: ce fichier est en degrés (WGS 84); indiquez le système de coordonnées du dessin (PLV-TERRAIN Système)")
+;; points without a system of their own, which the user names; a grid in degrees, z = 100 at its west, 110 at its east
+(fichier "p.csv" "3.0 46.5 100\n3.001 46.5 101\n3.001 46.501 102\n")
+((equal (mapcar 'cadr (cadr (profil (list x) '(("fichier" "<dossier>p.csv" "EPSG:4326")) o))) '(100.0 101.0 102.0) 1e-6) T)
+(fichier "g.asc" "ncols 2\nnrows 2\nxllcenter 2.99\nyllcenter 46.49\ncellsize 0.02\n100 110\n100 110\n")
+((equal (mapcar 'cadr (cadr (profil (list x) '(("fichier" "<dossier>g.asc" "EPSG:4326")) '(("systeme" "EPSG:2154") ("tolerance" 1e-5))))) '(105.0 105.5 105.5) 1e-3) T)
+((et_systemes "EPSG:99999") nil)
+((et_systemes "EPSG:2154") (("EPSG:2154" "RGF93 v1 / Lambert-93")))
+((car (et_systemes x)) ("EPSG:2154" "RGF93 v1 / Lambert-93"))
+((car (et_systemes '((1700000.0 5200000.0 0.0 0.0) (1700100.0 5200100.0 0.0 0.0)))) ("EPSG:3946" "RGF93 v1 / CC46"))
+((car (et_systemes '((2600000.0 1200000.0 0.0 0.0) (2600100.0 1200100.0 0.0 0.0)))) ("EPSG:2056" "CH1903+ / LV95"))
+
+(situation "PointsNearTheAxisAndLinesWithoutAltitudes")
+(fichier "p.csv" "1 1 10\n5 -2 12\n5 3 99\n9 0.5 13\n-3 0 50\n20 1 60\n5 30 70\n12 4 14\n")
+;; a bend at 10; of two points at station 5 the nearer; beyond the ends none; the last one stands beside the second leg
+((presque (morceaux (profil (list (axe '((0.0 0.0) (10.0 0.0) (10.0 10.0)))) '(("fichier" "<dossier>p.csv")) '(("pres" 5.0) ("tolerance" 0)))) '(((1.0 10.0) (5.0 12.0) (9.0 13.0) (14.0 14.0)))) T)
+((profil (list (axe '((0.0 0.0) (10.0 0.0)))) '(("fichier" "<dossier>p.csv")) '(("pres" 0.75))) "moins de deux points sont à 0.75 m de l'axe au plus")
+((profil (list (axe '((0.0 0.0) (10.0 0.0)))) '(("axe")) nil) "l'axe n'a pas d'altitudes")
+(fichier "l.geojson" "{\"type\":\"LineString\",\"coordinates\":[[3,46.5],[3.001,46.5]]}")
+((et_terrain nil '(("fichier" "<dossier>l.geojson")) '(("systeme" "EPSG:2154"))) "<dossier>l.geojson: les points et les lignes de ce fichier n'ont pas d'altitude")
+(fichier "v.geojson" "{\"type\":\"FeatureCollection\",\"features\":[]}")
+((et_axes_fichier "<dossier>v.geojson") "<dossier>v.geojson: ni point ni ligne dans ce fichier")
+;; contour lines in plan with their altitude in a field
+(fichier "c.geojson" "{\"type\":\"FeatureCollection\",\"features\":[{\"type\":\"Feature\",\"properties\":{\"ALTITUDE\":100},\"geometry\":{\"type\":\"LineString\",\"coordinates\":[[3,46.5],[3.01,46.5]]}},{\"type\":\"Feature\",\"properties\":{\"ALTITUDE\":110},\"geometry\":{\"type\":\"LineString\",\"coordinates\":[[3,46.51],[3.01,46.51]]}}]}")
+((equal (mapcar 'cadr (cadr (profil (list '((700400.0 6600000.5 0.0 0.0) (700400.0 6601111.0 0.0 0.0))) '(("fichier" "<dossier>c.geojson")) '(("systeme" "EPSG:2154"))))) '(100.0 110.0) 0.01) T)

@@ -5,7 +5,8 @@
 
 Each run draws points and an axis of straight runs and arcs, has the program cut the surface and compares, at every vertex of the
 profile and between them, with the altitude that SciPy's triangulation has there; where there is none the profile has a gap. Then
-the thinned profile is compared with the whole one. Of surfaces with a ridge the formula is known: a breakline has to hold it.
+the thinned profile is compared with the whole one. Of surfaces with a ridge the formula is known: a breakline has to hold it. Grids are
+compared with SciPy's bilinear interpolation.
 A fault names the seed with which it comes back.
 """
 import argparse
@@ -17,7 +18,7 @@ import sys
 import tempfile
 
 import numpy
-from scipy.interpolate import LinearNDInterpolator
+from scipy.interpolate import LinearNDInterpolator, RegularGridInterpolator
 from scipy.spatial import Delaunay
 
 PRINT = """
@@ -129,7 +130,7 @@ def check_points(rng, kavel, folder, arcs):
         file.writelines(f"{x!r};{y!r};{z!r}\n" for x, y, z in points)
     axis = draw_axis(rng, size, ox, oy, arcs)
     tolerance = rng.choice((0.001, 0.01, 0.2))
-    source = "'((\"points\" \"" + folder + "/p.csv\"))"
+    source = "'((\"fichier\" \"" + folder + "/p.csv\"))"
     whole, thin = play(kavel, folder, [f"(essayer {lisp_axis(axis)} {source} '((\"tolerance\" {t})))" for t in (0, tolerance)])
     shifted = numpy.array([(x - ox, y - oy) for x, y, _ in points])
     tri = Delaunay(shifted)
@@ -156,6 +157,10 @@ def check_points(rng, kavel, folder, arcs):
             continue
         assert (found is None) == math.isnan(expected), f"at {station}: {found}, SciPy has {expected}"
         assert found is None or abs(found - expected) <= allowed, f"at {station}: {found}, SciPy has {expected}"
+    check_thin(whole, thin, tolerance)
+
+
+def check_thin(whole, thin, tolerance):
     assert [(p[0], p[-1]) for p in thin] == [(p[0], p[-1]) for p in whole], "thinning moved an end"
     for piece, kept in zip(whole, thin):
         assert set(kept) <= set(piece), "thinning made a point"
@@ -186,6 +191,32 @@ def check_ridge(rng, kavel, folder, arcs):
             assert abs(found - ground(x, y)) <= (3e-4 if arcs else 1e-6), f"at {station}: {found}, the planes have {ground(x, y)}"
 
 
+def check_grid(rng, kavel, folder, arcs):
+    """A grid with holes: between its nodes SciPy's bilinear altitudes, in a cell with a hole at a corner none."""
+    cell, columns, rows = rng.choice((0.5, 5.0, 25.0)), rng.randint(2, 30), rng.randint(2, 30)
+    ox, oy = rng.choice((0.0, 650000.25)), rng.choice((0.0, 6860000.5))
+    z = numpy.array([[100 + round(rng.uniform(0, 0.2) * cell * 5, 3) for _ in range(columns)] for _ in range(rows)])
+    for _ in range(rng.choice((0, 0, 3))):
+        z[rng.randrange(rows), rng.randrange(columns)] = math.nan
+    with open(os.path.join(folder, "g.asc"), "w", encoding="utf-8") as file:
+        file.write(f"ncols {columns}\nnrows {rows}\nxllcenter {ox!r}\nyllcenter {oy!r}\ncellsize {cell!r}\nNODATA_value -9999\n")
+        for row in z[::-1]:
+            file.write(" ".join("-9999" if math.isnan(v) else repr(float(v)) for v in row) + "\n")
+    axis = draw_axis(rng, max(columns, rows) * cell, ox, oy, arcs)
+    whole, thin = play(kavel, folder, [f"(essayer {lisp_axis(axis)} '((\"fichier\" \"{folder}/g.asc\")) '((\"tolerance\" {t})))" for t in (0, 0.01)])
+    truth = RegularGridInterpolator((numpy.arange(rows) * cell, numpy.arange(columns) * cell), z, bounds_error=False)
+    total = length_of(axis)
+    for station in stations(rng, whole, total):
+        x, y = place(axis, min(station, total))
+        column, row = (x - ox) / cell, (y - oy) / cell
+        if min(abs(column - round(column)), abs(row - round(row))) * cell < 2e-4:
+            continue  # beside a line of nodes either cell may be meant
+        expected, found = float(truth((y - oy, x - ox))), at(whole, station)
+        assert (found is None) == math.isnan(expected), f"at {station}: {found}, SciPy has {expected}"
+        assert found is None or abs(found - expected) <= (5e-4 if arcs else 1.1e-4), f"at {station}: {found}, SciPy has {expected}"
+    check_thin(whole, thin, 0.01)
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("kavel")
@@ -195,7 +226,7 @@ def main():
     faults = 0
     for seed in range(options.seed, options.seed + options.runs):
         rng = random.Random(seed)
-        check = check_ridge if seed % 3 == 0 else check_points
+        check = (check_points, check_ridge, check_points, check_grid)[seed % 4]
         with tempfile.TemporaryDirectory() as folder:
             try:
                 check(rng, options.kavel, folder, arcs=rng.random() < 0.5)

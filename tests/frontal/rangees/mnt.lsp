@@ -12,7 +12,7 @@
 
 (situation "FromPointsAndAPolylineToAProfile")
 (preparer (carre) (setq a (trace '((0.0 30.0) (100.0 30.0)))))
-(tape ("PLV-TERRAIN" "Nouveau" "(ssadd a)" "" "1000" "T" "Calques" "TOPO" "Non" "Continuer" "T1" "0,500" "10" "2.5" "150" "A")
+(tape ("PLV-TERRAIN" "Nouveau" "Dessin" "(ssadd a)" "" "1000" "T" "Calques" "TOPO" "Non" "Continuer" "T1" "0,500" "10" "2.5" "150" "A")
   "Surface: 4 points, 2 triangles." "Profil T1: 2 points, 100.00 m, 1 plan de comparaison.")
 (preparer (setq p (plv-profil-de-numero "T1")))
 ((equal (terrain p) '((0.0 100.0) (100.0 110.0)) 1e-9) T)
@@ -62,7 +62,7 @@
 (refuse (plv-mnt-profil (plv-mnt-demande (list a) nil 0.0 '(("fichier" "absent.csv")) nil) "T" nil nil nil nil nil) "fichier introuvable: absent.csv")
 (refuse (plv-mnt-profil (plv-mnt-demande (list a b) nil 0.0 '(("calques" "TOPO")) nil) "T" nil nil nil nil nil) "ne se suivent pas")
 (refuse (plv-mnt-profil (plv-mnt-demande (list (ssname (ssget "X" '((0 . "POINT"))) 0)) nil 0.0 '(("calques" "TOPO")) nil) "T" nil nil nil nil nil) "un axe est fait de polylignes")
-(tape ("PLV-TERRAIN" "Nouveau" "(ssadd b)" "" "0" "T" "Calques" "TOPO" "Non" "Continuer") "il n'y a pas de surface sous l'axe")
+(tape ("PLV-TERRAIN" "Nouveau" "Dessin" "(ssadd b)" "" "0" "T" "Calques" "TOPO" "Non" "Continuer") "il n'y a pas de surface sous l'axe")
 ((eq (entlast) z) T)
 
 ;; Marks of an earlier look go. What the profiles have drawn is no ground, even when every layer is.
@@ -77,5 +77,26 @@
 
 (situation "LimitsByQuestions")
 (preparer (carre) (setq a (trace '((0.0 30.0) (100.0 30.0))) c (trace '((20.0 0.0) (80.0 0.0) (80.0 50.0) (20.0 50.0)))) (entmod (subst '(70 . 1) '(70 . 0) (entget c))))
-(tape ("PLV-TERRAIN" "N" "(ssadd a)" "" "0" "T" "C" "TOPO" "N" "CO" "(ssadd c)" "" "TO" "0,05" "A" "200" "C" "T1" "0,500" "10" "2.5" "150" "A") "Profil T1: 2 points, 60.00 m")
+(tape ("PLV-TERRAIN" "N" "D" "(ssadd a)" "" "0" "T" "C" "TOPO" "N" "CO" "(ssadd c)" "" "TO" "0,05" "A" "200" "C" "T1" "0,500" "10" "2.5" "150" "A") "Profil T1: 2 points, 60.00 m")
 ((equal (terrain (plv-profil-de-numero "T1")) '((0.0 102.0) (60.0 108.0)) 1e-9) T)
+
+;; A track with altitudes is axis and ground. The drawing's system is asked for the first file that tells its own, and kept.
+(situation "ATrackIsAnAxis")
+(fichier "t.gpx" "<gpx version=\"1.1\" creator=\"x\" xmlns=\"http://www.topografix.com/GPX/1/1\"><trk><name>Trace</name><trkseg><trkpt lat=\"46.5\" lon=\"3\"><ele>100</ele></trkpt><trkpt lat=\"46.5\" lon=\"3.001\"><ele>101</ele></trkpt></trkseg></trk></gpx>")
+(tape ("PLV-TERRAIN" "Nouveau" "Fichier" "<dossier>t.gpx" "2154" "0" "Tracé" "Axe" "Non" "Continuer" "G" "0,0" "10" "2.5" "150" "A")
+  "t.gpx: WGS 84." "Système de coordonnées: EPSG:2154 (RGF93 v1 / Lambert-93)." "Profil G: 2 points, 76.69")
+((equal (car (sommets (plv-axe-plan (plv-profil-de-numero "G")))) '(700000.0 6600000.0) 1e-3) T)
+(refuse (plv-nouveau "<dossier>t.gpx" "2" nil nil nil nil nil) "des points et des lignes en plan; PLV-TERRAIN en fait un profil")
+(tape ("PLV-TERRAIN" "Système" "9999999") "système de coordonnées inconnu, ou en degrés: 9999999")
+(tape ("PLV-TERRAIN" "Système" "") "Système de coordonnées: EPSG:2154")
+(fichier "g.asc" "ncols 2\nnrows 2\nxllcenter 699990\nyllcenter 6599990\ncellsize 100\n100 110\n100 110\n")
+(tape ("PLV-TERRAIN" "N" "F" "<dossier>t.gpx" "0" "Inverse" "F" "<dossier>g.asc" "N" "C" "H" "0,500" "10" "2.5" "150" "A") "grille de 2 x 2 altitudes" "Profil H: 2 points, 76.69")
+((equal (mapcar 'cadr (terrain (plv-profil-de-numero "H"))) '(108.67 101.0) 0.01) T)
+
+(situation "TheFirstLineOfAFileIsProposed")
+(fichier "l.geojson" "{\"type\":\"FeatureCollection\",\"crs\":{\"type\":\"name\",\"properties\":{\"name\":\"urn:ogc:def:crs:EPSG::2154\"}},\"features\":[{\"type\":\"Feature\",\"properties\":{\"nom\":\"Nord\"},\"geometry\":{\"type\":\"LineString\",\"coordinates\":[[0,10],[50,10]]}},{\"type\":\"Feature\",\"properties\":{\"nom\":\"Sud\"},\"geometry\":{\"type\":\"LineString\",\"coordinates\":[[0,20],[80,20]]}}]}")
+(preparer (carre))
+;; the system that the file tells is proposed for the drawing
+(tape ("PLV-TERRAIN" "N" "F" "<dossier>l.geojson" "" "2" "0" "T" "C" "TOPO" "N" "C" "L" "0,500" "10" "2.5" "150" "A") "  1  Nord" "  2  Sud" "Profil L: 2 points, 80.00 m")
+((plv-mnt-systeme) "EPSG:2154")
+(tape ("PLV-TERRAIN" "N" "F" "<dossier>l.geojson" "3") "il n'y a pas de numéro 3")

@@ -1,12 +1,12 @@
 // The separator and the columns are recognised on the first line; a million lines take about a tenth of a second.
-#include "etudes/terrain/listePoints.h"
+#include "etudes/fichiers/listePoints.h"
 
 #include <array>
 #include <fstream>
 #include <optional>
 #include <string_view>
 
-#include "etudes/terrain/nombres.h"
+#include "etudes/fichiers/nombres.h"
 #include "module/support/base/lettres.h"
 
 namespace etu {

@@ -1,5 +1,5 @@
 // Reading numbers independently of the locale.
-#include "etudes/terrain/nombres.h"
+#include "etudes/fichiers/nombres.h"
 
 #include <charconv>
 #include <cmath>
