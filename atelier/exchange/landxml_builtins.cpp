@@ -55,7 +55,7 @@ Value groundValue(Interpreter& in, const Ground& ground) {
 
 Value projectValue(Interpreter& in, const Project& project) {
   return in.list(
-      {keyed(in, "NOM", in.string(project.name)),
+      {keyed(in, "NOM", in.string(project.name)), keyed(in, "NU", project.bare ? in.symbol("T") : lisp::nil),
        keyed(in, "SOMMETS", listOf(in, project.vertices, [&](const Vertex& v) { return vertexValue(in, v); }))});
 }
 

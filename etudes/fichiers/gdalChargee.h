@@ -10,26 +10,20 @@
 #include <memory>
 #include <string>
 
-#define KAVEL_FONCTIONS_GDAL(F)                                                                                       \
-  F(GDALAllRegister)                                                                                                  \
-  F(GDALOpenEx)                                                                                                       \
-  F(GDALClose)                                                                                                        \
-  F(GDALGetRasterXSize)                                                                                               \
-  F(GDALGetRasterYSize)                                                                                               \
-  F(GDALGetRasterCount)                                                                                               \
-  F(GDALGetRasterBand) F(GDALGetGeoTransform) F(GDALGetProjectionRef) F(GDALGetRasterNoDataValue)                     \
-      F(GDALGetRasterScale) F(GDALGetRasterOffset) F(GDALRasterIO) F(GDALGetRasterDataType) F(GDALSetCacheMax64)      \
-          F(GDALBuildVRT) F(GDALGetDatasetDriver) F(GDALGetDriverShortName) F(GDALDatasetGetLayerCount)               \
-              F(GDALDatasetGetLayer) F(CPLSetErrorHandler) F(CPLQuietErrorHandler) F(CPLGetLastErrorMsg)              \
-                  F(CPLErrorReset) F(CPLSetConfigOption) F(VSIFree) F(OGR_L_GetName) F(OGR_L_GetNextFeature)          \
-                      F(OGR_L_ResetReading) F(OGR_L_GetSpatialRef) F(OGR_F_Destroy) F(OGR_F_GetGeometryRef)           \
-                          F(OGR_F_GetFieldCount) F(OGR_F_GetFieldDefnRef) F(OGR_F_IsFieldSetAndNotNull)               \
-                              F(OGR_F_GetFieldAsString) F(OGR_F_GetFieldAsDouble) F(OGR_F_GetFID)                     \
-                                  F(OGR_Fld_GetNameRef) F(OGR_Fld_GetType) F(OGR_G_GetGeometryType) F(OGR_GT_Flatten) \
-                                      F(OGR_GT_HasZ) F(OGR_G_GetGeometryCount) F(OGR_G_GetGeometryRef)                \
-                                          F(OGR_G_GetPointCount) F(OGR_G_GetX) F(OGR_G_GetY) F(OGR_G_GetZ)            \
-                                              F(OGR_G_HasCurveGeometry) F(OGR_G_GetLinearGeometry)                    \
-                                                  F(OGR_G_DestroyGeometry) F(OSRExportToWkt)
+// clang-format off
+#define KAVEL_FONCTIONS_GDAL(F)                                                                              \
+  F(GDALAllRegister) F(GDALOpenEx) F(GDALClose) F(GDALGetRasterXSize) F(GDALGetRasterYSize)                  \
+  F(GDALGetRasterCount) F(GDALGetRasterBand) F(GDALGetGeoTransform) F(GDALGetProjectionRef)                  \
+  F(GDALGetRasterNoDataValue) F(GDALGetRasterScale) F(GDALGetRasterOffset) F(GDALRasterIO)                   \
+  F(GDALSetCacheMax64) F(GDALBuildVRT) F(GDALDatasetGetLayerCount) F(GDALDatasetGetLayer)                    \
+  F(CPLSetErrorHandler) F(CPLQuietErrorHandler) F(CPLGetLastErrorMsg) F(CPLErrorReset) F(CPLSetConfigOption) \
+  F(VSIFree) F(OGR_L_GetName) F(OGR_L_GetNextFeature) F(OGR_L_ResetReading) F(OGR_L_GetSpatialRef)           \
+  F(OGR_F_Destroy) F(OGR_F_GetGeometryRef) F(OGR_F_GetFieldCount) F(OGR_F_GetFieldDefnRef)                   \
+  F(OGR_F_IsFieldSetAndNotNull) F(OGR_F_GetFieldAsString) F(OGR_F_GetFieldAsDouble) F(OGR_F_GetFID)          \
+  F(OGR_Fld_GetNameRef) F(OGR_Fld_GetType) F(OGR_G_GetGeometryType) F(OGR_GT_HasZ) F(OGR_G_GetGeometryCount) \
+  F(OGR_G_GetGeometryRef) F(OGR_G_GetPointCount) F(OGR_G_GetX) F(OGR_G_GetY) F(OGR_G_GetZ)                   \
+  F(OGR_G_HasCurveGeometry) F(OGR_G_GetLinearGeometry) F(OGR_G_DestroyGeometry) F(OSRExportToWkt)
+// clang-format on
 
 namespace etu {
 

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <string_view>
 
+#include "etudes/fichiers/landxml.h"
 #include "etudes/fichiers/raster.h"
 #include "etudes/fichiers/vecteur.h"
 #include "module/support/base/lettres.h"
@@ -50,6 +51,13 @@ nature natureDe(const std::wstring& chemin) {
 }
 
 std::string systemeDuFichier(const std::wstring& chemin, nature n) {
+  if (n == nature::landXml) {
+    try {
+      return lireLandXml(chemin).systeme;
+    } catch (const refus&) {
+      return {};  // one with nothing in plan
+    }
+  }
   if (n == nature::raster) return ouvrirRaster(chemin).systeme;
   return n == nature::vecteur ? lireVecteur(chemin).front().systeme : std::string();
 }

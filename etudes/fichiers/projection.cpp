@@ -8,16 +8,14 @@
 #include "etudes/fichiers/bibliotheque.h"
 #include "module/support/base/lettres.h"
 
-#define KAVEL_FONCTIONS_PROJ(F)                                                                                       \
-  F(proj_context_create)                                                                                              \
-  F(proj_context_set_enable_network)                                                                                  \
-  F(proj_log_level)                                                                                                   \
-  F(proj_create)                                                                                                      \
-  F(proj_destroy)                                                                                                     \
-  F(proj_get_type) F(proj_get_name) F(proj_get_id_auth_name) F(proj_get_id_code) F(proj_crs_get_sub_crs)              \
-      F(proj_identify) F(proj_list_get) F(proj_list_get_count) F(proj_list_destroy) F(proj_int_list_destroy)          \
-          F(proj_create_crs_to_crs_from_pj) F(proj_normalize_for_visualization) F(proj_trans) F(proj_get_area_of_use) \
-              F(proj_is_equivalent_to) F(proj_is_crs)
+// clang-format off
+#define KAVEL_FONCTIONS_PROJ(F)                                                                               \
+  F(proj_context_create) F(proj_context_set_enable_network) F(proj_log_level) F(proj_create) F(proj_destroy)  \
+  F(proj_get_type) F(proj_get_name) F(proj_get_id_auth_name) F(proj_get_id_code) F(proj_crs_get_sub_crs)      \
+  F(proj_identify) F(proj_list_get) F(proj_list_get_count) F(proj_list_destroy) F(proj_int_list_destroy)      \
+  F(proj_create_crs_to_crs_from_pj) F(proj_normalize_for_visualization) F(proj_trans) F(proj_get_area_of_use) \
+  F(proj_is_equivalent_to) F(proj_is_crs)
+// clang-format on
 
 namespace etu {
 

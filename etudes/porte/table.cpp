@@ -49,10 +49,12 @@ constexpr ligneFonction kTable[] = {
      L"Ce qu'est un fichier d'après son contenu: (\"points\"), (\"grille\"), (\"vecteur\") ou (\"landxml\"), puis, "
      L"quand il dit son système de coordonnées, T "
      L"pour des degrés ou nil, et (code nom). Une chaîne dit ce qui ne va pas."},
+    {L"et_surfaces", et_surfaces, L"(et_surfaces chemin)",
+     L"Les noms des surfaces d'un fichier LandXML, nil sans aucune. Une chaîne dit ce qui ne va pas."},
     {L"et_axes_fichier", et_axes_fichier, L"(et_axes_fichier chemin [système])",
-     L"Les lignes d'un fichier GeoJSON, GPX, KML, Shapefile ou GeoPackage: une liste de (nom axe), dans le système de "
-     L"coordonnées donné. Une "
-     L"chaîne dit pourquoi il n'y en a pas."},
+     L"Les lignes d'un fichier GeoJSON, GPX, KML, Shapefile ou GeoPackage et les tracés en plan de LandXML: une liste "
+     L"de (nom axe "
+     L"station-de-départ), dans le système de coordonnées donné. Une chaîne dit pourquoi il n'y en a pas."},
     {L"et_systemes", et_systemes, L"(et_systemes texte-ou-axe)",
      L"Les systèmes de coordonnées que nomme un texte (\"EPSG:2154\"), ou ceux où un axe peut être: une liste de (code "
      L"nom), nil sans aucun."},
@@ -63,7 +65,8 @@ constexpr ligneFonction kTable[] = {
      L"altitude), une lacune entre "
      L"deux; ou la chaîne qui dit pourquoi il n'y en a pas. Une contradiction est (quoi x y z1 z2). Les sources sont "
      L"des listes, les mots étant "
-     L"des chaînes: (dessin jeu), (fichier chemin [echanger] [EPSG:code]) ou un dossier de dalles, (axe) pour les "
+     L"des chaînes: (dessin jeu), (fichier chemin [echanger] [EPSG:code] [surface:nom]) ou un dossier de dalles, (axe) "
+     L"pour les "
      L"altitudes de l'axe; les options "
      L"aussi: (tolerance m), 0.01 sinon, (arete m) la plus longue arête d'un triangle, (contour jeu), (trous jeu), "
      L"(sauf jeu), (attribut "

@@ -8,6 +8,7 @@ void et_axe();
 void et_axe_depuis();
 void et_axes_fichier();
 void et_fichier();
+void et_surfaces();
 void et_systemes();
 void et_terrain();
 

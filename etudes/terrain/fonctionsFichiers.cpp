@@ -1,4 +1,5 @@
-// et_fichier: what a file is. et_axes_fichier: its lines as axes. et_systemes: coordinate systems by name, or by the place of axes.
+// et_fichier: what a file is. et_surfaces: the surfaces of LandXML. et_axes_fichier: its lines as axes. et_systemes: coordinate systems by name, or by the place of axes.
+#include "etudes/fichiers/landxml.h"
 #include "etudes/fichiers/nature.h"
 #include "etudes/fichiers/projection.h"
 #include "etudes/fichiers/vecteur.h"
@@ -13,6 +14,7 @@ namespace {
 struct axeNomme {
   std::wstring nom;
   axePlan axe;
+  double depart = 0;
 };
 
 void passer(axePlan& axe, const std::string& de, const std::string& a, const std::wstring& chemin) {
@@ -29,9 +31,23 @@ void passer(axePlan& axe, const std::string& de, const std::string& a, const std
     if (!p.identique() && !p.aller(s.x, s.y)) throw refus{chemin + L": des coordonnées sont hors de leur système"};
 }
 
+std::vector<axeNomme> axesLandXml(const std::wstring& chemin, const std::string& systeme) {
+  landXmlLu lu = lireLandXml(chemin);
+  if (lu.axes.empty())
+    throw refus{lu.laisses.empty() ? chemin + L": aucun tracé en plan (élément CoordGeom)" : lu.laisses.front()};
+  std::vector<axeNomme> axes;
+  for (axeLandXml& a : lu.axes) {
+    passer(a.axe, lu.systeme, systeme, chemin);
+    axes.push_back({std::move(a.nom), std::move(a.axe), a.depart});
+  }
+  return axes;
+}
+
 std::vector<axeNomme> axesDe(const std::wstring& chemin, const std::string& systeme) {
-  if (natureDe(chemin) != nature::vecteur)
-    throw refus{chemin + L": ce fichier n'a pas de lignes; GeoJSON, GPX, KML, Shapefile et GeoPackage en ont"};
+  const nature n = natureDe(chemin);
+  if (n == nature::landXml) return axesLandXml(chemin, systeme);
+  if (n != nature::vecteur)
+    throw refus{chemin + L": ce fichier n'a pas de lignes; LandXML, GeoJSON, GPX, KML, Shapefile et GeoPackage en ont"};
   std::vector<axeNomme> axes;
   for (const objetVecteur& objet : lireVecteur(chemin)) {
     axePlan axe;
@@ -79,6 +95,21 @@ void et_fichier() {
   }
 }
 
+void et_surfaces() {
+  plv::ArgsLisp args;
+  plv::commencerAppel(args);
+  if (!plv::estChaine(args.nieme(0))) return;
+  try {
+    plv::listeRb liste(acutBuildList(RTLB, 0));
+    const landXmlLu lu = lireLandXml(plv::valeurTexte(args.nieme(0)));
+    for (const surfaceLandXml& s : lu.surfaces) liste.ajouter(acutBuildList(RTSTR, s.nom.c_str(), 0));
+    liste.ajouter(acutBuildList(RTLE, 0));
+    if (!lu.surfaces.empty()) acedRetList(liste.tete());
+  } catch (const refus& r) {
+    rendreTexte(r.texte);
+  }
+}
+
 void et_axes_fichier() {
   plv::ArgsLisp args;
   plv::commencerAppel(args);
@@ -89,7 +120,7 @@ void et_axes_fichier() {
          axesDe(plv::valeurTexte(args.nieme(0)), plv::nomDeFichier(plv::valeurTexte(args.nieme(1))))) {
       liste.ajouter(acutBuildList(RTLB, RTSTR, a.nom.c_str(), 0));
       ajouterAxe(liste, a.axe);
-      liste.ajouter(acutBuildList(RTLE, 0));
+      liste.ajouter(acutBuildList(RTREAL, a.depart, RTLE, 0));
     }
     liste.ajouter(acutBuildList(RTLE, 0));
     acedRetList(liste.tete());

@@ -1,6 +1,7 @@
 // One row for each kind of source and of option; points, lines and faces of all sources are gathered before they become surfaces.
 #include "etudes/terrain/sources.h"
 
+#include "etudes/fichiers/landxml.h"
 #include "etudes/fichiers/listePoints.h"
 #include "etudes/fichiers/nature.h"
 #include "etudes/fichiers/nombres.h"
@@ -20,7 +21,7 @@ namespace etu {
 namespace {
 
 struct source {
-  std::wstring genre, chemin;
+  std::wstring genre, chemin, surface;
   std::string systeme;  // that of the file as the user says
   AcDbObjectIdArray entites;
   bool echanger = false;
@@ -116,12 +117,36 @@ void prendreGrille(const source& s, travail& t) {
         std::make_unique<coupeTransformee>(std::move(r.surface), std::move(p.retour), std::move(p.aller)));
 }
 
+// The surface of that name, or the first one.
+void prendreLandXml(const source& s, travail& t) {
+  const landXmlLu lu = lireLandXml(s.chemin);
+  t.lue.remarques.insert(t.lue.remarques.end(), lu.laisses.begin(), lu.laisses.end());
+  const auto surface = std::find_if(lu.surfaces.begin(), lu.surfaces.end(),
+                                    [&](const surfaceLandXml& l) { return s.surface.empty() || l.nom == s.surface; });
+  if (surface == lu.surfaces.end())
+    throw refus{s.chemin + (s.surface.empty() ? L": pas de surface dans ce fichier LandXML"
+                                              : L": pas de surface \"" + s.surface + L"\"")};
+  const passage p = passageDe(s, lu.systeme, t);
+  releve& r = t.dessin.resultat();
+  const std::size_t avant = r.points.size();
+  r.points.insert(r.points.end(), surface->contenu.points.begin(), surface->contenu.points.end());
+  passer(r.points, avant, p, s);
+  for (const auto& [a, b] : surface->contenu.segments)
+    r.segments.emplace_back(static_cast<numero>(a + avant), static_cast<numero>(b + avant));
+  for (const auto& face : surface->contenu.faces) {
+    std::vector<point3> coins(face.begin(), face.end());
+    passer(coins, 0, p, s);
+    r.faces.push_back({coins[0], coins[1], coins[2]});
+  }
+  t.lue.remarques.push_back(s.fichier() + L": surface " + surface->nom);
+}
+
 void prendreFichier(const source& s, travail& t) {
   switch (natureDe(s.chemin)) {
     case nature::listePoints: return prendrePoints(s, t);
     case nature::vecteur: return prendreVecteur(s, t);
     case nature::raster: return prendreGrille(s, t);
-    case nature::landXml: throw refus{s.chemin + L": un fichier LandXML n'est pas encore une surface"};
+    case nature::landXml: return prendreLandXml(s, t);
   }
 }
 
@@ -145,6 +170,8 @@ bool lireSource(const resbuf*& noeud, source& s) {
       s.chemin = mot;
     } else if (mot == L"echanger") {
       s.echanger = true;
+    } else if (constexpr std::wstring_view kSurface = L"surface:"; mot.starts_with(kSurface)) {
+      s.surface = mot.substr(kSurface.size());
     } else {
       s.systeme = plv::nomDeFichier(mot);
     }

@@ -10,12 +10,18 @@
   "axe: entities, or a pair (fichier-axe \"PATH\" rank); options: pairs (key . value) as above."
   (append (list (if (eq (car axe) 'fichier-axe) axe (cons 'axe axe)) (cons 'inverse inverse) (cons 'depart (float depart)) (cons 'sources sources)) options))
 
+(defun plv-mnt:retourner (axe / retour)
+  "The axis the other way: each arc belongs to its other end, and turns to the other side."
+  (setq retour (reverse axe))
+  (append (mapcar '(lambda (s suivant) (list (car s) (cadr s) (caddr s) (- (cadddr suivant)))) retour (cdr retour))
+          (list (plv-dernier retour))))
+
 (defun plv-mnt:axe-du-fichier (demande / lignes ligne)
   (setq lignes (et_axes_fichier (plv-fichier-existant (car (plv-cle 'fichier-axe demande))) (plv-mnt-systeme)))
   (cond
     ((not (listp lignes)) lignes)
     ((setq ligne (nth (fix (cadr (plv-cle 'fichier-axe demande))) lignes))
-     (if (plv-cle 'inverse demande) (reverse (cadr ligne)) (cadr ligne)))
+     (if (plv-cle 'inverse demande) (plv-mnt:retourner (cadr ligne)) (cadr ligne)))
     (T (strcat (car (plv-cle 'fichier-axe demande)) ": la ligne de l'axe n'y est plus"))))
 
 (defun plv-mnt-axe (demande / lu)

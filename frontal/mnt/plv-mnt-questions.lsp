@@ -9,16 +9,23 @@
            '((0 . "LWPOLYLINE,POLYLINE,LINE,ARC,SPLINE,ELLIPSE,CIRCLE"))))
         ((plv-erreur "une courbe est attendue pour l'axe"))))
 
-(defun plv-mnt:choisir-ligne (chemin lignes / rang)
-  "The rank of one of the lines of a file; nil after a message."
+(defun plv-mnt:choisir (question noms / rang)
+  "The rank of one of some names, from 0; one alone is not asked for. nil after a message."
   (setq rang 0)
-  (if (cdr lignes)
+  (if (cdr noms)
     (progn
-      (foreach l lignes (plv-dire (strcat "  " (itoa (setq rang (1+ rang))) "  " (car l))))
+      (foreach nom noms (plv-dire (strcat "  " (itoa (setq rang (1+ rang))) "  " nom)))
       (initget 6)
-      (setq rang (1- (cond ((getint "\nNuméro de la ligne <1>: ")) (1))))))
-  (cond ((nth rang lignes) (list 'fichier-axe chemin rang))
+      (setq rang (1- (cond ((getint (strcat "\n" question " <1>: "))) (1))))))
+  (cond ((nth rang noms) rang)
         (T (plv-erreur (strcat "il n'y a pas de numéro " (itoa (1+ rang)))))))
+
+(defun plv-mnt:choisir-ligne (chemin lignes / rang)
+  "A line of a file as an axis; nil after a message. The start that the file tells is proposed."
+  (if (setq rang (plv-mnt:choisir "Numéro de la ligne" (mapcar 'car lignes)))
+    (progn (setq plv-mnt:depart-propose (caddr (nth rang lignes))) (list 'fichier-axe chemin rang))))
+
+(setq plv-mnt:depart-propose 0.0)
 
 (defun plv-mnt:demander-axe-du-fichier (/ chemin lignes)
   (if (and (setq chemin (plv-demander-fichier "Fichier de l'axe")) (plv-mnt-systeme-pour chemin nil))
@@ -37,11 +44,19 @@
     (plv-erreur "nom de fichier attendu")))
 
 (defun plv-mnt:demander-fichier (/ chemin)
-  "A file as a source; of a point list the order of its columns is asked."
+  "A file as a source; of a point list the order of its columns is asked, of LandXML the surface."
   (if (and (setq chemin (plv-mnt:demander-chemin)) (plv-mnt-systeme-pour chemin nil))
-    (if (and (equal (et_fichier chemin) '("points")) (= (plv-demander-mot "Premières colonnes" '("XY" "YX") "XY") "YX"))
-      (list "fichier" chemin "echanger")
-      (list "fichier" chemin))))
+    (cond
+      ((equal (et_fichier chemin) '("points"))
+       (if (= (plv-demander-mot "Premières colonnes" '("XY" "YX") "XY") "YX") (list "fichier" chemin "echanger") (list "fichier" chemin)))
+      ((= (car (et_fichier chemin)) "landxml") (plv-mnt:demander-surface chemin (et_surfaces chemin)))
+      (T (list "fichier" chemin)))))
+
+(defun plv-mnt:demander-surface (chemin noms / rang)
+  (cond
+    ((not noms) (plv-erreur (strcat chemin ": pas de surface dans ce fichier LandXML")))
+    ((not (listp noms)) (plv-erreur noms))
+    ((setq rang (plv-mnt:choisir "Numéro de la surface" noms)) (list "fichier" chemin (strcat "surface:" (nth rang noms))))))
 
 (defun plv-mnt:demander-source (mot / reponse)
   "A source; nil when there is none."
@@ -86,9 +101,10 @@
 
 (defun plv-mnt:demander (/ axe depart inverse sources)
   "A request; nil after a message."
+  (setq plv-mnt:depart-propose 0.0)
   (if (setq axe (plv-mnt:demander-axe))
     (progn
-      (setq depart (plv-demander-nombre-libre "Station de départ" 0.0 2)
+      (setq depart (plv-demander-nombre-libre "Station de départ" plv-mnt:depart-propose 2)
             inverse (= (plv-demander-mot "Sens de l'axe" '("Tracé" "Inverse") "Tracé") "Inverse"))
       (if (setq sources (plv-mnt:demander-sources))
         (plv-mnt-demande axe inverse depart sources (plv-mnt:demander-options))))))

@@ -251,3 +251,41 @@
 ;; contour lines in plan with their altitude in a field
 (fichier "c.geojson" "{\"type\":\"FeatureCollection\",\"features\":[{\"type\":\"Feature\",\"properties\":{\"ALTITUDE\":100},\"geometry\":{\"type\":\"LineString\",\"coordinates\":[[3,46.5],[3.01,46.5]]}},{\"type\":\"Feature\",\"properties\":{\"ALTITUDE\":110},\"geometry\":{\"type\":\"LineString\",\"coordinates\":[[3,46.51],[3.01,46.51]]}}]}")
 ((equal (mapcar 'cadr (cadr (profil (list '((700400.0 6600000.5 0.0 0.0) (700400.0 6601111.0 0.0 0.0))) '(("fichier" "<dossier>c.geojson")) '(("systeme" "EPSG:2154"))))) '(100.0 110.0) 0.01) T)
+
+;; LandXML has northing before easting. Faces as they are; without faces points and breaklines; an unseen face is none; feet are metres.
+(situation "SurfacesOfLandXml")
+(tableau (texte attendu)
+  ("<LandXML><Surfaces><Surface name='Autre'><Definition/></Surface><Surface name='Sol'><Definition surfType='TIN'><Pnts><P id='1'>0 0 100</P><P id='2'>0 100 110</P><P id='3'>100 100 110</P><P id='4'>100 0 100</P></Pnts><Faces><F>1 2 3</F><F i='1'>1 3 4</F></Faces></Definition></Surface></Surfaces></LandXML>"
+   (((30.0 103.0) (100.0 110.0))))
+  ("<LandXML><Surfaces><Surface name='Autre'><Definition/></Surface><Surface name='Sol'><Definition surfType='TIN'><Pnts><P id='1'>0 0 100</P><P id='2'>0 100 110</P><P id='3'>100 100 110</P><P id='4'>100 0 100</P></Pnts></Definition></Surface></Surfaces></LandXML>"
+   (((0.0 100.0) (100.0 110.0))))
+  ("<LandXML><Surfaces><Surface name='Autre'><Definition/></Surface><Surface name='Sol'><SourceData><DataPoints><PntList3D>-50 0 100 -50 100 100 50 0 100 50 100 100</PntList3D></DataPoints><Breaklines><Breakline><PntList3D>30 0 105 30 100 107</PntList3D></Breakline></Breaklines></SourceData></Surface></Surfaces></LandXML>"
+   (((0.0 105.0) (100.0 107.0))))
+  ("<LandXML><Surfaces><Surface name='Autre'><Definition/></Surface><Surface name='Sol'><SourceData><Contours><Contour elev='10'><PntList2D>0 0 0 100</PntList2D></Contour><Contour elev='20'><PntList2D>60 0 60 100</PntList2D></Contour></Contours></SourceData></Surface></Surfaces></LandXML>"
+   (((0.0 15.0) (100.0 15.0))))
+  ("<LandXML><Units><Imperial linearUnit='foot'/></Units><Surfaces><Surface name='Autre'><Definition/></Surface><Surface name='Sol'><Definition surfType='TIN'><Pnts><P id='1'>0 0 1000</P><P id='2'>0 1000 1000</P><P id='3'>1000 1000 1000</P><P id='4'>1000 0 1000</P></Pnts><Faces><F>1 2 3</F><F>1 3 4</F></Faces></Definition></Surface></Surfaces></LandXML>"
+   (((0.0 304.8) (100.0 304.8)))))
+(fichier "s.xml" texte)
+((et_surfaces "<dossier>s.xml") ("Sol"))
+((presque (morceaux (profil (list (axe '((0.0 30.0) (100.0 30.0)))) '(("fichier" "<dossier>s.xml" "surface:Sol")) nil)) 'attendu) T)
+((car (caddr (et_terrain nil '(("fichier" "<dossier>s.xml")) nil))) "<dossier>s.xml: surface \"Autre\": moins de trois points, et pas de face")
+((et_terrain nil '(("fichier" "<dossier>s.xml" "surface:Roc")) nil) "<dossier>s.xml: pas de surface \"Roc\"")
+
+;; Line, arc, and the points of a register; what can't be built is named and costs its alignment only.
+(situation "PlanGeometryOfLandXml")
+(fichier "a.xml" "<LandXML><CgPoints><CgPoint name='A'>0 10</CgPoint></CgPoints><Alignments><Alignment name='Bon' staStart='500'><CoordGeom>
+<Line><Start>0 0</Start><End pntRef='A'/></Line><Curve rot='ccw'><Start>0 10</Start><Center>10 10</Center><End>10 20</End></Curve><Curve rot='cw'><Start>10 20</Start><Center>10 30</Center><End>20 30</End></Curve></CoordGeom></Alignment>
+<Alignment name='Trou'><CoordGeom><Line><Start>0 0</Start><End>0 10</End></Line><Line><Start>0 12</Start><End>0 20</End></Line></CoordGeom></Alignment>
+<Alignment name='Centre'><CoordGeom><Curve rot='cw'><Start>0 0</Start><Center>0 5</Center><End>0 11</End></Curve></CoordGeom></Alignment>
+<Alignment name='Raccord'><CoordGeom><Spiral rot='cw' length='50' radiusStart='INF' radiusEnd='100' spiType='sinusoid'><Start>0 0</Start><End>0 11</End></Spiral></CoordGeom></Alignment>
+<Alignment name='Profil'/></Alignments></LandXML>")
+(preparer (setq r (et_axes_fichier "<dossier>a.xml")))
+((presque r (list (list "Bon" (list '(0.0 0.0 0.0 0.0) (list 10.0 0.0 0.0 (- (sqrt 2.0) 1.0)) (list 20.0 10.0 0.0 (- 1.0 (sqrt 2.0))) '(30.0 20.0 0.0 0.0)) 500.0))) T)
+(fichier "b.xml" "<LandXML><Alignments><Alignment name='Trou'><CoordGeom><Line><Start>0 0</Start><End>0 10</End></Line><Line><Start>0 12</Start><End>0 20</End></Line></CoordGeom></Alignment></Alignments></LandXML>")
+((et_axes_fichier "<dossier>b.xml") "<dossier>b.xml: axe \"Trou\": élément 2 (Line): il commence à 2.000 m de la fin du précédent")
+(fichier "c.xml" "<LandXML><Alignments><Alignment name='C'><CoordGeom><Spiral rot='cw' length='50' radiusStart='INF' radiusEnd='100' spiType='clothoid'><Start>0 0</Start><End>0 40</End></Spiral></CoordGeom></Alignment></Alignments></LandXML>")
+;; of a clothoid the chord is its length less (length / radius)^2 / 90 of it
+((et_axes_fichier "<dossier>c.xml") "<dossier>c.xml: axe \"C\": élément 1 (Spiral): sa longueur et ses rayons donnent une corde de 49.861 m au lieu de 40.000")
+(fichier "d.xml" "<LandXML><CgPoints/></LandXML>")
+((et_surfaces "<dossier>d.xml") "<dossier>d.xml: ni surface ni tracé en plan dans ce fichier LandXML")
+((et_fichier "<dossier>d.xml") ("landxml"))

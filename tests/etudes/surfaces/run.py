@@ -6,7 +6,7 @@
 Each run draws points and an axis of straight runs and arcs, has the program cut the surface and compares, at every vertex of the
 profile and between them, with the altitude that SciPy's triangulation has there; where there is none the profile has a gap. Then
 the thinned profile is compared with the whole one. Of surfaces with a ridge the formula is known: a breakline has to hold it. Grids are
-compared with SciPy's bilinear interpolation.
+compared with SciPy's bilinear interpolation, clothoids of LandXML with its Fresnel integrals.
 A fault names the seed with which it comes back.
 """
 import argparse
@@ -20,6 +20,7 @@ import tempfile
 import numpy
 from scipy.interpolate import LinearNDInterpolator, RegularGridInterpolator
 from scipy.spatial import Delaunay
+from scipy.special import fresnel
 
 PRINT = """
 (defun dire (p) (foreach m (cdr p) (princ "M\\n") (foreach q m (princ (strcat (rtos (car q) 2 9) " " (rtos (cadr q) 2 9) "\\n")))))
@@ -217,6 +218,49 @@ def check_grid(rng, kavel, folder, arcs):
     check_thin(whole, thin, 0.01)
 
 
+def check_clothoid(rng, kavel, folder, arcs):
+    """A clothoid between two curvatures, written to the tenth of a millimetre: SciPy's Fresnel integrals have every place on it."""
+    length, turn = rng.uniform(20, 200), rng.choice((-1, 1))
+    k0, k1 = sorted(rng.choice((0, 1 / rng.uniform(100, 2000))) for _ in range(2))
+    if k0 == k1:
+        k1 += 1 / rng.uniform(60, 500)
+    if arcs:
+        k0, k1 = k1, k0
+    scale, heading, ox, oy = (k1 - k0) / length, rng.uniform(0, 2 * math.pi), rng.choice((0, 650000.0)), rng.choice((0, 6860000.0))
+
+    def spot(s):
+        # The integral of exp(i (k0 s + scale s^2 / 2)), completed to a square.
+        root = math.sqrt(math.pi / abs(scale))
+        phase = -k0 * k0 / (2 * scale)
+        value = complex(0)
+        for sign, at_s in ((1, s), (-1, 0.0)):
+            sine, cosine = fresnel((at_s + k0 / scale) / root)
+            value += sign * complex(cosine, math.copysign(1, scale) * sine)
+        value *= root * complex(math.cos(phase), math.sin(phase))
+        if turn < 0:
+            value = value.conjugate()
+        value *= complex(math.cos(heading), math.sin(heading))
+        return ox + value.real, oy + value.imag
+
+    radius = lambda k: "INF" if k == 0 else repr(1 / k)
+    (x0, y0), (x1, y1) = spot(0), spot(length)
+    with open(os.path.join(folder, "a.xml"), "w", encoding="utf-8") as file:
+        file.write(f"<LandXML><Alignments><Alignment name='A'><CoordGeom><Spiral rot='{'ccw' if turn > 0 else 'cw'}' length='{length!r}' "
+                   f"radiusStart='{radius(k0)}' radiusEnd='{radius(k1)}' spiType='clothoid'><Start>{y0:.4f} {x0:.4f}</Start>"
+                   f"<End>{y1:.4f} {x1:.4f}</End></Spiral></CoordGeom></Alignment></Alignments></LandXML>")
+    path = os.path.join(folder, "run.lsp")
+    with open(path, "w", encoding="utf-8") as file:
+        file.write(f'(setq a (et_axes_fichier "{folder}/a.xml"))'
+                   '(foreach s (cadr (car a)) (princ (strcat (rtos (car s) 2 9) " " (rtos (cadr s) 2 9) " " (rtos (cadddr s) 2 15) "\\n")))(princ)')
+    run = subprocess.run([kavel, "--no-frontal", "--quiet", "-l", path], capture_output=True, text=True, check=True)
+    axis = [tuple(float(v) for v in line.split()) for line in run.stdout.splitlines() if line.strip()]
+    assert abs(length_of(axis) - length) < 1e-3, f"{length_of(axis)} m long instead of {length}"
+    for step in range(101):
+        s = length * step / 100
+        (x, y), (a, b) = place(axis, min(s, length_of(axis))), spot(s)
+        assert math.hypot(x - a, y - b) < 1e-3, f"at {s}: {math.hypot(x - a, y - b)} m off"
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("kavel")
@@ -226,7 +270,7 @@ def main():
     faults = 0
     for seed in range(options.seed, options.seed + options.runs):
         rng = random.Random(seed)
-        check = (check_points, check_ridge, check_points, check_grid)[seed % 4]
+        check = (check_points, check_ridge, check_points, check_grid, check_clothoid)[seed % 5]
         with tempfile.TemporaryDirectory() as folder:
             try:
                 check(rng, options.kavel, folder, arcs=rng.random() < 0.5)
