@@ -3,7 +3,7 @@
 
 (setq plv-mnt:montrees 10) ; contradictions that are listed
 
-(defun plv-mnt:profils (reponse) (car reponse))
+(defun plv-mnt-profils (reponse) (car reponse))
 (defun plv-mnt:contradictions (reponse) (cadr reponse))
 (defun plv-mnt:remarques (reponse) (caddr reponse))
 (defun plv-mnt:faits (reponse) (cadddr reponse))
@@ -72,6 +72,6 @@
 (defun plv-mnt-lire (demande / axe reponse profil)
   "The ground under the axis of a request, with the axis itself; nil after a message."
   (if (and (setq axe (plv-mnt-axe demande)) (setq reponse (plv-mnt-couper (list axe) demande)))
-    (if (listp (setq profil (car (plv-mnt:profils reponse))))
+    (if (listp (setq profil (car (plv-mnt-profils reponse))))
       (cons (cons 'axe axe) (plv-mnt-terrain profil (plv-cle 'depart demande)))
       (plv-erreur profil))))

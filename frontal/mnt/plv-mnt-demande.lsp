@@ -10,6 +10,10 @@
   "axe: entities, or a pair (fichier-axe \"PATH\" rank); options: pairs (key . value) as above."
   (append (list (if (eq (car axe) 'fichier-axe) axe (cons 'axe axe)) (cons 'inverse inverse) (cons 'depart (float depart)) (cons 'sources sources)) options))
 
+(defun plv-mnt-avec-axe (demande entites)
+  "The request for other curves."
+  (cons (cons 'axe entites) (vl-remove-if '(lambda (p) (member (car p) '(axe fichier-axe))) demande)))
+
 (defun plv-mnt:retourner (axe / retour)
   "The axis the other way: each arc belongs to its other end, and turns to the other side."
   (setq retour (reverse axe))
@@ -33,7 +37,7 @@
 
 ;; --- as et_terrain takes them
 
-(defun plv-mnt:filtre (calques)
+(defun plv-mnt-filtre (calques)
   "What a selection by layers takes: model space, without what the profiles have drawn."
   (list (cons 8 calques) '(410 . "Model") '(-4 . "<NOT") '(8 . "PLV-*") '(-4 . "NOT>")))
 
@@ -45,7 +49,7 @@
   "The source as et_terrain takes it; nil after a message."
   (cond
     ((= (car source) "calques")
-     (if (setq jeu (ssget "X" (plv-mnt:filtre (cadr source))))
+     (if (setq jeu (ssget "X" (plv-mnt-filtre (cadr source))))
        (list "dessin" jeu)
        (plv-erreur (strcat "rien sur les calques " (cadr source)))))
     ((= (car source) "objets")

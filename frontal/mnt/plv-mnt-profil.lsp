@@ -1,6 +1,6 @@
 ;; The profile of a surface: made as any other on its ground, with its axis in plan and the request that it came of.
 
-(setq plv-mnt:enregistrement "PLV_MNT" plv-mnt:calque "PLV-PLAN")
+(setq plv-mnt-enregistrement "PLV_MNT" plv-mnt:calque "PLV-PLAN")
 
 ;; --- the axis in plan: the picked polyline itself, or one drawn like it from where the ground begins
 
@@ -19,7 +19,7 @@
             (apply 'append
               (mapcar '(lambda (s) (list (list 10 (car s) (cadr s)) (cons 42 (cadddr s)))) axe)))))
 
-(defun plv-mnt:axe-en-plan (demande terrain)
+(defun plv-mnt-axe-en-plan (demande terrain)
   (cond
     ((plv-mnt:meme-polyligne demande terrain))
     ((plv-mnt:dessiner-axe (et_axe_depuis (plv-cle 'axe terrain) (plv-cle 'debut terrain))))))
@@ -39,7 +39,7 @@
     (cons (cons 1 (vl-symbol-name cle)) (mapcar 'plv-mnt:groupe (if (listp valeur) valeur (list valeur))))))
 
 (defun plv-mnt-garder (profil demande)
-  (plv-ecrire-enregistrement profil plv-mnt:enregistrement
+  (plv-ecrire-enregistrement profil plv-mnt-enregistrement
     (append
       (apply 'append
         (mapcar '(lambda (cle) (plv-mnt:groupes cle (plv-cle cle demande)))
@@ -51,7 +51,7 @@
 (defun plv-mnt-achever (profil demande-et-terrain / demande terrain)
   "What a profile has beside its ground when it comes of a surface."
   (setq demande (car demande-et-terrain) terrain (cdr demande-et-terrain))
-  (plv-associer-axe profil (plv-mnt:axe-en-plan demande terrain))
+  (plv-associer-axe profil (plv-mnt-axe-en-plan demande terrain))
   (plv-mnt-garder profil demande))
 
 (defun plv-mnt-profil (demande numero point echv ttxt hauteur-max plans / plv-mnt:lu)

@@ -119,11 +119,27 @@
   (if (setq sources (plv-mnt:demander-sources))
     (plv-mnt-controler (plv-mnt-demande nil nil 0.0 sources nil) (plv-demander-reel "Taille des marques" 1.0))))
 
+(defun plv-mnt:plusieurs (/ calque sources options point echv ttxt)
+  (setq calque (plv-demander-texte "Calque des axes" nil))
+  (if (setq sources (plv-mnt:demander-sources))
+    (progn
+      (setq options (plv-mnt:demander-options)
+            point (cond ((getpoint "\nPoint d'insertion du premier <0,0>: ")) ('(0.0 0.0 0.0)))
+            echv (plv-demander-reel "Échelle verticale" 10.0)
+            ttxt (plv-demander-reel "Hauteur de texte" 2.5))
+      (plv-mnt-plusieurs calque (plv-mnt-demande nil nil 0.0 sources options) point echv ttxt
+        (plv-demander-reel "Hauteur dessinée maximale" (* 60.0 ttxt))))))
+
+(defun plv-mnt:actualiser (/ profils)
+  (if (setq profils (plv-demander-profils)) (mapcar 'plv-mnt-actualiser profils)))
+
 (defun c:plv-terrain (/ mot)
   "Crée un profil où un axe en plan traverse une surface: points, lignes, faces, fichiers."
-  (setq mot (plv-demander-mot "Terrain" '("Nouveau" "Contrôler" "Système") "Nouveau"))
+  (setq mot (plv-demander-mot "Terrain" '("Nouveau" "Plusieurs" "Actualiser" "Contrôler" "Système") "Nouveau"))
   (cond
     ((= mot "Nouveau") (plv-mnt:nouveau))
+    ((= mot "Plusieurs") (plv-mnt:plusieurs))
+    ((= mot "Actualiser") (plv-mnt:actualiser))
     ((= mot "Contrôler") (plv-mnt:controler))
     ((= mot "Système") (plv-mnt-demander-systeme (cond ((plv-mnt-systeme) (et_systemes (plv-mnt-systeme))) (T (plv-mnt-systemes-du-dessin))))))
   (princ))

@@ -100,3 +100,63 @@
 (tape ("PLV-TERRAIN" "N" "F" "<dossier>l.geojson" "" "2" "0" "T" "C" "TOPO" "N" "C" "L" "0,500" "10" "2.5" "150" "A") "  1  Nord" "  2  Sud" "Profil L: 2 points, 80.00 m")
 ((plv-mnt-systeme) "EPSG:2154")
 (tape ("PLV-TERRAIN" "N" "F" "<dossier>l.geojson" "3") "il n'y a pas de numéro 3")
+
+;; A point is raised, one is added, the axis grows: the ground, its lines, the tables and the axis follow; what is attached stays.
+(situation "TheGroundFollowsItsSurface")
+(preparer
+  (carre) (setq a (trace '((0.0 30.0) (60.0 30.0))) p (surface a))
+  (plv-projet p "Voirie" '((500.0 101.0) (560.0 105.0)))
+  (plv-matrices p "<source>/exemples/matrices-route.txt" nil)
+  (defun tables (p) (mapcar '(lambda (r) (length (plv-entites-table r))) (plv-tables p)))
+  (defun lignes (p) (length (apply 'append (mapcar 'plv-lignes-du-plan (plv-entites-plans p)))))
+  (setq tables-avant (tables p) elements (plv-elements p "Voirie")))
+(dit (plv-mnt-actualiser p) "Le terrain n'a pas changé.")
+((equal (tables p) tables-avant) T)
+(preparer (point 40.0 30.0 107.0))
+(dit (plv-mnt-actualiser p) "Terrain actualisé: 3 points au lieu de 2, 2 déplacés, de 3.000 m au plus, à la station 540.00.")
+((equal (terrain p) '((0.0 100.0) (40.0 107.0) (60.0 108.0)) 1e-9) T)
+((lignes p) 2)
+((> (car (tables p)) (car tables-avant)) T)
+((equal (plv-elements p "Voirie") elements) T)
+((eq (plv-profil-sain p) p) T)
+;; the axis goes on: so does the last section
+(preparer (entmod (subst '(10 90.0 30.0) '(10 60.0 30.0) (entget a))))
+(tape ("PLV-TERRAIN" "Actualiser") "Terrain actualisé: ")
+((equal (plv-longueur-profil p) 90.0 1e-6) T)
+((equal (plv-section-fin (plv-dernier (plv-sections-de-plan p))) 90.0 1e-6) T)
+;; shorter than what is attached it can't be, and begin elsewhere neither; then nothing has changed
+(preparer (entmod (subst '(10 50.0 30.0) '(10 90.0 30.0) (entget a))))
+(refuse (plv-mnt-actualiser p) "le terrain ne fait plus que 50.00 m, et des lignes attachées au profil vont plus loin")
+((equal (plv-longueur-profil p) 90.0 1e-6) T)
+(preparer (entmod (subst '(10 -20.0 30.0) '(10 0.0 30.0) (subst '(10 90.0 30.0) '(10 50.0 30.0) (entget a)))))
+(refuse (plv-mnt-actualiser p) "le terrain commence maintenant à la station 520.00 au lieu de 500.00: le profil ne peut pas suivre")
+(preparer (entdel a))
+(refuse (plv-mnt-actualiser p) "l'axe n'est plus dans le dessin")
+(fichier "g.csv" "0;10\n10;11\n")
+(refuse (plv-mnt-actualiser (plv-nouveau "<dossier>g.csv" "N" '(0.0 900.0 0.0) nil nil nil nil)) "ce profil ne vient pas d'une surface")
+
+;; Every setting of a request is kept; an axis that was drawn for the profile is drawn anew.
+(situation "TheWholeRequestIsKept")
+(preparer
+  (carre) (setq a (trace '((100.0 30.0) (0.0 30.0))) c (trace '((20.0 0.0) (80.0 0.0) (80.0 50.0) (20.0 50.0)))) (entmod (subst '(70 . 1) '(70 . 0) (entget c)))
+  (setq d (plv-mnt-demande (list a) T 100.0 '(("calques" "TOPO") ("calques" "TOP*")) (list '(tolerance . 0.5) '(arete . 300.0) '(attribut . "ALT") '(zero . T) (cons 'contour (list c))))
+        p (plv-mnt-profil d "K" '(0.0 500.0 0.0) nil nil nil nil) axe (plv-axe-plan p) g (plv-mnt-demande-gardee p)))
+((vl-every '(lambda (cle) (equal (plv-cle cle d) (plv-cle cle g))) '(axe inverse depart sources tolerance arete attribut zero contour)) T)
+((equal (sommets axe) '((20.0 30.0) (100.0 30.0)) 1e-9) T)
+(preparer (entmod (subst '(10 0.0 40.0) '(10 0.0 30.0) (subst '(10 100.0 40.0) '(10 100.0 30.0) (entget a)))) (plv-mnt-actualiser p))
+((plv-existe axe) nil)
+((equal (sommets (plv-axe-plan p)) '((20.0 40.0) (100.0 40.0)) 1e-9) T)
+
+;; Named by the nearest text of their layer, which names one axis only; in the order of names; one that misses the surface is told.
+(situation "AProfileForEachAxisOfALayer")
+(preparer
+  (carre)
+  (defun texte (x y t1) (entmake (list '(0 . "TEXT") '(8 . "AXE") (list 10 x y 0.0) '(40 . 1.0) (cons 1 t1))))
+  (trace '((0.0 30.0) (100.0 30.0))) (trace '((0.0 60.0) (50.0 60.0))) (trace '((0.0 90.0) (20.0 90.0))) (trace '((900.0 0.0) (990.0 0.0)))
+  (texte 5.0 31.0 "Rue B") (texte 5.0 61.5 "Rue A") (texte 5.0 45.0 "45"))
+(tape ("PLV-TERRAIN" "Plusieurs" "AXE" "Calques" "TOPO" "Non" "Continuer" "0,500" "10" "2.5" "150")
+  "Profil Rue A: 2 points, 50.00 m" "Profil Rue B: 2 points, 100.00 m" "il n'y a pas de surface sous l'axe" "3 profils sur 4 axes.")
+((mapcar 'plv-numero-profil (plv-profils)) ("45" "Rue A" "Rue B"))
+((mapcar '(lambda (p) (cadr (plv-origine p))) (plv-profils)) (500.0 150.0 -200.0))
+((equal (mapcar 'plv-longueur-profil (plv-profils)) '(20.0 50.0 100.0) 1e-9) T)
+(dit (plv-mnt-actualiser (cadr (plv-profils))) "Le terrain n'a pas changé.")
