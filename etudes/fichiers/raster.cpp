@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "etudes/fichiers/gdalChargee.h"
+#include "etudes/fichiers/grilleTexte.h"
 #include "module/support/base/lettres.h"
 #include "module/support/base/nombres.h"
 
@@ -18,8 +19,8 @@ namespace {
 constexpr const char* kPilotes[] = {"GTiff",          "COG",     "AAIGrid", "VRT",     "HFA",  "EHdr",        "ENVI",
                                     "GRASSASCIIGrid", "SRTMHGT", "DTED",    "USGSDEM", "GSAG", "JP2OpenJPEG", "NTv2",
                                     "SAGA",           nullptr};
-constexpr int kCote = 256;                 // nodes of a square's side
-constexpr std::size_t kCarresGardes = 64;  // 32 MB
+constexpr int kCote = 64;                   // nodes of a square's side
+constexpr std::size_t kCarresGardes = 512;  // 16 MB
 constexpr double kPlusHaut = 12000, kPlusBas = -12000;
 // Said for "no altitude" by files that don't declare it.
 constexpr double kAbsences[] = {-9999, -32768, -32767, -99999};
@@ -99,13 +100,19 @@ bool dossier(const std::wstring& chemin) {
   return std::filesystem::is_directory(plv::nomDeFichier(chemin), faute);
 }
 
+void exigerEntiere(const std::wstring& chemin) {
+  if (!grilleTexteEntiere(chemin))
+    throw refus{chemin + L": la grille est incomplète, sa dernière ligne est plus courte que les autres"};
+}
+
 // The tiles of a folder as one raster; their seams are bridged as if they were one file.
 donneesGdal mosaique(const std::wstring& chemin) {
   std::vector<std::string> fichiers;
   for (const auto& entree : std::filesystem::directory_iterator(plv::nomDeFichier(chemin))) {
     const std::wstring nom = plv::depuisNomDeFichier(entree.path().string());
-    if (entree.is_regular_file() && ouvrirGdal(nom, GDAL_OF_RASTER | GDAL_OF_READONLY, kPilotes))
-      fichiers.push_back(entree.path().string());
+    if (!entree.is_regular_file() || !ouvrirGdal(nom, GDAL_OF_RASTER | GDAL_OF_READONLY, kPilotes)) continue;
+    exigerEntiere(nom);
+    fichiers.push_back(entree.path().string());
   }
   if (fichiers.empty()) throw refus{chemin + L": aucune dalle d'altitudes dans ce dossier (GeoTIFF, ASC ...)"};
   std::sort(fichiers.begin(), fichiers.end());
@@ -133,6 +140,7 @@ rasterOuvert ouvrirRaster(const std::wstring& chemin) {
   donneesGdal donnees =
       dossier(chemin) ? mosaique(chemin) : ouvrirGdal(chemin, GDAL_OF_RASTER | GDAL_OF_READONLY, kPilotes);
   if (!donnees) throw refus{chemin + L": ce fichier n'est pas une grille d'altitudes, ou il est abîmé" + messageGdal()};
+  if (!dossier(chemin)) exigerEntiere(chemin);
   if (const int bandes = g.GDALGetRasterCount(donnees.get()); bandes != 1)
     throw refus{chemin + L": " + std::to_wstring(bandes) +
                 L" bandes, une image peut-être; une grille d'altitudes n'en a qu'une"};

@@ -289,3 +289,26 @@
 (fichier "d.xml" "<LandXML><CgPoints/></LandXML>")
 ((et_surfaces "<dossier>d.xml") "<dossier>d.xml: ni surface ni tracé en plan dans ce fichier LandXML")
 ((et_fichier "<dossier>d.xml") ("landxml"))
+
+;; The example valley: its grids are the same ground, and agree with points and faces as nine hundred points on twelve hectares and cells of 5 m allow.
+(situation "TheExampleValleyIsOneGround")
+(preparer
+  (setq a (axe '((652030.0 6862060.0) (652180.0 6862120.0 0.2) (652240.0 6862260.0) (652370.0 6862270.0))))
+  (defun cote (nom) (car (cdr (profil (list a) (list (list "fichier" (strcat "<source>/exemples/" nom))) '(("systeme" "EPSG:2154"))))))
+  (defun altitude (m d) (while (and (cddr m) (< (car (cadr m)) d)) (setq m (cdr m))) (+ (cadr (car m)) (* (- d (caar m)) (/ (- (cadr (cadr m)) (cadr (car m))) (- (car (cadr m)) (caar m))))))
+  (defun ecart (m n / d plus) (setq d 1.0 plus 0.0) (while (< d 440.0) (setq plus (max plus (abs (- (altitude m d) (altitude n d)))) d (+ d 1.0))) plus)
+  (setq p (cote "vallon.csv") g (cote "vallon.tif")))
+((< (ecart g (cote "vallon.asc")) 0.021) T)
+((< (ecart p (cote "vallon.xml")) 0.021) T)
+((< 0.05 (ecart p g) 0.6) T)
+
+(situation "DamagedFilesAreNamed")
+(preparer (setq a (axe '((0.0 10.0) (30.0 10.0)))))
+(fichier "v.vrt" "<VRTDataset rasterXSize=\"4\" rasterYSize=\"2\"><GeoTransform>0,10,0,20,0,-10</GeoTransform><VRTRasterBand dataType=\"Float32\" band=\"1\"><SimpleSource><SourceFilename relativeToVRT=\"1\">absent.tif</SourceFilename><SourceBand>1</SourceBand><SrcRect xOff=\"0\" yOff=\"0\" xSize=\"4\" ySize=\"2\"/><DstRect xOff=\"0\" yOff=\"0\" xSize=\"4\" ySize=\"2\"/></SimpleSource></VRTRasterBand></VRTDataset>")
+((wcmatch (et_terrain (list a) '(("fichier" "<dossier>v.vrt")) nil) "<dossier>v.vrt: lecture impossible près de la colonne 0*absent.tif*") T)
+(fichier "i.asc" "ncols 2\nnrows 2\nxllcorner 0\nyllcorner 0\ncellsize 10\n1 2\n3\n")
+((et_terrain (list a) '(("fichier" "<dossier>i.asc")) nil) "<dossier>i.asc: la grille est incomplète, sa dernière ligne est plus courte que les autres")
+(fichier "j.asc" "ncols 2\nnrows 3\nxllcorner 0\nyllcorner 0\ncellsize 10\n1 2\n3 4\n")
+((wcmatch (et_terrain (list a) '(("fichier" "<dossier>j.asc")) nil) "<dossier>j.asc: lecture impossible*") T)
+(fichier "n.asc" "ncols deux\n")
+((wcmatch (et_terrain (list a) '(("fichier" "<dossier>n.asc")) nil) "<dossier>n.asc: ce fichier n'est ni une liste de points*abîmé") T)
