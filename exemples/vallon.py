@@ -46,6 +46,20 @@ def write_points(path):
             file.write(f"P{number};{X0 + x:.2f};{Y0 + y:.2f};{z:.3f}\n")
 
 
+def write_rock(path):
+    """Rock along the axis, by stations: probes every 25 m."""
+    with open(path, "w", encoding="utf-8") as file:
+        file.write("distance;altitude;nom\n")
+        station = 0.0
+        for (x0, y0, _), (x1, y1, _) in zip(AXIS, AXIS[1:]):
+            length = math.hypot(x1 - x0, y1 - y0)
+            for step in range(0, int(length), 25):
+                x, y = x0 + (x1 - x0) * step / length, y0 + (y1 - y0) * step / length
+                file.write(f"{station + step:.2f};{ground(x, y) - 1.8 - 0.7 * math.sin((station + step) / 40):.2f};S\n")
+            station += length
+        file.write(f"{station:.2f};{ground(AXIS[-1][0], AXIS[-1][1]) - 2:.2f};S\n")
+
+
 def write_drawing(path):
     drawing = ezdxf.new("R2000")
     drawing.header["$INSUNITS"] = 6
@@ -109,6 +123,7 @@ def main():
     folder = sys.argv[1] if len(sys.argv) > 1 else os.path.dirname(os.path.abspath(__file__))
     place = lambda name: os.path.join(folder, name)
     write_points(place("vallon.csv"))
+    write_rock(place("vallon-roc.csv"))
     write_drawing(place("vallon.dxf"))
     write_raster(place("vallon.tif"), "GTiff")
     write_raster(place("vallon.asc"), "AAIGrid")

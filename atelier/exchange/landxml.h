@@ -33,9 +33,15 @@ struct Project {
   bool bare = false;  // read without its curves, which can't be drawn
 };
 
+// A vertex of the plan geometry, x east; the bulge is that of the segment which begins here.
+struct PlanVertex {
+  double x = 0, y = 0, bulge = 0;
+};
+
 struct Alignment {
   std::string name;
   double start = 0;
+  std::vector<PlanVertex> plan;  // written only: other rooms read it as an axis
   std::vector<Ground> grounds;
   std::vector<Project> projects;
 };

@@ -35,6 +35,24 @@
     ((plv-calques:renomme nom))
     (T (plv-calques:creer (assoc nom plv-calques)) nom)))
 
+(defun plv-calque-propre (nom couleur trait)
+  "A layer that isn't one of those above, made with this colour and line type when there is none."
+  (cond
+    ((tblsearch "LAYER" nom) nom)
+    ((plv-calques:renomme nom))
+    (T
+     (plv-calques:trait trait)
+     (regapp plv-app-cles)
+     (entmake (list '(0 . "LAYER") (cons 2 nom) '(70 . 0) (cons 62 couleur) (cons 6 trait) '(370 . 35)))
+     (plv-calques:marquer (list nom))
+     nom)))
+
+(defun plv-calques:trait (nom)
+  "Dashes of 3 and gaps of 2 drawing units, unless the drawing has the line type."
+  (if (not (tblsearch "LTYPE" nom))
+    (entmake (list '(0 . "LTYPE") '(100 . "AcDbSymbolTableRecord") '(100 . "AcDbLinetypeTableRecord") (cons 2 nom) '(70 . 0) '(3 . "__ __ __")
+                   '(72 . 65) '(73 . 2) '(40 . 5.0) '(49 . 3.0) '(74 . 0) '(49 . -2.0) '(74 . 0)))))
+
 (defun plv-creer-calques ()
   "All layers, also those of a drawing whose layers have no mark yet."
   (regapp plv-app-cles)

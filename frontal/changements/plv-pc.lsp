@@ -77,6 +77,7 @@
   "What is drawn about a profile, after a change of its ground or planes."
   (plv-ranger-altitudes profil)
   (plv-ouvrir-lacunes profil)
+  (plv-tracer-terrains profil)
   (plv-rehabiller profil)
   (plv-ajuster-rappels profil))
 

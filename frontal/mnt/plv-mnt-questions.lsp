@@ -68,7 +68,7 @@
     ((= mot "Fichier") (plv-mnt:demander-fichier))
     ((= mot "Axe") '("axe"))))
 
-(defun plv-mnt:demander-sources (/ mot source sources)
+(defun plv-mnt-demander-sources (/ mot source sources)
   "The sources; nil after a message."
   (setq mot (plv-demander-mot "Surface" '("Calques" "Sélection" "Fichier" "Axe") "Calques"))
   (while (and mot (/= mot "Non"))
@@ -82,7 +82,7 @@
   (setq valeur (getreal (strcat "\n" question ": ")))
   (if (and valeur (> valeur 0.0)) valeur))
 
-(defun plv-mnt:demander-options (/ mot options valeur)
+(defun plv-mnt-demander-options (/ mot options valeur)
   "Pairs of a request; until Enter."
   (setq mot "")
   (while (/= mot "Continuer")
@@ -106,8 +106,8 @@
     (progn
       (setq depart (plv-demander-nombre-libre "Station de départ" plv-mnt:depart-propose 2)
             inverse (= (plv-demander-mot "Sens de l'axe" '("Tracé" "Inverse") "Tracé") "Inverse"))
-      (if (setq sources (plv-mnt:demander-sources))
-        (plv-mnt-demande axe inverse depart sources (plv-mnt:demander-options))))))
+      (if (setq sources (plv-mnt-demander-sources))
+        (plv-mnt-demande axe inverse depart sources (plv-mnt-demander-options))))))
 
 (defun plv-mnt:nouveau (/ plv-mnt:demande plv-mnt:lu)
   "The ground is known before the profile's own questions come."
@@ -116,14 +116,14 @@
       (cons plv-mnt:demande plv-mnt:lu))))
 
 (defun plv-mnt:controler (/ sources)
-  (if (setq sources (plv-mnt:demander-sources))
+  (if (setq sources (plv-mnt-demander-sources))
     (plv-mnt-controler (plv-mnt-demande nil nil 0.0 sources nil) (plv-demander-reel "Taille des marques" 1.0))))
 
 (defun plv-mnt:plusieurs (/ calque sources options point echv ttxt)
   (setq calque (plv-demander-texte "Calque des axes" nil))
-  (if (setq sources (plv-mnt:demander-sources))
+  (if (setq sources (plv-mnt-demander-sources))
     (progn
-      (setq options (plv-mnt:demander-options)
+      (setq options (plv-mnt-demander-options)
             point (cond ((getpoint "\nPoint d'insertion du premier <0,0>: ")) ('(0.0 0.0 0.0)))
             echv (plv-demander-reel "Échelle verticale" 10.0)
             ttxt (plv-demander-reel "Hauteur de texte" 2.5))
@@ -135,11 +135,13 @@
 
 (defun c:plv-terrain (/ mot)
   "Crée un profil où un axe en plan traverse une surface: points, lignes, faces, fichiers."
-  (setq mot (plv-demander-mot "Terrain" '("Nouveau" "Plusieurs" "Actualiser" "Contrôler" "Système") "Nouveau"))
+  (setq mot (plv-demander-mot "Terrain" '("Nouveau" "Plusieurs" "ACtualiser" "AJouter" "Retirer" "Contrôler" "Système") "Nouveau"))
   (cond
     ((= mot "Nouveau") (plv-mnt:nouveau))
     ((= mot "Plusieurs") (plv-mnt:plusieurs))
-    ((= mot "Actualiser") (plv-mnt:actualiser))
+    ((= mot "ACtualiser") (plv-mnt:actualiser))
+    ((= mot "AJouter") (plv-mnt-demander-ajout))
+    ((= mot "Retirer") (plv-mnt-demander-retrait))
     ((= mot "Contrôler") (plv-mnt:controler))
     ((= mot "Système") (plv-mnt-demander-systeme (cond ((plv-mnt-systeme) (et_systemes (plv-mnt-systeme))) (T (plv-mnt-systemes-du-dessin))))))
   (princ))

@@ -160,3 +160,63 @@
 ((mapcar '(lambda (p) (cadr (plv-origine p))) (plv-profils)) (500.0 150.0 -200.0))
 ((equal (mapcar 'plv-longueur-profil (plv-profils)) '(20.0 50.0 100.0) 1e-9) T)
 (dit (plv-mnt-actualiser (cadr (plv-profils))) "Le terrain n'a pas changé.")
+
+;; Rock from a surface and from files: drawn on a layer of its own over the planes, in the tables by its name, out as LandXML and text.
+(situation "FurtherGroundsOfAProfile")
+(preparer
+  (carre) (setq p (surface (trace '((-50.0 30.0) (150.0 30.0)))))
+  (foreach q '((20.0 0.0 98.0) (20.0 100.0 98.0) (80.0 0.0 104.0) (80.0 100.0 104.0)) (entmake (list '(0 . "POINT") '(8 . "ROC") (cons 10 q))))
+  (defun traits (nom) (mapcar 'sommets (plv-entites-du-jeu (ssget "X" (list (cons 8 (strcat "PLV-TN-" nom))))))))
+(tape ("PLV-TERRAIN" "AJouter" "Rocher" "Roc 1" "Surface" "Calques" "ROC" "Non" "Continuer") "Terrain Roc 1: 2 points, de la station 570.00 à 630.00.")
+((equal (plv-terrain-morceaux (plv-terrain-nomme p "ROC 1")) '(((20.0 98.0) (80.0 104.0))) 1e-9) T)
+;; the plane lies at 98 or lower; drawn at its scale of 10
+((equal (mapcar 'cadr (car (traits "ROC 1"))) (mapcar '(lambda (z) (cadr (plv-vers-dessin (plv-cadre p) 20.0 z))) '(98.0 104.0)) 1e-6) T)
+((cdr (assoc 6 (tblsearch "LAYER" "PLV-TN-ROC 1"))) "KAVEL-TIRETS")
+;; from a file by stations, with another name; cut at the profile's ends
+(fichier "n.csv" "500;95\n600;96\n700;97\n")
+(tape ("PLV-TERRAIN" "AJ" "Nappe" "" "Fichier" "<dossier>n.csv") "Terrain Nappe: 3 points, de la station 550.00 à 650.00.")
+((equal (plv-terrain-morceaux (plv-terrain-nomme p "nappe")) '(((0.0 95.5) (50.0 96.0) (100.0 96.5))) 1e-9) T)
+(dit (plv-decrire) "terrain Roc 1 (rocher): 2 points" "terrain Nappe (nappe): 3 points")
+;; a change of plane draws them in two pieces each, over both planes
+(preparer (plv-pc p "A" 600.0 90.0))
+((length (traits "NAPPE")) 2)
+((equal (vl-sort (mapcar 'cadr (apply 'append (traits "NAPPE"))) '<)
+        (vl-sort (mapcar '(lambda (d z s) (cadr (plv-vers-dessin-sur (plv-cadre p) (nth s (plv-sections-de-plan p)) d z))) '(0.0 50.0 50.0 100.0) '(95.5 96.0 96.0 96.5) '(0 0 1 1)) '<) 1e-6) T)
+;; out as LandXML and text
+(preparer (plv-export-landxml (list p) "<dossier>x.xml") (setq lu (car (plv-cle 'axes (landxml-lire "<dossier>x.xml")))))
+((mapcar '(lambda (g) (plv-cle 'nom g)) (plv-cle 'terrains lu)) ("Terrain naturel" "Roc 1" "Nappe"))
+((equal (car (plv-cle 'troncons (cadr (plv-cle 'terrains lu)))) '((570.0 98.0) (630.0 104.0)) 1e-9) T)
+(preparer (plv-export-autre-terrain p "Nappe" "<dossier>n2.csv"))
+((equal (mapcar 'cadr (plv-cle 'points (plv-lire-terrain "<dossier>n2.csv"))) '(95.5 96.0 96.5) 1e-6) T)
+;; and back in, a ground of the file being chosen
+(tape ("PLV-TERRAIN" "AJ" "Rocher" "Autre roc" "F" "<dossier>x.xml" "2") "Terrain Autre roc: 2 points, de la station 570.00 à 630.00.")
+(tape ("PLV-TERRAIN" "Retirer" "") "Terrain Autre roc retiré.")
+((traits "AUTRE ROC") nil)
+(refuse (plv-mnt-ajouter p "a/b" "Rocher" '(((0.0 1.0) (1.0 1.0)))) "nom de terrain refusé: \"a/b\"")
+(refuse (plv-mnt-ajouter p "TN" "Rocher" '(((0.0 1.0) (1.0 1.0)))) "nom de terrain refusé")
+(refuse (plv-mnt-ajouter p "X" "Rocher" '(((500.0 1.0) (510.0 1.0)))) "le terrain X n'est nulle part sur le profil")
+(refuse (plv-mnt-retirer p "X") "ce profil n'a pas de terrain X")
+
+;; Cells only where the named ground is: the square's ground rises from 100 to 110, the rock from 98 at 20 m to 104 at 80 m.
+(situation "RowsOfFurtherGrounds")
+(preparer
+  (carre) (setq p (surface (trace '((0.0 30.0) (100.0 30.0)))))
+  (plv-mnt-ajouter p "Rocher" "Rocher" '(((0.0 96.0) (50.0 101.0))))
+  (defun textes (p) (vl-sort (mapcar '(lambda (e) (cdr (assoc 1 (entget e)))) (vl-remove-if-not '(lambda (e) (= (plv-type e) "TEXT")) (apply 'append (mapcar 'plv-entites-table (plv-tables p))))) '<)))
+(fichier "m.txt" "POINTS - 6.0 500 {Rocher} Altitude du rocher\nPOINTS - 6.0 501 {TN/Rocher} Terre\nPOINTS - 6.0 500 {Granite} Granite\n")
+(dit (plv-matrices p "<dossier>m.txt" nil) "Ligne laissée vide: Granite.")
+((textes p) ("4.00" "96.00"))
+;; a row that is filled again, and tables that follow the ground
+(preparer (plv-mnt-ajouter p "Rocher" "Rocher" '(((0.0 96.0) (100.0 105.0)))))
+((textes p) ("105.00" "4.00" "5.00" "96.00"))
+
+;; The axis that a profile names comes out as lines and arcs, and back in the same; an arc of three quarters of a circle too.
+(situation "TheAxisGoesOutAsLandXml")
+(preparer
+  (carre)
+  (setq a (entmakex '((0 . "LWPOLYLINE") (100 . "AcDbEntity") (8 . "AXE") (100 . "AcDbPolyline") (90 . 4) (70 . 0) (10 10.0 10.0) (10 40.0 10.0) (42 . 0.5) (10 60.0 40.0) (42 . -1.4966057627) (10 50.0 60.0)))
+        p (surface a))
+  (plv-export-landxml (list p) "<dossier>x.xml")
+  (setq r (car (et_axes_fichier "<dossier>x.xml"))))
+((equal (cadr r) '((10.0 10.0 0.0 0.0) (40.0 10.0 0.0 0.5) (60.0 40.0 0.0 -1.4966057627) (50.0 60.0 0.0 0.0)) 1e-7) T)
+((list (car r) (caddr r)) ("T1" 500.0))
