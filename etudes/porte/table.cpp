@@ -73,6 +73,10 @@ constexpr ligneFonction kTable[] = {
      L"étiquette), (zero T) où l'altitude 0 en est une, (pres m) pour les points près de l'axe au lieu d'une surface, "
      L"(systeme EPSG:code) celui "
      L"des axes. Une chaîne dit pourquoi une source ne convient pas."},
+    {L"et_triangles", et_triangles, L"(et_triangles sources options nombre)",
+     L"Les triangles d'une surface: des listes de trois points. Sources et options sont celles d'et_terrain; nil quand "
+     L"elle n'a pas de triangles, "
+     L"une chaîne quand il y en a plus que le nombre, ou qu'une source ne convient pas."},
 };
 
 void et_aide() {

@@ -11,5 +11,6 @@ void et_fichier();
 void et_surfaces();
 void et_systemes();
 void et_terrain();
+void et_triangles();
 
 }  // namespace etu

@@ -1,4 +1,4 @@
-// et_terrain: the profiles of a surface along axes. The surface is made once for all of them; without axes it is only looked at.
+// et_terrain: the profiles of a surface along axes. The surface is made once for all of them; without axes it is only looked at. et_triangles: the surface itself.
 #include "etudes/fichiers/nombres.h"
 #include "etudes/surfaces/coupeAxe.h"
 #include "etudes/terrain/arguments.h"
@@ -92,6 +92,17 @@ void ajouter(plv::listeRb& liste, const listeContradictions& contradictions) {
   fermer(liste);
 }
 
+void ajouter(plv::listeRb& liste, const maillage& mesh) {
+  for (const auto& triangle : mesh.triangles) {
+    ouvrir(liste);
+    for (const numero p : triangle) {
+      const ads_point point = {mesh.points[p].x, mesh.points[p].y, mesh.points[p].z};
+      liste.ajouter(acutBuildList(RT3DPOINT, point, 0));
+    }
+    fermer(liste);
+  }
+}
+
 void ajouterTextes(plv::listeRb& liste, const std::vector<std::wstring>& textes) {
   ouvrir(liste);
   for (const std::wstring& texte : textes) liste.ajouter(acutBuildList(RTSTR, texte.c_str(), 0));
@@ -138,6 +149,30 @@ void et_terrain() {
         throw refus{L"aucun point, aucune ligne et aucune face dans les sources"};
       rendre(axes, regles, lue);
     }
+  } catch (const refus& r) {
+    rendreTexte(r.texte);
+  }
+}
+
+void et_triangles() {
+  plv::ArgsLisp args;
+  plv::commencerAppel(args);
+  const resbuf* sources = args.nieme(0);
+  reglesTerrain regles;
+  if (!sources || sources->restype != RTLB) return;
+  const resbuf* options = apresListe(sources);
+  const resbuf* nombre = !options ? nullptr : options->restype == RTLB ? apresListe(options) : options->rbnext;
+  if (!lireRegles(options, regles) || !plv::estEntier(nombre)) return;
+  try {
+    surfaceLue lue;
+    if (!lireSources(sources, regles, lue)) return;
+    if (lue.triangles > static_cast<std::size_t>(std::max(plv::valeurEntiere(nombre), 0)))
+      throw refus{compte(lue.triangles, L"triangle") + L", plus qu'il n'en est dessiné (" +
+                  std::to_wstring(plv::valeurEntiere(nombre)) + L"): limitez la source"};
+    plv::listeRb liste(acutBuildList(RTLB, 0));
+    for (const coupeMaillage* m : lue.maillages) ajouter(liste, m->mesh());
+    fermer(liste);
+    if (lue.triangles > 0) acedRetList(liste.tete());
   } catch (const refus& r) {
     rendreTexte(r.texte);
   }

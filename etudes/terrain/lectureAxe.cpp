@@ -12,6 +12,7 @@ namespace {
 
 constexpr double kEnPlan = 1e-9;       // of the normal of a curve that lies in the plan
 constexpr double kBoutsJoints = 1e-3;  // ends of a chain, metres
+constexpr double kPlusLoin = 1e11;     // no axis lies there, and no number is none
 constexpr int kProfondeurMax = 16;
 
 double sensDe(const AcGeVector3d& normale) {
@@ -141,7 +142,9 @@ axePlan axeDeCourbe(const AcDbEntity& entite) {
     axe = parPlaces(*courbe);
   }
   for (const sommetAxe& s : axe)
-    if (!std::isfinite(s.x) || !std::isfinite(s.y) || !std::isfinite(s.z) || !std::isfinite(s.bulbe)) return {};
+    if (!(std::abs(s.x) < kPlusLoin && std::abs(s.y) < kPlusLoin && std::abs(s.z) < kPlusLoin) ||
+        !std::isfinite(s.bulbe))
+      return {};
   return longueur(axe) > 0 ? axe : axePlan{};
 }
 

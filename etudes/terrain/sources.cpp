@@ -15,6 +15,7 @@
 #include "etudes/terrain/arguments.h"
 #include "etudes/terrain/lectureAxe.h"
 #include "module/support/base/lettres.h"
+#include "module/support/base/nombres.h"
 
 namespace etu {
 
@@ -180,11 +181,25 @@ bool lireSource(const resbuf*& noeud, source& s) {
   return true;
 }
 
+// No system has coordinates as great; numbers beyond it are a damaged file, and would cost all digits of the others.
+void exigerVraisemblables(const releve& r) {
+  constexpr double kPlusGrande = 1e11;  // millimetres, too
+  const auto exiger = [](const point3& p) {
+    if (std::abs(p.x) > kPlusGrande || std::abs(p.y) > kPlusGrande || std::abs(p.z) > kPlusGrande)
+      throw refus{L"coordonnée invraisemblable dans la surface: " + plv::texteFixe(p.x, 2) + L", " +
+                  plv::texteFixe(p.y, 2) + L", " + plv::texteFixe(p.z, 2)};
+  };
+  for (const point3& p : r.points) exiger(p);
+  for (const auto& face : r.faces)
+    for (const point3& p : face) exiger(p);
+}
+
 void faireSurfaces(travail& t) {
   releve& r = t.dessin.resultat();
   surfaceLue& lue = t.lue;
   lue.bilan = t.dessin.bilan();
   lue.points = r.points.size(), lue.segments = r.segments.size();
+  exigerVraisemblables(r);
   if (t.regles.pres > 0) {
     lue.pointsPres = std::move(r.points);
     return;
@@ -194,7 +209,9 @@ void faireSurfaces(travail& t) {
     if (mesh.triangles.empty())
       throw refus{L"aucun triangle de la surface n'a toutes ses arêtes plus courtes que la plus longue permise"};
     lue.triangles += mesh.triangles.size();
-    lue.surface.ajouter(std::make_unique<coupeMaillage>(std::move(mesh)));
+    auto coupable = std::make_unique<coupeMaillage>(std::move(mesh));
+    lue.maillages.push_back(coupable.get());
+    lue.surface.ajouter(std::move(coupable));
   };
   if (!r.faces.empty()) ajouter(maillageDe(r.faces));
   // Beside faces a few stray points make no surface, and needn't.

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "etudes/surfaces/cascade.h"
+#include "etudes/surfaces/coupeMaillage.h"
 #include "etudes/surfaces/limites.h"
 #include "etudes/terrain/collecte.h"
 #include "hote/adesk.h"
@@ -22,6 +23,7 @@ struct reglesTerrain {
 
 struct surfaceLue {
   cascade surface;
+  std::vector<const coupeMaillage*> maillages;  // those among it that have triangles
   bilanCollecte bilan;
   std::vector<point3> pointsPres;  // with `pres`
   std::vector<std::wstring> remarques;

@@ -5,7 +5,7 @@
 (setq plv-calques
   '(("PLV-PROFIL" 7 25) ("PLV-TN" 3 50) ("PLV-PLANS" 4 35) ("PLV-AXE" 7 25) ("PLV-RAPPELS" 8 13)
     ("PLV-MATRICE" 7 18) ("PLV-TITRES" 7 25) ("PLV-PROJET" 1 50) ("PLV-COTES" 1 18) ("PLV-PLAN" 6 25)
-    ("PLV-HACHURES" 7 13) ("PLV-LEGENDE" 7 18) ("PLV-COULOIR" 5 13) ("PLV-CONTROLE" 1 18)))
+    ("PLV-HACHURES" 7 13) ("PLV-LEGENDE" 7 18) ("PLV-COULOIR" 5 13) ("PLV-CONTROLE" 1 18) ("PLV-MNT" 8 9)))
 
 (setq plv-calques:cle "CALQUE")
 

@@ -113,7 +113,21 @@
   "The ground is known before the profile's own questions come."
   (if (and (setq plv-mnt:demande (plv-mnt:demander)) (setq plv-mnt:lu (plv-mnt-lire plv-mnt:demande)))
     (plv-nouveau-demander '(lambda () plv-mnt:lu) (itoa (plv-identifiant-libre)) 'plv-mnt-achever
-      (cons plv-mnt:demande plv-mnt:lu))))
+      (cons plv-mnt:demande plv-mnt:lu) (plv-mnt:insertion (plv-cle 'axe plv-mnt:lu)))))
+
+(defun plv-mnt:insertion (axe / points bas haut)
+  "Above the axis and what lies in the drawing, where that is far from the origin: a profile there would be out of sight. nil elsewhere."
+  (setq points (append axe (if (< (car (getvar "EXTMIN")) (car (getvar "EXTMAX"))) (list (getvar "EXTMIN") (getvar "EXTMAX")))))
+  (if points
+    (progn
+      (setq bas (list (apply 'min (mapcar 'car points)) (apply 'min (mapcar 'cadr points)))
+            haut (list (apply 'max (mapcar 'car points)) (apply 'max (mapcar 'cadr points))))
+      (if (> (distance bas '(0.0 0.0)) (* 10.0 (distance bas haut)))
+        (list (* 10.0 (fix (/ (car bas) 10.0))) (* 10.0 (fix (/ (+ (cadr haut) 300.0) 10.0))) 0.0)))))
+
+(defun plv-mnt:voir (/ sources)
+  (if (setq sources (plv-mnt-demander-sources))
+    (plv-mnt-voir (plv-mnt-demande nil nil 0.0 sources (plv-mnt-demander-options)))))
 
 (defun plv-mnt:controler (/ sources)
   (if (setq sources (plv-mnt-demander-sources))
@@ -124,24 +138,27 @@
   (if (setq sources (plv-mnt-demander-sources))
     (progn
       (setq options (plv-mnt-demander-options)
-            point (cond ((getpoint "\nPoint d'insertion du premier <0,0>: ")) ('(0.0 0.0 0.0)))
+            point (plv-demander-insertion "Point d'insertion du premier" (plv-mnt:insertion nil))
             echv (plv-demander-reel "Échelle verticale" 10.0)
             ttxt (plv-demander-reel "Hauteur de texte" 2.5))
       (plv-mnt-plusieurs calque (plv-mnt-demande nil nil 0.0 sources options) point echv ttxt
         (plv-demander-reel "Hauteur dessinée maximale" (* 60.0 ttxt))))))
 
 (defun plv-mnt:actualiser (/ profils)
-  (if (setq profils (plv-demander-profils)) (mapcar 'plv-mnt-actualiser profils)))
+  "One profile, or all that came of a surface."
+  (if (setq profils (plv-demander-profils))
+    (mapcar 'plv-mnt-actualiser (cond ((vl-remove-if-not 'plv-mnt-demande-gardee profils)) (profils)))))
 
 (defun c:plv-terrain (/ mot)
   "Crée un profil où un axe en plan traverse une surface: points, lignes, faces, fichiers."
-  (setq mot (plv-demander-mot "Terrain" '("Nouveau" "Plusieurs" "ACtualiser" "AJouter" "Retirer" "Contrôler" "Système") "Nouveau"))
+  (setq mot (plv-demander-mot "Terrain" '("Nouveau" "Plusieurs" "ACtualiser" "AJouter" "Retirer" "Voir" "Contrôler" "Système") "Nouveau"))
   (cond
     ((= mot "Nouveau") (plv-mnt:nouveau))
     ((= mot "Plusieurs") (plv-mnt:plusieurs))
     ((= mot "ACtualiser") (plv-mnt:actualiser))
     ((= mot "AJouter") (plv-mnt-demander-ajout))
     ((= mot "Retirer") (plv-mnt-demander-retrait))
+    ((= mot "Voir") (plv-mnt:voir))
     ((= mot "Contrôler") (plv-mnt:controler))
     ((= mot "Système") (plv-mnt-demander-systeme (cond ((plv-mnt-systeme) (et_systemes (plv-mnt-systeme))) (T (plv-mnt-systemes-du-dessin))))))
   (princ))

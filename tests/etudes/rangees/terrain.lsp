@@ -312,3 +312,20 @@
 ((wcmatch (et_terrain (list a) '(("fichier" "<dossier>j.asc")) nil) "<dossier>j.asc: lecture impossible*") T)
 (fichier "n.asc" "ncols deux\n")
 ((wcmatch (et_terrain (list a) '(("fichier" "<dossier>n.asc")) nil) "<dossier>n.asc: ce fichier n'est ni une liste de points*abîmé") T)
+
+(situation "TheTrianglesThemselves")
+(preparer (setq s (list (list "dessin" (jeu (append (carre) (list (point 50.0 50.0 125.0))))))))
+((length (et_triangles s nil 4)) 4)
+((vl-every '(lambda (tr) (member '(50.0 50.0 125.0) tr)) (et_triangles s nil 4)) T)
+((et_triangles s nil 3) "4 triangles, plus qu'il n'en est dessiné (3): limitez la source")
+((et_triangles '(("axe")) nil 3) nil)
+((et_triangles s nil) nil)
+
+;; numbers that no place has, of an axis and of points
+(situation "NumbersBeyondAllMeasure")
+((et_axe (jeu (list (polyligne '((0.0 0.0) (1e300 0.0)))))) "l'axe est de longueur nulle")
+(fichier "p.csv" "0 0 1\n1e300 0 1\n0 5 1\n")
+((wcmatch (et_terrain nil '(("fichier" "<dossier>p.csv")) nil) "coordonnée invraisemblable dans la surface: 1000*") T)
+(fichier "n.csv" "0 0 1\nnan 0 1\n0 5 1\n")
+((et_terrain nil '(("fichier" "<dossier>n.csv")) nil) "<dossier>n.csv, ligne 2 illisible: \"nan 0 1\"; x, y et z attendus, ou un nom puis x, y et z")
+(passe (et_terrain '(((0.0 0.0 0.0 0.0) (1e300 1e300 0.0 1e300))) (list (list "dessin" (jeu (carre)))) nil))

@@ -220,3 +220,17 @@
   (setq r (car (et_axes_fichier "<dossier>x.xml"))))
 ((equal (cadr r) '((10.0 10.0 0.0 0.0) (40.0 10.0 0.0 0.5) (60.0 40.0 0.0 -1.4966057627) (50.0 60.0 0.0 0.0)) 1e-7) T)
 ((list (car r) (caddr r)) ("T1" 500.0))
+
+(situation "TheSurfaceIsShown")
+(preparer (carre))
+(tape ("PLV-TERRAIN" "Voir" "Calques" "TOPO" "Non" "Continuer") "2 triangles sur le calque PLV-MNT.")
+(tape ("PLV-TERRAIN" "V" "C" "*" "N" "C") "2 triangles sur le calque PLV-MNT.")
+((sslength (ssget "X" '((8 . "PLV-MNT")))) 2)
+(refuse (plv-mnt-voir (plv-mnt-demande nil nil 0.0 '(("axe")) nil)) "cette source n'a pas de triangles")
+
+;; Far from the origin the profile is proposed above the plan, beside it at the origin.
+(situation "TheInsertionIsProposedInSight")
+(preparer (mapcar '(lambda (q) (point (+ 650000.0 (car q)) (+ 6860000.0 (cadr q)) 100.0)) '((0.0 0.0) (100.0 0.0) (100.0 100.0) (0.0 100.0)))
+          (trace '((650000.0 6860030.0) (650100.0 6860030.0))))
+(tape ("PLV-TERRAIN" "N" "D" "L" "" "0" "T" "C" "TOPO" "N" "C" "T1" "" "10" "2.5" "150" "A") "Point d'insertion <650000,6860400>: ")
+((equal (plv-origine (plv-profil-de-numero "T1")) '(650000.0 6860400.0 0.0) 1e-6) T)
