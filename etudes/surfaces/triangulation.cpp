@@ -69,10 +69,8 @@ class Triangulation : public Base {
   }
 
   void insererSegments(const std::vector<std::pair<numero, numero>>& segments) {
-    for (const auto& [a, b] : segments) {
-      m_debut = m_sommets[a], m_fin = m_sommets[b];
-      if (m_debut != m_fin) insert_constraint(m_debut, m_fin);
-    }
+    for (const auto& [a, b] : segments)
+      if (m_sommets[a] != m_sommets[b]) insert_constraint(m_sommets[a], m_sommets[b]);
     for (const auto& [a, b] : segments) comparer(m_sommets[a], m_sommets[b]);
   }
 
@@ -90,14 +88,20 @@ class Triangulation : public Base {
   }
 
  protected:
-  // The edge (f, i) of an earlier breakline is crossed by that from m_debut to m_fin.
+  // The edge (f, i) of an earlier breakline is crossed by the run from vaa to vbb of a later one. The base inserts a vertex there, then the
+  // parts of the earlier one again, which may cross others: the vertex needs its altitude at once.
   Vertex_handle intersect(Face_handle f, int i, Vertex_handle vaa, Vertex_handle vbb) override {
-    const Vertex_handle c = f->vertex(cw(i)), d = f->vertex(ccw(i));
-    const Vertex_handle v = Base::intersect(f, i, vaa, vbb);
+    m_croisees = {f->vertex(cw(i)), f->vertex(ccw(i)), vaa, vbb};
+    return Base::intersect(f, i, vaa, vbb);
+  }
+
+  Vertex_handle virtual_insert(const Point& p, Face_handle depart) override {
+    const Vertex_handle v = Base::virtual_insert(p, depart);
     if (v->info().rang != kAucun || v->info().croisement) return v;
-    const double ancienne = altitudeSur(c->point(), c->info().z, d->point(), d->info().z, v->point());
-    const double nouvelle =
-        altitudeSur(m_debut->point(), m_debut->info().z, m_fin->point(), m_fin->info().z, v->point());
+    const auto altitude = [&](Vertex_handle a, Vertex_handle b) {
+      return altitudeSur(a->point(), a->info().z, b->point(), b->info().z, v->point());
+    };
+    const double ancienne = altitude(m_croisees[0], m_croisees[1]), nouvelle = altitude(m_croisees[2], m_croisees[3]);
     m_contradictions.ajouter(desaccord::lignesCroisees, v->point().x(), v->point().y(), ancienne, nouvelle);
     v->info() = {0.5 * (ancienne + nouvelle), kAucun, true};
     return v;
@@ -133,8 +137,8 @@ class Triangulation : public Base {
     return mieux;
   }
 
-  std::vector<Vertex_handle> m_sommets;  // of the points as they were given
-  Vertex_handle m_debut, m_fin;          // of the breakline that is being inserted
+  std::vector<Vertex_handle> m_sommets;     // of the points as they were given
+  std::array<Vertex_handle, 4> m_croisees;  // the ends of the two runs that cross
   listeContradictions& m_contradictions;
 };
 

@@ -6,7 +6,8 @@
 Each run draws points and an axis of straight runs and arcs, has the program cut the surface and compares, at every vertex of the
 profile and between them, with the altitude that SciPy's triangulation has there; where there is none the profile has a gap. Then
 the thinned profile is compared with the whole one. Of surfaces with a ridge the formula is known: a breakline has to hold it. Grids are
-compared with SciPy's bilinear interpolation, clothoids of LandXML with its Fresnel integrals.
+compared with SciPy's bilinear interpolation, clothoids of LandXML with its Fresnel integrals; points and lines
+that coincide on a net of whole numbers with their plane.
 A fault names the seed with which it comes back.
 """
 import argparse
@@ -21,6 +22,9 @@ import numpy
 from scipy.interpolate import LinearNDInterpolator, RegularGridInterpolator
 from scipy.spatial import Delaunay
 from scipy.special import fresnel
+
+# Played in every run: breaklines whose parts cross others when they are laid again had vertices without altitude.
+KNOWN = (300174, 300184)
 
 PRINT = """
 (defun dire (p) (foreach m (cdr p) (princ "M\\n") (foreach q m (princ (strcat (rtos (car q) 2 9) " " (rtos (cadr q) 2 9) "\\n")))))
@@ -54,7 +58,7 @@ def play(kavel, folder, lines):
         elif line == "M":
             pieces.append([])
         elif line.startswith("E "):
-            raise SystemExit(line)
+            raise AssertionError(line)
         elif line and line != "VIDE":
             pieces[-1].append(tuple(float(v) for v in line.split()))
     return answers
@@ -62,11 +66,11 @@ def play(kavel, folder, lines):
 
 def place(axis, station):
     """The point of an axis at a station, from its centre and angles."""
-    for (x0, y0, bulge), (x1, y1, _) in zip(axis, axis[1:]):
+    for number, ((x0, y0, bulge), (x1, y1, _)) in enumerate(zip(axis, axis[1:]), 2):
         chord = math.hypot(x1 - x0, y1 - y0)
         opening = 4 * math.atan(bulge)
         length = chord if bulge == 0 else chord / (2 * math.sin(abs(opening) / 2)) * abs(opening)
-        if station <= length or (x1, y1) == axis[-1][:2]:
+        if station <= length or number == len(axis):
             part = min(1.0, station / length)
             if bulge == 0:
                 return x0 + part * (x1 - x0), y0 + part * (y1 - y0)
@@ -261,6 +265,37 @@ def check_clothoid(rng, kavel, folder, arcs):
         assert math.hypot(x - a, y - b) < 1e-3, f"at {s}: {math.hypot(x - a, y - b)} m off"
 
 
+def check_degenerate(rng, kavel, folder, arcs):
+    """Points and breaklines on a small net of whole numbers, on a plane: they coincide, overlap, cross and run through one another, and the
+    axis runs along them. The plane comes out whole, and nothing contradicts itself."""
+    side, ox, oy = rng.randint(2, 6), rng.choice((0, 652000)), rng.choice((0, 6862000))
+    slope, fall = rng.randint(-4, 4) / 8, rng.randint(-4, 4) / 8
+    ground = lambda x, y: 100 + slope * (x - ox) + fall * (y - oy)
+    spot = lambda: (ox + rng.randint(0, side), oy + rng.randint(0, side))
+    corners = [(ox, oy), (ox + side, oy), (ox + side, oy + side), (ox, oy + side)]
+    points = corners + [spot() for _ in range(rng.randint(0, 30))]
+    make = [f"(entmake '((0 . \"POINT\") (10 {float(x)} {float(y)} {ground(x, y)!r})))" for x, y in points]
+    for _ in range(rng.randint(0, 12)):
+        (x0, y0), (x1, y1) = spot(), spot()
+        make.append(f"(entmake '((0 . \"LINE\") (10 {float(x0)} {float(y0)} {ground(x0, y0)!r}) (11 {float(x1)} {float(y1)} {ground(x1, y1)!r})))")
+    axis = [(*spot(), 0)]
+    for _ in range(rng.randint(1, 5)):
+        x, y = spot()
+        if (x, y) != axis[-1][:2]:
+            axis.append((x, y, 0))
+    if len(axis) < 2:
+        return
+    (pieces,) = play(kavel, folder, make + [
+        f"(setq c (et_terrain nil (list (list \"dessin\" (ssget \"X\"))) nil)) (if (cadr c) (princ (strcat \"E \" (vl-prin1-to-string (cadr c)) \"\\n\")))",
+        f"(essayer {lisp_axis(axis)} (list (list \"dessin\" (ssget \"X\"))) '((\"tolerance\" 0)))"])
+    total = length_of(axis)
+    assert len(pieces) == 1 and abs(pieces[0][-1][0] - total) < 1e-6 and pieces[0][0][0] == 0, f"{len(pieces)} pieces under an axis of {total}"
+    for station in stations(rng, pieces, total):
+        x, y = place(axis, min(station, total))
+        found = at(pieces, min(station, pieces[0][-1][0]))
+        assert abs(found - ground(x, y)) < 1e-6, f"at {station}: {found}, the plane has {ground(x, y)}"
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("kavel")
@@ -268,9 +303,9 @@ def main():
     parser.add_argument("--seed", type=int, default=random.SystemRandom().randrange(10**6))
     options = parser.parse_args()
     faults = 0
-    for seed in range(options.seed, options.seed + options.runs):
+    for seed in (*KNOWN, *range(options.seed, options.seed + options.runs)):
         rng = random.Random(seed)
-        check = (check_points, check_ridge, check_points, check_grid, check_clothoid)[seed % 5]
+        check = (check_points, check_ridge, check_grid, check_clothoid, check_degenerate)[seed % 5]
         with tempfile.TemporaryDirectory() as folder:
             try:
                 check(rng, options.kavel, folder, arcs=rng.random() < 0.5)
