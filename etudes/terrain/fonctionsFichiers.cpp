@@ -17,27 +17,41 @@ struct axeNomme {
   double depart = 0;
 };
 
-void passer(axePlan& axe, const std::string& de, const std::string& a, const std::wstring& chemin) {
-  if (de.empty()) return;
-  if (a.empty()) {
-    const auto connu = systemeDe(de);
-    if (connu && connu->geographique)
-      throw refus{chemin + L": ce fichier est en degrés (" + connu->nom +
-                  L"); indiquez le système de coordonnées du dessin (PLV-TERRAIN Système)"};
-    return;
+// From the system that a file tells to that of the drawing; made once for as many axes as have the same.
+class versLeDessin {
+ public:
+  versLeDessin(const std::wstring& chemin, const std::string& dessin) : m_chemin(chemin), m_dessin(dessin) {}
+  void passer(axePlan& axe, const std::string& de) {
+    if (de != m_de) m_passage = passageDe(m_de = de);
+    for (sommetAxe& s : axe)
+      if (!m_passage.identique() && !m_passage.aller(s.x, s.y))
+        throw refus{m_chemin + L": des coordonnées sont hors de leur système"};
   }
-  const passage p = passageEntre(de, a);
-  for (sommetAxe& s : axe)
-    if (!p.identique() && !p.aller(s.x, s.y)) throw refus{chemin + L": des coordonnées sont hors de leur système"};
-}
+
+ private:
+  passage passageDe(const std::string& de) const {
+    if (de.empty()) return {};
+    if (!m_dessin.empty()) return passageEntre(de, m_dessin);
+    if (const auto connu = systemeDe(de); connu && connu->geographique)
+      throw refus{m_chemin + L": ce fichier est en degrés (" + connu->nom +
+                  L"); indiquez le système de coordonnées du dessin (PLV-TERRAIN Système)"};
+    return {};
+  }
+
+  const std::wstring& m_chemin;
+  const std::string& m_dessin;
+  std::string m_de;
+  passage m_passage;
+};
 
 std::vector<axeNomme> axesLandXml(const std::wstring& chemin, const std::string& systeme) {
   landXmlLu lu = lireLandXml(chemin);
   if (lu.axes.empty())
     throw refus{lu.laisses.empty() ? chemin + L": aucun tracé en plan (élément CoordGeom)" : lu.laisses.front()};
   std::vector<axeNomme> axes;
+  versLeDessin vers(chemin, systeme);
   for (axeLandXml& a : lu.axes) {
-    passer(a.axe, lu.systeme, systeme, chemin);
+    vers.passer(a.axe, lu.systeme);
     axes.push_back({std::move(a.nom), std::move(a.axe), a.depart});
   }
   return axes;
@@ -49,10 +63,11 @@ std::vector<axeNomme> axesDe(const std::wstring& chemin, const std::string& syst
   if (n != nature::vecteur)
     throw refus{chemin + L": ce fichier n'a pas de lignes; LandXML, GeoJSON, GPX, KML, Shapefile et GeoPackage en ont"};
   std::vector<axeNomme> axes;
+  versLeDessin vers(chemin, systeme);
   for (const objetVecteur& objet : lireVecteur(chemin)) {
     axePlan axe;
     for (const point3& p : objet.sommets) axe.push_back({p.x, p.y, objet.altitudes ? p.z : 0, 0});
-    passer(axe, objet.systeme, systeme, chemin);
+    vers.passer(axe, objet.systeme);
     if (longueur(axe) > 0) axes.push_back({objet.nom, std::move(axe)});
   }
   if (axes.empty()) throw refus{chemin + L": aucune ligne dans ce fichier"};

@@ -1,5 +1,7 @@
-// One row for each kind of source and of option; points, lines and faces of all sources are gathered before they become surfaces.
+// One row for each kind of source; points, lines and faces of all sources are gathered before they become surfaces.
 #include "etudes/terrain/sources.h"
+
+#include <optional>
 
 #include "etudes/fichiers/landxml.h"
 #include "etudes/fichiers/listePoints.h"
@@ -13,7 +15,6 @@
 #include "etudes/surfaces/coupeTransformee.h"
 #include "etudes/surfaces/triangulation.h"
 #include "etudes/terrain/arguments.h"
-#include "etudes/terrain/lectureAxe.h"
 #include "module/support/base/lettres.h"
 #include "module/support/base/nombres.h"
 
@@ -90,6 +91,8 @@ void prendrePoints(const source& s, travail& t) {
 void prendreVecteur(const source& s, travail& t) {
   releve& r = t.dessin.resultat();
   std::size_t sansAltitude = 0, prises = 0;
+  std::optional<passage> p;  // of the system of the object before
+  std::string systeme;
   for (const objetVecteur& objet : lireVecteur(s.chemin)) {
     if (!objet.altitudes) {
       ++sansAltitude;
@@ -97,7 +100,8 @@ void prendreVecteur(const source& s, travail& t) {
     }
     const std::size_t avant = r.points.size();
     r.points.insert(r.points.end(), objet.sommets.begin(), objet.sommets.end());
-    passer(r.points, avant, passageDe(s, objet.systeme, t), s);
+    if (!p || objet.systeme != systeme) p = passageDe(s, systeme = objet.systeme, t);
+    passer(r.points, avant, *p, s);
     for (std::size_t i = avant; i + 1 < r.points.size(); ++i)
       r.segments.emplace_back(static_cast<numero>(i), static_cast<numero>(i + 1));
     ++prises;
@@ -223,79 +227,7 @@ void faireSurfaces(travail& t) {
   for (auto& grille : t.grilles) lue.surface.ajouter(std::move(grille));
 }
 
-std::vector<axePlan> contoursDe(const resbuf* noeud) {
-  std::vector<axePlan> contours;
-  for (const AcDbObjectId id : entitesDe(noeud)) {
-    const AcDbEntityPointer entite(id);
-    if (entite.openStatus() != Acad::eOk) continue;
-    if (axePlan contour = axeDeCourbe(*entite); contour.size() > 2) contours.push_back(std::move(contour));
-  }
-  return contours;
-}
-
-struct genreOption {
-  const wchar_t* nom;
-  bool (*prendre)(const resbuf* valeur, reglesTerrain& regles);
-};
-
-bool positif(const resbuf* noeud, double& valeur) {
-  if (!plv::estNombre(noeud) || !(plv::valeurReelle(noeud) >= 0)) return false;
-  valeur = plv::valeurReelle(noeud);
-  return true;
-}
-
-constexpr genreOption kOptions[] = {
-    {L"tolerance", [](const resbuf* n, reglesTerrain& r) { return positif(n, r.tolerance); }},
-    {L"arete", [](const resbuf* n, reglesTerrain& r) { return positif(n, r.arete); }},
-    {L"pres", [](const resbuf* n, reglesTerrain& r) { return positif(n, r.pres); }},
-    {L"systeme",
-     [](const resbuf* n, reglesTerrain& r) {
-       r.systeme = plv::nomDeFichier(plv::valeurTexte(n));
-       return plv::estChaine(n);
-     }},
-    {L"attribut",
-     [](const resbuf* n, reglesTerrain& r) {
-       r.collecte.attribut = plv::valeurTexte(n);
-       return plv::estChaine(n);
-     }},
-    {L"zero",
-     [](const resbuf* n, reglesTerrain& r) {
-       r.collecte.zeroCompris = n->restype != RTNIL;
-       return true;
-     }},
-    {L"contour",
-     [](const resbuf* n, reglesTerrain& r) {
-       r.bornes.contours = contoursDe(n);
-       r.collecte.ecartees.append(entitesDe(n));
-       return !r.bornes.contours.empty();
-     }},
-    {L"trous",
-     [](const resbuf* n, reglesTerrain& r) {
-       r.bornes.trous = contoursDe(n);
-       r.collecte.ecartees.append(entitesDe(n));
-       return !r.bornes.trous.empty();
-     }},
-    {L"sauf",
-     [](const resbuf* n, reglesTerrain& r) {
-       r.collecte.ecartees.append(entitesDe(n));
-       return true;
-     }},
-};
-
 }  // namespace
-
-bool lireRegles(const resbuf* noeud, reglesTerrain& regles) {
-  if (!noeud || noeud->restype == RTNIL) return true;
-  if (noeud->restype != RTLB) return false;
-  for (noeud = noeud->rbnext; noeud && noeud->restype == RTLB; noeud = apresListe(noeud)) {
-    if (!plv::estChaine(noeud->rbnext) || !noeud->rbnext->rbnext) return false;
-    const std::wstring nom = plv::valeurTexte(noeud->rbnext);
-    const auto* option =
-        std::find_if(std::begin(kOptions), std::end(kOptions), [&](const genreOption& o) { return nom == o.nom; });
-    if (option == std::end(kOptions) || !option->prendre(noeud->rbnext->rbnext, regles)) return false;
-  }
-  return noeud && noeud->restype == RTLE;
-}
 
 bool lireSources(const resbuf* noeud, const reglesTerrain& regles, surfaceLue& lue) {
   if (!noeud || noeud->restype != RTLB) return false;
