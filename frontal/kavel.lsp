@@ -38,7 +38,7 @@
     (saisie (base profil projet echange)
      plv-nouveau plv-projet-fichier plv-projet-questions)
     (mnt (base profil plan changements tableaux echange saisie)
-     plv-mnt-systeme plv-mnt-demande plv-mnt-coupe plv-mnt-profil plv-mnt-plusieurs plv-mnt-actualiser plv-mnt-controle plv-mnt-voir plv-mnt-autres
+     plv-mnt-systeme plv-mnt-demande plv-mnt-coupe plv-mnt-profil plv-mnt-plusieurs plv-mnt-observations plv-mnt-actualiser plv-mnt-controle plv-mnt-voir plv-mnt-autres
      plv-mnt-questions)
     (feuilles (base profil tableaux metres)
      plv-encarts plv-feuilles)

@@ -45,6 +45,10 @@ constexpr ligneFonction kTable[] = {
      L"première, ou à l'inverse pour T. Une chaîne dit pourquoi elles n'en font pas un."},
     {L"et_axe_depuis", et_axe_depuis, L"(et_axe_depuis axe distance)",
      L"L'axe à partir d'une distance, de la même forme."},
+    {L"et_rencontres", et_rencontres, L"(et_rencontres axe jeu distance)",
+     L"Ce qu'un axe rencontre: une liste de (distance nom), une ligne qui le croise ayant le nom de son calque, un "
+     L"bloc ou un texte à cette "
+     L"distance au plus celui de son attribut ou de son texte. nil sans rien."},
     {L"et_fichier", et_fichier, L"(et_fichier chemin)",
      L"Ce qu'est un fichier d'après son contenu: (\"points\"), (\"grille\"), (\"vecteur\") ou (\"landxml\"), puis, "
      L"quand il dit son système de coordonnées, T "

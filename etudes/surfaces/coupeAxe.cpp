@@ -50,4 +50,13 @@ morceau profilDesPoints(const std::vector<piedAxe>& pieds, const std::vector<poi
   return m.size() < 2 ? morceau{} : m;
 }
 
+std::optional<double> piedLePlusProche(const std::vector<piedAxe>& pieds, const point3& point, double distance) {
+  pied meilleur{distance, 0, 0}, p{};
+  bool trouve = false;
+  for (std::size_t i = 0; i + 1 < pieds.size(); ++i)
+    if (piedSur(pieds[i], pieds[i + 1], point, i == 0, i + 2 == pieds.size(), p) && p.ecart <= meilleur.ecart)
+      meilleur = p, trouve = true;
+  return trouve ? std::optional(meilleur.station) : std::nullopt;
+}
+
 }  // namespace etu

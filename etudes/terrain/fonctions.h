@@ -6,6 +6,7 @@ namespace etu {
 
 void et_axe();
 void et_axe_depuis();
+void et_rencontres();
 void et_axes_fichier();
 void et_fichier();
 void et_surfaces();

@@ -1,7 +1,8 @@
-// et_axe: curves of the drawing as one axis in plan. et_axe_depuis: the rest of an axis from a distance on.
+// et_axe: curves of the drawing as one axis in plan. et_axe_depuis: the rest of an axis from a distance on. et_rencontres: what it meets.
 #include "etudes/terrain/arguments.h"
 #include "etudes/terrain/fonctions.h"
 #include "etudes/terrain/lectureAxe.h"
+#include "etudes/terrain/rencontres.h"
 
 namespace etu {
 
@@ -52,6 +53,21 @@ void et_axe_depuis() {
   if (!lireAxe(noeud, axe) || !plv::estNombre(noeud)) return;
   axe = depuis(axe, plv::valeurReelle(noeud));
   if (axe.size() > 1) rendreAxe(axe);
+}
+
+void et_rencontres() {
+  plv::ArgsLisp args;
+  plv::commencerAppel(args);
+  const resbuf* noeud = args.nieme(0);
+  axePlan axe;
+  if (!lireAxe(noeud, axe) || !noeud || !plv::estNombre(noeud->rbnext)) return;
+  const std::vector<rencontre> trouvees = rencontresDe(cordes(axe), entitesDe(noeud), plv::valeurReelle(noeud->rbnext));
+  if (trouvees.empty()) return;
+  plv::listeRb liste(acutBuildList(RTLB, 0));
+  for (const rencontre& r : trouvees)
+    liste.ajouter(acutBuildList(RTLB, RTREAL, r.distance, RTSTR, r.nom.c_str(), RTLE, 0));
+  liste.ajouter(acutBuildList(RTLE, 0));
+  acedRetList(liste.tete());
 }
 
 }  // namespace etu

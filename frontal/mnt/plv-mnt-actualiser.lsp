@@ -79,6 +79,7 @@
        (progn
          (plv-mnt:refaire-axe profil demande terrain)
          (plv-refaire-tables profil)
+         (if (plv-mnt-observations-gardees profil) (apply 'plv-mnt-observer (cons profil (plv-mnt-observations-gardees profil))))
          (plv-mnt:dire-ecarts profil anciens (plv-points-tn profil))
          (plv-mnt:dire-suites profil)
          profil)))))

@@ -151,13 +151,14 @@
 
 (defun c:plv-terrain (/ mot)
   "Crée un profil où un axe en plan traverse une surface: points, lignes, faces, fichiers."
-  (setq mot (plv-demander-mot "Terrain" '("Nouveau" "Plusieurs" "ACtualiser" "AJouter" "Retirer" "Voir" "Contrôler" "Système") "Nouveau"))
+  (setq mot (plv-demander-mot "Terrain" '("Nouveau" "Plusieurs" "ACtualiser" "AJouter" "Retirer" "Observations" "Voir" "Contrôler" "Système") "Nouveau"))
   (cond
     ((= mot "Nouveau") (plv-mnt:nouveau))
     ((= mot "Plusieurs") (plv-mnt:plusieurs))
     ((= mot "ACtualiser") (plv-mnt:actualiser))
     ((= mot "AJouter") (plv-mnt-demander-ajout))
     ((= mot "Retirer") (plv-mnt-demander-retrait))
+    ((= mot "Observations") (plv-mnt-demander-observations))
     ((= mot "Voir") (plv-mnt:voir))
     ((= mot "Contrôler") (plv-mnt:controler))
     ((= mot "Système") (plv-mnt-demander-systeme (cond ((plv-mnt-systeme) (et_systemes (plv-mnt-systeme))) (T (plv-mnt-systemes-du-dessin))))))

@@ -234,3 +234,19 @@
           (trace '((650000.0 6860030.0) (650100.0 6860030.0))))
 (tape ("PLV-TERRAIN" "N" "D" "L" "" "0" "T" "C" "TOPO" "N" "C" "T1" "" "10" "2.5" "150" "A") "Point d'insertion <650000,6860400>: ")
 ((equal (plv-origine (plv-profil-de-numero "T1")) '(650000.0 6860400.0 0.0) 1e-6) T)
+
+;; A road that crosses, a block and a text near the axis; the point that they name lies on the ground. Asked again it is the same.
+(situation "WhatTheAxisMeetsBecomesObservations")
+(preparer
+  (carre) (setq a (trace '((0.0 30.0) (100.0 30.0))) p (surface a))
+  (entmake '((0 . "LINE") (8 . "RD 12") (10 25.0 0.0 0.0) (11 25.0 90.0 0.0)))
+  (entmake '((0 . "TEXT") (8 . "OBJETS") (10 60.0 31.5 0.0) (40 . 1.0) (1 . "Chêne")))
+  (entmake '((0 . "TEXT") (8 . "OBJETS") (10 70.0 40.0 0.0) (40 . 1.0) (1 . "Loin")))
+  (defun noms () (mapcar '(lambda (q) (list (car q) (cadr q) (caddr q))) (plv-points-nommes p))))
+(tape ("PLV-TERRAIN" "Observations" "RD*,OBJETS" "2") "2 observations: RD 12 à 525.00, Chêne à 560.00.")
+((equal (noms) '((0.0 100.0 "") (25.0 102.5 "RD 12") (60.0 106.0 "Chêne") (100.0 110.0 "")) 1e-9) T)
+((plv-mnt-observer p "RD*,OBJETS" 2.0) 2)
+((length (noms)) 4)
+(preparer (entmod (subst '(10 100.0 40.0) '(10 100.0 30.0) (subst '(10 0.0 40.0) '(10 0.0 30.0) (entget a)))))
+(dit (plv-mnt-actualiser p) "2 observations: RD 12 à 525.00, Loin à 570.00.")
+(refuse (plv-mnt-observer p "RIEN" 2.0) "l'axe ne rencontre rien sur les calques RIEN")
