@@ -16,6 +16,11 @@ add_library(kavel_occt INTERFACE)
 target_include_directories(kavel_occt SYSTEM INTERFACE ${OpenCASCADE_INCLUDE_DIR})
 target_link_libraries(kavel_occt INTERFACE TKG2d TKG3d TKGeomBase TKGeomAlgo TKBRep TKMath TKernel)
 
+# Of what studies of the ground stand on, a build without it says so and does the rest.
+find_package(CGAL QUIET)
+find_package(GDAL CONFIG QUIET)
+find_package(PROJ CONFIG QUIET)
+
 if(KAVEL_DESKTOP)
   find_package(Qt6 COMPONENTS Widgets REQUIRED)
   find_package(Threads REQUIRED)

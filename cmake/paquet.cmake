@@ -52,6 +52,6 @@ set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-osifont, fontconfig")
 if(KAVEL_DESKTOP)
   string(APPEND CPACK_DEBIAN_PACKAGE_DEPENDS ", qt6-translations-l10n")  # Qt's own texts in French
 endif()
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "parallel")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "parallel, libgdal32, libproj25, proj-data")  # the last ones are loaded when a file needs them
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "nodejs, npm, python3-ezdxf")
 include(CPack)

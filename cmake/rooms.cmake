@@ -30,3 +30,30 @@ function(kavel_room room)
     target_link_libraries(${target} INTERFACE hote ${ARGN})
   endif()
 endfunction()
+
+# kavel_without(target FOUND file): a source that needs a library which may be missing has a twin, its name with Absente behind it, that
+# says so. One of both is built: the source itself where the variable FOUND is true.
+function(kavel_without target found file)
+  set(left ${file}Absente)
+  if(NOT ${found})
+    set(left ${file})
+  endif()
+  get_target_property(sources ${target} SOURCES)
+  list(FILTER sources EXCLUDE REGEX "/${left}\\.cpp$")
+  set_property(TARGET ${target} PROPERTY SOURCES ${sources})
+endfunction()
+
+# kavel_loaded_later(target library NAME): the target includes the library's headers, but loads the library itself when it needs it, by the
+# file name that the macro NAME holds ("libgdal.so.32").
+function(kavel_loaded_later target library name)
+  get_target_property(headers ${library} INTERFACE_INCLUDE_DIRECTORIES)
+  if(headers)
+    target_include_directories(${target} SYSTEM PRIVATE ${headers})
+  endif()
+  get_target_property(path ${library} LOCATION)
+  get_filename_component(path ${path} REALPATH)
+  get_filename_component(file ${path} NAME)
+  string(REGEX REPLACE "(\\.so\\.[0-9]+).*$" "\\1" file ${file})
+  target_compile_definitions(${target} PRIVATE ${name}="${file}")
+  target_link_libraries(${target} PRIVATE ${CMAKE_DL_LIBS})
+endfunction()

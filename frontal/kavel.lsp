@@ -10,19 +10,19 @@
      plv-vraisemblance plv-terrain)
     (profil (base)
      plv-genres plv-plans plv-cadre plv-terrain-profil plv-profil plv-profils plv-appartenance plv-chaines plv-reparer
-     plv-reparer-contenu plv-habillage plv-rappels
+     plv-reparer-contenu plv-habillage plv-rappels plv-terrains
      plv-elements plv-cotes-posees plv-pentes plv-statiques plv-blocs)
     (portes (base profil)
      plv-cubiques plv-formes plv-formes-coupe plv-formes-ecriture plv-portes plv-remise)
     (plan (base profil portes)
      plv-axe plv-vers-plan)
     (changements (base profil portes)
-     plv-pc)
+     plv-pc plv-changer-terrain)
     (projet (base profil portes)
      plv-raccords plv-parties plv-trace plv-sommets plv-projet plv-associer)
     (tableaux (base profil plan)
      plv-types plv-definitions plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet
-     plv-remplissage-plan plv-devers plv-remplissage-blocs plv-matrices plv-ligne-seule)
+     plv-remplissage-terrains plv-remplissage-plan plv-devers plv-remplissage-blocs plv-matrices plv-ligne-seule)
     (cotes (base profil portes)
      plv-cotes)
     (gestes (base profil portes cotes)
@@ -33,10 +33,13 @@
     (optimal (base profil projet)
      plv-optimal-bande plv-optimal-rapport plv-optimal plv-optimal-couloir plv-optimal-rangees plv-optimal-contraintes plv-optimal-prix
      plv-optimal-souhait plv-variantes plv-optimal-sommets plv-optimal-cout plv-optimal-questions)
-    (echange (base terrain profil projet)
+    (echange (base terrain profil plan projet)
      plv-landxml plv-landxml-projet plv-landxml-terrain plv-export)
     (saisie (base profil projet echange)
      plv-nouveau plv-projet-fichier plv-projet-questions)
+    (mnt (base profil plan changements tableaux echange saisie)
+     plv-mnt-systeme plv-mnt-demande plv-mnt-coupe plv-mnt-profil plv-mnt-plusieurs plv-mnt-observations plv-mnt-actualiser plv-mnt-controle plv-mnt-voir plv-mnt-autres
+     plv-mnt-questions)
     (feuilles (base profil tableaux metres)
      plv-encarts plv-feuilles)
     (controle (base profil tableaux echange)

@@ -75,14 +75,17 @@ HOUSES = {
         "base": "",
         "optimal": "base",
         "cout": "optimal",
-        "porte": "optimal cout",
+        "surfaces": "",
+        "fichiers": "surfaces",
+        "terrain": "surfaces fichiers",
+        "porte": "optimal cout terrain",
     },
     "programs": {"": ""},
 }
 
 # Houses, or rooms of theirs, that a house may include beside the street.
 NEIGHBOURS = {
-    "etudes": ("module/commande/arguments", "module/support/courbes", "module/support/dessin", "module/profil"),
+    "etudes": ("module/commande/arguments", "module/support/base", "module/support/courbes", "module/support/dessin", "module/profil"),
     "programs": ("atelier", "module", "etudes"),
 }
 

@@ -30,11 +30,18 @@ struct Vertex {
 struct Project {
   std::string name;
   std::vector<Vertex> vertices;
+  bool bare = false;  // read without its curves, which can't be drawn
+};
+
+// A vertex of the plan geometry, x east; the bulge is that of the segment which begins here.
+struct PlanVertex {
+  double x = 0, y = 0, bulge = 0;
 };
 
 struct Alignment {
   std::string name;
   double start = 0;
+  std::vector<PlanVertex> plan;  // written only: other rooms read it as an axis
   std::vector<Ground> grounds;
   std::vector<Project> projects;
 };
@@ -46,8 +53,9 @@ struct LandXml {
 };
 
 // Reads LandXML 1.0, 1.1, 1.2 and InfraModel files: elements are known by their local names, whatever the namespace.
-// Throws FileError when the file can't be read, Error with alignment, element and station when a value is malformed, a
-// station goes back, a vertical curve has no room, or no radius.
+// A malformed value, a station that goes back, a vertical curve without room or radius costs its ground or line only: it is told among the
+// warnings, with alignment, element and station. Throws FileError when the file can't be read, and the first of these faults as an Error
+// when nothing is left.
 LandXml readLandXml(const std::string& path);
 
 // Writes LandXML 1.2 in metres, numbers to the nanometre; a circle's radius is positive in a sag. An existing file

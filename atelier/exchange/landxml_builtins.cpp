@@ -1,7 +1,7 @@
 // landxml-lire and landxml-ecrire: LandXML as plain lists.
 // An alignment is ((nom . "A") (origine . 0.0) (terrains ground ...) (projets project ...)), a ground
 // ((nom . "TN") (etat . "existing") (troncons ((station altitude) ...) ...)), a project line ((nom . "P") (sommets vertex
-// ...)). A vertex is (station altitude), followed by "P" and a length, "U" and two lengths, or "C", a radius and an arc.
+// ...)). An alignment that is written may have (plan (x y bulge) ...). A vertex is (station altitude), followed by "P" and a length, "U" and two lengths, or "C", a radius and an arc.
 #include <array>
 #include <filesystem>
 
@@ -55,7 +55,7 @@ Value groundValue(Interpreter& in, const Ground& ground) {
 
 Value projectValue(Interpreter& in, const Project& project) {
   return in.list(
-      {keyed(in, "NOM", in.string(project.name)),
+      {keyed(in, "NOM", in.string(project.name)), keyed(in, "NU", project.bare ? in.symbol("T") : lisp::nil),
        keyed(in, "SOMMETS", listOf(in, project.vertices, [&](const Vertex& v) { return vertexValue(in, v); }))});
 }
 
@@ -150,6 +150,11 @@ Alignment alignmentOf(Interpreter& in, Value list) {
   Alignment alignment;
   alignment.name = textUnder(in, list, "NOM");
   if (const Value start = under(in, list, "ORIGINE")) alignment.start = lisp::numberArgument(in, start);
+  for (const Value vertex : Items(under(in, list, "PLAN"))) {
+    const std::vector<double> numbers = numbersOf(in, vertex);
+    if (numbers.size() < 3) in.failType("x, y et bulbe", vertex);
+    alignment.plan.push_back({numbers[0], numbers[1], numbers[2]});
+  }
   for (const Value ground : Items(under(in, list, "TERRAINS"))) alignment.grounds.push_back(groundOf(in, ground));
   for (const Value project : Items(under(in, list, "PROJETS"))) alignment.projects.push_back(projectOf(in, project));
   return alignment;

@@ -60,7 +60,8 @@ std::optional<std::string> completeCircle(Vertex& v, double in, double out, cons
 std::optional<CurveFault> complete(Project& project, const std::string& where, std::vector<std::string>& warnings) {
   auto& v = project.vertices;
   for (std::size_t i = 1; i < v.size(); ++i)
-    if (v[i].at.station - v[i - 1].at.station < kSameStation) return CurveFault{i, "la station ne va pas en croissant"};
+    if (v[i].at.station - v[i - 1].at.station < kSameStation)
+      return CurveFault{i, "la station ne va pas en croissant", false};
   for (const std::size_t end : {std::size_t{0}, v.size() - 1})
     if (v[end].curve != Curve::none) return CurveFault{end, "raccordement au premier ou au dernier sommet"};
   for (std::size_t i = 1; i + 1 < v.size(); ++i) {
@@ -89,7 +90,7 @@ std::string metresText(double value) {
 }
 
 std::optional<CurveFault> checkCurves(Project& project, const std::string& where, std::vector<std::string>& warnings) {
-  if (project.vertices.size() < 2) return CurveFault{0, "deux sommets au moins sont attendus"};
+  if (project.vertices.size() < 2) return CurveFault{0, "deux sommets au moins sont attendus", false};
   if (auto fault = complete(project, where, warnings)) return fault;
   auto& v = project.vertices;
   for (std::size_t i = 0; i + 1 < v.size(); ++i) {

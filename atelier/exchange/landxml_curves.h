@@ -8,8 +8,9 @@
 namespace atelier::exchange {
 
 struct CurveFault {
-  std::size_t vertex;  // index
-  std::string reason;  // French
+  std::size_t vertex;   // index
+  std::string reason;   // French
+  bool ofCurve = true;  // the vertices are good without it
 };
 
 // Completes circles that have a length and no radius, and shortens curves that overlap by no more than the rounding of

@@ -1,10 +1,12 @@
 // Reading LandXML with pugixml.
 // Only what profiles need is read; elements are recognised by their local names, whatever the namespace.
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <fstream>
 #include <functional>
+#include <optional>
 #include <pugixml.hpp>
 #include <sstream>
 
@@ -65,13 +67,43 @@ class Reading {
     result_.metres = level_ = 1;
     eachChild(root, "Units", [&](const xml_node& units) { readUnits(units); });
     eachChild(root, "Alignments", [&](const xml_node& list) {
-      eachChild(list, "Alignment", [&](const xml_node& node) { readAlignment(node); });
+      eachChild(list, "Alignment", [&](const xml_node& node) { usable([&] { readAlignment(node); }); });
     });
-    if (result_.alignments.empty()) throw Error(path_, 0, "aucun axe (élément Alignment)");
+    const auto empty = [](const Alignment& a) {
+      return a.grounds.empty() &&
+             std::all_of(a.projects.begin(), a.projects.end(), [](const Project& p) { return p.bare; });
+    };
+    if (fault_ && std::all_of(result_.alignments.begin(), result_.alignments.end(), empty)) throw *fault_;
+    if (result_.alignments.empty()) throw Error(path_, 0, "aucun axe (élément Alignment)" + contents(root));
     return std::move(result_);
   }
 
  private:
+  // What a piece of the file has wrong costs that piece only: it is told, and the others are read.
+  template <class Work>
+  void usable(const Work& work) {
+    try {
+      work();
+    } catch (const Error& error) {
+      if (!fault_) fault_ = error;
+      result_.warnings.push_back(std::string("Laissé: ") + error.what());
+    }
+  }
+
+  // What a file without alignments has instead.
+  static std::string contents(const xml_node& root) {
+    std::string names;
+    bool surfaces = false;
+    for (const xml_node& child : root.children()) {
+      const std::string name(localName(child));
+      if (name == "Units" || name == "Project" || name == "Application" || name == "CoordinateSystem" || name.empty())
+        continue;
+      surfaces = surfaces || name == "Surfaces";
+      if (names.find(name) == names.npos) names += (names.empty() ? "; le fichier contient " : ", ") + name;
+    }
+    return names + (surfaces ? ": PLV-TERRAIN prend ses surfaces" : "");
+  }
+
   // A text that isn't Unicode is read as Windows-1252, which includes Latin-1, whatever its declaration says.
   void parse() {
     const bool wide = bytes_.starts_with("\xff\xfe") || bytes_.starts_with("\xfe\xff");
@@ -116,9 +148,14 @@ class Reading {
                                  std::to_string(lineAt(equation.offset_debug())) + " n'est pas appliquée");
     });
     eachChild(node, "Profile", [&](const xml_node& profile) {
-      eachChild(profile, "ProfSurf",
-                [&](const xml_node& surface) { alignment.grounds.push_back(readGround(surface)); });
-      eachChild(profile, "ProfAlign", [&](const xml_node& line) { alignment.projects.push_back(readProject(line)); });
+      eachChild(profile, "ProfSurf", [&](const xml_node& surface) {
+        usable([&] {
+          if (Ground ground = readGround(surface); !ground.pieces.empty())
+            alignment.grounds.push_back(std::move(ground));
+        });
+      });
+      eachChild(profile, "ProfAlign",
+                [&](const xml_node& line) { usable([&] { readProject(line, alignment.projects); }); });
     });
     where_.clear();
     result_.alignments.push_back(std::move(alignment));
@@ -177,12 +214,14 @@ class Reading {
     eachChild(node, "PntList2D", [&](const xml_node& list) {
       if (auto piece = pairs(list); !piece.empty()) ground.pieces.push_back(std::move(piece));
     });
+    if (ground.pieces.empty()) result_.warnings.push_back("Laissé: " + where_ + ": aucun point (élément PntList2D)");
     return ground;
   }
 
-  Project readProject(const xml_node& node) {
+  // Of a line whose curves can't be drawn the vertices are kept, for whoever wants them.
+  void readProject(const xml_node& node, std::vector<Project>& projects) {
     const Inside inside(where_, node, "ligne de projet");
-    Project project{node.attribute("name").value(), {}};
+    Project project{node.attribute("name").value(), {}, false};
     std::vector<xml_node> sources;
     for (const xml_node& element : node.children()) {
       const auto vertex = readVertex(element);
@@ -192,9 +231,15 @@ class Reading {
       sources.push_back(element);
     }
     if (project.vertices.empty()) fail(node, "aucun sommet");
-    if (const auto fault = checkCurves(project, where_, result_.warnings))
+    const auto fault = checkCurves(project, where_, result_.warnings);
+    if (fault && !fault->ofCurve) fail(sources[fault->vertex], element(sources[fault->vertex]) + fault->reason);
+    usable([&] {
+      projects.push_back(project);
+      if (!fault) return;
+      projects.back().bare = true;
+      for (Vertex& v : projects.back().vertices) v = {v.at};
       fail(sources[fault->vertex], element(sources[fault->vertex]) + fault->reason);
-    return project;
+    });
   }
 
   static bool same(const Vertex& a, const Vertex& b) {
@@ -244,7 +289,8 @@ class Reading {
   std::string path_, bytes_, where_;
   pugi::xml_document document_;
   LandXml result_;
-  double level_ = 1;  // metres in the file's unit of altitude
+  std::optional<Error> fault_;  // the first one
+  double level_ = 1;            // metres in the file's unit of altitude
 };
 
 }  // namespace

@@ -103,11 +103,46 @@ double lengthOf(const Alignment& alignment) {
   return end - alignment.start;
 }
 
+// Points are northing, easting.
+void writePlace(xml_node element, const char* name, double x, double y) {
+  element.append_child(name).text().set((number(y) + " " + number(x)).c_str());
+}
+
+// A straight run, or an arc whose opening is four times the angle of its bulge.
+void writeSegment(xml_node geometry, const PlanVertex& a, const PlanVertex& b) {
+  const bool straight = std::abs(a.bulge) < 1e-12;
+  const double dx = b.x - a.x, dy = b.y - a.y, chord = std::hypot(dx, dy);
+  xml_node node = geometry.append_child(straight ? "Line" : "Curve");
+  if (straight) {
+    set(node, "length", number(chord));
+  } else {
+    const double radius = chord * (1 + a.bulge * a.bulge) / (4 * std::abs(a.bulge));
+    set(node, "rot", a.bulge > 0 ? "ccw" : "cw");
+    set(node, "crvType", "arc");
+    set(node, "length", number(radius * 4 * std::atan(std::abs(a.bulge))));
+    set(node, "radius", number(radius));
+  }
+  writePlace(node, "Start", a.x, a.y);
+  if (!straight) {
+    // The centre stands off the middle of the chord, to the left of an arc that turns left by less than half a turn.
+    const double off = (1 - a.bulge * a.bulge) / (4 * a.bulge);
+    writePlace(node, "Center", (a.x + b.x) / 2 - off * dy, (a.y + b.y) / 2 + off * dx);
+  }
+  writePlace(node, "End", b.x, b.y);
+}
+
+void writePlan(xml_node alignment, const std::vector<PlanVertex>& plan) {
+  if (plan.size() < 2) return;
+  xml_node geometry = alignment.append_child("CoordGeom");
+  for (std::size_t i = 0; i + 1 < plan.size(); ++i) writeSegment(geometry, plan[i], plan[i + 1]);
+}
+
 void writeAlignment(xml_node list, const Alignment& alignment) {
   xml_node node = list.append_child("Alignment");
   set(node, "name", alignment.name);
   set(node, "length", number(lengthOf(alignment)));
   set(node, "staStart", number(alignment.start));
+  writePlan(node, alignment.plan);
   xml_node profile = node.append_child("Profile");
   set(profile, "name", alignment.name);
   for (const Ground& ground : alignment.grounds) writeGround(profile, ground);

@@ -5,6 +5,7 @@
 
 #include "etudes/cout/fonctions.h"
 #include "etudes/optimal/fonctions.h"
+#include "etudes/terrain/fonctions.h"
 #include "hote/aced.h"
 #include "hote/acut.h"
 #include "module/commande/arguments/argsLisp.h"
@@ -49,6 +50,48 @@ constexpr ligneFonction kTable[] = {
      L"(espacement plus-grand pas) pour en ajouter, (fouille profondeur largeur prix) par classe, (blindage profondeur "
      L"prix), (regard prix prix-du-mètre), (chute prix hauteur), (pompage prix prix-du-mètre). Chutes et pompages ne "
      L"valent qu'avec une pente d'un seul sens."},
+    {L"et_axe", et_axe, L"(et_axe jeu [inverse])",
+     L"Les courbes d'un jeu de sélection, bout à bout, en un axe en plan: une liste de (x y z bulbe), dans le sens de "
+     L"la "
+     L"première, ou à l'inverse pour T. Une chaîne dit pourquoi elles n'en font pas un."},
+    {L"et_axe_depuis", et_axe_depuis, L"(et_axe_depuis axe distance)",
+     L"L'axe à partir d'une distance, de la même forme."},
+    {L"et_rencontres", et_rencontres, L"(et_rencontres axe jeu distance)",
+     L"Ce qu'un axe rencontre: une liste de (distance nom), une ligne qui le croise ayant le nom de son calque, un "
+     L"bloc ou un texte à cette "
+     L"distance au plus celui de son attribut ou de son texte. nil sans rien."},
+    {L"et_fichier", et_fichier, L"(et_fichier chemin)",
+     L"Ce qu'est un fichier d'après son contenu: (\"points\"), (\"grille\"), (\"vecteur\") ou (\"landxml\"), puis, "
+     L"quand il dit son système de coordonnées, T "
+     L"pour des degrés ou nil, et (code nom). Une chaîne dit ce qui ne va pas."},
+    {L"et_surfaces", et_surfaces, L"(et_surfaces chemin)",
+     L"Les noms des surfaces d'un fichier LandXML, nil sans aucune. Une chaîne dit ce qui ne va pas."},
+    {L"et_axes_fichier", et_axes_fichier, L"(et_axes_fichier chemin [système])",
+     L"Les lignes d'un fichier GeoJSON, GPX, KML, Shapefile ou GeoPackage et les tracés en plan de LandXML: une liste "
+     L"de (nom axe "
+     L"station-de-départ), dans le système de coordonnées donné. Une chaîne dit pourquoi il n'y en a pas."},
+    {L"et_systemes", et_systemes, L"(et_systemes texte-ou-axe)",
+     L"Les systèmes de coordonnées que nomme un texte (\"EPSG:2154\"), ou ceux où un axe peut être: une liste de (code "
+     L"nom), nil sans aucun."},
+    {L"et_terrain", et_terrain, L"(et_terrain axes sources [options])",
+     L"Le terrain le long d'axes: (profils contradictions remarques (points segments triangles "
+     L"nombre-de-contradictions)). "
+     L"Un axe est ce que rend et_axe. Un profil est la longueur de l'axe, puis des morceaux, listes de (distance "
+     L"altitude), une lacune entre "
+     L"deux; ou la chaîne qui dit pourquoi il n'y en a pas. Une contradiction est (quoi x y z1 z2). Les sources sont "
+     L"des listes, les mots étant "
+     L"des chaînes: (dessin jeu), (fichier chemin [echanger] [EPSG:code] [surface:nom]) ou un dossier de dalles, (axe) "
+     L"pour les "
+     L"altitudes de l'axe; les options "
+     L"aussi: (tolerance m), 0.01 sinon, (arete m) la plus longue arête d'un triangle, (contour jeu), (trous jeu), "
+     L"(sauf jeu), (attribut "
+     L"étiquette), (zero T) où l'altitude 0 en est une, (pres m) pour les points près de l'axe au lieu d'une surface, "
+     L"(systeme EPSG:code) celui "
+     L"des axes. Une chaîne dit pourquoi une source ne convient pas."},
+    {L"et_triangles", et_triangles, L"(et_triangles sources options nombre)",
+     L"Les triangles d'une surface: des listes de trois points. Sources et options sont celles d'et_terrain; nil quand "
+     L"elle n'a pas de triangles, "
+     L"une chaîne quand il y en a plus que le nombre, ou qu'une source ne convient pas."},
 };
 
 void et_aide() {

@@ -5,7 +5,7 @@
 (setq plv-calques
   '(("PLV-PROFIL" 7 25) ("PLV-TN" 3 50) ("PLV-PLANS" 4 35) ("PLV-AXE" 7 25) ("PLV-RAPPELS" 8 13)
     ("PLV-MATRICE" 7 18) ("PLV-TITRES" 7 25) ("PLV-PROJET" 1 50) ("PLV-COTES" 1 18) ("PLV-PLAN" 6 25)
-    ("PLV-HACHURES" 7 13) ("PLV-LEGENDE" 7 18) ("PLV-COULOIR" 5 13)))
+    ("PLV-HACHURES" 7 13) ("PLV-LEGENDE" 7 18) ("PLV-COULOIR" 5 13) ("PLV-CONTROLE" 1 18) ("PLV-MNT" 8 9)))
 
 ;; Variants of a line stand on layers of their own, which are made when one is drawn.
 (setq plv-calques-variantes
@@ -40,6 +40,24 @@
     ((or (tblsearch "LAYER" nom) (not (plv-calques:declare nom))) nom)
     ((plv-calques:renomme nom))
     (T (plv-calques:creer (plv-calques:declare nom)) nom)))
+
+(defun plv-calque-propre (nom couleur trait)
+  "A layer that isn't one of those above, made with this colour and line type when there is none."
+  (cond
+    ((tblsearch "LAYER" nom) nom)
+    ((plv-calques:renomme nom))
+    (T
+     (plv-calques:trait trait)
+     (regapp plv-app-cles)
+     (entmake (list '(0 . "LAYER") (cons 2 nom) '(70 . 0) (cons 62 couleur) (cons 6 trait) '(370 . 35)))
+     (plv-calques:marquer (list nom))
+     nom)))
+
+(defun plv-calques:trait (nom)
+  "Dashes of 3 and gaps of 2 drawing units, unless the drawing has the line type."
+  (if (not (tblsearch "LTYPE" nom))
+    (entmake (list '(0 . "LTYPE") '(100 . "AcDbSymbolTableRecord") '(100 . "AcDbLinetypeTableRecord") (cons 2 nom) '(70 . 0) '(3 . "__ __ __")
+                   '(72 . 65) '(73 . 2) '(40 . 5.0) '(49 . 3.0) '(74 . 0) '(49 . -2.0) '(74 . 0)))))
 
 (defun plv-creer-calques ()
   "All layers, also those of a drawing whose layers have no mark yet."

@@ -8,7 +8,7 @@
       '(lambda (s) (and (>= d (- (plv-plan-debut s) 1e-6)) (< d (- (plv-section-fin s) 1e-6))))
       sections)))
 
-(defun plv-pc:refaire (profil points section / origine plan groupes lignes)
+(defun plv-refaire-section (profil points section / origine plan groupes lignes)
   "Writes a section into its plane's entity and draws its ground anew."
   (setq origine (plv-origine profil) plan (plv-section-entite section))
   (plv-effacer (plv-lignes-du-plan plan))
@@ -33,14 +33,14 @@
         fin (plv-section-fin section)
         points (plv-pc:points profil (append (plv-plans profil) (list (list d altitude))))
         suivante (plgxd entite "NEXT-PC"))
-  (plv-pc:refaire profil points
+  (plv-refaire-section profil points
     (list (plv-plan-debut section) (plv-plan-altitude section) (- d (plv-plan-debut section)) entite))
   (setq nouvelle (plv-tracer-plan (plv-origine profil) points (plv-echv profil) (list d altitude) fin))
   (if suivante (plsxd nouvelle "NEXT-PC" suivante))
   (plsxd entite "NEXT-PC" nouvelle))
 
 (defun plv-pc:modifier (profil section altitude)
-  (plv-pc:refaire profil (plv-pc:points profil (plv-plans profil))
+  (plv-refaire-section profil (plv-pc:points profil (plv-plans profil))
     (list (plv-plan-debut section) altitude (plv-section-longueur section) (plv-section-entite section))))
 
 (defun plv-pc:supprimer (profil precedente section / points)
@@ -50,7 +50,7 @@
       (vl-remove-if '(lambda (plan) (equal (plv-plan-debut plan) (plv-plan-debut section) 1e-6)) (plv-plans profil))))
   (plv-pc:suivre (plv-section-entite precedente) (plgxd (plv-section-entite section) "NEXT-PC"))
   (plv-effacer (cons (plv-section-entite section) (plv-lignes-du-plan (plv-section-entite section))))
-  (plv-pc:refaire profil points
+  (plv-refaire-section profil points
     (list (plv-plan-debut precedente) (plv-plan-altitude precedente)
           (+ (plv-section-longueur precedente) (plv-section-longueur section)) (plv-section-entite precedente))))
 
@@ -73,8 +73,11 @@
 
 ;; --- the call and the command
 
-(defun plv-pc:finir (profil)
+(defun plv-refaire-habillage (profil)
+  "What is drawn about a profile, after a change of its ground or planes."
   (plv-ranger-altitudes profil)
+  (plv-ouvrir-lacunes profil)
+  (plv-tracer-terrains profil)
   (plv-rehabiller profil)
   (plv-ajuster-rappels profil))
 
@@ -100,7 +103,7 @@ governs there. What is attached is brought into form before. Gives the profile, 
     (faute (plv-erreur faute))
     ((plv-remettre-en-forme profil (if (= operation "A") d))
      (plv-pc:changer profil operation sections section (if (= operation "A") d (plv-plan-debut section)) altitude)
-     (plv-pc:finir profil)
+     (plv-refaire-habillage profil)
      (plv-pc:dire profil)
      profil)))
 

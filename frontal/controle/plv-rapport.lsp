@@ -11,8 +11,14 @@
       (plv-dire (strcat "    projet " genre ": " (plv-compte (length elements) "élément") ", dont "
                         (itoa (length (plv-elements-du-projet profil genre))) " du projet")))))
 
+(defun plv-rapport:terrains (profil)
+  (foreach terrain (plv-terrains profil)
+    (plv-dire (strcat "    terrain " (plv-terrain-nom terrain) " (" (strcase (plv-terrain-role terrain) T) "): "
+                      (plv-compte (apply '+ (mapcar 'length (plv-terrain-morceaux terrain))) "point")))))
+
 (defun plv-rapport:profil (profil)
   (plv-dire (strcat "    plans de comparaison: " (plv-plans-en-texte profil)))
+  (plv-rapport:terrains profil)
   (plv-rapport:matrices profil)
   (plv-rapport:projets profil))
 

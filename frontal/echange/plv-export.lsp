@@ -62,13 +62,28 @@
     '(lambda (morceau) (mapcar '(lambda (p) (list (+ origine (car p)) (cadr p))) morceau))
     (reverse (cons points morceaux))))
 
+(defun plv-export:autre-terrain (terrain origine)
+  (list (cons 'nom (plv-terrain-nom terrain)) '(etat . "")
+        (cons 'troncons
+          (mapcar '(lambda (morceau) (mapcar '(lambda (p) (list (+ origine (car p)) (cadr p))) morceau)) (plv-terrain-morceaux terrain)))))
+
+(defun plv-export:plan (profil / segments)
+  "The vertices (x y bulge) of the axis in plan; nil without one."
+  (if (and (plv-axe-plan profil) (setq segments (plv-axe-segments (plv-axe-plan profil))))
+    (append (mapcar '(lambda (s) (plv-export:sommet-plan (plv-segment-depart s) (plv-segment-bulbe s))) segments)
+            (list (plv-export:sommet-plan (plv-segment-arrivee (plv-dernier segments)) 0.0)))))
+
+(defun plv-export:sommet-plan (point bulbe) (list (float (car point)) (float (cadr point)) (float bulbe)))
+
 (defun plv-export:axe (profil / origine)
   (setq origine (plv-premiere-station profil))
   (list (cons 'nom (plv-numero-profil profil))
         (cons 'origine origine)
+        (cons 'plan (plv-export:plan profil))
         (cons 'terrains
-          (list (list '(nom . "Terrain naturel") '(etat . "existing")
-                      (cons 'troncons (plv-export:morceaux profil origine)))))
+          (cons (list '(nom . "Terrain naturel") '(etat . "existing")
+                      (cons 'troncons (plv-export:morceaux profil origine)))
+                (mapcar '(lambda (terrain) (plv-export:autre-terrain terrain origine)) (plv-terrains profil))))
         (cons 'projets (plv-export:projets profil origine))))
 
 (defun plv-export-landxml (profils fichier / ecrit)
@@ -95,6 +110,20 @@
              (list (plv-reel (+ origine (car p)) 6) (plv-reel (cadr p) 6) (plv-remplacer (plv-point-nom p) ";" ","))))
         (plv-points-nommes profil)))))
 
+(defun plv-export-autre-terrain (profil nom fichier / origine terrain)
+  "A further ground as distance;altitude;nom lines, with an empty line between its pieces."
+  (setq origine (plv-premiere-station profil))
+  (if (setq terrain (plv-terrain-nomme profil nom))
+    (plv-ecrire-lignes fichier
+      (cons "distance;altitude;nom"
+        (cdr
+          (apply 'append
+            (mapcar
+              '(lambda (morceau)
+                 (cons "" (mapcar '(lambda (p) (plv-ligne-csv (list (plv-reel (+ origine (car p)) 6) (plv-reel (cadr p) 6) ""))) morceau)))
+              (plv-terrain-morceaux terrain))))))
+    (plv-erreur (strcat "ce profil n'a pas de terrain " nom))))
+
 (defun plv-export:raccord (demande)
   (cond
     ((not demande) '("" ""))
@@ -117,13 +146,17 @@
 
 ;; --- the command
 
-(defun plv-export:texte (/ profil contenu genre fichier)
+(defun plv-export:texte (/ profil contenu genre nom fichier)
   (if (setq profil (plv-choisir-profil))
     (progn
-      (setq contenu (plv-demander-mot "Contenu" '("Terrain" "Projet") "Terrain"))
+      (setq contenu (plv-demander-mot "Contenu" '("Terrain" "Projet" "Autre") "Terrain"))
+      (if (= contenu "Autre") (setq nom (plv-demander-texte "Nom du terrain" (cond ((plv-terrain-nom (car (plv-terrains profil)))) ("")))))
       (if (= contenu "Projet") (setq genre (plv-demander-genre (plv-genre-propose profil))))
       (setq fichier (plv-demander-texte "Fichier à écrire" "profil.csv"))
-      (if genre (plv-export-projet profil genre fichier) (plv-export-terrain profil fichier)))))
+      (cond
+        (nom (plv-export-autre-terrain profil nom fichier))
+        (genre (plv-export-projet profil genre fichier))
+        (T (plv-export-terrain profil fichier))))))
 
 (defun c:plv-export (/ profils)
   "Donne les profils à d'autres programmes, en LandXML ou en textes."

@@ -48,7 +48,7 @@
   (apply 'append
     (mapcar
       '(lambda (axe)
-         (mapcar '(lambda (projet) (list (strcat (plv-cle 'nom axe) " / " (plv-cle 'nom projet)) projet)) (plv-cle 'projets axe)))
+         (mapcar '(lambda (projet) (list (strcat (plv-cle 'nom axe) " / " (plv-landxml:nom-projet projet)) projet)) (plv-cle 'projets axe)))
       axes)))
 
 (defun plv-landxml-projet-fichier (profil genre chemin / lignes ligne)
@@ -65,17 +65,21 @@
   "A line that is called like a kind of line is of that kind."
   (cond ((plv-genre (plv-cle 'nom projet))) ("Projet")))
 
+(defun plv-landxml:nom-projet (projet)
+  (strcat (plv-cle 'nom projet) (if (plv-cle 'nu projet) " (sans ses raccordements)" "")))
+
 (defun plv-landxml-projets (profil axe / pris genre)
   "Draws the project lines that have a kind to themselves; says which are left."
   (foreach projet (plv-cle 'projets axe)
     (setq genre (plv-landxml:genre-propose projet))
-    (if (member genre pris)
-      (plv-dire (strcat "Ligne de projet " (plv-cle 'nom projet) " laissée: PLV-PROJET la trace dans un autre genre."))
+    (if (or (plv-cle 'nu projet) (member genre pris))
+      (plv-dire (strcat "Ligne de projet " (plv-cle 'nom projet) " laissée: PLV-PROJET la trace "
+                        (if (plv-cle 'nu projet) "sans ses raccordements." "dans un autre genre.")))
       (progn (plv-landxml-projet profil genre projet) (setq pris (cons genre pris))))))
 
 (defun plv-landxml-demander-projets (profil axe / genre)
   (foreach projet (plv-cle 'projets axe)
-    (setq genre (plv-demander-mot (strcat "Genre de la ligne de projet " (plv-cle 'nom projet))
+    (setq genre (plv-demander-mot (strcat "Genre de la ligne de projet " (plv-landxml:nom-projet projet))
                                   (append (plv-genres) '("Laisser"))
-                                  (plv-landxml:genre-propose projet)))
+                                  (if (plv-cle 'nu projet) "Laisser" (plv-landxml:genre-propose projet))))
     (if (/= genre "Laisser") (plv-landxml-projet profil genre projet))))

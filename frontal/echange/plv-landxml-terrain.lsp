@@ -12,7 +12,7 @@
 
 (defun plv-landxml:dire-lacunes (lacunes)
   (foreach l lacunes
-    (plv-dire (strcat "Terrain absent entre les stations " (plv-reel (plv-debut l) 2) " et " (plv-reel (plv-fin l) 2) ": tracé droit."))))
+    (plv-dire (strcat "Terrain absent entre les stations " (plv-reel (plv-debut l) 2) " et " (plv-reel (plv-fin l) 2) ": laissé ouvert."))))
 
 (defun plv-landxml:releves (points) (mapcar '(lambda (p) (plv-releve (car p) (cadr p) "")) points))
 
@@ -43,7 +43,10 @@
 
 (defun plv-lire-terrain (chemin)
   "The ground of a file of any kind, see plv-terrain; nil after a message."
-  (if (plv-landxml-p chemin) (plv-landxml-terrain-par-defaut chemin) (plv-lire-terrain-texte chemin)))
+  (cond
+    ((plv-landxml-p chemin) (plv-landxml-terrain-par-defaut chemin))
+    ((plv-refus-de-surface chemin) (plv-erreur (plv-refus-de-surface chemin)))
+    (T (plv-lire-terrain-texte chemin))))
 
 (defun plv-landxml-demander-terrain (axe / chemin)
   "For an alignment without ground: the ground of another file, or of the project line."

@@ -2,7 +2,17 @@
 ;; has keys nom, origine, terrains and projets, see that function's help.
 ;; Shared in the room: plv-landxml:choisir
 
-(defun plv-landxml-p (chemin) (wcmatch (strcase chemin) "*.XML,*.LANDXML"))
+(defun plv-landxml:nature (chemin / nature)
+  "What a file is by its content, see et_fichier; a workbook isn't looked at."
+  (if (and (not (wcmatch (strcase chemin) "*`.XLSX")) (listp (setq nature (et_fichier chemin)))) (car nature)))
+
+(defun plv-landxml-p (chemin)
+  (or (wcmatch (strcase chemin) "*.XML,*.LANDXML") (= (plv-landxml:nature chemin) "landxml")))
+
+(defun plv-refus-de-surface (chemin / nature)
+  "For a file that is a surface, or an axis, and no ground along one; nil for others."
+  (if (member (setq nature (plv-landxml:nature chemin)) '("grille" "vecteur"))
+    (strcat chemin (if (= nature "grille") ": une grille d'altitudes" ": des points et des lignes en plan") "; PLV-TERRAIN en fait un profil")))
 
 (defun plv-landxml (chemin / lu)
   "The alignments of a LandXML file; nil after a message."

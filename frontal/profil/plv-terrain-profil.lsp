@@ -62,11 +62,24 @@ point."
 (defun plv-point-nom (point) (caddr point))
 (defun plv-point-numero (point) (cadddr point))
 
-;; --- gaps: the ground record has none, they are kept beside it for whoever takes the ground out again
+;; --- gaps: the ground record has none, they are kept beside it for whoever takes the ground out again. The chain of ground
+;; lines goes on over a gap, where its lines can't be seen.
 
 (defun plv-ecrire-lacunes (profil lacunes)
   "lacunes: stretches (from to)."
   (plv-ecrire-enregistrement profil "PLV_LACUNES"
-    (mapcar '(lambda (l) (list 10 (plv-debut l) (plv-fin l) 0.0)) lacunes)))
+    (mapcar '(lambda (l) (list 10 (plv-debut l) (plv-fin l) 0.0)) lacunes))
+  (plv-ouvrir-lacunes profil))
+
+(defun plv-terrain:dans-lacune (lacunes debut fin)
+  (vl-some '(lambda (l) (and (>= debut (- (plv-debut l) 2e-6)) (<= fin (+ (plv-fin l) 2e-6)))) lacunes))
+
+(defun plv-ouvrir-lacunes (profil / lacunes x0 groupes)
+  "Hides the ground lines that stand over gaps."
+  (setq lacunes (plv-lacunes profil) x0 (car (plv-origine profil)))
+  (foreach ligne (if lacunes (apply 'append (mapcar 'plv-lignes-du-plan (plv-entites-plans profil))))
+    (setq groupes (entget ligne))
+    (if (plv-terrain:dans-lacune lacunes (- (cadr (assoc 10 groupes)) x0) (- (cadr (assoc 11 groupes)) x0))
+      (entmod (append groupes '((60 . 1)))))))
 
 (defun plv-lacunes (profil) (mapcar 'cdr (plv-enregistrement profil "PLV_LACUNES")))

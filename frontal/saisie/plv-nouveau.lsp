@@ -70,10 +70,14 @@ project lines."
         (setq d (getreal "\nDistance du plan suivant <fin>: ")))
       (reverse plans))))
 
-(defun plv-nouveau:demander (lecture numero projets axe / point echv ttxt hauteur-max)
-  "The questions that follow the ground's, and the profile."
+(defun plv-demander-insertion (question propose)
+  (setq propose (cond (propose) ('(0.0 0.0 0.0))))
+  (cond ((getpoint (strcat "\n" question " <" (plv-reel (car propose) 0) "," (plv-reel (cadr propose) 0) ">: "))) (propose)))
+
+(defun plv-nouveau-demander (lecture numero projets axe propose / point echv ttxt hauteur-max)
+  "The questions that follow the ground's, and the profile. propose: an insertion, (0 0) for nil."
   (setq numero (plv-demander-texte "Numéro du profil" numero)
-        point (cond ((getpoint "\nPoint d'insertion <0,0>: ")) ('(0.0 0.0 0.0)))
+        point (plv-demander-insertion "Point d'insertion" propose)
         echv (plv-demander-reel "Échelle verticale" 10.0)
         ttxt (plv-demander-reel "Hauteur de texte" 2.5)
         hauteur-max (plv-demander-reel "Hauteur dessinée maximale" (* 60.0 ttxt)))
@@ -83,7 +87,7 @@ project lines."
   "Alignment and ground are chosen, and read, before anything else is asked."
   (if (and (setq axe (plv-landxml-choisir-axe chemin))
            (setq plv-nouveau:terrain (plv-nouveau:lire-axe chemin axe)))
-    (plv-nouveau:demander '(lambda () plv-nouveau:terrain) (plv-landxml-numero axe) 'plv-landxml-demander-projets axe)))
+    (plv-nouveau-demander '(lambda () plv-nouveau:terrain) (plv-landxml-numero axe) 'plv-landxml-demander-projets axe nil)))
 
 (defun plv-nouveau:lire-axe (chemin axe / terrain)
   (if (plv-cle 'terrains axe)
@@ -95,5 +99,5 @@ project lines."
   (if (setq chemin (plv-demander-fichier "Fichier du terrain naturel"))
     (if (plv-landxml-p chemin)
       (plv-nouveau:landxml chemin)
-      (plv-nouveau:demander '(lambda () (plv-lire-terrain chemin)) (itoa (plv-identifiant-libre)) '(lambda (profil axe) nil) nil)))
+      (plv-nouveau-demander '(lambda () (plv-lire-terrain chemin)) (itoa (plv-identifiant-libre)) '(lambda (profil axe) nil) nil nil)))
   (princ))

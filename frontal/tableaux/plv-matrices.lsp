@@ -46,6 +46,13 @@
   (plv-remettre-liste-tables profil liste)
   nil)
 
+(defun plv-refaire-tables (profil)
+  "The tables that stand under a profile drawn and filled anew, after a change of its ground; nil without any."
+  (if (plv-tables profil)
+    (progn
+      (plv-choix-profil profil)
+      (plv-matrices:remplacer profil (plv-points-nommes profil) (plv-choix-tout profil)))))
+
 (defun plv-matrices:dire (bilan / laisses vides)
   (setq laisses (plv-bilan-laisses bilan) vides (plv-bilan-vides bilan))
   (if vides

@@ -25,6 +25,8 @@
     (15 "Pentes en pour mille" plv-remplir:pentes-pourmilles T nil)
     (16 "Distances partielles du projet" plv-remplir:partielles-projet nil nil)
     (17 "Distances cumulées du projet" plv-remplir:cumulees-projet nil nil)
+    (500 "Altitudes d'un autre terrain" plv-remplir:altitudes-terrain nil plv-espacement:verticaux)
+    (501 "Différences de deux terrains" plv-remplir:differences-terrains nil plv-espacement:verticaux)
     (402 "Attributs horizontaux" plv-remplir:attributs-auto T nil)
     (403 "Attributs verticaux" plv-remplir:attributs-auto T nil)))
 

@@ -4,13 +4,18 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 namespace {
 
 class Rangees : public testing::TestWithParam<kaveltest::Situation> {};
 
 TEST_P(Rangees, AreFulfilled) {
   kaveltest::Session session;
-  kaveltest::run(session, GetParam(), testing::TempDir());
+  const std::string folder = testing::TempDir() + "kavel-" + GetParam().name + "/";
+  std::filesystem::create_directories(folder);
+  kaveltest::run(session, GetParam(), folder);
+  std::filesystem::remove_all(folder);
 }
 
 INSTANTIATE_TEST_SUITE_P(Etudes, Rangees,

@@ -18,9 +18,9 @@ std::string landXml(const std::string& profile, const std::string& unit = "<Metr
 const std::string kGround =
     "<ProfSurf name=\"TN\" state=\"existing\"><PntList2D>100 50 160 51 200 50</PntList2D></ProfSurf>";
 
-std::string project(const std::string& vertices) {
-  return kGround + "<ProfAlign name=\"Axe\">\n" + vertices + "</ProfAlign>";
-}
+std::string line(const std::string& vertices) { return "<ProfAlign name=\"Axe\">\n" + vertices + "</ProfAlign>"; }
+
+std::string project(const std::string& vertices) { return kGround + line(vertices); }
 
 class Exchange : public FrontEnd {
  public:
@@ -100,23 +100,23 @@ TEST(LandXml, ErrorsNameAlignmentElementAndStation) {
        "a.xml:4: axe \"Rue A\", terrain \"TN\": PntList2D, station 160.000: nombre illisible \"x51\""},
       {landXml("<ProfSurf name='TN'><PntList2D>100 50 160</PntList2D></ProfSurf>"),
        "a.xml:4: axe \"Rue A\", terrain \"TN\": PntList2D, station 160.000: nombre impair de valeurs"},
-      {landXml(project("<PVI>100 50</PVI>\n<ParaCurve length='80'>150 51</ParaCurve>\n<ParaCurve length='40'>170 "
-                       "50</ParaCurve>\n<PVI>200 52</PVI>")),
+      {landXml(line("<PVI>100 50</PVI>\n<ParaCurve length='80'>150 51</ParaCurve>\n<ParaCurve length='40'>170 "
+                    "50</ParaCurve>\n<PVI>200 52</PVI>")),
        "a.xml:7: axe \"Rue A\", ligne de projet \"Axe\": ParaCurve, station 170.000: les raccordements se chevauchent "
        "de 40.000 m"},
-      {landXml(project("<PVI>100 50</PVI>\n<CircCurve radius='9000'>110 51</CircCurve>\n<PVI>200 52</PVI>")),
+      {landXml(line("<PVI>100 50</PVI>\n<CircCurve radius='9000'>110 51</CircCurve>\n<PVI>200 52</PVI>")),
        "a.xml:6: axe \"Rue A\", ligne de projet \"Axe\": CircCurve, station 110.000: les raccordements se chevauchent"},
-      {landXml(project("<PVI>100 50</PVI><PVI>90 51</PVI>")), "PVI, station 90.000: la station ne va pas en croissant"},
-      {landXml(project("<ParaCurve length='10'>100 50</ParaCurve><PVI>190 51</PVI>")),
+      {landXml(line("<PVI>100 50</PVI><PVI>90 51</PVI>")), "PVI, station 90.000: la station ne va pas en croissant"},
+      {landXml(line("<ParaCurve length='10'>100 50</ParaCurve><PVI>190 51</PVI>")),
        "ParaCurve, station 100.000: raccordement au premier"},
-      {landXml(project("<PVI>100 50 3 4</PVI><PVI>190 51</PVI>")), "PVI: une station et une altitude attendues"},
-      {landXml(project("<PVI>100 50</PVI><ParaCurve length='-3'>150 50</ParaCurve><PVI>190 51</PVI>")),
+      {landXml(line("<PVI>100 50 3 4</PVI><PVI>190 51</PVI>")), "PVI: une station et une altitude attendues"},
+      {landXml(line("<PVI>100 50</PVI><ParaCurve length='-3'>150 50</ParaCurve><PVI>190 51</PVI>")),
        "ParaCurve, station 150.000: length negatif"},
-      {landXml(project("<PVI>100 50</PVI><ParaCurve length='3m'>150 50</ParaCurve><PVI>190 51</PVI>")),
+      {landXml(line("<PVI>100 50</PVI><ParaCurve length='3m'>150 50</ParaCurve><PVI>190 51</PVI>")),
        "ParaCurve, station 150.000: length: nombre illisible \"3m\""},
-      {landXml(project("<PVI>100 nan</PVI><PVI>190 51</PVI>")), "nombre illisible \"nan\""},
-      {landXml(project("<PVI>100 1e300</PVI><PVI>190 51</PVI>")), "PVI, station 100.000: valeur hors limites: 1e300"},
-      {landXml(project("<PVI>100 50</PVI>")), "deux sommets au moins"},
+      {landXml(line("<PVI>100 nan</PVI><PVI>190 51</PVI>")), "nombre illisible \"nan\""},
+      {landXml(line("<PVI>100 1e300</PVI><PVI>190 51</PVI>")), "PVI, station 100.000: valeur hors limites: 1e300"},
+      {landXml(line("<PVI>100 50</PVI>")), "deux sommets au moins"},
       {landXml(kGround, "<Imperial linearUnit='cubit'/>"), "unité de longueur inconnue: \"cubit\""},
       {"<LandXML><Alignments></LandXML>", "a.xml:1: XML mal formé"},
       {"<autre/>", "élément LandXML attendu, trouvé autre"},
@@ -129,6 +129,51 @@ TEST(LandXml, ErrorsNameAlignmentElementAndStation) {
     EXPECT_NE(session.transcript().find(row.message), std::string::npos) << row.message;
     EXPECT_EQ(session.eval("(plv-profils)"), "nil") << row.message;
   }
+}
+
+// A fault costs the ground or the line where it stands: it is told, and the rest of the file is taken.
+TEST(LandXml, WhatIsGoodIsTakenWhateverElseTheFileHolds) {
+  const std::string good = "<ProfAlign name=\"Voirie\"><PVI>100 51</PVI><PVI>200 52</PVI></ProfAlign>";
+  const struct {
+    std::string other;
+    const char *told, *lines;
+  } rows[] = {
+      {"<ProfAlign name='Axe'><PVI>100 50</PVI><ParaCurve length='80'>150 51</ParaCurve><ParaCurve length='40'>170 "
+       "50</ParaCurve><PVI>200 "
+       "52</PVI></ProfAlign>",
+       "station 170.000: les raccordements se chevauchent de 40.000 m", "((\"Axe\" T 4) (\"Voirie\" nil 2))"},
+      {"<ProfAlign name='Axe'><PVI>100 50</PVI><PVI>90 51</PVI></ProfAlign>", "la station ne va pas en croissant",
+       "((\"Voirie\" nil 2))"},
+      {"<ProfAlign name='Axe'/>", "ligne de projet \"Axe\": aucun sommet", "((\"Voirie\" nil 2))"},
+      {"<ProfSurf name='Roc'><PntList2D>100 49 200</PntList2D></ProfSurf>",
+       "terrain \"Roc\": PntList2D, station 200.000: nombre impair de valeurs", "((\"Voirie\" nil 2))"},
+      {"<ProfSurf name='Roc'><PntList2D/></ProfSurf>", "terrain \"Roc\": aucun point", "((\"Voirie\" nil 2))"},
+  };
+  for (const auto& row : rows) {
+    Exchange session;
+    EXPECT_NE(session.create(landXml(row.other + kGround + good)), "nil") << row.told;
+    const std::string told = session.transcript();
+    EXPECT_NE(told.find("Laissé: "), std::string::npos) << told;
+    EXPECT_NE(told.find(row.told), std::string::npos) << told;
+    EXPECT_EQ(session.eval("(list (length (plv-points-tn p)) (length (plv-elements-du-projet p \"Voirie\")) (length "
+                           "(plv-elements-du-projet p "
+                           "\"Projet\")))"),
+              "(3 1 0)")
+        << told;
+    EXPECT_EQ(session.read(landXml(row.other + kGround + good),
+                           "(mapcar '(lambda (l) (list (plv-cle 'nom l) (plv-cle 'nu l) (length (plv-cle 'sommets "
+                           "l)))) (plv-cle 'projets axe))"),
+              row.lines);
+  }
+}
+
+TEST(LandXml, AFileWithoutAlignmentsSaysWhatItHas) {
+  Exchange session;
+  EXPECT_EQ(session.create("<LandXML><Units/><Surfaces/><CgPoints/></LandXML>"), "nil");
+  EXPECT_NE(
+      session.transcript().find(
+          "aucun axe (élément Alignment); le fichier contient Surfaces, CgPoints: PLV-TERRAIN prend ses surfaces"),
+      std::string::npos);
 }
 
 TEST(LandXml, CurvesThatTouchMayOverlapByTheRoundingOfNumbers) {

@@ -21,6 +21,7 @@
       (plv-associer-axe p
         (entmakex '((0 . "LWPOLYLINE") (100 . "AcDbEntity") (100 . "AcDbPolyline") (90 . 4) (70 . 0)
                     (10 0.0 0.0) (10 60.0 0.0) (42 . 0.4142135623730951) (10 80.0 20.0) (10 80.0 200.0))))
+      (plv-ecrire-terrains p (list (plv-terrain "Rocher" "Rocher" '(((0.0 31.1) (200.0 31.1))))))
       (plv-devers p '((1000 -2.5 -2.5) (1100 -2.5 -2.5) (1200 2.0 -2.5))))))
 
 (situation "KeepsStationsToTheMillimetre")
@@ -171,6 +172,7 @@
 ;; ground at seven points, and the project's altitude at 1040
 ((textes "52.00") 8)
 ((textes "53.00") 0)
+((textes "31.10") 7)
 ;; depth at 1100: the project is above the ground
 ((textes "-1.22") 1)
 ((textes "Rampe 5.00 % sur 46.71 m") 1)
@@ -194,7 +196,7 @@
 ((= n (sslength (ssget "X"))) T)
 
 (situation "ARowFilledAloneLeavesNothingOver")
-(tableau (table rangees) ("POINTS" 6) ("PROJET" 8) ("TRACE" 3) ("BLOCS" 3))
+(tableau (table rangees) ("POINTS" 8) ("PROJET" 8) ("TRACE" 3) ("BLOCS" 3))
 (preparer
   (equiper)
   (plv-matrices p "matrices-completes.txt" T)
@@ -207,7 +209,7 @@
 ((vl-remove 0 apres) nil)
 
 (situation "RowsAreNamedWhenTheyStayEmpty")
-(dit (setq r (plv-matrices p "matrices-completes.txt" T)) "Lignes laissées vides: Altitude projet, Profondeur, Pentes, ")
+(dit (setq r (plv-matrices p "matrices-completes.txt" T)) "Lignes laissées vides: Altitude du rocher, Épaisseur de terre, Altitude projet, Profondeur, Pentes, ")
 ((not r) nil)
 
 (situation "RowsTakeABlockPlacedLater")

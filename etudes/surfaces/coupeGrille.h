@@ -1,0 +1,44 @@
+// A grid of altitudes that is cut along chords: bilinear between its nodes, no ground in a cell with a node without altitude.
+// Under a chord the ground of a cell is a parabola: chords of it keep to it within kFlecheGrille.
+#pragma once
+#include <memory>
+
+#include "etudes/surfaces/coupe.h"
+
+namespace etu {
+
+inline constexpr double kFlecheGrille = 1e-4;
+
+class grilleAltitudes {
+ public:
+  virtual ~grilleAltitudes() = default;
+  virtual int colonnes() const = 0;
+  virtual int lignes() const = 0;
+  virtual double altitude(int colonne, int ligne) = 0;  // metres; not a number where there is none
+};
+
+// The place of node (column, line): x = x0 + column * xc + line * xl, y alike.
+struct repereGrille {
+  double x0 = 0, xc = 1, xl = 0, y0 = 0, yc = 0, yl = 1;
+};
+
+class coupeGrille : public surfaceCoupable {
+ public:
+  coupeGrille(std::unique_ptr<grilleAltitudes> grille, const repereGrille& repere);
+  void couper(const piedAxe& a, const piedAxe& b, std::vector<tranche>& tranches) override;
+  etendue emprise() const override;
+
+ private:
+  struct noeud {
+    double colonne, ligne;
+  };
+  noeud noeudDe(double x, double y) const;
+  bool couperCellule(int colonne, int ligne, const noeud& a, const noeud& b, double t0, double t1,
+                     std::vector<tranche>& tranches);
+
+  std::unique_ptr<grilleAltitudes> m_grille;
+  repereGrille m_repere;
+  double m_determinant;
+};
+
+}  // namespace etu
