@@ -8,6 +8,7 @@
 
 #include "atelier/database/curves/polyline_vertices.h"
 #include "atelier/database/objects/imp_database.h"
+#include "atelier/database/pictures/pictures.h"
 #include "atelier/database/records/flags.h"
 #include "atelier/geometry/bspline.h"
 #include "hote/adaptation.h"
@@ -237,10 +238,10 @@ void collect(const AcDbEntity& entity, const AcGeMatrix3d* matrix, int depth, Wa
   ++walk.visits;
   if (const auto* reference = AcDbBlockReference::cast(&entity))
     return collectReference(*reference, matrix, depth, walk);
-  const auto* dimension = AcDbDimension::cast(&entity);
-  if (dimension && !dimension->dimBlockId().isNull() && stubOf(dimension))
-    return collectBlock(*stubOf(dimension)->database, dimension->dimBlockId(), matrix ? *matrix : AcGeMatrix3d(), depth,
-                        walk);
+  if (hasParts(AcDbImpObject::of(&entity).record.type()))
+    return eachPartEntity(entity, [&](const AcDbEntity& part) {
+      if (!walk.full()) collect(part, matrix, depth + 1, walk);
+    });
   Stroke stroke = simpleStroke(entity);
   if (stroke.points.empty()) return;
   if (matrix)

@@ -63,6 +63,13 @@ TEST(Regions, HalfDiscWithARoundHoleAndAScale) {
             "nil");
   // 9 (2 pi - pi / 4)
   EXPECT_EQ(session.eval("(rtos (pl_areacalc (entlast) 1.0) 2 9)"), "\"49.480084294\"");
+  EXPECT_EQ(session.eval(
+                "(mapcar '(lambda (v) (mapcar 'rtos (reverse (cdr (reverse (getvar v)))))) '(\"EXTMIN\" \"EXTMAX\"))"),
+            R"((("1" "2") ("13" "8")))")
+      << "what is shown: the half below the diameter, placed and scaled";
+  session.eval("(command \"_EXPLODE\" (entlast))");
+  EXPECT_EQ(session.eval("(mapcar '(lambda (k) (sslength (ssget \"_X\" (list (cons 0 k))))) '(\"LINE\" \"ELLIPSE\"))"),
+            "(1 2)");
   session.eval(
       regionOf({"400 0 1 0", "a", "b", "edge $-1 $0 $0 $0 $0 forward #", "coedge $-1 $1 $1 $-1 $0 forward $5 $-1 #"}));
   EXPECT_EQ(session.eval("(pl_areacalc (entlast) 1.0)"), "nil") << "an outline that can't be followed";

@@ -148,7 +148,7 @@ TEST(Scene, WhatCannotBeShownIsCounted) {
   const DisplayList list =
       sceneOf({.entities = {"3DSOLID 8=0", "3DSOLID 8=0", "SPLINE 8=0 71=3 40=0", "LINE 8=0 10=1 20=1 11=2 21=2"}});
   ASSERT_EQ(list.warnings.size(), 2u);
-  EXPECT_EQ(list.warnings[0], "entité de type 3DSOLID non représentée (2 fois)");
+  EXPECT_EQ(list.warnings[0], "objets non représentés, ou en partie : 2 3DSOLID");
   EXPECT_EQ(list.items().size(), 1u);
 }
 

@@ -1,9 +1,10 @@
-// Block references with their arrays and attributes, tables, and dimensions through their blocks.
+// Block references with their arrays and attributes, tables, dimensions through their blocks, and what is shown by parts.
 // A reference gives its contents their place, the "by block" properties, and its layer to those on layer 0.
 #include <algorithm>
 #include <cmath>
 
 #include "atelier/database/dimensions/dimension_parts.h"
+#include "atelier/database/pictures/pictures.h"
 #include "atelier/render/scene/scene_builder.h"
 
 namespace atelier::render {
@@ -85,6 +86,13 @@ void drawDimension(SceneBuilder& scene, const Entity& e) {
   const std::vector<Record> parts = dimensionParts(scene.database(), e.record);
   if (parts.empty()) return scene.cannotShow("cote sans bloc de représentation");
   for (const Record& part : parts) scene.part(e.stub, part, inside);
+}
+
+void drawParts(SceneBuilder& scene, const Entity& e) {
+  const Placement inside = within(scene, e);
+  const bool complete =
+      eachPart(scene.database(), e.record, [&](const Record& part) { scene.part(e.stub, part, inside); });
+  if (!complete) scene.leaveOut(e.record.type());
 }
 
 }  // namespace atelier::render

@@ -31,7 +31,6 @@ constexpr Kind kKinds[] = {
     {"3DFACE", drawFace},
     {"LWPOLYLINE", drawLwPolyline},
     {"POLYLINE", drawPolyline},
-    {"LEADER", drawLeader},
     {"TEXT", drawText},
     {"ATTRIB", drawAttribute},
     {"ATTDEF", drawAttributeDefinition},
@@ -43,6 +42,20 @@ constexpr Kind kKinds[] = {
     {"LARGE_RADIAL_DIMENSION", drawDimension},
     {"HATCH", drawHatch},
     {"VIEWPORT", drawViewport},
+    {"LEADER", drawParts},
+    {"MULTILEADER", drawParts},
+    {"MLINE", drawParts},
+    {"TOLERANCE", drawParts},
+    {"MESH", drawParts},
+    {"REGION", drawParts},
+    {"3DSOLID", drawParts},
+    {"BODY", drawParts},
+    {"SURFACE", drawParts},
+    {"EXTRUDEDSURFACE", drawParts},
+    {"LOFTEDSURFACE", drawParts},
+    {"PLANESURFACE", drawParts},
+    {"REVOLVEDSURFACE", drawParts},
+    {"SWEPTSURFACE", drawParts},
 };
 // Types without anything to draw in the model space.
 constexpr std::string_view kInvisible[] = {"SEQEND", "VERTEX", "LIGHT", "SUN"};
@@ -62,6 +75,13 @@ void walk(SceneBuilder& builder, std::span<AcDbStub* const> entities, double pat
   } catch (const fonts::FontError& error) {
     throw PlotError(error.what());
   }
+}
+
+// One sentence for all: "non représentés : 12 ACAD_PROXY_ENTITY, 3 BODY".
+std::string leftOutSentence(const std::map<std::string, std::size_t>& counts) {
+  std::string list;
+  for (const auto& [type, count] : counts) list += (list.empty() ? "" : ", ") + std::to_string(count) + " " + type;
+  return "objets non représentés, ou en partie : " + list;
 }
 
 std::span<AcDbStub* const> entitiesOf(const AcDbDatabase& database, const SceneOptions& options) {
@@ -124,12 +144,11 @@ void SceneBuilder::draw(const Entity& e) {
   const std::string_view type = e.record.type();
   const auto kind = std::ranges::find(kKinds, type, &Kind::type);
   if (kind == std::end(kKinds)) {
-    if (std::ranges::find(kInvisible, type) == std::end(kInvisible) && !e.look.hidden)
-      cannotShow("entité de type " + std::string(type) + " non représentée");
+    if (std::ranges::find(kInvisible, type) == std::end(kInvisible) && !e.look.hidden) leaveOut(type);
     return;
   }
   // A reference on a layer that is off still shows its contents on other layers.
-  const bool holds = kind->draw == drawInsert || kind->draw == drawDimension;
+  const bool holds = kind->draw == drawInsert || kind->draw == drawDimension || kind->draw == drawParts;
   if (holds ? !e.look.frozen : !e.look.hidden) kind->draw(*this, e);
 }
 
@@ -165,6 +184,7 @@ void SceneBuilder::fill(const Entity& e, Path path, bool evenOdd, Colour colour)
 }
 
 void SceneBuilder::cannotShow(const std::string& what) { ++unshown_[what]; }
+void SceneBuilder::leaveOut(std::string_view type) { ++leftOut_[std::string(type)]; }
 
 const fonts::Font& SceneBuilder::font(const fonts::FontStyle& style) {
   const std::string key = style.file + '|' + std::to_string(style.widthFactor) + '|' + std::to_string(style.oblique) +
@@ -175,6 +195,7 @@ const fonts::Font& SceneBuilder::font(const fonts::FontStyle& style) {
 
 std::vector<std::string> SceneBuilder::warnings() const {
   std::vector<std::string> out;
+  if (!leftOut_.empty()) out.push_back(leftOutSentence(leftOut_));
   for (const auto& [what, count] : unshown_)
     out.push_back(what + (count > 1 ? " (" + std::to_string(count) + " fois)" : ""));
   if (stopped_)

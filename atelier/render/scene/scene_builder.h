@@ -55,6 +55,8 @@ class SceneBuilder {
 
   // Adds a warning, a French sentence; it is given once, with the number of entities.
   void cannotShow(const std::string& what);
+  // Counts an entity of which nothing, or not all, can be shown.
+  void leaveOut(std::string_view type);
 
   AcDbImpDatabase& database() { return database_; }
   Properties& properties() { return properties_; }
@@ -76,7 +78,7 @@ class SceneBuilder {
   const Receiver& receive_;
   std::size_t made_ = 0;
   std::vector<const AcDbStub*> open_;  // blocks being drawn
-  std::map<std::string, std::size_t> unshown_;
+  std::map<std::string, std::size_t> unshown_, leftOut_;
   std::map<std::string, fonts::Font, std::less<>> fonts_;
   std::size_t visits_ = 0;
   bool stopped_ = false;
@@ -96,13 +98,13 @@ void drawSolid(SceneBuilder& scene, const Entity& e);
 void drawFace(SceneBuilder& scene, const Entity& e);
 void drawLwPolyline(SceneBuilder& scene, const Entity& e);
 void drawPolyline(SceneBuilder& scene, const Entity& e);
-void drawLeader(SceneBuilder& scene, const Entity& e);
 void drawText(SceneBuilder& scene, const Entity& e);
 void drawAttribute(SceneBuilder& scene, const Entity& e);
 void drawAttributeDefinition(SceneBuilder& scene, const Entity& e);
 void drawMText(SceneBuilder& scene, const Entity& e);
 void drawInsert(SceneBuilder& scene, const Entity& e);
 void drawDimension(SceneBuilder& scene, const Entity& e);
+void drawParts(SceneBuilder& scene, const Entity& e);
 void drawHatch(SceneBuilder& scene, const Entity& e);
 void drawViewport(SceneBuilder& scene, const Entity& e);
 
