@@ -69,6 +69,18 @@ TEST(Scene, PolylinesWithVertexEntities) {
   expectBox(sceneOf({.entities = faces}).bounds(), 0, 0, 2, 2, "faces");
 }
 
+TEST(Scene, WithoutFillsAreasAreOutlines) {
+  const Records areas{"SOLID 8=0 10=0 20=0 11=2 21=0 12=0 22=2 13=2 23=2",
+                      "LWPOLYLINE 8=0 90=2 70=0 43=2 10=10 20=0 10=14 20=0",
+                      "HATCH 8=0 70=1 91=1 92=2 72=0 73=1 93=3 10=20 20=0 10=24 20=0 10=24 20=3 97=0 75=0 76=1"};
+  const DisplayList filled = sceneOf({.entities = areas, .header = {"$FILLMODE 70=1"}});
+  EXPECT_EQ(shapes<Fill>(filled).size(), 3u);
+  const DisplayList outlined = sceneOf({.entities = areas, .header = {"$FILLMODE 70=0"}});
+  EXPECT_TRUE(shapes<Fill>(outlined).empty());
+  ASSERT_EQ(shapes<Stroke>(outlined).size(), 2u);
+  expectBox(outlined.bounds(), 0, -1, 14, 2, "no hatch");
+}
+
 TEST(Scene, EndlessLinesHaveNoExtent) {
   const DisplayList list = sceneOf({.entities = {"XLINE 8=0 10=0 20=0 11=1 21=0", "RAY 8=0 10=5 20=5 11=0 21=1"}});
   const auto lines = shapes<Unbounded>(list);

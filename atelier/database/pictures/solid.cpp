@@ -2,7 +2,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "atelier/database/entities/solid_edges.h"
+#include "atelier/database/solids/solid_edges.h"
 #include "atelier/database/pictures/part_maker.h"
 
 namespace atelier {

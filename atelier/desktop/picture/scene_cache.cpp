@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "atelier/database/objects/draw_order.h"
 #include "atelier/render/scene/scene.h"
 
 namespace atelier::desktop {
@@ -55,7 +56,7 @@ void SceneCache::take(AcDbStub& stub, std::unordered_set<std::size_t>& stale) {
   // Dictionaries and Xrecords have no effect on the picture; tables and blocks have.
   if (!stub.is(AcDbStub::kEntity)) {
     const std::string_view type = imp_.typeName(stub);
-    everything_ = everything_ || type == "LAYER" || type == "LTYPE" || type == "STYLE";
+    everything_ = everything_ || type == "LAYER" || type == "LTYPE" || type == "STYLE" || type == "SORTENTSTABLE";
     return;
   }
   AcDbStub* main = mainEntity(stub, space);
@@ -81,8 +82,8 @@ void SceneCache::all() {
   batches_.clear();
   batchOf_.clear();
   AcDbStub* space = imp_.modelSpace();
-  if (space && space->children)
-    for (AcDbStub* stub : *space->children) {
+  if (space)
+    for (AcDbStub* stub : inDrawOrder(imp_, *space)) {
       if (batches_.empty() || batches_.back().entities.size() >= kBatch) batches_.emplace_back();
       batches_.back().entities.push_back(stub);
       batchOf_[stub] = batches_.size() - 1;

@@ -26,10 +26,10 @@ Part inColour(const render::DisplayList& list, const QColor& colour) {
     std::visit(
         [&all](auto& part) {
           if constexpr (requires { part.pen; }) part.pen.colour = all;
-          else part.colour = all;
+          else if constexpr (requires { part.colour; }) part.colour = all;
         },
         shape);
-    out->add(item.source, std::move(shape));
+    out->add(*render::primitive(item.source, std::move(shape), item.clip));
   }
   return out;
 }

@@ -45,7 +45,15 @@ class Painting::Painter {
       if (options_.tiny && std::max(seen.width(), seen.height()) < 1 && !options_.tiny->mark({seen.xMin, seen.yMin}))
         return;
     }
+    if (!primitive.clip) return std::visit(*this, primitive.shape);
+    flush();
+    cairo_save(cr_);
+    for (const Clip* clip = primitive.clip.get(); clip; clip = clip->outer.get()) clipTo(clip->area);
+    clipped_ = true;
     std::visit(*this, primitive.shape);
+    flush();
+    clipped_ = false;
+    cairo_restore(cr_);
   }
 
   std::size_t painted() const { return painted_; }  // paths and texts
@@ -67,7 +75,31 @@ class Painting::Painter {
       strokePath(stroke.path.mapped(options_.toSurface), stroke.pen);
   }
 
-  void operator()(const Fill& fill) { fillPath(fill.path.mapped(options_.toSurface), fill.colour, fill.evenOdd); }
+  void operator()(const Fill& fill) {
+    if (fill.gradient) return fillGradient(fill);
+    fillPath(fill.path.mapped(options_.toSurface), fill.colour, fill.evenOdd);
+  }
+
+  void operator()(const Raster& raster) {
+    const Picture& picture = *raster.picture;
+    const Affine m = options_.toSurface * raster.map;
+    if (!(std::abs(m.determinant()) > 0)) return;
+    flush();
+    ++painted_;
+    cairo_save(cr_);
+    clipTo(raster.shown);
+    const cairo_matrix_t matrix{m.xx, m.yx, m.xy, m.yy, m.x0, m.y0};
+    cairo_transform(cr_, &matrix);
+    // Cairo reads the pixels, although it asks for writable ones.
+    auto* const pixels = reinterpret_cast<unsigned char*>(const_cast<std::uint32_t*>(picture.pixels.data()));
+    cairo_surface_t* const surface = cairo_image_surface_create_for_data(pixels, CAIRO_FORMAT_ARGB32, picture.width,
+                                                                         picture.height, 4 * picture.width);
+    cairo_set_source_surface(cr_, surface, 0, 0);
+    cairo_pattern_set_extend(cairo_get_source(cr_), CAIRO_EXTEND_PAD);  // no fading at the rim
+    cairo_paint_with_alpha(cr_, raster.alpha / 255.0);
+    cairo_surface_destroy(surface);
+    cairo_restore(cr_);
+  }
 
   void operator()(const GlyphRun& run) {
     const Affine map = options_.toSurface * run.map;
@@ -121,6 +153,7 @@ class Painting::Painter {
   Path waiting_;  // strokes alike, surface units
   Pen waitingPen_;
   std::size_t painted_ = 0;
+  bool clipped_ = false;  // by the primitive that is painted
 
   double width(const Pen& pen) const { return std::max(pen.weightMm * options_.unitsPerMm, options_.thinnest); }
 
@@ -188,7 +221,7 @@ class Painting::Painter {
 
   bool hair(const Path& path, const Affine& map, const Pen& pen) {
     const Colour colour = resolved(pen.colour);
-    if (!options_.hairlines || pen.dashes || colour.alpha != 255 ||
+    if (!options_.hairlines || clipped_ || pen.dashes || colour.alpha != 255 ||
         width(pen) > kThickestHair * std::max(1.0, options_.thinnest))
       return false;
     cairo_surface_t* const surface = cairo_get_target(cr_);
@@ -213,6 +246,31 @@ class Painting::Painter {
     flush();
     ++painted_;
     source(colour);
+    fillTraced(path, evenOdd);
+  }
+
+  void fillGradient(const Fill& fill) {
+    const Gradient& gradient = *fill.gradient;
+    flush();
+    ++painted_;
+    const Pt from = options_.toSurface(gradient.from), to = options_.toSurface(gradient.to);
+    cairo_pattern_t* const pattern = cairo_pattern_create_linear(from.x, from.y, to.x, to.y);
+    for (const Gradient::Stop& stop : gradient.stops) {
+      const Colour c = resolved(stop.colour);
+      cairo_pattern_add_color_stop_rgba(pattern, stop.at, c.r / 255.0, c.g / 255.0, c.b / 255.0, c.alpha / 255.0);
+    }
+    cairo_set_source(cr_, pattern);
+    cairo_pattern_destroy(pattern);
+    fillTraced(fill.path.mapped(options_.toSurface), fill.evenOdd);
+  }
+
+  void clipTo(const Path& area) {
+    cairo_set_fill_rule(cr_, CAIRO_FILL_RULE_EVEN_ODD);
+    trace(clipFill(area.mapped(options_.toSurface), guard_, 0.05));
+    cairo_clip(cr_);
+  }
+
+  void fillTraced(const Path& path, bool evenOdd) {
     cairo_set_fill_rule(cr_, evenOdd ? CAIRO_FILL_RULE_EVEN_ODD : CAIRO_FILL_RULE_WINDING);
     trace(within(path.bounds(), guard_) ? path : clipFill(path, guard_, 0.05));
     cairo_fill(cr_);

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "atelier/database/dimensions/dimension_parts.h"
+#include "atelier/database/entities/block_clip.h"
 #include "atelier/database/pictures/pictures.h"
 #include "atelier/render/scene/scene_builder.h"
 
@@ -29,6 +30,7 @@ Placement within(SceneBuilder& scene, const Entity& e) {
   inside.scale = e.at.scale;
   inside.source = e.source();
   inside.depth = e.at.depth + 1;
+  inside.clip = e.at.clip;
   return inside;
 }
 
@@ -42,6 +44,19 @@ double rotationOf(const Groups& g) {
 double scaleOf(const Groups& g, int code) {
   const double scale = g.text(0) == "ACAD_TABLE" ? 1 : g.real(code, 1);
   return scale == 0 ? 1 : scale;
+}
+
+// The boundary of a clipped reference where its contents stand, within those around it.
+std::shared_ptr<const Clip> clipOf(const std::vector<AcGePoint3d>& corners, const AcGeMatrix3d& toWorld,
+                                   const std::shared_ptr<const Clip>& outer) {
+  if (corners.empty()) return outer;
+  Path area;
+  for (const AcGePoint3d& corner : corners) {
+    const AcGePoint3d p = toWorld * corner;
+    area.lineTo({p.x, p.y});
+  }
+  area.close();
+  return std::make_shared<const Clip>(Clip{std::move(area), outer});
 }
 
 void drawArray(SceneBuilder& scene, const Entity& e, AcDbStub& block) {
@@ -60,10 +75,12 @@ void drawArray(SceneBuilder& scene, const Entity& e, AcDbStub& block) {
   const AcGeMatrix3d content = scaling * AcGeMatrix3d::translation(-base.asVector());
   Placement inside = within(scene, e);
   inside.scale *= std::sqrt(std::abs(sx * sy));
+  const std::vector<AcGePoint3d> clip = array ? blockClip(scene.database(), e.record) : std::vector<AcGePoint3d>();
   for (std::int64_t row = 0; row < rows && !scene.full(); ++row)
     for (std::int64_t column = 0; column < columns && !scene.full(); ++column) {
       const AcGeVector3d step(static_cast<double>(column) * g.real(44), static_cast<double>(row) * g.real(45), 0);
       inside.toWorld = turned * AcGeMatrix3d::translation(step) * content;
+      inside.clip = clipOf(clip, inside.toWorld, e.at.clip);
       scene.block(block, inside);
     }
 }

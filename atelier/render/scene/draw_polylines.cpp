@@ -48,8 +48,9 @@ void planePolyline(SceneBuilder& scene, const Entity& e, const std::vector<PolyV
   const std::int64_t flags = e.groups.integer(70);
   const bool closed = (flags & PolylineFlags::kClosed) != 0;
   const Affine map = e.plane(elevation);
-  const bool wide = isWide(vertices, closed) && scene.database().header.integer("$FILLMODE", 1) != 0;
-  if (wide) scene.fill(e, wideArea(vertices, closed).mapped(map), false);
+  const bool wide = isWide(vertices, closed), filled = scene.database().header.integer("$FILLMODE", 1) != 0;
+  if (wide && filled) scene.fill(e, wideArea(vertices, closed).mapped(map), false);
+  else if (wide) scene.stroke(e, wideArea(vertices, closed).mapped(map));
   const auto thin = [](const PolyVertex& v) { return v.startWidth <= 0 && v.endWidth <= 0; };
   if (wide && std::ranges::none_of(vertices, thin)) return;
 

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "atelier/base/interruption.h"
+#include "atelier/database/objects/draw_order.h"
 #include "atelier/render/scene/scene_builder.h"
 #include "atelier/render/shapes/plot_error.h"
 
@@ -42,6 +43,8 @@ constexpr Kind kKinds[] = {
     {"LARGE_RADIAL_DIMENSION", drawDimension},
     {"HATCH", drawHatch},
     {"VIEWPORT", drawViewport},
+    {"WIPEOUT", drawWipeout},
+    {"IMAGE", drawImage},
     {"LEADER", drawParts},
     {"MULTILEADER", drawParts},
     {"MLINE", drawParts},
@@ -84,9 +87,10 @@ std::string leftOutSentence(const std::map<std::string, std::size_t>& counts) {
   return "objets non représentés, ou en partie : " + list;
 }
 
-std::span<AcDbStub* const> entitiesOf(const AcDbDatabase& database, const SceneOptions& options) {
-  const AcDbStub* space = options.space ? options.space : AcDbImpDatabase::of(&database).modelSpace();
-  return space && space->children ? std::span<AcDbStub* const>(*space->children) : std::span<AcDbStub* const>();
+std::vector<AcDbStub*> entitiesOf(const AcDbDatabase& database, const SceneOptions& options) {
+  AcDbImpDatabase& imp = AcDbImpDatabase::of(&database);
+  AcDbStub* space = options.space ? options.space : imp.modelSpace();
+  return space ? inDrawOrder(imp, *space) : std::vector<AcDbStub*>();
 }
 
 }  // namespace
@@ -159,7 +163,7 @@ void SceneBuilder::block(AcDbStub& record, const Placement& at) {
   // An empty block counts, too, so that billions of them come to an end.
   if (!roomLeft() || !record.children) return;
   open_.push_back(&record);
-  for (AcDbStub* stub : *record.children) {
+  for (AcDbStub* stub : inDrawOrder(database_, record)) {
     if (stopped_) break;
     entity(*stub, at);
   }
@@ -172,7 +176,7 @@ Pen SceneBuilder::pen(const Entity& e) {
 
 void SceneBuilder::add(const Entity& e, Shape shape) {
   if (e.look.hidden) return;
-  if (auto made = primitive(e.source(), std::move(shape))) ++made_, receive_(std::move(*made));
+  if (auto made = primitive(e.source(), std::move(shape), e.at.clip)) ++made_, receive_(std::move(*made));
 }
 
 void SceneBuilder::stroke(const Entity& e, Path path) { add(e, Stroke{std::move(path), pen(e)}); }

@@ -17,6 +17,7 @@ struct Placement {
   double scale = 1;          // of lengths along lines, for line types
   std::uint64_t source = 0;  // the reference in the model space; 0: each entity for itself
   int depth = 0;
+  std::shared_ptr<const Clip> clip = {};
 };
 
 struct Entity {
@@ -105,6 +106,8 @@ void drawMText(SceneBuilder& scene, const Entity& e);
 void drawInsert(SceneBuilder& scene, const Entity& e);
 void drawDimension(SceneBuilder& scene, const Entity& e);
 void drawParts(SceneBuilder& scene, const Entity& e);
+void drawWipeout(SceneBuilder& scene, const Entity& e);
+void drawImage(SceneBuilder& scene, const Entity& e);
 void drawHatch(SceneBuilder& scene, const Entity& e);
 void drawViewport(SceneBuilder& scene, const Entity& e);
 

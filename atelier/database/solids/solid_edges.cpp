@@ -1,5 +1,5 @@
 // An edge names its vertices, its curve, and whether it runs against the curve.
-#include "atelier/database/entities/solid_edges.h"
+#include "atelier/database/solids/solid_edges.h"
 
 #include <algorithm>
 #include <cmath>

@@ -5,8 +5,8 @@
 #include <variant>
 #include <vector>
 
-#include "atelier/database/entities/solid_data.h"
 #include "atelier/database/objects/imp_database.h"
+#include "atelier/database/solids/solid_data.h"
 #include "hote/ge.h"
 
 namespace atelier::solid {

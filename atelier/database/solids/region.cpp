@@ -1,8 +1,8 @@
 // The area of a planar region, from the edges of its faces in the solid-model data.
 #include <optional>
 
-#include "atelier/database/entities/solid_edges.h"
 #include "atelier/database/objects/new_record.h"
+#include "atelier/database/solids/solid_edges.h"
 #include "hote/dbents.h"
 
 using namespace atelier;
