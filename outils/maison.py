@@ -19,7 +19,7 @@ HOUSES = {
         "database/solids": "base geometry database/objects",
         "database/entities": "base database/records database/objects database/curves fonts",
         "database/dimensions": "base fonts database/records database/objects database/curves database/entities",
-        "database/pictures": "base database/records database/objects database/curves database/solids database/entities database/dimensions",
+        "database/pictures": "base fonts database/records database/objects database/curves database/solids database/entities database/dimensions",
         "database/lists": "base database/records database/objects database/curves database/tables database/entities",
         "dxf/groups": "base database",
         "dxf/reading": "dxf/groups",

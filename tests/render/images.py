@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Images, masks, clipped references, gradients and the order of drawing: which colour a plot has at which place.
+"""Images, masks, clipped references, gradients, shapes and the order of drawing: which colour a plot has at which place.
 
 ezdxf writes the drawing, poppler makes pixels of the PDF. One unit of the drawing is a millimetre of the sheet.
 """
@@ -83,6 +83,14 @@ def drawing(folder):
     clip(doc, space.add_blockref("CARRE", (42, 42), dxfattribs={"xscale": 2, "yscale": 2}), [(30, 30), (50, 30), (50, 70), (30, 70)])
     for x, name in ((80, "LINEAR"), (110, "CYLINDER"), (140, "SPHERICAL")):
         square(space.add_hatch(), x, 40).set_gradient(RED, BLUE, name=name)
+    # A cross of two strokes four units long, once by itself and each ten units along a line.
+    with open(os.path.join(folder, "Formes.SHX"), "wb") as file:
+        cross = b"CROIX\0" + bytes((2, 8, 256 - 2, 0, 1, 8, 4, 0, 2, 8, 256 - 2, 256 - 2, 1, 8, 0, 4, 0))
+        file.write(b"AutoCAD-86 shapes V1.0\r\n\x1a" + struct.pack("<HHHHH", 5, 5, 1, 5, len(cross)) + cross)
+    doc.linetypes.add("RAIL", pattern="A,5,[5,formes.shx,S=1],5", length=10)
+    space.add_line((0, 70), (40, 70), dxfattribs={"linetype": "RAIL", "color": 5})
+    space.add_shape("CROIX", (60, 70), size=2, dxfattribs={"rotation": 45, "color": 5})
+    space.add_shape("INCONNUE", (60, 70), size=2)
     path = os.path.join(folder, "images.dxf")
     doc.saveas(path)
     return path
@@ -95,6 +103,8 @@ WANTED = [((5, 15), RED), ((15, 15), GREEN), ((5, 5), BLUE), ((15, 5), BLACK),  
           ((103, 3), WHITE), ((100, 10), BLACK),                                # a frame in place of a missing one
           ((2, 42), RED), ((6, 46), WHITE), ((10, 50), GREEN),                  # mask and order
           ((45, 50), RED), ((55, 50), WHITE), ((39, 50), WHITE),                # clipped at 50
+          ((5, 71.5), BLUE), ((10, 71.5), WHITE), ((25, 68.5), BLUE),          # shapes along a line, one by itself
+          ((62.12, 72.12), BLUE), ((57.88, 72.12), BLUE), ((62, 70), WHITE),
           ((81, 50), (242, 0, 13)), ((99, 50), (13, 0, 242)), ((90, 50), (128, 0, 128)),
           ((111, 50), (230, 0, 26)), ((120, 50), BLUE), ((142, 50), (127, 0, 127)), ((158, 58), (127, 0, 127))]
 
@@ -120,11 +130,12 @@ def main():
         window = f"{CENTRE[0] - 120},{CENTRE[1] - 80},{CENTRE[0] + 120},{CENTRE[1] + 80}"
         told = subprocess.run([KAVEL, source, "--no-frontal", "--quiet", "--paper", "A4", "--scale", "1:1000", "--window", window, "--plot", pdf],
                               check=True, capture_output=True, text=True)
-        found = [] if "absente.png : introuvable" in told.stderr else [f"a missing image isn't told: {told.stderr}"]
+        found = [f"not told: {what} in {told.stderr}" for what in ("absente.png : introuvable", "en partie : 1 SHAPE (forme inconnue)")
+                 if what not in told.stderr]
         at = pixels(pdf)
         # Thin lines are looked for around their place.
         found += [f"{place}: {at(*place)}, not {colour}" for place, colour in WANTED
-                  if not any(near(at(place[0] + dx / 10, place[1]), colour) for dx in ((-1, 0, 1) if colour == BLACK else (0,)))]
+                  if not any(near(at(place[0] + dx / 10, place[1]), colour) for dx in ((-1, 0, 1) if colour in (BLACK, BLUE) else (0,)))]
         # What is hidden by the boundary has no extents and isn't picked.
         ask = '(list (null (ssget "C" \'(52. 45.) \'(55. 55.))) (sslength (ssget "C" \'(39. 45.) \'(41. 55.))))'
         picked = subprocess.run([KAVEL, source, "--no-frontal", "--quiet", "-e", ask], check=True, capture_output=True, text=True).stdout

@@ -49,8 +49,8 @@ class PartMaker {
   Record& add(std::string_view type);
   void add(Record whole);
   // Notes that the entity shows something that can't be read.
-  void missing() { complete_ = false; }
-  bool complete() const { return complete_; }
+  void missing(std::string why = "données illisibles") { missing_ = std::move(why); }
+  const std::string& whatIsMissing() const { return missing_; }
 
  private:
   void give();
@@ -59,7 +59,7 @@ class PartMaker {
   const std::function<void(const Record&)>& receive_;
   PartLook look_;
   Record part_;
-  bool complete_ = true;
+  std::string missing_;
 };
 
 // The name of a table record by its handle; empty when there is none.
@@ -72,6 +72,7 @@ void multilineParts(PartMaker& make, const Record& record);
 void toleranceParts(PartMaker& make, const Record& record);
 void meshParts(PartMaker& make, const Record& record);
 void solidParts(PartMaker& make, const Record& record);
+void shapeParts(PartMaker& make, const Record& record);
 void rasterFrame(PartMaker& make, const Record& record);
 
 }  // namespace atelier

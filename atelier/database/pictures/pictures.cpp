@@ -47,6 +47,7 @@ constexpr Row kRows[] = {
     {"PLANESURFACE", solidParts},
     {"REVOLVEDSURFACE", solidParts},
     {"SWEPTSURFACE", solidParts},
+    {"SHAPE", shapeParts},
     {"IMAGE", rasterFrame},
     {"WIPEOUT", rasterFrame},
     {"DIMENSION", dimensionPicture, true},
@@ -74,12 +75,13 @@ void addVertices(const AcDbEntity& entity, AcDbExtents& box) {
 
 bool hasParts(std::string_view type) { return rowOf(type) != nullptr; }
 
-bool eachPart(AcDbImpDatabase& database, const Record& entity, const std::function<void(const Record&)>& receive) {
+std::string eachPart(AcDbImpDatabase& database, const Record& entity,
+                     const std::function<void(const Record&)>& receive) {
   const Row* row = rowOf(entity.type());
-  if (!row) return false;
+  if (!row) return {};
   PartMaker make(database, receive);
   row->parts(make, entity);
-  return make.complete();
+  return make.whatIsMissing();
 }
 
 void eachPartEntity(const AcDbEntity& entity, const std::function<void(const AcDbEntity&)>& receive) {

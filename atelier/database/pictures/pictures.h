@@ -12,8 +12,9 @@ namespace atelier {
 bool hasParts(std::string_view type);
 
 // Gives each part: a record of a simple type (line, arc, area, text, reference) in world coordinates, on layer 0, with
-// colours by block where it looks as the entity. False when the entity shows something that can't be read.
-bool eachPart(AcDbImpDatabase& database, const Record& entity, const std::function<void(const Record&)>& receive);
+// colours by block where it looks as the entity. The result says in French what is missing, or is empty.
+std::string eachPart(AcDbImpDatabase& database, const Record& entity,
+                     const std::function<void(const Record&)>& receive);
 
 // The same as entities, which stand in no block and are good during the call only.
 void eachPartEntity(const AcDbEntity& entity, const std::function<void(const AcDbEntity&)>& receive);

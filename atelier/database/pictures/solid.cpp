@@ -2,8 +2,8 @@
 #include <cmath>
 #include <numbers>
 
-#include "atelier/database/solids/solid_edges.h"
 #include "atelier/database/pictures/part_maker.h"
+#include "atelier/database/solids/solid_edges.h"
 
 namespace atelier {
 

@@ -107,9 +107,9 @@ void drawDimension(SceneBuilder& scene, const Entity& e) {
 
 void drawParts(SceneBuilder& scene, const Entity& e) {
   const Placement inside = within(scene, e);
-  const bool complete =
+  const std::string missing =
       eachPart(scene.database(), e.record, [&](const Record& part) { scene.part(e.stub, part, inside); });
-  if (!complete) scene.leaveOut(e.record.type());
+  if (!missing.empty()) scene.leaveOut(std::string(e.record.type()) + " (" + missing + ")");
 }
 
 }  // namespace atelier::render

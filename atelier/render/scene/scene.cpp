@@ -45,6 +45,7 @@ constexpr Kind kKinds[] = {
     {"VIEWPORT", drawViewport},
     {"WIPEOUT", drawWipeout},
     {"IMAGE", drawImage},
+    {"SHAPE", drawParts},
     {"LEADER", drawParts},
     {"MULTILEADER", drawParts},
     {"MLINE", drawParts},
@@ -179,7 +180,34 @@ void SceneBuilder::add(const Entity& e, Shape shape) {
   if (auto made = primitive(e.source(), std::move(shape), e.at.clip)) ++made_, receive_(std::move(*made));
 }
 
-void SceneBuilder::stroke(const Entity& e, Path path) { add(e, Stroke{std::move(path), pen(e)}); }
+void SceneBuilder::stroke(const Entity& e, Path path) {
+  if (e.look.pattern && !e.look.hidden) marks(e, path);
+  add(e, Stroke{std::move(path), pen(e)});
+}
+
+void SceneBuilder::marks(const Entity& e, const Path& path) {
+  const Pattern& pattern = *e.look.pattern;
+  const double scale = e.look.patternScale;
+  if (!pattern.absent.empty())
+    cannotShow("type de ligne à formes, sans elles : fichier " + pattern.absent + " introuvable");
+  for (const LineMark& mark : pattern.marks) {
+    const TextStyle& style = properties_.textStyle(mark.style);
+    const double size = scale * mark.scale * (mark.text.empty() || style.height <= 0 ? 1 : style.height);
+    for (const Affine& place : placesAlong(path, mark, pattern.period, scale)) {
+      const Pt at = place(scale * mark.offset);
+      const Affine along = mark.absolute ? Affine{} : Affine{place.xx, place.yx, place.xy, place.yy, 0, 0};
+      const Affine frame = Affine::translation(at.x, at.y) * along * Affine::rotation(mark.turn);
+      for (const fonts::PenStroke& stroke : mark.strokes) {
+        Path drawn;
+        for (const Pt p : stroke) drawn.lineTo(frame(size * p));
+        add(e, Stroke{std::move(drawn), {e.look.colour, e.look.weightMm, nullptr}});
+      }
+      if (mark.text.empty()) continue;
+      const fonts::Font& letters = font(style.font);
+      add(e, GlyphRun{letters.layout(mark.text), frame * letters.shape(size), e.look.colour});
+    }
+  }
+}
 
 void SceneBuilder::fill(const Entity& e, Path path, bool evenOdd) { fill(e, std::move(path), evenOdd, e.look.colour); }
 
@@ -188,7 +216,7 @@ void SceneBuilder::fill(const Entity& e, Path path, bool evenOdd, Colour colour)
 }
 
 void SceneBuilder::cannotShow(const std::string& what) { ++unshown_[what]; }
-void SceneBuilder::leaveOut(std::string_view type) { ++leftOut_[std::string(type)]; }
+void SceneBuilder::leaveOut(std::string_view what) { ++leftOut_[std::string(what)]; }
 
 const fonts::Font& SceneBuilder::font(const fonts::FontStyle& style) {
   const std::string key = style.file + '|' + std::to_string(style.widthFactor) + '|' + std::to_string(style.oblique) +

@@ -57,7 +57,7 @@ class SceneBuilder {
   // Adds a warning, a French sentence; it is given once, with the number of entities.
   void cannotShow(const std::string& what);
   // Counts an entity of which nothing, or not all, can be shown.
-  void leaveOut(std::string_view type);
+  void leaveOut(std::string_view what);
 
   AcDbImpDatabase& database() { return database_; }
   Properties& properties() { return properties_; }
@@ -70,7 +70,8 @@ class SceneBuilder {
 
  private:
   void draw(const Entity& e);
-  bool roomLeft();  // counts a visit
+  void marks(const Entity& e, const Path& path);  // of the entity's line type
+  bool roomLeft();                                // counts a visit
 
   AcDbImpDatabase& database_;
   SceneOptions options_;
