@@ -98,6 +98,11 @@ std::vector<AcDbStub*> entitiesOf(const AcDbDatabase& database, const SceneOptio
 
 std::uint64_t Entity::source() const { return at.source ? at.source : stub.handle; }
 
+bool isDrawn(std::string_view type) {
+  return std::ranges::find(kKinds, type, &Kind::type) != std::end(kKinds) ||
+         std::ranges::find(kInvisible, type) != std::end(kInvisible);
+}
+
 Affine Entity::plane(double elevation) const {
   const AcGeVector3d normal = groups.normal();
   const bool flat = normal.x == 0 && normal.y == 0 && normal.z > 0;
@@ -149,7 +154,7 @@ void SceneBuilder::draw(const Entity& e) {
   const std::string_view type = e.record.type();
   const auto kind = std::ranges::find(kKinds, type, &Kind::type);
   if (kind == std::end(kKinds)) {
-    if (std::ranges::find(kInvisible, type) == std::end(kInvisible) && !e.look.hidden) leaveOut(type);
+    if (!isDrawn(type) && !e.look.hidden) leaveOut(type);
     return;
   }
   // A reference on a layer that is off still shows its contents on other layers.

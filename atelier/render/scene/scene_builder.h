@@ -86,6 +86,9 @@ class SceneBuilder {
   bool stopped_ = false;
 };
 
+// Whether entities of that type are drawn, or have nothing to draw.
+bool isDrawn(std::string_view type);
+
 using DrawFunction = void (*)(SceneBuilder&, const Entity&);
 
 // One function for each kind of entity; the table in scene.cpp gives the types.
