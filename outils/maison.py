@@ -56,7 +56,7 @@ HOUSES = {
         "desktop/view": "base document selecting render desktop/picture desktop/document",
         "desktop/forms": "base dialogs render desktop/document",
         "desktop/panels": "base application database render/scene desktop/document",
-        "desktop/window": "base selecting dxf commands commands/files plugin exchange render desktop/document desktop/forms desktop/view desktop/panels",
+        "desktop/window": "base database/objects selecting dxf commands commands/files plugin exchange render desktop/document desktop/forms desktop/view desktop/panels",
     },
     "module": {
         "commande/arguments": "",

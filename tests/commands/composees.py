@@ -179,6 +179,23 @@ def solid(folder, version):
     return None if near(ours, wanted) else f"3DSOLID {version}\n  {ours}, not\n  {wanted}"
 
 
+def tolerance(folder):
+    """Two rows of cells as high as two texts, the first by the middle of its left side on the insertion point."""
+    doc = ezdxf.new("R2010", setup=True)
+    doc.dimstyles.get("EZDXF").dxf.dimtxt, doc.dimstyles.get("EZDXF").dxf.dimscale = 3, 2
+    doc.modelspace().new_entity("TOLERANCE", {"insert": (10, 20), "content": "{\\Fgdt;j}%%v0.1%%vA^J%%v0.25", "dimstyle": "EZDXF", "x_axis_vector": (0, 1, 0)})
+    source, old = os.path.join(folder, "tolerance.dxf"), os.path.join(folder, "tolerance12.dxf")
+    doc.saveas(source)
+    run(source, "--no-frontal", "--quiet", "--release", "R12", "--save", old)
+    parts = list(ezdxf.readfile(old).modelspace())
+    ours, said = lines(parts), [e.dxf.text for e in parts if e.dxftype() == "TEXT"]
+    # Turned by a quarter: across the rows is x, 6 to either side of 10, then 12 more.
+    across, along = ({p[i] for line in ours for p in line} for i in (0, 1))
+    if sorted(across) != [4, 16, 28] or min(along) != 20 or said[1:] != ["0.1", "A", "0.25"] or said[0] != "\\U+2316":
+        return f"TOLERANCE: {ours} {said}"
+    return None
+
+
 def columns(folder):
     """A text in columns stays one when it is enlarged: its extents grow with it."""
     doc = ezdxf.new("R2018", setup=True)
@@ -198,7 +215,7 @@ def columns(folder):
 def main():
     with tempfile.TemporaryDirectory() as folder:
         found = [f"seed {seed}: {difference}" for seed in range(40) if (difference := compare(seed, folder))]
-        found += [difference for difference in (mesh(folder), solid(folder, "R2000"), solid(folder, "R2018"), columns(folder)) if difference]
+        found += [difference for difference in (mesh(folder), solid(folder, "R2000"), solid(folder, "R2018"), columns(folder), tolerance(folder)) if difference]
     print("\n".join(found))
     return 1 if found else 0
 

@@ -11,7 +11,7 @@ namespace {
 
 std::unordered_map<std::uint64_t, std::uint64_t> placesOf(AcDbImpDatabase& database, AcDbStub& block) {
   std::unordered_map<std::uint64_t, std::uint64_t> places;
-  const Record head = AcDbImpObject::of(&database.object(block)).record;
+  const Record& head = AcDbImpObject::of(&database.object(block)).record;
   AcDbStub* table = extensionObject(database, head, {"ACAD_SORTENTS"});
   if (!table) return places;
   const Record& record = AcDbImpObject::of(&database.object(*table)).settled();

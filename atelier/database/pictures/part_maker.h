@@ -73,6 +73,7 @@ void toleranceParts(PartMaker& make, const Record& record);
 void meshParts(PartMaker& make, const Record& record);
 void solidParts(PartMaker& make, const Record& record);
 void shapeParts(PartMaker& make, const Record& record);
+void viewportFrame(PartMaker& make, const Record& record);
 void rasterFrame(PartMaker& make, const Record& record);
 
 }  // namespace atelier

@@ -50,6 +50,7 @@ constexpr Row kRows[] = {
     {"SHAPE", shapeParts},
     {"IMAGE", rasterFrame},
     {"WIPEOUT", rasterFrame},
+    {"VIEWPORT", viewportFrame},
     {"DIMENSION", dimensionPicture, true},
     {"ARC_DIMENSION", dimensionPicture, true},
     {"LARGE_RADIAL_DIMENSION", dimensionPicture, true},

@@ -1,5 +1,5 @@
 // TOLERANCE: rows of framed cells.
-// Cells are separated by %%v, rows by ^J; the first cell stands on the insertion point by the middle of its left side.
+// Cells are separated by %%v, rows by line feeds; the first cell stands on the insertion point by the middle of its left side.
 // Reference: DXF reference, "TOLERANCE".
 #include <algorithm>
 
@@ -94,7 +94,7 @@ void toleranceParts(PartMaker& make, const Record& record) {
   const Groups groups(record);
   const DimensionStyle style(make.database(), record);
   Frame frame(make, groups, style);
-  for (const std::string& row : split(groups.text(1), "^J"))
+  for (const std::string& row : split(groups.text(1), "\n"))
     if (!row.empty()) frame.row(row);
 }
 

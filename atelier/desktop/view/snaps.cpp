@@ -108,7 +108,7 @@ std::optional<Snap> findSnap(Document& document, const AcGePoint3d& cursor, doub
   if (modes == 0) return std::nullopt;
   AcDbExtents box;
   box.set({cursor.x - aperture, cursor.y - aperture, 0}, {cursor.x + aperture, cursor.y + aperture, 0});
-  const std::vector<AcDbStub*> near = document.spatialIndex().query(document.imp().modelSpace(), box);
+  const std::vector<AcDbStub*> near = document.spatialIndex().query(document.database().currentSpaceId(), box);
   if (near.size() > kMostEntities) return std::nullopt;  // zoomed out too far for a choice
   Search search(cursor, aperture, modes, base);
   LayerStates layers(document.imp());

@@ -145,17 +145,18 @@ std::string fileOf(const std::string& file, std::string layout) {
 
 std::vector<std::string> layoutsOf(const AcDbDatabase& database) {
   AcDbImpDatabase& imp = AcDbImpDatabase::of(&database);
-  std::vector<std::pair<std::int64_t, std::string>> found;
-  for (AcDbStub* block : *imp.table("BLOCK_RECORD")->children) {
-    if (block->is(AcDbStub::kErased) || block == imp.modelSpace()) continue;
-    const std::string name = layoutNameOf(*block);
-    if (!name.empty() && showsSomething(imp, *block))
-      found.emplace_back(settingsOf(imp, *block).integer(integerField("AcDbLayout", 71)), name);
-  }
-  std::ranges::stable_sort(found, {}, &std::pair<std::int64_t, std::string>::first);
   std::vector<std::string> names;
-  for (auto& [tab, name] : found) names.push_back(std::move(name));
+  for (AcDbStub* sheet : sheetsOf(imp))
+    if (showsSomething(imp, *sheet)) names.push_back(layoutNameOf(*sheet));
   return names;
+}
+
+std::optional<Box> sheetArea(AcDbImpDatabase& database, AcDbStub& space) {
+  const Sheet sheet = sheetOf(settingsOf(database, space));
+  if (!sheet.known()) return std::nullopt;
+  const double k = 1 / sheet.perUnit;
+  return Box{-k * sheet.leftMm, -k * sheet.bottomMm, k * (sheet.widthMm - sheet.leftMm),
+             k * (sheet.heightMm - sheet.bottomMm)};
 }
 
 std::vector<std::string> plotLayouts(const AcDbDatabase& database, const std::vector<std::string>& names,
