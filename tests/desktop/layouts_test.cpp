@@ -1,6 +1,8 @@
 // The tabs under the drawing: a click shows a sheet with the model in its viewports, and drawing goes on there.
+#include <QFile>
 #include <QTabBar>
 
+#include "atelier/desktop/forms/forms.h"
 #include "desktop.h"
 
 namespace kaveltest {
@@ -64,6 +66,23 @@ TEST_F(Layouts, ASheetShowsTheModelThroughItsViewports) {
   show(1);
   EXPECT_EQ(at(200, 100), window.view()->ground());
   EXPECT_EQ(count("CIRCLE"), 1);
+}
+
+TEST_F(Layouts, TheSheetThatIsShownIsPlotted) {
+  show(1);
+  driver.type("(entmake '((0 . \"TEXT\") (10 30. 40. 0.) (40 . 5.) (1 . \"Coupe\")))").play();
+  driver.menu("Tracer...").then([&] {
+    auto& form = *dynamic_cast<PlotForm*>(QApplication::activeModalWidget());
+    form.file->setText(file("coupe.svg"));
+    form.paper->setCurrentIndex(form.paper->findData("A3"));
+    form.accept();
+  });
+  driver.play();
+  QFile plot(file("coupe.svg"));
+  ASSERT_TRUE(plot.open(QIODevice::ReadOnly));
+  const QByteArray drawn = plot.readAll();
+  EXPECT_TRUE(drawn.contains("width=\"1190.551")) << drawn.left(200).toStdString();
+  EXPECT_TRUE(drawn.contains("<use")) << "its text";
 }
 
 TEST_F(Layouts, DrawingsHaveTheirOwn) {
