@@ -51,7 +51,7 @@ def note(rng, doc):
         bubble.add_attdef("NUM", (1, 2), dxfattribs={"height": 2}).set_placement((1, 2), align=TextEntityAlignment.MIDDLE_CENTER)
         made = space.add_multileader_block("Standard")
         made.set_content("BULLE", scale=rng.choice((1, 2)))
-        made.set_attribute("NUM", "42")
+        made.set_attribute("NUM", rng.choice(("42", "LEADER{")))
     made.set_arrow_properties(size=rng.choice((2, 3)))
     side = rng.choice((mleader.ConnectionSide.left, mleader.ConnectionSide.right))
     for _ in range(rng.randint(1, 3)):

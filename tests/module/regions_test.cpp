@@ -75,6 +75,20 @@ TEST(Regions, HalfDiscWithARoundHoleAndAScale) {
   EXPECT_EQ(session.eval("(pl_areacalc (entlast) 1.0)"), "nil") << "an outline that can't be followed";
 }
 
+// A cubic from 0,0 to 4,0 that rises to 3, placed 10 to the right; the edge runs against it from 4,0 back.
+TEST(Regions, EdgesAlongSplinesAreShown) {
+  kaveltest::Session session;
+  session.eval(
+      regionOf({"400 0 1 0", "a", "b", "transform $-1 1 0 0 0 1 0 0 0 1 10 0 0 1 no_rotate no_reflect no_shear #",
+                "edge $-1 $3 $2 $-1 $4 reversed #", "vertex $-1 $1 $5 #", "vertex $-1 $1 $6 #",
+                "intcurve-curve $-1 forward { exactcur nubs 3 open 2 0 3 1 3 0 0 0 0 4 0 4 4 0 4 0 0 0 } I I #",
+                "point $-1 0 0 0 #", "point $-1 4 0 0 #", "End-of-ACIS-data"}));
+  EXPECT_EQ(session.eval("(list (rtos (car (getvar \"EXTMIN\")) 2 3) (rtos (car (getvar \"EXTMAX\")) 2 3) (rtos (cadr "
+                         "(getvar \"EXTMAX\")) 2 3))"),
+            R"(("10" "14" "3"))");
+  EXPECT_EQ(session.eval("(pl_areacalc (entlast) 1.0)"), "nil") << "an area is of lines and arcs";
+}
+
 TEST(Regions, OfOtherProgramsInBothForms) {
   const std::filesystem::path folder = std::filesystem::temp_directory_path() / "kavel-regions";
   std::filesystem::create_directories(folder);

@@ -39,9 +39,10 @@ std::optional<Meaning> meaningOf(Place place, int code) {
 
 MultileaderPlace multileaderPlace(MultileaderPlace place, const Group& group) {
   const std::string& text = group.text();
-  if (group.code() == 300 && text.starts_with("CONTEXT_DATA")) return Place::context;
-  if (group.code() == 302 && text.starts_with("LEADER")) return Place::leader;
-  if (group.code() == 304 && text.starts_with("LEADER_LINE")) return Place::line;
+  // The same codes are texts elsewhere.
+  if (group.code() == 300 && place == Place::entity && text.starts_with("CONTEXT_DATA")) return Place::context;
+  if (group.code() == 302 && place == Place::context && text.starts_with("LEADER")) return Place::leader;
+  if (group.code() == 304 && place == Place::leader && text.starts_with("LEADER_LINE")) return Place::line;
   if (group.code() == 305 && place == Place::line) return Place::leader;
   if (group.code() == 303 && place == Place::leader) return Place::context;
   if (group.code() == 301 && place == Place::context) return Place::entity;

@@ -67,14 +67,15 @@ std::optional<Nurbs> nurbsOf(const Record& curve) {
     return value ? ++at, *value : NAN;
   };
   Nurbs made;
-  made.degree = static_cast<int>(number());
+  const double degree = number();
   if (at != curve.tokens.end()) ++at;  // open or closed, a word or its number
   const double knots = number();
   constexpr double kMost = 1e5;
-  if (!(knots >= 2 && knots < kMost) || made.degree < 1) return std::nullopt;
+  if (!(knots >= 2 && knots < kMost && degree >= 1 && degree < kMost)) return std::nullopt;
+  made.degree = static_cast<int>(degree);
   for (int k = 0; k < static_cast<int>(knots); ++k) {
     const double knot = number(), times = number();
-    if (!(times >= 1 && times < kMost)) return std::nullopt;
+    if (!(times >= 1 && times <= degree + 1)) return std::nullopt;
     made.knots.insert(made.knots.end(), static_cast<std::size_t>(times), knot);
   }
   made.knots.insert(made.knots.begin(), made.knots.front());
