@@ -1,6 +1,7 @@
-// Paths are single lines: a path in space has no other form that is one record.
+// Records from the format table, with what each kind needs.
 #include "atelier/database/pictures/part_maker.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -46,9 +47,24 @@ void PartMaker::line(const AcGePoint3d& from, const AcGePoint3d& to) {
   record.setPoint(pointField("AcDbLine", 11), to);
 }
 
+// A polyline where the points are as high as each other, else single lines: a path in space has no form in one record.
 void PartMaker::path(std::span<const AcGePoint3d> points, bool closed) {
+  const bool level = std::ranges::all_of(points, [&](const AcGePoint3d& p) { return p.z == points.front().z; });
+  if (level && points.size() > 2) return polyline(points, closed);
   for (std::size_t i = 0; i + 1 < points.size(); ++i) line(points[i], points[i + 1]);
   if (closed && points.size() > 2) line(points.back(), points.front());
+}
+
+void PartMaker::polyline(std::span<const AcGePoint3d> points, bool closed) {
+  constexpr std::string_view kPolyline = "AcDbPolyline";
+  Record& record = add("LWPOLYLINE");
+  record.setInteger(integerField(kPolyline, 90), static_cast<std::int64_t>(points.size()));
+  record.setInteger(integerField(kPolyline, 70), PolylineFlags::kRunsThrough | (closed ? PolylineFlags::kClosed : 0));
+  record.setReal(realField(kPolyline, 38), points.front().z);
+  for (const AcGePoint3d& p : points) {
+    record.groups.push_back(Group::real(10, p.x));
+    record.groups.push_back(Group::real(20, p.y));
+  }
 }
 
 void PartMaker::curve(const std::vector<AcGePoint3d>& points) {

@@ -54,6 +54,7 @@ class PartMaker {
 
  private:
   void give();
+  void polyline(std::span<const AcGePoint3d> points, bool closed);
 
   AcDbImpDatabase& database_;
   const std::function<void(const Record&)>& receive_;
