@@ -120,6 +120,11 @@ def broken(entities):
             yield e
 
 
+def colours(entities):
+    """Those of the elements of a multiline; ends and joints are in two halves."""
+    return sorted((tuple(sorted((flat(e.dxf.start), flat(e.dxf.end)))), str(e.dxf.color)) for e in entities if e.dxftype() == "LINE")
+
+
 def near(a, b):
     def numbers(value):
         if isinstance(value, (tuple, list)):
@@ -144,7 +149,7 @@ def compare(seed, folder):
     doc.saveas(source)
     run(source, "--no-frontal", "--quiet", "-e", '(command "_EXPLODE" (ssname (ssget "X") 0))', "--save", exploded)
     ours = list(broken(ezdxf.readfile(exploded).modelspace()))
-    for told in (lines, arcs, corners, texts):
+    for told in (lines, arcs, corners, texts) + ((colours,) if entity.dxftype() == "MLINE" else ()):
         if not near(told(ours), told(theirs)):
             return f"{entity.dxftype()} {told.__name__}\n  {told(ours)}, not\n  {told(theirs)}"
     return None

@@ -15,7 +15,7 @@ namespace {
 
 using PartsFunction = void (*)(PartMaker& make, const Record& record);
 
-// Most have a block that shows them; some programs leave it out.
+// Most have a block that shows them, drawn in world coordinates; some programs leave it out, and points and style tell.
 void dimensionPicture(PartMaker& make, const Record& record) {
   const std::string block = record.text(textField("AcDbDimension", 2));
   if (!block.empty() && make.database().tableRecord("BLOCK_RECORD", block)) {
@@ -23,7 +23,7 @@ void dimensionPicture(PartMaker& make, const Record& record) {
     return;
   }
   std::vector<Record> parts = dimensionParts(make.database(), record);
-  if (parts.empty()) make.missing();
+  if (parts.empty()) make.missing("sans bloc de représentation");
   for (Record& part : parts) make.add(std::move(part));
 }
 
@@ -70,6 +70,20 @@ void addVertices(const AcDbEntity& entity, AcDbExtents& box) {
         child->is(AcDbStub::kErased) ? nullptr : AcDbVertex::cast(&stub->database->object(*child));
     if (vertex && (vertex->flags() & VertexFlags::kPlaced)) box.addPoint(vertex->position());
   }
+}
+
+// What a part has not of its own is the entity's.
+void takeProperties(AcDbEntity& part, const AcDbEntity& whole) {
+  constexpr std::string_view kEntity = "AcDbEntity";
+  const Record own = AcDbImpObject::of(&part).record;
+  part.setPropertiesFrom(&whole);
+  Record& record = AcDbImpObject::of(&part).record;
+  for (const auto& [field, same] :
+       {std::pair{integerField(kEntity, 62), 0}, {integerField(kEntity, 420), 0}, {integerField(kEntity, 370), -2}})
+    if (own.has(field) && own.integer(field) != same) record.setInteger(field, own.integer(field));
+  const Field linetype = textField(kEntity, 6), layer = textField(kEntity, 8);
+  if (const std::string type = own.text(linetype); !type.empty() && type != "BYBLOCK") record.setText(linetype, type);
+  if (const std::string name = own.text(layer); !name.empty() && name != "0") record.setText(layer, name);
 }
 
 }  // namespace
@@ -122,7 +136,7 @@ Acad::ErrorStatus AcDbEntity::explode(AcArray<AcRxObject*>& parts) const {
   const int before = parts.length();
   eachPartEntity(*this, [&](const AcDbEntity& part) {
     auto* copy = static_cast<AcDbEntity*>(part.clone());
-    copy->setPropertiesFrom(this);
+    takeProperties(*copy, *this);
     parts.append(copy);
   });
   return parts.length() > before ? Acad::eOk : Acad::eNotApplicable;

@@ -1,9 +1,8 @@
-// Block references with their arrays and attributes, tables, dimensions through their blocks, and what is shown by parts.
+// Block references with their arrays and attributes, tables, and what is shown by parts.
 // A reference gives its contents their place, the "by block" properties, and its layer to those on layer 0.
 #include <algorithm>
 #include <cmath>
 
-#include "atelier/database/dimensions/dimension_parts.h"
 #include "atelier/database/entities/block_clip.h"
 #include "atelier/database/pictures/pictures.h"
 #include "atelier/render/scene/scene_builder.h"
@@ -93,16 +92,6 @@ void drawInsert(SceneBuilder& scene, const Entity& e) {
   // Attributes are placed beside the reference, not transformed with the block.
   const Placement beside = within(scene, e);
   for (AcDbStub* attribute : scene.children(e.stub)) scene.entity(*attribute, beside);
-}
-
-// The block of a dimension is drawn in world coordinates. Some programs leave the blocks out; the dimension is then drawn
-// from its points and its style.
-void drawDimension(SceneBuilder& scene, const Entity& e) {
-  const Placement inside = within(scene, e);
-  if (AcDbStub* block = blockOf(scene, e)) return scene.block(*block, inside);
-  const std::vector<Record> parts = dimensionParts(scene.database(), e.record);
-  if (parts.empty()) return scene.cannotShow("cote sans bloc de représentation");
-  for (const Record& part : parts) scene.part(e.stub, part, inside);
 }
 
 void drawParts(SceneBuilder& scene, const Entity& e) {

@@ -7,6 +7,7 @@
 
 #include "atelier/database/pictures/shape_files.h"
 #include "atelier/database/records/groups.h"
+#include "atelier/render/scene/scene_builder.h"
 #include "atelier/render/shapes/flatten.h"
 
 namespace atelier::render {
@@ -105,6 +106,30 @@ std::vector<Affine> placesAlong(const Path& path, const LineMark& mark, double p
     }
   }
   return places;
+}
+
+void SceneBuilder::marks(const Entity& e, const Path& path) {
+  const Pattern& pattern = *e.look.pattern;
+  const double scale = e.look.patternScale;
+  if (!pattern.absent.empty())
+    cannotShow("type de ligne à formes, sans elles : fichier " + pattern.absent + " introuvable");
+  for (const LineMark& mark : pattern.marks) {
+    const TextStyle& style = properties_.textStyle(mark.style);
+    const double size = scale * mark.scale * (mark.text.empty() || style.height <= 0 ? 1 : style.height);
+    for (const Affine& place : placesAlong(path, mark, pattern.period, scale)) {
+      const Pt at = place(scale * mark.offset);
+      const Affine along = mark.absolute ? Affine{} : Affine{place.xx, place.yx, place.xy, place.yy, 0, 0};
+      const Affine frame = Affine::translation(at.x, at.y) * along * Affine::rotation(mark.turn);
+      for (const fonts::PenStroke& stroke : mark.strokes) {
+        Path drawn;
+        for (const Pt p : stroke) drawn.lineTo(frame(size * p));
+        add(e, Stroke{std::move(drawn), {e.look.colour, e.look.weightMm, nullptr}});
+      }
+      if (mark.text.empty()) continue;
+      const fonts::Font& letters = font(style.font);
+      add(e, GlyphRun{letters.layout(mark.text), frame * letters.shape(size), e.look.colour});
+    }
+  }
 }
 
 }  // namespace atelier::render

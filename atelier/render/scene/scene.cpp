@@ -7,6 +7,7 @@
 
 #include "atelier/base/interruption.h"
 #include "atelier/database/objects/draw_order.h"
+#include "atelier/database/pictures/pictures.h"
 #include "atelier/render/scene/scene_builder.h"
 #include "atelier/render/shapes/plot_error.h"
 
@@ -19,47 +20,18 @@ struct Kind {
   DrawFunction draw;
 };
 constexpr Kind kKinds[] = {
-    {"LINE", drawLine},
-    {"CIRCLE", drawCircle},
-    {"ARC", drawArc},
-    {"ELLIPSE", drawEllipse},
-    {"SPLINE", drawSpline},
-    {"POINT", drawPoint},
-    {"XLINE", drawUnbounded},
-    {"RAY", drawUnbounded},
-    {"SOLID", drawSolid},
-    {"TRACE", drawSolid},
-    {"3DFACE", drawFace},
-    {"LWPOLYLINE", drawLwPolyline},
-    {"POLYLINE", drawPolyline},
-    {"TEXT", drawText},
-    {"ATTRIB", drawAttribute},
-    {"ATTDEF", drawAttributeDefinition},
-    {"MTEXT", drawMText},
-    {"INSERT", drawInsert},
-    {"ACAD_TABLE", drawInsert},
-    {"DIMENSION", drawDimension},
-    {"ARC_DIMENSION", drawDimension},
-    {"LARGE_RADIAL_DIMENSION", drawDimension},
-    {"HATCH", drawHatch},
-    {"VIEWPORT", drawViewport},
-    {"WIPEOUT", drawWipeout},
+    {"LINE", drawLine},         {"CIRCLE", drawCircle},
+    {"ARC", drawArc},           {"ELLIPSE", drawEllipse},
+    {"SPLINE", drawSpline},     {"POINT", drawPoint},
+    {"XLINE", drawUnbounded},   {"RAY", drawUnbounded},
+    {"SOLID", drawSolid},       {"TRACE", drawSolid},
+    {"3DFACE", drawFace},       {"LWPOLYLINE", drawLwPolyline},
+    {"POLYLINE", drawPolyline}, {"TEXT", drawText},
+    {"ATTRIB", drawAttribute},  {"ATTDEF", drawAttributeDefinition},
+    {"MTEXT", drawMText},       {"INSERT", drawInsert},
+    {"ACAD_TABLE", drawInsert}, {"HATCH", drawHatch},
+    {"VIEWPORT", drawViewport}, {"WIPEOUT", drawWipeout},
     {"IMAGE", drawImage},
-    {"SHAPE", drawParts},
-    {"LEADER", drawParts},
-    {"MULTILEADER", drawParts},
-    {"MLINE", drawParts},
-    {"TOLERANCE", drawParts},
-    {"MESH", drawParts},
-    {"REGION", drawParts},
-    {"3DSOLID", drawParts},
-    {"BODY", drawParts},
-    {"SURFACE", drawParts},
-    {"EXTRUDEDSURFACE", drawParts},
-    {"LOFTEDSURFACE", drawParts},
-    {"PLANESURFACE", drawParts},
-    {"REVOLVEDSURFACE", drawParts},
-    {"SWEPTSURFACE", drawParts},
 };
 // Types without anything to draw in the model space.
 constexpr std::string_view kInvisible[] = {"SEQEND", "VERTEX", "LIGHT", "SUN"};
@@ -81,6 +53,13 @@ void walk(SceneBuilder& builder, std::span<AcDbStub* const> entities, double pat
   }
 }
 
+// Null for a type that isn't drawn.
+DrawFunction drawFunction(std::string_view type) {
+  const auto kind = std::ranges::find(kKinds, type, &Kind::type);
+  if (kind != std::end(kKinds)) return kind->draw;
+  return hasParts(type) ? drawParts : nullptr;
+}
+
 // One sentence for all: "non représentés : 12 ACAD_PROXY_ENTITY, 3 BODY".
 std::string leftOutSentence(const std::map<std::string, std::size_t>& counts) {
   std::string list;
@@ -99,8 +78,7 @@ std::vector<AcDbStub*> entitiesOf(const AcDbDatabase& database, const SceneOptio
 std::uint64_t Entity::source() const { return at.source ? at.source : stub.handle; }
 
 bool isDrawn(std::string_view type) {
-  return std::ranges::find(kKinds, type, &Kind::type) != std::end(kKinds) ||
-         std::ranges::find(kInvisible, type) != std::end(kInvisible);
+  return drawFunction(type) || std::ranges::find(kInvisible, type) != std::end(kInvisible);
 }
 
 Affine Entity::plane(double elevation) const {
@@ -152,14 +130,14 @@ void SceneBuilder::part(AcDbStub& owner, const Record& record, const Placement& 
 
 void SceneBuilder::draw(const Entity& e) {
   const std::string_view type = e.record.type();
-  const auto kind = std::ranges::find(kKinds, type, &Kind::type);
-  if (kind == std::end(kKinds)) {
+  const DrawFunction show = drawFunction(type);
+  if (!show) {
     if (!isDrawn(type) && !e.look.hidden) leaveOut(type);
     return;
   }
   // A reference on a layer that is off still shows its contents on other layers.
-  const bool holds = kind->draw == drawInsert || kind->draw == drawDimension || kind->draw == drawParts;
-  if (holds ? !e.look.frozen : !e.look.hidden) kind->draw(*this, e);
+  const bool holds = show == drawInsert || show == drawParts;
+  if (holds ? !e.look.frozen : !e.look.hidden) show(*this, e);
 }
 
 void SceneBuilder::block(AcDbStub& record, const Placement& at) {
@@ -188,30 +166,6 @@ void SceneBuilder::add(const Entity& e, Shape shape) {
 void SceneBuilder::stroke(const Entity& e, Path path) {
   if (e.look.pattern && !e.look.hidden) marks(e, path);
   add(e, Stroke{std::move(path), pen(e)});
-}
-
-void SceneBuilder::marks(const Entity& e, const Path& path) {
-  const Pattern& pattern = *e.look.pattern;
-  const double scale = e.look.patternScale;
-  if (!pattern.absent.empty())
-    cannotShow("type de ligne à formes, sans elles : fichier " + pattern.absent + " introuvable");
-  for (const LineMark& mark : pattern.marks) {
-    const TextStyle& style = properties_.textStyle(mark.style);
-    const double size = scale * mark.scale * (mark.text.empty() || style.height <= 0 ? 1 : style.height);
-    for (const Affine& place : placesAlong(path, mark, pattern.period, scale)) {
-      const Pt at = place(scale * mark.offset);
-      const Affine along = mark.absolute ? Affine{} : Affine{place.xx, place.yx, place.xy, place.yy, 0, 0};
-      const Affine frame = Affine::translation(at.x, at.y) * along * Affine::rotation(mark.turn);
-      for (const fonts::PenStroke& stroke : mark.strokes) {
-        Path drawn;
-        for (const Pt p : stroke) drawn.lineTo(frame(size * p));
-        add(e, Stroke{std::move(drawn), {e.look.colour, e.look.weightMm, nullptr}});
-      }
-      if (mark.text.empty()) continue;
-      const fonts::Font& letters = font(style.font);
-      add(e, GlyphRun{letters.layout(mark.text), frame * letters.shape(size), e.look.colour});
-    }
-  }
 }
 
 void SceneBuilder::fill(const Entity& e, Path path, bool evenOdd) { fill(e, std::move(path), evenOdd, e.look.colour); }

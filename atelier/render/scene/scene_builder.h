@@ -108,7 +108,6 @@ void drawAttribute(SceneBuilder& scene, const Entity& e);
 void drawAttributeDefinition(SceneBuilder& scene, const Entity& e);
 void drawMText(SceneBuilder& scene, const Entity& e);
 void drawInsert(SceneBuilder& scene, const Entity& e);
-void drawDimension(SceneBuilder& scene, const Entity& e);
 void drawParts(SceneBuilder& scene, const Entity& e);
 void drawWipeout(SceneBuilder& scene, const Entity& e);
 void drawImage(SceneBuilder& scene, const Entity& e);
