@@ -3,6 +3,7 @@
 
 ezdxf writes the drawing, poppler makes pixels of the PDF. One unit of the drawing is a millimetre of the sheet.
 """
+import base64
 import os
 import struct
 import subprocess
@@ -18,6 +19,13 @@ from ezdxf.math import Matrix44, Vec3
 KAVEL = sys.argv[1]
 WHITE, BLACK, RED, GREEN, BLUE = (255, 255, 255), (0, 0, 0), (255, 0, 0), (0, 255, 0), (0, 0, 255)
 CENTRE, PAGE, DPI = (100, 50), (297, 210), 254  # ten pixels a millimetre
+
+# Eight by eight points of red.
+JPEG = base64.b64decode(
+    "/9j/4AAQSkZJRgABAQAAAQABAAD/2wBDABsSFBcUERsXFhceHBsgKEIrKCUlKFE6PTBCYFVlZF9VXVtqeJmBanGQc1tdhbWGkJ6jq62rZ4C8ybqmx5moq6T/"
+    "2wBDARweHigjKE4rK06kbl1upKSkpKSkpKSkpKSkpKSkpKSkpKSkpKSkpKSkpKSkpKSkpKSkpKSkpKSkpKSkpKSkpKT/wAARCAAIAAgDASIAAhEBAxEB/8QA"
+    "FQABAQAAAAAAAAAAAAAAAAAAAAT/xAAUEAEAAAAAAAAAAAAAAAAAAAAA/8QAFQEBAQAAAAAAAAAAAAAAAAAABAb/xAAUEQEAAAAAAAAAAAAAAAAAAAAA/9oA"
+    "DAMBAAIRAxEAPwCAANSP/9k=")
 
 
 def png(width, height, colour):
@@ -71,6 +79,9 @@ def drawing(folder):
         file.write(png(20, 20, quarters))
     add_image(doc, "C:\\Projets\\Rue\\PHOTO.PNG", (0, 0))
     add_image(doc, "photo.png", (60, 0), 90)
+    with open(os.path.join(folder, "rouge.jpg"), "wb") as file:
+        file.write(JPEG)
+    add_image(doc, "rouge.jpg", (130, 0))
     add_image(doc, "photo.png", (70, 0)).set_boundary_path([(-0.5, -0.5), (9.5, -0.5), (9.5, 19.5), (-0.5, 19.5)])
     add_image(doc, "absente.png", (100, 0))
     # A mask over red, under a green square that is older but stands above it.
@@ -99,7 +110,7 @@ def drawing(folder):
 # Place, colour.
 WANTED = [((5, 15), RED), ((15, 15), GREEN), ((5, 5), BLUE), ((15, 5), BLACK),  # upright, by a name of another system
           ((45, 5), RED), ((45, 15), GREEN), ((55, 5), BLUE),                   # a quarter turn
-          ((75, 15), RED), ((85, 15), WHITE),                                   # its left half
+          ((75, 15), RED), ((85, 15), WHITE),  ((140, 10), (254, 0, 0)),                                  # its left half
           ((103, 3), WHITE), ((100, 10), BLACK),                                # a frame in place of a missing one
           ((2, 42), RED), ((6, 46), WHITE), ((10, 50), GREEN),                  # mask and order
           ((45, 50), RED), ((55, 50), WHITE), ((39, 50), WHITE),                # clipped at 50
@@ -132,6 +143,9 @@ def main():
                               check=True, capture_output=True, text=True)
         found = [f"not told: {what} in {told.stderr}" for what in ("absente.png : introuvable", "en partie : 1 SHAPE (forme inconnue)")
                  if what not in told.stderr]
+        kept = subprocess.run(["pdfimages", "-list", pdf], check=True, capture_output=True, text=True).stdout
+        if " jpeg " not in kept:
+            found.append(f"the photograph was encoded anew: {kept}")
         at = pixels(pdf)
         # Thin lines are looked for around their place.
         found += [f"{place}: {at(*place)}, not {colour}" for place, colour in WANTED

@@ -94,8 +94,11 @@ class Painting::Painter {
     auto* const pixels = reinterpret_cast<unsigned char*>(const_cast<std::uint32_t*>(picture.pixels.data()));
     cairo_surface_t* const surface = cairo_image_surface_create_for_data(pixels, CAIRO_FORMAT_ARGB32, picture.width,
                                                                          picture.height, 4 * picture.width);
+    keepJpeg(surface, raster.picture);
     cairo_set_source_surface(cr_, surface, 0, 0);
-    cairo_pattern_set_extend(cairo_get_source(cr_), CAIRO_EXTEND_PAD);  // no fading at the rim
+    // Without fading at the rim; a PDF would hold a larger copy for that.
+    if (cairo_surface_get_type(cairo_get_target(cr_)) == CAIRO_SURFACE_TYPE_IMAGE)
+      cairo_pattern_set_extend(cairo_get_source(cr_), CAIRO_EXTEND_PAD);
     cairo_paint_with_alpha(cr_, raster.alpha / 255.0);
     cairo_surface_destroy(surface);
     cairo_restore(cr_);
@@ -247,6 +250,16 @@ class Painting::Painter {
     ++painted_;
     source(colour);
     fillTraced(path, evenOdd);
+  }
+
+  // The surface holds the picture as long as Cairo needs the bytes.
+  static void keepJpeg(cairo_surface_t* surface, const std::shared_ptr<const Picture>& picture) {
+    if (picture->jpeg.empty()) return;
+    using Held = std::shared_ptr<const Picture>;
+    const auto* bytes = reinterpret_cast<const unsigned char*>(picture->jpeg.data());
+    cairo_surface_set_mime_data(
+        surface, CAIRO_MIME_TYPE_JPEG, bytes, picture->jpeg.size(), [](void* held) { delete static_cast<Held*>(held); },
+        new Held(picture));
   }
 
   void fillGradient(const Fill& fill) {

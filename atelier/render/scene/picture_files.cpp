@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <map>
 #include <mutex>
 
@@ -41,7 +43,7 @@ Held read(const std::string& file, std::string& reason) {
   return {made, g_object_unref};
 }
 
-std::shared_ptr<const Picture> converted(GdkPixbuf* source) {
+std::shared_ptr<Picture> converted(GdkPixbuf* source) {
   auto made = std::make_shared<Picture>();
   made->width = gdk_pixbuf_get_width(source), made->height = gdk_pixbuf_get_height(source);
   const auto channels = static_cast<std::size_t>(gdk_pixbuf_get_n_channels(source));
@@ -57,6 +59,22 @@ std::shared_ptr<const Picture> converted(GdkPixbuf* source) {
       made->pixels.push_back(alpha << 24 | part(0) << 16 | part(1) << 8 | part(2));
     }
   return made;
+}
+
+// Whether the file is a JPEG that was read at its full size.
+bool wholeJpeg(const std::string& file, const Picture& picture) {
+  int width = 0, height = 0;
+  GdkPixbufFormat* const format = gdk_pixbuf_get_file_info(file.c_str(), &width, &height);
+  if (!format || picture.width != width || picture.height != height) return false;
+  gchar* const name = gdk_pixbuf_format_get_name(format);
+  const bool jpeg = std::string_view(name) == "jpeg";
+  g_free(name);
+  return jpeg;
+}
+
+std::string bytesOf(const std::string& file) {
+  std::ifstream in(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
 }
 
 struct Known {
@@ -77,6 +95,7 @@ std::shared_ptr<const Picture> pictureOf(const std::string& file, std::string& r
   const Held source = read(file, reason);
   if (!source) return nullptr;
   auto picture = converted(source.get());
+  if (wholeJpeg(file, *picture)) picture->jpeg = bytesOf(file);
   entry = {changed, picture};
   return picture;
 }

@@ -66,6 +66,7 @@ struct Fill {
 struct Picture {
   int width = 0, height = 0;
   std::vector<std::uint32_t> pixels;
+  std::string jpeg;  // the same picture as a JPEG file, when it comes from one: a PDF holds it as it is
 };
 
 // A picture; `map` maps pixels, from the upper left corner downwards, to drawing units.
