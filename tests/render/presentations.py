@@ -103,6 +103,28 @@ def an_empty_model_shows_all_layouts(folder):
     return [] if done.returncode == 3 and "pas de présentation Trois" in done.stderr else [("unknown layout", done.returncode, done.stderr)]
 
 
+def a_viewport_may_be_round(folder):
+    """A red square fills the window, whose outline is a circle of radius 20 at 100, 100."""
+    doc = ezdxf.new("R2010", setup=True)
+    doc.modelspace().add_solid([(0, 0), (200, 0), (0, 200), (200, 200)], dxfattribs={"color": 1})
+    page = doc.layouts.new("Rond")
+    page.page_setup(size=(297, 210), margins=(0,) * 4, units="mm")
+    port = page.add_viewport(center=(100, 100), size=(80, 80), view_center_point=(100, 100), view_height=160)
+    circle = page.add_circle((100, 100), 20)
+    port.dxf.flags = port.dxf.flags | 0x10000
+    port.dxf.clipping_boundary_handle = circle.dxf.handle
+    source, target = os.path.join(folder, "rond.dxf"), os.path.join(folder, "rond.pdf")
+    doc.saveas(source)
+    plot(source, target, "--layout", "Rond")
+    data = subprocess.run(["pdftoppm", "-r", "254", "-singlefile", target], check=True, capture_output=True).stdout
+    _, size, _, body = data.split(b"\n", 3)
+    width, height = map(int, size.split())
+    at = {place: tuple(body[3 * (round((210 - place[1]) * 10) * width + round(place[0] * 10)):][:3]) for place in ((100, 100), (113, 113), (117, 117), (70, 70))}
+    red, white = (255, 0, 0), (255, 255, 255)
+    wanted = {(100, 100): red, (113, 113): red, (117, 117): white, (70, 70): white}
+    return [] if at == wanted else [("a round window", at)]
+
+
 def a_sheet_is_drawn_on(folder):
     """CTAB chooses any layout: what is drawn then stands there in the saved drawing, and the file opens as before."""
     doc = ezdxf.new("R2010", setup=True)
@@ -132,6 +154,7 @@ def main():
     with tempfile.TemporaryDirectory() as folder:
         faults += an_empty_model_shows_all_layouts(folder)
         faults += a_sheet_is_drawn_on(folder)
+        faults += a_viewport_may_be_round(folder)
         for seed in seeds:
             faults += [(f"seed {seed}", *f) for f in compare(seed, folder)]
     for fault in faults:

@@ -1,6 +1,8 @@
 // A viewport has lists of its own, since layers may be frozen in it and line types are as long on the sheet as elsewhere.
 #include "atelier/desktop/picture/space_scene.h"
 
+#include <algorithm>
+
 #include "atelier/render/sheets/layout_page.h"
 
 namespace atelier::desktop {
@@ -11,12 +13,20 @@ constexpr render::Colour kSheetEdge{128, 128, 128};
 render::SceneOptions optionsOf(AcDbImpDatabase& database, const render::Viewport& port) {
   render::SceneOptions options;
   options.frozen = port.frozen;
+  options.clip = port.clip;
   if (database.header.integer("$PSLTSCALE", 1) != 0) options.patternScale = 1 / port.scale;
   return options;
 }
 
+bool samePoint(const render::Pt& a, const render::Pt& b) { return a.x == b.x && a.y == b.y; }
+
+bool sameOutline(const render::Viewport& a, const render::Viewport& b) {
+  if (!a.clip || !b.clip) return a.clip == b.clip;
+  return std::ranges::equal(a.clip->area.points(), b.clip->area.points(), samePoint);
+}
+
 bool showAlike(const render::Viewport& a, const render::Viewport& b) {
-  return a.scale == b.scale && a.frozen == b.frozen;
+  return a.scale == b.scale && a.frozen == b.frozen && sameOutline(a, b);
 }
 
 }  // namespace

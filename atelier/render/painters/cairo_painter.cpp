@@ -45,15 +45,14 @@ class Painting::Painter {
       if (options_.tiny && std::max(seen.width(), seen.height()) < 1 && !options_.tiny->mark({seen.xMin, seen.yMin}))
         return;
     }
-    if (!primitive.clip) return std::visit(*this, primitive.shape);
-    flush();
-    cairo_save(cr_);
-    for (const Clip* clip = primitive.clip.get(); clip; clip = clip->outer.get()) clipTo(clip->area);
-    clipped_ = true;
+    useClip(primitive.clip);
     std::visit(*this, primitive.shape);
+  }
+
+  // Before the context is given back.
+  void finish() {
     flush();
-    clipped_ = false;
-    cairo_restore(cr_);
+    useClip(nullptr);
   }
 
   std::size_t painted() const { return painted_; }  // paths and texts
@@ -156,7 +155,7 @@ class Painting::Painter {
   Path waiting_;  // strokes alike, surface units
   Pen waitingPen_;
   std::size_t painted_ = 0;
-  bool clipped_ = false;  // by the primitive that is painted
+  std::shared_ptr<const Clip> clip_;  // in force
 
   double width(const Pen& pen) const { return std::max(pen.weightMm * options_.unitsPerMm, options_.thinnest); }
 
@@ -224,7 +223,7 @@ class Painting::Painter {
 
   bool hair(const Path& path, const Affine& map, const Pen& pen) {
     const Colour colour = resolved(pen.colour);
-    if (!options_.hairlines || clipped_ || pen.dashes || colour.alpha != 255 ||
+    if (!options_.hairlines || clip_ || pen.dashes || colour.alpha != 255 ||
         width(pen) > kThickestHair * std::max(1.0, options_.thinnest))
       return false;
     cairo_surface_t* const surface = cairo_get_target(cr_);
@@ -277,6 +276,17 @@ class Painting::Painter {
     fillTraced(fill.path.mapped(options_.toSurface), fill.evenOdd);
   }
 
+  // Primitives alike follow one another: a boundary is set once for all of them.
+  void useClip(const std::shared_ptr<const Clip>& clip) {
+    if (clip == clip_) return;
+    flush();
+    if (clip_) cairo_restore(cr_);
+    clip_ = clip;
+    if (!clip_) return;
+    cairo_save(cr_);
+    for (const Clip* area = clip_.get(); area; area = area->outer.get()) clipTo(area->area);
+  }
+
   void clipTo(const Path& area) {
     cairo_set_fill_rule(cr_, CAIRO_FILL_RULE_EVEN_ODD);
     trace(clipFill(area.mapped(options_.toSurface), guard_, 0.05));
@@ -306,7 +316,7 @@ Painting::Painting(cairo_t* context, const PaintOptions& options) : context_(con
 }
 
 Painting::~Painting() {
-  if (painter_) painter_->flush();
+  if (painter_) painter_->finish();
   cairo_restore(context_);
 }
 

@@ -43,9 +43,10 @@ constexpr std::size_t kUnfolding = 50, kLeastPrimitives = 200'000;
 // Of a plot, which is whole or an error: more than any drawing that WholeScene lets pass comes to.
 constexpr std::size_t kMostWalked = 50'000'000;
 
-void walk(SceneBuilder& builder, std::span<AcDbStub* const> entities, double patternScale) {
+void walk(SceneBuilder& builder, std::span<AcDbStub* const> entities, const SceneOptions& options) {
   Placement all;
-  all.scale = patternScale;
+  all.scale = options.patternScale;
+  all.clip = options.clip;
   try {
     for (AcDbStub* stub : entities) builder.entity(*stub, all);
   } catch (const fonts::FontError& error) {
@@ -207,7 +208,7 @@ DisplayList drawScene(const AcDbDatabase& database, const SceneOptions& options)
 
 std::vector<std::string> walkScene(const AcDbDatabase& database, const SceneOptions& options, const Receiver& receive) {
   SceneBuilder builder(AcDbImpDatabase::of(&database), options, kMostWalked, receive);
-  walk(builder, entitiesOf(database, options), options.patternScale);
+  walk(builder, entitiesOf(database, options), options);
   if (builder.full()) throw PlotError("tracé impossible : plus de 50 millions d'objets graphiques");
   return builder.warnings();
 }
@@ -219,7 +220,7 @@ DisplayList drawEntities(const AcDbDatabase& database, std::span<AcDbStub* const
   const Receiver receive = [&](Primitive&& item) { list.add(std::move(item)); };
   SceneBuilder builder(AcDbImpDatabase::of(&database), options,
                        std::min(options.mostPrimitives, std::max(kLeastPrimitives, unfolded)), receive);
-  walk(builder, entities, options.patternScale);
+  walk(builder, entities, options);
   list.warnings = builder.warnings();
   return list;
 }

@@ -81,6 +81,7 @@ void LayoutPage::addView(const AcDbDatabase& database, const Viewport& viewport)
   }
   SceneOptions model = forPlot();
   model.frozen = viewport.frozen;
+  model.clip = viewport.clip;
   // Line types are as long on paper in every viewport, unless the drawing says otherwise.
   if (database_.header.integer("$PSLTSCALE", 1) != 0) model.patternScale = 1 / viewport.scale;
   scenes_.emplace_back(database, model);
