@@ -9,6 +9,7 @@
 #include "atelier/database/pictures/part_maker.h"
 #include "hote/adaptation.h"
 #include "hote/dbpl.h"
+#include "hote/dbsymtb.h"
 
 namespace atelier {
 namespace {
@@ -17,9 +18,11 @@ using PartsFunction = void (*)(PartMaker& make, const Record& record);
 
 // Most have a block that shows them, drawn in world coordinates; some programs leave it out, and points and style tell.
 void dimensionPicture(PartMaker& make, const Record& record) {
-  const std::string block = record.text(textField("AcDbDimension", 2));
-  if (!block.empty() && make.database().tableRecord("BLOCK_RECORD", block)) {
-    make.insert(block, {}, {1, 1, 1}, 0, {0, 0, 1});
+  const std::string name = record.text(textField("AcDbDimension", 2));
+  AcDbStub* const block = name.empty() ? nullptr : make.database().tableRecord("BLOCK_RECORD", name);
+  if (const AcDbObjectPointer<AcDbBlockTableRecord> shown(idOf(block)); shown.openStatus() == Acad::eOk) {
+    // A reference puts the block's base point there.
+    make.insert(name, shown->origin(), {1, 1, 1}, 0, {0, 0, 1});
     return;
   }
   std::vector<Record> parts = dimensionParts(make.database(), record);
