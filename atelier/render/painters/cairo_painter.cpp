@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "atelier/render/painters/cairo_picture.h"
 #include "atelier/render/painters/cairo_text.h"
 #include "atelier/render/shapes/clip_path.h"
 #include "atelier/render/shapes/plot_error.h"
@@ -80,26 +81,11 @@ class Painting::Painter {
   }
 
   void operator()(const Raster& raster) {
-    const Picture& picture = *raster.picture;
-    const Affine m = options_.toSurface * raster.map;
-    if (!(std::abs(m.determinant()) > 0)) return;
     flush();
     ++painted_;
     cairo_save(cr_);
     clipTo(raster.shown);
-    const cairo_matrix_t matrix{m.xx, m.yx, m.xy, m.yy, m.x0, m.y0};
-    cairo_transform(cr_, &matrix);
-    // Cairo reads the pixels, although it asks for writable ones.
-    auto* const pixels = reinterpret_cast<unsigned char*>(const_cast<std::uint32_t*>(picture.pixels.data()));
-    cairo_surface_t* const surface = cairo_image_surface_create_for_data(pixels, CAIRO_FORMAT_ARGB32, picture.width,
-                                                                         picture.height, 4 * picture.width);
-    keepJpeg(surface, raster.picture);
-    cairo_set_source_surface(cr_, surface, 0, 0);
-    // Without fading at the rim; a PDF would hold a larger copy for that.
-    if (cairo_surface_get_type(cairo_get_target(cr_)) == CAIRO_SURFACE_TYPE_IMAGE)
-      cairo_pattern_set_extend(cairo_get_source(cr_), CAIRO_EXTEND_PAD);
-    cairo_paint_with_alpha(cr_, raster.alpha / 255.0);
-    cairo_surface_destroy(surface);
+    paintPixels(cr_, raster, options_.toSurface * raster.map);
     cairo_restore(cr_);
   }
 
@@ -251,16 +237,6 @@ class Painting::Painter {
     fillTraced(path, evenOdd);
   }
 
-  // The surface holds the picture as long as Cairo needs the bytes.
-  static void keepJpeg(cairo_surface_t* surface, const std::shared_ptr<const Picture>& picture) {
-    if (picture->jpeg.empty()) return;
-    using Held = std::shared_ptr<const Picture>;
-    const auto* bytes = reinterpret_cast<const unsigned char*>(picture->jpeg.data());
-    cairo_surface_set_mime_data(
-        surface, CAIRO_MIME_TYPE_JPEG, bytes, picture->jpeg.size(), [](void* held) { delete static_cast<Held*>(held); },
-        new Held(picture));
-  }
-
   void fillGradient(const Fill& fill) {
     const Gradient& gradient = *fill.gradient;
     flush();
@@ -336,44 +312,6 @@ void paint(cairo_t* context, const DisplayList& list, const PaintOptions& option
     for (auto item = list.items().rbegin(); item != list.items().rend(); ++item) painting.item(*item);
   else
     for (const Primitive& item : list.items()) painting.item(item);
-}
-
-PictureCanvas::PictureCanvas(unsigned char* pixels, int width, int height, int stride)
-    : surface_(cairo_image_surface_create_for_data(pixels, CAIRO_FORMAT_ARGB32, width, height, stride)),
-      context_(cairo_create(surface_)) {
-  if (const auto status = cairo_status(context_); status != CAIRO_STATUS_SUCCESS) {
-    cairo_destroy(context_);
-    cairo_surface_destroy(surface_);
-    throw PlotError(std::string("image impossible : ") + cairo_status_to_string(status));
-  }
-  cairo_set_operator(context_, CAIRO_OPERATOR_CLEAR);
-  cairo_paint(context_);
-  cairo_set_operator(context_, CAIRO_OPERATOR_OVER);
-}
-
-PictureCanvas::~PictureCanvas() {
-  cairo_surface_flush(surface_);
-  cairo_destroy(context_);
-  cairo_surface_destroy(surface_);
-}
-
-void PictureCanvas::ground(const Colour& colour) {
-  cairo_set_operator(context_, CAIRO_OPERATOR_DEST_OVER);
-  cairo_set_source_rgb(context_, colour.r / 255.0, colour.g / 255.0, colour.b / 255.0);
-  cairo_paint(context_);
-  cairo_set_operator(context_, CAIRO_OPERATOR_OVER);
-}
-
-void PictureCanvas::paint(const DisplayList& list, const PaintOptions& options) {
-  render::paint(context_, list, options);
-}
-
-void paintPicture(unsigned char* pixels, int width, int height, int stride, const DisplayList& list,
-                  PaintOptions options) {
-  PictureCanvas canvas(pixels, width, height, stride);
-  canvas.ground(options.background);
-  if (options.clip.empty()) options.clip = {0, 0, static_cast<double>(width), static_cast<double>(height)};
-  canvas.paint(list, options);
 }
 
 }  // namespace atelier::render

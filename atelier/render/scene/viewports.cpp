@@ -82,7 +82,8 @@ std::vector<Viewport> viewportsOf(AcDbImpDatabase& database, const AcDbStub& spa
 
 // Its frame, unless another entity is its outline; what it shows is painted by whoever lays out the page.
 void drawViewport(SceneBuilder& scene, const Entity& e) {
-  if (isShown(e.groups) && !(e.groups.integer(90) & kOutlined)) scene.stroke(e, fonts::rectangle(windowOf(e.groups)).mapped(e.plane()));
+  if (isShown(e.groups) && !(e.groups.integer(90) & kOutlined))
+    scene.stroke(e, fonts::rectangle(windowOf(e.groups)).mapped(e.plane()));
 }
 
 }  // namespace atelier::render
