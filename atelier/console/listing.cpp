@@ -6,6 +6,7 @@
 
 #include "atelier/base/interruption.h"
 #include "atelier/document/document.h"
+#include "atelier/render/scene/undrawn.h"
 
 namespace atelier::console {
 namespace {
@@ -37,7 +38,9 @@ std::string listing(Document& document) {
       ++types[std::string(db.typeName(*entity))];
       ++layers[AcDbImpObject::of(&db.object(*entity)).record.text(textField("AcDbEntity", 8, "0"))];
     }
-  return section("Entités de l'espace objet", types) + section("Calques (entités)", layers);
+  const auto undrawn = render::undrawn(document.database());
+  return section("Entités de l'espace objet", types) + section("Calques (entités)", layers) +
+         (undrawn.empty() ? "" : section("Objets non représentés, ou en partie", undrawn));
 }
 
 }  // namespace atelier::console

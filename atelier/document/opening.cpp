@@ -3,9 +3,11 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <map>
 #include <set>
 
 #include "atelier/database/objects/imp_database.h"
+#include "atelier/database/pictures/pictures.h"
 #include "atelier/dxf/groups/scanner.h"
 #include "atelier/dxf/reading/reader.h"
 
@@ -51,20 +53,48 @@ std::set<std::string> foreignEntities(const AcDbImpDatabase& database) {
   return names;
 }
 
-// What a drawing without anything to show may have held.
+// The entities of the model space that nothing here can show, by type; nothing when there are others, too.
+std::map<std::string_view, std::size_t> onlyForeign(AcDbImpDatabase& database) {
+  std::map<std::string_view, std::size_t> types;
+  const AcDbStub* space = database.modelSpace();
+  if (!space || !space->children) return types;
+  for (const AcDbStub* stub : *space->children) {
+    const std::string_view type = database.typeName(*stub);
+    if (formatOf(type) || hasParts(type) || type == "ACAD_TABLE") return {};
+    ++types[type];
+  }
+  return types;
+}
+
+std::string inShort(const auto& names) {
+  constexpr std::size_t kMost = 6;
+  std::string text;
+  std::size_t count = 0;
+  for (const std::string& name : names)
+    if (++count <= kMost) text += (text.empty() ? "" : ", ") + name;
+  return text + (count > kMost ? "..." : "");
+}
+
+// What a converted drawing without anything to show may have held.
 std::string emptiness(AcDbImpDatabase& database) {
   const AcDbStub* space = database.modelSpace();
-  const auto shown = [&](const AcDbStub* stub) { return database.typeName(*stub) != "ACAD_PROXY_ENTITY"; };
-  if (space && space->children && std::ranges::any_of(*space->children, shown)) return {};
-  constexpr std::size_t kMost = 6;
-  std::string names;
-  std::size_t count = 0;
-  for (const std::string& name : foreignEntities(database))
-    if (++count <= kMost) names += (names.empty() ? "" : ", ") + name;
+  if (space && space->children && !space->children->empty() && onlyForeign(database).empty()) return {};
+  const std::string names = inShort(foreignEntities(database));
   if (names.empty()) return "Le dessin converti est vide: son espace objet n'a aucune entité.\n";
   return "Le dessin converti est vide: ses objets sont sans doute ceux d'une application métier (" + names +
-         (count > kMost ? "..." : "") +
          "), que le convertisseur ne lit pas; exportez-le de cette application en DXF.\n";
+}
+
+// Why a drawing with objects shows none of them.
+std::string blankness(AcDbImpDatabase& database) {
+  std::vector<std::string> counts;
+  for (const auto& [type, count] : onlyForeign(database))
+    counts.push_back(std::to_string(count) + " " + std::string(type));
+  if (counts.empty()) return {};
+  const std::string classes = inShort(foreignEntities(database));
+  return "Ce dessin ne montre rien: ses objets (" + inShort(counts) + ") sont ceux d'une application métier" +
+         (classes.empty() ? "" : " (" + classes + ")") +
+         "; ils sont gardés sans être représentés. Exportez-le de cette application en objets courants.\n";
 }
 
 }  // namespace
@@ -80,6 +110,7 @@ std::unique_ptr<AcDbDatabase> openDrawingFile(const std::string& path, std::vect
   if (!converted.isOther) {
     if (messages) dxf::readFileRecovering(*database, path, *messages);
     else dxf::readFile(*database, path);
+    note = blankness(AcDbImpDatabase::of(database.get()));
     return database;
   }
   std::vector<std::string> faults;

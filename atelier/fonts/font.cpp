@@ -6,6 +6,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "atelier/fonts/symbols.h"
+
 namespace atelier::fonts {
 
 namespace {
@@ -37,6 +39,7 @@ Path rectangle(const Box& box) {
 
 Font::Font(const FontStyle& style)
     : face_(&findFace(style.file, style.bold, style.italic)),
+      symbols_(hasSymbols(style.file)),
       widthFactor_(std::isfinite(style.widthFactor) && style.widthFactor != 0 ? style.widthFactor : 1),
       slant_(std::isfinite(style.oblique) ? std::tan(std::clamp(style.oblique, -kGreatestSlant, kGreatestSlant)) : 0) {}
 
@@ -47,7 +50,7 @@ TextLine Font::layout(std::span<const TextRun> runs) const {
   for (const TextRun& run : runs) {
     const double from = line.advance;
     for (const char32_t c : run.text) {
-      const Glyph& glyph = face_->glyph(c);
+      const Glyph& glyph = face_->glyph(symbols_ ? symbolFor(c) : c);
       line.glyphs.push_back({&glyph, line.advance});
       line.advance += glyph.advance;
     }

@@ -64,6 +64,7 @@ class Font {
 
  private:
   const Face* face_;
+  bool symbols_;  // letters stand for signs
   double widthFactor_, slant_;
 };
 

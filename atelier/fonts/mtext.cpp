@@ -12,6 +12,7 @@ namespace {
 // Baseline to baseline at line spacing factor 1, in text heights (DXF reference, MTEXT group 44).
 constexpr double kLinePitch = 5.0 / 3.0;
 // A stacked fraction in text heights: the height of its parts, their baselines and the bar between them.
+constexpr double kRounding = 1e-9;  // of heights
 constexpr double kStackHeight = 0.7, kStackUpper = 0.65, kStackLower = -0.35, kStackBar = 0.5;
 
 struct Placed {
@@ -31,6 +32,13 @@ struct Line {
   std::vector<Item> items;
   double width = 0, tallest = 0;
   char32_t align = 0;
+  bool opensColumn = false;
+};
+
+// Where a line stands: its column, and its base line below the top.
+struct Place {
+  std::size_t column = 0;
+  double baseline = 0;
 };
 
 Placed place(const std::u32string& text, const MTextFormat& format, Pt offset) {
@@ -96,8 +104,9 @@ std::vector<Line> breakLines(const std::vector<MTextToken>& tokens, const MTextS
   for (const MTextToken& token : tokens) {
     tallest = token.format.height;
     lines.back().align = token.align;
-    if (token.kind == MTextToken::Kind::newline) {
+    if (token.kind == MTextToken::Kind::newline || token.kind == MTextToken::Kind::column) {
       start();
+      lines.back().opensColumn = token.kind == MTextToken::Kind::column;
       continue;
     }
     Item item = itemOf(token);
@@ -124,19 +133,45 @@ std::vector<Line> breakLines(const std::vector<MTextToken>& tokens, const MTextS
   return lines;
 }
 
-double leftOf(const Line& line, const MTextStyle& style, int column) {
+bool inColumns(const MTextStyle& style) { return style.columns.count != 1 && style.columns.width > 0; }
+
+std::vector<Place> placesOf(const std::vector<Line>& lines, const MTextStyle& style) {
+  const MTextColumns& columns = style.columns;
+  const auto height = [&](std::size_t column) {
+    return columns.heights.empty() ? 0 : columns.heights[std::min(column, columns.heights.size() - 1)];
+  };
+  std::vector<Place> places;
+  Place at;
+  bool first = true;
+  for (const Line& line : lines) {
+    const double pitch = kLinePitch * style.lineSpacing * (style.exactSpacing ? style.format.height : line.tallest);
+    const double room = inColumns(style) ? height(at.column) : 0;
+    const bool next = inColumns(style) && !first && (columns.count == 0 || at.column + 1 < columns.count) &&
+                      (line.opensColumn || (room > 0 && pitch - at.baseline > room + kRounding * room));
+    if (next) ++at.column, at.baseline = 0, first = true;
+    at.baseline -= first ? line.tallest : pitch;
+    first = false;
+    places.push_back(at);
+  }
+  return places;
+}
+
+// The block's own left edge comes from the attachment, the line's place in its column from the alignment.
+double leftOf(const Line& line, const Place& place, std::size_t columns, const MTextStyle& style) {
+  const int attached = (style.attachment - 1) % 3;
+  int side = attached;
   switch (line.align) {
     case U'l':
     case U'j':
-    case U'd': column = 0; break;
-    case U'c': column = 1; break;
-    case U'r': column = 2; break;
+    case U'd': side = 0; break;
+    case U'c': side = 1; break;
+    case U'r': side = 2; break;
     default: break;
   }
-  // The block's own left edge comes from the attachment, the line's place in it from the alignment.
-  const int attached = (style.attachment - 1) % 3;
-  const double block = std::max(style.wrapWidth, 0.0);
-  return -block * attached / 2 + (block - line.width) * column / 2;
+  const double width = std::max(style.wrapWidth, 0.0), step = width + style.columns.gutter;
+  const auto rank = static_cast<double>(style.columns.fromRight ? columns - 1 - place.column : place.column);
+  const double block = width + step * static_cast<double>(columns - 1);
+  return -block * attached / 2 + step * rank + (width - line.width) * side / 2;
 }
 
 }  // namespace
@@ -145,26 +180,24 @@ MTextLayout layoutMText(std::string_view contents, const MTextStyle& given) {
   MTextStyle style = given;
   style.attachment = std::clamp(style.attachment, 1, 9);
   if (!std::isfinite(style.lineSpacing) || style.lineSpacing <= 0) style.lineSpacing = 1;
+  if (inColumns(style)) style.wrapWidth = style.columns.width;
   const auto lines = breakLines(readMText(decodeUtf8(contents), style.format), style);
+  const std::vector<Place> places = placesOf(lines, style);
 
   MTextLayout out;
-  std::vector<double> baselines;
-  double y = 0;
+  const std::size_t columns = inColumns(style) ? std::max(places.back().column + 1, style.columns.count) : 1;
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    const double tall = style.exactSpacing ? style.format.height : lines[i].tallest;
-    y -= i == 0 ? lines[i].tallest : kLinePitch * style.lineSpacing * tall;
-    baselines.push_back(y);
     out.width = std::max(out.width, lines[i].width);
+    out.height = std::max(out.height, -places[i].baseline);
   }
-  out.height = -y;
   const int row = (style.attachment - 1) / 3;  // of the attachment: top, middle, bottom
   const double lift = out.height * row / 2;
 
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    double x = leftOf(lines[i], style, (style.attachment - 1) % 3);
+    double x = leftOf(lines[i], places[i], columns, style);
     for (const Item& item : lines[i].items) {
       for (const Placed& part : item.parts) {
-        const Affine at = Affine::translation(x + part.offset.x, baselines[i] + lift + part.offset.y);
+        const Affine at = Affine::translation(x + part.offset.x, places[i].baseline + lift + part.offset.y);
         const Box ink = part.font.extents(part.line, part.format.height).ink;
         if (!ink.empty()) out.ink.add(rectangle(ink).bounds(at));
         if (!part.line.glyphs.empty() || !part.line.bars.empty())

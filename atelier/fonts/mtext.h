@@ -9,12 +9,21 @@
 
 namespace atelier::fonts {
 
+// Columns side by side. A line that doesn't fit a column's height goes to the next one; the last takes all that is left.
+struct MTextColumns {
+  std::size_t count = 1;  // 0: as many as the text fills
+  double width = 0, gutter = 0;
+  std::vector<double> heights;  // by column, the last also of those after it; 0: as high as the text
+  bool fromRight = false;
+};
+
 struct MTextStyle {
   MTextFormat format;         // from the text style: font, height
   double wrapWidth = 0;       // lines are broken at spaces beyond it; 0 or less: never
   int attachment = 1;         // group 71: 1..3 top, 4..6 middle, 7..9 bottom; left, centre, right
   double lineSpacing = 1;     // group 44; a line is 5/3 of the text height times this
   bool exactSpacing = false;  // group 73 = 2: a taller text does not push lines apart
+  MTextColumns columns = {};  // of more than one the wrap width is theirs
 };
 
 // Glyphs of one format at a place; map takes the line's capital heights to drawing units.

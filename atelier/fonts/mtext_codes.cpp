@@ -99,8 +99,8 @@ class Reader {
     const char32_t c = text_[at_++];
     switch (c) {
       case U'P':
-      case U'X':
-      case U'N': return void(push(MTextToken::Kind::newline));
+      case U'X': return void(push(MTextToken::Kind::newline));
+      case U'N': return void(push(MTextToken::Kind::column));
       case U'~': return put(0xA0);
       case U'\\':
       case U'{':

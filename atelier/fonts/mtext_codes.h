@@ -1,5 +1,5 @@
 // The inline codes of paragraph texts (MTEXT): contents in, styled pieces out.
-// Codes as in the MTEXT group 1 of the DXF reference: \P \~ \\ \{ \} {} \f \F \H \C \c \S \L \O \K \W \Q \A
+// Codes as in the MTEXT group 1 of the DXF reference: \P \N \~ \\ \{ \} {} \f \F \H \C \c \S \L \O \K \W \Q \A
 // \p.
 #pragma once
 
@@ -21,9 +21,9 @@ struct MTextFormat {
   bool underline = false, overline = false, strike = false;
 };
 
-// A piece is a stretch of one format without a space inside, a space, a stack or a line break.
+// A piece is a stretch of one format without a space inside, a space, a stack, a line break or a column break.
 struct MTextToken {
-  enum class Kind { word, space, stack, newline };
+  enum class Kind { word, space, stack, newline, column };
   Kind kind = Kind::word;
   std::u32string text;   // the word; the upper part of a stack
   std::u32string lower;  // of a stack

@@ -5,11 +5,15 @@
 #include <algorithm>
 #include <memory>
 #include <numbers>
+#include <utility>
 
 #include "atelier/database/curves/polyline_vertices.h"
+#include "atelier/database/entities/block_clip.h"
 #include "atelier/database/objects/imp_database.h"
+#include "atelier/database/pictures/pictures.h"
 #include "atelier/database/records/flags.h"
 #include "atelier/geometry/bspline.h"
+#include "atelier/selecting/clipped_strokes.h"
 #include "hote/adaptation.h"
 #include "hote/dbpl.h"
 #include "hote/dbsymtb.h"
@@ -176,6 +180,7 @@ void collectArray(const AcDbBlockReference& reference, const AcGeMatrix3d* matri
   const std::int64_t rows = std::max<std::int64_t>(record.integer(integerField(kInsert, 71)), 1);
   const double across = record.real(realField(kInsert, 44)), up = record.real(realField(kInsert, 45));
   const AcGeMatrix3d own = reference.blockTransform();
+  const std::vector<AcGePoint3d> clip = blockClip(*stub->database, record);
   const AcGeMatrix3d plane = AcGeMatrix3d().setToPlaneToWorld(reference.normal()) *
                              AcGeMatrix3d::rotation(reference.rotation(), AcGeVector3d::kZAxis);
   for (std::int64_t row = 0; row < rows && !walk.full(); ++row)
@@ -183,7 +188,17 @@ void collectArray(const AcDbBlockReference& reference, const AcGeMatrix3d* matri
       ++walk.visits;  // empty blocks count, too
       const AcGeVector3d step(static_cast<double>(column) * across, static_cast<double>(row) * up, 0);
       const AcGeMatrix3d placed = AcGeMatrix3d::translation(plane * step) * own;
-      collectBlock(*stub->database, reference.blockTableRecord(), matrix ? *matrix * placed : placed, depth, walk);
+      const AcGeMatrix3d world = matrix ? *matrix * placed : placed;
+      if (clip.empty()) {
+        collectBlock(*stub->database, reference.blockTableRecord(), world, depth, walk);
+        continue;
+      }
+      std::vector<AcGePoint3d> corners = clip;
+      for (AcGePoint3d& corner : corners) corner.transformBy(world);
+      Strokes before = std::exchange(walk.strokes, {});
+      collectBlock(*stub->database, reference.blockTableRecord(), world, depth, walk);
+      std::ranges::move(clipped(walk.strokes, corners), std::back_inserter(before));
+      walk.strokes = std::move(before);
     }
 }
 
@@ -237,10 +252,10 @@ void collect(const AcDbEntity& entity, const AcGeMatrix3d* matrix, int depth, Wa
   ++walk.visits;
   if (const auto* reference = AcDbBlockReference::cast(&entity))
     return collectReference(*reference, matrix, depth, walk);
-  const auto* dimension = AcDbDimension::cast(&entity);
-  if (dimension && !dimension->dimBlockId().isNull() && stubOf(dimension))
-    return collectBlock(*stubOf(dimension)->database, dimension->dimBlockId(), matrix ? *matrix : AcGeMatrix3d(), depth,
-                        walk);
+  if (hasParts(AcDbImpObject::of(&entity).record.type()))
+    return eachPartEntity(entity, [&](const AcDbEntity& part) {
+      if (!walk.full()) collect(part, matrix, depth + 1, walk);
+    });
   Stroke stroke = simpleStroke(entity);
   if (stroke.points.empty()) return;
   if (matrix)

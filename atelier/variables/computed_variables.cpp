@@ -102,7 +102,7 @@ bool setViewport(Document& d, const Value& value) {
 }
 
 std::string paperLayout(Document& d) {
-  AcDbStub* paper = d.imp().paperSpace();
+  AcDbStub* paper = d.imp().currentSheet();
   return paper ? layoutNameOf(*paper) : std::string();
 }
 Value currentTab(Document& d) { return d.database().tilemode() ? std::string("Model") : paperLayout(d); }
@@ -110,7 +110,10 @@ bool setCurrentTab(Document& d, const Value& value) {
   const std::string* name = std::get_if<std::string>(&value);
   if (!name) return false;
   if (equalNoCase(*name, "Model")) return setTileMode(d, 1);
-  return equalNoCase(*name, paperLayout(d)) && setTileMode(d, 0);
+  AcDbStub* sheet = spaceOfLayout(d.imp(), *name);
+  if (!sheet || !setTileMode(d, 0)) return false;
+  d.imp().chooseSheet(sheet);
+  return true;
 }
 
 AcDbExtents drawnExtents(Document& d) { return d.spatialIndex().extents(d.database().currentSpaceId()); }

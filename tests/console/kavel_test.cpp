@@ -50,6 +50,32 @@ TEST(Kavel, CarriesOutActionsInOrder) {
   EXPECT_NE(program.output.find("LINE"), std::string::npos) << program.output;
 }
 
+TEST(Kavel, TellsWhatItDoesntDraw) {
+  Program program;
+  const std::string foreign = "0\nMETIER_TROTTOIR\n8\n0\n", solid = "0\n3DSOLID\n8\n0\n",
+                    line = "0\nLINE\n8\n0\n10\n0\n20\n0\n11\n9\n21\n9\n";
+  const auto drawing = [](const std::string& entities) {
+    return "0\nSECTION\n2\nENTITIES\n" + entities + "0\nENDSEC\n0\nEOF\n";
+  };
+  const auto tells = [&](const std::string& what) { return program.output.find(what) != std::string::npos; };
+  program.write("mixte.dxf", drawing(foreign + foreign + solid + line));
+  EXPECT_EQ(program.run("mixte.dxf --no-frontal --plot a.pdf").status, 0);
+  EXPECT_TRUE(tells("objets non représentés, ou en partie : 1 3DSOLID (données illisibles), 2 METIER_TROTTOIR\n"))
+      << program.output;
+  EXPECT_FALSE(tells("ne montre rien")) << program.output;
+  program.run("mixte.dxf --no-frontal --list");
+  EXPECT_TRUE(tells(
+      "Objets non représentés, ou en partie\n  3DSOLID (données illisibles)   1\n  METIER_TROTTOIR                2\n"))
+      << program.output;
+  program.write("metier.dxf", drawing(foreign + foreign));
+  EXPECT_EQ(program.run("metier.dxf --no-frontal -e 1").status, 0);
+  EXPECT_TRUE(tells("Ce dessin ne montre rien: ses objets (2 METIER_TROTTOIR) sont ceux d'une application métier"))
+      << program.output;
+  program.write("ligne.dxf", drawing(line));
+  program.run("ligne.dxf --no-frontal --list");
+  EXPECT_FALSE(tells("représenté")) << program.output;
+}
+
 TEST(Kavel, FeedsScriptsToTheCommandLine) {
   Program program;
   program.write("a.scr", "LINE 0,0 10,0\n\n; a comment\n(setq x\n  (+ 40 2))\nNO-SUCH-COMMAND\n");

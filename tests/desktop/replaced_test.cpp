@@ -19,15 +19,15 @@ struct Replaced : kaveltest::Desktop {
   // The window's picture is that of the drawing that AutoLISP sees.
   void expectPictureOfTheDrawing() {
     auto& shown = window.drawing()->scene();
-    atelier::desktop::SceneCache fresh(window.drawing()->document().database());
+    atelier::desktop::SpaceScene fresh(window.drawing()->document().database());
     fresh.refresh();
     EXPECT_EQ(items(shown), items(fresh));
     EXPECT_EQ(shown.bounds().xMin, fresh.bounds().xMin);
     EXPECT_EQ(shown.bounds().xMax, fresh.bounds().xMax);
   }
-  static std::size_t items(const atelier::desktop::SceneCache& scene) {
+  static std::size_t items(const atelier::desktop::SpaceScene& scene) {
     std::size_t count = 0;
-    for (const auto& part : scene.parts()) count += part->items().size();
+    for (const auto& part : scene.parts()) count += part.list->items().size();
     return count;
   }
 };

@@ -72,6 +72,46 @@ TEST(MText, LinesArePitchedFiveThirds) {
   EXPECT_NEAR(layoutMText("H\\P\\PH", s).height, layout.height, 1e-9);
 }
 
+TEST(MText, ColumnsTakeWhatFitsTheirHeight) {
+  // Two lines of height 2 fit 5.5 (2 + 10 / 3), three don't.
+  MTextStyle s = style();
+  s.columns = {.count = 2, .width = 30, .gutter = 5, .heights = {5.5}};
+  const auto startsOf = [&](const char* contents) {
+    std::vector<std::pair<double, double>> starts;
+    for (const MTextPiece& piece : layoutMText(contents, s).pieces) starts.emplace_back(piece.map.x0, piece.map.y0);
+    return starts;
+  };
+  const double first = -2, second = -2 - 10.0 / 3, third = second - 10.0 / 3;
+  using Starts = std::vector<std::pair<double, double>>;
+  const auto expect = [](const Starts& found, const Starts& wanted, const char* what) {
+    ASSERT_EQ(found.size(), wanted.size()) << what;
+    for (std::size_t i = 0; i < found.size(); ++i) {
+      EXPECT_NEAR(found[i].first, wanted[i].first, 1e-9) << what << i;
+      EXPECT_NEAR(found[i].second, wanted[i].second, 1e-9) << what << i;
+    }
+  };
+  expect(startsOf("H\\PH\\PH\\PH\\PH"), {{0, first}, {0, second}, {35, first}, {35, second}, {35, third}},
+         "the last takes the rest");
+  expect(startsOf("H\\NH"), {{0, first}, {35, first}}, "a break");
+  s.columns.fromRight = true;
+  expect(startsOf("H\\NH"), {{35, first}, {0, first}}, "from the right");
+  s.columns = {.count = 0, .width = 30, .gutter = 5, .heights = {2}};
+  s.attachment = 3;
+  expect(startsOf("H\\PH\\PH"),
+         {{-100 + 30 - 2 * layoutMText("H", style()).width / 2, first},
+          {-65 + 30 - layoutMText("H", style()).width, first},
+          {-30 + 30 - layoutMText("H", style()).width, first}},
+         "as many as it takes, attached at the right");
+}
+
+TEST(MText, LettersOfTheSymbolFontAreSigns) {
+  MTextStyle s = style();
+  const auto layout = layoutMText("{\\Fgdt;j}j", s);
+  ASSERT_EQ(layout.pieces.size(), 2u);
+  EXPECT_EQ(layout.pieces[0].line.glyphs[0].glyph->character, U'\u2316');
+  EXPECT_EQ(layout.pieces[1].line.glyphs[0].glyph->character, U'j');
+}
+
 TEST(MText, AttachmentPlacesTheBlock) {
   const double width = layoutMText("HTTH", style()).width;
   for (int attachment = 1; attachment <= 9; ++attachment) {

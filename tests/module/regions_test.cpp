@@ -63,9 +63,30 @@ TEST(Regions, HalfDiscWithARoundHoleAndAScale) {
             "nil");
   // 9 (2 pi - pi / 4)
   EXPECT_EQ(session.eval("(rtos (pl_areacalc (entlast) 1.0) 2 9)"), "\"49.480084294\"");
+  EXPECT_EQ(session.eval(
+                "(mapcar '(lambda (v) (mapcar 'rtos (reverse (cdr (reverse (getvar v)))))) '(\"EXTMIN\" \"EXTMAX\"))"),
+            R"((("1" "2") ("13" "8")))")
+      << "what is shown: the half below the diameter, placed and scaled";
+  session.eval("(command \"_EXPLODE\" (entlast))");
+  EXPECT_EQ(session.eval("(mapcar '(lambda (k) (sslength (ssget \"_X\" (list (cons 0 k))))) '(\"LINE\" \"ELLIPSE\"))"),
+            "(1 2)");
   session.eval(
       regionOf({"400 0 1 0", "a", "b", "edge $-1 $0 $0 $0 $0 forward #", "coedge $-1 $1 $1 $-1 $0 forward $5 $-1 #"}));
   EXPECT_EQ(session.eval("(pl_areacalc (entlast) 1.0)"), "nil") << "an outline that can't be followed";
+}
+
+// A cubic from 0,0 to 4,0 that rises to 3, placed 10 to the right; the edge runs against it from 4,0 back.
+TEST(Regions, EdgesAlongSplinesAreShown) {
+  kaveltest::Session session;
+  session.eval(
+      regionOf({"400 0 1 0", "a", "b", "transform $-1 1 0 0 0 1 0 0 0 1 10 0 0 1 no_rotate no_reflect no_shear #",
+                "edge $-1 $3 $2 $-1 $4 reversed #", "vertex $-1 $1 $5 #", "vertex $-1 $1 $6 #",
+                "intcurve-curve $-1 forward { exactcur nubs 3 open 2 0 3 1 3 0 0 0 0 4 0 4 4 0 4 0 0 0 } I I #",
+                "point $-1 0 0 0 #", "point $-1 4 0 0 #", "End-of-ACIS-data"}));
+  EXPECT_EQ(session.eval("(list (rtos (car (getvar \"EXTMIN\")) 2 3) (rtos (car (getvar \"EXTMAX\")) 2 3) (rtos (cadr "
+                         "(getvar \"EXTMAX\")) 2 3))"),
+            R"(("10" "14" "3"))");
+  EXPECT_EQ(session.eval("(pl_areacalc (entlast) 1.0)"), "nil") << "an area is of lines and arcs";
 }
 
 TEST(Regions, OfOtherProgramsInBothForms) {

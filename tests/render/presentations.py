@@ -103,11 +103,58 @@ def an_empty_model_shows_all_layouts(folder):
     return [] if done.returncode == 3 and "pas de présentation Trois" in done.stderr else [("unknown layout", done.returncode, done.stderr)]
 
 
+def a_viewport_may_be_round(folder):
+    """A red square fills the window, whose outline is a circle of radius 20 at 100, 100."""
+    doc = ezdxf.new("R2010", setup=True)
+    doc.modelspace().add_solid([(0, 0), (200, 0), (0, 200), (200, 200)], dxfattribs={"color": 1})
+    page = doc.layouts.new("Rond")
+    page.page_setup(size=(297, 210), margins=(0,) * 4, units="mm")
+    port = page.add_viewport(center=(100, 100), size=(80, 80), view_center_point=(100, 100), view_height=160)
+    circle = page.add_circle((100, 100), 20)
+    port.dxf.flags = port.dxf.flags | 0x10000
+    port.dxf.clipping_boundary_handle = circle.dxf.handle
+    source, target = os.path.join(folder, "rond.dxf"), os.path.join(folder, "rond.pdf")
+    doc.saveas(source)
+    plot(source, target, "--layout", "Rond")
+    data = subprocess.run(["pdftoppm", "-r", "254", "-singlefile", target], check=True, capture_output=True).stdout
+    _, size, _, body = data.split(b"\n", 3)
+    width, height = map(int, size.split())
+    at = {place: tuple(body[3 * (round((210 - place[1]) * 10) * width + round(place[0] * 10)):][:3]) for place in ((100, 100), (113, 113), (117, 117), (70, 70))}
+    red, white = (255, 0, 0), (255, 255, 255)
+    wanted = {(100, 100): red, (113, 113): red, (117, 117): white, (70, 70): white}
+    return [] if at == wanted else [("a round window", at)]
+
+
+def a_sheet_is_drawn_on(folder):
+    """CTAB chooses any layout: what is drawn then stands there in the saved drawing, and the file opens as before."""
+    doc = ezdxf.new("R2010", setup=True)
+    for name in ("Plan", "Coupe A-B"):
+        doc.layouts.new(name)
+    source, target = os.path.join(folder, "feuilles.dxf"), os.path.join(folder, "dessine.dxf")
+    doc.saveas(source)
+    done = subprocess.run([KAVEL, source, "--no-frontal", "--quiet", "-e", '(setvar "CTAB" "coupe a-b")', "-e", '(command "_CIRCLE" "10,20" 5)',
+                           "-e", "(entmake '((0 . \"LINE\") (10 0. 0. 0.) (11 9. 9. 0.)))", "-e", '(setvar "CTAB" "Plan")',
+                           "-e", '(command "_POINT" "1,2")', "-e", '(setvar "CTAB" "Model")', "-e", '(command "_LINE" "0,0" "1,1" "")',
+                           "-e", '(vl-catch-all-error-p (vl-catch-all-apply (quote setvar) (list "CTAB" "Absente")))', "--save", target],
+                          capture_output=True, text=True)
+    saved = ezdxf.readfile(target)
+    held = {layout.name: sorted(e.dxftype() for e in layout if e.dxftype() != "VIEWPORT") for layout in saved.layouts}
+    wanted = {"Model": ["LINE"], "Layout1": [], "Plan": ["POINT"], "Coupe A-B": ["CIRCLE", "LINE"]}
+    faults = [] if held == wanted else [("drawn on sheets", held)]
+    if not done.stdout.rstrip().endswith("T"):
+        faults.append(("an unknown layout", done.stdout, done.stderr))
+    if saved.audit().has_errors or any(e.dxf.paperspace != 1 for e in saved.layouts.get("Plan")):
+        faults.append(("audit", saved.audit().errors))
+    return faults
+
+
 def main():
     seeds = [int(s) for s in sys.argv[2:]] or range(12)
     faults = []
     with tempfile.TemporaryDirectory() as folder:
         faults += an_empty_model_shows_all_layouts(folder)
+        faults += a_sheet_is_drawn_on(folder)
+        faults += a_viewport_may_be_round(folder)
         for seed in seeds:
             faults += [(f"seed {seed}", *f) for f in compare(seed, folder)]
     for fault in faults:

@@ -69,6 +69,40 @@ TEST(Scene, PolylinesWithVertexEntities) {
   expectBox(sceneOf({.entities = faces}).bounds(), 0, 0, 2, 2, "faces");
 }
 
+// 10 of line, 3 of gap with a text at its end, 5 more of gap; the line is 40 long, the line type twice as large for the second.
+TEST(Scene, LineTypesRepeatTheirTexts) {
+  const TestDrawing drawing{
+      .linetypes =
+          {"2=GAZ 3=gaz 72=65 73=3 40=18 49=10 74=0 49=-3 74=2 75=0 340=0 46=2 50=90 44=-1 45=0.5 9=G 49=-5 74=0"},
+      .entities = {"LINE 8=0 6=GAZ 10=100 20=0 11=140 21=0", "LINE 8=0 6=GAZ 48=2 10=0 20=100 11=0 21=140",
+                   "CIRCLE 8=0 6=GAZ 10=0 20=0 40=2"}};
+  const DisplayList list = sceneOf(drawing);
+  EXPECT_TRUE(list.warnings.empty());
+  const auto texts = shapes<GlyphRun>(list);
+  ASSERT_EQ(texts.size(), 3u) << "two on the first line, one on the second, none on a circle shorter than the pattern";
+  const Pt wanted[] = {{100 + 13 - 1, 0.5}, {100 + 31 - 1, 0.5}, {-1, 100 + 26 - 2}};
+  const double turns[] = {90, 90, 180}, heights[] = {2, 2, 4};
+  for (std::size_t i = 0; i < 3; ++i) {
+    const Affine& map = texts[i]->map;
+    EXPECT_NEAR(map.x0, wanted[i].x, 1e-9) << i;
+    EXPECT_NEAR(map.y0, wanted[i].y, 1e-9) << i;
+    EXPECT_NEAR(std::abs(std::atan2(map.yx, map.xx)) * 180 / M_PI, turns[i], 1e-9) << i;
+    EXPECT_NEAR(std::hypot(map.xy, map.yy), heights[i], 1e-9) << i;
+  }
+}
+
+TEST(Scene, WithoutFillsAreasAreOutlines) {
+  const Records areas{"SOLID 8=0 10=0 20=0 11=2 21=0 12=0 22=2 13=2 23=2",
+                      "LWPOLYLINE 8=0 90=2 70=0 43=2 10=10 20=0 10=14 20=0",
+                      "HATCH 8=0 70=1 91=1 92=2 72=0 73=1 93=3 10=20 20=0 10=24 20=0 10=24 20=3 97=0 75=0 76=1"};
+  const DisplayList filled = sceneOf({.entities = areas, .header = {"$FILLMODE 70=1"}});
+  EXPECT_EQ(shapes<Fill>(filled).size(), 3u);
+  const DisplayList outlined = sceneOf({.entities = areas, .header = {"$FILLMODE 70=0"}});
+  EXPECT_TRUE(shapes<Fill>(outlined).empty());
+  ASSERT_EQ(shapes<Stroke>(outlined).size(), 2u);
+  expectBox(outlined.bounds(), 0, -1, 14, 2, "no hatch");
+}
+
 TEST(Scene, EndlessLinesHaveNoExtent) {
   const DisplayList list = sceneOf({.entities = {"XLINE 8=0 10=0 20=0 11=1 21=0", "RAY 8=0 10=5 20=5 11=0 21=1"}});
   const auto lines = shapes<Unbounded>(list);
@@ -148,7 +182,7 @@ TEST(Scene, WhatCannotBeShownIsCounted) {
   const DisplayList list =
       sceneOf({.entities = {"3DSOLID 8=0", "3DSOLID 8=0", "SPLINE 8=0 71=3 40=0", "LINE 8=0 10=1 20=1 11=2 21=2"}});
   ASSERT_EQ(list.warnings.size(), 2u);
-  EXPECT_EQ(list.warnings[0], "entité de type 3DSOLID non représentée (2 fois)");
+  EXPECT_EQ(list.warnings[0], "objets non représentés, ou en partie : 2 3DSOLID (données illisibles)");
   EXPECT_EQ(list.items().size(), 1u);
 }
 

@@ -13,7 +13,7 @@
 namespace atelier {
 namespace {
 
-constexpr int kPost = 3, kTextStyle = 340, kArrowBlock = 342, kNumberOfCode = 1070;
+constexpr int kPost = 3, kTextStyle = 340, kLeaderArrow = 341, kArrowBlock = 342, kNumberOfCode = 1070;
 constexpr int kNoLeadingZero = 4, kNoTrailingZeros = 8;
 
 // Names of the host's own arrow blocks, in capitals; every other block is shown as a filled arrow.
@@ -69,6 +69,9 @@ void DimensionStyle::take(AcDbImpDatabase& database, int code, const Group& grou
   else if (code == kTextStyle) {
     const std::string name = recordName(database, group.handle(), "AcDbTextStyleTableRecord");
     if (!name.empty()) textStyle = name;
+  } else if (code == kLeaderArrow) {
+    leaderArrowBlock = recordName(database, group.handle(), "AcDbBlockTableRecord");
+    leaderArrow = formOf(upperCase(leaderArrowBlock));
   } else if (code == kArrowBlock) {
     arrow = formOf(upperCase(recordName(database, group.handle(), "AcDbBlockTableRecord")));
   } else if (const auto rows = dimensionVariables();

@@ -25,7 +25,8 @@ class DimensionStyle {
   std::string lengthText(double length) const;
   std::string angleText(double degrees) const;
 
-  ArrowForm arrow = ArrowForm::filled;
+  ArrowForm arrow = ArrowForm::filled, leaderArrow = ArrowForm::filled;
+  std::string leaderArrowBlock;  // empty: the filled arrow, which has no block
   std::string textStyle = "Standard";
 
  private:

@@ -7,6 +7,7 @@
 
 #include "atelier/database/curves/curve_geometry.h"
 #include "atelier/database/curves/plane.h"
+#include "atelier/database/entities/block_clip.h"
 #include "atelier/database/entities/block_extents.h"
 #include "atelier/database/objects/imp_database.h"
 #include "atelier/database/objects/new_record.h"
@@ -57,12 +58,27 @@ KeptExtents& keptExtents() {
   return kept;
 }
 
+// What the boxes have in common in plan; empty where they are apart.
+AcDbExtents commonInPlan(const AcDbExtents& box, const AcDbExtents& clip) {
+  const AcGePoint3d low(std::max(box.minPoint().x, clip.minPoint().x), std::max(box.minPoint().y, clip.minPoint().y),
+                        box.minPoint().z);
+  const AcGePoint3d high(std::min(box.maxPoint().x, clip.maxPoint().x), std::min(box.maxPoint().y, clip.maxPoint().y),
+                         box.maxPoint().z);
+  return low.x <= high.x && low.y <= high.y ? AcDbExtents(low, high) : AcDbExtents();
+}
+
 // The box of the block as the reference shows it, with all places of an array.
 AcDbExtents shownExtents(const AcDbBlockReference& reference) {
   AcDbExtents box = blockExtents(reference.blockTableRecord());
   if (adaptation::isEmpty(box)) return box;
   box.transformBy(reference.blockTransform());
   const Record& record = recordOf(&reference);
+  if (AcDbImpDatabase* database = databaseOf(&reference)) {
+    AcDbExtents shown;
+    for (const AcGePoint3d& corner : blockClip(*database, record)) shown.addPoint(reference.blockTransform() * corner);
+    if (!adaptation::isEmpty(shown)) box = commonInPlan(box, shown);
+    if (adaptation::isEmpty(box)) return box;
+  }
   const auto span = [&](const Field& count, const Field& spacing) {
     return static_cast<double>(std::max<std::int64_t>(record.integer(count), 1) - 1) * record.real(spacing);
   };

@@ -139,7 +139,6 @@ Acad::ErrorStatus AcDbEntity::getGeomExtents(AcDbExtents& extents) const {
   extents = box;
   return Acad::eOk;
 }
-Acad::ErrorStatus AcDbEntity::subGetGeomExtents(AcDbExtents&) const { return Acad::eInvalidExtents; }
 Acad::ErrorStatus AcDbEntity::transformBy(const AcGeMatrix3d& matrix) { return transformCarried(*this, matrix); }
 Acad::ErrorStatus AcDbEntity::intersectWith(const AcDbEntity*, AcDb::Intersect, AcGePoint3dArray&, Adesk::GsMarker,
                                             Adesk::GsMarker) const {
@@ -149,4 +148,3 @@ Acad::ErrorStatus AcDbEntity::intersectWith(const AcDbEntity*, AcDb::Intersect, 
                                             Adesk::GsMarker, Adesk::GsMarker) const {
   return Acad::eNotApplicable;
 }
-Acad::ErrorStatus AcDbEntity::explode(AcArray<AcRxObject*>&) const { return Acad::eNotApplicable; }

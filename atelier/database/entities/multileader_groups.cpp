@@ -10,7 +10,7 @@
 namespace atelier {
 namespace {
 
-enum class Place { entity, context, leader, line };
+using Place = MultileaderPlace;
 
 struct Row {
   Place place;
@@ -35,19 +35,19 @@ std::optional<Meaning> meaningOf(Place place, int code) {
   return row == std::end(kRows) ? std::nullopt : std::optional(row->meaning);
 }
 
-// The place after this group.
-Place follow(Place place, const Group& group) {
+}  // namespace
+
+MultileaderPlace multileaderPlace(MultileaderPlace place, const Group& group) {
   const std::string& text = group.text();
-  if (group.code() == 300 && text.starts_with("CONTEXT_DATA")) return Place::context;
-  if (group.code() == 302 && text.starts_with("LEADER")) return Place::leader;
-  if (group.code() == 304 && text.starts_with("LEADER_LINE")) return Place::line;
+  // The same codes are texts elsewhere.
+  if (group.code() == 300 && place == Place::entity && text.starts_with("CONTEXT_DATA")) return Place::context;
+  if (group.code() == 302 && place == Place::context && text.starts_with("LEADER")) return Place::leader;
+  if (group.code() == 304 && place == Place::leader && text.starts_with("LEADER_LINE")) return Place::line;
   if (group.code() == 305 && place == Place::line) return Place::leader;
   if (group.code() == 303 && place == Place::leader) return Place::context;
   if (group.code() == 301 && place == Place::context) return Place::entity;
   return place;
 }
-
-}  // namespace
 
 void transformMultileader(Record& record, const AcGeMatrix3d& matrix, double scale, double turn) {
   Place place = Place::entity;
@@ -57,7 +57,7 @@ void transformMultileader(Record& record, const AcGeMatrix3d& matrix, double sca
   std::size_t cell = 0;
   for (std::size_t i = 0; i < end; ++i) {
     const int code = groups[i].code();
-    place = follow(place, groups[i]);
+    place = multileaderPlace(place, groups[i]);
     if (place == Place::context && (code == kContentTurn || code == kBlockTurn))
       groups[i] = Group::real(code, groups[i].real() + turn);
     if (place == Place::context && code == kMatrix && cell < cells.size()) cells[cell++] = i;

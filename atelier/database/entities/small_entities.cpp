@@ -49,6 +49,21 @@ Acad::ErrorStatus transformCorners(AcDbObject* object, std::string_view subclass
   return Acad::eOk;
 }
 
+// The data behind mark 101 repeat direction (10) and place (11) and have the columns' lengths.
+void keepColumns(Record& record, const AcGePoint3d& at, double turned, double scale) {
+  const std::size_t end = record.xdataStart();
+  std::size_t i = 0;
+  while (i < end && record.groups[i].code() != 101) ++i;
+  for (; i < end; ++i) {
+    Group& group = record.groups[i];
+    const int code = group.code();
+    if (code >= 40 && code <= 46) group = Group::real(code, group.real() * scale);
+    const double values[] = {std::cos(turned), std::sin(turned), 0, at.x, at.y, at.z};
+    for (int k = 0; k < 6; ++k)
+      if (code == 10 + 10 * (k % 3) + k / 3) group = Group::real(code, values[k]);
+  }
+}
+
 }  // namespace
 
 AcDbPoint::AcDbPoint() { initRecord(*this, "POINT"); }
@@ -96,13 +111,6 @@ AcDbObjectId AcDbDimension::dimBlockId() const {
   return db ? idOf(db->tableRecord("BLOCK_RECORD", recordOf(this).text(textField("AcDbDimension", 2))))
             : AcDbObjectId();
 }
-Acad::ErrorStatus AcDbDimension::subGetGeomExtents(AcDbExtents& extents) const {
-  const AcDbExtents box = blockExtents(dimBlockId());
-  if (adaptation::isEmpty(box)) return Acad::eInvalidExtents;
-  extents = box;
-  return Acad::eOk;
-}
-
 AcDbMText::AcDbMText() { initRecord(*this, "MTEXT"); }
 AcGePoint3d AcDbMText::location() const { return recordOf(this).point(kLocation); }
 AcString AcDbMText::contents() const {
@@ -179,5 +187,7 @@ Acad::ErrorStatus AcDbMText::transformBy(const AcGeMatrix3d& m) {
   setWidth(width() * plane.scale * wider);
   if (!isWorldPlane(plane.normal) || recordOf(this).has(normalField("AcDbMText")))
     impOf(this).setPoint(normalField("AcDbMText"), AcGePoint3d() + plane.normal);
-  return setRotation(textAngle(plane, angle));
+  const double turned = textAngle(plane, angle);
+  keepColumns(*impOf(this).writable(), location(), turned, plane.scale);
+  return setRotation(turned);
 }

@@ -2,12 +2,12 @@
 // Fonts are kept by style, since a table asks for the same one thousands of times.
 #include "atelier/database/entities/text_measure.h"
 
+#include <algorithm>
 #include <map>
 #include <numbers>
 #include <tuple>
 
 #include "atelier/database/objects/imp_database.h"
-#include "atelier/fonts/mtext.h"
 
 namespace atelier {
 namespace {
@@ -48,6 +48,31 @@ fonts::FontStyle fontStyle(AcDbImpDatabase* database, std::string_view styleName
   return style;
 }
 
+// Group 101 opens the data: 71 kind (1 static, 2 dynamic), 72 number, 44 width, 45 gutter, 73 heights by themselves, 74 from
+// the right, 46 the height of each, 41 that of all.
+fonts::MTextColumns columnsOf(const Record& paragraph) {
+  fonts::MTextColumns columns;
+  const auto& groups = paragraph.groups;
+  const auto end = groups.begin() + static_cast<std::ptrdiff_t>(paragraph.xdataStart());
+  auto at = std::find_if(groups.begin(), end, [](const Group& g) { return g.code() == 101; });
+  bool any = false, even = false;
+  double height = 0;
+  for (; at != end; ++at) switch (at->code()) {
+      case 71: any = at->integer() != 0; break;
+      case 72: columns.count = static_cast<std::size_t>(std::clamp<std::int64_t>(at->integer(), 0, 1000)); break;
+      case 44: columns.width = at->real(); break;
+      case 45: columns.gutter = at->real(); break;
+      case 73: even = at->integer() != 0; break;
+      case 74: columns.fromRight = at->integer() != 0; break;
+      case 46: columns.heights.push_back(at->real()); break;
+      case 41: height = at->real(); break;
+      default: break;
+    }
+  if (!any) return {};
+  if (even || columns.heights.empty()) columns.heights = {height};
+  return columns;
+}
+
 fonts::Box paragraphInk(const AcDbMText& text) {
   constexpr std::string_view kMText = "AcDbMText";
   const Record& record = AcDbImpObject::of(&text).record;
@@ -65,6 +90,7 @@ fonts::Box paragraphInk(const AcDbMText& text) {
   style.attachment = text.attachment();
   style.lineSpacing = record.real(realField(kMText, 44, 1));
   style.exactSpacing = record.integer(integerField(kMText, 73, 1)) == LineSpacing::kExact;
+  style.columns = columnsOf(record);
   return fonts::layoutMText(toUtf8(text.contents().kACharPtr()), style).ink;
 }
 

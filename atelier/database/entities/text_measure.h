@@ -1,7 +1,8 @@
 // Measures of a text in its own frame: origin at the start of its base line, x along it.
 // The font comes from the text's style.
 #pragma once
-#include "atelier/fonts/font.h"
+#include "atelier/database/records/record.h"
+#include "atelier/fonts/mtext.h"
 #include "hote/dbents.h"
 
 class AcDbImpDatabase;
@@ -12,6 +13,9 @@ namespace atelier {
 fonts::FontStyle fontStyle(AcDbImpDatabase* database, std::string_view styleName, double widthFactor, double oblique);
 // The box of a paragraph's ink relative to its insertion point, x along its lines; empty when there is no ink.
 fonts::Box paragraphInk(const AcDbMText& text);
+
+// The columns of a paragraph, from the data that it carries behind its own groups.
+fonts::MTextColumns columnsOf(const Record& paragraph);
 
 class MeasuredText {
  public:

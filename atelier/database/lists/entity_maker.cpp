@@ -28,8 +28,8 @@ AcDbStub* EntityMaker::takeSpace(std::vector<Group>& groups) {
   const auto paper = std::ranges::find(groups, kPaper, &Group::code);
   AcDbStub* space = db_.database().currentSpaceId();
   if (AcDbStub* named = layout.empty() ? nullptr : spaceOfLayout(db_, layout)) space = named;
-  else if (paper != groups.end() && layout.empty() && db_.paperSpace())
-    space = paper->integer() != 0 ? db_.paperSpace() : db_.modelSpace();
+  else if (paper != groups.end() && layout.empty() && db_.currentSheet())
+    space = paper->integer() != 0 ? db_.currentSheet() : db_.modelSpace();
   std::erase_if(groups, [](const Group& g) { return g.code() == kPaper || g.code() == kLayout; });
   return block_ ? block_ : space;
 }

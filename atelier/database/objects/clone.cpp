@@ -7,6 +7,7 @@
 #include "atelier/base/interruption.h"
 #include "atelier/database/objects/cloned_groups.h"
 #include "atelier/database/objects/imp_database.h"
+#include "atelier/database/objects/layouts.h"
 #include "atelier/database/objects/new_record.h"
 #include "atelier/database/objects/ownership.h"
 #include "hote/dbdict.h"
@@ -116,7 +117,7 @@ class Cloner {
     if (!entity.is(AcDbStub::kEntity)) return;
     const Field inPaper = integerField("AcDbEntity", 67);
     Record& record = AcDbImpObject::of(entity.object).record;
-    if (entity.owner == target_.paperSpace()) record.setInteger(inPaper, 1);
+    if (entity.owner && isPaperSpace(*entity.owner)) record.setInteger(inPaper, 1);
     else record.remove(inPaper);
   }
 

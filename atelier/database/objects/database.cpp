@@ -32,7 +32,7 @@ AcDbObjectId AcDbDatabase::namedObjectsDictionaryId() const { return idOf(mpImp-
 AcDbObjectId AcDbDatabase::groupDictionaryId() const { return idOf(&mpImp->namedDictionary("ACAD_GROUP")); }
 bool AcDbDatabase::tilemode() const { return mpImp->header.integer("$TILEMODE", 1) != 0; }
 AcDbObjectId AcDbDatabase::currentSpaceId() const {
-  return idOf(tilemode() ? mpImp->modelSpace() : mpImp->paperSpace());
+  return idOf(tilemode() ? mpImp->modelSpace() : mpImp->currentSheet());
 }
 
 AcDbObjectId AcDbDatabase::textstyle() const {

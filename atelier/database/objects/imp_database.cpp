@@ -246,3 +246,4 @@ AcDbStub* AcDbImpDatabase::modelSpace() {
   return modelSpace_;
 }
 AcDbStub* AcDbImpDatabase::paperSpace() { return tableRecord("BLOCK_RECORD", "*Paper_Space"); }
+AcDbStub* AcDbImpDatabase::currentSheet() { return sheet_ && !sheet_->is(AcDbStub::kErased) ? sheet_ : paperSpace(); }

@@ -108,7 +108,10 @@ class AcDbImpDatabase {
   // The record of that name, made with the format's defaults when it is missing (layers, styles, applications).
   void forgetTableIndex() { tableIndex_.clear(), modelSpace_ = nullptr; }
   AcDbStub* modelSpace();
-  AcDbStub* paperSpace();  // the active one
+  AcDbStub* paperSpace();  // the one that the file opens with
+  // The paper space that is current when the model space isn't: the one that was chosen last, else the one of the file.
+  AcDbStub* currentSheet();
+  void chooseSheet(AcDbStub* space) { sheet_ = space; }
 
   struct BlockEnds {
     AcDbStub* begin = nullptr;  // BLOCK
@@ -155,6 +158,7 @@ class AcDbImpDatabase {
   std::vector<std::pair<std::string, AcDbStub*>> tables_;
   std::unordered_map<const AcDbStub*, std::unordered_map<std::string, AcDbStub*>> tableIndex_;
   AcDbStub* modelSpace_ = nullptr;  // kept as long as the index
+  AcDbStub* sheet_ = nullptr;
 };
 
 namespace atelier {

@@ -5,6 +5,7 @@
 
 #include "atelier/database/curves/plane.h"
 #include "atelier/database/objects/imp_database.h"
+#include "atelier/database/objects/layouts.h"
 #include "atelier/database/objects/new_record.h"
 
 using namespace atelier;
@@ -157,8 +158,7 @@ Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbObjectId& id, AcDbE
   if (stubOf(entity)) return Acad::eAlreadyInDb;
   AcDbStub& added = stub->database->adopt(*entity, *stub);
   stub->children->push_back(&added);
-  if (stub == stub->database->paperSpace())
-    AcDbImpObject::of(entity).record.setInteger(integerField("AcDbEntity", 67), 1);
+  if (isPaperSpace(*stub)) AcDbImpObject::of(entity).record.setInteger(integerField("AcDbEntity", 67), 1);
   id = idOf(&added);
   return Acad::eOk;
 }

@@ -73,7 +73,7 @@ Drawing::~Drawing() {
 }
 
 void Drawing::bind() {
-  scene_ = std::make_unique<SceneCache>(document_->database());
+  scene_ = std::make_unique<SpaceScene>(document_->database());
   changes_ = std::make_unique<ChangeMark>(document_->imp());
 }
 

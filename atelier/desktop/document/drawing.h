@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "atelier/desktop/document/desktop_source.h"
-#include "atelier/desktop/picture/scene_cache.h"
+#include "atelier/desktop/picture/space_scene.h"
 #include "atelier/document/document.h"
 
 namespace atelier::desktop {
@@ -34,7 +34,7 @@ class Drawing : public QObject {
   ~Drawing() override;
 
   Document& document() { return *document_; }
-  SceneCache& scene() { return *scene_; }
+  SpaceScene& scene() { return *scene_; }
   const DesktopSource& source() const { return source_; }
 
   // A typed line answers the waiting prompt, else begins a command. Typed before there is a prompt, or before a cancelled
@@ -71,7 +71,7 @@ class Drawing : public QObject {
   void bind();
   DesktopSource source_;
   std::unique_ptr<Document> document_;
-  std::unique_ptr<SceneCache> scene_;
+  std::unique_ptr<SpaceScene> scene_;
   std::unique_ptr<ChangeMark> changes_;
   std::deque<QString> later_;
   bool running_ = false;

@@ -10,6 +10,7 @@
 #include "atelier/desktop/document/drawing.h"
 #include "atelier/render/scene/whole_scene.h"
 #include "atelier/render/sheets/page.h"
+#include "atelier/render/sheets/painted_page.h"
 
 namespace atelier::desktop {
 
@@ -53,7 +54,9 @@ class PlotForm : public QDialog {
  private:
   render::PlotRequest request() const;  // throws PlotError
   void preview();
+  void show(const render::PaintedPage& page, const QString& scaleText, const std::vector<std::string>& warnings);
   Drawing& drawing_;
+  AcDbStub* sheet_;  // that is shown; null: the model
   render::WholeScene scene_;
   QLabel *picture_, *message_;
 };

@@ -4,23 +4,33 @@
 
 #include <algorithm>
 
-#include "atelier/render/scene/scene.h"
+#include "atelier/database/objects/draw_order.h"
+#include "atelier/database/objects/layouts.h"
 
 namespace atelier::desktop {
 namespace {
 
 constexpr std::size_t kBatch = 512;
 
-// The entity of the model space that this one is or belongs to, as an attribute or a vertex.
-AcDbStub* mainEntity(AcDbStub& stub, const AcDbStub* space) {
+// The entity of the space that this one is or belongs to, as an attribute or a vertex.
+AcDbStub* mainEntity(AcDbStub& stub, const AcDbStub& space) {
   AcDbStub* at = &stub;
-  while (at && at->owner != space) at = at->owner;
+  while (at && at->owner != &space) at = at->owner;
   return at;
+}
+
+// Whether it stands in a space: then no other one shows it.
+bool standsInSpace(const AcDbStub& stub) {
+  AcDbStub* block = stub.owner;
+  while (block && block->is(AcDbStub::kEntity)) block = block->owner;
+  return block && (block == block->database->modelSpace() || isPaperSpace(*block));
 }
 
 }  // namespace
 
-SceneCache::SceneCache(AcDbDatabase& database) : database_(database), imp_(AcDbImpDatabase::of(&database)) {
+SceneCache::SceneCache(AcDbDatabase& database, AcDbStub& space, render::SceneOptions options)
+    : database_(database), imp_(AcDbImpDatabase::of(&database)), space_(space), options_(std::move(options)) {
+  options_.paper = false;
   imp_.addListener(*this);
 }
 SceneCache::~SceneCache() { imp_.removeListener(*this); }
@@ -51,16 +61,15 @@ bool SceneCache::refresh() {
 }
 
 void SceneCache::take(AcDbStub& stub, std::unordered_set<std::size_t>& stale) {
-  AcDbStub* const space = imp_.modelSpace();
   // Dictionaries and Xrecords have no effect on the picture; tables and blocks have.
   if (!stub.is(AcDbStub::kEntity)) {
     const std::string_view type = imp_.typeName(stub);
-    everything_ = everything_ || type == "LAYER" || type == "LTYPE" || type == "STYLE";
+    everything_ = everything_ || type == "LAYER" || type == "LTYPE" || type == "STYLE" || type == "SORTENTSTABLE";
     return;
   }
-  AcDbStub* main = mainEntity(stub, space);
-  if (!main) {  // inside a block
-    everything_ = true;
+  AcDbStub* main = mainEntity(stub, space_);
+  if (!main) {
+    everything_ = everything_ || !standsInSpace(stub);
     return;
   }
   const auto known = batchOf_.find(main);
@@ -80,23 +89,19 @@ void SceneCache::take(AcDbStub& stub, std::unordered_set<std::size_t>& stale) {
 void SceneCache::all() {
   batches_.clear();
   batchOf_.clear();
-  AcDbStub* space = imp_.modelSpace();
-  if (space && space->children)
-    for (AcDbStub* stub : *space->children) {
-      if (batches_.empty() || batches_.back().entities.size() >= kBatch) batches_.emplace_back();
-      batches_.back().entities.push_back(stub);
-      batchOf_[stub] = batches_.size() - 1;
-    }
+  for (AcDbStub* stub : inDrawOrder(imp_, space_)) {
+    if (batches_.empty() || batches_.back().entities.size() >= kBatch) batches_.emplace_back();
+    batches_.back().entities.push_back(stub);
+    batchOf_[stub] = batches_.size() - 1;
+  }
   lists_.assign(batches_.size(), nullptr);
   for (std::size_t i = 0; i < batches_.size(); ++i) draw(i);
   everything_ = false;
 }
 
 void SceneCache::draw(std::size_t batch) {
-  render::SceneOptions options;
-  options.paper = false;
-  auto list = std::make_shared<render::DisplayList>(render::drawEntities(database_, batches_[batch].entities, options));
-  lists_[batch] = std::move(list);
+  lists_[batch] =
+      std::make_shared<render::DisplayList>(render::drawEntities(database_, batches_[batch].entities, options_));
 }
 
 }  // namespace atelier::desktop

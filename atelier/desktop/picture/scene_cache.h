@@ -1,4 +1,4 @@
-// The model space as display lists, in parts of some hundred entities; only changed parts are made again.
+// A space as display lists, in parts of some hundred entities; only changed parts are made again.
 // A part is never changed once it has been given out, because a painter on another thread may use it.
 #pragma once
 #include <memory>
@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "atelier/database/objects/imp_database.h"
-#include "atelier/render/shapes/primitives.h"
+#include "atelier/render/scene/scene.h"
 
 namespace atelier::desktop {
 
@@ -15,7 +15,8 @@ using Part = std::shared_ptr<const render::DisplayList>;
 
 class SceneCache final : private ChangeListener {
  public:
-  explicit SceneCache(AcDbDatabase& database);
+  // The options say how its entities are drawn; their space is this one.
+  SceneCache(AcDbDatabase& database, AcDbStub& space, render::SceneOptions options = {});
   ~SceneCache() override;
   SceneCache(const SceneCache&) = delete;
   SceneCache& operator=(const SceneCache&) = delete;
@@ -37,6 +38,8 @@ class SceneCache final : private ChangeListener {
 
   AcDbDatabase& database_;
   AcDbImpDatabase& imp_;
+  AcDbStub& space_;
+  render::SceneOptions options_;
   std::vector<Batch> batches_;
   std::vector<Part> lists_;
   std::unordered_map<const AcDbStub*, std::size_t> batchOf_;

@@ -26,19 +26,34 @@ render::Colour contrast(const QColor& ground) {
   return ground.lightness() < 128 ? render::Colour{255, 255, 255} : render::Colour{0, 0, 0};
 }
 
-// Whether so many primitives are visible that smoothing each line would take seconds.
-bool isCrowded(const std::vector<Part>& parts, const render::PaintOptions& options) {
+bool isWhole(const PlacedPart& part) { return !part.window; }
+
+// Whether so many primitives are visible that smoothing each line would take seconds. Windows are always smoothed: lines
+// that are drawn straight into the picture aren't cut at them.
+bool isCrowded(const std::vector<PlacedPart>& parts, const render::PaintOptions& options) {
+  if (!std::ranges::all_of(parts, isWhole)) return false;
   std::size_t seen = 0;
-  for (const Part& part : parts)
-    for (const render::Primitive& item : part->items()) {
+  for (const PlacedPart& part : parts)
+    for (const render::Primitive& item : part.list->items()) {
       if (!item.box.empty() && !item.box.mapped(options.toSurface).meets(options.clip)) continue;
       if (++seen > kCrowd) return true;
     }
   return false;
 }
 
+// The options for a part where it stands.
+render::PaintOptions placed(const render::PaintOptions& options, const PlacedPart& part) {
+  render::PaintOptions own = options;
+  own.toSurface = options.toSurface * part.place;
+  if (!part.window) return own;
+  const render::Box window = part.window->mapped(options.toSurface), &clip = options.clip;
+  own.clip = {std::max(clip.xMin, window.xMin), std::max(clip.yMin, window.yMin), std::min(clip.xMax, window.xMax),
+              std::min(clip.yMax, window.yMax)};
+  return own;
+}
+
 // The rows of a picture from `first` on, as many as `options.clip` is high.
-void paintBand(unsigned char* picture, int stride, int first, const std::vector<Part>& parts,
+void paintBand(unsigned char* picture, int stride, int first, const std::vector<PlacedPart>& parts,
                render::PaintOptions options, bool crowded, const std::atomic<bool>& stop) {
   const int width = static_cast<int>(options.clip.xMax), height = static_cast<int>(options.clip.yMax);
   unsigned char* const pixels = picture + static_cast<std::ptrdiff_t>(first) * stride;
@@ -49,11 +64,11 @@ void paintBand(unsigned char* picture, int stride, int first, const std::vector<
   render::PictureCanvas canvas(pixels, width, height, stride);
   if (crowded) {
     options.hairlines = &hairlines;
-    for (std::size_t i = parts.size(); i > 0 && !stop; --i) canvas.paint(*parts[i - 1], options);
+    for (std::size_t i = parts.size(); i > 0 && !stop; --i) canvas.paint(*parts[i - 1].list, options);
     canvas.ground(options.background);
   } else {
     canvas.ground(options.background);
-    for (std::size_t i = 0; i < parts.size() && !stop; ++i) canvas.paint(*parts[i], options);
+    for (std::size_t i = 0; i < parts.size() && !stop; ++i) canvas.paint(*parts[i].list, placed(options, parts[i]));
   }
 }
 

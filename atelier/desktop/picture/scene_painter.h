@@ -8,13 +8,13 @@
 #include <memory>
 #include <optional>
 
-#include "atelier/desktop/picture/scene_cache.h"
+#include "atelier/desktop/picture/space_scene.h"
 #include "atelier/desktop/picture/viewport.h"
 
 namespace atelier::desktop {
 
 struct PaintRequest {
-  std::vector<Part> parts;
+  std::vector<PlacedPart> parts;
   Viewport viewport;
   double ratio = 1;  // device pixels in a pixel
   QColor background;

@@ -26,10 +26,10 @@ Part inColour(const render::DisplayList& list, const QColor& colour) {
     std::visit(
         [&all](auto& part) {
           if constexpr (requires { part.pen; }) part.pen.colour = all;
-          else part.colour = all;
+          else if constexpr (requires { part.colour; }) part.colour = all;
         },
         shape);
-    out->add(item.source, std::move(shape));
+    out->add(*render::primitive(item.source, std::move(shape), item.clip));
   }
   return out;
 }
@@ -63,6 +63,7 @@ void DrawingView::setGround(const QColor& colour) {
 
 void DrawingView::refresh() {
   drawing_.scene().refresh();
+  followSpace();
   // A command may have used the selection, a program may have set another one.
   selection_.clear();
   if (const auto& first = drawing_.document().firstSelection)
@@ -76,7 +77,21 @@ void DrawingView::refresh() {
   askPicture();
 }
 
+// After a change to another space: it is shown as it was left, or whole.
+void DrawingView::followSpace() {
+  AcDbStub* const now = drawing_.document().database().currentSpaceId();
+  if (now == space_) return;
+  AcDbStub* const before = std::exchange(space_, now);
+  if (!before) return;
+  View& view = drawing_.document().view();
+  views_[before] = view;
+  if (const auto left = views_.find(now); left != views_.end()) view = left->second;
+  else zoomExtents();
+}
+
 void DrawingView::startAnew() {
+  space_ = nullptr;
+  views_.clear();
   windowStart_.reset();
   snap_.reset();
   refresh();
@@ -84,9 +99,9 @@ void DrawingView::startAnew() {
 }
 
 void DrawingView::askPicture() {
-  std::vector<Part> parts = drawing_.scene().parts();
+  std::vector<PlacedPart> parts = drawing_.scene().parts();
   for (const Part& many : {manySelected_, manyHighlighted_})
-    if (many) parts.push_back(many);
+    if (many) parts.push_back({many});
   painter_.request({std::move(parts), viewport(), devicePixelRatioF(), ground_});
   update();
 }

@@ -3,6 +3,7 @@
 #pragma once
 #include <QTimer>
 #include <QWidget>
+#include <map>
 #include <optional>
 
 #include "atelier/desktop/document/drawing.h"
@@ -70,6 +71,7 @@ class DrawingView : public QWidget {
   };
   void askPicture();
   void settleView();
+  void followSpace();
   void hover();
   bool takesEntities() const;
   void lookAt(QPointF pixel);
@@ -88,6 +90,8 @@ class DrawingView : public QWidget {
   void drawCursor(class ViewMarks& marks);
 
   Drawing& drawing_;
+  AcDbStub* space_ = nullptr;        // that is shown
+  std::map<AcDbStub*, View> views_;  // of the other spaces, as they were left
   ScenePainter painter_;
   Picture picture_;
   QColor ground_;

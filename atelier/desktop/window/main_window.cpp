@@ -27,7 +27,7 @@ MainWindow::MainWindow() {
   tabs_ = new QTabWidget(this);
   tabs_->setTabsClosable(true);
   tabs_->setDocumentMode(true);
-  setCentralWidget(tabs_);
+  setCentralWidget(buildLayouts());
   buildPanels();
   buildMenus();
   connect(tabs_, &QTabWidget::currentChanged, this, [this] { showTab(); });
@@ -76,6 +76,7 @@ void MainWindow::wire(Tab& tab) {
     if (&tab != front()) return;
     commands_->showPrompt(tab.drawing->prompt());
     tabs_->tabBar()->setEnabled(!tab.drawing->isRunning());
+    layouts_->setEnabled(!tab.drawing->isRunning());
     showModes();
     if (!tab.drawing->prompt()) return;
     tab.view->refresh();
@@ -101,6 +102,7 @@ void MainWindow::showTab() {
   properties_->show(tab ? tab->drawing.get() : nullptr, tab ? tab->view->selection() : std::vector<AcDbStub*>());
   currentProfile_->clear();
   layers_->refresh(nullptr);
+  showLayouts();
   if (!tab) return setWindowTitle(QStringLiteral("Kavel"));
   tab->drawing->document().makeCurrent();
   if (!tab->drawing->isRunning()) atelier::desktop::ask(tab->drawing->document(), "(plv-reprendre-courant)");
@@ -124,6 +126,7 @@ void MainWindow::afterCommand(Tab& tab) {
   if (&tab != front()) return;
   commands_->showPrompt(nullptr);
   tabs_->tabBar()->setEnabled(true);
+  showLayouts();
   showTitle(tab);
   showModes();
   profiles_->refresh(tab.drawing.get());
@@ -148,6 +151,7 @@ void MainWindow::afterReplacement(Tab& tab) {
   else remember(QString::fromStdString(d.document().path()));
   atelier::desktop::ask(d.document(), "(progn (plv-bureau-oublier) (plv-reprendre-courant))");
   tab.view->startAnew();
+  showLayouts();
   showTitle(tab);
 }
 
@@ -174,7 +178,7 @@ void MainWindow::carryOut(const QStringList& lines) {
 
 void MainWindow::selectAll() {
   Tab* const tab = front();
-  AcDbStub* const space = tab ? tab->drawing->document().imp().modelSpace() : nullptr;
+  AcDbStub* const space = tab ? tab->drawing->document().database().currentSpaceId() : AcDbObjectId();
   if (!space || !space->children) return;
   std::vector<AcDbStub*> all;
   for (AcDbStub* stub : *space->children)

@@ -37,6 +37,7 @@ class MainWindow : public QMainWindow {
   CommandLine& commandLine() { return *commands_; }
   WindowDialogs& dialogs() { return dialogs_; }
   QTabWidget& tabs() { return *tabs_; }
+  QTabBar& layouts() { return *layouts_; }
   ProfilesPanel& profiles() { return *profiles_; }
   PropertiesPanel& properties() { return *properties_; }
   LayersPanel& layers() { return *layers_; }
@@ -68,6 +69,9 @@ class MainWindow : public QMainWindow {
     QString suggestedName() const { return origin.isEmpty() ? drawing->untitled : origin; }
   };
   void buildPanels();
+  QWidget* buildLayouts();
+  void showLayouts();
+  void chooseLayout(int index);
   void buildMenus();
   void buildRecent(QMenu& menu);
   Tab* tabOf(const QString& path) const;
@@ -126,6 +130,7 @@ class MainWindow : public QMainWindow {
   void recover();
 
   QTabWidget* tabs_;
+  QTabBar* layouts_;  // of the drawing in front: the model space, then its sheets
   CommandLine* commands_;
   ProfilesPanel* profiles_;
   PropertiesPanel* properties_;

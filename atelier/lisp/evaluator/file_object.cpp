@@ -89,31 +89,6 @@ void failWriting(Interpreter& in, const std::string& path, const std::string& re
   if (!reason.empty()) in.fail(path + ": écriture interrompue: " + reason);
 }
 
-std::optional<std::string> pathInAnyCase(const std::string& path) {
-  namespace fs = std::filesystem;
-  std::error_code error;
-  if (path.empty()) return std::nullopt;
-  if (fs::exists(path, error)) return path;
-  fs::path found;
-  for (const fs::path& part : fs::path(path)) {
-    const fs::path exact = found / part;
-    if (part == "/" || fs::exists(exact, error)) {
-      found = exact;
-      continue;
-    }
-    const fs::path folder = found.empty() ? fs::path(".") : found;
-    std::string name;
-    for (const auto& entry : fs::directory_iterator(folder, fs::directory_options::skip_permission_denied, error)) {
-      const std::string candidate = entry.path().filename().string();
-      // The first by name, so that the same one is found each time.
-      if (equalNoCase(candidate, part.string()) && (name.empty() || candidate < name)) name = candidate;
-    }
-    if (name.empty()) return std::nullopt;
-    found /= name;
-  }
-  return found.string();
-}
-
 FileObject& fileArgument(Interpreter& in, Value value, bool reading) {
   if (!value.isFile()) in.failType("FILE", value);
   FileObject& file = *static_cast<FileObject*>(value.selection().get());

@@ -41,9 +41,6 @@ void failWriting(Interpreter& in, const std::string& path, const std::string& re
 std::optional<std::string> readWholeFile(const std::string& path);
 // The path with the system's separators: programs use either slash.
 std::string nativePath(std::string_view path);
-// The path of an existing file or folder: as given, or else the one whose names differ by capitals only, since programs come
-// from systems that don't tell them apart. Nothing when there is none.
-std::optional<std::string> pathInAnyCase(const std::string& path);
 // The open file of an argument; an AutoLISP error for any other value.
 FileObject& fileArgument(Interpreter& in, Value value, bool reading);
 

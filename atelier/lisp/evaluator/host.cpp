@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <iostream>
 
+#include "atelier/base/files.h"
 #include "atelier/lisp/evaluator/file_object.h"
 
 namespace atelier::lisp {

@@ -1,4 +1,5 @@
 // Opening, closing and reading files; findfile and load.
+#include "atelier/base/files.h"
 #include "atelier/lisp/evaluator/arguments.h"
 #include "atelier/lisp/evaluator/file_object.h"
 #include "atelier/lisp/evaluator/printer.h"

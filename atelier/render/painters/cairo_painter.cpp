@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "atelier/render/painters/cairo_picture.h"
 #include "atelier/render/painters/cairo_text.h"
 #include "atelier/render/shapes/clip_path.h"
 #include "atelier/render/shapes/plot_error.h"
@@ -45,7 +46,14 @@ class Painting::Painter {
       if (options_.tiny && std::max(seen.width(), seen.height()) < 1 && !options_.tiny->mark({seen.xMin, seen.yMin}))
         return;
     }
+    useClip(primitive.clip);
     std::visit(*this, primitive.shape);
+  }
+
+  // Before the context is given back.
+  void finish() {
+    flush();
+    useClip(nullptr);
   }
 
   std::size_t painted() const { return painted_; }  // paths and texts
@@ -67,7 +75,19 @@ class Painting::Painter {
       strokePath(stroke.path.mapped(options_.toSurface), stroke.pen);
   }
 
-  void operator()(const Fill& fill) { fillPath(fill.path.mapped(options_.toSurface), fill.colour, fill.evenOdd); }
+  void operator()(const Fill& fill) {
+    if (fill.gradient) return fillGradient(fill);
+    fillPath(fill.path.mapped(options_.toSurface), fill.colour, fill.evenOdd);
+  }
+
+  void operator()(const Raster& raster) {
+    flush();
+    ++painted_;
+    cairo_save(cr_);
+    clipTo(raster.shown);
+    paintPixels(cr_, raster, options_.toSurface * raster.map);
+    cairo_restore(cr_);
+  }
 
   void operator()(const GlyphRun& run) {
     const Affine map = options_.toSurface * run.map;
@@ -121,6 +141,7 @@ class Painting::Painter {
   Path waiting_;  // strokes alike, surface units
   Pen waitingPen_;
   std::size_t painted_ = 0;
+  std::shared_ptr<const Clip> clip_;  // in force
 
   double width(const Pen& pen) const { return std::max(pen.weightMm * options_.unitsPerMm, options_.thinnest); }
 
@@ -188,7 +209,7 @@ class Painting::Painter {
 
   bool hair(const Path& path, const Affine& map, const Pen& pen) {
     const Colour colour = resolved(pen.colour);
-    if (!options_.hairlines || pen.dashes || colour.alpha != 255 ||
+    if (!options_.hairlines || clip_ || pen.dashes || colour.alpha != 255 ||
         width(pen) > kThickestHair * std::max(1.0, options_.thinnest))
       return false;
     cairo_surface_t* const surface = cairo_get_target(cr_);
@@ -213,6 +234,42 @@ class Painting::Painter {
     flush();
     ++painted_;
     source(colour);
+    fillTraced(path, evenOdd);
+  }
+
+  void fillGradient(const Fill& fill) {
+    const Gradient& gradient = *fill.gradient;
+    flush();
+    ++painted_;
+    const Pt from = options_.toSurface(gradient.from), to = options_.toSurface(gradient.to);
+    cairo_pattern_t* const pattern = cairo_pattern_create_linear(from.x, from.y, to.x, to.y);
+    for (const Gradient::Stop& stop : gradient.stops) {
+      const Colour c = resolved(stop.colour);
+      cairo_pattern_add_color_stop_rgba(pattern, stop.at, c.r / 255.0, c.g / 255.0, c.b / 255.0, c.alpha / 255.0);
+    }
+    cairo_set_source(cr_, pattern);
+    cairo_pattern_destroy(pattern);
+    fillTraced(fill.path.mapped(options_.toSurface), fill.evenOdd);
+  }
+
+  // Primitives alike follow one another: a boundary is set once for all of them.
+  void useClip(const std::shared_ptr<const Clip>& clip) {
+    if (clip == clip_) return;
+    flush();
+    if (clip_) cairo_restore(cr_);
+    clip_ = clip;
+    if (!clip_) return;
+    cairo_save(cr_);
+    for (const Clip* area = clip_.get(); area; area = area->outer.get()) clipTo(area->area);
+  }
+
+  void clipTo(const Path& area) {
+    cairo_set_fill_rule(cr_, CAIRO_FILL_RULE_EVEN_ODD);
+    trace(clipFill(area.mapped(options_.toSurface), guard_, 0.05));
+    cairo_clip(cr_);
+  }
+
+  void fillTraced(const Path& path, bool evenOdd) {
     cairo_set_fill_rule(cr_, evenOdd ? CAIRO_FILL_RULE_EVEN_ODD : CAIRO_FILL_RULE_WINDING);
     trace(within(path.bounds(), guard_) ? path : clipFill(path, guard_, 0.05));
     cairo_fill(cr_);
@@ -235,7 +292,7 @@ Painting::Painting(cairo_t* context, const PaintOptions& options) : context_(con
 }
 
 Painting::~Painting() {
-  if (painter_) painter_->flush();
+  if (painter_) painter_->finish();
   cairo_restore(context_);
 }
 
@@ -255,44 +312,6 @@ void paint(cairo_t* context, const DisplayList& list, const PaintOptions& option
     for (auto item = list.items().rbegin(); item != list.items().rend(); ++item) painting.item(*item);
   else
     for (const Primitive& item : list.items()) painting.item(item);
-}
-
-PictureCanvas::PictureCanvas(unsigned char* pixels, int width, int height, int stride)
-    : surface_(cairo_image_surface_create_for_data(pixels, CAIRO_FORMAT_ARGB32, width, height, stride)),
-      context_(cairo_create(surface_)) {
-  if (const auto status = cairo_status(context_); status != CAIRO_STATUS_SUCCESS) {
-    cairo_destroy(context_);
-    cairo_surface_destroy(surface_);
-    throw PlotError(std::string("image impossible : ") + cairo_status_to_string(status));
-  }
-  cairo_set_operator(context_, CAIRO_OPERATOR_CLEAR);
-  cairo_paint(context_);
-  cairo_set_operator(context_, CAIRO_OPERATOR_OVER);
-}
-
-PictureCanvas::~PictureCanvas() {
-  cairo_surface_flush(surface_);
-  cairo_destroy(context_);
-  cairo_surface_destroy(surface_);
-}
-
-void PictureCanvas::ground(const Colour& colour) {
-  cairo_set_operator(context_, CAIRO_OPERATOR_DEST_OVER);
-  cairo_set_source_rgb(context_, colour.r / 255.0, colour.g / 255.0, colour.b / 255.0);
-  cairo_paint(context_);
-  cairo_set_operator(context_, CAIRO_OPERATOR_OVER);
-}
-
-void PictureCanvas::paint(const DisplayList& list, const PaintOptions& options) {
-  render::paint(context_, list, options);
-}
-
-void paintPicture(unsigned char* pixels, int width, int height, int stride, const DisplayList& list,
-                  PaintOptions options) {
-  PictureCanvas canvas(pixels, width, height, stride);
-  canvas.ground(options.background);
-  if (options.clip.empty()) options.clip = {0, 0, static_cast<double>(width), static_cast<double>(height)};
-  canvas.paint(list, options);
 }
 
 }  // namespace atelier::render

@@ -1,9 +1,10 @@
-// Block references with their arrays and attributes, tables, and dimensions through their blocks.
+// Block references with their arrays and attributes, tables, and what is shown by parts.
 // A reference gives its contents their place, the "by block" properties, and its layer to those on layer 0.
 #include <algorithm>
 #include <cmath>
 
-#include "atelier/database/dimensions/dimension_parts.h"
+#include "atelier/database/entities/block_clip.h"
+#include "atelier/database/pictures/pictures.h"
 #include "atelier/render/scene/scene_builder.h"
 
 namespace atelier::render {
@@ -28,6 +29,7 @@ Placement within(SceneBuilder& scene, const Entity& e) {
   inside.scale = e.at.scale;
   inside.source = e.source();
   inside.depth = e.at.depth + 1;
+  inside.clip = e.at.clip;
   return inside;
 }
 
@@ -41,6 +43,19 @@ double rotationOf(const Groups& g) {
 double scaleOf(const Groups& g, int code) {
   const double scale = g.text(0) == "ACAD_TABLE" ? 1 : g.real(code, 1);
   return scale == 0 ? 1 : scale;
+}
+
+// The boundary of a clipped reference where its contents stand, within those around it.
+std::shared_ptr<const Clip> clipOf(const std::vector<AcGePoint3d>& corners, const AcGeMatrix3d& toWorld,
+                                   const std::shared_ptr<const Clip>& outer) {
+  if (corners.empty()) return outer;
+  Path area;
+  for (const AcGePoint3d& corner : corners) {
+    const AcGePoint3d p = toWorld * corner;
+    area.lineTo({p.x, p.y});
+  }
+  area.close();
+  return std::make_shared<const Clip>(Clip{std::move(area), outer});
 }
 
 void drawArray(SceneBuilder& scene, const Entity& e, AcDbStub& block) {
@@ -59,10 +74,12 @@ void drawArray(SceneBuilder& scene, const Entity& e, AcDbStub& block) {
   const AcGeMatrix3d content = scaling * AcGeMatrix3d::translation(-base.asVector());
   Placement inside = within(scene, e);
   inside.scale *= std::sqrt(std::abs(sx * sy));
+  const std::vector<AcGePoint3d> clip = array ? blockClip(scene.database(), e.record) : std::vector<AcGePoint3d>();
   for (std::int64_t row = 0; row < rows && !scene.full(); ++row)
     for (std::int64_t column = 0; column < columns && !scene.full(); ++column) {
       const AcGeVector3d step(static_cast<double>(column) * g.real(44), static_cast<double>(row) * g.real(45), 0);
       inside.toWorld = turned * AcGeMatrix3d::translation(step) * content;
+      inside.clip = clipOf(clip, inside.toWorld, e.at.clip);
       scene.block(block, inside);
     }
 }
@@ -77,14 +94,11 @@ void drawInsert(SceneBuilder& scene, const Entity& e) {
   for (AcDbStub* attribute : scene.children(e.stub)) scene.entity(*attribute, beside);
 }
 
-// The block of a dimension is drawn in world coordinates. Some programs leave the blocks out; the dimension is then drawn
-// from its points and its style.
-void drawDimension(SceneBuilder& scene, const Entity& e) {
+void drawParts(SceneBuilder& scene, const Entity& e) {
   const Placement inside = within(scene, e);
-  if (AcDbStub* block = blockOf(scene, e)) return scene.block(*block, inside);
-  const std::vector<Record> parts = dimensionParts(scene.database(), e.record);
-  if (parts.empty()) return scene.cannotShow("cote sans bloc de représentation");
-  for (const Record& part : parts) scene.part(e.stub, part, inside);
+  const std::string missing =
+      eachPart(scene.database(), e.record, [&](const Record& part) { scene.part(e.stub, part, inside); });
+  if (!missing.empty()) scene.leaveOut(std::string(e.record.type()) + " (" + missing + ")");
 }
 
 }  // namespace atelier::render

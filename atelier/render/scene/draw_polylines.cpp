@@ -1,4 +1,4 @@
-// Polylines, lightweight and with vertex entities: widths, bulges, curve fits, meshes; and leaders.
+// Polylines, lightweight and with vertex entities: widths, bulges, curve fits, meshes.
 // A line type starts again at each vertex unless the polyline's flag 128 says that it continues.
 #include <algorithm>
 #include <cmath>
@@ -48,8 +48,9 @@ void planePolyline(SceneBuilder& scene, const Entity& e, const std::vector<PolyV
   const std::int64_t flags = e.groups.integer(70);
   const bool closed = (flags & PolylineFlags::kClosed) != 0;
   const Affine map = e.plane(elevation);
-  const bool wide = isWide(vertices, closed) && scene.database().header.integer("$FILLMODE", 1) != 0;
-  if (wide) scene.fill(e, wideArea(vertices, closed).mapped(map), false);
+  const bool wide = isWide(vertices, closed), filled = scene.database().header.integer("$FILLMODE", 1) != 0;
+  if (wide && filled) scene.fill(e, wideArea(vertices, closed).mapped(map), false);
+  else if (wide) scene.stroke(e, wideArea(vertices, closed).mapped(map));
   const auto thin = [](const PolyVertex& v) { return v.startWidth <= 0 && v.endWidth <= 0; };
   if (wide && std::ranges::none_of(vertices, thin)) return;
 
@@ -140,28 +141,6 @@ void drawPolyline(SceneBuilder& scene, const Entity& e) {
   if (flags & PolylineFlags::kMesh) return drawMesh(scene, e);
   if (flags & PolylineFlags::kPolyface) return drawPolyface(scene, e);
   planePolyline(scene, e, heavyVertices(scene, e), e.groups.point(10).z);
-}
-
-void drawLeader(SceneBuilder& scene, const Entity& e) {
-  std::vector<Pt> points;
-  for (const AcGePoint3d& p : e.groups.points(10)) points.push_back(e.world(p));
-  if (points.size() < 2) return;
-  Path path;
-  for (const Pt p : points) path.lineTo(p);
-  scene.stroke(e, std::move(path));
-  const Pt along = points[1] - points[0];
-  const double length = std::hypot(along.x, along.y);
-  if (e.groups.integer(71, 1) == 0 || length == 0) return;
-  // The size of the arrow head is set by the drawing's dimension variables; it is a third as wide as long.
-  const HeaderVariables& header = scene.database().header;
-  const double size = std::fmin(header.real("$DIMASZ", 0.18) * header.real("$DIMSCALE", 1), length / 2) / length;
-  const Pt across{-along.y, along.x};
-  Path arrow;
-  arrow.moveTo(points[0]);
-  arrow.lineTo(points[0] + (size * along + size / 6 * across));
-  arrow.lineTo(points[0] + (size * along - size / 6 * across));
-  arrow.close();
-  scene.fill(e, std::move(arrow), true);
 }
 
 }  // namespace atelier::render

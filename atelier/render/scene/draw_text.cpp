@@ -3,6 +3,7 @@
 // program that wrote the file.
 #include <cmath>
 
+#include "atelier/database/entities/text_measure.h"
 #include "atelier/database/records/flags.h"
 #include "atelier/fonts/mtext.h"
 #include "atelier/render/scene/colours.h"
@@ -147,7 +148,8 @@ void drawMText(SceneBuilder& scene, const Entity& e) {
   for (const Group* group : e.groups.all())
     if (group->code() == 3) contents += group->text();
   contents += e.groups.text(1);
-  const fonts::MTextStyle style = mtextStyle(scene, e.groups);
+  fonts::MTextStyle style = mtextStyle(scene, e.groups);
+  style.columns = columnsOf(e.record);
   const fonts::MTextLayout layout = fonts::layoutMText(contents, style);
   const Affine frame = mtextFrame(e);
   drawMask(scene, e, layout, style.format.height, frame);

@@ -8,6 +8,7 @@
 #include "atelier/database/entities/hatch_loops.h"
 #include "atelier/database/entities/hatch_pattern.h"
 #include "atelier/geometry/bspline.h"
+#include "atelier/render/scene/colours.h"
 #include "atelier/render/shapes/tessellate.h"
 #include "hote/dbents.h"
 
@@ -16,7 +17,8 @@ namespace atelier::render {
 namespace {
 
 constexpr double kDegree = std::numbers::pi / 180;
-constexpr int kGradient = 450, kGradientColours = 453, kGradientIndex = 63, kGradientTrue = 421;
+constexpr int kGradient = 450, kGradientColours = 453, kGradientTurn = 460, kGradientPlace = 463, kGradientName = 470,
+              kGradientIndex = 63, kGradientTrue = 421;
 
 Pt pointOf(const AcGePoint2d& p) { return {p.x, p.y}; }
 Pt pointOf(const AcGeVector2d& v) { return {v.x, v.y}; }
@@ -67,14 +69,21 @@ Path boundaryOf(const Groups& groups) {
   return boundary;
 }
 
-// The first colour of the gradient; the true one when it has both.
-const Group* gradientColourOf(std::span<const Group* const> groups) {
-  const auto code = [](int wanted) { return [wanted](const Group* group) { return group->code() == wanted; }; };
-  const auto colours = std::ranges::find_if(groups, code(kGradientColours));
-  const auto exact = std::find_if(colours, groups.end(), code(kGradientTrue));
-  if (exact != groups.end()) return *exact;
-  const auto index = std::find_if(colours, groups.end(), code(kGradientIndex));
-  return index != groups.end() ? *index : nullptr;
+// Each colour is a place (463), an index (63) and, when it isn't of the index, a true colour (421).
+std::vector<Colour> gradientColours(std::span<const Group* const> groups) {
+  std::vector<Colour> colours;
+  auto at = std::ranges::find_if(groups, [](const Group* group) { return group->code() == kGradientColours; });
+  for (bool fresh = false; at != groups.end(); ++at) {
+    const int code = (*at)->code();
+    if (code == kGradientPlace) fresh = true;
+    if (code != kGradientIndex && code != kGradientTrue) continue;
+    const Colour colour = code == kGradientTrue ? trueColour(static_cast<std::uint32_t>((*at)->integer()))
+                                                : aciColour(static_cast<int>((*at)->integer()));
+    if (fresh || colours.empty()) colours.push_back(colour);
+    else colours.back() = colour;
+    fresh = false;
+  }
+  return colours;
 }
 
 }  // namespace
@@ -89,7 +98,8 @@ Hatch readHatch(const Groups& groups) {
       hatch.lines.push_back({line.angle * kDegree, pointOf(line.base), pointOf(line.step), line.dashes});
   if (groups.integer(kGradient) != 0 && groups.has(kGradientColours)) {
     hatch.solid = true;
-    hatch.gradientColour = gradientColourOf(groups.all());
+    hatch.gradient = {std::string(groups.text(kGradientName)), groups.real(kGradientTurn),
+                      gradientColours(groups.all())};
   }
   return hatch;
 }

@@ -16,12 +16,18 @@ struct PatternLine {
   std::vector<double> dashes;  // positive dash, negative gap, 0 dot; empty: continuous
 };
 
+struct HatchGradient {
+  std::string name;
+  double angle = 0;             // radians
+  std::vector<Colour> colours;  // empty: no gradient
+};
+
 struct Hatch {
   Path boundary;  // even-odd, in the plane of the hatch
   double elevation = 0;
-  bool solid = true;  // also gradients, shown in their first colour
+  bool solid = true;  // also gradients
   std::vector<PatternLine> lines;
-  const Group* gradientColour = nullptr;  // group 421 or 63
+  HatchGradient gradient;
 };
 
 // Reads the groups in order. Damaged loops end where they stop making sense; what came before is kept.

@@ -73,6 +73,7 @@ class OldRecords {
     end();
   }
   void operator()(const Unbounded&) {}
+  void operator()(const Raster& raster) { (*this)(Stroke{raster.shown, {}}); }
   void operator()(const Dot& dot) {
     begin("POINT");
     point(10, dot.at);

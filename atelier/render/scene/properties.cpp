@@ -26,8 +26,8 @@ void setAlpha(Colour& colour, std::int64_t transparency) {
 
 // Alternating dashes and gaps from elements of any sign: neighbours of equal sign are joined, a leading gap is moved to
 // the end.
-Pattern alternating(const std::vector<double>& elements) {
-  Pattern out;
+std::vector<double> alternating(const std::vector<double>& elements) {
+  std::vector<double> out;
   bool dash = false;  // kind of the last element of out
   double leadingGap = 0;
   for (const double e : elements) {
@@ -42,7 +42,7 @@ Pattern alternating(const std::vector<double>& elements) {
   out.back() += leadingGap;
   double gaps = 0;
   for (std::size_t i = 1; i < out.size(); i += 2) gaps += out[i];
-  return gaps > 0 ? out : Pattern{};
+  return gaps > 0 ? out : std::vector<double>{};
 }
 
 }  // namespace
@@ -114,10 +114,18 @@ Look Properties::look(const Groups& entity, const Inherited& from) {
 const Pattern* Properties::pattern(std::string_view name) {
   if (name.empty() || equalNoCase(name, "CONTINUOUS")) return nullptr;
   const auto known = patterns_.find(key(name));
-  if (known != patterns_.end()) return known->second.empty() ? nullptr : &known->second;
-  Pattern& made = patterns_[key_];
-  if (const Record* stored = record("LTYPE", name)) made = alternating(Groups(*stored).reals(49));
-  return made.empty() ? nullptr : &made;
+  Pattern& made = known != patterns_.end() ? known->second : patterns_[key_];
+  if (const Record* stored = known == patterns_.end() ? record("LTYPE", name) : nullptr) {
+    const std::vector<double> elements = Groups(*stored).reals(49);
+    made.dashes = alternating(elements);
+    for (const double element : elements) made.period += std::abs(element);
+    made.marks = readLineMarks(database_, *stored, made.absent);
+    // The dashes begin with the first one: a gap before it has gone to the end.
+    double gap = 0;
+    for (std::size_t i = 0; i < elements.size() && elements[i] < 0; ++i) gap -= elements[i];
+    for (LineMark& mark : made.marks) mark.along += mark.along < gap ? made.period - gap : -gap;
+  }
+  return made.dashes.empty() && made.marks.empty() && made.absent.empty() ? nullptr : &made;
 }
 
 const TextStyle& Properties::textStyle(std::string_view name) {
@@ -141,10 +149,10 @@ const TextStyle& Properties::textStyle(std::string_view name) {
 }
 
 Dashes Properties::dashes(const Pattern* pattern, double scale) {
-  if (!pattern || !(scale > 0) || !std::isfinite(scale)) return nullptr;
+  if (!pattern || pattern->dashes.empty() || !(scale > 0) || !std::isfinite(scale)) return nullptr;
   Dashes& made = dashes_[{pattern, scale}];
   if (!made) {
-    std::vector<double> lengths(*pattern);
+    std::vector<double> lengths(pattern->dashes);
     for (double& length : lengths) length *= scale;
     made = std::make_shared<const std::vector<double>>(std::move(lengths));
   }

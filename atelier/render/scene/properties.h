@@ -8,13 +8,19 @@
 
 #include "atelier/database/objects/imp_database.h"
 #include "atelier/database/records/groups.h"
+#include "atelier/render/scene/line_marks.h"
 #include "atelier/render/scene/scene.h"
 #include "atelier/render/shapes/primitives.h"
 
 namespace atelier::render {
 
-// Lengths in drawing units at line type scale 1, dash first; empty: continuous.
-using Pattern = std::vector<double>;
+// Lengths in drawing units at line type scale 1.
+struct Pattern {
+  std::vector<double> dashes;  // dash first; empty: continuous
+  std::vector<LineMark> marks;
+  double period = 0;   // of the marks
+  std::string absent;  // the file of shapes that isn't there
+};
 
 struct Layer {
   Colour colour = kForeground;

@@ -6,6 +6,8 @@
 #include <cmath>
 
 #include "atelier/base/interruption.h"
+#include "atelier/database/objects/draw_order.h"
+#include "atelier/database/pictures/pictures.h"
 #include "atelier/render/scene/scene_builder.h"
 #include "atelier/render/shapes/plot_error.h"
 
@@ -18,31 +20,18 @@ struct Kind {
   DrawFunction draw;
 };
 constexpr Kind kKinds[] = {
-    {"LINE", drawLine},
-    {"CIRCLE", drawCircle},
-    {"ARC", drawArc},
-    {"ELLIPSE", drawEllipse},
-    {"SPLINE", drawSpline},
-    {"POINT", drawPoint},
-    {"XLINE", drawUnbounded},
-    {"RAY", drawUnbounded},
-    {"SOLID", drawSolid},
-    {"TRACE", drawSolid},
-    {"3DFACE", drawFace},
-    {"LWPOLYLINE", drawLwPolyline},
-    {"POLYLINE", drawPolyline},
-    {"LEADER", drawLeader},
-    {"TEXT", drawText},
-    {"ATTRIB", drawAttribute},
-    {"ATTDEF", drawAttributeDefinition},
-    {"MTEXT", drawMText},
-    {"INSERT", drawInsert},
-    {"ACAD_TABLE", drawInsert},
-    {"DIMENSION", drawDimension},
-    {"ARC_DIMENSION", drawDimension},
-    {"LARGE_RADIAL_DIMENSION", drawDimension},
-    {"HATCH", drawHatch},
-    {"VIEWPORT", drawViewport},
+    {"LINE", drawLine},         {"CIRCLE", drawCircle},
+    {"ARC", drawArc},           {"ELLIPSE", drawEllipse},
+    {"SPLINE", drawSpline},     {"POINT", drawPoint},
+    {"XLINE", drawUnbounded},   {"RAY", drawUnbounded},
+    {"SOLID", drawSolid},       {"TRACE", drawSolid},
+    {"3DFACE", drawFace},       {"LWPOLYLINE", drawLwPolyline},
+    {"POLYLINE", drawPolyline}, {"TEXT", drawText},
+    {"ATTRIB", drawAttribute},  {"ATTDEF", drawAttributeDefinition},
+    {"MTEXT", drawMText},       {"INSERT", drawInsert},
+    {"ACAD_TABLE", drawInsert}, {"HATCH", drawHatch},
+    {"VIEWPORT", drawViewport}, {"WIPEOUT", drawWipeout},
+    {"IMAGE", drawImage},
 };
 // Types without anything to draw in the model space.
 constexpr std::string_view kInvisible[] = {"SEQEND", "VERTEX", "LIGHT", "SUN"};
@@ -54,9 +43,10 @@ constexpr std::size_t kUnfolding = 50, kLeastPrimitives = 200'000;
 // Of a plot, which is whole or an error: more than any drawing that WholeScene lets pass comes to.
 constexpr std::size_t kMostWalked = 50'000'000;
 
-void walk(SceneBuilder& builder, std::span<AcDbStub* const> entities, double patternScale) {
+void walk(SceneBuilder& builder, std::span<AcDbStub* const> entities, const SceneOptions& options) {
   Placement all;
-  all.scale = patternScale;
+  all.scale = options.patternScale;
+  all.clip = options.clip;
   try {
     for (AcDbStub* stub : entities) builder.entity(*stub, all);
   } catch (const fonts::FontError& error) {
@@ -64,14 +54,33 @@ void walk(SceneBuilder& builder, std::span<AcDbStub* const> entities, double pat
   }
 }
 
-std::span<AcDbStub* const> entitiesOf(const AcDbDatabase& database, const SceneOptions& options) {
-  const AcDbStub* space = options.space ? options.space : AcDbImpDatabase::of(&database).modelSpace();
-  return space && space->children ? std::span<AcDbStub* const>(*space->children) : std::span<AcDbStub* const>();
+// Null for a type that isn't drawn.
+DrawFunction drawFunction(std::string_view type) {
+  const auto kind = std::ranges::find(kKinds, type, &Kind::type);
+  if (kind != std::end(kKinds)) return kind->draw;
+  return hasParts(type) ? drawParts : nullptr;
+}
+
+// One sentence for all: "non représentés : 12 ACAD_PROXY_ENTITY, 3 BODY".
+std::string leftOutSentence(const std::map<std::string, std::size_t>& counts) {
+  std::string list;
+  for (const auto& [type, count] : counts) list += (list.empty() ? "" : ", ") + std::to_string(count) + " " + type;
+  return "objets non représentés, ou en partie : " + list;
+}
+
+std::vector<AcDbStub*> entitiesOf(const AcDbDatabase& database, const SceneOptions& options) {
+  AcDbImpDatabase& imp = AcDbImpDatabase::of(&database);
+  AcDbStub* space = options.space ? options.space : imp.modelSpace();
+  return space ? inDrawOrder(imp, *space) : std::vector<AcDbStub*>();
 }
 
 }  // namespace
 
 std::uint64_t Entity::source() const { return at.source ? at.source : stub.handle; }
+
+bool isDrawn(std::string_view type) {
+  return drawFunction(type) || std::ranges::find(kInvisible, type) != std::end(kInvisible);
+}
 
 Affine Entity::plane(double elevation) const {
   const AcGeVector3d normal = groups.normal();
@@ -122,15 +131,14 @@ void SceneBuilder::part(AcDbStub& owner, const Record& record, const Placement& 
 
 void SceneBuilder::draw(const Entity& e) {
   const std::string_view type = e.record.type();
-  const auto kind = std::ranges::find(kKinds, type, &Kind::type);
-  if (kind == std::end(kKinds)) {
-    if (std::ranges::find(kInvisible, type) == std::end(kInvisible) && !e.look.hidden)
-      cannotShow("entité de type " + std::string(type) + " non représentée");
+  const DrawFunction show = drawFunction(type);
+  if (!show) {
+    if (!isDrawn(type) && !e.look.hidden) leaveOut(type);
     return;
   }
   // A reference on a layer that is off still shows its contents on other layers.
-  const bool holds = kind->draw == drawInsert || kind->draw == drawDimension;
-  if (holds ? !e.look.frozen : !e.look.hidden) kind->draw(*this, e);
+  const bool holds = show == drawInsert || show == drawParts;
+  if (holds ? !e.look.frozen : !e.look.hidden) show(*this, e);
 }
 
 void SceneBuilder::block(AcDbStub& record, const Placement& at) {
@@ -140,7 +148,7 @@ void SceneBuilder::block(AcDbStub& record, const Placement& at) {
   // An empty block counts, too, so that billions of them come to an end.
   if (!roomLeft() || !record.children) return;
   open_.push_back(&record);
-  for (AcDbStub* stub : *record.children) {
+  for (AcDbStub* stub : inDrawOrder(database_, record)) {
     if (stopped_) break;
     entity(*stub, at);
   }
@@ -153,10 +161,13 @@ Pen SceneBuilder::pen(const Entity& e) {
 
 void SceneBuilder::add(const Entity& e, Shape shape) {
   if (e.look.hidden) return;
-  if (auto made = primitive(e.source(), std::move(shape))) ++made_, receive_(std::move(*made));
+  if (auto made = primitive(e.source(), std::move(shape), e.at.clip)) ++made_, receive_(std::move(*made));
 }
 
-void SceneBuilder::stroke(const Entity& e, Path path) { add(e, Stroke{std::move(path), pen(e)}); }
+void SceneBuilder::stroke(const Entity& e, Path path) {
+  if (e.look.pattern && !e.look.hidden) marks(e, path);
+  add(e, Stroke{std::move(path), pen(e)});
+}
 
 void SceneBuilder::fill(const Entity& e, Path path, bool evenOdd) { fill(e, std::move(path), evenOdd, e.look.colour); }
 
@@ -165,6 +176,7 @@ void SceneBuilder::fill(const Entity& e, Path path, bool evenOdd, Colour colour)
 }
 
 void SceneBuilder::cannotShow(const std::string& what) { ++unshown_[what]; }
+void SceneBuilder::leaveOut(std::string_view what) { ++leftOut_[std::string(what)]; }
 
 const fonts::Font& SceneBuilder::font(const fonts::FontStyle& style) {
   const std::string key = style.file + '|' + std::to_string(style.widthFactor) + '|' + std::to_string(style.oblique) +
@@ -175,6 +187,7 @@ const fonts::Font& SceneBuilder::font(const fonts::FontStyle& style) {
 
 std::vector<std::string> SceneBuilder::warnings() const {
   std::vector<std::string> out;
+  if (!leftOut_.empty()) out.push_back(leftOutSentence(leftOut_));
   for (const auto& [what, count] : unshown_)
     out.push_back(what + (count > 1 ? " (" + std::to_string(count) + " fois)" : ""));
   if (stopped_)
@@ -195,7 +208,7 @@ DisplayList drawScene(const AcDbDatabase& database, const SceneOptions& options)
 
 std::vector<std::string> walkScene(const AcDbDatabase& database, const SceneOptions& options, const Receiver& receive) {
   SceneBuilder builder(AcDbImpDatabase::of(&database), options, kMostWalked, receive);
-  walk(builder, entitiesOf(database, options), options.patternScale);
+  walk(builder, entitiesOf(database, options), options);
   if (builder.full()) throw PlotError("tracé impossible : plus de 50 millions d'objets graphiques");
   return builder.warnings();
 }
@@ -207,7 +220,7 @@ DisplayList drawEntities(const AcDbDatabase& database, std::span<AcDbStub* const
   const Receiver receive = [&](Primitive&& item) { list.add(std::move(item)); };
   SceneBuilder builder(AcDbImpDatabase::of(&database), options,
                        std::min(options.mostPrimitives, std::max(kLeastPrimitives, unfolded)), receive);
-  walk(builder, entities, options.patternScale);
+  walk(builder, entities, options);
   list.warnings = builder.warnings();
   return list;
 }

@@ -26,6 +26,7 @@ struct SceneOptions {
   bool hidden = false;        // what is hidden is shown, too
   AcDbStub* space = nullptr;  // the block record that is drawn; null: the model space
   std::set<std::string, std::less<>> frozen = {};  // layers that are frozen here only, in capitals
+  std::shared_ptr<const Clip> clip = {};           // an area outside which nothing is seen
   double patternScale = 1;                         // of line types, for a view of another scale
   std::function<void()> step = {};                 // called for each entity; may throw to stop
 };

@@ -17,6 +17,7 @@ struct Placement {
   double scale = 1;          // of lengths along lines, for line types
   std::uint64_t source = 0;  // the reference in the model space; 0: each entity for itself
   int depth = 0;
+  std::shared_ptr<const Clip> clip = {};
 };
 
 struct Entity {
@@ -55,6 +56,8 @@ class SceneBuilder {
 
   // Adds a warning, a French sentence; it is given once, with the number of entities.
   void cannotShow(const std::string& what);
+  // Counts an entity of which nothing, or not all, can be shown.
+  void leaveOut(std::string_view what);
 
   AcDbImpDatabase& database() { return database_; }
   Properties& properties() { return properties_; }
@@ -67,7 +70,8 @@ class SceneBuilder {
 
  private:
   void draw(const Entity& e);
-  bool roomLeft();  // counts a visit
+  void marks(const Entity& e, const Path& path);  // of the entity's line type
+  bool roomLeft();                                // counts a visit
 
   AcDbImpDatabase& database_;
   SceneOptions options_;
@@ -76,11 +80,14 @@ class SceneBuilder {
   const Receiver& receive_;
   std::size_t made_ = 0;
   std::vector<const AcDbStub*> open_;  // blocks being drawn
-  std::map<std::string, std::size_t> unshown_;
+  std::map<std::string, std::size_t> unshown_, leftOut_;
   std::map<std::string, fonts::Font, std::less<>> fonts_;
   std::size_t visits_ = 0;
   bool stopped_ = false;
 };
+
+// Whether entities of that type are drawn, or have nothing to draw.
+bool isDrawn(std::string_view type);
 
 using DrawFunction = void (*)(SceneBuilder&, const Entity&);
 
@@ -96,13 +103,14 @@ void drawSolid(SceneBuilder& scene, const Entity& e);
 void drawFace(SceneBuilder& scene, const Entity& e);
 void drawLwPolyline(SceneBuilder& scene, const Entity& e);
 void drawPolyline(SceneBuilder& scene, const Entity& e);
-void drawLeader(SceneBuilder& scene, const Entity& e);
 void drawText(SceneBuilder& scene, const Entity& e);
 void drawAttribute(SceneBuilder& scene, const Entity& e);
 void drawAttributeDefinition(SceneBuilder& scene, const Entity& e);
 void drawMText(SceneBuilder& scene, const Entity& e);
 void drawInsert(SceneBuilder& scene, const Entity& e);
-void drawDimension(SceneBuilder& scene, const Entity& e);
+void drawParts(SceneBuilder& scene, const Entity& e);
+void drawWipeout(SceneBuilder& scene, const Entity& e);
+void drawImage(SceneBuilder& scene, const Entity& e);
 void drawHatch(SceneBuilder& scene, const Entity& e);
 void drawViewport(SceneBuilder& scene, const Entity& e);
 

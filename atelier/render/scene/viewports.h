@@ -17,6 +17,7 @@ struct Viewport {
   double scale = 1;
   std::set<std::string, std::less<>> frozen;  // layers, in capitals
   bool fromAbove = true;                      // another view isn't shown
+  std::shared_ptr<const Clip> clip = {};      // of one that isn't a rectangle, in the model space
 };
 
 // Those that are on and have an extent, but for the one that is the sheet itself.

@@ -45,10 +45,36 @@ struct Stroke {
   Pen pen;
 };
 
+// Colours along a line, in drawing units; before its start and behind its end they go on.
+struct Gradient {
+  struct Stop {
+    double at;  // 0 start, 1 end
+    Colour colour;
+  };
+  Pt from, to;
+  std::vector<Stop> stops;
+};
+
 struct Fill {
   Path path;
   Colour colour = kForeground;
-  bool evenOdd = true;  // else the nonzero rule
+  bool evenOdd = true;                            // else the nonzero rule
+  std::shared_ptr<const Gradient> gradient = {};  // in the place of the colour
+};
+
+// Pixels of 32 bits, 0xAARRGGBB in the machine's byte order, colours multiplied by their alpha, row after row from the top.
+struct Picture {
+  int width = 0, height = 0;
+  std::vector<std::uint32_t> pixels;
+  std::string jpeg;  // the same picture as a JPEG file, when it comes from one: a PDF holds it as it is
+};
+
+// A picture; `map` maps pixels, from the upper left corner downwards, to drawing units.
+struct Raster {
+  std::shared_ptr<const Picture> picture;
+  Affine map;
+  Path shown;  // the area in which it is seen, even-odd
+  std::uint8_t alpha = 255;
 };
 
 // Glyphs of one line and its bars; `map` maps the line's capital heights to drawing units.
@@ -74,16 +100,24 @@ struct Dot {
   double size = 0;  // of the mark, drawing units; 0: a fixed size on paper
 };
 
-using Shape = std::variant<Stroke, Fill, GlyphRun, Unbounded, Dot>;
-Colour colourOf(const Shape& shape);
+using Shape = std::variant<Stroke, Fill, GlyphRun, Unbounded, Dot, Raster>;
+Colour colourOf(const Shape& shape);  // of a picture: some colour
+
+// An area outside which nothing is seen, and those around it.
+struct Clip {
+  Path area;  // even-odd
+  std::shared_ptr<const Clip> outer;
+  Box box() const;
+};
 
 struct Primitive {
   std::uint64_t source = 0;  // handle of the object in the drawing (for a block, of the reference)
   Box box;                   // drawing units, without line weight; empty for Unbounded
   Shape shape;
+  std::shared_ptr<const Clip> clip = {};  // null: all is seen
 };
-// With its box computed; none for a shape with nothing to draw or with a coordinate that isn't finite.
-std::optional<Primitive> primitive(std::uint64_t source, Shape shape);
+// With its box computed; none for a shape with nothing to draw, outside its clip or with a coordinate that isn't finite.
+std::optional<Primitive> primitive(std::uint64_t source, Shape shape, std::shared_ptr<const Clip> clip = {});
 
 class DisplayList {
  public:

@@ -3,15 +3,12 @@
 #include "atelier/render/sheets/layout_page.h"
 
 #include <algorithm>
-#include <deque>
 #include <filesystem>
 
 #include "atelier/base/text.h"
 #include "atelier/database/objects/layouts.h"
 #include "atelier/database/records/groups.h"
-#include "atelier/render/scene/viewports.h"
 #include "atelier/render/shapes/plot_error.h"
-#include "atelier/render/sheets/painted_page.h"
 
 namespace atelier::render {
 namespace {
@@ -51,82 +48,6 @@ Sheet sheetOf(const Record& settings) {
   return sheet;
 }
 
-// What stands in a layout, on its page.
-class LayoutPage {
- public:
-  LayoutPage(const AcDbDatabase& database, AcDbStub& space, const PlotRequest& request)
-      : database_(AcDbImpDatabase::of(&database)), space_(space) {
-    SceneOptions own = forPlot();
-    own.space = &space;
-    scenes_.emplace_back(database, own);
-    viewports_ = viewportsOf(database_, space);
-    for (const Viewport& viewport : viewports_) addView(database, viewport);
-    layOut(request);
-  }
-
-  bool empty() const { return scenes_.front().empty() && viewports_.empty(); }
-  const PaintedPage& page() const { return page_; }
-  std::vector<std::string> warnings;
-
- private:
-  void addView(const AcDbDatabase& database, const Viewport& viewport) {
-    if (!viewport.fromAbove) {
-      warnings.push_back("fenêtre de présentation qui n'est pas vue de dessus, non représentée");
-      return;
-    }
-    SceneOptions model = forPlot();
-    model.frozen = viewport.frozen;
-    // Line types are as long on paper in every viewport, unless the drawing says otherwise.
-    if (database_.header.integer("$PSLTSCALE", 1) != 0) model.patternScale = 1 / viewport.scale;
-    scenes_.emplace_back(database, model);
-    views_.push_back({&scenes_.back(), viewport.toPaper, viewport.window});
-  }
-
-  Box content() const {
-    Box all = scenes_.front().bounds();
-    for (const Viewport& viewport : viewports_) all.add(viewport.window);
-    return all;
-  }
-
-  void layOut(const PlotRequest& request) {
-    const Sheet sheet = sheetOf(settingsOf(database_, space_));
-    const bool asked = request.scale || request.paper || request.window;
-    const Box sheetMm{0, 0, sheet.widthMm, sheet.heightMm};
-    Affine toPage = sheet.toPage();
-    Box clip = sheetMm;
-    page_.widthMm = sheet.widthMm, page_.heightMm = sheet.heightMm;
-    if (asked || !sheet.known() || !content().mapped(toPage).meets(sheetMm)) {
-      PlotRequest fitted = request;
-      fitted.unitMm = sheet.perUnit;
-      const Page page = layOutPage(content(), fitted);
-      toPage = page.toPage, clip = page.clipMm;
-      page_.widthMm = page.widthMm, page_.heightMm = page.heightMm;
-      warnings.insert(warnings.end(), page.warnings.begin(), page.warnings.end());
-    }
-    for (const View& view : views_) {
-      Box window = view.window.mapped(toPage);
-      window = {std::max(window.xMin, clip.xMin), std::max(window.yMin, clip.yMin), std::min(window.xMax, clip.xMax),
-                std::min(window.yMax, clip.yMax)};
-      if (!window.empty()) page_.parts.push_back({view.scene, toPage * view.toPaper, window});
-    }
-    page_.parts.push_back({&scenes_.front(), toPage, clip});
-    for (const WholeScene& scene : scenes_)
-      warnings.insert(warnings.end(), scene.warnings().begin(), scene.warnings().end());
-  }
-
-  struct View {
-    const WholeScene* scene;
-    Affine toPaper;
-    Box window;
-  };
-  AcDbImpDatabase& database_;
-  AcDbStub& space_;
-  std::deque<WholeScene> scenes_;  // the layout itself, then the model for each viewport
-  std::vector<Viewport> viewports_;
-  std::vector<View> views_;
-  PaintedPage page_;
-};
-
 bool showsSomething(AcDbImpDatabase& database, const AcDbStub& space) {
   if (!viewportsOf(database, space).empty()) return true;
   return space.children && std::ranges::any_of(*space.children, [&](const AcDbStub* stub) {
@@ -143,19 +64,76 @@ std::string fileOf(const std::string& file, std::string layout) {
 
 }  // namespace
 
+LayoutPage::LayoutPage(const AcDbDatabase& database, AcDbStub& space, const PlotRequest& request)
+    : database_(AcDbImpDatabase::of(&database)), space_(space) {
+  SceneOptions own = forPlot();
+  own.space = &space;
+  scenes_.emplace_back(database, own);
+  viewports_ = viewportsOf(database_, space);
+  for (const Viewport& viewport : viewports_) addView(database, viewport);
+  layOut(request);
+}
+
+void LayoutPage::addView(const AcDbDatabase& database, const Viewport& viewport) {
+  if (!viewport.fromAbove) {
+    warnings.push_back("fenêtre de présentation qui n'est pas vue de dessus, non représentée");
+    return;
+  }
+  SceneOptions model = forPlot();
+  model.frozen = viewport.frozen;
+  model.clip = viewport.clip;
+  // Line types are as long on paper in every viewport, unless the drawing says otherwise.
+  if (database_.header.integer("$PSLTSCALE", 1) != 0) model.patternScale = 1 / viewport.scale;
+  scenes_.emplace_back(database, model);
+  views_.push_back({&scenes_.back(), viewport.toPaper, viewport.window});
+}
+
+Box LayoutPage::content() const {
+  Box all = scenes_.front().bounds();
+  for (const Viewport& viewport : viewports_) all.add(viewport.window);
+  return all;
+}
+
+void LayoutPage::layOut(const PlotRequest& request) {
+  const Sheet sheet = sheetOf(settingsOf(database_, space_));
+  const bool asked = request.scale || request.paper || request.window;
+  const Box sheetMm{0, 0, sheet.widthMm, sheet.heightMm};
+  Affine toPage = sheet.toPage();
+  Box clip = sheetMm;
+  page_.widthMm = sheet.widthMm, page_.heightMm = sheet.heightMm;
+  if (asked || !sheet.known() || !content().mapped(toPage).meets(sheetMm)) {
+    PlotRequest fitted = request;
+    fitted.unitMm = sheet.perUnit;
+    const Page page = layOutPage(content(), fitted);
+    toPage = page.toPage, clip = page.clipMm;
+    page_.widthMm = page.widthMm, page_.heightMm = page.heightMm;
+    warnings.insert(warnings.end(), page.warnings.begin(), page.warnings.end());
+  }
+  for (const View& view : views_) {
+    Box window = view.window.mapped(toPage);
+    window = {std::max(window.xMin, clip.xMin), std::max(window.yMin, clip.yMin), std::min(window.xMax, clip.xMax),
+              std::min(window.yMax, clip.yMax)};
+    if (!window.empty()) page_.parts.push_back({view.scene, toPage * view.toPaper, window});
+  }
+  page_.parts.push_back({&scenes_.front(), toPage, clip});
+  for (const WholeScene& scene : scenes_)
+    warnings.insert(warnings.end(), scene.warnings().begin(), scene.warnings().end());
+}
+
 std::vector<std::string> layoutsOf(const AcDbDatabase& database) {
   AcDbImpDatabase& imp = AcDbImpDatabase::of(&database);
-  std::vector<std::pair<std::int64_t, std::string>> found;
-  for (AcDbStub* block : *imp.table("BLOCK_RECORD")->children) {
-    if (block->is(AcDbStub::kErased) || block == imp.modelSpace()) continue;
-    const std::string name = layoutNameOf(*block);
-    if (!name.empty() && showsSomething(imp, *block))
-      found.emplace_back(settingsOf(imp, *block).integer(integerField("AcDbLayout", 71)), name);
-  }
-  std::ranges::stable_sort(found, {}, &std::pair<std::int64_t, std::string>::first);
   std::vector<std::string> names;
-  for (auto& [tab, name] : found) names.push_back(std::move(name));
+  for (AcDbStub* sheet : sheetsOf(imp))
+    if (showsSomething(imp, *sheet)) names.push_back(layoutNameOf(*sheet));
   return names;
+}
+
+std::optional<Box> sheetArea(AcDbImpDatabase& database, AcDbStub& space) {
+  const Sheet sheet = sheetOf(settingsOf(database, space));
+  if (!sheet.known()) return std::nullopt;
+  const double k = 1 / sheet.perUnit;
+  return Box{-k * sheet.leftMm, -k * sheet.bottomMm, k * (sheet.widthMm - sheet.leftMm),
+             k * (sheet.heightMm - sheet.bottomMm)};
 }
 
 std::vector<std::string> plotLayouts(const AcDbDatabase& database, const std::vector<std::string>& names,

@@ -94,6 +94,21 @@
 ((progn (sssetfirst nil (ssadd e)) (kinds (cadr (ssgetfirst)))) ("LINE"))
 ((kinds (ssget "I")) ("LINE"))
 
+;; A leader from 100,0 over 110,10 to 120,0: what is drawn is caught, the rest of its box isn't.
+(situation "CatchWhatIsDrawnOfLeadersAndMeshes")
+(preparer
+  (entmake '((0 . "LEADER") (100 . "AcDbEntity") (8 . "RENVOIS") (100 . "AcDbLeader") (3 . "Standard") (71 . 0) (72 . 0) (73 . 3) (74 . 0)
+             (75 . 0) (40 . 0.) (41 . 0.) (76 . 3) (10 100. 0. 0.) (10 110. 10. 0.) (10 120. 0. 0.)))
+  (setq mesh (entmakex '((0 . "POLYLINE") (8 . "FACES") (66 . 1) (70 . 16) (71 . 2) (72 . 2))))
+  (foreach p '((200. 0. 0.) (210. 0. 0.) (200. 8. 0.) (210. 8. 0.)) (entmake (list '(0 . "VERTEX") '(8 . "FACES") (cons 10 p) '(70 . 64))))
+  (entmake '((0 . "SEQEND") (8 . "FACES"))))
+((kinds (ssget '(105. 5. 0.))) ("LEADER"))
+((ssget '(110. 3. 0.)) nil)
+((kinds (ssget "C" '(114. 5. 0.) '(116. 6. 0.))) ("LEADER"))
+((kinds (ssget "W" '(99. -1. 0.) '(121. 11. 0.))) ("LEADER"))
+((kinds (ssget "W" '(199. -1. 0.) '(211. 9. 0.))) ("POLYLINE"))
+((progn (command "_ZOOM" "_E") (mapcar 'fix (getvar "EXTMAX"))) (210 10 0))
+
 ;; Blocks nested ten deep, ten references each, under an array: ten billion lines.
 (situation "EndInDrawingsThatUnfoldToBillions")
 (preparer

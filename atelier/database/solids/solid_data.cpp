@@ -1,6 +1,6 @@
 // Reads solid-model data, text and binary.
 // A pointer is the number of a record; the first record after the header has the number 0.
-#include "atelier/database/entities/solid_data.h"
+#include "atelier/database/solids/solid_data.h"
 
 #include <algorithm>
 #include <cctype>

@@ -1,0 +1,16 @@
+// Files by names that other systems wrote.
+#pragma once
+#include <optional>
+#include <string>
+
+namespace atelier {
+
+// The path of an existing file or folder: as given, or else the one whose names differ by capitals only, since programs come
+// from systems that don't tell them apart. Nothing when there is none.
+std::optional<std::string> pathInAnyCase(const std::string& path);
+
+// A file that a drawing names: as it is written, below the drawing's folder, or by its name alone beside the drawing. Names
+// may have a drive and backslashes.
+std::optional<std::string> fileBeside(const std::string& drawing, std::string name);
+
+}  // namespace atelier

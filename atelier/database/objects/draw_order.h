@@ -1,0 +1,13 @@
+// The order in which the entities of a block are drawn, which a user may change.
+// Reference: DXF reference, "SORTENTSTABLE".
+#pragma once
+#include <vector>
+
+#include "atelier/database/objects/imp_database.h"
+
+namespace atelier {
+
+// The entities of a block that are not erased, the lowest first.
+std::vector<AcDbStub*> inDrawOrder(AcDbImpDatabase& database, AcDbStub& block);
+
+}  // namespace atelier
