@@ -10,7 +10,7 @@
      plv-vraisemblance plv-terrain)
     (profil (base)
      plv-genres plv-plans plv-cadre plv-terrain-profil plv-profil plv-profils plv-appartenance plv-chaines plv-reparer
-     plv-reparer-contenu plv-habillage plv-rappels
+     plv-reparer-contenu plv-faits plv-habillage plv-rappels
      plv-elements plv-cotes-posees plv-pentes plv-statiques plv-blocs)
     (portes (base profil)
      plv-cubiques plv-formes plv-formes-coupe plv-formes-ecriture plv-portes plv-remise)
@@ -22,14 +22,14 @@
      plv-raccords plv-parties plv-trace plv-sommets plv-projet plv-associer)
     (tableaux (base profil plan)
      plv-types plv-definitions plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet
-     plv-remplissage-plan plv-devers plv-remplissage-blocs plv-matrices plv-ligne-seule)
+     plv-remplissage-plan plv-devers plv-remplissage-blocs plv-cases plv-matrices plv-ligne-seule)
     (cotes (base profil portes)
-     plv-cotes)
+     plv-cotes plv-cotes-refaire)
     (gestes (base profil portes cotes)
      plv-report plv-modifier plv-tracer plv-listes)
     (metres (base profil portes)
      plv-metres-troncons plv-metres-classes plv-metres-traces plv-metres-lots plv-metres-controle plv-metres-rapport plv-metres-titres plv-cubpl
-     plv-metres plv-legende)
+     plv-metres-sources plv-metres plv-legende)
     (optimal (base profil projet)
      plv-optimal-bande plv-optimal-rapport plv-optimal plv-optimal-couloir plv-optimal-contraintes plv-optimal-souhait
      plv-optimal-sommets plv-optimal-questions)
@@ -39,7 +39,9 @@
      plv-nouveau plv-projet-fichier plv-projet-questions)
     (feuilles (base profil tableaux metres)
      plv-encarts plv-feuilles)
-    (controle (base profil tableaux echange)
+    (suivi (base profil plan tableaux cotes metres echange feuilles)
+     plv-sources plv-choses plv-etat plv-refaire plv-actualiser)
+    (controle (base profil tableaux echange suivi)
      plv-rapport plv-audit plv-bureau plv-survol)))
 
 (foreach salle plv-salles

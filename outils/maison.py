@@ -74,7 +74,8 @@ HOUSES = {
     "etudes": {
         "base": "",
         "optimal": "base",
-        "porte": "optimal",
+        "suivi": "",
+        "porte": "optimal suivi",
     },
     "programs": {"": ""},
 }

@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "etudes/optimal/fonctions.h"
+#include "etudes/suivi/fonctions.h"
 #include "hote/aced.h"
 #include "hote/acut.h"
 #include "module/commande/arguments/argsLisp.h"
@@ -38,6 +39,12 @@ constexpr ligneFonction kTable[] = {
      L"haut) (longueur moindre) (arrondi pas-altitude pas-pente), leur nom étant une chaîne."},
     {L"et_couloir", et_couloir, L"(et_couloir profil moindre plus-grande départ arrivée [contraintes])",
      L"Le couloir où et_ligne cherche: ses limites basse et haute, deux listes de (pk altitude)."},
+    {L"et_empreinte", et_empreinte, L"(et_empreinte valeurs [origine [aspect]])",
+     L"L'empreinte d'une liste de nombres, de textes et d'entités: seize chiffres, les mêmes tant que rien ne change. "
+     L"Les "
+     L"réels comptent au millionième, les points des entités depuis l'origine; avec aspect, calques, couleurs et "
+     L"textes "
+     L"comptent aussi."},
 };
 
 void et_aide() {

@@ -50,11 +50,11 @@
   (vl-remove-if-not '(lambda (e) (and (not (plv-legende:notee-p e)) (plv-legende:a-lui-p profil e)))
     (apply 'append (mapcar 'plv-legende:references (vl-remove nil (list (plv-legende:unique profil genre) (plv-legende:nom profil genre)))))))
 
-(defun plv-legende:du-genre (profil genre) (append (plv-legende:par-leur-nom profil genre) (plv-legende:notees profil genre)))
+(defun plv-legendes-du-genre (profil genre) (append (plv-legende:par-leur-nom profil genre) (plv-legende:notees profil genre)))
 
 (defun plv-legendes-du-profil (profil)
   "The references of a profile's legends, kind after kind."
-  (apply 'append (mapcar '(lambda (genre) (plv-legende:du-genre profil genre)) (plv-genres-projet))))
+  (apply 'append (mapcar '(lambda (genre) (plv-legendes-du-genre profil genre)) (plv-genres-projet))))
 
 ;; --- rows: (colour label length surface volume), the colour nil for the total
 
@@ -136,7 +136,7 @@
   (setq origine (plv-origine profil)
         ecart (* 6.0 (plv-ttxt profil))
         largeur (* (plv-ttxt profil) (apply '+ (plv-legende:largeurs)))
-        autres (vl-remove-if '(lambda (e) (member e (plv-legende:du-genre profil genre))) (plv-legendes-du-profil profil)))
+        autres (vl-remove-if '(lambda (e) (member e (plv-legendes-du-genre profil genre))) (plv-legendes-du-profil profil)))
   (plv-point
     (+ ecart (apply 'max (cons (+ (car origine) (plv-longueur-profil profil))
                                (mapcar '(lambda (e) (+ (car (plv-origine e)) largeur)) autres))))
@@ -163,13 +163,14 @@ nil after a message."
   nom)
 
 (defun plv-legende:placer (profil genre rangees point / nom reference)
-  (plv-effacer (plv-legende:du-genre profil genre))
+  (plv-effacer (plv-legendes-du-genre profil genre))
   (setq nom (plv-legende:nom-libre profil genre))
   (entmake (list '(0 . "BLOCK") (cons 2 nom) '(70 . 0) '(10 0.0 0.0 0.0)))
   (plv-legende:dessiner (plv-legende:titre profil genre) rangees (plv-ttxt profil))
   (entmake '((0 . "ENDBLK")))
   (setq reference (plv-inserer plv-legende:calque nom point))
   (plv-ecrire-cles reference (list (list plv-legende:cle-profil profil) (list plv-legende:cle-genre genre)))
+  (plv-noter-fait profil "LEGENDE" genre nil nil)
   reference)
 
 (defun c:plv-legende (/ profil genre)

@@ -40,18 +40,23 @@
   (foreach bloc (plv-blocs profil)
     (plv-vers-plan:bloc segments bloc (- (car (plv-origine bloc)) origine) ttxt)))
 
+(defun plv-portes-sur-plan (profil)
+  "What an earlier call drew on the axis."
+  (plv-entites-enregistrees profil plv-vers-plan:cle))
+
 (defun plv-vers-plan (profil / axe entites)
   "Draws on the axis of the profile; gives the entities, or nil after a message."
   (plv-creer-calques)
   (if (setq axe (plv-axe-plan profil))
     (progn
-      (plv-effacer (plv-entites-enregistrees profil plv-vers-plan:cle))
+      (plv-effacer (plv-portes-sur-plan profil))
       (setq entites
         (plv-ajouts-de
           '(lambda ()
              (plv-avec-calque plv-vers-plan:calque
                '(lambda () (plv-vers-plan:dessiner profil (plv-axe-segments axe) (car (plv-genres-du-projet profil)) (plv-ttxt profil)))))))
       (plv-enregistrer-entites profil plv-vers-plan:cle entites)
+      (plv-noter-fait profil "PLAN" nil nil nil)
       (plv-dire (strcat (plv-compte (length entites) "entité portée") " sur l'axe en plan."))
       entites)
     (plv-erreur "ce profil n'a pas d'axe en plan: PLV-AXE en associe un")))

@@ -30,9 +30,10 @@
   (vl-sort (mapcar '(lambda (g) (plv-distance cadre (plv-cle 10 g))) (plv-rappels:lignes profil)) '<))
 
 (defun plv-ajuster-rappels (profil / cadre points d z)
-  "Tops of the reference lines back on the ground, after a change of plane."
+  "Tops of the reference lines back on the ground, after a change of plane or of the ground."
   (setq cadre (plv-cadre profil) points (plv-points-tn profil))
   (foreach groupes (plv-rappels:lignes profil)
     (setq d (plv-distance cadre (plv-cle 10 groupes)))
     (if (setq z (plv-altitude-tn points d))
-      (entmod (subst (cons 10 (plv-vers-dessin cadre d z)) (assoc 10 groupes) groupes)))))
+      (entmod (subst (cons 10 (plv-vers-dessin cadre d z)) (assoc 10 groupes) groupes))))
+  (plv-noter-fait profil "RAPPELS" nil nil nil))

@@ -39,19 +39,26 @@
 (defun plv-seule:remplir (profil reference rang / points contexte gardes bilan)
   (setq points (plv-points-nommes profil)
         contexte (plv-contexte-de-rangee (plv-contexte profil points (plv-choix-tout profil)) reference rang)
-        gardes (plv-points-gardes points contexte))
-  ;; Looking at the kinds of all rows has moved the selection.
-  (pl_SelectLigne (plv-matrice-nom reference) rang)
-  (setq bilan (plv-avec-calque "PLV-MATRICE" '(lambda () (plv-remplir-ligne gardes contexte))))
+        gardes (plv-points-gardes points contexte)
+        bilan (plv-avec-calque "PLV-MATRICE" '(lambda () (plv-remplir-ligne gardes contexte))))
   (plv-noter-ajouts profil (plv-bilan-ajouts bilan))
-  (plv-dire (strcat "Ligne " (pl_textlignemat) (if (plv-bilan-vides bilan) ": laissée vide." ": remplie."))))
+  bilan)
 
-(defun PL-CPLM (nom rang / profil reference)
+(defun plv-remplir-rangee (profil reference rang / bilan)
+  "Fills a row of the current profile's tables again, counted from 0; what is said of it, nil when there is no such row."
+  (if (pl_SelectLigne (plv-matrice-nom reference) rang)
+    (progn
+      (plv-seule:vider profil reference rang)
+      (setq bilan (plv-seule:remplir profil reference rang))
+      (plv-noter-fait profil "RANGEE" (itoa rang) reference nil)
+      bilan)))
+
+(defun PL-CPLM (nom rang / profil reference bilan)
   "Fills the row of a table again, rows counted from 1."
   (if (setq profil (plv-profil-courant))
     (progn
       (setq reference (car (vl-member-if '(lambda (r) (= (strcase (plv-matrice-nom r)) (strcase nom))) (plv-tables profil))))
-      (if (and reference (pl_SelectLigne nom (1- rang)))
-        (progn (plv-seule:vider profil reference (1- rang)) (plv-seule:remplir profil reference (1- rang)))
+      (if (and reference (setq bilan (plv-remplir-rangee profil reference (1- rang))))
+        (plv-dire (strcat "Ligne " (pl_textlignemat) (if (plv-bilan-vides bilan) ": laissée vide." ": remplie.")))
         (plv-erreur (strcat "pas de ligne " (itoa rang) " dans la matrice " nom)))))
   (princ))

@@ -1,0 +1,8 @@
+// The functions of this room that the plug-in publishes; their help stands in porte/table.cpp.
+#pragma once
+
+namespace etu {
+
+void et_empreinte();
+
+}  // namespace etu

@@ -1,0 +1,198 @@
+;; The sources of what is derived of a profile. Each has a name, which stands in the drawing, the words by which users know it, and a
+;; function (profile fact) that gives its values: lists of numbers, texts and entities. Two fingerprints of a source are equal while
+;; nothing of it changes that a thing shows; a source without values is one of which nothing can be known now.
+;; Shared in the room: plv-sources:*
+
+(setq plv-sources:table
+  '(("reglages" "les réglages du profil" plv-sources:reglages)
+    ("definition" "le fichier de définition" plv-sources:definition)
+    ("distances" "les points du terrain" plv-sources:distances)
+    ("altitudes" "le terrain naturel" plv-sources:altitudes)
+    ("numeros" "les points du terrain" plv-sources:numeros)
+    ("noms" "les noms des points" plv-sources:noms)
+    ("terrain" "le terrain naturel" plv-sources:terrain)
+    ("altitudes-projet" "la ligne de projet" plv-sources:altitudes-projet)
+    ("pentes-projet" "la ligne de projet" plv-sources:pentes-projet)
+    ("projets" "les lignes de projet" plv-sources:projets)
+    ("projet" "la ligne de projet" plv-sources:projet)
+    ("premier-projet" "la ligne de projet" plv-sources:premier-projet)
+    ("blocs" "les blocs posés" plv-sources:blocs)
+    ("blocs-portes" "les blocs posés" plv-sources:blocs-portes)
+    ("axe" "l'axe en plan" plv-sources:axe)
+    ("devers" "les dévers" plv-sources:devers)
+    ("plans" "les plans de comparaison" plv-sources:plans)
+    ("courbe" "la courbe" plv-sources:courbe)
+    ("sol-courbe" "le terrain naturel" plv-sources:sol-courbe)
+    ("lignes" "la ligne mesurée" plv-sources:lignes)
+    ("lignes-jointes" "la ligne mesurée" plv-sources:lignes-jointes)
+    ("sol-lignes" "le terrain naturel" plv-sources:sol-lignes)
+    ("plans-lignes" "les plans de comparaison" plv-sources:plans-lignes)
+    ("classes" "les classes de profondeur" plv-sources:classes)
+    ("fixes" "les éléments fixes" plv-sources:fixes)
+    ("numero" "le numéro du profil" plv-sources:numero)
+    ("textes" "la hauteur des textes" plv-sources:textes)
+    ("fichier" "le fichier lui-même" plv-sources:fichier)
+    ("dessin" "le dessin du profil" plv-sources:dessin)))
+
+(defun plv-source-en-mots (nom) (cond ((cadr (assoc nom plv-sources:table))) (nom)))
+
+(setq plv-sources:aspects '("dessin"))
+
+(defun plv-source-empreinte (profil fait nom / fonction valeurs)
+  "The fingerprint of a source now; nil when nothing can be known of it."
+  (if (and (setq fonction (caddr (assoc nom plv-sources:table)))
+           (setq valeurs (apply fonction (list profil fait))))
+    (et_empreinte valeurs (plv-origine profil) (if (member nom plv-sources:aspects) T))))
+
+;; --- several things have sources that cost time: while their readings are kept, each is read once
+
+(setq plv-sources:lectures nil plv-sources:garder nil)
+
+(defun plv-avec-lectures (fonction / resultat dedans)
+  "Runs a function that changes nothing, while readings are kept."
+  (setq dedans plv-sources:garder plv-sources:garder T
+        resultat (vl-catch-all-apply fonction '()))
+  (if (not dedans) (setq plv-sources:garder nil plv-sources:lectures nil))
+  (if (vl-catch-all-error-p resultat) (plv-erreur (vl-catch-all-error-message resultat)) resultat))
+
+(defun plv-sources:lire (lire:cle lire:fonction / lire:valeur)
+  (cond
+    ((plv-cle lire:cle plv-sources:lectures))
+    (T
+     (setq lire:valeur (apply lire:fonction '()))
+     (if plv-sources:garder (setq plv-sources:lectures (cons (cons lire:cle lire:valeur) plv-sources:lectures)))
+     lire:valeur)))
+
+;; --- the profile
+
+(defun plv-sources:reglages (profil fait)
+  (list (plv-echv profil) (plv-ttxt profil) (plv-premiere-station profil) (plv-longueur-profil profil)))
+
+(defun plv-sources:numero (profil fait) (list (plv-numero-profil profil)))
+
+(defun plv-sources:textes (profil fait) (list (plv-ttxt profil)))
+
+(defun plv-sources:plans (profil fait) (plv-plans profil))
+
+(defun plv-sources:terrain (profil fait)
+  (list (plv-points-tn profil) (plv-noms-tn profil) (plv-lacunes profil)))
+
+(defun plv-sources:axe (profil fait / axe)
+  (list (if (setq axe (plv-axe-plan profil)) (plv-axe-segments axe))))
+
+(defun plv-sources:devers (profil fait) (list (plv-devers-du-profil profil)))
+
+(defun plv-sources:bloc (profil bloc)
+  (cons (- (car (plv-origine bloc)) (car (plv-origine profil))) (mapcar '(lambda (a) (list (car a) (cdr a))) (plv-attributs bloc))))
+
+(defun plv-sources:blocs (profil fait)
+  (list (mapcar '(lambda (b) (plv-sources:bloc profil b)) (plv-blocs profil))))
+
+(defun plv-sources:blocs-portes (profil fait)
+  "With the looks that they have on the axis in plan."
+  (list
+    (mapcar
+      '(lambda (b / g) (setq g (entget b)) (list (plv-cle 2 g) (cond ((plv-cle 41 g)) (1.0)) (cond ((plv-cle 42 g)) (1.0)) (plv-sources:bloc profil b)))
+      (plv-blocs profil))))
+
+;; --- tables and their rows
+
+(defun plv-sources:definition (profil fait / chemin)
+  "Of a file that isn't there nothing is known: the tables in the drawing say how they are made."
+  (if (setq chemin (findfile (cond ((car (plv-fait-reponses fait))) ("")))) (plv-lire-lignes chemin)))
+
+(defun plv-sources:points (profil)
+  (plv-sources:lire (list "points" profil) '(lambda () (plv-points-cotes profil))))
+
+(defun plv-sources:distances (profil fait) (mapcar 'car (plv-sources:points profil)))
+(defun plv-sources:altitudes (profil fait) (mapcar '(lambda (p) (list (car p) (cadr p))) (plv-sources:points profil)))
+(defun plv-sources:numeros (profil fait) (mapcar '(lambda (p) (list (car p) (plv-point-numero p))) (plv-sources:points profil)))
+
+(defun plv-sources:noms (profil fait)
+  (list
+    (mapcar '(lambda (p) (list (car p) (plv-point-nom p)))
+      (vl-remove-if '(lambda (p) (= (plv-point-nom p) "")) (plv-points-nommes profil)))))
+
+(defun plv-sources:genre (profil fait)
+  "The kind of line whose project a row shows."
+  (plv-genre-de-rangee profil (plv-rangee (plv-fait-entite fait) (atoi (plv-fait-precision fait)))))
+
+(defun plv-sources:altitudes-projet (profil fait / genre)
+  (setq genre (plv-sources:genre profil fait))
+  (list genre
+    (if genre
+      (plv-sources:lire (list "altitudes" profil genre)
+        '(lambda () (plv-altitudes-projet profil genre (plv-sources:points profil)))))))
+
+(defun plv-sources:pentes (profil genre)
+  (plv-sources:lire (list "pentes" profil genre) '(lambda () (plv-pentes-projet profil genre))))
+
+(defun plv-sources:pentes-projet (profil fait / genre)
+  (setq genre (plv-sources:genre profil fait))
+  (list genre (if genre (plv-sources:pentes profil genre))))
+
+(defun plv-sources:premier-projet (profil fait / genre)
+  (setq genre (car (plv-genres-du-projet profil)))
+  (list genre (if genre (plv-sources:pentes profil genre))))
+
+(defun plv-sources:projets (profil fait)
+  (list (mapcar '(lambda (genre) (list genre (plv-sources:pentes profil genre))) (plv-genres-du-projet profil))))
+
+(defun plv-sources:projet (profil fait) (list (plv-sources:pentes profil (plv-fait-genre fait))))
+
+;; --- a curve with its dimensions
+
+(defun plv-sources:courbe (profil fait) (list (plv-fait-entite fait)))
+
+(defun plv-sources:sol-courbe (profil fait / etendue points a b)
+  "The ground over the curve, and how high the ground is drawn: the altitudes stand over all of it."
+  (setq etendue (plv-etendue-courbe profil (plv-fait-entite fait))
+        points (plv-points-tn profil)
+        a (max (plv-debut etendue) (caar points)) b (min (plv-fin etendue) (car (plv-dernier points))))
+  (list (plv-hauteur-profil profil) (if (< a b) (plv-ligne-entre points a b))))
+
+;; --- quantities
+
+(defun plv-sources:mesurees (profil genre)
+  (plv-sources:lire (list "lignes" profil genre) '(lambda () (plv-lignes-mesurees profil genre))))
+
+(defun plv-sources:lignes (profil fait) (list (plv-sources:mesurees profil (plv-fait-genre fait))))
+
+(defun plv-sources:lignes-jointes (profil fait)
+  "For what doesn't show where lines are cut."
+  (list (plv-joindre-lignes (plv-sources:mesurees profil (plv-fait-genre fait)))))
+
+(defun plv-sources:sol-lignes (profil fait / genre etendue)
+  (setq genre (plv-fait-genre fait)
+        etendue (plv-etendue-mesuree (plv-sources:mesurees profil genre)))
+  (list (if etendue (plv-sources:lire (list "sol" profil genre) '(lambda () (plv-terrain-mesure profil etendue))))))
+
+(defun plv-sources:plans-lignes (profil fait / etendue)
+  "The planes over which the lines of a kind are drawn."
+  (setq etendue (plv-etendue-mesuree (plv-sources:mesurees profil (plv-fait-genre fait))))
+  (list
+    (if etendue
+      (mapcar '(lambda (s) (list (max (plv-plan-debut s) (plv-debut etendue)) (plv-plan-altitude s)))
+        (vl-remove-if '(lambda (s) (or (<= (plv-section-fin s) (plv-debut etendue)) (>= (plv-plan-debut s) (plv-fin etendue))))
+          (plv-sections-de-plan profil))))))
+
+(defun plv-sources:classes (profil fait) (plv-sources:lire (list "classes") '(lambda () (list (plv-classes-profondeur)))))
+
+(defun plv-sources:fixe (profil groupe)
+  "What a group of the record of fixed elements tells: an abscissa, or an entity with its attributes."
+  (cond ((= (car groupe) 10) (list (- (cadr groupe) (car (plv-origine profil)))))
+        ((and (= (car groupe) 330) (plv-existe (cdr groupe)))
+         (cons (plv-type (cdr groupe)) (if (= (plv-type (cdr groupe)) "INSERT") (plv-sources:bloc profil (cdr groupe)))))))
+
+(defun plv-sources:fixes (profil fait)
+  (list
+    (vl-remove nil
+      (mapcar '(lambda (g) (plv-sources:fixe profil g))
+        (apply 'append (mapcar '(lambda (genre) (plv-statiques-du-genre profil genre)) (plv-genres)))))))
+
+;; --- files. An update that is undone leaves its files: the drawing then knows of others than those that are there.
+
+(defun plv-sources:fichier (profil fait / chemin)
+  (if (setq chemin (findfile (plv-fait-fichier fait))) (list (vl-file-size chemin) (vl-file-systime chemin))))
+
+(defun plv-sources:dessin (profil fait) (append (plv-entites-dessinees profil) (plv-legendes-du-profil profil)))

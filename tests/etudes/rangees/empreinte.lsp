@@ -1,0 +1,38 @@
+;; et_empreinte: what counts of values and of entities, and what doesn't.
+
+(commun
+  (preparer
+    (regapp "ESSAI")
+    (defun ligne (x y couleur) (entmakex (list '(0 . "LINE") '(8 . "0") (cons 62 couleur) (list 10 x y 0.0) (list 11 (+ x 2.0) (+ y 1.0) 0.0))))
+    (defun memes (a b) (= (et_empreinte a) (et_empreinte b)))))
+
+(situation "OfValues")
+((strlen (et_empreinte '(1 2.0 "a"))) 16)
+;; a whole number is the real of its value, a list of two numbers the point that the host makes of it
+((list (memes '(1 2.0 "a") '(1.0 2 "a")) (memes '((1 2) "a") '((1.0 2.0) "a")) (memes '((1 2 3)) '((1.0 2.0 3.0)))) (T T T))
+;; a ten-millionth is rounding, two millionths are a change, whatever the sign and size
+((list (memes 1234567.0 1234567.0000001) (memes 1.0 1.000002) (memes -0.0 0.0) (memes 1e300 2e300)) (T nil T nil))
+;; where a list begins and ends, in what order, and nil count
+((list (memes '((1.0 2.0) 3.0) '(1.0 (2.0 3.0))) (memes '(1.0 2.0) '(2.0 1.0)) (memes '("ab" "c") '("a" "bc")) (memes '(nil) nil)) (nil nil nil nil))
+((list (et_empreinte) (= (et_empreinte nil) (et_empreinte nil))) (nil T))
+
+(situation "OfEntities")
+(preparer (setq a (ligne 0.0 0.0 1) b (ligne 10.0 5.0 3)))
+;; the form counts from the origin, the look when that is asked for
+((list (memes (list a) (list b)) (= (et_empreinte (list a) '(0.0 0.0 0.0)) (et_empreinte (list b) '(10.0 5.0 0.0)))
+       (= (et_empreinte (list a) '(0.0 0.0 0.0) T) (et_empreinte (list b) '(10.0 5.0 0.0) T))) (nil T nil))
+;; extended data, a group and an erased neighbour don't
+(preparer
+  (setq avant (et_empreinte (list a) '(0.0 0.0 0.0) T))
+  (entmod (append (entget a) '((-3 ("ESSAI" (1000 . "x"))))))
+  (command "_.GROUP" "G" "" (ssadd a) "")
+  (entdel b))
+((= avant (et_empreinte (list a) '(0.0 0.0 0.0) T)) T)
+;; vertices and attributes do
+(preparer
+  (entmake '((0 . "POLYLINE") (66 . 1) (10 0.0 0.0 0.0)))
+  (foreach x '(0.0 1.0) (entmake (list '(0 . "VERTEX") (list 10 x x 0.0))))
+  (entmake '((0 . "SEQEND")))
+  (setq p (entlast) avant (et_empreinte (list p)) v (entget (entnext (entnext p))))
+  (entmod (subst '(10 1.0 3.0 0.0) (assoc 10 v) v)))
+((= avant (et_empreinte (list p))) nil)
