@@ -32,11 +32,16 @@
     (setq rang (1+ rang)))
   (entmake (list '(0 . "SEQEND") (cons 8 (plv-calque plv-vers-plan:calque)))))
 
-(defun plv-vers-plan:dessiner (profil segments genre ttxt / origine)
+(defun plv-pentes-portees (profil / genre)
+  "The slope pieces of the first project line that have an arrow."
+  (if (setq genre (car (plv-genres-du-projet profil)))
+    (vl-remove-if-not
+      '(lambda (p) (and (plv-pente-droite-p p) (> (abs (plv-pente-valeur p)) 5e-5) (> (plv-longueur p) (* 5.0 (plv-ttxt profil)))))
+      (plv-elements-de-pente profil genre))))
+
+(defun plv-vers-plan:dessiner (profil segments ttxt / origine)
   (setq origine (car (plv-origine profil)))
-  (foreach piece (if genre (plv-elements-de-pente profil genre))
-    (if (and (plv-pente-droite-p piece) (> (abs (plv-pente-valeur piece)) 5e-5) (> (plv-longueur piece) (* 5.0 ttxt)))
-      (plv-vers-plan:fleche segments piece ttxt)))
+  (foreach piece (plv-pentes-portees profil) (plv-vers-plan:fleche segments piece ttxt))
   (foreach bloc (plv-blocs profil)
     (plv-vers-plan:bloc segments bloc (- (car (plv-origine bloc)) origine) ttxt)))
 
@@ -54,7 +59,7 @@
         (plv-ajouts-de
           '(lambda ()
              (plv-avec-calque plv-vers-plan:calque
-               '(lambda () (plv-vers-plan:dessiner profil (plv-axe-segments axe) (car (plv-genres-du-projet profil)) (plv-ttxt profil)))))))
+               '(lambda () (plv-vers-plan:dessiner profil (plv-axe-segments axe) (plv-ttxt profil)))))))
       (plv-enregistrer-entites profil plv-vers-plan:cle entites)
       (plv-noter-fait profil "PLAN" nil nil nil)
       (plv-dire (strcat (plv-compte (length entites) "entité portée") " sur l'axe en plan."))

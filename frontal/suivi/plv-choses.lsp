@@ -9,21 +9,21 @@
 ;; why it can't be made anew (profile fact), nil for no reason;
 ;; how anew (profile facts): all stale ones of a kind at once; what of a hand's work is kept, see plv-mains; nil for nothing
 (setq plv-choses:table
-  '(("TABLEAUX" plv-choses:mots-tableaux ("definition" "reglages" "distances")
+  '(("TABLEAUX" plv-choses:mots-tableaux ("definition" "textes" "longueur" "distances")
      plv-choses:tableaux-p plv-choses:tableaux nil plv-refaire-tableaux plv-textes-des-tables)
-    ("RAPPELS" plv-choses:mots-rappels ("altitudes" "plans" "reglages")
+    ("RAPPELS" plv-choses:mots-rappels ("altitudes" "plans" "echelle")
      plv-choses:rappels-p nil nil plv-refaire-rappels nil)
     ("RANGEE" plv-choses:mots-rangee plv-choses:sources-rangee
      plv-choses:rangee-p nil nil plv-refaire-rangees plv-textes-des-tables)
-    ("COTES" plv-choses:mots-cotes ("reglages" "plans" "courbe" "sol-courbe")
+    ("COTES" plv-choses:mots-cotes ("echelle" "textes" "plans" "courbe" "sol-courbe")
      plv-choses:cotes-p plv-choses:cotes nil plv-refaire-cotes plv-textes-des-cotes)
     ("HACHURES" plv-choses:mots-hachures ("classes" "lignes" "sol-lignes" "plans-lignes")
      plv-choses:hachures-p plv-choses:hachures plv-choses:sans-ligne plv-refaire-hachures nil)
     ("LEGENDE" plv-choses:mots-legende ("numero" "textes" "classes" "lignes-jointes" "sol-lignes")
      plv-choses:legende-p plv-choses:legendes plv-choses:sans-ligne plv-refaire-legendes nil)
-    ("PLAN" plv-choses:mots-plan ("axe" "premier-projet" "blocs-portes" "textes")
+    ("PLAN" plv-choses:mots-plan ("axe" "fleches" "blocs-portes" "textes")
      plv-choses:plan-p plv-choses:plan plv-choses:sans-axe plv-refaire-plan nil)
-    ("CLASSEUR" plv-choses:mots-classeur ("fichier" "numero" "reglages" "classes" "lignes" "sol-lignes" "fixes")
+    ("CLASSEUR" plv-choses:mots-classeur ("fichier" "numero" "origine" "classes" "lignes" "sol-lignes" "fixes")
      plv-choses:fichier-p nil plv-choses:sans-ligne plv-refaire-classeurs nil)
     ("EXPORT" plv-choses:mots-export plv-choses:sources-export
      plv-choses:fichier-p nil plv-choses:sans-projet plv-refaire-exports nil)
@@ -81,7 +81,7 @@
   (strcat "Rangée " (if (= (plv-rangee-libelle rangee) "") (plv-rangee-nom rangee) (plv-rangee-libelle rangee))))
 
 (defun plv-choses:sources-rangee (profil fait)
-  (cons "reglages" (plv-sources-de-type (plv-rangee-nature (plv-choses:rangee fait)))))
+  (vl-list* "textes" "longueur" (plv-sources-de-type (plv-rangee-nature (plv-choses:rangee fait)))))
 
 (defun plv-choses:rangee-p (profil fait)
   (and (member (plv-fait-entite fait) (plv-tables profil)) (plv-choses:rangee fait)))
@@ -144,9 +144,9 @@
   "Of a LandXML file, of a ground file, of the file of a project line, which is named by its kind."
   (setq contenu (plv-fait-genre fait))
   (cond
-    ((= contenu "Landxml") '("fichier" "numero" "reglages" "terrain" "projets"))
-    ((= contenu "Terrain") '("fichier" "reglages" "terrain"))
-    (T '("fichier" "reglages" "projet"))))
+    ((= contenu "Landxml") '("fichier" "numero" "origine" "terrain" "projets"))
+    ((= contenu "Terrain") '("fichier" "origine" "terrain"))
+    (T '("fichier" "origine" "projet"))))
 
 (defun plv-choses:sans-projet (profil fait)
   (if (and (plv-genre (plv-fait-genre fait)) (not (plv-elements-du-projet profil (plv-fait-genre fait))))

@@ -4,21 +4,27 @@
 ;; Shared in the room: plv-sources:*
 
 (setq plv-sources:table
-  '(("reglages" "les réglages du profil" plv-sources:reglages)
+  '(("echelle" "l'échelle verticale" plv-sources:echelle)
+    ("origine" "la première station" plv-sources:origine)
+    ("longueur" "la longueur du profil" plv-sources:longueur)
     ("definition" "le fichier de définition" plv-sources:definition)
     ("distances" "les points du terrain" plv-sources:distances)
     ("altitudes" "le terrain naturel" plv-sources:altitudes)
     ("numeros" "les points du terrain" plv-sources:numeros)
     ("noms" "les noms des points" plv-sources:noms)
     ("terrain" "le terrain naturel" plv-sources:terrain)
-    ("altitudes-projet" "la ligne de projet" plv-sources:altitudes-projet)
-    ("pentes-projet" "la ligne de projet" plv-sources:pentes-projet)
+    ("terrain-ecrit" "le terrain naturel" plv-sources:terrain-ecrit)
+    ("projet-ecrit" "la ligne de projet" plv-sources:projet-ecrit)
+    ("profondeurs-ecrites" "le terrain ou la ligne de projet" plv-sources:profondeurs-ecrites)
+    ("pentes-ecrites" "la ligne de projet" plv-sources:pentes-ecrites)
+    ("bornes-projet" "la ligne de projet" plv-sources:bornes-projet)
     ("projets" "les lignes de projet" plv-sources:projets)
     ("projet" "la ligne de projet" plv-sources:projet)
-    ("premier-projet" "la ligne de projet" plv-sources:premier-projet)
+    ("fleches" "la ligne de projet" plv-sources:fleches)
     ("blocs" "les blocs posés" plv-sources:blocs)
     ("blocs-portes" "les blocs posés" plv-sources:blocs-portes)
     ("axe" "l'axe en plan" plv-sources:axe)
+    ("tournants" "l'axe en plan" plv-sources:tournants)
     ("devers" "les dévers" plv-sources:devers)
     ("plans" "les plans de comparaison" plv-sources:plans)
     ("courbe" "la courbe" plv-sources:courbe)
@@ -65,8 +71,9 @@
 
 ;; --- the profile
 
-(defun plv-sources:reglages (profil fait)
-  (list (plv-echv profil) (plv-ttxt profil) (plv-premiere-station profil) (plv-longueur-profil profil)))
+(defun plv-sources:echelle (profil fait) (list (plv-echv profil)))
+(defun plv-sources:origine (profil fait) (list (plv-premiere-station profil)))
+(defun plv-sources:longueur (profil fait) (list (plv-longueur-profil profil)))
 
 (defun plv-sources:numero (profil fait) (list (plv-numero-profil profil)))
 
@@ -77,8 +84,25 @@
 (defun plv-sources:terrain (profil fait)
   (list (plv-points-tn profil) (plv-noms-tn profil) (plv-lacunes profil)))
 
-(defun plv-sources:axe (profil fait / axe)
-  (list (if (setq axe (plv-axe-plan profil)) (plv-axe-segments axe))))
+(defun plv-sources:segments (profil origine / axe)
+  "The segments of the axis in plan, their points from an origin."
+  (mapcar
+    '(lambda (s)
+       (list (plv-debut s) (plv-fin s) (mapcar '- (plv-segment-depart s) origine) (mapcar '- (plv-segment-arrivee s) origine) (plv-segment-bulbe s)))
+    (if (setq axe (plv-axe-plan profil)) (plv-axe-segments axe))))
+
+(defun plv-sources:premier-point (entite / g)
+  (setq g (plv-cle 10 (entget entite)))
+  (list (car g) (cadr g)))
+
+(defun plv-sources:axe (profil fait / portees)
+  "From the first of the entities that were carried onto it, with which it may be moved."
+  (if (setq portees (plv-portes-sur-plan profil))
+    (list (plv-sources:segments profil (plv-sources:premier-point (car portees))))))
+
+(defun plv-sources:tournants (profil fait / axe)
+  "From its own start: lengths, radii and changes of direction stay wherever it is."
+  (list (if (setq axe (plv-axe-plan profil)) (plv-sources:segments profil (plv-segment-depart (car (plv-axe-segments axe)))))))
 
 (defun plv-sources:devers (profil fait) (list (plv-devers-du-profil profil)))
 
@@ -108,37 +132,58 @@
 (defun plv-sources:altitudes (profil fait) (mapcar '(lambda (p) (list (car p) (cadr p))) (plv-sources:points profil)))
 (defun plv-sources:numeros (profil fait) (mapcar '(lambda (p) (list (car p) (plv-point-numero p))) (plv-sources:points profil)))
 
-(defun plv-sources:noms (profil fait)
+(defun plv-sources:noms (profil fait / origine)
+  "With the stations that stand beside them."
+  (setq origine (plv-premiere-station profil))
   (list
-    (mapcar '(lambda (p) (list (car p) (plv-point-nom p)))
+    (mapcar '(lambda (p) (list (car p) (+ origine (car p)) (plv-point-nom p)))
       (vl-remove-if '(lambda (p) (= (plv-point-nom p) "")) (plv-points-nommes profil)))))
+
+(defun plv-sources:rangee (fait) (plv-rangee (plv-fait-entite fait) (atoi (plv-fait-precision fait))))
 
 (defun plv-sources:genre (profil fait)
   "The kind of line whose project a row shows."
-  (plv-genre-de-rangee profil (plv-rangee (plv-fait-entite fait) (atoi (plv-fait-precision fait)))))
+  (plv-genre-de-rangee profil (plv-sources:rangee fait)))
 
-(defun plv-sources:altitudes-projet (profil fait / genre)
-  (setq genre (plv-sources:genre profil fait))
-  (list genre
-    (if genre
-      (plv-sources:lire (list "altitudes" profil genre)
-        '(lambda () (plv-altitudes-projet profil genre (plv-sources:points profil)))))))
+(defun plv-sources:altitudes-projet (profil genre)
+  (plv-sources:lire (list "altitudes" profil genre) '(lambda () (plv-altitudes-projet profil genre (plv-sources:points profil)))))
 
-(defun plv-sources:pentes (profil genre)
-  (plv-sources:lire (list "pentes" profil genre) '(lambda () (plv-pentes-projet profil genre))))
+(defun plv-sources:ecrites (profil fait altitudes)
+  (plv-altitudes-ecrites (plv-sources:points profil) altitudes (plv-rangee-decimales (plv-sources:rangee fait))))
 
-(defun plv-sources:pentes-projet (profil fait / genre)
-  (setq genre (plv-sources:genre profil fait))
-  (list genre (if genre (plv-sources:pentes profil genre))))
+(defun plv-sources:terrain-ecrit (profil fait) (plv-sources:ecrites profil fait (mapcar 'cadr (plv-sources:points profil))))
 
-(defun plv-sources:premier-projet (profil fait / genre)
-  (setq genre (car (plv-genres-du-projet profil)))
-  (list genre (if genre (plv-sources:pentes profil genre))))
+(defun plv-sources:projet-ecrit (profil fait / genre)
+  (list (if (setq genre (plv-sources:genre profil fait)) (plv-sources:ecrites profil fait (plv-sources:altitudes-projet profil genre)))))
+
+(defun plv-sources:profondeurs-ecrites (profil fait / genre)
+  (list
+    (if (setq genre (plv-sources:genre profil fait))
+      (plv-sources:ecrites profil fait
+        (mapcar '(lambda (p z) (if z (- (cadr p) z))) (plv-sources:points profil) (plv-sources:altitudes-projet profil genre))))))
+
+(defun plv-sources:pentes-ecrites (profil fait / genre)
+  (list
+    (if (setq genre (plv-sources:genre profil fait))
+      (plv-pentes-ecrites profil genre (plv-rangee-nature (plv-sources:rangee fait))))))
+
+(defun plv-sources:bornes-projet (profil fait / genre)
+  "Where slopes begin and end, as far as the row shows it."
+  (list
+    (if (setq genre (plv-sources:genre profil fait)) (plv-bornes-ecrites profil genre (plv-rangee-nature (plv-sources:rangee fait))))))
+
+(defun plv-sources:fleches (profil fait)
+  "The slopes that are carried onto the plan, as they are written there."
+  (list
+    (mapcar '(lambda (p) (list (plv-debut p) (plv-fin p) (plv-reel (* 100.0 (plv-pente-valeur p)) 2))) (plv-pentes-portees profil))))
 
 (defun plv-sources:projets (profil fait)
-  (list (mapcar '(lambda (genre) (list genre (plv-sources:pentes profil genre))) (plv-genres-du-projet profil))))
+  (list (mapcar '(lambda (genre) (list genre (plv-sources:trace profil genre))) (plv-genres-du-projet profil))))
 
-(defun plv-sources:projet (profil fait) (list (plv-sources:pentes profil (plv-fait-genre fait))))
+(defun plv-sources:trace (profil genre)
+  (plv-sources:lire (list "trace" profil genre) '(lambda () (plv-trace-projet profil genre))))
+
+(defun plv-sources:projet (profil fait) (list (plv-sources:trace profil (plv-fait-genre fait))))
 
 ;; --- a curve with its dimensions
 

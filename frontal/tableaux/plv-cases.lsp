@@ -15,9 +15,32 @@
   (setq situes (plv-elements-situes profil genre) plans (plv-plans profil))
   (mapcar '(lambda (p) (plv-altitude-projet profil situes plans (car p))) points))
 
-(defun plv-pentes-projet (profil genre / situes plans)
-  "The slope pieces of a project line, (from to slope radius altitudes): two altitudes say where a straight one is, ten what a curved
-one is."
+;; --- what rows show of a line: texts, so that a change that no decimal shows changes nothing
+
+(defun plv-cases:contexte (profil)
+  (list (cons 'profil profil) (cons 'tout (plv-choix-tout profil)) (cons 'ttxt (plv-ttxt profil)) (cons 'longueur (plv-longueur-profil profil))))
+
+(defun plv-altitudes-ecrites (points altitudes decimales)
+  "(distance text) of altitudes at points, nil for a point without one."
+  (mapcar '(lambda (p z) (if z (list (car p) (plv-reel z decimales)))) points altitudes))
+
+(defun plv-bornes-ecrites (profil genre nature)
+  "The ends of slope pieces that a row of distances shows."
+  (mapcar 'car (apply (if (= nature 16) 'plv-remplir:bornes-partielles 'plv-remplir:bornes-cumulees) (list (plv-cases:contexte profil) genre))))
+
+(defun plv-cases:piece-ecrite (contexte piece nature / rayon)
+  (list (plv-debut piece) (plv-fin piece)
+    (cond
+      ((plv-pente-droite-p piece) (list (plv-redaction:sens (plv-pente-valeur piece)) (plv-redaction:texte piece nature contexte)))
+      ((setq rayon (plv-rayon-de-piece (plv-cle 'profil contexte) piece)) (plv-redaction:texte-courbe piece rayon contexte)))))
+
+(defun plv-pentes-ecrites (profil genre nature / contexte)
+  "The slope pieces of a project line within the profile as a kind of row words them: (from to text)."
+  (setq contexte (plv-cases:contexte profil))
+  (mapcar '(lambda (piece) (plv-cases:piece-ecrite contexte piece nature)) (plv-remplir:pieces contexte genre)))
+
+(defun plv-trace-projet (profil genre / situes plans)
+  "The slope pieces with their altitudes: two say where a straight one is, eleven what a curved one is."
   (setq situes (plv-elements-situes profil genre) plans (plv-plans profil))
   (mapcar
     '(lambda (piece)
@@ -25,7 +48,7 @@ one is."
              (if (plv-pente-droite-p piece) 0.0 (cond ((plv-rayon-de-piece profil piece)) (0.0)))
              (mapcar '(lambda (part) (plv-altitude-projet profil situes plans (+ (plv-debut piece) (* part (plv-longueur piece)))))
                (if (plv-pente-droite-p piece) '(0.0 1.0) '(0.0 0.1 0.2 0.3 0.4 0.5 0.6 0.7 0.8 0.9 1.0)))))
-    (plv-elements-de-pente profil genre)))
+    (plv-remplir:pieces (plv-cases:contexte profil) genre)))
 
 ;; --- what is noted of tables that have been drawn
 

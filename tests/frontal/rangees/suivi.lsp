@@ -48,8 +48,7 @@
   ((entdel r) ("Rangée Cote"))
   ((plv-ecrire-noms p '((0.0 50.0 "A") (10.0 51.0 "") (20.0 49.5 "Seuil") (30.0 37.5 "") (50.0 36.0 "C"))) ("Rangée Obs" "Export <dossier>tn.csv"))
   ((plsxd p "DCUMDEB" 0.0)
-   ("Tableaux" "Lignes de rappel" "Rangée Altitude TN" "Rangée Numero" "Rangée Partielles" "Rangée Obs" "Rangée Profondeur" "Rangée Pentes"
-    "Rangée Cote" "Cotes" "Classeur <dossier>m.xlsx" "Export <dossier>tn.csv"))
+   ("Rangée Obs" "Classeur <dossier>m.xlsx" "Export <dossier>tn.csv"))
   ;; the ground of the record: what is drawn of it stays for the quantities, which are measured on the drawing
   ((terrain 2 49.0) ("Lignes de rappel" "Rangée Altitude TN" "Rangée Profondeur" "Cotes" "Export <dossier>tn.csv"))
   ;; tables and legend don't depend on the plane, and PLV-PC moves the reference lines
@@ -102,7 +101,7 @@
 ((vieux) nil)
 ((mapcar '(lambda (r) (plv-matrice-nombre (plv-matrice r))) (plv-tables p)) (1))
 ;; without the file the drawing says what its tables are
-(preparer (vl-file-delete "<dossier>t.txt") (plsxd p "DCUMDEB" 0.0))
+(preparer (vl-file-delete "<dossier>t.txt") (plsxd p "TTXT" 2.0))
 ((car (vieux)) "Tableaux")
 ((plv-actualiser (list p)) T)
 ((vieux) nil)
