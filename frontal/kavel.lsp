@@ -11,7 +11,7 @@
     (profil (base)
      plv-genres plv-plans plv-cadre plv-terrain-profil plv-profil plv-profils plv-appartenance plv-chaines plv-reparer
      plv-reparer-contenu plv-faits plv-habillage plv-rappels
-     plv-elements plv-cotes-posees plv-pentes plv-statiques plv-blocs)
+     plv-elements plv-cotes-mains plv-cotes-posees plv-pentes plv-statiques plv-blocs)
     (portes (base profil)
      plv-cubiques plv-formes plv-formes-coupe plv-formes-ecriture plv-portes plv-remise)
     (plan (base profil portes)
@@ -40,7 +40,7 @@
     (feuilles (base profil tableaux metres)
      plv-encarts plv-feuilles)
     (suivi (base profil plan tableaux cotes metres echange feuilles)
-     plv-sources plv-choses plv-etat plv-refaire plv-actualiser)
+     plv-sources plv-choses plv-etat plv-refaire plv-mains plv-actualiser)
     (controle (base profil tableaux echange suivi)
      plv-rapport plv-audit plv-bureau plv-survol)))
 

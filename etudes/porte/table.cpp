@@ -45,6 +45,15 @@ constexpr ligneFonction kTable[] = {
      L"réels comptent au millionième, les points des entités depuis l'origine; avec aspect, calques, couleurs et "
      L"textes "
      L"comptent aussi."},
+    {L"et_places", et_places, L"(et_places entités ordonnées)",
+     L"Où sont les textes d'une liste d'entités: pour chaque bande entre deux ordonnées, de haut en bas, une liste de "
+     L"(x y "
+     L"somme); la somme dit les mots."},
+    {L"et_ecarts", et_ecarts, L"(et_ecarts entités places)",
+     L"Ce qu'une main a changé aux textes d'une liste d'entités, d'après leurs places: (texte place dx dy réécrit) "
+     L"pour "
+     L"chacun, des "
+     L"numéros comptés de 0. Un texte qui a une couleur à lui en est; un texte sans place n'en est pas."},
 };
 
 void et_aide() {

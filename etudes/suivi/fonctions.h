@@ -4,5 +4,7 @@
 namespace etu {
 
 void et_empreinte();
+void et_places();
+void et_ecarts();
 
 }  // namespace etu

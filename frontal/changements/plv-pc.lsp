@@ -92,15 +92,17 @@ governs there. What is attached is brought into form before. Gives the profile, 
   (if (and (plv-profil-sain profil) (plv-statiques-verifies profil))
     (plv-pc:executer profil operation (- (float station) (plv-premiere-station profil)) (if altitude (float altitude)))))
 
-(defun plv-pc:executer (profil operation d altitude / sections section faute)
+(defun plv-pc:executer (profil operation d altitude / sections section faute cotes)
   (setq sections (plv-sections-de-plan profil)
         section (plv-pc:section sections d)
         faute (plv-pc:faute operation sections section d altitude))
   (cond
     (faute (plv-erreur faute))
     ((plv-remettre-en-forme profil (if (= operation "A") d))
+     (setq cotes (plv-ecarts-cotes profil))
      (plv-pc:changer profil operation sections section (if (= operation "A") d (plv-plan-debut section)) altitude)
      (plv-pc:finir profil)
+     (plv-suivre-cotes profil cotes)
      (plv-pc:dire profil)
      profil)))
 

@@ -91,8 +91,8 @@ dimensions: that is the curve, not the chords."
          (if cordes
            (plv-cotes:par-cordes profil genre rotation lesquelles courbe cordes point)
            (plv-cotes:appeler profil genre rotation lesquelles courbe point)))
-  (plv-noter-cotes cotes profil courbe)
   (mapcar 'plv-cotes:sans-moins-zero cotes)
+  (plv-noter-cotes cotes profil courbe)
   cotes)
 
 (defun plv-cotes:dire (ecrites / laissees)

@@ -75,6 +75,12 @@
   "Who takes the fingerprints of a fact's sources: (function profile facts) gives the facts with them."
   (setq plv-faits:releveur fonction))
 
+(setq plv-faits:temoin nil)
+
+(defun plv-brancher-temoin (fonction)
+  "Who is told of facts that were noted: (function profile facts), right after the things were made."
+  (setq plv-faits:temoin fonction))
+
 (defun plv-faits:remplacer (porteur entite nouveaux)
   "Facts take the place of those of the same things."
   (plv-ecrire-enregistrement porteur plv-faits:cle
@@ -91,7 +97,8 @@
       (setq faits (apply plv-faits:releveur (list profil faits)))
       (foreach entite (plv-uniques (mapcar 'plv-fait-entite faits))
         (plv-faits:remplacer (cond (entite) (profil)) entite
-          (vl-remove-if-not '(lambda (f) (eq (plv-fait-entite f) entite)) faits))))))
+          (vl-remove-if-not '(lambda (f) (eq (plv-fait-entite f) entite)) faits)))
+      (if plv-faits:temoin (apply plv-faits:temoin (list profil faits))))))
 
 (defun plv-noter-fait (profil chose precision entite reponses)
   (plv-noter-faits profil (list (plv-fait chose precision entite reponses))))

@@ -1,10 +1,22 @@
 ;; PLV-ACTUALISER: what isn't true any more is made anew, in one step that can be undone. What fails leaves the drawing as it was; files
 ;; come last, since nothing takes them back.
 
+(defun plv-actualiser:perdus (mots)
+  (foreach m mots (plv-dire (strcat "N'a pas pu être gardé: " m "."))))
+
+(defun plv-actualiser:faire (profil chose faits / leves)
+  "Makes things of a kind anew, with what hands had done to them; T, or nil after a message."
+  (if (plv-chose-lever chose)
+    (progn
+      (setq leves (apply (plv-chose-lever chose) (list profil faits)))
+      (if (apply (plv-chose-refaire chose) (list profil (car leves)))
+        (progn (plv-actualiser:perdus (apply (plv-chose-remettre chose) (list profil (cadr leves)))) T)))
+    (apply (plv-chose-refaire chose) (list profil faits))))
+
 (defun plv-actualiser:de-chose (profil chose etats / faits)
-  "Makes the stale things of a kind anew; T, or nil after a message."
+  "Makes the stale things of a kind anew."
   (setq faits (mapcar 'plv-etat-fait (vl-remove-if-not '(lambda (e) (and (plv-etat-a-refaire-p e) (= (plv-fait-chose (plv-etat-fait e)) chose))) etats)))
-  (or (not faits) (apply (plv-chose-refaire chose) (list profil faits))))
+  (or (not faits) (plv-actualiser:faire profil chose faits)))
 
 (defun plv-actualiser:profil (profil choses / etats fait)
   "The kinds one after the other, each with the state that those before it left."

@@ -7,16 +7,18 @@
 ;; its words (profile fact); from what: names of sources, or a function (profile fact) that gives them;
 ;; whether it is there (profile fact); those that are there (profile), as facts without sources, nil for files;
 ;; why it can't be made anew (profile fact), nil for no reason;
-;; how anew (profile facts): all stale ones of a kind at once; what of a hand's work is kept, see plv-mains; nil for nothing
+;; how anew (profile facts): all stale ones of a kind at once;
+;; how what a hand has done is kept: before, (profile facts) gives the facts to make anew and gestures; after, (profile gestures) does them
+;; again and gives in words what it could not. nil for a kind of which nothing is kept
 (setq plv-choses:table
   '(("TABLEAUX" plv-choses:mots-tableaux ("definition" "textes" "longueur" "distances")
-     plv-choses:tableaux-p plv-choses:tableaux nil plv-refaire-tableaux plv-textes-des-tables)
+     plv-choses:tableaux-p plv-choses:tableaux nil plv-refaire-tableaux (plv-lever-tableaux plv-remettre-tables))
     ("RAPPELS" plv-choses:mots-rappels ("altitudes" "plans" "echelle")
      plv-choses:rappels-p nil nil plv-refaire-rappels nil)
     ("RANGEE" plv-choses:mots-rangee plv-choses:sources-rangee
-     plv-choses:rangee-p nil nil plv-refaire-rangees plv-textes-des-tables)
+     plv-choses:rangee-p nil nil plv-refaire-rangees (plv-lever-rangees plv-remettre-tables))
     ("COTES" plv-choses:mots-cotes ("echelle" "textes" "plans" "courbe" "sol-courbe")
-     plv-choses:cotes-p plv-choses:cotes nil plv-refaire-cotes plv-textes-des-cotes)
+     plv-choses:cotes-p plv-choses:cotes nil plv-refaire-cotes (plv-lever-cotes plv-remettre-cotes))
     ("HACHURES" plv-choses:mots-hachures ("classes" "lignes" "sol-lignes" "plans-lignes")
      plv-choses:hachures-p plv-choses:hachures plv-choses:sans-ligne plv-refaire-hachures nil)
     ("LEGENDE" plv-choses:mots-legende ("numero" "textes" "classes" "lignes-jointes" "sol-lignes")
@@ -60,9 +62,8 @@
 
 (defun plv-chose-refaire (chose) (nth 6 (assoc chose plv-choses:table)))
 
-(defun plv-chose-textes (chose)
-  "The function that gives the texts whose place and words a hand may have changed."
-  (nth 7 (assoc chose plv-choses:table)))
+(defun plv-chose-lever (chose) (car (nth 7 (assoc chose plv-choses:table))))
+(defun plv-chose-remettre (chose) (cadr (nth 7 (assoc chose plv-choses:table))))
 
 ;; --- tables and rows; a row is known by its table's reference and its number from 0
 

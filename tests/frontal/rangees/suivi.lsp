@@ -123,3 +123,44 @@
 ((vl-remove-if-not '(lambda (e) (plv-chose-fichier-p (plv-etat-fait e))) (plv-etats c)) nil)
 (preparer (deplacer ligne 5.0))
 ((list (< 0 (length (vieux))) (vl-remove-if 'plv-etat-a-jour-p (plv-etats c))) (T nil))
+
+;; --- what a hand has done
+
+(situation "NoHandHasTouchedWhatWasMade")
+((list (plv-mains:gestes p) (plv-gestes-cotes p)) (nil nil))
+(preparer (plv-pc p "A" 110.0 28.0) (plv-pc p "M" 100.0 20.0) (command "_.MOVE" "_All" "" '(0.0 0.0) '(100.0 50.0)))
+((list (plv-mains:gestes p) (plv-gestes-cotes p)) (nil nil))
+
+(situation "WhatAHandDidIsKept")
+(preparer
+  (defun dit (mots) (ssname (ssget "X" (list '(0 . "TEXT") (cons 1 mots))) 0))
+  (defun deplace (e dx dy) (command "_.MOVE" e "" '(0.0 0.0) (list dx dy)))
+  (defun ecrire (e mots / g) (setq g (entget e)) (entmod (subst (cons 1 mots) (assoc 1 g) g)))
+  (defun place (e) (plv-premiers (cdr (assoc (if (= (+ (cdr (assoc 72 (entget e))) (cdr (assoc 73 (entget e)))) 0) 10 11) (entget e))) 2))
+  ;; an altitude of the table moved out of its row, a name written anew, a number coloured, a dimension moved
+  (setq z (dit "37.50") za (place z) nom (place (dit "B")) numero (place (dit "3")))
+  (deplace z 1.0 -12.0)
+  (ecrire (dit "B") "Seuil B")
+  (setq g (entget (dit "3"))) (entmod (append g '((62 . 5))))
+  (setq c (car (vl-remove-if-not '(lambda (e) (= (plv-cle 1 (entget e)) "46.00")) (plv-cotes-du-profil p))) ca (place c))
+  (deplace c 3.0 2.0))
+((vieux) nil)
+;; the ground changes elsewhere, and the definition: every table is drawn again, its first row higher
+(preparer (setq f (open "<dossier>t.txt" "w"))
+  (write-line "T - 8.0 4 Altitude TN\nT - 2.0 0 Numero\nT - 16 8 Obs" f) (close f)
+  (terrain 1 51.25))
+(dit (plv-actualiser (list p)) (sauf "N'a pas pu"))
+((equal (mapcar '- (place (dit "37.50")) za) '(1.0 -12.0) 1e-6) T)
+((list (= (car (place (dit "Seuil B"))) (car nom)) (ssget "X" '((0 . "TEXT") (1 . "B")))) (T nil))
+((cdr (assoc 62 (entget (dit "3")))) 5)
+((equal (car (place (car (vl-remove-if-not '(lambda (e) (= (plv-cle 1 (entget e)) "46.00")) (plv-cotes-du-profil p))))) (+ (car ca) 3.0) 1e-6) T)
+;; and again, by rows alone; the moved text stands in the row of numbers, which is filled anew
+(preparer (terrain 1 51.5))
+((sans-handles (vieux)) ("Lignes de rappel" "Rangée Altitude TN" "Export <dossier>tn.csv"))
+((plv-actualiser (list p)) T)
+((list (sslength (ssget "X" '((0 . "TEXT") (1 . "37.50")))) (equal (mapcar '- (place (dit "37.50")) za) '(1.0 -12.0) 1e-6)) (1 T))
+;; what was written goes where the value itself changes, and the user is told
+(preparer (ecrire (dit "49.50") "49.50 env.") (terrain 2 49.0))
+(dit (plv-actualiser (list p)) "N'a pas pu être gardé: rangée Altitude TN, texte écrit « 49.50 env. ».")
+((list (ssget "X" '((1 . "49.50 env."))) (type (dit "49.00"))) (nil ENAME))
+((vieux) nil)
