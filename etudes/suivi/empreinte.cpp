@@ -11,6 +11,8 @@ namespace etu {
 namespace {
 
 constexpr double kMillioniemes = 1e6;
+// Where a millionth ends: not at a half or a whole one, where surveyed numbers and their means lie, and where rounding would decide.
+constexpr double kDecalage = 0.27;
 constexpr double kPlusGrand = 9e12;  // whose millionths a whole number of 64 bits holds
 
 struct liberer {
@@ -43,8 +45,11 @@ void empreinte::octets(const void* debut, std::size_t nombre) {
 void empreinte::ajouterEntier(std::int64_t valeur) { octets(&valeur, sizeof valeur); }
 
 void empreinte::ajouterReel(double valeur) {
-  if (std::isfinite(valeur) && std::abs(valeur) < kPlusGrand) ajouterEntier(std::llround(valeur * kMillioniemes));
-  else octets(&valeur, sizeof valeur);
+  if (std::isfinite(valeur) && std::abs(valeur) < kPlusGrand) {
+    ajouterEntier(static_cast<std::int64_t>(std::floor(valeur * kMillioniemes + kDecalage)));
+  } else {
+    octets(&valeur, sizeof valeur);
+  }
 }
 
 void empreinte::ajouterTexte(std::wstring_view texte) {

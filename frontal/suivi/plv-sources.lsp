@@ -21,6 +21,7 @@
     ("projets" "les lignes de projet" plv-sources:projets)
     ("projet" "la ligne de projet" plv-sources:projet)
     ("fleches" "la ligne de projet" plv-sources:fleches)
+    ("attributs" "les blocs posés" plv-sources:attributs)
     ("blocs" "les blocs posés" plv-sources:blocs)
     ("blocs-portes" "les blocs posés" plv-sources:blocs-portes)
     ("axe" "l'axe en plan" plv-sources:axe)
@@ -166,6 +167,8 @@
   (list
     (if (setq genre (plv-sources:genre profil fait))
       (plv-pentes-ecrites profil genre (plv-rangee-nature (plv-sources:rangee fait))))))
+
+(defun plv-sources:attributs (profil fait) (list (plv-attributs-ecrits profil (plv-sources:rangee fait))))
 
 (defun plv-sources:bornes-projet (profil fait / genre)
   "Where slopes begin and end, as far as the row shows it."

@@ -50,6 +50,10 @@
                (if (plv-pente-droite-p piece) '(0.0 1.0) '(0.0 0.1 0.2 0.3 0.4 0.5 0.6 0.7 0.8 0.9 1.0)))))
     (plv-remplir:pieces (plv-cases:contexte profil) genre)))
 
+(defun plv-attributs-ecrits (profil rangee)
+  "(distance text) of the blocks that a row of attributes shows."
+  (plv-remplir:attributs-ecrits (cons (cons 'infos (plv-rangee-infos rangee)) (plv-cases:contexte profil))))
+
 ;; --- what is noted of tables that have been drawn
 
 (defun plv-rangees-de-table (reference / rang faits)

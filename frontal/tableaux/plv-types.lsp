@@ -19,7 +19,7 @@
     (8 "Observations" plv-remplir:observations nil nil ("noms"))
     (9 "Dévers" plv-remplir:devers T nil ("devers"))
     (10 "Repères" plv-remplir:reperes nil nil ("origine"))
-    (11 "Attributs" plv-remplir:attributs nil nil ("blocs"))
+    (11 "Attributs" plv-remplir:attributs nil nil ("attributs"))
     (12 "Pentes et rampes" plv-remplir:pentes T nil ("pentes-ecrites"))
     (13 "Pentes en m/m" plv-remplir:pentes-normales T nil ("pentes-ecrites"))
     (14 "Pentes en %" plv-remplir:pentes-pourcent T nil ("pentes-ecrites"))
