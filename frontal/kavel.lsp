@@ -40,7 +40,7 @@
     (feuilles (base profil tableaux metres)
      plv-encarts plv-feuilles)
     (suivi (base profil plan tableaux cotes metres echange feuilles)
-     plv-sources plv-choses plv-etat plv-refaire plv-mains plv-actualiser)
+     plv-sources plv-choses plv-etat plv-refaire plv-mains plv-actualiser plv-sortie)
     (controle (base profil tableaux echange suivi)
      plv-rapport plv-audit plv-bureau plv-survol)))
 

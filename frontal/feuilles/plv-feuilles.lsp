@@ -258,7 +258,8 @@ message."
 
 (defun c:plv-feuilles (/ profils modele place echelle titre)
   "Fait le dossier de plans: les profils sur des feuilles, en un PDF."
-  (if (and (setq profils (plv-demander-profils))
+  (if (setq profils (plv-demander-profils)) (plv-avant-sortie profils))
+  (if (and profils
            (setq modele (plv-feuilles:modele (plv-demander-texte "Dessin modèle" "cartouche.dxf")))
            (setq place (plv-feuilles:place modele)))
     (progn

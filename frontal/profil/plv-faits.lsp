@@ -67,19 +67,22 @@
 
 (defun plv-faits-sur (entite) "The facts about an entity." (plv-faits:de entite entite))
 
+;; --- what the room suivi, which stands above the makers, hangs on to
+;; releveur (profile facts): the facts with the fingerprints of their sources; temoin (profile facts): told of facts right after the things
+;; were made; sortie (profiles): told before something goes out of the drawing
+
+(setq plv-faits:branches nil)
+
+(defun plv-brancher (nom fonction) (setq plv-faits:branches (cons (cons nom fonction) plv-faits:branches)))
+
+(defun plv-faits:appeler (nom arguments / fonction)
+  (if (setq fonction (plv-cle nom plv-faits:branches)) (apply fonction arguments)))
+
+(defun plv-avant-sortie (profils)
+  "Before profiles are plotted on sheets or given to other programs: what isn't true is told, or made anew."
+  (plv-faits:appeler 'sortie (list profils)))
+
 ;; --- noting
-
-(setq plv-faits:releveur nil)
-
-(defun plv-brancher-releveur (fonction)
-  "Who takes the fingerprints of a fact's sources: (function profile facts) gives the facts with them."
-  (setq plv-faits:releveur fonction))
-
-(setq plv-faits:temoin nil)
-
-(defun plv-brancher-temoin (fonction)
-  "Who is told of facts that were noted: (function profile facts), right after the things were made."
-  (setq plv-faits:temoin fonction))
 
 (defun plv-faits:remplacer (porteur entite nouveaux)
   "Facts take the place of those of the same things."
@@ -92,13 +95,12 @@
 
 (defun plv-noter-faits (profil faits)
   "Facts that have just become true."
-  (if plv-faits:releveur
+  (if (setq faits (plv-faits:appeler 'releveur (list profil faits)))
     (progn
-      (setq faits (apply plv-faits:releveur (list profil faits)))
       (foreach entite (plv-uniques (mapcar 'plv-fait-entite faits))
         (plv-faits:remplacer (cond (entite) (profil)) entite
           (vl-remove-if-not '(lambda (f) (eq (plv-fait-entite f) entite)) faits)))
-      (if plv-faits:temoin (apply plv-faits:temoin (list profil faits))))))
+      (plv-faits:appeler 'temoin (list profil faits)))))
 
 (defun plv-noter-fait (profil chose precision entite reponses)
   (plv-noter-faits profil (list (plv-fait chose precision entite reponses))))

@@ -22,7 +22,11 @@
          (plv-point (plv-abscisse cadre (car p)) (cadr (plv-cadre-origine cadre)))))
     points))
 
-(defun plv-rappels:lignes (profil) (vl-remove-if-not 'plv-rappel-p (mapcar 'entget (plv-ajouts-tables profil))))
+(defun plv-lignes-rappel (profil)
+  "The reference lines."
+  (vl-remove-if-not '(lambda (e) (plv-rappel-p (entget e))) (plv-ajouts-tables profil)))
+
+(defun plv-rappels:lignes (profil) (mapcar 'entget (plv-lignes-rappel profil)))
 
 (defun plv-distances-rappels (profil / cadre)
   "Where reference lines stand, growing; nil without any."

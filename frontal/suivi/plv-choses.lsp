@@ -5,32 +5,32 @@
 
 ;; kind, in the order in which they are made anew;
 ;; its words (profile fact); from what: names of sources, or a function (profile fact) that gives them;
-;; whether it is there (profile fact); those that are there (profile), as facts without sources, nil for files;
+;; its entities (profile fact), nil when it isn't there; those that are there (profile), as facts without sources, nil for files;
 ;; why it can't be made anew (profile fact), nil for no reason;
 ;; how anew (profile facts): all stale ones of a kind at once;
 ;; how what a hand has done is kept: before, (profile facts) gives the facts to make anew and gestures; after, (profile gestures) does them
 ;; again and gives in words what it could not. nil for a kind of which nothing is kept
 (setq plv-choses:table
   '(("TABLEAUX" plv-choses:mots-tableaux ("definition" "textes" "longueur" "distances")
-     plv-choses:tableaux-p plv-choses:tableaux nil plv-refaire-tableaux (plv-lever-tableaux plv-remettre-tables))
+     plv-choses:references plv-choses:tableaux nil plv-refaire-tableaux (plv-lever-tableaux plv-remettre-tables))
     ("RAPPELS" plv-choses:mots-rappels ("altitudes" "plans" "echelle")
-     plv-choses:rappels-p nil nil plv-refaire-rappels nil)
+     plv-choses:rappels nil nil plv-refaire-rappels nil)
     ("RANGEE" plv-choses:mots-rangee plv-choses:sources-rangee
-     plv-choses:rangee-p nil nil plv-refaire-rangees (plv-lever-rangees plv-remettre-tables))
+     plv-choses:reference nil nil plv-refaire-rangees (plv-lever-rangees plv-remettre-tables))
     ("COTES" plv-choses:mots-cotes ("echelle" "textes" "plans" "courbe" "sol-courbe")
-     plv-choses:cotes-p plv-choses:cotes nil plv-refaire-cotes (plv-lever-cotes plv-remettre-cotes))
+     plv-choses:textes plv-choses:cotes nil plv-refaire-cotes (plv-lever-cotes plv-remettre-cotes))
     ("HACHURES" plv-choses:mots-hachures ("classes" "lignes" "sol-lignes" "plans-lignes")
-     plv-choses:hachures-p plv-choses:hachures plv-choses:sans-ligne plv-refaire-hachures nil)
+     plv-choses:surfaces plv-choses:hachures plv-choses:sans-ligne plv-refaire-hachures nil)
     ("LEGENDE" plv-choses:mots-legende ("numero" "textes" "classes" "lignes-jointes" "sol-lignes")
-     plv-choses:legende-p plv-choses:legendes plv-choses:sans-ligne plv-refaire-legendes nil)
+     plv-choses:blocs plv-choses:legendes plv-choses:sans-ligne plv-refaire-legendes nil)
     ("PLAN" plv-choses:mots-plan ("axe" "fleches" "blocs-portes" "textes")
-     plv-choses:plan-p plv-choses:plan plv-choses:sans-axe plv-refaire-plan nil)
+     plv-choses:portees plv-choses:plan plv-choses:sans-axe plv-refaire-plan nil)
     ("CLASSEUR" plv-choses:mots-classeur ("fichier" "numero" "origine" "classes" "lignes" "sol-lignes" "fixes")
-     plv-choses:fichier-p nil plv-choses:sans-ligne plv-refaire-classeurs nil)
+     plv-choses:du-fichier nil plv-choses:sans-ligne plv-refaire-classeurs nil)
     ("EXPORT" plv-choses:mots-export plv-choses:sources-export
-     plv-choses:fichier-p nil plv-choses:sans-projet plv-refaire-exports nil)
+     plv-choses:du-fichier nil plv-choses:sans-projet plv-refaire-exports nil)
     ("FEUILLES" plv-choses:mots-feuilles ("fichier" "numero" "dessin")
-     plv-choses:fichier-p nil nil plv-refaire-feuilles nil)))
+     plv-choses:du-fichier nil nil plv-refaire-feuilles nil)))
 
 (setq plv-choses:fichiers '("CLASSEUR" "EXPORT" "FEUILLES"))
 
@@ -51,7 +51,7 @@
   (setq sources (nth 2 (plv-choses:ligne fait)))
   (if (listp sources) sources (apply sources (list profil fait))))
 
-(defun plv-chose-la-p (profil fait) (plv-choses:appeler 3 profil fait))
+(defun plv-chose-entites (profil fait) (plv-choses:appeler 3 profil fait))
 
 (defun plv-choses-trouvees (profil)
   "Everything that is there, as facts."
@@ -68,12 +68,12 @@
 ;; --- tables and rows; a row is known by its table's reference and its number from 0
 
 (defun plv-choses:mots-tableaux (profil fait) "Tableaux")
-(defun plv-choses:tableaux-p (profil fait) (plv-tables profil))
+(defun plv-choses:references (profil fait) (plv-tables profil))
 (defun plv-choses:tableaux (profil)
   (if (plv-tables profil) (list (plv-fait "TABLEAUX" nil nil (list "" (if (plv-choix-tout profil) "Tous" "Espaces"))))))
 
 (defun plv-choses:mots-rappels (profil fait) "Lignes de rappel")
-(defun plv-choses:rappels-p (profil fait) (plv-distances-rappels profil))
+(defun plv-choses:rappels (profil fait) (plv-lignes-rappel profil))
 
 (defun plv-choses:rangee (fait) (plv-rangee (plv-fait-entite fait) (atoi (plv-fait-precision fait))))
 
@@ -84,8 +84,8 @@
 (defun plv-choses:sources-rangee (profil fait)
   (vl-list* "textes" "longueur" (plv-sources-de-type (plv-rangee-nature (plv-choses:rangee fait)))))
 
-(defun plv-choses:rangee-p (profil fait)
-  (and (member (plv-fait-entite fait) (plv-tables profil)) (plv-choses:rangee fait)))
+(defun plv-choses:reference (profil fait)
+  (if (and (member (plv-fait-entite fait) (plv-tables profil)) (plv-choses:rangee fait)) (list (plv-fait-entite fait))))
 
 ;; --- dimensions, curve by curve
 
@@ -95,10 +95,10 @@
             " (" (plv-type (plv-fait-entite fait)) " " (plv-handle (plv-fait-entite fait)) ")")
     "Cotes d'une courbe effacée"))
 
-(defun plv-choses:cotes-p (profil fait / courbe)
-  "Whether dimensions of the curve stand, or some whose curve is gone."
-  (setq courbe (plv-fait-entite fait))
-  (vl-some '(lambda (c) (eq (plv-cote-courbe c) (if (plv-existe courbe) courbe))) (plv-cotes-du-profil profil)))
+(defun plv-choses:textes (profil fait / courbe)
+  "The dimensions of the curve, or those whose curve is gone."
+  (setq courbe (if (plv-existe (plv-fait-entite fait)) (plv-fait-entite fait)))
+  (vl-remove-if-not '(lambda (c) (eq (plv-cote-courbe c) courbe)) (plv-cotes-du-profil profil)))
 
 (defun plv-choses:cotes (profil)
   (mapcar '(lambda (courbe) (plv-fait "COTES" nil courbe nil))
@@ -111,7 +111,7 @@
 ;; --- quantities
 
 (defun plv-choses:mots-hachures (profil fait) (strcat "Hachures " (plv-fait-genre fait)))
-(defun plv-choses:hachures-p (profil fait) (plv-hachures-du-profil profil (plv-fait-genre fait)))
+(defun plv-choses:surfaces (profil fait) (plv-hachures-du-profil profil (plv-fait-genre fait)))
 (defun plv-choses:hachures (profil)
   (mapcar '(lambda (genre) (plv-fait "HACHURES" genre nil nil))
     (vl-remove-if-not '(lambda (genre) (plv-hachures-du-profil profil genre)) (plv-genres-projet))))
@@ -120,7 +120,7 @@
   (if (not (plv-elements profil (plv-fait-genre fait))) (strcat "il n'y a plus de ligne " (plv-fait-genre fait))))
 
 (defun plv-choses:mots-legende (profil fait) (strcat "Légende " (plv-fait-genre fait)))
-(defun plv-choses:legende-p (profil fait) (plv-legendes-du-genre profil (plv-fait-genre fait)))
+(defun plv-choses:blocs (profil fait) (plv-legendes-du-genre profil (plv-fait-genre fait)))
 (defun plv-choses:legendes (profil)
   (mapcar '(lambda (genre) (plv-fait "LEGENDE" genre nil nil))
     (vl-remove-if-not '(lambda (genre) (plv-legendes-du-genre profil genre)) (plv-genres-projet))))
@@ -128,14 +128,14 @@
 ;; --- the axis in plan
 
 (defun plv-choses:mots-plan (profil fait) "Report sur l'axe en plan")
-(defun plv-choses:plan-p (profil fait) (plv-portes-sur-plan profil))
+(defun plv-choses:portees (profil fait) (plv-portes-sur-plan profil))
 (defun plv-choses:plan (profil) (if (plv-portes-sur-plan profil) (list (plv-fait "PLAN" nil nil nil))))
 (defun plv-choses:sans-axe (profil fait) (if (not (plv-axe-plan profil)) "il n'y a plus d'axe en plan"))
 
 ;; --- files. A copied profile has its original's facts, but the files are not made of it.
 
-(defun plv-choses:fichier-p (profil fait)
-  (and (= (plv-fait-profil fait) (plv-handle profil)) (findfile (plv-fait-fichier fait))))
+(defun plv-choses:du-fichier (profil fait)
+  (if (and (= (plv-fait-profil fait) (plv-handle profil)) (findfile (plv-fait-fichier fait))) (list profil)))
 
 (defun plv-choses:mots-classeur (profil fait) (strcat "Classeur " (plv-fait-fichier fait)))
 (defun plv-choses:mots-export (profil fait) (strcat "Export " (plv-fait-fichier fait)))

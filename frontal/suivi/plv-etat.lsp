@@ -21,7 +21,7 @@
   (vl-remove-if-not 'cdr
     (mapcar '(lambda (nom) (cons nom (plv-source-empreinte profil fait nom))) (plv-chose-sources profil fait))))
 
-(plv-brancher-releveur 'plv-etat:relever)
+(plv-brancher 'releveur 'plv-etat:relever)
 
 (setq plv-etat:sans-suivi "fait sans que ses sources soient notées")
 
@@ -55,7 +55,7 @@
 
 (defun plv-etat:faits (profil / faits)
   "The facts of what is there; what is there without one has a fact without sources."
-  (setq faits (vl-remove-if-not '(lambda (f) (and (assoc (plv-fait-chose f) plv-choses:table) (plv-chose-la-p profil f))) (plv-etat:notes profil)))
+  (setq faits (vl-remove-if-not '(lambda (f) (and (assoc (plv-fait-chose f) plv-choses:table) (plv-chose-entites profil f))) (plv-etat:notes profil)))
   (append faits
     (vl-remove-if '(lambda (trouvee) (vl-some '(lambda (f) (plv-meme-chose-p f trouvee)) faits)) (plv-choses-trouvees profil))))
 
@@ -74,6 +74,19 @@
     (plv-etat:abimes profil refus)
     (plv-avec-lectures
       '(lambda () (mapcar '(lambda (fait) (plv-etat:de profil fait)) (plv-etat:ranger (plv-etat:faits profil)))))))
+
+;; --- where in the drawing
+
+(defun plv-etat-boite (profil etat / fait entites)
+  "What a thing covers; nil for files, which are nowhere in it."
+  (setq fait (plv-etat-fait etat) entites (plv-chose-entites profil fait))
+  (cond
+    ((or (not entites) (plv-chose-fichier-p fait)) nil)
+    ((= (plv-fait-chose fait) "RANGEE") (plv-boite-rangee profil (plv-fait-entite fait) (atoi (plv-fait-precision fait))))
+    (T (plv-etat:boite-de entites))))
+
+(defun plv-etat:boite-de (entites / coins)
+  (if (setq coins (etendue-tracee entites)) (list (caar coins) (cadar coins) (caadr coins) (cadadr coins))))
 
 ;; --- in words
 

@@ -33,7 +33,7 @@
         (plv-mains:ecrire reference (atoi (plv-fait-precision fait)) (nth (atoi (plv-fait-precision fait)) bandes)
           (nth (atoi (plv-fait-precision fait)) places))))))
 
-(plv-brancher-temoin 'plv-noter-mains)
+(plv-brancher 'temoin 'plv-noter-mains)
 
 ;; --- reading: rows as (reference rank key top), places as they would stand now
 

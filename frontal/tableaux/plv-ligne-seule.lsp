@@ -11,6 +11,11 @@
     (setq haut (- haut (* e (plv-rangee-hauteur (car suivantes)))) suivantes (cdr suivantes)))
   (list haut (- haut (* e (plv-rangee-hauteur (car suivantes))))))
 
+(defun plv-boite-rangee (profil reference rang / bande x)
+  "What a row covers: (x1 y1 x2 y2)."
+  (setq bande (plv-seule:bande reference rang) x (car (plv-origine reference)))
+  (list x (cadr bande) (+ x (plv-largeur-tables profil)) (car bande)))
+
 (defun plv-seule:ordonnees (groupes / c)
   "The ordinates by which an entity belongs to a row."
   (setq c (caddr (assoc 10 groupes)))

@@ -76,6 +76,11 @@ void DrawingView::refresh() {
   askPicture();
 }
 
+void DrawingView::frame(std::vector<AcDbExtents> stale) {
+  stale_ = std::move(stale);
+  update();
+}
+
 void DrawingView::startAnew() {
   windowStart_.reset();
   snap_.reset();
@@ -162,6 +167,7 @@ void DrawingView::paintEvent(QPaintEvent*) {
   drawPicture(painter, port);
   painter.setRenderHint(QPainter::Antialiasing);
   ViewMarks marks(painter, port, ground_.lightness() < 128);
+  marks.frames(stale_);
   marks.list(hovered_, Emphasis::hover);
   marks.list(selected_, Emphasis::selected);
   const Transients& transients = drawing_.document().transients();
