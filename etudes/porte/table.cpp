@@ -45,15 +45,18 @@ constexpr ligneFonction kTable[] = {
      L"réels comptent au millionième, les points des entités depuis l'origine; avec aspect, calques, couleurs et "
      L"textes "
      L"comptent aussi."},
-    {L"et_places", et_places, L"(et_places entités ordonnées)",
-     L"Où sont les textes d'une liste d'entités: pour chaque bande entre deux ordonnées, de haut en bas, une liste de "
-     L"(x y "
-     L"somme); la somme dit les mots."},
-    {L"et_ecarts", et_ecarts, L"(et_ecarts entités places)",
-     L"Ce qu'une main a changé aux textes d'une liste d'entités, d'après leurs places: (texte place dx dy réécrit) "
-     L"pour "
-     L"chacun, des "
-     L"numéros comptés de 0. Un texte qui a une couleur à lui en est; un texte sans place n'en est pas."},
+    {L"et_noter_textes", et_noter_textes, L"(et_noter_textes entités rangées)",
+     L"Garde où sont les textes d'une liste d'entités, rangée par rangée; une rangée est (porteur clé x haut bas), ses "
+     L"places "
+     L"un enregistrement du porteur."},
+    {L"et_ecarts", et_ecarts, L"(et_ecarts entités rangées)",
+     L"Ce qu'une main a changé aux textes, d'après les places gardées: (texte rangée x y dx dy réécrit somme) pour "
+     L"chacun, "
+     L"texte et rangée par leur numéro, de 0. Un texte qui a une couleur à lui en est; un texte sans place n'en est "
+     L"pas."},
+    {L"et_somme", et_somme, L"(et_somme texte)", L"La somme qui dit les mots d'un texte."},
+    {L"et_dans_bande", et_dans_bande, L"(et_dans_bande entités haut bas)",
+     L"Les lignes, arcs, textes et blocs d'une liste qui sont entre deux ordonnées."},
 };
 
 void et_aide() {

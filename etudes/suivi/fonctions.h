@@ -4,7 +4,9 @@
 namespace etu {
 
 void et_empreinte();
-void et_places();
+void et_noter_textes();
 void et_ecarts();
+void et_somme();
+void et_dans_bande();
 
 }  // namespace etu

@@ -1,104 +1,161 @@
-// et_places and et_ecarts: places of texts and what a hand has changed of them, from AutoLISP.
-// Lists of entities are lists of their names; a place is (x y checksum). A list of lists is returned with a bracket pair of its own.
+// et_noter_textes, et_ecarts and et_dans_bande: where the texts of rows stand, and what a hand has changed of them, from AutoLISP.
+// A row is (entity key x top [bottom]): its places are kept in an Xrecord of the entity, groups 10 of x from the row's x, y from its top
+// and the checksum of the words. A list of lists is returned with a bracket pair of its own.
 #include <algorithm>
+#include <cmath>
+#include <string>
 
 #include "etudes/suivi/fonctions.h"
 #include "etudes/suivi/places.h"
+#include "hote/acdb.h"
+#include "hote/dbents.h"
 #include "module/commande/arguments/argsLisp.h"
 #include "module/commande/arguments/listeRb.h"
+#include "module/support/dessin/kitXrecords.h"
 
 namespace etu {
 
 namespace {
 
-// The texts among the entities of a list that begins at this node, which moves behind it; with their numbers in the list.
-struct textesLus {
-  std::vector<texte> textes;
-  std::vector<int> numeros;
-};
-
-textesLus lireListe(const resbuf*& noeud) {
-  textesLus lus;
-  if (!noeud || noeud->restype != RTLB) {
-    if (noeud) noeud = noeud->rbnext;  // nil
-    return lus;
-  }
-  int numero = 0;
-  for (noeud = noeud->rbnext; noeud && noeud->restype != RTLE; noeud = noeud->rbnext, ++numero) {
-    if (!plv::estNom(noeud)) continue;
-    if (const auto t = lireTexte(noeud->resval.rlname)) {
-      lus.textes.push_back(*t);
-      lus.numeros.push_back(numero);
-    }
-  }
-  if (noeud) noeud = noeud->rbnext;
-  return lus;
+// The entities of a list that begins at this node, which moves behind it.
+std::vector<AcDbObjectId> lireEntites(const resbuf*& noeud) {
+  std::vector<AcDbObjectId> ids;
+  if (!noeud) return ids;
+  const bool liste = noeud->restype == RTLB;
+  for (noeud = noeud->rbnext; liste && noeud && noeud->restype != RTLE; noeud = noeud->rbnext)
+    if (plv::estNom(noeud)) ids.push_back(plv::valeurId(noeud));
+  if (liste && noeud) noeud = noeud->rbnext;
+  return ids;
 }
 
-std::vector<place> lirePlaces(const resbuf* noeud) {
+struct rangee {
+  AcDbObjectId porteur;
+  std::wstring cle;
+  double x = 0, haut = 0, bas = 0;
+};
+
+std::vector<rangee> lireRangees(const resbuf* noeud) {
+  std::vector<rangee> rangees;
+  for (; noeud; noeud = noeud->rbnext) {
+    if (!plv::estNom(noeud) || !plv::estChaine(noeud->rbnext)) continue;
+    rangee r{plv::valeurId(noeud), plv::valeurTexte(noeud->rbnext)};
+    double* const valeurs[] = {&r.x, &r.haut, &r.bas};
+    const resbuf* nombre = noeud->rbnext->rbnext;
+    for (double* const valeur : valeurs) {
+      if (!plv::estNombre(nombre)) break;
+      *valeur = plv::valeurReelle(nombre);
+      nombre = nombre->rbnext;
+    }
+    rangees.push_back(std::move(r));
+  }
+  return rangees;
+}
+
+std::vector<place> lirePlaces(const rangee& r) {
   std::vector<place> places;
-  for (; noeud && noeud->restype != RTLE; noeud = noeud->rbnext)
-    if (plv::estPoint(noeud))
-      places.push_back({noeud->resval.rpoint[0], noeud->resval.rpoint[1], noeud->resval.rpoint[2]});
+  plv::listeRb lue(plv::lireXrecord(r.porteur, r.cle.c_str()));
+  for (const resbuf* g = lue.tete(); g; g = g->rbnext)
+    if (g->restype == plv::kGroupePoint)
+      places.push_back({g->resval.rpoint[0] + r.x, g->resval.rpoint[1] + r.haut, g->resval.rpoint[2]});
   return places;
 }
 
-std::vector<double> lireReels(const resbuf* noeud) {
-  std::vector<double> reels;
-  for (; noeud && noeud->restype != RTLE; noeud = noeud->rbnext) {
-    // Two or three numbers reach a function as a point.
-    if (plv::estPoint(noeud)) {
-      reels.insert(reels.end(), noeud->resval.rpoint, noeud->resval.rpoint + (noeud->restype == RT3DPOINT ? 3 : 2));
-    } else if (plv::estNombre(noeud)) {
-      reels.push_back(plv::valeurReelle(noeud));
-    }
+void ecrirePlaces(const rangee& r, const std::vector<texte>& textes) {
+  plv::listeRb chaine;
+  for (const texte& t : textes) {
+    if (t.milieu > r.haut || t.milieu <= r.bas) continue;
+    const ads_point p{t.lieu.x - r.x, t.lieu.y - r.haut, t.lieu.mots};
+    chaine.ajouter(acutBuildList(plv::kGroupePoint, p, 0));
   }
-  return reels;
+  plv::ecrireXrecord(r.porteur, r.cle.c_str(), chaine.tete());
+}
+
+// The ordinates by which an entity belongs to a row: the ends of a line or arc, the point of a text or reference.
+std::vector<double> ordonnees(AcDbObjectId id) {
+  const AcDbEntityPointer entite(id);
+  if (entite.openStatus() != Acad::eOk) return {};
+  if (const auto* ligne = AcDbLine::cast(entite.object())) return {ligne->startPoint().y, ligne->endPoint().y};
+  if (const auto* t = AcDbText::cast(entite.object()))
+    return {t->isDefaultAlignment() ? t->position().y : t->alignmentPoint().y};
+  if (const auto* bloc = AcDbBlockReference::cast(entite.object())) return {bloc->position().y};
+  if (const auto* arc = AcDbArc::cast(entite.object()))
+    return {arc->center().y + arc->radius() * std::sin(arc->startAngle()),
+            arc->center().y + arc->radius() * std::sin(arc->endAngle())};
+  return {};
 }
 
 }  // namespace
 
-void et_places() {
+void et_noter_textes() {
   plv::ArgsLisp args;
   plv::commencerAppel(args);
   const resbuf* noeud = args.nieme(0);
-  const textesLus lus = lireListe(noeud);
-  const std::vector<double> bornes = lireReels(noeud);  // descending
-  if (bornes.size() < 2) return;
-  std::vector<std::vector<place>> bandes(bornes.size() - 1);
-  for (const texte& t : lus.textes) {
-    const auto sous = std::upper_bound(bornes.begin(), bornes.end(), t.milieu, std::greater<>());
-    if (sous != bornes.begin() && sous != bornes.end())
-      bandes[static_cast<std::size_t>(sous - bornes.begin()) - 1].push_back(t.lieu);
-  }
-  plv::listeRb liste;
-  liste.ajouter(acutBuildList(RTLB, 0));
-  for (const auto& bande : bandes) {
-    liste.ajouter(acutBuildList(RTLB, 0));
-    for (const place& p : bande) liste.ajouter(acutBuildList(RTLB, RTREAL, p.x, RTREAL, p.y, RTREAL, p.mots, RTLE, 0));
-    liste.ajouter(acutBuildList(RTLE, 0));
-  }
-  liste.ajouter(acutBuildList(RTLE, 0));
-  acedRetList(liste.tete());
+  std::vector<texte> textes;
+  for (const AcDbObjectId id : lireEntites(noeud))
+    if (const auto t = lireTexte(id)) textes.push_back(*t);
+  for (const rangee& r : lireRangees(noeud)) ecrirePlaces(r, textes);
+  acedRetT();
 }
 
 void et_ecarts() {
   plv::ArgsLisp args;
   plv::commencerAppel(args);
   const resbuf* noeud = args.nieme(0);
-  const textesLus lus = lireListe(noeud);
-  const std::vector<place> places = lirePlaces(noeud && noeud->restype == RTLB ? noeud->rbnext : noeud);
-  const std::vector<ecart> trouves = ecarts(lus.textes, places);
+  const std::vector<AcDbObjectId> ids = lireEntites(noeud);
+  const std::vector<rangee> rangees = lireRangees(noeud);
+  std::vector<texte> textes;
+  std::vector<int> numeros, proprietaires;
+  for (std::size_t i = 0; i < ids.size(); ++i) {
+    const auto t = lireTexte(ids[i]);
+    if (!t) continue;
+    textes.push_back(*t);
+    numeros.push_back(static_cast<int>(i));
+  }
+  std::vector<place> places;
+  for (std::size_t i = 0; i < rangees.size(); ++i) {
+    const std::vector<place> siennes = lirePlaces(rangees[i]);
+    places.insert(places.end(), siennes.begin(), siennes.end());
+    proprietaires.resize(places.size(), static_cast<int>(i));
+  }
+  const std::vector<ecart> trouves = ecarts(textes, places);
   if (trouves.empty()) return;
   plv::listeRb liste;
   liste.ajouter(acutBuildList(RTLB, 0));
   for (const ecart& e : trouves) {
-    const bool reecrit = lus.textes[e.texte].lieu.mots != places[e.place].mots;
-    liste.ajouter(acutBuildList(RTLB, RTLONG, lus.numeros[e.texte], RTLONG, static_cast<int>(e.place), RTREAL, e.dx,
-                                RTREAL, e.dy, reecrit ? RTT : RTNIL, RTLE, 0));
+    const place& p = places[e.place];
+    const rangee& r = rangees[static_cast<std::size_t>(proprietaires[e.place])];
+    liste.ajouter(acutBuildList(RTLB, RTLONG, numeros[e.texte], RTLONG, proprietaires[e.place], RTREAL, p.x - r.x,
+                                RTREAL, p.y - r.haut, RTREAL, e.dx, RTREAL, e.dy,
+                                textes[e.texte].lieu.mots != p.mots ? RTT : RTNIL, RTREAL, p.mots, RTLE, 0));
   }
   liste.ajouter(acutBuildList(RTLE, 0));
   acedRetList(liste.tete());
+}
+
+void et_somme() {
+  plv::ArgsLisp args;
+  plv::commencerAppel(args);
+  const resbuf* noeud = args.nieme(0);
+  if (!plv::estNom(noeud)) return;
+  if (const auto t = lireTexte(plv::valeurId(noeud))) acedRetReal(t->lieu.mots);
+}
+
+void et_dans_bande() {
+  plv::ArgsLisp args;
+  plv::commencerAppel(args);
+  const resbuf* noeud = args.nieme(0);
+  const std::vector<AcDbObjectId> ids = lireEntites(noeud);
+  if (!plv::estNombre(noeud) || !plv::estNombre(noeud->rbnext)) return;
+  const double haut = plv::valeurReelle(noeud) + 1e-6, bas = plv::valeurReelle(noeud->rbnext) - 1e-6;
+  plv::listeRb liste;
+  for (const AcDbObjectId id : ids) {
+    const std::vector<double> siennes = ordonnees(id);
+    if (siennes.empty() || !std::ranges::all_of(siennes, [&](double y) { return bas <= y && y <= haut; })) continue;
+    ads_name nom{};
+    acdbGetAdsName(nom, id);
+    liste.ajouter(acutBuildList(RTENAME, nom, 0));
+  }
+  if (liste.tete()) acedRetList(liste.tete());
 }
 
 }  // namespace etu

@@ -4,41 +4,22 @@
 #include <cmath>
 #include <cstdint>
 #include <map>
-#include <memory>
 #include <string_view>
 #include <utility>
 
-#include "hote/acut.h"
+#include "hote/dbents.h"
 
 namespace etu {
 
 namespace {
 
 constexpr double kMemePlace = 1e-3;  // drawing units
-
-struct liberer {
-  void operator()(resbuf* chaine) const { acutRelRb(chaine); }
-};
+constexpr int kCouleurDuCalque = 256;
 
 double sommeDe(std::wstring_view mots) {
   std::uint32_t somme = 2166136261U;
   for (const wchar_t lettre : mots) somme = (somme ^ static_cast<std::uint32_t>(lettre)) * 16777619U;
   return somme & 0xFFFFFFU;
-}
-
-struct groupesTexte {
-  AcGePoint3d debut, alignement;
-  double hauteur = 0, rotation = 0;
-  bool justifie = false;
-};
-
-texte assembler(const groupesTexte& g, texte t) {
-  const AcGePoint3d& lieu = g.justifie ? g.alignement : g.debut;
-  t.lieu.x = lieu.x;
-  t.lieu.y = lieu.y;
-  t.milieu = g.justifie ? (g.debut.y + g.alignement.y) / 2
-                        : g.debut.y + 0.3 * g.hauteur * (std::sin(g.rotation) + std::cos(g.rotation));
-  return t;
 }
 
 class grille {
@@ -91,27 +72,18 @@ class grille {
 
 }  // namespace
 
-std::optional<texte> lireTexte(const ads_name entite) {
-  const std::unique_ptr<resbuf, liberer> lus(acdbEntGet(entite));
-  groupesTexte g;
+std::optional<texte> lireTexte(AcDbObjectId id) {
+  const AcDbObjectPointer<AcDbText> lu(id);
+  if (lu.openStatus() != Acad::eOk) return {};
+  const AcGePoint3d debut = lu->position();
+  const bool justifie = !lu->isDefaultAlignment();
+  const AcGePoint3d lieu = justifie ? lu->alignmentPoint() : debut;
   texte t;
-  bool estTexte = false;
-  for (const resbuf* groupe = lus.get(); groupe; groupe = groupe->rbnext) {
-    switch (groupe->restype) {
-      case 0: estTexte = groupe->resval.rstring && std::wstring_view(groupe->resval.rstring) == L"TEXT"; break;
-      case 1: t.lieu.mots = sommeDe(groupe->resval.rstring ? groupe->resval.rstring : L""); break;
-      case 10: g.debut = {groupe->resval.rpoint[0], groupe->resval.rpoint[1], 0}; break;
-      case 11: g.alignement = {groupe->resval.rpoint[0], groupe->resval.rpoint[1], 0}; break;
-      case 40: g.hauteur = groupe->resval.rreal; break;
-      case 50: g.rotation = groupe->resval.rreal; break;
-      case 62: t.coloree = groupe->resval.rint != 256; break;
-      case 72:
-      case 73: g.justifie = g.justifie || groupe->resval.rint != 0; break;
-      default: break;
-    }
-  }
-  if (!estTexte) return {};
-  return assembler(g, t);
+  t.lieu = {lieu.x, lieu.y, sommeDe(lu->textString().kACharPtr())};
+  t.milieu = justifie ? (debut.y + lieu.y) / 2
+                      : debut.y + 0.3 * lu->height() * (std::sin(lu->rotation()) + std::cos(lu->rotation()));
+  t.coloree = lu->colorIndex() != kCouleurDuCalque;
+  return t;
 }
 
 std::vector<ecart> ecarts(std::span<const texte> textes, std::span<const place> places) {

@@ -4,7 +4,7 @@
 #include <span>
 #include <vector>
 
-#include "hote/acdb.h"
+#include "hote/dbid.h"
 #include "hote/ge.h"
 
 namespace etu {
@@ -22,7 +22,7 @@ struct texte {
 };
 
 // Nothing for an entity that is no single-line text.
-std::optional<texte> lireTexte(const ads_name entite);
+std::optional<texte> lireTexte(AcDbObjectId id);
 
 // What has become of the text of a place.
 struct ecart {

@@ -60,10 +60,12 @@
   (setq groupes (plv-enregistrement profil (plv-metres:cle-hachures genre)))
   (append (plv-cles 330 groupes) (mapcar 'handent (plv-cles 300 groupes))))
 
-(defun plv-hachures-du-profil (profil genre / autres)
+(defun plv-hachures-du-profil (profil genre / siennes autres)
   "The noted hatches that are still in the drawing and no other profile's."
-  (setq autres (apply 'append (mapcar '(lambda (p) (plv-metres:notees p genre)) (plv-aines profil))))
-  (vl-remove-if-not '(lambda (h) (and (plv-metres:hachure-p h) (not (member h autres)))) (plv-metres:notees profil genre)))
+  (if (setq siennes (vl-remove-if-not 'plv-metres:hachure-p (plv-metres:notees profil genre)))
+    (progn
+      (setq autres (apply 'append (mapcar '(lambda (p) (plv-metres:notees p genre)) (plv-aines profil))))
+      (vl-remove-if '(lambda (h) (member h autres)) siennes))))
 
 (defun plv-metres:garder (profil genre hachures)
   "The hatches take the place of those that the same kind of line had before."

@@ -17,10 +17,6 @@
   "The curve of a dimension; nil when it is gone."
   (plv-nommee cote plv-posees:cle-courbe))
 
-(defun plv-courbes-cotees (profil)
-  "The curves that have dimensions."
-  (vl-remove nil (plv-uniques (mapcar 'plv-cote-courbe (plv-cotes-du-profil profil)))))
-
 (defun plv-cote-altitude-p (cote)
   "T for an altitude, nil for a height over the ground: the module centres the ones and begins the others at their point."
   (= (plv-cle 72 (entget cote)) 4))

@@ -16,18 +16,21 @@
 (defun plv-actualiser:de-chose (profil chose etats / faits)
   "Makes the stale things of a kind anew."
   (setq faits (mapcar 'plv-etat-fait (vl-remove-if-not '(lambda (e) (and (plv-etat-a-refaire-p e) (= (plv-fait-chose (plv-etat-fait e)) chose))) etats)))
+  ;; the rows of tables that were drawn anew are gone
+  (setq faits (vl-remove-if-not '(lambda (f) (or (plv-chose-orpheline-p f) (plv-chose-entites profil f))) faits))
   (or (not faits) (plv-actualiser:faire profil chose faits)))
 
-(defun plv-actualiser:profil (profil choses / etats fait)
-  "The kinds one after the other, each with the state that those before it left."
-  (setq fait T)
-  (foreach chose choses
-    (if (and fait (setq etats (plv-etats profil)))
-      (setq fait (plv-actualiser:de-chose profil chose etats))))
-  fait)
+(defun plv-actualiser:profil (profil choses etats)
+  "The kinds one after the other. None in the drawing is made of another one; files are made of all."
+  (vl-every '(lambda (chose) (plv-actualiser:de-chose profil chose etats)) choses))
 
-(defun plv-actualiser:tous (profils choses)
-  (vl-every '(lambda (p) (plv-actualiser:profil p choses)) profils))
+(defun plv-actualiser:tous (etats choses)
+  (vl-every '(lambda (siens) (plv-actualiser:profil (car siens) choses (cdr siens))) etats))
+
+(defun plv-actualiser:fichiers (profils)
+  "What files are made of is known when the drawing is as it should be."
+  (setq profils (vl-remove-if-not '(lambda (p) (vl-some 'plv-chose-fichier-p (plv-faits p))) profils))
+  (plv-actualiser:tous (mapcar '(lambda (p) (cons p (plv-etats p))) profils) plv-choses-fichiers))
 
 (defun plv-actualiser:reussi (fonction / fait)
   "T when a function does its work; nil when it fails, with what it failed of."
@@ -46,29 +49,28 @@
   (setvar "CMDECHO" echo)
   (eq fait T))
 
-(defun plv-actualiser:choses (fichiers)
-  "The kinds that are files, or those in the drawing."
-  (vl-remove-if
-    '(lambda (chose) (if (plv-chose-fichier-p (list chose)) (not fichiers) fichiers))
-    (plv-choses)))
-
-(defun plv-actualiser:stales (profils valeur)
+(defun plv-actualiser:de-valeur (etats valeur)
   "(profile . state) of all that has a state."
   (apply 'append
-    (mapcar '(lambda (p) (mapcar '(lambda (e) (cons p e)) (vl-remove-if-not '(lambda (e) (= (plv-etat-valeur e) valeur)) (plv-etats p)))) profils)))
+    (mapcar
+      '(lambda (siens) (mapcar '(lambda (e) (cons (car siens) e)) (vl-remove-if-not '(lambda (e) (= (plv-etat-valeur e) valeur)) (cdr siens))))
+      etats)))
 
-(defun plv-actualiser (profils / stales fait)
-  "Makes anew what isn't true of profiles; T, or nil after a message."
-  (setq stales (plv-actualiser:stales profils "a-refaire"))
-  (if stales
-    (setq fait
-      (plv-actualiser:en-une-fois
-        '(lambda () (plv-actualiser:tous profils (plv-actualiser:choses nil)))
-        '(lambda () (plv-actualiser:tous profils (plv-actualiser:choses T)))))
-    (setq fait T))
-  (foreach reste (plv-actualiser:stales profils "impossible")
+(defun plv-actualiser:dire (vieilles impossibles fait)
+  (foreach reste impossibles
     (plv-dire (strcat (plv-chose-en-mots (car reste) (plv-etat-fait (cdr reste))) ": " (plv-joindre (plv-etat-raisons (cdr reste)) ", "))))
-  (if fait (plv-dire (if stales (strcat (plv-compte (length stales) "chose") " mise" (if (cdr stales) "s" "") " à jour.") "Tout était à jour.")))
+  (if fait
+    (plv-dire (if vieilles (strcat (plv-compte (length vieilles) "chose") " mise" (if (cdr vieilles) "s" "") " à jour.") "Tout était à jour."))))
+
+(defun plv-actualiser (profils / etats vieilles fait)
+  "Makes anew what isn't true of profiles; T, or nil after a message."
+  (setq etats (mapcar '(lambda (p) (cons p (plv-etats p))) profils)
+        vieilles (plv-actualiser:de-valeur etats "a-refaire")
+        fait (or (not vieilles)
+                 (plv-actualiser:en-une-fois
+                   '(lambda () (plv-actualiser:tous etats (vl-remove-if '(lambda (c) (member c plv-choses-fichiers)) (plv-choses))))
+                   '(lambda () (plv-actualiser:fichiers profils)))))
+  (plv-actualiser:dire vieilles (plv-actualiser:de-valeur etats "impossible") fait)
   fait)
 
 (defun c:plv-actualiser ()

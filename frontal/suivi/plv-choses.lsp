@@ -32,9 +32,9 @@
     ("FEUILLES" plv-choses:mots-feuilles ("fichier" "numero" "dessin")
      plv-choses:du-fichier nil nil plv-refaire-feuilles nil)))
 
-(setq plv-choses:fichiers '("CLASSEUR" "EXPORT" "FEUILLES"))
+(setq plv-choses-fichiers '("CLASSEUR" "EXPORT" "FEUILLES"))
 
-(defun plv-chose-fichier-p (fait) (member (plv-fait-chose fait) plv-choses:fichiers))
+(defun plv-chose-fichier-p (fait) (member (plv-fait-chose fait) plv-choses-fichiers))
 
 (defun plv-choses:ligne (fait) (assoc (plv-fait-chose fait) plv-choses:table))
 
@@ -98,11 +98,15 @@
 (defun plv-choses:textes (profil fait / courbe)
   "The dimensions of the curve, or those whose curve is gone."
   (setq courbe (if (plv-existe (plv-fait-entite fait)) (plv-fait-entite fait)))
-  (vl-remove-if-not '(lambda (c) (eq (plv-cote-courbe c) courbe)) (plv-cotes-du-profil profil)))
+  (vl-remove-if-not '(lambda (c) (eq (plv-cote-courbe c) courbe)) (plv-choses:cotes-posees profil)))
 
-(defun plv-choses:cotes (profil)
-  (mapcar '(lambda (courbe) (plv-fait "COTES" nil courbe nil))
-    (append (plv-courbes-cotees profil) (if (not (vl-every 'plv-cote-courbe (plv-cotes-du-profil profil))) '(nil)))))
+(defun plv-choses:cotes-posees (profil) (plv-sources:lire (list "cotes" profil) '(lambda () (plv-cotes-du-profil profil))))
+
+(defun plv-courbes-cotees (profil)
+  "The curves that have dimensions, nil among them when one is gone."
+  (plv-uniques (mapcar 'plv-cote-courbe (plv-choses:cotes-posees profil))))
+
+(defun plv-choses:cotes (profil) (mapcar '(lambda (courbe) (plv-fait "COTES" nil courbe nil)) (plv-courbes-cotees profil)))
 
 (defun plv-chose-orpheline-p (fait)
   "Whether the curve of dimensions is gone."
@@ -120,10 +124,11 @@
   (if (not (plv-elements profil (plv-fait-genre fait))) (strcat "il n'y a plus de ligne " (plv-fait-genre fait))))
 
 (defun plv-choses:mots-legende (profil fait) (strcat "Légende " (plv-fait-genre fait)))
-(defun plv-choses:blocs (profil fait) (plv-legendes-du-genre profil (plv-fait-genre fait)))
+(defun plv-choses:blocs (profil fait) (plv-cle (plv-fait-genre fait) (plv-choses:legendes-par-genre profil)))
+(defun plv-choses:legendes-par-genre (profil)
+  (plv-sources:lire (list "legendes" profil) '(lambda () (plv-legendes-par-genre profil))))
 (defun plv-choses:legendes (profil)
-  (mapcar '(lambda (genre) (plv-fait "LEGENDE" genre nil nil))
-    (vl-remove-if-not '(lambda (genre) (plv-legendes-du-genre profil genre)) (plv-genres-projet))))
+  (mapcar '(lambda (genre) (plv-fait "LEGENDE" (car genre) nil nil)) (plv-choses:legendes-par-genre profil)))
 
 ;; --- the axis in plan
 

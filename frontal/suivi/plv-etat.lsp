@@ -51,7 +51,7 @@
 (defun plv-etat:notes (profil)
   "The facts of a profile, those about its tables and dimensioned curves too."
   (append (plv-faits profil)
-    (apply 'append (mapcar 'plv-faits-sur (append (plv-tables profil) (plv-courbes-cotees profil))))))
+    (apply 'append (mapcar 'plv-faits-sur (append (plv-tables profil) (vl-remove nil (plv-courbes-cotees profil)))))))
 
 (defun plv-etat:faits (profil / faits)
   "The facts of what is there; what is there without one has a fact without sources."
@@ -70,7 +70,7 @@
 
 (defun plv-etats (profil / refus)
   "The states of all that is derived of a profile, in the order of its making anew."
-  (if (setq refus (plv-refus-profil profil))
+  (if (setq refus (plv-refus-cadre profil))
     (plv-etat:abimes profil refus)
     (plv-avec-lectures
       '(lambda () (mapcar '(lambda (fait) (plv-etat:de profil fait)) (plv-etat:ranger (plv-etat:faits profil)))))))

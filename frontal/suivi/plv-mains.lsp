@@ -15,45 +15,44 @@
   (vl-remove-if-not 'plv-existe
     (append (plv-ajouts-tables profil) (apply 'append (mapcar 'plv-entites-table (plv-tables profil))))))
 
-;; --- noting, right after rows were filled; groups 10: x from the table's corner, y from the row's top, the words' checksum
+;; --- rows as (reference key x top bottom), as the studies take them; a row is known again by its table's number and its label
 
-(defun plv-mains:ecrire (reference rang haut places / x0)
-  (setq x0 (car (plv-origine reference)))
-  (plv-ecrire-enregistrement reference (strcat plv-mains:cle (itoa rang))
-    (mapcar '(lambda (p) (list 10 (- (car p) x0) (- (cadr p) haut) (caddr p))) places)))
-
-(defun plv-noter-mains (profil faits / entites bandes places)
-  "The texts of rows stand where they belong."
-  (setq faits (vl-remove-if-not '(lambda (f) (= (plv-fait-chose f) "RANGEE")) faits)
-        entites (if faits (plv-mains:entites profil)))
-  (foreach reference (plv-uniques (mapcar 'plv-fait-entite faits))
-    (setq bandes (plv-mains:bandes reference) places (et_places entites bandes))
-    (foreach fait faits
-      (if (eq (plv-fait-entite fait) reference)
-        (plv-mains:ecrire reference (atoi (plv-fait-precision fait)) (nth (atoi (plv-fait-precision fait)) bandes)
-          (nth (atoi (plv-fait-precision fait)) places))))))
-
-(plv-brancher 'temoin 'plv-noter-mains)
-
-;; --- reading: rows as (reference rank key top), places as they would stand now
-
-(defun plv-mains:rangees (profil / table rang rangees)
-  "The rows of all tables; a row is known again by its table's number and its label."
+(defun plv-mains:rangees (profil / table rang rangees bandes)
+  "The rows of all tables, each with what it is known by: ((table label) rank reference key x top bottom)."
   (setq table 0)
   (foreach reference (plv-tables profil)
-    (setq rang 0)
-    (foreach ligne (mapcar 'list (plv-matrice-rangees (plv-matrice reference)) (plv-mains:bandes reference))
-      (setq rangees (cons (list reference rang (list table (plv-rangee-libelle (car ligne))) (cadr ligne)) rangees) rang (1+ rang)))
+    (setq rang 0 bandes (plv-mains:bandes reference))
+    (foreach rangee (plv-matrice-rangees (plv-matrice reference))
+      (setq rangees
+             (cons (list (list table (plv-rangee-libelle rangee)) rang reference (strcat plv-mains:cle (itoa rang)) (car (plv-origine reference))
+                         (car bandes) (cadr bandes))
+                   rangees)
+            rang (1+ rang) bandes (cdr bandes)))
     (setq table (1+ table)))
   (reverse rangees))
 
-(defun plv-mains:places (rangee / x0 haut)
-  (setq x0 (car (plv-origine (car rangee))) haut (cadddr rangee))
-  (mapcar '(lambda (g) (list (+ (cadr g) x0) (+ (caddr g) haut) (cadddr g)))
-    (plv-enregistrement (car rangee) (strcat plv-mains:cle (itoa (cadr rangee))))))
+(defun plv-mains:connue (rangee) (car rangee))
+(defun plv-mains:rang (rangee) (cadr rangee))
+(defun plv-mains:reference (rangee) (caddr rangee))
+(defun plv-mains:etude (rangee) (cddr rangee))
+(defun plv-mains:coin (rangee) (list (nth 4 rangee) (nth 5 rangee)))
 
-;; --- a gesture: (row x y dx dy words colour text), x and y of the place from the corner and the row's top, words and colour nil where
-;; they are as they were, text: the entity
+(defun plv-mains:de-fait-p (rangee faits)
+  "Whether a row is one of the facts'."
+  (vl-some
+    '(lambda (f) (and (eq (plv-fait-entite f) (plv-mains:reference rangee)) (= (plv-fait-precision f) (itoa (plv-mains:rang rangee)))))
+    faits))
+
+(defun plv-noter-mains (profil faits / rangees)
+  "The texts of rows that were filled stand where they belong."
+  (setq faits (vl-remove-if-not '(lambda (f) (= (plv-fait-chose f) "RANGEE")) faits))
+  (if (and faits (setq rangees (vl-remove-if-not '(lambda (r) (plv-mains:de-fait-p r faits)) (plv-mains:rangees profil))))
+    (et_noter_textes (plv-mains:entites profil) (mapcar 'plv-mains:etude rangees))))
+
+(plv-brancher 'temoin 'plv-noter-mains)
+
+;; --- a gesture: (row x y dx dy words colour text checksum), x and y of the place from the row's corner, words and colour nil where they
+;; are as they were, the text's entity, and the checksum of what it said
 
 (defun plv-mains:rangee (geste) (car geste))
 (defun plv-mains:lieu (geste) (list (cadr geste) (caddr geste)))
@@ -63,52 +62,43 @@
 (defun plv-mains:texte (geste) (nth 7 geste))
 (defun plv-mains:somme (geste) (nth 8 geste))
 
-(defun plv-mains:geste (ecart entites proprietaires places / entite rangee place couleur)
-  (setq entite (nth (car ecart) entites) rangee (nth (cadr ecart) proprietaires) place (nth (cadr ecart) places)
-        couleur (plv-cle 62 (entget entite)))
-  (list rangee (- (car place) (car (plv-origine (car rangee)))) (- (cadr place) (cadddr rangee)) (caddr ecart) (cadddr ecart)
-        (if (nth 4 ecart) (plv-cle 1 (entget entite))) (if (not (member couleur '(nil 256))) couleur) entite (caddr place)))
+(defun plv-mains:geste (ecart entites rangees / entite couleur)
+  (setq entite (nth (car ecart) entites) couleur (plv-cle 62 (entget entite)))
+  (list (nth (cadr ecart) rangees) (nth 2 ecart) (nth 3 ecart) (nth 4 ecart) (nth 5 ecart)
+        (if (nth 6 ecart) (plv-cle 1 (entget entite))) (if (not (member couleur '(nil 256))) couleur) entite (nth 7 ecart)))
 
-(defun plv-mains:gestes (profil / entites rangees par-rangee places proprietaires)
+(defun plv-mains:gestes (profil / entites rangees)
   "What hands have done to the texts of a profile's tables."
-  (setq entites (plv-mains:entites profil) rangees (plv-mains:rangees profil)
-        par-rangee (mapcar 'plv-mains:places rangees)
-        places (apply 'append par-rangee)
-        proprietaires (apply 'append (mapcar '(lambda (r siennes) (mapcar '(lambda (p) r) siennes)) rangees par-rangee)))
-  (mapcar '(lambda (e) (plv-mains:geste e entites proprietaires places)) (et_ecarts entites places)))
+  (setq entites (plv-mains:entites profil) rangees (plv-mains:rangees profil))
+  (mapcar '(lambda (e) (plv-mains:geste e entites rangees)) (et_ecarts entites (mapcar 'plv-mains:etude rangees))))
 
 ;; --- before rows are filled anew
 
-(defun plv-mains:de-fait-p (geste faits)
-  "Whether a gesture is of one of the rows."
-  (vl-some
-    '(lambda (f) (and (eq (plv-fait-entite f) (car (plv-mains:rangee geste))) (= (plv-fait-precision f) (itoa (cadr (plv-mains:rangee geste))))))
-    faits))
-
 (defun plv-lever-tableaux (profil faits) (list faits (plv-mains:gestes profil)))
+
+(defun plv-mains:fait (rangee) (plv-fait "RANGEE" (itoa (plv-mains:rang rangee)) (plv-mains:reference rangee) nil))
 
 (defun plv-lever-rangees (profil faits / gestes)
   "A text that was moved out of its row stands in another one, which is emptied when that is filled: its own row is filled too then."
   (setq gestes (plv-mains:gestes profil)
         faits (append faits
                 (plv-uniques
-                  (mapcar '(lambda (g) (plv-fait "RANGEE" (itoa (cadr (plv-mains:rangee g))) (car (plv-mains:rangee g)) nil))
-                    (vl-remove-if '(lambda (g) (or (plv-mains:de-fait-p g faits) (equal (plv-mains:deplacement g) '(0.0 0.0) 1e-3))) gestes))))
-        gestes (vl-remove-if-not '(lambda (g) (plv-mains:de-fait-p g faits)) gestes))
+                  (mapcar '(lambda (g) (plv-mains:fait (plv-mains:rangee g)))
+                    (vl-remove-if
+                      '(lambda (g) (or (plv-mains:de-fait-p (plv-mains:rangee g) faits) (equal (plv-mains:deplacement g) '(0.0 0.0) 1e-3)))
+                      gestes))))
+        gestes (vl-remove-if-not '(lambda (g) (plv-mains:de-fait-p (plv-mains:rangee g) faits)) gestes))
   (plv-effacer (mapcar 'plv-mains:texte gestes))
   (list faits gestes))
 
 ;; --- and after it
 
-(defun plv-mains:trouver (geste entites rangees / rangee place trouve)
-  "(text checksum) at the place of a gesture, in the row that now stands for its own."
-  (if (setq rangee (car (vl-member-if '(lambda (r) (equal (caddr r) (caddr (plv-mains:rangee geste)))) rangees)))
+(defun plv-mains:trouver (geste entites rangees / rangee place)
+  "The text at the place of a gesture, in the row that now stands for its own."
+  (if (setq rangee (car (vl-member-if '(lambda (r) (equal (plv-mains:connue r) (plv-mains:connue (plv-mains:rangee geste)))) rangees)))
     (progn
-      (setq place (mapcar '+ (plv-mains:lieu geste) (list (car (plv-origine (car rangee))) (cadddr rangee))))
-      (foreach e entites
-        (if (and (= (plv-type e) "TEXT") (equal (plv-mains:point e) place 1e-3)) (setq trouve e)))
-      (if trouve
-        (list trouve (caddr (caar (et_places (list trouve) '(1e99 -1e99)))))))))
+      (setq place (mapcar '+ (plv-mains:lieu geste) (plv-mains:coin rangee)))
+      (car (vl-member-if '(lambda (e) (and (= (plv-type e) "TEXT") (equal (plv-mains:point e) place 1e-3))) entites)))))
 
 (defun plv-mains:point (texte / groupes)
   "By which a text is placed."
@@ -119,12 +109,12 @@
   "T when all of a gesture could be kept: words are, while what they stand for says what it said."
   (if (setq trouve (plv-mains:trouver geste entites rangees))
     (progn
-      (setq tenu (or (not (plv-mains:mots geste)) (= (cadr trouve) (plv-mains:somme geste))))
-      (plv-refaire-geste (car trouve) (plv-mains:deplacement geste) (if tenu (plv-mains:mots geste)) (plv-mains:couleur geste))
+      (setq tenu (or (not (plv-mains:mots geste)) (= (et_somme trouve) (plv-mains:somme geste))))
+      (plv-refaire-geste trouve (plv-mains:deplacement geste) (if tenu (plv-mains:mots geste)) (plv-mains:couleur geste))
       tenu)))
 
 (defun plv-mains:en-mots (geste)
-  (strcat "rangée " (cadr (caddr (plv-mains:rangee geste)))
+  (strcat "rangée " (cadr (plv-mains:connue (plv-mains:rangee geste)))
           (if (plv-mains:mots geste) (strcat ", texte écrit « " (plv-mains:mots geste) " »") ", texte déplacé ou colorié")))
 
 (defun plv-remettre-tables (profil gestes / entites rangees)

@@ -16,30 +16,20 @@
   (setq bande (plv-seule:bande reference rang) x (car (plv-origine reference)))
   (list x (cadr bande) (+ x (plv-largeur-tables profil)) (car bande)))
 
-(defun plv-seule:ordonnees (groupes / c)
-  "The ordinates by which an entity belongs to a row."
-  (setq c (caddr (assoc 10 groupes)))
-  (cond
-    ((= (plv-cle 0 groupes) "LINE") (list c (caddr (assoc 11 groupes))))
-    ((= (plv-cle 0 groupes) "ARC")
-     (list (+ c (* (plv-cle 40 groupes) (sin (plv-cle 50 groupes)))) (+ c (* (plv-cle 40 groupes) (sin (plv-cle 51 groupes))))))
-    ((= (plv-cle 0 groupes) "TEXT")
-     (list (if (= (+ (cond ((plv-cle 72 groupes)) (0)) (cond ((plv-cle 73 groupes)) (0))) 0) c (caddr (assoc 11 groupes)))))
-    ((= (plv-cle 0 groupes) "INSERT") (list c))))
+(defun plv-seule:a-vider-p (e bord gardes / groupes)
+  "Rules, reference lines and the right border stay."
+  (setq groupes (entget e))
+  (not
+    (or (member e gardes) (plv-rappel-p groupes)
+        (and (= (plv-cle 0 groupes) "LINE") (equal (cadr (assoc 10 groupes)) bord 1e-6)))))
 
-(defun plv-seule:dans-p (e bande bord / groupes ordonnees)
-  (setq groupes (entget e) ordonnees (plv-seule:ordonnees groupes))
-  (and ordonnees
-       (not (plv-rappel-p groupes))
-       (not (and (= (plv-cle 0 groupes) "LINE") (equal (cadr (assoc 10 groupes)) bord 1e-6)))
-       (vl-every '(lambda (y) (<= (- (cadr bande) 1e-6) y (+ (car bande) 1e-6))) ordonnees)))
-
-(defun plv-seule:vider (profil reference rang / bande bord gardes)
+(defun plv-entites-rangee (profil reference rang / bande bord gardes)
+  "What stands in a row."
   (setq bande (plv-seule:bande reference rang)
         bord (+ (car (plv-origine reference)) (plv-largeur-tables profil))
         gardes (cons reference (plv-matrice-filets (plv-matrice reference))))
-  (foreach e (append (plv-entites-table reference) (plv-ajouts-tables profil))
-    (if (and (entget e) (not (member e gardes)) (plv-seule:dans-p e bande bord)) (entdel e))))
+  (vl-remove-if-not '(lambda (e) (plv-seule:a-vider-p e bord gardes))
+    (et_dans_bande (append (plv-entites-table reference) (plv-ajouts-tables profil)) (car bande) (cadr bande))))
 
 (defun plv-seule:remplir (profil reference rang / points contexte gardes bilan)
   (setq points (plv-points-nommes profil)
@@ -53,7 +43,7 @@
   "Fills a row of the current profile's tables again, counted from 0; what is said of it, nil when there is no such row."
   (if (pl_SelectLigne (plv-matrice-nom reference) rang)
     (progn
-      (plv-seule:vider profil reference rang)
+      (plv-effacer (plv-entites-rangee profil reference rang))
       (setq bilan (plv-seule:remplir profil reference rang))
       (plv-noter-fait profil "RANGEE" (itoa rang) reference nil)
       bilan)))

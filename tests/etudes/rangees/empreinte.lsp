@@ -37,22 +37,26 @@
   (entmod (subst '(10 1.0 3.0 0.0) (assoc 10 v) v)))
 ((= avant (et_empreinte (list p))) nil)
 
-;; Places are known in bands, from the top down; what a hand changes is found by its place or by its words.
+;; Where the texts of rows stand is kept with an entity; what a hand changes is found by its place or by its words.
 (situation "OfTexts")
 (preparer
   (defun texte (x y mots) (entmakex (list '(0 . "TEXT") '(8 . "0") (list 10 x y 0.0) '(40 . 1.0) (cons 1 mots))))
   (setq a (texte 0.0 8.0 "A") b (texte 5.0 8.0 "B") c (texte 5.0 3.0 "A") l (ligne 0.0 8.0 1) tous (list a l b c)
-        bandes (et_places tous '(10.0 5.0 0.0)) places (apply 'append bandes)))
-((mapcar 'length bandes) (2 1))
-((mapcar '(lambda (p) (list (car p) (cadr p))) places) ((0.0 8.0) (5.0 8.0) (5.0 3.0)))
-((list (= (caddr (car places)) (caddr (caddr places))) (= (caddr (car places)) (caddr (cadr places)))) (T nil))
-((list (length (et_places (list a) '(10.0 5.0))) (et_places tous '(10.0)) (et_places nil '(10.0 0.0)) (et_ecarts tous places)) (1 nil (nil) nil))
+        rangees (list (list l "HAUT" 0.0 10.0 5.0) (list l "BAS" 0.0 5.0 0.0))))
+((et_noter_textes tous rangees) T)
+((list (= (et_somme a) (et_somme c)) (= (et_somme a) (et_somme b)) (et_somme l)) (T nil nil))
+((et_ecarts tous rangees) nil)
+((list (length (et_dans_bande tous 10.0 5.0)) (et_dans_bande (list b c) 4.0 5.0) (et_dans_bande nil 9.0 0.0) (et_dans_bande tous)) (3 nil nil nil))
 ;; moved, rewritten in its place, coloured; a text that was added is nobody's
 (preparer
   (command "_.MOVE" a "" '(0.0 0.0) '(1.0 -6.0))
   (setq g (entget b)) (entmod (subst '(1 . "autre") (assoc 1 g) g))
   (entmod (append (entget c) '((62 . 3))))
-  (setq d (texte 9.0 9.0 "D")))
-((vl-sort (et_ecarts (append tous (list d)) places) '(lambda (u v) (< (car u) (car v)))) ((0 0 1.0 -6.0 nil) (2 1 0.0 0.0 T) (3 2 0.0 0.0 nil)))
-;; the one of several with the same words that is gone from its place
-((et_ecarts (list a c) places) ((1 2 0.0 0.0 nil) (0 0 1.0 -6.0 nil)))
+  (setq d (texte 9.0 9.0 "D"))
+  (defun ecarts (liste) (vl-sort (mapcar 'sans-somme (et_ecarts liste rangees)) '(lambda (u v) (< (car u) (car v)))))
+  (defun sans-somme (e) (reverse (cdr (reverse e)))))
+((ecarts (append tous (list d))) ((0 0 0.0 -2.0 1.0 -6.0 nil) (2 0 5.0 -2.0 0.0 0.0 T) (3 1 5.0 -2.0 0.0 0.0 nil)))
+;; the row is elsewhere now, and its texts with it
+(preparer (command "_.MOVE" b c "" '(0.0 0.0) '(100.0 0.0)))
+((mapcar 'caddr (et_ecarts (list b c) (list (list l "HAUT" 100.0 10.0 5.0) (list l "BAS" 100.0 5.0 0.0)))) (5.0 5.0))
+((et_ecarts tous '((1 2 3))) nil)
