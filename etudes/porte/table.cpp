@@ -52,8 +52,10 @@ constexpr ligneFonction kTable[] = {
     {L"et_ecarts", et_ecarts, L"(et_ecarts entités rangées)",
      L"Ce qu'une main a changé aux textes, d'après les places gardées: (texte rangée x y dx dy réécrit somme) pour "
      L"chacun, "
-     L"texte et rangée par leur numéro, de 0. Un texte qui a une couleur à lui en est; un texte sans place n'en est "
+     L"la rangée par son numéro, de 0. Un texte qui a une couleur à lui en est; un texte sans place n'en est "
      L"pas."},
+    {L"et_textes", et_textes, L"(et_textes entités)",
+     L"Les textes d'une liste d'entités, de gauche à droite: (x mots entité) pour chacun."},
     {L"et_somme", et_somme, L"(et_somme texte)", L"La somme qui dit les mots d'un texte."},
     {L"et_dans_bande", et_dans_bande, L"(et_dans_bande entités haut bas)",
      L"Les lignes, arcs, textes et blocs d'une liste qui sont entre deux ordonnées."},

@@ -6,6 +6,7 @@ namespace etu {
 void et_empreinte();
 void et_noter_textes();
 void et_ecarts();
+void et_textes();
 void et_somme();
 void et_dans_bande();
 

@@ -8,6 +8,7 @@
 #include "etudes/suivi/fonctions.h"
 #include "etudes/suivi/places.h"
 #include "hote/acdb.h"
+#include "hote/dbdict.h"
 #include "hote/dbents.h"
 #include "module/commande/arguments/argsLisp.h"
 #include "module/commande/arguments/listeRb.h"
@@ -17,13 +18,21 @@ namespace etu {
 
 namespace {
 
-// The entities of a list that begins at this node, which moves behind it.
+void ajouterEntite(std::vector<AcDbObjectId>& ids, AcDbObjectId id) {
+  const AcDbObjectPointer<AcDbGroup> groupe(id);
+  if (groupe.openStatus() != Acad::eOk) return ids.push_back(id);
+  AcDbObjectIdArray membres;
+  groupe->allEntityIds(membres);
+  for (int i = 0; i < membres.length(); ++i) ids.push_back(membres[i]);
+}
+
+// The entities of a list that begins at this node, which moves behind it; a group stands for its members.
 std::vector<AcDbObjectId> lireEntites(const resbuf*& noeud) {
   std::vector<AcDbObjectId> ids;
   if (!noeud) return ids;
   const bool liste = noeud->restype == RTLB;
   for (noeud = noeud->rbnext; liste && noeud && noeud->restype != RTLE; noeud = noeud->rbnext)
-    if (plv::estNom(noeud)) ids.push_back(plv::valeurId(noeud));
+    if (plv::estNom(noeud)) ajouterEntite(ids, plv::valeurId(noeud));
   if (liste && noeud) noeud = noeud->rbnext;
   return ids;
 }
@@ -104,12 +113,13 @@ void et_ecarts() {
   const std::vector<AcDbObjectId> ids = lireEntites(noeud);
   const std::vector<rangee> rangees = lireRangees(noeud);
   std::vector<texte> textes;
-  std::vector<int> numeros, proprietaires;
-  for (std::size_t i = 0; i < ids.size(); ++i) {
-    const auto t = lireTexte(ids[i]);
+  std::vector<AcDbObjectId> noms;
+  std::vector<int> proprietaires;
+  for (const AcDbObjectId id : ids) {
+    const auto t = lireTexte(id);
     if (!t) continue;
     textes.push_back(*t);
-    numeros.push_back(static_cast<int>(i));
+    noms.push_back(id);
   }
   std::vector<place> places;
   for (std::size_t i = 0; i < rangees.size(); ++i) {
@@ -124,9 +134,39 @@ void et_ecarts() {
   for (const ecart& e : trouves) {
     const place& p = places[e.place];
     const rangee& r = rangees[static_cast<std::size_t>(proprietaires[e.place])];
-    liste.ajouter(acutBuildList(RTLB, RTLONG, numeros[e.texte], RTLONG, proprietaires[e.place], RTREAL, p.x - r.x,
-                                RTREAL, p.y - r.haut, RTREAL, e.dx, RTREAL, e.dy,
+    ads_name nom{};
+    acdbGetAdsName(nom, noms[e.texte]);
+    liste.ajouter(acutBuildList(RTLB, RTENAME, nom, RTLONG, proprietaires[e.place], RTREAL, p.x - r.x, RTREAL,
+                                p.y - r.haut, RTREAL, e.dx, RTREAL, e.dy,
                                 textes[e.texte].lieu.mots != p.mots ? RTT : RTNIL, RTREAL, p.mots, RTLE, 0));
+  }
+  liste.ajouter(acutBuildList(RTLE, 0));
+  acedRetList(liste.tete());
+}
+
+void et_textes() {
+  plv::ArgsLisp args;
+  plv::commencerAppel(args);
+  const resbuf* noeud = args.nieme(0);
+  struct lu {
+    double x;
+    AcString mots;
+    AcDbObjectId id;
+  };
+  std::vector<lu> textes;
+  for (const AcDbObjectId id : lireEntites(noeud)) {
+    const AcDbObjectPointer<AcDbText> t(id);
+    if (t.openStatus() != Acad::eOk) continue;
+    textes.push_back({t->isDefaultAlignment() ? t->position().x : t->alignmentPoint().x, t->textString(), id});
+  }
+  std::ranges::stable_sort(textes, {}, &lu::x);
+  if (textes.empty()) return;
+  plv::listeRb liste;
+  liste.ajouter(acutBuildList(RTLB, 0));
+  for (const lu& t : textes) {
+    ads_name nom{};
+    acdbGetAdsName(nom, t.id);
+    liste.ajouter(acutBuildList(RTLB, RTREAL, t.x, RTSTR, t.mots.kACharPtr(), RTENAME, nom, RTLE, 0));
   }
   liste.ajouter(acutBuildList(RTLE, 0));
   acedRetList(liste.tete());

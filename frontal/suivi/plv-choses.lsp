@@ -75,7 +75,7 @@
 (defun plv-choses:mots-rappels (profil fait) "Lignes de rappel")
 (defun plv-choses:rappels (profil fait) (plv-lignes-rappel profil))
 
-(defun plv-choses:rangee (fait) (plv-rangee (plv-fait-entite fait) (atoi (plv-fait-precision fait))))
+(defun plv-choses:rangee (fait) (plv-sources:rangee fait))
 
 (defun plv-choses:mots-rangee (profil fait / rangee)
   (setq rangee (plv-choses:rangee fait))
@@ -84,8 +84,10 @@
 (defun plv-choses:sources-rangee (profil fait)
   (vl-list* "textes" "longueur" (plv-sources-de-type (plv-rangee-nature (plv-choses:rangee fait)))))
 
+(defun plv-choses:tables-la (profil) (plv-sources:lire (list "tables" profil) '(lambda () (plv-tables profil))))
+
 (defun plv-choses:reference (profil fait)
-  (if (and (member (plv-fait-entite fait) (plv-tables profil)) (plv-choses:rangee fait)) (list (plv-fait-entite fait))))
+  (if (and (member (plv-fait-entite fait) (plv-choses:tables-la profil)) (plv-choses:rangee fait)) (list (plv-fait-entite fait))))
 
 ;; --- dimensions, curve by curve
 

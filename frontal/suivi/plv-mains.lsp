@@ -11,8 +11,12 @@
   (reverse ordonnees))
 
 (defun plv-mains:entites (profil)
-  "What may hold texts of tables."
-  (vl-remove-if-not 'plv-existe
+  "What may hold texts of tables; groups stand for their members."
+  (append (plv-ajouts-tables profil) (mapcar 'plv-groupe-table (plv-tables profil))))
+
+(defun plv-mains:textes (profil)
+  "The texts of the tables."
+  (vl-remove-if-not '(lambda (e) (and (plv-existe e) (= (plv-type e) "TEXT")))
     (append (plv-ajouts-tables profil) (apply 'append (mapcar 'plv-entites-table (plv-tables profil))))))
 
 ;; --- rows as (reference key x top bottom), as the studies take them; a row is known again by its table's number and its label
@@ -62,15 +66,15 @@
 (defun plv-mains:texte (geste) (nth 7 geste))
 (defun plv-mains:somme (geste) (nth 8 geste))
 
-(defun plv-mains:geste (ecart entites rangees / entite couleur)
-  (setq entite (nth (car ecart) entites) couleur (plv-cle 62 (entget entite)))
+(defun plv-mains:geste (ecart rangees / entite couleur)
+  (setq entite (car ecart) couleur (plv-cle 62 (entget entite)))
   (list (nth (cadr ecart) rangees) (nth 2 ecart) (nth 3 ecart) (nth 4 ecart) (nth 5 ecart)
         (if (nth 6 ecart) (plv-cle 1 (entget entite))) (if (not (member couleur '(nil 256))) couleur) entite (nth 7 ecart)))
 
-(defun plv-mains:gestes (profil / entites rangees)
+(defun plv-mains:gestes (profil / rangees)
   "What hands have done to the texts of a profile's tables."
-  (setq entites (plv-mains:entites profil) rangees (plv-mains:rangees profil))
-  (mapcar '(lambda (e) (plv-mains:geste e entites rangees)) (et_ecarts entites (mapcar 'plv-mains:etude rangees))))
+  (setq rangees (plv-mains:rangees profil))
+  (mapcar '(lambda (e) (plv-mains:geste e rangees)) (et_ecarts (plv-mains:entites profil) (mapcar 'plv-mains:etude rangees))))
 
 ;; --- before rows are filled anew
 
@@ -93,21 +97,21 @@
 
 ;; --- and after it
 
-(defun plv-mains:trouver (geste entites rangees / rangee place)
+(defun plv-mains:trouver (geste textes rangees / rangee place)
   "The text at the place of a gesture, in the row that now stands for its own."
   (if (setq rangee (car (vl-member-if '(lambda (r) (equal (plv-mains:connue r) (plv-mains:connue (plv-mains:rangee geste)))) rangees)))
     (progn
       (setq place (mapcar '+ (plv-mains:lieu geste) (plv-mains:coin rangee)))
-      (car (vl-member-if '(lambda (e) (and (= (plv-type e) "TEXT") (equal (plv-mains:point e) place 1e-3))) entites)))))
+      (car (vl-member-if '(lambda (e) (equal (plv-mains:point e) place 1e-3)) textes)))))
 
 (defun plv-mains:point (texte / groupes)
   "By which a text is placed."
   (setq groupes (entget texte))
   (plv-premiers (plv-cle (if (equal (list (plv-cle 72 groupes) (plv-cle 73 groupes)) '(0 0)) 10 11) groupes) 2))
 
-(defun plv-mains:refaire (geste entites rangees / trouve tenu)
+(defun plv-mains:refaire (geste textes rangees / trouve tenu)
   "T when all of a gesture could be kept: words are, while what they stand for says what it said."
-  (if (setq trouve (plv-mains:trouver geste entites rangees))
+  (if (setq trouve (plv-mains:trouver geste textes rangees))
     (progn
       (setq tenu (or (not (plv-mains:mots geste)) (= (et_somme trouve) (plv-mains:somme geste))))
       (plv-refaire-geste trouve (plv-mains:deplacement geste) (if tenu (plv-mains:mots geste)) (plv-mains:couleur geste))
@@ -117,12 +121,12 @@
   (strcat "rangée " (cadr (plv-mains:connue (plv-mains:rangee geste)))
           (if (plv-mains:mots geste) (strcat ", texte écrit « " (plv-mains:mots geste) " »") ", texte déplacé ou colorié")))
 
-(defun plv-remettre-tables (profil gestes / entites rangees)
+(defun plv-remettre-tables (profil gestes / textes rangees)
   "Does again what hands had done; in words what could not be kept."
   (if gestes
     (progn
-      (setq entites (plv-mains:entites profil) rangees (plv-mains:rangees profil))
-      (mapcar 'plv-mains:en-mots (vl-remove-if '(lambda (g) (plv-mains:refaire g entites rangees)) gestes)))))
+      (setq textes (plv-mains:textes profil) rangees (plv-mains:rangees profil))
+      (mapcar 'plv-mains:en-mots (vl-remove-if '(lambda (g) (plv-mains:refaire g textes rangees)) gestes)))))
 
 ;; --- dimensions
 

@@ -41,6 +41,7 @@
   (pl_ChoixProfil profil)
   (setq bilans (mapcar '(lambda (f) (plv-remplir-rangee profil (plv-fait-entite f) (atoi (plv-fait-precision f)))) faits))
   (if (and courant (not (eq courant profil))) (plv-reprendre-courant))
+  (plv-noter-faits profil faits)
   (not (member nil bilans)))
 
 ;; --- dimensions: all of them at once, since each row stands clear of the others

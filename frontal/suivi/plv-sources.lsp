@@ -13,9 +13,9 @@
     ("numeros" "les points du terrain" plv-sources:numeros)
     ("noms" "les noms des points" plv-sources:noms)
     ("terrain" "le terrain naturel" plv-sources:terrain)
-    ("terrain-ecrit" "le terrain naturel" plv-sources:terrain-ecrit)
-    ("projet-ecrit" "la ligne de projet" plv-sources:projet-ecrit)
-    ("profondeurs-ecrites" "le terrain ou la ligne de projet" plv-sources:profondeurs-ecrites)
+    ("terrain-ecrit" "le terrain naturel" plv-sources:cellules)
+    ("projet-ecrit" "la ligne de projet" plv-sources:cellules)
+    ("profondeurs-ecrites" "le terrain ou la ligne de projet" plv-sources:cellules)
     ("pentes-ecrites" "la ligne de projet" plv-sources:pentes-ecrites)
     ("bornes-projet" "la ligne de projet" plv-sources:bornes-projet)
     ("projets" "les lignes de projet" plv-sources:projets)
@@ -140,28 +140,16 @@
     (mapcar '(lambda (p) (list (car p) (+ origine (car p)) (plv-point-nom p)))
       (vl-remove-if '(lambda (p) (= (plv-point-nom p) "")) (plv-points-nommes profil)))))
 
-(defun plv-sources:rangee (fait) (plv-rangee (plv-fait-entite fait) (atoi (plv-fait-precision fait))))
+(defun plv-sources:rangee (fait)
+  (plv-sources:lire (list "rangee" (plv-fait-entite fait) (plv-fait-precision fait))
+    '(lambda () (plv-rangee (plv-fait-entite fait) (atoi (plv-fait-precision fait))))))
 
 (defun plv-sources:genre (profil fait)
   "The kind of line whose project a row shows."
   (plv-genre-de-rangee profil (plv-sources:rangee fait)))
 
-(defun plv-sources:altitudes-projet (profil genre)
-  (plv-sources:lire (list "altitudes" profil genre) '(lambda () (plv-altitudes-projet profil genre (plv-sources:points profil)))))
-
-(defun plv-sources:ecrites (profil fait altitudes)
-  (plv-altitudes-ecrites (plv-sources:points profil) altitudes (plv-rangee-decimales (plv-sources:rangee fait))))
-
-(defun plv-sources:terrain-ecrit (profil fait) (plv-sources:ecrites profil fait (mapcar 'cadr (plv-sources:points profil))))
-
-(defun plv-sources:projet-ecrit (profil fait / genre)
-  (list (if (setq genre (plv-sources:genre profil fait)) (plv-sources:ecrites profil fait (plv-sources:altitudes-projet profil genre)))))
-
-(defun plv-sources:profondeurs-ecrites (profil fait / genre)
-  (list
-    (if (setq genre (plv-sources:genre profil fait))
-      (plv-sources:ecrites profil fait
-        (mapcar '(lambda (p z) (if z (- (cadr p) z))) (plv-sources:points profil) (plv-sources:altitudes-projet profil genre))))))
+(defun plv-sources:cellules (profil fait)
+  (list (mapcar '(lambda (c) (list (car (car c)) (cadr c))) (plv-cellules profil (plv-sources:rangee fait) (plv-sources:points profil)))))
 
 (defun plv-sources:pentes-ecrites (profil fait / genre)
   (list

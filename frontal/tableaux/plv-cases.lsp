@@ -10,19 +10,43 @@
   "The kind of line whose project a row shows; nil for none."
   (plv-remplir:genre-projet (list (cons 'profil profil) (cons 'infos (plv-rangee-infos rangee)))))
 
-(defun plv-altitudes-projet (profil genre points / situes plans)
-  "Altitudes of a project line at points, nil where it is not."
-  (setq situes (plv-elements-situes profil genre) plans (plv-plans profil))
-  (mapcar '(lambda (p) (plv-altitude-projet profil situes plans (car p))) points))
+(setq plv-cases:retenues nil)
+
+(defun plv-altitudes-projet (profil genre points / situes plans cle)
+  "Altitudes of a project line at points, nil where it is not. Those of lines and points that haven't changed are kept."
+  (setq situes (plv-elements-situes profil genre) plans (plv-plans profil)
+        cle (et_empreinte (list (plv-echv profil) plans (mapcar 'car points) (mapcar 'plv-situe-entite situes)) (plv-origine profil)))
+  (cond
+    ((plv-cle cle plv-cases:retenues))
+    (T
+     (setq plv-cases:retenues
+            (plv-premiers
+              (cons (cons cle (mapcar '(lambda (p) (plv-altitude-projet profil situes plans (car p))) points)) plv-cases:retenues)
+              10))
+     (cdar plv-cases:retenues))))
 
 ;; --- what rows show of a line: texts, so that a change that no decimal shows changes nothing
 
 (defun plv-cases:contexte (profil)
   (list (cons 'profil profil) (cons 'tout (plv-choix-tout profil)) (cons 'ttxt (plv-ttxt profil)) (cons 'longueur (plv-longueur-profil profil))))
 
-(defun plv-altitudes-ecrites (points altitudes decimales)
-  "(distance text) of altitudes at points, nil for a point without one."
-  (mapcar '(lambda (p z) (if z (list (car p) (plv-reel z decimales)))) points altitudes))
+(defun plv-cases:altitudes (profil nature genre points / projet)
+  "What a kind of row shows at points: the ground, the project line, how deep that is; nil where it shows nothing."
+  (if (/= nature 4) (setq projet (if genre (plv-altitudes-projet profil genre points) (mapcar '(lambda (p) nil) points))))
+  (cond
+    ((= nature 4) (mapcar 'cadr points))
+    ((= nature 5) projet)
+    ((mapcar '(lambda (p z) (if z (- (cadr p) z))) points projet))))
+
+(defun plv-cellules-p (rangee)
+  "Whether the cells of a row stand alone, each a text at its point."
+  (member (plv-rangee-nature rangee) '(4 5 6)))
+
+(defun plv-cellules (profil rangee points)
+  "(point text) of such cells."
+  (vl-remove nil
+    (mapcar '(lambda (p z) (if z (list p (plv-reel z (plv-rangee-decimales rangee)))))
+      points (plv-cases:altitudes profil (plv-rangee-nature rangee) (plv-genre-de-rangee profil rangee) points))))
 
 (defun plv-bornes-ecrites (profil genre nature)
   "The ends of slope pieces that a row of distances shows."
