@@ -17,7 +17,7 @@
     (plan (base profil portes)
      plv-axe plv-vers-plan)
     (changements (base profil portes)
-     plv-pc)
+     plv-pc plv-leve)
     (projet (base profil portes)
      plv-raccords plv-parties plv-trace plv-sommets plv-projet plv-associer)
     (tableaux (base profil plan)

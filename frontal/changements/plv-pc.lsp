@@ -8,18 +8,16 @@
       '(lambda (s) (and (>= d (- (plv-plan-debut s) 1e-6)) (< d (- (plv-section-fin s) 1e-6))))
       sections)))
 
-(defun plv-pc:refaire (profil points section / origine plan groupes lignes)
+(defun plv-pc:refaire (profil points section / origine plan groupes)
   "Writes a section into its plane's entity and draws its ground anew."
   (setq origine (plv-origine profil) plan (plv-section-entite section))
-  (plv-effacer (plv-lignes-du-plan plan))
   (plv-ecrire-cles plan
     (list (list "DISTANCE" (float (plv-section-longueur section))) (list "PC" (float (plv-plan-altitude section)))))
   (setq groupes (entget plan))
   (entmod
     (subst (cons 10 (plv-point (+ (car origine) (plv-plan-debut section)) (cadr origine))) (assoc 10 groupes)
       (subst (cons 11 (plv-point (+ (car origine) (plv-section-fin section)) (cadr origine))) (assoc 11 groupes) groupes)))
-  (setq lignes (plv-tracer-lignes origine points (plv-echv profil) section (plv-section-fin section)))
-  (if lignes (plsxd plan "PRLI" (car lignes)) (plv-oter-cle plan "PRLI")))
+  (plv-retracer-section profil points section))
 
 (defun plv-pc:suivre (entite suivante)
   (if suivante (plsxd entite "NEXT-PC" suivante) (plv-oter-cle entite "NEXT-PC")))

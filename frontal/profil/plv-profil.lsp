@@ -75,6 +75,18 @@ miss the depths that a wall passes through: it leans by a micrometre."
   (plv-enchainer entites "NEXT-PC")
   entites)
 
+(defun plv-retracer-section (profil points section / plan lignes)
+  "The ground lines of a section in place of those that it has."
+  (setq plan (plv-section-entite section))
+  (plv-effacer (plv-lignes-du-plan plan))
+  (setq lignes (plv-tracer-lignes (plv-origine profil) points (plv-echv profil) section (plv-section-fin section)))
+  (if lignes (plsxd plan "PRLI" (car lignes)) (plv-oter-cle plan "PRLI")))
+
+(defun plv-retracer-terrain (profil / points)
+  "The ground lines of all sections, after a change of the record."
+  (setq points (plv-points-aux-plans (plv-points-tn profil) (plv-plans profil)))
+  (foreach section (plv-sections-de-plan profil) (plv-retracer-section profil points section)))
+
 ;; --- the whole profile; other keys are read where what they name is worked on
 
 ;; A key that is absent, or no number, is what the module takes it for.

@@ -11,7 +11,7 @@
 ;; how what a hand has done is kept: before, (profile facts) gives the facts to make anew and gestures; after, (profile gestures) does them
 ;; again and gives in words what it could not. nil for a kind of which nothing is kept
 (setq plv-choses:table
-  '(("TABLEAUX" plv-choses:mots-tableaux ("definition" "textes" "longueur" "distances")
+  '(("TABLEAUX" plv-choses:mots-tableaux ("definition" "textes" "longueur")
      plv-choses:references plv-choses:tableaux nil plv-refaire-tableaux (plv-lever-tableaux plv-remettre-tables))
     ("RAPPELS" plv-choses:mots-rappels ("altitudes" "plans" "echelle")
      plv-choses:rappels nil nil plv-refaire-rappels nil)

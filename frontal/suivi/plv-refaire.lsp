@@ -34,7 +34,16 @@
       (if fait (plv-noter-fait profil "TABLEAUX" nil nil (list chemin (if tout "Tous" "Espaces"))))))
   fait)
 
-(defun plv-refaire-rappels (profil faits) (plv-ajuster-rappels profil) T)
+(defun plv-refaire-rappels (profil faits / points)
+  "Their tops back on the ground; new ones where other points have cells now."
+  (setq points (plv-points-cotes profil))
+  (if (equal (plv-distances-rappels profil) (mapcar 'car points) 1e-6)
+    (plv-ajuster-rappels profil)
+    (progn
+      (plv-effacer (plv-lignes-rappel profil))
+      (plv-noter-ajouts profil (plv-tracer-rappels profil points))
+      (plv-noter-fait profil "RAPPELS" nil nil nil)))
+  T)
 
 (defun plv-refaire-rangees (profil faits / courant bilans)
   (setq courant plv-courant)

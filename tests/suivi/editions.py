@@ -138,6 +138,12 @@ class Serie:
     def edit_ground(self):
         return [f"(terrain {self.rng.randrange(len(self.points))} {self.rng.uniform(-1, 1):.2f})"]
 
+    def edit_survey(self):
+        d, z, _ = self.rng.choice(self.points)
+        between = 100 + d + 1.37
+        return [self.rng.choice([f'(plv-leve p "C" {100 + d} {z + self.rng.uniform(-1, 1):.4f} nil)', f'(plv-leve p "N" {100 + d} nil "Neuf")',
+                                 f'(plv-leve p "I" {between} {z + self.rng.uniform(-1, 1):.4f} "Seuil")', f'(plv-leve p "S" {100 + d} nil nil)'])]
+
     def edit_names(self):
         return ["(setq i 0)", f"(plv-ecrire-noms p (mapcar '(lambda (q) (setq i (1+ i)) (list (car q) (cadr q) (if (= i {self.rng.randint(1, 5)}) \"Nom\" \"\"))) (plv-points-tn p)))"]
 

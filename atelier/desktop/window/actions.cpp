@@ -46,6 +46,7 @@ constexpr ActionRow kRows[] = {
     {"&Profil", "&Matrices...", "Ctrl+M", "tableaux", "@matrices"},
     {"&Profil", "Ligne &projet", nullptr, "projet", "PLV-PROJET"},
     {"&Profil", "P&lans de comparaison", nullptr, "plan", "PLV-PC"},
+    {"&Profil", "Point du le&vé", nullptr, nullptr, "PLV-LEVE"},
     {"&Profil", "Ligne &optimale", nullptr, "optimal", "PLV-OPTIMAL"},
     {"&Profil", nullptr, nullptr, nullptr, nullptr},
     {"&Profil", "Lignes par &stations", nullptr, nullptr, "PLV-LIGNES"},
