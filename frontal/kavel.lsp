@@ -10,7 +10,7 @@
      plv-vraisemblance plv-terrain)
     (profil (base)
      plv-genres plv-plans plv-cadre plv-terrain-profil plv-profil plv-profils plv-appartenance plv-chaines plv-reparer
-     plv-reparer-contenu plv-faits plv-habillage plv-rappels
+     plv-reparer-contenu plv-faits plv-habillage plv-terrain-dessine plv-rappels
      plv-elements plv-cotes-mains plv-cotes-posees plv-pentes plv-statiques plv-blocs)
     (portes (base profil)
      plv-cubiques plv-formes plv-formes-coupe plv-formes-ecriture plv-portes plv-remise)

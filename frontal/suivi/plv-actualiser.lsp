@@ -27,10 +27,20 @@
 (defun plv-actualiser:tous (etats choses)
   (vl-every '(lambda (siens) (plv-actualiser:profil (car siens) choses (cdr siens))) etats))
 
+(defun plv-actualiser:dessin (profils etats)
+  "The ground first, of which all else is made; when it changes, the states of all else do."
+  (if (vl-some '(lambda (siens) (vl-some '(lambda (e) (and (plv-etat-a-refaire-p e) (= (plv-fait-chose (plv-etat-fait e)) "TERRAIN"))) (cdr siens))) etats)
+    (progn
+      (plv-actualiser:tous etats '("TERRAIN"))
+      (setq etats (plv-actualiser:etats profils))))
+  (plv-actualiser:tous etats (vl-remove-if '(lambda (c) (member c plv-choses-fichiers)) (plv-choses))))
+
+(defun plv-actualiser:etats (profils) (mapcar '(lambda (p) (cons p (plv-etats p))) profils))
+
 (defun plv-actualiser:fichiers (profils)
   "What files are made of is known when the drawing is as it should be."
   (setq profils (vl-remove-if-not '(lambda (p) (vl-some 'plv-chose-fichier-p (plv-faits p))) profils))
-  (plv-actualiser:tous (mapcar '(lambda (p) (cons p (plv-etats p))) profils) plv-choses-fichiers))
+  (plv-actualiser:tous (plv-actualiser:etats profils) plv-choses-fichiers))
 
 (defun plv-actualiser:reussi (fonction / fait)
   "T when a function does its work; nil when it fails, with what it failed of."
@@ -64,11 +74,11 @@
 
 (defun plv-actualiser (profils / etats vieilles fait)
   "Makes anew what isn't true of profiles; T, or nil after a message."
-  (setq etats (mapcar '(lambda (p) (cons p (plv-etats p))) profils)
+  (setq etats (plv-actualiser:etats profils)
         vieilles (plv-actualiser:de-valeur etats "a-refaire")
         fait (or (not vieilles)
                  (plv-actualiser:en-une-fois
-                   '(lambda () (plv-actualiser:tous etats (vl-remove-if '(lambda (c) (member c plv-choses-fichiers)) (plv-choses))))
+                   '(lambda () (plv-actualiser:dessin profils etats))
                    '(lambda () (plv-actualiser:fichiers profils)))))
   (plv-actualiser:dire vieilles (plv-actualiser:de-valeur etats "impossible") fait)
   fait)

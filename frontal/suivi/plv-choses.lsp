@@ -11,7 +11,9 @@
 ;; how what a hand has done is kept: before, (profile facts) gives the facts to make anew and gestures; after, (profile gestures) does them
 ;; again and gives in words what it could not. nil for a kind of which nothing is kept
 (setq plv-choses:table
-  '(("TABLEAUX" plv-choses:mots-tableaux ("definition" "textes" "longueur")
+  '(("TERRAIN" plv-choses:mots-terrain ("releve" "traits")
+     plv-choses:traits plv-choses:terrain nil plv-refaire-terrain nil)
+    ("TABLEAUX" plv-choses:mots-tableaux ("definition" "textes" "longueur")
      plv-choses:references plv-choses:tableaux nil plv-refaire-tableaux (plv-lever-tableaux plv-remettre-tables))
     ("RAPPELS" plv-choses:mots-rappels ("altitudes" "plans" "echelle")
      plv-choses:rappels nil nil plv-refaire-rappels nil)
@@ -64,6 +66,19 @@
 
 (defun plv-chose-lever (chose) (car (nth 7 (assoc chose plv-choses:table))))
 (defun plv-chose-remettre (chose) (cadr (nth 7 (assoc chose plv-choses:table))))
+
+;; --- the ground lines, which are true while they are what their record says
+
+(defun plv-choses:mots-terrain (profil fait) "Terrain dessiné")
+(defun plv-choses:traits (profil fait)
+  (cond ((vl-remove nil (mapcar 'car (plv-sources:ecarts profil)))) ((plv-entites-plans profil))))
+
+(defun plv-choses:terrain (profil / fait)
+  "In drawings that don't say what they were drawn of, they were drawn of the record."
+  (setq fait (plv-fait "TERRAIN" nil nil nil))
+  (list
+    (plv-fait-releve fait (getvar "DATE")
+      (list (cons "releve" (plv-source-empreinte profil fait "releve")) (cons "traits" (et_empreinte '(nil)))) (plv-handle profil))))
 
 ;; --- tables and rows; a row is known by its table's reference and its number from 0
 

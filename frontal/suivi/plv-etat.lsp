@@ -111,7 +111,7 @@
 
 (defun plv-etat:a-dire-p (etat)
   "Parts of the tables are told of when they aren't true."
-  (not (and (member (plv-fait-chose (plv-etat-fait etat)) '("RANGEE" "RAPPELS")) (plv-etat-a-jour-p etat))))
+  (not (and (member (plv-fait-chose (plv-etat-fait etat)) '("RANGEE" "RAPPELS" "TERRAIN")) (plv-etat-a-jour-p etat))))
 
 (defun plv-etat-en-ligne (profil etat)
   (strcat (plv-chose-en-mots profil (plv-etat-fait etat)) ": " (plv-etat:en-mots etat)))

@@ -1,6 +1,17 @@
 ;; How each kind of thing is made anew, by the very functions that made it: (profile facts) for the stale ones of a kind. Each gives
 ;; something, or nil after a message when it couldn't.
 
+;; --- the ground lines: of a record that has changed they are drawn, else what was dragged is the ground now
+
+(defun plv-refaire-terrain (profil faits / fait)
+  (setq fait (car faits))
+  (if (= (plv-source-empreinte profil fait "releve") (plv-cle "releve" (plv-fait-sources fait)))
+    (plv-reprendre-terrain profil)
+    (progn
+      (plv-retracer-terrain profil)
+      (if (plv-entites-habillage profil) (plv-rehabiller profil))))
+  T)
+
 ;; --- tables. A definition file that is gone is written again of what the drawn tables say of their rows.
 
 (defun plv-refaire:definition (profil)

@@ -13,6 +13,8 @@
     ("numeros" "les points du terrain" plv-sources:numeros)
     ("noms" "les noms des points" plv-sources:noms)
     ("terrain" "le terrain naturel" plv-sources:terrain)
+    ("releve" "le levé" plv-sources:releve)
+    ("traits" "des traits du terrain ont été déplacés ou effacés" plv-sources:traits)
     ("terrain-ecrit" "le terrain naturel" plv-sources:cellules)
     ("projet-ecrit" "la ligne de projet" plv-sources:cellules)
     ("profondeurs-ecrites" "le terrain ou la ligne de projet" plv-sources:cellules)
@@ -84,6 +86,14 @@
 
 (defun plv-sources:terrain (profil fait)
   (list (plv-points-tn profil) (plv-noms-tn profil) (plv-lacunes profil)))
+
+(defun plv-sources:releve (profil fait) (list (plv-points-tn profil)))
+
+(defun plv-sources:ecarts (profil) (plv-sources:lire (list "traits" profil) '(lambda () (plv-ecarts-terrain profil))))
+
+(defun plv-sources:traits (profil fait)
+  "What the ground lines differ in from their record."
+  (list (mapcar '(lambda (ecart) (list (cadr ecart) (caddr ecart))) (plv-sources:ecarts profil))))
 
 (defun plv-sources:segments (profil origine / axe)
   "The segments of the axis in plan, their points from an origin."

@@ -136,7 +136,7 @@ class Serie:
                                  '(if (setq e (nieme 0 (plv-blocs p))) (progn (setq a (entget (entnext e))) (entmod (subst \'(1 . "neuf") (assoc 1 a) a))))'])]
 
     def edit_ground(self):
-        return [f"(terrain {self.rng.randrange(len(self.points))} {self.rng.uniform(-1, 1):.2f})"]
+        return [f"(terrain {self.rng.randrange(len(self.points))} {self.rng.uniform(-1, 1):.2f})", "(plv-retracer-terrain p)"]
 
     def edit_survey(self):
         d, z, _ = self.rng.choice(self.points)

@@ -63,3 +63,36 @@
 (tape ("U" "U" "U"))
 ((list (length (leve)) (cadr (nth 1 (leve)))) (6 51.0))
 ((suivi-p) T)
+
+;; --- lines of the ground that are dragged
+
+(situation "ADraggedLineTakesItsPointsAlong")
+(fichier "t.txt" "T - 6.0 4 Altitude TN\n")
+(preparer
+  (plv-matrices p "<dossier>t.txt" T)
+  (defun ligne (n) (nth n (plv-lignes-du-plan (car (plv-entites-plans p)))))
+  (defun tirer (e code dx dy / g q) (setq g (entget e) q (assoc code g)) (entmod (subst (list code (+ (cadr q) dx) (+ (caddr q) dy) 0.0) q g)))
+  (defun vieux () (mapcar '(lambda (e) (plv-chose-en-mots p (plv-etat-fait e))) (vl-remove-if 'plv-etat-a-jour-p (plv-etats p)))))
+((vieux) nil)
+;; the end of the first line: 5 units up are half a metre, 2 m to the right
+(preparer (tirer (ligne 0) 11 2.0 5.0))
+(dit (plv-etat (list p)) "Terrain dessiné: à mettre à jour: des traits du terrain ont été déplacés ou effacés")
+((suivi-p) nil)
+((plv-actualiser (list p)) T)
+((equal (nth 1 (leve)) '(12.0 51.5 "") 1e-6) T)
+((suivi-p) T)
+((vieux) nil)
+;; a whole line: both its points; the foot of the wall stays
+(preparer (command "_.MOVE" (ligne 1) "" '(0.0 0.0) '(0.0 -10.0)))
+((plv-actualiser (list p)) T)
+((mapcar 'cadr (plv-points-tn p)) (50.0 50.5 48.5 47.0 37.5 36.0))
+((suivi-p) T)
+;; a line that is erased comes back
+(preparer (entdel (ligne 1)))
+((vieux) ("Terrain dessiné"))
+((plv-actualiser (list p)) T)
+((list (suivi-p) (vieux)) (T nil))
+;; beyond the neighbour there is no ground
+(preparer (tirer (ligne 0) 11 20.0 0.0) (setq avant (leve)))
+(dit (plv-actualiser (list p)) "Terrain naturel: un point du terrain a été déplacé au-delà de son voisin, il reprend sa place.")
+((list (equal avant (leve)) (suivi-p) (vieux)) (T T nil))

@@ -49,8 +49,8 @@
   ((plv-ecrire-noms p '((0.0 50.0 "A") (10.0 51.0 "") (20.0 49.5 "Seuil") (30.0 37.5 "") (50.0 36.0 "C"))) ("Rangée Obs" "Export <dossier>tn.csv"))
   ((plsxd p "DCUMDEB" 0.0)
    ("Rangée Obs" "Classeur <dossier>m.xlsx" "Export <dossier>tn.csv"))
-  ;; the ground of the record: what is drawn of it stays for the quantities, which are measured on the drawing
-  ((terrain 2 49.0) ("Lignes de rappel" "Rangée Altitude TN" "Rangée Profondeur" "Cotes" "Export <dossier>tn.csv"))
+  ;; the ground of the record: the quantities are measured on what is drawn of it, which follows first
+  ((terrain 2 49.0) ("Terrain dessiné" "Lignes de rappel" "Rangée Altitude TN" "Rangée Profondeur" "Cotes" "Export <dossier>tn.csv"))
   ;; tables and legend don't depend on the plane, and PLV-PC moves the reference lines
   ((plv-pc p "M" 130.0 22.0) ("Cotes" "Hachures Projet"))
   ((plv-pc p "A" 110.0 28.0) ("Cotes" "Hachures Projet" "Classeur <dossier>m.xlsx")))
@@ -156,7 +156,7 @@
 ((equal (car (place (car (vl-remove-if-not '(lambda (e) (= (plv-cle 1 (entget e)) "46.00")) (plv-cotes-du-profil p))))) (+ (car ca) 3.0) 1e-6) T)
 ;; and again, by rows alone; the moved text stands in the row of numbers, which is filled anew
 (preparer (terrain 1 51.5))
-((sans-handles (vieux)) ("Lignes de rappel" "Rangée Altitude TN" "Export <dossier>tn.csv"))
+((sans-handles (vieux)) ("Terrain dessiné" "Lignes de rappel" "Rangée Altitude TN" "Export <dossier>tn.csv"))
 ((plv-actualiser (list p)) T)
 ((list (sslength (ssget "X" '((0 . "TEXT") (1 . "37.50")))) (equal (mapcar '- (place (dit "37.50")) za) '(1.0 -12.0) 1e-6)) (1 T))
 ;; what was written goes where the value itself changes, and the user is told
