@@ -10,21 +10,23 @@
       (T (setq points (cons q points)))))
   (reverse points))
 
-(defun plv-metres-sources:sommets (pieces)
-  "The ends of sorted pieces."
-  (plv-metres-sources:droites
-    (apply 'append (mapcar '(lambda (p) (list (list (car p) (cadr p)) (list (caddr p) (cadddr p)))) pieces))))
+(defun plv-metres-sources:bouts (pieces)
+  (apply 'append (mapcar '(lambda (p) (list (list (car p) (cadr p)) (list (caddr p) (cadddr p)))) pieces)))
+
+(defun plv-metres-sources:sommets (pieces coupes)
+  "The ends of sorted pieces; all of them where it matters how they are cut."
+  (if coupes (plv-metres-sources:bouts pieces) (plv-metres-sources:droites (plv-metres-sources:bouts pieces))))
 
 (defun plv-metres-sources:entre-p (a b c)
   "Whether b is on the straight run from a to c."
   (and (< (car a) (car b) (car c)) (equal (plv-interpoler (list a c) (car b)) (cadr b) 1e-6)))
 
-(defun plv-lignes-mesurees (profil genre / cadre)
-  "The vertices of each line of a kind, from left to right."
+(defun plv-lignes-mesurees (profil genre coupes / cadre)
+  "The vertices of each line of a kind, from left to right; coupes: those on a straight run too, which outlines of hatches have."
   (setq cadre (plv-cadre profil))
   (vl-sort
     (vl-remove nil
-      (mapcar '(lambda (e) (plv-metres-sources:sommets (plv-traces:pieces cadre e nil))) (plv-elements profil genre)))
+      (mapcar '(lambda (e) (plv-metres-sources:sommets (plv-traces:pieces cadre e nil) coupes)) (plv-elements profil genre)))
     '(lambda (a b) (< (caar a) (caar b)))))
 
 (defun plv-joindre-lignes (lignes / jointes)
@@ -40,13 +42,14 @@
   (if lignes
     (list (apply 'min (mapcar 'caar lignes)) (apply 'max (mapcar '(lambda (l) (car (plv-dernier l))) lignes)))))
 
-(defun plv-terrain-mesure (profil etendue / a b)
+(defun plv-terrain-mesure (profil etendue coupes / a b)
   "The vertices of the ground as it is drawn, over a stretch."
   (setq a (plv-debut etendue) b (plv-fin etendue))
   (plv-metres-sources:sommets
     (mapcar '(lambda (p) (plv-metres-sources:borner p a b))
       (vl-remove-if '(lambda (p) (or (<= (plv-piece-fin p) (+ a 1e-9)) (>= (plv-piece-debut p) (- b 1e-9))))
-        (plv-traces:terrain profil (plv-cadre profil) (plv-elements profil "TN") nil)))))
+        (plv-traces:terrain profil (plv-cadre profil) (plv-elements profil "TN") nil)))
+    coupes))
 
 (defun plv-metres-sources:borner (p a b)
   "A piece between two distances."

@@ -21,7 +21,7 @@
      plv-choses:reference nil nil plv-refaire-rangees (plv-lever-rangees plv-remettre-tables))
     ("COTES" plv-choses:mots-cotes ("echelle" "textes" "plans" "courbe" "sol-courbe")
      plv-choses:textes plv-choses:cotes nil plv-refaire-cotes (plv-lever-cotes plv-remettre-cotes))
-    ("HACHURES" plv-choses:mots-hachures ("classes" "lignes" "sol-lignes" "plans-lignes")
+    ("HACHURES" plv-choses:mots-hachures ("classes" "contours" "sol-contours" "plans-lignes")
      plv-choses:surfaces plv-choses:hachures plv-choses:sans-ligne plv-refaire-hachures nil)
     ("LEGENDE" plv-choses:mots-legende ("numero" "textes" "classes" "lignes-jointes" "sol-lignes")
      plv-choses:blocs plv-choses:legendes plv-choses:sans-ligne plv-refaire-legendes nil)

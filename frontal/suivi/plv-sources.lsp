@@ -33,6 +33,8 @@
     ("courbe" "la courbe" plv-sources:courbe)
     ("sol-courbe" "le terrain naturel" plv-sources:sol-courbe)
     ("lignes" "la ligne mesurée" plv-sources:lignes)
+    ("contours" "la ligne mesurée" plv-sources:contours)
+    ("sol-contours" "le terrain naturel" plv-sources:sol-contours)
     ("lignes-jointes" "la ligne mesurée" plv-sources:lignes-jointes)
     ("sol-lignes" "le terrain naturel" plv-sources:sol-lignes)
     ("plans-lignes" "les plans de comparaison" plv-sources:plans-lignes)
@@ -200,9 +202,17 @@
 ;; --- quantities
 
 (defun plv-sources:mesurees (profil genre)
-  (plv-sources:lire (list "lignes" profil genre) '(lambda () (plv-lignes-mesurees profil genre))))
+  (plv-sources:lire (list "lignes" profil genre) '(lambda () (plv-lignes-mesurees profil genre nil))))
 
 (defun plv-sources:lignes (profil fait) (list (plv-sources:mesurees profil (plv-fait-genre fait))))
+
+(defun plv-sources:contours (profil fait)
+  "What the outlines of hatches follow, vertex by vertex."
+  (list (plv-lignes-mesurees profil (plv-fait-genre fait) T)))
+
+(defun plv-sources:sol-contours (profil fait / etendue)
+  (setq etendue (plv-etendue-mesuree (plv-sources:mesurees profil (plv-fait-genre fait))))
+  (list (if etendue (plv-terrain-mesure profil etendue T))))
 
 (defun plv-sources:lignes-jointes (profil fait)
   "For what doesn't show where lines are cut."
@@ -211,7 +221,7 @@
 (defun plv-sources:sol-lignes (profil fait / genre etendue)
   (setq genre (plv-fait-genre fait)
         etendue (plv-etendue-mesuree (plv-sources:mesurees profil genre)))
-  (list (if etendue (plv-sources:lire (list "sol" profil genre) '(lambda () (plv-terrain-mesure profil etendue))))))
+  (list (if etendue (plv-sources:lire (list "sol" profil genre) '(lambda () (plv-terrain-mesure profil etendue nil))))))
 
 (defun plv-sources:plans-lignes (profil fait / etendue)
   "The planes over which the lines of a kind are drawn."
