@@ -146,11 +146,9 @@
 (defun plv-sources:numeros (profil fait) (mapcar '(lambda (p) (list (car p) (plv-point-numero p))) (plv-sources:points profil)))
 
 (defun plv-sources:noms (profil fait / origine)
-  "With the stations that stand beside them."
+  "Those that have room, with the stations that stand beside them."
   (setq origine (plv-premiere-station profil))
-  (list
-    (mapcar '(lambda (p) (list (car p) (+ origine (car p)) (plv-point-nom p)))
-      (vl-remove-if '(lambda (p) (= (plv-point-nom p) "")) (plv-points-nommes profil)))))
+  (list (mapcar '(lambda (p) (list (car p) (+ origine (car p)) (plv-point-nom p))) (plv-observations-ecrites profil))))
 
 (defun plv-sources:rangee (fait)
   (plv-sources:lire (list "rangee" (plv-fait-entite fait) (plv-fait-precision fait))

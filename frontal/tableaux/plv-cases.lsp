@@ -74,6 +74,11 @@
                (if (plv-pente-droite-p piece) '(0.0 1.0) '(0.0 0.1 0.2 0.3 0.4 0.5 0.6 0.7 0.8 0.9 1.0)))))
     (plv-remplir:pieces (plv-cases:contexte profil) genre)))
 
+(defun plv-observations-ecrites (profil)
+  "The named ground points that a row of observations shows."
+  (plv-remplir:observations-ecrites
+    (list (cons 'ttxt (plv-ttxt profil)) (cons 'nommes (vl-remove-if '(lambda (p) (= (plv-point-nom p) "")) (plv-points-nommes profil))))))
+
 (defun plv-attributs-ecrits (profil rangee)
   "(distance text) of the blocks that a row of attributes shows."
   (plv-remplir:attributs-ecrits (cons (cons 'infos (plv-rangee-infos rangee)) (plv-cases:contexte profil))))

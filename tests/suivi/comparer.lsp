@@ -47,7 +47,7 @@
            '(lambda (rangee / bas siennes)
               (setq rang (1+ rang) bas (- haut (* (plv-matrice-echelle matrice) (plv-rangee-hauteur rangee)))
                     siennes (vl-remove-if-not '(lambda (e / b) (setq b (plv-boite e)) (< bas (* 0.5 (+ (cadr b) (cadddr b))) haut)) restes)
-                    siennes (vl-remove-if '(lambda (e / b) (setq b (plv-boite e)) (> (- (cadddr b) (cadr b)) (* 1.5 (- haut bas)))) siennes)
+                    siennes (vl-remove-if '(lambda (e / b) (setq b (plv-boite e)) (> (- (cadddr b) (cadr b)) (* 1.3 (- haut bas)))) siennes)
                     haut bas)
               (list (strcat "RANGEE " (plv-matrice-nom r) " " (itoa rang)) siennes))
            (plv-matrice-rangees matrice)))
