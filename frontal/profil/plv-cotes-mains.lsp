@@ -48,13 +48,14 @@
 
 ;; --- done again
 
-(defun plv-cotes-mains:trouver (profil geste)
-  "The dimension that now stands for one."
-  (car
-    (vl-member-if
+(defun plv-cotes-mains:trouver (profil geste / places)
+  "The dimension that now stands for one: of its curve, or of a piece that was cut off it."
+  (setq places
+    (vl-remove-if-not
       '(lambda (c)
          (and (equal (plgxd c "COTEX") (plv-geste-x geste) 1e-3) (eq (plv-cote-altitude-p c) (plv-geste-altitude-p geste))))
-      (plv-cotes-du-profil profil))))
+      (plv-cotes-du-profil profil)))
+  (cond ((car (vl-member-if '(lambda (c) (eq (plv-cote-courbe c) (plv-geste-courbe geste))) places))) ((car places))))
 
 (defun plv-deplacer-texte (texte d / groupes)
   "Both points of a text."

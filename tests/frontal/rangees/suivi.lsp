@@ -164,3 +164,16 @@
 (dit (plv-actualiser (list p)) "N'a pas pu être gardé: rangée Altitude TN, texte écrit « 49.50 env. ».")
 ((list (ssget "X" '((1 . "49.50 env."))) (type (dit "49.00"))) (nil ENAME))
 ((vieux) nil)
+
+;; two lines have dimensions at the same stations: what was done to one isn't done to the other
+(situation "AHandsWorkStaysWithItsCurve")
+(preparer
+  (plv-coter p "AEp" (* 0.5 pi) "Altitudes" (plv-elements-du-projet p "AEp"))
+  (setq aep (car (plv-elements-du-projet p "AEp")))
+  (defun de-aep () (vl-remove-if-not '(lambda (c) (eq (plv-cote-courbe c) aep)) (plv-cotes-du-profil p)))
+  (defun en-110 (cotes) (car (vl-remove-if-not '(lambda (c) (equal (plgxd c "COTEX") 10.0 0.1)) cotes)))
+  (setq c (en-110 (de-aep)))
+  (entmod (append (entget c) '((62 . 4))))
+  (terrain 0 50.5))
+((plv-actualiser (list p)) T)
+((mapcar '(lambda (c) (eq (plv-cote-courbe c) aep)) (vl-remove-if-not '(lambda (c) (= (cdr (assoc 62 (entget c))) 4)) (plv-cotes-du-profil p))) (T))
