@@ -31,11 +31,9 @@
     (setq t0 (- (getvar "MILLISECS") t0) moins (if moins (min moins t0) t0)))
   (princ (strcat "\n" nom ": " (itoa moins))))
 
-(defun banc:point (/ i)
+(defun banc:point ()
   "Raises the 501st ground point by 10 cm."
-  (setq i -1)
-  (plv-ecrire-terrain banc:p
-    (mapcar '(lambda (q) (setq i (1+ i)) (list (car q) (+ (cadr q) (if (= i 500) 0.1 0.0)))) (plv-points-tn banc:p))))
+  (plv-leve banc:p "C" 2500.0 (+ 0.1 (cadr (nth 500 (plv-points-tn banc:p)))) nil))
 
 (defun banc:sommet (/ g q)
   "Raises the eleventh vertex of the line by 10 cm."

@@ -13,9 +13,11 @@
         (progn (plv-actualiser:perdus (apply (plv-chose-remettre chose) (list profil (cadr leves)))) T)))
     (apply (plv-chose-refaire chose) (list profil faits))))
 
+(defun plv-actualiser:vieille-p (etat chose) (and (plv-etat-a-refaire-p etat) (= (plv-fait-chose (plv-etat-fait etat)) chose)))
+
 (defun plv-actualiser:de-chose (profil chose etats / faits)
   "Makes the stale things of a kind anew."
-  (setq faits (mapcar 'plv-etat-fait (vl-remove-if-not '(lambda (e) (and (plv-etat-a-refaire-p e) (= (plv-fait-chose (plv-etat-fait e)) chose))) etats)))
+  (setq faits (mapcar 'plv-etat-fait (vl-remove-if-not '(lambda (e) (plv-actualiser:vieille-p e chose)) etats)))
   ;; the rows of tables that were drawn anew are gone
   (setq faits (vl-remove-if-not '(lambda (f) (or (plv-chose-orpheline-p f) (plv-chose-entites profil f))) faits))
   (or (not faits) (plv-actualiser:faire profil chose faits)))
@@ -29,7 +31,7 @@
 
 (defun plv-actualiser:dessin (profils etats)
   "The ground first, of which all else is made; when it changes, the states of all else do."
-  (if (vl-some '(lambda (siens) (vl-some '(lambda (e) (and (plv-etat-a-refaire-p e) (= (plv-fait-chose (plv-etat-fait e)) "TERRAIN"))) (cdr siens))) etats)
+  (if (vl-some '(lambda (siens) (vl-some '(lambda (e) (plv-actualiser:vieille-p e "TERRAIN")) (cdr siens))) etats)
     (progn
       (plv-actualiser:tous etats '("TERRAIN"))
       (setq etats (plv-actualiser:etats profils))))

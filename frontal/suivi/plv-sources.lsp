@@ -129,7 +129,9 @@
   "With the looks that they have on the axis in plan."
   (list
     (mapcar
-      '(lambda (b / g) (setq g (entget b)) (list (plv-cle 2 g) (cond ((plv-cle 41 g)) (1.0)) (cond ((plv-cle 42 g)) (1.0)) (plv-sources:bloc profil b)))
+      '(lambda (b / g)
+         (setq g (entget b))
+         (list (plv-cle 2 g) (cond ((plv-cle 41 g)) (1.0)) (cond ((plv-cle 42 g)) (1.0)) (plv-sources:bloc profil b)))
       (plv-blocs profil))))
 
 ;; --- tables and their rows
