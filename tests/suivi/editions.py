@@ -59,7 +59,7 @@ class Serie:
                  f'(entmake \'((0 . "LWPOLYLINE") (100 . "AcDbEntity") (100 . "AcDbPolyline") (90 . 3) (70 . 0) (10 0.0 -900.0) (10 {middle} -880.0)'
                  f' (10 {self.length + 20} -900.0)))', '(plv-associer-axe p (entlast))',
                  f"(plv-devers p '((100.0 -2.0 -2.0) ({100 + middle} -2.5 2.5)))",
-                 '(entmake \'((0 . "BLOCK") (2 . "REGARD") (70 . 2) (10 0.0 0.0 0.0)))', '(entmake \'((0 . "ENDBLK")))', self.helpers(),
+                 '(entmake \'((0 . "BLOCK") (2 . "REGARD") (70 . 2) (10 0.0 0.0 0.0)))', '(entmake \'((0 . "ENDBLK")))', self.functions(),
                  f'(regard {middle / 2:.2f} "R1")', f'(regard {middle:.2f} "R2")', "(setq essai:regards (plv-blocs p))"]
         for making in ('(plv-matrices p essai:chemin essai:tout)', '(coter "Projet")', '(coter "Voirie")', '(plv-metres nil "Projet" nil T)',
                        '(plv-metres nil "Voirie" nil T)', '(plv-legende p "Projet" nil)', "(plv-vers-plan p)"):
@@ -67,7 +67,7 @@ class Serie:
                 forms.append(making)
         return forms
 
-    def helpers(self):
+    def functions(self):
         return f'''(setq essai:chemin "{self.name("t.txt")}" essai:tout {self.tout})
 (defun regard (d cote)
   (entmake (list '(0 . "INSERT") '(66 . 1) '(2 . "REGARD") (list 10 (+ (car (plv-origine p)) d) (+ (cadr (plv-origine p)) 60.0) 0.0)))
@@ -83,7 +83,7 @@ class Serie:
     (mapcar '(lambda (q) (setq i (1+ i)) (list (car q) (+ (cadr q) (if (= i n) dz 0.0)))) (plv-points-tn p))))'''
 
     def again(self):
-        return [self.helpers(), '(setq p (plv-profil-de-numero "7"))']
+        return [self.functions(), '(setq p (plv-profil-de-numero "7"))']
 
     # --- edits
 
