@@ -10,26 +10,26 @@
      plv-vraisemblance plv-terrain)
     (profil (base)
      plv-genres plv-plans plv-cadre plv-terrain-profil plv-profil plv-profils plv-appartenance plv-chaines plv-reparer
-     plv-reparer-contenu plv-habillage plv-rappels plv-terrains
-     plv-elements plv-cotes-posees plv-pentes plv-statiques plv-blocs)
+     plv-reparer-contenu plv-faits plv-habillage plv-terrain-dessine plv-rappels plv-terrains
+     plv-elements plv-cotes-mains plv-cotes-posees plv-pentes plv-statiques plv-blocs)
     (portes (base profil)
      plv-cubiques plv-formes plv-formes-coupe plv-formes-ecriture plv-portes plv-remise)
     (plan (base profil portes)
      plv-axe plv-vers-plan)
     (changements (base profil portes)
-     plv-pc plv-changer-terrain)
+     plv-pc plv-changer-terrain plv-leve)
     (projet (base profil portes)
      plv-raccords plv-parties plv-trace plv-sommets plv-projet plv-associer)
     (tableaux (base profil plan)
      plv-types plv-definitions plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet
-     plv-remplissage-terrains plv-remplissage-plan plv-devers plv-remplissage-blocs plv-matrices plv-ligne-seule)
+     plv-remplissage-terrains plv-remplissage-plan plv-devers plv-remplissage-blocs plv-cases plv-matrices plv-ligne-seule)
     (cotes (base profil portes)
-     plv-cotes)
+     plv-cotes plv-cotes-refaire)
     (gestes (base profil portes cotes)
      plv-report plv-modifier plv-tracer plv-listes)
     (metres (base profil portes)
      plv-metres-troncons plv-metres-classes plv-metres-traces plv-metres-lots plv-metres-controle plv-metres-rapport plv-metres-titres plv-cubpl
-     plv-metres plv-legende)
+     plv-metres-sources plv-metres plv-legende)
     (optimal (base profil projet)
      plv-optimal-bande plv-optimal-rapport plv-optimal plv-optimal-couloir plv-optimal-rangees plv-optimal-contraintes plv-optimal-prix
      plv-optimal-souhait plv-variantes plv-optimal-sommets plv-optimal-cout plv-optimal-questions)
@@ -42,7 +42,9 @@
      plv-mnt-questions)
     (feuilles (base profil tableaux metres)
      plv-encarts plv-feuilles)
-    (controle (base profil tableaux echange)
+    (suivi (base profil plan tableaux cotes metres echange feuilles)
+     plv-sources plv-choses plv-etat plv-refaire plv-mains plv-actualiser plv-sortie)
+    (controle (base profil tableaux echange suivi)
      plv-rapport plv-audit plv-bureau plv-survol)))
 
 (foreach salle plv-salles

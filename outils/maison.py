@@ -80,7 +80,8 @@ HOUSES = {
         "surfaces": "",
         "fichiers": "surfaces",
         "terrain": "surfaces fichiers",
-        "porte": "optimal cout terrain",
+        "suivi": "",
+        "porte": "optimal cout terrain suivi",
     },
     "programs": {"": ""},
 }

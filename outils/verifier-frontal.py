@@ -238,7 +238,7 @@ def check_row_kinds(sources):
     numbers = []
     for row in setting(sources, "plv-types:table"):
         numbers.append(int(row[0]))
-        yield from (f"kind of row {row[0]}: {name} isn't defined" for name in row[2:] if name not in ("nil", "t") and name not in defined)
+        yield from (f"kind of row {row[0]}: {name} isn't defined" for name in row[2:] if isinstance(name, Word) and name not in ("nil", "t") and name not in defined)
     shown = []
     section = read(os.path.join(ROOT, "docs", "formats.md")).split("## Table definitions")[1].split("\n## ")[0]
     for cell in re.findall(r"\| (\d+(?: to \d+)?) \|", section.replace("|", "||")):

@@ -133,8 +133,17 @@ class Run {
       complain(error.what());
       return false;
     }
+    sayWhatIsStale();
     for (const std::string& warning : plotted(action, plotOptions)) complain(warning);
     return true;
+  }
+
+  // What the profiles' tables and hatches were made from may have changed since; the front-end knows.
+  void sayWhatIsStale() {
+    std::string stale;  // a text as a program writes it, or nil
+    if (document_.interpreter().get("PLV-AVANT-TRACE").isNil()) return;
+    if (document_.evaluate("(plv-avant-trace)", &stale) && stale.starts_with('"'))
+      complain(stale.substr(1, stale.size() - 2));
   }
 
   // A layout that is asked for; all of them for a drawing with nothing in its model space; else the model space.

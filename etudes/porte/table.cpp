@@ -6,6 +6,7 @@
 #include "etudes/cout/fonctions.h"
 #include "etudes/optimal/fonctions.h"
 #include "etudes/terrain/fonctions.h"
+#include "etudes/suivi/fonctions.h"
 #include "hote/aced.h"
 #include "hote/acut.h"
 #include "module/commande/arguments/argsLisp.h"
@@ -92,6 +93,26 @@ constexpr ligneFonction kTable[] = {
      L"Les triangles d'une surface: des listes de trois points. Sources et options sont celles d'et_terrain; nil quand "
      L"elle n'a pas de triangles, "
      L"une chaîne quand il y en a plus que le nombre, ou qu'une source ne convient pas."},
+    {L"et_empreinte", et_empreinte, L"(et_empreinte valeurs [origine [aspect]])",
+     L"L'empreinte d'une liste de nombres, de textes et d'entités: seize chiffres, les mêmes tant que rien ne change. "
+     L"Les "
+     L"réels comptent au millionième, les points des entités depuis l'origine; avec aspect, calques, couleurs et "
+     L"textes "
+     L"comptent aussi."},
+    {L"et_noter_textes", et_noter_textes, L"(et_noter_textes entités rangées)",
+     L"Garde où sont les textes d'une liste d'entités, rangée par rangée; une rangée est (porteur clé x haut bas), ses "
+     L"places "
+     L"un enregistrement du porteur."},
+    {L"et_ecarts", et_ecarts, L"(et_ecarts entités rangées)",
+     L"Ce qu'une main a changé aux textes, d'après les places gardées: (texte rangée x y dx dy réécrit somme) pour "
+     L"chacun, "
+     L"la rangée par son numéro, de 0. Un texte qui a une couleur à lui en est; un texte sans place n'en est "
+     L"pas."},
+    {L"et_textes", et_textes, L"(et_textes entités)",
+     L"Les textes d'une liste d'entités, de gauche à droite: (x mots entité) pour chacun."},
+    {L"et_somme", et_somme, L"(et_somme texte)", L"La somme qui dit les mots d'un texte."},
+    {L"et_dans_bande", et_dans_bande, L"(et_dans_bande entités haut bas)",
+     L"Les lignes, arcs, textes et blocs d'une liste qui sont entre deux ordonnées."},
 };
 
 void et_aide() {

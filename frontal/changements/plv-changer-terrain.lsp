@@ -27,6 +27,7 @@
       (plv-changer:sections profil points longueur)
       (plv-ecrire-lacunes profil lacunes)
       (plv-refaire-habillage profil)
+      (plv-noter-fait profil "TERRAIN" nil nil nil)
       (plv-changer:dire-plans profil points)
       profil)))
 

@@ -8,18 +8,16 @@
       '(lambda (s) (and (>= d (- (plv-plan-debut s) 1e-6)) (< d (- (plv-section-fin s) 1e-6))))
       sections)))
 
-(defun plv-refaire-section (profil points section / origine plan groupes lignes)
+(defun plv-refaire-section (profil points section / origine plan groupes)
   "Writes a section into its plane's entity and draws its ground anew."
   (setq origine (plv-origine profil) plan (plv-section-entite section))
-  (plv-effacer (plv-lignes-du-plan plan))
   (plv-ecrire-cles plan
     (list (list "DISTANCE" (float (plv-section-longueur section))) (list "PC" (float (plv-plan-altitude section)))))
   (setq groupes (entget plan))
   (entmod
     (subst (cons 10 (plv-point (+ (car origine) (plv-plan-debut section)) (cadr origine))) (assoc 10 groupes)
       (subst (cons 11 (plv-point (+ (car origine) (plv-section-fin section)) (cadr origine))) (assoc 11 groupes) groupes)))
-  (setq lignes (plv-tracer-lignes origine points (plv-echv profil) section (plv-section-fin section)))
-  (if lignes (plsxd plan "PRLI" (car lignes)) (plv-oter-cle plan "PRLI")))
+  (plv-retracer-section profil points section))
 
 (defun plv-pc:suivre (entite suivante)
   (if suivante (plsxd entite "NEXT-PC" suivante) (plv-oter-cle entite "NEXT-PC")))
@@ -95,15 +93,17 @@ governs there. What is attached is brought into form before. Gives the profile, 
   (if (and (plv-profil-sain profil) (plv-statiques-verifies profil))
     (plv-pc:executer profil operation (- (float station) (plv-premiere-station profil)) (if altitude (float altitude)))))
 
-(defun plv-pc:executer (profil operation d altitude / sections section faute)
+(defun plv-pc:executer (profil operation d altitude / sections section faute cotes)
   (setq sections (plv-sections-de-plan profil)
         section (plv-pc:section sections d)
         faute (plv-pc:faute operation sections section d altitude))
   (cond
     (faute (plv-erreur faute))
     ((plv-remettre-en-forme profil (if (= operation "A") d))
+     (setq cotes (plv-ecarts-cotes profil))
      (plv-pc:changer profil operation sections section (if (= operation "A") d (plv-plan-debut section)) altitude)
      (plv-refaire-habillage profil)
+     (plv-suivre-cotes profil cotes)
      (plv-pc:dire profil)
      profil)))
 

@@ -2,9 +2,28 @@
 ;; Nothing here changes the drawing. What was read of the profiles is kept until plv-bureau-oublier.
 ;; Shared in the room: plv-bureau:lus plv-bureau:plans-lus
 
-(setq plv-bureau:arbre nil plv-bureau:lectures nil)
+(setq plv-bureau:arbre nil plv-bureau:lectures nil plv-bureau:vieilles nil)
 
-(defun plv-bureau-oublier () (setq plv-bureau:arbre nil plv-bureau:lectures nil))
+(defun plv-bureau-oublier () (setq plv-bureau:arbre nil plv-bureau:lectures nil plv-bureau:vieilles nil))
+
+;; --- what isn't true any more, as (profile state ...), worked out once
+
+(defun plv-bureau:vieux-etats ()
+  (cond
+    (plv-bureau:vieilles)
+    ((setq plv-bureau:vieilles
+       (mapcar '(lambda (p) (cons p (vl-remove-if 'plv-etat-a-jour-p (plv-etats p)))) (vl-remove-if 'plv-refus-profil (plv-profils)))))))
+
+(defun plv-bureau-marques ()
+  "The boxes (x1 y1 x2 y2) of what isn't true any more, for the window to mark."
+  (vl-remove nil
+    (apply 'append
+      (mapcar '(lambda (vieux) (mapcar '(lambda (etat) (plv-etat-boite (car vieux) etat)) (cdr vieux))) (plv-bureau:vieux-etats)))))
+
+(defun plv-bureau:etats (profil)
+  (mapcar
+    '(lambda (etat) (plv-bureau:noeud (plv-etat-en-ligne profil etat) (car (plv-chose-entites profil (plv-etat-fait etat))) nil))
+    (plv-cle profil (plv-bureau:vieux-etats))))
 
 ;; --- the tree: (title handle children)
 
@@ -45,7 +64,8 @@
 
 (defun plv-bureau:enfants (profil)
   "What a whole profile has."
-  (append (plv-bureau:groupe "Plans de comparaison" (plv-bureau:plans profil))
+  (append (plv-bureau:groupe "Pas à jour" (plv-bureau:etats profil))
+          (plv-bureau:groupe "Plans de comparaison" (plv-bureau:plans profil))
           (plv-bureau:groupe "Lignes" (plv-bureau:genres profil))
           (plv-bureau:groupe "Matrices" (plv-bureau:matrices profil))))
 

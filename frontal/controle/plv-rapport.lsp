@@ -16,11 +16,18 @@
     (plv-dire (strcat "    terrain " (plv-terrain-nom terrain) " (" (strcase (plv-terrain-role terrain) T) "): "
                       (plv-compte (apply '+ (mapcar 'length (plv-terrain-morceaux terrain))) "point")))))
 
+(defun plv-rapport:etats (profil / etats vieux)
+  "What is derived of a profile and isn't true any more."
+  (setq etats (plv-etats profil) vieux (vl-remove-if 'plv-etat-a-jour-p etats))
+  (foreach ligne (plv-etats-en-lignes profil vieux) (plv-dire (strcat "    " ligne)))
+  (if (and etats (not vieux)) (plv-dire "    tout ce qui en est tiré est à jour")))
+
 (defun plv-rapport:profil (profil)
   (plv-dire (strcat "    plans de comparaison: " (plv-plans-en-texte profil)))
   (plv-rapport:terrains profil)
   (plv-rapport:matrices profil)
-  (plv-rapport:projets profil))
+  (plv-rapport:projets profil)
+  (plv-rapport:etats profil))
 
 (defun plv-rapport:abime (profil)
   "What is wrong with a profile that can't be described further, nil for a whole one."

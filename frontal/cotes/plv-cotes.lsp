@@ -41,7 +41,7 @@
   (if courbe
     (progn (setq boite (plv-boite courbe)) (<= (- (car boite) 1e-3) x (+ (caddr boite) 1e-3)))))
 
-(defun plv-cotes:porteuse (cote elements / x courbe)
+(defun plv-cote-porteuse (cote elements / x courbe)
   "The curve of a dimension where that still reaches it; a change of plane may have cut it: else the element that does."
   (setq x (plv-cotes:abscisse cote) courbe (plv-cote-courbe cote))
   (cond ((plv-cotes:atteint-p courbe x) courbe)
@@ -50,7 +50,7 @@
 
 (defun plv-cotes:anciennes (profil genre courbes / elements)
   (setq elements (append courbes (plv-elements profil genre)))
-  (vl-remove-if-not '(lambda (c) (member (plv-cotes:porteuse c elements) courbes)) (plv-cotes-du-profil profil)))
+  (vl-remove-if-not '(lambda (c) (member (plv-cote-porteuse c elements) courbes)) (plv-cotes-du-profil profil)))
 
 ;; --- writing
 
@@ -91,8 +91,8 @@ dimensions: that is the curve, not the chords."
          (if cordes
            (plv-cotes:par-cordes profil genre rotation lesquelles courbe cordes point)
            (plv-cotes:appeler profil genre rotation lesquelles courbe point)))
-  (plv-noter-cotes cotes profil courbe)
   (mapcar 'plv-cotes:sans-moins-zero cotes)
+  (plv-noter-cotes cotes profil courbe)
   cotes)
 
 (defun plv-cotes:dire (ecrites / laissees)
@@ -105,23 +105,28 @@ dimensions: that is the curve, not the chords."
 ground). Those that would overlap are left out. Gives those that are written."
   (plv-creer-calques)
   (plv-effacer-cotes (plv-cotes:anciennes profil genre courbes))
+  (plv-oublier-fixes-effaces profil)
   (setq ecrites (apply 'append (mapcar '(lambda (c) (plv-cotes:ecrire profil genre rotation lesquelles c)) courbes)))
   (plv-cotes:eclaircir profil genre)
   (plv-ranger-cotes profil genre)
   (plv-rehausser-titre profil)
+  (plv-noter-faits profil (mapcar '(lambda (c) (plv-fait "COTES" nil c (list lesquelles (rtos rotation 2 8)))) courbes))
   (plv-cotes:dire ecrites)
   (vl-remove-if-not 'plv-existe ecrites))
 
-(defun plv-recoter (profil genre courbes / cotes roles attachees)
+(defun plv-cotes-lesquelles (cotes / roles)
+  "Which ones dimensions are, in the words of the question."
+  (setq roles (plv-uniques (mapcar 'plv-cote-altitude-p cotes)))
+  (cond ((cdr roles) "Toutes") ((car roles) "Altitudes") ("Hauteurs")))
+
+(defun plv-recoter (profil genre courbes / cotes attachees)
   "Dimensions of curves anew, as one of them has them, after they have changed; nothing when none has any. What is only attached
 to the kind stays so: the module takes every curve that it dimensions into the project."
   (setq cotes (vl-remove-if-not '(lambda (c) (member (plv-cote-courbe c) courbes)) (plv-cotes-du-profil profil))
-        roles (plv-uniques (mapcar 'plv-cote-altitude-p cotes))
         attachees (vl-remove-if 'plv-du-projet courbes))
   (if cotes
     (progn
-      (plv-coter profil genre (plv-cle 50 (entget (car cotes)))
-        (cond ((cdr roles) "Toutes") ((car roles) "Altitudes") ("Hauteurs")) courbes)
+      (plv-coter profil genre (plv-cle 50 (entget (car cotes))) (plv-cotes-lesquelles cotes) courbes)
       (foreach e attachees (plv-marquer-du-projet e nil)))))
 
 ;; --- the command

@@ -95,14 +95,20 @@
      (plv-erreur (vl-catch-all-error-message ecrit)))
     (T
      (plv-dire (strcat fichier ": " (plv-compte (length profils) "profil") ", LandXML 1.2."))
+     (foreach p profils (plv-noter-fait p "EXPORT" (strcat "Landxml " fichier) nil nil))
      T)))
 
 ;; --- delimited text
 
+(defun plv-export:ecrire (profil contenu fichier lignes)
+  "Writes the lines of a content; T, or nil after a message."
+  (if (plv-ecrire-lignes fichier lignes)
+    (progn (plv-noter-fait profil "EXPORT" (strcat contenu " " fichier) nil nil) T)))
+
 (defun plv-export-terrain (profil fichier / origine)
   "The ground as distance;altitude;nom lines."
   (setq origine (plv-premiere-station profil))
-  (plv-ecrire-lignes fichier
+  (plv-export:ecrire profil "Terrain" fichier
     (cons "distance;altitude;nom"
       (mapcar
         '(lambda (p)
@@ -137,7 +143,7 @@
     ((not suites) (plv-erreur (strcat "pas de ligne de projet du genre " genre)))
     (T
      (if (cdr suites) (plv-dire "La ligne de projet est interrompue: sa première partie est écrite."))
-     (plv-ecrire-lignes fichier
+     (plv-export:ecrire profil genre fichier
        (cons "station;altitude;raccordement;forme"
          (mapcar
            '(lambda (s)

@@ -7,7 +7,7 @@
 
 ;; --- what a profile covers
 
-(defun plv-feuilles:entites (profil)
+(defun plv-entites-dessinees (profil)
   "Everything that is drawn of a profile and its tables."
   (vl-remove-if-not 'plv-existe
     (append
@@ -22,10 +22,10 @@
 with the gap after them, top), recouvrement (what two sheets share on each side of a cut) x0 y0, legendes (beside it)."
   (setq point (plv-origine profil)
         ttxt (plv-ttxt profil)
-        coins (etendue-tracee (plv-feuilles:entites profil))
+        coins (etendue-tracee (plv-entites-dessinees profil))
         legendes (vl-remove-if-not 'plv-existe (plv-legendes-du-profil profil))
         a-part (plv-encarts-a-part legendes (caar coins) (caadr coins))
-        coins (etendue-tracee (append (plv-feuilles:entites profil) (vl-remove-if '(lambda (l) (member l a-part)) legendes)))
+        coins (etendue-tracee (append (plv-entites-dessinees profil) (vl-remove-if '(lambda (l) (member l a-part)) legendes)))
         titres (etendue-tracee (vl-remove-if-not 'plv-existe (plv-references-tables profil))))
   (list (cons 'profil profil) (cons 'legendes (mapcar 'plv-boite a-part)) (cons 'x0 (car point)) (cons 'y0 (cadr point))
         ;; Upright texts stand on their abscissa: half of their height is beside it.
@@ -253,11 +253,13 @@ message."
           (plv-dire (strcat fichier ": " (itoa (length feuilles)) (if (cdr feuilles) " feuilles" " feuille") " au 1:"
                             (plv-feuilles:nombre echelle) "."))
           (plv-feuilles:textes-papier mesures echelle)
+          (foreach p profils (plv-noter-fait p "FEUILLES" (strcat "PDF " fichier) nil (list modele (rtos echelle 2 8) titre)))
           (length feuilles))))))
 
 (defun c:plv-feuilles (/ profils modele place echelle titre)
   "Fait le dossier de plans: les profils sur des feuilles, en un PDF."
-  (if (and (setq profils (plv-demander-profils))
+  (if (setq profils (plv-demander-profils)) (plv-avant-sortie profils))
+  (if (and profils
            (setq modele (plv-feuilles:modele (plv-demander-texte "Dessin modèle" "cartouche.dxf")))
            (setq place (plv-feuilles:place modele)))
     (progn

@@ -14,18 +14,12 @@
 
 (defun plv-legende:nom (profil genre) (strcat (plv-legende:racine profil) "_" (strcase genre)))
 
-(defun plv-legende:references (nom) (reverse (plv-entites-du-jeu (ssget "X" (list '(0 . "INSERT") (cons 2 nom))))))
+(defun plv-legende:references (nom)
+  (if (tblsearch "BLOCK" nom) (reverse (plv-entites-du-jeu (ssget "X" (list '(0 . "INSERT") (cons 2 nom)))))))
 
 (defun plv-legende:titre (profil genre) (strcat "PROFIL " (plv-numero-profil profil) " - " (strcase genre)))
 
 (defun plv-legende:notee-p (reference) (assoc plv-legende:cle-profil (plv-paires reference)))
-
-(defun plv-legende:notees (profil genre)
-  "The references that name a profile and a kind."
-  (vl-remove-if-not
-    '(lambda (e)
-       (and (eq (plv-nommee e plv-legende:cle-profil) profil) (equal (cdr (plv-cle plv-legende:cle-genre (plv-paires e))) genre)))
-    (plv-references)))
 
 ;; --- legends of earlier versions, known by the name of their block; one for all kinds at first, its kind in its title
 
@@ -50,11 +44,24 @@
   (vl-remove-if-not '(lambda (e) (and (not (plv-legende:notee-p e)) (plv-legende:a-lui-p profil e)))
     (apply 'append (mapcar 'plv-legende:references (vl-remove nil (list (plv-legende:unique profil genre) (plv-legende:nom profil genre)))))))
 
-(defun plv-legende:du-genre (profil genre) (append (plv-legende:par-leur-nom profil genre) (plv-legende:notees profil genre)))
+(defun plv-legende:genre-note (reference) (cdr (plv-cle plv-legende:cle-genre (plv-paires reference))))
+
+(defun plv-legendes-par-genre (profil / notees)
+  "(kind reference ...) of each kind that has a legend."
+  (setq notees (vl-remove-if-not '(lambda (e) (eq (plv-nommee e plv-legende:cle-profil) profil)) (plv-references)))
+  (vl-remove-if-not 'cdr
+    (mapcar
+      '(lambda (genre)
+         (cons genre
+           (append (plv-legende:par-leur-nom profil genre)
+                   (vl-remove-if-not '(lambda (e) (equal (plv-legende:genre-note e) genre)) notees))))
+      (plv-genres-projet))))
+
+(defun plv-legendes-du-genre (profil genre) (plv-cle genre (plv-legendes-par-genre profil)))
 
 (defun plv-legendes-du-profil (profil)
   "The references of a profile's legends, kind after kind."
-  (apply 'append (mapcar '(lambda (genre) (plv-legende:du-genre profil genre)) (plv-genres-projet))))
+  (apply 'append (mapcar 'cdr (plv-legendes-par-genre profil))))
 
 ;; --- rows: (colour label length surface volume), the colour nil for the total
 
@@ -136,7 +143,7 @@
   (setq origine (plv-origine profil)
         ecart (* 6.0 (plv-ttxt profil))
         largeur (* (plv-ttxt profil) (apply '+ (plv-legende:largeurs)))
-        autres (vl-remove-if '(lambda (e) (member e (plv-legende:du-genre profil genre))) (plv-legendes-du-profil profil)))
+        autres (vl-remove-if '(lambda (e) (member e (plv-legendes-du-genre profil genre))) (plv-legendes-du-profil profil)))
   (plv-point
     (+ ecart (apply 'max (cons (+ (car origine) (plv-longueur-profil profil))
                                (mapcar '(lambda (e) (+ (car (plv-origine e)) largeur)) autres))))
@@ -163,13 +170,14 @@ nil after a message."
   nom)
 
 (defun plv-legende:placer (profil genre rangees point / nom reference)
-  (plv-effacer (plv-legende:du-genre profil genre))
+  (plv-effacer (plv-legendes-du-genre profil genre))
   (setq nom (plv-legende:nom-libre profil genre))
   (entmake (list '(0 . "BLOCK") (cons 2 nom) '(70 . 0) '(10 0.0 0.0 0.0)))
   (plv-legende:dessiner (plv-legende:titre profil genre) rangees (plv-ttxt profil))
   (entmake '((0 . "ENDBLK")))
   (setq reference (plv-inserer plv-legende:calque nom point))
   (plv-ecrire-cles reference (list (list plv-legende:cle-profil profil) (list plv-legende:cle-genre genre)))
+  (plv-noter-fait profil "LEGENDE" genre nil nil)
   reference)
 
 (defun c:plv-legende (/ profil genre)

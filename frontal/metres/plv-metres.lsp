@@ -60,14 +60,16 @@
   (setq groupes (plv-enregistrement profil (plv-metres:cle-hachures genre)))
   (append (plv-cles 330 groupes) (mapcar 'handent (plv-cles 300 groupes))))
 
-(defun plv-metres:anciennes (profil genre / autres)
+(defun plv-hachures-du-profil (profil genre / siennes autres)
   "The noted hatches that are still in the drawing and no other profile's."
-  (setq autres (apply 'append (mapcar '(lambda (p) (plv-metres:notees p genre)) (plv-aines profil))))
-  (vl-remove-if-not '(lambda (h) (and (plv-metres:hachure-p h) (not (member h autres)))) (plv-metres:notees profil genre)))
+  (if (setq siennes (vl-remove-if-not 'plv-metres:hachure-p (plv-metres:notees profil genre)))
+    (progn
+      (setq autres (apply 'append (mapcar '(lambda (p) (plv-metres:notees p genre)) (plv-aines profil))))
+      (vl-remove-if '(lambda (h) (member h autres)) siennes))))
 
 (defun plv-metres:garder (profil genre hachures)
   "The hatches take the place of those that the same kind of line had before."
-  (plv-metres:effacer (plv-metres:anciennes profil genre))
+  (plv-metres:effacer (plv-hachures-du-profil profil genre))
   (plv-enregistrer-entites profil (plv-metres:cle-hachures genre) hachures))
 
 ;; --- measuring
@@ -173,12 +175,26 @@ place of a workbook that is there."
 
 ;; --- the call and the command
 
-(defun plv-metres:faire (lots genre chemin hachurer / mesures)
-  (setq mesures (plv-metres:mesurer lots genre hachurer T))
-  (if (and mesures chemin) (plv-metres:ecrire (mapcar 'car lots) genre chemin))
+(defun plv-metres:faire (lots genre chemin hachurer dire / mesures)
+  (setq mesures (plv-metres:mesurer lots genre hachurer dire))
+  (if (and mesures chemin) (plv-metres:ecrire (mapcar 'plv-lot-profil lots) genre chemin))
   mesures)
 
-(defun plv-metres (numeros genre chemin hachurer / profils faute lots)
+(defun plv-metres:noter (profils genre chemin hachurer)
+  "Says what was made, once the profiles have their own lines again."
+  (foreach p profils
+    (if hachurer (plv-noter-fait p "HACHURES" genre nil nil))
+    (if chemin (plv-noter-fait p "CLASSEUR" (strcat genre " " chemin) nil nil))))
+
+(defun plv-metrer (profils genre chemin hachurer dire / lots mesures)
+  "Measures whole profiles that have lines of a kind; what a section holds is printed when that is wanted."
+  (if (setq lots (plv-metres:lots profils genre))
+    (progn
+      (setq mesures (plv-metres:avec-lots lots genre '(lambda () (plv-metres:faire lots genre chemin hachurer dire))))
+      (if mesures (plv-metres:noter (mapcar 'plv-lot-profil lots) genre chemin hachurer))
+      mesures)))
+
+(defun plv-metres (numeros genre chemin hachurer / profils faute)
   "Measures profiles (a list of numbers, nil for all) with the project line of a kind; writes a workbook unless chemin is
 nil, leaves hatches on demand. Gives the measures, or nil after a message."
   (setq numeros (plv-uniques numeros)
@@ -187,8 +203,7 @@ nil, leaves hatches on demand. Gives the measures, or nil after a message."
         chemin (if (and chemin (not (vl-filename-extension chemin))) (strcat chemin ".xlsx") chemin))
   (cond
     ((setq faute (cond ((plv-metres:refus numeros profils genre)) (chemin (plv-metres:chemin-faux chemin)))) (plv-erreur faute))
-    ((setq lots (plv-metres:lots profils genre))
-     (plv-metres:avec-lots lots genre '(lambda () (plv-metres:faire lots genre chemin hachurer))))))
+    (T (plv-metrer profils genre chemin hachurer T))))
 
 (defun plv-metres:demander-numeros (/ reponse)
   (setq reponse (plv-demander-texte "Numéros des profils, séparés par des virgules, ou Tous" "Tous"))

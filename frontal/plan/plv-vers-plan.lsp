@@ -32,26 +32,36 @@
     (setq rang (1+ rang)))
   (entmake (list '(0 . "SEQEND") (cons 8 (plv-calque plv-vers-plan:calque)))))
 
-(defun plv-vers-plan:dessiner (profil segments genre ttxt / origine)
+(defun plv-pentes-portees (profil / genre)
+  "The slope pieces of the first project line that have an arrow."
+  (if (setq genre (car (plv-genres-du-projet profil)))
+    (vl-remove-if-not
+      '(lambda (p) (and (plv-pente-droite-p p) (> (abs (plv-pente-valeur p)) 5e-5) (> (plv-longueur p) (* 5.0 (plv-ttxt profil)))))
+      (plv-elements-de-pente profil genre))))
+
+(defun plv-vers-plan:dessiner (profil segments ttxt / origine)
   (setq origine (car (plv-origine profil)))
-  (foreach piece (if genre (plv-elements-de-pente profil genre))
-    (if (and (plv-pente-droite-p piece) (> (abs (plv-pente-valeur piece)) 5e-5) (> (plv-longueur piece) (* 5.0 ttxt)))
-      (plv-vers-plan:fleche segments piece ttxt)))
+  (foreach piece (plv-pentes-portees profil) (plv-vers-plan:fleche segments piece ttxt))
   (foreach bloc (plv-blocs profil)
     (plv-vers-plan:bloc segments bloc (- (car (plv-origine bloc)) origine) ttxt)))
+
+(defun plv-portes-sur-plan (profil)
+  "What an earlier call drew on the axis."
+  (plv-entites-enregistrees profil plv-vers-plan:cle))
 
 (defun plv-vers-plan (profil / axe entites)
   "Draws on the axis of the profile; gives the entities, or nil after a message."
   (plv-creer-calques)
   (if (setq axe (plv-axe-plan profil))
     (progn
-      (plv-effacer (plv-entites-enregistrees profil plv-vers-plan:cle))
+      (plv-effacer (plv-portes-sur-plan profil))
       (setq entites
         (plv-ajouts-de
           '(lambda ()
              (plv-avec-calque plv-vers-plan:calque
-               '(lambda () (plv-vers-plan:dessiner profil (plv-axe-segments axe) (car (plv-genres-du-projet profil)) (plv-ttxt profil)))))))
+               '(lambda () (plv-vers-plan:dessiner profil (plv-axe-segments axe) (plv-ttxt profil)))))))
       (plv-enregistrer-entites profil plv-vers-plan:cle entites)
+      (plv-noter-fait profil "PLAN" nil nil nil)
       (plv-dire (strcat (plv-compte (length entites) "entité portée") " sur l'axe en plan."))
       entites)
     (plv-erreur "ce profil n'a pas d'axe en plan: PLV-AXE en associe un")))

@@ -41,10 +41,7 @@
   (and (numberp (plv-chaines:reel plan "DISTANCE")) (numberp (plv-chaines:reel plan "PC"))))
 
 (defun plv-chaines:plan (plan)
-  (append
-    (if (not (plv-plan-complet plan))
-      (plv-constat "P04" plan "plan de comparaison sans DISTANCE ou sans PC"))
-    (plv-fautes-lignes plan)))
+  (if (not (plv-plan-complet plan)) (plv-constat "P04" plan "plan de comparaison sans DISTANCE ou sans PC")))
 
 (defun plv-fautes-plans (profil)
   "The findings on the chain of planes, without those on what hangs from them."
@@ -76,18 +73,25 @@
       (strcat (plv-joindre (cdr partage) ", ") (if (cddr partage) " sont ceux" " est celui") " du profil " (plv-numero-profil (car partage))
               ", dont il est la copie"))))
 
-(defun plv-fautes-profil (profil)
-  "Everything for which a profile can't be worked on."
+(defun plv-fautes-cadre (profil)
+  "Everything for which a profile can't be read, without its ground lines."
   (append (plv-chaines:partage profil) (plv-fautes-nombres profil) (plv-fautes-supports profil) (plv-fautes-plans profil)
           (apply 'append (mapcar 'plv-chaines:plan (plv-entites-plans profil)))))
 
+(defun plv-fautes-profil (profil)
+  "Everything for which a profile can't be worked on."
+  (append (plv-fautes-cadre profil) (apply 'append (mapcar 'plv-fautes-lignes (plv-entites-plans profil)))))
+
 ;; --- the door
 
-(defun plv-refus-profil (profil / fautes)
-  "Why a profile can't be worked on, nil for a whole one."
-  (if (setq fautes (plv-fautes-profil profil))
+(defun plv-chaines:refus (profil fautes)
+  (if fautes
     (strcat "le profil " (plv-numero-profil profil) " est abîmé: " (plv-constat-texte (car fautes))
             "; kavel --audit --fix ou la commande AUDIT le répare")))
+
+(defun plv-refus-profil (profil) "Why a profile can't be worked on, nil for a whole one." (plv-chaines:refus profil (plv-fautes-profil profil)))
+
+(defun plv-refus-cadre (profil) "Why a profile can't be read, nil for one that can." (plv-chaines:refus profil (plv-fautes-cadre profil)))
 
 (defun plv-profil-sain (profil / refus)
   "The profile, without what its records hold of another one, or nil after a message."

@@ -6,7 +6,8 @@
 
 (defun plv-noter-cotes (textes profil courbe)
   (foreach e textes
-    (plv-ecrire-cles e (list (list plv-posees:cle-profil profil) (list plv-posees:cle-courbe courbe)))))
+    (plv-ecrire-cles e (list (list plv-posees:cle-profil profil) (list plv-posees:cle-courbe courbe)))
+    (plv-noter-place-cote profil e)))
 
 (defun plv-cotes-du-profil (profil)
   (vl-remove-if-not '(lambda (e) (eq (plv-nommee e plv-posees:cle-profil) profil))
@@ -84,13 +85,11 @@
     (setq dy (+ (- (plv-boite-haut genante) (cadr boite)) ecart)))
   dy)
 
-(defun plv-posees:monter (cote dy / groupes)
+(defun plv-posees:monter (cote dy)
   (if (/= dy 0.0)
     (progn
-      (setq groupes (entget cote))
-      (foreach code '(10 11)
-        (setq groupes (subst (cons code (mapcar '+ (plv-cle code groupes) (list 0.0 dy 0.0))) (assoc code groupes) groupes)))
-      (entmod groupes))))
+      (plv-deplacer-texte cote (list 0.0 dy))
+      (plv-monter-place-cote cote dy))))
 
 ;; --- the two rows of a kind of line: heights over the curve and the ground, altitudes over everything
 

@@ -82,5 +82,5 @@
   "The dressing anew where dimensions have grown into the title."
   (setq titre (plv-cle 10 (plv-attribut-profil profil "TITRE")))
   (if (and titre (plv-entites-habillage profil)
-           (vl-some '(lambda (b) (> (plv-boite-haut b) (- (cadr titre) (* 3.0 (plv-ttxt profil))))) (plv-boites-cotes profil)))
+           (vl-some '(lambda (b) (> (plv-boite-haut b) (- (cadr titre) (* 4.0 (plv-ttxt profil)) -1e-6))) (plv-boites-cotes profil)))
     (plv-rehabiller profil)))

@@ -43,18 +43,21 @@ miss the depths that a wall passes through: it leans by a micrometre."
 (defun plv-profil:penches (points)
   (cons (car points) (mapcar '(lambda (a b) (cons (plv-derriere a b) (cdr b))) points (cdr points))))
 
-(defun plv-tracer-lignes (point points echv plan fin / debut bout lignes)
+(defun plv-segments-terrain (point points echv plan fin / debut bout)
+  "The ground of the section that runs from its plane's start to `fin`, as (start end) of each line."
+  (setq debut (plv-plan-debut plan) points (plv-profil:penches points) bout (car (plv-dernier points)))
+  (vl-remove nil
+    (mapcar
+      '(lambda (a b)
+         (if (and (>= (car a) (- debut 1e-9)) (<= (car b) (if (equal fin bout 2e-6) bout (+ fin 1e-9))))
+           (list
+             (plv-point (+ (car point) (car a)) (plv-ordonnee (cadr a) plan echv (cadr point)))
+             (plv-point (+ (car point) (car b)) (plv-ordonnee (cadr b) plan echv (cadr point))))))
+      points (cdr points))))
+
+(defun plv-tracer-lignes (point points echv plan fin / lignes)
   "Ground lines of the section that runs from its plane's start to `fin`; their names, chained."
-  (setq debut (plv-plan-debut plan) points (plv-profil:penches points) bout (car (plv-dernier points))
-        lignes
-         (vl-remove nil
-           (mapcar
-             '(lambda (a b)
-                (if (and (>= (car a) (- debut 1e-9)) (<= (car b) (if (equal fin bout 2e-6) bout (+ fin 1e-9))))
-                  (plv-ligne "PLV-TN"
-                    (plv-point (+ (car point) (car a)) (plv-ordonnee (cadr a) plan echv (cadr point)))
-                    (plv-point (+ (car point) (car b)) (plv-ordonnee (cadr b) plan echv (cadr point))))))
-             points (cdr points))))
+  (setq lignes (mapcar '(lambda (bouts) (plv-ligne "PLV-TN" (car bouts) (cadr bouts))) (plv-segments-terrain point points echv plan fin)))
   (plv-enchainer lignes "NEXTLI")
   lignes)
 
@@ -74,6 +77,20 @@ miss the depths that a wall passes through: it leans by a micrometre."
                         plans (append (plv-changements plans) (list longueur))))
   (plv-enchainer entites "NEXT-PC")
   entites)
+
+(defun plv-retracer-section (profil points section / plan lignes)
+  "The ground lines of a section in place of those that it has."
+  (setq plan (plv-section-entite section))
+  (plv-effacer (plv-lignes-du-plan plan))
+  (setq lignes (plv-tracer-lignes (plv-origine profil) points (plv-echv profil) section (plv-section-fin section)))
+  (if lignes (plsxd plan "PRLI" (car lignes)) (plv-oter-cle plan "PRLI")))
+
+(defun plv-retracer-terrain (profil / points)
+  "The ground lines of all sections, after a change of the record."
+  (setq points (plv-points-aux-plans (plv-points-tn profil) (plv-plans profil)))
+  (foreach section (plv-sections-de-plan profil) (plv-retracer-section profil points section))
+  (plv-ouvrir-lacunes profil)
+  (plv-noter-fait profil "TERRAIN" nil nil nil))
 
 ;; --- the whole profile; other keys are read where what they name is worked on
 
@@ -99,6 +116,7 @@ miss the depths that a wall passes through: it leans by a micrometre."
   (plsxd entite "PRPC" (car (plv-tracer-plans point points echv plans longueur)))
   (plv-profil:supports entite point)
   (plv-ecrire-noms entite points)
+  (plv-noter-fait entite "TERRAIN" nil nil nil)
   entite)
 
 (defun plv-copier-profil (profil points / copie)

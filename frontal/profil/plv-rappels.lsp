@@ -22,17 +22,32 @@
          (plv-point (plv-abscisse cadre (car p)) (cadr (plv-cadre-origine cadre)))))
     points))
 
-(defun plv-rappels:lignes (profil) (vl-remove-if-not 'plv-rappel-p (mapcar 'entget (plv-ajouts-tables profil))))
+(defun plv-lignes-rappel (profil)
+  "The reference lines."
+  (vl-remove-if-not '(lambda (e) (plv-rappel-p (entget e))) (plv-ajouts-tables profil)))
+
+(defun plv-rappels:lignes (profil) (mapcar 'entget (plv-lignes-rappel profil)))
 
 (defun plv-distances-rappels (profil / cadre)
   "Where reference lines stand, growing; nil without any."
   (setq cadre (plv-cadre profil))
   (vl-sort (mapcar '(lambda (g) (plv-distance cadre (plv-cle 10 g))) (plv-rappels:lignes profil)) '<))
 
-(defun plv-ajuster-rappels (profil / cadre points d z)
-  "Tops of the reference lines back on the ground, after a change of plane."
-  (setq cadre (plv-cadre profil) points (plv-points-tn profil))
+(defun plv-rappels:avancer (points d)
+  "The ground from the stretch that reaches a distance."
+  (while (and (cdr points) (or (< (car (cadr points)) (- d 1e-6)) (<= (car (cadr points)) (car (car points))))) (setq points (cdr points)))
+  points)
+
+(defun plv-rappels:poser (groupes cadre d z / haut)
+  "The top of a reference line at an altitude."
+  (setq haut (plv-vers-dessin cadre d z))
+  (if (not (equal haut (plv-cle 10 groupes) 1e-9)) (entmod (subst (cons 10 haut) (assoc 10 groupes) groupes))))
+
+(defun plv-ajuster-rappels (profil / cadre points reste d)
+  "Tops of the reference lines back on the ground, after a change of plane or of the ground. They stand from left to right."
+  (setq cadre (plv-cadre profil) points (plv-points-tn profil) reste points)
   (foreach groupes (plv-rappels:lignes profil)
-    (setq d (plv-distance cadre (plv-cle 10 groupes)))
-    (if (setq z (plv-altitude-tn points d))
-      (entmod (subst (cons 10 (plv-vers-dessin cadre d z)) (assoc 10 groupes) groupes)))))
+    (setq d (plv-distance cadre (plv-cle 10 groupes))
+          reste (plv-rappels:avancer (if (< d (car (car reste))) points reste) d))
+    (if (and (cdr reste) (>= d (- (car (car reste)) 1e-6))) (plv-rappels:poser groupes cadre d (plv-interpoler reste d))))
+  (plv-noter-fait profil "RAPPELS" nil nil nil))

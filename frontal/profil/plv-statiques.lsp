@@ -3,6 +3,10 @@
 
 (setq plv-statiques:cle "ELEMS_STATIQUES_KAVEL")
 
+(defun plv-statiques-du-genre (profil genre / support)
+  "The groups of the record of a kind's fixed elements."
+  (if (setq support (plv-support profil genre)) (plv-enregistrement support plv-statiques:cle)))
+
 (defun plv-statiques:accolade (g texte) (and g (= (caar g) 102) (= (cdar g) texte)))
 
 (defun plv-statiques:apres-liste (g)
@@ -17,6 +21,23 @@
            (or (not (plv-statiques:accolade g "{")) (setq g (plv-statiques:apres-liste (cdr g))))
            (plv-statiques:accolade g "}"))
     (list (cdr g))))
+
+(defun plv-statiques:morts-p (groupes)
+  (vl-some '(lambda (g) (and (= (car g) 330) (not (plv-existe (cdr g))))) groupes))
+
+(defun plv-statiques:vivants (g / apres element restes)
+  "The well-formed elements of a record without erased entities; one that has none left goes."
+  (while (setq apres (plv-statiques:apres-groupe g))
+    (setq element (vl-remove-if '(lambda (x) (plv-statiques:morts-p (list x))) (plv-premiers g (- (length g) (length (car apres)))))
+          restes (if (assoc 330 element) (append (reverse element) restes) restes)
+          g (car apres)))
+  (reverse restes))
+
+(defun plv-oublier-fixes-effaces (profil / g)
+  "Takes erased entities out of the fixed elements of all kinds, as dimensions that were."
+  (foreach genre (plv-genres)
+    (if (and (setq g (plv-statiques-du-genre profil genre)) (plv-statiques:morts-p g) (plv-statiques-lisibles (plv-support profil genre)))
+      (plv-ecrire-enregistrement (plv-support profil genre) plv-statiques:cle (plv-statiques:vivants g)))))
 
 (defun plv-statiques-lisibles (support / g lisible)
   "T when the module can read the static elements of a support."

@@ -57,6 +57,7 @@
 (defun plv-rangee-nom (rangee) (nth 2 rangee))
 (defun plv-rangee-hauteur (rangee) (nth 3 rangee))
 (defun plv-rangee-decimales (rangee) (nth 4 rangee))
+(defun plv-rangee-nature (rangee) (nth 5 rangee))
 (defun plv-rangee-libelle (rangee) (nth 6 rangee))
 (defun plv-rangee-infos (rangee)
   "The text between braces of the row's definition."

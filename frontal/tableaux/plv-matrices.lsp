@@ -8,7 +8,7 @@
     ((not (setq trouve (plv-fichier-existant chemin))) nil)
     ((not (setq points (plv-points-nommes profil))) (plv-erreur (plv-refus-sans-terrain)))
     ((not (plv-lire-definitions trouve)) nil)
-    (T (plv-matrices:remplacer profil points tout))))
+    (T (plv-matrices:remplacer profil points chemin tout))))
 
 (defun plv-matrices:dessiner (profil points tout / contexte gardes bilan)
   "Draws and fills the tables; what is said of it, what stands outside their groups, and the number of points with cells."
@@ -22,7 +22,7 @@
 
 (defun plv-matrices:cotes (bilan) (cadddr bilan))
 
-(defun plv-matrices:remplacer (profil points tout / anciennes liste fait)
+(defun plv-matrices:remplacer (profil points chemin tout / anciennes liste fait)
   "The new tables are drawn before the former ones go, which come back when that fails."
   (setq anciennes (plv-tables-posees profil (plv-ajouts-tables profil))
         liste (plv-liste-tables profil)
@@ -34,6 +34,7 @@
       (plv-oublier-ajouts profil)
       (plv-noter-ajouts profil (plv-bilan-ajouts (car fait)))
       (plv-noter-choix profil tout)
+      (plv-noter-faits profil (plv-tables-faites profil chemin tout))
       (plv-matrices:dire (car fait))
       profil)
     (plv-matrices:reprendre profil liste (cadr fait))))

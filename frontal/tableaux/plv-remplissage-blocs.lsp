@@ -8,19 +8,24 @@
 (defun plv-attributs:texte (bloc etiquettes)
   (plv-joindre (vl-remove nil (mapcar '(lambda (tag) (plv-cle tag (plv-attributs bloc))) etiquettes)) " "))
 
-(defun plv-remplir:attributs (points contexte / origine ttxt d precedent texte laisses)
+(defun plv-remplir:attributs-places (contexte / origine etiquettes)
+  "(distance text) of each block that has one of the row's tags."
+  (setq origine (car (plv-origine (plv-cle 'profil contexte))) etiquettes (plv-attributs:etiquettes (plv-cle 'infos contexte)))
+  (vl-remove-if '(lambda (p) (= (cadr p) ""))
+    (mapcar '(lambda (bloc) (list (- (car (plv-origine bloc)) origine) (plv-attributs:texte bloc etiquettes)))
+      (plv-blocs (plv-cle 'profil contexte)))))
+
+(defun plv-remplir:attributs-ecrits (contexte / ecrits)
+  "Those that have room after the one before."
+  (foreach p (plv-remplir:attributs-places contexte)
+    (if (not (and ecrits (< (- (car p) (caar ecrits)) (* 1.3 (plv-cle 'ttxt contexte))))) (setq ecrits (cons p ecrits))))
+  (reverse ecrits))
+
+(defun plv-remplir:attributs (points contexte / ecrits)
   "One upright text for each block: the values of the row's tags."
-  (setq origine (car (plv-origine (plv-cle 'profil contexte)))
-        ttxt (plv-cle 'ttxt contexte)
-        laisses 0)
-  (foreach bloc (plv-blocs (plv-cle 'profil contexte))
-    (setq d (- (car (plv-origine bloc)) origine)
-          texte (plv-attributs:texte bloc (plv-attributs:etiquettes (plv-cle 'infos contexte))))
-    (cond
-      ((= texte ""))
-      ((and precedent (< (- d precedent) (* 1.3 ttxt))) (setq laisses (1+ laisses)))
-      (T (pl_TexteVertical (- d (* 0.2 ttxt)) texte) (setq precedent d))))
-  laisses)
+  (setq ecrits (plv-remplir:attributs-ecrits contexte))
+  (foreach p ecrits (pl_TexteVertical (- (car p) (* 0.2 (plv-cle 'ttxt contexte))) (cadr p)))
+  (- (length (plv-remplir:attributs-places contexte)) (length ecrits)))
 
 (defun plv-remplir:attributs-auto (points contexte / blocs)
   (if (setq blocs (plv-blocs (plv-cle 'profil contexte))) (pl_CotAttribsAuto (plv-jeu blocs)))

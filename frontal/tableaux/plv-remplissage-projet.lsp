@@ -1,6 +1,6 @@
 ;; Rows about a project line: altitudes, depths, slopes in four wordings, distances of its elements.
 ;; The text between braces names the kind of line, {Voirie}; without it the first kind that has a project line serves.
-;; Shared in the room: plv-remplir:*
+;; Shared in the room: plv-remplir:* plv-redaction:*
 
 (defun plv-remplir:genre-projet (contexte / genres)
   (setq genres (plv-genres-du-projet (plv-cle 'profil contexte)))
@@ -41,17 +41,19 @@
     (list (strcat sens " sur " (plv-reel longueur 2) " m") sens)
     (list (strcat sens " " valeur " sur " (plv-reel longueur 2) " m") (strcat sens " " valeur) valeur)))
 
-(defun plv-remplir:pentes (points contexte) (plv-redaction:rangee contexte 'plv-redaction:en-mots))
+(defun plv-redaction:normale (pente longueur) (list (strcat (plv-remplir:signe pente 4) " m/m") (plv-remplir:signe pente 4)))
 
-(defun plv-remplir:pentes-normales (points contexte)
-  (plv-redaction:rangee contexte
-    '(lambda (pente longueur) (list (strcat (plv-remplir:signe pente 4) " m/m") (plv-remplir:signe pente 4)))))
+(defun plv-redaction:pourcent (pente longueur) (list (strcat (plv-remplir:signe (* 100.0 pente) 2) " %")))
 
-(defun plv-remplir:pentes-pourcent (points contexte)
-  (plv-redaction:rangee contexte '(lambda (pente longueur) (list (strcat (plv-remplir:signe (* 100.0 pente) 2) " %")))))
+(defun plv-redaction:pour-mille (pente longueur) (list (strcat (plv-remplir:signe (* 1000.0 pente) 1) " \U+2030")))
 
-(defun plv-remplir:pentes-pourmilles (points contexte)
-  (plv-redaction:rangee contexte '(lambda (pente longueur) (list (strcat (plv-remplir:signe (* 1000.0 pente) 1) " \U+2030")))))
+(setq plv-redactions
+  '((12 . plv-redaction:en-mots) (13 . plv-redaction:normale) (14 . plv-redaction:pourcent) (15 . plv-redaction:pour-mille)))
+
+(defun plv-remplir:pentes (points contexte) (plv-redaction:rangee contexte 12))
+(defun plv-remplir:pentes-normales (points contexte) (plv-redaction:rangee contexte 13))
+(defun plv-remplir:pentes-pourcent (points contexte) (plv-redaction:rangee contexte 14))
+(defun plv-remplir:pentes-pourmilles (points contexte) (plv-redaction:rangee contexte 15))
 
 (defun plv-remplir:pieces (contexte genre / fin)
   "The slope pieces within the profile: curves that are only attached may run past it."
@@ -60,22 +62,32 @@
     (mapcar '(lambda (p) (vl-list* (max 0.0 (plv-debut p)) (min fin (plv-fin p)) (cddr p)))
             (plv-elements-de-pente (plv-cle 'profil contexte) genre))))
 
-(defun plv-redaction:rangee (contexte redaction / genre)
+(defun plv-redaction:texte (piece nature contexte)
+  "The longest wording of a straight piece in a kind of row that its cell holds; nil for none."
+  (plv-remplir:qui-tient (apply (plv-cle nature plv-redactions) (list (plv-pente-valeur piece) (plv-longueur piece)))
+    (* 0.95 (plv-longueur piece)) contexte))
+
+(defun plv-redaction:texte-courbe (piece rayon contexte)
+  ;; A cell narrows its text to 0.6 and lowers it to 0.7.
+  (plv-remplir:qui-tient
+    (list (strcat "R=" (plv-reel rayon 0) " L=" (plv-reel (plv-longueur piece) 2)) (strcat "R=" (plv-reel rayon 0)))
+    (/ (plv-longueur piece) 0.65) contexte))
+
+(defun plv-redaction:rangee (contexte nature / genre)
   "A slanting line with its wording for each slope, a cell with its radius for each vertical curve."
   (if (setq genre (plv-remplir:genre-projet contexte))
     (plv-remplir:somme
       '(lambda (piece)
          (if (plv-pente-droite-p piece)
-           (plv-redaction:droite piece (apply redaction (list (plv-pente-valeur piece) (plv-longueur piece))) contexte)
+           (plv-redaction:droite piece (plv-redaction:texte piece nature contexte))
            (plv-redaction:courbe piece contexte)))
       (plv-remplir:pieces contexte genre))))
 
-(defun plv-redaction:droite (piece textes contexte / pente texte f1 f2)
+(defun plv-redaction:droite (piece texte / pente f1 f2)
   ;; The line stays in the lower part of the row, so that its text has the room above it.
   (setq pente (plv-pente-valeur piece)
         f1 (cond ((equal pente 0.0 5e-5) 0.22) ((> pente 0.0) 0.1) (0.34))
-        f2 (- 0.44 f1)
-        texte (plv-remplir:qui-tient textes (* 0.95 (plv-longueur piece)) contexte))
+        f2 (- 0.44 f1))
   (pl_TexteMultipleCentre (plv-debut piece) (plv-fin piece) "|")
   (if texte
     (pl_ligneMatrice (plv-debut piece) f1 (plv-fin piece) f2 texte)
@@ -84,10 +96,7 @@
 
 (defun plv-redaction:courbe (piece contexte / rayon texte)
   (if (setq rayon (plv-rayon-de-piece (plv-cle 'profil contexte) piece))
-    ;; A cell narrows its text to 0.6 and lowers it to 0.7.
-    (setq texte (plv-remplir:qui-tient
-                  (list (strcat "R=" (plv-reel rayon 0) " L=" (plv-reel (plv-longueur piece) 2)) (strcat "R=" (plv-reel rayon 0)))
-                  (/ (plv-longueur piece) 0.65) contexte)))
+    (setq texte (plv-redaction:texte-courbe piece rayon contexte)))
   (pl_TexteMultipleCentre (plv-debut piece) (plv-fin piece) (cond (texte) ("|")))
   (if rayon (plv-remplir:manque texte) 0))
 
@@ -99,20 +108,26 @@
     (if (not (and bornes (equal d (caar bornes) 1e-6))) (setq bornes (cons (list d) bornes))))
   (reverse bornes))
 
-(defun plv-remplir:partielles-projet (points contexte / genre bornes gardees)
-  (if (setq genre (plv-remplir:genre-projet contexte))
-    (progn
-      (setq bornes (plv-remplir:bornes contexte genre)
-            gardees (if (or (plv-cle 'tout contexte) (not bornes))
-                      bornes
-                      (plv-espacer bornes (plv-espacement:partielles bornes (plv-cle 'ttxt contexte)))))
-      (if bornes (plv-remplir:partielles (mapcar 'car gardees)))
-      (- (length bornes) (length gardees)))))
+(defun plv-remplir:bornes-partielles (contexte genre / bornes)
+  "Those that a row of partial distances shows."
+  (setq bornes (plv-remplir:bornes contexte genre))
+  (if (or (plv-cle 'tout contexte) (not bornes))
+    bornes
+    (plv-espacer bornes (plv-espacement:partielles bornes (plv-cle 'ttxt contexte)))))
 
-(defun plv-remplir:cumulees-projet (points contexte / genre bornes)
+(defun plv-remplir:partielles-projet (points contexte / genre gardees)
   (if (setq genre (plv-remplir:genre-projet contexte))
     (progn
-      (if (setq bornes (plv-remplir:bornes contexte genre))
-        (foreach d (plv-espacer bornes (plv-espacement:verticaux bornes (plv-cle 'ttxt contexte)))
-          (plv-remplir:cumulee (car d) contexte)))
+      (if (setq gardees (plv-remplir:bornes-partielles contexte genre)) (plv-remplir:partielles (mapcar 'car gardees)))
+      (- (length (plv-remplir:bornes contexte genre)) (length gardees)))))
+
+(defun plv-remplir:bornes-cumulees (contexte genre / bornes)
+  "Those that a row of cumulated distances shows."
+  (if (setq bornes (plv-remplir:bornes contexte genre))
+    (plv-espacer bornes (plv-espacement:verticaux bornes (plv-cle 'ttxt contexte)))))
+
+(defun plv-remplir:cumulees-projet (points contexte / genre)
+  (if (setq genre (plv-remplir:genre-projet contexte))
+    (progn
+      (foreach d (plv-remplir:bornes-cumulees contexte genre) (plv-remplir:cumulee (car d) contexte))
       0)))

@@ -24,16 +24,17 @@
 
 ;; --- observations
 
-(defun plv-remplir:observations (points contexte / ecart precedent laisses)
-  "Named points with their station; each takes three text heights."
-  (setq ecart (* 3.2 (plv-cle 'ttxt contexte)) laisses 0)
+(defun plv-remplir:observations-ecrites (contexte / ecrites)
+  "The named points that have room after the one before; each takes three text heights."
   (foreach p (plv-cle 'nommes contexte)
-    (if (or (not precedent) (>= (- (car p) precedent) ecart))
-      (progn
-        (plv-remplir:observation p contexte)
-        (setq precedent (car p)))
-      (setq laisses (1+ laisses))))
-  laisses)
+    (if (or (not ecrites) (>= (- (car p) (caar ecrites)) (* 3.2 (plv-cle 'ttxt contexte)))) (setq ecrites (cons p ecrites))))
+  (reverse ecrites))
+
+(defun plv-remplir:observations (points contexte / ecrites)
+  "Named points with their station."
+  (setq ecrites (plv-remplir:observations-ecrites contexte))
+  (foreach p ecrites (plv-remplir:observation p contexte))
+  (- (length (plv-cle 'nommes contexte)) (length ecrites)))
 
 (defun plv-remplir:observation (p contexte / ttxt station)
   "Station and name to the right of the point; to its left where the table ends."

@@ -46,19 +46,17 @@
     (setq i (1+ i)))
   bilan)
 
-(defun plv-types-des-tables (/ i j types)
+(defun plv-types-des-tables (profil)
   "The kinds of all rows of all tables."
-  (setq i 0)
-  (while (pl_SelectMatrice i)
-    (setq j 0)
-    (while (pl_SelectLigne i j)
-      (setq types (cons (pl_typelignemat) types) j (1+ j)))
-    (setq i (1+ i)))
-  types)
+  (apply 'append
+    (mapcar '(lambda (r) (mapcar 'plv-rangee-nature (plv-matrice-rangees (plv-matrice r)))) (plv-tables profil))))
 
 (defun plv-points-gardes (points contexte)
   "The points that get cells."
-  (if (plv-cle 'tout contexte) points (plv-espacer points (plv-espacement-necessaire (plv-types-des-tables) points (plv-cle 'ttxt contexte)))))
+  (if (plv-cle 'tout contexte)
+    points
+    (plv-espacer points
+      (plv-espacement-necessaire (plv-types-des-tables (plv-cle 'profil contexte)) points (plv-cle 'ttxt contexte)))))
 
 (defun plv-remplir:nul-p (valeur contexte)
   "T when a number is written as zero in the row: the module would put a minus before a small negative one."

@@ -173,6 +173,41 @@ TEST_F(ProfileWindow, TheQuantityDialogAddsHatchesAndCloses) {
   EXPECT_FALSE(window.drawing()->isRunning());
 }
 
+// An edit by a program, as by a grip: the panel says what it made untrue, frames show it, F5 makes it anew, and before a plot it is asked.
+TEST_F(ProfileWindow, WhatIsNoLongerTrueIsShownAndMadeAnew) {
+  addProject();
+  driver
+      .type(QString("(progn (plv-matrices (car (plv-profils)) \"%1matrices-completes.txt\" T) (princ))").arg(kExamples))
+      .play();
+  const auto stale = [this] { return tree().filter("Pas à jour").join("|"); };
+  EXPECT_EQ(stale(), "");
+  EXPECT_TRUE(window.view()->framed().empty());
+  driver.type("MOVE")
+      .type("(car (plv-elements (car (plv-profils)) \"Projet\"))")
+      .type("")
+      .type("0,0")
+      .type("0,-4")
+      .play();
+  EXPECT_EQ(stale(), "Pas à jour (2)");
+  EXPECT_FALSE(tree().filter("Rangée Profondeur: à mettre à jour: le terrain ou la ligne de projet").isEmpty())
+      << tree().join("\n").toStdString();
+  EXPECT_EQ(window.view()->framed().size(), 2U);
+  answer = "annuler";
+  window.perform("@plot");
+  ASSERT_FALSE(questions.isEmpty());
+  EXPECT_EQ(questions.back(), "2 choses ne sont plus à jour. Refaire avant de tracer ?");
+  // as F5 does
+  driver.menu("Mettre à jour").play();
+  EXPECT_EQ(stale(), "");
+  EXPECT_TRUE(window.view()->framed().empty());
+  driver.type("U").play();
+  EXPECT_EQ(stale(), "Pas à jour (2)");
+  // At the sheets the question is the command's, Enter makes anew.
+  driver.type("PLV-FEUILLES").type("").type("A1").type("").type("").type(file("f.pdf")).play();
+  EXPECT_TRUE(history().contains("2 choses ne sont plus à jour: refaire d'abord")) << history().toStdString();
+  EXPECT_EQ(stale(), "");
+}
+
 // By its menu in the panel, by a click in the drawing where a command asks, by the right button over one of its lines.
 TEST_F(ProfileWindow, TheCurrentProfileIsShownAndChosenByAClick) {
   driver.type(QString("(progn (plv-nouveau \"%1rue-du-moulin.csv\" \"2\" '(0.0 400.0 0.0) 10.0 2.5 nil nil) (princ))")

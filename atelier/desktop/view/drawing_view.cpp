@@ -89,6 +89,11 @@ void DrawingView::followSpace() {
   else zoomExtents();
 }
 
+void DrawingView::frame(std::vector<AcDbExtents> stale) {
+  stale_ = std::move(stale);
+  update();
+}
+
 void DrawingView::startAnew() {
   space_ = nullptr;
   views_.clear();
@@ -177,6 +182,7 @@ void DrawingView::paintEvent(QPaintEvent*) {
   drawPicture(painter, port);
   painter.setRenderHint(QPainter::Antialiasing);
   ViewMarks marks(painter, port, ground_.lightness() < 128);
+  marks.frames(stale_);
   marks.list(hovered_, Emphasis::hover);
   marks.list(selected_, Emphasis::selected);
   const Transients& transients = drawing_.document().transients();

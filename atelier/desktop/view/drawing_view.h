@@ -32,6 +32,9 @@ class DrawingView : public QWidget {
   const std::vector<AcDbStub*>& selection() const { return selection_; }
   void setGround(const QColor& colour);
   QColor ground() const { return ground_; }
+  // What isn't true any more is framed, over the picture only: it is never plotted.
+  void frame(std::vector<AcDbExtents> stale);
+  const std::vector<AcDbExtents>& framed() const { return stale_; }
   // The picture as it is painted, without what lies over it: crosshair, grips, what a few selected objects look like.
   const QImage& picture() const { return picture_.image; }
   // The point that a click there would give, snapped while a prompt asks for a point.
@@ -97,6 +100,7 @@ class DrawingView : public QWidget {
   QColor ground_;
   std::vector<AcDbStub*> selection_, highlighted_;
   render::DisplayList selected_, hovered_, highlightedShown_;
+  std::vector<AcDbExtents> stale_;
   Part manySelected_, manyHighlighted_;  // too many to be drawn anew with each move of the cursor: in the picture
   UnderCursor under_;
   QString hint_;

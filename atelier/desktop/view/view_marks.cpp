@@ -10,6 +10,8 @@ namespace {
 
 constexpr double kGrip = 4, kSnap = 6;  // half sides in pixels
 const QColor kSnapColour(0, 170, 0), kGripColour(40, 110, 220), kHotColour(220, 50, 30);
+const QColor kStaleColour(230, 120, 0);
+constexpr double kFlag = 9;  // side in pixels
 const QColor kWindowColour(40, 110, 220), kCrossingColour(0, 150, 60);
 
 QColor aci(int index, bool dark) {
@@ -85,6 +87,21 @@ void ViewMarks::rectangle(const AcGePoint3d& from, const QPointF& to, bool selec
   colour.setAlpha(selecting ? 40 : 0);
   painter_.setBrush(colour);
   painter_.drawRect(QRectF(start, to).normalized());
+  painter_.setBrush(Qt::NoBrush);
+}
+
+// A thin frame with a flag in its upper left corner, which is seen at every zoom.
+void ViewMarks::frames(std::span<const AcDbExtents> boxes) {
+  for (const AcDbExtents& box : boxes) {
+    const QRectF frame = QRectF(viewport_.pixel(box.minPoint()), viewport_.pixel(box.maxPoint())).normalized();
+    painter_.setPen(QPen(kStaleColour, 1, Qt::DashLine));
+    painter_.setBrush(Qt::NoBrush);
+    painter_.drawRect(frame);
+    const QPointF corner = frame.topLeft();
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(kStaleColour);
+    painter_.drawPolygon(QPolygonF({corner, corner + QPointF(kFlag, 0), corner + QPointF(0, kFlag)}));
+  }
   painter_.setBrush(Qt::NoBrush);
 }
 

@@ -5,6 +5,7 @@
 #include <optional>
 #include <span>
 
+#include "atelier/desktop/picture/viewport.h"
 #include "atelier/desktop/view/grips.h"
 #include "atelier/selecting/snaps.h"
 #include "atelier/desktop/picture/viewport.h"
@@ -23,6 +24,7 @@ class ViewMarks {
   void rubberBand(const AcGePoint3d& from, const QPointF& to);
   // From left to right it selects what is inside, from right to left also what crosses it.
   void rectangle(const AcGePoint3d& from, const QPointF& to, bool selecting);
+  void frames(std::span<const AcDbExtents> boxes);
   void grips(std::span<const Grip> grips, std::optional<std::size_t> hot);
   void snap(const Snap& snap);
   void crosshair(const QPointF& at, double pickBox);

@@ -70,6 +70,7 @@ DrawingView* MainWindow::view() const {
 void MainWindow::wire(Tab& tab) {
   Drawing& drawing = *tab.drawing;
   drawing.document().dialogPresenter = &dialogs_;
+  letAsk(drawing);
   drawing.onPrinted = [this](const QString& text) { commands_->print(text); };
   drawing.onPrompt = [this, &tab] {
     copySoon();
@@ -110,6 +111,7 @@ void MainWindow::showTab() {
   showModes();
   currentProfile_->setText(profiles_->showCurrent(tab->drawing.get()));
   layers_->refresh(tab->drawing.get());
+  showState(*tab);
   commands_->showPrompt(tab->drawing->prompt());
   QStringList names;
   for (const std::string& name : tab->drawing->document().interpreter().boundNames())
@@ -133,6 +135,8 @@ void MainWindow::afterCommand(Tab& tab) {
   currentProfile_->setText(profiles_->showCurrent(tab.drawing.get()));
   layers_->refresh(tab.drawing.get());
   properties_->show(tab.drawing.get(), tab.view->selection());
+  showState(tab);
+  if (afterwards_) QTimer::singleShot(0, this, std::exchange(afterwards_, nullptr));
 }
 
 void MainWindow::showTitle(Tab& tab) {
@@ -150,6 +154,7 @@ void MainWindow::afterReplacement(Tab& tab) {
   if (d.document().path().empty()) d.untitled = nextName();
   else remember(QString::fromStdString(d.document().path()));
   atelier::desktop::ask(d.document(), "(progn (plv-bureau-oublier) (plv-reprendre-courant))");
+  letAsk(d);
   tab.view->startAnew();
   showLayouts();
   showTitle(tab);

@@ -124,6 +124,10 @@ class MainWindow : public QMainWindow {
   void setVariable(const std::string& name, int value);
   void selectAll();
   void audit();
+  void plot();
+  void updateUnasked();
+  void letAsk(Drawing& drawing);
+  void showState(Tab& tab);
   void copySoon();
   void writeCopy(Tab& tab);
   void forgetCopy(Tab& tab);
@@ -142,7 +146,8 @@ class MainWindow : public QMainWindow {
   std::unique_ptr<HostMenuBar> hostMenus_;
   std::vector<std::unique_ptr<Tab>> drawings_;
   QTimer copyTimer_, readingTimer_;
-  qint64 copyCost_ = 0;  // milliseconds that the last copies took
+  std::function<void()> afterwards_;  // what is planned for the end of the running command
+  qint64 copyCost_ = 0;               // milliseconds that the last copies took
   AcGePoint3d readingAt_;
   int untitled_ = 0;
   bool asksForFile_ = false;

@@ -138,7 +138,8 @@ void MainWindow::windowAction(const QString& name) {
   else if (name == "audit") audit();
   else if (name == "newProfile") NewProfileForm(*d, this).exec();
   else if (name == "matrices") MatricesForm(*d, this).exec();
-  else if (name == "plot") plotByForm(*d, this);
+  else if (name == "plot") plot();
+  else if (name == "updateUnasked") updateUnasked();
 }
 
 void MainWindow::audit() {

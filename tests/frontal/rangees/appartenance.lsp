@@ -15,7 +15,7 @@
       (setq numero (entget (entnext c)))
       (entmod (subst (cons 1 "2") (assoc 1 numero) numero))
       c)
-    (defun hachures (profil) (plv-metres:anciennes profil "Voirie"))
+    (defun hachures (profil) (plv-hachures-du-profil profil "Voirie"))
     ;; all that stands in the original's place
     (defun original () (mapcar 'entget (plv-entites-du-jeu (ssget "C" '(-100.0 -100.0) '(300.0 300.0)))))))
 

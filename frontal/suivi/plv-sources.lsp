@@ -1,0 +1,257 @@
+;; The sources of what is derived of a profile. Each has a name, which stands in the drawing, the words by which users know it, and a
+;; function (profile fact) that gives its values: lists of numbers, texts and entities. Two fingerprints of a source are equal while
+;; nothing of it changes that a thing shows; a source without values is one of which nothing can be known now.
+;; Shared in the room: plv-sources:*
+
+(setq plv-sources:table
+  '(("echelle" "l'échelle verticale" plv-sources:echelle)
+    ("origine" "la première station" plv-sources:origine)
+    ("longueur" "la longueur du profil" plv-sources:longueur)
+    ("definition" "le fichier de définition" plv-sources:definition)
+    ("distances" "les points du terrain" plv-sources:distances)
+    ("altitudes" "le terrain naturel" plv-sources:altitudes)
+    ("numeros" "les points du terrain" plv-sources:numeros)
+    ("noms" "les noms des points" plv-sources:noms)
+    ("terrain" "le terrain naturel" plv-sources:terrain)
+    ("terrains" "les autres terrains" plv-sources:terrains)
+    ("releve" "le levé" plv-sources:releve)
+    ("traits" "des traits du terrain ont été déplacés ou effacés" plv-sources:traits)
+    ("terrain-ecrit" "le terrain naturel" plv-sources:cellules)
+    ("projet-ecrit" "la ligne de projet" plv-sources:cellules)
+    ("profondeurs-ecrites" "le terrain ou la ligne de projet" plv-sources:cellules)
+    ("pentes-ecrites" "la ligne de projet" plv-sources:pentes-ecrites)
+    ("bornes-projet" "la ligne de projet" plv-sources:bornes-projet)
+    ("projets" "les lignes de projet" plv-sources:projets)
+    ("projet" "la ligne de projet" plv-sources:projet)
+    ("fleches" "la ligne de projet" plv-sources:fleches)
+    ("attributs" "les blocs posés" plv-sources:attributs)
+    ("blocs" "les blocs posés" plv-sources:blocs)
+    ("blocs-portes" "les blocs posés" plv-sources:blocs-portes)
+    ("axe" "l'axe en plan" plv-sources:axe)
+    ("tournants" "l'axe en plan" plv-sources:tournants)
+    ("devers" "les dévers" plv-sources:devers)
+    ("plans" "les plans de comparaison" plv-sources:plans)
+    ("courbe" "la courbe" plv-sources:courbe)
+    ("sol-courbe" "le terrain naturel" plv-sources:sol-courbe)
+    ("lignes" "la ligne mesurée" plv-sources:lignes)
+    ("contours" "la ligne mesurée" plv-sources:contours)
+    ("sol-contours" "le terrain naturel" plv-sources:sol-contours)
+    ("lignes-jointes" "la ligne mesurée" plv-sources:lignes-jointes)
+    ("sol-lignes" "le terrain naturel" plv-sources:sol-lignes)
+    ("plans-lignes" "les plans de comparaison" plv-sources:plans-lignes)
+    ("classes" "les classes de profondeur" plv-sources:classes)
+    ("fixes" "les éléments fixes" plv-sources:fixes)
+    ("numero" "le numéro du profil" plv-sources:numero)
+    ("textes" "la hauteur des textes" plv-sources:textes)
+    ("fichier" "le fichier lui-même" plv-sources:fichier)
+    ("dessin" "le dessin du profil" plv-sources:dessin)))
+
+(defun plv-source-en-mots (nom) (cond ((cadr (assoc nom plv-sources:table))) (nom)))
+
+(setq plv-sources:aspects '("dessin"))
+
+(defun plv-source-empreinte (profil fait nom / fonction valeurs)
+  "The fingerprint of a source now; nil when nothing can be known of it."
+  (if (and (setq fonction (caddr (assoc nom plv-sources:table)))
+           (setq valeurs (apply fonction (list profil fait))))
+    (et_empreinte valeurs (plv-origine profil) (if (member nom plv-sources:aspects) T))))
+
+;; --- several things have sources that cost time: while their readings are kept, each is read once
+
+(setq plv-sources:lectures nil plv-sources:garder nil)
+
+(defun plv-avec-lectures (fonction / resultat dedans)
+  "Runs a function that changes nothing, while readings are kept."
+  (setq dedans plv-sources:garder plv-sources:garder T
+        resultat (vl-catch-all-apply fonction '()))
+  (if (not dedans) (setq plv-sources:garder nil plv-sources:lectures nil))
+  (if (vl-catch-all-error-p resultat) (plv-erreur (vl-catch-all-error-message resultat)) resultat))
+
+(defun plv-sources:lire (lire:cle lire:fonction / lire:valeur)
+  (cond
+    ((plv-cle lire:cle plv-sources:lectures))
+    (T
+     (setq lire:valeur (apply lire:fonction '()))
+     (if plv-sources:garder (setq plv-sources:lectures (cons (cons lire:cle lire:valeur) plv-sources:lectures)))
+     lire:valeur)))
+
+;; --- the profile
+
+(defun plv-sources:echelle (profil fait) (list (plv-echv profil)))
+(defun plv-sources:origine (profil fait) (list (plv-premiere-station profil)))
+(defun plv-sources:longueur (profil fait) (list (plv-longueur-profil profil)))
+
+(defun plv-sources:numero (profil fait) (list (plv-numero-profil profil)))
+
+(defun plv-sources:textes (profil fait) (list (plv-ttxt profil)))
+
+(defun plv-sources:plans (profil fait) (plv-plans profil))
+
+(defun plv-sources:terrain (profil fait)
+  (list (plv-points-tn profil) (plv-noms-tn profil) (plv-lacunes profil)))
+
+(defun plv-sources:terrains (profil fait) (plv-terrains profil))
+
+(defun plv-sources:releve (profil fait) (list (plv-points-tn profil)))
+
+(defun plv-sources:ecarts (profil) (plv-sources:lire (list "traits" profil) '(lambda () (plv-ecarts-terrain profil))))
+
+(defun plv-sources:traits (profil fait)
+  "What the ground lines differ in from their record."
+  (list (mapcar '(lambda (ecart) (list (cadr ecart) (caddr ecart))) (plv-sources:ecarts profil))))
+
+(defun plv-sources:segments (profil origine / axe)
+  "The segments of the axis in plan, their points from an origin."
+  (mapcar
+    '(lambda (s)
+       (list (plv-debut s) (plv-fin s) (mapcar '- (plv-segment-depart s) origine) (mapcar '- (plv-segment-arrivee s) origine) (plv-segment-bulbe s)))
+    (if (setq axe (plv-axe-plan profil)) (plv-axe-segments axe))))
+
+(defun plv-sources:premier-point (entite / g)
+  (setq g (plv-cle 10 (entget entite)))
+  (list (car g) (cadr g)))
+
+(defun plv-sources:axe (profil fait / portees)
+  "From the first of the entities that were carried onto it, with which it may be moved."
+  (if (setq portees (plv-portes-sur-plan profil))
+    (list (plv-sources:segments profil (plv-sources:premier-point (car portees))))))
+
+(defun plv-sources:tournants (profil fait / axe)
+  "From its own start: lengths, radii and changes of direction stay wherever it is."
+  (list (if (setq axe (plv-axe-plan profil)) (plv-sources:segments profil (plv-segment-depart (car (plv-axe-segments axe)))))))
+
+(defun plv-sources:devers (profil fait) (list (plv-devers-du-profil profil)))
+
+(defun plv-sources:bloc (profil bloc)
+  (cons (- (car (plv-origine bloc)) (car (plv-origine profil))) (mapcar '(lambda (a) (list (car a) (cdr a))) (plv-attributs bloc))))
+
+(defun plv-sources:blocs (profil fait)
+  (list (mapcar '(lambda (b) (plv-sources:bloc profil b)) (plv-blocs profil))))
+
+(defun plv-sources:blocs-portes (profil fait)
+  "With the looks that they have on the axis in plan."
+  (list
+    (mapcar
+      '(lambda (b / g)
+         (setq g (entget b))
+         (list (plv-cle 2 g) (cond ((plv-cle 41 g)) (1.0)) (cond ((plv-cle 42 g)) (1.0)) (plv-sources:bloc profil b)))
+      (plv-blocs profil))))
+
+;; --- tables and their rows
+
+(defun plv-sources:definition (profil fait / chemin)
+  "Of a file that isn't there nothing is known: the tables in the drawing say how they are made."
+  (if (setq chemin (findfile (cond ((car (plv-fait-reponses fait))) ("")))) (plv-lire-lignes chemin)))
+
+(defun plv-sources:points (profil)
+  (plv-sources:lire (list "points" profil) '(lambda () (plv-points-cotes profil))))
+
+(defun plv-sources:distances (profil fait) (mapcar 'car (plv-sources:points profil)))
+(defun plv-sources:altitudes (profil fait) (mapcar '(lambda (p) (list (car p) (cadr p))) (plv-sources:points profil)))
+(defun plv-sources:numeros (profil fait) (mapcar '(lambda (p) (list (car p) (plv-point-numero p))) (plv-sources:points profil)))
+
+(defun plv-sources:noms (profil fait / origine)
+  "Those that have room, with the stations that stand beside them."
+  (setq origine (plv-premiere-station profil))
+  (list (mapcar '(lambda (p) (list (car p) (+ origine (car p)) (plv-point-nom p))) (plv-observations-ecrites profil))))
+
+(defun plv-sources:rangee (fait)
+  (plv-sources:lire (list "rangee" (plv-fait-entite fait) (plv-fait-precision fait))
+    '(lambda () (plv-rangee (plv-fait-entite fait) (atoi (plv-fait-precision fait))))))
+
+(defun plv-sources:genre (profil fait)
+  "The kind of line whose project a row shows."
+  (plv-genre-de-rangee profil (plv-sources:rangee fait)))
+
+(defun plv-sources:cellules (profil fait)
+  (list (mapcar '(lambda (c) (list (car (car c)) (cadr c))) (plv-cellules profil (plv-sources:rangee fait) (plv-sources:points profil)))))
+
+(defun plv-sources:pentes-ecrites (profil fait / genre)
+  (list
+    (if (setq genre (plv-sources:genre profil fait))
+      (plv-pentes-ecrites profil genre (plv-rangee-nature (plv-sources:rangee fait))))))
+
+(defun plv-sources:attributs (profil fait) (list (plv-attributs-ecrits profil (plv-sources:rangee fait))))
+
+(defun plv-sources:bornes-projet (profil fait / genre)
+  "Where slopes begin and end, as far as the row shows it."
+  (list
+    (if (setq genre (plv-sources:genre profil fait)) (plv-bornes-ecrites profil genre (plv-rangee-nature (plv-sources:rangee fait))))))
+
+(defun plv-sources:fleches (profil fait)
+  "The slopes that are carried onto the plan, as they are written there."
+  (list
+    (mapcar '(lambda (p) (list (plv-debut p) (plv-fin p) (plv-reel (* 100.0 (plv-pente-valeur p)) 2))) (plv-pentes-portees profil))))
+
+(defun plv-sources:projets (profil fait)
+  (list (mapcar '(lambda (genre) (list genre (plv-sources:trace profil genre))) (plv-genres-du-projet profil))))
+
+(defun plv-sources:trace (profil genre)
+  (plv-sources:lire (list "trace" profil genre) '(lambda () (plv-trace-projet profil genre))))
+
+(defun plv-sources:projet (profil fait) (list (plv-sources:trace profil (plv-fait-genre fait))))
+
+;; --- a curve with its dimensions
+
+(defun plv-sources:courbe (profil fait) (list (plv-fait-entite fait)))
+
+(defun plv-sources:sol-courbe (profil fait / etendue points a b)
+  "The ground over the curve, and how high the ground is drawn: the altitudes stand over all of it."
+  (setq etendue (plv-etendue-courbe profil (plv-fait-entite fait))
+        points (plv-points-tn profil)
+        a (max (plv-debut etendue) (caar points)) b (min (plv-fin etendue) (car (plv-dernier points))))
+  (list (plv-hauteur-profil profil) (if (< a b) (plv-ligne-entre points a b))))
+
+;; --- quantities
+
+(defun plv-sources:mesurees (profil genre)
+  (plv-sources:lire (list "lignes" profil genre) '(lambda () (plv-lignes-mesurees profil genre nil))))
+
+(defun plv-sources:lignes (profil fait) (list (plv-sources:mesurees profil (plv-fait-genre fait))))
+
+(defun plv-sources:contours (profil fait)
+  "What the outlines of hatches follow, vertex by vertex."
+  (list (plv-lignes-mesurees profil (plv-fait-genre fait) T)))
+
+(defun plv-sources:sol-contours (profil fait / etendue)
+  (setq etendue (plv-etendue-mesuree (plv-sources:mesurees profil (plv-fait-genre fait))))
+  (list (if etendue (plv-terrain-mesure profil etendue T))))
+
+(defun plv-sources:lignes-jointes (profil fait)
+  "For what doesn't show where lines are cut."
+  (list (plv-joindre-lignes (plv-sources:mesurees profil (plv-fait-genre fait)))))
+
+(defun plv-sources:sol-lignes (profil fait / genre etendue)
+  (setq genre (plv-fait-genre fait)
+        etendue (plv-etendue-mesuree (plv-sources:mesurees profil genre)))
+  (list (if etendue (plv-sources:lire (list "sol" profil genre) '(lambda () (plv-terrain-mesure profil etendue nil))))))
+
+(defun plv-sources:plans-lignes (profil fait / etendue)
+  "The planes over which the lines of a kind are drawn."
+  (setq etendue (plv-etendue-mesuree (plv-sources:mesurees profil (plv-fait-genre fait))))
+  (list
+    (if etendue
+      (mapcar '(lambda (s) (list (max (plv-plan-debut s) (plv-debut etendue)) (plv-plan-altitude s)))
+        (vl-remove-if '(lambda (s) (or (<= (plv-section-fin s) (plv-debut etendue)) (>= (plv-plan-debut s) (plv-fin etendue))))
+          (plv-sections-de-plan profil))))))
+
+(defun plv-sources:classes (profil fait) (plv-sources:lire (list "classes") '(lambda () (list (plv-classes-profondeur)))))
+
+(defun plv-sources:fixe (profil groupe)
+  "What a group of the record of fixed elements tells: an abscissa, or an entity with its attributes."
+  (cond ((= (car groupe) 10) (list (- (cadr groupe) (car (plv-origine profil)))))
+        ((and (= (car groupe) 330) (plv-existe (cdr groupe)))
+         (cons (plv-type (cdr groupe)) (if (= (plv-type (cdr groupe)) "INSERT") (plv-sources:bloc profil (cdr groupe)))))))
+
+(defun plv-sources:fixes (profil fait)
+  (list
+    (vl-remove nil
+      (mapcar '(lambda (g) (plv-sources:fixe profil g))
+        (apply 'append (mapcar '(lambda (genre) (plv-statiques-du-genre profil genre)) (plv-genres)))))))
+
+;; --- files. An update that is undone leaves its files: the drawing then knows of others than those that are there.
+
+(defun plv-sources:fichier (profil fait / chemin)
+  (if (setq chemin (findfile (plv-fait-fichier fait))) (list (vl-file-size chemin) (vl-file-systime chemin))))
+
+(defun plv-sources:dessin (profil fait) (append (plv-entites-dessinees profil) (plv-legendes-du-profil profil)))

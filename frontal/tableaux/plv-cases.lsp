@@ -1,0 +1,99 @@
+;; What the cells of a table are made from, as values: the points that have cells, what is known there, the project line's slopes.
+;; Rows say in plv-types which of them they show.
+
+(defun plv-points-cotes (profil / points)
+  "The points that have cells in the tables that are drawn."
+  (setq points (plv-points-nommes profil))
+  (plv-points-gardes points (plv-contexte profil points (plv-choix-tout profil))))
+
+(defun plv-genre-de-rangee (profil rangee)
+  "The kind of line whose project a row shows; nil for none."
+  (plv-remplir:genre-projet (list (cons 'profil profil) (cons 'infos (plv-rangee-infos rangee)))))
+
+(setq plv-cases:retenues nil)
+
+(defun plv-altitudes-projet (profil genre points / situes plans cle)
+  "Altitudes of a project line at points, nil where it is not. Those of lines and points that haven't changed are kept."
+  (setq situes (plv-elements-situes profil genre) plans (plv-plans profil)
+        cle (et_empreinte (list (plv-echv profil) plans (mapcar 'car points) (mapcar 'plv-situe-entite situes)) (plv-origine profil)))
+  (cond
+    ((plv-cle cle plv-cases:retenues))
+    (T
+     (setq plv-cases:retenues
+            (plv-premiers
+              (cons (cons cle (mapcar '(lambda (p) (plv-altitude-projet profil situes plans (car p))) points)) plv-cases:retenues)
+              10))
+     (cdar plv-cases:retenues))))
+
+;; --- what rows show of a line: texts, so that a change that no decimal shows changes nothing
+
+(defun plv-cases:contexte (profil)
+  (list (cons 'profil profil) (cons 'tout (plv-choix-tout profil)) (cons 'ttxt (plv-ttxt profil)) (cons 'longueur (plv-longueur-profil profil))))
+
+(defun plv-cases:altitudes (profil nature genre points / projet)
+  "What a kind of row shows at points: the ground, the project line, how deep that is; nil where it shows nothing."
+  (if (/= nature 4) (setq projet (if genre (plv-altitudes-projet profil genre points) (mapcar '(lambda (p) nil) points))))
+  (cond
+    ((= nature 4) (mapcar 'cadr points))
+    ((= nature 5) projet)
+    ((mapcar '(lambda (p z) (if z (- (cadr p) z))) points projet))))
+
+(defun plv-cellules-p (rangee)
+  "Whether the cells of a row stand alone, each a text at its point."
+  (member (plv-rangee-nature rangee) '(4 5 6)))
+
+(defun plv-cellules (profil rangee points)
+  "(point text) of such cells."
+  (vl-remove nil
+    (mapcar '(lambda (p z) (if z (list p (plv-reel z (plv-rangee-decimales rangee)))))
+      points (plv-cases:altitudes profil (plv-rangee-nature rangee) (plv-genre-de-rangee profil rangee) points))))
+
+(defun plv-bornes-ecrites (profil genre nature)
+  "The ends of slope pieces that a row of distances shows."
+  (mapcar 'car (apply (if (= nature 16) 'plv-remplir:bornes-partielles 'plv-remplir:bornes-cumulees) (list (plv-cases:contexte profil) genre))))
+
+(defun plv-cases:piece-ecrite (contexte piece nature / rayon)
+  (list (plv-debut piece) (plv-fin piece)
+    (cond
+      ((plv-pente-droite-p piece) (list (plv-redaction:sens (plv-pente-valeur piece)) (plv-redaction:texte piece nature contexte)))
+      ((setq rayon (plv-rayon-de-piece (plv-cle 'profil contexte) piece)) (plv-redaction:texte-courbe piece rayon contexte)))))
+
+(defun plv-pentes-ecrites (profil genre nature / contexte)
+  "The slope pieces of a project line within the profile as a kind of row words them: (from to text)."
+  (setq contexte (plv-cases:contexte profil))
+  (mapcar '(lambda (piece) (plv-cases:piece-ecrite contexte piece nature)) (plv-remplir:pieces contexte genre)))
+
+(defun plv-trace-projet (profil genre / situes plans)
+  "The slope pieces with their altitudes: two say where a straight one is, eleven what a curved one is."
+  (setq situes (plv-elements-situes profil genre) plans (plv-plans profil))
+  (mapcar
+    '(lambda (piece)
+       (list (plv-debut piece) (plv-fin piece) (plv-pente-valeur piece)
+             (if (plv-pente-droite-p piece) 0.0 (cond ((plv-rayon-de-piece profil piece)) (0.0)))
+             (mapcar '(lambda (part) (plv-altitude-projet profil situes plans (+ (plv-debut piece) (* part (plv-longueur piece)))))
+               (if (plv-pente-droite-p piece) '(0.0 1.0) '(0.0 0.1 0.2 0.3 0.4 0.5 0.6 0.7 0.8 0.9 1.0)))))
+    (plv-remplir:pieces (plv-cases:contexte profil) genre)))
+
+(defun plv-observations-ecrites (profil)
+  "The named ground points that a row of observations shows."
+  (plv-remplir:observations-ecrites
+    (list (cons 'ttxt (plv-ttxt profil)) (cons 'nommes (vl-remove-if '(lambda (p) (= (plv-point-nom p) "")) (plv-points-nommes profil))))))
+
+(defun plv-attributs-ecrits (profil rangee)
+  "(distance text) of the blocks that a row of attributes shows."
+  (plv-remplir:attributs-ecrits (cons (cons 'infos (plv-rangee-infos rangee)) (plv-cases:contexte profil))))
+
+;; --- what is noted of tables that have been drawn
+
+(defun plv-rangees-de-table (reference / rang faits)
+  "The rows of a table, as facts, each by its number from 0."
+  (setq rang -1)
+  (foreach rangee (plv-matrice-rangees (plv-matrice reference))
+    (setq rang (1+ rang) faits (cons (plv-fait "RANGEE" (itoa rang) reference nil) faits)))
+  (reverse faits))
+
+(defun plv-tables-faites (profil chemin tout)
+  (vl-list*
+    (plv-fait "TABLEAUX" nil nil (list chemin (if tout "Tous" "Espaces")))
+    (plv-fait "RAPPELS" nil nil nil)
+    (apply 'append (mapcar 'plv-rangees-de-table (plv-tables profil)))))
