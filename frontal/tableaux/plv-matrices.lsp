@@ -47,12 +47,17 @@
   (plv-remettre-liste-tables profil liste)
   nil)
 
+(defun plv-matrices:fichier (profil / fait)
+  "The definition file that the tables of a profile were made from, as it was given; empty when that isn't known."
+  (setq fait (car (vl-member-if '(lambda (f) (= (plv-fait-chose f) "TABLEAUX")) (plv-faits profil))))
+  (cond ((car (plv-fait-reponses fait))) ("")))
+
 (defun plv-refaire-tables (profil)
   "The tables that stand under a profile drawn and filled anew, after a change of its ground; nil without any."
   (if (plv-tables profil)
     (progn
       (plv-choix-profil profil)
-      (plv-matrices:remplacer profil (plv-points-nommes profil) (plv-choix-tout profil)))))
+      (plv-matrices:remplacer profil (plv-points-nommes profil) (plv-matrices:fichier profil) (plv-choix-tout profil)))))
 
 (defun plv-matrices:dire (bilan / laisses vides)
   (setq laisses (plv-bilan-laisses bilan) vides (plv-bilan-vides bilan))
