@@ -82,7 +82,19 @@ Value wholeCommand(Interpreter& in, Arguments arguments) {
   return lisp::nil;
 }
 
+Value listCommands(Interpreter& in, Arguments) {
+  std::vector<std::string> lines;
+  for (const CommandRow* row : offeredCommands())
+    lines.push_back("| `" + std::string(row->name) + "` | " + std::string(row->aliases) + " | " +
+                    std::string(row->help) + " |\n");
+  std::ranges::sort(lines);
+  Document::needed().print("| commande | autres noms | |\n| --- | --- | --- |\n");
+  for (const std::string& line : lines) Document::needed().print(line);
+  return in.quiet();
+}
+
 constexpr lisp::Builtin kTable[] = {
+    {"aide-commandes", listCommands, 0, 0, "(aide-commandes)", "Affiche les commandes de l'hôte en un tableau."},
     {"command", command, 0, lisp::kAnyNumber, "(command [commande réponse ...])",
      "Exécute une commande avec ses réponses; sans argument, annule celle qui attend."},
     {"vl-cmdf", quietCommand, 0, lisp::kAnyNumber, "(vl-cmdf [commande réponse ...])",

@@ -150,7 +150,8 @@ Value nentselp(Interpreter& in, Arguments arguments) {
   }
   const Value picked = entsel(in, arguments.first(std::min<std::size_t>(arguments.size(), 1)));
   if (!picked.isPair()) return picked;
-  return nestedPick(document, AcDbObjectId(stubOfValue(picked.car())), *pointFromValue(picked.cdr().car()), MatrixForm::square);
+  return nestedPick(document, AcDbObjectId(stubOfValue(picked.car())), *pointFromValue(picked.cdr().car()),
+                    MatrixForm::square);
 }
 
 // (getfiled title default extension flags): without a dialog the path is asked for as a line.
@@ -191,7 +192,8 @@ constexpr lisp::Builtin kTable[] = {
     {"getstring", getstring, 0, 2, "(getstring [espaces] [texte])",
      "Demande un texte; avec espaces s'il y a un premier argument non nil."},
     {"entsel", entsel, 0, 1, "(entsel [texte])", "Demande une entité; rend l'entité et le point, ou nil."},
-    {"nentselp", nentselp, 0, 2, "(nentselp [texte] [point])", "Comme nentsel, en un point donné; la matrice a quatre colonnes."},
+    {"nentselp", nentselp, 0, 2, "(nentselp [texte] [point])",
+     "Comme nentsel, en un point donné; la matrice a quatre colonnes."},
     {"nentsel", nentsel, 0, 1, "(nentsel [texte])", "Comme entsel, mais descend dans les blocs jusqu'à l'entité."},
     {"getfiled", getfiled, 4, 4, "(getfiled titre proposition extension bits)",
      "Demande le chemin d'un fichier, ou nil."},

@@ -8,6 +8,7 @@
 #include "atelier/functions/builtin_tables.h"
 #include "atelier/lisp/evaluator/arguments.h"
 #include "atelier/lisp/evaluator/printer.h"
+#include "atelier/variables/variable_table.h"
 
 namespace atelier {
 namespace {
@@ -92,7 +93,25 @@ Value refused(Interpreter& in, Arguments arguments) {
 
 Value arxlist(Interpreter&, Arguments) { return lisp::nil; }
 
+Value listVariables(Interpreter& in, Arguments) {
+  std::vector<std::string> lines;
+  for (const VariableRow& row : variableRows()) {
+    const ComputedVariable* computed = row.place == VariablePlace::computed ? computedVariable(row.name) : nullptr;
+    const bool read = row.readOnly || (computed && !computed->set);
+    const char* place = row.place == VariablePlace::header     ? "dessin"
+                        : row.place == VariablePlace::document ? "session"
+                                                               : "";
+    lines.push_back("| `" + std::string(row.name) + "` | " + place + " | " + (read ? "lue" : "réglable") + " | " +
+                    std::string(row.help) + " |\n");
+  }
+  std::ranges::sort(lines);
+  Document::needed().print("| variable | gardée avec | | |\n| --- | --- | --- | --- |\n");
+  for (const std::string& line : lines) Document::needed().print(line);
+  return in.quiet();
+}
+
 constexpr lisp::Builtin kTable[] = {
+    {"aide-variables", listVariables, 0, 0, "(aide-variables)", "Affiche les variables système en un tableau."},
     {"getvar", getvar, 1, 1, "(getvar nom)", "Valeur d'une variable système, ou nil."},
     {"setvar", setvar, 2, 2, "(setvar nom valeur)", "Règle une variable système; rend la valeur."},
     {"trans", trans, 3, 4, "(trans point de vers [déplacement])",

@@ -89,18 +89,31 @@ couloir renverse(const couloir& c) {
   return r;
 }
 
+namespace {
+
+// A band exactly as high as a wall leaves a passage of no height, which rounding may shut.
+constexpr double kFermeParArrondi = 1e-10;
+
+porte rouverte(porte p) {
+  if (p.passage.hauteur() < 0 && p.passage.hauteur() >= -kFermeParArrondi)
+    p.passage.bas = p.passage.haut = 0.5 * (p.passage.bas + p.passage.haut);
+  return p;
+}
+
+}  // namespace
+
 std::vector<couloir> parties(const couloir& c) {
   std::vector<couloir> resultat(1);
   auto m = c.marches.begin();
   for (std::size_t i = 0; i < c.portes.size(); ++i) {
     const bool pas = m != c.marches.end() && m->rang == i;
     couloir& ici = resultat.back();
-    if (pas && m->mur && c.portes[i].passage.hauteur() < 0) {
+    if (pas && m->mur && c.portes[i].passage.hauteur() < -kFermeParArrondi) {
       ici.portes.push_back({c.portes[i].distance, m->avant});
       resultat.emplace_back().portes.push_back({c.portes[i].distance, m->apres});
     } else {
       if (pas) ici.marches.push_back({ici.portes.size(), m->avant, m->apres, m->mur});
-      ici.portes.push_back(c.portes[i]);
+      ici.portes.push_back(rouverte(c.portes[i]));
     }
     if (pas) ++m;
   }

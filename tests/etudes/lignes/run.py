@@ -20,6 +20,7 @@ import windows
 from cases import Case
 from corridor import altitude, area, doors_of, lacking, parts, worst
 
+KNOWN = [113129745]  # a band exactly as high as a wall; played in every run
 NEAR = F(1, 10**9)  # what rounding may cost: metres of altitude on a level line
 PRELUDE = """(setq p (plv-nouveau "depart.csv" "1" '(0.0 0.0 0.0) 1.0 2.5 nil nil))
 (defun nombre (x) (rtos x 2 17))
@@ -188,7 +189,7 @@ def main():
     parser.add_argument("--seed", type=int, default=random.SystemRandom().randrange(10**9))
     options = parser.parse_args()
     print(f"seed {options.seed}, {options.runs} grounds", flush=True)
-    cases = [Case(options.seed + k) for k in range(options.runs)]
+    cases = [Case(seed) for seed in [*KNOWN, *range(options.seed, options.seed + options.runs)]]
     started, counted, bad = time.time(), Counter(), 0
     for case, said in zip(cases, answers(os.path.abspath(options.kavel), cases)):
         for what in [case.kind, *case.words]:
