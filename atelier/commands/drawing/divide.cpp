@@ -1,5 +1,5 @@
 // DIVIDE MEASURE: points or blocks along a curve.
-// The curve itself isn't cut.
+// The curve itself isn't cut; what was put along it is the previous selection afterwards.
 #include <cmath>
 
 #include "atelier/commands/command_prompts.h"
@@ -14,6 +14,7 @@ namespace {
 struct Marks {
   AcDbObjectId block;
   bool aligned = false;
+  std::shared_ptr<SelectionSet> put = std::make_shared<SelectionSet>();
 };
 
 AcDbObjectId blockNamed(const Command& c, const std::string& name) {
@@ -27,14 +28,21 @@ void mark(const Command& c, const AcDbCurve& curve, const Marks& marks, double d
   double param = 0;
   if (curve.getPointAtDist(distance, at) != Acad::eOk || curve.getParamAtDist(distance, param) != Acad::eOk) return;
   if (marks.block.isNull()) {
-    c.add(std::make_unique<AcDbPoint>(at));
+    marks.put->add(c.add(std::make_unique<AcDbPoint>(at)));
     return;
   }
   auto reference = std::make_unique<AcDbBlockReference>(at, marks.block);
   AcGeVector3d along;
   if (marks.aligned && curve.getFirstDeriv(param, along) == Acad::eOk)
     reference->setRotation(std::atan2(along.y, along.x));
-  c.add(std::move(reference));
+  marks.put->add(c.add(std::move(reference)));
+}
+
+CommandTask askBlock(Command& c, Marks& marks) {
+  const auto name = co_await c.word("\nNom du bloc: ");
+  marks.block = blockNamed(c, name.value);
+  const auto align = co_await c.keyword("\nAligner le bloc sur l'objet? [Oui/Non] <O>: ", "Oui Non _Yes No");
+  marks.aligned = !align.is("No");
 }
 
 struct Measured {
@@ -57,10 +65,7 @@ CommandTask divide(Command& c) {
   Marks marks;
   auto number = co_await c.integer("\nNombre de segments ou [Bloc]: ", "Bloc _Block");
   if (number.is("Block")) {
-    const auto name = co_await c.word("\nNom du bloc: ");
-    marks.block = blockNamed(c, name.value);
-    const auto align = co_await c.keyword("\nAligner le bloc sur l'objet? [Oui/Non] <O>: ", "Oui Non _Yes No");
-    marks.aligned = !align.is("No");
+    co_await askBlock(c, marks);
     number = co_await c.integer("\nNombre de segments: ");
   }
   constexpr int kMost = 32767;
@@ -70,6 +75,7 @@ CommandTask divide(Command& c) {
   // A closed curve is marked at its start, too.
   for (int i = whole.curve->isClosed() ? 0 : 1; i < number.value; ++i)
     mark(c, *whole.curve, marks, whole.length * i / number.value);
+  c.document.previousSelection = marks.put;
 }
 
 CommandTask measure(Command& c) {
@@ -78,10 +84,7 @@ CommandTask measure(Command& c) {
   Marks marks;
   auto step = co_await c.distance("\nLongueur des segments ou [Bloc]: ", {}, "Bloc _Block");
   if (step.is("Block")) {
-    const auto name = co_await c.word("\nNom du bloc: ");
-    marks.block = blockNamed(c, name.value);
-    const auto align = co_await c.keyword("\nAligner le bloc sur l'objet? [Oui/Non] <O>: ", "Oui Non _Yes No");
-    marks.aligned = !align.is("No");
+    co_await askBlock(c, marks);
     step = co_await c.distance("\nLongueur des segments: ");
   }
   if (!(step.value > 0)) c.fail("La longueur doit être positive.");
@@ -95,6 +98,7 @@ CommandTask measure(Command& c) {
                     picked->byPoint && picked->point.distanceTo(end) < picked->point.distanceTo(start);
   for (double along = step.value; along < whole.length * (1 - kRounding); along += step.value)
     mark(c, *whole.curve, marks, back ? whole.length - along : along);
+  c.document.previousSelection = marks.put;
 }
 
 constexpr CommandRow kTable[] = {

@@ -1,0 +1,12 @@
+;; Lists the attributes of every reference of a block as a table.
+(defun valeurs (b / e l r)
+  (setq e (entnext b))
+  (while (= (cdr (assoc 0 (setq l (entget e)))) "ATTRIB") (setq r (cons (cdr (assoc 1 l)) r) e (entnext e)))
+  (reverse r))
+(defun c:attributs (/ jeu i b p)
+  (if (setq jeu (ssget "_X" '((0 . "INSERT") (66 . 1))))
+    (repeat (setq i (sslength jeu))
+      (setq b (ssname jeu (setq i (1- i))) p (cdr (assoc 10 (entget b))))
+      (princ (strcat "\n" (rtos (car p) 2 2) ";" (rtos (cadr p) 2 2)))
+      (foreach v (valeurs b) (princ (strcat ";" v)))))
+  (princ))

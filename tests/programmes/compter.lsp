@@ -1,0 +1,10 @@
+;; Counts block references by name and writes them to a CSV file.
+(defun c:compter (/ jeu i nom liste p f)
+  (if (setq jeu (ssget "_X" '((0 . "INSERT"))))
+    (repeat (setq i (sslength jeu))
+      (setq nom (cdr (assoc 2 (entget (ssname jeu (setq i (1- i)))))))
+      (if (setq p (assoc nom liste)) (setq liste (subst (cons nom (1+ (cdr p))) p liste)) (setq liste (cons (cons nom 1) liste)))))
+  (setq liste (vl-sort liste '(lambda (a b) (< (car a) (car b)))) f (open (getstring T "\nFichier: ") "w"))
+  (foreach p liste (write-line (strcat (car p) ";" (itoa (cdr p))) f))
+  (close f)
+  (princ))

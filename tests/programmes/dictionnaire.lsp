@@ -1,0 +1,10 @@
+;; Keeps settings in the drawing: an Xrecord in a dictionary of its own.
+(defun garder (nom donnees / d)
+  (if (not (setq d (cdr (assoc -1 (dictsearch (namedobjdict) "BUREAU")))))
+    (setq d (dictadd (namedobjdict) "BUREAU" (entmakex '((0 . "DICTIONARY") (100 . "AcDbDictionary"))))))
+  (if (dictsearch d nom) (dictremove d nom))
+  (dictadd d nom (entmakex (append '((0 . "XRECORD") (100 . "AcDbXrecord")) donnees))))
+(defun c:dictionnaire ()
+  (garder "CHANTIER" '((1 . "Rue du Moulin") (70 . 3) (40 . 1.5)))
+  (garder "CHANTIER" '((1 . "Rue du Moulin") (70 . 4) (40 . 1.5)))
+  (princ))

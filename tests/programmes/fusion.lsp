@@ -1,0 +1,10 @@
+;; Moves everything from one layer to another and purges the first.
+(defun c:fusion (/ de vers jeu i e l)
+  (setq de (getstring T "\nCalque à vider: ") vers (getstring T "\nCalque qui reçoit: "))
+  (if (and (tblsearch "LAYER" de) (tblsearch "LAYER" vers) (setq jeu (ssget "_X" (list (cons 8 de)))))
+    (repeat (setq i (sslength jeu))
+      (setq e (ssname jeu (setq i (1- i))) l (entget e))
+      (entmod (subst (cons 8 vers) (assoc 8 l) l))))
+  (setvar "CLAYER" vers)
+  (command "_.-PURGE" "_LA" de "_N")
+  (princ))

@@ -1,0 +1,1 @@
+reglages : dialog { label = "Réglages"; : edit_box { key = "hauteur"; label = "Hauteur"; } ok_cancel; }

@@ -1,0 +1,10 @@
+;; Marks stations along a curve with a tick and a text.
+(defun c:stations (/ e pas d p v)
+  (setq e (car (entsel "\nAxe: ")) pas (getreal "\nPas: ") d 0.0)
+  (while (<= d (+ 1e-6 (vlax-curve-getDistAtParam e (vlax-curve-getEndParam e))))
+    (setq p (vlax-curve-getPointAtDist e d) v (vlax-curve-getFirstDeriv e (vlax-curve-getParamAtPoint e p)))
+    (setq v (+ (atan (cadr v) (car v)) (/ pi 2)))
+    (entmake (list '(0 . "LINE") (cons 10 (polar p v -1.0)) (cons 11 (polar p v 1.0))))
+    (entmake (list '(0 . "TEXT") (cons 10 (polar p v 1.5)) '(40 . 1.0) (cons 50 v) (cons 1 (strcat "PK " (rtos d 2 0)))))
+    (setq d (+ d pas)))
+  (princ))
