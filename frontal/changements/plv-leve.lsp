@@ -9,10 +9,16 @@
     (setq rang (1+ rang)))
   trouve)
 
-(defun plv-leve:faute (operation points d rang altitude)
+(defun plv-leve:voisins (points d origine / avant apres)
+  "The stations of the points on both sides of a distance, in words."
+  (foreach p points (if (< (car p) d) (setq avant p) (if (not apres) (setq apres p))))
+  (plv-joindre (mapcar '(lambda (p) (plv-reel (+ origine (car p)) 3)) (vl-remove nil (list avant apres))) " et "))
+
+(defun plv-leve:faute (operation points d rang altitude origine)
   "The text of what can't be done, nil for nothing."
   (cond
-    ((and (/= operation "I") (not rang)) "il n'y a pas de point du terrain à cette station")
+    ((and (/= operation "I") (not rang))
+     (strcat "il n'y a pas de point du terrain à cette station; ses voisins sont à " (plv-leve:voisins points d origine)))
     ((and (member operation '("I" "C")) (not (numberp altitude))) "l'altitude du point est attendue")
     ((and (= operation "I") rang) "il y a déjà un point du terrain à cette station")
     ((and (= operation "I") (not (< 0.0 d (car (plv-dernier points))))) "la station n'est pas dans le profil")
@@ -45,7 +51,7 @@ message."
     (progn
       (setq points (plv-points-nommes profil) d (- (float station) (plv-premiere-station profil))
             altitude (if altitude (float altitude)) rang (plv-leve:rang points d)
-            faute (plv-leve:faute operation points d rang altitude))
+            faute (plv-leve:faute operation points d rang altitude (plv-premiere-station profil)))
       (if faute
         (plv-erreur faute)
         (plv-leve:ecrire profil (plv-leve:changes operation points d rang altitude nom))))))

@@ -34,6 +34,12 @@
 ((suivi-p) T)
 ((plv-refus-profil p) nil)
 
+(situation "WhatCantBeSaysWhereThePointsAre")
+(refuse (plv-leve p "C" 125.0 47 nil) "il n'y a pas de point du terrain à cette station; ses voisins sont à 120.000 et 130.000")
+(refuse (plv-leve p "S" 100.0 nil nil) "le premier et le dernier point font la longueur du profil")
+(refuse (plv-leve p "I" 160.0 47 nil) "la station n'est pas dans le profil")
+((length (leve)) 6)
+
 (situation "APlaneWhosePointGoesStays")
 ((eq (plv-leve p "S" 130.0 nil nil) p) T)
 ((plv-plans p) ((0.0 30.0) (30.0 25.0)))
