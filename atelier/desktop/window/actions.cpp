@@ -49,6 +49,7 @@ constexpr ActionRow kRows[] = {
     {"&Profil", "P&lans de comparaison", nullptr, "plan", "PLV-PC"},
     {"&Profil", "Point du le&vé", nullptr, nullptr, "PLV-LEVE"},
     {"&Profil", "Ligne &optimale", nullptr, "optimal", "PLV-OPTIMAL"},
+    {"&Profil", "Variantes d'une ligne", nullptr, nullptr, "PLV-VARIANTES"},
     {"&Profil", nullptr, nullptr, nullptr, nullptr},
     {"&Profil", "Lignes par &stations", nullptr, nullptr, "PLV-LIGNES"},
     {"&Profil", "&Reporter une courbe", nullptr, nullptr, "PLV-REPORT"},
