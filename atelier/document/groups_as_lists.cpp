@@ -33,8 +33,8 @@ class ListBuilder {
 
 bool isTextHandle(int code) { return code == 5 || code == 105 || code == 1005 || (code >= 320 && code <= 329); }
 
-// Types, marks and layouts: few texts, in every list.
-bool isWord(int code) { return code == 0 || code == 100 || code == 410; }
+// Types, marks, layers, line types, styles and layouts: few texts, in every list.
+bool isWord(int code) { return code == 0 || (code >= 6 && code <= 8) || code == 100 || code == 410; }
 
 Value valueOf(Interpreter& interpreter, const Group& group, AcDbImpDatabase& db) {
   switch (group.kind()) {
