@@ -4,11 +4,24 @@
 
 #include "atelier/commands/command_prompts.h"
 #include "atelier/commands/command_table.h"
+#include "atelier/commands/modifying/displacement.h"
 #include "atelier/database/curves/polyline_vertices.h"
 #include "atelier/document/document.h"
 #include "hote/dbpl.h"
 
 namespace atelier {
+
+CommandTask askDisplacement(Command& c, AcGeVector3d& by) {
+  const auto base = co_await c.point("\nPoint de base ou [Déplacement]: ", {}, "Déplacement _Displacement");
+  if (base.is("Displacement")) {
+    const auto vector = co_await c.point("\nDéplacement: ");
+    by = vector.value.asVector();
+  } else {
+    const auto to = co_await c.pointOrEnter("\nDeuxième point <le premier est le déplacement>: ", base.value);
+    by = to.given() ? *to - base.value : base.value.asVector();
+  }
+}
+
 namespace {
 
 CommandTask select(Command& c) { co_await c.objects(); }
@@ -21,15 +34,8 @@ CommandTask erase(Command& c) {
 CommandTask move(Command& c) {
   const auto chosen = co_await c.objects();
   if (!chosen.given()) co_return;
-  const auto base = co_await c.point("\nPoint de base ou [Déplacement]: ", {}, "Déplacement _Displacement");
   AcGeVector3d by;
-  if (base.is("Displacement")) {
-    const auto vector = co_await c.point("\nDéplacement: ");
-    by = vector.value.asVector();
-  } else {
-    const auto to = co_await c.pointOrEnter("\nDeuxième point <le premier est le déplacement>: ", base.value);
-    by = to.given() ? *to - base.value : base.value.asVector();
-  }
+  co_await askDisplacement(c, by);
   c.transform(**chosen, AcGeMatrix3d::translation(by));
 }
 

@@ -4,6 +4,7 @@
 
 #include "atelier/commands/command_prompts.h"
 #include "atelier/commands/command_table.h"
+#include "atelier/commands/modifying/displacement.h"
 #include "atelier/document/document.h"
 #include "atelier/selecting/flat_path.h"
 #include "atelier/shaping/curve_pieces.h"
@@ -18,15 +19,8 @@ CommandTask stretchCommand(Command& c) {
   if (!chosen.given()) co_return;
   const std::vector<AcGePoint3d> area = (*chosen)->crossed;
   if (area.empty()) c.fail("Une fenêtre ou un polygone de capture est attendu.");
-  const auto base = co_await c.point("\nPoint de base ou [Déplacement]: ", {}, "Déplacement _Displacement");
   AcGeVector3d by;
-  if (base.is("Displacement")) {
-    const auto vector = co_await c.point("\nDéplacement: ");
-    by = vector.value.asVector();
-  } else {
-    const auto to = co_await c.pointOrEnter("\nDeuxième point <le premier est le déplacement>: ", base.value);
-    by = to.given() ? *to - base.value : base.value.asVector();
-  }
+  co_await askDisplacement(c, by);
   const Moves moves = [&](const AcGePoint3d& place) { return insidePolygon(place, area); };
   c.change(**chosen, [&](AcDbEntity& entity) { stretch(entity, moves, by); });
 }

@@ -4,31 +4,20 @@ the cost against the least of all lines over the same levels, found here run by 
 
 Usage: run.py KAVEL [--runs N] [--seed S]     prints the seed; a run that differs says which it was: --seed S --runs 1
 """
-import argparse
 import os
 import random
-import subprocess
 import sys
-import tempfile
-from collections import Counter
 from fractions import Fraction as F
 
 sys.path.append(os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "lignes"))
 import grounds
-from corridor import Asked, altitude, doors_of
+from corridor import Asked, altitude
+from play import play
 
 from paths import Prices, Search, quantities
 
 NEAR = F(1, 10**8)
 KINDS = ["walk", "steep", "plain", "saw", "walls", "whole"]
-PRELUDE = """(setq p (plv-nouveau "depart.csv" "1" '(0.0 0.0 0.0) 1.0 2.5 nil nil))
-(defun nombre (x) (rtos x 2 17))
-(defun dire (x) (cond ((listp x) (princ "[") (foreach y x (dire y) (princ ",")) (princ "]")) ((princ (nombre x)))))
-(defun essai (points minimum maximum depart arrivee contraintes ouvrages / r)
-  (plv-ecrire-terrain p points)
-  (setq r (et_ligneCout p minimum maximum depart arrivee contraintes ouvrages))
-  (princ "\\n=") (if r (dire r) (princ "None")))
-"""
 
 
 class Case:
@@ -116,38 +105,5 @@ def faults(case, said, counted):
     return found
 
 
-def answers(kavel, cases):
-    with tempfile.TemporaryDirectory() as folder:
-        with open(os.path.join(folder, "depart.csv"), "w", encoding="ascii") as file:
-            file.write("distance;altitude\n0;0\n1;0\n")
-        script = os.path.join(folder, "couts.lsp")
-        with open(script, "w", encoding="ascii") as file:
-            file.write(PRELUDE + "\n".join(case.call() for case in cases) + "\n")
-        done = subprocess.run([kavel, "--load", script], cwd=folder, capture_output=True, text=True, check=False)
-    said = [line[1:] for line in done.stdout.splitlines() if line.startswith("=")]
-    if len(said) != len(cases):
-        sys.exit(f"{len(said)} answers to {len(cases)} questions, status {done.returncode}\n{done.stderr}")
-    return [eval(text, {"__builtins__": {}}, {"None": None}) for text in said]  # lists, as the script above writes them
-
-
-def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("kavel")
-    parser.add_argument("--runs", type=int, default=200)
-    parser.add_argument("--seed", type=int, default=random.SystemRandom().randrange(10**9))
-    options = parser.parse_args()
-    print(f"seed {options.seed}, {options.runs} grounds", flush=True)
-    cases = [Case(options.seed + k) for k in range(options.runs)]
-    counted, bad = Counter(), 0
-    for case, said in zip(cases, answers(os.path.abspath(options.kavel), cases)):
-        counted[case.kind] += 1
-        for fault in faults(case, said, counted):
-            bad += 1
-            print(f"--seed {case.seed} --runs 1: {case.title()}: {fault}", flush=True)
-    print("; ".join(f"{what} {count}" for what, count in sorted(counted.items())))
-    print(f"{bad} faults")
-    return 1 if bad else 0
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(play(Case, faults, 200, "et_ligneCout", more="ouvrages"))

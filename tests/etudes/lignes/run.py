@@ -4,33 +4,18 @@ runs against a slow exact search by other means (windows.py) and on small ground
 
 Usage: run.py KAVEL [--runs N] [--seed S]     prints the seed; a run that differs says which it was: --seed S --runs 1
 """
-import argparse
 import itertools
-import os
-import random
-import subprocess
 import sys
-import tempfile
-import time
-from collections import Counter
 from fractions import Fraction as F
 
 import brute
 import windows
 from cases import Case
 from corridor import altitude, area, doors_of, lacking, parts, worst
+from play import play
 
 KNOWN = [113129745]  # a band exactly as high as a wall; played in every run
 NEAR = F(1, 10**9)  # what rounding may cost: metres of altitude on a level line
-PRELUDE = """(setq p (plv-nouveau "depart.csv" "1" '(0.0 0.0 0.0) 1.0 2.5 nil nil))
-(defun nombre (x) (rtos x 2 17))
-(defun dire (x)
-  (cond ((= x T) (princ 1)) ((listp x) (princ "[") (foreach y x (dire y) (princ ",")) (princ "]")) ((numberp x) (princ (nombre x))) ((prin1 x))))
-(defun essai (points minimum maximum depart arrivee contraintes / r)
-  (plv-ecrire-terrain p points)
-  (setq r (et_ligne p minimum maximum depart arrivee contraintes))
-  (princ "\\n=") (if r (dire r) (princ "None")))
-"""
 
 
 class Ways:
@@ -167,40 +152,5 @@ def numbers(case, ways, lines, proven, counted):
                     yield f"{runs} runs where {reached} are enough"
 
 
-def answers(kavel, cases):
-    """What the program says to each case."""
-    with tempfile.TemporaryDirectory() as folder:
-        with open(os.path.join(folder, "depart.csv"), "w", encoding="ascii") as file:
-            file.write("distance;altitude\n0;0\n1;0\n")
-        script = os.path.join(folder, "lignes.lsp")
-        with open(script, "w", encoding="ascii") as file:
-            file.write(PRELUDE + "\n".join(case.call() for case in cases) + "\n")
-        done = subprocess.run([kavel, "--load", script], cwd=folder, capture_output=True, text=True, check=False)
-    said = [line[1:] for line in done.stdout.splitlines() if line.startswith("=")]
-    if len(said) != len(cases):
-        sys.exit(f"{len(said)} answers to {len(cases)} questions, status {done.returncode}\n{done.stderr}")
-    return [eval(text, {"__builtins__": {}}, {"None": None}) for text in said]  # lists, as the script above writes them
-
-
-def main():
-    parser = argparse.ArgumentParser()
-    parser.add_argument("kavel")
-    parser.add_argument("--runs", type=int, default=400)
-    parser.add_argument("--seed", type=int, default=random.SystemRandom().randrange(10**9))
-    options = parser.parse_args()
-    print(f"seed {options.seed}, {options.runs} grounds", flush=True)
-    cases = [Case(seed) for seed in [*KNOWN, *range(options.seed, options.seed + options.runs)]]
-    started, counted, bad = time.time(), Counter(), 0
-    for case, said in zip(cases, answers(os.path.abspath(options.kavel), cases)):
-        for what in [case.kind, *case.words]:
-            counted[what] += 1
-        for fault in faults(case, said, counted):
-            bad += 1
-            print(f"--seed {case.seed} --runs 1: {case.title()}: {fault}", flush=True)
-    print("; ".join(f"{what} {count}" for what, count in sorted(counted.items())), f"{time.time() - started:.0f} s")
-    print(f"{bad} faults")
-    return 1 if bad else 0
-
-
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(play(Case, faults, 400, "et_ligne", known=KNOWN, tell=lambda case: [case.kind, *case.words]))
