@@ -52,8 +52,8 @@
     (plv-ajuster-rappels profil)
     (progn
       (plv-effacer (plv-lignes-rappel profil))
-      (plv-noter-ajouts profil (plv-tracer-rappels profil points))
-      (plv-noter-fait profil "RAPPELS" nil nil nil)))
+      (plv-noter-ajouts profil (plv-tracer-rappels profil points))))
+  (plv-noter-fait profil "RAPPELS" nil nil nil)
   T)
 
 (defun plv-refaire-rangees (profil faits / courant bilans)
