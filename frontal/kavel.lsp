@@ -23,8 +23,8 @@
     (projet (base profil portes)
      plv-raccords plv-parties plv-trace plv-sommets plv-projet plv-associer)
     (tableaux (base profil fiches plan)
-     plv-types plv-definitions plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet
-     plv-remplissage-terrains plv-remplissage-plan plv-devers plv-remplissage-blocs plv-cases plv-matrices plv-ligne-seule plv-devers-fiche)
+     plv-types plv-definitions plv-modeles plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet
+     plv-remplissage-terrains plv-remplissage-plan plv-devers plv-remplissage-blocs plv-cases plv-matrices plv-ligne-seule plv-devers-fiche plv-matrices-fiche)
     (cotes (base profil fiches portes)
      plv-cotes plv-cotes-refaire plv-cotes-fiche)
     (gestes (base profil portes cotes)

@@ -6,8 +6,8 @@
 ;;   "lire" the name of a file or nothing, "ecrire" one to write, the choices are the filter; "rangees" rows of texts, the choices are the
 ;;   columns as (title kind choices); "objets" handles of entities that are picked in the drawing, the choices are the types as ssget takes them
 ;; Answers are an association list of keys and values: numbers come as they were typed, as texts; "*" is the key that was changed last.
-;; A look at answers is (faults pictures texts hidden choices values): values are (key value) of fields that shall show another one; faults (key reason); pictures (title "profil" or "plan" items
-;; station), the station being that of the abscissa 0; an item is
+;; A look at answers is (faults pictures texts hidden choices values): values are (key value) of fields that shall show another one; faults (key reason); pictures (title mode items
+;; station), the mode "profil", "plan" (one scale) or "tableau" (pixels), the station being that of the abscissa 0; an item is
 ;;   ("trait" role points), ("texte" role point words), or ("poignee" key role points sense), a line that is dragged up or down to change
 ;;   the number of a field by the way it goes, times sense; hidden: keys of fields that don't matter; choices: (key choice ...) of fields whose choices depend on
 ;;   others

@@ -28,7 +28,7 @@
 
 (defun plv-refaire:fichier (profil chemin / provisoire)
   "The definition file, or a temporary one that says the same as the drawing: (name temporary)."
-  (if (findfile chemin)
+  (if (plv-chemin-definition chemin)
     (list chemin nil)
     (progn
       (setq provisoire (vl-filename-mktemp "plv.txt"))

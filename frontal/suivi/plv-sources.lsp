@@ -143,7 +143,7 @@
 
 (defun plv-sources:definition (profil fait / chemin)
   "Of a file that isn't there nothing is known: the tables in the drawing say how they are made."
-  (if (setq chemin (findfile (cond ((car (plv-fait-reponses fait))) ("")))) (plv-lire-lignes chemin)))
+  (if (setq chemin (plv-chemin-definition (cond ((car (plv-fait-reponses fait))) ("")))) (plv-lire-lignes chemin)))
 
 (defun plv-sources:points (profil)
   (plv-sources:lire (list "points" profil) '(lambda () (plv-points-cotes profil))))

@@ -13,6 +13,7 @@ namespace {
 constexpr int kPause = 120;  // milliseconds between the last key and the look at the answers
 constexpr int kPickPause = 60;
 constexpr int kDecimals = 2;
+constexpr QSize kRoomy(1060, 560);  // of a form with a picture
 
 QString settingOf(const QString& command, const QString& key) { return "fiches/" + command + '/' + key; }
 
@@ -59,6 +60,7 @@ CommandForm::CommandForm(Drawing& drawing, const QString& command, QWidget* pare
   soon_.setSingleShot(true);
   connect(&soon_, &QTimer::timeout, this, [this] { look(); });
   look();
+  if (!pictures_.isEmpty()) resize(sizeHint().expandedTo(kRoomy));
 }
 
 void CommandForm::addRow(const QVariantList& parts, QFormLayout& rows) {

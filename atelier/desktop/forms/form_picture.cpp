@@ -73,11 +73,12 @@ FormPicture::Item FormPicture::itemOf(const QVariantList& parts) {
 void FormPicture::show(const QVariant& picture) {
   const QVariantList parts = picture.toList();
   title_ = parts.value(0).toString();
-  plan_ = parts.value(1).toString() == "plan";
+  mode_ = parts.value(1).toString();
   station_ = parts.value(3).toDouble();
   items_.clear();
   for (const QVariant& item : parts.value(2).toList()) items_ << itemOf(item.toList());
   if (!drag_) fit();
+  if (mode_ == "tableau") setMinimumHeight(static_cast<int>(extent_.height() + 2 * kEdge));
   update();
 }
 
@@ -94,9 +95,10 @@ void FormPicture::fit() {
 }
 
 QPointF FormPicture::at(QPointF point) const {
+  if (mode_ == "tableau") return {kEdge + point.x(), kEdge - point.y()};
   const QRectF room = QRectF(rect()).adjusted(kScaleRoom, kEdge, -kEdge, -2 * kEdge);
   double x = room.width() / extent_.width(), y = room.height() / extent_.height();
-  if (plan_) x = y = std::min(x, y);
+  if (mode_ == "plan") x = y = std::min(x, y);
   return {room.left() + (point.x() - extent_.left()) * x, room.bottom() - (point.y() - extent_.top()) * y};
 }
 
@@ -140,7 +142,7 @@ void FormPicture::mouseReleaseEvent(QMouseEvent* event) {
 void FormPicture::paintScales(QPainter& painter) const {
   const bool empty = items_.isEmpty();
   painter.setPen(palette().color(QPalette::PlaceholderText));
-  if (empty || plan_) return;
+  if (empty || mode_ != "profil") return;
   const double up = roundStep(extent_.height(), kTicks), along = roundStep(extent_.width(), kTicks);
   for (double z = std::ceil(extent_.top() / up) * up; z <= extent_.bottom() + 1e-9; z += up) {
     const QPointF p = at({extent_.left(), z});
@@ -160,7 +162,7 @@ void FormPicture::paint(QPainter& painter, const Item& item) const {
   QPolygonF line;
   for (const QPointF& p : item.points) line << at(p);
   if (item.kind == "texte") {
-    if (!line.isEmpty()) painter.drawText(line.front() + QPointF(3, -3), item.words);
+    if (!line.isEmpty()) painter.drawText(line.front() + QPointF(3, mode_ == "tableau" ? 0 : -3), item.words);
   } else {
     painter.drawPolyline(line);
   }

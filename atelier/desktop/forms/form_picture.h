@@ -12,14 +12,15 @@ namespace atelier::desktop {
 class FormPicture : public QWidget {
  public:
   explicit FormPicture(QWidget* parent);
-  // One picture as (title "profil" or "plan" items station) of the front-end; in plan both directions have one scale.
+  // One picture as (title mode items station) of the front-end; in mode "plan" both directions have one scale, in mode
+  // "tableau" units are pixels from the upper left corner down.
   void show(const QVariant& picture);
   // A line that is dragged: the key of its field and what its number changes by, since the press of the button.
   std::function<void(const QString& key, double change, bool released)> onDragged;
   // Where a point of the picture is, in pixels of the widget.
   QPointF at(QPointF point) const;
 
-  QSize sizeHint() const override { return {560, 240}; }
+  QSize sizeHint() const override { return {600, 320}; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -45,7 +46,7 @@ class FormPicture : public QWidget {
   QPointF pointAt(QPointF pixel) const;
 
   QString title_;
-  bool plan_ = false;
+  QString mode_;
   double station_ = 0;  // of the abscissa 0
   QVector<Item> items_;
   QRectF extent_;  // in the picture's units, y up

@@ -44,7 +44,7 @@ constexpr ActionRow kRows[] = {
     {"&Dessin", "P&oint", nullptr, nullptr, "POINT"},
     {"&Profil", "&Nouveau profil...", "Ctrl+Shift+N", "profil", "@newProfile"},
     {"&Profil", "Profil d'une s&urface", nullptr, nullptr, "PLV-TERRAIN"},
-    {"&Profil", "&Matrices...", "Ctrl+M", "tableaux", "@matrices"},
+    {"&Profil", "&Matrices...", "Ctrl+M", "tableaux", "PLV-MATRICES"},
     {"&Profil", "Ligne &projet", nullptr, "projet", "PLV-PROJET"},
     {"&Profil", "P&lans de comparaison...", nullptr, "plan", "PLV-PC"},
     {"&Profil", "Point du le&vé...", nullptr, nullptr, "PLV-LEVE"},

@@ -73,3 +73,32 @@
 (situation "WithoutAProfileTheReasonIsTold")
 (preparer (command "_.ERASE" "_All" ""))
 ((= (plv-fiche "PLV-PC") (plv-refus-sans-profil)) T)
+
+(situation "TablesAreComposed")
+(preparer
+  (setq rangees '(("A" "Altitudes du terrain" "6" "" "Terrain") ("A" "Profondeurs" "4,5" "Projet" "Prof. de la conduite") ("B" "Observations" "9" "" "Lieux")))
+  (defun choisir (cle valeur)
+    (assoc "rangees" (nth 5 (plv-fiche-regarder "PLV-MATRICES" (cons (cons "*" cle) (reponses "PLV-MATRICES" (list cle valeur))))))))
+;; a definition that is chosen fills the table in; without another choice nothing is filled in
+((length (cadr (choisir "modele" "eau-potable"))) 8)
+((caadr (choisir "fichier" "<source>/exemples/matrices-route.txt")) ("ROUTE" "Numéros" "2.0" "" "Numéro"))
+((nth 5 (plv-fiche-regarder "PLV-MATRICES" (reponses "PLV-MATRICES" nil))) nil)
+;; rows that are no definition's need a name
+((cadr (assoc "nom" (fautes "PLV-MATRICES" (list "rangees" rangees)))) "un nom, sous lequel ces rangées sont gardées")
+((fautes "PLV-MATRICES" (list "rangees" (cadr (choisir "modele" "route")) "modele" "route")) nil)
+(tableau (rangee attendu)
+  (("A B" "Profondeurs" "4" "" "") "rangée 1: le nom du tableau est un mot")
+  (("A" "Fondeurs" "4" "" "") "rangée 1: un contenu de la liste est attendu")
+  (("A" "Profondeurs" "-4" "" "") "rangée 1: une hauteur positive est attendue")
+  (("A" "Profondeurs" "4" "{V}" "") "rangée 1: sans accolades"))
+((cadr (assoc "rangees" (fautes "PLV-MATRICES" (list "rangees" (list 'rangee))))) attendu)
+
+(situation "AComposedDefinitionIsKeptByItsName")
+(passe (faire "PLV-MATRICES" '("nom" "essai maison" "rangees" (("A" "Altitudes du terrain" "6" "" "Terrain") ("A" "Profondeurs" "4,5" "Projet" "Prof. de la conduite")))))
+((mapcar 'plv-rangee-libelle (plv-matrice-rangees (plv-matrice (car (plv-tables p))))) ("Terrain" "Prof. de la conduite"))
+((car (plv-modeles)) "essai maison")
+((plv-modele-rangees (plv-chemin-definition "essai maison")) (("A" "Altitudes du terrain" "6.000" "" "Terrain") ("A" "Profondeurs" "4.500" "Projet" "Prof. de la conduite")))
+;; by its name at the prompt too, and known as its source
+(tape ("PLV-MATRICES" "essai maison" "Tous") "Matrices: 5 points cotés.")
+((vl-every 'plv-etat-a-jour-p (plv-etats p)) T)
+(refuse (plv-matrices p "nulle part" nil) "fichier introuvable: nulle part; les modèles sont")
