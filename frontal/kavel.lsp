@@ -39,9 +39,9 @@
      plv-landxml plv-landxml-projet plv-landxml-terrain plv-export plv-export-fiche)
     (saisie (base profil projet echange)
      plv-nouveau plv-projet-fichier plv-projet-questions)
-    (mnt (base profil plan changements tableaux echange saisie)
+    (mnt (base profil fiches plan changements tableaux echange saisie)
      plv-mnt-systeme plv-mnt-demande plv-mnt-coupe plv-mnt-profil plv-mnt-plusieurs plv-mnt-observations plv-mnt-actualiser plv-mnt-controle plv-mnt-voir plv-mnt-autres
-     plv-mnt-questions)
+     plv-mnt-questions plv-mnt-fiche)
     (feuilles (base profil tableaux metres)
      plv-encarts plv-feuilles)
     (suivi (base profil plan tableaux cotes metres echange feuilles)

@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 #include <clocale>
 
+#include "atelier/desktop/document/lisp_bridge.h"
 #include "atelier/desktop/forms/form_command.h"
 #include "atelier/desktop/forms/forms.h"
 #include "atelier/desktop/window/driver.h"
@@ -70,6 +71,22 @@ void pictures(MainWindow& window, Driver& driver, const QString& folder) {
   driver.play();
 }
 
+// The valley of the examples: its axis and the surface of its layers.
+void surface(MainWindow& window, Driver& driver, const QString& folder) {
+  driver.then([&window] { window.open("vallon.dxf"); }).type("ZOOM").type("_E").play();
+  driver.menu("Profil d'une surface...").then([&window] {
+    form<CommandForm>()
+        .field("Courbes de l'axe")
+        ->set(ask(window.drawing()->document(),
+                  "(mapcar 'plv-handle (plv-entites-du-jeu (ssget \"X\" '((0 . \"LWPOLYLINE\") (8 . \"AXE\")))))"));
+    form<CommandForm>().field("Surface")->set("Fichier et calques");
+    form<CommandForm>().field("Fichier, ou dossier de dalles")->set("vallon.csv");
+    form<CommandForm>().field("Calques, * permis")->set("RUISSEAU");
+    form<CommandForm>().look();
+  });
+  driver.shot(name(folder, "bureau-terrain")).then(closeForm).play();
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -95,6 +112,7 @@ int main(int argc, char** argv) {
   Driver driver(window);
   profile(window, driver, arguments[1]);
   pictures(window, driver, arguments[1]);
+  surface(window, driver, arguments[1]);
   window.close();
   return 0;
 }

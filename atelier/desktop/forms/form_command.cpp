@@ -60,7 +60,6 @@ CommandForm::CommandForm(Drawing& drawing, const QString& command, QWidget* pare
   soon_.setSingleShot(true);
   connect(&soon_, &QTimer::timeout, this, [this] { look(); });
   look();
-  if (!pictures_.isEmpty()) resize(sizeHint().expandedTo(kRoomy));
 }
 
 void CommandForm::addRow(const QVariantList& parts, QFormLayout& rows) {
@@ -168,6 +167,7 @@ void CommandForm::showPictures(const QVariantList& pictures) {
     side_->insertWidget(static_cast<int>(pictures_.size()), picture, 1);
     pictures_ << picture;
   }
+  if (!roomy_ && !pictures.isEmpty()) resize(sizeHint().expandedTo(kRoomy)), roomy_ = true;
   for (qsizetype i = 0; i < pictures_.size(); ++i) {
     pictures_[i]->setVisible(i < pictures.size());
     if (i < pictures.size()) pictures_[i]->show(pictures[i]);

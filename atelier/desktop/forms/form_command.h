@@ -55,6 +55,7 @@ class CommandForm : public QDialog {
   QLabel* words_;
   QLabel* refusal_;
   QTimer soon_;
+  bool roomy_ = false;  // it was made larger for its pictures
   std::map<QString, double> dragFrom_;
 };
 

@@ -96,7 +96,7 @@ void FormPicture::fit() {
 
 QPointF FormPicture::at(QPointF point) const {
   if (mode_ == "tableau") return {kEdge + point.x(), kEdge - point.y()};
-  const QRectF room = QRectF(rect()).adjusted(kScaleRoom, kEdge, -kEdge, -2 * kEdge);
+  const QRectF room = QRectF(rect()).adjusted(kScaleRoom, 2 * kEdge, -kEdge, -2 * kEdge);
   double x = room.width() / extent_.width(), y = room.height() / extent_.height();
   if (mode_ == "plan") x = y = std::min(x, y);
   return {room.left() + (point.x() - extent_.left()) * x, room.bottom() - (point.y() - extent_.top()) * y};

@@ -43,7 +43,7 @@ constexpr ActionRow kRows[] = {
     {"&Dessin", "&Texte", nullptr, nullptr, "TEXT"},
     {"&Dessin", "P&oint", nullptr, nullptr, "POINT"},
     {"&Profil", "&Nouveau profil...", "Ctrl+Shift+N", "profil", "@newProfile"},
-    {"&Profil", "Profil d'une s&urface", nullptr, nullptr, "PLV-TERRAIN"},
+    {"&Profil", "Profil d'une s&urface...", nullptr, nullptr, "PLV-TERRAIN"},
     {"&Profil", "&Matrices...", "Ctrl+M", "tableaux", "PLV-MATRICES"},
     {"&Profil", "Ligne &projet", nullptr, "projet", "PLV-PROJET"},
     {"&Profil", "P&lans de comparaison...", nullptr, "plan", "PLV-PC"},

@@ -102,3 +102,19 @@
 (tape ("PLV-MATRICES" "essai maison" "Tous") "Matrices: 5 points cotés.")
 ((vl-every 'plv-etat-a-jour-p (plv-etats p)) T)
 (refuse (plv-matrices p "nulle part" nil) "fichier introuvable: nulle part; les modèles sont")
+
+(situation "AProfileComesOfASurface")
+(fichier "s.csv" "x;y;z\n0;0;10\n100;0;20\n100;50;20\n0;50;10\n")
+(preparer
+  (entmake '((0 . "LWPOLYLINE") (100 . "AcDbEntity") (100 . "AcDbPolyline") (90 . 2) (70 . 0) (10 10.0 25.0) (10 90.0 25.0)))
+  (setq sur (list "courbes" (list (plv-handle (entlast))) "source" "Fichier" "fichier" "<dossier>s.csv" "depart" "1000")))
+((fautes "PLV-TERRAIN" sur) nil)
+;; the surface in plan with the axis on it, the ground beside it
+((mapcar 'cadr (cadr (plv-fiche-regarder "PLV-TERRAIN" (reponses "PLV-TERRAIN" sur)))) ("plan" "profil"))
+((car (caddr (plv-fiche-regarder "PLV-TERRAIN" (reponses "PLV-TERRAIN" sur)))) "2 points de la station 1000.00 à 1080.00.")
+(passe (faire "PLV-TERRAIN" (append sur '("numero" "S" "insertion" "0;500"))))
+((mapcar '(lambda (q) (list (car q) (cadr q))) (plv-points-tn (plv-profil-de-numero "S"))) ((0.0 11.0) (80.0 19.0)))
+((cadr (assoc "fichier" (fautes "PLV-TERRAIN" '("source" "Fichier")))) "une surface est attendue")
+((cadr (assoc "courbes" (fautes "PLV-TERRAIN" nil))) "des courbes du dessin sont attendues")
+((cadr (assoc "numero" (fautes "PLV-TERRAIN" (append sur '("numero" "12"))))) "le dessin a déjà un profil de ce numéro")
+((cadr (assoc "insertion" (fautes "PLV-TERRAIN" (append sur '("insertion" "là"))))) "deux nombres x,y sont attendus")
