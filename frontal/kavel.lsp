@@ -42,9 +42,11 @@
     (mnt (base profil fiches plan changements tableaux echange saisie)
      plv-mnt-systeme plv-mnt-demande plv-mnt-coupe plv-mnt-profil plv-mnt-plusieurs plv-mnt-observations plv-mnt-actualiser plv-mnt-controle plv-mnt-voir plv-mnt-autres
      plv-mnt-questions plv-mnt-fiche)
+    (page (base profil fiches metres)
+     plv-json plv-page plv-page-fiche)
     (feuilles (base profil tableaux metres)
      plv-encarts plv-feuilles)
-    (suivi (base profil plan tableaux cotes metres echange feuilles)
+    (suivi (base profil plan tableaux cotes metres echange page feuilles)
      plv-sources plv-choses plv-etat plv-refaire plv-mains plv-actualiser plv-sortie)
     (controle (base profil tableaux echange suivi)
      plv-rapport plv-audit plv-bureau plv-survol)))

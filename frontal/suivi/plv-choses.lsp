@@ -31,10 +31,12 @@
      plv-choses:du-fichier nil plv-choses:sans-ligne plv-refaire-classeurs nil)
     ("EXPORT" plv-choses:mots-export plv-choses:sources-export
      plv-choses:du-fichier nil plv-choses:sans-projet plv-refaire-exports nil)
+    ("PAGE" plv-choses:mots-page ("fichier" "numero" "origine" "terrain" "terrains" "plans" "projets" "blocs")
+     plv-choses:du-fichier nil nil plv-refaire-pages nil)
     ("FEUILLES" plv-choses:mots-feuilles ("fichier" "numero" "dessin")
      plv-choses:du-fichier nil nil plv-refaire-feuilles nil)))
 
-(setq plv-choses-fichiers '("CLASSEUR" "EXPORT" "FEUILLES"))
+(setq plv-choses-fichiers '("CLASSEUR" "EXPORT" "PAGE" "FEUILLES"))
 
 (defun plv-chose-fichier-p (fait) (member (plv-fait-chose fait) plv-choses-fichiers))
 
@@ -164,6 +166,7 @@
 
 (defun plv-choses:mots-classeur (profil fait) (strcat "Classeur " (plv-fait-fichier fait)))
 (defun plv-choses:mots-export (profil fait) (strcat "Export " (plv-fait-fichier fait)))
+(defun plv-choses:mots-page (profil fait) (strcat "Page " (plv-fait-fichier fait)))
 (defun plv-choses:mots-feuilles (profil fait) (strcat "Feuilles " (plv-fait-fichier fait)))
 
 (defun plv-choses:sources-export (profil fait / contenu)

@@ -107,6 +107,9 @@
          (T (plv-export-projet profil (plv-fait-genre f) (plv-fait-fichier f)))))
     faits))
 
+(defun plv-refaire-pages (profil faits)
+  (vl-every '(lambda (f) (plv-page (plv-refaire:profils f) (plv-fait-fichier f))) faits))
+
 (defun plv-refaire-feuilles (profil faits)
   (vl-every
     '(lambda (f / reponses)

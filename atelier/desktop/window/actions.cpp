@@ -70,6 +70,7 @@ constexpr ActionRow kRows[] = {
     {"&Profil", "Mettre à jour sans demander avant de tracer", nullptr, nullptr, "@updateUnasked"},
     {"&Profil", nullptr, nullptr, nullptr, nullptr},
     {"&Profil", "&Feuilles en PDF", nullptr, "tracer", "PLV-FEUILLES"},
+    {"&Profil", "Page à parta&ger...", nullptr, nullptr, "PLV-PAGE"},
     {"&Profil", "&Exporter...", nullptr, nullptr, "PLV-EXPORT"},
     {"&Profil", nullptr, nullptr, nullptr, nullptr},
     {"&Profil", "&Choisir un profil", nullptr, nullptr, "PLV-CHOISIR"},
