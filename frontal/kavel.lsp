@@ -10,7 +10,7 @@
      plv-vraisemblance plv-terrain)
     (profil (base)
      plv-genres plv-plans plv-cadre plv-terrain-profil plv-profil plv-profils plv-appartenance plv-chaines plv-reparer
-     plv-reparer-contenu plv-faits plv-habillage plv-terrain-dessine plv-rappels plv-terrains
+     plv-reparer-contenu plv-faits plv-habillage plv-sol plv-terrain-dessine plv-rappels plv-terrains
      plv-elements plv-cotes-mains plv-cotes-posees plv-pentes plv-statiques plv-blocs)
     (portes (base profil)
      plv-cubiques plv-formes plv-formes-coupe plv-formes-ecriture plv-portes plv-remise)
@@ -19,7 +19,11 @@
     (changements (base profil portes)
      plv-pc plv-changer-terrain plv-leve)
     (projet (base profil portes)
-     plv-raccords plv-parties plv-trace plv-sommets plv-projet plv-associer)
+     plv-raccords plv-parties plv-trace plv-sommets plv-projet-texte plv-projet plv-associer)
+    (ligne (base profil portes projet)
+     plv-ligne plv-ligne-traits)
+    (souris (base profil projet ligne)
+     plv-suivre plv-scene plv-frappe plv-dessiner)
     (tableaux (base profil plan)
      plv-types plv-definitions plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet
      plv-remplissage-terrains plv-remplissage-plan plv-devers plv-remplissage-blocs plv-cases plv-matrices plv-ligne-seule)
@@ -35,7 +39,7 @@
      plv-optimal-souhait plv-variantes plv-optimal-sommets plv-optimal-cout plv-optimal-questions)
     (echange (base terrain profil plan projet)
      plv-landxml plv-landxml-projet plv-landxml-terrain plv-export)
-    (saisie (base profil projet echange)
+    (saisie (base profil projet souris echange)
      plv-nouveau plv-projet-fichier plv-projet-questions)
     (mnt (base profil plan changements tableaux echange saisie)
      plv-mnt-systeme plv-mnt-demande plv-mnt-coupe plv-mnt-profil plv-mnt-plusieurs plv-mnt-observations plv-mnt-actualiser plv-mnt-controle plv-mnt-voir plv-mnt-autres

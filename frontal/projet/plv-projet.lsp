@@ -2,7 +2,7 @@
 ;; Stations are those of the profile (distance plus the first station), altitudes in metres. Nothing is drawn before
 ;; everything has been understood.
 
-(defun plv-projet:faute (sommets longueur / faute precedent)
+(defun plv-faute-sommets (sommets longueur / faute precedent)
   "The text of what is wrong with vertices (distance altitude ...), nil for nothing."
   (foreach s sommets
     (if (not faute)
@@ -31,7 +31,7 @@
 
 (defun plv-projet:raccords (profil sommets)
   "The vertical curves, or the text of what can't be done."
-  (cond ((plv-projet:faute sommets (plv-longueur-profil profil))) ((plv-raccords sommets))))
+  (cond ((plv-faute-sommets sommets (plv-longueur-profil profil))) ((plv-raccords sommets))))
 
 (defun plv-projet (profil genre sommets / origine raccords entites)
   "Draws a project line of vertices (station altitude [request]) and attaches it to a kind of line; gives its entities,

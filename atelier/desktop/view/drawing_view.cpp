@@ -185,10 +185,9 @@ void DrawingView::paintEvent(QPaintEvent*) {
   marks.frames(stale_);
   marks.list(hovered_, Emphasis::hover);
   marks.list(selected_, Emphasis::selected);
-  const Transients& transients = drawing_.document().transients();
   takeHighlighted();
   marks.list(highlightedShown_, Emphasis::highlighted);
-  marks.transients(transients);
+  marks.transients(transients());
   if (!drawing_.isRunning()) marks.grips(grips_, hotGrip_);
   if (cursor_) drawCursor(marks);
 }
@@ -230,6 +229,8 @@ void DrawingView::drawCursor(ViewMarks& marks) {
   if (snap_) marks.snap(*snap_);
   marks.crosshair(at, pickRadius(drawing_.document()) / viewport().unitsPerPixel);
   if (!hint_.isEmpty() && under_.chosen()) marks.note(at + QPointF(16, 16), hint_);
+  if (prompt && prompt->tracks && !transients().note.empty())
+    marks.notes(at + QPointF(16, 16), QString::fromStdString(transients().note).split(" | "));
   if (!prompt || !prompt->wantsPoint) return;
   const AcGePoint3d p = aim_;
   QString text = QString("%1 , %2").arg(p.x, 0, 'f', 3).arg(p.y, 0, 'f', 3);

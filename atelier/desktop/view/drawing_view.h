@@ -9,9 +9,9 @@
 #include "atelier/desktop/document/drawing.h"
 #include "atelier/desktop/picture/scene_painter.h"
 #include "atelier/desktop/view/grips.h"
-#include "atelier/selecting/snaps.h"
 #include "atelier/desktop/view/under_cursor.h"
 #include "atelier/desktop/view/view_marks.h"
+#include "atelier/selecting/snaps.h"
 
 namespace atelier::desktop {
 
@@ -91,6 +91,7 @@ class DrawingView : public QWidget {
   void show(const std::vector<AcDbStub*>& entities, Emphasis emphasis, render::DisplayList& few, Part& many) const;
   void drawPicture(QPainter& painter, const Viewport& viewport);
   void drawCursor(class ViewMarks& marks);
+  const Transients& transients() const { return drawing_.document().transients(); }
 
   Drawing& drawing_;
   AcDbStub* space_ = nullptr;        // that is shown

@@ -109,7 +109,7 @@ void DrawingView::click(QPointF pixel, bool removing) {
     // A set that is being collected goes on through what lies there; one entity is taken once.
     if (const auto set = drawing_.document().pendingSelection.lock(); set && again && prompt->wantsEntity)
       passOver(*set);
-    if (prompt->wantsPoint || prompt->wantsEntity)
+    if (prompt->wantsPoint || prompt->wantsEntity || prompt->tracks)
       drawing_.pick(prompt->wantsPoint ? pointAt(pixel) : viewport().world(pixel));
     return;
   }
@@ -202,6 +202,7 @@ void DrawingView::mouseMoveEvent(QMouseEvent* event) {
   const AcGePoint3d point = pointAt(*cursor_);
   if (!hoverTimer_.isActive()) hoverTimer_.start(kHoverDelay);
   if (onMoved) onMoved(point);
+  drawing_.follow(point);
   update();
 }
 

@@ -8,7 +8,6 @@
 #include "atelier/desktop/picture/viewport.h"
 #include "atelier/desktop/view/grips.h"
 #include "atelier/selecting/snaps.h"
-#include "atelier/desktop/picture/viewport.h"
 
 namespace atelier::desktop {
 
@@ -29,6 +28,7 @@ class ViewMarks {
   void snap(const Snap& snap);
   void crosshair(const QPointF& at, double pickBox);
   void note(const QPointF& at, const QString& text);
+  void notes(const QPointF& at, const QStringList& lines);
 
  private:
   QPainter& painter_;

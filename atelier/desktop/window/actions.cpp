@@ -46,6 +46,7 @@ constexpr ActionRow kRows[] = {
     {"&Profil", "Profil d'une s&urface", nullptr, nullptr, "PLV-TERRAIN"},
     {"&Profil", "&Matrices...", "Ctrl+M", "tableaux", "@matrices"},
     {"&Profil", "Ligne &projet", nullptr, "projet", "PLV-PROJET"},
+    {"&Profil", "&Dessiner une ligne projet", nullptr, nullptr, "PLV-DESSINER"},
     {"&Profil", "P&lans de comparaison", nullptr, "plan", "PLV-PC"},
     {"&Profil", "Point du le&vé", nullptr, nullptr, "PLV-LEVE"},
     {"&Profil", "Ligne &optimale", nullptr, "optimal", "PLV-OPTIMAL"},
