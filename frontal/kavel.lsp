@@ -21,7 +21,7 @@
     (projet (base profil portes)
      plv-raccords plv-parties plv-trace plv-sommets plv-projet-texte plv-projet plv-associer)
     (ligne (base profil portes projet)
-     plv-ligne plv-ligne-traits)
+     plv-ligne plv-ligne-traits plv-rangees plv-corriger plv-parties-de-ligne plv-sommets-table plv-sommets-questions)
     (souris (base profil projet ligne)
      plv-suivre plv-scene plv-frappe plv-dessiner)
     (tableaux (base profil plan)

@@ -16,7 +16,7 @@
         precedent s)))
   (cond (faute) ((not (cdr sommets)) "deux points au moins sont attendus")))
 
-(defun plv-projet:demande (demande origine)
+(defun plv-demande-en-distances (demande origine)
   "A request with its distance from the profile's origin; a number alone is the radius of a circle."
   (cond
     ((not demande) nil)
@@ -27,7 +27,7 @@
 
 (defun plv-projet:sommet (sommet origine)
   "A vertex of stations as one of distances."
-  (list (- (car sommet) origine) (cadr sommet) (plv-projet:demande (plv-demande-de sommet) origine)))
+  (list (- (car sommet) origine) (cadr sommet) (plv-demande-en-distances (plv-demande-de sommet) origine)))
 
 (defun plv-projet:raccords (profil sommets)
   "The vertical curves, or the text of what can't be done."

@@ -20,7 +20,7 @@
   (cond
     ((= lettre "@") (plv-frappe:relatif (substr mot 2)))
     ((vl-string-search ";" mot) (plv-frappe:couple (plv-couper mot ";") "S"))
-    ((plv-frappe:pente-p mot) (plv-frappe:un "I" (plv-frappe-pente mot)))
+    ((plv-pente-ecrite-p mot) (plv-frappe:un "I" (plv-pente-lue mot)))
     ((member lettre '("S" "Z" "P" "L")) (plv-frappe:lettre lettre (substr mot 2)))
     ((= lettre "C") (plv-frappe:raccord (substr mot 2)))
     ((vl-string-search "," mot) (plv-frappe:couple (plv-couper mot ",") "S"))))
@@ -41,24 +41,10 @@
 (defun plv-frappe:couple (champs code / a b)
   "Along the profile, then a slope, an altitude, or a difference of it behind a distance."
   (setq a (plv-nombre-station (car champs))
-        b (if (plv-frappe:pente-p (cadr champs)) (plv-frappe-pente (cadr champs)) (plv-nombre (cadr champs))))
+        b (if (plv-pente-ecrite-p (cadr champs)) (plv-pente-lue (cadr champs)) (plv-nombre (cadr champs))))
   (if (and a b (not (cddr champs)))
     (list (list code a)
-          (list (cond ((plv-frappe:pente-p (cadr champs)) "I") ((= code "L") "DZ") ("Z")) b))))
-
-(defun plv-frappe:pente-p (mot) (wcmatch mot "*%,*‰,*/*"))
-
-(defun plv-frappe-pente (mot / nombres)
-  "A slope as -1.5%, -15‰ or -1/66, in metres by metre; nil for anything else."
-  (cond
-    ((wcmatch mot "*%") (plv-frappe:part (substr mot 1 (1- (strlen mot))) 0.01))
-    ((wcmatch mot "*‰") (plv-frappe:part (vl-string-right-trim "‰" mot) 0.001))
-    ((wcmatch mot "*/*")
-     (setq nombres (mapcar 'plv-nombre (plv-couper mot "/")))
-     (if (and (= (length nombres) 2) (not (member nil nombres)) (/= (cadr nombres) 0.0)) (/ (car nombres) (cadr nombres))))))
-
-(defun plv-frappe:part (texte facteur)
-  (if (plv-nombre texte) (* facteur (plv-nombre texte))))
+          (list (cond ((plv-pente-ecrite-p (cadr champs)) "I") ((= code "L") "DZ") ("Z")) b))))
 
 (defun plv-frappe:raccord (reste / forme demande)
   "The request of 500, L40 or 500P; 0 takes the curve away."
