@@ -48,8 +48,8 @@
      plv-encarts plv-feuilles)
     (suivi (base profil plan tableaux cotes metres echange feuilles)
      plv-sources plv-choses plv-etat plv-refaire plv-mains plv-actualiser plv-sortie)
-    (controle (base profil tableaux echange suivi)
-     plv-rapport plv-audit plv-bureau plv-survol)))
+    (controle (base profil tableaux ligne echange suivi)
+     plv-rapport plv-audit plv-bureau plv-bureau-ligne plv-survol)))
 
 (foreach salle plv-salles
   (foreach fichier (cddr salle)

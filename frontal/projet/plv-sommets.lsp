@@ -96,11 +96,16 @@
 ;; --- the spans of a project line in the drawing
 
 (defun plv-sommets:points (e / forme)
-  "The points of a curve that is straight between them; nil for another."
-  (setq forme (plv-forme-de e))
-  (if (and (= (plv-type e) "POLYLINE") (listp forme) (not (plv-forme-polyligne-p forme)))
-    (plv-forme-en-points forme)
-    (plv-forme-droite forme)))
+  "The points of a curve that is straight between them; nil for another. The form of a spline takes an entity for a moment, which a mere
+look at a line must not make."
+  (if (not (plv-sommets:spline-p e))
+    (progn
+      (setq forme (plv-forme-de e))
+      (if (and (= (plv-type e) "POLYLINE") (listp forme) (not (plv-forme-polyligne-p forme)))
+        (plv-forme-en-points forme)
+        (plv-forme-droite forme)))))
+
+(defun plv-sommets:spline-p (e) (and (= (plv-type e) "SPLINE") (/= (plv-cle 71 (entget e)) 1)))
 
 (defun plv-sommets:raccord-p (e) (and (plv-rayon e) (= (plv-type e) "SPLINE")))
 

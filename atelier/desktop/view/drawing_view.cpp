@@ -94,8 +94,18 @@ void DrawingView::frame(std::vector<AcDbExtents> stale) {
   update();
 }
 
+void DrawingView::point(std::optional<AcGePoint3d> at) {
+  pointed_ = at;
+  if (at && !rect().adjusted(20, 20, -20, -20).contains(viewport().pixel(*at).toPoint())) {
+    drawing_.document().view().centre = {at->x, at->y, 0};
+    settleView();
+  }
+  update();
+}
+
 void DrawingView::startAnew() {
   space_ = nullptr;
+  pointed_.reset();
   views_.clear();
   windowStart_.reset();
   snap_.reset();
@@ -189,6 +199,7 @@ void DrawingView::paintEvent(QPaintEvent*) {
   marks.list(highlightedShown_, Emphasis::highlighted);
   marks.transients(transients());
   if (!drawing_.isRunning()) marks.grips(grips_, hotGrip_);
+  if (pointed_) marks.pointed(*pointed_);
   if (cursor_) drawCursor(marks);
 }
 

@@ -35,6 +35,8 @@ class DrawingView : public QWidget {
   // What isn't true any more is framed, over the picture only: it is never plotted.
   void frame(std::vector<AcDbExtents> stale);
   const std::vector<AcDbExtents>& framed() const { return stale_; }
+  // Marks a place, and brings it into sight; nowhere takes the mark away.
+  void point(std::optional<AcGePoint3d> at);
   // The picture as it is painted, without what lies over it: crosshair, grips, what a few selected objects look like.
   const QImage& picture() const { return picture_.image; }
   // The point that a click there would give, snapped while a prompt asks for a point.
@@ -102,6 +104,7 @@ class DrawingView : public QWidget {
   std::vector<AcDbStub*> selection_, highlighted_;
   render::DisplayList selected_, hovered_, highlightedShown_;
   std::vector<AcDbExtents> stale_;
+  std::optional<AcGePoint3d> pointed_;
   Part manySelected_, manyHighlighted_;  // too many to be drawn anew with each move of the cursor: in the picture
   UnderCursor under_;
   QString hint_;

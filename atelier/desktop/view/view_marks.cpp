@@ -150,6 +150,12 @@ void ViewMarks::snap(const Snap& snap) {
   note(at + QPointF(12, -30), QString::fromUtf8(snapName(snap.mode)));
 }
 
+void ViewMarks::pointed(const AcGePoint3d& at) {
+  painter_.setPen(QPen(kHotColour, 2));
+  painter_.setBrush(Qt::NoBrush);
+  painter_.drawEllipse(viewport_.pixel(at), 2 * kGrip, 2 * kGrip);
+}
+
 void ViewMarks::crosshair(const QPointF& at, double pickBox) {
   painter_.setPen(QPen(dark_ ? QColor(200, 200, 200, 160) : QColor(60, 60, 60, 140), 1));
   painter_.drawLine(QPointF(0, at.y()), QPointF(viewport_.size.width(), at.y()));

@@ -26,6 +26,7 @@ class ViewMarks {
   void frames(std::span<const AcDbExtents> boxes);
   void grips(std::span<const Grip> grips, std::optional<std::size_t> hot);
   void snap(const Snap& snap);
+  void pointed(const AcGePoint3d& at);
   void crosshair(const QPointF& at, double pickBox);
   void note(const QPointF& at, const QString& text);
   void notes(const QPointF& at, const QStringList& lines);

@@ -9,6 +9,7 @@
 #include <QScreen>
 #include <QSettings>
 
+#include "atelier/base/text.h"
 #include "atelier/commands/commands.h"
 #include "atelier/desktop/document/lisp_bridge.h"
 #include "atelier/desktop/window/theme.h"
@@ -87,7 +88,11 @@ void MainWindow::wire(Tab& tab) {
   drawing.onQuit = [this, &tab] { quit(tab); };
   drawing.onReplaced = [this, &tab] { afterReplacement(tab); };
   tab.view->onMoved = [this, &drawing](const AcGePoint3d& point) { moved(drawing, point); };
-  tab.view->onSelection = [this, &tab] { properties_->show(tab.drawing.get(), tab.view->selection()); };
+  tab.view->onSelection = [this, &tab] {
+    properties_->show(tab.drawing.get(), tab.view->selection());
+    if (tab.view->selection().size() == 1)
+      lineTable_->showLineOf(QString::fromStdString(handleText(tab.view->selection()[0]->handle)));
+  };
   tab.view->onMenu = [this](const QPoint& at) { showContextMenu(at); };
   tab.view->onKey = [this](QKeyEvent* event) { commands_->takeKey(event); };
 }
@@ -103,6 +108,7 @@ void MainWindow::showTab() {
   properties_->show(tab ? tab->drawing.get() : nullptr, tab ? tab->view->selection() : std::vector<AcDbStub*>());
   currentProfile_->clear();
   layers_->refresh(nullptr);
+  lineTable_->refresh(tab ? tab->drawing.get() : nullptr);
   showLayouts();
   if (!tab) return setWindowTitle(QStringLiteral("Kavel"));
   tab->drawing->document().makeCurrent();
@@ -135,6 +141,7 @@ void MainWindow::afterCommand(Tab& tab) {
   currentProfile_->setText(profiles_->showCurrent(tab.drawing.get()));
   layers_->refresh(tab.drawing.get());
   properties_->show(tab.drawing.get(), tab.view->selection());
+  lineTable_->refresh(tab.drawing.get());
   showState(tab);
   if (afterwards_) QTimer::singleShot(0, this, std::exchange(afterwards_, nullptr));
 }

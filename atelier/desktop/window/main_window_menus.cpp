@@ -140,6 +140,7 @@ void MainWindow::windowAction(const QString& name) {
   else if (name == "matrices") MatricesForm(*d, this).exec();
   else if (name == "plot") plot();
   else if (name == "updateUnasked") updateUnasked();
+  else if (name == "lineTable") toggleLineTable();
 }
 
 void MainWindow::audit() {
