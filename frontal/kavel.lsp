@@ -1,8 +1,15 @@
-;; The front-end: loads the files of its rooms in order. Whoever loads this file puts its folder on the search path first.
-;; Files only define functions and tables; nothing is drawn and nothing is asked by loading.
+;
+;
+The front - end
+    : loads the files of its rooms in order.Whoever loads this file puts its folder on the search path first.;
+;
+Files only define functions and tables;
+nothing is drawn and nothing is asked by loading.
 
-;; For each room its folder, the rooms that its functions may call, and its files in the order of loading.
-;; outils/verifier-frontal.py reads this list and holds the files to it.
+    ;
+;
+For each room its folder, the rooms that its functions may call, and its files in the order of loading.;
+; outils/verifier-frontal.py reads this list and holds the files to it.
 (setq plv-salles
   '((base ()
      plv-outils plv-lignes plv-questions plv-points plv-enregistrements plv-dessin)
@@ -22,8 +29,8 @@
      plv-raccords plv-parties plv-trace plv-sommets plv-projet-texte plv-projet plv-associer)
     (ligne (base profil portes projet)
      plv-ligne plv-ligne-traits plv-rangees plv-corriger plv-parties-de-ligne plv-sommets-table plv-sommets-questions)
-    (souris (base profil projet ligne)
-     plv-suivre plv-scene plv-frappe plv-dessiner)
+    (souris (base profil portes projet ligne)
+     plv-suivre plv-scene plv-frappe plv-dessiner plv-prises plv-geste plv-tirer-vue plv-tirer)
     (tableaux (base profil plan)
      plv-types plv-definitions plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet
      plv-remplissage-terrains plv-remplissage-plan plv-devers plv-remplissage-blocs plv-cases plv-matrices plv-ligne-seule)
@@ -48,7 +55,7 @@
      plv-encarts plv-feuilles)
     (suivi (base profil plan tableaux cotes metres echange feuilles)
      plv-sources plv-choses plv-etat plv-refaire plv-mains plv-actualiser plv-sortie)
-    (controle (base profil tableaux ligne echange suivi)
+    (controle (base profil tableaux ligne souris echange suivi)
      plv-rapport plv-audit plv-bureau plv-bureau-ligne plv-survol)))
 
 (foreach salle plv-salles

@@ -1,6 +1,12 @@
-;; What is typed while a line is drawn or dragged: numbers of a place, one by one or together, as (code value) each.
-;; S station, Z altitude, P depth, L distance and DZ difference of altitude from the vertex before, I slope rising to the right, C vertical curve
-;; at the vertex before. A place takes one number along the profile and one of its height; both may be typed, or one be clicked.
+;
+;
+What is typed while a line is drawn or dragged : numbers of a place, one by one or together, as(code value) each.;
+;
+S station, Z altitude, P depth, L distance and DZ difference of altitude from the vertex before,
+    I slope rising to the right, C vertical curve;
+;
+at the vertex before, D the distance from the origin that a drag leaves a vertex.A place takes one number along the
+                          profile and one of its height; both may be typed, or one be clicked.
 
 (setq plv-frappe-aide
   "120;134.2 ou 120,134.2: station et altitude; @25;0.5 ou @25;-1.5%: distance et hauteur ou pente; S120 Z134.2 P1.2 L25 -1.5% 15‰ 1/50: une valeur; C500 CL40 C500P: raccordement")
@@ -56,7 +62,7 @@
 
 (defun plv-frappe:a (frappes code) (cadr (assoc code frappes)))
 
-(defun plv-frappe:l (frappes) (if (or (assoc "S" frappes) (assoc "L" frappes)) T))
+(defun plv-frappe:l (frappes) (if (or (assoc "S" frappes) (assoc "L" frappes) (assoc "D" frappes)) T))
 (defun plv-frappe:h (frappes) (vl-some '(lambda (c) (assoc c frappes)) '("Z" "DZ" "P" "I")))
 
 (defun plv-frappe:deux-hauteurs-p (frappes)
@@ -97,6 +103,7 @@ why there is none."
 
 (defun plv-frappe:distance (scene dernier frappes accroche / l)
   (cond
+    ((plv-frappe:a frappes "D"))
     ((plv-frappe:a frappes "S") (- (plv-frappe:a frappes "S") (plv-scene-origine scene)))
     ((setq l (plv-frappe:a frappes "L")) (+ (car dernier) (* l (if (and accroche (< (car accroche) (car dernier))) -1.0 1.0))))
     ((plv-frappe:deux-hauteurs-p frappes) (plv-frappe:rencontre scene dernier frappes))

@@ -49,6 +49,9 @@ class DrawingView : public QWidget {
 
   std::function<void(const AcGePoint3d&)> onMoved;
   std::function<void()> onSelection;
+  // The grips of an entity that a program moves as part of something larger; nothing for any other. A press on one is told.
+  std::function<std::vector<AcGePoint3d>(AcDbStub*)> onGrips;
+  std::function<void(AcDbStub*, const AcGePoint3d&)> onGripTaken;
   // Gives up what is under way: a window, a grip, the running command; then the selection.
   void escape();
   // Whether another entity lies under the cursor; it is then what a click takes.
@@ -113,6 +116,7 @@ class DrawingView : public QWidget {
   std::optional<std::size_t> hotGrip_;
   std::optional<AcGePoint3d> windowStart_;
   QPointF windowPressed_;
+  std::optional<QPointF> gripPressed_;  // of a program: put down by a release elsewhere, or by a further click
   std::optional<QPointF> cursor_, panFrom_;
   std::optional<Snap> snap_;
   AcGePoint3d aim_;  // the point that a click at the cursor gives

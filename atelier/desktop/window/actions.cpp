@@ -47,6 +47,7 @@ constexpr ActionRow kRows[] = {
     {"&Profil", "&Matrices...", "Ctrl+M", "tableaux", "@matrices"},
     {"&Profil", "Ligne &projet", nullptr, "projet", "PLV-PROJET"},
     {"&Profil", "&Dessiner une ligne projet", nullptr, nullptr, "PLV-DESSINER"},
+    {"&Profil", "T&irer une ligne projet", nullptr, nullptr, "PLV-TIRER"},
     {"&Profil", "&Table des sommets", "F4", nullptr, "@lineTable"},
     {"&Profil", "P&lans de comparaison", nullptr, "plan", "PLV-PC"},
     {"&Profil", "Point du le&vé", nullptr, nullptr, "PLV-LEVE"},

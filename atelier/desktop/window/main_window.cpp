@@ -19,6 +19,15 @@ namespace {
 
 constexpr double kScreenShare = 0.95;  // of a new window, with its frame
 
+// Where the project line can be taken hold of that a curve is part of.
+std::vector<AcGePoint3d> gripsOfLine(Drawing& drawing, AcDbStub* stub) {
+  std::vector<AcGePoint3d> grips;
+  const QString call = QString("(plv-bureau-prises \"%1\")").arg(QString::fromStdString(handleText(stub->handle)));
+  for (const QVariant& place : ask(drawing.document(), call).toList())
+    grips.emplace_back(place.toList().value(0).toDouble(), place.toList().value(1).toDouble(), 0);
+  return grips;
+}
+
 }  // namespace
 
 MainWindow::MainWindow() {
@@ -92,6 +101,12 @@ void MainWindow::wire(Tab& tab) {
     properties_->show(tab.drawing.get(), tab.view->selection());
     if (tab.view->selection().size() == 1)
       lineTable_->showLineOf(QString::fromStdString(handleText(tab.view->selection()[0]->handle)));
+  };
+  tab.view->onGrips = [&drawing](AcDbStub* stub) { return gripsOfLine(drawing, stub); };
+  tab.view->onGripTaken = [&drawing](AcDbStub* stub, const AcGePoint3d& at) {
+    const QString call = QString("(plv-bureau-tirer \"%1\" %2 %3)")
+                             .arg(QString::fromStdString(handleText(stub->handle)), number(at.x), number(at.y));
+    drawing.feed({{call.toStdString(), {}, "PLV-TIRER"}});
   };
   tab.view->onMenu = [this](const QPoint& at) { showContextMenu(at); };
   tab.view->onKey = [this](QKeyEvent* event) { commands_->takeKey(event); };

@@ -1,5 +1,8 @@
-;; A project line with the mouse, its vertices in lists and in the table, on level ground at 52 over 200 m from station 1000, with a second
-;; plane at 120 m, drawn from (500, 300) at ten times.
+;
+;
+A project line with the mouse, its vertices in lists and in the table,
+    on level ground at 52 over 200 m from station 1000, with a second;
+; plane at 120 m, drawn from (500, 300) at ten times.
 
 (commun
   (fichier "g.csv" "station;altitude;nom\n1000;52;A\n1040;52;\n1100;53;B\n1160;53;\n1200;52;C\n")
@@ -179,3 +182,79 @@
 (refuse (plv-sommets-remplacer p "Voirie" '("1000;50" "1100;x") "collé") "collé, ligne 2 illisible")
 (refuse (plv-sommets-remplacer p "Voirie" '("1000;50" "1100;51" "1050;50") "collé") "les stations vont en croissant")
 ((equal (ligne "Voirie") avant) T)
+
+;; --- PLV-TIRER: slopes of 2 %, -1 % and 2 % meet at 1050;51 and 1150;50
+
+(commun
+  (preparer
+    (defun places (/ suites) (arrondis (mapcar '(lambda (s) (plv-premiers s 2)) (apply 'append (plv-lire-ligne p "Voirie")))))
+    (defun tirer (reponses) (dialoguer '(lambda () (plv-tirer p "Voirie")) reponses))))
+
+(situation "AVertexIsDraggedInSeveralWays")
+(preparer (tracer) (setq plv-scene:pas-pente 0.0 plv-scene:profondeurs nil) (command "ZOOM" "C" "600,350" "20"))
+(tableau (facon d z attendu)
+  ("Libre" 60.02 51.3 ("60.000" "51.300")) ("Vertical" 60.0 51.3 ("50.000" "51.300")) ("Horizontal" 60.0 51.3 ("60.000" "51.000"))
+  ("Entree" 60.0 53.0 ("60.000" "51.200")) ("SO" 60.0 53.0 ("60.000" "50.900")))
+(passe (tirer (list "2" facon (sur d z) "")))
+((equal (places) (list '("0.000" "50.000") 'attendu '("150.000" "50.000") '("200.000" "51.000"))) T)
+
+(situation "NumbersAreTypedWhileItIsDragged")
+(preparer (tracer))
+(tableau (reponses attendu)
+  (("S1060 Z51.3") ("60.000" "51.300")) (("V" "P1.5") ("50.000" "50.667")) (("H" "S1040") ("40.000" "51.000"))
+  (("@40;1.5%") ("40.000" "50.600")) (("V" "1%") ("50.000" "50.500"))
+  ;; 2 % from 50 is 1.2 under the ground of 52 after 40 m
+  (("E" "P1.2") ("40.000" "50.800")))
+(passe (tirer (append '("2") 'reponses '(""))))
+((equal (cadr (places)) 'attendu) T)
+
+;; In parallel the stations stay; sliding, the ends go along the slopes outside: up by 0.25 the run of -1 % meets 2 % a third of 25 m further out.
+(situation "ARunIsDraggedInParallelOrAlongItsNeighbours")
+(preparer (tracer))
+(passe (tirer (list "2-3" (sur 100.0 50.75) "")))
+((places) (("0.000" "50.000") ("50.000" "51.250") ("150.000" "50.250") ("200.000" "51.000")))
+(passe (tirer (list "2-3" (sur 100.0 50.5) "" )))
+(passe (tirer (list "2-3" "Glisser" (sur 100.0 50.75) "")))
+((places) (("0.000" "50.000") ("58.333" "51.167") ("158.333" "50.167") ("200.000" "51.000")))
+(passe (tirer (list "1-4" (sur 100.0 50.5) "")))
+((places) (("0.000" "49.750") ("58.333" "50.917") ("158.333" "49.917") ("200.000" "50.750")))
+
+;; The crown of a circle of 500 between 2 % and -1 % is 0.0562 under the vertex; through a point lower by as much its radius doubles. Lengths stay
+;; lengths: the parabola of 20 m is 0.075 over its vertex, of 40 m 0.15.
+(situation "ACurveIsDraggedAndKeepsItsMeasure")
+(preparer (tracer))
+(passe (tirer (list "C2" (sur 50.0 (- 51.0 (* 2.0 (- 51.0 (plv-altitude-projet p (plv-elements-situes p "Voirie") (plv-plans p) 50.0))))) "")))
+((mapcar '(lambda (t) (plv-reel (atof t) 1)) (cdr (valeurs "Rayon"))) ("1000.0" "666.7" "0.0"))
+(passe (tirer (list "C3" (sur 150.0 50.15) "")))
+((cddr (valeurs "Raccordement")) ("40.000" ""))
+((mapcar '(lambda (s) (plv-demande-mesure (plv-demande-de s))) (cdr (reverse (cdr (car (plv-lire-ligne p "Voirie")))))) ("L" "R"))
+(passe (tirer '("2" "C300P" "")))
+((valeurs "Forme") ("" "P" "P" ""))
+
+(situation "WhatIsSeenWhileItIsDragged")
+(preparer (tracer) (command "ZOOM" "C" "600,350" "200")
+  (setq plv-scene:pas-pente 0.0 plv-scene:profondeurs nil scene (plv-scene p) suites (plv-lire-ligne p "Voirie") prise (plv-prise-nommee suites (plv-prises suites) "2"))
+  (defun vu (d z) (plv-tirer:apercu scene suites (plv-tirer:essai scene suites prise "Libre" nil (sur d z)) prise))
+  (defun couleurs (traits) (vl-remove-if-not 'numberp traits)))
+((vl-position "rayon 500.00, longueur 14.998 (rayon gardé)" (cadr (vu 50.0 51.0))) nil)
+((plv-dernier (cadr (vu 50.0 51.0))) "profondeur de 1.00 à 1200.00, à 2.93 à 1146.67")
+((couleurs (car (vu 50.0 51.0))) (5))
+;; at 141 the curve of 500 goes 500 tan((a1 + a2) / 2) cos a2 = 29.29 m to the right and that of 20 m 10 m to the left, of 9 m: both are red
+((couleurs (car (vu 141.0 51.0))) (5 1 1))
+((car (cadr (vu 141.0 51.0))) "raccordements de trop: 30.29 m entre 141.00 et 150.00")
+((car (cadr (vu 160.0 51.0))) "un sommet a passé son voisin")
+
+(situation "ARefusedDragLeavesTheLineInTheHand")
+(preparer (tracer) (setq avant (places)))
+(tape ("PLV-TIRER" "Voirie" "9" "2" "S1149 Z51" "zut" "S1160 Z51" "" "")
+  "Illisible: 9; attendu: un clic, 3 pour un sommet, 3-5 pour plusieurs, C3 pour un raccordement."
+  "Refusé: les raccordements se chevauchent" "Illisible: zut" "Refusé: les stations vont en croissant")
+((equal (places) avant) T)
+(passe (plv-ligne-editer p "Voirie" '(lambda (suites sol) (plv-ligne-verrouiller suites 2 "Sortie"))))
+(tape ("PLV-TIRER" "Voirie" "3" "V" "Z50.5" "" "2" "S1060" "") "Refusé: la pente de sortie du sommet 2 est verrouillée" "(SOrtie)")
+((cadr (places)) ("60.000" "50.900"))
+
+(situation "VerticesAreInsertedAndTakenAwayByHand")
+(preparer (tracer))
+(tape ("PLV-TIRER" "Voirie" "I" "1100;50.2" "S" "2" "U2" "") "Illisible: U2")
+((places) (("0.000" "50.000") ("100.000" "50.200") ("150.000" "50.000") ("200.000" "51.000")))
