@@ -1,15 +1,8 @@
-;
-;
-The front - end
-    : loads the files of its rooms in order.Whoever loads this file puts its folder on the search path first.;
-;
-Files only define functions and tables;
-nothing is drawn and nothing is asked by loading.
+;; The front-end: loads the files of its rooms in order. Whoever loads this file puts its folder on the search path first.
+;; Files only define functions and tables; nothing is drawn and nothing is asked by loading.
 
-    ;
-;
-For each room its folder, the rooms that its functions may call, and its files in the order of loading.;
-; outils/verifier-frontal.py reads this list and holds the files to it.
+;; For each room its folder, the rooms that its functions may call, and its files in the order of loading.
+;; outils/verifier-frontal.py reads this list and holds the files to it.
 (setq plv-salles
   '((base ()
      plv-outils plv-lignes plv-questions plv-points plv-enregistrements plv-dessin)

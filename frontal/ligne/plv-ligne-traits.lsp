@@ -1,5 +1,4 @@
-;
-; A line as it would be drawn, while it isn't: vectors for the screen only.
+;; A line as it would be drawn, while it isn't: vectors for the screen only.
 
 (defun plv-suite-en-points (suite raccords)
   "The points (distance altitude) of a run with its vertical curves, which are as plv-raccords gives them."

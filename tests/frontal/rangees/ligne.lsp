@@ -1,8 +1,5 @@
-;
-;
-A project line with the mouse, its vertices in lists and in the table,
-    on level ground at 52 over 200 m from station 1000, with a second;
-; plane at 120 m, drawn from (500, 300) at ten times.
+;; A project line with the mouse, its vertices in lists and in the table, on level ground at 52 over 200 m from station 1000, with a second
+;; plane at 120 m, drawn from (500, 300) at ten times.
 
 (commun
   (fichier "g.csv" "station;altitude;nom\n1000;52;A\n1040;52;\n1100;53;B\n1160;53;\n1200;52;C\n")
