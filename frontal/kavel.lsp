@@ -10,7 +10,7 @@
      plv-vraisemblance plv-terrain)
     (profil (base)
      plv-genres plv-plans plv-cadre plv-terrain-profil plv-profil plv-profils plv-appartenance plv-chaines plv-reparer
-     plv-reparer-contenu plv-faits plv-habillage plv-terrain-dessine plv-rappels plv-terrains
+     plv-reparer-contenu plv-faits plv-habillage plv-sol plv-terrain-dessine plv-rappels plv-terrains
      plv-elements plv-cotes-mains plv-cotes-posees plv-pentes plv-statiques plv-blocs)
     (fiches (base profil)
      plv-fiches plv-fiches-images)
@@ -21,7 +21,11 @@
     (changements (base profil fiches portes)
      plv-pc plv-changer-terrain plv-leve plv-pc-fiche plv-leve-fiche)
     (projet (base profil portes)
-     plv-raccords plv-parties plv-trace plv-sommets plv-projet plv-associer)
+     plv-raccords plv-parties plv-trace plv-sommets plv-projet-texte plv-projet plv-associer)
+    (ligne (base profil portes projet)
+     plv-ligne plv-ligne-traits plv-rangees plv-corriger plv-parties-de-ligne plv-sommets-table plv-sommets-questions)
+    (souris (base profil portes projet ligne)
+     plv-suivre plv-scene plv-frappe plv-dessiner plv-prises plv-geste plv-tirer-vue plv-tirer)
     (tableaux (base profil fiches plan)
      plv-types plv-definitions plv-modeles plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet
      plv-remplissage-terrains plv-remplissage-plan plv-devers plv-remplissage-blocs plv-cases plv-matrices plv-ligne-seule plv-devers-fiche plv-matrices-fiche)
@@ -37,7 +41,7 @@
      plv-optimal-souhait plv-variantes plv-optimal-sommets plv-optimal-cout plv-optimal-questions plv-optimal-fiche plv-variantes-fiche)
     (echange (base terrain profil fiches plan projet)
      plv-landxml plv-landxml-projet plv-landxml-terrain plv-export plv-export-fiche)
-    (saisie (base profil projet echange)
+    (saisie (base profil projet souris echange)
      plv-nouveau plv-projet-fichier plv-projet-questions)
     (mnt (base profil fiches plan changements tableaux echange saisie)
      plv-mnt-systeme plv-mnt-demande plv-mnt-coupe plv-mnt-profil plv-mnt-plusieurs plv-mnt-observations plv-mnt-actualiser plv-mnt-controle plv-mnt-voir plv-mnt-autres
@@ -48,8 +52,8 @@
      plv-encarts plv-feuilles)
     (suivi (base profil plan tableaux cotes metres echange page feuilles)
      plv-sources plv-choses plv-etat plv-refaire plv-mains plv-actualiser plv-sortie)
-    (controle (base profil tableaux echange suivi)
-     plv-rapport plv-audit plv-bureau plv-survol)))
+    (controle (base profil tableaux ligne souris echange suivi)
+     plv-rapport plv-audit plv-bureau plv-bureau-ligne plv-survol)))
 
 (foreach salle plv-salles
   (foreach fichier (cddr salle)
