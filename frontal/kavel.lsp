@@ -44,6 +44,8 @@
      plv-encarts plv-feuilles)
     (suivi (base profil plan tableaux cotes metres echange feuilles)
      plv-sources plv-choses plv-etat plv-refaire plv-mains plv-actualiser plv-sortie)
+    (styles (base profil tableaux metres suivi)
+     plv-style-fichier plv-style plv-fond plv-boites plv-libelles plv-libelles-poser plv-legende-lignes plv-cadres plv-presentation)
     (controle (base profil tableaux echange suivi)
      plv-rapport plv-audit plv-bureau plv-survol)))
 

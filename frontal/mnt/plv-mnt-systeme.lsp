@@ -2,13 +2,9 @@
 
 (setq plv-mnt:cle-systeme "PLV_SYSTEME" plv-mnt:proposes 3)
 
-(defun plv-mnt-systeme (/ trouve)
-  "The code, as \"EPSG:2154\"; nil when it isn't known."
-  (if (setq trouve (dictsearch (namedobjdict) plv-mnt:cle-systeme)) (cdr (assoc 1 trouve))))
+(defun plv-mnt-systeme () "The code, as \"EPSG:2154\"; nil when it isn't known." (plv-cle 1 (plv-enregistrement-du-dessin plv-mnt:cle-systeme)))
 
-(defun plv-mnt-ecrire-systeme (code)
-  (dictremove (namedobjdict) plv-mnt:cle-systeme)
-  (dictadd (namedobjdict) plv-mnt:cle-systeme (entmakex (list '(0 . "XRECORD") '(100 . "AcDbXrecord") '(280 . 1) (cons 1 code)))))
+(defun plv-mnt-ecrire-systeme (code) (plv-ecrire-enregistrement-du-dessin plv-mnt:cle-systeme (list (cons 1 code))))
 
 (defun plv-mnt:code (texte)
   "2154 and EPSG:2154 are the same."
