@@ -76,9 +76,9 @@
 
 ;; --- axes of inner planes: their altitudes on the side where more of them are free
 
-(defun plv-fond:etiquette (profil x g cote / h largeur)
-  "(box x justification altitude) of a graduation, cote -1 left of the axis, 1 right of it."
-  (setq h (plv-petit profil) largeur (plv-largeur-texte (cdr g) h)
+(defun plv-fond:etiquette (profil h x g cote / largeur)
+  "(box x justification altitude) of a graduation at a height of texts, cote -1 left of the axis, 1 right of it."
+  (setq largeur (plv-largeur-texte (cdr g) h)
         x (+ x (* cote 0.8 (plv-ttxt profil))))
   (list (list (+ x (* cote 0.5 largeur)) (car g) (+ largeur (* 0.4 h)) (* 1.3 h) 0.0) x (if (< cote 0) 2 0) g))
 
@@ -90,15 +90,20 @@
   "The boxes of what is drawn."
   (setq x (+ (car (plv-origine profil)) (plv-plan-debut plan))
         graduations (plv-fond:graduations profil plan hauteur)
-        gauche (plv-fond:libres (mapcar '(lambda (g) (plv-fond:etiquette profil x g -1)) graduations) obstacles)
-        droite (plv-fond:libres (mapcar '(lambda (g) (plv-fond:etiquette profil x g 1)) graduations) obstacles))
+        gauche (plv-fond:libres (mapcar '(lambda (g) (plv-fond:etiquette profil (plv-petit profil) x g -1)) graduations) obstacles)
+        droite (plv-fond:libres (mapcar '(lambda (g) (plv-fond:etiquette profil (plv-petit profil) x g 1)) graduations) obstacles))
   (foreach e (if (< (length gauche) (length droite)) droite gauche)
     (plv-texte "PLV-AXE" (plv-point (cadr e) (- (car (cadddr e)) (* 0.5 (plv-petit profil)))) (plv-petit profil) (cdr (cadddr e)) (caddr e) 0.0))
   (mapcar 'car (if (< (length gauche) (length droite)) droite gauche)))
 
+(defun plv-fond:premier-axe (profil hauteur)
+  "The boxes of the altitudes that the dressing has written at the first axis."
+  (mapcar '(lambda (g) (car (plv-fond:etiquette profil (* 0.8 (plv-ttxt profil)) (car (plv-origine profil)) g -1)))
+    (plv-fond:graduations profil (car (plv-plans profil)) hauteur)))
+
 (defun plv-fond-axes (profil obstacles / hauteur boites)
-  "Draws the altitudes of inner axes clear of obstacles; their boxes."
-  (setq hauteur (plv-fond:hauteur profil))
+  "Draws the altitudes of inner axes clear of obstacles; the boxes of those of all axes."
+  (setq hauteur (plv-fond:hauteur profil) boites (plv-fond:premier-axe profil hauteur))
   (foreach plan (cdr (plv-plans profil))
     (setq boites (append (plv-fond:axe profil plan (append boites obstacles) hauteur) boites)))
   boites)
