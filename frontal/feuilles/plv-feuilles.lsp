@@ -127,10 +127,6 @@ where there are no points."
   "Without zeros after the point."
   (vl-string-right-trim "." (vl-string-right-trim "0" (plv-reel valeur 2))))
 
-(defun plv-feuilles:date (/ date)
-  (setq date (rtos (fix (getvar "CDATE")) 2 0))
-  (strcat (substr date 7 2) "/" (substr date 5 2) "/" (substr date 1 4)))
-
 (defun plv-feuilles:raccord (profil d suite)
   "What stands beside a match line: station, plane, and the sheet that goes on."
   (strcat "Station " (plv-reel (+ (plv-premiere-station profil) d) 2) "  -  PC "
@@ -138,22 +134,25 @@ where there are no points."
 
 (defun plv-feuilles:textes (profil echelle titre debut fin rang / origine longueur)
   (setq origine (plv-premiere-station profil) longueur (plv-longueur-profil profil))
-  (list (cons "<TITRE>" titre) (cons "<PROFIL>" (plv-numero-profil profil)) (cons "<FEUILLE>" (itoa rang))
+  (append (plv-cartouche-marques)
+   (list (cons "<SIGNET>" (strcat "Feuille " (itoa rang) " - profil " (plv-numero-profil profil) ", "
+                            (plv-reel (+ origine (cond (debut) (0.0))) 2) " à " (plv-reel (+ origine (cond (fin) (longueur))) 2)))
+         (cons "<TITRE>" titre) (cons "<PROFIL>" (plv-numero-profil profil)) (cons "<FEUILLE>" (itoa rang))
         (cons "<ECHELLE_H>" (strcat "1:" (plv-feuilles:nombre echelle)))
         (cons "<ECHELLE_V>" (strcat "1:" (plv-feuilles:nombre (/ echelle (plv-echv profil)))))
         (cons "<STATIONS>" (strcat (plv-reel (+ origine (cond (debut) (0.0))) 2) " à " (plv-reel (+ origine (cond (fin) (longueur))) 2)))
-        (cons "<DATE>" (plv-feuilles:date)) (cons "<DESSIN>" (getvar "DWGNAME"))
+        (cons "<DATE>" (plv-date-du-jour)) (cons "<DESSIN>" (getvar "DWGNAME"))
         (cons "<RACCORD_GAUCHE>" (if debut (plv-feuilles:raccord profil debut (1- rang)) ""))
-        (cons "<RACCORD_DROITE>" (if fin (plv-feuilles:raccord profil fin (1+ rang)) ""))))
+        (cons "<RACCORD_DROITE>" (if fin (plv-feuilles:raccord profil fin (1+ rang)) "")))))
 
 ;; --- sheets
 
 (defun plv-feuilles:haut-mm (mesures echelle) (/ (* 1000.0 (- (plv-cle 'haut mesures) (plv-cle 'bas mesures))) echelle))
 
 (defun plv-feuilles:echelle (mesures place / trouve)
-  "The largest usual scale at which the heights of all profiles fit the room."
+  "The largest usual scale at which the heights of all profiles fit the room, with their plans."
   (foreach e (reverse plv-feuilles:echelles)
-    (if (vl-every '(lambda (m) (<= (plv-feuilles:haut-mm m e) (plv-place-hauteur place))) mesures) (setq trouve e)))
+    (if (vl-every '(lambda (m) (<= (+ (plv-bande-voulue m) (plv-feuilles:haut-mm m e)) (plv-place-hauteur place))) mesures) (setq trouve e)))
   (cond (trouve) ((plv-dernier plv-feuilles:echelles))))
 
 (defun plv-feuilles:refus (mesures echelle place coupures encarts)
@@ -168,7 +167,26 @@ where there are no points."
      (strcat "profil " (plv-numero-profil (plv-cle 'profil mesures)) ": ses légendes ne tiennent pas sur la feuille à l'échelle 1:"
              (plv-feuilles:nombre echelle)))))
 
-(defun plv-feuilles:de-profil (mesures echelle place titre rang / largeur hauteur coupures encarts faute feuilles bouts)
+(defun plv-feuilles:bande-plan (mesures echelle place encarts / occupe hauteur)
+  "The height of the plans of a profile's sheets, nil for none; told where there is an axis in plan but no room."
+  (setq occupe (apply 'max (cons (plv-feuilles:haut-mm mesures echelle)
+                             (mapcar '(lambda (e) (/ (* 1000.0 (- (plv-cle 'haut mesures) (+ (cadr e) (nth 5 e)))) echelle)) encarts)))
+        hauteur (plv-bande-hauteur mesures (plv-place-hauteur place) occupe))
+  (if (and (not hauteur) (plv-bande-segments mesures))
+    (plv-dire (strcat "Profil " (plv-numero-profil (plv-cle 'profil mesures)) ": pas de place pour le plan au-dessus du profil au 1:"
+                      (plv-feuilles:nombre echelle) ".")))
+  hauteur)
+
+(defun plv-feuilles:une (mesures echelle place titre rang debut fin encarts bande)
+  "The sheet between two cuts."
+  (append
+    (list echelle (plv-feuilles:vues mesures debut fin) (plv-feuilles:textes (plv-cle 'profil mesures) echelle titre debut fin rang)
+          (if fin nil encarts) (if debut (plv-encarts-axe mesures debut)))
+    (if bande
+      (list (plv-bande-plan mesures echelle bande debut fin)
+            (plv-bande-dessins mesures echelle (plv-place-largeur place) (plv-place-hauteur place) bande debut fin)))))
+
+(defun plv-feuilles:de-profil (mesures echelle place titre rang / largeur hauteur coupures encarts faute feuilles bouts bande)
   "The sheets of one profile, numbered from rang; nil after a message."
   (setq largeur (* 0.001 echelle (plv-place-largeur place))
         hauteur (* 0.001 echelle (plv-place-hauteur place))
@@ -178,14 +196,9 @@ where there are no points."
   (if faute
     (plv-erreur faute)
     (progn
-      (setq bouts (append '(nil) coupures '(nil)))
+      (setq bouts (append '(nil) coupures '(nil)) bande (plv-feuilles:bande-plan mesures echelle place encarts))
       (while (cdr bouts)
-        (setq feuilles (cons (list echelle (plv-feuilles:vues mesures (car bouts) (cadr bouts))
-                                   (plv-feuilles:textes (plv-cle 'profil mesures) echelle titre (car bouts) (cadr bouts)
-                                     (+ rang (length feuilles)))
-                                   (if (cadr bouts) nil encarts)
-                                   (if (car bouts) (plv-encarts-axe mesures (car bouts))))
-                             feuilles)
+        (setq feuilles (cons (plv-feuilles:une mesures echelle place titre (+ rang (length feuilles)) (car bouts) (cadr bouts) encarts bande) feuilles)
               bouts (cdr bouts)))
       (reverse feuilles))))
 
@@ -208,11 +221,13 @@ where there are no points."
 (defun plv-place-largeur (place) (car place))
 (defun plv-place-hauteur (place) (cadr place))
 
+(setq plv-feuilles:formats '("A4" "A2" "A1" "A0" "R297" "R420" "R594" "R841"))
+
 (defun plv-feuilles:modele (nom)
-  "The template of a format, A4 to A0; any other name is a file's."
+  "The template of a format, A4 to A0 or a roll of such a height; any other name is a file's."
   (cond
     ((= (strcase nom) "A3") "cartouche.dxf")
-    ((member (strcase nom) '("A4" "A2" "A1" "A0")) (strcat "cartouche-" (strcase nom T) ".dxf"))
+    ((member (strcase nom) plv-feuilles:formats) (strcat "cartouche-" (strcase nom T) ".dxf"))
     (T nom)))
 
 (defun plv-feuilles:place (modele / lu)
@@ -236,6 +251,11 @@ where there are no points."
 
 ;; --- the call and the command
 
+(defun plv-feuilles:infos (titre profils)
+  "What readers of the file are told."
+  (list (cons "titre" titre) (cons "auteur" (plv-cartouche-texte "Auteur"))
+        (cons "sujet" (strcat "Profils en long " (plv-joindre (mapcar 'plv-numero-profil profils) ", ")))))
+
 (defun plv-feuilles (profils modele echelle titre fichier / place mesures feuilles resultat)
   "Plots profiles on sheets of a template; nil for the scale takes the largest that fits. The number of sheets, or nil after a
 message."
@@ -246,7 +266,7 @@ message."
                  echelle (cond (echelle) ((plv-feuilles:echelle mesures place))))
            (setq feuilles (plv-feuilles:toutes mesures echelle place titre)))
     (progn
-      (setq resultat (vl-catch-all-apply 'tracer-feuilles (list fichier modele feuilles)))
+      (setq resultat (vl-catch-all-apply 'tracer-feuilles (list fichier modele feuilles (plv-feuilles:infos titre profils))))
       (if (vl-catch-all-error-p resultat)
         (plv-erreur (vl-catch-all-error-message resultat))
         (progn

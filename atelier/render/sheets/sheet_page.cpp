@@ -33,7 +33,7 @@ Dashes dashDot() { return std::make_shared<const std::vector<double>>(std::vecto
 
 }  // namespace
 
-SheetPage::SheetPage(PdfFile& pdf, const Template& model) : pdf_(pdf), model_(model) {
+SheetPage::SheetPage(PdfFile& pdf, const Template& model, Inks inks) : pdf_(pdf), model_(model), inks_(inks) {
   pdf_.beginPage(model_.sheet.width(), model_.sheet.height());
 }
 
@@ -47,6 +47,7 @@ void SheetPage::show(const WholeScene& scene, const Affine& toPage, const Box& w
   options.embedFonts = true;
   options.most = PdfFile::kMostPaths;
   options.step = checkInterruption;
+  options.inks = inks_;
   Painting painting(pdf_.context(), options);
   scene.each([&](const Primitive& item) { painting.item(item); });
 }
@@ -68,8 +69,7 @@ SheetPage::Row SheetPage::rowOf(const Sheet& sheet) {
 }
 
 // The page millimetres of the row's top left corner.
-Pt SheetPage::corner(const Row& row, double perUnit) const {
-  const Box room = fonts::rectangle(model_.room).bounds(paper());
+Pt SheetPage::corner(const Row& row, double perUnit, const Box& room) const {
   const double width = perUnit * row.whole.width(), height = perUnit * row.whole.height();
   if (width > room.width() + kSlackMm || height > room.height() + kSlackMm)
     throw PlotError("la vue mesure " + millimetres(width) + " x " + millimetres(height) + " mm, le modèle " +
@@ -81,7 +81,7 @@ void SheetPage::views(const WholeScene& drawing, const Sheet& sheet) const {
   if (sheet.views.empty()) throw PlotError("feuille sans vue");
   const double perUnit = 1000 / sheet.scale;
   const Row row = rowOf(sheet);
-  const Pt at = corner(row, perUnit);
+  const Pt at = corner(row, perUnit, beneath(room(), sheet.plan));
   Affine toPage;
   for (std::size_t i = 0; i < sheet.views.size(); ++i) {
     const SheetView& view = sheet.views[i];
@@ -97,6 +97,7 @@ void SheetPage::views(const WholeScene& drawing, const Sheet& sheet) const {
     show(drawing, displacedMap, seen);
   }
   if (sheet.graduation) graduation(*sheet.graduation, sheet.views.back().window.xMin, toPage);
+  if (sheet.plan) strip(drawing, *sheet.plan, perUnit, toPage({sheet.plan->abscissa, 0}).x);
 }
 
 // Dash-dotted and a little longer than given.

@@ -87,16 +87,20 @@ Template readTemplate(const std::string& file) {
 }
 
 std::vector<std::string> plotSheets(const AcDbDatabase& drawing, const Template& model,
-                                    const std::vector<Sheet>& sheets, const std::string& file) {
+                                    const std::vector<Sheet>& sheets, const std::string& file, const SetInfo& info) {
   if (sheets.empty()) throw PlotError("aucune feuille à tracer");
   const WholeScene scene(drawing);
   PdfFile pdf(file);
+  pdf.describe(info.title, info.author, info.subject);
   std::vector<std::string> warnings = scene.warnings();
   for (const Sheet& sheet : sheets) {
     OpenTemplate opened(model, sheet.texts);
     const WholeScene frame(opened.database);
-    const SheetPage page(pdf, model);
+    const SheetPage page(pdf, model, info.inks);
+    const auto bookmark = std::ranges::find(sheet.texts, kBookmark, &std::pair<std::string, std::string>::first);
+    pdf.bookmark(bookmark == sheet.texts.end() ? info.title : bookmark->second);
     page.views(scene, sheet);
+    page.items(sheet.items);
     page.show(frame, page.paper(), fonts::rectangle(model.sheet).bounds(page.paper()));
     for (const std::string& warning : frame.warnings())
       if (std::ranges::find(warnings, warning) == warnings.end()) warnings.push_back(warning);

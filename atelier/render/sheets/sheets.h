@@ -38,6 +38,33 @@ struct Graduation {
   std::vector<std::pair<double, std::string>> marks;  // y and label, UTF-8
 };
 
+// A part of the drawing above the profile, turned so that a direction of the drawing lies along the sheet.
+struct PlanStrip {
+  struct Label {
+    Pt at;  // of its middle, drawing units
+    std::string text;
+  };
+  struct Line {
+    Pt from, to;       // drawing units
+    bool cut = false;  // a match line; else a thin one
+  };
+  double heightMm = 0;
+  Pt at;                                // this point of the drawing stands at the middle of the strip's height
+  double angle = 0;                     // the direction that runs to the right, radians
+  double abscissa = 0;                  // and above this abscissa of the last view, drawing units
+  std::vector<Line> lines;
+  std::vector<Label> labels;  // level on the sheet
+};
+
+// What is drawn on the sheet itself, in millimetres from the lower left corner of the room.
+struct PaperItem {
+  enum class Kind : unsigned char { line, text, area, blank } kind = Kind::line;
+  std::vector<Pt> points;
+  double size = 0;   // weight of a line, height of a text
+  int side = 0;      // of a text at its point: 0 left end, 1 middle, 2 right end
+  std::string text;  // UTF-8
+};
+
 struct Sheet {
   double scale = 1000;  // denominator; a drawing unit is a metre
   // Side by side from the left of the room; the same height of the drawing is everywhere at the same height of the paper.
@@ -45,6 +72,8 @@ struct Sheet {
   std::vector<SheetView> views;
   std::vector<Inset> insets;  // about the last view
   std::optional<Graduation> graduation;
+  std::optional<PlanStrip> plan;
+  std::vector<PaperItem> items;
   std::vector<std::pair<std::string, std::string>> texts;  // a mark and the text that replaces it, UTF-8
 };
 
@@ -57,9 +86,18 @@ struct Template {
 // Throws FileError when the file can't be read, PlotError when it lacks one of the two polylines.
 Template readTemplate(const std::string& file);
 
+// What a reader of the file is told; UTF-8.
+struct SetInfo {
+  std::string title, author, subject;
+  Inks inks = Inks::colours;
+};
+
+// A sheet is found in the reader's list by what its text for this mark says, else by the title.
+inline constexpr const char* kBookmark = "<SIGNET>";
+
 // Writes the sheets as the pages of a PDF, completely or not at all. Gives warnings, in French. Throws PlotError for no
 // sheets, a view without size, views that are larger than the room together, or a file that can't be written.
 std::vector<std::string> plotSheets(const AcDbDatabase& drawing, const Template& model,
-                                    const std::vector<Sheet>& sheets, const std::string& file);
+                                    const std::vector<Sheet>& sheets, const std::string& file, const SetInfo& info);
 
 }  // namespace atelier::render
