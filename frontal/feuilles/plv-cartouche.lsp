@@ -64,7 +64,7 @@
   (plv-cartouche-noter "REVISION"
     (plv-joindre
       (mapcar '(lambda (texte) (vl-string-translate ";" "," texte))
-        (list indice (plv-demander-texte "Date" (plv-date-du-jour)) (plv-demander-texte "Objet" nil) (plv-demander-texte "Établi par" (plv-cartouche-texte "Auteur"))))
+        (list indice (plv-demander-texte "Date" (plv-date-du-jour)) (plv-demander-texte "Objet" nil) (plv-demander-texte "Établi par" (if (= (plv-cartouche-texte "Auteur") "") nil (plv-cartouche-texte "Auteur")))))
       ";")))
 
 (defun c:plv-cartouche (/ mot)

@@ -50,8 +50,10 @@ with the gap after them, top), recouvrement (what two sheets share on each side 
     (list (- (caar coins) x0) (- (caadr coins) x0))))
 
 (defun plv-feuilles:couches (mesures)
-  "The stretches where texts lie along the slopes, which a cut would tear."
-  (vl-remove nil (mapcar '(lambda (e) (plv-feuilles:couche e (plv-cle 'x0 mesures))) (plv-ajouts-tables (plv-cle 'profil mesures)))))
+  "The stretches where texts lie along the profile, in its tables and above it, which a cut would tear."
+  (vl-remove nil
+    (mapcar '(lambda (e) (plv-feuilles:couche e (plv-cle 'x0 mesures)))
+      (append (plv-ajouts-tables (plv-cle 'profil mesures)) (plv-entites-habillage (plv-cle 'profil mesures))))))
 
 (defun plv-feuilles:entier-p (d couches recouvrement)
   "T when a cut tears no text."

@@ -66,6 +66,8 @@ constexpr ActionRow kRows[] = {
     {"&Profil", "Ce &qui n'est pas à jour", nullptr, nullptr, "PLV-ETAT"},
     {"&Profil", "Mettre à jour sans demander avant de tracer", nullptr, nullptr, "@updateUnasked"},
     {"&Profil", nullptr, nullptr, nullptr, nullptr},
+    {"&Profil", "St&yle du dessin", nullptr, nullptr, "PLV-STYLE"},
+    {"&Profil", "Cartouche des feuilles", nullptr, nullptr, "PLV-CARTOUCHE"},
     {"&Profil", "&Feuilles en PDF", nullptr, "tracer", "PLV-FEUILLES"},
     {"&Profil", "&Exporter", nullptr, nullptr, "PLV-EXPORT"},
     {"&Profil", nullptr, nullptr, nullptr, nullptr},
