@@ -9,7 +9,7 @@
 
 ;; Layers of what a style adds, which are made when it is drawn.
 (setq plv-calques-styles
-  '(("PLV-GRILLE" 254 13) ("PLV-SOL" 34 0) ("PLV-LIBELLES" 7 13) ("PLV-CADRES" 7 25) ("PLV-ZEBRES" 154 0)))
+  '(("PLV-GRILLE" 8 13) ("PLV-SOL" 34 0) ("PLV-LIBELLES" 7 13) ("PLV-CADRES" 7 25) ("PLV-ZEBRES" 154 0)))
 
 ;; Variants of a line stand on layers of their own, which are made when one is drawn.
 (setq plv-calques-variantes

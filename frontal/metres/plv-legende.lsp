@@ -179,6 +179,7 @@ nil after a message."
   (setq reference (plv-inserer plv-legende:calque nom point))
   (plv-ecrire-cles reference (list (list plv-legende:cle-profil profil) (list plv-legende:cle-genre genre)))
   (plv-noter-fait profil "LEGENDE" genre nil nil)
+  (plv-rehausser-titre profil)
   reference)
 
 (defun c:plv-legende (/ profil genre)

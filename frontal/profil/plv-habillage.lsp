@@ -103,7 +103,7 @@
     (plv-plans profil)))
 
 (defun plv-rehausser-titre (profil / titre)
-  "The dressing anew where dimensions have grown into the title, and where the labels of a style keep clear of them."
+  "The dressing anew where dimensions have grown into the title, and where the labels of a style keep clear of what was drawn."
   (setq titre (plv-cle 10 (plv-attribut-profil profil "TITRE")))
   (if (and titre (plv-entites-habillage profil)
            (or (plv-rangees-de-style)

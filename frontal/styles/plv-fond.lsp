@@ -12,12 +12,17 @@
 (defun plv-fond:graduations (profil plan hauteur)
   (plv-graduations hauteur (plv-ttxt profil) (plv-echv profil) plan (cadr (plv-origine profil))))
 
-;; --- the grid
+;; --- the grid: its lines may come over texts, which stay readable since the lines are nearly transparent
+
+(setq plv-fond:opacite 33554502)  ; 70 of 255
+
+(defun plv-fond:ligne (x1 y1 x2 y2)
+  (entmakex (list '(0 . "LINE") (cons 8 (plv-calque "PLV-GRILLE")) (cons 440 plv-fond:opacite) (cons 10 (plv-point x1 y1)) (cons 11 (plv-point x2 y2)))))
 
 (defun plv-fond:altitudes (profil section hauteur / x0)
   (setq x0 (car (plv-origine profil)))
   (foreach g (plv-fond:graduations profil section hauteur)
-    (plv-ligne "PLV-GRILLE" (plv-point (+ x0 (plv-plan-debut section)) (car g)) (plv-point (+ x0 (plv-section-fin section)) (car g)))))
+    (plv-fond:ligne (+ x0 (plv-plan-debut section)) (car g) (+ x0 (plv-section-fin section)) (car g))))
 
 (defun plv-fond:pas-stations (mm)
   (cond ((car (vl-member-if '(lambda (p) (>= p (plv-mm mm))) plv-fond:pas))) ((plv-dernier plv-fond:pas))))
@@ -33,7 +38,7 @@
   "A line upwards, a tick on the plane, and the station beneath where no plane's name stands; noms: those."
   (setq p (plv-origine profil) texte (plv-reel (+ (plv-premiere-station profil) d) 0)
         demi (* 0.5 (plv-largeur-texte texte (plv-petit profil))))
-  (plv-ligne "PLV-GRILLE" (plv-point (+ (car p) d) (cadr p)) (plv-point (+ (car p) d) (+ (cadr p) hauteur)))
+  (plv-fond:ligne (+ (car p) d) (cadr p) (+ (car p) d) (+ (cadr p) hauteur))
   (plv-ligne "PLV-AXE" (plv-point (+ (car p) d) (cadr p)) (plv-point (+ (car p) d) (- (cadr p) (* 0.4 (plv-ttxt profil)))))
   (if (not (vl-some '(lambda (nom) (and (> (+ d demi) (- (plv-debut nom) demi)) (< (- d demi) (plv-fin nom)))) noms))
     (plv-texte "PLV-AXE" (plv-point (+ (car p) d) (- (cadr p) (* 1.5 (plv-ttxt profil)))) (plv-petit profil) texte 1 0.0)))

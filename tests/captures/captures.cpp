@@ -10,9 +10,8 @@
 #include "atelier/desktop/forms/forms.h"
 #include "atelier/desktop/window/driver.h"
 #include "atelier/desktop/window/theme.h"
-#include "atelier/plugin/published.h"
 #include "atelier/render/sheets/plot_builtins.h"
-#include "module/commande/porte/entree.h"
+#include "programs/applications.h"
 
 namespace {
 
@@ -78,9 +77,7 @@ int main(int argc, char** argv) {
   const QStringList arguments = QApplication::arguments();
   if (arguments.size() < 2) qFatal("kavel-captures FOLDER [sombre]");
   QDir().mkpath(arguments[1]);
-  atelier::registerApplication([](int message, void* id) {
-    return static_cast<int>(acrxEntryPoint(static_cast<AcRx::AppMsgCode>(message), id));
-  });
+  kavel::registerApplications();
   atelier::render::providePlots();
   const bool dark = arguments.value(2) == "sombre";
   if (dark) QSettings().setValue("fond", "#202124");
