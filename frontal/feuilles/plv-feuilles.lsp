@@ -1,7 +1,8 @@
-;; PLV-FEUILLES: profiles on sheets with the frame and the title block of a template drawing, all in one PDF.
+;; Profiles on sheets with the frame and the title block of a template drawing.
 ;; A profile that is longer than the sheet is cut at stations; the sheets that follow show the titles of its tables again.
 ;; A sheet is (scale (view ...) ((mark . text) ...) (inset ...) axis), a view (x1 y1 x2 y2 (x y1 y2) ...) in drawing units, its
 ;; match lines last; see tracer-feuilles.
+;; Shared in the room: plv-feuilles:*
 
 (setq plv-feuilles:echelles '(50.0 100.0 200.0 250.0 500.0 1000.0 2000.0 2500.0 5000.0 10000.0 20000.0))
 
@@ -12,6 +13,8 @@
   (vl-remove-if-not 'plv-existe
     (append
       (list profil)
+      (plv-entites-plans profil)
+      (apply 'append (mapcar 'plv-lignes-du-plan (plv-entites-plans profil)))
       (plv-entites-habillage profil)
       (plv-ajouts-tables profil)
       (apply 'append (mapcar '(lambda (genre) (plv-elements profil genre)) (plv-genres)))
@@ -236,56 +239,3 @@ where there are no points."
   "The room of a template; nil after a message."
   (setq lu (vl-catch-all-apply 'modele-feuille (list modele)))
   (if (vl-catch-all-error-p lu) (plv-erreur (vl-catch-all-error-message lu)) (cadr lu)))
-
-;; --- the size of texts on paper
-
-(setq plv-feuilles:petit 1.8 plv-feuilles:grand 7.0 plv-feuilles:lisible 2.5)
-
-(defun plv-feuilles:textes-papier (mesures echelle / h)
-  "Says which profiles have texts that are too small or too large on paper, and what height would be right."
-  (foreach m mesures
-    (setq h (/ (* 1000.0 (plv-ttxt (plv-cle 'profil m))) echelle))
-    (if (or (< h plv-feuilles:petit) (> h plv-feuilles:grand))
-      (plv-dire
-        (strcat "attention: profil " (plv-numero-profil (plv-cle 'profil m)) ", les textes ont " (plv-reel h 2)
-                " mm sur le papier au 1:" (plv-feuilles:nombre echelle) "; une hauteur de texte de "
-                (plv-reel (* 0.001 echelle plv-feuilles:lisible) 2) " en ferait " (plv-reel plv-feuilles:lisible 1) " mm.")))))
-
-;; --- the call and the command
-
-(defun plv-feuilles:infos (titre profils)
-  "What readers of the file are told."
-  (list (cons "titre" titre) (cons "auteur" (plv-cartouche-texte "Auteur"))
-        (cons "sujet" (strcat "Profils en long " (plv-joindre (mapcar 'plv-numero-profil profils) ", ")))))
-
-(defun plv-feuilles (profils modele echelle titre fichier / place mesures feuilles resultat)
-  "Plots profiles on sheets of a template; nil for the scale takes the largest that fits. The number of sheets, or nil after a
-message."
-  (setq modele (plv-feuilles:modele modele))
-  (if (and (vl-every 'plv-profil-sain profils)
-           (setq place (plv-feuilles:place modele))
-           (setq mesures (mapcar 'plv-feuilles:mesurer profils)
-                 echelle (cond (echelle) ((plv-feuilles:echelle mesures place))))
-           (setq feuilles (plv-feuilles:toutes mesures echelle place titre)))
-    (progn
-      (setq resultat (vl-catch-all-apply 'tracer-feuilles (list fichier modele feuilles (plv-feuilles:infos titre profils))))
-      (if (vl-catch-all-error-p resultat)
-        (plv-erreur (vl-catch-all-error-message resultat))
-        (progn
-          (plv-dire (strcat fichier ": " (itoa (length feuilles)) (if (cdr feuilles) " feuilles" " feuille") " au 1:"
-                            (plv-feuilles:nombre echelle) "."))
-          (plv-feuilles:textes-papier mesures echelle)
-          (foreach p profils (plv-noter-fait p "FEUILLES" (strcat "PDF " fichier) nil (list modele (rtos echelle 2 8) titre)))
-          (length feuilles))))))
-
-(defun c:plv-feuilles (/ profils modele place echelle titre)
-  "Fait le dossier de plans: les profils sur des feuilles, en un PDF."
-  (if (setq profils (plv-demander-profils)) (plv-avant-sortie profils))
-  (if (and profils
-           (setq modele (plv-feuilles:modele (plv-demander-texte "Dessin modèle" "cartouche.dxf")))
-           (setq place (plv-feuilles:place modele)))
-    (progn
-      (setq echelle (plv-demander-reel "Dénominateur de l'échelle" (plv-feuilles:echelle (mapcar 'plv-feuilles:mesurer profils) place))
-            titre (plv-demander-texte "Titre de l'affaire" (plv-nom-dessin)))
-      (plv-feuilles profils modele echelle titre (plv-demander-texte "Fichier PDF" "feuilles.pdf"))))
-  (princ))

@@ -175,15 +175,33 @@ Value roomOfTemplate(Interpreter& in, Arguments arguments) {
   }
 }
 
-Value plotSheetSet(Interpreter& in, Arguments arguments) {
-  const std::string file(lisp::stringArgument(in, arguments[0])), path = foundPath(in, arguments[1]);
+// From the template's place among the arguments on: template, sheets and what readers are told. Throws Error.
+SheetSet setOf(Interpreter& in, Arguments arguments, std::size_t first) {
+  const std::string path = foundPath(in, arguments[first]);
   std::vector<Sheet> sheets;
-  for (const Value item : Items(lisp::listArgument(in, arguments[2]))) sheets.push_back(sheetOf(in, item));
+  for (const Value item : Items(lisp::listArgument(in, arguments[first + 1]))) sheets.push_back(sheetOf(in, item));
+  return {Document::needed().database(), readTemplate(path), std::move(sheets),
+          infoOf(in, lisp::optional(arguments, first + 2))};
+}
+
+Value showSheetSet(Interpreter& in, Arguments arguments) {
+  if (!sheetPreview()) return lisp::nil;
+  try {
+    SheetSet sheets = setOf(in, arguments, 0);
+    sheetPreview()(sheets);
+  } catch (const Error& error) {
+    in.fail(error.what());
+  }
+  return in.t();
+}
+
+Value plotSheetSet(Interpreter& in, Arguments arguments) {
+  const std::string file(lisp::stringArgument(in, arguments[0]));
   Document& document = Document::needed();
   try {
-    const SetInfo info = infoOf(in, lisp::optional(arguments, 3));
-    for (const std::string& warning : plotSheets(document.database(), readTemplate(path), sheets, file, info))
-      document.print("\n" + warning);
+    SheetSet sheets = setOf(in, arguments, 1);
+    plotSheets(sheets, file);
+    for (const std::string& warning : sheets.warnings) document.print("\n" + warning);
   } catch (const Error& error) {
     in.fail(error.what());
   }
@@ -195,14 +213,18 @@ constexpr lisp::Builtin kTable[] = {
      "Les deux coins de ce que des entités couvrent, textes compris, ou nil."},
     {"modele-feuille", roomOfTemplate, 1, 1, "(modele-feuille fichier)",
      "Largeur et hauteur en mm de la feuille d'un dessin modèle, puis de la place du dessin."},
+    {"apercu-feuilles", showSheetSet, 2, 3, "(apercu-feuilles modèle feuilles [infos])",
+     "Montre des feuilles dans la fenêtre, page par page, comme tracer-feuilles les trace; nil sans fenêtre."},
     {"tracer-feuilles", plotSheetSet, 3, 4, "(tracer-feuilles pdf modèle feuilles [infos])",
      "Trace des feuilles (échelle vues textes [encarts [graduation [plan [dessins]]]]) en un PDF; une vue est (x1 y1 "
      "x2 y2 (x y1 y2) "
      "...), "
      "coupures derrière, un encart (x1 y1 x2 y2 dx dy), la graduation de la dernière vue (largeur y1 y2 hauteur (y . "
-     "texte) ...), le plan au-dessus (hauteur-mm x y angle abscisse ((x1 y1 x2 y2 [\"C\"]) ...) ((x y texte) ...)), son point "
+     "texte) ...), le plan au-dessus (hauteur-mm x y angle abscisse ((x1 y1 x2 y2 [\"C\"]) ...) ((x y texte) ...)), "
+     "son point "
      "étant au-dessus de l'abscisse, C une coupure; les dessins, en mm depuis le bas de la place, (\"L\" épaisseur x y "
-     "...), (\"T\" hauteur 0|1|2 texte x y), (\"A\" x y ...), ou (\"B\" x y ...) qui efface. Les infos sont titre, auteur, sujet et couleurs (Gris ou Noir), le "
+     "...), (\"T\" hauteur 0|1|2 texte x y), (\"A\" x y ...), ou (\"B\" x y ...) qui efface. Les infos sont titre, "
+     "auteur, sujet et couleurs (Gris ou Noir), le "
      "texte de <SIGNET> le signet d'une feuille."},
 };
 
@@ -218,6 +240,11 @@ std::vector<std::string> plotWished(Document& document, const PlotWish& wish) {
 }
 
 }  // namespace
+
+SheetPreview& sheetPreview() {
+  static SheetPreview preview;
+  return preview;
+}
 
 void providePlots() {
   addDrawingBuiltins(kTable);

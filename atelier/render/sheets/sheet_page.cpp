@@ -8,11 +8,13 @@
 #include "atelier/base/interruption.h"
 #include "atelier/render/painters/cairo_painter.h"
 #include "atelier/render/shapes/plot_error.h"
+#include "atelier/render/sheets/pdf_file.h"
 
 namespace atelier::render {
 namespace {
 
 constexpr double kHairlineMm = 0.09;
+constexpr double kThinnestPixels = 0.6;
 constexpr double kSlackMm = 0.05;  // a view may be larger than the room by this
 constexpr double kCutOverhangMm = 3;
 constexpr double kBorderMm = 0.5;             // about an inset: half of the width of its outer lines
@@ -33,22 +35,22 @@ Dashes dashDot() { return std::make_shared<const std::vector<double>>(std::vecto
 
 }  // namespace
 
-SheetPage::SheetPage(PdfFile& pdf, const Template& model, Inks inks) : pdf_(pdf), model_(model), inks_(inks) {
-  pdf_.beginPage(model_.sheet.width(), model_.sheet.height());
-}
-
 void SheetPage::show(const WholeScene& scene, const Affine& toPage, const Box& windowMm) const {
-  const Affine toPoints = Affine::scaling(PdfFile::kPointsPerMm, PdfFile::kPointsPerMm);
+  const Affine toSurface = Affine::scaling(canvas_.unitsPerMm, canvas_.unitsPerMm);
   PaintOptions options;
-  options.toSurface = toPoints * toPage;
-  options.unitsPerMm = PdfFile::kPointsPerMm;
-  options.clip = fonts::rectangle(windowMm).bounds(toPoints);
-  options.thinnest = kHairlineMm * PdfFile::kPointsPerMm;
-  options.embedFonts = true;
-  options.most = PdfFile::kMostPaths;
+  options.toSurface = toSurface * toPage;
+  options.unitsPerMm = canvas_.unitsPerMm;
+  options.clip = fonts::rectangle(windowMm).bounds(toSurface);
+  options.thinnest = kHairlineMm * canvas_.unitsPerMm;
+  if (canvas_.vectors) {
+    options.embedFonts = true;
+    options.most = PdfFile::kMostPaths;
+  } else {
+    options.thinnest = std::max(options.thinnest, kThinnestPixels);
+  }
   options.step = checkInterruption;
   options.inks = inks_;
-  Painting painting(pdf_.context(), options);
+  Painting painting(canvas_.context, options);
   scene.each([&](const Primitive& item) { painting.item(item); });
 }
 

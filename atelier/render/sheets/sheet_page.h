@@ -1,16 +1,17 @@
 // One page of a sheet set: views clipped to their windows, insets, match lines and graduation. Inner header of the room.
 #pragma once
 
+#include <cairo.h>
+
 #include "atelier/render/scene/whole_scene.h"
-#include "atelier/render/sheets/pdf_file.h"
 #include "atelier/render/sheets/sheets.h"
 
 namespace atelier::render {
 
 class SheetPage {
  public:
-  // Begins the page.
-  SheetPage(PdfFile& pdf, const Template& model, Inks inks);
+  SheetPage(const SheetCanvas& canvas, const Template& model, Inks inks)
+      : canvas_(canvas), model_(model), inks_(inks) {}
 
   // Millimetres of the template to those of the page, from its top left corner.
   Affine paper() const { return {1, 0, 0, -1, -model_.sheet.xMin, model_.sheet.yMax}; }
@@ -36,7 +37,7 @@ class SheetPage {
   void matchLine(const MatchLine& cut, const Affine& toPage) const;
   void graduation(const Graduation& axis, double x, const Affine& toPage) const;
 
-  PdfFile& pdf_;
+  const SheetCanvas canvas_;
   const Template& model_;
   Inks inks_;
 };

@@ -8,9 +8,11 @@
 #include <utility>
 #include <vector>
 
+#include "atelier/render/scene/whole_scene.h"
 #include "atelier/render/shapes/primitives.h"
 
 class AcDbDatabase;
+struct _cairo;
 
 namespace atelier::render {
 
@@ -49,9 +51,9 @@ struct PlanStrip {
     bool cut = false;  // a match line; else a thin one
   };
   double heightMm = 0;
-  Pt at;                                // this point of the drawing stands at the middle of the strip's height
-  double angle = 0;                     // the direction that runs to the right, radians
-  double abscissa = 0;                  // and above this abscissa of the last view, drawing units
+  Pt at;                // this point of the drawing stands at the middle of the strip's height
+  double angle = 0;     // the direction that runs to the right, radians
+  double abscissa = 0;  // and above this abscissa of the last view, drawing units
   std::vector<Line> lines;
   std::vector<Label> labels;  // level on the sheet
 };
@@ -95,9 +97,38 @@ struct SetInfo {
 // A sheet is found in the reader's list by what its text for this mark says, else by the title.
 inline constexpr const char* kBookmark = "<SIGNET>";
 
-// Writes the sheets as the pages of a PDF, completely or not at all. Gives warnings, in French. Throws PlotError for no
-// sheets, a view without size, views that are larger than the room together, or a file that can't be written.
-std::vector<std::string> plotSheets(const AcDbDatabase& drawing, const Template& model,
-                                    const std::vector<Sheet>& sheets, const std::string& file, const SetInfo& info);
+// Where a sheet is painted: pages of a PDF, or a picture.
+struct SheetCanvas {
+  _cairo* context = nullptr;
+  double unitsPerMm = 1;  // of the surface
+  bool vectors = true;    // else pixels
+};
+
+// Sheets ready to be painted, over and over. The drawing outlives them.
+class SheetSet {
+ public:
+  // Throws PlotError for no sheets.
+  SheetSet(const AcDbDatabase& drawing, Template model, std::vector<Sheet> sheets, SetInfo info);
+  std::size_t size() const { return sheets_.size(); }
+  double widthMm() const { return model_.sheet.width(); }
+  double heightMm() const { return model_.sheet.height(); }
+  const SetInfo& info() const { return info_; }
+  // The line of a sheet in a list of them.
+  const std::string& titleOf(std::size_t sheet) const;
+  // Throws PlotError for a view without size, or views that are larger than the room together.
+  void paint(std::size_t sheet, const SheetCanvas& canvas);
+  std::vector<std::string> warnings;  // French, each once; of what was painted
+
+ private:
+  void warn(const std::vector<std::string>& texts);
+  Template model_;
+  std::vector<Sheet> sheets_;
+  SetInfo info_;
+  WholeScene scene_;
+};
+
+// Writes the sheets as the pages of a PDF, completely or not at all. Throws PlotError as paint does, or for a file that can't be
+// written.
+void plotSheets(SheetSet& sheets, const std::string& file);
 
 }  // namespace atelier::render
