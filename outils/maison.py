@@ -81,7 +81,8 @@ HOUSES = {
         "fichiers": "surfaces",
         "terrain": "surfaces fichiers",
         "suivi": "",
-        "porte": "optimal cout terrain suivi",
+        "habillage": "",
+        "porte": "optimal cout terrain suivi habillage",
     },
     "programs": {"": ""},
 }

@@ -129,6 +129,7 @@ class Run {
       if (!asked.paper.empty()) plotOptions.page.paper = render::parsePaper(asked.paper);
       if (!asked.window.empty()) plotOptions.page.window = render::parseWindow(asked.window);
       if (!asked.dpi.empty()) plotOptions.dpi = render::parseDpi(asked.dpi);
+      if (!asked.colours.empty()) plotOptions.inks = render::parseInks(asked.colours);
     } catch (const render::PlotError& error) {
       complain(error.what());
       return false;

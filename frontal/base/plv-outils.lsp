@@ -31,6 +31,10 @@
 
 ;; --- numbers and texts
 
+(defun plv-date-du-jour (/ date)
+  (setq date (rtos (fix (getvar "CDATE")) 2 0))
+  (strcat (substr date 7 2) "/" (substr date 5 2) "/" (substr date 1 4)))
+
 (defun plv-sans-moins-zero (texte)
   "The text of a number; a zero has no minus."
   (if (and (wcmatch texte "-*") (not (wcmatch texte "*[1-9]*"))) (substr texte 2) texte))

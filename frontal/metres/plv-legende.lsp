@@ -93,6 +93,7 @@
   (entmake
     (append
       (list '(0 . "TEXT") (cons 8 (plv-calque plv-legende:calque)) (cons 10 (plv-point x y)) (cons 40 h) (cons 1 texte))
+      (plv-style-de-texte)
       (if (= justification 0) nil (list (cons 72 justification) (cons 11 (plv-point x y)))))))
 
 (defun plv-legende:pastille (x1 y1 x2 y2 couleur)
@@ -181,6 +182,7 @@ nil after a message."
   (setq reference (plv-inserer plv-legende:calque nom point))
   (plv-ecrire-cles reference (list (list plv-legende:cle-profil profil) (list plv-legende:cle-genre genre)))
   (plv-noter-fait profil "LEGENDE" genre nil nil)
+  (plv-rehausser-titre profil)
   reference)
 
 (defun c:plv-legende (/ profil genre)

@@ -4,15 +4,11 @@
 
 (setq plv-mnt-systeme-essaye nil) ; a code that is tried, before it is kept
 
-(defun plv-mnt-systeme (/ trouve)
+(defun plv-mnt-systeme ()
   "The code, as \"EPSG:2154\"; nil when it isn't known."
-  (cond
-    (plv-mnt-systeme-essaye)
-    ((setq trouve (dictsearch (namedobjdict) plv-mnt:cle-systeme)) (cdr (assoc 1 trouve)))))
+  (cond (plv-mnt-systeme-essaye) ((plv-cle 1 (plv-enregistrement-du-dessin plv-mnt:cle-systeme)))))
 
-(defun plv-mnt-ecrire-systeme (code)
-  (dictremove (namedobjdict) plv-mnt:cle-systeme)
-  (dictadd (namedobjdict) plv-mnt:cle-systeme (entmakex (list '(0 . "XRECORD") '(100 . "AcDbXrecord") '(280 . 1) (cons 1 code)))))
+(defun plv-mnt-ecrire-systeme (code) (plv-ecrire-enregistrement-du-dessin plv-mnt:cle-systeme (list (cons 1 code))))
 
 (defun plv-mnt-code (texte)
   "2154 and EPSG:2154 are the same."

@@ -100,12 +100,12 @@
   (cond
     ((not proposition) (list nil nil "aucune ligne n'est trouvée"))
     ((and (plv-proposition-faute proposition) (not (plv-souhait-approchee souhait)))
-     (list (plv-traits "fenetre" (apply 'append (plv-proposition-fenetres proposition))) nil
+     (list (plv-image-traits "fenetre" (apply 'append (plv-proposition-fenetres proposition))) nil
            (plv-optimal:contradiction (plv-proposition-faute proposition) (plv-souhait-pentes souhait))))
     (T
      (list
-       (append (plv-traits "fenetre" (apply 'append (plv-proposition-fenetres proposition)))
-               (plv-traits "projet" (plv-proposition-lignes proposition)))
+       (append (plv-image-traits "fenetre" (apply 'append (plv-proposition-fenetres proposition)))
+               (plv-image-traits "projet" (plv-proposition-lignes proposition)))
        (append
          (plv-optimal-fiche:dire (plv-proposition-lignes proposition) (plv-proposition-prouvee proposition)
            (plv-reel (plv-proposition-aire proposition) 2))
@@ -125,7 +125,7 @@
     ((not (setq trouve (plv-optimal:demander-cout profil souhait (car prix)))) (list nil nil "le pas des altitudes est trop fin pour cette recherche"))
     ((not (car trouve)) (list nil nil (plv-optimal:impasse profil souhait (cadr trouve))))
     (T
-     (list (plv-traits "projet" (list (plv-optimal:sommets-cout (car trouve) (plv-premiere-station profil))))
+     (list (plv-image-traits "projet" (list (plv-optimal:sommets-cout (car trouve) (plv-premiere-station profil))))
            (list (strcat (plv-compte (length (car trouve)) "regard") ", coût " (plv-reel (car (cadr trouve)) 2) "."))
            nil))))
 

@@ -83,6 +83,16 @@
   "Before profiles are plotted on sheets or given to other programs: what isn't true is told, or made anew."
   (plv-faits:appeler 'sortie (list profils)))
 
+;; --- what the room styles, which stands above too, adds to what is drawn; nothing in a drawing without a style
+
+(defun plv-presenter (profil)
+  "Draws around a profile what the style wants; the top of it, nil for nothing above the profile."
+  (plv-faits:appeler 'presentation (list profil)))
+
+(defun plv-presenter-titre (profil y) "The same above its title." (plv-faits:appeler 'titre (list profil y)))
+
+(defun plv-presenter-tables (profil) "The same of its tables, in place of what was drawn of them." (plv-faits:appeler 'tables (list profil)))
+
 ;; --- noting
 
 (defun plv-faits:remplacer (porteur entite nouveaux)

@@ -21,6 +21,8 @@
      plv-choses:reference nil nil plv-refaire-rangees (plv-lever-rangees plv-remettre-tables))
     ("COTES" plv-choses:mots-cotes ("echelle" "textes" "plans" "courbe" "sol-courbe" "voisines")
      plv-choses:textes plv-choses:cotes nil plv-refaire-cotes (plv-lever-cotes plv-remettre-cotes))
+    ("HABILLAGE" plv-choses:mots-habillage ("style" "echelle" "textes" "plans" "origine" "terrain" "terrains" "projets" "blocs")
+     plv-choses:habillage nil nil plv-refaire-habillages nil)
     ("HACHURES" plv-choses:mots-hachures ("classes" "contours" "arcs-lignes" "sol-contours" "plans-lignes")
      plv-choses:surfaces plv-choses:hachures plv-choses:sans-ligne plv-refaire-hachures nil)
     ("LEGENDE" plv-choses:mots-legende ("numero" "textes" "classes" "lignes-jointes" "arcs-lignes" "sol-lignes")
@@ -133,6 +135,11 @@
 (defun plv-chose-orpheline-p (fait)
   "Whether the curve of dimensions is gone."
   (and (= (plv-fait-chose fait) "COTES") (not (plv-existe (plv-fait-entite fait)))))
+
+;; --- what the drawing's style adds to a profile
+
+(defun plv-choses:mots-habillage (profil fait) "Grille, libellés et légende des lignes")
+(defun plv-choses:habillage (profil fait) (plv-entites-habillage profil))
 
 ;; --- quantities
 

@@ -74,6 +74,10 @@
   (foreach lot lots (plv-coter profil (plv-lot-genre lot) (plv-lot-rotation lot) (plv-lot-lesquelles lot) (plv-lot-courbes lot)))
   T)
 
+;; --- what the drawing's style adds to a profile
+
+(defun plv-refaire-habillages (profil faits) (plv-rehabiller profil) T)
+
 ;; --- quantities
 
 (defun plv-refaire-hachures (profil faits)

@@ -45,6 +45,7 @@
     ("fixes" "les éléments fixes" plv-sources:fixes)
     ("numero" "le numéro du profil" plv-sources:numero)
     ("textes" "la hauteur des textes" plv-sources:textes)
+    ("style" "le style du dessin" plv-sources:style)
     ("fichier" "le fichier lui-même" plv-sources:fichier)
     ("dessin" "le dessin du profil" plv-sources:dessin)))
 
@@ -85,7 +86,11 @@
 
 (defun plv-sources:numero (profil fait) (list (plv-numero-profil profil)))
 
-(defun plv-sources:textes (profil fait) (list (plv-ttxt profil)))
+(defun plv-sources:textes (profil fait)
+  "With what the drawing's style says of texts and tables."
+  (cons (plv-ttxt profil) (vl-remove-if-not '(lambda (r) (wcmatch r "texte;*,tableau;*")) (plv-rangees-de-style))))
+
+(defun plv-sources:style (profil fait) (plv-rangees-de-style))
 
 (defun plv-sources:plans (profil fait) (plv-plans profil))
 

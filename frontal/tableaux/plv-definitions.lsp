@@ -54,7 +54,7 @@
     (if (plv-definitions:faute ligne)
       (plv-dire (strcat chemin ", ligne " (itoa numero) ": " (plv-definitions:faute ligne) "."))))
   (cond
-    ((pl_LireMatriceKavel chemin) T)
+    ((plv-avec-texte '(lambda () (pl_LireMatriceKavel chemin))) T)
     (T (plv-erreur (strcat chemin ": aucune ligne de matrice; attendu: NOM - hauteur type {infos} libellé")))))
 
 ;; --- the parts of a good row
