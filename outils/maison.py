@@ -81,7 +81,9 @@ HOUSES = {
         "fichiers": "surfaces",
         "terrain": "surfaces fichiers",
         "suivi": "",
-        "porte": "optimal cout terrain suivi",
+        "reseaux": "base surfaces fichiers",
+        "tranchees": "reseaux surfaces fichiers",
+        "porte": "optimal cout terrain suivi reseaux tranchees",
     },
     "programs": {"": ""},
 }

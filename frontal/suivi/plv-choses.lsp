@@ -21,6 +21,8 @@
      plv-choses:reference nil nil plv-refaire-rangees (plv-lever-rangees plv-remettre-tables))
     ("COTES" plv-choses:mots-cotes ("echelle" "textes" "plans" "courbe" "sol-courbe")
      plv-choses:textes plv-choses:cotes nil plv-refaire-cotes (plv-lever-cotes plv-remettre-cotes))
+    ("RESEAU" plv-choses:mots-reseau ("echelle" "textes" "plans" "reseau")
+     plv-choses:reseau nil nil plv-refaire-reseaux nil)
     ("HACHURES" plv-choses:mots-hachures ("classes" "contours" "sol-contours" "plans-lignes")
      plv-choses:surfaces plv-choses:hachures plv-choses:sans-ligne plv-refaire-hachures nil)
     ("LEGENDE" plv-choses:mots-legende ("numero" "textes" "classes" "lignes-jointes" "sol-lignes")
@@ -128,6 +130,11 @@
 (defun plv-chose-orpheline-p (fait)
   "Whether the curve of dimensions is gone."
   (and (= (plv-fait-chose fait) "COTES") (not (plv-existe (plv-fait-entite fait)))))
+
+;; --- networks
+
+(defun plv-choses:mots-reseau (profil fait) (strcat "Réseau " (plv-fait-genre fait)))
+(defun plv-choses:reseau (profil fait) (plv-traces-reseau profil (plv-fait-genre fait)))
 
 ;; --- quantities
 

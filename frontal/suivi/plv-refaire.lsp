@@ -74,6 +74,10 @@
   (foreach lot lots (plv-coter profil (plv-lot-genre lot) (plv-lot-rotation lot) (plv-lot-lesquelles lot) (plv-lot-courbes lot)))
   T)
 
+;; --- networks
+
+(defun plv-refaire-reseaux (profil faits) (vl-every '(lambda (f) (plv-dessiner-reseau profil (plv-fait-genre f))) faits))
+
 ;; --- quantities
 
 (defun plv-refaire-hachures (profil faits)

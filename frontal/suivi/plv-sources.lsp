@@ -39,6 +39,7 @@
     ("lignes-jointes" "la ligne mesurée" plv-sources:lignes-jointes)
     ("sol-lignes" "le terrain naturel" plv-sources:sol-lignes)
     ("plans-lignes" "les plans de comparaison" plv-sources:plans-lignes)
+    ("reseau" "le réseau, sa ligne ou le terrain" plv-sources:reseau)
     ("classes" "les classes de profondeur" plv-sources:classes)
     ("fixes" "les éléments fixes" plv-sources:fixes)
     ("numero" "le numéro du profil" plv-sources:numero)
@@ -234,6 +235,8 @@
       (mapcar '(lambda (s) (list (max (plv-plan-debut s) (plv-debut etendue)) (plv-plan-altitude s)))
         (vl-remove-if '(lambda (s) (or (<= (plv-section-fin s) (plv-debut etendue)) (>= (plv-plan-debut s) (plv-fin etendue))))
           (plv-sections-de-plan profil))))))
+
+(defun plv-sources:reseau (profil fait) (list (plv-reseau-lu profil (plv-fait-genre fait))))
 
 (defun plv-sources:classes (profil fait) (plv-sources:lire (list "classes") '(lambda () (list (plv-classes-profondeur)))))
 
