@@ -22,6 +22,8 @@
      plv-raccords plv-parties plv-trace plv-sommets plv-projet plv-associer)
     (reseaux (base profil projet)
      plv-reseau plv-reseau-branches plv-reseau-ligne plv-reseau-dessin plv-reseau-fichier plv-reseau-saisie plv-reseau-questions)
+    (tranchees (base profil reseaux)
+     plv-tranchees plv-tranchees-rapport plv-tranchees-classeur plv-tranchees-questions)
     (tableaux (base profil plan)
      plv-types plv-definitions plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet
      plv-remplissage-terrains plv-remplissage-plan plv-devers plv-remplissage-blocs plv-cases plv-matrices plv-ligne-seule)
@@ -44,7 +46,7 @@
      plv-mnt-questions)
     (feuilles (base profil tableaux metres)
      plv-encarts plv-feuilles)
-    (suivi (base profil plan reseaux tableaux cotes metres echange feuilles)
+    (suivi (base profil plan reseaux tranchees tableaux cotes metres echange feuilles)
      plv-sources plv-choses plv-etat plv-refaire plv-mains plv-actualiser plv-sortie)
     (controle (base profil tableaux echange suivi)
      plv-rapport plv-audit plv-bureau plv-survol)))

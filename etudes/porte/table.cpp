@@ -121,6 +121,22 @@ constexpr ligneFonction kTable[] = {
      L"l'écart est ce qui manque à l'identité de la fouille et de ce qui la remplit. Les sols sont des lignes, dans "
      L"l'ordre "
      L"d'et_tranchees_sols, nil pour le terrain du profil. Une chaîne dit ce qui ne va pas."},
+    {L"et_tranchees_classeur", et_tranchees_classeur, L"(et_tranchees_classeur chemin lots prix dessin date)",
+     L"Écrit le classeur de réseaux: bordereau, synthèse, tronçons, regards, découpe, paramètres, contrôles, chaque "
+     L"valeur une "
+     L"formule. Un lot est (nom profil rangées ligne règles sols gravitaire), les prix des rangées "
+     L"désignation;unité;prix. Le "
+     L"résultat est (articles-sans-prix volume-du-premier-lot). Une chaîne dit ce qui ne va pas."},
+    {L"et_tranchees_articles", et_tranchees_articles, L"(et_tranchees_articles lots)",
+     L"Les articles du bordereau des lots d'et_tranchees_classeur: une liste de (désignation unité quantité). Une "
+     L"chaîne dit ce "
+     L"qui ne va pas."},
+    {L"et_tranchees_coupes", et_tranchees_coupes, L"(et_tranchees_coupes profil rangées ligne règles sols)",
+     L"Les tranchées d'un réseau telles qu'elles se découpent: (morceaux nombre-de-classes). Un morceau est (ouvrage "
+     L"regard "
+     L"classe largeur fruit hauteur-droite bout bout), regard étant 1 pour une fosse, la classe comptée de 0, un bout "
+     L"(pk sol "
+     L"dessous-de-la-surface dessus-de-l'enrobage dessus-du-lit fond). Une chaîne dit ce qui ne va pas."},
     {L"et_empreinte", et_empreinte, L"(et_empreinte valeurs [origine [aspect]])",
      L"L'empreinte d'une liste de nombres, de textes et d'entités: seize chiffres, les mêmes tant que rien ne change. "
      L"Les "

@@ -65,8 +65,8 @@ class controle {
     const tuyau& t = m_p.r.tuyaux[i];
     const tuyauPose& pose = m_p.tuyaux[i];
     const std::wstring nom = L"tuyau " + m_p.nomTuyau(i) + L": ";
-    tenir(pose.debut, nom + L"pente", std::abs(pose.pente()), kPente, L" %", 3);
-    tenir(pose.debut, nom + L"longueur", pose.longueur(), kEspacement, L" m", 2);
+    tenir(pose.debut, nom + L"pente", std::abs(pose.pente()), kLimitePente, L" %", 3);
+    tenir(pose.debut, nom + L"longueur", pose.longueur(), kLimiteEspacement, L" m", 2);
     if (!t.diametre.connu())
       dire(pose.debut, nom + L"sa paroi n'est pas connue, son diamètre extérieur est pris pour l'intérieur");
     couverture(i, nom);
@@ -86,7 +86,7 @@ class controle {
       valeur = ecart - sommet;
       moindre = avis{x, {}};
     });
-    if (moindre) tenir(moindre->station, nom + L"couverture", valeur, kCouverture, L" m", 2);
+    if (moindre) tenir(moindre->station, nom + L"couverture", valeur, kLimiteCouverture, L" m", 2);
   }
 
   // Calls the action with stations and by how much the line is above the pipe's invert there.
@@ -104,7 +104,7 @@ class controle {
   }
 
   void vitesses(const tuyau& t, const tuyauPose& pose, const std::wstring& nom) {
-    const bornes b = bornesDe(kVitesse);
+    const bornes b = bornesDe(kLimiteVitesse);
     const ecoulement plein = pleineSection(t.diametre.interieur, pose.pente(), stricklerDe(t));
     const double dixieme = plein.vitesse * vitesseRelative(0.1);
     if (b.moindre && dixieme < *b.moindre - kRien)
@@ -148,7 +148,7 @@ class controle {
     const double chute = droite ? *pose.arrivee - *pose.depart : *pose.depart - *pose.arrivee;
     if (chute < -kRien)
       dire(pose.station, nom + L"le départ est " + enTexte(-chute, 3) + L" m plus haut que l'arrivée");
-    else tenir(pose.station, nom + L"chute", chute, kChute, L" m", 2);
+    else tenir(pose.station, nom + L"chute", chute, kLimiteChute, L" m", 2);
     const diametres &gauche = m_p.r.tuyaux[i].diametre, &aDroite = m_p.r.tuyaux[i + 1].diametre;
     const diametres &amont = droite ? gauche : aDroite, &aval = droite ? aDroite : gauche;
     if (aval.interieur < amont.interieur - kRien)
@@ -167,7 +167,7 @@ class controle {
         dire(c.station, L"croisement " + c.nom + L": il coupe le tuyau " + m_p.nomTuyau(i) + L", de " +
                             enTexte(-libre, 3) + L" m");
       else
-        tenir(c.station, L"croisement " + c.nom + L": distance au tuyau " + m_p.nomTuyau(i), libre, kDistanceCroisement,
+        tenir(c.station, L"croisement " + c.nom + L": distance au tuyau " + m_p.nomTuyau(i), libre, kLimiteCroisement,
               L" m", 3);
     }
   }

@@ -45,7 +45,15 @@ struct croisement {
 };
 
 // What a network is held to. A limit that isn't given has its usual values; one without values isn't looked at.
-enum limite { kPente, kCouverture, kChute, kEspacement, kVitesse, kDistanceCroisement, kNombreLimites };
+enum limite {
+  kLimitePente,
+  kLimiteCouverture,
+  kLimiteChute,
+  kLimiteEspacement,
+  kLimiteVitesse,
+  kLimiteCroisement,
+  kNombreLimites
+};
 struct bornes {
   std::optional<double> moindre, plusGrande;
 };

@@ -80,7 +80,7 @@ class coupeur {
 
   void fouillerRegard(std::size_t i) {
     const double demi = demiFosse(i), station = reseau().regards[i].station;
-    if (!(demi > 0)) return;
+    if (!aUneFosse(reseau().r.regards[i])) return;
     const partie regle = regles().en(station);
     const fosse& f = regles().types[regle.type].regard;
     const double fond = reseau().regards[i].fond - f.radier - f.lit;
@@ -254,6 +254,8 @@ class coupeur {
 };
 
 }  // namespace
+
+bool aUneFosse(const regard& n) { return n.diametre.exterieur > 0 && n.profil.empty(); }
 
 tranchees decouper(const reseauPose& reseau, const reglesTranchees& regles, const solsTranchees& sols) {
   return coupeur(reseau, regles, sols).faire();

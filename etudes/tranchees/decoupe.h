@@ -14,6 +14,9 @@ struct solsTranchees {
   std::vector<ligneDroites> couches;
 };
 
+// Whether a pit is dug for it here: nodes have none, and what belongs to another profile is dug there.
+bool aUneFosse(const regard& n);
+
 struct tranchees {
   const reseauPose& reseau;
   const reglesTranchees& regles;

@@ -1,4 +1,5 @@
-// et_tranchees_sols and et_tranchees: which grounds trench types ask for, and what is dug, laid and filled back.
+// et_tranchees_sols, et_tranchees and et_tranchees_coupes: which grounds trench types ask for, what is dug, laid and filled back, and the
+// levels of the trench where it is cut.
 #include "etudes/tranchees/fonctions.h"
 
 #include "etudes/tranchees/demande.h"
@@ -56,6 +57,40 @@ void et_tranchees() {
     fermer(liste);
     ajouterFaits(liste, L"total", q.total, colonnes);
     ajouterReels(liste, {q.total.ecart()});
+    acedRetList(liste.tete());
+  });
+}
+
+void et_tranchees_coupes() {
+  plv::ArgsLisp args;
+  plv::commencerAppel(args);
+  repondre([&] {
+    const resbuf* noeud = args.nieme(0);
+    demandeTranchees d;
+    if (!lireDemande(noeud, d)) return;
+    const tranchees t = decouper(d.reseau.pose, d.regles, d.sols);
+    plv::listeRb liste;
+    ouvrir(liste);
+    for (const piece& p : t.pieces) {
+      const niveaux n = niveauxDe(p, d.regles);
+      const bouts surface = n.structure.empty() ? n.haut : n.structure.back();
+      ouvrir(liste);
+      ajouterTexte(liste, nomOuvrage(t, p.ouvrage));
+      liste.ajouter(
+          acutBuildList(RTSHORT, t.ouvrages[p.ouvrage].estRegard ? 1 : 0, RTSHORT, static_cast<int>(p.classe), 0));
+      ajouterReels(liste, {p.largeur, p.cotes.fruit, p.cotes.hauteurDroite});
+      for (const bool fin : {false, true}) {
+        ouvrir(liste);
+        const auto z = [&](const bouts& hauteur) { return fin ? p.fond.b + hauteur.b : p.fond.a + hauteur.a; };
+        ajouterReels(liste,
+                     {fin ? p.b : p.a, z(n.haut), z(surface), z(n.enrobage), z(n.lit), fin ? p.fond.b : p.fond.a});
+        fermer(liste);
+      }
+      fermer(liste);
+    }
+    fermer(liste);
+    // A list of one list alone would lose its brackets.
+    liste.ajouter(acutBuildList(RTSHORT, static_cast<int>(d.regles.nombreDeClasses()), 0));
     acedRetList(liste.tete());
   });
 }

@@ -5,5 +5,8 @@ namespace etu {
 
 void et_tranchees_sols();
 void et_tranchees();
+void et_tranchees_classeur();
+void et_tranchees_articles();
+void et_tranchees_coupes();
 
 }  // namespace etu

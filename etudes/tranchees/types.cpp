@@ -164,6 +164,7 @@ class lecteur {
     if (m_regles.revetements.empty()) r.refuser(L"une rangée revêtement;nom est attendue avant");
     couche c{r.texteVoulu(1, L"le nom"), r.nombreVoulu(2, L"l'épaisseur")};
     if (!(*c.epaisseur > 0)) r.refuser(L"une épaisseur est plus grande que zéro");
+    if (rangDe(m_regles.revetements.back().couches, c.nom)) r.refuser(L"le revêtement a déjà une couche " + c.nom);
     m_regles.revetements.back().couches.push_back(std::move(c));
   }
   // Types and surfaces may come after the stretches that name them.

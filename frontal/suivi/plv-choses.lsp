@@ -31,12 +31,14 @@
      plv-choses:portees plv-choses:plan plv-choses:sans-axe plv-refaire-plan nil)
     ("CLASSEUR" plv-choses:mots-classeur ("fichier" "numero" "origine" "classes" "lignes" "sol-lignes" "fixes")
      plv-choses:du-fichier nil plv-choses:sans-ligne plv-refaire-classeurs nil)
+    ("BORDEREAU" plv-choses:mots-bordereau ("fichier" "numero" "reseau" "tranchees" "prix")
+     plv-choses:du-fichier nil plv-choses:sans-reseau plv-refaire-bordereaux nil)
     ("EXPORT" plv-choses:mots-export plv-choses:sources-export
      plv-choses:du-fichier nil plv-choses:sans-projet plv-refaire-exports nil)
     ("FEUILLES" plv-choses:mots-feuilles ("fichier" "numero" "dessin")
      plv-choses:du-fichier nil nil plv-refaire-feuilles nil)))
 
-(setq plv-choses-fichiers '("CLASSEUR" "EXPORT" "FEUILLES"))
+(setq plv-choses-fichiers '("CLASSEUR" "BORDEREAU" "EXPORT" "FEUILLES"))
 
 (defun plv-chose-fichier-p (fait) (member (plv-fait-chose fait) plv-choses-fichiers))
 
@@ -136,6 +138,11 @@
 (defun plv-choses:mots-reseau (profil fait) (strcat "Réseau " (plv-fait-genre fait)))
 (defun plv-choses:reseau (profil fait) (plv-traces-reseau profil (plv-fait-genre fait)))
 
+(defun plv-choses:sans-reseau (profil fait)
+  (cond
+    ((not (plv-reseau-rangees profil (plv-fait-genre fait))) (strcat "il n'y a plus de réseau " (plv-fait-genre fait)))
+    ((not (plv-tranchees-regles profil (plv-fait-genre fait))) (strcat "il n'y a plus de règles de tranchées " (plv-fait-genre fait)))))
+
 ;; --- quantities
 
 (defun plv-choses:mots-hachures (profil fait) (strcat "Hachures " (plv-fait-genre fait)))
@@ -167,6 +174,7 @@
   (if (and (= (plv-fait-profil fait) (plv-handle profil)) (findfile (plv-fait-fichier fait))) (list profil)))
 
 (defun plv-choses:mots-classeur (profil fait) (strcat "Classeur " (plv-fait-fichier fait)))
+(defun plv-choses:mots-bordereau (profil fait) (strcat "Bordereau " (plv-fait-fichier fait)))
 (defun plv-choses:mots-export (profil fait) (strcat "Export " (plv-fait-fichier fait)))
 (defun plv-choses:mots-feuilles (profil fait) (strcat "Feuilles " (plv-fait-fichier fait)))
 

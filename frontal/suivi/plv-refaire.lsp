@@ -102,6 +102,11 @@
 (defun plv-refaire-classeurs (profil faits)
   (vl-every '(lambda (f) (plv-metrer (plv-refaire:profils f) (plv-fait-genre f) (plv-fait-fichier f) nil nil)) faits))
 
+(defun plv-refaire-bordereaux (profil faits)
+  (vl-every
+    '(lambda (f) (plv-tranchees-classeur (plv-bordereau-couples (plv-fait-reponses f)) (plv-fait-fichier f) (plv-bordereau-prix (plv-fait-reponses f))))
+    faits))
+
 (defun plv-refaire-exports (profil faits)
   (vl-every
     '(lambda (f)
