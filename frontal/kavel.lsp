@@ -23,10 +23,10 @@
     (reseaux (base profil projet)
      plv-reseau plv-reseau-branches plv-reseau-ligne plv-reseau-dessin plv-reseau-fichier plv-reseau-saisie plv-reseau-questions)
     (tranchees (base profil reseaux)
-     plv-tranchees plv-tranchees-rapport plv-tranchees-classeur plv-tranchees-questions)
-    (tableaux (base profil plan)
+     plv-tranchees plv-tranchees-rapport plv-tranchees-classeur plv-tranchees-dessin plv-tranchees-coupes plv-tranchees-questions)
+    (tableaux (base profil plan reseaux)
      plv-types plv-definitions plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet
-     plv-remplissage-terrains plv-remplissage-plan plv-devers plv-remplissage-blocs plv-cases plv-matrices plv-ligne-seule)
+     plv-remplissage-terrains plv-remplissage-plan plv-devers plv-remplissage-blocs plv-remplissage-reseau plv-cases plv-matrices plv-ligne-seule)
     (cotes (base profil portes)
      plv-cotes plv-cotes-refaire)
     (gestes (base profil portes cotes)

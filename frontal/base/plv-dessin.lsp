@@ -12,7 +12,7 @@
   (mapcar '(lambda (n couleur) (list (strcat "PLV-VARIANTE-" (itoa n)) couleur 25)) '(1 2 3 4 5 6) '(30 140 200 82 40 170)))
 
 ;; So do networks.
-(setq plv-calques-reseaux '(("PLV-TUYAUX" 150 35) ("PLV-REGARDS" 32 35) ("PLV-CROISEMENTS" 6 25)))
+(setq plv-calques-reseaux '(("PLV-TUYAUX" 150 35) ("PLV-REGARDS" 32 35) ("PLV-CROISEMENTS" 6 25) ("PLV-TRANCHEES" 8 18)))
 
 (setq plv-calques:cle "CALQUE")
 

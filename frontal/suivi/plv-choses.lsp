@@ -23,6 +23,10 @@
      plv-choses:textes plv-choses:cotes nil plv-refaire-cotes (plv-lever-cotes plv-remettre-cotes))
     ("RESEAU" plv-choses:mots-reseau ("echelle" "textes" "plans" "reseau")
      plv-choses:reseau nil nil plv-refaire-reseaux nil)
+    ("TRANCHEES" plv-choses:mots-tranchees ("echelle" "plans" "reseau" "tranchees")
+     plv-choses:tranchees nil plv-choses:sans-reseau plv-refaire-tranchees nil)
+    ("COUPES" plv-choses:mots-coupes ("echelle" "textes" "reseau" "tranchees")
+     plv-choses:coupes nil plv-choses:sans-reseau plv-refaire-coupes nil)
     ("HACHURES" plv-choses:mots-hachures ("classes" "contours" "sol-contours" "plans-lignes")
      plv-choses:surfaces plv-choses:hachures plv-choses:sans-ligne plv-refaire-hachures nil)
     ("LEGENDE" plv-choses:mots-legende ("numero" "textes" "classes" "lignes-jointes" "sol-lignes")
@@ -137,6 +141,12 @@
 
 (defun plv-choses:mots-reseau (profil fait) (strcat "Réseau " (plv-fait-genre fait)))
 (defun plv-choses:reseau (profil fait) (plv-traces-reseau profil (plv-fait-genre fait)))
+
+(defun plv-choses:mots-tranchees (profil fait) (strcat "Tranchées " (plv-fait-genre fait)))
+(defun plv-choses:tranchees (profil fait) (plv-traces-tranchees profil (plv-fait-genre fait)))
+
+(defun plv-choses:mots-coupes (profil fait) (strcat "Coupes de tranchées " (plv-fait-genre fait)))
+(defun plv-choses:coupes (profil fait) (plv-traces-coupes profil (plv-fait-genre fait)))
 
 (defun plv-choses:sans-reseau (profil fait)
   (cond

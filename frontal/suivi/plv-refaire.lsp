@@ -78,6 +78,12 @@
 
 (defun plv-refaire-reseaux (profil faits) (vl-every '(lambda (f) (plv-dessiner-reseau profil (plv-fait-genre f))) faits))
 
+(defun plv-refaire-tranchees (profil faits)
+  (vl-every '(lambda (f) (plv-hachurer-tranchees profil (plv-fait-genre f) (= (car (plv-fait-reponses f)) "Tout"))) faits))
+
+(defun plv-refaire-coupes (profil faits)
+  (vl-every '(lambda (f) (plv-couper-tranchees profil (plv-fait-genre f) (plv-coupes-point profil (plv-fait-reponses f)))) faits))
+
 ;; --- quantities
 
 (defun plv-refaire-hachures (profil faits)

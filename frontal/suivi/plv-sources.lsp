@@ -40,6 +40,7 @@
     ("sol-lignes" "le terrain naturel" plv-sources:sol-lignes)
     ("plans-lignes" "les plans de comparaison" plv-sources:plans-lignes)
     ("reseau" "le réseau, sa ligne ou le terrain" plv-sources:reseau)
+    ("reseau-ecrit" "le réseau, sa ligne ou le terrain" plv-sources:reseau-ecrit)
     ("tranchees" "les types de tranchées, ou un sol qu'ils nomment" plv-sources:tranchees)
     ("prix" "les prix" plv-sources:prix)
     ("classes" "les classes de profondeur" plv-sources:classes)
@@ -239,6 +240,10 @@
           (plv-sections-de-plan profil))))))
 
 (defun plv-sources:reseau (profil fait) (list (plv-reseau-lu profil (plv-fait-genre fait))))
+
+(defun plv-sources:reseau-ecrit (profil fait)
+  "What a row shows."
+  (list (plv-premiere-station profil) (plv-reseau-de-rangee profil (plv-rangee-infos (plv-sources:rangee fait)))))
 
 (defun plv-sources:tranchees (profil fait / genre)
   "The rules, the ground of the profile, and the others that the rules name."

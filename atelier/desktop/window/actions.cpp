@@ -50,6 +50,8 @@ constexpr ActionRow kRows[] = {
     {"&Profil", "Point du le&vé", nullptr, nullptr, "PLV-LEVE"},
     {"&Profil", "Ligne &optimale", nullptr, "optimal", "PLV-OPTIMAL"},
     {"&Profil", "Variantes d'une ligne", nullptr, nullptr, "PLV-VARIANTES"},
+    {"&Profil", "Réseau d'une ligne", nullptr, nullptr, "PLV-RESEAU"},
+    {"&Profil", "Tranchées d'un réseau", nullptr, nullptr, "PLV-TRANCHEES"},
     {"&Profil", nullptr, nullptr, nullptr, nullptr},
     {"&Profil", "Lignes par &stations", nullptr, nullptr, "PLV-LIGNES"},
     {"&Profil", "&Reporter une courbe", nullptr, nullptr, "PLV-REPORT"},

@@ -140,3 +140,22 @@
 ((equal (plv-lire-lignes "<dossier>s.csv") (plv-reseau-rangees p "Assainissement")) T)
 (tape ("PLV-RESEAU" "Assainissement" "Supprimer" "FIN") "Réseau Assainissement retiré.")
 ((list (plv-reseau-rangees p "Assainissement") (ssget "X" '((8 . "PLV-TUYAUX,PLV-REGARDS,PLV-CROISEMENTS")))) (nil nil))
+
+;; Rows of a table: the words that stand in them, from left to right.
+(situation "RowsOfATable")
+(fichier "m.txt" "R - 2.0 502 Regards\nR - 6.0 503 Tampon\nR - 6.0 504 Fil d'eau\nR - 5.0 505 Profondeur\nR - 5.0 506 Couverture\nR - 2.0 507 Tuyau\nR - 2.0 508 Pente\nR - 2.0 509 Longueur\nR - 2.0 510 Sens\nR - 2.0 502 {AEp} Autres\n")
+(preparer
+  (reseau)
+  (plv-matrices p "<dossier>m.txt" T)
+  (setq table (car (plv-tables p)))
+  (defun mots (rang) (mapcar 'cadr (et_textes (plv-entites-rangee p table rang)))))
+((mapcar 'mots '(0 1 2 3 4 5 6 7))
+ (("A" "B" "C") ("50.00" "49.50" "48.00") ("48.00" "47.20" "46.70" "45.50") ("2.00" "2.80" "2.70") ("1.55" "2.05")
+  ("Ø400/500 béton 135A" "Ø400/500 béton 135A") ("2.00 %" "2.00 %") ("40.00" "60.00")))
+;; the row that names a kind without a network takes the first that has one
+((mots 9) ("A" "B" "C"))
+(dit (plv-etat (list p)) "Tout est à jour.")
+(preparer (plv-reseau-ecrire p "Assainissement" (subst "tuyau;B;C;300/400;PVC" "tuyau;B;C;400/500;béton;135A" (plv-reseau-rangees p "Assainissement"))))
+(dit (plv-etat (list p)) "Rangée Tuyau: à mettre à jour" "Rangée Couverture: à mettre à jour")
+((plv-actualiser (list p)) T)
+((mots 5) ("Ø400/500 béton 135A" "Ø300/400 PVC"))

@@ -96,3 +96,38 @@
 (tape ("PLV-TRANCHEES" "Assainissement" "<dossier>t.txt" "Quantités" "Classeur" "" "" "<dossier>q" "FIN")
   "Types de tranchées: Assainissement." "Fouille         78.200 m3" "Classeur: ")
 ((if (findfile "<dossier>q.xlsx") T) T)
+
+;; Hatches cover what is dug, drawn ten times as high: the pit reaches a metre past the end of the profile, where nothing is drawn. The surface is
+;; 0.10 thick, the surround 0.70, the bedding 0.10; in the pit 0.15.
+(situation "HatchesCoverWhatIsDug")
+(preparer
+  (plv-tranchees-ecrire-regles p "Assainissement" (regles nil))
+  (defun aire (e / points)
+    (setq points (cdr (plv-cles 10 (entget e))) points (append points (list (car points))))
+    (* 0.05 (abs (apply '+ (mapcar '(lambda (a b) (- (* (car a) (cadr b)) (* (car b) (cadr a)))) points (cdr points))))))
+  (defun aires () (mapcar '(lambda (e) (list (plv-cle 62 (entget e)) (plv-reel (aire e) 3))) (plv-traces-tranchees p "Assainissement"))))
+((plv-hachurer-tranchees p "Assainissement" nil) T)
+((aires) ((3 "2.000") (3 "70.200")))
+(tape ("PLV-TRANCHEES" "Assainissement" "Hachurer" "Tout" "FIN") (sauf "Erreur"))
+((aires) ((8 "0.100") (3 "1.750") (34 "0.150") (8 "3.900") (3 "35.100") (52 "27.300") (34 "3.900")))
+(dit (plv-etat (list p)) "Tranchées Assainissement: à jour")
+(preparer (plv-tranchees-ecrire-regles p "Assainissement" (regles '("classes;2"))))
+(dit (plv-etat (list p)) "Tranchées Assainissement: à mettre à jour: les types de tranchées")
+((plv-actualiser (list p)) T)
+((length (aires)) 7)
+(tape ("PLV-TRANCHEES" "Assainissement" "Hachurer" "Rien" "FIN") (sauf "Erreur"))
+((ssget "X" '((0 . "HATCH"))) nil)
+
+;; Ten units for a metre, both ways; the sides lean from half a metre on.
+(situation "CrossSectionsAreToScale")
+(preparer
+  (plv-tranchees-ecrire-regles p "Assainissement" (regles '("talus;1;0.5;0.5")))
+  (plv-couper-tranchees p "Assainissement" '(100.0 20.0 0.0))
+  (setq coupe (plv-traces-coupes p "Assainissement") contour (plv-cles 10 (entget (car coupe))) milieu (* 0.5 (+ (car (car contour)) (car (plv-dernier contour))))))
+((mapcar '(lambda (c) (list (plv-reel (- (car c) milieu) 2) (plv-reel (cadr c) 2))) contour)
+ (("-11.50" "38.00") ("-5.00" "25.00") ("-5.00" "20.00") ("5.00" "20.00") ("5.00" "25.00") ("11.50" "38.00")))
+((mapcar '(lambda (e) (plv-reel (plv-cle 40 (entget e)) 2)) (vl-remove-if-not '(lambda (e) (= (plv-type e) "CIRCLE")) coupe)) ("2.50" "2.00"))
+((plv-reel (caddr (assoc 10 (entget (car (vl-member-if '(lambda (e) (= (plv-type e) "CIRCLE")) coupe))))) 2) "23.50")
+(preparer (plv-tranchees-ecrire-regles p "Assainissement" (regles nil)))
+((plv-actualiser (list p)) T)
+((plv-reel (apply 'min (mapcar 'cadr (plv-cles 10 (entget (car (plv-traces-coupes p "Assainissement")))))) 2) "20.00")
