@@ -67,8 +67,8 @@
   (setq role (cond ((assoc (plv-terrain-role terrain) plv-terrains:roles)) ((plv-dernier plv-terrains:roles))))
   (plv-calque-propre (plv-terrains:nom-calque terrain) (cadr role) (if (caddr role) plv-terrains:tirets "Continuous")))
 
-(defun plv-terrains:tracer-piece (cadre calque section morceau / a b)
-  "What of a piece stands over one section."
+(defun plv-tracer-sur-section (cadre calque section morceau / a b)
+  "A polyline through what of a piece stands over one section; nil for nothing."
   (setq a (max (plv-plan-debut section) (caar morceau)) b (min (plv-section-fin section) (car (plv-dernier morceau))))
   (if (> (- b a) 1e-6)
     (plv-polyligne calque (mapcar '(lambda (p) (plv-vers-dessin-sur cadre section (car p) (cadr p))) (plv-ligne-entre morceau a b)))))
@@ -81,7 +81,7 @@
     (setq calque (plv-terrains:calque terrain))
     (foreach morceau (plv-terrain-morceaux terrain)
       (foreach section sections
-        (setq traces (cons (plv-terrains:tracer-piece cadre calque section morceau) traces)))))
+        (setq traces (cons (plv-tracer-sur-section cadre calque section morceau) traces)))))
   (if (or traces (plv-enregistrement profil plv-terrains:traces))
     (plv-enregistrer-entites profil plv-terrains:traces (vl-remove nil traces))))
 

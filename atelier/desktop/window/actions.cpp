@@ -53,6 +53,8 @@ constexpr ActionRow kRows[] = {
     {"&Profil", "Point du le&vé...", nullptr, nullptr, "PLV-LEVE"},
     {"&Profil", "Ligne &optimale...", nullptr, "optimal", "PLV-OPTIMAL"},
     {"&Profil", "Variantes d'une ligne...", nullptr, nullptr, "PLV-VARIANTES"},
+    {"&Profil", "Réseau d'une ligne", nullptr, nullptr, "PLV-RESEAU"},
+    {"&Profil", "Tranchées d'un réseau", nullptr, nullptr, "PLV-TRANCHEES"},
     {"&Profil", "&Axe en plan...", nullptr, nullptr, "PLV-AXE"},
     {"&Profil", "Dé&vers...", nullptr, nullptr, "PLV-DEVERS"},
     {"&Profil", "Cotes d'une li&gne...", nullptr, nullptr, "CotAutoKavel"},
