@@ -41,7 +41,7 @@
      plv-mnt-systeme plv-mnt-demande plv-mnt-coupe plv-mnt-profil plv-mnt-plusieurs plv-mnt-observations plv-mnt-actualiser plv-mnt-controle plv-mnt-voir plv-mnt-autres
      plv-mnt-questions)
     (feuilles (base profil plan tableaux metres)
-     plv-encarts plv-cartouche plv-bande-plan plv-feuilles plv-feuilles-tracer)
+     plv-encarts plv-cartouche plv-bande-plan plv-feuilles plv-feuilles-tracer plv-presentations plv-presentations-faire)
     (suivi (base profil plan tableaux cotes metres echange feuilles)
      plv-sources plv-choses plv-etat plv-refaire plv-mains plv-actualiser plv-sortie)
     (styles (base profil tableaux metres suivi)
