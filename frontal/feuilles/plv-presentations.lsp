@@ -91,15 +91,16 @@
       (plv-presentations:y placement (+ (cadr e) (nth 5 e))) (car placement)))
   numero)
 
-(defun plv-presentations:axe (feuille placement rang / axe x k h)
+(defun plv-presentations:axe (feuille placement rang / axe x y k h)
   "The graduated axis after a cut, as sheets have it: it ends in ticks of half a text height."
   (if (setq axe (nth 4 feuille))
     (progn
       (setq x (plv-presentations:x feuille placement rang (car (nth rang (cadr feuille)))) k (car placement) h (* k (cadddr axe)))
       (plv-presentations:trait (list (list x (plv-presentations:y placement (cadr axe))) (list x (plv-presentations:y placement (caddr axe)))) 25 "Continuous")
       (foreach g (cddddr axe)
-        (plv-presentations:trait (list (list (- x (* 0.5 h)) (plv-presentations:y placement (car g))) (list x (plv-presentations:y placement (car g)))) 25 "Continuous")
-        (plv-presentations:texte (- x h) (- (plv-presentations:y placement (car g)) (* 0.5 h)) h 2 (cdr g))))))
+        (setq y (plv-presentations:y placement (car g)))
+        (plv-presentations:trait (list (list (- x (* 0.5 h)) y) (list x y)) 25 "Continuous")
+        (plv-presentations:texte (- x h) (- y (* 0.5 h)) h 2 (cdr g))))))
 
 (defun plv-presentations:plan (feuille place placement rang numero / plan haut bas x lieu)
   "The viewport of the plan, and its lines and stations where they are seen."
@@ -125,7 +126,10 @@
   "What of a line is between two heights of the paper; nil for nothing."
   (setq a (car bouts) b (cadr bouts))
   (if (and (< (min (cadr a) (cadr b)) haut) (> (max (cadr a) (cadr b)) bas))
-    (mapcar '(lambda (p / y) (setq y (plv-entre (cadr p) bas haut)) (if (equal y (cadr p) 1e-9) p (list (plv-interpoler (list (list (cadr a) (car a)) (list (cadr b) (car b))) y) y)))
+    (mapcar
+      '(lambda (p / y)
+         (setq y (plv-entre (cadr p) bas haut))
+         (if (equal y (cadr p) 1e-9) p (list (plv-interpoler (list (list (cadr a) (car a)) (list (cadr b) (car b))) y) y)))
       bouts)))
 
 (defun plv-presentations:du-plan (plan p x y k / d)
