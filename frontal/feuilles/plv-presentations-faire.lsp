@@ -36,7 +36,7 @@
 
 (defun plv-presentations:une (feuille modele place rang / nom bloc espace layout)
   "The layout of a sheet; its name."
-  (setq nom (strcat "Feuille " (itoa rang)) bloc (plv-presentations:bloc-libre))
+  (setq nom (plv-presentations:nom-libre rang) bloc (plv-presentations:bloc-libre))
   (plv-presentations:cartouche modele (caddr feuille) (plv-presentations:titre nom))
   (entmake (list '(0 . "BLOCK") (cons 2 bloc) '(70 . 0) '(10 0.0 0.0 0.0)))
   (plv-presentations:contenu feuille place (plv-presentations:titre nom))
@@ -48,6 +48,12 @@
   nom)
 
 ;; --- those of an earlier call
+
+(defun plv-presentations:nom-libre (rang / nom)
+  "The name of a sheet's layout, one that no layout of another hand has."
+  (setq nom (strcat "Feuille " (itoa rang)))
+  (while (dictsearch (plv-presentations:dictionnaire) nom) (setq nom (strcat nom "_")))
+  nom)
 
 (defun plv-presentations:titre (nom)
   "The block that holds the title block of a layout."

@@ -119,3 +119,11 @@
 ;; a layer that had a colour of its own has none when the next style says black
 ((list (plv-style "Route" nil 1000.0) (cadr (calque "PLV-TN"))) ("Route" 7029795))
 ((list (plv-style "Monochrome" nil 1000.0) (calque "PLV-TN")) ("Monochrome" (7 nil 25 "Continuous")))
+
+(situation "AStyleIsOneStep")
+(fichier "t.txt" "T - 6.0 4 Altitude\n")
+(preparer (plv-matrices p "<dossier>t.txt" nil) (setq avant (list (sslength (ssget "X")) (plv-ttxt p) (plv-style-nom))))
+(tape ("PLV-STYLE" "Route" "Couleurs" "500") "1 profil.")
+((equal avant (list (sslength (ssget "X")) (plv-ttxt p) (plv-style-nom))) nil)
+(preparer (command "_.U"))
+((equal avant (list (sslength (ssget "X")) (plv-ttxt p) (plv-style-nom))) T)
