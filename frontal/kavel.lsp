@@ -54,7 +54,7 @@
     (page (base profil fiches metres)
      plv-json plv-page plv-page-fiche)
     (feuilles (base profil plan tableaux metres)
-     plv-encarts plv-cartouche plv-bande-plan plv-feuilles plv-feuilles-tracer)
+     plv-encarts plv-cartouche plv-bande-plan plv-feuilles plv-feuilles-tracer plv-presentations plv-presentations-faire)
     (suivi (base profil plan reseaux tranchees tableaux cotes metres echange page feuilles)
      plv-sources plv-choses plv-etat plv-refaire plv-mains plv-actualiser plv-sortie)
     (styles (base profil tableaux metres suivi)

@@ -77,6 +77,7 @@ constexpr ActionRow kRows[] = {
     {"&Profil", nullptr, nullptr, nullptr, nullptr},
     {"&Profil", "St&yle du dessin", nullptr, nullptr, "PLV-STYLE"},
     {"&Profil", "Cartouche des feuilles", nullptr, nullptr, "PLV-CARTOUCHE"},
+    {"&Profil", "Feuilles en présentations", nullptr, nullptr, "PLV-PRESENTATIONS"},
     {"&Profil", "Aperçu des feuilles et impression", nullptr, nullptr, "PLV-APERCU"},
     {"&Profil", "&Feuilles en PDF", nullptr, "tracer", "PLV-FEUILLES"},
     {"&Profil", "Page à parta&ger...", nullptr, nullptr, "PLV-PAGE"},
