@@ -59,6 +59,8 @@
      plv-sources plv-choses plv-etat plv-refaire plv-mains plv-actualiser plv-sortie)
     (styles (base profil tableaux metres suivi)
      plv-style-fichier plv-style plv-fond plv-boites plv-libelles plv-libelles-poser plv-legende-lignes plv-cadres plv-presentation)
+    (ensemble (base profil plan metres)
+     plv-ensemble plv-profil-entier)
     (controle (base profil tableaux ligne souris echange suivi)
      plv-rapport plv-audit plv-bureau plv-bureau-ligne plv-survol)))
 

@@ -49,6 +49,10 @@ void ProfilesPanel::showMenu(const QPoint& at) {
           [this, profile] { onChoose(profile); });
   const auto show = [this, handle = own.isEmpty() ? profile : own] { onShow(handle); };
   connect(menu->addAction(QStringLiteral("Montrer")), &QAction::triggered, this, show);
+  menu->addSeparator();
+  for (const char* const operation : {"Renommer", "Copier", "Déplacer", "Supprimer"})
+    connect(menu->addAction(QString::fromUtf8(operation) + QStringLiteral("...")), &QAction::triggered, this,
+            [this, profile, operation = QString::fromUtf8(operation)] { onOperate(profile, operation); });
   menu->popup(viewport()->mapToGlobal(at));
 }
 

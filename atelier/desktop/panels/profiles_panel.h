@@ -17,6 +17,7 @@ class ProfilesPanel : public QTreeWidget {
 
   std::function<void(QString handle)> onShow;    // a click: answers a prompt for objects, else zooms and selects
   std::function<void(QString handle)> onChoose;  // a double click on a profile, or its menu
+  std::function<void(QString handle, QString operation)> onOperate;  // of a profile's menu, in PLV-PROFIL's words
 
  private:
   void showMenu(const QPoint& at);

@@ -83,6 +83,7 @@ constexpr ActionRow kRows[] = {
     {"&Profil", "Page à parta&ger...", nullptr, nullptr, "PLV-PAGE"},
     {"&Profil", "&Exporter...", nullptr, nullptr, "PLV-EXPORT"},
     {"&Profil", nullptr, nullptr, nullptr, nullptr},
+    {"&Profil", "Renommer, copier, dé&placer, supprimer", nullptr, nullptr, "PLV-PROFIL"},
     {"&Profil", "&Choisir un profil", nullptr, nullptr, "PLV-CHOISIR"},
 };
 

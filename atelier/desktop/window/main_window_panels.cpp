@@ -53,6 +53,10 @@ void MainWindow::buildPanels() {
     commands_->setFocus();
   };
   profiles_->onChoose = [this](const QString& handle) { chooseProfile(handle); };
+  profiles_->onOperate = [this](const QString& handle, const QString& operation) {
+    const QString call = "(progn (plv-operer-profil (handent " + quoted(handle) + ") " + quoted(operation) + ") (princ))";
+    if (Drawing* d = drawing()) d->feed({{call.toStdString(), {}, "PLV-PROFIL"}});
+  };
   commands_->onLine = [this](const QString& line) { answer(line); };
   commands_->onCancel = [this] { escape(); };
 }
