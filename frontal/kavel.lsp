@@ -20,10 +20,6 @@
      plv-pc plv-changer-terrain plv-leve)
     (projet (base profil portes)
      plv-raccords plv-parties plv-trace plv-sommets plv-projet-texte plv-projet plv-associer)
-    (ligne (base profil portes projet)
-     plv-ligne plv-ligne-traits plv-rangees plv-corriger plv-parties-de-ligne plv-sommets-table plv-sommets-questions)
-    (souris (base profil portes projet ligne)
-     plv-suivre plv-scene plv-frappe plv-dessiner plv-prises plv-geste plv-tirer-vue plv-tirer)
     (tableaux (base profil plan)
      plv-types plv-definitions plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet
      plv-remplissage-terrains plv-remplissage-plan plv-devers plv-remplissage-blocs plv-cases plv-matrices plv-ligne-seule)
@@ -37,9 +33,13 @@
     (optimal (base profil projet)
      plv-optimal-bande plv-optimal-rapport plv-optimal plv-optimal-couloir plv-optimal-rangees plv-optimal-contraintes plv-optimal-prix
      plv-optimal-souhait plv-variantes plv-optimal-sommets plv-optimal-cout plv-optimal-questions)
+    (ligne (base profil portes projet optimal)
+     plv-ligne plv-ligne-traits plv-rangees plv-corriger plv-parties-de-ligne plv-sommets-table plv-seconde plv-sommets-questions)
+    (souris (base profil portes projet ligne)
+     plv-suivre plv-scene plv-frappe plv-dessiner plv-prises plv-geste plv-tirer-vue plv-tirer)
     (echange (base terrain profil plan projet)
      plv-landxml plv-landxml-projet plv-landxml-terrain plv-export)
-    (saisie (base profil projet souris echange)
+    (saisie (base profil projet ligne souris echange)
      plv-nouveau plv-projet-fichier plv-projet-questions)
     (mnt (base profil plan changements tableaux echange saisie)
      plv-mnt-systeme plv-mnt-demande plv-mnt-coupe plv-mnt-profil plv-mnt-plusieurs plv-mnt-observations plv-mnt-actualiser plv-mnt-controle plv-mnt-voir plv-mnt-autres

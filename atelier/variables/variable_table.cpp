@@ -54,7 +54,7 @@ constexpr VariableRow kRows[] = {
     sessionText("TRUSTEDPATHS", "", "Dossiers sûrs."),
     fixedInt("UNDOCTL", 5, "État de l'annulation."),
     fixedInt("WORLDUCS", 1, "Le repère courant est le général."),
-    computed("CMDACTIVE", integer, "1 quand une commande attend des réponses."),
+    computed("CMDACTIVE", integer, "1 quand une commande attend des réponses, plus 4 quand elles viennent d'un script ou d'un programme."),
     computed("CMDNAMES", text, "Nom de la commande qui attend."),
     sessionReal("CIRCLERAD", 0, "Rayon proposé des cercles."),
     sessionReal("OFFSETDIST", -1, "Distance proposée de décalage."),

@@ -255,3 +255,42 @@
 (preparer (tracer))
 (tape ("PLV-TIRER" "Voirie" "I" "1100;50.2" "S" "2" "U2" "") "Illisible: U2")
 ((places) (("0.000" "50.000") ("100.000" "50.200") ("150.000" "50.000") ("200.000" "51.000")))
+
+;; --- a second line of a kind: scripts that say nothing get it added, as ever
+
+(situation "ASecondLineOfAKind")
+(tableau (maniere attendu)
+  (nil ((("0.000" "50.000" nil) ("100.000" "51.000" nil)) (("0.000" "49.000" nil) ("50.000" "50.000" ("C" "R" "500.000")) ("100.000" "49.000" nil))))
+  ("Remplacer" ((("0.000" "49.000" nil) ("50.000" "50.000" ("C" "R" "500.000")) ("100.000" "49.000" nil))))
+  ("Variante" ((("0.000" "50.000" nil) ("100.000" "51.000" nil)))))
+(preparer (plv-projet p "AEp" '((1000.0 50.0) (1100.0 51.0))) (plv-regler-seconde maniere))
+(tape ("PLV-PROJET" "AEp" "POints" "1000,49" "1050,50" "1100,49" "" "Rayon" "500" "C") (sauf "Il y a déjà" "Erreur"))
+(preparer (plv-regler-seconde nil))
+((if maniere (equal (ligne "AEp") 'attendu) (= (length (plv-elements-du-projet p "AEp")) 4)) T)
+((equal (mapcar '(lambda (v) (arrondis (plv-variante-suites p v))) (plv-variantes p))
+        (if (= maniere "Variante") '(((("0.000" "49.000") ("50.000" "50.000" ("C" "R" "500.000")) ("100.000" "49.000")))))) T)
+
+(situation "APersonIsAsked")
+(preparer (plv-projet p "AEp" '((1000.0 50.0) (1100.0 51.0))) (plv-regler-seconde "Demander"))
+(tape ("PLV-DESSINER" "AEp" "Remplacer" "1000;49" "") "Il y a déjà une ligne AEp [Remplacer/Suite/Variante/Ajouter] <Remplacer>: " "deux sommets au moins")
+((ligne "AEp") ((("0.000" "50.000" nil) ("100.000" "51.000" nil))))
+;; what goes on at the end of the line is one line with it; what lies over it is refused
+(tape ("PLV-DESSINER" "AEp" "Suite" "1100;51" "1200;50" "") (sauf "Erreur"))
+((ligne "AEp") ((("0.000" "50.000" nil) ("100.000" "51.000" nil) ("200.000" "50.000" nil))))
+(tape ("PLV-DESSINER" "AEp" "Suite" "1050;51" "1150;50" "") "deux parties de la ligne sont l'une sur l'autre entre les distances 50.000 et 100.000")
+((length (plv-elements-du-projet p "AEp")) 3)
+(tape ("PLV-DESSINER" "AEp" "S" "1100;51" "1200;50" "") "l'une sur l'autre")
+(preparer (plv-regler-seconde nil))
+
+(situation "VariantsTakeTheLinesPart")
+(preparer (plv-projet p "AEp" '((1000.0 50.0) (1100.0 51.0 ("P" "L" 40.0)) (1200.0 49.0))) (setq avant (ligne "AEp")))
+(tape ("PLV-SOMMETS" "AEp" "Garder" "Corriger" "2" "A" "50.5" "") "Variante 1 sur le calque PLV-VARIANTE-1." (sauf "Erreur"))
+;; the ground is 510 m2 over 50, the line nought, less 1.33 under the parabola, whose chords add 0.03; at its vertex it is 0.1 lower
+(tape ("PLV-VARIANTES" "ECH" "1")
+  "-             AEp   en place       3    200.01    -1.50 à 0.50     1.80 à 3.40     511.36            -" "La variante 1 est la ligne AEp, qui devient variante.")
+((equal (ligne "AEp") avant) T)
+((length (plv-variantes p)) 1)
+((cadr (car (arrondis (plv-variante-suites p (car (plv-variantes p)))))) ("100.000" "50.500" ("P" "L" "40.000")))
+(tape ("PLV-VARIANTES" "1") "La variante 1 est la ligne AEp.")
+((cadr (car (ligne "AEp"))) ("100.000" "50.500" ("P" "L" "40.000")))
+((plv-variantes p) nil)
