@@ -19,7 +19,7 @@
     (changements (base profil portes)
      plv-pc plv-changer-terrain plv-leve)
     (projet (base profil portes)
-     plv-raccords plv-parties plv-trace plv-sommets plv-projet-texte plv-projet plv-associer)
+     plv-raccords plv-parties plv-trace plv-sommets plv-projet-texte plv-projet plv-reconnaitre plv-associer)
     (tableaux (base profil plan)
      plv-types plv-definitions plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet
      plv-remplissage-terrains plv-remplissage-plan plv-devers plv-remplissage-blocs plv-cases plv-matrices plv-ligne-seule)

@@ -57,6 +57,12 @@
   (plv-dire "Courbes du projet:")
   (plv-projet-existant profil genre (ssget)))
 
+(defun plv-saisie:reconnues (profil genre / jeu)
+  (plv-dire "Courbes à reconnaître:")
+  (if (setq jeu (ssget))
+    (plv-projet-reconnu profil genre jeu (plv-demander-nombre-libre "Écart admis en m" 0.01 4))
+    (plv-erreur "aucune courbe choisie")))
+
 (defun plv-saisie:du-fichier (profil genre / chemin)
   (if (setq chemin (plv-demander-fichier "Fichier du projet")) (plv-projet-fichier profil genre chemin)))
 
@@ -67,6 +73,7 @@
   "The line's entities; nil where none was drawn."
   (cond ((= maniere "Fichier") (plv-saisie:du-fichier profil genre))
         ((= maniere "Existante") (plv-saisie:existantes profil genre))
+        ((= maniere "REconnue") (plv-saisie:reconnues profil genre))
         ((plv-saisie:des-sommets profil genre maniere))))
 
 (defun plv-saisie:projet (profil genre maniere)
@@ -78,7 +85,7 @@
     (progn
       (setq genre (plv-demander-genre "Projet"))
       (plv-saisie:projet profil genre
-        (plv-demander-mot "Tracer par" '("POints" "PEntes" "Dessiner" "Fichier" "Existante") "POints"))))
+        (plv-demander-mot "Tracer par" '("POints" "PEntes" "Dessiner" "Fichier" "Existante" "REconnue") "POints"))))
   (princ))
 
 (defun c:plv-dessiner (/ profil)
