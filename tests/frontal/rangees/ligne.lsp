@@ -227,6 +227,12 @@
 ((mapcar '(lambda (s) (plv-demande-mesure (plv-demande-de s))) (cdr (reverse (cdr (car (plv-lire-ligne p "Voirie")))))) ("L" "R"))
 (passe (tirer '("2" "C300P" "")))
 ((valeurs "Forme") ("" "P" "P" ""))
+;; and one is made by hand: the crown of R is R (1 / cos a - 1) under the vertex, a the half of the angle: 0.0562 for 500
+(passe (tirer '("2" "C0" "")))
+((valeurs "Rayon") ("" "" "1333.33" ""))
+(passe (tirer (list "2" "RA" (sur 50.0 (- 51.0 0.0562)) "")))
+((equal (atof (cadr (valeurs "Rayon"))) 500.0 5.0) T)
+(tape ("PLV-TIRER" "Voirie" "1" "RA" "(sur 10.0 50.0)" "" "") "Refusé: un raccordement est entre deux pentes.")
 
 (situation "WhatIsSeenWhileItIsDragged")
 (preparer (tracer) (command "ZOOM" "C" "600,350" "200")
