@@ -68,6 +68,7 @@
 ((cadr (plv-dessiner:montrer scene '(((20.0 50.0 nil)) nil) (sur 60.0 49.2)))
  ("station 1060.00" "altitude 49.20" "3.13 sous le terrain" "distance 40.00, longueur 40.01" "pente -2.00 % = -20.0 ‰ = -1/50.0" "pente ronde"))
 ((car (cadr (plv-dessiner:montrer scene '(((20.0 50.0 nil)) (("L" 25.0))) (sur 60.0 49.2)))) "station 1045.00")
+((cadr (plv-dessiner:montrer scene '(((40.0 50.0 nil) (20.0 50.0 nil)) nil) (sur 30.0 49.2))) ("refusé: les stations vont en croissant, et non à la distance 30.000"))
 ;; over two planes the line is in two pieces, and the mark follows: a vector is a pair of points
 ((length (car (plv-dessiner:montrer scene '(((20.0 50.0 nil)) nil) (sur 140.0 49.2)))) 14)
 
