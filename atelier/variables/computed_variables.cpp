@@ -130,7 +130,11 @@ Value highest(Document& d) {
 }
 
 // 1 for a program that runs between calls which answer a command.
-Value commandActive(Document& d) { return d.waitingCommand() ? 1 : 0; }
+// 1 for a command, 4 for answers that were given beforehand: of a script, a program, a file on the standard input.
+Value commandActive(Document& d) {
+  const InputSource* const source = d.prompter().source;
+  return (d.waitingCommand() ? 1 : 0) | (source && !source->isPerson() ? 4 : 0);
+}
 Value commandNames(Document& d) { return d.waitingCommand() ? std::string(d.waitingCommand()->name()) : std::string(); }
 
 Value lastPoint(Document& d) { return Point{d.prompter().lastPoint, false}; }

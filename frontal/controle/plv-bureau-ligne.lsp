@@ -1,19 +1,23 @@
 ;; What the window's table of a line shows, and what it asks while a value is typed. Nothing here changes the drawing.
 
+(defun plv-bureau-ligne:genres (lu)
+  "The kinds that have a line, from what was read of a profile."
+  (plv-uniques (mapcar 'cdr (vl-remove-if-not '(lambda (e) (plv-du-projet (car e))) (plv-cle 'elements lu)))))
+
 (defun plv-bureau-lignes ()
   "The lines of the drawing: (title handle kind), the current profile's first."
   (apply 'append
     (mapcar
-      '(lambda (profil)
-         (mapcar '(lambda (genre) (list (strcat genre ", profil " (plv-numero-profil profil)) (plv-handle profil) genre)) (plv-genres-du-projet profil)))
-      (vl-sort (vl-remove-if 'plv-refus-profil (plv-profils)) '(lambda (a b) (and (eq a plv-courant) (not (eq b plv-courant))))))))
+      '(lambda (lu)
+         (mapcar '(lambda (genre) (list (strcat genre ", profil " (plv-cle 'numero lu)) (plv-handle (plv-cle 'profil lu)) genre))
+           (plv-bureau-ligne:genres lu)))
+      (vl-sort (plv-bureau:lus) '(lambda (a b) (and (eq (plv-cle 'profil a) plv-courant) (not (eq (plv-cle 'profil b) plv-courant))))))))
 
-(defun plv-bureau-ligne-de (handle / entite profil)
+(defun plv-bureau-ligne-de (handle / entite lu)
   "(handle kind) of the line that a curve is part of; nil for none."
   (setq entite (handent handle)
-        profil (if (and entite (plv-courbe-p entite))
-                 (car (vl-member-if '(lambda (p) (plv-genre-de p entite)) (vl-remove-if 'plv-refus-profil (plv-profils))))))
-  (if (and profil (plv-du-projet entite)) (list (plv-handle profil) (plv-genre-de profil entite))))
+        lu (if entite (car (vl-member-if '(lambda (lu) (assoc entite (plv-cle 'elements lu))) (plv-bureau:lus)))))
+  (if (and lu (plv-du-projet entite)) (list (plv-handle (plv-cle 'profil lu)) (plv-cle entite (plv-cle 'elements lu)))))
 
 (defun plv-bureau-ligne:rangee (numero rang rangee origine cadre / place)
   "(number run lock (x y) texts)"
@@ -23,7 +27,7 @@
 
 (defun plv-bureau-ligne (handle genre / profil suites sol origine cadre numero rang rangees)
   "The rows of a line; nil for one that isn't there. Lines that can't be read as vertices are not told here."
-  (if (and (setq profil (handent handle)) (setq suites (plv-lire-ligne profil genre)))
+  (if (and (setq profil (handent handle)) (setq suites (plv-bureau:ligne-lue profil genre)))
     (progn
       (setq sol (plv-sol (plv-points-tn profil)) origine (plv-premiere-station profil) cadre (plv-cadre profil) numero 0 rang 0)
       (foreach suite suites
@@ -40,7 +44,9 @@
 
 (defun plv-bureau-ligne-faute (handle genre changements)
   "Why values (number field text) can't be given; nil when they can."
-  (if (handent handle) (plv-sommets-faute (handent handle) genre changements) "le profil n'est plus là"))
+  (if (handent handle)
+    (plv-sommets-faute (handent handle) (plv-bureau:ligne-lue (handent handle) genre) changements)
+    "le profil n'est plus là"))
 
 (defun plv-bureau-ligne-texte (handle genre)
   "The line for a spreadsheet: fields apart by tabs."
@@ -87,7 +93,7 @@
     (progn
       (setq profil (handent (car lieu)) cadre (plv-cadre profil))
       (mapcar '(lambda (prise) (plv-premiers (apply 'plv-vers-dessin (cons cadre (plv-prise-place prise))) 2))
-        (plv-prises (plv-lire-ligne profil (cadr lieu)))))))
+        (plv-prises (plv-bureau:ligne-lue profil (cadr lieu)))))))
 
 (defun plv-bureau-tirer (handle x y / lieu)
   "An order of the window: drags what stands there."

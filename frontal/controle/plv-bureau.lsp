@@ -1,10 +1,10 @@
 ;; What the window shows of profiles: the tree of its panel, the reading under the cursor, the fields of an entity.
 ;; Nothing here changes the drawing. What was read of the profiles is kept until plv-bureau-oublier.
-;; Shared in the room: plv-bureau:lus plv-bureau:plans-lus
+;; Shared in the room: plv-bureau:lus plv-bureau:plans-lus plv-bureau:ligne-lue
 
-(setq plv-bureau:arbre nil plv-bureau:lectures nil plv-bureau:vieilles nil)
+(setq plv-bureau:arbre nil plv-bureau:lectures nil plv-bureau:vieilles nil plv-bureau:lignes nil)
 
-(defun plv-bureau-oublier () (setq plv-bureau:arbre nil plv-bureau:lectures nil plv-bureau:vieilles nil))
+(defun plv-bureau-oublier () (setq plv-bureau:arbre nil plv-bureau:lectures nil plv-bureau:vieilles nil plv-bureau:lignes nil))
 
 ;; --- what isn't true any more, as (profile state ...), worked out once
 
@@ -106,6 +106,12 @@
 
 (defun plv-bureau:lus ()
   (cond (plv-bureau:lectures) ((setq plv-bureau:lectures (mapcar 'plv-bureau:lire (vl-remove-if 'plv-refus-profil (plv-profils)))))))
+
+(defun plv-bureau:ligne-lue (profil genre)
+  "The runs of a line."
+  (if (not (assoc (list profil genre) plv-bureau:lignes))
+    (setq plv-bureau:lignes (cons (cons (list profil genre) (plv-lire-ligne profil genre)) plv-bureau:lignes)))
+  (plv-cle (list profil genre) plv-bureau:lignes))
 
 (defun plv-bureau:origine (lu) (plv-cadre-origine (plv-cle 'cadre lu)))
 (defun plv-bureau:plans-lus (lu) (plv-cadre-plans (plv-cle 'cadre lu)))

@@ -1,17 +1,5 @@
 ;; A line as it would be drawn, while it isn't: vectors for the screen only.
 
-(defun plv-suite-en-points (suite raccords)
-  "The points (distance altitude) of a run with its vertical curves, which are as plv-raccords gives them."
-  (apply 'append
-    (mapcar '(lambda (s r) (if r (plv-traits:raccord r) (list (list (car s) (cadr s))))) suite raccords)))
-
-(defun plv-traits:raccord (raccord / nombre i points)
-  "Points on a curve so close that chords are a millimetre from it at most, within reason."
-  (setq nombre (fix (plv-entre (1+ (/ (plv-longueur raccord) (sqrt (* 0.008 (plv-partie-rayon raccord))))) 4 100)) i -1)
-  (repeat (1+ nombre)
-    (setq i (1+ i) points (cons (plv-cubique-en (plv-raccord-courbe raccord) (/ (float i) nombre)) points)))
-  (reverse points))
-
 (defun plv-traits:entre (changements a b / dedans)
   "Both points, and those where planes change between them."
   (foreach d changements

@@ -101,10 +101,15 @@
       (plv-ecrire-lignes (plv-demander-texte "Fichier à écrire" "ligne.csv") (plv-sommets-lignes profil genre))
       (plv-erreur (strcat "ce profil n'a pas de ligne " genre)))))
 
+(defun plv-sommets-questions:garder (profil genre)
+  (if (plv-lire-ligne profil genre)
+    (plv-variante-garder profil genre (plv-projet-sommets profil genre))
+    (plv-erreur (strcat "ce profil n'a pas de ligne " genre))))
+
 (setq plv-sommets-questions:actions
   '(("Lister" . plv-sommets-lister) ("Corriger" . plv-sommets-questions:corriger) ("Inserer" . plv-sommets-questions:inserer) ("Supprimer" . plv-sommets-questions:supprimer)
     ("Verrouiller" . plv-sommets-questions:verrouiller) ("INTerrompre" . plv-sommets-questions:interrompre) ("Joindre" . plv-sommets-questions:joindre)
-    ("Decaler" . plv-sommets-questions:decaler) ("Miroir" . plv-sommets-questions:refleter) ("Fichier" . plv-sommets-questions:fichier)))
+    ("Decaler" . plv-sommets-questions:decaler) ("Miroir" . plv-sommets-questions:refleter) ("Garder" . plv-sommets-questions:garder) ("Fichier" . plv-sommets-questions:fichier)))
 
 (defun plv-sommets-questions:demander-action (/ mots)
   "A word; nil for Enter."

@@ -17,38 +17,50 @@ after a message."
     (if (listp essai) (setq essai (plv-ligne-corriger essai (car c) (cadr c) (caddr c) sol origine))))
   (cond ((= (type essai) 'STR) essai) ((plv-ligne-faute profil essai)) (essai)))
 
-(defun plv-sommets-faute (profil genre changements / suites essai)
-  "Why values (number field text) can't be given, all together; nil when they can. Nothing is drawn."
-  (setq suites (plv-lire-ligne profil genre)
-        essai (if suites (plv-sommets-table:essai profil suites changements) "la ligne n'est plus là"))
+(defun plv-sommets-faute (profil suites changements / essai)
+  "Why values (number field text) can't be given to runs, all together; nil when they can. Nothing is drawn."
+  (setq essai (if suites (plv-sommets-table:essai profil suites changements) "la ligne n'est plus là"))
   (if (= (type essai) 'STR) essai))
 
 (defun plv-sommets-corriger (profil genre changements)
   "Gives values (number field text) to vertices. The line's entities, or nil after a message."
   (plv-ligne-editer profil genre '(lambda (suites sol) (plv-sommets-table:essai profil suites changements))))
 
-(defun plv-sommets-remplacer (profil genre lignes nom / sommets origine)
-  "The line of text lines, station;altitude;raccordement;forme, in place of the one that is there; nom: as messages call them."
-  (if (setq sommets (plv-sommets-des-lignes lignes nom))
-    (progn
-      (setq origine (plv-premiere-station profil))
-      (plv-ligne-ecrire profil genre
-        (list (mapcar '(lambda (s) (plv-sommet-de-ligne (- (car s) origine) (cadr s) (plv-demande-en-distances (plv-demande-de s) origine) nil)) sommets))))))
+(defun plv-sommets-remplacer (profil genre lignes nom / suites)
+  "The line of text lines, station;altitude;raccordement;forme, in place of the one that is there, an empty line between its runs; nom: as
+messages call them."
+  (setq suites (mapcar '(lambda (l) (plv-sommets-des-lignes l nom)) (plv-sommets-table:groupes lignes)))
+  (if (not (member nil suites))
+    (plv-ligne-ecrire profil genre
+      (mapcar '(lambda (suite) (plv-sommets-table:en-distances suite (plv-premiere-station profil))) suites))))
 
-(defun plv-sommets-lignes (profil genre / origine suites)
-  "The line as such text, what else is in the table behind it; its runs one after the other."
-  (setq origine (plv-premiere-station profil) suites (plv-lire-ligne profil genre))
-  (plv-sommets-table:completer
-    (plv-sommets-en-lignes (apply 'append suites) origine)
-    (plv-ligne-rangees (plv-sol (plv-points-tn profil)) suites) origine))
+(defun plv-sommets-table:en-distances (suite origine)
+  (mapcar '(lambda (s) (plv-sommet-de-ligne (- (car s) origine) (cadr s) (plv-demande-en-distances (plv-demande-de s) origine) nil)) suite))
+
+(defun plv-sommets-table:groupes (lignes / groupes groupe)
+  "The lines apart where there are empty ones."
+  (foreach l (append lignes '(""))
+    (if (= (vl-string-trim " \t;" l) "")
+      (if groupe (setq groupes (cons (reverse groupe) groupes) groupe nil))
+      (setq groupe (cons l groupe))))
+  (reverse groupes))
+
+(defun plv-sommets-lignes (profil genre / origine sol lignes)
+  "The line as such text, what else is in the table behind it."
+  (setq origine (plv-premiere-station profil) sol (plv-sol (plv-points-tn profil)))
+  (foreach suite (plv-lire-ligne profil genre)
+    (setq lignes (append lignes (if lignes '("")) (plv-sommets-table:lignes suite (plv-ligne-rangees sol (list suite)) origine))))
+  (cons (plv-sommets-table:titres) lignes))
 
 (setq plv-sommets-table:de-plus '("Profondeur" "Entree" "Sortie" "Longueur" "Rayon" "Raccordement" "Debut" "Fin" "Extremum"))
 
-(defun plv-sommets-table:completer (lignes rangees origine)
-  (cons
-    (plv-ligne-csv (cons (car lignes) '("profondeur" "entrée %" "sortie %" "longueur" "rayon" "longueur du raccordement" "début" "fin" "point haut ou bas")))
-    (mapcar
-      '(lambda (ligne rangee)
-         (plv-ligne-csv
-           (cons ligne (mapcar '(lambda (c) (plv-remplacer (plv-rangee-texte rangee c origine) " ; " " ")) plv-sommets-table:de-plus))))
-      (cdr lignes) rangees)))
+(defun plv-sommets-table:titres ()
+  (plv-ligne-csv (cons (car (plv-sommets-en-lignes nil 0.0))
+    '("profondeur" "entrée %" "sortie %" "longueur" "rayon" "longueur du raccordement" "début" "fin" "point haut ou bas"))))
+
+(defun plv-sommets-table:lignes (suite rangees origine)
+  (mapcar
+    '(lambda (ligne rangee)
+       (plv-ligne-csv
+         (cons ligne (mapcar '(lambda (c) (plv-remplacer (plv-rangee-texte rangee c origine) " ; " " ")) plv-sommets-table:de-plus))))
+    (cdr (plv-sommets-en-lignes suite origine)) rangees))

@@ -93,7 +93,7 @@
   (if (plv-maniere-variante maniere) (setq souhait (plv-souhait-en-variante souhait)))
   (if (plv-maniere-pas maniere) (setq souhait (plv-souhait-rond souhait (plv-maniere-pas maniere))))
   (cond
-    ((and (plv-maniere-variante maniere) (not (plv-optimal:place-variante-p profil))) nil)
+    ((and (plv-maniere-variante maniere) (not (plv-optimal-place-variante-p profil))) nil)
     ((= methode "Recherche")
      (plv-optimal-recherche profil genre souhait (plv-optimal:dessiner-p "Garder le tracé de la recherche")))
     ((= methode "Coût") (plv-optimal-cout profil genre souhait (plv-maniere-prix maniere)))

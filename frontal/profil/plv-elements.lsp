@@ -95,11 +95,14 @@
 (defun plv-situe-plan (situe) (caddr situe))
 (defun plv-situe-entite (situe) (cadddr situe))
 
-(defun plv-elements-situes (profil genre / plans)
+(defun plv-elements-situes (profil genre)
   "The project elements of a kind with their place, left to right."
+  (plv-courbes-situees profil (reverse (plv-elements-du-projet profil genre))))
+
+(defun plv-courbes-situees (profil courbes / plans)
   (setq plans (plv-plans profil))
   (vl-sort
-    (vl-remove nil (mapcar '(lambda (e) (plv-elements:situer plans (plv-pentes-de profil e) e)) (reverse (plv-elements-du-projet profil genre))))
+    (vl-remove nil (mapcar '(lambda (e) (plv-elements:situer plans (plv-pentes-de profil e) e)) courbes))
     '(lambda (a b) (< (plv-debut a) (plv-debut b)))))
 
 (defun plv-elements:situer (plans pentes entite / d1 d2)

@@ -95,3 +95,17 @@
               points (cons (plv-cubique-point (plv-dernier (car (plv-couper-cubique courbe d)))) points)))
       (reverse (cons (plv-cubique-point (plv-dernier courbe)) points)))
     (plv-partie-points partie)))
+
+;; --- a whole line as points
+
+(defun plv-suite-en-points (suite raccords)
+  "The points (distance altitude) of a run with its vertical curves, which are as plv-raccords gives them."
+  (apply 'append
+    (mapcar '(lambda (s r) (if r (plv-parties:points-raccord r) (list (list (car s) (cadr s))))) suite raccords)))
+
+(defun plv-parties:points-raccord (raccord / nombre i points)
+  "Points on a curve so close that chords are a millimetre from it at most, within reason."
+  (setq nombre (fix (plv-entre (1+ (/ (plv-longueur raccord) (sqrt (* 0.008 (plv-partie-rayon raccord))))) 4 100)) i -1)
+  (repeat (1+ nombre)
+    (setq i (1+ i) points (cons (plv-cubique-en (plv-raccord-courbe raccord) (/ (float i) nombre)) points)))
+  (reverse points))

@@ -150,13 +150,17 @@ look at a line must not make."
         (cons (list tr) suites))))
   (reverse (mapcar 'reverse suites)))
 
-(defun plv-projet-sommets (profil genre / cadre situes quelconques travees)
+(defun plv-projet-sommets (profil genre / situes quelconques)
   "The project line of a kind as lists of vertices, one for each run without a gap; distances from the profile's origin."
-  (setq cadre (plv-cadre profil)
-        situes (plv-elements-situes profil genre)
-        quelconques (vl-remove-if-not 'plv-sommets:echantillonne-p situes)
-        travees (vl-sort (apply 'append (mapcar '(lambda (s) (plv-sommets:travees profil cadre s)) situes))
-                         '(lambda (a b) (< (plv-debut a) (plv-debut b)))))
+  (setq situes (plv-elements-situes profil genre)
+        quelconques (vl-remove-if-not 'plv-sommets:echantillonne-p situes))
   (if quelconques
     (plv-dire (strcat "Courbes quelconques du genre " genre ": " (itoa (length quelconques)) ", rendues par des points.")))
+  (plv-sommets-des-situes profil situes))
+
+(defun plv-sommets-des-situes (profil situes / cadre travees)
+  "The vertices of situated curves, as those of a line."
+  (setq cadre (plv-cadre profil)
+        travees (vl-sort (apply 'append (mapcar '(lambda (s) (plv-sommets:travees profil cadre s)) situes))
+                         '(lambda (a b) (< (plv-debut a) (plv-debut b)))))
   (mapcar '(lambda (suite) (plv-sommets:de-travees suite (plv-changements (plv-cadre-plans cadre)))) (plv-sommets:suites travees)))

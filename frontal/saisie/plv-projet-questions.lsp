@@ -53,26 +53,42 @@
   (setq origine (plv-premiere-station profil))
   (mapcar '(lambda (s) (cons (+ origine (car s)) (cdr s))) (plv-dessiner-sommets profil)))
 
-(defun c:plv-projet (/ profil genre maniere sommets chemin)
-  "Trace une ligne de projet et l'attache au profil, par sommets tapés, désignés ou lus dans un fichier."
-  (if (setq profil (plv-choisir-profil))
-    (progn
-      (setq genre (plv-demander-genre "Projet")
-            maniere (plv-demander-mot "Tracer par" '("POints" "PEntes" "Dessiner" "Fichier" "Existante") "POints"))
-      (cond
-        ((= maniere "Fichier")
-         (if (setq chemin (plv-demander-fichier "Fichier du projet")) (plv-projet-fichier profil genre chemin)))
-        ((= maniere "Existante")
-         (plv-dire "Courbes du projet:")
-         (plv-projet-existant profil genre (ssget)))
-        ((setq sommets (plv-saisie:demander-sommets profil maniere))
-         (plv-projet profil genre sommets)))))
-  (princ))
+(defun plv-saisie:existantes (profil genre)
+  (plv-dire "Courbes du projet:")
+  (plv-projet-existant profil genre (ssget)))
 
-(defun c:plv-dessiner (/ profil genre sommets)
-  "Dessine une ligne de projet à la souris, sommet par sommet, ses nombres tapés à tout moment."
+(defun plv-saisie:reconnues (profil genre / jeu)
+  (plv-dire "Courbes à reconnaître:")
+  (if (setq jeu (ssget))
+    (plv-projet-reconnu profil genre jeu (plv-demander-nombre-libre "Écart admis en m" 0.01 4))
+    (plv-erreur "aucune courbe choisie")))
+
+(defun plv-saisie:du-fichier (profil genre / chemin)
+  (if (setq chemin (plv-demander-fichier "Fichier du projet")) (plv-projet-fichier profil genre chemin)))
+
+(defun plv-saisie:des-sommets (profil genre maniere / sommets)
+  (if (setq sommets (plv-saisie:demander-sommets profil maniere)) (plv-projet profil genre sommets)))
+
+(defun plv-saisie:tracer (profil genre maniere)
+  "The line's entities; nil where none was drawn."
+  (cond ((= maniere "Fichier") (plv-saisie:du-fichier profil genre))
+        ((= maniere "Existante") (plv-saisie:existantes profil genre))
+        ((= maniere "REconnue") (plv-saisie:reconnues profil genre))
+        ((plv-saisie:des-sommets profil genre maniere))))
+
+(defun plv-saisie:projet (profil genre maniere)
+  (plv-seconde-tracer profil genre (plv-seconde-maniere profil genre) '(lambda () (plv-saisie:tracer profil genre maniere))))
+
+(defun c:plv-projet (/ profil genre)
+  "Trace une ligne de projet et l'attache au profil, par sommets tapés, dessinés, désignés ou lus dans un fichier."
   (if (setq profil (plv-choisir-profil))
     (progn
       (setq genre (plv-demander-genre "Projet"))
-      (if (setq sommets (plv-saisie:dessiner profil)) (plv-projet profil genre sommets))))
+      (plv-saisie:projet profil genre
+        (plv-demander-mot "Tracer par" '("POints" "PEntes" "Dessiner" "Fichier" "Existante" "REconnue") "POints"))))
+  (princ))
+
+(defun c:plv-dessiner (/ profil)
+  "Dessine une ligne de projet à la souris, sommet par sommet, ses nombres tapés à tout moment."
+  (if (setq profil (plv-choisir-profil)) (plv-saisie:projet profil (plv-demander-genre "Projet") "Dessiner"))
   (princ))

@@ -79,17 +79,17 @@
   (plv-traits (plv-scene-cadre scene) 1
     (if (listp raccords) (plv-suite-en-points sommets raccords) sommets)))
 
-(defun plv-dessiner:montrer (scene etat point / place sommets marque)
+(defun plv-dessiner:montrer (scene etat point / place sommets faute)
+  "What a click at a point would give; the line as it is where it would be refused."
   (setq place (plv-frappe-place scene (plv-dessiner:dernier etat) (plv-dessiner:frappes etat)
-                (plv-vers-profil (plv-scene-cadre scene) point)))
-  (if (= (type place) 'STR)
-    (list nil (list place))
-    (progn
-      (setq sommets (cons (list (car place) (cadr place) nil) (plv-dessiner:sommets etat))
-            marque (plv-traits-marque (plv-scene-cadre scene) (if (= (caddr place) "") 2 3) place (plv-scene-pixels 5.0)))
-      (list (append (plv-dessiner:traits scene (vl-sort sommets '(lambda (a b) (< (car a) (car b))))) marque)
-            (append (plv-scene-lecture scene (plv-dessiner:dernier etat) place)
-                    (plv-dessiner:en-attente (plv-dessiner:frappes etat)))))))
+                (plv-vers-profil (plv-scene-cadre scene) point))
+        sommets (if (listp place) (cons (list (car place) (cadr place) nil) (plv-dessiner:sommets etat)))
+        faute (if (listp place) (plv-dessiner:faute scene sommets) place))
+  (if faute
+    (list (plv-dessiner:traits scene (plv-dessiner:sommets etat)) (list (strcat "refusé: " faute)))
+    (list (append (plv-dessiner:traits scene sommets)
+                  (plv-traits-marque (plv-scene-cadre scene) (if (= (caddr place) "") 2 3) place (plv-scene-pixels 5.0)))
+          (append (plv-scene-lecture scene (plv-dessiner:dernier etat) place) (plv-dessiner:en-attente (plv-dessiner:frappes etat))))))
 
 (defun plv-dessiner:en-attente (frappes)
   (if frappes (list (strcat "tapé: " (plv-joindre (mapcar '(lambda (f) (strcat (car f) " " (plv-reel (cadr f) 4))) frappes) ", ")))))

@@ -1,8 +1,8 @@
 ;; What a line becomes when a hold of it is moved to a place: runs, or the text of why not. The ways: Libre, Vertical, Horizontal, along the
-;; slope before or after the vertex (Entree, SOrtie); a slope is moved in parallel, its neighbours' slopes staying (Glisser) or not (Vertical).
+;; slope before or after the vertex (Entree, SOrtie), which may also get a curve through the place (RAccord); a slope is moved in parallel, its neighbours' slopes staying (Glisser) or not (Vertical).
 
 (defun plv-geste-facons (prise)
-  (cond ((= (plv-prise-quoi prise) "S") '("Libre" "Vertical" "Horizontal" "Entree" "SOrtie"))
+  (cond ((= (plv-prise-quoi prise) "S") '("Libre" "Vertical" "Horizontal" "Entree" "SOrtie" "RAccord"))
         ((= (plv-prise-quoi prise) "P") '("Vertical" "Glisser"))))
 
 (defun plv-geste-facon (suites prise / verrou)
@@ -78,8 +78,11 @@
 ;; --- a curve: through the place, with the measure that was asked
 
 (defun plv-geste:courbe (suites prise place / voisins s demande raccord)
-  (setq voisins (plv-ligne-voisins suites (plv-prise-premier prise)) s (cadr voisins) demande (plv-demande-de s)
-        raccord (plv-raccord (car voisins) s (caddr voisins) (list (plv-demande-forme demande) "P" (car place) (cadr place))))
+  (setq voisins (plv-ligne-voisins suites (plv-prise-premier prise)) s (cadr voisins)
+        demande (cond ((plv-demande-de s)) ('("C" "R" 0.0)))
+        raccord (if (and (car voisins) (caddr voisins))
+                  (plv-raccord (car voisins) s (caddr voisins) (list (plv-demande-forme demande) "P" (car place) (cadr place)))
+                  "un raccordement est entre deux pentes"))
   (if (= (type raccord) 'STR)
     raccord
     (plv-ligne-changer suites (plv-prise-premier prise)
@@ -94,7 +97,8 @@
 (defun plv-geste (suites prise facon place sol / essai)
   "The runs with a hold moved to a place (distance altitude)."
   (setq essai
-    (cond ((= (plv-prise-quoi prise) "S") (plv-geste:sommet suites prise facon place))
+    (cond ((= facon "RAccord") (plv-geste:courbe suites prise place))
+          ((= (plv-prise-quoi prise) "S") (plv-geste:sommet suites prise facon place))
           ((= (plv-prise-quoi prise) "P") (plv-geste:plage suites prise facon place))
           ((plv-geste:courbe suites prise place))))
   (cond ((= (type essai) 'STR) essai) ((plv-ligne-verrou-rompu suites essai sol)) (essai)))

@@ -5,14 +5,14 @@
 
 ;; --- one drag
 
-(defun plv-tirer:ou (scene suites prise frappes point / place avant)
-  "The place (distance altitude word) that a point and typed numbers mean, or text; a whole range is moved by what is clicked, exactly."
+(defun plv-tirer:ou (scene suites prise facon frappes point / place avant)
+  "The place (distance altitude word) that a point and typed numbers mean, or text; a range and a curve go where it is clicked, exactly."
   (setq avant (car (plv-ligne-voisins suites (plv-prise-premier prise)))
         place (if point (plv-vers-profil (plv-scene-cadre scene) point)))
-  (if (and point (not frappes) (/= (plv-prise-quoi prise) "S")) place (plv-frappe-place scene avant frappes place)))
+  (if (and point (not frappes) (or (= facon "RAccord") (/= (plv-prise-quoi prise) "S"))) place (plv-frappe-place scene avant frappes place)))
 
 (defun plv-tirer:essai (scene suites prise facon frappes point / place)
-  (setq place (plv-tirer:ou scene suites prise frappes point))
+  (setq place (plv-tirer:ou scene suites prise facon frappes point))
   (if (= (type place) 'STR) place (plv-geste suites prise facon (plv-premiers place 2) (plv-scene-sol scene))))
 
 (defun plv-tirer:completer (facon suites prise frappes / voisins s)

@@ -87,6 +87,42 @@ void surface(MainWindow& window, Driver& driver, const QString& folder) {
   driver.shot(name(folder, "bureau-terrain")).then(closeForm).play();
 }
 
+// A line drawn, dragged and shown as a table, all with the mouse, on a profile of its own.
+void line(MainWindow& window, Driver& driver, const QString& folder) {
+  driver.menu("Nouveau").type("(progn (plv-nouveau \"rue-du-moulin.csv\" \"1\" nil 10.0 2.5 nil nil) (princ))").play();
+  const auto at = [&window](double d, double z) {
+    const QString call = QString("(plv-vers-dessin (plv-cadre (car (plv-profils))) %1 %2)").arg(number(d), number(z));
+    const QVariantList p = ask(window.drawing()->document(), call).toList();
+    return QPointF(p.value(0).toDouble(), p.value(1).toDouble());
+  };
+  const auto pick = [&](double d, double z) { driver.pick(at(d, z).x(), at(d, z).y()); };
+  const auto hover = [&](double d, double z) { driver.hover(at(d, z).x(), at(d, z).y()); };
+  window.view()->zoomExtents();
+  driver.type("PLV-DESSINER").type("Assainissement");
+  pick(0, 140.9);
+  pick(100, 135.9);
+  driver.type("C1500");
+  hover(240, 130.3);
+  driver.shot(name(folder, "bureau-dessiner"));
+  pick(240, 130.3);
+  pick(319, 128.2);
+  driver.type("").play();
+  driver.then([&window] {
+    window.profiles().onShow(ask(window.drawing()->document(),
+                                 "(plv-handle (car (plv-elements-du-projet (car (plv-profils)) \"Assainissement\")))")
+                                 .toString());
+    window.view()->zoomExtents();
+  });
+  driver.play();
+  pick(100, 135.9);
+  hover(130, 133.6);
+  driver.shot(name(folder, "bureau-tirer"));
+  pick(130, 133.6);
+  driver.play();
+  driver.menu("Table des sommets").then([&window] { window.lineTable().cells().setCurrentCell(1, 2); });
+  driver.shot(name(folder, "bureau-sommets")).menu("Table des sommets").play();
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -113,6 +149,7 @@ int main(int argc, char** argv) {
   profile(window, driver, arguments[1]);
   pictures(window, driver, arguments[1]);
   surface(window, driver, arguments[1]);
+  line(window, driver, arguments[1]);
   window.close();
   return 0;
 }

@@ -111,6 +111,23 @@ class Serie:
     def edit_vertex(self):
         return [f"(if (and (setq e {self.element()}) (= (plv-type e) \"LWPOLYLINE\")) (bouger e 10 0.0 {self.rng.uniform(-6, 6):.3f}))"]
 
+    # A value of the line's table, a drag and a click of the mouse: the line is drawn again in the curves that it has.
+    def edit_cell(self):
+        field, text = self.rng.choice([("Altitude", f"{self.rng.uniform(46, 50):.3f}"), ("Profondeur", f"{self.rng.uniform(0, 2):.2f}"),
+                                       ("Entree", f"{self.rng.uniform(-9, 9):.2f}"), ("Rayon", str(self.rng.choice([0, 40, 80])))])
+        return [f'(plv-sommets-corriger p "{self.kind()}" \'(({self.rng.randint(1, 4)} "{field}" "{text}")))']
+
+    def edit_drag(self):
+        hold = self.rng.choice(["1", "2", "3", "1-2", "2-3", "C2"])
+        return [f'(dialoguer \'(lambda () (plv-tirer p "{self.kind()}")) (list "{hold}" (plv-vers-dessin (plv-cadre p) '
+                f'{self.rng.uniform(0, self.length):.2f} {self.rng.uniform(46, 50):.3f}) "" ""))']
+
+    def edit_inserted(self):
+        return [f'(plv-ligne-editer p "{self.kind()}" \'(lambda (suites sol) (plv-ligne-inserer suites {self.rng.uniform(0, self.length):.2f} nil)))']
+
+    def edit_taken_away(self):
+        return [f'(plv-ligne-editer p "{self.kind()}" \'(lambda (suites sol) (plv-ligne-supprimer suites 2)))']
+
     def edit_erase_element(self):
         return [f'(if (setq e {self.element()}) (command "_.ERASE" e ""))']
 

@@ -68,6 +68,7 @@
 ((cadr (plv-dessiner:montrer scene '(((20.0 50.0 nil)) nil) (sur 60.0 49.2)))
  ("station 1060.00" "altitude 49.20" "3.13 sous le terrain" "distance 40.00, longueur 40.01" "pente -2.00 % = -20.0 ‰ = -1/50.0" "pente ronde"))
 ((car (cadr (plv-dessiner:montrer scene '(((20.0 50.0 nil)) (("L" 25.0))) (sur 60.0 49.2)))) "station 1045.00")
+((cadr (plv-dessiner:montrer scene '(((40.0 50.0 nil) (20.0 50.0 nil)) nil) (sur 30.0 49.2))) ("refusé: les stations vont en croissant, et non à la distance 30.000"))
 ;; over two planes the line is in two pieces, and the mark follows: a vector is a pair of points
 ((length (car (plv-dessiner:montrer scene '(((20.0 50.0 nil)) nil) (sur 140.0 49.2)))) 14)
 
@@ -132,7 +133,7 @@
 (passe (plv-ligne-editer p "Voirie" '(lambda (suites sol) (plv-ligne-verrouiller suites 2 verrou))))
 ((plv-verrou (cadr (car (plv-lire-ligne p "Voirie")))) verrou)
 ((or (null 'attendu) (if (= (type 'attendu) 'STR)
-   (= (plv-sommets-faute p "Voirie" '((numero champ texte))) 'attendu)
+   (= (plv-sommets-faute p (plv-lire-ligne p "Voirie") '((numero champ texte))) 'attendu)
    (and (plv-sommets-corriger p "Voirie" '((numero champ texte)))
         (equal (plv-premiers (cadr (car (plv-lire-ligne p "Voirie"))) 2) 'attendu 1e-6)
         (= (plv-verrou (cadr (car (plv-lire-ligne p "Voirie")))) verrou)))) T)
@@ -146,7 +147,7 @@
   (((2 "Station" "1250")) "la distance 250.000 n'est pas dans le profil") (((2 "Station" "1180")) "les stations vont en croissant, et non à la distance 150.000")
   (((2 "Rayon" "3000") (3 "Raccordement" "120")) "les raccordements se chevauchent entre les distances 50.000 et 150.000")
   (((1 "Forme" "C")) "ce sommet n'a pas de raccordement") (((2 "Altitude" "52") (2 "Rayon" "-1")) "une valeur positive est attendue"))
-((plv-sommets-faute p "Voirie" 'changements) dit-on)
+((plv-sommets-faute p (plv-lire-ligne p "Voirie") 'changements) dit-on)
 (refuse (plv-sommets-corriger p "Voirie" 'changements) dit-on)
 ((equal (ligne "Voirie") avant) T)
 ((length (plv-elements-du-projet p "Voirie")) 6)
@@ -176,6 +177,11 @@
 (tape ("PLV-SOMMETS" "Voirie" "F" "E" "<dossier>l.csv" "D" "" "0" "-1" "F" "L" "<dossier>l.csv" "") "l.csv: 4 lignes" (sauf "Erreur"))
 ((equal (ligne "Voirie") avant) T)
 ((nth 1 (plv-lire-lignes "<dossier>l.csv")) "1000.000000;50.000000;;;2.000;;2.0000;50.000;;;;;")
+;; runs with gaps, too
+(tape ("PLV-SOMMETS" "Voirie" "INT" "1070" "1110" "F" "E" "<dossier>l.csv" "D" "" "0" "-1" "F" "L" "<dossier>l.csv" "") (sauf "Erreur"))
+((mapcar 'length (plv-lire-ligne p "Voirie")) (3 3))
+((cadr (cadr (cadr (ligne "Voirie")))) "50.000")
+(preparer (plv-ligne-editer p "Voirie" '(lambda (suites sol) (plv-ligne-supprimer (plv-ligne-joindre suites 1) 3))) (setq avant (ligne "Voirie")))
 (refuse (plv-sommets-remplacer p "Voirie" '("1000;50" "1100;x") "collé") "collé, ligne 2 illisible")
 (refuse (plv-sommets-remplacer p "Voirie" '("1000;50" "1100;51" "1050;50") "collé") "les stations vont en croissant")
 ((equal (ligne "Voirie") avant) T)
@@ -227,6 +233,12 @@
 ((mapcar '(lambda (s) (plv-demande-mesure (plv-demande-de s))) (cdr (reverse (cdr (car (plv-lire-ligne p "Voirie")))))) ("L" "R"))
 (passe (tirer '("2" "C300P" "")))
 ((valeurs "Forme") ("" "P" "P" ""))
+;; and one is made by hand: the crown of R is R (1 / cos a - 1) under the vertex, a the half of the angle: 0.0562 for 500
+(passe (tirer '("2" "C0" "")))
+((valeurs "Rayon") ("" "" "1333.33" ""))
+(passe (tirer (list "2" "RA" (sur 50.0 (- 51.0 0.0562)) "")))
+((equal (atof (cadr (valeurs "Rayon"))) 500.0 5.0) T)
+(tape ("PLV-TIRER" "Voirie" "1" "RA" "(sur 10.0 50.0)" "" "") "Refusé: un raccordement est entre deux pentes.")
 
 (situation "WhatIsSeenWhileItIsDragged")
 (preparer (tracer) (command "ZOOM" "C" "600,350" "200")
@@ -255,3 +267,113 @@
 (preparer (tracer))
 (tape ("PLV-TIRER" "Voirie" "I" "1100;50.2" "S" "2" "U2" "") "Illisible: U2")
 ((places) (("0.000" "50.000") ("100.000" "50.200") ("150.000" "50.000") ("200.000" "51.000")))
+
+;; --- a second line of a kind: scripts that say nothing get it added, as ever
+
+(situation "ASecondLineOfAKind")
+(tableau (maniere attendu)
+  (nil ((("0.000" "50.000" nil) ("100.000" "51.000" nil)) (("0.000" "49.000" nil) ("50.000" "50.000" ("C" "R" "500.000")) ("100.000" "49.000" nil))))
+  ("Remplacer" ((("0.000" "49.000" nil) ("50.000" "50.000" ("C" "R" "500.000")) ("100.000" "49.000" nil))))
+  ("Variante" ((("0.000" "50.000" nil) ("100.000" "51.000" nil)))))
+(preparer (plv-projet p "AEp" '((1000.0 50.0) (1100.0 51.0))) (plv-regler-seconde maniere))
+(tape ("PLV-PROJET" "AEp" "POints" "1000,49" "1050,50" "1100,49" "" "Rayon" "500" "C") (sauf "Il y a déjà" "Erreur"))
+(preparer (plv-regler-seconde nil))
+((if maniere (equal (ligne "AEp") 'attendu) (= (length (plv-elements-du-projet p "AEp")) 4)) T)
+((equal (mapcar '(lambda (v) (arrondis (plv-variante-suites p v))) (plv-variantes p))
+        (if (= maniere "Variante") '(((("0.000" "49.000") ("50.000" "50.000" ("C" "R" "500.000")) ("100.000" "49.000")))))) T)
+
+(situation "APersonIsAsked")
+(preparer (plv-projet p "AEp" '((1000.0 50.0) (1100.0 51.0))) (plv-regler-seconde "Demander"))
+(tape ("PLV-DESSINER" "AEp" "Remplacer" "1000;49" "") "Il y a déjà une ligne AEp [Remplacer/Suite/Variante/Ajouter] <Remplacer>: " "deux sommets au moins")
+((ligne "AEp") ((("0.000" "50.000" nil) ("100.000" "51.000" nil))))
+;; what goes on at the end of the line is one line with it; what lies over it is refused
+(tape ("PLV-DESSINER" "AEp" "Suite" "1100;51" "1200;50" "") (sauf "Erreur"))
+((ligne "AEp") ((("0.000" "50.000" nil) ("100.000" "51.000" nil) ("200.000" "50.000" nil))))
+(tape ("PLV-DESSINER" "AEp" "Suite" "1050;51" "1150;50" "") "deux parties de la ligne sont l'une sur l'autre entre les distances 50.000 et 100.000")
+((length (plv-elements-du-projet p "AEp")) 3)
+(tape ("PLV-DESSINER" "AEp" "S" "1100;51" "1200;50" "") "l'une sur l'autre")
+(preparer (plv-regler-seconde nil))
+
+(situation "VariantsTakeTheLinesPart")
+(preparer (plv-projet p "AEp" '((1000.0 50.0) (1100.0 51.0 ("P" "L" 40.0)) (1200.0 49.0))) (setq avant (ligne "AEp")))
+(tape ("PLV-SOMMETS" "AEp" "Garder" "Corriger" "2" "A" "50.5" "") "Variante 1 sur le calque PLV-VARIANTE-1." (sauf "Erreur"))
+;; the ground is 510 m2 over 50, the line nought, less 1.33 under the parabola, whose chords add 0.03; at its vertex it is 0.1 lower
+(tape ("PLV-VARIANTES" "ECH" "1")
+  "-             AEp   en place       3    200.01    -1.50 à 0.50     1.80 à 3.40     511.36            -" "La variante 1 est la ligne AEp, qui devient variante.")
+((equal (ligne "AEp") avant) T)
+((length (plv-variantes p)) 1)
+((cadr (car (arrondis (plv-variante-suites p (car (plv-variantes p)))))) ("100.000" "50.500" ("P" "L" "40.000")))
+(tape ("PLV-VARIANTES" "1") "La variante 1 est la ligne AEp.")
+((cadr (car (ligne "AEp"))) ("100.000" "50.500" ("P" "L" "40.000")))
+((plv-variantes p) nil)
+
+;; --- lines of other programs: 2 %, -1 % and 2 %, a circle of 500 and a parabola of 20 m between them
+
+(commun
+  (preparer
+    (setq exacts '((0.0 50.0) (50.0 51.0 ("C" "R" 500.0)) (150.0 50.0 ("P" "L" 20.0)) (200.0 51.0)))
+    (defun dessin (points) (mapcar '(lambda (q) (plv-vers-dessin (plv-cadre p) (car q) (cadr q))) points))
+    ;; the line by its formulas: from c1 to c2 the circle, whose centre stands on the uprights to both slopes there
+    (setq a1 (atan 0.02) a2 (atan 0.01) demi (* 0.5 (+ a1 a2)) tangente (* 500.0 (/ (sin demi) (cos demi)))
+          c1 (- 50.0 (* tangente (cos a1))) c2 (+ 50.0 (* tangente (cos a2)))
+          xc (+ c1 (* 500.0 (sin a1))) zc (- (+ 50.0 (* 0.02 c1)) (* 500.0 (cos a1))))
+    (defun z (d)
+      (cond ((< d c1) (+ 50.0 (* 0.02 d)))
+            ((< d c2) (+ zc (sqrt (- 250000.0 (expt (- d xc) 2)))))
+            ((< d 140.0) (- 51.0 (* 0.01 (- d 50.0))))
+            ((< d 160.0) (+ 50.1 (* -0.01 (- d 140.0)) (* 0.5 (/ 0.03 20.0) (expt (- d 140.0) 2))))
+            ((+ 50.0 (* 0.02 (- d 150.0))))))
+    (defun semis (a b pas / points d) (setq d a) (while (< d (- b 1e-6)) (setq points (cons (list d (z d)) points) d (+ d pas))) (reverse (cons (list b (z b)) points)))
+    (defun reconnu (jeu) (dialoguer 'c:plv-projet (list "Voirie" "REconnue" jeu "" "0.005")) (car (plv-lire-ligne p "Voirie")))
+    (defun arrondi (s) (list (plv-reel (car s) 2) (plv-reel (cadr s) 2) (if (caddr s) (list (car (caddr s)) (plv-reel (nth 2 (caddr s)) 0)))))))
+
+(situation "ChordsAreCurvesAgain")
+(preparer
+  (setq a (plv-polyligne "0" (dessin (append '((0.0 50.0)) (semis c1 c2 1.5) '((100.0 50.5) (120.0 50.3)))))
+        b (plv-polyligne "0" (mapcar '(lambda (q) (plv-vers-dessin-sur (plv-cadre p) '(120.0 40.0) (car q) (cadr q)))
+                               (append '((120.0 50.3)) (semis 140.0 160.0 2.0) '((180.0 50.6) (200.0 51.0)))))))
+((mapcar 'arrondi (reconnu (plv-jeu (list a b))))
+ (("0.00" "50.00" nil) ("50.00" "51.00" ("C" "500")) ("150.00" "50.00" ("P" "20")) ("200.00" "51.00" nil)))
+
+;; An arc of the drawing is an ellipse's of the profile, very near a circle's and a parabola's; a spline through points of the circle is the circle.
+(situation "ArcsAndSplinesAreCurvesAgain")
+(preparer
+  (setq debut (car (dessin '((30.0 50.6)))) fin (car (dessin '((70.2950 50.79705)))) sommet (car (dessin '((50.0 51.0))))
+        quart (* 0.25 (- (angle sommet fin) (angle debut sommet) pi pi))
+        arc (entmakex (list '(0 . "LWPOLYLINE") '(100 . "AcDbEntity") '(100 . "AcDbPolyline") '(90 . 4) '(70 . 0)
+                            (cons 10 (car (dessin '((0.0 50.0))))) (cons 10 debut) (cons 42 (/ (sin quart) (cos quart))) (cons 10 fin)
+                            (cons 10 (car (dessin '((110.0 50.4))))))))) ; both tangents are 20.396 units long
+(tape ("PLV-PROJET" "Voirie" "REconnue" "(plv-jeu (list arc))" "" "0.01") "m à la station" (sauf "Erreur"))
+((length (car (plv-lire-ligne p "Voirie"))) 3)
+((mapcar '(lambda (s) (plv-premiers (arrondi s) 2)) (car (plv-lire-ligne p "Voirie"))) (("0.00" "50.00") ("50.00" "51.00") ("110.00" "50.40")))
+(refuse (plv-projet-reconnu p "AEp" (plv-jeu (list arc)) 1e-9) "la ligne reconnue s'écarte de")
+((plv-lire-ligne p "AEp") nil)
+(preparer
+  (setq lisse (entmakex (append '((0 . "SPLINE") (100 . "AcDbEntity") (100 . "AcDbSpline") (70 . 8) (71 . 3) (74 . 9) (44 . 1e-10))
+                                (mapcar '(lambda (q) (cons 11 q)) (dessin (semis c1 c2 (/ (- c2 c1) 8.0)))))))
+  (setq droites (list (plv-polyligne "0" (dessin (list '(0.0 50.0) (list c1 (z c1))))) (plv-polyligne "0" (dessin (list (list c2 (z c2)) '(100.0 50.5)))))))
+(passe (plv-projet-reconnu p "Generique" (plv-jeu (cons lisse droites)) 0.005))
+((mapcar '(lambda (s) (plv-premiers (arrondi s) 2)) (car (plv-lire-ligne p "Generique"))) (("0.00" "50.00") ("50.00" "51.00") ("100.00" "50.50")))
+;; the curves stay; a closed one is refused by its name
+((and (plv-existe lisse) (plv-existe arc)) T)
+(preparer (setq c (entmakex '((0 . "CIRCLE") (10 550.0 350.0 0.0) (40 . 5.0)))))
+(refuse (plv-projet-reconnu p "AEp" (plv-jeu (list c)) 0.01) "au lieu d'une ligne")
+
+;; Lines of random vertices and curves, drawn as chords by another program, come back vertex by vertex.
+(situation "RandomLinesComeBack")
+(fichier "plat.csv" "0;55\n600;55\n")
+(preparer
+  (setq p (plv-nouveau "<dossier>plat.csv" "9" '(0.0 9000.0 0.0) 10.0 2.5 500.0 nil) graine 12345)
+  (defun alea (a b) (setq graine (rem (+ (* graine 1103.0) 12345.0) 65536.0)) (+ a (* (- b a) (/ graine 65536.0))))
+  (defun hasard (/ d sommets)
+    (setq d 0.0 sommets '((0.0 50.0 nil)))
+    (repeat 5
+      (setq d (+ d (alea 60.0 100.0))
+            sommets (cons (list d (alea 48.0 52.0) (if (> (alea 0 1) 0.3) (list (if (> (alea 0 1) 0.5) "C" "P") "L" (alea 15.0 50.0)))) sommets)))
+    (reverse (cons '(600.0 50.0 nil) sommets)))
+  (defun cordes (sommets) (apply 'append (mapcar '(lambda (s r) (if r (plv-reconnaitre:de-cubique (plv-raccord-courbe r) 12) (list s))) sommets (plv-raccords sommets))))
+  (defun revient-p (sommets / lus)
+    (setq lus (plv-reconnaitre-courbes p (list (plv-polyligne "0" (dessin (cordes sommets)))) 0.005))
+    (and (listp lus) (= (length (caar lus)) (length sommets))
+         (vl-every '(lambda (a b) (and (equal (car a) (car b) 1e-6) (equal (cadr a) (cadr b) 1e-6) (= (null (caddr a)) (null (caddr b))))) (caar lus) sommets))))
+((progn (setq bons 0) (repeat 20 (if (revient-p (hasard)) (setq bons (1+ bons)))) bons) 20)
