@@ -1,17 +1,27 @@
 ;; Messages, numbers, texts and lists that every room uses.
 ;; A function that can't do its work says why with plv-erreur, which gives nil.
 
+(setq plv-outils:essai nil plv-outils:plainte nil)
+
 (defun plv-dire (texte)
   "Prints a line for the user."
-  (princ (strcat "\n" texte))
+  (if (not plv-outils:essai) (princ (strcat "\n" texte)))
   (princ))
 
 (defun plv-erreur (texte)
   "Says what went wrong; nil. A host that counts failures is told."
-  (if (boundp 'echec)
-    (echec (strcat "Erreur: " texte))
-    (princ (strcat "\nErreur: " texte "\n")))
+  (cond
+    (plv-outils:essai (setq plv-outils:plainte (cond (plv-outils:plainte) (texte))))
+    ((boundp 'echec) (echec (strcat "Erreur: " texte)))
+    (T (princ (strcat "\nErreur: " texte "\n"))))
   nil)
+
+(defun plv-essayer (fonction arguments / dehors resultat plainte)
+  "(value complaint): what a function gives, and the first thing that it would have complained of. Nothing is said."
+  (setq dehors plv-outils:essai plv-outils:essai T plv-outils:plainte nil
+        resultat (vl-catch-all-apply fonction arguments)
+        plainte plv-outils:plainte plv-outils:essai dehors plv-outils:plainte nil)
+  (if (vl-catch-all-error-p resultat) (list nil (vl-catch-all-error-message resultat)) (list resultat plainte)))
 
 (defun plv-colonnes (textes largeurs)
   "A line of a table, columns to the right."

@@ -15,21 +15,21 @@
      plv-choses:traits plv-choses:terrain nil plv-refaire-terrain nil)
     ("TABLEAUX" plv-choses:mots-tableaux ("definition" "textes" "longueur")
      plv-choses:references plv-choses:tableaux nil plv-refaire-tableaux (plv-lever-tableaux plv-remettre-tables))
-    ("RAPPELS" plv-choses:mots-rappels ("altitudes" "plans" "echelle")
+    ("RAPPELS" plv-choses:mots-rappels ("distances" "altitudes" "plans" "echelle")
      plv-choses:rappels nil nil plv-refaire-rappels nil)
     ("RANGEE" plv-choses:mots-rangee plv-choses:sources-rangee
      plv-choses:reference nil nil plv-refaire-rangees (plv-lever-rangees plv-remettre-tables))
-    ("COTES" plv-choses:mots-cotes ("echelle" "textes" "plans" "courbe" "sol-courbe")
+    ("COTES" plv-choses:mots-cotes ("echelle" "textes" "plans" "courbe" "sol-courbe" "voisines")
      plv-choses:textes plv-choses:cotes nil plv-refaire-cotes (plv-lever-cotes plv-remettre-cotes))
     ("HABILLAGE" plv-choses:mots-habillage ("style" "echelle" "textes" "plans" "origine" "terrain" "terrains" "projets" "blocs")
      plv-choses:habillage nil nil plv-refaire-habillages nil)
-    ("HACHURES" plv-choses:mots-hachures ("classes" "contours" "sol-contours" "plans-lignes")
+    ("HACHURES" plv-choses:mots-hachures ("classes" "contours" "arcs-lignes" "sol-contours" "plans-lignes")
      plv-choses:surfaces plv-choses:hachures plv-choses:sans-ligne plv-refaire-hachures nil)
-    ("LEGENDE" plv-choses:mots-legende ("numero" "textes" "classes" "lignes-jointes" "sol-lignes")
+    ("LEGENDE" plv-choses:mots-legende ("numero" "textes" "classes" "lignes-jointes" "arcs-lignes" "sol-lignes")
      plv-choses:blocs plv-choses:legendes plv-choses:sans-ligne plv-refaire-legendes nil)
     ("PLAN" plv-choses:mots-plan ("axe" "fleches" "blocs-portes" "textes")
      plv-choses:portees plv-choses:plan plv-choses:sans-axe plv-refaire-plan nil)
-    ("CLASSEUR" plv-choses:mots-classeur ("fichier" "numero" "origine" "classes" "lignes" "sol-lignes" "fixes")
+    ("CLASSEUR" plv-choses:mots-classeur ("fichier" "numero" "origine" "classes" "lignes" "arcs-lignes" "sol-lignes" "fixes")
      plv-choses:du-fichier nil plv-choses:sans-ligne plv-refaire-classeurs nil)
     ("EXPORT" plv-choses:mots-export plv-choses:sources-export
      plv-choses:du-fichier nil plv-choses:sans-projet plv-refaire-exports nil)
@@ -124,6 +124,9 @@
 (defun plv-courbes-cotees (profil)
   "The curves that have dimensions, nil among them when one is gone."
   (plv-uniques (mapcar 'plv-cote-courbe (plv-choses:cotes-posees profil))))
+
+(defun plv-courbes-cotees-du-genre (profil genre)
+  (vl-remove-if-not '(lambda (e) (and e (= (plv-genre-de profil e) genre))) (plv-courbes-cotees profil)))
 
 (defun plv-choses:cotes (profil) (mapcar '(lambda (courbe) (plv-fait "COTES" nil courbe nil)) (plv-courbes-cotees profil)))
 

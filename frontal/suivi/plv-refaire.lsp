@@ -28,7 +28,7 @@
 
 (defun plv-refaire:fichier (profil chemin / provisoire)
   "The definition file, or a temporary one that says the same as the drawing: (name temporary)."
-  (if (findfile chemin)
+  (if (plv-chemin-definition chemin)
     (list chemin nil)
     (progn
       (setq provisoire (vl-filename-mktemp "plv.txt"))
@@ -52,8 +52,8 @@
     (plv-ajuster-rappels profil)
     (progn
       (plv-effacer (plv-lignes-rappel profil))
-      (plv-noter-ajouts profil (plv-tracer-rappels profil points))
-      (plv-noter-fait profil "RAPPELS" nil nil nil)))
+      (plv-noter-ajouts profil (plv-tracer-rappels profil points))))
+  (plv-noter-fait profil "RAPPELS" nil nil nil)
   T)
 
 (defun plv-refaire-rangees (profil faits / courant bilans)

@@ -1,5 +1,6 @@
 // One drawing is in front and current; its running command must end before another comes to the front.
 #include "atelier/desktop/window/main_window.h"
+#include "atelier/desktop/forms/form_command.h"
 
 #include <QApplication>
 #include <QColorDialog>
@@ -163,6 +164,8 @@ void MainWindow::afterReplacement(Tab& tab) {
 void MainWindow::perform(const QString& action) {
   if (action.startsWith('@')) return windowAction(action.mid(1));
   const QStringList lines = action.split('|');
+  if (Drawing* d = drawing(); d && lines.size() == 1 && CommandForm::exists(*d, action))
+    return whenIdle([this, action] { (new CommandForm(*drawing(), action, this))->open(); });
   if (Drawing* d = drawing(); d && !d->isRunning()) d->lastLine = lines.front();
   carryOut(lines);
 }
