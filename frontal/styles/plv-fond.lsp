@@ -49,7 +49,9 @@
   (foreach section (plv-sections-de-plan profil) (plv-fond:altitudes profil section hauteur))
   (foreach d (plv-fond:rondes profil (plv-fond:pas-stations (plv-style-grille))) (plv-fond:station profil noms d hauteur)))
 
-;; --- the ground: a tone below its line
+;; --- the ground: a tone below its line, in steps that lie over each other, darkest at the line
+
+(setq plv-fond:degres '(1.0 0.6 0.3))
 
 (defun plv-fond:sans-lacunes (etendue lacunes / restes)
   "What gaps leave of a stretch."
@@ -77,7 +79,8 @@
   (setq cadre (plv-cadre profil) points (plv-points-tn profil) sol (plv-style-sol))
   (foreach section (plv-sections-de-plan profil)
     (foreach etendue (plv-fond:sans-lacunes (list (plv-plan-debut section) (plv-section-fin section)) (plv-lacunes profil))
-      (plv-fond:bande cadre section points etendue (plv-mm (car sol)) (cadr sol)))))
+      (foreach part plv-fond:degres
+        (plv-fond:bande cadre section points etendue (* part (plv-mm (car sol))) (/ (cadr sol) (length plv-fond:degres)))))))
 
 ;; --- axes of inner planes: their altitudes on the side where more of them are free
 

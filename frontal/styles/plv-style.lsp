@@ -100,7 +100,7 @@
 (defun plv-style:donner (calque champs / groupes couleur)
   "Colour, line type and weight of a row to a layer."
   (setq couleur (plv-style:couleur champs))
-  (if (not (cdr couleur)) (plv-style:numero calque (car couleur)))
+  (if (and (not (cdr couleur)) (assoc 420 (entget (tblobjname "LAYER" calque)))) (plv-style:numero calque (car couleur)))
   (setq groupes (vl-remove-if '(lambda (g) (member (car g) '(62 420 6 370))) (entget (tblobjname "LAYER" calque))))
   (entmod
     (append groupes

@@ -101,9 +101,10 @@
 
 (situation "TheGroundIsTonedButNotInGaps")
 (preparer (plv-ecrire-lacunes p '((40.0 80.0))) (plv-style "<dossier>s.txt" nil 1000.0))
-((compte "PLV-SOL" "HATCH") 2)
+;; three steps of tone before the gap, three behind it
+((compte "PLV-SOL" "HATCH") 6)
 (preparer (setq boites (vl-sort (mapcar 'plv-boite (plv-entites-du-jeu (ssget "X" '((8 . "PLV-SOL"))))) '(lambda (a b) (< (car a) (car b))))))
-((mapcar '(lambda (b) (list (car b) (caddr b))) boites) ((1000.0 1040.0) (1080.0 1200.0)))
+((plv-uniques (mapcar '(lambda (b) (list (car b) (caddr b))) boites)) ((1000.0 1040.0) (1080.0 1200.0)))
 
 (situation "NamesOfPlanesStandBesideEachOther")
 ;; three sections within 20 m: a name takes 17 m at texts of 2.5
