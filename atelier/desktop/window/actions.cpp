@@ -79,7 +79,7 @@ constexpr ActionRow kRows[] = {
     {"&Profil", "Cartouche des feuilles", nullptr, nullptr, "PLV-CARTOUCHE"},
     {"&Profil", "Feuilles en présentations", nullptr, nullptr, "PLV-PRESENTATIONS"},
     {"&Profil", "Aperçu des feuilles et impression", nullptr, nullptr, "PLV-APERCU"},
-    {"&Profil", "&Feuilles en PDF", nullptr, "tracer", "PLV-FEUILLES"},
+    {"&Profil", "&Feuilles en PDF...", nullptr, "tracer", "PLV-FEUILLES"},
     {"&Profil", "Page à parta&ger...", nullptr, nullptr, "PLV-PAGE"},
     {"&Profil", "&Exporter...", nullptr, nullptr, "PLV-EXPORT"},
     {"&Profil", nullptr, nullptr, nullptr, nullptr},

@@ -137,3 +137,13 @@
   ('("maniere" "Courbes du dessin") "courbes" "des courbes du dessin sont attendues"))
 ((= 'STR (type (cadr (assoc cle (fautes "PLV-PROJET" changees))))) T)
 ((or (not attendu) (= attendu (cadr (assoc cle (fautes "PLV-PROJET" changees))))) T)
+
+(situation "SheetsAreCountedBeforeTheyArePlotted")
+(preparer (command "_.QSAVE" "<dossier>f.dxf"))
+((car (caddr (plv-fiche-regarder "PLV-FEUILLES" (reponses "PLV-FEUILLES" '("echelle" "2000"))))) "1 feuille au 1:2000.")
+;; the look leaves the drawing alone
+((getvar "DBMOD") 0)
+((wcmatch (cadr (assoc "echelle" (fautes "PLV-FEUILLES" '("format" "A4" "echelle" "50")))) "*de haut à l'échelle 1:50*") T)
+((cadr (assoc "modele" (fautes "PLV-FEUILLES" '("format" "Fichier" "modele" "rien.dxf")))) "fichier introuvable: rien.dxf")
+(dit (faire "PLV-FEUILLES" '("echelle" "2000" "fichier" "<dossier>f.pdf")) "1 feuille au 1:2000.")
+((not (findfile "<dossier>f.pdf")) nil)
