@@ -62,7 +62,7 @@
     (ensemble (base profil plan metres)
      plv-ensemble plv-profil-entier)
     (controle (base profil tableaux ligne souris echange suivi)
-     plv-rapport plv-audit plv-bureau plv-bureau-ligne plv-survol)))
+     plv-rapport plv-audit plv-bureau plv-proprietes plv-bureau-ligne plv-survol)))
 
 (foreach salle plv-salles
   (foreach fichier (cddr salle)

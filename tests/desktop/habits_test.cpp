@@ -184,4 +184,30 @@ TEST_F(Habits, TheGuideOpensAtTheRunningCommand) {
   line().clear();
 }
 
+// A text is edited by a double click, a value in the panel; of several objects what they have in common.
+TEST_F(Habits, PropertiesAreEditedForOneOrMany) {
+  driver.type("TEXT").type("20,20").type("5").type("0").type("ancien").type("CIRCLE").type("70,30").type("8").play();
+  const auto change = [&](const QString& name, const QString& value) {
+    auto& panel = window.properties();
+    for (int row = 0; row < panel.rowCount(); ++row)
+      if (panel.item(row, 0)->text() == name) panel.item(row, 1)->setText(value);
+    driver.play();
+  };
+  driver.pick(22, 22).play();
+  ASSERT_EQ(window.view()->selection().size(), 1u);
+  EXPECT_TRUE(window.properties().editField("Texte"));
+  EXPECT_FALSE(window.properties().editField("Handle"));
+  change("Texte", "nouveau");
+  EXPECT_EQ(lisp("(cdr (assoc 1 (entget (ssname (ssget \"X\" '((0 . \"TEXT\"))) 0))))").toString(), "nouveau");
+  change("Hauteur ou rayon", "2,5");
+  EXPECT_EQ(lisp("(cdr (assoc 40 (entget (ssname (ssget \"X\" '((0 . \"TEXT\"))) 0))))").toDouble(), 2.5);
+  driver.menu("Sélectionner tout").play();
+  change("Couleur", "3");
+  EXPECT_EQ(lisp("(sslength (ssget \"X\" '((62 . 3))))").toInt(), 2);
+  change("Calque", "NULLE-PART");
+  EXPECT_TRUE(history().contains("il n'y a pas de calque NULLE-PART")) << history().toStdString();
+  change("Couleur", "DuCalque");
+  EXPECT_EQ(lisp("(if (ssget \"X\" '((62 . 3))) 1 0)").toInt(), 0);
+}
+
 }  // namespace

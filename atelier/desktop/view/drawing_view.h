@@ -47,6 +47,7 @@ class DrawingView : public QWidget {
   QString hint() const { return hint_; }
   bool isSettled() const { return !painter_.isPainting() && picture_.viewport == viewport(); }
 
+  std::function<bool()> onEdit;  // a double click on the one selected object; false when there is nothing to edit
   std::function<void(const AcGePoint3d&)> onMoved;
   std::function<void()> onSelection;
   // The grips of an entity that a program moves as part of something larger; nothing for any other. A press on one is told.

@@ -200,6 +200,8 @@ void DrawingView::mouseReleaseEvent(QMouseEvent* event) {
 
 void DrawingView::mouseDoubleClickEvent(QMouseEvent* event) {
   if (event->button() == Qt::MiddleButton) zoomExtents();
+  else if (event->button() == Qt::LeftButton && !drawing_.isRunning() && selection_.size() == 1 && onEdit && onEdit())
+    return;
   else mousePressEvent(event);
 }
 

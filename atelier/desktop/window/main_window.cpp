@@ -97,6 +97,7 @@ void MainWindow::wire(Tab& tab) {
   drawing.onDone = [this, &tab] { afterCommand(tab); };
   drawing.onQuit = [this, &tab] { quit(tab); };
   drawing.onReplaced = [this, &tab] { afterReplacement(tab); };
+  tab.view->onEdit = [this] { return properties_->editField(QStringLiteral("Texte")); };
   tab.view->onMoved = [this, &drawing](const AcGePoint3d& point) { moved(drawing, point); };
   tab.view->onSelection = [this, &tab] {
     properties_->show(tab.drawing.get(), tab.view->selection());

@@ -53,8 +53,14 @@ void MainWindow::buildPanels() {
     commands_->setFocus();
   };
   profiles_->onChoose = [this](const QString& handle) { chooseProfile(handle); };
+  properties_->onChange = [this](const QString& handles, int code, const QString& value) {
+    const QString call =
+        QString("(progn (plv-bureau-changer %1 %2 %3) (princ))").arg(handles).arg(code).arg(quoted(value));
+    if (Drawing* d = drawing()) d->feed({{call.toStdString(), {}, "Propriétés"}});
+  };
   profiles_->onOperate = [this](const QString& handle, const QString& operation) {
-    const QString call = "(progn (plv-operer-profil (handent " + quoted(handle) + ") " + quoted(operation) + ") (princ))";
+    const QString call =
+        "(progn (plv-operer-profil (handent " + quoted(handle) + ") " + quoted(operation) + ") (princ))";
     if (Drawing* d = drawing()) d->feed({{call.toStdString(), {}, "PLV-PROFIL"}});
   };
   commands_->onLine = [this](const QString& line) { answer(line); };
