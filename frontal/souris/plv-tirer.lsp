@@ -129,10 +129,10 @@
   (if prise (plv-tirer-prise scene profil genre suites prise))
   (plv-suivre-fin))
 
-(defun c:plv-tirer (/ profil genre)
+(defun c:plv-tirer (/ profil genre faute)
   "Tire à la souris les sommets, les pentes et les raccordements d'une ligne de projet."
   (if (setq profil (plv-choisir-profil))
     (progn
       (setq genre (plv-demander-genre (plv-genre-propose profil)))
-      (if (plv-lire-ligne profil genre) (plv-tirer profil genre) (plv-erreur (strcat "ce profil n'a pas de ligne " genre)))))
+      (if (setq faute (plv-ligne-refus profil genre)) (plv-erreur faute) (plv-tirer profil genre))))
   (princ))

@@ -377,3 +377,18 @@
     (and (listp lus) (= (length (caar lus)) (length sommets))
          (vl-every '(lambda (a b) (and (equal (car a) (car b) 1e-6) (equal (cadr a) (cadr b) 1e-6) (= (null (caddr a)) (null (caddr b))))) (caar lus) sommets))))
 ((progn (setq bons 0) (repeat 20 (if (revient-p (hasard)) (setq bons (1+ bons)))) bons) 20)
+
+;; A curve that vertices can't tell isn't turned into points by the way: the line is left, and it is said how it becomes one of vertices.
+(situation "LinesOfOtherProgramsAreLeftAsTheyAre")
+(preparer
+  (setq arc (entmakex (list '(0 . "LWPOLYLINE") '(100 . "AcDbEntity") '(100 . "AcDbPolyline") '(90 . 3) '(70 . 0)
+                            (cons 10 (sur 0.0 50.0)) (cons 10 (sur 30.0 50.6)) '(42 . -0.1) (cons 10 (sur 70.0 50.8)))))
+  (plv-admettre p "AEp" (list arc)) (setq avant (entget arc)))
+(refuse (plv-sommets-corriger p "AEp" '((1 "Altitude" "49"))) "la ligne AEp a des courbes d'un autre programme (la polyligne" "REconnue de PLV-PROJET")
+(tape ("PLV-TIRER" "AEp") "la ligne AEp a des courbes d'un autre programme")
+((plv-bureau-prises (plv-handle arc)) nil)
+((equal (entget arc) avant) T)
+;; straight ones are vertices, whoever drew them
+(passe (plv-admettre p "Voirie" (list (plv-polyligne "0" (list (sur 0.0 50.0) (sur 50.0 51.0) (sur 100.0 50.0))))))
+(passe (plv-sommets-corriger p "Voirie" '((2 "Altitude" "51.5"))))
+((cadr (car (ligne "Voirie"))) ("50.000" "51.500" nil))
