@@ -1,5 +1,6 @@
 ;; What a line becomes when a hold of it is moved to a place: runs, or the text of why not. The ways: Libre, Vertical, Horizontal, along the
-;; slope before or after the vertex (Entree, SOrtie), which may also get a curve through the place (RAccord); a slope is moved in parallel, its neighbours' slopes staying (Glisser) or not (Vertical).
+;; slope before or after the vertex (Entree, SOrtie), which may also get a curve through the place (RAccord); a slope is moved in parallel,
+;; its neighbours' slopes staying (Glisser) or not (Vertical).
 
 (defun plv-geste-facons (prise)
   (cond ((= (plv-prise-quoi prise) "S") '("Libre" "Vertical" "Horizontal" "Entree" "SOrtie" "RAccord"))

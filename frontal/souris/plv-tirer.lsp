@@ -30,7 +30,7 @@
   (cond
     ((setq faute (if (= (type essai) 'STR) essai (plv-ligne-faute profil essai))) (plv-dire (strcat "Refusé: " faute ".")) nil)
     ((plv-ligne-ecrire profil genre essai)
-     (plv-dire (strcat (plv-joindre (plv-tirer:extremes scene essai) "") "."))
+     (plv-dire (strcat (cond ((car (plv-tirer:extremes scene essai))) ("la ligne est changée")) "."))
      T)))
 
 (defun plv-tirer:avec-raccord (suites prise demande / s)
@@ -71,7 +71,9 @@
   (setq proche (plv-prise-en scene prises (plv-vers-profil (plv-scene-cadre scene) point) plv-tirer:portee))
   (list
     (apply 'append
-      (mapcar '(lambda (p) (plv-traits-marque (plv-scene-cadre scene) (if (eq p proche) 1 5) (plv-prise-place p) (plv-scene-pixels (if (eq p proche) 6.0 4.0))))
+      (mapcar
+        '(lambda (p)
+           (plv-traits-marque (plv-scene-cadre scene) (if (eq p proche) 1 5) (plv-prise-place p) (plv-scene-pixels (if (eq p proche) 6.0 4.0))))
         prises))
     (list (if proche (plv-prise-en-mots proche) ""))))
 
