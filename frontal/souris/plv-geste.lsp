@@ -76,7 +76,7 @@
         "les deux pentes sont les mêmes, elles ne se rencontrent pas"
         (progn (setq d (+ (car s) (/ h (- p1 p2)))) (plv-geste:sur dehors s d))))))
 
-;; --- a curve: through the place, with the measure that was asked
+;; --- a curve: through the place, with the measure that was asked, rounded
 
 (defun plv-geste:courbe (suites prise place / voisins s demande raccord)
   (setq voisins (plv-ligne-voisins suites (plv-prise-premier prise)) s (cadr voisins)
@@ -90,7 +90,7 @@
       (list
         (plv-sommet-de-ligne (car s) (cadr s)
           (list (plv-demande-forme demande) (plv-demande-mesure demande)
-                (if (= (plv-demande-mesure demande) "L") (plv-longueur raccord) (plv-partie-rayon raccord)))
+                (plv-scene-ronde (if (= (plv-demande-mesure demande) "L") (plv-longueur raccord) (plv-partie-rayon raccord))))
           (plv-verrou s))))))
 
 ;; --- the whole

@@ -65,7 +65,7 @@
 
 ;; --- choosing a hold
 
-(setq plv-tirer:mots '("Inserer" "Supprimer"))
+(setq plv-tirer:mots '("Inserer" "Supprimer" "Accrochages"))
 
 (defun plv-tirer:montrer-prises (scene prises point / proche)
   (setq proche (plv-prise-en scene prises (plv-vers-profil (plv-scene-cadre scene) point) plv-tirer:portee))
@@ -117,9 +117,10 @@
   "Drags until the user has done."
   (setq scene (plv-scene profil) prise "")
   (while (and prise (setq suites (plv-lire-ligne profil genre)))
-    (setq prise (plv-tirer:choisir scene suites "Sommet, pente ou raccordement à tirer ou [Inserer/Supprimer] <fin>" plv-tirer:mots))
+    (setq prise (plv-tirer:choisir scene suites "Sommet, pente ou raccordement à tirer ou [Inserer/Supprimer/Accrochages] <fin>" plv-tirer:mots))
     (cond
       ((= prise "Inserer") (plv-tirer:inserer scene profil genre suites))
+      ((= prise "Accrochages") (plv-scene-regler))
       ((= prise "Supprimer") (plv-tirer:supprimer scene profil genre suites))
       ((and prise (listp prise)) (plv-tirer-prise scene profil genre suites prise))))
   (plv-suivre-fin))

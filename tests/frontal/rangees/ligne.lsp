@@ -237,7 +237,8 @@
 (passe (tirer '("2" "C0" "")))
 ((valeurs "Rayon") ("" "" "1333.33" ""))
 (passe (tirer (list "2" "RA" (sur 50.0 (- 51.0 0.0562)) "")))
-((equal (atof (cadr (valeurs "Rayon"))) 500.0 5.0) T)
+((cadr (valeurs "Rayon")) "500.00")
+((mapcar 'plv-scene-ronde '(1437.0 5603.0 38.7 0.4)) (1500.0 5500.0 40.0 0.4))
 (tape ("PLV-TIRER" "Voirie" "1" "RA" "(sur 10.0 50.0)" "" "") "Refusé: un raccordement est entre deux pentes.")
 
 (situation "WhatIsSeenWhileItIsDragged")
@@ -265,7 +266,8 @@
 
 (situation "VerticesAreInsertedAndTakenAwayByHand")
 (preparer (tracer))
-(tape ("PLV-TIRER" "Voirie" "I" "1100;50.2" "S" "2" "U2" "") "Illisible: U2")
+(tape ("PLV-TIRER" "Voirie" "I" "1100;50.2" "S" "2" "U2" "A" "0" "0,5" "1.2 2.5" "A" "" "" "" "") "Illisible: U2"
+  "Pas des stations en m, 0 pour aucun <0.00>: " "Pas des pentes en %, 0 pour aucun <0.500>: " "séparées par des blancs <1.20 2.50>: ")
 ((places) (("0.000" "50.000") ("100.000" "50.200") ("150.000" "50.000") ("200.000" "51.000")))
 
 ;; --- a second line of a kind: scripts that say nothing get it added, as ever
