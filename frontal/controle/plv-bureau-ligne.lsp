@@ -42,11 +42,12 @@
     '(lambda (champ titre) (list titre champ (if (member champ (plv-champs-modifiables)) 1 0) (if (member champ (plv-champs-verrouillables)) 1 0)))
     (plv-champs) (plv-champs-titres)))
 
-(defun plv-bureau-ligne-faute (handle genre changements)
+(defun plv-bureau-ligne-faute (handle genre changements / profil)
   "Why values (number field text) can't be given; nil when they can."
-  (if (handent handle)
-    (plv-sommets-faute (handent handle) (plv-bureau:ligne-lue (handent handle) genre) changements)
-    "le profil n'est plus là"))
+  (cond
+    ((not (setq profil (handent handle))) "le profil n'est plus là")
+    ((plv-ligne-refus profil genre))
+    ((plv-sommets-faute profil (plv-bureau:ligne-lue profil genre) changements))))
 
 (defun plv-bureau-ligne-texte (handle genre)
   "The line for a spreadsheet: fields apart by tabs."
@@ -88,10 +89,10 @@
 ;; --- grips: a line is dragged as what it is, by PLV-TIRER, not piece by piece
 
 (defun plv-bureau-prises (handle / lieu profil cadre)
-  "Where the line can be taken hold of that a curve is part of: (x y) each; nil for another entity."
-  (if (setq lieu (plv-bureau-ligne-de handle))
+  "Where the line can be taken hold of that a curve is part of: (x y) each; nil for another entity, and for a line that vertices can't tell."
+  (if (and (setq lieu (plv-bureau-ligne-de handle)) (not (plv-ligne-refus (setq profil (handent (car lieu))) (cadr lieu))))
     (progn
-      (setq profil (handent (car lieu)) cadre (plv-cadre profil))
+      (setq cadre (plv-cadre profil))
       (mapcar '(lambda (prise) (plv-premiers (apply 'plv-vers-dessin (cons cadre (plv-prise-place prise))) 2))
         (plv-prises (plv-bureau:ligne-lue profil (cadr lieu)))))))
 

@@ -34,6 +34,15 @@
       (setq verrous (plv-ligne:verrous profil genre))
       (mapcar '(lambda (suite) (mapcar '(lambda (s) (plv-ligne:avec-verrou s verrous)) suite)) (plv-projet-sommets profil genre)))))
 
+(defun plv-ligne-refus (profil genre / courbe)
+  "Why a kind's line can't be worked on as vertices; nil when it can."
+  (cond
+    ((not (plv-support profil genre)) (plv-refus-support genre))
+    ((not (plv-elements-du-projet profil genre)) (strcat "ce profil n'a pas de ligne " genre))
+    ((setq courbe (car (plv-courbes-quelconques profil genre)))
+     (strcat "la ligne " genre " a des courbes d'un autre programme (" (plv-nom-courbe courbe)
+             "): REconnue de PLV-PROJET en fait des sommets et des raccordements"))))
+
 ;; --- what is wrong with runs
 
 (defun plv-ligne-faute (profil suites / longueur)

@@ -59,7 +59,8 @@
      (setq raccords (plv-raccords suite))
      (plv-parties-de-ligne:nettoyer
        (plv-remplacer-rang suites rang
-         (list (plv-parties-de-ligne:morceau suite raccords (caar suite) debut) (plv-parties-de-ligne:morceau suite raccords fin (car (plv-dernier suite)))))))))
+         (list (plv-parties-de-ligne:morceau suite raccords (caar suite) debut)
+               (plv-parties-de-ligne:morceau suite raccords fin (car (plv-dernier suite)))))))))
 
 (defun plv-parties-de-ligne:morceau (suite raccords debut fin)
   "What a run has between two distances; nil for nothing."

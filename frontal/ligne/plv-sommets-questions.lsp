@@ -66,7 +66,8 @@
   (plv-ligne-editer profil genre '(lambda (suites sol) (plv-ligne-verrouiller suites numero champ))))
 
 (defun plv-sommets-questions:interrompre (profil genre / debut fin)
-  (setq debut (plv-sommets-questions:demander-station profil "Interrompre depuis la station") fin (plv-sommets-questions:demander-station profil "Jusqu'à la station"))
+  (setq debut (plv-sommets-questions:demander-station profil "Interrompre depuis la station")
+        fin (plv-sommets-questions:demander-station profil "Jusqu'à la station"))
   (plv-ligne-editer profil genre '(lambda (suites sol) (plv-ligne-interrompre suites debut fin))))
 
 (defun plv-sommets-questions:joindre (profil genre / numero)
@@ -107,9 +108,11 @@
     (plv-erreur (strcat "ce profil n'a pas de ligne " genre))))
 
 (setq plv-sommets-questions:actions
-  '(("Lister" . plv-sommets-lister) ("Corriger" . plv-sommets-questions:corriger) ("Inserer" . plv-sommets-questions:inserer) ("Supprimer" . plv-sommets-questions:supprimer)
-    ("Verrouiller" . plv-sommets-questions:verrouiller) ("INTerrompre" . plv-sommets-questions:interrompre) ("Joindre" . plv-sommets-questions:joindre)
-    ("Decaler" . plv-sommets-questions:decaler) ("Miroir" . plv-sommets-questions:refleter) ("Garder" . plv-sommets-questions:garder) ("Fichier" . plv-sommets-questions:fichier)))
+  '(("Lister" . plv-sommets-lister) ("Corriger" . plv-sommets-questions:corriger)
+    ("Inserer" . plv-sommets-questions:inserer) ("Supprimer" . plv-sommets-questions:supprimer)
+    ("Verrouiller" . plv-sommets-questions:verrouiller) ("INTerrompre" . plv-sommets-questions:interrompre)
+    ("Joindre" . plv-sommets-questions:joindre) ("Decaler" . plv-sommets-questions:decaler) ("Miroir" . plv-sommets-questions:refleter)
+    ("Garder" . plv-sommets-questions:garder) ("Fichier" . plv-sommets-questions:fichier)))
 
 (defun plv-sommets-questions:demander-action (/ mots)
   "A word; nil for Enter."

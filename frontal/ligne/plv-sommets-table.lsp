@@ -1,11 +1,12 @@
 ;; A kind's line given and taken as a table: what PLV-SOMMETS, the window's table and other programs call. Each change draws the line again,
 ;; all or nothing.
 
-(defun plv-ligne-editer (profil genre editer:changer / suites essai)
+(defun plv-ligne-editer (profil genre editer:changer / faute suites essai)
   "Draws a kind's line again as a function of its runs, and of the profile's ground, gives them, or the text of why not. Its entities, or nil
 after a message."
   (cond
     ((not (plv-profil-sain profil)) nil)
+    ((setq faute (plv-ligne-refus profil genre)) (plv-erreur faute))
     ((not (setq suites (plv-lire-ligne profil genre))) (plv-erreur (strcat "ce profil n'a pas de ligne " genre)))
     ((= (type (setq essai (apply editer:changer (list suites (plv-sol (plv-points-tn profil)))))) 'STR) (plv-erreur essai))
     ((plv-ligne-ecrire profil genre essai))))

@@ -109,10 +109,13 @@ look at a line must not make."
 
 (defun plv-sommets:raccord-p (e) (and (plv-rayon e) (= (plv-type e) "SPLINE")))
 
-(defun plv-sommets:echantillonne-p (situe / e)
+(defun plv-sommets:echantillonne-p (e)
   "T for a curve that is neither straight nor a vertical curve of ours: points along it serve."
-  (setq e (plv-situe-entite situe))
   (not (or (plv-sommets:points e) (plv-sommets:raccord-p e))))
+
+(defun plv-courbes-quelconques (profil genre)
+  "Those of a kind's line that vertices can't tell."
+  (vl-remove-if-not 'plv-sommets:echantillonne-p (plv-elements-du-projet profil genre)))
 
 (defun plv-sommets:droites (points)
   (vl-remove-if '(lambda (travee) (< (plv-longueur travee) 1e-6)) (mapcar 'plv-travee-droite points (cdr points))))
@@ -150,13 +153,11 @@ look at a line must not make."
         (cons (list tr) suites))))
   (reverse (mapcar 'reverse suites)))
 
-(defun plv-projet-sommets (profil genre / situes quelconques)
+(defun plv-projet-sommets (profil genre / quelconques)
   "The project line of a kind as lists of vertices, one for each run without a gap; distances from the profile's origin."
-  (setq situes (plv-elements-situes profil genre)
-        quelconques (vl-remove-if-not 'plv-sommets:echantillonne-p situes))
-  (if quelconques
+  (if (setq quelconques (plv-courbes-quelconques profil genre))
     (plv-dire (strcat "Courbes quelconques du genre " genre ": " (itoa (length quelconques)) ", rendues par des points.")))
-  (plv-sommets-des-situes profil situes))
+  (plv-sommets-des-situes profil (plv-elements-situes profil genre)))
 
 (defun plv-sommets-des-situes (profil situes / cadre travees)
   "The vertices of situated curves, as those of a line."

@@ -1,9 +1,11 @@
 ;; What is typed while a line is drawn or dragged: numbers of a place, one by one or together, as (code value) each.
 ;; S station, Z altitude, P depth, L distance and DZ difference of altitude from the vertex before, I slope rising to the right, C vertical curve
-;; at the vertex before, D the distance from the origin that a drag leaves a vertex. A place takes one number along the profile and one of its height; both may be typed, or one be clicked.
+;; at the vertex before, D the distance from the origin that a drag leaves a vertex. A place takes one number along the profile and one of
+;; its height; both may be typed, or one be clicked.
 
 (setq plv-frappe-aide
-  "120;134.2 ou 120,134.2: station et altitude; @25;0.5 ou @25;-1.5%: distance et hauteur ou pente; S120 Z134.2 P1.2 L25 -1.5% 15‰ 1/50: une valeur; C500 CL40 C500P: raccordement")
+  (strcat "120;134.2 ou 120,134.2: station et altitude; @25;0.5 ou @25;-1.5%: distance et hauteur ou pente; "
+          "S120 Z134.2 P1.2 L25 -1.5% 15‰ 1/50: une valeur; C500 CL40 C500P: raccordement"))
 
 (defun plv-frappe-attendu () (strcat "attendu: " plv-frappe-aide))
 

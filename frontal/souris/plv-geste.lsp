@@ -1,5 +1,6 @@
 ;; What a line becomes when a hold of it is moved to a place: runs, or the text of why not. The ways: Libre, Vertical, Horizontal, along the
-;; slope before or after the vertex (Entree, SOrtie), which may also get a curve through the place (RAccord); a slope is moved in parallel, its neighbours' slopes staying (Glisser) or not (Vertical).
+;; slope before or after the vertex (Entree, SOrtie), which may also get a curve through the place (RAccord); a slope is moved in parallel,
+;; its neighbours' slopes staying (Glisser) or not (Vertical).
 
 (defun plv-geste-facons (prise)
   (cond ((= (plv-prise-quoi prise) "S") '("Libre" "Vertical" "Horizontal" "Entree" "SOrtie" "RAccord"))
@@ -75,7 +76,7 @@
         "les deux pentes sont les mêmes, elles ne se rencontrent pas"
         (progn (setq d (+ (car s) (/ h (- p1 p2)))) (plv-geste:sur dehors s d))))))
 
-;; --- a curve: through the place, with the measure that was asked
+;; --- a curve: through the place, with the measure that was asked, rounded
 
 (defun plv-geste:courbe (suites prise place / voisins s demande raccord)
   (setq voisins (plv-ligne-voisins suites (plv-prise-premier prise)) s (cadr voisins)
@@ -89,7 +90,7 @@
       (list
         (plv-sommet-de-ligne (car s) (cadr s)
           (list (plv-demande-forme demande) (plv-demande-mesure demande)
-                (if (= (plv-demande-mesure demande) "L") (plv-longueur raccord) (plv-partie-rayon raccord)))
+                (plv-scene-ronde (if (= (plv-demande-mesure demande) "L") (plv-longueur raccord) (plv-partie-rayon raccord))))
           (plv-verrou s))))))
 
 ;; --- the whole

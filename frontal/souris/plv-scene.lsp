@@ -86,6 +86,14 @@
      (list (car station) (if altitude (cadr altitude) (cadr place))
            (plv-joindre (vl-remove "" (list (cadr station) (if altitude (caddr altitude) ""))) ", ")))))
 
+(defun plv-scene-ronde (valeur)
+  "The roundest number within a twentieth of a radius or a length, while stations snap."
+  (cond
+    ((<= plv-scene:pas-station 0.0) valeur)
+    ((car (vl-remove-if-not '(lambda (ronde) (and (> ronde 0.0) (<= (abs (- ronde valeur)) (* 0.05 valeur))))
+            (mapcar '(lambda (pas) (plv-scene:arrondi valeur pas)) '(1000.0 500.0 100.0 50.0 10.0 5.0 1.0)))))
+    (valeur)))
+
 ;; --- what is read of a place, from the vertex before it
 
 (defun plv-scene-pente-en-mots (pente)

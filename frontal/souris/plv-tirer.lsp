@@ -30,7 +30,7 @@
   (cond
     ((setq faute (if (= (type essai) 'STR) essai (plv-ligne-faute profil essai))) (plv-dire (strcat "Refusé: " faute ".")) nil)
     ((plv-ligne-ecrire profil genre essai)
-     (plv-dire (strcat (plv-joindre (plv-tirer:extremes scene essai) "") "."))
+     (plv-dire (strcat (cond ((car (plv-tirer:extremes scene essai))) ("la ligne est changée")) "."))
      T)))
 
 (defun plv-tirer:avec-raccord (suites prise demande / s)
@@ -65,13 +65,15 @@
 
 ;; --- choosing a hold
 
-(setq plv-tirer:mots '("Inserer" "Supprimer"))
+(setq plv-tirer:mots '("Inserer" "Supprimer" "Accrochages"))
 
 (defun plv-tirer:montrer-prises (scene prises point / proche)
   (setq proche (plv-prise-en scene prises (plv-vers-profil (plv-scene-cadre scene) point) plv-tirer:portee))
   (list
     (apply 'append
-      (mapcar '(lambda (p) (plv-traits-marque (plv-scene-cadre scene) (if (eq p proche) 1 5) (plv-prise-place p) (plv-scene-pixels (if (eq p proche) 6.0 4.0))))
+      (mapcar
+        '(lambda (p)
+           (plv-traits-marque (plv-scene-cadre scene) (if (eq p proche) 1 5) (plv-prise-place p) (plv-scene-pixels (if (eq p proche) 6.0 4.0))))
         prises))
     (list (if proche (plv-prise-en-mots proche) ""))))
 
@@ -115,9 +117,10 @@
   "Drags until the user has done."
   (setq scene (plv-scene profil) prise "")
   (while (and prise (setq suites (plv-lire-ligne profil genre)))
-    (setq prise (plv-tirer:choisir scene suites "Sommet, pente ou raccordement à tirer ou [Inserer/Supprimer] <fin>" plv-tirer:mots))
+    (setq prise (plv-tirer:choisir scene suites "Sommet, pente ou raccordement à tirer ou [Inserer/Supprimer/Accrochages] <fin>" plv-tirer:mots))
     (cond
       ((= prise "Inserer") (plv-tirer:inserer scene profil genre suites))
+      ((= prise "Accrochages") (plv-scene-regler))
       ((= prise "Supprimer") (plv-tirer:supprimer scene profil genre suites))
       ((and prise (listp prise)) (plv-tirer-prise scene profil genre suites prise))))
   (plv-suivre-fin))
@@ -129,10 +132,10 @@
   (if prise (plv-tirer-prise scene profil genre suites prise))
   (plv-suivre-fin))
 
-(defun c:plv-tirer (/ profil genre)
+(defun c:plv-tirer (/ profil genre faute)
   "Tire à la souris les sommets, les pentes et les raccordements d'une ligne de projet."
   (if (setq profil (plv-choisir-profil))
     (progn
       (setq genre (plv-demander-genre (plv-genre-propose profil)))
-      (if (plv-lire-ligne profil genre) (plv-tirer profil genre) (plv-erreur (strcat "ce profil n'a pas de ligne " genre)))))
+      (if (setq faute (plv-ligne-refus profil genre)) (plv-erreur faute) (plv-tirer profil genre))))
   (princ))

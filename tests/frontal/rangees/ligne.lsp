@@ -237,7 +237,8 @@
 (passe (tirer '("2" "C0" "")))
 ((valeurs "Rayon") ("" "" "1333.33" ""))
 (passe (tirer (list "2" "RA" (sur 50.0 (- 51.0 0.0562)) "")))
-((equal (atof (cadr (valeurs "Rayon"))) 500.0 5.0) T)
+((cadr (valeurs "Rayon")) "500.00")
+((mapcar 'plv-scene-ronde '(1437.0 5603.0 38.7 0.4)) (1500.0 5500.0 40.0 0.4))
 (tape ("PLV-TIRER" "Voirie" "1" "RA" "(sur 10.0 50.0)" "" "") "Refusé: un raccordement est entre deux pentes.")
 
 (situation "WhatIsSeenWhileItIsDragged")
@@ -265,7 +266,8 @@
 
 (situation "VerticesAreInsertedAndTakenAwayByHand")
 (preparer (tracer))
-(tape ("PLV-TIRER" "Voirie" "I" "1100;50.2" "S" "2" "U2" "") "Illisible: U2")
+(tape ("PLV-TIRER" "Voirie" "I" "1100;50.2" "S" "2" "U2" "A" "0" "0,5" "1.2 2.5" "A" "" "" "" "") "Illisible: U2"
+  "Pas des stations en m, 0 pour aucun <0.00>: " "Pas des pentes en %, 0 pour aucun <0.500>: " "séparées par des blancs <1.20 2.50>: ")
 ((places) (("0.000" "50.000") ("100.000" "50.200") ("150.000" "50.000") ("200.000" "51.000")))
 
 ;; --- a second line of a kind: scripts that say nothing get it added, as ever
@@ -377,3 +379,18 @@
     (and (listp lus) (= (length (caar lus)) (length sommets))
          (vl-every '(lambda (a b) (and (equal (car a) (car b) 1e-6) (equal (cadr a) (cadr b) 1e-6) (= (null (caddr a)) (null (caddr b))))) (caar lus) sommets))))
 ((progn (setq bons 0) (repeat 20 (if (revient-p (hasard)) (setq bons (1+ bons)))) bons) 20)
+
+;; A curve that vertices can't tell isn't turned into points by the way: the line is left, and it is said how it becomes one of vertices.
+(situation "LinesOfOtherProgramsAreLeftAsTheyAre")
+(preparer
+  (setq arc (entmakex (list '(0 . "LWPOLYLINE") '(100 . "AcDbEntity") '(100 . "AcDbPolyline") '(90 . 3) '(70 . 0)
+                            (cons 10 (sur 0.0 50.0)) (cons 10 (sur 30.0 50.6)) '(42 . -0.1) (cons 10 (sur 70.0 50.8)))))
+  (plv-admettre p "AEp" (list arc)) (setq avant (entget arc)))
+(refuse (plv-sommets-corriger p "AEp" '((1 "Altitude" "49"))) "la ligne AEp a des courbes d'un autre programme (la polyligne" "REconnue de PLV-PROJET")
+(tape ("PLV-TIRER" "AEp") "la ligne AEp a des courbes d'un autre programme")
+((plv-bureau-prises (plv-handle arc)) nil)
+((equal (entget arc) avant) T)
+;; straight ones are vertices, whoever drew them
+(passe (plv-admettre p "Voirie" (list (plv-polyligne "0" (list (sur 0.0 50.0) (sur 50.0 51.0) (sur 100.0 50.0))))))
+(passe (plv-sommets-corriger p "Voirie" '((2 "Altitude" "51.5"))))
+((cadr (car (ligne "Voirie"))) ("50.000" "51.500" nil))
