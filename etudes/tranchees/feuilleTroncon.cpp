@@ -23,8 +23,7 @@ class ecrivain {
 
   void ecrire() {
     entetes();
-    for (const ligneTroncon& l : m_f.lignes())
-      if (l.troncon == m_troncon) rangee(l);
+    for (const ligneTroncon& l : m_f.lignes(m_troncon)) rangee(l);
     totaux();
   }
 
@@ -225,8 +224,8 @@ class ecrivain {
     m_r = derniere + 1;
     m_s.texte(m_r, C::kOuvrage, L"total", m_s.styles().gras);
     sommes total;
-    for (const ligneTroncon& l : m_f.lignes())
-      if (l.troncon == m_troncon && l.ouvrage) {
+    for (const ligneTroncon& l : m_f.lignes(m_troncon))
+      if (l.ouvrage) {
         const sommes& s = m_f.lot().q.parOuvrage[*l.ouvrage];
         if (total.sols.empty()) total = s;
         else total.ajouter(s);

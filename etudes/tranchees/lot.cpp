@@ -9,6 +9,7 @@ lotFeuilles::lotFeuilles(lxw_workbook* classeur, const lotMesure& lot, const for
   recapitulation.emplace(classeur, L"Tronçons" + suffixe, f);
   synthese.emplace(classeur, L"Synthèse" + suffixe, f);
   m_parTuyau.resize(reseau.tuyaux.size());
+  m_parRegard.resize(reseau.regards.size());
   std::size_t ouvrage = 0;
   for (std::size_t k = 0; k < reseau.troncons.size(); ++k) {
     const troncon& t = reseau.troncons[k];
@@ -16,18 +17,20 @@ lotFeuilles::lotFeuilles(lxw_workbook* classeur, const lotMesure& lot, const for
                        &dernier = reseau.r.regards[reseau.r.tuyaux[t.apres - 1].de + 1].nom;
     troncons.emplace_back(classeur, lot.nom + L" " + premier + L"-" + dernier, f);
     int rangee = kPremiereRangee;
+    m_debuts.push_back(m_lignes.size());
     const auto poser = [&](bool estTuyau, std::size_t rang) {
       const bool creuse = estTuyau || aUneFosse(reseau.r.regards[rang]);
+      (estTuyau ? m_parTuyau : m_parRegard)[rang] = m_lignes.size();
       m_lignes.push_back({estTuyau, rang, creuse ? std::optional(ouvrage++) : std::nullopt, k, rangee++});
     };
     poser(false, reseau.r.tuyaux[t.premier].de);
     for (std::size_t i = t.premier; i < t.apres; ++i) {
-      m_parTuyau[i] = m_lignes.size();
       poser(true, i);
       poser(false, reseau.r.tuyaux[i].de + 1);
     }
     m_dernieres.push_back(rangee - 1);
   }
+  m_debuts.push_back(m_lignes.size());
   regards.emplace(classeur, L"Regards" + suffixe, f);
   decoupe.emplace(classeur, L"Découpe" + suffixe, f);
   parametres.emplace(classeur, L"Paramètres" + suffixe, f);
