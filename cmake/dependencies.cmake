@@ -23,6 +23,6 @@ find_package(GDAL CONFIG QUIET)
 find_package(PROJ CONFIG QUIET)
 
 if(KAVEL_DESKTOP)
-  find_package(Qt6 COMPONENTS Widgets REQUIRED)
+  find_package(Qt6 COMPONENTS Widgets PrintSupport REQUIRED)
   find_package(Threads REQUIRED)
 endif()

@@ -129,13 +129,22 @@ class Run {
       if (!asked.paper.empty()) plotOptions.page.paper = render::parsePaper(asked.paper);
       if (!asked.window.empty()) plotOptions.page.window = render::parseWindow(asked.window);
       if (!asked.dpi.empty()) plotOptions.dpi = render::parseDpi(asked.dpi);
+      if (!asked.colours.empty()) plotOptions.inks = render::parseInks(asked.colours);
     } catch (const render::PlotError& error) {
       complain(error.what());
       return false;
     }
     sayWhatIsStale();
+    if (equalNoCase(std::filesystem::path(action.argument).extension().string(), ".html")) return page(action.argument);
     for (const std::string& warning : plotted(action, plotOptions)) complain(warning);
     return true;
+  }
+
+  // The front-end writes pages.
+  bool page(const std::string& file) {
+    lisp::Interpreter& in = document_.interpreter();
+    std::string written;
+    return document_.evaluate("(plv-page (plv-profils) " + in.printed(in.string(file)) + ")", &written) && written == "T";
   }
 
   // What the profiles' tables and hatches were made from may have changed since; the front-end knows.

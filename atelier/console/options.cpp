@@ -45,12 +45,13 @@ constexpr Row kRows[] = {
     {"-e,--eval", "EXPR", "evaluate, print the value as prin1 would", ActionKind::eval},
     {"-s,--script", "FILE", "feed the lines of FILE ('-' for stdin) to the command line", ActionKind::script},
     {"-o,--save", "FILE.dxf", "save the drawing there (nothing is written unless asked)", ActionKind::save},
-    {"--plot", "FILE", "plot to a .pdf, .svg or .png file", ActionKind::plot},
+    {"--plot", "FILE", "plot to a .pdf, .svg or .png file; profiles as a page to a .html file", ActionKind::plot},
     {"--scale", "SCALE", "scale of the plots after it: 1:200, or fit", &Settings::scale},
     {"--paper", "SHEET", "sheet of the plots after it: A4 to A0", &Settings::paper},
     {"--window", "BOX", "what the plots after it show: x1,y1,x2,y2", &Settings::window},
     {"--layout", "NAME", "layout that the plots after it show, or Model", &Settings::layout},
     {"--dpi", "N", "resolution of the .png plots after it: 10 to 2400, 150 without it", &Settings::dpi},
+    {"--colours", "INKS", "colours of the plots after it: colour, grey, or black", &Settings::colours},
     {"--release", "RELEASE", "version of the saves after it: R12, R2000, R2004, R2007, R2010, R2013, R2018",
      &Settings::release},
     {"--binary", "", "saves are binary DXF", Flag{&Options::binary}},
@@ -125,9 +126,9 @@ const char* withoutAction(const Options& options, const auto& isGiven) {
   const auto has = [&](ActionKind kind) {
     return std::any_of(options.actions.begin(), options.actions.end(), [&](const Action& a) { return a.kind == kind; });
   };
-  for (const char* name : {"--scale", "--paper", "--window", "--dpi", "--layout"})
+  for (const char* name : {"--scale", "--paper", "--window", "--dpi", "--layout", "--colours"})
     if (isGiven(name) && !has(ActionKind::plot))
-      return "--scale, --paper, --window, --dpi et --layout demandent --plot";
+      return "--scale, --paper, --window, --dpi, --layout et --colours demandent --plot";
   for (const char* name : {"--release", "--binary", "--ascii"})
     if (isGiven(name) && !has(ActionKind::save)) return "--release, --binary et --ascii demandent --save";
   if (isGiven("--binary") && isGiven("--ascii")) return "--binary et --ascii s'excluent";

@@ -4,6 +4,7 @@
 #include <iterator>
 
 #include "etudes/cout/fonctions.h"
+#include "etudes/habillage/fonctions.h"
 #include "etudes/optimal/fonctions.h"
 #include "etudes/reseaux/fonctions.h"
 #include "etudes/suivi/fonctions.h"
@@ -164,6 +165,15 @@ constexpr ligneFonction kTable[] = {
     {L"et_somme", et_somme, L"(et_somme texte)", L"La somme qui dit les mots d'un texte."},
     {L"et_dans_bande", et_dans_bande, L"(et_dans_bande entités haut bas)",
      L"Les lignes, arcs, textes et blocs d'une liste qui sont entre deux ordonnées."},
+    {L"et_ecarter", et_ecarter, L"(et_ecarter étiquettes gauche droite)",
+     L"Des étiquettes (centre largeur) écartées le long d'une rangée, aussi peu que possible, pour qu'aucune n'en "
+     L"touche "
+     L"une autre: (rangée centre) pour chacune, sur aussi peu de rangées qu'il en faut, la première étant 0; nil quand "
+     L"l'une est plus large que la place."},
+    {L"et_placer", et_placer, L"(et_placer obstacles étiquettes)",
+     L"Pour chaque étiquette, une liste de places possibles, le numéro de celle qu'elle prend, de 0, ou -1: aucune ne "
+     L"touche une autre ni un obstacle. Places et obstacles sont des boîtes (x y largeur hauteur angle), par leur "
+     L"centre."},
 };
 
 void et_aide() {

@@ -1,11 +1,15 @@
 ;; Layers and entities of the front-end. Everything that it draws stands on a layer of its own kind: each layer is marked with
 ;; the name that it was made with, by which it is found again after a renaming. The makers give the entity's name.
 
-;; name, colour, line weight in hundredths of a millimetre
+;; name, colour, line weight in hundredths of a millimetre; a style (room styles) gives them others
 (setq plv-calques
-  '(("PLV-PROFIL" 7 25) ("PLV-TN" 3 50) ("PLV-PLANS" 4 35) ("PLV-AXE" 7 25) ("PLV-RAPPELS" 8 13)
-    ("PLV-MATRICE" 7 18) ("PLV-TITRES" 7 25) ("PLV-PROJET" 1 50) ("PLV-COTES" 1 18) ("PLV-PLAN" 6 25)
+  '(("PLV-PROFIL" 7 25) ("PLV-TN" 34 50) ("PLV-PLANS" 154 35) ("PLV-AXE" 7 25) ("PLV-RAPPELS" 8 13)
+    ("PLV-MATRICE" 7 18) ("PLV-TITRES" 7 25) ("PLV-PROJET" 12 50) ("PLV-COTES" 12 18) ("PLV-PLAN" 6 25)
     ("PLV-HACHURES" 7 13) ("PLV-LEGENDE" 7 18) ("PLV-COULOIR" 5 13) ("PLV-CONTROLE" 1 18) ("PLV-MNT" 8 9)))
+
+;; Layers of what a style adds, which are made when it is drawn.
+(setq plv-calques-styles
+  '(("PLV-GRILLE" 8 13) ("PLV-SOL" 34 0) ("PLV-LIBELLES" 7 13) ("PLV-CADRES" 7 25) ("PLV-ZEBRES" 154 0)))
 
 ;; Variants of a line stand on layers of their own, which are made when one is drawn.
 (setq plv-calques-variantes
@@ -17,7 +21,7 @@
 (setq plv-calques:cle "CALQUE")
 
 (defun plv-calques:declare (nom)
-  (vl-some '(lambda (calques) (assoc nom calques)) (list plv-calques plv-calques-variantes plv-calques-reseaux)))
+  (vl-some '(lambda (calques) (assoc nom calques)) (list plv-calques plv-calques-styles plv-calques-variantes plv-calques-reseaux)))
 
 (defun plv-calques:marque (entite) (cdr (plv-cle plv-calques:cle (plv-paires entite))))
 
@@ -25,10 +29,27 @@
   (plv-ecrire-donnees (tblobjname "LAYER" (car calque)) plv-app-cles
     (list (cons 1000 plv-calques:cle) (cons 1000 (car calque)))))
 
+;; What gives a new layer the look that the drawing's style wants: a function (name-it-was-made-with name-it-has); nil for none.
+(setq plv-calques:apparence nil)
+
+(defun plv-donner-apparence (fonction) (setq plv-calques:apparence fonction))
+
+(defun plv-calques:habiller (nom) (if plv-calques:apparence (apply plv-calques:apparence (list nom nom))))
+
 (defun plv-calques:creer (calque)
   (regapp plv-app-cles)
   (entmake (list '(0 . "LAYER") (cons 2 (car calque)) '(70 . 0) (cons 62 (cadr calque)) '(6 . "Continuous") (cons 370 (caddr calque))))
-  (plv-calques:marquer calque))
+  (plv-calques:marquer calque)
+  (plv-calques:habiller (car calque)))
+
+(defun plv-calques-du-dessin (/ calque marque trouves)
+  "The front-end's layers that the drawing has: (name-it-was-made-with name-it-has) each."
+  (setq calque (tblnext "LAYER" T))
+  (while calque
+    (if (setq marque (plv-calques:marque (tblobjname "LAYER" (plv-cle 2 calque))))
+      (setq trouves (cons (list marque (plv-cle 2 calque)) trouves)))
+    (setq calque (tblnext "LAYER")))
+  (reverse trouves))
 
 (defun plv-calques:renomme (nom / calque trouve)
   "The name that a layer has now."
@@ -55,6 +76,7 @@
      (regapp plv-app-cles)
      (entmake (list '(0 . "LAYER") (cons 2 nom) '(70 . 0) (cons 62 couleur) (cons 6 trait) '(370 . 35)))
      (plv-calques:marquer (list nom))
+     (plv-calques:habiller nom)
      nom)))
 
 (defun plv-calques:trait (nom)
@@ -70,15 +92,30 @@
     (if (and (= (plv-calque (car calque)) (car calque)) (not (plv-calques:marque (tblobjname "LAYER" (car calque)))))
       (plv-calques:marquer calque))))
 
-(defun plv-avec-calque (calque fonction / ancien resultat)
-  "Runs a function while the layer is current; the former one is current again afterwards."
-  (setq ancien (getvar "CLAYER"))
-  (setvar "CLAYER" (plv-calque calque))
+;; the text style of profiles, which a style of the drawing makes
+(setq plv-texte-style "KAVEL-TEXTE")
+
+(defun plv-style-de-texte ()
+  "The text style of profiles as a group, in a list; nil in a drawing without it."
+  (if (tblsearch "STYLE" plv-texte-style) (list (cons 7 plv-texte-style))))
+
+(defun plv-avec-variable (nom valeur fonction / ancienne resultat)
+  "Runs a function while a variable has a value; the former one is back afterwards."
+  (setq ancienne (getvar nom))
+  (setvar nom valeur)
   (setq resultat (vl-catch-all-apply fonction '()))
-  (setvar "CLAYER" ancien)
+  (setvar nom ancienne)
   (if (vl-catch-all-error-p resultat)
     (plv-erreur (vl-catch-all-error-message resultat))
     resultat))
+
+(defun plv-avec-texte (fonction)
+  "Runs a function while the text style of profiles is current, in a drawing that has it."
+  (if (plv-style-de-texte) (plv-avec-variable "TEXTSTYLE" plv-texte-style fonction) (apply fonction '())))
+
+(defun plv-avec-calque (avec:calque avec:fonction)
+  "Runs a function while the layer is current, and the text style of profiles."
+  (plv-avec-variable "CLAYER" (plv-calque avec:calque) '(lambda () (plv-avec-texte avec:fonction))))
 
 (defun plv-point (x y) (list (float x) (float y) 0.0))
 
@@ -90,11 +127,12 @@
   (entmakex
     (append
       (list '(0 . "TEXT") (cons 8 (plv-calque calque)) (cons 10 point) (cons 40 hauteur) (cons 1 texte) (cons 50 rotation))
+      (plv-style-de-texte)
       (if (= justification 0) nil (list (cons 72 justification) (cons 11 point))))))
 
 (defun plv-largeur-texte (texte hauteur / coins)
   "Width of a text in drawing units."
-  (if (setq coins (textbox (list (cons 1 texte) (cons 40 hauteur))))
+  (if (setq coins (textbox (vl-list* (cons 1 texte) (cons 40 hauteur) (plv-style-de-texte))))
     (- (caadr coins) (caar coins))
     0.0))
 
@@ -103,6 +141,16 @@
   (entmakex
     (append (list '(0 . "LWPOLYLINE") '(100 . "AcDbEntity") (cons 8 (plv-calque calque)) '(100 . "AcDbPolyline") (cons 90 (length points)) '(70 . 0))
             (mapcar '(lambda (p) (list 10 (car p) (cadr p))) points))))
+
+(defun plv-aplat (calque points opacite)
+  "A filled figure through points of the drawing; opacite: 0 unseen, 255 hides what is below."
+  (entmakex
+    (append
+      (list '(0 . "HATCH") '(100 . "AcDbEntity") (cons 8 (plv-calque calque)) (cons 440 (+ 33554432 opacite)) '(100 . "AcDbHatch")
+            '(10 0.0 0.0 0.0) '(210 0.0 0.0 1.0) '(2 . "SOLID") '(70 . 1) '(71 . 0) '(91 . 1) '(92 . 3) '(72 . 0) '(73 . 1)
+            (cons 93 (length points)))
+      (mapcar '(lambda (p) (list 10 (car p) (cadr p))) points)
+      '((97 . 0) (75 . 0) (76 . 1) (98 . 0)))))
 
 (defun plv-origine (entite)
   "Where a block reference is inserted: a profile's corner, a table's."

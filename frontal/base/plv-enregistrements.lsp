@@ -34,6 +34,20 @@
 (defun plv-enregistrer-entites (entite cle entites)
   (plv-ecrire-enregistrement entite cle (mapcar '(lambda (e) (cons 330 e)) entites)))
 
+;; --- records of the drawing itself
+
+(defun plv-enregistrement-du-dessin (cle) "The groups of a record of the named objects; nil without it."
+  (cdr (member '(100 . "AcDbXrecord") (dictsearch (namedobjdict) cle))))
+
+(defun plv-ecrire-enregistrement-du-dessin (cle groupes)
+  (dictremove (namedobjdict) cle)
+  (dictadd (namedobjdict) cle (entmakex (append '((0 . "XRECORD") (100 . "AcDbXrecord") (280 . 1)) groupes))))
+
+;; the style of the drawing: its rows as texts, of which the room styles knows the words
+(setq plv-cle-style "PLV_STYLE")
+
+(defun plv-rangees-de-style () (plv-cles 1 (plv-enregistrement-du-dessin plv-cle-style)))
+
 ;; --- extended data
 
 (defun plv-donnees (entite application)

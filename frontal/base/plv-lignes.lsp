@@ -79,3 +79,10 @@
   (if (vl-catch-all-error-p (setq ecrit (vl-catch-all-apply 'texte-ecrire (list fichier lignes))))
     (plv-erreur (vl-catch-all-error-message ecrit))
     (progn (plv-dire (strcat fichier ": " (plv-compte (1- (length lignes)) "ligne") ".")) T)))
+
+(defun plv-dossier-reglages ()
+  "Where the user's own things are kept."
+  (cond ((getenv "KAVEL_CHEMIN"))
+        ((getenv "XDG_DATA_HOME") (strcat (getenv "XDG_DATA_HOME") "/kavel"))
+        ((getenv "HOME") (strcat (getenv "HOME") "/.local/share/kavel"))
+        (".")))

@@ -1,17 +1,27 @@
 ;; Messages, numbers, texts and lists that every room uses.
 ;; A function that can't do its work says why with plv-erreur, which gives nil.
 
+(setq plv-outils:essai nil plv-outils:plainte nil)
+
 (defun plv-dire (texte)
   "Prints a line for the user."
-  (princ (strcat "\n" texte))
+  (if (not plv-outils:essai) (princ (strcat "\n" texte)))
   (princ))
 
 (defun plv-erreur (texte)
   "Says what went wrong; nil. A host that counts failures is told."
-  (if (boundp 'echec)
-    (echec (strcat "Erreur: " texte))
-    (princ (strcat "\nErreur: " texte "\n")))
+  (cond
+    (plv-outils:essai (setq plv-outils:plainte (cond (plv-outils:plainte) (texte))))
+    ((boundp 'echec) (echec (strcat "Erreur: " texte)))
+    (T (princ (strcat "\nErreur: " texte "\n"))))
   nil)
+
+(defun plv-essayer (fonction arguments / dehors resultat plainte)
+  "(value complaint): what a function gives, and the first thing that it would have complained of. Nothing is said."
+  (setq dehors plv-outils:essai plv-outils:essai T plv-outils:plainte nil
+        resultat (vl-catch-all-apply fonction arguments)
+        plainte plv-outils:plainte plv-outils:essai dehors plv-outils:plainte nil)
+  (if (vl-catch-all-error-p resultat) (list nil (vl-catch-all-error-message resultat)) (list resultat plainte)))
 
 (defun plv-colonnes (textes largeurs)
   "A line of a table, columns to the right."
@@ -20,6 +30,10 @@
       (mapcar '(lambda (texte largeur) (while (< (strlen texte) largeur) (setq texte (strcat " " texte))) texte) textes largeurs))))
 
 ;; --- numbers and texts
+
+(defun plv-date-du-jour (/ date)
+  (setq date (rtos (fix (getvar "CDATE")) 2 0))
+  (strcat (substr date 7 2) "/" (substr date 5 2) "/" (substr date 1 4)))
 
 (defun plv-sans-moins-zero (texte)
   "The text of a number; a zero has no minus."
@@ -77,10 +91,10 @@
               (plv-nombre metres))
        (* (if (wcmatch kilometres "-*") -1.0 1.0) (+ (* 1000.0 (abs (atof kilometres))) (plv-nombre metres)))))))
 
-(defun plv-joindre (textes separateur / resultat)
-  (foreach texte textes
-    (setq resultat (if resultat (strcat resultat separateur texte) texte)))
-  (cond (resultat) ("")))
+(defun plv-joindre (textes separateur)
+  (cond
+    (textes (apply 'strcat (cdr (apply 'append (mapcar '(lambda (texte) (list separateur texte)) textes)))))
+    ("")))
 
 ;; --- lists
 

@@ -1,5 +1,6 @@
 ;; PLV-LEVE: one point of the ground corrected, inserted, taken away or named. The record changes first, then the ground lines and the
 ;; dressing are drawn of it; what was made of the ground is not up to date then.
+;; Shared in the room: plv-leve:changes plv-leve:faute plv-leve:rang
 
 (defun plv-leve:rang (points d / rang trouve)
   "The number, from 0, of the point at a distance, to the centimetre; nil for none. Of two there, as at a wall, the first one."

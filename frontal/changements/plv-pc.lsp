@@ -1,5 +1,6 @@
 ;; PLV-PC: adds, changes or removes a reference plane. The chain first, then the ground of its sections; then the module
 ;; moves and cuts what is attached; last come the dressing and the reference lines of the tables.
+;; Shared in the room: plv-pc:faute plv-pc:section
 
 (defun plv-pc:section (sections d)
   "The section that begins at a distance, else the one that holds it, nil outside."

@@ -100,17 +100,26 @@ dimensions: that is the curve, not the chords."
   (plv-dire (strcat (plv-compte (- (length ecrites) laissees) "cote")
                     (if (> laissees 0) (strcat ", " (plv-compte laissees "laissée") " faute de place.") "."))))
 
-(defun plv-coter (profil genre rotation lesquelles courbes / ecrites)
+(defun plv-cotes:voisins (profil genre courbes)
+  "The facts of the other dimensioned curves of a kind that know those beside them as they are."
+  (vl-remove-if-not '(lambda (f) (and (= (plv-fait-chose f) "COTES") (plv-source-vraie-p profil f "voisines")))
+    (apply 'append (mapcar 'plv-faits-sur (vl-remove-if '(lambda (e) (member e courbes)) (plv-elements profil genre))))))
+
+(defun plv-coter (profil genre rotation lesquelles courbes / anciennes voisins ecrites)
   "Dimensions of curves, in place of those that they have. lesquelles: \"Toutes\", \"Altitudes\" or \"Hauteurs\" (over the
 ground). Those that would overlap are left out. Gives those that are written."
   (plv-creer-calques)
-  (plv-effacer-cotes (plv-cotes:anciennes profil genre courbes))
+  ;; where there were none, no place becomes free beside them: what stands there is as if all had been written at once
+  (setq anciennes (plv-cotes:anciennes profil genre courbes)
+        voisins (if (not anciennes) (plv-cotes:voisins profil genre courbes)))
+  (plv-effacer-cotes anciennes)
   (plv-oublier-fixes-effaces profil)
   (setq ecrites (apply 'append (mapcar '(lambda (c) (plv-cotes:ecrire profil genre rotation lesquelles c)) courbes)))
   (plv-cotes:eclaircir profil genre)
   (plv-ranger-cotes profil genre)
   (plv-rehausser-titre profil)
   (plv-noter-faits profil (mapcar '(lambda (c) (plv-fait "COTES" nil c (list lesquelles (rtos rotation 2 8)))) courbes))
+  (plv-renoter-source profil voisins "voisines")
   (plv-cotes:dire ecrites)
   (vl-remove-if-not 'plv-existe ecrites))
 

@@ -1,7 +1,8 @@
-;; PLV-FEUILLES: profiles on sheets with the frame and the title block of a template drawing, all in one PDF.
+;; Profiles on sheets with the frame and the title block of a template drawing.
 ;; A profile that is longer than the sheet is cut at stations; the sheets that follow show the titles of its tables again.
 ;; A sheet is (scale (view ...) ((mark . text) ...) (inset ...) axis), a view (x1 y1 x2 y2 (x y1 y2) ...) in drawing units, its
 ;; match lines last; see tracer-feuilles.
+;; Shared in the room: plv-feuilles:*
 
 (setq plv-feuilles:echelles '(50.0 100.0 200.0 250.0 500.0 1000.0 2000.0 2500.0 5000.0 10000.0 20000.0))
 
@@ -12,6 +13,8 @@
   (vl-remove-if-not 'plv-existe
     (append
       (list profil)
+      (plv-entites-plans profil)
+      (apply 'append (mapcar 'plv-lignes-du-plan (plv-entites-plans profil)))
       (plv-entites-habillage profil)
       (plv-ajouts-tables profil)
       (apply 'append (mapcar '(lambda (genre) (plv-elements profil genre)) (plv-genres)))
@@ -50,8 +53,10 @@ with the gap after them, top), recouvrement (what two sheets share on each side 
     (list (- (caar coins) x0) (- (caadr coins) x0))))
 
 (defun plv-feuilles:couches (mesures)
-  "The stretches where texts lie along the slopes, which a cut would tear."
-  (vl-remove nil (mapcar '(lambda (e) (plv-feuilles:couche e (plv-cle 'x0 mesures))) (plv-ajouts-tables (plv-cle 'profil mesures)))))
+  "The stretches where texts lie along the profile, in its tables and above it, which a cut would tear."
+  (vl-remove nil
+    (mapcar '(lambda (e) (plv-feuilles:couche e (plv-cle 'x0 mesures)))
+      (append (plv-ajouts-tables (plv-cle 'profil mesures)) (plv-entites-habillage (plv-cle 'profil mesures))))))
 
 (defun plv-feuilles:entier-p (d couches recouvrement)
   "T when a cut tears no text."
@@ -127,10 +132,6 @@ where there are no points."
   "Without zeros after the point."
   (vl-string-right-trim "." (vl-string-right-trim "0" (plv-reel valeur 2))))
 
-(defun plv-feuilles:date (/ date)
-  (setq date (rtos (fix (getvar "CDATE")) 2 0))
-  (strcat (substr date 7 2) "/" (substr date 5 2) "/" (substr date 1 4)))
-
 (defun plv-feuilles:raccord (profil d suite)
   "What stands beside a match line: station, plane, and the sheet that goes on."
   (strcat "Station " (plv-reel (+ (plv-premiere-station profil) d) 2) "  -  PC "
@@ -138,22 +139,25 @@ where there are no points."
 
 (defun plv-feuilles:textes (profil echelle titre debut fin rang / origine longueur)
   (setq origine (plv-premiere-station profil) longueur (plv-longueur-profil profil))
-  (list (cons "<TITRE>" titre) (cons "<PROFIL>" (plv-numero-profil profil)) (cons "<FEUILLE>" (itoa rang))
+  (append (plv-cartouche-marques)
+   (list (cons "<SIGNET>" (strcat "Feuille " (itoa rang) " - profil " (plv-numero-profil profil) ", "
+                            (plv-reel (+ origine (cond (debut) (0.0))) 2) " à " (plv-reel (+ origine (cond (fin) (longueur))) 2)))
+         (cons "<TITRE>" titre) (cons "<PROFIL>" (plv-numero-profil profil)) (cons "<FEUILLE>" (itoa rang))
         (cons "<ECHELLE_H>" (strcat "1:" (plv-feuilles:nombre echelle)))
         (cons "<ECHELLE_V>" (strcat "1:" (plv-feuilles:nombre (/ echelle (plv-echv profil)))))
         (cons "<STATIONS>" (strcat (plv-reel (+ origine (cond (debut) (0.0))) 2) " à " (plv-reel (+ origine (cond (fin) (longueur))) 2)))
-        (cons "<DATE>" (plv-feuilles:date)) (cons "<DESSIN>" (getvar "DWGNAME"))
+        (cons "<DATE>" (plv-date-du-jour)) (cons "<DESSIN>" (getvar "DWGNAME"))
         (cons "<RACCORD_GAUCHE>" (if debut (plv-feuilles:raccord profil debut (1- rang)) ""))
-        (cons "<RACCORD_DROITE>" (if fin (plv-feuilles:raccord profil fin (1+ rang)) ""))))
+        (cons "<RACCORD_DROITE>" (if fin (plv-feuilles:raccord profil fin (1+ rang)) "")))))
 
 ;; --- sheets
 
 (defun plv-feuilles:haut-mm (mesures echelle) (/ (* 1000.0 (- (plv-cle 'haut mesures) (plv-cle 'bas mesures))) echelle))
 
 (defun plv-feuilles:echelle (mesures place / trouve)
-  "The largest usual scale at which the heights of all profiles fit the room."
+  "The largest usual scale at which the heights of all profiles fit the room, with their plans."
   (foreach e (reverse plv-feuilles:echelles)
-    (if (vl-every '(lambda (m) (<= (plv-feuilles:haut-mm m e) (plv-place-hauteur place))) mesures) (setq trouve e)))
+    (if (vl-every '(lambda (m) (<= (+ (plv-bande-voulue m) (plv-feuilles:haut-mm m e)) (plv-place-hauteur place))) mesures) (setq trouve e)))
   (cond (trouve) ((plv-dernier plv-feuilles:echelles))))
 
 (defun plv-feuilles:refus (mesures echelle place coupures encarts)
@@ -168,7 +172,26 @@ where there are no points."
      (strcat "profil " (plv-numero-profil (plv-cle 'profil mesures)) ": ses légendes ne tiennent pas sur la feuille à l'échelle 1:"
              (plv-feuilles:nombre echelle)))))
 
-(defun plv-feuilles:de-profil (mesures echelle place titre rang / largeur hauteur coupures encarts faute feuilles bouts)
+(defun plv-feuilles:bande-plan (mesures echelle place encarts / occupe hauteur)
+  "The height of the plans of a profile's sheets, nil for none; told where there is an axis in plan but no room."
+  (setq occupe (apply 'max (cons (plv-feuilles:haut-mm mesures echelle)
+                             (mapcar '(lambda (e) (/ (* 1000.0 (- (plv-cle 'haut mesures) (+ (cadr e) (nth 5 e)))) echelle)) encarts)))
+        hauteur (plv-bande-hauteur mesures (plv-place-hauteur place) occupe))
+  (if (and (not hauteur) (plv-bande-segments mesures))
+    (plv-dire (strcat "Profil " (plv-numero-profil (plv-cle 'profil mesures)) ": pas de place pour le plan au-dessus du profil au 1:"
+                      (plv-feuilles:nombre echelle) ".")))
+  hauteur)
+
+(defun plv-feuilles:une (mesures echelle place titre rang debut fin encarts bande)
+  "The sheet between two cuts."
+  (append
+    (list echelle (plv-feuilles:vues mesures debut fin) (plv-feuilles:textes (plv-cle 'profil mesures) echelle titre debut fin rang)
+          (if fin nil encarts) (if debut (plv-encarts-axe mesures debut)))
+    (if bande
+      (list (plv-bande-plan mesures echelle bande debut fin)
+            (plv-bande-dessins mesures echelle (plv-place-largeur place) (plv-place-hauteur place) bande debut fin)))))
+
+(defun plv-feuilles:de-profil (mesures echelle place titre rang / largeur hauteur coupures encarts faute feuilles bouts bande)
   "The sheets of one profile, numbered from rang; nil after a message."
   (setq largeur (* 0.001 echelle (plv-place-largeur place))
         hauteur (* 0.001 echelle (plv-place-hauteur place))
@@ -178,14 +201,9 @@ where there are no points."
   (if faute
     (plv-erreur faute)
     (progn
-      (setq bouts (append '(nil) coupures '(nil)))
+      (setq bouts (append '(nil) coupures '(nil)) bande (plv-feuilles:bande-plan mesures echelle place encarts))
       (while (cdr bouts)
-        (setq feuilles (cons (list echelle (plv-feuilles:vues mesures (car bouts) (cadr bouts))
-                                   (plv-feuilles:textes (plv-cle 'profil mesures) echelle titre (car bouts) (cadr bouts)
-                                     (+ rang (length feuilles)))
-                                   (if (cadr bouts) nil encarts)
-                                   (if (car bouts) (plv-encarts-axe mesures (car bouts))))
-                             feuilles)
+        (setq feuilles (cons (plv-feuilles:une mesures echelle place titre (+ rang (length feuilles)) (car bouts) (cadr bouts) encarts bande) feuilles)
               bouts (cdr bouts)))
       (reverse feuilles))))
 
@@ -208,62 +226,16 @@ where there are no points."
 (defun plv-place-largeur (place) (car place))
 (defun plv-place-hauteur (place) (cadr place))
 
+(setq plv-feuilles:formats '("A4" "A2" "A1" "A0" "R297" "R420" "R594" "R841"))
+
 (defun plv-feuilles:modele (nom)
-  "The template of a format, A4 to A0; any other name is a file's."
+  "The template of a format, A4 to A0 or a roll of such a height; any other name is a file's."
   (cond
     ((= (strcase nom) "A3") "cartouche.dxf")
-    ((member (strcase nom) '("A4" "A2" "A1" "A0")) (strcat "cartouche-" (strcase nom T) ".dxf"))
+    ((member (strcase nom) plv-feuilles:formats) (strcat "cartouche-" (strcase nom T) ".dxf"))
     (T nom)))
 
 (defun plv-feuilles:place (modele / lu)
   "The room of a template; nil after a message."
   (setq lu (vl-catch-all-apply 'modele-feuille (list modele)))
   (if (vl-catch-all-error-p lu) (plv-erreur (vl-catch-all-error-message lu)) (cadr lu)))
-
-;; --- the size of texts on paper
-
-(setq plv-feuilles:petit 1.8 plv-feuilles:grand 7.0 plv-feuilles:lisible 2.5)
-
-(defun plv-feuilles:textes-papier (mesures echelle / h)
-  "Says which profiles have texts that are too small or too large on paper, and what height would be right."
-  (foreach m mesures
-    (setq h (/ (* 1000.0 (plv-ttxt (plv-cle 'profil m))) echelle))
-    (if (or (< h plv-feuilles:petit) (> h plv-feuilles:grand))
-      (plv-dire
-        (strcat "attention: profil " (plv-numero-profil (plv-cle 'profil m)) ", les textes ont " (plv-reel h 2)
-                " mm sur le papier au 1:" (plv-feuilles:nombre echelle) "; une hauteur de texte de "
-                (plv-reel (* 0.001 echelle plv-feuilles:lisible) 2) " en ferait " (plv-reel plv-feuilles:lisible 1) " mm.")))))
-
-;; --- the call and the command
-
-(defun plv-feuilles (profils modele echelle titre fichier / place mesures feuilles resultat)
-  "Plots profiles on sheets of a template; nil for the scale takes the largest that fits. The number of sheets, or nil after a
-message."
-  (setq modele (plv-feuilles:modele modele))
-  (if (and (vl-every 'plv-profil-sain profils)
-           (setq place (plv-feuilles:place modele))
-           (setq mesures (mapcar 'plv-feuilles:mesurer profils)
-                 echelle (cond (echelle) ((plv-feuilles:echelle mesures place))))
-           (setq feuilles (plv-feuilles:toutes mesures echelle place titre)))
-    (progn
-      (setq resultat (vl-catch-all-apply 'tracer-feuilles (list fichier modele feuilles)))
-      (if (vl-catch-all-error-p resultat)
-        (plv-erreur (vl-catch-all-error-message resultat))
-        (progn
-          (plv-dire (strcat fichier ": " (itoa (length feuilles)) (if (cdr feuilles) " feuilles" " feuille") " au 1:"
-                            (plv-feuilles:nombre echelle) "."))
-          (plv-feuilles:textes-papier mesures echelle)
-          (foreach p profils (plv-noter-fait p "FEUILLES" (strcat "PDF " fichier) nil (list modele (rtos echelle 2 8) titre)))
-          (length feuilles))))))
-
-(defun c:plv-feuilles (/ profils modele place echelle titre)
-  "Fait le dossier de plans: les profils sur des feuilles, en un PDF."
-  (if (setq profils (plv-demander-profils)) (plv-avant-sortie profils))
-  (if (and profils
-           (setq modele (plv-feuilles:modele (plv-demander-texte "Dessin modèle" "cartouche.dxf")))
-           (setq place (plv-feuilles:place modele)))
-    (progn
-      (setq echelle (plv-demander-reel "Dénominateur de l'échelle" (plv-feuilles:echelle (mapcar 'plv-feuilles:mesurer profils) place))
-            titre (plv-demander-texte "Titre de l'affaire" (plv-nom-dessin)))
-      (plv-feuilles profils modele echelle titre (plv-demander-texte "Fichier PDF" "feuilles.pdf"))))
-  (princ))

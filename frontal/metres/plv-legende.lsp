@@ -93,6 +93,7 @@
   (entmake
     (append
       (list '(0 . "TEXT") (cons 8 (plv-calque plv-legende:calque)) (cons 10 (plv-point x y)) (cons 40 h) (cons 1 texte))
+      (plv-style-de-texte)
       (if (= justification 0) nil (list (cons 72 justification) (cons 11 (plv-point x y)))))))
 
 (defun plv-legende:pastille (x1 y1 x2 y2 couleur)
@@ -149,7 +150,13 @@
                                (mapcar '(lambda (e) (+ (car (plv-origine e)) largeur)) autres))))
     (+ (cadr origine) (plv-hauteur-profil profil))))
 
-(defun plv-legende (profil genre point / lots mesures)
+(defun plv-rangees-de-classes (profil genre / lots mesures)
+  "What lies between ground and line by classes of depth: (colour class length area volume), the total last; nil after a message."
+  (if (and (setq lots (plv-metres:lots (list profil) genre))
+           (setq mesures (plv-metres:avec-lots lots genre '(lambda () (plv-metres:mesurer lots genre nil nil)))))
+    (plv-legende:rangees (plv-mesure-troncons (car (plv-mesures-profils mesures))) (plv-mesures-classes mesures))))
+
+(defun plv-legende (profil genre point / rangees)
   "Measures a profile with the project line of a kind and places its legend (point nil: beside it). The block reference, or
 nil after a message."
   (setq genre (plv-genre genre))
@@ -157,11 +164,8 @@ nil after a message."
     ((not (plv-profil-sain profil)) nil)
     ((plv-refus-genre-projet genre) (plv-erreur (plv-refus-genre-projet genre)))
     ((not (plv-elements profil genre)) (plv-erreur (plv-refus-sans-ligne genre (list profil))))
-    ((and (setq lots (plv-metres:lots (list profil) genre))
-          (setq mesures (plv-metres:avec-lots lots genre '(lambda () (plv-metres:mesurer lots genre nil nil)))))
-     (plv-legende:placer profil genre
-       (plv-legende:rangees (plv-mesure-troncons (car (plv-mesures-profils mesures))) (plv-mesures-classes mesures))
-       (cond (point) ((plv-legende:place profil genre)))))))
+    ((setq rangees (plv-rangees-de-classes profil genre))
+     (plv-legende:placer profil genre rangees (cond (point) ((plv-legende:place profil genre)))))))
 
 (defun plv-legende:nom-libre (profil genre / racine nom n)
   "A name of a block that no other profile's legend shows."
@@ -178,6 +182,7 @@ nil after a message."
   (setq reference (plv-inserer plv-legende:calque nom point))
   (plv-ecrire-cles reference (list (list plv-legende:cle-profil profil) (list plv-legende:cle-genre genre)))
   (plv-noter-fait profil "LEGENDE" genre nil nil)
+  (plv-rehausser-titre profil)
   reference)
 
 (defun c:plv-legende (/ profil genre)

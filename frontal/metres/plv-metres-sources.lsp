@@ -29,6 +29,12 @@
       (mapcar '(lambda (e) (plv-metres-sources:sommets (plv-traces:pieces cadre e nil) coupes)) (plv-elements profil genre)))
     '(lambda (a b) (< (caar a) (caar b)))))
 
+(defun plv-arcs-mesures (profil genre / cadre)
+  "The distances of the vertices of each curved line: from one to the next the module measures along chords of its own."
+  (setq cadre (plv-cadre profil))
+  (mapcar '(lambda (e) (mapcar '(lambda (p) (plv-distance cadre p)) (plv-cles 10 (entget e))))
+    (vl-remove-if-not 'plv-traces:courbe-p (plv-elements profil genre))))
+
 (defun plv-joindre-lignes (lignes / jointes)
   "Lines that go on where others end as one."
   (foreach ligne lignes

@@ -113,9 +113,9 @@
   "The ground is known before the profile's own questions come."
   (if (and (setq plv-mnt:demande (plv-mnt:demander)) (setq plv-mnt:lu (plv-mnt-lire plv-mnt:demande)))
     (plv-nouveau-demander '(lambda () plv-mnt:lu) (itoa (plv-identifiant-libre)) 'plv-mnt-achever
-      (cons plv-mnt:demande plv-mnt:lu) (plv-mnt:insertion (plv-cle 'axe plv-mnt:lu)))))
+      (cons plv-mnt:demande plv-mnt:lu) (plv-mnt-insertion (plv-cle 'axe plv-mnt:lu)))))
 
-(defun plv-mnt:insertion (axe / points bas haut)
+(defun plv-mnt-insertion (axe / points bas haut)
   "Above the axis and what lies in the drawing, where that is far from the origin: a profile there would be out of sight. nil elsewhere."
   (setq points (append axe (if (< (car (getvar "EXTMIN")) (car (getvar "EXTMAX"))) (list (getvar "EXTMIN") (getvar "EXTMAX")))))
   (if points
@@ -138,7 +138,7 @@
   (if (setq sources (plv-mnt-demander-sources))
     (progn
       (setq options (plv-mnt-demander-options)
-            point (plv-demander-insertion "Point d'insertion du premier" (plv-mnt:insertion nil))
+            point (plv-demander-insertion "Point d'insertion du premier" (plv-mnt-insertion nil))
             echv (plv-demander-reel "Échelle verticale" 10.0)
             ttxt (plv-demander-reel "Hauteur de texte" 2.5))
       (plv-mnt-plusieurs calque (plv-mnt-demande nil nil 0.0 sources options) point echv ttxt
@@ -147,7 +147,7 @@
 (defun plv-mnt:actualiser (/ profils)
   "One profile, or all that came of a surface."
   (if (setq profils (plv-demander-profils))
-    (mapcar 'plv-mnt-actualiser (cond ((vl-remove-if-not 'plv-mnt-demande-gardee profils)) (profils)))))
+    (mapcar 'plv-mnt-actualiser (cond ((vl-remove-if-not 'plv-mnt-actualisable-p profils)) (profils)))))
 
 (defun c:plv-terrain (/ mot)
   "Crée un profil où un axe en plan traverse une surface: points, lignes, faces, fichiers."

@@ -2,15 +2,15 @@
 
 (setq plv-mnt:cle-systeme "PLV_SYSTEME" plv-mnt:proposes 3)
 
-(defun plv-mnt-systeme (/ trouve)
+(setq plv-mnt-systeme-essaye nil) ; a code that is tried, before it is kept
+
+(defun plv-mnt-systeme ()
   "The code, as \"EPSG:2154\"; nil when it isn't known."
-  (if (setq trouve (dictsearch (namedobjdict) plv-mnt:cle-systeme)) (cdr (assoc 1 trouve))))
+  (cond (plv-mnt-systeme-essaye) ((plv-cle 1 (plv-enregistrement-du-dessin plv-mnt:cle-systeme)))))
 
-(defun plv-mnt-ecrire-systeme (code)
-  (dictremove (namedobjdict) plv-mnt:cle-systeme)
-  (dictadd (namedobjdict) plv-mnt:cle-systeme (entmakex (list '(0 . "XRECORD") '(100 . "AcDbXrecord") '(280 . 1) (cons 1 code)))))
+(defun plv-mnt-ecrire-systeme (code) (plv-ecrire-enregistrement-du-dessin plv-mnt:cle-systeme (list (cons 1 code))))
 
-(defun plv-mnt:code (texte)
+(defun plv-mnt-code (texte)
   "2154 and EPSG:2154 are the same."
   (if (wcmatch texte "~*[~0-9]*") (strcat "EPSG:" texte) (strcase texte)))
 
@@ -23,7 +23,7 @@
   (setq code (plv-demander-texte "Système de coordonnées du dessin, code EPSG" (if proposes (car (car proposes)))))
   (cond
     ((= code "") (plv-erreur "un code EPSG est attendu, 2154 par exemple"))
-    ((= (type (setq systeme (et_systemes (plv-mnt:code code)))) 'STR) (plv-erreur systeme))
+    ((= (type (setq systeme (et_systemes (plv-mnt-code code)))) 'STR) (plv-erreur systeme))
     ((setq systeme (car systeme))
      (plv-mnt-ecrire-systeme (car systeme))
      (plv-dire (strcat "Système de coordonnées: " (plv-mnt:ligne-systeme systeme) "."))

@@ -1,5 +1,6 @@
 ;; The line of least cost between manholes (et_ligneCout of the studies): found, attached, told. Manholes stand at both ends and at the
 ;; blocks of the profile; the prices may allow more. Points are (distance altitude) in metres.
+;; Shared in the room: plv-optimal:demander-cout plv-optimal:impasse plv-optimal:sommets-cout
 
 (defun plv-regard-station (regard) (car regard))
 (defun plv-regard-terrain (regard) (cadr regard))
@@ -16,7 +17,7 @@
     (if (< (+ debut 1e-3) d (- fin 1e-3)) (setq stations (cons (list "station" (+ (plv-premiere-station profil) d)) stations))))
   (reverse stations))
 
-(defun plv-cout:demander (profil souhait prix)
+(defun plv-optimal:demander-cout (profil souhait prix)
   "What et_ligneCout answers: (manholes (cost bound) quantities), (nil (station station)), or nil."
   (apply 'et_ligneCout
     (append (plv-optimal:arguments profil souhait)
@@ -71,7 +72,7 @@
 
 ;; --- the call
 
-(defun plv-cout:sommets (regards origine / sommets)
+(defun plv-optimal:sommets-cout (regards origine / sommets)
   "The line's vertices; two at a manhole that it leaves at another altitude."
   (foreach r regards
     (setq sommets (cons (list (- (plv-regard-station r) origine) (plv-regard-entree r)) sommets))
@@ -79,7 +80,7 @@
       (setq sommets (cons (list (- (plv-regard-station r) origine) (plv-regard-sortie r)) sommets))))
   (reverse sommets))
 
-(defun plv-cout:impasse (profil souhait ou / proposition)
+(defun plv-optimal:impasse (profil souhait ou / proposition)
   "Why no line arrives."
   (setq proposition (plv-optimal:demander-ligne profil souhait))
   (if (and proposition (plv-proposition-faute proposition))
@@ -100,11 +101,11 @@ message."
   (setq genre (plv-genre genre) faute (plv-cout:refus profil genre souhait prix))
   (cond
     (faute (plv-erreur faute))
-    ((not (setq trouve (plv-cout:demander profil souhait prix)))
+    ((not (setq trouve (plv-optimal:demander-cout profil souhait prix)))
      (plv-erreur "le pas des altitudes est trop fin, ou le terrain revient en arrière, pour cette recherche"))
-    ((not (car trouve)) (plv-erreur (plv-cout:impasse profil souhait (cadr trouve))))
+    ((not (car trouve)) (plv-erreur (plv-optimal:impasse profil souhait (cadr trouve))))
     (T
-     (setq suites (plv-optimal:suites (plv-cout:sommets (car trouve) (plv-premiere-station profil))))
+     (setq suites (plv-optimal:suites (plv-optimal:sommets-cout (car trouve) (plv-premiere-station profil))))
      (if (plv-optimal:deposer profil genre souhait suites "Coût" (car (cadr trouve)))
        (progn
          (plv-optimal:dire profil suites (plv-souhait-minimum souhait) (plv-souhait-maximum souhait)

@@ -1,7 +1,7 @@
 ;; Variants of a proposed line, drawn side by side over the planes of the profile, each on a layer of its own. They are ordinary
 ;; polylines that remember profile, number, kind of line, method and cost; nothing is attached until one is chosen.
 ;; Points are (distance altitude) in metres.
-;; Shared in the room: plv-optimal:deposer plv-optimal:place-variante-p
+;; Shared in the room: plv-optimal:deposer plv-optimal:place-variante-p plv-variantes:etendue plv-variantes:mesures
 
 (setq plv-variantes:cle "VARIANTE")
 

@@ -68,7 +68,8 @@
 (defun plv-faits-sur (entite) "The facts about an entity." (plv-faits:de entite entite))
 
 ;; --- what the room suivi, which stands above the makers, hangs on to
-;; releveur (profile facts): the facts with the fingerprints of their sources; temoin (profile facts): told of facts right after the things
+;; releveur (profile facts): the facts with the fingerprints of their sources; verificateur (profile fact source): whether the source is as
+;; it was then; temoin (profile facts): told of facts right after the things
 ;; were made; sortie (profiles): told before something goes out of the drawing
 
 (setq plv-faits:branches nil)
@@ -81,6 +82,16 @@
 (defun plv-avant-sortie (profils)
   "Before profiles are plotted on sheets or given to other programs: what isn't true is told, or made anew."
   (plv-faits:appeler 'sortie (list profils)))
+
+;; --- what the room styles, which stands above too, adds to what is drawn; nothing in a drawing without a style
+
+(defun plv-presenter (profil)
+  "Draws around a profile what the style wants; the top of it, nil for nothing above the profile."
+  (plv-faits:appeler 'presentation (list profil)))
+
+(defun plv-presenter-titre (profil y) "The same above its title." (plv-faits:appeler 'titre (list profil y)))
+
+(defun plv-presenter-tables (profil) "The same of its tables, in place of what was drawn of them." (plv-faits:appeler 'tables (list profil)))
 
 ;; --- noting
 
@@ -104,3 +115,19 @@
 
 (defun plv-noter-fait (profil chose precision entite reponses)
   (plv-noter-faits profil (list (plv-fait chose precision entite reponses))))
+
+(defun plv-source-vraie-p (profil fait source)
+  "Whether a source is as it was when the fact was noted."
+  (plv-faits:appeler 'verificateur (list profil fait source)))
+
+(defun plv-faits:avec-source (fait source empreinte)
+  (plv-fait-releve fait (plv-fait-date fait)
+    (mapcar '(lambda (s) (if (= (car s) source) (cons source empreinte) s)) (plv-fait-sources fait)) (plv-fait-profil fait)))
+
+(defun plv-renoter-source (profil faits source)
+  "One source of facts as it is now; all else stays as it was noted."
+  (foreach fait faits
+    (plv-faits:remplacer (cond ((plv-fait-entite fait)) (profil)) (plv-fait-entite fait)
+      (list
+        (plv-faits:avec-source fait source
+          (plv-cle source (plv-fait-sources (car (plv-faits:appeler 'releveur (list profil (list fait)))))))))))

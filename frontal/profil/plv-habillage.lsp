@@ -1,24 +1,29 @@
 ;; What makes a profile readable: title, axis with its altitudes, names of the planes, breaks between sections.
 ;; Heights of texts and gaps are multiples of the profile's text height.
 
-(defun plv-habillage:y-titre (profil point hauteur ttxt)
-  "The title's line: room for the labels of blocks between axis and title, and it stands above all dimensions."
+(defun plv-habillage:y-titre (profil point hauteur ttxt sommet)
+  "The title's line: room for the labels of blocks between axis and title, and it stands above all dimensions and the style's labels."
   (apply 'max
-    (cons (+ (cadr point) hauteur (* 12.0 ttxt))
+    (vl-list* (+ (cadr point) hauteur (* 12.0 ttxt)) (if sommet (+ sommet (* 4.0 ttxt)) (cadr point))
           (mapcar '(lambda (b) (+ (plv-boite-haut b) (* 4.0 ttxt))) (plv-boites-cotes profil)))))
 
-(defun plv-habillage:titre (profil point hauteur ttxt longueur echv / y largeur)
+(defun plv-habillage:titre (profil point hauteur ttxt longueur echv sommet / y largeur)
   "The title above the axis: the profile's own attributes are moved there, the number to the right of the words."
-  (setq y (plv-habillage:y-titre profil point hauteur ttxt)
+  (setq y (plv-habillage:y-titre profil point hauteur ttxt sommet)
         largeur (plv-largeur-texte (strcat plv-profil:titre " ") (* 1.4 ttxt)))
-  (plv-habillage:placer profil "TITRE" (plv-point (car point) y))
-  (plv-habillage:placer profil "NUMPL" (plv-point (+ (car point) largeur (* 1.4 ttxt)) y))
+  (plv-habillage:placer profil "TITRE" (plv-point (car point) y) (* 1.4 ttxt))
+  (plv-habillage:placer profil "NUMPL" (plv-point (+ (car point) largeur (* 1.4 ttxt)) y) (* 1.4 ttxt))
   (plv-texte "PLV-TITRES" (plv-point (car point) (- y (* 2.0 ttxt))) (* 0.8 ttxt)
-    (strcat "Longueur " (plv-reel longueur 2) " m - hauteurs multipliées par " (plv-reel echv 1)) 0 0.0))
+    (strcat "Longueur " (plv-reel longueur 2) " m - hauteurs multipliées par " (plv-reel echv 1)) 0 0.0)
+  (plv-presenter-titre profil (+ y (* 3.5 ttxt))))
 
-(defun plv-habillage:placer (profil etiquette point / groupes)
+(defun plv-habillage:placer (profil etiquette point hauteur / groupes)
   (if (setq groupes (plv-attribut-profil profil etiquette))
-    (entmod (subst (cons 10 point) (assoc 10 groupes) groupes))))
+    (entmod
+      (append
+        (subst (cons 10 point) (assoc 10 groupes)
+          (subst (cons 40 hauteur) (assoc 40 groupes) (if (plv-style-de-texte) (vl-remove (assoc 7 groupes) groupes) groupes)))
+        (plv-style-de-texte)))))
 
 (setq plv-habillage:graduations '(0.1 0.2 0.5 1.0 2.0 5.0 10.0 20.0 50.0 100.0))
 
@@ -52,16 +57,35 @@
     (if etiquettes
       (plv-texte "PLV-AXE" (plv-point (- x (* 0.8 ttxt)) (- y (* 0.4 ttxt))) (* 0.8 ttxt) (cdr graduation) 2 0.0))))
 
-(defun plv-habillage:nom-plan (point ttxt plan)
-  (plv-texte "PLV-PLANS" (plv-point (+ (car point) (plv-plan-debut plan) (* 0.5 ttxt)) (- (cadr point) (* 1.5 ttxt)))
-    ttxt (strcat "PC " (plv-reel (plv-plan-altitude plan) 2)) 0 0.0))
+;; --- names of planes, each where its section begins; where sections are short they are moved apart, and written smaller
 
-(defun plv-habillage:dessiner (profil point points echv ttxt plans / hauteur)
+(defun plv-habillage:nom-plan (plan) (strcat "PC " (plv-reel (plv-plan-altitude plan) 2)))
+
+(defun plv-habillage:ecartes (plans longueur ttxt h)
+  "(middle width) of each name at a height of texts, gaps included; T when they don't fit beside each other."
+  (setq plans (mapcar '(lambda (plan / l) (setq l (+ ttxt (plv-largeur-texte (plv-habillage:nom-plan plan) h))) (list (+ (plv-plan-debut plan) (* 0.5 l)) l)) plans)
+        longueur (et_ecarter plans 0.0 (+ longueur (* 10.0 ttxt))))
+  (if (vl-every '(lambda (p) (= (car p) 0)) longueur) (mapcar '(lambda (place plan) (list (cadr place) (cadr plan))) longueur plans) T))
+
+(defun plv-noms-de-plans (plans longueur ttxt / petit places)
+  "(from to height text) of each name along the profile, gaps included."
+  (setq petit (* 0.72 ttxt) places (plv-habillage:ecartes plans longueur ttxt ttxt))
+  (if (= places T) (setq ttxt petit places (plv-habillage:ecartes plans longueur petit petit)))
+  (mapcar '(lambda (place plan) (list (- (car place) (* 0.5 (cadr place))) (+ (car place) (* 0.5 (cadr place))) ttxt (plv-habillage:nom-plan plan)))
+    (if (= places T) (mapcar '(lambda (plan) (list (plv-plan-debut plan) 0.0)) plans) places) plans))
+
+(defun plv-habillage:noms-plans (point ttxt plans longueur)
+  (foreach nom (plv-noms-de-plans plans longueur ttxt)
+    (plv-texte "PLV-PLANS" (plv-point (+ (car point) (plv-debut nom) (* 0.5 (caddr nom))) (- (cadr point) (* 0.5 ttxt) (caddr nom)))
+      (caddr nom) (cadddr nom) 0 0.0)))
+
+(defun plv-habillage:dessiner (profil point points echv ttxt plans / hauteur sommet)
   (setq hauteur (plv-hauteur-axe points echv ttxt plans))
   (foreach plan plans
-    (plv-habillage:axe point hauteur ttxt echv plan (eq plan (car plans)))
-    (plv-habillage:nom-plan point ttxt plan))
-  (plv-habillage:titre profil point hauteur ttxt (car (plv-dernier points)) echv))
+    (plv-habillage:axe point hauteur ttxt echv plan (eq plan (car plans))))
+  (plv-habillage:noms-plans point ttxt plans (car (plv-dernier points)))
+  (setq sommet (plv-presenter profil))
+  (plv-habillage:titre profil point hauteur ttxt (car (plv-dernier points)) echv sommet))
 
 (setq plv-habillage:cle "PLV_HABILLAGE")
 
@@ -79,8 +103,9 @@
     (plv-plans profil)))
 
 (defun plv-rehausser-titre (profil / titre)
-  "The dressing anew where dimensions have grown into the title."
+  "The dressing anew where dimensions have grown into the title, and where the labels of a style keep clear of what was drawn."
   (setq titre (plv-cle 10 (plv-attribut-profil profil "TITRE")))
   (if (and titre (plv-entites-habillage profil)
-           (vl-some '(lambda (b) (> (plv-boite-haut b) (- (cadr titre) (* 4.0 (plv-ttxt profil)) -1e-6))) (plv-boites-cotes profil)))
+           (or (plv-rangees-de-style)
+               (vl-some '(lambda (b) (> (plv-boite-haut b) (- (cadr titre) (* 4.0 (plv-ttxt profil)) -1e-6))) (plv-boites-cotes profil))))
     (plv-rehabiller profil)))

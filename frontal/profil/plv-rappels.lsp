@@ -44,10 +44,12 @@
   (if (not (equal haut (plv-cle 10 groupes) 1e-9)) (entmod (subst (cons 10 haut) (assoc 10 groupes) groupes))))
 
 (defun plv-ajuster-rappels (profil / cadre points reste d)
-  "Tops of the reference lines back on the ground, after a change of plane or of the ground. They stand from left to right."
+  "Tops of the reference lines back on the ground, after a change of plane or of the ground. They stand from left to right. Whether they
+stand where points have cells is another question, which stays open."
   (setq cadre (plv-cadre profil) points (plv-points-tn profil) reste points)
   (foreach groupes (plv-rappels:lignes profil)
     (setq d (plv-distance cadre (plv-cle 10 groupes))
           reste (plv-rappels:avancer (if (< d (car (car reste))) points reste) d))
     (if (and (cdr reste) (>= d (- (car (car reste)) 1e-6))) (plv-rappels:poser groupes cadre d (plv-interpoler reste d))))
-  (plv-noter-fait profil "RAPPELS" nil nil nil))
+  (if (vl-some '(lambda (f) (and (= (plv-fait-chose f) "RAPPELS") (plv-source-vraie-p profil f "distances"))) (plv-faits profil))
+    (plv-noter-fait profil "RAPPELS" nil nil nil)))

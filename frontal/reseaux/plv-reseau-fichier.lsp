@@ -1,5 +1,6 @@
 ;; Networks in files: rows of text, as the drawing keeps them; input files of storm water models (.inp) and LandXML PipeNetworks, of which a way
 ;; from a node to another one is taken.
+;; Shared in the room: plv-reseau-fichier:format
 
 (defun plv-reseau-fichier:format (chemin)
   "inp, xml, or nil for rows of text."

@@ -32,12 +32,7 @@
     ((= mot "COntrôler") (plv-reseau-controler profil genre))
     ((= mot "Supprimer") (plv-reseau-oter profil genre))
     ((= mot "Exporter") (plv-reseau-exporter profil genre (plv-demander-texte "Fichier à écrire" nil)))
-    ((setq rangees (plv-reseau-questions:changer profil genre rangees mot)) (plv-reseau-questions:ecrire profil genre rangees))))
-
-(defun plv-reseau-questions:ecrire (profil genre rangees / reseau)
-  (if (setq reseau (plv-reseau-ecrire profil genre rangees))
-    (plv-dire (strcat "Réseau " genre ": " (plv-compte (length (plv-reseau-regards reseau)) "regard") ", "
-                      (itoa (length (plv-reseau-tuyaux reseau))) (if (cdr (plv-reseau-tuyaux reseau)) " tuyaux." " tuyau.")))))
+    ((setq rangees (plv-reseau-questions:changer profil genre rangees mot)) (plv-reseau-ecrire-et-dire profil genre rangees))))
 
 (defun c:plv-reseau (/ profil genre mot)
   "Pose tuyaux et regards sur une ligne du profil, depuis la ligne, un fichier ou par questions, et les contrôle."

@@ -85,6 +85,11 @@
   (plv-actualiser:dire vieilles (plv-actualiser:de-valeur etats "impossible") fait)
   fait)
 
+(defun plv-actualiser-dessin (profils / etats)
+  "The same without files and without a word; T, or nil after a message."
+  (setq etats (plv-actualiser:etats profils))
+  (plv-actualiser:en-une-fois '(lambda () (plv-actualiser:dessin profils etats)) '(lambda () T)))
+
 (defun c:plv-actualiser ()
   "Refait ce qui, de ce qui est tiré des profils, n'est plus à jour: tableaux, cotes, hachures, légendes, fichiers."
   (if (plv-profils) (plv-actualiser (plv-profils)) (plv-erreur (plv-refus-sans-profil)))

@@ -15,34 +15,38 @@
      plv-choses:traits plv-choses:terrain nil plv-refaire-terrain nil)
     ("TABLEAUX" plv-choses:mots-tableaux ("definition" "textes" "longueur")
      plv-choses:references plv-choses:tableaux nil plv-refaire-tableaux (plv-lever-tableaux plv-remettre-tables))
-    ("RAPPELS" plv-choses:mots-rappels ("altitudes" "plans" "echelle")
+    ("RAPPELS" plv-choses:mots-rappels ("distances" "altitudes" "plans" "echelle")
      plv-choses:rappels nil nil plv-refaire-rappels nil)
     ("RANGEE" plv-choses:mots-rangee plv-choses:sources-rangee
      plv-choses:reference nil nil plv-refaire-rangees (plv-lever-rangees plv-remettre-tables))
-    ("COTES" plv-choses:mots-cotes ("echelle" "textes" "plans" "courbe" "sol-courbe")
+    ("COTES" plv-choses:mots-cotes ("echelle" "textes" "plans" "courbe" "sol-courbe" "voisines")
      plv-choses:textes plv-choses:cotes nil plv-refaire-cotes (plv-lever-cotes plv-remettre-cotes))
+    ("HABILLAGE" plv-choses:mots-habillage ("style" "echelle" "textes" "plans" "origine" "terrain" "terrains" "projets" "blocs")
+     plv-choses:habillage nil nil plv-refaire-habillages nil)
     ("RESEAU" plv-choses:mots-reseau ("echelle" "textes" "plans" "reseau")
      plv-choses:reseau nil nil plv-refaire-reseaux nil)
     ("TRANCHEES" plv-choses:mots-tranchees ("echelle" "plans" "reseau" "tranchees")
      plv-choses:tranchees nil plv-choses:sans-reseau plv-refaire-tranchees nil)
     ("COUPES" plv-choses:mots-coupes ("echelle" "textes" "reseau" "tranchees")
      plv-choses:coupes nil plv-choses:sans-reseau plv-refaire-coupes nil)
-    ("HACHURES" plv-choses:mots-hachures ("classes" "contours" "sol-contours" "plans-lignes")
+    ("HACHURES" plv-choses:mots-hachures ("classes" "contours" "arcs-lignes" "sol-contours" "plans-lignes")
      plv-choses:surfaces plv-choses:hachures plv-choses:sans-ligne plv-refaire-hachures nil)
-    ("LEGENDE" plv-choses:mots-legende ("numero" "textes" "classes" "lignes-jointes" "sol-lignes")
+    ("LEGENDE" plv-choses:mots-legende ("numero" "textes" "classes" "lignes-jointes" "arcs-lignes" "sol-lignes")
      plv-choses:blocs plv-choses:legendes plv-choses:sans-ligne plv-refaire-legendes nil)
     ("PLAN" plv-choses:mots-plan ("axe" "fleches" "blocs-portes" "textes")
      plv-choses:portees plv-choses:plan plv-choses:sans-axe plv-refaire-plan nil)
-    ("CLASSEUR" plv-choses:mots-classeur ("fichier" "numero" "origine" "classes" "lignes" "sol-lignes" "fixes")
+    ("CLASSEUR" plv-choses:mots-classeur ("fichier" "numero" "origine" "classes" "lignes" "arcs-lignes" "sol-lignes" "fixes")
      plv-choses:du-fichier nil plv-choses:sans-ligne plv-refaire-classeurs nil)
     ("BORDEREAU" plv-choses:mots-bordereau ("fichier" "numero" "reseau" "tranchees" "prix")
      plv-choses:du-fichier nil plv-choses:sans-reseau plv-refaire-bordereaux nil)
     ("EXPORT" plv-choses:mots-export plv-choses:sources-export
      plv-choses:du-fichier nil plv-choses:sans-projet plv-refaire-exports nil)
+    ("PAGE" plv-choses:mots-page ("fichier" "numero" "origine" "terrain" "terrains" "plans" "projets" "blocs")
+     plv-choses:du-fichier nil nil plv-refaire-pages nil)
     ("FEUILLES" plv-choses:mots-feuilles ("fichier" "numero" "dessin")
      plv-choses:du-fichier nil nil plv-refaire-feuilles nil)))
 
-(setq plv-choses-fichiers '("CLASSEUR" "BORDEREAU" "EXPORT" "FEUILLES"))
+(setq plv-choses-fichiers '("CLASSEUR" "BORDEREAU" "EXPORT" "PAGE" "FEUILLES"))
 
 (defun plv-chose-fichier-p (fait) (member (plv-fait-chose fait) plv-choses-fichiers))
 
@@ -131,11 +135,19 @@
   "The curves that have dimensions, nil among them when one is gone."
   (plv-uniques (mapcar 'plv-cote-courbe (plv-choses:cotes-posees profil))))
 
+(defun plv-courbes-cotees-du-genre (profil genre)
+  (vl-remove-if-not '(lambda (e) (and e (= (plv-genre-de profil e) genre))) (plv-courbes-cotees profil)))
+
 (defun plv-choses:cotes (profil) (mapcar '(lambda (courbe) (plv-fait "COTES" nil courbe nil)) (plv-courbes-cotees profil)))
 
 (defun plv-chose-orpheline-p (fait)
   "Whether the curve of dimensions is gone."
   (and (= (plv-fait-chose fait) "COTES") (not (plv-existe (plv-fait-entite fait)))))
+
+;; --- what the drawing's style adds to a profile
+
+(defun plv-choses:mots-habillage (profil fait) "Grille, libellés et légende des lignes")
+(defun plv-choses:habillage (profil fait) (plv-entites-habillage profil))
 
 ;; --- networks
 
@@ -186,6 +198,7 @@
 (defun plv-choses:mots-classeur (profil fait) (strcat "Classeur " (plv-fait-fichier fait)))
 (defun plv-choses:mots-bordereau (profil fait) (strcat "Bordereau " (plv-fait-fichier fait)))
 (defun plv-choses:mots-export (profil fait) (strcat "Export " (plv-fait-fichier fait)))
+(defun plv-choses:mots-page (profil fait) (strcat "Page " (plv-fait-fichier fait)))
 (defun plv-choses:mots-feuilles (profil fait) (strcat "Feuilles " (plv-fait-fichier fait)))
 
 (defun plv-choses:sources-export (profil fait / contenu)

@@ -22,6 +22,7 @@
     (mapcar '(lambda (nom) (cons nom (plv-source-empreinte profil fait nom))) (plv-chose-sources profil fait))))
 
 (plv-brancher 'releveur 'plv-etat:relever)
+(plv-brancher 'verificateur '(lambda (profil fait nom) (plv-etat:inchangee-p profil fait nom)))
 
 (setq plv-etat:sans-suivi "fait sans que ses sources soient notées")
 

@@ -28,7 +28,7 @@
 
 (defun plv-refaire:fichier (profil chemin / provisoire)
   "The definition file, or a temporary one that says the same as the drawing: (name temporary)."
-  (if (findfile chemin)
+  (if (plv-chemin-definition chemin)
     (list chemin nil)
     (progn
       (setq provisoire (vl-filename-mktemp "plv.txt"))
@@ -52,8 +52,8 @@
     (plv-ajuster-rappels profil)
     (progn
       (plv-effacer (plv-lignes-rappel profil))
-      (plv-noter-ajouts profil (plv-tracer-rappels profil points))
-      (plv-noter-fait profil "RAPPELS" nil nil nil)))
+      (plv-noter-ajouts profil (plv-tracer-rappels profil points))))
+  (plv-noter-fait profil "RAPPELS" nil nil nil)
   T)
 
 (defun plv-refaire-rangees (profil faits / courant bilans)
@@ -73,6 +73,10 @@
   (if (plv-entites-habillage profil) (plv-rehabiller profil))
   (foreach lot lots (plv-coter profil (plv-lot-genre lot) (plv-lot-rotation lot) (plv-lot-lesquelles lot) (plv-lot-courbes lot)))
   T)
+
+;; --- what the drawing's style adds to a profile
+
+(defun plv-refaire-habillages (profil faits) (plv-rehabiller profil) T)
 
 ;; --- networks
 
@@ -121,6 +125,9 @@
          ((= (plv-fait-genre f) "Terrain") (plv-export-terrain profil (plv-fait-fichier f)))
          (T (plv-export-projet profil (plv-fait-genre f) (plv-fait-fichier f)))))
     faits))
+
+(defun plv-refaire-pages (profil faits)
+  (vl-every '(lambda (f) (plv-page (plv-refaire:profils f) (plv-fait-fichier f))) faits))
 
 (defun plv-refaire-feuilles (profil faits)
   (vl-every

@@ -33,8 +33,10 @@
     ("plans" "les plans de comparaison" plv-sources:plans)
     ("courbe" "la courbe" plv-sources:courbe)
     ("sol-courbe" "le terrain naturel" plv-sources:sol-courbe)
+    ("voisines" "les courbes cotées à côté" plv-sources:voisines)
     ("lignes" "la ligne mesurée" plv-sources:lignes)
     ("contours" "la ligne mesurée" plv-sources:contours)
+    ("arcs-lignes" "la ligne mesurée" plv-sources:arcs-lignes)
     ("sol-contours" "le terrain naturel" plv-sources:sol-contours)
     ("lignes-jointes" "la ligne mesurée" plv-sources:lignes-jointes)
     ("sol-lignes" "le terrain naturel" plv-sources:sol-lignes)
@@ -47,6 +49,7 @@
     ("fixes" "les éléments fixes" plv-sources:fixes)
     ("numero" "le numéro du profil" plv-sources:numero)
     ("textes" "la hauteur des textes" plv-sources:textes)
+    ("style" "le style du dessin" plv-sources:style)
     ("fichier" "le fichier lui-même" plv-sources:fichier)
     ("dessin" "le dessin du profil" plv-sources:dessin)))
 
@@ -87,7 +90,11 @@
 
 (defun plv-sources:numero (profil fait) (list (plv-numero-profil profil)))
 
-(defun plv-sources:textes (profil fait) (list (plv-ttxt profil)))
+(defun plv-sources:textes (profil fait)
+  "With what the drawing's style says of texts and tables."
+  (cons (plv-ttxt profil) (vl-remove-if-not '(lambda (r) (wcmatch r "texte;*,tableau;*")) (plv-rangees-de-style))))
+
+(defun plv-sources:style (profil fait) (plv-rangees-de-style))
 
 (defun plv-sources:plans (profil fait) (plv-plans profil))
 
@@ -145,7 +152,7 @@
 
 (defun plv-sources:definition (profil fait / chemin)
   "Of a file that isn't there nothing is known: the tables in the drawing say how they are made."
-  (if (setq chemin (findfile (cond ((car (plv-fait-reponses fait))) ("")))) (plv-lire-lignes chemin)))
+  (if (setq chemin (plv-chemin-definition (cond ((car (plv-fait-reponses fait))) ("")))) (plv-lire-lignes chemin)))
 
 (defun plv-sources:points (profil)
   (plv-sources:lire (list "points" profil) '(lambda () (plv-points-cotes profil))))
@@ -206,6 +213,15 @@
         a (max (plv-debut etendue) (caar points)) b (min (plv-fin etendue) (car (plv-dernier points))))
   (list (plv-hauteur-profil profil) (if (< a b) (plv-ligne-entre points a b))))
 
+(defun plv-sources:voisines (profil fait / courbe etendue portee)
+  "From where to where the other curves of its kind go whose dimensions stand in the same rows, where they may stand in each other's way."
+  (setq courbe (plv-fait-entite fait) etendue (plv-etendue-courbe profil courbe) portee (* 8.0 (plv-ttxt profil)))
+  (list
+    (vl-sort
+      (vl-remove-if '(lambda (e) (or (> (plv-debut e) (+ (plv-fin etendue) portee)) (< (plv-fin e) (- (plv-debut etendue) portee))))
+        (mapcar '(lambda (c) (plv-etendue-courbe profil c)) (vl-remove courbe (plv-courbes-cotees-du-genre profil (plv-genre-de profil courbe)))))
+      '(lambda (a b) (< (plv-debut a) (plv-debut b))))))
+
 ;; --- quantities
 
 (defun plv-sources:mesurees (profil genre)
@@ -216,6 +232,8 @@
 (defun plv-sources:contours (profil fait)
   "What the outlines of hatches follow, vertex by vertex."
   (list (plv-lignes-mesurees profil (plv-fait-genre fait) T)))
+
+(defun plv-sources:arcs-lignes (profil fait) (list (plv-arcs-mesures profil (plv-fait-genre fait))))
 
 (defun plv-sources:sol-contours (profil fait / etendue)
   (setq etendue (plv-etendue-mesuree (plv-sources:mesurees profil (plv-fait-genre fait))))

@@ -77,7 +77,7 @@
 (defun plv-observations-ecrites (profil)
   "The named ground points that a row of observations shows."
   (plv-remplir:observations-ecrites
-    (list (cons 'ttxt (plv-ttxt profil)) (cons 'nommes (vl-remove-if '(lambda (p) (= (plv-point-nom p) "")) (plv-points-nommes profil))))))
+    (list (cons 'ttxt (plv-ttxt profil)) (cons 'longueur (plv-longueur-profil profil)) (cons 'nommes (vl-remove-if '(lambda (p) (= (plv-point-nom p) "")) (plv-points-nommes profil))))))
 
 (defun plv-attributs-ecrits (profil rangee)
   "(distance text) of the blocks that a row of attributes shows."

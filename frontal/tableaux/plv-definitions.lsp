@@ -5,7 +5,7 @@
   "What follows a text between braces; one that isn't closed runs to the end of the line."
   (if (setq fin (vl-string-search "}" ligne)) (substr ligne (+ fin 2)) ""))
 
-(defun plv-definitions:mots (ligne / mots fin)
+(defun plv-mots-definition (ligne / mots fin)
   "The first four words; texts between braces are none."
   (setq ligne (vl-string-left-trim " \t" (vl-string-translate "\t" " " ligne)))
   (while (and (/= ligne "") (< (length mots) 4))
@@ -36,7 +36,7 @@
 
 (defun plv-definitions:faute (ligne / mots hauteur nature)
   "What is wrong with a line; nil for a good row and for what isn't meant as one."
-  (setq mots (plv-definitions:mots ligne) hauteur (caddr mots) nature (cadddr mots))
+  (setq mots (plv-mots-definition ligne) hauteur (caddr mots) nature (cadddr mots))
   (cond
     ((and nature (plv-definitions:nombre-p hauteur) (plv-definitions:nombre-p nature))
      (cond ((<= (atof hauteur) 0.0) (strcat "hauteur \"" hauteur "\": un nombre positif est attendu"))
@@ -54,5 +54,26 @@
     (if (plv-definitions:faute ligne)
       (plv-dire (strcat chemin ", ligne " (itoa numero) ": " (plv-definitions:faute ligne) "."))))
   (cond
-    ((pl_LireMatriceKavel chemin) T)
+    ((plv-avec-texte '(lambda () (pl_LireMatriceKavel chemin))) T)
     (T (plv-erreur (strcat chemin ": aucune ligne de matrice; attendu: NOM - hauteur type {infos} libellé")))))
+
+;; --- the parts of a good row
+
+(defun plv-rangee-de-definition-p (ligne)
+  (and (cadddr (plv-mots-definition ligne)) (not (plv-ligne-muette ligne)) (not (plv-definitions:faute ligne))))
+
+(defun plv-infos-definition (ligne / debut)
+  "The text between braces; empty without one."
+  (if (setq debut (vl-string-search "{" ligne))
+    (vl-string-trim " " (substr ligne (+ debut 2) (- (cond ((vl-string-search "}" ligne)) ((strlen ligne))) debut 1)))
+    ""))
+
+(defun plv-libelle-definition (ligne / fin)
+  "What follows the kind and the text between braces."
+  (if (vl-string-search "{" ligne)
+    (vl-string-trim " \t" (plv-definitions:apres-accolade ligne))
+    (progn
+      (setq ligne (vl-string-left-trim " " (vl-string-translate "\t" " " ligne)))
+      (repeat 4
+        (setq fin (cond ((vl-string-search " " ligne)) ((strlen ligne))) ligne (vl-string-left-trim " " (substr ligne (1+ fin)))))
+      (vl-string-trim " " ligne))))

@@ -16,8 +16,8 @@
     (mapcar '(lambda (v) (list 10 (- (float (car v)) origine) (float (plv-devers-gauche v)) (float (plv-devers-droit v))))
             (vl-sort liste '(lambda (a b) (< (car a) (car b)))))))
 
-(defun plv-devers-fichier (profil chemin / trouve numero champs valeurs liste fautive)
-  "Reads station;left;right lines; gives the list, or nil after a message."
+(defun plv-lire-devers (chemin / trouve numero champs valeurs liste fautive)
+  "The station;left;right lines of a file; nil after a message."
   (setq numero 0)
   (if (setq trouve (plv-fichier-existant chemin))
     (foreach ligne (plv-lire-lignes trouve)
@@ -30,7 +30,11 @@
         ((and (not liste) (not (vl-some 'numberp valeurs))))
         (T (setq fautive T)
            (plv-refus-ligne trouve numero ligne "station, dévers gauche et dévers droit attendus")))))
-  (if (and liste (not fautive)) (progn (plv-devers profil liste) (reverse liste))))
+  (cond (fautive nil) ((reverse liste)) (trouve (plv-erreur (strcat trouve ": aucun dévers")))))
+
+(defun plv-devers-fichier (profil chemin / liste)
+  "Stores the cross falls of a file; gives them, or nil after a message."
+  (if (setq liste (plv-lire-devers chemin)) (progn (plv-devers profil liste) liste)))
 
 (defun c:plv-devers (/ profil chemin)
   "Attache à un profil les dévers d'un fichier."

@@ -34,6 +34,7 @@
 (defun plv-seule:remplir (profil points contexte / bilan)
   (setq bilan (plv-avec-calque "PLV-MATRICE" '(lambda () (plv-remplir-ligne points contexte))))
   (plv-noter-ajouts profil (plv-bilan-ajouts bilan))
+  (plv-presenter-tables profil)
   bilan)
 
 ;; --- cells that stand alone: only those whose text changes are written again

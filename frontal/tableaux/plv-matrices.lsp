@@ -5,7 +5,7 @@
   "Draws and fills; gives the profile, or nil after a message. tout: every point has its cells, however close."
   (cond
     ((not (plv-profil-sain profil)) nil)
-    ((not (setq trouve (plv-fichier-existant chemin))) nil)
+    ((not (setq trouve (plv-definition-existante chemin))) nil)
     ((not (setq points (plv-points-nommes profil))) (plv-erreur (plv-refus-sans-terrain)))
     ((not (plv-lire-definitions trouve)) nil)
     (T (plv-matrices:remplacer profil points chemin tout))))
@@ -33,6 +33,7 @@
       (plv-effacer-posees anciennes)
       (plv-oublier-ajouts profil)
       (plv-noter-ajouts profil (plv-bilan-ajouts (car fait)))
+      (plv-presenter-tables profil)
       (plv-noter-choix profil tout)
       (plv-noter-faits profil (plv-tables-faites profil chemin tout))
       (plv-matrices:dire (car fait))
@@ -71,7 +72,8 @@
 (defun c:plv-matrices (/ profil chemin tout)
   "Dessine les tableaux sous un profil, d'après un fichier de définition."
   (if (and (setq profil (plv-choisir-profil))
-           (setq chemin (plv-demander-fichier "Fichier de définition des matrices")))
+           (setq chemin (plv-demander-texte "Fichier de définition des matrices" nil))
+           (plv-definition-existante chemin))
     (progn
       (setq tout (= (plv-demander-mot "Points à coter" '("Espaces" "Tous") "Espaces") "Tous"))
       (plv-matrices profil chemin tout)))

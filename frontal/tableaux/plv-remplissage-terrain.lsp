@@ -24,10 +24,16 @@
 
 ;; --- observations
 
+(defun plv-remplir:a-droite-p (p contexte)
+  "Whether an observation stands to the right of its point: near the end of the table it stands to the left."
+  (<= (+ (car p) (* 2.0 (plv-cle 'ttxt contexte))) (plv-cle 'longueur contexte)))
+
 (defun plv-remplir:observations-ecrites (contexte / ecrites)
-  "The named points that have room after the one before; each takes three text heights."
+  "The named points that have room after the one before: three text heights, to the left of a point as many more."
   (foreach p (plv-cle 'nommes contexte)
-    (if (or (not ecrites) (>= (- (car p) (caar ecrites)) (* 3.2 (plv-cle 'ttxt contexte)))) (setq ecrites (cons p ecrites))))
+    (if (or (not ecrites)
+            (>= (- (car p) (caar ecrites)) (* (if (plv-remplir:a-droite-p p contexte) 3.2 6.4) (plv-cle 'ttxt contexte))))
+      (setq ecrites (cons p ecrites))))
   (reverse ecrites))
 
 (defun plv-remplir:observations (points contexte / ecrites)
@@ -40,7 +46,7 @@
   "Station and name to the right of the point; to its left where the table ends."
   (setq ttxt (plv-cle 'ttxt contexte)
         station (+ (plv-cle 'origine contexte) (car p)))
-  (if (<= (+ (car p) (* 2.0 ttxt)) (plv-cle 'longueur contexte))
+  (if (plv-remplir:a-droite-p p contexte)
     (pl_ptPkEtObs (float (car p)) station (plv-point-nom p))
     (progn
       (pl_TexteVertical (- (car p) (* 3.2 ttxt)) (pl_distToPk station))

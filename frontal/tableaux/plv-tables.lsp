@@ -34,7 +34,8 @@
 
 (defun plv-effacer-tables (profil)
   (plv-effacer-posees (plv-tables-posees profil (plv-ajouts-tables profil)))
-  (plv-oublier-ajouts profil))
+  (plv-oublier-ajouts profil)
+  (plv-presenter-tables profil))
 
 ;; --- whether every point had its cells, kept for a row that is filled again later
 

@@ -45,3 +45,9 @@
 (defun plv-types:hors-groupe (numero) (nth 3 (plv-types:ligne numero)))
 (defun plv-types:espacement (numero) (nth 4 (plv-types:ligne numero)))
 (defun plv-sources-de-type (numero) (nth 5 (plv-types:ligne numero)))
+
+(defun plv-types-libelles () (mapcar 'cadr plv-types:table))
+(defun plv-type-libelle (numero) (cond ((cadr (plv-types:ligne numero))) ("")))
+(defun plv-type-de-libelle (libelle)
+  "The number of a kind by its label; nil for none."
+  (car (car (vl-member-if '(lambda (l) (= (cadr l) libelle)) plv-types:table))))

@@ -7,12 +7,13 @@
 #include <QTemporaryDir>
 #include <clocale>
 
+#include "atelier/desktop/document/lisp_bridge.h"
+#include "atelier/desktop/forms/form_command.h"
 #include "atelier/desktop/forms/forms.h"
 #include "atelier/desktop/window/driver.h"
 #include "atelier/desktop/window/theme.h"
-#include "atelier/plugin/published.h"
 #include "atelier/render/sheets/plot_builtins.h"
-#include "module/commande/porte/entree.h"
+#include "programs/applications.h"
 
 namespace {
 
@@ -44,8 +45,12 @@ void pictures(MainWindow& window, Driver& driver, const QString& folder) {
   driver.then([&window] { emit window.profiles().itemClicked(window.profiles().topLevelItem(0), 0); });
   driver.then([&window] { window.view()->onMoved(AcGePoint3d(152.3, 45.6, 0)); });
   driver.then([&window] { window.profiles().expandToDepth(1); }).shot(name(folder, "bureau-fenetre"));
-  driver.menu("Matrices...").then([] { form<MatricesForm>().file->setText("matrices-route.txt"); });
+  driver.menu("Matrices...").then([] {
+    form<CommandForm>().field("Modèle")->set("route");
+    form<CommandForm>().look();
+  });
   driver.shot(name(folder, "bureau-matrices")).then(closeForm);
+  driver.menu("Ligne optimale...").shot(name(folder, "bureau-ligne-optimale")).then(closeForm);
   driver.menu("Tracer...").then([] {
     form<PlotForm>().scale->setText("1:1000");
     form<PlotForm>().paper->setCurrentIndex(3);
@@ -66,6 +71,22 @@ void pictures(MainWindow& window, Driver& driver, const QString& folder) {
   driver.play();
 }
 
+// The valley of the examples: its axis and the surface of its layers.
+void surface(MainWindow& window, Driver& driver, const QString& folder) {
+  driver.then([&window] { window.open("vallon.dxf"); }).type("ZOOM").type("_E").play();
+  driver.menu("Profil d'une surface...").then([&window] {
+    form<CommandForm>()
+        .field("Courbes de l'axe")
+        ->set(ask(window.drawing()->document(),
+                  "(mapcar 'plv-handle (plv-entites-du-jeu (ssget \"X\" '((0 . \"LWPOLYLINE\") (8 . \"AXE\")))))"));
+    form<CommandForm>().field("Surface")->set("Fichier et calques");
+    form<CommandForm>().field("Fichier, ou dossier de dalles")->set("vallon.csv");
+    form<CommandForm>().field("Calques, * permis")->set("RUISSEAU");
+    form<CommandForm>().look();
+  });
+  driver.shot(name(folder, "bureau-terrain")).then(closeForm).play();
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -78,9 +99,7 @@ int main(int argc, char** argv) {
   const QStringList arguments = QApplication::arguments();
   if (arguments.size() < 2) qFatal("kavel-captures FOLDER [sombre]");
   QDir().mkpath(arguments[1]);
-  atelier::registerApplication([](int message, void* id) {
-    return static_cast<int>(acrxEntryPoint(static_cast<AcRx::AppMsgCode>(message), id));
-  });
+  kavel::registerApplications();
   atelier::render::providePlots();
   const bool dark = arguments.value(2) == "sombre";
   if (dark) QSettings().setValue("fond", "#202124");
@@ -93,6 +112,7 @@ int main(int argc, char** argv) {
   Driver driver(window);
   profile(window, driver, arguments[1]);
   pictures(window, driver, arguments[1]);
+  surface(window, driver, arguments[1]);
   window.close();
   return 0;
 }

@@ -4,6 +4,7 @@
 #include <QTabWidget>
 #include <QTableWidget>
 
+#include "atelier/desktop/forms/form_command.h"
 #include "atelier/desktop/forms/forms.h"
 #include "tests/desktop/desktop.h"
 
@@ -39,7 +40,10 @@ struct ProfileWindow : kaveltest::Desktop {
 TEST_F(ProfileWindow, FormsMakeAProfileWithItsTables) {
   EXPECT_EQ(lisp("(length (plv-profils))").toInt(), 1);
   driver.menu("Matrices...").then([this] {
-    form<atelier::desktop::MatricesForm>()->file->setText(QString(kExamples) + "matrices-route.txt");
+    form<atelier::desktop::CommandForm>()
+        ->field("Fichier de définition")
+        ->set(QString(kExamples) + "matrices-route.txt");
+    form<atelier::desktop::CommandForm>()->look();
   });
   driver.press("Dessiner").play();
   EXPECT_GT(count("INSERT"), 1);
@@ -99,7 +103,10 @@ TEST_F(ProfileWindow, APanelClickSelectsAndShowsTheStoredKeys) {
 
 TEST_F(ProfileWindow, ChoosingAProfileBringsItsMenuWhoseEntriesRun) {
   driver.menu("Matrices...").then([this] {
-    form<atelier::desktop::MatricesForm>()->file->setText(QString(kExamples) + "matrices-route.txt");
+    form<atelier::desktop::CommandForm>()
+        ->field("Fichier de définition")
+        ->set(QString(kExamples) + "matrices-route.txt");
+    form<atelier::desktop::CommandForm>()->look();
   });
   driver.press("Dessiner").play();
   emit window.profiles().itemDoubleClicked(window.profiles().topLevelItem(0), 0);

@@ -43,6 +43,8 @@ class Drawing : public QObject {
   // Carries orders out, as soon as the event loop is reached; a running command is cancelled first.
   void feed(const std::vector<Order>& orders);
   void pick(const AcGePoint3d& point);
+  // The cursor has moved: a program that follows it is told.
+  void follow(const AcGePoint3d& point);
   void cancel();
   bool isRunning() const { return running_; }
   // The name of the running command; empty when there is none.

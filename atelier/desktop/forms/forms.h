@@ -1,6 +1,5 @@
 // Forms in place of prompts; each calls the same function of the front-end as the prompts.
 #pragma once
-#include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
 #include <QDoubleSpinBox>
@@ -26,21 +25,6 @@ class NewProfileForm : public QDialog {
   void preview();
   Drawing& drawing_;
   QLabel* picture_;
-};
-
-// The tables of a profile from a definition file, with a preview of its rows.
-class MatricesForm : public QDialog {
- public:
-  MatricesForm(Drawing& drawing, QWidget* parent);
-  void accept() override;
-  QComboBox* profile;
-  QLineEdit* file;
-  QCheckBox* every;
-
- private:
-  void preview();
-  Drawing& drawing_;
-  QLabel* rows_;
 };
 
 // A plot to PDF, SVG or PNG, with a preview of the sheet.

@@ -8,6 +8,7 @@
 #include <clocale>
 #include <functional>
 
+#include "atelier/desktop/forms/sheet_preview.h"
 #include "atelier/desktop/window/command_options.h"
 #include "atelier/desktop/window/icons.h"
 #include "atelier/desktop/window/main_window.h"
@@ -53,6 +54,7 @@ int run(int argc, char** argv) {
   QApplication::setWindowIcon(iconNamed("profil"));
   exchange::provideExchange();
   render::providePlots();
+  provideSheetPreview();
   MainWindow window;
   application.onFault = [&window](const QString& text) { window.commandLine().print("\n" + text + "\n"); };
   window.show();

@@ -63,6 +63,12 @@ Driver& Driver::menu(const QString& entry) {
     action->trigger();
   });
 }
+Driver& Driver::until(std::function<bool()> condition) {
+  return then([this, condition = std::move(condition)] { await(condition); });
+}
+void Driver::await(const std::function<bool()>& condition) {
+  if (!condition()) steps_.push_front([this, condition] { await(condition); });
+}
 Driver& Driver::press(const QString& button) {
   return then([button] {
     for (QPushButton* candidate : front()->findChildren<QPushButton*>())

@@ -14,6 +14,8 @@ class Driver : public QObject {
 
   // Adds a step; play() carries them out one after the other.
   Driver& then(std::function<void()> step);
+  // Waits until the condition holds.
+  Driver& until(std::function<bool()> condition);
   Driver& type(const QString& line);     // at the command line
   Driver& pick(double x, double y);      // a click at that place of the drawing
   Driver& hover(double x, double y);     // moves the cursor to that place
@@ -27,6 +29,7 @@ class Driver : public QObject {
 
  private:
   bool isReady() const;
+  void await(const std::function<bool()>& condition);  // as the next step, as long as it doesn't hold
   void step();
   static QWidget* front();
   MainWindow& window_;

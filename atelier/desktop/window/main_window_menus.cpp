@@ -137,9 +137,9 @@ void MainWindow::windowAction(const QString& name) {
   else if (name == "selectAll") selectAll();
   else if (name == "audit") audit();
   else if (name == "newProfile") NewProfileForm(*d, this).exec();
-  else if (name == "matrices") MatricesForm(*d, this).exec();
   else if (name == "plot") plot();
   else if (name == "updateUnasked") updateUnasked();
+  else if (name == "lineTable") toggleLineTable();
 }
 
 void MainWindow::audit() {

@@ -77,7 +77,7 @@ class Painting::Painter {
 
   void operator()(const Fill& fill) {
     if (fill.gradient) return fillGradient(fill);
-    fillPath(fill.path.mapped(options_.toSurface), fill.colour, fill.evenOdd);
+    fillPath(fill.path.mapped(options_.toSurface), fill.colour, fill.evenOdd, true);
   }
 
   void operator()(const Raster& raster) {
@@ -163,15 +163,24 @@ class Painting::Painter {
     if (mode & 64) mark.append(fonts::rectangle(square));
   }
 
-  Colour resolved(Colour colour) const {
+  Colour resolved(Colour colour, bool area = false) const {
     const std::uint8_t alpha = colour.alpha;
+    const bool hides = colour.kind == Colour::Kind::background;
     if (colour.kind == Colour::Kind::foreground) colour = options_.foreground;
-    else if (colour.kind == Colour::Kind::background) colour = options_.background;
+    else if (hides) colour = options_.background;
+    if (options_.inks != Inks::colours && !hides)
+      colour = options_.inks == Inks::black && !area ? options_.foreground : grey(colour);
     colour.alpha = alpha;
     return colour;
   }
 
-  void source(Colour colour) { setSource(cr_, resolved(colour)); }
+  // As light as a colour; reference: ITU-R BT.601.
+  static Colour grey(const Colour& colour) {
+    const auto level = static_cast<std::uint8_t>((299 * colour.r + 587 * colour.g + 114 * colour.b + 500) / 1000);
+    return {level, level, level};
+  }
+
+  void source(Colour colour, bool area = false) { setSource(cr_, resolved(colour, area)); }
 
   void greek(const GlyphRun& run, const Affine& map) {
     Path path;
@@ -229,11 +238,11 @@ class Painting::Painter {
     cairo_set_dash(cr_, lengths.data(), visible ? static_cast<int>(lengths.size()) : 0, 0);
   }
 
-  void fillPath(const Path& path, Colour colour, bool evenOdd) {
+  void fillPath(const Path& path, Colour colour, bool evenOdd, bool area = false) {
     if (path.empty()) return;
     flush();
     ++painted_;
-    source(colour);
+    source(colour, area);
     fillTraced(path, evenOdd);
   }
 
@@ -244,7 +253,7 @@ class Painting::Painter {
     const Pt from = options_.toSurface(gradient.from), to = options_.toSurface(gradient.to);
     cairo_pattern_t* const pattern = cairo_pattern_create_linear(from.x, from.y, to.x, to.y);
     for (const Gradient::Stop& stop : gradient.stops) {
-      const Colour c = resolved(stop.colour);
+      const Colour c = resolved(stop.colour, true);
       cairo_pattern_add_color_stop_rgba(pattern, stop.at, c.r / 255.0, c.g / 255.0, c.b / 255.0, c.alpha / 255.0);
     }
     cairo_set_source(cr_, pattern);

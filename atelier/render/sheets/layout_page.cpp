@@ -149,6 +149,7 @@ std::vector<std::string> plotLayouts(const AcDbDatabase& database, const std::ve
   std::vector<PaintedPage> painted;
   for (const LayoutPage& page : pages) {
     painted.push_back(page.page());
+    painted.back().inks = options.inks;
     warnings.insert(warnings.end(), page.warnings.begin(), page.warnings.end());
   }
   if (kind == FileKind::pdf || painted.size() == 1) {

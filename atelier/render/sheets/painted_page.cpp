@@ -27,7 +27,7 @@ constexpr int kGreatestSide = 32767;        // of Cairo's pictures, pixels
 constexpr double kGreatestPicture = 250e6;  // pixels: a gigabyte
 constexpr double kHairlineMm = 0.09;        // the thinnest line a plotter draws
 
-void paintPart(cairo_t* context, const PagePart& part, double unitsPerMm, double thinnest, bool embedFonts) {
+void paintPart(cairo_t* context, const PagePart& part, Inks inks, double unitsPerMm, double thinnest, bool embedFonts) {
   PaintOptions options;
   options.toSurface = Affine::scaling(unitsPerMm, unitsPerMm) * part.toPage;
   options.unitsPerMm = unitsPerMm;
@@ -36,12 +36,13 @@ void paintPart(cairo_t* context, const PagePart& part, double unitsPerMm, double
   options.embedFonts = embedFonts;
   if (embedFonts) options.most = PdfFile::kMostPaths;
   options.step = checkInterruption;
+  options.inks = inks;
   Painting painting(context, options);
   part.scene->each([&](const Primitive& item) { painting.item(item); });
 }
 
 void paintPage(cairo_t* context, const PaintedPage& page, double unitsPerMm, double thinnest, bool embedFonts) {
-  for (const PagePart& part : page.parts) paintPart(context, part, unitsPerMm, thinnest, embedFonts);
+  for (const PagePart& part : page.parts) paintPart(context, part, page.inks, unitsPerMm, thinnest, embedFonts);
 }
 
 void paintPage(cairo_surface_t* surface, const PaintedPage& page, double unitsPerMm, double thinnest, bool embedFonts,

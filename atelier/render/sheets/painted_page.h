@@ -20,6 +20,7 @@ struct PagePart {
 struct PaintedPage {
   double widthMm = 0, heightMm = 0;
   std::vector<PagePart> parts;
+  Inks inks = Inks::colours;
 };
 
 enum class FileKind : unsigned char { pdf, svg, png };

@@ -36,6 +36,23 @@ void PdfFile::beginPage(double widthMm, double heightMm) {
   if (open_) cairo_show_page(context_.get());
   cairo_pdf_surface_set_size(surface_.get(), widthMm * kPointsPerMm, heightMm * kPointsPerMm);
   open_ = true;
+  ++pages_;
+}
+
+void PdfFile::describe(const std::string& title, const std::string& author, const std::string& subject) {
+  const auto tell = [&](cairo_pdf_metadata_t what, const std::string& text) {
+    if (!text.empty()) cairo_pdf_surface_set_metadata(surface_.get(), what, text.c_str());
+  };
+  tell(CAIRO_PDF_METADATA_TITLE, title);
+  tell(CAIRO_PDF_METADATA_AUTHOR, author);
+  tell(CAIRO_PDF_METADATA_SUBJECT, subject);
+}
+
+void PdfFile::bookmark(const std::string& text) {
+  if (text.empty()) return;
+  const std::string place = "page=" + std::to_string(pages_) + " pos=[0 0]";
+  cairo_pdf_surface_add_outline(surface_.get(), CAIRO_PDF_OUTLINE_ROOT, text.c_str(), place.c_str(),
+                                CAIRO_PDF_OUTLINE_FLAG_OPEN);
 }
 
 PdfFile::~PdfFile() {

@@ -30,6 +30,10 @@ class PdfFile {
   PdfFile& operator=(const PdfFile&) = delete;
   // Ends the previous page and begins one of this size, in millimetres.
   void beginPage(double widthMm, double heightMm);
+  // What readers of the file show; UTF-8, empty for nothing.
+  void describe(const std::string& title, const std::string& author, const std::string& subject);
+  // A line of the reader's list that leads to the current page.
+  void bookmark(const std::string& text);
   // The current page, in points from its top left corner.
   cairo_t* context() const { return context_.get(); }
   // Ends the last page and replaces the target. Throws PlotError; the target is then unchanged.
@@ -41,6 +45,7 @@ class PdfFile {
   std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> surface_;
   std::unique_ptr<cairo_t, decltype(&cairo_destroy)> context_;
   bool open_ = false, finished_ = false;
+  int pages_ = 0;
 };
 
 }  // namespace atelier::render

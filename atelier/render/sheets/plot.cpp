@@ -8,7 +8,7 @@ namespace atelier::render {
 std::vector<std::string> plot(const WholeScene& scene, const std::string& file, const PlotOptions& options) {
   kindOf(file);
   const Page page = layOutPage(scene.bounds(), options.page);
-  const PaintedPage painted{page.widthMm, page.heightMm, {{&scene, page.toPage, page.clipMm}}};
+  const PaintedPage painted{page.widthMm, page.heightMm, {{&scene, page.toPage, page.clipMm}}, options.inks};
   writePages({&painted, 1}, file, options.dpi);
   std::vector<std::string> warnings = scene.warnings();
   warnings.insert(warnings.end(), page.warnings.begin(), page.warnings.end());

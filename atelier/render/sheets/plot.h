@@ -12,6 +12,7 @@ namespace atelier::render {
 struct PlotOptions {
   PlotRequest page;
   double dpi = 150;  // of a PNG; kLeastDpi to kMostDpi
+  Inks inks = Inks::colours;
 };
 
 // The kind follows the extension of the file: .pdf .svg .png, letter case ignored. Gives the warnings of the

@@ -79,11 +79,56 @@ std::optional<Graduation> graduationOf(Interpreter& in, Value list) {
   return axis;
 }
 
-// (scale (view ...) ((mark . text) ...) [(inset ...) [graduation]])
+// (height x y angle abscissa ((x1 y1 x2 y2 ["C"]) ...) ((x y text) ...)), C for a match line
+std::optional<PlanStrip> planOf(Interpreter& in, Value list) {
+  if (list.isNil()) return {};
+  const auto numbers = numbersOf(in, list, 5);
+  PlanStrip plan{numbers[0], {numbers[1], numbers[2]}, numbers[3], numbers[4], {}, {}};
+  for (const Value group : Items(list)) {
+    if (!group.isPair()) continue;
+    for (const Value item : Items(group)) {
+      std::vector<double> places;
+      std::string text;
+      for (const Value part : Items(lisp::listArgument(in, item)))
+        if (part.isString()) text = lisp::stringArgument(in, part);
+        else places.push_back(lisp::numberArgument(in, part));
+      if (places.size() == 4) plan.lines.push_back({{places[0], places[1]}, {places[2], places[3]}, text == "C"});
+      else if (places.size() == 2) plan.labels.push_back({{places[0], places[1]}, text});
+      else in.failType("repère de plan", item);
+    }
+  }
+  return plan;
+}
+
+// ("L" weight x y x y ...), ("T" height side text x y), ("A" x y x y x y ...), ("B" ...) a blank area
+PaperItem itemOf(Interpreter& in, Value list) {
+  PaperItem item;
+  std::vector<double> numbers;
+  std::vector<std::string> words;
+  for (const Value part : Items(lisp::listArgument(in, list)))
+    if (part.isString()) words.emplace_back(lisp::stringArgument(in, part));
+    else numbers.push_back(lisp::numberArgument(in, part));
+  const std::string kind = words.empty() ? "" : words[0];
+  std::size_t at = 0;
+  if (kind == "L" && numbers.size() >= 5) {
+    item.size = numbers[at++];
+  } else if (kind == "T" && numbers.size() == 4 && words.size() == 2) {
+    item.kind = PaperItem::Kind::text, item.text = words[1];
+    item.size = numbers[at++], item.side = static_cast<int>(numbers[at++]);
+  } else if ((kind == "A" || kind == "B") && numbers.size() >= 6) {
+    item.kind = kind == "A" ? PaperItem::Kind::area : PaperItem::Kind::blank;
+  } else {
+    in.failType("dessin de feuille", list);
+  }
+  for (; at + 1 < numbers.size(); at += 2) item.points.push_back({numbers[at], numbers[at + 1]});
+  return item;
+}
+
+// (scale (view ...) ((mark . text) ...) [(inset ...) [graduation [plan [(item ...)]]]])
 Sheet sheetOf(Interpreter& in, Value list) {
   std::vector<Value> parts;
   for (const Value item : Items(lisp::listArgument(in, list))) parts.push_back(item);
-  if (parts.size() < 3 || parts.size() > 5) in.failType("feuille", list);
+  if (parts.size() < 3 || parts.size() > 7) in.failType("feuille", list);
   Sheet sheet;
   sheet.scale = lisp::numberArgument(in, parts[0]);
   if (!(sheet.scale > 0)) in.failType("echelle", parts[0]);
@@ -92,10 +137,26 @@ Sheet sheetOf(Interpreter& in, Value list) {
     if (!text.isPair()) in.failType("consp", text);
     sheet.texts.emplace_back(lisp::stringArgument(in, text.car()), lisp::stringArgument(in, text.cdr()));
   }
-  parts.resize(5, lisp::nil);
+  parts.resize(7, lisp::nil);
   for (const Value inset : Items(lisp::listArgument(in, parts[3]))) sheet.insets.push_back(insetOf(in, inset));
   sheet.graduation = graduationOf(in, parts[4]);
+  sheet.plan = planOf(in, parts[5]);
+  for (const Value item : Items(lisp::listArgument(in, parts[6]))) sheet.items.push_back(itemOf(in, item));
   return sheet;
+}
+
+// ((key . text) ...): titre auteur sujet couleurs
+SetInfo infoOf(Interpreter& in, Value list) {
+  SetInfo info;
+  for (const Value item : Items(lisp::listArgument(in, list))) {
+    if (!item.isPair()) in.failType("consp", item);
+    const std::string key(lisp::stringArgument(in, item.car())), text(lisp::stringArgument(in, item.cdr()));
+    if (key == "titre") info.title = text;
+    else if (key == "auteur") info.author = text;
+    else if (key == "sujet") info.subject = text;
+    else if (key == "couleurs") info.inks = text == "Gris" ? Inks::greys : text == "Noir" ? Inks::black : Inks::colours;
+  }
+  return info;
 }
 
 std::string foundPath(Interpreter& in, Value name) {
@@ -114,14 +175,33 @@ Value roomOfTemplate(Interpreter& in, Arguments arguments) {
   }
 }
 
-Value plotSheetSet(Interpreter& in, Arguments arguments) {
-  const std::string file(lisp::stringArgument(in, arguments[0])), path = foundPath(in, arguments[1]);
+// From the template's place among the arguments on: template, sheets and what readers are told. Throws Error.
+SheetSet setOf(Interpreter& in, Arguments arguments, std::size_t first) {
+  const std::string path = foundPath(in, arguments[first]);
   std::vector<Sheet> sheets;
-  for (const Value item : Items(lisp::listArgument(in, arguments[2]))) sheets.push_back(sheetOf(in, item));
+  for (const Value item : Items(lisp::listArgument(in, arguments[first + 1]))) sheets.push_back(sheetOf(in, item));
+  return {Document::needed().database(), readTemplate(path), std::move(sheets),
+          infoOf(in, lisp::optional(arguments, first + 2))};
+}
+
+Value showSheetSet(Interpreter& in, Arguments arguments) {
+  if (!sheetPreview()) return lisp::nil;
+  try {
+    SheetSet sheets = setOf(in, arguments, 0);
+    sheetPreview()(sheets);
+  } catch (const Error& error) {
+    in.fail(error.what());
+  }
+  return in.t();
+}
+
+Value plotSheetSet(Interpreter& in, Arguments arguments) {
+  const std::string file(lisp::stringArgument(in, arguments[0]));
   Document& document = Document::needed();
   try {
-    for (const std::string& warning : plotSheets(document.database(), readTemplate(path), sheets, file))
-      document.print("\n" + warning);
+    SheetSet sheets = setOf(in, arguments, 1);
+    plotSheets(sheets, file);
+    for (const std::string& warning : sheets.warnings) document.print("\n" + warning);
   } catch (const Error& error) {
     in.fail(error.what());
   }
@@ -133,11 +213,19 @@ constexpr lisp::Builtin kTable[] = {
      "Les deux coins de ce que des entités couvrent, textes compris, ou nil."},
     {"modele-feuille", roomOfTemplate, 1, 1, "(modele-feuille fichier)",
      "Largeur et hauteur en mm de la feuille d'un dessin modèle, puis de la place du dessin."},
-    {"tracer-feuilles", plotSheetSet, 3, 3, "(tracer-feuilles pdf modèle feuilles)",
-     "Trace des feuilles (échelle vues textes [encarts [graduation]]) en un PDF; une vue est (x1 y1 x2 y2 (x y1 y2) "
+    {"apercu-feuilles", showSheetSet, 2, 3, "(apercu-feuilles modèle feuilles [infos])",
+     "Montre des feuilles dans la fenêtre, page par page, comme tracer-feuilles les trace; nil sans fenêtre."},
+    {"tracer-feuilles", plotSheetSet, 3, 4, "(tracer-feuilles pdf modèle feuilles [infos])",
+     "Trace des feuilles (échelle vues textes [encarts [graduation [plan [dessins]]]]) en un PDF; une vue est (x1 y1 "
+     "x2 y2 (x y1 y2) "
      "...), "
      "coupures derrière, un encart (x1 y1 x2 y2 dx dy), la graduation de la dernière vue (largeur y1 y2 hauteur (y . "
-     "texte) ...)."},
+     "texte) ...), le plan au-dessus (hauteur-mm x y angle abscisse ((x1 y1 x2 y2 [\"C\"]) ...) ((x y texte) ...)), "
+     "son point "
+     "étant au-dessus de l'abscisse, C une coupure; les dessins, en mm depuis le bas de la place, (\"L\" épaisseur x y "
+     "...), (\"T\" hauteur 0|1|2 texte x y), (\"A\" x y ...), ou (\"B\" x y ...) qui efface. Les infos sont titre, "
+     "auteur, sujet et couleurs (Gris ou Noir), le "
+     "texte de <SIGNET> le signet d'une feuille."},
 };
 
 // For the command -PLOT.
@@ -152,6 +240,11 @@ std::vector<std::string> plotWished(Document& document, const PlotWish& wish) {
 }
 
 }  // namespace
+
+SheetPreview& sheetPreview() {
+  static SheetPreview preview;
+  return preview;
+}
 
 void providePlots() {
   addDrawingBuiltins(kTable);

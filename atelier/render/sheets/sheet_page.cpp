@@ -8,11 +8,13 @@
 #include "atelier/base/interruption.h"
 #include "atelier/render/painters/cairo_painter.h"
 #include "atelier/render/shapes/plot_error.h"
+#include "atelier/render/sheets/pdf_file.h"
 
 namespace atelier::render {
 namespace {
 
 constexpr double kHairlineMm = 0.09;
+constexpr double kThinnestPixels = 0.6;
 constexpr double kSlackMm = 0.05;  // a view may be larger than the room by this
 constexpr double kCutOverhangMm = 3;
 constexpr double kBorderMm = 0.5;             // about an inset: half of the width of its outer lines
@@ -33,21 +35,22 @@ Dashes dashDot() { return std::make_shared<const std::vector<double>>(std::vecto
 
 }  // namespace
 
-SheetPage::SheetPage(PdfFile& pdf, const Template& model) : pdf_(pdf), model_(model) {
-  pdf_.beginPage(model_.sheet.width(), model_.sheet.height());
-}
-
 void SheetPage::show(const WholeScene& scene, const Affine& toPage, const Box& windowMm) const {
-  const Affine toPoints = Affine::scaling(PdfFile::kPointsPerMm, PdfFile::kPointsPerMm);
+  const Affine toSurface = Affine::scaling(canvas_.unitsPerMm, canvas_.unitsPerMm);
   PaintOptions options;
-  options.toSurface = toPoints * toPage;
-  options.unitsPerMm = PdfFile::kPointsPerMm;
-  options.clip = fonts::rectangle(windowMm).bounds(toPoints);
-  options.thinnest = kHairlineMm * PdfFile::kPointsPerMm;
-  options.embedFonts = true;
-  options.most = PdfFile::kMostPaths;
+  options.toSurface = toSurface * toPage;
+  options.unitsPerMm = canvas_.unitsPerMm;
+  options.clip = fonts::rectangle(windowMm).bounds(toSurface);
+  options.thinnest = kHairlineMm * canvas_.unitsPerMm;
+  if (canvas_.vectors) {
+    options.embedFonts = true;
+    options.most = PdfFile::kMostPaths;
+  } else {
+    options.thinnest = std::max(options.thinnest, kThinnestPixels);
+  }
   options.step = checkInterruption;
-  Painting painting(pdf_.context(), options);
+  options.inks = inks_;
+  Painting painting(canvas_.context, options);
   scene.each([&](const Primitive& item) { painting.item(item); });
 }
 
@@ -68,8 +71,7 @@ SheetPage::Row SheetPage::rowOf(const Sheet& sheet) {
 }
 
 // The page millimetres of the row's top left corner.
-Pt SheetPage::corner(const Row& row, double perUnit) const {
-  const Box room = fonts::rectangle(model_.room).bounds(paper());
+Pt SheetPage::corner(const Row& row, double perUnit, const Box& room) const {
   const double width = perUnit * row.whole.width(), height = perUnit * row.whole.height();
   if (width > room.width() + kSlackMm || height > room.height() + kSlackMm)
     throw PlotError("la vue mesure " + millimetres(width) + " x " + millimetres(height) + " mm, le modèle " +
@@ -81,7 +83,7 @@ void SheetPage::views(const WholeScene& drawing, const Sheet& sheet) const {
   if (sheet.views.empty()) throw PlotError("feuille sans vue");
   const double perUnit = 1000 / sheet.scale;
   const Row row = rowOf(sheet);
-  const Pt at = corner(row, perUnit);
+  const Pt at = corner(row, perUnit, beneath(room(), sheet.plan));
   Affine toPage;
   for (std::size_t i = 0; i < sheet.views.size(); ++i) {
     const SheetView& view = sheet.views[i];
@@ -97,6 +99,7 @@ void SheetPage::views(const WholeScene& drawing, const Sheet& sheet) const {
     show(drawing, displacedMap, seen);
   }
   if (sheet.graduation) graduation(*sheet.graduation, sheet.views.back().window.xMin, toPage);
+  if (sheet.plan) strip(drawing, *sheet.plan, perUnit, toPage({sheet.plan->abscissa, 0}).x);
 }
 
 // Dash-dotted and a little longer than given.

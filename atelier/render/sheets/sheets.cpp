@@ -86,23 +86,42 @@ Template readTemplate(const std::string& file) {
   return model;
 }
 
-std::vector<std::string> plotSheets(const AcDbDatabase& drawing, const Template& model,
-                                    const std::vector<Sheet>& sheets, const std::string& file) {
-  if (sheets.empty()) throw PlotError("aucune feuille à tracer");
-  const WholeScene scene(drawing);
+SheetSet::SheetSet(const AcDbDatabase& drawing, Template model, std::vector<Sheet> sheets, SetInfo info)
+    : model_(std::move(model)), sheets_(std::move(sheets)), info_(std::move(info)), scene_(drawing) {
+  if (sheets_.empty()) throw PlotError("aucune feuille à tracer");
+  warn(scene_.warnings());
+}
+
+const std::string& SheetSet::titleOf(std::size_t sheet) const {
+  const auto& texts = sheets_[sheet].texts;
+  const auto found = std::ranges::find(texts, kBookmark, &std::pair<std::string, std::string>::first);
+  return found == texts.end() ? info_.title : found->second;
+}
+
+void SheetSet::paint(std::size_t sheet, const SheetCanvas& canvas) {
+  const OpenTemplate opened(model_, sheets_[sheet].texts);
+  const WholeScene frame(opened.database);
+  const SheetPage page(canvas, model_, info_.inks);
+  page.views(scene_, sheets_[sheet]);
+  page.items(sheets_[sheet].items);
+  page.show(frame, page.paper(), fonts::rectangle(model_.sheet).bounds(page.paper()));
+  warn(frame.warnings());
+}
+
+void SheetSet::warn(const std::vector<std::string>& texts) {
+  for (const std::string& text : texts)
+    if (std::ranges::find(warnings, text) == warnings.end()) warnings.push_back(text);
+}
+
+void plotSheets(SheetSet& sheets, const std::string& file) {
   PdfFile pdf(file);
-  std::vector<std::string> warnings = scene.warnings();
-  for (const Sheet& sheet : sheets) {
-    OpenTemplate opened(model, sheet.texts);
-    const WholeScene frame(opened.database);
-    const SheetPage page(pdf, model);
-    page.views(scene, sheet);
-    page.show(frame, page.paper(), fonts::rectangle(model.sheet).bounds(page.paper()));
-    for (const std::string& warning : frame.warnings())
-      if (std::ranges::find(warnings, warning) == warnings.end()) warnings.push_back(warning);
+  pdf.describe(sheets.info().title, sheets.info().author, sheets.info().subject);
+  for (std::size_t i = 0; i < sheets.size(); ++i) {
+    pdf.beginPage(sheets.widthMm(), sheets.heightMm());
+    pdf.bookmark(sheets.titleOf(i));
+    sheets.paint(i, {pdf.context(), PdfFile::kPointsPerMm, true});
   }
   pdf.finish();
-  return warnings;
 }
 
 }  // namespace atelier::render

@@ -8,9 +8,11 @@
 #include <utility>
 #include <vector>
 
+#include "atelier/render/scene/whole_scene.h"
 #include "atelier/render/shapes/primitives.h"
 
 class AcDbDatabase;
+struct _cairo;
 
 namespace atelier::render {
 
@@ -38,6 +40,33 @@ struct Graduation {
   std::vector<std::pair<double, std::string>> marks;  // y and label, UTF-8
 };
 
+// A part of the drawing above the profile, turned so that a direction of the drawing lies along the sheet.
+struct PlanStrip {
+  struct Label {
+    Pt at;  // of its middle, drawing units
+    std::string text;
+  };
+  struct Line {
+    Pt from, to;       // drawing units
+    bool cut = false;  // a match line; else a thin one
+  };
+  double heightMm = 0;
+  Pt at;                // this point of the drawing stands at the middle of the strip's height
+  double angle = 0;     // the direction that runs to the right, radians
+  double abscissa = 0;  // and above this abscissa of the last view, drawing units
+  std::vector<Line> lines;
+  std::vector<Label> labels;  // level on the sheet
+};
+
+// What is drawn on the sheet itself, in millimetres from the lower left corner of the room.
+struct PaperItem {
+  enum class Kind : unsigned char { line, text, area, blank } kind = Kind::line;
+  std::vector<Pt> points;
+  double size = 0;   // weight of a line, height of a text
+  int side = 0;      // of a text at its point: 0 left end, 1 middle, 2 right end
+  std::string text;  // UTF-8
+};
+
 struct Sheet {
   double scale = 1000;  // denominator; a drawing unit is a metre
   // Side by side from the left of the room; the same height of the drawing is everywhere at the same height of the paper.
@@ -45,6 +74,8 @@ struct Sheet {
   std::vector<SheetView> views;
   std::vector<Inset> insets;  // about the last view
   std::optional<Graduation> graduation;
+  std::optional<PlanStrip> plan;
+  std::vector<PaperItem> items;
   std::vector<std::pair<std::string, std::string>> texts;  // a mark and the text that replaces it, UTF-8
 };
 
@@ -57,9 +88,47 @@ struct Template {
 // Throws FileError when the file can't be read, PlotError when it lacks one of the two polylines.
 Template readTemplate(const std::string& file);
 
-// Writes the sheets as the pages of a PDF, completely or not at all. Gives warnings, in French. Throws PlotError for no
-// sheets, a view without size, views that are larger than the room together, or a file that can't be written.
-std::vector<std::string> plotSheets(const AcDbDatabase& drawing, const Template& model,
-                                    const std::vector<Sheet>& sheets, const std::string& file);
+// What a reader of the file is told; UTF-8.
+struct SetInfo {
+  std::string title, author, subject;
+  Inks inks = Inks::colours;
+};
+
+// A sheet is found in the reader's list by what its text for this mark says, else by the title.
+inline constexpr const char* kBookmark = "<SIGNET>";
+
+// Where a sheet is painted: pages of a PDF, or a picture.
+struct SheetCanvas {
+  _cairo* context = nullptr;
+  double unitsPerMm = 1;  // of the surface
+  bool vectors = true;    // else pixels
+};
+
+// Sheets ready to be painted, over and over. The drawing outlives them.
+class SheetSet {
+ public:
+  // Throws PlotError for no sheets.
+  SheetSet(const AcDbDatabase& drawing, Template model, std::vector<Sheet> sheets, SetInfo info);
+  std::size_t size() const { return sheets_.size(); }
+  double widthMm() const { return model_.sheet.width(); }
+  double heightMm() const { return model_.sheet.height(); }
+  const SetInfo& info() const { return info_; }
+  // The line of a sheet in a list of them.
+  const std::string& titleOf(std::size_t sheet) const;
+  // Throws PlotError for a view without size, or views that are larger than the room together.
+  void paint(std::size_t sheet, const SheetCanvas& canvas);
+  std::vector<std::string> warnings;  // French, each once; of what was painted
+
+ private:
+  void warn(const std::vector<std::string>& texts);
+  Template model_;
+  std::vector<Sheet> sheets_;
+  SetInfo info_;
+  WholeScene scene_;
+};
+
+// Writes the sheets as the pages of a PDF, completely or not at all. Throws PlotError as paint does, or for a file that can't be
+// written.
+void plotSheets(SheetSet& sheets, const std::string& file);
 
 }  // namespace atelier::render

@@ -92,7 +92,7 @@
 (situation "IsAskedFor")
 (tape ("PLV-PROJET" "Voirie" "PO" "1000,50" "1100/55" "1100;55,0" "1200,50" "" "Rayon" "400" "P")
   "\nGenre de ligne [Voirie/Assainissement/AEp/Terrassements/Projet/Generique/TN] <Projet>: "
-  "\nTracer par [POints/PEntes/Fichier/Existante] <POints>: " "Deux nombres séparés par une virgule"
+  "\nTracer par [POints/PEntes/Dessiner/Fichier/Existante] <POints>: " "Deux nombres séparés par une virgule"
   "\nRaccordement à la station 1100.00 [Rayon/Longueur/Point/Aucun] <Aucun>: " "1 raccordement.")
 ((mm (z "Voirie" 1100.0)) "54.500")
 (tape ("PLV-PROJET" "A" "PE" "1000,50" "1.5" "100" "-1" "50" "" "A"))

@@ -1,0 +1,56 @@
+// The pictures of a form: lines by distance and altitude, or in plan, and lines that are dragged to change a number.
+#pragma once
+#include <QPointF>
+#include <QVariant>
+#include <QVector>
+#include <QWidget>
+#include <functional>
+#include <optional>
+
+namespace atelier::desktop {
+
+class FormPicture : public QWidget {
+ public:
+  explicit FormPicture(QWidget* parent);
+  // One picture as (title mode items station) of the front-end; in mode "plan" both directions have one scale, in mode
+  // "tableau" units are pixels from the upper left corner down.
+  void show(const QVariant& picture);
+  // A line that is dragged: the key of its field and what its number changes by, since the press of the button.
+  std::function<void(const QString& key, double change, bool released)> onDragged;
+  // Where a point of the picture is, in pixels of the widget.
+  QPointF at(QPointF point) const;
+
+  QSize sizeHint() const override { return {600, 320}; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+
+ private:
+  struct Item {
+    QString kind, role, words, key;
+    QVector<QPointF> points;
+    double sense = 1;
+  };
+  struct Drag {
+    QString key;
+    double sense, from;  // from: the ordinate of the press
+  };
+  static Item itemOf(const QVariantList& parts);
+  void fit();
+  void paint(QPainter& painter, const Item& item) const;
+  void paintScales(QPainter& painter) const;
+  const Item* handleAt(QPointF pixel) const;
+  QPointF pointAt(QPointF pixel) const;
+
+  QString title_;
+  QString mode_;
+  double station_ = 0;  // of the abscissa 0
+  QVector<Item> items_;
+  QRectF extent_;  // in the picture's units, y up
+  std::optional<Drag> drag_;
+};
+
+}  // namespace atelier::desktop

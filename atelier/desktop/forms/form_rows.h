@@ -1,0 +1,13 @@
+// A field of rows: a table whose rows are added, taken away and dragged, with cells that are typed or chosen; a spreadsheet's cells
+// can be pasted into it and copied from it.
+#pragma once
+#include <memory>
+
+#include "atelier/desktop/forms/form_fields.h"
+
+namespace atelier::desktop {
+
+// The columns are (title kind choices) each; a cell of kind "mot" is one of the choices.
+std::unique_ptr<FormField> makeRowsField(const QVariant& columns, std::function<void()> changed, QWidget* parent);
+
+}  // namespace atelier::desktop

@@ -1,0 +1,43 @@
+// Sheets as they will be printed, page by page, and the printer.
+#pragma once
+
+#include <QDialog>
+#include <QImage>
+
+#include "atelier/render/sheets/sheets.h"
+
+class QLabel;
+class QScrollArea;
+class QSpinBox;
+class QComboBox;
+class QPagedPaintDevice;
+
+namespace atelier::desktop {
+
+class SheetPreviewWindow : public QDialog {
+ public:
+  // The sheets outlive the window.
+  explicit SheetPreviewWindow(render::SheetSet& sheets, QWidget* parent = nullptr);
+
+  QSpinBox* page = nullptr;  // from 1
+  QComboBox* zoom = nullptr;
+  QLabel* picture = nullptr;
+  // On any device that takes pages, each sheet a page of its own size.
+  void printOn(QPagedPaintDevice& device);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  QImage painted(int sheet, double perMm) const;
+  void showPage();
+  void print();
+
+  render::SheetSet& sheets_;
+  QScrollArea* area_ = nullptr;
+};
+
+// Sheets are shown in such a window from now on.
+void provideSheetPreview();
+
+}  // namespace atelier::desktop

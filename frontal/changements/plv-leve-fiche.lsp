@@ -1,0 +1,44 @@
+;; The form of PLV-LEVE: the point is dragged in the picture.
+
+(defun plv-leve-fiche:champs ()
+  (plv-champs-avec-profil
+    (list
+      '("operation" "Point du terrain" "mot" "Corriger" ("Corriger" "Insérer" "Supprimer" "Nommer"))
+      (plv-champ-nombre "station" "Station" 0.0 2)
+      (plv-champ-nombre "altitude" "Altitude" 0.0 3)
+      '("nom" "Nom du point" "texte" "" nil))))
+
+(defun plv-leve-fiche:operation (valeurs) (substr (plv-cle "operation" valeurs) 1 1))
+
+(defun plv-leve-fiche:points (valeurs points d rang)
+  "The ground after the operation."
+  (plv-leve:changes (plv-leve-fiche:operation valeurs) points d rang (plv-fiche-nombre valeurs "altitude") (plv-cle "nom" valeurs)))
+
+(defun plv-leve-fiche:poignee (valeurs apres d)
+  "The point with the stretches on its sides; nil where there is none."
+  (if (and (member (plv-leve-fiche:operation valeurs) '("C" "I")) (plv-fiche-nombre valeurs "altitude"))
+    (list (list "poignee" "altitude" "projet" (plv-leve-fiche:autour apres d) 1.0))))
+
+(defun plv-leve-fiche:autour (points d)
+  (while (and (cddr points) (< (car (cadr points)) (- d 0.005))) (setq points (cdr points)))
+  (mapcar '(lambda (p) (list (car p) (cadr p))) (plv-premiers points (if (cddr points) 3 2))))
+
+(defun plv-leve-fiche:regarder (valeurs / profil origine points d rang faute apres)
+  (setq profil (plv-fiche-profil valeurs) origine (plv-premiere-station profil) points (plv-points-nommes profil))
+  (if (setq d (plv-fiche-nombre valeurs "station"))
+    (setq d (- d origine) rang (plv-leve:rang points d)
+          faute (plv-leve:faute (plv-leve-fiche:operation valeurs) points d rang (plv-fiche-nombre valeurs "altitude") origine)
+          apres (if (not faute) (plv-leve-fiche:points valeurs points d rang))))
+  (plv-regard
+    (if faute (list (list "station" faute)))
+    (list (plv-image-profil profil (append (plv-traits-profil profil) (if apres (plv-leve-fiche:poignee valeurs apres d)))))
+    (if rang (list (strcat "Ce point est à l'altitude " (plv-reel (cadr (nth rang points)) 3) ".")))
+    (append (if (not (member (plv-leve-fiche:operation valeurs) '("C" "I"))) '("altitude"))
+            (if (not (member (plv-leve-fiche:operation valeurs) '("I" "N"))) '("nom")))
+    nil))
+
+(defun plv-leve-fiche:faire (valeurs)
+  (plv-leve (plv-fiche-profil valeurs) (plv-leve-fiche:operation valeurs) (plv-fiche-nombre valeurs "station")
+    (plv-fiche-nombre valeurs "altitude") (plv-cle "nom" valeurs)))
+
+(plv-declarer-fiche "PLV-LEVE" "Point du levé" "Appliquer" 'plv-leve-fiche:champs 'plv-leve-fiche:regarder 'plv-leve-fiche:faire)

@@ -1,0 +1,116 @@
+;; Labels put where they don't touch: along their line first, then in rows above the profile, with leaders.
+;; Shared in the room: plv-libelles:*
+
+(defun plv-libelles:choisir (libelles obstacles)
+  "For each label its place, or nil."
+  (mapcar '(lambda (l c) (if (>= c 0) (nth c (plv-libelles:places l)))) libelles
+    (if libelles (et_placer obstacles (mapcar '(lambda (l) (mapcar 'car (plv-libelles:places l))) libelles)))))
+
+(defun plv-libelles:ecrire-le-long (profil place / b)
+  "The text of a place, its middle on that of the box."
+  (setq b (car place))
+  (entmakex
+    (append
+      (list '(0 . "TEXT") (cons 8 (plv-calque "PLV-LIBELLES")) (list 10 (car b) (cadr b) 0.0) (cons 40 (plv-ttxt profil)) (cons 1 (cadr place))
+            (cons 50 (caddr place)) '(72 . 1) (list 11 (car b) (cadr b) 0.0) '(73 . 2))
+      (plv-style-de-texte))))
+
+(defun plv-libelles:le-long (profil libelles obstacles lignes / choix places restes)
+  "Labels along their lines, clear of lines and texts, then of texts alone; (what is left obstacles)."
+  (foreach genes (list (append obstacles lignes) nil)
+    (setq genes (cond (genes) (obstacles))
+          choix (plv-libelles:choisir libelles (append genes places))
+          restes (vl-remove nil (mapcar '(lambda (l c) (if (not c) l)) libelles choix)))
+    (foreach c (vl-remove nil choix)
+      (plv-libelles:ecrire-le-long profil c)
+      (setq places (cons (car c) places)))
+    (setq libelles restes obstacles (append places obstacles)))
+  (list restes obstacles))
+
+;; --- rows above
+
+(defun plv-libelles:largeur (profil libelle)
+  (+ (plv-ttxt profil) (apply 'max (mapcar '(lambda (texte) (plv-largeur-texte texte (plv-petit profil))) (plv-libelles:lignes libelle)))))
+
+(defun plv-libelles:hauteur (profil libelle) (* 1.6 (plv-petit profil) (length (plv-libelles:lignes libelle))))
+
+(defun plv-libelles:sommet (profil / boites)
+  "The top of what stands on a profile."
+  (setq boites (append (mapcar 'plv-boite (plv-blocs profil)) (plv-boites-cotes profil)
+                 (apply 'append (mapcar '(lambda (g) (mapcar 'plv-boite (plv-elements profil g))) (plv-genres-projet)))))
+  (apply 'max (cons (+ (cadr (plv-origine profil)) (plv-fond:hauteur profil)) (mapcar 'plv-boite-haut boites))))
+
+(defun plv-libelles:renvoi (ancre x y coude h / bas)
+  "The points of a leader from its place to y: upwards and slanting; beneath a legend upwards, level at the bend, upwards."
+  (setq bas (list (car ancre) (+ (cadr ancre) (* 0.4 h))) y (- y (* 0.4 h)))
+  (if coude
+    (list bas (list (car ancre) coude) (list x coude) (list x y))
+    (list bas (list (car ancre) (- y (* 1.8 h))) (list x y))))
+
+(defun plv-libelles:ecrire-dessus (profil libelle x y coude / h)
+  "The lines of a label from y upwards, and its leader; bend: an ordinate, or nil."
+  (setq h (plv-petit profil))
+  (plv-polyligne "PLV-LIBELLES" (plv-libelles:renvoi (plv-libelles:ancre libelle) x y coude h))
+  (foreach texte (reverse (plv-libelles:lignes libelle))
+    (plv-texte "PLV-LIBELLES" (plv-point x y) h texte 1 0.0)
+    (setq y (+ y (* 1.6 h)))))
+
+(defun plv-libelles:ecarter (profil libelles gauche droite)
+  "(row middle) of each label between two abscissas; nil without room."
+  (et_ecarter (mapcar '(lambda (l) (list (float (car (plv-libelles:ancre l))) (float (plv-libelles:largeur profil l)))) libelles)
+    (float gauche) (float droite)))
+
+(defun plv-libelles:pas (profil libelles)
+  "From a row to the next one."
+  (+ (* 2.5 (plv-petit profil)) (apply 'max (mapcar '(lambda (l) (plv-libelles:hauteur profil l)) libelles))))
+
+(defun plv-libelles:haut (y pas places) "The top of rows." (+ y (* pas (1+ (apply 'max (mapcar 'car places))))))
+
+(defun plv-libelles:genantes (profil bas haut / x0)
+  "The boxes of legends over the profile that reach a band of ordinates."
+  (setq x0 (car (plv-origine profil)))
+  (vl-remove-if-not
+    '(lambda (b) (and (< (cadr b) haut) (> (plv-boite-haut b) bas) (< (car b) (+ x0 (plv-longueur-profil profil))) (> (caddr b) x0)))
+    (mapcar 'plv-boite (plv-legendes-du-profil profil))))
+
+(defun plv-libelles:cote-libre (profil boites / x0 fin gauche droite)
+  "The wider stretch beside boxes, left or right of all of them: (from to)."
+  (setq x0 (car (plv-origine profil)) fin (+ x0 (plv-longueur-profil profil))
+        gauche (list x0 (- (apply 'min (mapcar 'car boites)) (plv-ttxt profil)))
+        droite (list (+ (apply 'max (mapcar 'caddr boites)) (plv-ttxt profil)) fin))
+  (if (> (plv-longueur gauche) (plv-longueur droite)) gauche droite))
+
+(defun plv-libelles:rangees (profil libelles / x0 pas y places genantes cote)
+  "(lowest-row step places bend-of-leaders) of labels above the profile: beside legends that stand there, where they have room, else over them."
+  (setq x0 (car (plv-origine profil)) pas (plv-libelles:pas profil libelles)
+        y (+ (plv-libelles:sommet profil) (* 4.0 (plv-petit profil)))
+        places (plv-libelles:ecarter profil libelles x0 (+ x0 (plv-longueur-profil profil)))
+        genantes (if places (plv-libelles:genantes profil y (plv-libelles:haut y pas places))))
+  (if genantes
+    (progn
+      (setq cote (plv-libelles:cote-libre profil genantes))
+      (if (setq cote (plv-libelles:ecarter profil libelles (plv-debut cote) (plv-fin cote)))
+        (setq places cote)
+        (setq y (+ (apply 'max (mapcar 'plv-boite-haut genantes)) (* 4.0 (plv-petit profil)))))))
+  (if places
+    (list y pas places (if genantes (- (apply 'min (cons y (mapcar 'cadr genantes))) (* 2.5 (plv-petit profil)))))))
+
+(defun plv-libelles:dessus (profil libelles / rangees)
+  "Labels in rows above the profile; the top of them, nil when they have no room."
+  (if (setq rangees (plv-libelles:rangees profil libelles))
+    (progn
+      (mapcar
+        '(lambda (l p) (plv-libelles:ecrire-dessus profil l (cadr p) (+ (car rangees) (* (cadr rangees) (car p))) (cadddr rangees)))
+        libelles (caddr rangees))
+      (plv-libelles:haut (car rangees) (cadr rangees) (caddr rangees)))))
+
+(defun plv-poser-libelles (profil libelles obstacles lignes / fait haut)
+  "Draws labels; the top of those above the profile, nil for none."
+  (setq fait (if libelles (plv-libelles:le-long profil libelles obstacles lignes)))
+  (if (car fait)
+    (progn
+      (setq haut (plv-libelles:dessus profil (car fait)))
+      (if (not haut)
+        (plv-dire (strcat "Profil " (plv-numero-profil profil) ": " (plv-compte (length (car fait)) "libellé") " sans place, le profil est trop court pour "
+                          (if (cdr (car fait)) "leurs textes." "son texte."))))))
+  haut)

@@ -1,0 +1,87 @@
+// Forms of commands: what is wrong stands beside its field, a depth is dragged in the picture, what was accepted is done and remembered.
+#include <QMouseEvent>
+
+#include "atelier/desktop/forms/form_command.h"
+#include "tests/desktop/desktop.h"
+
+namespace {
+
+using atelier::desktop::CommandForm;
+using atelier::desktop::FormPicture;
+
+constexpr const char* kExamples = KAVEL_SOURCE "/exemples/";
+
+struct FormWindow : kaveltest::Desktop {
+  FormWindow() {
+    driver.type(QString("(plv-nouveau \"%1rue-du-moulin.csv\" \"1\" '(0.0 0.0 0.0) 10.0 2.5 nil nil)").arg(kExamples))
+        .play();
+  }
+  CommandForm* form() { return dynamic_cast<CommandForm*>(QApplication::activeModalWidget()); }
+};
+
+void mouse(FormPicture& picture, QEvent::Type type, QPointF at) {
+  QMouseEvent event(type, at, picture.mapToGlobal(at), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&picture, &event);
+}
+
+TEST_F(FormWindow, TheCorridorIsDraggedAndItsLineDrawn) {
+  driver.menu("Ligne optimale...").then([this] {
+    CommandForm* const f = form();
+    ASSERT_TRUE(f);
+    f->field("Profondeur minimale")->set("0,80");
+    f->field("Profondeur maximale")->set("1.60");
+    f->look();
+    EXPECT_TRUE(f->words().startsWith("4 sommets")) << f->words().toStdString();
+    f->resize(900, 600);
+    QApplication::processEvents();
+    // The lower limit stands 1.60 below the ground of the first station, 142.31; 90 cm further down it has 2.50.
+    FormPicture& picture = *f->picture();
+    mouse(picture, QEvent::MouseButtonPress, picture.at({0, 140.71}));
+    mouse(picture, QEvent::MouseMove, picture.at({0, 140.2}));
+    mouse(picture, QEvent::MouseButtonRelease, picture.at({0, 139.81}));
+    EXPECT_NEAR(f->field("Profondeur maximale")->value().toDouble(), 2.5, 0.011);
+    EXPECT_EQ(f->field("Profondeur minimale")->value().toString(), "0,80");
+    EXPECT_TRUE(f->words().startsWith("3 sommets")) << f->words().toStdString();
+  });
+  driver.press("Proposer").play();
+  EXPECT_EQ(lisp("(length (plv-elements-du-projet (car (plv-profils)) \"Assainissement\"))").toInt(), 2)
+      << "cut at the plane";
+}
+
+TEST_F(FormWindow, WhatIsWrongStandsBesideItsFieldAndKeepsTheForm) {
+  driver.menu("Ligne optimale...").then([this] {
+    CommandForm* const f = form();
+    ASSERT_TRUE(f);
+    f->field("Profondeur minimale")->set("un mètre");
+    f->field("Fichier de contraintes")->set(QString(kExamples) + "rue-du-moulin.csv");
+    f->accept();
+    ASSERT_EQ(form(), f) << "it stays";
+    EXPECT_EQ(f->fault("Profondeur minimale"), "un nombre est attendu");
+    EXPECT_TRUE(f->fault("Fichier de contraintes").contains("ligne 1 illisible"))
+        << f->fault("Fichier de contraintes").toStdString();
+    f->field("Profondeur minimale")->set("0.8");
+    f->field("Fichier de contraintes")->set("");
+    f->reject();
+  });
+  driver.play();
+  EXPECT_EQ(lisp("(length (plv-elements (car (plv-profils)) \"Assainissement\"))").toInt(), 0);
+}
+
+TEST_F(FormWindow, AFormOpensAsItWasAccepted) {
+  driver.menu("Ligne optimale...").then([this] { form()->field("Profondeur maximale")->set("1,90"); });
+  driver.press("Proposer").menu("Ligne optimale...").then([this] {
+    EXPECT_EQ(form()->field("Profondeur maximale")->value().toString(), "1,90");
+    form()->reject();
+  });
+  driver.play();
+}
+
+TEST_F(FormWindow, TheFormStepsAsideWhileAnObjectIsPicked) {
+  driver.type("PLINE").type("0,-50").type("420,-50").type("").type("ZOOM").type("_E");
+  driver.menu("Axe en plan...").press("Choisir dans le dessin").pick(100, -50).type("");
+  driver.until([this] { return form() && form()->words().startsWith("L'axe a 420.00 m"); });
+  driver.press("Associer").play();
+  EXPECT_TRUE(lisp("(if (plv-axe-plan (car (plv-profils))) T)").toBool());
+}
+
+}  // namespace

@@ -1,0 +1,80 @@
+// PLV-APERCU: the sheets as they will be plotted, page by page, and on a device that takes pages.
+#include <QComboBox>
+#include <QFile>
+#include <QLabel>
+#include <QPdfWriter>
+#include <QSpinBox>
+
+#include "atelier/desktop/forms/sheet_preview.h"
+#include "atelier/render/sheets/plot_builtins.h"
+#include "tests/desktop/desktop.h"
+
+namespace {
+
+using kaveltest::Desktop;
+
+struct Preview : Desktop {
+  Preview() {
+    QFile survey(file("long.csv"));
+    survey.open(QIODevice::WriteOnly);
+    survey.write("distance;altitude\n");
+    for (int d = 0; d <= 600; d += 20)
+      survey.write(QStringLiteral("%1;%2\n").arg(d).arg(20 + d / 20 % 3).toUtf8());
+    survey.close();
+    driver.type(QStringLiteral("(progn (plv-nouveau \"%1\" \"L\" '(0.0 0.0 0.0) 10.0 2.5 nil nil) (princ))")
+                    .arg(file("long.csv")));
+    driver.play();
+  }
+  ~Preview() override { atelier::render::sheetPreview() = nullptr; }
+  void show() {
+    for (const char* line : {"PLV-APERCU", "A2", "1000", "Rue"}) driver.type(line);
+    driver.play();
+  }
+};
+
+// Whether a picture has both paper and ink.
+bool drawn(const QImage& image) {
+  bool white = false, dark = false;
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x) (qGray(image.pixel(x, y)) > 250 ? white : dark) = true;
+  return white && dark;
+}
+
+TEST_F(Preview, ShowsEachPageAndPrintsAll) {
+  int shown = 0;
+  atelier::render::sheetPreview() = [&](atelier::render::SheetSet& sheets) {
+    ++shown;
+    atelier::desktop::SheetPreviewWindow preview(sheets);
+    preview.show();
+    EXPECT_EQ(preview.page->maximum(), 2);
+    EXPECT_TRUE(preview.windowTitle().startsWith("Feuille 1 - profil L"));
+    const QImage whole = preview.picture->pixmap().toImage();
+    EXPECT_TRUE(drawn(whole));
+    // 594 mm at 96 pixels an inch, twice as large
+    preview.zoom->setCurrentIndex(3);
+    EXPECT_EQ(preview.picture->pixmap().width(), qRound(594 * 96 / 25.4 * 2));
+    preview.zoom->setCurrentIndex(0);
+    preview.page->setValue(2);
+    EXPECT_TRUE(preview.windowTitle().startsWith("Feuille 2 - profil L"));
+    EXPECT_TRUE(drawn(preview.picture->pixmap().toImage()));
+    EXPECT_NE(preview.picture->pixmap().toImage(), whole);
+    QPdfWriter printer(file("imprime.pdf"));
+    printer.setResolution(100);
+    preview.printOn(printer);
+  };
+  show();
+  EXPECT_EQ(shown, 1) << history().toStdString();
+  QFile printed(file("imprime.pdf"));
+  ASSERT_TRUE(printed.open(QIODevice::ReadOnly));
+  const QByteArray bytes = printed.readAll();
+  EXPECT_TRUE(bytes.contains("/Count 2"));
+  EXPECT_TRUE(bytes.contains("/MediaBox [0 0 1684.0"));
+}
+
+TEST_F(Preview, WithoutAWindowTheSheetsAreListed) {
+  show();
+  EXPECT_TRUE(history().contains("Feuille 1 - profil L, 0.00 à"));
+  EXPECT_TRUE(history().contains(", 1:1000."));
+}
+
+}  // namespace

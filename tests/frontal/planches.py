@@ -1,0 +1,133 @@
+#!/usr/bin/env python3
+"""Reads styled sheets back with poppler: the plan above the profile, fields, bookmarks, fonts, both scales by a ruler, greys.
+
+Usage: planches.py KAVEL SOURCE. A profile of 600 m whose axis in plan is straight and runs to the north-east.
+"""
+import math
+import os
+import re
+import subprocess
+import sys
+import tempfile
+
+KAVEL, SOURCE = sys.argv[1:3]
+POINTS = 72 / 25.4
+FIELDS = [("Client", "Commune"), ("Verificateur", "Durand"), ("Auteur", "Martin"), ("REVISION", "A;01/10/2026;Première;Martin"),
+          ("REVISION", "B;02/11/2026;Seconde;Martin")]
+faults = []
+
+
+def expect(what, found, wanted):
+    if found != wanted:
+        faults.append(f"{what}: {found!r}, expected {wanted!r}")
+
+
+def run(folder, lines, *arguments):
+    with open(os.path.join(folder, "s.scr"), "w", encoding="utf-8") as out:
+        out.write("\n".join(lines) + "\n")
+    environment = dict(os.environ, KAVEL_FRONTAL=os.path.join(SOURCE, "frontal"), KAVEL_CHEMIN=folder)
+    made = subprocess.run([KAVEL, "--quiet", "--script", "s.scr", *arguments], cwd=folder, env=environment, capture_output=True, text=True)
+    expect("status", (made.returncode, made.stderr), (0, ""))
+    return made.stdout
+
+
+def read(*command):
+    return subprocess.run(command, capture_output=True, text=True, check=True).stdout
+
+
+def words(pdf, page):
+    """(text, x, y) of the middle of each word, millimetres from the top left corner."""
+    found = re.findall(r'<word xMin="([\d.]+)" yMin="([\d.]+)" xMax="([\d.]+)" yMax="([\d.]+)">([^<]*)<',
+                       read("pdftotext", "-bbox", "-f", str(page), "-l", str(page), pdf, "-"))
+    return [(w, (float(a) + float(c)) / 2 / POINTS, (float(b) + float(d)) / 2 / POINTS) for a, b, c, d, w in found]
+
+
+def places(found, text):
+    return sorted(((x, y) for w, x, y in found if w == text), key=lambda p: p[1])
+
+
+def ruler(what, millimetres, wanted):
+    """A tenth of a percent is what a sheet may be off."""
+    if abs(millimetres - wanted) > 1e-3 * wanted:
+        faults.append(f"{what}: {millimetres:.3f} mm, expected {wanted:.3f}")
+
+
+def check_plan(found, metres, denominator):
+    """Stations of the plan are level, as far apart as their metres, and stand above those of the profile."""
+    stations = [(d, places(found, str(d))) for d in metres]
+    for d, where in stations:
+        expect(f"places of station {d}: the plan's and the profile's", len(where) >= 2, True)
+    (first, a), (last, b) = stations[0], stations[-1]
+    if len(a) < 2 or len(b) < 2:
+        return
+    ruler("plan", b[0][0] - a[0][0], (last - first) * 1000 / denominator)
+    ruler("profile", b[-1][0] - a[-1][0], (last - first) * 1000 / denominator)
+    expect("the plan's stations are level", abs(a[0][1] - b[0][1]) < 0.05, True)
+    expect("and above the profile's", all(abs(where[0][0] - where[-1][0]) < 0.2 for _, where in stations), True)
+
+
+def check_file(pdf):
+    info = read("pdfinfo", pdf)
+    for what in ("Title:           Rue élargie", "Author:          Martin", "Subject:         Profils en long L"):
+        expect(f"pdfinfo says {what}", what in info, True)
+    outline = re.findall(r'<item page="(\d+)">([^<]*)<', read("pdftohtml", "-xml", "-i", "-stdout", pdf))
+    pages = int(re.search(r"Pages: +(\d+)", info).group(1))
+    expect("bookmarks", [(int(p), t.startswith(f"Feuille {p} - profil L")) for p, t in outline], [(p, True) for p in range(1, pages + 1)])
+    fonts = read("pdffonts", pdf).splitlines()[2:]
+    expect("fonts that aren't embedded", [f for f in fonts if f.split()[-5] != "yes"], [])
+    return pages
+
+
+def check_title_block(found):
+    texts = [w for w, _, _ in found]
+    for wanted in ("Commune", "Durand", "Première", "Seconde", "01/10/2026", "02/11/2026"):
+        expect(f"the title block holds {wanted}", wanted in texts, True)
+    expect("marks that are left", [w for w in texts if w.startswith("<") or "&lt;" in w], [])
+    expect("the latest revision is above", places(found, "Seconde")[0][1] < places(found, "Première")[0][1], True)
+
+
+def check_greys(folder, pdf, coloured):
+    """Whether a page has colours."""
+    read("pdftoppm", "-r", "40", "-f", "1", "-l", "1", pdf, os.path.join(folder, "page"))
+    name = next(n for n in sorted(os.listdir(folder)) if n.startswith("page") and n.endswith(".ppm"))
+    with open(os.path.join(folder, name), "rb") as picture:
+        pixels = picture.read().split(b"\n", 3)[3]
+    os.remove(os.path.join(folder, name))
+    expect(f"{os.path.basename(pdf)} has colours", any(pixels[i] != pixels[i + 1] or pixels[i] != pixels[i + 2] for i in range(0, len(pixels), 3)), coloured)
+
+
+def main():
+    with tempfile.TemporaryDirectory() as folder:
+        with open(os.path.join(folder, "long.csv"), "w", encoding="utf-8") as out:
+            out.write("distance;altitude\n" + "".join(f"{d};{20 + (d // 20) % 3}\n" for d in range(0, 601, 20)))
+        far = 620 * math.sqrt(0.5)
+        profile = ["PLV-NOUVEAU", "long.csv", "L", "0,0", "10", "2.5", "150", "A", "PLV-MATRICES", "matrices-route.txt", "Espaces",
+                   f'(plv-associer-axe (car (plv-profils)) (plv-polyligne "PLV-PROJET" \'((5000.0 5000.0) ({5000 + far} {5000 + far}))))',
+                   "PLV-STYLE", "Route", "Couleurs", "1000"]
+        fields = [f'(plv-cartouche-noter "{name}" "{text}")' for name, text in FIELDS]
+        sheets = ["PLV-FEUILLES", "A2", "1000", "Rue élargie", "f.pdf"]
+        said = run(folder, profile + fields + sheets, "--plot", "couleurs.pdf", "--colours", "grey", "--plot", "gris.pdf")
+        expect("no plan is left out", "pas de place" in said, False)
+        pdf = os.path.join(folder, "f.pdf")
+        expect("pages", check_file(pdf), 2)
+        first = words(pdf, 1)
+        check_title_block(first)
+        check_plan(first, [50, 100, 250, 350], 1000)
+        expect("the second sheet has its plan", len(places(words(pdf, 2), "550")) >= 2, True)
+        # By itself the scale leaves room for the plan; on A4 there is none.
+        said = run(folder, profile + ["PLV-FEUILLES", "A4", "2000", "Rue", "a4.pdf"])
+        expect("a plan without room is told", "pas de place pour le plan" in said, True)
+        # --colours holds for the plots after it, and for those before all of them
+        check_greys(folder, os.path.join(folder, "gris.pdf"), False)
+        check_greys(folder, pdf, True)
+        for name in ("A0", "A1", "A3", "R297", "R841"):
+            said = run(folder, profile + ["PLV-FEUILLES", name, "2000", "Rue", "g.pdf"])
+            size = re.search(r"Page size: +([\d.]+) x ([\d.]+)", read("pdfinfo", os.path.join(folder, "g.pdf"))).groups()
+            expect(f"height of {name}", round(float(size[1]) / POINTS), {"A0": 841, "A1": 594, "A3": 297, "R297": 297, "R841": 841}[name])
+    for fault in faults:
+        print(fault)
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

@@ -1,0 +1,116 @@
+;; PLV-STYLE: style files, what they make of layers and texts, what is drawn beside the profile and follows it.
+
+(commun
+  (fichier "g.csv" "distance;altitude;nom\n0;50;A\n40;52;\n80;49;B\n120;47;\n200;44;C\n")
+  (fichier "p.csv" "0;50;;\n80;53;L20;C\n200;43;;\n")
+  (fichier "s.txt" "# essai\ncalque;PLV-TN;#102030;tirets;0.52;80\ncalque;PLV-TN-*;5;continu;0.13\nligne;Voirie;noir;mixte;0.5\ntexte;arial.ttf;2.5\ngrille;25\nsol;2;60\nlibelle;pente;<P> %\nlibelle;courbe;R=<R>|T=<T>\nlibelle;haut;H <Z>|<PK>\nlegende;lignes\ntableau;cadre;1\ntableau;zebre;20\ntableau;fleches;1\n")
+  (preparer
+    (setq p (plv-nouveau "<dossier>g.csv" "1" '(1000.0 500.0 0.0) 10.0 2.5 150.0 nil))
+    (defun calque (nom) (mapcar '(lambda (c) (cdr (assoc c (entget (tblobjname "LAYER" nom))))) '(62 420 370 6)))
+    (defun compte (nom type) (if (setq s (ssget "X" (list (cons 0 type) (cons 8 nom)))) (sslength s) 0))
+    (defun mots (motif) (if (setq s (ssget "X" (list '(0 . "TEXT") (cons 1 motif)))) (sslength s) 0))))
+
+(situation "LayersLineTypesAndTextsTakeIt")
+;; lines of other layers and what is drawn later take it, too
+((plv-style "<dossier>s.txt" nil 500.0) "<dossier>s.txt")
+;; 16 * 65536 + 32 * 256 + 48; 0.52 mm is no weight that drawings know, 0.53 is
+((calque "PLV-TN") (7 1056816 53 "KAVEL-TIRETS-STYLE"))
+;; dashes of 3 mm are 1.5 m at 1:500, texts of 2.5 mm 1.25 m
+((cdr (assoc 49 (entget (tblobjname "LTYPE" "KAVEL-TIRETS-STYLE")))) 1.5)
+((list (plv-ttxt p) (cdr (assoc 3 (entget (tblobjname "STYLE" "KAVEL-TEXTE"))))) (1.25 "arial.ttf"))
+(preparer (plv-ecrire-terrains p (list (plv-terrain "Roc" "Rocher" '(((0.0 45.0) (200.0 40.0)))))))
+((calque "PLV-TN-ROC") (5 nil 13 "Continuous"))
+;; in grey: as the row says, 80 % of white
+((plv-style "<dossier>s.txt" T 500.0) "<dossier>s.txt")
+((calque "PLV-TN") (7 13421772 53 "KAVEL-TIRETS-STYLE"))
+;; a shipped style by its name; the drawing keeps what was asked for
+((list (plv-style "monochrome" nil 1000.0) (plv-style-nom) (plv-style-echelle) (plv-ttxt p)) ("monochrome" "monochrome" 1000.0 2.5))
+
+(situation "OnesOwnStandsInTheSettings")
+(preparer
+  (vl-mkdir "<dossier>styles")
+  (vl-file-copy "<dossier>s.txt" "<dossier>styles/route.txt")
+  (setq avant (getenv "KAVEL_CHEMIN"))
+  (setenv "KAVEL_CHEMIN" (vl-string-right-trim "/" "<dossier>")))
+((= (plv-fichier-de-style "route") (findfile "<dossier>styles/route.txt")) T)
+(preparer (setenv "KAVEL_CHEMIN" avant))
+((wcmatch (plv-fichier-de-style "Route") "*exemples/style-route.txt") T)
+
+(situation "FaultsAreNamedAndChangeNothing")
+(fichier "f1.txt" "texte;arial.ttf;2.5\ncalque;PLV-TN;#12;tirets;0.5\n")
+(preparer (setq avant (list (calque "PLV-TN") (plv-ttxt p) (sslength (ssget "X")))))
+(refuse (plv-style "<dossier>f1.txt" nil 500.0) "f1.txt, ligne 2: couleur \"#12\": #RRVVBB, noir ou un numéro de 1 à 255 est attendu")
+(fichier "f2.txt" "calque;PLV-TN;#102030;pointilles;0.5\n")
+(refuse (plv-style "<dossier>f2.txt" nil 500.0) "ligne 1: trait \"pointilles\": continu, tirets, points, mixte, longs est attendu")
+(fichier "f3.txt" "ligne;Route;#102030;continu;0.5\n")
+(refuse (plv-style "<dossier>f3.txt" nil 500.0) "un genre de projet est attendu")
+(fichier "f4.txt" "texte;arial.ttf;1.8\n")
+(refuse (plv-style "<dossier>f4.txt" nil 500.0) "hauteur \"1.8\": de 2.5 à 20 mm est attendu")
+(fichier "f5.txt" "libelle;pente;pente\n")
+(refuse (plv-style "<dossier>f5.txt" nil 500.0) "motif \"pente\": une marque est attendue, <P>, <L>")
+(fichier "f6.txt" "couleurs;PLV-TN;1\n")
+(refuse (plv-style "<dossier>f6.txt" nil 500.0) "\"couleurs\" inconnu: calque, ligne, texte")
+(fichier "f7.txt" "calque;PLV-TN;1\n")
+(refuse (plv-style "<dossier>f7.txt" nil 500.0) "calque: 4 champs sont attendus, 2 sont donnés")
+(fichier "f8.txt" "# rien\n")
+(refuse (plv-style "<dossier>f8.txt" nil 500.0) "f8.txt: aucune rangée de style")
+(refuse (plv-style "<dossier>absent.txt" nil 500.0) "fichier introuvable")
+((equal avant (list (calque "PLV-TN") (plv-ttxt p) (sslength (ssget "X")))) T)
+((plv-style-nom) nil)
+
+(situation "LinesHaveLabels")
+(preparer
+  (plv-projet-fichier p "Voirie" "<dossier>p.csv")
+  (plv-style "<dossier>s.txt" nil 1000.0))
+;; each kind that has a row stands on a layer of its own
+((mapcar '(lambda (e) (cdr (assoc 8 (entget e)))) (plv-elements p "Voirie")) ("PLV-PROJET-VOIRIE" "PLV-PROJET-VOIRIE" "PLV-PROJET-VOIRIE"))
+;; 3 m on 80 m rise, 10 m on 120 m fall; the arc of 20 m turns by 0.0375 + 0.08333: its radius is 165.5, its tangents 10 m
+((list (mots "3.75 %") (mots "8.33 %") (mots "R=16#") (mots "T=10.00")) (1 1 1 1))
+;; the slope is written along its line: ten times 0.0375
+((equal (cdr (assoc 50 (entget (ssname (ssget "X" '((0 . "TEXT") (1 . "3.75 %"))) 0)))) (atan 0.375) 1e-9) T)
+;; highest where the arc is level: 0.0375 / 0.12083 of 20 m behind its beginning at 70 m
+((list (mots "H 52.7#") (mots "76.2#")) (1 1))
+;; a legend names what is there
+((list (mots "Terrain naturel") (mots "Projet Voirie")) (1 1))
+;; another kind on its layer too; the labels follow, at once or when asked
+((mapcar 'plv-etat-valeur (vl-remove-if-not '(lambda (e) (= (plv-fait-chose (plv-etat-fait e)) "HABILLAGE")) (plv-etats p))) ("a-jour"))
+;; the end of the line 1.2 m lower, by hand: 10.367 m fall on 110 m
+(preparer
+  (setq l (plv-dernier (vl-sort (plv-elements p "Voirie") '(lambda (a b) (< (caddr (plv-boite a)) (caddr (plv-boite b))))))
+        bout (plv-dernier (vl-remove-if-not '(lambda (g) (= (car g) 10)) (entget l))))
+  (entmod (subst (list 10 (cadr bout) (- (caddr bout) 12.0)) bout (entget l))))
+((mapcar 'plv-etat-valeur (vl-remove-if-not '(lambda (e) (= (plv-fait-chose (plv-etat-fait e)) "HABILLAGE")) (plv-etats p))) ("a-refaire"))
+((list (plv-actualiser (list p)) (mots "8.33 %") (mots "9.42 %")) (T 0 1))
+
+(situation "TablesHaveFrames")
+(fichier "t.txt" "T - 6.0 4 Altitude\nT - 3.0 14 Pentes\nT - 2.5 2 Partielles\n")
+(preparer (plv-projet-fichier p "Voirie" "<dossier>p.csv"))
+((plv-style "<dossier>s.txt" nil 1000.0) "<dossier>s.txt")
+((not (plv-matrices p "<dossier>t.txt" nil)) nil)
+;; a frame around it, the second row of three toned, an arrow for each of two slopes
+((list (compte "PLV-CADRES" "LWPOLYLINE") (compte "PLV-ZEBRES" "HATCH") (compte "PLV-CADRES" "HATCH")) (1 1 2))
+;; cells are written in the style's face
+((cdr (assoc 7 (entget (ssname (ssget "X" '((0 . "TEXT") (1 . "52.00"))) 0)))) "KAVEL-TEXTE")
+;; drawn again, they replace themselves; a row alone keeps them
+(preparer (plv-matrices p "<dossier>t.txt" nil))
+((list (compte "PLV-CADRES" "LWPOLYLINE") (compte "PLV-ZEBRES" "HATCH") (compte "PLV-CADRES" "HATCH")) (1 1 2))
+(preparer (plv-remplir-rangee p (car (plv-tables p)) 1))
+((list (compte "PLV-CADRES" "LWPOLYLINE") (compte "PLV-MATRICE" "LWPOLYLINE") (compte "PLV-CADRES" "HATCH")) (1 2 2))
+;; another height of texts draws the tables anew
+((list (not (plv-style "<dossier>s.txt" nil 500.0)) (plv-matrice-echelle (plv-matrice (car (plv-tables p))))) (nil 1.25))
+
+(situation "TheGroundIsTonedButNotInGaps")
+(preparer (plv-ecrire-lacunes p '((40.0 80.0))) (plv-style "<dossier>s.txt" nil 1000.0))
+((compte "PLV-SOL" "HATCH") 2)
+(preparer (setq boites (vl-sort (mapcar 'plv-boite (plv-entites-du-jeu (ssget "X" '((8 . "PLV-SOL"))))) '(lambda (a b) (< (car a) (car b))))))
+((mapcar '(lambda (b) (list (car b) (caddr b))) boites) ((1000.0 1040.0) (1080.0 1200.0)))
+
+(situation "NamesOfPlanesStandBesideEachOther")
+;; three sections within 20 m: a name takes 17 m at texts of 2.5
+(fichier "m.csv" "distance;altitude\n0;10\n8;40\n14;70\n100;70\n")
+(preparer (setq p (plv-nouveau "<dossier>m.csv" "2" '(0.0 0.0 0.0) 10.0 2.5 250.0 nil)))
+((length (plv-plans p)) 3)
+(preparer
+  (setq boites (vl-sort (mapcar 'plv-boite (plv-entites-du-jeu (ssget "X" '((0 . "TEXT") (1 . "PC*"))))) '(lambda (a b) (< (car a) (car b))))
+        boites (vl-remove-if '(lambda (b) (> (car b) 500.0)) boites)))
+((vl-every '(lambda (a b) (< (caddr a) (car b))) boites (cdr boites)) T)
