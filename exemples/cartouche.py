@@ -32,7 +32,7 @@ def rectangle(space, box, layer):
 
 
 def text(space, content, point, height, rotation=0.0, centred=False):
-    entity = space.add_text(content, dxfattribs={"layer": "CARTOUCHE", "height": height, "rotation": rotation})
+    entity = space.add_text(content, dxfattribs={"layer": "CARTOUCHE", "style": "CARTOUCHE", "height": height, "rotation": rotation})
     if centred:
         entity.set_placement(point, align=ezdxf.enums.TextEntityAlignment.MIDDLE_CENTER)
     else:
@@ -72,7 +72,7 @@ def main():
     drawing = ezdxf.new("R2010", setup=False)
     drawing.units = ezdxf.units.MM
     # A face with digits of one width, which other programs have too; elsewhere the usual one stands in for it.
-    drawing.styles.get("Standard").dxf.font = "arial.ttf"
+    drawing.styles.add("CARTOUCHE", font="arial.ttf")
     for name, weight, plotted in (("CADRE", 50, True), ("CARTOUCHE", 18, True), ("FEUILLE", 13, False), ("DESSIN", 13, False)):
         layer = drawing.layers.add(name)
         layer.dxf.lineweight, layer.dxf.plot = weight, plotted

@@ -14,7 +14,7 @@
         y (plv-ordonnee (cadr p) plan (plgxd profil "ECHV") (cadr origine)))
   (entmake (list '(0 . "INSERT") '(8 . "PLV-PROFIL") '(66 . 1) '(2 . "REGARD") (cons 10 (plv-point x y))))
   ;; Above the dimensions, which are above the ground.
-  (placer-regards:attribut (plv-point x (+ y 20.5)) 1.8 "NUM" (substr (caddr p) 8))
+  (placer-regards:attribut (plv-point x (+ y 20.0)) 1.8 "NUM" (substr (caddr p) 8))
   (placer-regards:attribut (plv-point x (+ y 17.5)) 1.8 "DN" "300")
   (entmake '((0 . "SEQEND") (8 . "PLV-PROFIL")))
   (setq bloc (entlast))

@@ -13,7 +13,7 @@ enum class ActionKind { load, eval, script, save, plot, audit, list };
 // What plots and saves follow, as typed; empty where it was not given.
 struct Settings {
   std::string scale, paper, window, dpi, layout, colours;  // of plots
-  std::string release;                    // of saves; empty: the drawing's own
+  std::string release;                                     // of saves; empty: the drawing's own
 };
 
 struct Action {

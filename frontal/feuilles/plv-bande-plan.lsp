@@ -4,6 +4,8 @@
 
 (setq plv-bande:moins 40.0 plv-bande:plus 110.0 plv-bande:fraction 0.35 plv-bande:jeu 4.0 plv-bande:pas '(10.0 20.0 25.0 50.0 100.0 200.0 500.0 1000.0 2000.0))
 
+(defun plv-bande-jeu () "What lies between a plan and the profile, in millimetres." plv-bande:jeu)
+
 (defun plv-bande-segments (mesures / axe)
   "The segments of the profile's axis in plan; nil without one."
   (if (setq axe (plv-axe-plan (plv-cle 'profil mesures))) (plv-axe-segments axe)))

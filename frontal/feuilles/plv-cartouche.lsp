@@ -59,12 +59,17 @@
 
 ;; --- the command
 
+(defun plv-cartouche:propose (mot)
+  "What a question about a field proposes."
+  (if (/= (plv-cartouche-texte mot) "") (plv-cartouche-texte mot)))
+
 (defun plv-cartouche:demander-revision (/ indice)
   (setq indice (plv-demander-texte "Indice" nil))
   (plv-cartouche-noter "REVISION"
     (plv-joindre
       (mapcar '(lambda (texte) (vl-string-translate ";" "," texte))
-        (list indice (plv-demander-texte "Date" (plv-date-du-jour)) (plv-demander-texte "Objet" nil) (plv-demander-texte "Établi par" (if (= (plv-cartouche-texte "Auteur") "") nil (plv-cartouche-texte "Auteur")))))
+        (list indice (plv-demander-texte "Date" (plv-date-du-jour)) (plv-demander-texte "Objet" nil)
+          (plv-demander-texte "Établi par" (plv-cartouche:propose "Auteur"))))
       ";")))
 
 (defun c:plv-cartouche (/ mot)
@@ -72,5 +77,5 @@
   (while (/= (setq mot (plv-demander-mot "Champ" (append (mapcar 'car plv-cartouche:champs) '("Revision" "Fin")) "Fin")) "Fin")
     (if (= mot "Revision")
       (plv-cartouche:demander-revision)
-      (plv-cartouche-noter mot (plv-demander-texte (strcat mot " (vide pour rien)") (if (= (plv-cartouche-texte mot) "") nil (plv-cartouche-texte mot))))))
+      (plv-cartouche-noter mot (plv-demander-texte (strcat mot " (vide pour rien)") (plv-cartouche:propose mot)))))
   (princ))

@@ -221,10 +221,19 @@ where there are no points."
             feuilles (append feuilles nouvelles))))
   (if nouvelles (plv-feuilles:numeroter feuilles)))
 
-;; --- the template: what it leaves for profiles, (width height) in millimetres
+;; --- the template: what it leaves for profiles, (width height sheet corner left bottom) in millimetres: the size of the sheet, the lower
+;; left corner of the sheet in the template, the lower left corner of the room from there
 
 (defun plv-place-largeur (place) (car place))
 (defun plv-place-hauteur (place) (cadr place))
+(defun plv-place-feuille (place) (caddr place))
+(defun plv-place-coin (place) (cadddr place))
+(defun plv-place-gauche (place) (nth 4 place))
+(defun plv-place-bas (place) (nth 5 place))
+
+(defun plv-feuilles:place-de (lu / coin)
+  (setq coin (list (car (caddr lu)) (cadr (caddr lu))))
+  (append (list (car (cadr lu)) (cadr (cadr lu)) (list (caar lu) (cadar lu)) coin) (mapcar '- (cadddr lu) coin)))
 
 (setq plv-feuilles:formats '("A4" "A2" "A1" "A0" "R297" "R420" "R594" "R841"))
 
@@ -238,4 +247,4 @@ where there are no points."
 (defun plv-feuilles:place (modele / lu)
   "The room of a template; nil after a message."
   (setq lu (vl-catch-all-apply 'modele-feuille (list modele)))
-  (if (vl-catch-all-error-p lu) (plv-erreur (vl-catch-all-error-message lu)) (cadr lu)))
+  (if (vl-catch-all-error-p lu) (plv-erreur (vl-catch-all-error-message lu)) (plv-feuilles:place-de lu)))

@@ -30,22 +30,23 @@
   "The profile's text height, so that its texts have the height of the style on paper."
   (plsxd profil "TTXT" (plv-mm (plv-style-hauteur))))
 
-(defun plv-style:refaire (profils)
-  "The dressing of each; what else is made with the height and the font of texts is made anew, and keeps what hands have done to it."
-  (foreach p profils (if (plv-entites-habillage p) (plv-rehabiller p)))
-  (plv-actualiser-dessin profils))
+(defun plv-style:appliquer (profils nom gris echelle rangees)
+  "The record, what is made of it, and the dressing of each profile."
+  (plv-style:ecrire nom gris echelle rangees)
+  (plv-creer-calques)
+  (plv-habiller-calques)
+  (plv-habiller-texte)
+  (foreach p profils
+    (plv-style:textes-au-papier p)
+    (if (plv-entites-habillage p) (plv-rehabiller p))))
 
 (defun plv-style (nom gris echelle / chemin rangees profils)
-  "Gives the drawing a style for a scale of the paper; nil after a message."
+  "Gives the drawing a style for a scale of the paper; what else is made with the height and the font of texts is made anew, and keeps what
+hands have done to it. nil after a message."
   (setq profils (plv-profils))
-  (if (and (setq chemin (plv-fichier-de-style nom)) (setq rangees (plv-lire-style chemin)) (vl-every 'plv-profil-sain profils))
+  (if (and (setq chemin (plv-fichier-de-style nom)) (setq rangees (plv-lire-style chemin)) (vl-every 'plv-profil-sain profils)
+           (plv-actualiser-apres profils '(lambda () (plv-style:appliquer profils nom gris echelle rangees))))
     (progn
-      (plv-style:ecrire nom gris echelle rangees)
-      (plv-creer-calques)
-      (plv-habiller-calques)
-      (plv-habiller-texte)
-      (foreach p profils (plv-style:textes-au-papier p))
-      (plv-style:refaire profils)
       (plv-dire (strcat "Style " nom ": textes de " (plv-reel (plv-style-hauteur) 1) " mm au 1:" (plv-reel echelle 0) ", "
                         (plv-compte (length profils) "profil") "."))
       nom)))

@@ -93,10 +93,15 @@
   (foreach v valeurs (if (or (not trouve) (< (abs (- v valeur)) (abs (- trouve valeur)))) (setq trouve v)))
   trouve)
 
+(defun plv-style:numero (calque numero)
+  "A colour's number in the place of a true colour: by the command, since a group that isn't given stays."
+  (plv-avec-variable "CMDECHO" 0 '(lambda () (command "_.-LAYER" "_Color" (itoa numero) calque ""))))
+
 (defun plv-style:donner (calque champs / groupes couleur)
   "Colour, line type and weight of a row to a layer."
-  (setq couleur (plv-style:couleur champs)
-        groupes (vl-remove-if '(lambda (g) (member (car g) '(62 420 6 370))) (entget (tblobjname "LAYER" calque))))
+  (setq couleur (plv-style:couleur champs))
+  (if (not (cdr couleur)) (plv-style:numero calque (car couleur)))
+  (setq groupes (vl-remove-if '(lambda (g) (member (car g) '(62 420 6 370))) (entget (tblobjname "LAYER" calque))))
   (entmod
     (append groupes
       (list (cons 62 (car couleur)) (cons 6 (plv-style:trait (caddr champs))) (cons 370 (plv-style:poids (cadddr champs))))

@@ -85,10 +85,12 @@
   (plv-actualiser:dire vieilles (plv-actualiser:de-valeur etats "impossible") fait)
   fait)
 
-(defun plv-actualiser-dessin (profils / etats)
-  "The same without files and without a word; T, or nil after a message."
-  (setq etats (plv-actualiser:etats profils))
-  (plv-actualiser:en-une-fois '(lambda () (plv-actualiser:dessin profils etats)) '(lambda () T)))
+(defun plv-actualiser-apres (profils travail)
+  "Work on the drawing, and what isn't true after it made anew but for files, as one step; T, or nil after a message with the drawing
+as before."
+  (plv-actualiser:en-une-fois
+    '(lambda () (apply travail '()) (plv-actualiser:dessin profils (plv-actualiser:etats profils)))
+    '(lambda () T)))
 
 (defun c:plv-actualiser ()
   "Refait ce qui, de ce qui est tiré des profils, n'est plus à jour: tableaux, cotes, hachures, légendes, fichiers."

@@ -18,8 +18,7 @@ struct Preview : Desktop {
     QFile survey(file("long.csv"));
     survey.open(QIODevice::WriteOnly);
     survey.write("distance;altitude\n");
-    for (int d = 0; d <= 600; d += 20)
-      survey.write(QStringLiteral("%1;%2\n").arg(d).arg(20 + d / 20 % 3).toUtf8());
+    for (int d = 0; d <= 600; d += 20) survey.write(QStringLiteral("%1;%2\n").arg(d).arg(20 + d / 20 % 3).toUtf8());
     survey.close();
     driver.type(QStringLiteral("(progn (plv-nouveau \"%1\" \"L\" '(0.0 0.0 0.0) 10.0 2.5 nil nil) (princ))")
                     .arg(file("long.csv")));

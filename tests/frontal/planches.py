@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Reads styled sheets back with poppler: the plan above the profile, fields, bookmarks, fonts, both scales by a ruler, greys.
+"""Reads styled sheets back with poppler: the plan above the profile, fields, bookmarks, fonts, both scales by a ruler, greys;
+and the same sheets as layouts.
 
 Usage: planches.py KAVEL SOURCE. A profile of 600 m whose axis in plan is straight and runs to the north-east.
 """
@@ -9,6 +10,8 @@ import re
 import subprocess
 import sys
 import tempfile
+
+import ezdxf
 
 KAVEL, SOURCE = sys.argv[1:3]
 POINTS = 72 / 25.4
@@ -86,6 +89,20 @@ def check_title_block(found):
     expect("the latest revision is above", places(found, "Seconde")[0][1] < places(found, "Première")[0][1], True)
 
 
+def check_layouts(folder, profile, pdf):
+    """The layouts of the same sheets, made twice, hold every word where the PDF has it, and another program reads them."""
+    run(folder, profile + ["PLV-PRESENTATIONS", "A2", "1000", "autre titre", "PLV-PRESENTATIONS", "A2", "1000", "Rue élargie"], "--save", "p.dxf",
+        "--layout", "Feuille 1", "--plot", "p1.pdf", "--layout", "Feuille 2", "--plot", "p2.pdf")
+    for page in (1, 2):
+        mine, its = words(pdf, page), words(os.path.join(folder, f"p{page}.pdf"), 1)
+        for these, those, what in ((mine, its, "misses"), (its, mine, "adds")):
+            lost = [w for w in these if not any(w[0] == v[0] and math.dist(w[1:], v[1:]) < 0.3 for v in those)]
+            expect(f"what layout {page} {what}", lost[:3], [])
+    drawing = ezdxf.readfile(os.path.join(folder, "p.dxf"))
+    expect("layouts", drawing.layout_names()[-2:], ["Feuille 1", "Feuille 2"])
+    expect("faults that ezdxf finds", [str(e) for e in drawing.audit().errors], [])
+
+
 def check_greys(folder, pdf, coloured):
     """Whether a page has colours."""
     read("pdftoppm", "-r", "40", "-f", "1", "-l", "1", pdf, os.path.join(folder, "page"))
@@ -114,6 +131,7 @@ def main():
         check_title_block(first)
         check_plan(first, [50, 100, 250, 350], 1000)
         expect("the second sheet has its plan", len(places(words(pdf, 2), "550")) >= 2, True)
+        check_layouts(folder, profile + fields, pdf)
         # By itself the scale leaves room for the plan; on A4 there is none.
         said = run(folder, profile + ["PLV-FEUILLES", "A4", "2000", "Rue", "a4.pdf"])
         expect("a plan without room is told", "pas de place pour le plan" in said, True)

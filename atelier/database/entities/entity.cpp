@@ -17,6 +17,7 @@ constexpr Field kLinetype = textField(kEntity, 6, "BYLAYER");
 constexpr Field kColor = integerField(kEntity, 62, 256);
 constexpr Field kWeight = integerField(kEntity, 370, -1);
 constexpr Field kScale = realField(kEntity, 48, 1);
+constexpr Field kTrueColor = integerField(kEntity, 420);
 constexpr Field kInvisible = integerField(kEntity, 60);
 constexpr Field kTransparency = integerField(kEntity, 440);
 
@@ -31,6 +32,8 @@ Adesk::UInt16 AcDbEntity::colorIndex() const {
 Acad::ErrorStatus AcDbEntity::setColorIndex(Adesk::UInt16 color, bool) {
   if (color > 256) return Acad::eInvalidInput;
   AcDbImpObject& imp = AcDbImpObject::of(this);
+  if (imp.record.has(kTrueColor))  // a number takes its place
+    if (Record* record = imp.writable()) record->remove(kTrueColor);
   if (color == 256 && !imp.record.has(kColor)) return imp.isWritable() ? Acad::eOk : Acad::eNotOpenForWrite;
   return imp.setInteger(kColor, color);
 }

@@ -229,6 +229,7 @@ namespace {
 
 constexpr std::string_view kLayer = "AcDbLayerTableRecord", kStyle = "AcDbTextStyleTableRecord",
                            kLtype = "AcDbLinetypeTableRecord";
+constexpr Field kLayerTrueColor = integerField(kLayer, 420), kLayerColorName = textField(kLayer, 430);
 constexpr Field kLayerColor = integerField(kLayer, 62, 7), kLayerFlags = integerField(kLayer, 70),
                 kLayerWeight = integerField(kLayer, 370, -3), kLayerLinetype = textField(kLayer, 6, "Continuous");
 
@@ -245,7 +246,12 @@ AcCmColor AcDbLayerTableRecord::color() const {
   color.setColorIndex(static_cast<Adesk::UInt16>(std::abs(recordOf(this).integer(kLayerColor))));
   return color;
 }
+// A number takes the place of a true colour, with the name that it had in a book of colours.
 void AcDbLayerTableRecord::setColor(const AcCmColor& color) {
+  if (atelier::Record* record = impOf(this).writable()) {
+    record->remove(kLayerTrueColor);
+    record->remove(kLayerColorName);
+  }
   impOf(this).setInteger(kLayerColor, isOff() ? -std::int64_t(color.colorIndex()) : color.colorIndex());
 }
 // A layer that is off is stored with a negative colour.

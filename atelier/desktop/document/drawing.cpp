@@ -129,6 +129,7 @@ void Drawing::run() {
       document_->fail(error.what());
     }
   }
+  ended = commandName();
   running_ = false;
   if (onPrompt) onPrompt();
   if (onDone) onDone();

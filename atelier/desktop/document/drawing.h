@@ -65,6 +65,7 @@ class Drawing : public QObject {
   std::function<void()> onReplaced;  // a command has opened another drawing in place of this one
   QString untitled = QStringLiteral("Dessin1.dxf");
   QString lastLine;  // Enter at the command prompt runs it again
+  QString ended;     // the name of the command that ended last
 
  private:
   class Replacement;

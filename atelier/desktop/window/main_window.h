@@ -129,6 +129,8 @@ class MainWindow : public QMainWindow {
   void audit();
   void plot();
   void updateUnasked();
+  void updateAtOnce(Drawing& drawing);
+  void changeUpdateAtOnce();
   void letAsk(Drawing& drawing);
   void showState(Tab& tab);
   void buildLineTable(QDockWidget& commands);

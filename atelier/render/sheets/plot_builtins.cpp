@@ -11,6 +11,7 @@
 #include "atelier/lisp/evaluator/root.h"
 #include "atelier/render/scene/old_form.h"
 #include "atelier/render/scene/scene.h"
+#include "atelier/render/sheets/atomic_file.h"
 #include "atelier/render/sheets/layout_page.h"
 #include "atelier/render/sheets/sheets.h"
 
@@ -33,6 +34,21 @@ Value extentsDrawn(Interpreter& in, Arguments arguments) {
   } catch (const Error& error) {
     in.fail(error.what());
   }
+}
+
+std::string foundPath(Interpreter& in, Value name) {
+  const std::string path(lisp::stringArgument(in, name));
+  return in.search().find(path).value_or(path);
+}
+
+// ((mark . text) ...)
+std::vector<std::pair<std::string, std::string>> textsOf(Interpreter& in, Value list) {
+  std::vector<std::pair<std::string, std::string>> texts;
+  for (const Value text : Items(lisp::listArgument(in, list))) {
+    if (!text.isPair()) in.failType("consp", text);
+    texts.emplace_back(lisp::stringArgument(in, text.car()), lisp::stringArgument(in, text.cdr()));
+  }
+  return texts;
 }
 
 // The numbers of a list, at least so many; lists in it are left out.
@@ -133,10 +149,7 @@ Sheet sheetOf(Interpreter& in, Value list) {
   sheet.scale = lisp::numberArgument(in, parts[0]);
   if (!(sheet.scale > 0)) in.failType("echelle", parts[0]);
   for (const Value view : Items(lisp::listArgument(in, parts[1]))) sheet.views.push_back(viewOf(in, view));
-  for (const Value text : Items(lisp::listArgument(in, parts[2]))) {
-    if (!text.isPair()) in.failType("consp", text);
-    sheet.texts.emplace_back(lisp::stringArgument(in, text.car()), lisp::stringArgument(in, text.cdr()));
-  }
+  sheet.texts = textsOf(in, parts[2]);
   parts.resize(7, lisp::nil);
   for (const Value inset : Items(lisp::listArgument(in, parts[3]))) sheet.insets.push_back(insetOf(in, inset));
   sheet.graduation = graduationOf(in, parts[4]);
@@ -159,17 +172,25 @@ SetInfo infoOf(Interpreter& in, Value list) {
   return info;
 }
 
-std::string foundPath(Interpreter& in, Value name) {
-  const std::string path(lisp::stringArgument(in, name));
-  return in.search().find(path).value_or(path);
+Value filledTemplate(Interpreter& in, Arguments arguments) {
+  try {
+    AtomicFile out{std::string(lisp::stringArgument(in, arguments[2]))};
+    const std::string bytes = filled(readTemplate(foundPath(in, arguments[0])), textsOf(in, arguments[1]));
+    out.write(bytes.data(), bytes.size());
+    out.commit();
+  } catch (const Error& error) {
+    in.fail(error.what());
+  }
+  return in.t();
 }
 
 Value roomOfTemplate(Interpreter& in, Arguments arguments) {
   const std::string path = foundPath(in, arguments[0]);
   try {
     const Template model = readTemplate(path);
-    return in.list(
-        {in.point(model.sheet.width(), model.sheet.height()), in.point(model.room.width(), model.room.height())});
+    return in.list({in.point(model.sheet.width(), model.sheet.height()),
+                    in.point(model.room.width(), model.room.height()), in.point(model.sheet.xMin, model.sheet.yMin),
+                    in.point(model.room.xMin, model.room.yMin)});
   } catch (const Error& error) {
     in.fail(error.what());
   }
@@ -212,7 +233,10 @@ constexpr lisp::Builtin kTable[] = {
     {"etendue-tracee", extentsDrawn, 1, 1, "(etendue-tracee entités)",
      "Les deux coins de ce que des entités couvrent, textes compris, ou nil."},
     {"modele-feuille", roomOfTemplate, 1, 1, "(modele-feuille fichier)",
-     "Largeur et hauteur en mm de la feuille d'un dessin modèle, puis de la place du dessin."},
+     "Largeur et hauteur en mm de la feuille d'un dessin modèle, puis de la place du dessin, puis leurs coins en bas à "
+     "gauche."},
+    {"modele-remplir", filledTemplate, 3, 3, "(modele-remplir modèle textes fichier)",
+     "Écrit un dessin modèle dont les marques sont remplacées par leurs textes, des paires (marque . texte)."},
     {"apercu-feuilles", showSheetSet, 2, 3, "(apercu-feuilles modèle feuilles [infos])",
      "Montre des feuilles dans la fenêtre, page par page, comme tracer-feuilles les trace; nil sans fenêtre."},
     {"tracer-feuilles", plotSheetSet, 3, 4, "(tracer-feuilles pdf modèle feuilles [infos])",

@@ -74,6 +74,10 @@ Box frameOn(AcDbDatabase& database, const std::string& layer, const std::string&
 
 }  // namespace
 
+std::string filled(const Template& model, const std::vector<std::pair<std::string, std::string>>& texts) {
+  return replaced(model.bytes, texts);
+}
+
 Template readTemplate(const std::string& file) {
   std::ifstream in(file, std::ios::binary);
   std::ostringstream text;

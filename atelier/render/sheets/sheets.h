@@ -85,6 +85,9 @@ struct Template {
   Box sheet, room;  // millimetres, y upwards
 };
 
+// The template's drawing with its marks replaced.
+std::string filled(const Template& model, const std::vector<std::pair<std::string, std::string>>& texts);
+
 // Throws FileError when the file can't be read, PlotError when it lacks one of the two polylines.
 Template readTemplate(const std::string& file);
 

@@ -183,3 +183,14 @@
 (fichier "trait.scr" "LIGNE 0,0 7,0\n\n")
 (tape ("SCRIPT" "<dossier>trait.scr"))
 ((last-g 11) (7.0 0.0 0.0))
+
+(situation "ANumberTakesThePlaceOfATrueColour")
+;; of a layer with the name that it had in a book of colours, and of an entity
+(preparer
+  (entmake '((0 . "LAYER") (2 . "BLEU") (70 . 0) (62 . 5) (420 . 255) (430 . "LIVRE$Bleu") (6 . "Continuous")))
+  (setq l (entmakex '((0 . "LINE") (8 . "0") (62 . 5) (420 . 255) (10 0.0 0.0 0.0) (11 9.0 0.0 0.0))))
+  (command "_.-LAYER" "_Color" "3" "BLEU" "")
+  (command "_.CHPROP" l "" "_Color" "3" "")
+  (defun couleurs (e) (mapcar '(lambda (c) (cdr (assoc c (entget e)))) '(62 420 430))))
+((couleurs (tblobjname "LAYER" "BLEU")) (3 nil nil))
+((couleurs l) (3 nil nil))

@@ -114,3 +114,16 @@
   (setq boites (vl-sort (mapcar 'plv-boite (plv-entites-du-jeu (ssget "X" '((0 . "TEXT") (1 . "PC*"))))) '(lambda (a b) (< (car a) (car b))))
         boites (vl-remove-if '(lambda (b) (> (car b) 500.0)) boites)))
 ((vl-every '(lambda (a b) (< (caddr a) (car b))) boites (cdr boites)) T)
+
+(situation "BlackTakesThePlaceOfColours")
+;; a layer that had a colour of its own has none when the next style says black
+((list (plv-style "Route" nil 1000.0) (cadr (calque "PLV-TN"))) ("Route" 7029795))
+((list (plv-style "Monochrome" nil 1000.0) (calque "PLV-TN")) ("Monochrome" (7 nil 25 "Continuous")))
+
+(situation "AStyleIsOneStep")
+(fichier "t.txt" "T - 6.0 4 Altitude\n")
+(preparer (plv-matrices p "<dossier>t.txt" nil) (setq avant (list (sslength (ssget "X")) (plv-ttxt p) (plv-style-nom))))
+(tape ("PLV-STYLE" "Route" "Couleurs" "500") "1 profil.")
+((equal avant (list (sslength (ssget "X")) (plv-ttxt p) (plv-style-nom))) nil)
+(preparer (command "_.U"))
+((equal avant (list (sslength (ssget "X")) (plv-ttxt p) (plv-style-nom))) T)
