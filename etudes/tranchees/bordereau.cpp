@@ -118,9 +118,8 @@ class liste {
               },
               std::vector<double>(m_f.troncons.size())};
     for (const ligneTroncon& l : toutes()) {
-      const regardPose& p = m_f.lot().t.reseau.regards[l.estTuyau ? 0 : l.rang];
-      if (!l.estTuyau && p.arrivee && p.depart && std::abs(*p.arrivee - *p.depart) > 0.0005)
-        a.quantites[l.troncon] += 1;
+      const reseauPose& r = m_f.lot().t.reseau;
+      if (!l.estTuyau && aUneChute(r.r.regards[l.rang], r.regards[l.rang])) a.quantites[l.troncon] += 1;
     }
     m_articles.push_back(std::move(a));
   }

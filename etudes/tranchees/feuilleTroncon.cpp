@@ -112,7 +112,10 @@ class ecrivain {
     formule(C::kDebut, ailleurs(colonnesRegards::kStation), p.station);
     formule(C::kFin, ailleurs(colonnesRegards::kStation), p.station);
     formule(C::kProfRegard, ailleurs(colonnesRegards::kProfondeur), p.tampon - p.fond);
-    formule(C::kChute, ailleurs(colonnesRegards::kChute), p.arrivee && p.depart ? std::abs(*p.arrivee - *p.depart) : 0);
+    const etu::regard& n = m_t.reseau.r.regards[l.rang];
+    if (aUneFosse(n))
+      formule(C::kChute, ailleurs(colonnesRegards::kChute),
+              p.arrivee && p.depart ? std::abs(*p.arrivee - *p.depart) : 0);
   }
 
   std::string pieces(int premiere, int derniere, int colonne) const {

@@ -1,6 +1,8 @@
 // Rows are numbered before anything is written, since sheets refer to each other in both directions.
 #include "etudes/tranchees/lot.h"
 
+#include <cmath>
+
 namespace etu {
 
 lotFeuilles::lotFeuilles(lxw_workbook* classeur, const lotMesure& lot, const formats& f, const std::wstring& suffixe)
@@ -43,8 +45,13 @@ lotFeuilles::lotFeuilles(lxw_workbook* classeur, const lotMesure& lot, const for
 }
 
 std::wstring designationRegard(const regard& n) {
-  if (!(n.diametre.exterieur > 0)) return n.type.empty() ? L"nœud" : n.type;
-  return L"regard" + (n.type.empty() ? L"" : L" " + n.type) + L" Ø" + enTexte(n.diametre);
+  const std::wstring ailleurs = n.profil.empty() ? L"" : L" (profil " + n.profil + L")";
+  if (!(n.diametre.exterieur > 0)) return (n.type.empty() ? L"nœud" : n.type) + ailleurs;
+  return L"regard" + (n.type.empty() ? L"" : L" " + n.type) + L" Ø" + enTexte(n.diametre) + ailleurs;
+}
+
+bool aUneChute(const regard& n, const regardPose& p) {
+  return aUneFosse(n) && p.arrivee && p.depart && std::abs(*p.arrivee - *p.depart) > 0.0005;
 }
 
 std::wstring designationTuyau(const tuyau& t) {

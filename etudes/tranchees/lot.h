@@ -61,8 +61,11 @@ class lotFeuilles {
   std::vector<std::pair<int, int>> m_pieces;
 };
 
-// What a manhole or a pipe is called in the bill: "regard visite Ø1000/1240", "ventouse", "tuyau Ø300/376 béton 135A".
+// What a manhole or a pipe is called in the bill: "regard visite Ø1000/1240", "ventouse", "regard Ø800 (profil 2)" for one that is
+// counted there, "tuyau Ø300/376 béton 135A".
 std::wstring designationRegard(const regard& n);
+// Whether it is counted as a manhole with a drop.
+bool aUneChute(const regard& n, const regardPose& p);
 std::wstring designationTuyau(const tuyau& t);
 
 // Columns of the sheet of pieces that the other sheets refer to.

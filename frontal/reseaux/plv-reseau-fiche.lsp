@@ -8,6 +8,10 @@
     ("croisements" "Croisements" "croisement" ("Nom" "Station" "Altitude" "Diamètre (mm)" "Angle"))
     ("limites" "Limites" "limite" ("Limite" "Moindre" "Plus grande"))))
 
+;; two tables at a time: what is shown, and the fields that then aren't
+(setq plv-reseau-fiche:vues
+  '(("Regards et tuyaux" ("croisements" "limites")) ("Croisements et limites" ("regards" "tuyaux"))))
+
 (setq plv-reseau-fiche:sources '("Le dessin" "La ligne" "Un fichier"))
 
 ;; --- rows as cells and back
@@ -43,7 +47,8 @@
     (append
       (list (list "genre" "Genre de ligne" "mot" (if profil (plv-reseau-fiche:genre profil) "Assainissement") (plv-genres-projet))
             (list "source" "Remplir depuis" "mot" (car plv-reseau-fiche:sources) plv-reseau-fiche:sources)
-            '("fichier" "Fichier à reprendre" "lire" "" "Réseaux (*.csv *.txt *.inp *.xml);;Tous (*)"))
+            '("fichier" "Fichier à reprendre" "lire" "" "Réseaux (*.csv *.txt *.inp *.xml);;Tous (*)")
+            (list "vues" "Montrer" "mot" (caar plv-reseau-fiche:vues) (mapcar 'car plv-reseau-fiche:vues)))
       (mapcar
         '(lambda (table)
            (list (car table) (cadr table) "rangees" (plv-reseau-fiche:cellules rangees table) (mapcar '(lambda (c) (list c "texte" nil)) (cadddr table))))
@@ -106,8 +111,12 @@
     (if faute (list faute))
     (list (plv-image-profil profil (append (plv-traits-profil profil) (if reseau (plv-reseau-fiche:traits reseau (plv-premiere-station profil))))))
     (if reseau (plv-reseau-fiche:phrases profil genre (plv-reseau-fiche:rangees valeurs) reseau))
-    (if (/= (plv-cle "source" valeurs) "Un fichier") '("fichier"))
+    (append (if (/= (plv-cle "source" valeurs) "Un fichier") '("fichier")) (plv-reseau-fiche:cachees valeurs faute))
     nil))
+
+(defun plv-reseau-fiche:cachees (valeurs faute)
+  "The tables that aren't shown; one with a fault is."
+  (vl-remove (car faute) (cadr (assoc (plv-cle "vues" valeurs) plv-reseau-fiche:vues))))
 
 (defun plv-reseau-fiche:avec (valeurs nouvelles)
   "Answers with others in place of them."
