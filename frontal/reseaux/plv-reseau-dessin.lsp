@@ -6,7 +6,7 @@
 
 (defun plv-reseau:cle-traces (genre) (strcat "PLV_TRACES_RESEAU_" (strcase (plv-genre genre))))
 
-(defun plv-traces-reseau (profil genre) (plv-entites-enregistrees profil (plv-reseau:cle-traces genre)))
+(defun plv-traces-reseau (profil genre) (plv-entites-propres profil (plv-reseau:cle-traces genre)))
 
 ;; --- a pen holds what drawing takes: (frame sections origin text-height)
 
@@ -134,12 +134,13 @@
 (defun plv-dessiner-reseau (profil genre / reseau plume)
   "Draws the network of a kind of line in place of what was drawn of it; T, or nil after a message."
   (setq genre (plv-genre genre) reseau (plv-reseau-lu profil genre))
-  (if (eq (type reseau) 'STR)
-    (plv-erreur reseau)
-    (progn
-      (plv-creer-calques)
-      (plv-effacer (plv-traces-reseau profil genre))
-      (setq plume (plv-dessin-reseau:plume profil))
-      (plv-enregistrer-entites profil (plv-reseau:cle-traces genre) (plv-ajouts-de '(lambda () (plv-dessin-reseau:tout plume reseau))))
-      (plv-noter-fait profil "RESEAU" genre nil nil)
-      T)))
+  (cond
+    ((not (plv-profil-sain profil)) nil)
+    ((eq (type reseau) 'STR) (plv-erreur reseau))
+    (T
+     (plv-creer-calques)
+     (plv-effacer (plv-traces-reseau profil genre))
+     (setq plume (plv-dessin-reseau:plume profil))
+     (plv-enregistrer-entites profil (plv-reseau:cle-traces genre) (plv-ajouts-de '(lambda () (plv-dessin-reseau:tout plume reseau))))
+     (plv-noter-fait profil "RESEAU" genre nil nil)
+     T)))

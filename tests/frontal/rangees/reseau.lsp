@@ -227,3 +227,18 @@
 (tape ("PLV-RESEAU" "Assainissement" "Plan" "(car gaz)" "(cadr gaz)" "" "48,5" "110" "47.9" "" "FIN") "Station 1030.00, GAZ: altitude de l'axe" "3 regards, 2 tuyaux.")
 ((mapcar '(lambda (c) (list (plv-croisement-nom c) (plv-croisement-station c) (plv-croisement-altitude c) (plv-croisement-diametre c))) (cdr (plv-reseau-croisements (plv-reseau-lu p "Assainissement"))))
  (("GAZ 2" 1030.0 48.5 0.11) ("GAZ 3" 1070.0 47.9 0.11)))
+
+;; A copy with all that is drawn has a network of its own; one of the block alone has the rows, and leaves what is drawn to the original.
+(situation "CopiesLeaveTheOriginalAlone")
+(preparer
+  (reseau)
+  (setq n (length (plv-traces-reseau p "Assainissement")))
+  (command "_.COPY" (ssget "X") "" '(0.0 0.0) '(0.0 500.0))
+  (setq q (plv-dernier (plv-profils))))
+((list (length (plv-profils)) (length (plv-traces-reseau q "Assainissement")) (= n (length (plv-traces-reseau p "Assainissement")))) (2 20 T))
+(preparer (plv-reseau-oter q "Assainissement"))
+((= n (length (plv-traces-reseau p "Assainissement"))) T)
+(preparer (command "_.COPY" p "" '(0.0 0.0) '(0.0 1500.0)) (setq r (plv-dernier (plv-profils))))
+((list (eq r q) (eq r p) (length (plv-traces-reseau r "Assainissement"))) (nil nil 0))
+(refuse (plv-dessiner-reseau r "Assainissement") "dont il est la copie")
+((= n (length (plv-traces-reseau p "Assainissement"))) T)
