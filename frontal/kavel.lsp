@@ -22,10 +22,10 @@
      plv-pc plv-changer-terrain plv-leve plv-leve-remplacer plv-pc-fiche plv-leve-fiche)
     (projet (base profil portes)
      plv-raccords plv-parties plv-trace plv-sommets plv-projet-texte plv-projet plv-reconnaitre plv-associer)
-    (reseaux (base profil projet)
-     plv-reseau plv-reseau-branches plv-reseau-ligne plv-reseau-dessin plv-reseau-fichier plv-reseau-saisie plv-reseau-questions)
-    (tranchees (base profil reseaux)
-     plv-tranchees plv-tranchees-rapport plv-tranchees-classeur plv-tranchees-dessin plv-tranchees-coupes plv-tranchees-questions)
+    (reseaux (base profil fiches plan projet)
+     plv-reseau plv-reseau-branches plv-reseau-ligne plv-reseau-dessin plv-reseau-fichier plv-reseau-plan plv-reseau-saisie plv-reseau-questions plv-reseau-fiche)
+    (tranchees (base profil fiches reseaux)
+     plv-tranchees plv-tranchees-rapport plv-tranchees-classeur plv-tranchees-dessin plv-tranchees-coupes plv-tranchees-questions plv-tranchees-fiche)
     (tableaux (base profil fiches plan reseaux)
      plv-types plv-definitions plv-modeles plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet
      plv-remplissage-terrains plv-remplissage-plan plv-devers plv-remplissage-blocs plv-remplissage-reseau plv-cases plv-matrices plv-ligne-seule

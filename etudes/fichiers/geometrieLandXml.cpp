@@ -153,7 +153,27 @@ class geometrie {
   std::wstring m_element;
 };
 
+struct unite {
+  const wchar_t* nom;
+  double metres;
+};
+constexpr unite kUnites[] = {{L"meter", 1},
+                             {L"millimeter", 0.001},
+                             {L"centimeter", 0.01},
+                             {L"kilometer", 1000},
+                             {L"foot", 0.3048},
+                             {L"feet", 0.3048},
+                             {L"USSurveyFoot", 1200.0 / 3937.0},
+                             {L"inch", 0.0254},
+                             {L"mile", 1609.344}};
+
 }  // namespace
+
+std::optional<double> metresParUnite(std::string_view nom) {
+  for (const unite& u : kUnites)
+    if (plv::egalSansCasse(plv::depuisAnsi(nom), u.nom)) return u.metres;
+  return {};
+}
 
 std::string_view nomLocal(const xml_node& noeud) {
   const std::string_view nom = noeud.name();

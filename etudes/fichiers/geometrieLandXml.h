@@ -1,6 +1,7 @@
-// The plan geometry of a LandXML alignment as an axis: lines, arcs, clothoids. Inner header of the room.
+// The plan geometry of a LandXML alignment as an axis: lines, arcs, clothoids. And what readers of LandXML share.
 #pragma once
 #include <map>
+#include <optional>
 #include <pugixml.hpp>
 #include <string>
 #include <string_view>
@@ -15,6 +16,9 @@ struct echellesLandXml {
   double longueur = 1, altitude = 1;
 };
 using pointsNommes = std::map<std::string, point3>;
+
+// A unit of length by its name in any case of letters; none for another word.
+std::optional<double> metresParUnite(std::string_view nom);
 
 std::string_view nomLocal(const pugi::xml_node& noeud);
 std::vector<std::string> motsDe(std::string_view texte);

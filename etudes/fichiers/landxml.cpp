@@ -15,20 +15,6 @@ namespace {
 
 using pugi::xml_node;
 
-struct unite {
-  const wchar_t* nom;
-  double metres;
-};
-constexpr unite kUnites[] = {{L"meter", 1},
-                             {L"millimeter", 0.001},
-                             {L"centimeter", 0.01},
-                             {L"kilometer", 1000},
-                             {L"foot", 0.3048},
-                             {L"feet", 0.3048},
-                             {L"USSurveyFoot", 1200.0 / 3937.0},
-                             {L"inch", 0.0254},
-                             {L"mile", 1609.344}};
-
 template <class Action>
 void pourChaque(const xml_node& parent, std::string_view nom, const Action& action) {
   for (const xml_node& enfant : parent.children())
@@ -82,10 +68,9 @@ class lecture {
 
   void lireUnites(const xml_node& unites) {
     const auto metres = [&](const xml_node& n, const char* attribut) {
-      const std::wstring nom = plv::depuisAnsi(n.attribute(attribut).value());
-      for (const unite& u : kUnites)
-        if (plv::egalSansCasse(nom, u.nom)) return u.metres;
-      throw refus{m_chemin + L": unité de longueur inconnue: \"" + nom + L"\""};
+      if (const auto unite = metresParUnite(n.attribute(attribut).value())) return *unite;
+      throw refus{m_chemin + L": unité de longueur inconnue: \"" + plv::depuisAnsi(n.attribute(attribut).value()) +
+                  L"\""};
     };
     for (const xml_node& n : unites.children()) {
       if (n.attribute("linearUnit")) m_echelles.longueur = m_echelles.altitude = metres(n, "linearUnit");

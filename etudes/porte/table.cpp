@@ -111,6 +111,13 @@ constexpr ligneFonction kTable[] = {
      L"Ce qui est à dire d'un réseau, une liste de (pk phrase): pentes, couverture, contre-pentes, chutes, diamètres "
      L"qui "
      L"diminuent, espacement, vitesses, croisements. nil pour gravitaire: un réseau sous pression."},
+    {L"et_reseau_importer", et_reseau_importer, L"(et_reseau_importer chemin de à station diamètre)",
+     L"Les rangées d'un réseau d'un fichier .inp ou LandXML (PipeNetworks): (rangées remarques), du nœud de départ à celui "
+     L"d'arrivée, ou le plus long chemin pour deux textes vides; la station est celle du départ, le diamètre en texte celui des "
+     L"regards que le fichier ne dit pas. Une chaîne dit ce qui ne va pas."},
+    {L"et_reseau_ecrire", et_reseau_ecrire, L"(et_reseau_ecrire chemin format titre lieux profil rangées ligne)",
+     L"Écrit un réseau, le format étant \"inp\" ou \"xml\"; lieux est une liste d'une liste des (x y) de ses regards. Rend T. Une "
+     L"chaîne dit ce qui ne va pas."},
     {L"et_tranchees_sols", et_tranchees_sols, L"(et_tranchees_sols règles)",
      L"Les noms des sols que demandent des types de tranchées: celui d'où l'on creuse, puis ceux des couches plus "
      L"basses. "

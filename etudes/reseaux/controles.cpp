@@ -93,10 +93,10 @@ class controle {
   template <class Action>
   static void parMorceaux(const ligneDroites& ligne, const tuyauPose& pose, const Action& action) {
     std::vector<double> stations{pose.debut, pose.fin};
-    ligne.stations(stations);
+    ligne.stationsEntre(pose.debut, pose.fin, stations);
     std::ranges::sort(stations);
     const auto fin = std::unique(stations.begin(), stations.end());
-    for (auto a = std::ranges::lower_bound(stations.begin(), fin, pose.debut); a + 1 < fin && *a < pose.fin; ++a)
+    for (auto a = stations.begin(); a + 1 < fin; ++a)
       if (const auto z = ligne.sur(*a, a[1])) {
         action(*a, z->a - (pose.zDebut + pose.pente() * (*a - pose.debut)));
         action(a[1], z->b - (pose.zDebut + pose.pente() * (a[1] - pose.debut)));
@@ -156,20 +156,21 @@ class controle {
   }
 
   void duCroisement(const croisement& c) {
-    for (std::size_t i = 0; i < m_p.tuyaux.size(); ++i) {
-      const tuyauPose& pose = m_p.tuyaux[i];
-      if (c.station < pose.debut - kRien || c.station >= pose.fin - kRien) continue;
-      const diametres& d = m_p.r.tuyaux[i].diametre;
-      const double radier = pose.zDebut + pose.pente() * (c.station - pose.debut), bas = radier - d.paroi();
-      const double libre =
-          std::max(bas - (c.altitude + c.diametre / 2), c.altitude - c.diametre / 2 - (bas + d.exterieur));
-      if (libre < -kRien)
-        dire(c.station, L"croisement " + c.nom + L": il coupe le tuyau " + m_p.nomTuyau(i) + L", de " +
-                            enTexte(-libre, 3) + L" m");
-      else
-        tenir(c.station, L"croisement " + c.nom + L": distance au tuyau " + m_p.nomTuyau(i), libre, kLimiteCroisement,
-              L" m", 3);
-    }
+    const auto suivant = std::ranges::upper_bound(m_p.tuyaux, c.station + kRien, {}, &tuyauPose::debut);
+    if (suivant == m_p.tuyaux.begin()) return;
+    const auto i = static_cast<std::size_t>(suivant - m_p.tuyaux.begin()) - 1;
+    const tuyauPose& pose = m_p.tuyaux[i];
+    if (c.station >= pose.fin - kRien) return;
+    const diametres& d = m_p.r.tuyaux[i].diametre;
+    const double radier = pose.zDebut + pose.pente() * (c.station - pose.debut), bas = radier - d.paroi();
+    const double libre =
+        std::max(bas - (c.altitude + c.diametre / 2), c.altitude - c.diametre / 2 - (bas + d.exterieur));
+    if (libre < -kRien)
+      dire(c.station,
+           L"croisement " + c.nom + L": il coupe le tuyau " + m_p.nomTuyau(i) + L", de " + enTexte(-libre, 3) + L" m");
+    else
+      tenir(c.station, L"croisement " + c.nom + L": distance au tuyau " + m_p.nomTuyau(i), libre, kLimiteCroisement,
+            L" m", 3);
   }
 
   const reseauPose& m_p;

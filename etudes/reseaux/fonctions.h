@@ -6,5 +6,7 @@ namespace etu {
 void et_reseau_rangees();
 void et_reseau();
 void et_reseau_avis();
+void et_reseau_importer();
+void et_reseau_ecrire();
 
 }  // namespace etu

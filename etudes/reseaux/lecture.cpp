@@ -1,5 +1,6 @@
 // A network of its rows. Each kind of row has a function; pipes are placed when all manholes are known.
 #include <algorithm>
+#include <unordered_map>
 
 #include "etudes/fichiers/nombres.h"
 #include "etudes/reseaux/reseau.h"
@@ -75,7 +76,8 @@ class lecteur {
     n.depart = r.nombre(7, L"le départ");
     n.fond = r.nombre(8, L"le fond");
     n.profil = r.champ(9);
-    if (rangDe(n.nom) != m_reseau.regards.size()) r.refuser(L"le nom " + n.nom + L" est déjà celui d'un autre regard");
+    if (!m_rangs.try_emplace(plv::enMinuscules(n.nom)).second)
+      r.refuser(L"le nom " + n.nom + L" est déjà celui d'un autre regard");
     m_reseau.regards.push_back(std::move(n));
   }
 
@@ -123,15 +125,11 @@ class lecteur {
     m_reseau.limites[static_cast<std::size_t>(trouve - kLimites.begin())] = b;
   }
 
-  std::size_t rangDe(const std::wstring& nom) const {
-    const auto trouve =
-        std::ranges::find_if(m_reseau.regards, [&](const regard& n) { return plv::egalSansCasse(n.nom, nom); });
-    return static_cast<std::size_t>(trouve - m_reseau.regards.begin());
-  }
-
   void ranger() {
     std::ranges::stable_sort(m_reseau.regards, {}, &regard::station);
     std::ranges::stable_sort(m_reseau.croisements, {}, &croisement::station);
+    for (std::size_t i = 0; i < m_reseau.regards.size(); ++i) m_rangs[plv::enMinuscules(m_reseau.regards[i].nom)] = i;
+    m_poses.resize(m_reseau.regards.size());
     for (std::size_t i = 1; i < m_reseau.regards.size(); ++i)
       if (const regard& a = m_reseau.regards[i - 1], &b = m_reseau.regards[i]; b.station - a.station < 1e-6)
         throw refus{L"les regards " + a.nom + L" et " + b.nom + L" ont la même station " + enTexte(a.station, 3)};
@@ -142,27 +140,39 @@ class lecteur {
     const std::size_t a = regardVoulu(t.texte, 1), b = regardVoulu(t.texte, 2);
     if (a == b) t.texte.refuser(L"un tuyau va d'un regard à un autre");
     for (std::size_t i = std::min(a, b); i < std::max(a, b); ++i) {
-      if (std::ranges::any_of(m_reseau.tuyaux, [&](const tuyau& autre) { return autre.de == i; }))
+      if (m_poses[i])
         t.texte.refuser(L"il y a déjà un tuyau entre " + m_reseau.regards[i].nom + L" et " +
                         m_reseau.regards[i + 1].nom);
       m_reseau.tuyaux.push_back(t.modele);
       m_reseau.tuyaux.back().de = i;
+      m_poses[i] = true;
     }
   }
 
   std::size_t regardVoulu(const rangee& r, std::size_t i) const {
-    const std::size_t rang = rangDe(r.champ(i));
-    if (rang == m_reseau.regards.size()) r.refuser(L"il n'y a pas de regard " + r.champ(i));
-    return rang;
+    const auto trouve = m_rangs.find(plv::enMinuscules(r.champ(i)));
+    if (trouve == m_rangs.end()) r.refuser(L"il n'y a pas de regard " + r.champ(i));
+    return trouve->second;
   }
 
   reseau m_reseau;
   std::vector<tuyauEcrit> m_tuyaux;
+  std::unordered_map<std::wstring, std::size_t> m_rangs;  // of manholes by their names in small letters
+  std::vector<bool> m_poses;                              // whether there is a pipe from each manhole
 };
 
 }  // namespace
 
 reseau lireReseau(const rangees& textes) { return lecteur(textes).ceder(); }
+
+std::vector<std::size_t> tuyauxAu(const reseau& r, std::size_t regard) {
+  std::vector<std::size_t> rangs;
+  const std::size_t premier = regard == 0 ? 0 : regard - 1;
+  for (auto t = std::ranges::lower_bound(r.tuyaux, premier, {}, &tuyau::de); t != r.tuyaux.end() && t->de <= regard;
+       ++t)
+    rangs.push_back(static_cast<std::size_t>(t - r.tuyaux.begin()));
+  return rangs;
+}
 
 const wchar_t* nomLimite(limite l) { return kLimites[l].nom; }
 double uniteLimite(limite l) { return kLimites[l].unite; }

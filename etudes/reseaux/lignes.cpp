@@ -25,6 +25,14 @@ void ligneDroites::stations(std::vector<double>& toutes) const {
   }
 }
 
+void ligneDroites::stationsEntre(double a, double b, std::vector<double>& toutes) const {
+  auto s = std::ranges::upper_bound(m_segments, a, {}, &segment::x0);
+  if (s != m_segments.begin()) --s;
+  for (; s != m_segments.end() && s->x0 < b; ++s)
+    for (const double x : {s->x0, s->x1})
+      if (a < x && x < b) toutes.push_back(x);
+}
+
 std::optional<bouts> ligneDroites::sur(double a, double b) const {
   const double milieu = (a + b) / 2;
   const auto suivant = std::ranges::upper_bound(m_segments, milieu, {}, &segment::x0);
@@ -35,16 +43,19 @@ std::optional<bouts> ligneDroites::sur(double a, double b) const {
 }
 
 std::optional<double> ligneDroites::avant(double x) const {
-  std::optional<double> z;
-  for (const segment& s : m_segments)
-    if (s.x0 < x - kPres && x <= s.x1 + kPres) z = s.en(std::min(x, s.x1));
-  return z;
+  // The last segment that begins before it.
+  const auto suivant = std::ranges::lower_bound(m_segments, x - kPres, {}, &segment::x0);
+  if (suivant == m_segments.begin()) return {};
+  const segment& s = *(suivant - 1);
+  if (x > s.x1 + kPres) return {};
+  return s.en(std::min(x, s.x1));
 }
 
 std::optional<double> ligneDroites::apres(double x) const {
-  for (const segment& s : m_segments)
-    if (s.x0 - kPres <= x && x < s.x1 - kPres) return s.en(std::max(x, s.x0));
-  return {};
+  // The first segment that ends after it; segments don't overlap, so that their ends are in order too.
+  const auto s = std::ranges::upper_bound(m_segments, x + kPres, {}, &segment::x1);
+  if (s == m_segments.end() || s->x0 - kPres > x) return {};
+  return s->en(std::max(x, s->x0));
 }
 
 }  // namespace etu

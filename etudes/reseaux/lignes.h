@@ -23,8 +23,9 @@ class ligneDroites {
   bool vide() const { return m_segments.empty(); }
   double debut() const { return m_segments.front().x0; }
   double fin() const { return m_segments.back().x1; }
-  // Where it may change its slope or end.
+  // Where it may change its slope or end; of a stretch only what lies within it.
   void stations(std::vector<double>& toutes) const;
+  void stationsEntre(double a, double b, std::vector<double>& toutes) const;
   // The altitudes at both ends of a stretch within which it has one slope; none in a gap.
   std::optional<bouts> sur(double a, double b) const;
   // The altitude that it comes to a station with, and leaves it with; none where it isn't.

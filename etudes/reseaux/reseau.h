@@ -65,6 +65,9 @@ struct reseau {
   std::array<std::optional<bornes>, kNombreLimites> limites;
 };
 
+// The pipes that end at a manhole: those to its left and to its right, by their places.
+std::vector<std::size_t> tuyauxAu(const reseau& r, std::size_t regard);
+
 // Reads rows; throws `refus`. The names of limits and what they mean stand in lecture.cpp.
 reseau lireReseau(const rangees& textes);
 // The rows from which the same network is read, with a heading for each kind.

@@ -46,13 +46,20 @@ class liste {
  private:
   sommes totalDe(std::size_t troncon) const {
     sommes total;
-    for (const ligneTroncon& l : m_f.lignes()) {
-      if (l.troncon != troncon || !l.ouvrage) continue;
+    for (const ligneTroncon& l : m_f.lignes(troncon)) {
+      if (!l.ouvrage) continue;
       const sommes& s = m_f.lot().q.parOuvrage[*l.ouvrage];
       if (total.sols.empty()) total = s;
       else total.ajouter(s);
     }
     return total;
+  }
+
+  std::vector<ligneTroncon> toutes() const {
+    std::vector<ligneTroncon> lignes;
+    for (std::size_t k = 0; k < m_f.troncons.size(); ++k)
+      lignes.insert(lignes.end(), m_f.lignes(k).begin(), m_f.lignes(k).end());
+    return lignes;
   }
 
   void colonneSomme(const std::wstring& titre, const std::wstring& designation) {
@@ -79,7 +86,7 @@ class liste {
   template <class Valeur>
   void parDesignation(bool tuyaux, const wchar_t* unite, int colonne, const wchar_t* suite, const Valeur& valeur) {
     std::vector<article> articles;
-    for (const ligneTroncon& l : m_f.lignes()) {
+    for (const ligneTroncon& l : toutes()) {
       if (l.estTuyau != tuyaux || !compte(l)) continue;
       const std::wstring designation = designationDe(l);
       auto trouve = std::ranges::find(articles, designation + suite, &article::designation);
@@ -110,10 +117,9 @@ class liste {
                        plageFixe(kPremiereRangee, f->derniereLigne(k), C::kChute) + ">0.0005))";
               },
               std::vector<double>(m_f.troncons.size())};
-    for (const ligneTroncon& l : m_f.lignes()) {
-      const regardPose& p = m_f.lot().t.reseau.regards[l.estTuyau ? 0 : l.rang];
-      if (!l.estTuyau && p.arrivee && p.depart && std::abs(*p.arrivee - *p.depart) > 0.0005)
-        a.quantites[l.troncon] += 1;
+    for (const ligneTroncon& l : toutes()) {
+      const reseauPose& r = m_f.lot().t.reseau;
+      if (!l.estTuyau && aUneChute(r.r.regards[l.rang], r.regards[l.rang])) a.quantites[l.troncon] += 1;
     }
     m_articles.push_back(std::move(a));
   }

@@ -42,7 +42,7 @@ bouts partDe(const bouts& u, double a, double b, double x, double y) {
 class coupeur {
  public:
   coupeur(const reseauPose& reseau, const reglesTranchees& regles, const solsTranchees& sols)
-      : m_sols(sols), m_resultat{reseau, regles, {}, {}} {
+      : m_sols(sols), m_resultat{reseau, regles, {}, {}, {}} {
     m_sols.sol.stations(m_bases);
     for (const ligneDroites& c : m_sols.couches) c.stations(m_bases);
     for (const partie& p : regles.parties) m_bases.insert(m_bases.end(), {p.debut, p.fin});
@@ -57,6 +57,7 @@ class coupeur {
         fouillerRegard(reseau().r.tuyaux[i].de + 1);
       }
     }
+    m_resultat.debuts.push_back(m_resultat.pieces.size());
     return std::move(m_resultat);
   }
 
@@ -120,7 +121,10 @@ class coupeur {
     return type.parDiametre.empty() ? 0 : d.exterieur + *supplement;
   }
 
-  void commencer(const ouvrage& o) { m_resultat.ouvrages.push_back(o); }
+  void commencer(const ouvrage& o) {
+    m_resultat.ouvrages.push_back(o);
+    m_resultat.debuts.push_back(m_resultat.pieces.size());
+  }
 
   std::wstring nom() const {
     const ouvrage& o = m_resultat.ouvrages.back();

@@ -20,8 +20,9 @@ bool aUneFosse(const regard& n);
 struct tranchees {
   const reseauPose& reseau;
   const reglesTranchees& regles;
-  std::vector<ouvrage> ouvrages;  // left to right
-  std::vector<piece> pieces;      // by their works, left to right
+  std::vector<ouvrage> ouvrages;    // left to right
+  std::vector<piece> pieces;        // by their works, left to right
+  std::vector<std::size_t> debuts;  // of the pieces of each work, and the end of the last one
 };
 
 // Throws `refus` for what can't be dug, with the name and the station: pipes wider than their trench or above the ground, manholes whose

@@ -87,13 +87,7 @@ class ecrivain {
     formule(C::kDebord, m_f.cellules.types[rang].debord, m_t.regles.types[rang].regard.debord);
     formule(C::kLongueur, ici(C::kExterieur) + "+2*" + ici(C::kDebord),
             n.diametre.exterieur + 2 * m_t.regles.types[rang].regard.debord);
-    if (const auto ouvrage = ouvrageDe(i)) fosse(p, *ouvrage);
-  }
-
-  std::optional<std::size_t> ouvrageDe(std::size_t i) const {
-    const auto trouve =
-        std::ranges::find_if(m_f.lignes(), [&](const ligneTroncon& l) { return !l.estTuyau && l.rang == i; });
-    return trouve->ouvrage;
+    if (const auto ouvrage = m_f.ligneRegard(i).ouvrage) fosse(p, *ouvrage);
   }
 
   void fosse(const regardPose& p, std::size_t ouvrage) {
@@ -125,9 +119,7 @@ class ecrivain {
 
   void tuyaux(const etu::ouvrage& o) {
     std::string somme;
-    for (std::size_t i = 0; i < m_t.reseau.tuyaux.size(); ++i) {
-      const std::size_t de = m_t.reseau.r.tuyaux[i].de;
-      if (de != m_i && de + 1 != m_i) continue;
+    for (const std::size_t i : tuyauxAu(m_t.reseau.r, m_i)) {
       const ligneTroncon& l = m_f.ligneTuyau(i);
       const feuille& s = m_f.troncons[l.troncon];
       somme += (somme.empty() ? "" : "+") + ("PI()*" + s.ailleurs(l.rangee, colonnesTroncon::kExterieur)) + "^2/4*" +

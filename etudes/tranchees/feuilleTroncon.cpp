@@ -23,8 +23,7 @@ class ecrivain {
 
   void ecrire() {
     entetes();
-    for (const ligneTroncon& l : m_f.lignes())
-      if (l.troncon == m_troncon) rangee(l);
+    for (const ligneTroncon& l : m_f.lignes(m_troncon)) rangee(l);
     totaux();
   }
 
@@ -113,7 +112,10 @@ class ecrivain {
     formule(C::kDebut, ailleurs(colonnesRegards::kStation), p.station);
     formule(C::kFin, ailleurs(colonnesRegards::kStation), p.station);
     formule(C::kProfRegard, ailleurs(colonnesRegards::kProfondeur), p.tampon - p.fond);
-    formule(C::kChute, ailleurs(colonnesRegards::kChute), p.arrivee && p.depart ? std::abs(*p.arrivee - *p.depart) : 0);
+    const etu::regard& n = m_t.reseau.r.regards[l.rang];
+    if (aUneFosse(n))
+      formule(C::kChute, ailleurs(colonnesRegards::kChute),
+              p.arrivee && p.depart ? std::abs(*p.arrivee - *p.depart) : 0);
   }
 
   std::string pieces(int premiere, int derniere, int colonne) const {
@@ -225,8 +227,8 @@ class ecrivain {
     m_r = derniere + 1;
     m_s.texte(m_r, C::kOuvrage, L"total", m_s.styles().gras);
     sommes total;
-    for (const ligneTroncon& l : m_f.lignes())
-      if (l.troncon == m_troncon && l.ouvrage) {
+    for (const ligneTroncon& l : m_f.lignes(m_troncon))
+      if (l.ouvrage) {
         const sommes& s = m_f.lot().q.parOuvrage[*l.ouvrage];
         if (total.sols.empty()) total = s;
         else total.ajouter(s);

@@ -1,6 +1,8 @@
 // Rows are numbered before anything is written, since sheets refer to each other in both directions.
 #include "etudes/tranchees/lot.h"
 
+#include <cmath>
+
 namespace etu {
 
 lotFeuilles::lotFeuilles(lxw_workbook* classeur, const lotMesure& lot, const formats& f, const std::wstring& suffixe)
@@ -9,6 +11,7 @@ lotFeuilles::lotFeuilles(lxw_workbook* classeur, const lotMesure& lot, const for
   recapitulation.emplace(classeur, L"Tronçons" + suffixe, f);
   synthese.emplace(classeur, L"Synthèse" + suffixe, f);
   m_parTuyau.resize(reseau.tuyaux.size());
+  m_parRegard.resize(reseau.regards.size());
   std::size_t ouvrage = 0;
   for (std::size_t k = 0; k < reseau.troncons.size(); ++k) {
     const troncon& t = reseau.troncons[k];
@@ -16,18 +19,20 @@ lotFeuilles::lotFeuilles(lxw_workbook* classeur, const lotMesure& lot, const for
                        &dernier = reseau.r.regards[reseau.r.tuyaux[t.apres - 1].de + 1].nom;
     troncons.emplace_back(classeur, lot.nom + L" " + premier + L"-" + dernier, f);
     int rangee = kPremiereRangee;
+    m_debuts.push_back(m_lignes.size());
     const auto poser = [&](bool estTuyau, std::size_t rang) {
       const bool creuse = estTuyau || aUneFosse(reseau.r.regards[rang]);
+      (estTuyau ? m_parTuyau : m_parRegard)[rang] = m_lignes.size();
       m_lignes.push_back({estTuyau, rang, creuse ? std::optional(ouvrage++) : std::nullopt, k, rangee++});
     };
     poser(false, reseau.r.tuyaux[t.premier].de);
     for (std::size_t i = t.premier; i < t.apres; ++i) {
-      m_parTuyau[i] = m_lignes.size();
       poser(true, i);
       poser(false, reseau.r.tuyaux[i].de + 1);
     }
     m_dernieres.push_back(rangee - 1);
   }
+  m_debuts.push_back(m_lignes.size());
   regards.emplace(classeur, L"Regards" + suffixe, f);
   decoupe.emplace(classeur, L"Découpe" + suffixe, f);
   parametres.emplace(classeur, L"Paramètres" + suffixe, f);
@@ -40,8 +45,13 @@ lotFeuilles::lotFeuilles(lxw_workbook* classeur, const lotMesure& lot, const for
 }
 
 std::wstring designationRegard(const regard& n) {
-  if (!(n.diametre.exterieur > 0)) return n.type.empty() ? L"nœud" : n.type;
-  return L"regard" + (n.type.empty() ? L"" : L" " + n.type) + L" Ø" + enTexte(n.diametre);
+  const std::wstring ailleurs = n.profil.empty() ? L"" : L" (profil " + n.profil + L")";
+  if (!(n.diametre.exterieur > 0)) return (n.type.empty() ? L"nœud" : n.type) + ailleurs;
+  return L"regard" + (n.type.empty() ? L"" : L" " + n.type) + L" Ø" + enTexte(n.diametre) + ailleurs;
+}
+
+bool aUneChute(const regard& n, const regardPose& p) {
+  return aUneFosse(n) && p.arrivee && p.depart && std::abs(*p.arrivee - *p.depart) > 0.0005;
 }
 
 std::wstring designationTuyau(const tuyau& t) {

@@ -2,6 +2,7 @@
 #pragma once
 #include <deque>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "etudes/reseaux/controles.h"
@@ -35,7 +36,11 @@ class lotFeuilles {
   lotFeuilles(lxw_workbook* classeur, const lotMesure& lot, const formats& f, const std::wstring& suffixe);
 
   const lotMesure& lot() const { return m_lot; }
-  const std::vector<ligneTroncon>& lignes() const { return m_lignes; }
+  // The rows of a run's sheet.
+  std::span<const ligneTroncon> lignes(std::size_t troncon) const {
+    return std::span(m_lignes).subspan(m_debuts[troncon], m_debuts[troncon + 1] - m_debuts[troncon]);
+  }
+  const ligneTroncon& ligneRegard(std::size_t i) const { return m_lignes[m_parRegard[i]]; }
   const ligneTroncon& ligneTuyau(std::size_t i) const { return m_lignes[m_parTuyau[i]]; }
   // Rows of the last figures.
   int derniereLigne(std::size_t troncon) const { return m_dernieres[troncon]; }
@@ -51,13 +56,16 @@ class lotFeuilles {
  private:
   const lotMesure& m_lot;
   std::vector<ligneTroncon> m_lignes;
-  std::vector<std::size_t> m_parTuyau;
+  std::vector<std::size_t> m_parTuyau, m_parRegard, m_debuts;
   std::vector<int> m_dernieres;
   std::vector<std::pair<int, int>> m_pieces;
 };
 
-// What a manhole or a pipe is called in the bill: "regard visite Ø1000/1240", "ventouse", "tuyau Ø300/376 béton 135A".
+// What a manhole or a pipe is called in the bill: "regard visite Ø1000/1240", "ventouse", "regard Ø800 (profil 2)" for one that is
+// counted there, "tuyau Ø300/376 béton 135A".
 std::wstring designationRegard(const regard& n);
+// Whether it is counted as a manhole with a drop.
+bool aUneChute(const regard& n, const regardPose& p);
 std::wstring designationTuyau(const tuyau& t);
 
 // Columns of the sheet of pieces that the other sheets refer to.

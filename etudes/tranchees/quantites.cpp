@@ -229,7 +229,9 @@ double corpsRegard::entre(double dessous, double dessus) const {
 
 const piece& pieceDeLAxe(const tranchees& t, std::size_t ouvrage) {
   const double station = t.reseau.regards[t.ouvrages[ouvrage].rang].station;
-  return *std::ranges::find_if(t.pieces, [&](const piece& p) { return p.ouvrage == ouvrage && station <= p.b; });
+  std::size_t i = t.debuts[ouvrage];
+  while (i + 1 < t.debuts[ouvrage + 1] && t.pieces[i].b < station) ++i;
+  return t.pieces[i];
 }
 
 double surLAxe(const tranchees& t, const piece& p, const bouts& niveau) {
@@ -246,14 +248,10 @@ corpsRegard corpsDe(const tranchees& t, const ouvrage& o, const piece& p) {
 
 double tuyauxDansLaFosse(const tranchees& t, const ouvrage& o) {
   double volume = 0;
-  for (std::size_t i = 0; i < t.reseau.tuyaux.size(); ++i) {
-    const tuyau& modele = t.reseau.r.tuyaux[i];
-    const tuyauPose& pose = t.reseau.tuyaux[i];
-    const double exterieur = t.reseau.r.regards[o.rang].diametre.exterieur;
-    const double debord = (o.fin - o.debut - exterieur) / 2;
-    if (modele.de == o.rang || modele.de + 1 == o.rang)
-      volume += disque(modele.diametre.exterieur) * debord * (pose.enPente() / pose.longueur());
-  }
+  const double debord = (o.fin - o.debut - t.reseau.r.regards[o.rang].diametre.exterieur) / 2;
+  for (const std::size_t i : tuyauxAu(t.reseau.r, o.rang))
+    volume += disque(t.reseau.r.tuyaux[i].diametre.exterieur) * debord *
+              (t.reseau.tuyaux[i].enPente() / t.reseau.tuyaux[i].longueur());
   return volume;
 }
 

@@ -50,6 +50,13 @@
         miens (vl-remove-if '(lambda (g) (member g (plv-appartenance:d-autrui groupes autres))) groupes))
   (if (< (length miens) (length groupes)) (plv-ecrire-enregistrement profil cle miens)))
 
+(defun plv-entites-propres (profil cle / siennes)
+  "The entities that a record of the profile names and no older profile's does."
+  (if (setq siennes (plv-entites-enregistrees profil cle))
+    (progn
+      (setq cle (apply 'append (mapcar '(lambda (aine) (plv-entites-enregistrees aine cle)) (plv-aines profil))))
+      (vl-remove-if '(lambda (e) (member e cle)) siennes))))
+
 (defun plv-lacher-autrui (profil / aines)
   "Takes out of the profile's records what belongs to another profile."
   (if (setq aines (plv-aines profil))

@@ -6,7 +6,7 @@
 
 (defun plv-reseau:cle-traces (genre) (strcat "PLV_TRACES_RESEAU_" (strcase (plv-genre genre))))
 
-(defun plv-traces-reseau (profil genre) (plv-entites-enregistrees profil (plv-reseau:cle-traces genre)))
+(defun plv-traces-reseau (profil genre) (plv-entites-propres profil (plv-reseau:cle-traces genre)))
 
 ;; --- a pen holds what drawing takes: (frame sections origin text-height)
 
@@ -34,11 +34,10 @@
 (defun plv-dessin-reseau:bout (tuyau station)
   (list station (plv-interpoler (list (plv-tuyau-depart tuyau) (plv-tuyau-arrivee tuyau)) station)))
 
-(defun plv-dessin-reseau:rayon (reseau nom) (* 0.5 (plv-noeud-interieur (plv-noeud-nomme reseau nom))))
-
-(defun plv-dessin-reseau:tuyau (plume reseau tuyau / a b)
-  (setq a (plv-dessin-reseau:bout tuyau (+ (plv-tuyau-debut tuyau) (plv-dessin-reseau:rayon reseau (plv-tuyau-de tuyau))))
-        b (plv-dessin-reseau:bout tuyau (- (plv-tuyau-fin tuyau) (plv-dessin-reseau:rayon reseau (plv-tuyau-a tuyau)))))
+(defun plv-dessin-reseau:tuyau (plume tuyau amont aval / a b)
+  "A pipe from the wall of its manhole to the left to that of the one to the right."
+  (setq a (plv-dessin-reseau:bout tuyau (+ (plv-tuyau-debut tuyau) (* 0.5 (plv-noeud-interieur amont))))
+        b (plv-dessin-reseau:bout tuyau (- (plv-tuyau-fin tuyau) (* 0.5 (plv-noeud-interieur aval)))))
   (foreach h (plv-dessin-reseau:hauteurs plume tuyau)
     (plv-dessin-reseau:trait plume plv-dessin-reseau:tuyaux (mapcar '(lambda (p) (list (car p) (+ (cadr p) h))) (list a b))))
   (plv-dessin-reseau:legende plume tuyau a b))
@@ -121,20 +120,27 @@
 
 ;; --- all of it
 
+(defun plv-dessin-reseau:les-tuyaux (plume tuyaux regards)
+  "Pipes and manholes stand in one order: each list is walked along once."
+  (foreach tuyau tuyaux
+    (while (/= (plv-noeud-nom (car regards)) (plv-tuyau-de tuyau)) (setq regards (cdr regards)))
+    (plv-dessin-reseau:tuyau plume tuyau (car regards) (cadr regards))))
+
 (defun plv-dessin-reseau:tout (plume reseau)
-  (foreach tuyau (plv-reseau-tuyaux reseau) (plv-dessin-reseau:tuyau plume reseau tuyau))
+  (plv-dessin-reseau:les-tuyaux plume (plv-reseau-tuyaux reseau) (plv-reseau-regards reseau))
   (foreach noeud (plv-reseau-regards reseau) (plv-dessin-reseau:regard plume noeud))
   (foreach croisement (plv-reseau-croisements reseau) (plv-dessin-reseau:croisement plume croisement)))
 
 (defun plv-dessiner-reseau (profil genre / reseau plume)
   "Draws the network of a kind of line in place of what was drawn of it; T, or nil after a message."
   (setq genre (plv-genre genre) reseau (plv-reseau-lu profil genre))
-  (if (eq (type reseau) 'STR)
-    (plv-erreur reseau)
-    (progn
-      (plv-creer-calques)
-      (plv-effacer (plv-traces-reseau profil genre))
-      (setq plume (plv-dessin-reseau:plume profil))
-      (plv-enregistrer-entites profil (plv-reseau:cle-traces genre) (plv-ajouts-de '(lambda () (plv-dessin-reseau:tout plume reseau))))
-      (plv-noter-fait profil "RESEAU" genre nil nil)
-      T)))
+  (cond
+    ((not (plv-profil-sain profil)) nil)
+    ((eq (type reseau) 'STR) (plv-erreur reseau))
+    (T
+     (plv-creer-calques)
+     (plv-effacer (plv-traces-reseau profil genre))
+     (setq plume (plv-dessin-reseau:plume profil))
+     (plv-enregistrer-entites profil (plv-reseau:cle-traces genre) (plv-ajouts-de '(lambda () (plv-dessin-reseau:tout plume reseau))))
+     (plv-noter-fait profil "RESEAU" genre nil nil)
+     T)))

@@ -1,6 +1,6 @@
 ;; The command PLV-RESEAU: a network of a line, from a file or by questions; what is asked changes the rows, and the network is drawn anew.
 
-(setq plv-reseau-questions:mots '("Ligne" "FIchier" "Regard" "Tuyau" "CRoisement" "LImite" "Oter" "COntrôler" "Exporter" "Supprimer" "FIN"))
+(setq plv-reseau-questions:mots '("Ligne" "FIchier" "Regard" "Tuyau" "CRoisement" "Plan" "LImite" "Oter" "COntrôler" "Exporter" "Supprimer" "FIN"))
 
 (defun plv-reseau-questions:de-ligne (profil genre / prefixe nature regard diametre materiau classe espacement)
   "Rows for a network along the line; nil after a message."
@@ -20,7 +20,8 @@
   "The rows after an answer; nil where nothing changes."
   (cond
     ((= mot "Ligne") (plv-reseau-questions:de-ligne profil genre))
-    ((= mot "FIchier") (plv-reseau-lire-fichier (plv-demander-texte "Fichier du réseau" nil)))
+    ((= mot "FIchier") (plv-reseau-demander-fichier profil))
+    ((= mot "Plan") (plv-dire "Lignes du plan:") (plv-reseau-croisements-du-plan profil genre rangees (ssget)))
     ((= mot "Oter")
      (plv-saisie-reseau:oter rangees (strcase (plv-demander-mot "Ôter un" '("Regard" "Tuyau" "Croisement" "Limite") "Regard") T)))
     (T (plv-saisie-reseau:demander rangees (strcase mot T)))))
@@ -31,12 +32,7 @@
     ((= mot "COntrôler") (plv-reseau-controler profil genre))
     ((= mot "Supprimer") (plv-reseau-oter profil genre))
     ((= mot "Exporter") (plv-reseau-exporter profil genre (plv-demander-texte "Fichier à écrire" nil)))
-    ((setq rangees (plv-reseau-questions:changer profil genre rangees mot)) (plv-reseau-questions:ecrire profil genre rangees))))
-
-(defun plv-reseau-questions:ecrire (profil genre rangees / reseau)
-  (if (setq reseau (plv-reseau-ecrire profil genre rangees))
-    (plv-dire (strcat "Réseau " genre ": " (plv-compte (length (plv-reseau-regards reseau)) "regard") ", "
-                      (itoa (length (plv-reseau-tuyaux reseau))) (if (cdr (plv-reseau-tuyaux reseau)) " tuyaux." " tuyau.")))))
+    ((setq rangees (plv-reseau-questions:changer profil genre rangees mot)) (plv-reseau-ecrire-et-dire profil genre rangees))))
 
 (defun c:plv-reseau (/ profil genre mot)
   "Pose tuyaux et regards sur une ligne du profil, depuis la ligne, un fichier ou par questions, et les contrôle."

@@ -93,6 +93,13 @@
      (plv-dessiner-reseau profil genre)
      lu)))
 
+(defun plv-reseau-en-mots (genre reseau)
+  (strcat "Réseau " genre ": " (plv-compte (length (plv-reseau-regards reseau)) "regard") ", "
+          (itoa (length (plv-reseau-tuyaux reseau))) (if (cdr (plv-reseau-tuyaux reseau)) " tuyaux." " tuyau.")))
+
+(defun plv-reseau-ecrire-et-dire (profil genre rangees / reseau)
+  (if (setq reseau (plv-reseau-ecrire profil genre rangees)) (progn (plv-dire (plv-reseau-en-mots genre reseau)) T)))
+
 (defun plv-reseau-oter (profil genre)
   "Takes the network of a kind of line away, with what is drawn of it."
   (plv-effacer (plv-traces-reseau profil genre))
@@ -103,9 +110,11 @@
 
 (defun plv-gravitaire-p (genre) (/= (plv-genre genre) "AEp"))
 
+(defun plv-reseau:avis-de (profil genre rangees) (et_reseau_avis profil rangees (plv-reseau-ligne profil genre) (plv-gravitaire-p genre)))
+
 (defun plv-reseau-avis (profil genre)
   "Warnings (station text), left to right."
-  (et_reseau_avis profil (plv-reseau-rangees profil genre) (plv-reseau-ligne profil genre) (plv-gravitaire-p genre)))
+  (plv-reseau:avis-de profil genre (plv-reseau-rangees profil genre)))
 
 (defun plv-reseau-controler (profil genre / avis)
   "Prints the warnings; gives their number, or nil after a message."

@@ -1,7 +1,7 @@
 ;; Typical cross sections beside the profile, to one scale in both directions: one for each pipe and depth class, where the longest piece has
 ;; its middle; of pits none. A metre is as long as a metre of altitude in the profile.
 
-(defun plv-traces-coupes (profil genre) (plv-entites-enregistrees profil (plv-tranchees-dessin:cle "COUPES" genre)))
+(defun plv-traces-coupes (profil genre) (plv-entites-propres profil (plv-tranchees-dessin:cle "COUPES" genre)))
 
 (defun plv-coupes:longueur (morceau) (- (plv-bout-station (plv-morceau-fin morceau)) (plv-bout-station (plv-morceau-debut morceau))))
 
@@ -80,7 +80,7 @@
 (defun plv-couper-tranchees (profil genre point / morceaux reseau)
   "Draws the typical cross sections of a network from a point to the right; T, or nil after a message."
   (setq genre (plv-genre genre))
-  (if (setq morceaux (plv-tranchees-dessin:morceaux profil genre))
+  (if (and (plv-profil-sain profil) (setq morceaux (plv-tranchees-dessin:morceaux profil genre)))
     (progn
       (setq reseau (plv-reseau-lu profil genre))
       (plv-effacer (plv-traces-coupes profil genre))

@@ -13,7 +13,7 @@
 
 (defun plv-tranchees-dessin:cle (quoi genre) (strcat "PLV_TRACES_" quoi "_" (strcase (plv-genre genre))))
 
-(defun plv-traces-tranchees (profil genre) (plv-entites-enregistrees profil (plv-tranchees-dessin:cle "TRANCHEES" genre)))
+(defun plv-traces-tranchees (profil genre) (plv-entites-propres profil (plv-tranchees-dessin:cle "TRANCHEES" genre)))
 
 ;; --- pieces as et_tranchees_coupes gives them: (work pit class width lean upright end end), an end (station ground below-the-surface
 ;; top-of-the-surround top-of-the-bedding bottom)
@@ -114,7 +114,7 @@
 (defun plv-hachurer-tranchees (profil genre tout / morceaux)
   "Hatches the trenches of a network by depth class, with surface, surround and bedding apart on demand; T, or nil after a message."
   (setq genre (plv-genre genre))
-  (if (setq morceaux (plv-tranchees-dessin:morceaux profil genre))
+  (if (and (plv-profil-sain profil) (setq morceaux (plv-tranchees-dessin:morceaux profil genre)))
     (progn
       (plv-effacer (plv-traces-tranchees profil genre))
       (plv-enregistrer-entites profil (plv-tranchees-dessin:cle "TRANCHEES" genre)

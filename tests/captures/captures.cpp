@@ -51,6 +51,11 @@ void pictures(MainWindow& window, Driver& driver, const QString& folder) {
   });
   driver.shot(name(folder, "bureau-matrices")).then(closeForm);
   driver.menu("Ligne optimale...").shot(name(folder, "bureau-ligne-optimale")).then(closeForm);
+  driver.menu("Réseau d'une ligne...").then([] {
+    form<CommandForm>().field("Remplir depuis")->set("La ligne");
+    form<CommandForm>().look();
+  });
+  driver.shot(name(folder, "bureau-reseau")).then(closeForm);
   driver.menu("Tracer...").then([] {
     form<PlotForm>().scale->setText("1:1000");
     form<PlotForm>().paper->setCurrentIndex(3);

@@ -132,6 +132,7 @@ class Case:
             p.bed = rng.choice([None, None, decimal(rng, 0.05, 0.3)])
             self.pipes.append(p)
         for i, m in enumerate(self.manholes):
+            m.foreign = m is self.manholes[-1] and rng.random() < 0.4
             inverts = [p.z0 if a is m else p.z1 for p, a, _ in self.pipes_at(i)]
             m.sump = rng.choice([F(0), F(0), decimal(rng, 0, 0.5)])
             m.bottom = min(inverts) - m.sump
@@ -159,7 +160,7 @@ class Case:
             diameter = f"{text(m.inner * 1000)}/{text(m.outer * 1000)}" if m.outer else ""
             come = text(self.pipes[i - 1].z1) if i else ""
             go = text(self.pipes[i].z0) if i < len(self.pipes) else ""
-            rows.append(f"regard;{m.name};{text(m.station)};visite;{diameter};{text(m.cover) if m.cover_given else ''};{come};{go};{text(m.bottom)}")
+            rows.append(f"regard;{m.name};{text(m.station)};visite;{diameter};{text(m.cover) if m.cover_given else ''};{come};{go};{text(m.bottom)}{';P9' if m.foreign else ''}")
         for p, m, n in zip(self.pipes, self.manholes, self.manholes[1:]):
             rows.append(f"tuyau;{m.name};{n.name};{text(p.inner * 1000)}/{text(p.outer * 1000)};fonte;C;{text(p.bed) if p.bed is not None else ''}")
         return rows

@@ -63,7 +63,7 @@ class Trenches:
     def works(self):
         """(name, sums) of all that is dug, left to right."""
         for i, m in enumerate(self.case.manholes):
-            if m.outer:
+            if m.outer and not m.foreign:
                 yield f"regard {m.name}", self.pit(i)
             if i < len(self.case.pipes):
                 p, n = self.case.pipes[i], self.case.manholes[i + 1]

@@ -119,6 +119,33 @@
 ((cadr (assoc "numero" (fautes "PLV-TERRAIN" (append sur '("numero" "12"))))) "le dessin a déjà un profil de ce numéro")
 ((cadr (assoc "insertion" (fautes "PLV-TERRAIN" (append sur '("insertion" "là"))))) "deux nombres x,y sont attendus")
 
+;; A network as tables: filled along the line or from a file, told of as it would be, drawn as it stands there.
+(situation "ANetworkIsTyped")
+(fichier "r.csv" "regard;A;100;visite;1000\nregard;B;150;visite;1000\ntuyau;A;B;300/400;béton\n")
+(preparer
+  (setq tables '("genre" "Projet" "regards" (("A" "100" "visite" "1000" "" "" "" "" "") ("B" "0+150" "" "" "" "" "" "" "")) "tuyaux" (("A" "B" "300/400" "béton" "" "" ""))))
+  (defun remplir (changees cle / regard)
+    (setq regard (plv-fiche-regarder "PLV-RESEAU" (cons (cons "*" cle) (reponses "PLV-RESEAU" changees))))
+    (mapcar 'length (mapcar 'cadr (nth 5 regard)))))
+((fautes "PLV-RESEAU" '("genre" "Projet")) (("regards" "deux regards au moins sont attendus")))
+((remplir '("genre" "Projet" "source" "La ligne") "source") (2 1 0 0))
+((remplir '("genre" "Projet" "source" "Un fichier" "fichier" "<dossier>r.csv") "fichier") (2 1 0 0))
+((fautes "PLV-RESEAU" tables) nil)
+((car (caddr (plv-fiche-regarder "PLV-RESEAU" (reponses "PLV-RESEAU" tables)))) "Réseau Projet: 2 regards, 1 tuyau.")
+((fautes "PLV-RESEAU" (append '("limites" (("pente" "5" "1"))) tables))
+ (("limites" "rangée 4, \"limite;pente;5;1\": la moindre valeur dépasse la plus grande")))
+(passe (faire "PLV-RESEAU" tables))
+((mapcar 'plv-noeud-nom (plv-reseau-regards (plv-reseau-lu p "Projet"))) ("A" "B"))
+;; opened again it shows what is drawn; another kind has nothing
+((mapcar 'caddr (plv-cle "tuyaux" (reponses "PLV-RESEAU" nil))) ("300/400"))
+((remplir '("genre" "Voirie") "genre") (0 0 0 0))
+;; trenches by a file of types; nothing without
+((fautes "PLV-TRANCHEES" nil) (("types" "un fichier de types est attendu, le dessin n'en a pas")))
+(fichier "t.txt" "type;A\nlargeur;;0.5\nremblai;x\nregard;0.5\n")
+((substr (car (caddr (plv-fiche-regarder "PLV-TRANCHEES" (reponses "PLV-TRANCHEES" '("types" "<dossier>t.txt"))))) 1 9) "Fouille: ")
+(passe (faire "PLV-TRANCHEES" '("types" "<dossier>t.txt" "classeur" "<dossier>f.xlsx")))
+((list (if (findfile "<dossier>f.xlsx") T) (if (plv-traces-tranchees p "Projet") T)) (T T))
+
 (situation "AProjectLineIsATableOfVertices")
 (preparer (setq table '(("100" "49,00" "" "") ("125" "46.50" "200" "C") ("150" "45.5" "" ""))))
 ((fautes "PLV-PROJET" (list "sommets" table)) nil)

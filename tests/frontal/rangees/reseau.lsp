@@ -159,3 +159,86 @@
 (dit (plv-etat (list p)) "Rangée Tuyau: à mettre à jour" "Rangée Couverture: à mettre à jour")
 ((plv-actualiser (list p)) T)
 ((mots 5) ("Ø400/500 béton 135A" "Ø300/400 PVC"))
+
+;; What is written for other programs comes back: all of it from LandXML, from .inp all but walls, materials and classes.
+(situation "ToOtherProgramsAndBack")
+(tableau (fichier) ("s.xml") ("s.inp"))
+(preparer
+  (setq avant (reseau) chemin (strcat "<dossier>" fichier))
+  (defun poses (r)
+    (append
+      (mapcar '(lambda (n) (list (plv-noeud-nom n) (plv-reel (plv-noeud-station n) 4) (plv-reel (plv-noeud-fond n) 4) (plv-reel (plv-noeud-arrivee-ou n) 4))) (plv-reseau-regards r))
+      (mapcar '(lambda (tu) (list (plv-reel (cadr (plv-tuyau-depart tu)) 4) (plv-reel (cadr (plv-tuyau-arrivee tu)) 4) (plv-reel (plv-tuyau-interieur tu) 4))) (plv-reseau-tuyaux r))))
+  (defun plv-noeud-arrivee-ou (n) (cond ((plv-noeud-arrivee n)) ((plv-noeud-depart n)))))
+((plv-reseau-exporter p "Assainissement" chemin) T)
+(preparer (setq rangees (plv-reseau-importer chemin "" "" 1000.0 "1000/1200") apres (plv-reseau-ecrire p "Assainissement" rangees)))
+((equal (poses avant) (poses apres)) T)
+((mapcar 'plv-noeud-tampon (plv-reseau-regards apres)) (50.0 49.5 48.0))
+
+;; In feet and with levels; a branch is left out by name; from the node that is named.
+(situation "AModelOfAnotherProgram")
+(fichier "m.inp" "[OPTIONS]\nFLOW_UNITS CFS\nLINK_OFFSETS ELEVATION\n[JUNCTIONS]\n;; name elev depth\nJ1 157.48 6.56 0 0 0\nJ2 155 8\n\"J 3\" 156 5\n[OUTFALLS]\nO1 150 FREE NO\n[CONDUITS]\nC1 J1 J2 100 0.0125 157.48 155.5\nC2 J2 O1 200 0.013 * *\nC3 \"J 3\" J2 50 0.013\n[XSECTIONS]\nC1 CIRCULAR 1 0 0 0 1\nC2 CIRCULAR 1.5 0 0 0\nC3 CIRCULAR 1\nW1 RECT_OPEN 1 2\n")
+(dit (setq r (plv-reseau-importer "<dossier>m.inp" "" "" 1000.0 "800")) "pas sur le chemin de J1 à O1: J 3")
+((mapcar '(lambda (l) (car (plv-couper l ";"))) r) ("regard" "tuyau" "regard" "tuyau" "regard"))
+((equal (mapcar 'atof (plv-sans-premiers (plv-couper (car r) ";") 5)) '(49.999392 0.0 47.999904 47.999904) 1e-6) T)
+;; sqrt(100^2 - 1.98^2) = 99.9804 feet; 1/0.0125 = 80
+((plv-couper (cadr r) ";") ("tuyau" "J1" "J2" "304.8" "" "" "" "80"))
+((equal (atof (caddr (plv-couper (caddr r) ";"))) (+ 1000.0 (* 0.3048 99.980396)) 1e-5) T)
+((equal (mapcar 'atof (plv-sans-premiers (plv-couper (caddr r) ";") 6)) '(47.3964 47.244 47.244) 1e-6) T)
+((length (plv-reseau-importer "<dossier>m.inp" "j 3" "O1" 0.0 "")) 5)
+
+(situation "WrongModels")
+(tableau (phrase texte)
+  ("ligne 4, [CONDUITS] C1: il n'y a pas de nœud J9" "[JUNCTIONS]\nJ1 10 2\n[CONDUITS]\nC1 J1 J9 100 0.01\n")
+  ("ligne 2, [JUNCTIONS] J1: l'altitude du radier: un nombre est attendu, et non \"x\"" "[JUNCTIONS]\nJ1 x 2\n")
+  ("ligne 3, [JUNCTIONS] j1: il y a déjà un nœud de ce nom" "[JUNCTIONS]\nJ1 1\nj1 2\n")
+  ("ligne 5, [CONDUITS] C1: sa longueur 1 m ne dépasse pas sa dénivelée 2 m" "[OPTIONS]\nFLOW_UNITS CMS\n[CONDUITS]\n;\nC1 J1 J2 1 0.01\n[JUNCTIONS]\nJ1 3\nJ2 1\n")
+  ("[XSECTIONS] C1: seules les sections circulaires se prennent, et non EGG" "[JUNCTIONS]\nJ1 1\nJ2 1\n[CONDUITS]\nC1 J1 J2 9 0.01\n[XSECTIONS]\nC1 EGG 1\n")
+  ("la conduite C1 n'a pas de section" "[JUNCTIONS]\nJ1 1\nJ2 1\n[CONDUITS]\nC1 J1 J2 9 0.01\n")
+  ("aucune conduite ([CONDUITS])" "[JUNCTIONS]\nJ1 1\n"))
+(preparer (texte-ecrire "<dossier>f.inp" (plv-couper texte "\n")))
+(refuse (plv-reseau-importer "<dossier>f.inp" "" "" 0.0 "") phrase)
+
+;; Inverts by reference, diameters in their own unit, lengths between centres where none is written.
+(situation "PipeNetworksOfOthers")
+(preparer
+  (defun lire (regard tuyau)
+    (texte-ecrire "<dossier>p.xml"
+      (list "<LandXML><Units><Imperial linearUnit='foot' diameterUnit='inch'/></Units><PipeNetworks><PipeNetwork><Structs>"
+            "<Struct name='A' elevRim='50'><Center>0 0</Center><Invert elev='47' flowDir='out' refPipe='P'/></Struct>" regard
+            (strcat "</Structs><Pipes><Pipe name='P' refStart='A' refEnd='B'>" tuyau "</Pipe></Pipes></PipeNetwork></PipeNetworks></LandXML>")))
+    (plv-reseau-importer "<dossier>p.xml" "" "" 0.0 "800"))
+  (setq regard "<Struct name='B' elevRim='49' elevSump='45'><CircStruct diameter='48'/><Center>0 100</Center><Invert elev='46' flowDir='in' refPipe='P'/></Struct>"
+        tuyau "<CircPipe diameter='12' thickness='1' material='PVC'/>"))
+((mapcar '(lambda (l) (plv-couper l ";")) (lire regard tuyau))
+ (("regard" "A" "0" "" "800" "15.24" "" "14.3256" "14.3256") ("tuyau" "A" "B" "304.8/355.6" "PVC" "" "" "")
+  ("regard" "B" "30.48" "" "1219.2" "14.9352" "14.0208" "" "13.716")))
+(refuse (lire "" tuyau) "p.xml, tuyau P: il n'y a pas de nœud B")
+(refuse (lire "<Struct name='B' elevSump='x'/>" tuyau) "p.xml, ouvrage B: elevSump: un nombre est attendu, et non \"x\"")
+(refuse (lire "<Struct name='B' elevSump='9'/>" tuyau) "tuyau P: sa longueur manque, et le lieu d'un de ses ouvrages")
+(refuse (lire regard "<RectPipe/>") "tuyau P: seuls les tuyaux ronds se prennent")
+
+;; Lines that cross the axis in plan, which begins at the first station; the network has a crossing gaz already.
+(situation "CrossingsFromThePlan")
+(preparer
+  (reseau)
+  (plv-associer-axe p (plv-polyligne "PLV-AXE" '((0.0 -500.0 0.0) (100.0 -500.0 0.0))))
+  (setq gaz (mapcar '(lambda (x) (entmakex (list '(0 . "LINE") '(8 . "GAZ") (list 10 x -510.0 0.0) (list 11 x -490.0 0.0)))) '(30.0 70.0))))
+(tape ("PLV-RESEAU" "Assainissement" "Plan" "(car gaz)" "(cadr gaz)" "" "48,5" "110" "47.9" "" "FIN") "Station 1030.00, GAZ: altitude de l'axe" "3 regards, 2 tuyaux.")
+((mapcar '(lambda (c) (list (plv-croisement-nom c) (plv-croisement-station c) (plv-croisement-altitude c) (plv-croisement-diametre c))) (cdr (plv-reseau-croisements (plv-reseau-lu p "Assainissement"))))
+ (("GAZ 2" 1030.0 48.5 0.11) ("GAZ 3" 1070.0 47.9 0.11)))
+
+;; A copy with all that is drawn has a network of its own; one of the block alone has the rows, and leaves what is drawn to the original.
+(situation "CopiesLeaveTheOriginalAlone")
+(preparer
+  (reseau)
+  (setq n (length (plv-traces-reseau p "Assainissement")))
+  (command "_.COPY" (ssget "X") "" '(0.0 0.0) '(0.0 500.0))
+  (setq q (plv-dernier (plv-profils))))
+((list (length (plv-profils)) (length (plv-traces-reseau q "Assainissement")) (= n (length (plv-traces-reseau p "Assainissement")))) (2 20 T))
+(preparer (plv-reseau-oter q "Assainissement"))
+((= n (length (plv-traces-reseau p "Assainissement"))) T)
+(preparer (command "_.COPY" p "" '(0.0 0.0) '(0.0 1500.0)) (setq r (plv-dernier (plv-profils))))
+((list (eq r q) (eq r p) (length (plv-traces-reseau r "Assainissement"))) (nil nil 0))
+(refuse (plv-dessiner-reseau r "Assainissement") "dont il est la copie")
+((= n (length (plv-traces-reseau p "Assainissement"))) T)

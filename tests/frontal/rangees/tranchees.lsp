@@ -55,6 +55,16 @@
 (refuse (plv-tranchees-ecrire-regles p "Assainissement" (regles plus)) phrase)
 ((plv-tranchees-regles p "Assainissement") nil)
 
+;; A manhole that belongs to another profile is dug, counted and paid there; the pipe ends at it all the same.
+(situation "ABranchEndsInAManholeOfAnotherProfile")
+(preparer
+  (plv-tranchees-ecrire-regles p "Assainissement" (regles nil))
+  (plv-reseau-ecrire p "Assainissement" '("regard;A;0;visite;1000/1200;;;48.35;;9" "regard;B;40;noeud;;;48.35" "tuyau;A;B;400/500;béton;135A"))
+  (setq m (plv-tranchees p "Assainissement")))
+((mapcar 'plv-ouvrage-nom (plv-tranchees-ouvrages m)) ("tuyau A - B"))
+((valeurs m "total" '("Fouille")) ("70.2000"))
+((vl-remove-if-not '(lambda (a) (wcmatch (car a) "regard*")) (et_tranchees_articles (list (plv-bordereau:lot p "Assainissement")))) nil)
+
 ;; What can't be dug is named with its place.
 (situation "WhatCannotBeDug")
 (tableau (phrase reseau plus)
