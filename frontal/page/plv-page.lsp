@@ -27,39 +27,10 @@
 (defun plv-page:plans (profil)
   (mapcar '(lambda (s) (plv-json-nombres (list (plv-plan-debut s) (plv-plan-altitude s) (plv-section-fin s)) 3)) (plv-sections-de-plan profil)))
 
-;; --- tables: (title headings rows), all texts. Rooms above may have more, see plv-declarer-table-de-page.
-
-(setq plv-page:faiseurs '(plv-page:metres plv-page:blocs))
-
-(defun plv-declarer-table-de-page (fonction)
-  "A function (profile) that gives tables."
-  (setq plv-page:faiseurs (append (vl-remove fonction plv-page:faiseurs) (list fonction))))
-
-(defun plv-page:metres (profil)
-  (vl-remove nil
-    (mapcar
-      '(lambda (genre / rangees)
-         (if (setq rangees (car (plv-essayer 'plv-rangees-de-classes (list profil genre))))
-           (list (strcat "Métrés " genre) '("Profondeur" "Longueur m" "Surface m2" "Volume m3") (mapcar 'cdr rangees))))
-      (vl-remove-if-not '(lambda (genre) (plv-elements profil genre)) (plv-genres-projet)))))
-
-(defun plv-page:blocs (profil / cadre blocs etiquettes)
-  (setq cadre (plv-cadre profil) blocs (plv-blocs profil)
-        etiquettes (plv-uniques (apply 'append (mapcar '(lambda (b) (mapcar 'car (plv-attributs b))) blocs))))
-  (if etiquettes
-    (list (list "Blocs posés" (cons "Station" etiquettes) (mapcar '(lambda (b) (plv-page:bloc profil cadre b etiquettes)) blocs)))))
-
-(defun plv-page:bloc (profil cadre bloc etiquettes / attributs)
-  (setq attributs (plv-attributs bloc))
-  (cons (plv-reel (+ (plv-premiere-station profil) (plv-distance cadre (plv-origine bloc))) 2)
-        (mapcar '(lambda (e) (cond ((plv-cle e attributs)) (""))) etiquettes)))
-
 (defun plv-page:table (table)
   (plv-json-objet
     (list (cons "titre" (plv-json-texte (car table))) (cons "entetes" (plv-json-textes (cadr table)))
           (cons "rangees" (plv-json-liste (mapcar 'plv-json-textes (caddr table)))))))
-
-(defun plv-page:tables (profil) (apply 'append (mapcar '(lambda (faiseur) (apply faiseur (list profil))) plv-page:faiseurs)))
 
 ;; --- the page
 
@@ -74,7 +45,7 @@
           (cons "lignes"
             (plv-json-liste (mapcar '(lambda (genre) (plv-page:ligne genre (plv-lignes-mesurees profil genre nil))) (plv-page:genres profil))))
           (cons "terrains" (plv-json-liste (mapcar '(lambda (te) (plv-page:ligne (plv-terrain-nom te) (plv-terrain-morceaux te))) (plv-terrains profil))))
-          (cons "tables" (plv-json-liste (mapcar 'plv-page:table (plv-page:tables profil)))))))
+          (cons "tables" (plv-json-liste (mapcar 'plv-page:table (plv-page-tables profil)))))))
 
 (defun plv-page:donnees (profils titre)
   (plv-json-objet

@@ -116,9 +116,10 @@
     (mapcar '(lambda (p) (vl-list* (max 0.0 (plv-debut p)) (min fin (plv-fin p)) (cddr p))) (plv-elements-de-pente profil genre))))
 
 (defun plv-libelles:du-genre (profil genre / tracee pieces)
+  "Slopes of a line that has a network stand with its pipes."
   (setq tracee (plv-libelles:trace profil genre) pieces (plv-libelles:pieces profil genre))
   (append
-    (if (plv-style-libelle "pente")
+    (if (and (plv-style-libelle "pente") (not (member genre (plv-genres-de-reseau profil))))
       (mapcar '(lambda (p) (plv-libelles:pente tracee (plv-style-libelle "pente") p)) (vl-remove-if-not 'plv-pente-droite-p pieces)))
     (if (plv-style-libelle "courbe")
       (mapcar '(lambda (p) (plv-libelles:courbe tracee (plv-style-libelle "courbe") p)) (vl-remove-if 'plv-pente-droite-p pieces)))

@@ -21,7 +21,7 @@
      plv-choses:reference nil nil plv-refaire-rangees (plv-lever-rangees plv-remettre-tables))
     ("COTES" plv-choses:mots-cotes ("echelle" "textes" "plans" "courbe" "sol-courbe" "voisines")
      plv-choses:textes plv-choses:cotes nil plv-refaire-cotes (plv-lever-cotes plv-remettre-cotes))
-    ("HABILLAGE" plv-choses:mots-habillage ("style" "echelle" "textes" "plans" "origine" "terrain" "terrains" "projets" "blocs")
+    ("HABILLAGE" plv-choses:mots-habillage ("style" "echelle" "textes" "plans" "origine" "terrain" "terrains" "projets" "blocs" "reseaux")
      plv-choses:habillage nil nil plv-refaire-habillages nil)
     ("RESEAU" plv-choses:mots-reseau ("echelle" "textes" "plans" "reseau")
      plv-choses:reseau nil nil plv-refaire-reseaux nil)

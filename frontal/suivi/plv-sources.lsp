@@ -51,6 +51,7 @@
     ("textes" "la hauteur des textes" plv-sources:textes)
     ("style" "le style du dessin" plv-sources:style)
     ("fichier" "le fichier lui-même" plv-sources:fichier)
+    ("reseaux" "les réseaux" plv-sources:reseaux)
     ("dessin" "le dessin du profil" plv-sources:dessin)))
 
 (defun plv-source-en-mots (nom) (cond ((cadr (assoc nom plv-sources:table))) (nom)))
@@ -290,5 +291,7 @@
 
 (defun plv-sources:fichier (profil fait / chemin)
   (if (setq chemin (findfile (plv-fait-fichier fait))) (list (vl-file-size chemin) (vl-file-systime chemin))))
+
+(defun plv-sources:reseaux (profil fait) (list (plv-genres-de-reseau profil)))
 
 (defun plv-sources:dessin (profil fait) (append (plv-entites-dessinees profil) (plv-legendes-du-profil profil)))

@@ -242,3 +242,10 @@
 ((list (eq r q) (eq r p) (length (plv-traces-reseau r "Assainissement"))) (nil nil 0))
 (refuse (plv-dessiner-reseau r "Assainissement") "dont il est la copie")
 ((= n (length (plv-traces-reseau p "Assainissement"))) T)
+
+;; A page to share has the network as tables, with the figures of the rows.
+(situation "APageHasItsTables")
+(preparer (reseau) (setq tables (plv-page-tables p)))
+((mapcar 'car tables) ("Métrés Assainissement" "Regards Assainissement" "Tuyaux Assainissement"))
+((caddr (cadr tables)) (("A" "1000.00" "50.000" "" "48.000" "2.00") ("B" "1040.00" "49.500" "47.200" "46.700" "2.80") ("C" "1100.00" "48.000" "45.500" "" "2.70")))
+((mapcar '(lambda (r) (vl-sort (plv-premiers r 3) '<)) (caddr (caddr tables))) (("-2.000" "40.00" "A - B") ("-2.000" "60.00" "B - C")))
