@@ -11,7 +11,7 @@ if(KAVEL_DESKTOP)
 endif()
 install(PROGRAMS outils/lot DESTINATION ${CMAKE_INSTALL_BINDIR} RENAME kavel-lot)
 install(PROGRAMS outils/installer-dwg DESTINATION ${CMAKE_INSTALL_BINDIR} RENAME kavel-installer-dwg)
-install(DIRECTORY frontal/ DESTINATION ${KAVEL_PARTAGE}/frontal FILES_MATCHING PATTERN "*.lsp")
+install(DIRECTORY frontal/ DESTINATION ${KAVEL_PARTAGE}/frontal FILES_MATCHING PATTERN "*.lsp" PATTERN "*.html")
 # Files that a run of the examples has written are not installed.
 install(DIRECTORY exemples DESTINATION ${KAVEL_PARTAGE} PATTERN README.md EXCLUDE PATTERN "*.xlsx" EXCLUDE PATTERN "*.bak" EXCLUDE PATTERN "*.pdf" EXCLUDE)
 install(DIRECTORY outils/dwg DESTINATION ${KAVEL_PARTAGE} PATTERN node_modules EXCLUDE)

@@ -82,7 +82,9 @@ HOUSES = {
         "terrain": "surfaces fichiers",
         "suivi": "",
         "habillage": "",
-        "porte": "optimal cout terrain suivi habillage",
+        "reseaux": "base surfaces fichiers",
+        "tranchees": "reseaux surfaces fichiers",
+        "porte": "optimal cout terrain suivi habillage reseaux tranchees",
     },
     "programs": {"": ""},
 }

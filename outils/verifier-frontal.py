@@ -225,7 +225,8 @@ def setting(sources, variable):
 
 
 def check_layers(sources):
-    layers = {row[0][1:-1] for table in ("plv-calques", "plv-calques-styles") for row in setting(sources, table)}
+    tables = ("plv-calques", "plv-calques-styles", "plv-calques-reseaux")
+    layers = {row[0][1:-1] for table in tables for row in setting(sources, table)}
     commands = {name[2:].upper() for source in sources for name in source.defines if name.startswith("c:")}
     for source in sources:
         for text in sorted(source.texts):

@@ -135,8 +135,16 @@ class Run {
       return false;
     }
     sayWhatIsStale();
+    if (equalNoCase(std::filesystem::path(action.argument).extension().string(), ".html")) return page(action.argument);
     for (const std::string& warning : plotted(action, plotOptions)) complain(warning);
     return true;
+  }
+
+  // The front-end writes pages.
+  bool page(const std::string& file) {
+    lisp::Interpreter& in = document_.interpreter();
+    std::string written;
+    return document_.evaluate("(plv-page (plv-profils) " + in.printed(in.string(file)) + ")", &written) && written == "T";
   }
 
   // What the profiles' tables and hatches were made from may have changed since; the front-end knows.

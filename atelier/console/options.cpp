@@ -45,7 +45,7 @@ constexpr Row kRows[] = {
     {"-e,--eval", "EXPR", "evaluate, print the value as prin1 would", ActionKind::eval},
     {"-s,--script", "FILE", "feed the lines of FILE ('-' for stdin) to the command line", ActionKind::script},
     {"-o,--save", "FILE.dxf", "save the drawing there (nothing is written unless asked)", ActionKind::save},
-    {"--plot", "FILE", "plot to a .pdf, .svg or .png file", ActionKind::plot},
+    {"--plot", "FILE", "plot to a .pdf, .svg or .png file; profiles as a page to a .html file", ActionKind::plot},
     {"--scale", "SCALE", "scale of the plots after it: 1:200, or fit", &Settings::scale},
     {"--paper", "SHEET", "sheet of the plots after it: A4 to A0", &Settings::paper},
     {"--window", "BOX", "what the plots after it show: x1,y1,x2,y2", &Settings::window},

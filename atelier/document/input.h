@@ -23,18 +23,20 @@ struct PromptInfo {
   bool takesSpaces = false;
   bool isCommand = false;  // the command prompt itself: no command is running
   bool isCorner = false;   // the base and the answer are corners of a rectangle
+  bool tracks = false;     // a program follows the cursor: each of its places is an answer, too
 };
 
 struct Input {
-  enum class Kind { text, pick, cancel, end };
+  enum class Kind { text, pick, move, cancel, end };
   Kind kind = Kind::end;
   std::string text;     // UTF-8, without line end; an empty text is Enter
-  AcGePoint3d point{};  // of a pick, world coordinates
+  AcGePoint3d point{};  // of a pick or a move, world coordinates
   bool whole = false;   // the text is one answer, with its blanks; otherwise it is split into words
   std::string shown{};  // written after the prompt; empty: the text
   static Input line(std::string utf8) { return {Kind::text, std::move(utf8), {}, false}; }
   static Input answer(std::string utf8) { return {Kind::text, std::move(utf8), {}, true}; }
   static Input pick(const AcGePoint3d& p) { return {Kind::pick, {}, p, false}; }
+  static Input move(const AcGePoint3d& p) { return {Kind::move, {}, p, false}; }
   static Input cancel() { return {Kind::cancel, {}, {}, false}; }
 };
 

@@ -150,7 +150,7 @@ std::string shown(const Input& input) {
 
 Input Prompter::fromSource(const PromptInfo& prompt) {
   Input input = source ? source->next(prompt) : Input{};
-  if (!source || !source->echoes()) document_.print(shown(input) + "\n");
+  if ((!source || !source->echoes()) && input.kind != Input::Kind::move) document_.print(shown(input) + "\n");
   if (input.kind != Input::Kind::end) cancelsAtEnd_ = 0;
   else if (++cancelsAtEnd_ > kMostCancelsAtEnd) throw Interrupted();
   return input;
@@ -270,6 +270,13 @@ std::optional<lisp::Value> expressionValue(Document& document, const Input& inpu
   }
 }
 
+// The first character of UTF-8 text.
+std::string firstCharacter(std::string_view text) {
+  std::size_t length = 1;
+  while (length < text.size() && (static_cast<unsigned char>(text[length]) & 0xC0) == 0x80) ++length;
+  return std::string(text.substr(0, length));
+}
+
 bool withinFlags(double value, int flags) {
   return !((flags & RSG_NOZERO) && value == 0) && !((flags & RSG_NONEG) && value < 0);
 }
@@ -353,6 +360,23 @@ Answer Prompter::getText(bool withSpaces, std::string_view prompt, std::string& 
     if (const auto value = expressionValue(document_, input); value && value->isString()) text = value->text();
   }
   return Answer::value;
+}
+
+Input Prompter::follow() {
+  constexpr char kEnter = '\r';
+  if (keys_.empty()) {
+    PromptInfo prompt;
+    prompt.keywords = keywords_;
+    prompt.takesSpaces = prompt.tracks = true;
+    Input input = read(prompt);
+    if (input.kind != Input::Kind::text) return input;
+    const auto value = input.text.starts_with('(') ? expressionValue(document_, input) : std::nullopt;
+    if (const auto point = value ? pointFromValue(*value) : std::nullopt) return Input::pick(*point);
+    keys_ = input.text + kEnter;
+  }
+  const std::string key = firstCharacter(keys_);
+  keys_.erase(0, key.size());
+  return Input::line(key);
 }
 
 Answer Prompter::getKeyword(std::string_view prompt) {

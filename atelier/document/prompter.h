@@ -52,9 +52,15 @@ class Prompter {
   InputSource* source = nullptr;
   // One raw answer to the running prompt: the remaining words of a line first, then the source.
   Input read(const PromptInfo& prompt);
+  // What a pointing device that is followed gives next: a move, a pick or one key of what was typed, Enter behind each
+  // line; an expression in parentheses that gives a point is a pick. The keywords of initGet stay for the whole of it.
+  Input follow();
   // Keeps the words after a command's name on its line: they answer its prompts.
   void pushBack(std::string text) { pending_ = std::move(text); }
-  void dropPending() { pending_.reset(); }
+  void dropPending() {
+    pending_.reset();
+    keys_.clear();
+  }
   std::optional<std::string> exchangePending(std::optional<std::string> text) {
     return std::exchange(pending_, std::move(text));
   }
@@ -75,6 +81,7 @@ class Prompter {
   std::vector<std::string> keywords_, globalKeywords_;
   std::string lastKeyword_;
   std::optional<std::string> pending_;
+  std::string keys_;  // of a line, not yet given to a program that follows the cursor
   int cancelsAtEnd_ = 0;
 };
 

@@ -1,6 +1,7 @@
 // Graphics that are on the screen only: vectors drawn by handlers and highlighted entities.
 // Kept as a list, so that tests, plots and the desktop can see them.
 #pragma once
+#include <string>
 #include <vector>
 
 #include "hote/dbid.h"
@@ -17,6 +18,7 @@ struct TransientVector {
 struct Transients {
   std::vector<TransientVector> vectors;
   std::vector<AcDbObjectId> highlighted;
+  std::string note;       // of the status line: what a program says of the cursor's place, its lines apart by " | "
   unsigned revision = 0;  // grows with every change
 
   void clearVectors() {

@@ -20,9 +20,12 @@ using lisp::Value;
 
 Value writeText(Interpreter& in, Arguments arguments) {
   const std::string path = lisp::nativePath(lisp::stringArgument(in, arguments[0]));
+  const bool utf8 = arguments.size() > 2 && !arguments[2].isNil();
   std::string text;
-  for (const Value line : lisp::Items(lisp::listArgument(in, arguments[1])))
-    text += lisp::toWindows1252(lisp::stringArgument(in, line)) + "\n";
+  for (const Value line : lisp::Items(lisp::listArgument(in, arguments[1]))) {
+    const std::string given(lisp::stringArgument(in, line));
+    text += (utf8 ? given : lisp::toWindows1252(given)) + "\n";
+  }
   try {
     dxf::ReplacedFile file(path);
     file.write(text);
@@ -57,8 +60,9 @@ Value readWorkbookLines(Interpreter& in, Arguments arguments) {
 constexpr lisp::Builtin kTable[] = {
     {"classeur-lire", readWorkbookLines, 1, 1, "(classeur-lire fichier)",
      "La première feuille d'un classeur .xlsx en lignes, les cellules séparées par des points-virgules."},
-    {"texte-ecrire", writeText, 2, 2, "(texte-ecrire fichier lignes)",
-     "Écrit des lignes dans un fichier, en entier ou pas du tout; l'ancien fichier devient .bak. Rend T."},
+    {"texte-ecrire", writeText, 2, 3, "(texte-ecrire fichier lignes [utf8])",
+     "Écrit des lignes dans un fichier, en entier ou pas du tout; l'ancien fichier devient .bak. Sans utf8, les lettres "
+     "qu'ANSI_1252 n'a pas deviennent \\U+XXXX. Rend T."},
     {"fichier-remplacer", replaceFile, 2, 2, "(fichier-remplacer neuf ancien)",
      "Met un fichier à la place d'un autre; rend T."},
 };

@@ -76,11 +76,43 @@ Value grvecs(Interpreter& in, Arguments arguments) {
   return lisp::nil;
 }
 
-Value grtext(Interpreter&, Arguments arguments) { return arguments.size() > 1 ? arguments[1] : lisp::nil; }
+// The area -1 is the status line, which a window shows beside the cursor; other areas don't exist here.
+Value grtext(Interpreter& in, Arguments arguments) {
+  constexpr int kStatusLine = -1;
+  Transients& transients = Document::needed().transients();
+  if (arguments.empty()) transients.note.clear();
+  if (arguments.size() < 2) return lisp::nil;
+  if (arguments[0] == Value::integer(kStatusLine)) transients.note = lisp::stringArgument(in, arguments[1]);
+  return arguments[1];
+}
 
-// There is no pointing device to follow: one answer is read as for a point.
-Value grread(Interpreter& in, Arguments) {
-  constexpr int kKeyboard = 2, kPoint = 3, kEnter = 13;
+constexpr int kKeyboard = 2, kPoint = 3, kMove = 5;
+
+// The code point of a character.
+int codeOf(std::string_view utf8) {
+  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(utf8[i]); };
+  if (byte(0) < 0x80) return byte(0);
+  int code = byte(0) & (0x7F >> utf8.size());
+  for (std::size_t i = 1; i < utf8.size(); ++i) code = code << 6 | (byte(i) & 0x3F);
+  return code;
+}
+
+// With tracking: the cursor's places and what is typed, key by key.
+Value followed(Interpreter& in) {
+  Document& document = Document::needed();
+  const Input input = cancelling(in, [&] { return document.prompter().follow(); });
+  switch (input.kind) {
+    case Input::Kind::move: return in.list({Value::integer(kMove), pointValue(in, input.point)});
+    case Input::Kind::pick: return in.list({Value::integer(kPoint), pointValue(in, input.point)});
+    case Input::Kind::text: return in.list({Value::integer(kKeyboard), Value::integer(codeOf(input.text))});
+    default: in.fail(kCancelled);
+  }
+}
+
+// Without tracking one answer is read as for a point.
+Value grread(Interpreter& in, Arguments arguments) {
+  if (!lisp::optional(arguments, 0).isNil()) return followed(in);
+  constexpr int kEnter = 13;
   Document& document = Document::needed();
   const Input input = cancelling(in, [&] { return document.prompter().read({}); });
   if (input.kind == Input::Kind::pick) return in.list({Value::integer(kPoint), pointValue(in, input.point)});
@@ -143,9 +175,9 @@ constexpr lisp::Builtin kTable[] = {
     {"grdraw", grdraw, 3, 4, "(grdraw de à couleur [surbrillance])", "Trace un vecteur à l'écran seulement."},
     {"grvecs", grvecs, 1, 2, "(grvecs vecteurs [matrice])", "Trace plusieurs vecteurs à l'écran seulement."},
     {"grtext", grtext, 0, 3, "(grtext [case texte [surbrillance]])",
-     "Écrit dans une zone de texte de l'écran; rend le texte."},
+     "Écrit dans une zone de texte de l'écran, -1 étant la ligne d'état, montrée au curseur; rend le texte."},
     {"grread", grread, 0, 3, "(grread [suivi [bits [curseur]]])",
-     "Lit une entrée: (2 code) d'une touche ou (3 point)."},
+     "Lit une entrée: (2 code) d'une touche ou (3 point); avec suivi T aussi (5 point) quand le curseur bouge."},
     {"redraw", redraw, 0, 2, "(redraw [entité [mode]])", "Redessine; 3 met l'entité en surbrillance, 4 l'enlève."},
     {"menucmd", menucmd, 1, 1, "(menucmd texte)",
      "Évalue une expression DIESEL, \"M=$(...)\"; rend nil pour les menus."},

@@ -3,7 +3,8 @@
 
     bancs/surfaces/compare.py KAVEL
 
-gdallocationinfo (gdal-bin) is asked for the altitude at every metre; the program gives every cell that the axis crosses, bilinear.
+gdallocationinfo (gdal-bin) is asked for the altitude at every metre, then at as many places as the program gives: those where the axis
+passes from one cell to the next, with the altitude between four.
 Needs python3-gdal. Prints the median time of five runs and the greatest memory of each.
 """
 import math
@@ -47,13 +48,15 @@ def main():
     with tempfile.TemporaryDirectory() as folder:
         path = os.path.join(folder, "g.tif")
         grid(path)
-        places = "".join(f"{A[0] + (B[0] - A[0]) * s / length} {A[1] + (B[1] - A[1]) * s / length}\n" for s in range(int(length) + 1))
+        def places(number):
+            return "".join(f"{A[0] + (B[0] - A[0]) * i / (number - 1)} {A[1] + (B[1] - A[1]) * i / (number - 1)}\n" for i in range(number))
         program = os.path.join(folder, "p.lsp")
         with open(program, "w", encoding="utf-8") as file:
             file.write(f'(setq r (et_terrain (list (list (list {A[0]} {A[1]} 0.0 0.0) (list {B[0]} {B[1]} 0.0 0.0))) (list (list "fichier" "{path}"))'
                        ' (list (list "tolerance" 0))))(princ (length (cadr (caar r))))(princ)')
+        peer = ["gdallocationinfo", "-valonly", "-geoloc", path]
         for name, command, text in (("kavel", [kavel, "--no-frontal", "--quiet", "-l", program], None),
-                                    ("gdallocationinfo", ["gdallocationinfo", "-valonly", "-geoloc", path], places)):
+                                    ("gdallocationinfo", peer, places(int(length) + 1)), ("gdallocationinfo", peer, places(13532))):
             seconds, megabytes, output = measure(command, text)
             print(f"{name:18} {seconds:7.3f} s {megabytes:6} MB  {output.split()[-1] if name == 'kavel' else len(output.split())} points")
 

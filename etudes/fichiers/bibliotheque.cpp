@@ -8,8 +8,19 @@
 
 namespace etu {
 
-bibliotheque::bibliotheque(const char* fichier, const wchar_t* nom)
-    : m_chargee(dlopen(fichier, RTLD_LAZY | RTLD_LOCAL)), m_nom(nom) {
+namespace {
+
+// A library that brings a hundred others binds to them first: to look through those of the program before doubles its loading. Checkers of
+// addresses put themselves before all others and refuse that.
+#ifdef __SANITIZE_ADDRESS__
+constexpr int kLiaison = RTLD_LAZY | RTLD_LOCAL;
+#else
+constexpr int kLiaison = RTLD_LAZY | RTLD_LOCAL | RTLD_DEEPBIND;
+#endif
+
+}  // namespace
+
+bibliotheque::bibliotheque(const char* fichier, const wchar_t* nom) : m_chargee(dlopen(fichier, kLiaison)), m_nom(nom) {
   if (!m_chargee)
     throw refus{L"la bibliothèque " + m_nom + L" (" + plv::depuisAnsi(fichier) +
                 L") n'est pas installée sur cette machine"};

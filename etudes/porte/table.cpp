@@ -6,8 +6,10 @@
 #include "etudes/cout/fonctions.h"
 #include "etudes/habillage/fonctions.h"
 #include "etudes/optimal/fonctions.h"
+#include "etudes/reseaux/fonctions.h"
 #include "etudes/suivi/fonctions.h"
 #include "etudes/terrain/fonctions.h"
+#include "etudes/tranchees/fonctions.h"
 #include "hote/aced.h"
 #include "hote/acut.h"
 #include "module/commande/arguments/argsLisp.h"
@@ -94,6 +96,48 @@ constexpr ligneFonction kTable[] = {
      L"Les triangles d'une surface: des listes de trois points. Sources et options sont celles d'et_terrain; nil quand "
      L"elle n'a pas de triangles, "
      L"une chaîne quand il y en a plus que le nombre, ou qu'une source ne convient pas."},
+    {L"et_reseau_rangees", et_reseau_rangees, L"(et_reseau_rangees rangées)",
+     L"Les rangées d'un réseau, lues dans un fichier ou tapées, telles que le dessin les garde: un tuyau par rangée. "
+     L"Une "
+     L"chaîne dit ce qui ne va pas."},
+    {L"et_reseau", et_reseau, L"(et_reseau profil rangées ligne)",
+     L"Un réseau avec ses altitudes: (regards tuyaux croisements). Un regard est (nom station type intérieur extérieur "
+     L"terrain tampon arrivée départ fond profil), l'arrivée et le départ nil où il n'y a pas de tuyau, un tuyau (de à "
+     L"pk "
+     L"radier pk radier intérieur extérieur diamètre matériau classe), un croisement (nom pk altitude diamètre angle). "
+     L"La "
+     L"ligne est une liste de lignes de (pk altitude). Une chaîne dit ce qui ne va pas."},
+    {L"et_reseau_avis", et_reseau_avis, L"(et_reseau_avis profil rangées ligne gravitaire)",
+     L"Ce qui est à dire d'un réseau, une liste de (pk phrase): pentes, couverture, contre-pentes, chutes, diamètres "
+     L"qui "
+     L"diminuent, espacement, vitesses, croisements. nil pour gravitaire: un réseau sous pression."},
+    {L"et_tranchees_sols", et_tranchees_sols, L"(et_tranchees_sols règles)",
+     L"Les noms des sols que demandent des types de tranchées: celui d'où l'on creuse, puis ceux des couches plus "
+     L"basses. "
+     L"Une chaîne dit ce qui ne va pas dans les règles."},
+    {L"et_tranchees", et_tranchees, L"(et_tranchees profil rangées ligne règles sols)",
+     L"Les quantités d'un réseau: (colonnes ouvrages total écart). Une colonne est (titre unité), un ouvrage (nom "
+     L"longueur-en-plan en-pente posée profondeur-moindre plus-grande) suivi d'une valeur par colonne, le total de "
+     L"même; "
+     L"l'écart est ce qui manque à l'identité de la fouille et de ce qui la remplit. Les sols sont des lignes, dans "
+     L"l'ordre "
+     L"d'et_tranchees_sols, nil pour le terrain du profil. Une chaîne dit ce qui ne va pas."},
+    {L"et_tranchees_classeur", et_tranchees_classeur, L"(et_tranchees_classeur chemin lots prix dessin date)",
+     L"Écrit le classeur de réseaux: bordereau, synthèse, tronçons, regards, découpe, paramètres, contrôles, chaque "
+     L"valeur une "
+     L"formule. Un lot est (nom profil rangées ligne règles sols gravitaire), les prix des rangées "
+     L"désignation;unité;prix. Le "
+     L"résultat est (articles-sans-prix volume-du-premier-lot). Une chaîne dit ce qui ne va pas."},
+    {L"et_tranchees_articles", et_tranchees_articles, L"(et_tranchees_articles lots)",
+     L"Les articles du bordereau des lots d'et_tranchees_classeur: une liste de (désignation unité quantité). Une "
+     L"chaîne dit ce "
+     L"qui ne va pas."},
+    {L"et_tranchees_coupes", et_tranchees_coupes, L"(et_tranchees_coupes profil rangées ligne règles sols)",
+     L"Les tranchées d'un réseau telles qu'elles se découpent: (morceaux nombre-de-classes). Un morceau est (ouvrage "
+     L"regard "
+     L"classe largeur fruit hauteur-droite bout bout), regard étant 1 pour une fosse, la classe comptée de 0, un bout "
+     L"(pk sol "
+     L"dessous-de-la-surface dessus-de-l'enrobage dessus-du-lit fond). Une chaîne dit ce qui ne va pas."},
     {L"et_empreinte", et_empreinte, L"(et_empreinte valeurs [origine [aspect]])",
      L"L'empreinte d'une liste de nombres, de textes et d'entités: seize chiffres, les mêmes tant que rien ne change. "
      L"Les "

@@ -15,9 +15,13 @@
 (setq plv-calques-variantes
   (mapcar '(lambda (n couleur) (list (strcat "PLV-VARIANTE-" (itoa n)) couleur 25)) '(1 2 3 4 5 6) '(30 140 200 82 40 170)))
 
+;; So do networks.
+(setq plv-calques-reseaux '(("PLV-TUYAUX" 150 35) ("PLV-REGARDS" 32 35) ("PLV-CROISEMENTS" 6 25) ("PLV-TRANCHEES" 8 18)))
+
 (setq plv-calques:cle "CALQUE")
 
-(defun plv-calques:declare (nom) (cond ((assoc nom plv-calques)) ((assoc nom plv-calques-styles)) ((assoc nom plv-calques-variantes))))
+(defun plv-calques:declare (nom)
+  (vl-some '(lambda (calques) (assoc nom calques)) (list plv-calques plv-calques-styles plv-calques-variantes plv-calques-reseaux)))
 
 (defun plv-calques:marque (entite) (cdr (plv-cle plv-calques:cle (plv-paires entite))))
 

@@ -91,10 +91,10 @@
               (plv-nombre metres))
        (* (if (wcmatch kilometres "-*") -1.0 1.0) (+ (* 1000.0 (abs (atof kilometres))) (plv-nombre metres)))))))
 
-(defun plv-joindre (textes separateur / resultat)
-  (foreach texte textes
-    (setq resultat (if resultat (strcat resultat separateur texte) texte)))
-  (cond (resultat) ("")))
+(defun plv-joindre (textes separateur)
+  (cond
+    (textes (apply 'strcat (cdr (apply 'append (mapcar '(lambda (texte) (list separateur texte)) textes)))))
+    ("")))
 
 ;; --- lists
 

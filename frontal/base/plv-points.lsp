@@ -37,3 +37,21 @@
   (while (and (cddr points) (< (car (cadr points)) (- b 1e-9)))
     (setq dedans (cons (list (car (cadr points)) (cadr (cadr points))) dedans) points (cdr points)))
   (reverse (cons (list b (plv-interpoler points b)) dedans)))
+
+;; --- slopes as users write them
+
+(defun plv-pente-ecrite-p (mot)
+  "Whether a text is a slope by its sign."
+  (wcmatch mot "*%,*‰,*/*"))
+
+(defun plv-pente-lue (mot / nombres)
+  "A slope as -1.5%, -15‰ or -1/66, in metres by metre; nil for anything else."
+  (cond
+    ((wcmatch mot "*%") (plv-points:part (substr mot 1 (1- (strlen mot))) 0.01))
+    ((wcmatch mot "*‰") (plv-points:part (vl-string-right-trim "‰" mot) 0.001))
+    ((wcmatch mot "*/*")
+     (setq nombres (mapcar 'plv-nombre (plv-couper mot "/")))
+     (if (and (= (length nombres) 2) (not (member nil nombres)) (/= (cadr nombres) 0.0)) (/ (car nombres) (cadr nombres))))))
+
+(defun plv-points:part (texte facteur)
+  (if (plv-nombre texte) (* facteur (plv-nombre texte))))

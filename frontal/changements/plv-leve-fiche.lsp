@@ -3,10 +3,11 @@
 (defun plv-leve-fiche:champs ()
   (plv-champs-avec-profil
     (list
-      '("operation" "Point du terrain" "mot" "Corriger" ("Corriger" "Insérer" "Supprimer" "Nommer"))
+      '("operation" "Point du terrain" "mot" "Corriger" ("Corriger" "Insérer" "Supprimer" "Nommer" "Remplacer le levé"))
       (plv-champ-nombre "station" "Station" 0.0 2)
       (plv-champ-nombre "altitude" "Altitude" 0.0 3)
-      '("nom" "Nom du point" "texte" "" nil))))
+      '("nom" "Nom du point" "texte" "" nil)
+      '("fichier" "Nouveau levé" "lire" "" "Levés (*.csv *.txt *.xlsx);;Tous (*)"))))
 
 (defun plv-leve-fiche:operation (valeurs) (substr (plv-cle "operation" valeurs) 1 1))
 
@@ -23,7 +24,23 @@
   (while (and (cddr points) (< (car (cadr points)) (- d 0.005))) (setq points (cdr points)))
   (mapcar '(lambda (p) (list (car p) (cadr p))) (plv-premiers points (if (cddr points) 3 2))))
 
-(defun plv-leve-fiche:regarder (valeurs / profil origine points d rang faute apres)
+(defun plv-leve-fiche:regarder (valeurs)
+  (if (= (plv-leve-fiche:operation valeurs) "R") (plv-leve-fiche:regarder-leve valeurs) (plv-leve-fiche:regarder-point valeurs)))
+
+(defun plv-leve-fiche:regarder-leve (valeurs / profil lu)
+  "The newer survey over the ground."
+  (setq profil (plv-fiche-profil valeurs)
+        lu (if (plv-fiche-fichier valeurs "fichier") (plv-essayer 'plv-lire-terrain-texte (list (plv-fiche-fichier valeurs "fichier"))) '(nil "un fichier est attendu")))
+  (plv-regard
+    (cond
+      ((not (car lu)) (list (list "fichier" (cond ((cadr lu)) ("ce fichier ne donne pas de terrain")))))
+      ((plv-refus-leve profil (car lu)) (list (list "fichier" (plv-refus-leve profil (car lu))))))
+    (list (plv-image-profil profil
+            (append (plv-traits-profil profil)
+              (if (car lu) (plv-image-traits "projet" (list (mapcar '(lambda (p) (list (car p) (cadr p))) (plv-cle 'points (car lu)))))))))
+    nil '("station" "altitude" "nom") nil))
+
+(defun plv-leve-fiche:regarder-point (valeurs / profil origine points d rang faute apres)
   (setq profil (plv-fiche-profil valeurs) origine (plv-premiere-station profil) points (plv-points-nommes profil))
   (if (setq d (plv-fiche-nombre valeurs "station"))
     (setq d (- d origine) rang (plv-leve:rang points d)
@@ -34,10 +51,16 @@
     (list (plv-image-profil profil (append (plv-traits-profil profil) (if apres (plv-leve-fiche:poignee valeurs apres d)))))
     (if rang (list (strcat "Ce point est à l'altitude " (plv-reel (cadr (nth rang points)) 3) ".")))
     (append (if (not (member (plv-leve-fiche:operation valeurs) '("C" "I"))) '("altitude"))
-            (if (not (member (plv-leve-fiche:operation valeurs) '("I" "N"))) '("nom")))
+            (if (not (member (plv-leve-fiche:operation valeurs) '("I" "N"))) '("nom"))
+            '("fichier"))
     nil))
 
 (defun plv-leve-fiche:faire (valeurs)
+  (if (= (plv-leve-fiche:operation valeurs) "R")
+    (plv-remplacer-leve (plv-fiche-profil valeurs) (plv-fiche-fichier valeurs "fichier"))
+    (plv-leve-fiche:point valeurs)))
+
+(defun plv-leve-fiche:point (valeurs)
   (plv-leve (plv-fiche-profil valeurs) (plv-leve-fiche:operation valeurs) (plv-fiche-nombre valeurs "station")
     (plv-fiche-nombre valeurs "altitude") (plv-cle "nom" valeurs)))
 

@@ -72,11 +72,14 @@ message."
   (cond ((plv-altitude-tn (plv-points-tn profil) d)) (0.0)))
 
 (defun c:plv-leve (/ profil operation station altitude nom)
-  "Corrige, insère, supprime ou nomme un point du terrain naturel d'un profil."
+  "Corrige, insère, supprime ou nomme un point du terrain naturel d'un profil, ou prend le terrain d'un nouveau levé."
   (if (setq profil (plv-choisir-profil))
-    (progn
-      (setq operation (substr (plv-demander-mot "Point du terrain" '("Corriger" "Insérer" "Supprimer" "Nommer") "Corriger") 1 1)
-            station (plv-demander-nombre "Station"))
+    (setq operation (substr (plv-demander-mot "Point du terrain" '("Corriger" "Insérer" "Supprimer" "Nommer" "Remplacer") "Corriger") 1 1)))
+  (cond
+    ((not operation))
+    ((= operation "R") (plv-remplacer-leve profil (plv-demander-texte "Fichier du nouveau levé" nil)))
+    (T
+      (setq station (plv-demander-nombre "Station"))
       (if (member operation '("C" "I"))
         (setq altitude (plv-demander-nombre-libre "Altitude" (plv-leve:proposee profil (- station (plv-premiere-station profil))) 3)))
       (if (member operation '("I" "N")) (setq nom (plv-demander-texte "Nom du point" "")))

@@ -3,9 +3,10 @@
 (defun plv-pc-fiche:champs ()
   (plv-champs-avec-profil
     (list
-      '("operation" "Plan de comparaison" "mot" "Ajouter" ("Ajouter" "Modifier" "Supprimer"))
+      '("operation" "Plan de comparaison" "mot" "Ajouter" ("Ajouter" "Modifier" "Supprimer" "Proposer à nouveau"))
       (plv-champ-nombre "station" "Station" 0.0 2)
-      (plv-champ-nombre "altitude" "Altitude du plan" 0.0 2))))
+      (plv-champ-nombre "altitude" "Altitude du plan" 0.0 2)
+      (plv-champ-nombre "hauteur" "Hauteur dessinée maximale" 150.0 2))))
 
 (defun plv-pc-fiche:operation (valeurs) (substr (plv-cle "operation" valeurs) 1 1))
 
@@ -23,7 +24,24 @@
         (list "poignee" "altitude" "couloir"
           (list (list debut (plv-fiche-nombre valeurs "altitude")) (list (plv-section-fin section) (plv-fiche-nombre valeurs "altitude"))) 1.0)))))
 
-(defun plv-pc-fiche:regarder (valeurs / profil d faute)
+(defun plv-pc-fiche:regarder (valeurs)
+  (if (= (plv-pc-fiche:operation valeurs) "P") (plv-pc-fiche:regarder-tous valeurs) (plv-pc-fiche:regarder-un valeurs)))
+
+(defun plv-pc-fiche:regarder-tous (valeurs / profil hauteur plans fin)
+  "The planes that would be proposed."
+  (setq profil (plv-fiche-profil valeurs) hauteur (plv-fiche-nombre valeurs "hauteur") fin (plv-longueur-profil profil))
+  (if (and hauteur (> hauteur 0.0)) (setq plans (plv-plans-proposes (plv-points-releves profil) (plv-echv profil) hauteur)))
+  (plv-regard
+    (if (not plans) '(("hauteur" "une hauteur positive est attendue")))
+    (list (plv-image-profil profil
+            (append (plv-traits-profil profil)
+              (plv-image-traits "couloir"
+                (mapcar '(lambda (a b) (list (list (plv-plan-debut a) (plv-plan-altitude a)) (list (plv-plan-debut b) (plv-plan-altitude a))))
+                  plans (append (cdr plans) (list (list fin 0.0))))))))
+    (list (strcat (plv-compte (length plans) "plan") "."))
+    '("station" "altitude") nil))
+
+(defun plv-pc-fiche:regarder-un (valeurs / profil d faute)
   (setq profil (plv-fiche-profil valeurs))
   (if (setq d (plv-fiche-nombre valeurs "station"))
     (setq d (- d (plv-premiere-station profil)) faute (plv-pc-fiche:faute profil valeurs d)))
@@ -31,10 +49,15 @@
     (if faute (list (list (if (= faute "l'altitude du plan est attendue") "altitude" "station") faute)))
     (list (plv-image-profil profil (append (plv-traits-profil profil) (if d (plv-pc-fiche:poignee profil valeurs d)))))
     (list (strcat "Plans: " (plv-plans-en-texte profil) "."))
-    (if (= (plv-pc-fiche:operation valeurs) "S") '("altitude"))
+    (cons "hauteur" (if (= (plv-pc-fiche:operation valeurs) "S") '("altitude")))
     nil))
 
 (defun plv-pc-fiche:faire (valeurs)
+  (if (= (plv-pc-fiche:operation valeurs) "P")
+    (plv-pc-proposer (plv-fiche-profil valeurs) (plv-fiche-nombre valeurs "hauteur"))
+    (plv-pc-fiche:un valeurs)))
+
+(defun plv-pc-fiche:un (valeurs)
   (plv-pc (plv-fiche-profil valeurs) (plv-pc-fiche:operation valeurs) (plv-fiche-nombre valeurs "station") (plv-fiche-nombre valeurs "altitude")))
 
 (plv-declarer-fiche "PLV-PC" "Plans de comparaison" "Appliquer" 'plv-pc-fiche:champs 'plv-pc-fiche:regarder 'plv-pc-fiche:faire)

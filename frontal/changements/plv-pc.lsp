@@ -155,13 +155,36 @@ goes, that of its neighbour to be."
   (foreach s sections
     (if (not (eq s section)) (plv-pc:regler profil (plv-plan-debut s) (plv-plan-altitude s)))))
 
-(defun c:plv-pc (/ profil operation station altitude)
-  "Ajoute, modifie ou supprime un plan de comparaison d'un profil."
+;; --- planes proposed anew: those that a new profile would have
+
+(defun plv-pc:mettre (profil voulu / plan)
+  "One plane as it is wanted."
+  (setq plan (car (vl-member-if '(lambda (p) (equal (plv-plan-debut p) (plv-plan-debut voulu) 1e-6)) (plv-plans profil))))
+  (cond
+    ((not plan) (plv-pc:executer profil "A" (plv-plan-debut voulu) (plv-plan-altitude voulu)))
+    ((equal (plv-plan-altitude plan) (plv-plan-altitude voulu) 1e-9) profil)
+    ((plv-pc:executer profil "M" (plv-plan-debut voulu) (plv-plan-altitude voulu)))))
+
+(defun plv-pc-proposer (profil hauteur / voulus)
+  "Gives a profile the planes by which it is drawn no higher than so many units; the profile, or nil after a message."
+  (if (and (plv-profil-sain profil) (plv-statiques-verifies profil))
+    (progn
+      (setq voulus (plv-plans-proposes (plv-points-releves profil) (plv-echv profil) hauteur))
+      (if (and (vl-every '(lambda (v) (plv-pc:mettre profil v)) voulus)
+               (vl-every
+                 '(lambda (p)
+                    (or (vl-some '(lambda (v) (equal (plv-plan-debut v) (plv-plan-debut p) 1e-6)) voulus)
+                        (plv-pc:executer profil "S" (plv-plan-debut p) nil)))
+                 (cdr (plv-plans profil))))
+        profil))))
+
+(defun c:plv-pc (/ profil operation)
+  "Ajoute, modifie ou supprime un plan de comparaison d'un profil, ou les propose tous à nouveau."
   (if (setq profil (plv-choisir-profil))
     (progn
       (plv-pc:dire profil)
-      (setq operation (substr (plv-demander-mot "Plan de comparaison" '("Ajouter" "Modifier" "Supprimer") "Ajouter") 1 1)
-            station (plv-demander-nombre "Station")
-            altitude (if (/= operation "S") (plv-demander-nombre "Altitude du plan")))
-      (plv-pc profil operation station altitude)))
+      (setq operation (substr (plv-demander-mot "Plan de comparaison" '("Ajouter" "Modifier" "Supprimer" "Proposer") "Ajouter") 1 1))
+      (if (= operation "P")
+        (plv-pc-proposer profil (plv-demander-reel "Hauteur dessinée maximale" (* 60.0 (plv-ttxt profil))))
+        (plv-pc profil operation (plv-demander-nombre "Station") (if (/= operation "S") (plv-demander-nombre "Altitude du plan"))))))
   (princ))

@@ -1,7 +1,8 @@
 ;; Faults in the records of profiles and matrices: missing keys, handles that name nothing, chains that break or come
 ;; round to themselves, matrices whose parts are gone. kavel --audit calls plv-audit and counts what it gives.
 ;; Codes are stable: P01 to P04 and P09 see plv-chaines, P05 natural ground, P06 matrix record, P07 list of project elements, P08 list
-;; of static elements, P10 a profile that lost its number, P11 one that can't be read further, nor mended.
+;; of static elements, P10 a profile that lost its number, P11 one that can't be read further, nor mended, P12 further grounds that
+;; aren't drawn.
 
 ;; --- each check gives a list of findings, in the order of the records
 
@@ -20,6 +21,11 @@
   ;; Not through the module, which reads the planes first and follows a circle of them for ever.
   (if (< (length (plv-donnees profil plv-app-terrain)) 4)
     (plv-constat "P05" profil "terrain naturel de moins de deux points")))
+
+(defun plv-audit:autres-terrains (profil)
+  (apply 'append
+    (mapcar '(lambda (terrain) (plv-constat "P12" profil (strcat "le terrain " (plv-terrain-nom terrain) " n'est plus dessiné")))
+      (plv-terrains-effaces profil))))
 
 (defun plv-audit:matrice (profil reference)
   (cond
@@ -59,6 +65,7 @@
     (plv-audit:cles profil)
     (plv-fautes-profil profil)
     (plv-audit:terrain profil)
+    (plv-audit:autres-terrains profil)
     (apply 'append (mapcar 'plv-audit:support (plv-audit:supports profil)))
     (apply 'append (mapcar '(lambda (reference) (plv-audit:matrice profil reference)) (plv-references-tables profil)))))
 
@@ -85,7 +92,7 @@
   "Mends what can be mended, prints it and gives the number of findings that are gone."
   (setq avant (plv-audit:tous))
   (foreach profil (plv-profils)
-    (foreach constat (plv-audit:essayer '(lambda (p) (plv-reparer-profil p) (plv-oublier-tables p) nil) profil)
+    (foreach constat (plv-audit:essayer '(lambda (p) (plv-reparer-profil p) (plv-oublier-tables p) (if (plv-terrains-effaces p) (plv-tracer-terrains p)) nil) profil)
       (plv-audit:dire profil constat "non réparé")))
   (setq apres (plv-audit:tous))
   (plv-audit:dire-tous "réparé"

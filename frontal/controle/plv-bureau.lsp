@@ -45,6 +45,13 @@
 (defun plv-bureau:genres (profil)
   (apply 'append (mapcar '(lambda (genre) (plv-bureau:groupe genre (plv-bureau:elements profil genre))) (plv-genres))))
 
+(defun plv-bureau:terrains (profil)
+  "The further grounds, each with the first of its lines."
+  (mapcar
+    '(lambda (terrain)
+       (plv-bureau:noeud (strcat (plv-terrain-nom terrain) " (" (plv-terrain-role terrain) ")") (car (plv-traces-terrain profil terrain)) nil))
+    (plv-terrains profil)))
+
 (defun plv-bureau:rangees (reference)
   (mapcar '(lambda (r) (plv-bureau:noeud (plv-bureau:titre-rangee r) reference nil)) (plv-matrice-rangees (plv-matrice reference))))
 
@@ -66,6 +73,7 @@
   "What a whole profile has."
   (append (plv-bureau:groupe "Pas à jour" (plv-bureau:etats profil))
           (plv-bureau:groupe "Plans de comparaison" (plv-bureau:plans profil))
+          (plv-bureau:groupe "Autres terrains" (plv-bureau:terrains profil))
           (plv-bureau:groupe "Lignes" (plv-bureau:genres profil))
           (plv-bureau:groupe "Matrices" (plv-bureau:matrices profil))))
 

@@ -14,7 +14,7 @@
   (plv-regard
     (if (not courbes) (list (list "genre" (strcat "ce profil n'a pas de ligne " (plv-cle "genre" valeurs)))))
     (list (plv-image-profil profil
-            (append (plv-traits-profil profil) (plv-traits "projet" (plv-traits-de-ligne profil (plv-cle "genre" valeurs))))))
+            (append (plv-traits-profil profil) (plv-image-traits "projet" (plv-traits-de-ligne profil (plv-cle "genre" valeurs))))))
     (list (strcat (plv-compte (length courbes) "courbe") " à coter."))
     nil nil))
 

@@ -130,12 +130,6 @@
               (plv-terrain-morceaux terrain))))))
     (plv-erreur (strcat "ce profil n'a pas de terrain " nom))))
 
-(defun plv-export:raccord (demande)
-  (cond
-    ((not demande) '("" ""))
-    ((= (plv-demande-forme demande) "P") (list (strcat "L" (plv-reel (plv-demande-valeur demande) 6)) "P"))
-    (T (list (strcat "R" (plv-reel (plv-demande-valeur demande) 6)) "C"))))
-
 (defun plv-export-projet (profil genre fichier / origine suites)
   "The project line of a kind as station;altitude;raccordement;forme lines; the first run when it has gaps."
   (setq origine (plv-premiere-station profil) suites (plv-projet-sommets profil genre))
@@ -144,11 +138,7 @@
     (T
      (if (cdr suites) (plv-dire "La ligne de projet est interrompue: sa première partie est écrite."))
      (plv-export:ecrire profil genre fichier
-       (cons "station;altitude;raccordement;forme"
-         (mapcar
-           '(lambda (s)
-              (plv-ligne-csv (vl-list* (plv-reel (+ origine (car s)) 6) (plv-reel (cadr s) 6) (plv-export:raccord (plv-demande-de s)))))
-           (car suites)))))))
+       (plv-sommets-en-lignes (car suites) origine)))))
 
 ;; --- the command
 

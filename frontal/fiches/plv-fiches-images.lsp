@@ -3,14 +3,14 @@
 (defun plv-image-profil (profil elements) (list "" "profil" elements (if profil (plv-premiere-station profil) 0.0)))
 (defun plv-image-plan (titre elements) (list titre "plan" elements 0.0))
 
-(defun plv-traits (role lignes) "Lines of points as items." (mapcar '(lambda (ligne) (list "trait" role ligne)) lignes))
+(defun plv-image-traits (role lignes) "Lines of points as items." (mapcar '(lambda (ligne) (list "trait" role ligne)) lignes))
 
 (defun plv-traits-profil (profil)
   "Ground, planes and lines of a profile."
   (append
-    (plv-traits "plan" (plv-fiches-images:plans profil))
+    (plv-image-traits "plan" (plv-fiches-images:plans profil))
     (list (list "trait" "terrain" (mapcar '(lambda (p) (list (car p) (cadr p))) (plv-points-tn profil))))
-    (apply 'append (mapcar '(lambda (genre) (plv-traits "ligne" (plv-traits-de-ligne profil genre))) (plv-genres-du-projet profil)))))
+    (apply 'append (mapcar '(lambda (genre) (plv-image-traits "ligne" (plv-traits-de-ligne profil genre))) (plv-genres-du-projet profil)))))
 
 (defun plv-fiches-images:plans (profil / fin)
   (setq fin (plv-longueur-profil profil))

@@ -150,7 +150,13 @@
                                (mapcar '(lambda (e) (+ (car (plv-origine e)) largeur)) autres))))
     (+ (cadr origine) (plv-hauteur-profil profil))))
 
-(defun plv-legende (profil genre point / lots mesures)
+(defun plv-rangees-de-classes (profil genre / lots mesures)
+  "What lies between ground and line by classes of depth: (colour class length area volume), the total last; nil after a message."
+  (if (and (setq lots (plv-metres:lots (list profil) genre))
+           (setq mesures (plv-metres:avec-lots lots genre '(lambda () (plv-metres:mesurer lots genre nil nil)))))
+    (plv-legende:rangees (plv-mesure-troncons (car (plv-mesures-profils mesures))) (plv-mesures-classes mesures))))
+
+(defun plv-legende (profil genre point / rangees)
   "Measures a profile with the project line of a kind and places its legend (point nil: beside it). The block reference, or
 nil after a message."
   (setq genre (plv-genre genre))
@@ -158,11 +164,8 @@ nil after a message."
     ((not (plv-profil-sain profil)) nil)
     ((plv-refus-genre-projet genre) (plv-erreur (plv-refus-genre-projet genre)))
     ((not (plv-elements profil genre)) (plv-erreur (plv-refus-sans-ligne genre (list profil))))
-    ((and (setq lots (plv-metres:lots (list profil) genre))
-          (setq mesures (plv-metres:avec-lots lots genre '(lambda () (plv-metres:mesurer lots genre nil nil)))))
-     (plv-legende:placer profil genre
-       (plv-legende:rangees (plv-mesure-troncons (car (plv-mesures-profils mesures))) (plv-mesures-classes mesures))
-       (cond (point) ((plv-legende:place profil genre)))))))
+    ((setq rangees (plv-rangees-de-classes profil genre))
+     (plv-legende:placer profil genre rangees (cond (point) ((plv-legende:place profil genre)))))))
 
 (defun plv-legende:nom-libre (profil genre / racine nom n)
   "A name of a block that no other profile's legend shows."

@@ -14,7 +14,7 @@
 (defun plv-metres-fiche:avec-ligne (profils genre) (vl-remove-if-not '(lambda (p) (plv-elements p genre)) profils))
 
 (defun plv-metres-fiche:image (profil genre)
-  (plv-image-profil profil (append (plv-traits-profil profil) (plv-traits "projet" (plv-traits-de-ligne profil genre)))))
+  (plv-image-profil profil (append (plv-traits-profil profil) (plv-image-traits "projet" (plv-traits-de-ligne profil genre)))))
 
 (defun plv-metres-fiche:classes ()
   (strcat "Classes de profondeur: " (plv-joindre (plv-classes-profondeur) ", ") " (CUBPL les change)."))

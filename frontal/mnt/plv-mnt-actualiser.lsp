@@ -12,16 +12,19 @@
       (suites (setq suites (cons (append (car suites) (list (if (= (car g) 290) T (cdr g)))) (cdr suites))))))
   (reverse suites))
 
-(defun plv-mnt-demande-gardee (profil / suites)
+(defun plv-mnt-demande-gardee (profil)
   "The request that a profile came of; nil for another profile."
-  (if (setq suites (plv-mnt:suites (plv-enregistrement profil plv-mnt-enregistrement)))
+  (plv-mnt-demande-sous profil plv-mnt-enregistrement))
+
+(defun plv-mnt-demande-sous (profil cle-record / suites)
+  (if (setq suites (plv-mnt:suites (plv-enregistrement profil cle-record)))
     (cons (cons 'sources (mapcar 'cdr (vl-remove-if-not '(lambda (s) (eq (car s) 'source)) suites)))
           (mapcar '(lambda (s) (if (member (car s) '(inverse depart tolerance arete pres attribut zero)) (cons (car s) (cadr s)) s))
                   (vl-remove-if '(lambda (s) (eq (car s) 'source)) suites)))))
 
 ;; --- how far one ground is from another: (points that moved, greatest distance, its station)
 
-(defun plv-mnt:comparer (points ligne / n plus ou ecart)
+(defun plv-mnt-comparer (points ligne / n plus ou ecart)
   "Each point against the straight lines through the others."
   (setq n 0 plus 0.0)
   (foreach p points
@@ -40,7 +43,7 @@
     (max (min (cadr a) (cadr b)) (min (max (cadr a) (cadr b)) z))))
 
 (defun plv-mnt:dire-ecarts (profil anciens nouveaux / a b)
-  (setq a (plv-mnt:comparer nouveaux anciens) b (plv-mnt:comparer anciens nouveaux))
+  (setq a (plv-mnt-comparer nouveaux anciens) b (plv-mnt-comparer anciens nouveaux))
   (if (> (cadr b) (cadr a)) (setq a (cons (car a) (cdr b))))
   (plv-dire
     (if (and (<= (cadr a) plv-mnt:meme-altitude) (equal (car (plv-dernier anciens)) (car (plv-dernier nouveaux)) 1e-3))
@@ -67,10 +70,19 @@
     (strcat "le terrain commence maintenant à la station " (plv-reel (plv-cle 'origine terrain) 2) " au lieu de "
             (plv-reel (plv-premiere-station profil) 2) ": le profil ne peut pas suivre, faites-en un nouveau")))
 
-(defun plv-mnt-actualiser (profil / demande terrain anciens)
-  "Cuts the surface again; the profile, or nil after a message."
+(defun plv-mnt-actualisable-p (profil) (or (plv-mnt-demande-gardee profil) (plv-mnt-autres-gardes profil)))
+
+(defun plv-mnt-actualiser (profil / fait)
+  "Cuts the surfaces of the ground and of the further grounds again; the profile, or nil after a message."
   (cond
-    ((not (setq demande (plv-mnt-demande-gardee profil))) (plv-erreur "ce profil ne vient pas d'une surface: PLV-TERRAIN Nouveau en crée un"))
+    ((not (plv-profil-sain profil)) nil)
+    ((not (plv-mnt-actualisable-p profil)) (plv-erreur "ce profil ne vient pas d'une surface: PLV-TERRAIN Nouveau en crée un"))
+    (T
+     (setq fait (or (not (plv-mnt-demande-gardee profil)) (plv-mnt:actualiser-terrain profil (plv-mnt-demande-gardee profil))))
+     (if (and fait (vl-every '(lambda (terrain) (plv-mnt-actualiser-autre profil terrain)) (plv-mnt-autres-gardes profil))) profil))))
+
+(defun plv-mnt:actualiser-terrain (profil demande / terrain anciens)
+  (cond
     ((not (setq terrain (plv-mnt-lire demande))) nil)
     ((plv-mnt:refus-origine profil terrain) (plv-erreur (plv-mnt:refus-origine profil terrain)))
     (T

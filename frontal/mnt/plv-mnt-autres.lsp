@@ -41,23 +41,60 @@
   (if (or (= nom "") (= (strcase nom) "TN") (not (snvalid (strcat "PLV-TN-" nom))))
     (strcat "nom de terrain refusé: \"" nom "\"; des lettres, des chiffres, - et _ sont permis")))
 
+(defun plv-mnt:dire-sous-plan (profil terrain / d)
+  "Where it is first drawn below its plane."
+  (if (setq d (plv-terrain-sous-plan profil terrain))
+    (plv-dire (strcat "À la station " (plv-reel (+ (plv-premiere-station profil) d) 3) " le terrain " (plv-terrain-nom terrain)
+                      " est sous le plan de comparaison: PLV-PC en ajoute un plus bas."))))
+
 (defun plv-mnt-ajouter (profil nom role morceaux / faute)
   "Gives a profile a further ground, in place of one of that name; the profile, or nil after a message."
   (cond
+    ((not (plv-profil-sain profil)) nil)
     ((setq faute (plv-mnt:refus-nom nom)) (plv-erreur faute))
     ((not (setq morceaux (plv-mnt:dans-profil profil morceaux))) (plv-erreur (strcat "le terrain " nom " n'est nulle part sur le profil")))
     (T
      (plv-ecrire-terrains profil
-       (append (vl-remove (plv-terrain-nomme profil nom) (plv-terrains profil)) (list (plv-terrain nom role morceaux))))
+       (if (plv-terrain-nomme profil nom)
+         (subst (plv-terrain nom role morceaux) (plv-terrain-nomme profil nom) (plv-terrains profil))
+         (append (plv-terrains profil) (list (plv-terrain nom role morceaux)))))
      (plv-refaire-tables profil)
      (plv-dire (strcat "Terrain " nom ": " (plv-compte (apply '+ (mapcar 'length morceaux)) "point") ", de la station "
                        (plv-reel (+ (plv-premiere-station profil) (car (car (car morceaux)))) 2) " à "
                        (plv-reel (+ (plv-premiere-station profil) (car (plv-dernier (plv-dernier morceaux)))) 2) "."))
+     (plv-mnt:dire-sous-plan profil (plv-terrain-nomme profil nom))
      profil)))
 
+(defun plv-mnt-ajouter-surface (profil nom role demande / morceaux)
+  "Gives a profile the ground of a surface along its axis, and keeps the request; the profile, or nil after a message."
+  (if (and (setq morceaux (plv-mnt-morceaux-de-surface profil demande)) (plv-mnt-ajouter profil nom role morceaux))
+    (progn (plv-mnt-garder-sous profil (plv-mnt-cle-terrain nom) demande) profil)))
+
+;; --- cut again
+
+(defun plv-mnt-autres-gardes (profil)
+  "The further grounds that came of a surface."
+  (vl-remove-if-not '(lambda (terrain) (plv-enregistrement profil (plv-mnt-cle-terrain (plv-terrain-nom terrain)))) (plv-terrains profil)))
+
+(defun plv-mnt:dire-autre (terrain nouveau / anciens nouveaux ecarts)
+  (setq anciens (apply 'append (plv-terrain-morceaux terrain)) nouveaux (apply 'append (plv-terrain-morceaux nouveau))
+        ecarts (plv-mnt-comparer nouveaux anciens))
+  (if (> (cadr (plv-mnt-comparer anciens nouveaux)) (cadr ecarts)) (setq ecarts (cons (car ecarts) (cdr (plv-mnt-comparer anciens nouveaux)))))
+  (if (> (cadr ecarts) 1e-3)
+    (plv-dire (strcat "Terrain " (plv-terrain-nom terrain) ": de " (plv-reel (cadr ecarts) 3) " m au plus."))
+    (plv-dire (strcat "Terrain " (plv-terrain-nom terrain) ": il n'a pas changé."))))
+
+(defun plv-mnt-actualiser-autre (profil terrain / nom morceaux)
+  "Cuts the surface of a further ground again; the profile, or nil after a message."
+  (setq nom (plv-terrain-nom terrain))
+  (if (and (setq morceaux (plv-mnt-morceaux-de-surface profil (plv-mnt-demande-sous profil (plv-mnt-cle-terrain nom))))
+           (plv-mnt-ajouter profil nom (plv-terrain-role terrain) morceaux))
+    (progn (plv-mnt:dire-autre terrain (plv-terrain-nomme profil nom)) profil)))
+
 (defun plv-mnt-retirer (profil nom / terrain)
-  (if (setq terrain (plv-terrain-nomme profil nom))
+  (if (and (plv-profil-sain profil) (setq terrain (plv-terrain-nomme profil nom)))
     (progn
+      (dictremove (plv-dictionnaire profil) (plv-mnt-cle-terrain (plv-terrain-nom terrain)))
       (plv-ecrire-terrains profil (vl-remove terrain (plv-terrains profil)))
       (plv-refaire-tables profil)
       (plv-dire (strcat "Terrain " (plv-terrain-nom terrain) " retiré."))
@@ -74,17 +111,15 @@
       ((and (setq axe (plv-landxml-choisir-axe chemin)) (setq terrain (plv-landxml-choisir-terrain axe)))
        (plv-landxml-terrain chemin axe terrain)))))
 
-(defun plv-mnt-demander-ajout (/ profil nom role lu morceaux sources)
+(defun plv-mnt-demander-ajout (/ profil nom role lu sources)
   (if (setq profil (plv-choisir-profil))
     (progn
       (setq role (plv-demander-mot "Rôle" (plv-roles-terrain) "Rocher")
-            nom (plv-demander-texte "Nom du terrain" role)
-            morceaux
-             (if (= (plv-demander-mot "Le lire de" '("Surface" "Fichier") "Surface") "Fichier")
-               (if (setq lu (plv-mnt:lire-fichier)) (plv-mnt-morceaux-de-fichier profil lu))
-               (if (setq sources (plv-mnt-demander-sources))
-                 (plv-mnt-morceaux-de-surface profil (cons (cons 'sources sources) (plv-mnt-demander-options))))))
-      (if morceaux (plv-mnt-ajouter profil nom role morceaux)))))
+            nom (plv-demander-texte "Nom du terrain" role))
+      (if (= (plv-demander-mot "Le lire de" '("Surface" "Fichier") "Surface") "Fichier")
+        (if (setq lu (plv-mnt:lire-fichier)) (plv-mnt-ajouter profil nom role (plv-mnt-morceaux-de-fichier profil lu)))
+        (if (setq sources (plv-mnt-demander-sources))
+          (plv-mnt-ajouter-surface profil nom role (cons (cons 'sources sources) (plv-mnt-demander-options))))))))
 
 (defun plv-mnt-demander-retrait (/ profil noms)
   (if (setq profil (plv-choisir-profil))

@@ -123,8 +123,8 @@
 (defun plv-mnt-fiche:plan (lu axe)
   (plv-image-plan "en plan"
     (append
-      (plv-traits "surface" (mapcar '(lambda (tri) (mapcar '(lambda (p) (list (car p) (cadr p))) (append tri (list (car tri))))) (caddr lu)))
-      (if axe (plv-traits "axe" (list (plv-mnt-fiche:points axe)))))))
+      (plv-image-traits "surface" (mapcar '(lambda (tri) (mapcar '(lambda (p) (list (car p) (cadr p))) (append tri (list (car tri))))) (caddr lu)))
+      (if axe (plv-image-traits "axe" (list (plv-mnt-fiche:points axe)))))))
 
 (defun plv-mnt-fiche:points (axe)
   "An axis as points; an arc by its middle too."
@@ -139,7 +139,7 @@
     (list (plv-premiers (plv-dernier axe) 2))))
 
 (defun plv-mnt-fiche:coupe (terrain)
-  (list "profil" "profil" (plv-traits "terrain" (list (mapcar '(lambda (p) (list (car p) (cadr p))) (plv-cle 'points terrain)))) (plv-cle 'origine terrain)))
+  (list "profil" "profil" (plv-image-traits "terrain" (list (mapcar '(lambda (p) (list (car p) (cadr p))) (plv-cle 'points terrain)))) (plv-cle 'origine terrain)))
 
 (defun plv-mnt-fiche:dire (terrain)
   (list

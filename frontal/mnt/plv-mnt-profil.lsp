@@ -38,8 +38,12 @@
   (if valeur
     (cons (cons 1 (vl-symbol-name cle)) (mapcar 'plv-mnt:groupe (if (listp valeur) valeur (list valeur))))))
 
-(defun plv-mnt-garder (profil demande)
-  (plv-ecrire-enregistrement profil plv-mnt-enregistrement
+(defun plv-mnt-cle-terrain (nom) "Where the request of a further ground is kept." (strcat plv-mnt-enregistrement "_" (strcase nom)))
+
+(defun plv-mnt-garder (profil demande) (plv-mnt-garder-sous profil plv-mnt-enregistrement demande))
+
+(defun plv-mnt-garder-sous (profil cle-record demande)
+  (plv-ecrire-enregistrement profil cle-record
     (append
       (apply 'append
         (mapcar '(lambda (cle) (plv-mnt:groupes cle (plv-cle cle demande)))

@@ -147,7 +147,7 @@
 (defun plv-mnt:actualiser (/ profils)
   "One profile, or all that came of a surface."
   (if (setq profils (plv-demander-profils))
-    (mapcar 'plv-mnt-actualiser (cond ((vl-remove-if-not 'plv-mnt-demande-gardee profils)) (profils)))))
+    (mapcar 'plv-mnt-actualiser (cond ((vl-remove-if-not 'plv-mnt-actualisable-p profils)) (profils)))))
 
 (defun c:plv-terrain (/ mot)
   "Crée un profil où un axe en plan traverse une surface: points, lignes, faces, fichiers."

@@ -9,6 +9,7 @@
       (plv-champ-nombre "maximum" "Profondeur maximale" 1.6 2)
       '("depart" "Profondeur au départ, ou Libre" "texte" "Libre" nil)
       '("arrivee" "Profondeur à l'arrivée, ou Libre" "texte" "Libre" nil)
+      '("rondes" "Pentes rondes en %, ou rien" "texte" "" nil)
       '("contraintes" "Fichier de contraintes" "lire" "" "Contraintes (*.csv *.txt);;Tous (*)")
       '("prix" "Fichier des prix" "lire" "" "Prix (*.csv *.txt);;Tous (*)")
       '("remplacer" "Remplacer la ligne de ce genre" "oui" T nil)
@@ -19,6 +20,10 @@
 
 (defun plv-optimal-fiche:methode (valeurs) (plv-cle "methode" valeurs))
 
+(defun plv-optimal-fiche:pas (valeurs / pas)
+  (setq pas (plv-fiche-nombre valeurs "rondes"))
+  (if (and pas (> pas 0.0)) (* 0.01 pas)))
+
 (defun plv-optimal-fiche:libre-p (valeurs cle) (= (strcase (cond ((plv-cle cle valeurs)) (""))) "LIBRE"))
 
 (defun plv-optimal-fiche:fautes (valeurs / cles)
@@ -28,6 +33,7 @@
     (if (= (plv-optimal-fiche:methode valeurs) "Recherche")
       (mapcar '(lambda (cle) (list cle "la méthode Recherche demande une profondeur"))
         (vl-remove-if-not '(lambda (cle) (plv-optimal-fiche:libre-p valeurs cle)) '("depart" "arrivee"))))
+    (if (and (/= (plv-cle "rondes" valeurs) "") (not (plv-optimal-fiche:pas valeurs))) '(("rondes" "un nombre positif est attendu")))
     (if (and (= (plv-optimal-fiche:methode valeurs) "Coût") (not (plv-fiche-fichier valeurs "prix")))
       '(("prix" "le coût se calcule avec un fichier de prix")))))
 
@@ -45,12 +51,14 @@
                  (plv-optimal-fiche:bout profil valeurs "arrivee" (plv-longueur-profil profil))
                  (plv-fiche-nombre valeurs "minimum") (plv-fiche-nombre valeurs "maximum") contraintes
                  (= (plv-optimal-fiche:methode valeurs) "Approchée")))
-  (if (plv-cle "variante" valeurs) (plv-souhait-en-variante souhait) souhait))
+  (if (plv-cle "variante" valeurs) (setq souhait (plv-souhait-en-variante souhait)))
+  (if (plv-optimal-fiche:pas valeurs) (plv-souhait-rond souhait (plv-optimal-fiche:pas valeurs)) souhait))
 
 (defun plv-optimal-fiche:caches (valeurs profil)
   (append
     (if (/= (plv-optimal-fiche:methode valeurs) "Coût") '("prix"))
     (if (= (plv-optimal-fiche:methode valeurs) "Recherche") '("contraintes"))
+    (if (member (plv-optimal-fiche:methode valeurs) '("Coût" "Recherche")) '("rondes"))
     (if (member (plv-optimal-fiche:methode valeurs) '("Coût" "Recherche")) '("couloir"))
     (if (or (plv-cle "variante" valeurs) (not (plv-elements-du-projet profil (plv-cle "genre" valeurs)))) '("remplacer"))))
 
@@ -92,17 +100,19 @@
   (cond
     ((not proposition) (list nil nil "aucune ligne n'est trouvée"))
     ((and (plv-proposition-faute proposition) (not (plv-souhait-approchee souhait)))
-     (list (plv-traits "fenetre" (apply 'append (plv-proposition-fenetres proposition))) nil
+     (list (plv-image-traits "fenetre" (apply 'append (plv-proposition-fenetres proposition))) nil
            (plv-optimal:contradiction (plv-proposition-faute proposition) (plv-souhait-pentes souhait))))
     (T
      (list
-       (append (plv-traits "fenetre" (apply 'append (plv-proposition-fenetres proposition)))
-               (plv-traits "projet" (plv-proposition-lignes proposition)))
-       (plv-optimal-fiche:dire profil souhait (plv-proposition-lignes proposition) (plv-proposition-prouvee proposition)
-         (plv-reel (plv-proposition-aire proposition) 2))
+       (append (plv-image-traits "fenetre" (apply 'append (plv-proposition-fenetres proposition)))
+               (plv-image-traits "projet" (plv-proposition-lignes proposition)))
+       (append
+         (plv-optimal-fiche:dire (plv-proposition-lignes proposition) (plv-proposition-prouvee proposition)
+           (plv-reel (plv-proposition-aire proposition) 2))
+         (if (plv-souhait-pas souhait) (list (plv-optimal:dire-rondeur souhait proposition))))
        nil))))
 
-(defun plv-optimal-fiche:dire (profil souhait lignes prouvee aire)
+(defun plv-optimal-fiche:dire (lignes prouvee aire)
   (list
     (strcat (plv-compte (apply '+ (mapcar 'length lignes)) "sommet") (if prouvee "; aucune ligne de la bande n'en a moins." "."))
     (strcat "Aire entre le terrain et la ligne: " aire " m2.")))
@@ -115,7 +125,7 @@
     ((not (setq trouve (plv-optimal:demander-cout profil souhait (car prix)))) (list nil nil "le pas des altitudes est trop fin pour cette recherche"))
     ((not (car trouve)) (list nil nil (plv-optimal:impasse profil souhait (cadr trouve))))
     (T
-     (list (plv-traits "projet" (list (plv-optimal:sommets-cout (car trouve) (plv-premiere-station profil))))
+     (list (plv-image-traits "projet" (list (plv-optimal:sommets-cout (car trouve) (plv-premiere-station profil))))
            (list (strcat (plv-compte (length (car trouve)) "regard") ", coût " (plv-reel (car (cadr trouve)) 2) "."))
            nil))))
 

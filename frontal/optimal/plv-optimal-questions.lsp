@@ -52,28 +52,30 @@
   (if (and contraintes (= methode "Recherche")) (plv-dire "La méthode Recherche ne connaît que les deux profondeurs."))
   contraintes)
 
-;; how a line is to be found: (method constraints prices variant least-depth)
+;; how a line is to be found: (method constraints prices variant least-depth step-of-round-slopes)
 (defun plv-maniere-methode (maniere) (car maniere))
 (defun plv-maniere-contraintes (maniere) (cadr maniere))
 (defun plv-maniere-prix (maniere) (caddr maniere))
 (defun plv-maniere-variante (maniere) (cadddr maniere))
 (defun plv-maniere-minimum (maniere) (nth 4 maniere))
+(defun plv-maniere-pas (maniere) (nth 5 maniere))
 
-(defun plv-optimal:demander-maniere (/ methode contraintes prix variante reponse)
+(defun plv-optimal:demander-maniere (/ methode contraintes prix variante pas reponse)
   (setq methode "Sommets")
   (while (not (numberp reponse))
-    (initget "Méthode Contraintes Variante")
+    (initget "Méthode Contraintes Variante Rondes")
     (setq reponse
-      (plv-optimal:demander-profondeur "Profondeur minimale (un nombre négatif est une surélévation) ou [Méthode/Contraintes/Variante]" 0.8))
+      (plv-optimal:demander-profondeur "Profondeur minimale (un nombre négatif est une surélévation) ou [Méthode/Contraintes/Variante/Rondes]" 0.8))
     (cond
       ((= reponse "Méthode")
        (setq methode (plv-demander-mot "Méthode" '("Sommets" "Coût" "Approchée" "Recherche") methode))
        (if (= methode "Coût") (setq prix (plv-demander-prix))))
       ((= reponse "Contraintes") (setq contraintes (plv-demander-contraintes)))
+      ((= reponse "Rondes") (setq pas (* 0.01 (plv-demander-reel "Pentes rondes si possible, multiples en % de" 0.1))))
       ((= reponse "Variante")
        (setq variante (not variante))
        (plv-dire (if variante "La ligne sera gardée comme variante." "La ligne sera attachée au profil.")))))
-  (list methode (plv-optimal:sans-contraintes methode contraintes) prix variante reponse))
+  (list methode (plv-optimal:sans-contraintes methode contraintes) prix variante reponse pas))
 
 (defun plv-optimal:a-remplacer (profil genre / deja)
   "The entities that the new line replaces: those of the kind's project line, unless they are to stay."
@@ -89,6 +91,7 @@
         minimum (plv-maniere-minimum maniere)
         souhait (plv-souhait depart arrivee minimum maximum (plv-maniere-contraintes maniere) (= methode "Approchée")))
   (if (plv-maniere-variante maniere) (setq souhait (plv-souhait-en-variante souhait)))
+  (if (plv-maniere-pas maniere) (setq souhait (plv-souhait-rond souhait (plv-maniere-pas maniere))))
   (cond
     ((and (plv-maniere-variante maniere) (not (plv-optimal:place-variante-p profil))) nil)
     ((= methode "Recherche")

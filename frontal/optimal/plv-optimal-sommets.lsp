@@ -1,6 +1,6 @@
 ;; The line of fewest vertices: attached, told, and why fewer are impossible; or why there is no line.
 ;; Points are (distance altitude) in metres.
-;; Shared in the room: plv-optimal:contradiction plv-optimal:refus-souhait
+;; Shared in the room: plv-optimal:contradiction plv-optimal:refus-souhait plv-optimal:dire-rondeur
 
 ;; --- why there is none
 
@@ -71,9 +71,16 @@
   (setq pentes (apply 'append (mapcar '(lambda (suite) (mapcar 'plv-pente suite (cdr suite))) suites)))
   (plv-dire (strcat "Pentes de " (plv-reel (* 100.0 (apply 'min pentes)) 3) " à " (plv-reel (* 100.0 (apply 'max pentes)) 3) " %.")))
 
+(defun plv-optimal:dire-rondeur (souhait proposition / pas)
+  (setq pas (strcat (plv-reel (* 100.0 (plv-souhait-pas souhait)) 2) " %"))
+  (if (plv-souhait-rempli-p souhait proposition)
+    (strcat "Les pentes sont des multiples de " pas ", sans un sommet de plus.")
+    (strcat "Aucune ligne d'aussi peu de sommets n'est trouvée aux pentes multiples de " pas ".")))
+
 (defun plv-optimal-sommets:dire (proposition souhait suites origine / lignes)
   (setq lignes (plv-proposition-lignes proposition))
-  (if (plv-souhait-pentes souhait) (plv-optimal-sommets:dire-pentes suites))
+  (if (or (plv-souhait-pentes souhait) (plv-souhait-pas souhait)) (plv-optimal-sommets:dire-pentes suites))
+  (if (plv-souhait-pas souhait) (plv-dire (plv-optimal:dire-rondeur souhait proposition)))
   (plv-dire (strcat "Aire entre le terrain et la ligne: " (plv-reel (plv-proposition-aire proposition) 2) " m2; aucune ligne de la bande n'a moins de "
                     (plv-reel (plv-proposition-aire-moindre proposition) 2) " m2."))
   (if (cdr lignes) (plv-dire (strcat "Un mur du terrain arrête la ligne: elle est en " (itoa (length lignes)) " parties.")))

@@ -15,7 +15,7 @@
           (if (= (plv-variante-cout variante) "") "" (strcat ", coût " (plv-variante-cout variante)))))
 
 (defun plv-variantes-fiche:traits (profil variante choisie)
-  (plv-traits (if (eq variante choisie) "projet" "fenetre") (plv-variante-suites profil variante)))
+  (plv-image-traits (if (eq variante choisie) "projet" "fenetre") (plv-variante-suites profil variante)))
 
 (defun plv-variantes-fiche:regarder (valeurs / profil variantes choisie)
   (setq profil (plv-fiche-profil valeurs) variantes (plv-variantes profil)

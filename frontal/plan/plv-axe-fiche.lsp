@@ -29,7 +29,7 @@
     (cond
       ((cdr (plv-fiche-objets valeurs "axe")) '(("axe" "une seule polyligne est attendue")))
       ((not (plv-fiche-objets valeurs "axe")) '(("axe" "une polyligne du dessin est attendue"))))
-    (if axe (list (plv-image-plan "" (plv-traits "axe" (list (plv-axe-fiche:points axe))))))
+    (if axe (list (plv-image-plan "" (plv-image-traits "axe" (list (plv-axe-fiche:points axe))))))
     (if axe (list (plv-axe-fiche:en-mots profil axe)))
     nil nil))
 

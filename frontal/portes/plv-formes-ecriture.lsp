@@ -69,6 +69,17 @@ curve that needs none."
             (plv-formes:corps genre forme (plv-formes:largeur groupes))
             (if (assoc -3 groupes) (list (assoc -3 groupes))))))
 
+(defun plv-courbe-comme (entite modele / groupes)
+  "Gives a curve the shape of another one of its kind, to the last digit; it keeps its looks and keys."
+  (setq groupes (entget entite))
+  (entmod (append (plv-formes:tete groupes) '((100 . "AcDbEntity")) (plv-formes:communs groupes) (plv-formes:de-la-courbe (entget modele)))))
+
+(defun plv-formes:de-la-courbe (groupes)
+  "The groups behind those that every entity has."
+  (setq groupes (cdr (member '(100 . "AcDbEntity") groupes)))
+  (while (/= (caar groupes) 100) (setq groupes (cdr groupes)))
+  groupes)
+
 (defun plv-formes:tete (groupes)
   "The groups of an entity in front of those of its curve."
   (reverse (cdr (member '(100 . "AcDbEntity") (reverse groupes)))))

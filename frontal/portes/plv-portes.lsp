@@ -108,13 +108,14 @@ between which it is kept, nil for all of it."
 
 ;; --- the door of every command that attaches curves
 
-(defun plv-portes:verrouillee-p (entite)
+(defun plv-calque-verrouille-p (entite)
+  "Whether an entity stands on a locked layer."
   (= 4 (logand 4 (plv-cle 70 (tblsearch "LAYER" (plv-cle 8 (entget entite)))))))
 
 (defun plv-mise-a-ecrire (entite cadre bornes / mise)
   "The putting in form of a curve that will be written into the drawing."
   (setq mise (plv-mise-en-forme entite cadre bornes))
-  (if (and (listp mise) (plv-mise-mots mise) (plv-portes:verrouillee-p entite))
+  (if (and (listp mise) (plv-mise-mots mise) (plv-calque-verrouille-p entite))
     (strcat "calque " (plv-cle 8 (entget entite)) " verrouillé; à faire: " (plv-joindre (plv-mise-mots mise) ", "))
     mise))
 

@@ -2,7 +2,8 @@
 ;; Curves are read through the module (pl_glp, pl_yat); only their plane is decided here, section by section.
 ;; Shared in the room: plv-elements:cle
 
-(setq plv-elements:cle "ELEMS_PROJET_KAVEL" plv-elements:cle-du-projet "ELEMDUPROJET" plv-elements:cle-rayon "RAYON")
+(setq plv-elements:cle "ELEMS_PROJET_KAVEL" plv-elements:cle-du-projet "ELEMDUPROJET" plv-elements:cle-rayon "RAYON"
+      plv-elements:cle-mesure "MESURE")
 
 (setq plv-elements:courbes "LINE,*POLYLINE,SPLINE,ARC,CIRCLE,ELLIPSE,RAY,XLINE,HELIX,LEADER")
 
@@ -76,13 +77,18 @@
 (defun plv-rayon (entite) (plgxd entite plv-elements:cle-rayon))
 (defun plv-forme (entite) (cond ((plgxd entite "RACCORD")) ("C")))
 
-(defun plv-noter-raccord (entite rayon forme)
-  (plv-ecrire-cles entite (list (list plv-elements:cle-rayon (float rayon)) (list "RACCORD" forme))))
+(defun plv-mesure (entite)
+  "What was asked of it: R its radius, L its length; it keeps that when slopes change."
+  (cond ((plgxd entite plv-elements:cle-mesure)) ((= (plv-forme entite) "P") "L") ("R")))
+
+(defun plv-noter-raccord (entite rayon forme mesure)
+  (plv-ecrire-cles entite
+    (list (list plv-elements:cle-rayon (float rayon)) (list "RACCORD" forme) (list plv-elements:cle-mesure mesure))))
 
 (defun plv-cles-element (entite)
   "The keys of an element with their values, for a piece of it that has none."
   (vl-remove-if-not 'cadr
-    (mapcar '(lambda (c) (list c (plgxd entite c))) (list plv-elements:cle-du-projet plv-elements:cle-rayon "RACCORD"))))
+    (mapcar '(lambda (c) (list c (plgxd entite c))) (list plv-elements:cle-du-projet plv-elements:cle-rayon "RACCORD" plv-elements:cle-mesure))))
 
 ;; --- elements with their place: (from to plane-or-nil entity); nil for the plane of one that runs over several sections
 

@@ -46,14 +46,29 @@
   (if (setq morceau (car (vl-member-if '(lambda (m) (<= (- (caar m) 1e-6) d (+ (car (plv-dernier m)) 1e-6))) (plv-terrain-morceaux terrain))))
     (plv-altitude-ligne morceau d)))
 
+(defun plv-terrain-sous-plan (profil terrain / trouve a b)
+  "The first of its points that is drawn below its plane, as a distance; nil for none."
+  (foreach section (plv-sections-de-plan profil)
+    (foreach morceau (plv-terrain-morceaux terrain)
+      (setq a (max (plv-plan-debut section) (caar morceau)) b (min (plv-section-fin section) (car (plv-dernier morceau))))
+      (if (and (not trouve) (> (- b a) 1e-6))
+        (setq trouve (car (car (vl-member-if '(lambda (p) (< (cadr p) (- (plv-plan-altitude section) 1e-6))) (plv-ligne-entre morceau a b))))))))
+  trouve)
+
+(defun plv-terrains-effaces (profil)
+  "The further grounds of which nothing is drawn any more."
+  (if (and (plv-terrains profil) (not (vl-some 'plv-existe (plv-entites-enregistrees profil plv-terrains:traces)))) (plv-terrains profil)))
+
 ;; --- drawing
+
+(defun plv-terrains:nom-calque (terrain) (strcat "PLV-TN-" (strcase (plv-terrain-nom terrain))))
 
 (defun plv-terrains:calque (terrain / role)
   (setq role (cond ((assoc (plv-terrain-role terrain) plv-terrains:roles)) ((plv-dernier plv-terrains:roles))))
-  (plv-calque-propre (strcat "PLV-TN-" (strcase (plv-terrain-nom terrain))) (cadr role) (if (caddr role) plv-terrains:tirets "Continuous")))
+  (plv-calque-propre (plv-terrains:nom-calque terrain) (cadr role) (if (caddr role) plv-terrains:tirets "Continuous")))
 
-(defun plv-terrains:tracer-piece (cadre calque section morceau / a b)
-  "What of a piece stands over one section."
+(defun plv-tracer-sur-section (cadre calque section morceau / a b)
+  "A polyline through what of a piece stands over one section; nil for nothing."
   (setq a (max (plv-plan-debut section) (caar morceau)) b (min (plv-section-fin section) (car (plv-dernier morceau))))
   (if (> (- b a) 1e-6)
     (plv-polyligne calque (mapcar '(lambda (p) (plv-vers-dessin-sur cadre section (car p) (cadr p))) (plv-ligne-entre morceau a b)))))
@@ -66,6 +81,11 @@
     (setq calque (plv-terrains:calque terrain))
     (foreach morceau (plv-terrain-morceaux terrain)
       (foreach section sections
-        (setq traces (cons (plv-terrains:tracer-piece cadre calque section morceau) traces)))))
+        (setq traces (cons (plv-tracer-sur-section cadre calque section morceau) traces)))))
   (if (or traces (plv-enregistrement profil plv-terrains:traces))
     (plv-enregistrer-entites profil plv-terrains:traces (vl-remove nil traces))))
+
+(defun plv-traces-terrain (profil terrain / calque)
+  "What is drawn of a further ground, on the layer of its name."
+  (setq calque (plv-terrains:nom-calque terrain))
+  (vl-remove-if-not '(lambda (e) (and (plv-existe e) (= (plv-cle 8 (entget e)) calque))) (plv-entites-enregistrees profil plv-terrains:traces)))

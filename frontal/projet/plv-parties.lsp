@@ -1,5 +1,5 @@
 ;; From the vertices of a project line to its parts, left to right, in (distance altitude).
-;; A straight part is (from to points), a curved one (from to curve radius shape), see plv-raccords.
+;; A straight part is (from to points), a curved one (from to curve radius shape measure), see plv-raccords.
 
 (defun plv-partie-droite (a b) (list (car a) (car b) (list a b)))
 
@@ -9,6 +9,7 @@
 (defun plv-partie-courbe (partie) (caddr partie))
 (defun plv-partie-rayon (partie) (cadddr partie))
 (defun plv-partie-forme (partie) (nth 4 partie))
+(defun plv-partie-mesure (partie) (nth 5 partie))
 
 ;; --- vertices
 

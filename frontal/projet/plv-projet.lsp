@@ -2,7 +2,7 @@
 ;; Stations are those of the profile (distance plus the first station), altitudes in metres. Nothing is drawn before
 ;; everything has been understood.
 
-(defun plv-projet:faute (sommets longueur / faute precedent)
+(defun plv-faute-sommets (sommets longueur / faute precedent)
   "The text of what is wrong with vertices (distance altitude ...), nil for nothing."
   (foreach s sommets
     (if (not faute)
@@ -16,7 +16,7 @@
         precedent s)))
   (cond (faute) ((not (cdr sommets)) "deux points au moins sont attendus")))
 
-(defun plv-projet:demande (demande origine)
+(defun plv-demande-en-distances (demande origine)
   "A request with its distance from the profile's origin; a number alone is the radius of a circle."
   (cond
     ((not demande) nil)
@@ -27,11 +27,11 @@
 
 (defun plv-projet:sommet (sommet origine)
   "A vertex of stations as one of distances."
-  (list (- (car sommet) origine) (cadr sommet) (plv-projet:demande (plv-demande-de sommet) origine)))
+  (list (- (car sommet) origine) (cadr sommet) (plv-demande-en-distances (plv-demande-de sommet) origine)))
 
 (defun plv-projet:raccords (profil sommets)
   "The vertical curves, or the text of what can't be done."
-  (cond ((plv-projet:faute sommets (plv-longueur-profil profil))) ((plv-raccords sommets))))
+  (cond ((plv-faute-sommets sommets (plv-longueur-profil profil))) ((plv-raccords sommets))))
 
 (defun plv-projet (profil genre sommets / origine raccords entites)
   "Draws a project line of vertices (station altitude [request]) and attaches it to a kind of line; gives its entities,

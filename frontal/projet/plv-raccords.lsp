@@ -15,7 +15,7 @@
 
 (defun plv-demande-par-point-p (demande) (= (plv-demande-mesure demande) "P"))
 
-;; --- a vertical curve is (from to curve radius shape), which is also a curved part of plv-parties
+;; --- a vertical curve is (from to curve radius shape measure), which is also a curved part of plv-parties
 
 (defun plv-raccord-courbe (raccord) (caddr raccord))
 
@@ -76,7 +76,7 @@
      (if (and (plv-demande-par-point-p demande) (not (plv-raccords:passe-p courbe (plv-demande-point demande))))
        "le point n'est pas entre les pentes"
        (list (- (car sommet) (plv-raccords:tangente-avant tangentes)) (+ (car sommet) (plv-raccords:tangente-apres tangentes))
-             courbe rayon (plv-demande-forme demande))))))
+             courbe rayon (plv-demande-forme demande) (if (= (plv-demande-mesure demande) "L") "L" "R"))))))
 
 (defun plv-raccords:passe-p (courbe point / d)
   "T when the curve is at the point's altitude, to a tenth of a millimetre."

@@ -1,8 +1,8 @@
 ;; From what is drawn back to vertices: straight parts and vertical curves, in (distance altitude), become the vertices of
 ;; a project line with their requests. A vertical curve's vertex is where its end tangents meet.
 
-;; --- a span is a part by its ends: (from to start end) when straight, (from to start end second third radius shape) when
-;; curved; the points after the start and before the end give the tangents
+;; --- a span is a part by its ends: (from to start end) when straight, (from to start end second third radius shape
+;; measure) when curved; the points after the start and before the end give the tangents
 
 (defun plv-travee-depart (travee) (caddr travee))
 (defun plv-travee-arrivee (travee) (cadddr travee))
@@ -10,18 +10,20 @@
 (defun plv-travee-avant-dernier (travee) (nth 5 travee))
 (defun plv-travee-rayon (travee) (nth 6 travee))
 (defun plv-travee-forme (travee) (nth 7 travee))
+(defun plv-travee-mesure (travee) (nth 8 travee))
 (defun plv-travee-courbe-p (travee) (plv-travee-rayon travee))
 
 (defun plv-travee-droite (a b) (list (car a) (car b) a b))
 
-(defun plv-travee-courbe (points rayon forme)
+(defun plv-travee-courbe (points rayon forme mesure)
   "From the points of a curve."
-  (list (caar points) (car (plv-dernier points)) (car points) (plv-dernier points) (cadr points) (cadr (reverse points)) rayon forme))
+  (list (caar points) (car (plv-dernier points)) (car points) (plv-dernier points) (cadr points) (cadr (reverse points)) rayon forme mesure))
 
 (defun plv-sommets:travee (partie)
   "A part of plv-parties as a span."
   (if (plv-partie-courbe-p partie)
-    (plv-travee-courbe (mapcar 'plv-cubique-point (plv-partie-courbe partie)) (plv-partie-rayon partie) (plv-partie-forme partie))
+    (plv-travee-courbe (mapcar 'plv-cubique-point (plv-partie-courbe partie)) (plv-partie-rayon partie) (plv-partie-forme partie)
+      (plv-partie-mesure partie))
     (apply 'plv-travee-droite (plv-partie-points partie))))
 
 ;; --- vertices of spans
@@ -34,8 +36,18 @@
         d (/ (+ (- (cadr b) (cadr a)) (- (* p1 (car a)) (* p2 (car b)))) (- p1 p2)))
   (list d (+ (cadr a) (* p1 (- d (car a))))))
 
-(defun plv-sommets:demande (travee)
-  (if (= (plv-travee-forme travee) "P") (list "P" "L" (plv-longueur travee)) (list "C" "R" (plv-travee-rayon travee))))
+(defun plv-sommets:demande (travee / mesure)
+  "A circle by its radius, a parabola by its length, as files have it; behind it what was asked instead."
+  (setq mesure (if (= (plv-travee-forme travee) "P") "L" "R"))
+  (append (plv-sommets:mesuree travee mesure)
+          (if (/= (plv-travee-mesure travee) mesure) (cdr (plv-sommets:mesuree travee (plv-travee-mesure travee))))))
+
+(defun plv-sommets:mesuree (travee mesure)
+  (list (plv-travee-forme travee) mesure (if (= mesure "L") (plv-longueur travee) (plv-travee-rayon travee))))
+
+(defun plv-demande-voulue (demande)
+  "As it was asked."
+  (if (cdddr demande) (cons (car demande) (cdddr demande)) demande))
 
 (defun plv-sommets:suite-p (a b coupes)
   "T when b is only the other side of a change of plane in a."
@@ -50,7 +62,8 @@
 (defun plv-sommets:reunir (a b)
   (append (list (plv-debut a) (plv-fin b) (plv-travee-depart a) (plv-travee-arrivee b))
           (if (plv-travee-courbe-p a)
-            (list (plv-travee-second a) (plv-travee-avant-dernier b) (plv-travee-rayon a) (plv-travee-forme a)))))
+            (list (plv-travee-second a) (plv-travee-avant-dernier b) (plv-travee-rayon a) (plv-travee-forme a)
+                  (plv-travee-mesure a)))))
 
 (defun plv-sommets:joindre (travees coupes)
   "The spans with those that a change of plane has cut in one piece again."
@@ -83,11 +96,16 @@
 ;; --- the spans of a project line in the drawing
 
 (defun plv-sommets:points (e / forme)
-  "The points of a curve that is straight between them; nil for another."
-  (setq forme (plv-forme-de e))
-  (if (and (= (plv-type e) "POLYLINE") (listp forme) (not (plv-forme-polyligne-p forme)))
-    (plv-forme-en-points forme)
-    (plv-forme-droite forme)))
+  "The points of a curve that is straight between them; nil for another. The form of a spline takes an entity for a moment, which a mere
+look at a line must not make."
+  (if (not (plv-sommets:spline-p e))
+    (progn
+      (setq forme (plv-forme-de e))
+      (if (and (= (plv-type e) "POLYLINE") (listp forme) (not (plv-forme-polyligne-p forme)))
+        (plv-forme-en-points forme)
+        (plv-forme-droite forme)))))
+
+(defun plv-sommets:spline-p (e) (and (= (plv-type e) "SPLINE") (/= (plv-cle 71 (entget e)) 1)))
 
 (defun plv-sommets:raccord-p (e) (and (plv-rayon e) (= (plv-type e) "SPLINE")))
 
@@ -117,7 +135,7 @@
   (cond
     ((setq points (plv-sommets:points e)) (plv-sommets:droites (plv-sommets:lus cadre s points)))
     ((plv-sommets:raccord-p e)
-     (list (plv-travee-courbe (plv-sommets:lus cadre s (plv-cles 10 (entget e))) (plv-rayon e) (plv-forme e))))
+     (list (plv-travee-courbe (plv-sommets:lus cadre s (plv-cles 10 (entget e))) (plv-rayon e) (plv-forme e) (plv-mesure e))))
     (T (plv-sommets:droites (plv-sommets:echantillons profil s (plv-cadre-plans cadre))))))
 
 (defun plv-sommets:suivies-p (a b)

@@ -15,7 +15,7 @@
 
 (defun plv-trace:courbe (cadre plan partie / spline)
   (setq spline (plv-trace:spline cadre plan (plv-partie-courbe partie)))
-  (plv-noter-raccord spline (plv-partie-rayon partie) (plv-partie-forme partie))
+  (plv-noter-raccord spline (plv-partie-rayon partie) (plv-partie-forme partie) (plv-partie-mesure partie))
   spline)
 
 (defun plv-trace:section (cadre plan parties / points entites)

@@ -43,18 +43,36 @@
   (if (and (/= mesure "Aucun") (setq valeur (plv-saisie:demander-valeur mesure)))
     (cons (substr (plv-demander-mot "Forme" '("Circulaire" "Parabolique") "Circulaire") 1 1) valeur)))
 
+(defun plv-saisie:demander-sommets (profil maniere)
+  "The vertices (station altitude request) in one of the ways."
+  (cond ((= maniere "PEntes") (plv-saisie:demander-pentes))
+        ((= maniere "Dessiner") (plv-saisie:dessiner profil))
+        ((plv-saisie:demander-points))))
+
+(defun plv-saisie:dessiner (profil / origine)
+  (setq origine (plv-premiere-station profil))
+  (mapcar '(lambda (s) (cons (+ origine (car s)) (cdr s))) (plv-dessiner-sommets profil)))
+
 (defun c:plv-projet (/ profil genre maniere sommets chemin)
   "Trace une ligne de projet et l'attache au profil, par sommets tapés, désignés ou lus dans un fichier."
   (if (setq profil (plv-choisir-profil))
     (progn
       (setq genre (plv-demander-genre "Projet")
-            maniere (plv-demander-mot "Tracer par" '("POints" "PEntes" "Fichier" "Existante") "POints"))
+            maniere (plv-demander-mot "Tracer par" '("POints" "PEntes" "Dessiner" "Fichier" "Existante") "POints"))
       (cond
         ((= maniere "Fichier")
          (if (setq chemin (plv-demander-fichier "Fichier du projet")) (plv-projet-fichier profil genre chemin)))
         ((= maniere "Existante")
          (plv-dire "Courbes du projet:")
          (plv-projet-existant profil genre (ssget)))
-        ((setq sommets (if (= maniere "PEntes") (plv-saisie:demander-pentes) (plv-saisie:demander-points)))
+        ((setq sommets (plv-saisie:demander-sommets profil maniere))
          (plv-projet profil genre sommets)))))
+  (princ))
+
+(defun c:plv-dessiner (/ profil genre sommets)
+  "Dessine une ligne de projet à la souris, sommet par sommet, ses nombres tapés à tout moment."
+  (if (setq profil (plv-choisir-profil))
+    (progn
+      (setq genre (plv-demander-genre "Projet"))
+      (if (setq sommets (plv-saisie:dessiner profil)) (plv-projet profil genre sommets))))
   (princ))

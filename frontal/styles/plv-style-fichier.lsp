@@ -107,17 +107,10 @@
     ((reverse rangees))
     (T (plv-erreur (strcat chemin ": aucune rangée de style")))))
 
-(defun plv-style:dossier ()
-  "The settings folder; empty when it isn't known."
-  (cond ((getenv "KAVEL_CHEMIN"))
-        ((getenv "XDG_DATA_HOME") (strcat (getenv "XDG_DATA_HOME") "/kavel"))
-        ((getenv "HOME") (strcat (getenv "HOME") "/.local/share/kavel"))
-        ("")))
-
 (defun plv-fichier-de-style (nom / livre)
   "The path of a style: one's own in the folder styles of the settings, a shipped one, or a file; nil after a message."
   (setq livre (car (vl-member-if '(lambda (l) (= (strcase (car l)) (strcase nom))) plv-style:livres)))
   (cond
-    ((findfile (strcat (plv-style:dossier) "/styles/" nom ".txt")))
+    ((findfile (strcat (plv-dossier-reglages) "/styles/" nom ".txt")))
     ((if livre (findfile (cadr livre))))
     ((plv-fichier-existant nom))))

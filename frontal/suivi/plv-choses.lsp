@@ -23,6 +23,12 @@
      plv-choses:textes plv-choses:cotes nil plv-refaire-cotes (plv-lever-cotes plv-remettre-cotes))
     ("HABILLAGE" plv-choses:mots-habillage ("style" "echelle" "textes" "plans" "origine" "terrain" "terrains" "projets" "blocs")
      plv-choses:habillage nil nil plv-refaire-habillages nil)
+    ("RESEAU" plv-choses:mots-reseau ("echelle" "textes" "plans" "reseau")
+     plv-choses:reseau nil nil plv-refaire-reseaux nil)
+    ("TRANCHEES" plv-choses:mots-tranchees ("echelle" "plans" "reseau" "tranchees")
+     plv-choses:tranchees nil plv-choses:sans-reseau plv-refaire-tranchees nil)
+    ("COUPES" plv-choses:mots-coupes ("echelle" "textes" "reseau" "tranchees")
+     plv-choses:coupes nil plv-choses:sans-reseau plv-refaire-coupes nil)
     ("HACHURES" plv-choses:mots-hachures ("classes" "contours" "arcs-lignes" "sol-contours" "plans-lignes")
      plv-choses:surfaces plv-choses:hachures plv-choses:sans-ligne plv-refaire-hachures nil)
     ("LEGENDE" plv-choses:mots-legende ("numero" "textes" "classes" "lignes-jointes" "arcs-lignes" "sol-lignes")
@@ -31,12 +37,16 @@
      plv-choses:portees plv-choses:plan plv-choses:sans-axe plv-refaire-plan nil)
     ("CLASSEUR" plv-choses:mots-classeur ("fichier" "numero" "origine" "classes" "lignes" "arcs-lignes" "sol-lignes" "fixes")
      plv-choses:du-fichier nil plv-choses:sans-ligne plv-refaire-classeurs nil)
+    ("BORDEREAU" plv-choses:mots-bordereau ("fichier" "numero" "reseau" "tranchees" "prix")
+     plv-choses:du-fichier nil plv-choses:sans-reseau plv-refaire-bordereaux nil)
     ("EXPORT" plv-choses:mots-export plv-choses:sources-export
      plv-choses:du-fichier nil plv-choses:sans-projet plv-refaire-exports nil)
+    ("PAGE" plv-choses:mots-page ("fichier" "numero" "origine" "terrain" "terrains" "plans" "projets" "blocs")
+     plv-choses:du-fichier nil nil plv-refaire-pages nil)
     ("FEUILLES" plv-choses:mots-feuilles ("fichier" "numero" "dessin")
      plv-choses:du-fichier nil nil plv-refaire-feuilles nil)))
 
-(setq plv-choses-fichiers '("CLASSEUR" "EXPORT" "FEUILLES"))
+(setq plv-choses-fichiers '("CLASSEUR" "BORDEREAU" "EXPORT" "PAGE" "FEUILLES"))
 
 (defun plv-chose-fichier-p (fait) (member (plv-fait-chose fait) plv-choses-fichiers))
 
@@ -139,6 +149,22 @@
 (defun plv-choses:mots-habillage (profil fait) "Grille, libellés et légende des lignes")
 (defun plv-choses:habillage (profil fait) (plv-entites-habillage profil))
 
+;; --- networks
+
+(defun plv-choses:mots-reseau (profil fait) (strcat "Réseau " (plv-fait-genre fait)))
+(defun plv-choses:reseau (profil fait) (plv-traces-reseau profil (plv-fait-genre fait)))
+
+(defun plv-choses:mots-tranchees (profil fait) (strcat "Tranchées " (plv-fait-genre fait)))
+(defun plv-choses:tranchees (profil fait) (plv-traces-tranchees profil (plv-fait-genre fait)))
+
+(defun plv-choses:mots-coupes (profil fait) (strcat "Coupes de tranchées " (plv-fait-genre fait)))
+(defun plv-choses:coupes (profil fait) (plv-traces-coupes profil (plv-fait-genre fait)))
+
+(defun plv-choses:sans-reseau (profil fait)
+  (cond
+    ((not (plv-reseau-rangees profil (plv-fait-genre fait))) (strcat "il n'y a plus de réseau " (plv-fait-genre fait)))
+    ((not (plv-tranchees-regles profil (plv-fait-genre fait))) (strcat "il n'y a plus de règles de tranchées " (plv-fait-genre fait)))))
+
 ;; --- quantities
 
 (defun plv-choses:mots-hachures (profil fait) (strcat "Hachures " (plv-fait-genre fait)))
@@ -170,7 +196,9 @@
   (if (and (= (plv-fait-profil fait) (plv-handle profil)) (findfile (plv-fait-fichier fait))) (list profil)))
 
 (defun plv-choses:mots-classeur (profil fait) (strcat "Classeur " (plv-fait-fichier fait)))
+(defun plv-choses:mots-bordereau (profil fait) (strcat "Bordereau " (plv-fait-fichier fait)))
 (defun plv-choses:mots-export (profil fait) (strcat "Export " (plv-fait-fichier fait)))
+(defun plv-choses:mots-page (profil fait) (strcat "Page " (plv-fait-fichier fait)))
 (defun plv-choses:mots-feuilles (profil fait) (strcat "Feuilles " (plv-fait-fichier fait)))
 
 (defun plv-choses:sources-export (profil fait / contenu)

@@ -78,6 +78,16 @@
 
 (defun plv-refaire-habillages (profil faits) (plv-rehabiller profil) T)
 
+;; --- networks
+
+(defun plv-refaire-reseaux (profil faits) (vl-every '(lambda (f) (plv-dessiner-reseau profil (plv-fait-genre f))) faits))
+
+(defun plv-refaire-tranchees (profil faits)
+  (vl-every '(lambda (f) (plv-hachurer-tranchees profil (plv-fait-genre f) (= (car (plv-fait-reponses f)) "Tout"))) faits))
+
+(defun plv-refaire-coupes (profil faits)
+  (vl-every '(lambda (f) (plv-couper-tranchees profil (plv-fait-genre f) (plv-coupes-point profil (plv-fait-reponses f)))) faits))
+
 ;; --- quantities
 
 (defun plv-refaire-hachures (profil faits)
@@ -102,6 +112,11 @@
 (defun plv-refaire-classeurs (profil faits)
   (vl-every '(lambda (f) (plv-metrer (plv-refaire:profils f) (plv-fait-genre f) (plv-fait-fichier f) nil nil)) faits))
 
+(defun plv-refaire-bordereaux (profil faits)
+  (vl-every
+    '(lambda (f) (plv-tranchees-classeur (plv-bordereau-couples (plv-fait-reponses f)) (plv-fait-fichier f) (plv-bordereau-prix (plv-fait-reponses f))))
+    faits))
+
 (defun plv-refaire-exports (profil faits)
   (vl-every
     '(lambda (f)
@@ -110,6 +125,9 @@
          ((= (plv-fait-genre f) "Terrain") (plv-export-terrain profil (plv-fait-fichier f)))
          (T (plv-export-projet profil (plv-fait-genre f) (plv-fait-fichier f)))))
     faits))
+
+(defun plv-refaire-pages (profil faits)
+  (vl-every '(lambda (f) (plv-page (plv-refaire:profils f) (plv-fait-fichier f))) faits))
 
 (defun plv-refaire-feuilles (profil faits)
   (vl-every

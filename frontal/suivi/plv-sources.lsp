@@ -41,6 +41,10 @@
     ("lignes-jointes" "la ligne mesurée" plv-sources:lignes-jointes)
     ("sol-lignes" "le terrain naturel" plv-sources:sol-lignes)
     ("plans-lignes" "les plans de comparaison" plv-sources:plans-lignes)
+    ("reseau" "le réseau, sa ligne ou le terrain" plv-sources:reseau)
+    ("reseau-ecrit" "le réseau, sa ligne ou le terrain" plv-sources:reseau-ecrit)
+    ("tranchees" "les types de tranchées, ou un sol qu'ils nomment" plv-sources:tranchees)
+    ("prix" "les prix" plv-sources:prix)
     ("classes" "les classes de profondeur" plv-sources:classes)
     ("fixes" "les éléments fixes" plv-sources:fixes)
     ("numero" "le numéro du profil" plv-sources:numero)
@@ -252,6 +256,21 @@
       (mapcar '(lambda (s) (list (max (plv-plan-debut s) (plv-debut etendue)) (plv-plan-altitude s)))
         (vl-remove-if '(lambda (s) (or (<= (plv-section-fin s) (plv-debut etendue)) (>= (plv-plan-debut s) (plv-fin etendue))))
           (plv-sections-de-plan profil))))))
+
+(defun plv-sources:reseau (profil fait) (list (plv-reseau-lu profil (plv-fait-genre fait))))
+
+(defun plv-sources:reseau-ecrit (profil fait)
+  "What a row shows."
+  (list (plv-premiere-station profil) (plv-reseau-de-rangee profil (plv-rangee-infos (plv-sources:rangee fait)))))
+
+(defun plv-sources:tranchees (profil fait / genre)
+  "The rules, the ground of the profile, and the others that the rules name."
+  (setq genre (plv-fait-genre fait))
+  (list (plv-tranchees-regles profil genre) (plv-points-tn profil) (plv-tranchees-sols profil genre)))
+
+(defun plv-sources:prix (profil fait / chemin)
+  "Of a file that isn't there nothing is known."
+  (if (setq chemin (findfile (cond ((car (plv-fait-reponses fait))) ("")))) (plv-lire-lignes chemin)))
 
 (defun plv-sources:classes (profil fait) (plv-sources:lire (list "classes") '(lambda () (list (plv-classes-profondeur)))))
 

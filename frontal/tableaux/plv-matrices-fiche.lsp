@@ -81,7 +81,7 @@
 (defun plv-matrices-fiche:trait-rangee (profil rangee y h points / milieu)
   (setq milieu (- y (* 0.5 h) 4.0))
   (append
-    (plv-traits "autre"
+    (plv-image-traits "autre"
       (list (plv-matrices-fiche:cadre 0.0 y plv-matrices-fiche:titres (- y h))
             (plv-matrices-fiche:cadre plv-matrices-fiche:titres y 590.0 (- y h))))
     (list (list "texte" "autre" (list 3.0 milieu) (nth 4 rangee)))

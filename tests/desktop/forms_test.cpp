@@ -84,4 +84,22 @@ TEST_F(FormWindow, TheFormStepsAsideWhileAnObjectIsPicked) {
   EXPECT_TRUE(lisp("(if (plv-axe-plan (car (plv-profils))) T)").toBool());
 }
 
+// A vertex is moved by a command: the dimensions follow without being asked for, until the step is undone.
+TEST_F(FormWindow, WhatIsStaleIsMadeAnewAfterEachCommandWhenThatIsWanted) {
+  driver.type("(plv-projet (car (plv-profils)) \"Projet\" '((0.0 140.0) (400.0 122.0)))")
+      .type("(plv-coter (car (plv-profils)) \"Projet\" 0.0 \"Toutes\" (plv-elements (car (plv-profils)) \"Projet\"))")
+      .play();
+  const char* const stale = "(if (plv-perimees (plv-profils)) 1 0)";
+  driver.type("(command \"_.MOVE\" (car (plv-elements (car (plv-profils)) \"Projet\")) \"\" '(0 0) '(0 5))").play();
+  EXPECT_EQ(lisp(stale).toInt(), 1);
+  driver.menu("Mettre à jour après chaque commande")
+      .type("(command \"_.MOVE\" (car (plv-elements (car (plv-profils)) \"Projet\")) \"\" '(0 0) '(0 5))");
+  driver.play();
+  until([&] { return lisp(stale).toInt() == 0 && !window.drawing()->isRunning(); });
+  EXPECT_EQ(lisp(stale).toInt(), 0);
+  driver.type("U").play();
+  EXPECT_EQ(lisp(stale).toInt(), 1) << "what was undone stays undone";
+  driver.menu("Mettre à jour après chaque commande").play();
+}
+
 }  // namespace

@@ -10,7 +10,16 @@ void DesktopSource::begin(std::vector<Order> orders) {
   lines_.clear();
 }
 
+// A program has stopped following the cursor.
+void DesktopSource::release() {
+  if (!following_) return;
+  prompt_ = std::move(following_->outer);
+  following_.reset();
+  answer_.reset();
+}
+
 Input DesktopSource::next(const PromptInfo& prompt) {
+  if (!prompt.tracks) release();
   if (!lines_.empty()) {
     Input line = Input::line(std::move(lines_.front()));
     lines_.pop_front();
@@ -31,20 +40,38 @@ Input DesktopSource::next(const PromptInfo& prompt) {
     return {};
   }
   if (abandoned_) return Input::cancel();
+  return waited(prompt);
+}
+
+// Between two places of the cursor the prompt goes on waiting, and nobody is told: there are many in a second.
+Input DesktopSource::waited(const PromptInfo& prompt) {
+  const bool goesOn = following_.has_value();
+  std::optional<PromptInfo> outer;
+  if (goesOn) {
+    outer = std::move(following_->outer);
+    following_.reset();
+  } else {
+    outer = std::exchange(prompt_, prompt);
+    answer_.reset();
+    if (onPrompt) onPrompt();
+  }
   QEventLoop loop;
   QEventLoop* const outerLoop = std::exchange(loop_, &loop);
-  std::optional<PromptInfo> outer = std::exchange(prompt_, prompt);
-  answer_.reset();
-  if (onPrompt) onPrompt();
   if (!answer_) loop.exec();
   loop_ = outerLoop;
+  Input answer = std::exchange(answer_, std::nullopt).value_or(Input::cancel());
+  if (answer.kind == Input::Kind::move) {
+    following_ = Following{std::move(outer)};
+    return answer;
+  }
   prompt_ = std::move(outer);
   if (onPrompt) onPrompt();
-  return std::exchange(answer_, std::nullopt).value_or(Input::cancel());
+  return answer;
 }
 
 void DesktopSource::answer(Input input) {
-  if (!prompt_ || answer_) return;
+  // A later answer takes the place of one that only told where the cursor was.
+  if (!prompt_ || (answer_ && answer_->kind != Input::Kind::move)) return;
   answer_ = std::move(input);
   if (loop_) loop_->quit();
 }

@@ -38,7 +38,16 @@ class DesktopSource final : public InputSource {
 
   std::function<void()> onPrompt;  // a prompt has begun or ended waiting
 
+  // Whether a program follows the cursor, also while it works on one of its places.
+  bool follows() const { return prompt_ && prompt_->tracks; }
+
  private:
+  struct Following {
+    std::optional<PromptInfo> outer;  // the prompt that waits behind the one of the cursor
+  };
+  void release();
+  Input waited(const PromptInfo& prompt);
+  std::optional<Following> following_;  // between two places of the cursor
   std::string running_;
   std::deque<Order> orders_;
   std::deque<std::string> lines_;  // the answers of the running order, and what was typed ahead

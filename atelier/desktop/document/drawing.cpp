@@ -129,6 +129,7 @@ void Drawing::run() {
       document_->fail(error.what());
     }
   }
+  ended = commandName();
   running_ = false;
   if (onPrompt) onPrompt();
   if (onDone) onDone();
@@ -140,6 +141,10 @@ void Drawing::run() {
 }
 
 void Drawing::pick(const AcGePoint3d& point) { source_.answer(Input::pick(point)); }
+
+void Drawing::follow(const AcGePoint3d& point) {
+  if (source_.follows()) source_.answer(Input::move(point));
+}
 
 void Drawing::cancel() {
   later_.clear();

@@ -43,6 +43,8 @@ class Drawing : public QObject {
   // Carries orders out, as soon as the event loop is reached; a running command is cancelled first.
   void feed(const std::vector<Order>& orders);
   void pick(const AcGePoint3d& point);
+  // The cursor has moved: a program that follows it is told.
+  void follow(const AcGePoint3d& point);
   void cancel();
   bool isRunning() const { return running_; }
   // The name of the running command; empty when there is none.
@@ -63,6 +65,7 @@ class Drawing : public QObject {
   std::function<void()> onReplaced;  // a command has opened another drawing in place of this one
   QString untitled = QStringLiteral("Dessin1.dxf");
   QString lastLine;  // Enter at the command prompt runs it again
+  QString ended;     // the name of the command that ended last
 
  private:
   class Replacement;

@@ -18,6 +18,7 @@ constexpr int kVisibleLines = 5;
 // The prompt as rich text: keywords to click are links.
 QString marked(const PromptInfo& prompt) {
   QString text = QString::fromStdString(prompt.text).trimmed().toHtmlEscaped();
+  if (prompt.tracks) text = QStringLiteral("Cliquez ou tapez");
   for (const std::string& word : prompt.keywords) {
     const QString keyword = QString::fromStdString(word);
     const QString escaped = keyword.toHtmlEscaped();

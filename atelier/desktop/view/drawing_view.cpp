@@ -94,8 +94,18 @@ void DrawingView::frame(std::vector<AcDbExtents> stale) {
   update();
 }
 
+void DrawingView::point(std::optional<AcGePoint3d> at) {
+  pointed_ = at;
+  if (at && !rect().adjusted(20, 20, -20, -20).contains(viewport().pixel(*at).toPoint())) {
+    drawing_.document().view().centre = {at->x, at->y, 0};
+    settleView();
+  }
+  update();
+}
+
 void DrawingView::startAnew() {
   space_ = nullptr;
+  pointed_.reset();
   views_.clear();
   windowStart_.reset();
   snap_.reset();
@@ -185,11 +195,11 @@ void DrawingView::paintEvent(QPaintEvent*) {
   marks.frames(stale_);
   marks.list(hovered_, Emphasis::hover);
   marks.list(selected_, Emphasis::selected);
-  const Transients& transients = drawing_.document().transients();
   takeHighlighted();
   marks.list(highlightedShown_, Emphasis::highlighted);
-  marks.transients(transients);
+  marks.transients(transients());
   if (!drawing_.isRunning()) marks.grips(grips_, hotGrip_);
+  if (pointed_) marks.pointed(*pointed_);
   if (cursor_) drawCursor(marks);
 }
 
@@ -230,6 +240,8 @@ void DrawingView::drawCursor(ViewMarks& marks) {
   if (snap_) marks.snap(*snap_);
   marks.crosshair(at, pickRadius(drawing_.document()) / viewport().unitsPerPixel);
   if (!hint_.isEmpty() && under_.chosen()) marks.note(at + QPointF(16, 16), hint_);
+  if (prompt && prompt->tracks && !transients().note.empty())
+    marks.notes(at + QPointF(16, 16), QString::fromStdString(transients().note).split(" | "));
   if (!prompt || !prompt->wantsPoint) return;
   const AcGePoint3d p = aim_;
   QString text = QString("%1 , %2").arg(p.x, 0, 'f', 3).arg(p.y, 0, 'f', 3);

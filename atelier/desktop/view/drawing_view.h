@@ -9,9 +9,9 @@
 #include "atelier/desktop/document/drawing.h"
 #include "atelier/desktop/picture/scene_painter.h"
 #include "atelier/desktop/view/grips.h"
-#include "atelier/selecting/snaps.h"
 #include "atelier/desktop/view/under_cursor.h"
 #include "atelier/desktop/view/view_marks.h"
+#include "atelier/selecting/snaps.h"
 
 namespace atelier::desktop {
 
@@ -35,6 +35,8 @@ class DrawingView : public QWidget {
   // What isn't true any more is framed, over the picture only: it is never plotted.
   void frame(std::vector<AcDbExtents> stale);
   const std::vector<AcDbExtents>& framed() const { return stale_; }
+  // Marks a place, and brings it into sight; nowhere takes the mark away.
+  void point(std::optional<AcGePoint3d> at);
   // The picture as it is painted, without what lies over it: crosshair, grips, what a few selected objects look like.
   const QImage& picture() const { return picture_.image; }
   // The point that a click there would give, snapped while a prompt asks for a point.
@@ -47,6 +49,9 @@ class DrawingView : public QWidget {
 
   std::function<void(const AcGePoint3d&)> onMoved;
   std::function<void()> onSelection;
+  // The grips of an entity that a program moves as part of something larger; nothing for any other. A press on one is told.
+  std::function<std::vector<AcGePoint3d>(AcDbStub*)> onGrips;
+  std::function<void(AcDbStub*, const AcGePoint3d&)> onGripTaken;
   // Gives up what is under way: a window, a grip, the running command; then the selection.
   void escape();
   // Whether another entity lies under the cursor; it is then what a click takes.
@@ -91,6 +96,7 @@ class DrawingView : public QWidget {
   void show(const std::vector<AcDbStub*>& entities, Emphasis emphasis, render::DisplayList& few, Part& many) const;
   void drawPicture(QPainter& painter, const Viewport& viewport);
   void drawCursor(class ViewMarks& marks);
+  const Transients& transients() const { return drawing_.document().transients(); }
 
   Drawing& drawing_;
   AcDbStub* space_ = nullptr;        // that is shown
@@ -101,6 +107,7 @@ class DrawingView : public QWidget {
   std::vector<AcDbStub*> selection_, highlighted_;
   render::DisplayList selected_, hovered_, highlightedShown_;
   std::vector<AcDbExtents> stale_;
+  std::optional<AcGePoint3d> pointed_;
   Part manySelected_, manyHighlighted_;  // too many to be drawn anew with each move of the cursor: in the picture
   UnderCursor under_;
   QString hint_;
@@ -109,6 +116,7 @@ class DrawingView : public QWidget {
   std::optional<std::size_t> hotGrip_;
   std::optional<AcGePoint3d> windowStart_;
   QPointF windowPressed_;
+  std::optional<QPointF> gripPressed_;  // of a program: put down by a release elsewhere, or by a further click
   std::optional<QPointF> cursor_, panFrom_;
   std::optional<Snap> snap_;
   AcGePoint3d aim_;  // the point that a click at the cursor gives

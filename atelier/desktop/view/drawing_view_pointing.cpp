@@ -2,6 +2,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <cmath>
+#include <utility>
 
 #include "atelier/desktop/view/drawing_view.h"
 #include "atelier/selecting/selections.h"
@@ -11,7 +12,7 @@ namespace {
 
 constexpr double kZoomStep = 1.25;
 constexpr double kGripReach = 6, kSnapReach = 12, kSamePlace = 3;  // pixels
-constexpr std::size_t kMostGrips = 300;
+constexpr std::size_t kMostGrips = 300, kMostAsked = 20;
 constexpr int kHoverDelay = 40;  // milliseconds
 
 }  // namespace
@@ -22,6 +23,10 @@ void DrawingView::updateGrips() {
   if (drawing_.isRunning()) return;
   for (AcDbStub* stub : selection_) {
     if (grips_.size() > kMostGrips) break;
+    const std::vector<AcGePoint3d> given =
+        onGrips && selection_.size() <= kMostAsked ? onGrips(stub) : std::vector<AcGePoint3d>();
+    for (const AcGePoint3d& at : given) grips_.push_back({idOf(stub), kOfProgram, at});
+    if (!given.empty()) continue;
     for (const Grip& grip : gripsOf(idOf(stub))) grips_.push_back(grip);
   }
 }
@@ -109,7 +114,7 @@ void DrawingView::click(QPointF pixel, bool removing) {
     // A set that is being collected goes on through what lies there; one entity is taken once.
     if (const auto set = drawing_.document().pendingSelection.lock(); set && again && prompt->wantsEntity)
       passOver(*set);
-    if (prompt->wantsPoint || prompt->wantsEntity)
+    if (prompt->wantsPoint || prompt->wantsEntity || prompt->tracks)
       drawing_.pick(prompt->wantsPoint ? pointAt(pixel) : viewport().world(pixel));
     return;
   }
@@ -128,6 +133,10 @@ void DrawingView::clickIdle(QPointF pixel, bool removing, bool again) {
   }
   if (windowStart_) return endWindow(pixel, removing);
   if (const auto grip = gripAt(pixel); grip && !removing) {
+    if (grips_[*grip].index == kOfProgram) {
+      gripPressed_ = pixel;
+      return onGripTaken(grips_[*grip].entity, grips_[*grip].at);
+    }
     hotGrip_ = grip;
     update();
     return;
@@ -181,6 +190,11 @@ void DrawingView::mouseReleaseEvent(QMouseEvent* event) {
   const QPointF moved = event->position() - windowPressed_;
   if (event->button() == Qt::LeftButton && windowStart_ && std::hypot(moved.x(), moved.y()) > kGripReach)
     endWindow(event->position(), event->modifiers() & Qt::ShiftModifier);
+  if (event->button() == Qt::LeftButton && gripPressed_) {
+    const QPointF dragged = event->position() - *std::exchange(gripPressed_, std::nullopt);
+    if (std::hypot(dragged.x(), dragged.y()) > kGripReach && drawing_.source().follows())
+      drawing_.pick(viewport().world(event->position()));
+  }
   update();
 }
 
@@ -202,6 +216,7 @@ void DrawingView::mouseMoveEvent(QMouseEvent* event) {
   const AcGePoint3d point = pointAt(*cursor_);
   if (!hoverTimer_.isActive()) hoverTimer_.start(kHoverDelay);
   if (onMoved) onMoved(point);
+  drawing_.follow(point);
   update();
 }
 

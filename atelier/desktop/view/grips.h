@@ -6,6 +6,8 @@
 
 namespace atelier::desktop {
 
+inline constexpr int kOfProgram = -1;  // a grip that a program has given, and moves itself
+
 struct Grip {
   AcDbObjectId entity;
   int index;  // counts the grips of the entity

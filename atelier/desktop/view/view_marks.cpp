@@ -150,6 +150,12 @@ void ViewMarks::snap(const Snap& snap) {
   note(at + QPointF(12, -30), QString::fromUtf8(snapName(snap.mode)));
 }
 
+void ViewMarks::pointed(const AcGePoint3d& at) {
+  painter_.setPen(QPen(kHotColour, 2));
+  painter_.setBrush(Qt::NoBrush);
+  painter_.drawEllipse(viewport_.pixel(at), 2 * kGrip, 2 * kGrip);
+}
+
 void ViewMarks::crosshair(const QPointF& at, double pickBox) {
   painter_.setPen(QPen(dark_ ? QColor(200, 200, 200, 160) : QColor(60, 60, 60, 140), 1));
   painter_.drawLine(QPointF(0, at.y()), QPointF(viewport_.size.width(), at.y()));
@@ -158,13 +164,18 @@ void ViewMarks::crosshair(const QPointF& at, double pickBox) {
   painter_.drawRect(QRectF(at.x() - pickBox, at.y() - pickBox, 2 * pickBox, 2 * pickBox));
 }
 
-void ViewMarks::note(const QPointF& at, const QString& text) {
+void ViewMarks::note(const QPointF& at, const QString& text) { notes(at, {text}); }
+
+void ViewMarks::notes(const QPointF& at, const QStringList& lines) {
   const QFontMetrics metrics(painter_.font());
-  QRectF box(at, QSizeF(metrics.horizontalAdvance(text) + 10, metrics.height() + 4));
+  int widest = 0;
+  for (const QString& line : lines) widest = std::max(widest, metrics.horizontalAdvance(line));
+  QRectF box(at, QSizeF(widest + 10, metrics.height() * static_cast<double>(lines.size()) + 4));
   if (box.right() > viewport_.size.width()) box.moveRight(at.x() - 24);
+  if (box.bottom() > viewport_.size.height()) box.moveBottom(at.y() - 24);
   painter_.fillRect(box, dark_ ? QColor(60, 63, 65, 220) : QColor(250, 250, 235, 230));
   painter_.setPen(dark_ ? Qt::white : Qt::black);
-  painter_.drawText(box, Qt::AlignCenter, text);
+  painter_.drawText(box.adjusted(5, 2, -5, -2), Qt::AlignLeft, lines.join('\n'));
 }
 
 }  // namespace atelier::desktop

@@ -8,7 +8,6 @@
 #include "atelier/desktop/picture/viewport.h"
 #include "atelier/desktop/view/grips.h"
 #include "atelier/selecting/snaps.h"
-#include "atelier/desktop/picture/viewport.h"
 
 namespace atelier::desktop {
 
@@ -27,8 +26,10 @@ class ViewMarks {
   void frames(std::span<const AcDbExtents> boxes);
   void grips(std::span<const Grip> grips, std::optional<std::size_t> hot);
   void snap(const Snap& snap);
+  void pointed(const AcGePoint3d& at);
   void crosshair(const QPointF& at, double pickBox);
   void note(const QPointF& at, const QString& text);
+  void notes(const QPointF& at, const QStringList& lines);
 
  private:
   QPainter& painter_;

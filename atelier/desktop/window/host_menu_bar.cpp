@@ -7,8 +7,7 @@
 
 namespace atelier::desktop {
 
-HostMenuBar::HostMenuBar(QMenuBar& bar, QAction* before, Run run)
-    : bar_(bar), before_(before), run_(std::move(run)) {
+HostMenuBar::HostMenuBar(QMenuBar& bar, QAction* before, Run run) : bar_(bar), before_(before), run_(std::move(run)) {
   hostMenus().onChange = [this] { QTimer::singleShot(0, &bar_, [this] { rebuild(); }); };
 }
 
@@ -28,9 +27,10 @@ void HostMenuBar::rebuild() {
         continue;
       }
       QAction* action = menu->addAction(QString::fromStdWString(item->label));
-      QObject::connect(action, &QAction::triggered, &bar_, [this, label = action->text().remove('&'), macro = item->macro] {
-        run_(label.toStdString(), linesOfMacro(macro));
-      });
+      QObject::connect(action, &QAction::triggered, &bar_,
+                       [this, label = action->text().remove('&'), macro = item->macro] {
+                         run_(label.toStdString(), linesOfMacro(macro));
+                       });
     }
     bar_.insertMenu(before_, menu);
     menus_.push_back(menu);

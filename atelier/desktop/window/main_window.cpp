@@ -10,6 +10,7 @@
 #include <QScreen>
 #include <QSettings>
 
+#include "atelier/base/text.h"
 #include "atelier/commands/commands.h"
 #include "atelier/desktop/document/lisp_bridge.h"
 #include "atelier/desktop/window/theme.h"
@@ -18,6 +19,15 @@ namespace atelier::desktop {
 namespace {
 
 constexpr double kScreenShare = 0.95;  // of a new window, with its frame
+
+// Where the project line can be taken hold of that a curve is part of.
+std::vector<AcGePoint3d> gripsOfLine(Drawing& drawing, AcDbStub* stub) {
+  std::vector<AcGePoint3d> grips;
+  const QString call = QString("(plv-bureau-prises \"%1\")").arg(QString::fromStdString(handleText(stub->handle)));
+  for (const QVariant& place : ask(drawing.document(), call).toList())
+    grips.emplace_back(place.toList().value(0).toDouble(), place.toList().value(1).toDouble(), 0);
+  return grips;
+}
 
 }  // namespace
 
@@ -88,7 +98,17 @@ void MainWindow::wire(Tab& tab) {
   drawing.onQuit = [this, &tab] { quit(tab); };
   drawing.onReplaced = [this, &tab] { afterReplacement(tab); };
   tab.view->onMoved = [this, &drawing](const AcGePoint3d& point) { moved(drawing, point); };
-  tab.view->onSelection = [this, &tab] { properties_->show(tab.drawing.get(), tab.view->selection()); };
+  tab.view->onSelection = [this, &tab] {
+    properties_->show(tab.drawing.get(), tab.view->selection());
+    if (tab.view->selection().size() == 1)
+      lineTable_->showLineOf(QString::fromStdString(handleText(tab.view->selection()[0]->handle)));
+  };
+  tab.view->onGrips = [&drawing](AcDbStub* stub) { return gripsOfLine(drawing, stub); };
+  tab.view->onGripTaken = [&drawing](AcDbStub* stub, const AcGePoint3d& at) {
+    const QString call = QString("(plv-bureau-tirer \"%1\" %2 %3)")
+                             .arg(QString::fromStdString(handleText(stub->handle)), number(at.x), number(at.y));
+    drawing.feed({{call.toStdString(), {}, "PLV-TIRER"}});
+  };
   tab.view->onMenu = [this](const QPoint& at) { showContextMenu(at); };
   tab.view->onKey = [this](QKeyEvent* event) { commands_->takeKey(event); };
 }
@@ -104,6 +124,7 @@ void MainWindow::showTab() {
   properties_->show(tab ? tab->drawing.get() : nullptr, tab ? tab->view->selection() : std::vector<AcDbStub*>());
   currentProfile_->clear();
   layers_->refresh(nullptr);
+  lineTable_->refresh(tab ? tab->drawing.get() : nullptr);
   showLayouts();
   if (!tab) return setWindowTitle(QStringLiteral("Kavel"));
   tab->drawing->document().makeCurrent();
@@ -136,6 +157,7 @@ void MainWindow::afterCommand(Tab& tab) {
   currentProfile_->setText(profiles_->showCurrent(tab.drawing.get()));
   layers_->refresh(tab.drawing.get());
   properties_->show(tab.drawing.get(), tab.view->selection());
+  lineTable_->refresh(tab.drawing.get());
   showState(tab);
   if (afterwards_) QTimer::singleShot(0, this, std::exchange(afterwards_, nullptr));
 }

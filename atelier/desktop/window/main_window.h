@@ -1,5 +1,6 @@
 // The window: a tab for each drawing, the command line, the panels, menus and the status bar.
 #pragma once
+#include <QDockWidget>
 #include <QLabel>
 #include <QMainWindow>
 #include <QTabWidget>
@@ -11,6 +12,7 @@
 #include "atelier/desktop/panels/command_line.h"
 #include "atelier/desktop/panels/guide_window.h"
 #include "atelier/desktop/panels/layers_panel.h"
+#include "atelier/desktop/panels/line_table.h"
 #include "atelier/desktop/panels/profiles_panel.h"
 #include "atelier/desktop/panels/properties_panel.h"
 #include "atelier/desktop/view/drawing_view.h"
@@ -41,6 +43,7 @@ class MainWindow : public QMainWindow {
   ProfilesPanel& profiles() { return *profiles_; }
   PropertiesPanel& properties() { return *properties_; }
   LayersPanel& layers() { return *layers_; }
+  LineTable& lineTable() { return *lineTable_; }
   const GuideWindow& guide() const { return *guide_; }
   // Whether a file is being chosen that answers the waiting prompt.
   bool asksForFile() const { return asksForFile_; }
@@ -126,8 +129,12 @@ class MainWindow : public QMainWindow {
   void audit();
   void plot();
   void updateUnasked();
+  void updateAtOnce(Drawing& drawing);
+  void changeUpdateAtOnce();
   void letAsk(Drawing& drawing);
   void showState(Tab& tab);
+  void buildLineTable(QDockWidget& commands);
+  void toggleLineTable();
   void copySoon();
   void writeCopy(Tab& tab);
   void forgetCopy(Tab& tab);
@@ -139,6 +146,7 @@ class MainWindow : public QMainWindow {
   ProfilesPanel* profiles_;
   PropertiesPanel* properties_;
   LayersPanel* layers_;
+  LineTable* lineTable_;
   GuideWindow* guide_;
   QLabel *coordinates_, *profileStatus_, *currentProfile_;
   QToolButton *snapButton_, *orthoButton_;

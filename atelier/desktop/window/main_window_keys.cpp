@@ -1,5 +1,6 @@
 // Whose a key is. Letters, digits, Enter and Escape are the command line's wherever the focus is, but in fields for text.
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QComboBox>
@@ -13,7 +14,10 @@
 namespace atelier::desktop {
 namespace {
 
+// Fields for text, and cells that are edited where they stand.
 bool isTextField(const QWidget& widget) {
+  if (const auto* cells = qobject_cast<const QAbstractItemView*>(&widget))
+    return cells->editTriggers() & QAbstractItemView::AnyKeyPressed;
   if (const auto* text = qobject_cast<const QPlainTextEdit*>(&widget)) return !text->isReadOnly();
   return qobject_cast<const QLineEdit*>(&widget) || qobject_cast<const QAbstractSpinBox*>(&widget) ||
          qobject_cast<const QComboBox*>(&widget);

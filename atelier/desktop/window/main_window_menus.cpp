@@ -139,6 +139,8 @@ void MainWindow::windowAction(const QString& name) {
   else if (name == "newProfile") NewProfileForm(*d, this).exec();
   else if (name == "plot") plot();
   else if (name == "updateUnasked") updateUnasked();
+  else if (name == "updateAtOnce") changeUpdateAtOnce();
+  else if (name == "lineTable") toggleLineTable();
 }
 
 void MainWindow::audit() {

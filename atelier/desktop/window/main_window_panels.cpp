@@ -37,6 +37,7 @@ void MainWindow::buildPanels() {
   properties->raise();
   QDockWidget* const commands = dock(*this, QStringLiteral("Commandes"), commands_, Qt::BottomDockWidgetArea);
   resizeDocks({commands}, {commands->minimumSizeHint().height()}, Qt::Vertical);
+  buildLineTable(*commands);
   coordinates_ = new QLabel(this);
   coordinates_->setMinimumWidth(fontMetrics().horizontalAdvance("000000.000 , 000000.000"));
   profileStatus_ = new QLabel(this);
@@ -54,6 +55,26 @@ void MainWindow::buildPanels() {
   profiles_->onChoose = [this](const QString& handle) { chooseProfile(handle); };
   commands_->onLine = [this](const QString& line) { answer(line); };
   commands_->onCancel = [this] { escape(); };
+}
+
+// Over the command line, hidden until it is wanted.
+void MainWindow::buildLineTable(QDockWidget& commands) {
+  lineTable_ = new LineTable(this);
+  QDockWidget* const panel = dock(*this, QStringLiteral("Sommets"), lineTable_, Qt::BottomDockWidgetArea);
+  splitDockWidget(panel, &commands, Qt::Vertical);
+  panel->hide();
+  lineTable_->onOrder = [this](const QString& order) {
+    if (Drawing* const d = drawing()) d->feed({{order.toStdString(), {}, "PLV-SOMMETS"}});
+  };
+  lineTable_->onVertex = [this](std::optional<AcGePoint3d> at) {
+    if (DrawingView* const v = view()) v->point(at);
+  };
+}
+
+void MainWindow::toggleLineTable() {
+  QWidget* const panel = lineTable_->parentWidget();
+  panel->setVisible(!panel->isVisible());
+  if (panel->isVisible()) lineTable_->cells().setFocus();
 }
 
 void MainWindow::chooseProfile(const QString& handle) {

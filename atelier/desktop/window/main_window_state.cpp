@@ -10,6 +10,9 @@ namespace {
 
 constexpr const char* kUnasked = "miseAJourSansDemander";
 
+constexpr const char* kAtOnce = "miseAJourAussitot";
+
+bool atOnce() { return QSettings().value(kAtOnce, false).toBool(); }
 bool unasked() { return QSettings().value(kUnasked, false).toBool(); }
 
 }  // namespace
@@ -24,7 +27,23 @@ void MainWindow::showState(Tab& tab) {
       boxes.push_back(
           AcDbExtents({sides[0].toDouble(), sides[1].toDouble(), 0}, {sides[2].toDouble(), sides[3].toDouble(), 0}));
   }
+  const bool stale = !boxes.empty();
   tab.view->frame(std::move(boxes));
+  if (stale && &tab == front()) updateAtOnce(*tab.drawing);
+}
+
+// After a command, when that is wanted; not after one that goes back, which would never arrive, nor twice.
+void MainWindow::updateAtOnce(Drawing& drawing) {
+  static const QStringList kNotAfter{"U", "UNDO", "REDO", "OPEN", "RECOVER", "NEW", "PLV-ACTUALISER", ""};
+  if (!atOnce() || kNotAfter.contains(drawing.ended) || drawing.hasMore()) return;
+  drawing.ended.clear();
+  drawing.feed({{"PLV-ACTUALISER"}});
+}
+
+void MainWindow::changeUpdateAtOnce() {
+  QSettings().setValue(kAtOnce, !atOnce());
+  commands_->print(atOnce() ? QStringLiteral("\nCe qui n'est plus à jour est refait après chaque commande.\n")
+                            : QStringLiteral("\nCe qui n'est plus à jour attend la mise à jour (F5).\n"));
 }
 
 // Scripts are told; a user of the window is asked.

@@ -32,6 +32,10 @@
 (demande (eq (car (entsel)) (entlast)) ("D") T)
 (demande (getfiled "Titre" "essai" "txt" 1) ("") "essai.txt")
 (demande (grread) ("4,5") (3 (4.0 5.0 0.0)))
+;; followed, the cursor's program gets keys, Enter behind each line; an expression that gives a point is a click
+(demande (list (grread T) (grread T) (grread T) (grread T)) ("4‰" "") ((2 52) (2 8240) (2 13) (2 13)))
+(demande (list (grread T 12 0) (grread T) (grread T)) ("(list 4 5)" "(") ((3 (4.0 5.0 0.0)) (2 40) (2 13)))
+((vl-catch-all-error-message (vl-catch-all-apply 'grread '(T))) "Function cancelled")
 
 ;; A comma is decimal where only a number fits, and between semicolons; else it separates coordinates.
 (situation "CommasAreDecimalWhereTheyCanBe")

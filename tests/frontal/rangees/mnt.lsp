@@ -197,6 +197,31 @@
 (refuse (plv-mnt-ajouter p "X" "Rocher" '(((500.0 1.0) (510.0 1.0)))) "le terrain X n'est nulle part sur le profil")
 (refuse (plv-mnt-retirer p "X") "ce profil n'a pas de terrain X")
 
+;; A further ground of a surface is cut again with its profile; of a file it stays. Its panel, its audit and its copies.
+(situation "FurtherGroundsFollowAndAreLookedAfter")
+(preparer
+  (carre) (setq p (surface (trace '((-50.0 30.0) (150.0 30.0)))))
+  (foreach q '((20.0 0.0 98.0) (20.0 100.0 98.0) (80.0 0.0 104.0) (80.0 100.0 104.0)) (entmake (list '(0 . "POINT") '(8 . "ROC") (cons 10 q))))
+  (plv-mnt-ajouter-surface p "Roc" "Rocher" '((sources ("calques" "ROC")))) (plv-mnt-ajouter p "Nappe" "Nappe" '(((0.0 95.0) (100.0 96.0))))
+  (foreach e (plv-entites-du-jeu (ssget "X" '((8 . "ROC")))) (command "_.MOVE" e "" '(0.0 0.0 0.0) '(0.0 0.0 1.5))))
+(dit (plv-mnt-actualiser p) "Le terrain n'a pas changé." "Terrain Roc: de 1.500 m au plus.")
+((equal (plv-terrain-morceaux (plv-terrain-nomme p "Roc")) '(((20.0 99.5) (80.0 105.5))) 1e-9) T)
+((plv-terrain-morceaux (plv-terrain-nomme p "Nappe")) (((0.0 95.0) (100.0 96.0))))
+;; what is drawn below its plane is told once
+(dit (plv-mnt-ajouter p "Fond" "Autre" '(((0.0 95.0) (40.0 60.0) (100.0 70.0)))) "À la station 550.000 le terrain Fond est sous le plan de comparaison: PLV-PC en ajoute un plus bas.")
+((mapcar 'car (caddr (car (vl-remove-if-not '(lambda (n) (wcmatch (car n) "Autres terrains*")) (caddr (car (plv-bureau-profils))))))) ("Roc (Rocher)" "Nappe (Nappe)" "Fond (Autre)"))
+;; a copy of the block alone draws its own, and leaves the original's
+(preparer (setq avant (length (plv-traces-terrain p (plv-terrain-nomme p "Nappe"))))
+  (command "_.COPY" p "" '(0.0 0.0) '(0.0 900.0)) (setq q (car (vl-remove p (plv-profils)))) (plv-reparer-profil q) (plv-mnt-retirer q "Nappe"))
+((= avant (length (plv-traces-terrain p (plv-terrain-nomme p "Nappe")))) T)
+;; erased lines are found and drawn again
+(preparer (foreach terrain (plv-terrains p) (plv-effacer (plv-traces-terrain p terrain))))
+(dit (plv-audit) "P12" "le terrain Roc n'est plus dessiné")
+(preparer (plv-audit-reparer))
+((length (plv-traces-terrain p (plv-terrain-nomme p "Nappe"))) 1)
+(preparer (plv-mnt-retirer p "Roc"))
+((plv-enregistrement p (plv-mnt-cle-terrain "Roc")) nil)
+
 ;; Cells only where the named ground is: the square's ground rises from 100 to 110, the rock from 98 at 20 m to 104 at 80 m.
 (situation "RowsOfFurtherGrounds")
 (preparer

@@ -149,6 +149,18 @@
 ((vl-every '(lambda (n) (equal n (fix (+ n (if (< n 0) -0.5 0.5))) 1e-6)) pas) T)
 ((or (not altitudes) (vl-every '(lambda (q) (equal (* 100 (cadr q)) (fix (+ 0.5 (* 100 (cadr q)))) 1e-6)) (plv-sans-dernier l))) T)
 
+;; A wish costs no vertex: the ground of the two runs has slopes from about -10.5 to -9.5 %, so that steps of 5 % leave -10 alone.
+(situation "RoundSlopesAreAWish")
+(tableau (pas maximum sommets dit-on)
+  (0.001 1.3 2 "Les pentes sont des multiples de 0.10 %, sans un sommet de plus.") (0.05 1.2 3 "Aucune ligne d'aussi peu de sommets")
+  (0.01 1.2 3 "Les pentes sont des multiples de 1.00 %, sans un sommet de plus."))
+(preparer (setq s (plv-souhait '(0.0) '(100.0) 0.8 maximum nil nil)))
+((length (plv-optimal-sommets p "Voirie" s nil)) sommets)
+(dit (setq l (plv-optimal-sommets p "Assainissement" (plv-souhait-rond s pas) nil)) dit-on "Toute la ligne est dans les profondeurs demandées.")
+((length l) sommets)
+((or (= pas 0.05) (vl-every '(lambda (a b) (equal (/ (plv-pente a b) pas) (fix (- (/ (plv-pente a b) pas) 0.5)) 1e-6)) l (cdr l))) T)
+(tape ("PLV-OPTIMAL" "A" "" "Rondes" "0.5" "0.8" "1.4" "l" "libre" "Non") "multiples en % de <0.10>" "Les pentes sont des multiples de 0.50 %")
+
 (situation "OtherDepthsByStretches")
 (dit (plv-optimal-sommets p "Projet" (plv-souhait '(0.0) '(100.0) 0.8 1.6 '(("profondeur" 1050.0 1100.0 1.5 2.0)) nil) nil)
   "profondeurs demandées 0.80 à 1.60 m, d'autres par endroits." "Toute la ligne est dans les profondeurs demandées.")

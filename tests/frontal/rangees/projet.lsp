@@ -92,7 +92,7 @@
 (situation "IsAskedFor")
 (tape ("PLV-PROJET" "Voirie" "PO" "1000,50" "1100/55" "1100;55,0" "1200,50" "" "Rayon" "400" "P")
   "\nGenre de ligne [Voirie/Assainissement/AEp/Terrassements/Projet/Generique/TN] <Projet>: "
-  "\nTracer par [POints/PEntes/Fichier/Existante] <POints>: " "Deux nombres séparés par une virgule"
+  "\nTracer par [POints/PEntes/Dessiner/Fichier/Existante] <POints>: " "Deux nombres séparés par une virgule"
   "\nRaccordement à la station 1100.00 [Rayon/Longueur/Point/Aucun] <Aucun>: " "1 raccordement.")
 ((mm (z "Voirie" 1100.0)) "54.500")
 (tape ("PLV-PROJET" "A" "PE" "1000,50" "1.5" "100" "-1" "50" "" "A"))
@@ -166,7 +166,9 @@
 (refuse (plv-pc p "M" 1010.0 nil) "l'altitude du plan est attendue")
 
 (situation "RowsHoldTheirFigures")
-(preparer (equiper))
+(preparer
+  (equiper)
+  (plv-reseau-ecrire p "Generique" '("regard;Q1;1012;;1000;61.13;;47.77" "regard;Q2;1031;;1000;61.17;47.71" "tuyau;Q1;Q2;300/377")))
 (dit (setq r (plv-matrices p "matrices-completes.txt" T)) (sauf "vides"))
 ((not r) nil)
 ;; ground at seven points, and the project's altitude at 1040
@@ -196,9 +198,10 @@
 ((= n (sslength (ssget "X"))) T)
 
 (situation "ARowFilledAloneLeavesNothingOver")
-(tableau (table rangees) ("POINTS" 8) ("PROJET" 8) ("TRACE" 3) ("BLOCS" 3))
+(tableau (table rangees) ("POINTS" 8) ("PROJET" 8) ("TRACE" 3) ("BLOCS" 3) ("RESEAU" 9))
 (preparer
   (equiper)
+  (plv-reseau-ecrire p "Generique" '("regard;Q1;1012;;1000;61.13;;47.77" "regard;Q2;1031;;1000;61.17;47.71" "tuyau;Q1;Q2;300/377"))
   (plv-matrices p "matrices-completes.txt" T)
   (plv-choix-profil p)
   (setq n (sslength (ssget "X")) rang 0 apres nil)

@@ -1,0 +1,161 @@
+;; PLV-RESEAU: networks kept with a profile, drawn under the exaggeration, told what is odd about them. The ground falls from 50 to 48 m over
+;; 100 m, the first station is 1000, a metre is drawn ten high; the sewer lies 2 m below with a drop of half a metre at 1040.
+
+(commun
+  (fichier "g.csv" "distance;altitude\n1000;50\n1100;48\n")
+  (fichier "r.csv" "# essai\nregard;A;1000;visite;1000/1200\nregard;B;1040;chute;1000/1200;49.5\nregard;C;1+100;visite;800;;;;45.3\ntuyau;A;C;400/500;béton;135A\ncroisement;gaz;1020;48.9;200;30\n")
+  (preparer
+    (setq p (plv-nouveau "<dossier>g.csv" "P1" '(0.0 0.0 0.0) 10.0 2.5 150.0 nil))
+    (plv-projet p "Assainissement" '((1000.0 48.0) (1040.0 47.2)))
+    (plv-projet p "Assainissement" '((1040.0 46.7) (1100.0 45.5)))
+    (defun reseau () (plv-reseau-ecrire p "Assainissement" (plv-lire-lignes "<dossier>r.csv")))
+    (defun traces (quoi) (vl-remove-if-not '(lambda (e) (= (plv-type e) quoi)) (plv-traces-reseau p "Assainissement")))
+    (defun boites (quoi) (mapcar '(lambda (e) (mapcar '(lambda (c) (list (car c) (cadr c))) (etendue-tracee (list e)))) (traces quoi)))
+    (defun ecrit (texte) (vl-some '(lambda (e) (= (plv-cle 1 (entget e)) texte)) (traces "TEXT")))))
+
+;; Covers come from the ground, inverts from the line on the side of each pipe.
+(situation "AltitudesFollowGroundAndLine")
+(preparer (setq r (reseau)))
+((mapcar 'plv-noeud-tampon (plv-reseau-regards r)) (50.0 49.5 48.0))
+((mapcar '(lambda (n) (list (plv-noeud-arrivee n) (plv-noeud-depart n) (plv-noeud-fond n))) (plv-reseau-regards r))
+ ((nil 48.0 48.0) (47.2 46.7 46.7) (45.5 nil 45.3)))
+((equal (mapcar 'plv-tuyau-pente (plv-reseau-tuyaux r)) '(-0.02 -0.02) 1e-9) T)
+;; one row for each pipe, and the same network of them again
+((length (vl-remove-if-not '(lambda (l) (wcmatch l "tuyau;*")) (plv-reseau-rangees p "Assainissement"))) 2)
+((equal (et_reseau_rangees (plv-reseau-rangees p "Assainissement")) (plv-reseau-rangees p "Assainissement")) T)
+
+;; From wall to wall; inner diameter 0.40 is 4 high, the wall of 0.05 is 0.5 and seen; a manhole from its bottom to its cover.
+(situation "DrawnAsItIs")
+(preparer (reseau) (setq h (- (cadr (plv-vers-dessin (plv-cadre p) 0.0 0.0)))))
+((length (vl-remove-if-not '(lambda (e) (= (plv-cle 8 (entget e)) "PLV-TUYAUX")) (traces "LWPOLYLINE"))) 8)
+(preparer (setq premier (car (boites "LWPOLYLINE")) regards (vl-remove-if-not '(lambda (e) (= (plv-cle 8 (entget e)) "PLV-REGARDS")) (traces "LWPOLYLINE"))))
+((equal premier (list (list 0.5 (- (* 10.0 (- 47.2 -0.01)) h)) (list 39.5 (- (* 10.0 (- 48.0 0.01)) h))) 1e-6) T)
+((equal (mapcar '(lambda (p) (list (car p) (cadr p))) (etendue-tracee (list (cadr regards))))
+        (list (list 39.5 (- 467.0 h)) (list 40.5 (- 495.0 h))) 1e-6) T)
+((list (ecrit "B") (ecrit "chute 0.50")) (T T))
+;; an angle of 30 degrees makes it twice as wide
+((equal (boites "ELLIPSE") (list (list (list 19.8 (- 488.0 h)) (list 20.2 (- 490.0 h)))) 1e-4) T)
+;; drawn again, nothing is doubled
+(preparer (setq n (length (plv-traces-reseau p "Assainissement"))) (plv-dessiner-reseau p "Assainissement"))
+((= n (length (plv-traces-reseau p "Assainissement")) (sslength (ssget "X" '((8 . "PLV-TUYAUX,PLV-REGARDS,PLV-CROISEMENTS"))))) T)
+
+(situation "WhatIsOddIsTold")
+(preparer
+  (reseau)
+  (plv-reseau-ecrire p "Assainissement"
+    (append (plv-reseau-rangees p "Assainissement") '("limite;chute;;0.4" "limite;espacement;;50" "limite;croisement;0.8"))))
+(dit (plv-reseau-controler p "Assainissement")
+  "station 1020.00, croisement gaz: distance au tuyau A - B 0.75 m" "station 1040.00, regard B: chute 0.5 m, au plus 0.4 m attendus"
+  "station 1040.00, tuyau B - C: longueur 60 m, au plus 50 m attendus" "Réseau Assainissement: 3 avertissements.")
+
+;; Diameters that shrink, reversal, a step up, shallow pipes, slow water, a vertex that no manhole stands at.
+(situation "FaultsOfGravity")
+(dit (progn
+       (plv-reseau-ecrire p "Assainissement"
+         '("regard;A;1000;;1000" "regard;B;1020;;1000;;;47.7" "regard;C;1060;;1000;;46.8;46.8" "regard;D;1100;;1000;;47" "tuyau;A;B;400/500" "tuyau;B;C;300/400" "tuyau;C;D;300"))
+       (plv-reseau-controler p "Assainissement"))
+  "regard B: le départ est 0.1 m plus haut que l'arrivée" "regard B: le diamètre diminue vers l'aval, de 400/500 à 300/400"
+  "tuyau B - C: la ligne est à" "tuyau C - D: contre-pente de 0.5 %" "tuyau C - D: sa paroi n'est pas connue")
+(dit (progn
+       (plv-reseau-ecrire p "Assainissement" '("regard;A;1000;;1000;;;48.85" "regard;B;1050;;1000;;48.8" "tuyau;A;B;300/400"))
+       (plv-reseau-controler p "Assainissement"))
+  "tuyau A - B: pente 0.1 %, au moins 0.3 % attendus" "tuyau A - B: couverture -0.15 m, au moins 0.8 m attendus"
+  "vitesse au dixième du débit 0.27 m/s (débit 3 l/s), au moins 0.3 attendus")
+
+;; Under pressure nothing is asked of slopes.
+(situation "WaterMainsRiseAndFall")
+(dit (progn
+       (plv-reseau-ecrire p "AEp" '("regard;N1;1000;noeud;;;;48.5" "regard;N2;1050;ventouse;;;48;48" "regard;N3;1100;noeud;;;46.9" "tuyau;N1;N3;100/118;fonte"))
+       (plv-reseau-controler p "AEp"))
+  "Réseau sans avertissement." (sauf "pente"))
+
+(situation "StaleWhenTheLineChanges")
+(preparer (reseau))
+(dit (plv-etat (list p)) "Réseau Assainissement: à jour")
+(preparer (plv-effacer (plv-elements p "Assainissement")) (plv-projet p "Assainissement" '((1000.0 48.0) (1100.0 45.5))))
+(dit (plv-etat (list p)) "Réseau Assainissement: à mettre à jour: le réseau, sa ligne ou le terrain")
+((plv-actualiser (list p)) T)
+((ecrit "chute 0.50") nil)
+((equal (plv-noeud-fond (plv-noeud-nomme (plv-reseau-lu p "Assainissement") "B")) 47.0 1e-6) T)
+
+(situation "ManholesOfTwoProfilesAgree")
+(preparer
+  (reseau)
+  (setq q (plv-nouveau "<dossier>g.csv" "P2" '(0.0 300.0 0.0) 10.0 2.5 150.0 nil)))
+(dit (progn
+       (plv-reseau-ecrire q "Assainissement" '("regard;X;1000;;1000;;;47" "regard;B;1030;;1000;49.5;46.6;;;P1" "regard;Z;1060;;1000;;46;;;P9" "tuyau;X;B;200" "tuyau;B;Z;200"))
+       (plv-reseau-controler q "Assainissement"))
+  "pas de profil numéro P9")
+(dit (progn
+       (plv-reseau-ecrire q "Assainissement" '("regard;X;1000;;1000;;;47" "regard;B;1030;;1000;49.4;46.9;;;P1" "tuyau;X;B;200/220"))
+       (plv-reseau-controler q "Assainissement"))
+  "regard B: son tampon est à 49.400, à 49.500 dans le profil P1")
+(dit (progn
+       (plv-reseau-ecrire q "Assainissement" '("regard;X;1000;;1000;;;47" "regard;B;1030;;1000;49.5;46.6;;;P1" "tuyau;X;B;200/220"))
+       (plv-reseau-controler q "Assainissement"))
+  "regard B: la branche y est à 46.600, plus bas que le fond 46.700 dans le profil P1")
+
+;; What can't be is refused with its row, its name and its place, and what was there stays.
+(situation "WrongRows")
+(tableau (phrase rangees)
+  ("rangée 2, \"tuyau;A;Z;300\": il n'y a pas de regard Z" '("regard;A;1000" "tuyau;A;Z;300"))
+  ("rangée 1, \"regard;A\": la station manque" '("regard;A"))
+  ("la station: une station est attendue, et non \"abc\"" '("regard;A;abc"))
+  ("le diamètre du tuyau A - B manque" '("regard;A;1000" "regard;B;1010" "tuyau;A;B"))
+  ("diamètre illisible: \"30x\"" '("regard;A;1000" "regard;B;1010" "tuyau;A;B;30x"))
+  ("l'extérieur est plus petit que l'intérieur" '("regard;A;1000" "regard;B;1010" "tuyau;A;B;300/250"))
+  ("le nom a est déjà celui d'un autre regard" '("regard;A;1000" "regard;a;1010"))
+  ("les regards A et B ont la même station 1010" '("regard;A;1010" "regard;B;1010"))
+  ("il y a déjà un tuyau entre A et B" '("regard;A;1000" "regard;B;1010" "tuyau;A;B;300" "tuyau;B;A;200"))
+  ("regard, tuyau, croisement ou limite est attendu" '("regrad;A;1000"))
+  ("limite inconnue; connues: pente, couverture" '("limite;couleur;1"))
+  ("la moindre valeur dépasse la plus grande" '("limite;pente;5;1"))
+  ("trop de champs" '("croisement;gaz;1000;48;100;30;7"))
+  ("regard B, station 1200: le regard est hors du terrain" '("regard;A;1000" "regard;B;1200" "tuyau;A;B;300"))
+  ("regard A, station 1000: son fond 49 est au-dessus du fil d'eau 48" '("regard;A;1000;;;;;;49" "regard;B;1010" "tuyau;A;B;300"))
+  ("regard A, station 1000: son tampon 47 est sous le fil d'eau 48" '("regard;A;1000;;1000;47" "regard;B;1010" "tuyau;A;B;300"))
+  ("regard A, station 1000: aucun tuyau n'y arrive ni n'en part" '("regard;A;1000" "regard;B;1010" "regard;C;1020" "tuyau;B;C;300")))
+(preparer (reseau) (setq avant (plv-reseau-rangees p "Assainissement") n (length (plv-traces-reseau p "Assainissement"))))
+(refuse (plv-reseau-ecrire p "Assainissement" rangees) phrase)
+((list (equal avant (plv-reseau-rangees p "Assainissement")) (= n (length (plv-traces-reseau p "Assainissement")))) (T T))
+
+(situation "AlongALine")
+(preparer
+  (setq lignes (plv-reseau-rangees-de-ligne p "Assainissement" "R" "visite;1000/1240" "300/376;béton" 35.0)
+        r (plv-reseau-ecrire p "Assainissement" lignes)))
+((mapcar 'plv-noeud-nom (plv-reseau-regards r)) ("R1" "R2" "R3" "R4" "R5"))
+((mapcar 'plv-noeud-station (plv-reseau-regards r)) (1000.0 1020.0 1040.0 1070.0 1100.0))
+((length (plv-reseau-tuyaux r)) 4)
+
+(situation "ByQuestions")
+(preparer (reseau))
+(tape ("PLV-RESEAU" "Assainissement" "Regard" "B" "" "" "" "." "" "46.5" "" "" "Tuyau" "A" "B" "300/400" "" "" "0.15" "" "FIN")
+  "Réseau Assainissement: 3 regards, 2 tuyaux.")
+(preparer (setq r (plv-reseau-lu p "Assainissement") b (plv-noeud-nomme r "b")))
+((equal (list (plv-noeud-tampon b) (plv-noeud-depart b)) '(49.2 46.5) 1e-9) T)
+((plv-tuyau-en-mots (car (plv-reseau-tuyaux r))) "Ø300/400 béton 135A")
+;; with a manhole goes one of its pipes
+(tape ("PLV-RESEAU" "Assainissement" "Oter" "Regard" "B" "Exporter" "<dossier>s.csv" "FIN") "2 regards, 1 tuyau." "s.csv: 6 lignes.")
+((length (plv-reseau-tuyaux (plv-reseau-lu p "Assainissement"))) 1)
+((equal (plv-lire-lignes "<dossier>s.csv") (plv-reseau-rangees p "Assainissement")) T)
+(tape ("PLV-RESEAU" "Assainissement" "Supprimer" "FIN") "Réseau Assainissement retiré.")
+((list (plv-reseau-rangees p "Assainissement") (ssget "X" '((8 . "PLV-TUYAUX,PLV-REGARDS,PLV-CROISEMENTS")))) (nil nil))
+
+;; Rows of a table: the words that stand in them, from left to right.
+(situation "RowsOfATable")
+(fichier "m.txt" "R - 2.0 502 Regards\nR - 6.0 503 Tampon\nR - 6.0 504 Fil d'eau\nR - 5.0 505 Profondeur\nR - 5.0 506 Couverture\nR - 2.0 507 Tuyau\nR - 2.0 508 Pente\nR - 2.0 509 Longueur\nR - 2.0 510 Sens\nR - 2.0 502 {AEp} Autres\n")
+(preparer
+  (reseau)
+  (plv-matrices p "<dossier>m.txt" T)
+  (setq table (car (plv-tables p)))
+  (defun mots (rang) (mapcar 'cadr (et_textes (plv-entites-rangee p table rang)))))
+((mapcar 'mots '(0 1 2 3 4 5 6 7))
+ (("A" "B" "C") ("50.00" "49.50" "48.00") ("48.00" "47.20" "46.70" "45.50") ("2.00" "2.80" "2.70") ("1.55" "2.05")
+  ("Ø400/500 béton 135A" "Ø400/500 béton 135A") ("2.00 %" "2.00 %") ("40.00" "60.00")))
+;; the row that names a kind without a network takes the first that has one
+((mots 9) ("A" "B" "C"))
+(dit (plv-etat (list p)) "Tout est à jour.")
+(preparer (plv-reseau-ecrire p "Assainissement" (subst "tuyau;B;C;300/400;PVC" "tuyau;B;C;400/500;béton;135A" (plv-reseau-rangees p "Assainissement"))))
+(dit (plv-etat (list p)) "Rangée Tuyau: à mettre à jour" "Rangée Couverture: à mettre à jour")
+((plv-actualiser (list p)) T)
+((mots 5) ("Ø400/500 béton 135A" "Ø300/400 PVC"))
