@@ -210,4 +210,21 @@ TEST_F(Habits, PropertiesAreEditedForOneOrMany) {
   EXPECT_EQ(lisp("(if (ssget \"X\" '((62 . 3))) 1 0)").toInt(), 0);
 }
 
+// With nothing selected, and while a command runs, there is nothing to erase.
+TEST_F(Habits, DeleteWithNothingToEraseDoesNothing) {
+  driver.type("CIRCLE").type("50,25").type("10").play();
+  const auto press = [this] {
+    window.view()->setFocus();
+    for (QWidget* const to : {static_cast<QWidget*>(window.view()), QApplication::focusWidget()}) {
+      QKeyEvent event(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier);
+      QApplication::sendEvent(to, &event);
+    }
+  };
+  const int before = count("CIRCLE");
+  press();
+  driver.type("LINE").then(press).type("0,0").type("10,10").type("").play();
+  EXPECT_EQ(count("CIRCLE"), before);
+  EXPECT_EQ(count("LINE"), 1);
+}
+
 }  // namespace

@@ -57,7 +57,8 @@ bool MainWindow::takesForDrawing(QKeyEvent& key) {
   if (!v || !commands_->typed().isEmpty()) return false;
   const bool next = key.key() == Qt::Key_Tab || (key.key() == Qt::Key_Space && key.modifiers() & Qt::ShiftModifier);
   if (next) return v->goOn();
-  if (key.key() != Qt::Key_Delete) return false;
+  // Without anything to erase the view gives the key back.
+  if (key.key() != Qt::Key_Delete || drawing()->isRunning() || v->selection().empty()) return false;
   QApplication::sendEvent(v, &key);
   return true;
 }
