@@ -197,7 +197,8 @@ std::shared_ptr<SelectionSet> takeSelectedBefore(Document& document) {
       document.variables().integer("PICKFIRST", 1) == 0)
     return nullptr;
   auto chosen = std::make_shared<SelectionSet>();
-  for (AcDbStub* stub : std::exchange(document.firstSelection, nullptr)->list())
+  const auto before = std::exchange(document.firstSelection, nullptr);  // often nobody else holds it
+  for (AcDbStub* stub : before->list())
     if (!stub->is(AcDbStub::kErased)) chosen->append(stub);
   if (chosen->list().empty()) return nullptr;
   document.print("\n" + std::to_string(chosen->list().size()) + " trouvé(s)");
