@@ -2,6 +2,7 @@
 #include "etudes/fichiers/geometrieLandXml.h"
 
 #include <charconv>
+#include <fstream>
 #include <numbers>
 
 #include "module/support/base/lettres.h"
@@ -173,6 +174,13 @@ std::optional<double> metresParUnite(std::string_view nom) {
   for (const unite& u : kUnites)
     if (plv::egalSansCasse(plv::depuisAnsi(nom), u.nom)) return u.metres;
   return {};
+}
+
+void chargerXml(const std::wstring& chemin, pugi::xml_document& document) {
+  std::ifstream fichier(plv::nomDeFichier(chemin), std::ios::binary);
+  if (!fichier) throw refus{L"lecture impossible: " + chemin};
+  if (const auto lu = document.load(fichier); !lu)
+    throw refus{chemin + L": XML mal formé, à " + std::to_wstring(lu.offset) + L" octets du début"};
 }
 
 std::string_view nomLocal(const xml_node& noeud) {

@@ -20,7 +20,16 @@ using pointsNommes = std::map<std::string, point3>;
 // A unit of length by its name in any case of letters; none for another word.
 std::optional<double> metresParUnite(std::string_view nom);
 
+// Throws `refus`, with the place, for a file that can't be read or isn't XML.
+void chargerXml(const std::wstring& chemin, pugi::xml_document& document);
+// An element's name without its namespace.
 std::string_view nomLocal(const pugi::xml_node& noeud);
+// The children of that local name.
+template <class Action>
+void pourChaque(const pugi::xml_node& parent, std::string_view nom, const Action& action) {
+  for (const pugi::xml_node& enfant : parent.children())
+    if (nomLocal(enfant) == nom) action(enfant);
+}
 std::vector<std::string> motsDe(std::string_view texte);
 // Throws `refus` for a word that is no number.
 std::vector<double> nombresDe(std::string_view texte);

@@ -2,7 +2,6 @@
 #include "etudes/fichiers/landxml.h"
 
 #include <charconv>
-#include <fstream>
 #include <pugixml.hpp>
 #include <unordered_map>
 
@@ -15,12 +14,6 @@ namespace {
 
 using pugi::xml_node;
 
-template <class Action>
-void pourChaque(const xml_node& parent, std::string_view nom, const Action& action) {
-  for (const xml_node& enfant : parent.children())
-    if (nomLocal(enfant) == nom) action(enfant);
-}
-
 std::wstring nomDe(const xml_node& noeud, std::size_t rang) {
   const std::wstring nom = plv::depuisAnsi(noeud.attribute("name").value());
   return nom.empty() ? std::to_wstring(rang + 1) : nom;
@@ -28,12 +21,7 @@ std::wstring nomDe(const xml_node& noeud, std::size_t rang) {
 
 class lecture {
  public:
-  explicit lecture(const std::wstring& chemin) : m_chemin(chemin) {
-    std::ifstream fichier(plv::nomDeFichier(chemin), std::ios::binary);
-    if (!fichier) throw refus{L"lecture impossible: " + chemin};
-    if (const auto lu = m_document.load(fichier); !lu)
-      throw refus{chemin + L": XML mal formé, à " + std::to_wstring(lu.offset) + L" octets du début"};
-  }
+  explicit lecture(const std::wstring& chemin) : m_chemin(chemin) { chargerXml(chemin, m_document); }
 
   landXmlLu lire() {
     const xml_node racine = m_document.document_element();

@@ -2,7 +2,6 @@
 // are those that the file gives, for diameters their own. Reference: LandXML-1.2.xsd.
 #include <algorithm>
 #include <cmath>
-#include <fstream>
 #include <map>
 #include <pugixml.hpp>
 #include <sstream>
@@ -28,20 +27,9 @@ xml_node enfant(const xml_node& parent, std::string_view nom) {
   return {};
 }
 
-template <class Action>
-void pourChaque(const xml_node& parent, std::string_view nom, const Action& action) {
-  for (const xml_node& n : parent.children())
-    if (nomLocal(n) == nom) action(n);
-}
-
 class lecteur {
  public:
-  explicit lecteur(const std::wstring& chemin) : m_chemin(chemin) {
-    std::ifstream fichier(plv::nomDeFichier(chemin), std::ios::binary);
-    if (!fichier) throw refus{L"lecture impossible: " + chemin};
-    if (const auto lu = m_document.load(fichier); !lu)
-      throw refus{chemin + L": XML mal formé, à " + std::to_wstring(lu.offset) + L" octets du début"};
-  }
+  explicit lecteur(const std::wstring& chemin) : m_chemin(chemin) { chargerXml(chemin, m_document); }
 
   grapheReseau lire() {
     const xml_node racine = m_document.document_element();
