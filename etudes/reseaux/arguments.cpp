@@ -72,18 +72,8 @@ bool lireReseauDuProfil(const resbuf*& noeud, reseauDuProfil& lu) {
   return true;
 }
 
-void ajouterTexte(plv::listeRb& liste, const std::wstring& texte) {
-  liste.ajouter(acutBuildList(RTSTR, texte.c_str(), 0));
-}
-void ajouterReels(plv::listeRb& liste, std::initializer_list<double> valeurs) {
-  for (const double v : valeurs) liste.ajouter(acutBuildList(RTREAL, v, 0));
-}
 void ajouterOu(plv::listeRb& liste, const std::optional<double>& valeur) {
   liste.ajouter(valeur ? acutBuildList(RTREAL, *valeur, 0) : acutBuildList(RTNIL, 0));
 }
-void ouvrir(plv::listeRb& liste) { liste.ajouter(acutBuildList(RTLB, 0)); }
-void fermer(plv::listeRb& liste) { liste.ajouter(acutBuildList(RTLE, 0)); }
-
-void rendrePhrase(const std::wstring& texte) { acedRetStr(texte.c_str()); }
 
 }  // namespace etu

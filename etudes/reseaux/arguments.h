@@ -1,7 +1,9 @@
-// Arguments that functions about networks share: a profile with its rows and its line, texts, lines of points; and their results.
+// Arguments that functions about networks share: a profile with its rows and its line, texts, lines of points.
 #pragma once
 #include <vector>
 
+#include "etudes/reponses/listes.h"
+#include "etudes/reponses/repondre.h"
 #include "etudes/reseaux/situer.h"
 #include "etudes/surfaces/point.h"
 #include "module/commande/arguments/argsLisp.h"
@@ -24,22 +26,7 @@ struct reseauDuProfil {
 // False when they aren't such arguments. Throws `refus` for what is wrong with the rows.
 bool lireReseauDuProfil(const resbuf*& noeud, reseauDuProfil& lu);
 
-void ajouterTexte(plv::listeRb& liste, const std::wstring& texte);
-void ajouterReels(plv::listeRb& liste, std::initializer_list<double> valeurs);
 // An altitude, or nil.
 void ajouterOu(plv::listeRb& liste, const std::optional<double>& valeur);
-void ouvrir(plv::listeRb& liste);
-void fermer(plv::listeRb& liste);
-void rendrePhrase(const std::wstring& texte);
-
-// Runs a handler; a refusal becomes its result, as a text.
-template <class Travail>
-void repondre(const Travail& travail) {
-  try {
-    travail();
-  } catch (const refus& r) {
-    rendrePhrase(r.texte);
-  }
-}
 
 }  // namespace etu

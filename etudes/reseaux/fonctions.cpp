@@ -43,11 +43,7 @@ void et_reseau_rangees() {
   const resbuf* noeud = args.nieme(0);
   rangees textes;
   if (!lireTextes(noeud, textes)) return;
-  repondre([&] {
-    plv::listeRb liste;
-    for (const std::wstring& texte : rangeesDe(lireReseau(textes))) ajouterTexte(liste, texte);
-    acedRetList(liste.tete());
-  });
+  repondre([&] { rendreTextes(rangeesDe(lireReseau(textes))); });
 }
 
 void et_reseau() {

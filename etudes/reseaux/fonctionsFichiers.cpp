@@ -27,11 +27,8 @@ void et_reseau_importer() {
     grapheReseau g = estSwmm(chemin) ? lireSwmm(chemin) : lirePipeNetworks(chemin);
     const rangees textes = rangeesDuGraphe(g, de, a, station, diametre);
     plv::listeRb liste;
-    for (const rangees& partie : {textes, rangees(g.remarques)}) {
-      ouvrir(liste);
-      for (const std::wstring& texte : partie) ajouterTexte(liste, texte);
-      fermer(liste);
-    }
+    ajouterTextes(liste, textes);
+    ajouterTextes(liste, g.remarques);
     acedRetList(liste.tete());
   });
 }

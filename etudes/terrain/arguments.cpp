@@ -56,6 +56,4 @@ void ajouterAxe(plv::listeRb& liste, const axePlan& axe) {
   liste.ajouter(acutBuildList(RTLE, 0));
 }
 
-void rendreTexte(const std::wstring& texte) { acedRetStr(texte.c_str()); }
-
 }  // namespace etu

@@ -1,8 +1,10 @@
-// Arguments and results that the functions of this room share: selection sets, axes as lists, sentences.
+// Arguments and results that the functions of this room share: selection sets, axes as lists.
 #pragma once
 #include <string>
 #include <vector>
 
+#include "etudes/reponses/listes.h"
+#include "etudes/reponses/repondre.h"
 #include "etudes/surfaces/axe.h"
 #include "hote/dbid.h"
 #include "module/commande/arguments/argsLisp.h"
@@ -19,7 +21,5 @@ const resbuf* apresListe(const resbuf* noeud);
 // An axis ((x y z bulge) ...) that begins at this node, which then stands after it. False for another form.
 bool lireAxe(const resbuf*& noeud, axePlan& axe);
 void ajouterAxe(plv::listeRb& liste, const axePlan& axe);
-
-void rendreTexte(const std::wstring& texte);
 
 }  // namespace etu

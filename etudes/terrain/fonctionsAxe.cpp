@@ -33,16 +33,14 @@ void et_axe() {
   plv::commencerAppel(args);
   const AcDbObjectIdArray ids = entitesDe(args.nieme(0));
   if (ids.isEmpty()) return;
-  try {
+  repondre([&] {
     std::vector<axePlan> pieces = piecesDe(ids);
     if (pieces.empty()) throw refus{L"l'axe est de longueur nulle"};
     axePlan axe = enchainer(std::move(pieces));
     const resbuf* retourner = args.nieme(1);
     if (retourner && retourner->restype == RTT) axe = inverse(axe);
     rendreAxe(axe);
-  } catch (const refus& r) {
-    rendreTexte(r.texte);
-  }
+  });
 }
 
 void et_axe_depuis() {

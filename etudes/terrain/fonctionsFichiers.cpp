@@ -95,7 +95,7 @@ void et_fichier() {
   plv::commencerAppel(args);
   if (!plv::estChaine(args.nieme(0))) return;
   const std::wstring chemin = plv::valeurTexte(args.nieme(0));
-  try {
+  repondre([&] {
     const nature n = natureDe(chemin);
     plv::listeRb liste(acutBuildList(RTLB, RTSTR, nomDe(n), 0));
     const std::string wkt = systemeDuFichier(chemin, n);
@@ -105,31 +105,27 @@ void et_fichier() {
     }
     liste.ajouter(acutBuildList(RTLE, 0));
     acedRetList(liste.tete());
-  } catch (const refus& r) {
-    rendreTexte(r.texte);
-  }
+  });
 }
 
 void et_surfaces() {
   plv::ArgsLisp args;
   plv::commencerAppel(args);
   if (!plv::estChaine(args.nieme(0))) return;
-  try {
+  repondre([&] {
     plv::listeRb liste(acutBuildList(RTLB, 0));
     const landXmlLu lu = lireLandXml(plv::valeurTexte(args.nieme(0)));
     for (const surfaceLandXml& s : lu.surfaces) liste.ajouter(acutBuildList(RTSTR, s.nom.c_str(), 0));
     liste.ajouter(acutBuildList(RTLE, 0));
     if (!lu.surfaces.empty()) acedRetList(liste.tete());
-  } catch (const refus& r) {
-    rendreTexte(r.texte);
-  }
+  });
 }
 
 void et_axes_fichier() {
   plv::ArgsLisp args;
   plv::commencerAppel(args);
   if (!plv::estChaine(args.nieme(0))) return;
-  try {
+  repondre([&] {
     plv::listeRb liste(acutBuildList(RTLB, 0));
     for (const axeNomme& a :
          axesDe(plv::valeurTexte(args.nieme(0)), plv::nomDeFichier(plv::valeurTexte(args.nieme(1))))) {
@@ -139,16 +135,14 @@ void et_axes_fichier() {
     }
     liste.ajouter(acutBuildList(RTLE, 0));
     acedRetList(liste.tete());
-  } catch (const refus& r) {
-    rendreTexte(r.texte);
-  }
+  });
 }
 
 void et_systemes() {
   plv::ArgsLisp args;
   plv::commencerAppel(args);
   const resbuf* noeud = args.nieme(0);
-  try {
+  repondre([&] {
     if (!projPresente())
       throw refus{L"ce programme a été construit sans PROJ, qui connaît les systèmes de coordonnées"};
     std::vector<systemeConnu> systemes;
@@ -163,9 +157,7 @@ void et_systemes() {
     for (const systemeConnu& s : systemes) ajouter(liste, s);
     liste.ajouter(acutBuildList(RTLE, 0));
     if (!systemes.empty()) acedRetList(liste.tete());
-  } catch (const refus& r) {
-    rendreTexte(r.texte);
-  }
+  });
 }
 
 }  // namespace etu

@@ -11,9 +11,6 @@ namespace etu {
 
 namespace {
 
-void ouvrir(plv::listeRb& liste) { liste.ajouter(acutBuildList(RTLB, 0)); }
-void fermer(plv::listeRb& liste) { liste.ajouter(acutBuildList(RTLE, 0)); }
-
 bool lireAxes(const resbuf* noeud, std::vector<axePlan>& axes) {
   if (noeud->restype == RTNIL) return true;
   if (noeud->restype != RTLB) return false;
@@ -103,12 +100,6 @@ void ajouter(plv::listeRb& liste, const maillage& mesh) {
   }
 }
 
-void ajouterTextes(plv::listeRb& liste, const std::vector<std::wstring>& textes) {
-  ouvrir(liste);
-  for (const std::wstring& texte : textes) liste.ajouter(acutBuildList(RTSTR, texte.c_str(), 0));
-  fermer(liste);
-}
-
 void rendre(const std::vector<axePlan>& axes, const reglesTerrain& regles, surfaceLue& lue) {
   plv::listeRb liste;
   ouvrir(liste);
@@ -142,16 +133,14 @@ void et_terrain() {
   reglesTerrain regles;
   if (!lireAxes(premier, axes) || !sources || sources->restype != RTLB || !lireRegles(apresListe(sources), regles))
     return;
-  try {
+  repondre([&] {
     surfaceLue lue;
     if (lireSources(sources, regles, lue)) {
       if (lue.surface.vide() && lue.pointsPres.empty())
         throw refus{L"aucun point, aucune ligne et aucune face dans les sources"};
       rendre(axes, regles, lue);
     }
-  } catch (const refus& r) {
-    rendreTexte(r.texte);
-  }
+  });
 }
 
 void et_triangles() {
@@ -163,7 +152,7 @@ void et_triangles() {
   const resbuf* options = apresListe(sources);
   const resbuf* nombre = !options ? nullptr : options->restype == RTLB ? apresListe(options) : options->rbnext;
   if (!lireRegles(options, regles) || !plv::estEntier(nombre)) return;
-  try {
+  repondre([&] {
     surfaceLue lue;
     if (!lireSources(sources, regles, lue)) return;
     if (lue.triangles > static_cast<std::size_t>(std::max(plv::valeurEntiere(nombre), 0)))
@@ -173,9 +162,7 @@ void et_triangles() {
     for (const coupeMaillage* m : lue.maillages) ajouter(liste, m->mesh());
     fermer(liste);
     if (lue.triangles > 0) acedRetList(liste.tete());
-  } catch (const refus& r) {
-    rendreTexte(r.texte);
-  }
+  });
 }
 
 }  // namespace etu

@@ -25,11 +25,7 @@ void et_tranchees_sols() {
   const resbuf* noeud = args.nieme(0);
   rangees textes;
   if (!lireTextes(noeud, textes)) return;
-  repondre([&] {
-    plv::listeRb liste;
-    for (const std::wstring& nom : nomsDesSols(lireRegles(textes))) ajouterTexte(liste, nom);
-    acedRetList(liste.tete());
-  });
+  repondre([&] { rendreTextes(nomsDesSols(lireRegles(textes))); });
 }
 
 void et_tranchees() {

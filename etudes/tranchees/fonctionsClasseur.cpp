@@ -57,9 +57,7 @@ void et_tranchees_classeur() {
         !lireTexte(noeud, entete.dessin) || !lireTexte(noeud, entete.date))
       return;
     plv::listeRb liste;
-    ouvrir(liste);
-    for (const std::wstring& nom : ecrireClasseur(chemin, l.mesures, lirePrix(tarif), entete)) ajouterTexte(liste, nom);
-    fermer(liste);
+    ajouterTextes(liste, ecrireClasseur(chemin, l.mesures, lirePrix(tarif), entete));
     ajouterReels(liste, {l.mesures.front().q.total.fouille});
     acedRetList(liste.tete());
   });
