@@ -5,15 +5,16 @@ Usage: tableurs.py KAVEL SOURCE. The results that the file holds beside its form
 program works them out. A program that isn't installed is passed over, and the output says so; without any, the status is 77.
 """
 import os
-import re
 import shutil
 import subprocess
 import sys
 import tempfile
-import zipfile
 
 from colonnes import columns
 from openpyxl import load_workbook
+
+sys.path.append(os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "support"))
+from tableur import forget_results, libreoffice
 
 KAVEL, SOURCE = sys.argv[1:3]
 faults = []
@@ -24,24 +25,6 @@ def write_workbook(folder):
     subprocess.run([KAVEL, "--quiet", "-s", os.path.join(SOURCE, "exemples", "demo.scr")], cwd=folder, check=True, env=environment,
                    timeout=120)
     return os.path.join(folder, "rue-du-moulin.xlsx")
-
-
-def forget_results(path, target):
-    count = 0
-    with zipfile.ZipFile(path) as source, zipfile.ZipFile(target, "w", zipfile.ZIP_DEFLATED) as out:
-        for name in source.namelist():
-            data = source.read(name)
-            if name.startswith("xl/worksheets/"):
-                data, found = re.subn(rb"(</f>)<v>[^<]*</v>", rb"\1", data)
-                count += found
-            out.writestr(name, data)
-    return count
-
-
-def libreoffice(path, folder):
-    subprocess.run(["soffice", f"-env:UserInstallation=file://{folder}/profil", "--headless", "--convert-to", "xlsx", "--outdir",
-                    os.path.join(folder, "soffice"), path], check=True, timeout=180, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-    return os.path.join(folder, "soffice", os.path.basename(path))
 
 
 def gnumeric(path, folder):

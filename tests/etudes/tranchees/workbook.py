@@ -1,11 +1,12 @@
 """What a spreadsheet program works out of a workbook: its values beside those that the file holds."""
 import os
-import re
 import shutil
-import subprocess
-import zipfile
+import sys
 
 from openpyxl import load_workbook
+
+sys.path.append(os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "support"))
+from tableur import forget_results, libreoffice
 
 TOLERANCE = 2e-9
 
@@ -14,26 +15,11 @@ def spreadsheet():
     return shutil.which("soffice")
 
 
-def forget_results(path, target):
-    """A copy without the results beside the formulas, which then have to be worked out; gives how many there were."""
-    count = 0
-    with zipfile.ZipFile(path) as source, zipfile.ZipFile(target, "w", zipfile.ZIP_DEFLATED) as out:
-        for name in source.namelist():
-            data = source.read(name)
-            if name.startswith("xl/worksheets/"):
-                data, found = re.subn(rb"(</f>)<v>[^<]*</v>", rb"\1", data)
-                count += found
-            out.writestr(name, data)
-    return count
-
-
 def reckoned(path, folder):
     """The workbook with its formulas worked out by LibreOffice, and how many formulas had none before."""
-    bare, out = os.path.join(folder, "sans.xlsx"), os.path.join(folder, "calcul")
+    bare = os.path.join(folder, "sans.xlsx")
     count = forget_results(path, bare)
-    subprocess.run(["soffice", f"-env:UserInstallation=file://{folder}/profil", "--headless", "--convert-to", "xlsx", "--outdir", out, bare],
-                   check=True, timeout=300, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-    return load_workbook(os.path.join(out, "sans.xlsx"), data_only=True), count
+    return load_workbook(libreoffice(bare, folder), data_only=True), count
 
 
 def differences(path, folder):
