@@ -84,7 +84,7 @@ HOUSES = {
         "suivi": "",
         "habillage": "",
         "reseaux": "base surfaces fichiers reponses",
-        "tranchees": "reseaux surfaces fichiers reponses",
+        "tranchees": "reseaux surfaces fichiers",
         "porte": "optimal cout terrain suivi habillage reseaux tranchees",
     },
     "programs": {"": ""},
