@@ -98,7 +98,8 @@ void et_ligneCout() {
   for (const regardTrouve& r : ligne.regards)
     resultat.ajouter(
         acutBuildList(RTLB, RTREAL, station(r.distance), RTREAL, r.sol, RTREAL, r.entree, RTREAL, r.sortie, RTLE, 0));
-  resultat.ajouter(acutBuildList(RTLE, RTLB, RTREAL, ligne.cout, RTREAL, ligne.borne, RTLE, RTLB, RTLB, 0));
+  resultat.ajouter(
+      acutBuildList(RTLE, RTLB, RTREAL, ligne.cout, RTREAL, ligne.borne, RTREAL, ligne.coutRond, RTLE, RTLB, RTLB, 0));
   for (const double volume : ligne.quantites.volumes) resultat.ajouter(acutBuildList(RTREAL, volume, 0));
   const releve& r = ligne.quantites;
   resultat.ajouter(acutBuildList(RTLE, RTREAL, r.blindage, RTREAL, r.regards, RTREAL, r.profondeurRegards, RTREAL,

@@ -1,237 +1,26 @@
-// A shortest path from place to place over levels (Duque, Duque and Saldarriaga 2016, Journal of Hydroinformatics 18(5)):
-// what comes to a level at a place is the least of all runs that end there, and a manhole passes it on to the
-// same level, to a lower one by a drop, to a higher one by pumping. All runs of all slopes are looked at; nothing is left out.
+// First the cheapest line of round altitudes, over all levels. Then levels that get finer and finer, at each step a bound for lines of any
+// altitudes, the best line of these levels, and the altitudes that a line may use which costs no more: only there the next step looks.
 #include "etudes/cout/moindre.h"
 
 #include <algorithm>
 #include <cmath>
-#include <deque>
+#include <utility>
+
+#include "etudes/cout/montee.h"
 
 namespace etu {
 
 namespace {
 
 constexpr double kTropDeTravail = 1e11;  // runs: some minutes
-constexpr double kTravailDeLaBorne = 3e8;
-constexpr double kSans = std::numeric_limits<double>::infinity();
-
-echelle echelleDe(const limites& l, const finesse& f) {
-  const double bas = l.bas - f.marge, haut = l.haut + f.marge;
-  // A place with one altitude only, as a fixed end, has that level.
-  if (l.hauteur() >= 0 && l.hauteur() < f.pas && std::floor((haut + 1e-9) / f.pas) < std::ceil((bas - 1e-9) / f.pas))
-    return {0.5 * (l.bas + l.haut), 1};
-  if (l.hauteur() >= 0 && l.hauteur() <= 2e-9 && f.marge == 0) return {0.5 * (l.bas + l.haut), 1};
-  const double premier = std::ceil((bas - 1e-9) / f.pas), dernier = std::floor((haut + 1e-9) / f.pas);
-  return {premier * f.pas, premier <= dernier ? static_cast<int>(dernier - premier) + 1 : 0};
-}
-
-// The costs of arriving at and of leaving each level of a place, and where they come from.
-struct etat {
-  echelle niveaux;
-  std::vector<double> arrivee, depart;
-  std::vector<int> place, niveau;  // of each arrival
-  std::vector<int> arrive;         // of each departure
-};
-
-class chemin {
- public:
-  chemin(const etude& e, const tarif& t, const finesse& f) : m_etude(e), m_tarif(t), m_prix(t), m_finesse(f) {
-    if (e.demandee().pente) {
-      m_pentes = *e.demandee().pente;
-      m_versLaDroite = m_pentes.plusGrande <= 0;
-      m_coule = m_versLaDroite || m_pentes.moindre >= 0;
-    }
-  }
-  // Whether a line arrives; `ou` tells how far lines come.
-  bool chercher();
-  // How many runs are looked at, about.
-  double travail() const;
-  double cout() const { return *std::ranges::min_element(m_etats.back().depart); }
-  impasse ou() const { return m_ou; }
-  std::vector<regardTrouve> regards() const;
-
- private:
-  double coutRegard(const place& p, double bas) const {
-    return m_tarif.prixRegard + m_tarif.prixMetreRegard * std::max(0.0, p.sol - bas - m_finesse.marge);
-  }
-  void relier(std::size_t gauche, std::size_t droite);
-  void traverser(std::size_t rang);
-  void tomber(std::size_t rang);
-  void pomper(std::size_t rang);
-  bool dans(const limites& l, double z) const {
-    return z >= l.bas - m_finesse.marge - 1e-9 && z <= l.haut + m_finesse.marge + 1e-9;
-  }
-
-  const etude& m_etude;
-  const tarif& m_tarif;
-  prixParProfondeur m_prix;
-  finesse m_finesse;
-  pentes m_pentes{-kSans, kSans};
-  bool m_coule = false, m_versLaDroite = false;
-  std::vector<etat> m_etats;
-  impasse m_ou{};
-};
-
-void chemin::relier(std::size_t gauche, std::size_t droite) {
-  const etat& g = m_etats[gauche];
-  etat& d = m_etats[droite];
-  const troncon t = m_etude.entre(gauche, droite);
-  couts c(t, m_prix, m_finesse);
-  const double pas = m_finesse.pas, ecartBases = d.niveaux.base - g.niveaux.base;
-  const auto borne = [&](double pente, double marge) {
-    return std::clamp((pente * t.longueur + marge - ecartBases) / pas, -1e9, 1e9);
-  };
-  const double marge = 2 * m_finesse.marge + 1e-9;
-  const int premier = std::max(1 - g.niveaux.niveaux, static_cast<int>(std::ceil(borne(m_pentes.moindre, -marge))));
-  const int dernier = std::min(d.niveaux.niveaux - 1, static_cast<int>(std::floor(borne(m_pentes.plusGrande, marge))));
-  for (int ecart = premier; ecart <= dernier; ++ecart) {
-    const couts::resultat& r = c.pour(g.niveaux, d.niveaux, ecart);
-    for (std::size_t i = 0; i < r.cout.size(); ++i) {
-      const int de = r.premier + static_cast<int>(i);
-      const auto a = static_cast<std::size_t>(de + ecart);
-      const double cout = g.depart[static_cast<std::size_t>(de)] + r.cout[i];
-      if (cout >= d.arrivee[a]) continue;
-      d.arrivee[a] = cout;
-      d.place[a] = static_cast<int>(gauche);
-      d.niveau[a] = de;
-    }
-  }
-}
-
-// Water that comes to a higher level than it leaves at. To the right it falls from an arrival; to the left a departure is where it
-// comes from.
-void chemin::tomber(std::size_t rang) {
-  etat& e = m_etats[rang];
-  const place& p = m_etude.places()[rang];
-  const int portee =
-      static_cast<int>(std::floor((m_tarif.chutes->hauteur + 2 * m_finesse.marge + 1e-9) / m_finesse.pas));
-  const int n = e.niveaux.niveaux, sens = m_versLaDroite ? 1 : -1;
-  // Over the levels from the top (to the right) or from the bottom, the cheapest arrival within reach before each.
-  const auto prix = [&](int arrivee) {
-    const double fond = m_versLaDroite ? 0.0 : coutRegard(p, e.niveaux.altitude(arrivee, m_finesse.pas));
-    return e.arrivee[static_cast<std::size_t>(arrivee)] + fond;
-  };
-  std::deque<int> moindres;
-  for (int k = 0; k < n; ++k) {
-    const int niveau = sens > 0 ? n - 1 - k : k;
-    while (!moindres.empty() && std::abs(moindres.front() - niveau) > portee) moindres.pop_front();
-    if (!moindres.empty()) {
-      const double z = e.niveaux.altitude(niveau, m_finesse.pas);
-      const double cout = prix(moindres.front()) + (m_versLaDroite ? coutRegard(p, z) : 0.0) + m_tarif.chutes->prix;
-      if (const auto i = static_cast<std::size_t>(niveau); dans(p.sortie, z) && cout < e.depart[i]) {
-        e.depart[i] = cout;
-        e.arrive[i] = moindres.front();
-      }
-    }
-    while (!moindres.empty() && prix(moindres.back()) >= prix(niveau)) moindres.pop_back();
-    moindres.push_back(niveau);
-  }
-}
-
-// Water that leaves at a higher level than it comes to.
-void chemin::pomper(std::size_t rang) {
-  etat& e = m_etats[rang];
-  const place& p = m_etude.places()[rang];
-  const int n = e.niveaux.niveaux, sens = m_versLaDroite ? 1 : -1;
-  const double parNiveau = m_tarif.pompages->prixMetre * m_finesse.pas;
-  const double gratuit = m_tarif.pompages->prixMetre * 2 * m_finesse.marge;
-  int moindre = -1;
-  double moindrePrix = kSans;
-  for (int k = 0; k < n; ++k) {
-    const int niveau = sens > 0 ? k : n - 1 - k;
-    const double z = e.niveaux.altitude(niveau, m_finesse.pas);
-    const double rang0 = parNiveau * k;
-    if (moindre >= 0) {
-      const double cout =
-          moindrePrix + rang0 - gratuit + m_tarif.pompages->prix + (m_versLaDroite ? 0.0 : coutRegard(p, z));
-      if (const auto i = static_cast<std::size_t>(niveau); dans(p.sortie, z) && cout < e.depart[i]) {
-        e.depart[i] = cout;
-        e.arrive[i] = moindre;
-      }
-    }
-    const double prix = e.arrivee[static_cast<std::size_t>(niveau)] + (m_versLaDroite ? coutRegard(p, z) : 0.0) - rang0;
-    if (prix < moindrePrix) {
-      moindrePrix = prix;
-      moindre = niveau;
-    }
-  }
-}
-
-void chemin::traverser(std::size_t rang) {
-  etat& e = m_etats[rang];
-  const place& p = m_etude.places()[rang];
-  for (int k = 0; k < e.niveaux.niveaux; ++k) {
-    const auto i = static_cast<std::size_t>(k);
-    const double z = e.niveaux.altitude(k, m_finesse.pas);
-    if (!dans(p.entree, z)) e.arrivee[i] = kSans;
-    if (!dans(p.sortie, z)) continue;
-    e.depart[i] = e.arrivee[i] + coutRegard(p, z);
-    e.arrive[i] = k;
-  }
-  const bool bout = rang == 0 || rang + 1 == m_etude.places().size();
-  if (bout || p.enCroisement || !m_coule) return;
-  if (m_tarif.chutes) tomber(rang);
-  if (m_tarif.pompages) pomper(rang);
-}
-
-double chemin::travail() const {
-  double n = 0;
-  const auto niveaux = [&](std::size_t i) {
-    const place& p = m_etude.places()[i];
-    return std::max(0.0, std::max(p.entree.haut, p.sortie.haut) - std::min(p.entree.bas, p.sortie.bas)) / m_finesse.pas;
-  };
-  for (std::size_t i = 0; i < m_etude.places().size(); ++i)
-    for (std::size_t k = i + 1; k < m_etude.finDesSuivantes(i); ++k) n += niveaux(i) * niveaux(k);
-  return n;
-}
-
-bool chemin::chercher() {
-  const auto& places = m_etude.places();
-  for (const place& p : places) {
-    etat e;
-    e.niveaux = echelleDe({std::min(p.entree.bas, p.sortie.bas), std::max(p.entree.haut, p.sortie.haut)}, m_finesse);
-    const auto n = static_cast<std::size_t>(e.niveaux.niveaux);
-    e.arrivee.assign(n, kSans);
-    e.depart.assign(n, kSans);
-    e.place.assign(n, -1);
-    e.niveau.assign(n, -1);
-    e.arrive.assign(n, -1);
-    m_etats.push_back(std::move(e));
-  }
-  std::ranges::fill(m_etats.front().arrivee, 0.0);
-  std::size_t loin = 0;
-  for (std::size_t rang = 0; rang < places.size(); ++rang) {
-    traverser(rang);
-    const bool atteinte = std::ranges::any_of(m_etats[rang].depart, [](double c) { return c < kSans; });
-    if (!atteinte) continue;
-    loin = rang;
-    for (std::size_t suite = rang + 1; suite < m_etude.finDesSuivantes(rang); ++suite)
-      if (m_etude.assezLoin(rang, suite)) relier(rang, suite);
-  }
-  m_ou = {places[loin].distance, places[std::min(loin + 1, places.size() - 1)].distance};
-  return loin + 1 == places.size();
-}
-
-std::vector<regardTrouve> chemin::regards() const {
-  std::vector<regardTrouve> liste;
-  const auto& fin = m_etats.back().depart;
-  int rang = static_cast<int>(m_etats.size()) - 1;
-  int sortie = static_cast<int>(std::ranges::min_element(fin) - fin.begin());
-  while (rang >= 0) {
-    const etat& e = m_etats[static_cast<std::size_t>(rang)];
-    const place& p = m_etude.places()[static_cast<std::size_t>(rang)];
-    const int entree = e.arrive[static_cast<std::size_t>(sortie)];
-    liste.push_back(
-        {p.distance, p.sol, e.niveaux.altitude(entree, m_finesse.pas), e.niveaux.altitude(sortie, m_finesse.pas)});
-    rang = e.place[static_cast<std::size_t>(entree)];
-    sortie = e.niveau[static_cast<std::size_t>(entree)];
-  }
-  std::ranges::reverse(liste);
-  return liste;
-}
+constexpr double kTravailDeLaBorne = 1e9;
+constexpr double kPlusFin = 1e-7;  // metres between levels
+constexpr double kEcart = 5e-4;    // of the cost: near enough
 
 // The quantities of the line, measured along it once more.
-releve mesurer(const etude& e, const tarif& t, const std::vector<regardTrouve>& regards, bool versLaDroite) {
+releve mesurer(const etude& e, const tarif& t, const std::vector<regardTrouve>& regards) {
+  const auto& pente = e.demandee().pente;
+  const bool versLaDroite = pente && pente->plusGrande <= 0;
   releve r;
   r.volumes.resize(t.fouille.size());
   const auto rangDe = [&](double distance) {
@@ -257,12 +46,75 @@ releve mesurer(const etude& e, const tarif& t, const std::vector<regardTrouve>& 
   return r;
 }
 
-// The bound is the nearer the finer its levels are; finer ones are looked at as long as that takes a second or two.
-double finesseDeLaBorne(double travail) {
-  double finesse = 1;
-  for (const double f : {2.0, 5.0, 10.0})
-    if (travail * f * f <= kTravailDeLaBorne) finesse = f;
-  return finesse;
+// The limit of slopes that most of the runs keep to.
+limiteSuivie limiteDe(const std::vector<regardTrouve>& regards, const demande& d, double pas) {
+  if (!d.pente) return limiteSuivie::aucune;
+  int moindre = 0, plusGrande = 0;
+  for (std::size_t i = 0; i + 1 < regards.size(); ++i) {
+    const double longueur = regards[i + 1].distance - regards[i].distance;
+    const double montee = regards[i + 1].entree - regards[i].sortie;
+    if (montee - d.pente->moindre * longueur < pas) ++moindre;
+    if (d.pente->plusGrande * longueur - montee < pas) ++plusGrande;
+  }
+  return moindre + plusGrande == 0 ? limiteSuivie::aucune
+         : moindre > plusGrande    ? limiteSuivie::moindre
+                                   : limiteSuivie::plusGrande;
+}
+
+// A line of levels that follow a limit of slopes, where none arrives from round altitude to round altitude.
+std::vector<regardTrouve> depart(const etude& e, const tarif& t, double pas) {
+  if (!e.demandee().pente) return {};
+  for (const limiteSuivie suit : {limiteSuivie::moindre, limiteSuivie::plusGrande})
+    if (chemin c(e, t, {{pas}, suit}); c.chercher()) return c.regards();
+  return {};
+}
+
+class resserrement {
+ public:
+  resserrement(const etude& e, const tarif& t, const ligneCout& ronde, double pas)
+      : m_etude(e), m_tarif(t), m_pas(pas), m_cout(ronde.cout), m_suit(limiteDe(ronde.regards, e.demandee(), pas)) {}
+  void faire(const std::vector<regardTrouve>& ronde);
+  double borne() const { return std::min(m_borne, m_cout); }
+  // Manholes of a line that costs less than the round one, if one was found.
+  const std::vector<regardTrouve>& regards() const { return m_regards; }
+
+ private:
+  void proposer(std::vector<regardTrouve> regards);
+  void chercherMieux();
+  const etude& m_etude;
+  const tarif& m_tarif;
+  double m_pas, m_cout, m_borne = 0, m_travail = 0;
+  limiteSuivie m_suit;
+  std::vector<limites> m_altitudes;
+  std::vector<regardTrouve> m_regards;
+};
+
+void resserrement::proposer(std::vector<regardTrouve> regards) {
+  regards = relevee(m_etude, m_tarif, std::move(regards));
+  const double cout = montant(mesurer(m_etude, m_tarif, regards), m_tarif);
+  if (cout >= m_cout) return;
+  m_cout = cout;
+  m_regards = std::move(regards);
+}
+
+void resserrement::chercherMieux() {
+  // The line will be raised: what it costs at its levels would keep it from lying along the limit of a class.
+  chemin fin(m_etude, m_tarif, {{m_pas, 0, 0.5 * m_pas}, m_suit, m_altitudes});
+  if (fin.chercher()) proposer(fin.regards());
+}
+
+void resserrement::faire(const std::vector<regardTrouve>& ronde) {
+  proposer(ronde);
+  for (;; m_pas *= 0.5) {
+    chemin large(m_etude, m_tarif, {{m_pas, 0.5 * m_pas, 0.5 * m_pas}, m_suit, m_altitudes});
+    m_travail += large.travail();
+    if (m_borne > 0 && (m_travail > kTravailDeLaBorne || m_pas < kPlusFin)) return;
+    // Where no line is left none costs less than the best one so far.
+    m_borne = large.chercher() ? std::max(m_borne, large.cout()) : m_cout;
+    if (m_cout - m_borne > kEcart * m_cout) chercherMieux();
+    if (m_cout - m_borne <= kEcart * m_cout) return;
+    m_altitudes = large.altitudesJusque(m_cout * (1 + 1e-9));
+  }
 }
 
 }  // namespace
@@ -272,17 +124,23 @@ std::optional<rechercheCout> moindreCout(const listeSommets& terrain, const dema
   if (!convient(terrain, d) || !convient(t) || !(pas > 0) || !std::isfinite(pas)) return std::nullopt;
   const etude e(terrain, d, regards);
   rechercheCout resultat;
-  chemin exact(e, t, {pas});
-  if (exact.travail() > kTropDeTravail) return std::nullopt;
-  const bool arrive = exact.chercher();
-  resultat.ou = exact.ou();
-  if (!arrive) return resultat;
-  ligneCout ligne{exact.regards(), {}, 0, 0};
-  ligne.quantites = mesurer(e, t, ligne.regards, d.pente && d.pente->plusGrande <= 0);
+  chemin ronde(e, t, {{pas}});
+  if (ronde.travail() > kTropDeTravail) return std::nullopt;
+  const bool arrive = ronde.chercher(), libre = d.pasAltitude == 0;
+  resultat.ou = ronde.ou();
+  ligneCout ligne{arrive ? ronde.regards() : libre ? depart(e, t, pas) : std::vector<regardTrouve>{}, {}, 0, 0, 0};
+  if (ligne.regards.empty()) return resultat;
+  ligne.quantites = mesurer(e, t, ligne.regards);
   ligne.cout = montant(ligne.quantites, t);
-  const double pasBorne = pas / finesseDeLaBorne(exact.travail());
-  chemin large(e, t, {pasBorne, 0.5 * pasBorne});
-  ligne.borne = large.chercher() ? std::min(large.cout(), ligne.cout) : ligne.cout;
+  if (arrive) ligne.coutRond = ligne.cout;
+  resserrement r(e, t, ligne, pas);
+  r.faire(ligne.regards);
+  if (libre && !r.regards().empty()) {
+    ligne.regards = r.regards();
+    ligne.quantites = mesurer(e, t, ligne.regards);
+    ligne.cout = montant(ligne.quantites, t);
+  }
+  ligne.borne = std::min(r.borne(), ligne.cout);
   resultat.ligne = std::move(ligne);
   return resultat;
 }

@@ -52,7 +52,7 @@ void couts::sommer(const echelle& gauche, double montee) {
   m_pente.assign(static_cast<std::size_t>(niveaux) + 1, 0);
   m_constante.assign(static_cast<std::size_t>(niveaux) + 1, 0);
   // Depths are counted from the first of the levels; a level more is a step less.
-  const double z = gauche.altitude(m_resultat.premier, m_finesse.pas) + m_finesse.marge, pas = m_finesse.pas;
+  const double z = gauche.altitude(m_resultat.premier, m_finesse.pas) + m_finesse.allegement, pas = m_finesse.pas;
   for (const morceauSol& m : m_t.sol) {
     const double d0 = m.zDebut - (z + m.debut * montee), d1 = m.zFin - (z + m.fin * montee);
     const double longueur = (m.fin - m.debut) * m_t.longueur, bas = std::min(d0, d1), haut = std::max(d0, d1);

@@ -34,11 +34,12 @@ struct troncon {
   std::vector<morceauSol> sol;
 };
 
-// How exactly levels stand for altitudes. With a margin every altitude within it of a level counts for the level: what is
-// found is then a bound for lines of any altitude.
+// How exactly levels stand for altitudes. With a margin every altitude within it of a level counts for the level. Prices may be those of a line
+// that lies higher by so much: with both what is found is a bound for lines of any altitude.
 struct finesse {
   double pas;
   double marge = 0;
+  double allegement = 0;
 };
 
 // The cost of the trench for all levels on the left, at one difference of levels to the right.

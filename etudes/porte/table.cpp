@@ -45,12 +45,13 @@ constexpr ligneFonction kTable[] = {
     {L"et_couloir", et_couloir, L"(et_couloir profil moindre plus-grande départ arrivée [contraintes])",
      L"Le couloir où et_ligne cherche: ses limites basse et haute, deux listes de (pk altitude)."},
     {L"et_ligneCout", et_ligneCout, L"(et_ligneCout profil moindre plus-grande départ arrivée contraintes ouvrages)",
-     L"La ligne de moindre coût d'un regard à l'autre: (regards (coût borne) quantités), un regard étant (pk terrain "
-     L"entrée sortie), la borne un coût sous lequel aucune ligne n'est, quelles que soient ses altitudes, les "
-     L"quantités "
-     L"(volumes blindage regards profondeur chutes pompages relevage). Quand aucune n'arrive: (nil (pk pk)), le regard "
+     L"La ligne de moindre coût d'un regard à l'autre: (regards (coût borne arrondi) quantités), un regard étant (pk "
+     L"terrain "
+     L"entrée sortie), la borne un coût sous lequel aucune ligne n'est, quelles que soient ses altitudes, "
+     L"l'arrondi le coût de la moins chère aux altitudes rondes au centimètre (0 sans elle), les quantités (volumes "
+     L"blindage regards profondeur chutes pompages relevage). Quand aucune n'arrive: (nil (pk pk)), le regard "
      L"le plus loin qu'une ligne atteint et le suivant. Les altitudes aux regards sont rondes au pas de la contrainte "
-     L"arrondi, au centimètre sans elle. Les ouvrages sont des listes (nom nombres): (station pk) d'un regard, "
+     L"arrondi, quelconques sans elle. Les ouvrages sont des listes (nom nombres): (station pk) d'un regard, "
      L"(espacement plus-grand pas) pour en ajouter, (fouille profondeur largeur prix) par classe, (blindage profondeur "
      L"prix), (regard prix prix-du-mètre), (chute prix hauteur), (pompage prix prix-du-mètre). Chutes et pompages ne "
      L"valent qu'avec une pente d'un seul sens."},
@@ -112,11 +113,14 @@ constexpr ligneFonction kTable[] = {
      L"qui "
      L"diminuent, espacement, vitesses, croisements. nil pour gravitaire: un réseau sous pression."},
     {L"et_reseau_importer", et_reseau_importer, L"(et_reseau_importer chemin de à station diamètre)",
-     L"Les rangées d'un réseau d'un fichier .inp ou LandXML (PipeNetworks): (rangées remarques), du nœud de départ à celui "
-     L"d'arrivée, ou le plus long chemin pour deux textes vides; la station est celle du départ, le diamètre en texte celui des "
+     L"Les rangées d'un réseau d'un fichier .inp ou LandXML (PipeNetworks): (rangées remarques), du nœud de départ à "
+     L"celui "
+     L"d'arrivée, ou le plus long chemin pour deux textes vides; la station est celle du départ, le diamètre en texte "
+     L"celui des "
      L"regards que le fichier ne dit pas. Une chaîne dit ce qui ne va pas."},
     {L"et_reseau_ecrire", et_reseau_ecrire, L"(et_reseau_ecrire chemin format titre lieux profil rangées ligne)",
-     L"Écrit un réseau, le format étant \"inp\" ou \"xml\"; lieux est une liste d'une liste des (x y) de ses regards. Rend T. Une "
+     L"Écrit un réseau, le format étant \"inp\" ou \"xml\"; lieux est une liste d'une liste des (x y) de ses regards. "
+     L"Rend T. Une "
      L"chaîne dit ce qui ne va pas."},
     {L"et_tranchees_sols", et_tranchees_sols, L"(et_tranchees_sols règles)",
      L"Les noms des sols que demandent des types de tranchées: celui d'où l'on creuse, puis ceux des couches plus "

@@ -18,7 +18,7 @@
   (reverse stations))
 
 (defun plv-optimal:demander-cout (profil souhait prix)
-  "What et_ligneCout answers: (manholes (cost bound) quantities), (nil (station station)), or nil."
+  "What et_ligneCout answers: (manholes (cost bound rounded) quantities), (nil (station station)), or nil."
   (apply 'et_ligneCout
     (append (plv-optimal:arguments profil souhait)
             (list (append (plv-cout:stations-blocs profil (car (plv-souhait-depart souhait)) (car (plv-souhait-arrivee souhait))) prix)))))
@@ -61,14 +61,19 @@
     (setq nom (assoc (caddr poste) prix))
     (plv-cout:poste (car poste) (nth (cadr poste) autres) (nth 4 poste) (if nom (nth (cadddr poste) nom) 0.0))))
 
-(defun plv-cout:dire (trouve prix / cout borne)
-  (setq cout (car (cadr trouve)) borne (cadr (cadr trouve)))
+(defun plv-cout:dire (trouve souhait prix / cout borne rond)
+  (setq cout (car (cadr trouve)) borne (cadr (cadr trouve)) rond (caddr (cadr trouve)))
   (plv-cout:dire-regards (car trouve))
   (plv-cout:dire-quantites (caddr trouve) prix)
-  (plv-dire (strcat "Coût: " (plv-reel cout 2) ". Aucune ligne aux altitudes aussi rondes ne coûte moins: toutes ont été comparées."))
+  (plv-dire (strcat "Coût: " (plv-reel cout 2) "."
+                    (if (assoc "arrondi" (plv-souhait-contraintes souhait))
+                      " Aucune ligne aux altitudes aussi rondes ne coûte moins: toutes ont été comparées."
+                      "")))
   (if (< borne cout)
     (plv-dire (strcat "Aucune, quelles que soient ses altitudes, ne coûte moins de " (plv-reel borne 2) " ("
-                      (plv-reel (* 100.0 (/ (- cout borne) cout)) 2) " %)."))))
+                      (plv-reel (* 100.0 (/ (- cout borne) cout)) 2) " %).")))
+  (if (> rond (* 1.0001 cout))
+    (plv-dire (strcat "Aux altitudes arrondies au centimètre la moins chère coûte " (plv-reel rond 2) " (contrainte arrondi;0.01)."))))
 
 ;; --- the call
 
@@ -110,5 +115,5 @@ message."
        (progn
          (plv-optimal:dire profil suites (plv-souhait-minimum souhait) (plv-souhait-maximum souhait)
                            (plv-souhait-bandes souhait (plv-premiere-station profil)))
-         (plv-cout:dire trouve prix)
+         (plv-cout:dire trouve souhait prix)
          (apply 'append suites))))))

@@ -208,16 +208,16 @@ class Search:
     def farthest(self):
         return max((self.places[i][0] for i, l in enumerate(self.leave) if any(c < math.inf for c in l)), default=self.places[0][0])
 
-    def kept(self, line):
-        """What of a line isn't as it was asked."""
+    def kept(self, line, free):
+        """What of a line isn't as it was asked; free altitudes needn't be of a level."""
         ranks = [min(range(len(self.places)), key=lambda i: abs(self.places[i][0] - m[0])) for m in line]
         for m, i in zip(line, ranks):
             if abs(self.places[i][0] - m[0]) > TOLERANCE * 1000:
                 yield f"a manhole at {float(m[0])}"
             for z in m[2:]:
-                if all(abs(z - level) > TOLERANCE * 10 for level in self.levels[i]):
+                if not free and all(abs(z - level) > TOLERANCE * 10 for level in self.levels[i]):
                     yield f"level {float(z)} at {float(m[0])}"
-        snap = lambda i, z: min(self.levels[i], key=lambda level: abs(level - z))
+        snap = lambda i, z: z if free else min(self.levels[i], key=lambda level: abs(level - z))
         for m, i in zip(line, ranks):
             if self.node(i, snap(i, m[2]), snap(i, m[3])) is None:
                 yield f"no manhole from {float(m[2])} to {float(m[3])} at {float(m[0])}"

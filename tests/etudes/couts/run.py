@@ -17,6 +17,7 @@ from play import play
 from paths import Prices, Search, quantities
 
 NEAR = F(1, 10**8)
+GAP = 1e-3  # of the cost, between a line of free altitudes and what no line costs less than
 KINDS = ["walk", "steep", "plain", "saw", "walls", "whole"]
 
 
@@ -51,9 +52,13 @@ class Case:
         if rng.random() < 0.2:
             side = rng.randint(0, 1)
             a.ends[side] = F(float(altitude(self.ground, (a.start, a.end)[side], (1, -1)[side]) - (a.least + a.most) / 2))
+        self.free = rng.random() < 0.4  # altitudes needn't be round
+        # A line that lies exactly along the limit of a class may cost much less than all lines beside it, which a search for free altitudes can miss.
+        limits = {c[0] for c in self.prices.classes} | ({self.prices.shored[0]} if self.prices.shored else set())
+        self.gap = GAP if least not in limits else 1
 
     def title(self):
-        return f"{self.kind}, {float(self.asked.least)} to {float(self.asked.most)}"
+        return f"{self.kind}{', free' if self.free else ''}, {float(self.asked.least)} to {float(self.asked.most)}"
 
     def call(self):
         number = lambda x: repr(float(x))
@@ -61,7 +66,7 @@ class Case:
         points = " ".join(f"({number(x)} {number(z)})" for x, z in self.survey)
         end = lambda at, z: number(at) if z is None else f"'({number(at)} {number(z)})"
         rows = ([("pente", *a.slopes)] if a.slopes else []) + [("point", *p) for p in a.points] + [("croisement", *c) for c in a.crossings]
-        rows += [("arrondi", a.step, 0)] + ([("longueur", a.length)] if a.length else [])
+        rows += ([] if self.free else [("arrondi", a.step, 0)]) + ([("longueur", a.length)] if a.length else [])
         works = [("station", x) for x in self.stations] + ([("espacement", *self.spacing)] if self.spacing else []) + self.prices.rows()
         text = lambda list_: "'(" + " ".join("(" + " ".join([f'"{r[0]}"', *map(number, r[1:])]) + ")" for r in list_) + ")"
         return (f"(essai '({points}) {number(a.least)} {number(a.most)} {end(a.start, a.ends[0])} {end(a.end, a.ends[1])} "
@@ -74,15 +79,12 @@ def faults(case, said, counted):
     if said is None:
         return ["no answer"]
     if len(said) == 2:
-        counted["no line"] += 1
-        far = search.farthest()
-        wrong = abs(F(said[1][0]) - far) > NEAR
-        return ([f"no line where one costs {best}"] if best is not None else
-                [f"comes to {said[1][0]} instead of {float(far)}"] if wrong else [])
-    manholes, (cost, bound), given = said
+        return no_line(case, said, search.farthest(), best, counted)
+    manholes, (cost, bound, rounded), given = said
     line = [tuple(map(F, m)) for m in manholes]
-    found = list(search.kept(line))
+    found = list(search.kept(line, case.free))
     counted["lines"] += 1
+    counted["free lines"] += case.free
     counted["drops"] += given[4] > 0
     counted["pumping"] += given[5] > 0
     true = quantities(case, line)
@@ -91,18 +93,34 @@ def faults(case, said, counted):
         if any(abs(x - F(y)) > NEAR * (1 + abs(x)) for x, y in pairs):
             found.append(f"{name}: {theirs} for {mine}")
     exact = float(case.prices.sum(true))
-    if abs(exact - cost) > 1e-6 * (1 + exact):
+    near = 1e-6 * (1 + exact)
+    if abs(exact - cost) > near:
         found.append(f"cost {cost} for {exact}")
-    if best is None or cost > best + 1e-6 * (1 + best):
+    if best is None and not case.free or best is not None and cost > best + near + (case.gap * cost if case.free else 0):
         found.append(f"cost {cost} where {best} is enough")
-    if best is not None and cost < best - 1e-6 * (1 + best):
+    if best is not None and not case.free and cost < best - near:
         found.append(f"cost {cost} below the least, {best}")
+    if cost > rounded + near or not case.free and cost < rounded - near:
+        found.append(f"cost {cost}, and {rounded} rounded")
+    if case.free and bound < cost * (1 - case.gap) - near:
+        found.append(f"bound {bound} far below the cost {cost}")
     finer = Search(case, case.asked.step / 3).least() if case.seed % 4 == 0 else None
     if finer is not None and bound > finer + 1e-6 * (1 + finer):
         found.append(f"bound {bound}, but a line of finer levels costs {finer}")
+    if best is not None and bound > best + near:
+        found.append(f"bound {bound}, but a line of round levels costs {best}")
     if bound > cost + 1e-9:
         found.append(f"bound {bound} above the cost {cost}")
     return found
+
+
+def no_line(case, said, far, best, counted):
+    counted["no line"] += 1
+    if case.free:  # its levels aren't those of the search here
+        return []
+    wrong = abs(F(said[1][0]) - far) > NEAR
+    return ([f"no line where one costs {best}"] if best is not None else
+            [f"comes to {said[1][0]} instead of {float(far)}"] if wrong else [])
 
 
 if __name__ == "__main__":

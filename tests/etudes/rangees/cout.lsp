@@ -45,6 +45,16 @@
 ((length (car r)) 4)
 ((<= (apply 'max (mapcar '(lambda (a b) (- (car b) (car a))) (car r) (cdr (car r)))) 40.0) T)
 
+(situation "FreeAltitudesAreProvenWhereRoundOnesLoseAtEachRun")
+(preparer
+  (setq stations (mapcar '(lambda (x) (list "station" x)) '(1010.0 1020.0 1030.0 1040.0 1050.0 1060.0 1070.0 1080.0 1090.0))
+        r (et_ligneCout p 0.5 9.0 1000.0 1100.0 '(("pente" -1.0 -0.0105)) (cons fouille stations))
+        ronde (et_ligneCout p 0.5 9.0 1000.0 1100.0 '(("pente" -1.0 -0.0105) ("arrondi" 0.01 0.0)) (cons fouille stations))))
+((> (cadr (cadr r)) (* 0.999 (car (cadr r)))) T)
+((equal (caddr (cadr r)) (car (cadr ronde)) 1e-6) T)
+((< (car (cadr r)) (* 0.999 (car (cadr ronde)))) T)
+((and (<= (cadr (cadr ronde)) (car (cadr r))) (> (cadr (cadr ronde)) (* 0.999 (car (cadr r))))) T)
+
 (situation "NothingForWhatCantBe")
 (tableau (ouvrages) (nil) ('(("fouille" 2.0 1.0 10.0) ("fouille" 4.0 1.0 5.0))) ('(("fouille" 0.0 1.0 10.0))) ('(("mur" 1.0))) ('(("fouille" 2.0 1.0))))
 ((et_ligneCout p 1.0 2.0 1000.0 1100.0 nil ouvrages) nil)

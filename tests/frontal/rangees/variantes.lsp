@@ -9,8 +9,10 @@
 
 (situation "TheCostIsToldAndTheLineAttached")
 (tape ("PLV-OPTIMAL" "A" "Méthode" "Coût" "<dossier>prix.csv" "" "0.8" "3" "Libre" "Libre")
-  "2 sommets" "Coût: " "Aucune ligne aux altitudes aussi rondes ne coûte moins" "fouille plus profonde" "regards          2.00 u      200.00        400.00")
+  "2 sommets" "Coût: " "Aucune, quelles que soient ses altitudes, ne coûte moins de " "fouille plus profonde" "regards          2.00 u      200.00        400.00")
 ((/= (ligne) nil) T)
+(tape ("PLV-OPTIMAL" "A" "" "Méthode" "Coût" "<dossier>prix.csv" "" "Contraintes" ";;arrondi;0.05" "" "0.8" "3" "Libre" "Libre")
+  "Aucune ligne aux altitudes aussi rondes ne coûte moins")
 (dit (plv-metres nil "Assainissement" nil nil) ": juste.")
 
 (situation "BlocksOnTheProfileAreManholes")
