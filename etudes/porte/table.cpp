@@ -169,6 +169,8 @@ constexpr ligneFonction kTable[] = {
     {L"et_somme", et_somme, L"(et_somme texte)", L"La somme qui dit les mots d'un texte."},
     {L"et_dans_bande", et_dans_bande, L"(et_dans_bande entités haut bas)",
      L"Les lignes, arcs, textes et blocs d'une liste qui sont entre deux ordonnées."},
+    {L"et_entites", et_entites, L"(et_entites porteur clé [calque])",
+     L"Les entités qu'un enregistrement nomme (groupes 330) et qui sont là; celles d'un calque, quand il est dit."},
     {L"et_ecarter", et_ecarter, L"(et_ecarter étiquettes gauche droite)",
      L"Des étiquettes (centre largeur) écartées le long d'une rangée, aussi peu que possible, pour qu'aucune n'en "
      L"touche "

@@ -9,5 +9,6 @@ void et_ecarts();
 void et_textes();
 void et_somme();
 void et_dans_bande();
+void et_entites();
 
 }  // namespace etu

@@ -3,7 +3,9 @@
 // and the checksum of the words. A list of lists is returned with a bracket pair of its own.
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "etudes/suivi/fonctions.h"
 #include "etudes/suivi/places.h"
@@ -79,17 +81,21 @@ void ecrirePlaces(const rangee& r, const std::vector<texte>& textes) {
   plv::ecrireXrecord(r.porteur, r.cle.c_str(), chaine.tete());
 }
 
-// The ordinates by which an entity belongs to a row: the ends of a line or arc, the point of a text or reference.
-std::vector<double> ordonnees(AcDbObjectId id) {
+// The ordinates between which an entity belongs to a row: those of the ends of a line or arc, that of a text's or reference's point.
+std::optional<std::pair<double, double>> ordonnees(AcDbObjectId id) {
   const AcDbEntityPointer entite(id);
   if (entite.openStatus() != Acad::eOk) return {};
-  if (const auto* ligne = AcDbLine::cast(entite.object())) return {ligne->startPoint().y, ligne->endPoint().y};
-  if (const auto* t = AcDbText::cast(entite.object()))
-    return {t->isDefaultAlignment() ? t->position().y : t->alignmentPoint().y};
-  if (const auto* bloc = AcDbBlockReference::cast(entite.object())) return {bloc->position().y};
+  if (const auto* ligne = AcDbLine::cast(entite.object()))
+    return std::minmax({ligne->startPoint().y, ligne->endPoint().y});
+  if (const auto* t = AcDbText::cast(entite.object())) {
+    const double y = t->isDefaultAlignment() ? t->position().y : t->alignmentPoint().y;
+    return std::pair(y, y);
+  }
+  if (const auto* bloc = AcDbBlockReference::cast(entite.object()))
+    return std::pair(bloc->position().y, bloc->position().y);
   if (const auto* arc = AcDbArc::cast(entite.object()))
-    return {arc->center().y + arc->radius() * std::sin(arc->startAngle()),
-            arc->center().y + arc->radius() * std::sin(arc->endAngle())};
+    return std::minmax({arc->center().y + arc->radius() * std::sin(arc->startAngle()),
+                        arc->center().y + arc->radius() * std::sin(arc->endAngle())});
   return {};
 }
 
@@ -189,8 +195,8 @@ void et_dans_bande() {
   const double haut = plv::valeurReelle(noeud) + 1e-6, bas = plv::valeurReelle(noeud->rbnext) - 1e-6;
   plv::listeRb liste;
   for (const AcDbObjectId id : ids) {
-    const std::vector<double> siennes = ordonnees(id);
-    if (siennes.empty() || !std::ranges::all_of(siennes, [&](double y) { return bas <= y && y <= haut; })) continue;
+    const auto siennes = ordonnees(id);
+    if (!siennes || siennes->first < bas || siennes->second > haut) continue;
     ads_name nom{};
     acdbGetAdsName(nom, id);
     liste.ajouter(acutBuildList(RTENAME, nom, 0));

@@ -29,7 +29,7 @@
 
 (defun plv-entites-enregistrees (entite cle)
   "The entities that a record names (groups 330) and that are still in the drawing."
-  (vl-remove-if-not 'plv-existe (plv-cles 330 (plv-enregistrement entite cle))))
+  (et_entites entite cle))
 
 (defun plv-enregistrer-entites (entite cle entites)
   (plv-ecrire-enregistrement entite cle (mapcar '(lambda (e) (cons 330 e)) entites)))

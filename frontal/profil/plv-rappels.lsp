@@ -5,8 +5,13 @@
 
 (defun plv-ajouts-tables (profil) (plv-entites-enregistrees profil plv-rappels:cle))
 
-(defun plv-noter-ajouts (profil entites)
-  (plv-enregistrer-entites profil plv-rappels:cle (plv-uniques (append (plv-ajouts-tables profil) entites))))
+(defun plv-noter-ajouts (profil entites / notees la)
+  "Adds entities to the list, from which those that are gone go."
+  (setq notees (plv-cles 330 (plv-enregistrement profil plv-rappels:cle))
+        la (plv-ajouts-tables profil)
+        entites (if la (vl-remove-if '(lambda (e) (member e la)) entites) entites))
+  (if (or entites (/= (length la) (length notees)))
+    (plv-enregistrer-entites profil plv-rappels:cle (append la entites))))
 
 (defun plv-oublier-ajouts (profil) (dictremove (plv-dictionnaire profil) plv-rappels:cle))
 
@@ -24,7 +29,7 @@
 
 (defun plv-lignes-rappel (profil)
   "The reference lines."
-  (vl-remove-if-not '(lambda (e) (plv-rappel-p (entget e))) (plv-ajouts-tables profil)))
+  (et_entites profil plv-rappels:cle (plv-calque plv-rappels:calque)))
 
 (defun plv-rappels:lignes (profil) (mapcar 'entget (plv-lignes-rappel profil)))
 

@@ -77,7 +77,7 @@
 
 (defun plv-sources:lire (lire:cle lire:fonction / lire:valeur)
   (cond
-    ((plv-cle lire:cle plv-sources:lectures))
+    ((setq lire:valeur (assoc lire:cle plv-sources:lectures)) (cdr lire:valeur))
     (T
      (setq lire:valeur (apply lire:fonction '()))
      (if plv-sources:garder (setq plv-sources:lectures (cons (cons lire:cle lire:valeur) plv-sources:lectures)))
