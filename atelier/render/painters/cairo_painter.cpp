@@ -47,6 +47,7 @@ class Painting::Painter {
         return;
     }
     useClip(primitive.clip);
+    if (options_.layerOf) useLayer(primitive.source);
     std::visit(*this, primitive.shape);
   }
 
@@ -54,6 +55,7 @@ class Painting::Painter {
   void finish() {
     flush();
     useClip(nullptr);
+    if (options_.layerOf) options_.layer({});
   }
 
   std::size_t painted() const { return painted_; }  // paths and texts
@@ -142,6 +144,8 @@ class Painting::Painter {
   Pen waitingPen_;
   std::size_t painted_ = 0;
   std::shared_ptr<const Clip> clip_;  // in force
+  std::uint64_t source_ = 0;          // of what was painted last, and its layer
+  std::string layer_;
 
   double width(const Pen& pen) const { return std::max(pen.weightMm * options_.unitsPerMm, options_.thinnest); }
 
@@ -270,6 +274,16 @@ class Painting::Painter {
     if (!clip_) return;
     cairo_save(cr_);
     for (const Clip* area = clip_.get(); area; area = area->outer.get()) clipTo(area->area);
+  }
+
+  void useLayer(std::uint64_t source) {
+    if (source == source_) return;
+    source_ = source;
+    std::string layer = options_.layerOf(source);
+    if (layer == layer_) return;
+    flush();
+    layer_ = std::move(layer);
+    options_.layer(layer_);
   }
 
   void clipTo(const Path& area) {

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -42,6 +43,9 @@ struct PaintOptions {
   // top down, each primitive beneath those already painted, and lists from the last to the first.
   Hairlines* hairlines = nullptr;
   std::function<void()> step;  // called before each primitive; may throw to stop
+  // For files with layers: that of an object, and where what is painted next belongs; at the end to none.
+  std::function<std::string(std::uint64_t source)> layerOf;
+  std::function<void(const std::string& layer)> layer;
   // Of paths and texts given to Cairo, which keeps a kilobyte for each until the page of a PDF or SVG ends; then PlotError.
   std::size_t most = 0;     // 0: no limit
   bool embedFonts = false;  // texts as glyphs of their fonts: for PDF and SVG, smaller and searchable

@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "atelier/database/objects/imp_database.h"
+#include "atelier/database/records/groups.h"
 #include "atelier/render/scene/unfolding.h"
 
 namespace atelier::render {
@@ -21,7 +23,7 @@ bool anyVisible(const DisplayList& list) { return std::ranges::any_of(list.items
 }  // namespace
 
 WholeScene::WholeScene(const AcDbDatabase& database, const SceneOptions& options)
-    : database_(&database), options_(options) {
+    : drawing_(&database), options_(options) {
   checkUnfolding(database, options);
   std::vector<std::string> warnings = walkScene(database, options_, [this](Primitive&& item) {
     bounds_.add(item.box);
@@ -30,16 +32,39 @@ WholeScene::WholeScene(const AcDbDatabase& database, const SceneOptions& options
     else list_ = {};
   });
   list_.warnings = std::move(warnings);
-  if (count_ <= kKept) database_ = nullptr;
+  kept_ = count_ <= kKept;
 }
 
 WholeScene::WholeScene(DisplayList list)
     : list_(std::move(list)), bounds_(list_.bounds()), count_(list_.items().size()), visible_(anyVisible(list_)) {}
 
 void WholeScene::each(const std::function<void(const Primitive&)>& receive) const {
-  if (database_) walkScene(*database_, options_, [&](Primitive&& item) { receive(item); });
+  if (!kept_) walkScene(*drawing_, options_, [&](Primitive&& item) { receive(item); });
   for (const DisplayList* list : {&list_, &above})
     for (const Primitive& item : list->items()) receive(item);
+}
+
+std::string WholeScene::layerOf(std::uint64_t source) const {
+  if (!drawing_) return {};
+  AcDbImpDatabase& drawing = AcDbImpDatabase::of(drawing_);
+  AcDbStub* stub = drawing.stubOf(source);
+  return stub ? std::string(Groups(AcDbImpObject::of(&drawing.object(*stub)).settled()).text(8)) : std::string();
+}
+
+bool WholeScene::layered(std::size_t most) const {
+  if (!drawing_ || !kept_) return false;
+  std::uint64_t source = 0;
+  std::string layer;
+  std::size_t changes = 0;
+  for (const Primitive& item : list_.items()) {
+    if (item.source == source) continue;
+    source = item.source;
+    std::string next = layerOf(source);
+    if (next == layer) continue;
+    layer = std::move(next);
+    if (++changes > most) return false;
+  }
+  return true;
 }
 
 bool WholeScene::showsOnPaper() const { return visible_ || anyVisible(above); }

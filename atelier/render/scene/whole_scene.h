@@ -23,11 +23,16 @@ class WholeScene {
   // Whether white paper shows anything of it.
   bool showsOnPaper() const;
   const std::vector<std::string>& warnings() const { return list_.warnings; }
+  // Of an object that primitives name; empty for what is no object of the drawing.
+  std::string layerOf(std::uint64_t source) const;
+  // Whether its layers follow one another at most so many times, from the first object to the last; not of a large drawing.
+  bool layered(std::size_t most) const;
 
   DisplayList above;  // painted over the drawing
 
  private:
-  const AcDbDatabase* database_ = nullptr;  // null: all is in the list
+  const AcDbDatabase* drawing_ = nullptr;  // null for a list
+  bool kept_ = true;                       // all is in the list
   SceneOptions options_;
   DisplayList list_;
   Box bounds_;

@@ -27,28 +27,38 @@ constexpr int kGreatestSide = 32767;        // of Cairo's pictures, pixels
 constexpr double kGreatestPicture = 250e6;  // pixels: a gigabyte
 constexpr double kHairlineMm = 0.09;        // the thinnest line a plotter draws
 
-void paintPart(cairo_t* context, const PagePart& part, Inks inks, double unitsPerMm, double thinnest, bool embedFonts) {
+// What is painted, and how large a millimetre is on it; a PDF for its layers.
+struct Canvas {
+  cairo_t* context;
+  double unitsPerMm, thinnest;
+  bool embedFonts;
+  PdfFile* pdf = nullptr;
+};
+
+void paintPart(const Canvas& canvas, const PagePart& part, Inks inks) {
+  const double unitsPerMm = canvas.unitsPerMm;
   PaintOptions options;
   options.toSurface = Affine::scaling(unitsPerMm, unitsPerMm) * part.toPage;
   options.unitsPerMm = unitsPerMm;
   options.clip = fonts::rectangle(part.clipMm).bounds(Affine::scaling(unitsPerMm, unitsPerMm));
-  options.thinnest = thinnest;
-  options.embedFonts = embedFonts;
-  if (embedFonts) options.most = PdfFile::kMostPaths;
+  options.thinnest = canvas.thinnest;
+  options.embedFonts = canvas.embedFonts;
+  if (canvas.embedFonts) options.most = PdfFile::kMostPaths;
+  if (canvas.pdf) canvas.pdf->noteLayers(options, *part.scene);
   options.step = checkInterruption;
   options.inks = inks;
-  Painting painting(context, options);
+  Painting painting(canvas.context, options);
   part.scene->each([&](const Primitive& item) { painting.item(item); });
 }
 
-void paintPage(cairo_t* context, const PaintedPage& page, double unitsPerMm, double thinnest, bool embedFonts) {
-  for (const PagePart& part : page.parts) paintPart(context, part, page.inks, unitsPerMm, thinnest, embedFonts);
+void paintPage(const Canvas& canvas, const PaintedPage& page) {
+  for (const PagePart& part : page.parts) paintPart(canvas, part, page.inks);
 }
 
 void paintPage(cairo_surface_t* surface, const PaintedPage& page, double unitsPerMm, double thinnest, bool embedFonts,
                const std::string& file) {
   const Context context(cairo_create(surface), cairo_destroy);
-  paintPage(context.get(), page, unitsPerMm, thinnest, embedFonts);
+  paintPage({context.get(), unitsPerMm, thinnest, embedFonts}, page);
   checkCairo(cairo_status(context.get()), file);
 }
 
@@ -56,7 +66,7 @@ void pdf(std::span<const PaintedPage> pages, const std::string& file) {
   PdfFile out(file);
   for (const PaintedPage& page : pages) {
     out.beginPage(page.widthMm, page.heightMm);
-    paintPage(out.context(), page, PdfFile::kPointsPerMm, kHairlineMm * PdfFile::kPointsPerMm, true);
+    paintPage({out.context(), PdfFile::kPointsPerMm, kHairlineMm * PdfFile::kPointsPerMm, true, &out}, page);
   }
   out.finish();
 }

@@ -5,7 +5,10 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
+#include "atelier/render/painters/cairo_painter.h"
+#include "atelier/render/scene/whole_scene.h"
 #include "atelier/render/sheets/atomic_file.h"
 
 namespace atelier::render {
@@ -34,18 +37,24 @@ class PdfFile {
   void describe(const std::string& title, const std::string& author, const std::string& subject);
   // A line of the reader's list that leads to the current page.
   void bookmark(const std::string& text);
+  // Has a painting note the layers of a drawing's objects, which a reader of the file shows and hides. Not those of a drawing in
+  // which they alternate too often: all of it is always seen then.
+  void noteLayers(PaintOptions& options, const WholeScene& scene);
   // The current page, in points from its top left corner.
   cairo_t* context() const { return context_.get(); }
   // Ends the last page and replaces the target. Throws PlotError; the target is then unchanged.
   void finish();
 
  private:
+  void layer(const std::string& name);  // where what is painted next belongs; empty for what is always seen
   std::string name_;
   AtomicFile out_;
+  std::string bytes_;
   std::unique_ptr<cairo_surface_t, decltype(&cairo_surface_destroy)> surface_;
   std::unique_ptr<cairo_t, decltype(&cairo_destroy)> context_;
   bool open_ = false, finished_ = false;
-  int pages_ = 0;
+  std::vector<std::vector<std::string>> layers_;  // of each page, in the order of their marks
+  std::string layer_;
 };
 
 }  // namespace atelier::render

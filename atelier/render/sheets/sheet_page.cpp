@@ -48,6 +48,7 @@ void SheetPage::show(const WholeScene& scene, const Affine& toPage, const Box& w
   } else {
     options.thinnest = std::max(options.thinnest, kThinnestPixels);
   }
+  if (canvas_.pdf) canvas_.pdf->noteLayers(options, scene);
   options.step = checkInterruption;
   options.inks = inks_;
   Painting painting(canvas_.context, options);

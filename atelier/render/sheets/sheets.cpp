@@ -123,7 +123,7 @@ void plotSheets(SheetSet& sheets, const std::string& file) {
   for (std::size_t i = 0; i < sheets.size(); ++i) {
     pdf.beginPage(sheets.widthMm(), sheets.heightMm());
     pdf.bookmark(sheets.titleOf(i));
-    sheets.paint(i, {pdf.context(), PdfFile::kPointsPerMm, true});
+    sheets.paint(i, {pdf.context(), PdfFile::kPointsPerMm, true, &pdf});
   }
   pdf.finish();
 }

@@ -100,11 +100,14 @@ struct SetInfo {
 // A sheet is found in the reader's list by what its text for this mark says, else by the title.
 inline constexpr const char* kBookmark = "<SIGNET>";
 
+class PdfFile;
+
 // Where a sheet is painted: pages of a PDF, or a picture.
 struct SheetCanvas {
   _cairo* context = nullptr;
-  double unitsPerMm = 1;  // of the surface
-  bool vectors = true;    // else pixels
+  double unitsPerMm = 1;   // of the surface
+  bool vectors = true;     // else pixels
+  PdfFile* pdf = nullptr;  // where layers are noted
 };
 
 // Sheets ready to be painted, over and over. The drawing outlives them.
