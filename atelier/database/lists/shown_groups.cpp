@@ -10,6 +10,7 @@
 
 #include "atelier/database/curves/curve_geometry.h"
 #include "atelier/database/entities/measured_dimension.h"
+#include "atelier/database/entities/text_measure.h"
 #include "atelier/database/objects/layouts.h"
 
 namespace atelier {
@@ -107,6 +108,7 @@ class Shown {
     }
     const std::size_t from = out_.size();
     addFields(section, begin, end);
+    if (section == "AcDbMText") addInk(begin, end);
     if (section != "AcDbEntity") return;
     std::string layout = layoutOf(stub_);
     if (layout != "Model" && !has(begin, end, 67))
@@ -114,6 +116,15 @@ class Shown {
           out_.begin() + static_cast<std::ptrdiff_t>(from), out_.end(), [](const Group& g) { return g.code() == 67; },
           Group::integer(67, 1));
     if (!has(begin, end, 410)) out_.push_back(Group::text(410, std::move(layout)));
+  }
+
+  // The width and height that a paragraph has as it is drawn.
+  void addInk(std::size_t begin, std::size_t end) {
+    const auto* text = AcDbMText::cast(&stub_.database->object(stub_));
+    if (!text || (has(begin, end, 42) && has(begin, end, 43))) return;
+    const fonts::Box ink = paragraphInk(*text);
+    if (!has(begin, end, 42)) out_.push_back(Group::real(42, ink.empty() ? 0 : ink.xMax - ink.xMin));
+    if (!has(begin, end, 43)) out_.push_back(Group::real(43, ink.empty() ? 0 : ink.yMax - ink.yMin));
   }
 
   bool has(std::size_t begin, std::size_t end, int code) const {
@@ -147,7 +158,8 @@ class Shown {
     std::size_t shown = 0;
     const auto showUpTo = [&](std::size_t place) {
       for (; shown < place; ++shown)
-        if (!there.test(shown)) out_.insert(out_.end(), fields->defaults[shown].begin(), fields->defaults[shown].end());
+        if (!there.test(shown))
+          for (const Group& group : fields->defaults[shown]) out_.push_back(group);
     };
     for (std::size_t i = begin; i < end; ++i) {
       if (const std::size_t place = fields->placeOf(groups[i].code()); place != SectionFields::kNowhere)

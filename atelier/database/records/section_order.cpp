@@ -24,8 +24,10 @@ bool hasField(const RecordFormat& format, std::string_view section, int code) {
 // Place of a mark among those of the format, `turn` counting those of the same name; nothing for one it doesn't have.
 std::optional<std::size_t> rankOf(const RecordFormat& format, std::string_view mark, int turn) {
   for (std::size_t i = 0; i < format.subclasses.size(); ++i) {
-    const std::string_view name = format.subclasses[i].substr(0, format.subclasses[i].find('#'));
-    if (equalNoCase(name, mark) && --turn == 0) return i;
+    const std::string_view name = format.subclasses[i].substr(0, mark.size()),
+                           rest = format.subclasses[i].substr(name.size());
+    const bool same = (rest.empty() || rest.front() == '#') && (name == mark || equalNoCase(name, mark));
+    if (same && --turn == 0) return i;
   }
   return std::nullopt;
 }
