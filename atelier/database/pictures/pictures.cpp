@@ -56,6 +56,7 @@ constexpr Row kRows[] = {
     {"PDFUNDERLAY", underlayFrame},
     {"DWFUNDERLAY", underlayFrame},
     {"DGNUNDERLAY", underlayFrame},
+    {"ACAD_PROXY_ENTITY", proxyParts, true},
     {"VIEWPORT", viewportFrame},
     {"DIMENSION", dimensionPicture, true},
     {"ARC_DIMENSION", dimensionPicture, true},
