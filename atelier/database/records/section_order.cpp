@@ -45,6 +45,7 @@ struct Section {
 bool inOrder(const Record& record, const RecordFormat& format) {
   std::string_view section;
   std::size_t last = 0;
+  bool mayMisplace = false;  // before the first mark and among the common groups everything is at its place
   for (const Group& group : record.groups) {
     if (endsSections(group)) break;
     if (group.code() == kMark) {
@@ -52,7 +53,8 @@ bool inOrder(const Record& record, const RecordFormat& format) {
       if (rank && (*rank < last || spelled(format, *rank) != group.text())) return false;
       if (rank) last = *rank;
       section = group.text();
-    } else if (!section.empty() && isMisplaced(format, section, group.code())) {
+      mayMisplace = !section.empty() && section != kEntity;
+    } else if (mayMisplace && isMisplaced(format, section, group.code())) {
       return false;
     }
   }
