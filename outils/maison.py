@@ -17,7 +17,7 @@ HOUSES = {
         "database/curves": "database/objects geometry",
         "database/tables": "base database/objects database/curves",
         "database/solids": "base geometry database/objects",
-        "database/entities": "base database/records database/objects database/curves fonts",
+        "database/entities": "base geometry database/records database/objects database/curves fonts",
         "database/dimensions": "base fonts database/records database/objects database/curves database/entities",
         "database/pictures": "base fonts database/records database/objects database/curves database/solids database/entities database/dimensions",
         "database/lists": "base database/records database/objects database/curves database/tables database/entities",

@@ -14,8 +14,8 @@ namespace {
 const Services& everyRoom() {
   static const Services all = {
       .builtins = {entityBuiltins(), tableBuiltins(), dictionaryBuiltins(), promptBuiltins(), screenBuiltins(),
-                   selectionBuiltins(), variableBuiltins(), commandBuiltins(), failureBuiltins(), sharedBuiltins(), curveBuiltins(),
-                   dialogBuiltins(), dclBuiltins()},
+                   selectionBuiltins(), variableBuiltins(), commandBuiltins(), failureBuiltins(), sharedBuiltins(),
+                   curveBuiltins(), dialogBuiltins(), dclBuiltins(), dclImageBuiltins()},
       .variables = {variableRow, computedVariable},
       .attachments = {[](Document& document) -> std::unique_ptr<Attachment> {
         return std::make_unique<PublishedFunctions>(document);

@@ -129,10 +129,7 @@ MaybeAsked<PickedEntity> Command::entity(std::string prompt, std::string keyword
 MaybeAsked<std::shared_ptr<SelectionSet>> Command::objects(bool single) const {
   if (!single)
     if (auto chosen = takeSelectedBefore(document))
-      return MaybeAsked<std::shared_ptr<SelectionSet>>([chosen](Prompter&, std::shared_ptr<SelectionSet>& set) {
-        set = chosen;
-        return Answer::value;
-      });
+      return MaybeAsked<std::shared_ptr<SelectionSet>>::answered(std::move(chosen));
   const auto prompt = std::make_shared<SelectionPrompt>(document, SelectionFilter(), single);
   return MaybeAsked<std::shared_ptr<SelectionSet>>([this, prompt](Prompter&, std::shared_ptr<SelectionSet>& set) {
     const Answer answer = prompt->run();

@@ -13,8 +13,8 @@ namespace atelier {
 class Command;
 
 struct CommandRow {
-  std::string_view name;              // English
-  std::string_view aliases;           // other names, French ones included, separated by blanks
+  std::string_view name;     // English
+  std::string_view aliases;  // other names, French ones included, separated by blanks
   CommandTask (*function)(Command&);
   std::string_view help;
   bool transparent = false;  // may run while a prompt of another command waits, as 'ZOOM
@@ -51,6 +51,11 @@ std::span<const CommandRow> plotCommands();
 std::span<const CommandRow> viewCommands();
 std::span<const CommandRow> undoCommands();
 std::span<const CommandRow> menuCommands();
+std::span<const CommandRow> modeCommands();
+std::span<const CommandRow> layerToolCommands();
+std::span<const CommandRow> arrayCommands();
+std::span<const CommandRow> dimensionStyleCommands();
+std::span<const CommandRow> orderCommands();
 std::span<const CommandRow> helpCommands();
 std::span<const CommandRow> inquiryCommands();
 

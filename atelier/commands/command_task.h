@@ -120,13 +120,19 @@ class Asked : public Question {
  public:
   using Ask = std::function<Answer(Prompter&, VALUE&)>;
   explicit Asked(Ask how) : ask_(std::move(how)) {}
+  // A question whose answer is known isn't asked: it needs no answer of those that are left.
+  static Asked answered(VALUE value) {
+    Asked known{Ask()};
+    known.reply_.take(Answer::value, std::move(value), {});
+    return known;
+  }
   Answer ask(Prompter& prompter) override {
     VALUE value{};
     const Answer answer = ask_(prompter, value);
     reply_.take(answer, std::move(value), answer == Answer::keyword ? prompter.lastKeyword() : std::string());
     return answer;
   }
-  bool await_ready() const noexcept { return false; }
+  bool await_ready() const noexcept { return !ask_; }
   void await_suspend(std::coroutine_handle<CommandTask::promise_type> waiting) { waiting.promise().question = this; }
   REPLY<VALUE> await_resume() { return std::move(reply_); }
 

@@ -23,13 +23,14 @@ bool isNamed(const CommandRow& row, std::string_view name) {
   return false;
 }
 
-constexpr auto kTables = {drawingCommands, shapeCommands,   dimensionCommands, divideCommands, plineCommands,
-                          arcCommands,     blockCommands,   propertyCommands,  textCommands,   hatchCommands,
-                          editingCommands, curveCommands,   cornerCommands,    offsetCommands, trimCommands,
-                          stretchCommands, explodeCommands, polylineCommands,  insertCommands, attributeCommands,
-                          leaderCommands,  layerCommands,   linetypeCommands,  recordCommands, drawingFileCommands,
-                          fileCommands,    extractCommands, plotCommands,      viewCommands,   undoCommands,
-                          inquiryCommands, menuCommands,    helpCommands};
+constexpr auto kTables = {
+    drawingCommands,        shapeCommands,     dimensionCommands, divideCommands,  plineCommands,     arcCommands,
+    blockCommands,          propertyCommands,  textCommands,      hatchCommands,   editingCommands,   curveCommands,
+    cornerCommands,         offsetCommands,    trimCommands,      stretchCommands, explodeCommands,   polylineCommands,
+    insertCommands,         attributeCommands, leaderCommands,    layerCommands,   linetypeCommands,  recordCommands,
+    drawingFileCommands,    fileCommands,      extractCommands,   plotCommands,    viewCommands,      undoCommands,
+    inquiryCommands,        menuCommands,      helpCommands,      modeCommands,    layerToolCommands, arrayCommands,
+    dimensionStyleCommands, orderCommands};
 
 }  // namespace
 

@@ -87,6 +87,8 @@ Document::~Document() {
 
 void Document::drawingOpened() {
   view_ = previousView = activeView(imp());
+  lastErased.clear();
+  isolatedFrom.clear();
   for (const auto& attachment : attachments_) attachment->drawingOpened();
   imp().modified = false;
   fileSaved();

@@ -80,6 +80,12 @@ class Document {
   std::map<std::string, View> namedViews;  // by upper-case name
   // True between UNDO Begin and End: commands then don't begin undo steps of their own.
   bool undoGroup = false;
+  // What ERASE has erased last.
+  std::vector<AcDbObjectId> lastErased;
+  // Layers that LAYISO has turned off, by their handles.
+  std::vector<std::uint64_t> isolatedFrom;
+  // Whether the drawing counted as modified, as programs have kept it (acad-push-dbmod).
+  std::vector<bool> keptModified;
   // Scripts that SCRIPT has read. They run when the running command has ended.
   struct Script {
     std::string text;
@@ -173,7 +179,7 @@ class Document {
   Printer printer_;
   std::string transcript_;
   std::vector<std::unique_ptr<AcDbDatabase>> closed_;  // drawings whose objects AutoLISP values may still name
-  std::string openingNote_;  // what was told when the drawing was opened
+  std::string openingNote_;                            // what was told when the drawing was opened
   std::unique_ptr<AcDbDatabase> database_;
   std::unique_ptr<SpatialIndex> index_;
   FileMark mark_;  // of the drawing's file as it was opened or saved

@@ -55,7 +55,7 @@ Value valueOf(Interpreter& interpreter, const Group& group, AcDbImpDatabase& db)
 }
 
 // One item; moves the index after it, with all ordinates of a point.
-Value item(Interpreter& interpreter, const std::vector<Group>& groups, std::size_t& i, AcDbImpDatabase& db) {
+Value item(Interpreter& interpreter, const GroupList& groups, std::size_t& i, AcDbImpDatabase& db) {
   const Group& group = groups[i];
   const int code = group.code();
   if (group.kind() == GroupKind::real && isPointCode(code) && i + 1 < groups.size() &&
@@ -72,13 +72,13 @@ Value item(Interpreter& interpreter, const std::vector<Group>& groups, std::size
 
 }  // namespace
 
-Value listOfGroups(Interpreter& interpreter, const AcDbStub* stub, const std::vector<Group>& groups) {
+Value listOfGroups(Interpreter& interpreter, const AcDbStub* stub, const GroupList& groups) {
   AcDbImpDatabase& db = *stub->database;
   ListBuilder list(interpreter);
   list.add(interpreter.cons(Value::integer(-1), entityValue(interpreter, stub)));
   std::size_t i = 0;
   for (; i < groups.size() && groups[i].code() != 1001; ++i) list.add(item(interpreter, groups, i, db));
-  const bool isBlock = !groups.empty() && groups.front().text() == "BLOCK";
+  const bool isBlock = !groups.empty() && groups[0].text() == "BLOCK";
   if (const AcDbStub* first = isBlock ? firstOfBlock(db, stub) : nullptr)
     list.add(interpreter.cons(Value::integer(-2), entityValue(interpreter, first)));
   if (i < groups.size()) {

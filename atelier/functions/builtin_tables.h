@@ -19,6 +19,7 @@ std::span<const lisp::Builtin> failureBuiltins();
 std::span<const lisp::Builtin> sharedBuiltins();
 std::span<const lisp::Builtin> dialogBuiltins();
 std::span<const lisp::Builtin> dclBuiltins();
+std::span<const lisp::Builtin> dclImageBuiltins();
 std::span<const lisp::Builtin> curveBuiltins();
 
 }  // namespace atelier

@@ -140,6 +140,7 @@ Value redraw(Interpreter& in, Arguments arguments) {
 }
 
 Value nothing(Interpreter&, Arguments) { return lisp::nil; }
+Value firstOf(Interpreter&, Arguments arguments) { return arguments[0]; }
 
 // (menucmd "area=text"): the area M evaluates the text; the areas of screen and tablet menus don't exist here.
 Value menucmd(Interpreter& in, Arguments arguments) {
@@ -183,6 +184,14 @@ constexpr lisp::Builtin kTable[] = {
      "Évalue une expression DIESEL, \"M=$(...)\"; rend nil pour les menus."},
     {"graphscr", nothing, 0, 0, "(graphscr)", "Montre l'écran graphique."},
     {"textscr", nothing, 0, 0, "(textscr)", "Montre l'écran de texte."},
+    {"grclear", nothing, 0, 0, "(grclear)", "nil : l'écran se redessine de lui-même."},
+    {"initdia", nothing, 0, 1, "(initdia [drapeau])", "nil : les commandes posent leurs questions en ligne."},
+    {"initcommandversion", nothing, 0, 1, "(initcommandversion [version])", "nil : chaque commande n'a qu'une forme."},
+    {"setfunhelp", firstOf, 1, 4, "(setfunhelp \"c:nom\" [fichier [sujet [commande]]])", "Rend le nom."},
+    {"help", nothing, 0, 3, "(help [fichier [sujet [commande]]])", "nil : AIDE explique les commandes."},
+    {"menugroup", nothing, 1, 1, "(menugroup nom)", "nil : il n'y a pas de groupes de menus."},
+    {"tablet", nothing, 1, 5, "(tablet code [...])", "nil : il n'y a pas de tablette."},
+    {"acdimenableupdate", nothing, 1, 1, "(acdimenableupdate drapeau)", "nil."},
     {"textpage", nothing, 0, 0, "(textpage)", "Montre une page de texte vide."},
 };
 

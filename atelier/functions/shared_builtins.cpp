@@ -74,7 +74,10 @@ std::size_t sizeOf(const Group& group) {
 constexpr std::size_t kMostExtended = 16383;
 
 Value extendedSize(Interpreter& in, Arguments arguments) {
-  const Value list = in.list({in.cons(Value::integer(-3), arguments[0])});
+  // Applications with their groups, bare or behind -3 as entget lists them.
+  const Value given = arguments[0];
+  const bool marked = given.isPair() && given.car().isInteger();
+  const Value list = in.list({marked ? given : in.cons(Value::integer(-3), given)});
   std::size_t bytes = 0;
   for (const Group& group : groupsOfList(in, list, nullptr)) bytes += sizeOf(group);
   return Value::integer(static_cast<int>(bytes));

@@ -33,12 +33,13 @@ Value recordList(Interpreter& interpreter, AcDbStub& stub) {
   AcDbStub* source = &stub;
   const auto ends = db.blockEnds.find(&stub);
   if (ends != db.blockEnds.end() && ends->second.begin) source = ends->second.begin;
-  std::vector<Group> shown;
-  for (const Group& group : groupsOf(*source, {})) {
-    const int code = group.code();
+  const GroupList all = groupsOf(*source, {});
+  GroupList shown;
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    const int code = all[i].code();
     const bool hidden = code == 5 || code == 105 || code == 100 || code == 102 || (code >= 330 && code < 400) ||
                         (code == 8 && source != &stub) || (source != &stub && (code == 3 || code == 1));
-    if (!hidden) shown.push_back(group);
+    if (!hidden) shown.keep(all[i]);
   }
   return listOfGroups(interpreter, source, shown).cdr();
 }

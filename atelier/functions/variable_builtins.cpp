@@ -93,6 +93,20 @@ Value refused(Interpreter& in, Arguments arguments) {
 
 Value arxlist(Interpreter&, Arguments) { return lisp::nil; }
 
+// Whether the drawing counts as modified, kept by a program for the time in which its changes don't count.
+Value pushModified(Interpreter& in, Arguments) {
+  Document& document = Document::needed();
+  document.keptModified.push_back(document.imp().modified);
+  return in.t();
+}
+Value popModified(Interpreter& in, Arguments) {
+  Document& document = Document::needed();
+  if (document.keptModified.empty()) return lisp::nil;
+  document.imp().modified = document.keptModified.back();
+  document.keptModified.pop_back();
+  return in.t();
+}
+
 Value listVariables(Interpreter& in, Arguments) {
   std::vector<std::string> lines;
   for (const VariableRow& row : variableRows()) {
@@ -121,6 +135,8 @@ constexpr lisp::Builtin kTable[] = {
     {"arxunload", refused, 1, 2, "(arxunload fichier [échec])",
      "Décharge une application; il n'y en a pas à décharger."},
     {"arx", arxlist, 0, 0, "(arx)", "Liste des applications chargées."},
+    {"acad-push-dbmod", pushModified, 0, 0, "(acad-push-dbmod)", "Retient si le dessin est modifié (DBMOD)."},
+    {"acad-pop-dbmod", popModified, 0, 0, "(acad-pop-dbmod)", "Rend au dessin le DBMOD retenu; nil s'il n'y en a pas."},
     {"startapp", refused, 1, 2, "(startapp programme [fichier])", "Lance un programme; refusé selon SECURELOAD."},
 };
 

@@ -61,6 +61,21 @@ std::string withSlash(const std::string& folder) {
   return folder.empty() || folder.ends_with('/') ? folder : folder + "/";
 }
 
+std::string environment(const char* name) {
+  const char* value = std::getenv(name);
+  return value ? value : "";
+}
+Value homeFolder(Document&) { return withSlash(environment("HOME")); }
+// Where programs may keep settings of their own: the folder that the desktop's conventions give to applications.
+Value settingsFolder(Document&) {
+  const std::string given = environment("XDG_DATA_HOME");
+  return withSlash(given.empty() ? environment("HOME") + "/.local/share" : given) + "kavel/";
+}
+Value searchedFolders(Document&) {
+  std::error_code error;
+  return withSlash(std::filesystem::current_path(error).string());
+}
+
 Value userName(Document&) {
   const char* name = std::getenv("USER");
   if (const passwd* entry = name ? nullptr : getpwuid(getuid())) name = entry->pw_name;
@@ -150,6 +165,14 @@ bool setViewHeight(Document& d, const Value& value) {
   if (height && *height > 0) d.view().height = *height;
   return height && *height > 0;
 }
+Value viewLow(Document& d) {
+  const View& view = d.view();
+  return Point{view.centre - AcGeVector3d(view.height / 2, view.height / 2, 0), false};
+}
+Value viewHigh(Document& d) {
+  const View& view = d.view();
+  return Point{view.centre + AcGeVector3d(view.height / 2, view.height / 2, 0), false};
+}
 Value viewCentre(Document& d) { return Point{d.view().centre, false}; }
 bool setViewCentre(Document& d, const Value& value) {
   const Point* point = std::get_if<Point>(&value);
@@ -204,6 +227,14 @@ bool setAngleBase(Document& d, const Value& value) {
 
 constexpr ComputedVariable kComputed[] = {{"TEMPPREFIX", temporaryFolder, nullptr},
                                           {"LOGINNAME", userName, nullptr},
+                                          {"ACADPREFIX", searchedFolders, nullptr},
+                                          {"MYDOCUMENTSPREFIX", homeFolder, nullptr},
+                                          {"ROAMABLEROOTPREFIX", settingsFolder, nullptr},
+                                          {"LOCALROOTPREFIX", settingsFolder, nullptr},
+                                          {"SAVEFILEPATH", temporaryFolder, nullptr},
+                                          {"LOGFILEPATH", temporaryFolder, nullptr},
+                                          {"VSMIN", viewLow, nullptr},
+                                          {"VSMAX", viewHigh, nullptr},
                                           {"VIEWDIR", fromAbove, nullptr},
                                           {"DATE", julianDate, nullptr},
                                           {"CDATE", calendarDate, nullptr},

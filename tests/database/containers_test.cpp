@@ -191,7 +191,7 @@ TEST(GroupLists, entitiesAreMadeAndChanged) {
   EXPECT_FALSE(maker.make({Group::text(0, "TEXT"), Group::text(7, "ABSENT"), Group::text(1, "x")}).ok);
   EXPECT_FALSE(maker.make({Group::text(0, "INSERT"), Group::text(2, "ABSENT")}).ok);
   EXPECT_FALSE(maker.make({Group::text(0, "CERCLE")}).ok);
-  std::vector<Group> groups = atelier::groupsOf(*made.stub, {});
+  std::vector<Group> groups = atelier::groupsOf(*made.stub, {}).copies();
   for (Group& group : groups)
     if (group.code() == 40) group = Group::real(40, 7);
   EXPECT_TRUE(atelier::changeObject(*made.stub, groups));

@@ -102,6 +102,8 @@ def drawing(folder):
     space.add_line((0, 70), (40, 70), dxfattribs={"linetype": "RAIL", "color": 5})
     space.add_shape("CROIX", (60, 70), size=2, dxfattribs={"rotation": 45, "color": 5})
     space.add_shape("INCONNUE", (60, 70), size=2)
+    page = space.add_underlay(doc.add_underlay_def("D:/fonds/plan.pdf", "pdf"), insert=(170, 10), scale=(2, 2, 1), rotation=90)
+    page.set_boundary_path([(0, 0), (10, 5)])
     path = os.path.join(folder, "images.dxf")
     doc.saveas(path)
     return path
@@ -116,6 +118,7 @@ WANTED = [((5, 15), RED), ((15, 15), GREEN), ((5, 5), BLUE), ((15, 5), BLACK),  
           ((45, 50), RED), ((55, 50), WHITE), ((39, 50), WHITE),                # clipped at 50
           ((5, 71.5), BLUE), ((10, 71.5), WHITE), ((25, 68.5), BLUE),          # shapes along a line, one by itself
           ((62.12, 72.12), BLUE), ((57.88, 72.12), BLUE), ((62, 70), WHITE),
+          ((170, 25), BLACK), ((160, 25), BLACK), ((170, 31), WHITE), ((175, 20), WHITE),                     # a page's frame
           ((81, 50), (242, 0, 13)), ((99, 50), (13, 0, 242)), ((90, 50), (128, 0, 128)),
           ((111, 50), (230, 0, 26)), ((120, 50), BLUE), ((142, 50), (127, 0, 127)), ((158, 58), (127, 0, 127))]
 
@@ -141,7 +144,7 @@ def main():
         window = f"{CENTRE[0] - 120},{CENTRE[1] - 80},{CENTRE[0] + 120},{CENTRE[1] + 80}"
         told = subprocess.run([KAVEL, source, "--no-frontal", "--quiet", "--paper", "A4", "--scale", "1:1000", "--window", window, "--plot", pdf],
                               check=True, capture_output=True, text=True)
-        found = [f"not told: {what} in {told.stderr}" for what in ("absente.png : introuvable", "en partie : 1 SHAPE (forme inconnue)")
+        found = [f"not told: {what} in {told.stderr}" for what in ("absente.png : introuvable", "1 PDFUNDERLAY (cadre de plan.pdf)", "1 SHAPE (forme inconnue)")
                  if what not in told.stderr]
         kept = subprocess.run(["pdfimages", "-list", pdf], check=True, capture_output=True, text=True).stdout
         if " jpeg " not in kept:

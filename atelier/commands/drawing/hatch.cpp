@@ -11,6 +11,7 @@
 #include "atelier/lisp/evaluator/file_object.h"
 #include "atelier/selecting/flat_path.h"
 #include "atelier/shaping/boundaries.h"
+#include "hote/dbpl.h"
 
 namespace atelier {
 namespace {
@@ -104,6 +105,41 @@ void addHatch(const Command& c, const std::vector<Boundary>& loops, const Patter
   c.add(std::move(hatch));
 }
 
+// The pattern by its name, then its scale and angle, or the angle, distance and crossing of the user's own lines.
+CommandTask askPattern(Command& c, const std::string& given, Pattern& pattern) {
+  const std::string name = commandName(given);
+  const bool own = name == "U" || name == "UTILISATEUR" || name == "USER";
+  pattern.name = name == "S" || name == "SOLIDE" ? "SOLID" : given;
+  pattern.lines = own ? ownLines(1, false) : linesOf(c, pattern.name);
+  if (own) {
+    const auto angle = co_await c.angleOrEnter("\nAngle des lignes <0>: ");
+    const auto spacing = co_await c.distanceOrEnter("\nÉcart des lignes <1>: ");
+    if (!(spacing.valueOr(1) > 0)) c.fail("L'écart doit être positif.");
+    const auto crossed = co_await c.keyword("\nLignes croisées? [Oui/Non] <N>: ", "Oui Non _Yes No");
+    pattern.placing = {1, angle.valueOr(0)};
+    pattern.lines = ownLines(spacing.valueOr(1), crossed.is("Yes"));
+  } else if (!pattern.lines.empty()) {
+    const auto scale = co_await c.realOrEnter("\nÉchelle du motif <1>: ");
+    if (!(scale.valueOr(1) > 0)) c.fail("L'échelle du motif doit être positive.");
+    const auto angle = co_await c.angleOrEnter("\nAngle du motif <0>: ");
+    pattern.placing = {scale.valueOr(1), angle.valueOr(0)};
+  }
+}
+
+CommandTask askOutlines(Command& c, std::vector<Boundary>& loops) {
+  const auto chosen = co_await c.objects();
+  if (!chosen.given()) co_return;
+  std::vector<Boundary> paths;
+  for (AcDbStub* stub : (*chosen)->list()) {
+    const AcDbEntityPointer entity{AcDbObjectId(stub)};
+    if (entity.openStatus() != Acad::eOk) continue;
+    if (auto path = boundaryOf(*entity.object())) paths.push_back(std::move(*path));
+  }
+  if (paths.empty() || !closeBoundaries(paths)) c.fail("Les objets choisis ne forment pas de contour fermé.");
+  loops.insert(loops.end(), paths.begin(), paths.end());
+}
+
+// Programs also answer the questions of the command's first form: a pattern's name at once, and objects as the end.
 CommandTask hatch(Command& c) {
   Pattern pattern;
   pattern.name = std::get<std::string>(*c.document.variables().value("HPNAME"));
@@ -111,40 +147,18 @@ CommandTask hatch(Command& c) {
   pattern.lines = linesOf(c, pattern.name);
   std::vector<Boundary> loops;
   for (;;) {
-    const auto given = co_await c.pointOrEnter("\nPoint intérieur ou [Propriétés/Sélectionner] <fin>: ", {},
-                                               "Propriétés Sélectionner _Properties Select");
+    const auto given = co_await c.pointOrWord("\nPoint intérieur ou [Propriétés/Sélectionner] <fin>: ",
+                                              "Propriétés Sélectionner _Properties Select");
     if (given.is("Properties")) {
       const auto name = co_await c.word("\nMotif ou [Solide/Utilisateur] <ANSI31>: ");
-      pattern.name = name.value.empty() ? "ANSI31" : name.value;
-      const bool own = equalNoCase(pattern.name, "U") || equalNoCase(pattern.name, "_U");
-      if (equalNoCase(pattern.name, "S") || equalNoCase(pattern.name, "_S")) pattern.name = "SOLID";
-      pattern.lines = own ? ownLines(1, false) : linesOf(c, pattern.name);
-      if (pattern.lines.empty()) continue;
-      const std::string prompt = own ? "\nAngle des lignes <0>: " : "\nÉchelle du motif <1>: ";
-      if (own) {
-        const auto angle = co_await c.angleOrEnter(prompt);
-        const auto spacing = co_await c.distanceOrEnter("\nÉcart des lignes <1>: ");
-        if (!(spacing.valueOr(1) > 0)) c.fail("L'écart doit être positif.");
-        const auto crossed = co_await c.keyword("\nLignes croisées? [Oui/Non] <N>: ", "Oui Non _Yes No");
-        pattern.placing = {1, angle.valueOr(0)};
-        pattern.lines = ownLines(spacing.valueOr(1), crossed.is("Yes"));
-        continue;
-      }
-      const auto scale = co_await c.realOrEnter(prompt);
-      if (!(scale.valueOr(1) > 0)) c.fail("L'échelle du motif doit être positive.");
-      const auto angle = co_await c.angleOrEnter("\nAngle du motif <0>: ");
-      pattern.placing = {scale.valueOr(1), angle.valueOr(0)};
+      const std::string chosen = name.value.empty() ? "ANSI31" : name.value;
+      co_await askPattern(c, chosen, pattern);
     } else if (given.is("Select")) {
-      const auto chosen = co_await c.objects();
-      if (!chosen.given()) continue;
-      std::vector<Boundary> paths;
-      for (AcDbStub* stub : (*chosen)->list()) {
-        const AcDbEntityPointer entity{AcDbObjectId(stub)};
-        if (entity.openStatus() != Acad::eOk) continue;
-        if (auto path = boundaryOf(*entity.object())) paths.push_back(std::move(*path));
-      }
-      if (paths.empty() || !closeBoundaries(paths)) c.fail("Les objets choisis ne forment pas de contour fermé.");
-      loops.insert(loops.end(), paths.begin(), paths.end());
+      co_await askOutlines(c, loops);
+    } else if (given.isKeyword()) {
+      co_await askPattern(c, given.keyword(), pattern);
+      co_await askOutlines(c, loops);
+      break;
     } else if (given.given()) {
       for (Boundary& path : around(c, *given)) loops.push_back(std::move(path));
     } else {
@@ -158,7 +172,24 @@ CommandTask hatch(Command& c) {
   c.document.variables().set("HPANG", pattern.placing.angle);
 }
 
+// The smallest closed curve about each point, as a polyline.
+CommandTask boundary(Command& c) {
+  for (;;) {
+    const auto given = co_await c.pointOrEnter("\nPoint intérieur <fin>: ");
+    if (!given.given()) co_return;
+    for (const Boundary& path : around(c, *given)) {
+      auto made = std::make_unique<AcDbPolyline>();
+      unsigned index = 0;
+      for (const PolylineVertex& v : path.vertices) made->addVertexAt(index++, v.point, v.bulge);
+      made->setClosed(true);
+      c.add(std::move(made));
+    }
+  }
+}
+
 constexpr CommandRow kTable[] = {
+    {"-BOUNDARY", "BOUNDARY BO BPOLY CONTOUR -CONTOUR", boundary,
+     "Dessine en polylignes la courbe fermée autour d'un point, et celles qu'elle contient."},
     {"HATCH", "-HATCH BHATCH -BHATCH H HACHURES -HACHURES", hatch, "Hachure l'intérieur de courbes fermées."},
 };
 

@@ -101,6 +101,25 @@ CommandTask solid(Command& c) {
   c.add(std::move(made));
 }
 
+// Faces one after the other: the next one begins with the last side.
+CommandTask face(Command& c) {
+  const auto a = co_await c.point("\nPremier point: ");
+  const auto b = co_await c.point("\nDeuxième point: ", a.value);
+  AcGePoint3d first = a.value, second = b.value;
+  for (bool more = false;; more = true) {
+    const auto third = co_await c.pointOrEnter("\nTroisième point <fin>: ", second);
+    if (!third.given() && more) co_return;
+    if (!third.given()) c.fail("Trois points au moins sont attendus.");
+    const auto fourth = co_await c.pointOrEnter("\nQuatrième point <triangle>: ", *third);
+    auto made = std::make_unique<AcDbFace>();
+    AcDbImpObject& imp = AcDbImpObject::of(made.get());
+    const AcGePoint3d corners[] = {first, second, *third, fourth.valueOr(*third)};
+    for (int i = 0; i < 4; ++i) imp.setPoint(pointField("AcDbFace", 10 + i), corners[i]);
+    c.add(std::move(made));
+    first = corners[2], second = corners[3];
+  }
+}
+
 CommandTask ray(Command& c) {
   const auto from = co_await c.point("\nPoint de départ: ");
   for (;;) {
@@ -134,6 +153,7 @@ constexpr CommandRow kTable[] = {
     {"POLYGON", "POL POLYGONE", polygon, "Dessine un polygone régulier."},
     {"DONUT", "DO DOUGHNUT ANNEAU", donut, "Dessine des anneaux pleins."},
     {"SOLID", "SO SOLIDE", solid, "Dessine un triangle ou un quadrilatère plein."},
+    {"3DFACE", "3F FACE3D", face, "Dessine des faces de trois ou quatre côtés."},
     {"RAY", "DEMIDROITE", ray, "Dessine des demi-droites."},
     {"XLINE", "XL DROITE", xline, "Dessine des droites sans fin."},
 };

@@ -68,9 +68,10 @@ CommandTask audit(Command& c) {
 
 CommandTask qsave(Command& c) {
   std::string path = c.document.path();
-  if (path.empty()) {
-    const auto given = co_await c.line("\nEnregistrer le dessin sous: ");
-    path = std::string(trimmed(given.value));
+  if (path.empty() || commandName(c.typed) == "SAVE") {
+    const std::string prompt = "\nEnregistrer le dessin sous" + (path.empty() ? path : " <" + path + ">") + ": ";
+    const auto given = co_await c.line(prompt);
+    if (const std::string name(trimmed(given.value)); !name.empty()) path = name;
     if (path.empty()) co_return;
   }
   path = withExtension(path);

@@ -79,7 +79,7 @@ CommandTask wblock(Command& c) {
 }
 
 // With the lower left corner of what is copied as the base point, when none is asked for.
-CommandTask copyToClipboard(Command& c, bool asks) {
+CommandTask copyToClipboard(Command& c, bool asks, bool cuts = false) {
   AcGePoint3d base;
   if (asks) {
     const auto given = co_await c.point("\nPoint de base: ");
@@ -98,10 +98,12 @@ CommandTask copyToClipboard(Command& c, bool asks) {
   AcDbDatabase target(true, true);
   extract(c, target, sources, base);
   dxf::saveCopy(target, clipboard());
+  if (cuts) c.change(**chosen, [](AcDbEntity& entity) { entity.erase(); });
 }
 
 CommandTask copyBase(Command& c) { return copyToClipboard(c, true); }
 CommandTask copyClip(Command& c) { return copyToClipboard(c, false); }
+CommandTask cutClip(Command& c) { return copyToClipboard(c, false, true); }
 
 CommandTask pasteClip(Command& c) {
   AcDbDatabase source(false, true);
@@ -119,6 +121,7 @@ constexpr CommandRow kTable[] = {
     {"WBLOCK", "-WBLOCK W WBLOC -WBLOC", wblock, "Écrit des objets ou un bloc dans un fichier."},
     {"COPYBASE", "COPIEBASE", copyBase, "Copie des objets dans le presse-papiers, avec un point de base."},
     {"COPYCLIP", "COPIERPRESS", copyClip, "Copie des objets dans le presse-papiers."},
+    {"CUTCLIP", "COUPERPRESS", cutClip, "Met des objets dans le presse-papiers et les efface."},
     {"PASTECLIP", "COLLERPRESS", pasteClip, "Place ce qui est dans le presse-papiers."},
 };
 

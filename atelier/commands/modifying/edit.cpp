@@ -28,7 +28,11 @@ CommandTask select(Command& c) { co_await c.objects(); }
 
 CommandTask erase(Command& c) {
   const auto chosen = co_await c.objects();
-  if (chosen.given()) c.change(**chosen, [](AcDbEntity& entity) { entity.erase(); });
+  if (!chosen.given()) co_return;
+  c.document.lastErased.clear();
+  c.change(**chosen, [&](AcDbEntity& entity) {
+    if (entity.erase() == Acad::eOk) c.document.lastErased.push_back(entity.objectId());
+  });
 }
 
 CommandTask move(Command& c) {

@@ -83,7 +83,7 @@ constexpr CommandRow kTable[] = {
     {"MATCHPROP", "MA PAINTER COPIEPROP", matchProperties, "Donne à des objets les propriétés d'un autre."},
     {"CHPROP", "-CHPROP CHANGPROP", changeProperties, "Change la couleur, le calque, le type de ligne d'objets."},
     {"CHANGE", "-CHANGE -CH MODIFIER", changeProperties, "Comme CHPROP, après l'option Propriétés."},
-    {"COLOR", "-COLOR COL COULEUR", color, "Règle la couleur courante."},
+    {"COLOR", "-COLOR COLOUR -COLOUR COL COULEUR -COULEUR", color, "Règle la couleur courante."},
 };
 
 }  // namespace

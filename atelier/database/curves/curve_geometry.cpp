@@ -7,6 +7,7 @@
 #include "atelier/database/curves/plane.h"
 #include "atelier/database/curves/polyline_vertices.h"
 #include "atelier/database/objects/imp_database.h"
+#include "atelier/geometry/turns.h"
 
 namespace atelier {
 
@@ -45,8 +46,7 @@ Result geometryOf(const AcDbArc& arc) {
 Result geometryOf(const AcDbEllipse& ellipse) {
   const AcGeVector3d u = ellipse.majorAxis(), v = ellipse.normal().normal().crossProduct(u) * ellipse.radiusRatio();
   if (!(u.length() > 0) || !(v.length() > 0)) return nullptr;
-  const double from = ellipse.startParam(),
-               to = ellipse.endParam() > from ? ellipse.endParam() : ellipse.endParam() + kTurn;
+  const double from = ellipse.startParam(), to = from + sweepBetween(from, ellipse.endParam());
   return Curve::of({{Elliptic{ellipse.center(), u, v, from, to}, from, to}}, ellipse.isClosed());
 }
 

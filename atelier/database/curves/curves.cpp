@@ -6,6 +6,7 @@
 
 #include "atelier/database/curves/plane.h"
 #include "atelier/database/objects/new_record.h"
+#include "atelier/geometry/turns.h"
 #include "hote/dbents.h"
 
 using namespace atelier;
@@ -147,10 +148,7 @@ AcGePoint3d AcDbArc::center() const { return centreOf(this); }
 double AcDbArc::radius() const { return recordOf(this).real(kRadius); }
 double AcDbArc::startAngle() const { return recordOf(this).real(kStartAngle) * kDegree; }
 double AcDbArc::endAngle() const { return recordOf(this).real(kEndAngle) * kDegree; }
-double AcDbArc::totalAngle() const {
-  const double angle = turned(endAngle() - startAngle());
-  return angle == 0 ? kTurn : angle;
-}
+double AcDbArc::totalAngle() const { return sweepBetween(startAngle(), endAngle()); }
 AcGeVector3d AcDbArc::normal() const { return normalOf(recordOf(this), "AcDbCircle"); }
 Acad::ErrorStatus AcDbArc::setCenter(const AcGePoint3d& p) { return ::setCentre(this, p); }
 Acad::ErrorStatus AcDbArc::setRadius(double r) { return impOf(this).setReal(kRadius, r); }
@@ -197,11 +195,11 @@ AcGeVector3d AcDbEllipse::normal() const { return normalOf(recordOf(this), "AcDb
 double AcDbEllipse::radiusRatio() const { return recordOf(this).real(kRatio); }
 double AcDbEllipse::startParam() const { return recordOf(this).real(kFrom); }
 double AcDbEllipse::endParam() const { return recordOf(this).real(kTo); }
-bool AcDbEllipse::isClosed() const { return std::abs(endParam() - startParam() - kTurn) < 1e-9; }
+bool AcDbEllipse::isClosed() const { return sweepBetween(startParam(), endParam()) > kTurn - 1e-9; }
 Acad::ErrorStatus AcDbEllipse::subGetGeomExtents(AcDbExtents& extents) const {
   const AcGeVector3d minor = normal().normal().crossProduct(majorAxis()) * radiusRatio();
-  const double to = endParam() > startParam() ? endParam() : endParam() + kTurn;
-  extents = ellipseExtents(center(), majorAxis(), minor, startParam(), to);
+  const double from = startParam();
+  extents = ellipseExtents(center(), majorAxis(), minor, from, from + sweepBetween(from, endParam()));
   return Acad::eOk;
 }
 Acad::ErrorStatus AcDbEllipse::transformBy(const AcGeMatrix3d& m) {

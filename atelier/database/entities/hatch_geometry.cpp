@@ -6,6 +6,7 @@
 
 #include "atelier/database/curves/polyline_vertices.h"
 #include "atelier/database/entities/hatch_loops.h"
+#include "atelier/geometry/turns.h"
 #include "hote/dbents.h"
 
 namespace atelier {
@@ -23,9 +24,8 @@ double stretched(double angle, double across) {
 EdgeArc runOf(EdgeArc arc, double start, double end, bool counterclockwise) {
   // A whole turn that starts elsewhere than at 0 is one but for rounding.
   constexpr double kHair = 1e-9;
-  double sweep = std::fmod(end - start, kTurn);
-  if (sweep <= kHair) sweep += kTurn;
-  if (sweep > kTurn - kHair) sweep = kTurn;
+  double sweep = sweepBetween(start, end);
+  if (sweep <= kHair || sweep > kTurn - kHair) sweep = kTurn;
   arc.start = counterclockwise ? start : -start;
   arc.sweep = counterclockwise ? sweep : -sweep;
   return arc;

@@ -45,15 +45,15 @@ std::string_view tableForType(std::string_view type) {
   return {};
 }
 
-std::vector<Group> groupsOf(AcDbStub& stub, std::span<const std::string> applications) {
+GroupList groupsOf(AcDbStub& stub, std::span<const std::string> applications) {
   stub.set(AcDbStub::kHandleAsked);
-  std::vector<Group> groups = shownGroups(stub);
+  GroupList groups = shownGroups(stub);
   anglesInRadians(groups);
   const Record& record = AcDbImpObject::of(&stub.database->object(stub)).record;
   bool wanted = false;
   for (std::size_t i = record.xdataStart(); i < record.groups.size(); ++i) {
     if (record.groups[i].code() == 1001) wanted = named(applications, record.groups[i].text());
-    if (wanted) groups.push_back(record.groups[i]);
+    if (wanted) groups.keep(record.groups[i]);
   }
   return groups;
 }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "atelier/database/lists/group_list.h"
 #include "atelier/database/objects/imp_database.h"
 
 namespace atelier {
@@ -12,7 +13,7 @@ namespace atelier {
 // Every group of the record from group 0 on, in file order, with the defaults that the drawing leaves out (shownGroups),
 // then the XDATA (groups 1001 and above) of the named applications, case ignored ("*": all). Angles (groups 50 to 58) are
 // in radians in all lists.
-std::vector<Group> groupsOf(AcDbStub& stub, std::span<const std::string> applications);
+GroupList groupsOf(AcDbStub& stub, std::span<const std::string> applications);
 
 // Puts the list's groups into the object's record; those that it leaves out stay. Handle, type and owner don't change; the
 // XDATA of applications that the list names is replaced (a 1001 alone removes it), that of others is kept; a table record

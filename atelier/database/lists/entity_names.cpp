@@ -65,7 +65,7 @@ resbuf* acdbEntGetX(const ads_name entity, const resbuf* applications) {
   AcDbStub* stub = stubOfName(entity);
   if (!stub || stub->is(AcDbStub::kErased)) return nullptr;
   const std::vector<std::string> names = namesOf(applications);
-  const std::vector<Group> groups = groupsOf(*stub, names);
+  const std::vector<Group> groups = groupsOf(*stub, names).copies();
   const auto xdata = static_cast<std::size_t>(std::ranges::find(groups, 1001, &Group::code) - groups.begin());
   resbuf* chain = nameNode(-1, stub);
   chain->rbnext = toChain(std::span(groups).first(xdata), *stub->database);

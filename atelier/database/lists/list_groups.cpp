@@ -24,9 +24,10 @@ void closeTriangle(Record& record, std::string_view mark) {
 
 }  // namespace
 
-void anglesInRadians(std::vector<Group>& groups) {
-  for (Group& group : groups)
-    if (isAngle(group)) group = Group::real(group.code(), group.real() * std::numbers::pi / 180);
+void anglesInRadians(GroupList& groups) {
+  for (std::size_t i = 0; i < groups.size(); ++i)
+    if (isAngle(groups[i]) && groups[i].real() != 0)
+      groups.replace(i, Group::real(groups[i].code(), groups[i].real() * std::numbers::pi / 180));
 }
 
 void anglesInDegrees(std::vector<Group>& groups) {

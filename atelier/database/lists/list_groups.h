@@ -4,12 +4,13 @@
 #include <string>
 #include <vector>
 
+#include "atelier/database/lists/group_list.h"
 #include "atelier/database/records/record.h"
 
 namespace atelier {
 
 // Groups 50 to 58 are angles: degrees in the drawing, radians in lists. Degrees made radians and back are unchanged.
-void anglesInRadians(std::vector<Group>& groups);
+void anglesInRadians(GroupList& groups);
 void anglesInDegrees(std::vector<Group>& groups);
 
 // Whether the group belongs to the object's identity (handle, name), which no list may set.

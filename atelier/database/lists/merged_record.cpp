@@ -178,7 +178,7 @@ void takeBraces(Record& record, const std::vector<Group>& given) {
 Record mergedRecord(AcDbStub& stub, const std::vector<Group>& given) {
   const Record& before = AcDbImpObject::of(&stub.database->object(stub)).settled();
   const RecordFormat* format = formatOf(before.type());
-  const std::vector<Group> asShown = shownGroups(stub);
+  const std::vector<Group> asShown = shownGroups(stub).copies();
   const std::vector<Section> stored = sectionsOf(before.groups), shown = sectionsOf(asShown);
   const auto sorted = Sorter(shown, format, stub.is(AcDbStub::kEntity)).sort(given);
   Record after;

@@ -10,6 +10,7 @@
 
 #include "atelier/database/curves/curve_geometry.h"
 #include "atelier/database/entities/measured_dimension.h"
+#include "atelier/database/entities/text_measure.h"
 #include "atelier/database/objects/layouts.h"
 
 namespace atelier {
@@ -73,7 +74,7 @@ class Shown {
     if (const RecordFormat* format = formatOf(record.type())) sections_ = sectionsOf(*format);
   }
 
-  std::vector<Group> list() {
+  GroupList list() {
     const std::size_t end = record_.xdataStart();
     const auto& groups = record_.groups;
     out_.reserve(end + 24);
@@ -85,10 +86,10 @@ class Shown {
       add(section, static_cast<std::size_t>(begin - groups.begin()), static_cast<std::size_t>(mark - groups.begin()));
       if (mark == last) break;
       if (mark->code() == kEmbedded) {
-        out_.insert(out_.end(), mark, last);
+        keep(static_cast<std::size_t>(mark - groups.begin()), end);
         break;
       }
-      out_.push_back(*mark);
+      out_.keep(*mark);
       section = mark->text();
       begin = mark + 1;
     }
@@ -96,24 +97,40 @@ class Shown {
   }
 
  private:
+  void keep(std::size_t begin, std::size_t end) {
+    for (std::size_t i = begin; i < end; ++i) out_.keep(record_.groups[i]);
+  }
+
   // Groups [begin, end) stand behind the mark of that section; the head has no name.
   void add(std::string_view section, std::size_t begin, std::size_t end) {
     if (section == kPolyline) return addPolyline(begin, end);
     if (section == kSpline) return addSpline(begin, end);
     if (section == "AcDbDimension") {
       addFields(section, begin, end);
-      if (const auto value = measured(record_); value && !has(begin, end, 42)) out_.push_back(Group::real(42, *value));
+      if (const auto value = measured(record_); value && !has(begin, end, 42)) out_.add(Group::real(42, *value));
       return;
     }
     const std::size_t from = out_.size();
     addFields(section, begin, end);
+    if (section == "AcDbMText") addInk(begin, end);
     if (section != "AcDbEntity") return;
+    static const Group kModel = Group::text(410, "Model");
     std::string layout = layoutOf(stub_);
-    if (layout != "Model" && !has(begin, end, 67))
-      std::replace_if(
-          out_.begin() + static_cast<std::ptrdiff_t>(from), out_.end(), [](const Group& g) { return g.code() == 67; },
-          Group::integer(67, 1));
-    if (!has(begin, end, 410)) out_.push_back(Group::text(410, std::move(layout)));
+    const bool inModel = layout == kModel.text();
+    for (std::size_t i = from; i < out_.size() && !inModel && !has(begin, end, 67); ++i)
+      if (out_[i].code() == 67) out_.replace(i, Group::integer(67, 1));
+    if (has(begin, end, 410)) return;
+    if (inModel) out_.keep(kModel);
+    else out_.add(Group::text(410, std::move(layout)));
+  }
+
+  // The width and height that a paragraph has as it is drawn.
+  void addInk(std::size_t begin, std::size_t end) {
+    const auto* text = AcDbMText::cast(&stub_.database->object(stub_));
+    if (!text || (has(begin, end, 42) && has(begin, end, 43))) return;
+    const fonts::Box ink = paragraphInk(*text);
+    if (!has(begin, end, 42)) out_.add(Group::real(42, ink.empty() ? 0 : ink.xMax - ink.xMin));
+    if (!has(begin, end, 43)) out_.add(Group::real(43, ink.empty() ? 0 : ink.yMax - ink.yMin));
   }
 
   bool has(std::size_t begin, std::size_t end, int code) const {
@@ -136,28 +153,28 @@ class Shown {
   void addFields(std::string_view section, std::size_t begin, std::size_t end) {
     const auto& groups = record_.groups;
     const SectionFields* fields = fieldsOf(section);
-    if (!fields) {
-      out_.insert(out_.end(), groups.begin() + static_cast<std::ptrdiff_t>(begin),
-                  groups.begin() + static_cast<std::ptrdiff_t>(end));
-      return;
-    }
+    if (!fields) return keep(begin, end);
     const std::size_t count = fields->defaults.size();
     std::bitset<SectionFields::kNowhere + 1> there;
     for (std::size_t i = begin; i < end; ++i) there.set(fields->placeOf(groups[i].code()));
     std::size_t shown = 0;
     const auto showUpTo = [&](std::size_t place) {
       for (; shown < place; ++shown)
-        if (!there.test(shown)) out_.insert(out_.end(), fields->defaults[shown].begin(), fields->defaults[shown].end());
+        if (!there.test(shown))
+          for (const Group& group : fields->defaults[shown]) out_.keep(group);
     };
     for (std::size_t i = begin; i < end; ++i) {
       if (const std::size_t place = fields->placeOf(groups[i].code()); place != SectionFields::kNowhere)
         showUpTo(place);
-      out_.push_back(groups[i]);
+      out_.keep(groups[i]);
     }
     showUpTo(count);
   }
 
   void addPolyline(std::size_t begin, std::size_t end) {
+    static const Group kZero[] = {Group::real(38, 0), Group::real(39, 0), Group::real(40, 0),
+                                  Group::real(41, 0), Group::real(42, 0), Group::real(43, 0)};
+    static const Group kUpwards[] = {Group::real(210, 0), Group::real(220, 0), Group::real(230, 1)};
     const auto& groups = record_.groups;
     std::size_t vertices = begin;
     while (vertices < end && groups[vertices].code() != 10) ++vertices;
@@ -168,31 +185,36 @@ class Shown {
       normal |= groups[i].code() == 210;
     }
     for (std::size_t i = begin; i < vertices; ++i) {
-      out_.push_back(groups[i]);
+      out_.keep(groups[i]);
       normal |= groups[i].code() == 210;
     }
-    if (!constant && !widths) out_.push_back(Group::real(43, 0));
+    if (!constant && !widths) out_.keep(kZero[43 - 38]);
     for (const int code : {38, 39})
-      if (!has(begin, end, code)) out_.push_back(Group::real(code, 0));
-    const double width = constant ? constant->real() : 0;
+      if (!has(begin, end, code)) out_.keep(kZero[code - 38]);
+    const bool wide = constant && constant->real() != 0;
     for (std::size_t i = vertices; i < end;) {
       if (groups[i].code() != 10) {
-        out_.push_back(groups[i++]);
+        out_.keep(groups[i++]);
         continue;
       }
       std::size_t next = i + 1;
       const auto isPart = [](int code) { return code == 20 || code == 91 || (code >= 40 && code <= 42); };
       while (next < end && isPart(groups[next].code())) ++next;
-      Group parts[] = {Group::real(40, width), Group::real(41, width), Group::real(42, 0)};
+      const Group* parts[] = {nullptr, nullptr, nullptr};
       for (std::size_t k = i; k < next; ++k) {
         const int code = groups[k].code();
-        if (code >= 40 && code <= 42) parts[code - 40] = groups[k];
-        else out_.push_back(groups[k]);
+        if (code >= 40 && code <= 42) parts[code - 40] = &groups[k];
+        else out_.keep(groups[k]);
       }
-      out_.insert(out_.end(), std::begin(parts), std::end(parts));
+      for (const int code : {40, 41, 42}) {
+        if (const Group* given = parts[code - 40]) out_.keep(*given);
+        else if (wide && code != 42) out_.add(Group::real(code, constant->real()));
+        else out_.keep(kZero[code - 38]);
+      }
       i = next;
     }
-    if (!normal) out_.insert(out_.end(), {Group::real(210, 0), Group::real(220, 0), Group::real(230, 1)});
+    if (!normal)
+      for (const Group& ordinate : kUpwards) out_.keep(ordinate);
   }
 
   void addSpline(std::size_t begin, std::size_t end) {
@@ -202,35 +224,32 @@ class Shown {
     if (data.points.empty()) return addFields(kSpline, begin, end);
     const std::size_t from = out_.size();
     addFields(kSpline, begin, end);
-    // Knots without control points say nothing.
-    out_.erase(std::remove_if(out_.begin() + static_cast<std::ptrdiff_t>(from), out_.end(),
-                              [](const Group& group) { return group.code() == 40; }),
-               out_.end());
-    for (std::size_t i = from; i < out_.size(); ++i) {
-      if (out_[i].code() == 71) out_[i] = Group::integer(71, data.degree);
-      if (out_[i].code() == 72) out_[i] = Group::integer(72, static_cast<std::int64_t>(data.knots.size()));
-      if (out_[i].code() == 73) out_[i] = Group::integer(73, static_cast<std::int64_t>(data.points.size()));
+    out_.erase(from, 40);  // knots without control points say nothing
+    std::size_t fit = out_.size();
+    for (std::size_t i = out_.size(); i-- > from;) {
+      if (out_[i].code() == 71) out_.replace(i, Group::integer(71, data.degree));
+      if (out_[i].code() == 72) out_.replace(i, Group::integer(72, static_cast<std::int64_t>(data.knots.size())));
+      if (out_[i].code() == 73) out_.replace(i, Group::integer(73, static_cast<std::int64_t>(data.points.size())));
+      if (out_[i].code() == 11) fit = i;
     }
     std::vector<Group> curve;
     for (const double knot : data.knots) curve.push_back(Group::real(40, knot));
     for (const AcGePoint3d& p : data.points)
       curve.insert(curve.end(), {Group::real(10, p.x), Group::real(20, p.y), Group::real(30, p.z)});
-    const auto fit = std::find_if(out_.begin() + static_cast<std::ptrdiff_t>(from), out_.end(),
-                                  [](const Group& group) { return group.code() == 11; });
-    out_.insert(fit, curve.begin(), curve.end());
+    out_.insert(fit, std::move(curve));
   }
 
   AcDbStub& stub_;
   const Record& record_;
   std::span<const SectionFields> sections_;
-  std::vector<Group> out_;
+  GroupList out_;
   std::string_view last_;
   int turns_ = 0;
 };
 
 }  // namespace
 
-std::vector<Group> shownGroups(AcDbStub& stub) {
+GroupList shownGroups(AcDbStub& stub) {
   const Record& record = AcDbImpObject::of(&stub.database->object(stub)).settled();
   return Shown(stub, record).list();
 }

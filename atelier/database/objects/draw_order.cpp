@@ -5,6 +5,9 @@
 #include <unordered_map>
 
 #include "atelier/database/objects/extension_objects.h"
+#include "atelier/database/objects/new_record.h"
+#include "hote/dbdict.h"
+#include "hote/dbsymtb.h"
 
 namespace atelier {
 namespace {
@@ -41,6 +44,49 @@ std::vector<AcDbStub*> inDrawOrder(AcDbImpDatabase& database, AcDbStub& block) {
   };
   std::ranges::stable_sort(order, {}, placeOf);
   return order;
+}
+
+namespace {
+
+// A record of the table's type; objects of types without a class are made from their record.
+AcDbStub* madeTable(AcDbStub& block) {
+  const AcDbObjectPointer<AcDbBlockTableRecord> head(idOf(&block), AcDb::kForWrite);
+  if (head.openStatus() != Acad::eOk) return nullptr;
+  if (head->extensionDictionary().isNull()) head->createExtensionDictionary();
+  const AcDbObjectPointer<AcDbDictionary> dictionary(head->extensionDictionary(), AcDb::kForWrite);
+  if (dictionary.openStatus() != Acad::eOk) return nullptr;
+  const ParsedRecord pending(Record(std::vector<Group>{Group::text(0, "SORTENTSTABLE"), Group::handle(5, 0),
+                                                       Group::handle(330, 0), Group::text(100, "AcDbSortentsTable")}));
+  AcDbObject* table = makeObjectForPending(false);
+  AcDbObjectId id;
+  if (dictionary->setAt(L"ACAD_SORTENTS", table, id) != Acad::eOk) return nullptr;
+  table->close();
+  return id;
+}
+
+}  // namespace
+
+void setDrawOrder(AcDbImpDatabase& database, AcDbStub& block, const std::vector<AcDbStub*>& order) {
+  AcDbStub* table = extensionObject(database, AcDbImpObject::of(&database.object(block)).settled(), {"ACAD_SORTENTS"});
+  if (!table) table = madeTable(block);
+  AcDbObject* opened = nullptr;
+  if (!table || acdbOpenObject(opened, idOf(table), AcDb::kForWrite) != Acad::eOk) return;
+  std::vector<std::uint64_t> places;
+  for (const AcDbStub* stub : order) places.push_back(stub->handle);
+  std::ranges::sort(places);
+  if (Record* record = AcDbImpObject::of(opened).writable()) {
+    auto& groups = record->groups;
+    const auto [begin, end] = record->section("AcDbSortentsTable");
+    if (begin != Record::npos)
+      groups.erase(groups.begin() + static_cast<std::ptrdiff_t>(begin),
+                   groups.begin() + static_cast<std::ptrdiff_t>(end));
+    groups.push_back(Group::handle(330, block.handle));
+    for (std::size_t i = 0; i < order.size(); ++i) {
+      groups.push_back(Group::handle(331, order[i]->handle));
+      groups.push_back(Group::handle(5, places[i]));
+    }
+  }
+  opened->close();
 }
 
 }  // namespace atelier

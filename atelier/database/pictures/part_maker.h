@@ -76,5 +76,7 @@ void solidParts(PartMaker& make, const Record& record);
 void shapeParts(PartMaker& make, const Record& record);
 void viewportFrame(PartMaker& make, const Record& record);
 void rasterFrame(PartMaker& make, const Record& record);
+void proxyParts(PartMaker& make, const Record& record);
+void underlayFrame(PartMaker& make, const Record& record);
 
 }  // namespace atelier

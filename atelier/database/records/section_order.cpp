@@ -24,8 +24,10 @@ bool hasField(const RecordFormat& format, std::string_view section, int code) {
 // Place of a mark among those of the format, `turn` counting those of the same name; nothing for one it doesn't have.
 std::optional<std::size_t> rankOf(const RecordFormat& format, std::string_view mark, int turn) {
   for (std::size_t i = 0; i < format.subclasses.size(); ++i) {
-    const std::string_view name = format.subclasses[i].substr(0, format.subclasses[i].find('#'));
-    if (equalNoCase(name, mark) && --turn == 0) return i;
+    const std::string_view name = format.subclasses[i].substr(0, mark.size()),
+                           rest = format.subclasses[i].substr(name.size());
+    const bool same = (rest.empty() || rest.front() == '#') && (name == mark || equalNoCase(name, mark));
+    if (same && --turn == 0) return i;
   }
   return std::nullopt;
 }
@@ -43,6 +45,7 @@ struct Section {
 bool inOrder(const Record& record, const RecordFormat& format) {
   std::string_view section;
   std::size_t last = 0;
+  bool mayMisplace = false;  // before the first mark and among the common groups everything is at its place
   for (const Group& group : record.groups) {
     if (endsSections(group)) break;
     if (group.code() == kMark) {
@@ -50,7 +53,8 @@ bool inOrder(const Record& record, const RecordFormat& format) {
       if (rank && (*rank < last || spelled(format, *rank) != group.text())) return false;
       if (rank) last = *rank;
       section = group.text();
-    } else if (!section.empty() && isMisplaced(format, section, group.code())) {
+      mayMisplace = !section.empty() && section != kEntity;
+    } else if (mayMisplace && isMisplaced(format, section, group.code())) {
       return false;
     }
   }

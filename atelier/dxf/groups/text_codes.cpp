@@ -1,5 +1,6 @@
 // Texts of a drawing: \U+XXXX, \M+nXXXX and the caret forms of control characters.
 // Characters above U+FFFF are written as a pair of \U+ surrogates; a lone surrogate is no character.
+#include <algorithm>
 #include <charconv>
 
 #include "atelier/dxf/groups/value_codec.h"
@@ -57,8 +58,8 @@ bool takeMultibyte(std::string_view text, std::size_t& at, std::string& out) {
 
 }  // namespace
 
-std::string textFromFile(std::string_view text) {
-  if (text.find_first_of("\\^") == text.npos) return std::string(text);
+std::string textFromFile(std::string text) {
+  if (std::ranges::none_of(text, [](char c) { return c == '\\' || c == '^'; })) return text;
   std::string out;
   out.reserve(text.size());
   for (std::size_t i = 0; i < text.size();) {

@@ -22,7 +22,7 @@ struct Style {
 void append(std::string& out, const Group& group, const Style& style);
 
 // Text of a drawing to UTF-8: \U+XXXX and ^ forms resolved.
-std::string textFromFile(std::string_view decodedUtf8);
+std::string textFromFile(std::string decodedUtf8);
 std::string textToFile(std::string_view utf8);
 
 }  // namespace atelier::dxf

@@ -9,7 +9,8 @@ Record ParsedRecords::read(std::uint64_t offset, std::uint32_t length) const {
   Scanner scanner(layout_->bytes, layout_->style.encoding, offset, offset + length);
   RawGroup raw;
   try {
-    record.groups.reserve(length / 12);
+    constexpr std::size_t kBytesOfGroup = 9;
+    record.groups.reserve(length / kBytesOfGroup);
     while (scanner.next(raw)) record.groups.push_back(decode(raw, layout_->style.encoding, layout_->style.codePage));
   } catch (const FormatError&) {
     // The first pass over the file has reported it.

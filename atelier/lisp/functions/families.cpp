@@ -10,7 +10,7 @@ void addBuiltins(Interpreter& in) {
        {controlForms,       definitionForms,  arithmeticFamily, functionsFamily, bitsFamily,   comparisonFamily,
         listFamily,         accessFamily,     mappingFamily,    sortingFamily,   symbolFamily, stringFamily,
         stringSearchFamily, conversionFamily, unitFamily,       geometryFamily,  errorFamily,  debuggingFamily,
-        outputFamily,       fileFamily,       fileSystemFamily, systemFamily})
+        outputFamily,       fileFamily,       fileSystemFamily, systemFamily,    programFamily})
     in.add(family());
 }
 

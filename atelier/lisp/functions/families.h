@@ -29,6 +29,7 @@ std::span<const Builtin> outputFamily();        // output.cpp
 std::span<const Builtin> fileFamily();          // files.cpp
 std::span<const Builtin> fileSystemFamily();    // file_system.cpp
 std::span<const Builtin> systemFamily();        // system.cpp
+std::span<const Builtin> programFamily();       // program_functions.cpp
 
 // Gives an interpreter all of them.
 void addBuiltins(Interpreter& in);

@@ -5,6 +5,7 @@
 
 #include "atelier/database/records/flags.h"
 #include "atelier/geometry/bspline.h"
+#include "atelier/geometry/turns.h"
 #include "atelier/render/scene/scene_builder.h"
 #include "atelier/render/shapes/tessellate.h"
 
@@ -17,12 +18,6 @@ constexpr double kTurn = 2 * std::numbers::pi;
 constexpr double kSplineChord = 5e-6;
 
 Pt planePoint(const AcGePoint3d& p) { return {p.x, p.y}; }
-
-// Counter-clockwise from start to end; equal angles are a whole turn.
-double sweepOf(double start, double end) {
-  const double sweep = std::fmod(end - start, kTurn);
-  return sweep > 0 ? sweep : sweep + kTurn;
-}
 
 Pt direction(const Entity& e, const AcGeVector3d& v) {
   const AcGeVector3d w = e.at.toWorld * v;
@@ -66,7 +61,7 @@ void drawArc(SceneBuilder& scene, const Entity& e) {
   const AcGePoint3d centre = e.groups.point(10);
   const double r = e.groups.real(40), start = e.groups.radians(50), end = e.groups.radians(51);
   Path path;
-  addArc(path, planePoint(centre), {r, 0}, {0, r}, start, sweepOf(start, end));
+  addArc(path, planePoint(centre), {r, 0}, {0, r}, start, sweepBetween(start, end));
   scene.stroke(e, path.mapped(e.plane(centre.z)));
 }
 
@@ -74,7 +69,7 @@ void drawEllipse(SceneBuilder& scene, const Entity& e) {
   const AcGeVector3d major = e.groups.point(11).asVector(), normal = e.groups.normal().normal();
   const AcGeVector3d minor = normal.crossProduct(major) * e.groups.real(40, 1);
   const Pt centre = e.world(e.groups.point(10)), u = direction(e, major), v = direction(e, minor);
-  const double start = e.groups.real(41, 0), end = e.groups.real(42, kTurn), sweep = sweepOf(start, end);
+  const double start = e.groups.real(41, 0), end = e.groups.real(42, kTurn), sweep = sweepBetween(start, end);
   Path path;
   if (sweep > kTurn - 1e-9) addEllipse(path, centre, u, v);
   else addArc(path, centre, u, v, start, sweep);

@@ -29,6 +29,12 @@
 ;; The same list without the changed groups changes nothing.
 ((progn (setq avant (entget e)) (entmod (sans (list code))) (equal avant (entget e))) T)
 
+;; How wide and high a paragraph is drawn; programs frame texts by it.
+(situation "ParagraphsTellTheirSize")
+(preparer (setq e (entmakex '((0 . "MTEXT") (100 . "AcDbEntity") (100 . "AcDbMText") (10 0. 0. 0.) (40 . 2.) (1 . "HH\\PHH")))))
+((list (< 2.0 (g 42 e) 6.0) (equal (g 43 e) (+ 2.0 (* 2.0 (/ 5.0 3))) 0.05)) (T T))
+((progn (entmod (subst '(1 . "HHHH") (assoc 1 (entget e)) (entget e))) (list (< 6.0 (g 42 e) 12.0) (equal (g 43 e) 2.0 0.05))) (T T))
+
 (situation "WhatCannotBeAnEntityIsRefused")
 (preparer (setq e (circle '(1. 2. 0.) 5.)))
 (tableau (groups)

@@ -43,3 +43,22 @@
 ((vlax-curve-getSecondDeriv l 0.5) (0.0 0.0 0.0))
 ;; y = 4 t (1 - t)
 ((equal (vlax-curve-getSecondDeriv s 0.25) '(0. -8. 0.) 1e-9) T)
+
+;; What programs call about themselves, in passing.
+(situation "ProgramsKeepSettingsAndEnd")
+((list (getcfg "AppData/essai/a") (setcfg "AppData/essai/a" "12") (getcfg "appdata/ESSAI/A") (setcfg "Autre/a" "1")) ("" "12" "12" nil))
+((progn (vl-registry-write "HKCU\\X\\Un" "n" "1") (vl-registry-write "HKCU\\X\\Deux" "m" "2") (vl-registry-descendents "HKCU\\X")) ("DEUX" "UN"))
+((vl-registry-descendents "HKCU\\X\\Un" T) ("N"))
+(preparer (defun c:fin () (setq avant T) (vl-exit-with-value 7) (setq apres T)))
+((vl-catch-all-error-p (vl-catch-all-apply 'c:fin)) T)
+((list avant apres) (T nil))
+((progn (line '(0. 0. 0.) '(1. 0. 0.)) (acad-push-dbmod) (command "_UNDO" "1") (acad-pop-dbmod)) T)
+((acad-pop-dbmod) nil)
+;; groups with their applications, bare and as entget lists them
+((list (xdsize '(-3 ("A" (1000 . "abcd")))) (xdsize '(("A" (1000 . "abcd"))))) (13 13))
+
+(situation "RequestsThatNeedNoWorkAreKnown")
+((vl-remove-if '(lambda (f) (car (atoms-family 1 (list f))))
+   '("initdia" "setfunhelp" "help" "grclear" "menugroup" "vmon" "alloc" "expand" "*push-error-using-command*" "*pop-error-mode*"
+     "vl-vlx-loaded-p" "vl-acad-defun" "vl-arx-import" "vl-load-all" "acdimenableupdate" "tablet" "pragma"))
+ nil)

@@ -30,6 +30,20 @@
 ((progn (setvar name value) (getvar name)) value)
 (erreur (setvar "EDGEMODE" 2) "variable setting rejected: \"EDGEMODE\" 2")
 
+;; Every setting that programs save, set and set back, with the value of a new session.
+(situation "WhatProgramsSetIsKnown")
+(tableau (name value other)
+  ("LWDEFAULT" 25 30) ("GRIPSIZE" 5 9) ("PLQUIET" 0 1) ("DIMFIT" 3 5) ("DIMUNIT" 2 4) ("OFFSETGAPTYPE" 0 1) ("PICKDRAG" 2 0)
+  ("TSTACKALIGN" 1 2) ("WIPEOUTFRAME" 0 1) ("SELECTIONCYCLING" -2 0) ("BACKGROUNDPLOT" 2 0) ("XREFNOTIFY" 2 0) ("QPMODE" -1 0)
+  ("POLARDIST" 0.0 2.5) ("XLOADPATH" "" "/tmp") ("TEXTOUTPUTFILEFORMAT" 0 1))
+((list (getvar name) (progn (setvar name other) (getvar name))) (value other))
+((list (getvar "SNAPBASE") (progn (setvar "SNAPBASE" '(1.0 2.0)) (getvar "SNAPBASE")) (getvar "HPORIGIN")) ((0.0 0.0) (1.0 2.0) (0.0 0.0)))
+((vl-remove-if 'getvar
+   '("ACADPREFIX" "MYDOCUMENTSPREFIX" "ROAMABLEROOTPREFIX" "LOCALROOTPREFIX" "SAVEFILEPATH" "VSMIN" "VSMAX" "TARGET" "DIASTAT" "WRITESTAT" "FRONTZ"))
+ nil)
+(erreur (setvar "WRITESTAT" 0) "variable setting rejected: \"WRITESTAT\" 0")
+((progn (command "_ZOOM" "_C" "10,20" "40") (list (getvar "VSMIN") (getvar "VSMAX"))) ((-10.0 0.0 0.0) (30.0 40.0 0.0)))
+
 (situation "SayWhatWasMeasured")
 ((list (type (getvar "LOGINNAME")) (getvar "CPROFILE") (getvar "VIEWDIR") (getvar "DBMOD")) (STR "Kavel" (0.0 0.0 1.0) 0))
 ((progn (command "_DIST" "0,0" "3,4") (getvar "DISTANCE")) 5.0)
