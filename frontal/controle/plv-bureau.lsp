@@ -150,12 +150,3 @@
             (plv-reel (cadr lieu) 2)
             (if terrain (plv-reel terrain 2) "")
             (if terrain (plv-reel (- terrain (cadr lieu)) 2) "")))))
-
-;; --- the ground file of a form, before there is a profile: ((distance altitude) ...)
-
-(defun plv-bureau-terrain (chemin / terrain)
-  (if (setq terrain (plv-lire-terrain chemin))
-    (mapcar '(lambda (p) (list (car p) (cadr p))) (plv-cle 'points terrain))))
-
-(defun plv-bureau-plans (chemin echv hauteur-max / terrain)
-  (if (setq terrain (plv-lire-terrain chemin)) (plv-plans-proposes (plv-cle 'points terrain) echv hauteur-max)))
