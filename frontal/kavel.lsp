@@ -38,8 +38,9 @@
     (optimal (base profil projet fiches)
      plv-optimal-bande plv-optimal-rapport plv-optimal plv-optimal-couloir plv-optimal-rangees plv-optimal-contraintes plv-optimal-prix
      plv-optimal-souhait plv-variantes plv-optimal-sommets plv-optimal-cout plv-optimal-questions plv-optimal-fiche plv-variantes-fiche)
-    (ligne (base profil portes projet optimal)
-     plv-ligne plv-ligne-traits plv-rangees plv-corriger plv-parties-de-ligne plv-sommets-table plv-seconde plv-sommets-questions)
+    (ligne (base profil portes projet reseaux optimal)
+     plv-ligne plv-ligne-traits plv-rangees plv-corriger plv-parties-de-ligne plv-sommets-table plv-regards-de-ligne plv-table-de-ligne plv-seconde
+     plv-sommets-questions)
     (souris (base profil portes projet ligne)
      plv-suivre plv-scene plv-frappe plv-dessiner plv-prises plv-geste plv-tirer-vue plv-tirer)
     (echange (base terrain profil fiches plan projet)
@@ -61,7 +62,7 @@
      plv-style-fichier plv-style plv-fond plv-boites plv-libelles plv-libelles-poser plv-legende-lignes plv-cadres plv-presentation plv-style-fiche)
     (ensemble (base profil fiches plan metres)
      plv-ensemble plv-profil-entier plv-profil-fiche)
-    (controle (base profil tableaux ligne souris suivi)
+    (controle (base profil reseaux tableaux ligne souris suivi)
      plv-rapport plv-audit plv-bureau plv-proprietes plv-bureau-ligne plv-survol)))
 
 (foreach salle plv-salles
