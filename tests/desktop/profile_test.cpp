@@ -218,6 +218,22 @@ TEST_F(ProfileWindow, WhatIsNoLongerTrueIsShownAndMadeAnew) {
   EXPECT_EQ(stale(), "");
 }
 
+// A grip of a ground line moves the point: the line beside it and the record follow in the same step.
+TEST_F(ProfileWindow, AGripOfTheGroundTakesItsNeighbourAlong) {
+  lisp("(setq p (car (plv-profils)) l (plv-lignes-du-plan (car (plv-entites-plans p))))");
+  const auto number = [this](const char* what) { return lisp(what).toDouble(); };
+  emit window.profiles().onShow(lisp("(plv-handle (nth 3 l))").toString());
+  const double x = number("(cadr (assoc 11 (entget (nth 3 l))))"), y = number("(caddr (assoc 11 (entget (nth 3 l))))");
+  const double before = number("(cadr (nth 4 (plv-points-tn p)))");
+  driver.pick(x, y).pick(x, y + 4).play();
+  EXPECT_NEAR(number("(cadr (nth 4 (plv-points-tn p)))"), before + 0.4, 0.05);
+  EXPECT_NEAR(number("(caddr (assoc 10 (entget (nth 4 l))))"), y + 4, 0.5);
+  EXPECT_TRUE(lisp("(null (plv-ecarts-terrain p))").toBool());
+  driver.type("U").play();
+  EXPECT_NEAR(number("(cadr (nth 4 (plv-points-tn p)))"), before, 1e-9);
+  EXPECT_TRUE(lisp("(null (plv-ecarts-terrain p))").toBool());
+}
+
 // By its menu in the panel, by a click in the drawing where a command asks, by the right button over one of its lines.
 TEST_F(ProfileWindow, TheCurrentProfileIsShownAndChosenByAClick) {
   driver.type(QString("(progn (plv-nouveau \"%1rue-du-moulin.csv\" \"2\" '(0.0 400.0 0.0) 10.0 2.5 nil nil) (princ))")
