@@ -122,6 +122,26 @@ bool Document::runCommand(const std::string& name) {
   return services_.runCommand(*this, upper);
 }
 
+void Document::commandEnded() {
+  constexpr std::size_t kMostListed = 1000;
+  const lisp::Value function = interpreter_->get("*APRES-COMMANDE*");
+  const std::vector<AcDbStub*> changed = imp().journal.changed();
+  if (function.isNil() || changed.empty() || stopped_ || following_) return;
+  lisp::Value entities = interpreter_->boolean(true);
+  if (changed.size() <= kMostListed) {
+    entities = lisp::Value();
+    for (AcDbStub* stub : changed)
+      if (!stub->is(AcDbStub::kErased)) entities = interpreter_->cons(entityValue(*interpreter_, stub), entities);
+  }
+  following_ = true;
+  try {
+    interpreter_->call(function, std::vector<lisp::Value>{entities});
+  } catch (const lisp::Error& error) {
+    if (error.kind != lisp::Error::Kind::Exit) fail(errorText(error));
+  }
+  following_ = false;
+}
+
 void Document::runLine(const std::string& line) {
   const std::string_view text = trimmed(line);
   if (text.empty()) return;
@@ -168,6 +188,7 @@ bool Document::run(InputSource& source) {
       const int failuresBefore = failures_;
       try {
         runLine(input.text);
+        commandEnded();
       } catch (const Error& error) {
         fail(error.what());
       }

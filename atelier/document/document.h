@@ -119,6 +119,9 @@ class Document {
   // Feeds the source's lines to the command line until its end: commands, LISP expressions, answers to prompts. False when
   // a command has asked the program to end.
   bool run(InputSource& source);
+  // To be called when a line, or what a user does without one, has changed the drawing: AutoLISP's function *apres-commande* gets the
+  // entities that were changed or made, T when there are too many to list. What it does belongs to the same step of undo.
+  void commandEnded();
   // Runs one command by its name as if typed; answers come from the prompter's source. False when there is none.
   bool runCommand(const std::string& name);
   // The number of LISP errors and of failed and unknown commands since the document was opened.
@@ -195,6 +198,7 @@ class Document {
   View view_;
   std::unique_ptr<WaitingCommand> waitingCommand_;
   bool muted_ = false, endsWithProcess_ = false;
+  bool following_ = false;  // *apres-commande* runs
   bool stopped_ = false;  // the user has interrupted the last line
   std::vector<std::unique_ptr<Attachment>> attachments_;
   int failures_ = 0;

@@ -1,4 +1,4 @@
-;; The form of PLV-LEVE: the point is dragged in the picture.
+;; The form of PLV-LEVE: the point is dragged in the picture, a new one along the profile too.
 
 (defun plv-leve-fiche:champs ()
   (plv-champs-avec-profil
@@ -7,7 +7,8 @@
       (plv-champ-nombre "station" "Station" 0.0 2)
       (plv-champ-nombre "altitude" "Altitude" 0.0 3)
       '("nom" "Nom du point" "texte" "" nil)
-      '("fichier" "Nouveau levé" "lire" "" "Levés (*.csv *.txt *.xlsx);;Tous (*)"))))
+      '("fichier" "Nouveau levé" "lire" "" "Levés (*.csv *.txt *.xlsx *.xml);;Tous (*)")
+      (plv-champ-landxml "terrain" "Terrain du fichier"))))
 
 (defun plv-leve-fiche:operation (valeurs) (substr (plv-cle "operation" valeurs) 1 1))
 
@@ -18,7 +19,8 @@
 (defun plv-leve-fiche:poignee (valeurs apres d)
   "The point with the stretches on its sides; nil where there is none."
   (if (and (member (plv-leve-fiche:operation valeurs) '("C" "I")) (plv-fiche-nombre valeurs "altitude"))
-    (list (list "poignee" "altitude" "projet" (plv-leve-fiche:autour apres d) 1.0))))
+    (list (append (list "poignee" "altitude" "projet" (plv-leve-fiche:autour apres d) 1.0)
+                  (if (= (plv-leve-fiche:operation valeurs) "I") '("station"))))))
 
 (defun plv-leve-fiche:autour (points d)
   (while (and (cddr points) (< (car (cadr points)) (- d 0.005))) (setq points (cdr points)))
@@ -27,10 +29,12 @@
 (defun plv-leve-fiche:regarder (valeurs)
   (if (= (plv-leve-fiche:operation valeurs) "R") (plv-leve-fiche:regarder-leve valeurs) (plv-leve-fiche:regarder-point valeurs)))
 
-(defun plv-leve-fiche:regarder-leve (valeurs / profil lu)
+(defun plv-leve-fiche:lire (valeurs) (plv-fiche-lire-terrain valeurs "fichier" "terrain"))
+
+(defun plv-leve-fiche:regarder-leve (valeurs / profil terrains lu)
   "The newer survey over the ground."
-  (setq profil (plv-fiche-profil valeurs)
-        lu (if (plv-fiche-fichier valeurs "fichier") (plv-essayer 'plv-lire-terrain-texte (list (plv-fiche-fichier valeurs "fichier"))) '(nil "un fichier est attendu")))
+  (setq profil (plv-fiche-profil valeurs) terrains (car (plv-essayer 'plv-fiche-terrains (list valeurs "fichier")))
+        lu (plv-essayer 'plv-leve-fiche:lire (list valeurs)))
   (plv-regard
     (cond
       ((not (car lu)) (list (list "fichier" (cond ((cadr lu)) ("ce fichier ne donne pas de terrain")))))
@@ -38,7 +42,8 @@
     (list (plv-image-profil profil
             (append (plv-traits-profil profil)
               (if (car lu) (plv-image-traits "projet" (list (mapcar '(lambda (p) (list (car p) (cadr p))) (plv-cle 'points (car lu)))))))))
-    nil '("station" "altitude" "nom") nil))
+    nil (append '("station" "altitude" "nom") (if (not (cdr terrains)) '("terrain")))
+    (list (cons "terrain" (mapcar 'car terrains)))))
 
 (defun plv-leve-fiche:regarder-point (valeurs / profil origine points d rang faute apres)
   (setq profil (plv-fiche-profil valeurs) origine (plv-premiere-station profil) points (plv-points-nommes profil))
@@ -52,12 +57,12 @@
     (if rang (list (strcat "Ce point est à l'altitude " (plv-reel (cadr (nth rang points)) 3) ".")))
     (append (if (not (member (plv-leve-fiche:operation valeurs) '("C" "I"))) '("altitude"))
             (if (not (member (plv-leve-fiche:operation valeurs) '("I" "N"))) '("nom"))
-            '("fichier"))
+            '("fichier" "terrain"))
     nil))
 
 (defun plv-leve-fiche:faire (valeurs)
   (if (= (plv-leve-fiche:operation valeurs) "R")
-    (plv-remplacer-leve (plv-fiche-profil valeurs) (plv-fiche-fichier valeurs "fichier"))
+    (plv-remplacer-terrain (plv-fiche-profil valeurs) (plv-leve-fiche:lire valeurs))
     (plv-leve-fiche:point valeurs)))
 
 (defun plv-leve-fiche:point (valeurs)

@@ -57,14 +57,23 @@
     (strcat "ce levé commence à la station " (plv-reel (plv-cle 'origine terrain) 2) ", le profil à " (plv-reel (plv-premiere-station profil) 2)
             ": il en faut un nouveau")))
 
-(defun plv-remplacer-leve (profil chemin / trouve terrain avant)
-  "Gives a profile the ground of a survey; the profile, or nil after a message."
+(defun plv-remplacer-terrain (profil terrain / avant)
+  "Gives a profile the ground of a survey that was read; the profile, or nil after a message."
   (cond
     ((not (plv-profil-sain profil)) nil)
-    ((not (setq trouve (plv-fichier-existant chemin))) nil)
-    ((not (setq terrain (plv-lire-terrain-texte trouve))) nil)
     ((plv-refus-leve profil terrain) (plv-erreur (plv-refus-leve profil terrain)))
     (T
      (setq avant (plv-points-releves profil))
      (if (plv-changer-terrain profil (plv-cle 'points terrain) (plv-cle 'lacunes terrain))
        (progn (plv-remplacer:dire profil avant (plv-cle 'points terrain)) profil)))))
+
+(defun plv-remplacer-leve (profil chemin / trouve terrain)
+  "The same from a file of any kind; of LandXML its first ground."
+  (if (and (setq trouve (plv-fichier-existant chemin)) (setq terrain (plv-lire-terrain trouve)))
+    (plv-remplacer-terrain profil terrain)))
+
+(defun plv-remplacer-demander (profil / chemin terrain)
+  "The command's questions: the file, and of LandXML with several grounds which one."
+  (if (and (setq chemin (plv-demander-fichier "Fichier du nouveau levé"))
+           (setq terrain (if (plv-landxml-p chemin) (plv-landxml-choisir-un-terrain chemin) (plv-lire-terrain chemin))))
+    (plv-remplacer-terrain profil terrain)))

@@ -77,7 +77,7 @@ message."
     (setq operation (substr (plv-demander-mot "Point du terrain" '("Corriger" "Insérer" "Supprimer" "Nommer" "Remplacer") "Corriger") 1 1)))
   (cond
     ((not operation))
-    ((= operation "R") (plv-remplacer-leve profil (plv-demander-texte "Fichier du nouveau levé" nil)))
+    ((= operation "R") (plv-remplacer-demander profil))
     (T
       (setq station (plv-demander-nombre "Station"))
       (if (member operation '("C" "I"))

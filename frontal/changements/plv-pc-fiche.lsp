@@ -1,4 +1,4 @@
-;; The form of PLV-PC: the plane that is added or changed is dragged up and down in the picture.
+;; The form of PLV-PC: the plane that is added or changed is dragged up and down in the picture, a new one along the profile too.
 
 (defun plv-pc-fiche:champs ()
   (plv-champs-avec-profil
@@ -21,8 +21,10 @@
     (progn
       (setq debut (if (= (plv-pc-fiche:operation valeurs) "A") d (plv-plan-debut section)))
       (list
-        (list "poignee" "altitude" "couloir"
-          (list (list debut (plv-fiche-nombre valeurs "altitude")) (list (plv-section-fin section) (plv-fiche-nombre valeurs "altitude"))) 1.0)))))
+        (append
+          (list "poignee" "altitude" "couloir"
+            (list (list debut (plv-fiche-nombre valeurs "altitude")) (list (plv-section-fin section) (plv-fiche-nombre valeurs "altitude"))) 1.0)
+          (if (= (plv-pc-fiche:operation valeurs) "A") '("station")))))))
 
 (defun plv-pc-fiche:regarder (valeurs)
   (if (= (plv-pc-fiche:operation valeurs) "P") (plv-pc-fiche:regarder-tous valeurs) (plv-pc-fiche:regarder-un valeurs)))

@@ -1,10 +1,11 @@
 ;; What the window shows of profiles: the tree of its panel, the reading under the cursor, the fields of an entity.
 ;; Nothing here changes the drawing. What was read of the profiles is kept until plv-bureau-oublier.
-;; Shared in the room: plv-bureau:lus plv-bureau:plans-lus plv-bureau:ligne-lue
+;; Shared in the room: plv-bureau:lus plv-bureau:plans-lus plv-bureau:ligne-lue plv-bureau:regards-lus
 
-(setq plv-bureau:arbre nil plv-bureau:lectures nil plv-bureau:vieilles nil plv-bureau:lignes nil)
+(setq plv-bureau:arbre nil plv-bureau:lectures nil plv-bureau:vieilles nil plv-bureau:lignes nil plv-bureau:reseaux nil)
 
-(defun plv-bureau-oublier () (setq plv-bureau:arbre nil plv-bureau:lectures nil plv-bureau:vieilles nil plv-bureau:lignes nil))
+(defun plv-bureau-oublier ()
+  (setq plv-bureau:arbre nil plv-bureau:lectures nil plv-bureau:vieilles nil plv-bureau:lignes nil plv-bureau:reseaux nil))
 
 ;; --- what isn't true any more, as (profile state ...), worked out once
 
@@ -113,6 +114,12 @@
     (setq plv-bureau:lignes (cons (cons (list profil genre) (plv-lire-ligne profil genre)) plv-bureau:lignes)))
   (plv-cle (list profil genre) plv-bureau:lignes))
 
+(defun plv-bureau:regards-lus (profil genre)
+  "The network of a line."
+  (if (not (assoc (list profil genre) plv-bureau:reseaux))
+    (setq plv-bureau:reseaux (cons (cons (list profil genre) (plv-regards profil genre)) plv-bureau:reseaux)))
+  (plv-cle (list profil genre) plv-bureau:reseaux))
+
 (defun plv-bureau:origine (lu) (plv-cadre-origine (plv-cle 'cadre lu)))
 (defun plv-bureau:plans-lus (lu) (plv-cadre-plans (plv-cle 'cadre lu)))
 
@@ -150,12 +157,3 @@
             (plv-reel (cadr lieu) 2)
             (if terrain (plv-reel terrain 2) "")
             (if terrain (plv-reel (- terrain (cadr lieu)) 2) "")))))
-
-;; --- the ground file of a form, before there is a profile: ((distance altitude) ...)
-
-(defun plv-bureau-terrain (chemin / terrain)
-  (if (setq terrain (plv-lire-terrain chemin))
-    (mapcar '(lambda (p) (list (car p) (cadr p))) (plv-cle 'points terrain))))
-
-(defun plv-bureau-plans (chemin echv hauteur-max / terrain)
-  (if (setq terrain (plv-lire-terrain chemin)) (plv-plans-proposes (plv-cle 'points terrain) echv hauteur-max)))

@@ -37,25 +37,30 @@
 
 ;; --- drawing
 
-(defun plv-landxml-projet (profil genre projet / origine sommets)
-  "Draws a project line of a LandXML file; gives its entities, or nil after a message."
-  (setq origine (plv-premiere-station profil)
-        sommets (plv-landxml:dans-profil (plv-landxml-sommets projet) origine (+ origine (plv-longueur-profil profil))))
-  (if sommets (plv-projet profil genre sommets)))
+(defun plv-landxml-sommets-sur (profil projet / origine)
+  "The vertices of a project line on a profile; nil after a message."
+  (setq origine (plv-premiere-station profil))
+  (plv-landxml:dans-profil (plv-landxml-sommets projet) origine (+ origine (plv-longueur-profil profil))))
 
-(defun plv-landxml:lignes (axes)
-  "The project lines of all alignments as (name line)."
-  (apply 'append
-    (mapcar
-      '(lambda (axe)
-         (mapcar '(lambda (projet) (list (strcat (plv-cle 'nom axe) " / " (plv-landxml:nom-projet projet)) projet)) (plv-cle 'projets axe)))
-      axes)))
+(defun plv-landxml-projet (profil genre projet / sommets)
+  "Draws a project line of a LandXML file; gives its entities, or nil after a message."
+  (if (setq sommets (plv-landxml-sommets-sur profil projet)) (plv-projet profil genre sommets)))
+
+(defun plv-landxml-lignes-nommees (chemin)
+  "The project lines of all alignments as (name line); nil after a message."
+  (cond
+    ((apply 'append
+       (mapcar
+         '(lambda (axe)
+            (mapcar '(lambda (projet) (list (strcat (plv-cle 'nom axe) " / " (plv-landxml:nom-projet projet)) projet)) (plv-cle 'projets axe)))
+         (plv-landxml chemin))))
+    (T (plv-erreur (strcat chemin ": aucune ligne de projet")))))
 
 (defun plv-landxml-projet-fichier (profil genre chemin / lignes ligne)
   "The project line of a file, chosen among those of all its alignments."
-  (setq lignes (plv-landxml:lignes (plv-landxml chemin)))
+  (setq lignes (plv-landxml-lignes-nommees chemin))
   (cond
-    ((not lignes) (plv-erreur (strcat chemin ": aucune ligne de projet")))
+    ((not lignes) nil)
     ((setq ligne (plv-landxml:choisir "Numéro de la ligne" (mapcar 'car lignes) (mapcar 'cadr lignes)))
      (plv-landxml-projet profil genre ligne))))
 

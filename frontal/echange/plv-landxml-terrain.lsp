@@ -54,3 +54,20 @@
   (cond
     ((= chemin "suivre le projet") (plv-landxml-terrain chemin axe nil))
     ((setq chemin (plv-fichier-existant chemin)) (plv-lire-terrain chemin))))
+
+;; --- all that a file gives
+
+(defun plv-landxml-terrains-nommes (chemin)
+  "(name axis ground) each; ground nil where an alignment has none and its first project line stands for it. nil after a message."
+  (apply 'append (mapcar 'plv-landxml:terrains-de (plv-landxml:axes-utiles chemin (plv-landxml chemin)))))
+
+(defun plv-landxml:terrains-de (axe)
+  (if (plv-cle 'terrains axe)
+    (mapcar '(lambda (terrain) (list (strcat (plv-cle 'nom axe) " / " (plv-cle 'nom terrain)) axe terrain)) (plv-landxml-terrains axe))
+    (list (list (strcat (plv-cle 'nom axe) " / suivre le projet") axe nil))))
+
+(defun plv-landxml-choisir-un-terrain (chemin / terrains choisi)
+  "The ground of a file, asked for where there are several; nil after a message."
+  (setq terrains (plv-landxml-terrains-nommes chemin))
+  (if (setq choisi (plv-landxml:choisir "Numéro du terrain" (mapcar 'car terrains) terrains))
+    (plv-landxml-terrain chemin (cadr choisi) (caddr choisi))))

@@ -1,6 +1,6 @@
 ;; LandXML files: which alignment and ground of a file are taken. The file is read by landxml-lire, in metres; an alignment
 ;; has keys nom, origine, terrains and projets, see that function's help.
-;; Shared in the room: plv-landxml:choisir
+;; Shared in the room: plv-landxml:choisir plv-landxml:axes-utiles
 
 (defun plv-landxml:nature (chemin / nature)
   "What a file is by its content, see et_fichier; a workbook isn't looked at."

@@ -1,4 +1,5 @@
 ;; PLV-PROFIL: profiles are renamed, copied with all that belongs to them, moved and deleted.
+;; Shared in the room: plv-entier:refus-numero
 
 (defun plv-entier:refus-numero (numero)
   (cond

@@ -1,5 +1,6 @@
 ;; PLV-CARTOUCHE: what title blocks say beside what the sheets know themselves; kept in the drawing. Revisions are the rows of a table, the
 ;; latest one above.
+;; Shared in the room: plv-cartouche:*
 
 (setq plv-cartouche:cle "PLV_CARTOUCHE")
 

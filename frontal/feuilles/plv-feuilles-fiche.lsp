@@ -1,4 +1,4 @@
-;; The form of PLV-FEUILLES: how many sheets a format and a scale give, and which part of the profile stands on each.
+;; The forms of PLV-FEUILLES, PLV-APERCU and PLV-PRESENTATIONS: how many sheets a format and a scale give, and which part of the profile stands on each.
 
 (defun plv-feuilles-fiche:champs (/ profils)
   (if (setq profils (plv-profils))
@@ -7,8 +7,8 @@
       (list "format" "Format" "mot" "A3" (append '("A3") plv-feuilles:formats '("Fichier")))
       '("modele" "Dessin modèle" "lire" "" "Dessins (*.dxf)")
       (list "echelle" "Échelle" "mot" "La plus grande" (cons "La plus grande" (mapcar 'plv-feuilles:nombre plv-feuilles:echelles)))
-      (list "titre" "Titre de l'affaire" "texte" (plv-nom-dessin) nil)
-      '("fichier" "Fichier PDF, ou rien pour l'aperçu" "ecrire" "feuilles.pdf" "PDF (*.pdf)"))
+      (plv-champ-du-dessin "titre" "Titre de l'affaire" (plv-nom-dessin))
+      '("fichier" "Fichier PDF" "ecrire" "feuilles.pdf" "PDF (*.pdf)"))
     (plv-erreur (plv-refus-sans-profil))))
 
 (defun plv-feuilles-fiche:modele (valeurs)
@@ -45,11 +45,28 @@
     (if (/= (plv-cle "format" valeurs) "Fichier") '("modele"))
     nil))
 
-(defun plv-feuilles-fiche:faire (valeurs / profils)
+(defun plv-feuilles-fiche:appeler (fonction valeurs suite / profils)
+  "A function of sheets with what is asked of all, and what follows."
   (setq profils (plv-feuilles-fiche:profils valeurs))
   (plv-avant-sortie profils)
-  (if (= (plv-cle "fichier" valeurs) "")
-    (plv-apercu profils (plv-feuilles-fiche:modele valeurs) (plv-feuilles-fiche:echelle valeurs) (plv-cle "titre" valeurs))
-    (plv-feuilles profils (plv-feuilles-fiche:modele valeurs) (plv-feuilles-fiche:echelle valeurs) (plv-cle "titre" valeurs) (plv-cle "fichier" valeurs))))
+  (apply fonction
+    (append (list profils (plv-feuilles-fiche:modele valeurs) (plv-feuilles-fiche:echelle valeurs) (plv-cle "titre" valeurs)) suite)))
 
-(plv-declarer-fiche "PLV-FEUILLES" "Feuilles" "Tracer" 'plv-feuilles-fiche:champs 'plv-feuilles-fiche:regarder 'plv-feuilles-fiche:faire)
+(defun plv-feuilles-fiche:regarder-pdf (valeurs / regard)
+  (setq regard (plv-feuilles-fiche:regarder valeurs))
+  (if (= (plv-cle "fichier" valeurs) "") (cons (append (car regard) '(("fichier" "un nom de fichier est attendu"))) (cdr regard)) regard))
+
+(defun plv-feuilles-fiche:faire (valeurs) (plv-feuilles-fiche:appeler 'plv-feuilles valeurs (list (plv-cle "fichier" valeurs))))
+
+(plv-declarer-fiche "PLV-FEUILLES" "Feuilles" "Tracer" 'plv-feuilles-fiche:champs 'plv-feuilles-fiche:regarder-pdf 'plv-feuilles-fiche:faire)
+
+;; --- the same without a file
+
+(defun plv-feuilles-fiche:champs-sans-fichier (/ champs)
+  (if (setq champs (plv-feuilles-fiche:champs)) (vl-remove (assoc "fichier" champs) champs)))
+
+(plv-declarer-fiche "PLV-APERCU" "Aperçu des feuilles" "Montrer" 'plv-feuilles-fiche:champs-sans-fichier 'plv-feuilles-fiche:regarder
+  '(lambda (valeurs) (plv-feuilles-fiche:appeler 'plv-apercu valeurs nil)))
+
+(plv-declarer-fiche "PLV-PRESENTATIONS" "Feuilles en présentations" "Faire" 'plv-feuilles-fiche:champs-sans-fichier 'plv-feuilles-fiche:regarder
+  '(lambda (valeurs) (plv-feuilles-fiche:appeler 'plv-presentations valeurs nil)))

@@ -5,6 +5,14 @@
 
 (defun plv-image-traits (role lignes) "Lines of points as items." (mapcar '(lambda (ligne) (list "trait" role ligne)) lignes))
 
+(defun plv-poignees-de-rangees (cle points / rang poignees)
+  "Rows of a field, station and altitude their first columns, at their places (nil for a row without one), to be dragged both ways."
+  (setq rang -1)
+  (foreach p points
+    (setq rang (1+ rang))
+    (if p (setq poignees (cons (list "poignee" (strcat cle "/" (itoa rang) "/1") "projet" (list p) 1.0 (strcat cle "/" (itoa rang) "/0")) poignees))))
+  poignees)
+
 (defun plv-traits-profil (profil)
   "Ground, planes and lines of a profile."
   (append

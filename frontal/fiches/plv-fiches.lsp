@@ -1,16 +1,18 @@
 ;; Forms in place of prompts. A form says what it asks, what a set of answers would give, and does it; whoever shows it (the window, a
 ;; dialog of another host) knows nothing of the commands. Nothing here changes the drawing but plv-fiche-faire.
 ;;
-;; A field is (key label kind value choices): kind is
+;; A field is (key label kind value choices [new]), new: T for what belongs to the drawing or to one time, and isn't kept for the next; kind is
 ;;   "profil" a number of a profile; "mot" one of the choices; "mots" some of them; "nombre" or "texte" a text; "oui" T or nil;
+;;   "point" a text x,y or nothing, typed or picked;
 ;;   "lire" the name of a file or nothing, "ecrire" one to write, the choices are the filter; "rangees" rows of texts, the choices are the
 ;;   columns as (title kind choices); "objets" handles of entities that are picked in the drawing, the choices are the types as ssget takes them
 ;; Answers are an association list of keys and values: numbers come as they were typed, as texts; "*" is the key that was changed last.
 ;; A look at answers is (faults pictures texts hidden choices values): values are (key value) of fields that shall show another one; faults (key reason); pictures (title mode items
 ;; station), the mode "profil", "plan" (one scale) or "tableau" (pixels), the station being that of the abscissa 0; an item is
-;;   ("trait" role points), ("texte" role point words), or ("poignee" key role points sense), a line that is dragged up or down to change
-;;   the number of a field by the way it goes, times sense; hidden: keys of fields that don't matter; choices: (key choice ...) of fields whose choices depend on
-;;   others
+;;   ("trait" role points), ("texte" role point words), or ("poignee" key role points sense [key-along]), a line or a point that is dragged:
+;;   up or down it changes a number by the way it goes, times sense, along the profile the other number; a key is a field's, or field/row/column
+;;   of a cell, both from 0; a role is a word, or "#RRGGBB pixels dash gap ..." for a sample; hidden: keys of fields that don't matter;
+;;   choices: (key choice ...) of fields whose choices depend on others, of rows (key (column choice ...) ...)
 ;; Shared in the room: plv-fiches:*
 
 ;; command, title, word of the button, fields (), look (answers), do (answers)
@@ -69,6 +71,7 @@
     ((and (= nature "nombre") (not (plv-fiches:en-nombre valeur))) (list (car champ) "un nombre est attendu"))
     ((and (= nature "lire") valeur (/= valeur "") (not (findfile valeur)) (not (vl-file-directory-p valeur)))
      (list (car champ) (strcat "fichier introuvable: " valeur)))
+    ((and (= nature "point") (plv-fiches:rempli-p valeur) (not (plv-couple valeur))) (list (car champ) "deux nombres x,y sont attendus"))
     ((and (= nature "mots") (not valeur)) (list (car champ) "un choix au moins est attendu"))))
 
 ;; --- reading answers
@@ -83,6 +86,11 @@
   "The path of a file to read; nil without one."
   (if (plv-fiches:rempli-p (plv-cle cle valeurs))
     (cond ((findfile (plv-cle cle valeurs))) ((plv-cle cle valeurs)))))
+
+(defun plv-fiche-point (valeurs cle / couple)
+  "The point of a field; nil without one."
+  (if (and (plv-fiches:rempli-p (plv-cle cle valeurs)) (setq couple (plv-couple (plv-cle cle valeurs))))
+    (append couple '(0.0))))
 
 (defun plv-fiche-profil (valeurs) (plv-profil-de-numero (plv-cle "profil" valeurs)))
 
@@ -100,6 +108,8 @@
   "The fields after that of the profile; nil after a message."
   (if (setq profil (plv-champ-profil)) (cons profil champs)))
 
+(defun plv-champ-du-dessin (cle libelle valeur) "A text that belongs to the drawing." (list cle libelle "texte" valeur nil T))
+
 (defun plv-champ-nombre (cle libelle valeur decimales) (list cle libelle "nombre" (plv-reel valeur decimales) nil))
 
 ;; --- looks
@@ -114,12 +124,18 @@
 
 (setq plv-fiches-pris nil)
 
-(defun plv-fiche-choisir (commande cle / champ jeu)
-  "Asks for the entities of a field; their handles are kept until the form takes them."
-  (setq champ (assoc cle (caddr (plv-fiche commande))))
-  (plv-dire (strcat (cadr champ) ":"))
-  (setq jeu (ssget (list (cons 0 (nth 4 champ)))) plv-fiches-pris (if jeu (mapcar 'plv-handle (plv-entites-du-jeu jeu))))
+(defun plv-fiche-choisir (commande cle / champ)
+  "Asks for the point or the entities of a field; as the field has them they are kept until the form takes them."
+  (setq champ (assoc cle (caddr (plv-fiche commande)))
+        plv-fiches-pris (if (= (caddr champ) "point") (plv-fiches:un-point (cadr champ)) (plv-fiches:des-objets champ)))
   (princ))
+
+(defun plv-fiches:un-point (libelle / point)
+  (if (setq point (getpoint (strcat "\n" libelle ": "))) (strcat (plv-reel (car point) 3) "," (plv-reel (cadr point) 3))))
+
+(defun plv-fiches:des-objets (champ / jeu)
+  (plv-dire (strcat (cadr champ) ":"))
+  (if (setq jeu (ssget (list (cons 0 (nth 4 champ))))) (mapcar 'plv-handle (plv-entites-du-jeu jeu))))
 
 (defun plv-fiche-objets (valeurs cle)
   "The picked entities that are still there."

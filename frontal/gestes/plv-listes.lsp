@@ -1,5 +1,6 @@
 ;; PLV-ALTITUDES and PLV-POINTS: the altitudes of a project line at the ground points, by themselves and against another line, on
 ;; the screen and in a file. The module reads the curves; it is asked one section at a time, so that each altitude is over its plane.
+;; Shared in the room: plv-listes:*
 
 (setq plv-listes:lues nil)
 
@@ -94,6 +95,8 @@
       (cons (plv-ligne-csv titres) (mapcar '(lambda (r) (plv-ligne-csv (plv-listes:textes profil r 6))) rangees))))
   rangees)
 
+(defun plv-listes:titres (genre reference) (list "station" (strcase (plv-genre genre) T) (strcase (plv-genre reference) T) "hauteur"))
+
 (defun plv-listes:demander-fichier () (plv-demander-texte "Fichier à écrire <aucun>" nil))
 
 ;; --- the commands
@@ -120,6 +123,5 @@
       (setq genre (plv-demander-genre (plv-genre-propose profil))
             reference (plv-demander-mot "Genre de référence" (plv-genres) "TN"))
       (if (setq rangees (plv-lister-points profil genre reference))
-        (plv-listes:dire profil (list "station" (strcase (plv-genre genre) T) (strcase (plv-genre reference) T) "hauteur") rangees
-          (plv-listes:demander-fichier)))))
+        (plv-listes:dire profil (plv-listes:titres genre reference) rangees (plv-listes:demander-fichier)))))
   (princ))

@@ -1,5 +1,6 @@
 ;; PLV-LIGNES: lines from point to point by stations and altitudes, or by points of the drawing, attached to a kind of line.
 ;; The module draws them; it gets each over one plane, from left to right.
+;; Shared in the room: plv-tracer:faute
 
 (defun plv-tracer:morceaux (plans a b / milieu)
   "The stretch from (distance altitude) to another, left to right, cut where planes change: ((a b) ...)."

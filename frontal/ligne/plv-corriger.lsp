@@ -3,12 +3,16 @@
 
 ;; --- what is typed
 
+(defun plv-corriger:lire-station (texte origine)
+  (if (plv-nombre-station texte) (- (plv-nombre-station texte) origine)))
+
 (defun plv-corriger:lire (champ texte origine / nombre)
   "The value of a text; nil for one that can't be read."
   (cond
     ((= champ "Forme")
      (cond ((wcmatch (strcase texte) "C,CERCLE,CIRCULAIRE") "C") ((wcmatch (strcase texte) "P,PARABOLE,PARABOLIQUE") "P")))
-    ((= champ "Station") (if (setq nombre (plv-nombre-station texte)) (- nombre origine)))
+    ((member champ '("Station" "Debut" "Fin")) (plv-corriger:lire-station texte origine))
+    ((= champ "Extremum") (plv-corriger:lire-station (car (plv-couper (strcat texte ";") ";")) origine))
     ((member champ '("Entree" "Sortie")) (cond ((plv-pente-lue texte)) ((setq nombre (plv-nombre texte)) (* 0.01 nombre))))
     ((and (member champ '("Rayon" "Raccordement")) (= texte "")) 0.0)
     ((plv-nombre texte))))
@@ -88,15 +92,29 @@
   (setq s (cadr (plv-ligne-voisins suites numero)) demande (plv-demande-de s) forme (if demande (plv-demande-forme demande) "C"))
   (cond
     ((and (= champ "Forme") (not demande)) "ce sommet n'a pas de raccordement")
+    ((member champ '("Debut" "Fin" "Extremum")) (plv-corriger:raccord-jusqu-a suites numero champ valeur forme))
     ((and (/= champ "Forme") (< valeur 0.0)) "une valeur positive est attendue")
     (T
-     (plv-ligne-changer suites numero
-       (list
-         (plv-sommet-de-ligne (car s) (cadr s)
-           (cond ((= champ "Forme") (cons valeur (cdr demande)))
-                 ((= valeur 0.0) nil)
-                 ((list forme (if (= champ "Rayon") "R" "L") valeur)))
-           (plv-verrou s)))))))
+     (plv-corriger:demander suites numero s
+       (cond ((= champ "Forme") (cons valeur (cdr demande)))
+             ((= valeur 0.0) nil)
+             ((list forme (if (= champ "Rayon") "R" "L") valeur)))))))
+
+(defun plv-corriger:demander (suites numero s demande)
+  "The runs with another curve at a vertex."
+  (plv-ligne-changer suites numero (list (plv-sommet-de-ligne (car s) (cadr s) demande (plv-verrou s)))))
+
+(defun plv-corriger:raccord-jusqu-a (suites numero champ d forme / voisins portees portee)
+  "The runs with the curve that begins, ends or is level at a distance."
+  (setq voisins (plv-ligne-voisins suites numero))
+  (if (and (car voisins) (caddr voisins))
+    (setq portees (plv-raccord-portees (plv-pente (car voisins) (cadr voisins)) (plv-pente (cadr voisins) (caddr voisins)) forme)
+          portee (nth (vl-position champ '("Debut" "Fin" "Extremum")) portees)))
+  (cond
+    ((not portees) "la ligne commence ou finit à ce sommet")
+    ((not portee) "ce raccordement monte ou descend partout")
+    ((or (equal portee 0.0 1e-9) (<= (/ (- d (car (cadr voisins))) portee) 0.0)) "ce n'est pas de ce côté du sommet")
+    (T (plv-corriger:demander suites numero (cadr voisins) (list forme "R" (/ (- d (car (cadr voisins))) portee))))))
 
 ;; --- locks
 
@@ -127,14 +145,14 @@
 
 (defun plv-corriger:valeur (suites numero champ valeur sol)
   (cond
-    ((member champ '("Rayon" "Raccordement" "Forme")) (plv-corriger:raccord suites numero champ valeur))
+    ((plv-champ-de-raccord-p champ) (plv-corriger:raccord suites numero champ valeur))
     ((= champ "Sortie") (plv-corriger:sortie suites numero valeur sol))
     ((= champ "Longueur") (plv-corriger:longueur suites numero valeur sol))
     ((plv-corriger:poser suites numero champ valeur sol))))
 
 (defun plv-corriger:sans-effet (suites essai numero champ valeur sol)
   "The text for a value that isn't reached, since the vertex's own lock stands against it; nil when it is."
-  (if (not (or (member champ '("Rayon" "Raccordement" "Forme")) (equal (plv-ligne-valeur sol essai numero champ) valeur 1e-6)))
+  (if (not (or (plv-champ-de-raccord-p champ) (equal (plv-ligne-valeur sol essai numero champ) valeur 1e-6)))
     (plv-corriger:refus-verrou (plv-verrou (cadr (plv-ligne-voisins suites numero))) numero)))
 
 (defun plv-corriger:refus-verrou (champ numero)
@@ -144,7 +162,7 @@
   "The runs with one value of a vertex as a text has it, or the text of why not."
   (cond
     ((not (plv-ligne-lieu suites numero)) (plv-refus-sommet suites numero))
-    ((not (member champ (plv-champs-modifiables))) "cette valeur se calcule")
+    ((not (member champ (plv-champs-modifiables))) "il n'y a pas de telle valeur à changer")
     ((not (setq valeur (plv-corriger:lire champ (vl-string-trim " \t" texte) origine)))
      (if (= champ "Forme") "C (cercle) ou P (parabole) attendu" "un nombre est attendu"))
     ((= (type (setq essai (plv-corriger:valeur suites numero champ valeur sol))) 'STR) essai)

@@ -5,7 +5,7 @@
 (setq plv-rangees:champs
   '(("Station" "Station" 3 T T) ("Altitude" "Altitude" 3 T T) ("Profondeur" "Profondeur" 3 T T) ("Entree" "ENtrée" 4 T T)
     ("Sortie" "SOrtie" 4 T T) ("Longueur" "Longueur" 3 T nil) ("Rayon" "RAyon" 2 T nil) ("Raccordement" "RACcordement" 3 T nil)
-    ("Forme" "Forme" 0 T nil) ("Debut" nil 3 nil nil) ("Fin" nil 3 nil nil) ("Extremum" nil 3 nil nil)))
+    ("Forme" "FOrme" 0 T nil) ("Debut" "DÉbut" 3 T nil) ("Fin" "FIn" 3 T nil) ("Extremum" "EXtremum" 3 T nil)))
 
 (setq plv-rangees:titres
   '("Station" "Altitude" "Profondeur" "Entrée %" "Sortie %" "Longueur" "Rayon" "Long. racc." "Forme" "Début" "Fin" "Point haut/bas"))
@@ -16,6 +16,7 @@
 (defun plv-champ-mot (champ) (cadr (assoc champ plv-rangees:champs)))
 (defun plv-champ-du-mot (mot) (car (vl-member-if '(lambda (c) (= (plv-champ-mot c) mot)) (plv-champs))))
 (defun plv-champs-titres () plv-rangees:titres)
+(defun plv-champ-de-raccord-p (champ) "Whether it is a value of the vertical curve." (member champ '("Rayon" "Raccordement" "Forme" "Debut" "Fin" "Extremum")))
 
 ;; --- what a vertex has
 
@@ -59,6 +60,18 @@
   "One field of a vertex."
   (setq voisins (plv-ligne-voisins suites numero))
   (plv-cle champ (plv-rangees:rangee sol (car voisins) (cadr voisins) (caddr voisins) nil)))
+
+;; --- between vertices
+
+(defun plv-ligne-altitude (suites d / suite raccords r)
+  "Of the line with its curves; nil beside it."
+  (if (setq suite (car (vl-member-if '(lambda (s) (<= (- (caar s) 1e-6) d (+ (car (plv-dernier s)) 1e-6))) suites)))
+    (progn
+      (setq raccords (plv-raccords suite)
+            r (if (listp raccords) (car (vl-member-if '(lambda (r) (and r (< (plv-debut r) d (plv-fin r)))) raccords))))
+      (if r
+        (plv-cubique-z (plv-dernier (car (plv-couper-cubique (plv-raccord-courbe r) d))))
+        (plv-altitude-ligne suite d)))))
 
 ;; --- as texts
 

@@ -7,6 +7,8 @@
   "What is done unasked: one of the words, \"Demander\" to be asked always, nil for the question to persons alone."
   (setq plv-seconde:reglee maniere))
 
+(defun plv-seconde-manieres () plv-seconde:manieres)
+
 (defun plv-seconde:script-p () (/= 0 (logand 4 (getvar "CMDACTIVE"))))
 
 (defun plv-seconde-maniere (profil genre)

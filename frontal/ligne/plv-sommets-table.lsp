@@ -1,5 +1,6 @@
 ;; A kind's line given and taken as a table: what PLV-SOMMETS, the window's table and other programs call. Each change draws the line again,
 ;; all or nothing.
+;; Shared in the room: plv-sommets-table:essai
 
 (defun plv-ligne-editer (profil genre editer:changer / faute suites essai)
   "Draws a kind's line again as a function of its runs, and of the profile's ground, gives them, or the text of why not. Its entities, or nil
@@ -18,11 +19,6 @@ after a message."
     (if (listp essai) (setq essai (plv-ligne-corriger essai (car c) (cadr c) (caddr c) sol origine))))
   (cond ((= (type essai) 'STR) essai) ((plv-ligne-faute profil essai)) (essai)))
 
-(defun plv-sommets-faute (profil suites changements / essai)
-  "Why values (number field text) can't be given to runs, all together; nil when they can. Nothing is drawn."
-  (setq essai (if suites (plv-sommets-table:essai profil suites changements) "la ligne n'est plus là"))
-  (if (= (type essai) 'STR) essai))
-
 (defun plv-sommets-corriger (profil genre changements)
   "Gives values (number field text) to vertices. The line's entities, or nil after a message."
   (plv-ligne-editer profil genre '(lambda (suites sol) (plv-sommets-table:essai profil suites changements))))
@@ -36,7 +32,9 @@ messages call them."
       (mapcar '(lambda (suite) (plv-sommets-table:en-distances suite (plv-premiere-station profil))) suites))))
 
 (defun plv-sommets-table:en-distances (suite origine)
-  (mapcar '(lambda (s) (plv-sommet-de-ligne (- (car s) origine) (cadr s) (plv-demande-en-distances (plv-demande-de s) origine) nil)) suite))
+  "In the order of stations: a spreadsheet may have them in another one."
+  (mapcar '(lambda (s) (plv-sommet-de-ligne (- (car s) origine) (cadr s) (plv-demande-en-distances (plv-demande-de s) origine) nil))
+    (vl-sort suite '(lambda (a b) (< (car a) (car b))))))
 
 (defun plv-sommets-table:groupes (lignes / groupes groupe)
   "The lines apart where there are empty ones."

@@ -1,6 +1,6 @@
 ;; The control of the quantities: the depth sections of the module against the lines as they are drawn, section by section and
 ;; class by class. What differs is said; nothing is written then.
-;; Shared in the room: plv-metres:controle
+;; Shared in the room: plv-metres:controle plv-controle:*
 
 ;; --- slices of one class between the lines: (from to depth-in-the-middle)
 

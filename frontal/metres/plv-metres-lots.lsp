@@ -1,7 +1,7 @@
 ;; What is measured of a profile: its lines in the form for which the module's sweep is exact. The drawing keeps them as they are:
 ;; while the module measures, copies stand in the records for the lines that aren't in form (see portes), for arcs, of which the module
 ;; takes the chords, and for lines over a hole of the ground. Uprights of the ground are copied too, since the module passes over them.
-;; Shared in the room: plv-metres:*
+;; Shared in the room: plv-metres:* plv-lots:*
 
 ;; --- a lot is (profile lines grounds forms-of-lines forms-of-grounds): the curves that are measured, and for each kind the forms that stand
 ;; for them, (curve form ...), with no form for a curve that is measured as it is

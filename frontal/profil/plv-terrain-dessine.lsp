@@ -1,5 +1,5 @@
 ;; The ground lines as they are drawn beside the record that they were drawn of. A line that was dragged takes its points along: the
-;; record takes them up and all lines are drawn anew, so that neighbours follow and no gap stays.
+;; record takes them up and the lines get their ends of it, so that neighbours follow and no gap stays.
 
 (defun plv-dessine:bouts (ligne / groupes)
   (setq groupes (entget ligne))
@@ -60,14 +60,35 @@
      "un bout du terrain a été déplacé le long du profil")
     ((not (vl-every '(lambda (a b) (<= (car a) (+ (car b) 1e-6))) points (cdr points))) "un point du terrain a été déplacé au-delà de son voisin")))
 
+(defun plv-dessine:redresser (ligne bouts / groupes)
+  "Gives a ground line its ends, when it has others."
+  (if (not (and (plv-dessine:memes-p (car (plv-dessine:bouts ligne)) (car bouts)) (plv-dessine:memes-p (cadr (plv-dessine:bouts ligne)) (cadr bouts))))
+    (progn
+      (setq groupes (entget ligne))
+      (entmod (subst (cons 11 (cadr bouts)) (assoc 11 groupes) (subst (cons 10 (car bouts)) (assoc 10 groupes) groupes))))))
+
+(defun plv-dessine:ajuster (profil points section / lignes segments)
+  (setq lignes (plv-lignes-du-plan (plv-section-entite section))
+        segments (plv-segments-terrain (plv-origine profil) points (plv-echv profil) section (plv-section-fin section)))
+  (if (= (length lignes) (length segments))
+    (mapcar 'plv-dessine:redresser lignes segments)
+    (plv-retracer-section profil points section)))
+
+(defun plv-ajuster-terrain (profil / points)
+  "The ground lines as the record has them, those that are right left as they are."
+  (setq points (plv-points-aux-plans (plv-points-tn profil) (plv-plans profil)))
+  (foreach section (plv-sections-de-plan profil) (plv-dessine:ajuster profil points section))
+  (plv-ouvrir-lacunes profil)
+  (plv-noter-fait profil "TERRAIN" nil nil nil))
+
 (defun plv-reprendre-terrain (profil / avant points refus)
-  "Takes moved ends of ground lines into the record, and draws all of them of it. What makes no ground goes back, with a message."
+  "Takes moved ends of ground lines into the record, and brings all lines to it. What makes no ground goes back, with a message."
   (setq avant (plv-points-nommes profil)
         points (plv-dessine:points avant (plv-dessine:deplaces profil (plv-ecarts-terrain profil)))
         refus (plv-dessine:refus avant points))
   (if refus
     (plv-dire (strcat "Terrain naturel: " refus ", il reprend sa place."))
     (progn (plv-ecrire-terrain profil points) (plv-ecrire-noms profil points)))
-  (plv-retracer-terrain profil)
+  (plv-ajuster-terrain profil)
   (if (plv-entites-habillage profil) (plv-rehabiller profil))
   profil)

@@ -61,6 +61,17 @@
 (defun plv-raccords:tangente-apres (tangentes) (cadr tangentes))
 (defun plv-raccords:tangente-poids (tangentes) (caddr tangentes))
 
+(defun plv-raccord-portees (p1 p2 forme / tangentes avant apres)
+  "How far from the vertex the curve of radius 1 between two slopes begins, ends and is level (nil for nowhere), along the profile: all grow with
+the radius."
+  (setq tangentes (plv-raccords:tangentes p1 p2 forme 1.0)
+        avant (- (plv-raccords:tangente-avant tangentes)) apres (plv-raccords:tangente-apres tangentes))
+  (list avant apres
+    (cond
+      ((>= (* p1 p2) 0.0) nil)
+      ((= forme "P") (+ avant (* (- apres avant) (/ p1 (- p1 p2)))))
+      (T (+ avant (abs (sin (atan p1))))))))
+
 (defun plv-raccords:tan (a) (/ (sin a) (cos a)))
 
 (defun plv-raccord (avant sommet apres demande / p1 p2 rayon tangentes courbe)

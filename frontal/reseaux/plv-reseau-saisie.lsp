@@ -53,14 +53,14 @@
   (setq cles (plv-saisie-reseau:cles mot) ancienne (plv-saisie-reseau:trouver rangees cles))
   (cond
     ((not ancienne) (plv-erreur (strcat "il n'y a pas de " mot " " (plv-joindre (cdr cles) " - "))) rangees)
-    ((= mot "regard") (plv-saisie-reseau:sans-regard (vl-remove ancienne rangees) (cadr cles)))
+    ((= mot "regard") (plv-reseau-sans-regard (vl-remove ancienne rangees) (cadr cles)))
     (T (vl-remove ancienne rangees))))
 
 (defun plv-saisie-reseau:tuyau-vers-p (rangee nom place)
   (setq rangee (plv-couper rangee ";"))
   (and (= (car rangee) "tuyau") (= (strcase (nth place rangee)) (strcase nom))))
 
-(defun plv-saisie-reseau:sans-regard (rangees nom / avant apres)
+(defun plv-reseau-sans-regard (rangees nom / avant apres)
   (setq avant (car (vl-member-if '(lambda (r) (plv-saisie-reseau:tuyau-vers-p r nom 2)) rangees))
         apres (car (vl-member-if '(lambda (r) (plv-saisie-reseau:tuyau-vers-p r nom 1)) rangees))
         rangees (vl-remove apres rangees))

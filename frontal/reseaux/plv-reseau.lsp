@@ -31,6 +31,8 @@
 
 (defun plv-reseau:lire (profil genre rangees) (et_reseau profil rangees (plv-reseau-ligne profil genre)))
 
+(defun plv-reseau-essaye (profil genre rangees) "The same of rows that aren't the profile's yet." (plv-reseau:lire profil genre rangees))
+
 (defun plv-reseau-regards (reseau) (car reseau))
 (defun plv-reseau-tuyaux (reseau) (cadr reseau))
 (defun plv-reseau-croisements (reseau) (caddr reseau))

@@ -1,7 +1,18 @@
 ;; PLV-TIRER: vertices, slopes and curves of a line dragged, with what becomes of it seen all the while: the line and its curves, those that
 ;; overlap in red, depths at blocks and the least and greatest one.
 
-(setq plv-tirer:portee 12.0) ; in pixels
+(setq plv-tirer:portee 12.0 ; in pixels
+      plv-tirer:en-cours nil)
+
+;; --- what is dragged now, for who shows the line meanwhile: (profile kind runs number-of-the-vertex); nil for nothing
+
+(defun plv-tirer-en-cours () plv-tirer:en-cours)
+(defun plv-tirer-oublier () (setq plv-tirer:en-cours nil))
+
+(defun plv-tirer:suivre (profil genre essai prise)
+  "Notes a line as it would be; the line."
+  (if (listp essai) (setq plv-tirer:en-cours (list profil genre essai (plv-prise-premier prise))))
+  essai)
 
 ;; --- one drag
 
@@ -29,7 +40,7 @@
   "Draws the line; T, or nil after a message."
   (cond
     ((setq faute (if (= (type essai) 'STR) essai (plv-ligne-faute profil essai))) (plv-dire (strcat "Refusé: " faute ".")) nil)
-    ((plv-ligne-ecrire profil genre essai)
+    ((plv-ligne-ecrire-avec-regards profil genre essai)
      (plv-dire (strcat (cond ((car (plv-tirer:extremes scene essai))) ("la ligne est changée")) "."))
      T)))
 
@@ -50,7 +61,8 @@
         (strcat "Nouvelle place, " (plv-prise-en-mots prise)
                 (if (plv-geste-facons prise) (strcat " ou [" (plv-joindre (plv-geste-facons prise) "/") "] (" facon ")") "") " <laisser>")
         (plv-geste-facons prise)
-        '(lambda (point) (plv-tirer:apercu scene suites (plv-tirer:essai scene suites prise facon frappes point) prise))))
+        '(lambda (point)
+           (plv-tirer:apercu scene suites (plv-tirer:suivre profil genre (plv-tirer:essai scene suites prise facon frappes point) prise) prise))))
     (cond
       ((member reponse '("" T)) (setq fini "laissé"))
       ((listp reponse) (if (plv-tirer:poser scene profil genre (plv-tirer:essai scene suites prise facon frappes reponse)) (setq fini T)))
@@ -61,6 +73,7 @@
        (setq frappes (plv-frappe-joindre frappes lues) lues (plv-tirer:completer facon suites prise frappes))
        (if (and (plv-frappe-complete-p lues) (plv-tirer:poser scene profil genre (plv-tirer:essai scene suites prise facon lues nil)))
          (setq fini T)))))
+  (plv-tirer-oublier)
   (= fini T))
 
 ;; --- choosing a hold

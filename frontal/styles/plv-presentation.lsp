@@ -1,4 +1,5 @@
 ;; PLV-STYLE: a style for the drawing and all its profiles; and what the style adds to a profile, each time that its dressing is drawn.
+;; Shared in the room: plv-style:echelle-proposee
 
 (defun plv-presentation:autour (profil / obstacles lignes)
   "Labels and altitudes around the lines; the top of what is drawn, nil for nothing above the profile."

@@ -29,7 +29,10 @@ Form& form() {
 void closeForm() { static_cast<QDialog*>(QApplication::activeModalWidget())->reject(); }
 
 void profile(MainWindow& window, Driver& driver, const QString& folder) {
-  driver.menu("Nouveau profil...").then([] { form<NewProfileForm>().file->setText("rue-du-moulin.csv"); });
+  driver.menu("Nouveau profil...").then([] {
+    form<CommandForm>().field("Fichier du terrain naturel")->set("rue-du-moulin.csv");
+    form<CommandForm>().look();
+  });
   driver.shot(name(folder, "bureau-nouveau-profil")).press("Créer").type("0,0").play();
   QFile script("demo.scr");
   if (!script.open(QIODevice::ReadOnly)) qFatal("demo.scr is not here");

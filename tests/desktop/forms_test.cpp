@@ -76,6 +76,44 @@ TEST_F(FormWindow, AFormOpensAsItWasAccepted) {
   driver.play();
 }
 
+// A vertex of the table goes both ways with the hand, the other rows stay; a point is picked in the drawing for its field.
+TEST_F(FormWindow, AVertexIsDraggedBothWaysInThePicture) {
+  driver.menu("Ligne projet...").then([this] {
+    CommandForm* const f = form();
+    ASSERT_TRUE(f);
+    const QVariant line = QVariantList{QStringList{"0", "141", "", ""}, QStringList{"100", "136", "400", "C"},
+                                       QStringList{"400", "122", "", ""}};
+    f->field("Sommets")->set(line);
+    f->look();
+    f->resize(900, 600);
+    QApplication::processEvents();
+    FormPicture& picture = *f->picture();
+    mouse(picture, QEvent::MouseButtonPress, picture.at({100, 136}));
+    mouse(picture, QEvent::MouseMove, picture.at({115, 136.5}));
+    mouse(picture, QEvent::MouseButtonRelease, picture.at({130, 135}));
+    const QVariantList rows = f->field("Sommets")->value().toList();
+    ASSERT_EQ(rows.size(), 3);
+    EXPECT_EQ(rows[0].toStringList().join(' '), "0 141  ");
+    EXPECT_NEAR(rows[1].toStringList()[0].toDouble(), 130, 0.011);
+    EXPECT_NEAR(rows[1].toStringList()[1].toDouble(), 135, 0.011);
+    EXPECT_EQ(rows[1].toStringList()[2], "400");
+  });
+  driver.press("Tracer").play();
+  EXPECT_EQ(lisp("(length (car (plv-lire-ligne (car (plv-profils)) \"Projet\")))").toInt(), 3);
+}
+
+TEST_F(FormWindow, APlaceIsPickedInTheDrawing) {
+  driver.menu("Renommer, copier, déplacer, supprimer...").then([this] {
+    form()->field("Profil entier")->set("Déplacer");
+    form()->look();
+    EXPECT_EQ(form()->fault("Nouveau point d'insertion"), "un point du dessin est attendu");
+  });
+  driver.press("Choisir dans le dessin").pick(50, 25);
+  driver.until([this] { return form() && form()->fault("Nouveau point d'insertion").isEmpty(); });
+  driver.press("Appliquer").play();
+  EXPECT_NEAR(lisp("(car (plv-origine (car (plv-profils))))").toDouble(), 50, 0.2);
+}
+
 TEST_F(FormWindow, TheFormStepsAsideWhileAnObjectIsPicked) {
   driver.type("PLINE").type("0,-50").type("420,-50").type("").type("ZOOM").type("_E");
   driver.menu("Axe en plan...").press("Choisir dans le dessin").pick(100, -50).type("");

@@ -7,6 +7,7 @@
 #include <QPlainTextEdit>
 #include <QRegularExpression>
 
+#include "atelier/desktop/forms/form_command.h"
 #include "atelier/desktop/forms/forms.h"
 #include "tests/desktop/desktop.h"
 
@@ -129,25 +130,24 @@ TEST_F(Habits, ACommaIsDecimalWhereANumberIsAskedFor) {
 // What a form does is told by the name of its command; nothing that it has planned for afterwards answers its question.
 TEST_F(Habits, AFormsPlansDontAnswerItsQuestions) {
   window.commandLine().clear();
-  driver.menu("Nouveau profil...").then([] {
-    auto* const form = dynamic_cast<atelier::desktop::NewProfileForm*>(QApplication::activeModalWidget());
-    form->file->setText(KAVEL_SOURCE "/exemples/rue-du-moulin.csv");
-  });
+  const auto choose = [](const char* number) {
+    auto* const form = dynamic_cast<atelier::desktop::CommandForm*>(QApplication::activeModalWidget());
+    form->field("Fichier du terrain naturel")->set(KAVEL_SOURCE "/exemples/rue-du-moulin.csv");
+    form->field("Numéro du profil")->set(number);
+  };
+  driver.menu("Nouveau profil...").then([&] { choose("1"); });
   driver.press("Créer").pick(10, 5).play();
   EXPECT_EQ(lisp("(length (plv-profils))").toInt(), 1);
-  EXPECT_TRUE(history().contains("Commande: PLV-NOUVEAU ")) << history().toStdString();
-  EXPECT_LT(history().indexOf("insertion"), history().indexOf("ZOOM")) << history().toStdString();
+  EXPECT_TRUE(history().contains("Commande: PLV-NOUVEAU")) << history().toStdString();
+  EXPECT_LT(history().indexOf("insertion"), history().indexOf("Profil 1: ")) << history().toStdString();
   for (const char* wrong : {"non valide", "(progn", "nil nil"})
     EXPECT_FALSE(history().contains(wrong)) << history().toStdString();
   // A cancelled form plans nothing.
   window.commandLine().clear();
-  driver.menu("Nouveau profil...").then([] {
-    auto* const form = dynamic_cast<atelier::desktop::NewProfileForm*>(QApplication::activeModalWidget());
-    form->file->setText(KAVEL_SOURCE "/exemples/rue-du-moulin.csv");
-  });
+  driver.menu("Nouveau profil...").then([&] { choose("2"); });
   driver.press("Créer").key(Qt::Key_Escape).play();
   EXPECT_EQ(lisp("(length (plv-profils))").toInt(), 1);
-  EXPECT_FALSE(history().contains("ZOOM")) << history().toStdString();
+  EXPECT_FALSE(history().contains("Profil 2: ")) << history().toStdString();
 }
 
 TEST_F(Habits, TheHistoryTellsPointsAndCancels) {

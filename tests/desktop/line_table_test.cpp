@@ -71,7 +71,8 @@ TEST_F(LineTableShown, WhatCantBeIsRedWhileItIsTyped) {
   EXPECT_TRUE(edit->styleSheet().isEmpty());
   change(1, kRadius, "90000");
   EXPECT_EQ(text(1, kRadius), "1500.00");
-  EXPECT_FALSE(table().cells().item(1, kStart)->flags() & Qt::ItemIsEditable);
+  change(1, kStart, "70");
+  EXPECT_EQ(text(1, kStart), "70.000");
 }
 
 TEST_F(LineTableShown, LocksInsertedAndRemovedVertices) {
@@ -105,6 +106,54 @@ TEST_F(LineTableShown, TheClipboardTakesCellsAndWholeLines) {
   driver.then([this] { table().paste(); }).play();
   EXPECT_EQ(text(0, kAltitude), "141.900");
   EXPECT_EQ(text(1, kAltitude), "137.900");
+}
+
+// While a vertex is dragged on the drawing, its row is in hand and shows where it would be; given up, the line is as it was.
+TEST_F(LineTableShown, ItFollowsADrag) {
+  lisp("(setq plv-scene:pas-station 0.0 plv-scene:pas-pente 0.0 plv-scene:profondeurs nil)");
+  const auto at = [this](const char* place) {
+    const QVariantList p = lisp(QString("(plv-vers-dessin (plv-cadre p) %1)").arg(place)).toList();
+    return QPointF(p[0].toDouble(), p[1].toDouble());
+  };
+  const QPointF from = at("80.0 138.0"), to = at("110.0 136.0");
+  driver.type("PLV-TIRER").type("Voirie").pick(from.x(), from.y()).hover(to.x(), to.y());
+  driver.until([this] { return text(1, kStation) != "80.000"; }).then([this] {
+    EXPECT_EQ(table().cells().currentRow(), 1);
+    EXPECT_NEAR(text(1, kStation).toDouble(), 110, 1);
+    EXPECT_NEAR(text(1, kAltitude).toDouble(), 136, 0.2);
+    EXPECT_EQ(text(2, kStation), "330.000");
+  });
+  driver.key(Qt::Key_Escape).key(Qt::Key_Escape).play();
+  EXPECT_EQ(text(1, kStation), "80.000");
+}
+
+TEST_F(LineTableShown, ANetworkHasItsColumns) {
+  draw("Assainissement", "'((0.0 140.0) (80.0 136.0) (330.0 125.9) (400.0 121.0))");
+  driver
+      .type(
+          "(progn (plv-reseau-ecrire p \"Assainissement\" (plv-reseau-rangees-de-ligne p \"Assainissement\" \"R\" "
+          "\"visite;1000\" \"300/400;béton\" 50.0)) (princ))")
+      .play();
+  const auto show = [this](const char* kind) {
+    window.profiles().onShow(lisp(QString("(plv-handle (car (plv-elements p \"%1\")))").arg(kind)).toString());
+  };
+  show("Assainissement");
+  const int name = 12, pipe = 19;
+  ASSERT_EQ(table().cells().columnCount(), 21);
+  ASSERT_GT(table().cells().rowCount(), 4) << "manholes between vertices";
+  EXPECT_EQ(text(0, name), "R1");
+  EXPECT_EQ(text(1, name), "R2");
+  EXPECT_FALSE(table().cells().item(1, kAltitude)->flags() & Qt::ItemIsEditable) << "the line's, at a manhole";
+  EXPECT_TRUE(table().check(1, name, "R1").contains("le nom R1")) << table().said().toStdString();
+  change(1, pipe, "400/500");
+  EXPECT_EQ(text(1, pipe), "400/500");
+  change(1, kStation, "42");
+  EXPECT_EQ(text(1, kStation), "42.000");
+  select(1, name);
+  driver.then([this] { table().removeRows(); }).play();
+  EXPECT_EQ(text(1, name), "R3");
+  show("Voirie");
+  EXPECT_EQ(table().cells().columnCount(), 12);
 }
 
 TEST_F(LineTableShown, ASelectedCurveShowsItsLine) {

@@ -12,10 +12,12 @@ namespace {
 
 constexpr const char* kExamples = KAVEL_SOURCE "/exemples/";
 
+using atelier::desktop::CommandForm;
+
 struct ProfileWindow : kaveltest::Desktop {
   ProfileWindow() {
     driver.menu("Nouveau profil...").then([this] {
-      form<atelier::desktop::NewProfileForm>()->file->setText(QString(kExamples) + "rue-du-moulin.csv");
+      form<CommandForm>()->field("Fichier du terrain naturel")->set(QString(kExamples) + "rue-du-moulin.csv");
     });
     driver.press("Créer").pick(0, 0).play();
   }
@@ -40,10 +42,8 @@ struct ProfileWindow : kaveltest::Desktop {
 TEST_F(ProfileWindow, FormsMakeAProfileWithItsTables) {
   EXPECT_EQ(lisp("(length (plv-profils))").toInt(), 1);
   driver.menu("Matrices...").then([this] {
-    form<atelier::desktop::CommandForm>()
-        ->field("Fichier de définition")
-        ->set(QString(kExamples) + "matrices-route.txt");
-    form<atelier::desktop::CommandForm>()->look();
+    form<CommandForm>()->field("Fichier de définition")->set(QString(kExamples) + "matrices-route.txt");
+    form<CommandForm>()->look();
   });
   driver.press("Dessiner").play();
   EXPECT_GT(count("INSERT"), 1);
@@ -56,24 +56,24 @@ TEST_F(ProfileWindow, FormsMakeAProfileWithItsTables) {
 
 TEST_F(ProfileWindow, AFormTakesADecimalComma) {
   driver.menu("Nouveau profil...").then([this] {
-    auto* const f = form<atelier::desktop::NewProfileForm>();
-    ASSERT_TRUE(f);
-    for (const auto& [typed, value] : {std::pair("2,75", 2.75), std::pair("3.5", 3.5)}) {
-      f->textHeight->findChild<QLineEdit*>()->setText(typed);
-      f->textHeight->interpretText();
-      EXPECT_EQ(f->textHeight->value(), value) << typed;
+    CommandForm& f = *form<CommandForm>();
+    f.field("Fichier du terrain naturel")->set(QString(kExamples) + "rue-du-moulin.csv");
+    for (const auto& [typed, fault] : {std::pair("2,75", ""), {"3.5", ""}, {"2.7.5", "un nombre est attendu"}}) {
+      f.field("Hauteur de texte")->set(typed);
+      f.look();
+      EXPECT_EQ(f.fault("Hauteur de texte"), fault) << typed;
     }
-    f->reject();
+    EXPECT_EQ(f.field("Numéro du profil")->value().toString(), "2") << "the next free one";
+    f.reject();
   });
   driver.play();
 }
 
 TEST_F(ProfileWindow, AFormWithoutAFileStaysAndSaysWhatItNeeds) {
   driver.menu("Nouveau profil...").press("Créer").then([this] {
-    auto* const f = form<atelier::desktop::NewProfileForm>();
-    ASSERT_TRUE(f);
-    EXPECT_TRUE(f->isVisible());
-    f->reject();
+    ASSERT_TRUE(form<CommandForm>());
+    EXPECT_EQ(form<CommandForm>()->fault("Fichier du terrain naturel"), "un fichier est attendu");
+    form<CommandForm>()->reject();
   });
   driver.play();
   EXPECT_EQ(lisp("(length (plv-profils))").toInt(), 1);
@@ -103,15 +103,18 @@ TEST_F(ProfileWindow, APanelClickSelectsAndShowsTheStoredKeys) {
 
 TEST_F(ProfileWindow, ChoosingAProfileBringsItsMenuWhoseEntriesRun) {
   driver.menu("Matrices...").then([this] {
-    form<atelier::desktop::CommandForm>()
-        ->field("Fichier de définition")
-        ->set(QString(kExamples) + "matrices-route.txt");
-    form<atelier::desktop::CommandForm>()->look();
+    form<CommandForm>()->field("Fichier de définition")->set(QString(kExamples) + "matrices-route.txt");
+    form<CommandForm>()->look();
   });
   driver.press("Dessiner").play();
   emit window.profiles().itemDoubleClicked(window.profiles().topLevelItem(0), 0);
   driver.play();
-  driver.menu("Associer Projet").key(Qt::Key_Escape).play();
+  driver.menu("Associer Projet").then([this] {
+    ASSERT_TRUE(form<CommandForm>());
+    EXPECT_EQ(form<CommandForm>()->windowTitle(), "Courbes d'un genre");
+    form<CommandForm>()->reject();
+  });
+  driver.play();
   EXPECT_FALSE(window.drawing()->isRunning());
   // The menu is removed with the drawing.
   answer = "non";
@@ -213,6 +216,22 @@ TEST_F(ProfileWindow, WhatIsNoLongerTrueIsShownAndMadeAnew) {
   driver.type("PLV-FEUILLES").type("").type("A1").type("").type("").type(file("f.pdf")).play();
   EXPECT_TRUE(history().contains("2 choses ne sont plus à jour: refaire d'abord")) << history().toStdString();
   EXPECT_EQ(stale(), "");
+}
+
+// A grip of a ground line moves the point: the line beside it and the record follow in the same step.
+TEST_F(ProfileWindow, AGripOfTheGroundTakesItsNeighbourAlong) {
+  lisp("(setq p (car (plv-profils)) l (plv-lignes-du-plan (car (plv-entites-plans p))))");
+  const auto number = [this](const char* what) { return lisp(what).toDouble(); };
+  emit window.profiles().onShow(lisp("(plv-handle (nth 3 l))").toString());
+  const double x = number("(cadr (assoc 11 (entget (nth 3 l))))"), y = number("(caddr (assoc 11 (entget (nth 3 l))))");
+  const double before = number("(cadr (nth 4 (plv-points-tn p)))");
+  driver.pick(x, y).pick(x, y + 4).play();
+  EXPECT_NEAR(number("(cadr (nth 4 (plv-points-tn p)))"), before + 0.4, 0.05);
+  EXPECT_NEAR(number("(caddr (assoc 10 (entget (nth 4 l))))"), y + 4, 0.5);
+  EXPECT_TRUE(lisp("(null (plv-ecarts-terrain p))").toBool());
+  driver.type("U").play();
+  EXPECT_NEAR(number("(cadr (nth 4 (plv-points-tn p)))"), before, 1e-9);
+  EXPECT_TRUE(lisp("(null (plv-ecarts-terrain p))").toBool());
 }
 
 // By its menu in the panel, by a click in the drawing where a command asks, by the right button over one of its lines.

@@ -155,6 +155,29 @@ class Serie:
     def edit_ground(self):
         return [f"(terrain {self.rng.randrange(len(self.points))} {self.rng.uniform(-1, 1):.2f})", "(plv-retracer-terrain p)"]
 
+    # A piece of the ground dragged, and what the front-end does after a command: neighbours and record follow.
+    def edit_ground_piece(self):
+        along, up = self.rng.choice([0.0, 0.0, 0.7]), self.rng.uniform(-6, 6)
+        return ["(setq e (nieme %d (apply 'append (mapcar 'plv-lignes-du-plan (plv-entites-plans p)))))" % self.rng.randrange(9),
+                f"(if e (progn (command \"_.MOVE\" e \"\" '(0.0 0.0) '({along:.2f} {up:.3f})) (plv-apres-commande (list e))))"]
+
+    # A newer survey: some points at other altitudes, one more, a name.
+    def edit_newer_survey(self):
+        points = [(d, z + self.rng.choice([0.0, 0.0, 0.25, -0.4]), n) for d, z, n in self.points]
+        points.insert(1, (self.points[0][0] + 1.11, points[0][1] + 0.3, "Neuf"))
+        self.write("neuf.csv", ["distance;altitude;nom"] + [f"{100 + d};{z};{n}" for d, z, n in points])
+        return [f'(plv-remplacer-leve p "{self.name("neuf.csv")}")']
+
+    # Classes of a form, quantities with them.
+    def edit_classes(self):
+        first = self.rng.choice(["0.75", "1.00", "1.25"])
+        return [f'(plv-regler-classes \'(("{first}" "0.60" "0.00" "1") ("2.00" "0.80" "0.00" "2") ("5.00" "1.00" "0.00" "3")))']
+
+    # Where a curve begins or ends, in the line's table.
+    def edit_tangent_point(self):
+        field = self.rng.choice(["Debut", "Fin", "Extremum"])
+        return [f'(plv-sommets-corriger p "{self.kind()}" \'((2 "{field}" "{100 + self.rng.uniform(0, self.length):.2f}")))']
+
     def edit_survey(self):
         d, z, _ = self.rng.choice(self.points)
         between = 100 + d + 1.37

@@ -58,6 +58,14 @@ void Journal::before(AcDbStub& stub) {
   done_.back().images.push_back(std::move(image));
 }
 
+std::vector<AcDbStub*> Journal::changed() const {
+  std::vector<AcDbStub*> stubs;
+  if (!done_.empty())
+    for (const Image& image : done_.back().images)
+      if (image.stub->is(AcDbStub::kNoted)) stubs.push_back(image.stub);
+  return stubs;
+}
+
 void Journal::swap(Step& step) {
   std::reverse(step.images.begin(), step.images.end());
   for (Image& image : step.images) {

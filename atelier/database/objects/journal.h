@@ -22,6 +22,8 @@ class Journal {
   void setBookmark();
   bool undoToBookmark();
   void before(AcDbStub& stub);
+  // What the running step has changed, made or erased so far.
+  std::vector<AcDbStub*> changed() const;
   void clear();
 
  private:

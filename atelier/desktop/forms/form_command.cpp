@@ -1,4 +1,5 @@
-// The answers stay with the settings: a form opens as it was last accepted, but for the profile and what belongs to one drawing.
+// The answers stay with the settings: a form opens as it was last accepted, but for the profile and what belongs to one drawing, which
+// a sixth part of a field says.
 #include "atelier/desktop/forms/form_command.h"
 
 #include <QHBoxLayout>
@@ -18,7 +19,7 @@ constexpr QSize kRoomy(1060, 560);  // of a form with a picture
 QString settingOf(const QString& command, const QString& key) { return "fiches/" + command + '/' + key; }
 
 bool isKept(const QString& kind) {
-  return !QStringList{"profil", "ecrire", "rangees", "objets", "mots"}.contains(kind);
+  return !QStringList{"profil", "ecrire", "rangees", "objets", "point", "mots"}.contains(kind);
 }
 
 }  // namespace
@@ -65,7 +66,8 @@ CommandForm::CommandForm(Drawing& drawing, const QString& command, QWidget* pare
 void CommandForm::addRow(const QVariantList& parts, QFormLayout& rows) {
   const QString key = parts.value(0).toString(), label = parts.value(1).toString(), kind = parts.value(2).toString();
   QVariant value = parts.value(3);
-  if (const QVariant kept = QSettings().value(settingOf(command_, key)); isKept(kind) && kept.isValid()) value = kept;
+  const bool kept = isKept(kind) && !parts.value(5).toBool();
+  if (const QVariant former = QSettings().value(settingOf(command_, key)); kept && former.isValid()) value = former;
   auto field = makeField(
       label, kind, value, parts.value(4), [this, key] { changed(key); }, [this, key] { pick(key); }, this);
   auto* box = new QWidget(this);
@@ -80,7 +82,7 @@ void CommandForm::addRow(const QVariantList& parts, QFormLayout& rows) {
   column->addWidget(fault);
   if (kind == "oui") rows.addRow(box);
   else rows.addRow(label, box);
-  rows_.push_back({key, label, kind, std::move(field), box, fault});
+  rows_.push_back({key, label, kept, std::move(field), box, fault});
 }
 
 FormField* CommandForm::field(const QString& label) {
@@ -163,7 +165,7 @@ void CommandForm::takePicked(const QString& key) {
 void CommandForm::showPictures(const QVariantList& pictures) {
   while (pictures_.size() < pictures.size()) {
     auto* picture = new FormPicture(this);
-    picture->onDragged = [this](const QString& key, double change, bool released) { dragged(key, change, released); };
+    picture->onDragged = [this](const auto& changes, bool released) { dragged(changes, released); };
     side_->insertWidget(static_cast<int>(pictures_.size()), picture, 1);
     pictures_ << picture;
   }
@@ -174,20 +176,42 @@ void CommandForm::showPictures(const QVariantList& pictures) {
   }
 }
 
-// The number of the field goes with the hand; the answers are looked at each time.
-void CommandForm::dragged(const QString& key, double change, bool released) {
-  Row* const at = row(key);
+QString CommandForm::text(const QString& path) {
+  const QStringList parts = path.split('/');
+  const Row* const at = row(parts.front());
+  if (!at) return {};
+  const QVariant value = at->field->value();
+  return parts.size() < 3 ? value.toString()
+                          : value.toList().value(parts[1].toInt()).toStringList().value(parts[2].toInt());
+}
+
+void CommandForm::write(const QString& path, const QString& text) {
+  const QStringList parts = path.split('/');
+  Row* const at = row(parts.front());
   if (!at) return;
-  const auto [from, first] = dragFrom_.try_emplace(key, at->field->value().toString().replace(',', '.').toDouble());
-  at->field->set(QString::number(from->second + change, 'f', kDecimals));
-  if (released) dragFrom_.erase(from);
+  if (parts.size() < 3) return at->field->set(text);
+  QVariantList rows = at->field->value().toList();
+  if (parts[1].toInt() >= rows.size()) return;
+  QStringList cells = rows[parts[1].toInt()].toStringList();
+  cells[parts[2].toInt()] = text;
+  rows[parts[1].toInt()] = cells;
+  at->field->set(rows);
+}
+
+// The numbers go with the hand; the answers are looked at each time.
+void CommandForm::dragged(const FormPicture::Changes& changes, bool released) {
+  for (const auto& [path, change] : changes) {
+    const auto from = dragFrom_.try_emplace(path, text(path).replace(',', '.').toDouble()).first;
+    write(path, QString::number(from->second + change, 'f', kDecimals));
+  }
+  if (released) dragFrom_.clear();
   look();
 }
 
 void CommandForm::remember() const {
   QSettings settings;
   for (const Row& r : rows_)
-    if (isKept(r.kind)) settings.setValue(settingOf(command_, r.key), r.field->value());
+    if (r.kept) settings.setValue(settingOf(command_, r.key), r.field->value());
 }
 
 void CommandForm::accept() {

@@ -30,7 +30,8 @@ class CommandForm : public QDialog {
 
  private:
   struct Row {
-    QString key, label, kind;
+    QString key, label;
+    bool kept;  // with the settings
     std::unique_ptr<FormField> field;
     QWidget* caption;
     QLabel* fault;
@@ -42,8 +43,11 @@ class CommandForm : public QDialog {
   void changed(const QString& key);
   void pick(const QString& key);
   void takePicked(const QString& key);
-  void dragged(const QString& key, double change, bool released);
+  void dragged(const FormPicture::Changes& changes, bool released);
   Row* row(const QString& key);
+  // A number of a field, or of a cell as key/row/column.
+  QString text(const QString& path);
+  void write(const QString& path, const QString& text);
   void remember() const;
 
   Drawing& drawing_;

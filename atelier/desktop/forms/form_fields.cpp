@@ -18,6 +18,13 @@ namespace {
 
 using Changed = std::function<void()>;
 
+QPushButton* pickButton(QWidget* row, std::function<void()> pick) {
+  auto* button = new QPushButton(QStringLiteral("Choisir dans le dessin"), row);
+  button->setAutoDefault(false);
+  QObject::connect(button, &QPushButton::clicked, row, [pick = std::move(pick)] { pick(); });
+  return button;
+}
+
 class TextField : public FormField {
  public:
   TextField(Changed changed, QWidget* parent) : edit_(new QLineEdit(parent)) {
@@ -134,6 +141,28 @@ class TruthField : public FormField {
   QCheckBox* box_;
 };
 
+// A point of the drawing, typed as x,y or picked.
+class PointField : public FormField {
+ public:
+  PointField(Changed changed, std::function<void()> pick, QWidget* parent)
+      : row_(new QWidget(parent)), edit_(new QLineEdit(row_)) {
+    auto* layout = new QHBoxLayout(row_);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(edit_, 1);
+    layout->addWidget(pickButton(row_, std::move(pick)));
+    row_->setFocusProxy(edit_);
+    QObject::connect(edit_, &QLineEdit::textChanged, edit_, [changed = std::move(changed)] { changed(); });
+  }
+  QWidget* widget() override { return row_; }
+  QString answer() const override { return quoted(edit_->text()); }
+  void set(const QVariant& value) override { edit_->setText(value.toString()); }
+  QVariant value() const override { return edit_->text(); }
+
+ private:
+  QWidget* row_;
+  QLineEdit* edit_;
+};
+
 // Entities of the drawing, by their handles.
 class ObjectsField : public FormField {
  public:
@@ -141,11 +170,8 @@ class ObjectsField : public FormField {
       : row_(new QWidget(parent)), count_(new QLabel(row_)), changed_(std::move(changed)) {
     auto* layout = new QHBoxLayout(row_);
     layout->setContentsMargins(0, 0, 0, 0);
-    auto* button = new QPushButton(QStringLiteral("Choisir dans le dessin"), row_);
-    button->setAutoDefault(false);
     layout->addWidget(count_, 1);
-    layout->addWidget(button);
-    QObject::connect(button, &QPushButton::clicked, row_, [pick = std::move(pick)] { pick(); });
+    layout->addWidget(pickButton(row_, std::move(pick)));
   }
   QWidget* widget() override { return row_; }
   QString answer() const override {
@@ -178,6 +204,7 @@ std::unique_ptr<FormField> makeField(const QString& label, const QString& kind, 
   if (kind == "profil" || kind == "mot") field = std::make_unique<WordField>(choices, std::move(changed), parent);
   else if (kind == "mots") field = std::make_unique<WordsField>(choices, std::move(changed), parent);
   else if (kind == "oui") field = std::make_unique<TruthField>(label, std::move(changed), parent);
+  else if (kind == "point") field = std::make_unique<PointField>(std::move(changed), std::move(pick), parent);
   else if (kind == "objets") field = std::make_unique<ObjectsField>(std::move(changed), std::move(pick), parent);
   else if (kind == "rangees") field = makeRowsField(choices, std::move(changed), parent);
   else if (kind == "lire" || kind == "ecrire")

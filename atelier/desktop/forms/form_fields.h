@@ -20,8 +20,8 @@ class FormField {
   virtual void choose(const QVariant& choices) { Q_UNUSED(choices); }  // other choices than it was made with
 };
 
-// A field that calls changed whenever the user changes it, pick when entities shall be picked in the drawing for it. An unknown
-// kind is a text.
+// A field that calls changed whenever the user changes it, pick when a point or entities shall be picked in the drawing for it. An
+// unknown kind is a text.
 std::unique_ptr<FormField> makeField(const QString& label, const QString& kind, const QVariant& value,
                                      const QVariant& choices, std::function<void()> changed, std::function<void()> pick,
                                      QWidget* parent);

@@ -11,8 +11,19 @@ namespace {
 
 constexpr double kEdge = 12, kScaleRoom = 46, kReach = 6;  // pixels
 constexpr int kTicks = 6;
+constexpr double kHold = 3;  // pixels, half of a handle that is one point
+
+// "#RRGGBB pixels dash gap ...", dashes and gaps in pixels too.
+QPen samplePen(const QStringList& words) {
+  QPen pen(QColor(words.value(0)), std::max(1.0, words.value(1).toDouble()));
+  QList<qreal> dashes;
+  for (const QString& word : words.mid(2)) dashes << std::max(0.1, std::abs(word.toDouble()) / pen.widthF());
+  if (!dashes.isEmpty()) pen.setDashPattern(dashes);
+  return pen;
+}
 
 QPen penOf(const QString& role, const QPalette& palette) {
+  if (role.startsWith('#')) return samplePen(role.split(' '));
   if (role == "terrain") return {QColor(140, 90, 40), 1.8};
   if (role == "plan") return {QColor(60, 120, 200), 1.2};
   if (role == "ligne") return {QColor(120, 120, 130), 1.2};
@@ -55,17 +66,18 @@ FormPicture::FormPicture(QWidget* parent) : QWidget(parent) {
 }
 
 FormPicture::Item FormPicture::itemOf(const QVariantList& parts) {
-  Item item{parts.value(0).toString(), parts.value(1).toString(), {}, {}, {}, 1};
+  Item item{parts.value(0).toString(), parts.value(1).toString(), {}, {}, {}, {}, 1};
   if (item.kind == "trait") {
     item.points = pointsOf(parts.value(2));
   } else if (item.kind == "texte") {
     item.points = pointsOf(QVariantList{parts.value(2)});
     item.words = parts.value(3).toString();
   } else {
-    item.key = parts.value(1).toString();
+    item.up = parts.value(1).toString();
     item.role = parts.value(2).toString();
     item.points = pointsOf(parts.value(3));
     item.sense = parts.value(4).toDouble();
+    item.along = parts.value(5).toString();
   }
   return item;
 }
@@ -113,8 +125,9 @@ const FormPicture::Item* FormPicture::handleAt(QPointF pixel) const {
   double reach = kReach;
   for (const Item& item : items_) {
     if (item.kind != "poignee") continue;
-    for (qsizetype i = 1; i < item.points.size(); ++i)
-      if (const double away = distanceTo(pixel, at(item.points[i - 1]), at(item.points[i])); away <= reach) {
+    for (qsizetype i = 0; i < item.points.size(); ++i)
+      if (const double away = distanceTo(pixel, at(item.points[std::max<qsizetype>(i - 1, 0)]), at(item.points[i]));
+          away <= reach) {
         reach = away;
         best = &item;
       }
@@ -122,21 +135,29 @@ const FormPicture::Item* FormPicture::handleAt(QPointF pixel) const {
   return best;
 }
 
+void FormPicture::tell(const Drag& drag, QPointF pixel, bool released) const {
+  const QPointF change = pointAt(pixel) - drag.from;
+  Changes changes{{drag.up, drag.sense * change.y()}};
+  if (!drag.along.isEmpty()) changes << std::pair(drag.along, change.x());
+  if (onDragged) onDragged(changes, released);
+}
+
 void FormPicture::mousePressEvent(QMouseEvent* event) {
   if (const Item* const handle = handleAt(event->position()); handle && event->button() == Qt::LeftButton)
-    drag_ = Drag{handle->key, handle->sense, pointAt(event->position()).y()};
+    drag_ = Drag{handle->up, handle->along, handle->sense, pointAt(event->position())};
 }
 
 void FormPicture::mouseMoveEvent(QMouseEvent* event) {
-  if (!drag_) return setCursor(handleAt(event->position()) ? Qt::SizeVerCursor : Qt::ArrowCursor);
-  if (onDragged) onDragged(drag_->key, drag_->sense * (pointAt(event->position()).y() - drag_->from), false);
+  if (drag_) return tell(Drag(*drag_), event->position(), false);
+  const Item* const handle = handleAt(event->position());
+  setCursor(!handle ? Qt::ArrowCursor : handle->along.isEmpty() ? Qt::SizeVerCursor : Qt::SizeAllCursor);
 }
 
 void FormPicture::mouseReleaseEvent(QMouseEvent* event) {
   if (!drag_) return;
   const Drag drag = *drag_;
   drag_.reset();
-  if (onDragged) onDragged(drag.key, drag.sense * (pointAt(event->position()).y() - drag.from), true);
+  tell(drag, event->position(), true);
 }
 
 void FormPicture::paintScales(QPainter& painter) const {
@@ -163,6 +184,8 @@ void FormPicture::paint(QPainter& painter, const Item& item) const {
   for (const QPointF& p : item.points) line << at(p);
   if (item.kind == "texte") {
     if (!line.isEmpty()) painter.drawText(line.front() + QPointF(3, mode_ == "tableau" ? 0 : -3), item.words);
+  } else if (line.size() == 1) {
+    painter.drawRect(QRectF(line.front() - QPointF(kHold, kHold), QSizeF(2 * kHold, 2 * kHold)));
   } else {
     painter.drawPolyline(line);
   }

@@ -15,8 +15,10 @@ class FormPicture : public QWidget {
   // One picture as (title mode items station) of the front-end; in mode "plan" both directions have one scale, in mode
   // "tableau" units are pixels from the upper left corner down.
   void show(const QVariant& picture);
-  // A line that is dragged: the key of its field and what its number changes by, since the press of the button.
-  std::function<void(const QString& key, double change, bool released)> onDragged;
+  // A line that is dragged: the numbers that go with it, of fields or of cells by their keys, and what each changes by since the
+  // press of the button.
+  using Changes = QList<std::pair<QString, double>>;
+  std::function<void(const Changes& changes, bool released)> onDragged;
   // Where a point of the picture is, in pixels of the widget.
   QPointF at(QPointF point) const;
 
@@ -30,19 +32,21 @@ class FormPicture : public QWidget {
 
  private:
   struct Item {
-    QString kind, role, words, key;
+    QString kind, role, words, up, along;  // up, along: the keys of the numbers that go with the hand; empty for none
     QVector<QPointF> points;
     double sense = 1;
   };
   struct Drag {
-    QString key;
-    double sense, from;  // from: the ordinate of the press
+    QString up, along;
+    double sense;
+    QPointF from;
   };
   static Item itemOf(const QVariantList& parts);
   void fit();
   void paint(QPainter& painter, const Item& item) const;
   void paintScales(QPainter& painter) const;
   const Item* handleAt(QPointF pixel) const;
+  void tell(const Drag& drag, QPointF pixel, bool released) const;
   QPointF pointAt(QPointF pixel) const;
 
   QString title_;

@@ -10,8 +10,10 @@
 #include <QStyledItemDelegate>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <optional>
 
 #include "atelier/desktop/document/lisp_bridge.h"
+#include "atelier/desktop/forms/file_choice.h"
 
 namespace atelier::desktop {
 namespace {
@@ -51,10 +53,11 @@ class RowsField : public FormField {
     for (int i = 0; i < list.size(); ++i) {
       const QVariantList column = list[i].toList();
       titles << column.value(0).toString();
+      if (column.value(1).toString() == "lire") files_ = FileColumn{i, column.value(2).toString()};
       if (column.value(1).toString() != "mot") continue;
-      table_->setItemDelegateForColumn(i, new ChoiceDelegate(column.value(2).toStringList(), table_));
+      giveWords(i, column.value(2).toStringList());
       if (first_.size() <= i) first_.resize(i + 1);
-      first_[i] = column.value(2).toStringList().value(0);
+      first_[i] = words_[i].value(0);
     }
     table_->setHorizontalHeaderLabels(titles);
     table_->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
@@ -86,8 +89,25 @@ class RowsField : public FormField {
     for (const QStringList& row : texts()) rows << QVariant(row);
     return rows;
   }
+  void choose(const QVariant& choices) override {
+    for (const QVariant& each : choices.toList()) giveWords(each.toList().value(0).toInt(), each.toList().mid(1));
+  }
 
  private:
+  struct FileColumn {
+    int column;
+    QString filter;
+  };
+
+  void giveWords(int column, const QVariant& list) {
+    const QStringList words = list.toStringList();
+    if (words_.contains(column) && words_[column] == words) return;
+    words_[column] = words;
+    QAbstractItemDelegate* const former = table_->itemDelegateForColumn(column);
+    table_->setItemDelegateForColumn(column, new ChoiceDelegate(words, table_));
+    delete former;
+  }
+
   void layOut() {
     auto* column = new QVBoxLayout(box_);
     column->setContentsMargins(0, 0, 0, 0);
@@ -103,6 +123,7 @@ class RowsField : public FormField {
     add("Retirer", [this] { takeAway(); });
     add("Monter", [this] { move(-1); });
     add("Descendre", [this] { move(1); });
+    if (files_) add("Fichier...", [this] { takeFile(); });
     buttons->addStretch(1);
     column->addLayout(buttons);
     const auto keys = [&](QKeySequence::StandardKey key, auto action) {
@@ -184,6 +205,15 @@ class RowsField : public FormField {
     table_->selectRow(to);
   }
 
+  // Of the row in hand, or of a new one.
+  void takeFile() {
+    const QString path =
+        askFile(box_, FileUse::toRead, table_->horizontalHeaderItem(files_->column)->text(), files_->filter, {});
+    if (path.isEmpty()) return;
+    if (table_->currentRow() < 0) insert();
+    table_->item(table_->currentRow(), files_->column)->setText(path);
+  }
+
   void copy() const {
     QStringList lines;
     for (const QStringList& row : texts()) lines << row.join('\t');
@@ -210,6 +240,8 @@ class RowsField : public FormField {
   QTableWidget* table_;
   std::function<void()> changed_;
   QStringList first_;
+  QMap<int, QStringList> words_;
+  std::optional<FileColumn> files_;
   bool quiet_ = false;
 };
 

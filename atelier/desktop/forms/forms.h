@@ -1,8 +1,7 @@
-// Forms in place of prompts; each calls the same function of the front-end as the prompts.
+// The forms that aren't a command's of the front-end.
 #pragma once
 #include <QComboBox>
 #include <QDialog>
-#include <QDoubleSpinBox>
 #include <QLabel>
 #include <QLineEdit>
 
@@ -12,20 +11,6 @@
 #include "atelier/render/sheets/painted_page.h"
 
 namespace atelier::desktop {
-
-// A new profile from a ground file, with a preview of the ground and of its reference planes.
-class NewProfileForm : public QDialog {
- public:
-  NewProfileForm(Drawing& drawing, QWidget* parent);
-  void accept() override;
-  QLineEdit *file, *number;
-  QDoubleSpinBox *scale, *textHeight;
-
- private:
-  void preview();
-  Drawing& drawing_;
-  QLabel* picture_;
-};
 
 // A plot to PDF, SVG or PNG, with a preview of the sheet.
 class PlotForm : public QDialog {

@@ -1,5 +1,5 @@
-// (plv-bureau-ligne handle kind) gives (number run lock (x y) texts) for each vertex. A change is an order of the window: one step of
-// undo, refused as a whole.
+// (plv-bureau-ligne handle kind) gives (number-or-name run lock (x y) texts columns-that-stay) for each vertex and manhole. A change is an
+// order of the window: one step of undo, refused as a whole.
 #include "atelier/desktop/panels/line_table.h"
 
 #include <QClipboard>
@@ -14,8 +14,8 @@
 namespace atelier::desktop {
 namespace {
 
-constexpr int kNumber = Qt::UserRole;
-constexpr int kSeenRows = 6;  // at least, the titles among them
+constexpr int kRow = Qt::UserRole;  // the number of a vertex, or the name of a manhole
+constexpr int kSeenRows = 6;        // at least, the titles among them
 const QColor kLocked(255, 236, 170);
 
 QStringList fieldsOf(const QString& line) { return line.contains('\t') ? line.split('\t') : line.split(';'); }
@@ -78,23 +78,44 @@ void LineTable::readLines() {
   choice_->setCurrentIndex(std::max<int>(static_cast<int>(lines_.indexOf(before)), lines_.isEmpty() ? -1 : 0));
 }
 
-void LineTable::readRows() {
-  if (columns_.isEmpty() && drawing_) {
-    QStringList titles;
-    for (const QVariant& each : ask(drawing_->document(), "(plv-bureau-champs)").toList()) {
-      const QVariantList parts = each.toList();
-      columns_.push_back({parts.value(0).toString(), parts.value(1).toString(), parts.value(2).toInt() != 0,
-                          parts.value(3).toInt() != 0});
-      titles << columns_.back().title;
-    }
-    cells_->setColumnCount(static_cast<int>(titles.size()));
-    cells_->setHorizontalHeaderLabels(titles);
+void LineTable::readColumns() {
+  const Line* const shown = line();
+  if (!shown) return;
+  QVector<Column> now;
+  QStringList titles;
+  for (const QVariant& each :
+       ask(drawing_->document(), QString("(plv-bureau-champs %1 %2)").arg(quoted(shown->handle), quoted(shown->kind)))
+           .toList()) {
+    const QVariantList parts = each.toList();
+    now.push_back({parts.value(0).toString(), parts.value(1).toString(), parts.value(2).toInt() != 0,
+                   parts.value(3).toInt() != 0});
+    titles << now.back().title;
   }
+  if (now == columns_) return;
+  columns_ = now;
+  const QSignalBlocker quiet(cells_);
+  cells_->setColumnCount(static_cast<int>(titles.size()));
+  cells_->setHorizontalHeaderLabels(titles);
+}
+
+void LineTable::readRows() {
+  readColumns();
   const Line* const shown = line();
   fill(shown ? ask(drawing_->document(),
                    QString("(plv-bureau-ligne %1 %2)").arg(quoted(shown->handle), quoted(shown->kind)))
                    .toList()
              : QVariantList());
+}
+
+void LineTable::follow() {
+  if (!drawing_ || !isVisible()) return;
+  const QVariantList dragged = ask(drawing_->document(), "(plv-bureau-ligne-suivie)").toList();
+  if (dragged.size() != 3) return;
+  choose(dragged[0].toString(), dragged[1].toString());
+  readRows();
+  for (int row = 0; row < cells_->rowCount(); ++row)
+    if (rowKey(row) == dragged[2].toString() && row != cells_->currentRow())
+      cells_->setCurrentCell(row, std::max(0, cells_->currentColumn()));
 }
 
 // The cell in hand stays in hand.
@@ -107,13 +128,14 @@ void LineTable::fill(const QVariantList& rows) {
   for (int i = 0; i < rows.size(); ++i) {
     const QVariantList parts = rows[i].toList(), place = parts.value(3).toList(), texts = parts.value(4).toList();
     places_.push_back({place.value(0).toDouble(), place.value(1).toDouble(), 0});
+    const QVariantList fixed = parts.value(5).toList();
     auto* const head = new QTableWidgetItem(parts.value(0).toString());
-    head->setData(kNumber, parts.value(0));
+    head->setData(kRow, parts.value(0));
     cells_->setVerticalHeaderItem(i, head);
     for (int j = 0; j < columns_.size(); ++j) {
       auto* const item = new QTableWidgetItem(texts.value(j).toString());
       item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-      if (!columns_[j].changes) item->setFlags(item->flags() & ~Qt::ItemIsEditable);
+      if (!columns_[j].changes || fixed.contains(j)) item->setFlags(item->flags() & ~Qt::ItemIsEditable);
       if (parts.value(2).toInt() == j) {
         item->setBackground(kLocked);
         item->setForeground(Qt::black);
@@ -133,15 +155,30 @@ const LineTable::Line* LineTable::line() const {
   return at >= 0 && at < lines_.size() ? &lines_[at] : nullptr;
 }
 
-int LineTable::number(int row) const { return cells_->verticalHeaderItem(row)->data(kNumber).toInt(); }
+bool LineTable::isVertex(int row) const {
+  return cells_->verticalHeaderItem(row)->data(kRow).typeId() != QMetaType::QString;
+}
+
+QString LineTable::rowKey(int row) const {
+  const QString text = cells_->verticalHeaderItem(row)->data(kRow).toString();
+  return isVertex(row) ? text : quoted(text);
+}
+
+QString LineTable::rowName(int row) const {
+  return (isVertex(row) ? QStringLiteral("Sommet %1") : QStringLiteral("Regard %1"))
+      .arg(cells_->verticalHeaderItem(row)->text());
+}
 
 void LineTable::showLineOf(const QString& handle) {
   if (!drawing_ || !isVisible()) return;
   const QVariantList found =
       ask(drawing_->document(), QString("(plv-bureau-ligne-de %1)").arg(quoted(handle))).toList();
-  for (int i = 0; i < lines_.size() && found.size() == 2; ++i)
-    if (lines_[i].handle == found[0].toString() && lines_[i].kind == found[1].toString() &&
-        i != choice_->currentIndex()) {
+  if (found.size() == 2) choose(found[0].toString(), found[1].toString());
+}
+
+void LineTable::choose(const QString& handle, const QString& kind) {
+  for (int i = 0; i < lines_.size(); ++i)
+    if (lines_[i].handle == handle && lines_[i].kind == kind && i != choice_->currentIndex()) {
       choice_->setCurrentIndex(i);
       readRows();
     }
@@ -153,7 +190,7 @@ void LineTable::showVertex() {
 }
 
 QString LineTable::asked(int row, int column, const QString& text) const {
-  return QString("(%1 %2 %3)").arg(number(row)).arg(quoted(columns_[column].field), quoted(text));
+  return QString("(%1 %2 %3)").arg(rowKey(row), quoted(columns_[column].field), quoted(text));
 }
 
 QString LineTable::check(int row, int column, const QString& text) {
@@ -163,7 +200,7 @@ QString LineTable::check(int row, int column, const QString& text) {
       ask(drawing_->document(), QString("(plv-bureau-ligne-faute %1 %2 '(%3))")
                                     .arg(quoted(shown->handle), quoted(shown->kind), asked(row, column, text)))
           .toString();
-  fault_->setText(fault.isEmpty() ? QString() : QStringLiteral("Sommet %1 : %2").arg(number(row)).arg(fault));
+  fault_->setText(fault.isEmpty() ? QString() : rowName(row) + " : " + fault);
   return fault;
 }
 
@@ -181,17 +218,16 @@ void LineTable::change(int row, int column, const QString& text) {
 void LineTable::toggleLock(int row, int column) {
   const bool locked = cells_->item(row, column)->background() == QBrush(kLocked);
   order("plv-bureau-ligne-verrouiller",
-        QString("%1 %2").arg(number(row)).arg(locked ? QString("nil") : quoted(columns_[column].field)));
+        QString("%1 %2").arg(rowKey(row), locked ? QString("nil") : quoted(columns_[column].field)));
 }
 
-void LineTable::insertAfter(int row) { order("plv-bureau-ligne-inserer", QString::number(number(row))); }
+void LineTable::insertAfter(int row) { order("plv-bureau-ligne-inserer", rowKey(row)); }
 
 void LineTable::removeRows() {
-  QStringList numbers;
-  for (const QModelIndex& index : cells_->selectionModel()->selectedRows())
-    numbers << QString::number(number(index.row()));
-  if (numbers.isEmpty() && cells_->currentRow() >= 0) numbers << QString::number(number(cells_->currentRow()));
-  order("plv-bureau-ligne-supprimer", QString("'(%1)").arg(numbers.join(' ')));
+  QStringList rows;
+  for (const QModelIndex& index : cells_->selectionModel()->selectedRows()) rows << rowKey(index.row());
+  if (rows.isEmpty() && cells_->currentRow() >= 0) rows << rowKey(cells_->currentRow());
+  order("plv-bureau-ligne-supprimer", QString("'(%1)").arg(rows.join(' ')));
 }
 
 // Several cells as they are; one cell or all of them as the whole line, with titles, as paste takes it back.
@@ -229,7 +265,7 @@ void LineTable::paste() {
     const QStringList texts = fieldsOf(rows[i]);
     for (int j = 0; j < texts.size() && cells_->currentColumn() + j < columns_.size(); ++j) {
       const int row = cells_->currentRow() + i, column = cells_->currentColumn() + j;
-      if (columns_[column].changes && texts[j] != cells_->item(row, column)->text())
+      if ((cells_->item(row, column)->flags() & Qt::ItemIsEditable) && texts[j] != cells_->item(row, column)->text())
         changes << asked(row, column, texts[j]);
     }
   }
@@ -245,11 +281,13 @@ void LineTable::showMenu(const QPoint& at) {
   };
   if (item) {
     const int row = item->row(), column = item->column();
-    if (columns_[column].locks)
+    if (columns_[column].locks && isVertex(row))
       entry(item->toolTip().isEmpty() ? QStringLiteral("Verrouiller cette valeur") : QStringLiteral("Déverrouiller"),
             [this, row, column] { toggleLock(row, column); });
-    entry(QStringLiteral("Insérer un sommet après"), [this, row] { insertAfter(row); });
-    entry(QStringLiteral("Supprimer le sommet"), [this] { removeRows(); });
+    entry(isVertex(row) ? QStringLiteral("Insérer un sommet après") : QStringLiteral("Insérer un sommet à ce regard"),
+          [this, row] { insertAfter(row); });
+    entry(isVertex(row) ? QStringLiteral("Supprimer le sommet") : QStringLiteral("Supprimer le regard"),
+          [this] { removeRows(); });
     menu->addSeparator();
   }
   entry(QStringLiteral("Copier"), [this] { copy(); });

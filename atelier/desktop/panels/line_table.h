@@ -1,4 +1,4 @@
-// The vertices of a project line beside the drawing, as the front-end lists them: edited by cells, checked as one types, exchanged with
+// The vertices of a project line beside the drawing, and the manholes of its network, as the front-end lists them: edited by cells, checked as one types, exchanged with
 // spreadsheets through the clipboard.
 #pragma once
 #include <QComboBox>
@@ -16,6 +16,8 @@ class LineTable : public QWidget {
   explicit LineTable(QWidget* parent);
   // Reads the drawing again, if the table is seen.
   void refresh(Drawing* drawing);
+  // While a line is dragged: shows it as it would be, with the row of the vertex in hand.
+  void follow();
   // Shows the line that a curve of the drawing is part of.
   void showLineOf(const QString& handle);
   // Why the cell can't have this text; empty when it can. Said under the table, too.
@@ -41,20 +43,26 @@ class LineTable : public QWidget {
   struct Column {
     QString title, field;
     bool changes, locks;
+    bool operator==(const Column&) const = default;
   };
   struct Line {
     QString title, handle, kind;
     bool operator==(const Line&) const = default;
   };
   void readLines();
+  void readColumns();
   void readRows();
+  void choose(const QString& handle, const QString& kind);
   void fill(const QVariantList& rows);
   void showVertex();
   void showMenu(const QPoint& at);
   void order(const QString& function, const QString& arguments);
   QString asked(int row, int column, const QString& text) const;
   const Line* line() const;
-  int number(int row) const;
+  // Of a vertex its number, of a manhole its name, as orders take them; and as users read them.
+  QString rowKey(int row) const;
+  QString rowName(int row) const;
+  bool isVertex(int row) const;
 
   Drawing* drawing_ = nullptr;
   QComboBox* choice_;

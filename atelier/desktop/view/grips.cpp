@@ -54,8 +54,12 @@ bool moveGrip(Document& document, const Grip& grip, const AcGePoint3d& to) {
   AcDbStub* stub = grip.entity;
   if (!stub || LayerStates(document.imp()).isLocked(*stub)) return false;
   document.imp().journal.mark();
-  AcDbEntityPointer entity(grip.entity, AcDb::kForWrite);
-  return entity.openStatus() == Acad::eOk && reshape(*entity, grip.index, grip.at, to);
+  {
+    AcDbEntityPointer entity(grip.entity, AcDb::kForWrite);
+    if (entity.openStatus() != Acad::eOk || !reshape(*entity, grip.index, grip.at, to)) return false;
+  }
+  document.commandEnded();
+  return true;
 }
 
 }  // namespace atelier::desktop

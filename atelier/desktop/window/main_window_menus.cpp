@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <QToolBar>
 
+#include "atelier/desktop/forms/form_command.h"
 #include "atelier/desktop/forms/forms.h"
 #include "atelier/desktop/window/actions.h"
 #include "atelier/desktop/window/icons.h"
@@ -56,8 +57,12 @@ void MainWindow::buildMenus() {
   buildHelp(*help);
   hostMenus_ = std::make_unique<HostMenuBar>(
       *menuBar(), help->menuAction(), [this](const std::string& label, const std::vector<std::string>& lines) {
-        if (Drawing* d = drawing(); d && !lines.empty())
-          d->feed({{lines.front(), {lines.begin() + 1, lines.end()}, lines.front().starts_with('(') ? label : ""}});
+        Drawing* const d = drawing();
+        if (!d || lines.empty()) return;
+        // A command with a form, called as a function or typed, opens it; a row of a table is called with its name.
+        const QString command = QString::fromStdString(lines.front()).remove('(').remove(')').trimmed();
+        if (CommandForm::exists(*d, command)) return perform(command);
+        d->feed({{lines.front(), {lines.begin() + 1, lines.end()}, lines.front().starts_with('(') ? label : ""}});
       });
 }
 
@@ -136,7 +141,6 @@ void MainWindow::windowAction(const QString& name) {
   else if (name == "ortho") toggleOrtho();
   else if (name == "selectAll") selectAll();
   else if (name == "audit") audit();
-  else if (name == "newProfile") NewProfileForm(*d, this).exec();
   else if (name == "plot") plot();
   else if (name == "updateUnasked") updateUnasked();
   else if (name == "updateAtOnce") changeUpdateAtOnce();

@@ -103,6 +103,7 @@ void MainWindow::moved(Drawing& drawing, const AcGePoint3d& point) {
 void MainWindow::readProfile() {
   Drawing* const d = drawing();
   if (!d || (d->isRunning() && !d->prompt())) return;
+  if (d->isRunning()) lineTable_->follow();
   const QVariantList reading =
       atelier::desktop::ask(d->document(),
                             QString("(plv-bureau-lecture %1 %2)").arg(number(readingAt_.x), number(readingAt_.y)))

@@ -103,6 +103,39 @@
 (dit (plv-actualiser (list p)) "Terrain naturel: un point du terrain a été déplacé au-delà de son voisin, il reprend sa place.")
 ((list (equal avant (leve)) (suivi-p) (vieux)) (T T nil))
 
+;; After a command the neighbours and the record follow at once, in the same step; what is made of the ground is stale.
+(situation "ADraggedPieceTakesItsNeighboursAlongAtOnce")
+(fichier "t.txt" "T - 6.0 4 Altitude TN\n")
+(preparer
+  (plv-matrices p "<dossier>t.txt" T)
+  (setq l (plv-lignes-du-plan (car (plv-entites-plans p))) poignees (mapcar 'plv-handle l) avant (leve))
+  (defun vieux () (mapcar '(lambda (e) (plv-chose-en-mots p (plv-etat-fait e))) (vl-remove-if 'plv-etat-a-jour-p (plv-etats p)))))
+(tape ("MOVE" "(nth 1 l)" "" "0,0" "0,-10") (sauf "Erreur"))
+((mapcar 'cadr (plv-points-tn p)) (50.0 50.0 48.5 47.0 37.5 36.0))
+((list (suivi-p) (plv-ecarts-terrain p) (vieux)) (T nil ("Lignes de rappel" "Rangée Altitude TN")))
+;; the lines are the same entities
+((equal (mapcar 'plv-handle (plv-lignes-du-plan (car (plv-entites-plans p)))) poignees) T)
+(tape ("U"))
+((list (equal (leve) avant) (suivi-p) (vieux)) (T T nil))
+(tape ("REDO"))
+((list (cadr (nth 1 (plv-points-tn p))) (suivi-p)) (50.0 T))
+(tape ("U" "STRETCH" "_C" "1009,690" "1011,720" "" "0,0" "2,5"))
+((equal (nth 1 (leve)) '(12.0 51.5 "") 1e-6) T)
+((suivi-p) T)
+;; where it makes no ground it goes back at once
+(tape ("U" "MOVE" "(nth 0 l)" "" "0,0" "5,0") "Terrain naturel: un bout du terrain a été déplacé le long du profil, il reprend sa place.")
+((list (equal (leve) avant) (suivi-p)) (T T))
+;; the whole profile moved, or copied, is no dragged ground; of a record that has changed, too, the lines are an update's
+(tape ("MOVE" "_All" "" "0,0" "30,40" "COPY" "_All" "" "0,0" "0,500") (sauf "Terrain naturel"))
+((equal (leve) avant) T)
+(preparer (plv-ecrire-terrain p (subst '(10.0 55.0) (assoc 10.0 (mapcar '(lambda (q) (list (car q) (cadr q))) (plv-points-tn p))) (mapcar '(lambda (q) (list (car q) (cadr q))) (plv-points-tn p)))))
+(tape ("MOVE" "(nth 2 l)" "" "0,0" "0,2"))
+((car (vieux)) "Terrain dessiné")
+;; so it is where a program moves a line: its steps are its own
+(preparer (plv-actualiser (list p)))
+(tape ("(command \"_.MOVE\" (nth 0 (plv-lignes-du-plan (car (plv-entites-plans p)))) \"\" '(0.0 0.0) '(0.0 3.0))"))
+((car (vieux)) "Terrain dessiné")
+
 ;; A newer survey: planes, line and axis stay; what changed is told, and what was made of the ground is known to be stale.
 (situation "ANewerSurveyTakesThePlaceOfTheGround")
 (fichier "neuf.csv" "distance;altitude;nom\n100;50;A\n110;51.25;\n115;50.5;Seuil\n120;49.5;B\n120;47;pied\n150;36;C\n")

@@ -46,6 +46,9 @@
   ((regard 1030.0 "7") ("Rangée Cote"))
   ((progn (setq a (entget (entnext r))) (entmod (subst '(1 . "13") (assoc 1 a) a))) ("Rangée Cote"))
   ((entdel r) ("Rangée Cote"))
+  ((command "_.MOVE" r "" '(0.0 0.0) '(12.0 0.0)) ("Rangée Cote"))
+  ((command "_.MOVE" r "" '(0.0 0.0) '(0.0 12.0)) ())
+  ((command "_.MOVE" r "" '(0.0 0.0) '(900.0 0.0)) ("Rangée Cote"))
   ((plv-ecrire-noms p '((0.0 50.0 "A") (10.0 51.0 "") (20.0 49.5 "Seuil") (30.0 37.5 "") (50.0 36.0 "C"))) ("Rangée Obs" "Export <dossier>tn.csv"))
   ((plsxd p "DCUMDEB" 0.0)
    ("Rangée Obs" "Classeur <dossier>m.xlsx" "Export <dossier>tn.csv"))
@@ -123,6 +126,26 @@
 ((vl-remove-if-not '(lambda (e) (plv-chose-fichier-p (plv-etat-fait e))) (plv-etats c)) nil)
 (preparer (deplacer ligne 5.0))
 ((list (< 0 (length (vieux))) (vl-remove-if 'plv-etat-a-jour-p (plv-etats c))) (T nil))
+
+;; --- blocks that are placed, moved, given other attributes and erased: their cells follow, of the table and of rows filled by themselves
+
+(situation "CellsFollowTheirBlocks")
+(fichier "t.txt" "U - 6 11 {COTE} Cote\nU - 4.0 403 {COTE} Cotes\n")
+(preparer
+  (defun cotes (rang)
+    (mapcar '(lambda (texte) (cadr texte))
+      (vl-sort (et_textes (plv-entites-rangee p (car (plv-tables p)) rang)) '(lambda (a b) (< (car a) (car b))))))
+  (plv-actualiser (list p)))
+((list (cotes 0) (cotes 1)) (("12.5") ("12.5")))
+(tableau (edition restent)
+  ((regard 1030.0 "7") ("12.5" "7"))
+  ((command "_.MOVE" r "" '(0.0 0.0) '(12.0 0.0)) ("12.5"))
+  ((entmod (subst '(1 . "13") (assoc 1 (entget (entnext r))) (entget (entnext r)))) ("13"))
+  ((command "_.COPY" r "" '(0.0 0.0) '(20.0 0.0)) ("12.5" "12.5"))
+  ((command "_.ERASE" r "") ()))
+(preparer edition)
+((list (length (vieux)) (plv-actualiser (list p)) (vieux)) (2 T nil))
+((list (cotes 0) (cotes 1)) (restent restent))
 
 ;; --- what a hand has done
 

@@ -1,0 +1,30 @@
+;; After each command: ground lines that were dragged take their neighbours and the record along, in the same step. What else is made of the ground is
+;; not up to date then, and says so. A host without *apres-commande* calls plv-apres-commande by its reactors.
+
+(defun plv-suivre-sol:trait-p (entite calque / groupes)
+  (setq groupes (entget entite))
+  (and (= (plv-cle 0 groupes) "LINE") (= (strcase (plv-cle 8 groupes)) (strcase calque))))
+
+(defun plv-suivre-sol:touche-p (entites / calque)
+  "Whether ground lines may be among entities; T for too many to list."
+  (cond
+    ((not (listp entites)) T)
+    ((vl-some '(lambda (e) (= (plv-type e) "LINE")) entites)
+     (setq calque (plv-calque "PLV-TN"))
+     (vl-some '(lambda (e) (plv-suivre-sol:trait-p e calque)) entites))))
+
+(defun plv-suivre-sol:du-releve-p (profil / fait)
+  "Whether the lines were drawn of the record as it is: where it has changed, too, they are drawn anew by an update."
+  (setq fait (car (vl-member-if '(lambda (f) (= (plv-fait-chose f) "TERRAIN")) (plv-faits profil))))
+  (or (not fait) (plv-source-vraie-p profil fait "releve")))
+
+(defun plv-suivre-sol (profil / ecarts)
+  "Takes up what was dragged of a profile's ground; lines that were erased are an update's."
+  (if (and (not (plv-refus-profil profil)) (setq ecarts (plv-ecarts-terrain profil)) (vl-every 'car ecarts) (plv-suivre-sol:du-releve-p profil))
+    (plv-reprendre-terrain profil)))
+
+(defun plv-apres-commande (entites / profils)
+  "entites: those that a command has changed or made, or T."
+  (if (and (setq profils (plv-profils)) (plv-suivre-sol:touche-p entites)) (foreach p profils (plv-suivre-sol p))))
+
+(setq *apres-commande* 'plv-apres-commande)
