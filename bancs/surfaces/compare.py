@@ -1,14 +1,16 @@
 #!/usr/bin/env python3
-"""A profile of 10 km across a grid of 10,000 x 10,000 altitudes: whole processes, beside gdallocationinfo.
+"""A profile of 10 km across a grid of 10,000 x 10,000 altitudes: whole processes, beside gdallocationinfo and GRASS.
 
     bancs/surfaces/compare.py KAVEL
 
 gdallocationinfo (gdal-bin) is asked for the altitude at every metre, then at as many places as the program gives: those where the axis
 passes from one cell to the next, with the altitude between four.
+r.profile of GRASS (grass-core), where it is there, reads the same file at every metre, within a session that is open already.
 Needs python3-gdal. Prints the median time of five runs and the greatest memory of each.
 """
 import math
 import os
+import shutil
 import statistics
 import subprocess
 import sys
@@ -42,6 +44,16 @@ def measure(command, text=None):
     return statistics.median(times), memory, output
 
 
+def grass(path):
+    """The median time of r.profile alone, and its number of points."""
+    text = (f"r.external -o input={path} output=g --quiet; g.region raster=g; for i in 1 2 3 4 5; do /usr/bin/time -f %e "
+            f"r.profile -g input=g coordinates={A[0]},{A[1]},{B[0]},{B[1]} output={path}.txt --overwrite --quiet; done")
+    done = subprocess.run(["grass", "--tmp-location", "XY", "--exec", "bash", "-c", text], capture_output=True, text=True, check=False)
+    times = [float(line) for line in done.stderr.splitlines() if line.replace(".", "", 1).isdigit()]
+    with open(path + ".txt", encoding="ascii") as file:
+        return statistics.median(times), len(file.readlines())
+
+
 def main():
     kavel = os.path.abspath(sys.argv[1])
     length = math.dist(A, B)
@@ -59,6 +71,9 @@ def main():
                                     ("gdallocationinfo", peer, places(int(length) + 1)), ("gdallocationinfo", peer, places(13532))):
             seconds, megabytes, output = measure(command, text)
             print(f"{name:18} {seconds:7.3f} s {megabytes:6} MB  {output.split()[-1] if name == 'kavel' else len(output.split())} points")
+        if shutil.which("grass"):
+            seconds, points = grass(path)
+            print(f"{'r.profile':18} {seconds:7.3f} s            {points} points")
 
 
 if __name__ == "__main__":

@@ -45,6 +45,10 @@ class grilleGdal : public grilleAltitudes {
     const std::vector<double>& c = carre(colonne / kCote, ligne / kCote);
     return c[static_cast<std::size_t>(ligne % kCote) * kCote + static_cast<std::size_t>(colonne % kCote)];
   }
+  std::unique_ptr<grilleAltitudes> autre() const override {
+    donneesGdal donnees = ouvrirGdal(m_chemin, GDAL_OF_RASTER | GDAL_OF_READONLY, kPilotes);
+    return donnees ? std::make_unique<grilleGdal>(std::move(donnees), m_chemin) : nullptr;
+  }
 
  private:
   struct carreLu {

@@ -15,6 +15,8 @@ class grilleAltitudes {
   virtual int colonnes() const = 0;
   virtual int lignes() const = 0;
   virtual double altitude(int colonne, int ligne) = 0;  // metres; not a number where there is none
+  // The same grid for another thread, where reading it takes long enough; else null.
+  virtual std::unique_ptr<grilleAltitudes> autre() const { return nullptr; }
 };
 
 // The place of node (column, line): x = x0 + column * xc + line * xl, y alike.
@@ -29,14 +31,7 @@ class coupeGrille : public surfaceCoupable {
   etendue emprise() const override;
 
  private:
-  struct noeud {
-    double colonne, ligne;
-  };
-  noeud noeudDe(double x, double y) const;
-  bool couperCellule(int colonne, int ligne, const noeud& a, const noeud& b, double t0, double t1,
-                     std::vector<tranche>& tranches);
-
-  std::unique_ptr<grilleAltitudes> m_grille;
+  std::unique_ptr<grilleAltitudes> m_grille, m_seconde;
   repereGrille m_repere;
   double m_determinant;
 };
