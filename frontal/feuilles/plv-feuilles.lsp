@@ -65,7 +65,7 @@ with the gap after them, top), recouvrement (what two sheets share on each side 
 (defun plv-feuilles:coupure (mesures precedente limite / couches places entieres)
   "Where a sheet ends: the last point that fits; one further back in the last fifth when it tears no text; the last whole metre
 where there are no points."
-  (setq couches (plv-feuilles:couches mesures)
+  (setq couches (plv-cle 'couches mesures)
         places (vl-remove-if-not '(lambda (d) (and (<= d limite) (> d (+ precedente (* 0.5 (- limite precedente))))))
                  (plv-feuilles:abscisses (plv-cle 'profil mesures)))
         entieres (vl-remove-if-not
@@ -78,8 +78,8 @@ where there are no points."
   (max (if (plv-cle 'titres mesures) (- (plv-feuilles:titres-droite mesures) (plv-cle 'gauche mesures)) 0.0)
        (plv-encarts-axe-largeur (plv-cle 'profil mesures))))
 
-(defun plv-feuilles:coupures (mesures largeur / recouvrement coupures place fin d)
-  "Distances at which a profile is cut for sheets of this width in drawing units; T when it can't be."
+(defun plv-feuilles:coupures-pleines (mesures largeur / recouvrement coupures place fin d)
+  "Distances at which a profile is cut for sheets of this width in drawing units, each as full as can be; T when it can't be."
   (setq recouvrement (plv-cle 'recouvrement mesures)
         fin (- (plv-cle 'droite mesures) (plv-cle 'x0 mesures))
         d (- (plv-cle 'gauche mesures) (plv-cle 'x0 mesures))
@@ -91,6 +91,16 @@ where there are no points."
       (setq coupures (cons d coupures)
             place (- largeur (plv-feuilles:bande mesures) (* 2.0 recouvrement)))))
   (if (eq coupures T) T (reverse coupures)))
+
+(defun plv-feuilles:coupures-egales (mesures largeur coupures / bas milieu essai)
+  "As many cuts, for sheets about as full as one another: those of the narrowest sheets that are no more."
+  (setq bas (/ largeur (1+ (length coupures))))
+  (repeat 7
+    (setq milieu (* 0.5 (+ bas largeur)) essai (plv-feuilles:coupures-pleines mesures milieu))
+    (if (and (listp essai) (= (length essai) (length coupures)))
+      (setq largeur milieu coupures essai)
+      (setq bas milieu)))
+  coupures)
 
 (defun plv-feuilles:vues (mesures debut fin / x0 recouvrement x1 x2)
   "The views of one sheet, between two cuts; nil for the beginning or the end of the profile."
@@ -116,10 +126,19 @@ where there are no points."
                  (plv-cle 'gauche mesures)))
   (plv-encarts mesures (- largeur (- (plv-cle 'droite mesures) gauche)) (- hauteur (- (plv-cle 'haut mesures) (plv-cle 'bas mesures)))))
 
-(defun plv-feuilles:coupures-legendes (mesures largeur hauteur / coupures debut d)
-  "The cuts; one more in the last part, where the legends would have a sheet for themselves."
-  (setq coupures (plv-feuilles:coupures mesures largeur))
-  (if (and (not (eq coupures T)) (eq (plv-feuilles:encarts mesures coupures largeur hauteur) T))
+(defun plv-feuilles:coupures (mesures largeur hauteur / coupures egales)
+  "The cuts for sheets of this size; T when there can be none. One more where the legends would have a sheet for themselves."
+  (setq mesures (cons (cons 'couches (plv-feuilles:couches mesures)) mesures)
+        coupures (plv-feuilles:coupures-pleines mesures largeur))
+  (cond
+    ((not (and coupures (listp coupures))) (plv-feuilles:pour-legendes mesures coupures largeur hauteur))
+    ((eq (plv-feuilles:encarts mesures coupures largeur hauteur) T) (plv-feuilles:pour-legendes mesures coupures largeur hauteur))
+    ((eq (plv-feuilles:encarts mesures (setq egales (plv-feuilles:coupures-egales mesures largeur coupures)) largeur hauteur) T) coupures)
+    (T egales)))
+
+(defun plv-feuilles:pour-legendes (mesures coupures largeur hauteur / debut d)
+  "Cuts with one more in the last part, where the legends haven't the room beside it."
+  (if (and (listp coupures) (eq (plv-feuilles:encarts mesures coupures largeur hauteur) T))
     (progn
       (setq debut (cond ((plv-dernier coupures)) (0.0))
             d (plv-feuilles:coupure mesures debut (* 0.5 (+ debut (plv-longueur-profil (plv-cle 'profil mesures))))))
@@ -195,7 +214,7 @@ where there are no points."
   "The sheets of one profile, numbered from rang; nil after a message."
   (setq largeur (* 0.001 echelle (plv-place-largeur place))
         hauteur (* 0.001 echelle (plv-place-hauteur place))
-        coupures (plv-feuilles:coupures-legendes mesures largeur hauteur)
+        coupures (plv-feuilles:coupures mesures largeur hauteur)
         encarts (if (eq coupures T) nil (plv-feuilles:encarts mesures coupures largeur hauteur))
         faute (plv-feuilles:refus mesures echelle place coupures encarts))
   (if faute
