@@ -42,7 +42,7 @@ HOUSES = {
         "commands/modifying": "base database document selecting shaping variables commands",
         "commands/records": "base database lisp document variables commands",
         "commands/files": "base database dxf document document/files variables commands",
-        "commands/views": "base lisp document plugin commands",
+        "commands/views": "base database lisp document plugin commands",
         "functions": "base database lisp document selecting dialogs variables commands",
         "application": "document selecting variables plugin commands functions",
         "exchange": "base dxf lisp document",

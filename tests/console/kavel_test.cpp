@@ -180,6 +180,21 @@ TEST(Kavel, OpensAndSavesByCommands) {
   EXPECT_NE(program.output.find("\"LINE\"\n\"un.dxf\""), std::string::npos) << program.output;
 }
 
+// A program gives the name in the same call; what follows it is no answer, but the next command.
+TEST(Kavel, SavesByTheNamesThatProgramsGive) {
+  Program program;
+  program.run(
+      "-e '(command \"_LINE\" \"0,0\" \"1,1\" \"\")' -e '(command \"_SAVE\" \"un\")' -e '(getvar \"DWGNAME\")' -e "
+      "'(command \"_DXFOUT\" \"deux\" "
+      "\"_V\" \"R12\" 16)'"
+      " -e '(command \"_DXFOUT\" \"trois.dxf\" \"\")' -e '(getvar \"CMDACTIVE\")' -e '(getvar \"DWGNAME\")'");
+  EXPECT_EQ(program.status, 0) << program.output;
+  EXPECT_NE(program.output.find("\n0\n\"trois.dxf\""), std::string::npos) << program.output;
+  EXPECT_NE(program.output.find("\"un.dxf\"\n"), std::string::npos) << program.output;
+  for (const auto& [file, version] : {std::pair{"un.dxf", "AC1032"}, {"deux.dxf", "AC1009"}, {"trois.dxf", "AC1032"}})
+    EXPECT_NE(program.read(file).find(version), std::string::npos) << file;
+}
+
 TEST(Kavel, LoadsNothingThatLiesBesideADrawing) {
   Program program;
   std::filesystem::create_directory(program.folder() / "base");

@@ -1,4 +1,4 @@
-// TEXT, ATTDEF and MTEXT.
+// TEXT, ATTDEF, MTEXT and DDEDIT.
 // The height is asked for only when the current style leaves it open.
 #include <numbers>
 
@@ -214,10 +214,40 @@ CommandTask mtext(Command& c) {
   c.add(std::move(made));
 }
 
+std::string contentsOf(const AcDbEntity& entity) {
+  if (const auto* text = AcDbText::cast(&entity)) return toUtf8(text->textString().kACharPtr());
+  const auto* paragraph = AcDbMText::cast(&entity);
+  return paragraph ? toUtf8(paragraph->contents().kACharPtr()) : std::string();
+}
+
+CommandTask editText(Command& c) {
+  for (;;) {
+    const auto picked = co_await c.entity("\nTexte à modifier <fin>: ");
+    if (!picked.given()) co_return;
+    std::string before;
+    {
+      const AcDbEntityPointer entity(picked->id);
+      if (entity.openStatus() != Acad::eOk || (!AcDbText::cast(entity.object()) && !AcDbMText::cast(entity.object())))
+        c.fail("Un texte est attendu.");
+      before = contentsOf(*entity.object());
+    }
+    const std::string prompt = "\nNouveau texte <" + before + ">: ";
+    const auto given = co_await c.line(prompt);
+    if (given.value.empty()) continue;
+    SelectionSet one;
+    one.add(picked->id);
+    c.change(one, [&](AcDbEntity& entity) {
+      if (auto* text = AcDbText::cast(&entity)) text->setTextString(toWide(given.value).c_str());
+      else if (auto* paragraph = AcDbMText::cast(&entity)) paragraph->setContents(toWide(given.value).c_str());
+    });
+  }
+}
+
 constexpr CommandRow kTable[] = {
     {"TEXT", "DTEXT -TEXT TEXTE", text, "Écrit une ligne de texte."},
     {"ATTDEF", "-ATTDEF ATT -ATT", attributeDefinition, "Définit un attribut d'un bloc."},
     {"MTEXT", "-MTEXT TEXTMULT", mtext, "Écrit un texte de plusieurs lignes."},
+    {"DDEDIT", "TEXTEDIT ED MODIFTEXT", editText, "Change ce que disent des textes."},
 };
 
 }  // namespace

@@ -96,6 +96,44 @@ std::string releaseOf(std::string_view word) {
 constexpr const char* kFormats = "\nVersion du fichier [R12/2000/2004/2007/2010/2013/2018] <celle du dessin>: ";
 
 // The answers may come as "2010" and the name, as "DXF", options and the name, or as the name alone.
+// To that file, after a question when it exists, with what the version can't hold told.
+CommandTask saveTo(Command& c, const std::string& path, const std::string& release, std::optional<bool> binary) {
+  std::error_code error;
+  const std::string why = c.document.objection(path);
+  if ((std::filesystem::exists(path, error) && c.document.variables().integer("EXPERT", 0) < 2) || !why.empty()) {
+    const std::string told = "\n" + (why.empty() ? "Ce fichier existe" : why) + ". Le remplacer? [Oui/Non] <N>: ";
+    const auto replace = co_await c.keyword(told, kYesNo);
+    if (!replace.is("Yes")) co_return;
+  }
+  const OverwritingOthers allowed(c.document);
+  for (const std::string& lost : c.document.saveAs(path, release, binary)) c.print("\n" + lost);
+  tellSaved(c, path);
+}
+
+// SAVEAS as programs call it: the name of the file comes first; the number of decimals, which ends the questions, is of no account.
+CommandTask dxfout(Command& c) {
+  const auto given = co_await c.line("\nNom du fichier DXF: ");
+  if (given.value.empty()) co_return;
+  const std::string path = fileName(given.value);
+  std::string release;
+  std::optional<bool> binary = false;
+  for (bool more = true; more;) {
+    const auto option = co_await c.keyword("\nDécimales (0 à 16) ou [Version/Binaire] <16>: ",
+                                           "Version Binaire 0 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 _Version Binary "
+                                           "0 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16");
+    if (option.is("Binary")) {
+      binary = true;
+    } else if (option.is("Version")) {
+      const auto version = co_await c.word(kFormats);
+      release = releaseOf(version.value);
+      if (release.empty() && !version.value.empty()) c.fail("Version inconnue: " + version.value);
+    } else {
+      more = false;
+    }
+  }
+  co_await saveTo(c, path, release, binary);
+}
+
 CommandTask saveas(Command& c) {
   auto given = co_await c.line("\nNom du fichier ou version [R12/2000/2004/2007/2010/2013/2018/DXF]: ");
   std::string release = releaseOf(given.value);
@@ -117,16 +155,7 @@ CommandTask saveas(Command& c) {
   }
   if (given.value.empty()) co_return;
   const std::string path = fileName(given.value);
-  std::error_code error;
-  const std::string why = c.document.objection(path);
-  if ((std::filesystem::exists(path, error) && c.document.variables().integer("EXPERT", 0) < 2) || !why.empty()) {
-    const std::string told = why.empty() ? "Ce fichier existe" : why;
-    const auto replace = co_await c.keyword("\n" + told + ". Le remplacer? [Oui/Non] <N>: ", kYesNo);
-    if (!replace.is("Yes")) co_return;
-  }
-  const OverwritingOthers allowed(c.document);
-  for (const std::string& lost : c.document.saveAs(path, release, binary)) c.print("\n" + lost);
-  tellSaved(c, path);
+  co_await saveTo(c, path, release, binary);
 }
 
 constexpr CommandRow kTable[] = {
@@ -135,6 +164,7 @@ constexpr CommandRow kTable[] = {
     {"RECOVER", "RECUPERER", recover, "Ouvre ce qui peut l'être d'un dessin endommagé, et le contrôle."},
     {"QSAVE", "SAVE ENREGISTRER SAUVERAP", qsave, "Enregistre le dessin."},
     {"SAVEAS", "ENREGSOUS SAUVENOM", saveas, "Enregistre le dessin sous un nom, au besoin dans une autre version."},
+    {"DXFOUT", "DX SORTIEDXF", dxfout, "Comme ENREGSOUS, le nom du fichier d'abord."},
     {"AUDIT", "CONTROLE", audit, "Contrôle le dessin, et le répare."},
 };
 

@@ -23,16 +23,16 @@ CommandTask drawOrder(Command& c) {
   }
   AcDbStub* space = c.document.database().currentSpaceId();
   if (!space) co_return;
-  const auto& moved = (*chosen)->list();
-  const auto isMoved = [&](AcDbStub* stub) { return std::ranges::find(moved, stub) != moved.end(); };
+  const auto isMoved = [&](const AcDbStub* stub) { return (*chosen)->contains(stub); };
   std::vector<AcDbStub*> order = inDrawOrder(c.document.imp(), *space);
-  const auto rest = std::ranges::stable_partition(order, isMoved);  // the moved ones first, which is the back
+  const auto rest =
+      std::stable_partition(order.begin(), order.end(), isMoved);  // the moved ones first, which is the back
   if (place.is("Front")) {
-    std::rotate(order.begin(), rest.begin(), order.end());
+    std::rotate(order.begin(), rest, order.end());
   } else if (reference && !isMoved(reference)) {
-    auto at = std::find(rest.begin(), order.end(), reference);
+    auto at = std::find(rest, order.end(), reference);
     if (at == order.end()) c.fail("L'objet de référence n'est pas dans cet espace.");
-    std::rotate(order.begin(), rest.begin(), place.is("Above") ? at + 1 : at);
+    std::rotate(order.begin(), rest, place.is("Above") ? at + 1 : at);
   }
   setDrawOrder(c.document.imp(), *space, order);
 }

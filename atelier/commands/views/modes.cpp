@@ -5,6 +5,7 @@
 
 #include "atelier/commands/command_prompts.h"
 #include "atelier/commands/command_table.h"
+#include "atelier/database/objects/layouts.h"
 #include "atelier/document/document.h"
 
 namespace atelier {
@@ -143,6 +144,16 @@ CommandTask model(Command& c) {
   co_return;
 }
 
+CommandTask layout(Command& c) {
+  const auto option = co_await c.keyword("\nPrésentation [Définir/?] <Définir>: ", "Définir ? _Set ?");
+  if (option.is("?")) {
+    for (AcDbStub* space : sheetsOf(c.document.imp())) c.print("\n  " + layoutNameOf(*space));
+    co_return;
+  }
+  const auto name = co_await c.line("\nPrésentation à montrer: ");
+  if (!name.value.empty()) set(c, "CTAB", name.value);
+}
+
 // The model behind the sheet's viewports is edited in the model itself.
 CommandTask modelOfSheet(Command& c) {
   if (c.document.database().tilemode()) c.fail("ESPACEO: la présentation n'est pas affichée (TILEMODE 0).");
@@ -177,6 +188,7 @@ constexpr CommandRow kTable[] = {
     {"-LWEIGHT", "LWEIGHT LW LWT LINEWEIGHT EPAISSLIGNE -EPAISSLIGNE", lineWeight, "Règle l'épaisseur courante.", true},
     {"-UNITS", "UNITS UN -UN UNITES -UNITES", units, "Règle les unités et leurs décimales.", true},
     {"ATTDISP", "ATTECRAN", attributeDisplay, "Montre ou cache les attributs.", true},
+    {"-LAYOUT", "LAYOUT LO -LO PRESENTATION -PRESENTATION", layout, "Montre une présentation."},
     {"MODEL", "MODELE", model, "Montre l'espace objet."},
     {"MSPACE", "MS ESPACEO", modelOfSheet, "Passe dans le modèle à travers une présentation: refusé."},
     {"PSPACE", "PS ESPACEP", paper, "Reste sur la présentation."},

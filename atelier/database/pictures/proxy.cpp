@@ -131,8 +131,8 @@ class Picture {
 
   bool push(Numbers& numbers) {
     AcGeMatrix3d matrix;
-    for (unsigned row = 0; row < 4; ++row)
-      for (unsigned column = 0; column < 4; ++column) matrix(row, column) = numbers.real();
+    for (int row = 0; row < 4; ++row)
+      for (int column = 0; column < 4; ++column) matrix(row, column) = numbers.real();
     matrices_.push_back(matrix);
     return true;
   }

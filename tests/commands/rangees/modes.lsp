@@ -28,6 +28,13 @@
 (dit (command "_SNAP" -1) "Le pas doit être positif")
 (dit (command "_MSPACE") "TILEMODE")
 
+(situation "TextsAndLayouts")
+(preparer (setq a (text '(0. 0. 0.) "un") b (entmakex '((0 . "MTEXT") (100 . "AcDbEntity") (100 . "AcDbMText") (10 0. 9. 0.) (40 . 2.) (1 . "deux")))))
+((progn (command "_DDEDIT" a "premier texte" b "" "") (list (getvar "CMDACTIVE") (g 1 a) (g 1 b))) (0 "premier texte" "deux"))
+((progn (command "_DDEDIT" b "second" "") (g 1 b)) "second")
+((progn (command "_-LAYOUT" "_S" (car (layoutlist))) (= (getvar "CTAB") (car (layoutlist)))) T)
+(dit (command "_-LAYOUT" "_S" "absente") "Valeur refusée pour CTAB")
+
 (situation "LayersByPickingObjects")
 (preparer
   (command "_-LAYER" "_N" "A,B,C" "")

@@ -61,7 +61,8 @@
 
 (situation "DefaultsAreShownAndNotWritten")
 (preparer
-  (setq fichier (vl-filename-mktemp "defauts" nil ".dxf"))
+  (setq fichier "<dossier>defauts.dxf")
+  (setvar "EXPERT" 2) ; the second save replaces the first without a question
   (defun texte-fichier (/ f l tout)
     (command "_SAVEAS" "2000" fichier) (setq f (open fichier "r") tout "")
     (while (setq l (read-line f)) (setq tout (strcat tout (vl-string-trim " " l) "|"))) (close f) tout))
