@@ -131,4 +131,12 @@ bool SelectionFilter::matches(AcDbStub& stub) const {
   return true;
 }
 
+bool SelectionFilter::admits(std::string_view type) const {
+  for (const Item& item : items_) {
+    if (item.code == kOperator) break;
+    if (item.code == 0 && !groupFits(Group::text(0, std::string(type)), item.group, {})) return false;
+  }
+  return true;
+}
+
 }  // namespace atelier

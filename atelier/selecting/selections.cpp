@@ -3,6 +3,7 @@
 #include "atelier/selecting/selections.h"
 
 #include <algorithm>
+#include <optional>
 #include <unordered_map>
 
 #include "atelier/base/interruption.h"
@@ -41,11 +42,28 @@ bool takes(PolygonMode mode, std::span<const Stroke> strokes, std::span<const Ac
   }
 }
 
+// Asks once for each type, so that a walk over all passes most entities without looking at them.
+class AdmittedTypes {
+ public:
+  explicit AdmittedTypes(const SelectionFilter& filter) : filter_(filter) {}
+  bool admit(const AcDbStub& stub) {
+    if (stub.type >= known_.size()) known_.resize(stub.type + 1u);
+    std::optional<bool>& known = known_[stub.type];
+    if (!known) known = filter_.admits(stub.database->typeName(stub));
+    return *known;
+  }
+
+ private:
+  const SelectionFilter& filter_;
+  std::vector<std::optional<bool>> known_;
+};
+
 void addSpace(SelectionSet& set, AcDbStub* space, const SelectionFilter& filter) {
   if (!space || !space->children) return;
+  AdmittedTypes types(filter);
   for (auto it = space->children->rbegin(); it != space->children->rend(); ++it) {
     checkInterruption();
-    if (!(*it)->is(AcDbStub::kErased) && filter.matches(**it)) set.append(*it);
+    if (!(*it)->is(AcDbStub::kErased) && types.admit(**it) && filter.matches(**it)) set.append(*it);
   }
 }
 

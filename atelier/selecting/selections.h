@@ -33,6 +33,8 @@ class SelectionFilter {
   // Whether operators are known, have their operands, and are closed in order.
   bool isWellFormed() const;
   bool matches(AcDbStub& stub) const;
+  // Whether entities of that type may pass: what the groups before the first operator say of it.
+  bool admits(std::string_view type) const;
 
  private:
   bool wellFormedUpTo(std::size_t& at, std::string_view closing, std::size_t& operands) const;

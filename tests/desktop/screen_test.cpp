@@ -106,9 +106,45 @@ TEST_F(Screen, WhatIsReadInOneTabDoesntShowInAnother) {
   EXPECT_EQ(window.currentProfile().toStdString(), "Profil courant : 7");
   driver.menu("Nouveau").play();
   EXPECT_EQ(window.status(), "");
-  EXPECT_EQ(window.currentProfile(), "");
-  window.tabs().setCurrentIndex(0);
-  EXPECT_EQ(window.currentProfile().toStdString(), "Profil courant : 7");
+  const auto shown = [this] {
+    return window.currentProfile().toStdString() + "|" + window.profiles().topLevelItem(0)->text(0).toStdString();
+  };
+  for (int turn = 0; turn < 2; ++turn) {
+    EXPECT_EQ(shown(), "|Aucun profil");
+    window.tabs().setCurrentIndex(0);
+    EXPECT_EQ(shown(), "Profil courant : 7|Profil 7");
+    window.tabs().setCurrentIndex(1);
+  }
+}
+
+// Of things that lie on each other the last one drawn is seen, also when many were drawn at once.
+TEST_F(Screen, WhatIsDrawnLastLiesOnTop) {
+  driver
+      .type(
+          "(progn (setq i 0) (repeat 60 (setq i (1+ i)) (entmake (list '(0 . \"SOLID\") (cons 62 (1+ (rem i 3)))"
+          " '(10 0. 0.) '(11 100. 0.) '(12 0. 50.) '(13 100. 50.)))) (princ))")
+      .play();
+  EXPECT_GT(share(QColor(255, 0, 0)), 0.2);  // 60 is a multiple of 3
+}
+
+// A command that begins or computes keeps its drawing in front.
+TEST_F(Screen, ARunningCommandKeepsItsTab) {
+  driver.menu("Nouveau").then([this] {
+    window.drawing()->feed({{"LINE", {"0,0"}}});
+    window.tabs().setCurrentIndex(0);
+  });
+  driver.then([this] {
+    EXPECT_EQ(window.tabs().currentIndex(), 1);
+    EXPECT_TRUE(window.drawing()->waits());
+    window.drawing()->cancel();
+  });
+  driver.play();
+  bool tried = false;
+  QTimer::singleShot(300, [&] { window.tabs().setCurrentIndex(0), tried = true; });
+  QTimer::singleShot(600, [this] { window.commandLine().onCancel(); });
+  driver.type("(while T)").play();
+  EXPECT_TRUE(tried);
+  EXPECT_EQ(window.tabs().currentIndex(), 1);
 }
 
 }  // namespace

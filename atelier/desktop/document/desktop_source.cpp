@@ -20,6 +20,11 @@ void DesktopSource::release() {
 
 Input DesktopSource::next(const PromptInfo& prompt) {
   if (!prompt.tracks) release();
+  if (prompt.isCommand && onCommand) {
+    betweenCommands_ = true;
+    onCommand();
+    betweenCommands_ = false;
+  }
   if (!lines_.empty()) {
     Input line = Input::line(std::move(lines_.front()));
     lines_.pop_front();

@@ -36,7 +36,9 @@ class DesktopSource final : public InputSource {
   const std::string& running() const { return running_; }
   const PromptInfo* prompt() const { return prompt_ ? &*prompt_ : nullptr; }
 
-  std::function<void()> onPrompt;  // a prompt has begun or ended waiting
+  std::function<void()> onPrompt;   // a prompt has begun or ended waiting
+  std::function<void()> onCommand;  // a command has ended; the next one may be there already, typed ahead or ordered
+  bool isBetweenCommands() const { return betweenCommands_; }
 
   // Whether a program follows the cursor, also while it works on one of its places.
   bool follows() const { return prompt_ && prompt_->tracks; }
@@ -54,7 +56,7 @@ class DesktopSource final : public InputSource {
   std::optional<PromptInfo> prompt_;
   std::optional<Input> answer_;
   QEventLoop* loop_ = nullptr;
-  bool abandoned_ = false;
+  bool abandoned_ = false, betweenCommands_ = false;
 };
 
 }  // namespace atelier::desktop

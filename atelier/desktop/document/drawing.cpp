@@ -61,6 +61,9 @@ Drawing::Drawing(const QString& path, std::vector<std::string>* messages) {
   source_.onPrompt = [this] {
     if (onPrompt) onPrompt();
   };
+  source_.onCommand = [this] {
+    if (onCommand) onCommand();
+  };
   document_->interpreter().onPoll([this] {
     // Calls of the window itself, between commands and at prompts, must not be interrupted by events.
     if (running_ && !source_.prompt()) QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
@@ -69,7 +72,7 @@ Drawing::Drawing(const QString& path, std::vector<std::string>* messages) {
 
 Drawing::~Drawing() {
   onPrinted = nullptr;
-  onPrompt = onDone = onQuit = onReplaced = nullptr;
+  onPrompt = onCommand = onDone = onQuit = onReplaced = nullptr;
 }
 
 void Drawing::bind() {
@@ -108,10 +111,11 @@ void Drawing::type(const QString& line) {
 }
 
 void Drawing::feed(const std::vector<Order>& orders) {
-  if (running_) cancel();  // the command must end first
+  if (running_) stop();  // the command must end first
   ++awaited_;
-  QTimer::singleShot(0, this, [this, orders] {
+  QTimer::singleShot(0, this, [this, orders, before = cancelled_] {
     --awaited_;
+    if (before != cancelled_) return;
     if (running_) return feed(orders);
     source_.begin(orders);
     run();
@@ -120,6 +124,7 @@ void Drawing::feed(const std::vector<Order>& orders) {
 
 void Drawing::run() {
   running_ = true;
+  if (onPrompt) onPrompt();
   bool goesOn = true;
   {
     const Heartbeat heartbeat(document_->interpreter());
@@ -147,6 +152,11 @@ void Drawing::follow(const AcGePoint3d& point) {
 }
 
 void Drawing::cancel() {
+  ++cancelled_;
+  stop();
+}
+
+void Drawing::stop() {
   later_.clear();
   if (source_.prompt()) source_.abandon();
   else if (running_) document_->interrupt();

@@ -45,12 +45,16 @@ class Drawing : public QObject {
   void pick(const AcGePoint3d& point);
   // The cursor has moved: a program that follows it is told.
   void follow(const AcGePoint3d& point);
+  // Ends the running command, and drops the orders that haven't begun.
   void cancel();
   bool isRunning() const { return running_; }
   // The name of the running command; empty when there is none.
   QString commandName() const;
   bool waits() const { return source_.waits(); }
   bool hasMore() const { return awaited_ > 0; }  // orders that haven't begun
+  // Whether a command runs that doesn't wait for an answer.
+  bool computes() const { return running_ && !source_.prompt() && !source_.isBetweenCommands(); }
+  bool isBusy() const { return isRunning() || hasMore(); }
   const PromptInfo* prompt() const { return source_.prompt(); }
   QString fileName() const;  // without its folder
   QString title() const;     // of the tab
@@ -60,7 +64,8 @@ class Drawing : public QObject {
 
   std::function<void(QString)> onPrinted;
   std::function<void()> onPrompt;    // the running prompt changed
-  std::function<void()> onDone;      // a command ended; the drawing may have changed
+  std::function<void()> onCommand;   // a command ended; in a row of them, too
+  std::function<void()> onDone;      // the last command ended; the drawing may have changed
   std::function<void()> onQuit;      // QUIT has ended, and wants the program to end
   std::function<void()> onReplaced;  // a command has opened another drawing in place of this one
   QString untitled = QStringLiteral("Dessin1.dxf");
@@ -72,13 +77,14 @@ class Drawing : public QObject {
   void run();
   void replaced();
   void bind();
+  void stop();
   DesktopSource source_;
   std::unique_ptr<Document> document_;
   std::unique_ptr<SpaceScene> scene_;
   std::unique_ptr<ChangeMark> changes_;
   std::deque<QString> later_;
   bool running_ = false;
-  int awaited_ = 0;
+  int awaited_ = 0, cancelled_ = 0;
 };
 
 }  // namespace atelier::desktop

@@ -6,6 +6,20 @@
 namespace atelier::desktop {
 namespace {
 
+// The front-end reads the current drawing: while it lives, that of this document.
+class Turn {
+ public:
+  explicit Turn(Document& document) : before_(Document::current()) { document.makeCurrent(); }
+  ~Turn() {
+    if (before_) before_->makeCurrent();
+  }
+  Turn(const Turn&) = delete;
+  Turn& operator=(const Turn&) = delete;
+
+ private:
+  Document* const before_;
+};
+
 QVariant valueOf(lisp::Value value) {
   if (value.isInteger()) return value.integer();
   if (value.isReal()) return value.real();
@@ -21,6 +35,7 @@ QVariant valueOf(lisp::Value value) {
 }  // namespace
 
 QVariant ask(Document& document, const QString& expression) {
+  const Turn turn(document);
   const bool muted = document.exchangeMuted(true);
   QVariant result;
   try {

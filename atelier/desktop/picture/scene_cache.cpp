@@ -1,8 +1,9 @@
-// A changed entity makes its batch out of date; a new one joins the last batch; a change to anything that entities
-// refer to (layer, style, block) makes all batches out of date.
+// A changed entity makes its batch out of date; a new one joins the last batch, since it is drawn over the others; a change to
+// anything that entities refer to (layer, style, block), or to their order, makes all batches out of date.
 #include "atelier/desktop/picture/scene_cache.h"
 
 #include <algorithm>
+#include <ranges>
 
 #include "atelier/database/objects/draw_order.h"
 #include "atelier/database/objects/layouts.h"
@@ -39,16 +40,17 @@ void SceneCache::changes(AcDbStub& stub) { changed_.insert(&stub); }
 
 bool SceneCache::refresh() {
   if (!everything_ && changed_.empty()) return false;
-  std::unordered_set<std::size_t> stale;
+  Stale stale;
   for (AcDbStub* stub : changed_) {
     take(*stub, stale);
     if (everything_) break;
   }
   changed_.clear();
+  if (!everything_) append(stale);
   if (everything_) {
     all();
   } else {
-    for (const std::size_t batch : stale) draw(batch);
+    for (const std::size_t batch : stale.batches) draw(batch);
   }
   bounds_ = {};
   warnings_.clear();
@@ -57,10 +59,10 @@ bool SceneCache::refresh() {
     for (const std::string& warning : list->warnings)
       if (std::ranges::find(warnings_, warning) == warnings_.end()) warnings_.push_back(warning);
   }
-  return everything_ || !stale.empty();
+  return everything_ || !stale.batches.empty();
 }
 
-void SceneCache::take(AcDbStub& stub, std::unordered_set<std::size_t>& stale) {
+void SceneCache::take(AcDbStub& stub, Stale& stale) {
   // Dictionaries and Xrecords have no effect on the picture; tables and blocks have.
   if (!stub.is(AcDbStub::kEntity)) {
     const std::string_view type = imp_.typeName(stub);
@@ -73,17 +75,30 @@ void SceneCache::take(AcDbStub& stub, std::unordered_set<std::size_t>& stale) {
     return;
   }
   const auto known = batchOf_.find(main);
-  if (known != batchOf_.end()) {
-    stale.insert(known->second);
-    return;
+  if (known == batchOf_.end()) stale.fresh.insert(main);
+  else stale.batches.insert(known->second);
+}
+
+// Entities that come back by an undo may stand between the known ones.
+void SceneCache::append(Stale& stale) {
+  if (stale.fresh.empty()) return;
+  std::vector<AcDbStub*> row;
+  for (AcDbStub* stub : *space_.children | std::views::reverse) {
+    if (row.size() == stale.fresh.size()) break;
+    if (stale.fresh.contains(stub)) row.push_back(stub);
+    else if (batchOf_.contains(stub)) return void(everything_ = true);
   }
+  for (AcDbStub* stub : row | std::views::reverse) append(*stub, stale);
+}
+
+void SceneCache::append(AcDbStub& stub, Stale& stale) {
   if (batches_.empty() || batches_.back().entities.size() >= kBatch) {
     batches_.emplace_back();
     lists_.push_back(std::make_shared<render::DisplayList>());
   }
-  batches_.back().entities.push_back(main);
-  batchOf_[main] = batches_.size() - 1;
-  stale.insert(batches_.size() - 1);
+  batches_.back().entities.push_back(&stub);
+  batchOf_[&stub] = batches_.size() - 1;
+  stale.batches.insert(batches_.size() - 1);
 }
 
 void SceneCache::all() {

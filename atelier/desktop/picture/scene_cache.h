@@ -33,7 +33,14 @@ class SceneCache final : private ChangeListener {
   };
   void changes(AcDbStub& stub) override;
   void all();
-  void take(AcDbStub& stub, std::unordered_set<std::size_t>& stale);
+  // What a change makes out of date: the batches that are known, entities that are new.
+  struct Stale {
+    std::unordered_set<std::size_t> batches;
+    std::unordered_set<const AcDbStub*> fresh;
+  };
+  void take(AcDbStub& stub, Stale& stale);
+  void append(Stale& stale);
+  void append(AcDbStub& stub, Stale& stale);
   void draw(std::size_t batch);
 
   AcDbDatabase& database_;

@@ -122,7 +122,7 @@ bool Driver::isReady() const {
     return !dialog || !dialog->model().result();  // a dialog with a result is about to close
   }
   const Drawing* const d = window_.drawing();
-  return !d || d->waits() || !(d->isRunning() || d->hasMore());
+  return !d || d->waits() || !d->isBusy();
 }
 
 void Driver::step() {
@@ -144,8 +144,7 @@ void Driver::step() {
 void Driver::play() {
   QTimer::singleShot(0, this, [this] { step(); });
   do QApplication::processEvents(QEventLoop::AllEvents, 20);
-  while (!steps_.empty() || (window_.drawing() && (window_.drawing()->isRunning() || window_.drawing()->hasMore())) ||
-         QApplication::activeModalWidget());
+  while (!steps_.empty() || (window_.drawing() && window_.drawing()->isBusy()) || QApplication::activeModalWidget());
 }
 
 }  // namespace atelier::desktop

@@ -41,7 +41,7 @@ MainWindow::MainWindow() {
   setCentralWidget(buildLayouts());
   buildPanels();
   buildMenus();
-  connect(tabs_, &QTabWidget::currentChanged, this, [this] { showTab(); });
+  connect(tabs_, &QTabWidget::currentChanged, this, [this] { changeTab(); });
   connect(tabs_, &QTabWidget::tabCloseRequested, this, [this](int index) { closeTab(index); });
   const QSize room = screen()->availableSize();
   resize(QSize(1280, 800).boundedTo(room * kScreenShare));
@@ -84,7 +84,7 @@ void MainWindow::wire(Tab& tab) {
   letAsk(drawing);
   drawing.onPrinted = [this](const QString& text) { commands_->print(text); };
   drawing.onPrompt = [this, &tab] {
-    copySoon();
+    if (tab.drawing->prompt()) copySoon();
     if (&tab != front()) return;
     commands_->showPrompt(tab.drawing->prompt());
     tabs_->tabBar()->setEnabled(!tab.drawing->isRunning());
@@ -94,6 +94,7 @@ void MainWindow::wire(Tab& tab) {
     tab.view->refresh();
     layers_->refresh(tab.drawing.get());
   };
+  drawing.onCommand = [this] { copySoon(); };
   drawing.onDone = [this, &tab] { afterCommand(tab); };
   drawing.onQuit = [this, &tab] { quit(tab); };
   drawing.onReplaced = [this, &tab] { afterReplacement(tab); };
@@ -116,8 +117,16 @@ void MainWindow::wire(Tab& tab) {
 
 QString MainWindow::nextName() { return QStringLiteral("Dessin%1.dxf").arg(++untitled_); }
 
+// A drawing whose command runs or is about to begin stays in front.
+void MainWindow::changeTab() {
+  for (const auto& tab : drawings_)
+    if (tab->view != tabs_->currentWidget() && tab->drawing->isBusy()) return tabs_->setCurrentWidget(tab->view);
+  showTab();
+}
+
 void MainWindow::showTab() {
   Tab* const tab = front();
+  if (tab) tab->drawing->document().makeCurrent();
   coordinates_->clear();
   profileStatus_->clear();
   hostMenus_->rebuild();
@@ -128,7 +137,6 @@ void MainWindow::showTab() {
   lineTable_->refresh(tab ? tab->drawing.get() : nullptr);
   showLayouts();
   if (!tab) return setWindowTitle(QStringLiteral("Kavel"));
-  tab->drawing->document().makeCurrent();
   if (!tab->drawing->isRunning()) atelier::desktop::ask(tab->drawing->document(), "(plv-reprendre-courant)");
   showTitle(*tab);
   showModes();
@@ -146,7 +154,8 @@ void MainWindow::showTab() {
 
 void MainWindow::afterCommand(Tab& tab) {
   atelier::desktop::ask(tab.drawing->document(), "(plv-bureau-oublier)");
-  if (!tab.drawing->isModified()) forgetCopy(tab);
+  if (tab.drawing->isModified()) copySoon();
+  else forgetCopy(tab);
   tab.view->refresh();
   if (&tab != front()) return;
   commands_->showPrompt(nullptr);

@@ -99,6 +99,7 @@ class MainWindow : public QMainWindow {
   bool leave(const QString& answer, const std::vector<Tab*>& asked);
   void leaveAfterCommands(const QString& answer, const std::vector<Tab*>& asked, int patience);
   Tab* front() const;
+  void changeTab();
   void showTab();
   void showTitle(Tab& tab);
   void afterCommand(Tab& tab);

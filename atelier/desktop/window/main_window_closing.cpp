@@ -20,7 +20,7 @@ bool MainWindow::closeTab(int index) {
   tabs_->setCurrentIndex(index);
   Tab* const tab = front();
   if (!tab || tab->view != widget) return false;
-  if (tab->drawing->isRunning()) {
+  if (tab->drawing->isBusy()) {
     tab->drawing->cancel();
     return false;  // the command is being cancelled; closing again then works
   }
@@ -49,7 +49,7 @@ std::vector<MainWindow::Tab*> MainWindow::unsaved() const {
 }
 
 bool MainWindow::isRunning() const {
-  return std::ranges::any_of(drawings_, [](const auto& tab) { return tab->drawing->isRunning(); });
+  return std::ranges::any_of(drawings_, [](const auto& tab) { return tab->drawing->isBusy(); });
 }
 
 QString MainWindow::askAboutLeaving(const std::vector<Tab*>& unsaved) {

@@ -53,6 +53,10 @@ void MainWindow::answer(const QString& line) {
 }
 
 bool MainWindow::open(const QString& path) {
+  if (Drawing* d = drawing(); d && d->isBusy()) {
+    whenIdle([this, path] { open(path); });
+    return false;
+  }
   if (Tab* tab = tabOf(path)) {
     tabs_->setCurrentWidget(tab->view);
     return true;
@@ -95,7 +99,6 @@ bool MainWindow::openOrRecover(const QString& path) {
 
 // Opens or throws; the drawing in front is then current as before.
 void MainWindow::openTab(const QString& path, std::vector<std::string>* messages) {
-  if (Drawing* running = drawing(); running && running->isRunning()) running->cancel();
   auto tab = std::make_unique<Tab>();
   QApplication::setOverrideCursor(Qt::WaitCursor);
   try {

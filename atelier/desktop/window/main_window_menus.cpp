@@ -108,10 +108,10 @@ void MainWindow::buildRecent(QMenu& menu) {
 // back) the action is not carried out.
 void MainWindow::whenIdle(std::function<void()> action) {
   Drawing* const d = drawing();
-  if (!d || !d->isRunning()) return action();
+  if (!d || !d->isBusy()) return action();
   d->cancel();
   QTimer::singleShot(kUnwinding, d, [d, action = std::move(action)] {
-    if (!d->isRunning()) action();
+    if (!d->isBusy()) action();
   });
 }
 

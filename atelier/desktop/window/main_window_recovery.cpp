@@ -1,5 +1,6 @@
 // Copies of unsaved work, and offering those of a window that has crashed.
-// A copy is made soon after a change, also while a prompt or a dialog waits; the larger the drawing, the longer the wait.
+// A copy is made as soon as a command or an answer has changed something, also while a prompt or a dialog waits; where that would
+// hold the user up, after a while.
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFileInfo>
@@ -12,26 +13,27 @@
 namespace atelier::desktop {
 namespace {
 
-constexpr qint64 kSoonest = 2000;   // milliseconds from a change to its copy
-constexpr qint64 kCostShare = 50;   // copies take at most this part of the time
+constexpr qint64 kBearable = 500;   // milliseconds
+constexpr qint64 kCostShare = 10;   // longer copies take at most this part of the time
+constexpr int kComputing = 500;     // milliseconds until a drawing that computes is looked at again
 constexpr int kLongestMinutes = 5;  // unless the settings say otherwise
 
 }  // namespace
 
 void MainWindow::copySoon() {
+  if (copyCost_ <= kBearable) return autosave();
   if (copyTimer_.isActive()) return;
   const qint64 longest = QSettings().value("sauvegarde/minutes", kLongestMinutes).toLongLong() * 60 * 1000;
-  copyTimer_.start(static_cast<int>(std::max(kSoonest, std::min(copyCost_ * kCostShare, longest))));
+  copyTimer_.start(static_cast<int>(std::min(copyCost_ * kCostShare, longest)));
 }
 
 void MainWindow::autosave() {
+  copyTimer_.stop();
   QElapsedTimer timer;
   timer.start();
   for (const auto& tab : drawings_) {
-    const Drawing& d = *tab->drawing;
     // A computation is not disturbed, but what waits for the user may wait long.
-    const bool computes = d.isRunning() && !d.prompt() && !QApplication::activeModalWidget();
-    if (computes) copySoon();
+    if (tab->drawing->computes() && !QApplication::activeModalWidget()) copyTimer_.start(kComputing);
     else writeCopy(*tab);
   }
   copyCost_ = timer.elapsed();

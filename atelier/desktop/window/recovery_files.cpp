@@ -2,10 +2,14 @@
 // The lock names process and machine, so that the lock of a process that is gone doesn't count.
 #include "atelier/desktop/window/recovery_files.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
 #include <QStandardPaths>
+#include <QThreadPool>
 #include <QUuid>
 #include <algorithm>
 
@@ -22,6 +26,14 @@ QDir folder() {
                              : given);
   found.mkpath(".");
   return found;
+}
+
+// Waits until a file is on the disk, where a loss of power leaves it. A crash of the program alone needs no waiting.
+void flush(const std::string& path) {
+  const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (file < 0) return;
+  fsync(file);
+  close(file);
 }
 
 QString counted(qint64 count, const QString& unit) {
@@ -75,6 +87,7 @@ void RecoveryFiles::write(AcDbDatabase& database, const QString& origin) const {
   QFile note(path(kOrigin));
   if (note.open(QIODevice::WriteOnly)) note.write(origin.toUtf8());
   dxf::saveCopy(database, drawing().toStdString());
+  QThreadPool::globalInstance()->start([path = drawing().toStdString()] { flush(path); });
 }
 
 // The lock stays until the files are given up, and goes with it.

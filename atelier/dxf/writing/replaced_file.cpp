@@ -143,9 +143,9 @@ void ReplacedFile::put(std::string_view bytes) {
   }
 }
 
-void ReplacedFile::keep() {
+void ReplacedFile::keep(bool flushed) {
   put(std::exchange(buffer_, std::string()));
-  if (fsync(file_) != 0) fail("écriture interrompue", errno);
+  if (flushed && fsync(file_) != 0) fail("écriture interrompue", errno);
   if (close(std::exchange(file_, -1)) != 0) fail("écriture interrompue", errno);
   if (backup_ && access(target_.c_str(), F_OK) == 0)
     if (const int error = backUp(target_)) fail("copie de secours impossible", error);

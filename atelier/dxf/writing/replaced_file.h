@@ -19,8 +19,8 @@ class ReplacedFile {
   ReplacedFile(const ReplacedFile&) = delete;
   ReplacedFile& operator=(const ReplacedFile&) = delete;
   void write(std::string_view bytes);
-  // Flushes to the disk and replaces the target.
-  void keep();
+  // Replaces the target, once all is on the disk unless it needn't be.
+  void keep(bool flushed = true);
 
  private:
   void put(std::string_view bytes);

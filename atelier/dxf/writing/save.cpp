@@ -14,11 +14,13 @@ bool isSameFile(const std::string& a, const std::string& b) {
   return a == b || std::filesystem::equivalent(a, b, error);
 }
 
-void replace(AcDbDatabase& database, const std::string& path, bool backup) {
+enum class Kind { drawing, copy };
+
+void replace(AcDbDatabase& database, const std::string& path, Kind kind) {
   refuseDamaged(database, path);
-  ReplacedFile file(path, backup);
+  ReplacedFile file(path, kind == Kind::drawing);
   write(database, [&](std::string_view bytes) { file.write(bytes); });
-  file.keep();
+  file.keep(kind == Kind::drawing);
 }
 
 }  // namespace
@@ -30,10 +32,10 @@ void refuseDamaged(AcDbDatabase& database, const std::string& path) {
                     "ce fichier est endommagé et n'a été lu qu'en partie: enregistrez le dessin sous un autre nom");
 }
 
-void saveCopy(AcDbDatabase& database, const std::string& path) { replace(database, path, false); }
+void saveCopy(AcDbDatabase& database, const std::string& path) { replace(database, path, Kind::copy); }
 
 void save(AcDbDatabase& database, const std::string& path) {
-  replace(database, path, true);
+  replace(database, path, Kind::drawing);
   AcDbImpDatabase& db = AcDbImpDatabase::of(&database);
   db.modified = false;
   db.path = path;

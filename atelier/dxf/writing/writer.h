@@ -18,8 +18,8 @@ void write(AcDbDatabase& database, const Sink& sink);
 // saved under the name of the damaged file, unless the database says that it may be overwritten.
 void save(AcDbDatabase& database, const std::string& path);
 
-// Writes the same bytes under another name, without a backup of what was there; the drawing keeps its own name, and its
-// changes count as not saved.
+// Writes the same bytes under another name, without a backup of what was there and without waiting for the disk; the drawing keeps
+// its own name, and its changes count as not saved.
 void saveCopy(AcDbDatabase& database, const std::string& path);
 
 // Throws FileError when the path is that of the damaged file that the drawing was recovered from.

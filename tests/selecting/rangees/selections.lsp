@@ -23,6 +23,9 @@
 ((sslength (ssget "X" '((100 . "AcDbEntity") (410 . "Model") (67 . 0)))) 4)
 ((ssget "X" '((410 . "Layout*"))) nil)
 ((kinds (ssget "X" '((10 30.0 0.0 0.0)))) ("CIRCLE"))
+((kinds (ssget "X" '((62 . 1) (0 . "CIRCLE")))) ("CIRCLE"))
+((ssget "X" '((0 . "CIRCLE") (0 . "TEXT"))) nil)
+((kinds (ssget "X" '((-4 . "*") (0 . "TEXT")))) ("LINE" "TEXT" "CIRCLE" "LINE"))
 ((ssget "X" '((8 . "ABSENT"))) nil)
 
 (situation "FilterWithOperators")
