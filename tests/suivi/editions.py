@@ -155,11 +155,13 @@ class Serie:
     def edit_ground(self):
         return [f"(terrain {self.rng.randrange(len(self.points))} {self.rng.uniform(-1, 1):.2f})", "(plv-retracer-terrain p)"]
 
-    # A piece of the ground dragged, and what the front-end does after a command: neighbours and record follow.
+    # A piece of the ground dragged, and what the front-end does after a command, in the same step: neighbours and record follow.
     def edit_ground_piece(self):
         along, up = self.rng.choice([0.0, 0.0, 0.7]), self.rng.uniform(-6, 6)
         return ["(setq e (nieme %d (apply 'append (mapcar 'plv-lignes-du-plan (plv-entites-plans p)))))" % self.rng.randrange(9),
-                f"(if e (progn (command \"_.MOVE\" e \"\" '(0.0 0.0) '({along:.2f} {up:.3f})) (plv-apres-commande (list e))))"]
+                '(command "_.UNDO" "_Begin")',
+                f"(if e (progn (command \"_.MOVE\" e \"\" '(0.0 0.0) '({along:.2f} {up:.3f})) (plv-apres-commande (list e))))",
+                '(command "_.UNDO" "_End")']
 
     # A newer survey: some points at other altitudes, one more, a name.
     def edit_newer_survey(self):
