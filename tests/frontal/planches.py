@@ -129,7 +129,7 @@ def main():
         expect("pages", check_file(pdf), 2)
         first = words(pdf, 1)
         check_title_block(first)
-        check_plan(first, [50, 100, 250, 350], 1000)
+        check_plan(first, [50, 100, 150, 200], 1000)
         expect("the second sheet has its plan", len(places(words(pdf, 2), "550")) >= 2, True)
         check_layouts(folder, profile + fields, pdf)
         # By itself the scale leaves room for the plan; on A4 there is none.
