@@ -83,7 +83,11 @@ void MainWindow::wire(Tab& tab) {
   drawing.document().dialogPresenter = &dialogs_;
   letAsk(drawing);
   drawing.onPrinted = [this](const QString& text) { commands_->print(text); };
+  drawing.onWork = [this, &drawing](qint64 milliseconds) {
+    work_.goesOn(drawing.commandName(), milliseconds, [&drawing] { drawing.cancel(); });
+  };
   drawing.onPrompt = [this, &tab] {
+    work_.end();
     if (tab.drawing->prompt()) copySoon();
     if (&tab != front()) return;
     commands_->showPrompt(tab.drawing->prompt());

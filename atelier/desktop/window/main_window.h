@@ -17,6 +17,7 @@
 #include "atelier/desktop/panels/properties_panel.h"
 #include "atelier/desktop/view/drawing_view.h"
 #include "atelier/desktop/window/host_menu_bar.h"
+#include "atelier/desktop/window/long_work.h"
 #include "atelier/desktop/window/recovery_files.h"
 
 namespace atelier::desktop {
@@ -152,6 +153,7 @@ class MainWindow : public QMainWindow {
   QLabel *coordinates_, *profileStatus_, *currentProfile_;
   QToolButton *snapButton_, *orthoButton_;
   WindowDialogs dialogs_{this};
+  LongWork work_{*this};
   std::unique_ptr<HostMenuBar> hostMenus_;
   std::vector<std::unique_ptr<Tab>> drawings_;
   QTimer copyTimer_, readingTimer_;
