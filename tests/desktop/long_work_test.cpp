@@ -7,6 +7,7 @@
 namespace {
 
 struct LongWork : kaveltest::Desktop {
+  ~LongWork() override { atelier::desktop::LongWork::shownAfter = 500; }
   static QProgressDialog* shown() { return qobject_cast<QProgressDialog*>(QApplication::activeModalWidget()); }
   // Looks every few milliseconds, also inside the events of a command; stops the first long work.
   void stopWhenShown() {
@@ -29,6 +30,7 @@ struct LongWork : kaveltest::Desktop {
 
 TEST_F(LongWork, CommandsOfTheHostAreStopped) {
   lines(300000);
+  atelier::desktop::LongWork::shownAfter = 60;
   stopWhenShown();
   driver.type("COPY").type("_ALL").type("").type("0,0").type("0,20").then([this] {
     if (window.drawing()->waits()) window.commandLine().onLine({});

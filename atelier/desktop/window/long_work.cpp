@@ -7,13 +7,12 @@
 namespace atelier::desktop {
 namespace {
 
-constexpr qint64 kLong = 500;     // milliseconds
 constexpr int kEventsShare = 10;  // milliseconds for the user at each look
 
 }  // namespace
 
 bool LongWork::goesOn(const QString& name, qint64 milliseconds, const std::function<void()>& stop) {
-  if (milliseconds < kLong) return false;
+  if (milliseconds < shownAfter) return false;
   if (!shown_) {
     QWidget* const front = QApplication::activeModalWidget();
     shown_ = std::make_unique<QProgressDialog>(front ? front : &window_);

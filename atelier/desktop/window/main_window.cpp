@@ -95,6 +95,7 @@ void MainWindow::wire(Tab& tab) {
     layouts_->setEnabled(!tab.drawing->isRunning());
     showModes();
     if (!tab.drawing->prompt()) return;
+    offerFiles();
     tab.view->refresh();
     layers_->refresh(tab.drawing.get());
   };
