@@ -52,7 +52,7 @@ HOUSES = {
         "render/sheets": "base database dxf lisp document render/shapes render/painters render/scene",
         "console": "base dxf document document/files commands/files plugin application exchange render",
         "desktop/picture": "database document render",
-        "desktop/document": "lisp document application desktop/picture",
+        "desktop/document": "base lisp document application desktop/picture",
         "desktop/view": "base document selecting render desktop/picture desktop/document",
         "desktop/forms": "database/objects dialogs render desktop/document",
         "desktop/panels": "base application database render/scene desktop/document",

@@ -65,9 +65,11 @@ def wheel():
     return settled(start, before)
 
 
-def titled(drawing):
-    name = os.path.basename(drawing).replace(".", "[.]")
+def titled(drawing, program):
+    name, start = os.path.basename(drawing).replace(".", "[.]"), time.monotonic()
     while subprocess.run(["xdotool", "search", "--name", name], env=dict(os.environ, DISPLAY=SCREEN), capture_output=True).returncode:
+        if program.poll() is not None or time.monotonic() - start > PATIENCE:
+            raise SystemExit("no window of %s" % drawing)
         time.sleep(0.02)
 
 
@@ -75,7 +77,7 @@ def measure(command, environment):
     start = time.monotonic()
     program = subprocess.Popen(command, env=environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
     try:
-        titled(command[-1])
+        titled(command[-1], program)
         first = settled(start)
         memory = resident(program.pid)
         return first, sorted(wheel() for _ in range(3))[1], memory
@@ -93,7 +95,8 @@ def main():
         open(home + "/LibreCAD/LibreCAD.conf", "w").write(LIBRECAD_SETTINGS)
         environment = dict(os.environ, DISPLAY=SCREEN, XDG_CONFIG_HOME=home, HOME=home, KAVEL_SAUVEGARDES=home + "/s", LC_ALL="C.UTF-8",
                            KAVEL_FRONTAL=os.path.join(os.path.dirname(os.path.abspath(__file__)), "../../frontal"))
-        server = subprocess.Popen(["Xvfb", SCREEN, "-screen", "0", "%dx%dx24" % SIZE], stderr=subprocess.DEVNULL)
+        # Without -noreset the server starts anew when its last client has gone, and cuts off one that is just coming.
+        server = subprocess.Popen(["Xvfb", SCREEN, "-screen", "0", "%dx%dx24" % SIZE, "-noreset"], stderr=subprocess.DEVNULL)
         time.sleep(1)
         mouse("mousemove", "690", "400")
         manager = subprocess.Popen(["openbox"], env=environment, stderr=subprocess.DEVNULL)

@@ -59,4 +59,21 @@ TEST_F(FileChoice, TheSignAnswersAQuestionForAFile) {
   EXPECT_EQ(lisp("n").toInt(), 4);
 }
 
+// Without the sign, as FILEDIA says; a cancelled dialog leaves the question.
+TEST_F(FileChoice, AQuestionForAFileOpensADialog) {
+  window.opensFileDialogs = true;
+  const auto opened = [] { return QApplication::activeModalWidget() != nullptr; };
+  driver.type("CIRCLE").type("20,20").type("5").type("SAVEAS").until(opened).then([this] {
+    EXPECT_TRUE(dialog().windowTitle().startsWith("Nom du fichier"));
+    EXPECT_EQ(dialog().acceptMode(), QFileDialog::AcceptSave);
+    choose(file("cercle.dxf"));
+  });
+  driver.play();
+  EXPECT_TRUE(QFile::exists(file("cercle.dxf")));
+  driver.type("OPEN").until(opened).then([] { dialog().reject(); }).type(file("cercle.dxf")).play();
+  EXPECT_EQ(count("CIRCLE"), 1);
+  driver.type("(setvar \"FILEDIA\" 0)").type("OPEN").type(file("cercle.dxf")).play();
+  EXPECT_EQ(count("CIRCLE"), 1);
+}
+
 }  // namespace

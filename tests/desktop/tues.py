@@ -20,7 +20,8 @@ import time
 
 PATIENCE = 30  # seconds for the window to answer
 # The circles as ((x y radius) ...), written to a file at once.
-DUMP = """(defun kt-cercles (/ jeu k liste g)
+DUMP = """(setvar "FILEDIA" 0)
+(defun kt-cercles (/ jeu k liste g)
   (setq jeu (ssget "_X" '((0 . "CIRCLE"))) k 0)
   (if jeu (repeat (sslength jeu)
     (setq g (entget (ssname jeu k)) k (1+ k)

@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QThread>
 #include <QTimer>
 #include <atomic>
 #include <chrono>
@@ -11,18 +12,22 @@
 
 #include "atelier/application/front_end.h"
 #include "atelier/application/open_drawing.h"
+#include "atelier/base/interruption.h"
 
 namespace atelier::desktop {
 namespace {
 
-// While it lives, asks the interpreter for a pause at regular intervals.
+Drawing* working = nullptr;  // the drawing whose command runs
+
+// While it lives, asks the interpreter, and the host's long loops, for a pause at regular intervals.
 class Heartbeat {
  public:
-  explicit Heartbeat(lisp::Interpreter& interpreter)
-      : thread_([this, &interpreter] {
+  Heartbeat(lisp::Interpreter& interpreter, std::atomic<bool>& due)
+      : thread_([this, &interpreter, &due] {
           while (!ends_) {
             std::this_thread::sleep_for(std::chrono::milliseconds(50));
             interpreter.requestPoll();
+            due = true;
           }
         }) {}
   ~Heartbeat() {
@@ -59,19 +64,25 @@ Drawing::Drawing(const QString& path, std::vector<std::string>* messages) {
   bind();
   document_->attach(std::make_unique<Replacement>(*this));
   source_.onPrompt = [this] {
+    computing_.start();
     if (onPrompt) onPrompt();
   };
   source_.onCommand = [this] {
+    computing_.start();
     if (onCommand) onCommand();
   };
   document_->interpreter().onPoll([this] {
     // Calls of the window itself, between commands and at prompts, must not be interrupted by events.
-    if (running_ && !source_.prompt()) QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    if (!running_ || source_.prompt()) return;
+    work();
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
   });
+  setInterruptionQuestion(stopAsked);
 }
 
 Drawing::~Drawing() {
   onPrinted = nullptr;
+  onWork = nullptr;
   onPrompt = onCommand = onDone = onQuit = onReplaced = nullptr;
 }
 
@@ -127,13 +138,15 @@ void Drawing::run() {
   if (onPrompt) onPrompt();
   bool goesOn = true;
   {
-    const Heartbeat heartbeat(document_->interpreter());
+    const Heartbeat heartbeat(document_->interpreter(), lookDue_);
+    working = this;
     try {
       goesOn = document_->run(source_);
     } catch (const std::exception& error) {
       document_->fail(error.what());
     }
   }
+  working = nullptr;
   ended = commandName();
   running_ = false;
   if (onPrompt) onPrompt();
@@ -143,6 +156,17 @@ void Drawing::run() {
   const QString line = std::move(later_.front());
   later_.pop_front();
   feed({{line.toStdString()}});
+}
+
+// Asked in every long loop of the host. Programs in AutoLISP are in between at their own pauses, too.
+bool Drawing::stopAsked() {
+  if (working && working->lookDue_ && QThread::currentThread() == working->thread()) working->work();
+  return Document::current() && Document::current()->interpreter().interrupted();
+}
+
+void Drawing::work() {
+  lookDue_ = false;
+  if (computes() && onWork) onWork(computing_.elapsed());
 }
 
 void Drawing::pick(const AcGePoint3d& point) { source_.answer(Input::pick(point)); }

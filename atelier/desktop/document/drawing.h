@@ -1,7 +1,9 @@
 // One open drawing of the window: its document, the running command, and its picture.
 #pragma once
+#include <QElapsedTimer>
 #include <QObject>
 #include <QString>
+#include <atomic>
 #include <deque>
 #include <memory>
 #include <utility>
@@ -62,6 +64,8 @@ class Drawing : public QObject {
   // Whether an object has changed since the last call.
   bool takeChanged() { return changes_->take(); }
 
+  // Is told while a command computes, several times a second, with the milliseconds since it began or was last answered.
+  std::function<void(qint64)> onWork;
   std::function<void(QString)> onPrinted;
   std::function<void()> onPrompt;    // the running prompt changed
   std::function<void()> onCommand;   // a command ended; in a row of them, too
@@ -78,11 +82,15 @@ class Drawing : public QObject {
   void replaced();
   void bind();
   void stop();
+  static bool stopAsked();
+  void work();
   DesktopSource source_;
   std::unique_ptr<Document> document_;
   std::unique_ptr<SpaceScene> scene_;
   std::unique_ptr<ChangeMark> changes_;
   std::deque<QString> later_;
+  QElapsedTimer computing_;
+  std::atomic<bool> lookDue_{false};
   bool running_ = false;
   int awaited_ = 0, cancelled_ = 0;
 };

@@ -3,7 +3,6 @@
 #include "atelier/desktop/picture/scene_cache.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "atelier/database/objects/draw_order.h"
 #include "atelier/database/objects/layouts.h"
@@ -83,12 +82,12 @@ void SceneCache::take(AcDbStub& stub, Stale& stale) {
 void SceneCache::append(Stale& stale) {
   if (stale.fresh.empty()) return;
   std::vector<AcDbStub*> row;
-  for (AcDbStub* stub : *space_.children | std::views::reverse) {
-    if (row.size() == stale.fresh.size()) break;
-    if (stale.fresh.contains(stub)) row.push_back(stub);
-    else if (batchOf_.contains(stub)) return void(everything_ = true);
+  const std::vector<AcDbStub*>& all = *space_.children;
+  for (auto stub = all.rbegin(); stub != all.rend() && row.size() < stale.fresh.size(); ++stub) {
+    if (stale.fresh.contains(*stub)) row.push_back(*stub);
+    else if (batchOf_.contains(*stub)) return void(everything_ = true);
   }
-  for (AcDbStub* stub : row | std::views::reverse) append(*stub, stale);
+  for (auto stub = row.rbegin(); stub != row.rend(); ++stub) append(**stub, stale);
 }
 
 void SceneCache::append(AcDbStub& stub, Stale& stale) {

@@ -118,6 +118,7 @@ QWidget* Driver::front() {
 bool Driver::isReady() const {
   if (shooting_ || (window_.asksForFile() && !QApplication::activeModalWidget())) return false;
   if (QWidget* const modal = QApplication::activeModalWidget()) {
+    if (modal->objectName() == LongWork::kName) return false;
     const auto* const dialog = dynamic_cast<DialogWindow*>(modal);
     return !dialog || !dialog->model().result();  // a dialog with a result is about to close
   }

@@ -10,7 +10,7 @@ namespace atelier::desktop {
 
 class Driver : public QObject {
  public:
-  explicit Driver(MainWindow& window) : window_(window) {}
+  explicit Driver(MainWindow& window) : window_(window) { window.opensFileDialogs = false; }
 
   // Adds a step; play() carries them out one after the other.
   Driver& then(std::function<void()> step);

@@ -83,7 +83,11 @@ void MainWindow::wire(Tab& tab) {
   drawing.document().dialogPresenter = &dialogs_;
   letAsk(drawing);
   drawing.onPrinted = [this](const QString& text) { commands_->print(text); };
+  drawing.onWork = [this, &drawing](qint64 milliseconds) {
+    work_.goesOn(drawing.commandName(), milliseconds, [&drawing] { drawing.cancel(); });
+  };
   drawing.onPrompt = [this, &tab] {
+    work_.end();
     if (tab.drawing->prompt()) copySoon();
     if (&tab != front()) return;
     commands_->showPrompt(tab.drawing->prompt());
@@ -91,6 +95,7 @@ void MainWindow::wire(Tab& tab) {
     layouts_->setEnabled(!tab.drawing->isRunning());
     showModes();
     if (!tab.drawing->prompt()) return;
+    offerFiles();
     tab.view->refresh();
     layers_->refresh(tab.drawing.get());
   };

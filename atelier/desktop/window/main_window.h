@@ -16,7 +16,9 @@
 #include "atelier/desktop/panels/profiles_panel.h"
 #include "atelier/desktop/panels/properties_panel.h"
 #include "atelier/desktop/view/drawing_view.h"
+#include "atelier/desktop/window/file_prompts.h"
 #include "atelier/desktop/window/host_menu_bar.h"
+#include "atelier/desktop/window/long_work.h"
 #include "atelier/desktop/window/recovery_files.h"
 
 namespace atelier::desktop {
@@ -54,6 +56,8 @@ class MainWindow : public QMainWindow {
   void perform(const QString& action);  // "@name" of the window, else lines for the command line
   // For tests: answers in place of the user's to file choices (empty: cancel) and questions ("oui", "non", "annuler").
   std::function<QString()> fileAnswer;
+  // Whether prompts for files open a dialog, as FILEDIA says; not for a driver that types them.
+  bool opensFileDialogs = true;
   std::function<QString(QString question)> questionAnswer;
 
  protected:
@@ -113,6 +117,8 @@ class MainWindow : public QMainWindow {
   void complain(const QString& text);
   QString ask(const QString& question, const QStringList& answers);
   void answer(const QString& line);
+  void offerFiles();
+  void answerByFile(const FilePrompt& asked);
   QString chooseFile(bool save, const QString& title, const QString& filter, const QString& suggested = {});
   void windowAction(const QString& name);
   void changeTheme();
@@ -152,6 +158,7 @@ class MainWindow : public QMainWindow {
   QLabel *coordinates_, *profileStatus_, *currentProfile_;
   QToolButton *snapButton_, *orthoButton_;
   WindowDialogs dialogs_{this};
+  LongWork work_{*this};
   std::unique_ptr<HostMenuBar> hostMenus_;
   std::vector<std::unique_ptr<Tab>> drawings_;
   QTimer copyTimer_, readingTimer_;

@@ -46,10 +46,30 @@ void MainWindow::answer(const QString& line) {
   if (!d) return;
   if (line.trimmed() != "~" || !d->waits() || !d->prompt()->takesSpaces) return d->type(line);
   const QString question = QString::fromStdString(d->prompt()->text).trimmed();
+  answerByFile(filePrompt(*d->prompt()).value_or(FilePrompt{question, {}, FileUse::either}));
+}
+
+// At a prompt for a file that waits, unless FILEDIA says otherwise. A cancelled dialog leaves the prompt, to be typed at.
+void MainWindow::offerFiles() {
+  Drawing* const d = drawing();
+  if (!opensFileDialogs || asksForFile_ || d->document().variables().integer("FILEDIA", 1) == 0) return;
+  if (!filePrompt(*d->prompt())) return;
+  QTimer::singleShot(0, d, [this, d] {
+    if (d != drawing() || !d->waits() || asksForFile_ || QApplication::activeModalWidget()) return;
+    if (const auto asked = filePrompt(*d->prompt())) answerByFile(*asked);
+  });
+}
+
+void MainWindow::answerByFile(const FilePrompt& asked) {
+  Drawing* const d = drawing();
   asksForFile_ = true;
-  const QString path = fileAnswer ? fileAnswer() : askFile(this, FileUse::either, question, QStringLiteral("Tous (*)"));
+  const QString suggested = asked.suggested.isEmpty() && asked.use != FileUse::toWrite
+                                ? QString()
+                                : besideDrawing(QString::fromStdString(d->document().path()), asked.suggested);
+  const QString path =
+      fileAnswer ? fileAnswer() : askFile(this, asked.use, asked.question, QStringLiteral("Tous (*)"), suggested);
   asksForFile_ = false;
-  if (!path.isEmpty()) d->type(path);
+  if (!path.isEmpty() && d->waits()) d->type(path);
 }
 
 bool MainWindow::open(const QString& path) {

@@ -33,7 +33,8 @@ void MainWindow::autosave() {
   timer.start();
   for (const auto& tab : drawings_) {
     // A computation is not disturbed, but what waits for the user may wait long.
-    if (tab->drawing->computes() && !QApplication::activeModalWidget()) copyTimer_.start(kComputing);
+    if (tab->drawing->computes() && (work_.isShown() || !QApplication::activeModalWidget()))
+      copyTimer_.start(kComputing);
     else writeCopy(*tab);
   }
   copyCost_ = timer.elapsed();

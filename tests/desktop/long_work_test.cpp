@@ -1,0 +1,53 @@
+// Work that takes over half a second is shown and can be stopped; a command that was stopped leaves the drawing as it was.
+#include <QProgressDialog>
+#include <QPushButton>
+
+#include "tests/desktop/desktop.h"
+
+namespace {
+
+struct LongWork : kaveltest::Desktop {
+  ~LongWork() override { atelier::desktop::LongWork::shownAfter = 500; }
+  static QProgressDialog* shown() { return qobject_cast<QProgressDialog*>(QApplication::activeModalWidget()); }
+  // Looks every few milliseconds, also inside the events of a command; stops the first long work.
+  void stopWhenShown() {
+    QTimer::singleShot(5, &window, [this] {
+      if (!shown()) return stopWhenShown();
+      label = shown()->labelText();
+      shown()->findChild<QPushButton*>()->click();
+    });
+  }
+  void lines(int count) {
+    driver
+        .type(QString("(progn (setq i 0) (repeat %1 (entmake (list '(0 . \"LINE\") (list 10 (* 1.0 i) 0.0 0.0) (list "
+                      "11 (* 1.0 i) 9.0 0.0)))"
+                      " (setq i (1+ i))) (princ))")
+                  .arg(count))
+        .play();
+  }
+  QString label;
+};
+
+TEST_F(LongWork, CommandsOfTheHostAreStopped) {
+  lines(300000);
+  atelier::desktop::LongWork::shownAfter = 60;
+  stopWhenShown();
+  driver.type("COPY").type("_ALL").type("").type("0,0").type("0,20").then([this] {
+    if (window.drawing()->waits()) window.commandLine().onLine({});
+  });
+  driver.play();
+  EXPECT_TRUE(label.startsWith("COPY")) << label.toStdString();
+  EXPECT_EQ(count("LINE"), 300000);
+  EXPECT_FALSE(shown());
+  EXPECT_FALSE(window.drawing()->isRunning());
+}
+
+TEST_F(LongWork, ProgramsAreStopped) {
+  stopWhenShown();
+  driver.type("(progn (setq n 0) (while T (setq n (1+ n))))").play();
+  EXPECT_FALSE(label.isEmpty());
+  EXPECT_FALSE(shown());
+  EXPECT_GT(lisp("n").toInt(), 0);
+}
+
+}  // namespace
