@@ -25,7 +25,7 @@
     (tranchees (base profil fiches reseaux)
      plv-tranchees plv-tranchees-rapport plv-tranchees-classeur plv-tranchees-dessin plv-tranchees-coupes plv-tranchees-questions plv-tranchees-fiche)
     (tableaux (base profil fiches plan reseaux)
-     plv-types plv-definitions plv-modeles plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet
+     plv-types plv-types-images plv-definitions plv-modeles plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet
      plv-remplissage-terrains plv-remplissage-plan plv-devers plv-remplissage-blocs plv-remplissage-reseau plv-cases plv-matrices plv-ligne-seule
      plv-devers-fiche plv-matrices-fiche)
     (cotes (base profil fiches portes)

@@ -11,6 +11,7 @@ namespace {
 
 constexpr double kEdge = 12, kScaleRoom = 46, kReach = 6;  // pixels
 constexpr int kTicks = 6;
+constexpr int kSmallText = 10;
 constexpr double kHold = 3;  // pixels, half of a handle that is one point
 
 // "#RRGGBB pixels dash gap ...", dashes and gaps in pixels too.
@@ -66,12 +67,13 @@ FormPicture::FormPicture(QWidget* parent) : QWidget(parent) {
 }
 
 FormPicture::Item FormPicture::itemOf(const QVariantList& parts) {
-  Item item{parts.value(0).toString(), parts.value(1).toString(), {}, {}, {}, {}, 1};
+  Item item{parts.value(0).toString(), parts.value(1).toString(), {}, {}, {}, {}, 1, 0};
   if (item.kind == "trait") {
     item.points = pointsOf(parts.value(2));
   } else if (item.kind == "texte") {
     item.points = pointsOf(QVariantList{parts.value(2)});
     item.words = parts.value(3).toString();
+    item.angle = parts.value(4).toDouble();
   } else {
     item.up = parts.value(1).toString();
     item.role = parts.value(2).toString();
@@ -183,12 +185,33 @@ void FormPicture::paint(QPainter& painter, const Item& item) const {
   QPolygonF line;
   for (const QPointF& p : item.points) line << at(p);
   if (item.kind == "texte") {
-    if (!line.isEmpty()) painter.drawText(line.front() + QPointF(3, mode_ == "tableau" ? 0 : -3), item.words);
+    if (line.isEmpty()) return;
+    painter.save();
+    painter.translate(line.front());
+    painter.rotate(-item.angle);
+    painter.drawText(QPointF(item.angle != 0 ? 0 : 3, mode_ == "tableau" ? 0 : -3), item.words);
+    painter.restore();
   } else if (line.size() == 1) {
     painter.drawRect(QRectF(line.front() - QPointF(kHold, kHold), QSizeF(2 * kHold, 2 * kHold)));
   } else {
     painter.drawPolyline(line);
   }
+}
+
+QPixmap FormPicture::drawn(const QVariant& items, QSize size, const QWidget& like) {
+  FormPicture picture(nullptr);
+  picture.show(QVariantList{QString(), QStringLiteral("tableau"), items, 0.0});
+  QPixmap pixmap(size * like.devicePixelRatioF());
+  pixmap.setDevicePixelRatio(like.devicePixelRatioF());
+  pixmap.fill(like.palette().color(QPalette::Base));
+  QPainter painter(&pixmap);
+  painter.setRenderHint(QPainter::Antialiasing);
+  QFont font = like.font();
+  font.setPixelSize(kSmallText);
+  painter.setFont(font);
+  painter.translate(-kEdge, -kEdge);
+  for (const Item& item : picture.items_) picture.paint(painter, item);
+  return pixmap;
 }
 
 void FormPicture::paintEvent(QPaintEvent*) {
