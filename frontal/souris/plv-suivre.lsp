@@ -2,7 +2,7 @@
 ;; grtext are used, so that it works wherever AutoLISP does. A script answers with the same texts, and with an expression that gives a
 ;; point in place of a click.
 
-(setq plv-suivre:curseur nil plv-suivre:fini "FIN")
+(setq plv-suivre:curseur nil plv-suivre:fini "Fin")
 
 (defun plv-suivre (question mots suivre:montrer / lu texte reponse)
   "A point of the drawing, a text (\"\" for Enter), or T when the user gives up. montrer (point) gives (vectors note) for a place of
@@ -46,6 +46,6 @@ the cursor; mots: keywords that are offered, with one for Enter, since a mouse h
 
 (defun plv-suivre-fin ()
   "Nothing of it stays on the screen."
-  (setq plv-suivre:curseur nil plv-suivre:fini "FIN")
+  (setq plv-suivre:curseur nil plv-suivre:fini "Fin")
   (redraw)
   (grtext))

@@ -6,7 +6,7 @@
   (cond ((not profil) "") ((not (plv-tables profil)) "route") ((plv-matrices:fichier profil))))
 
 (defun plv-matrices-fiche:champs (/ profil definition)
-  (setq profil (cond ((plv-profil-de-numero (cond ((plv-numero-courant)) ("")))) ((car (plv-profils))))
+  (setq profil (plv-profil-propose)
         definition (plv-matrices-fiche:definition profil))
   (plv-champs-avec-profil
     (list

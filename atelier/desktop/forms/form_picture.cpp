@@ -10,7 +10,7 @@ namespace atelier::desktop {
 namespace {
 
 constexpr double kEdge = 12, kScaleRoom = 46, kReach = 6;  // pixels
-constexpr int kTicks = 6;
+constexpr int kTicks = 6, kLeastTable = 490;
 constexpr int kSmallText = 10;
 constexpr double kHold = 3;  // pixels, half of a handle that is one point
 
@@ -92,7 +92,9 @@ void FormPicture::show(const QVariant& picture) {
   items_.clear();
   for (const QVariant& item : parts.value(2).toList()) items_ << itemOf(item.toList());
   if (!drag_) fit();
-  if (mode_ == "tableau") setMinimumHeight(static_cast<int>(extent_.height() + 2 * kEdge));
+  if (mode_ == "tableau")
+    setMinimumSize(std::min(kLeastTable, static_cast<int>(extent_.width() + 2 * kEdge)),
+                   static_cast<int>(extent_.height() + 2 * kEdge));
   update();
 }
 

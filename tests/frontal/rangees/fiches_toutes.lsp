@@ -73,6 +73,11 @@
 ((plv-cle "<CLIENT>" (plv-cartouche-marques)) "")
 
 (situation "LinesAndLists")
+;; forms about a line open with one that is there
+(preparer (plv-transferer p "Voirie"))
+((mapcar '(lambda (c) (cadddr (assoc "genre" (caddr (plv-fiche c))))) '("CotAutoKavel" "PLV-POINTS" "PLV-ALTITUDES" "PLV-LEGENDE" "PLV-EXPORT"))
+ ("Voirie" "Voirie" "Voirie" "Voirie" "Voirie"))
+(preparer (plv-effacer-courbes p (plv-elements p "Voirie")) (plv-projet p "Projet" '((100.0 48.0) (150.0 44.5))))
 (passe (faire "PLV-LIGNES" '("genre" "Voirie" "points" (("0+100" "49") ("120,0" "48") ("150" "45")))))
 ((length (plv-elements p "Voirie")) 3)
 (dit (faire "PLV-ALTITUDES" '("genre" "Voirie")) "     120.000      48.000")
