@@ -46,7 +46,7 @@
     (echange (base terrain profil fiches plan projet)
      plv-landxml plv-landxml-projet plv-landxml-terrain plv-landxml-fiche plv-export plv-export-fiche)
     (changements (base profil fiches portes echange)
-     plv-pc plv-changer-terrain plv-leve plv-leve-remplacer plv-pc-fiche plv-leve-fiche)
+     plv-pc plv-changer-terrain plv-leve plv-leve-remplacer plv-leve-table plv-pc-fiche plv-leve-fiche)
     (saisie (base profil fiches projet ligne souris echange)
      plv-nouveau plv-nouveau-fiche plv-projet-fichier plv-projet-questions plv-projet-fiche)
     (mnt (base profil fiches plan changements tableaux echange saisie)

@@ -3,12 +3,14 @@
 (defun plv-leve-fiche:champs ()
   (plv-champs-avec-profil
     (list
-      '("operation" "Point du terrain" "mot" "Corriger" ("Corriger" "Insérer" "Supprimer" "Nommer" "Remplacer le levé"))
+      '("operation" "Point du terrain" "mot" "Corriger" ("Corriger" "Insérer" "Supprimer" "Nommer" "Table des points" "Remplacer le levé"))
       (plv-champ-nombre "station" "Station" 0.0 2)
       (plv-champ-nombre "altitude" "Altitude" 0.0 3)
       '("nom" "Nom du point" "texte" "" nil)
       '("fichier" "Nouveau levé" "lire" "" "Levés (*.csv *.txt *.xlsx *.xml);;Tous (*)")
-      (plv-champ-landxml "terrain" "Terrain du fichier"))))
+      (plv-champ-landxml "terrain" "Terrain du fichier")
+      (list "points" "Points" "rangees" (if (plv-profil-propose) (plv-leve-rangees (plv-profil-propose)))
+        '(("Station" "nombre" nil) ("Altitude" "nombre" nil) ("Nom" "texte" nil))))))
 
 (defun plv-leve-fiche:operation (valeurs) (substr (plv-cle "operation" valeurs) 1 1))
 
@@ -26,8 +28,26 @@
   (while (and (cddr points) (< (car (cadr points)) (- d 0.005))) (setq points (cdr points)))
   (mapcar '(lambda (p) (list (car p) (cadr p))) (plv-premiers points (if (cddr points) 3 2))))
 
-(defun plv-leve-fiche:regarder (valeurs)
-  (if (= (plv-leve-fiche:operation valeurs) "R") (plv-leve-fiche:regarder-leve valeurs) (plv-leve-fiche:regarder-point valeurs)))
+(defun plv-leve-fiche:regarder (valeurs / operation)
+  (setq operation (plv-leve-fiche:operation valeurs))
+  (cond
+    ((= operation "R") (plv-leve-fiche:regarder-leve valeurs))
+    ((= operation "T") (plv-leve-fiche:regarder-table valeurs))
+    ((plv-leve-fiche:regarder-point valeurs))))
+
+(defun plv-leve-fiche:table (valeurs) (plv-leve-table-terrain (plv-fiche-profil valeurs) (plv-cle "points" valeurs)))
+
+(defun plv-leve-fiche:regarder-table (valeurs / profil lu faute)
+  "The rows over the ground; those of another profile when it has just been chosen."
+  (setq profil (plv-fiche-profil valeurs) lu (plv-essayer 'plv-leve-fiche:table (list valeurs))
+        faute (cond ((not (car lu)) (cadr lu)) ((plv-refus-leve profil (car lu)))
+                    ((plv-refus-terrain profil (car (plv-dernier (plv-cle 'points (car lu))))))))
+  (plv-regard-avec-valeurs
+    (plv-regard
+      (if faute (list (list "points" faute)))
+      (list (plv-leve-table-image profil (plv-cle "points" valeurs) (car lu)))
+      nil '("station" "altitude" "nom" "fichier" "terrain") nil)
+    (if (= (plv-cle "*" valeurs) "profil") (list (list "points" (plv-leve-rangees profil))))))
 
 (defun plv-leve-fiche:lire (valeurs) (plv-fiche-lire-terrain valeurs "fichier" "terrain"))
 
@@ -42,7 +62,7 @@
     (list (plv-image-profil profil
             (append (plv-traits-profil profil)
               (if (car lu) (plv-image-traits "projet" (list (mapcar '(lambda (p) (list (car p) (cadr p))) (plv-cle 'points (car lu)))))))))
-    nil (append '("station" "altitude" "nom") (if (not (cdr terrains)) '("terrain")))
+    nil (append '("station" "altitude" "nom" "points") (if (not (cdr terrains)) '("terrain")))
     (list (cons "terrain" (mapcar 'car terrains)))))
 
 (defun plv-leve-fiche:regarder-point (valeurs / profil origine points d rang faute apres)
@@ -57,13 +77,15 @@
     (if rang (list (strcat "Ce point est à l'altitude " (plv-reel (cadr (nth rang points)) 3) ".")))
     (append (if (not (member (plv-leve-fiche:operation valeurs) '("C" "I"))) '("altitude"))
             (if (not (member (plv-leve-fiche:operation valeurs) '("I" "N"))) '("nom"))
-            '("fichier" "terrain"))
+            '("fichier" "terrain" "points"))
     nil))
 
-(defun plv-leve-fiche:faire (valeurs)
-  (if (= (plv-leve-fiche:operation valeurs) "R")
-    (plv-remplacer-terrain (plv-fiche-profil valeurs) (plv-leve-fiche:lire valeurs))
-    (plv-leve-fiche:point valeurs)))
+(defun plv-leve-fiche:faire (valeurs / operation)
+  (setq operation (plv-leve-fiche:operation valeurs))
+  (cond
+    ((= operation "R") (plv-remplacer-terrain (plv-fiche-profil valeurs) (plv-leve-fiche:lire valeurs)))
+    ((= operation "T") (plv-remplacer-terrain (plv-fiche-profil valeurs) (plv-leve-fiche:table valeurs)))
+    ((plv-leve-fiche:point valeurs))))
 
 (defun plv-leve-fiche:point (valeurs)
   (plv-leve (plv-fiche-profil valeurs) (plv-leve-fiche:operation valeurs) (plv-fiche-nombre valeurs "station")

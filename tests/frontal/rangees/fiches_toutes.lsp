@@ -156,3 +156,26 @@
 ((plv-perimees (list p)) nil)
 ((plv-regler-classes avant) T)
 ((> (length (vl-remove-if 'plv-etat-a-jour-p (plv-etats p))) 0) T)
+
+;; The ground as a table: rows that stay keep their exact values, others are taken in the order of their stations; what changed is told.
+(situation "TheGroundIsATable")
+(preparer
+  (plv-ecrire-terrain p (mapcar '(lambda (q) (list (car q) (if (= (car q) 10.0) 51.12345 (cadr q)))) (plv-points-tn p)))
+  (plv-retracer-terrain p)
+  (defun rangees () (plv-cle "points" (reponses "PLV-LEVE" nil)))
+  (defun table (rangees) (list "operation" "Table des points" "points" rangees)))
+;; the point that a plane has put in is no row
+((mapcar 'car (rangees)) ("100.000" "110.000" "120.000" "130.000" "150.000"))
+((cadr (nth 1 (rangees))) "51.123")
+((length (poignees "PLV-LEVE" (table (rangees)))) 5)
+(dit (faire "PLV-LEVE" (table (append (subst '("120.000" "49.25" "Seuil") (nth 2 (rangees)) (rangees)) '(("0+112,5" "51" "")))))
+  "Levé remplacé: 6 points au lieu de 5; 1 de plus, 0 de moins, 1 à une autre altitude")
+((cadr (nth 1 (plv-points-tn p))) 51.12345)
+((mapcar '(lambda (q) (list (car q) (cadr q) (plv-point-nom q))) (plv-premiers (cddr (plv-points-releves p)) 2)) ((12.5 51.0 "") (20.0 49.25 "Seuil")))
+((plv-ecarts-terrain p) nil)
+(tableau (rangees-fausses attendu)
+  ((("100" "50" "") ("x" "50" "") ("150" "46" "")) "rangée 2: station et altitude attendues")
+  ((("100" "50" "")) "deux points au moins sont attendus")
+  ((("101" "50" "") ("150" "46" "")) "ce levé commence à la station 101.00, le profil à 100.00: il en faut un nouveau")
+  ((("100" "50" "") ("120" "46" "")) "le terrain finit avant le plan de comparaison qui commence à 25.00 m: PLV-PC l'ôte"))
+((cadr (assoc "points" (fautes "PLV-LEVE" (table 'rangees-fausses)))) attendu)
