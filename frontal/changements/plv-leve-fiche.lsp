@@ -1,15 +1,16 @@
 ;; The form of PLV-LEVE: the point is dragged in the picture, a new one along the profile too.
 
-(defun plv-leve-fiche:champs ()
+(defun plv-leve-fiche:champs (/ profil)
+  (setq profil (plv-profil-propose))
   (plv-champs-avec-profil
     (list
       '("operation" "Point du terrain" "mot" "Corriger" ("Corriger" "Insérer" "Supprimer" "Nommer" "Table des points" "Remplacer le levé"))
-      (plv-champ-nombre "station" "Station" 0.0 2)
-      (plv-champ-nombre "altitude" "Altitude" 0.0 3)
+      (plv-champ-nombre-du-dessin "station" "Station" (if profil (plv-premiere-station profil) 0.0) 2)
+      (plv-champ-nombre-du-dessin "altitude" "Altitude" (if profil (cadr (car (plv-points-tn profil))) 0.0) 3)
       '("nom" "Nom du point" "texte" "" nil)
       '("fichier" "Nouveau levé" "lire" "" "Levés (*.csv *.txt *.xlsx *.xml);;Tous (*)")
       (plv-champ-landxml "terrain" "Terrain du fichier")
-      (list "points" "Points" "rangees" (if (plv-profil-propose) (plv-leve-rangees (plv-profil-propose)))
+      (list "points" "Points" "rangees" (if profil (plv-leve-rangees profil))
         '(("Station" "nombre" nil) ("Altitude" "nombre" nil) ("Nom" "texte" nil))))))
 
 (defun plv-leve-fiche:operation (valeurs) (substr (plv-cle "operation" valeurs) 1 1))
@@ -65,20 +66,27 @@
     nil (append '("station" "altitude" "nom" "points") (if (not (cdr terrains)) '("terrain")))
     (list (cons "terrain" (mapcar 'car terrains)))))
 
+(defun plv-leve-fiche:altitude-la (valeurs points d rang)
+  "When another place has just been chosen the altitude is the one that is there."
+  (if (and d (member (plv-cle "*" valeurs) '("profil" "operation" "station")) (setq d (if rang (cadr (nth rang points)) (plv-altitude-tn points d))))
+    (list (list "altitude" (plv-reel d 3)))))
+
 (defun plv-leve-fiche:regarder-point (valeurs / profil origine points d rang faute apres)
   (setq profil (plv-fiche-profil valeurs) origine (plv-premiere-station profil) points (plv-points-nommes profil))
   (if (setq d (plv-fiche-nombre valeurs "station"))
     (setq d (- d origine) rang (plv-leve:rang points d)
           faute (plv-leve:faute (plv-leve-fiche:operation valeurs) points d rang (plv-fiche-nombre valeurs "altitude") origine)
           apres (if (not faute) (plv-leve-fiche:points valeurs points d rang))))
-  (plv-regard
-    (if faute (list (list "station" faute)))
-    (list (plv-image-profil profil (append (plv-traits-profil profil) (if apres (plv-leve-fiche:poignee valeurs apres d)))))
-    (if rang (list (strcat "Ce point est à l'altitude " (plv-reel (cadr (nth rang points)) 3) ".")))
-    (append (if (not (member (plv-leve-fiche:operation valeurs) '("C" "I"))) '("altitude"))
-            (if (not (member (plv-leve-fiche:operation valeurs) '("I" "N"))) '("nom"))
-            '("fichier" "terrain" "points"))
-    nil))
+  (plv-regard-avec-valeurs
+    (plv-regard
+      (if faute (list (list "station" faute)))
+      (list (plv-image-profil profil (append (plv-traits-profil profil) (if apres (plv-leve-fiche:poignee valeurs apres d)))))
+      (if rang (list (strcat "Ce point est à l'altitude " (plv-reel (cadr (nth rang points)) 3) ".")))
+      (append (if (not (member (plv-leve-fiche:operation valeurs) '("C" "I"))) '("altitude"))
+              (if (not (member (plv-leve-fiche:operation valeurs) '("I" "N"))) '("nom"))
+              '("fichier" "terrain" "points"))
+      nil)
+    (plv-leve-fiche:altitude-la valeurs points d rang)))
 
 (defun plv-leve-fiche:faire (valeurs / operation)
   (setq operation (plv-leve-fiche:operation valeurs))

@@ -115,6 +115,8 @@
 
 (defun plv-champ-du-dessin (cle libelle valeur) "A text that belongs to the drawing." (list cle libelle "texte" valeur nil T))
 
+(defun plv-champ-nombre-du-dessin (cle libelle valeur decimales) (list cle libelle "nombre" (plv-reel valeur decimales) nil T))
+
 (defun plv-champ-nombre (cle libelle valeur decimales) (list cle libelle "nombre" (plv-reel valeur decimales) nil))
 
 ;; --- looks

@@ -141,8 +141,10 @@ const FormPicture::Item* FormPicture::handleAt(QPointF pixel) const {
 
 void FormPicture::tell(const Drag& drag, QPointF pixel, bool released) const {
   const QPointF change = pointAt(pixel) - drag.from;
-  Changes changes{{drag.up, drag.sense * change.y()}};
+  // The way up last: it counts where the front-end fills it in for a place.
+  Changes changes;
   if (!drag.along.isEmpty()) changes << std::pair(drag.along, change.x());
+  changes << std::pair(drag.up, drag.sense * change.y());
   if (onDragged) onDragged(changes, released);
 }
 

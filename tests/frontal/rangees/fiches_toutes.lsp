@@ -125,6 +125,15 @@
 (passe (faire "PLV-PROJET" '("seconde" "Remplacer" "sommets" (("100" "47" "" "") ("150" "44" "" "")))))
 ((cadr (caar (plv-lire-ligne p "Projet"))) 47.0)
 
+;; A form about a place opens with what is there, and another place that is typed brings its altitude; one that is dragged keeps its own.
+(situation "APlaceBringsItsAltitude")
+((mapcar '(lambda (cle) (plv-cle cle (reponses "PLV-LEVE" nil))) '("station" "altitude")) ("100.00" "50.000"))
+((mapcar '(lambda (cle) (plv-cle cle (reponses "PLV-PC" nil))) '("station" "altitude")) ("125.00" "30.00"))
+(tableau (changee operation station valeurs)
+  ("station" "Corriger" "130" (("altitude" "47.500"))) ("operation" "Insérer" "105" (("altitude" "50.500"))) ("altitude" "Insérer" "105" nil)
+  ("station" "Insérer" "99" nil))
+((nth 5 (plv-fiche-regarder "PLV-LEVE" (cons '("*" . changee) (reponses "PLV-LEVE" '("operation" operation "station" station))))) valeurs)
+
 ;; What is dragged along as well as up and down names both numbers.
 (situation "WhatIsDraggedBothWays")
 ((mapcar '(lambda (h) (list (cadr h) (nth 5 h))) (poignees "PLV-PROJET" '("sommets" (("100" "47" "" "") ("" "" "" "") ("150" "44" "" "")))))
