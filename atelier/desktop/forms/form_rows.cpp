@@ -27,6 +27,7 @@ class ChoiceDelegate : public QStyledItemDelegate {
  public:
   ChoiceDelegate(QStringList words, const QMap<QString, QIcon>& icons, QObject* parent)
       : QStyledItemDelegate(parent), words_(std::move(words)), icons_(icons) {}
+  void setWords(const QStringList& words) { words_ = words; }
   QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex&) const override {
     auto* box = new QComboBox(parent);
     for (const QString& word : words_) box->addItem(icons_.value(word), word);
@@ -137,9 +138,10 @@ class RowsField : public FormField {
     const QStringList words = list.toStringList();
     if (words_.contains(column) && words_[column] == words) return;
     words_[column] = words;
-    QAbstractItemDelegate* const former = table_->itemDelegateForColumn(column);
+    // An open editor still knows its delegate.
+    if (auto* const delegate = dynamic_cast<ChoiceDelegate*>(table_->itemDelegateForColumn(column)))
+      return delegate->setWords(words);
     table_->setItemDelegateForColumn(column, new ChoiceDelegate(words, icons_.value(column), table_));
-    delete former;
   }
 
   void layOut() {
