@@ -25,7 +25,7 @@
     (tranchees (base profil fiches reseaux)
      plv-tranchees plv-tranchees-rapport plv-tranchees-classeur plv-tranchees-dessin plv-tranchees-coupes plv-tranchees-questions plv-tranchees-fiche)
     (tableaux (base profil fiches plan reseaux)
-     plv-types plv-definitions plv-modeles plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet
+     plv-types plv-types-images plv-definitions plv-modeles plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet
      plv-remplissage-terrains plv-remplissage-plan plv-devers plv-remplissage-blocs plv-remplissage-reseau plv-cases plv-matrices plv-ligne-seule
      plv-devers-fiche plv-matrices-fiche)
     (cotes (base profil fiches portes)
@@ -46,7 +46,7 @@
     (echange (base terrain profil fiches plan projet)
      plv-landxml plv-landxml-projet plv-landxml-terrain plv-landxml-fiche plv-export plv-export-fiche)
     (changements (base profil fiches portes echange)
-     plv-pc plv-changer-terrain plv-leve plv-leve-remplacer plv-pc-fiche plv-leve-fiche)
+     plv-pc plv-changer-terrain plv-leve plv-leve-remplacer plv-leve-table plv-pc-fiche plv-leve-fiche)
     (saisie (base profil fiches projet ligne souris echange)
      plv-nouveau plv-nouveau-fiche plv-projet-fichier plv-projet-questions plv-projet-fiche)
     (mnt (base profil fiches plan changements tableaux echange saisie)

@@ -1,11 +1,12 @@
 ;; The form of PLV-PC: the plane that is added or changed is dragged up and down in the picture, a new one along the profile too.
 
-(defun plv-pc-fiche:champs ()
+(defun plv-pc-fiche:champs (/ profil milieu)
+  (if (setq profil (plv-profil-propose)) (setq milieu (* 0.5 (plv-longueur-profil profil))))
   (plv-champs-avec-profil
     (list
       '("operation" "Plan de comparaison" "mot" "Ajouter" ("Ajouter" "Modifier" "Supprimer" "Proposer à nouveau"))
-      (plv-champ-nombre "station" "Station" 0.0 2)
-      (plv-champ-nombre "altitude" "Altitude du plan" 0.0 2)
+      (plv-champ-nombre-du-dessin "station" "Station" (if profil (+ milieu (plv-premiere-station profil)) 0.0) 2)
+      (plv-champ-nombre-du-dessin "altitude" "Altitude du plan" (if profil (plv-plan-altitude (plv-plan-en (plv-plans profil) milieu)) 0.0) 2)
       (plv-champ-nombre "hauteur" "Hauteur dessinée maximale" 150.0 2))))
 
 (defun plv-pc-fiche:operation (valeurs) (substr (plv-cle "operation" valeurs) 1 1))

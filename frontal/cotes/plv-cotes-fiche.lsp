@@ -3,7 +3,7 @@
 (defun plv-cotes-fiche:champs ()
   (plv-champs-avec-profil
     (list
-      (list "genre" "Genre de ligne" "mot" "Projet" (plv-genres))
+      (plv-champ-genre-trace "Genre de ligne" (plv-genres))
       '("lesquelles" "Cotes" "mot" "Toutes" ("Toutes" "Altitudes" "Hauteurs")))))
 
 (defun plv-cotes-fiche:courbes (profil valeurs)

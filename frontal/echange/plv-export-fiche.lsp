@@ -6,7 +6,7 @@
       '("contenu" "Donner" "mot" "LandXML" ("LandXML" "Terrain" "Projet" "Autre terrain"))
       (list "profils" "Profils" "mots" (mapcar 'plv-numero-profil profils) (mapcar 'plv-numero-profil profils))
       (plv-champ-profil)
-      (list "genre" "Genre de ligne" "mot" (plv-genre-propose (car profils)) (plv-genres))
+      (plv-champ-genre-trace "Genre de ligne" (plv-genres))
       (list "nom" "Nom du terrain" "mot" "" (mapcar 'plv-terrain-nom (plv-terrains (car profils))))
       '("fichier" "Fichier à écrire" "ecrire" "profil.xml" "LandXML ou textes (*.xml *.csv);;Tous (*)"))
     (plv-erreur (plv-refus-sans-profil))))

@@ -96,19 +96,26 @@
 
 ;; --- fields that several forms have
 
-(defun plv-champ-profil (/ profils propose)
+(defun plv-profil-propose () "The profile that forms open with; nil for none."
+  (cond ((plv-numero-courant) (plv-profil-de-numero (plv-numero-courant))) ((car (plv-profils)))))
+
+(defun plv-champ-profil ()
   "nil after a message in a drawing without profiles."
-  (if (setq profils (plv-profils))
-    (progn
-      (setq propose (cond ((plv-numero-courant)) ((plv-numero-profil (car profils)))))
-      (list "profil" "Profil" "profil" propose (mapcar 'plv-numero-profil profils)))
+  (if (plv-profil-propose)
+    (list "profil" "Profil" "profil" (plv-numero-profil (plv-profil-propose)) (mapcar 'plv-numero-profil (plv-profils)))
     (plv-erreur (plv-refus-sans-profil))))
+
+(defun plv-champ-genre-trace (libelle genres)
+  "A kind of line, that of a line which is there."
+  (list "genre" libelle "mot" (if (plv-profil-propose) (plv-genre-propose (plv-profil-propose)) (car genres)) genres T))
 
 (defun plv-champs-avec-profil (champs / profil)
   "The fields after that of the profile; nil after a message."
   (if (setq profil (plv-champ-profil)) (cons profil champs)))
 
 (defun plv-champ-du-dessin (cle libelle valeur) "A text that belongs to the drawing." (list cle libelle "texte" valeur nil T))
+
+(defun plv-champ-nombre-du-dessin (cle libelle valeur decimales) (list cle libelle "nombre" (plv-reel valeur decimales) nil T))
 
 (defun plv-champ-nombre (cle libelle valeur decimales) (list cle libelle "nombre" (plv-reel valeur decimales) nil))
 

@@ -42,8 +42,6 @@
 
 ;; --- lists
 
-(defun plv-listes-fiche:genre (libelle) (list "genre" libelle "mot" "Projet" (plv-genres)))
-
 (setq plv-listes-fiche:fichier '("fichier" "Fichier à écrire, ou rien" "ecrire" "" "Listes (*.csv)"))
 
 (defun plv-listes-fiche:image (profil genres)
@@ -53,7 +51,7 @@
 
 (defun plv-altitudes-fiche:champs ()
   (plv-champs-avec-profil
-    (list (plv-listes-fiche:genre "Genre de ligne")
+    (list (plv-champ-genre-trace "Genre de ligne" (plv-genres))
           '("courbes" "Quelques courbes, ou toute la ligne" "objets" nil "LINE,LWPOLYLINE,POLYLINE,SPLINE,ARC") plv-listes-fiche:fichier)))
 
 (defun plv-altitudes-fiche:courbes (profil valeurs)
@@ -77,7 +75,7 @@
 
 (defun plv-points-fiche:champs ()
   (plv-champs-avec-profil
-    (list (plv-listes-fiche:genre "Genre de ligne") (list "reference" "Genre de référence" "mot" "TN" (plv-genres)) plv-listes-fiche:fichier)))
+    (list (plv-champ-genre-trace "Genre de ligne" (plv-genres)) (list "reference" "Genre de référence" "mot" "TN" (plv-genres)) plv-listes-fiche:fichier)))
 
 (defun plv-points-fiche:regarder (valeurs / profil genre reference)
   (setq profil (plv-fiche-profil valeurs) genre (plv-cle "genre" valeurs) reference (plv-cle "reference" valeurs))

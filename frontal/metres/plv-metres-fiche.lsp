@@ -26,7 +26,7 @@
 
 ;; --- the result: a table in pixels
 
-(setq plv-metres-fiche:colonnes '(4.0 150.0 260.0 370.0 480.0))
+(setq plv-metres-fiche:colonnes '(4.0 110.0 205.0 295.0 380.0))
 
 (defun plv-metres-fiche:rangee (y textes)
   (mapcar '(lambda (x texte) (list "texte" "autre" (list x y) texte)) plv-metres-fiche:colonnes textes))
@@ -41,9 +41,9 @@
     (foreach rangee (cdr r)
       (setq y (- y 18.0)
             items (append items
-                    (if (eq rangee (cadr r)) (list (list "trait" "autre" (list (list 0.0 (+ y 14.0)) (list 570.0 (+ y 14.0))))))
+                    (if (eq rangee (cadr r)) (list (list "trait" "autre" (list (list 0.0 (+ y 14.0)) (list 465.0 (+ y 14.0))))))
                     (plv-metres-fiche:rangee y (plv-metres-fiche:textes (if (eq rangee (cadr r)) (car r) "") rangee))))))
-  (list "" "tableau" (append items (list (list "trait" "autre" (list (list 0.0 0.0) (list 570.0 0.0))))) 0.0))
+  (list "" "tableau" (append items (list (list "trait" "autre" (list (list 0.0 0.0) (list 465.0 0.0))))) 0.0))
 
 (defun plv-metres-fiche:resultats (profils genres classes)
   "(results complaint): of each kind what would be measured."
@@ -95,7 +95,7 @@
 
 (defun plv-legende-fiche:champs (/ champs)
   (if (setq champs (plv-champs-avec-profil nil))
-    (append champs (list (list "genre" "Genre de projet" "mot" (plv-genre-propose (car (plv-profils))) (plv-genres-projet))))))
+    (append champs (list (plv-champ-genre-trace "Genre de projet" (plv-genres-projet))))))
 
 (defun plv-legende-fiche:regarder (valeurs / profil genre)
   (setq profil (plv-fiche-profil valeurs) genre (plv-cle "genre" valeurs))

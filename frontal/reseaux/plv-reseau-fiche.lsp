@@ -41,7 +41,7 @@
 (defun plv-reseau-fiche:genre (profil) (cond ((car (plv-genres-de-reseau profil))) ("Assainissement")))
 
 (defun plv-reseau-fiche:champs (/ profil rangees)
-  (setq profil (cond ((plv-profil-de-numero (cond ((plv-numero-courant)) ("")))) ((car (plv-profils))))
+  (setq profil (plv-profil-propose)
         rangees (if profil (plv-reseau-rangees profil (plv-reseau-fiche:genre profil))))
   (plv-champs-avec-profil
     (append

@@ -2,13 +2,13 @@
 ;; grtext are used, so that it works wherever AutoLISP does. A script answers with the same texts, and with an expression that gives a
 ;; point in place of a click.
 
-(setq plv-suivre:curseur nil)
+(setq plv-suivre:curseur nil plv-suivre:fini "Fin")
 
 (defun plv-suivre (question mots suivre:montrer / lu texte reponse)
   "A point of the drawing, a text (\"\" for Enter), or T when the user gives up. montrer (point) gives (vectors note) for a place of
-the cursor; mots: keywords that are offered."
+the cursor; mots: keywords that are offered, with one for Enter, since a mouse has no such key."
   (princ (strcat "\n" question ": "))
-  (initget (plv-joindre mots " "))
+  (initget (plv-joindre (append mots (list plv-suivre:fini)) " "))
   (setq texte "")
   (if plv-suivre:curseur (plv-suivre:voir suivre:montrer plv-suivre:curseur))
   (while (not reponse)
@@ -23,7 +23,9 @@ the cursor; mots: keywords that are offered."
       ((= (cadr lu) 27) (setq reponse T))
       (T (setq texte (plv-suivre:touche texte (cadr lu))))))
   (initget "")
-  (if (= (type reponse) 'STR) (vl-string-trim " " reponse) reponse))
+  (cond ((/= (type reponse) 'STR) reponse)
+        ((= (strcase (vl-string-trim " " reponse)) (strcase plv-suivre:fini)) "")
+        ((vl-string-trim " " reponse))))
 
 (defun plv-suivre:touche (texte code)
   "The text with a key. A host that has shown the whole line already shows no key."
@@ -44,6 +46,6 @@ the cursor; mots: keywords that are offered."
 
 (defun plv-suivre-fin ()
   "Nothing of it stays on the screen."
-  (setq plv-suivre:curseur nil)
+  (setq plv-suivre:curseur nil plv-suivre:fini "Fin")
   (redraw)
   (grtext))

@@ -23,7 +23,7 @@
       (plv-tables profil))))
 
 (defun plv-refaire:rangee (nom rangee)
-  (strcat nom " - " (rtos (plv-rangee-hauteur rangee) 2 8) " " (itoa (plv-rangee-nature rangee))
+  (strcat nom " " (plv-decimales-en-mot (plv-rangee-decimales rangee)) " " (rtos (plv-rangee-hauteur rangee) 2 8) " " (itoa (plv-rangee-nature rangee))
           (if (= (plv-rangee-infos rangee) "") "" (strcat " {" (plv-rangee-infos rangee) "}")) " " (plv-rangee-libelle rangee)))
 
 (defun plv-refaire:fichier (profil chemin / provisoire)

@@ -18,10 +18,18 @@
   (setq fait (car (vl-member-if '(lambda (f) (= (plv-fait-chose f) "TERRAIN")) (plv-faits profil))))
   (or (not fait) (plv-source-vraie-p profil fait "releve")))
 
-(defun plv-suivre-sol (profil / ecarts)
+(defun plv-suivre-sol:dire (profil avant / nombre)
+  "Says how many points are elsewhere now."
+  (setq nombre (length (vl-remove nil (mapcar '(lambda (a b) (not (equal a b 1e-6))) avant (plv-points-tn profil)))))
+  (if (> nombre 0) (plv-dire (strcat "Profil " (plv-numero-profil profil) ": " (plv-compte nombre "point déplacé") " dans le levé."))))
+
+(defun plv-suivre-sol (profil / ecarts avant)
   "Takes up what was dragged of a profile's ground; lines that were erased are an update's."
   (if (and (not (plv-refus-profil profil)) (setq ecarts (plv-ecarts-terrain profil)) (vl-every 'car ecarts) (plv-suivre-sol:du-releve-p profil))
-    (plv-reprendre-terrain profil)))
+    (progn
+      (setq avant (plv-points-tn profil))
+      (plv-reprendre-terrain profil)
+      (plv-suivre-sol:dire profil avant))))
 
 (defun plv-apres-commande (entites / profils)
   "entites: those that a command has changed or made, or T."

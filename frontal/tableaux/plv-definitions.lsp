@@ -46,6 +46,25 @@
     ((not (plv-definitions:nombre-p hauteur)) (strcat "hauteur \"" hauteur "\": un nombre est attendu, avec un point décimal"))
     (T (strcat "type \"" nature "\": un nombre est attendu"))))
 
+;; --- decimals: a row whose second word ends with a colon and a figure has so many; that word means nothing else
+
+(setq plv-decimales-usuelles 2)
+
+(defun plv-decimales-definition (mot)
+  "The decimals that a row's second word says."
+  (if (wcmatch mot "*:#") (atoi (substr mot (strlen mot))) plv-decimales-usuelles))
+
+(defun plv-decimales-en-mot (decimales) (if (= decimales plv-decimales-usuelles) "-" (strcat "-:" (itoa decimales))))
+
+(defun plv-decimales-de-texte (texte) (if (member texte '(nil "")) plv-decimales-usuelles (atoi texte)))
+
+(defun plv-definitions:regler (lignes / comptes rang)
+  "Tells the module the decimals of the rows that it has loaded, which it names by their place in their table."
+  (foreach mots (mapcar 'plv-mots-definition (vl-remove-if-not 'plv-rangee-de-definition-p lignes))
+    (setq rang (1+ (cond ((plv-cle (strcase (car mots)) comptes)) (0))) comptes (cons (cons (strcase (car mots)) rang) comptes))
+    (if (/= (plv-decimales-definition (cadr mots)) plv-decimales-usuelles)
+      (pl_ParamLigneProfil (car mots) (itoa rang) "DECIDIST" (plv-decimales-definition (cadr mots))))))
+
 (defun plv-lire-definitions (chemin / numero)
   "Loads the definitions after saying what is wrong in them; nil after a message when no row is left."
   (setq numero 0)
@@ -54,7 +73,7 @@
     (if (plv-definitions:faute ligne)
       (plv-dire (strcat chemin ", ligne " (itoa numero) ": " (plv-definitions:faute ligne) "."))))
   (cond
-    ((plv-avec-texte '(lambda () (pl_LireMatriceKavel chemin))) T)
+    ((plv-avec-texte '(lambda () (pl_LireMatriceKavel chemin))) (plv-definitions:regler (plv-lire-lignes chemin)) T)
     (T (plv-erreur (strcat chemin ": aucune ligne de matrice; attendu: NOM - hauteur type {infos} libellé")))))
 
 ;; --- the parts of a good row

@@ -1,15 +1,20 @@
 ;; The form of PLV-MATRICES: a definition that is composed, from a shipped one, one's own, a file or the drawn tables, and how its tables would
 ;; look under the profile.
 
-(defun plv-matrices-fiche:champs (/ profil)
-  (setq profil (cond ((plv-profil-de-numero (cond ((plv-numero-courant)) ("")))) ((car (plv-profils)))))
+(defun plv-matrices-fiche:definition (profil)
+  "The definition of the tables that are drawn, that for roads before there are any; empty where it isn't known."
+  (cond ((not profil) "") ((not (plv-tables profil)) "route") ((plv-matrices:fichier profil))))
+
+(defun plv-matrices-fiche:champs (/ profil definition)
+  (setq profil (plv-profil-propose)
+        definition (plv-matrices-fiche:definition profil))
   (plv-champs-avec-profil
     (list
-      (list "modele" "Modèle" "mot" "" (cons "" (plv-modeles)))
-      '("fichier" "Fichier de définition" "lire" "" "Définitions (*.txt);;Tous (*)")
+      (list "modele" "Modèle" "mot" (cond ((car (member definition (plv-modeles)))) ("")) (cons "" (plv-modeles)) T)
+      (list "fichier" "Fichier de définition" "lire" (if (member definition (plv-modeles)) "" definition) "Définitions (*.txt);;Tous (*)" T)
       (list "rangees" "Rangées" "rangees" (if profil (plv-matrices-fiche:dessinees profil))
-            (list '("Tableau" "texte" nil) (list "Contenu" "mot" (plv-types-libelles)) '("Hauteur" "nombre" nil)
-                  '("Ligne, attribut ou terrain" "texte" nil) '("Titre" "texte" nil)))
+            (list '("Tableau" "texte" nil) (list "Contenu" "image" (plv-types-en-images)) '("Hauteur" "nombre" nil)
+                  '("Ligne, attribut ou terrain" "texte" nil) '("Titre" "texte" nil) '("Décimales" "nombre" nil)))
       '("nom" "Garder comme modèle" "texte" "" nil)
       '("tout" "Coter tous les points, même serrés" "oui" nil nil))))
 
@@ -23,7 +28,7 @@
   (mapcar
     '(lambda (r)
        (list (plv-matrice-nom reference) (plv-type-libelle (plv-rangee-nature r)) (rtos (plv-rangee-hauteur r) 2 2)
-             (vl-string-trim "{} " (plv-rangee-infos r)) (plv-rangee-libelle r)))
+             (vl-string-trim "{} " (plv-rangee-infos r)) (plv-rangee-libelle r) (itoa (plv-rangee-decimales r))))
     (plv-matrice-rangees (plv-matrice reference))))
 
 ;; --- answers
@@ -40,7 +45,8 @@
     ((or (= (car rangee) "") (wcmatch (car rangee) "*[ ;{}]*")) "le nom du tableau est un mot")
     ((not (plv-type-de-libelle (cadr rangee))) "un contenu de la liste est attendu")
     ((not (and (plv-nombre (caddr rangee)) (> (plv-nombre (caddr rangee)) 0.0))) "une hauteur positive est attendue")
-    ((wcmatch (cadddr rangee) "*[{}]*") "sans accolades")))
+    ((wcmatch (cadddr rangee) "*[{}]*") "sans accolades")
+    ((not (or (member (nth 5 rangee) '(nil "")) (wcmatch (nth 5 rangee) "#"))) "de 0 à 9 décimales sont attendues")))
 
 (defun plv-matrices-fiche:source (valeurs)
   "The definition that was chosen: its name or path; empty for none."
@@ -49,7 +55,7 @@
 (defun plv-matrices-fiche:comme-p (valeurs / chemin)
   "Whether the rows are those of the chosen definition."
   (and (setq chemin (plv-chemin-definition (plv-matrices-fiche:source valeurs)))
-       (equal (mapcar 'plv-modele-ligne (plv-modele-rangees chemin)) (mapcar 'plv-modele-ligne (plv-cle "rangees" valeurs)))))
+       (equal (plv-modele-lignes (plv-modele-rangees chemin)) (plv-modele-lignes (plv-cle "rangees" valeurs)))))
 
 (defun plv-matrices-fiche:fautes (valeurs / faute)
   (cond
@@ -65,14 +71,14 @@
   (setq nature (plv-type-de-libelle (cadr rangee)))
   (cond
     ((member nature '(0 1)) (itoa (plv-point-numero point)))
-    ((= nature 3) (plv-reel (+ (plv-premiere-station profil) (car point)) 2))
+    ((= nature 3) (plv-reel (+ (plv-premiere-station profil) (car point)) (plv-decimales-de-texte (nth 5 rangee))))
     ((member nature '(4 5 6)) (cond ((cadar (plv-cellules profil (plv-matrices-fiche:rangee nature rangee) (list point)))) ("")))
     ((= nature 8) (plv-point-nom point))
     ("...")))
 
 (defun plv-matrices-fiche:rangee (nature rangee)
   "A row as the module keeps it."
-  (list 0 "" (car rangee) 0.0 2 nature (nth 4 rangee) (cadddr rangee)))
+  (list 0 "" (car rangee) 0.0 (plv-decimales-de-texte (nth 5 rangee)) nature (nth 4 rangee) (cadddr rangee)))
 
 (defun plv-matrices-fiche:cadre (x1 y1 x2 y2) (list (list x1 y1) (list x2 y1) (list x2 y2) (list x1 y2) (list x1 y1)))
 
@@ -97,10 +103,10 @@
           items (append items (plv-matrices-fiche:trait-rangee profil r y h points)) y (- y h)))
   (list "" "tableau" items 0.0))
 
-(defun plv-matrices-fiche:reprises (valeurs / chemin)
-  "The rows of a definition that has just been chosen."
-  (if (and (member (plv-cle "*" valeurs) '("modele" "fichier")) (setq chemin (plv-chemin-definition (plv-matrices-fiche:source valeurs))))
-    (list (list "rangees" (plv-modele-rangees chemin)))))
+(defun plv-matrices-fiche:reprises (valeurs / champ chemin)
+  "The rows of a definition that has just been chosen; of a name and a file the other one goes."
+  (if (and (setq champ (car (member (plv-cle "*" valeurs) '("modele" "fichier")))) (setq chemin (plv-chemin-definition (plv-cle champ valeurs))))
+    (list (list "rangees" (plv-modele-rangees chemin)) (list (if (= champ "modele") "fichier" "modele") ""))))
 
 (defun plv-matrices-fiche:regarder (valeurs / profil fautes)
   (setq profil (plv-fiche-profil valeurs) fautes (plv-matrices-fiche:fautes valeurs))
@@ -114,7 +120,7 @@
   (setq nom (plv-cle "nom" valeurs))
   (cond
     ((= nom "") (plv-matrices (plv-fiche-profil valeurs) (plv-matrices-fiche:source valeurs) (plv-cle "tout" valeurs)))
-    ((plv-garder-modele nom (mapcar 'plv-modele-ligne (plv-cle "rangees" valeurs)))
+    ((plv-garder-modele nom (plv-modele-lignes (plv-cle "rangees" valeurs)))
      (plv-matrices (plv-fiche-profil valeurs) nom (plv-cle "tout" valeurs)))))
 
 (plv-declarer-fiche "PLV-MATRICES" "Matrices du profil" "Dessiner" 'plv-matrices-fiche:champs 'plv-matrices-fiche:regarder 'plv-matrices-fiche:faire)

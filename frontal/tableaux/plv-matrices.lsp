@@ -1,5 +1,6 @@
 ;; PLV-MATRICES: draws the tables of a definition file under a profile and fills every row.
 ;; Drawing again replaces what an earlier call drew, once the new tables stand.
+;; Shared in the room: plv-matrices:fichier
 
 (defun plv-matrices (profil chemin tout / trouve points)
   "Draws and fills; gives the profile, or nil after a message. tout: every point has its cells, however close."

@@ -33,16 +33,19 @@
   (vl-mkdir (plv-modeles:propres))
   (texte-ecrire (strcat (plv-modeles:propres) "/" nom ".txt") (cons "; nom - hauteur type {infos} libellé" lignes)))
 
-;; --- the rows of a definition file, as texts: (table kind height infos label)
+;; --- the rows of a definition file, as texts: (table kind height infos label decimals)
 
 (defun plv-modeles:rangee (ligne / mots)
   (setq mots (plv-mots-definition ligne))
-  (list (car mots) (plv-type-libelle (atoi (cadddr mots))) (caddr mots) (plv-infos-definition ligne) (plv-libelle-definition ligne)))
+  (list (car mots) (plv-type-libelle (atoi (cadddr mots))) (caddr mots) (plv-infos-definition ligne) (plv-libelle-definition ligne)
+        (itoa (plv-decimales-definition (cadr mots)))))
 
 (defun plv-modele-rangees (chemin)
   (mapcar 'plv-modeles:rangee (vl-remove-if-not 'plv-rangee-de-definition-p (plv-lire-lignes chemin))))
 
-(defun plv-modele-ligne (rangee)
-  "A row as a line of a definition file."
-  (strcat (car rangee) " - " (plv-reel (plv-nombre (caddr rangee)) 3) " " (itoa (plv-type-de-libelle (cadr rangee)))
+(defun plv-modele-lignes (rangees) "Rows as the lines of a definition file." (mapcar 'plv-modeles:ligne rangees))
+
+(defun plv-modeles:ligne (rangee)
+  (strcat (car rangee) " " (plv-decimales-en-mot (plv-decimales-de-texte (nth 5 rangee))) " " (plv-reel (plv-nombre (caddr rangee)) 3) " "
+          (itoa (plv-type-de-libelle (cadr rangee)))
           (if (= (cadddr rangee) "") "" (strcat " {" (cadddr rangee) "}")) " " (nth 4 rangee)))

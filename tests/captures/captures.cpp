@@ -64,6 +64,7 @@ void pictures(MainWindow& window, Driver& driver, const QString& folder) {
     form<PlotForm>().paper->setCurrentIndex(3);
   });
   driver.shot(name(folder, "bureau-tracer")).then(closeForm);
+  driver.menu("Métrés en une fois...").shot(name(folder, "bureau-metres-fiche")).then(closeForm);
   driver.menu("Métrés...").press("Ajouter Profils").type("_ALL").type("");
   driver.shot(name(folder, "bureau-metres-choix"));
   driver.select("", {0}).press("OK").shot(name(folder, "bureau-metres"));
@@ -87,9 +88,9 @@ void surface(MainWindow& window, Driver& driver, const QString& folder) {
         .field("Courbes de l'axe")
         ->set(ask(window.drawing()->document(),
                   "(mapcar 'plv-handle (plv-entites-du-jeu (ssget \"X\" '((0 . \"LWPOLYLINE\") (8 . \"AXE\")))))"));
-    form<CommandForm>().field("Surface")->set("Fichier et calques");
-    form<CommandForm>().field("Fichier, ou dossier de dalles")->set("vallon.csv");
-    form<CommandForm>().field("Calques, * permis")->set("RUISSEAU");
+    form<CommandForm>()
+        .field("Surface, d'une source ou de plusieurs")
+        ->set(QVariantList{QStringList{"Fichier", "vallon.csv", ""}, QStringList{"Calques", "RUISSEAU", ""}});
     form<CommandForm>().look();
   });
   driver.shot(name(folder, "bureau-terrain")).then(closeForm).play();

@@ -1,5 +1,7 @@
 // Forms of commands: what is wrong stands beside its field, a depth is dragged in the picture, what was accepted is done and remembered.
+#include <QHeaderView>
 #include <QMouseEvent>
+#include <QTableWidget>
 
 #include "atelier/desktop/forms/form_command.h"
 #include "tests/desktop/desktop.h"
@@ -100,6 +102,32 @@ TEST_F(FormWindow, AVertexIsDraggedBothWaysInThePicture) {
   });
   driver.press("Tracer").play();
   EXPECT_EQ(lisp("(length (car (plv-lire-ligne (car (plv-profils)) \"Projet\")))").toInt(), 3);
+}
+
+// Rows of tables: their kinds have pictures, and a dragged row takes its place in the definition.
+TEST_F(FormWindow, RowsAreChosenFromPicturesAndDragged) {
+  driver.menu("Matrices...").then([this] {
+    CommandForm* const f = form();
+    ASSERT_TRUE(f);
+    f->field("Modèle")->set("eau-potable");
+    f->look();
+    auto* const table = f->field("Rangées")->widget()->findChild<QTableWidget*>();
+    ASSERT_TRUE(table);
+    for (int row = 0; row < table->rowCount(); ++row) EXPECT_FALSE(table->item(row, 1)->icon().isNull()) << row;
+    EXPECT_NE(table->item(0, 1)->icon().pixmap(126, 36).toImage(), table->item(1, 1)->icon().pixmap(126, 36).toImage());
+    const QVariantList before = f->field("Rangées")->value().toList();
+    table->verticalHeader()->moveSection(0, 2);
+    const QVariantList after = f->field("Rangées")->value().toList();
+    EXPECT_EQ(after[2], before[0]);
+    EXPECT_EQ(after[0], before[1]);
+    EXPECT_EQ(table->verticalHeader()->logicalIndex(0), 0) << "rows are numbered by their places";
+    table->item(0, 1)->setText("Pentes en %");
+    EXPECT_EQ(table->item(0, 1)->icon().pixmap(126, 36).toImage().size(), QSize(126, 36));
+    f->look();
+    EXPECT_EQ(f->fault("Garder comme modèle"), "un nom, sous lequel ces rangées sont gardées");
+    f->reject();
+  });
+  driver.play();
 }
 
 TEST_F(FormWindow, APlaceIsPickedInTheDrawing) {

@@ -62,8 +62,11 @@
 (defun essai:par-genre (nom fonction p)
   (mapcar '(lambda (g) (list (strcat nom " " g) (apply fonction (list p g)))) (vl-remove-if-not '(lambda (g) (apply fonction (list p g))) (plv-genres-projet))))
 
+(defun essai:sol (p) "The ground lines of all planes." (apply 'append (mapcar 'plv-lignes-du-plan (plv-entites-plans p))))
+
 (defun essai:choses (p)
   (append
+    (list (list "TERRAIN" (essai:sol p)))
     (if (plv-tables p) (cons (list "TABLEAUX" (essai:cadre p)) (cons (list "RAPPELS" (essai:rappels p)) (essai:rangees p))))
     (if (plv-cotes-du-profil p) (list (list "COTES" (plv-cotes-du-profil p))))
     (essai:par-genre "HACHURES" 'plv-hachures-du-profil p)
@@ -94,6 +97,7 @@
   (foreach g (plv-genres-projet) (plv-effacer (append (plv-hachures-du-profil p g) (plv-legendes-du-genre p g))))
   (plv-effacer (plv-portes-sur-plan p))
   (dictremove (plv-dictionnaire p) "PLV_SUIVI")
+  (plv-retracer-terrain p)
   (plv-rehabiller p)
   (if (member "TABLEAUX" noms) (plv-matrices p essai:chemin essai:tout))
   (foreach lot lots (plv-coter p (plv-lot-genre lot) (plv-lot-rotation lot) (plv-lot-lesquelles lot) (plv-lot-courbes lot)))

@@ -3,6 +3,7 @@
 #include "atelier/desktop/forms/form_command.h"
 
 #include <QHBoxLayout>
+#include <QScreen>
 #include <QSettings>
 
 #include "atelier/desktop/document/lisp_bridge.h"
@@ -162,6 +163,16 @@ void CommandForm::takePicked(const QString& key) {
   open();
 }
 
+// A form that has grown stays on the screen.
+void CommandForm::makeRoom() {
+  roomy_ = true;
+  const QRect screen = this->screen()->availableGeometry();
+  resize(sizeHint().expandedTo(kRoomy).boundedTo(screen.size()));
+  if (!isVisible()) return;
+  const QPoint most = screen.bottomRight() - QPoint(frameGeometry().width(), frameGeometry().height());
+  move(std::max(screen.left(), std::min(x(), most.x())), std::max(screen.top(), std::min(y(), most.y())));
+}
+
 void CommandForm::showPictures(const QVariantList& pictures) {
   while (pictures_.size() < pictures.size()) {
     auto* picture = new FormPicture(this);
@@ -169,7 +180,7 @@ void CommandForm::showPictures(const QVariantList& pictures) {
     side_->insertWidget(static_cast<int>(pictures_.size()), picture, 1);
     pictures_ << picture;
   }
-  if (!roomy_ && !pictures.isEmpty()) resize(sizeHint().expandedTo(kRoomy)), roomy_ = true;
+  if (!roomy_ && !pictures.isEmpty()) makeRoom();
   for (qsizetype i = 0; i < pictures_.size(); ++i) {
     pictures_[i]->setVisible(i < pictures.size());
     if (i < pictures.size()) pictures_[i]->show(pictures[i]);

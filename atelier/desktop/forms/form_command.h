@@ -39,6 +39,7 @@ class CommandForm : public QDialog {
   void addRow(const QVariantList& parts, QFormLayout& rows);
   QString answers() const;
   void show(const QVariantList& seen);
+  void makeRoom();
   void showPictures(const QVariantList& pictures);
   void changed(const QString& key);
   void pick(const QString& key);

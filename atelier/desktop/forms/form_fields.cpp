@@ -18,6 +18,9 @@ namespace {
 
 using Changed = std::function<void()>;
 
+constexpr qsizetype kSeenWords = 6;
+constexpr int kSeenCharacters = 18;  // at least, of a path or a point
+
 QPushButton* pickButton(QWidget* row, std::function<void()> pick) {
   auto* button = new QPushButton(QStringLiteral("Choisir dans le dessin"), row);
   button->setAutoDefault(false);
@@ -47,6 +50,7 @@ class FileField : public FormField {
     layout->setContentsMargins(0, 0, 0, 0);
     auto* look = new QPushButton(QStringLiteral("Parcourir..."), row_);
     layout->addWidget(edit_, 1);
+    edit_->setMinimumWidth(edit_->fontMetrics().averageCharWidth() * kSeenCharacters);
     layout->addWidget(look);
     row_->setFocusProxy(edit_);
     QObject::connect(edit_, &QLineEdit::textChanged, edit_, [changed = std::move(changed)] { changed(); });
@@ -92,7 +96,7 @@ class WordField : public FormField {
 class WordsField : public FormField {
  public:
   WordsField(const QVariant& choices, Changed changed, QWidget* parent) : list_(new QListWidget(parent)) {
-    list_->setMaximumHeight(110);
+    list_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     choose(choices);
     QObject::connect(list_, &QListWidget::itemChanged, list_, [changed = std::move(changed)] { changed(); });
   }
@@ -119,6 +123,8 @@ class WordsField : public FormField {
     words_ = choices.toStringList();
     list_->clear();
     list_->addItems(words_);
+    const qsizetype seen = std::clamp<qsizetype>(words_.size(), 1, kSeenWords);
+    list_->setFixedHeight(list_->sizeHintForRow(0) * static_cast<int>(seen) + 4 * list_->frameWidth() + 2);
     set(kept);
   }
 
@@ -149,6 +155,7 @@ class PointField : public FormField {
     auto* layout = new QHBoxLayout(row_);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(edit_, 1);
+    edit_->setMinimumWidth(edit_->fontMetrics().averageCharWidth() * kSeenCharacters);
     layout->addWidget(pickButton(row_, std::move(pick)));
     row_->setFocusProxy(edit_);
     QObject::connect(edit_, &QLineEdit::textChanged, edit_, [changed = std::move(changed)] { changed(); });

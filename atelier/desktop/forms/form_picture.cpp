@@ -10,7 +10,8 @@ namespace atelier::desktop {
 namespace {
 
 constexpr double kEdge = 12, kScaleRoom = 46, kReach = 6;  // pixels
-constexpr int kTicks = 6;
+constexpr int kTicks = 6, kLeastTable = 490;
+constexpr int kSmallText = 10;
 constexpr double kHold = 3;  // pixels, half of a handle that is one point
 
 // "#RRGGBB pixels dash gap ...", dashes and gaps in pixels too.
@@ -66,12 +67,13 @@ FormPicture::FormPicture(QWidget* parent) : QWidget(parent) {
 }
 
 FormPicture::Item FormPicture::itemOf(const QVariantList& parts) {
-  Item item{parts.value(0).toString(), parts.value(1).toString(), {}, {}, {}, {}, 1};
+  Item item{parts.value(0).toString(), parts.value(1).toString(), {}, {}, {}, {}, 1, 0};
   if (item.kind == "trait") {
     item.points = pointsOf(parts.value(2));
   } else if (item.kind == "texte") {
     item.points = pointsOf(QVariantList{parts.value(2)});
     item.words = parts.value(3).toString();
+    item.angle = parts.value(4).toDouble();
   } else {
     item.up = parts.value(1).toString();
     item.role = parts.value(2).toString();
@@ -90,7 +92,9 @@ void FormPicture::show(const QVariant& picture) {
   items_.clear();
   for (const QVariant& item : parts.value(2).toList()) items_ << itemOf(item.toList());
   if (!drag_) fit();
-  if (mode_ == "tableau") setMinimumHeight(static_cast<int>(extent_.height() + 2 * kEdge));
+  if (mode_ == "tableau")
+    setMinimumSize(std::min(kLeastTable, static_cast<int>(extent_.width() + 2 * kEdge)),
+                   static_cast<int>(extent_.height() + 2 * kEdge));
   update();
 }
 
@@ -137,8 +141,10 @@ const FormPicture::Item* FormPicture::handleAt(QPointF pixel) const {
 
 void FormPicture::tell(const Drag& drag, QPointF pixel, bool released) const {
   const QPointF change = pointAt(pixel) - drag.from;
-  Changes changes{{drag.up, drag.sense * change.y()}};
+  // The way up last: it counts where the front-end fills it in for a place.
+  Changes changes;
   if (!drag.along.isEmpty()) changes << std::pair(drag.along, change.x());
+  changes << std::pair(drag.up, drag.sense * change.y());
   if (onDragged) onDragged(changes, released);
 }
 
@@ -183,12 +189,33 @@ void FormPicture::paint(QPainter& painter, const Item& item) const {
   QPolygonF line;
   for (const QPointF& p : item.points) line << at(p);
   if (item.kind == "texte") {
-    if (!line.isEmpty()) painter.drawText(line.front() + QPointF(3, mode_ == "tableau" ? 0 : -3), item.words);
+    if (line.isEmpty()) return;
+    painter.save();
+    painter.translate(line.front());
+    painter.rotate(-item.angle);
+    painter.drawText(QPointF(item.angle != 0 ? 0 : 3, mode_ == "tableau" ? 0 : -3), item.words);
+    painter.restore();
   } else if (line.size() == 1) {
     painter.drawRect(QRectF(line.front() - QPointF(kHold, kHold), QSizeF(2 * kHold, 2 * kHold)));
   } else {
     painter.drawPolyline(line);
   }
+}
+
+QPixmap FormPicture::drawn(const QVariant& items, QSize size, const QWidget& like) {
+  FormPicture picture(nullptr);
+  picture.show(QVariantList{QString(), QStringLiteral("tableau"), items, 0.0});
+  QPixmap pixmap(size * like.devicePixelRatioF());
+  pixmap.setDevicePixelRatio(like.devicePixelRatioF());
+  pixmap.fill(like.palette().color(QPalette::Base));
+  QPainter painter(&pixmap);
+  painter.setRenderHint(QPainter::Antialiasing);
+  QFont font = like.font();
+  font.setPixelSize(kSmallText);
+  painter.setFont(font);
+  painter.translate(-kEdge, -kEdge);
+  for (const Item& item : picture.items_) picture.paint(painter, item);
+  return pixmap;
 }
 
 void FormPicture::paintEvent(QPaintEvent*) {

@@ -1,5 +1,6 @@
 // The pictures of a form: lines by distance and altitude, or in plan, and lines that are dragged to change a number.
 #pragma once
+#include <QPixmap>
 #include <QPointF>
 #include <QVariant>
 #include <QVector>
@@ -19,6 +20,8 @@ class FormPicture : public QWidget {
   // press of the button.
   using Changes = QList<std::pair<QString, double>>;
   std::function<void(const Changes& changes, bool released)> onDragged;
+  // A small picture of items in pixels, as mode "tableau" has them, from its upper left corner.
+  static QPixmap drawn(const QVariant& items, QSize size, const QWidget& like);
   // Where a point of the picture is, in pixels of the widget.
   QPointF at(QPointF point) const;
 
@@ -34,7 +37,7 @@ class FormPicture : public QWidget {
   struct Item {
     QString kind, role, words, up, along;  // up, along: the keys of the numbers that go with the hand; empty for none
     QVector<QPointF> points;
-    double sense = 1;
+    double sense = 1, angle = 0;  // angle: of a text, in degrees to the left
   };
   struct Drag {
     QString up, along;

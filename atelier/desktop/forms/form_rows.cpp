@@ -14,17 +14,25 @@
 
 #include "atelier/desktop/document/lisp_bridge.h"
 #include "atelier/desktop/forms/file_choice.h"
+#include "atelier/desktop/forms/form_picture.h"
 
 namespace atelier::desktop {
 namespace {
 
+constexpr QSize kPicture(126, 36);
+constexpr int kSeenChoices = 14, kWidest = 600, kScrollBar = 20;
+
 // Cells of one of several words are edited with a list of them.
 class ChoiceDelegate : public QStyledItemDelegate {
  public:
-  ChoiceDelegate(QStringList words, QObject* parent) : QStyledItemDelegate(parent), words_(std::move(words)) {}
+  ChoiceDelegate(QStringList words, const QMap<QString, QIcon>& icons, QObject* parent)
+      : QStyledItemDelegate(parent), words_(std::move(words)), icons_(icons) {}
+  void setWords(const QStringList& words) { words_ = words; }
   QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem&, const QModelIndex&) const override {
     auto* box = new QComboBox(parent);
-    box->addItems(words_);
+    for (const QString& word : words_) box->addItem(icons_.value(word), word);
+    if (!icons_.isEmpty()) box->setIconSize(kPicture);
+    box->setMaxVisibleItems(kSeenChoices);
     connect(box, &QComboBox::activated, box, [this, box] {
       auto* self = const_cast<ChoiceDelegate*>(this);
       emit self->commitData(box);
@@ -41,6 +49,7 @@ class ChoiceDelegate : public QStyledItemDelegate {
 
  private:
   QStringList words_;
+  QMap<QString, QIcon> icons_;
 };
 
 class RowsField : public FormField {
@@ -54,8 +63,13 @@ class RowsField : public FormField {
       const QVariantList column = list[i].toList();
       titles << column.value(0).toString();
       if (column.value(1).toString() == "lire") files_ = FileColumn{i, column.value(2).toString()};
-      if (column.value(1).toString() != "mot") continue;
-      giveWords(i, column.value(2).toStringList());
+      if (column.value(1).toString() == "image") {
+        giveWords(i, pictured(i, column.value(2).toList()));
+      } else if (column.value(1).toString() == "mot") {
+        giveWords(i, column.value(2).toStringList());
+      } else {
+        continue;
+      }
       if (first_.size() <= i) first_.resize(i + 1);
       first_[i] = words_[i].value(0);
     }
@@ -66,7 +80,10 @@ class RowsField : public FormField {
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setMinimumHeight(200);
     layOut();
-    QObject::connect(table_, &QTableWidget::itemChanged, table_, [this] { tell(); });
+    QObject::connect(table_, &QTableWidget::itemChanged, table_, [this](QTableWidgetItem* item) {
+      showPicture(*item);
+      tell();
+    });
     QObject::connect(table_->verticalHeader(), &QHeaderView::sectionMoved, table_, [this] { settle(); });
   }
   QWidget* widget() override { return box_; }
@@ -99,13 +116,32 @@ class RowsField : public FormField {
     QString filter;
   };
 
+  // The words of choices that have pictures.
+  QStringList pictured(int column, const QVariantList& choices) {
+    QStringList words;
+    for (const QVariant& choice : choices) {
+      words << choice.toList().value(0).toString();
+      icons_[column][words.back()] = QIcon(FormPicture::drawn(choice.toList().value(1), kPicture, *table_));
+    }
+    table_->setIconSize(kPicture);
+    table_->verticalHeader()->setDefaultSectionSize(kPicture.height() + 2);
+    return words;
+  }
+
+  void showPicture(QTableWidgetItem& item) {
+    if (!icons_.contains(item.column())) return;
+    const QSignalBlocker quiet(table_);
+    item.setIcon(icons_[item.column()].value(item.text()));
+  }
+
   void giveWords(int column, const QVariant& list) {
     const QStringList words = list.toStringList();
     if (words_.contains(column) && words_[column] == words) return;
     words_[column] = words;
-    QAbstractItemDelegate* const former = table_->itemDelegateForColumn(column);
-    table_->setItemDelegateForColumn(column, new ChoiceDelegate(words, table_));
-    delete former;
+    // An open editor still knows its delegate.
+    if (auto* const delegate = dynamic_cast<ChoiceDelegate*>(table_->itemDelegateForColumn(column)))
+      return delegate->setWords(words);
+    table_->setItemDelegateForColumn(column, new ChoiceDelegate(words, icons_.value(column), table_));
   }
 
   void layOut() {
@@ -156,6 +192,10 @@ class RowsField : public FormField {
     for (int row = 0; row < rows.size(); ++row)
       for (int column = 0; column < table_->columnCount(); ++column)
         table_->setItem(row, column, new QTableWidgetItem(rows[row].value(column)));
+    for (const int column : icons_.keys())
+      for (int row = 0; row < rows.size(); ++row) showPicture(*table_->item(row, column));
+    const int width = table_->horizontalHeader()->length() + table_->verticalHeader()->width() + kScrollBar;
+    table_->setMinimumWidth(std::min(kWidest, width));
     quiet_ = false;
     tell();
   }
@@ -241,6 +281,7 @@ class RowsField : public FormField {
   std::function<void()> changed_;
   QStringList first_;
   QMap<int, QStringList> words_;
+  QMap<int, QMap<QString, QIcon>> icons_;
   std::optional<FileColumn> files_;
   bool quiet_ = false;
 };

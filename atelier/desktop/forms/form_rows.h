@@ -7,7 +7,8 @@
 
 namespace atelier::desktop {
 
-// The columns are (title kind choices) each; a cell of kind "mot" is one of the choices, one of kind "lire" the name of a file, the
+// The columns are (title kind choices) each; a cell of kind "mot" is one of the choices, so is one of kind "image", whose choices are
+// (word items) with a small picture each; one of kind "lire" is the name of a file, the
 // choices being its filter. Other choices are (column word ...) for each column that has them.
 std::unique_ptr<FormField> makeRowsField(const QVariant& columns, std::function<void()> changed, QWidget* parent);
 

@@ -78,11 +78,17 @@
 (preparer
   (setq rangees '(("A" "Altitudes du terrain" "6" "" "Terrain") ("A" "Profondeurs" "4,5" "Projet" "Prof. de la conduite") ("B" "Observations" "9" "" "Lieux")))
   (defun choisir (cle valeur)
-    (assoc "rangees" (nth 5 (plv-fiche-regarder "PLV-MATRICES" (cons (cons "*" cle) (reponses "PLV-MATRICES" (list cle valeur))))))))
+    (assoc "rangees" (nth 5 (plv-fiche-regarder "PLV-MATRICES" (cons (cons "*" cle) (reponses "PLV-MATRICES" (list "modele" "" cle valeur))))))))
+;; every kind has its picture
+((vl-remove-if '(lambda (image) (cddr (cadr image))) (plv-types-en-images)) nil)
 ;; a definition that is chosen fills the table in; without another choice nothing is filled in
 ((length (cadr (choisir "modele" "eau-potable"))) 8)
-((caadr (choisir "fichier" "<source>/exemples/matrices-route.txt")) ("ROUTE" "Numéros" "2.0" "" "Numéro"))
+((caadr (choisir "fichier" "<source>/exemples/matrices-route.txt")) ("ROUTE" "Numéros" "2.0" "" "Numéro" "2"))
 ((nth 5 (plv-fiche-regarder "PLV-MATRICES" (reponses "PLV-MATRICES" nil))) nil)
+;; the one that was there, name or file, goes
+((assoc "fichier" (nth 5 (plv-fiche-regarder "PLV-MATRICES" (cons '("*" . "modele") (reponses "PLV-MATRICES" '("modele" "route" "fichier" "x.txt")))))) ("fichier" ""))
+;; before there are tables those for roads are proposed, then the ones that are there
+((fautes "PLV-MATRICES" nil) nil)
 ;; rows that are no definition's need a name
 ((cadr (assoc "nom" (fautes "PLV-MATRICES" (list "rangees" rangees)))) "un nom, sous lequel ces rangées sont gardées")
 ((fautes "PLV-MATRICES" (list "rangees" (cadr (choisir "modele" "route")) "modele" "route")) nil)
@@ -90,14 +96,21 @@
   (("A B" "Profondeurs" "4" "" "") "rangée 1: le nom du tableau est un mot")
   (("A" "Fondeurs" "4" "" "") "rangée 1: un contenu de la liste est attendu")
   (("A" "Profondeurs" "-4" "" "") "rangée 1: une hauteur positive est attendue")
-  (("A" "Profondeurs" "4" "{V}" "") "rangée 1: sans accolades"))
+  (("A" "Profondeurs" "4" "{V}" "") "rangée 1: sans accolades")
+  (("A" "Profondeurs" "4" "" "" "dix") "rangée 1: de 0 à 9 décimales sont attendues"))
 ((cadr (assoc "rangees" (fautes "PLV-MATRICES" (list "rangees" (list 'rangee))))) attendu)
 
 (situation "AComposedDefinitionIsKeptByItsName")
-(passe (faire "PLV-MATRICES" '("nom" "essai maison" "rangees" (("A" "Altitudes du terrain" "6" "" "Terrain") ("A" "Profondeurs" "4,5" "Projet" "Prof. de la conduite")))))
+(passe (faire "PLV-MATRICES" '("nom" "essai maison" "rangees" (("A" "Altitudes du terrain" "6" "" "Terrain" "3") ("A" "Profondeurs" "4,5" "Projet" "Prof. de la conduite" "")))))
+((plv-lire-lignes (plv-chemin-definition "essai maison")) ("; nom - hauteur type {infos} libellé" "A -:3 6.000 4 Terrain" "A - 4.500 6 {Projet} Prof. de la conduite"))
+((mapcar 'plv-rangee-decimales (plv-matrice-rangees (plv-matrice (car (plv-tables p))))) (3 2))
+((list (ssget "X" '((0 . "TEXT") (1 . "49.50"))) (sslength (ssget "X" '((0 . "TEXT") (1 . "49.500"))))) (nil 1))
+;; a definition that is gone is written of what is drawn, decimals too
+((substr (car (plv-refaire:definition p)) 1 5) "A -:3")
 ((mapcar 'plv-rangee-libelle (plv-matrice-rangees (plv-matrice (car (plv-tables p))))) ("Terrain" "Prof. de la conduite"))
 ((car (plv-modeles)) "essai maison")
-((plv-modele-rangees (plv-chemin-definition "essai maison")) (("A" "Altitudes du terrain" "6.000" "" "Terrain") ("A" "Profondeurs" "4.500" "Projet" "Prof. de la conduite")))
+((list (plv-cle "modele" (reponses "PLV-MATRICES" nil)) (fautes "PLV-MATRICES" nil)) ("essai maison" nil))
+((plv-modele-rangees (plv-chemin-definition "essai maison")) (("A" "Altitudes du terrain" "6.000" "" "Terrain" "3") ("A" "Profondeurs" "4.500" "Projet" "Prof. de la conduite" "2")))
 ;; by its name at the prompt too, and known as its source
 (tape ("PLV-MATRICES" "essai maison" "Tous") "Matrices: 5 points cotés.")
 ((vl-every 'plv-etat-a-jour-p (plv-etats p)) T)

@@ -73,6 +73,11 @@
 ((plv-cle "<CLIENT>" (plv-cartouche-marques)) "")
 
 (situation "LinesAndLists")
+;; forms about a line open with one that is there
+(preparer (plv-transferer p "Voirie"))
+((mapcar '(lambda (c) (cadddr (assoc "genre" (caddr (plv-fiche c))))) '("CotAutoKavel" "PLV-POINTS" "PLV-ALTITUDES" "PLV-LEGENDE" "PLV-EXPORT"))
+ ("Voirie" "Voirie" "Voirie" "Voirie" "Voirie"))
+(preparer (plv-effacer-courbes p (plv-elements p "Voirie")) (plv-projet p "Projet" '((100.0 48.0) (150.0 44.5))))
 (passe (faire "PLV-LIGNES" '("genre" "Voirie" "points" (("0+100" "49") ("120,0" "48") ("150" "45")))))
 ((length (plv-elements p "Voirie")) 3)
 (dit (faire "PLV-ALTITUDES" '("genre" "Voirie")) "     120.000      48.000")
@@ -120,6 +125,15 @@
 (passe (faire "PLV-PROJET" '("seconde" "Remplacer" "sommets" (("100" "47" "" "") ("150" "44" "" "")))))
 ((cadr (caar (plv-lire-ligne p "Projet"))) 47.0)
 
+;; A form about a place opens with what is there, and another place that is typed brings its altitude; one that is dragged keeps its own.
+(situation "APlaceBringsItsAltitude")
+((mapcar '(lambda (cle) (plv-cle cle (reponses "PLV-LEVE" nil))) '("station" "altitude")) ("100.00" "50.000"))
+((mapcar '(lambda (cle) (plv-cle cle (reponses "PLV-PC" nil))) '("station" "altitude")) ("125.00" "30.00"))
+(tableau (changee operation station valeurs)
+  ("station" "Corriger" "130" (("altitude" "47.500"))) ("operation" "Insérer" "105" (("altitude" "50.500"))) ("altitude" "Insérer" "105" nil)
+  ("station" "Insérer" "99" nil))
+((nth 5 (plv-fiche-regarder "PLV-LEVE" (cons '("*" . changee) (reponses "PLV-LEVE" '("operation" operation "station" station))))) valeurs)
+
 ;; What is dragged along as well as up and down names both numbers.
 (situation "WhatIsDraggedBothWays")
 ((mapcar '(lambda (h) (list (cadr h) (nth 5 h))) (poignees "PLV-PROJET" '("sommets" (("100" "47" "" "") ("" "" "" "") ("150" "44" "" "")))))
@@ -151,3 +165,26 @@
 ((plv-perimees (list p)) nil)
 ((plv-regler-classes avant) T)
 ((> (length (vl-remove-if 'plv-etat-a-jour-p (plv-etats p))) 0) T)
+
+;; The ground as a table: rows that stay keep their exact values, others are taken in the order of their stations; what changed is told.
+(situation "TheGroundIsATable")
+(preparer
+  (plv-ecrire-terrain p (mapcar '(lambda (q) (list (car q) (if (= (car q) 10.0) 51.12345 (cadr q)))) (plv-points-tn p)))
+  (plv-retracer-terrain p)
+  (defun rangees () (plv-cle "points" (reponses "PLV-LEVE" nil)))
+  (defun table (rangees) (list "operation" "Table des points" "points" rangees)))
+;; the point that a plane has put in is no row
+((mapcar 'car (rangees)) ("100.000" "110.000" "120.000" "130.000" "150.000"))
+((cadr (nth 1 (rangees))) "51.123")
+((length (poignees "PLV-LEVE" (table (rangees)))) 5)
+(dit (faire "PLV-LEVE" (table (append (subst '("120.000" "49.25" "Seuil") (nth 2 (rangees)) (rangees)) '(("0+112,5" "51" "")))))
+  "Levé remplacé: 6 points au lieu de 5; 1 de plus, 0 de moins, 1 à une autre altitude")
+((cadr (nth 1 (plv-points-tn p))) 51.12345)
+((mapcar '(lambda (q) (list (car q) (cadr q) (plv-point-nom q))) (plv-premiers (cddr (plv-points-releves p)) 2)) ((12.5 51.0 "") (20.0 49.25 "Seuil")))
+((plv-ecarts-terrain p) nil)
+(tableau (rangees-fausses attendu)
+  ((("100" "50" "") ("x" "50" "") ("150" "46" "")) "rangée 2: station et altitude attendues")
+  ((("100" "50" "")) "deux points au moins sont attendus")
+  ((("101" "50" "") ("150" "46" "")) "ce levé commence à la station 101.00, le profil à 100.00: il en faut un nouveau")
+  ((("100" "50" "") ("120" "46" "")) "le terrain finit avant le plan de comparaison qui commence à 25.00 m: PLV-PC l'ôte"))
+((cadr (assoc "points" (fautes "PLV-LEVE" (table 'rangees-fausses)))) attendu)

@@ -110,7 +110,7 @@
   (plv-matrices p "<dossier>t.txt" T)
   (setq l (plv-lignes-du-plan (car (plv-entites-plans p))) poignees (mapcar 'plv-handle l) avant (leve))
   (defun vieux () (mapcar '(lambda (e) (plv-chose-en-mots p (plv-etat-fait e))) (vl-remove-if 'plv-etat-a-jour-p (plv-etats p)))))
-(tape ("MOVE" "(nth 1 l)" "" "0,0" "0,-10") (sauf "Erreur"))
+(tape ("MOVE" "(nth 1 l)" "" "0,0" "0,-10") "Profil 12: 2 points déplacés dans le levé." (sauf "Erreur"))
 ((mapcar 'cadr (plv-points-tn p)) (50.0 50.0 48.5 47.0 37.5 36.0))
 ((list (suivi-p) (plv-ecarts-terrain p) (vieux)) (T nil ("Lignes de rappel" "Rangée Altitude TN")))
 ;; the lines are the same entities
