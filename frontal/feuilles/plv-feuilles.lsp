@@ -210,8 +210,8 @@ where there are no points."
       (list (plv-bande-plan mesures echelle bande debut fin)
             (plv-bande-dessins mesures echelle (plv-place-largeur place) (plv-place-hauteur place) bande debut fin)))))
 
-(defun plv-feuilles:de-profil (mesures echelle place titre rang / largeur hauteur coupures encarts faute feuilles bouts bande)
-  "The sheets of one profile, numbered from rang; nil after a message."
+(defun plv-feuilles:decouper (mesures echelle place / largeur hauteur coupures encarts faute)
+  "How a profile is shared among sheets: (measures cuts insets height-of-plans); nil after a message."
   (setq largeur (* 0.001 echelle (plv-place-largeur place))
         hauteur (* 0.001 echelle (plv-place-hauteur place))
         coupures (plv-feuilles:coupures mesures largeur hauteur)
@@ -219,26 +219,34 @@ where there are no points."
         faute (plv-feuilles:refus mesures echelle place coupures encarts))
   (if faute
     (plv-erreur faute)
-    (progn
-      (setq bouts (append '(nil) coupures '(nil)) bande (plv-feuilles:bande-plan mesures echelle place encarts))
-      (while (cdr bouts)
-        (setq feuilles (cons (plv-feuilles:une mesures echelle place titre (+ rang (length feuilles)) (car bouts) (cadr bouts) encarts bande) feuilles)
-              bouts (cdr bouts)))
-      (reverse feuilles))))
+    (list mesures coupures encarts (plv-feuilles:bande-plan mesures echelle place encarts))))
+
+(defun plv-feuilles:de-profil (decoupe echelle place titre rang / feuilles bouts)
+  "The sheets of one profile, numbered from rang."
+  (setq bouts (append '(nil) (cadr decoupe) '(nil)))
+  (while (cdr bouts)
+    (setq feuilles (cons (plv-feuilles:une (car decoupe) echelle place titre (+ rang (length feuilles)) (car bouts) (cadr bouts)
+                           (caddr decoupe) (cadddr decoupe))
+                     feuilles)
+          bouts (cdr bouts)))
+  (reverse feuilles))
 
 (defun plv-feuilles:numeroter (feuilles)
   "With the size of the set in the texts of each."
   (mapcar '(lambda (f) (append (list (car f) (cadr f) (cons (cons "<FEUILLES>" (itoa (length feuilles))) (caddr f))) (cdddr f)))
           feuilles))
 
-(defun plv-feuilles:toutes (mesures echelle place titre / feuilles nouvelles)
-  "The sheets of all profiles; nil after a message."
-  (setq nouvelles T)
-  (foreach m mesures
-    (if nouvelles
-      (setq nouvelles (plv-feuilles:de-profil m echelle place titre (1+ (length feuilles)))
-            feuilles (append feuilles nouvelles))))
-  (if nouvelles (plv-feuilles:numeroter feuilles)))
+(defun plv-feuilles:toutes (mesures echelle place titre liste / decoupes pages feuilles)
+  "The sheets of all profiles, on request with their list before them; nil after a message."
+  (setq decoupes '(T))
+  (foreach m mesures (if (car decoupes) (setq decoupes (cons (plv-feuilles:decouper m echelle place) decoupes))))
+  (if (car decoupes)
+    (progn
+      (setq decoupes (cdr (reverse decoupes))
+            pages (if liste (plv-liste-pages (apply '+ (mapcar '(lambda (d) (1+ (length (cadr d)))) decoupes)) place) 0))
+      (foreach d decoupes
+        (setq feuilles (append feuilles (plv-feuilles:de-profil d echelle place titre (+ pages 1 (length feuilles))))))
+      (plv-feuilles:numeroter (append (if liste (plv-liste-feuilles feuilles place titre)) feuilles)))))
 
 ;; --- the template: what it leaves for profiles, (width height sheet corner left bottom) in millimetres: the size of the sheet, the lower
 ;; left corner of the sheet in the template, the lower left corner of the room from there

@@ -89,6 +89,34 @@ def check_title_block(found):
     expect("the latest revision is above", places(found, "Seconde")[0][1] < places(found, "Première")[0][1], True)
 
 
+def check_list(folder, profile):
+    """The list as the first page: a row for every sheet, counted among them, in the PDF and in the layout alike; on small sheets it goes on."""
+    said = run(folder, profile + ["PLV-FEUILLES", "A2", "Liste", "1000", "Rue élargie", "l.pdf", "PLV-PRESENTATIONS", "A2", "Liste", "1000", "Rue élargie"],
+               "--layout", "Feuille 1", "--plot", "l1.pdf", "--layout", "Feuille 3", "--plot", "l3.pdf")
+    pdf = os.path.join(folder, "l.pdf")
+    expect("sheets with their list", "l.pdf: 3 feuilles au 1:1000." in said, True)
+    outline = re.findall(r'<item page="(\d+)">([^<]*)<', read("pdftohtml", "-xml", "-i", "-stdout", pdf))
+    expect("its bookmark", [outline[0][1], outline[1][1][:9]], ["Liste des feuilles", "Feuille 2"])
+    found = words(pdf, 1)
+    rows = {}
+    for word, x, y in found:
+        if y < 100:
+            rows.setdefault(round(y), []).append((x, word))
+    lines = [" ".join(w for _, w in sorted(row)) for _, row in sorted(rows.items())]
+    cut = next((line.split()[4] for line in lines if line.startswith("2 L")), "")
+    expect("rows of the list", lines[-2:], [f"2 L 0.00 à {cut} 1:1000 - 1:100 oui", f"3 L {cut} à 600.00 1:1000 - 1:100 oui"])
+    marks = [w for w, x, _ in words(pdf, 2) if x > 570 and w.isdigit()]
+    expect("the sheet that goes on is counted with the list", "3" in marks, True)
+    for page in (1, 3):
+        its = words(os.path.join(folder, f"l{page}.pdf"), 1)
+        lost = [w for w in words(pdf, page) if not any(w[0] == v[0] and math.dist(w[1:], v[1:]) < 0.3 for v in its)]
+        expect(f"what layout {page} of a set with a list misses", lost[:3], [])
+    said = run(folder, profile + ["PLV-FEUILLES", "A4", "Liste", "Liste", "2000", "x", "sans.pdf"] +
+               ['(princ (strcat "pages " (itoa (plv-liste-pages 40 (plv-feuilles:place (plv-feuilles:modele "A4"))))))'])
+    expect("a list that is taken back", "Liste des feuilles" in read("pdftohtml", "-xml", "-i", "-stdout", os.path.join(folder, "sans.pdf")), False)
+    expect("40 rows on A4", "pages 3" in said, True)
+
+
 def check_layouts(folder, profile, pdf):
     """The layouts of the same sheets, made twice, hold every word where the PDF has it, and another program reads them."""
     run(folder, profile + ["PLV-PRESENTATIONS", "A2", "1000", "autre titre", "PLV-PRESENTATIONS", "A2", "1000", "Rue élargie"], "--save", "p.dxf",
@@ -129,9 +157,10 @@ def main():
         expect("pages", check_file(pdf), 2)
         first = words(pdf, 1)
         check_title_block(first)
-        check_plan(first, [50, 100, 250, 350], 1000)
+        check_plan(first, [50, 100, 200, 250], 1000)
         expect("the second sheet has its plan", len(places(words(pdf, 2), "550")) >= 2, True)
         check_layouts(folder, profile + fields, pdf)
+        check_list(folder, profile)
         # By itself the scale leaves room for the plan; on A4 there is none.
         said = run(folder, profile + ["PLV-FEUILLES", "A4", "2000", "Rue", "a4.pdf"])
         expect("a plan without room is told", "pas de place pour le plan" in said, True)

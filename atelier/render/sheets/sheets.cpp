@@ -106,7 +106,8 @@ void SheetSet::paint(std::size_t sheet, const SheetCanvas& canvas) {
   const OpenTemplate opened(model_, sheets_[sheet].texts);
   const WholeScene frame(opened.database);
   const SheetPage page(canvas, model_, info_.inks);
-  page.views(scene_, sheets_[sheet]);
+  // A page of words and lines alone shows no part of the drawing.
+  if (!sheets_[sheet].views.empty() || sheets_[sheet].items.empty()) page.views(scene_, sheets_[sheet]);
   page.items(sheets_[sheet].items);
   page.show(frame, page.paper(), fonts::rectangle(model_.sheet).bounds(page.paper()));
   warn(frame.warnings());
