@@ -236,6 +236,12 @@ where there are no points."
   (mapcar '(lambda (f) (append (list (car f) (cadr f) (cons (cons "<FEUILLES>" (itoa (length feuilles))) (caddr f))) (cdddr f)))
           feuilles))
 
+(defun plv-feuilles:avec-logo (feuilles logo)
+  "With a logo among what is drawn on each, nil for none."
+  (if logo
+    (mapcar '(lambda (f) (list (car f) (cadr f) (caddr f) (cadddr f) (nth 4 f) (nth 5 f) (append (nth 6 f) (list logo)))) feuilles)
+    feuilles))
+
 (defun plv-feuilles:toutes (mesures echelle place titre liste / decoupes pages feuilles)
   "The sheets of all profiles, on request with their list before them; nil after a message."
   (setq decoupes '(T))
@@ -246,10 +252,12 @@ where there are no points."
             pages (if liste (plv-liste-pages (apply '+ (mapcar '(lambda (d) (1+ (length (cadr d)))) decoupes)) place) 0))
       (foreach d decoupes
         (setq feuilles (append feuilles (plv-feuilles:de-profil d echelle place titre (+ pages 1 (length feuilles))))))
-      (plv-feuilles:numeroter (append (if liste (plv-liste-feuilles feuilles place titre)) feuilles)))))
+      (plv-feuilles:avec-logo (plv-feuilles:numeroter (append (if liste (plv-liste-feuilles feuilles place titre)) feuilles))
+        (plv-logo-dessin (plv-place-logo place))))))
 
-;; --- the template: what it leaves for profiles, (width height sheet corner left bottom) in millimetres: the size of the sheet, the lower
-;; left corner of the sheet in the template, the lower left corner of the room from there
+;; --- the template: what it leaves for profiles, (width height sheet corner left bottom logo) in millimetres: the size of the sheet, the
+;; lower left corner of the sheet in the template, the lower left corner of the room from there; the room of a logo from the corner of that
+;; for profiles, (x y width height), nil without one
 
 (defun plv-place-largeur (place) (car place))
 (defun plv-place-hauteur (place) (cadr place))
@@ -258,9 +266,12 @@ where there are no points."
 (defun plv-place-gauche (place) (nth 4 place))
 (defun plv-place-bas (place) (nth 5 place))
 
+(defun plv-place-logo (place) (nth 6 place))
+
 (defun plv-feuilles:place-de (lu / coin)
   (setq coin (list (car (caddr lu)) (cadr (caddr lu))))
-  (append (list (car (cadr lu)) (cadr (cadr lu)) (list (caar lu) (cadar lu)) coin) (mapcar '- (cadddr lu) coin)))
+  (append (list (car (cadr lu)) (cadr (cadr lu)) (list (caar lu) (cadar lu)) coin) (mapcar '- (cadddr lu) coin)
+    (if (nth 5 lu) (list (append (mapcar '- (nth 5 lu) (cadddr lu)) (nth 4 lu))))))
 
 (setq plv-feuilles:formats '("A4" "A2" "A1" "A0" "R297" "R420" "R594" "R841"))
 
