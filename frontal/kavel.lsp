@@ -22,8 +22,6 @@
      plv-raccords plv-parties plv-trace plv-sommets plv-projet-texte plv-projet plv-reconnaitre plv-associer)
     (reseaux (base profil fiches plan projet)
      plv-reseau plv-reseau-branches plv-reseau-ligne plv-reseau-dessin plv-reseau-fichier plv-reseau-plan plv-reseau-saisie plv-reseau-questions plv-reseau-fiche)
-    (tranchees (base profil fiches reseaux)
-     plv-tranchees plv-tranchees-rapport plv-tranchees-classeur plv-tranchees-dessin plv-tranchees-coupes plv-tranchees-questions plv-tranchees-fiche)
     (tableaux (base profil fiches plan reseaux)
      plv-types plv-definitions plv-modeles plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet
      plv-remplissage-terrains plv-remplissage-plan plv-devers plv-remplissage-blocs plv-remplissage-reseau plv-cases plv-matrices plv-ligne-seule
@@ -34,7 +32,9 @@
      plv-report plv-modifier plv-tracer plv-listes plv-gestes-fiche plv-menu-fiche)
     (metres (base profil fiches portes)
      plv-metres-troncons plv-metres-classes plv-metres-traces plv-metres-lots plv-metres-controle plv-metres-rapport plv-metres-titres plv-cubpl
-     plv-metres-sources plv-metres plv-legende plv-metres-prevus plv-metres-reglees plv-metres-fiche)
+     plv-metres-sources plv-metres plv-legende-dessin plv-legende plv-metres-prevus plv-metres-reglees plv-metres-fiche)
+    (tranchees (base profil fiches reseaux metres)
+     plv-tranchees plv-tranchees-rapport plv-tranchees-classeur plv-tranchees-legende plv-tranchees-dessin plv-tranchees-coupes plv-tranchees-questions plv-tranchees-fiche)
     (optimal (base profil projet fiches)
      plv-optimal-bande plv-optimal-rapport plv-optimal plv-optimal-couloir plv-optimal-rangees plv-optimal-contraintes plv-optimal-prix
      plv-optimal-souhait plv-variantes plv-optimal-sommets plv-optimal-cout plv-optimal-questions plv-optimal-fiche plv-variantes-fiche)
