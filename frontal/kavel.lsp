@@ -21,7 +21,7 @@
     (projet (base profil portes)
      plv-raccords plv-parties plv-trace plv-sommets plv-projet-texte plv-projet plv-reconnaitre plv-associer)
     (reseaux (base profil fiches plan projet)
-     plv-reseau plv-reseau-branches plv-reseau-ligne plv-reseau-dessin plv-reseau-fichier plv-reseau-plan plv-reseau-saisie plv-reseau-questions plv-reseau-fiche)
+     plv-reseau plv-reseau-branches plv-reseau-ligne plv-reseau-textes plv-reseau-dessin plv-reseau-fichier plv-reseau-plan plv-reseau-saisie plv-reseau-questions plv-reseau-fiche)
     (tableaux (base profil fiches plan reseaux)
      plv-types plv-definitions plv-modeles plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet
      plv-remplissage-terrains plv-remplissage-plan plv-devers plv-remplissage-blocs plv-remplissage-reseau plv-cases plv-matrices plv-ligne-seule

@@ -52,11 +52,18 @@ with the gap after them, top), recouvrement (what two sheets share on each side 
   (if (and (= (plv-cle 0 groupes) "TEXT") (< (abs (sin (plv-cle 50 groupes))) 0.7) (setq coins (etendue-tracee (list e))))
     (list (- (caar coins) x0) (- (caadr coins) x0))))
 
+(defun plv-feuilles:largeur-de-bloc (bloc x0 / boite)
+  "The stretch of a block with its texts."
+  (setq boite (plv-boite bloc))
+  (list (- (car boite) x0) (- (caddr boite) x0)))
+
 (defun plv-feuilles:couches (mesures)
-  "The stretches where texts lie along the profile, in its tables and above it, which a cut would tear."
-  (vl-remove nil
-    (mapcar '(lambda (e) (plv-feuilles:couche e (plv-cle 'x0 mesures)))
-      (append (plv-ajouts-tables (plv-cle 'profil mesures)) (plv-entites-habillage (plv-cle 'profil mesures))))))
+  "The stretches where texts lie along the profile, in its tables and above it, and where blocks stand on it, which a cut would tear."
+  (append
+    (mapcar '(lambda (e) (plv-feuilles:largeur-de-bloc e (plv-cle 'x0 mesures))) (plv-blocs (plv-cle 'profil mesures)))
+    (vl-remove nil
+      (mapcar '(lambda (e) (plv-feuilles:couche e (plv-cle 'x0 mesures)))
+        (append (plv-ajouts-tables (plv-cle 'profil mesures)) (plv-entites-habillage (plv-cle 'profil mesures)))))))
 
 (defun plv-feuilles:entier-p (d couches recouvrement)
   "T when a cut tears no text."
