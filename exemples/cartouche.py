@@ -73,7 +73,7 @@ def main():
     drawing.units = ezdxf.units.MM
     # A face with digits of one width, which other programs have too; elsewhere the usual one stands in for it.
     drawing.styles.add("CARTOUCHE", font="arial.ttf")
-    for name, weight, plotted in (("CADRE", 50, True), ("CARTOUCHE", 18, True), ("FEUILLE", 13, False), ("DESSIN", 13, False)):
+    for name, weight, plotted in (("CADRE", 50, True), ("CARTOUCHE", 18, True), ("FEUILLE", 13, False), ("DESSIN", 13, False), ("LOGO", 13, False)):
         layer = drawing.layers.add(name)
         layer.dxf.lineweight, layer.dxf.plot = weight, plotted
     space = drawing.modelspace()
@@ -82,6 +82,7 @@ def main():
     rectangle(space, frame, "CADRE")
     space.add_line((frame[2] - 400 * factor, TOP), (frame[2], TOP), dxfattribs={"layer": "CADRE"})
     space.add_line((frame[2] - 400 * factor, frame[1]), (frame[2] - 400 * factor, TOP), dxfattribs={"layer": "CADRE"})
+    rectangle(space, (frame[2] - 292 * factor + 1.5, BOTTOM + 1.5, frame[2] - 262 * factor - 1.5, TOP - 1.5), "LOGO")
     title_block(space, frame[2], factor)
     revisions(space, frame[2], factor)
     middle = (room[1] + room[3]) / 2

@@ -21,9 +21,7 @@
     (projet (base profil portes)
      plv-raccords plv-parties plv-trace plv-sommets plv-projet-texte plv-projet plv-reconnaitre plv-associer)
     (reseaux (base profil fiches plan projet)
-     plv-reseau plv-reseau-branches plv-reseau-ligne plv-reseau-dessin plv-reseau-fichier plv-reseau-plan plv-reseau-saisie plv-reseau-questions plv-reseau-fiche)
-    (tranchees (base profil fiches reseaux)
-     plv-tranchees plv-tranchees-rapport plv-tranchees-classeur plv-tranchees-dessin plv-tranchees-coupes plv-tranchees-questions plv-tranchees-fiche)
+     plv-reseau plv-reseau-branches plv-reseau-ligne plv-reseau-textes plv-reseau-dessin plv-reseau-fichier plv-reseau-plan plv-reseau-saisie plv-reseau-questions plv-reseau-fiche)
     (tableaux (base profil fiches plan reseaux)
      plv-types plv-types-images plv-definitions plv-modeles plv-matrice plv-tables plv-espacement plv-remplissage plv-remplissage-terrain plv-remplissage-projet
      plv-remplissage-terrains plv-remplissage-plan plv-devers plv-remplissage-blocs plv-remplissage-reseau plv-cases plv-matrices plv-ligne-seule
@@ -34,7 +32,9 @@
      plv-report plv-modifier plv-tracer plv-listes plv-gestes-fiche plv-menu-fiche)
     (metres (base profil fiches portes)
      plv-metres-troncons plv-metres-classes plv-metres-traces plv-metres-lots plv-metres-controle plv-metres-rapport plv-metres-titres plv-cubpl
-     plv-metres-sources plv-metres plv-legende plv-metres-prevus plv-metres-reglees plv-metres-fiche)
+     plv-metres-sources plv-metres plv-legende-dessin plv-legende plv-metres-prevus plv-metres-reglees plv-metres-fiche)
+    (tranchees (base profil fiches reseaux metres)
+     plv-tranchees plv-tranchees-rapport plv-tranchees-classeur plv-tranchees-legende plv-tranchees-dessin plv-tranchees-coupes plv-tranchees-questions plv-tranchees-fiche)
     (optimal (base profil projet fiches)
      plv-optimal-bande plv-optimal-rapport plv-optimal plv-optimal-couloir plv-optimal-rangees plv-optimal-contraintes plv-optimal-prix
      plv-optimal-souhait plv-variantes plv-optimal-sommets plv-optimal-cout plv-optimal-questions plv-optimal-fiche plv-variantes-fiche)
@@ -55,7 +55,7 @@
     (page (base profil fiches metres reseaux)
      plv-json plv-page-tables plv-page plv-page-fiche)
     (feuilles (base profil fiches plan tableaux metres)
-     plv-encarts plv-cartouche plv-bande-plan plv-feuilles plv-feuilles-tracer plv-presentations plv-presentations-faire plv-feuilles-fiche plv-cartouche-fiche)
+     plv-encarts plv-cartouche plv-logo plv-bande-plan plv-liste-feuilles plv-feuilles plv-feuilles-tracer plv-presentations plv-presentations-faire plv-feuilles-fiche plv-cartouche-fiche)
     (suivi (base profil fiches plan reseaux tranchees tableaux cotes metres echange page feuilles)
      plv-sources plv-choses plv-etat plv-refaire plv-mains plv-actualiser plv-sortie plv-suivre-sol plv-etat-fiche)
     (styles (base profil fiches reseaux tableaux metres suivi)

@@ -130,6 +130,14 @@
       (plv-style-de-texte)
       (if (= justification 0) nil (list (cons 72 justification) (cons 11 point))))))
 
+(defun plv-texte-au-milieu (calque point hauteur texte rotation)
+  "A text whose middle is at a point."
+  (entmakex
+    (append
+      (list '(0 . "TEXT") (cons 8 (plv-calque calque)) (list 10 (car point) (cadr point) 0.0) (cons 40 hauteur) (cons 1 texte) (cons 50 rotation)
+            '(72 . 1) (list 11 (car point) (cadr point) 0.0) '(73 . 2))
+      (plv-style-de-texte))))
+
 (defun plv-largeur-texte (texte hauteur / coins)
   "Width of a text in drawing units."
   (if (setq coins (textbox (vl-list* (cons 1 texte) (cons 40 hauteur) (plv-style-de-texte))))

@@ -74,9 +74,10 @@
       ";")))
 
 (defun c:plv-cartouche (/ mot)
-  "Remplit le cartouche des feuilles: client, auteur, vérificateur, systèmes, révisions."
-  (while (/= (setq mot (plv-demander-mot "Champ" (append (mapcar 'car plv-cartouche:champs) '("Revision" "Fin")) "Fin")) "Fin")
-    (if (= mot "Revision")
-      (plv-cartouche:demander-revision)
-      (plv-cartouche-noter mot (plv-demander-texte (strcat mot " (vide pour rien)") (plv-cartouche:propose mot)))))
+  "Remplit le cartouche des feuilles: client, auteur, vérificateur, systèmes, logo, révisions."
+  (while (/= (setq mot (plv-demander-mot "Champ" (append (mapcar 'car plv-cartouche:champs) '("loGo" "Revision" "Fin")) "Fin")) "Fin")
+    (cond
+      ((= mot "Revision") (plv-cartouche:demander-revision))
+      ((= mot "loGo") (plv-logo-noter (plv-demander-texte "Image du logo, PNG ou JPEG (vide pour rien)" nil)))
+      ((plv-cartouche-noter mot (plv-demander-texte (strcat mot " (vide pour rien)") (plv-cartouche:propose mot))))))
   (princ))

@@ -8,6 +8,7 @@
       '("modele" "Dessin modèle" "lire" "" "Dessins (*.dxf)")
       (list "echelle" "Échelle" "mot" "La plus grande" (cons "La plus grande" (mapcar 'plv-feuilles:nombre plv-feuilles:echelles)))
       (plv-champ-du-dessin "titre" "Titre de l'affaire" (plv-nom-dessin))
+      '("liste" "Liste des feuilles" "oui" nil nil)
       '("fichier" "Fichier PDF" "ecrire" "feuilles.pdf" "PDF (*.pdf)"))
     (plv-erreur (plv-refus-sans-profil))))
 
@@ -20,7 +21,7 @@
 
 (defun plv-feuilles-fiche:preparer (valeurs)
   (plv-feuilles:preparer (plv-feuilles-fiche:profils valeurs) (plv-feuilles-fiche:modele valeurs) (plv-feuilles-fiche:echelle valeurs)
-    (plv-cle "titre" valeurs)))
+    (plv-cle "titre" valeurs) (plv-cle "liste" valeurs)))
 
 (defun plv-feuilles-fiche:cadre (boite / x1 y1 x2 y2)
   (mapcar 'set '(x1 y1 x2 y2) boite)
@@ -50,13 +51,15 @@
   (setq profils (plv-feuilles-fiche:profils valeurs))
   (plv-avant-sortie profils)
   (apply fonction
-    (append (list profils (plv-feuilles-fiche:modele valeurs) (plv-feuilles-fiche:echelle valeurs) (plv-cle "titre" valeurs)) suite)))
+    (append (list profils (plv-feuilles-fiche:modele valeurs) (plv-feuilles-fiche:echelle valeurs) (plv-cle "titre" valeurs)
+              (plv-cle "liste" valeurs))
+      suite)))
 
 (defun plv-feuilles-fiche:regarder-pdf (valeurs / regard)
   (setq regard (plv-feuilles-fiche:regarder valeurs))
   (if (= (plv-cle "fichier" valeurs) "") (cons (append (car regard) '(("fichier" "un nom de fichier est attendu"))) (cdr regard)) regard))
 
-(defun plv-feuilles-fiche:faire (valeurs) (plv-feuilles-fiche:appeler 'plv-feuilles valeurs (list (plv-cle "fichier" valeurs))))
+(defun plv-feuilles-fiche:faire (valeurs) (plv-feuilles-fiche:appeler 'plv-feuilles-et-liste valeurs (list (plv-cle "fichier" valeurs))))
 
 (plv-declarer-fiche "PLV-FEUILLES" "Feuilles" "Tracer" 'plv-feuilles-fiche:champs 'plv-feuilles-fiche:regarder-pdf 'plv-feuilles-fiche:faire)
 

@@ -22,15 +22,15 @@
   (list (cons "titre" titre) (cons "auteur" (plv-cartouche-texte "Auteur"))
         (cons "sujet" (strcat "Profils en long " (plv-joindre (mapcar 'plv-numero-profil profils) ", ")))))
 
-;; --- what is asked: (profiles template scale title), the scale nil for the largest that fits
+;; --- what is asked: (profiles template scale title list), the scale nil for the largest that fits, list T for a list of the sheets
 
-(defun plv-feuilles:preparer (profils modele echelle titre / place mesures feuilles)
+(defun plv-feuilles:preparer (profils modele echelle titre liste / place mesures feuilles)
   "(scale measures sheet ...); nil after a message."
   (if (and (vl-every 'plv-profil-sain profils)
            (setq place (plv-feuilles:place modele))
            (setq mesures (mapcar 'plv-feuilles:mesurer profils)
                  echelle (cond (echelle) ((plv-feuilles:echelle mesures place))))
-           (setq feuilles (plv-feuilles:toutes mesures echelle place titre)))
+           (setq feuilles (plv-feuilles:toutes mesures echelle place titre liste)))
     (vl-list* echelle mesures feuilles)))
 
 (defun plv-feuilles:reussi (fonction arguments / resultat)
@@ -38,42 +38,59 @@
   (setq resultat (vl-catch-all-apply fonction arguments))
   (if (vl-catch-all-error-p resultat) (plv-erreur (vl-catch-all-error-message resultat)) resultat))
 
-(defun plv-feuilles (profils modele echelle titre fichier / fait)
+(defun plv-feuilles (profils modele echelle titre fichier)
   "Plots profiles on sheets of a template; nil for the scale takes the largest that fits. The number of sheets, or nil after a
 message."
-  (setq modele (plv-feuilles:modele modele) fait (plv-feuilles:preparer profils modele echelle titre) echelle (car fait))
+  (plv-feuilles-et-liste profils modele echelle titre nil fichier))
+
+(defun plv-feuilles-et-liste (profils modele echelle titre liste fichier / fait)
+  "The same, for T with a list of the sheets before them."
+  (setq modele (plv-feuilles:modele modele) fait (plv-feuilles:preparer profils modele echelle titre liste) echelle (car fait))
   (if (and fait (plv-feuilles:reussi 'tracer-feuilles (list fichier modele (cddr fait) (plv-feuilles:infos titre profils))))
     (progn
       (plv-dire (strcat fichier ": " (itoa (length (cddr fait))) (if (cdddr fait) " feuilles" " feuille") " au 1:"
                         (plv-feuilles:nombre echelle) "."))
       (plv-feuilles:textes-papier (cadr fait) echelle)
-      (foreach p profils (plv-noter-fait p "FEUILLES" (strcat "PDF " fichier) nil (list modele (rtos echelle 2 8) titre)))
+      (foreach p profils (plv-noter-fait p "FEUILLES" (strcat "PDF " fichier) nil (append (list modele (rtos echelle 2 8) titre) (if liste (list plv-feuilles:liste)))))
       (length (cddr fait)))))
 
-(defun plv-apercu (profils modele echelle titre / fait)
+(defun plv-apercu (profils modele echelle titre liste / fait)
   "Shows the same sheets in the window, else lists them; T, or nil after a message."
-  (setq modele (plv-feuilles:modele modele) fait (plv-feuilles:preparer profils modele echelle titre))
+  (setq modele (plv-feuilles:modele modele) fait (plv-feuilles:preparer profils modele echelle titre liste))
   (if fait
     (progn
-      (foreach f (cddr fait) (plv-dire (strcat (plv-cle "<SIGNET>" (caddr f)) ", 1:" (plv-feuilles:nombre (car fait)) ".")))
+      (foreach f (cddr fait)
+        (plv-dire (strcat (plv-cle "<SIGNET>" (caddr f)) (if (cadr f) (strcat ", 1:" (plv-feuilles:nombre (car fait))) "") ".")))
       (plv-feuilles:textes-papier (cadr fait) (car fait))
       (plv-feuilles:reussi 'apercu-feuilles (list modele (cddr fait) (plv-feuilles:infos titre profils)))
       T)))
 
-(defun plv-feuilles:demander (/ profils modele place)
-  "(profiles template scale title); nil after a message."
+;; The word at the question of the scale, and in what is noted of a set.
+(setq plv-feuilles:liste "Liste")
+
+(defun plv-feuilles:demander-echelle (defaut / reponse liste)
+  "(scale list): the word asks for a list of the sheets, or no longer, and the scale is asked again."
+  (setq reponse plv-feuilles:liste liste T)
+  (while (= reponse plv-feuilles:liste)
+    (initget 6 plv-feuilles:liste)
+    (setq liste (not liste)
+          reponse (getreal (strcat "\nDénominateur de l'échelle" (if liste ", avec la liste des feuilles" "") " ou [" plv-feuilles:liste "] <" (plv-reel defaut 2) ">: "))))
+  (list (cond (reponse) (defaut)) liste))
+
+(defun plv-feuilles:demander (/ profils modele place echelle)
+  "(profiles template scale title list); nil after a message."
   (if (setq profils (plv-demander-profils)) (plv-avant-sortie profils))
   (if (and profils
            (setq modele (plv-feuilles:modele (plv-demander-texte "Dessin modèle" "cartouche.dxf")))
            (setq place (plv-feuilles:place modele)))
-    (list profils modele
-      (plv-demander-reel "Dénominateur de l'échelle" (plv-feuilles:echelle (mapcar 'plv-feuilles:mesurer profils) place))
-      (plv-demander-texte "Titre de l'affaire" (plv-nom-dessin)))))
+    (progn
+      (setq echelle (plv-feuilles:demander-echelle (plv-feuilles:echelle (mapcar 'plv-feuilles:mesurer profils) place)))
+      (list profils modele (car echelle) (plv-demander-texte "Titre de l'affaire" (plv-nom-dessin)) (cadr echelle)))))
 
 (defun c:plv-feuilles (/ demande)
   "Fait le dossier de plans: les profils sur des feuilles, en un PDF."
   (if (setq demande (plv-feuilles:demander))
-    (apply 'plv-feuilles (append demande (list (plv-demander-texte "Fichier PDF" "feuilles.pdf")))))
+    (apply 'plv-feuilles-et-liste (append demande (list (plv-demander-texte "Fichier PDF" "feuilles.pdf")))))
   (princ))
 
 (defun c:plv-apercu (/ demande)

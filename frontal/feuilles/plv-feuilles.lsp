@@ -52,11 +52,18 @@ with the gap after them, top), recouvrement (what two sheets share on each side 
   (if (and (= (plv-cle 0 groupes) "TEXT") (< (abs (sin (plv-cle 50 groupes))) 0.7) (setq coins (etendue-tracee (list e))))
     (list (- (caar coins) x0) (- (caadr coins) x0))))
 
+(defun plv-feuilles:largeur-de-bloc (bloc x0 / boite)
+  "The stretch of a block with its texts."
+  (setq boite (plv-boite bloc))
+  (list (- (car boite) x0) (- (caddr boite) x0)))
+
 (defun plv-feuilles:couches (mesures)
-  "The stretches where texts lie along the profile, in its tables and above it, which a cut would tear."
-  (vl-remove nil
-    (mapcar '(lambda (e) (plv-feuilles:couche e (plv-cle 'x0 mesures)))
-      (append (plv-ajouts-tables (plv-cle 'profil mesures)) (plv-entites-habillage (plv-cle 'profil mesures))))))
+  "The stretches where texts lie along the profile, in its tables and above it, and where blocks stand on it, which a cut would tear."
+  (append
+    (mapcar '(lambda (e) (plv-feuilles:largeur-de-bloc e (plv-cle 'x0 mesures))) (plv-blocs (plv-cle 'profil mesures)))
+    (vl-remove nil
+      (mapcar '(lambda (e) (plv-feuilles:couche e (plv-cle 'x0 mesures)))
+        (append (plv-ajouts-tables (plv-cle 'profil mesures)) (plv-entites-habillage (plv-cle 'profil mesures)))))))
 
 (defun plv-feuilles:entier-p (d couches recouvrement)
   "T when a cut tears no text."
@@ -210,8 +217,8 @@ where there are no points."
       (list (plv-bande-plan mesures echelle bande debut fin)
             (plv-bande-dessins mesures echelle (plv-place-largeur place) (plv-place-hauteur place) bande debut fin)))))
 
-(defun plv-feuilles:de-profil (mesures echelle place titre rang / largeur hauteur coupures encarts faute feuilles bouts bande)
-  "The sheets of one profile, numbered from rang; nil after a message."
+(defun plv-feuilles:decouper (mesures echelle place / largeur hauteur coupures encarts faute)
+  "How a profile is shared among sheets: (measures cuts insets height-of-plans); nil after a message."
   (setq largeur (* 0.001 echelle (plv-place-largeur place))
         hauteur (* 0.001 echelle (plv-place-hauteur place))
         coupures (plv-feuilles:coupures mesures largeur hauteur)
@@ -219,29 +226,45 @@ where there are no points."
         faute (plv-feuilles:refus mesures echelle place coupures encarts))
   (if faute
     (plv-erreur faute)
-    (progn
-      (setq bouts (append '(nil) coupures '(nil)) bande (plv-feuilles:bande-plan mesures echelle place encarts))
-      (while (cdr bouts)
-        (setq feuilles (cons (plv-feuilles:une mesures echelle place titre (+ rang (length feuilles)) (car bouts) (cadr bouts) encarts bande) feuilles)
-              bouts (cdr bouts)))
-      (reverse feuilles))))
+    (list mesures coupures encarts (plv-feuilles:bande-plan mesures echelle place encarts))))
+
+(defun plv-feuilles:de-profil (decoupe echelle place titre rang / feuilles bouts)
+  "The sheets of one profile, numbered from rang."
+  (setq bouts (append '(nil) (cadr decoupe) '(nil)))
+  (while (cdr bouts)
+    (setq feuilles (cons (plv-feuilles:une (car decoupe) echelle place titre (+ rang (length feuilles)) (car bouts) (cadr bouts)
+                           (caddr decoupe) (cadddr decoupe))
+                     feuilles)
+          bouts (cdr bouts)))
+  (reverse feuilles))
 
 (defun plv-feuilles:numeroter (feuilles)
   "With the size of the set in the texts of each."
   (mapcar '(lambda (f) (append (list (car f) (cadr f) (cons (cons "<FEUILLES>" (itoa (length feuilles))) (caddr f))) (cdddr f)))
           feuilles))
 
-(defun plv-feuilles:toutes (mesures echelle place titre / feuilles nouvelles)
-  "The sheets of all profiles; nil after a message."
-  (setq nouvelles T)
-  (foreach m mesures
-    (if nouvelles
-      (setq nouvelles (plv-feuilles:de-profil m echelle place titre (1+ (length feuilles)))
-            feuilles (append feuilles nouvelles))))
-  (if nouvelles (plv-feuilles:numeroter feuilles)))
+(defun plv-feuilles:avec-logo (feuilles logo)
+  "With a logo among what is drawn on each, nil for none."
+  (if logo
+    (mapcar '(lambda (f) (list (car f) (cadr f) (caddr f) (cadddr f) (nth 4 f) (nth 5 f) (append (nth 6 f) (list logo)))) feuilles)
+    feuilles))
 
-;; --- the template: what it leaves for profiles, (width height sheet corner left bottom) in millimetres: the size of the sheet, the lower
-;; left corner of the sheet in the template, the lower left corner of the room from there
+(defun plv-feuilles:toutes (mesures echelle place titre liste / decoupes pages feuilles)
+  "The sheets of all profiles, on request with their list before them; nil after a message."
+  (setq decoupes '(T))
+  (foreach m mesures (if (car decoupes) (setq decoupes (cons (plv-feuilles:decouper m echelle place) decoupes))))
+  (if (car decoupes)
+    (progn
+      (setq decoupes (cdr (reverse decoupes))
+            pages (if liste (plv-liste-pages (apply '+ (mapcar '(lambda (d) (1+ (length (cadr d)))) decoupes)) place) 0))
+      (foreach d decoupes
+        (setq feuilles (append feuilles (plv-feuilles:de-profil d echelle place titre (+ pages 1 (length feuilles))))))
+      (plv-feuilles:avec-logo (plv-feuilles:numeroter (append (if liste (plv-liste-feuilles feuilles place titre)) feuilles))
+        (plv-logo-dessin (plv-place-logo place))))))
+
+;; --- the template: what it leaves for profiles, (width height sheet corner left bottom logo) in millimetres: the size of the sheet, the
+;; lower left corner of the sheet in the template, the lower left corner of the room from there; the room of a logo from the corner of that
+;; for profiles, (x y width height), nil without one
 
 (defun plv-place-largeur (place) (car place))
 (defun plv-place-hauteur (place) (cadr place))
@@ -250,9 +273,12 @@ where there are no points."
 (defun plv-place-gauche (place) (nth 4 place))
 (defun plv-place-bas (place) (nth 5 place))
 
+(defun plv-place-logo (place) (nth 6 place))
+
 (defun plv-feuilles:place-de (lu / coin)
   (setq coin (list (car (caddr lu)) (cadr (caddr lu))))
-  (append (list (car (cadr lu)) (cadr (cadr lu)) (list (caar lu) (cadar lu)) coin) (mapcar '- (cadddr lu) coin)))
+  (append (list (car (cadr lu)) (cadr (cadr lu)) (list (caar lu) (cadar lu)) coin) (mapcar '- (cadddr lu) coin)
+    (if (nth 5 lu) (list (append (mapcar '- (nth 5 lu) (cadddr lu)) (nth 4 lu))))))
 
 (setq plv-feuilles:formats '("A4" "A2" "A1" "A0" "R297" "R420" "R594" "R841"))
 

@@ -24,13 +24,18 @@
   (command)
   (vl-file-delete fichier))
 
-(defun plv-presentations:contenu (feuille place nom / placement rang numero largeur hauteur)
-  "What a layout holds, drawn into the block that is open."
-  (setq largeur (car (plv-place-feuille place)) hauteur (cadr (plv-place-feuille place)) placement (plv-presentations:placer feuille place))
-  (plv-presentations:fenetre 1 0.0 0.0 largeur hauteur (list (* 0.5 largeur) (* 0.5 hauteur)) '(0.0 0.0) 0.0 hauteur)
-  (setq rang (plv-presentations:vues feuille placement) numero (plv-presentations:legendes feuille placement rang))
+(defun plv-presentations:du-dessin (feuille place / placement rang numero)
+  "The viewports of a sheet, with what is drawn at their places."
+  (setq placement (plv-presentations:placer feuille place) rang (plv-presentations:vues feuille placement)
+        numero (plv-presentations:legendes feuille placement rang))
   (plv-presentations:axe feuille placement rang)
-  (plv-presentations:plan feuille place placement rang numero)
+  (plv-presentations:plan feuille place placement rang numero))
+
+(defun plv-presentations:contenu (feuille place nom / largeur hauteur)
+  "What a layout holds, drawn into the block that is open."
+  (setq largeur (car (plv-place-feuille place)) hauteur (cadr (plv-place-feuille place)))
+  (plv-presentations:fenetre 1 0.0 0.0 largeur hauteur (list (* 0.5 largeur) (* 0.5 hauteur)) '(0.0 0.0) 0.0 hauteur)
+  (if (cadr feuille) (plv-presentations:du-dessin feuille place))
   (foreach dessin (nth 6 feuille) (plv-presentations:dessin place dessin))
   (entmake (list '(0 . "INSERT") '(67 . 1) '(8 . "0") (cons 2 nom) (cons 10 (mapcar '- (append (plv-place-coin place) '(0.0)))))))
 
@@ -75,9 +80,9 @@
                    '(3 . "____ . ____") '(72 . 65) '(73 . 4) '(40 . 12.0) '(49 . 8.0) '(74 . 0) '(49 . -1.5) '(74 . 0) '(49 . 1.0) '(74 . 0) '(49 . -1.5)
                    '(74 . 0)))))
 
-(defun plv-presentations (profils modele echelle titre / fait place noms)
+(defun plv-presentations (profils modele echelle titre liste / fait place noms)
   "The sheets as layouts, in place of those of an earlier call; their names, or nil after a message."
-  (setq modele (plv-feuilles:modele modele) fait (plv-feuilles:preparer profils modele echelle titre))
+  (setq modele (plv-feuilles:modele modele) fait (plv-feuilles:preparer profils modele echelle titre liste))
   (if fait
     (progn
       (plv-presentations:preparer)

@@ -142,8 +142,11 @@
 (defun plv-presentations:dessin (place dessin / points)
   "One of the drawings on the sheet itself."
   (setq points (mapcar '(lambda (p) (list (+ (car p) (plv-place-gauche place)) (+ (cadr p) (plv-place-bas place))))
-                 (plv-presentations:paires (plv-sans-premiers (cdr dessin) (cond ((= (car dessin) "L") 1) ((= (car dessin) "T") 3) (0))))))
+                 (plv-presentations:paires (plv-sans-premiers (cdr dessin) (cond ((member (car dessin) '("L" "I")) 1) ((= (car dessin) "T") 3) (0))))))
   (cond
+    ((= (car dessin) "I")
+     (plv-logo-image (cadr dessin)
+       (mapcar '+ (cddr dessin) (list (plv-place-gauche place) (plv-place-bas place) (plv-place-gauche place) (plv-place-bas place)))))
     ((= (car dessin) "L") (plv-presentations:trait points (fix (+ 0.5 (* 100.0 (cadr dessin)))) "Continuous"))
     ((= (car dessin) "T") (plv-presentations:texte (caar points) (cadar points) (cadr dessin) (caddr dessin) (cadddr dessin)))
     (T (plv-presentations:aplat points (if (= (car dessin) "A") 7 255)))))

@@ -2,10 +2,10 @@
 ;; Each kind of line has its own. The block is made anew each time, and its reference in the drawing goes with it. The reference names
 ;; the profile and the kind; in drawings of earlier versions only the block's name told them.
 
-(setq plv-legende:cle-profil "LEGENDEPROFIL" plv-legende:cle-genre "LEGENDEGENRE"
-      plv-legende:calque "PLV-LEGENDE" plv-legende:opaque 33554687)
+(setq plv-legende:cle-genre "LEGENDEGENRE" plv-legende:cle-tranchees "LEGENDETRANCHEES"
+      plv-legende:opaque 33554687)
 
-;; titles of the columns and their widths in text heights; the first column is the colour's
+;; as plv-poser-legende takes them
 (setq plv-legende:colonnes '(("" 5.0) ("Profondeur (m)" 13.0) ("Longueur (m)" 12.0) ("Surface (m2)" 12.0) ("Volume (m3)" 12.0)))
 
 (defun plv-legende:racine (profil)
@@ -59,9 +59,23 @@
 
 (defun plv-legendes-du-genre (profil genre) (plv-cle genre (plv-legendes-par-genre profil)))
 
+(defun plv-legendes-de-tranchees (profil genre)
+  "The legends of hatched trenches, for nil of all kinds."
+  (vl-remove-if-not
+    '(lambda (e / note)
+       (and (eq (plv-nommee e plv-legende:cle-profil) profil) (setq note (cdr (plv-cle plv-legende:cle-tranchees (plv-paires e))))
+            (or (not genre) (= note genre))))
+    (plv-references)))
+
+(defun plv-poser-legende-de-tranchees (profil genre colonnes rangees clarte point / nom)
+  "Beside the profile for nil as point."
+  (setq nom (plv-legende:nom-libre profil (strcat "TRANCHEES_" genre)))
+  (plv-poser-legende profil nom (strcat (plv-legende:titre profil genre) " - TRANCHEES") colonnes rangees clarte
+    (cond (point) ((plv-legende:place profil nil))) genre plv-legende:cle-tranchees))
+
 (defun plv-legendes-du-profil (profil)
   "The references of a profile's legends, kind after kind."
-  (apply 'append (mapcar 'cdr (plv-legendes-par-genre profil))))
+  (append (apply 'append (mapcar 'cdr (plv-legendes-par-genre profil))) (plv-legendes-de-tranchees profil nil)))
 
 ;; --- rows: (colour label length surface volume), the colour nil for the total
 
@@ -84,70 +98,14 @@
       (plv-legende:numeros troncons))
     (list (plv-legende:rangee nil "Total" troncons classes))))
 
-;; --- drawing, from (0 0), the upper left corner, in text heights times h
-
-(defun plv-legende:trait (x1 y1 x2 y2)
-  (entmake (list '(0 . "LINE") (cons 8 (plv-calque plv-legende:calque)) (cons 10 (plv-point x1 y1)) (cons 11 (plv-point x2 y2)))))
-
-(defun plv-legende:ecrire (x y h texte justification)
-  (entmake
-    (append
-      (list '(0 . "TEXT") (cons 8 (plv-calque plv-legende:calque)) (cons 10 (plv-point x y)) (cons 40 h) (cons 1 texte))
-      (plv-style-de-texte)
-      (if (= justification 0) nil (list (cons 72 justification) (cons 11 (plv-point x y)))))))
-
-(defun plv-legende:pastille (x1 y1 x2 y2 couleur)
-  "A filled rectangle as clear as the module's hatches, in an outline."
-  (entmake
-    (list '(0 . "HATCH") '(100 . "AcDbEntity") (cons 8 (plv-calque plv-legende:calque)) (cons 62 couleur)
-          (cons 440 (cond (plv-metres:transparence) (plv-legende:opaque))) '(100 . "AcDbHatch")
-          '(10 0.0 0.0 0.0) '(210 0.0 0.0 1.0) '(2 . "SOLID") '(70 . 1) '(71 . 0) '(91 . 1) '(92 . 3) '(72 . 0) '(73 . 1) '(93 . 4)
-          (list 10 x1 y1) (list 10 x2 y1) (list 10 x2 y2) (list 10 x1 y2) '(97 . 0) '(75 . 0) '(76 . 1) '(98 . 0)))
-  (plv-legende:trait x1 y1 x2 y1)
-  (plv-legende:trait x1 y2 x2 y2)
-  (plv-legende:trait x1 y1 x1 y2)
-  (plv-legende:trait x2 y1 x2 y2))
-
-(defun plv-legende:titres () (cons nil (mapcar 'car (cdr plv-legende:colonnes))))
-
-(defun plv-legende:largeurs () (mapcar 'cadr plv-legende:colonnes))
-
-(defun plv-legende:bords (h)
-  "Abscissas of the upright lines."
-  (reverse (plv-plier '(lambda (bords largeur) (cons (+ (car bords) (* h largeur)) bords)) '(0.0) (plv-legende:largeurs))))
-
-(defun plv-legende:dessiner-rangee (rangee y h / bords)
-  "A row whose lower line is at y."
-  (if (car rangee) (plv-legende:pastille h (+ y (* 0.5 h)) (* 4.0 h) (+ y (* 1.5 h)) (car rangee)))
-  (setq bords (cdr (plv-legende:bords h)))
-  (mapcar
-    '(lambda (texte a b) (plv-legende:ecrire (* 0.5 (+ a b)) (+ y (* 0.5 h)) h texte 1))
-    (cdr rangee) bords (cdr bords)))
-
-(defun plv-legende:dessiner (titre rangees h / largeur y)
-  (setq largeur (* h (apply '+ (plv-legende:largeurs))) y 0.0)
-  (plv-legende:trait 0.0 0.0 largeur 0.0)
-  (plv-legende:ecrire (* 0.5 largeur) (* -2.1 h) (* 1.2 h) titre 1)
-  (setq y (* -3.0 h))
-  (plv-legende:trait 0.0 y largeur y)
-  (foreach rangee (cons (plv-legende:titres) rangees)
-    (setq y (- y (* 2.0 h)))
-    (plv-legende:dessiner-rangee rangee y h)
-    (plv-legende:trait 0.0 y largeur y))
-  (foreach x (plv-legende:bords h)
-    (plv-legende:trait x (if (or (= x 0.0) (equal x largeur 1e-6)) 0.0 (* -3.0 h)) x y)))
-
 ;; --- placing
 
-(defun plv-legende:place (profil genre / origine ecart largeur autres)
-  "To the right of the profile and of its legends of other kinds, at the height of its top."
-  (setq origine (plv-origine profil)
-        ecart (* 6.0 (plv-ttxt profil))
-        largeur (* (plv-ttxt profil) (apply '+ (plv-legende:largeurs)))
-        autres (vl-remove-if '(lambda (e) (member e (plv-legendes-du-genre profil genre))) (plv-legendes-du-profil profil)))
+(defun plv-legende:place (profil sauf / origine autres)
+  "To the right of the profile and of its legends but some, at the height of its top."
+  (setq origine (plv-origine profil) autres (vl-remove-if '(lambda (e) (member e sauf)) (plv-legendes-du-profil profil)))
   (plv-point
-    (+ ecart (apply 'max (cons (+ (car origine) (plv-longueur-profil profil))
-                               (mapcar '(lambda (e) (+ (car (plv-origine e)) largeur)) autres))))
+    (+ (* 6.0 (plv-ttxt profil))
+       (apply 'max (cons (+ (car origine) (plv-longueur-profil profil)) (mapcar '(lambda (e) (caddr (plv-boite e))) autres))))
     (+ (cadr origine) (plv-hauteur-profil profil))))
 
 (defun plv-rangees-de-classes (profil genre / lots mesures)
@@ -165,7 +123,7 @@ nil after a message."
     ((plv-refus-genre-projet genre) (plv-erreur (plv-refus-genre-projet genre)))
     ((not (plv-elements profil genre)) (plv-erreur (plv-refus-sans-ligne genre (list profil))))
     ((setq rangees (plv-rangees-de-classes profil genre))
-     (plv-legende:placer profil genre rangees (cond (point) ((plv-legende:place profil genre)))))))
+     (plv-legende:placer profil genre rangees (cond (point) ((plv-legende:place profil (plv-legendes-du-genre profil genre))))))))
 
 (defun plv-legende:nom-libre (profil genre / racine nom n)
   "A name of a block that no other profile's legend shows."
@@ -176,11 +134,9 @@ nil after a message."
 (defun plv-legende:placer (profil genre rangees point / nom reference)
   (plv-effacer (plv-legendes-du-genre profil genre))
   (setq nom (plv-legende:nom-libre profil genre))
-  (entmake (list '(0 . "BLOCK") (cons 2 nom) '(70 . 0) '(10 0.0 0.0 0.0)))
-  (plv-legende:dessiner (plv-legende:titre profil genre) rangees (plv-ttxt profil))
-  (entmake '((0 . "ENDBLK")))
-  (setq reference (plv-inserer plv-legende:calque nom point))
-  (plv-ecrire-cles reference (list (list plv-legende:cle-profil profil) (list plv-legende:cle-genre genre)))
+  (setq reference
+    (plv-poser-legende profil nom (plv-legende:titre profil genre) plv-legende:colonnes rangees
+      (cond (plv-metres:transparence) (plv-legende:opaque)) point genre plv-legende:cle-genre))
   (plv-noter-fait profil "LEGENDE" genre nil nil)
   (plv-rehausser-titre profil)
   reference)

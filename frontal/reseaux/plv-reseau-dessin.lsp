@@ -8,14 +8,15 @@
 
 (defun plv-traces-reseau (profil genre) (plv-entites-propres profil (plv-reseau:cle-traces genre)))
 
-;; --- a pen holds what drawing takes: (frame sections origin text-height)
+;; --- a pen holds what drawing takes: (frame sections origin text-height height-of-small-texts)
 
 (defun plv-dessin-reseau:plume (profil)
-  (list (plv-cadre profil) (plv-sections-de-plan profil) (plv-premiere-station profil) (plv-ttxt profil)))
+  (list (plv-cadre profil) (plv-sections-de-plan profil) (plv-premiere-station profil) (plv-ttxt profil) (plv-petit profil)))
 (defun plv-plume-cadre (plume) (car plume))
 (defun plv-plume-sections (plume) (cadr plume))
 (defun plv-plume-origine (plume) (caddr plume))
 (defun plv-plume-ttxt (plume) (cadddr plume))
+(defun plv-plume-petit (plume) (nth 4 plume))
 
 (defun plv-dessin-reseau:trait (plume calque points / metres)
   "A line through (station altitude), one piece for each plane that it stands over."
@@ -35,7 +36,7 @@
   (list station (plv-interpoler (list (plv-tuyau-depart tuyau) (plv-tuyau-arrivee tuyau)) station)))
 
 (defun plv-dessin-reseau:tuyau (plume tuyau amont aval / a b)
-  "A pipe from the wall of its manhole to the left to that of the one to the right."
+  "A pipe from the wall of its manhole to the left to that of the one to the right; its text."
   (setq a (plv-dessin-reseau:bout tuyau (+ (plv-tuyau-debut tuyau) (* 0.5 (plv-noeud-interieur amont))))
         b (plv-dessin-reseau:bout tuyau (- (plv-tuyau-fin tuyau) (* 0.5 (plv-noeud-interieur aval)))))
   (foreach h (plv-dessin-reseau:hauteurs plume tuyau)
@@ -49,20 +50,14 @@
     (list 0.0 (plv-tuyau-interieur tuyau))
     (if (and (> paroi 0.0) (plv-dessin-reseau:visible-p plume paroi)) (list (- paroi) (+ (plv-tuyau-interieur tuyau) paroi)))))
 
-(defun plv-dessin-reseau:legende (plume tuyau a b / texte milieu p q)
-  "What the pipe is, below it and along it, where it has room."
-  (setq p (plv-dessin-reseau:place plume (car a) (cadr a)) q (plv-dessin-reseau:place plume (car b) (cadr b)) milieu (plv-milieu (list (car a) (car b))))
-  (setq texte (plv-dessin-reseau:qui-tient plume (distance p q)
-                (list (strcat (plv-tuyau-en-mots tuyau) "  " (plv-reel (* 100.0 (abs (plv-tuyau-pente tuyau))) 2) " %") (plv-tuyau-en-mots tuyau))))
-  ;; Over a change of plane the pipe is in two places.
-  (if (and texte (equal (plv-plan-en (plv-cadre-plans (plv-plume-cadre plume)) (+ 1e-6 (- (car a) (plv-plume-origine plume))))
-                        (plv-plan-en (plv-cadre-plans (plv-plume-cadre plume)) (- (car b) (plv-plume-origine plume)))))
-    (plv-texte plv-dessin-reseau:tuyaux
-      (polar (plv-dessin-reseau:place plume milieu (cadr (plv-dessin-reseau:bout tuyau milieu))) (- (angle p q) (* 0.5 pi)) (* 1.1 (plv-plume-ttxt plume)))
-      (* 0.7 (plv-plume-ttxt plume)) texte 1 (angle p q))))
-
-(defun plv-dessin-reseau:qui-tient (plume largeur textes)
-  (car (vl-member-if '(lambda (texte) (<= (plv-largeur-texte texte (* 0.7 (plv-plume-ttxt plume))) (* 0.9 largeur))) textes)))
+(defun plv-dessin-reseau:legende (plume tuyau a b / p q plans)
+  "What the pipe is, along it; nil over a change of plane, where it is in two places."
+  (setq p (plv-dessin-reseau:place plume (car a) (cadr a)) q (plv-dessin-reseau:place plume (car b) (cadr b))
+        plans (plv-cadre-plans (plv-plume-cadre plume)))
+  (if (equal (plv-plan-en plans (+ 1e-6 (- (car a) (plv-plume-origine plume)))) (plv-plan-en plans (- (car b) (plv-plume-origine plume))))
+    (plv-textes-reseau:le-long plv-dessin-reseau:tuyaux p q (plv-plume-petit plume)
+      (* (plv-tuyau-interieur tuyau) (plv-cadre-echv (plv-plume-cadre plume)))
+      (list (strcat (plv-tuyau-en-mots tuyau) "  " (plv-reel (* 100.0 (abs (plv-tuyau-pente tuyau))) 2) " %") (plv-tuyau-en-mots tuyau)))))
 
 ;; --- manholes
 
@@ -77,14 +72,16 @@
             (list (- demi) (cadr haut-gauche))))))
 
 (defun plv-dessin-reseau:regard (plume noeud / haut)
+  "A manhole; the texts of its name and its drop."
   (setq haut (plv-dessin-reseau:place plume (plv-noeud-station noeud) (max (plv-noeud-tampon noeud) (plv-noeud-terrain noeud))))
   (if (> (plv-noeud-exterieur noeud) 0.0)
     (progn
       (plv-dessin-reseau:cadre-de plume noeud (* 0.5 (plv-noeud-interieur noeud)) (plv-noeud-fond noeud) (plv-noeud-tampon noeud))
       (if (plv-dessin-reseau:paroi-visible-p plume noeud)
         (plv-dessin-reseau:cadre-de plume noeud (* 0.5 (plv-noeud-exterieur noeud)) (plv-noeud-fond noeud) (plv-noeud-tampon noeud)))))
-  (plv-texte plv-dessin-reseau:regards (polar haut (* 0.5 pi) (* 0.6 (plv-plume-ttxt plume))) (plv-plume-ttxt plume) (plv-noeud-nom noeud) 1 0.0)
-  (if (plv-dessin-reseau:chute noeud) (plv-dessin-reseau:dire-chute plume noeud)))
+  (list
+    (plv-textes-reseau:dessus plv-dessin-reseau:regards haut (plv-plume-ttxt plume) (plv-noeud-nom noeud) 1)
+    (if (plv-dessin-reseau:chute noeud) (plv-dessin-reseau:dire-chute plume noeud))))
 
 (defun plv-dessin-reseau:paroi-visible-p (plume noeud)
   "Across, a wall isn't exaggerated."
@@ -99,8 +96,7 @@
   (setq bas (plv-dessin-reseau:place plume (plv-noeud-station noeud) (min (plv-noeud-arrivee noeud) (plv-noeud-depart noeud)))
         haut (plv-dessin-reseau:place plume (plv-noeud-station noeud) (max (plv-noeud-arrivee noeud) (plv-noeud-depart noeud))))
   (plv-ligne plv-dessin-reseau:regards bas haut)
-  (plv-texte plv-dessin-reseau:regards (polar bas (* -0.5 pi) (plv-plume-ttxt plume)) (* 0.7 (plv-plume-ttxt plume))
-    (strcat "chute " (plv-reel (plv-dessin-reseau:chute noeud) 2)) 1 0.0))
+  (plv-textes-reseau:dessus plv-dessin-reseau:regards bas (plv-plume-petit plume) (strcat "chute " (plv-reel (plv-dessin-reseau:chute noeud) 2)) -1))
 
 ;; --- crossings: an ellipse, high by the exaggeration and wide by the angle
 
@@ -109,8 +105,8 @@
         demi-hauteur (* 0.5 (plv-croisement-diametre croisement) (plv-cadre-echv (plv-plume-cadre plume)))
         demi-largeur (/ (* 0.5 (plv-croisement-diametre croisement)) (sin (* pi (/ (plv-croisement-angle croisement) 180.0)))))
   (plv-dessin-reseau:ellipse centre demi-largeur demi-hauteur)
-  (plv-texte plv-dessin-reseau:croisements (polar centre 0.0 (+ demi-largeur (* 0.3 (plv-plume-ttxt plume)))) (* 0.7 (plv-plume-ttxt plume))
-    (strcat (plv-croisement-nom croisement) "  " (plv-reel (plv-croisement-altitude croisement) 2)) 0 0.0))
+  (plv-textes-reseau:autour plv-dessin-reseau:croisements centre demi-largeur (plv-plume-petit plume)
+    (strcat (plv-croisement-nom croisement) "  " (plv-reel (plv-croisement-altitude croisement) 2))))
 
 (defun plv-dessin-reseau:ellipse (centre demi-largeur demi-hauteur / axe part)
   (setq axe (if (> demi-hauteur demi-largeur) (list 0.0 demi-hauteur 0.0) (list demi-largeur 0.0 0.0))
@@ -120,16 +116,19 @@
 
 ;; --- all of it
 
-(defun plv-dessin-reseau:les-tuyaux (plume tuyaux regards)
-  "Pipes and manholes stand in one order: each list is walked along once."
+(defun plv-dessin-reseau:les-tuyaux (plume tuyaux regards / textes)
+  "Pipes and manholes stand in one order: each list is walked along once. The texts of pipes."
   (foreach tuyau tuyaux
     (while (/= (plv-noeud-nom (car regards)) (plv-tuyau-de tuyau)) (setq regards (cdr regards)))
-    (plv-dessin-reseau:tuyau plume tuyau (car regards) (cadr regards))))
+    (setq textes (cons (plv-dessin-reseau:tuyau plume tuyau (car regards) (cadr regards)) textes)))
+  (reverse textes))
 
-(defun plv-dessin-reseau:tout (plume reseau)
-  (plv-dessin-reseau:les-tuyaux plume (plv-reseau-tuyaux reseau) (plv-reseau-regards reseau))
-  (foreach noeud (plv-reseau-regards reseau) (plv-dessin-reseau:regard plume noeud))
-  (foreach croisement (plv-reseau-croisements reseau) (plv-dessin-reseau:croisement plume croisement)))
+(defun plv-dessin-reseau:tout (profil genre plume reseau / tuyaux regards)
+  "What stands where, then the texts: those of manholes and crossings choose with those of pipes."
+  (setq tuyaux (plv-dessin-reseau:les-tuyaux plume (plv-reseau-tuyaux reseau) (plv-reseau-regards reseau))
+        regards (apply 'append (mapcar '(lambda (noeud) (plv-dessin-reseau:regard plume noeud)) (plv-reseau-regards reseau))))
+  (plv-textes-reseau:ecrire profil genre
+    (append regards (mapcar '(lambda (croisement) (plv-dessin-reseau:croisement plume croisement)) (plv-reseau-croisements reseau)) tuyaux)))
 
 (defun plv-dessiner-reseau (profil genre / reseau plume)
   "Draws the network of a kind of line in place of what was drawn of it; T, or nil after a message."
@@ -141,6 +140,8 @@
      (plv-creer-calques)
      (plv-effacer (plv-traces-reseau profil genre))
      (setq plume (plv-dessin-reseau:plume profil))
-     (plv-enregistrer-entites profil (plv-reseau:cle-traces genre) (plv-ajouts-de '(lambda () (plv-dessin-reseau:tout plume reseau))))
+     (plv-enregistrer-entites profil (plv-reseau:cle-traces genre) (plv-ajouts-de '(lambda () (plv-dessin-reseau:tout profil genre plume reseau))))
      (plv-noter-fait profil "RESEAU" genre nil nil)
+     ;; The labels of a style keep clear of them.
+     (plv-rehausser-titre profil)
      T)))

@@ -1,9 +1,5 @@
 ;; What stands on a profile already, as the boxes (x y width height angle) that labels keep clear of.
 
-(defun plv-boite-droite (b)
-  "The upright box of a box (x1 y1 x2 y2)."
-  (list (* 0.5 (+ (car b) (caddr b))) (* 0.5 (+ (cadr b) (plv-boite-haut b))) (- (caddr b) (car b)) (- (plv-boite-haut b) (cadr b)) 0.0))
-
 (defun plv-boite-couchee (a b)
   "The box without height from one point to another."
   (list (* 0.5 (+ (car a) (car b))) (* 0.5 (+ (cadr a) (cadr b))) (distance (list (car a) (cadr a)) (list (car b) (cadr b))) 0.0
@@ -12,8 +8,14 @@
 (defun plv-boites-chemin (points) "Of a line through points." (mapcar 'plv-boite-couchee points (cdr points)))
 
 (defun plv-boites-textes (profil)
-  "Dimensions, blocks that stand on the profile, and what was written beside the first axis."
-  (mapcar 'plv-boite-droite (append (plv-boites-cotes profil) (mapcar 'plv-boite (plv-blocs profil)))))
+  "Dimensions, blocks that stand on the profile, and the texts of networks."
+  (append
+    (mapcar 'plv-boite-droite (append (plv-boites-cotes profil) (mapcar 'plv-boite (plv-blocs profil))))
+    (plv-boites-reseaux profil nil)))
+
+(defun plv-hauts-reseaux (profil)
+  "The tops of the texts of networks."
+  (mapcar '(lambda (b) (+ (cadr b) (* 0.5 (+ (* (caddr b) (abs (sin (nth 4 b)))) (cadddr b))))) (plv-boites-reseaux profil nil)))
 
 (defun plv-boites:courbe (profil entite / boite a pas i points y)
   "A curve as chords."

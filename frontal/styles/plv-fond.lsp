@@ -4,8 +4,6 @@
 
 (setq plv-fond:pas '(5.0 10.0 20.0 25.0 50.0 100.0 200.0 250.0 500.0 1000.0 2000.0 5000.0 10000.0))
 
-(defun plv-petit (profil) "The height of small texts: 1.8 mm where usual ones have 2.5." (* 0.72 (plv-ttxt profil)))
-
 (defun plv-fond:hauteur (profil)
   (plv-hauteur-axe (plv-points-tn profil) (plv-echv profil) (plv-ttxt profil) (plv-plans profil)))
 

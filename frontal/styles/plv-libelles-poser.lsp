@@ -6,14 +6,9 @@
   (mapcar '(lambda (l c) (if (>= c 0) (nth c (plv-libelles:places l)))) libelles
     (if libelles (et_placer obstacles (mapcar '(lambda (l) (mapcar 'car (plv-libelles:places l))) libelles)))))
 
-(defun plv-libelles:ecrire-le-long (profil place / b)
+(defun plv-libelles:ecrire-le-long (profil place)
   "The text of a place, its middle on that of the box."
-  (setq b (car place))
-  (entmakex
-    (append
-      (list '(0 . "TEXT") (cons 8 (plv-calque "PLV-LIBELLES")) (list 10 (car b) (cadr b) 0.0) (cons 40 (plv-ttxt profil)) (cons 1 (cadr place))
-            (cons 50 (caddr place)) '(72 . 1) (list 11 (car b) (cadr b) 0.0) '(73 . 2))
-      (plv-style-de-texte))))
+  (plv-texte-au-milieu "PLV-LIBELLES" (car place) (plv-ttxt profil) (cadr place) (caddr place)))
 
 (defun plv-libelles:le-long (profil libelles obstacles lignes / choix places restes)
   "Labels along their lines, clear of lines and texts, then of texts alone; (what is left obstacles)."
@@ -38,7 +33,9 @@
   "The top of what stands on a profile."
   (setq boites (append (mapcar 'plv-boite (plv-blocs profil)) (plv-boites-cotes profil)
                  (apply 'append (mapcar '(lambda (g) (mapcar 'plv-boite (plv-elements profil g))) (plv-genres-projet)))))
-  (apply 'max (cons (+ (cadr (plv-origine profil)) (plv-fond:hauteur profil)) (mapcar 'plv-boite-haut boites))))
+  (apply 'max
+    (cons (+ (cadr (plv-origine profil)) (plv-fond:hauteur profil))
+      (append (mapcar 'plv-boite-haut boites) (plv-hauts-reseaux profil)))))
 
 (defun plv-libelles:renvoi (ancre x y coude h / bas)
   "The points of a leader from its place to y: upwards and slanting; beneath a legend upwards, level at the bend, upwards."

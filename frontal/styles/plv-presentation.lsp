@@ -1,11 +1,12 @@
 ;; PLV-STYLE: a style for the drawing and all its profiles; and what the style adds to a profile, each time that its dressing is drawn.
 ;; Shared in the room: plv-style:echelle-proposee
 
-(defun plv-presentation:autour (profil / obstacles lignes)
+(defun plv-presentation:autour (profil / obstacles lignes hauts)
   "Labels and altitudes around the lines; the top of what is drawn, nil for nothing above the profile."
   (setq lignes (plv-boites-lignes profil)
         obstacles (append (plv-boites-textes profil) (plv-fond-axes profil (append (plv-boites-textes profil) lignes))))
-  (plv-poser-libelles profil (plv-libelles profil) obstacles lignes))
+  (setq hauts (vl-remove nil (cons (plv-poser-libelles profil (plv-libelles profil) obstacles lignes) (plv-hauts-reseaux profil))))
+  (if hauts (apply 'max hauts)))
 
 (defun plv-presentation (profil)
   "What the style adds to a profile. The top of it."

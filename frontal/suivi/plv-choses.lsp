@@ -25,7 +25,7 @@
      plv-choses:habillage nil nil plv-refaire-habillages nil)
     ("RESEAU" plv-choses:mots-reseau ("echelle" "textes" "plans" "reseau")
      plv-choses:reseau nil nil plv-refaire-reseaux nil)
-    ("TRANCHEES" plv-choses:mots-tranchees ("echelle" "plans" "reseau" "tranchees")
+    ("TRANCHEES" plv-choses:mots-tranchees ("echelle" "plans" "textes" "reseau" "tranchees")
      plv-choses:tranchees nil plv-choses:sans-reseau plv-refaire-tranchees nil)
     ("COUPES" plv-choses:mots-coupes ("echelle" "textes" "reseau" "tranchees")
      plv-choses:coupes nil plv-choses:sans-reseau plv-refaire-coupes nil)

@@ -133,5 +133,5 @@
   (vl-every
     '(lambda (f / reponses)
        (setq reponses (plv-fait-reponses f))
-       (plv-feuilles (plv-refaire:profils f) (car reponses) (distof (cadr reponses) 2) (caddr reponses) (plv-fait-fichier f)))
+       (plv-feuilles-et-liste (plv-refaire:profils f) (car reponses) (distof (cadr reponses) 2) (caddr reponses) (cadddr reponses) (plv-fait-fichier f)))
     faits))

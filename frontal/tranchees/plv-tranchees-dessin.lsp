@@ -7,7 +7,14 @@
       plv-tranchees-dessin:transparence 33554508
       plv-tranchees-dessin:couleur-surface 8 plv-tranchees-dessin:couleur-enrobage 52 plv-tranchees-dessin:couleur-lit 34)
 
-(defun plv-tranchees-dessin:couleur (classe)
+(defun plv-tranchees-clarte () "How clear the hatches are." plv-tranchees-dessin:transparence)
+
+(defun plv-tranchees-couches ()
+  "(colour words) of what is hatched apart."
+  (list (list plv-tranchees-dessin:couleur-surface "Surface") (list plv-tranchees-dessin:couleur-enrobage "Enrobage")
+        (list plv-tranchees-dessin:couleur-lit "Lit de pose")))
+
+(defun plv-tranchees-couleur (classe)
   "Of a depth class, as those of the quantities: 1 to 6, and again."
   (1+ (rem classe 6)))
 
@@ -99,10 +106,10 @@
   (if tout
     (list
       (list 'plv-bout-sol 'plv-bout-surface plv-tranchees-dessin:couleur-surface)
-      (list 'plv-bout-surface 'plv-bout-enrobage (plv-tranchees-dessin:couleur classe))
+      (list 'plv-bout-surface 'plv-bout-enrobage (plv-tranchees-couleur classe))
       (list 'plv-bout-enrobage 'plv-bout-lit plv-tranchees-dessin:couleur-enrobage)
       (list 'plv-bout-lit 'plv-bout-fond plv-tranchees-dessin:couleur-lit))
-    (list (list 'plv-bout-sol 'plv-bout-fond (plv-tranchees-dessin:couleur classe)))))
+    (list (list 'plv-bout-sol 'plv-bout-fond (plv-tranchees-couleur classe)))))
 
 (defun plv-tranchees-dessin:tracer (profil suites tout / cadre sections origine)
   (setq cadre (plv-cadre profil) sections (plv-sections-de-plan profil) origine (plv-premiere-station profil))
@@ -111,14 +118,32 @@
       (plv-tranchees-dessin:bande cadre sections (plv-tranchees-dessin:bord suite (car bande) origine)
         (plv-tranchees-dessin:bord suite (cadr bande) origine) (caddr bande)))))
 
-(defun plv-hachurer-tranchees (profil genre tout / morceaux)
-  "Hatches the trenches of a network by depth class, with surface, surround and bedding apart on demand; T, or nil after a message."
+(defun plv-hachurer-tranchees (profil genre tout / legendes)
+  "Hatches the trenches of a network by depth class, with surface, surround and bedding apart on demand; a legend that is there is made anew
+with them. T, or nil after a message."
+  (setq legendes (plv-legendes-de-tranchees profil (plv-genre genre)))
+  (plv-tranchees-dessin:faire profil (plv-genre genre) tout legendes (if legendes (plv-origine (car legendes)))))
+
+(defun plv-tranchees-dessin:tout-p (profil genre)
+  "Whether surface, surround and bedding are hatched apart."
+  (vl-some '(lambda (e) (= (plv-cle 62 (entget e)) plv-tranchees-dessin:couleur-lit)) (plv-traces-tranchees profil genre)))
+
+(defun plv-legende-tranchees (profil genre point)
+  "Explains the colours of hatched trenches beside the profile, or from an upper left corner on; T, or nil after a message."
   (setq genre (plv-genre genre))
+  (if (plv-traces-tranchees profil genre)
+    (plv-tranchees-dessin:faire profil genre (plv-tranchees-dessin:tout-p profil genre) T point)
+    (plv-erreur (strcat "ce profil n'a pas de tranchée hachurée " genre ": PLV-TRANCHEES Hachurer en fait"))))
+
+(defun plv-tranchees-dessin:faire (profil genre tout legende point / morceaux)
   (if (and (plv-profil-sain profil) (setq morceaux (plv-tranchees-dessin:morceaux profil genre)))
     (progn
       (plv-effacer (plv-traces-tranchees profil genre))
       (plv-enregistrer-entites profil (plv-tranchees-dessin:cle "TRANCHEES" genre)
-        (plv-ajouts-de '(lambda () (plv-tranchees-dessin:tracer profil (plv-tranchees-dessin:suites morceaux) tout))))
+        (plv-ajouts-de
+          '(lambda ()
+             (plv-tranchees-dessin:tracer profil (plv-tranchees-dessin:suites morceaux) tout)
+             (if legende (plv-tranchees-legende:poser profil genre morceaux tout point)))))
       (plv-noter-fait profil "TRANCHEES" genre nil (list (if tout "Tout" "Classes")))
       T)))
 

@@ -8,7 +8,8 @@
       '("types" "Types de tranchées, ou ceux du dessin" "lire" "" "Types (*.txt);;Tous (*)")
       '("prix" "Prix, ou rien" "lire" "" "Prix (*.csv *.txt *.xlsx);;Tous (*)")
       '("classeur" "Classeur, ou rien" "ecrire" "" "Classeurs (*.xlsx)")
-      '("hachurer" "Hachurer la tranchée" "mot" "Tout" ("Tout" "Classes" "Rien")))))
+      '("hachurer" "Hachurer la tranchée" "mot" "Tout" ("Tout" "Classes" "Rien"))
+      '("legende" "Légende des classes" "oui" T nil))))
 
 (defun plv-tranchees-fiche:regles (valeurs profil genre)
   (if (plv-fiche-fichier valeurs "types") (plv-lire-lignes (plv-fiche-fichier valeurs "types")) (plv-tranchees-regles profil genre)))
@@ -34,14 +35,21 @@
     (if (eq (type mesures) 'STR) (list (list (if (plv-reseau-rangees profil genre) "types" "genre") mesures)))
     (list (plv-image-profil profil (plv-traits-profil profil)))
     (if (listp mesures) (plv-tranchees-fiche:phrases mesures))
-    nil nil))
+    (if (= (plv-cle "hachurer" valeurs) "Rien") '("legende"))
+    nil))
+
+(defun plv-tranchees-fiche:hachurer (valeurs profil genre)
+  (cond
+    ((= (plv-cle "hachurer" valeurs) "Rien") (plv-oter-tranchees profil genre))
+    ((plv-hachurer-tranchees profil genre (= (plv-cle "hachurer" valeurs) "Tout"))
+     (if (and (plv-cle "legende" valeurs) (not (plv-legendes-de-tranchees profil genre))) (plv-legende-tranchees profil genre nil)))))
 
 (defun plv-tranchees-fiche:faire (valeurs / profil genre)
   (setq profil (plv-fiche-profil valeurs) genre (plv-cle "genre" valeurs))
   (if (plv-tranchees-ecrire-regles profil genre (plv-tranchees-fiche:regles valeurs profil genre))
     (progn
       (plv-dire-tranchees (plv-tranchees profil genre))
-      (if (= (plv-cle "hachurer" valeurs) "Rien") (plv-oter-tranchees profil genre) (plv-hachurer-tranchees profil genre (= (plv-cle "hachurer" valeurs) "Tout")))
+      (plv-tranchees-fiche:hachurer valeurs profil genre)
       (if (plv-fiche-fichier valeurs "classeur")
         (plv-tranchees-classeur (list (list profil genre)) (plv-fiche-fichier valeurs "classeur") (plv-fiche-fichier valeurs "prix")))
       T)))

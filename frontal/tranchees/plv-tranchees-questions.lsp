@@ -1,6 +1,6 @@
 ;; The command PLV-TRANCHEES: rules, quantities, prices and workbook of a network, its trench in the drawing.
 
-(setq plv-tranchees-questions:mots '("Types" "Quantités" "Prix" "Classeur" "Hachurer" "Sections" "FIN"))
+(setq plv-tranchees-questions:mots '("Types" "Quantités" "Prix" "Classeur" "Hachurer" "Légende" "Sections" "FIN"))
 
 (defun plv-tranchees-questions:types (profil genre / rangees)
   (if (setq rangees (plv-reseau-lire-fichier (plv-demander-texte "Fichier des types de tranchées" "tranchees-assainissement.txt")))
@@ -33,6 +33,7 @@
     ((= mot "Prix") (plv-tranchees-ecrire-prix (list (list profil genre)) (plv-demander-texte "Fichier des prix à remplir" "prix-tranchees.csv")))
     ((= mot "Classeur") (plv-tranchees-questions:classeur profil genre))
     ((= mot "Hachurer") (plv-tranchees-questions:hachurer profil genre))
+    ((= mot "Légende") (plv-legende-tranchees profil genre (getpoint "\nCoin supérieur gauche de la légende <à droite du profil>: ")))
     ((= mot "Sections") (plv-tranchees-questions:sections profil genre))))
 
 (defun plv-tranchees-questions:hachurer (profil genre / quoi)
@@ -40,7 +41,10 @@
   (if (= quoi "Rien") (plv-oter-tranchees profil genre) (plv-hachurer-tranchees profil genre (= quoi "Tout"))))
 
 (defun plv-tranchees-questions:sections (profil genre / defaut point)
-  (setq defaut (plv-point (+ (car (plv-origine profil)) (plv-longueur-profil profil) (* 10.0 (plv-ttxt profil))) (+ (cadr (plv-origine profil)) (* 10.0 (plv-ttxt profil))))
+  (setq defaut (plv-point (+ (apply 'max (cons (+ (car (plv-origine profil)) (plv-longueur-profil profil))
+                                           (mapcar '(lambda (e) (caddr (plv-boite e))) (plv-legendes-du-profil profil))))
+                             (* 10.0 (plv-ttxt profil)))
+                 (+ (cadr (plv-origine profil)) (* 10.0 (plv-ttxt profil))))
         point (getpoint (strcat "\nPoint de départ des coupes <" (plv-reel (car defaut) 2) "," (plv-reel (cadr defaut) 2) ">: ")))
   (plv-couper-tranchees profil genre (cond (point) (defaut))))
 

@@ -7,9 +7,11 @@ Usage: planches.py KAVEL SOURCE. A profile of 600 m whose axis in plan is straig
 import math
 import os
 import re
+import struct
 import subprocess
 import sys
 import tempfile
+import zlib
 
 import ezdxf
 
@@ -89,6 +91,68 @@ def check_title_block(found):
     expect("the latest revision is above", places(found, "Seconde")[0][1] < places(found, "Première")[0][1], True)
 
 
+def check_list(folder, profile):
+    """The list as the first page: a row for every sheet, counted among them, in the PDF and in the layout alike; on small sheets it goes on."""
+    said = run(folder, profile + ["PLV-FEUILLES", "A2", "Liste", "1000", "Rue élargie", "l.pdf", "PLV-PRESENTATIONS", "A2", "Liste", "1000", "Rue élargie"],
+               "--layout", "Feuille 1", "--plot", "l1.pdf", "--layout", "Feuille 3", "--plot", "l3.pdf")
+    pdf = os.path.join(folder, "l.pdf")
+    expect("sheets with their list", "l.pdf: 3 feuilles au 1:1000." in said, True)
+    outline = re.findall(r'<item page="(\d+)">([^<]*)<', read("pdftohtml", "-xml", "-i", "-stdout", pdf))
+    expect("its bookmark", [outline[0][1], outline[1][1][:9]], ["Liste des feuilles", "Feuille 2"])
+    found = words(pdf, 1)
+    rows = {}
+    for word, x, y in found:
+        if y < 100:
+            rows.setdefault(round(y), []).append((x, word))
+    lines = [" ".join(w for _, w in sorted(row)) for _, row in sorted(rows.items())]
+    cut = next((line.split()[4] for line in lines if line.startswith("2 L")), "")
+    expect("rows of the list", lines[-2:], [f"2 L 0.00 à {cut} 1:1000 - 1:100 oui", f"3 L {cut} à 600.00 1:1000 - 1:100 oui"])
+    marks = [w for w, x, _ in words(pdf, 2) if x > 570 and w.isdigit()]
+    expect("the sheet that goes on is counted with the list", "3" in marks, True)
+    for page in (1, 3):
+        its = words(os.path.join(folder, f"l{page}.pdf"), 1)
+        lost = [w for w in words(pdf, page) if not any(w[0] == v[0] and math.dist(w[1:], v[1:]) < 0.3 for v in its)]
+        expect(f"what layout {page} of a set with a list misses", lost[:3], [])
+    said = run(folder, profile + ["PLV-FEUILLES", "A4", "Liste", "Liste", "2000", "x", "sans.pdf"] +
+               ['(princ (strcat "pages " (itoa (plv-liste-pages 40 (plv-feuilles:place (plv-feuilles:modele "A4"))))))'])
+    expect("a list that is taken back", "Liste des feuilles" in read("pdftohtml", "-xml", "-i", "-stdout", os.path.join(folder, "sans.pdf")), False)
+    expect("40 rows on A4", "pages 3" in said, True)
+
+
+def check_logo(folder, profile):
+    """A picture twice as wide as high stands in the room of the title block, in the middle of its height, in the PDF and in the layout."""
+    os.makedirs(os.path.join(folder, "images"), exist_ok=True)
+    rows = b"".join(b"\0" + b"\xd0\x20\x20" * 40 for _ in range(20))
+    png = b"\x89PNG\r\n\x1a\n"
+    for kind, data in ((b"IHDR", struct.pack(">IIBBBBB", 40, 20, 8, 2, 0, 0, 0)), (b"IDAT", zlib.compress(rows)), (b"IEND", b"")):
+        png += struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data))
+    with open(os.path.join(folder, "images", "logo.png"), "wb") as out:
+        out.write(png)
+    logo = profile + ["_.SAVEAS", "2018", "d.dxf", "PLV-CARTOUCHE", "loGo", os.path.join(folder, "images", "logo.png"), "Fin"]
+    said = run(folder, logo + ["PLV-FEUILLES", "A2", "1000", "x", "g.pdf", "PLV-PRESENTATIONS", "A2", "1000", "x"],
+               "--save", "d.dxf", "--layout", "Feuille 1", "--plot", "g1.pdf")
+    expect("a logo that is there is told of", "attention: logo" in said, False)
+    places = []
+    for name in ("g.pdf", "g1.pdf"):
+        read("pdftoppm", "-r", "50.8", "-f", "1", "-l", "1", os.path.join(folder, name), os.path.join(folder, "logo"))
+        file = next(n for n in sorted(os.listdir(folder)) if n.startswith("logo") and n.endswith(".ppm"))
+        with open(os.path.join(folder, file), "rb") as picture:
+            _, size, _, pixels = picture.read().split(b"\n", 3)
+        os.remove(os.path.join(folder, file))
+        width = int(size.split()[0])
+        red = [i // 3 for i in range(0, len(pixels), 3) if pixels[i:i + 3] == b"\xd0\x20\x20"]
+        # two pixels a millimetre
+        places.append([round(v / 2) for v in (min(p % width for p in red), max(p % width for p in red) + 1, red[0] // width, red[-1] // width + 1)] if red else None)
+    # The room is 27 by 25 mm, 1.5 mm from the lines about it.
+    expect("place of the logo on the sheet and in the layout", places, [[294, 320, 389, 403]] * 2)
+    drawing = ezdxf.readfile(os.path.join(folder, "d.dxf"))
+    expect("its path is one from the drawing", {d.dxf.filename for d in drawing.objects.query("IMAGEDEF")}, {"images/logo.png"})
+    expect("faults that ezdxf finds with it", [str(e) for e in drawing.audit().errors], [])
+    os.remove(os.path.join(folder, "d.dxf"))
+    said = run(folder, logo + ['(vl-file-delete "images/logo.png")', "PLV-FEUILLES", "A2", "1000", "x", "g.pdf"])
+    expect("a missing logo is told", "attention: logo images/logo.png: introuvable" in said, True)
+
+
 def check_layouts(folder, profile, pdf):
     """The layouts of the same sheets, made twice, hold every word where the PDF has it, and another program reads them."""
     run(folder, profile + ["PLV-PRESENTATIONS", "A2", "1000", "autre titre", "PLV-PRESENTATIONS", "A2", "1000", "Rue élargie"], "--save", "p.dxf",
@@ -129,9 +193,11 @@ def main():
         expect("pages", check_file(pdf), 2)
         first = words(pdf, 1)
         check_title_block(first)
-        check_plan(first, [50, 100, 150, 200], 1000)
+        check_plan(first, [50, 100, 200, 250], 1000)
         expect("the second sheet has its plan", len(places(words(pdf, 2), "550")) >= 2, True)
         check_layouts(folder, profile + fields, pdf)
+        check_list(folder, profile)
+        check_logo(folder, profile)
         # By itself the scale leaves room for the plan; on A4 there is none.
         said = run(folder, profile + ["PLV-FEUILLES", "A4", "2000", "Rue", "a4.pdf"])
         expect("a plan without room is told", "pas de place pour le plan" in said, True)

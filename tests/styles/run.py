@@ -74,6 +74,25 @@ def project(chance, points, depth):
     return rows
 
 
+def network(chance, points, line):
+    """Manholes and the pipes between them along a line, whose rows are given, and crossings; covers are above the line with its curves."""
+    vertices = [tuple(map(float, row.split(";")[:2])) for row in line]
+
+    def cover(d):
+        (a, y), (b, z) = next(pair for pair in zip(vertices, vertices[1:]) if pair[1][0] >= d)
+        return max(min(points, key=lambda p: abs(p[0] - d))[1], y + (z - y) * (d - a) / (b - a) + 4)
+
+    last = points[-1][0]
+    stations = sorted({round(chance.uniform(0, last), 2) for _ in range(chance.randint(2, 9))})
+    rows = [f"regard;{chance.choice(['R', 'EU ', 'Regard '])}{i};{d:.2f};visite;1000/1240;{cover(d):.3f}" for i, d in enumerate(stations)]
+    names = [row.split(";")[1] for row in rows]
+    rows += [f"tuyau;{a};{b};{chance.choice(['250/280;fonte;C60', '400/500;béton;135A', '1000/1200;béton;135A'])}" for a, b in zip(names, names[1:])]
+    for i in range(chance.randint(0, 2)):
+        d = chance.uniform(0, last)
+        rows.append(f"croisement;{chance.choice(['Gaz', 'AEP DN200'])} {i};{d:.2f};{min(points, key=lambda p: abs(p[0] - d))[1] - 0.8:.3f};0.2;90")
+    return rows
+
+
 def script(chance, points):
     """The commands of a run, the scale, and the files that it needs."""
     denominator = chance.choice([100, 200, 250, 500, 1000, 2000])
@@ -82,12 +101,15 @@ def script(chance, points):
     files = {"sol.csv": ["distance;altitude;nom"] + [f"{d:.3f};{z:.3f};{n}" for d, z, n in points]}
     lines = [f'(setq p (plv-nouveau "sol.csv" "{chance.choice(["1", "A12", "Rue"])}" \'({chance.choice(["0.0 0.0", "652000.0 6862000.0"])} 0.0)'
              f' {exaggeration}.0 {height} {chance.choice([40, 90, 200]) * denominator / 1000.0} nil))']
-    for kind, depth in chance.sample([("Projet", 0.0), ("Assainissement", 1.6), ("AEp", 1.0)], chance.randint(0, 3)):
+    for kind, depth in chance.sample([("Projet", 0.0), ("Assainissement", 4.0), ("AEp", 2.5)], chance.randint(0, 3)):
         files[kind + ".csv"] = project(chance, points, depth)
         lines.append(f'(plv-projet-fichier p "{kind}" "{kind}.csv")')
         if chance.random() < 0.5:
             which = chance.choice(["Toutes", "Altitudes", "Hauteurs"])
             lines.append(f'(plv-coter p "{kind}" (* 0.5 pi) "{which}" (plv-elements p "{kind}"))')
+        if kind != "Projet" and chance.random() < 0.6:
+            files[kind + "-reseau.csv"] = network(chance, points, files[kind + ".csv"])
+            lines += [f'(plv-reseau-ecrire p "{kind}" (plv-lire-lignes "{kind}-reseau.csv"))', f'(plv-dessiner-reseau p "{kind}")']
     orders = [f'(plv-matrices p "{chance.choice(TABLES)}" nil)',
               f'(plv-style "{chance.choice(STYLES)}" {chance.choice(["nil", "T"])} {denominator}.0)']
     chance.shuffle(orders)

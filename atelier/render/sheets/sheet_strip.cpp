@@ -1,6 +1,7 @@
 // The plan strip above a profile, and what is drawn on the sheet itself.
 #include <cmath>
 
+#include "atelier/render/scene/picture_files.h"
 #include "atelier/render/sheets/sheet_page.h"
 
 namespace atelier::render {
@@ -61,6 +62,22 @@ void SheetPage::strip(const WholeScene& drawing, const PlanStrip& plan, double p
   show(WholeScene(std::move(list)), {}, grown(band, kClipSlackMm));
 }
 
+namespace {
+
+// In the box of two opposite corners; nothing for a file that can't be read, which whoever made the item has told.
+std::optional<Raster> shownPicture(const PaperItem& item, const std::vector<Pt>& points) {
+  std::string reason;
+  const auto picture = points.size() == 2 ? pictureOf(item.text, reason) : nullptr;
+  if (!picture) return {};
+  Box box;
+  for (const Pt p : points) box.add(p);
+  return Raster{picture,
+                {box.width() / picture->width, 0, 0, box.height() / picture->height, box.xMin, box.yMin},
+                fonts::rectangle(box)};
+}
+
+}  // namespace
+
 void SheetPage::items(const std::vector<PaperItem>& items) const {
   const Box area = room();
   DisplayList list;
@@ -74,6 +91,9 @@ void SheetPage::items(const std::vector<PaperItem>& items) const {
         break;
       case PaperItem::Kind::text: list.add(0, written(item.text, points.front(), item.size, item.side)); break;
       case PaperItem::Kind::area: list.add(0, Fill{through(points, true)}); break;
+      case PaperItem::Kind::picture:
+        if (auto raster = shownPicture(item, points)) list.add(0, std::move(*raster));
+        break;
       case PaperItem::Kind::blank: list.add(0, Fill{through(points, true), kBackground}); break;
     }
   }

@@ -58,8 +58,8 @@ struct OpenTemplate {
   AcDbDatabase database;
 };
 
-// The box of the closed polyline on a layer.
-Box frameOn(AcDbDatabase& database, const std::string& layer, const std::string& file) {
+// The box of the closed polyline on a layer; empty without one.
+Box boxOn(AcDbDatabase& database, const std::string& layer) {
   AcDbImpDatabase& imp = AcDbImpDatabase::of(&database);
   Box box;
   for (AcDbStub* stub : *imp.modelSpace()->children) {
@@ -67,6 +67,11 @@ Box frameOn(AcDbDatabase& database, const std::string& layer, const std::string&
     if (!equalNoCase(groups.text(8), layer)) continue;
     for (const AcGePoint3d& p : groups.points(10)) box.add(Pt{p.x, p.y});
   }
+  return box;
+}
+
+Box frameOn(AcDbDatabase& database, const std::string& layer, const std::string& file) {
+  const Box box = boxOn(database, layer);
   if (box.width() <= 0 || box.height() <= 0)
     throw PlotError(file + " : une polyligne fermée est attendue sur le calque " + layer);
   return box;
@@ -83,10 +88,11 @@ Template readTemplate(const std::string& file) {
   std::ostringstream text;
   text << in.rdbuf();
   if (!in) throw FileError(file, 0, "fichier introuvable ou illisible");
-  Template model{file, text.str(), {}, {}};
+  Template model{file, text.str(), {}, {}, {}};
   OpenTemplate opened(model, {});
   model.sheet = frameOn(opened.database, "FEUILLE", file);
   model.room = frameOn(opened.database, "DESSIN", file);
+  model.logo = boxOn(opened.database, "LOGO");
   return model;
 }
 
@@ -106,7 +112,8 @@ void SheetSet::paint(std::size_t sheet, const SheetCanvas& canvas) {
   const OpenTemplate opened(model_, sheets_[sheet].texts);
   const WholeScene frame(opened.database);
   const SheetPage page(canvas, model_, info_.inks);
-  page.views(scene_, sheets_[sheet]);
+  // A page of words and lines alone shows no part of the drawing.
+  if (!sheets_[sheet].views.empty() || sheets_[sheet].items.empty()) page.views(scene_, sheets_[sheet]);
   page.items(sheets_[sheet].items);
   page.show(frame, page.paper(), fonts::rectangle(model_.sheet).bounds(page.paper()));
   warn(frame.warnings());

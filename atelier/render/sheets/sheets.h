@@ -1,6 +1,6 @@
 // Sheets of a set: parts of a drawing at scale on pages with the frame and the title block of a template drawing.
 // A template is drawn in millimetres of paper. A closed polyline on its layer FEUILLE is the edge of the sheet, one on
-// its layer DESSIN the room for the drawing; neither is plotted. Marks such as <FEUILLE> in its texts are replaced.
+// its layer DESSIN the room for the drawing, one on LOGO that of a logo, if any; they aren't plotted. Marks such as <FEUILLE> in its texts are replaced.
 #pragma once
 
 #include <optional>
@@ -60,11 +60,11 @@ struct PlanStrip {
 
 // What is drawn on the sheet itself, in millimetres from the lower left corner of the room.
 struct PaperItem {
-  enum class Kind : unsigned char { line, text, area, blank } kind = Kind::line;
+  enum class Kind : unsigned char { line, text, area, blank, picture } kind = Kind::line;
   std::vector<Pt> points;
   double size = 0;   // weight of a line, height of a text
   int side = 0;      // of a text at its point: 0 left end, 1 middle, 2 right end
-  std::string text;  // UTF-8
+  std::string text;  // UTF-8; of a picture its file
 };
 
 struct Sheet {
@@ -83,6 +83,7 @@ struct Template {
   std::string name;  // of the file, for messages
   std::string bytes;
   Box sheet, room;  // millimetres, y upwards
+  Box logo;         // the same; empty without a room for one
 };
 
 // The template's drawing with its marks replaced.

@@ -194,6 +194,7 @@
 (situation "SheetsAreCountedBeforeTheyArePlotted")
 (preparer (command "_.QSAVE" "<dossier>f.dxf"))
 ((car (caddr (plv-fiche-regarder "PLV-FEUILLES" (reponses "PLV-FEUILLES" '("echelle" "2000"))))) "1 feuille au 1:2000.")
+((car (caddr (plv-fiche-regarder "PLV-FEUILLES" (reponses "PLV-FEUILLES" '("echelle" "2000" "liste" T))))) "2 feuilles au 1:2000.")
 ;; the look leaves the drawing alone
 ((getvar "DBMOD") 0)
 ((wcmatch (cadr (assoc "echelle" (fautes "PLV-FEUILLES" '("format" "A4" "echelle" "50")))) "*de haut à l'échelle 1:50*") T)

@@ -34,6 +34,7 @@
   ("PLV-STYLE" '("style" "Fichier...") "fichier" "nom de fichier attendu")
   ("PLV-STYLE" '("echelle" "0") "echelle" "un nombre positif est attendu")
   ("PLV-CARTOUCHE" '("REVISION" (("" "x" "y" "z"))) "REVISION" "un indice est attendu à chaque révision")
+  ("PLV-CARTOUCHE" '("logo" "<dossier>g.csv") "logo" "logo <dossier>g.csv: format inconnu")
   ("PLV-NOUVEAU" '("numero" "12") "fichier" "un fichier est attendu")
   ("PLV-NOUVEAU" '("fichier" "<dossier>g.csv" "numero" "12") "numero" "le dessin a déjà un profil de ce numéro")
   ("PLV-LIGNES" '("points" (("100" "48") ("100" "47"))) "points" "rangée 2: deux points de suite ne peuvent pas avoir la même station")

@@ -128,3 +128,18 @@
 ((equal avant (list (sslength (ssget "X")) (plv-ttxt p) (plv-style-nom))) nil)
 (preparer (command "_.U"))
 ((equal avant (list (sslength (ssget "X")) (plv-ttxt p) (plv-style-nom))) T)
+
+;; What networks draw has no colour of its own in grey: black, or red, green and blue alike.
+(situation "NetworksHaveTheStylesColours")
+(tableau (style gris)
+  ("Route" T)
+  ("Assainissement" T)
+  ("Eau-potable" T)
+  ("Monochrome" nil))
+(preparer
+  (foreach nom '("PLV-TUYAUX" "PLV-REGARDS" "PLV-CROISEMENTS") (plv-calque nom))
+  (defun grise-p (nom / g c)
+    (setq g (entget (tblobjname "LAYER" nom)) c (cdr (assoc 420 g)))
+    (if c (= (rem c 256) (rem (/ c 256) 256) (/ c 65536)) (= (cdr (assoc 62 g)) 7))))
+(passe (plv-style style gris 1000.0))
+((vl-remove-if 'grise-p '("PLV-TUYAUX" "PLV-REGARDS" "PLV-CROISEMENTS")) nil)

@@ -87,7 +87,7 @@
 (preparer
   (deplacer ligne 5.0)
   (setq avant (photo) bon plv-remplir:nombre)
-  (defun plv-legende:dessiner (titre rangees h) (/ 1 0)))
+  (defun plv-legende:dessiner (titre colonnes rangees h clarte) (/ 1 0)))
 (refuse (plv-actualiser (list p)) "divide by zero")
 ((equal avant (photo)) T)
 

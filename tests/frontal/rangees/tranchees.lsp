@@ -141,3 +141,29 @@
 (preparer (plv-tranchees-ecrire-regles p "Assainissement" (regles nil)))
 ((plv-actualiser (list p)) T)
 ((plv-reel (apply 'min (mapcar 'cadr (plv-cles 10 (entget (car (plv-traces-coupes p "Assainissement")))))) 2) "20.00")
+
+;; 39 m of trench are 1.80 m deep; the pit, 2.00 m long, is 2.00 deep.
+(situation "ALegendExplainsTheHatches")
+(preparer
+  (plv-tranchees-ecrire-regles p "Assainissement" (regles nil))
+  (defun legende () (car (plv-legendes-de-tranchees p "Assainissement")))
+  (defun mots (/ e textes)
+    (setq e (cdr (assoc -2 (tblsearch "BLOCK" (cdr (assoc 2 (entget (legende))))))))
+    (while e (if (= (plv-type e) "TEXT") (setq textes (cons (cdr (assoc 1 (entget e))) textes))) (setq e (entnext e)))
+    (reverse textes)))
+(refuse (plv-legende-tranchees p "Assainissement" nil) "ce profil n'a pas de tranchée hachurée Assainissement")
+(tape ("PLV-TRANCHEES" "Assainissement" "Hachurer" "Classes" "Légende" "" "FIN") (sauf "Erreur"))
+((mots) ("PROFIL P1 - ASSAINISSEMENT - TRANCHEES" "Profondeur" "Longueur (m)" "Fouille (m3)" "plus de 1.5 m" "41.00" "78.20" "Total" "41.00" "78.20"))
+;; sheets show it beside the profile, which it follows when it is made anew, where it was put
+((equal (plv-legendes-du-profil p) (list (legende))) T)
+(preparer
+  (entmod (subst '(10 300.0 20.0 0.0) (assoc 10 (entget (legende))) (entget (legende))))
+  (plv-tranchees-ecrire-regles p "Assainissement" (regles '("classes;1.9"))))
+((plv-actualiser (list p)) T)
+((car (plv-origine (legende))) 300.0)
+((length (plv-legendes-du-profil p)) 1)
+((plv-premiers (plv-sans-premiers (mots) 4) 6) ("1.5 à 1.9 m" "39.00" "70.20" "plus de 1.9 m" "2.00" "8.00"))
+((plv-hachurer-tranchees p "Assainissement" T) T)
+((vl-remove-if-not '(lambda (m) (member m '("Surface" "Enrobage" "Lit de pose"))) (mots)) ("Surface" "Enrobage" "Lit de pose"))
+(preparer (plv-oter-tranchees p "Assainissement"))
+((plv-legendes-du-profil p) nil)
