@@ -56,13 +56,17 @@ class Screen:
         return found[-1] if found else None
 
 
+class Waited(Exception):
+    """Nothing came of waiting: a key that the tool lost, or a machine with too much to do."""
+
+
 def until(condition, what):
     end = time.monotonic() + PATIENCE
     while time.monotonic() < end:
         if result := condition():
             return result
         time.sleep(0.02)
-    raise SystemExit("nothing came of waiting for " + what)
+    raise Waited(what)
 
 
 class Session:
@@ -179,9 +183,22 @@ class Course:
         """What a killed program has left: the copies, else the file that was saved last."""
         return sorted(self.copies.glob("*.dxf")) or [max(self.folder.glob("rue*.dxf"), key=os.path.getmtime)]
 
+    def begun(self, state):
+        """The program with the drawing in front; one that doesn't come so far is killed and must leave what there was."""
+        for _ in range(3):
+            session = Session(self, [] if self.left()[0].parent == self.copies else self.left(), state)
+            try:
+                session.ready()
+                return session
+            except Waited as what:
+                print("waited for", what, flush=True)
+                session.program.kill()
+                session.program.wait()
+                assert self.circles(self.left()[0]) == state, (self.left()[0], "expected", state)
+        raise SystemExit("the program doesn't begin")
+
     def life(self, state):
-        session = Session(self, [] if self.left()[0].parent == self.copies else self.left(), state)
-        session.ready()
+        session = self.begun(state)
         for _ in range(random.randint(1, 5)):
             session.noise()
             session.carry_out()
