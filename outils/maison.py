@@ -55,8 +55,9 @@ HOUSES = {
         "desktop/document": "base lisp document application desktop/picture",
         "desktop/view": "base document selecting render desktop/picture desktop/document",
         "desktop/forms": "database/objects dialogs render desktop/document",
+        "desktop/files": "dxf desktop/document desktop/forms",
         "desktop/panels": "base application database render/scene desktop/document",
-        "desktop/window": "base database/objects selecting dxf commands commands/files plugin exchange render desktop/document desktop/forms desktop/view desktop/panels",
+        "desktop/window": "base database/objects selecting dxf commands commands/files plugin exchange render desktop/document desktop/forms desktop/files desktop/view desktop/panels",
     },
     "module": {
         "commande/arguments": "",

@@ -1,13 +1,13 @@
-// Opening, saving, recent files.
+// Opening and saving.
 // A damaged file is opened only when the user wants what is left of it, and is never saved over.
 #include <QApplication>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QSettings>
 #include <QTimer>
 
 #include "atelier/commands/files/audit_report.h"
+#include "atelier/desktop/files/recent_files.h"
 #include "atelier/desktop/forms/file_choice.h"
 #include "atelier/desktop/window/main_window.h"
 #include "atelier/desktop/window/theme.h"
@@ -15,7 +15,6 @@
 namespace atelier::desktop {
 namespace {
 
-constexpr int kMostRecent = 10;
 constexpr qsizetype kMostTold = 15;  // lines of a message; the history has them all
 
 }  // namespace
@@ -92,7 +91,7 @@ bool MainWindow::open(const QString& path) {
     front()->drawing->document().setReadOnly();
     showTitle(*front());
   }
-  if (!path.isEmpty()) remember(path);
+  if (!path.isEmpty()) rememberFile(kRecentDrawings, path);
   return true;
 }
 
@@ -199,19 +198,9 @@ bool MainWindow::save(bool underNewName) {
     return false;
   }
   document.print("\nDessin enregistré dans " + path.toStdString() + ".\n");
-  remember(path);
+  rememberFile(kRecentDrawings, path);
   afterCommand(*front());
   return true;
-}
-
-void MainWindow::remember(const QString& path) {
-  QSettings settings;
-  QStringList recent = settings.value("recents").toStringList();
-  const QString whole = QFileInfo(path).absoluteFilePath();
-  recent.removeAll(whole);
-  recent.prepend(whole);
-  while (recent.size() > kMostRecent) recent.removeLast();
-  settings.setValue("recents", recent);
 }
 
 }  // namespace atelier::desktop
