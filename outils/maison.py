@@ -22,7 +22,7 @@ HOUSES = {
         "database/pictures": "base fonts database/records database/objects database/curves database/solids database/entities database/dimensions",
         "database/lists": "base database/records database/objects database/curves database/tables database/entities",
         "dxf/groups": "base database",
-        "dxf/reading": "dxf/groups",
+        "dxf/reading": "base dxf/groups",
         "dxf/writing": "base database dxf/groups",
         "dxf/versions": "base database dxf/groups dxf/reading dxf/writing",
         "dxf/audit": "base database dxf/writing",

@@ -10,6 +10,7 @@
 #include "atelier/desktop/files/recent_files.h"
 #include "atelier/desktop/forms/file_choice.h"
 #include "atelier/desktop/window/main_window.h"
+#include "atelier/desktop/window/own_work.h"
 #include "atelier/desktop/window/theme.h"
 
 namespace atelier::desktop {
@@ -108,6 +109,9 @@ bool MainWindow::openOrRecover(const QString& path) {
   try {
     openTab(path);
     return true;
+  } catch (const Interrupted&) {
+    commands_->print(QStringLiteral("\nOuverture de %1 arrêtée.\n").arg(path));
+    return false;
   } catch (const FileError& error) {
     complain(QString::fromUtf8(error.what()));
     return false;
@@ -121,6 +125,7 @@ void MainWindow::openTab(const QString& path, std::vector<std::string>* messages
   auto tab = std::make_unique<Tab>();
   QApplication::setOverrideCursor(Qt::WaitCursor);
   try {
+    const OwnWork work(work_, QStringLiteral("Ouverture"));
     tab->drawing = std::make_unique<Drawing>(path, messages);
   } catch (const Error&) {
     QApplication::restoreOverrideCursor();
@@ -147,6 +152,9 @@ bool MainWindow::openDamaged(const QString& path, const QString& damage) {
   std::vector<std::string> found;
   try {
     openTab(path, &found);
+  } catch (const Interrupted&) {
+    commands_->print(QStringLiteral("\nOuverture de %1 arrêtée.\n").arg(path));
+    return false;
   } catch (const Error& error) {
     complain(QString::fromUtf8(error.what()));
     return false;
@@ -192,7 +200,11 @@ bool MainWindow::save(bool underNewName) {
   if (!why.empty() && ask(question, {QStringLiteral("Oui"), QStringLiteral("Non")}) != "oui") return false;
   try {
     const OverwritingOthers allowed(document);
+    const OwnWork work(work_, QStringLiteral("Enregistrement"));
     document.save(path.toStdString());
+  } catch (const Interrupted&) {
+    document.print("\nEnregistrement arrêté : le fichier est resté comme il était.\n");
+    return false;
   } catch (const Error& error) {
     complain(QString::fromUtf8(error.what()));
     return false;
