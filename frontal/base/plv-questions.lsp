@@ -50,6 +50,21 @@
     ((findfile nom))
     (T (plv-erreur (strcat "fichier introuvable: " nom)))))
 
+;; --- the files that commands took, which the window proposes again
+
+(setq plv-questions:pris nil)
+
+(defun plv-prendre-fichier (genre chemin resultat)
+  "The result of what was done with a file; unless that is nil, the file counts as taken. genre: leve or definition."
+  (if (and resultat (not (member (list genre chemin) plv-questions:pris)))
+    (setq plv-questions:pris (cons (list genre chemin) plv-questions:pris)))
+  resultat)
+
+(defun plv-fichiers-pris (/ pris)
+  "Kind and path of each file that was taken since the last call."
+  (setq pris plv-questions:pris plv-questions:pris nil)
+  (reverse pris))
+
 (defun plv-nom-dessin (/ nom)
   "The drawing's name as a title that is proposed."
   (setq nom (vl-filename-base (getvar "DWGNAME")))

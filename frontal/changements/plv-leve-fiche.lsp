@@ -91,7 +91,9 @@
 (defun plv-leve-fiche:faire (valeurs / operation)
   (setq operation (plv-leve-fiche:operation valeurs))
   (cond
-    ((= operation "R") (plv-remplacer-terrain (plv-fiche-profil valeurs) (plv-leve-fiche:lire valeurs)))
+    ((= operation "R")
+     (plv-prendre-fichier "leve" (findfile (plv-cle "fichier" valeurs))
+       (plv-remplacer-terrain (plv-fiche-profil valeurs) (plv-leve-fiche:lire valeurs))))
     ((= operation "T") (plv-remplacer-terrain (plv-fiche-profil valeurs) (plv-leve-fiche:table valeurs)))
     ((plv-leve-fiche:point valeurs))))
 

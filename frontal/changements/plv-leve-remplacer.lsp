@@ -76,4 +76,4 @@
   "The command's questions: the file, and of LandXML with several grounds which one."
   (if (and (setq chemin (plv-demander-fichier "Fichier du nouveau levé"))
            (setq terrain (if (plv-landxml-p chemin) (plv-landxml-choisir-un-terrain chemin) (plv-lire-terrain chemin))))
-    (plv-remplacer-terrain profil terrain)))
+    (plv-prendre-fichier "leve" chemin (plv-remplacer-terrain profil terrain))))

@@ -106,10 +106,11 @@
 (defun plv-mnt:lire-fichier (/ chemin axe terrain)
   "The ground of a file along an axis; of LandXML alignment and ground are chosen. nil after a message."
   (if (setq chemin (plv-demander-fichier "Fichier du terrain"))
-    (cond
-      ((not (plv-landxml-p chemin)) (plv-lire-terrain chemin))
-      ((and (setq axe (plv-landxml-choisir-axe chemin)) (setq terrain (plv-landxml-choisir-terrain axe)))
-       (plv-landxml-terrain chemin axe terrain)))))
+    (plv-prendre-fichier "leve" chemin
+      (cond
+        ((not (plv-landxml-p chemin)) (plv-lire-terrain chemin))
+        ((and (setq axe (plv-landxml-choisir-axe chemin)) (setq terrain (plv-landxml-choisir-terrain axe)))
+         (plv-landxml-terrain chemin axe terrain))))))
 
 (defun plv-mnt-demander-ajout (/ profil nom role lu sources)
   (if (setq profil (plv-choisir-profil))

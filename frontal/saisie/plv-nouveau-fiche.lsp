@@ -66,6 +66,7 @@
                  (cond ((plv-fiche-point valeurs "insertion")) ((plv-demander-insertion "Point d'insertion" nil)))
                  (plv-fiche-nombre valeurs "echv") (plv-fiche-nombre valeurs "ttxt") (plv-nouveau-fiche:hauteur valeurs) nil
                  (if (plv-cle "projets" valeurs) 'plv-landxml-projets '(lambda (p a) nil))))
+  (plv-prendre-fichier "leve" (findfile (plv-cle "fichier" valeurs)) profil)
   (if profil (plv-avec-variable "CMDECHO" 0 '(lambda () (command "_.ZOOM" "_E"))))
   profil)
 

@@ -97,7 +97,8 @@ project lines."
 (defun c:plv-nouveau (/ chemin)
   "Crée un profil d'un levé: texte, classeur ou LandXML."
   (if (setq chemin (plv-demander-fichier "Fichier du terrain naturel"))
-    (if (plv-landxml-p chemin)
-      (plv-nouveau:landxml chemin)
-      (plv-nouveau-demander '(lambda () (plv-lire-terrain chemin)) (itoa (plv-identifiant-libre)) '(lambda (profil axe) nil) nil nil)))
+    (plv-prendre-fichier "leve" chemin
+      (if (plv-landxml-p chemin)
+        (plv-nouveau:landxml chemin)
+        (plv-nouveau-demander '(lambda () (plv-lire-terrain chemin)) (itoa (plv-identifiant-libre)) '(lambda (profil axe) nil) nil nil))))
   (princ))

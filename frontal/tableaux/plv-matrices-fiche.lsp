@@ -119,7 +119,9 @@
 (defun plv-matrices-fiche:faire (valeurs / nom)
   (setq nom (plv-cle "nom" valeurs))
   (cond
-    ((= nom "") (plv-matrices (plv-fiche-profil valeurs) (plv-matrices-fiche:source valeurs) (plv-cle "tout" valeurs)))
+    ((= nom "")
+     (plv-matrices-prises (plv-matrices-fiche:source valeurs)
+       (plv-matrices (plv-fiche-profil valeurs) (plv-matrices-fiche:source valeurs) (plv-cle "tout" valeurs))))
     ((plv-garder-modele nom (plv-modele-lignes (plv-cle "rangees" valeurs)))
      (plv-matrices (plv-fiche-profil valeurs) nom (plv-cle "tout" valeurs)))))
 

@@ -70,6 +70,10 @@
                       (strcat ", " (plv-compte laisses "laissé") " faute de place (option Tous pour tout garder).")
                       "."))))
 
+(defun plv-matrices-prises (source profil)
+  "What was drawn of a definition; one's file counts as taken, a model needn't, which has its name."
+  (if (findfile source) (plv-prendre-fichier "definition" (findfile source) profil) profil))
+
 (defun c:plv-matrices (/ profil chemin tout)
   "Dessine les tableaux sous un profil, d'après un fichier de définition."
   (if (and (setq profil (plv-choisir-profil))
@@ -77,5 +81,5 @@
            (plv-definition-existante chemin))
     (progn
       (setq tout (= (plv-demander-mot "Points à coter" '("Espaces" "Tous") "Espaces") "Tous"))
-      (plv-matrices profil chemin tout)))
+      (plv-matrices-prises chemin (plv-matrices profil chemin tout))))
   (princ))

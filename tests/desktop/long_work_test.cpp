@@ -1,4 +1,5 @@
 // Work that takes over half a second is shown and can be stopped; a command that was stopped leaves the drawing as it was.
+#include <QFileInfo>
 #include <QProgressDialog>
 #include <QPushButton>
 
@@ -48,6 +49,36 @@ TEST_F(LongWork, ProgramsAreStopped) {
   EXPECT_FALSE(label.isEmpty());
   EXPECT_FALSE(shown());
   EXPECT_GT(lisp("n").toInt(), 0);
+}
+
+// Work of the window itself: what was stopped has left drawing, tabs and file as they were, and can be done again.
+TEST_F(LongWork, OpeningAndSavingAreStopped) {
+  lines(200000);
+  chosenFile = file("lignes.dxf");
+  ASSERT_TRUE(window.save());
+  const qint64 whole = QFileInfo(chosenFile).size();
+  driver.type("ERASE").type("_L").type("").play();
+  atelier::desktop::LongWork::shownAfter = 20;
+  stopWhenShown();
+  EXPECT_FALSE(window.save());
+  EXPECT_TRUE(label.startsWith("Enregistrement")) << label.toStdString();
+  EXPECT_EQ(QFileInfo(chosenFile).size(), whole);
+  EXPECT_TRUE(window.drawing()->isModified());
+  EXPECT_FALSE(shown());
+  ASSERT_TRUE(QFile::copy(chosenFile, file("autre.dxf")));
+  label.clear();
+  stopWhenShown();
+  EXPECT_FALSE(window.open(file("autre.dxf")));
+  EXPECT_TRUE(label.startsWith("Ouverture")) << label.toStdString();
+  EXPECT_EQ(window.tabs().count(), 1);
+  EXPECT_EQ(count("LINE"), 199999);
+  EXPECT_FALSE(shown());
+  EXPECT_TRUE(questions.isEmpty()) << questions.join('\n').toStdString();
+  atelier::desktop::LongWork::shownAfter = 60000;
+  EXPECT_TRUE(window.save());
+  EXPECT_LT(QFileInfo(chosenFile).size(), whole);
+  EXPECT_TRUE(window.open(file("autre.dxf")));
+  EXPECT_EQ(count("LINE"), 200000);
 }
 
 }  // namespace

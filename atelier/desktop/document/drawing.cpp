@@ -158,7 +158,7 @@ void Drawing::run() {
   feed({{line.toStdString()}});
 }
 
-// Asked in every long loop of the host. Programs in AutoLISP are in between at their own pauses, too.
+// Programs in AutoLISP are in between at their own pauses, too.
 bool Drawing::stopAsked() {
   if (working && working->lookDue_ && QThread::currentThread() == working->thread()) working->work();
   return Document::current() && Document::current()->interpreter().interrupted();

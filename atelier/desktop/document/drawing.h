@@ -56,6 +56,8 @@ class Drawing : public QObject {
   bool hasMore() const { return awaited_ > 0; }  // orders that haven't begun
   // Whether a command runs that doesn't wait for an answer.
   bool computes() const { return running_ && !source_.prompt() && !source_.isBetweenCommands(); }
+  // Whether the running command is to end: what the host's long loops ask, unless something else is under way.
+  static bool stopAsked();
   bool isBusy() const { return isRunning() || hasMore(); }
   const PromptInfo* prompt() const { return source_.prompt(); }
   QString fileName() const;  // without its folder
@@ -82,7 +84,6 @@ class Drawing : public QObject {
   void replaced();
   void bind();
   void stop();
-  static bool stopAsked();
   void work();
   DesktopSource source_;
   std::unique_ptr<Document> document_;

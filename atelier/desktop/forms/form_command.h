@@ -26,7 +26,10 @@ class CommandForm : public QDialog {
   QString fault(const QString& label) const;
   FormPicture* picture(int which = 0) { return pictures_.value(which); }
   QString words() const { return words_->text(); }
-  void look();  // at once, at the answers as they are
+  // Gives an answer by its key, or a cell of a table as key/row/column.
+  void write(const QString& path, const QString& text);
+  static constexpr const char* kFile = "fichier";  // the key of the file that a form is about
+  void look();                                     // at once, at the answers as they are
 
  private:
   struct Row {
@@ -48,7 +51,6 @@ class CommandForm : public QDialog {
   Row* row(const QString& key);
   // A number of a field, or of a cell as key/row/column.
   QString text(const QString& path);
-  void write(const QString& path, const QString& text);
   void remember() const;
 
   Drawing& drawing_;

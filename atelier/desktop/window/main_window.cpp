@@ -13,6 +13,7 @@
 #include "atelier/base/text.h"
 #include "atelier/commands/commands.h"
 #include "atelier/desktop/document/lisp_bridge.h"
+#include "atelier/desktop/files/recent_files.h"
 #include "atelier/desktop/window/theme.h"
 
 namespace atelier::desktop {
@@ -159,6 +160,8 @@ void MainWindow::showTab() {
 
 void MainWindow::afterCommand(Tab& tab) {
   atelier::desktop::ask(tab.drawing->document(), "(plv-bureau-oublier)");
+  for (const QVariant& taken : atelier::desktop::ask(tab.drawing->document(), "(plv-fichiers-pris)").toList())
+    rememberFile(taken.toList().value(0).toString(), taken.toList().value(1).toString());
   if (tab.drawing->isModified()) copySoon();
   else forgetCopy(tab);
   tab.view->refresh();
@@ -190,7 +193,7 @@ void MainWindow::afterReplacement(Tab& tab) {
   forgetCopy(tab);
   tab.origin.clear();
   if (d.document().path().empty()) d.untitled = nextName();
-  else remember(QString::fromStdString(d.document().path()));
+  else rememberFile(kRecentDrawings, QString::fromStdString(d.document().path()));
   atelier::desktop::ask(d.document(), "(progn (plv-bureau-oublier) (plv-reprendre-courant))");
   letAsk(d);
   tab.view->startAnew();
@@ -201,10 +204,18 @@ void MainWindow::afterReplacement(Tab& tab) {
 void MainWindow::perform(const QString& action) {
   if (action.startsWith('@')) return windowAction(action.mid(1));
   const QStringList lines = action.split('|');
-  if (Drawing* d = drawing(); d && lines.size() == 1 && CommandForm::exists(*d, action))
-    return whenIdle([this, action] { (new CommandForm(*drawing(), action, this))->open(); });
+  if (Drawing* d = drawing(); d && lines.size() == 1 && CommandForm::exists(*d, action)) return openForm(action);
   if (Drawing* d = drawing(); d && !d->isRunning()) d->lastLine = lines.front();
   carryOut(lines);
+}
+
+void MainWindow::openForm(const QString& command, const QString& file) {
+  whenIdle([this, command, file] {
+    if (!drawing()) return;
+    auto* form = new CommandForm(*drawing(), command, this);
+    if (!file.isEmpty()) form->write(CommandForm::kFile, file);
+    form->open();
+  });
 }
 
 // A command and its answers. What may run between two answers does; else the running command is cancelled.

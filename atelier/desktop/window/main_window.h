@@ -8,6 +8,9 @@
 #include <QToolButton>
 #include <memory>
 
+#include "atelier/desktop/files/file_prompts.h"
+#include "atelier/desktop/files/recent_files.h"
+#include "atelier/desktop/files/recovery_files.h"
 #include "atelier/desktop/forms/dialog_window.h"
 #include "atelier/desktop/panels/command_line.h"
 #include "atelier/desktop/panels/guide_window.h"
@@ -16,10 +19,8 @@
 #include "atelier/desktop/panels/profiles_panel.h"
 #include "atelier/desktop/panels/properties_panel.h"
 #include "atelier/desktop/view/drawing_view.h"
-#include "atelier/desktop/window/file_prompts.h"
 #include "atelier/desktop/window/host_menu_bar.h"
 #include "atelier/desktop/window/long_work.h"
-#include "atelier/desktop/window/recovery_files.h"
 
 namespace atelier::desktop {
 
@@ -80,7 +81,7 @@ class MainWindow : public QMainWindow {
   void showLayouts();
   void chooseLayout(int index);
   void buildMenus();
-  void buildRecent(QMenu& menu);
+  void buildRecent(QMenu& menu, const RecentKind& kind);
   Tab* tabOf(const QString& path) const;
   bool openOrRecover(const QString& path);
   void openTab(const QString& path, std::vector<std::string>* messages = nullptr);
@@ -98,6 +99,7 @@ class MainWindow : public QMainWindow {
   void addObjectEntries(QMenu& menu);
   void addProfileEntry(QMenu& menu, const AcGePoint3d& at);
   void escape();
+  void openForm(const QString& command, const QString& file = {});  // with the file in its field
   void carryOut(const QStringList& lines);
   QString askAboutLeaving(const std::vector<Tab*>& unsaved);
   bool leave(const QString& answer, const std::vector<Tab*>& asked);
@@ -113,7 +115,6 @@ class MainWindow : public QMainWindow {
   void chooseProfile(const QString& handle);
   void showHandle(const QString& handle);
   QString nextName();  // of a new drawing
-  void remember(const QString& path);
   void complain(const QString& text);
   QString ask(const QString& question, const QStringList& answers);
   void answer(const QString& line);

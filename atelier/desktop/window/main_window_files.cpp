@@ -1,21 +1,21 @@
-// Opening, saving, recent files.
+// Opening and saving.
 // A damaged file is opened only when the user wants what is left of it, and is never saved over.
 #include <QApplication>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QSettings>
 #include <QTimer>
 
 #include "atelier/commands/files/audit_report.h"
+#include "atelier/desktop/files/recent_files.h"
 #include "atelier/desktop/forms/file_choice.h"
 #include "atelier/desktop/window/main_window.h"
+#include "atelier/desktop/window/own_work.h"
 #include "atelier/desktop/window/theme.h"
 
 namespace atelier::desktop {
 namespace {
 
-constexpr int kMostRecent = 10;
 constexpr qsizetype kMostTold = 15;  // lines of a message; the history has them all
 
 }  // namespace
@@ -92,7 +92,7 @@ bool MainWindow::open(const QString& path) {
     front()->drawing->document().setReadOnly();
     showTitle(*front());
   }
-  if (!path.isEmpty()) remember(path);
+  if (!path.isEmpty()) rememberFile(kRecentDrawings, path);
   return true;
 }
 
@@ -109,6 +109,9 @@ bool MainWindow::openOrRecover(const QString& path) {
   try {
     openTab(path);
     return true;
+  } catch (const Interrupted&) {
+    commands_->print(QStringLiteral("\nOuverture de %1 arrêtée.\n").arg(path));
+    return false;
   } catch (const FileError& error) {
     complain(QString::fromUtf8(error.what()));
     return false;
@@ -122,6 +125,7 @@ void MainWindow::openTab(const QString& path, std::vector<std::string>* messages
   auto tab = std::make_unique<Tab>();
   QApplication::setOverrideCursor(Qt::WaitCursor);
   try {
+    const OwnWork work(work_, QStringLiteral("Ouverture"));
     tab->drawing = std::make_unique<Drawing>(path, messages);
   } catch (const Error&) {
     QApplication::restoreOverrideCursor();
@@ -148,6 +152,9 @@ bool MainWindow::openDamaged(const QString& path, const QString& damage) {
   std::vector<std::string> found;
   try {
     openTab(path, &found);
+  } catch (const Interrupted&) {
+    commands_->print(QStringLiteral("\nOuverture de %1 arrêtée.\n").arg(path));
+    return false;
   } catch (const Error& error) {
     complain(QString::fromUtf8(error.what()));
     return false;
@@ -193,25 +200,19 @@ bool MainWindow::save(bool underNewName) {
   if (!why.empty() && ask(question, {QStringLiteral("Oui"), QStringLiteral("Non")}) != "oui") return false;
   try {
     const OverwritingOthers allowed(document);
+    const OwnWork work(work_, QStringLiteral("Enregistrement"));
     document.save(path.toStdString());
+  } catch (const Interrupted&) {
+    document.print("\nEnregistrement arrêté : le fichier est resté comme il était.\n");
+    return false;
   } catch (const Error& error) {
     complain(QString::fromUtf8(error.what()));
     return false;
   }
   document.print("\nDessin enregistré dans " + path.toStdString() + ".\n");
-  remember(path);
+  rememberFile(kRecentDrawings, path);
   afterCommand(*front());
   return true;
-}
-
-void MainWindow::remember(const QString& path) {
-  QSettings settings;
-  QStringList recent = settings.value("recents").toStringList();
-  const QString whole = QFileInfo(path).absoluteFilePath();
-  recent.removeAll(whole);
-  recent.prepend(whole);
-  while (recent.size() > kMostRecent) recent.removeLast();
-  settings.setValue("recents", recent);
 }
 
 }  // namespace atelier::desktop

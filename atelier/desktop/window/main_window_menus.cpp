@@ -3,7 +3,6 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QSet>
-#include <QSettings>
 #include <QTimer>
 #include <QToolBar>
 
@@ -43,9 +42,10 @@ void MainWindow::buildMenus() {
     }
     action->setToolTip(QString::fromUtf8(row.text).remove('&').remove("..."));
     connect(action, &QAction::triggered, this, [this, command = QString::fromUtf8(row.command)] { perform(command); });
-    if (QString::fromUtf8(row.command) == "@open") {
-      auto* recent = menu->addMenu(QStringLiteral("Fichiers récents"));
-      connect(recent, &QMenu::aboutToShow, this, [this, recent] { buildRecent(*recent); });
+    for (const RecentKind& kind : recentKinds()) {
+      if (QLatin1String(kind.command) != QLatin1String(row.command)) continue;
+      auto* recent = menu->addMenu(QString::fromUtf8(kind.title));
+      connect(recent, &QMenu::aboutToShow, this, [this, recent, &kind] { buildRecent(*recent, kind); });
     }
   }
   QMenu* view = menus[QStringLiteral("&Affichage")];
@@ -97,10 +97,14 @@ void MainWindow::changeTheme() {
     if (const QString icon = action->property("icone").toString(); !icon.isEmpty()) action->setIcon(iconNamed(icon));
 }
 
-void MainWindow::buildRecent(QMenu& menu) {
+void MainWindow::buildRecent(QMenu& menu, const RecentKind& kind) {
   menu.clear();
-  for (const QString& path : QSettings().value("recents").toStringList())
-    connect(menu.addAction(path), &QAction::triggered, this, [this, path] { whenIdle([this, path] { open(path); }); });
+  const bool drawings = QLatin1String(kind.name) == QLatin1String(kRecentDrawings);
+  for (const QString& path : recentFiles(kind))
+    connect(menu.addAction(path), &QAction::triggered, this, [this, path, drawings, command = kind.command] {
+      if (drawings) whenIdle([this, path] { open(path); });
+      else openForm(command, path);
+    });
   if (menu.isEmpty()) menu.addAction(QStringLiteral("(aucun)"))->setEnabled(false);
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "atelier/base/interruption.h"
 #include "atelier/dxf/groups/record_head.h"
 #include "atelier/dxf/reading/parsed_records.h"
 #include "atelier/dxf/reading/structure.h"
@@ -168,6 +169,7 @@ class Reader {
   void records(Take take, bool entities) {
     pass_.skipComments();
     while (!sectionEnds()) {
+      checkInterruption();
       if (pass_.group().code != 0)
         faults_.stop(pass_.group().begin, "groupe 0 attendu, trouvé le groupe " + std::to_string(pass_.group().code));
       const RecordHead h = pass_.head();

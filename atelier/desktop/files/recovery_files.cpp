@@ -1,6 +1,6 @@
 // All files of a copy have one name with several extensions, the temporary ones of its writing too.
 // The lock names process and machine, so that the lock of a process that is gone doesn't count.
-#include "atelier/desktop/window/recovery_files.h"
+#include "atelier/desktop/files/recovery_files.h"
 
 #include <fcntl.h>
 #include <unistd.h>

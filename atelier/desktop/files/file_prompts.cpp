@@ -1,5 +1,5 @@
 // A question for a file begins with one of these words; a file to be written is told by others.
-#include "atelier/desktop/window/file_prompts.h"
+#include "atelier/desktop/files/file_prompts.h"
 
 #include <QRegularExpression>
 #include <QStringList>
