@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
+#include <QSaveFile>
 #include <QStandardPaths>
 #include <QThreadPool>
 #include <QUuid>
@@ -84,8 +85,9 @@ std::vector<std::unique_ptr<RecoveryFiles>> RecoveryFiles::abandoned() {
 }
 
 void RecoveryFiles::write(AcDbDatabase& database, const QString& origin) const {
-  QFile note(path(kOrigin));
-  if (note.open(QIODevice::WriteOnly)) note.write(origin.toUtf8());
+  // Whole at every moment, as the copy is: the program may be killed while it writes.
+  QSaveFile note(path(kOrigin));
+  if (note.open(QIODevice::WriteOnly) && note.write(origin.toUtf8()) >= 0) note.commit();
   dxf::saveCopy(database, drawing().toStdString());
   QThreadPool::globalInstance()->start([path = drawing().toStdString()] { flush(path); });
 }
