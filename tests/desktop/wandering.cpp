@@ -14,6 +14,7 @@ namespace {
 constexpr int kPause = 2;         // milliseconds that a step gets
 constexpr int kPatience = 60000;  // milliseconds until the window is at rest
 constexpr int kUnwinding = 150;   // milliseconds after which nothing begins any more by itself
+constexpr int kAlone = 10;        // seconds that a command may last with nobody there
 constexpr int kMostTabs = 3;
 
 const QStringList kLines{"",
@@ -166,9 +167,20 @@ void Wandering::tick() {
   step();
 }
 
+// A command that begins by itself while the window is looked at would wait for ever for answers that nobody gives.
+void Wandering::guard() {
+  auto* const watch = new QTimer(&window);
+  QObject::connect(watch, &QTimer::timeout, &window, [this, busy = 0]() mutable {
+    busy = wanders_ || rests() ? 0 : busy + 1;
+    if (busy > kAlone) calm();
+  });
+  watch->start(1000);
+}
+
 void Wandering::wander(unsigned seed, int steps, int between, const std::function<void()>& check) {
   random_.seed(seed);
   between_ = between;
+  guard();
   while (taken < steps && !HasFailure()) {
     due_ = false;
     wanders_ = true;

@@ -31,6 +31,7 @@ struct Wandering : Desktop {
   bool rests() const;
   void calm();  // one step out of dialogs and commands
   void tick();
+  void guard();
   std::mt19937 random_;
   int between_ = 1;
   bool wanders_ = false, due_ = false;

@@ -15,13 +15,14 @@ namespace {
 
 using atelier::desktop::Drawing;
 
-constexpr int kCourses = 30, kSteps = 300, kBetweenChecks = 50;
+constexpr int kCourses = 8, kSteps = 300, kBetweenChecks = 50;
 constexpr int kCopySoon = 20000;  // milliseconds at most: on a busy machine copies cost more, and are made less often
 const QString kExamples = KAVEL_SOURCE "/exemples/";
 
 std::vector<int> seeds() {
   if (qEnvironmentVariableIsSet("KAVEL_GRAINE")) return {qEnvironmentVariableIntValue("KAVEL_GRAINE")};
-  std::vector<int> all(kCourses);
+  std::vector<int> all(qEnvironmentVariableIsSet("KAVEL_COURS") ? qEnvironmentVariableIntValue("KAVEL_COURS")
+                                                                : kCourses);
   std::iota(all.begin(), all.end(), 1);
   return all;
 }
