@@ -21,8 +21,8 @@ const QString kExamples = KAVEL_SOURCE "/exemples/";
 
 std::vector<int> seeds() {
   if (qEnvironmentVariableIsSet("KAVEL_GRAINE")) return {qEnvironmentVariableIntValue("KAVEL_GRAINE")};
-  std::vector<int> all(qEnvironmentVariableIsSet("KAVEL_COURS") ? qEnvironmentVariableIntValue("KAVEL_COURS")
-                                                                : kCourses);
+  const int courses = qEnvironmentVariableIsSet("KAVEL_COURS") ? qEnvironmentVariableIntValue("KAVEL_COURS") : kCourses;
+  std::vector<int> all(static_cast<std::size_t>(std::max(1, courses)));
   std::iota(all.begin(), all.end(), 1);
   return all;
 }
