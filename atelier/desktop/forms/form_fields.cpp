@@ -28,45 +28,48 @@ QPushButton* pickButton(QWidget* row, std::function<void()> pick) {
   return button;
 }
 
+// A line of text.
 class TextField : public FormField {
  public:
-  TextField(Changed changed, QWidget* parent) : edit_(new QLineEdit(parent)) {
-    QObject::connect(edit_, &QLineEdit::textChanged, edit_, [changed = std::move(changed)] { changed(); });
+  TextField(const Changed& changed, QWidget* parent) : edit_(new QLineEdit(parent)) {
+    QObject::connect(edit_, &QLineEdit::textChanged, edit_, [changed] { changed(); });
   }
   QWidget* widget() override { return edit_; }
   QString answer() const override { return quoted(edit_->text()); }
   void set(const QVariant& value) override { edit_->setText(value.toString()); }
   QVariant value() const override { return edit_->text(); }
 
- private:
+ protected:
   QLineEdit* edit_;
 };
 
-class FileField : public FormField {
+// A line of text with a button beside it.
+class ButtonField : public TextField {
  public:
-  FileField(const QString& title, const QString& filter, FileUse use, Changed changed, QWidget* parent)
-      : row_(new QWidget(parent)), edit_(new QLineEdit(row_)) {
+  QWidget* widget() override { return row_; }
+
+ protected:
+  ButtonField(const Changed& changed, QWidget* parent) : TextField(changed, nullptr), row_(new QWidget(parent)) {
     auto* layout = new QHBoxLayout(row_);
     layout->setContentsMargins(0, 0, 0, 0);
-    auto* look = new QPushButton(QStringLiteral("Parcourir..."), row_);
     layout->addWidget(edit_, 1);
     edit_->setMinimumWidth(edit_->fontMetrics().averageCharWidth() * kSeenCharacters);
-    layout->addWidget(look);
     row_->setFocusProxy(edit_);
-    QObject::connect(edit_, &QLineEdit::textChanged, edit_, [changed = std::move(changed)] { changed(); });
+  }
+  QWidget* row_;
+};
+
+class FileField : public ButtonField {
+ public:
+  FileField(const QString& title, const QString& filter, FileUse use, const Changed& changed, QWidget* parent)
+      : ButtonField(changed, parent) {
+    auto* look = new QPushButton(QStringLiteral("Parcourir..."), row_);
+    row_->layout()->addWidget(look);
     QObject::connect(look, &QPushButton::clicked, edit_, [this, title, filter, use] {
       const QString path = askFile(row_, use, title, filter, edit_->text());
       if (!path.isEmpty()) edit_->setText(path);
     });
   }
-  QWidget* widget() override { return row_; }
-  QString answer() const override { return quoted(edit_->text()); }
-  void set(const QVariant& value) override { edit_->setText(value.toString()); }
-  QVariant value() const override { return edit_->text(); }
-
- private:
-  QWidget* row_;
-  QLineEdit* edit_;
 };
 
 class WordField : public FormField {
@@ -148,26 +151,11 @@ class TruthField : public FormField {
 };
 
 // A point of the drawing, typed as x,y or picked.
-class PointField : public FormField {
+class PointField : public ButtonField {
  public:
-  PointField(Changed changed, std::function<void()> pick, QWidget* parent)
-      : row_(new QWidget(parent)), edit_(new QLineEdit(row_)) {
-    auto* layout = new QHBoxLayout(row_);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(edit_, 1);
-    edit_->setMinimumWidth(edit_->fontMetrics().averageCharWidth() * kSeenCharacters);
-    layout->addWidget(pickButton(row_, std::move(pick)));
-    row_->setFocusProxy(edit_);
-    QObject::connect(edit_, &QLineEdit::textChanged, edit_, [changed = std::move(changed)] { changed(); });
+  PointField(const Changed& changed, std::function<void()> pick, QWidget* parent) : ButtonField(changed, parent) {
+    row_->layout()->addWidget(pickButton(row_, std::move(pick)));
   }
-  QWidget* widget() override { return row_; }
-  QString answer() const override { return quoted(edit_->text()); }
-  void set(const QVariant& value) override { edit_->setText(value.toString()); }
-  QVariant value() const override { return edit_->text(); }
-
- private:
-  QWidget* row_;
-  QLineEdit* edit_;
 };
 
 // Entities of the drawing, by their handles.
