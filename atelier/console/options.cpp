@@ -87,7 +87,7 @@ struct Given {
 CLI::Option* declare(CLI::App& app, const Row& row, Options& options, Given& given) {
   if (const auto* choice = std::get_if<Choice>(&row.effect))
     return app.add_option(row.names, options.*choice->member, row.help)
-        ->transform(CLI::CheckedTransformer(choices(row.argument)))
+        ->transform(CLI::CheckedTransformer(choices(row.argument)).description(""))
         ->type_name(row.argument);
   if (!*row.argument) return app.add_flag(row.names, given.on, row.help);
   return app.add_option(row.names, given.values, row.help)

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numeric>
 
 namespace etu {
 
@@ -11,6 +12,8 @@ namespace {
 
 // Places times the stations that each of them sees, about; beyond the second number the steps are too small for the corridor.
 constexpr double kVues = 2e7, kVuesAuPlus = 4e8;
+// Parts of the distance after which every round slope comes to a rounded altitude: 0.50, 1, 2, 5 or 10 m for a centimetre and 0.1 %.
+constexpr std::int64_t kParts[] = {20, 10, 5, 2, 1};
 constexpr double kArrondi = 1e-7;  // of a step: what rounding may take from it
 
 struct noeudRond {
@@ -38,6 +41,8 @@ class filetRond {
   std::optional<ligneDroite> ligne();
 
  private:
+  double vues(double hauteur) const;
+  bool espacer();
   void poser();
   double altitude(std::size_t station, std::int64_t niveau) const;
   struct buts {
@@ -54,6 +59,7 @@ class filetRond {
   exigences m_exigences;
   double m_droites;  // that are to be expected: the more, the fewer stations a place sees
   double m_pas = 0, m_niveau = 0, m_z0 = 0;
+  std::int64_t m_parts = 1;         // after so many stations every round slope comes to a level
   std::vector<colonne> m_colonnes;  // without the end
   noeudRond m_fin;
   double m_zFin = 0;
@@ -65,18 +71,33 @@ double filetRond::altitude(std::size_t station, std::int64_t niveau) const {
   return m_z0 + m_niveau * static_cast<double>(niveau);
 }
 
-// The stations and their levels; in a corridor that narrows to nothing a station may have none.
-void filetRond::poser() {
-  const double longueur = m_couloir.fin() - m_couloir.debut();
+double filetRond::vues(double hauteur) const {
+  const double stations = (m_couloir.fin() - m_couloir.debut()) / m_pas;
+  return stations * stations * std::max(1.0, hauteur / m_niveau) / m_droites;
+}
+
+// How far apart stations and levels are; false when these would be too many.
+bool filetRond::espacer() {
+  const double longueur = m_couloir.fin() - m_couloir.debut(), pas = m_exigences.pasPente;
   double hauteur = 0.1;
   for (const porte& p : m_couloir.portes) hauteur = std::max(hauteur, p.passage.hauteur());
-  m_pas =
-      m_exigences.pasAltitude > 0
-          ? m_exigences.pasAltitude / m_exigences.pasPente
-          : std::ceil(10 * std::cbrt(longueur * longueur * hauteur / (m_exigences.pasPente * kVues * m_droites))) / 10;
-  m_niveau = m_exigences.pasPente * m_pas;
-  const double stations = longueur / m_pas;
-  if (!(stations * stations * std::max(1.0, hauteur / m_niveau) / m_droites < kVuesAuPlus)) return;
+  if (m_exigences.pasAltitude <= 0) {
+    m_pas = std::ceil(10 * std::cbrt(longueur * longueur * hauteur / (pas * kVues * m_droites))) / 10;
+    m_niveau = pas * m_pas;
+    return vues(hauteur) < kVuesAuPlus;
+  }
+  m_niveau = m_exigences.pasAltitude;
+  for (const std::int64_t parts : kParts) {
+    m_parts = parts;
+    m_pas = m_niveau / pas / static_cast<double>(parts);
+    if (vues(hauteur) < kVues) return true;
+  }
+  return vues(hauteur) < kVuesAuPlus;
+}
+
+// The stations and their levels; in a corridor that narrows to nothing a station may have none.
+void filetRond::poser() {
+  if (!espacer()) return;
   if (m_exigences.pasAltitude <= 0) m_z0 = m_couloir.portes.front().passage.bas;
   for (std::size_t k = 0; m_couloir.debut() + m_pas * static_cast<double>(k) < m_couloir.fin() - 0.1 * m_pas; ++k) {
     const double d = m_couloir.debut() + m_pas * static_cast<double>(k);
@@ -107,9 +128,10 @@ filetRond::buts filetRond::butsDe(std::size_t station, std::int64_t niveau, std:
   // From a given start to rounded altitudes a run may have any slope.
   if (departDonne(station) && m_exigences.pasAltitude > 0)
     return {auDessus((z + moindre * dx - m_z0) / m_niveau), auDessous((z + plusGrande * dx - m_z0) / m_niveau), 1};
-  const auto pas = static_cast<std::int64_t>(la - station);
-  return {niveau + auDessus(moindre / m_exigences.pasPente) * pas,
-          niveau + auDessous(plusGrande / m_exigences.pasPente) * pas, pas};
+  const auto stations = static_cast<std::int64_t>(la - station), commun = std::gcd(stations, m_parts);
+  const double pente = m_exigences.pasPente * static_cast<double>(m_parts / commun);
+  const std::int64_t pas = stations / commun;
+  return {niveau + auDessus(moindre / pente) * pas, niveau + auDessous(plusGrande / pente) * pas, pas};
 }
 
 // Leads straight runs on from a place that is reached, to later stations and to the end.

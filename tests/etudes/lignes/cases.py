@@ -84,7 +84,7 @@ def length(case, rng):
 
 def rounded(case, rng):
     case.asked.step = rng.choice([F(0), F(1, 64), F(1, 64)])
-    case.asked.slope_step = F(1, 512) if not case.asked.step else rng.choice([F(0), F(0), F(1, 64)])
+    case.asked.slope_step = F(1, 512) if not case.asked.step else rng.choice([F(0), F(1, 512), F(1, 64)])
 
 
 WHAT = [bands, points, crossings, slopes, length, rounded]

@@ -53,6 +53,14 @@
   ((et_ligne p 1.0 2.0 1000.0 1100.0 '(("puits" 1000.0)))) ((et_ligne p 1.0 2.0 1000.0 1100.0 '(("pente" 2 1)))))
 (appel nil)
 
+;; Slopes of whole per mille come to whole centimetres after 10 m; the ground bends after 40 and 60 m, and runs break between.
+(situation "CentimetresAndPerMilleBothInANarrowBand")
+(preparer (setq r (et_ligne p 1.0 1.08 1000.0 1100.0 '(("arrondi" 0.01 0.001)))))
+((null r) nil)
+((vl-every '(lambda (s) (equal (* 100 (cadr s)) (atof (rtos (* 100 (cadr s)) 2 0)) 1e-6)) (caar r)) T)
+((vl-every '(lambda (s suivant / m) (setq m (* 1000 (/ (- (cadr suivant) (cadr s)) (- (car suivant) (car s)))))
+              (equal m (atof (rtos m 2 0)) 1e-4)) (caar r) (cdaar r)) T)
+
 ;; Steps and lengths beyond all measure find no line, and take neither time nor memory for it.
 (situation "NoNumberOfAConstraintIsTooMuch")
 (tableau (c)
