@@ -70,12 +70,17 @@ constexpr Row kRows[] = {
     {"--progress", "auto|never|json", "progress of long work", Choice{&Options::progress}},
 };
 
-// "auto|never|json" as the values of the type, from the first on.
-std::map<std::string, Progress> choices(const char* argument) {
-  std::map<std::string, Progress> values;
-  int value = 0;
-  for (const std::string& name : CLI::detail::split(argument, '|')) values[name] = static_cast<Progress>(value++);
-  return values;
+// One of the words of "auto|never|json", as its rank among them.
+CLI::Validator choiceOf(const char* words) {
+  return CLI::Validator(
+      [words](std::string& given) -> std::string {
+        const auto known = CLI::detail::split(words, '|');
+        const auto at = std::find(known.begin(), known.end(), given);
+        if (at == known.end()) return given + ": " + words + " attendu";
+        given = std::to_string(at - known.begin());
+        return {};
+      },
+      "");
 }
 
 struct Given {
@@ -87,7 +92,7 @@ struct Given {
 CLI::Option* declare(CLI::App& app, const Row& row, Options& options, Given& given) {
   if (const auto* choice = std::get_if<Choice>(&row.effect))
     return app.add_option(row.names, options.*choice->member, row.help)
-        ->transform(CLI::CheckedTransformer(choices(row.argument)).description(""))
+        ->transform(choiceOf(row.argument))
         ->type_name(row.argument);
   if (!*row.argument) return app.add_flag(row.names, given.on, row.help);
   return app.add_option(row.names, given.values, row.help)
