@@ -6,8 +6,8 @@
 
 #include "etudes/fichiers/nombres.h"
 #include "etudes/terrain/lectureAxe.h"
+#include "etudes/terrain/maillages.h"
 #include "hote/acdb.h"
-#include "hote/acut.h"
 #include "module/support/base/lettres.h"
 
 namespace etu {
@@ -46,33 +46,6 @@ std::optional<double> altitudeDesAttributs(const AcDbBlockReference& bloc, const
   }
   return usuel ? usuel : nombres == 1 && etiquette.empty() ? seul : std::nullopt;
 }
-
-// The groups of an entity of which the host has no class.
-class groupesDe {
- public:
-  explicit groupesDe(const ads_name nom) : m_tete(acdbEntGet(nom)) {}
-  ~groupesDe() {
-    if (m_tete) acutRelRb(m_tete);
-  }
-  groupesDe(const groupesDe&) = delete;
-  groupesDe& operator=(const groupesDe&) = delete;
-  const resbuf* chercher(int code) const {
-    const resbuf* rb = m_tete;
-    while (rb && rb->restype != code) rb = rb->rbnext;
-    return rb;
-  }
-  int entier(int code) const {
-    const resbuf* rb = chercher(code);
-    return rb ? rb->resval.rint : 0;
-  }
-  bool type(const wchar_t* nom) const {
-    const resbuf* rb = chercher(0);
-    return rb && rb->resval.rstring && std::wstring_view(rb->resval.rstring) == nom;
-  }
-
- private:
-  resbuf* m_tete;
-};
 
 }  // namespace
 
@@ -143,30 +116,11 @@ void collecte::prendreFace(const AcDbFace& face) {
   ++m_bilan.faces;
 }
 
-// A polyface mesh: its vertices in order, then its faces, which name them by number from 1; a hidden edge has a minus.
 bool collecte::prendreMaillage(const AcDbEntity& entite) {
-  ads_name nom;
-  if (acdbGetAdsName(nom, entite.objectId()) != Acad::eOk) return false;
-  const groupesDe tete(nom);
-  if (!tete.type(L"POLYLINE") || !(tete.entier(70) & 64)) return false;
-  std::vector<point3> sommets;
-  for (ads_name suivant; acdbEntNext(nom, suivant) == RTNORM; nom[0] = suivant[0], nom[1] = suivant[1]) {
-    const groupesDe g(suivant);
-    if (!g.type(L"VERTEX")) break;
-    const resbuf* p = g.chercher(10);
-    if (g.entier(70) & 64) {
-      sommets.push_back(p ? point3{p->resval.rpoint[0], p->resval.rpoint[1], p->resval.rpoint[2]} : point3{});
-      continue;
-    }
-    std::array<const point3*, 4> coins{};
-    for (std::size_t i = 0; i < 4; ++i) {
-      const auto rang = static_cast<std::size_t>(std::abs(g.entier(71 + static_cast<int>(i))));
-      coins[i] = rang >= 1 && rang <= sommets.size() ? &sommets[rang - 1] : nullptr;
-    }
-    if (coins[0] && coins[1] && coins[2]) ajouterFace(*coins[0], *coins[1], *coins[2]);
-    if (coins[0] && coins[2] && coins[3]) ajouterFace(*coins[0], *coins[2], *coins[3]);
-    ++m_bilan.faces;
-  }
+  const std::optional<facesLues> lues = facesDuMaillage(entite);
+  if (!lues) return false;
+  for (const auto& [a, b, c] : lues->triangles) ajouterFace(a, b, c);
+  m_bilan.faces += lues->faces;
   return true;
 }
 

@@ -93,6 +93,28 @@
   (setq m (entlast)))
 ((presque (morceaux (profil (list (axe '((0.0 5.0) (10.0 5.0)))) (list (list "dessin" (jeu (list m)))) nil)) '(((0.0 1.0) (10.0 2.0)))) T)
 
+;; Three by two vertices on a slope of 0.1, then the same closed round its first direction; smoothed, only the drawn ones count.
+(situation "AGridOfVerticesIsFaces")
+(preparer
+  (defun grille (tete sommets)
+    (entmake (append '((0 . "POLYLINE") (66 . 1) (10 0.0 0.0 0.0)) tete))
+    (foreach s sommets (entmake (list '(0 . "VERTEX") (cons 10 (cdr s)) (cons 70 (+ 64 (car s))))))
+    (entmake '((0 . "SEQEND"))) (list "dessin" (jeu (list (entlast)))))
+  (defun au-milieu (g) (profil (list (axe '((-5.0 5.0) (45.0 5.0)))) (list g) nil))
+  (setq six '((0 0.0 0.0 1.0) (0 0.0 10.0 1.0) (0 20.0 0.0 3.0) (0 20.0 10.0 3.0) (0 40.0 0.0 5.0) (0 40.0 10.0 5.0))))
+((presque (morceaux (au-milieu (grille '((70 . 16) (71 . 3) (72 . 2)) six))) '(((5.0 1.0) (45.0 5.0)))) T)
+((presque (morceaux (au-milieu (grille '((70 . 20) (71 . 2) (72 . 2) (73 . 3) (74 . 2) (75 . 6)) (cons '(16 0.0 0.0 9.0) (cons '(16 40.0 0.0 9.0) six)))))
+          '(((5.0 1.0) (45.0 5.0)))) T)
+;; a vertex is missing: no faces
+((et_terrain nil (list (grille '((70 . 16) (71 . 3) (72 . 2)) (cdr six))) nil) "aucun point, aucune ligne et aucune face dans les sources")
+
+(situation "AMeshIsItsFaces")
+(preparer
+  (setq m (entmakex '((0 . "MESH") (100 . "AcDbEntity") (100 . "AcDbSubDMesh") (71 . 2) (72 . 0) (91 . 0) (92 . 6)
+                      (10 0.0 0.0 1.0) (10 20.0 0.0 3.0) (10 20.0 10.0 3.0) (10 0.0 10.0 1.0) (10 40.0 0.0 5.0) (10 40.0 10.0 5.0)
+                      (93 . 9) (90 . 4) (90 . 0) (90 . 1) (90 . 2) (90 . 3) (90 . 3) (90 . 1) (90 . 4) (90 . 2) (94 . 0) (95 . 0) (90 . 0)))))
+((presque (morceaux (profil (list (axe '((-5.0 5.0) (45.0 5.0)))) (list (list "dessin" (jeu (list m)))) nil)) '(((5.0 1.0) (35.0 4.0)))) T)
+
 (situation "LimitsEndTheGroundExactly")
 (preparer
   (defun fermee (points / e) (setq e (polyligne points)) (entmod (subst '(70 . 1) '(70 . 0) (entget e))) e)
