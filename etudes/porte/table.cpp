@@ -71,6 +71,10 @@ constexpr ligneFonction kTable[] = {
      L"pour des degrés ou nil, et (code nom). Une chaîne dit ce qui ne va pas."},
     {L"et_surfaces", et_surfaces, L"(et_surfaces chemin)",
      L"Les noms des surfaces d'un fichier LandXML, nil sans aucune. Une chaîne dit ce qui ne va pas."},
+    {L"et_ordre", et_ordre, L"(et_ordre chemin axe)",
+     L"L'ordre des colonnes d'une liste de points: \"YX\" quand ses points ne rencontrent l'étendue d'un axe "
+     L"qu'échangés, "
+     L"sinon \"XY\". Une phrase dit ce qui ne va pas."},
     {L"et_axes_fichier", et_axes_fichier, L"(et_axes_fichier chemin [système])",
      L"Les lignes d'un fichier GeoJSON, GPX, KML, Shapefile ou GeoPackage et les tracés en plan de LandXML: une liste "
      L"de (nom axe "

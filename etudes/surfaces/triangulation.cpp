@@ -151,7 +151,7 @@ triangulation trianguler(const std::vector<point3>& points, const std::vector<st
   triangulation resultat;
   resultat.doubles = t.insererPoints(points);
   if (t.dimension() < 2)
-    throw refus{t.number_of_vertices() < 3 ? L"tous les points ont la même place en plan: ils ne font pas de surface"
+    throw refus{t.number_of_vertices() < 3 ? L"les points n'ont pas trois places en plan: ils ne font pas de surface"
                                            : L"tous les points sont sur une droite: ils ne font pas de surface"};
   t.insererSegments(segments);
   resultat.mesh = t.extraire();

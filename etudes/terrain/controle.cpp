@@ -31,7 +31,7 @@ etendue multipliee(const etendue& e, double facteur) {
 std::wstring pourquoiHors(const etendue& axe, const etendue& surface) {
   const std::wstring ou = L" (axe: " + dire(axe) + L"; surface: " + dire(surface) + L")";
   if (axe.touche({surface.yMin, surface.xMin, surface.yMax, surface.xMax}))
-    return L"x et y sont échangés dans la source: prenez-la avec l'option Échanger" + ou;
+    return L"x et y sont échangés dans la source: prenez-la par ses colonnes YX" + ou;
   if (enDegres(surface) && loinDeLOrigine(axe))
     return L"la source est en degrés (longitude et latitude), le dessin en mètres: indiquez son système de "
            L"coordonnées" +

@@ -11,6 +11,7 @@ void et_axes_fichier();
 void et_fichier();
 void et_surfaces();
 void et_systemes();
+void et_ordre();
 void et_terrain();
 void et_triangles();
 

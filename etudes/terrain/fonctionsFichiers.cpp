@@ -1,5 +1,6 @@
-// et_fichier: what a file is. et_surfaces: the surfaces of LandXML. et_axes_fichier: its lines as axes. et_systemes: coordinate systems by name, or by the place of axes.
+// et_fichier: what a file is. et_ordre: whether its points have x first. et_surfaces: the surfaces of LandXML. et_axes_fichier: its lines as axes. et_systemes: coordinate systems by name, or by the place of axes.
 #include "etudes/fichiers/landxml.h"
+#include "etudes/fichiers/listePoints.h"
 #include "etudes/fichiers/nature.h"
 #include "etudes/fichiers/projection.h"
 #include "etudes/fichiers/vecteur.h"
@@ -118,6 +119,22 @@ void et_surfaces() {
     for (const surfaceLandXml& s : lu.surfaces) liste.ajouter(acutBuildList(RTSTR, s.nom.c_str(), 0));
     liste.ajouter(acutBuildList(RTLE, 0));
     if (!lu.surfaces.empty()) acedRetList(liste.tete());
+  });
+}
+
+void et_ordre() {
+  plv::ArgsLisp args;
+  plv::commencerAppel(args);
+  const resbuf* noeud = args.nieme(1);
+  axePlan lieu;
+  if (!plv::estChaine(args.nieme(0)) || !lireAxe(noeud, lieu)) return;
+  repondre([&] {
+    releve points;
+    lirePoints(plv::valeurTexte(args.nieme(0)), points);
+    etendue droite, echangee;
+    for (const point3& p : points.points) droite.prendre(p.x, p.y), echangee.prendre(p.y, p.x);
+    const etendue la = etendueDe(lieu);
+    acedRetStr(!la.touche(droite) && la.touche(echangee) ? L"YX" : L"XY");
   });
 }
 

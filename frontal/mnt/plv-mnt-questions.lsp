@@ -43,12 +43,17 @@
     (if (vl-file-directory-p nom) nom (plv-fichier-existant nom))
     (plv-erreur "nom de fichier attendu")))
 
+(defun plv-mnt:ordre-propose (chemin / coins)
+  "YX for points that only meet what the drawing holds when they are exchanged."
+  (setq coins (mapcar '(lambda (c) (list (car c) (cadr c) 0.0 0.0)) (list (getvar "EXTMIN") (getvar "EXTMAX"))))
+  (if (and (apply '< (mapcar 'car coins)) (= (et_ordre chemin coins) "YX")) "YX" "XY"))
+
 (defun plv-mnt:demander-fichier (/ chemin)
   "A file as a source; of a point list the order of its columns is asked, of LandXML the surface."
   (if (and (setq chemin (plv-mnt:demander-chemin)) (plv-mnt-systeme-pour chemin nil))
     (cond
       ((equal (et_fichier chemin) '("points"))
-       (if (= (plv-demander-mot "Premières colonnes" '("XY" "YX") "XY") "YX") (list "fichier" chemin "echanger") (list "fichier" chemin)))
+       (if (= (plv-demander-mot "Premières colonnes" '("XY" "YX") (plv-mnt:ordre-propose chemin)) "YX") (list "fichier" chemin "echanger") (list "fichier" chemin)))
       ((= (car (et_fichier chemin)) "landxml") (plv-mnt:demander-surface chemin (et_surfaces chemin)))
       (T (list "fichier" chemin)))))
 

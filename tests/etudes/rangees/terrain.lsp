@@ -165,7 +165,7 @@
 ;; Each place that would bring the two together is proposed: exchanged, degrees, feet, millimetres, elsewhere.
 (situation "ASurfaceElsewhereIsExplained")
 (tableau (x y facteur message)
-  (6860000.0 650000.0 1.0 "*échangés*Échanger*") (2.35 48.85 1e-5 "*en degrés*") (2132545.0 22506562.0 3.28 "*en pieds*")
+  (6860000.0 650000.0 1.0 "*échangés*YX*") (2.35 48.85 1e-5 "*en degrés*") (2132545.0 22506562.0 3.28 "*en pieds*")
   (650000000.0 6860000000.0 1000.0 "*dans la même unité*") (750000.0 6860000.0 1.0 "il n'y a pas de surface sous l'axe (axe: x de 650000 à 650100*surface: x de 750000 à 750100*"))
 (preparer
   (setq s (list (list "dessin" (jeu (mapcar '(lambda (p) (point (+ x (* facteur (car p))) (+ y (* facteur (cadr p))) 1.0)) '((0 0) (100 0) (100 100) (0 100))))))))

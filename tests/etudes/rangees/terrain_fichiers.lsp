@@ -34,7 +34,8 @@
   ("" "<dossier>p.txt: aucun point; x, y et z sont attendus") ("x y z\n" "<dossier>p.txt: aucun point; x, y et z sont attendus")
   ("0 0 1\n1 0 1\n" "trois points au moins sont attendus pour une surface")
   ("0 0 1\n1 1 1\n2 2 1\n" "tous les points sont sur une droite: ils ne font pas de surface")
-  ("5 5 1\n5 5 2\n5 5 1\n" "tous les points ont la même place en plan: ils ne font pas de surface"))
+  ("5 5 1\n5 5 2\n5 5 1\n" "les points n'ont pas trois places en plan: ils ne font pas de surface")
+  ("5 5 1\n5 6 2\n5 5 1\n" "les points n'ont pas trois places en plan: ils ne font pas de surface"))
 (fichier "p.txt" texte)
 ((et_terrain (list (axe '((0.0 30.0) (100.0 30.0)))) '(("fichier" "<dossier>p.txt")) nil) message)
 

@@ -23,6 +23,12 @@
 ((eq (plv-profil-sain p) p) T)
 
 ;; The ground begins 50 m along the axis: that place is the profile's origin and the first vertex of its axis.
+(situation "ThePointsOfAFileAreProposedAsTheyLie")
+(preparer (trace '((700.0 30.0) (800.0 30.0))))
+(tableau (texte mot) ("700 0 1\n800 0 2\n750 90 3\n" "XY") ("0 700 1\n0 800 2\n90 750 3\n" "YX") ("0 0 1\n1 0 2\n0 1 3\n" "XY"))
+(fichier "p.txt" texte)
+((plv-mnt:ordre-propose "<dossier>p.txt") mot)
+
 (situation "AnAxisThatBeginsBesideTheSurface")
 (preparer (carre) (setq a (trace '((-50.0 30.0) (150.0 30.0)))))
 (dit (setq p (surface a)) "La surface va de la station 550.00 à 650.00 de l'axe, qui va jusqu'à 700.00.")
