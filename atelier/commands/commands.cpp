@@ -24,13 +24,15 @@ bool isNamed(const CommandRow& row, std::string_view name) {
 }
 
 constexpr auto kTables = {
-    drawingCommands,        shapeCommands,     dimensionCommands, divideCommands,  plineCommands,     arcCommands,
-    blockCommands,          propertyCommands,  textCommands,      hatchCommands,   editingCommands,   curveCommands,
-    cornerCommands,         offsetCommands,    trimCommands,      stretchCommands, explodeCommands,   polylineCommands,
-    insertCommands,         attributeCommands, leaderCommands,    layerCommands,   linetypeCommands,  recordCommands,
-    drawingFileCommands,    fileCommands,      extractCommands,   plotCommands,    viewCommands,      undoCommands,
-    inquiryCommands,        menuCommands,      helpCommands,      modeCommands,    layerToolCommands, arrayCommands,
-    dimensionStyleCommands, orderCommands};
+    drawingCommands, shapeCommands,          dimensionCommands, divideCommands,         plineCommands,
+    arcCommands,     blockCommands,          propertyCommands,  textCommands,           hatchCommands,
+    editingCommands, curveCommands,          cornerCommands,    offsetCommands,         trimCommands,
+    stretchCommands, explodeCommands,        polylineCommands,  insertCommands,         attributeCommands,
+    leaderCommands,  layerCommands,          linetypeCommands,  recordCommands,         drawingFileCommands,
+    fileCommands,    extractCommands,        plotCommands,      viewCommands,           undoCommands,
+    inquiryCommands, menuCommands,           helpCommands,      modeCommands,           layerToolCommands,
+    arrayCommands,   dimensionStyleCommands, orderCommands,     dimensionChainCommands, layerMergingCommands,
+    groupCommands,   joinCommands,           textSizeCommands};
 
 }  // namespace
 

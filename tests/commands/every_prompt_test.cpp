@@ -46,6 +46,15 @@ const Course kCourses[] = {
     {"DIMALIGNED", {"", "1,10", "5,12"}},
     {"DIMRADIUS", {"60,43", "65,45"}},
     {"DIMDIAMETER", {"60,43", "T", "DN <>", "65,45"}},
+    {"DIMANGULAR", {"", "0,0", "5,0", "0,5", "4,4"}},
+    {"DIMORDINATE", {"7,3", "Y", "12,3"}},
+    {"LAYDEL", {"N", "AXE", "", "Y"}},
+    {"LAYMRG", {"N", "AXE", "", "N", "0", "Y"}},
+    {"JOIN", {"ALL", ""}},
+    {"REVERSE", {"ALL", ""}},
+    {"SCALETEXT", {"ALL", "", "", "S", "2"}},
+    {"MINSERT", {"B", "5,5", "2", "2", "30", "2", "3", "5", "6"}},
+    {"COPYTOLAYER", {"ALL", "", "N", "0", "0,0", "5,5"}},
     {"ATTDEF", {"I", "", "NUM", "Numero", "12", "0,0", "2", "30"}},
     {"HATCH", {"P", "ANSI31", "2", "30", "60,40", ""}},
     {"HATCH", {"P", "U", "45", "2", "Y", "60,40", ""}},
@@ -89,6 +98,8 @@ constexpr const char* kDrawing = R"((progn
   (entmake '((0 . "LINE") (10 8. 5. 0.) (11 8. 25. 0.)))
   (entmake '((0 . "LWPOLYLINE") (100 . "AcDbEntity") (100 . "AcDbPolyline") (90 . 3) (70 . 0) (10 20. 20.) (10 25. 20.) (10 25. 30.)))
   (entmake '((0 . "BLOCK") (2 . "B") (70 . 0) (10 0. 0. 0.))) (entmake '((0 . "POINT") (10 1. 1. 0.))) (entmake '((0 . "ENDBLK")))
+  (entmake '((0 . "TEXT") (10 100. 99. 0.) (40 . 2.) (1 . "a")))
+  (entmake '((0 . "LINE") (10 100. 90. 0.) (11 104. 90. 0.))) (entmake '((0 . "LINE") (10 106. 90. 0.) (11 109. 90. 0.)))
   (defun tout (/ e l) (while (setq e (if e (entnext e) (entnext))) (setq l (cons (cdr (entget e)) l))) l)))";
 
 // What stands in the drawing after the command with these answers, and what was printed last.

@@ -120,6 +120,7 @@ TEST(Audit, everyFaultHasItsCode) {
       {"name twice", withLayer("0", ""), "A16 ", "A16 "},
       {"dimension", drawingWith("", dimension("")), "A17 ", ""},
       {"block of a dimension", drawingWith("", dimension("2\n*D7\n")), "A17 ", ""},
+      {"style of a dimension", drawingWith("", dimension("3\nABSENT\n")), "A05 A17 ", "A05 "},
       {"table", "0\nSECTION\n2\nENTITIES\n0\nENDSEC\n0\nEOF\n", "A03 A03 A03 A03 A03 A03 A03 A03 A03 A03 ", ""},
   };
   for (const auto& row : rows) {

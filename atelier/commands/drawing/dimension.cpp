@@ -3,10 +3,10 @@
 #include <cmath>
 #include <numbers>
 
-#include "atelier/commands/command_prompts.h"
 #include "atelier/commands/command_table.h"
-#include "atelier/commands/drawing/recorded.h"
+#include "atelier/commands/drawing/dimensions.h"
 #include "atelier/database/dimensions/dimension_block.h"
+#include "atelier/database/dimensions/dimension_style.h"
 #include "atelier/database/objects/imp_object.h"
 #include "atelier/document/document.h"
 
@@ -14,31 +14,42 @@ namespace atelier {
 namespace {
 
 constexpr std::string_view kDimension = "AcDbDimension";
-constexpr int kRotated = 0, kAligned = 1, kDiameter = 3, kRadius = 4, kOwnBlock = 32, kTextByUser = 128;
+constexpr int kOwnBlock = 32, kTextByUser = 128;
 
-// What was asked of the user for a dimension, beside its points.
-struct Wording {
-  std::string text;  // empty: what is measured
-  double turn = 0;   // of the text, radians
-};
+}  // namespace
 
-// A dimension of a kind with its definition point and further groups, a class mark among them; its text stands where the
-// user says or where the style has it.
-void add(const Command& c, int kind, const AcGePoint3d& definition, const std::vector<std::vector<Group>>& more,
-         const Wording& wording, const std::optional<AcGePoint3d>& text = {}) {
+AcDbObjectId addDimension(const Command& c, int kind, const AcGePoint3d& definition,
+                          const std::vector<std::vector<Group>>& more, const Wording& wording,
+                          const std::optional<AcGePoint3d>& text) {
   Record record = Record::fresh("DIMENSION");
   record.setPoint(pointField(kDimension, 10), definition);
   record.setInteger(integerField(kDimension, 70), kind | kOwnBlock | (text ? kTextByUser : 0));
   if (text) record.setPoint(pointField(kDimension, 11), *text);
-  record.setText(textField(kDimension, 3), c.document.imp().header.text("$DIMSTYLE", "Standard"));
+  record.setText(textField(kDimension, 3), currentDimensionStyle(c.document.imp()));
   record.setText(textField(kDimension, 1), wording.text);
   if (wording.turn != 0) record.setReal(realField(kDimension, 53), wording.turn * 180 / std::numbers::pi);
   for (const auto& groups : more) record.groups.insert(record.groups.end(), groups.begin(), groups.end());
-  const AcDbObjectPointer<AcDbDimension> dimension(c.add(entityOf(std::move(record))), AcDb::kForWrite);
-  if (dimension.openStatus() != Acad::eOk) return;
+  const AcDbObjectId id = c.add(entityOf(std::move(record)));
+  const AcDbObjectPointer<AcDbDimension> dimension(id, AcDb::kForWrite);
+  if (dimension.openStatus() != Acad::eOk) return id;
   takeDimensionSettings(*dimension.object());
   drawDimensionBlock(*dimension.object());
+  return id;
 }
+
+AcDbObjectId addLinear(const Command& c, const Measured& points, double angle, const AcGePoint3d& place,
+                       const Wording& wording) {
+  const AcGeVector3d up(-std::sin(angle), std::cos(angle), 0);
+  const AcGePoint3d definition = points.second + up * (place - points.second).dotProduct(up);
+  return addDimension(c, kRotated, definition,
+                      {{Group::text(100, "AcDbAlignedDimension")},
+                       ordinates(13, points.first),
+                       ordinates(14, points.second),
+                       {Group::real(50, angle * 180 / std::numbers::pi), Group::text(100, "AcDbRotatedDimension")}},
+                      wording);
+}
+
+namespace {
 
 // Above or below the measured points a dimension is horizontal, beside them vertical.
 double orientation(const AcGePoint3d& a, const AcGePoint3d& b, const AcGePoint3d& place) {
@@ -47,37 +58,23 @@ double orientation(const AcGePoint3d& a, const AcGePoint3d& b, const AcGePoint3d
   return y >= x ? 0 : std::numbers::pi / 2;
 }
 
-struct Ends {
-  AcGePoint3d first, second;
-};
-
-Ends endsOf(const Command& c, AcDbObjectId id) {
+Measured endsOf(const Command& c, AcDbObjectId id) {
   const AcDbObjectPointer<AcDbCurve> curve(id);
-  Ends ends;
+  Measured ends;
   if (curve.openStatus() != Acad::eOk || curve->isClosed() || curve->getStartPoint(ends.first) != Acad::eOk ||
       curve->getEndPoint(ends.second) != Acad::eOk)
     c.fail("Une ligne, un arc ou une courbe ouverte est attendue.");
   return ends;
 }
 
-void addLinear(const Command& c, const Ends& ends, double angle, const AcGePoint3d& place, const Wording& wording) {
-  const AcGeVector3d up(-std::sin(angle), std::cos(angle), 0);
-  const AcGePoint3d definition = ends.second + up * (place - ends.second).dotProduct(up);
-  add(c, kRotated, definition,
-      {{Group::text(100, "AcDbAlignedDimension")},
-       ordinates(13, ends.first),
-       ordinates(14, ends.second),
-       {Group::real(50, angle * 180 / std::numbers::pi), Group::text(100, "AcDbRotatedDimension")}},
-      wording);
-}
-
-void addAligned(const Command& c, const Ends& ends, const AcGePoint3d& place, const Wording& wording) {
+void addAligned(const Command& c, const Measured& ends, const AcGePoint3d& place, const Wording& wording) {
   const AcGeVector3d along = ends.second - ends.first;
   const double length = std::hypot(along.x, along.y);
   if (!(length > 0)) c.fail("Les deux points sont confondus.");
   const AcGeVector3d up(-along.y / length, along.x / length, 0);
-  add(c, kAligned, ends.second + up * (place - ends.second).dotProduct(up),
-      {{Group::text(100, "AcDbAlignedDimension")}, ordinates(13, ends.first), ordinates(14, ends.second)}, wording);
+  addDimension(c, kAligned, ends.second + up * (place - ends.second).dotProduct(up),
+               {{Group::text(100, "AcDbAlignedDimension")}, ordinates(13, ends.first), ordinates(14, ends.second)},
+               wording);
 }
 
 struct Round {
@@ -99,15 +96,15 @@ void addRound(const Command& c, int kind, const Round& round, const AcGePoint3d&
   const double length = toPlace.length();
   const AcGeVector3d out = length > 0 ? toPlace * (round.radius / length) : AcGeVector3d(round.radius, 0, 0);
   const bool whole = kind == kDiameter;
-  add(c, kind, whole ? round.centre - out : round.centre,
-      {{Group::text(100, whole ? "AcDbDiametricDimension" : "AcDbRadialDimension")},
-       ordinates(15, round.centre + out),
-       {Group::real(40, 0)}},
-      wording, place);
+  addDimension(c, kind, whole ? round.centre - out : round.centre,
+               {{Group::text(100, whole ? "AcDbDiametricDimension" : "AcDbRadialDimension")},
+                ordinates(15, round.centre + out),
+                {Group::real(40, 0)}},
+               wording, place);
 }
 
 CommandTask dimension(Command& c, int kind) {
-  Ends ends;
+  Measured ends;
   Round round;
   const bool isRound = kind == kRadius || kind == kDiameter;
   if (isRound) {

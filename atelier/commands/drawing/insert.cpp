@@ -1,4 +1,4 @@
-// INSERT: a block or a drawing file, with its attributes.
+// INSERT and MINSERT: a block or a drawing file, with its attributes.
 // A file becomes a block by its name the first time; "name=file" defines the block from the file, "*name" inserts the
 // block's objects without a block.
 #include <filesystem>
@@ -45,13 +45,43 @@ void listBlocks(const Command& c) {
 struct Placing {
   AcGePoint3d point;
   double x = 1, y = 1, rotation = 0;
+  int rows = 1, columns = 1;  // of MINSERT, which shows the block that many times
+  double down = 0, across = 0;
 };
 
 AcDbObjectId place(const Command& c, AcDbObjectId block, const Placing& placing) {
   auto reference = std::make_unique<AcDbBlockReference>(placing.point, block);
   reference->setScaleFactors({placing.x, placing.y, placing.x});
   reference->setRotation(placing.rotation);
-  return c.add(std::move(reference));
+  const AcDbObjectId id = c.add(std::move(reference));
+  const AcDbObjectPointer<AcDbBlockReference> added(id, AcDb::kForWrite);
+  if (placing.rows * placing.columns == 1 || added.openStatus() != Acad::eOk) return id;
+  AcDbImpObject& imp = AcDbImpObject::of(added.object());
+  constexpr std::string_view kReference = "AcDbBlockReference";
+  imp.setInteger(integerField(kReference, 70), placing.columns);
+  imp.setInteger(integerField(kReference, 71), placing.rows);
+  imp.setReal(realField(kReference, 44), placing.across);
+  imp.setReal(realField(kReference, 45), placing.down);
+  for (Group& group : imp.writable()->groups)
+    if (group.code() == 100 && group.text() == kReference) group = Group::text(100, "AcDbMInsertBlock");
+  return id;
+}
+
+// The questions of MINSERT that INSERT hasn't.
+CommandTask askRepetition(Command& c, Placing& placing) {
+  const auto rows = co_await c.integerOrEnter("\nNombre de rangées (---) <1>: ");
+  const auto columns = co_await c.integerOrEnter("\nNombre de colonnes (|||) <1>: ");
+  placing.rows = rows.valueOr(1), placing.columns = columns.valueOr(1);
+  if (placing.rows < 1 || placing.columns < 1 || placing.rows > 32767 || placing.columns > 32767)
+    c.fail("Un nombre de 1 à 32767 est attendu.");
+  if (placing.rows > 1) {
+    const auto down = co_await c.distance("\nDistance entre les rangées: ");
+    placing.down = down.value;
+  }
+  if (placing.columns > 1) {
+    const auto across = co_await c.distance("\nDistance entre les colonnes: ");
+    placing.across = across.value;
+  }
 }
 
 std::string promptOf(AcDbObjectId id, std::string& proposed) {
@@ -118,6 +148,7 @@ CommandTask insertCommand(Command& c) {
     const auto angle = co_await c.angleOrEnter("\nAngle de rotation <0>: ", placing.point);
     placing.rotation = angle.valueOr(0);
   }
+  if (commandName(c.typed) == "MINSERT" || commandName(c.typed) == "INSERM") co_await askRepetition(c, placing);
   const AcDbObjectId reference = place(c, block, placing);
   if (exploded) {
     explodeInto(c, reference);
@@ -137,6 +168,7 @@ CommandTask insertCommand(Command& c) {
 
 constexpr CommandRow kTable[] = {
     {"INSERT", "-INSERT I INSERER -INSERER", insertCommand, "Insère un bloc ou un fichier."},
+    {"MINSERT", "INSERM", insertCommand, "Insère un bloc plusieurs fois, en rangées et colonnes, d'un seul objet."},
 };
 
 }  // namespace

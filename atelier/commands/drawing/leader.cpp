@@ -3,6 +3,7 @@
 #include "atelier/commands/command_prompts.h"
 #include "atelier/commands/command_table.h"
 #include "atelier/commands/drawing/recorded.h"
+#include "atelier/database/dimensions/dimension_style.h"
 #include "atelier/document/document.h"
 
 namespace atelier {
@@ -36,7 +37,7 @@ void addLeader(const Command& c, const Points& points, const std::string& conten
   const AcDbObjectId text = contents.empty() ? AcDbObjectId() : addText(c, points, contents);
   Record record(std::vector<Group>{Group::text(0, "LEADER"), Group::text(100, "AcDbEntity"), Group::text(8, "0"),
                                    Group::text(100, "AcDbLeader"),
-                                   Group::text(3, c.document.imp().header.text("$DIMSTYLE", "Standard"))});
+                                   Group::text(3, currentDimensionStyle(c.document.imp()))});
   const auto add = [&](Group group) { record.groups.push_back(std::move(group)); };
   add(Group::integer(71, 1));  // an arrow
   add(Group::integer(72, 0));  // straight

@@ -6,41 +6,16 @@
 #include "atelier/base/interruption.h"
 #include "atelier/commands/command_prompts.h"
 #include "atelier/commands/command_table.h"
+#include "atelier/commands/modifying/joining.h"
 #include "atelier/database/curves/polyline_vertices.h"
 #include "atelier/document/document.h"
-#include "atelier/document/layer_states.h"
 #include "atelier/shaping/curve_pieces.h"
 #include "atelier/shaping/polyline_smoothing.h"
-#include "hote/dbpl.h"
 
 namespace atelier {
 namespace {
 
 using Vertices = std::vector<PolylineVertex>;
-
-// Joins curves that touch an end, until no more do; gives their number.
-int join(AcDbPolyline& polyline, const SelectionSet& set, AcDbImpDatabase& database, double reach) {
-  std::vector<AcDbStub*> left;
-  LayerStates layers(database);
-  for (AcDbStub* stub : set.list())
-    if (!stub->is(AcDbStub::kErased) && stub != stubOf(&polyline) && !layers.isLocked(*stub)) left.push_back(stub);
-  int joined = 0;
-  for (bool again = true; again;) {
-    again = false;
-    for (auto it = left.begin(); it != left.end() && !polyline.isClosed(); ++it) {
-      checkInterruption();
-      const AcDbCurve* curve = AcDbCurve::cast(&database.object(**it));
-      if (!curve || polyline.joinWith(curve, reach) != Acad::eOk) continue;
-      const AcDbEntityPointer used(AcDbObjectId(*it), AcDb::kForWrite);
-      if (used.openStatus() == Acad::eOk) used->erase();
-      left.erase(it);
-      ++joined;
-      again = true;
-      break;
-    }
-  }
-  return joined;
-}
 
 void replaceVertices(AcDbPolyline& polyline, const Vertices& list) {
   PolylineVertices* vertices = changedVertices(&polyline);
@@ -79,20 +54,6 @@ class Opened {
 AcGePoint2d inPlane(const AcDbPolyline& polyline, const AcGePoint3d& p) {
   const AcGePoint3d q = AcGeMatrix3d().setToPlaneToWorld(polyline.normal()).inverse() * p;
   return {q.x, q.y};
-}
-
-// Joins the polylines with each other; those that became part of another one are erased.
-int joinAmong(const Command& c, std::vector<AcDbObjectId>& ids, double reach) {
-  int joined = 0;
-  for (const AcDbObjectId id : ids) {
-    checkInterruption();
-    SelectionSet others;
-    for (const AcDbObjectId other : ids)
-      if (other != id && !other.isErased()) others.add(other);
-    if (!id.isErased()) joined += join(*Opened(c, id), others, c.document.imp(), reach);
-  }
-  std::erase_if(ids, [](AcDbObjectId id) { return id.isErased(); });
-  return joined;
 }
 
 bool isSimple(const Command& c, AcDbObjectId id) {
@@ -165,7 +126,7 @@ CommandTask pedit(Command& c) {
       } else if (option.is("Join")) {
         const auto chosen = co_await c.objects();
         if (!chosen.given()) continue;
-        const int count = join(*Opened(c, id), **chosen, c.document.imp(), 1e-6);
+        const int count = joinTo(*Opened(c, id), **chosen, c.document.imp(), 1e-6);
         c.print("\n" + std::to_string(count) + " segment(s) ajouté(s).");
       } else if (option.is("Width")) {
         const auto width = co_await c.distanceOrEnter("\nLargeur de toute la polyligne: ");

@@ -2,6 +2,7 @@
 #include "atelier/commands/command_prompts.h"
 #include "atelier/commands/command_table.h"
 #include "atelier/database/dimensions/dimension_block.h"
+#include "atelier/database/dimensions/dimension_style.h"
 #include "atelier/database/dimensions/dimension_variables.h"
 #include "atelier/document/document.h"
 #include "atelier/lisp/text/wildcard.h"
@@ -11,7 +12,7 @@ namespace {
 
 constexpr std::string_view kSection = "AcDbDimStyleTableRecord";
 
-std::string currentStyle(const Command& c) { return c.document.imp().header.text("$DIMSTYLE", "Standard"); }
+std::string currentStyle(const Command& c) { return currentDimensionStyle(c.document.imp()); }
 
 // The present settings as a style of that name, which becomes the current one.
 CommandTask save(Command& c) {

@@ -141,6 +141,33 @@ CommandTask matchLayer(Command& c) {
   moveTo(c, **chosen, layer);
 }
 
+// COPYTOLAYER: copies on the layer of another object, or of a name, displaced when two points are given.
+CommandTask copyToLayer(Command& c) {
+  const auto chosen = co_await c.objects();
+  if (!chosen.given()) co_return;
+  const auto like = co_await c.entity("\nObjet du calque d'arrivée ou [Nom]: ", "Nom _Name");
+  AcDbObjectId layer;
+  if (like.is("Name")) {
+    const auto name = co_await c.line("\nNom du calque: ");
+    layer = layerNamed(c, name.value);
+  } else if (like.given()) {
+    layer = layerOf(like->id);
+  } else {
+    co_return;
+  }
+  AcGeVector3d displacement;
+  if (const auto base = co_await c.pointOrEnter("\nPoint de base <en place>: "); base.given()) {
+    const auto to = co_await c.point("\nDeuxième point: ", *base);
+    displacement = to.value - *base;
+  }
+  AcDbStub* space = c.document.database().currentSpaceId();
+  const std::size_t before = space->children->size();
+  c.copies(**chosen, AcGeMatrix3d::translation(displacement));
+  SelectionSet made;
+  for (std::size_t i = before; i < space->children->size(); ++i) made.add(AcDbObjectId((*space->children)[i]));
+  moveTo(c, made, layer);
+}
+
 constexpr CommandRow kTable[] = {
     {"LAYOFF", "CALINACT", pickedLayers, "Rend inactifs les calques d'objets choisis."},
     {"LAYFRZ", "CALGELER", pickedLayers, "Gèle les calques d'objets choisis."},
@@ -153,6 +180,7 @@ constexpr CommandRow kTable[] = {
     {"LAYMCUR", "AI_MOLC CALDEFCOUR", makeCurrent, "Rend courant le calque d'un objet."},
     {"LAYMCH", "-LAYMCH CALCORRESP", matchLayer, "Met des objets sur le calque d'un autre."},
     {"LAYCUR", "CALCOUR", matchLayer, "Met des objets sur le calque courant."},
+    {"COPYTOLAYER", "COPIECALQUE", copyToLayer, "Copie des objets sur un autre calque."},
 };
 
 }  // namespace

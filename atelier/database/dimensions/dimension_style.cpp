@@ -43,6 +43,11 @@ std::string decimal(double value, int decimals, int zeros, char mark) {
 
 }  // namespace
 
+std::string currentDimensionStyle(AcDbImpDatabase& database) {
+  const std::string name = database.header.text("$DIMSTYLE", "Standard");
+  return database.tableRecord("DIMSTYLE", name) ? name : "Standard";
+}
+
 DimensionStyle::DimensionStyle(AcDbImpDatabase& database, const Record& entity) {
   const Groups own(entity);
   if (AcDbStub* style = database.tableRecord("DIMSTYLE", own.text(3, "Standard"))) {

@@ -8,6 +8,9 @@
 
 namespace atelier {
 
+// The style of new dimensions and leaders: the header's, or Standard when there is no such style.
+std::string currentDimensionStyle(AcDbImpDatabase& database);
+
 enum class ArrowForm : unsigned char { filled, tick, dot, none };
 
 class DimensionStyle {

@@ -22,22 +22,6 @@ bool isOneOf(std::string_view type, std::initializer_list<std::string_view> type
   return std::ranges::find(types, type) != types.end();
 }
 
-void renameReferences(AcDbImpDatabase& db, std::string_view table, const std::string& from, const std::string& to) {
-  for (const AcDbStub& known : db.stubs()) {
-    AcDbStub& stub = const_cast<AcDbStub&>(known);
-    const std::string type(db.typeName(stub));
-    const auto refers = [&](const Group& g) {
-      return namesRecord(table, type, stub.is(AcDbStub::kEntity), g.code()) && equalNoCase(g.text(), from);
-    };
-    const std::vector<Group>& seen = AcDbImpObject::of(&db.object(stub)).settled().groups;
-    if (std::none_of(seen.begin(), seen.end(), refers)) continue;
-    const AcDbObjectPointer<AcDbObject> object(AcDbObjectId(&stub), AcDb::kForWrite, true);
-    if (object.openStatus() != Acad::eOk) continue;
-    for (Group& group : AcDbImpObject::of(object.object()).writable()->groups)
-      if (refers(group)) group = Group::text(group.code(), to);
-  }
-}
-
 }  // namespace
 
 bool namesRecord(std::string_view table, std::string_view type, bool entity, int code) {
@@ -52,6 +36,22 @@ bool namesRecord(std::string_view table, std::string_view type, bool entity, int
     return (code == 2 && (dimension || isOneOf(type, {"INSERT", "BLOCK", "ACAD_TABLE"}))) ||
            (code == 3 && type == "BLOCK");
   return table == "APPID" && code == 1001;
+}
+
+void redirectNames(AcDbImpDatabase& db, std::string_view table, const std::string& from, const std::string& to) {
+  for (const AcDbStub& known : db.stubs()) {
+    AcDbStub& stub = const_cast<AcDbStub&>(known);
+    const std::string type(db.typeName(stub));
+    const auto refers = [&](const Group& g) {
+      return namesRecord(table, type, stub.is(AcDbStub::kEntity), g.code()) && equalNoCase(g.text(), from);
+    };
+    const std::vector<Group>& seen = AcDbImpObject::of(&db.object(stub)).settled().groups;
+    if (std::none_of(seen.begin(), seen.end(), refers)) continue;
+    const AcDbObjectPointer<AcDbObject> object(AcDbObjectId(&stub), AcDb::kForWrite, true);
+    if (object.openStatus() != Acad::eOk) continue;
+    for (Group& group : AcDbImpObject::of(object.object()).writable()->groups)
+      if (refers(group)) group = Group::text(group.code(), to);
+  }
 }
 
 bool isCurrent(const AcDbImpDatabase& db, std::string_view table, std::string_view name) {
@@ -80,7 +80,7 @@ Renaming renameRecord(AcDbStub& record, const std::string& to) {
     if (name != groups.end()) *name = Group::text(2, to);
   }
   db.forgetTableIndex();
-  renameReferences(db, table, from, to);
+  redirectNames(db, table, from, to);
   for (const auto& row : kCurrent)
     if (row.table == table && equalNoCase(db.header.text(row.variable, ""), from))
       db.header.set(row.variable, Group::text(row.code, to));

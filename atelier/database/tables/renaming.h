@@ -10,6 +10,8 @@ namespace atelier {
 
 // Whether that group of a record of that type names something of the table.
 bool namesRecord(std::string_view table, std::string_view type, bool entity, int code);
+// Makes all that names one record of a table name another one.
+void redirectNames(AcDbImpDatabase& database, std::string_view table, const std::string& from, const std::string& to);
 // Whether the header says that the record of this name is current.
 bool isCurrent(const AcDbImpDatabase& database, std::string_view table, std::string_view name);
 // Layer 0, style Standard, blocks with a star and others must keep their names.

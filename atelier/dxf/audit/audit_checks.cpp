@@ -74,6 +74,21 @@ bool readable(const Group& group) {
          !(group.kind() == GroupKind::real && !std::isfinite(group.real()));
 }
 
+// What lacks its style is drawn with the settings of a new one; Standard has these in most drawings.
+void checkDimensionStyle(AuditRun& run, AcDbStub& stub) {
+  constexpr std::pair<std::string_view, std::string_view> kSections[] = {
+      {"DIMENSION", "AcDbDimension"}, {"LEADER", "AcDbLeader"}, {"TOLERANCE", "AcDbFcf"}};
+  for (const auto& [type, section] : kSections) {
+    if (run.recordOf(stub).type() != type) continue;
+    const Field field = textField(section, 3);
+    const std::string style = run.recordOf(stub).text(field);
+    if (style.empty() || run.db.tableRecord("DIMSTYLE", style)) continue;
+    const bool repairable = run.db.tableRecord("DIMSTYLE", "Standard") != nullptr;
+    if (run.found("A05", &stub, "style de cote " + quoted(style) + " absent", repairable))
+      run.changing(stub).setText(field, "Standard");
+  }
+}
+
 }  // namespace
 
 void checkOwner(AuditRun& run, AcDbStub& stub) {
@@ -125,6 +140,7 @@ void checkNames(AuditRun& run, AcDbStub& stub) {
     const Group* style = record.get(textField(section, 7));
     if (style && formatOf(type)) needName(run, stub, "STYLE", style->text(), "style de texte");
   }
+  checkDimensionStyle(run, stub);
   const std::string block = type == "INSERT" ? record.text(textField("AcDbBlockReference", 2)) : std::string();
   if (!block.empty() && !run.db.tableRecord("BLOCK_RECORD", block))
     run.found("A06", &stub, "bloc " + quoted(block) + " absent");
