@@ -10,7 +10,7 @@
      plv-vraisemblance plv-terrain)
     (profil (base)
      plv-genres plv-plans plv-cadre plv-terrain-profil plv-profil plv-profils plv-appartenance plv-chaines plv-reparer
-     plv-reparer-contenu plv-faits plv-habillage plv-sol plv-terrain-dessine plv-rappels plv-terrains
+     plv-reparer-contenu plv-faits plv-habillage plv-sol plv-terrain-dessine plv-rappels plv-terrains plv-niveaux
      plv-elements plv-cotes-mains plv-cotes-posees plv-pentes plv-statiques plv-blocs)
     (fiches (base profil)
      plv-fiches plv-fiches-images)

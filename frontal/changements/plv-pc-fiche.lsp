@@ -33,7 +33,7 @@
 (defun plv-pc-fiche:regarder-tous (valeurs / profil hauteur plans fin)
   "The planes that would be proposed."
   (setq profil (plv-fiche-profil valeurs) hauteur (plv-fiche-nombre valeurs "hauteur") fin (plv-longueur-profil profil))
-  (if (and hauteur (> hauteur 0.0)) (setq plans (plv-plans-proposes (plv-points-releves profil) (plv-echv profil) hauteur)))
+  (if (and hauteur (> hauteur 0.0)) (setq plans (plv-pc-plans profil hauteur)))
   (plv-regard
     (if (not plans) '(("hauteur" "une hauteur positive est attendue")))
     (list (plv-image-profil profil

@@ -114,6 +114,36 @@
   (entmakex (list '(0 . "ELLIPSE") '(100 . "AcDbEntity") (cons 8 (plv-calque plv-dessin-reseau:croisements)) '(100 . "AcDbEllipse") (cons 10 centre)
                   (cons 11 axe) '(210 0.0 0.0 1.0) (cons 40 part) '(41 . 0.0) (cons 42 (* 2.0 pi)))))
 
+;; --- how low it goes
+
+(defun plv-dessin-reseau:niveau (plume station demi z)
+  (setq station (- station (plv-plume-origine plume)))
+  (list (list (- station demi) z) (list (+ station demi) z)))
+
+(defun plv-dessin-reseau:niveaux (plume reseau)
+  "Lines of (distance altitude) along the bottoms of pipes, manholes and crossings."
+  (append
+    (mapcar
+      '(lambda (tuyau)
+         (mapcar '(lambda (bout) (list (- (car bout) (plv-plume-origine plume)) (- (cadr bout) (plv-tuyau-paroi tuyau))))
+           (list (plv-tuyau-depart tuyau) (plv-tuyau-arrivee tuyau))))
+      (plv-reseau-tuyaux reseau))
+    (mapcar '(lambda (noeud) (plv-dessin-reseau:niveau plume (plv-noeud-station noeud) (max 0.01 (* 0.5 (plv-noeud-exterieur noeud))) (plv-noeud-fond noeud)))
+      (plv-reseau-regards reseau))
+    (mapcar
+      '(lambda (c) (plv-dessin-reseau:niveau plume (plv-croisement-station c) (* 0.5 (plv-croisement-diametre c)) (- (plv-croisement-altitude c) (* 0.5 (plv-croisement-diametre c)))))
+      (plv-reseau-croisements reseau))))
+
+(defun plv-niveaux-reseaux (profil / plume reseaux)
+  (setq plume (plv-dessin-reseau:plume profil)
+        reseaux (mapcar '(lambda (genre) (plv-reseau-lu profil genre)) (plv-genres-de-reseau profil)))
+  (apply 'append (mapcar '(lambda (reseau) (plv-dessin-reseau:niveaux plume reseau)) (vl-remove-if-not 'listp reseaux))))
+
+(plv-declarer-niveaux 'plv-niveaux-reseaux)
+
+(defun plv-dire-reseau-sous-plans (profil reseau)
+  (plv-dire-sous-plans profil "le réseau" (plv-dessin-reseau:niveaux (plv-dessin-reseau:plume profil) reseau)))
+
 ;; --- all of it
 
 (defun plv-dessin-reseau:les-tuyaux (plume tuyaux regards / textes)

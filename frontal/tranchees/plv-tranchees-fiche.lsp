@@ -41,7 +41,7 @@
 (defun plv-tranchees-fiche:hachurer (valeurs profil genre)
   (cond
     ((= (plv-cle "hachurer" valeurs) "Rien") (plv-oter-tranchees profil genre))
-    ((plv-hachurer-tranchees profil genre (= (plv-cle "hachurer" valeurs) "Tout"))
+    ((plv-hachurer-et-dire profil genre (= (plv-cle "hachurer" valeurs) "Tout"))
      (if (and (plv-cle "legende" valeurs) (not (plv-legendes-de-tranchees profil genre))) (plv-legende-tranchees profil genre nil)))))
 
 (defun plv-tranchees-fiche:faire (valeurs / profil genre)

@@ -38,7 +38,7 @@
 
 (defun plv-tranchees-questions:hachurer (profil genre / quoi)
   (setq quoi (plv-demander-mot "Hachurer" '("Classes" "Tout" "Rien") "Tout"))
-  (if (= quoi "Rien") (plv-oter-tranchees profil genre) (plv-hachurer-tranchees profil genre (= quoi "Tout"))))
+  (if (= quoi "Rien") (plv-oter-tranchees profil genre) (plv-hachurer-et-dire profil genre (= quoi "Tout"))))
 
 (defun plv-tranchees-questions:sections (profil genre / defaut point)
   (setq defaut (plv-point (+ (apply 'max (cons (+ (car (plv-origine profil)) (plv-longueur-profil profil))

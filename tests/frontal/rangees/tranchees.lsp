@@ -128,6 +128,22 @@
 (tape ("PLV-TRANCHEES" "Assainissement" "Hachurer" "Rien" "FIN") (sauf "Erreur"))
 ((ssget "X" '((0 . "HATCH"))) nil)
 
+;; Planes are chosen by the ground, here 48 m: where a deep trench goes beneath one is told, and planes proposed anew lie beneath all that is drawn.
+(situation "PlanesBeneathDeepTrenches")
+(fichier "raide.csv" "distance;altitude\n0;50\n10;45\n20;40\n30;35\n40;30\n")
+(preparer (plv-tranchees-ecrire-regles p "Assainissement" (regles nil)))
+(dit (plv-reseau-ecrire-et-dire p "Assainissement" '("regard;A;0;visite;1000/1200;;;47.35" "regard;B;40;noeud;;;47.35" "tuyau;A;B;400/500"))
+  "le réseau descend à 0.70 m sous le plan de comparaison: PLV-PC Proposer en tient compte")
+(tape ("PLV-TRANCHEES" "Assainissement" "Hachurer" "Tout" "FIN") "À la station 0.000 la tranchée descend à 1.00 m sous le plan")
+(tape ("PLV-PC" "Proposer" "150" "PLV-ACTUALISER") "Plans de comparaison: 46.00" (sauf "sous le plan"))
+((> (apply 'min (mapcar '(lambda (e) (cadr (plv-boite e))) (plv-traces-tranchees p "Assainissement"))) (cadr (plv-origine p))) T)
+;; a change of plane in the middle of a steep one: both planes lie beneath it, and nothing is higher than what was asked
+(preparer
+  (setq q (plv-nouveau "<dossier>raide.csv" "P2" '(0.0 500.0 0.0) 10.0 2.5 150.0 nil))
+  (plv-projet q "Assainissement" '((0.0 46.0) (40.0 26.0)))
+  (plv-pc-proposer q 150.0))
+((plv-plans q) ((0.0 40.0) (10.0 30.0) (30.0 24.0)))
+
 ;; Ten units for a metre, both ways; the sides lean from half a metre on.
 (situation "CrossSectionsAreToScale")
 (preparer
