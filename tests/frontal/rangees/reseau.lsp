@@ -39,6 +39,14 @@
 (preparer (setq n (length (plv-traces-reseau p "Assainissement"))) (plv-dessiner-reseau p "Assainissement"))
 ((= n (length (plv-traces-reseau p "Assainissement")) (sslength (ssget "X" '((8 . "PLV-TUYAUX,PLV-REGARDS,PLV-CROISEMENTS"))))) T)
 
+;; Nothing is left out unsaid: pipes of two metres have no room for their words; one over a change of plane has it over the longer part.
+(situation "TextsWithoutAPlaceAreTold")
+(dit (plv-reseau-ecrire p "Assainissement"
+       '("regard;A;1000;;1000" "regard;B;1030;;1000" "regard;C;1032;;1000" "regard;D;1034;;1000" "regard;E;1100;;1000" "tuyau;A;E;400/500;béton"))
+  "Profil P1: 2 textes du réseau Assainissement sans place: tuyau B - C (station 1030.00), tuyau C - D (station 1032.00).")
+(dit (plv-pc p "A" 1050.0 40.0) "Plans de comparaison")
+(dit (progn (plv-dessiner-reseau p "Assainissement") (princ (strcat "textes: " (itoa (length (traces "TEXT")))))) "2 textes du réseau" "textes: 7")
+
 (situation "WhatIsOddIsTold")
 (preparer
   (reseau)
