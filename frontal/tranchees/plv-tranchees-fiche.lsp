@@ -32,10 +32,15 @@
     ((eq (type (setq sols (plv-tranchees:sols profil sols))) 'STR) sols)
     ((list profil rangees (plv-reseau-ligne profil genre) regles sols))))
 
-(defun plv-tranchees-fiche:phrases (mesures)
-  (vl-remove nil
-    (mapcar '(lambda (colonne valeur) (if (> (abs valeur) 5e-10) (strcat (car colonne) ": " (plv-reel valeur 2) " " (cadr colonne))))
-      (plv-tranchees-colonnes mesures) (plv-ouvrage-valeurs (plv-tranchees-total mesures)))))
+(defun plv-tranchees-fiche:phrases (mesures / quantites phrases)
+  "What there is, three to a line."
+  (setq quantites
+    (vl-remove nil
+      (mapcar '(lambda (colonne valeur) (if (> (abs valeur) 5e-10) (strcat (car colonne) ": " (plv-reel valeur 2) " " (cadr colonne))))
+        (plv-tranchees-colonnes mesures) (plv-ouvrage-valeurs (plv-tranchees-total mesures)))))
+  (while quantites
+    (setq phrases (cons (plv-joindre (plv-premiers quantites 3) "  ·  ") phrases) quantites (plv-sans-premiers quantites 3)))
+  (reverse phrases))
 
 (defun plv-tranchees-fiche:traits (profil genre demande / reseau coupes)
   "Pipes, manholes and the bottom of the trench as items of a picture."
@@ -50,7 +55,7 @@
     (if (eq (type mesures) 'STR) (list (list (if (plv-reseau-rangees profil genre) "types" "genre") mesures)))
     (list (plv-image-profil profil (append (plv-traits-profil profil) (if (listp mesures) (plv-tranchees-fiche:traits profil genre demande)))))
     (if (listp mesures) (plv-tranchees-fiche:phrases mesures))
-    (append (if (= (plv-cle "hachurer" valeurs) "Rien") '("legende")) (if (not (plv-fiche-fichier valeurs "classeur")) '("prix")))
+    (if (= (plv-cle "hachurer" valeurs) "Rien") '("legende"))
     nil))
 
 (defun plv-tranchees-fiche:regarder (valeurs / profil genre types)
