@@ -47,11 +47,11 @@
 
 ;; --- writing them
 
-(defun plv-textes-reseau:au-dessus-p (profil place / b)
-  "Whether a place lies wholly above the plane that the profile stands on, and to the right of its axis."
+(defun plv-textes-reseau:au-dessus-p (origine place / b)
+  "Whether a place lies wholly above the plane that a profile of that origin stands on, and to the right of its axis."
   (setq b (car place))
-  (and (> (- (cadr b) (* 0.5 (+ (* (caddr b) (abs (sin (nth 4 b)))) (* (cadddr b) (cos (nth 4 b)))))) (cadr (plv-origine profil)))
-       (> (- (car b) (* 0.5 (caddr b))) (car (plv-origine profil)))))
+  (and (> (- (cadr b) (* 0.5 (+ (* (caddr b) (abs (sin (nth 4 b)))) (* (cadddr b) (cos (nth 4 b)))))) (cadr origine))
+       (> (- (car b) (* 0.5 (caddr b))) (car origine))))
 
 (defun plv-textes-reseau:boite (e / g)
   "Of a written text."
@@ -70,16 +70,17 @@
 
 (defun plv-textes-reseau:places (texte) (cdddr texte))
 
-(defun plv-textes-reseau:possibles (profil texte)
+(defun plv-textes-reseau:possibles (origine texte)
   "A text with those of its places that lie on the profile."
-  (append (plv-premiers texte 3) (vl-remove-if-not '(lambda (p) (plv-textes-reseau:au-dessus-p profil p)) (plv-textes-reseau:places texte))))
+  (append (plv-premiers texte 3) (vl-remove-if-not '(lambda (p) (plv-textes-reseau:au-dessus-p origine p)) (plv-textes-reseau:places texte))))
 
 (defun plv-textes-reseau:ecrire-un (texte place)
   (plv-texte-au-milieu (cadr texte) (car place) (caddr texte) (cadr place) (nth 4 (car place))))
 
-(defun plv-textes-reseau:ecrire (profil genre textes / choix)
+(defun plv-textes-reseau:ecrire (profil genre textes / origine choix)
   "Writes texts where they have room, and tells those that have none; tables and lists have what they say, too."
-  (setq textes (mapcar '(lambda (l) (plv-textes-reseau:possibles profil l)) textes)
+  (setq origine (plv-origine profil)
+        textes (mapcar '(lambda (l) (plv-textes-reseau:possibles origine l)) textes)
         choix (if textes
                 (et_placer
                   (append (mapcar 'plv-boite-droite (append (plv-boites-cotes profil) (mapcar 'plv-boite (plv-blocs profil)))) (plv-boites-reseaux profil genre))
