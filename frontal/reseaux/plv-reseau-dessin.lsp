@@ -51,13 +51,14 @@
     (if (and (> paroi 0.0) (plv-dessin-reseau:visible-p plume paroi)) (list (- paroi) (+ (plv-tuyau-interieur tuyau) paroi)))))
 
 (defun plv-dessin-reseau:sur-un-plan (plume a b / morceaux)
-  "The ends, as drawn, of the longest part of a pipe that stands over one plane."
+  "The ends, as drawn, of the longest part of a pipe that stands over one plane; nil for a pipe that its manholes leave no room."
   (setq a (list (- (car a) (plv-plume-origine plume)) (cadr a)) b (list (- (car b) (plv-plume-origine plume)) (cadr b))
         morceaux
          (mapcar '(lambda (s) (list (max (car a) (plv-plan-debut s)) (min (car b) (plv-section-fin s)) s)) (plv-plume-sections plume))
         morceaux (car (vl-sort morceaux '(lambda (m n) (> (plv-longueur m) (plv-longueur n))))))
-  (mapcar '(lambda (d) (plv-vers-dessin-sur (plv-plume-cadre plume) (caddr morceaux) d (plv-interpoler (list a b) d)))
-    (plv-premiers morceaux 2)))
+  (if (> (plv-longueur morceaux) 1e-6)
+    (mapcar '(lambda (d) (plv-vers-dessin-sur (plv-plume-cadre plume) (caddr morceaux) d (plv-interpoler (list a b) d)))
+      (plv-premiers morceaux 2))))
 
 (defun plv-dessin-reseau:legende (plume tuyau a b / bouts)
   "What the pipe is, along it."

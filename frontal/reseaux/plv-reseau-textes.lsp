@@ -22,9 +22,9 @@
       (mapcar '(lambda (x) (plv-textes-reseau:rangees (list (+ (car point) x) (cadr point)) hauteur texte sens)) (list 0.0 demi (- demi))))))
 
 (defun plv-textes-reseau:le-long (sujet calque p q hauteur ecart textes / sens milieu largeur places)
-  "Along a line from p to q, beneath it and above it by so much, the words that it has room for, the longest first."
-  (setq sens (angle p q))
-  (foreach texte textes
+  "Along a line from p to q (nil: nowhere), beneath it and above it by so much, the words that it has room for, the longest first."
+  (if p (setq sens (angle p q)))
+  (foreach texte (if p textes)
     (setq largeur (plv-largeur-texte texte hauteur))
     (foreach part '(0.5 0.35 0.65)
       (if (<= largeur (* 1.8 (min part (- 1.0 part)) (distance p q)))
