@@ -94,7 +94,8 @@ class lecteur {
   void option() {
     const std::wstring nom = plv::enMajuscules(m_l->mots.front());
     const std::wstring valeur = m_l->mots.size() > 1 ? plv::enMajuscules(m_l->mots[1]) : L"";
-    if (nom == L"FLOW_UNITS") m_metres = parmi(valeur, {L"CFS", L"GPM", L"MGD", L"CMS", L"LPS", L"MLD"}) < 3 ? kPied : 1;
+    if (nom == L"FLOW_UNITS")
+      m_metres = parmi(valeur, {L"CFS", L"GPM", L"MGD", L"CMS", L"LPS", L"MLD"}) < 3 ? kPied : 1;
     if (nom == L"LINK_OFFSETS") m_niveaux = parmi(valeur, {L"DEPTH", L"ELEVATION"}) == 1;
   }
 

@@ -4,7 +4,7 @@
 ;; Shared in the room: plv-textes-reseau:*
 
 (defun plv-textes-reseau:place (centre hauteur texte sens)
-  (list (list (car centre) (cadr centre) (+ (plv-largeur-texte texte hauteur) (* 0.6 hauteur)) (* 1.5 hauteur) sens) texte))
+  (list (plv-boite-au-milieu centre sens texte hauteur (* 0.6 hauteur)) texte))
 
 (defun plv-textes-reseau:rangees (point hauteur texte sens / rang places)
   (setq rang 0)
