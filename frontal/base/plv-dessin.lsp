@@ -144,6 +144,12 @@
   "Width of a text in drawing units."
   (if (setq coins (plv-cadre-texte texte hauteur)) (- (caadr coins) (caar coins)) 0.0))
 
+(defun plv-autour-du-point (texte hauteur / coins point)
+  "Widths of a number's text up to its decimal point and behind it."
+  (setq coins (plv-cadre-texte texte hauteur)
+        point (caadr (plv-cadre-texte (substr texte 1 (1+ (vl-string-search "." texte))) hauteur)))
+  (list (- point (caar coins)) (- (caadr coins) point)))
+
 (defun plv-boite-au-milieu (centre sens texte hauteur marge / coins)
   "The box (x y width height angle) of a text whose middle, that of its capitals, is given; letters below the base line count, and margins to
 the sides and half of them above and beneath."

@@ -164,6 +164,13 @@
 ((mapcar 'mots '(0 1 2 3 4 5 6 7))
  (("A" "B" "C") ("50.00" "49.50" "48.00") ("48.00" "47.20" "46.70" "45.50") ("2.00" "2.80" "2.70") ("1.55" "2.05")
   ("Ø400/500 béton 135A" "Ø400/500 béton 135A") ("2.00 %" "2.00 %") ("40.00" "60.00")))
+;; decimal points of slopes and lengths stand in the middle of their pipe, one above another
+(preparer
+  (defun point-decimal (rang / g boite entier)
+    (setq g (entget (car (vl-remove-if-not '(lambda (e) (= (plv-type e) "TEXT")) (plv-entites-rangee p table rang)))))
+    (setq boite (plv-boite (plv-cle -1 g)) entier (textbox (subst (cons 1 (strcat (car (plv-couper (plv-cle 1 g) ".")) ".")) (assoc 1 g) g)))
+    (plv-reel (+ (car boite) (- (caadr entier) (caar entier))) 2)))
+((mapcar 'point-decimal '(6 7)) ("20.00" "20.00"))
 ;; the row that names a kind without a network takes the first that has one
 ((mots 9) ("A" "B" "C"))
 (dit (plv-etat (list p)) "Tout est à jour.")

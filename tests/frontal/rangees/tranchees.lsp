@@ -169,7 +169,7 @@
     (reverse textes)))
 (refuse (plv-legende-tranchees p "Assainissement" nil) "ce profil n'a pas de tranchée hachurée Assainissement")
 (tape ("PLV-TRANCHEES" "Assainissement" "Hachurer" "Classes" "Légende" "" "FIN") (sauf "Erreur"))
-((mots) ("PROFIL P1 - ASSAINISSEMENT - TRANCHEES" "Profondeur" "Longueur (m)" "Fouille (m3)" "plus de 1.5 m" "41.00" "78.20" "Total" "41.00" "78.20"))
+((mots) ("PROFIL P1 - ASSAINISSEMENT - TRANCHÉES" "Profondeur" "Longueur (m)" "Fouille (m3)" "plus de 1.5 m" "41.00" "78.20" "Total" "41.00" "78.20"))
 ;; sheets show it beside the profile, which it follows when it is made anew, where it was put
 ((equal (plv-legendes-du-profil p) (list (legende))) T)
 (preparer
@@ -179,6 +179,13 @@
 ((car (plv-origine (legende))) 300.0)
 ((length (plv-legendes-du-profil p)) 1)
 ((plv-premiers (plv-sans-premiers (mots) 4) 6) ("1.5 à 1.9 m" "39.00" "70.20" "plus de 1.9 m" "2.00" "8.00"))
+;; figures of a column end at one line, 39.00 and 2.00, as they have as many decimals
+(preparer
+  (defun fin (texte / e trouve)
+    (setq e (cdr (assoc -2 (tblsearch "BLOCK" (cdr (assoc 2 (entget (legende))))))))
+    (while e (if (= (cdr (assoc 1 (entget e))) texte) (setq trouve e)) (setq e (entnext e)))
+    (+ (cadr (assoc 11 (entget trouve))) (* 0.5 (plv-largeur-texte texte (cdr (assoc 40 (entget trouve))))))))
+((equal (fin "39.00") (fin "2.00") 1e-6) T)
 ((plv-hachurer-tranchees p "Assainissement" T) T)
 ((vl-remove-if-not '(lambda (m) (member m '("Surface" "Enrobage" "Lit de pose"))) (mots)) ("Surface" "Enrobage" "Lit de pose"))
 (preparer (plv-oter-tranchees p "Assainissement"))
