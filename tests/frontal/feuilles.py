@@ -97,9 +97,9 @@ def main():
         info = subprocess.run(["pdfinfo", pdf], capture_output=True, text=True, check=True).stdout
         expect("pages", pages(pdf), "3")
         expect("sheet", re.search(r"Page size: +([\d.]+) x ([\d.]+)", info).groups(), ("1683.78", "1190.55"))
-        # cut in the middle, at station 400
-        check_page(pdf, 1, ["100.00", "400.00", "1", "3"], ["2"], ("120.00", "380.00"))
-        check_page(pdf, 2, ["400.00", "700.00", "2", "3"], ["1"], ("420.00", "680.00"))
+        # cut near the middle, at station 420: a cut at 400 would tear "PK 0+400"
+        check_page(pdf, 1, ["100.00", "420.00", "1", "3"], ["2"], ("120.00", "400.00"))
+        check_page(pdf, 2, ["420.00", "700.00", "2", "3"], ["1"], ("440.00", "680.00"))
         axis = words(pdf, 1)
         expect("millimetres for 3 m of altitude at 1:100", round(place(axis, "20")[1] - place(axis, "23")[1], 1), 30.0)
         # A view that doesn't fit, and a file that isn't a template: a message, and the old file is unchanged.
