@@ -10,7 +10,7 @@
      plv-vraisemblance plv-terrain)
     (profil (base)
      plv-genres plv-plans plv-cadre plv-terrain-profil plv-profil plv-profils plv-appartenance plv-chaines plv-reparer
-     plv-reparer-contenu plv-faits plv-habillage plv-sol plv-terrain-dessine plv-rappels plv-terrains
+     plv-reparer-contenu plv-faits plv-habillage plv-sol plv-terrain-dessine plv-rappels plv-terrains plv-niveaux
      plv-elements plv-cotes-mains plv-cotes-posees plv-pentes plv-statiques plv-blocs)
     (fiches (base profil)
      plv-fiches plv-fiches-images)
@@ -54,7 +54,7 @@
      plv-mnt-questions plv-mnt-fiche)
     (page (base profil fiches metres reseaux)
      plv-json plv-page-tables plv-page plv-page-fiche)
-    (feuilles (base profil fiches plan tableaux metres)
+    (feuilles (base profil fiches plan reseaux tableaux metres)
      plv-encarts plv-cartouche plv-logo plv-bande-plan plv-liste-feuilles plv-feuilles plv-feuilles-tracer plv-presentations plv-presentations-faire plv-feuilles-fiche plv-cartouche-fiche)
     (suivi (base profil fiches plan reseaux tranchees tableaux cotes metres echange page feuilles)
      plv-sources plv-choses plv-etat plv-refaire plv-mains plv-actualiser plv-sortie plv-suivre-sol plv-etat-fiche)

@@ -28,6 +28,11 @@ double terrainEn(const ligneDroites& terrain, const regard& n) {
   return std::max(avant ? *avant : *apres, apres ? *apres : *avant);
 }
 
+void verifierCroisement(const ligneDroites& terrain, const croisement& c) {
+  if (!terrain.avant(c.station) && !terrain.apres(c.station))
+    throw refus{L"croisement " + c.nom + L", station " + enTexte(c.station, 3) + L": il est hors du terrain"};
+}
+
 // The bottom and the cover, once the inverts are known.
 void fermer(const regard& n, regardPose& p) {
   if (!p.arrivee && !p.depart) throw refus{ou(n) + L"aucun tuyau n'y arrive ni n'en part"};
@@ -64,6 +69,7 @@ reseauPose situer(reseau r, const ligneDroites& terrain, const ligneDroites& lig
     const double sol = terrainEn(terrain, n);
     p.regards.push_back({n.station, sol, n.tampon.value_or(sol), 0, {}, {}});
   }
+  for (const croisement& c : r.croisements) verifierCroisement(terrain, c);
   for (const tuyau& t : r.tuyaux) {
     const regard &a = r.regards[t.de], &b = r.regards[t.de + 1];
     p.tuyaux.push_back({a.station, b.station, filDEau(a, a.depart, ligne.apres(a.station), a.arrivee, L"de départ"),

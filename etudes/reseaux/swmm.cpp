@@ -94,8 +94,20 @@ class lecteur {
   void option() {
     const std::wstring nom = plv::enMajuscules(m_l->mots.front());
     const std::wstring valeur = m_l->mots.size() > 1 ? plv::enMajuscules(m_l->mots[1]) : L"";
-    if (nom == L"FLOW_UNITS") m_metres = valeur == L"CFS" || valeur == L"GPM" || valeur == L"MGD" ? kPied : 1;
-    if (nom == L"LINK_OFFSETS") m_niveaux = valeur == L"ELEVATION";
+    if (nom == L"FLOW_UNITS")
+      m_metres = parmi(valeur, {L"CFS", L"GPM", L"MGD", L"CMS", L"LPS", L"MLD"}) < 3 ? kPied : 1;
+    if (nom == L"LINK_OFFSETS") m_niveaux = parmi(valeur, {L"DEPTH", L"ELEVATION"}) == 1;
+  }
+
+  // The place of a value among those that there are.
+  std::size_t parmi(const std::wstring& valeur, std::initializer_list<const wchar_t*> valeurs) const {
+    std::wstring attendues;
+    std::size_t place = 0;
+    for (const wchar_t* v : valeurs) {
+      if (valeur == v) return place;
+      attendues += (place++ ? L", " : L"") + std::wstring(v);
+    }
+    throw refus{ou() + L": " + attendues + L" est attendu, et non \"" + valeur + L"\""};
   }
 
   void noeud(bool profondeur) {
@@ -140,7 +152,9 @@ class lecteur {
     if (lien == m_g.liens.end()) return;  // of a weir or an orifice
     if (!plv::egalSansCasse(mot(1, L"la forme"), L"CIRCULAR"))
       throw refus{ou() + L": seules les sections circulaires se prennent, et non " + m_l->mots[1]};
-    lien->diametre.interieur = lien->diametre.exterieur = nombre(2, L"le diamètre") * m_metres;
+    const double diametre = nombre(2, L"le diamètre");
+    if (!(diametre > 0)) throw refus{ou() + L": un diamètre plus grand que 0 est attendu, et non " + m_l->mots[2]};
+    lien->diametre.interieur = lien->diametre.exterieur = diametre * m_metres;
   }
 
   const std::wstring& m_chemin;

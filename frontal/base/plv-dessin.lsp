@@ -138,11 +138,26 @@
             '(72 . 1) (list 11 (car point) (cadr point) 0.0) '(73 . 2))
       (plv-style-de-texte))))
 
+(defun plv-cadre-texte (texte hauteur) "Two corners of what a text covers, from its base line; nil for nothing." (textbox (vl-list* (cons 1 texte) (cons 40 hauteur) (plv-style-de-texte))))
+
 (defun plv-largeur-texte (texte hauteur / coins)
   "Width of a text in drawing units."
-  (if (setq coins (textbox (vl-list* (cons 1 texte) (cons 40 hauteur) (plv-style-de-texte))))
-    (- (caadr coins) (caar coins))
-    0.0))
+  (if (setq coins (plv-cadre-texte texte hauteur)) (- (caadr coins) (caar coins)) 0.0))
+
+(defun plv-autour-du-point (texte hauteur / coins point)
+  "Widths of a number's text up to its decimal point and behind it."
+  (setq coins (plv-cadre-texte texte hauteur)
+        point (caadr (plv-cadre-texte (substr texte 1 (1+ (vl-string-search "." texte))) hauteur)))
+  (list (- point (caar coins)) (- (caadr coins) point)))
+
+(defun plv-boite-au-milieu (centre sens texte hauteur marge / coins)
+  "The box (x y width height angle) of a text whose middle, that of its capitals, is given; letters below the base line count, and margins to
+the sides and half of them above and beneath."
+  (setq coins (plv-cadre-texte texte hauteur))
+  (list (car centre) (cadr centre)
+    (+ marge (if coins (- (caadr coins) (caar coins)) 0.0))
+    (+ (* 0.5 marge) (if coins (* 2.0 (max (- (cadadr coins) (* 0.5 hauteur)) (- (* 0.5 hauteur) (cadar coins)))) hauteur))
+    sens))
 
 (defun plv-polyligne (calque points)
   "A light polyline through points of the drawing."

@@ -95,3 +95,16 @@ round to itself: to see that, each is compared with one that it passed, the furt
 
 (defun plv-enchainer (entites cle)
   (mapcar '(lambda (entite suivante) (plsxd entite cle suivante)) entites (cdr entites)))
+
+(defun plv-enregistrements:sans-teinte-p (rangee / couleur)
+  "Whether the colour of a style's row for a layer or a line is black or a grey; other rows have none."
+  (setq rangee (plv-couper rangee ";") couleur (strcase (cond ((caddr rangee)) (""))))
+  (or (not (member (strcase (car rangee) T) '("calque" "ligne")))
+      (= couleur "NOIR")
+      (and (= (substr couleur 1 1) "#") (= (substr couleur 2 2) (substr couleur 4 2) (substr couleur 6 2)))))
+
+(defun plv-dessin-en-gris-p (/ rangees)
+  "Whether the drawing's style was applied in greys, or has no other colours: then hatches and blocks are plotted so, too."
+  (setq rangees (plv-rangees-de-style))
+  (or (= (plv-cle 301 (plv-enregistrement-du-dessin plv-cle-style)) "G")
+      (and rangees (vl-every 'plv-enregistrements:sans-teinte-p rangees))))

@@ -27,17 +27,19 @@
             (list (list debut (plv-fiche-nombre valeurs "altitude")) (list (plv-section-fin section) (plv-fiche-nombre valeurs "altitude"))) 1.0)
           (if (= (plv-pc-fiche:operation valeurs) "A") '("station")))))))
 
+(defun plv-pc-fiche:traits (profil) "The profile with what is to lie above its planes." (append (plv-traits-profil profil) (plv-image-traits "ligne" (plv-niveaux profil))))
+
 (defun plv-pc-fiche:regarder (valeurs)
   (if (= (plv-pc-fiche:operation valeurs) "P") (plv-pc-fiche:regarder-tous valeurs) (plv-pc-fiche:regarder-un valeurs)))
 
 (defun plv-pc-fiche:regarder-tous (valeurs / profil hauteur plans fin)
   "The planes that would be proposed."
   (setq profil (plv-fiche-profil valeurs) hauteur (plv-fiche-nombre valeurs "hauteur") fin (plv-longueur-profil profil))
-  (if (and hauteur (> hauteur 0.0)) (setq plans (plv-plans-proposes (plv-points-releves profil) (plv-echv profil) hauteur)))
+  (if (and hauteur (> hauteur 0.0)) (setq plans (plv-pc-plans profil hauteur)))
   (plv-regard
     (if (not plans) '(("hauteur" "une hauteur positive est attendue")))
     (list (plv-image-profil profil
-            (append (plv-traits-profil profil)
+            (append (plv-pc-fiche:traits profil)
               (plv-image-traits "couloir"
                 (mapcar '(lambda (a b) (list (list (plv-plan-debut a) (plv-plan-altitude a)) (list (plv-plan-debut b) (plv-plan-altitude a))))
                   plans (append (cdr plans) (list (list fin 0.0))))))))
@@ -50,7 +52,7 @@
     (setq d (- d (plv-premiere-station profil)) faute (plv-pc-fiche:faute profil valeurs d)))
   (plv-regard
     (if faute (list (list (if (= faute "l'altitude du plan est attendue") "altitude" "station") faute)))
-    (list (plv-image-profil profil (append (plv-traits-profil profil) (if d (plv-pc-fiche:poignee profil valeurs d)))))
+    (list (plv-image-profil profil (append (plv-pc-fiche:traits profil) (if d (plv-pc-fiche:poignee profil valeurs d)))))
     (list (strcat "Plans: " (plv-plans-en-texte profil) "."))
     (cons "hauteur" (if (= (plv-pc-fiche:operation valeurs) "S") '("altitude")))
     nil))

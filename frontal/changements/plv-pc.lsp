@@ -155,7 +155,13 @@ goes, that of its neighbour to be."
   (foreach s sections
     (if (not (eq s section)) (plv-pc:regler profil (plv-plan-debut s) (plv-plan-altitude s)))))
 
-;; --- planes proposed anew: those that a new profile would have
+;; --- planes proposed anew: those that a new profile would have, beneath all that is drawn
+
+(defun plv-pc-plans (profil hauteur)
+  "The planes by which a profile is drawn no higher than so many units."
+  (plv-plans-proposes (plv-points-releves profil) (plv-echv profil) hauteur
+    (append (plv-niveaux profil)
+      (apply 'append (mapcar '(lambda (genre) (plv-traits-de-ligne profil genre)) (plv-genres-du-projet profil))))))
 
 (defun plv-pc:mettre (profil voulu / plan)
   "One plane as it is wanted."
@@ -169,7 +175,7 @@ goes, that of its neighbour to be."
   "Gives a profile the planes by which it is drawn no higher than so many units; the profile, or nil after a message."
   (if (and (plv-profil-sain profil) (plv-statiques-verifies profil))
     (progn
-      (setq voulus (plv-plans-proposes (plv-points-releves profil) (plv-echv profil) hauteur))
+      (setq voulus (plv-pc-plans profil hauteur))
       (if (and (vl-every '(lambda (v) (plv-pc:mettre profil v)) voulus)
                (vl-every
                  '(lambda (p)

@@ -19,8 +19,11 @@
 
 (defun plv-feuilles:infos (titre profils)
   "What readers of the file are told."
-  (list (cons "titre" titre) (cons "auteur" (plv-cartouche-texte "Auteur"))
-        (cons "sujet" (strcat "Profils en long " (plv-joindre (mapcar 'plv-numero-profil profils) ", ")))))
+  (append
+    (list (cons "titre" titre) (cons "auteur" (plv-cartouche-texte "Auteur"))
+          (cons "sujet" (strcat "Profils en long " (plv-joindre (mapcar 'plv-numero-profil profils) ", "))))
+    (if (plv-dessin-en-gris-p) '(("couleurs" . "Gris")))
+    (if (plv-style-de-texte) (list (cons "police" (plv-cle 3 (tblsearch "STYLE" plv-texte-style)))))))
 
 ;; --- what is asked: (profiles template scale title list), the scale nil for the largest that fits, list T for a list of the sheets
 

@@ -8,8 +8,11 @@
 
 ;; --- what a profile covers
 
+(defun plv-feuilles:reseaux (profil)
+  (apply 'append (mapcar '(lambda (genre) (plv-traces-reseau profil genre)) (plv-genres-de-reseau profil))))
+
 (defun plv-entites-dessinees (profil)
-  "Everything that is drawn of a profile and its tables."
+  "Everything that is drawn of a profile, its networks and its tables."
   (vl-remove-if-not 'plv-existe
     (append
       (list profil)
@@ -17,22 +20,23 @@
       (apply 'append (mapcar 'plv-lignes-du-plan (plv-entites-plans profil)))
       (plv-entites-habillage profil)
       (plv-ajouts-tables profil)
+      (plv-feuilles:reseaux profil)
       (apply 'append (mapcar '(lambda (genre) (plv-elements profil genre)) (plv-genres)))
       (apply 'append (mapcar '(lambda (r) (cons r (plv-entites-table r))) (plv-references-tables profil))))))
 
-(defun plv-feuilles:mesurer (profil / point coins titres ttxt legendes a-part)
+(defun plv-feuilles:mesurer (profil / point coins titres ttxt legendes a-part couches)
   "What the layout needs: keys gauche droite bas haut (of all but the legends beside it), titres (right edge of the tables' titles
-with the gap after them, top), recouvrement (what two sheets share on each side of a cut) x0 y0, legendes (beside it)."
+with the gap after them, top), recouvrement (what two sheets share on each side of a cut) x0 y0, legendes (beside it), couches (see there)."
   (setq point (plv-origine profil)
         ttxt (plv-ttxt profil)
         coins (etendue-tracee (plv-entites-dessinees profil))
         legendes (vl-remove-if-not 'plv-existe (plv-legendes-du-profil profil))
         a-part (plv-encarts-a-part legendes (caar coins) (caadr coins))
         coins (etendue-tracee (append (plv-entites-dessinees profil) (vl-remove-if '(lambda (l) (member l a-part)) legendes)))
-        titres (etendue-tracee (vl-remove-if-not 'plv-existe (plv-references-tables profil))))
+        titres (etendue-tracee (vl-remove-if-not 'plv-existe (plv-references-tables profil)))
+        couches (plv-feuilles:couches profil (car point)))
   (list (cons 'profil profil) (cons 'legendes (mapcar 'plv-boite a-part)) (cons 'x0 (car point)) (cons 'y0 (cadr point))
-        ;; Upright texts stand on their abscissa: half of their height is beside it.
-        (cons 'recouvrement (* 0.8 ttxt))
+        (cons 'couches couches) (cons 'recouvrement (plv-feuilles:recouvrement profil couches ttxt))
         (cons 'gauche (- (caar coins) ttxt)) (cons 'droite (+ (caadr coins) ttxt))
         (cons 'bas (- (cadar coins) ttxt)) (cons 'haut (+ (cadadr coins) ttxt))
         (cons 'titres (if titres (list (max (caadr titres) (- (car point) (* 0.8 ttxt))) (cadadr titres))))))
@@ -57,28 +61,48 @@ with the gap after them, top), recouvrement (what two sheets share on each side 
   (setq boite (plv-boite bloc))
   (list (- (car boite) x0) (- (caddr boite) x0)))
 
-(defun plv-feuilles:couches (mesures)
-  "The stretches where texts lie along the profile, in its tables and above it, and where blocks stand on it, which a cut would tear."
+(defun plv-feuilles:couches (profil x0)
+  "The stretches where texts lie along the profile, in its tables, networks and above it, and where blocks stand on it, which a cut would tear."
   (append
-    (mapcar '(lambda (e) (plv-feuilles:largeur-de-bloc e (plv-cle 'x0 mesures))) (plv-blocs (plv-cle 'profil mesures)))
+    (mapcar '(lambda (e) (plv-feuilles:largeur-de-bloc e x0)) (plv-blocs profil))
     (vl-remove nil
-      (mapcar '(lambda (e) (plv-feuilles:couche e (plv-cle 'x0 mesures)))
-        (append (plv-ajouts-tables (plv-cle 'profil mesures)) (plv-entites-habillage (plv-cle 'profil mesures)))))))
+      (mapcar '(lambda (e) (plv-feuilles:couche e x0))
+        (append (plv-ajouts-tables profil) (plv-feuilles:reseaux profil) (plv-entites-habillage profil)
+                (apply 'append (mapcar 'plv-entites-table (plv-references-tables profil))))))))
 
-(defun plv-feuilles:entier-p (d couches recouvrement)
-  "T when a cut tears no text."
-  (not (vl-some '(lambda (c) (< (- (plv-debut c) recouvrement) d (+ (plv-fin c) recouvrement))) couches)))
+(defun plv-feuilles:recouvrement (profil couches ttxt / places)
+  "Texts that stand on the abscissa of a cut are whole on both sheets: half the height of upright ones is beside it, half the width of short ones."
+  (setq places (mapcar '(lambda (d) (plv-reel d 2)) (plv-feuilles:abscisses profil)))
+  (apply 'max
+    (cons (* 0.8 ttxt)
+      (mapcar '(lambda (c) (+ (* 0.5 (plv-longueur c)) (* 0.1 ttxt)))
+        (vl-remove-if-not '(lambda (c) (and (< (plv-longueur c) (* 3.0 ttxt)) (member (plv-reel (plv-milieu c) 2) places))) couches)))))
 
-(defun plv-feuilles:coupure (mesures precedente limite / couches places entieres)
-  "Where a sheet ends: the last point that fits; one further back in the last fifth when it tears no text; the last whole metre
+(defun plv-feuilles:dechire (d couches recouvrement)
+  "How much of texts is cut through at the edges of two sheets, a length."
+  (apply '+
+    (mapcar '(lambda (c) (if (or (< (plv-debut c) (+ d recouvrement) (plv-fin c)) (< (plv-debut c) (- d recouvrement) (plv-fin c))) (plv-longueur c) 0.0))
+      couches)))
+
+(defun plv-feuilles:moins-dechiree (places couches recouvrement / trouve mieux texte)
+  "Of places the last one that tears least."
+  (foreach d places
+    (setq texte (plv-feuilles:dechire d couches recouvrement))
+    (if (or (not trouve) (<= texte (+ mieux 1e-6))) (setq trouve d mieux texte)))
+  trouve)
+
+(defun plv-feuilles:coupure (mesures precedente limite / places debut)
+  "Where a sheet ends: of the points in its last fifth the last one that tears least, else the last point that fits; the last whole metre
 where there are no points."
-  (setq couches (plv-cle 'couches mesures)
+  (setq debut (+ precedente (* 0.8 (- limite precedente)))
         places (vl-remove-if-not '(lambda (d) (and (<= d limite) (> d (+ precedente (* 0.5 (- limite precedente))))))
-                 (plv-feuilles:abscisses (plv-cle 'profil mesures)))
-        entieres (vl-remove-if-not
-                   '(lambda (d) (and (> d (+ precedente (* 0.8 (- limite precedente)))) (plv-feuilles:entier-p d couches (plv-cle 'recouvrement mesures))))
-                   places))
-  (cond ((plv-dernier entieres)) ((plv-dernier places)) ((float (fix limite)))))
+                 (plv-feuilles:abscisses (plv-cle 'profil mesures))))
+  (cond
+    ((plv-feuilles:moins-dechiree (vl-remove-if-not '(lambda (d) (> d debut)) places)
+       (vl-remove-if '(lambda (c) (< (plv-fin c) (- debut (plv-cle 'recouvrement mesures)))) (plv-cle 'couches mesures))
+       (plv-cle 'recouvrement mesures)))
+    ((plv-dernier places))
+    ((float (fix limite)))))
 
 (defun plv-feuilles:bande (mesures)
   "Width of what stands before a part that begins at a cut: the titles again, and the labels of an axis."
@@ -99,14 +123,30 @@ where there are no points."
             place (- largeur (plv-feuilles:bande mesures) (* 2.0 recouvrement)))))
   (if (eq coupures T) T (reverse coupures)))
 
-(defun plv-feuilles:coupures-egales (mesures largeur coupures / bas milieu essai)
-  "As many cuts, for sheets about as full as one another: those of the narrowest sheets that are no more."
+(defun plv-feuilles:autant (mesures largeur coupures / essai)
+  "The cuts for sheets of a width, if they are no more."
+  (setq essai (plv-feuilles:coupures-pleines mesures largeur))
+  (if (and (listp essai) (= (length essai) (length coupures))) essai))
+
+(defun plv-feuilles:plus-etroites (mesures largeur coupures / bas milieu)
+  "The narrowest width for which there are as many cuts."
   (setq bas (/ largeur (1+ (length coupures))))
   (repeat 7
-    (setq milieu (* 0.5 (+ bas largeur)) essai (plv-feuilles:coupures-pleines mesures milieu))
-    (if (and (listp essai) (= (length essai) (length coupures)))
-      (setq largeur milieu coupures essai)
-      (setq bas milieu)))
+    (setq milieu (* 0.5 (+ bas largeur)))
+    (if (plv-feuilles:autant mesures milieu coupures) (setq largeur milieu) (setq bas milieu)))
+  largeur)
+
+(defun plv-feuilles:dechirures (mesures coupures)
+  (apply '+ (mapcar '(lambda (d) (plv-feuilles:dechire d (plv-cle 'couches mesures) (plv-cle 'recouvrement mesures))) coupures)))
+
+(defun plv-feuilles:coupures-egales (mesures largeur coupures / etroite pas essai mieux)
+  "As many cuts, for sheets about as full as one another: those of the narrowest sheets that are no more, wider ones if they tear
+a label less; a cell's figure isn't worth a shorter last sheet."
+  (setq etroite (plv-feuilles:plus-etroites mesures largeur coupures) pas (/ (- largeur etroite) 6.0))
+  (repeat 7
+    (setq essai (plv-feuilles:autant mesures etroite coupures) etroite (+ etroite pas))
+    (if (and essai (or (not mieux) (< (plv-feuilles:dechirures mesures essai) (- mieux (* 4.0 (plv-ttxt (plv-cle 'profil mesures)))))))
+      (setq coupures essai mieux (plv-feuilles:dechirures mesures essai))))
   coupures)
 
 (defun plv-feuilles:vues (mesures debut fin / x0 recouvrement x1 x2)
@@ -135,8 +175,7 @@ where there are no points."
 
 (defun plv-feuilles:coupures (mesures largeur hauteur / coupures egales)
   "The cuts for sheets of this size; T when there can be none. One more where the legends would have a sheet for themselves."
-  (setq mesures (cons (cons 'couches (plv-feuilles:couches mesures)) mesures)
-        coupures (plv-feuilles:coupures-pleines mesures largeur))
+  (setq coupures (plv-feuilles:coupures-pleines mesures largeur))
   (cond
     ((not (and coupures (listp coupures))) (plv-feuilles:pour-legendes mesures coupures largeur hauteur))
     ((eq (plv-feuilles:encarts mesures coupures largeur hauteur) T) (plv-feuilles:pour-legendes mesures coupures largeur hauteur))

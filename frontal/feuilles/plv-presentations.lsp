@@ -48,6 +48,7 @@
   "cote: 0 left end, 1 middle, 2 right end at the point."
   (entmake
     (append (list '(0 . "TEXT") '(67 . 1) '(8 . "0") (list 10 x y 0.0) (cons 40 hauteur) (cons 1 texte))
+      (plv-style-de-texte)
       (if (= cote 0) nil (list (cons 72 cote) (list 11 x y 0.0))))))
 
 (defun plv-presentations:aplat (points couleur)

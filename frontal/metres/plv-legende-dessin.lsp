@@ -31,23 +31,45 @@
   "Abscissas of the upright lines."
   (reverse (plv-plier '(lambda (bords largeur) (cons (+ (car bords) (* h largeur)) bords)) '(0.0) (mapcar 'cadr colonnes))))
 
-(defun plv-legende:dessiner-rangee (rangee y h bords clarte)
+;; --- figures of a column stand with their decimal points one above another, the widest in the middle
+
+(defun plv-legende:figure-p (texte) (and (wcmatch texte "*#.#*") (distof texte 2)))
+
+(defun plv-legende:parts (textes h / parts)
+  "The greatest widths before the point and from it on of a column's figures; nil without figures."
+  (setq parts (mapcar '(lambda (texte) (plv-autour-du-point texte h)) (vl-remove-if-not 'plv-legende:figure-p textes)))
+  (if parts (list (apply 'max (mapcar 'car parts)) (apply 'max (mapcar 'cadr parts)))))
+
+(defun plv-legende:colonnes-de (rangees)
+  "The texts of each column, from those of each row."
+  (if (car rangees) (cons (mapcar 'car rangees) (plv-legende:colonnes-de (mapcar 'cdr rangees)))))
+
+(defun plv-legende:decalage (texte parts h / siennes)
+  "How far to the right of the middle of its column a text stands."
+  (if (and parts (plv-legende:figure-p texte))
+    (progn
+      (setq siennes (plv-autour-du-point texte h))
+      (* 0.5 (+ (- (car parts) (car siennes)) (- (cadr siennes) (cadr parts)))))
+    0.0))
+
+(defun plv-legende:dessiner-rangee (rangee y h bords parts clarte)
   "A row whose lower line is at y."
   (if (car rangee) (plv-legende:pastille h (+ y (* 0.5 h)) (* 4.0 h) (+ y (* 1.5 h)) (car rangee) clarte))
   (setq bords (cdr bords))
   (mapcar
-    '(lambda (texte a b) (plv-legende:ecrire (* 0.5 (+ a b)) (+ y (* 0.5 h)) h texte 1))
-    (cdr rangee) bords (cdr bords)))
+    '(lambda (texte a b p) (plv-legende:ecrire (+ (* 0.5 (+ a b)) (plv-legende:decalage texte p h)) (+ y (* 0.5 h)) h texte 1))
+    (cdr rangee) bords (cdr bords) parts))
 
-(defun plv-legende:dessiner (titre colonnes rangees h clarte / bords largeur y)
-  (setq bords (plv-legende:bords colonnes h) largeur (plv-dernier bords) y 0.0)
+(defun plv-legende:dessiner (titre colonnes rangees h clarte / bords largeur y parts)
+  (setq bords (plv-legende:bords colonnes h) largeur (plv-dernier bords) y 0.0
+        parts (mapcar '(lambda (textes) (plv-legende:parts textes h)) (plv-legende:colonnes-de (mapcar 'cdr rangees))))
   (plv-legende:trait 0.0 0.0 largeur 0.0)
   (plv-legende:ecrire (* 0.5 largeur) (* -2.1 h) (* 1.2 h) titre 1)
   (setq y (* -3.0 h))
   (plv-legende:trait 0.0 y largeur y)
   (foreach rangee (cons (cons nil (mapcar 'car (cdr colonnes))) rangees)
     (setq y (- y (* 2.0 h)))
-    (plv-legende:dessiner-rangee rangee y h bords clarte)
+    (plv-legende:dessiner-rangee rangee y h bords parts clarte)
     (plv-legende:trait 0.0 y largeur y))
   (foreach x bords
     (plv-legende:trait x (if (or (= x 0.0) (equal x largeur 1e-6)) 0.0 (* -3.0 h)) x y)))

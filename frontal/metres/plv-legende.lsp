@@ -70,7 +70,7 @@
 (defun plv-poser-legende-de-tranchees (profil genre colonnes rangees clarte point / nom)
   "Beside the profile for nil as point."
   (setq nom (plv-legende:nom-libre profil (strcat "TRANCHEES_" genre)))
-  (plv-poser-legende profil nom (strcat (plv-legende:titre profil genre) " - TRANCHEES") colonnes rangees clarte
+  (plv-poser-legende profil nom (strcat (plv-legende:titre profil genre) " - TRANCHÉES") colonnes rangees clarte
     (cond (point) ((plv-legende:place profil nil))) genre plv-legende:cle-tranchees))
 
 (defun plv-legendes-du-profil (profil)

@@ -41,12 +41,6 @@
   (if (or (= nom "") (= (strcase nom) "TN") (not (snvalid (strcat "PLV-TN-" nom))))
     (strcat "nom de terrain refusé: \"" nom "\"; des lettres, des chiffres, - et _ sont permis")))
 
-(defun plv-mnt:dire-sous-plan (profil terrain / d)
-  "Where it is first drawn below its plane."
-  (if (setq d (plv-terrain-sous-plan profil terrain))
-    (plv-dire (strcat "À la station " (plv-reel (+ (plv-premiere-station profil) d) 3) " le terrain " (plv-terrain-nom terrain)
-                      " est sous le plan de comparaison: PLV-PC en ajoute un plus bas."))))
-
 (defun plv-mnt-ajouter (profil nom role morceaux / faute)
   "Gives a profile a further ground, in place of one of that name; the profile, or nil after a message."
   (cond
@@ -62,7 +56,7 @@
      (plv-dire (strcat "Terrain " nom ": " (plv-compte (apply '+ (mapcar 'length morceaux)) "point") ", de la station "
                        (plv-reel (+ (plv-premiere-station profil) (car (car (car morceaux)))) 2) " à "
                        (plv-reel (+ (plv-premiere-station profil) (car (plv-dernier (plv-dernier morceaux)))) 2) "."))
-     (plv-mnt:dire-sous-plan profil (plv-terrain-nomme profil nom))
+     (plv-dire-sous-plans profil (strcat "le terrain " nom) (plv-terrain-morceaux (plv-terrain-nomme profil nom)))
      profil)))
 
 (defun plv-mnt-ajouter-surface (profil nom role demande / morceaux)

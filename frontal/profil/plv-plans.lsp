@@ -57,23 +57,41 @@ far from the origin has other last digits."
   "The round altitude under a ground altitude, with at least a fifth of a step of room."
   (* pas (float (plv-partie-entiere (- (/ altitude pas) 0.2)))))
 
-(defun plv-plans-proposes (points echv hauteur-max / limite pas bas haut debut plans precedent z)
-  "Planes for the ground points; hauteur-max in drawing units."
+(defun plv-plans:plus-bas (a b) (if (and a b) (min a b) (cond (a) (b))))
+
+(defun plv-plans:bas-d-une-ligne (points ligne / avant ici bas tous)
+  "For each ground point how low a line goes from the point before to it; nil where it doesn't go."
+  (foreach point points
+    (setq bas ici ici nil)
+    (while (and ligne (<= (caar ligne) (car point)))
+      (setq avant (car ligne) ligne (cdr ligne) bas (plv-plans:plus-bas bas (cadr avant))))
+    (if (and avant ligne) (setq ici (plv-interpoler (list avant (car ligne)) (car point))))
+    (setq tous (cons (plv-plans:plus-bas bas ici) tous)))
+  (reverse tous))
+
+(defun plv-plans:bas (points lignes / bas)
+  "For each ground point how low ground and lines go from the point before to it."
+  (setq bas (mapcar '(lambda (avant point) (min (cadr avant) (cadr point))) (cons (car points) points) points))
+  (foreach ligne lignes (setq bas (mapcar 'plv-plans:plus-bas bas (plv-plans:bas-d-une-ligne points ligne))))
+  bas)
+
+(defun plv-plans-proposes (points echv hauteur-max lignes / limite pas bas haut debut plans precedent z tous plus-bas)
+  "Planes for the ground points, beneath lines of (distance altitude) too; hauteur-max in drawing units."
   (setq limite (/ hauteur-max echv)
         pas (plv-plans:arrondi limite)
         debut 0.0
         bas (cadar points)
-        haut bas)
+        haut bas
+        tous (plv-plans:bas points lignes))
   (foreach point points
-    (setq z (cadr point))
-    (if (and precedent (> (- (max haut z) (plv-plans:sous (min bas z) pas)) limite))
+    (setq z (cadr point) plus-bas (car tous) tous (cdr tous))
+    (if (and precedent (> (car precedent) debut) (> (- (max haut z) (plv-plans:sous (min bas plus-bas) pas)) limite))
       ;; The section ends on the point before; the next one holds that point too.
-      (if (> (car precedent) debut)
-        (setq plans (cons (list debut (plv-plans:sous bas pas)) plans)
-              debut (car precedent)
-              bas (min z (cadr precedent))
-              haut (max z (cadr precedent)))))
-    (setq bas (min bas z) haut (max haut z) precedent point))
+      (setq plans (cons (list debut (plv-plans:sous bas pas)) plans)
+            debut (car precedent)
+            bas plus-bas
+            haut (cadr precedent)))
+    (setq bas (min bas plus-bas) haut (max haut z) precedent point))
   (reverse (cons (list debut (plv-plans:sous bas pas)) plans)))
 
 (defun plv-points-aux-plans (points plans / resultat precedent)

@@ -46,15 +46,6 @@
   (if (setq morceau (car (vl-member-if '(lambda (m) (<= (- (caar m) 1e-6) d (+ (car (plv-dernier m)) 1e-6))) (plv-terrain-morceaux terrain))))
     (plv-altitude-ligne morceau d)))
 
-(defun plv-terrain-sous-plan (profil terrain / trouve a b)
-  "The first of its points that is drawn below its plane, as a distance; nil for none."
-  (foreach section (plv-sections-de-plan profil)
-    (foreach morceau (plv-terrain-morceaux terrain)
-      (setq a (max (plv-plan-debut section) (caar morceau)) b (min (plv-section-fin section) (car (plv-dernier morceau))))
-      (if (and (not trouve) (> (- b a) 1e-6))
-        (setq trouve (car (car (vl-member-if '(lambda (p) (< (cadr p) (- (plv-plan-altitude section) 1e-6))) (plv-ligne-entre morceau a b))))))))
-  trouve)
-
 (defun plv-terrains-effaces (profil)
   "The further grounds of which nothing is drawn any more."
   (if (and (plv-terrains profil) (not (vl-some 'plv-existe (plv-entites-enregistrees profil plv-terrains:traces)))) (plv-terrains profil)))

@@ -50,14 +50,24 @@
     (list 0.0 (plv-tuyau-interieur tuyau))
     (if (and (> paroi 0.0) (plv-dessin-reseau:visible-p plume paroi)) (list (- paroi) (+ (plv-tuyau-interieur tuyau) paroi)))))
 
-(defun plv-dessin-reseau:legende (plume tuyau a b / p q plans)
-  "What the pipe is, along it; nil over a change of plane, where it is in two places."
-  (setq p (plv-dessin-reseau:place plume (car a) (cadr a)) q (plv-dessin-reseau:place plume (car b) (cadr b))
-        plans (plv-cadre-plans (plv-plume-cadre plume)))
-  (if (equal (plv-plan-en plans (+ 1e-6 (- (car a) (plv-plume-origine plume)))) (plv-plan-en plans (- (car b) (plv-plume-origine plume))))
-    (plv-textes-reseau:le-long plv-dessin-reseau:tuyaux p q (plv-plume-petit plume)
-      (* (plv-tuyau-interieur tuyau) (plv-cadre-echv (plv-plume-cadre plume)))
-      (list (strcat (plv-tuyau-en-mots tuyau) "  " (plv-reel (* 100.0 (abs (plv-tuyau-pente tuyau))) 2) " %") (plv-tuyau-en-mots tuyau)))))
+(defun plv-dessin-reseau:sur-un-plan (plume a b / morceaux)
+  "The ends, as drawn, of the longest part of a pipe that stands over one plane; nil for a pipe that its manholes leave no room."
+  (setq a (list (- (car a) (plv-plume-origine plume)) (cadr a)) b (list (- (car b) (plv-plume-origine plume)) (cadr b))
+        morceaux
+         (mapcar '(lambda (s) (list (max (car a) (plv-plan-debut s)) (min (car b) (plv-section-fin s)) s)) (plv-plume-sections plume))
+        morceaux (car (vl-sort morceaux '(lambda (m n) (> (plv-longueur m) (plv-longueur n))))))
+  (if (> (plv-longueur morceaux) 1e-6)
+    (mapcar '(lambda (d) (plv-vers-dessin-sur (plv-plume-cadre plume) (caddr morceaux) d (plv-interpoler (list a b) d)))
+      (plv-premiers morceaux 2))))
+
+(defun plv-dessin-reseau:legende (plume tuyau a b / bouts)
+  "What the pipe is, along it."
+  (setq bouts (plv-dessin-reseau:sur-un-plan plume a b))
+  (plv-textes-reseau:le-long
+    (plv-textes-reseau:sujet (strcat "tuyau " (plv-tuyau-de tuyau) " - " (plv-tuyau-a tuyau)) (plv-tuyau-debut tuyau))
+    plv-dessin-reseau:tuyaux (car bouts) (cadr bouts) (plv-plume-petit plume)
+    (* (plv-tuyau-interieur tuyau) (plv-cadre-echv (plv-plume-cadre plume)))
+    (list (strcat (plv-tuyau-en-mots tuyau) "  " (plv-reel (* 100.0 (abs (plv-tuyau-pente tuyau))) 2) " %") (plv-tuyau-en-mots tuyau))))
 
 ;; --- manholes
 
@@ -79,9 +89,10 @@
       (plv-dessin-reseau:cadre-de plume noeud (* 0.5 (plv-noeud-interieur noeud)) (plv-noeud-fond noeud) (plv-noeud-tampon noeud))
       (if (plv-dessin-reseau:paroi-visible-p plume noeud)
         (plv-dessin-reseau:cadre-de plume noeud (* 0.5 (plv-noeud-exterieur noeud)) (plv-noeud-fond noeud) (plv-noeud-tampon noeud)))))
-  (list
-    (plv-textes-reseau:dessus plv-dessin-reseau:regards haut (plv-plume-ttxt plume) (plv-noeud-nom noeud) 1)
-    (if (plv-dessin-reseau:chute noeud) (plv-dessin-reseau:dire-chute plume noeud))))
+  (cons (plv-textes-reseau:dessus (plv-dessin-reseau:sujet "regard " noeud) plv-dessin-reseau:regards haut (plv-plume-ttxt plume) (plv-noeud-nom noeud) 1)
+        (if (plv-dessin-reseau:chute noeud) (list (plv-dessin-reseau:dire-chute plume noeud)))))
+
+(defun plv-dessin-reseau:sujet (mots noeud) (plv-textes-reseau:sujet (strcat mots (plv-noeud-nom noeud)) (plv-noeud-station noeud)))
 
 (defun plv-dessin-reseau:paroi-visible-p (plume noeud)
   "Across, a wall isn't exaggerated."
@@ -96,7 +107,8 @@
   (setq bas (plv-dessin-reseau:place plume (plv-noeud-station noeud) (min (plv-noeud-arrivee noeud) (plv-noeud-depart noeud)))
         haut (plv-dessin-reseau:place plume (plv-noeud-station noeud) (max (plv-noeud-arrivee noeud) (plv-noeud-depart noeud))))
   (plv-ligne plv-dessin-reseau:regards bas haut)
-  (plv-textes-reseau:dessus plv-dessin-reseau:regards bas (plv-plume-petit plume) (strcat "chute " (plv-reel (plv-dessin-reseau:chute noeud) 2)) -1))
+  (plv-textes-reseau:dessus (plv-dessin-reseau:sujet "chute de " noeud) plv-dessin-reseau:regards bas (plv-plume-petit plume)
+    (strcat "chute " (plv-reel (plv-dessin-reseau:chute noeud) 2)) -1))
 
 ;; --- crossings: an ellipse, high by the exaggeration and wide by the angle
 
@@ -105,7 +117,8 @@
         demi-hauteur (* 0.5 (plv-croisement-diametre croisement) (plv-cadre-echv (plv-plume-cadre plume)))
         demi-largeur (/ (* 0.5 (plv-croisement-diametre croisement)) (sin (* pi (/ (plv-croisement-angle croisement) 180.0)))))
   (plv-dessin-reseau:ellipse centre demi-largeur demi-hauteur)
-  (plv-textes-reseau:autour plv-dessin-reseau:croisements centre demi-largeur (plv-plume-petit plume)
+  (plv-textes-reseau:autour (plv-textes-reseau:sujet (plv-croisement-nom croisement) (plv-croisement-station croisement))
+    plv-dessin-reseau:croisements centre demi-largeur (plv-plume-petit plume)
     (strcat (plv-croisement-nom croisement) "  " (plv-reel (plv-croisement-altitude croisement) 2))))
 
 (defun plv-dessin-reseau:ellipse (centre demi-largeur demi-hauteur / axe part)
@@ -113,6 +126,36 @@
         part (/ (min demi-largeur demi-hauteur) (max demi-largeur demi-hauteur)))
   (entmakex (list '(0 . "ELLIPSE") '(100 . "AcDbEntity") (cons 8 (plv-calque plv-dessin-reseau:croisements)) '(100 . "AcDbEllipse") (cons 10 centre)
                   (cons 11 axe) '(210 0.0 0.0 1.0) (cons 40 part) '(41 . 0.0) (cons 42 (* 2.0 pi)))))
+
+;; --- how low it goes
+
+(defun plv-dessin-reseau:niveau (plume station demi z)
+  (setq station (- station (plv-plume-origine plume)))
+  (list (list (- station demi) z) (list (+ station demi) z)))
+
+(defun plv-dessin-reseau:niveaux (plume reseau)
+  "Lines of (distance altitude) along the bottoms of pipes, manholes and crossings."
+  (append
+    (mapcar
+      '(lambda (tuyau)
+         (mapcar '(lambda (bout) (list (- (car bout) (plv-plume-origine plume)) (- (cadr bout) (plv-tuyau-paroi tuyau))))
+           (list (plv-tuyau-depart tuyau) (plv-tuyau-arrivee tuyau))))
+      (plv-reseau-tuyaux reseau))
+    (mapcar '(lambda (noeud) (plv-dessin-reseau:niveau plume (plv-noeud-station noeud) (max 0.01 (* 0.5 (plv-noeud-exterieur noeud))) (plv-noeud-fond noeud)))
+      (plv-reseau-regards reseau))
+    (mapcar
+      '(lambda (c) (plv-dessin-reseau:niveau plume (plv-croisement-station c) (* 0.5 (plv-croisement-diametre c)) (- (plv-croisement-altitude c) (* 0.5 (plv-croisement-diametre c)))))
+      (plv-reseau-croisements reseau))))
+
+(defun plv-niveaux-reseaux (profil / plume reseaux)
+  (setq plume (plv-dessin-reseau:plume profil)
+        reseaux (mapcar '(lambda (genre) (plv-reseau-lu profil genre)) (plv-genres-de-reseau profil)))
+  (apply 'append (mapcar '(lambda (reseau) (plv-dessin-reseau:niveaux plume reseau)) (vl-remove-if-not 'listp reseaux))))
+
+(plv-declarer-niveaux 'plv-niveaux-reseaux)
+
+(defun plv-dire-reseau-sous-plans (profil reseau)
+  (plv-dire-sous-plans profil "le réseau" (plv-dessin-reseau:niveaux (plv-dessin-reseau:plume profil) reseau)))
 
 ;; --- all of it
 

@@ -38,20 +38,33 @@
 
 ;; --- the fields
 
-(defun plv-reseau-fiche:genre (profil) (cond ((car (plv-genres-de-reseau profil))) ("Assainissement")))
+(defun plv-reseau-fiche:genre (profil)
+  "The first kind with a network, else sewers, else the first kind with a line."
+  (cond
+    ((car (plv-genres-de-reseau profil)))
+    ((plv-elements-du-projet profil "Assainissement") "Assainissement")
+    ((car (plv-genres-du-projet profil)))
+    ("Assainissement")))
 
-(defun plv-reseau-fiche:champs (/ profil rangees)
-  (setq profil (plv-profil-propose)
-        rangees (if profil (plv-reseau-rangees profil (plv-reseau-fiche:genre profil))))
+(defun plv-reseau-fiche:source (profil genre)
+  "Where a form begins: with the network that is there, else along the line, if there is one."
+  (if (and profil (not (plv-reseau-rangees profil genre)) (plv-elements-du-projet profil genre))
+    (cadr plv-reseau-fiche:sources)
+    (car plv-reseau-fiche:sources)))
+
+(defun plv-reseau-fiche:champs (/ profil genre source rangees)
+  (setq profil (plv-profil-propose) genre (if profil (plv-reseau-fiche:genre profil) "Assainissement")
+        source (plv-reseau-fiche:source profil genre)
+        rangees (if profil (plv-reseau-fiche:de-source (list (cons "source" source)) profil genre)))
   (plv-champs-avec-profil
     (append
-      (list (list "genre" "Genre de ligne" "mot" (if profil (plv-reseau-fiche:genre profil) "Assainissement") (plv-genres-projet))
-            (list "source" "Remplir depuis" "mot" (car plv-reseau-fiche:sources) plv-reseau-fiche:sources)
+      (list (list "genre" "Genre de ligne" "mot" genre (plv-genres-projet) T)
+            (list "source" "Remplir depuis" "mot" source plv-reseau-fiche:sources T)
             '("fichier" "Fichier à reprendre" "lire" "" "Réseaux (*.csv *.txt *.inp *.xml);;Tous (*)")
             (list "vues" "Montrer" "mot" (caar plv-reseau-fiche:vues) (mapcar 'car plv-reseau-fiche:vues)))
       (mapcar
         '(lambda (table)
-           (list (car table) (cadr table) "rangees" (plv-reseau-fiche:cellules rangees table) (mapcar '(lambda (c) (list c "texte" nil)) (cadddr table))))
+           (list (car table) (cadr table) "rangees" (plv-reseau-fiche:cellules rangees table) (mapcar '(lambda (c) (list c "texte" nil)) (cadddr table)) T))
         plv-reseau-fiche:tables))))
 
 ;; --- filling
@@ -93,7 +106,7 @@
   (cons (plv-reseau-en-mots genre reseau)
     (if (listp avis) (mapcar '(lambda (a) (strcat "Station " (plv-reel (car a) 2) ", " (cadr a))) (plv-premiers avis 8)))))
 
-(defun plv-reseau-fiche:traits (reseau origine / items)
+(defun plv-traits-de-reseau (reseau origine / items)
   "Inverts, crowns and manholes of a network as items of a picture."
   (foreach tuyau (plv-reseau-tuyaux reseau)
     (foreach h (list 0.0 (plv-tuyau-interieur tuyau))
@@ -109,7 +122,7 @@
         reseau (if (not faute) (plv-reseau:lire profil genre (plv-reseau-fiche:rangees valeurs))))
   (plv-regard
     (if faute (list faute))
-    (list (plv-image-profil profil (append (plv-traits-profil profil) (if reseau (plv-reseau-fiche:traits reseau (plv-premiere-station profil))))))
+    (list (plv-image-profil profil (append (plv-traits-profil profil) (if reseau (plv-traits-de-reseau reseau (plv-premiere-station profil))))))
     (if reseau (plv-reseau-fiche:phrases profil genre (plv-reseau-fiche:rangees valeurs) reseau))
     (append (if (/= (plv-cle "source" valeurs) "Un fichier") '("fichier")) (plv-reseau-fiche:cachees valeurs faute))
     nil))

@@ -1,9 +1,10 @@
 ;; The texts of a network: pipes, manholes, drops and crossings, each where it touches neither another one nor a dimension.
-;; A text is (layer height place ...), a place (box words), in the order in which it likes them; the box has the middle and the angle of the words.
+;; A text is (subject layer height place ...), its subject a word for messages, a place (box words), in the order in which it likes them; the box has
+;; the middle and the angle of the words.
 ;; Shared in the room: plv-textes-reseau:*
 
 (defun plv-textes-reseau:place (centre hauteur texte sens)
-  (list (list (car centre) (cadr centre) (+ (plv-largeur-texte texte hauteur) (* 0.6 hauteur)) (* 1.5 hauteur) sens) texte))
+  (list (plv-boite-au-milieu centre sens texte hauteur (* 0.6 hauteur)) texte))
 
 (defun plv-textes-reseau:rangees (point hauteur texte sens / rang places)
   (setq rang 0)
@@ -11,17 +12,19 @@
     (setq places (cons (plv-textes-reseau:place (polar point (* 0.5 pi) (* sens (+ 1.1 (* 1.6 rang)) hauteur)) hauteur texte 0.0) places) rang (1+ rang)))
   (reverse places))
 
-(defun plv-textes-reseau:dessus (calque point hauteur texte sens / demi)
+(defun plv-textes-reseau:sujet (mots station) (strcat mots " (station " (plv-reel station 2) ")"))
+
+(defun plv-textes-reseau:dessus (sujet calque point hauteur texte sens / demi)
   "A level text above a point for 1, beneath it for -1, one row or several away from it; else beginning or ending there."
   (setq demi (+ (* 0.5 hauteur) (* 0.5 (plv-largeur-texte texte hauteur))))
-  (vl-list* calque hauteur
+  (vl-list* sujet calque hauteur
     (apply 'append
       (mapcar '(lambda (x) (plv-textes-reseau:rangees (list (+ (car point) x) (cadr point)) hauteur texte sens)) (list 0.0 demi (- demi))))))
 
-(defun plv-textes-reseau:le-long (calque p q hauteur ecart textes / sens milieu largeur places)
-  "Along a line from p to q, beneath it and above it by so much, the words that it has room for, the longest first."
-  (setq sens (angle p q))
-  (foreach texte textes
+(defun plv-textes-reseau:le-long (sujet calque p q hauteur ecart textes / sens milieu largeur places)
+  "Along a line from p to q (nil: nowhere), beneath it and above it by so much, the words that it has room for, the longest first."
+  (if p (setq sens (angle p q)))
+  (foreach texte (if p textes)
     (setq largeur (plv-largeur-texte texte hauteur))
     (foreach part '(0.5 0.35 0.65)
       (if (<= largeur (* 1.8 (min part (- 1.0 part)) (distance p q)))
@@ -32,23 +35,23 @@
                    (plv-textes-reseau:place (polar milieu (+ sens (* 0.5 pi)) (+ hauteur ecart)) hauteur texte sens)
                    (plv-textes-reseau:place (polar milieu (- sens (* 0.5 pi)) hauteur) hauteur texte sens)
                    places))))))
-  (if places (vl-list* calque hauteur (reverse places))))
+  (vl-list* sujet calque hauteur (reverse places)))
 
-(defun plv-textes-reseau:autour (calque point demi hauteur texte / largeur)
+(defun plv-textes-reseau:autour (sujet calque point demi hauteur texte / largeur)
   "To the right of a point, to its left, above and beneath it, half a width away."
   (setq largeur (+ demi (* 0.5 hauteur) (* 0.5 (plv-largeur-texte texte hauteur))))
-  (vl-list* calque hauteur
+  (vl-list* sujet calque hauteur
     (append
       (mapcar '(lambda (x) (plv-textes-reseau:place (list (+ (car point) x) (cadr point)) hauteur texte 0.0)) (list largeur (- largeur)))
-      (cddr (plv-textes-reseau:dessus calque point hauteur texte 1)))))
+      (cdddr (plv-textes-reseau:dessus sujet calque point hauteur texte 1)))))
 
 ;; --- writing them
 
-(defun plv-textes-reseau:au-dessus-p (profil place / b)
-  "Whether a place lies wholly above the plane that the profile stands on, and to the right of its axis."
+(defun plv-textes-reseau:au-dessus-p (origine place / b)
+  "Whether a place lies wholly above the plane that a profile of that origin stands on, and to the right of its axis."
   (setq b (car place))
-  (and (> (- (cadr b) (* 0.5 (+ (* (caddr b) (abs (sin (nth 4 b)))) (* (cadddr b) (cos (nth 4 b)))))) (cadr (plv-origine profil)))
-       (> (- (car b) (* 0.5 (caddr b))) (car (plv-origine profil)))))
+  (and (> (- (cadr b) (* 0.5 (+ (* (caddr b) (abs (sin (nth 4 b)))) (* (cadddr b) (cos (nth 4 b)))))) (cadr origine))
+       (> (- (car b) (* 0.5 (caddr b))) (car origine))))
 
 (defun plv-textes-reseau:boite (e / g)
   "Of a written text."
@@ -65,20 +68,31 @@
          (mapcar 'plv-textes-reseau:boite (vl-remove-if-not '(lambda (e) (= (plv-type e) "TEXT")) (plv-traces-reseau profil genre))))
       (vl-remove sauf (plv-genres-de-reseau profil)))))
 
-(defun plv-textes-reseau:ecrire (profil genre textes / choix)
-  "Writes texts where they have room. What a table and the lists say as well is left out where there is none."
-  (setq textes
-    (vl-remove-if-not 'cddr
-      (mapcar '(lambda (l) (vl-list* (car l) (cadr l) (vl-remove-if-not '(lambda (p) (plv-textes-reseau:au-dessus-p profil p)) (cddr l))))
-        (vl-remove nil textes))))
-  (if textes
-    (setq choix
-      (et_placer (append (mapcar 'plv-boite-droite (append (plv-boites-cotes profil) (mapcar 'plv-boite (plv-blocs profil)))) (plv-boites-reseaux profil genre))
-        (mapcar '(lambda (l) (mapcar 'car (cddr l))) textes))))
-  (mapcar
-    '(lambda (l c / place)
-       (if (>= c 0)
-         (progn
-           (setq place (nth c (cddr l)))
-           (plv-texte-au-milieu (car l) (car place) (cadr l) (cadr place) (nth 4 (car place))))))
-    textes choix))
+(defun plv-textes-reseau:places (texte) (cdddr texte))
+
+(defun plv-textes-reseau:possibles (origine texte)
+  "A text with those of its places that lie on the profile."
+  (append (plv-premiers texte 3) (vl-remove-if-not '(lambda (p) (plv-textes-reseau:au-dessus-p origine p)) (plv-textes-reseau:places texte))))
+
+(defun plv-textes-reseau:ecrire-un (texte place)
+  (plv-texte-au-milieu (cadr texte) (car place) (caddr texte) (cadr place) (nth 4 (car place))))
+
+(defun plv-textes-reseau:ecrire (profil genre textes / origine choix)
+  "Writes texts where they have room, and tells those that have none; tables and lists have what they say, too."
+  (setq origine (plv-origine profil)
+        textes (mapcar '(lambda (l) (plv-textes-reseau:possibles origine l)) textes)
+        choix (if textes
+                (et_placer
+                  (append (mapcar 'plv-boite-droite (append (plv-boites-cotes profil) (mapcar 'plv-boite (plv-blocs profil)))) (plv-boites-reseaux profil genre))
+                  (mapcar '(lambda (l) (mapcar 'car (plv-textes-reseau:places l))) textes))))
+  (mapcar '(lambda (l c) (if (>= c 0) (plv-textes-reseau:ecrire-un l (nth c (plv-textes-reseau:places l))))) textes choix)
+  (plv-textes-reseau:dire-omis profil genre (vl-remove nil (mapcar '(lambda (l c) (if (< c 0) (car l))) textes choix))))
+
+(setq plv-textes-reseau:nommes 4)
+
+(defun plv-textes-reseau:dire-omis (profil genre sujets)
+  "How many texts are left out, and the first of them."
+  (if sujets
+    (plv-dire (strcat "Profil " (plv-numero-profil profil) ": " (plv-compte (length sujets) "texte") " du réseau " genre " sans place: "
+                      (plv-joindre (plv-premiers sujets plv-textes-reseau:nommes) ", ")
+                      (if (> (length sujets) plv-textes-reseau:nommes) ", ..." ".")))))

@@ -100,7 +100,7 @@
           (itoa (length (plv-reseau-tuyaux reseau))) (if (cdr (plv-reseau-tuyaux reseau)) " tuyaux." " tuyau.")))
 
 (defun plv-reseau-ecrire-et-dire (profil genre rangees / reseau)
-  (if (setq reseau (plv-reseau-ecrire profil genre rangees)) (progn (plv-dire (plv-reseau-en-mots genre reseau)) T)))
+  (if (setq reseau (plv-reseau-ecrire profil genre rangees)) (progn (plv-dire (plv-reseau-en-mots genre reseau)) (plv-dire-reseau-sous-plans profil reseau) T)))
 
 (defun plv-reseau-oter (profil genre)
   "Takes the network of a kind of line away, with what is drawn of it."

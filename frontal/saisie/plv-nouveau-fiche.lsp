@@ -17,7 +17,7 @@
 
 (defun plv-nouveau-fiche:plans (valeurs terrain)
   (plv-plans-proposes (plv-cle 'points terrain) (plv-fiche-nombre valeurs "echv")
-    (cond ((plv-nouveau-fiche:hauteur valeurs)) ((* 60.0 (plv-fiche-nombre valeurs "ttxt"))))))
+    (cond ((plv-nouveau-fiche:hauteur valeurs)) ((* 60.0 (plv-fiche-nombre valeurs "ttxt")))) nil))
 
 (defun plv-nouveau-fiche:positif-p (valeurs cle) (and (plv-fiche-nombre valeurs cle) (> (plv-fiche-nombre valeurs cle) 0.0)))
 

@@ -8,7 +8,7 @@
   "The planes that were given, checked, or the proposed ones; nil after a message."
   (setq longueur (car (plv-dernier points)))
   (cond
-    ((not plans) (plv-plans-proposes points echv hauteur-max))
+    ((not plans) (plv-plans-proposes points echv hauteur-max nil))
     ((not (equal (plv-plan-debut (car plans)) 0.0 1e-9)) (plv-erreur "le premier plan de comparaison commence à la distance 0"))
     ((not (vl-every '(lambda (p) (plv-nouveau:plan-valable p longueur)) plans))
      (plv-erreur "un plan de comparaison a une distance dans le profil et une altitude"))

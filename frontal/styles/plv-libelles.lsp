@@ -42,7 +42,7 @@
   (if (and (> (- d demi) (plv-debut piece)) (< (+ d demi) (plv-fin piece))
            (plv-plan-de (cadddr tracee) (- d demi) (+ d demi)) (setq p (plv-libelles:point tracee d))
            (> (+ (cadr p) (* cote 1.1 h (cos a)) (* -0.5 largeur (abs (sin a))) (* -0.75 h (cos a))) (cadr (plv-origine (car tracee)))))
-    (list (list (- (car p) (* cote 1.1 h (sin a))) (+ (cadr p) (* cote 1.1 h (cos a))) (+ largeur (* 0.4 h)) (* 1.5 h) a) texte a)))
+    (list (plv-boite-au-milieu (list (- (car p) (* cote 1.1 h (sin a))) (+ (cadr p) (* cote 1.1 h (cos a)))) a texte h (* 0.6 h)) texte a)))
 
 (defun plv-libelles:places-pente (tracee piece textes / places place)
   (foreach texte textes

@@ -60,6 +60,16 @@
   (pl_TexteMultipleCentre d1 d2 (cond (texte) ("|")))
   (plv-remplir:manque texte))
 
+(defun plv-remplir:nombre-entre (d1 d2 textes contexte / parts)
+  "The same of figures: their decimal point stands in the middle where there is room, so that rows of the same pipes have theirs one above another."
+  (if (vl-string-search "." (car textes)) (setq parts (plv-autour-du-point (car textes) (plv-cle 'ttxt contexte))))
+  (if (and parts (<= (* 2.0 (apply 'max parts)) (* 0.95 (- d2 d1))))
+    (progn
+      (pl_TexteMultipleCentre d1 d2 "|")
+      (pl_TexteHorizontalCentre (+ (* 0.5 (+ d1 d2)) (* 0.5 (- (cadr parts) (car parts)))) (car textes))
+      0)
+    (plv-remplir:entre d1 d2 textes contexte)))
+
 (defun plv-remplir:tuyaux (points contexte)
   (plv-remplir:aux-tuyaux contexte
     '(lambda (tuyau d1 d2) (plv-remplir:entre d1 d2 (list (plv-tuyau-en-mots tuyau) (strcat "Ø" (plv-tuyau-diametre tuyau))) contexte))))
@@ -68,11 +78,11 @@
   (plv-remplir:aux-tuyaux contexte
     '(lambda (tuyau d1 d2 / pente)
        (setq pente (plv-reel (abs (* 100.0 (plv-tuyau-pente tuyau))) (plv-cle 'decimales contexte)))
-       (plv-remplir:entre d1 d2 (list (strcat pente " %") pente) contexte))))
+       (plv-remplir:nombre-entre d1 d2 (list (strcat pente " %") pente) contexte))))
 
 (defun plv-remplir:longueurs-tuyaux (points contexte)
   (plv-remplir:aux-tuyaux contexte
-    '(lambda (tuyau d1 d2) (plv-remplir:entre d1 d2 (list (plv-reel (- d2 d1) (plv-cle 'decimales contexte))) contexte))))
+    '(lambda (tuyau d1 d2) (plv-remplir:nombre-entre d1 d2 (list (plv-reel (- d2 d1) (plv-cle 'decimales contexte))) contexte))))
 
 (defun plv-remplir:ecoulement (points contexte)
   "An arrow along each pipe, downhill."

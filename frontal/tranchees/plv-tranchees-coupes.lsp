@@ -89,7 +89,16 @@
       (plv-noter-fait profil "COUPES" genre nil (plv-coupes:reponses profil point))
       T)))
 
-;; --- where they stand, from the origin of the profile, so that they are drawn anew beside it
+;; --- where they stand, unless it is said: to the right of the profile and its legends
+
+(defun plv-coupes-place (profil)
+  (plv-point
+    (+ (apply 'max (cons (+ (car (plv-origine profil)) (plv-longueur-profil profil))
+                         (mapcar '(lambda (e) (caddr (plv-boite e))) (plv-legendes-du-profil profil))))
+       (* 10.0 (plv-ttxt profil)))
+    (+ (cadr (plv-origine profil)) (* 10.0 (plv-ttxt profil)))))
+
+;; --- as kept, from the origin of the profile, so that they are drawn anew beside it
 
 (defun plv-coupes:reponses (profil point)
   (mapcar '(lambda (a b) (rtos (- a b) 2 6)) (list (car point) (cadr point)) (list (car (plv-origine profil)) (cadr (plv-origine profil)))))

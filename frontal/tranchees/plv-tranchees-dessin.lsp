@@ -147,6 +147,23 @@ with them. T, or nil after a message."
       (plv-noter-fait profil "TRANCHEES" genre nil (list (if tout "Tout" "Classes")))
       T)))
 
+;; --- how low they go
+
+(defun plv-tranchees-dessin:niveaux (profil genre / demande coupes)
+  "The bottoms of hatched trenches as a line of (distance altitude) in a list; nil where nothing is hatched."
+  (setq demande (if (plv-traces-tranchees profil genre) (plv-tranchees:demande profil genre))
+        coupes (if (listp demande) (apply 'et_tranchees_coupes demande)))
+  (if (and demande (listp coupes)) (list (plv-tranchees-dessin:bord (car coupes) 'plv-bout-fond (plv-premiere-station profil)))))
+
+(defun plv-niveaux-tranchees (profil)
+  (apply 'append (mapcar '(lambda (genre) (plv-tranchees-dessin:niveaux profil genre)) (plv-genres-de-reseau profil))))
+
+(plv-declarer-niveaux 'plv-niveaux-tranchees)
+
+(defun plv-hachurer-et-dire (profil genre tout)
+  (if (plv-hachurer-tranchees profil genre tout)
+    (progn (plv-dire-sous-plans profil "la tranchée" (plv-tranchees-dessin:niveaux profil genre)) T)))
+
 (defun plv-oter-tranchees (profil genre)
   (plv-effacer (plv-traces-tranchees profil genre))
   (dictremove (plv-dictionnaire profil) (plv-tranchees-dessin:cle "TRANCHEES" genre)))

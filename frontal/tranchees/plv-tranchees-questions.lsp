@@ -3,7 +3,7 @@
 (setq plv-tranchees-questions:mots '("Types" "Quantités" "Prix" "Classeur" "Hachurer" "Légende" "Sections" "FIN"))
 
 (defun plv-tranchees-questions:types (profil genre / rangees)
-  (if (setq rangees (plv-reseau-lire-fichier (plv-demander-texte "Fichier des types de tranchées" "tranchees-assainissement.txt")))
+  (if (setq rangees (plv-reseau-lire-fichier (plv-demander-texte "Fichier des types de tranchées" (plv-tranchees-types-livres genre))))
     (if (plv-tranchees-ecrire-regles profil genre rangees) (plv-dire (strcat "Types de tranchées: " genre ".")))))
 
 (defun plv-tranchees-questions:couples (profil genre / avec)
@@ -38,13 +38,10 @@
 
 (defun plv-tranchees-questions:hachurer (profil genre / quoi)
   (setq quoi (plv-demander-mot "Hachurer" '("Classes" "Tout" "Rien") "Tout"))
-  (if (= quoi "Rien") (plv-oter-tranchees profil genre) (plv-hachurer-tranchees profil genre (= quoi "Tout"))))
+  (if (= quoi "Rien") (plv-oter-tranchees profil genre) (plv-hachurer-et-dire profil genre (= quoi "Tout"))))
 
 (defun plv-tranchees-questions:sections (profil genre / defaut point)
-  (setq defaut (plv-point (+ (apply 'max (cons (+ (car (plv-origine profil)) (plv-longueur-profil profil))
-                                           (mapcar '(lambda (e) (caddr (plv-boite e))) (plv-legendes-du-profil profil))))
-                             (* 10.0 (plv-ttxt profil)))
-                 (+ (cadr (plv-origine profil)) (* 10.0 (plv-ttxt profil))))
+  (setq defaut (plv-coupes-place profil)
         point (getpoint (strcat "\nPoint de départ des coupes <" (plv-reel (car defaut) 2) "," (plv-reel (cadr defaut) 2) ">: ")))
   (plv-couper-tranchees profil genre (cond (point) (defaut))))
 

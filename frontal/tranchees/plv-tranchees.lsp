@@ -6,6 +6,8 @@
 
 (defun plv-tranchees-regles (profil genre) (plv-cles 300 (plv-enregistrement profil (plv-tranchees:cle genre))))
 
+(defun plv-tranchees-types-livres (genre) "The file of types that comes with the program." (if (plv-gravitaire-p genre) "tranchees-assainissement.txt" "tranchees-aep.txt"))
+
 (defun plv-tranchees-ecrire-regles (profil genre regles / sols)
   "Keeps rules with a profile; T, or nil after a message."
   (setq sols (et_tranchees_sols regles))

@@ -9,28 +9,7 @@ import subprocess
 import sys
 import tempfile
 
-KAVEL, SOURCE = sys.argv[1:3]
-POINTS = 72 / 25.4
-faults = []
-
-
-def expect(what, found, wanted):
-    if found != wanted:
-        faults.append(f"{what}: {found!r}, expected {wanted!r}")
-
-
-def run(folder, lines, *arguments):
-    with open(os.path.join(folder, "s.scr"), "w", encoding="utf-8") as out:
-        out.write("\n".join(lines) + "\n")
-    environment = dict(os.environ, KAVEL_FRONTAL=os.path.join(SOURCE, "frontal"), KAVEL_CHEMIN=folder)
-    return subprocess.run([KAVEL, *arguments, "--script", "s.scr"], cwd=folder, env=environment, capture_output=True, text=True)
-
-
-def words(pdf, page):
-    """(text, x, y) of the middle of each word, millimetres from the top left corner."""
-    text = subprocess.run(["pdftotext", "-bbox", "-f", str(page), "-l", str(page), pdf, "-"], capture_output=True, text=True, check=True).stdout
-    found = re.findall(r'<word xMin="([\d.]+)" yMin="([\d.]+)" xMax="([\d.]+)" yMax="([\d.]+)">([^<]*)<', text)
-    return [(w, (float(a) + float(c)) / 2 / POINTS, (float(b) + float(d)) / 2 / POINTS) for a, b, c, d, w in found]
+from lecture import KAVEL, SOURCE, expect, read, run, told, words
 
 
 def place(found, text):
@@ -50,7 +29,7 @@ def check_page(pdf, page, stations, marks, ends):
 
 
 def pages(pdf):
-    return re.search(r"Pages: +(\d+)", subprocess.run(["pdfinfo", pdf], capture_output=True, text=True, check=True).stdout).group(1)
+    return re.search(r"Pages: +(\d+)", read("pdfinfo", pdf)).group(1)
 
 
 def check_legends(folder):
@@ -94,12 +73,12 @@ def main():
         if made.returncode != 0:
             print(made.stdout, made.stderr)
         pdf = os.path.join(folder, "f.pdf")
-        info = subprocess.run(["pdfinfo", pdf], capture_output=True, text=True, check=True).stdout
+        info = read("pdfinfo", pdf)
         expect("pages", pages(pdf), "3")
         expect("sheet", re.search(r"Page size: +([\d.]+) x ([\d.]+)", info).groups(), ("1683.78", "1190.55"))
-        # cut in the middle, at station 400
-        check_page(pdf, 1, ["100.00", "400.00", "1", "3"], ["2"], ("120.00", "380.00"))
-        check_page(pdf, 2, ["400.00", "700.00", "2", "3"], ["1"], ("420.00", "680.00"))
+        # cut near the middle, at station 420: a cut at 400 would tear "PK 0+400"
+        check_page(pdf, 1, ["100.00", "420.00", "1", "3"], ["2"], ("120.00", "400.00"))
+        check_page(pdf, 2, ["420.00", "700.00", "2", "3"], ["1"], ("440.00", "680.00"))
         axis = words(pdf, 1)
         expect("millimetres for 3 m of altitude at 1:100", round(place(axis, "20")[1] - place(axis, "23")[1], 1), 30.0)
         # A view that doesn't fit, and a file that isn't a template: a message, and the old file is unchanged.
@@ -111,9 +90,7 @@ def main():
             expect(f"message of {model} at {scale}", message in made.stderr, True)
         expect("the file stays", pages(pdf), "3")
         check_legends(folder)
-    for fault in faults:
-        print(fault)
-    return 1 if faults else 0
+    return told()
 
 
 if __name__ == "__main__":

@@ -8,43 +8,24 @@ import math
 import os
 import re
 import struct
-import subprocess
 import sys
 import tempfile
 import zlib
 
 import ezdxf
 
-KAVEL, SOURCE = sys.argv[1:3]
-POINTS = 72 / 25.4
+import lecture
+from lecture import POINTS, expect, faults, read, told, words
+
 FIELDS = [("Client", "Commune"), ("Verificateur", "Durand"), ("Auteur", "Martin"), ("REVISION", "A;01/10/2026;Première;Martin"),
           ("REVISION", "B;02/11/2026;Seconde;Martin")]
-faults = []
-
-
-def expect(what, found, wanted):
-    if found != wanted:
-        faults.append(f"{what}: {found!r}, expected {wanted!r}")
 
 
 def run(folder, lines, *arguments):
-    with open(os.path.join(folder, "s.scr"), "w", encoding="utf-8") as out:
-        out.write("\n".join(lines) + "\n")
-    environment = dict(os.environ, KAVEL_FRONTAL=os.path.join(SOURCE, "frontal"), KAVEL_CHEMIN=folder)
-    made = subprocess.run([KAVEL, "--quiet", "--script", "s.scr", *arguments], cwd=folder, env=environment, capture_output=True, text=True)
+    """What is printed; nothing is complained of."""
+    made = lecture.run(folder, lines, *arguments)
     expect("status", (made.returncode, made.stderr), (0, ""))
     return made.stdout
-
-
-def read(*command):
-    return subprocess.run(command, capture_output=True, text=True, check=True).stdout
-
-
-def words(pdf, page):
-    """(text, x, y) of the middle of each word, millimetres from the top left corner."""
-    found = re.findall(r'<word xMin="([\d.]+)" yMin="([\d.]+)" xMax="([\d.]+)" yMax="([\d.]+)">([^<]*)<',
-                       read("pdftotext", "-bbox", "-f", str(page), "-l", str(page), pdf, "-"))
-    return [(w, (float(a) + float(c)) / 2 / POINTS, (float(b) + float(d)) / 2 / POINTS) for a, b, c, d, w in found]
 
 
 def places(found, text):
@@ -204,13 +185,18 @@ def main():
         # --colours holds for the plots after it, and for those before all of them
         check_greys(folder, os.path.join(folder, "gris.pdf"), False)
         check_greys(folder, pdf, True)
+        # so do hatches, which have colours of their own, on sheets of a style in greys, or of one that has no colours
+        trench = ['(setq p (car (plv-profils)) g "Assainissement")',
+                  '(plv-reseau-ecrire p g \'("regard;A;20;visite;1000/1240;;;17" "regard;B;200;visite;1000/1240;;;16" "tuyau;A;B;300/376"))',
+                  '(plv-tranchees-ecrire-regles p g (plv-lire-lignes (findfile "tranchees-assainissement.txt")))', "(plv-hachurer-tranchees p g T)"]
+        for style, colours, coloured in (("Route", "Couleurs", True), ("Route", "Gris", False), ("Monochrome", "Couleurs", False)):
+            run(folder, profile[:-4] + trench + ["PLV-STYLE", style, colours, "1000", "PLV-FEUILLES", "A2", "1000", "x", f"{style}-{colours}.pdf"])
+            check_greys(folder, os.path.join(folder, f"{style}-{colours}.pdf"), coloured)
         for name in ("A0", "A1", "A3", "R297", "R841"):
             said = run(folder, profile + ["PLV-FEUILLES", name, "2000", "Rue", "g.pdf"])
             size = re.search(r"Page size: +([\d.]+) x ([\d.]+)", read("pdfinfo", os.path.join(folder, "g.pdf"))).groups()
             expect(f"height of {name}", round(float(size[1]) / POINTS), {"A0": 841, "A1": 594, "A3": 297, "R297": 297, "R841": 841}[name])
-    for fault in faults:
-        print(fault)
-    return 1 if faults else 0
+    return told()
 
 
 if __name__ == "__main__":

@@ -138,7 +138,7 @@ constexpr lisp::Builtin kTable[] = {
      "étant au-dessus de l'abscisse, C une coupure; les dessins, en mm depuis le bas de la place, (\"L\" épaisseur x y "
      "...), (\"T\" hauteur 0|1|2 texte x y), (\"A\" x y ...), ou (\"B\" x y ...) qui efface, ou (\"I\" "
      "image x1 y1 x2 y2). Les infos sont titre, "
-     "auteur, sujet et couleurs (Gris ou Noir), le "
+     "auteur, sujet, couleurs (Gris ou Noir) et police des textes de la feuille, le "
      "texte de <SIGNET> le signet d'une feuille."},
 };
 

@@ -115,14 +115,13 @@ void SheetPage::matchLine(const MatchLine& cut, const Affine& toPage) const {
 }
 
 void SheetPage::graduation(const Graduation& axis, double x, const Affine& toPage) const {
-  const fonts::Font font({});
   const double h = axis.textHeight;
   DisplayList list;
   list.add(0, Stroke{segment({x, axis.yMin}, {x, axis.yMax}), Pen{}});
   for (const auto& [y, label] : axis.marks) {
     list.add(0, Stroke{segment({x - kTick * h, y}, {x, y}), Pen{}});
-    const Pt from{x - kLabelGap * h - font.advance(label, h), y - h / 2};
-    list.add(0, GlyphRun{font.layout(label), Affine::translation(from.x, from.y) * font.shape(h)});
+    const Pt from{x - kLabelGap * h - font_.advance(label, h), y - h / 2};
+    list.add(0, GlyphRun{font_.layout(label), Affine::translation(from.x, from.y) * font_.shape(h)});
   }
   Box clip = fonts::rectangle(list.bounds()).bounds(toPage);
   clip.xMax += 1;  // half of the axis' width

@@ -10,8 +10,8 @@ namespace atelier::render {
 
 class SheetPage {
  public:
-  SheetPage(const SheetCanvas& canvas, const Template& model, Inks inks)
-      : canvas_(canvas), model_(model), inks_(inks) {}
+  SheetPage(const SheetCanvas& canvas, const Template& model, const SetInfo& info)
+      : canvas_(canvas), model_(model), inks_(info.inks), font_(info.font) {}
 
   // Millimetres of the template to those of the page, from its top left corner.
   Affine paper() const { return {1, 0, 0, -1, -model_.sheet.xMin, model_.sheet.yMax}; }
@@ -37,9 +37,13 @@ class SheetPage {
   void matchLine(const MatchLine& cut, const Affine& toPage) const;
   void graduation(const Graduation& axis, double x, const Affine& toPage) const;
 
+  // y downwards, as pages have it.
+  GlyphRun written(const std::string& text, Pt at, double height, int side) const;
+
   const SheetCanvas canvas_;
   const Template& model_;
   Inks inks_;
+  fonts::Font font_;
 };
 
 }  // namespace atelier::render

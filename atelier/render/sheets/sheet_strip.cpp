@@ -23,15 +23,13 @@ Path through(const std::vector<Pt>& points, bool closed) {
 
 Box grown(Box box, double by) { return {box.xMin - by, box.yMin - by, box.xMax + by, box.yMax + by}; }
 
-// y downwards, as pages have it.
-GlyphRun written(const std::string& text, Pt at, double height, int side) {
-  static const fonts::Font font({});
-  const Pt from{at.x - font.advance(text, height) * side / 2, at.y};
-  const Affine upright{1, 0, 0, -1, from.x, from.y};
-  return {font.layout(text), upright * font.shape(height)};
-}
-
 }  // namespace
+
+GlyphRun SheetPage::written(const std::string& text, Pt at, double height, int side) const {
+  const Pt from{at.x - font_.advance(text, height) * side / 2, at.y};
+  const Affine upright{1, 0, 0, -1, from.x, from.y};
+  return {font_.layout(text), upright * font_.shape(height)};
+}
 
 Box SheetPage::room() const { return fonts::rectangle(model_.room).bounds(paper()); }
 

@@ -111,7 +111,7 @@ const std::string& SheetSet::titleOf(std::size_t sheet) const {
 void SheetSet::paint(std::size_t sheet, const SheetCanvas& canvas) {
   const OpenTemplate opened(model_, sheets_[sheet].texts);
   const WholeScene frame(opened.database);
-  const SheetPage page(canvas, model_, info_.inks);
+  const SheetPage page(canvas, model_, info_);
   // A page of words and lines alone shows no part of the drawing.
   if (!sheets_[sheet].views.empty() || sheets_[sheet].items.empty()) page.views(scene_, sheets_[sheet]);
   page.items(sheets_[sheet].items);

@@ -96,6 +96,7 @@ Template readTemplate(const std::string& file);
 struct SetInfo {
   std::string title, author, subject;
   Inks inks = Inks::colours;
+  fonts::FontStyle font;  // of what is written on the sheets themselves: axes, plans, lists
 };
 
 // A sheet is found in the reader's list by what its text for this mark says, else by the title.

@@ -151,7 +151,10 @@
   (defun remplir (changees cle / regard)
     (setq regard (plv-fiche-regarder "PLV-RESEAU" (cons (cons "*" cle) (reponses "PLV-RESEAU" changees))))
     (mapcar 'length (mapcar 'cadr (nth 5 regard)))))
-((fautes "PLV-RESEAU" '("genre" "Projet")) (("regards" "deux regards au moins sont attendus")))
+;; it opens along the line that is there; what it shows is the drawing's, and isn't kept for another one
+((list (plv-cle "genre" (reponses "PLV-RESEAU" nil)) (length (plv-cle "regards" (reponses "PLV-RESEAU" nil))) (fautes "PLV-RESEAU" nil)) ("Projet" 2 nil))
+((mapcar 'car (vl-remove-if '(lambda (c) (nth 5 c)) (caddr (plv-fiche "PLV-RESEAU")))) ("profil" "fichier" "vues"))
+((fautes "PLV-RESEAU" '("regards" nil)) (("regards" "deux regards au moins sont attendus")))
 ((remplir '("genre" "Projet" "source" "La ligne") "source") (2 1 0 0))
 ((remplir '("genre" "Projet" "source" "Un fichier" "fichier" "<dossier>r.csv") "fichier") (2 1 0 0))
 ((fautes "PLV-RESEAU" tables) nil)
@@ -164,11 +167,16 @@
 ((mapcar 'caddr (plv-cle "tuyaux" (reponses "PLV-RESEAU" nil))) ("300/400"))
 ((remplir '("genre" "Voirie") "genre") (0 0 0 0))
 ;; trenches by a file of types; nothing without
-((fautes "PLV-TRANCHEES" nil) (("types" "un fichier de types est attendu, le dessin n'en a pas")))
+((fautes "PLV-TRANCHEES" '("types" "")) (("types" "un fichier de types est attendu, le dessin n'en a pas")))
+((list (plv-cle "types" (reponses "PLV-TRANCHEES" nil)) (fautes "PLV-TRANCHEES" nil)) ("tranchees-assainissement.txt" nil))
+((cadr (assoc "types" (nth 5 (plv-fiche-regarder "PLV-TRANCHEES" (append '(("*" . "genre")) (reponses "PLV-TRANCHEES" '("genre" "AEp"))))))) "tranchees-aep.txt")
 (fichier "t.txt" "type;A\nlargeur;;0.5\nremblai;x\nregard;0.5\n")
 ((substr (car (caddr (plv-fiche-regarder "PLV-TRANCHEES" (reponses "PLV-TRANCHEES" '("types" "<dossier>t.txt"))))) 1 9) "Fouille: ")
-(passe (faire "PLV-TRANCHEES" '("types" "<dossier>t.txt" "classeur" "<dossier>f.xlsx")))
-((list (if (findfile "<dossier>f.xlsx") T) (if (plv-traces-tranchees p "Projet") T)) (T T))
+;; the bottom of the trench is seen
+((vl-some '(lambda (i) (= (cadr i) "couloir")) (caddr (car (cadr (plv-fiche-regarder "PLV-TRANCHEES" (reponses "PLV-TRANCHEES" nil)))))) T)
+(passe (faire "PLV-TRANCHEES" '("types" "<dossier>t.txt" "classeur" "<dossier>f.xlsx" "remplir" "<dossier>a-remplir.csv" "coupes" T)))
+((list (if (findfile "<dossier>f.xlsx") T) (if (findfile "<dossier>a-remplir.csv") T) (if (plv-traces-tranchees p "Projet") T) (if (plv-traces-coupes p "Projet") T)) (T T T T))
+((plv-cle "types" (reponses "PLV-TRANCHEES" nil)) "")
 
 (situation "AProjectLineIsATableOfVertices")
 (preparer (setq table '(("100" "49,00" "" "") ("125" "46.50" "200" "C") ("150" "45.5" "" ""))))

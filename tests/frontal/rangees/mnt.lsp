@@ -214,7 +214,7 @@
 ((equal (plv-terrain-morceaux (plv-terrain-nomme p "Roc")) '(((20.0 99.5) (80.0 105.5))) 1e-9) T)
 ((plv-terrain-morceaux (plv-terrain-nomme p "Nappe")) (((0.0 95.0) (100.0 96.0))))
 ;; what is drawn below its plane is told once
-(dit (plv-mnt-ajouter p "Fond" "Autre" '(((0.0 95.0) (40.0 60.0) (100.0 70.0)))) "À la station 550.000 le terrain Fond est sous le plan de comparaison: PLV-PC en ajoute un plus bas.")
+(dit (plv-mnt-ajouter p "Fond" "Autre" '(((0.0 95.0) (40.0 60.0) (100.0 70.0)))) "À la station 590.000 le terrain Fond descend à 38.00 m sous le plan de comparaison: PLV-PC Proposer en tient compte.")
 ((mapcar 'car (caddr (car (vl-remove-if-not '(lambda (n) (wcmatch (car n) "Autres terrains*")) (caddr (car (plv-bureau-profils))))))) ("Roc (Rocher)" "Nappe (Nappe)" "Fond (Autre)"))
 ;; a copy of the block alone draws its own, and leaves the original's
 (preparer (setq avant (length (plv-traces-terrain p (plv-terrain-nomme p "Nappe"))))

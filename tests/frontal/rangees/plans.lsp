@@ -148,15 +148,15 @@
 ((= r (plv-reel (plv-rayon-de-piece pr (car (plv-elements-de-pente pr "AEp"))) 1)) T)
 ((pieces "Generique") (("5.00" "25.00") ("25.00" "50.00")))
 
-;; Planes as a new profile would have them, whatever there was; curves stay where they are.
+;; Planes as a new profile would have them, whatever there was, if nothing lies beneath the ground; curves stay where they are.
 (situation "PlanesAreProposedAnew")
 (fichier "pente.csv" "distance;altitude\n0;100\n50;80\n100;60\n150;40\n")
 (tableau (hauteur) (150.0) (220.0) (1000.0))
 (preparer
   (setq n (plv-nouveau "<dossier>pente.csv" "N" '(0.0 3000.0 0.0) 10.0 2.5 hauteur nil)
         q (plv-nouveau "<dossier>pente.csv" "Q" '(0.0 6000.0 0.0) 10.0 2.5 300.0 '((0.0 10.0) (37.0 25.0) (90.0 12.0))))
-  (plv-projet q "Projet" '((0.0 98.0) (150.0 38.0)))
+  (plv-projet q "Projet" '((0.0 102.0) (150.0 42.0)))
   (plv-pc-proposer q hauteur))
 ((equal (plv-plans q) (plv-plans n) 1e-6) T)
-((equal (plv-altitude-projet q (plv-elements-situes q "Projet") (plv-plans q) 75.0) 68.0 1e-6) T)
+((equal (plv-altitude-projet q (plv-elements-situes q "Projet") (plv-plans q) 75.0) 72.0 1e-6) T)
 ((plv-refus-profil q) nil)

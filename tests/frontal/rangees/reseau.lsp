@@ -39,6 +39,17 @@
 (preparer (setq n (length (plv-traces-reseau p "Assainissement"))) (plv-dessiner-reseau p "Assainissement"))
 ((= n (length (plv-traces-reseau p "Assainissement")) (sslength (ssget "X" '((8 . "PLV-TUYAUX,PLV-REGARDS,PLV-CROISEMENTS"))))) T)
 
+;; Nothing is left out unsaid: pipes of two metres have no room for their words; one over a change of plane has it over the longer part.
+(situation "TextsWithoutAPlaceAreTold")
+(dit (plv-reseau-ecrire p "Assainissement"
+       '("regard;A;1000;;1000" "regard;B;1030;;1000" "regard;C;1032;;1000" "regard;D;1034;;1000" "regard;E;1100;;1000" "tuyau;A;E;400/500;béton"))
+  "Profil P1: 2 textes du réseau Assainissement sans place: tuyau B - C (station 1030.00), tuyau C - D (station 1032.00).")
+;; manholes that overlap leave no room for a pipe
+(dit (plv-reseau-ecrire p "Projet" '("regard;A;1000;;1000;;;47" "regard;B;1000.5;;1000;;;47" "tuyau;A;B;400/500")) "1 texte du réseau Projet sans place: tuyau A - B")
+(preparer (plv-reseau-oter p "Projet"))
+(dit (plv-pc p "A" 1050.0 40.0) "Plans de comparaison")
+(dit (progn (plv-dessiner-reseau p "Assainissement") (princ (strcat "textes: " (itoa (length (traces "TEXT")))))) "2 textes du réseau" "textes: 7")
+
 (situation "WhatIsOddIsTold")
 (preparer
   (reseau)
@@ -112,6 +123,7 @@
   ("la moindre valeur dépasse la plus grande" '("limite;pente;5;1"))
   ("trop de champs" '("croisement;gaz;1000;48;100;30;7"))
   ("regard B, station 1200: le regard est hors du terrain" '("regard;A;1000" "regard;B;1200" "tuyau;A;B;300"))
+  ("croisement gaz, station 1101: il est hors du terrain" '("regard;A;1000" "regard;B;1010" "tuyau;A;B;300" "croisement;gaz;1101;48;100"))
   ("regard A, station 1000: son fond 49 est au-dessus du fil d'eau 48" '("regard;A;1000;;;;;;49" "regard;B;1010" "tuyau;A;B;300"))
   ("regard A, station 1000: son tampon 47 est sous le fil d'eau 48" '("regard;A;1000;;1000;47" "regard;B;1010" "tuyau;A;B;300"))
   ("regard A, station 1000: aucun tuyau n'y arrive ni n'en part" '("regard;A;1000" "regard;B;1010" "regard;C;1020" "tuyau;B;C;300")))
@@ -152,6 +164,13 @@
 ((mapcar 'mots '(0 1 2 3 4 5 6 7))
  (("A" "B" "C") ("50.00" "49.50" "48.00") ("48.00" "47.20" "46.70" "45.50") ("2.00" "2.80" "2.70") ("1.55" "2.05")
   ("Ø400/500 béton 135A" "Ø400/500 béton 135A") ("2.00 %" "2.00 %") ("40.00" "60.00")))
+;; decimal points of slopes and lengths stand in the middle of their pipe, one above another
+(preparer
+  (defun point-decimal (rang / g boite entier)
+    (setq g (entget (car (vl-remove-if-not '(lambda (e) (= (plv-type e) "TEXT")) (plv-entites-rangee p table rang)))))
+    (setq boite (plv-boite (plv-cle -1 g)) entier (textbox (subst (cons 1 (strcat (car (plv-couper (plv-cle 1 g) ".")) ".")) (assoc 1 g) g)))
+    (plv-reel (+ (car boite) (- (caadr entier) (caar entier))) 2)))
+((mapcar 'point-decimal '(6 7)) ("20.00" "20.00"))
 ;; the row that names a kind without a network takes the first that has one
 ((mots 9) ("A" "B" "C"))
 (dit (plv-etat (list p)) "Tout est à jour.")
@@ -194,6 +213,8 @@
   ("ligne 3, [JUNCTIONS] j1: il y a déjà un nœud de ce nom" "[JUNCTIONS]\nJ1 1\nj1 2\n")
   ("ligne 5, [CONDUITS] C1: sa longueur 1 m ne dépasse pas sa dénivelée 2 m" "[OPTIONS]\nFLOW_UNITS CMS\n[CONDUITS]\n;\nC1 J1 J2 1 0.01\n[JUNCTIONS]\nJ1 3\nJ2 1\n")
   ("[XSECTIONS] C1: seules les sections circulaires se prennent, et non EGG" "[JUNCTIONS]\nJ1 1\nJ2 1\n[CONDUITS]\nC1 J1 J2 9 0.01\n[XSECTIONS]\nC1 EGG 1\n")
+  ("ligne 2, [OPTIONS] FLOW_UNITS: CFS, GPM, MGD, CMS, LPS, MLD est attendu, et non \"PIEDS\"" "[OPTIONS]\nFLOW_UNITS pieds\n")
+  ("[XSECTIONS] C1: un diamètre plus grand que 0 est attendu, et non -1" "[JUNCTIONS]\nJ1 1\nJ2 1\n[CONDUITS]\nC1 J1 J2 9 0.01\n[XSECTIONS]\nC1 CIRCULAR -1\n")
   ("la conduite C1 n'a pas de section" "[JUNCTIONS]\nJ1 1\nJ2 1\n[CONDUITS]\nC1 J1 J2 9 0.01\n")
   ("aucune conduite ([CONDUITS])" "[JUNCTIONS]\nJ1 1\n"))
 (preparer (texte-ecrire "<dossier>f.inp" (plv-couper texte "\n")))

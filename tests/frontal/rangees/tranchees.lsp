@@ -128,6 +128,22 @@
 (tape ("PLV-TRANCHEES" "Assainissement" "Hachurer" "Rien" "FIN") (sauf "Erreur"))
 ((ssget "X" '((0 . "HATCH"))) nil)
 
+;; Planes are chosen by the ground, here 48 m: where a deep trench goes beneath one is told, and planes proposed anew lie beneath all that is drawn.
+(situation "PlanesBeneathDeepTrenches")
+(fichier "raide.csv" "distance;altitude\n0;50\n10;45\n20;40\n30;35\n40;30\n")
+(preparer (plv-tranchees-ecrire-regles p "Assainissement" (regles nil)))
+(dit (plv-reseau-ecrire-et-dire p "Assainissement" '("regard;A;0;visite;1000/1200;;;47.35" "regard;B;40;noeud;;;47.35" "tuyau;A;B;400/500"))
+  "le réseau descend à 0.70 m sous le plan de comparaison: PLV-PC Proposer en tient compte")
+(tape ("PLV-TRANCHEES" "Assainissement" "Hachurer" "Tout" "FIN") "À la station 0.000 la tranchée descend à 1.00 m sous le plan")
+(tape ("PLV-PC" "Proposer" "150" "PLV-ACTUALISER") "Plans de comparaison: 46.00" (sauf "sous le plan"))
+((> (apply 'min (mapcar '(lambda (e) (cadr (plv-boite e))) (plv-traces-tranchees p "Assainissement"))) (cadr (plv-origine p))) T)
+;; a change of plane in the middle of a steep one: both planes lie beneath it, and nothing is higher than what was asked
+(preparer
+  (setq q (plv-nouveau "<dossier>raide.csv" "P2" '(0.0 500.0 0.0) 10.0 2.5 150.0 nil))
+  (plv-projet q "Assainissement" '((0.0 46.0) (40.0 26.0)))
+  (plv-pc-proposer q 150.0))
+((plv-plans q) ((0.0 40.0) (10.0 30.0) (30.0 24.0)))
+
 ;; Ten units for a metre, both ways; the sides lean from half a metre on.
 (situation "CrossSectionsAreToScale")
 (preparer
@@ -153,7 +169,7 @@
     (reverse textes)))
 (refuse (plv-legende-tranchees p "Assainissement" nil) "ce profil n'a pas de tranchée hachurée Assainissement")
 (tape ("PLV-TRANCHEES" "Assainissement" "Hachurer" "Classes" "Légende" "" "FIN") (sauf "Erreur"))
-((mots) ("PROFIL P1 - ASSAINISSEMENT - TRANCHEES" "Profondeur" "Longueur (m)" "Fouille (m3)" "plus de 1.5 m" "41.00" "78.20" "Total" "41.00" "78.20"))
+((mots) ("PROFIL P1 - ASSAINISSEMENT - TRANCHÉES" "Profondeur" "Longueur (m)" "Fouille (m3)" "plus de 1.5 m" "41.00" "78.20" "Total" "41.00" "78.20"))
 ;; sheets show it beside the profile, which it follows when it is made anew, where it was put
 ((equal (plv-legendes-du-profil p) (list (legende))) T)
 (preparer
@@ -163,6 +179,13 @@
 ((car (plv-origine (legende))) 300.0)
 ((length (plv-legendes-du-profil p)) 1)
 ((plv-premiers (plv-sans-premiers (mots) 4) 6) ("1.5 à 1.9 m" "39.00" "70.20" "plus de 1.9 m" "2.00" "8.00"))
+;; figures of a column end at one line, 39.00 and 2.00, as they have as many decimals
+(preparer
+  (defun fin (texte / e trouve)
+    (setq e (cdr (assoc -2 (tblsearch "BLOCK" (cdr (assoc 2 (entget (legende))))))))
+    (while e (if (= (cdr (assoc 1 (entget e))) texte) (setq trouve e)) (setq e (entnext e)))
+    (+ (cadr (assoc 11 (entget trouve))) (* 0.5 (plv-largeur-texte texte (cdr (assoc 40 (entget trouve))))))))
+((equal (fin "39.00") (fin "2.00") 1e-6) T)
 ((plv-hachurer-tranchees p "Assainissement" T) T)
 ((vl-remove-if-not '(lambda (m) (member m '("Surface" "Enrobage" "Lit de pose"))) (mots)) ("Surface" "Enrobage" "Lit de pose"))
 (preparer (plv-oter-tranchees p "Assainissement"))
