@@ -1,7 +1,9 @@
 // et_entites: the entities that a record names and that are there; et_chaine: those of a chain; et_bouts: whether lines have their ends; et_reels: numbers as
 // texts. AutoLISP would look at each of them, and there are thousands.
 #include <cmath>
+#include <optional>
 #include <unordered_set>
+#include <vector>
 
 #include "etudes/suivi/fonctions.h"
 #include "hote/acdb.h"
@@ -86,20 +88,21 @@ void et_bouts() {
 void et_reels() {
   plv::ArgsLisp args;
   plv::commencerAppel(args);
-  plv::listeRb liste;
   const resbuf* n = args.nieme(0);
-  if (!n || n->restype != RTLB) return;
-  const resbuf* fin = n;
-  while (fin && fin->restype != RTLE) fin = fin->rbnext;
-  if (!fin || !plv::estEntier(fin->rbnext)) return;
-  for (n = n->rbnext; n != fin; n = n->rbnext) {
-    if (!plv::estNombre(n)) {
-      liste.ajouter(acutBuildList(RTNIL, 0));
-      continue;
-    }
-    std::wstring texte = plv::texteFixe(plv::valeurReelle(n), plv::valeurEntiere(fin->rbnext));
-    if (texte.front() == L'-' && estZero(texte)) texte.erase(0, 1);
-    liste.ajouter(acutBuildList(RTSTR, texte.c_str(), 0));
+  if (!n) return;
+  // A list of two or three numbers reaches a function as a point.
+  std::vector<std::optional<double>> valeurs;
+  if (plv::estPoint(n)) valeurs.assign(n->resval.rpoint, n->resval.rpoint + (n->restype == RT3DPOINT ? 3 : 2));
+  else if (n->restype != RTLB) return;
+  else
+    for (n = n->rbnext; n && n->restype != RTLE; n = n->rbnext)
+      valeurs.push_back(plv::estNombre(n) ? std::optional(plv::valeurReelle(n)) : std::nullopt);
+  if (!n || !plv::estEntier(n->rbnext)) return;
+  plv::listeRb liste;
+  for (const std::optional<double>& v : valeurs) {
+    std::wstring texte = v ? plv::texteFixe(*v, plv::valeurEntiere(n->rbnext)) : L"";
+    if (!texte.empty() && texte.front() == L'-' && estZero(texte)) texte.erase(0, 1);
+    liste.ajouter(v ? acutBuildList(RTSTR, texte.c_str(), 0) : acutBuildList(RTNIL, 0));
   }
   if (liste.tete()) acedRetList(liste.tete());
 }

@@ -85,7 +85,9 @@
 ;; cells elsewhere altogether: the row is filled as a whole
 ((car (trouvees '((3.0 "0") (11.0 "10") (24.0 "20") (38.0 "30")))) T)
 ((et_reels '(1.005 -0.001 nil 12) 2) ("1.00" "0.00" nil "12.00"))
-((list (et_reels nil 2) (et_reels '(1.0))) (nil nil))
+;; a list of two or three numbers comes as a point
+((list (et_reels '(1.0 -0.004 3) 2) (et_reels '(1.0 2.5) 1) (et_reels '(1.0) 0)) (("1.00" "0.00" "3.00") ("1.0" "2.5") ("1")))
+((list (et_reels nil 2) (et_reels '(1.0)) (et_reels '(1.0 2.0))) (nil nil nil))
 
 ;; Pieces of slopes: a tick at either end of each, so that two stand where pieces meet, a diagonal, words.
 (situation "OfPieces")
