@@ -51,7 +51,7 @@
      plv-nouveau plv-nouveau-fiche plv-projet-fichier plv-projet-questions plv-projet-fiche)
     (mnt (base profil fiches plan changements tableaux echange saisie)
      plv-mnt-systeme plv-mnt-demande plv-mnt-coupe plv-mnt-profil plv-mnt-plusieurs plv-mnt-observations plv-mnt-actualiser plv-mnt-controle plv-mnt-voir plv-mnt-autres
-     plv-mnt-questions plv-mnt-fiche)
+     plv-mnt-questions plv-mnt-fiche-mots plv-mnt-fiche)
     (page (base profil fiches metres reseaux)
      plv-json plv-page-tables plv-page plv-page-fiche)
     (feuilles (base profil fiches plan reseaux tableaux metres)

@@ -159,22 +159,32 @@ constexpr ligneFonction kTable[] = {
      L"réels comptent au millionième, les points des entités depuis l'origine; avec aspect, calques, couleurs et "
      L"textes "
      L"comptent aussi."},
-    {L"et_noter_textes", et_noter_textes, L"(et_noter_textes entités rangées)",
-     L"Garde où sont les textes d'une liste d'entités, rangée par rangée; une rangée est (porteur clé x haut bas), ses "
-     L"places "
-     L"un enregistrement du porteur."},
+    {L"et_noter_rangees", et_noter_rangees, L"(et_noter_rangees entités gardées rangées)",
+     L"Garde ce qui, d'une liste d'entités, est dans des rangées de tableaux, les gardées exceptées; une rangée est "
+     L"(porteur clé x haut bas), un "
+     L"enregistrement du porteur nomme ses entités, avec la place de ses textes."},
+    {L"et_renoter", et_renoter, L"(et_renoter entités nouvelles rangées)",
+     L"Ajoute des entités nouvelles à ce qui est gardé des rangées où elles sont, et en ôte ce qui est effacé ou n'est "
+     L"pas des entités."},
     {L"et_ecarts", et_ecarts, L"(et_ecarts entités rangées)",
-     L"Ce qu'une main a changé aux textes, d'après les places gardées: (texte rangée x y dx dy réécrit somme) pour "
-     L"chacun, "
-     L"la rangée par son numéro, de 0. Un texte qui a une couleur à lui en est; un texte sans place n'en est "
-     L"pas."},
-    {L"et_textes", et_textes, L"(et_textes entités)",
-     L"Les textes d'une liste d'entités, de gauche à droite: (x mots entité) pour chacun."},
+     L"Ce qu'une main a changé aux textes des rangées: (texte rangée x y dx dy réécrit somme) pour "
+     L"chacun, la rangée par son numéro, de 0. Un texte qui a une couleur à lui en est."},
     {L"et_somme", et_somme, L"(et_somme texte)", L"La somme qui dit les mots d'un texte."},
-    {L"et_dans_bande", et_dans_bande, L"(et_dans_bande entités haut bas)",
-     L"Les lignes, arcs, textes et blocs d'une liste qui sont entre deux ordonnées."},
+    {L"et_a_corriger", et_a_corriger, L"(et_a_corriger entités gardées rangées)",
+     L"Ce qui n'est pas juste dans des rangées de tableaux, (porteur clé x haut bas [cellules]) chacune, ses cellules "
+     L"des (x mots) ou, pour des pentes, (x1 x2 montée mots): pour chaque rangée (touchée T entité ...) quand elle est "
+     L"à remplir entière, sinon (touchée nil "
+     L"(numéro entité) ...), "
+     L"avec les cellules fausses ou absentes et les textes qui y sont; touchée: une main y a changé un texte."},
     {L"et_entites", et_entites, L"(et_entites porteur clé [calque])",
      L"Les entités qu'un enregistrement nomme (groupes 330) et qui sont là; celles d'un calque, quand il est dit."},
+    {L"et_chaine", et_chaine, L"(et_chaine entité clé)",
+     L"Les entités d'une chaîne, chacune nommant la suivante sous la clé; elle finit avant une entité effacée, et où "
+     L"elle revient sur elle-même."},
+    {L"et_bouts", et_bouts, L"(et_bouts (ligne départ arrivée) ...)",
+     L"T quand chaque ligne va d'un point à l'autre, au dix-millième près."},
+    {L"et_reels", et_reels, L"(et_reels valeurs décimales)",
+     L"Des réels en textes, avec tant de décimales et un point; nil reste nil, zéro n'a pas de moins."},
     {L"et_ecarter", et_ecarter, L"(et_ecarter étiquettes gauche droite)",
      L"Des étiquettes (centre largeur) écartées le long d'une rangée, aussi peu que possible, pour qu'aucune n'en "
      L"touche "

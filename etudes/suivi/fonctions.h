@@ -4,11 +4,14 @@
 namespace etu {
 
 void et_empreinte();
-void et_noter_textes();
+void et_noter_rangees();
+void et_renoter();
 void et_ecarts();
-void et_textes();
 void et_somme();
-void et_dans_bande();
+void et_a_corriger();
 void et_entites();
+void et_bouts();
+void et_reels();
+void et_chaine();
 
 }  // namespace etu

@@ -1,13 +1,10 @@
-// Where texts stand and what they say, as few numbers: by them a text is known that a hand has moved or rewritten.
+// Where texts stand and what they say, as few numbers: by them it is known that a hand has moved or rewritten one.
 #pragma once
 #include <optional>
-#include <span>
-#include <vector>
 
-#include "hote/dbid.h"
-#include "hote/ge.h"
+#include "hote/dbents.h"
 
-namespace etu {
+namespace etu::suivi {
 
 // The point by which a text is placed (its alignment point, where it has one), and a checksum of its words below 2^24.
 struct place {
@@ -17,21 +14,16 @@ struct place {
 
 struct texte {
   place lieu;
-  double milieu = 0;     // an ordinate within the text
   bool coloree = false;  // has a colour of its own
 };
 
-// Nothing for an entity that is no single-line text.
-std::optional<texte> lireTexte(AcDbObjectId id);
+texte lireTexte(const AcDbText& lu);
 
-// What has become of the text of a place.
-struct ecart {
-  std::size_t texte, place;  // their numbers in the lists
-  double dx, dy;
-};
+// An ordinate within a text, by which it belongs to a row.
+double milieuDe(const AcDbText& lu);
 
-// The texts that don't stand at a place with its words, or that have a colour of their own, each with its place: the same one for a
-// text that was rewritten, the nearest free one with the same words for one that was moved. A text without a place is left out.
-std::vector<ecart> ecarts(std::span<const texte> textes, std::span<const place> places);
+bool memeEndroit(const place& a, const place& b);
+// Whether a text stands at a place, with its words and without a colour of its own.
+bool intact(const texte& t, const place& p);
 
-}  // namespace etu
+}  // namespace etu::suivi

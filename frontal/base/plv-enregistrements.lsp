@@ -84,14 +84,10 @@
   (if (and (setq valeur (plv-cle cle (plv-paires entite))) (= (car valeur) 1005) (plv-existe (handent (cdr valeur))))
     (handent (cdr valeur))))
 
-(defun plv-chaine (entite cle / chaine repere pas n)
+(defun plv-chaine (entite cle)
   "The entities of a chain, each of which names the next one under the key. It ends before a dead handle, and where it comes
-round to itself: to see that, each is compared with one that it passed, the further on the rarer another one is taken."
-  (setq pas 1 n 0)
-  (while (and (plv-existe entite) (not (eq entite repere)))
-    (if (= n pas) (setq repere entite pas (* 2 pas) n 0))
-    (setq chaine (cons entite chaine) n (1+ n) entite (plv-nommee entite cle)))
-  (if (and entite (plv-existe entite)) (plv-uniques (reverse chaine)) (reverse chaine)))
+round to itself."
+  (if entite (et_chaine entite cle)))
 
 (defun plv-enchainer (entites cle)
   (mapcar '(lambda (entite suivante) (plsxd entite cle suivante)) entites (cdr entites)))

@@ -43,6 +43,8 @@
   "A real with so many decimals and a point, whatever the drawing's units."
   (plv-sans-moins-zero (pl_distToPk (float valeur) decimales 0)))
 
+(defun plv-reels (valeurs decimales) "Many of them; nil stays nil." (if valeurs (et_reels valeurs decimales)))
+
 (defun plv-compte (nombre mots)
   "A number with what it counts, each word in the plural from two on."
   (strcat (itoa nombre) " " (if (> nombre 1) (strcat (plv-remplacer mots " " "s ") "s") mots)))

@@ -1,4 +1,5 @@
 ;; PLV-TERRAIN AJouter and Retirer: further grounds of a profile, cut from a surface along its axis or read from a file.
+;; Shared in the room: plv-mnt:refus-nom
 
 (defun plv-mnt:decaler (morceaux ecart)
   (mapcar '(lambda (m) (mapcar '(lambda (p) (list (+ (car p) ecart) (cadr p))) m)) morceaux))

@@ -1,11 +1,15 @@
 ;; The form of PLV-TERRAIN: axis and surface in plan, the ground that they give beside it, and the profile that is made of them. What was read is
-;; kept while the answers about axis and surface stay the same.
+;; kept while the answers about axis and surface stay the same. The command's other words are choices of the same form, see plv-mnt-fiche-mots.
+;; Shared in the room: plv-mnt-fiche:*
 
 ;; what a row of sources is, and its word in a request
 (setq plv-mnt-fiche:mots '(("Calques" "calques") ("Fichier" "fichier") ("Objets choisis" "objets") ("Altitudes de l'axe" "axe"))
       plv-mnt-fiche:echange "colonnes YX")
 
 (defun plv-mnt-fiche:champs ()
+  (append (plv-mnt-fiche:champs-des-mots) (plv-mnt-fiche:champs-de-profil)))
+
+(defun plv-mnt-fiche:champs-de-profil ()
   (list
     '("axe" "Axe" "mot" "Dessin" ("Dessin" "Fichier"))
     '("courbes" "Courbes de l'axe" "objets" nil "LWPOLYLINE,POLYLINE,LINE,ARC,SPLINE,ELLIPSE,CIRCLE")
@@ -113,13 +117,17 @@
     (list (cons 'tolerance (cond ((plv-fiche-nombre valeurs "tolerance")) (0.01))))
     (if (plv-fiche-nombre valeurs "arete") (list (cons 'arete (plv-fiche-nombre valeurs "arete"))))))
 
-(defun plv-mnt-fiche:fautes (valeurs lignes axe / faute)
+(defun plv-mnt-fiche:fautes-surface (valeurs / faute)
+  (append
+    (if (setq faute (plv-mnt-fiche:faute-sources (plv-cle "sources" valeurs) (plv-fiche-objets valeurs "objets"))) (list (list "sources" faute)))
+    (if (and (/= (plv-cle "arete" valeurs) "") (not (plv-fiche-nombre valeurs "arete"))) '(("arete" "un nombre est attendu")))))
+
+(defun plv-mnt-fiche:fautes (valeurs lignes axe)
   (append
     (cond
       ((= (type lignes) 'STR) (list (list "fichier-axe" lignes)))
       ((not axe) (list (if (plv-mnt-fiche:axe-fichier-p valeurs) '("fichier-axe" "un fichier est attendu") '("courbes" "des courbes du dessin sont attendues")))))
-    (if (setq faute (plv-mnt-fiche:faute-sources (plv-cle "sources" valeurs) (plv-fiche-objets valeurs "objets"))) (list (list "sources" faute)))
-    (if (and (/= (plv-cle "arete" valeurs) "") (not (plv-fiche-nombre valeurs "arete"))) '(("arete" "un nombre est attendu")))
+    (plv-mnt-fiche:fautes-surface valeurs)
     (if (plv-profil-de-numero (plv-cle "numero" valeurs)) '(("numero" "le dessin a déjà un profil de ce numéro")))))
 
 (defun plv-mnt-fiche:caches (valeurs)
@@ -186,9 +194,12 @@
   (plv-mnt-demande (plv-mnt-fiche:axe valeurs lignes) (plv-cle "inverse" valeurs) (plv-fiche-nombre valeurs "depart")
     (plv-mnt-fiche:sources valeurs) (plv-mnt-fiche:options valeurs)))
 
-(defun plv-mnt-fiche:regarder (valeurs / plv-mnt-systeme-essaye lignes fautes lu axe)
-  (setq plv-mnt-systeme-essaye (plv-mnt-fiche:code valeurs)
-        lignes (plv-mnt-fiche:lignes valeurs)
+(defun plv-mnt-fiche:regarder (valeurs / plv-mnt-systeme-essaye)
+  (setq plv-mnt-systeme-essaye (plv-mnt-fiche:code valeurs))
+  (if (plv-mnt-fiche:nouveau-p valeurs) (plv-mnt-fiche:regarder-profil valeurs) (plv-mnt-fiche:regarder-mot valeurs)))
+
+(defun plv-mnt-fiche:regarder-profil (valeurs / lignes fautes lu axe)
+  (setq lignes (plv-mnt-fiche:lignes valeurs)
         axe (plv-mnt-fiche:axe valeurs lignes)
         fautes (plv-mnt-fiche:fautes valeurs lignes axe))
   (if (and (not fautes) (plv-fiche-nombre valeurs "depart"))
@@ -197,9 +208,11 @@
     (cond (fautes) ((and lu (not (car lu))) (list (list "sources" (cond ((cadr lu)) ("cette surface ne peut pas être lue"))))))
     (if (car lu) (list (plv-mnt-fiche:plan lu axe) (plv-mnt-fiche:coupe (car lu))))
     (if (car lu) (plv-mnt-fiche:dire (car lu)))
-    (plv-mnt-fiche:caches valeurs)
-    (list (cons "ligne" (if (listp lignes) (mapcar 'car lignes)))
-          (list "sources" (vl-list* 2 "" (plv-uniques (apply 'append (mapcar 'plv-mnt-fiche:details (plv-cle "sources" valeurs)))))))))
+    (append (plv-mnt-fiche:caches valeurs) (plv-mnt-fiche:caches-des-mots valeurs))
+    (cons (cons "ligne" (if (listp lignes) (mapcar 'car lignes))) (plv-mnt-fiche:choix-sources valeurs))))
+
+(defun plv-mnt-fiche:choix-sources (valeurs)
+  (list (list "sources" (vl-list* 2 "" (plv-uniques (apply 'append (mapcar 'plv-mnt-fiche:details (plv-cle "sources" valeurs))))))))
 
 ;; --- doing
 
@@ -210,9 +223,12 @@
     ((and (setq axe (car (plv-essayer 'plv-mnt-axe (list demande)))) (setq axe (plv-mnt-insertion axe))) axe)
     ('(0.0 0.0 0.0))))
 
-(defun plv-mnt-fiche:faire (valeurs / code demande)
+(defun plv-mnt-fiche:faire (valeurs / code)
   (if (and (not (plv-mnt-systeme)) (plv-mnt-fiche:geo-p valeurs) (setq code (plv-mnt-fiche:code valeurs))) (plv-mnt-ecrire-systeme code))
+  (if (plv-mnt-fiche:nouveau-p valeurs) (plv-mnt-fiche:faire-profil valeurs) (plv-mnt-fiche:faire-mot valeurs)))
+
+(defun plv-mnt-fiche:faire-profil (valeurs / demande)
   (setq demande (plv-mnt-fiche:demande valeurs (plv-mnt-fiche:lignes valeurs)))
   (plv-mnt-profil demande (plv-cle "numero" valeurs) (plv-mnt-fiche:place valeurs demande) (plv-fiche-nombre valeurs "echv") (plv-fiche-nombre valeurs "ttxt") nil nil))
 
-(plv-declarer-fiche "PLV-TERRAIN" "Profil d'une surface" "Créer" 'plv-mnt-fiche:champs 'plv-mnt-fiche:regarder 'plv-mnt-fiche:faire)
+(plv-declarer-fiche "PLV-TERRAIN" "Terrain d'une surface" "Faire" 'plv-mnt-fiche:champs 'plv-mnt-fiche:regarder 'plv-mnt-fiche:faire)

@@ -1,5 +1,6 @@
 ;; PLV-TERRAIN OBservations: where the axis meets named objects the ground gets a point with their name, which the row of observations
 ;; shows. The point lies on the ground as it is. What was asked is kept, so that Actualiser asks it again.
+;; Shared in the room: plv-mnt:rencontres
 
 (setq plv-mnt:cle-observations "PLV_MNT_OBSERVATIONS")
 

@@ -1,4 +1,5 @@
 ;; PLV-TERRAIN Plusieurs: a profile for each curve of a layer, one below the other. The surface is made once for all of them.
+;; Shared in the room: plv-mnt:axes-du-calque
 
 (setq plv-mnt:loin 50.0) ; a text farther than this from an axis, in metres, doesn't name it
 

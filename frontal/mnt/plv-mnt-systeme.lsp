@@ -1,4 +1,5 @@
 ;; The coordinate system of the drawing: asked once, proposed from what lies in the drawing or from a file, kept in the drawing.
+;; Shared in the room: plv-mnt:ligne-systeme
 
 (setq plv-mnt:cle-systeme "PLV_SYSTEME" plv-mnt:proposes 3)
 

@@ -1,4 +1,4 @@
-;; The form of PLV-AXE: the polyline in plan is picked in the drawing.
+;; The forms about the axis in plan: PLV-AXE, whose polyline is picked in the drawing, and what is carried onto the axis.
 
 (defun plv-axe-fiche:champs () (plv-champs-avec-profil '(("axe" "Axe en plan" "objets" nil "LWPOLYLINE"))))
 
@@ -37,3 +37,19 @@
   (if (plv-associer-axe (plv-fiche-profil valeurs) (car (plv-fiche-objets valeurs "axe"))) (plv-dire "Axe en plan associé.")))
 
 (plv-declarer-fiche "PLV-AXE" "Axe en plan" "Associer" 'plv-axe-fiche:champs 'plv-axe-fiche:regarder 'plv-axe-fiche:faire)
+
+;; --- what is carried onto it: equipment, slopes and directions, the last entry of the profile's own menu
+
+(defun plv-vers-plan-fiche:champs () (plv-champs-avec-profil nil))
+
+(defun plv-vers-plan-fiche:regarder (valeurs / profil axe)
+  (setq profil (plv-fiche-profil valeurs) axe (plv-axe-plan profil))
+  (plv-regard
+    (if (not axe) '(("profil" "ce profil n'a pas d'axe en plan: PLV-AXE en associe un")))
+    (if axe (list (plv-image-plan "" (plv-image-traits "axe" (list (plv-axe-fiche:points axe))))))
+    (list (strcat (plv-compte (length (plv-pentes-portees profil)) "pente") " et " (plv-compte (length (plv-blocs profil)) "bloc") " à porter."))
+    nil nil))
+
+(defun plv-vers-plan-fiche:faire (valeurs) (plv-vers-plan (plv-fiche-profil valeurs)))
+
+(plv-declarer-fiche "PlKavelVersPlan" "Report sur l'axe en plan" "Porter" 'plv-vers-plan-fiche:champs 'plv-vers-plan-fiche:regarder 'plv-vers-plan-fiche:faire)

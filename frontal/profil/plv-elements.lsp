@@ -113,9 +113,16 @@
 
 ;; --- altitudes
 
-(defun plv-altitude-projet (profil situes plans d / cadre altitude)
+(defun plv-altitude-projet (profil situes plans d)
   "Altitude of the project line at a distance, nil where it is not. At a change of plane the section before serves."
+  (plv-elements:premiere (plv-cadre-sur profil plans) situes d))
+
+(defun plv-altitudes-sur (profil situes plans distances / cadre)
+  "The same at many distances."
   (setq cadre (plv-cadre-sur profil plans))
+  (mapcar '(lambda (d) (plv-elements:premiere cadre situes d)) distances))
+
+(defun plv-elements:premiere (cadre situes d / altitude)
   (foreach s situes
     (if (and (not altitude) (>= d (- (plv-debut s) 1e-6)) (<= d (+ (plv-fin s) 1e-6)))
       (setq altitude (plv-elements:altitude cadre s d))))

@@ -69,8 +69,7 @@
 
 ;; --- what the room suivi, which stands above the makers, hangs on to
 ;; releveur (profile facts): the facts with the fingerprints of their sources; verificateur (profile fact source): whether the source is as
-;; it was then; temoin (profile facts): told of facts right after the things
-;; were made; sortie (profiles): told before something goes out of the drawing
+;; it was then; sortie (profiles): told before something goes out of the drawing
 
 (setq plv-faits:branches nil)
 
@@ -107,11 +106,9 @@
 (defun plv-noter-faits (profil faits)
   "Facts that have just become true."
   (if (setq faits (plv-faits:appeler 'releveur (list profil faits)))
-    (progn
-      (foreach entite (plv-uniques (mapcar 'plv-fait-entite faits))
-        (plv-faits:remplacer (cond (entite) (profil)) entite
-          (vl-remove-if-not '(lambda (f) (eq (plv-fait-entite f) entite)) faits)))
-      (plv-faits:appeler 'temoin (list profil faits)))))
+    (foreach entite (plv-uniques (mapcar 'plv-fait-entite faits))
+      (plv-faits:remplacer (cond (entite) (profil)) entite
+        (vl-remove-if-not '(lambda (f) (eq (plv-fait-entite f) entite)) faits)))))
 
 (defun plv-noter-fait (profil chose precision entite reponses)
   (plv-noter-faits profil (list (plv-fait chose precision entite reponses))))

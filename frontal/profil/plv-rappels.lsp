@@ -27,9 +27,9 @@
          (plv-point (plv-abscisse cadre (car p)) (cadr (plv-cadre-origine cadre)))))
     points))
 
-(defun plv-lignes-rappel (profil)
-  "The reference lines."
-  (et_entites profil plv-rappels:cle (plv-calque plv-rappels:calque)))
+(defun plv-ajouts-sur-calque (profil calque) (et_entites profil plv-rappels:cle (plv-calque calque)))
+
+(defun plv-lignes-rappel (profil) "The reference lines." (plv-ajouts-sur-calque profil plv-rappels:calque))
 
 (defun plv-rappels:lignes (profil) (mapcar 'entget (plv-lignes-rappel profil)))
 

@@ -11,15 +11,18 @@
   "What a section's lines differ in: (line drawn expected section) each; (nil nil nil section) for lines that are gone or too many."
   (setq lignes (plv-lignes-du-plan (plv-section-entite section))
         segments (plv-segments-terrain (plv-origine profil) points (plv-echv profil) section (plv-section-fin section)))
-  (if (/= (length lignes) (length segments))
-    (list (list nil nil nil section))
-    (vl-remove nil
-      (mapcar
-        '(lambda (ligne attendus / bouts)
-           (setq bouts (plv-dessine:bouts ligne))
-           (if (not (and (plv-dessine:memes-p (car bouts) (car attendus)) (plv-dessine:memes-p (cadr bouts) (cadr attendus))))
-             (list ligne bouts attendus section)))
-        lignes segments))))
+  (cond
+    ((/= (length lignes) (length segments)) (list (list nil nil nil section)))
+    ((not (et_bouts (mapcar 'cons lignes segments))) (plv-dessine:deplacees lignes segments section))))
+
+(defun plv-dessine:deplacees (lignes segments section)
+  (vl-remove nil
+    (mapcar
+      '(lambda (ligne attendus / bouts)
+         (setq bouts (plv-dessine:bouts ligne))
+         (if (not (and (plv-dessine:memes-p (car bouts) (car attendus)) (plv-dessine:memes-p (cadr bouts) (cadr attendus))))
+           (list ligne bouts attendus section)))
+      lignes segments)))
 
 (defun plv-ecarts-terrain (profil / points)
   "What the ground lines of a profile differ in from its record; nil for nothing, and for a profile that other programs drew."

@@ -42,14 +42,14 @@
 
 ;; --- a range of vertices, by the height over the line at the place
 
-(defun plv-geste:hauteur (suites place / rang)
+(defun plv-geste-hauteur (suites place / rang)
   "How far a place is over the straight lines between vertices."
   (if (setq rang (plv-ligne-suite-en suites (car place)))
     (- (cadr place) (plv-altitude-ligne (nth rang suites) (car place)))))
 
 (defun plv-geste:plage (suites prise facon place / h)
   (cond
-    ((not (setq h (plv-geste:hauteur suites place))) "hors de la ligne")
+    ((not (setq h (plv-geste-hauteur suites place))) "hors de la ligne")
     ((= facon "Glisser") (plv-geste:glisser suites (plv-prise-premier prise) (plv-prise-dernier prise) h))
     ((plv-ligne-decaler suites (plv-prise-premier prise) (plv-prise-dernier prise) 0.0 h))))
 
@@ -95,6 +95,10 @@
 
 ;; --- the whole
 
+(defun plv-geste:confondus-p (suites)
+  "Whether a vertex lies straight over its neighbour, where there is no slope."
+  (vl-some '(lambda (suite) (vl-some '(lambda (a b) (equal (car a) (car b) 1e-6)) suite (cdr suite))) suites))
+
 (defun plv-geste (suites prise facon place sol / essai)
   "The runs with a hold moved to a place (distance altitude)."
   (setq essai
@@ -102,7 +106,11 @@
           ((= (plv-prise-quoi prise) "S") (plv-geste:sommet suites prise facon place))
           ((= (plv-prise-quoi prise) "P") (plv-geste:plage suites prise facon place))
           ((plv-geste:courbe suites prise place))))
-  (cond ((= (type essai) 'STR) essai) ((plv-ligne-verrou-rompu suites essai sol)) (essai)))
+  (cond
+    ((= (type essai) 'STR) essai)
+    ((plv-geste:confondus-p essai) "deux sommets sont à la même station")
+    ((plv-ligne-verrou-rompu suites essai sol))
+    (essai)))
 
 ;; --- what is seen of it: curves one by one, since some may be impossible
 

@@ -33,6 +33,21 @@
 (defun plv-scene:portee-d () (plv-scene-pixels plv-scene:portee))
 (defun plv-scene:portee-z (scene) (/ (plv-scene:portee-d) (plv-cadre-echv (plv-scene-cadre scene))))
 
+;; --- free places are round: to the power of ten below the width of a pixel, a millimetre at least
+
+(setq plv-scene:plus-fin 0.001)
+
+(defun plv-scene:pas-du-pixel (pixel)
+  (max plv-scene:plus-fin (expt 10.0 (plv-partie-entiere (+ 1e-9 (/ (log pixel) (log 10.0)))))))
+
+(defun plv-scene-arrondir-d (scene d)
+  "A distance whose station is round, within the profile."
+  (plv-entre (- (plv-scene:arrondi (+ d (plv-scene-origine scene)) (plv-scene:pas-du-pixel (plv-scene-pixels 1.0))) (plv-scene-origine scene))
+    0.0 (plv-scene-longueur scene)))
+
+(defun plv-scene-arrondir-z (scene z)
+  (plv-scene:arrondi z (plv-scene:pas-du-pixel (/ (plv-scene-pixels 1.0) (plv-cadre-echv (plv-scene-cadre scene))))))
+
 ;; --- snaps
 
 (defun plv-scene:plus-proche (place candidats portee-d portee-z / meilleur ecart)
@@ -56,11 +71,11 @@
   (setq bloc (plv-scene:plus-proche (list d 0.0) (mapcar '(lambda (b) (list (car b) 0.0 (caddr b))) (plv-scene-blocs scene)) (plv-scene:portee-d) 1.0))
   (cond
     (bloc (list (car bloc) (strcat "à " (caddr bloc))))
-    ((<= plv-scene:pas-station 0.0) (list d ""))
+    ((<= plv-scene:pas-station 0.0) (list (plv-scene-arrondir-d scene d) ""))
     ((and (setq ronde (- (plv-scene:arrondi (+ d (plv-scene-origine scene)) plv-scene:pas-station) (plv-scene-origine scene)))
           (<= (abs (- ronde d)) (plv-scene:portee-d)) (<= -1e-9 ronde (plv-scene-longueur scene)))
      (list ronde ""))
-    ((list d ""))))
+    ((list (plv-scene-arrondir-d scene d) ""))))
 
 (defun plv-scene:altitudes (scene dernier d z / sol pente)
   "(distance altitude word) of each altitude that is offered at a distance."
@@ -83,7 +98,7 @@
      (setq station (plv-scene:station scene (car place))
            altitude (plv-scene:plus-proche (list (car station) (cadr place))
                       (plv-scene:altitudes scene dernier (car station) (cadr place)) 1.0 (plv-scene:portee-z scene)))
-     (list (car station) (if altitude (cadr altitude) (cadr place))
+     (list (car station) (if altitude (cadr altitude) (plv-scene-arrondir-z scene (cadr place)))
            (plv-joindre (vl-remove "" (list (cadr station) (if altitude (caddr altitude) ""))) ", ")))))
 
 (defun plv-scene-ronde (valeur)

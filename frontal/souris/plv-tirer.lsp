@@ -17,10 +17,20 @@
 ;; --- one drag
 
 (defun plv-tirer:ou (scene suites prise facon frappes point / place avant)
-  "The place (distance altitude word) that a point and typed numbers mean, or text; a range and a curve go where it is clicked, exactly."
+  "The place (distance altitude word) that a point and typed numbers mean, or text; a curve goes where it is clicked, exactly, a range by a
+round height."
   (setq avant (car (plv-ligne-voisins suites (plv-prise-premier prise)))
         place (if point (plv-vers-profil (plv-scene-cadre scene) point)))
-  (if (and point (not frappes) (or (= facon "RAccord") (/= (plv-prise-quoi prise) "S"))) place (plv-frappe-place scene avant frappes place)))
+  (cond
+    ((or (not point) frappes) (plv-frappe-place scene avant frappes place))
+    ((or (= facon "RAccord") (= (plv-prise-quoi prise) "C")) place)
+    ((= (plv-prise-quoi prise) "P") (plv-tirer:a-hauteur-ronde scene suites place))
+    ((plv-frappe-place scene avant frappes place))))
+
+(defun plv-tirer:a-hauteur-ronde (scene suites place / h)
+  (if (setq h (plv-geste-hauteur suites place))
+    (list (car place) (+ (- (cadr place) h) (plv-scene-arrondir-z scene h)) "")
+    place))
 
 (defun plv-tirer:essai (scene suites prise facon frappes point / place)
   (setq place (plv-tirer:ou scene suites prise facon frappes point))

@@ -20,7 +20,10 @@
   (setq faits (mapcar 'plv-etat-fait (vl-remove-if-not '(lambda (e) (plv-actualiser:vieille-p e chose)) etats)))
   ;; the rows of tables that were drawn anew are gone
   (setq faits (vl-remove-if-not '(lambda (f) (or (plv-chose-orpheline-p f) (plv-chose-entites profil f))) faits))
-  (or (not faits) (plv-actualiser:faire profil chose faits)))
+  (cond
+    ((not faits) T)
+    ((member chose plv-choses-sans-lecteur) (plv-actualiser:faire profil chose faits))
+    (T (plv-sans-lectures '(lambda () (plv-actualiser:faire profil chose faits))))))
 
 (defun plv-actualiser:profil (profil choses etats)
   "The kinds one after the other. None in the drawing is made of another one; files are made of all."
@@ -74,8 +77,11 @@
   (if fait
     (plv-dire (if vieilles (strcat (plv-compte (length vieilles) "chose") " mise" (if (cdr vieilles) "s" "") " à jour.") "Tout était à jour."))))
 
-(defun plv-actualiser (profils / etats vieilles fait)
+(defun plv-actualiser (profils)
   "Makes anew what isn't true of profiles; T, or nil after a message."
+  (plv-avec-lectures '(lambda () (plv-actualiser:profils profils))))
+
+(defun plv-actualiser:profils (profils / etats vieilles fait)
   (setq etats (plv-actualiser:etats profils)
         vieilles (plv-actualiser:de-valeur etats "a-refaire")
         fait (or (not vieilles)
@@ -89,7 +95,9 @@
   "Work on the drawing, and what isn't true after it made anew but for files, as one step; T, or nil after a message with the drawing
 as before."
   (plv-actualiser:en-une-fois
-    '(lambda () (apply travail '()) (plv-actualiser:dessin profils (plv-actualiser:etats profils)))
+    '(lambda ()
+       (apply travail '())
+       (plv-avec-lectures '(lambda () (plv-actualiser:dessin profils (plv-actualiser:etats profils)))))
     '(lambda () T)))
 
 (defun c:plv-actualiser ()

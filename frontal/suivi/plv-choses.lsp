@@ -46,6 +46,9 @@
     ("FEUILLES" plv-choses:mots-feuilles ("fichier" "numero" "dessin")
      plv-choses:du-fichier nil nil plv-refaire-feuilles nil)))
 
+;; the kinds whose making changes nothing of which other things are made
+(setq plv-choses-sans-lecteur '("RAPPELS" "RANGEE"))
+
 (setq plv-choses-fichiers '("CLASSEUR" "BORDEREAU" "EXPORT" "PAGE" "FEUILLES"))
 
 (defun plv-chose-fichier-p (fait) (member (plv-fait-chose fait) plv-choses-fichiers))

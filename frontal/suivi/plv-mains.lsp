@@ -1,39 +1,20 @@
-;; What a hand has moved, written or coloured among the texts of tables, and how it is kept when they are made anew. Where a row's texts
-;; were put and what they said is kept with the table's reference, row by row; a text is known by its place there.
-
-(setq plv-mains:cle "PLV_TEXTES_")
-
-(defun plv-mains:bandes (reference / matrice ordonnees)
-  "The ordinates of a table's rows, from its top down."
-  (setq matrice (plv-matrice reference) ordonnees (list (cadr (plv-origine reference))))
-  (foreach r (plv-matrice-rangees matrice)
-    (setq ordonnees (cons (- (car ordonnees) (* (plv-matrice-echelle matrice) (plv-rangee-hauteur r))) ordonnees)))
-  (reverse ordonnees))
-
-(defun plv-mains:entites (profil)
-  "What may hold texts of tables; groups stand for their members."
-  (append (plv-ajouts-tables profil) (mapcar 'plv-groupe-table (plv-tables profil))))
+;; What a hand has moved, written or coloured among the texts of tables, and how it is kept when they are made anew. What was put in a row
+;; is kept with the table's reference, see tableaux/plv-ligne-seule; a text is known again by its place.
 
 (defun plv-mains:textes (profil)
   "The texts of the tables."
   (vl-remove-if-not '(lambda (e) (and (plv-existe e) (= (plv-type e) "TEXT")))
     (append (plv-ajouts-tables profil) (apply 'append (mapcar 'plv-entites-table (plv-tables profil))))))
 
-;; --- rows as (reference key x top bottom), as the studies take them; a row is known again by its table's number and its label
+;; --- rows as the studies take them; a row is known again by its table's number and its label
 
-(defun plv-mains:rangees (profil / table rang rangees bandes)
+(defun plv-mains:rangees (profil / tables)
   "The rows of all tables, each with what it is known by: ((table label) rank reference key x top bottom)."
-  (setq table 0)
-  (foreach reference (plv-tables profil)
-    (setq rang 0 bandes (plv-mains:bandes reference))
-    (foreach rangee (plv-matrice-rangees (plv-matrice reference))
-      (setq rangees
-             (cons (list (list table (plv-rangee-libelle rangee)) rang reference (strcat plv-mains:cle (itoa rang)) (car (plv-origine reference))
-                         (car bandes) (cadr bandes))
-                   rangees)
-            rang (1+ rang) bandes (cdr bandes)))
-    (setq table (1+ table)))
-  (reverse rangees))
+  (setq tables (plv-tables profil))
+  (mapcar
+    '(lambda (r)
+       (vl-list* (list (vl-position (car r) tables) (plv-rangee-libelle (plv-rangee (car r) (cadr r)))) (cadr r) (plv-rangee-etude r)))
+    (plv-rangees-des-tables profil)))
 
 (defun plv-mains:connue (rangee) (car rangee))
 (defun plv-mains:rang (rangee) (cadr rangee))
@@ -46,14 +27,6 @@
   (vl-some
     '(lambda (f) (and (eq (plv-fait-entite f) (plv-mains:reference rangee)) (= (plv-fait-precision f) (itoa (plv-mains:rang rangee)))))
     faits))
-
-(defun plv-noter-mains (profil faits / rangees)
-  "The texts of rows that were filled stand where they belong."
-  (setq faits (vl-remove-if-not '(lambda (f) (= (plv-fait-chose f) "RANGEE")) faits))
-  (if (and faits (setq rangees (vl-remove-if-not '(lambda (r) (plv-mains:de-fait-p r faits)) (plv-mains:rangees profil))))
-    (et_noter_textes (plv-mains:entites profil) (mapcar 'plv-mains:etude rangees))))
-
-(plv-brancher 'temoin 'plv-noter-mains)
 
 ;; --- a gesture: (row x y dx dy words colour text checksum), x and y of the place from the row's corner, words and colour nil where they
 ;; are as they were, the text's entity, and the checksum of what it said
@@ -71,28 +44,28 @@
   (list (nth (cadr ecart) rangees) (nth 2 ecart) (nth 3 ecart) (nth 4 ecart) (nth 5 ecart)
         (if (nth 6 ecart) (plv-cle 1 (entget entite))) (if (not (member couleur '(nil 256))) couleur) entite (nth 7 ecart)))
 
-(defun plv-mains:gestes (profil / rangees)
-  "What hands have done to the texts of a profile's tables."
-  (setq rangees (plv-mains:rangees profil))
-  (mapcar '(lambda (e) (plv-mains:geste e rangees)) (et_ecarts (plv-mains:entites profil) (mapcar 'plv-mains:etude rangees))))
+(defun plv-mains:gestes (profil rangees)
+  "What hands have done to the texts of rows."
+  (mapcar '(lambda (e) (plv-mains:geste e rangees)) (et_ecarts (plv-entites-des-tables profil) (mapcar 'plv-mains:etude rangees))))
 
 ;; --- before rows are filled anew
 
-(defun plv-lever-tableaux (profil faits) (list faits (plv-mains:gestes profil)))
+(defun plv-lever-tableaux (profil faits) (list faits (plv-mains:gestes profil (plv-mains:rangees profil))))
 
-(defun plv-mains:fait (rangee) (plv-fait "RANGEE" (itoa (plv-mains:rang rangee)) (plv-mains:reference rangee) nil))
+(defun plv-rangee-de-fait (fait) (list (plv-fait-entite fait) (atoi (plv-fait-precision fait))))
 
-(defun plv-lever-rangees (profil faits / gestes)
-  "A text that was moved out of its row stands in another one, which is emptied when that is filled: its own row is filled too then."
-  (setq gestes (plv-mains:gestes profil)
-        faits (append faits
-                (plv-uniques
-                  (mapcar '(lambda (g) (plv-mains:fait (plv-mains:rangee g)))
-                    (vl-remove-if
-                      '(lambda (g) (or (plv-mains:de-fait-p (plv-mains:rangee g) faits) (equal (plv-mains:deplacement g) '(0.0 0.0) 1e-3)))
-                      gestes))))
-        gestes (vl-remove-if-not '(lambda (g) (plv-mains:de-fait-p (plv-mains:rangee g) faits)) gestes))
-  (plv-effacer (mapcar 'plv-mains:texte gestes))
+(defun plv-rangees-lues (profil faits / rangees)
+  "What isn't right in the rows of facts."
+  (setq rangees (mapcar 'plv-rangee-de-fait faits))
+  (plv-sources:lire (list "a-corriger" profil rangees) '(lambda () (plv-a-corriger profil rangees (plv-sources:points profil)))))
+
+(defun plv-lever-rangees (profil faits / touchees gestes)
+  (setq touchees (vl-remove nil (mapcar '(lambda (f lue) (if (plv-touchee-p lue) f)) faits (plv-rangees-lues profil faits))))
+  (if touchees
+    (progn
+      (setq gestes (plv-mains:gestes profil (vl-remove-if-not '(lambda (r) (plv-mains:de-fait-p r touchees)) (plv-mains:rangees profil))))
+      (plv-effacer (mapcar 'plv-mains:texte gestes))
+      (plv-sources-oublier)))
   (list faits gestes))
 
 ;; --- and after it

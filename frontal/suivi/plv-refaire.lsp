@@ -59,7 +59,7 @@
 (defun plv-refaire-rangees (profil faits / courant bilans)
   (setq courant plv-courant)
   (pl_ChoixProfil profil)
-  (setq bilans (mapcar '(lambda (f) (plv-remplir-rangee profil (plv-fait-entite f) (atoi (plv-fait-precision f)))) faits))
+  (setq bilans (plv-remplir-rangees profil (mapcar 'plv-rangee-de-fait faits) (plv-sources:points profil) (plv-rangees-lues profil faits)))
   (if (and courant (not (eq courant profil))) (plv-reprendre-courant))
   (plv-noter-faits profil faits)
   (not (member nil bilans)))

@@ -58,8 +58,23 @@
 
 (setq plv-sources:aspects '("dessin"))
 
-(defun plv-source-empreinte (profil fait nom / fonction valeurs)
+;; those that are the same for all things of a profile
+(setq plv-sources:du-profil '("echelle" "origine" "longueur" "distances" "altitudes" "numeros" "noms" "terrain" "terrains" "releve" "plans" "textes"))
+
+(defun plv-sources:cle (profil fait nom / rangee)
+  "What a fingerprint is kept under while readings are kept: rows that show the same share it. nil for one of the thing's own."
+  (cond
+    ((member nom plv-sources:du-profil) (list nom profil))
+    ((and (= (plv-fait-chose fait) "RANGEE") (setq rangee (plv-sources:rangee fait)))
+     (list nom profil (plv-rangee-nature rangee) (plv-rangee-decimales rangee) (plv-rangee-infos rangee)))))
+
+(defun plv-source-empreinte (profil fait nom / cle)
   "The fingerprint of a source now; nil when nothing can be known of it."
+  (if (setq cle (plv-sources:cle profil fait nom))
+    (plv-sources:lire cle '(lambda () (plv-sources:empreinte profil fait nom)))
+    (plv-sources:empreinte profil fait nom)))
+
+(defun plv-sources:empreinte (profil fait nom / fonction valeurs)
   (if (and (setq fonction (caddr (assoc nom plv-sources:table)))
            (setq valeurs (apply fonction (list profil fait))))
     (et_empreinte valeurs (plv-origine profil) (if (member nom plv-sources:aspects) T))))
@@ -74,6 +89,15 @@
         resultat (vl-catch-all-apply fonction '()))
   (if (not dedans) (setq plv-sources:garder nil plv-sources:lectures nil))
   (if (vl-catch-all-error-p resultat) (plv-erreur (vl-catch-all-error-message resultat)) resultat))
+
+(defun plv-sources-oublier () "After a change of what was read." (setq plv-sources:lectures nil))
+
+(defun plv-sans-lectures (fonction / dedans resultat)
+  "Runs a function that changes what was read."
+  (setq dedans plv-sources:garder plv-sources:garder nil)
+  (plv-sources-oublier)
+  (setq resultat (apply fonction '()) plv-sources:garder dedans)
+  resultat)
 
 (defun plv-sources:lire (lire:cle lire:fonction / lire:valeur)
   (cond
@@ -167,9 +191,10 @@
   (setq origine (plv-premiere-station profil))
   (list (mapcar '(lambda (p) (list (car p) (+ origine (car p)) (plv-point-nom p))) (plv-observations-ecrites profil))))
 
-(defun plv-sources:rangee (fait)
-  (plv-sources:lire (list "rangee" (plv-fait-entite fait) (plv-fait-precision fait))
-    '(lambda () (plv-rangee (plv-fait-entite fait) (atoi (plv-fait-precision fait))))))
+(defun plv-sources:rangees (reference)
+  (plv-sources:lire (list "rangees" reference) '(lambda () (plv-matrice-rangees (plv-matrice reference)))))
+
+(defun plv-sources:rangee (fait) (nth (atoi (plv-fait-precision fait)) (plv-sources:rangees (plv-fait-entite fait))))
 
 (defun plv-sources:genre (profil fait)
   "The kind of line whose project a row shows."

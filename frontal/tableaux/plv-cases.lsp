@@ -21,7 +21,7 @@
     (T
      (setq plv-cases:retenues
             (plv-premiers
-              (cons (cons cle (mapcar '(lambda (p) (plv-altitude-projet profil situes plans (car p))) points)) plv-cases:retenues)
+              (cons (cons cle (plv-altitudes-sur profil situes plans (mapcar 'car points))) plv-cases:retenues)
               10))
      (cdar plv-cases:retenues))))
 
@@ -44,13 +44,31 @@
 
 (defun plv-cellules (profil rangee points)
   "(point text) of such cells."
-  (vl-remove nil
-    (mapcar '(lambda (p z) (if z (list p (plv-reel z (plv-rangee-decimales rangee)))))
-      points (plv-cases:altitudes profil (plv-rangee-nature rangee) (plv-genre-de-rangee profil rangee) points))))
+  (vl-remove-if-not 'cadr
+    (mapcar 'list points
+      (plv-reels (plv-cases:altitudes profil (plv-rangee-nature rangee) (plv-genre-de-rangee profil rangee) points)
+        (plv-rangee-decimales rangee)))))
 
 (defun plv-bornes-ecrites (profil genre nature)
   "The ends of slope pieces that a row of distances shows."
   (mapcar 'car (apply (if (= nature 16) 'plv-remplir:bornes-partielles 'plv-remplir:bornes-cumulees) (list (plv-cases:contexte profil) genre))))
+
+(defun plv-rangee-de-pentes-p (rangee) (assoc (plv-rangee-nature rangee) plv-redactions))
+
+(defun plv-cases:piece-et-mots (contexte piece nature / mots)
+  "(piece (from to rise words)), see et_a_corriger."
+  (setq mots (caddr (plv-cases:piece-ecrite contexte piece nature)))
+  (list piece
+    (list (plv-debut piece) (plv-fin piece)
+      (if (plv-pente-droite-p piece) (plv-redaction:montee (plv-pente-valeur piece)) 2)
+      (cond ((if (listp mots) (cadr mots) mots)) ("")))))
+
+(defun plv-pieces-et-mots (profil rangee / genre contexte)
+  "Of a row of slopes; nil without a project line."
+  (if (setq genre (plv-genre-de-rangee profil rangee))
+    (progn
+      (setq contexte (plv-cases:contexte profil))
+      (mapcar '(lambda (piece) (plv-cases:piece-et-mots contexte piece (plv-rangee-nature rangee))) (plv-remplir:pieces contexte genre)))))
 
 (defun plv-cases:piece-ecrite (contexte piece nature / rayon)
   (list (plv-debut piece) (plv-fin piece)
@@ -70,8 +88,9 @@
     '(lambda (piece)
        (list (plv-debut piece) (plv-fin piece) (plv-pente-valeur piece)
              (if (plv-pente-droite-p piece) 0.0 (cond ((plv-rayon-de-piece profil piece)) (0.0)))
-             (mapcar '(lambda (part) (plv-altitude-projet profil situes plans (+ (plv-debut piece) (* part (plv-longueur piece)))))
-               (if (plv-pente-droite-p piece) '(0.0 1.0) '(0.0 0.1 0.2 0.3 0.4 0.5 0.6 0.7 0.8 0.9 1.0)))))
+             (plv-altitudes-sur profil situes plans
+               (mapcar '(lambda (part) (+ (plv-debut piece) (* part (plv-longueur piece))))
+                 (if (plv-pente-droite-p piece) '(0.0 1.0) '(0.0 0.1 0.2 0.3 0.4 0.5 0.6 0.7 0.8 0.9 1.0))))))
     (plv-remplir:pieces (plv-cases:contexte profil) genre)))
 
 (defun plv-observations-ecrites (profil)
@@ -85,12 +104,9 @@
 
 ;; --- what is noted of tables that have been drawn
 
-(defun plv-rangees-de-table (reference / rang faits)
+(defun plv-rangees-de-table (reference)
   "The rows of a table, as facts, each by its number from 0."
-  (setq rang -1)
-  (foreach rangee (plv-matrice-rangees (plv-matrice reference))
-    (setq rang (1+ rang) faits (cons (plv-fait "RANGEE" (itoa rang) reference nil) faits)))
-  (reverse faits))
+  (mapcar '(lambda (r) (plv-fait "RANGEE" (itoa (cadr r)) reference nil)) (plv-rangees-de reference)))
 
 (defun plv-tables-faites (profil chemin tout)
   (vl-list*

@@ -34,6 +34,7 @@
       (plv-effacer-posees anciennes)
       (plv-oublier-ajouts profil)
       (plv-noter-ajouts profil (plv-bilan-ajouts (car fait)))
+      (plv-noter-rangees profil)
       (plv-presenter-tables profil)
       (plv-noter-choix profil tout)
       (plv-noter-faits profil (plv-tables-faites profil chemin tout))

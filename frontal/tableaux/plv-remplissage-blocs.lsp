@@ -34,4 +34,6 @@
 (defun plv-bloc-place (profil bloc / textes)
   "Writes the attributes of a block just placed into the rows that take them; the texts go when the tables are redrawn."
   (if (and (plv-references-tables profil) (setq textes (plv-avec-calque "PLV-MATRICE" '(lambda () (pl_NotifInsertBlock bloc)))))
-    (plv-noter-ajouts profil (mapcar 'cdr textes))))
+    (progn
+      (plv-noter-ajouts profil (mapcar 'cdr textes))
+      (plv-renoter-rangees profil (plv-rangees-des-tables profil) (mapcar 'cdr textes)))))

@@ -6,15 +6,11 @@
   (setq genres (plv-genres-du-projet (plv-cle 'profil contexte)))
   (cond ((car (member (plv-genre (vl-string-trim " " (plv-cle 'infos contexte))) genres))) ((car genres))))
 
-(defun plv-remplir:sur-projet (points contexte fonction / genre profil situes plans z)
+(defun plv-remplir:sur-projet (points contexte fonction / genre)
   "Calls the function with each point that the project line reaches and its altitude there."
   (if (setq genre (plv-remplir:genre-projet contexte))
     (progn
-      (setq profil (plv-cle 'profil contexte)
-            situes (plv-elements-situes profil genre)
-            plans (plv-plans profil))
-      (foreach p points
-        (if (setq z (plv-altitude-projet profil situes plans (car p))) (apply fonction (list p z))))
+      (mapcar '(lambda (p z) (if z (apply fonction (list p z)))) points (plv-altitudes-projet (plv-cle 'profil contexte) genre points))
       0)))
 
 (defun plv-remplir:altitudes-projet (points contexte)
@@ -31,8 +27,9 @@
   (setq texte (plv-reel valeur decimales))
   (if (> (atof texte) 0.0) (strcat "+" texte) texte))
 
-(defun plv-redaction:sens (pente)
-  (cond ((equal pente 0.0 5e-5) "Palier") ((> pente 0.0) "Rampe") ("Pente")))
+(defun plv-redaction:montee (pente) (cond ((equal pente 0.0 5e-5) 0) ((> pente 0.0) 1) (-1)))
+
+(defun plv-redaction:sens (pente) (plv-cle (plv-redaction:montee pente) '((0 . "Palier") (1 . "Rampe") (-1 . "Pente"))))
 
 (defun plv-redaction:en-mots (pente longueur / sens valeur)
   (setq sens (plv-redaction:sens pente)
@@ -74,19 +71,20 @@
     (/ (plv-longueur piece) 0.65) contexte))
 
 (defun plv-redaction:rangee (contexte nature / genre)
-  "A slanting line with its wording for each slope, a cell with its radius for each vertical curve."
+  "A slanting line with its wording for each slope, a cell with its radius for each vertical curve; of all pieces, or of those that are
+asked for."
   (if (setq genre (plv-remplir:genre-projet contexte))
     (plv-remplir:somme
       '(lambda (piece)
          (if (plv-pente-droite-p piece)
            (plv-redaction:droite piece (plv-redaction:texte piece nature contexte))
            (plv-redaction:courbe piece contexte)))
-      (plv-remplir:pieces contexte genre))))
+      (cond ((plv-cle 'pieces contexte)) ((plv-remplir:pieces contexte genre))))))
 
 (defun plv-redaction:droite (piece texte / pente f1 f2)
   ;; The line stays in the lower part of the row, so that its text has the room above it.
   (setq pente (plv-pente-valeur piece)
-        f1 (cond ((equal pente 0.0 5e-5) 0.22) ((> pente 0.0) 0.1) (0.34))
+        f1 (plv-cle (plv-redaction:montee pente) '((0 . 0.22) (1 . 0.1) (-1 . 0.34)))
         f2 (- 0.44 f1))
   (pl_TexteMultipleCentre (plv-debut piece) (plv-fin piece) "|")
   (if texte

@@ -5,6 +5,8 @@
 #include <QHBoxLayout>
 #include <QScreen>
 #include <QSettings>
+#include <algorithm>
+#include <cmath>
 
 #include "atelier/desktop/document/lisp_bridge.h"
 #include "atelier/desktop/forms/form_parts.h"
@@ -14,7 +16,7 @@ namespace {
 
 constexpr int kPause = 120;  // milliseconds between the last key and the look at the answers
 constexpr int kPickPause = 60;
-constexpr int kDecimals = 2;
+constexpr int kMostDecimals = 3;
 constexpr QSize kRoomy(1060, 560);  // of a form with a picture
 
 QString settingOf(const QString& command, const QString& key) { return "fiches/" + command + '/' + key; }
@@ -209,11 +211,17 @@ void CommandForm::write(const QString& path, const QString& text) {
   at->field->set(rows);
 }
 
+// As many decimals as a pixel tells apart.
+QString CommandForm::rounded(double value, double pixel) {
+  const double step = std::pow(10, std::max<double>(-kMostDecimals, std::floor(std::log10(pixel))));
+  return QString::number(std::round(value / step) * step, 'f', std::max(0, static_cast<int>(-std::log10(step) + 0.5)));
+}
+
 // The numbers go with the hand; the answers are looked at each time.
 void CommandForm::dragged(const FormPicture::Changes& changes, bool released) {
-  for (const auto& [path, change] : changes) {
-    const auto from = dragFrom_.try_emplace(path, text(path).replace(',', '.').toDouble()).first;
-    write(path, QString::number(from->second + change, 'f', kDecimals));
+  for (const auto& [path, by, pixel] : changes) {
+    const QString from = dragFrom_.try_emplace(path, text(path)).first->second;
+    write(path, std::abs(by) < pixel / 2 ? from : rounded(QString(from).replace(',', '.').toDouble() + by, pixel));
   }
   if (released) dragFrom_.clear();
   look();

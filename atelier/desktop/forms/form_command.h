@@ -47,6 +47,7 @@ class CommandForm : public QDialog {
   void changed(const QString& key);
   void pick(const QString& key);
   void takePicked(const QString& key);
+  static QString rounded(double value, double pixel);
   void dragged(const FormPicture::Changes& changes, bool released);
   Row* row(const QString& key);
   // A number of a field, or of a cell as key/row/column.
@@ -63,7 +64,7 @@ class CommandForm : public QDialog {
   QLabel* refusal_;
   QTimer soon_;
   bool roomy_ = false;  // it was made larger for its pictures
-  std::map<QString, double> dragFrom_;
+  std::map<QString, QString> dragFrom_;
 };
 
 }  // namespace atelier::desktop

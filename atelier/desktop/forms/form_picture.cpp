@@ -141,10 +141,11 @@ const FormPicture::Item* FormPicture::handleAt(QPointF pixel) const {
 
 void FormPicture::tell(const Drag& drag, QPointF pixel, bool released) const {
   const QPointF change = pointAt(pixel) - drag.from;
+  const QPointF worth = pointAt(pixel + QPointF(1, 1)) - pointAt(pixel);
   // The way up last: it counts where the front-end fills it in for a place.
   Changes changes;
-  if (!drag.along.isEmpty()) changes << std::pair(drag.along, change.x());
-  changes << std::pair(drag.up, drag.sense * change.y());
+  if (!drag.along.isEmpty()) changes << Change{drag.along, change.x(), std::abs(worth.x())};
+  changes << Change{drag.up, drag.sense * change.y(), std::abs(drag.sense * worth.y())};
   if (onDragged) onDragged(changes, released);
 }
 

@@ -18,7 +18,12 @@ class FormPicture : public QWidget {
   void show(const QVariant& picture);
   // A line that is dragged: the numbers that go with it, of fields or of cells by their keys, and what each changes by since the
   // press of the button.
-  using Changes = QList<std::pair<QString, double>>;
+  // How far a number goes, and what a pixel of the picture is worth.
+  struct Change {
+    QString path;
+    double by, pixel;
+  };
+  using Changes = QList<Change>;
   std::function<void(const Changes& changes, bool released)> onDragged;
   // A small picture of items in pixels, as mode "tableau" has them, from its upper left corner.
   static QPixmap drawn(const QVariant& items, QSize size, const QWidget& like);

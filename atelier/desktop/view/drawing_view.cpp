@@ -240,8 +240,7 @@ void DrawingView::drawCursor(ViewMarks& marks) {
   if (snap_) marks.snap(*snap_);
   marks.crosshair(at, pickRadius(drawing_.document()) / viewport().unitsPerPixel);
   if (!hint_.isEmpty() && under_.chosen()) marks.note(at + QPointF(16, 16), hint_);
-  if (prompt && prompt->tracks && !transients().note.empty())
-    marks.notes(at + QPointF(16, 16), QString::fromStdString(transients().note).split(" | "));
+  if (prompt && prompt->tracks && !transients().note.empty()) marks.programNote(at, transients(), noteCorner_);
   if (!prompt || !prompt->wantsPoint) return;
   const AcGePoint3d p = aim_;
   QString text = QString("%1 , %2").arg(p.x, 0, 'f', 3).arg(p.y, 0, 'f', 3);

@@ -112,6 +112,7 @@ class DrawingView : public QWidget {
   Part manySelected_, manyHighlighted_;  // too many to be drawn anew with each move of the cursor: in the picture
   UnderCursor under_;
   QString hint_;
+  NoteCorner noteCorner_ = NoteCorner::belowRight;  // of what a program says beside the cursor
   std::optional<QPointF> lastPick_;
   std::vector<Grip> grips_;
   std::optional<std::size_t> hotGrip_;

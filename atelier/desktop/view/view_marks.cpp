@@ -164,15 +164,29 @@ void ViewMarks::crosshair(const QPointF& at, double pickBox) {
   painter_.drawRect(QRectF(at.x() - pickBox, at.y() - pickBox, 2 * pickBox, 2 * pickBox));
 }
 
-void ViewMarks::note(const QPointF& at, const QString& text) { notes(at, {text}); }
-
-void ViewMarks::notes(const QPointF& at, const QStringList& lines) {
+QSizeF ViewMarks::sizeOf(const QStringList& lines) const {
   const QFontMetrics metrics(painter_.font());
   int widest = 0;
   for (const QString& line : lines) widest = std::max(widest, metrics.horizontalAdvance(line));
-  QRectF box(at, QSizeF(widest + 10, metrics.height() * static_cast<double>(lines.size()) + 4));
+  return {widest + 10.0, metrics.height() * static_cast<double>(lines.size()) + 4};
+}
+
+void ViewMarks::note(const QPointF& at, const QString& text) {
+  QRectF box(at, sizeOf({text}));
   if (box.right() > viewport_.size.width()) box.moveRight(at.x() - 24);
   if (box.bottom() > viewport_.size.height()) box.moveBottom(at.y() - 24);
+  boxed(box, {text});
+}
+
+void ViewMarks::programNote(const QPointF& cursor, const Transients& drawn, NoteCorner& corner) {
+  std::vector<QLineF> lines;
+  lines.reserve(drawn.vectors.size());
+  for (const TransientVector& v : drawn.vectors) lines.emplace_back(viewport_.pixel(v.from), viewport_.pixel(v.to));
+  const QStringList words = QString::fromStdString(drawn.note).split(" | ");
+  boxed(placeOfNote(cursor, sizeOf(words), viewport_.size, lines, corner), words);
+}
+
+void ViewMarks::boxed(const QRectF& box, const QStringList& lines) {
   painter_.fillRect(box, dark_ ? QColor(60, 63, 65, 220) : QColor(250, 250, 235, 230));
   painter_.setPen(dark_ ? Qt::white : Qt::black);
   painter_.drawText(box.adjusted(5, 2, -5, -2), Qt::AlignLeft, lines.join('\n'));

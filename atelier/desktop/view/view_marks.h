@@ -7,6 +7,7 @@
 
 #include "atelier/desktop/picture/viewport.h"
 #include "atelier/desktop/view/grips.h"
+#include "atelier/desktop/view/note_place.h"
 #include "atelier/selecting/snaps.h"
 
 namespace atelier::desktop {
@@ -29,9 +30,13 @@ class ViewMarks {
   void pointed(const AcGePoint3d& at);
   void crosshair(const QPointF& at, double pickBox);
   void note(const QPointF& at, const QString& text);
-  void notes(const QPointF& at, const QStringList& lines);
+  // What a program says of the cursor's place, clear of what it draws there.
+  void programNote(const QPointF& cursor, const Transients& drawn, NoteCorner& corner);
 
  private:
+  void boxed(const QRectF& box, const QStringList& lines);
+  QSizeF sizeOf(const QStringList& lines) const;
+
   QPainter& painter_;
   const Viewport& viewport_;
   const bool dark_;

@@ -143,6 +143,56 @@
 ((cadr (assoc "numero" (fautes "PLV-TERRAIN" (append sur '("numero" "12"))))) "le dessin a déjà un profil de ce numéro")
 ((cadr (assoc "insertion" (fautes "PLV-TERRAIN" (append sur '("insertion" "là"))))) "deux nombres x,y sont attendus")
 
+;; The command's other words, each with the fields that it asks
+(situation "ASurfaceServesOtherwise")
+(fichier "s.csv" "x;y;z\n0;0;10\n100;0;20\n100;50;20\n0;50;10\n")
+(preparer
+  (setq sur '("sources" (("Fichier" "<dossier>s.csv" "")))))
+(tableau (quoi autres cle raison)
+  ("Actualiser un profil" nil "profil" "ce profil ne vient pas d'une surface")
+  ("Ajouter un autre terrain" '("de" "Fichier") "leve" "un fichier est attendu")
+  ("Ajouter un autre terrain" sur "sources" "ce profil n'a pas d'axe en plan: PLV-AXE lui en donne un")
+  ("Ajouter un autre terrain" '("nom" "a/b") "nom" "nom de terrain refusé: \"a/b\"; des lettres, des chiffres, - et _ sont permis")
+  ("Retirer un autre terrain" nil "profil" "ce profil n'a pas d'autre terrain")
+  ("Nommer ce que l'axe rencontre" '("calque" "AXES") "profil" "ce profil n'a pas d'axe en plan: PLV-AXE lui en donne un")
+  ("Un profil par axe d'un calque" '("calque" "RIEN") "calque" "aucune courbe sur ce calque")
+  ("Voir la surface" '("sources" nil) "sources" "une source au moins est attendue")
+  ("Système de coordonnées" '("systeme" "1") "systeme" "un code EPSG connu est attendu, 2154 par exemple"))
+((cadr (assoc cle (fautes "PLV-TERRAIN" (append (list "quoi" quoi) autres)))) raison)
+
+(situation "AnotherWordIsDone")
+(fichier "s.csv" "x;y;z\n0;0;10\n100;0;20\n100;50;20\n0;50;10\n")
+(fichier "r.csv" "100;45\n150;44\n")
+(preparer
+  (foreach y '(20.0 30.0)
+    (entmake (list '(0 . "LWPOLYLINE") '(100 . "AcDbEntity") '(8 . "AXES") '(100 . "AcDbPolyline") '(90 . 2) '(70 . 0) (list 10 10.0 y) (list 10 60.0 y))))
+  (setq axe (entlast) sur '("sources" (("Fichier" "<dossier>s.csv" ""))))
+  (defun terrain-de (quoi autres) (faire "PLV-TERRAIN" (append (list "quoi" quoi) autres))))
+(dit (terrain-de "Voir la surface" sur) "2 triangles sur le calque PLV-MNT.")
+(dit (terrain-de "Contrôler la surface" sur) "Aucune contradiction.")
+(passe (terrain-de "Un profil par axe d'un calque" (append sur '("calque" "AXES" "insertion" "0;900"))))
+((length (plv-profils)) 3)
+(preparer (setq n (list "profil" (plv-numero-profil (car (vl-remove p (plv-profils)))))))
+(dit (terrain-de "Actualiser un profil" n) "Le terrain n'a pas changé.")
+(dit (terrain-de "Ajouter un autre terrain" '("profil" "12" "de" "Fichier" "leve" "<dossier>r.csv")) "Terrain Rocher: 2 points, de la station 100.00 à 150.00.")
+(dit (terrain-de "Ajouter un autre terrain" (append sur n '("nom" "Autre"))) "Terrain Autre: 2 points")
+((cdr (assoc "terrain" (nth 4 (plv-fiche-regarder "PLV-TERRAIN" (reponses "PLV-TERRAIN" '("quoi" "Retirer un autre terrain" "profil" "12")))))) ("Rocher"))
+(dit (terrain-de "Retirer un autre terrain" '("profil" "12" "terrain" "Rocher")) "Terrain Rocher retiré.")
+;; a fence crosses the axis at 25 m; the form tells before it is done
+(preparer (entmake '((0 . "LINE") (8 . "CLOTURE") (10 35.0 0.0 0.0) (11 35.0 50.0 0.0))))
+((caddr (plv-fiche-regarder "PLV-TERRAIN" (reponses "PLV-TERRAIN" (append '("quoi" "Nommer ce que l'axe rencontre" "calque" "CLOTURE") n)))) ("CLOTURE à 25.00"))
+(dit (terrain-de "Nommer ce que l'axe rencontre" (append '("calque" "CLOTURE") n)) "1 observation: CLOTURE à 25.00.")
+(passe (terrain-de "Système de coordonnées" '("systeme" "2154")))
+((plv-mnt-systeme) "EPSG:2154")
+
+;; what the profile's own menu carries onto the axis
+(situation "AnAxisTakesWhatTheProfileHas")
+((cadr (assoc "profil" (fautes "PlKavelVersPlan" nil))) "ce profil n'a pas d'axe en plan: PLV-AXE en associe un")
+(preparer (plv-associer-axe p (handent axe)))
+((list (fautes "PlKavelVersPlan" nil) (caddr (plv-fiche-regarder "PlKavelVersPlan" (reponses "PlKavelVersPlan" nil)))) (nil ("1 pente et 0 bloc à porter.")))
+(passe (faire "PlKavelVersPlan" nil))
+((< 0 (length (plv-portes-sur-plan p))) T)
+
 ;; A network as tables: filled along the line or from a file, told of as it would be, drawn as it stands there.
 (situation "ANetworkIsTyped")
 (fichier "r.csv" "regard;A;100;visite;1000\nregard;B;150;visite;1000\ntuyau;A;B;300/400;béton\n")

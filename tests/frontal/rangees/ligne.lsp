@@ -211,9 +211,25 @@
 (passe (tirer (append '("2") 'reponses '(""))))
 ((equal (cadr (places)) 'attendu) T)
 
+;; A place that nothing snaps to is round: to the power of ten below a pixel, a millimetre at least. A pixel of the first view is 2 cm of altitude
+;; and 20 cm along, of the second 2 mm and 2 cm.
+(situation "AFreePlaceIsRound")
+(preparer (tracer) (setq plv-scene:pas-pente 0.0 plv-scene:profondeurs nil plv-scene:pas-station 0.0))
+(tableau (vue attendu)
+  ("200" ("60.100" "51.340")) ("20" ("60.120" "51.342")) ("1" ("60.123" "51.342")))
+(preparer (command "ZOOM" "C" "600,350" vue))
+(passe (tirer (list "2" (sur 60.12345 51.34249) "")))
+((cadr (places)) attendu)
+
+;; a vertex that is dropped straight over its neighbour is refused
+(situation "AVertexStaysBetweenItsNeighbours")
+(preparer (tracer))
+(passe (tirer (list "2" "S1150 Z50" (sur 150.0 50.0) "" "")))
+((places) (("0.000" "50.000") ("50.000" "51.000") ("150.000" "50.000") ("200.000" "51.000")))
+
 ;; In parallel the stations stay; sliding, the ends go along the slopes outside: up by 0.25 the run of -1 % meets 2 % a third of 25 m further out.
 (situation "ARunIsDraggedInParallelOrAlongItsNeighbours")
-(preparer (tracer))
+(preparer (tracer) (command "ZOOM" "C" "600,350" "20"))
 (passe (tirer (list "2-3" (sur 100.0 50.75) "")))
 ((places) (("0.000" "50.000") ("50.000" "51.250") ("150.000" "50.250") ("200.000" "51.000")))
 (passe (tirer (list "2-3" (sur 100.0 50.5) "" )))

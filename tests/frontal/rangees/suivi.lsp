@@ -28,6 +28,8 @@
       (setq i -1)
       (plv-ecrire-terrain p (mapcar '(lambda (q) (setq i (1+ i)) (list (car q) (if (= i n) z (cadr q)))) (plv-points-tn p))))
     (defun vieux () (mapcar '(lambda (e) (plv-chose-en-mots p (plv-etat-fait e))) (vl-remove-if 'plv-etat-a-jour-p (plv-etats p))))
+    (defun tout-de-rangee (reference rang)
+      (cddr (car (et_a_corriger (plv-entites-des-tables p) nil (list (plv-rangee-etude (list reference rang)))))))
     (defun sans-handles (mots) (vl-remove-if '(lambda (m) (wcmatch m "Cotes*")) mots))
     (defun photo () (mapcar 'entget (plv-entites-du-jeu (ssget "X"))))))
 
@@ -133,8 +135,8 @@
 (fichier "t.txt" "U - 6 11 {COTE} Cote\nU - 4.0 403 {COTE} Cotes\n")
 (preparer
   (defun cotes (rang)
-    (mapcar '(lambda (texte) (cadr texte))
-      (vl-sort (et_textes (plv-entites-rangee p (car (plv-tables p)) rang)) '(lambda (a b) (< (car a) (car b))))))
+    (mapcar '(lambda (e) (cdr (assoc 1 (entget e))))
+      (vl-sort (vl-remove-if-not '(lambda (e) (= (plv-type e) "TEXT")) (tout-de-rangee (car (plv-tables p)) rang)) '(lambda (a b) (< (car (plv-mains:point a)) (car (plv-mains:point b)))))))
   (plv-actualiser (list p)))
 ((list (cotes 0) (cotes 1)) (("12.5") ("12.5")))
 (tableau (edition restent)
@@ -147,12 +149,51 @@
 ((list (length (vieux)) (plv-actualiser (list p)) (vieux)) (2 T nil))
 ((list (cotes 0) (cotes 1)) (restent restent))
 
+;; --- an update makes anew what has changed only: what else stands in a row is the same entity as before
+
+(situation "ARowKeepsWhatIsTrue")
+(fichier "t.txt" "U - 6.0 4 Altitude
+U - 6.0 5 {Projet} Projet
+U - 3.0 12 {Projet} Pentes
+U - 3.0 14 {Projet} Pour cent
+")
+(preparer
+  (plv-effacer-courbes p (plv-elements p "Projet"))
+  (plv-projet p "Projet" '((100.0 48.0) (120.0 47.0) (150.0 34.0)))
+  (plv-matrices p "<dossier>t.txt" T)
+  (defun en-rangee (rang) (tout-de-rangee (car (plv-tables p)) rang))
+  (defun nouvelles (rang avant) (length (vl-remove-if '(lambda (e) (member e avant)) (en-rangee rang))))
+  (defun combien-neuves (/ avant)
+    (setq avant (mapcar 'en-rangee '(0 1 2 3)))
+    (plv-actualiser (list p))
+    (mapcar 'nouvelles '(0 1 2 3) avant)))
+;; nothing has changed: nothing is new
+((combien-neuves) (0 0 0 0))
+;; a ground point: its cell
+(preparer (terrain 1 51.25))
+((combien-neuves) (1 0 0 0))
+;; one more: a cell where there was none
+(preparer (plv-leve p "I" 112.34 49.0 nil))
+((list (< 0 (apply '+ (combien-neuves))) (vieux)) (T nil))
+;; the first vertex of the line: three cells, and of the first slope a tick at either end, diagonal and words
+(preparer (deplacer (car (plv-elements-du-projet p "Projet")) 2.0))
+((combien-neuves) (0 3 4 4))
+((vieux) nil)
+;; a cell that someone erased is written again with the row
+(preparer
+  (entdel (car (vl-remove-if-not '(lambda (e) (= (plv-type e) "TEXT")) (en-rangee 0))))
+  (terrain 2 49.2))
+((combien-neuves) (2 0 0 0))
+;; rows of which nothing is kept, as of other programs, are filled as a whole once
+(preparer (setq nombre (length (en-rangee 0))) (dictremove (plv-dictionnaire (car (plv-tables p))) "PLV_TEXTES_0") (terrain 2 49.5))
+((list (plv-actualiser (list p)) (= (length (en-rangee 0)) nombre) (vieux)) (T T nil))
+
 ;; --- what a hand has done
 
 (situation "NoHandHasTouchedWhatWasMade")
-((list (plv-mains:gestes p) (plv-gestes-cotes p)) (nil nil))
+((list (plv-mains:gestes p (plv-mains:rangees p)) (plv-gestes-cotes p)) (nil nil))
 (preparer (plv-pc p "A" 110.0 28.0) (plv-pc p "M" 100.0 20.0) (command "_.MOVE" "_All" "" '(0.0 0.0) '(100.0 50.0)))
-((list (plv-mains:gestes p) (plv-gestes-cotes p)) (nil nil))
+((list (plv-mains:gestes p (plv-mains:rangees p)) (plv-gestes-cotes p)) (nil nil))
 
 (situation "WhatAHandDidIsKept")
 (preparer
