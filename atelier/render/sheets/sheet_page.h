@@ -10,7 +10,7 @@ namespace atelier::render {
 
 class SheetPage {
  public:
-  SheetPage(const SheetCanvas& canvas, const Template& model, Inks inks)
+  SheetPage(const SheetCanvas& canvas, const Template& model, const Inks& inks)
       : canvas_(canvas), model_(model), inks_(inks) {}
 
   // Millimetres of the template to those of the page, from its top left corner.
