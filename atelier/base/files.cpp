@@ -2,6 +2,7 @@
 #include "atelier/base/files.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 
 #include "atelier/base/text.h"
@@ -45,6 +46,14 @@ std::optional<std::string> fileBeside(const std::string& drawing, std::string na
     if (found && fs::is_regular_file(*found, error)) return found;
   }
   return std::nullopt;
+}
+
+std::string installationFolder() {
+  if (const char* given = std::getenv("KAVEL_CHEMIN"); given && *given) return given;
+  if (const char* data = std::getenv("XDG_DATA_HOME"); data && *data)
+    return (std::filesystem::path(data) / "kavel").string();
+  const char* home = std::getenv("HOME");
+  return (std::filesystem::path(home ? home : ".") / ".local" / "share" / "kavel").string();
 }
 
 }  // namespace atelier

@@ -28,6 +28,7 @@
 #include "atelier/plugin/installation.h"
 #include "atelier/render/scene/transients.h"
 #include "atelier/render/shapes/plot_error.h"
+#include "atelier/render/sheets/ink_tables.h"
 #include "atelier/render/sheets/layout_page.h"
 #include "atelier/render/sheets/plot_builtins.h"
 
@@ -129,7 +130,7 @@ class Run {
       if (!asked.paper.empty()) plotOptions.page.paper = render::parsePaper(asked.paper);
       if (!asked.window.empty()) plotOptions.page.window = render::parseWindow(asked.window);
       if (!asked.dpi.empty()) plotOptions.dpi = render::parseDpi(asked.dpi);
-      if (!asked.colours.empty()) plotOptions.inks = render::parseInks(asked.colours);
+      if (!asked.colours.empty()) plotOptions.inks = render::inksNamed(asked.colours);
     } catch (const render::PlotError& error) {
       complain(error.what());
       return false;
@@ -144,7 +145,8 @@ class Run {
   bool page(const std::string& file) {
     lisp::Interpreter& in = document_.interpreter();
     std::string written;
-    return document_.evaluate("(plv-page (plv-profils) " + in.printed(in.string(file)) + ")", &written) && written == "T";
+    return document_.evaluate("(plv-page (plv-profils) " + in.printed(in.string(file)) + ")", &written) &&
+           written == "T";
   }
 
   // What the profiles' tables and hatches were made from may have changed since; the front-end knows.

@@ -57,7 +57,7 @@ void addDrawingBuiltins(std::span<const lisp::Builtin> table);
 
 // What a user asks for; empty texts leave it to the plot. Scales and windows are texts as the program's options take them.
 struct PlotWish {
-  std::string file, layout, paper, scale, window;
+  std::string file, layout, paper, scale, window, table;
 };
 // Plots and gives warnings in French; throws Error.
 using PlotFunction = std::vector<std::string> (*)(Document&, const PlotWish&);

@@ -11,18 +11,11 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "atelier/base/files.h"
 #include "atelier/base/text.h"
 #include "atelier/plugin/installation.h"
 
 namespace atelier {
-
-std::string installationFolder() {
-  if (const char* given = std::getenv("KAVEL_CHEMIN"); given && *given) return given;
-  if (const char* data = std::getenv("XDG_DATA_HOME"); data && *data)
-    return (std::filesystem::path(data) / "kavel").string();
-  const char* home = std::getenv("HOME");
-  return (std::filesystem::path(home ? home : ".") / ".local" / "share" / "kavel").string();
-}
 
 std::string installationTrouble() {
   const std::string folder = installationFolder();

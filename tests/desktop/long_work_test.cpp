@@ -8,7 +8,7 @@
 namespace {
 
 struct LongWork : kaveltest::Desktop {
-  ~LongWork() override { atelier::desktop::LongWork::shownAfter = 500; }
+  ~LongWork() override { atelier::desktop::LongWork::shownAfter = 500, atelier::desktop::LongWork::pause = 50; }
   static QProgressDialog* shown() { return qobject_cast<QProgressDialog*>(QApplication::activeModalWidget()); }
   // Looks every few milliseconds, also inside the events of a command; stops the first long work.
   void stopWhenShown() {
@@ -69,6 +69,45 @@ TEST_F(LongWork, SavingIsStopped) {
   atelier::desktop::LongWork::shownAfter = 60000;
   EXPECT_TRUE(window.save());
   EXPECT_LT(QFileInfo(chosenFile).size(), whole);
+}
+
+// Every question of the reader whether to stop is a look, however fast it reads; the first one that shows the work is answered.
+struct StopAtOnce : QObject {
+  QString label;
+  bool eventFilter(QObject* object, QEvent* event) override {
+    auto* const shown = qobject_cast<QProgressDialog*>(object);
+    if (!shown || event->type() != QEvent::Show) return false;
+    QTimer::singleShot(0, shown, [this, shown] {
+      label = shown->labelText();
+      shown->findChild<QPushButton*>()->click();
+    });
+    return false;
+  }
+};
+
+TEST_F(LongWork, OpeningIsStopped) {
+  lines(20000);
+  chosenFile = file("lignes.dxf");
+  ASSERT_TRUE(window.save());
+  ASSERT_TRUE(window.closeTab(0));
+  window.open();
+  driver.type("CIRCLE").type("0,0").type("20").play();
+  const QString title = window.windowTitle();
+  StopAtOnce hand;
+  qApp->installEventFilter(&hand);
+  atelier::desktop::LongWork::shownAfter = atelier::desktop::LongWork::pause = 0;
+  EXPECT_FALSE(window.open(chosenFile));
+  qApp->removeEventFilter(&hand);
+  EXPECT_TRUE(hand.label.startsWith("Ouverture")) << hand.label.toStdString();
+  EXPECT_EQ(window.tabs().count(), 1);
+  EXPECT_EQ(window.windowTitle(), title);
+  EXPECT_EQ(count("CIRCLE"), 1) << "the drawing in front is current";
+  EXPECT_FALSE(shown());
+  EXPECT_TRUE(questions.isEmpty()) << questions.join('\n').toStdString();
+  EXPECT_TRUE(history().contains("arrêtée"));
+  atelier::desktop::LongWork::shownAfter = 60000;
+  EXPECT_TRUE(window.open(chosenFile)) << "it isn't locked";
+  EXPECT_EQ(count("LINE"), 20000);
 }
 
 }  // namespace

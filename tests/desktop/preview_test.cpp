@@ -39,6 +39,13 @@ bool drawn(const QImage& image) {
   return white && dark;
 }
 
+bool coloured(const QImage& image) {
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x)
+      if (const QColor pixel = image.pixelColor(x, y); pixel.saturation() > 100) return true;
+  return false;
+}
+
 TEST_F(Preview, ShowsEachPageAndPrintsAll) {
   int shown = 0;
   atelier::render::sheetPreview() = [&](atelier::render::SheetSet& sheets) {
@@ -57,6 +64,9 @@ TEST_F(Preview, ShowsEachPageAndPrintsAll) {
     EXPECT_TRUE(preview.windowTitle().startsWith("Feuille 2 - profil L"));
     EXPECT_TRUE(drawn(preview.picture->pixmap().toImage()));
     EXPECT_NE(preview.picture->pixmap().toImage(), whole);
+    EXPECT_TRUE(coloured(preview.picture->pixmap().toImage()));
+    preview.inks->setCurrentIndex(preview.inks->findData("monochrome"));
+    EXPECT_FALSE(coloured(preview.picture->pixmap().toImage()));
     QPdfWriter printer(file("imprime.pdf"));
     printer.setResolution(100);
     preview.printOn(printer);

@@ -100,6 +100,36 @@ TEST_F(Window, APlotIsMadeByItsForm) {
   EXPECT_TRUE(history().contains("plan.pdf"));
 }
 
+TEST_F(Window, APlotHasTheTableThatIsChosen) {
+  const auto strokes = [this](const QString& name) {
+    QFile plot(file(name));
+    return plot.open(QIODevice::ReadOnly) ? QString::fromUtf8(plot.readAll()).count("stroke:rgb(100%,0%,0%)") : -1;
+  };
+  const auto plot = [this](const QString& name, const QString& proposed, const QString& chosen) {
+    driver.menu("Tracer...").then([=, this] {
+      auto& form = *dynamic_cast<atelier::desktop::PlotForm*>(QApplication::activeModalWidget());
+      EXPECT_EQ(form.inks->currentData().toString(), proposed);
+      const QImage before = form.picture().toImage();
+      form.inks->setCurrentIndex(form.inks->findData(chosen));
+      EXPECT_EQ(form.picture().toImage() == before, proposed == chosen) << "its picture";
+      form.file->setText(file(name));
+    });
+    driver.press("Tracer").play();
+  };
+  driver.type("(entmake '((0 . \"CIRCLE\") (62 . 1) (370 . 211) (10 0. 0. 0.) (40 . 20.)))").play();
+  plot("rouge.svg", "couleurs", "couleurs");
+  EXPECT_EQ(strokes("rouge.svg"), 1);
+  plot("noir.svg", "couleurs", "monochrome");
+  EXPECT_EQ(strokes("noir.svg"), 0);
+  EXPECT_EQ(lisp("(table-de-trace)").toString(), "monochrome") << "it stays with the drawing";
+  EXPECT_FALSE(history().contains("(table-de-trace"));
+  plot("encore.svg", "monochrome", "couleurs");
+  EXPECT_EQ(strokes("encore.svg"), 1);
+  EXPECT_EQ(lisp("(table-de-trace)").toString(), "couleurs");
+  driver.type("U").type("U").play();
+  EXPECT_EQ(lisp("(table-de-trace)").toString(), "");
+}
+
 TEST_F(Window, DroppedDrawingsOpenAndAreRemembered) {
   chosenFile = file("pose.dxf");
   driver.type("CIRCLE").type("0,0").type("20").play();

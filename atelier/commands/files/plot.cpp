@@ -1,6 +1,5 @@
 // -PLOT: the questions that programs answer, one after the other, and a plot to a file.
-// Devices are files by their kind; plot styles, offsets and orientations are taken as answers and not used: the sheet turns with what
-// is on it.
+// Devices are files by their kind; offsets and orientations are taken as answers and not used: the sheet turns with what is on it.
 #include <cmath>
 
 #include "atelier/commands/command_prompts.h"
@@ -74,8 +73,10 @@ CommandTask details(Command& c, PlotWish& wish) {
   const auto scale = co_await c.word("\nÉchelle (mm tracés=unités) ou [Ajuster] <Ajuster>: ");
   wish.scale = scaleIn(c, scale.value);
   co_await c.word("\nDécalage (x,y) ou [Centrer] <Centrer>: ");
-  co_await c.word("\nAppliquer les styles de tracé? [Oui/Non] <O>: ");
-  co_await c.line("\nTable des styles de tracé <aucune>: ");
+  const auto styled = co_await c.word("\nAppliquer les styles de tracé? [Oui/Non] <O>: ");
+  const auto table = co_await c.line("\nTable des styles de tracé (. pour aucune) <celle de la présentation>: ");
+  const bool plain = table.value == "." || (!styled.value.empty() && isNo(styled.value));
+  wish.table = plain ? "couleurs" : table.value;
   co_await c.word("\nTracer les épaisseurs? [Oui/Non] <O>: ");
   if (isWord(wish.layout, {"", "MODEL"})) {
     co_await c.line("\nOmbrage <tel qu'affiché>: ");

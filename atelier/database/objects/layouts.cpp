@@ -5,13 +5,18 @@
 
 namespace atelier {
 
+AcDbStub* layoutOf(AcDbStub& space) {
+  AcDbImpDatabase& db = *space.database;
+  const Record& block = AcDbImpObject::of(&db.object(space)).record;
+  AcDbStub* const layout = db.stubOf(block.handle(handleField("AcDbBlockTableRecord", 340)));
+  return layout && !layout->is(AcDbStub::kErased) ? layout : nullptr;
+}
+
 std::string layoutNameOf(AcDbStub& block) {
   AcDbImpDatabase& db = *block.database;
   if (&block == db.modelSpace()) return "Model";
   if (db.typeName(block) != "BLOCK_RECORD") return {};
-  AcDbStub* layout =
-      db.stubOf(AcDbImpObject::of(&db.object(block)).record.handle(handleField("AcDbBlockTableRecord", 340)));
-  if (layout && !layout->is(AcDbStub::kErased))
+  if (AcDbStub* const layout = layoutOf(block))
     return AcDbImpObject::of(&db.object(*layout)).record.text(textField("AcDbLayout", 1));
   return &block == db.paperSpace() ? "Layout1" : std::string();
 }
@@ -25,8 +30,7 @@ std::vector<AcDbStub*> sheetsOf(AcDbImpDatabase& db) {
   std::vector<std::pair<std::int64_t, AcDbStub*>> found;
   for (AcDbStub* block : *db.table("BLOCK_RECORD")->children) {
     if (block->is(AcDbStub::kErased) || block == db.modelSpace() || layoutNameOf(*block).empty()) continue;
-    AcDbStub* layout =
-        db.stubOf(AcDbImpObject::of(&db.object(*block)).record.handle(handleField("AcDbBlockTableRecord", 340)));
+    AcDbStub* const layout = layoutOf(*block);
     const Record* settings = layout ? &AcDbImpObject::of(&db.object(*layout)).record : nullptr;
     found.emplace_back(settings ? settings->integer(integerField("AcDbLayout", 71)) : 0, block);
   }

@@ -10,6 +10,8 @@ namespace atelier {
 
 // Whether the block record is the space of a sheet.
 bool isPaperSpace(AcDbStub& block);
+// The LAYOUT object of a space; null where there is none (R12).
+AcDbStub* layoutOf(AcDbStub& space);
 // Name of the layout that this block record is the space of; empty for any other block.
 std::string layoutNameOf(AcDbStub& block);
 // The space of the layout of that name, case ignored; null when there is none.

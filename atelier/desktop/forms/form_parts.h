@@ -1,5 +1,6 @@
 // Parts of several forms: a file name with a button to choose it, OK and Cancel. Inner header of the room.
 #pragma once
+#include <QComboBox>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
@@ -26,6 +27,9 @@ inline QWidget* fileLine(QDialog* form, QLineEdit*& edit, const QString& title, 
   });
   return row;
 }
+
+// What plots make of colours: as drawn, grey, black, or a table; the data of an entry is what render::inksNamed takes.
+QComboBox* inksChoice(QWidget* parent, const std::string& table);
 
 inline QDialogButtonBox* okAndCancel(QDialog* form, const QString& ok) {
   auto* box = new QDialogButtonBox(form);

@@ -5,11 +5,13 @@
 #include <QPainter>
 
 #include "atelier/database/objects/layouts.h"
+#include "atelier/desktop/document/lisp_bridge.h"
 #include "atelier/desktop/forms/form_parts.h"
 #include "atelier/desktop/forms/forms.h"
 #include "atelier/render/painters/cairo_painter.h"
 #include "atelier/render/scene/transients.h"
 #include "atelier/render/shapes/plot_error.h"
+#include "atelier/render/sheets/ink_tables.h"
 #include "atelier/render/sheets/layout_page.h"
 
 namespace atelier::desktop {
@@ -25,6 +27,7 @@ QImage sheet(const render::PaintedPage& page, double ratio) {
   options.unitsPerMm = perMm;
   options.thinnest = 0.5 * ratio;
   options.greekBelow = 2 * ratio;
+  options.inks = page.inks;
   render::PictureCanvas canvas(picture.bits(), picture.width(), picture.height(),
                                static_cast<int>(picture.bytesPerLine()));
   canvas.ground(options.background);
@@ -47,8 +50,8 @@ QImage sheet(const render::PaintedPage& page, double ratio) {
 
 PlotForm::PlotForm(Drawing& drawing, QWidget* parent)
     : QDialog(parent), drawing_(drawing), scene_(drawing.document().database()) {
-  AcDbStub* const space = drawing.document().database().currentSpaceId();
-  sheet_ = space == drawing.document().imp().modelSpace() ? nullptr : space;
+  AcDbStub* const shown = drawing.document().database().currentSpaceId();
+  sheet_ = shown == drawing.document().imp().modelSpace() ? nullptr : shown;
   render::addTransients(scene_.above, drawing.document().transients());
   setWindowTitle(QStringLiteral("Tracer"));
   auto* fields = new QFormLayout(this);
@@ -63,6 +66,9 @@ PlotForm::PlotForm(Drawing& drawing, QWidget* parent)
   for (const char* name : {"A4", "A3", "A2", "A1", "A0"}) paper->addItem(name, QString(name));
   fields->addRow(QStringLiteral("Échelle"), scale);
   fields->addRow(QStringLiteral("Papier"), paper);
+  inks = inksChoice(this, render::tableOf(space()));
+  table_ = inks->currentData().toString();
+  fields->addRow(QStringLiteral("Couleurs"), inks);
   picture_ = new QLabel(this);
   picture_->setAlignment(Qt::AlignCenter);
   picture_->setMinimumSize(kPreview, kPreview * 3 / 4);
@@ -72,7 +78,8 @@ PlotForm::PlotForm(Drawing& drawing, QWidget* parent)
   fields->addRow(message_);
   fields->addRow(okAndCancel(this, QStringLiteral("Tracer")));
   connect(scale, &QLineEdit::editingFinished, this, [this] { preview(); });
-  connect(paper, &QComboBox::currentIndexChanged, this, [this] { preview(); });
+  for (QComboBox* const choice : {paper, inks})
+    connect(choice, &QComboBox::currentIndexChanged, this, [this] { preview(); });
   preview();
 }
 
@@ -94,33 +101,64 @@ void PlotForm::show(const render::PaintedPage& page, const QString& scaleText,
 
 void PlotForm::preview() {
   try {
+    const render::Inks chosen = render::inksNamed(inks->currentData().toString().toStdString());
     if (sheet_) {
       const render::LayoutPage laidOut(drawing_.document().database(), *sheet_, request());
-      return show(laidOut.page(), {}, laidOut.warnings);
+      render::PaintedPage page = laidOut.page();
+      page.inks = chosen;
+      return show(page, {}, laidOut.warnings);
     }
     const render::Page page = render::layOutPage(scene_.bounds(), request());
-    show({page.widthMm, page.heightMm, {{&scene_, page.toPage, page.clipMm}}},
+    show({page.widthMm, page.heightMm, {{&scene_, page.toPage, page.clipMm}}, chosen},
          QStringLiteral(", échelle 1:%1").arg(page.scale, 0, 'g', 6), page.warnings);
-  } catch (const render::PlotError& error) {
+  } catch (const Error& error) {
     picture_->clear();
     message_->setText(QString::fromUtf8(error.what()));
   }
+}
+
+AcDbStub& PlotForm::space() const { return sheet_ ? *sheet_ : *drawing_.document().imp().modelSpace(); }
+
+// The layout names the table that was chosen, for the next plot and for sheets.
+void PlotForm::keepTable() {
+  const QString chosen = inks->currentData().toString();
+  if (chosen == table_ || !layoutOf(space())) return;
+  drawing_.feed(
+      {{"(table-de-trace " + quoted(chosen).toStdString() + ")", {}, "Table de tracé: " + chosen.toStdString()}});
 }
 
 void PlotForm::accept() {
   try {
     render::PlotOptions options;
     options.page = request();
+    options.inks = render::inksNamed(inks->currentData().toString().toStdString());
     const std::string target = file->text().toStdString();
     const auto warnings =
         sheet_ ? render::plotLayouts(drawing_.document().database(), {layoutNameOf(*sheet_)}, target, options)
                : render::plot(scene_, target, options);
     for (const std::string& warning : warnings) drawing_.document().print("\n" + warning);
     drawing_.document().print("\nDessin tracé dans " + file->text().toStdString() + ".\n");
+    keepTable();
     QDialog::accept();
-  } catch (const render::PlotError& error) {
+  } catch (const Error& error) {
     message_->setText(QString::fromUtf8(error.what()));
   }
+}
+
+QComboBox* inksChoice(QWidget* parent, const std::string& table) {
+  auto* const choice = new QComboBox(parent);
+  choice->addItem(QStringLiteral("Couleurs du dessin"), QStringLiteral("couleurs"));
+  choice->addItem(QStringLiteral("Gris"), QStringLiteral("gris"));
+  choice->addItem(QStringLiteral("Noir"), QStringLiteral("noir"));
+  for (const std::string& name : render::inkTables())
+    choice->addItem(QStringLiteral("Table %1").arg(QString::fromStdString(name)), QString::fromStdString(name));
+  choice->setToolTip(
+      QStringLiteral("Une table de tracé dit, par couleur du dessin, la couleur et l'épaisseur sur le papier.\n"
+                     "Les vôtres sont dans %1")
+          .arg(QString::fromStdString(render::inkFolder())));
+  choice->setCurrentIndex(
+      std::max(0, choice->findData(QString::fromStdString(table), Qt::UserRole, Qt::MatchFixedString)));
+  return choice;
 }
 
 void plotByForm(Drawing& drawing, QWidget* parent) {

@@ -18,15 +18,19 @@ class PlotForm : public QDialog {
   PlotForm(Drawing& drawing, QWidget* parent);
   void accept() override;
   QLineEdit *file, *scale;
-  QComboBox* paper;
+  QComboBox *paper, *inks;
+  QPixmap picture() const { return picture_->pixmap(); }
 
  private:
   render::PlotRequest request() const;  // throws PlotError
+  AcDbStub& space() const;
+  void keepTable();
   void preview();
   void show(const render::PaintedPage& page, const QString& scaleText, const std::vector<std::string>& warnings);
   Drawing& drawing_;
   AcDbStub* sheet_;  // that is shown; null: the model
   render::WholeScene scene_;
+  QString table_;  // as the form was opened
   QLabel *picture_, *message_;
 };
 // Shows the form; of a drawing that can't be plotted the reason.

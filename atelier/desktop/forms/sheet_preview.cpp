@@ -15,6 +15,7 @@
 #include <QSpinBox>
 #include <algorithm>
 
+#include "atelier/desktop/forms/form_parts.h"
 #include "atelier/render/painters/cairo_painter.h"
 #include "atelier/render/shapes/plot_error.h"
 #include "atelier/render/sheets/plot_builtins.h"
@@ -39,13 +40,14 @@ SheetPreviewWindow::SheetPreviewWindow(render::SheetSet& sheets, QWidget* parent
   zoom = new QComboBox(this);
   zoom->addItem(QStringLiteral("Page entière"), 0.0);
   for (const int percent : {50, 100, 200}) zoom->addItem(QStringLiteral("%1 %").arg(percent), percent / 100.0);
+  inks = inksChoice(this, sheets.colours());
   auto* before = new QPushButton(QStringLiteral("Précédente"), this);
   auto* after = new QPushButton(QStringLiteral("Suivante"), this);
   auto* printer = new QPushButton(QStringLiteral("Imprimer..."), this);
   auto* close = new QPushButton(QStringLiteral("Fermer"), this);
   auto* bar = new QHBoxLayout;
   for (QWidget* widget : {static_cast<QWidget*>(before), static_cast<QWidget*>(page), static_cast<QWidget*>(after),
-                          static_cast<QWidget*>(zoom)})
+                          static_cast<QWidget*>(zoom), static_cast<QWidget*>(inks)})
     bar->addWidget(widget);
   bar->addStretch();
   bar->addWidget(printer);
@@ -63,6 +65,7 @@ SheetPreviewWindow::SheetPreviewWindow(render::SheetSet& sheets, QWidget* parent
   connect(after, &QPushButton::clicked, page, &QSpinBox::stepUp);
   connect(page, &QSpinBox::valueChanged, this, &SheetPreviewWindow::showPage);
   connect(zoom, &QComboBox::currentIndexChanged, this, &SheetPreviewWindow::showPage);
+  connect(inks, &QComboBox::currentIndexChanged, this, &SheetPreviewWindow::takeInks);
   connect(printer, &QPushButton::clicked, this, &SheetPreviewWindow::print);
   connect(close, &QPushButton::clicked, this, &QDialog::accept);
   showPage();
@@ -91,6 +94,15 @@ void SheetPreviewWindow::showPage() {
     picture->setText(QString::fromUtf8(error.what()));
   }
   setWindowTitle(QString::fromStdString(sheets_.titleOf(static_cast<std::size_t>(page->value() - 1))));
+}
+
+void SheetPreviewWindow::takeInks() {
+  try {
+    sheets_.setColours(inks->currentData().toString().toStdString());
+    showPage();
+  } catch (const Error& error) {
+    picture->setText(QString::fromUtf8(error.what()));
+  }
 }
 
 void SheetPreviewWindow::resizeEvent(QResizeEvent* event) {

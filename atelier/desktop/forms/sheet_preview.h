@@ -20,7 +20,7 @@ class SheetPreviewWindow : public QDialog {
   explicit SheetPreviewWindow(render::SheetSet& sheets, QWidget* parent = nullptr);
 
   QSpinBox* page = nullptr;  // from 1
-  QComboBox* zoom = nullptr;
+  QComboBox *zoom = nullptr, *inks = nullptr;
   QLabel* picture = nullptr;
   // On any device that takes pages, each sheet a page of its own size.
   void printOn(QPagedPaintDevice& device);
@@ -31,6 +31,7 @@ class SheetPreviewWindow : public QDialog {
  private:
   QImage painted(int sheet, double perMm) const;
   void showPage();
+  void takeInks();
   void print();
 
   render::SheetSet& sheets_;

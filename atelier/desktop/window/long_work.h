@@ -12,8 +12,9 @@ class LongWork {
  public:
   static constexpr const char* kName = "travail";  // of the dialog, as an object
   explicit LongWork(QWidget& window) : window_(window) {}
-  // Milliseconds; tests take less, so that they don't depend on how fast the machine is.
-  static inline qint64 shownAfter = 500;
+  // Milliseconds until it is shown, and between two looks at the user; tests take less, so that they don't depend on how fast the
+  // machine is.
+  static inline qint64 shownAfter = 500, pause = 50;
   // While the work goes on. Shown from the half second on; `stop` is called when the user wants it to end. Whether it is shown.
   bool goesOn(const QString& name, qint64 milliseconds, const std::function<void()>& stop);
   void end() { shown_.reset(); }

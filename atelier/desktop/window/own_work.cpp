@@ -10,8 +10,6 @@
 namespace atelier::desktop {
 namespace {
 
-constexpr qint64 kPause = 50;  // milliseconds between two looks
-
 OwnWork* underWay = nullptr;
 
 }  // namespace
@@ -40,7 +38,7 @@ void OwnWork::look() {
   looks_ = true;
   shown_.goesOn(name_, now, [this] { stopped_ = true; });
   looks_ = false;
-  lookAt_ = timer_.elapsed() + kPause;
+  lookAt_ = timer_.elapsed() + LongWork::pause;
 }
 
 }  // namespace atelier::desktop

@@ -147,7 +147,13 @@ class Painting::Painter {
   std::uint64_t source_ = 0;          // of what was painted last, and its layer
   std::string layer_;
 
-  double width(const Pen& pen) const { return std::max(pen.weightMm * options_.unitsPerMm, options_.thinnest); }
+  const InkRow* ink(const Colour& drawn) const { return options_.inks ? options_.inks->rowOf(drawn) : nullptr; }
+
+  double width(const Pen& pen) const {
+    const InkRow* const row = ink(pen.colour);
+    return std::max((row ? row->weightMm : std::nullopt).value_or(pen.weightMm) * options_.unitsPerMm,
+                    options_.thinnest);
+  }
 
   void plainDot(Pt at, const Dot& dot) {
     const double radius = std::max(kPointDotMm * options_.unitsPerMm, options_.thinnest) / 2;
@@ -167,14 +173,17 @@ class Painting::Painter {
     if (mode & 64) mark.append(fonts::rectangle(square));
   }
 
-  Colour resolved(Colour colour, bool area = false) const {
-    const std::uint8_t alpha = colour.alpha;
-    const bool hides = colour.kind == Colour::Kind::background;
-    if (colour.kind == Colour::Kind::foreground) colour = options_.foreground;
-    else if (hides) colour = options_.background;
-    if (options_.inks != Inks::colours && !hides)
-      colour = options_.inks == Inks::black && !area ? options_.foreground : grey(colour);
-    colour.alpha = alpha;
+  Colour onSurface(const Colour& colour) const {
+    if (colour.kind == Colour::Kind::foreground) return options_.foreground;
+    return colour.kind == Colour::Kind::background ? options_.background : colour;
+  }
+
+  Colour resolved(const Colour& drawn, bool area = false) const {
+    const InkRow* const row = ink(drawn);
+    const Ink wanted = row ? area ? row->area : row->line : Ink();
+    Colour colour = onSurface(wanted.kind == Ink::Kind::given ? wanted.colour : drawn);
+    if (wanted.kind == Ink::Kind::grey) colour = grey(colour);
+    colour.alpha = drawn.alpha;
     return colour;
   }
 

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "atelier/render/painters/hairlines.h"
+#include "atelier/render/shapes/inks.h"
 #include "atelier/render/shapes/primitives.h"
 
 namespace atelier::render {
@@ -50,7 +51,7 @@ struct PaintOptions {
   std::size_t most = 0;     // 0: no limit
   bool embedFonts = false;  // texts as glyphs of their fonts: for PDF and SVG, smaller and searchable
   Colour foreground{0, 0, 0}, background{255, 255, 255};
-  Inks inks = Inks::colours;  // pictures keep theirs
+  Inks inks;
 };
 
 // Paints primitive by primitive, each over the ones before. Strokes alike that follow one another become one path: a

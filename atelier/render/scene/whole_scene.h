@@ -15,6 +15,7 @@ class WholeScene {
   // What was drawn elsewhere.
   explicit WholeScene(DisplayList list);
 
+  const AcDbDatabase* drawing() const { return drawing_; }  // null for a list
   // In drawing order; then what lies above.
   void each(const std::function<void(const Primitive&)>& receive) const;
   // Of all primitives that have an end.

@@ -31,9 +31,6 @@ struct Colour {
 constexpr Colour kForeground{0, 0, 0, Colour::Kind::foreground};
 constexpr Colour kBackground{255, 255, 255, Colour::Kind::background};
 
-// What a plot makes of colours: grey of their lightness; lines and texts black, areas grey.
-enum class Inks : std::uint8_t { colours, greys, black };
-
 // Alternating dashes and gaps in drawing units, a dash first; a dash of 0 is a dot. Shared by all users.
 using Dashes = std::shared_ptr<const std::vector<double>>;
 

@@ -9,17 +9,16 @@
 #include "atelier/database/objects/layouts.h"
 #include "atelier/database/records/groups.h"
 #include "atelier/render/shapes/plot_error.h"
+#include "atelier/render/sheets/ink_tables.h"
 
 namespace atelier::render {
 namespace {
 
 constexpr double kInchMm = 25.4;
 
-// The LAYOUT object of a space, empty where there is none (R12).
 Record settingsOf(AcDbImpDatabase& database, AcDbStub& space) {
-  const Record& block = AcDbImpObject::of(&database.object(space)).record;
-  AcDbStub* layout = database.stubOf(block.handle(handleField("AcDbBlockTableRecord", 340)));
-  return layout && !layout->is(AcDbStub::kErased) ? AcDbImpObject::of(&database.object(*layout)).settled() : Record();
+  AcDbStub* const layout = layoutOf(space);
+  return layout ? AcDbImpObject::of(&database.object(*layout)).settled() : Record();
 }
 
 struct Sheet {
@@ -88,6 +87,8 @@ void LayoutPage::addView(const AcDbDatabase& database, const Viewport& viewport)
   views_.push_back({&scenes_.back(), viewport.toPaper, viewport.window});
 }
 
+Inks LayoutPage::inks() const { return inksOf(space_); }
+
 Box LayoutPage::content() const {
   Box all = scenes_.front().bounds();
   for (const Viewport& viewport : viewports_) all.add(viewport.window);
@@ -149,7 +150,7 @@ std::vector<std::string> plotLayouts(const AcDbDatabase& database, const std::ve
   std::vector<PaintedPage> painted;
   for (const LayoutPage& page : pages) {
     painted.push_back(page.page());
-    painted.back().inks = options.inks;
+    painted.back().inks = options.inks ? *options.inks : page.inks();
     warnings.insert(warnings.end(), page.warnings.begin(), page.warnings.end());
   }
   if (kind == FileKind::pdf || painted.size() == 1) {

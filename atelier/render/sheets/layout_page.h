@@ -28,6 +28,7 @@ class LayoutPage {
   LayoutPage& operator=(const LayoutPage&) = delete;
 
   const PaintedPage& page() const { return page_; }
+  Inks inks() const;                  // those that the layout names
   std::vector<std::string> warnings;  // French
 
  private:

@@ -161,13 +161,6 @@ Box parseWindow(std::string_view text) {
   return box;
 }
 
-Inks parseInks(std::string_view text) {
-  if (text == "colour") return Inks::colours;
-  if (text == "grey") return Inks::greys;
-  if (text == "black") return Inks::black;
-  throw PlotError("couleurs \"" + std::string(text) + "\" : attendu colour, grey ou black");
-}
-
 double parseDpi(std::string_view text) {
   const auto value = readNumber(text);
   if (!value || *value < kLeastDpi || *value > kMostDpi)

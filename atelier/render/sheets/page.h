@@ -42,8 +42,6 @@ std::optional<double> parseScale(std::string_view text);
 Paper parsePaper(std::string_view text);
 // "x1,y1,x2,y2", any two opposite corners, drawing units; not of zero width or height.
 Box parseWindow(std::string_view text);
-// "colour", "grey" or "black".
-Inks parseInks(std::string_view text);
 // Points per inch of a picture, within the limits.
 double parseDpi(std::string_view text);
 

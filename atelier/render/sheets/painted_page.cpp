@@ -35,7 +35,7 @@ struct Canvas {
   PdfFile* pdf = nullptr;
 };
 
-void paintPart(const Canvas& canvas, const PagePart& part, Inks inks) {
+void paintPart(const Canvas& canvas, const PagePart& part, const Inks& inks) {
   const double unitsPerMm = canvas.unitsPerMm;
   PaintOptions options;
   options.toSurface = Affine::scaling(unitsPerMm, unitsPerMm) * part.toPage;

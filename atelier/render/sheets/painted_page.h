@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "atelier/render/scene/whole_scene.h"
+#include "atelier/render/shapes/inks.h"
 
 namespace atelier::render {
 
@@ -20,7 +21,7 @@ struct PagePart {
 struct PaintedPage {
   double widthMm = 0, heightMm = 0;
   std::vector<PagePart> parts;
-  Inks inks = Inks::colours;
+  Inks inks;
 };
 
 enum class FileKind : unsigned char { pdf, svg, png };

@@ -3,6 +3,7 @@
 #include "atelier/render/sheets/plot_builtins.h"
 
 #include "atelier/base/files.h"
+#include "atelier/database/objects/layouts.h"
 #include "atelier/database/objects/stub.h"
 #include "atelier/document/document.h"
 #include "atelier/document/services.h"
@@ -14,6 +15,7 @@
 #include "atelier/render/scene/picture_files.h"
 #include "atelier/render/scene/scene.h"
 #include "atelier/render/sheets/atomic_file.h"
+#include "atelier/render/sheets/ink_tables.h"
 #include "atelier/render/sheets/layout_page.h"
 #include "atelier/render/sheets/sheet_arguments.h"
 #include "atelier/render/sheets/sheets.h"
@@ -116,7 +118,31 @@ Value plotSheetSet(Interpreter& in, Arguments arguments) {
   return in.t();
 }
 
+// A layout names its table; other programs read it there, too.
+Value plotTable(Interpreter& in, Arguments arguments) {
+  Document& document = Document::needed();
+  AcDbStub& space = *static_cast<AcDbStub*>(document.database().currentSpaceId());
+  AcDbStub* const layout = layoutOf(space);
+  if (!arguments.empty()) {
+    const std::string name(lisp::stringArgument(in, arguments[0]));
+    AcDbObject* object = nullptr;
+    if (!layout || acdbOpenObject(object, AcDbObjectId(layout), AcDb::kForWrite) != Acad::eOk) return lisp::nil;
+    AcDbImpObject::of(object).setText(kTableField, name);
+    object->close();
+  }
+  return in.string(tableOf(space));
+}
+
+Value plotTables(Interpreter& in, Arguments) {
+  lisp::ValueStack names(in);
+  for (const std::string& name : inkTables()) names.push(in.string(name));
+  return names.list();
+}
+
 constexpr lisp::Builtin kTable[] = {
+    {"table-de-trace", plotTable, 0, 1, "(table-de-trace [nom])",
+     "La table de tracé que nomme la présentation montrée, \"\" sans table; avec un nom, la change."},
+    {"tables-de-trace", plotTables, 0, 0, "(tables-de-trace)", "Les noms des tables de tracé connues."},
     {"etendue-tracee", extentsDrawn, 1, 1, "(etendue-tracee entités)",
      "Les deux coins de ce que des entités couvrent, textes compris, ou nil."},
     {"modele-feuille", roomOfTemplate, 1, 1, "(modele-feuille fichier)",
@@ -138,7 +164,7 @@ constexpr lisp::Builtin kTable[] = {
      "étant au-dessus de l'abscisse, C une coupure; les dessins, en mm depuis le bas de la place, (\"L\" épaisseur x y "
      "...), (\"T\" hauteur 0|1|2 texte x y), (\"A\" x y ...), ou (\"B\" x y ...) qui efface, ou (\"I\" "
      "image x1 y1 x2 y2). Les infos sont titre, "
-     "auteur, sujet, couleurs (Gris ou Noir) et police des textes de la feuille, le "
+     "auteur, sujet, couleurs (Gris, Noir ou une table de tracé) et police des textes de la feuille, le "
      "texte de <SIGNET> le signet d'une feuille."},
 };
 
@@ -148,6 +174,7 @@ std::vector<std::string> plotWished(Document& document, const PlotWish& wish) {
   if (!wish.scale.empty()) options.page.scale = parseScale(wish.scale);
   if (!wish.paper.empty()) options.page.paper = parsePaper(wish.paper);
   if (!wish.window.empty()) options.page.window = parseWindow(wish.window);
+  if (!wish.table.empty()) options.inks = inksOfTable(wish.table);
   if (!wish.layout.empty() && !equalNoCase(wish.layout, "Model"))
     return plotLayouts(document.database(), {wish.layout}, wish.file, options);
   return plot(WholeScene(document.database()), wish.file, options);

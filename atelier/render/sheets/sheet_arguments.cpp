@@ -142,7 +142,7 @@ SetInfo infoOf(Interpreter& in, Value list) {
     else if (key == "auteur") info.author = text;
     else if (key == "sujet") info.subject = text;
     else if (key == "police") info.font.file = text;
-    else if (key == "couleurs") info.inks = text == "Gris" ? Inks::greys : text == "Noir" ? Inks::black : Inks::colours;
+    else if (key == "couleurs") info.colours = text;
   }
   return info;
 }

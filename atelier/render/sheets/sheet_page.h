@@ -10,8 +10,8 @@ namespace atelier::render {
 
 class SheetPage {
  public:
-  SheetPage(const SheetCanvas& canvas, const Template& model, const SetInfo& info)
-      : canvas_(canvas), model_(model), inks_(info.inks), font_(info.font) {}
+  SheetPage(const SheetCanvas& canvas, const Template& model, const Inks& inks, const fonts::FontStyle& font)
+      : canvas_(canvas), model_(model), inks_(inks), font_(font) {}
 
   // Millimetres of the template to those of the page, from its top left corner.
   Affine paper() const { return {1, 0, 0, -1, -model_.sheet.xMin, model_.sheet.yMax}; }

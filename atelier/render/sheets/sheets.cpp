@@ -14,6 +14,7 @@
 #include "atelier/dxf/reading/reader.h"
 #include "atelier/render/scene/whole_scene.h"
 #include "atelier/render/shapes/plot_error.h"
+#include "atelier/render/sheets/ink_tables.h"
 #include "atelier/render/sheets/pdf_file.h"
 #include "atelier/render/sheets/sheet_page.h"
 
@@ -99,7 +100,15 @@ Template readTemplate(const std::string& file) {
 SheetSet::SheetSet(const AcDbDatabase& drawing, Template model, std::vector<Sheet> sheets, SetInfo info)
     : model_(std::move(model)), sheets_(std::move(sheets)), info_(std::move(info)), scene_(drawing) {
   if (sheets_.empty()) throw PlotError("aucune feuille à tracer");
+  if (!info_.colours.empty()) setColours(info_.colours);
+  else if (AcDbStub* const space = AcDbImpDatabase::of(&drawing).modelSpace())
+    info_.colours = tableOf(*space), inks_ = inksOf(*space);
   warn(scene_.warnings());
+}
+
+void SheetSet::setColours(const std::string& name) {
+  inks_ = inksNamed(name);
+  info_.colours = name;
 }
 
 const std::string& SheetSet::titleOf(std::size_t sheet) const {
@@ -111,7 +120,7 @@ const std::string& SheetSet::titleOf(std::size_t sheet) const {
 void SheetSet::paint(std::size_t sheet, const SheetCanvas& canvas) {
   const OpenTemplate opened(model_, sheets_[sheet].texts);
   const WholeScene frame(opened.database);
-  const SheetPage page(canvas, model_, info_);
+  const SheetPage page(canvas, model_, inks_, info_.font);
   // A page of words and lines alone shows no part of the drawing.
   if (!sheets_[sheet].views.empty() || sheets_[sheet].items.empty()) page.views(scene_, sheets_[sheet]);
   page.items(sheets_[sheet].items);

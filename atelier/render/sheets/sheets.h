@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "atelier/render/scene/whole_scene.h"
+#include "atelier/render/shapes/inks.h"
 #include "atelier/render/shapes/primitives.h"
 
 class AcDbDatabase;
@@ -95,7 +96,7 @@ Template readTemplate(const std::string& file);
 // What a reader of the file is told; UTF-8.
 struct SetInfo {
   std::string title, author, subject;
-  Inks inks = Inks::colours;
+  std::string colours;    // what inksNamed takes; empty: the table that the layout of the model space names
   fonts::FontStyle font;  // of what is written on the sheets themselves: axes, plans, lists
 };
 
@@ -123,6 +124,9 @@ class SheetSet {
   const SetInfo& info() const { return info_; }
   // The line of a sheet in a list of them.
   const std::string& titleOf(std::size_t sheet) const;
+  const std::string& colours() const { return info_.colours; }
+  // Throws as inksNamed does.
+  void setColours(const std::string& name);
   // Throws PlotError for a view without size, or views that are larger than the room together.
   void paint(std::size_t sheet, const SheetCanvas& canvas);
   std::vector<std::string> warnings;  // French, each once; of what was painted
@@ -132,6 +136,7 @@ class SheetSet {
   Template model_;
   std::vector<Sheet> sheets_;
   SetInfo info_;
+  Inks inks_;
   WholeScene scene_;
 };
 
