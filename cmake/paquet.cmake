@@ -48,7 +48,7 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION graphics)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-osifont, fontconfig")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-osifont, fonts-liberation, fontconfig")
 if(KAVEL_DESKTOP)
   string(APPEND CPACK_DEBIAN_PACKAGE_DEPENDS ", qt6-translations-l10n")  # Qt's own texts in French
 endif()
