@@ -79,11 +79,17 @@
      (plv-calques:habiller nom)
      nom)))
 
-(defun plv-calques:trait (nom)
-  "Dashes of 3 and gaps of 2 drawing units, unless the drawing has the line type."
-  (if (not (tblsearch "LTYPE" nom))
-    (entmake (list '(0 . "LTYPE") '(100 . "AcDbSymbolTableRecord") '(100 . "AcDbLinetypeTableRecord") (cons 2 nom) '(70 . 0) '(3 . "__ __ __")
-                   '(72 . 65) '(73 . 2) '(40 . 5.0) '(49 . 3.0) '(74 . 0) '(49 . -2.0) '(74 . 0)))))
+;; dashes and gaps in drawing units of the line types that the front-end makes
+(setq plv-calques:traits '(("KAVEL-TIRETS" "__ __ __" 3.0 -2.0) ("KAVEL-LONGS" "____ ____" 8.0 -2.0) ("KAVEL-MIXTE" "____ _ ____" 8.0 -2.0 2.0 -2.0)))
+
+(defun plv-calques:trait (nom / trait)
+  "Makes the line type, unless the drawing has one of the name."
+  (if (and (setq trait (assoc nom plv-calques:traits)) (not (tblsearch "LTYPE" nom)))
+    (entmake
+      (append
+        (list '(0 . "LTYPE") '(100 . "AcDbSymbolTableRecord") '(100 . "AcDbLinetypeTableRecord") (cons 2 nom) '(70 . 0) (cons 3 (cadr trait))
+              '(72 . 65) (cons 73 (length (cddr trait))) (cons 40 (apply '+ (mapcar 'abs (cddr trait)))))
+        (apply 'append (mapcar '(lambda (d) (list (cons 49 d) '(74 . 0))) (cddr trait)))))))
 
 (defun plv-creer-calques ()
   "All layers, also those of a drawing whose layers have no mark yet."

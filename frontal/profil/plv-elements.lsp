@@ -70,7 +70,8 @@
   (setq deja (plv-elements profil genre)
         nouvelles (vl-remove-if '(lambda (e) (member e deja)) entites))
   (foreach e entites (if (member e deja) (plv-marquer-du-projet e T)))
-  (if nouvelles (pl_elem_prj profil genre (plv-jeu nouvelles))))
+  (if nouvelles (pl_elem_prj profil genre (plv-jeu nouvelles)))
+  (plv-presenter-ligne profil genre))
 
 ;; --- what a vertical curve was drawn with: its radius, and its shape C (circle) or P (parabola)
 

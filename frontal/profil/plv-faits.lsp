@@ -90,6 +90,8 @@
 
 (defun plv-presenter-titre (profil y) "The same above its title." (plv-faits:appeler 'titre (list profil y)))
 
+(defun plv-presenter-ligne (profil genre) "Gives lines that were attached the look of their kind." (plv-faits:appeler 'attachee (list profil genre)))
+
 (defun plv-presenter-tables (profil) "The same of its tables, in place of what was drawn of them." (plv-faits:appeler 'tables (list profil)))
 
 ;; --- noting

@@ -121,24 +121,36 @@
 
 (defun plv-habiller-calques () (foreach c (plv-calques-du-dessin) (plv-habiller-calque (car c) (cadr c))))
 
-;; --- project lines: each kind on a layer of its own, where the style has a row for it
+;; --- project lines: each kind on a layer of its own, where the style has a row for it; in a drawing without a style the kinds that
+;; aren't the road, so that lines of one profile are told apart
+
+;; kind, colour, line type
+(setq plv-style:genres '(("Terrassements" 30 "Continuous") ("Assainissement" 94 "KAVEL-LONGS") ("AEp" 150 "KAVEL-MIXTE") ("Generique" 200 "KAVEL-TIRETS")))
 
 (defun plv-style-calque-du-genre (genre) (strcat "PLV-PROJET-" (strcase genre)))
 
 (defun plv-style:de-projet-p (entite)
   (wcmatch (strcase (plv-cle 8 (entget entite))) (strcat (strcase (plv-calque "PLV-PROJET")) ",PLV-PROJET-*")))
 
-(defun plv-style:rangement (profil genre / champs calque groupes)
+(defun plv-style:calque-du-genre (genre / habille aspect)
+  "The layer on which lines of a kind belong, made when there is none."
+  (setq habille (assoc (strcase genre) (mapcar '(lambda (l) (cons (strcase (car l)) l)) (plv-style:rangees-de "ligne")))
+        aspect (assoc (strcase genre) (mapcar '(lambda (g) (cons (strcase (car g)) (cdr g))) plv-style:genres)))
+  (cond
+    (habille (plv-calque-propre (plv-style-calque-du-genre genre) 7 "Continuous"))
+    ((and aspect (not (plv-style-nom))) (plv-calque-propre (plv-style-calque-du-genre genre) (cadr aspect) (caddr aspect)))
+    ((plv-calque "PLV-PROJET"))))
+
+(defun plv-style:rangement (profil genre / calque groupes)
   "The lines of a kind that stand on the layers of the front-end, on the kind's."
-  (setq champs (assoc (strcase genre) (mapcar '(lambda (l) (cons (strcase (car l)) l)) (plv-style:rangees-de "ligne"))))
-  (if champs
-    (setq calque (plv-calque-propre (plv-style-calque-du-genre genre) 7 "Continuous"))
-    (setq calque (plv-calque "PLV-PROJET")))
+  (if (plv-elements profil genre) (setq calque (plv-style:calque-du-genre genre)))
   (foreach e (plv-elements profil genre)
     (setq groupes (entget e))
     (if (and (plv-style:de-projet-p e) (/= (plv-cle 8 groupes) calque)) (entmod (subst (cons 8 calque) (assoc 8 groupes) groupes)))))
 
 (defun plv-ranger-lignes (profil) (foreach genre (plv-genres-projet) (plv-style:rangement profil genre)))
+
+(plv-brancher 'attachee '(lambda (profil genre) (if (member genre (plv-genres-projet)) (plv-style:rangement profil genre))))
 
 ;; --- texts
 

@@ -117,9 +117,10 @@ class Drawing:
         return self.version != "AC1009"
 
     def of(self, kind, layer=None):
-        """The entities of a kind on a layer, under the name that another program gave it, too."""
+        """The entities of a kind on a layer, under the name that another program gave it, too; of project lines on those of their kinds."""
         layers = (layer, FOREIGN.get(layer))
-        return [e for e in self.entities if e.kind == kind and (layer is None or e.layer in layers)]
+        kinds = layer + "-" if layer == "PLV-PROJET" else "\0"
+        return [e for e in self.entities if e.kind == kind and (layer is None or e.layer in layers or (e.layer or "").startswith(kinds))]
 
 
 def rename(path):

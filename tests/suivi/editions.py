@@ -232,7 +232,7 @@ class Serie:
         except ImportError:
             return
         document = ezdxf.readfile(drawing)
-        lines = [e for e in document.modelspace() if e.dxftype() == "LWPOLYLINE" and e.dxf.layer == "PLV-PROJET"]
+        lines = [e for e in document.modelspace() if e.dxftype() == "LWPOLYLINE" and e.dxf.layer.startswith("PLV-PROJET")]
         if lines:
             line = self.rng.choice(lines)
             with line.points("xyb") as points:

@@ -58,6 +58,20 @@
 ((equal avant (list (calque "PLV-TN") (plv-ttxt p) (sslength (ssget "X")))) T)
 ((plv-style-nom) nil)
 
+;; Without a style too each kind but the road's has a layer, colour and line type of its own, at once; a style takes them over.
+(situation "KindsAreToldApart")
+(preparer
+  (foreach g '("Projet" "Voirie" "AEp" "Assainissement") (plv-projet p g '((0.0 49.0) (200.0 45.0))))
+  (defun du-genre (g) (mapcar '(lambda (e) (cdr (assoc 8 (entget e)))) (plv-elements p g)))
+  (defun aspect (c / g) (setq g (tblsearch "LAYER" c)) (list (cdr (assoc 62 g)) (cdr (assoc 6 g)))))
+((mapcar '(lambda (g) (car (du-genre g))) '("Projet" "Voirie" "AEp" "Assainissement")) ("PLV-PROJET" "PLV-PROJET" "PLV-PROJET-AEP" "PLV-PROJET-ASSAINISSEMENT"))
+((mapcar 'aspect '("PLV-PROJET-AEP" "PLV-PROJET-ASSAINISSEMENT")) ((150 "KAVEL-MIXTE") (94 "KAVEL-LONGS")))
+(preparer (plv-style "<dossier>s.txt" nil 1000.0))
+((car (du-genre "Voirie")) "PLV-PROJET-VOIRIE")
+;; what a hand has put elsewhere stays there
+(preparer (setq e (car (plv-elements p "AEp"))) (command "_-LAYER" "_N" "A-MOI" "") (entmod (subst '(8 . "A-MOI") (assoc 8 (entget e)) (entget e))) (plv-ranger-lignes p))
+((du-genre "AEp") ("A-MOI"))
+
 (situation "LinesHaveLabels")
 (preparer
   (plv-projet-fichier p "Voirie" "<dossier>p.csv")
