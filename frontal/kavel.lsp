@@ -57,7 +57,7 @@
     (feuilles (base profil fiches plan reseaux tableaux metres)
      plv-encarts plv-cartouche plv-logo plv-bande-plan plv-liste-feuilles plv-feuilles plv-feuilles-tracer plv-presentations plv-presentations-faire plv-feuilles-fiche plv-cartouche-fiche)
     (suivi (base profil fiches plan reseaux tranchees tableaux cotes metres echange page feuilles)
-     plv-sources plv-choses plv-etat plv-refaire plv-mains plv-actualiser plv-sortie plv-suivre-sol plv-etat-fiche)
+     plv-sources plv-sources-metres plv-choses plv-etat plv-refaire plv-mains plv-actualiser plv-sortie plv-suivre-sol plv-etat-fiche)
     (styles (base profil fiches reseaux tableaux metres suivi)
      plv-style-fichier plv-style plv-fond plv-boites plv-libelles plv-libelles-poser plv-legende-lignes plv-cadres plv-presentation plv-style-fiche)
     (ensemble (base profil fiches plan metres)

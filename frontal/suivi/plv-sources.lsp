@@ -46,6 +46,7 @@
     ("tranchees" "les types de tranchées, ou un sol qu'ils nomment" plv-sources:tranchees)
     ("prix" "les prix" plv-sources:prix)
     ("classes" "les classes de profondeur" plv-sources:classes)
+    ("classes-vues" "les classes de profondeur" plv-sources:classes-vues)
     ("fixes" "les éléments fixes" plv-sources:fixes)
     ("numero" "le numéro du profil" plv-sources:numero)
     ("textes" "la hauteur des textes" plv-sources:textes)
@@ -247,70 +248,6 @@
       (vl-remove-if '(lambda (e) (or (> (plv-debut e) (+ (plv-fin etendue) portee)) (< (plv-fin e) (- (plv-debut etendue) portee))))
         (mapcar '(lambda (c) (plv-etendue-courbe profil c)) (vl-remove courbe (plv-courbes-cotees-du-genre profil (plv-genre-de profil courbe)))))
       '(lambda (a b) (< (plv-debut a) (plv-debut b))))))
-
-;; --- quantities
-
-(defun plv-sources:mesurees (profil genre)
-  (plv-sources:lire (list "lignes" profil genre) '(lambda () (plv-lignes-mesurees profil genre nil))))
-
-(defun plv-sources:lignes (profil fait) (list (plv-sources:mesurees profil (plv-fait-genre fait))))
-
-(defun plv-sources:contours (profil fait)
-  "What the outlines of hatches follow, vertex by vertex."
-  (list (plv-lignes-mesurees profil (plv-fait-genre fait) T)))
-
-(defun plv-sources:arcs-lignes (profil fait) (list (plv-arcs-mesures profil (plv-fait-genre fait))))
-
-(defun plv-sources:sol-contours (profil fait / etendue)
-  (setq etendue (plv-etendue-mesuree (plv-sources:mesurees profil (plv-fait-genre fait))))
-  (list (if etendue (plv-terrain-mesure profil etendue T))))
-
-(defun plv-sources:lignes-jointes (profil fait)
-  "For what doesn't show where lines are cut."
-  (list (plv-joindre-lignes (plv-sources:mesurees profil (plv-fait-genre fait)))))
-
-(defun plv-sources:sol-lignes (profil fait / genre etendue)
-  (setq genre (plv-fait-genre fait)
-        etendue (plv-etendue-mesuree (plv-sources:mesurees profil genre)))
-  (list (if etendue (plv-sources:lire (list "sol" profil genre) '(lambda () (plv-terrain-mesure profil etendue nil))))))
-
-(defun plv-sources:plans-lignes (profil fait / etendue)
-  "The planes over which the lines of a kind are drawn."
-  (setq etendue (plv-etendue-mesuree (plv-sources:mesurees profil (plv-fait-genre fait))))
-  (list
-    (if etendue
-      (mapcar '(lambda (s) (list (max (plv-plan-debut s) (plv-debut etendue)) (plv-plan-altitude s)))
-        (vl-remove-if '(lambda (s) (or (<= (plv-section-fin s) (plv-debut etendue)) (>= (plv-plan-debut s) (plv-fin etendue))))
-          (plv-sections-de-plan profil))))))
-
-(defun plv-sources:reseau (profil fait) (list (plv-reseau-lu profil (plv-fait-genre fait))))
-
-(defun plv-sources:reseau-ecrit (profil fait)
-  "What a row shows."
-  (list (plv-premiere-station profil) (plv-reseau-de-rangee profil (plv-rangee-infos (plv-sources:rangee fait)))))
-
-(defun plv-sources:tranchees (profil fait / genre)
-  "The rules, the ground of the profile, and the others that the rules name."
-  (setq genre (plv-fait-genre fait))
-  (list (plv-tranchees-regles profil genre) (plv-points-tn profil) (plv-tranchees-sols profil genre)))
-
-(defun plv-sources:prix (profil fait / chemin)
-  "Of a file that isn't there nothing is known."
-  (if (setq chemin (findfile (cond ((car (plv-fait-reponses fait))) ("")))) (plv-lire-lignes chemin)))
-
-(defun plv-sources:classes (profil fait) (plv-sources:lire (list "classes") '(lambda () (list (plv-classes-profondeur)))))
-
-(defun plv-sources:fixe (profil groupe)
-  "What a group of the record of fixed elements tells: an abscissa, or an entity with its attributes."
-  (cond ((= (car groupe) 10) (list (- (cadr groupe) (car (plv-origine profil)))))
-        ((and (= (car groupe) 330) (plv-existe (cdr groupe)))
-         (cons (plv-type (cdr groupe)) (if (= (plv-type (cdr groupe)) "INSERT") (plv-sources:bloc profil (cdr groupe)))))))
-
-(defun plv-sources:fixes (profil fait)
-  (list
-    (vl-remove nil
-      (mapcar '(lambda (g) (plv-sources:fixe profil g))
-        (apply 'append (mapcar '(lambda (genre) (plv-statiques-du-genre profil genre)) (plv-genres)))))))
 
 ;; --- files. An update that is undone leaves its files: the drawing then knows of others than those that are there.
 

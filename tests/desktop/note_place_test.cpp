@@ -21,6 +21,9 @@ TEST(NotePlace, ANoteStandsWhereItHidesNothing) {
   for (const Case& c : {Case{{500, 300}, {}, NoteCorner::belowRight}, Case{{500, 300}, {falls}, NoteCorner::aboveRight},
                         Case{{500, 300}, {falls, rises}, NoteCorner::belowLeft},
                         Case{{500, 300}, {falls, rises, comes}, NoteCorner::aboveLeft},
+                        // a line that comes down to the cursor goes on down to the right
+                        Case{{500, 300}, {QLineF(100, 100, 498, 300)}, NoteCorner::aboveRight},
+                        Case{{500, 300}, {QLineF(100, 500, 498, 300)}, NoteCorner::belowRight},
                         // at the border of the view only what fits counts
                         Case{{950, 300}, {}, NoteCorner::belowLeft}, Case{{950, 580}, {}, NoteCorner::aboveLeft}}) {
     NoteCorner corner = NoteCorner::belowRight;

@@ -58,10 +58,9 @@ def one(args, seed):
 
 def permitted(line, words):
     """Dimensions stand at ground points: a curve that changed elsewhere is told, though they may come out as they were. A plane may cut
-    a vertical curve, which is then followed by other chords. Classes count for hatches and legends, also those in which nothing lies."""
+    a vertical curve, which is then followed by other chords."""
     edited = [word.split()[0] for word in words]
-    return (line == "#FAUSSE COTES" or (line.startswith("#FAUSSE LEGENDE") and ("plane" in edited or "classes" in edited))
-            or (line.startswith("#FAUSSE HACHURES") and "classes" in edited))
+    return line == "#FAUSSE COTES" or (line.startswith("#FAUSSE LEGENDE") and "plane" in edited)
 
 
 FAULTS = ("#ECHEC", "#ENCORE", "#OUBLIEE", "#FAUSSE", "#DIFFERENTE")

@@ -8,8 +8,10 @@ namespace atelier::desktop {
 
 namespace {
 
-constexpr double kAway = 16;        // of the cursor, in pixels
-constexpr double kMuchBetter = 12;  // of lines that are hidden, in pixels
+constexpr double kAway = 16;                  // of the cursor, in pixels
+constexpr double kAtCursor = 12, kLine = 30;  // how near a line ends, and how long one is that isn't a mark, in pixels
+constexpr double kLess = 0.2;                 // what is likely counts for less than what is drawn
+constexpr double kMuchBetter = 12;            // of lines that are hidden, in pixels
 constexpr std::array kCorners = {NoteCorner::belowRight, NoteCorner::aboveRight, NoteCorner::belowLeft,
                                  NoteCorner::aboveLeft};
 
@@ -36,10 +38,21 @@ QRectF boxAt(const QPointF& cursor, const QSizeF& size, NoteCorner corner) {
           size};
 }
 
+// A line that comes to the cursor, gone on beyond it; an empty one otherwise.
+QLineF beyond(QLineF line, const QPointF& cursor, double reach) {
+  if (line.length() < kLine) return {};
+  if (QLineF(line.p1(), cursor).length() <= kAtCursor) line = QLineF(line.p2(), line.p1());
+  if (QLineF(line.p2(), cursor).length() > kAtCursor) return {};
+  QLineF further(line.p2(), line.p2() + (line.p2() - line.p1()));
+  further.setLength(reach);
+  return further;
+}
+
 // Hidden lines in pixels; what reaches beyond the view counts more than any line.
-double hidden(const QRectF& box, const QSizeF& view, std::span<const QLineF> drawn) {
+double hidden(const QRectF& box, const QSizeF& view, std::span<const QLineF> drawn, const QPointF& cursor) {
   double sum = QRectF({0, 0}, view).contains(box) ? 0 : 1e6;
-  for (const QLineF& line : drawn) sum += lengthWithin(box, line);
+  for (const QLineF& line : drawn)
+    sum += lengthWithin(box, line) + kLess * lengthWithin(box, beyond(line, cursor, kAway + box.width()));
   return sum;
 }
 
@@ -47,7 +60,7 @@ double hidden(const QRectF& box, const QSizeF& view, std::span<const QLineF> dra
 
 QRectF placeOfNote(const QPointF& cursor, const QSizeF& size, const QSizeF& view, std::span<const QLineF> drawn,
                    NoteCorner& corner) {
-  const auto cost = [&](NoteCorner c) { return hidden(boxAt(cursor, size, c), view, drawn); };
+  const auto cost = [&](NoteCorner c) { return hidden(boxAt(cursor, size, c), view, drawn, cursor); };
   const NoteCorner best = std::ranges::min(kCorners, {}, cost);
   if (cost(corner) > cost(best) + kMuchBetter) corner = best;
   return boxAt(cursor, size, corner);
