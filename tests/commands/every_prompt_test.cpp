@@ -1,9 +1,12 @@
 // Every prompt of every command that draws or changes objects: what isn't an answer changes nothing.
 // A command is answered up to each of its prompts; then the input ends, or Enter, a word or half a point come first. The
 // drawing must be the same each time. Enter is an answer where the prompt shows a default.
+#include <set>
 #include <string>
 #include <vector>
 
+#include "atelier/commands/command_table.h"
+#include "atelier/commands/commands.h"
 #include "tests/support/bare_host.h"
 
 namespace {
@@ -89,6 +92,11 @@ const Course kCourses[] = {
     {"-INSERT", {"B", "S", "2", "R", "30", "5,5"}},
     {"CHANGE", {"ALL", "", "P", "LA", "AXE", ""}},
     {"CHPROP", {"ALL", "", "C", "3", ""}},
+    {"-ARRAY", {"ALL", "", "R", "2", "3", "40", "50"}},
+    {"-ARRAY", {"ALL", "", "P", "0,0", "4", "360", "N"}},
+    {"ALIGN", {"ALL", "", "0,0", "5,5", "10,0", "5,25", "", "N"}},
+    {"3DFACE", {"0,0", "10,0", "10,10,5", "0,10", "0,20", "10,20", ""}},
+    {"-BOUNDARY", {"60,40", ""}},
 };
 
 constexpr const char* kDrawing = R"((progn
@@ -157,6 +165,38 @@ TEST(EveryPrompt, AllAnswersTogetherChangeTheDrawing) {
     const bool isSetting = course.answers[0] == "D" && course.answers.size() == 3;
     if (isSetting) continue;
     EXPECT_NE(withoutNames(after(course, course.answers.size(), nullptr).drawing), before) << course.command;
+  }
+}
+
+// Of the commands that draw or change, those without a course: other names' commands, settings, and what needs objects that the
+// drawing doesn't have.
+const std::set<std::string_view> kWithout{"BLOCK", "INSERT",  "RECTANG", "COLOR",    "SELECT",
+                                          "OOPS",  "ATTSYNC", "DDEDIT",  "DRAWORDER"};
+
+TEST(EveryPrompt, EveryCommandThatDrawsOrChangesHasACourse) {
+  std::set<std::string_view> played;
+  for (const Course& course : kCourses) played.insert(course.command);
+  using namespace atelier;
+  for (const auto& table :
+       {drawingCommands(),   shapeCommands(), divideCommands(),  dimensionCommands(), leaderCommands(),
+        attributeCommands(), plineCommands(), arcCommands(),     blockCommands(),     propertyCommands(),
+        textCommands(),      hatchCommands(), editingCommands(), curveCommands(),     cornerCommands(),
+        offsetCommands(),    trimCommands(),  stretchCommands(), explodeCommands(),   polylineCommands(),
+        insertCommands(),    arrayCommands(), orderCommands()})
+    for (const CommandRow& row : table)
+      EXPECT_TRUE(played.contains(row.name) || kWithout.contains(row.name)) << row.name << " has no course";
+}
+
+// The same at the first prompt of every command that there is, also of those that change views, settings and files.
+TEST(EveryPrompt, NoCommandChangesTheDrawingBeforeItIsAnswered) {
+  const std::string before = withoutNames(after({"REGEN", {}}, 0, nullptr).drawing);
+  std::set<std::string> names;
+  for (const std::string& name : atelier::commandNames()) names.insert(name);
+  EXPECT_GT(names.size(), 100u);
+  for (const std::string& name : names) {
+    for (const char* instead : std::initializer_list<const char*>{nullptr, "", "mot", "1,2,x", "-1e400"})
+      EXPECT_EQ(withoutNames(after({name.c_str(), {}}, 0, instead).drawing), before)
+          << name << ": \"" << (instead ? instead : "end of input") << '"';
   }
 }
 

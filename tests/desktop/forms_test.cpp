@@ -78,6 +78,29 @@ TEST_F(FormWindow, AFormOpensAsItWasAccepted) {
   driver.play();
 }
 
+// From the pick's end to its return the form is nowhere to be seen: the tabs must not answer then, or it would come back over another
+// drawing, and its next command begin in one that isn't shown.
+TEST_F(FormWindow, AFormThatPicksComesBackOverItsDrawing) {
+  window.open();
+  window.tabs().setCurrentIndex(0);
+  std::function<void()> leave = [&] {
+    if (window.drawing()->isRunning() || window.drawing()->hasMore()) return QTimer::singleShot(0, &window, leave);
+    window.tabs().setCurrentIndex(1);
+  };
+  driver.menu("Axe en plan...").press("Choisir dans le dessin").then([&] {
+    leave();
+    window.drawing()->cancel();
+  });
+  driver.then([&] {
+    until([&] { return form() != nullptr; });
+    EXPECT_EQ(window.tabs().currentIndex(), 0);
+    ASSERT_TRUE(form());
+    form()->reject();
+  });
+  driver.play();
+  EXPECT_FALSE(window.drawing()->isBusy());
+}
+
 // A vertex of the table goes both ways with the hand, the other rows stay; a point is picked in the drawing for its field.
 TEST_F(FormWindow, AVertexIsDraggedBothWaysInThePicture) {
   driver.menu("Ligne projet...").then([this] {

@@ -58,7 +58,8 @@ class Drawing : public QObject {
   bool computes() const { return running_ && !source_.prompt() && !source_.isBetweenCommands(); }
   // Whether the running command is to end: what the host's long loops ask, unless something else is under way.
   static bool stopAsked();
-  bool isBusy() const { return isRunning() || hasMore(); }
+  bool isBusy() const { return isRunning() || hasMore() || isAwaited; }
+  bool isAwaited = false;  // by a form that comes back over it
   const PromptInfo* prompt() const { return source_.prompt(); }
   QString fileName() const;  // without its folder
   QString title() const;     // of the tab

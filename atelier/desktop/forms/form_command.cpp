@@ -148,6 +148,7 @@ void CommandForm::changed(const QString& key) {
 // The form is out of the way while entities are picked, and comes back with them, or as it was.
 void CommandForm::pick(const QString& key) {
   hide();
+  drawing_.isAwaited = true;
   const QString call = "(plv-fiche-choisir " + quoted(command_) + ' ' + quoted(key) + ')';
   drawing_.feed(
       {{"(setq plv-fiches-pris nil)", {}, command_.toStdString()}, {call.toStdString(), {}, command_.toStdString()}});
@@ -159,6 +160,7 @@ void CommandForm::takePicked(const QString& key) {
     QTimer::singleShot(kPickPause, this, [this, key] { takePicked(key); });
     return;
   }
+  drawing_.isAwaited = false;
   const QVariant picked = ask(drawing_.document(), "plv-fiches-pris");
   Row* const at = row(key);
   if (at && picked.isValid()) at->field->set(picked);
