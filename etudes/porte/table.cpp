@@ -181,8 +181,8 @@ constexpr ligneFonction kTable[] = {
     {L"et_chaine", et_chaine, L"(et_chaine entité clé)",
      L"Les entités d'une chaîne, chacune nommant la suivante sous la clé; elle finit avant une entité effacée, et où "
      L"elle revient sur elle-même."},
-    {L"et_bouts", et_bouts, L"(et_bouts (ligne départ arrivée) ...)",
-     L"T quand chaque ligne va d'un point à l'autre, au dix-millième près."},
+    {L"et_bouts", et_bouts, L"(et_bouts traits)",
+     L"T quand chaque ligne d'une liste de (ligne départ arrivée) va d'un point à l'autre, au dix-millième près."},
     {L"et_reels", et_reels, L"(et_reels valeurs décimales)",
      L"Des réels en textes, avec tant de décimales et un point; nil reste nil, zéro n'a pas de moins."},
     {L"et_ecarter", et_ecarter, L"(et_ecarter étiquettes gauche droite)",
