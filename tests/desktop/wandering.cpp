@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QTabBar>
+#include <utility>
 
 #include "atelier/desktop/window/actions.h"
 
@@ -103,7 +104,7 @@ void Wandering::menu() {
 void Wandering::tab() {
   if (!window.tabs().tabBar()->isEnabled()) return;
   if (window.tabs().count() < kMostTabs && below(3) == 0 && window.drawing() && !window.drawing()->isRunning()) {
-    if (window.open() && onTab) onTab(*window.drawing());
+    window.open();
   } else {
     window.tabs().setCurrentIndex(below(window.tabs().count()));
   }
@@ -158,10 +159,17 @@ void Wandering::calm() {
   else if (!rests()) window.drawing()->cancel();
 }
 
+// A tab may be opened by a menu, too, when the command before it has ended.
+void Wandering::welcome() {
+  const int count = window.tabs().count();
+  if (count > std::exchange(tabs_, count) && onTab && window.drawing()) onTab(*window.drawing());
+}
+
 // The next step is planned before the one at hand is taken: that one may only return when its command has ended.
 void Wandering::tick() {
   if (!wanders_) return;
   QTimer::singleShot(kPause, &window, [this] { tick(); });
+  welcome();
   if (due_) return calm();
   due_ = ++taken % between_ == 0;
   step();
@@ -180,6 +188,7 @@ void Wandering::guard() {
 void Wandering::wander(unsigned seed, int steps, int between, const std::function<void()>& check) {
   random_.seed(seed);
   between_ = between;
+  tabs_ = window.tabs().count();
   guard();
   while (taken < steps && !HasFailure()) {
     due_ = false;

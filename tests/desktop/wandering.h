@@ -32,8 +32,9 @@ struct Wandering : Desktop {
   void calm();  // one step out of dialogs and commands
   void tick();
   void guard();
+  void welcome();
   std::mt19937 random_;
-  int between_ = 1;
+  int between_ = 1, tabs_ = 0;
   bool wanders_ = false, due_ = false;
 };
 
