@@ -5,7 +5,8 @@
   "Labels and altitudes around the lines; the top of what is drawn, nil for nothing above the profile."
   (setq lignes (plv-boites-lignes profil)
         obstacles (append (plv-boites-textes profil) (plv-fond-axes profil (append (plv-boites-textes profil) lignes))))
-  (setq hauts (vl-remove nil (cons (plv-poser-libelles profil (plv-libelles profil) obstacles lignes) (plv-hauts-reseaux profil))))
+  (setq hauts (vl-remove nil (cons (plv-poser-libelles profil (plv-libelles profil) obstacles lignes)
+                               (append (plv-hauts-reseaux profil) (mapcar '(lambda (b) (plv-boite-haut (plv-boite b))) (plv-blocs profil))))))
   (if hauts (apply 'max hauts)))
 
 (defun plv-presentation (profil)

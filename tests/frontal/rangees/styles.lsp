@@ -96,6 +96,16 @@
 ((mapcar 'plv-etat-valeur (vl-remove-if-not '(lambda (e) (= (plv-fait-chose (plv-etat-fait e)) "HABILLAGE")) (plv-etats p))) ("a-refaire"))
 ((list (plv-actualiser (list p)) (mots "8.33 %") (mots "9.42 %")) (T 0 1))
 
+;; A block's words above the profile are below the title, which stands 1 m above them at least.
+(situation "TheTitleIsAboveWordsOfBlocks")
+(preparer
+  (entmake '((0 . "BLOCK") (2 . "R") (70 . 2) (10 0.0 0.0 0.0))) (entmake '((0 . "CIRCLE") (10 0.0 0.0 0.0) (40 . 1.0))) (entmake '((0 . "ENDBLK")))
+  (setq y (+ 500.0 (plv-hauteur-profil p) 40.0))
+  (entmake (list '(0 . "INSERT") '(66 . 1) '(2 . "R") (list 10 1020.0 (- y 30.0) 0.0)))
+  (entmake (list '(0 . "ATTRIB") (list 10 1020.0 y 0.0) '(40 . 2.0) '(1 . "R1") '(2 . "NUM") '(70 . 0))) (entmake '((0 . "SEQEND")))
+  (plv-style "<dossier>s.txt" nil 500.0))
+((> (cadr (plv-boite (ssname (ssget "X" '((0 . "TEXT") (1 . "Longueur*"))) 0))) (+ y 3.0)) T)
+
 (situation "TablesHaveFrames")
 (fichier "t.txt" "T - 6.0 4 Altitude\nT - 3.0 14 Pentes\nT - 2.5 2 Partielles\n")
 (preparer (plv-projet-fichier p "Voirie" "<dossier>p.csv"))
