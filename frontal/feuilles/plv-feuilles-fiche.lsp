@@ -27,19 +27,35 @@
   (mapcar 'set '(x1 y1 x2 y2) boite)
   (list (list x1 y1) (list x2 y1) (list x2 y2) (list x1 y2) (list x1 y1)))
 
-(defun plv-feuilles-fiche:image (fait)
-  "The windows of the sheets one below the other, as they lie in the drawing."
+(defun plv-feuilles-fiche:dessin (profil)
+  "Ground and planes as they lie in the drawing."
+  (apply 'append
+    (mapcar
+      '(lambda (plan)
+         (append
+           (plv-image-traits "plan" (list (plv-feuilles-fiche:bouts plan)))
+           (plv-image-traits "terrain" (mapcar 'plv-feuilles-fiche:bouts (plv-lignes-du-plan plan)))))
+      (plv-entites-plans profil))))
+
+(defun plv-feuilles-fiche:bouts (ligne / groupes)
+  (setq groupes (entget ligne))
+  (mapcar '(lambda (code / p) (list (car (setq p (plv-cle code groupes))) (cadr p))) '(10 11)))
+
+(defun plv-feuilles-fiche:image (profils fait)
+  "The profiles, and the windows of the sheets over them, as they lie in the drawing."
   (plv-image-plan "ce que montrent les feuilles"
-    (apply 'append
-      (mapcar '(lambda (feuille) (plv-image-traits "projet" (mapcar '(lambda (vue) (plv-feuilles-fiche:cadre (plv-premiers vue 4))) (cadr feuille))))
-        (cddr fait)))))
+    (append
+      (apply 'append (mapcar 'plv-feuilles-fiche:dessin profils))
+      (apply 'append
+        (mapcar '(lambda (feuille) (plv-image-traits "projet" (mapcar '(lambda (vue) (plv-feuilles-fiche:cadre (plv-premiers vue 4))) (cadr feuille))))
+          (cddr fait))))))
 
 (defun plv-feuilles-fiche:regarder (valeurs / fait)
   (if (plv-cle "profils" valeurs) (setq fait (plv-essayer 'plv-feuilles-fiche:preparer (list valeurs))))
   (plv-regard
     (if (and fait (not (car fait)))
       (list (list (if (= (plv-cle "format" valeurs) "Fichier") "modele" "echelle") (cond ((cadr fait)) ("ces feuilles ne vont pas")))))
-    (if (car fait) (list (plv-feuilles-fiche:image (car fait))))
+    (if (car fait) (list (plv-feuilles-fiche:image (plv-feuilles-fiche:profils valeurs) (car fait))))
     (if (car fait)
       (cons (strcat (plv-compte (length (cddr (car fait))) "feuille") " au 1:" (plv-feuilles:nombre (car (car fait))) ".")
             (mapcar '(lambda (f) (cond ((plv-cle "<SIGNET>" (caddr f))) (""))) (plv-premiers (cddr (car fait)) 8))))

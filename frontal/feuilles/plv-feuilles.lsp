@@ -79,9 +79,14 @@ with the gap after them, top), recouvrement (what two sheets share on each side 
         (vl-remove-if-not '(lambda (c) (and (< (plv-longueur c) (* 3.0 ttxt)) (member (plv-reel (plv-milieu c) 2) places))) couches)))))
 
 (defun plv-feuilles:dechire (d couches recouvrement)
-  "How much of texts is cut through at the edges of two sheets, a length."
+  "How much of texts is cut through at the edges of two sheets, or lies under the line of the cut without standing on it; a length."
   (apply '+
-    (mapcar '(lambda (c) (if (or (< (plv-debut c) (+ d recouvrement) (plv-fin c)) (< (plv-debut c) (- d recouvrement) (plv-fin c))) (plv-longueur c) 0.0))
+    (mapcar
+      '(lambda (c)
+         (if (or (< (plv-debut c) (+ d recouvrement) (plv-fin c)) (< (plv-debut c) (- d recouvrement) (plv-fin c))
+                 (and (< (plv-debut c) d (plv-fin c)) (> (abs (- (plv-milieu c) d)) 0.005)))
+           (plv-longueur c)
+           0.0))
       couches)))
 
 (defun plv-feuilles:moins-dechiree (places couches recouvrement / trouve mieux texte)

@@ -194,7 +194,12 @@ void FormPicture::paint(QPainter& painter, const Item& item) const {
     painter.save();
     painter.translate(line.front());
     painter.rotate(-item.angle);
-    painter.drawText(QPointF(item.angle != 0 ? 0 : 3, mode_ == "tableau" ? 0 : -3), item.words);
+    const bool level = item.angle == 0 && mode_ != "tableau";
+    // A level word at the right edge is drawn as far left as it has to be seen whole.
+    const double over = line.front().x() + 3 + painter.fontMetrics().horizontalAdvance(item.words) - width() + 2;
+    painter.drawText(
+        QPointF((item.angle != 0 ? 0 : 3) - (level ? std::max(0.0, over) : 0), mode_ == "tableau" ? 0 : -3),
+        item.words);
     painter.restore();
   } else if (line.size() == 1) {
     painter.drawRect(QRectF(line.front() - QPointF(kHold, kHold), QSizeF(2 * kHold, 2 * kHold)));
