@@ -149,6 +149,7 @@ class Document {
   void countFailure() { ++failures_; }
 
   const std::string& path() const { return imp_path(); }
+  std::string untitled = "Dessin1.dxf";  // the name that a drawing without a file goes by
   void save(const std::string& path);
   // Saves in a version ("R12", "R2000" ... "R2018"; empty: the drawing's own), as text or binary (none: its own form); gives messages on what
   // the version can't hold. In the drawing's own version and form this is save(); else the drawing keeps its file and

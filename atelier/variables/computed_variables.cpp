@@ -89,7 +89,7 @@ Value temporaryFolder(Document&) {
   return withSlash(std::filesystem::temp_directory_path(error).string());
 }
 Value drawingName(Document& d) {
-  return d.path().empty() ? std::string("Dessin1.dxf") : std::filesystem::path(d.path()).filename().string();
+  return d.path().empty() ? d.untitled : std::filesystem::path(d.path()).filename().string();
 }
 Value drawingFolder(Document& d) {
   std::error_code error;

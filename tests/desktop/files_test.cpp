@@ -107,6 +107,7 @@ TEST_F(Files, ADamagedFileIsOfferedForRecoveryWithWhatWasFound) {
 TEST_F(Files, LeavingAsksOnceForAllDrawings) {
   drawCircle();
   driver.menu("Nouveau").play();
+  EXPECT_EQ(atelier::desktop::ask(window.drawing()->document(), "(getvar \"DWGNAME\")").toString(), "Dessin2.dxf");
   drawCircle();
   answer = "annuler";
   EXPECT_FALSE(window.close());

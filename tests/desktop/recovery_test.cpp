@@ -104,6 +104,10 @@ TEST_F(Recovery, TheQuestionTellsTheAges) {
   QFile::remove(file("rue.dxf"));
   asked = nextStart("").value(0);
   EXPECT_TRUE(asked.contains("n'existe plus")) << asked.toStdString();
+  // What is opened of it goes by the file's name, as title blocks show it.
+  nextStart("oui", [](auto& next) {
+    EXPECT_EQ(atelier::desktop::ask(next.drawing()->document(), "(getvar \"DWGNAME\")").toString(), "rue.dxf");
+  });
 }
 
 TEST_F(Recovery, CopiesAreMadeWhileAPromptOrADialogWaits) {

@@ -98,8 +98,11 @@ void Drawing::replaced() {
 
 QString Drawing::fileName() const {
   const std::string& path = document_->path();
-  return path.empty() ? untitled : QFileInfo(QString::fromStdString(path)).fileName();
+  return path.empty() ? QString::fromStdString(document_->untitled)
+                      : QFileInfo(QString::fromStdString(path)).fileName();
 }
+
+void Drawing::setUntitled(const QString& name) { document_->untitled = name.toStdString(); }
 
 QString Drawing::title() const {
   return document_->isReadOnly() ? fileName() + QStringLiteral(" (lecture seule)") : fileName();

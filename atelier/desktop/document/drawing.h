@@ -75,7 +75,7 @@ class Drawing : public QObject {
   std::function<void()> onDone;      // the last command ended; the drawing may have changed
   std::function<void()> onQuit;      // QUIT has ended, and wants the program to end
   std::function<void()> onReplaced;  // a command has opened another drawing in place of this one
-  QString untitled = QStringLiteral("Dessin1.dxf");
+  void setUntitled(const QString& name);  // what it is called until it has a file
   QString lastLine;  // Enter at the command prompt runs it again
   QString ended;     // the name of the command that ended last
 

@@ -192,7 +192,7 @@ void MainWindow::afterReplacement(Tab& tab) {
   Drawing& d = *tab.drawing;
   forgetCopy(tab);
   tab.origin.clear();
-  if (d.document().path().empty()) d.untitled = nextName();
+  if (d.document().path().empty()) d.setUntitled(nextName());
   else rememberFile(kRecentDrawings, QString::fromStdString(d.document().path()));
   atelier::desktop::ask(d.document(), "(progn (plv-bureau-oublier) (plv-reprendre-courant))");
   letAsk(d);

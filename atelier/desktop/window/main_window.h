@@ -74,7 +74,7 @@ class MainWindow : public QMainWindow {
     std::unique_ptr<RecoveryFiles> copy;  // null: there is none
     QString copyTrouble;                  // why the last copy couldn't be written
     QString origin;                       // of a drawing that came from a copy: the file that it is a copy of
-    QString suggestedName() const { return origin.isEmpty() ? drawing->untitled : origin; }
+    QString suggestedName() const { return origin.isEmpty() ? drawing->fileName() : origin; }
   };
   void buildPanels();
   QWidget* buildLayouts();

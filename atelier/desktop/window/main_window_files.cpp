@@ -133,7 +133,7 @@ void MainWindow::openTab(const QString& path, std::vector<std::string>* messages
     throw;
   }
   QApplication::restoreOverrideCursor();
-  if (path.isEmpty()) tab->drawing->untitled = nextName();
+  if (path.isEmpty()) tab->drawing->setUntitled(nextName());
   tab->view = new DrawingView(*tab->drawing, this);
   tab->view->setGround(groundColour());
   wire(*tab);

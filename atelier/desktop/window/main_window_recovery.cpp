@@ -74,7 +74,7 @@ void MainWindow::recover() {
     tab.origin = files->origin();
     // A copy that is damaged itself stays as it is, for the next start.
     if (tab.drawing->document().imp().recoveredFrom.empty()) tab.copy = std::move(files);
-    tab.drawing->untitled = QFileInfo(tab.origin).fileName();
+    tab.drawing->setUntitled(QFileInfo(tab.origin).fileName());
     tab.drawing->document().imp().path.clear();
     tab.drawing->document().imp().modified = true;
     afterCommand(tab);
