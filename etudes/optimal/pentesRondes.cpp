@@ -129,8 +129,9 @@ filetRond::buts filetRond::butsDe(std::size_t station, std::int64_t niveau, std:
   if (departDonne(station) && m_exigences.pasAltitude > 0)
     return {auDessus((z + moindre * dx - m_z0) / m_niveau), auDessous((z + plusGrande * dx - m_z0) / m_niveau), 1};
   const auto stations = static_cast<std::int64_t>(la - station), commun = std::gcd(stations, m_parts);
-  const double pente = m_exigences.pasPente * static_cast<double>(m_parts / commun);
-  const std::int64_t pas = stations / commun;
+  // Over these stations a slope comes to a level when it is a multiple of so many steps.
+  const std::int64_t pas = stations / commun, pentesParPas = m_parts / commun;
+  const double pente = m_exigences.pasPente * static_cast<double>(pentesParPas);
   return {niveau + auDessus(moindre / pente) * pas, niveau + auDessous(plusGrande / pente) * pas, pas};
 }
 
