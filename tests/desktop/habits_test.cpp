@@ -41,6 +41,13 @@ struct Habits : kaveltest::Desktop {
     menu->close();
     return entries;
   }
+  // F1; the heading at which the guide opens.
+  QString openGuide() {
+    for (QAction* action : window.findChildren<QAction*>())
+      if (action->shortcut() == QKeySequence(Qt::Key_F1)) action->trigger();
+    EXPECT_TRUE(window.guide().isVisible());
+    return window.guide().heading();
+  }
   std::size_t selected() { return window.view()->selection().size(); }
 };
 
@@ -167,12 +174,6 @@ TEST_F(Habits, TheHistoryTellsWhatWasSaved) {
 }
 
 TEST_F(Habits, TheGuideOpensAtTheRunningCommand) {
-  const auto openGuide = [this] {
-    for (QAction* action : window.findChildren<QAction*>())
-      if (action->shortcut() == QKeySequence(Qt::Key_F1)) action->trigger();
-    EXPECT_TRUE(window.guide().isVisible());
-    return window.guide().heading();
-  };
   EXPECT_EQ(openGuide().toStdString(), "Guide de Kavel");
   driver.type(QString("(progn (plv-nouveau \"%1\" \"1\" '(0.0 0.0 0.0) 10.0 2.5 nil nil) (princ))")
                   .arg(KAVEL_SOURCE "/exemples/rue-du-moulin.csv"));
@@ -182,6 +183,26 @@ TEST_F(Habits, TheGuideOpensAtTheRunningCommand) {
   line().setText("cubpl");  // while it is being typed, and where a heading names several
   EXPECT_TRUE(openGuide().startsWith("PLV-METRES, PLV-LEGENDE et CUBPL")) << window.guide().heading().toStdString();
   line().clear();
+}
+
+// What is typed while the guide is read is typed in the command line; Escape closes the guide and leaves the command.
+TEST_F(Habits, TheGuideTakesNoKeysFromTheCommandLine) {
+  driver.type("LINE").then([&] {
+    const auto readGuide = [&] {
+      openGuide();
+      until([&] { return QApplication::activeWindow() == &window.guide(); });
+      ASSERT_EQ(QApplication::focusWidget(), &window.guide());
+    };
+    readGuide();
+    press(Qt::Key_5, "5");
+    EXPECT_EQ(line().text(), "5");
+    line().clear();
+    readGuide();
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(window.guide().isVisible());
+    EXPECT_TRUE(window.drawing()->isRunning());
+  });
+  driver.key(Qt::Key_Escape).play();
 }
 
 // A text is edited by a double click, a value in the panel; of several objects what they have in common.
