@@ -231,6 +231,22 @@ TEST_F(Habits, PropertiesAreEditedForOneOrMany) {
   EXPECT_EQ(lisp("(if (ssget \"X\" '((62 . 3))) 1 0)").toInt(), 0);
 }
 
+// Of more objects than are read, all are counted and changed, and none is said to be like those that were.
+TEST_F(Habits, PropertiesOfThousandsOfObjectsSayWhatTheyKnow) {
+  driver.type("(repeat 2100 (entmake '((0 . \"POINT\") (10 5.0 5.0 0.0))))").type("CIRCLE").type("70,30").type("8");
+  driver.type("(command \"_CHPROP\" (entlast) \"\" \"_C\" \"3\" \"\")").menu("Sélectionner tout").play();
+  const auto cell = [&](const QString& name) {
+    const auto found = window.properties().findItems(name, Qt::MatchExactly);
+    return found.isEmpty() ? nullptr : window.properties().item(found.front()->row(), 1);
+  };
+  ASSERT_TRUE(cell("Objets") && cell("Couleur"));
+  EXPECT_EQ(cell("Objets")->text().toStdString(), "2101");
+  EXPECT_EQ(cell("Couleur")->text().toStdString(), "(non comparés)");
+  cell("Couleur")->setText("5");
+  driver.play();
+  EXPECT_EQ(lisp("(sslength (ssget \"X\" '((62 . 5))))").toInt(), 2101);
+}
+
 // With nothing selected, and while a command runs, there is nothing to erase.
 TEST_F(Habits, DeleteWithNothingToEraseDoesNothing) {
   driver.type("CIRCLE").type("50,25").type("10").play();
