@@ -64,24 +64,31 @@
       (cons (vl-remove nil (mapcar '(lambda (champ) (plv-proprietes:rangee champ (plv-proprietes:avec-defauts groupes))) plv-proprietes:champs))
             (mapcar 'plv-proprietes:application (cdr (assoc -3 groupes)))))))
 
-(defun plv-proprietes:plusieurs (entites / lots)
-  "What all of them have; where they differ, that."
+(defun plv-proprietes:commune (champ rangees tous)
+  "The row of what entities have in common; where they differ, or aren't all read, that."
+  (cond
+    ((cdr (plv-uniques (mapcar 'cadr rangees))) (list (cadr champ) "(plusieurs)" (car champ)))
+    (tous (car rangees))
+    ((list (cadr champ) "(non comparés)" (car champ)))))
+
+(defun plv-proprietes:plusieurs (entites nombre / lots)
+  "What all of them have; nombre: how many are selected."
   (setq lots (mapcar '(lambda (e) (plv-proprietes:avec-defauts (entget e))) entites))
-  (cons (list "Objets" (itoa (length entites)) nil)
+  (cons (list "Objets" (itoa nombre) nil)
     (vl-remove nil
       (mapcar
         '(lambda (champ / rangees)
            (setq rangees (mapcar '(lambda (groupes) (plv-proprietes:rangee champ groupes)) lots))
            (if (and (caddr champ) (/= (caddr champ) "point") (not (member nil rangees)) (vl-every 'caddr rangees))
-             (if (cdr (plv-uniques (mapcar 'cadr rangees))) (list (cadr champ) "(plusieurs)" (car champ)) (car rangees))))
+             (plv-proprietes:commune champ rangees (= nombre (length lots)))))
         plv-proprietes:champs))))
 
-(setq plv-proprietes:lues 200) ; entities whose values are compared
+(setq plv-proprietes:lues 2000) ; entities whose values are compared
 
 (defun plv-bureau-proprietes (handles / entites)
   "The rows (name value code) of entities."
   (setq entites (vl-remove nil (mapcar 'handent (plv-premiers handles plv-proprietes:lues))))
-  (cond ((cdr entites) (plv-proprietes:plusieurs entites)) (entites (plv-proprietes:une (car entites)))))
+  (cond ((cdr entites) (plv-proprietes:plusieurs entites (length handles))) (entites (plv-proprietes:une (car entites)))))
 
 ;; --- changing
 

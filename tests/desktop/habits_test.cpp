@@ -41,6 +41,13 @@ struct Habits : kaveltest::Desktop {
     menu->close();
     return entries;
   }
+  // F1; the heading at which the guide opens.
+  QString openGuide() {
+    for (QAction* action : window.findChildren<QAction*>())
+      if (action->shortcut() == QKeySequence(Qt::Key_F1)) action->trigger();
+    EXPECT_TRUE(window.guide().isVisible());
+    return window.guide().heading();
+  }
   std::size_t selected() { return window.view()->selection().size(); }
 };
 
@@ -167,12 +174,6 @@ TEST_F(Habits, TheHistoryTellsWhatWasSaved) {
 }
 
 TEST_F(Habits, TheGuideOpensAtTheRunningCommand) {
-  const auto openGuide = [this] {
-    for (QAction* action : window.findChildren<QAction*>())
-      if (action->shortcut() == QKeySequence(Qt::Key_F1)) action->trigger();
-    EXPECT_TRUE(window.guide().isVisible());
-    return window.guide().heading();
-  };
   EXPECT_EQ(openGuide().toStdString(), "Guide de Kavel");
   driver.type(QString("(progn (plv-nouveau \"%1\" \"1\" '(0.0 0.0 0.0) 10.0 2.5 nil nil) (princ))")
                   .arg(KAVEL_SOURCE "/exemples/rue-du-moulin.csv"));
@@ -182,6 +183,26 @@ TEST_F(Habits, TheGuideOpensAtTheRunningCommand) {
   line().setText("cubpl");  // while it is being typed, and where a heading names several
   EXPECT_TRUE(openGuide().startsWith("PLV-METRES, PLV-LEGENDE et CUBPL")) << window.guide().heading().toStdString();
   line().clear();
+}
+
+// What is typed while the guide is read is typed in the command line; Escape closes the guide and leaves the command.
+TEST_F(Habits, TheGuideTakesNoKeysFromTheCommandLine) {
+  driver.type("LINE").then([&] {
+    const auto readGuide = [&] {
+      openGuide();
+      until([&] { return QApplication::activeWindow() == &window.guide(); });
+      ASSERT_EQ(QApplication::focusWidget(), &window.guide());
+    };
+    readGuide();
+    press(Qt::Key_5, "5");
+    EXPECT_EQ(line().text(), "5");
+    line().clear();
+    readGuide();
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(window.guide().isVisible());
+    EXPECT_TRUE(window.drawing()->isRunning());
+  });
+  driver.key(Qt::Key_Escape).play();
 }
 
 // A text is edited by a double click, a value in the panel; of several objects what they have in common.
@@ -208,6 +229,22 @@ TEST_F(Habits, PropertiesAreEditedForOneOrMany) {
   EXPECT_TRUE(history().contains("il n'y a pas de calque NULLE-PART")) << history().toStdString();
   change("Couleur", "DuCalque");
   EXPECT_EQ(lisp("(if (ssget \"X\" '((62 . 3))) 1 0)").toInt(), 0);
+}
+
+// Of more objects than are read, all are counted and changed, and none is said to be like those that were.
+TEST_F(Habits, PropertiesOfThousandsOfObjectsSayWhatTheyKnow) {
+  driver.type("(repeat 2100 (entmake '((0 . \"POINT\") (10 5.0 5.0 0.0))))").type("CIRCLE").type("70,30").type("8");
+  driver.type("(command \"_CHPROP\" (entlast) \"\" \"_C\" \"3\" \"\")").menu("Sélectionner tout").play();
+  const auto cell = [&](const QString& name) {
+    const auto found = window.properties().findItems(name, Qt::MatchExactly);
+    return found.isEmpty() ? nullptr : window.properties().item(found.front()->row(), 1);
+  };
+  ASSERT_TRUE(cell("Objets") && cell("Couleur"));
+  EXPECT_EQ(cell("Objets")->text().toStdString(), "2101");
+  EXPECT_EQ(cell("Couleur")->text().toStdString(), "(non comparés)");
+  cell("Couleur")->setText("5");
+  driver.play();
+  EXPECT_EQ(lisp("(sslength (ssget \"X\" '((62 . 5))))").toInt(), 2101);
 }
 
 // With nothing selected, and while a command runs, there is nothing to erase.

@@ -115,6 +115,7 @@ void CommandLine::complete() {
 }
 
 void CommandLine::takeKey(QKeyEvent* event) {
+  window()->activateWindow();
   edit_->setFocus();
   QApplication::sendEvent(edit_, event);
 }

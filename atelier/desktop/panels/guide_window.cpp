@@ -47,6 +47,8 @@ bool GuideWindow::openAt(const QString& command) {
   }
   show();
   raise();
+  activateWindow();
+  setFocus();  // a window without children has no focus by itself
   const QTextBlock heading = headingOf(*document(), command);
   setTextCursor(QTextCursor(heading));
   verticalScrollBar()->setValue(static_cast<int>(document()->documentLayout()->blockBoundingRect(heading).top()));

@@ -36,17 +36,19 @@ bool isForCommands(const QKeyEvent& key) {
 
 }  // namespace
 
-// Also for panels that stand in windows of their own; dialogs have their own keys.
+// Also for panels and the guide, which stand in windows of their own; dialogs have their own keys.
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress || watched != QApplication::focusWidget()) return false;
   auto& widget = static_cast<QWidget&>(*watched);
-  const bool own = widget.window() == this || (qobject_cast<QDockWidget*>(widget.window()) && isAncestorOf(&widget));
+  const bool own = widget.window() == this || widget.window() == guide_ ||
+                   (qobject_cast<QDockWidget*>(widget.window()) && isAncestorOf(&widget));
   if (!own || QApplication::activePopupWidget() || QApplication::activeModalWidget()) return false;
   auto& key = static_cast<QKeyEvent&>(*event);
   if (commands_->isInput(&widget)) return takesForDrawing(key);
   if (isTextField(widget) || &widget == view() || !isForCommands(key)) return false;
   const bool presses = key.key() == Qt::Key_Space || key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
   if (presses && qobject_cast<QAbstractButton*>(&widget)) return false;
+  if (widget.window() == guide_ && key.key() == Qt::Key_Escape) return guide_->close();
   commands_->takeKey(&key);
   return true;
 }
