@@ -120,6 +120,17 @@ void moveTo(const Command& c, const SelectionSet& set, AcDbObjectId layer) {
   c.change(set, [&](AcDbEntity& entity) { entity.setLayer(layer); });
 }
 
+// The layer of an object, or of a name; none after Enter.
+CommandTask askLayer(Command& c, AcDbObjectId& layer) {
+  const auto like = co_await c.entity("\nObjet du calque d'arrivée ou [Nom]: ", "Nom _Name");
+  if (like.is("Name")) {
+    const auto name = co_await c.line("\nNom du calque: ");
+    layer = layerNamed(c, name.value);
+  } else if (like.given()) {
+    layer = layerOf(like->id);
+  }
+}
+
 // LAYMCH: objects onto the layer of another one, or of a name. LAYCUR: onto the current layer.
 CommandTask matchLayer(Command& c) {
   const auto chosen = co_await c.objects();
@@ -128,16 +139,9 @@ CommandTask matchLayer(Command& c) {
     moveTo(c, **chosen, c.document.database().clayer());
     co_return;
   }
-  const auto like = co_await c.entity("\nObjet du calque d'arrivée ou [Nom]: ", "Nom _Name");
   AcDbObjectId layer;
-  if (like.is("Name")) {
-    const auto name = co_await c.line("\nNom du calque: ");
-    layer = layerNamed(c, name.value);
-  } else if (like.given()) {
-    layer = layerOf(like->id);
-  } else {
-    co_return;
-  }
+  co_await askLayer(c, layer);
+  if (layer.isNull()) co_return;
   moveTo(c, **chosen, layer);
 }
 
@@ -145,16 +149,9 @@ CommandTask matchLayer(Command& c) {
 CommandTask copyToLayer(Command& c) {
   const auto chosen = co_await c.objects();
   if (!chosen.given()) co_return;
-  const auto like = co_await c.entity("\nObjet du calque d'arrivée ou [Nom]: ", "Nom _Name");
   AcDbObjectId layer;
-  if (like.is("Name")) {
-    const auto name = co_await c.line("\nNom du calque: ");
-    layer = layerNamed(c, name.value);
-  } else if (like.given()) {
-    layer = layerOf(like->id);
-  } else {
-    co_return;
-  }
+  co_await askLayer(c, layer);
+  if (layer.isNull()) co_return;
   AcGeVector3d displacement;
   if (const auto base = co_await c.pointOrEnter("\nPoint de base <en place>: "); base.given()) {
     const auto to = co_await c.point("\nDeuxième point: ", *base);
