@@ -96,6 +96,7 @@ bool SelectionFilter::group(AcDbStub& stub, std::size_t& at, std::string_view re
   at += static_cast<std::size_t>(std::max(1, ordinates));
   if (!matters) return false;
   if (item.code == kApplication) return hasXdataOf(stub, item.text);
+  if (item.code == 0) return groupFits(typeGroup(stub), item.group, relations);
   if (ordinates > 0) {
     const auto points = filterPoints(stub, item.code);
     return std::any_of(points.begin(), points.end(),
@@ -125,10 +126,18 @@ bool SelectionFilter::one(AcDbStub& stub, std::size_t& at, bool matters) const {
   return result;
 }
 
-bool SelectionFilter::matches(AcDbStub& stub) const {
-  for (std::size_t at = 0; at < items_.size();)
+bool SelectionFilter::matches(AcDbStub& stub) const { return matchesFrom(stub, 0); }
+
+bool SelectionFilter::matchesFrom(AcDbStub& stub, std::size_t at) const {
+  while (at < items_.size())
     if (!one(stub, at, true)) return false;
   return true;
+}
+
+bool SelectionFilter::matchesAdmitted(AcDbStub& stub) const {
+  std::size_t at = 0;
+  while (at < items_.size() && items_[at].code == 0) ++at;
+  return matchesFrom(stub, at);
 }
 
 bool SelectionFilter::admits(std::string_view type) const {

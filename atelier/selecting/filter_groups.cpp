@@ -40,8 +40,9 @@ bool textFits(const std::string& value, const std::string& pattern, bool name) {
 
 }  // namespace
 
+Group typeGroup(const AcDbStub& stub) { return Group::text(0, std::string(stub.database->typeName(stub))); }
+
 std::vector<Group> filterValues(AcDbStub& stub, int code) {
-  if (code == 0) return {Group::text(0, std::string(stub.database->typeName(stub)))};
   if (code == 410) return {Group::text(410, layoutName(stub))};
   if (code == 67) return {Group::integer(67, stub.owner == stub.database->modelSpace() ? 0 : 1)};
   std::vector<Group> values;
@@ -66,11 +67,12 @@ std::vector<AcGePoint3d> filterPoints(AcDbStub& stub, int code) {
 }
 
 bool hasXdataOf(AcDbStub& stub, std::string_view applications) {
+  if (!stub.database->mayHaveXdata(stub)) return false;
   const Record& record = recordOf(stub);
-  return std::any_of(record.groups.begin() + static_cast<std::ptrdiff_t>(record.xdataStart()), record.groups.end(),
-                     [&](const Group& g) {
-                       return g.code() == 1001 && lisp::matchesWildcard(upperCase(g.text()), upperCase(applications));
-                     });
+  const std::string wanted = upperCase(applications);
+  return std::any_of(
+      record.groups.begin() + static_cast<std::ptrdiff_t>(record.xdataStart()), record.groups.end(),
+      [&](const Group& g) { return g.code() == 1001 && lisp::matchesWildcard(upperCase(g.text()), wanted); });
 }
 
 bool isRelation(std::string_view relation) {

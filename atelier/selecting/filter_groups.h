@@ -9,8 +9,9 @@
 
 namespace atelier {
 
-// Every value that the entity has for a group code; a group that is not written counts with its default. 410 is the
-// name of its layout and 67 tells paper space from model space, even when not written.
+Group typeGroup(const AcDbStub& stub);  // group 0
+// Every value that the entity has for another group code; a group that is not written counts with its default. 410 is
+// the name of its layout and 67 tells paper space from model space, even when not written.
 std::vector<Group> filterValues(AcDbStub& stub, int code);
 // All points that the entity has for that code.
 std::vector<AcGePoint3d> filterPoints(AcDbStub& stub, int code);

@@ -63,7 +63,7 @@ void addSpace(SelectionSet& set, AcDbStub* space, const SelectionFilter& filter)
   AdmittedTypes types(filter);
   for (auto it = space->children->rbegin(); it != space->children->rend(); ++it) {
     checkInterruption();
-    if (!(*it)->is(AcDbStub::kErased) && types.admit(**it) && filter.matches(**it)) set.append(*it);
+    if (!(*it)->is(AcDbStub::kErased) && types.admit(**it) && filter.matchesAdmitted(**it)) set.append(*it);
   }
 }
 

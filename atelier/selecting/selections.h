@@ -35,8 +35,11 @@ class SelectionFilter {
   bool matches(AcDbStub& stub) const;
   // Whether entities of that type may pass: what the groups before the first operator say of it.
   bool admits(std::string_view type) const;
+  // As matches() for an entity of a type that is admitted.
+  bool matchesAdmitted(AcDbStub& stub) const;
 
  private:
+  bool matchesFrom(AcDbStub& stub, std::size_t at) const;
   bool wellFormedUpTo(std::size_t& at, std::string_view closing, std::size_t& operands) const;
   // The value of the operand at `at`, which is moved after it; an operand that doesn't matter is only skipped.
   bool one(AcDbStub& stub, std::size_t& at, bool matters) const;

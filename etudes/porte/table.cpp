@@ -175,14 +175,20 @@ constexpr ligneFonction kTable[] = {
      L"des (x mots) ou, pour des pentes, (x1 x2 montée mots): pour chaque rangée (touchée T entité ...) quand elle est "
      L"à remplir entière, sinon (touchée nil "
      L"(numéro entité) ...), "
-     L"avec les cellules fausses ou absentes et les textes qui y sont; touchée: une main y a changé un texte."},
+     L"avec les cellules fausses ou absentes et les textes qui y sont; touchée: une main y a changé un texte. Gardées "
+     L"peut "
+     L"être T: nil est alors donné quand il faudrait les connaître, parce que rien n'est gardé d'une rangée."},
     {L"et_entites", et_entites, L"(et_entites porteur clé [calque])",
      L"Les entités qu'un enregistrement nomme (groupes 330) et qui sont là; celles d'un calque, quand il est dit."},
+    {L"et_hors", et_hors, L"(et_hors entités autres)",
+     L"Les entités d'une liste qui ne sont pas dans une autre, dans leur ordre; un groupe vaut ses membres."},
     {L"et_chaine", et_chaine, L"(et_chaine entité clé)",
      L"Les entités d'une chaîne, chacune nommant la suivante sous la clé; elle finit avant une entité effacée, et où "
      L"elle revient sur elle-même."},
     {L"et_bouts", et_bouts, L"(et_bouts traits)",
      L"T quand chaque ligne d'une liste de (ligne départ arrivée) va d'un point à l'autre, au dix-millième près."},
+    {L"et_departs", et_departs, L"(et_departs lignes)",
+     L"Le point de départ de chaque ligne d'une liste, nil pour autre chose."},
     {L"et_reels", et_reels, L"(et_reels valeurs décimales)",
      L"Des réels en textes, avec tant de décimales et un point; nil reste nil, zéro n'a pas de moins."},
     {L"et_ecarter", et_ecarter, L"(et_ecarter étiquettes gauche droite)",

@@ -10,6 +10,8 @@ namespace {
 
 constexpr double kMemeLieu = 1e-6;  // drawing units
 
+element elementDe(const texte& t, AcDbObjectId id) { return {id, t.lieu.x, t.lieu.x, {}, t.mots.kACharPtr()}; }
+
 std::optional<element> lireElement(const AcDbEntity& entite, AcDbObjectId id) {
   if (const auto* ligne = AcDbLine::cast(&entite)) {
     AcGePoint3d a = ligne->startPoint(), b = ligne->endPoint();
@@ -18,10 +20,6 @@ std::optional<element> lireElement(const AcDbEntity& entite, AcDbObjectId id) {
     if (b.x - a.x > kMemeLieu) e.montee = std::abs(b.y - a.y) <= kMemeLieu ? 0 : b.y > a.y ? 1 : -1;
     return e;
   }
-  if (const auto* t = AcDbText::cast(&entite)) {
-    const double x = lireTexte(*t).lieu.x;
-    return element{id, x, x, {}, t->textString().kACharPtr()};
-  }
   return {};
 }
 
@@ -29,10 +27,15 @@ std::optional<element> lireElement(const AcDbEntity& entite, AcDbObjectId id) {
 
 void contenu::prendre(const AcDbEntity& entite, AcDbObjectId id, const std::optional<place>& lieu) {
   m_entites.push_back(id);
-  if (const auto* t = AcDbText::cast(&entite); t && lieu && !intact(lireTexte(*t), *lieu)) m_touchee = true;
-  if (m_rangee.cellules.empty() && m_rangee.morceaux.empty()) return;
-  if (auto e = lireElement(entite, id)) m_elements.push_back(std::move(*e));
-  else m_autres = true;
+  const bool compte = !m_rangee.cellules.empty() || !m_rangee.morceaux.empty();
+  if (const auto* lu = AcDbText::cast(&entite)) {
+    const texte t = lireTexte(*lu);
+    if (lieu && !intact(t, *lieu)) m_touchee = true;
+    if (compte) m_elements.push_back(elementDe(t, id));
+  } else if (compte) {
+    if (auto e = lireElement(entite, id)) m_elements.push_back(std::move(*e));
+    else m_autres = true;
+  }
 }
 
 bool contenu::comparer(const appel& fonction) {

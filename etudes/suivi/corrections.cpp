@@ -63,7 +63,9 @@ void et_a_corriger() {
   plv::ArgsLisp args;
   plv::commencerAppel(args);
   const resbuf* noeud = args.nieme(0);
-  const std::vector<AcDbObjectId> ids = lireEntites(noeud), gardees = lireEntites(noeud);
+  const std::vector<AcDbObjectId> ids = lireEntites(noeud);
+  const bool sansChercher = noeud && noeud->restype == RTT;
+  const std::vector<AcDbObjectId> gardees = lireEntites(noeud);
   std::vector<contenu> contenus;
   for (rangee& r : lireRangees(noeud)) contenus.emplace_back(std::move(r));
   if (contenus.empty()) return;
@@ -74,6 +76,7 @@ void et_a_corriger() {
     c.inconnue();
     inconnus.push_back(&c);
   }
+  if (!inconnus.empty() && sansChercher) return;
   if (!inconnus.empty()) chercher(uniques(ids), ensemble(gardees), inconnus);
   plv::listeRb liste;
   liste.ajouter(acutBuildList(RTLB, 0));

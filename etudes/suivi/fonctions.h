@@ -10,7 +10,9 @@ void et_ecarts();
 void et_somme();
 void et_a_corriger();
 void et_entites();
+void et_hors();
 void et_bouts();
+void et_departs();
 void et_reels();
 void et_chaine();
 

@@ -1,11 +1,12 @@
-// et_entites: the entities that a record names and that are there; et_chaine: those of a chain; et_bouts: whether lines have their ends; et_reels: numbers as
-// texts. AutoLISP would look at each of them, and there are thousands.
+// What AutoLISP would have to look at entity by entity, of which there are thousands: those that a record names (et_entites), those that
+// another list lacks (et_hors), a chain (et_chaine), the ends of lines (et_departs, et_bouts); numbers as texts (et_reels).
 #include <cmath>
 #include <optional>
 #include <unordered_set>
 #include <vector>
 
 #include "etudes/suivi/fonctions.h"
+#include "etudes/suivi/rangees.h"
 #include "hote/acdb.h"
 #include "hote/dbents.h"
 #include "hote/dbsymtb.h"
@@ -85,6 +86,19 @@ void et_bouts() {
   acedRetT();
 }
 
+void et_departs() {
+  plv::ArgsLisp args;
+  plv::commencerAppel(args);
+  plv::listeRb liste;
+  const resbuf* noeud = args.nieme(0);
+  for (const AcDbObjectId id : suivi::lireEntites(noeud)) {
+    const AcDbObjectPointer<AcDbLine> ligne(id);
+    if (ligne.openStatus() == Acad::eOk) liste.ajouter(acutBuildList(RT3DPOINT, asDblArray(ligne->startPoint()), 0));
+    else liste.ajouter(acutBuildList(RTNIL, 0));
+  }
+  if (liste.tete()) acedRetList(liste.tete());
+}
+
 void et_reels() {
   plv::ArgsLisp args;
   plv::commencerAppel(args);
@@ -124,6 +138,21 @@ void et_entites() {
     if (g->restype != kGroupeEntite || acdbGetObjectId(id, g->resval.rlname) != Acad::eOk || !presente(id, calque))
       continue;
     liste.ajouter(acutBuildList(RTENAME, g->resval.rlname, 0));
+  }
+  if (liste.tete()) acedRetList(liste.tete());
+}
+
+void et_hors() {
+  plv::ArgsLisp args;
+  plv::commencerAppel(args);
+  const resbuf* noeud = args.nieme(0);
+  const std::vector<AcDbObjectId> entites = suivi::lireEntites(noeud);
+  const suivi::ensemble autres(suivi::lireEntites(noeud));
+  plv::listeRb liste;
+  for (const AcDbObjectId id : entites) {
+    ads_name nom{};
+    if (autres.contains(id) || acdbGetAdsName(nom, id) != Acad::eOk) continue;
+    liste.ajouter(acutBuildList(RTENAME, nom, 0));
   }
   if (liste.tete()) acedRetList(liste.tete());
 }

@@ -28,8 +28,10 @@ double milieuDe(const AcDbText& lu) {
 
 texte lireTexte(const AcDbText& lu) {
   const AcGePoint3d lieu = lu.isDefaultAlignment() ? lu.position() : lu.alignmentPoint();
-  return {.lieu = {lieu.x, lieu.y, sommeDe(lu.textString().kACharPtr())},
-          .coloree = lu.colorIndex() != kCouleurDuCalque};
+  const AcString mots = lu.textString();
+  return {.lieu = {lieu.x, lieu.y, sommeDe(mots.kACharPtr())},
+          .coloree = lu.colorIndex() != kCouleurDuCalque,
+          .mots = mots};
 }
 
 bool memeEndroit(const place& a, const place& b) {

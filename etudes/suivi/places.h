@@ -15,6 +15,7 @@ struct place {
 struct texte {
   place lieu;
   bool coloree = false;  // has a colour of its own
+  AcString mots;
 };
 
 texte lireTexte(const AcDbText& lu);

@@ -16,10 +16,11 @@
      dict)))
 
 (defun plv-enregistrement (entite cle / trouve)
-  "The groups of a record in the extension dictionary of an entity; nil when it has none."
+  "The groups of a record in the extension dictionary of an entity, behind its duplicate flag; nil when it has none."
   (if (and (setq trouve (member '(102 . "{ACAD_XDICTIONARY") (entget entite))) (plv-existe (cdr (cadr trouve))))
-    (vl-remove-if '(lambda (g) (= (car g) 280))
-      (cdr (member '(100 . "AcDbXrecord") (dictsearch (cdr (cadr trouve)) cle))))))
+    (progn
+      (setq trouve (cdr (member '(100 . "AcDbXrecord") (dictsearch (cdr (cadr trouve)) cle))))
+      (if (= (caar trouve) 280) (cdr trouve) trouve))))
 
 (defun plv-ecrire-enregistrement (entite cle groupes / dict)
   "Replaces a record."

@@ -15,8 +15,11 @@
 
 (defun plv-enregistrement-elements (support) (plv-enregistrement support plv-elements:cle))
 
-(defun plv-elements (profil genre / support)
+(defun plv-elements (profil genre)
   "The entities of a kind's record that are still in the drawing, each once."
+  (plv-lire-une-fois (list "elements" profil genre) '(lambda () (plv-elements:lire profil genre))))
+
+(defun plv-elements:lire (profil genre / support)
   (if (setq support (plv-support profil genre))
     (plv-uniques (plv-entites-enregistrees support plv-elements:cle))))
 
@@ -49,8 +52,10 @@
 
 (defun plv-genres-du-projet (profil)
   "Kinds that have a project line, the project's own kind first."
-  (vl-remove-if-not '(lambda (genre) (plv-elements-du-projet profil genre))
-    (cons "Projet" (vl-remove "Projet" (vl-remove "TN" (plv-genres))))))
+  (plv-lire-une-fois (list "genres-du-projet" profil)
+    '(lambda ()
+       (vl-remove-if-not '(lambda (genre) (plv-elements-du-projet profil genre))
+         (cons "Projet" (vl-remove "Projet" (vl-remove "TN" (plv-genres))))))))
 
 (defun plv-genre-de (profil entite)
   "The kind that a curve belongs to; nil for a free one."
@@ -98,7 +103,8 @@
 
 (defun plv-elements-situes (profil genre)
   "The project elements of a kind with their place, left to right."
-  (plv-courbes-situees profil (reverse (plv-elements-du-projet profil genre))))
+  (plv-lire-une-fois (list "elements-situes" profil genre)
+    '(lambda () (plv-courbes-situees profil (reverse (plv-elements-du-projet profil genre))))))
 
 (defun plv-courbes-situees (profil courbes / plans)
   (setq plans (plv-plans profil))

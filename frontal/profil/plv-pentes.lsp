@@ -7,6 +7,9 @@
 
 (defun plv-pentes-de (profil entite)
   "The slope pieces of one element, in the order of the module."
+  (plv-lire-une-fois (list "pentes-de" profil entite) '(lambda () (plv-pentes:lire profil entite))))
+
+(defun plv-pentes:lire (profil entite)
   (vl-remove-if '(lambda (p) (< (plv-longueur p) 1e-6))
     (mapcar
       '(lambda (lue)

@@ -26,6 +26,9 @@ far from the origin has other last digits."
 
 (defun plv-sections-de-plan (profil)
   "The sections as (start altitude length entity): a plane, its length and its entity."
+  (plv-lire-une-fois (list "sections-de-plan" profil) '(lambda () (plv-plans:sections profil))))
+
+(defun plv-plans:sections (profil)
   (reverse
     (cdr
       (plv-plier

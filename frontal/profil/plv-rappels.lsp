@@ -9,7 +9,7 @@
   "Adds entities to the list, from which those that are gone go."
   (setq notees (plv-cles 330 (plv-enregistrement profil plv-rappels:cle))
         la (plv-ajouts-tables profil)
-        entites (if la (vl-remove-if '(lambda (e) (member e la)) entites) entites))
+        entites (et_hors entites la))
   (if (or entites (/= (length la) (length notees)))
     (plv-enregistrer-entites profil plv-rappels:cle (append la entites))))
 
@@ -31,30 +31,36 @@
 
 (defun plv-lignes-rappel (profil) "The reference lines." (plv-ajouts-sur-calque profil plv-rappels:calque))
 
-(defun plv-rappels:lignes (profil) (mapcar 'entget (plv-lignes-rappel profil)))
-
 (defun plv-distances-rappels (profil / cadre)
   "Where reference lines stand, growing; nil without any."
   (setq cadre (plv-cadre profil))
-  (vl-sort (mapcar '(lambda (g) (plv-distance cadre (plv-cle 10 g))) (plv-rappels:lignes profil)) '<))
+  (vl-sort (mapcar '(lambda (haut) (plv-distance cadre haut)) (et_departs (plv-lignes-rappel profil))) '<))
 
 (defun plv-rappels:avancer (points d)
   "The ground from the stretch that reaches a distance."
   (while (and (cdr points) (or (< (car (cadr points)) (- d 1e-6)) (<= (car (cadr points)) (car (car points))))) (setq points (cdr points)))
   points)
 
-(defun plv-rappels:poser (groupes cadre d z / haut)
-  "The top of a reference line at an altitude."
-  (setq haut (plv-vers-dessin cadre d z))
-  (if (not (equal haut (plv-cle 10 groupes) 1e-9)) (entmod (subst (cons 10 haut) (assoc 10 groupes) groupes))))
+(defun plv-rappels:poser (ligne depart haut / groupes)
+  "The top of a reference line where it should be."
+  (if (not (equal depart haut 1e-9))
+    (progn
+      (setq groupes (entget ligne))
+      (entmod (subst (cons 10 haut) (assoc 10 groupes) groupes)))))
 
-(defun plv-ajuster-rappels (profil / cadre points reste d)
-  "Tops of the reference lines back on the ground, after a change of plane or of the ground. They stand from left to right. Whether they
-stand where points have cells is another question, which stays open."
-  (setq cadre (plv-cadre profil) points (plv-points-tn profil) reste points)
-  (foreach groupes (plv-rappels:lignes profil)
-    (setq d (plv-distance cadre (plv-cle 10 groupes))
+(defun plv-poser-rappels (profil / cadre points reste lignes departs d)
+  "Tops of the reference lines back on the ground. They stand from left to right."
+  (setq cadre (plv-cadre profil) points (plv-points-tn profil) reste points
+        lignes (plv-lignes-rappel profil) departs (et_departs lignes))
+  (foreach ligne lignes
+    (setq d (plv-distance cadre (car departs))
           reste (plv-rappels:avancer (if (< d (car (car reste))) points reste) d))
-    (if (and (cdr reste) (>= d (- (car (car reste)) 1e-6))) (plv-rappels:poser groupes cadre d (plv-interpoler reste d))))
+    (if (and (cdr reste) (>= d (- (car (car reste)) 1e-6)))
+      (plv-rappels:poser ligne (car departs) (plv-vers-dessin cadre d (plv-interpoler reste d))))
+    (setq departs (cdr departs))))
+
+(defun plv-ajuster-rappels (profil)
+  "The same after a change of plane or of the ground. Whether they stand where points have cells is another question, which stays open."
+  (plv-poser-rappels profil)
   (if (vl-some '(lambda (f) (and (= (plv-fait-chose f) "RAPPELS") (plv-source-vraie-p profil f "distances"))) (plv-faits profil))
     (plv-noter-fait profil "RAPPELS" nil nil nil)))

@@ -10,9 +10,12 @@ record for each point."
           precedent (car point)))
   (plv-ecrire-donnees profil plv-app-terrain (reverse groupes)))
 
-(defun plv-points-tn (profil / donnees d points)
+(defun plv-points-tn (profil)
   "Points (distance altitude 0.0) as the module reads them: steps and altitudes. pl_PointTn reads the whole record for each
 point."
+  (plv-lire-une-fois (list "points-tn" profil) '(lambda () (plv-terrain:points profil))))
+
+(defun plv-terrain:points (profil / donnees d points)
   (setq d 0.0
         donnees (mapcar '(lambda (g) (if (numberp (cdr g)) (float (cdr g)) 0.0)) (plv-donnees profil plv-app-terrain)))
   (while (cdr donnees)
@@ -23,7 +26,8 @@ point."
 
 (defun plv-refus-sans-terrain () "ce profil n'a pas de terrain naturel")
 
-(defun plv-longueur-profil (profil) (cadr (pl_InfosTn profil)))
+(defun plv-longueur-profil (profil)
+  (plv-lire-une-fois (list "longueur-profil" profil) '(lambda () (cadr (pl_InfosTn profil)))))
 
 (defun plv-longueur-terrain (profil)
   "As the record of the ground has it, without the module."
@@ -50,8 +54,11 @@ point."
 
 (defun plv-noms-tn (profil) (plv-cles 300 (plv-enregistrement profil "PLV_NOMS_TN")))
 
-(defun plv-points-nommes (profil / noms numero points)
+(defun plv-points-nommes (profil)
   "The ground as (distance altitude name number), numbers from 1."
+  (plv-lire-une-fois (list "points-nommes" profil) '(lambda () (plv-terrain:points-nommes profil))))
+
+(defun plv-terrain:points-nommes (profil / noms numero points)
   (setq noms (plv-noms-tn profil) numero 0)
   (foreach p (plv-points-tn profil)
     (setq numero (1+ numero)

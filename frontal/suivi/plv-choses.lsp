@@ -114,7 +114,7 @@
 (defun plv-choses:sources-rangee (profil fait)
   (vl-list* "textes" "longueur" (plv-sources-de-type (plv-rangee-nature (plv-choses:rangee fait)))))
 
-(defun plv-choses:tables-la (profil) (plv-sources:lire (list "tables" profil) '(lambda () (plv-tables profil))))
+(defun plv-choses:tables-la (profil) (plv-lire-une-fois (list "tables" profil) '(lambda () (plv-tables profil))))
 
 (defun plv-choses:reference (profil fait)
   (if (and (member (plv-fait-entite fait) (plv-choses:tables-la profil)) (plv-choses:rangee fait)) (list (plv-fait-entite fait))))
@@ -132,7 +132,7 @@
   (setq courbe (if (plv-existe (plv-fait-entite fait)) (plv-fait-entite fait)))
   (vl-remove-if-not '(lambda (c) (eq (plv-cote-courbe c) courbe)) (plv-choses:cotes-posees profil)))
 
-(defun plv-choses:cotes-posees (profil) (plv-sources:lire (list "cotes" profil) '(lambda () (plv-cotes-du-profil profil))))
+(defun plv-choses:cotes-posees (profil) (plv-lire-une-fois (list "cotes" profil) '(lambda () (plv-cotes-du-profil profil))))
 
 (defun plv-courbes-cotees (profil)
   "The curves that have dimensions, nil among them when one is gone."
@@ -182,7 +182,7 @@
 (defun plv-choses:mots-legende (profil fait) (strcat "Légende " (plv-fait-genre fait)))
 (defun plv-choses:blocs (profil fait) (plv-cle (plv-fait-genre fait) (plv-choses:legendes-par-genre profil)))
 (defun plv-choses:legendes-par-genre (profil)
-  (plv-sources:lire (list "legendes" profil) '(lambda () (plv-legendes-par-genre profil))))
+  (plv-lire-une-fois (list "legendes" profil) '(lambda () (plv-legendes-par-genre profil))))
 (defun plv-choses:legendes (profil)
   (mapcar '(lambda (genre) (plv-fait "LEGENDE" (car genre) nil nil)) (plv-choses:legendes-par-genre profil)))
 

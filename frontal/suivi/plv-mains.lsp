@@ -57,7 +57,7 @@
 (defun plv-rangees-lues (profil faits / rangees)
   "What isn't right in the rows of facts."
   (setq rangees (mapcar 'plv-rangee-de-fait faits))
-  (plv-sources:lire (list "a-corriger" profil rangees) '(lambda () (plv-a-corriger profil rangees (plv-sources:points profil)))))
+  (plv-lire-une-fois (list "a-corriger" profil rangees) '(lambda () (plv-a-corriger profil rangees (plv-sources:points profil)))))
 
 (defun plv-lever-rangees (profil faits / touchees gestes)
   (setq touchees (vl-remove nil (mapcar '(lambda (f lue) (if (plv-touchee-p lue) f)) faits (plv-rangees-lues profil faits))))
@@ -65,7 +65,7 @@
     (progn
       (setq gestes (plv-mains:gestes profil (vl-remove-if-not '(lambda (r) (plv-mains:de-fait-p r touchees)) (plv-mains:rangees profil))))
       (plv-effacer (mapcar 'plv-mains:texte gestes))
-      (plv-sources-oublier)))
+      (plv-oublier-lectures)))
   (list faits gestes))
 
 ;; --- and after it

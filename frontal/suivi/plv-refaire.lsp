@@ -49,7 +49,7 @@
   "Their tops back on the ground; new ones where other points have cells now."
   (setq points (plv-points-cotes profil))
   (if (equal (plv-distances-rappels profil) (mapcar 'car points) 1e-6)
-    (plv-ajuster-rappels profil)
+    (plv-poser-rappels profil)
     (progn
       (plv-effacer (plv-lignes-rappel profil))
       (plv-noter-ajouts profil (plv-tracer-rappels profil points))))

@@ -2,7 +2,7 @@
 ;; Shared in the room: plv-sources:*
 
 (defun plv-sources:mesurees (profil genre)
-  (plv-sources:lire (list "lignes" profil genre) '(lambda () (plv-lignes-mesurees profil genre nil))))
+  (plv-lire-une-fois (list "lignes" profil genre) '(lambda () (plv-lignes-mesurees profil genre nil))))
 
 (defun plv-sources:lignes (profil fait) (list (plv-sources:mesurees profil (plv-fait-genre fait))))
 
@@ -23,7 +23,7 @@
 (defun plv-sources:sol-lignes (profil fait / genre etendue)
   (setq genre (plv-fait-genre fait)
         etendue (plv-etendue-mesuree (plv-sources:mesurees profil genre)))
-  (list (if etendue (plv-sources:lire (list "sol" profil genre) '(lambda () (plv-terrain-mesure profil etendue nil))))))
+  (list (if etendue (plv-lire-une-fois (list "sol" profil genre) '(lambda () (plv-terrain-mesure profil etendue nil))))))
 
 (defun plv-sources:plans-lignes (profil fait / etendue)
   "The planes over which the lines of a kind are drawn."
@@ -49,7 +49,7 @@
   "Of a file that isn't there nothing is known."
   (if (setq chemin (findfile (cond ((car (plv-fait-reponses fait))) ("")))) (plv-lire-lignes chemin)))
 
-(defun plv-sources:toutes-classes () (plv-sources:lire (list "classes") '(lambda () (plv-classes-profondeur))))
+(defun plv-sources:toutes-classes () (plv-lire-une-fois (list "classes") '(lambda () (plv-classes-profondeur))))
 
 (defun plv-sources:classes (profil fait) (list (plv-sources:toutes-classes)))
 

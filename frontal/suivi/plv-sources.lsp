@@ -72,41 +72,13 @@
 (defun plv-source-empreinte (profil fait nom / cle)
   "The fingerprint of a source now; nil when nothing can be known of it."
   (if (setq cle (plv-sources:cle profil fait nom))
-    (plv-sources:lire cle '(lambda () (plv-sources:empreinte profil fait nom)))
+    (plv-lire-une-fois cle '(lambda () (plv-sources:empreinte profil fait nom)))
     (plv-sources:empreinte profil fait nom)))
 
 (defun plv-sources:empreinte (profil fait nom / fonction valeurs)
   (if (and (setq fonction (caddr (assoc nom plv-sources:table)))
            (setq valeurs (apply fonction (list profil fait))))
     (et_empreinte valeurs (plv-origine profil) (if (member nom plv-sources:aspects) T))))
-
-;; --- several things have sources that cost time: while their readings are kept, each is read once
-
-(setq plv-sources:lectures nil plv-sources:garder nil)
-
-(defun plv-avec-lectures (fonction / resultat dedans)
-  "Runs a function that changes nothing, while readings are kept."
-  (setq dedans plv-sources:garder plv-sources:garder T
-        resultat (vl-catch-all-apply fonction '()))
-  (if (not dedans) (setq plv-sources:garder nil plv-sources:lectures nil))
-  (if (vl-catch-all-error-p resultat) (plv-erreur (vl-catch-all-error-message resultat)) resultat))
-
-(defun plv-sources-oublier () "After a change of what was read." (setq plv-sources:lectures nil))
-
-(defun plv-sans-lectures (fonction / dedans resultat)
-  "Runs a function that changes what was read."
-  (setq dedans plv-sources:garder plv-sources:garder nil)
-  (plv-sources-oublier)
-  (setq resultat (apply fonction '()) plv-sources:garder dedans)
-  resultat)
-
-(defun plv-sources:lire (lire:cle lire:fonction / lire:valeur)
-  (cond
-    ((setq lire:valeur (assoc lire:cle plv-sources:lectures)) (cdr lire:valeur))
-    (T
-     (setq lire:valeur (apply lire:fonction '()))
-     (if plv-sources:garder (setq plv-sources:lectures (cons (cons lire:cle lire:valeur) plv-sources:lectures)))
-     lire:valeur)))
 
 ;; --- the profile
 
@@ -131,7 +103,7 @@
 
 (defun plv-sources:releve (profil fait) (list (plv-points-tn profil)))
 
-(defun plv-sources:ecarts (profil) (plv-sources:lire (list "traits" profil) '(lambda () (plv-ecarts-terrain profil))))
+(defun plv-sources:ecarts (profil) (plv-lire-une-fois (list "traits" profil) '(lambda () (plv-ecarts-terrain profil))))
 
 (defun plv-sources:traits (profil fait)
   "What the ground lines differ in from their record."
@@ -181,7 +153,7 @@
   (if (setq chemin (plv-chemin-definition (cond ((car (plv-fait-reponses fait))) ("")))) (plv-lire-lignes chemin)))
 
 (defun plv-sources:points (profil)
-  (plv-sources:lire (list "points" profil) '(lambda () (plv-points-cotes profil))))
+  (plv-lire-une-fois (list "points" profil) '(lambda () (plv-points-cotes profil))))
 
 (defun plv-sources:distances (profil fait) (mapcar 'car (plv-sources:points profil)))
 (defun plv-sources:altitudes (profil fait) (mapcar '(lambda (p) (list (car p) (cadr p))) (plv-sources:points profil)))
@@ -193,7 +165,7 @@
   (list (mapcar '(lambda (p) (list (car p) (+ origine (car p)) (plv-point-nom p))) (plv-observations-ecrites profil))))
 
 (defun plv-sources:rangees (reference)
-  (plv-sources:lire (list "rangees" reference) '(lambda () (plv-matrice-rangees (plv-matrice reference)))))
+  (plv-lire-une-fois (list "rangees" reference) '(lambda () (plv-matrice-rangees (plv-matrice reference)))))
 
 (defun plv-sources:rangee (fait) (nth (atoi (plv-fait-precision fait)) (plv-sources:rangees (plv-fait-entite fait))))
 
@@ -225,7 +197,7 @@
   (list (mapcar '(lambda (genre) (list genre (plv-sources:trace profil genre))) (plv-genres-du-projet profil))))
 
 (defun plv-sources:trace (profil genre)
-  (plv-sources:lire (list "trace" profil genre) '(lambda () (plv-trace-projet profil genre))))
+  (plv-lire-une-fois (list "trace" profil genre) '(lambda () (plv-trace-projet profil genre))))
 
 (defun plv-sources:projet (profil fait) (list (plv-sources:trace profil (plv-fait-genre fait))))
 

@@ -12,8 +12,11 @@
 
 (setq plv-cases:retenues nil)
 
-(defun plv-altitudes-projet (profil genre points / situes plans cle)
+(defun plv-altitudes-projet (profil genre points)
   "Altitudes of a project line at points, nil where it is not. Those of lines and points that haven't changed are kept."
+  (plv-lire-une-fois (list "altitudes-projet" profil genre points) '(lambda () (plv-cases:altitudes-projet profil genre points))))
+
+(defun plv-cases:altitudes-projet (profil genre points / situes plans cle)
   (setq situes (plv-elements-situes profil genre) plans (plv-plans profil)
         cle (et_empreinte (list (plv-echv profil) plans (mapcar 'car points) (mapcar 'plv-situe-entite situes)) (plv-origine profil)))
   (cond
@@ -44,10 +47,13 @@
 
 (defun plv-cellules (profil rangee points)
   "(point text) of such cells."
-  (vl-remove-if-not 'cadr
-    (mapcar 'list points
-      (plv-reels (plv-cases:altitudes profil (plv-rangee-nature rangee) (plv-genre-de-rangee profil rangee) points)
-        (plv-rangee-decimales rangee)))))
+  (plv-cases:ecrites profil (plv-rangee-nature rangee) (plv-genre-de-rangee profil rangee) points (plv-rangee-decimales rangee)))
+
+(defun plv-cases:ecrites (profil nature genre points decimales)
+  (plv-lire-une-fois (list "cellules" profil nature genre decimales points)
+    '(lambda ()
+       (vl-remove-if-not 'cadr
+         (mapcar 'list points (plv-reels (plv-cases:altitudes profil nature genre points) decimales))))))
 
 (defun plv-bornes-ecrites (profil genre nature)
   "The ends of slope pieces that a row of distances shows."

@@ -77,12 +77,13 @@
       (setq numeros (vl-remove nil (mapcar 'car (cddr lue))))
       (list (car lue) (vl-remove nil (mapcar 'cadr (cddr lue))) (mapcar '(lambda (i) (car (nth i cases))) numeros)))))
 
-(defun plv-a-corriger (profil rangees points / cases)
+(defun plv-a-corriger (profil rangees points / cases entites etudes)
   "points: those that have cells."
-  (setq cases (mapcar '(lambda (r) (plv-seule:cases profil r points)) rangees))
+  (setq cases (mapcar '(lambda (r) (plv-seule:cases profil r points)) rangees)
+        entites (plv-entites-des-tables profil)
+        etudes (mapcar '(lambda (r c) (append (plv-rangee-etude r) (if c (list (mapcar 'cadr c))))) rangees cases))
   (mapcar 'plv-seule:trouver
-    (et_a_corriger (plv-entites-des-tables profil) (plv-seule:gardees profil)
-      (mapcar '(lambda (r c) (append (plv-rangee-etude r) (if c (list (mapcar 'cadr c))))) rangees cases))
+    (cond ((et_a_corriger entites T etudes)) ((et_a_corriger entites (plv-seule:gardees profil) etudes)))
     cases))
 
 (defun plv-touchee-p (lue) "Whether a hand has changed a text of a row." (car lue))

@@ -137,6 +137,26 @@ def check_forms(folder):
     expect("both at once", (kavel(text, "--ascii", "--binary", "--save", back).returncode, kavel(text, "--ascii").returncode), (2, 2))
 
 
+def check_applications(folder):
+    """Extended data are found among texts that nobody has looked at yet, in either form."""
+    text, binary = (os.path.join(folder, name) for name in ("x.dxf", "y.dxf"))
+    drawing = ezdxf.new("R2010")
+    drawing.appids.add("APP")
+    drawing.appids.add("AUTRE")
+    for words, application in (("avec", "APP"), ("1001", None), ("autre", "AUTRE"), ("sans", None), ("aussi", "APP")):
+        entity = drawing.modelspace().add_text(words)
+        if application:
+            entity.set_xdata(application, [(1000, "x")])
+    drawing.saveas(text)
+    kavel(text, "--binary", "--save", binary)
+    for file in (text, binary):
+        for pattern, wanted in (("app", "aussi avec"), ("A*", "aussi autre avec"), ("AUCUNE", "nil")):
+            found = kavel(file, "-e", f"""(progn (setq s (ssget "X" '((0 . "TEXT") (-3 ("{pattern}")))) i -1)
+                (if s (repeat (sslength s) (princ (strcat (if (= i -1) "" " ") (cdr (assoc 1 (entget (ssname s (setq i (1+ i)))))))))
+                      (princ "nil")) (princ))""").stdout.strip()
+            expect(f"{pattern} in {os.path.basename(file)}", found, wanted)
+
+
 def check_fragment(folder):
     source, target = os.path.join(folder, "f.dxf"), os.path.join(folder, "g.dxf")
     line = "0\nLINE\n5\n1F\n100\nAcDbEntity\n8\nA\n100\nAcDbLine\n10\n0\n20\n0\n30\n0\n11\n1\n21\n1\n31\n0\n"
@@ -153,7 +173,7 @@ def check_fragment(folder):
 
 def main():
     with tempfile.TemporaryDirectory() as folder:
-        for check in (check_r12, check_pointers, check_forms, check_fragment):
+        for check in (check_r12, check_pointers, check_forms, check_applications, check_fragment):
             check(folder)
     for fault in faults:
         print(fault)

@@ -24,6 +24,8 @@ class RecordSource {
  public:
   virtual ~RecordSource() = default;
   virtual Record read(std::uint64_t offset, std::uint32_t length) const = 0;
+  // False for a record that certainly has no extended data, which is seen without reading it.
+  virtual bool mayHaveXdata(std::uint64_t offset, std::uint32_t length) const = 0;
   // The binary solid-model data that the drawing keeps apart from the entity of that handle; empty when it has none.
   virtual std::string solidData(std::uint64_t handle) const = 0;
 };
@@ -89,7 +91,11 @@ class AcDbImpDatabase {
   // Entities that are neither open nor changed are dropped again when many are in memory: a pointer to one is good
   // only while it is open, or until kMostIdle further ones were parsed.
   AcDbObject& object(AcDbStub& stub);
-  static constexpr std::size_t kMostIdle = 4096;
+  static constexpr std::size_t kMostIdle = 16384;
+  // False for an object that certainly has no extended data; it isn't parsed for that.
+  bool mayHaveXdata(const AcDbStub& stub) const {
+    return stub.object || !source || source->mayHaveXdata(stub.offset, stub.length);
+  }
   // Replaces the stub's object, which nobody may have open, by one of the record's class.
   void replaceObject(AcDbStub& stub, atelier::Record record);
   // Adds a new object to the database: gives it a handle and a stub under the owner, and leaves it open for write.

@@ -18,6 +18,11 @@ Record ParsedRecords::read(std::uint64_t offset, std::uint32_t length) const {
   return record;
 }
 
+bool ParsedRecords::mayHaveXdata(std::uint64_t offset, std::uint32_t length) const {
+  return layout_->style.encoding != Encoding::ascii ||
+         layout_->bytes.substr(offset, length).find("1001") != std::string_view::npos;
+}
+
 std::string ParsedRecords::solidData(std::uint64_t handle) const {
   if (!layout_->solids) return {};
   const Encoding encoding = layout_->style.encoding;

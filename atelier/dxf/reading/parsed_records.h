@@ -9,6 +9,7 @@ class ParsedRecords : public RecordSource {
   explicit ParsedRecords(std::shared_ptr<const FileLayout> layout) : layout_(std::move(layout)) {}
   // A record that is cut off ends where it can still be read.
   Record read(std::uint64_t offset, std::uint32_t length) const override;
+  bool mayHaveXdata(std::uint64_t offset, std::uint32_t length) const override;
   // From the records of the ACDSDATA section (R2013 and later).
   std::string solidData(std::uint64_t handle) const override;
 

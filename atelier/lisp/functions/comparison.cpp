@@ -32,7 +32,7 @@ bool equal(Interpreter& in, Value a, Value b, double fuzz) {
   if (!a.isPair() || !b.isPair()) return atomsEqual(a, b, fuzz);
   std::vector<std::pair<Value, Value>> pending;
   for (;;) {
-    while (a.isPair() && b.isPair()) {
+    while (a.isPair() && b.isPair() && a != b) {
       in.poll();
       if (a.car().isPair() && b.car().isPair()) pending.emplace_back(a.car(), b.car());
       else if (!atomsEqual(a.car(), b.car(), fuzz)) return false;

@@ -2,6 +2,7 @@
 // star.
 #include "atelier/lisp/text/wildcard.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -118,9 +119,17 @@ std::size_t patternEnd(CodesView patterns, std::size_t start) {
   return patterns.size();
 }
 
+// Which nothing but itself matches.
+bool isPlain(std::string_view pattern) {
+  return std::ranges::none_of(pattern, [](char c) {
+    return static_cast<unsigned char>(c) > 127 || std::string_view("#@.*?~[]`,").find(c) != std::string_view::npos;
+  });
+}
+
 }  // namespace
 
 bool matchesWildcard(std::string_view text, std::string_view patterns, const Step& step) {
+  if (isPlain(patterns)) return text == patterns;
   const Codes subject = decode(text, step), all = decode(patterns, step);
   for (std::size_t start = 0; start <= all.size();) {
     const std::size_t end = patternEnd(all, start);

@@ -47,6 +47,9 @@
 ((list (= (et_somme a) (et_somme c)) (= (et_somme a) (et_somme b)) (et_somme l)) (T nil nil))
 ((et_ecarts tous rangees) nil)
 ((mapcar 'length (et_a_corriger tous nil rangees)) (5 3))
+;; what stays has to be known only where nothing is kept of a row
+((equal (et_a_corriger tous T rangees) (et_a_corriger tous nil rangees)) T)
+((et_a_corriger tous T (append rangees (list (list l "INCONNUE" 0.0 0.0 -5.0)))) nil)
 ;; moved, rewritten in its place, coloured; a text that was added is nobody's until it is told
 (preparer
   (command "_.MOVE" a "" '(0.0 0.0) '(1.0 -6.0))
@@ -127,4 +130,7 @@
 ((equal (et_chaine b "nextli") (list b c a)) T)
 (preparer (entdel c))
 ((list (equal (et_chaine a "NEXTLI") (list a b)) (equal (et_chaine a "AUTRE") (list a)) (et_chaine a nil)) (T T nil))
+((equal (et_hors (list a b a) (list b)) (list a a)) T)
+((list (et_hors nil (list a)) (equal (et_hors (list a b) nil) (list a b)) (et_hors (list a) (list a))) (nil T nil))
+((et_departs (list b (cdr (assoc 330 (entget a))) a)) ((1.0 0.0 0.0) nil (0.0 0.0 0.0)))
 ((list (et_bouts (list (list a '(0.0 0.0 0.0) '(1.0 1.0 0.0)))) (et_bouts (list (list a '(0.0 0.1 0.0) '(1.0 1.0 0.0))))) (nil nil))

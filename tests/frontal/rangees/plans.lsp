@@ -124,7 +124,7 @@
     (vl-sort (mapcar '(lambda (g / d) (setq d (- (cadr (assoc 10 g)) (car 'point)))
                         (list (/ (fix (+ 0.5 (* 100.0 d))) 100.0)
                               (/ (fix (+ 0.5 (* 100.0 (+ (plan-avant d) (/ (- (caddr (assoc 10 g)) (cadr 'point)) echelle))))) 100.0)))
-                     (plv-rappels:lignes pr))
+                     (mapcar 'entget (plv-lignes-rappel pr)))
              '(lambda (a b) (< (car a) (car b)))))
   (agir "A" 193.54 85.0) (agir "A" 239.0 88.0) (agir "A" 301.1 84.0) (agir "A" 59.58 80.0) (agir "M" 239.0 70.0))
 ((montrees) ((0.0 99.0) (59.58 98.0) (193.54 100.0) (239.0 99.0) (270.31 101.25) (301.1 99.75) (340.0 100.0)))
