@@ -12,7 +12,7 @@
     (list "Un profil par axe d'un calque" (append '("calque") plv-mnt-fiche:surface plv-mnt-fiche:place-de)
       'plv-mnt-fiche:voir-plusieurs 'plv-mnt-fiche:plusieurs)
     (list "Actualiser un profil" '("profil") 'plv-mnt-fiche:voir-actualiser '(lambda (v) (plv-mnt-actualiser (plv-fiche-profil v))))
-    (list "Ajouter un autre terrain" (append '("profil" "role" "nom" "de" "leve") plv-mnt-fiche:surface)
+    (list "Ajouter un autre terrain" (append '("profil" "role" "nom" "de" "leve" "terrain-du-fichier") plv-mnt-fiche:surface)
       'plv-mnt-fiche:voir-ajout 'plv-mnt-fiche:ajouter)
     (list "Retirer un autre terrain" '("profil" "terrain") 'plv-mnt-fiche:voir-retrait
       '(lambda (v) (plv-mnt-retirer (plv-fiche-profil v) (plv-cle "terrain" v))))
@@ -37,6 +37,7 @@
     '("nom" "Nom du terrain, ou rien pour son rôle" "texte" "" nil T)
     '("de" "Le lire de" "mot" "Surface" ("Surface" "Fichier"))
     '("leve" "Fichier du terrain" "lire" "" "Levés (*.csv *.txt *.xml);;Tous (*)")
+    (plv-champ-landxml "terrain-du-fichier" "Axe et terrain du fichier")
     '("terrain" "Terrain" "mot" "" nil T)
     (plv-champ-nombre "distance" "Blocs et textes à cette distance de l'axe au plus" 2.0 2)
     (plv-champ-nombre "taille" "Taille des marques" 1.0 2)))
@@ -56,8 +57,9 @@
     (if (not (plv-mnt-fiche:de-mot-p valeurs "objets")) '("objets"))
     (if (and (member "sources" (cadr (plv-mnt-fiche:action valeurs))) (or (plv-mnt-systeme) (not (plv-mnt-fiche:geo-p valeurs)))) '("systeme"))
     (cond
-      ((plv-mnt-fiche:lu-de-fichier-p valeurs) plv-mnt-fiche:surface)
-      ((member "de" (cadr (plv-mnt-fiche:action valeurs))) '("leve")))))
+      ((plv-mnt-fiche:lu-de-fichier-p valeurs)
+       (append plv-mnt-fiche:surface (if (not (cdr (plv-mnt-fiche:terrains-du-fichier valeurs))) '("terrain-du-fichier"))))
+      ((member "de" (cadr (plv-mnt-fiche:action valeurs))) '("leve" "terrain-du-fichier")))))
 
 ;; --- the looks
 
@@ -67,7 +69,9 @@
              (apply (caddr (plv-mnt-fiche:action valeurs)) (list valeurs)))
         profil (plv-fiche-profil valeurs))
   (plv-regard (car vu) (cadr vu) (caddr vu) (plv-mnt-fiche:caches-du-mot valeurs)
-    (append (plv-mnt-fiche:choix-sources valeurs) (if profil (list (cons "terrain" (mapcar 'plv-terrain-nom (plv-terrains profil))))))))
+    (append (plv-mnt-fiche:choix-sources valeurs)
+      (list (cons "terrain-du-fichier" (mapcar 'car (plv-mnt-fiche:terrains-du-fichier valeurs))))
+      (if profil (list (cons "terrain" (mapcar 'plv-terrain-nom (plv-terrains profil))))))))
 
 (defun plv-mnt-fiche:sans-axe (valeurs)
   (plv-mnt-demande nil nil 0.0 (plv-mnt-fiche:sources valeurs) (plv-mnt-fiche:options valeurs)))
@@ -96,12 +100,19 @@
   (list (if (not (plv-mnt-actualisable-p profil)) '(("profil" "ce profil ne vient pas d'une surface")))
         (plv-mnt-fiche:image profil nil) nil))
 
+(defun plv-mnt-fiche:terrains-du-fichier (valeurs)
+  "Those of a LandXML file, one of which is chosen when there are several."
+  (if (plv-mnt-fiche:lu-de-fichier-p valeurs) (car (plv-essayer 'plv-fiche-terrains (list valeurs "leve")))))
+
+(defun plv-mnt-fiche:morceaux-du-fichier (valeurs profil)
+  (plv-mnt-morceaux-de-fichier profil (plv-fiche-lire-terrain valeurs "leve" "terrain-du-fichier")))
+
 (defun plv-mnt-fiche:terrain-lu (valeurs profil)
-  "((pieces) complaint) of the ground that is to be added; a LandXML file gives its first alignment."
+  "((pieces) complaint) of the ground that is to be added."
   (plv-essayer
     '(lambda ()
        (if (plv-mnt-fiche:lu-de-fichier-p valeurs)
-         (plv-mnt-morceaux-de-fichier profil (plv-lire-terrain (plv-fiche-fichier valeurs "leve")))
+         (plv-mnt-fiche:morceaux-du-fichier valeurs profil)
          (plv-mnt-morceaux-de-surface profil (plv-mnt-fiche:pour-ajout valeurs))))
     nil))
 
@@ -115,8 +126,7 @@
                  (if (plv-mnt:refus-nom (plv-mnt-fiche:nom valeurs)) (list (list "nom" (plv-mnt:refus-nom (plv-mnt-fiche:nom valeurs)))))
                  (cond
                    ((not (plv-mnt-fiche:lu-de-fichier-p valeurs)) (plv-mnt-fiche:fautes-surface valeurs))
-                   ((not (plv-fiche-fichier valeurs "leve")) '(("leve" "un fichier est attendu")))
-                   ((plv-landxml-p (plv-fiche-fichier valeurs "leve")) '(("leve" "d'un LandXML l'axe se choisit dans la commande tapée"))))))
+                   ((not (plv-fiche-fichier valeurs "leve")) '(("leve" "un fichier est attendu"))))))
   (if (not fautes) (setq lu (plv-mnt-fiche:terrain-lu valeurs profil)))
   (list
     (cond
@@ -128,7 +138,8 @@
 (defun plv-mnt-fiche:ajouter (valeurs / profil nom role)
   (setq profil (plv-fiche-profil valeurs) nom (plv-mnt-fiche:nom valeurs) role (plv-cle "role" valeurs))
   (if (plv-mnt-fiche:lu-de-fichier-p valeurs)
-    (plv-mnt-ajouter profil nom role (plv-mnt-morceaux-de-fichier profil (plv-lire-terrain (plv-fiche-fichier valeurs "leve"))))
+    (plv-prendre-fichier "leve" (plv-fiche-fichier valeurs "leve")
+      (plv-mnt-ajouter profil nom role (plv-mnt-fiche:morceaux-du-fichier valeurs profil)))
     (plv-mnt-ajouter-surface profil nom role (plv-mnt-fiche:pour-ajout valeurs))))
 
 (defun plv-mnt-fiche:voir-retrait (valeurs / profil terrain)

@@ -111,6 +111,11 @@
 ((choix "PLV-LEVE" '("operation" "Remplacer le levé" "fichier" "<dossier>deux.xml") "terrain") ("Rue / TN" "Quai / 2024" "Quai / 2025"))
 (dit (faire "PLV-LEVE" '("operation" "Remplacer le levé" "fichier" "<dossier>deux.xml" "terrain" "Quai / 2025")) "Levé remplacé: 3 points au lieu de 5")
 ((plv-altitude-tn (plv-points-tn p) 30.0) 52.0)
+;; so is a further ground, of which a station begins where the profile's does
+(preparer (setq autre '("quoi" "Ajouter un autre terrain" "profil" "12" "de" "Fichier" "leve" "<dossier>deux.xml")))
+((choix "PLV-TERRAIN" autre "terrain-du-fichier") ("Rue / TN" "Quai / 2024" "Quai / 2025"))
+(dit (faire "PLV-TERRAIN" (append autre '("terrain-du-fichier" "Quai / 2024" "nom" "Quai"))) "Terrain Quai: 2 points, de la station 100.00 à 150.00.")
+((mapcar 'cadr (car (plv-terrain-morceaux (plv-terrain-nomme p "Quai")))) (20.0 25.0))
 ((choix "PLV-PROJET" '("maniere" "Fichier" "fichier" "<dossier>deux.xml") "ligne") ("Rue / Chaussée" "Quai / Quai"))
 (passe (faire "PLV-PROJET" '("genre" "AEp" "maniere" "Fichier" "fichier" "<dossier>deux.xml" "ligne" "Quai / Quai")))
 ((cadr (caar (plv-lire-ligne p "AEp"))) 48.5)
