@@ -153,6 +153,19 @@ bool Wandering::rests() const {
   return !QApplication::activeModalWidget() && !QApplication::activePopupWidget() && !(d && d->isBusy());
 }
 
+// Why the window isn't at rest.
+std::string Wandering::restless() const {
+  const QWidget *const modal = QApplication::activeModalWidget(), *const popup = QApplication::activePopupWidget();
+  const atelier::desktop::Drawing* const d = window.drawing();
+  const auto named = [](const char* what, const QWidget* widget) {
+    return widget ? std::string(what) + widget->metaObject()->className() + " " + widget->windowTitle().toStdString()
+                  : std::string();
+  };
+  return (due_ ? "" : "between steps ") + named("modal ", modal) + named(" popup ", popup) +
+         (d && d->isRunning() ? " runs " + d->commandName().toStdString() : "") +
+         (d && d->hasMore() ? " has more" : "") + (d && d->isAwaited ? " is awaited" : "");
+}
+
 void Wandering::calm() {
   if (QWidget* const popup = QApplication::activePopupWidget()) popup->close();
   else if (auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) dialog->reject();
@@ -204,7 +217,7 @@ void Wandering::wander(unsigned seed, int steps, int between, const std::functio
         kPatience);
     wanders_ = false;
     if (!due_ || !rests()) {
-      ADD_FAILURE() << "stuck at step " << taken << "\n" << history().right(2000).toStdString();
+      ADD_FAILURE() << "stuck at step " << taken << ": " << restless() << "\n" << history().right(2000).toStdString();
       return;
     }
     check();

@@ -29,6 +29,7 @@ struct Wandering : Desktop {
   void panel();
   void answerModal();
   bool rests() const;
+  std::string restless() const;
   void calm();  // one step out of dialogs and commands
   void tick();
   void guard();

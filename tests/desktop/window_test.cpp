@@ -3,6 +3,7 @@
 #include <QDropEvent>
 #include <QFile>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMimeData>
@@ -98,6 +99,26 @@ TEST_F(Window, APlotIsMadeByItsForm) {
   ASSERT_TRUE(plot.open(QIODevice::ReadOnly));
   EXPECT_TRUE(plot.readAll().startsWith("%PDF"));
   EXPECT_TRUE(history().contains("plan.pdf"));
+}
+
+TEST_F(Window, APlotsPreviewIsTheWholeSheetOnASmallScreen) {
+  driver.type("LINE").type("0,0").type("20,60").type("");
+  driver.menu("Tracer...").then([] {
+    auto& form = *dynamic_cast<atelier::desktop::PlotForm*>(QApplication::activeModalWidget());
+    form.resize(form.minimumSizeHint());
+    EXPECT_LE(form.height(), 500) << "a screen of 1000 pixels at 200 %";
+    QRect paper;
+    for (QLabel* label : form.findChildren<QLabel*>()) {
+      if (label->pixmap().isNull()) continue;
+      const QImage shown = label->grab().toImage();
+      for (int y = 0; y < shown.height(); ++y)
+        for (int x = 0; x < shown.width(); ++x)
+          if (shown.pixelColor(x, y) == Qt::white) paper |= QRect(x, y, 1, 1);
+    }
+    EXPECT_GT(paper.width(), 50);
+    EXPECT_NEAR(double(paper.height()) / std::max(1, paper.width()), 297.0 / 210.0, 0.05);
+  });
+  driver.press("Annuler").play();
 }
 
 TEST_F(Window, APlotHasTheTableThatIsChosen) {

@@ -17,6 +17,16 @@ constexpr int kHoverDelay = 40;  // milliseconds
 
 }  // namespace
 
+// After a change of the view, also by a command: the present picture is used until the next one is painted, and something else lies
+// under a cursor that hasn't moved.
+void DrawingView::settleView() {
+  askPicture();
+  if (!cursor_ || !isVisible()) return;
+  const AcGePoint3d point = pointAt(*cursor_);
+  if (!hoverTimer_.isActive()) hoverTimer_.start(kHoverDelay);
+  if (onMoved) onMoved(point);
+}
+
 void DrawingView::updateGrips() {
   grips_.clear();
   hotGrip_.reset();
