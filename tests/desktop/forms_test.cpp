@@ -1,6 +1,7 @@
 // Forms of commands: what is wrong stands beside its field, a depth is dragged in the picture, what was accepted is done and remembered.
 #include <QHeaderView>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <QTableWidget>
 
 #include "atelier/desktop/forms/form_command.h"
@@ -171,6 +172,23 @@ TEST_F(FormWindow, TheFormStepsAsideWhileAnObjectIsPicked) {
   driver.until([this] { return form() && form()->words().startsWith("L'axe a 420.00 m"); });
   driver.press("Associer").play();
   EXPECT_TRUE(lisp("(if (plv-axe-plan (car (plv-profils))) T)").toBool());
+}
+
+// Until the window has the keys again the form gets them. Escape ends the pick and not the form; Enter does nothing.
+TEST_F(FormWindow, KeysToAFormThatStepsAsideDontEndIt) {
+  driver.menu("Axe en plan...").then([this] {
+    QDialog* const away = form();
+    for (QPushButton* const button : away->findChildren<QPushButton*>())
+      if (button->text() == "Choisir dans le dessin") button->click();
+    EXPECT_FALSE(away->isVisible());
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+      QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+      QApplication::sendEvent(away, &event);
+    }
+  });
+  driver.until([this] { return form() != nullptr; }).then([this] { form()->reject(); });
+  driver.play();
+  EXPECT_FALSE(window.drawing()->isBusy());
 }
 
 // A vertex is moved by a command: the dimensions follow without being asked for, until the step is undone.
