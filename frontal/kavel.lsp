@@ -5,7 +5,7 @@
 ;; outils/verifier-frontal.py reads this list and holds the files to it.
 (setq plv-salles
   '((base ()
-     plv-outils plv-lignes plv-questions plv-points plv-enregistrements plv-dessin)
+     plv-outils plv-lignes plv-questions plv-points plv-enregistrements plv-objets plv-dessin)
     (terrain (base)
      plv-vraisemblance plv-terrain)
     (profil (base)

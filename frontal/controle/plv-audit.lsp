@@ -39,7 +39,7 @@
      (plv-constat "P07" support (strcat "ELEMS_PROJET_KAVEL a un groupe " (itoa (car g)) " au lieu de 330")))
     ;; Erased elements drop out at the next writing: only what lives and is no curve is a fault.
     ((and (plv-existe (cdr g)) (not (plv-courbe-p (cdr g))))
-     (plv-constat "P07" support (strcat "ELEMS_PROJET_KAVEL nomme une entité " (plv-type (cdr g)))))))
+     (plv-constat "P07" support (strcat "ELEMS_PROJET_KAVEL nomme une entité " (plv-nom-de-type (plv-type (cdr g))))))))
 
 (defun plv-audit:support (support)
   "The findings on what is attached to a kind of line, or to the profile itself."

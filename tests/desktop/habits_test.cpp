@@ -217,7 +217,7 @@ TEST_F(Habits, PropertiesAreEditedForOneOrMany) {
   driver.pick(22, 22).play();
   ASSERT_EQ(window.view()->selection().size(), 1u);
   EXPECT_TRUE(window.properties().editField("Texte"));
-  EXPECT_FALSE(window.properties().editField("Handle"));
+  EXPECT_FALSE(window.properties().editField("Identifiant"));
   change("Texte", "nouveau");
   EXPECT_EQ(lisp("(cdr (assoc 1 (entget (ssname (ssget \"X\" '((0 . \"TEXT\"))) 0))))").toString(), "nouveau");
   change("Hauteur ou rayon", "2,5");

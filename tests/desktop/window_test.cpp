@@ -186,11 +186,12 @@ TEST_F(Window, TheThemeIsKept) {
 TEST_F(Window, PropertiesCountSeveralAndTellOfOne) {
   driver.type("CIRCLE").type("20,20").type("5").type("CIRCLE").type("40,20").type("5").menu("Sélectionner tout").play();
   EXPECT_EQ(window.properties().item(0, 1)->text(), "2");
+  EXPECT_EQ(window.properties().item(1, 1)->text(), "Cercle");
   driver.key(Qt::Key_Escape).pick(25, 20).play();
   QMap<QString, QString> fields;
   for (int i = 0; i < window.properties().rowCount(); ++i)
     fields[window.properties().item(i, 0)->text()] = window.properties().item(i, 1)->text();
-  EXPECT_EQ(fields["Type"], "CIRCLE");
+  EXPECT_EQ(fields["Type"], "Cercle");
   EXPECT_EQ(fields["Hauteur ou rayon"].toDouble(), 5);
 }
 
