@@ -71,8 +71,9 @@ TEST_F(Files, WhatCannotBeOpenedOrSavedIsSaid) {
 
 // Findings on the profiles are told with those on the drawing, each on a line of its own.
 TEST_F(Files, WhatIsWrongWithAProfileOfADamagedFileIsTold) {
-  driver.type(QString("(progn (plv-nouveau \"%1/exemples/rue-du-moulin.csv\" \"7\" '(0.0 0.0 0.0) 10.0 2.5 nil nil) (princ))")
-                  .arg(KAVEL_SOURCE));
+  driver.type(
+      QString("(progn (plv-nouveau \"%1/exemples/rue-du-moulin.csv\" \"7\" '(0.0 0.0 0.0) 10.0 2.5 nil nil) (princ))")
+          .arg(KAVEL_SOURCE));
   driver.type("SAVEAS").type(file("abime.dxf")).play();
   ASSERT_TRUE(window.closeTab(0));
   QFile damaged(file("abime.dxf"));
@@ -86,7 +87,8 @@ TEST_F(Files, WhatIsWrongWithAProfileOfADamagedFileIsTold) {
   answer = "oui";
   ASSERT_TRUE(window.open(file("abime.dxf")));
   ASSERT_EQ(questions.size(), 2);
-  for (const QString& told : {questions[1], history()}) EXPECT_TRUE(told.contains("\nP02 réparé")) << told.toStdString();
+  for (const QString& told : {questions[1], history()})
+    EXPECT_TRUE(told.contains("\nP02 réparé")) << told.toStdString();
   EXPECT_TRUE(QRegularExpression("\n0 erreurs, \\d+ réparées, \\d+ constats$").match(questions[1]).hasMatch())
       << questions[1].toStdString();
 }
