@@ -62,8 +62,8 @@
      plv-style-fichier plv-style plv-fond plv-boites plv-libelles plv-libelles-poser plv-legende-lignes plv-cadres plv-presentation plv-style-fiche)
     (ensemble (base profil fiches plan metres)
      plv-ensemble plv-profil-entier plv-profil-fiche)
-    (controle (base profil reseaux tableaux ligne souris suivi)
-     plv-rapport plv-audit plv-bureau plv-proprietes plv-bureau-ligne plv-survol)))
+    (controle (base profil reseaux tableaux ligne souris suivi ensemble)
+     plv-rapport plv-audit plv-bureau plv-proprietes plv-bureau-ligne plv-bureau-prises plv-survol)))
 
 (foreach salle plv-salles
   (foreach fichier (cddr salle)

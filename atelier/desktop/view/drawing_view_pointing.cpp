@@ -202,8 +202,10 @@ void DrawingView::mouseReleaseEvent(QMouseEvent* event) {
     endWindow(event->position(), event->modifiers() & Qt::ShiftModifier);
   if (event->button() == Qt::LeftButton && gripPressed_) {
     const QPointF dragged = event->position() - *std::exchange(gripPressed_, std::nullopt);
-    if (std::hypot(dragged.x(), dragged.y()) > kGripReach && drawing_.source().follows())
-      drawing_.pick(viewport().world(event->position()));
+    if (const PromptInfo* prompt = drawing_.prompt(); prompt && std::hypot(dragged.x(), dragged.y()) > kGripReach) {
+      if (prompt->wantsPoint) drawing_.pick(pointAt(event->position()));
+      else if (drawing_.source().follows()) drawing_.pick(viewport().world(event->position()));
+    }
   }
   update();
 }
