@@ -174,6 +174,21 @@ TEST_F(FormWindow, TheFormStepsAsideWhileAnObjectIsPicked) {
   EXPECT_TRUE(lisp("(if (plv-axe-plan (car (plv-profils))) T)").toBool());
 }
 
+// What waits for the end of a command doesn't begin behind a form that was opened meanwhile: its drawing would no longer be the one
+// that is shown.
+TEST_F(FormWindow, NoOtherDrawingComesInFrontOfAForm) {
+  driver.type("LINE").type("0,0").then([this] {
+    QTimer::singleShot(40, &window, [this] { window.perform("PLV-AXE"); });
+    window.perform("@new");
+  });
+  driver.until([this] { return form() != nullptr; }).then([this] {
+    until([] { return false; }, 400);
+    EXPECT_EQ(window.tabs().count(), 1);
+    form()->reject();
+  });
+  driver.play();
+}
+
 // Until the window has the keys again the form gets them. Escape ends the pick and not the form; Enter does nothing.
 TEST_F(FormWindow, KeysToAFormThatStepsAsideDontEndIt) {
   driver.menu("Axe en plan...").then([this] {

@@ -109,13 +109,13 @@ void MainWindow::buildRecent(QMenu& menu, const RecentKind& kind) {
 }
 
 // Before drawings are opened, saved or changed the running command is cancelled; when it doesn't end (its dialog comes
-// back) the action is not carried out.
+// back), or a form was opened meanwhile, the action is not carried out.
 void MainWindow::whenIdle(std::function<void()> action) {
   Drawing* const d = drawing();
   if (!d || !d->isBusy()) return action();
   d->cancel();
   QTimer::singleShot(kUnwinding, d, [d, action = std::move(action)] {
-    if (!d->isBusy()) action();
+    if (!d->isBusy() && !QApplication::activeModalWidget()) action();
   });
 }
 
