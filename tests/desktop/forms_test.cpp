@@ -1,4 +1,5 @@
 // Forms of commands: what is wrong stands beside its field, a depth is dragged in the picture, what was accepted is done and remembered.
+#include <QDir>
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QPushButton>
@@ -172,6 +173,31 @@ TEST_F(FormWindow, TheFormStepsAsideWhileAnObjectIsPicked) {
   driver.until([this] { return form() && form()->words().startsWith("L'axe a 420.00 m"); });
   driver.press("Associer").play();
   EXPECT_TRUE(lisp("(if (plv-axe-plan (car (plv-profils))) T)").toBool());
+}
+
+// Neither their answers nor what menus call is written in the history as a program.
+TEST_F(FormWindow, TheHistoryHasCommandsNotPrograms) {
+  QDir::setCurrent(folder.path());
+  lisp("(plv-projet (car (plv-profils)) \"Projet\" '((0.0 140.0) (400.0 122.0)))");
+  const qsizetype begin = history().size();
+  const QStringList commands = lisp("(plv-fiches)").toStringList();
+  EXPECT_GT(commands.size(), 25);
+  for (const QString& command : commands) {
+    driver.then([this, command] { window.perform(command); }).until([this] { return form() != nullptr; });
+    driver.then([this] {
+      CommandForm* const f = form();
+      f->accept();
+      if (form() == f) f->reject();
+    });
+    driver.then([this] {
+      if (window.drawing()->waits()) window.drawing()->cancel();
+    });
+    driver.play();
+  }
+  driver.menu("Fonctions AutoLISP").menu("Vérifier le dessin").play();
+  for (const QString& line : history().mid(begin).split('\n'))
+    EXPECT_FALSE(line.startsWith("Commande: (") || line.contains("(plv-") || line.contains("; erreur"))
+        << line.toStdString();
 }
 
 // What waits for the end of a command doesn't begin behind a form that was opened meanwhile: its drawing would no longer be the one

@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 #include <clocale>
 
+#include "atelier/exchange/exchange.h"
 #include "atelier/render/sheets/plot_builtins.h"
 #include "programs/applications.h"
 
@@ -42,6 +43,7 @@ int main(int argc, char** argv) {
   QApplication::setOrganizationName("kavel");
   QApplication::setApplicationName("essais");
   kavel::registerApplications();
+  atelier::exchange::provideExchange();
   atelier::render::providePlots();
   return RUN_ALL_TESTS();
 }

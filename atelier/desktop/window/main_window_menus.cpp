@@ -74,7 +74,9 @@ void MainWindow::buildHelp(QMenu& help) {
   };
   add("&Guide", [this] { openGuide(); })->setShortcut(Qt::Key_F1);
   add("Commandes", [this] { perform("AIDE|"); });
-  add("Fonctions AutoLISP", [this] { perform("(aide)"); });
+  add("Fonctions AutoLISP", [this] {
+    if (Drawing* const d = drawing()) d->feed({{"(aide)", {}, "Fonctions AutoLISP"}});
+  });
   add("À propos de Kavel", [this] {
     QMessageBox::about(this, QStringLiteral("Kavel"),
                        QStringLiteral("Kavel\nProfils en long de routes, d'assainissement et d'eau potable."));
