@@ -5,7 +5,7 @@
 ;; outils/verifier-frontal.py reads this list and holds the files to it.
 (setq plv-salles
   '((base ()
-     plv-outils plv-lectures plv-lignes plv-questions plv-points plv-enregistrements plv-dessin)
+     plv-outils plv-lectures plv-lignes plv-questions plv-points plv-enregistrements plv-objets plv-dessin)
     (terrain (base)
      plv-vraisemblance plv-terrain)
     (profil (base)
@@ -55,15 +55,15 @@
     (page (base profil fiches metres reseaux)
      plv-json plv-page-tables plv-page plv-page-fiche)
     (feuilles (base profil fiches plan reseaux tableaux metres)
-     plv-encarts plv-cartouche plv-logo plv-bande-plan plv-liste-feuilles plv-feuilles plv-feuilles-tracer plv-presentations plv-presentations-faire plv-feuilles-fiche plv-cartouche-fiche)
+     plv-encarts plv-cartouche plv-logo plv-bande-plan plv-liste-feuilles plv-feuilles plv-feuilles-couleurs plv-feuilles-tracer plv-presentations plv-presentations-faire plv-feuilles-fiche plv-cartouche-fiche)
     (suivi (base profil fiches plan reseaux tranchees tableaux cotes metres echange page feuilles)
      plv-sources plv-sources-metres plv-choses plv-etat plv-refaire plv-mains plv-actualiser plv-sortie plv-suivre-sol plv-etat-fiche)
     (styles (base profil fiches reseaux tableaux metres suivi)
      plv-style-fichier plv-style plv-fond plv-boites plv-libelles plv-libelles-poser plv-legende-lignes plv-cadres plv-presentation plv-style-fiche)
     (ensemble (base profil fiches plan metres)
      plv-ensemble plv-profil-entier plv-profil-fiche)
-    (controle (base profil reseaux tableaux ligne souris suivi)
-     plv-rapport plv-audit plv-bureau plv-proprietes plv-bureau-ligne plv-survol)))
+    (controle (base profil reseaux tableaux ligne souris suivi ensemble)
+     plv-rapport plv-audit plv-bureau plv-proprietes plv-bureau-ligne plv-bureau-prises plv-survol)))
 
 (foreach salle plv-salles
   (foreach fichier (cddr salle)

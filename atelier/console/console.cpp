@@ -178,7 +178,7 @@ class Run {
 
   void audit() {
     const auto toStdout = [](std::string_view line) { std::fwrite(line.data(), 1, line.size(), stdout); };
-    if (auditDrawing(document_, options_.fix, toStdout, options_.quiet).errors > 0) unsound_ = true;
+    if (auditDrawing(document_, options_.fix, toStdout).errors > 0) unsound_ = true;
   }
 
   const Options& options_;

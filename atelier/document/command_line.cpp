@@ -142,6 +142,14 @@ void Document::commandEnded() {
   following_ = false;
 }
 
+// A command that was stopped while it worked leaves the drawing as it was. One that goes on from answer to answer keeps what it had
+// made before the last one, and a program what it did: they have their own step to be undone.
+void Document::takeBackStopped(bool modified) {
+  if (!stopped_ || undoGroup || changedBeforeAnswer_) return;
+  imp().journal.abandon();
+  imp().modified = modified;
+}
+
 void Document::runLine(const std::string& line) {
   const std::string_view text = trimmed(line);
   if (text.empty()) return;
@@ -155,8 +163,11 @@ void Document::runLine(const std::string& line) {
   if (text.starts_with(';')) return;  // a comment in a script
   const std::size_t space = text.find(' ');
   const std::string name(text.substr(0, space));
+  const bool modified = imp().modified;
+  changedBeforeAnswer_ = false;
   if (space != text.npos) prompter_.pushBack(std::string(trimmed(text.substr(space))));
   if (!runCommand(name)) fail("Commande inconnue \"" + upperCase(name) + "\".");
+  takeBackStopped(modified);
   prompter_.dropPending();
 }
 

@@ -160,6 +160,8 @@ class Document {
   // variables are kept, but entity names in them are no longer valid.
   void open(const std::string& path, std::vector<std::string>* messages = nullptr);
 
+  // An answer was given: what was changed before it stays, also when the command is stopped afterwards.
+  void noteAnswer() { changedBeforeAnswer_ = imp().journal.hasChanged(); }
   // To be called when an interruption has ended a run. If the user asked for it, lines given beforehand are dropped.
   void endInterruption();
 
@@ -174,6 +176,7 @@ class Document {
   bool isOwn(const std::string& path) const;
   void fileSaved();
   void runLine(const std::string& line);
+  void takeBackStopped(bool modified);
   bool beginsLine(const std::string& line);
   void leaveAnswers(InputSource& source, const std::string& place);
   void runScripts();
@@ -188,6 +191,7 @@ class Document {
   std::unique_ptr<SpatialIndex> index_;
   FileMark mark_;  // of the drawing's file as it was opened or saved
   DrawingLock lock_;
+  bool changedBeforeAnswer_ = false;
   bool holdsLock_ = false, readOnly_ = false;
   std::unique_ptr<lisp::Console> console_;
   std::unique_ptr<TrustedSearch> search_;
@@ -200,7 +204,7 @@ class Document {
   std::unique_ptr<WaitingCommand> waitingCommand_;
   bool muted_ = false, endsWithProcess_ = false;
   bool following_ = false;  // *apres-commande* runs
-  bool stopped_ = false;  // the user has interrupted the last line
+  bool stopped_ = false;    // the user has interrupted the last line
   std::vector<std::unique_ptr<Attachment>> attachments_;
   int failures_ = 0;
 };

@@ -150,6 +150,7 @@ std::string shown(const Input& input) {
 
 Input Prompter::fromSource(const PromptInfo& prompt) {
   Input input = source ? source->next(prompt) : Input{};
+  document_.noteAnswer();
   if ((!source || !source->echoes()) && input.kind != Input::Kind::move) document_.print(shown(input) + "\n");
   if (input.kind != Input::Kind::end) cancelsAtEnd_ = 0;
   else if (++cancelsAtEnd_ > kMostCancelsAtEnd) throw Interrupted();

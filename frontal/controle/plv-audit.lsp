@@ -39,7 +39,7 @@
      (plv-constat "P07" support (strcat "ELEMS_PROJET_KAVEL a un groupe " (itoa (car g)) " au lieu de 330")))
     ;; Erased elements drop out at the next writing: only what lives and is no curve is a fault.
     ((and (plv-existe (cdr g)) (not (plv-courbe-p (cdr g))))
-     (plv-constat "P07" support (strcat "ELEMS_PROJET_KAVEL nomme une entité " (plv-type (cdr g)))))))
+     (plv-constat "P07" support (strcat "ELEMS_PROJET_KAVEL nomme une entité " (plv-nom-de-type (plv-type (cdr g))))))))
 
 (defun plv-audit:support (support)
   "The findings on what is attached to a kind of line, or to the profile itself."
@@ -69,10 +69,11 @@
     (apply 'append (mapcar 'plv-audit:support (plv-audit:supports profil)))
     (apply 'append (mapcar '(lambda (reference) (plv-audit:matrice profil reference)) (plv-references-tables profil)))))
 
-(defun plv-audit:dire-tous (genre constats)
-  "constats: (profile finding ...) for each profile."
+(defun plv-audit:dire-tous (genre constats / nombre)
+  "constats: (profile finding ...) for each profile. Their number."
   (foreach c constats (foreach constat (cdr c) (plv-audit:dire (car c) constat genre)))
-  (apply '+ (cons 0 (mapcar '(lambda (c) (length (cdr c))) constats))))
+  (if (> (setq nombre (apply '+ (cons 0 (mapcar '(lambda (c) (length (cdr c))) constats)))) 0) (terpri))
+  nombre)
 
 (defun plv-audit:sans-numero (reference)
   (plv-constat "P10" reference "le bloc a perdu l'attribut NUMPL: il est à insérer à nouveau avec cet attribut"))
@@ -82,11 +83,9 @@
   (append (mapcar '(lambda (profil) (cons profil (plv-constats profil))) (plv-profils))
           (mapcar '(lambda (reference) (cons reference (plv-audit:sans-numero reference))) (plv-profils-sans-numero))))
 
-(defun plv-audit (/ nombre)
+(defun plv-audit ()
   "Prints the findings on all profiles and gives their number."
-  (setq nombre (plv-audit:dire-tous "erreur" (plv-audit:tous)))
-  (if (> nombre 0) (terpri))
-  nombre)
+  (plv-audit:dire-tous "erreur" (plv-audit:tous)))
 
 (defun plv-audit:reparer (/ avant apres)
   "Mends what can be mended, prints it and gives the number of findings that are gone."

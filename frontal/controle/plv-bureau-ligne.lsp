@@ -140,18 +140,3 @@
 (defun plv-bureau-ligne-remplacer (handle genre lignes)
   (plv-sommets-remplacer (handent handle) genre lignes "collé")
   (princ))
-
-;; --- grips: a line is dragged as what it is, by PLV-TIRER, not piece by piece
-
-(defun plv-bureau-prises (handle / lieu profil cadre)
-  "Where the line can be taken hold of that a curve is part of: (x y) each; nil for another entity, and for a line that vertices can't tell."
-  (if (and (setq lieu (plv-bureau-ligne-de handle)) (not (plv-ligne-refus (setq profil (handent (car lieu))) (cadr lieu))))
-    (progn
-      (setq cadre (plv-cadre profil))
-      (mapcar '(lambda (prise) (plv-premiers (apply 'plv-vers-dessin (cons cadre (plv-prise-place prise))) 2))
-        (plv-prises (plv-bureau:ligne-lue profil (cadr lieu)))))))
-
-(defun plv-bureau-tirer (handle x y / lieu)
-  "An order of the window: drags what stands there."
-  (if (setq lieu (plv-bureau-ligne-de handle)) (plv-tirer-en (handent (car lieu)) (cadr lieu) (list x y)))
-  (princ))

@@ -41,7 +41,7 @@
     (plv-sections-de-plan profil)))
 
 (defun plv-bureau:elements (profil genre)
-  (mapcar '(lambda (e) (plv-bureau:noeud (strcat (plv-type e) " " (plv-handle e)) e nil)) (plv-elements profil genre)))
+  (mapcar '(lambda (e) (plv-bureau:noeud (strcat (plv-nom-de-type (plv-type e)) " " (plv-handle e)) e nil)) (plv-elements profil genre)))
 
 (defun plv-bureau:genres (profil)
   (apply 'append (mapcar '(lambda (genre) (plv-bureau:groupe genre (plv-bureau:elements profil genre))) (plv-genres))))

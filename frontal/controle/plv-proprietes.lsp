@@ -1,8 +1,8 @@
 ;; What the window's panel of properties shows of the selected entities, and how a value that was typed there is given to them.
 
-;; group, name, kind: "texte", "nombre", "entier", "couleur", "calque", "type", "style", "point"; nil for what is only shown
+;; group, name, kind: "genre", of objects, "texte", "nombre", "entier", "couleur", "calque", "type", "style", "point"; nil for what is only shown
 (setq plv-proprietes:champs
-  '((0 "Type" nil) (5 "Handle" nil) (8 "Calque" "calque") (62 "Couleur" "couleur") (6 "Type de ligne" "type") (48 "Échelle de ligne" "nombre")
+  '((0 "Type" "genre") (5 "Identifiant" nil) (8 "Calque" "calque") (62 "Couleur" "couleur") (6 "Type de ligne" "type") (48 "Échelle de ligne" "nombre")
     (370 "Épaisseur" "entier") (1 "Texte" "texte") (2 "Nom" nil) (7 "Style" "style") (10 "Point" "point") (11 "Second point" "point")
     (40 "Hauteur ou rayon" "nombre") (50 "Angle" "angle") (51 "Angle final" "angle") (41 "Facteur X" "nombre") (42 "Courbure ou facteur Y" "nombre")
     (43 "Largeur" "nombre") (38 "Élévation" "nombre") (70 "Indicateurs" nil) (90 "Nombre de sommets" nil)))
@@ -21,6 +21,7 @@
   "A value as users know it."
   (setq nature (caddr champ))
   (cond
+    ((= nature "genre") (plv-nom-de-type valeur))
     ((and (= nature "couleur") (= valeur 256)) "DuCalque")
     ((and (= nature "couleur") (= valeur 0)) "DuBloc")
     ((and (= nature "type") (= (strcase valeur) "BYLAYER")) "DuCalque")
@@ -51,11 +52,13 @@
   "Points and bulges of polylines come by the vertex: which one would be meant isn't told."
   (cdr (plv-cles code groupes)))
 
+(defun plv-proprietes:change-p (champ) (not (member (caddr champ) '(nil "genre"))))
+
 (defun plv-proprietes:rangee (champ groupes)
   "(name value code), the code nil for what can't be changed; nil without the group."
   (if (assoc (car champ) groupes)
     (list (cadr champ) (plv-proprietes:montrer champ (plv-cle (car champ) groupes))
-          (if (and (caddr champ) (not (plv-proprietes:repetee-p (car champ) groupes))) (car champ)))))
+          (if (and (plv-proprietes:change-p champ) (not (plv-proprietes:repetee-p (car champ) groupes))) (car champ)))))
 
 (defun plv-proprietes:une (entite / groupes)
   (setq groupes (entget entite '("*")))
@@ -67,9 +70,9 @@
 (defun plv-proprietes:commune (champ rangees tous)
   "The row of what entities have in common; where they differ, or aren't all read, that."
   (cond
-    ((cdr (plv-uniques (mapcar 'cadr rangees))) (list (cadr champ) "(plusieurs)" (car champ)))
+    ((cdr (plv-uniques (mapcar 'cadr rangees))) (list (cadr champ) "(plusieurs)" (caddr (car rangees))))
     (tous (car rangees))
-    ((list (cadr champ) "(non comparés)" (car champ)))))
+    ((list (cadr champ) "(non comparés)" (caddr (car rangees))))))
 
 (defun plv-proprietes:plusieurs (entites nombre / lots)
   "What all of them have; nombre: how many are selected."
@@ -79,7 +82,7 @@
       (mapcar
         '(lambda (champ / rangees)
            (setq rangees (mapcar '(lambda (groupes) (plv-proprietes:rangee champ groupes)) lots))
-           (if (and (caddr champ) (/= (caddr champ) "point") (not (member nil rangees)) (vl-every 'caddr rangees))
+           (if (and (caddr champ) (/= (caddr champ) "point") (not (member nil rangees)) (or (= (caddr champ) "genre") (vl-every 'caddr rangees)))
              (plv-proprietes:commune champ rangees (= nombre (length lots)))))
         plv-proprietes:champs))))
 

@@ -3,18 +3,12 @@
 
 ;; --- other entities
 
-(setq plv-survol:types
-  '(("LINE" . "Ligne") ("LWPOLYLINE" . "Polyligne") ("POLYLINE" . "Polyligne") ("SPLINE" . "Spline") ("CIRCLE" . "Cercle") ("ARC" . "Arc")
-    ("ELLIPSE" . "Ellipse") ("POINT" . "Point") ("HATCH" . "Hachure") ("SOLID" . "Solide") ("DIMENSION" . "Cote") ("LEADER" . "Repère")
-    ("RAY" . "Demi-droite") ("XLINE" . "Droite") ("VIEWPORT" . "Fenêtre") ("IMAGE" . "Image") ("WIPEOUT" . "Masque")))
-
 (defun plv-survol:nom (groupes / genre)
   (setq genre (plv-cle 0 groupes))
   (cond
     ((= genre "INSERT") (strcat "Bloc " (plv-cle 2 groupes)))
     ((member genre '("TEXT" "MTEXT")) (strcat "Texte « " (plv-abrege (plv-cle 1 groupes)) " »"))
-    ((plv-cle genre plv-survol:types))
-    (genre)))
+    ((plv-nom-de-type genre))))
 
 (defun plv-survol:ordinaire (groupes) (strcat (plv-survol:nom groupes) ", calque " (plv-cle 8 groupes)))
 

@@ -9,6 +9,7 @@
       (list "echelle" "Échelle" "mot" "La plus grande" (cons "La plus grande" (mapcar 'plv-feuilles:nombre plv-feuilles:echelles)))
       (plv-champ-du-dessin "titre" "Titre de l'affaire" (plv-nom-dessin))
       '("liste" "Liste des feuilles" "oui" nil nil)
+      (list "couleurs" "Table de tracé" "mot" (plv-couleurs-proposee (plv-couleurs-des-feuilles)) (plv-couleurs-proposees) T)
       '("fichier" "Fichier PDF" "ecrire" "feuilles.pdf" "PDF (*.pdf)"))
     (plv-erreur (plv-refus-sans-profil))))
 
@@ -66,6 +67,7 @@
   "A function of sheets with what is asked of all, and what follows."
   (setq profils (plv-feuilles-fiche:profils valeurs))
   (plv-avant-sortie profils)
+  (plv-choisir-couleurs (plv-cle "couleurs" valeurs))
   (apply fonction
     (append (list profils (plv-feuilles-fiche:modele valeurs) (plv-feuilles-fiche:echelle valeurs) (plv-cle "titre" valeurs)
               (plv-cle "liste" valeurs))

@@ -22,7 +22,7 @@
   (append
     (list (cons "titre" titre) (cons "auteur" (plv-cartouche-texte "Auteur"))
           (cons "sujet" (strcat "Profils en long " (plv-joindre (mapcar 'plv-numero-profil profils) ", "))))
-    (if (plv-dessin-en-gris-p) '(("couleurs" . "Gris")))
+    (if (plv-couleurs-sans-table-p) (list (cons "couleurs" (plv-couleurs-des-feuilles))))
     (if (plv-style-de-texte) (list (cons "police" (plv-cle 3 (tblsearch "STYLE" plv-texte-style)))))))
 
 ;; --- what is asked: (profiles template scale title list), the scale nil for the largest that fits, list T for a list of the sheets
@@ -68,16 +68,18 @@ message."
       (plv-feuilles:reussi 'apercu-feuilles (list modele (cddr fait) (plv-feuilles:infos titre profils)))
       T)))
 
-;; The word at the question of the scale, and in what is noted of a set.
-(setq plv-feuilles:liste "Liste")
+;; The words at the question of the scale; the first also in what is noted of a set.
+(setq plv-feuilles:liste "Liste" plv-feuilles:couleurs "Couleurs")
 
 (defun plv-feuilles:demander-echelle (defaut / reponse liste)
-  "(scale list): the word asks for a list of the sheets, or no longer, and the scale is asked again."
-  (setq reponse plv-feuilles:liste liste T)
-  (while (= reponse plv-feuilles:liste)
-    (initget 6 plv-feuilles:liste)
-    (setq liste (not liste)
-          reponse (getreal (strcat "\nDénominateur de l'échelle" (if liste ", avec la liste des feuilles" "") " ou [" plv-feuilles:liste "] <" (plv-reel defaut 2) ">: "))))
+  "(scale list): a word asks for a list of the sheets, or no longer, or for other colours, and the scale is asked again."
+  (setq reponse T)
+  (while (or (= reponse T) (= (type reponse) 'STR))
+    (initget 6 (strcat plv-feuilles:liste " " plv-feuilles:couleurs))
+    (setq reponse (getreal (strcat "\nDénominateur de l'échelle" (if liste ", avec la liste des feuilles" "") " ou ["
+                             plv-feuilles:liste "/" plv-feuilles:couleurs "] <" (plv-reel defaut 2) ">: ")))
+    (cond ((= reponse plv-feuilles:liste) (setq liste (not liste)))
+          ((= reponse plv-feuilles:couleurs) (plv-demander-couleurs))))
   (list (cond (reponse) (defaut)) liste))
 
 (defun plv-feuilles:demander (/ profils modele place echelle)

@@ -35,7 +35,7 @@
   "The segment under a pick, or the text of why it can't be edited."
   (setq groupes (entget entite))
   (cond
-    ((not (wcmatch (plv-cle 0 groupes) "LINE,LWPOLYLINE")) (strcat (plv-cle 0 groupes) ": ligne ou polyligne légère attendue"))
+    ((not (wcmatch (plv-cle 0 groupes) "LINE,LWPOLYLINE")) (strcat (plv-nom-de-type (plv-cle 0 groupes)) ": ligne ou polyligne légère attendue"))
     ((setq refus (plv-refus-situation profil entite)) refus)
     ((not (plv-modifier:vue-de-face-p groupes)) "cette courbe est vue de derrière")
     (T (plv-modifier:segment (plv-modifier:sommets groupes) (car point)))))

@@ -20,7 +20,7 @@
 
 (defun plv-nom-courbe (entite)
   "A curve as messages call it, by its kind and handle."
-  (strcat (cond ((plv-cle (plv-type entite) plv-formes:mots)) ((strcat "l'entité " (plv-type entite)))) " " (plv-handle entite)))
+  (strcat (cond ((plv-cle (plv-type entite) plv-formes:mots)) ((strcat "l'entité " (plv-nom-de-type (plv-type entite))))) " " (plv-handle entite)))
 
 (setq plv-formes:fermee "courbe fermée"
       plv-formes:penchee "courbe qui n'est pas parallèle au plan du dessin")

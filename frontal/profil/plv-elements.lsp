@@ -64,7 +64,7 @@
 (defun plv-refus-courbe (entite)
   "The text for an entity that the module takes for no line of a profile; nil for one that it takes."
   (if (not (wcmatch (plv-type entite) "LINE,LWPOLYLINE,POLYLINE,SPLINE"))
-    (strcat (plv-type entite) ": ligne, polyligne ou spline attendue")))
+    (strcat (plv-nom-de-type (plv-type entite)) ": ligne, polyligne ou spline attendue")))
 
 (defun plv-genre-propose (profil)
   "The kind that a question about a project line proposes."

@@ -77,6 +77,16 @@ TEST_F(Cursor, AProjectLineIsDraggedByItsGrips) {
   EXPECT_NEAR(vertex()[0].toDouble(), 80, 1e-6);
 }
 
+// The read-out is the cursor's place in the drawing: it changes when the view does, whoever changes it.
+TEST_F(Cursor, TheReadOutFollowsTheView) {
+  const auto read = [this] { return window.coordinates().section(' ', 0, 0).toDouble(); };
+  driver.type("LINE").type("0,0").hover(50, 20).then([&] { EXPECT_NEAR(read(), 50, 0.2); });
+  driver.type("'ZOOM").type("_W").type("1000,0").type("1100,50").then([&] { EXPECT_NEAR(read(), 1050, 5); });
+  driver.type("'PAN").type("0,0").type("-500,0").then([&] { EXPECT_NEAR(read(), 1550, 5); }).type("").play();
+  driver.type("ZOOM").type("_W").type("0,0").type("100,50").play();
+  EXPECT_NEAR(read(), 50, 5);
+}
+
 TEST_F(Cursor, EscapeEndsIt) {
   follow();
   driver.hover(30, 20).key(Qt::Key_Escape).play();

@@ -1,6 +1,7 @@
 // Drawings in tabs and files: saving, opening again, questions about changes, damaged files.
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include "tests/desktop/desktop.h"
 
@@ -66,6 +67,30 @@ TEST_F(Files, WhatCannotBeOpenedOrSavedIsSaid) {
   EXPECT_FALSE(window.save());
   EXPECT_EQ(questions.size(), 2);
   EXPECT_EQ(lisp("(pl_distToPk 1.0)").toString().toStdString(), "PK 0+1.00");  // the drawing goes on as it was
+}
+
+// Findings on the profiles are told with those on the drawing, each on a line of its own.
+TEST_F(Files, WhatIsWrongWithAProfileOfADamagedFileIsTold) {
+  driver.type(
+      QString("(progn (plv-nouveau \"%1/exemples/rue-du-moulin.csv\" \"7\" '(0.0 0.0 0.0) 10.0 2.5 nil nil) (princ))")
+          .arg(KAVEL_SOURCE));
+  driver.type("SAVEAS").type(file("abime.dxf")).play();
+  ASSERT_TRUE(window.closeTab(0));
+  QFile damaged(file("abime.dxf"));
+  ASSERT_TRUE(damaged.open(QIODevice::ReadWrite));
+  QByteArray bytes = damaged.readAll();
+  const qsizetype line = bytes.indexOf("AcDbLine", bytes.indexOf("NEXTLI"));
+  bytes.replace(bytes.indexOf('\n', line) + 1, 3, "zz ");
+  damaged.seek(0);
+  damaged.write(bytes);
+  damaged.close();
+  answer = "oui";
+  ASSERT_TRUE(window.open(file("abime.dxf")));
+  ASSERT_EQ(questions.size(), 2);
+  for (const QString& told : {questions[1], history()})
+    EXPECT_TRUE(told.contains("\nP02 réparé")) << told.toStdString();
+  EXPECT_TRUE(QRegularExpression("\n0 erreurs, \\d+ réparées, \\d+ constats$").match(questions[1]).hasMatch())
+      << questions[1].toStdString();
 }
 
 // A file that ends in the middle of a circle.

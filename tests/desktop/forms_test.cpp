@@ -1,6 +1,8 @@
 // Forms of commands: what is wrong stands beside its field, a depth is dragged in the picture, what was accepted is done and remembered.
+#include <QDir>
 #include <QHeaderView>
 #include <QMouseEvent>
+#include <QPushButton>
 #include <QTableWidget>
 
 #include "atelier/desktop/forms/form_command.h"
@@ -171,6 +173,63 @@ TEST_F(FormWindow, TheFormStepsAsideWhileAnObjectIsPicked) {
   driver.until([this] { return form() && form()->words().startsWith("L'axe a 420.00 m"); });
   driver.press("Associer").play();
   EXPECT_TRUE(lisp("(if (plv-axe-plan (car (plv-profils))) T)").toBool());
+}
+
+// Neither their answers nor what menus call is written in the history as a program.
+TEST_F(FormWindow, TheHistoryHasCommandsNotPrograms) {
+  QDir::setCurrent(folder.path());
+  lisp("(plv-projet (car (plv-profils)) \"Projet\" '((0.0 140.0) (400.0 122.0)))");
+  const qsizetype begin = history().size();
+  const QStringList commands = lisp("(plv-fiches)").toStringList();
+  EXPECT_GT(commands.size(), 25);
+  for (const QString& command : commands) {
+    driver.then([this, command] { window.perform(command); }).until([this] { return form() != nullptr; });
+    driver.then([this] {
+      CommandForm* const f = form();
+      f->accept();
+      if (form() == f) f->reject();
+    });
+    driver.then([this] {
+      if (window.drawing()->waits()) window.drawing()->cancel();
+    });
+    driver.play();
+  }
+  driver.menu("Fonctions AutoLISP").menu("Vérifier le dessin").play();
+  for (const QString& line : history().mid(begin).split('\n'))
+    EXPECT_FALSE(line.startsWith("Commande: (") || line.contains("(plv-") || line.contains("; erreur"))
+        << line.toStdString();
+}
+
+// What waits for the end of a command doesn't begin behind a form that was opened meanwhile: its drawing would no longer be the one
+// that is shown.
+TEST_F(FormWindow, NoOtherDrawingComesInFrontOfAForm) {
+  driver.type("LINE").type("0,0").then([this] {
+    QTimer::singleShot(40, &window, [this] { window.perform("PLV-AXE"); });
+    window.perform("@new");
+  });
+  driver.until([this] { return form() != nullptr; }).then([this] {
+    until([] { return false; }, 400);
+    EXPECT_EQ(window.tabs().count(), 1);
+    form()->reject();
+  });
+  driver.play();
+}
+
+// Until the window has the keys again the form gets them. Escape ends the pick and not the form; Enter does nothing.
+TEST_F(FormWindow, KeysToAFormThatStepsAsideDontEndIt) {
+  driver.menu("Axe en plan...").then([this] {
+    QDialog* const away = form();
+    for (QPushButton* const button : away->findChildren<QPushButton*>())
+      if (button->text() == "Choisir dans le dessin") button->click();
+    EXPECT_FALSE(away->isVisible());
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+      QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier);
+      QApplication::sendEvent(away, &event);
+    }
+  });
+  driver.until([this] { return form() != nullptr; }).then([this] { form()->reject(); });
+  driver.play();
+  EXPECT_FALSE(window.drawing()->isBusy());
 }
 
 // A vertex is moved by a command: the dimensions follow without being asked for, until the step is undone.

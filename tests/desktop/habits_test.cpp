@@ -51,6 +51,27 @@ struct Habits : kaveltest::Desktop {
   std::size_t selected() { return window.view()->selection().size(); }
 };
 
+// The guide and AIDE explain each command of the front-end.
+TEST_F(Habits, EveryCommandIsExplained) {
+  atelier::desktop::GuideWindow guide(nullptr);
+  guide.openAt({});
+  const QString beginning = guide.heading();
+  int seen = 0;
+  for (const std::string& bound : window.drawing()->document().interpreter().boundNames()) {
+    if (!bound.starts_with("C:")) continue;
+    const QString command = QString::fromStdString(bound).mid(2);
+    guide.openAt(command);
+    EXPECT_NE(guide.heading(), beginning) << bound;
+    EXPECT_TRUE(guide.heading().contains(command)) << bound << ": " << guide.heading().toStdString();
+    const qsizetype before = history().size();
+    driver.type("AIDE").type(command).play();
+    const QString told = history().mid(before);
+    EXPECT_TRUE(told.contains("\n" + command + ": ")) << told.toStdString();
+    ++seen;
+  }
+  EXPECT_GT(seen, 30);
+}
+
 TEST_F(Habits, KeysReachTheCommandLineFromEveryPanel) {
   for (QWidget* focused :
        {static_cast<QWidget*>(&window.profiles()), static_cast<QWidget*>(&window.properties()),
@@ -217,7 +238,7 @@ TEST_F(Habits, PropertiesAreEditedForOneOrMany) {
   driver.pick(22, 22).play();
   ASSERT_EQ(window.view()->selection().size(), 1u);
   EXPECT_TRUE(window.properties().editField("Texte"));
-  EXPECT_FALSE(window.properties().editField("Handle"));
+  EXPECT_FALSE(window.properties().editField("Identifiant"));
   change("Texte", "nouveau");
   EXPECT_EQ(lisp("(cdr (assoc 1 (entget (ssname (ssget \"X\" '((0 . \"TEXT\"))) 0))))").toString(), "nouveau");
   change("Hauteur ou rayon", "2,5");

@@ -62,6 +62,26 @@ TEST_F(Layers, AClickChangesTheStateOfThatLayerAlone) {
   EXPECT_EQ(shown("RESEAU #1", Column::kOn), Qt::Checked);
 }
 
+// A line type that no layer has yet is loaded by being chosen.
+TEST_F(Layers, ALineTypeIsChosenOrLoaded) {
+  const auto type = [this](const char* layer) {
+    return lisp(QString("(cdr (assoc 6 (entget (tblobjname \"LAYER\" \"%1\"))))").arg(layer)).toString();
+  };
+  driver.then([this] {
+    click("VOIES", Column::kLinetype);
+    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_TRUE(menu);
+    for (QAction* entry : menu->actions().back()->menu()->actions())
+      if (entry->text().startsWith("DASHED ")) entry->trigger();
+    menu->close();
+  });
+  driver.play();
+  EXPECT_EQ(type("VOIES"), "DASHED") << history().toStdString();
+  driver.then([this] { click("RESEAU 21", Column::kLinetype), choose("DASHED"); }).play();
+  EXPECT_EQ(type("RESEAU 21"), "DASHED");
+  EXPECT_EQ(type("RESEAU #1"), "Continuous");
+}
+
 TEST_F(Layers, ARunningCommandGoesOn) {
   driver.type("LINE").type("0,0").then([this] { click("VOIES", Column::kFrozen); }).type("10,0").type("").play();
   EXPECT_EQ(group("VOIES", 70) & 1, 1) << history().toStdString();

@@ -43,6 +43,52 @@ TEST_F(LongWork, CommandsOfTheHostAreStopped) {
   EXPECT_FALSE(window.drawing()->isRunning());
 }
 
+// One whose objects are changed one after the other, and one of a program, after what it has asked.
+TEST_F(LongWork, ACommandThatIsStoppedHasChangedNothing) {
+  lines(200000);
+  driver.type("CIRCLE").type("0,0").type("5").play();
+  lisp(
+      "(defun c:essai (/ e) (getpoint \"\\nOù: \") (setq e (entnext)) (while e (entmod (subst '(8 . \"A\") (assoc 8 "
+      "(entget e)) "
+      "(entget e))) (setq e (entnext e))) (while T))");
+  atelier::desktop::LongWork::shownAfter = 60;
+  const char* const moved =
+      "(+ (if (setq s (ssget \"X\" '((-4 . \"*,>,*\") (11 0.0 15.0 0.0)))) (sslength s) 0)"
+      " (if (setq s (ssget \"X\" '((8 . \"A\")))) (sslength s) 0))";
+  stopWhenShown();
+  driver.type("MOVE").type("_ALL").type("").type("0,0").type("0,20").play();
+  EXPECT_TRUE(label.startsWith("MOVE")) << label.toStdString();
+  EXPECT_EQ(lisp(moved).toInt(), 0);
+  label.clear();
+  stopWhenShown();
+  driver.type("ESSAI").type("1,1").play();
+  EXPECT_TRUE(label.startsWith("ESSAI")) << label.toStdString();
+  EXPECT_EQ(lisp(moved).toInt(), 0);
+  driver.type("U").play();
+  EXPECT_EQ(count("CIRCLE"), 0) << "the step before";
+  EXPECT_EQ(count("LINE"), 200000);
+}
+
+// What the window does while a command computes isn't stopped with it.
+TEST_F(LongWork, TheWindowGoesOnWhileACommandIsStopped) {
+  lines(300000);
+  atelier::desktop::LongWork::shownAfter = 60;
+  bool looked = false;
+  std::function<void()> stop = [&] {
+    if (!shown()) return QTimer::singleShot(5, &window, stop);
+    shown()->findChild<QPushButton*>()->click();
+    window.view()->refresh();
+    looked = true;
+  };
+  stop();
+  driver.type("COPY").type("_ALL").type("").type("0,0").type("0,20").then([this] {
+    if (window.drawing()->waits()) window.commandLine().onLine({});
+  });
+  driver.play();
+  EXPECT_TRUE(looked);
+  EXPECT_EQ(count("LINE"), 300000);
+}
+
 TEST_F(LongWork, ProgramsAreStopped) {
   stopWhenShown();
   driver.type("(progn (setq n 0) (while T (setq n (1+ n))))").play();

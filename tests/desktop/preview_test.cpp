@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QPdfWriter>
+#include <QScreen>
 #include <QSpinBox>
 
 #include "atelier/desktop/forms/sheet_preview.h"
@@ -52,6 +53,8 @@ TEST_F(Preview, ShowsEachPageAndPrintsAll) {
     ++shown;
     atelier::desktop::SheetPreviewWindow preview(sheets);
     preview.show();
+    EXPECT_LE(preview.width(), preview.screen()->availableSize().width());
+    EXPECT_LE(preview.height(), preview.screen()->availableSize().height());
     EXPECT_EQ(preview.page->maximum(), 2);
     EXPECT_TRUE(preview.windowTitle().startsWith("Feuille 1 - profil L"));
     const QImage whole = preview.picture->pixmap().toImage();

@@ -234,6 +234,33 @@ TEST_F(ProfileWindow, AGripOfTheGroundTakesItsNeighbourAlong) {
   EXPECT_TRUE(lisp("(null (plv-ecarts-terrain p))").toBool());
 }
 
+// Whichever of its parts is dragged, the profile goes with it as a whole: by two clicks, or with the button held.
+TEST_F(ProfileWindow, APartThatIsDraggedTakesTheProfileAlong) {
+  lisp(QString("(progn (setq p (car (plv-profils))) (plv-matrices p \"%1matrices-route.txt\" nil) T)").arg(kExamples));
+  driver.type("(plv-projet p \"Voirie\" '((0.0 142.0) (80.0 138.0 1500.0) (250.0 131.0)))")
+      .type("ZOOM")
+      .type("_E")
+      .play();
+  const auto number = [this](const char* what) { return lisp(what).toDouble(); };
+  const int whole = static_cast<int>(number("(length (plv-ensemble p))"));
+  for (const char* part :
+       {"p", "(car (plv-entites-plans p))", "(car (plv-tables p))", "(car (plv-entites-habillage p))"}) {
+    const double before = number("(car (plv-origine p))"),
+                 line = number("(cadr (assoc 10 (entget (car (plv-elements p \"Voirie\")))))");
+    const QString of = QString("(entget %1)").arg(part);
+    emit window.profiles().onShow(lisp(QString("(plv-handle %1)").arg(part)).toString());
+    const double x = lisp(QString("(cadr (assoc 10 %1))").arg(of)).toDouble(),
+                 y = lisp(QString("(caddr (assoc 10 %1))").arg(of)).toDouble();
+    driver.pick(x, y).pick(x + 50, y + 20).play();
+    EXPECT_NEAR(number("(car (plv-origine p))"), before + 50, 1) << part;
+    EXPECT_NEAR(number("(cadr (assoc 10 (entget (car (plv-elements p \"Voirie\")))))"), line + 50, 1) << part;
+    EXPECT_EQ(number("(length (plv-ensemble p))"), whole) << part;
+    EXPECT_EQ(lisp("(plv-audit)").toInt(), 0) << part;
+    driver.type("U").play();
+    EXPECT_NEAR(number("(car (plv-origine p))"), before, 1e-9) << part;
+  }
+}
+
 // By its menu in the panel, by a click in the drawing where a command asks, by the right button over one of its lines.
 TEST_F(ProfileWindow, TheCurrentProfileIsShownAndChosenByAClick) {
   driver.type(QString("(progn (plv-nouveau \"%1rue-du-moulin.csv\" \"2\" '(0.0 400.0 0.0) 10.0 2.5 nil nil) (princ))")

@@ -2,6 +2,8 @@
 #include <QCheckBox>
 #include <QScreen>
 #include <QSettings>
+#include <QStatusBar>
+#include <QToolButton>
 
 #include "atelier/desktop/window/theme.h"
 #include "tests/desktop/desktop.h"
@@ -62,6 +64,22 @@ TEST_F(Screen, BoxesAreVisibleInTheDarkTheme) {
   for (int y = 0; y < picture.height(); ++y)
     for (int x = 0; x < picture.width(); ++x) outline += picture.pixelColor(x, y).lightness() > 110;
   EXPECT_GT(outline, 30);
+}
+
+// What a widget's own style says comes on top of the theme's colours, not of those that the window began with.
+TEST_F(Screen, ThePartsOfTheWindowFollowTheTheme) {
+  for (int turn = 0; turn < 3; ++turn) {
+    driver.menu("Thème sombre").play();
+    const bool dark = atelier::desktop::isDarkTheme();
+    for (QWidget* const part : window.findChildren<QWidget*>()) {
+      if (!part->isVisible() || part->window() != &window) continue;
+      EXPECT_EQ(part->palette().color(QPalette::Window).lightness() < 128, dark) << part->metaObject()->className();
+    }
+    for (QToolButton* const button : window.statusBar()->findChildren<QToolButton*>()) {
+      const QImage ground = button->grab().toImage();
+      EXPECT_EQ(ground.pixelColor(3, 3).lightness() < 128, dark) << button->text().toStdString();
+    }
+  }
 }
 
 TEST_F(Screen, ManySelectedObjectsAreShownSelected) {

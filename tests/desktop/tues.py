@@ -5,7 +5,7 @@
 
 A journal is kept of the circles that each answered command leaves. After each kill the recovery copy, or the file where nothing was
 changed since it was saved, must hold what the last answered command left, or the one that was under way; the next start offers the
-copy and shows the same. Needs the packages xvfb and xdotool, else the status is 77.
+copy and shows the same. That holds of drawings whose copy takes no half second, as here: of larger ones it is made after a while. Needs the packages xvfb and xdotool, else the status is 77.
 """
 import argparse
 import ast
@@ -19,6 +19,7 @@ import tempfile
 import time
 
 PATIENCE = 30  # seconds for the window to answer
+AGAIN = 10  # seconds after which it is asked again
 # The circles as ((x y radius) ...), written to a file at once.
 DUMP = """(setvar "FILEDIA" 0)
 (defun kt-cercles (/ jeu k liste g)
@@ -87,12 +88,18 @@ class Session:
     def answered(self):
         """Waits until all that was typed is answered; what the drawing then has."""
         self.count += 1
-        self.type('(kt %d)\n' % self.count)
-        self.typed = time.monotonic()
+        self.ask()
         return until(self.journal, "an answer")
 
+    def ask(self):
+        self.type('(kt %d)\n' % self.count)
+        self.asked = self.typed = time.monotonic()
+
     def journal(self):
-        if time.monotonic() - self.typed > 2:  # a key that the tool lost
+        if time.monotonic() - self.asked > AGAIN:  # keys that the tool lost in the midst of the line
+            self.screen.tool("key", "Escape", "Escape")
+            self.ask()
+        if time.monotonic() - self.typed > 2:  # the last one
             self.screen.tool("key", "Return")
             self.typed += 2
         try:

@@ -12,10 +12,11 @@
 namespace kaveltest {
 namespace {
 
-constexpr int kPause = 2;         // milliseconds that a step gets
-constexpr int kPatience = 60000;  // milliseconds until the window is at rest
-constexpr int kUnwinding = 150;   // milliseconds after which nothing begins any more by itself
-constexpr int kAlone = 10;        // seconds that a command may last with nobody there
+constexpr int kPause = 2;           // milliseconds that a step gets
+constexpr int kPatience = 60000;    // milliseconds until the window is at rest
+constexpr int kMostCalmed = 30000;  // steps out of dialogs and commands, after which nothing will come to rest
+constexpr int kUnwinding = 150;     // milliseconds after which nothing begins any more by itself
+constexpr int kAlone = 10;          // seconds that a command may last with nobody there
 constexpr int kMostTabs = 3;
 
 const QStringList kLines{"",
@@ -153,6 +154,32 @@ bool Wandering::rests() const {
   return !QApplication::activeModalWidget() && !QApplication::activePopupWidget() && !(d && d->isBusy());
 }
 
+// Why the window isn't at rest.
+std::string Wandering::restless() const {
+  const QWidget *const modal = QApplication::activeModalWidget(), *const popup = QApplication::activePopupWidget();
+  const atelier::desktop::Drawing* const d = window.drawing();
+  const auto named = [](const char* what, const QWidget* widget) {
+    return widget ? std::string(what) + widget->metaObject()->className() + " " + widget->windowTitle().toStdString()
+                  : std::string();
+  };
+  return (due_ ? "" : "between steps ") + named("modal ", modal) + named(" popup ", popup) +
+         (d && d->isRunning() ? " runs " + d->commandName().toStdString() : "") +
+         (d && d->hasMore() ? " has more" : "") + (d && d->isAwaited ? " is awaited" : "");
+}
+
+// What waits may stand in a loop of its own, which nothing but the end of the program leaves.
+void Wandering::complain() {
+  std::string text = "stuck at step " + std::to_string(taken) + " in tab " +
+                     std::to_string(window.tabs().currentIndex()) + ": " + restless();
+  for (int tab = 0; tab < window.tabs().count(); ++tab) {
+    window.tabs().setCurrentIndex(tab);
+    text +=
+        "\ntab " + std::to_string(tab) + " shows " + std::to_string(window.tabs().currentIndex()) + ": " + restless();
+  }
+  std::fprintf(stderr, "%s\n%s\n", text.c_str(), history().right(3000).toStdString().c_str());
+  std::abort();
+}
+
 void Wandering::calm() {
   if (QWidget* const popup = QApplication::activePopupWidget()) popup->close();
   else if (auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) dialog->reject();
@@ -170,7 +197,11 @@ void Wandering::tick() {
   if (!wanders_) return;
   QTimer::singleShot(kPause, &window, [this] { tick(); });
   welcome();
-  if (due_) return calm();
+  if (due_) {
+    if (++calmed_ > kMostCalmed) complain();
+    return calm();
+  }
+  calmed_ = 0;
   due_ = ++taken % between_ == 0;
   step();
 }
@@ -204,7 +235,7 @@ void Wandering::wander(unsigned seed, int steps, int between, const std::functio
         kPatience);
     wanders_ = false;
     if (!due_ || !rests()) {
-      ADD_FAILURE() << "stuck at step " << taken << "\n" << history().right(2000).toStdString();
+      ADD_FAILURE() << "stuck at step " << taken << ": " << restless() << "\n" << history().right(2000).toStdString();
       return;
     }
     check();

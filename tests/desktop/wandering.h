@@ -29,12 +29,14 @@ struct Wandering : Desktop {
   void panel();
   void answerModal();
   bool rests() const;
+  std::string restless() const;
+  void complain();
   void calm();  // one step out of dialogs and commands
   void tick();
   void guard();
   void welcome();
   std::mt19937 random_;
-  int between_ = 1, tabs_ = 0;
+  int between_ = 1, tabs_ = 0, calmed_ = 0;
   bool wanders_ = false, due_ = false;
 };
 

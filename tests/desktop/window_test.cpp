@@ -3,6 +3,7 @@
 #include <QDropEvent>
 #include <QFile>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMimeData>
@@ -100,6 +101,26 @@ TEST_F(Window, APlotIsMadeByItsForm) {
   EXPECT_TRUE(history().contains("plan.pdf"));
 }
 
+TEST_F(Window, APlotsPreviewIsTheWholeSheetOnASmallScreen) {
+  driver.type("LINE").type("0,0").type("20,60").type("");
+  driver.menu("Tracer...").then([] {
+    auto& form = *dynamic_cast<atelier::desktop::PlotForm*>(QApplication::activeModalWidget());
+    form.resize(form.minimumSizeHint());
+    EXPECT_LE(form.height(), 500) << "a screen of 1000 pixels at 200 %";
+    QRect paper;
+    for (QLabel* label : form.findChildren<QLabel*>()) {
+      if (label->pixmap().isNull()) continue;
+      const QImage shown = label->grab().toImage();
+      for (int y = 0; y < shown.height(); ++y)
+        for (int x = 0; x < shown.width(); ++x)
+          if (shown.pixelColor(x, y) == Qt::white) paper |= QRect(x, y, 1, 1);
+    }
+    EXPECT_GT(paper.width(), 50);
+    EXPECT_NEAR(double(paper.height()) / std::max(1, paper.width()), 297.0 / 210.0, 0.05);
+  });
+  driver.press("Annuler").play();
+}
+
 TEST_F(Window, APlotHasTheTableThatIsChosen) {
   const auto strokes = [this](const QString& name) {
     QFile plot(file(name));
@@ -165,11 +186,12 @@ TEST_F(Window, TheThemeIsKept) {
 TEST_F(Window, PropertiesCountSeveralAndTellOfOne) {
   driver.type("CIRCLE").type("20,20").type("5").type("CIRCLE").type("40,20").type("5").menu("Sélectionner tout").play();
   EXPECT_EQ(window.properties().item(0, 1)->text(), "2");
+  EXPECT_EQ(window.properties().item(1, 1)->text(), "Cercle");
   driver.key(Qt::Key_Escape).pick(25, 20).play();
   QMap<QString, QString> fields;
   for (int i = 0; i < window.properties().rowCount(); ++i)
     fields[window.properties().item(i, 0)->text()] = window.properties().item(i, 1)->text();
-  EXPECT_EQ(fields["Type"], "CIRCLE");
+  EXPECT_EQ(fields["Type"], "Cercle");
   EXPECT_EQ(fields["Hauteur ou rayon"].toDouble(), 5);
 }
 

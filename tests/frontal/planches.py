@@ -192,6 +192,11 @@ def main():
         for style, colours, coloured in (("Route", "Couleurs", True), ("Route", "Gris", False), ("Monochrome", "Couleurs", False)):
             run(folder, profile[:-4] + trench + ["PLV-STYLE", style, colours, "1000", "PLV-FEUILLES", "A2", "1000", "x", f"{style}-{colours}.pdf"])
             check_greys(folder, os.path.join(folder, f"{style}-{colours}.pdf"), coloured)
+        # A table that is chosen is that of the layouts, too.
+        run(folder, profile + ["PLV-STYLE", "Route", "Couleurs", "1000", "PLV-FEUILLES", "A2", "Couleurs", "noir", "1000", "x", "t.pdf",
+                               "PLV-PRESENTATIONS", "A2", "1000", "x"], "--layout", "Feuille 1", "--plot", "t1.pdf")
+        for name in ("t.pdf", "t1.pdf"):
+            check_greys(folder, os.path.join(folder, name), False)
         for name in ("A0", "A1", "A3", "R297", "R841"):
             said = run(folder, profile + ["PLV-FEUILLES", name, "2000", "Rue", "g.pdf"])
             size = re.search(r"Page size: +([\d.]+) x ([\d.]+)", read("pdfinfo", os.path.join(folder, "g.pdf"))).groups()

@@ -43,9 +43,9 @@ TEST(GroundLines, ErasedOnesAreMendedByTheAudit) {
   EXPECT_EQ(printed, "nil");
   std::string said;
   const auto keep = [&](std::string_view text) { said += text; };
-  const auto found = atelier::auditDrawing(again, false, keep, true);
+  const auto found = atelier::auditDrawing(again, false, keep);
   EXPECT_GT(found.errors, 0U);
-  const auto mended = atelier::auditDrawing(again, true, keep, true);
+  const auto mended = atelier::auditDrawing(again, true, keep);
   EXPECT_EQ(mended.errors, 0U) << said;
   // The summary counts what was mended in the profiles, too.
   EXPECT_EQ(mended.repaired, found.errors);

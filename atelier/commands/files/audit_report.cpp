@@ -21,7 +21,7 @@ std::pair<std::size_t, std::size_t> profileFindings(Document& document, bool fix
 
 }  // namespace
 
-AuditCount auditDrawing(Document& document, bool fix, const std::function<void(std::string_view)>& out, bool collect) {
+AuditCount auditDrawing(Document& document, bool fix, const std::function<void(std::string_view)>& out) {
   AuditCount count;
   const auto findings = dxf::audit(document.database(), fix);
   count.findings = findings.size();
@@ -33,7 +33,7 @@ AuditCount auditDrawing(Document& document, bool fix, const std::function<void(s
   if (!document.interpreter().get("PLV-AUDIT-BILAN").isNil()) {
     document.takeTranscript();
     const auto [left, mended] = profileFindings(document, fix);
-    if (collect) out(document.takeTranscript());
+    count.profiles = document.takeTranscript();
     count.errors += left;
     count.repaired += mended;
     count.findings += left + mended;

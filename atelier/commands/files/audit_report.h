@@ -3,6 +3,7 @@
 #pragma once
 #include <cstddef>
 #include <functional>
+#include <string>
 #include <string_view>
 
 namespace atelier {
@@ -11,11 +12,10 @@ class Document;
 
 struct AuditCount {
   std::size_t errors = 0, repaired = 0, findings = 0;  // errors: those not repaired
+  std::string profiles;                                // what the front-end has printed
 };
 
-// Gives each line to `out`, the summary last. The front-end prints to the document's printer; with `collect`, for a
-// printer that prints nothing, its lines go to `out`, too. Repairs can be undone.
-AuditCount auditDrawing(Document& document, bool fix, const std::function<void(std::string_view)>& out,
-                        bool collect = false);
+// Gives each line to `out`, the summary last; the front-end prints itself. Repairs can be undone.
+AuditCount auditDrawing(Document& document, bool fix, const std::function<void(std::string_view)>& out);
 
 }  // namespace atelier

@@ -66,6 +66,19 @@ std::vector<AcDbStub*> Journal::changed() const {
   return stubs;
 }
 
+bool Journal::hasChanged() const {
+  return !done_.empty() && !done_.back().images.empty() && done_.back().images.back().stub->is(AcDbStub::kNoted);
+}
+
+void Journal::abandon() {
+  if (!hasChanged()) return;
+  endStep();
+  Step& step = done_.back();
+  weight_ -= step.weight();
+  swap(step);
+  step.images.clear();
+}
+
 void Journal::swap(Step& step) {
   std::reverse(step.images.begin(), step.images.end());
   for (Image& image : step.images) {

@@ -24,6 +24,9 @@ class Journal {
   void before(AcDbStub& stub);
   // What the running step has changed, made or erased so far.
   std::vector<AcDbStub*> changed() const;
+  bool hasChanged() const;
+  // Undoes the running step for good: neither undo() nor redo() knows of it.
+  void abandon();
   void clear();
 
  private:

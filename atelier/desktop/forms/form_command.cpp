@@ -148,7 +148,7 @@ void CommandForm::changed(const QString& key) {
 // The form is out of the way while entities are picked, and comes back with them, or as it was.
 void CommandForm::pick(const QString& key) {
   hide();
-  drawing_.isAwaited = true;
+  drawing_.isAwaited = picks_ = true;
   const QString call = "(plv-fiche-choisir " + quoted(command_) + ' ' + quoted(key) + ')';
   drawing_.feed(
       {{"(setq plv-fiches-pris nil)", {}, command_.toStdString()}, {call.toStdString(), {}, command_.toStdString()}});
@@ -160,7 +160,7 @@ void CommandForm::takePicked(const QString& key) {
     QTimer::singleShot(kPickPause, this, [this, key] { takePicked(key); });
     return;
   }
-  drawing_.isAwaited = false;
+  drawing_.isAwaited = picks_ = false;
   const QVariant picked = ask(drawing_.document(), "plv-fiches-pris");
   Row* const at = row(key);
   if (at && picked.isValid()) at->field->set(picked);
@@ -235,7 +235,14 @@ void CommandForm::remember() const {
     if (r.kept) settings.setValue(settingOf(command_, r.key), r.field->value());
 }
 
+// A key may still reach the form when it is out of the way: Escape ends the pick, which brings the form back.
+void CommandForm::reject() {
+  if (picks_) drawing_.cancel();
+  else QDialog::reject();
+}
+
 void CommandForm::accept() {
+  if (picks_) return;
   look();
   for (Row& r : rows_)
     if (!r.fault->text().isEmpty()) return r.field->widget()->setFocus();

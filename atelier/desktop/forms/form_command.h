@@ -20,6 +20,7 @@ class CommandForm : public QDialog {
   static bool exists(Drawing& drawing, const QString& command);
   CommandForm(Drawing& drawing, const QString& command, QWidget* parent);
   void accept() override;
+  void reject() override;
   // A field by its label, as users know it; null for none.
   FormField* field(const QString& label);
   // What is wrong with a field; empty when nothing is.
@@ -63,6 +64,7 @@ class CommandForm : public QDialog {
   QLabel* words_;
   QLabel* refusal_;
   QTimer soon_;
+  bool picks_ = false;  // is out of the way while something is picked for it
   bool roomy_ = false;  // it was made larger for its pictures
   std::map<QString, QString> dragFrom_;
 };

@@ -46,6 +46,26 @@ QImage sheet(const render::PaintedPage& page, double ratio) {
   return picture;
 }
 
+// The whole sheet, also where there is less room than it has pixels.
+class SheetPicture final : public QLabel {
+ public:
+  explicit SheetPicture(QWidget* parent) : QLabel(parent) { setMinimumSize(kPreview / 2, kPreview / 2); }
+  QSize sizeHint() const override { return {kPreview, kPreview}; }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    const QPixmap sheet = pixmap();
+    if (sheet.isNull()) return;
+    QSizeF size = sheet.deviceIndependentSize();
+    if (size.height() > height() || size.width() > width()) size.scale(this->size(), Qt::KeepAspectRatio);
+    QRectF place({}, size);
+    place.moveCenter(QRectF(rect()).center());
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawPixmap(place, sheet, sheet.rect());
+  }
+};
+
 }  // namespace
 
 PlotForm::PlotForm(Drawing& drawing, QWidget* parent)
@@ -69,9 +89,7 @@ PlotForm::PlotForm(Drawing& drawing, QWidget* parent)
   inks = inksChoice(this, render::tableOf(space()));
   table_ = inks->currentData().toString();
   fields->addRow(QStringLiteral("Couleurs"), inks);
-  picture_ = new QLabel(this);
-  picture_->setAlignment(Qt::AlignCenter);
-  picture_->setMinimumSize(kPreview, kPreview * 3 / 4);
+  picture_ = new SheetPicture(this);
   fields->addRow(picture_);
   message_ = new QLabel(this);
   message_->setWordWrap(true);

@@ -11,6 +11,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
 #include <QSpinBox>
 #include <algorithm>
@@ -26,14 +27,16 @@ namespace {
 constexpr double kInchMm = 25.4;
 constexpr double kScreenPerMm = 96 / kInchMm;  // of a page at 100 %
 constexpr double kMostPrinted =
-    300 / kInchMm;          // pixels in a millimetre: thin lines are sharp, and a sheet of A0 fits the memory
+    300 / kInchMm;                  // pixels in a millimetre: thin lines are sharp, and a sheet of A0 fits the memory
+constexpr QSize kUsual(1100, 780);  // of the window, where the screen has room
+constexpr double kScreenShare = 0.95;
 constexpr int kFrame = 24;  // pixels about a page that fills the window
 
 }  // namespace
 
 SheetPreviewWindow::SheetPreviewWindow(render::SheetSet& sheets, QWidget* parent) : QDialog(parent), sheets_(sheets) {
   setWindowTitle(QStringLiteral("Aperçu des feuilles"));
-  resize(1100, 780);
+  resize(kUsual.boundedTo(screen()->availableSize() * kScreenShare));
   page = new QSpinBox(this);
   page->setRange(1, static_cast<int>(sheets.size()));
   page->setSuffix(QStringLiteral(" / %1").arg(sheets.size()));

@@ -6,12 +6,17 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
+#include <QScreen>
 #include <QScrollBar>
+#include <QTextList>
+#include <functional>
 
 #include "atelier/application/front_end.h"
 
 namespace atelier::desktop {
 namespace {
+
+constexpr double kScreenShare = 0.95;
 
 QString guidePath() {
   const QDir frontal(QString::fromStdString(frontalFolder()));
@@ -20,12 +25,21 @@ QString guidePath() {
   return {};
 }
 
-QTextBlock headingOf(const QTextDocument& guide, const QString& command) {
+// The heading of a command, else the paragraph that begins with it, else the item of a list that names it; the guide's beginning for one
+// that it doesn't explain.
+QTextBlock placeOf(const QTextDocument& guide, const QString& command) {
   const QRegularExpression name(
       "(?<![\\w-])" + QRegularExpression::escape(command) + "(?![\\w-])",
       QRegularExpression::CaseInsensitiveOption | QRegularExpression::UseUnicodePropertiesOption);
-  for (QTextBlock block = guide.begin(); !command.isEmpty() && block.isValid(); block = block.next())
-    if (block.blockFormat().headingLevel() > 0 && block.text().contains(name)) return block;
+  const std::function<bool(const QTextBlock&)> explains[] = {
+      [&](const QTextBlock& block) { return block.blockFormat().headingLevel() > 0 && block.text().contains(name); },
+      [&](const QTextBlock& block) {
+        return name.match(block.text()).capturedStart() == 0 && block.text().contains(' ');
+      },
+      [&](const QTextBlock& block) { return block.textList() && block.text().contains(name); }};
+  for (const auto& isPlace : explains)
+    for (QTextBlock block = guide.begin(); !command.isEmpty() && block.isValid(); block = block.next())
+      if (isPlace(block)) return block;
   return guide.begin();
 }
 
@@ -35,7 +49,8 @@ GuideWindow::GuideWindow(QWidget* parent) : QTextBrowser(parent) {
   setWindowFlag(Qt::Window);
   setWindowTitle(QStringLiteral("Guide de Kavel"));
   setOpenExternalLinks(true);
-  resize(fontMetrics().averageCharWidth() * 100, fontMetrics().height() * 45);
+  resize(QSize(fontMetrics().averageCharWidth() * 100, fontMetrics().height() * 45)
+             .boundedTo(screen()->availableSize() * kScreenShare));
 }
 
 bool GuideWindow::openAt(const QString& command) {
@@ -49,7 +64,7 @@ bool GuideWindow::openAt(const QString& command) {
   raise();
   activateWindow();
   setFocus();  // a window without children has no focus by itself
-  const QTextBlock heading = headingOf(*document(), command);
+  const QTextBlock heading = placeOf(*document(), command);
   setTextCursor(QTextCursor(heading));
   verticalScrollBar()->setValue(static_cast<int>(document()->documentLayout()->blockBoundingRect(heading).top()));
   return true;

@@ -9,9 +9,9 @@ class GuideWindow : public QTextBrowser {
  public:
   explicit GuideWindow(QWidget* parent);
 
-  // Opens at the heading that names the command, at the beginning when none does. False when the guide isn't there.
+  // Opens where the command is explained, at the beginning when it isn't. False when the guide isn't there.
   bool openAt(const QString& command);
-  // The heading at which it was opened.
+  // The heading, or the paragraph, at which it was opened.
   QString heading() const { return textCursor().block().text(); }
 };
 

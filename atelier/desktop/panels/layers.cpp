@@ -1,6 +1,7 @@
-// Reads the tables of layers and line types.
+// Reads the tables of layers and line types, and of the program's file of line types the heads "*NAME,description".
 #include "atelier/desktop/panels/layers.h"
 
+#include <QFile>
 #include <algorithm>
 
 #include "atelier/database/objects/imp_database.h"
@@ -67,6 +68,18 @@ QStringList linetypesOf(Document& document) {
   });
   names.sort(Qt::CaseInsensitive);
   return names;
+}
+
+QList<std::pair<QString, QString>> linetypesToLoad(Document& document) {
+  QList<std::pair<QString, QString>> found;
+  const auto path = document.interpreter().search().find("kavel.lin");
+  QFile file(QString::fromStdString(path.value_or("")));
+  if (!path || !file.open(QIODevice::ReadOnly)) return found;
+  for (const QString& line : QString::fromUtf8(file.readAll()).split('\n'))
+    if (const QString name = line.section(',', 0, 0).mid(1).trimmed();
+        line.startsWith('*') && !document.imp().tableRecord("LTYPE", name.toStdString()))
+      found.append({name, line.section(',', 1).trimmed()});
+  return found;
 }
 
 QString asPattern(const QString& name) {

@@ -7,6 +7,8 @@ namespace atelier::desktop {
 // The layers by name.
 std::vector<LayerRow> layersOf(Document& document);
 QStringList linetypesOf(Document& document);
+// Those of the program's file that the drawing lacks, as (name, description).
+QList<std::pair<QString, QString>> linetypesToLoad(Document& document);
 // A name as a pattern that fits it alone.
 QString asPattern(const QString& name);
 

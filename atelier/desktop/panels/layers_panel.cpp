@@ -64,7 +64,7 @@ LayersPanel::LayersPanel(QWidget* parent) : QTableWidget(0, kPlotted + 1, parent
 
 void LayersPanel::refresh(Drawing* drawing) {
   std::vector<LayerRow> layers = drawing ? layersOf(drawing->document()) : std::vector<LayerRow>();
-  linetypes_ = drawing ? linetypesOf(drawing->document()) : QStringList();
+  drawing_ = drawing;
   setRowCount(static_cast<int>(layers.size()));
   for (std::size_t i = 0; i < layers.size(); ++i)
     if (i >= layers_.size() || !(layers_[i] == layers[i]) || !item(static_cast<int>(i), kName))
@@ -105,16 +105,28 @@ void LayersPanel::changeCell(int row, int column) {
     values.append({QStringLiteral("Autre..."), QString()});
     offer("_COLOR", values, {row});
   } else if (column == kLinetype) {
-    for (const QString& name : linetypes_) values.append({name, name});
-    offer("_LTYPE", values, {row});
+    offerLinetypes({row});
   } else if (column == kWeight) {
     for (const int weight : kWeights) values.append({millimetres(weight), QString::number(weight / 100.0)});
     offer("_LWEIGHT", values, {row});
   }
 }
 
-void LayersPanel::offer(const QString& option, const QList<std::pair<QString, QString>>& values,
-                        const QList<int>& rows) {
+void LayersPanel::offerLinetypes(const QList<int>& rows) {
+  if (!drawing_) return;
+  QList<std::pair<QString, QString>> values;
+  for (const QString& name : linetypesOf(drawing_->document())) values.append({name, name});
+  QMenu* const more = offer("_LTYPE", values, rows)->addMenu(QStringLiteral("Charger"));
+  for (const auto& [name, description] : linetypesToLoad(drawing_->document()))
+    connect(more->addAction(name + "   " + description), &QAction::triggered, this, [this, name = name, rows] {
+      onLoad(name);
+      change({"_LTYPE", name}, rows);
+    });
+  more->setEnabled(!more->isEmpty());
+}
+
+QMenu* LayersPanel::offer(const QString& option, const QList<std::pair<QString, QString>>& values,
+                          const QList<int>& rows) {
   auto* menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
   for (const auto& [text, value] : values)
@@ -128,6 +140,7 @@ void LayersPanel::offer(const QString& option, const QList<std::pair<QString, QS
       if (given) change({option, answer}, rows);
     });
   menu->popup(QCursor::pos());
+  return menu;
 }
 
 QList<int> LayersPanel::chosenRows() const {

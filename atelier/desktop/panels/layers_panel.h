@@ -7,6 +7,8 @@
 
 #include "atelier/desktop/document/drawing.h"
 
+class QMenu;
+
 namespace atelier::desktop {
 
 // A layer as the panel shows it.
@@ -26,18 +28,20 @@ class LayersPanel : public QTableWidget {
   void refresh(Drawing* drawing);
 
   std::function<void(QStringList answers)> onChange;  // answers to the prompts of -LAYER
+  std::function<void(QString name)> onLoad;           // a line type that the drawing lacks
 
  private:
   void showRow(int row, const LayerRow& layer);
   void changeCell(int row, int column);
   void showMenu(const QPoint& at);
   // Offers values for the layers of the rows: the texts, and what answers the option's prompt.
-  void offer(const QString& option, const QList<std::pair<QString, QString>>& values, const QList<int>& rows);
+  QMenu* offer(const QString& option, const QList<std::pair<QString, QString>>& values, const QList<int>& rows);
+  void offerLinetypes(const QList<int>& rows);
   void change(const QStringList& option, const QList<int>& rows);
   QList<int> chosenRows() const;
 
   std::vector<LayerRow> layers_;
-  QStringList linetypes_;
+  Drawing* drawing_ = nullptr;
 };
 
 }  // namespace atelier::desktop

@@ -74,7 +74,7 @@ void DrawingView::refresh() {
   under_.clear();
   showUnder();
   updateGrips();
-  askPicture();
+  settleView();
 }
 
 // After a change to another space: it is shown as it was left, or whole.
@@ -119,14 +119,6 @@ void DrawingView::askPicture() {
     if (many) parts.push_back({many});
   painter_.request({std::move(parts), viewport(), devicePixelRatioF(), ground_});
   update();
-}
-
-// After a change of the view: the present picture is used until the next one is painted.
-void DrawingView::settleView() {
-  askPicture();
-  if (!cursor_) return;
-  const AcGePoint3d point = pointAt(*cursor_);
-  if (onMoved) onMoved(point);
 }
 
 void DrawingView::zoomExtents() {
@@ -256,7 +248,7 @@ void DrawingView::drawCursor(ViewMarks& marks) {
 void DrawingView::resizeEvent(QResizeEvent*) {
   drawing_.document().pointing.screenWidth = std::max(1, width());
   drawing_.document().pointing.screenHeight = std::max(1, height());
-  askPicture();
+  settleView();
 }
 
 }  // namespace atelier::desktop

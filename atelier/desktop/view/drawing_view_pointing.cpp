@@ -17,6 +17,16 @@ constexpr int kHoverDelay = 40;  // milliseconds
 
 }  // namespace
 
+// After a change of the view, also by a command: the present picture is used until the next one is painted, and something else lies
+// under a cursor that hasn't moved.
+void DrawingView::settleView() {
+  askPicture();
+  if (!cursor_ || !isVisible()) return;
+  const AcGePoint3d point = pointAt(*cursor_);
+  if (!hoverTimer_.isActive()) hoverTimer_.start(kHoverDelay);
+  if (onMoved) onMoved(point);
+}
+
 void DrawingView::updateGrips() {
   grips_.clear();
   hotGrip_.reset();
@@ -192,8 +202,10 @@ void DrawingView::mouseReleaseEvent(QMouseEvent* event) {
     endWindow(event->position(), event->modifiers() & Qt::ShiftModifier);
   if (event->button() == Qt::LeftButton && gripPressed_) {
     const QPointF dragged = event->position() - *std::exchange(gripPressed_, std::nullopt);
-    if (std::hypot(dragged.x(), dragged.y()) > kGripReach && drawing_.source().follows())
-      drawing_.pick(viewport().world(event->position()));
+    if (const PromptInfo* prompt = drawing_.prompt(); prompt && std::hypot(dragged.x(), dragged.y()) > kGripReach) {
+      if (prompt->wantsPoint) drawing_.pick(pointAt(event->position()));
+      else if (drawing_.source().follows()) drawing_.pick(viewport().world(event->position()));
+    }
   }
   update();
 }

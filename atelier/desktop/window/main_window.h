@@ -50,6 +50,7 @@ class MainWindow : public QMainWindow {
   const GuideWindow& guide() const { return *guide_; }
   // Whether a file is being chosen that answers the waiting prompt.
   bool asksForFile() const { return asksForFile_; }
+  QString coordinates() const { return coordinates_->text(); }
   QString status() const { return profileStatus_->text(); }
   QString currentProfile() const { return currentProfile_->text(); }
   // Writes copies of unsaved drawings, to be offered at the next start after a crash. Called soon after each change.

@@ -5,6 +5,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
+#include <utility>
 
 #include "atelier/commands/files/audit_report.h"
 #include "atelier/desktop/files/recent_files.h"
@@ -161,13 +162,14 @@ bool MainWindow::openDamaged(const QString& path, const QString& damage) {
   }
   Tab& tab = *front();
   Document& document = tab.drawing->document();
-  std::string text;
+  std::string text, last;
   for (const std::string& message : found) text += message + "\n";
   document.print(text);
-  auditDrawing(document, true, [&](std::string_view line) {
+  const AuditCount count = auditDrawing(document, true, [&](std::string_view line) {
     document.print(line);
-    text += line;
+    text += std::exchange(last, line);
   });
+  text += count.profiles + last;
   QStringList told = QString::fromStdString(text).split('\n', Qt::SkipEmptyParts);
   if (const qsizetype more = told.size() - kMostTold; more > 0)
     told =

@@ -74,7 +74,9 @@ void MainWindow::buildHelp(QMenu& help) {
   };
   add("&Guide", [this] { openGuide(); })->setShortcut(Qt::Key_F1);
   add("Commandes", [this] { perform("AIDE|"); });
-  add("Fonctions AutoLISP", [this] { perform("(aide)"); });
+  add("Fonctions AutoLISP", [this] {
+    if (Drawing* const d = drawing()) d->feed({{"(aide)", {}, "Fonctions AutoLISP"}});
+  });
   add("À propos de Kavel", [this] {
     QMessageBox::about(this, QStringLiteral("Kavel"),
                        QStringLiteral("Kavel\nProfils en long de routes, d'assainissement et d'eau potable."));
@@ -109,13 +111,13 @@ void MainWindow::buildRecent(QMenu& menu, const RecentKind& kind) {
 }
 
 // Before drawings are opened, saved or changed the running command is cancelled; when it doesn't end (its dialog comes
-// back) the action is not carried out.
+// back), or a form was opened meanwhile, the action is not carried out.
 void MainWindow::whenIdle(std::function<void()> action) {
   Drawing* const d = drawing();
   if (!d || !d->isBusy()) return action();
   d->cancel();
   QTimer::singleShot(kUnwinding, d, [d, action = std::move(action)] {
-    if (!d->isBusy()) action();
+    if (!d->isBusy() && !QApplication::activeModalWidget()) action();
   });
 }
 

@@ -30,6 +30,7 @@ void MainWindow::buildPanels() {
   layers_->onChange = [this](const QStringList& answers) {
     carryOut(QStringList("-LAYER") + answers + QStringList(""));
   };
+  layers_->onLoad = [this](const QString& name) { carryOut({"-LINETYPE", "_Load", name, "", ""}); };
   QDockWidget* const profiles = dock(*this, QStringLiteral("Profils"), profiles_, Qt::LeftDockWidgetArea);
   resizeDocks({profiles}, {fontMetrics().averageCharWidth() * kPanelWidth}, Qt::Horizontal);
   QDockWidget* const properties = dock(*this, QStringLiteral("Propriétés"), properties_, Qt::LeftDockWidgetArea);

@@ -45,6 +45,17 @@ class DarkStyle final : public QProxyStyle {
   }
 };
 
+// A widget with a style sheet keeps the palette that it was given with it.
+void giveSheetsAgain() {
+  for (QWidget* const widget : QApplication::allWidgets()) {
+    const QString sheet = widget->styleSheet();
+    if (sheet.isEmpty()) continue;
+    widget->setStyleSheet({});
+    widget->setPalette(QApplication::palette(widget));
+    widget->setStyleSheet(sheet);
+  }
+}
+
 }  // namespace
 
 bool isDarkTheme() { return QApplication::palette().color(QPalette::Window).lightness() < 128; }
@@ -54,6 +65,7 @@ void applyTheme() {
   if (theme.isEmpty()) return;
   QApplication::setStyle(theme == "sombre" ? new DarkStyle : QStyleFactory::create("Fusion"));
   QApplication::setPalette(theme == "sombre" ? darkPalette() : QApplication::style()->standardPalette());
+  giveSheetsAgain();
 }
 
 QColor groundColour() {

@@ -68,7 +68,7 @@
         arc (entmakex '((0 . "ARC") (10 1050.0 500.0 0.0) (40 . 20.0) (50 . 0.5) (51 . 2.5)))
         loin (plv-ligne "0" '(0.0 0.0 0.0) '(50.0 0.0 0.0))))
 (tape ("(CotAutoKavel)" "Projet" "Toutes" "(list longue '(1010.0 560.0))" "(list arc '(1050.0 520.0))" "(list loin '(1.0 0.0))" "")
-  "plusieurs plans de comparaison" "ARC: ligne, polyligne ou spline attendue" "n'est pas sur le profil")
+  "plusieurs plans de comparaison" "Arc: ligne, polyligne ou spline attendue" "n'est pas sur le profil")
 ((cotes) nil)
 ((member longue (plv-elements p "Projet")) nil)
 

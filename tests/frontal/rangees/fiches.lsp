@@ -259,3 +259,10 @@
 ((cadr (assoc "modele" (fautes "PLV-FEUILLES" '("format" "Fichier" "modele" "rien.dxf")))) "fichier introuvable: rien.dxf")
 (dit (faire "PLV-FEUILLES" '("echelle" "2000" "fichier" "<dossier>f.pdf")) "1 feuille au 1:2000.")
 ((not (findfile "<dossier>f.pdf")) nil)
+
+(situation "SheetsTakeThePlotTableThatIsChosen")
+(tableau (choisie) ("Noir") ("monochrome"))
+(dit (faire "PLV-FEUILLES" (list "echelle" "2000" "couleurs" choisie "fichier" "<dossier>f.pdf")) "1 feuille au 1:2000.")
+((table-de-trace) choisie)
+((plv-cle "couleurs" (reponses "PLV-APERCU" nil)) choisie)
+((progn (faire "PLV-PRESENTATIONS" '("echelle" "2000")) (setvar "CTAB" "Feuille 1") (table-de-trace)) choisie)

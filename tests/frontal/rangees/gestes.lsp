@@ -39,7 +39,7 @@
                 arc (entmakex '((0 . "ARC") (10 1050.0 500.0 0.0) (40 . 20.0) (50 . 0.5) (51 . 2.5)))))
 (refuse (plv-report p court '(1020.0 550.0 0.0) nil) "il n'y a rien à reporter")
 (refuse (plv-report p loin '(1150.0 550.0 0.0) nil) "se désigne sur elle-même")
-(refuse (plv-report p arc '(1050.0 520.0 0.0) nil) "ARC: ligne, polyligne ou spline attendue")
+(refuse (plv-report p arc '(1050.0 520.0 0.0) nil) "Arc: ligne, polyligne ou spline attendue")
 ((bouts loin) (("1010.000" "550.000") ("1200.000" "550.000")))
 
 (situation "SegmentsGetSlopesAndLengths")
@@ -64,7 +64,7 @@
 (refuse (plv-modifier-pente p arc '(1012.0 550.0 0.0) 1.0) "ce segment est un arc")
 (refuse (plv-modifier-pente p longue '(1012.0 550.0 0.0) 1.0) "plusieurs plans")
 (refuse (plv-modifier-pente p l '(1050.0 550.0 0.0) 1.0) "se désigne sur lui-même")
-(refuse (plv-modifier-pente p (car (plv-profils)) '(1050.0 550.0 0.0) 1.0) "INSERT: ligne ou polyligne légère attendue")
+(refuse (plv-modifier-pente p (car (plv-profils)) '(1050.0 550.0 0.0) 1.0) "Bloc inséré: ligne ou polyligne légère attendue")
 ((bouts l) (("1015.250" "550.000") ("1025.500" "550.000")))
 
 (situation "LinesByStationsAndAltitudes")

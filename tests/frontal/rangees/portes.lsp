@@ -104,12 +104,12 @@
   ((poly '((10.0 80.0 0.0) (30.0 80.0 0.0)) '((70 . 0) (210 0.0 0.6 0.8))) "la polyligne" "pas parallèle au plan du dessin")
   ((ligne '(10.0 80.0) '(10.0 85.0)) "la ligne" "pas de longueur le long du profil")
   ((ligne '(110.0 80.0) '(150.0 85.0)) "la ligne" "hors du profil")
-  ((entmakex '((0 . "CIRCLE") (10 50.0 80.0 0.0) (40 . 5.0))) "l'entité CIRCLE" "au lieu d'une ligne")
+  ((entmakex '((0 . "CIRCLE") (10 50.0 80.0 0.0) (40 . 5.0))) "l'entité Cercle" "au lieu d'une ligne")
   ((progn
      (entmake '((0 . "LAYER") (2 . "FERME") (70 . 4) (62 . 1) (6 . "Continuous")))
      (entmakex '((0 . "LINE") (8 . "FERME") (10 20.0 60.0 5.0) (11 40.0 60.0 5.0))))
    "la ligne" "calque FERME verrouillé; à faire: mise dans le plan du dessin")
-  ((plv-texte "0" '(50.0 60.0 0.0) 2.0 "texte" 0 0.0) "l'entité TEXT" "au lieu d'une ligne")
+  ((plv-texte "0" '(50.0 60.0 0.0) 2.0 "texte" 0 0.0) "l'entité Texte" "au lieu d'une ligne")
   ((progn (plv-attacher p "AEp" (list (setq l (ligne '(10.0 80.0) '(30.0 85.0))))) l) "la ligne" "déjà attachée au genre AEp")
   ((progn
      (setq q (plv-nouveau "<dossier>g.csv" "2" '(0.0 500.0 0.0) 10.0 2.5 200.0 nil))
@@ -146,7 +146,7 @@
   (setq x0 0.0 y0 0.0 p (profil '(0.0 0.0 0.0) "1")
         e (ligne '(80.0 80.0) '(10.0 85.0)) c (entmakex '((0 . "CIRCLE") (10 50.0 60.0 0.0) (40 . 5.0))))
   (plv-choix-profil p))
-(tape ("ASSOCPRJKAVEL" "Voirie" "P" "(list e '(30.0 83.0))" "" "(list c '(55.0 60.0))" "") "coupée aux changements de plan" "l'entité CIRCLE")
+(tape ("ASSOCPRJKAVEL" "Voirie" "P" "(list e '(30.0 83.0))" "" "(list c '(55.0 60.0))" "") "coupée aux changements de plan" "l'entité Cercle")
 ((length (plv-elements p "Voirie")) 2)
 ((length (plv-elements-du-projet p "Voirie")) 2)
 

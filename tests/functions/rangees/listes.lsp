@@ -156,3 +156,8 @@
 ((progn (entmake '((0 . "LINE") (67 . 1) (410 . "Layout1") (10 1. 2. 0.) (11 4. 6. 0.)))
    (list (entlast) (sslength (ssget "X" '((67 . 1)))))) (nil 1))
 ((progn (setq e (ssname (ssget "X" '((67 . 1))) 0)) (list (g 67 e) (g 410 e))) (1 "Layout1"))
+
+;; of a plot 6 is a view and 7 a plot table, and neither a line type nor a text style
+(situation "ALayoutNamesAPlotTable")
+(preparer (setq l (dictsearch (cdr (assoc -1 (dictsearch (namedobjdict) "ACAD_LAYOUT"))) "Model")))
+((progn (entmod (subst '(7 . "noir") (assoc 7 l) l)) (cdr (assoc 7 (entget (cdr (assoc -1 l)))))) "noir")
