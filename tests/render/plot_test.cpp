@@ -8,6 +8,7 @@
 #include <fstream>
 
 #include "atelier/render/painters/cairo_painter.h"
+#include "atelier/render/painters/legible.h"
 #include "atelier/render/shapes/plot_error.h"
 #include "atelier/render/shapes/tessellate.h"
 
@@ -173,6 +174,38 @@ TEST_F(Plot, ScreenTurnsForegroundWhite) {
   paintPicture(reinterpret_cast<unsigned char*>(pixels.data()), 10, 10, 40, list, o);
   EXPECT_GT(pixels[55] & 0xFF, 100u);
   EXPECT_EQ(pixels[5] & 0xFFFFFF, 0u);
+}
+
+// The middle pixel of a thick line on a ground.
+std::uint32_t shownOn(const Colour& ground, const Colour& line, double leastContrast) {
+  DisplayList list;
+  Path path;
+  path.moveTo({0, 5});
+  path.lineTo({10, 5});
+  list.add(1, Stroke{path, {line, 6, nullptr}});
+  std::vector<std::uint32_t> pixels(100);
+  PaintOptions o;
+  o.background = ground;
+  o.leastContrast = leastContrast;
+  paintPicture(reinterpret_cast<unsigned char*>(pixels.data()), 10, 10, 40, list, o);
+  return pixels[55] & 0xFFFFFF;
+}
+
+// Colours that are too dim for their ground keep their hue; those that can be seen stay as they are, and so do areas.
+TEST_F(Plot, DimLinesAreLightenedWhereContrastIsAsked) {
+  const Colour dark{30, 32, 36}, blue{0, 0, 255}, brown{76, 38, 0}, yellow{255, 255, 0}, white{255, 255, 255};
+  EXPECT_EQ(shownOn(dark, blue, 0), 0x0000FFu);
+  for (const Colour& dim : {blue, brown}) {
+    const std::uint32_t shown = shownOn(dark, dim, 4.5);
+    const Colour seen{static_cast<std::uint8_t>(shown >> 16), static_cast<std::uint8_t>(shown >> 8),
+                      static_cast<std::uint8_t>(shown)};
+    EXPECT_GE(contrast(seen, dark), 4.5);
+    EXPECT_LT(contrast(seen, dark), 6.0);
+    EXPECT_EQ(seen.b > seen.r, dim.b > dim.r);
+  }
+  EXPECT_EQ(shownOn(dark, yellow, 4.5), 0xFFFF00u);
+  EXPECT_NE(shownOn(white, yellow, 4.5), 0xFFFF00u);
+  EXPECT_NEAR(contrast({0, 0, 0}, white), 21.0, 1e-9);
 }
 
 TEST_F(Plot, ScreenShowsTinyTextsAsLines) {

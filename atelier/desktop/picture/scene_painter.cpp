@@ -13,8 +13,9 @@ namespace {
 constexpr double kPixelsPerMm = 96 / 25.4;
 // Line weights on the screen are this share of the plotted ones, and never thinner than a pixel.
 constexpr double kWeightShare = 0.5;
-constexpr std::size_t kCrowd = 20000;  // visible primitives
-constexpr double kGreekBelow = 2.5;    // pixels of capital height
+constexpr double kLeastContrast = 4.5;  // on a dark ground, which colours of plans aren't made for
+constexpr std::size_t kCrowd = 20000;   // visible primitives
+constexpr double kGreekBelow = 2.5;     // pixels of capital height
 
 render::Colour colourOf(const QColor& c) {
   return {static_cast<std::uint8_t>(c.red()), static_cast<std::uint8_t>(c.green()),
@@ -88,6 +89,7 @@ QImage paintScene(const PaintRequest& request, const std::atomic<bool>& stop) {
   options.greekBelow = kGreekBelow * request.ratio;
   options.foreground = contrast(request.background);
   options.background = colourOf(request.background);
+  if (request.background.lightness() < 128) options.leastContrast = kLeastContrast;
   const bool crowded = isCrowded(request.parts, options);
   unsigned char* const pixels = picture.bits();
   const int stride = static_cast<int>(picture.bytesPerLine());

@@ -4,9 +4,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <unordered_map>
 
 #include "atelier/render/painters/cairo_picture.h"
 #include "atelier/render/painters/cairo_text.h"
+#include "atelier/render/painters/legible.h"
 #include "atelier/render/shapes/clip_path.h"
 #include "atelier/render/shapes/plot_error.h"
 #include "atelier/render/shapes/tessellate.h"
@@ -146,6 +148,7 @@ class Painting::Painter {
   std::shared_ptr<const Clip> clip_;  // in force
   std::uint64_t source_ = 0;          // of what was painted last, and its layer
   std::string layer_;
+  mutable std::unordered_map<int, Colour> legible_;
 
   const InkRow* ink(const Colour& drawn) const { return options_.inks ? options_.inks->rowOf(drawn) : nullptr; }
 
@@ -184,7 +187,14 @@ class Painting::Painter {
     Colour colour = onSurface(wanted.kind == Ink::Kind::given ? wanted.colour : drawn);
     if (wanted.kind == Ink::Kind::grey) colour = grey(colour);
     colour.alpha = drawn.alpha;
-    return colour;
+    const bool seen = options_.leastContrast > 0 && !area && colour.alpha == 255 && drawn.kind == Colour::Kind::rgb;
+    return seen ? legibleOnSurface(colour) : colour;
+  }
+
+  Colour legibleOnSurface(const Colour& colour) const {
+    const auto [known, isNew] = legible_.try_emplace(colour.r << 16 | colour.g << 8 | colour.b, colour);
+    if (isNew) known->second = legible(colour, options_.background, options_.leastContrast);
+    return known->second;
   }
 
   // As light as a colour; reference: ITU-R BT.601.

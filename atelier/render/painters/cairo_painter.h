@@ -51,6 +51,8 @@ struct PaintOptions {
   std::size_t most = 0;     // 0: no limit
   bool embedFonts = false;  // texts as glyphs of their fonts: for PDF and SVG, smaller and searchable
   Colour foreground{0, 0, 0}, background{255, 255, 255};
+  // Of opaque lines and texts to the background, see legible(); 0: as they are.
+  double leastContrast = 0;
   Inks inks;
 };
 
