@@ -93,6 +93,19 @@ TEST_F(Files, WhatIsWrongWithAProfileOfADamagedFileIsTold) {
       << questions[1].toStdString();
 }
 
+TEST_F(Files, ASurveyIsNoDamagedDrawing) {
+  QFile survey(file("leve.csv"));
+  ASSERT_TRUE(survey.open(QIODevice::WriteOnly));
+  survey.write("distance;altitude\n0;100\n50;101\n");
+  survey.close();
+  EXPECT_FALSE(window.open(file("leve.csv")));
+  ASSERT_EQ(questions.size(), 1);
+  EXPECT_TRUE(questions[0].contains("leve.csv:1: ce n'est pas un dessin DXF") &&
+              questions[0].contains("Nouveau profil"))
+      << questions[0].toStdString();
+  EXPECT_EQ(window.tabs().count(), 0);
+}
+
 // A file that ends in the middle of a circle.
 TEST_F(Files, ADamagedFileIsOfferedForRecoveryWithWhatWasFound) {
   drawCircle();

@@ -19,6 +19,13 @@ namespace {
 
 constexpr qsizetype kMostTold = 15;  // lines of a message; the history has them all
 
+// What to do with a survey that is taken for a drawing.
+QString surveyHint(const QString& path) {
+  static const QStringList surveys = {"csv", "txt", "xml", "xlsx", "asc", "tif"};
+  if (!surveys.contains(QFileInfo(path).suffix().toLower())) return {};
+  return QStringLiteral("\nUn levé se prend par le menu Profil, « Nouveau profil » ou « Profil d'une surface ».");
+}
+
 }  // namespace
 
 void MainWindow::complain(const QString& text) {
@@ -114,7 +121,7 @@ bool MainWindow::openOrRecover(const QString& path) {
     commands_->print(QStringLiteral("\nOuverture de %1 arrêtée.\n").arg(path));
     return false;
   } catch (const FileError& error) {
-    complain(QString::fromUtf8(error.what()));
+    complain(QString::fromUtf8(error.what()) + surveyHint(path));
     return false;
   } catch (const Error& error) {
     return openDamaged(path, QString::fromUtf8(error.what()));

@@ -22,6 +22,10 @@ class Faults {
   [[noreturn]] void stop(std::size_t offset, const std::string& message) const {
     throw Error(name_, lineAt(offset), message);
   }
+  // For a file in which there is nothing to recover.
+  [[noreturn]] void refuse(std::size_t offset, const std::string& message) const {
+    throw FileError(name_, lineAt(offset), message);
+  }
   // Notes bytes that are left out when the drawing is written.
   void leaveOut(std::size_t begin, std::size_t end) const {
     if (end > begin) layout_.repairs.push_back({begin, end - begin, {}});

@@ -50,6 +50,7 @@ class Reader {
   void firstSection() {
     const std::size_t begin = firstGroup(layout_.bytes, layout_.style.encoding);
     const std::string reason = "ce n'est pas un dessin DXF: \"0 SECTION\" attendu";
+    if (layout_.bytes.find("SECTION") == std::string_view::npos) faults_.refuse(begin, reason);
     if (!faults_.recovering()) {
       try {
         Scanner scanner(layout_.bytes, layout_.style.encoding, begin, layout_.bytes.size());
