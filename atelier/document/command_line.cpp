@@ -145,9 +145,10 @@ void Document::commandEnded() {
 // A command that was stopped while it worked leaves the drawing as it was. One that goes on from answer to answer keeps what it had
 // made before the last one, and a program what it did: they have their own step to be undone.
 void Document::takeBackStopped(bool modified) {
-  if (!stopped_ || undoGroup || changedBeforeAnswer_) return;
+  if (!stopped_ || undoGroup || changedBeforeAnswer_ || !imp().journal.hasChanged()) return;
+  const bool saved = !imp().modified;  // meanwhile: the file has what is taken back
   imp().journal.abandon();
-  imp().modified = modified;
+  imp().modified = modified || saved;
 }
 
 void Document::runLine(const std::string& line) {

@@ -1,6 +1,9 @@
 // Every prompt of every command that draws or changes objects: what isn't an answer changes nothing.
 // A command is answered up to each of its prompts; then the input ends, or Enter, a word or half a point come first. The
 // drawing must be the same each time. Enter is an answer where the prompt shows a default.
+#include <unistd.h>
+
+#include <filesystem>
 #include <set>
 #include <string>
 #include <vector>
@@ -187,8 +190,29 @@ TEST(EveryPrompt, EveryCommandThatDrawsOrChangesHasACourse) {
       EXPECT_TRUE(played.contains(row.name) || kWithout.contains(row.name)) << row.name << " has no course";
 }
 
+// Answers to a prompt for a file name one: those that are written then go with the folder.
+class OwnFolder {
+ public:
+  OwnFolder() : before_(std::filesystem::current_path()) {
+    std::filesystem::create_directories(own_);
+    std::filesystem::current_path(own_);
+  }
+  ~OwnFolder() {
+    std::filesystem::current_path(before_);
+    std::filesystem::remove_all(own_);
+  }
+  OwnFolder(const OwnFolder&) = delete;
+  OwnFolder& operator=(const OwnFolder&) = delete;
+
+ private:
+  const std::filesystem::path before_;
+  const std::filesystem::path own_ =
+      std::filesystem::temp_directory_path() / ("kavel-questions-" + std::to_string(getpid()));
+};
+
 // The same at the first prompt of every command that there is, also of those that change views, settings and files.
 TEST(EveryPrompt, NoCommandChangesTheDrawingBeforeItIsAnswered) {
+  const OwnFolder folder;
   const std::string before = withoutNames(after({"REGEN", {}}, 0, nullptr).drawing);
   std::set<std::string> names;
   for (const std::string& name : atelier::commandNames()) names.insert(name);

@@ -69,26 +69,6 @@ TEST_F(LongWork, ACommandThatIsStoppedHasChangedNothing) {
   EXPECT_EQ(count("LINE"), 200000);
 }
 
-// What the window does while a command computes isn't stopped with it.
-TEST_F(LongWork, TheWindowGoesOnWhileACommandIsStopped) {
-  lines(300000);
-  atelier::desktop::LongWork::shownAfter = 60;
-  bool looked = false;
-  std::function<void()> stop = [&] {
-    if (!shown()) return QTimer::singleShot(5, &window, stop);
-    shown()->findChild<QPushButton*>()->click();
-    window.view()->refresh();
-    looked = true;
-  };
-  stop();
-  driver.type("COPY").type("_ALL").type("").type("0,0").type("0,20").then([this] {
-    if (window.drawing()->waits()) window.commandLine().onLine({});
-  });
-  driver.play();
-  EXPECT_TRUE(looked);
-  EXPECT_EQ(count("LINE"), 300000);
-}
-
 TEST_F(LongWork, ProgramsAreStopped) {
   stopWhenShown();
   driver.type("(progn (setq n 0) (while T (setq n (1+ n))))").play();
