@@ -39,7 +39,8 @@
 (defun plv-effacer-courbes (profil courbes)
   "Erases curves with their dimensions."
   (plv-effacer-cotes (vl-remove-if-not '(lambda (c) (member (plv-cote-courbe c) courbes)) (plv-cotes-du-profil profil)))
-  (plv-effacer courbes))
+  (plv-effacer courbes)
+  (plv-presenter-sans-effacees profil))
 
 ;; --- room
 

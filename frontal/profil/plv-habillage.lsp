@@ -91,6 +91,10 @@
 
 (defun plv-entites-habillage (profil) (plv-entites-enregistrees profil plv-habillage:cle))
 
+(defun plv-habillage-avec (profil entites)
+  "Lists entities with the dressing, which is erased and moved with them."
+  (plv-enregistrer-entites profil plv-habillage:cle (append (plv-entites-habillage profil) entites)))
+
 (defun plv-habiller-profil (profil point points echv ttxt plans)
   "Draws the dressing in place of an earlier one; what is drawn is listed with the profile."
   (plv-effacer (plv-entites-habillage profil))

@@ -104,8 +104,8 @@
   (setq e (if (= genre "POLYLINE") (car (plv-entites-du-jeu (ssget "X" '((0 . "POLYLINE"))))) (entlast)) avant (length (plv-entites-du-jeu (ssget "X")))))
 (tape ("(CotAutoKavel)" "AEp" "Toutes" "(list e '(1050.0 0.0))" "") "16 cotes.")
 ((list (combien "44.00") (combien "+1.00") (combien "44.04") (combien "+1.04")) (1 1 1 1))
-;; the curve is the project's, and nothing else is left but dimensions
-((list (equal (plv-elements-du-projet p "AEp") (list e)) (- (length (plv-entites-du-jeu (ssget "X"))) avant (length (cotes)))) (T 0))
+;; the curve is the project's, and nothing else is left but dimensions and the legend of lines
+((list (equal (plv-elements-du-projet p "AEp") (list e)) (- (length (plv-entites-du-jeu (ssget "X"))) avant (length (cotes)) (length (plv-entites-legende-lignes p)))) (T 0))
 ((mapcar '(lambda (r) (list (plv-reel (car r) 3) (plv-reel (cadr r) 3)))
    (vl-remove-if-not '(lambda (r) (< 49.0 (car r) 61.0)) (plv-lister-altitudes p (list e))))
  (("50.000" "44.000") ("60.000" "44.039")))
