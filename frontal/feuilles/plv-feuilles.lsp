@@ -202,11 +202,6 @@ a label less; a cell's figure isn't worth a shorter last sheet."
   "Without zeros after the point."
   (vl-string-right-trim "." (vl-string-right-trim "0" (plv-reel valeur 2))))
 
-(defun plv-feuilles:raccord (profil d suite)
-  "What stands beside a match line: station, plane, and the sheet that goes on."
-  (strcat "Station " (plv-reel (+ (plv-premiere-station profil) d) 2) "  -  PC "
-          (plv-reel (plv-plan-altitude (plv-plan-en (plv-plans profil) d)) 2) "  -  feuille " (itoa suite)))
-
 (defun plv-feuilles:textes (profil echelle titre debut fin rang / origine longueur)
   (setq origine (plv-premiere-station profil) longueur (plv-longueur-profil profil))
   (append (plv-cartouche-marques)
@@ -217,8 +212,8 @@ a label less; a cell's figure isn't worth a shorter last sheet."
         (cons "<ECHELLE_V>" (strcat "1:" (plv-feuilles:nombre (/ echelle (plv-echv profil)))))
         (cons "<STATIONS>" (strcat (plv-reel (+ origine (cond (debut) (0.0))) 2) " à " (plv-reel (+ origine (cond (fin) (longueur))) 2)))
         (cons "<DATE>" (plv-date-du-jour)) (cons "<DESSIN>" (getvar "DWGNAME"))
-        (cons "<RACCORD_GAUCHE>" (if debut (plv-feuilles:raccord profil debut (1- rang)) ""))
-        (cons "<RACCORD_DROITE>" (if fin (plv-feuilles:raccord profil fin (1+ rang)) "")))))
+        (cons "<RACCORD_GAUCHE>" (if debut (plv-mention profil debut (1- rang)) ""))
+        (cons "<RACCORD_DROITE>" (if fin (plv-mention profil fin (1+ rang)) "")))))
 
 ;; --- sheets
 
@@ -252,14 +247,15 @@ a label less; a cell's figure isn't worth a shorter last sheet."
                       (plv-feuilles:nombre echelle) ".")))
   hauteur)
 
-(defun plv-feuilles:une (mesures echelle place titre rang debut fin encarts bande)
+(defun plv-feuilles:une (mesures echelle place titre rang debut fin encarts bande / feuille)
   "The sheet between two cuts."
-  (append
+  (setq feuille
     (list echelle (plv-feuilles:vues mesures debut fin) (plv-feuilles:textes (plv-cle 'profil mesures) echelle titre debut fin rang)
-          (if fin nil encarts) (if debut (plv-encarts-axe mesures debut)))
-    (if bande
-      (list (plv-bande-plan mesures echelle bande debut fin)
-            (plv-bande-dessins mesures echelle (plv-place-largeur place) (plv-place-hauteur place) bande debut fin)))))
+          (if fin nil encarts) (if debut (plv-encarts-axe mesures debut)) (if bande (plv-bande-plan mesures echelle bande debut fin))))
+  (append feuille
+    (list
+      (append (plv-mentions mesures feuille place debut fin rang)
+        (if bande (plv-bande-dessins mesures echelle (plv-place-largeur place) (plv-place-hauteur place) bande debut fin))))))
 
 (defun plv-feuilles:decouper (mesures echelle place / largeur hauteur coupures encarts faute)
   "How a profile is shared among sheets: (measures cuts insets height-of-plans); nil after a message."

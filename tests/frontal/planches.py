@@ -88,7 +88,8 @@ def check_list(folder, profile):
     lines = [" ".join(w for _, w in sorted(row)) for _, row in sorted(rows.items())]
     cut = next((line.split()[4] for line in lines if line.startswith("2 L")), "")
     expect("rows of the list", lines[-2:], [f"2 L 0.00 à {cut} 1:1000 - 1:100 oui", f"3 L {cut} à 600.00 1:1000 - 1:100 oui"])
-    marks = [w for w, x, _ in words(pdf, 2) if x > 570 and w.isdigit()]
+    found = words(pdf, 2)
+    marks = [w for w, x, _ in found if w.isdigit() and any(v == "feuille" and abs(x - u) < 0.5 for v, u, _ in found)]
     expect("the sheet that goes on is counted with the list", "3" in marks, True)
     for page in (1, 3):
         its = words(os.path.join(folder, f"l{page}.pdf"), 1)
