@@ -192,7 +192,10 @@ def main():
                   '(plv-tranchees-ecrire-regles p g (plv-lire-lignes (findfile "tranchees-assainissement.txt")))', "(plv-hachurer-tranchees p g T)"]
         for style, colours, coloured in (("Route", "Couleurs", True), ("Route", "Gris", False), ("Monochrome", "Couleurs", False)):
             run(folder, profile[:-4] + trench + ["PLV-STYLE", style, colours, "1000", "PLV-FEUILLES", "A2", "1000", "x", f"{style}-{colours}.pdf"])
-            check_greys(folder, os.path.join(folder, f"{style}-{colours}.pdf"), coloured)
+            run(folder, profile[:-4] + trench + ["PLV-STYLE", style, colours, "1000", "PLV-PRESENTATIONS", "A2", "1000", "x"], "--layout", "Feuille 1",
+                "--plot", "layout.pdf")
+            for name in (f"{style}-{colours}.pdf", "layout.pdf"):
+                check_greys(folder, os.path.join(folder, name), coloured)
         for name in ("A0", "A1", "A3", "R297", "R841"):
             said = run(folder, profile + ["PLV-FEUILLES", name, "2000", "Rue", "g.pdf"])
             size = re.search(r"Page size: +([\d.]+) x ([\d.]+)", read("pdfinfo", os.path.join(folder, "g.pdf"))).groups()
