@@ -87,7 +87,9 @@ void SheetPage::items(const std::vector<PaperItem>& items) const {
       case PaperItem::Kind::line:
         list.add(0, Stroke{through(points, false), Pen{kForeground, item.size, nullptr}});
         break;
-      case PaperItem::Kind::text: list.add(0, written(item.text, points.front(), item.size, item.side, item.angle)); break;
+      case PaperItem::Kind::text:
+        list.add(0, written(item.text, points.front(), item.size, item.side, item.angle));
+        break;
       case PaperItem::Kind::area: list.add(0, Fill{through(points, true)}); break;
       case PaperItem::Kind::picture:
         if (auto raster = shownPicture(item, points)) list.add(0, std::move(*raster));
