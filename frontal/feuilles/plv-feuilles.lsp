@@ -26,7 +26,8 @@
 
 (defun plv-feuilles:mesurer (profil / point coins titres ttxt legendes a-part couches)
   "What the layout needs: keys gauche droite bas haut (of all but the legends beside it), titres (right edge of the tables' titles
-with the gap after them, top), recouvrement (what two sheets share on each side of a cut) x0 y0, legendes (beside it), couches and traits (see plv-bords)."
+with the gap after them, top), recouvrement (what two sheets share on each side of a cut) x0 y0, legendes (beside it), couches and traits (see plv-bords),
+cotes (boxes of the dimensions)."
   (setq point (plv-origine profil)
         ttxt (plv-ttxt profil)
         coins (etendue-tracee (plv-entites-dessinees profil))
@@ -36,7 +37,7 @@ with the gap after them, top), recouvrement (what two sheets share on each side 
         titres (etendue-tracee (vl-remove-if-not 'plv-existe (plv-references-tables profil)))
         couches (plv-feuilles:couches profil (car point)))
   (list (cons 'profil profil) (cons 'legendes (mapcar 'plv-boite a-part)) (cons 'x0 (car point)) (cons 'y0 (cadr point))
-        (cons 'couches couches) (cons 'traits (plv-feuilles:traits profil (car point))) (cons 'recouvrement (plv-feuilles:recouvrement profil couches ttxt))
+        (cons 'couches couches) (cons 'traits (plv-feuilles:traits profil (car point))) (cons 'cotes (plv-boites-cotes profil)) (cons 'recouvrement (plv-feuilles:recouvrement profil couches ttxt))
         (cons 'gauche (- (caar coins) ttxt)) (cons 'droite (+ (caadr coins) ttxt))
         (cons 'bas (- (cadar coins) ttxt)) (cons 'haut (+ (cadadr coins) ttxt))
         (cons 'titres (if titres (list (max (caadr titres) (- (car point) (* 0.8 ttxt))) (cadadr titres))))))
@@ -135,7 +136,7 @@ where there are none."
             place (- largeur (plv-feuilles:bande mesures) (* 2.0 recouvrement)))))
   (if (eq coupures T) T (reverse coupures)))
 
-(defun plv-feuilles:vues (mesures debut fin / x0 recouvrement x1 x2)
+(defun plv-feuilles:vues (mesures echelle debut fin / x0 recouvrement x1 x2)
   "The views of one sheet, between two cuts; nil for the beginning or the end of the profile."
   (setq x0 (plv-cle 'x0 mesures) recouvrement (plv-cle 'recouvrement mesures)
         x1 (if debut (- (+ x0 debut) recouvrement) (plv-cle 'gauche mesures))
@@ -144,11 +145,20 @@ where there are none."
     (if (and debut (plv-cle 'titres mesures))
       (list (list (plv-cle 'gauche mesures) (plv-cle 'bas mesures) (plv-feuilles:titres-droite mesures) (plv-feuilles:titres-haut mesures))))
     (list (append (list x1 (plv-cle 'bas mesures) x2 (plv-cle 'haut mesures))
-                  (if debut (list (plv-feuilles:repere mesures debut))) (if fin (list (plv-feuilles:repere mesures fin)))))))
+                  (if debut (plv-feuilles:repere mesures echelle debut)) (if fin (plv-feuilles:repere mesures echelle fin))))))
 
-(defun plv-feuilles:repere (mesures d)
-  "The match line at a distance: over the profile, not through the texts of its tables."
-  (list (+ (plv-cle 'x0 mesures) d) (plv-cle 'y0 mesures) (plv-cle 'haut mesures)))
+;; a match line is drawn this much longer at both ends, in millimetres
+(setq plv-feuilles:depassement 3.0)
+
+(defun plv-feuilles:repere (mesures echelle d / x jeu y morceaux)
+  "The match line at a distance, in pieces: over the profile, not through the texts of its tables, nor through dimensions."
+  (setq x (+ (plv-cle 'x0 mesures) d) y (plv-cle 'y0 mesures) jeu (* 0.001 echelle (+ plv-feuilles:depassement 0.7)))
+  (foreach b (vl-sort (plv-cle 'cotes mesures) '(lambda (a b) (< (cadr a) (cadr b))))
+    (if (< (car b) x (caddr b))
+      (progn
+        (if (< y (- (cadr b) jeu)) (setq morceaux (cons (list x y (- (cadr b) jeu)) morceaux)))
+        (setq y (max y (+ (plv-boite-haut b) jeu))))))
+  (reverse (if (< y (plv-cle 'haut mesures)) (cons (list x y (plv-cle 'haut mesures)) morceaux) morceaux)))
 
 ;; --- legends on the last sheet
 
@@ -235,7 +245,7 @@ with room for the legends on the last sheet where they don't stand beneath."
 (defun plv-feuilles:une (mesures echelle place titre rang debut fin encarts bande / feuille)
   "The sheet between two cuts."
   (setq feuille
-    (list echelle (plv-feuilles:vues mesures debut fin) (plv-feuilles:textes (plv-cle 'profil mesures) echelle titre debut fin rang)
+    (list echelle (plv-feuilles:vues mesures echelle debut fin) (plv-feuilles:textes (plv-cle 'profil mesures) echelle titre debut fin rang)
           (if fin nil encarts) (if debut (plv-encarts-axe mesures debut)) (if bande (plv-bande-plan mesures echelle bande debut fin))))
   (append feuille
     (list

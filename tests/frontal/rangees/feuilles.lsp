@@ -72,3 +72,13 @@
   (setq m (plv-feuilles:mesurer q) c (plv-feuilles:coupures m 220.0 200.0)))
 ((list (length c) (vl-some '(lambda (texte) (< (car texte) (car c) (cadr texte))) (plv-cle 'couches m))) (1 nil))
 ((vl-some '(lambda (texte) (< (car texte) 150.0 (cadr texte))) (plv-cle 'couches m)) T)
+
+;; At a cut through a dimension the match line stands below and above it; it is drawn 3 mm longer at both ends.
+(situation "AMatchLineLeavesDimensions")
+(preparer
+  (plv-coter p "Projet" (* 0.5 pi) "Altitudes" (plv-elements p "Projet"))
+  (setq m (plv-feuilles:mesurer p)
+        cote (car (vl-sort (plv-boites-cotes p) '(lambda (a b) (> (car a) (car b)))))
+        d (- (* 0.5 (+ (car cote) (caddr cote))) 1000.0) morceaux (cddddr (plv-dernier (cadr (feuille nil d))))))
+((vl-every '(lambda (l) (or (< (+ (caddr l) 3.0) (cadr cote)) (> (- (cadr l) 3.0) (plv-boite-haut cote)))) morceaux) T)
+((list (cadr (car morceaux)) (length morceaux)) (500.0 2))
