@@ -95,6 +95,10 @@
   "The edge of the other sheet."
   (plv-bord (car bord) (plv-cle 'recouvrement mesures) (- (caddr bord)) 0.0 0.0))
 
+(defun plv-bords:entier-p (torn bord mesures)
+  "Whether a text is whole within an edge, or can be."
+  (or (<= (plv-bords:debord torn bord) 0.0) (plv-bords:libre-p torn (plv-bords:rentree torn bord) mesures)))
+
 (defun plv-bords:texte (torn bord mesures au-papier k / x0 rentree efface face)
   "What is drawn for a text that an edge tears."
   (setq x0 (plv-cle 'x0 mesures) rentree (plv-bords:rentree torn bord) face (plv-bords:d-en-face mesures bord)
@@ -105,7 +109,7 @@
     ((plv-bords:suspendu-p torn bord)
      (append (if (equal (plv-cle 50 (entget (plv-couche-entite torn))) 0.0 1e-9) efface) (list (plv-bords:ecrire torn 0.0 au-papier k))))
     ((plv-bords:libre-p torn rentree mesures) (append efface (list (plv-bords:ecrire torn rentree au-papier k))))
-    ((and (< (plv-couche-haut torn) (plv-cle 'y0 mesures)) (plv-bords:libre-p torn (plv-bords:rentree torn face) mesures)) efface)))
+    ((and (< (plv-couche-haut torn) (plv-cle 'y0 mesures)) (plv-bords:entier-p torn face mesures)) efface)))
 
 (defun plv-bords (mesures bord au-papier k)
   "What is drawn on the paper at an edge. au-papier: the place on the paper of a point of the drawing; k millimetres for a unit of it."

@@ -109,3 +109,14 @@
 ((mapcar '(lambda (r) (list (plv-reel (car r) 3) (plv-reel (cadr r) 3)))
    (vl-remove-if-not '(lambda (r) (< 49.0 (car r) 61.0)) (plv-lister-altitudes p (list e))))
  (("50.000" "44.000") ("60.000" "44.039")))
+
+;; A change of plane cuts the dimensioned line; the sewer that is cut at the same place has no dimensions and gets none.
+(situation "ALineWithoutDimensionsGetsNone")
+(preparer
+  (plv-projet p "Projet" '((0.0 45.0) (100.0 44.0)))
+  (plv-projet p "Assainissement" '((0.0 43.0) (100.0 42.0)))
+  (plv-coter p "Projet" (* 0.5 pi) "Hauteurs" (plv-elements p "Projet"))
+  (defun cotees (genre) (vl-remove-if-not '(lambda (c) (member (plv-cote-courbe c) (plv-elements p genre))) (plv-cotes-du-profil p)))
+  (plv-pc p "A" 50.0 40.0)
+  (plv-actualiser (list p)))
+((list (> (length (cotees "Projet")) 3) (cotees "Assainissement")) (T nil))

@@ -82,3 +82,12 @@
         d (- (* 0.5 (+ (car cote) (caddr cote))) 1000.0) morceaux (cddddr (plv-dernier (cadr (feuille nil d))))))
 ((vl-every '(lambda (l) (or (< (+ (caddr l) 3.0) (cadr cote)) (> (- (cadr l) 3.0) (plv-boite-haut cote)))) morceaux) T)
 ((list (cadr (car morceaux)) (length morceaux)) (500.0 2))
+
+;; A legend that stands close to the end of the profile is an inset, and isn't seen beside it besides.
+(situation "ALegendIsSeenOnce")
+(preparer
+  (plv-metres '("1") "Projet" nil T)
+  (setq l (plv-legende p "Projet" nil) a (caadr (etendue-tracee (vl-remove l (plv-entites-dessinees p)))))
+  (entmod (subst (list 10 (+ a 1.0) 600.0 0.0) (assoc 10 (entget l)) (entget l)))
+  (setq m (plv-feuilles:mesurer p)))
+((list (length (plv-cle 'legendes m)) (equal (plv-cle 'droite m) (+ a 1.0) 1e-6)) (1 T))
