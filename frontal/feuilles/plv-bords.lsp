@@ -99,15 +99,18 @@
   "Whether a text is whole within an edge, or can be."
   (or (<= (plv-bords:debord torn bord) 0.0) (plv-bords:libre-p torn (plv-bords:rentree torn bord) mesures)))
 
+(defun plv-bords:a-effacer-p (torn mesures)
+  "A blank area beneath slanted words over the profile would hide the profile."
+  (or (< (plv-couche-haut torn) (plv-cle 'y0 mesures)) (equal (plv-cle 50 (entget (plv-couche-entite torn))) 0.0 1e-9)))
+
 (defun plv-bords:texte (torn bord mesures au-papier k / x0 rentree efface face)
   "What is drawn for a text that an edge tears."
   (setq x0 (plv-cle 'x0 mesures) rentree (plv-bords:rentree torn bord) face (plv-bords:d-en-face mesures bord)
         efface (if (> (caddr bord) 0) (list (plv-debut torn) (cadr bord)) (list (cadr bord) (plv-fin torn)))
-        efface (list (plv-bords:effacer (car efface) (cadr efface) torn au-papier x0)))
+        efface (if (plv-bords:a-effacer-p torn mesures) (list (plv-bords:effacer (car efface) (cadr efface) torn au-papier x0))))
   (cond
     ((plv-bords:au-dela-p torn bord) efface)
-    ((plv-bords:suspendu-p torn bord)
-     (append (if (equal (plv-cle 50 (entget (plv-couche-entite torn))) 0.0 1e-9) efface) (list (plv-bords:ecrire torn 0.0 au-papier k))))
+    ((plv-bords:suspendu-p torn bord) (append efface (list (plv-bords:ecrire torn 0.0 au-papier k))))
     ((plv-bords:libre-p torn rentree mesures) (append efface (list (plv-bords:ecrire torn rentree au-papier k))))
     ((and (< (plv-couche-haut torn) (plv-cle 'y0 mesures)) (plv-bords:entier-p torn face mesures)) efface)))
 
