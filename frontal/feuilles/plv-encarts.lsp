@@ -10,9 +10,10 @@
   "Of the legends those that stand beside the profile, not over or beneath it."
   (vl-remove-if '(lambda (l) (and (< (car (plv-boite l)) droite) (> (caddr (plv-boite l)) gauche))) legendes))
 
-(defun plv-encarts-debuts (legendes droite)
-  "Where those begin that stand right of an abscissa."
-  (vl-remove-if '(lambda (x) (< x droite)) (mapcar '(lambda (l) (car (plv-boite l))) legendes)))
+(defun plv-encarts-debuts (legendes droite ttxt)
+  "Where those begin that stand right of an abscissa, without their frames."
+  (mapcar '(lambda (x) (max droite (- x (* 0.2 ttxt))))
+    (vl-remove-if '(lambda (x) (< x droite)) (mapcar '(lambda (l) (car (plv-boite l))) legendes))))
 
 (defun plv-encarts:ecart (mesures) (* 5.0 (plv-cle 'recouvrement mesures)))
 

@@ -38,7 +38,7 @@ cotes (boxes of the dimensions)."
         couches (plv-feuilles:couches profil (car point)))
   (list (cons 'profil profil) (cons 'legendes (mapcar 'plv-boite a-part)) (cons 'x0 (car point)) (cons 'y0 (cadr point))
         (cons 'couches couches) (cons 'traits (plv-feuilles:traits profil (car point))) (cons 'cotes (plv-boites-cotes profil)) (cons 'recouvrement (plv-feuilles:recouvrement profil couches ttxt))
-        (cons 'gauche (- (caar coins) ttxt)) (cons 'droite (apply 'min (cons (+ (caadr coins) ttxt) (plv-encarts-debuts a-part (caadr coins)))))
+        (cons 'gauche (- (caar coins) ttxt)) (cons 'droite (apply 'min (cons (+ (caadr coins) ttxt) (plv-encarts-debuts a-part (caadr coins) ttxt))))
         (cons 'bas (- (cadar coins) ttxt)) (cons 'haut (+ (cadadr coins) ttxt))
         (cons 'titres (if titres (list (max (caadr titres) (- (car point) (* 0.8 ttxt))) (cadadr titres))))))
 
