@@ -31,12 +31,8 @@ def rectangle(space, box, layer):
     space.add_lwpolyline([(x1, y1), (x2, y1), (x2, y2), (x1, y2)], close=True, dxfattribs={"layer": layer})
 
 
-def text(space, content, point, height, rotation=0.0, centred=False):
-    entity = space.add_text(content, dxfattribs={"layer": "CARTOUCHE", "style": "CARTOUCHE", "height": height, "rotation": rotation})
-    if centred:
-        entity.set_placement(point, align=ezdxf.enums.TextEntityAlignment.MIDDLE_CENTER)
-    else:
-        entity.set_placement(point)
+def text(space, content, point, height):
+    space.add_text(content, dxfattribs={"layer": "CARTOUCHE", "style": "CARTOUCHE", "height": height}).set_placement(point)
 
 
 def revisions(space, right, factor):
@@ -85,9 +81,6 @@ def main():
     rectangle(space, (frame[2] - 292 * factor + 1.5, BOTTOM + 1.5, frame[2] - 262 * factor - 1.5, TOP - 1.5), "LOGO")
     title_block(space, frame[2], factor)
     revisions(space, frame[2], factor)
-    middle = (room[1] + room[3]) / 2
-    text(space, "<RACCORD_GAUCHE>", (frame[0] + 6, middle), 3, 90, centred=True)
-    text(space, "<RACCORD_DROITE>", (frame[2] - 6, middle), 3, 90, centred=True)
     # The same bytes each time.
     for variable in ("$TDCREATE", "$TDUPDATE", "$TDUCREATE", "$TDUUPDATE"):
         drawing.header[variable] = 2460000.5

@@ -42,10 +42,10 @@
     (progn (setq boite (plv-boite courbe)) (<= (- (car boite) 1e-3) x (+ (caddr boite) 1e-3)))))
 
 (defun plv-cote-porteuse (cote elements / x courbe)
-  "The curve of a dimension where that still reaches it; a change of plane may have cut it: else the element that does."
+  "The curve of a dimension where that still reaches it; a change of plane may have cut it: else the element of its kind that does."
   (setq x (plv-cotes:abscisse cote) courbe (plv-cote-courbe cote))
   (cond ((plv-cotes:atteint-p courbe x) courbe)
-        ((car (vl-member-if '(lambda (e) (plv-cotes:atteint-p e x)) elements)))
+        ((if (or (member courbe elements) (not (plv-existe courbe))) (car (vl-member-if '(lambda (e) (plv-cotes:atteint-p e x)) elements))))
         (courbe)))
 
 (defun plv-cotes:anciennes (profil genre courbes / elements)

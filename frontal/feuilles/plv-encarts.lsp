@@ -10,9 +10,14 @@
   "Of the legends those that stand beside the profile, not over or beneath it."
   (vl-remove-if '(lambda (l) (and (< (car (plv-boite l)) droite) (> (caddr (plv-boite l)) gauche))) legendes))
 
+(defun plv-encarts-debuts (legendes droite ttxt)
+  "Where those begin that stand right of an abscissa, without their frames."
+  (mapcar '(lambda (x) (max droite (- x (* 0.2 ttxt))))
+    (vl-remove-if '(lambda (x) (< x droite)) (mapcar '(lambda (l) (car (plv-boite l))) legendes))))
+
 (defun plv-encarts:ecart (mesures) (* 5.0 (plv-cle 'recouvrement mesures)))
 
-(defun plv-encarts:longueur (mesures)
+(defun plv-encarts-longueur (mesures)
   "What the legends take side by side, each with its gap."
   (apply '+ (mapcar '(lambda (b) (+ (plv-encarts:largeur b) (plv-encarts:ecart mesures))) (plv-cle 'legendes mesures))))
 
@@ -34,7 +39,7 @@
 (defun plv-encarts (mesures largeur hauteur / l h)
   "The insets for the last view of a profile, which leaves so much of the sheet free beside it and beneath it; T when they don't
 fit."
-  (setq l (plv-encarts:longueur mesures)
+  (setq l (plv-encarts-longueur mesures)
         h (apply 'max (cons 0.0 (mapcar 'plv-encarts:hauteur (plv-cle 'legendes mesures)))))
   (cond
     ((not (plv-cle 'legendes mesures)) nil)

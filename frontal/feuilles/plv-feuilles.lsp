@@ -26,7 +26,8 @@
 
 (defun plv-feuilles:mesurer (profil / point coins titres ttxt legendes a-part couches)
   "What the layout needs: keys gauche droite bas haut (of all but the legends beside it), titres (right edge of the tables' titles
-with the gap after them, top), recouvrement (what two sheets share on each side of a cut) x0 y0, legendes (beside it), couches (see there)."
+with the gap after them, top), recouvrement (what two sheets share on each side of a cut) x0 y0, legendes (beside it), couches and traits (see plv-bords),
+cotes (boxes of the dimensions)."
   (setq point (plv-origine profil)
         ttxt (plv-ttxt profil)
         coins (etendue-tracee (plv-entites-dessinees profil))
@@ -36,8 +37,8 @@ with the gap after them, top), recouvrement (what two sheets share on each side 
         titres (etendue-tracee (vl-remove-if-not 'plv-existe (plv-references-tables profil)))
         couches (plv-feuilles:couches profil (car point)))
   (list (cons 'profil profil) (cons 'legendes (mapcar 'plv-boite a-part)) (cons 'x0 (car point)) (cons 'y0 (cadr point))
-        (cons 'couches couches) (cons 'recouvrement (plv-feuilles:recouvrement profil couches ttxt))
-        (cons 'gauche (- (caar coins) ttxt)) (cons 'droite (+ (caadr coins) ttxt))
+        (cons 'couches couches) (cons 'traits (plv-feuilles:traits profil (car point))) (cons 'cotes (plv-boites-cotes profil)) (cons 'recouvrement (plv-feuilles:recouvrement profil couches ttxt))
+        (cons 'gauche (- (caar coins) ttxt)) (cons 'droite (apply 'min (cons (+ (caadr coins) ttxt) (plv-encarts-debuts a-part (caadr coins) ttxt))))
         (cons 'bas (- (cadar coins) ttxt)) (cons 'haut (+ (cadadr coins) ttxt))
         (cons 'titres (if titres (list (max (caadr titres) (- (car point) (* 0.8 ttxt))) (cadadr titres))))))
 
@@ -46,15 +47,17 @@ with the gap after them, top), recouvrement (what two sheets share on each side 
 
 ;; --- cuts
 
-(defun plv-feuilles:abscisses (profil)
-  "Where a profile may be cut: the points that have cells, else all ground points; distances."
-  (cond ((plv-distances-rappels profil)) ((mapcar 'car (plv-points-tn profil)))))
+(defun plv-feuilles:rondes (profil / fin pas s rondes)
+  "The distances of round stations, some thousand at most."
+  (setq fin (+ (plv-premiere-station profil) (plv-longueur-profil profil)) pas 1.0)
+  (while (> (/ (plv-longueur-profil profil) pas) 2000.0) (setq pas (* 10.0 pas)))
+  (setq s (* pas (1+ (plv-partie-entiere (/ (plv-premiere-station profil) pas)))))
+  (while (< s fin) (setq rondes (cons (- s (plv-premiere-station profil)) rondes) s (+ s pas)))
+  (reverse rondes))
 
-(defun plv-feuilles:couche (e x0 / groupes coins)
-  "Where a text that lies along the profile stands; nil for anything else."
-  (setq groupes (entget e))
-  (if (and (= (plv-cle 0 groupes) "TEXT") (< (abs (sin (plv-cle 50 groupes))) 0.7) (setq coins (etendue-tracee (list e))))
-    (list (- (caar coins) x0) (- (caadr coins) x0))))
+(defun plv-feuilles:abscisses (profil)
+  "Where a profile may be cut: the points that have cells, without tables round stations; distances."
+  (cond ((plv-distances-rappels profil)) ((plv-feuilles:rondes profil))))
 
 (defun plv-feuilles:largeur-de-bloc (bloc x0 / boite)
   "The stretch of a block with its texts."
@@ -66,9 +69,14 @@ with the gap after them, top), recouvrement (what two sheets share on each side 
   (append
     (mapcar '(lambda (e) (plv-feuilles:largeur-de-bloc e x0)) (plv-blocs profil))
     (vl-remove nil
-      (mapcar '(lambda (e) (plv-feuilles:couche e x0))
-        (append (plv-ajouts-tables profil) (plv-feuilles:reseaux profil) (plv-entites-habillage profil)
-                (apply 'append (mapcar 'plv-entites-table (plv-references-tables profil))))))))
+      (mapcar '(lambda (e) (plv-couche-de e x0))
+        (append (plv-ajouts-tables profil) (plv-feuilles:reseaux profil) (plv-entites-habillage profil) (plv-feuilles:des-tables profil))))))
+
+(defun plv-feuilles:des-tables (profil) (apply 'append (mapcar 'plv-entites-table (plv-references-tables profil))))
+
+(defun plv-feuilles:traits (profil x0)
+  "The upright lines of tables."
+  (vl-remove nil (mapcar '(lambda (e) (plv-couche-trait e x0)) (append (plv-ajouts-tables profil) (plv-feuilles:des-tables profil)))))
 
 (defun plv-feuilles:recouvrement (profil couches ttxt / places)
   "Texts that stand on the abscissa of a cut are whole on both sheets: half the height of upright ones is beside it, half the width of short ones."
@@ -98,7 +106,7 @@ with the gap after them, top), recouvrement (what two sheets share on each side 
 
 (defun plv-feuilles:coupure (mesures precedente limite / places debut)
   "Where a sheet ends: of the points in its last fifth the last one that tears least, else the last point that fits; the last whole metre
-where there are no points."
+where there are none."
   (setq debut (+ precedente (* 0.8 (- limite precedente)))
         places (vl-remove-if-not '(lambda (d) (and (<= d limite) (> d (+ precedente (* 0.5 (- limite precedente))))))
                  (plv-feuilles:abscisses (plv-cle 'profil mesures))))
@@ -128,33 +136,7 @@ where there are no points."
             place (- largeur (plv-feuilles:bande mesures) (* 2.0 recouvrement)))))
   (if (eq coupures T) T (reverse coupures)))
 
-(defun plv-feuilles:autant (mesures largeur coupures / essai)
-  "The cuts for sheets of a width, if they are no more."
-  (setq essai (plv-feuilles:coupures-pleines mesures largeur))
-  (if (and (listp essai) (= (length essai) (length coupures))) essai))
-
-(defun plv-feuilles:plus-etroites (mesures largeur coupures / bas milieu)
-  "The narrowest width for which there are as many cuts."
-  (setq bas (/ largeur (1+ (length coupures))))
-  (repeat 7
-    (setq milieu (* 0.5 (+ bas largeur)))
-    (if (plv-feuilles:autant mesures milieu coupures) (setq largeur milieu) (setq bas milieu)))
-  largeur)
-
-(defun plv-feuilles:dechirures (mesures coupures)
-  (apply '+ (mapcar '(lambda (d) (plv-feuilles:dechire d (plv-cle 'couches mesures) (plv-cle 'recouvrement mesures))) coupures)))
-
-(defun plv-feuilles:coupures-egales (mesures largeur coupures / etroite pas essai mieux)
-  "As many cuts, for sheets about as full as one another: those of the narrowest sheets that are no more, wider ones if they tear
-a label less; a cell's figure isn't worth a shorter last sheet."
-  (setq etroite (plv-feuilles:plus-etroites mesures largeur coupures) pas (/ (- largeur etroite) 6.0))
-  (repeat 7
-    (setq essai (plv-feuilles:autant mesures etroite coupures) etroite (+ etroite pas))
-    (if (and essai (or (not mieux) (< (plv-feuilles:dechirures mesures essai) (- mieux (* 4.0 (plv-ttxt (plv-cle 'profil mesures)))))))
-      (setq coupures essai mieux (plv-feuilles:dechirures mesures essai))))
-  coupures)
-
-(defun plv-feuilles:vues (mesures debut fin / x0 recouvrement x1 x2)
+(defun plv-feuilles:vues (mesures echelle debut fin / x0 recouvrement x1 x2)
   "The views of one sheet, between two cuts; nil for the beginning or the end of the profile."
   (setq x0 (plv-cle 'x0 mesures) recouvrement (plv-cle 'recouvrement mesures)
         x1 (if debut (- (+ x0 debut) recouvrement) (plv-cle 'gauche mesures))
@@ -163,11 +145,20 @@ a label less; a cell's figure isn't worth a shorter last sheet."
     (if (and debut (plv-cle 'titres mesures))
       (list (list (plv-cle 'gauche mesures) (plv-cle 'bas mesures) (plv-feuilles:titres-droite mesures) (plv-feuilles:titres-haut mesures))))
     (list (append (list x1 (plv-cle 'bas mesures) x2 (plv-cle 'haut mesures))
-                  (if debut (list (plv-feuilles:repere mesures debut))) (if fin (list (plv-feuilles:repere mesures fin)))))))
+                  (if debut (plv-feuilles:repere mesures echelle debut)) (if fin (plv-feuilles:repere mesures echelle fin))))))
 
-(defun plv-feuilles:repere (mesures d)
-  "The match line at a distance: over the profile, not through the texts of its tables."
-  (list (+ (plv-cle 'x0 mesures) d) (plv-cle 'y0 mesures) (plv-cle 'haut mesures)))
+;; a match line is drawn this much longer at both ends, in millimetres
+(setq plv-feuilles:depassement 3.0)
+
+(defun plv-feuilles:repere (mesures echelle d / x jeu y morceaux)
+  "The match line at a distance, in pieces: over the profile, not through the texts of its tables, nor through dimensions."
+  (setq x (+ (plv-cle 'x0 mesures) d) y (plv-cle 'y0 mesures) jeu (* 0.001 echelle (+ plv-feuilles:depassement 0.7)))
+  (foreach b (vl-sort (plv-cle 'cotes mesures) '(lambda (a b) (< (cadr a) (cadr b))))
+    (if (< (car b) x (caddr b))
+      (progn
+        (if (< y (- (cadr b) jeu)) (setq morceaux (cons (list x y (- (cadr b) jeu)) morceaux)))
+        (setq y (max y (+ (plv-boite-haut b) jeu))))))
+  (reverse (if (< y (plv-cle 'haut mesures)) (cons (list x y (plv-cle 'haut mesures)) morceaux) morceaux)))
 
 ;; --- legends on the last sheet
 
@@ -178,14 +169,18 @@ a label less; a cell's figure isn't worth a shorter last sheet."
                  (plv-cle 'gauche mesures)))
   (plv-encarts mesures (- largeur (- (plv-cle 'droite mesures) gauche)) (- hauteur (- (plv-cle 'haut mesures) (plv-cle 'bas mesures)))))
 
+(defun plv-feuilles:avec-legendes-p (mesures coupures largeur hauteur) (not (eq (plv-feuilles:encarts mesures coupures largeur hauteur) T)))
+
 (defun plv-feuilles:coupures (mesures largeur hauteur / coupures egales)
-  "The cuts for sheets of this size; T when there can be none. One more where the legends would have a sheet for themselves."
+  "The cuts for sheets of this size; T when there can be none. One more where the legends would have a sheet for themselves; balanced,
+with room for the legends on the last sheet where they don't stand beneath."
   (setq coupures (plv-feuilles:coupures-pleines mesures largeur))
   (cond
-    ((not (and coupures (listp coupures))) (plv-feuilles:pour-legendes mesures coupures largeur hauteur))
-    ((eq (plv-feuilles:encarts mesures coupures largeur hauteur) T) (plv-feuilles:pour-legendes mesures coupures largeur hauteur))
-    ((eq (plv-feuilles:encarts mesures (setq egales (plv-feuilles:coupures-egales mesures largeur coupures)) largeur hauteur) T) coupures)
-    (T egales)))
+    ((not (and coupures (listp coupures) (plv-feuilles:avec-legendes-p mesures coupures largeur hauteur)))
+     (plv-feuilles:pour-legendes mesures coupures largeur hauteur))
+    ((plv-feuilles:avec-legendes-p mesures (setq egales (plv-coupures-egales mesures largeur coupures 0.0)) largeur hauteur) egales)
+    ((plv-feuilles:avec-legendes-p mesures (setq egales (plv-coupures-egales mesures largeur coupures (plv-encarts-longueur mesures))) largeur hauteur) egales)
+    (T coupures)))
 
 (defun plv-feuilles:pour-legendes (mesures coupures largeur hauteur / debut d)
   "Cuts with one more in the last part, where the legends haven't the room beside it."
@@ -202,11 +197,6 @@ a label less; a cell's figure isn't worth a shorter last sheet."
   "Without zeros after the point."
   (vl-string-right-trim "." (vl-string-right-trim "0" (plv-reel valeur 2))))
 
-(defun plv-feuilles:raccord (profil d suite)
-  "What stands beside a match line: station, plane, and the sheet that goes on."
-  (strcat "Station " (plv-reel (+ (plv-premiere-station profil) d) 2) "  -  PC "
-          (plv-reel (plv-plan-altitude (plv-plan-en (plv-plans profil) d)) 2) "  -  feuille " (itoa suite)))
-
 (defun plv-feuilles:textes (profil echelle titre debut fin rang / origine longueur)
   (setq origine (plv-premiere-station profil) longueur (plv-longueur-profil profil))
   (append (plv-cartouche-marques)
@@ -217,8 +207,8 @@ a label less; a cell's figure isn't worth a shorter last sheet."
         (cons "<ECHELLE_V>" (strcat "1:" (plv-feuilles:nombre (/ echelle (plv-echv profil)))))
         (cons "<STATIONS>" (strcat (plv-reel (+ origine (cond (debut) (0.0))) 2) " à " (plv-reel (+ origine (cond (fin) (longueur))) 2)))
         (cons "<DATE>" (plv-date-du-jour)) (cons "<DESSIN>" (getvar "DWGNAME"))
-        (cons "<RACCORD_GAUCHE>" (if debut (plv-feuilles:raccord profil debut (1- rang)) ""))
-        (cons "<RACCORD_DROITE>" (if fin (plv-feuilles:raccord profil fin (1+ rang)) "")))))
+        (cons "<RACCORD_GAUCHE>" (if debut (plv-mention profil debut (1- rang)) ""))
+        (cons "<RACCORD_DROITE>" (if fin (plv-mention profil fin (1+ rang)) "")))))
 
 ;; --- sheets
 
@@ -252,14 +242,15 @@ a label less; a cell's figure isn't worth a shorter last sheet."
                       (plv-feuilles:nombre echelle) ".")))
   hauteur)
 
-(defun plv-feuilles:une (mesures echelle place titre rang debut fin encarts bande)
+(defun plv-feuilles:une (mesures echelle place titre rang debut fin encarts bande / feuille)
   "The sheet between two cuts."
-  (append
-    (list echelle (plv-feuilles:vues mesures debut fin) (plv-feuilles:textes (plv-cle 'profil mesures) echelle titre debut fin rang)
-          (if fin nil encarts) (if debut (plv-encarts-axe mesures debut)))
-    (if bande
-      (list (plv-bande-plan mesures echelle bande debut fin)
-            (plv-bande-dessins mesures echelle (plv-place-largeur place) (plv-place-hauteur place) bande debut fin)))))
+  (setq feuille
+    (list echelle (plv-feuilles:vues mesures echelle debut fin) (plv-feuilles:textes (plv-cle 'profil mesures) echelle titre debut fin rang)
+          (if fin nil encarts) (if debut (plv-encarts-axe mesures debut)) (if bande (plv-bande-plan mesures echelle bande debut fin))))
+  (append feuille
+    (list
+      (append (plv-coupes mesures feuille place debut fin rang)
+        (if bande (plv-bande-dessins mesures echelle (plv-place-largeur place) (plv-place-hauteur place) bande debut fin))))))
 
 (defun plv-feuilles:decouper (mesures echelle place / largeur hauteur coupures encarts faute)
   "How a profile is shared among sheets: (measures cuts insets height-of-plans); nil after a message."

@@ -8,11 +8,15 @@
   (while (tblsearch "BLOCK" (strcat "*Paper_Space" (itoa n))) (setq n (1+ n)))
   (strcat "*Paper_Space" (itoa n)))
 
+(defun plv-presentations:table (/ nom)
+  "The plot table that a layout names, greys by the name that other programs have for them."
+  (if (= (setq nom (plv-couleurs-d-un-layout)) "Gris") "Grayscale.ctb" nom))
+
 (defun plv-presentations:layout (nom espace largeur hauteur rang)
   (entmakex
     (list '(0 . "LAYOUT") '(100 . "AcDbPlotSettings") '(1 . "") '(2 . "none_device") '(4 . "") '(6 . "") '(40 . 0.0) '(41 . 0.0) '(42 . 0.0) '(43 . 0.0)
           (cons 44 largeur) (cons 45 hauteur) '(46 . 0.0) '(47 . 0.0) '(48 . 0.0) '(49 . 0.0) '(140 . 0.0) '(141 . 0.0) '(142 . 1.0) '(143 . 1.0)
-          '(70 . 688) '(72 . 1) '(73 . 0) '(74 . 5) (cons 7 (plv-couleurs-d-un-layout)) '(75 . 16) '(147 . 1.0) '(148 . 0.0) '(149 . 0.0) '(100 . "AcDbLayout") (cons 1 nom) '(70 . 1)
+          '(70 . 688) '(72 . 1) '(73 . 0) '(74 . 5) (cons 7 (plv-presentations:table)) '(75 . 16) '(147 . 1.0) '(148 . 0.0) '(149 . 0.0) '(100 . "AcDbLayout") (cons 1 nom) '(70 . 1)
           (cons 71 rang) '(10 0.0 0.0 0.0) (list 11 largeur hauteur 0.0) '(12 0.0 0.0 0.0) '(14 0.0 0.0 0.0) (list 15 largeur hauteur 0.0) '(146 . 0.0)
           '(13 0.0 0.0 0.0) '(16 1.0 0.0 0.0) '(17 0.0 1.0 0.0) '(76 . 0) (cons 330 espace))))
 

@@ -44,10 +44,10 @@
        (entmake (list '(0 . "LINE") '(67 . 1) '(8 . "0") (cons 370 poids) (cons 6 trait) (list 10 (car a) (cadr a) 0.0) (list 11 (car b) (cadr b) 0.0))))
     points (cdr points)))
 
-(defun plv-presentations:texte (x y hauteur cote texte)
+(defun plv-presentations:texte (x y hauteur cote texte tourne)
   "cote: 0 left end, 1 middle, 2 right end at the point."
   (entmake
-    (append (list '(0 . "TEXT") '(67 . 1) '(8 . "0") (list 10 x y 0.0) (cons 40 hauteur) (cons 1 texte))
+    (append (list '(0 . "TEXT") '(67 . 1) '(8 . "0") (list 10 x y 0.0) (cons 40 hauteur) (cons 1 texte) (cons 50 tourne))
       (plv-style-de-texte)
       (if (= cote 0) nil (list (cons 72 cote) (list 11 x y 0.0))))))
 
@@ -101,7 +101,7 @@
       (foreach g (cddddr axe)
         (setq y (plv-presentations:y placement (car g)))
         (plv-presentations:trait (list (list (- x (* 0.5 h)) y) (list x y)) 25 "Continuous")
-        (plv-presentations:texte (- x h) (- y (* 0.5 h)) h 2 (cdr g))))))
+        (plv-presentations:texte (- x h) (- y (* 0.5 h)) h 2 (cdr g) 0.0)))))
 
 (defun plv-presentations:plan (feuille place placement rang numero / plan haut bas x lieu)
   "The viewport of the plan, and its lines and stations where they are seen."
@@ -121,7 +121,7 @@
           (if (nth 4 l) 35 13) (if (nth 4 l) plv-presentations:coupure "Continuous")))
       (foreach l (nth 6 plan)
         (setq lieu (plv-presentations:du-plan plan l x (* 0.5 (+ haut bas)) (car placement)))
-        (if (< bas (cadr lieu) (- haut 2.5)) (plv-presentations:texte (car lieu) (cadr lieu) 2.5 1 (caddr l)))))))
+        (if (< bas (cadr lieu) (- haut 2.5)) (plv-presentations:texte (car lieu) (cadr lieu) 2.5 1 (caddr l) 0.0))))))
 
 (defun plv-presentations:couper (bouts bas haut / a b)
   "What of a line is between two heights of the paper; nil for nothing."
@@ -149,5 +149,5 @@
      (plv-logo-image (cadr dessin)
        (mapcar '+ (cddr dessin) (list (plv-place-gauche place) (plv-place-bas place) (plv-place-gauche place) (plv-place-bas place)))))
     ((= (car dessin) "L") (plv-presentations:trait points (fix (+ 0.5 (* 100.0 (cadr dessin)))) "Continuous"))
-    ((= (car dessin) "T") (plv-presentations:texte (caar points) (cadar points) (cadr dessin) (caddr dessin) (cadddr dessin)))
+    ((= (car dessin) "T") (plv-presentations:texte (caar points) (cadar points) (cadr dessin) (caddr dessin) (cadddr dessin) (cond ((nth 6 dessin)) (0.0))))
     (T (plv-presentations:aplat points (if (= (car dessin) "A") 7 255)))))

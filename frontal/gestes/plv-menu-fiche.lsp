@@ -35,6 +35,7 @@
   (if (plv-associer-fiche:attacher-p valeurs)
     (setq courbes (plv-admettre profil genre courbes))
     (plv-ecrire-elements profil genre (vl-remove-if '(lambda (e) (member e courbes)) (plv-elements profil genre))))
+  (plv-presenter-lignes profil)
   (plv-dire (strcat (plv-compte (length courbes) (if (plv-associer-fiche:attacher-p valeurs) "courbe attachée" "courbe détachée")) ", genre " genre "."))
   courbes)
 

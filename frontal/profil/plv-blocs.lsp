@@ -17,9 +17,15 @@
        (<= (- (car origine) 1e-6) (car p) (+ (car origine) longueur 1e-6))
        (<= (- (cadr origine) 1e-6) (cadr p) haut)))
 
-(defun plv-attributs (bloc / e groupes liste)
-  "(tag . text) of each attribute of a reference."
+(defun plv-blocs:attributs (bloc / e liste)
   (setq e (entnext bloc))
-  (while (and e (= (plv-cle 0 (setq groupes (entget e))) "ATTRIB"))
-    (setq liste (cons (cons (plv-cle 2 groupes) (plv-cle 1 groupes)) liste) e (entnext e)))
+  (while (and e (= (plv-type e) "ATTRIB")) (setq liste (cons e liste) e (entnext e)))
   (reverse liste))
+
+(defun plv-attributs (bloc)
+  "(tag . text) of each attribute of a reference."
+  (mapcar '(lambda (e) (cons (plv-cle 2 (entget e)) (plv-cle 1 (entget e)))) (plv-blocs:attributs bloc)))
+
+(defun plv-boites-attributs (profil)
+  "The boxes of the words of blocks."
+  (apply 'append (mapcar '(lambda (bloc) (mapcar 'plv-boite (plv-blocs:attributs bloc))) (plv-blocs profil))))

@@ -39,7 +39,8 @@
 (defun plv-effacer-courbes (profil courbes)
   "Erases curves with their dimensions."
   (plv-effacer-cotes (vl-remove-if-not '(lambda (c) (member (plv-cote-courbe c) courbes)) (plv-cotes-du-profil profil)))
-  (plv-effacer courbes))
+  (plv-effacer courbes)
+  (plv-presenter-sans-effacees profil))
 
 ;; --- room
 
@@ -130,7 +131,7 @@
   (setq elements (plv-elements profil genre)
         cotes (vl-remove-if-not 'plv-cote-courbe (plv-cotes-du-profil profil))
         miennes (vl-remove-if-not '(lambda (c) (member (plv-cote-courbe c) elements)) cotes)
-        boites (mapcar 'plv-boite (vl-remove-if '(lambda (c) (member c miennes)) cotes))
+        boites (append (mapcar 'plv-boite (vl-remove-if '(lambda (c) (member c miennes)) cotes)) (plv-boites-attributs profil))
         hauteurs (vl-remove-if 'plv-cote-altitude-p miennes))
   (if (and hauteurs ranger-hauteurs-p)
     (plv-posees:ranger-hauteurs (plv-cadre profil) (plv-points-tn profil) hauteurs boites (plv-ttxt profil)))
@@ -138,7 +139,7 @@
     (plv-posees:ranger-altitudes profil miennes (append hauteurs elements) boites (plv-ttxt profil))))
 
 (defun plv-ranger-cotes (profil genre)
-  "Dimensions of the curves of a kind where they are clear of the ground, of their curves and of the other kinds'."
+  "Dimensions of the curves of a kind where they are clear of the ground, of their curves, of the other kinds' and of the words of blocks."
   (plv-posees:rangees profil genre T))
 
 (defun plv-ranger-altitudes (profil)

@@ -50,11 +50,14 @@
 
 (defun plv-elements-du-projet (profil genre) (vl-remove-if-not 'plv-du-projet (plv-elements profil genre)))
 
+(defun plv-element-du-projet (profil genre) "Any of them; nil for a kind without a project line."
+  (vl-some '(lambda (e) (if (plv-du-projet e) e)) (plv-elements profil genre)))
+
 (defun plv-genres-du-projet (profil)
   "Kinds that have a project line, the project's own kind first."
   (plv-lire-une-fois (list "genres-du-projet" profil)
     '(lambda ()
-       (vl-remove-if-not '(lambda (genre) (plv-elements-du-projet profil genre))
+       (vl-remove-if-not '(lambda (genre) (plv-element-du-projet profil genre))
          (cons "Projet" (vl-remove "Projet" (vl-remove "TN" (plv-genres))))))))
 
 (defun plv-genre-de (profil entite)

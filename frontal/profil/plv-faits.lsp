@@ -82,7 +82,7 @@
   "Before profiles are plotted on sheets or given to other programs: what isn't true is told, or made anew."
   (plv-faits:appeler 'sortie (list profils)))
 
-;; --- what the room styles, which stands above too, adds to what is drawn; nothing in a drawing without a style
+;; --- what the room styles, which stands above too, adds to what is drawn; in a drawing without a style the legend of lines
 
 (defun plv-presenter (profil)
   "Draws around a profile what the style wants; the top of it, nil for nothing above the profile."
@@ -91,6 +91,10 @@
 (defun plv-presenter-titre (profil y) "The same above its title." (plv-faits:appeler 'titre (list profil y)))
 
 (defun plv-presenter-ligne (profil genre) "Gives lines that were attached the look of their kind." (plv-faits:appeler 'attachee (list profil genre)))
+
+(defun plv-presenter-lignes (profil) "Tells a profile's lines anew where some have come or gone." (plv-faits:appeler 'lignes (list profil)))
+
+(defun plv-presenter-sans-effacees (profil) "The same after a command that may have erased some." (plv-faits:appeler 'effacees (list profil)))
 
 (defun plv-presenter-tables (profil) "The same of its tables, in place of what was drawn of them." (plv-faits:appeler 'tables (list profil)))
 

@@ -47,14 +47,19 @@
 
 (defun plv-hauteur-axe (points echv ttxt plans) "Of the axes of a profile." (+ (plv-hauteur-terrain points echv plans) ttxt))
 
-(defun plv-habillage:axe (point hauteur ttxt echv plan etiquettes / x y)
-  "A graduated axis at the start of a section."
+(defun plv-habillage:libre-p (x y l h boites)
+  "Whether a text whose right end is there stands clear of boxes."
+  (not (vl-some '(lambda (b) (and (< (car b) x) (> (caddr b) (- x l)) (< (cadr b) (+ y h)) (> (cadddr b) y))) boites)))
+
+(defun plv-habillage:axe (point hauteur ttxt echv plan etiquettes boites / x y)
+  "A graduated axis at the start of a section, with altitudes on demand where no words of blocks stand."
   (setq x (+ (car point) (plv-plan-debut plan)))
   (plv-ligne "PLV-AXE" (plv-point x (cadr point)) (plv-point x (+ (cadr point) hauteur)))
   (foreach graduation (plv-graduations hauteur ttxt echv plan (cadr point))
     (setq y (car graduation))
     (plv-ligne "PLV-AXE" (plv-point (- x (* 0.4 ttxt)) y) (plv-point x y))
-    (if etiquettes
+    (if (and etiquettes
+             (plv-habillage:libre-p (- x (* 0.8 ttxt)) (- y (* 0.4 ttxt)) (plv-largeur-texte (cdr graduation) (* 0.8 ttxt)) (* 0.8 ttxt) boites))
       (plv-texte "PLV-AXE" (plv-point (- x (* 0.8 ttxt)) (- y (* 0.4 ttxt))) (* 0.8 ttxt) (cdr graduation) 2 0.0))))
 
 ;; --- names of planes, each where its section begins; where sections are short they are moved apart, and written smaller
@@ -79,10 +84,10 @@
     (plv-texte "PLV-PLANS" (plv-point (+ (car point) (plv-debut nom) (* 0.5 (caddr nom))) (- (cadr point) (* 0.5 ttxt) (caddr nom)))
       (caddr nom) (cadddr nom) 0 0.0)))
 
-(defun plv-habillage:dessiner (profil point points echv ttxt plans / hauteur sommet)
-  (setq hauteur (plv-hauteur-axe points echv ttxt plans))
+(defun plv-habillage:dessiner (profil point points echv ttxt plans / hauteur sommet boites)
+  (setq hauteur (plv-hauteur-axe points echv ttxt plans) boites (plv-boites-attributs profil))
   (foreach plan plans
-    (plv-habillage:axe point hauteur ttxt echv plan (eq plan (car plans))))
+    (plv-habillage:axe point hauteur ttxt echv plan (eq plan (car plans)) boites))
   (plv-habillage:noms-plans point ttxt plans (car (plv-dernier points)))
   (setq sommet (plv-presenter profil))
   (plv-habillage:titre profil point hauteur ttxt (car (plv-dernier points)) echv sommet))
@@ -90,6 +95,10 @@
 (setq plv-habillage:cle "PLV_HABILLAGE")
 
 (defun plv-entites-habillage (profil) (plv-entites-enregistrees profil plv-habillage:cle))
+
+(defun plv-habillage-avec (profil entites)
+  "Lists entities with the dressing, which is erased and moved with them."
+  (plv-enregistrer-entites profil plv-habillage:cle (append (plv-entites-habillage profil) entites)))
 
 (defun plv-habiller-profil (profil point points echv ttxt plans)
   "Draws the dressing in place of an earlier one; what is drawn is listed with the profile."

@@ -37,6 +37,7 @@ attached to the kind but are no longer part of the project. Gives the elements, 
      (foreach e (plv-elements-du-projet profil genre) (plv-marquer-du-projet e nil))
      (plv-attacher profil genre elements)
      (plv-ecrire-elements profil "Projet" (vl-remove-if '(lambda (e) (member e elements)) (plv-elements profil "Projet")))
+     (plv-presenter-lignes profil)
      (plv-dire (strcat (itoa (length elements)) " éléments du projet deviennent la ligne " genre "."))
      elements)))
 

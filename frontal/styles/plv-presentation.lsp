@@ -19,12 +19,31 @@
       (plv-noter-fait profil "HABILLAGE" nil nil nil)
       (plv-presentation:autour profil))))
 
-(defun plv-presentation-titre (profil y)
+(defun plv-presentation:entrees (profil)
+  "What the legend of lines is to show: where the style wants one; without a style, where there is a project line to tell apart."
+  (if (if (plv-style-nom) (plv-style-legende-p) (plv-genres-du-projet profil)) (plv-legende-lignes-entrees profil)))
+
+(defun plv-presentation-titre (profil y / entrees)
   "What stands above the title, from an ordinate on."
-  (if (and (plv-style-nom) (plv-style-legende-p)) (plv-legende-lignes profil y)))
+  (if (setq entrees (plv-presentation:entrees profil)) (plv-legende-lignes profil entrees y)))
+
+(defun plv-presentation-lignes (profil / titre)
+  "The legend anew where lines have come or gone, in a profile that has its dressing."
+  (if (and (setq titre (plv-cle 10 (plv-attribut-profil profil "TITRE"))) (plv-entites-habillage profil)
+           (or (plv-legende-lignes-perdue-p profil) (not (plv-legende-lignes-juste-p profil (plv-presentation:entrees profil)))))
+    (progn
+      (plv-effacer (plv-entites-legende-lignes profil))
+      (plv-habillage-avec profil (plv-legende-lignes profil (plv-presentation:entrees profil) (+ (cadr titre) (* 3.5 (plv-ttxt profil))))))))
+
+(defun plv-presentation-attachee (profil genre)
+  (if (member genre (plv-genres-projet)) (plv-ranger-genre profil genre))
+  (plv-presentation-lignes profil))
 
 (plv-brancher 'presentation 'plv-presentation)
 (plv-brancher 'titre 'plv-presentation-titre)
+(plv-brancher 'lignes 'plv-presentation-lignes)
+(plv-brancher 'effacees '(lambda (profil) (if (plv-legende-lignes-perdue-p profil) (plv-presentation-lignes profil))))
+(plv-brancher 'attachee 'plv-presentation-attachee)
 (plv-brancher 'tables 'plv-cadrer-tables)
 
 ;; --- the command

@@ -141,16 +141,14 @@
     ((and aspect (not (plv-style-nom))) (plv-calque-propre (plv-style-calque-du-genre genre) (cadr aspect) (caddr aspect)))
     ((plv-calque "PLV-PROJET"))))
 
-(defun plv-style:rangement (profil genre / calque groupes)
+(defun plv-ranger-genre (profil genre / calque groupes)
   "The lines of a kind that stand on the layers of the front-end, on the kind's."
   (if (plv-elements profil genre) (setq calque (plv-style:calque-du-genre genre)))
   (foreach e (plv-elements profil genre)
     (setq groupes (entget e))
     (if (and (plv-style:de-projet-p e) (/= (plv-cle 8 groupes) calque)) (entmod (subst (cons 8 calque) (assoc 8 groupes) groupes)))))
 
-(defun plv-ranger-lignes (profil) (foreach genre (plv-genres-projet) (plv-style:rangement profil genre)))
-
-(plv-brancher 'attachee '(lambda (profil genre) (if (member genre (plv-genres-projet)) (plv-style:rangement profil genre))))
+(defun plv-ranger-lignes (profil) (foreach genre (plv-genres-projet) (plv-ranger-genre profil genre)))
 
 ;; --- texts
 

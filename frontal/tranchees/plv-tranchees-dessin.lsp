@@ -145,6 +145,8 @@ with them. T, or nil after a message."
              (plv-tranchees-dessin:tracer profil (plv-tranchees-dessin:suites morceaux) tout)
              (if legende (plv-tranchees-legende:poser profil genre morceaux tout point)))))
       (plv-noter-fait profil "TRANCHEES" genre nil (list (if tout "Tout" "Classes")))
+      ;; What is drawn later lies above: pipes and their texts over the hatches.
+      (if (plv-traces-reseau profil genre) (plv-dessiner-reseau profil genre))
       T)))
 
 ;; --- how low they go

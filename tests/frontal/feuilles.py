@@ -28,6 +28,15 @@ def check_page(pdf, page, stations, marks, ends):
     expect(f"metres of page {page}", round(place(found, second)[0] - place(found, first)[0], 1), round(metres, 1))
 
 
+def check_marks(pdf):
+    """What is written at the cut stands beside it: on the first sheet right of the cell's figure, on the second left of the altitudes."""
+    for page, least, most in ((1, 3, 9), (2, -25, -8)):
+        found = words(pdf, page)
+        mark = place(found, "feuille")
+        figures = [x for w, x, _ in found if w == "420.00" and least < mark[0] - x < most]
+        expect(f"figures of the cut beside its mark on page {page}", len(figures), 1)
+
+
 def pages(pdf):
     return re.search(r"Pages: +(\d+)", read("pdfinfo", pdf)).group(1)
 
@@ -78,6 +87,7 @@ def main():
         expect("sheet", re.search(r"Page size: +([\d.]+) x ([\d.]+)", info).groups(), ("1683.78", "1190.55"))
         # cut near the middle, at station 420: a cut at 400 would tear "PK 0+400"
         check_page(pdf, 1, ["100.00", "420.00", "1", "3"], ["2"], ("120.00", "400.00"))
+        check_marks(pdf)
         check_page(pdf, 2, ["420.00", "700.00", "2", "3"], ["1"], ("440.00", "680.00"))
         axis = words(pdf, 1)
         expect("millimetres for 3 m of altitude at 1:100", round(place(axis, "20")[1] - place(axis, "23")[1], 1), 30.0)

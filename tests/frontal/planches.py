@@ -88,7 +88,8 @@ def check_list(folder, profile):
     lines = [" ".join(w for _, w in sorted(row)) for _, row in sorted(rows.items())]
     cut = next((line.split()[4] for line in lines if line.startswith("2 L")), "")
     expect("rows of the list", lines[-2:], [f"2 L 0.00 à {cut} 1:1000 - 1:100 oui", f"3 L {cut} à 600.00 1:1000 - 1:100 oui"])
-    marks = [w for w, x, _ in words(pdf, 2) if x > 570 and w.isdigit()]
+    found = words(pdf, 2)
+    marks = [w for w, x, _ in found if w.isdigit() and any(v == "feuille" and abs(x - u) < 0.5 for v, u, _ in found)]
     expect("the sheet that goes on is counted with the list", "3" in marks, True)
     for page in (1, 3):
         its = words(os.path.join(folder, f"l{page}.pdf"), 1)
@@ -191,7 +192,10 @@ def main():
                   '(plv-tranchees-ecrire-regles p g (plv-lire-lignes (findfile "tranchees-assainissement.txt")))', "(plv-hachurer-tranchees p g T)"]
         for style, colours, coloured in (("Route", "Couleurs", True), ("Route", "Gris", False), ("Monochrome", "Couleurs", False)):
             run(folder, profile[:-4] + trench + ["PLV-STYLE", style, colours, "1000", "PLV-FEUILLES", "A2", "1000", "x", f"{style}-{colours}.pdf"])
-            check_greys(folder, os.path.join(folder, f"{style}-{colours}.pdf"), coloured)
+            run(folder, profile[:-4] + trench + ["PLV-STYLE", style, colours, "1000", "PLV-PRESENTATIONS", "A2", "1000", "x"], "--layout", "Feuille 1",
+                "--plot", "layout.pdf")
+            for name in (f"{style}-{colours}.pdf", "layout.pdf"):
+                check_greys(folder, os.path.join(folder, name), coloured)
         # A table that is chosen is that of the layouts, too.
         run(folder, profile + ["PLV-STYLE", "Route", "Couleurs", "1000", "PLV-FEUILLES", "A2", "Couleurs", "noir", "1000", "x", "t.pdf",
                                "PLV-PRESENTATIONS", "A2", "1000", "x"], "--layout", "Feuille 1", "--plot", "t1.pdf")

@@ -20,7 +20,7 @@ LARGEST = 300_000  # bytes of the example's page
 SEED = int(sys.argv[3]) if len(sys.argv) > 3 else int(time.time())
 
 HAND = """<script>
-const R = {}, key = (k, o = {}) => $('dessin').dispatchEvent(new KeyboardEvent('keydown', { key: k, bubbles: true, cancelable: true, ...o }))
+const R = { first: performance.now() }, key = (k, o = {}) => $('dessin').dispatchEvent(new KeyboardEvent('keydown', { key: k, bubbles: true, cancelable: true, ...o }))
 const point = (t, x, y) => { const r = $('dessin').getBoundingClientRect(); $('dessin').dispatchEvent(new PointerEvent(t, { pointerId: 1, clientX: r.left + x, clientY: r.top + y, bubbles: true })) }
 const rows = e => [...e.querySelectorAll('tr')].map(tr => [...tr.children].map(td => td.innerText))
 R.read = STATIONS.map(s => { lire(s - P.origine); return rows($('lecture')) })
@@ -36,6 +36,7 @@ const box = $('lignes').querySelectorAll('input')[0]; box.checked = false; box.o
 R.rowsWithout = rows($('lecture')).length; box.checked = true; box.onchange(); cadrer(); dessiner()
 key('+'); R.nearer = (vue.b - vue.a) < P.longueur; key('0'); R.all = vue.b - vue.a
 const t0 = performance.now(); for (let i = 0; i < 20; i++) { cadrer(); dessiner() } R.redraw = (performance.now() - t0) / 20
+const t1 = performance.now(); for (let i = 0; i < 100; i++) { point('pointermove', 60 + 10 * i, 50); document.body.offsetHeight } R.reading = (performance.now() - t1) / 100
 document.querySelectorAll('details').forEach(d => { d.open = true })
 setTimeout(() => {
   R.tables = [...document.querySelectorAll('details')].map(d => [d.querySelector('summary').innerText, rows(d)])
@@ -122,6 +123,19 @@ def example(folder):
     total = tables[next(name for name in tables if name.startswith("Métrés Projet"))][-1]
     assert total[:2] == ["Total", "400.00"], total
     assert browse(folder, page, [0], 500)["wide"] <= 0, "a phone's page is wider than the phone"
+    check_print(folder, page)
+
+
+def check_print(folder, page):
+    """A sheet of paper shows all of the profile, and every table."""
+    printed = os.path.join(folder, "page.pdf")
+    subprocess.run(["chromium", "--headless", "--no-sandbox", "--disable-gpu", "--window-size=1400,900", f"--user-data-dir={folder}/chromium", f"--print-to-pdf={printed}",
+                    "file://" + page], capture_output=True, timeout=180, check=True)
+    assert "Carrefour D12" in subprocess.run(["pdftotext", printed, "-"], capture_output=True, text=True, check=True).stdout, "tables aren't printed"
+    text = subprocess.run(["pdftotext", "-bbox", "-f", "1", "-l", "1", printed, "-"], capture_output=True, text=True, check=True).stdout
+    width = float(re.search(r'<page width="([\d.]+)"', text).group(1))
+    ends = [float(x) for x in re.findall(r'xMax="([\d.]+)" yMax="[\d.]+">400<', text)]
+    assert ends and max(ends) < width - 20, ("the last station on paper", ends, width)
 
 
 def long_one(folder):
@@ -132,7 +146,7 @@ def long_one(folder):
     found = browse(folder, os.path.join(folder, "long.html"), [600, 11999.4], 1200)
     assert found["end"] == "Station 11999.40", found["end"]
     print(f"20,000 points: {os.path.getsize(os.path.join(folder, 'long.html')) // 1000} kB, written in {time.time() - started:.1f} s, "
-          f"drawn in {found['redraw']:.1f} ms")
+          f"first drawn after {found['first']:.0f} ms, drawn in {found['redraw']:.1f} ms, a reading by the pointer in {found['reading']:.1f} ms")
 
 
 print(f"seed {SEED}")

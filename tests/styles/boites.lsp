@@ -36,3 +36,21 @@
   (foreach b boites (write-line (apply 'strcat (append (mapcar '(lambda (x) (strcat (rtos x 2 6) "\t")) (reverse (cdr (reverse b)))) (list (last b)))) f))
   (close f)
   (length boites))
+
+;; Manholes as users place them: blocks with two attributes above the ground at some of its points, attached to a kind of line.
+(defun poser-regards (p genre distances h / bloc d y)
+  (entmake '((0 . "BLOCK") (2 . "REGARD") (70 . 2) (10 0.0 0.0 0.0)))
+  (entmake (list '(0 . "CIRCLE") '(8 . "0") '(10 0.0 0.0 0.0) (cons 40 (* 0.5 h))))
+  (entmake '((0 . "ENDBLK")))
+  (pl_ChoixProfil p)
+  (foreach d distances
+    (setq y (cadr (plv-vers-dessin (plv-cadre p) d (plv-sol-altitude (plv-sol (plv-points-tn p)) d)))
+          x (+ (car (plv-origine p)) d))
+    (entmake (list '(0 . "INSERT") '(8 . "PLV-PROFIL") '(66 . 1) '(2 . "REGARD") (list 10 x y 0.0)))
+    (foreach a (list (list "NUM" (strcat "R" (rtos d 2 0)) 9.0) (list "DN" "300" 7.5))
+      (entmake (list '(0 . "ATTRIB") '(8 . "PLV-PROFIL") (list 10 x (+ y (* h (caddr a))) 0.0) (list 11 x (+ y (* h (caddr a))) 0.0) (cons 40 h)
+                     (cons 1 (cadr a)) (cons 2 (car a)) '(70 . 0) '(72 . 1))))
+    (entmake '((0 . "SEQEND") (8 . "PLV-PROFIL")))
+    (setq bloc (entlast))
+    (pl_elem_ponct p genre (plv-point x y) bloc)
+    (plv-bloc-place p bloc)))

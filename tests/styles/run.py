@@ -94,6 +94,15 @@ def network(chance, points, line):
     return rows
 
 
+def blocks(chance, points, denominator):
+    """Points of the ground where blocks with attributes stand, whose words are apart."""
+    places = []
+    for d, _, _ in points:
+        if chance.random() < 0.3 and (not places or d - places[-1] > 14 * denominator / 1000):
+            places.append(d)
+    return places
+
+
 def script(chance, points):
     """The commands of a run, the scale, and the files that it needs."""
     denominator = chance.choice([100, 200, 250, 500, 1000, 2000])
@@ -102,6 +111,10 @@ def script(chance, points):
     files = {"sol.csv": ["distance;altitude;nom"] + [f"{d:.3f};{z:.3f};{n}" for d, z, n in points]}
     lines = [f'(setq p (plv-nouveau "sol.csv" "{chance.choice(["1", "A12", "Rue"])}" \'({chance.choice(["0.0 0.0", "652000.0 6862000.0"])} 0.0)'
              f' {exaggeration}.0 {height} {chance.choice([40, 90, 200]) * denominator / 1000.0} nil))']
+    apart = random.Random(len(points) + denominator)  # what came before blocks were drawn stays as it was for a seed
+    if apart.random() < 0.4:
+        places = blocks(apart, points, denominator)
+        lines.append(f'(poser-regards p "Assainissement" \'({" ".join(f"{d:.3f}" for d in places)}) {2.0 * denominator / 1000})')
     for kind, depth in chance.sample([("Projet", 0.0), ("Assainissement", 4.0), ("AEp", 2.5)], chance.randint(0, 3)):
         files[kind + ".csv"] = project(chance, points, depth)
         lines.append(f'(plv-projet-fichier p "{kind}" "{kind}.csv")')

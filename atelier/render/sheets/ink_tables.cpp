@@ -144,7 +144,7 @@ std::optional<Inks> known(const std::string& name) {
     return equalNoCase(name, english) || equalNoCase(name, french);
   };
   if (is("colour", "couleurs")) return nullptr;
-  if (is("grey", "gris")) return greyInks();
+  if (is("grey", "gris") || equalNoCase(name, "grayscale")) return greyInks();  // the last is a table of other programs
   if (is("black", "noir")) return blackInks();
   const auto file = tableFile(name);
   return file ? std::optional(readInks(*file)) : std::nullopt;

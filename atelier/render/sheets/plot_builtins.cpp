@@ -162,7 +162,7 @@ constexpr lisp::Builtin kTable[] = {
      "texte) ...), le plan au-dessus (hauteur-mm x y angle abscisse ((x1 y1 x2 y2 [\"C\"]) ...) ((x y texte) ...)), "
      "son point "
      "étant au-dessus de l'abscisse, C une coupure; les dessins, en mm depuis le bas de la place, (\"L\" épaisseur x y "
-     "...), (\"T\" hauteur 0|1|2 texte x y), (\"A\" x y ...), ou (\"B\" x y ...) qui efface, ou (\"I\" "
+     "...), (\"T\" hauteur 0|1|2 texte x y [angle]), (\"A\" x y ...), ou (\"B\" x y ...) qui efface, ou (\"I\" "
      "image x1 y1 x2 y2). Les infos sont titre, "
      "auteur, sujet, couleurs (Gris, Noir ou une table de tracé) et police des textes de la feuille, le "
      "texte de <SIGNET> le signet d'une feuille."},

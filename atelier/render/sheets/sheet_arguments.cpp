@@ -78,7 +78,7 @@ std::optional<PlanStrip> planOf(Interpreter& in, Value list) {
   return plan;
 }
 
-// ("L" weight x y x y ...), ("T" height side text x y), ("A" x y x y x y ...), ("B" ...) a blank area, ("I" file x1 y1 x2 y2)
+// ("L" weight x y x y ...), ("T" height side text x y [angle]), ("A" x y x y x y ...), ("B" ...) a blank area, ("I" file x1 y1 x2 y2)
 PaperItem itemOf(Interpreter& in, Value list) {
   PaperItem item;
   std::vector<double> numbers;
@@ -90,9 +90,10 @@ PaperItem itemOf(Interpreter& in, Value list) {
   std::size_t at = 0;
   if (kind == "L" && numbers.size() >= 5) {
     item.size = numbers[at++];
-  } else if (kind == "T" && numbers.size() == 4 && words.size() == 2) {
+  } else if (kind == "T" && (numbers.size() == 4 || numbers.size() == 5) && words.size() == 2) {
     item.kind = PaperItem::Kind::text, item.text = words[1];
     item.size = numbers[at++], item.side = static_cast<int>(numbers[at++]);
+    if (numbers.size() == 5) item.angle = numbers[4];
   } else if ((kind == "A" || kind == "B") && numbers.size() >= 6) {
     item.kind = kind == "A" ? PaperItem::Kind::area : PaperItem::Kind::blank;
   } else if (kind == "I" && numbers.size() == 4 && words.size() == 2) {

@@ -38,7 +38,7 @@ class SheetPage {
   void graduation(const Graduation& axis, double x, const Affine& toPage) const;
 
   // y downwards, as pages have it.
-  GlyphRun written(const std::string& text, Pt at, double height, int side) const;
+  GlyphRun written(const std::string& text, Pt at, double height, int side, double angle = 0) const;
 
   const SheetCanvas canvas_;
   const Template& model_;

@@ -25,10 +25,10 @@ Box grown(Box box, double by) { return {box.xMin - by, box.yMin - by, box.xMax +
 
 }  // namespace
 
-GlyphRun SheetPage::written(const std::string& text, Pt at, double height, int side) const {
-  const Pt from{at.x - font_.advance(text, height) * side / 2, at.y};
-  const Affine upright{1, 0, 0, -1, from.x, from.y};
-  return {font_.layout(text), upright * font_.shape(height)};
+GlyphRun SheetPage::written(const std::string& text, Pt at, double height, int side, double angle) const {
+  const double before = font_.advance(text, height) * side / 2, c = std::cos(angle), s = std::sin(angle);
+  const Affine turned{c, -s, -s, -c, at.x - before * c, at.y + before * s};
+  return {font_.layout(text), turned * font_.shape(height)};
 }
 
 Box SheetPage::room() const { return fonts::rectangle(model_.room).bounds(paper()); }
@@ -87,7 +87,9 @@ void SheetPage::items(const std::vector<PaperItem>& items) const {
       case PaperItem::Kind::line:
         list.add(0, Stroke{through(points, false), Pen{kForeground, item.size, nullptr}});
         break;
-      case PaperItem::Kind::text: list.add(0, written(item.text, points.front(), item.size, item.side)); break;
+      case PaperItem::Kind::text:
+        list.add(0, written(item.text, points.front(), item.size, item.side, item.angle));
+        break;
       case PaperItem::Kind::area: list.add(0, Fill{through(points, true)}); break;
       case PaperItem::Kind::picture:
         if (auto raster = shownPicture(item, points)) list.add(0, std::move(*raster));

@@ -65,6 +65,7 @@ struct PaperItem {
   std::vector<Pt> points;
   double size = 0;   // weight of a line, height of a text
   int side = 0;      // of a text at its point: 0 left end, 1 middle, 2 right end
+  double angle = 0;  // of a text, counterclockwise
   std::string text;  // UTF-8; of a picture its file
 };
 

@@ -104,8 +104,19 @@
   (setq e (if (= genre "POLYLINE") (car (plv-entites-du-jeu (ssget "X" '((0 . "POLYLINE"))))) (entlast)) avant (length (plv-entites-du-jeu (ssget "X")))))
 (tape ("(CotAutoKavel)" "AEp" "Toutes" "(list e '(1050.0 0.0))" "") "16 cotes.")
 ((list (combien "44.00") (combien "+1.00") (combien "44.04") (combien "+1.04")) (1 1 1 1))
-;; the curve is the project's, and nothing else is left but dimensions
-((list (equal (plv-elements-du-projet p "AEp") (list e)) (- (length (plv-entites-du-jeu (ssget "X"))) avant (length (cotes)))) (T 0))
+;; the curve is the project's, and nothing else is left but dimensions and the legend of lines
+((list (equal (plv-elements-du-projet p "AEp") (list e)) (- (length (plv-entites-du-jeu (ssget "X"))) avant (length (cotes)) (length (plv-entites-legende-lignes p)))) (T 0))
 ((mapcar '(lambda (r) (list (plv-reel (car r) 3) (plv-reel (cadr r) 3)))
    (vl-remove-if-not '(lambda (r) (< 49.0 (car r) 61.0)) (plv-lister-altitudes p (list e))))
  (("50.000" "44.000") ("60.000" "44.039")))
+
+;; A change of plane cuts the dimensioned line; the sewer that is cut at the same place has no dimensions and gets none.
+(situation "ALineWithoutDimensionsGetsNone")
+(preparer
+  (plv-projet p "Projet" '((0.0 45.0) (100.0 44.0)))
+  (plv-projet p "Assainissement" '((0.0 43.0) (100.0 42.0)))
+  (plv-coter p "Projet" (* 0.5 pi) "Hauteurs" (plv-elements p "Projet"))
+  (defun cotees (genre) (vl-remove-if-not '(lambda (c) (member (plv-cote-courbe c) (plv-elements p genre))) (plv-cotes-du-profil p)))
+  (plv-pc p "A" 50.0 40.0)
+  (plv-actualiser (list p)))
+((list (> (length (cotees "Projet")) 3) (cotees "Assainissement")) (T nil))

@@ -72,6 +72,39 @@
 (preparer (setq e (car (plv-elements p "AEp"))) (command "_-LAYER" "_N" "A-MOI" "") (entmod (subst '(8 . "A-MOI") (assoc 8 (entget e)) (entget e))) (plv-ranger-lignes p))
 ((du-genre "AEp") ("A-MOI"))
 
+;; The legend of lines stands above the title as soon as there is a line beside the ground, with a style or without, and follows what comes and goes.
+(situation "TheLegendFollowsTheLines")
+(preparer
+  (defun legende () (vl-remove nil (mapcar '(lambda (e) (cdr (assoc 1 (entget e)))) (plv-entites-legende-lignes p))))
+  ;; colour, true colour, weight and line type of the samples
+  (defun traits ()
+    (mapcar '(lambda (e) (mapcar '(lambda (c) (cdr (assoc c (entget e)))) '(62 420 370 6)))
+      (vl-remove-if '(lambda (e) (assoc 1 (entget e))) (plv-entites-legende-lignes p))))
+  (defun bas () (apply 'min (mapcar '(lambda (e) (cadr (cdr (assoc 10 (entget e))))) (plv-entites-legende-lignes p))))
+  (defun compte-tout () (sslength (ssget "X")))
+  (setq avant (compte-tout)))
+((legende) nil)
+(preparer (setq route (plv-projet p "Voirie" '((0.0 49.0) (200.0 45.0)))))
+((legende) ("Terrain naturel" "Projet Voirie"))
+(preparer (setq eau (plv-projet p "AEp" '((0.0 48.0) (200.0 44.0)))))
+((cddr (legende)) ("Projet AEp"))
+;; samples look like their lines, and are on none of their layers
+((equal (traits) (mapcar 'calque '("PLV-TN" "PLV-PROJET" "PLV-PROJET-AEP"))) T)
+((vl-remove-if '(lambda (e) (= (cdr (assoc 8 (entget e))) "PLV-LIBELLES")) (plv-entites-legende-lignes p)) nil)
+;; it is part of the dressing, above the title, and moves up with it
+((vl-every '(lambda (e) (member e (plv-entites-habillage p))) (plv-entites-legende-lignes p)) T)
+((> (bas) (cadr (cdr (assoc 10 (plv-attribut-profil p "TITRE"))))) T)
+;; erased by hand, and brought back
+(preparer (command "_.ERASE" (car eau) "") (plv-apres-commande nil))
+((length (legende)) 2)
+(preparer (plv-effacer-courbes p route))
+((list (legende) (- (compte-tout) avant)) (nil 0))
+(preparer (plv-projet p "Voirie" '((0.0 60.0) (200.0 60.0))) (setq avant (compte-tout)) (plv-style "<dossier>s.txt" nil 1000.0))
+((list (legende) (equal (traits) (mapcar 'calque '("PLV-TN" "PLV-PROJET-VOIRIE")))) (("Terrain naturel" "Projet Voirie") T))
+;; another kind of the same curve
+(preparer (plv-projet p "Projet" '((0.0 48.0) (200.0 44.0))) (plv-transferer p "Assainissement"))
+((cddr (legende)) ("Projet Assainissement"))
+
 (situation "LinesHaveLabels")
 (preparer
   (plv-projet-fichier p "Voirie" "<dossier>p.csv")

@@ -120,13 +120,22 @@
 ((aires) ((3 "2.000") (3 "70.200")))
 (tape ("PLV-TRANCHEES" "Assainissement" "Hachurer" "Tout" "FIN") (sauf "Erreur"))
 ((aires) ((8 "0.100") (3 "1.750") (34 "0.150") (8 "3.900") (3 "35.100") (52 "27.300") (34 "3.900")))
+;; a network that is drawn comes over them: later things, with longer or greater handles, lie above; a style draws both anew
+(preparer
+  (plv-dessiner-reseau p "Assainissement")
+  (defun rang (e) (list (strlen (plv-handle e)) (plv-handle e)))
+  (defun apres-p (a b) (or (> (car a) (car b)) (and (= (car a) (car b)) (> (cadr a) (cadr b)))))
+  (defun dessus-p () (vl-every '(lambda (r) (vl-every '(lambda (h) (apres-p (rang r) (rang h))) (plv-traces-tranchees p "Assainissement"))) (plv-traces-reseau p "Assainissement"))))
+((plv-hachurer-tranchees p "Assainissement" T) T)
+((dessus-p) T)
+((list (plv-style "route" nil 1000.0) (dessus-p)) ("route" T))
 (dit (plv-etat (list p)) "Tranchées Assainissement: à jour")
 (preparer (plv-tranchees-ecrire-regles p "Assainissement" (regles '("classes;2"))))
 (dit (plv-etat (list p)) "Tranchées Assainissement: à mettre à jour: les types de tranchées")
 ((plv-actualiser (list p)) T)
 ((length (aires)) 7)
 (tape ("PLV-TRANCHEES" "Assainissement" "Hachurer" "Rien" "FIN") (sauf "Erreur"))
-((ssget "X" '((0 . "HATCH"))) nil)
+((ssget "X" '((0 . "HATCH") (8 . "PLV-TRANCHEES"))) nil)
 
 ;; Planes are chosen by the ground, here 48 m: where a deep trench goes beneath one is told, and planes proposed anew lie beneath all that is drawn.
 (situation "PlanesBeneathDeepTrenches")

@@ -1,0 +1,60 @@
+;; What is written beside the match lines of a sheet: station, plane, and the sheet that goes on; upwards from the plane, in one line where
+;; the profile is high enough, else in two.
+
+;; plus: how far beyond the room of a template, within its frame
+(setq plv-mentions:hauteur 2.5 plv-mentions:interligne 4.0 plv-mentions:jeu 1.5 plv-mentions:plus 10.0)
+
+(defun plv-mentions:lignes (profil d suite place / debut fin)
+  "The lines of a mention for so many millimetres of height."
+  (setq debut (strcat "Station " (plv-reel (+ (plv-premiere-station profil) d) 2))
+        fin (strcat "PC " (plv-reel (plv-plan-altitude (plv-plan-en (plv-plans profil) d)) 2) "  -  feuille " (itoa suite)))
+  (if (<= (plv-largeur-texte (strcat debut "  -  " fin) plv-mentions:hauteur) place)
+    (list (strcat debut "  -  " fin))
+    (list debut fin)))
+
+(defun plv-mention (profil d suite) "All of it in one line." (car (plv-mentions:lignes profil d suite 1e6)))
+
+(defun plv-mentions:ecrire (lignes x y / dessins)
+  "Lines from left to right, the first one's feet at an abscissa."
+  (foreach l lignes
+    (setq dessins (cons (list "T" plv-mentions:hauteur 0 l x y (* 0.5 pi)) dessins) x (+ x plv-mentions:interligne)))
+  (reverse dessins))
+
+;; --- both edges of a sheet: its placing and the number of its view, see plv-presentations
+
+(defun plv-mentions:x (feuille placement place abscisse)
+  "Of an abscissa of the drawing, in millimetres from the left of the room."
+  (- (plv-presentations:x feuille placement (1- (length (cadr feuille))) abscisse) (plv-place-gauche place)))
+
+(defun plv-mentions:y (placement place ordonnee) (- (plv-presentations:y placement ordonnee) (plv-place-bas place)))
+
+(defun plv-mentions:haut (mesures placement) "The height of the profile on paper." (* (car placement) (- (plv-cle 'haut mesures) (plv-cle 'y0 mesures))))
+
+(defun plv-mentions:a-gauche (mesures feuille placement place debut rang / lignes bord k)
+  "The edge after a cut: what is written stands left of the altitudes of the axis, labels over the axis may hang over them."
+  (setq lignes (plv-mentions:lignes (plv-cle 'profil mesures) debut (1- rang) (plv-mentions:haut mesures placement)) k (car placement)
+        bord (plv-bord debut (plv-cle 'recouvrement mesures) -1 (car (nth 4 feuille)) (caddr (nth 4 feuille))))
+  (append
+    (plv-bords mesures bord '(lambda (p) (list (plv-mentions:x feuille placement place (car p)) (plv-mentions:y placement place (cadr p)))) k)
+    (plv-mentions:ecrire lignes
+      (- (plv-mentions:x feuille placement place (car (plv-dernier (cadr feuille)))) (* k (car (nth 4 feuille))) plv-mentions:jeu
+         (* plv-mentions:interligne (1- (length lignes))))
+      (+ (plv-mentions:y placement place (plv-cle 'y0 mesures)) plv-mentions:jeu))))
+
+(defun plv-mentions:a-droite (mesures feuille placement place fin rang / lignes x largeur bord k)
+  "The edge before a cut: what is written stands right of texts that hang over it."
+  (setq lignes (plv-mentions:lignes (plv-cle 'profil mesures) fin (1+ rang) (plv-mentions:haut mesures placement)) k (car placement)
+        largeur (+ (* 2.0 plv-mentions:jeu) plv-mentions:hauteur (* plv-mentions:interligne (1- (length lignes))))
+        x (plv-mentions:x feuille placement place (caddr (plv-dernier (cadr feuille))))
+        bord (plv-bord fin (plv-cle 'recouvrement mesures) 1 (/ (- (+ (plv-place-largeur place) plv-mentions:plus) x largeur) k) (plv-cle 'y0 mesures)))
+  (append
+    (plv-bords mesures bord '(lambda (p) (list (plv-mentions:x feuille placement place (car p)) (plv-mentions:y placement place (cadr p)))) k)
+    (plv-mentions:ecrire lignes (+ x (* k (plv-bords-debord mesures bord)) plv-mentions:jeu plv-mentions:hauteur)
+      (+ (plv-mentions:y placement place (plv-cle 'y0 mesures)) plv-mentions:jeu))))
+
+(defun plv-coupes (mesures feuille place debut fin rang / placement)
+  "What is drawn on the paper of a sheet between two cuts, nil for an end of the profile."
+  (setq placement (plv-presentations:placer feuille place))
+  (append
+    (if debut (plv-mentions:a-gauche mesures feuille placement place debut rang))
+    (if fin (plv-mentions:a-droite mesures feuille placement place fin rang))))

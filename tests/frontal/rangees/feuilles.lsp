@@ -1,0 +1,93 @@
+;; PLV-FEUILLES: what a sheet shows at its cuts. Sheets are looked at as the lists that are plotted, their drawings on the paper in millimetres.
+
+(commun
+  (fichier "g.csv" "distance;altitude;nom\n0;50;\n100;51;\n200;50;\n280;49;\n320;49;\n400;50;\n500;51;\n600;50;\n")
+  (fichier "t.txt" "T - 6.0 4 Terrain\nT - 3.0 12 Pentes\nT - 2.5 2 Distances\n")
+  (fichier "s.txt" "texte;arial.ttf;2.5\nlibelle;bas;Point bas <Z>|PK <PK>\n")
+  (preparer
+    (setq p (plv-nouveau "<dossier>g.csv" "1" '(1000.0 500.0 0.0) 10.0 2.5 150.0 nil))
+    (plv-projet p "Projet" '((0.0 52.0) (300.0 49.0 1000.0) (600.0 52.0)))
+    (plv-matrices p "<dossier>t.txt" T)
+    (plv-style "<dossier>s.txt" nil 1000.0)
+    (setq m (plv-feuilles:mesurer p) place (plv-feuilles:place "cartouche.dxf"))
+    ;; the sheet between two cuts: its texts as (words left right y), and the edge of its view
+    (defun feuille (debut fin) (plv-feuilles:une m 1000.0 place "x" 1 debut fin nil nil))
+    (defun ecrits (f)
+      (mapcar '(lambda (d / l) (setq l (plv-largeur-texte (nth 3 d) (cadr d))) (list (nth 3 d) (- (nth 4 d) (* 0.5 (nth 2 d) l)) (+ (nth 4 d) (* (- 1 (* 0.5 (nth 2 d))) l)) (nth 5 d)))
+        (vl-remove-if-not '(lambda (d) (and (= (car d) "T") (equal (nth 6 d) 0.0 0.1))) (nth 6 f))))
+    (defun ecrit (f motif) (car (vl-member-if '(lambda (e) (wcmatch (car e) motif)) (ecrits f))))
+    (defun effaces (f) (vl-remove-if-not '(lambda (d) (= (car d) "B")) (nth 6 f)))))
+
+;; A cut at 300 m goes through the label of the low point and the figure of 40.00 m from 280 to 320 m.
+(situation "ACutTearsNoText")
+(preparer
+  (setq avant (feuille nil 300.0) apres (feuille 300.0 nil))
+  (defun bord (f cote / vue) (setq vue (plv-dernier (cadr f))) (plv-mentions:x f (plv-presentations:placer f place) place (nth (if (> cote 0) 2 0) vue)))
+  (defun mention (f) (nth 4 (car (vl-member-if '(lambda (d) (and (= (car d) "T") (wcmatch (nth 3 d) "Station*"))) (nth 6 f))))))
+((mapcar 'car (ecrits avant)) ("PK 300.00" "Point bas 49.05" "40.00"))
+((mapcar 'car (ecrits apres)) ("PK 300.00" "Point bas 49.05" "40.00"))
+;; the label hangs over the edge, what is written at the cut stands beyond it
+((< (cadr (ecrit avant "Point*")) (bord avant 1) (caddr (ecrit avant "Point*")) (- (mention avant) 2.5)) T)
+((< (mention apres) (cadr (ecrit apres "Point*")) (bord apres -1) (caddr (ecrit apres "Point*"))) T)
+;; the figure stands within the edge of both, and so far from the next cell
+((equal (caddr (ecrit avant "40.00")) (bord avant 1) 0.01) T)
+((equal (cadr (ecrit apres "40.00")) (bord apres -1) 0.3) T)
+;; all three are blanked where they were
+((mapcar '(lambda (f) (length (effaces f))) (list avant apres)) (3 3))
+;; a cut beside all words leaves them alone
+(preparer (setq avant (feuille nil 280.0)))
+((list (ecrits avant) (effaces avant)) (nil nil))
+
+;; As many sheets as if each were full, none much shorter than another; the last one leaves a legend its room, which has none beneath the profile.
+(situation "SheetsAreBalanced")
+(preparer
+  (setq f (open "<dossier>long.csv" "w") d 0)
+  (write-line "distance;altitude" f)
+  (repeat 301 (write-line (strcat (itoa d) ";" (itoa (+ 50 (rem d 3)))) f) (setq d (+ d 10)))
+  (close f)
+  (setq q (plv-nouveau "<dossier>long.csv" "2" '(0.0 2000.0 0.0) 10.0 2.5 150.0 nil))
+  (plv-matrices q "<dossier>t.txt" T)
+  (setq m (plv-feuilles:mesurer q))
+  (defun longueurs (coupures / avant) (setq avant 0.0) (mapcar '(lambda (c / l) (setq l (- c avant) avant c) l) (append coupures '(3000.0))))
+  (defun sans-dernier (l) (reverse (cdr (reverse l))))
+  (defun ecart (l) (- (apply 'max l) (apply 'min l)))
+  (defun hauteur () (+ 2.0 (- (plv-cle 'haut m) (plv-cle 'bas m))))
+  (setq pleines (longueurs (plv-feuilles:coupures-pleines m 440.0)) egales (longueurs (plv-feuilles:coupures m 440.0 (hauteur)))))
+((list (length egales) (> (ecart pleines) 150.0) (< (ecart egales) 45.0)) (8 T T))
+(preparer
+  (plv-projet q "Projet" '((0.0 49.0) (3000.0 49.0)))
+  (plv-metres '("2") "Projet" nil T)
+  (plv-legende q "Projet" nil)
+  (setq m (plv-feuilles:mesurer q) egales (longueurs (plv-feuilles:coupures m 440.0 (hauteur)))))
+((list (length egales) (< (ecart (sans-dernier egales)) 45.0) (< (last egales) (- (apply 'min (sans-dernier egales)) 50.0))) (8 T T))
+
+;; Without tables a cut isn't bound to the three points of the ground, of which the middle one has a manhole's name above it.
+(situation "WithoutTablesCutsAreBesideWords")
+(fichier "trois.csv" "distance;altitude;nom\n0;50;\n150;51;\n300;50;\n")
+(preparer
+  (setq q (plv-nouveau "<dossier>trois.csv" "3" '(0.0 4000.0 0.0) 10.0 2.5 150.0 nil))
+  (plv-projet q "Assainissement" '((0.0 48.0) (300.0 47.0)))
+  (plv-reseau-ecrire q "Assainissement" '("regard;Regard du milieu;150;visite;1000/1240" "regard;B;290;visite;1000/1240" "tuyau;Regard du milieu;B;250/280"))
+  (plv-dessiner-reseau q "Assainissement")
+  (setq m (plv-feuilles:mesurer q) c (plv-feuilles:coupures m 220.0 200.0)))
+((list (length c) (vl-some '(lambda (texte) (< (car texte) (car c) (cadr texte))) (plv-cle 'couches m))) (1 nil))
+((vl-some '(lambda (texte) (< (car texte) 150.0 (cadr texte))) (plv-cle 'couches m)) T)
+
+;; At a cut through a dimension the match line stands below and above it; it is drawn 3 mm longer at both ends.
+(situation "AMatchLineLeavesDimensions")
+(preparer
+  (plv-coter p "Projet" (* 0.5 pi) "Altitudes" (plv-elements p "Projet"))
+  (setq m (plv-feuilles:mesurer p)
+        cote (car (vl-sort (plv-boites-cotes p) '(lambda (a b) (> (car a) (car b)))))
+        d (- (* 0.5 (+ (car cote) (caddr cote))) 1000.0) morceaux (cddddr (plv-dernier (cadr (feuille nil d))))))
+((vl-every '(lambda (l) (or (< (+ (caddr l) 3.0) (cadr cote)) (> (- (cadr l) 3.0) (plv-boite-haut cote)))) morceaux) T)
+((list (cadr (car morceaux)) (length morceaux)) (500.0 2))
+
+;; A legend that stands close to the end of the profile is an inset, and isn't seen beside it besides.
+(situation "ALegendIsSeenOnce")
+(preparer
+  (plv-metres '("1") "Projet" nil T)
+  (setq l (plv-legende p "Projet" nil) a (caadr (etendue-tracee (vl-remove l (plv-entites-dessinees p)))))
+  (entmod (subst (list 10 (+ a 1.0) 600.0 0.0) (assoc 10 (entget l)) (entget l)))
+  (setq m (plv-feuilles:mesurer p)))
+((list (length (plv-cle 'legendes m)) (<= a (plv-cle 'droite m) (+ a 0.6))) (1 T))
