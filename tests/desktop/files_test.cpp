@@ -103,7 +103,7 @@ TEST_F(Files, ASurveyIsNoDamagedDrawing) {
   EXPECT_TRUE(questions[0].contains("leve.csv:1: ce n'est pas un dessin DXF") &&
               questions[0].contains("Nouveau profil"))
       << questions[0].toStdString();
-  EXPECT_EQ(window.tabs().count(), 0);
+  EXPECT_EQ(window.tabs().count(), 1);
 }
 
 // A file that ends in the middle of a circle.

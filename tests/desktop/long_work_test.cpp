@@ -3,6 +3,8 @@
 #include <QProgressDialog>
 #include <QPushButton>
 
+#include "atelier/base/error.h"
+#include "atelier/base/interruption.h"
 #include "tests/desktop/desktop.h"
 
 namespace {
@@ -67,6 +69,27 @@ TEST_F(LongWork, ACommandThatIsStoppedHasChangedNothing) {
   driver.type("U").play();
   EXPECT_EQ(count("CIRCLE"), 0) << "the step before";
   EXPECT_EQ(count("LINE"), 200000);
+}
+
+// An event that looks at a drawing, of another tab for one, asks the same question as the command: an answer that is thrown would break
+// the loops of the event system.
+TEST_F(LongWork, EventsAreNotStoppedWithTheCommand) {
+  bool thrown = false, looked = false;
+  std::function<void()> stop = [&] {
+    if (!shown()) return QTimer::singleShot(5, &window, stop);
+    shown()->findChild<QPushButton*>()->click();
+    looked = true;
+    try {
+      atelier::checkInterruption();
+    } catch (const atelier::Interrupted&) {
+      thrown = true;
+    }
+  };
+  stop();
+  driver.type("(while T)").play();
+  EXPECT_TRUE(looked);
+  EXPECT_FALSE(thrown);
+  EXPECT_FALSE(window.drawing()->isRunning());
 }
 
 TEST_F(LongWork, ProgramsAreStopped) {

@@ -24,13 +24,10 @@ bool referencesExist(AcDbImpDatabase& db, const std::vector<Group>& groups, cons
     return group.code() == 6 && !equalNoCase(group.text(), "BYLAYER") && !equalNoCase(group.text(), "BYBLOCK") &&
            !db.tableRecord("LTYPE", group.text());
   };
-  // There 7 is a plot table, a file of the system, and 6 a view.
-  bool plotSettings = false;
   return std::ranges::none_of(groups, [&](const Group& group) {
-    if (group.code() == 100) plotSettings = group.text() == "AcDbPlotSettings";
-    return !plotSettings && missing(group) && (!before || std::ranges::none_of(before->groups, [&](const Group& old) {
-      return old.code() == group.code() && equalNoCase(old.text(), group.text());
-    }));
+    return missing(group) && (!before || std::ranges::none_of(before->groups, [&](const Group& old) {
+             return old.code() == group.code() && equalNoCase(old.text(), group.text());
+           }));
   });
 }
 

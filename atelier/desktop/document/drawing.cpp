@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QScopedValueRollback>
 #include <QThread>
 #include <QTimer>
 #include <atomic>
@@ -18,6 +19,7 @@ namespace atelier::desktop {
 namespace {
 
 Drawing* working = nullptr;  // the drawing whose command runs
+bool eventsPass = false;  // while it computes: what they do isn't stopped with it, nothing may be thrown through them
 
 // While it lives, asks the interpreter, and the host's long loops, for a pause at regular intervals.
 class Heartbeat {
@@ -75,6 +77,7 @@ Drawing::Drawing(const QString& path, std::vector<std::string>* messages) {
     // Calls of the window itself, between commands and at prompts, must not be interrupted by events.
     if (!running_ || source_.prompt()) return;
     work();
+    const QScopedValueRollback<bool> pass(eventsPass, true);
     QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
   });
   setInterruptionQuestion(stopAsked);
@@ -142,6 +145,7 @@ void Drawing::run() {
   bool goesOn = true;
   {
     const Heartbeat heartbeat(document_->interpreter(), lookDue_);
+    const QScopedValueRollback<bool> own(eventsPass, false);
     working = this;
     try {
       goesOn = document_->run(source_);
@@ -163,12 +167,14 @@ void Drawing::run() {
 
 // Programs in AutoLISP are in between at their own pauses, too.
 bool Drawing::stopAsked() {
+  if (eventsPass) return false;
   if (working && working->lookDue_ && QThread::currentThread() == working->thread()) working->work();
   return Document::current() && Document::current()->interpreter().interrupted();
 }
 
 void Drawing::work() {
   lookDue_ = false;
+  const QScopedValueRollback<bool> pass(eventsPass, true);
   if (computes() && onWork) onWork(computing_.elapsed());
 }
 
