@@ -1,6 +1,10 @@
 ;; Questions that several commands ask in the same way.
 ;; Enter takes the default; a cancel ends the command through *error*.
 
+(defun plv-script-p ()
+  "Whether questions are answered by a script: its next line would be taken for the answer of a question that it doesn't know."
+  (/= 0 (logand 4 (getvar "CMDACTIVE"))))
+
 (defun plv-demander-texte (question defaut / reponse)
   (setq reponse (getstring T (strcat "\n" question (if defaut (strcat " <" defaut ">: ") ": "))))
   (if (and defaut (= (vl-string-trim " " reponse) "")) defaut (vl-string-trim " " reponse)))

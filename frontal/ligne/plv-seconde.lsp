@@ -9,14 +9,12 @@
 
 (defun plv-seconde-manieres () plv-seconde:manieres)
 
-(defun plv-seconde:script-p () (/= 0 (logand 4 (getvar "CMDACTIVE"))))
-
 (defun plv-seconde-maniere (profil genre)
   "How a new line of a kind goes with the one that is there."
   (cond
     ((not (plv-elements-du-projet profil genre)) "Ajouter")
     ((member plv-seconde:reglee plv-seconde:manieres) plv-seconde:reglee)
-    ((and (not plv-seconde:reglee) (plv-seconde:script-p)) "Ajouter")
+    ((and (not plv-seconde:reglee) (plv-script-p)) "Ajouter")
     ((plv-demander-mot (strcat "Il y a déjà une ligne " genre) plv-seconde:manieres "Remplacer"))))
 
 (defun plv-seconde-tracer (profil genre seconde:maniere seconde:tracer / anciens entites faute)

@@ -74,9 +74,17 @@ project lines."
   (setq propose (cond (propose) ('(0.0 0.0 0.0))))
   (cond ((getpoint (strcat "\n" question " <" (plv-reel (car propose) 0) "," (plv-reel (cadr propose) 0) ">: "))) (propose)))
 
+(defun plv-nouveau:demander-numero (propose / numero)
+  "A person is asked again while a profile has it; a script learns it at the end, as ever."
+  (setq numero (plv-demander-texte "Numéro du profil" propose))
+  (while (and (plv-profil-de-numero numero) (not (plv-script-p)))
+    (plv-dire (strcat "Le dessin a déjà un profil numéro " numero "."))
+    (setq numero (plv-demander-texte "Numéro du profil" propose)))
+  numero)
+
 (defun plv-nouveau-demander (lecture numero projets axe propose / point echv ttxt hauteur-max)
   "The questions that follow the ground's, and the profile. propose: an insertion, (0 0) for nil."
-  (setq numero (plv-demander-texte "Numéro du profil" numero)
+  (setq numero (plv-nouveau:demander-numero numero)
         point (plv-demander-insertion "Point d'insertion" propose)
         echv (plv-demander-reel "Échelle verticale" 10.0)
         ttxt (plv-demander-reel "Hauteur de texte" 2.5)

@@ -158,6 +158,16 @@ TEST_F(ProfileWindow, TheBarShowsTheMenuOfTheDrawingInFront) {
   EXPECT_EQ(shown(), "Profil 1");
 }
 
+// Before the other answers, not after them.
+TEST_F(ProfileWindow, ANumberThatIsTakenIsAskedForAgain) {
+  for (const QString& line : {QString("PLV-NOUVEAU"), QString(kExamples) + "rue-du-moulin.csv", QString("1"),
+                              QString("C3"), QString("0,900"), QString(), QString(), QString(), QString()})
+    driver.type(line);
+  driver.play();
+  EXPECT_TRUE(history().contains("Le dessin a déjà un profil numéro 1.")) << history().toStdString();
+  EXPECT_EQ(lisp("(length (plv-points-tn (plv-profil-de-numero \"C3\")))").toInt(), 59);
+}
+
 TEST_F(ProfileWindow, APanelClickAnswersAPromptForObjects) {
   driver.type("(setq jeu (ssget))").then([this] {
     emit window.profiles().itemClicked(window.profiles().topLevelItem(0), 0);
