@@ -75,6 +75,20 @@ TEST_F(Recovery, AnAbandonedCopyIsOfferedUntilTheUserDecides) {
   EXPECT_EQ(nextStart("oui"), QStringList());
 }
 
+TEST_F(Recovery, ACopyHasAnotherNameThanTheNewDrawing) {
+  drawCircle();
+  leave();
+  {
+    atelier::desktop::MainWindow next;
+    next.questionAnswer = [](const QString&) { return QString("oui"); };
+    next.open();
+    until([&] { return next.tabs().count() == 2; });
+    EXPECT_EQ(next.tabs().tabText(0), "Dessin1.dxf");
+    EXPECT_EQ(next.tabs().tabText(1), "Dessin1 (récupéré).dxf");
+  }
+  window.drawing()->document().makeCurrent();
+}
+
 TEST_F(Recovery, ACopyIsDeletedWhenTheUserSaysSo) {
   drawCircle();
   const QString left = leave();

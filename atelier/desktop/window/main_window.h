@@ -116,6 +116,7 @@ class MainWindow : public QMainWindow {
   void chooseProfile(const QString& handle);
   void showHandle(const QString& handle);
   QString nextName();  // of a new drawing
+  QString recoveredName(const Tab& tab) const;
   void complain(const QString& text);
   QString ask(const QString& question, const QStringList& answers);
   void answer(const QString& line);

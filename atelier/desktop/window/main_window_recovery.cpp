@@ -61,6 +61,14 @@ void MainWindow::forgetCopy(Tab& tab) {
   tab.copy.reset();
 }
 
+// That of its file, unless another drawing has it: the new one that the program begins with.
+QString MainWindow::recoveredName(const Tab& tab) const {
+  const QString name = QFileInfo(tab.origin).fileName();
+  const bool taken = std::ranges::any_of(
+      drawings_, [&](const auto& other) { return other.get() != &tab && other->drawing->fileName() == name; });
+  return taken ? QFileInfo(name).completeBaseName() + QStringLiteral(" (récupéré).dxf") : name;
+}
+
 // A copy that isn't wanted now is offered again at the next start.
 void MainWindow::recover() {
   for (auto& files : RecoveryFiles::abandoned()) {
@@ -74,7 +82,7 @@ void MainWindow::recover() {
     tab.origin = files->origin();
     // A copy that is damaged itself stays as it is, for the next start.
     if (tab.drawing->document().imp().recoveredFrom.empty()) tab.copy = std::move(files);
-    tab.drawing->setUntitled(QFileInfo(tab.origin).fileName());
+    tab.drawing->setUntitled(recoveredName(tab));
     tab.drawing->document().imp().path.clear();
     tab.drawing->document().imp().modified = true;
     afterCommand(tab);
