@@ -55,7 +55,7 @@ TEST_F(Recent, SurveysBeginProfiles) {
   });
   driver.play();
   survey = file("autre.csv");
-  create("1");
+  driver.type("PLV-NOUVEAU").type(survey).type("1").key(Qt::Key_Escape).play();
   EXPECT_EQ(profiles(), 1);
   EXPECT_EQ(shown("Levés récents"), QStringList{file("rue.csv")});
   driver.menu(file("rue.csv")).then([this] {
