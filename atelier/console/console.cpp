@@ -14,6 +14,7 @@
 #include <filesystem>
 #include <iostream>
 #include <iterator>
+#include <optional>
 
 #include "atelier/application/front_end.h"
 #include "atelier/application/open_drawing.h"
@@ -136,25 +137,33 @@ class Run {
       return false;
     }
     sayWhatIsStale();
-    if (equalNoCase(std::filesystem::path(action.argument).extension().string(), ".html")) return page(action.argument);
-    for (const std::string& warning : plotted(action, plotOptions)) complain(warning);
+    if (equalNoCase(std::filesystem::path(action.argument).extension().string(), ".html")) page(action.argument);
+    else
+      for (const std::string& warning : plotted(action, plotOptions)) complain(warning);
     return true;
   }
 
   // The front-end writes pages.
-  bool page(const std::string& file) {
-    lisp::Interpreter& in = document_.interpreter();
-    std::string written;
-    return document_.evaluate("(plv-page (plv-profils) " + in.printed(in.string(file)) + ")", &written) &&
-           written == "T";
+  void page(const std::string& file) {
+    const std::string name = document_.interpreter().printed(document_.interpreter().string(file));
+    const auto trouble = textOf(
+        "((lambda (r) (if (vl-catch-all-error-p r) (vl-catch-all-error-message r) T))"
+        " (vl-catch-all-apply 'plv-page (list (plv-profils) " +
+        name + ")))");
+    if (trouble) throw FileError(*trouble);
   }
 
   // What the profiles' tables and hatches were made from may have changed since; the front-end knows.
   void sayWhatIsStale() {
-    std::string stale;  // a text as a program writes it, or nil
     if (document_.interpreter().get("PLV-AVANT-TRACE").isNil()) return;
-    if (document_.evaluate("(plv-avant-trace)", &stale) && stale.starts_with('"'))
-      complain(stale.substr(1, stale.size() - 2));
+    if (const auto stale = textOf("(plv-avant-trace)")) complain(*stale);
+  }
+
+  // The value of an expression; nothing where it is no text.
+  std::optional<std::string> textOf(const std::string& expression) {
+    std::string value;  // as a program writes it
+    if (!document_.evaluate(expression, &value) || !value.starts_with('"')) return std::nullopt;
+    return value.substr(1, value.size() - 2);
   }
 
   // A layout that is asked for; all of them for a drawing with nothing in its model space; else the model space.

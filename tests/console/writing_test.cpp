@@ -51,6 +51,22 @@ TEST(Writing, WhatADiskHasNoPlaceForLeavesTheEarlierResult) {
   EXPECT_EQ(program.names(), "a.csv a.xml t.csv ");
 }
 
+TEST(Writing, APageThatCannotBeWrittenIsToldAsOtherPlotsAre) {
+  WithGround program;
+  for (const char* plot : {"--plot nulle/a.html", "--plot nulle/a.pdf"}) {
+    program.run("--quiet " + kProfile + plot);
+    EXPECT_EQ(program.status, 3) << program.output;
+    const auto at = program.output.find("kavel: nulle/a.");
+    ASSERT_NE(at, std::string::npos) << program.output;
+    const std::string told = program.output.substr(at);
+    EXPECT_NE(told.find(": écriture impossible: "), std::string::npos) << program.output;
+    EXPECT_EQ(told.find('\n'), told.size() - 1) << "more than a line: " << program.output;
+  }
+  program.run("--plot a.html");
+  EXPECT_EQ(program.status, 1) << program.output;
+  EXPECT_EQ(program.names(), "t.csv ");
+}
+
 TEST(Writing, BackupsOfDifferentFilesDoNotMeet) {
   WithGround program;
   const std::string save = kProfile + "--save a.dxf -e '(plv-export-landxml p \"a.xml\")'";
