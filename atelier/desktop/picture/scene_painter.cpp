@@ -3,6 +3,8 @@
 
 #include <QThreadPool>
 #include <algorithm>
+#include <array>
+#include <ranges>
 #include <thread>
 
 #include "atelier/render/painters/cairo_painter.h"
@@ -53,6 +55,26 @@ render::PaintOptions placed(const render::PaintOptions& options, const PlacedPar
   return own;
 }
 
+// Whether two parts are mapped and cut alike.
+bool standAlike(const PlacedPart& a, const PlacedPart& b) {
+  const auto numbers = [](const PlacedPart& part) {
+    const render::Affine& p = part.place;
+    const render::Box w = part.window.value_or(render::Box());
+    return std::array{p.xx, p.yx, p.xy, p.yy, p.x0, p.y0, w.xMin, w.yMin, w.xMax, w.yMax};
+  };
+  return a.window.has_value() == b.window.has_value() && numbers(a) == numbers(b);
+}
+
+// As one painting: lines alike that cross are smoothed together, so where the parts were cut isn't seen.
+void paintAlike(render::PictureCanvas& canvas, const render::PaintOptions& options, const auto& parts,
+                const std::atomic<bool>& stop) {
+  render::Painting painting(canvas.context(), options);
+  for (const PlacedPart& part : parts) {
+    if (stop) return;
+    painting.list(*part.list);
+  }
+}
+
 // The rows of a picture from `first` on, as many as `options.clip` is high.
 void paintBand(unsigned char* picture, int stride, int first, const std::vector<PlacedPart>& parts,
                render::PaintOptions options, bool crowded, const std::atomic<bool>& stop) {
@@ -65,11 +87,15 @@ void paintBand(unsigned char* picture, int stride, int first, const std::vector<
   render::PictureCanvas canvas(pixels, width, height, stride);
   if (crowded) {
     options.hairlines = &hairlines;
-    for (std::size_t i = parts.size(); i > 0 && !stop; --i) canvas.paint(*parts[i - 1].list, options);
+    paintAlike(canvas, options, parts | std::views::reverse, stop);
     canvas.ground(options.background);
-  } else {
-    canvas.ground(options.background);
-    for (std::size_t i = 0; i < parts.size() && !stop; ++i) canvas.paint(*parts[i].list, placed(options, parts[i]));
+    return;
+  }
+  canvas.ground(options.background);
+  for (auto from = parts.begin(); from != parts.end() && !stop;) {
+    const auto end = std::find_if(from, parts.end(), [&](const PlacedPart& each) { return !standAlike(each, *from); });
+    paintAlike(canvas, placed(options, *from), std::ranges::subrange(from, end), stop);
+    from = end;
   }
 }
 

@@ -27,8 +27,10 @@ Box grown(const Box& box, double by) { return {box.xMin - by, box.yMin - by, box
 constexpr double kThickestHair = 2.5;        // times the thinnest stroke
 constexpr std::size_t kMostWaiting = 2'000;  // points: a longer path takes Cairo's rasteriser longer than its parts
 
+bool alike(const Dashes& a, const Dashes& b) { return a == b || (a && b && *a == *b); }
+
 bool alike(const Pen& a, const Pen& b) {
-  return a.colour == b.colour && a.weightMm == b.weightMm && a.dashes == b.dashes;
+  return a.colour == b.colour && a.weightMm == b.weightMm && alike(a.dashes, b.dashes);
 }
 
 }  // namespace
@@ -244,6 +246,7 @@ class Painting::Painter {
     if (!options_.hairlines || clip_ || pen.dashes || colour.alpha != 255 ||
         width(pen) > kThickestHair * std::max(1.0, options_.thinnest))
       return false;
+    flush();  // what was put off is above it
     cairo_surface_t* const surface = cairo_get_target(cr_);
     cairo_surface_flush(surface);
     options_.hairlines->stroke(path, map, colour, std::max(1, static_cast<int>(std::lround(width(pen)))));
@@ -348,12 +351,15 @@ void Painting::item(const Primitive& primitive) {
                     "fenêtres (--window)");
 }
 
-void paint(cairo_t* context, const DisplayList& list, const PaintOptions& options) {
-  Painting painting(context, options);
-  if (options.hairlines)
-    for (auto item = list.items().rbegin(); item != list.items().rend(); ++item) painting.item(*item);
+void Painting::list(const DisplayList& list) {
+  if (options_.hairlines)
+    for (auto each = list.items().rbegin(); each != list.items().rend(); ++each) item(*each);
   else
-    for (const Primitive& item : list.items()) painting.item(item);
+    for (const Primitive& each : list.items()) item(each);
+}
+
+void paint(cairo_t* context, const DisplayList& list, const PaintOptions& options) {
+  Painting(context, options).list(list);
 }
 
 }  // namespace atelier::render

@@ -66,6 +66,8 @@ class Painting {
   Painting& operator=(const Painting&) = delete;
   // Outside the clip it costs almost nothing.
   void item(const Primitive& primitive);
+  // A picture is the same however its primitives are cut into lists.
+  void list(const DisplayList& list);
 
  private:
   class Painter;
@@ -77,14 +79,13 @@ class Painting {
 // A whole list.
 void paint(cairo_t* context, const DisplayList& list, const PaintOptions& options);
 
-// A picture in memory that is painted list by list; see paintPicture. It begins transparent.
+// A picture in memory, to paint on; see paintPicture. It begins transparent.
 class PictureCanvas {
  public:
   PictureCanvas(unsigned char* pixels, int width, int height, int stride);
   ~PictureCanvas();
   PictureCanvas(const PictureCanvas&) = delete;
   PictureCanvas& operator=(const PictureCanvas&) = delete;
-  void paint(const DisplayList& list, const PaintOptions& options);
   cairo_t* context() const { return context_; }
   // Paints the background beneath everything.
   void ground(const Colour& colour);

@@ -1,4 +1,4 @@
-// Pictures in memory, painted list by list.
+// Pictures in memory.
 #include "atelier/render/painters/cairo_painter.h"
 #include "atelier/render/shapes/plot_error.h"
 
@@ -30,16 +30,12 @@ void PictureCanvas::ground(const Colour& colour) {
   cairo_set_operator(context_, CAIRO_OPERATOR_OVER);
 }
 
-void PictureCanvas::paint(const DisplayList& list, const PaintOptions& options) {
-  render::paint(context_, list, options);
-}
-
 void paintPicture(unsigned char* pixels, int width, int height, int stride, const DisplayList& list,
                   PaintOptions options) {
   PictureCanvas canvas(pixels, width, height, stride);
   canvas.ground(options.background);
   if (options.clip.empty()) options.clip = {0, 0, static_cast<double>(width), static_cast<double>(height)};
-  canvas.paint(list, options);
+  paint(canvas.context(), list, options);
 }
 
 }  // namespace atelier::render
