@@ -54,7 +54,7 @@ HOUSES = {
         "desktop/picture": "database document render",
         "desktop/document": "base lisp document application desktop/picture",
         "desktop/view": "base document selecting render desktop/picture desktop/document",
-        "desktop/forms": "database/objects dialogs render desktop/document",
+        "desktop/forms": "base database/objects dialogs render desktop/document",
         "desktop/files": "dxf desktop/document desktop/forms",
         "desktop/panels": "base application database render/scene desktop/document",
         "desktop/window": "base database/objects selecting dxf commands commands/files plugin exchange render desktop/document desktop/forms desktop/files desktop/view desktop/panels",

@@ -1,10 +1,12 @@
 // Work that takes over half a second is shown and can be stopped; a command that was stopped leaves the drawing as it was.
+#include <QDir>
 #include <QFileInfo>
 #include <QProgressDialog>
 #include <QPushButton>
 
 #include "atelier/base/error.h"
 #include "atelier/base/interruption.h"
+#include "atelier/desktop/forms/forms.h"
 #include "tests/desktop/desktop.h"
 
 namespace {
@@ -133,6 +135,29 @@ struct StopAtOnce : QObject {
     return false;
   }
 };
+
+TEST_F(LongWork, PlotsAndTheirPreviewsAreStopped) {
+  lines(20000);
+  driver.menu("Tracer...").then([this] {
+    auto& form = *dynamic_cast<atelier::desktop::PlotForm*>(QApplication::activeModalWidget());
+    form.file->setText(file("lignes.pdf"));
+    StopAtOnce hand;
+    qApp->installEventFilter(&hand);
+    atelier::desktop::LongWork::shownAfter = atelier::desktop::LongWork::pause = 0;
+    emit form.scale->editingFinished();
+    EXPECT_TRUE(hand.label.startsWith("Aperçu")) << hand.label.toStdString();
+    EXPECT_TRUE(form.picture().isNull());
+    form.accept();
+    EXPECT_TRUE(hand.label.startsWith("Tracé")) << hand.label.toStdString();
+    qApp->removeEventFilter(&hand);
+    EXPECT_TRUE(form.isVisible());
+    EXPECT_EQ(QDir(folder.path()).entryList({"lignes.pdf*"}), QStringList());
+    atelier::desktop::LongWork::shownAfter = 60000;
+    form.accept();
+  });
+  driver.play();
+  EXPECT_TRUE(QFileInfo::exists(file("lignes.pdf")));
+}
 
 TEST_F(LongWork, OpeningIsStopped) {
   lines(20000);

@@ -32,6 +32,29 @@ struct Preview : Desktop {
   }
 };
 
+// What is painted for it isn't the command's work: a button that stops that one would stand over the pages, and take the keys.
+TEST_F(Preview, ACommandWaitsForItsSheets) {
+  atelier::desktop::provideSheetPreview();
+  atelier::desktop::LongWork::shownAfter = atelier::desktop::LongWork::pause = 0;
+  int looks = 0;
+  std::function<void()> look = [&] {
+    auto* const preview = dynamic_cast<atelier::desktop::SheetPreviewWindow*>(QApplication::activeModalWidget());
+    if (!preview && ++looks < 1000) return QTimer::singleShot(10, &window, look);
+    ASSERT_TRUE(preview) << "something else is in front";
+    for (int zoom = 3; zoom >= 0; --zoom) {
+      until([] { return false; }, 100);  // the command is looked at every 50 milliseconds
+      preview->zoom->setCurrentIndex(zoom);
+      EXPECT_EQ(QApplication::activeModalWidget(), preview);
+    }
+    preview->accept();
+  };
+  look();
+  show();
+  EXPECT_FALSE(window.drawing()->isRunning());
+  EXPECT_FALSE(history().contains("interruption")) << history().toStdString();
+  atelier::desktop::LongWork::shownAfter = 500, atelier::desktop::LongWork::pause = 50;
+}
+
 // Whether a picture has both paper and ink.
 bool drawn(const QImage& image) {
   bool white = false, dark = false;

@@ -19,6 +19,7 @@ namespace atelier::desktop {
 namespace {
 
 Drawing* working = nullptr;  // the drawing whose command runs
+int dialogsWaitedFor = 0;
 bool eventsPass = false;  // while it computes: what they do isn't stopped with it, nothing may be thrown through them
 
 // While it lives, asks the interpreter, and the host's long loops, for a pause at regular intervals.
@@ -75,7 +76,7 @@ Drawing::Drawing(const QString& path, std::vector<std::string>* messages) {
   };
   document_->interpreter().onPoll([this] {
     // Calls of the window itself, between commands and at prompts, must not be interrupted by events.
-    if (!running_ || source_.prompt()) return;
+    if (!running_ || source_.prompt() || dialogsWaitedFor > 0) return;
     work();
     const QScopedValueRollback<bool> pass(eventsPass, true);
     QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
@@ -165,9 +166,23 @@ void Drawing::run() {
   feed({{line.toStdString()}});
 }
 
+bool Drawing::computes() const {
+  return running_ && !source_.prompt() && !source_.isBetweenCommands() && dialogsWaitedFor == 0;
+}
+
+Drawing::Waiting::Waiting() {
+  ++dialogsWaitedFor;
+  if (working && working->onPrompt) working->onPrompt();
+}
+
+Drawing::Waiting::~Waiting() {
+  --dialogsWaitedFor;
+  if (working) working->computing_.start();
+}
+
 // Programs in AutoLISP are in between at their own pauses, too.
 bool Drawing::stopAsked() {
-  if (eventsPass) return false;
+  if (eventsPass || dialogsWaitedFor > 0) return false;
   if (working && working->lookDue_ && QThread::currentThread() == working->thread()) working->work();
   return Document::current() && Document::current()->interpreter().interrupted();
 }

@@ -55,9 +55,17 @@ class Drawing : public QObject {
   bool waits() const { return source_.waits(); }
   bool hasMore() const { return awaited_ > 0; }  // orders that haven't begun
   // Whether a command runs that doesn't wait for an answer.
-  bool computes() const { return running_ && !source_.prompt() && !source_.isBetweenCommands(); }
+  bool computes() const;
   // Whether the running command is to end: what the host's long loops ask, unless something else is under way.
   static bool stopAsked();
+  // While it lives, the running command waits for a dialog: what its events do isn't the command's work.
+  class Waiting {
+   public:
+    Waiting();
+    ~Waiting();
+    Waiting(const Waiting&) = delete;
+    Waiting& operator=(const Waiting&) = delete;
+  };
   bool isBusy() const { return isRunning() || hasMore() || isAwaited; }
   bool isAwaited = false;  // by a form that comes back over it
   const PromptInfo* prompt() const { return source_.prompt(); }

@@ -8,6 +8,7 @@
 #include <QMessageBox>
 #include <QVBoxLayout>
 
+#include "atelier/desktop/document/drawing.h"
 #include "atelier/desktop/forms/control_widgets.h"
 
 namespace atelier::desktop {
@@ -83,6 +84,7 @@ int DialogWindow::run() {
 void DialogWindow::reject() { dialog_.end(dialogues::kCancel); }
 
 void WindowDialogs::run(dialogues::Dialog& dialog) {
+  const Drawing::Waiting waiting;
   DialogWindow window(dialog, over());
   DialogWindow* const outer = std::exchange(running_, &window);
   window.run();
@@ -91,6 +93,7 @@ void WindowDialogs::run(dialogues::Dialog& dialog) {
 
 std::optional<std::string> WindowDialogs::chooseFile(const dialogues::FileRequest& request) {
   if (fileAnswer) return fileAnswer(request);
+  const Drawing::Waiting waiting;
   const QString title = QString::fromStdWString(request.title), filter = QString::fromStdWString(request.filter);
   const QString name = QString::fromStdWString(request.name), extension = QString::fromStdWString(request.extension);
   QFileDialog chooser(over(), title, name, filter);
@@ -104,6 +107,7 @@ std::optional<std::string> WindowDialogs::chooseFile(const dialogues::FileReques
 
 int WindowDialogs::message(const std::wstring& text, const std::wstring& title, dialogues::Icon icon, bool yesNo) {
   if (messageAnswer) return messageAnswer(QString::fromStdWString(text));
+  const Drawing::Waiting waiting;
   QMessageBox box(iconOf(icon), QString::fromStdWString(title), QString::fromStdWString(text),
                   yesNo ? QMessageBox::Yes | QMessageBox::No : QMessageBox::Ok, over());
   const int answer = box.exec();

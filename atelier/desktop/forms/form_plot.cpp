@@ -4,8 +4,11 @@
 #include <QMessageBox>
 #include <QPainter>
 
+#include "atelier/base/error.h"
+#include "atelier/base/interruption.h"
 #include "atelier/database/objects/layouts.h"
 #include "atelier/desktop/document/lisp_bridge.h"
+#include "atelier/desktop/document/own_work.h"
 #include "atelier/desktop/forms/form_parts.h"
 #include "atelier/desktop/forms/forms.h"
 #include "atelier/render/painters/cairo_painter.h"
@@ -28,6 +31,7 @@ QImage sheet(const render::PaintedPage& page, double ratio) {
   options.thinnest = 0.5 * ratio;
   options.greekBelow = 2 * ratio;
   options.inks = page.inks;
+  options.step = checkInterruption;
   render::PictureCanvas canvas(picture.bits(), picture.width(), picture.height(),
                                static_cast<int>(picture.bytesPerLine()));
   canvas.ground(options.background);
@@ -79,8 +83,9 @@ PlotForm::PlotForm(Drawing& drawing, QWidget* parent)
                                                      QStringLiteral("PDF (*.pdf);;SVG (*.svg);;PNG (*.png)"), true));
   file->setText(besideDrawing(QString::fromStdString(drawing.document().path()),
                               QFileInfo(drawing.fileName()).completeBaseName() + ".pdf"));
-  scale = new QLineEdit(QStringLiteral("fit"), this);
-  scale->setToolTip(QStringLiteral("1:200, ou fit pour remplir la feuille"));
+  scale = new QLineEdit(this);
+  scale->setPlaceholderText(QStringLiteral("ajustée à la feuille"));
+  scale->setToolTip(QStringLiteral("1:200 par exemple; vide pour remplir la feuille"));
   paper = new QComboBox(this);
   paper->addItem(QStringLiteral("Selon le dessin"), QString());
   for (const char* name : {"A4", "A3", "A2", "A1", "A0"}) paper->addItem(name, QString(name));
@@ -103,7 +108,8 @@ PlotForm::PlotForm(Drawing& drawing, QWidget* parent)
 
 render::PlotRequest PlotForm::request() const {
   render::PlotRequest request;
-  request.scale = render::parseScale(scale->text().toStdString());
+  const QString asked = scale->text().trimmed();
+  request.scale = render::parseScale(asked.isEmpty() ? "fit" : asked.toStdString());
   if (const QString name = paper->currentData().toString(); !name.isEmpty())
     request.paper = render::parsePaper(name.toStdString());
   return request;
@@ -119,6 +125,7 @@ void PlotForm::show(const render::PaintedPage& page, const QString& scaleText,
 
 void PlotForm::preview() {
   try {
+    const OwnWork work(work_, QStringLiteral("Aperçu"));
     const render::Inks chosen = render::inksNamed(inks->currentData().toString().toStdString());
     if (sheet_) {
       const render::LayoutPage laidOut(drawing_.document().database(), *sheet_, request());
@@ -129,6 +136,9 @@ void PlotForm::preview() {
     const render::Page page = render::layOutPage(scene_.bounds(), request());
     show({page.widthMm, page.heightMm, {{&scene_, page.toPage, page.clipMm}}, chosen},
          QStringLiteral(", échelle 1:%1").arg(page.scale, 0, 'g', 6), page.warnings);
+  } catch (const Interrupted&) {
+    picture_->clear();
+    message_->setText(QStringLiteral("Aperçu arrêté."));
   } catch (const Error& error) {
     picture_->clear();
     message_->setText(QString::fromUtf8(error.what()));
@@ -147,6 +157,7 @@ void PlotForm::keepTable() {
 
 void PlotForm::accept() {
   try {
+    const OwnWork work(work_, QStringLiteral("Tracé"));
     render::PlotOptions options;
     options.page = request();
     options.inks = render::inksNamed(inks->currentData().toString().toStdString());
@@ -158,6 +169,8 @@ void PlotForm::accept() {
     drawing_.document().print("\nDessin tracé dans " + file->text().toStdString() + ".\n");
     keepTable();
     QDialog::accept();
+  } catch (const Interrupted&) {
+    message_->setText(QStringLiteral("Tracé arrêté : le fichier est resté comme il était."));
   } catch (const Error& error) {
     message_->setText(QString::fromUtf8(error.what()));
   }

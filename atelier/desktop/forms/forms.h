@@ -6,6 +6,7 @@
 #include <QLineEdit>
 
 #include "atelier/desktop/document/drawing.h"
+#include "atelier/desktop/document/long_work.h"
 #include "atelier/render/scene/whole_scene.h"
 #include "atelier/render/sheets/page.h"
 #include "atelier/render/sheets/painted_page.h"
@@ -32,6 +33,7 @@ class PlotForm : public QDialog {
   render::WholeScene scene_;
   QString table_;  // as the form was opened
   QLabel *picture_, *message_;
+  LongWork work_{*this};
 };
 // Shows the form; of a drawing that can't be plotted the reason.
 void plotByForm(Drawing& drawing, QWidget* parent);

@@ -16,6 +16,9 @@
 #include <QSpinBox>
 #include <algorithm>
 
+#include "atelier/base/error.h"
+#include "atelier/desktop/document/drawing.h"
+#include "atelier/desktop/document/own_work.h"
 #include "atelier/desktop/forms/form_parts.h"
 #include "atelier/render/painters/cairo_painter.h"
 #include "atelier/render/shapes/plot_error.h"
@@ -123,6 +126,7 @@ void SheetPreviewWindow::printOn(QPagedPaintDevice& device) {
   const double perMm = std::min(kMostPrinted, device.logicalDpiX() / kInchMm);
   const QRectF target(0, 0, sheets_.widthMm() * device.logicalDpiX() / kInchMm,
                       sheets_.heightMm() * device.logicalDpiY() / kInchMm);
+  const OwnWork work(work_, QStringLiteral("Impression"));
   for (int i = 0; i < static_cast<int>(sheets_.size()); ++i) {
     if (i > 0) device.newPage();
     painter.drawImage(target, painted(i, perMm));
@@ -136,6 +140,8 @@ void SheetPreviewWindow::print() {
   if (QPrintDialog dialog(&printer, this); dialog.exec() != QDialog::Accepted) return;
   try {
     printOn(printer);
+  } catch (const Interrupted&) {
+    printer.abort();
   } catch (const render::PlotError& error) {
     QMessageBox::warning(this, windowTitle(), QString::fromUtf8(error.what()));
   }
@@ -143,6 +149,7 @@ void SheetPreviewWindow::print() {
 
 void provideSheetPreview() {
   render::sheetPreview() = [](render::SheetSet& sheets) {
+    const Drawing::Waiting waiting;
     SheetPreviewWindow(sheets, QApplication::activeWindow()).exec();
   };
 }

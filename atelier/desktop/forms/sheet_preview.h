@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <QImage>
 
+#include "atelier/desktop/document/long_work.h"
 #include "atelier/render/sheets/sheets.h"
 
 class QLabel;
@@ -22,7 +23,7 @@ class SheetPreviewWindow : public QDialog {
   QSpinBox* page = nullptr;  // from 1
   QComboBox *zoom = nullptr, *inks = nullptr;
   QLabel* picture = nullptr;
-  // On any device that takes pages, each sheet a page of its own size.
+  // On any device that takes pages, each sheet a page of its own size. Throws Interrupted when the user stops it.
   void printOn(QPagedPaintDevice& device);
 
  protected:
@@ -36,6 +37,7 @@ class SheetPreviewWindow : public QDialog {
 
   render::SheetSet& sheets_;
   QScrollArea* area_ = nullptr;
+  LongWork work_{*this};
 };
 
 // Sheets are shown in such a window from now on.

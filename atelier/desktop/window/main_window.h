@@ -20,7 +20,7 @@
 #include "atelier/desktop/panels/properties_panel.h"
 #include "atelier/desktop/view/drawing_view.h"
 #include "atelier/desktop/window/host_menu_bar.h"
-#include "atelier/desktop/window/long_work.h"
+#include "atelier/desktop/document/long_work.h"
 
 namespace atelier::desktop {
 

@@ -11,7 +11,7 @@
 #include "atelier/desktop/files/recent_files.h"
 #include "atelier/desktop/forms/file_choice.h"
 #include "atelier/desktop/window/main_window.h"
-#include "atelier/desktop/window/own_work.h"
+#include "atelier/desktop/document/own_work.h"
 #include "atelier/desktop/window/theme.h"
 
 namespace atelier::desktop {

@@ -1,5 +1,5 @@
 // What other events do while the user is looked at (a copy of another drawing) is never stopped by the answer.
-#include "atelier/desktop/window/own_work.h"
+#include "atelier/desktop/document/own_work.h"
 
 #include <QCoreApplication>
 #include <QThread>

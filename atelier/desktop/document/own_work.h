@@ -1,9 +1,9 @@
-// Work of the window itself, without a command: opening and saving. While it lives the host's long loops show it, and stop when the user
+// Work of the window itself, without a command: opening, saving, plotting. While it lives the host's long loops show it, and stop when the user
 // wants it: they throw Interrupted.
 #pragma once
 #include <QElapsedTimer>
 
-#include "atelier/desktop/window/long_work.h"
+#include "atelier/desktop/document/long_work.h"
 
 namespace atelier::desktop {
 

@@ -1,5 +1,5 @@
 // How far the work has come isn't known, so the bar only moves.
-#include "atelier/desktop/window/long_work.h"
+#include "atelier/desktop/document/long_work.h"
 
 #include <QApplication>
 #include <QCoreApplication>
@@ -15,7 +15,7 @@ bool LongWork::goesOn(const QString& name, qint64 milliseconds, const std::funct
   if (milliseconds < shownAfter) return false;
   if (!shown_) {
     QWidget* const front = QApplication::activeModalWidget();
-    shown_ = std::make_unique<QProgressDialog>(front ? front : &window_);
+    shown_ = new QProgressDialog(front ? front : &window_);
     shown_->setObjectName(kName);
     shown_->setWindowTitle(QStringLiteral("Kavel"));
     shown_->setWindowModality(Qt::ApplicationModal);
@@ -24,7 +24,7 @@ bool LongWork::goesOn(const QString& name, qint64 milliseconds, const std::funct
     shown_->setMinimumDuration(0);
     shown_->setAutoClose(false);
     shown_->setAutoReset(false);
-    QObject::connect(shown_.get(), &QProgressDialog::canceled, shown_.get(), stop);
+    QObject::connect(shown_, &QProgressDialog::canceled, shown_, stop);
     shown_->show();
   }
   shown_->setLabelText(QStringLiteral("%1 : %2 s").arg(name).arg(milliseconds / 1000));
