@@ -1,5 +1,4 @@
 // The window's own parts by their keys and clicks: command line, keywords, completion, forms that plot, files that are dropped.
-#include <QCompleter>
 #include <QDropEvent>
 #include <QFile>
 #include <QKeyEvent>
@@ -71,16 +70,40 @@ TEST_F(Window, KeywordsOfThePromptAreLinks) {
 }
 
 TEST_F(Window, NamesAreCompletedAtTheCommandPromptOnly) {
-  auto* const completer = window.commandLine().findChild<QCompleter*>();
+  auto* const names = line().findChild<atelier::desktop::CompletionList*>();
   typeInto(line(), "PLV-NOU");
-  EXPECT_EQ(completer->currentCompletion(), "PLV-NOUVEAU");
+  EXPECT_TRUE(names->isVisible());
+  EXPECT_EQ(names->model()->index(0, 0).data().toString(), "PLV-NOUVEAU");
+  press(line(), Qt::Key_Escape);
+  EXPECT_FALSE(names->isVisible());
+  EXPECT_EQ(line().text(), "PLV-NOU");
   line().clear();
   driver.type("(setq s (getstring \"Nom: \"))").then([&] {
     typeInto(line(), "PLV-MAT");
-    EXPECT_FALSE(completer->popup()->isVisible());
+    EXPECT_FALSE(names->isVisible());
     line().clear();
   });
   driver.type("x").play();
+}
+
+// Keys that come while the names are shown, or going, are the line's.
+TEST_F(Window, NamesThatAreShownLeaveTheLineItsKeys) {
+  auto* const names = line().findChild<atelier::desktop::CompletionList*>();
+  typeInto(line(), "CIRCL");
+  ASSERT_TRUE(names->isVisible());
+  EXPECT_FALSE(QApplication::activePopupWidget());
+  press(line(), Qt::Key_Down);
+  press(line(), Qt::Key_Return);
+  EXPECT_EQ(line().text(), "CIRCLE") << "written, not yet sent";
+  EXPECT_FALSE(names->isVisible());
+  line().clear();
+  typeInto(line(), "(princ 7");
+  EXPECT_FALSE(names->isVisible());
+  line().clear();
+  typeInto(line(), "CIR");
+  press(line(), Qt::Key_Return);
+  EXPECT_EQ(line().text(), "") << "sent as it is typed";
+  EXPECT_FALSE(names->isVisible());
 }
 
 TEST_F(Window, APlotIsMadeByItsForm) {

@@ -1,7 +1,6 @@
 // A blank acts as Enter, except at prompts for texts and inside an expression.
 #include "atelier/desktop/panels/command_line.h"
 
-#include <QAbstractItemView>
 #include <QApplication>
 #include <QFontDatabase>
 #include <QHBoxLayout>
@@ -47,12 +46,10 @@ CommandLine::CommandLine(QWidget* parent) : QWidget(parent) {
   edit_->setAccessibleName(QStringLiteral("Ligne de commande"));
   edit_->setPlaceholderText(QStringLiteral("Tapez une commande"));
   edit_->installEventFilter(this);
-  names_ = new QStringListModel(this);
-  completer_ = new QCompleter(names_, this);
-  completer_->setCaseSensitivity(Qt::CaseInsensitive);
-  completer_->setWidget(edit_);
-  connect(completer_, qOverload<const QString&>(&QCompleter::activated), edit_, &QLineEdit::setText);
-  connect(edit_, &QLineEdit::textEdited, this, [this] { complete(); });
+  completions_ = new CompletionList(*edit_);
+  connect(edit_, &QLineEdit::textEdited, this, [this] {
+    if (atCommand_) completions_->complete();
+  });
   connect(prompt_, &QLabel::linkActivated, this, [this](const QString& keyword) {
     edit_->setFocus();  // the next Enter isn't the link's
     send(keyword);
@@ -79,18 +76,14 @@ void CommandLine::print(const QString& text) {
 void CommandLine::showPrompt(const PromptInfo* prompt) {
   atCommand_ = !prompt;
   takesSpaces_ = prompt && prompt->takesSpaces;
+  if (prompt) completions_->hide();
   prompt_->setText(prompt ? marked(*prompt) : QStringLiteral("Commande :"));
   edit_->setPlaceholderText(prompt ? QString() : QStringLiteral("Tapez une commande"));
 }
 
-void CommandLine::setNames(QStringList names) {
-  names.sort(Qt::CaseInsensitive);
-  names_->setStringList(names);
-}
-
 void CommandLine::send(const QString& line) {
   edit_->clear();
-  completer_->popup()->hide();
+  completions_->hide();
   if (!line.trimmed().isEmpty()) {
     lines_.removeAll(line);
     lines_.push_back(line);
@@ -105,13 +98,18 @@ void CommandLine::recall(qsizetype step) {
   edit_->setText(place_ < lines_.size() ? lines_[place_] : QString());
 }
 
-void CommandLine::complete() {
-  const QString text = edit_->text();
-  if (!atCommand_ || text.size() < 2 || text.startsWith('(')) return completer_->popup()->hide();
-  completer_->setCompletionPrefix(text);
-  if (completer_->completionCount() == 0 || completer_->currentCompletion().compare(text, Qt::CaseInsensitive) == 0)
-    return completer_->popup()->hide();
-  completer_->complete();
+// Whether a key is for the names that are shown.
+bool CommandLine::chooses(int key) {
+  if (!completions_->isVisible()) return false;
+  switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Tab: return completions_->take();
+    case Qt::Key_Escape: completions_->hide(); return true;
+    case Qt::Key_Up: completions_->step(-1); return true;
+    case Qt::Key_Down: completions_->step(+1); return true;
+    default: return false;
+  }
 }
 
 void CommandLine::takeKey(QKeyEvent* event) {
@@ -130,6 +128,7 @@ bool CommandLine::eventFilter(QObject* watched, QEvent* event) {
   const auto* key = static_cast<QKeyEvent*>(event);
   const QString text = edit_->text();
   const bool expression = text.trimmed().startsWith('(') || text.trimmed().startsWith('!');
+  if (chooses(key->key())) return true;
   switch (key->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter: send(text); return true;
@@ -138,7 +137,6 @@ bool CommandLine::eventFilter(QObject* watched, QEvent* event) {
       send(text);
       return true;
     case Qt::Key_Escape:
-      if (completer_->popup()->isVisible()) return false;
       edit_->clear();
       if (onCancel) onCancel();
       return true;

@@ -1,14 +1,13 @@
 // The command line: the printed lines, the running prompt with keywords to click, and the line being typed.
 #pragma once
-#include <QCompleter>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QStringListModel>
 #include <QWidget>
 #include <functional>
 
 #include "atelier/desktop/document/drawing.h"
+#include "atelier/desktop/panels/completion_list.h"
 
 namespace atelier::desktop {
 
@@ -22,7 +21,7 @@ class CommandLine : public QWidget {
   // Null: the command prompt.
   void showPrompt(const PromptInfo* prompt);
   // Names of commands and functions for completion.
-  void setNames(QStringList names);
+  void setNames(QStringList names) { completions_->setNames(std::move(names)); }
   void setHistory(QStringList lines) { lines_ = std::move(lines), place_ = lines_.size(); }
   const QStringList& lines() const { return lines_; }
   bool isInput(const QWidget* widget) const { return widget == edit_; }
@@ -39,13 +38,12 @@ class CommandLine : public QWidget {
  private:
   void send(const QString& line);
   void recall(qsizetype step);
-  void complete();
+  bool chooses(int key);
 
   QPlainTextEdit* history_;
   QLabel* prompt_;
   QLineEdit* edit_;
-  QCompleter* completer_;
-  QStringListModel* names_;
+  CompletionList* completions_;
   QStringList lines_;
   qsizetype place_ = 0;
   bool atCommand_ = true;
