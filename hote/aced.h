@@ -56,6 +56,10 @@ int acedSetVar(const ACHAR* variable, const resbuf* value);
 // 1 user, 2 display or 3 paper, RTENAME an entity's, or RT3DPOINT a plane's normal; RTERROR for anything else.
 int acedTrans(const ads_point point, const resbuf* from, const resbuf* to, int displacement, ads_point result);
 
+// 1 when the user wants what runs to stop: long computations that call nothing else ask it now and then. This host leaves the
+// function by an exception instead, as its other calls do.
+int acedUsrBrk();
+
 // A vector on the screen only, in a palette colour; highlighted ones are dashed.
 int acedGrDraw(const ads_point from, const ads_point to, int color, int highlight);
 void acgsRemoveAnonymousGraphics(int viewport);

@@ -77,7 +77,7 @@ HOUSES = {
     "etudes": {
         "base": "",
         "optimal": "base",
-        "cout": "optimal",
+        "cout": "base optimal",
         "surfaces": "",
         "fichiers": "surfaces",
         "reponses": "surfaces",
@@ -86,7 +86,7 @@ HOUSES = {
         "habillage": "",
         "reseaux": "base surfaces fichiers reponses",
         "tranchees": "reseaux surfaces fichiers",
-        "porte": "optimal cout terrain suivi habillage reseaux tranchees",
+        "porte": "base optimal cout terrain suivi habillage reseaux tranchees",
     },
     "programs": {"": ""},
 }

@@ -2,6 +2,7 @@
 // Buffers for texts hold 133 characters, the closing zero included.
 #include <algorithm>
 
+#include "atelier/base/interruption.h"
 #include "atelier/database/objects/chain.h"
 #include "atelier/document/document.h"
 #include "hote/aced.h"
@@ -95,6 +96,11 @@ int acedEntSel(const ACHAR* prompt, ads_name entity, ads_point point) {
   nameOf(id, entity);
   setPoint(point, at);
   return RTNORM;
+}
+
+int acedUsrBrk() {
+  checkInterruption();
+  return 0;
 }
 
 int acedGrDraw(const ads_point from, const ads_point to, int color, int highlight) {

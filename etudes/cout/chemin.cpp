@@ -5,6 +5,8 @@
 #include <deque>
 #include <utility>
 
+#include "etudes/base/arret.h"
+
 namespace etu {
 
 namespace {
@@ -94,6 +96,7 @@ void chemin::parcourir(std::size_t gauche, std::size_t droite, const vuDesTronco
 }
 
 void chemin::relier(std::size_t gauche, std::size_t droite) {
+  demanderArret();
   const etat& g = m_etats[gauche];
   etat& d = m_etats[droite];
   parcourir(gauche, droite, [&](const couts::resultat& r, int ecart) {

@@ -2,6 +2,7 @@
 // may use.
 #include <algorithm>
 
+#include "etudes/base/arret.h"
 #include "etudes/cout/chemin.h"
 
 namespace etu {
@@ -79,6 +80,7 @@ void chemin::resterParPompage(std::size_t rang) {
 
 std::vector<limites> chemin::altitudesJusque(double cout) {
   for (std::size_t rang = m_etats.size(); rang-- > 0;) {
+    demanderArret();
     resterApres(rang);
     resterAvant(rang);
   }

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "etudes/base/arret.h"
+
 namespace etu {
 
 namespace {
@@ -138,9 +140,11 @@ bool choisir::parcourir() {
   for (places& ou : m_places)
     std::sort(ou.begin(), ou.end(), [](const place& a, const place& b) { return a.point.distance < b.point.distance; });
   for (place& p : m_places.front()) p.aire = 0;
-  for (std::size_t i = 0; i + 1 < m_places.size(); ++i)
+  for (std::size_t i = 0; i + 1 < m_places.size(); ++i) {
+    demanderArret();
     for (std::size_t k = 0; k < m_places[i].size(); ++k)
       if (m_places[i][k].aire != kSansVoie) relier(m_places[i][k], k, m_places[i + 1]);
+  }
   const places& bouts = m_places.back();
   if (bouts.empty()) return false;
   auto ici = static_cast<std::size_t>(

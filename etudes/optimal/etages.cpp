@@ -5,6 +5,8 @@
 #include <cmath>
 #include <limits>
 
+#include "etudes/base/arret.h"
+
 namespace etu {
 
 namespace {
@@ -86,8 +88,10 @@ void filet::tendre(std::size_t depuis) {
 std::optional<ligneDroite> filet::ligne() {
   for (noeud& n : m_noeuds)
     if (n.point.distance == m_couloir.debut()) n.droites = 0;
-  for (std::size_t i = 0; i < m_noeuds.size(); ++i)
+  for (std::size_t i = 0; i < m_noeuds.size(); ++i) {
+    demanderArret();
     if (m_noeuds[i].atteint()) tendre(i);
+  }
   const noeud* bout = nullptr;
   for (const noeud& n : m_noeuds)
     if (n.point.distance == m_couloir.fin() && n.atteint() &&

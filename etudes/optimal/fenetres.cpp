@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "etudes/base/arret.h"
 #include "etudes/optimal/faisceau.h"
 
 namespace etu {
@@ -104,6 +105,7 @@ void recherche::reprendre(std::size_t rang, MANQUE& manque, SUIVI& suivi) {
 std::optional<parcours> recherche::faire() {
   std::size_t repris = 0;
   for (std::size_t rang = 0; rang < m_couloir.portes.size();) {
+    demanderArret();
     if (passer(rang)) {
       ++rang;
       continue;

@@ -6,6 +6,8 @@
 #include <limits>
 #include <numeric>
 
+#include "etudes/base/arret.h"
+
 namespace etu {
 
 namespace {
@@ -170,9 +172,11 @@ std::optional<ligneDroite> filetRond::ligne() {
   poser();
   if (m_colonnes.empty()) return std::nullopt;
   for (noeudRond& n : m_colonnes.front().noeuds) n.droites = 0;
-  for (std::size_t i = 0; i < m_colonnes.size(); ++i)
+  for (std::size_t i = 0; i < m_colonnes.size(); ++i) {
+    demanderArret();
     for (std::size_t k = 0; k < m_colonnes[i].noeuds.size(); ++k)
       if (m_colonnes[i].noeuds[k].atteint()) suivre(i, m_colonnes[i].bas + static_cast<std::int64_t>(k));
+  }
   if (!m_fin.atteint()) return std::nullopt;
   ligneDroite resultat{{m_couloir.fin(), m_zFin}};
   for (noeudRond n = m_fin; n.droites > 0;) {

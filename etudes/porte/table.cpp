@@ -3,6 +3,7 @@
 
 #include <iterator>
 
+#include "etudes/base/arret.h"
 #include "etudes/cout/fonctions.h"
 #include "etudes/habillage/fonctions.h"
 #include "etudes/optimal/fonctions.h"
@@ -225,7 +226,12 @@ void retirer() {
 
 void appeler() {
   const int code = acedGetFunCode();
-  if (code >= 0 && static_cast<std::size_t>(code) < std::size(kTable)) kTable[code].fonction();
+  if (code < 0 || static_cast<std::size_t>(code) >= std::size(kTable)) return;
+  try {
+    kTable[code].fonction();
+  } catch (const arret&) {
+    acedRetNil();
+  }
 }
 
 }  // namespace etu

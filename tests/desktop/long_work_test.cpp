@@ -1,5 +1,6 @@
 // Work that takes over half a second is shown and can be stopped; a command that was stopped leaves the drawing as it was.
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QProgressDialog>
 #include <QPushButton>
@@ -92,6 +93,32 @@ TEST_F(LongWork, EventsAreNotStoppedWithTheCommand) {
   EXPECT_TRUE(looked);
   EXPECT_FALSE(thrown);
   EXPECT_FALSE(window.drawing()->isRunning());
+}
+
+// Those of the plug-ins, which call little of the host: one that draws as it goes, and one that only computes.
+TEST_F(LongWork, SearchesForALineAreStopped) {
+  QFile survey(file("long.csv"));
+  survey.open(QIODevice::WriteOnly);
+  survey.write("distance;altitude\n");
+  for (int k = 0; k < 8000; ++k) survey.write(QStringLiteral("%1;%2\n").arg(k).arg(20 + k * 37 % 11 * 0.1).toUtf8());
+  survey.close();
+  driver.type(QStringLiteral("(progn (setq p (plv-nouveau \"%1\" \"1\" '(0.0 0.0 0.0) 10.0 2.5 nil nil)) (princ))")
+                  .arg(file("long.csv")));
+  driver.play();
+  const int drawn = count("LWPOLYLINE");
+  atelier::desktop::LongWork::shownAfter = 60;
+  for (const char* call :
+       {"(plv-optimal-recherche p \"Voirie\" (plv-souhait '(0.0 19.75) '(7999.0 20.55) 0.2 0.3 nil nil) nil)",
+        "(et_ligneCout p 0.2 3.0 0.0 7999.0 nil '((\"fouille\" 9.0 2.0 10.0) (\"espacement\" 80.0 5.0)))"}) {
+    label.clear();
+    lisp(QString("(progn (setq fait nil) (defun c:essai () %1 (setq fait T)))").arg(call));
+    stopWhenShown();
+    driver.type("ESSAI").play();
+    EXPECT_TRUE(label.startsWith("ESSAI")) << call;
+    EXPECT_TRUE(lisp("(not fait)").toBool()) << call;
+    EXPECT_EQ(count("LWPOLYLINE"), drawn) << call;
+    EXPECT_FALSE(window.drawing()->isRunning());
+  }
 }
 
 TEST_F(LongWork, ProgramsAreStopped) {

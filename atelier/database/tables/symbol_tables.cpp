@@ -3,6 +3,7 @@
 #include "hote/adaptation.h"
 #include "hote/dbsymtb.h"
 
+#include "atelier/base/interruption.h"
 #include "atelier/database/curves/plane.h"
 #include "atelier/database/objects/imp_database.h"
 #include "atelier/database/objects/layouts.h"
@@ -151,6 +152,7 @@ AcDbObjectIdArray AcDbSymbolTable::ids() const {
 AcDbBlockTableRecord::AcDbBlockTableRecord() { initRecord(*this, "BLOCK_RECORD"); }
 
 Acad::ErrorStatus AcDbBlockTableRecord::appendAcDbEntity(AcDbObjectId& id, AcDbEntity* entity) {
+  checkInterruption();
   if (!entity) return Acad::eNullEntityPointer;
   AcDbStub* stub = stubOf(this);
   if (!stub) return Acad::eNoDatabase;
