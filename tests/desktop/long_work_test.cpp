@@ -2,6 +2,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QKeyEvent>
+#include <QPointer>
 #include <QProgressDialog>
 #include <QPushButton>
 
@@ -119,6 +121,26 @@ TEST_F(LongWork, SearchesForALineAreStopped) {
     EXPECT_EQ(count("LWPOLYLINE"), drawn) << call;
     EXPECT_FALSE(window.drawing()->isRunning());
   }
+}
+
+// They were typed for what was in front before.
+TEST_F(LongWork, EnterAndBlankDoNotStop) {
+  bool goesOn = false;
+  std::function<void()> hand = [&] {
+    if (!shown()) return QTimer::singleShot(5, &window, hand);
+    const QPointer<QProgressDialog> dialog(shown());
+    QWidget* const inside = dialog->focusWidget();
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space})
+      for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, key, Qt::NoModifier);
+        if (dialog) QApplication::sendEvent(inside ? inside : dialog, &event);
+      }
+    goesOn = dialog && !dialog->wasCanceled();
+    if (goesOn) dialog->findChild<QPushButton*>()->click();
+  };
+  hand();
+  driver.type("(while T)").play();
+  EXPECT_TRUE(goesOn);
 }
 
 TEST_F(LongWork, ProgramsAreStopped) {
