@@ -47,7 +47,7 @@
      plv-choses:du-fichier nil plv-choses:sans-projet plv-refaire-exports nil)
     ("PAGE" plv-choses:mots-page ("fichier" "numero" "origine" "terrain" "terrains" "plans" "projets" "blocs")
      plv-choses:du-fichier nil nil plv-refaire-pages nil)
-    ("FEUILLES" plv-choses:mots-feuilles ("fichier" "numero" "dessin")
+    ("FEUILLES" plv-choses:mots-feuilles ("fichier" "numero" "dessin" "couleurs")
      plv-choses:du-fichier nil nil plv-refaire-feuilles nil)))
 
 ;; the kinds whose making changes nothing of which other things are made

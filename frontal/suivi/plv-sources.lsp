@@ -52,6 +52,7 @@
     ("textes" "la hauteur des textes" plv-sources:textes)
     ("style" "le style du dessin" plv-sources:style)
     ("fichier" "le fichier lui-même" plv-sources:fichier)
+    ("couleurs" "la table de tracé" plv-sources:couleurs)
     ("reseaux" "les réseaux" plv-sources:reseaux)
     ("dessin" "le dessin du profil" plv-sources:dessin)))
 
@@ -229,3 +230,8 @@
 (defun plv-sources:reseaux (profil fait) (list (plv-genres-de-reseau profil)))
 
 (defun plv-sources:dessin (profil fait) (append (plv-entites-dessinees profil) (plv-legendes-du-profil profil)))
+
+(defun plv-sources:couleurs (profil fait / nom fichier)
+  "The plot table by its name and what it says."
+  (setq nom (plv-couleurs-des-feuilles) fichier (plv-couleurs-fichier nom))
+  (list (strcase nom) (if fichier (plv-lire-lignes fichier))))
