@@ -45,28 +45,30 @@
               '(lambda (u) (* (plv-controle:surface u) (plv-metres:largeur (plv-controle:classe (caddr u) classes) classes))))))))
 
 (defun plv-legende-prevue:rangees (tranches classes / de-classe)
-  "Class by class, then of all."
+  "Class by class behind its colour, then of all."
   (setq tranches (vl-remove-if '(lambda (u) (< (plv-longueur u) 1e-5)) tranches)
         de-classe (mapcar '(lambda (u) (plv-controle:classe (caddr u) classes)) tranches))
   (append
     (mapcar
       '(lambda (numero)
-         (plv-legende-prevue:rangee (plv-legende:sans-accents (plv-metres:libelle numero classes))
-           (vl-remove nil (mapcar '(lambda (u n) (if (= n numero) u)) tranches de-classe)) classes))
+         (cons (plv-metres:couleur numero classes)
+           (plv-legende-prevue:rangee (plv-legende:sans-accents (plv-metres:libelle numero classes))
+             (vl-remove nil (mapcar '(lambda (u n) (if (= n numero) u)) tranches de-classe)) classes)))
       (vl-sort (plv-uniques de-classe) '<))
     (list (plv-legende-prevue:rangee "Total" tranches classes))))
 
 (defun plv-legende-prevue (profil genre classes / tranches)
-  "The texts of a legend in the order in which it is drawn, classes being those of the dialog; nil for what can't be known."
+  "The texts and colours of a legend in the order in which it is drawn, classes being those of the dialog; nil for what can't be known."
   (setq classes (plv-metres:classes classes))
   (if (setq tranches (plv-legende-prevue:tranches profil genre (plv-controle:limites classes)))
     (append (list (plv-legende:titre profil genre)) (mapcar 'car (cdr plv-legende:colonnes))
       (apply 'append (plv-legende-prevue:rangees tranches classes)))))
 
-(defun plv-legende-en-textes (reference / e textes)
-  "The texts of a legend."
+(defun plv-legende-lue (reference / e g lus)
+  "The texts and colours of a legend."
   (setq e (plv-cle -2 (tblsearch "BLOCK" (plv-cle 2 (entget reference)))))
   (while e
-    (if (= (plv-type e) "TEXT") (setq textes (cons (plv-cle 1 (entget e)) textes)))
+    (setq g (entget e))
+    (cond ((= (plv-cle 0 g) "TEXT") (setq lus (cons (plv-cle 1 g) lus))) ((= (plv-cle 0 g) "HATCH") (setq lus (cons (plv-cle 62 g) lus))))
     (setq e (entnext e)))
-  (reverse textes))
+  (reverse lus))

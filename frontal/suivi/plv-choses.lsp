@@ -34,9 +34,9 @@
      plv-choses:coupes nil plv-choses:sans-reseau plv-refaire-coupes nil)
     ("HACHURES" plv-choses:mots-hachures ("classes-vues" "contours" "arcs-lignes" "sol-contours" "plans-lignes")
      plv-choses:surfaces plv-choses:hachures plv-choses:sans-ligne plv-refaire-hachures nil)
-    ("LEGENDE" plv-choses:mots-legende ("numero" "textes" "classes-vues" "lignes-jointes" "arcs-lignes" "sol-lignes")
+    ("LEGENDE" plv-choses:mots-legende ("numero" "textes" "classes" "lignes-jointes" "arcs-lignes" "sol-lignes")
      plv-choses:blocs plv-choses:legendes plv-choses:sans-ligne plv-refaire-legendes nil
-     (("lignes-jointes" "arcs-lignes" "sol-lignes") plv-legende-tenue-p))
+     (("classes" "classes-vues" "lignes-jointes" "arcs-lignes" "sol-lignes") plv-legende-tenue-p))
     ("PLAN" plv-choses:mots-plan ("axe" "fleches" "blocs-portes" "textes")
      plv-choses:portees plv-choses:plan plv-choses:sans-axe plv-refaire-plan nil)
     ("CLASSEUR" plv-choses:mots-classeur ("fichier" "numero" "origine" "classes" "lignes" "arcs-lignes" "sol-lignes" "fixes")

@@ -61,7 +61,7 @@
 (setq plv-sources:aspects '("dessin"))
 
 ;; those that are the same for all things of a profile
-(setq plv-sources:du-profil '("echelle" "origine" "longueur" "distances" "altitudes" "numeros" "noms" "terrain" "terrains" "releve" "plans" "textes"))
+(setq plv-sources:du-profil '("echelle" "longueur" "distances" "altitudes" "numeros" "noms" "terrain" "terrains" "releve" "plans" "textes"))
 
 (defun plv-sources:cle (profil fait nom / rangee)
   "What a fingerprint is kept under while readings are kept: rows that show the same share it. nil for one of the thing's own."
@@ -84,7 +84,12 @@
 ;; --- the profile
 
 (defun plv-sources:echelle (profil fait) (list (plv-echv profil)))
-(defun plv-sources:origine (profil fait) (list (plv-premiere-station profil)))
+(defun plv-sources:origine (profil fait)
+  "Of a row without stations the places of its marks, if it has any."
+  (if (and (= (plv-fait-chose fait) "RANGEE") (not (plv-suit-origine-p profil (plv-sources:rangee fait))))
+    (list (if (= (plv-rangee-nature (plv-sources:rangee fait)) 10) (mapcar 'car (plv-reperes-ecrits profil))))
+    (list (plv-premiere-station profil))))
+
 (defun plv-sources:longueur (profil fait) (list (plv-longueur-profil profil)))
 
 (defun plv-sources:numero (profil fait) (list (plv-numero-profil profil)))

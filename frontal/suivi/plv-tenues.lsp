@@ -61,9 +61,9 @@
 (defun plv-cotes-tenues-p (profil fait)
   (not (or (member (plv-fait-entite fait) (plv-tenues:autres profil nil)) (member (plv-fait-entite fait) (plv-tenues:autres profil T)))))
 
-;; --- a legend by its texts
+;; --- a legend by its texts and colours
 
 (defun plv-legende-tenue-p (profil fait / blocs)
   (setq blocs (plv-choses:blocs profil fait))
   (and (not (cdr blocs))
-       (equal (plv-legende-en-textes (car blocs)) (plv-legende-prevue profil (plv-fait-genre fait) (plv-sources:toutes-classes)))))
+       (equal (plv-legende-lue (car blocs)) (plv-legende-prevue profil (plv-fait-genre fait) (plv-sources:toutes-classes)))))

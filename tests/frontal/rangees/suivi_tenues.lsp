@@ -3,6 +3,7 @@
 
 (commun
   (fichier "g.csv" "distance;altitude;nom\n100;50;\n110;51;\n120;49.5;\n130;47.5;\n140;46.5;\n150;46;\n")
+  (fichier "court.csv" "distance;altitude;nom\n100;50;\n104;51;\n109;49.5;\n111;49.5;\n")
   (preparer
     (setq p (plv-nouveau "<dossier>g.csv" "12" '(1000.0 500.0 0.0) 10.0 2.5 150.0 '((0.0 30.0) (30.0 25.0))))
     (plv-projet p "Projet" '((100.0 48.0) (110.0 47.1) (120.0 46.005) (130.0 45.0) (140.0 44.2) (150.0 43.0)))
@@ -95,6 +96,27 @@
   ((plier (car (plv-elements-du-projet p "Voirie")) 1005.0 0.0) nil)
   ((plier (car (plv-elements-du-projet p "Voirie")) 1005.0 -0.0001) nil)
   ((plier (car (plv-elements-du-projet p "Voirie")) 1005.0 -1.0) T)
-  ((plv-leve p "C" 120.0 49.4 nil) T))
-(preparer (plv-projet p "Voirie" '((100.0 48.5) (120.0 47.0 80.0) (150.0 44.0))) (plv-legende p "Voirie" nil) edition)
+  ((plv-leve p "C" 120.0 49.4 nil) T)
+  ;; the end of a class that all of the line lies above is written, the next class isn't
+  ((plv-regler-classes '(("1.00" "0.60" "0.00" "1") ("2.00" "0.80" "0.00" "2") ("6.00" "1.00" "0.00" "3"))) T)
+  ((plv-regler-classes '(("1.00" "0.60" "0.00" "1") ("2.00" "0.80" "0.00" "2") ("5.00" "1.00" "0.00" "3") ("7.00" "1.20" "0.00" "4"))) nil)
+  ((plv-regler-classes '(("1.00" "0.60" "0.00" "5") ("2.00" "0.80" "0.00" "2") ("5.00" "1.00" "0.00" "3"))) nil)
+  ((plv-regler-classes '(("1.00" "0.60" "0.00" "1") ("2.00" "0.80" "0.00" "5") ("5.00" "1.00" "0.00" "3"))) T))
+(preparer (plv-regler-classes '(("1.00" "0.60" "0.00" "1") ("2.00" "0.80" "0.00" "2") ("5.00" "1.00" "0.00" "3"))) (plv-projet p "Voirie" '((100.0 48.5) (120.0 47.0 80.0) (150.0 44.0))) (plv-legende p "Voirie" nil) edition)
 ((< 0 (length (vieilles "LEGENDE"))) vieille)
+
+;; A short profile has marks without room for their stations, and a row of a line that isn't there has no distances.
+(situation "OfStationsThatAreNotWritten")
+(fichier "t.txt" "U - 2.0 10 Reperes\nU - 5.0 17 {Voirie} Cumulees\nU - 5.0 3 Cumulees")
+(preparer
+  (setq p (plv-nouveau "<dossier>court.csv" "13" '(1000.0 500.0 0.0) 10.0 2.5 150.0 nil))
+  (plv-matrices p "<dossier>t.txt" T)
+  (plsxd p "DCUMDEB" 0.0)
+  (defun rangees () (mapcar '(lambda (e) (plv-fait-precision (plv-etat-fait e))) (vieilles "RANGEE"))))
+((plv-reperes-ecrits p) ((0.0 nil)))
+((rangees) ("2"))
+;; marks that stand elsewhere
+(preparer (plsxd p "DCUMDEB" 3.0))
+((rangees) ("0" "2"))
+(preparer (plsxd p "DCUMDEB" 0.0) (plv-projet p "Voirie" '((0.0 48.0) (4.0 47.0) (9.0 46.0))) (plv-actualiser (list p)) (plsxd p "DCUMDEB" 10.0))
+((if (member "1" (rangees)) T) T)
