@@ -63,7 +63,7 @@
     (ensemble (base profil fiches plan metres)
      plv-ensemble plv-profil-entier plv-profil-fiche)
     (controle (base profil reseaux tableaux ligne souris suivi ensemble)
-     plv-rapport plv-audit plv-bureau plv-proprietes plv-bureau-ligne plv-bureau-prises plv-survol)))
+     plv-rapport plv-audit plv-bureau plv-proprietes plv-bureau-ligne plv-bureau-prises plv-survol plv-suivre-bloc)))
 
 (foreach salle plv-salles
   (foreach fichier (cddr salle)
