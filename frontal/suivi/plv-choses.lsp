@@ -83,10 +83,13 @@
 
 (defun plv-chose-refaire (chose) (nth 6 (assoc chose plv-choses:table)))
 
-(defun plv-chose-tenue-p (profil fait changees / essai)
-  "Whether a thing would come out as it is, though sources of these names have changed."
+(defun plv-chose-tenue-p (profil fait changees / essai tenue)
+  "Whether a thing would come out as it is, though sources of these names have changed; not where that can't be worked out."
   (setq essai (nth 8 (plv-choses:ligne fait)))
-  (and essai (vl-every '(lambda (nom) (member nom (car essai))) changees) (apply (cadr essai) (list profil fait))))
+  (if (and essai (vl-every '(lambda (nom) (member nom (car essai))) changees))
+    (progn
+      (setq tenue (vl-catch-all-apply (cadr essai) (list profil fait)))
+      (if (not (vl-catch-all-error-p tenue)) tenue))))
 
 (defun plv-chose-lever (chose) (car (nth 7 (assoc chose plv-choses:table))))
 (defun plv-chose-remettre (chose) (cadr (nth 7 (assoc chose plv-choses:table))))

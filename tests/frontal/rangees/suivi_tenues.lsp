@@ -105,6 +105,14 @@
 (preparer (plv-regler-classes '(("1.00" "0.60" "0.00" "1") ("2.00" "0.80" "0.00" "2") ("5.00" "1.00" "0.00" "3"))) (plv-projet p "Voirie" '((100.0 48.5) (120.0 47.0 80.0) (150.0 44.0))) (plv-legende p "Voirie" nil) edition)
 ((< 0 (length (vieilles "LEGENDE"))) vieille)
 
+(situation "WhatCannotBeWorkedOutIsStale")
+(preparer
+  (plv-projet p "Voirie" '((100.0 48.5) (150.0 44.0))) (plv-legende p "Voirie" nil) (plv-pc p "A" 110.0 28.0)
+  (plier (car (plv-elements-du-projet p "Voirie")) 1005.0 -0.0001))
+((vieilles "LEGENDE") nil)
+(preparer (defun plv-legende-prevue (profil genre classes) (/ 1 0)))
+((length (vieilles "LEGENDE")) 1)
+
 ;; A short profile has marks without room for their stations, and a row of a line that isn't there has no distances.
 (situation "OfStationsThatAreNotWritten")
 (fichier "t.txt" "U - 2.0 10 Reperes\nU - 5.0 17 {Voirie} Cumulees\nU - 5.0 3 Cumulees")
