@@ -66,9 +66,10 @@
 
 (situation "WhatTheModuleWritesIsForeseen")
 (preparer
+  (setq sens (* 0.5 pi))
   (defun memes-p (courbe / ecrites prevues)
-    (setq prevues (plv-cotes-prevues:de-courbe p (list "Projet" (* 0.5 pi) "Toutes") courbe)
-          ecrites (mapcar 'plv-pose-de (plv-cotes:ecrire p "Projet" (* 0.5 pi) "Toutes" courbe)))
+    (setq prevues (plv-cotes-prevues:de-courbe p (list "Projet" sens "Toutes") courbe)
+          ecrites (mapcar 'plv-pose-de (plv-cotes:ecrire p "Projet" sens "Toutes" courbe)))
     (list (length prevues)
           (equal (mapcar '(lambda (q) (list (plv-pose-altitude-p q) (plv-premiers (plv-pose-point q) 2) (plv-pose-mots q) (plv-pose-rotation q))) prevues)
                  (mapcar '(lambda (q) (list (plv-pose-altitude-p q) (plv-premiers (plv-pose-point q) 2) (plv-pose-mots q) (plv-pose-rotation q))) ecrites) 1e-9)
@@ -76,6 +77,8 @@
 ;; altitudes that end on half a centimetre at a vertex
 ((memes-p ligne) (8 T T))
 ((memes-p (cadr (plv-elements p "Projet"))) (6 T T))
+(preparer (setq sens 0.0))
+((memes-p ligne) (8 T T))
 ;; a vertical curve, which is a spline, and arcs, of which chords are taken
 (preparer
   (plv-projet p "Voirie" '((100.0 50.0) (120.0 48.0 80.0) (150.0 49.0)))
