@@ -1,5 +1,5 @@
-;; After each command: a profile's block that was moved without the rest goes back, in the same step. Else its ground lines would look as if they
-;; had been dragged the other way, and the next update would change the survey.
+;; After each command: a profile's block or plane that was moved without the rest goes back, in the same step. Else the ground lines would look as
+;; if they had been dragged the other way, and the next update would change the survey.
 
 (defun plv-suivre-bloc:lignes (profil) (apply 'append (mapcar 'plv-lignes-du-plan (plv-entites-plans profil))))
 
@@ -30,10 +30,37 @@
   "Whether a profile's block was changed, and none of its ground lines."
   (and (member profil entites) (not (vl-some '(lambda (l) (member l entites)) (plv-suivre-bloc:lignes profil)))))
 
+;; --- its planes, whose lines only show where sections are
+
+(defun plv-suivre-bloc:plan (profil section / origine groupes bouts)
+  "Puts the line of a plane back; T where it stood elsewhere."
+  (setq origine (plv-origine profil) groupes (entget (plv-section-entite section))
+        bouts (mapcar '(lambda (d) (plv-point (+ (car origine) d) (cadr origine))) (list (plv-plan-debut section) (plv-section-fin section))))
+  (if (and (= (plv-cle 0 groupes) "LINE") (not (equal (list (plv-cle 10 groupes) (plv-cle 11 groupes)) bouts 1e-4)))
+    (progn (entmod (subst (cons 11 (cadr bouts)) (assoc 11 groupes) (subst (cons 10 (car bouts)) (assoc 10 groupes) groupes))) T)))
+
+(defun plv-suivre-plans (profil entites / plans)
+  (setq plans (vl-remove-if-not '(lambda (s) (member (plv-section-entite s) entites)) (plv-sections-de-plan profil)))
+  (if (and plans (= (plv-cle 2 (entget profil)) plv-bloc-profil) (not (plv-refus-profil profil))
+           (member T (mapcar '(lambda (s) (plv-suivre-bloc:plan profil s)) plans)))
+    (plv-dire (strcat "Profil " (plv-numero-profil profil) ": un plan ne va pas sans le profil, il reprend sa place; PLV-PC le change."))))
+
+;; --- after a command
+
+(defun plv-suivre-bloc:touche-p (entites / calque)
+  (setq calque (strcase (plv-calque "PLV-PLANS")))
+  (vl-some
+    '(lambda (e / g)
+       (setq g (entget e))
+       (or (= (plv-cle 0 g) "INSERT") (and (= (plv-cle 0 g) "LINE") (= (strcase (plv-cle 8 g)) calque))))
+    entites))
+
 (defun plv-apres-commande-entier (entites)
   "entites: those that a command has changed or made, or T."
-  (if (and (listp entites) (vl-some '(lambda (e) (= (plv-type e) "INSERT")) entites))
-    (foreach p (plv-profils) (if (plv-suivre-bloc:seul-p p entites) (plv-suivre-bloc p))))
+  (if (and (listp entites) (plv-suivre-bloc:touche-p entites))
+    (foreach p (plv-profils)
+      (if (plv-suivre-bloc:seul-p p entites) (plv-suivre-bloc p))
+      (plv-suivre-plans p entites)))
   (plv-apres-commande entites))
 
 (setq *apres-commande* 'plv-apres-commande-entier)

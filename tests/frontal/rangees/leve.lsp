@@ -150,6 +150,13 @@
 ;; the step and what put it back are one
 (tape ("U" "MOVE" "(list p (car (plv-entites-plans p)))" "" "0,0" "7,3") "son bloc ne va pas sans le reste")
 ((equal (plv-origine p) '(1000.0 500.0 0.0) 1e-9) T)
+;; so does a plane, alone or with the other one; one that PLV-PC changes stays
+(preparer (setq avant (tout)))
+(tape ("MOVE" "(list (cadr (plv-entites-plans p)))" "" "0,0" "3,-4") "Profil 12: un plan ne va pas sans le profil, il reprend sa place; PLV-PC le change.")
+((equal avant (tout) 1e-9) T)
+(tape ("PLV-PC" "M" "130" "24" "PLV-PC" "A" "140" "23") (sauf "reprend"))
+((mapcar 'cadr (plv-plans p)) (30.0 24.0 23.0))
+(tape ("U" "U") (sauf "reprend"))
 ;; a copy of it has no ground of its own, and may go anywhere
 (tape ("COPY" "!p" "" "0,0" "0,500") (sauf "son bloc"))
 ((equal (mapcar 'plv-origine (plv-profils)) '((1000.0 500.0 0.0) (1000.0 1000.0 0.0)) 1e-9) T)
