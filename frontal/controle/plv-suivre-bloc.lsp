@@ -39,21 +39,20 @@
   (if (and (= (plv-cle 0 groupes) "LINE") (not (equal (list (plv-cle 10 groupes) (plv-cle 11 groupes)) bouts 1e-4)))
     (progn (entmod (subst (cons 11 (cadr bouts)) (assoc 11 groupes) (subst (cons 10 (car bouts)) (assoc 10 groupes) groupes))) T)))
 
-(defun plv-suivre-plans (profil entites / plans)
-  (setq plans (vl-remove-if-not '(lambda (s) (member (plv-section-entite s) entites)) (plv-sections-de-plan profil)))
-  (if (and plans (= (plv-cle 2 (entget profil)) plv-bloc-profil) (not (plv-refus-profil profil))
-           (member T (mapcar '(lambda (s) (plv-suivre-bloc:plan profil s)) plans)))
+(defun plv-suivre-bloc:plans (profil entites)
+  "Puts back those among entities; T where one stood elsewhere."
+  (member T
+    (mapcar '(lambda (s) (plv-suivre-bloc:plan profil s))
+      (vl-remove-if-not '(lambda (s) (member (plv-section-entite s) entites)) (plv-sections-de-plan profil)))))
+
+(defun plv-suivre-plans (profil entites)
+  (if (and (vl-some '(lambda (plan) (member plan entites)) (plv-entites-plans profil))
+           (= (plv-cle 2 (entget profil)) plv-bloc-profil) (not (plv-refus-profil profil)) (plv-suivre-bloc:plans profil entites))
     (plv-dire (strcat "Profil " (plv-numero-profil profil) ": un plan ne va pas sans le profil, il reprend sa place; PLV-PC le change."))))
 
 ;; --- after a command
 
-(defun plv-suivre-bloc:touche-p (entites / calque)
-  (setq calque (strcase (plv-calque "PLV-PLANS")))
-  (vl-some
-    '(lambda (e / g)
-       (setq g (entget e))
-       (or (= (plv-cle 0 g) "INSERT") (and (= (plv-cle 0 g) "LINE") (= (strcase (plv-cle 8 g)) calque))))
-    entites))
+(defun plv-suivre-bloc:touche-p (entites) (vl-some '(lambda (e) (member (plv-type e) '("INSERT" "LINE"))) entites))
 
 (defun plv-apres-commande-entier (entites)
   "entites: those that a command has changed or made, or T."
