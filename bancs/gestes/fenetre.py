@@ -19,9 +19,9 @@ class NoAnswer(Exception):
     pass
 
 
-def until(answer, what):
+def until(answer, what, patience=PATIENCE):
     """What a function gives as soon as that is true."""
-    end = time.monotonic() + PATIENCE
+    end = time.monotonic() + patience
     while time.monotonic() < end:
         try:
             if found := answer():
@@ -126,17 +126,21 @@ class Window:
     # --- beside the work that is measured
 
     def numbers(self, expression):
-        """Lists of numbers that an expression gives, asked by the command line."""
-        before = len(self.said())
-        xdotool("type", "--delay", 1, "(progn (princ \"{{\") (foreach l %s (foreach n l (princ (rtos n 2 8)) (princ \" \")) (princ \"|\")) (princ \"}}\") (princ))"
-                % expression)
-        xdotool("key", "Return")
+        """Lists of numbers that an expression gives, asked by the command line; once more where keys were lost."""
+        for _ in range(4):
+            before = len(self.said())
+            xdotool("type", "--delay", 1, "(progn (princ \"{{\") (foreach l %s (foreach n l (princ (rtos n 2 8)) (princ \" \")) (princ \"|\")) (princ \"}}\") (princ))"
+                    % expression)
+            xdotool("key", "Return")
+            try:
+                return until(lambda: self.given(before), expression, PATIENCE / 4)
+            except NoAnswer:
+                xdotool("key", "Escape", "Escape")
+        raise NoAnswer(expression)
 
-        def given():
-            found = re.search(r"\{\{([-0-9. |]*)\}\}", self.said()[before:])
-            return found and [[float(n) for n in part.split()] for part in found.group(1).split("|")[:-1]]
-
-        return until(given, expression)
+    def given(self, before):
+        found = re.search(r"\{\{([-0-9. |]*)\}\}", self.said()[before:])
+        return found and [[float(n) for n in part.split()] for part in found.group(1).split("|")[:-1]]
 
     def line(self):
         """The vertices of the line of sewers as [distance, altitude, radius or 0]."""

@@ -212,7 +212,8 @@ def main():
         return compare(arguments, folder)
     finally:
         for helper in helpers:
-            helper.kill()
+            helper.terminate()  # the launcher ends its bus
+            helper.wait()
 
 
 if __name__ == "__main__":
