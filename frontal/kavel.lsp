@@ -11,7 +11,7 @@
     (profil (base)
      plv-genres plv-plans plv-cadre plv-terrain-profil plv-profil plv-profils plv-appartenance plv-chaines plv-reparer
      plv-reparer-contenu plv-faits plv-habillage plv-sol plv-terrain-dessine plv-rappels plv-terrains plv-niveaux
-     plv-elements plv-cotes-mains plv-cotes-posees plv-pentes plv-statiques plv-blocs)
+     plv-elements plv-cotes-mains plv-poses plv-cotes-posees plv-pentes plv-statiques plv-blocs)
     (fiches (base profil)
      plv-fiches plv-fiches-images)
     (portes (base profil)
@@ -27,12 +27,12 @@
      plv-remplissage-terrains plv-remplissage-plan plv-devers plv-remplissage-blocs plv-remplissage-reseau plv-cases plv-matrices plv-ligne-seule
      plv-devers-fiche plv-matrices-fiche)
     (cotes (base profil fiches portes)
-     plv-cotes plv-cotes-refaire plv-cotes-fiche)
+     plv-cotes plv-cotes-refaire plv-cotes-prevues plv-cotes-fiche)
     (gestes (base profil fiches portes projet cotes)
      plv-report plv-modifier plv-tracer plv-listes plv-gestes-fiche plv-menu-fiche)
     (metres (base profil fiches portes)
      plv-metres-troncons plv-metres-classes plv-metres-traces plv-metres-lots plv-metres-controle plv-metres-rapport plv-metres-titres plv-cubpl
-     plv-metres-sources plv-metres plv-legende-dessin plv-legende plv-metres-prevus plv-metres-reglees plv-metres-fiche)
+     plv-metres-sources plv-metres plv-legende-dessin plv-legende plv-legende-prevue plv-metres-prevus plv-metres-reglees plv-metres-fiche)
     (tranchees (base profil fiches reseaux metres)
      plv-tranchees plv-tranchees-rapport plv-tranchees-classeur plv-tranchees-legende plv-tranchees-dessin plv-tranchees-coupes plv-tranchees-questions plv-tranchees-fiche)
     (optimal (base profil projet fiches)
@@ -57,13 +57,13 @@
     (feuilles (base profil fiches plan reseaux tableaux metres)
      plv-encarts plv-mentions plv-bords plv-cartouche plv-logo plv-bande-plan plv-liste-feuilles plv-equilibre plv-feuilles plv-feuilles-couleurs plv-feuilles-tracer plv-presentations plv-presentations-faire plv-feuilles-fiche plv-cartouche-fiche)
     (suivi (base profil fiches plan reseaux tranchees tableaux cotes metres echange page feuilles)
-     plv-sources plv-sources-metres plv-choses plv-etat plv-refaire plv-mains plv-actualiser plv-sortie plv-suivre-sol plv-etat-fiche)
+     plv-sources plv-sources-metres plv-choses plv-tenues plv-etat plv-refaire plv-mains plv-actualiser plv-sortie plv-suivre-sol plv-etat-fiche)
     (styles (base profil fiches reseaux tableaux metres suivi)
      plv-style-fichier plv-style plv-fond plv-boites plv-libelles plv-libelles-poser plv-legende-lignes plv-cadres plv-presentation plv-style-fiche)
     (ensemble (base profil fiches plan metres)
      plv-ensemble plv-profil-entier plv-profil-fiche)
     (controle (base profil reseaux tableaux ligne souris suivi ensemble)
-     plv-rapport plv-audit plv-bureau plv-proprietes plv-bureau-ligne plv-bureau-prises plv-survol)))
+     plv-rapport plv-audit plv-bureau plv-proprietes plv-bureau-ligne plv-bureau-prises plv-survol plv-suivre-bloc)))
 
 (foreach salle plv-salles
   (foreach fichier (cddr salle)

@@ -190,8 +190,14 @@ constexpr ligneFonction kTable[] = {
      L"T quand chaque ligne d'une liste de (ligne départ arrivée) va d'un point à l'autre, au dix-millième près."},
     {L"et_departs", et_departs, L"(et_departs lignes)",
      L"Le point de départ de chaque ligne d'une liste, nil pour autre chose."},
+    {L"et_morceaux", et_morceaux, L"(et_morceaux courbe)",
+     L"Les points entre lesquels une courbe est lue comme droite pour être mesurée."},
     {L"et_reels", et_reels, L"(et_reels valeurs décimales)",
      L"Des réels en textes, avec tant de décimales et un point; nil reste nil, zéro n'a pas de moins."},
+    {L"et_cotes", et_cotes, L"(et_cotes profil courbe x)",
+     L"Ce que pl_cotauto écrirait d'une courbe, ou d'une polyligne donnée par ses points, au-dessus du plan qui règne à "
+     L"une abscisse du dessin: (x y altitude hauteur) à chaque point du terrain, y étant l'ordonnée de la hauteur, les "
+     L"deux derniers des textes."},
     {L"et_ecarter", et_ecarter, L"(et_ecarter étiquettes gauche droite)",
      L"Des étiquettes (centre largeur) écartées le long d'une rangée, aussi peu que possible, pour qu'aucune n'en "
      L"touche "

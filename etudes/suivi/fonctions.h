@@ -13,7 +13,9 @@ void et_entites();
 void et_hors();
 void et_bouts();
 void et_departs();
+void et_morceaux();
 void et_reels();
 void et_chaine();
+void et_cotes();
 
 }  // namespace etu

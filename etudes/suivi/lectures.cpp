@@ -1,5 +1,6 @@
 // What AutoLISP would have to look at entity by entity, of which there are thousands: those that a record names (et_entites), those that
-// another list lacks (et_hors), a chain (et_chaine), the ends of lines (et_departs, et_bouts); numbers as texts (et_reels).
+// another list lacks (et_hors), a chain (et_chaine), the ends of lines (et_departs, et_bouts), the straight pieces that the
+// first plug-in reads of a curve (et_morceaux); numbers as texts (et_reels).
 #include <cmath>
 #include <optional>
 #include <unordered_set>
@@ -15,6 +16,7 @@
 #include "module/profil/chaines.h"
 #include "module/support/base/lettres.h"
 #include "module/support/base/nombres.h"
+#include "module/support/courbes/kitCourbes.h"
 #include "module/support/dessin/kitXrecords.h"
 
 namespace etu {
@@ -97,6 +99,23 @@ void et_departs() {
     else liste.ajouter(acutBuildList(RTNIL, 0));
   }
   if (liste.tete()) acedRetList(liste.tete());
+}
+
+void et_morceaux() {
+  plv::ArgsLisp args;
+  plv::commencerAppel(args);
+  if (!plv::estNom(args.nieme(0))) return;
+  const AcDbObjectPointer<AcDbCurve> courbe(plv::valeurId(args.nieme(0)));
+  if (courbe.openStatus() != Acad::eOk) return;
+  constexpr double kTolerance = 1e-8;
+  AcGePoint2dArray debuts, fins;
+  plv::segmentsCourbe(*courbe, debuts, fins, kTolerance);
+  if (debuts.isEmpty()) return;
+  plv::listeRb liste(acutBuildList(RTLB, 0));
+  liste.ajouter(acutBuildList(RTLB, RTREAL, debuts[0].x, RTREAL, debuts[0].y, RTLE, 0));
+  for (const AcGePoint2d& p : fins) liste.ajouter(acutBuildList(RTLB, RTREAL, p.x, RTREAL, p.y, RTLE, 0));
+  liste.ajouter(acutBuildList(RTLE, 0));
+  acedRetList(liste.tete());
 }
 
 void et_reels() {

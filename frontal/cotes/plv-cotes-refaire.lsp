@@ -14,14 +14,11 @@
     (list (distof (cadr (plv-fait-reponses fait)) 2) (car (plv-fait-reponses fait)))
     (list (plv-cle 50 (entget (car cotes))) (plv-cotes-lesquelles cotes))))
 
-(defun plv-cotes-refaire:porteuses (profil genre cotes / elements)
+(defun plv-cotes-refaire:porteuses (profil genre cotes / elements portees)
   "The curves of a kind that reach dimensions, each as (curve dimension ...)."
-  (setq elements (plv-elements profil genre))
-  (vl-remove nil
-    (mapcar
-      '(lambda (e / siennes)
-         (if (setq siennes (vl-remove-if-not '(lambda (c) (eq (plv-cote-porteuse c elements) e)) cotes)) (cons e siennes)))
-      elements)))
+  (setq elements (plv-elements profil genre)
+        portees (if elements (mapcar '(lambda (c) (cons (plv-cote-porteuse c elements) c)) cotes)))
+  (vl-remove-if-not 'cdr (mapcar '(lambda (e) (cons e (mapcar 'cdr (vl-remove-if-not '(lambda (p) (eq (car p) e)) portees)))) elements)))
 
 (defun plv-cotes-refaire:ajouter (lots genre reponses courbe / lot)
   "The lots with a curve in that of its answers."

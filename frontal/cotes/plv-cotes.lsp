@@ -6,44 +6,49 @@
   "Abscissas of the axes between sections of planes; the first one ends below the dimensions."
   (mapcar '(lambda (d) (+ (car (plv-origine profil)) d)) (plv-changements (plv-plans profil))))
 
-(defun plv-cotes:abscisse (e) (car (plv-cote-point e)))
-
-(defun plv-cotes:place (groupes)
+(defun plv-cotes:place (pose)
   "The room along the profile that a dimension needs."
-  (if (> (abs (sin (plv-cle 50 groupes))) 0.7)
-    (* 1.2 (plv-cle 40 groupes))
-    (+ (* 0.5 (plv-cle 40 groupes)) (* 0.8 (plv-largeur-texte (plv-cle 1 groupes) (plv-cle 40 groupes))))))
+  (if (> (abs (sin (plv-pose-rotation pose))) 0.7)
+    (* 1.2 (plv-pose-hauteur pose))
+    (+ (* 0.5 (plv-pose-hauteur pose)) (* 0.8 (plv-largeur-texte (plv-pose-mots pose) (plv-pose-hauteur pose))))))
 
 (defun plv-cotes:sur-un-axe-p (x axes hauteur)
   (vl-some '(lambda (a) (< (abs (- x a)) (* 0.9 hauteur))) axes))
 
-(defun plv-cotes:serrees (cotes axes / x groupes precedent serrees)
-  "Those of a row that stand on an axis or too close after the one before."
-  (foreach e (vl-sort cotes '(lambda (a b) (< (plv-cotes:abscisse a) (plv-cotes:abscisse b))))
-    (setq groupes (entget e) x (plv-cotes:abscisse e))
-    (if (or (and precedent (< (- x precedent) (plv-cotes:place groupes)))
-            (plv-cotes:sur-un-axe-p x axes (plv-cle 40 groupes)))
-      (setq serrees (cons e serrees))
-      (setq precedent x)))
-  serrees)
+(defun plv-cotes:eclaircies (poses axes / x precedent gardees serrees)
+  "A row without those that stand on an axis or too close after the one before: (kept left-out)."
+  (foreach pose (vl-sort poses '(lambda (a b) (< (plv-pose-abscisse a) (plv-pose-abscisse b))))
+    (setq x (plv-pose-abscisse pose))
+    (if (or (and precedent (< (- x precedent) (plv-cotes:place pose)))
+            (plv-cotes:sur-un-axe-p x axes (plv-pose-hauteur pose)))
+      (setq serrees (cons pose serrees))
+      (setq precedent x gardees (cons pose gardees))))
+  (list gardees serrees))
 
-(defun plv-cotes:eclaircir (profil genre / elements cotes)
-  "Takes away the dimensions of a kind that would overlap."
+(defun plv-poses-eclaircies (profil genre poses / elements mienne-p miennes)
+  "Poses, latest first, without those of a kind that would overlap: (kept left-out)."
   (setq elements (plv-elements profil genre)
-        cotes (vl-remove-if-not '(lambda (c) (member (plv-cote-courbe c) elements)) (plv-cotes-du-profil profil)))
+        mienne-p '(lambda (p) (member (plv-pose-courbe p) elements))
+        miennes (vl-remove-if-not mienne-p poses))
+  (mapcar 'append
+    (plv-cotes:eclaircies (vl-remove-if 'plv-pose-altitude-p miennes) (plv-cotes:axes profil))
+    (plv-cotes:eclaircies (vl-remove-if-not 'plv-pose-altitude-p miennes) nil)
+    (list (vl-remove-if mienne-p poses) nil)))
+
+(defun plv-cotes:eclaircir (profil genre)
+  "Takes away the dimensions of a kind that would overlap."
   (plv-effacer-cotes
-    (append (plv-cotes:serrees (vl-remove-if 'plv-cote-altitude-p cotes) (plv-cotes:axes profil))
-            (plv-cotes:serrees (vl-remove-if-not 'plv-cote-altitude-p cotes) nil))))
+    (mapcar 'plv-pose-cote (cadr (plv-poses-eclaircies profil genre (mapcar 'plv-pose-de (plv-cotes-du-profil profil)))))))
 
 ;; --- what a curve had
 
 (defun plv-cotes:atteint-p (courbe x / boite)
   (if courbe
-    (progn (setq boite (plv-boite courbe)) (<= (- (car boite) 1e-3) x (+ (caddr boite) 1e-3)))))
+    (progn (setq boite (plv-lire-une-fois (list "boite" courbe) '(lambda () (plv-boite courbe)))) (<= (- (car boite) 1e-3) x (+ (caddr boite) 1e-3)))))
 
 (defun plv-cote-porteuse (cote elements / x courbe)
   "The curve of a dimension where that still reaches it; a change of plane may have cut it: else the element of its kind that does."
-  (setq x (plv-cotes:abscisse cote) courbe (plv-cote-courbe cote))
+  (setq x (car (plv-cote-point cote)) courbe (plv-cote-courbe cote))
   (cond ((plv-cotes:atteint-p courbe x) courbe)
         ((if (or (member courbe elements) (not (plv-existe courbe))) (car (vl-member-if '(lambda (e) (plv-cotes:atteint-p e x)) elements))))
         (courbe)))
@@ -54,11 +59,14 @@
 
 ;; --- writing
 
-(defun plv-cotes:sans-moins-zero (cote / groupes texte)
+(defun plv-cote-en-mots (mots altitude-p / sans)
   "A height that rounds to zero is +0.00, an altitude 0.00."
-  (setq groupes (entget cote) texte (plv-sans-moins-zero (plv-cle 1 groupes)))
-  (if (/= texte (plv-cle 1 groupes))
-    (entmod (subst (cons 1 (if (plv-cote-altitude-p cote) texte (strcat "+" texte))) (assoc 1 groupes) groupes))))
+  (setq sans (plv-sans-moins-zero mots))
+  (if (or altitude-p (= sans mots)) sans (strcat "+" sans)))
+
+(defun plv-cotes:sans-moins-zero (cote / groupes texte)
+  (setq groupes (entget cote) texte (plv-cote-en-mots (plv-cle 1 groupes) (plv-cote-altitude-p cote)))
+  (if (/= texte (plv-cle 1 groupes)) (entmod (subst (cons 1 texte) (assoc 1 groupes) groupes))))
 
 (defun plv-cotes:appeler (profil genre rotation lesquelles courbe point)
   "What the module writes for a curve."
@@ -82,10 +90,14 @@ dimensions: that is the curve, not the chords."
   (entdel cordes)
   cotes)
 
-(defun plv-cotes:ecrire (profil genre rotation lesquelles courbe / boite point cordes cotes)
-  "The dimensions of a curve, written by the module. Its middle tells the module the plane that it is drawn over."
-  (setq boite (plv-boite courbe)
-        point (plv-point (* 0.5 (+ (car boite) (caddr boite))) (cadr boite))
+(defun plv-point-de-cotes (courbe / boite)
+  "By which a curve is picked: its middle tells the module the plane that it is drawn over."
+  (setq boite (plv-boite courbe))
+  (plv-point (* 0.5 (+ (car boite) (caddr boite))) (cadr boite)))
+
+(defun plv-cotes:ecrire (profil genre rotation lesquelles courbe / point cordes cotes)
+  "The dimensions of a curve, written by the module."
+  (setq point (plv-point-de-cotes courbe)
         cordes (plv-cordes-de courbe)
         cotes
          (if cordes

@@ -18,6 +18,11 @@
   "The name of the table that sheets are plotted with."
   (if (= (setq nom (plv-couleurs-d-un-layout)) "") "Couleurs" nom))
 
+(defun plv-couleurs-fichier (nom / connu)
+  "The file of a table, one's own before the program's; nil for what is no file."
+  (if (setq connu (car (vl-member-if '(lambda (n) (plv-couleurs:egales-p n nom)) (tables-de-trace))))
+    (cond ((findfile (strcat (plv-dossier-reglages) "/traces/" connu ".txt"))) ((findfile (strcat "trace-" connu ".txt"))))))
+
 (defun plv-couleurs:egales-p (a b) (= (strcase a) (strcase b)))
 
 (defun plv-couleurs-proposees (/ noms actuelle)

@@ -1,6 +1,7 @@
 ;; PLV-LEGENDE: the depth classes of a profile as a block beside it: colour, limits, length, surface, volume.
 ;; Each kind of line has its own. The block is made anew each time, and its reference in the drawing goes with it. The reference names
 ;; the profile and the kind; in drawings of earlier versions only the block's name told them.
+;; Shared in the room: plv-legende:*
 
 (setq plv-legende:cle-genre "LEGENDEGENRE" plv-legende:cle-tranchees "LEGENDETRANCHEES"
       plv-legende:opaque 33554687)

@@ -55,11 +55,14 @@
   (setq genre (plv-formes:type-pour nil forme))
   (entmakex (append (list (cons 0 genre) '(100 . "AcDbEntity")) (plv-formes:corps genre forme 0.0))))
 
-(defun plv-cordes-de (entite / forme)
-  "A polyline that stands for a curve with arcs, drawn now, for functions of the module that read arcs along their chords; nil for a
-curve that needs none."
+(defun plv-forme-des-cordes (entite / forme)
+  "The form of a polyline that stands for a curve with arcs, for those that read arcs along their chords; nil for a curve that needs none."
   (setq forme (plv-forme-de entite))
-  (if (and (listp forme) (plv-forme-courbe-p forme)) (plv-forme-tracer (plv-forme-en-cordes forme))))
+  (if (and (listp forme) (plv-forme-courbe-p forme)) (plv-forme-en-cordes forme)))
+
+(defun plv-cordes-de (entite / forme)
+  "The same, drawn now for functions of the module."
+  (if (setq forme (plv-forme-des-cordes entite)) (plv-forme-tracer forme)))
 
 (defun plv-forme-creer (modele forme / groupes genre)
   "A new curve of a form, with the looks and the keys of another one."

@@ -10,8 +10,11 @@
     (plv-noter-place-cote profil e)))
 
 (defun plv-cotes-du-profil (profil)
-  (vl-remove-if-not '(lambda (e) (eq (plv-nommee e plv-posees:cle-profil) profil))
-    (plv-entites-du-jeu (ssget "X" (list '(0 . "TEXT") (list -3 (list plv-app-cles)))))))
+  "Latest first."
+  (plv-lire-une-fois (list "cotes" profil)
+    '(lambda ()
+       (vl-remove-if-not '(lambda (e) (eq (plv-nommee e plv-posees:cle-profil) profil))
+         (plv-entites-du-jeu (ssget "X" (list '(0 . "TEXT") (list -3 (list plv-app-cles)))))))))
 
 (defun plv-cote-courbe (cote)
   "The curve of a dimension; nil when it is gone."
@@ -82,61 +85,18 @@
 
 (defun plv-boites-cotes (profil) (mapcar 'plv-boite (plv-cotes-du-profil profil)))
 
-(defun plv-posees:se-genent-p (a dy b ecart)
-  "Whether box a, moved up, is closer to box b than a gap."
-  (and (< (car a) (caddr b)) (< (car b) (caddr a))
-       (< (+ (cadr a) dy) (+ (cadddr b) ecart -1e-6)) (< (cadr b) (+ (cadddr a) dy ecart -1e-6))))
-
-(defun plv-posees:montee (boite boites ecart / dy genante)
-  "How far a box must go up to stand a gap away from all others."
-  (setq dy 0.0)
-  (while (setq genante (car (vl-member-if '(lambda (b) (plv-posees:se-genent-p boite dy b ecart)) boites)))
-    (setq dy (+ (- (plv-boite-haut genante) (cadr boite)) ecart)))
-  dy)
-
 (defun plv-posees:monter (cote dy)
   (if (/= dy 0.0)
     (progn
       (plv-deplacer-texte cote (list 0.0 dy))
       (plv-monter-place-cote cote dy))))
 
-;; --- the two rows of a kind of line: heights over the curve and the ground, altitudes over everything
+;; --- the two rows of a kind of line, see plv-poses
 
-(defun plv-posees:dessus (cadre points courbe boite / a b y)
-  "The top of the ground and of a curve between the sides of a box."
-  (setq a (max (plv-distance cadre boite) (caar points))
-        b (min (- (caddr boite) (car (plv-cadre-origine cadre))) (car (plv-dernier points)))
-        y (vl-remove nil (mapcar '(lambda (d) (pl_yat courbe (plv-abscisse cadre d))) (list a b))))
-  (apply 'max
-    (append (list (cadr (plv-cadre-origine cadre))) y
-      (if (< a b) (mapcar '(lambda (p) (cadr (plv-vers-dessin cadre (car p) (cadr p)))) (plv-ligne-entre points a b))))))
-
-(defun plv-posees:ranger-hauteurs (cadre points hauteurs boites ttxt / boite sol)
-  "Each height a text height over the ground and its curve, and clear of the boxes."
-  (foreach c hauteurs
-    (setq boite (plv-boite c) sol (plv-posees:dessus cadre points (plv-cote-courbe c) boite))
-    (plv-posees:monter c
-      (plv-posees:montee boite (cons (list (car boite) (cadr (plv-cadre-origine cadre)) (caddr boite) sol) boites) ttxt))))
-
-(defun plv-posees:ranger-altitudes (profil altitudes sous boites ttxt / rangee place)
-  "The altitudes on one line, over the ground and what stands under them, and clear of the boxes."
-  (setq rangee (mapcar 'plv-boite altitudes)
-        sous (apply 'max (cons (+ (cadr (plv-origine profil)) (plv-hauteur-profil profil)) (mapcar '(lambda (e) (plv-boite-haut (plv-boite e))) sous)))
-        place (list (apply 'min (mapcar 'car rangee)) (+ sous ttxt) (apply 'max (mapcar 'caddr rangee))
-                    (+ sous ttxt (apply 'max (mapcar '(lambda (b) (- (cadddr b) (cadr b))) rangee))))
-        place (+ (* 0.5 (+ (cadr place) (cadddr place))) (plv-posees:montee place boites ttxt)))
-  (foreach c altitudes (plv-posees:monter c (- place (cadr (plv-cote-point c))))))
-
-(defun plv-posees:rangees (profil genre ranger-hauteurs-p / elements cotes miennes hauteurs boites)
-  (setq elements (plv-elements profil genre)
-        cotes (vl-remove-if-not 'plv-cote-courbe (plv-cotes-du-profil profil))
-        miennes (vl-remove-if-not '(lambda (c) (member (plv-cote-courbe c) elements)) cotes)
-        boites (append (mapcar 'plv-boite (vl-remove-if '(lambda (c) (member c miennes)) cotes)) (plv-boites-attributs profil))
-        hauteurs (vl-remove-if 'plv-cote-altitude-p miennes))
-  (if (and hauteurs ranger-hauteurs-p)
-    (plv-posees:ranger-hauteurs (plv-cadre profil) (plv-points-tn profil) hauteurs boites (plv-ttxt profil)))
-  (if (setq miennes (vl-remove-if-not 'plv-cote-altitude-p miennes))
-    (plv-posees:ranger-altitudes profil miennes (append hauteurs elements) boites (plv-ttxt profil))))
+(defun plv-posees:rangees (profil genre hauteurs-p / poses)
+  (setq poses (mapcar 'plv-pose-de (plv-cotes-du-profil profil)))
+  (mapcar '(lambda (avant apres) (plv-posees:monter (plv-pose-cote avant) (- (cadr (plv-pose-point apres)) (cadr (plv-pose-point avant)))))
+    poses (plv-poses-rangees profil genre poses hauteurs-p)))
 
 (defun plv-ranger-cotes (profil genre)
   "Dimensions of the curves of a kind where they are clear of the ground, of their curves, of the other kinds' and of the words of blocks."

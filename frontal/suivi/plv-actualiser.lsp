@@ -38,7 +38,15 @@
     (progn
       (plv-actualiser:tous etats '("TERRAIN"))
       (setq etats (plv-actualiser:etats profils))))
-  (plv-actualiser:tous etats (vl-remove-if '(lambda (c) (member c plv-choses-fichiers)) (plv-choses))))
+  (and (plv-actualiser:tous etats (vl-remove-if '(lambda (c) (member c plv-choses-fichiers)) (plv-choses)))
+       (plv-actualiser:renoter etats)))
+
+(defun plv-actualiser:renoter (etats / tenus)
+  "What was true though its sources had changed is noted with those that it has, now that the drawing changes anyhow."
+  (foreach siens etats
+    (setq tenus (vl-remove-if-not '(lambda (e) (and (plv-etat-tenu-p e) (plv-chose-entites (car siens) (plv-etat-fait e)))) (cdr siens)))
+    (if tenus (plv-noter-faits (car siens) (mapcar 'plv-etat-fait tenus))))
+  T)
 
 (defun plv-actualiser:etats (profils) (mapcar '(lambda (p) (cons p (plv-etats p))) profils))
 

@@ -9,7 +9,9 @@
 ;; why it can't be made anew (profile fact), nil for no reason;
 ;; how anew (profile facts): all stale ones of a kind at once;
 ;; how what a hand has done is kept: before, (profile facts) gives the facts to make anew and gestures; after, (profile gestures) does them
-;; again and gives in words what it could not. nil for a kind of which nothing is kept
+;; again and gives in words what it could not. nil for a kind of which nothing is kept;
+;; what may have changed without a thing coming out otherwise: (names of sources, a function (profile fact) that tells whether it would come
+;; out as it is). nil for a kind that always does when a source has changed
 (setq plv-choses:table
   '(("TERRAIN" plv-choses:mots-terrain ("releve" "traits")
      plv-choses:traits plv-choses:terrain nil plv-refaire-terrain nil)
@@ -20,7 +22,8 @@
     ("RANGEE" plv-choses:mots-rangee plv-choses:sources-rangee
      plv-choses:reference nil nil plv-refaire-rangees (plv-lever-rangees plv-remettre-tables))
     ("COTES" plv-choses:mots-cotes ("echelle" "textes" "plans" "courbe" "sol-courbe" "voisines")
-     plv-choses:textes plv-choses:cotes nil plv-refaire-cotes (plv-lever-cotes plv-remettre-cotes))
+     plv-choses:textes plv-choses:cotes nil plv-refaire-cotes (plv-lever-cotes plv-remettre-cotes)
+     (("echelle" "plans" "courbe" "sol-courbe" "voisines") plv-cotes-tenues-p))
     ("HABILLAGE" plv-choses:mots-habillage ("style" "echelle" "textes" "plans" "origine" "terrain" "terrains" "projets" "blocs" "reseaux")
      plv-choses:habillage nil nil plv-refaire-habillages nil)
     ("RESEAU" plv-choses:mots-reseau ("echelle" "textes" "plans" "reseau")
@@ -31,8 +34,9 @@
      plv-choses:coupes nil plv-choses:sans-reseau plv-refaire-coupes nil)
     ("HACHURES" plv-choses:mots-hachures ("classes-vues" "contours" "arcs-lignes" "sol-contours" "plans-lignes")
      plv-choses:surfaces plv-choses:hachures plv-choses:sans-ligne plv-refaire-hachures nil)
-    ("LEGENDE" plv-choses:mots-legende ("numero" "textes" "classes-vues" "lignes-jointes" "arcs-lignes" "sol-lignes")
-     plv-choses:blocs plv-choses:legendes plv-choses:sans-ligne plv-refaire-legendes nil)
+    ("LEGENDE" plv-choses:mots-legende ("numero" "textes" "classes" "lignes-jointes" "arcs-lignes" "sol-lignes")
+     plv-choses:blocs plv-choses:legendes plv-choses:sans-ligne plv-refaire-legendes nil
+     (("classes" "classes-vues" "lignes-jointes" "arcs-lignes" "sol-lignes") plv-legende-tenue-p))
     ("PLAN" plv-choses:mots-plan ("axe" "fleches" "blocs-portes" "textes")
      plv-choses:portees plv-choses:plan plv-choses:sans-axe plv-refaire-plan nil)
     ("CLASSEUR" plv-choses:mots-classeur ("fichier" "numero" "origine" "classes" "lignes" "arcs-lignes" "sol-lignes" "fixes")
@@ -43,7 +47,7 @@
      plv-choses:du-fichier nil plv-choses:sans-projet plv-refaire-exports nil)
     ("PAGE" plv-choses:mots-page ("fichier" "numero" "origine" "terrain" "terrains" "plans" "projets" "blocs")
      plv-choses:du-fichier nil nil plv-refaire-pages nil)
-    ("FEUILLES" plv-choses:mots-feuilles ("fichier" "numero" "dessin")
+    ("FEUILLES" plv-choses:mots-feuilles ("fichier" "numero" "dessin" "couleurs")
      plv-choses:du-fichier nil nil plv-refaire-feuilles nil)))
 
 ;; the kinds whose making changes nothing of which other things are made
@@ -78,6 +82,14 @@
 (defun plv-chose-refus (profil fait) (plv-choses:appeler 5 profil fait))
 
 (defun plv-chose-refaire (chose) (nth 6 (assoc chose plv-choses:table)))
+
+(defun plv-chose-tenue-p (profil fait changees / essai tenue)
+  "Whether a thing would come out as it is, though sources of these names have changed; not where that can't be worked out."
+  (setq essai (nth 8 (plv-choses:ligne fait)))
+  (if (and essai (vl-every '(lambda (nom) (member nom (car essai))) changees))
+    (progn
+      (setq tenue (vl-catch-all-apply (cadr essai) (list profil fait)))
+      (if (not (vl-catch-all-error-p tenue)) tenue))))
 
 (defun plv-chose-lever (chose) (car (nth 7 (assoc chose plv-choses:table))))
 (defun plv-chose-remettre (chose) (cadr (nth 7 (assoc chose plv-choses:table))))
@@ -130,13 +142,11 @@
 (defun plv-choses:textes (profil fait / courbe)
   "The dimensions of the curve, or those whose curve is gone."
   (setq courbe (if (plv-existe (plv-fait-entite fait)) (plv-fait-entite fait)))
-  (vl-remove-if-not '(lambda (c) (eq (plv-cote-courbe c) courbe)) (plv-choses:cotes-posees profil)))
-
-(defun plv-choses:cotes-posees (profil) (plv-lire-une-fois (list "cotes" profil) '(lambda () (plv-cotes-du-profil profil))))
+  (vl-remove-if-not '(lambda (c) (eq (plv-cote-courbe c) courbe)) (plv-cotes-du-profil profil)))
 
 (defun plv-courbes-cotees (profil)
   "The curves that have dimensions, nil among them when one is gone."
-  (plv-uniques (mapcar 'plv-cote-courbe (plv-choses:cotes-posees profil))))
+  (plv-uniques (mapcar 'plv-cote-courbe (plv-cotes-du-profil profil))))
 
 (defun plv-courbes-cotees-du-genre (profil genre)
   (vl-remove-if-not '(lambda (e) (and e (= (plv-genre-de profil e) genre))) (plv-courbes-cotees profil)))

@@ -1,12 +1,15 @@
 ;; PLV-ETAT: which of the things derived of a profile are true. It is worked out of the drawing each time: the sources are read and
-;; their fingerprints compared with those that the thing was made with.
+;; their fingerprints compared with those that the thing was made with. Where they differ and the kind can tell what would come out, that is
+;; compared with what is there.
 ;; Shared in the room: plv-etat:*
 
-;; --- a state is (fact state reasons): "a-jour", "a-refaire" or "impossible", the reasons as texts
+;; --- a state is (fact state reasons [held]): "a-jour", "a-refaire" or "impossible", the reasons as texts; held: T for what is true though
+;; sources have changed
 
 (defun plv-etat-fait (etat) (car etat))
 (defun plv-etat-valeur (etat) (cadr etat))
 (defun plv-etat-raisons (etat) (caddr etat))
+(defun plv-etat-tenu-p (etat) (cadddr etat))
 (defun plv-etat-a-jour-p (etat) (= (plv-etat-valeur etat) "a-jour"))
 (defun plv-etat-a-refaire-p (etat) (= (plv-etat-valeur etat) "a-refaire"))
 
@@ -27,27 +30,25 @@
 (setq plv-etat:sans-suivi "fait sans que ses sources soient notées")
 
 (defun plv-etat:changees (profil fait)
-  "In words what has changed since a thing was made."
-  (cond
-    ((plv-chose-orpheline-p fait) (list "la courbe est effacée"))
-    ((not (plv-fait-sources fait)) (list plv-etat:sans-suivi))
-    (T
-     (plv-uniques
-       (mapcar 'plv-source-en-mots
-         (vl-remove-if '(lambda (nom) (plv-etat:inchangee-p profil fait nom))
-           (plv-uniques (append (plv-chose-sources profil fait) (mapcar 'car (plv-fait-sources fait))))))))))
+  "The names of the sources that have changed since a thing was made."
+  (vl-remove-if '(lambda (nom) (plv-etat:inchangee-p profil fait nom))
+    (plv-uniques (append (plv-chose-sources profil fait) (mapcar 'car (plv-fait-sources fait))))))
 
 (defun plv-etat:inchangee-p (profil fait nom / maintenant)
   "A source of which nothing can be known hasn't changed."
   (or (not (setq maintenant (plv-source-empreinte profil fait nom)))
       (= maintenant (plv-cle nom (plv-fait-sources fait)))))
 
-(defun plv-etat:de (profil fait / raisons refus)
-  (setq raisons (plv-etat:changees profil fait))
+(defun plv-etat:vieille (profil fait raisons / refus)
+  (if (setq refus (plv-chose-refus profil fait)) (list fait "impossible" (list refus)) (list fait "a-refaire" raisons)))
+
+(defun plv-etat:de (profil fait / changees)
   (cond
-    ((not raisons) (list fait "a-jour" nil))
-    ((setq refus (plv-chose-refus profil fait)) (list fait "impossible" (list refus)))
-    (T (list fait "a-refaire" raisons))))
+    ((plv-chose-orpheline-p fait) (plv-etat:vieille profil fait (list "la courbe est effacée")))
+    ((not (plv-fait-sources fait)) (plv-etat:vieille profil fait (list plv-etat:sans-suivi)))
+    ((not (setq changees (plv-etat:changees profil fait))) (list fait "a-jour" nil))
+    ((plv-chose-tenue-p profil fait changees) (list fait "a-jour" nil T))
+    (T (plv-etat:vieille profil fait (plv-uniques (mapcar 'plv-source-en-mots changees))))))
 
 (defun plv-etat:notes (profil)
   "The facts of a profile, those about its tables and dimensioned curves too."

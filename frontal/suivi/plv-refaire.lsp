@@ -3,10 +3,10 @@
 
 ;; --- the ground lines: of a record that has changed they are drawn, else what was dragged is the ground now
 
-(defun plv-refaire-terrain (profil faits / fait)
-  (setq fait (car faits))
+(defun plv-refaire-terrain (profil faits / fait avant)
+  (setq fait (car faits) avant (plv-points-tn profil))
   (if (= (plv-source-empreinte profil fait "releve") (plv-cle "releve" (plv-fait-sources fait)))
-    (plv-reprendre-terrain profil)
+    (progn (plv-reprendre-terrain profil) (plv-suivre-sol:dire profil avant))
     (progn
       (plv-retracer-terrain profil)
       (if (plv-entites-habillage profil) (plv-rehabiller profil))))

@@ -52,6 +52,7 @@
     ("textes" "la hauteur des textes" plv-sources:textes)
     ("style" "le style du dessin" plv-sources:style)
     ("fichier" "le fichier lui-même" plv-sources:fichier)
+    ("couleurs" "la table de tracé" plv-sources:couleurs)
     ("reseaux" "les réseaux" plv-sources:reseaux)
     ("dessin" "le dessin du profil" plv-sources:dessin)))
 
@@ -60,7 +61,7 @@
 (setq plv-sources:aspects '("dessin"))
 
 ;; those that are the same for all things of a profile
-(setq plv-sources:du-profil '("echelle" "origine" "longueur" "distances" "altitudes" "numeros" "noms" "terrain" "terrains" "releve" "plans" "textes"))
+(setq plv-sources:du-profil '("echelle" "longueur" "distances" "altitudes" "numeros" "noms" "terrain" "terrains" "releve" "plans" "textes"))
 
 (defun plv-sources:cle (profil fait nom / rangee)
   "What a fingerprint is kept under while readings are kept: rows that show the same share it. nil for one of the thing's own."
@@ -83,7 +84,12 @@
 ;; --- the profile
 
 (defun plv-sources:echelle (profil fait) (list (plv-echv profil)))
-(defun plv-sources:origine (profil fait) (list (plv-premiere-station profil)))
+(defun plv-sources:origine (profil fait)
+  "Of a row without stations the places of its marks, if it has any."
+  (if (and (= (plv-fait-chose fait) "RANGEE") (not (plv-suit-origine-p profil (plv-sources:rangee fait))))
+    (list (if (= (plv-rangee-nature (plv-sources:rangee fait)) 10) (mapcar 'car (plv-reperes-ecrits profil))))
+    (list (plv-premiere-station profil))))
+
 (defun plv-sources:longueur (profil fait) (list (plv-longueur-profil profil)))
 
 (defun plv-sources:numero (profil fait) (list (plv-numero-profil profil)))
@@ -229,3 +235,8 @@
 (defun plv-sources:reseaux (profil fait) (list (plv-genres-de-reseau profil)))
 
 (defun plv-sources:dessin (profil fait) (append (plv-entites-dessinees profil) (plv-legendes-du-profil profil)))
+
+(defun plv-sources:couleurs (profil fait / nom fichier)
+  "The plot table by its name and what it says."
+  (setq nom (plv-couleurs-des-feuilles) fichier (plv-couleurs-fichier nom))
+  (list (strcase nom) (if fichier (plv-lire-lignes fichier))))

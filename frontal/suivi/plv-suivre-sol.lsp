@@ -1,5 +1,6 @@
 ;; After each command: ground lines that were dragged take their neighbours and the record along, in the same step. What else is made of the ground is
-;; not up to date then, and says so. The legend of lines follows those that came or went. A host without *apres-commande* calls plv-apres-commande by its reactors.
+;; not up to date then, and says so. The legend of lines follows those that came or went. A host without *apres-commande* calls its function by its reactors.
+;; Shared in the room: plv-suivre-sol:dire
 
 (defun plv-suivre-sol:trait-p (entite calque / groupes)
   (setq groupes (entget entite))
@@ -36,5 +37,3 @@
   (setq profils (plv-profils))
   (if (and profils (plv-suivre-sol:touche-p entites)) (foreach p profils (plv-suivre-sol p)))
   (foreach p profils (plv-presenter-sans-effacees p)))
-
-(setq *apres-commande* 'plv-apres-commande)

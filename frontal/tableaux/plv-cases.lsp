@@ -59,6 +59,17 @@
   "The ends of slope pieces that a row of distances shows."
   (mapcar 'car (apply (if (= nature 16) 'plv-remplir:bornes-partielles 'plv-remplir:bornes-cumulees) (list (plv-cases:contexte profil) genre))))
 
+(defun plv-suit-origine-p (profil rangee / genre)
+  "Whether something of a row that stations concern is written with them: marks without room and a line that isn't there have none."
+  (cond
+    ((= (plv-rangee-nature rangee) 10) (vl-some 'cadr (plv-reperes-ecrits profil)))
+    ((= (plv-rangee-nature rangee) 17)
+     (and (setq genre (plv-genre-de-rangee profil rangee)) (plv-bornes-ecrites profil genre 17)))
+    (T)))
+
+(defun plv-reperes-ecrits (profil)
+  (plv-remplir:reperes-ecrits (cons (cons 'origine (plv-premiere-station profil)) (plv-cases:contexte profil))))
+
 (defun plv-rangee-de-pentes-p (rangee) (assoc (plv-rangee-nature rangee) plv-redactions))
 
 (defun plv-cases:piece-et-mots (contexte piece nature / mots)

@@ -56,14 +56,19 @@
 
 (setq plv-reperes:pas '(10.0 20.0 25.0 50.0 100.0 200.0 250.0 500.0 1000.0))
 
+(defun plv-remplir:reperes-ecrits (contexte / place)
+  "(distance station) of a mark at every round station, the station nil where there is no room for it to the right."
+  (setq place (plv-reperes:largeur contexte))
+  (mapcar
+    '(lambda (m) (list m (if (<= (+ m place) (+ (plv-cle 'longueur contexte) 1e-6)) (+ m (plv-cle 'origine contexte)))))
+    (plv-reperes:marques contexte)))
+
 (defun plv-remplir:reperes (points contexte / marques)
-  "A mark at every round station, with the station written to its right."
-  (setq marques (plv-reperes:marques contexte))
+  "The marks, with the station written to their right."
+  (setq marques (plv-remplir:reperes-ecrits contexte))
   ;; Ticks only: a text of bars has no part to write.
-  (mapcar '(lambda (a b) (pl_TexteMultipleCentre (float a) (float b) "|")) marques (cdr marques))
-  (foreach m marques
-    (if (<= (+ m (plv-reperes:largeur contexte)) (+ (plv-cle 'longueur contexte) 1e-6))
-      (pl_TexteHorizontalGauche (float m) (pl_distToPk (+ m (plv-cle 'origine contexte)) 0) 0 0.5)))
+  (mapcar '(lambda (a b) (pl_TexteMultipleCentre (float (car a)) (float (car b)) "|")) marques (cdr marques))
+  (foreach m (vl-remove-if-not 'cadr marques) (pl_TexteHorizontalGauche (float (car m)) (pl_distToPk (cadr m) 0) 0 0.5))
   0)
 
 (defun plv-reperes:marques (contexte / pas station d marques)

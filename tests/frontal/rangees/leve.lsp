@@ -137,6 +137,36 @@
 ((car (vieux)) "Terrain dessiné")
 
 ;; A newer survey: planes, line and axis stay; what changed is told, and what was made of the ground is known to be stale.
+;; Its ground would look as if it had been dragged the other way.
+(situation "ABlockThatIsMovedAloneGoesBack")
+(preparer
+  (setq l (leve) n (entnext p))
+  (defun tout () (mapcar 'entget (append (list n) (plv-entites-du-jeu (ssget "X")))))
+  (setq avant (tout)))
+(tape ("MOVE" "!p" "" "0,0" "0,10") "Profil 12: son bloc ne va pas sans le reste, il reprend sa place; PLV-PROFIL Déplacer emmène tout." (sauf "dans le levé"))
+((equal avant (tout) 1e-9) T)
+(tape ("PLV-ACTUALISER"))
+((equal l (leve)) T)
+;; the step and what put it back are one
+(tape ("U" "MOVE" "(list p (car (plv-entites-plans p)))" "" "0,0" "7,3") "son bloc ne va pas sans le reste")
+((equal (plv-origine p) '(1000.0 500.0 0.0) 1e-9) T)
+;; so does a plane, alone or with the other one; one that PLV-PC changes stays
+(preparer (setq avant (tout)))
+(tape ("MOVE" "(list (cadr (plv-entites-plans p)))" "" "0,0" "3,-4") "Profil 12: un plan ne va pas sans le profil, il reprend sa place; PLV-PC le change.")
+((equal avant (tout) 1e-9) T)
+(tape ("PLV-PC" "M" "130" "24" "PLV-PC" "A" "140" "23") (sauf "reprend"))
+((mapcar 'cadr (plv-plans p)) (30.0 24.0 23.0))
+(tape ("U" "U") (sauf "reprend"))
+;; a copy of it has no ground of its own, and may go anywhere
+(tape ("COPY" "!p" "" "0,0" "0,500") (sauf "son bloc"))
+((equal (mapcar 'plv-origine (plv-profils)) '((1000.0 500.0 0.0) (1000.0 1000.0 0.0)) 1e-9) T)
+
+;; What a program moves is taken up by the update, which says what it does to the survey.
+(situation "TheUpdateSaysThatItChangesTheSurvey")
+(preparer (setq g (entget (car (plv-lignes-du-plan (car (plv-entites-plans p)))))) (entmod (subst (mapcar '+ (assoc 10 g) '(0 0.0 5.0 0.0)) (assoc 10 g) g)))
+(dit (plv-actualiser (list p)) "Profil 12: 1 point déplacé dans le levé.")
+((cadr (car (leve))) 50.5)
+
 (situation "ANewerSurveyTakesThePlaceOfTheGround")
 (fichier "neuf.csv" "distance;altitude;nom\n100;50;A\n110;51.25;\n115;50.5;Seuil\n120;49.5;B\n120;47;pied\n150;36;C\n")
 (fichier "ailleurs.csv" "distance;altitude\n90;50\n150;36\n")

@@ -56,8 +56,8 @@
    ("Rangée Obs" "Classeur <dossier>m.xlsx" "Export <dossier>tn.csv"))
   ;; the ground of the record: the quantities are measured on what is drawn of it, which follows first
   ((terrain 2 49.0) ("Terrain dessiné" "Lignes de rappel" "Rangée Altitude TN" "Rangée Profondeur" "Cotes" "Export <dossier>tn.csv"))
-  ;; tables and legend don't depend on the plane, and PLV-PC moves the reference lines
-  ((plv-pc p "M" 130.0 22.0) ("Cotes" "Hachures Projet"))
+  ;; tables and legend don't depend on the plane, and PLV-PC moves the reference lines and dimensions
+  ((plv-pc p "M" 130.0 22.0) ("Hachures Projet"))
   ((plv-pc p "A" 110.0 28.0) ("Cotes" "Hachures Projet" "Classeur <dossier>m.xlsx")))
 (preparer edition)
 ((plv-uniques (mapcar '(lambda (m) (if (wcmatch m "Cotes*") "Cotes" m)) (vieux))) marquees)
