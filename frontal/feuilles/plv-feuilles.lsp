@@ -1,7 +1,7 @@
 ;; Profiles on sheets with the frame and the title block of a template drawing.
 ;; A profile that is longer than the sheet is cut at stations; the sheets that follow show the titles of its tables again.
-;; A sheet is (scale (view ...) ((mark . text) ...) (inset ...) axis), a view (x1 y1 x2 y2 (x y1 y2) ...) in drawing units, its
-;; match lines last; see tracer-feuilles.
+;; A sheet is (scale (view ...) ((mark . text) ...) (inset ...) axis), a view (x1 y1 x2 y2 (x y1 y2) ... entity ...) in drawing units, with its
+;; match lines and what it doesn't show; see tracer-feuilles.
 ;; Shared in the room: plv-feuilles:*
 
 (setq plv-feuilles:echelles '(50.0 100.0 200.0 250.0 500.0 1000.0 2000.0 2500.0 5000.0 10000.0 20000.0))
@@ -22,14 +22,24 @@
 ;; a match line is drawn this much longer at both ends, in millimetres
 (setq plv-feuilles:depassement 3.0)
 
+(defun plv-feuilles:sur-la-coupe (mesures d / x)
+  "(bottom top) of dimensions and words over the profile that a cut goes through, the lowest first."
+  (setq x (+ (plv-cle 'x0 mesures) d))
+  (vl-sort
+    (append
+      (mapcar '(lambda (b) (list (cadr b) (plv-boite-haut b))) (vl-remove-if-not '(lambda (b) (< (car b) x (caddr b))) (plv-cle 'cotes mesures)))
+      (mapcar '(lambda (c) (list (plv-couche-bas c) (plv-couche-haut c)))
+        (vl-remove-if-not '(lambda (c) (and (plv-couche-entite c) (< (plv-debut c) d (plv-fin c)) (>= (plv-couche-bas c) (plv-cle 'y0 mesures))))
+          (plv-cle 'couches mesures))))
+    '(lambda (a b) (< (car a) (car b)))))
+
 (defun plv-feuilles:repere (mesures echelle d / x jeu y morceaux)
-  "The match line at a distance, in pieces: over the profile, not through the texts of its tables, nor through dimensions."
-  (setq x (+ (plv-cle 'x0 mesures) d) y (plv-cle 'y0 mesures) jeu (* 0.001 echelle (+ plv-feuilles:depassement 0.7)))
-  (foreach b (vl-sort (plv-cle 'cotes mesures) '(lambda (a b) (< (cadr a) (cadr b))))
-    (if (< (car b) x (caddr b))
-      (progn
-        (if (< y (- (cadr b) jeu)) (setq morceaux (cons (list x y (- (cadr b) jeu)) morceaux)))
-        (setq y (max y (+ (plv-boite-haut b) jeu))))))
+  "The match line at a distance, in pieces: from the plane on, not through the station beneath it, nor through what stands over it."
+  (setq x (+ (plv-cle 'x0 mesures) d) jeu (* 0.001 echelle (+ plv-feuilles:depassement 0.7))
+        y (+ (plv-cle 'y0 mesures) (* 0.001 echelle plv-feuilles:depassement)))
+  (foreach b (plv-feuilles:sur-la-coupe mesures d)
+    (if (< y (- (car b) jeu)) (setq morceaux (cons (list x y (- (car b) jeu)) morceaux)))
+    (setq y (max y (+ (cadr b) jeu))))
   (reverse (if (< y (plv-cle 'haut mesures)) (cons (list x y (plv-cle 'haut mesures)) morceaux) morceaux)))
 
 ;; --- texts
@@ -83,14 +93,23 @@
                       (plv-feuilles:nombre echelle) ".")))
   hauteur)
 
-(defun plv-feuilles:une (mesures echelle place titre rang debut fin encarts bande / feuille)
-  "The sheet between two cuts."
+(defun plv-feuilles:posee (mesures echelle debut fin)
+  "What of the sheet between two cuts says where its parts stand."
+  (list echelle (plv-feuilles:vues mesures echelle debut fin) nil nil (if debut (plv-encarts-axe mesures debut))))
+
+(defun plv-feuilles:sans (vues caches)
+  "Views of which the last one doesn't show some entities."
+  (append (plv-sans-dernier vues) (list (append (plv-dernier vues) caches))))
+
+(defun plv-feuilles:une (mesures echelle place titre rang avant debut fin encarts bande / feuille coupes)
+  "The sheet between two cuts; avant: the one before these."
   (setq feuille
     (list echelle (plv-feuilles:vues mesures echelle debut fin) (plv-feuilles:textes (plv-cle 'profil mesures) echelle titre debut fin rang)
-          (if fin nil encarts) (if debut (plv-encarts-axe mesures debut)) (if bande (plv-bande-plan mesures echelle bande debut fin))))
-  (append feuille
+          (if fin nil encarts) (if debut (plv-encarts-axe mesures debut)) (if bande (plv-bande-plan mesures echelle bande debut fin)))
+        coupes (plv-coupes mesures feuille (if debut (plv-feuilles:posee mesures echelle avant debut)) place debut fin rang))
+  (append (list echelle (plv-feuilles:sans (cadr feuille) (vl-remove-if 'listp coupes))) (cddr feuille)
     (list
-      (append (plv-coupes mesures feuille place debut fin rang)
+      (append (vl-remove-if-not 'listp coupes)
         (if bande (plv-bande-dessins mesures echelle (plv-place-largeur place) (plv-place-hauteur place) bande debut fin))))))
 
 (defun plv-feuilles:decouper (mesures echelle place / largeur hauteur coupures encarts faute)
@@ -104,14 +123,14 @@
     (plv-erreur faute)
     (list mesures coupures encarts (plv-feuilles:bande-plan mesures echelle place encarts))))
 
-(defun plv-feuilles:de-profil (decoupe echelle place titre rang / feuilles bouts)
+(defun plv-feuilles:de-profil (decoupe echelle place titre rang / feuilles bouts avant)
   "The sheets of one profile, numbered from rang."
   (setq bouts (append '(nil) (cadr decoupe) '(nil)))
   (while (cdr bouts)
-    (setq feuilles (cons (plv-feuilles:une (car decoupe) echelle place titre (+ rang (length feuilles)) (car bouts) (cadr bouts)
+    (setq feuilles (cons (plv-feuilles:une (car decoupe) echelle place titre (+ rang (length feuilles)) avant (car bouts) (cadr bouts)
                            (caddr decoupe) (cadddr decoupe))
                      feuilles)
-          bouts (cdr bouts)))
+          avant (car bouts) bouts (cdr bouts)))
   (reverse feuilles))
 
 (defun plv-feuilles:numeroter (feuilles)

@@ -108,7 +108,8 @@
       (if (cdr couleur) (list (cons 420 (cdr couleur)))))))
 
 (defun plv-style:rangee-du-calque (nom)
-  "The row of a layer by the name that it was made with; rows may have jokers, the last one that fits counts."
+  "The row of a layer by the name that it was made with, of a copy that of its layer; rows may have jokers, the last one that fits counts."
+  (setq nom (cond ((plv-original-de-copie nom)) (nom)))
   (plv-dernier
     (vl-remove-if-not '(lambda (champs) (wcmatch (strcase nom) (strcase (car champs))))
       (append (plv-style:rangees-de "calque")
