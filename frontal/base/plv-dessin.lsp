@@ -98,8 +98,8 @@
     (if (and (= (plv-calque (car calque)) (car calque)) (not (plv-calques:marque (tblobjname "LAYER" (car calque)))))
       (plv-calques:marquer calque))))
 
-;; the text style of profiles, which a style of the drawing makes
-(setq plv-texte-style "KAVEL-TEXTE")
+;; the text style of profiles and that of the titles of rows, which a style of the drawing makes
+(setq plv-texte-style "KAVEL-TEXTE" plv-texte-titres "KAVEL-TITRES")
 
 (defun plv-style-de-texte ()
   "The text style of profiles as a group, in a list; nil in a drawing without it."

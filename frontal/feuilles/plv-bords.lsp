@@ -81,7 +81,9 @@
       (mapcar '(lambda (c) (plv-bords:debord c bord))
         (vl-remove-if-not '(lambda (c) (plv-bords:suspendu-p c bord)) (plv-bords:dechires mesures bord))))))
 
-(defun plv-bords:rentree (torn bord) "How far a text is to be moved to stand within the edge." (* -1.0 (caddr bord) (plv-bords:debord torn bord)))
+(defun plv-bords:rentree (torn bord)
+  "How far a text is to be moved to stand within the edge, a little from it."
+  (* -1.0 (caddr bord) (+ (plv-bords:debord torn bord) (* 0.2 (- (plv-couche-haut torn) (plv-couche-bas torn))))))
 
 (defun plv-bords:entier-p (torn bord mesures)
   "Whether a text is whole within an edge, or can be."

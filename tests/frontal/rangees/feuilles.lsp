@@ -31,8 +31,8 @@
 ((< (cadr (ecrit avant "Point*")) (bord avant 1) (caddr (ecrit avant "Point*")) (- (mention avant) 2.5)) T)
 ((< (mention apres) (cadr (ecrit apres "Point*")) (bord apres -1) (caddr (ecrit apres "Point*"))) T)
 ;; the figure stands within the edge of both, and so far from the next cell
-((equal (caddr (ecrit avant "40.00")) (bord avant 1) 0.01) T)
-((equal (cadr (ecrit apres "40.00")) (bord apres -1) 0.3) T)
+((< 0.2 (- (bord avant 1) (caddr (ecrit avant "40.00"))) 0.8) T)
+((< 0.2 (- (cadr (ecrit apres "40.00")) (bord apres -1)) 0.9) T)
 ;; all three are not shown where they were, and nothing is blanked
 ((mapcar 'caches (list avant apres)) (("PK 300.00" "Point bas 49.05" "40.00") ("PK 300.00" "Point bas 49.05" "40.00")))
 ((vl-some '(lambda (d) (= (car d) "B")) (append (nth 6 avant) (nth 6 apres))) nil)

@@ -146,6 +146,8 @@
 ((not (plv-matrices p "<dossier>t.txt" nil)) nil)
 ;; a frame around it, the second row of three toned, an arrow for each of two slopes
 ((list (compte "PLV-CADRES" "LWPOLYLINE") (compte "PLV-ZEBRES" "HATCH") (compte "PLV-CADRES" "HATCH")) (1 1 2))
+;; rules look as the titles' frames do, of the layer of tables
+((ssget "X" '((0 . "LINE") (8 . "0"))) nil)
 ;; cells are written in the style's face
 ((cdr (assoc 7 (entget (ssname (ssget "X" '((0 . "TEXT") (1 . "52.00"))) 0)))) "KAVEL-TEXTE")
 ;; drawn again, they replace themselves; a row alone keeps them
@@ -155,6 +157,31 @@
 ((list (compte "PLV-CADRES" "LWPOLYLINE") (compte "PLV-MATRICE" "LWPOLYLINE") (compte "PLV-CADRES" "HATCH")) (1 2 2))
 ;; another height of texts draws the tables anew
 ((list (not (plv-style "<dossier>s.txt" nil 500.0)) (plv-matrice-echelle (plv-matrice (car (plv-tables p))))) (nil 1.25))
+
+;; Titles of rows have the style's face, and no more room than before; without it they have that of the other texts again.
+(situation "TitlesOfRowsHaveTheirFace")
+(fichier "t.txt" "T - 6.0 4 Altitude du terrain\nT - 2.5 2 Distances\n")
+(fichier "gras.txt" "texte;arial.ttf;2.5\ntitres;arialbd.ttf\n")
+(fichier "maigre.txt" "texte;arial.ttf;2.5\n")
+(fichier "vide.txt" "titres;\n")
+(preparer
+  (plv-matrices p "<dossier>t.txt" T)
+  (defun titres (/ e trouves)
+    (setq e (cdr (assoc -2 (tblsearch "BLOCK" (cdr (assoc 2 (entget (car (plv-tables p)))))))))
+    (while e
+      (if (= (cdr (assoc 0 (entget e))) "TEXT") (setq trouves (cons (entget e) trouves)))
+      (setq e (entnext e)))
+    (reverse trouves))
+  (defun large (g police / coins) (setq coins (textbox (list (assoc 1 g) (assoc 40 g) (cons 7 police)))) (- (caadr coins) (caar coins)))
+  (plv-style "<dossier>gras.txt" nil 500.0)
+  (setq gras (titres)))
+((mapcar '(lambda (g) (cdr (assoc 1 g))) gras) ("Altitude du terrain" "Distances"))
+((cdr (assoc 3 (entget (tblobjname "STYLE" (cdr (assoc 7 (car gras))))))) "arialbd.ttf")
+((vl-every '(lambda (g) (equal (* (cdr (assoc 41 g)) (large g "KAVEL-TITRES")) (large g "KAVEL-TEXTE") 1e-6)) gras) T)
+((> (large (car gras) "KAVEL-TITRES") (large (car gras) "KAVEL-TEXTE")) T)
+(preparer (plv-style "<dossier>maigre.txt" nil 500.0))
+((mapcar '(lambda (g) (list (cdr (assoc 7 g)) (cdr (assoc 41 g)))) (titres)) (("KAVEL-TEXTE" 1.0) ("KAVEL-TEXTE" 1.0)))
+(refuse (plv-style "<dossier>vide.txt" nil 500.0) "un fichier de police est attendu")
 
 (situation "TheGroundIsTonedButNotInGaps")
 (preparer (plv-ecrire-lacunes p '((40.0 80.0))) (plv-style "<dossier>s.txt" nil 1000.0))
