@@ -94,6 +94,9 @@
 ;; it is part of the dressing, above the title, and moves up with it
 ((vl-every '(lambda (e) (member e (plv-entites-habillage p))) (plv-entites-legende-lignes p)) T)
 ((> (bas) (cadr (cdr (assoc 10 (plv-attribut-profil p "TITRE"))))) T)
+;; a layer that a hand gives another colour
+(tape ("_.-LAYER" "_Color" "30" "PLV-PROJET-AEP" ""))
+((list (car (caddr (traits))) (length (legende))) (30 3))
 ;; erased by hand, and brought back
 (preparer (command "_.ERASE" (car eau) "") (plv-apres-commande nil))
 ((length (legende)) 2)

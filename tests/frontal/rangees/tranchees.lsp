@@ -132,6 +132,17 @@
 (dit (plv-etat (list p)) "Tranchées Assainissement: à jour")
 (preparer (plv-tranchees-ecrire-regles p "Assainissement" (regles '("classes;2"))))
 (dit (plv-etat (list p)) "Tranchées Assainissement: à mettre à jour: les types de tranchées")
+;; an update of both draws the network once, over the hatches
+(preparer
+  (plv-dessiner-reseau p "Assainissement")
+  (plsxd p "TTXT" (* 1.1 (plv-ttxt p)))
+  (setq dessins 0 dessiner plv-dessiner-reseau)
+  (defun plv-dessiner-reseau (profil genre) (setq dessins (1+ dessins)) (dessiner profil genre)))
+(dit (plv-etat (list p)) "Réseau Assainissement: à mettre à jour" "Tranchées Assainissement: à mettre à jour")
+((plv-actualiser (list p)) T)
+(dit (plv-etat (list p)) "Réseau Assainissement: à jour" "Tranchées Assainissement: à jour")
+(preparer (setq plv-dessiner-reseau dessiner))
+((list dessins (dessus-p)) (1 T))
 ((plv-actualiser (list p)) T)
 ((length (aires)) 7)
 (tape ("PLV-TRANCHEES" "Assainissement" "Hachurer" "Rien" "FIN") (sauf "Erreur"))
