@@ -11,7 +11,7 @@
     (profil (base)
      plv-genres plv-plans plv-cadre plv-terrain-profil plv-profil plv-profils plv-appartenance plv-chaines plv-reparer
      plv-reparer-contenu plv-faits plv-habillage plv-sol plv-terrain-dessine plv-rappels plv-terrains plv-niveaux
-     plv-elements plv-cotes-mains plv-cotes-posees plv-pentes plv-statiques plv-blocs)
+     plv-elements plv-obstacles plv-cotes-mains plv-cotes-posees plv-pentes plv-statiques plv-blocs)
     (fiches (base profil)
      plv-fiches plv-fiches-images)
     (portes (base profil)

@@ -50,6 +50,20 @@
 (dit (plv-pc p "A" 1050.0 40.0) "Plans de comparaison")
 (dit (progn (plv-dessiner-reseau p "Assainissement") (princ (strcat "textes: " (itoa (length (traces "TEXT")))))) "2 textes du réseau" "textes: 7")
 
+;; A long name stands above the ground that falls beneath it, words of a crossing beside the manhole next to it.
+(situation "WordsAreClearOfGroundAndWalls")
+(preparer
+  (plv-reseau-ecrire p "Assainissement"
+    '("regard;Regard du moulin;1040;visite;1000/1200" "regard;C;1090;visite;1000/1200" "tuyau;Regard du moulin;C;400/500" "croisement;gaz;1037;48.9;200;90"))
+  (plv-dessiner-reseau p "Assainissement")
+  (setq h (- (cadr (plv-vers-dessin (plv-cadre p) 0.0 0.0))))
+  (defun boite (texte) (etendue-tracee (list (car (vl-remove-if-not '(lambda (e) (wcmatch (plv-cle 1 (entget e)) texte)) (traces "TEXT"))))))
+  (setq nom (boite "Regard du moulin") gaz (boite "gaz*")))
+((> (cadar nom) (- (* 10.0 (- 50.0 (* 0.02 (caar nom)))) h)) T)
+((< (caar nom) 40.0 (caadr nom)) T)
+((or (< (caadr gaz) 39.4) (> (caar gaz) 40.6)) T)
+((< (cadadr gaz) (- (* 10.0 (- 50.0 (* 0.02 (caadr gaz)))) h)) T)
+
 (situation "WhatIsOddIsTold")
 (preparer
   (reseau)
