@@ -132,6 +132,21 @@
 ((mapcar 'plv-etat-valeur (vl-remove-if-not '(lambda (e) (= (plv-fait-chose (plv-etat-fait e)) "HABILLAGE")) (plv-etats p))) ("a-refaire"))
 ((list (plv-actualiser (list p)) (mots "8.33 %") (mots "9.42 %")) (T 0 1))
 
+;; A leader from a curve that stands under a dimension goes on above it.
+(situation "LeadersLeaveDimensions")
+(preparer
+  (plv-projet-fichier p "Voirie" "<dossier>p.csv")
+  (plv-coter p "Voirie" (* 0.5 pi) "Altitudes" (plv-elements p "Voirie"))
+  (plv-style "<dossier>s.txt" nil 1000.0)
+  (defun traits ()
+    (apply 'append
+      (mapcar '(lambda (e / s) (setq s (plv-cles 10 (entget e))) (mapcar 'list s (cdr s)))
+        (vl-remove-if-not '(lambda (e) (and (= (plv-type e) "LWPOLYLINE") (= (plv-cle 8 (entget e)) "PLV-LIBELLES"))) (plv-entites-habillage p)))))
+  (defun coupe-p (t1 b) (and (< (car b) (car (car t1)) (caddr b)) (equal (car (car t1)) (car (cadr t1)) 1e-6)
+                             (< (min (cadr (car t1)) (cadr (cadr t1))) (plv-boite-haut b)) (> (max (cadr (car t1)) (cadr (cadr t1))) (cadr b)))))
+((vl-some '(lambda (b) (vl-some '(lambda (t1) (< (car b) (car (car t1)) (caddr b))) (traits))) (plv-boites-cotes p)) T)
+((vl-some '(lambda (b) (vl-some '(lambda (t1) (coupe-p t1 b)) (traits))) (plv-boites-cotes p)) nil)
+
 ;; A block's words above the profile are below the title, which stands 1 m above them at least.
 (situation "TheTitleIsAboveWordsOfBlocks")
 (preparer
