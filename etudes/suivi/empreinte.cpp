@@ -24,6 +24,9 @@ using groupes = std::unique_ptr<resbuf, liberer>;
 constexpr std::wstring_view kCopie = L"-HORS-";
 std::wstring_view original(std::wstring_view calque) { return calque.substr(0, calque.find(kCopie)); }
 
+// The colour of the layer, which programs write or leave out.
+bool parCalque(const resbuf& groupe) { return groupe.restype == 62 && groupe.resval.rint == 256; }
+
 bool entre(int code, int premier, int dernier) { return premier <= code && code <= dernier; }
 
 // Group 66: vertices or attributes follow, up to the end of the sequence.
@@ -71,7 +74,7 @@ bool empreinte::compte(int code) const {
 
 void empreinte::ajouterGroupe(const resbuf& groupe) {
   const int code = groupe.restype;
-  if (!compte(code)) return;
+  if (!compte(code) || parCalque(groupe)) return;
   ajouterEntier(code);
   if (code < 10) {
     const std::wstring_view texte = groupe.resval.rstring ? groupe.resval.rstring : L"";
