@@ -233,3 +233,10 @@ the sides and half of them above and beneath."
 
 (defun plv-effacer (entites)
   (foreach e entites (if (plv-existe e) (entdel e))))
+
+(defun plv-en-un-pas (pas:fonction / pas:fait)
+  "What a function gives that calls commands, as one step that can be undone; nil after the message of an error."
+  (plv-avec-variable "CMDECHO" 0 '(lambda () (command "_.UNDO" "_Begin")))
+  (setq pas:fait (vl-catch-all-apply pas:fonction '()))
+  (plv-avec-variable "CMDECHO" 0 '(lambda () (command "_.UNDO" "_End")))
+  (if (vl-catch-all-error-p pas:fait) (plv-erreur (vl-catch-all-error-message pas:fait)) pas:fait))

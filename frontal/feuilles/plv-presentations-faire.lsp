@@ -88,20 +88,23 @@
                    '(3 . "____ . ____") '(72 . 65) '(73 . 4) '(40 . 12.0) '(49 . 8.0) '(74 . 0) '(49 . -1.5) '(74 . 0) '(49 . 1.0) '(74 . 0) '(49 . -1.5)
                    '(74 . 0)))))
 
-(defun plv-presentations (profils modele echelle titre liste / fait place noms caches)
-  "The sheets as layouts, in place of those of an earlier call; their names, or nil after a message."
+(defun plv-presentations:toutes (feuilles modele / place noms caches)
+  "The layouts of sheets; their names."
   (plv-montrer-caches)
-  (setq modele (plv-feuilles:modele modele) fait (plv-feuilles:preparer profils modele echelle titre liste))
-  (if fait
-    (progn
-      (plv-presentations:preparer)
-      (foreach nom (plv-cles 300 (plv-enregistrement-du-dessin plv-presentations:cle)) (plv-presentations:oter nom))
-      (setq place (plv-feuilles:place modele) caches (plv-cacher (mapcar '(lambda (f) (plv-presentations:caches f)) (cddr fait))))
-      (foreach f (cddr fait)
-        (setq noms (cons (plv-presentations:une f modele place (1+ (length noms)) (nth (length noms) caches)) noms)))
-      (plv-ecrire-enregistrement-du-dessin plv-presentations:cle (mapcar '(lambda (nom) (cons 300 nom)) (reverse noms)))
-      (plv-dire (strcat "Présentations: " (plv-joindre (reverse noms) ", ") ", au 1:" (plv-feuilles:nombre (car fait)) "."))
-      (reverse noms))))
+  (plv-presentations:preparer)
+  (foreach nom (plv-cles 300 (plv-enregistrement-du-dessin plv-presentations:cle)) (plv-presentations:oter nom))
+  (setq place (plv-feuilles:place modele) caches (plv-cacher (mapcar 'plv-presentations:caches feuilles)))
+  (foreach f feuilles
+    (setq noms (cons (plv-presentations:une f modele place (1+ (length noms)) (nth (length noms) caches)) noms)))
+  (plv-ecrire-enregistrement-du-dessin plv-presentations:cle (mapcar '(lambda (nom) (cons 300 nom)) (reverse noms)))
+  (reverse noms))
+
+(defun plv-presentations (profils modele echelle titre liste / fait noms)
+  "The sheets as layouts, in place of those of an earlier call; their names, or nil after a message."
+  (setq modele (plv-feuilles:modele modele) fait (plv-feuilles:preparer profils modele echelle titre liste)
+        noms (if fait (plv-en-un-pas '(lambda () (plv-presentations:toutes (cddr fait) modele)))))
+  (if noms (plv-dire (strcat "Présentations: " (plv-joindre noms ", ") ", au 1:" (plv-feuilles:nombre (car fait)) ".")))
+  noms)
 
 (defun c:plv-presentations (/ demande)
   "Fait des feuilles des présentations du dessin, que d'autres programmes tracent."

@@ -93,3 +93,18 @@
   (entmod (subst (list 10 (+ a 1.0) 600.0 0.0) (assoc 10 (entget l)) (entget l)))
   (setq m (plv-feuilles:mesurer p)))
 ((list (length (plv-cle 'legendes m)) (<= a (plv-cle 'droite m) (+ a 0.6))) (1 T))
+
+;; Layouts that hide words of the drawing are one step to be undone, which shows them again.
+(situation "LayoutsAreOneStep")
+(fichier "u.csv" "distance;altitude\n0;50;\n300;50\n600;50\n")
+(preparer
+  (setq q (plv-nouveau "<dossier>u.csv" "U" '(0.0 2000.0 0.0) 10.0 2.5 150.0 nil))
+  (plv-projet q "Projet" '((0.0 52.0) (300.0 49.0) (600.0 52.0)))
+  (plv-matrices q "<dossier>t.txt" T)
+  (plv-rehabiller q)
+  (defun copies () (vl-remove-if-not 'plv-original-de-copie (mapcar 'car (plv-calques-du-dessin))))
+  (setq avant (layoutlist)))
+(tape ("PLV-PRESENTATIONS" "Un" "U" "A2" "1000" "Essai") "Présentations: Feuille 1, Feuille 2, au 1:1000")
+((list (copies) (- (length (layoutlist)) (length avant))) (("PLV-LIBELLES-HORS-1-2") 2))
+(tape ("_.U"))
+((list (copies) (equal (layoutlist) avant)) (nil T))
