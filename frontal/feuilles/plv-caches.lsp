@@ -24,11 +24,17 @@
 
 (defun plv-caches:suite (n / suite) "1 to n." (repeat n (setq suite (cons n suite) n (1- n))) suite)
 
+(defun plv-caches:rendre (copie textes / original)
+  "Gives texts of a copy, (name-it-was-made-with name-it-has), their layer back, and takes the copy away; one whose layer is gone stays."
+  (setq original (plv-calque (plv-original-de-copie (car copie))))
+  (if (tblsearch "LAYER" original)
+    (progn
+      (foreach e textes
+        (if (= (strcase (plv-cle 8 (entget e))) (strcase (cadr copie))) (plv-caches:deplacer e original)))
+      (entdel (tblobjname "LAYER" (cadr copie))))))
+
 (defun plv-montrer-caches (/ copies textes)
   "Gives back their layers to all that an earlier call has hidden."
   (setq copies (vl-remove-if-not '(lambda (c) (plv-original-de-copie (car c))) (plv-calques-du-dessin))
         textes (if copies (plv-entites-du-jeu (ssget "X" '((0 . "TEXT"))))))
-  (foreach copie copies
-    (foreach e textes
-      (if (= (strcase (plv-cle 8 (entget e))) (strcase (cadr copie))) (plv-caches:deplacer e (plv-calque (plv-original-de-copie (car copie))))))
-    (entdel (tblobjname "LAYER" (cadr copie)))))
+  (foreach copie copies (plv-caches:rendre copie textes)))
