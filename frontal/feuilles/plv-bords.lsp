@@ -26,7 +26,8 @@
 ;; --- moving one inwards
 
 (defun plv-bords:libre-p (torn dx mesures / debut fin jeu)
-  "Whether a text may stand that much further along: no other text and no line is in its way."
+  "Whether a text may stand that much further along: no other text is in its way, in tables no line either; over the profile reference lines are
+everywhere."
   (setq debut (+ (plv-debut torn) dx) fin (+ (plv-fin torn) dx) jeu (* 0.1 (- (plv-couche-haut torn) (plv-couche-bas torn))))
   (not
     (vl-some
@@ -34,7 +35,7 @@
          (and (plv-couche-entite c) (not (eq (plv-couche-entite c) (plv-couche-entite torn)))
               (< (plv-debut c) fin) (> (plv-fin c) debut)
               (< (plv-couche-bas c) (- (plv-couche-haut torn) jeu)) (> (plv-couche-haut c) (+ (plv-couche-bas torn) jeu))))
-      (append (plv-cle 'couches mesures) (plv-cle 'traits mesures)))))
+      (append (plv-cle 'couches mesures) (if (< (plv-couche-haut torn) (plv-cle 'y0 mesures)) (plv-cle 'traits mesures))))))
 
 (defun plv-bords:appui (groupes / place haut)
   "(side point) of a text: the end or middle of its base line."
