@@ -55,8 +55,8 @@
     (page (base profil fiches metres reseaux)
      plv-json plv-page-tables plv-page plv-page-fiche)
     (feuilles (base profil fiches plan reseaux tableaux metres)
-     plv-encarts plv-mentions plv-bords plv-caches plv-cartouche plv-logo plv-bande-plan plv-liste-feuilles plv-equilibre plv-feuilles-place plv-feuilles-mesures plv-coupures
-     plv-feuilles plv-feuilles-couleurs plv-feuilles-tracer plv-presentations plv-presentations-faire plv-feuilles-fiche plv-cartouche-fiche)
+     plv-encarts plv-mentions plv-bords plv-caches plv-cartouche plv-logo plv-bande-plan plv-bande-dessins plv-liste-feuilles plv-equilibre plv-feuilles-place plv-feuilles-mesures
+     plv-coupures plv-feuilles plv-feuilles-couleurs plv-feuilles-tracer plv-presentations plv-presentations-faire plv-feuilles-fiche plv-cartouche-fiche)
     (suivi (base profil fiches plan reseaux tranchees tableaux cotes metres echange page feuilles)
      plv-sources plv-sources-metres plv-choses plv-etat plv-refaire plv-mains plv-actualiser plv-sortie plv-suivre-sol plv-etat-fiche)
     (styles (base profil fiches reseaux tableaux metres suivi)

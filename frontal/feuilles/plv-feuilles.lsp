@@ -110,7 +110,7 @@
   (append (list echelle (plv-feuilles:sans (cadr feuille) (vl-remove-if 'listp coupes))) (cddr feuille)
     (list
       (append (vl-remove-if-not 'listp coupes)
-        (if bande (plv-bande-dessins mesures echelle (plv-place-largeur place) (plv-place-hauteur place) bande debut fin))))))
+        (if bande (plv-bande-dessins mesures feuille place debut fin))))))
 
 (defun plv-feuilles:decouper (mesures echelle place / largeur hauteur coupures encarts faute)
   "How a profile is shared among sheets: (measures cuts insets height-of-plans); nil after a message."

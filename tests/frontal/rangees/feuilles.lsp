@@ -40,6 +40,25 @@
 (preparer (setq avant (feuille nil 280.0)))
 ((list (ecrits avant) (caches avant)) (nil nil))
 
+;; The plan above a profile: a station that has no room above the axis stands below it, one at the line of a cut isn't written, and neither north nor
+;; the scale bar hides the axis.
+(situation "APlanShowsItsAxis")
+(preparer
+  (plv-associer-axe p (plv-polyligne "PLV-PROJET" '((0.0 0.0) (300.0 30.0) (600.0 0.0))))
+  (setq m (plv-feuilles:mesurer p) f (plv-feuilles:une m 1000.0 place "x" 1 nil nil nil nil 40.0)
+        droit (plv-feuilles:une m 1000.0 place "x" 1 nil nil 303.0 nil 40.0))
+  (defun station (f texte) (cadr (car (vl-member-if '(lambda (e) (= (caddr e) texte)) (nth 6 (nth 5 f))))))
+  (defun lieu (f abscisse) (plv-mentions:x f (plv-presentations:placer f place) place abscisse))
+  (defun couvre (d x y) (and (= (car d) "B") (< (nth 1 d) x (nth 3 d)) (< (nth 2 d) y (nth 6 d)))))
+;; the band is 40 m high about 15 m: it ends 5 m above the highest and the lowest point
+((< 0.0 (station f "0") 4.0) T)
+((< 20.0 (station f "300") 26.0) T)
+((< 24.0 (station f "250") 29.0) T)
+((list (station droit "300") (numberp (station droit "250"))) (nil T))
+((vl-some '(lambda (d) (couvre d (lieu f 1000.0) (- (plv-place-hauteur place) 35.0))) (nth 6 f)) nil)
+;; both are there
+((mapcar '(lambda (t1) (length (vl-remove-if-not '(lambda (d) (and (= (car d) "T") (= (nth 3 d) t1))) (nth 6 f)))) '("N" "40 m")) (1 1))
+
 ;; As many sheets as if each were full, none much shorter than another; the last one leaves a legend its room, which has none beneath the profile.
 (situation "SheetsAreBalanced")
 (preparer
