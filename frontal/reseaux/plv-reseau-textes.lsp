@@ -6,21 +6,28 @@
 (defun plv-textes-reseau:place (centre hauteur texte sens)
   (list (plv-boite-au-milieu centre sens texte hauteur (* 0.6 hauteur)) texte))
 
-(defun plv-textes-reseau:rangees (point hauteur texte sens / rang places)
-  "Above a point for 1, beneath it for -1, further away by thirds of a row."
+(defun plv-textes-reseau:deplacee (place x y / b)
+  "The place of the same words elsewhere: they are measured once."
+  (setq b (car place))
+  (list (vl-list* (+ (car b) x) (+ (cadr b) y) (cddr b)) (cadr place)))
+
+(defun plv-textes-reseau:rangees (point hauteur place sens / rang places)
+  "A level place at the origin, above a point for 1, beneath it for -1, further away by thirds of a row."
   (setq rang 0)
   (repeat 22
-    (setq places (cons (plv-textes-reseau:place (polar point (* 0.5 pi) (* sens (+ 1.1 (* 0.53 rang)) hauteur)) hauteur texte 0.0) places) rang (1+ rang)))
+    (setq places (cons (plv-textes-reseau:deplacee place (car point) (+ (cadr point) (* sens (+ 1.1 (* 0.53 rang)) hauteur))) places) rang (1+ rang)))
   (reverse places))
+
+(defun plv-textes-reseau:a-l-origine (hauteur texte) (plv-textes-reseau:place '(0.0 0.0) hauteur texte 0.0))
 
 (defun plv-textes-reseau:sujet (mots station) (strcat mots " (station " (plv-reel station 2) ")"))
 
-(defun plv-textes-reseau:dessus (sujet calque point hauteur texte sens / demi)
+(defun plv-textes-reseau:dessus (sujet calque point hauteur texte sens / demi place)
   "A level text above a point for 1, beneath it for -1, one row or several away from it; else beginning or ending there."
-  (setq demi (+ (* 0.5 hauteur) (* 0.5 (plv-largeur-texte texte hauteur))))
+  (setq demi (+ (* 0.5 hauteur) (* 0.5 (plv-largeur-texte texte hauteur))) place (plv-textes-reseau:a-l-origine hauteur texte))
   (vl-list* sujet calque hauteur
     (apply 'append
-      (mapcar '(lambda (x) (plv-textes-reseau:rangees (list (+ (car point) x) (cadr point)) hauteur texte sens)) (list 0.0 demi (- demi))))))
+      (mapcar '(lambda (x) (plv-textes-reseau:rangees (list (+ (car point) x) (cadr point)) hauteur place sens)) (list 0.0 demi (- demi))))))
 
 (defun plv-textes-reseau:le-long (sujet calque p q hauteur ecart textes / sens milieu largeur places)
   "Along a line from p to q (nil: nowhere), beneath it and above it by so much, the words that it has room for, the longest first."
@@ -46,7 +53,7 @@
   (vl-list* sujet calque hauteur
     (append
       (mapcar '(lambda (x) (plv-textes-reseau:place (list (+ (car point) x) (cadr point)) hauteur texte 0.0)) (list largeur (- largeur)))
-      (plv-premiers (plv-textes-reseau:rangees (plv-textes-reseau:decale point (- demi-hauteur)) hauteur texte -1) 4)
+      (plv-premiers (plv-textes-reseau:rangees (plv-textes-reseau:decale point (- demi-hauteur)) hauteur (plv-textes-reseau:a-l-origine hauteur texte) -1) 4)
       (cdddr (plv-textes-reseau:dessus sujet calque (plv-textes-reseau:decale point demi-hauteur) hauteur texte 1)))))
 
 ;; --- writing them
