@@ -70,7 +70,8 @@
 (defun plv-metres:garder (profil genre hachures)
   "The hatches take the place of those that the same kind of line had before."
   (plv-metres:effacer (plv-hachures-du-profil profil genre))
-  (plv-enregistrer-entites profil (plv-metres:cle-hachures genre) hachures))
+  (plv-enregistrer-entites profil (plv-metres:cle-hachures genre) hachures)
+  (plv-hachures-posees profil))
 
 ;; --- measuring
 

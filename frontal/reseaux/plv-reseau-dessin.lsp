@@ -195,3 +195,7 @@
      ;; The labels of a style keep clear of them.
      (plv-rehausser-titre profil)
      T)))
+
+(plv-brancher 'hachures
+  '(lambda (profil)
+     (foreach genre (plv-genres-de-reseau profil) (if (plv-traces-reseau profil genre) (plv-dessiner-reseau profil genre)))))

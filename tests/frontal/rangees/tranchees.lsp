@@ -143,6 +143,12 @@
 (dit (plv-etat (list p)) "Réseau Assainissement: à jour" "Tranchées Assainissement: à jour")
 (preparer (setq plv-dessiner-reseau dessiner))
 ((list dessins (dessus-p)) (1 T))
+;; hatches of quantities lie beneath it, too
+(preparer
+  (plv-projet p "Assainissement" '((0.0 48.35) (40.0 48.35)))
+  (plv-metres nil "Assainissement" nil T)
+  (setq hachures (plv-entites-du-jeu (ssget "X" '((0 . "HATCH") (8 . "PLV-HACHURES"))))))
+((list (> (length hachures) 0) (vl-every '(lambda (r) (vl-every '(lambda (h) (apres-p (rang r) (rang h))) hachures)) (plv-traces-reseau p "Assainissement"))) (T T))
 ((plv-actualiser (list p)) T)
 ((length (aires)) 7)
 (tape ("PLV-TRANCHEES" "Assainissement" "Hachurer" "Rien" "FIN") (sauf "Erreur"))
