@@ -70,8 +70,7 @@
 (defun plv-metres:garder (profil genre hachures)
   "The hatches take the place of those that the same kind of line had before."
   (plv-metres:effacer (plv-hachures-du-profil profil genre))
-  (plv-enregistrer-entites profil (plv-metres:cle-hachures genre) hachures)
-  (plv-hachures-posees profil))
+  (plv-enregistrer-entites profil (plv-metres:cle-hachures genre) hachures))
 
 ;; --- measuring
 
@@ -184,7 +183,7 @@ place of a workbook that is there."
 (defun plv-metres:noter (profils genre chemin hachurer)
   "Says what was made, once the profiles have their own lines again."
   (foreach p profils
-    (if hachurer (progn (plv-noter-fait p "HACHURES" genre nil nil) (plv-rehausser-titre p)))
+    (if hachurer (progn (plv-noter-fait p "HACHURES" genre nil nil) (plv-hachures-posees p) (plv-rehausser-titre p)))
     (if chemin (plv-noter-fait p "CLASSEUR" (strcat genre " " chemin) nil nil))))
 
 (defun plv-metrer (profils genre chemin hachurer dire / lots mesures)

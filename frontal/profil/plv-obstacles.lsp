@@ -15,13 +15,26 @@
     (setq i (1+ i)))
   (if (cdr points) (plv-obstacles:chemin (reverse points) jeu)))
 
+(defun plv-obstacles:axes (profil points / p haut)
+  "The axes of inner planes, with their weight alone: words begin and end half their height beside a manhole there."
+  (setq p (plv-origine profil) haut (+ (cadr p) (plv-hauteur-axe points (plv-echv profil) (plv-ttxt profil) (plv-plans profil))))
+  (mapcar '(lambda (d) (plv-obstacles:trait (list (+ (car p) d) (cadr p)) (list (+ (car p) d) haut) (* 0.1 (plv-ttxt profil)))) (plv-changements (plv-plans profil))))
+
+(defun plv-obstacles-de-traits (entites jeu)
+  "Of drawn lines and polylines."
+  (apply 'append
+    (mapcar
+      '(lambda (e) (plv-obstacles:chemin (mapcar 'cdr (vl-remove-if-not '(lambda (g) (member (car g) '(10 11))) (entget e))) jeu))
+      (vl-remove-if-not '(lambda (e) (member (plv-type e) '("LINE" "LWPOLYLINE"))) entites))))
+
 (setq plv-obstacles:plus 3000)
 
 (defun plv-boites-lignes (profil / cadre points jeu)
-  "The ground and the lines of all kinds, with their weight and a gap, which is less than labels have from their own line; of a ground with very many points
-nothing is kept clear."
+  "The ground, the lines of all kinds and the axes of inner planes, with their weight and a gap, which is less than labels have from their own line;
+of a ground with very many points nothing is kept clear."
   (setq cadre (plv-cadre profil) points (plv-points-tn profil) jeu (* 0.3 (plv-ttxt profil)))
   (append
+    (plv-obstacles:axes profil points)
     (if (< (length points) plv-obstacles:plus)
       (apply 'append
         (mapcar

@@ -64,6 +64,22 @@
 ((or (< (caadr gaz) 39.4) (> (caar gaz) 40.6)) T)
 ((< (cadadr gaz) (- (* 10.0 (- 50.0 (* 0.02 (caadr gaz)))) h)) T)
 
+;; Words stand beside the axis of an inner plane, not over it, and its altitudes beside the pipes.
+(situation "WordsAndInnerAxesKeepApart")
+(preparer
+  (plv-pc p "A" 1040.0 45.0)
+  (plv-reseau-ecrire p "Assainissement"
+    '("regard;A;1000;visite;1000/1200" "regard;Regard B;1040;visite;1000/1200;;46.95;46.05" "regard;C;1100;visite;1000/1200" "tuyau;A;C;400/500" "croisement;gaz;1042;47.4;200;90"))
+  (plv-style "route" nil 1000.0)
+  (defun boite (e) (apply 'append (mapcar '(lambda (c) (plv-premiers c 2)) (etendue-tracee (list e)))))
+  (defun altitudes ()
+    (vl-remove-if-not '(lambda (b) (< 30.0 (car b) 50.0))
+      (mapcar 'boite (vl-remove-if-not '(lambda (e) (and (= (plv-type e) "TEXT") (> (cadr (boite e)) 0.5))) (plv-entites-du-jeu (ssget "X" '((0 . "TEXT") (8 . "PLV-AXE"))))))))
+  (defun touche-p (b e / y) (and (setq y (pl_yat e (* 0.5 (+ (car b) (caddr b))))) (< (cadr b) y (cadddr b)))))
+;; the axis ends below the name of the manhole
+((vl-remove-if-not '(lambda (e) (and (< (car (boite e)) 40.0 (caddr (boite e))) (< (cadr (boite e)) 42.5))) (traces "TEXT")) nil)
+((list (> (length (altitudes)) 1) (vl-some '(lambda (b) (vl-some '(lambda (e) (touche-p b e)) (append (traces "LWPOLYLINE") (traces "LINE")))) (altitudes))) (T nil))
+
 (situation "WhatIsOddIsTold")
 (preparer
   (reseau)
