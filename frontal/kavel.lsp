@@ -5,13 +5,13 @@
 ;; outils/verifier-frontal.py reads this list and holds the files to it.
 (setq plv-salles
   '((base ()
-     plv-outils plv-lectures plv-lignes plv-questions plv-points plv-enregistrements plv-objets plv-dessin)
+     plv-outils plv-lectures plv-lignes plv-questions plv-points plv-enregistrements plv-objets plv-dessin plv-copies-de-calques)
     (terrain (base)
      plv-vraisemblance plv-terrain)
     (profil (base)
      plv-genres plv-plans plv-cadre plv-terrain-profil plv-profil plv-profils plv-appartenance plv-chaines plv-reparer
      plv-reparer-contenu plv-faits plv-habillage plv-sol plv-terrain-dessine plv-rappels plv-terrains plv-niveaux
-     plv-elements plv-cotes-mains plv-poses plv-cotes-posees plv-pentes plv-statiques plv-blocs)
+      plv-elements plv-obstacles plv-cotes-mains plv-poses plv-cotes-posees plv-pentes plv-statiques plv-blocs)
     (fiches (base profil)
      plv-fiches plv-fiches-images)
     (portes (base profil)
@@ -55,7 +55,8 @@
     (page (base profil fiches metres reseaux)
      plv-json plv-page-tables plv-page plv-page-fiche)
     (feuilles (base profil fiches plan reseaux tableaux metres)
-     plv-encarts plv-mentions plv-bords plv-cartouche plv-logo plv-bande-plan plv-liste-feuilles plv-equilibre plv-feuilles plv-feuilles-couleurs plv-feuilles-tracer plv-presentations plv-presentations-faire plv-feuilles-fiche plv-cartouche-fiche)
+     plv-encarts plv-mentions plv-bords plv-caches plv-cartouche plv-logo plv-bande-plan plv-bande-dessins plv-liste-feuilles plv-equilibre plv-feuilles-place plv-feuilles-mesures
+     plv-coupures plv-feuilles plv-feuilles-couleurs plv-feuilles-tracer plv-presentations plv-presentations-faire plv-feuilles-fiche plv-cartouche-fiche)
     (suivi (base profil fiches plan reseaux tranchees tableaux cotes metres echange page feuilles)
      plv-sources plv-sources-metres plv-choses plv-tenues plv-etat plv-refaire plv-mains plv-actualiser plv-sortie plv-suivre-sol plv-etat-fiche)
     (styles (base profil fiches reseaux tableaux metres suivi)

@@ -20,6 +20,13 @@ struct liberer {
 };
 using groupes = std::unique_ptr<resbuf, liberer>;
 
+// What stands on a copy of a layer, to be hidden on some sheets, is as it was (frontal/base/plv-copies-de-calques.lsp).
+constexpr std::wstring_view kCopie = L"-HORS-";
+std::wstring_view original(std::wstring_view calque) { return calque.substr(0, calque.find(kCopie)); }
+
+// The colour of the layer, which programs write or leave out.
+bool parCalque(const resbuf& groupe) { return groupe.restype == 62 && groupe.resval.rint == 256; }
+
 bool entre(int code, int premier, int dernier) { return premier <= code && code <= dernier; }
 
 // Group 66: vertices or attributes follow, up to the end of the sequence.
@@ -67,10 +74,11 @@ bool empreinte::compte(int code) const {
 
 void empreinte::ajouterGroupe(const resbuf& groupe) {
   const int code = groupe.restype;
-  if (!compte(code)) return;
+  if (!compte(code) || parCalque(groupe)) return;
   ajouterEntier(code);
   if (code < 10) {
-    ajouterTexte(groupe.resval.rstring ? groupe.resval.rstring : L"");
+    const std::wstring_view texte = groupe.resval.rstring ? groupe.resval.rstring : L"";
+    ajouterTexte(code == 8 ? original(texte) : texte);
   } else if (entre(code, 10, 18) || code == 210) {
     const bool place = code != 210;
     ajouterReel(groupe.resval.rpoint[0] - (place ? m_origine.x : 0));

@@ -98,8 +98,8 @@
     (if (and (= (plv-calque (car calque)) (car calque)) (not (plv-calques:marque (tblobjname "LAYER" (car calque)))))
       (plv-calques:marquer calque))))
 
-;; the text style of profiles, which a style of the drawing makes
-(setq plv-texte-style "KAVEL-TEXTE")
+;; the text style of profiles and that of the titles of rows, which a style of the drawing makes
+(setq plv-texte-style "KAVEL-TEXTE" plv-texte-titres "KAVEL-TITRES")
 
 (defun plv-style-de-texte ()
   "The text style of profiles as a group, in a list; nil in a drawing without it."
@@ -233,3 +233,10 @@ the sides and half of them above and beneath."
 
 (defun plv-effacer (entites)
   (foreach e entites (if (plv-existe e) (entdel e))))
+
+(defun plv-en-un-pas (pas:fonction / pas:fait)
+  "What a function gives that calls commands, as one step that can be undone; nil after the message of an error."
+  (plv-avec-variable "CMDECHO" 0 '(lambda () (command "_.UNDO" "_Begin")))
+  (setq pas:fait (vl-catch-all-apply pas:fonction '()))
+  (plv-avec-variable "CMDECHO" 0 '(lambda () (command "_.UNDO" "_End")))
+  (if (vl-catch-all-error-p pas:fait) (plv-erreur (vl-catch-all-error-message pas:fait)) pas:fait))

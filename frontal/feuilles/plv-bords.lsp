@@ -1,6 +1,6 @@
-;; Texts at the edges of what a sheet shows of a profile. A text that belongs to the next sheet is blanked. One that the cut tears is written whole on
-;; both sheets: over the profile it hangs over the edge, in tables it is moved inwards along its line where nothing else stands, else it is only on the
-;; sheet where it can be; where it can be on neither it is left torn.
+;; Texts at the edges of what a sheet shows of a profile. The sheet doesn't show a text that belongs to the next one. One that the cut tears is written
+;; whole on both sheets, in the place of what is shown of it: over the profile it hangs over the edge, in tables it is moved inwards along its line where
+;; nothing else stands, else it is only on the sheet where it can be; where it can be on neither it is left torn.
 ;; Measures, as plv-feuilles makes them, have the keys x0, y0, recouvrement, couches and traits (upright lines of tables, as couches).
 
 ;; --- couches: what lies along the profile, (from to entity bottom top) in distances and ordinates
@@ -26,7 +26,8 @@
 ;; --- moving one inwards
 
 (defun plv-bords:libre-p (torn dx mesures / debut fin jeu)
-  "Whether a text may stand that much further along: no other text and no line is in its way."
+  "Whether a text may stand that much further along: no other text is in its way, in tables no line either; over the profile reference lines are
+everywhere."
   (setq debut (+ (plv-debut torn) dx) fin (+ (plv-fin torn) dx) jeu (* 0.1 (- (plv-couche-haut torn) (plv-couche-bas torn))))
   (not
     (vl-some
@@ -34,7 +35,7 @@
          (and (plv-couche-entite c) (not (eq (plv-couche-entite c) (plv-couche-entite torn)))
               (< (plv-debut c) fin) (> (plv-fin c) debut)
               (< (plv-couche-bas c) (- (plv-couche-haut torn) jeu)) (> (plv-couche-haut c) (+ (plv-couche-bas torn) jeu))))
-      (append (plv-cle 'couches mesures) (plv-cle 'traits mesures)))))
+      (append (plv-cle 'couches mesures) (if (< (plv-couche-haut torn) (plv-cle 'y0 mesures)) (plv-cle 'traits mesures))))))
 
 (defun plv-bords:appui (groupes / place haut)
   "(side point) of a text: the end or middle of its base line."
@@ -48,14 +49,6 @@
   (setq groupes (entget (plv-couche-entite torn)) appui (plv-bords:appui groupes)
         p (apply au-papier (list (polar (cadr appui) (plv-cle 50 groupes) (/ dx (cos (plv-cle 50 groupes)))))))
   (list "T" (* k (plv-cle 40 groupes)) (car appui) (plv-cle 1 groupes) (car p) (cadr p) (plv-cle 50 groupes)))
-
-(setq plv-bords:marge 0.3)
-
-(defun plv-bords:effacer (de a torn au-papier x0 / p q)
-  "A blank area over what is seen of a text between two distances."
-  (setq p (mapcar '- (apply au-papier (list (list (+ x0 (max de (plv-debut torn))) (plv-couche-bas torn)))) (list plv-bords:marge plv-bords:marge))
-        q (mapcar '+ (apply au-papier (list (list (+ x0 (min a (plv-fin torn))) (plv-couche-haut torn)))) (list plv-bords:marge plv-bords:marge)))
-  (list "B" (car p) (cadr p) (car q) (cadr p) (car q) (cadr q) (car p) (cadr q)))
 
 ;; --- one edge: a list (cut edge side room floor), side 1 for the right edge and -1 for the left one; a text that stands over the floor may hang over
 ;; the edge by so much room
@@ -89,31 +82,30 @@
       (mapcar '(lambda (c) (plv-bords:debord c bord))
         (vl-remove-if-not '(lambda (c) (plv-bords:suspendu-p c bord)) (plv-bords:dechires mesures bord))))))
 
-(defun plv-bords:rentree (torn bord) "How far a text is to be moved to stand within the edge." (* -1.0 (caddr bord) (plv-bords:debord torn bord)))
-
-(defun plv-bords:d-en-face (mesures bord)
-  "The edge of the other sheet."
-  (plv-bord (car bord) (plv-cle 'recouvrement mesures) (- (caddr bord)) 0.0 0.0))
+(defun plv-bords:rentree (torn bord)
+  "How far a text is to be moved to stand within the edge, a little from it."
+  (* -1.0 (caddr bord) (+ (plv-bords:debord torn bord) (* 0.2 (- (plv-couche-haut torn) (plv-couche-bas torn))))))
 
 (defun plv-bords:entier-p (torn bord mesures)
   "Whether a text is whole within an edge, or can be."
   (or (<= (plv-bords:debord torn bord) 0.0) (plv-bords:libre-p torn (plv-bords:rentree torn bord) mesures)))
 
-(defun plv-bords:a-effacer-p (torn mesures)
-  "A blank area beneath slanted words over the profile would hide the profile."
-  (or (< (plv-couche-haut torn) (plv-cle 'y0 mesures)) (equal (plv-cle 50 (entget (plv-couche-entite torn))) 0.0 1e-9)))
+(defun plv-bords:penche-p (torn mesures)
+  "Whether it lies along a slope over the profile: moved along that, it might come over another line."
+  (and (>= (plv-couche-bas torn) (plv-cle 'y0 mesures)) (not (equal (plv-cle 50 (entget (plv-couche-entite torn))) 0.0 1e-9))))
 
-(defun plv-bords:texte (torn bord mesures au-papier k / x0 rentree efface face)
-  "What is drawn for a text that an edge tears."
-  (setq x0 (plv-cle 'x0 mesures) rentree (plv-bords:rentree torn bord) face (plv-bords:d-en-face mesures bord)
-        efface (if (> (caddr bord) 0) (list (plv-debut torn) (cadr bord)) (list (cadr bord) (plv-fin torn)))
-        efface (if (plv-bords:a-effacer-p torn mesures) (list (plv-bords:effacer (car efface) (cadr efface) torn au-papier x0))))
+(defun plv-bords:texte (torn bord face mesures au-papier k / e)
+  "What is done about a text at an edge: the entity that the sheet doesn't show, and what is written. face: the edge of the other sheet."
+  (setq e (plv-couche-entite torn))
   (cond
-    ((plv-bords:au-dela-p torn bord) efface)
-    ((plv-bords:suspendu-p torn bord) (append efface (list (plv-bords:ecrire torn 0.0 au-papier k))))
-    ((plv-bords:libre-p torn rentree mesures) (append efface (list (plv-bords:ecrire torn rentree au-papier k))))
-    ((and (< (plv-couche-haut torn) (plv-cle 'y0 mesures)) (plv-bords:entier-p torn face mesures)) efface)))
+    ((plv-bords:au-dela-p torn bord) (list e))
+    ((<= (plv-bords:debord torn bord) 0.0) nil)
+    ((plv-bords:suspendu-p torn bord) (list e (plv-bords:ecrire torn 0.0 au-papier k)))
+    ((and (plv-bords:penche-p torn mesures) (plv-bords:suspendu-p torn face)) (list e))
+    ((plv-bords:libre-p torn (plv-bords:rentree torn bord) mesures) (list e (plv-bords:ecrire torn (plv-bords:rentree torn bord) au-papier k)))
+    ((and (< (plv-couche-haut torn) (plv-cle 'y0 mesures)) (plv-bords:entier-p torn face mesures)) (list e))))
 
-(defun plv-bords (mesures bord au-papier k)
-  "What is drawn on the paper at an edge. au-papier: the place on the paper of a point of the drawing; k millimetres for a unit of it."
-  (apply 'append (mapcar '(lambda (torn) (plv-bords:texte torn bord mesures au-papier k)) (plv-bords:dechires mesures bord))))
+(defun plv-bords (mesures bord face au-papier k)
+  "What is drawn on the paper at an edge, and the entities that the sheet doesn't show. au-papier: the place on the paper of a point of the drawing; k
+millimetres for a unit of it."
+  (apply 'append (mapcar '(lambda (torn) (plv-bords:texte torn bord face mesures au-papier k)) (plv-bords:dechires mesures bord))))

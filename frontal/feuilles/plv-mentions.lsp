@@ -30,31 +30,51 @@
 
 (defun plv-mentions:haut (mesures placement) "The height of the profile on paper." (* (car placement) (- (plv-cle 'haut mesures) (plv-cle 'y0 mesures))))
 
-(defun plv-mentions:a-gauche (mesures feuille placement place debut rang / lignes bord k)
-  "The edge after a cut: what is written stands left of the altitudes of the axis, labels over the axis may hang over them."
-  (setq lignes (plv-mentions:lignes (plv-cle 'profil mesures) debut (1- rang) (plv-mentions:haut mesures placement)) k (car placement)
-        bord (plv-bord debut (plv-cle 'recouvrement mesures) -1 (car (nth 4 feuille)) (caddr (nth 4 feuille))))
+(defun plv-mentions:largeur (lignes) (+ (* 2.0 plv-mentions:jeu) plv-mentions:hauteur (* plv-mentions:interligne (1- (length lignes)))))
+
+(defun plv-mentions:a-la-coupe (mesures placement d suite)
+  "The lines at a cut."
+  (plv-mentions:lignes (plv-cle 'profil mesures) d suite (plv-mentions:haut mesures placement)))
+
+(defun plv-mentions:bord-gauche (mesures d axe)
+  "The edge after a cut: labels over the axis may hang over its altitudes."
+  (plv-bord d (plv-cle 'recouvrement mesures) -1 (car axe) (caddr axe)))
+
+(defun plv-mentions:bord-droit (mesures feuille placement place fin rang / x)
+  "The edge before a cut: labels may hang over it as far as what is written at it stays within the frame."
+  (setq x (plv-mentions:x feuille placement place (caddr (plv-dernier (cadr feuille)))))
+  (plv-bord fin (plv-cle 'recouvrement mesures) 1
+    (/ (- (+ (plv-place-largeur place) plv-mentions:plus) x (plv-mentions:largeur (plv-mentions:a-la-coupe mesures placement fin (1+ rang)))) (car placement))
+    (plv-cle 'y0 mesures)))
+
+(defun plv-mentions:textes (mesures feuille placement place bord face)
+  (plv-bords mesures bord face
+    '(lambda (p) (list (plv-mentions:x feuille placement place (car p)) (plv-mentions:y placement place (cadr p)))) (car placement)))
+
+(defun plv-mentions:a-gauche (mesures feuille avant placement place debut rang / lignes k)
+  "At the edge after a cut, avant: the sheet before. What is written stands left of the altitudes of the axis."
+  (setq lignes (plv-mentions:a-la-coupe mesures placement debut (1- rang)) k (car placement))
   (append
-    (plv-bords mesures bord '(lambda (p) (list (plv-mentions:x feuille placement place (car p)) (plv-mentions:y placement place (cadr p)))) k)
+    (plv-mentions:textes mesures feuille placement place (plv-mentions:bord-gauche mesures debut (nth 4 feuille))
+      (plv-mentions:bord-droit mesures avant (plv-presentations:placer avant place) place debut (1- rang)))
     (plv-mentions:ecrire lignes
       (- (plv-mentions:x feuille placement place (car (plv-dernier (cadr feuille)))) (* k (car (nth 4 feuille))) plv-mentions:jeu
          (* plv-mentions:interligne (1- (length lignes))))
       (+ (plv-mentions:y placement place (plv-cle 'y0 mesures)) plv-mentions:jeu))))
 
-(defun plv-mentions:a-droite (mesures feuille placement place fin rang / lignes x largeur bord k)
-  "The edge before a cut: what is written stands right of texts that hang over it."
-  (setq lignes (plv-mentions:lignes (plv-cle 'profil mesures) fin (1+ rang) (plv-mentions:haut mesures placement)) k (car placement)
-        largeur (+ (* 2.0 plv-mentions:jeu) plv-mentions:hauteur (* plv-mentions:interligne (1- (length lignes))))
-        x (plv-mentions:x feuille placement place (caddr (plv-dernier (cadr feuille))))
-        bord (plv-bord fin (plv-cle 'recouvrement mesures) 1 (/ (- (+ (plv-place-largeur place) plv-mentions:plus) x largeur) k) (plv-cle 'y0 mesures)))
+(defun plv-mentions:a-droite (mesures feuille placement place fin rang / bord)
+  "At the edge before a cut: what is written stands right of texts that hang over it."
+  (setq bord (plv-mentions:bord-droit mesures feuille placement place fin rang))
   (append
-    (plv-bords mesures bord '(lambda (p) (list (plv-mentions:x feuille placement place (car p)) (plv-mentions:y placement place (cadr p)))) k)
-    (plv-mentions:ecrire lignes (+ x (* k (plv-bords-debord mesures bord)) plv-mentions:jeu plv-mentions:hauteur)
+    (plv-mentions:textes mesures feuille placement place bord (plv-mentions:bord-gauche mesures fin (plv-encarts-axe mesures fin)))
+    (plv-mentions:ecrire (plv-mentions:a-la-coupe mesures placement fin (1+ rang))
+      (+ (plv-mentions:x feuille placement place (caddr (plv-dernier (cadr feuille)))) (* (car placement) (plv-bords-debord mesures bord)) plv-mentions:jeu
+         plv-mentions:hauteur)
       (+ (plv-mentions:y placement place (plv-cle 'y0 mesures)) plv-mentions:jeu))))
 
-(defun plv-coupes (mesures feuille place debut fin rang / placement)
-  "What is drawn on the paper of a sheet between two cuts, nil for an end of the profile."
+(defun plv-coupes (mesures feuille avant place debut fin rang / placement)
+  "What is drawn on the paper of a sheet between two cuts, nil for an end of the profile, and the entities that it doesn't show. avant: the sheet before."
   (setq placement (plv-presentations:placer feuille place))
   (append
-    (if debut (plv-mentions:a-gauche mesures feuille placement place debut rang))
+    (if debut (plv-mentions:a-gauche mesures feuille avant placement place debut rang))
     (if fin (plv-mentions:a-droite mesures feuille placement place fin rang))))

@@ -28,33 +28,37 @@
   (command)
   (vl-file-delete fichier))
 
-(defun plv-presentations:du-dessin (feuille place / placement rang numero)
+(defun plv-presentations:du-dessin (feuille place geles / placement rang numero)
   "The viewports of a sheet, with what is drawn at their places."
-  (setq placement (plv-presentations:placer feuille place) rang (plv-presentations:vues feuille placement)
+  (setq placement (plv-presentations:placer feuille place) rang (plv-presentations:vues feuille placement geles)
         numero (plv-presentations:legendes feuille placement rang))
   (plv-presentations:axe feuille placement rang)
   (plv-presentations:plan feuille place placement rang numero))
 
-(defun plv-presentations:contenu (feuille place nom / largeur hauteur)
+(defun plv-presentations:contenu (feuille place nom geles / largeur hauteur)
   "What a layout holds, drawn into the block that is open."
   (setq largeur (car (plv-place-feuille place)) hauteur (cadr (plv-place-feuille place)))
-  (plv-presentations:fenetre 1 0.0 0.0 largeur hauteur (list (* 0.5 largeur) (* 0.5 hauteur)) '(0.0 0.0) 0.0 hauteur)
-  (if (cadr feuille) (plv-presentations:du-dessin feuille place))
+  (plv-presentations:fenetre 1 0.0 0.0 largeur hauteur (list (* 0.5 largeur) (* 0.5 hauteur)) '(0.0 0.0) 0.0 hauteur nil)
+  (if (cadr feuille) (plv-presentations:du-dessin feuille place geles))
   (foreach dessin (nth 6 feuille) (plv-presentations:dessin place dessin))
   (entmake (list '(0 . "INSERT") '(67 . 1) '(8 . "0") (cons 2 nom) (cons 10 (mapcar '- (append (plv-place-coin place) '(0.0)))))))
 
-(defun plv-presentations:une (feuille modele place rang / nom bloc espace layout)
-  "The layout of a sheet; its name."
+(defun plv-presentations:une (feuille modele place rang geles / nom bloc espace layout)
+  "The layout of a sheet, whose view of the profile freezes layers; its name."
   (setq nom (plv-presentations:nom-libre rang) bloc (plv-presentations:bloc-libre))
   (plv-presentations:cartouche modele (caddr feuille) (plv-presentations:titre nom))
   (entmake (list '(0 . "BLOCK") (cons 2 bloc) '(70 . 0) '(10 0.0 0.0 0.0)))
-  (plv-presentations:contenu feuille place (plv-presentations:titre nom))
+  (plv-presentations:contenu feuille place (plv-presentations:titre nom) geles)
   (entmake '((0 . "ENDBLK")))
   (setq espace (cdr (assoc 330 (entget (tblobjname "BLOCK" bloc))))
         layout (plv-presentations:layout nom espace (car (plv-place-feuille place)) (cadr (plv-place-feuille place)) (+ 100 rang)))
   (entmod (append (vl-remove-if '(lambda (g) (= (car g) 340)) (entget espace)) (list (cons 340 layout))))
   (dictadd (plv-presentations:dictionnaire) nom layout)
   nom)
+
+(defun plv-presentations:caches (feuille)
+  "What a sheet doesn't show."
+  (if (cadr feuille) (vl-remove-if 'listp (cddddr (plv-dernier (cadr feuille))))))
 
 ;; --- those of an earlier call
 
@@ -84,18 +88,23 @@
                    '(3 . "____ . ____") '(72 . 65) '(73 . 4) '(40 . 12.0) '(49 . 8.0) '(74 . 0) '(49 . -1.5) '(74 . 0) '(49 . 1.0) '(74 . 0) '(49 . -1.5)
                    '(74 . 0)))))
 
-(defun plv-presentations (profils modele echelle titre liste / fait place noms)
+(defun plv-presentations:toutes (feuilles modele / place noms caches)
+  "The layouts of sheets; their names."
+  (plv-montrer-caches)
+  (plv-presentations:preparer)
+  (foreach nom (plv-cles 300 (plv-enregistrement-du-dessin plv-presentations:cle)) (plv-presentations:oter nom))
+  (setq place (plv-feuilles:place modele) caches (plv-cacher (mapcar 'plv-presentations:caches feuilles)))
+  (foreach f feuilles
+    (setq noms (cons (plv-presentations:une f modele place (1+ (length noms)) (nth (length noms) caches)) noms)))
+  (plv-ecrire-enregistrement-du-dessin plv-presentations:cle (mapcar '(lambda (nom) (cons 300 nom)) (reverse noms)))
+  (reverse noms))
+
+(defun plv-presentations (profils modele echelle titre liste / fait noms)
   "The sheets as layouts, in place of those of an earlier call; their names, or nil after a message."
-  (setq modele (plv-feuilles:modele modele) fait (plv-feuilles:preparer profils modele echelle titre liste))
-  (if fait
-    (progn
-      (plv-presentations:preparer)
-      (foreach nom (plv-cles 300 (plv-enregistrement-du-dessin plv-presentations:cle)) (plv-presentations:oter nom))
-      (setq place (plv-feuilles:place modele))
-      (foreach f (cddr fait) (setq noms (cons (plv-presentations:une f modele place (1+ (length noms))) noms)))
-      (plv-ecrire-enregistrement-du-dessin plv-presentations:cle (mapcar '(lambda (nom) (cons 300 nom)) (reverse noms)))
-      (plv-dire (strcat "Présentations: " (plv-joindre (reverse noms) ", ") ", au 1:" (plv-feuilles:nombre (car fait)) "."))
-      (reverse noms))))
+  (setq modele (plv-feuilles:modele modele) fait (plv-feuilles:preparer profils modele echelle titre liste)
+        noms (if fait (plv-en-un-pas '(lambda () (plv-presentations:toutes (cddr fait) modele)))))
+  (if noms (plv-dire (strcat "Présentations: " (plv-joindre noms ", ") ", au 1:" (plv-feuilles:nombre (car fait)) ".")))
+  noms)
 
 (defun c:plv-presentations (/ demande)
   "Fait des feuilles des présentations du dessin, que d'autres programmes tracent."

@@ -59,25 +59,28 @@
       (mapcar '(lambda (p) (list 10 (car p) (cadr p))) points)
       '((97 . 0) (75 . 0) (76 . 1) (98 . 0)))))
 
-(defun plv-presentations:fenetre (numero x1 y1 x2 y2 vue cible tourne hauteur)
-  "A viewport between two corners of the paper: the point of the view at its middle, target, turn and height of the model."
+(defun plv-presentations:fenetre (numero x1 y1 x2 y2 vue cible tourne hauteur geles)
+  "A viewport between two corners of the paper: the point of the view at its middle, target, turn and height of the model, and the layers that are
+frozen in it."
   (entmake
-    (list '(0 . "VIEWPORT") '(100 . "AcDbEntity") '(67 . 1) (cons 8 plv-presentations:fenetres) '(100 . "AcDbViewport")
+    (append (list '(0 . "VIEWPORT") '(100 . "AcDbEntity") '(67 . 1) (cons 8 plv-presentations:fenetres) '(100 . "AcDbViewport")
           (list 10 (* 0.5 (+ x1 x2)) (* 0.5 (+ y1 y2)) 0.0) (cons 40 (- x2 x1)) (cons 41 (- y2 y1)) (cons 68 numero) (cons 69 numero)
           (list 12 (car vue) (cadr vue) 0.0) '(16 0.0 0.0 1.0) (list 17 (car cible) (cadr cible) 0.0) (cons 45 hauteur) (cons 51 tourne)
-          (cons 90 plv-presentations:vue))))
+          (cons 90 plv-presentations:vue))
+      (mapcar '(lambda (calque) (cons 331 (tblobjname "LAYER" calque))) geles))))
 
-(defun plv-presentations:de-face (numero boite x y k)
+(defun plv-presentations:de-face (numero boite x y k geles)
   "A viewport of a box of the drawing whose lower left corner stands at a place of the paper."
   (plv-presentations:fenetre numero x y (+ x (* k (- (caddr boite) (car boite)))) (+ y (* k (- (plv-boite-haut boite) (cadr boite))))
-    (list (* 0.5 (+ (car boite) (caddr boite))) (* 0.5 (+ (cadr boite) (plv-boite-haut boite)))) '(0.0 0.0) 0.0 (- (plv-boite-haut boite) (cadr boite))))
+    (list (* 0.5 (+ (car boite) (caddr boite))) (* 0.5 (+ (cadr boite) (plv-boite-haut boite)))) '(0.0 0.0) 0.0 (- (plv-boite-haut boite) (cadr boite)) geles))
 
-(defun plv-presentations:vues (feuille placement / rang x)
+(defun plv-presentations:vues (feuille placement geles / rang x)
   (setq rang -1)
   (foreach v (cadr feuille)
     (setq rang (1+ rang))
-    (plv-presentations:de-face (+ 2 rang) v (plv-presentations:x feuille placement rang (car v)) (plv-presentations:y placement (cadr v)) (car placement))
-    (foreach coupure (cddddr v)
+    (plv-presentations:de-face (+ 2 rang) v (plv-presentations:x feuille placement rang (car v)) (plv-presentations:y placement (cadr v)) (car placement)
+      (if (eq v (plv-dernier (cadr feuille))) geles))
+    (foreach coupure (vl-remove-if-not 'listp (cddddr v))
       (setq x (plv-presentations:x feuille placement rang (car coupure)))
       (plv-presentations:trait
         (list (list x (- (plv-presentations:y placement (cadr coupure)) 3.0)) (list x (+ (plv-presentations:y placement (caddr coupure)) 3.0)))
@@ -89,7 +92,7 @@
   (foreach e (nth 3 feuille)
     (setq numero (1+ numero))
     (plv-presentations:de-face numero e (plv-presentations:x feuille placement rang (+ (car e) (nth 4 e)))
-      (plv-presentations:y placement (+ (cadr e) (nth 5 e))) (car placement)))
+      (plv-presentations:y placement (+ (cadr e) (nth 5 e))) (car placement) nil))
   numero)
 
 (defun plv-presentations:axe (feuille placement rang / axe x y k h)
@@ -111,7 +114,7 @@
             x (plv-presentations:x feuille placement rang (nth 4 plan)))
       (plv-presentations:fenetre (1+ numero) (plv-place-gauche place) bas (+ (plv-place-gauche place) (plv-place-largeur place)) haut
         (list (/ (- (+ (plv-place-gauche place) (* 0.5 (plv-place-largeur place))) x) (car placement)) 0.0)
-        (list (cadr plan) (caddr plan)) (- (cadddr plan)) (/ (car plan) (car placement)))
+        (list (cadr plan) (caddr plan)) (- (cadddr plan)) (/ (car plan) (car placement)) nil)
       (foreach l (nth 5 plan)
         (plv-presentations:trait
           (plv-presentations:couper

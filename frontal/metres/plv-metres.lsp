@@ -183,7 +183,7 @@ place of a workbook that is there."
 (defun plv-metres:noter (profils genre chemin hachurer)
   "Says what was made, once the profiles have their own lines again."
   (foreach p profils
-    (if hachurer (progn (plv-noter-fait p "HACHURES" genre nil nil) (plv-rehausser-titre p)))
+    (if hachurer (progn (plv-noter-fait p "HACHURES" genre nil nil) (plv-hachures-posees p) (plv-rehausser-titre p)))
     (if chemin (plv-noter-fait p "CLASSEUR" (strcat genre " " chemin) nil nil))))
 
 (defun plv-metrer (profils genre chemin hachurer dire / lots mesures)

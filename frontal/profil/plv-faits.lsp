@@ -134,3 +134,7 @@
       (list
         (plv-faits:avec-source fait source
           (plv-cle source (plv-fait-sources (car (plv-faits:appeler 'releveur (list profil (list fait)))))))))))
+
+;; --- what the room reseaux, which the makers of hatches don't know, draws over them: their colours would make its lines and words pale
+
+(defun plv-hachures-posees (profil) (plv-faits:appeler 'hachures (list profil)))

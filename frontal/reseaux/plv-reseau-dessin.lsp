@@ -92,6 +92,12 @@
   (cons (plv-textes-reseau:dessus (plv-dessin-reseau:sujet "regard " noeud) plv-dessin-reseau:regards haut (plv-plume-ttxt plume) (plv-noeud-nom noeud) 1)
         (if (plv-dessin-reseau:chute noeud) (list (plv-dessin-reseau:dire-chute plume noeud)))))
 
+(defun plv-dessin-reseau:mur (plume noeud / bas haut)
+  "The box of a manhole within its walls."
+  (setq bas (plv-dessin-reseau:place plume (plv-noeud-station noeud) (plv-noeud-fond noeud))
+        haut (plv-dessin-reseau:place plume (plv-noeud-station noeud) (plv-noeud-tampon noeud)))
+  (list (car bas) (* 0.5 (+ (cadr bas) (cadr haut))) (max 0.01 (plv-noeud-exterieur noeud)) (abs (- (cadr haut) (cadr bas))) 0.0))
+
 (defun plv-dessin-reseau:sujet (mots noeud) (plv-textes-reseau:sujet (strcat mots (plv-noeud-nom noeud)) (plv-noeud-station noeud)))
 
 (defun plv-dessin-reseau:paroi-visible-p (plume noeud)
@@ -118,7 +124,7 @@
         demi-largeur (/ (* 0.5 (plv-croisement-diametre croisement)) (sin (* pi (/ (plv-croisement-angle croisement) 180.0)))))
   (plv-dessin-reseau:ellipse centre demi-largeur demi-hauteur)
   (plv-textes-reseau:autour (plv-textes-reseau:sujet (plv-croisement-nom croisement) (plv-croisement-station croisement))
-    plv-dessin-reseau:croisements centre demi-largeur (plv-plume-petit plume)
+    plv-dessin-reseau:croisements centre demi-largeur demi-hauteur (plv-plume-petit plume)
     (strcat (plv-croisement-nom croisement) "  " (plv-reel (plv-croisement-altitude croisement) 2))))
 
 (defun plv-dessin-reseau:ellipse (centre demi-largeur demi-hauteur / axe part)
@@ -171,7 +177,8 @@
   (setq tuyaux (plv-dessin-reseau:les-tuyaux plume (plv-reseau-tuyaux reseau) (plv-reseau-regards reseau))
         regards (apply 'append (mapcar '(lambda (noeud) (plv-dessin-reseau:regard plume noeud)) (plv-reseau-regards reseau))))
   (plv-textes-reseau:ecrire profil genre
-    (append regards (mapcar '(lambda (croisement) (plv-dessin-reseau:croisement plume croisement)) (plv-reseau-croisements reseau)) tuyaux)))
+    (append regards (mapcar '(lambda (croisement) (plv-dessin-reseau:croisement plume croisement)) (plv-reseau-croisements reseau)) tuyaux)
+    (mapcar '(lambda (noeud) (plv-dessin-reseau:mur plume noeud)) (plv-reseau-regards reseau))))
 
 (defun plv-dessiner-reseau (profil genre / reseau plume)
   "Draws the network of a kind of line in place of what was drawn of it; T, or nil after a message."
@@ -188,3 +195,7 @@
      ;; The labels of a style keep clear of them.
      (plv-rehausser-titre profil)
      T)))
+
+(plv-brancher 'hachures
+  '(lambda (profil)
+     (foreach genre (plv-genres-de-reseau profil) (if (plv-traces-reseau profil genre) (plv-dessiner-reseau profil genre)))))

@@ -6,20 +6,28 @@
 (defun plv-textes-reseau:place (centre hauteur texte sens)
   (list (plv-boite-au-milieu centre sens texte hauteur (* 0.6 hauteur)) texte))
 
-(defun plv-textes-reseau:rangees (point hauteur texte sens / rang places)
+(defun plv-textes-reseau:deplacee (place x y / b)
+  "The place of the same words elsewhere: they are measured once."
+  (setq b (car place))
+  (list (vl-list* (+ (car b) x) (+ (cadr b) y) (cddr b)) (cadr place)))
+
+(defun plv-textes-reseau:rangees (point hauteur place sens / rang places)
+  "A level place at the origin, above a point for 1, beneath it for -1, further away by thirds of a row."
   (setq rang 0)
-  (repeat 8
-    (setq places (cons (plv-textes-reseau:place (polar point (* 0.5 pi) (* sens (+ 1.1 (* 1.6 rang)) hauteur)) hauteur texte 0.0) places) rang (1+ rang)))
+  (repeat 22
+    (setq places (cons (plv-textes-reseau:deplacee place (car point) (+ (cadr point) (* sens (+ 1.1 (* 0.53 rang)) hauteur))) places) rang (1+ rang)))
   (reverse places))
+
+(defun plv-textes-reseau:a-l-origine (hauteur texte) (plv-textes-reseau:place '(0.0 0.0) hauteur texte 0.0))
 
 (defun plv-textes-reseau:sujet (mots station) (strcat mots " (station " (plv-reel station 2) ")"))
 
-(defun plv-textes-reseau:dessus (sujet calque point hauteur texte sens / demi)
+(defun plv-textes-reseau:dessus (sujet calque point hauteur texte sens / demi place)
   "A level text above a point for 1, beneath it for -1, one row or several away from it; else beginning or ending there."
-  (setq demi (+ (* 0.5 hauteur) (* 0.5 (plv-largeur-texte texte hauteur))))
+  (setq demi (+ (* 0.5 hauteur) (* 0.5 (plv-largeur-texte texte hauteur))) place (plv-textes-reseau:a-l-origine hauteur texte))
   (vl-list* sujet calque hauteur
     (apply 'append
-      (mapcar '(lambda (x) (plv-textes-reseau:rangees (list (+ (car point) x) (cadr point)) hauteur texte sens)) (list 0.0 demi (- demi))))))
+      (mapcar '(lambda (x) (plv-textes-reseau:rangees (list (+ (car point) x) (cadr point)) hauteur place sens)) (list 0.0 demi (- demi))))))
 
 (defun plv-textes-reseau:le-long (sujet calque p q hauteur ecart textes / sens milieu largeur places)
   "Along a line from p to q (nil: nowhere), beneath it and above it by so much, the words that it has room for, the longest first."
@@ -37,13 +45,16 @@
                    places))))))
   (vl-list* sujet calque hauteur (reverse places)))
 
-(defun plv-textes-reseau:autour (sujet calque point demi hauteur texte / largeur)
-  "To the right of a point, to its left, above and beneath it, half a width away."
-  (setq largeur (+ demi (* 0.5 hauteur) (* 0.5 (plv-largeur-texte texte hauteur))))
+(defun plv-textes-reseau:decale (point dy) (list (car point) (+ (cadr point) dy)))
+
+(defun plv-textes-reseau:autour (sujet calque point demi-largeur demi-hauteur hauteur texte / largeur)
+  "To the right of a thing about a point, to its left, beneath it and above it."
+  (setq largeur (+ demi-largeur (* 0.5 hauteur) (* 0.5 (plv-largeur-texte texte hauteur))))
   (vl-list* sujet calque hauteur
     (append
       (mapcar '(lambda (x) (plv-textes-reseau:place (list (+ (car point) x) (cadr point)) hauteur texte 0.0)) (list largeur (- largeur)))
-      (cdddr (plv-textes-reseau:dessus sujet calque point hauteur texte 1)))))
+      (plv-premiers (plv-textes-reseau:rangees (plv-textes-reseau:decale point (- demi-hauteur)) hauteur (plv-textes-reseau:a-l-origine hauteur texte) -1) 4)
+      (cdddr (plv-textes-reseau:dessus sujet calque (plv-textes-reseau:decale point demi-hauteur) hauteur texte 1)))))
 
 ;; --- writing them
 
@@ -77,16 +88,28 @@
 (defun plv-textes-reseau:ecrire-un (texte place)
   (plv-texte-au-milieu (cadr texte) (car place) (caddr texte) (cadr place) (nth 4 (car place))))
 
-(defun plv-textes-reseau:ecrire (profil genre textes / origine choix)
-  "Writes texts where they have room, and tells those that have none; tables and lists have what they say, too."
+(defun plv-textes-reseau:choisir (textes obstacles) "For each text its place, or nil."
+  (mapcar '(lambda (l c) (if (>= c 0) (nth c (plv-textes-reseau:places l)))) textes
+    (if textes (et_placer obstacles (mapcar '(lambda (l) (mapcar 'car (plv-textes-reseau:places l))) textes)))))
+
+(defun plv-textes-reseau:sans-place (textes places) (vl-remove nil (mapcar '(lambda (l p) (if (not p) l)) textes places)))
+
+(defun plv-textes-reseau:repris (textes places obstacles / restes reprises)
+  "With places clear of obstacles and of the others' for those that have none yet."
+  (setq restes (plv-textes-reseau:sans-place textes places)
+        reprises (mapcar 'cons restes (plv-textes-reseau:choisir restes (append (mapcar 'car (vl-remove nil places)) obstacles))))
+  (mapcar '(lambda (l p) (cond (p) ((cdr (assoc l reprises))))) textes places))
+
+(defun plv-textes-reseau:ecrire (profil genre textes murs / origine obstacles places)
+  "Writes texts where they have room, clear of lines and of walls (boxes) where they can, and tells those that have none; tables and lists have what they
+say, too."
   (setq origine (plv-origine profil)
         textes (mapcar '(lambda (l) (plv-textes-reseau:possibles origine l)) textes)
-        choix (if textes
-                (et_placer
-                  (append (mapcar 'plv-boite-droite (append (plv-boites-cotes profil) (mapcar 'plv-boite (plv-blocs profil)))) (plv-boites-reseaux profil genre))
-                  (mapcar '(lambda (l) (mapcar 'car (plv-textes-reseau:places l))) textes))))
-  (mapcar '(lambda (l c) (if (>= c 0) (plv-textes-reseau:ecrire-un l (nth c (plv-textes-reseau:places l))))) textes choix)
-  (plv-textes-reseau:dire-omis profil genre (vl-remove nil (mapcar '(lambda (l c) (if (< c 0) (car l))) textes choix))))
+        obstacles (append (mapcar 'plv-boite-droite (append (plv-boites-cotes profil) (mapcar 'plv-boite (plv-blocs profil)))) (plv-boites-reseaux profil genre))
+        places (plv-textes-reseau:choisir textes (append murs (plv-boites-lignes profil) obstacles))
+        places (plv-textes-reseau:repris textes places obstacles))
+  (mapcar '(lambda (l p) (if p (plv-textes-reseau:ecrire-un l p))) textes places)
+  (plv-textes-reseau:dire-omis profil genre (mapcar 'car (plv-textes-reseau:sans-place textes places))))
 
 (setq plv-textes-reseau:nommes 4)
 

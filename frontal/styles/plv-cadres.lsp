@@ -1,4 +1,4 @@
-;; What a style adds to the tables beneath a profile: a closed frame, rules that reach the titles, toned rows, arrows at slopes.
+;; What a style adds to the tables beneath a profile: a closed frame, rules that reach the titles, toned rows, arrows at slopes, the face of titles.
 
 (defun plv-cadres:rangees (reference / matrice haut bas rangees)
   "(row top bottom) of each row of a table."
@@ -27,6 +27,30 @@
     (if pair (plv-aplat "PLV-ZEBRES" (plv-cadres:rectangle (car cotes) (caddr r) (caddr cotes) (cadr r)) opacite))
     (setq pair (not pair))))
 
+;; --- titles of rows in a face of their own: as wide as they are in the table's, for which the column was made. They stand in the table's block.
+
+(defun plv-cadres:textes-du-bloc (nom / e textes)
+  (setq e (plv-cle -2 (tblsearch "BLOCK" nom)))
+  (while e
+    (if (= (plv-type e) "TEXT") (setq textes (cons e textes)))
+    (setq e (entnext e)))
+  textes)
+
+(defun plv-cadres:largeur (groupes police / coins)
+  (setq coins (textbox (list (assoc 1 groupes) (assoc 40 groupes) (cons 7 police))))
+  (if coins (- (caadr coins) (caar coins)) 0.0))
+
+(defun plv-cadres:titre (e normale police / groupes large facteur)
+  (setq groupes (entget e) large (plv-cadres:largeur groupes police)
+        facteur (if (> large 0.0) (min 1.0 (/ (plv-cadres:largeur groupes normale) large)) 1.0))
+  (if (not (and (= (plv-cle 7 groupes) police) (equal (plv-cle 41 groupes) facteur 1e-9)))
+    (entmod (append (vl-remove-if '(lambda (g) (member (car g) '(7 41))) groupes) (list (cons 7 police) (cons 41 facteur))))))
+
+(defun plv-cadres:titres (reference / normale)
+  (setq normale (plv-cle 2 (entget (car (plv-matrice-filets (plv-matrice reference))))))
+  (foreach e (plv-cadres:textes-du-bloc (plv-cle 2 (entget reference)))
+    (plv-cadres:titre e normale (if (plv-style-titres) plv-texte-titres normale))))
+
 ;; --- arrows: at the right end of the slanting lines of slope rows
 
 (defun plv-cadres:pente-p (groupes haut bas / a b)
@@ -53,6 +77,7 @@
   (setq cotes (plv-cadres:cotes profil reference) rangees (plv-cadres:rangees reference))
   (if (plv-style-tableau "zebre") (plv-cadres:zebre cotes rangees (fix (plv-style-tableau "zebre"))))
   (if (plv-style-tableau "cadre") (plv-cadres:cadre cotes rangees))
+  (plv-cadres:titres reference)
   (if (plv-style-tableau "fleches") (plv-cadres:fleches profil rangees)))
 
 (setq plv-cadres:cle "PLV_CADRES")

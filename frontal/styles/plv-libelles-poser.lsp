@@ -44,10 +44,27 @@
     (list bas (list (car ancre) coude) (list x coude) (list x y))
     (list bas (list (car ancre) (- y (* 1.8 h))) (list x y))))
 
-(defun plv-libelles:ecrire-dessus (profil libelle x y coude / h)
+(defun plv-libelles:genes (profil)
+  "(left right bottom top) of level words and dimensions, the lowest first: a leader that comes up to one goes on above it."
+  (vl-sort
+    (mapcar '(lambda (b) (list (- (car b) (* 0.5 (caddr b))) (+ (car b) (* 0.5 (caddr b))) (- (cadr b) (* 0.5 (cadddr b))) (+ (cadr b) (* 0.5 (cadddr b)))))
+      (vl-remove-if-not '(lambda (b) (equal (nth 4 b) 0.0 1e-9)) (append (mapcar 'plv-boite-droite (plv-boites-cotes profil)) (plv-boites-reseaux profil nil))))
+    '(lambda (a b) (< (caddr a) (caddr b)))))
+
+(defun plv-libelles:tracer-renvoi (points genes jeu / x y haut)
+  "A leader through points, its first piece upright and broken at words."
+  (setq x (caar points) y (cadar points) haut (cadadr points))
+  (foreach g genes
+    (if (and (< (- (car g) jeu) x (+ (cadr g) jeu)) (< y (+ (cadddr g) jeu)) (> haut (- (caddr g) jeu)))
+      (progn
+        (if (< y (- (caddr g) jeu)) (plv-polyligne "PLV-LIBELLES" (list (list x y) (list x (- (caddr g) jeu)))))
+        (setq y (+ (cadddr g) jeu)))))
+  (plv-polyligne "PLV-LIBELLES" (if (< y haut) (cons (list x y) (cdr points)) (cdr points))))
+
+(defun plv-libelles:ecrire-dessus (profil libelle x y coude genes / h)
   "The lines of a label from y upwards, and its leader; bend: an ordinate, or nil."
   (setq h (plv-petit profil))
-  (plv-polyligne "PLV-LIBELLES" (plv-libelles:renvoi (plv-libelles:ancre libelle) x y coude h))
+  (plv-libelles:tracer-renvoi (plv-libelles:renvoi (plv-libelles:ancre libelle) x y coude h) genes (* 0.3 h))
   (foreach texte (reverse (plv-libelles:lignes libelle))
     (plv-texte "PLV-LIBELLES" (plv-point x y) h texte 1 0.0)
     (setq y (+ y (* 1.6 h)))))
@@ -92,12 +109,13 @@
   (if places
     (list y pas places (if genantes (- (apply 'min (cons y (mapcar 'cadr genantes))) (* 2.5 (plv-petit profil)))))))
 
-(defun plv-libelles:dessus (profil libelles / rangees)
+(defun plv-libelles:dessus (profil libelles / rangees genes)
   "Labels in rows above the profile; the top of them, nil when they have no room."
   (if (setq rangees (plv-libelles:rangees profil libelles))
     (progn
+      (setq genes (plv-libelles:genes profil))
       (mapcar
-        '(lambda (l p) (plv-libelles:ecrire-dessus profil l (cadr p) (+ (car rangees) (* (cadr rangees) (car p))) (cadddr rangees)))
+        '(lambda (l p) (plv-libelles:ecrire-dessus profil l (cadr p) (+ (car rangees) (* (cadr rangees) (car p))) (cadddr rangees) genes))
         libelles (caddr rangees))
       (plv-libelles:haut (car rangees) (cadr rangees) (caddr rangees)))))
 

@@ -33,16 +33,20 @@
 (defun plv-libelles:marques-pente (piece)
   (list (cons "<P>" (plv-reel (abs (* 100.0 (plv-pente-valeur piece))) 2)) (cons "<L>" (plv-reel (plv-longueur piece) 2))))
 
-(defun plv-libelles:place-pente (tracee piece texte part cote / h largeur a d p demi)
+(defun plv-libelles:ecart (texte h)
+  "From a line to the middle of a text along it, whose box keeps clear of the line."
+  (max (* 1.1 h) (+ (* 0.25 h) (* 0.5 (cadddr (plv-boite-au-milieu '(0.0 0.0) 0.0 texte h (* 0.6 h)))))))
+
+(defun plv-libelles:place-pente (tracee piece texte part cote / h largeur ecart a d p demi)
   "A place along a straight piece, above it for 1, below it for -1; nil where it doesn't lie on it and over one plane, and beneath that."
-  (setq h (plv-ttxt (car tracee)) largeur (plv-largeur-texte texte h)
+  (setq h (plv-ttxt (car tracee)) largeur (plv-largeur-texte texte h) ecart (* cote (plv-libelles:ecart texte h))
         a (atan (* (plv-echv (car tracee)) (plv-pente-valeur piece)))
         d (+ (plv-debut piece) (* part (plv-longueur piece)))
         demi (+ (* 0.5 largeur (cos a)) (* h (abs (sin a)))))
   (if (and (> (- d demi) (plv-debut piece)) (< (+ d demi) (plv-fin piece))
            (plv-plan-de (cadddr tracee) (- d demi) (+ d demi)) (setq p (plv-libelles:point tracee d))
-           (> (+ (cadr p) (* cote 1.1 h (cos a)) (* -0.5 largeur (abs (sin a))) (* -0.75 h (cos a))) (cadr (plv-origine (car tracee)))))
-    (list (plv-boite-au-milieu (list (- (car p) (* cote 1.1 h (sin a))) (+ (cadr p) (* cote 1.1 h (cos a)))) a texte h (* 0.6 h)) texte a)))
+           (> (+ (cadr p) (* ecart (cos a)) (* -0.5 largeur (abs (sin a))) (* -0.75 h (cos a))) (cadr (plv-origine (car tracee)))))
+    (list (plv-boite-au-milieu (list (- (car p) (* ecart (sin a))) (+ (cadr p) (* ecart (cos a)))) a texte h (* 0.6 h)) texte a)))
 
 (defun plv-libelles:places-pente (tracee piece textes / places place)
   (foreach texte textes

@@ -4,7 +4,7 @@
 (defun plv-presentation:autour (profil / obstacles lignes hauts)
   "Labels and altitudes around the lines; the top of what is drawn, nil for nothing above the profile."
   (setq lignes (plv-boites-lignes profil)
-        obstacles (append (plv-boites-textes profil) (plv-fond-axes profil (append (plv-boites-textes profil) lignes))))
+        obstacles (append (plv-boites-textes profil) (plv-fond-axes profil (append (plv-boites-textes profil) lignes (plv-boites-traits-reseaux profil)))))
   (setq hauts (vl-remove nil (cons (plv-poser-libelles profil (plv-libelles profil) obstacles lignes)
                                (append (plv-hauts-reseaux profil) (mapcar '(lambda (b) (plv-boite-haut (plv-boite b))) (plv-blocs profil))))))
   (if hauts (apply 'max hauts)))

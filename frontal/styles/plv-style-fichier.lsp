@@ -4,7 +4,7 @@
 
 ;; word, least and greatest number of fields behind it, what checks them: the text of a fault, or nil
 (setq plv-style:rangees
-  '(("calque" 4 5 plv-style:faute-trait) ("ligne" 4 5 plv-style:faute-trait-genre) ("texte" 2 2 plv-style:faute-texte)
+  '(("calque" 4 5 plv-style:faute-trait) ("ligne" 4 5 plv-style:faute-trait-genre) ("texte" 2 2 plv-style:faute-texte) ("titres" 1 1 plv-style:faute-police)
     ("grille" 1 1 plv-style:faute-nombres) ("sol" 1 2 plv-style:faute-nombres) ("libelle" 2 2 plv-style:faute-libelle)
     ("legende" 1 1 plv-style:faute-legende) ("tableau" 2 2 plv-style:faute-tableau)))
 
@@ -55,10 +55,12 @@
 (defun plv-style:faute-trait-genre (champs)
   (cond ((plv-refus-genre-projet (plv-genre (car champs)))) ((plv-style:faute-trait champs))))
 
+(defun plv-style:faute-police (champs) (if (= (car champs) "") "un fichier de police est attendu"))
+
 (defun plv-style:faute-texte (champs)
   "(font height)"
   (cond
-    ((= (car champs) "") "un fichier de police est attendu")
+    ((plv-style:faute-police champs))
     ((not (plv-style:nombre-entre (cadr champs) 2.5 20.0))
      (strcat "hauteur \"" (cadr champs) "\": de 2.5 à 20 mm est attendu, les petits textes en ont 0.72 fois autant"))))
 

@@ -108,7 +108,8 @@
       (if (cdr couleur) (list (cons 420 (cdr couleur)))))))
 
 (defun plv-style:rangee-du-calque (nom)
-  "The row of a layer by the name that it was made with; rows may have jokers, the last one that fits counts."
+  "The row of a layer by the name that it was made with, of a copy that of its layer; rows may have jokers, the last one that fits counts."
+  (setq nom (cond ((plv-original-de-copie nom)) (nom)))
   (plv-dernier
     (vl-remove-if-not '(lambda (champs) (wcmatch (strcase nom) (strcase (car champs))))
       (append (plv-style:rangees-de "calque")
@@ -156,13 +157,18 @@
 
 (defun plv-style-hauteur () "The height of texts on paper in millimetres." (cond ((plv-style:rangee "texte") (plv-nombre (cadr (plv-style:rangee "texte")))) (2.5)))
 
-(defun plv-habiller-texte (/ groupes)
-  "Makes the text style of profiles, or gives it another font."
+(defun plv-style-titres () "The font of the titles of rows; nil where they are written as all else is." (car (plv-style:rangee "titres")))
+
+(defun plv-style:police (nom police / groupes)
+  "Makes a text style, or gives it another font."
   (setq groupes
-    (list '(100 . "AcDbSymbolTableRecord") '(100 . "AcDbTextStyleTableRecord") (cons 2 plv-texte-style) '(70 . 0) '(40 . 0.0) '(41 . 1.0)
-          '(50 . 0.0) '(71 . 0) '(42 . 2.5) (cons 3 (plv-style-police)) '(4 . "")))
-  (cond
-    ((not (plv-style-police)) nil)
-    ((tblsearch "STYLE" plv-texte-style)
-     (entmod (vl-list* (cons -1 (tblobjname "STYLE" plv-texte-style)) '(0 . "STYLE") groupes)))
-    (T (entmake (cons '(0 . "STYLE") groupes)))))
+    (list '(100 . "AcDbSymbolTableRecord") '(100 . "AcDbTextStyleTableRecord") (cons 2 nom) '(70 . 0) '(40 . 0.0) '(41 . 1.0)
+          '(50 . 0.0) '(71 . 0) '(42 . 2.5) (cons 3 police) '(4 . "")))
+  (if (tblsearch "STYLE" nom)
+    (entmod (vl-list* (cons -1 (tblobjname "STYLE" nom)) '(0 . "STYLE") groupes))
+    (entmake (cons '(0 . "STYLE") groupes))))
+
+(defun plv-habiller-texte ()
+  "The text styles of profiles."
+  (if (plv-style-police) (plv-style:police plv-texte-style (plv-style-police)))
+  (if (plv-style-titres) (plv-style:police plv-texte-titres (plv-style-titres))))

@@ -78,12 +78,17 @@
 
 (defun plv-refaire-habillages (profil faits) (plv-rehabiller profil) T)
 
-;; --- networks
-
-(defun plv-refaire-reseaux (profil faits) (vl-every '(lambda (f) (plv-dessiner-reseau profil (plv-fait-genre f))) faits))
+;; --- trenches, which draw their network over them, and the other networks
 
 (defun plv-refaire-tranchees (profil faits)
   (vl-every '(lambda (f) (plv-hachurer-tranchees profil (plv-fait-genre f) (= (car (plv-fait-reponses f)) "Tout"))) faits))
+
+(defun plv-refaire:refait-p (profil fait)
+  "Whether the thing has been noted since the fact was read."
+  (vl-some '(lambda (f) (and (plv-meme-chose-p f fait) (/= (plv-fait-date f) (plv-fait-date fait)))) (plv-faits profil)))
+
+(defun plv-refaire-reseaux (profil faits)
+  (vl-every '(lambda (f) (or (plv-refaire:refait-p profil f) (plv-dessiner-reseau profil (plv-fait-genre f)))) faits))
 
 (defun plv-refaire-coupes (profil faits)
   (vl-every '(lambda (f) (plv-couper-tranchees profil (plv-fait-genre f) (plv-coupes-point profil (plv-fait-reponses f)))) faits))

@@ -96,7 +96,7 @@
 
 (defun plv-sources:textes (profil fait)
   "With what the drawing's style says of texts and tables."
-  (cons (plv-ttxt profil) (vl-remove-if-not '(lambda (r) (wcmatch r "texte;*,tableau;*")) (plv-rangees-de-style))))
+  (cons (plv-ttxt profil) (vl-remove-if-not '(lambda (r) (wcmatch r "texte;*,titres;*,tableau;*")) (plv-rangees-de-style))))
 
 (defun plv-sources:style (profil fait) (plv-rangees-de-style))
 

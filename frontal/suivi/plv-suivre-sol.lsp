@@ -1,5 +1,6 @@
 ;; After each command: ground lines that were dragged take their neighbours and the record along, in the same step. What else is made of the ground is
-;; not up to date then, and says so. The legend of lines follows those that came or went. A host without *apres-commande* calls its function by its reactors.
+;; not up to date then, and says so. The legend of lines follows those that came or went, and the looks of their layers. A host without *apres-commande*
+;; calls its function by its reactors.
 ;; Shared in the room: plv-suivre-sol:dire
 
 (defun plv-suivre-sol:trait-p (entite calque / groupes)
@@ -32,8 +33,12 @@
       (plv-reprendre-terrain profil)
       (plv-suivre-sol:dire profil avant))))
 
+(defun plv-suivre-sol:calque-p (entites)
+  "Whether a layer is among entities."
+  (and (listp entites) (vl-some '(lambda (e) (= (plv-type e) "LAYER")) entites)))
+
 (defun plv-apres-commande (entites / profils)
   "entites: those that a command has changed or made, or T."
   (setq profils (plv-profils))
   (if (and profils (plv-suivre-sol:touche-p entites)) (foreach p profils (plv-suivre-sol p)))
-  (foreach p profils (plv-presenter-sans-effacees p)))
+  (foreach p profils (if (plv-suivre-sol:calque-p entites) (plv-presenter-lignes p) (plv-presenter-sans-effacees p))))

@@ -61,9 +61,17 @@
          (plv-point x (- (cadr point) (* (plv-matrice-echelle matrice) (plv-hauteur-rangees (plv-matrice-rangees matrice)))))))
     (plv-references-tables profil)))
 
+(defun plv-tables:filet (e / groupes)
+  "A rule as the titles are: on the layer of tables and with its look; the module draws it on layer 0."
+  (setq groupes (vl-remove-if '(lambda (g) (member (car g) '(8 62))) (entget e)))
+  (entmod (append groupes (list (cons 8 (plv-calque "PLV-MATRICE")) '(62 . 256)))))
+
+(defun plv-tables:filets (reference) (foreach e (cdr (plv-sans-dernier (plv-matrice-filets (plv-matrice reference)))) (plv-tables:filet e)))
+
 (defun plv-dessiner-tables (profil / ttxt point)
   "Draws the tables of the definitions that are loaded, still empty."
   (setq ttxt (plv-ttxt profil)
         point (plv-origine profil))
   (pl_DessinerMatrices profil (plv-point (car point) (- (cadr point) (* 2.5 ttxt))) ttxt ttxt)
-  (pl_updLargeurLignes (plv-largeur-tables profil)))
+  (pl_updLargeurLignes (plv-largeur-tables profil))
+  (foreach reference (plv-references-tables profil) (plv-tables:filets reference)))

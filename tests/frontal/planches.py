@@ -149,6 +149,39 @@ def check_layouts(folder, profile, pdf):
     expect("faults that ezdxf finds", [str(e) for e in drawing.audit().errors], [])
 
 
+def check_torn(folder):
+    """A label along a slope that a cut tears is whole on both sheets where it can hang over their edges, else on the first, and nothing of it on the other
+    one; where the first has no room beside it, it is moved along its line on both. Layouts show the same by layers that are frozen in them, and one that is
+    cut elsewhere shows it again."""
+    # left of the second sheet stand the altitudes of an axis as high as the ground
+    for peak, middle, end, more, wanted in ((26, 496, 980, "-et-plus-long", [1, 1]), (20, 300, 600, "", [1, 1]), (26, 300, 600, "", [1, 0])):
+        label = "P0.20L300.00" + more
+        with open(os.path.join(folder, "mots.txt"), "w", encoding="utf-8") as out:
+            out.write(f"texte;arial.ttf;2.5\nlibelle;pente;P<P>L<L>{more}\n")
+        with open(os.path.join(folder, "pic.csv"), "w", encoding="utf-8") as out:
+            out.write(f"distance;altitude\n0;20\n{middle};{peak}\n{end};20\n")
+        lines = ["PLV-NOUVEAU", "pic.csv", "T", "0,0", "10", "2.5", "150", "A", "PLV-MATRICES", "matrices-route.txt", "Espaces",
+                 f"""(plv-projet (car (plv-profils)) "Projet" '((0.0 22.0) ({middle - 150}.0 22.8) ({middle + 150}.0 22.2) ({end}.0 22.6)))""",
+                 "PLV-STYLE", "Fichier", "mots.txt", "Couleurs", "1000", "PLV-FEUILLES", "A2", "1000", "x", "c.pdf", "PLV-PRESENTATIONS", "A2", "1000", "x"]
+        made = run(folder, lines + ['(princ (strcat "état " (vl-prin1-to-string (mapcar \'plv-etat-valeur (plv-etats (car (plv-profils)))))))'], "--save", "c.dxf",
+                   "--layout", "Feuille 1", "--plot", "c1.pdf", "--layout", "Feuille 2", "--plot", "c2.pdf")
+        expect("what layouts hide makes nothing stale", re.findall('état .*', made)[0].count("refaire"), 0)
+        for name, page in (("c.pdf", 1), ("c.pdf", 2), ("c1.pdf", 1), ("c2.pdf", 1)):
+            found = [w for w, _, _ in words(os.path.join(folder, name), page) if re.search("P0.20|20L|L300", w)]
+            expect(f"a label at a cut at {middle} m under a ground of {peak} m in {name}, page {page}", found, [label] * wanted[1 if "2" in name or page == 2 else 0])
+        drawing = ezdxf.readfile(os.path.join(folder, "c.dxf"))
+        layer = next(t.dxf.layer for t in drawing.modelspace().query("TEXT") if t.dxf.text == label)
+        for sheet in ("Feuille 1", "Feuille 2"):
+            frozen = [n for v in drawing.layout(sheet).query("VIEWPORT") for n in v.frozen_layers]
+            expect(f"{sheet} freezes the layer of the label", layer in frozen, True)
+        expect("the layer looks like that of labels", [drawing.layers.get(n).color for n in (layer, "PLV-LIBELLES")], [drawing.layers.get("PLV-LIBELLES").color] * 2)
+        expect("faults that ezdxf finds with frozen layers", [str(e) for e in drawing.audit().errors], [])
+    run(folder, lines + ["PLV-PRESENTATIONS", "A0", "2000", "x"], "--save", "c.dxf")
+    drawing = ezdxf.readfile(os.path.join(folder, "c.dxf"))
+    expect("the label is on its layer again", [t.dxf.layer for t in drawing.modelspace().query("TEXT") if t.dxf.text == label], ["PLV-LIBELLES"])
+    expect("copies of layers that are left", [n.dxf.name for n in drawing.layers if "-HORS-" in n.dxf.name], [])
+
+
 def check_greys(folder, pdf, coloured):
     """Whether a page has colours."""
     read("pdftoppm", "-r", "40", "-f", "1", "-l", "1", pdf, os.path.join(folder, "page"))
@@ -180,6 +213,7 @@ def main():
         check_layouts(folder, profile + fields, pdf)
         check_list(folder, profile)
         check_logo(folder, profile)
+        check_torn(folder)
         # By itself the scale leaves room for the plan; on A4 there is none.
         said = run(folder, profile + ["PLV-FEUILLES", "A4", "2000", "Rue", "a4.pdf"])
         expect("a plan without room is told", "pas de place pour le plan" in said, True)

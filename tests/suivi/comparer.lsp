@@ -11,7 +11,8 @@
   (cons (car g) (if (listp (cdr g)) (mapcar 'essai:arrondi (cdr g)) (essai:arrondi (cdr g)))))
 
 (defun essai:compte-p (g)
-  (and (not (member (car g) '(-1 5 67 70 71 100 102 330 340 350 360 347 410 420 1005)))
+  (and (not (equal g '(62 . 256)))  ; as without it
+       (not (member (car g) '(-1 5 67 70 71 100 102 330 340 350 360 347 410 420 1005)))
        (not (and (<= 41 (car g) 79) (numberp (cdr g)) (zerop (cdr g))))
        (not (and (= (car g) 2) (wcmatch (vl-princ-to-string (cdr g)) "`**,PLV_LEGENDE*,`A#*,_*")))))
 

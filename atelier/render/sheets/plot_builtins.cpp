@@ -156,9 +156,8 @@ constexpr lisp::Builtin kTable[] = {
      "Montre des feuilles dans la fenêtre, page par page, comme tracer-feuilles les trace; nil sans fenêtre."},
     {"tracer-feuilles", plotSheetSet, 3, 4, "(tracer-feuilles pdf modèle feuilles [infos])",
      "Trace des feuilles (échelle vues textes [encarts [graduation [plan [dessins]]]]) en un PDF; une vue est (x1 y1 "
-     "x2 y2 (x y1 y2) "
-     "...), "
-     "coupures derrière, un encart (x1 y1 x2 y2 dx dy), la graduation de la dernière vue (largeur y1 y2 hauteur (y . "
+     "x2 y2 (x y1 y2) ... entité ...), coupures derrière et ce qu'elle ne montre pas, un encart (x1 y1 x2 y2 dx dy), "
+     "la graduation de la dernière vue (largeur y1 y2 hauteur (y . "
      "texte) ...), le plan au-dessus (hauteur-mm x y angle abscisse ((x1 y1 x2 y2 [\"C\"]) ...) ((x y texte) ...)), "
      "son point "
      "étant au-dessus de l'abscisse, C une coupure; les dessins, en mm depuis le bas de la place, (\"L\" épaisseur x y "

@@ -2,7 +2,9 @@
 #include "atelier/render/sheets/sheet_arguments.h"
 
 #include "atelier/base/files.h"
+#include "atelier/database/objects/stub.h"
 #include "atelier/document/document.h"
+#include "atelier/document/values.h"
 #include "atelier/lisp/evaluator/arguments.h"
 
 namespace atelier::render {
@@ -13,22 +15,23 @@ using lisp::Value;
 
 namespace {
 
-// The numbers of a list, at least so many; lists in it are left out.
+// The numbers of a list, at least so many; lists and entities in it are left out.
 std::vector<double> numbersOf(Interpreter& in, Value list, std::size_t least) {
   std::vector<double> numbers;
   for (const Value item : Items(lisp::listArgument(in, list)))
-    if (!item.isList()) numbers.push_back(lisp::numberArgument(in, item));
+    if (!item.isList() && !item.isEntity()) numbers.push_back(lisp::numberArgument(in, item));
   if (numbers.size() < least) in.failType("liste de nombres", list);
   return numbers;
 }
 
-// (x1 y1 x2 y2 (x y1 y2) ...)
+// (x1 y1 x2 y2 (x y1 y2) ... entity ...)
 SheetView viewOf(Interpreter& in, Value list) {
   const auto corners = numbersOf(in, list, 4);
   SheetView view;
   view.window.add(Pt{corners[0], corners[1]});
   view.window.add(Pt{corners[2], corners[3]});
   for (const Value item : Items(list)) {
+    if (const AcDbStub* entity = stubOfValue(item)) view.hidden.insert(entity->handle);
     if (!item.isPair()) continue;
     const auto cut = numbersOf(in, item, 3);
     view.cuts.push_back({cut[0], cut[1], cut[2]});

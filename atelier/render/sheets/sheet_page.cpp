@@ -35,7 +35,8 @@ Dashes dashDot() { return std::make_shared<const std::vector<double>>(std::vecto
 
 }  // namespace
 
-void SheetPage::show(const WholeScene& scene, const Affine& toPage, const Box& windowMm) const {
+void SheetPage::show(const WholeScene& scene, const Affine& toPage, const Box& windowMm,
+                     const std::set<std::uint64_t>& hidden) const {
   const Affine toSurface = Affine::scaling(canvas_.unitsPerMm, canvas_.unitsPerMm);
   PaintOptions options;
   options.toSurface = toSurface * toPage;
@@ -52,7 +53,9 @@ void SheetPage::show(const WholeScene& scene, const Affine& toPage, const Box& w
   options.step = checkInterruption;
   options.inks = inks_;
   Painting painting(canvas_.context, options);
-  scene.each([&](const Primitive& item) { painting.item(item); });
+  scene.each([&](const Primitive& item) {
+    if (!hidden.contains(item.source)) painting.item(item);
+  });
 }
 
 SheetPage::Row SheetPage::rowOf(const Sheet& sheet) {
@@ -90,7 +93,7 @@ void SheetPage::views(const WholeScene& drawing, const Sheet& sheet) const {
     const SheetView& view = sheet.views[i];
     const double left = at.x + perUnit * (row.lefts[i] - view.window.xMin);
     toPage = {perUnit, 0, 0, -perUnit, left, at.y + perUnit * row.whole.yMax};
-    show(drawing, toPage, fonts::rectangle(view.window).bounds(toPage));
+    show(drawing, toPage, fonts::rectangle(view.window).bounds(toPage), view.hidden);
     for (const MatchLine& cut : view.cuts) matchLine(cut, toPage);
   }
   for (const Inset& inset : sheet.insets) {

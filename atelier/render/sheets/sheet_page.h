@@ -15,8 +15,9 @@ class SheetPage {
 
   // Millimetres of the template to those of the page, from its top left corner.
   Affine paper() const { return {1, 0, 0, -1, -model_.sheet.xMin, model_.sheet.yMax}; }
-  // Draws the part in the window with a map to the page.
-  void show(const WholeScene& scene, const Affine& toPage, const Box& windowMm) const;
+  // Draws the part in the window with a map to the page, without the objects of these handles.
+  void show(const WholeScene& scene, const Affine& toPage, const Box& windowMm,
+            const std::set<std::uint64_t>& hidden = {}) const;
   // Throws PlotError for a view without size, or when the room is too small.
   void views(const WholeScene& drawing, const Sheet& sheet) const;
   // What is drawn on the sheet itself.

@@ -3,7 +3,9 @@
 // its layer DESSIN the room for the drawing, one on LOGO that of a logo, if any; they aren't plotted. Marks such as <FEUILLE> in its texts are replaced.
 #pragma once
 
+#include <cstdint>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -25,6 +27,7 @@ struct MatchLine {
 struct SheetView {
   Box window;  // drawing units
   std::vector<MatchLine> cuts;
+  std::set<std::uint64_t> hidden;  // handles of objects that this view doesn't show
 };
 
 // Another part of the drawing, shown as if it stood displaced by so much.

@@ -28,6 +28,12 @@
   (command "_.GROUP" "G" "" (ssadd a) "")
   (entdel b))
 ((= avant (et_empreinte (list a) '(0.0 0.0 0.0) T)) T)
+;; nor does the colour of the layer, written or left out, nor a copy of the layer for sheets; another layer does
+(preparer
+  (defun sur (calque couleur)
+    (et_empreinte (list (entmakex (append (list '(0 . "LINE") (cons 8 calque) '(10 0.0 0.0 0.0) '(11 1.0 0.0 0.0)) couleur))) '(0.0 0.0 0.0) T)))
+((= (sur "A" nil) (sur "A" '((62 . 256))) (sur "A-HORS-1-2" nil)) T)
+((list (= (sur "A" nil) (sur "A" '((62 . 1)))) (= (sur "A" nil) (sur "B" nil))) (nil nil))
 ;; vertices and attributes do
 (preparer
   (entmake '((0 . "POLYLINE") (66 . 1) (10 0.0 0.0 0.0)))

@@ -50,6 +50,36 @@
 (dit (plv-pc p "A" 1050.0 40.0) "Plans de comparaison")
 (dit (progn (plv-dessiner-reseau p "Assainissement") (princ (strcat "textes: " (itoa (length (traces "TEXT")))))) "2 textes du réseau" "textes: 7")
 
+;; A long name stands above the ground that falls beneath it, words of a crossing beside the manhole next to it.
+(situation "WordsAreClearOfGroundAndWalls")
+(preparer
+  (plv-reseau-ecrire p "Assainissement"
+    '("regard;Regard du moulin;1040;visite;1000/1200" "regard;C;1090;visite;1000/1200" "tuyau;Regard du moulin;C;400/500" "croisement;gaz;1037;48.9;200;90"))
+  (plv-dessiner-reseau p "Assainissement")
+  (setq h (- (cadr (plv-vers-dessin (plv-cadre p) 0.0 0.0))))
+  (defun boite (texte) (etendue-tracee (list (car (vl-remove-if-not '(lambda (e) (wcmatch (plv-cle 1 (entget e)) texte)) (traces "TEXT"))))))
+  (setq nom (boite "Regard du moulin") gaz (boite "gaz*")))
+((> (cadar nom) (- (* 10.0 (- 50.0 (* 0.02 (caar nom)))) h)) T)
+((< (caar nom) 40.0 (caadr nom)) T)
+((or (< (caadr gaz) 39.4) (> (caar gaz) 40.6)) T)
+((< (cadadr gaz) (- (* 10.0 (- 50.0 (* 0.02 (caadr gaz)))) h)) T)
+
+;; Words stand beside the axis of an inner plane, not over it, and its altitudes beside the pipes.
+(situation "WordsAndInnerAxesKeepApart")
+(preparer
+  (plv-pc p "A" 1040.0 45.0)
+  (plv-reseau-ecrire p "Assainissement"
+    '("regard;A;1000;visite;1000/1200" "regard;Regard B;1040;visite;1000/1200;;46.95;46.05" "regard;C;1100;visite;1000/1200" "tuyau;A;C;400/500" "croisement;gaz;1042;47.4;200;90"))
+  (plv-style "route" nil 1000.0)
+  (defun boite (e) (apply 'append (mapcar '(lambda (c) (plv-premiers c 2)) (etendue-tracee (list e)))))
+  (defun altitudes ()
+    (vl-remove-if-not '(lambda (b) (< 30.0 (car b) 50.0))
+      (mapcar 'boite (vl-remove-if-not '(lambda (e) (and (= (plv-type e) "TEXT") (> (cadr (boite e)) 0.5))) (plv-entites-du-jeu (ssget "X" '((0 . "TEXT") (8 . "PLV-AXE"))))))))
+  (defun touche-p (b e / y) (and (setq y (pl_yat e (* 0.5 (+ (car b) (caddr b))))) (< (cadr b) y (cadddr b)))))
+;; the axis ends below the name of the manhole
+((vl-remove-if-not '(lambda (e) (and (< (car (boite e)) 40.0 (caddr (boite e))) (< (cadr (boite e)) 42.5))) (traces "TEXT")) nil)
+((list (> (length (altitudes)) 1) (vl-some '(lambda (b) (vl-some '(lambda (e) (touche-p b e)) (append (traces "LWPOLYLINE") (traces "LINE")))) (altitudes))) (T nil))
+
 (situation "WhatIsOddIsTold")
 (preparer
   (reseau)

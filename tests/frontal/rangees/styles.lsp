@@ -94,6 +94,9 @@
 ;; it is part of the dressing, above the title, and moves up with it
 ((vl-every '(lambda (e) (member e (plv-entites-habillage p))) (plv-entites-legende-lignes p)) T)
 ((> (bas) (cadr (cdr (assoc 10 (plv-attribut-profil p "TITRE"))))) T)
+;; a layer that a hand gives another colour
+(tape ("_.-LAYER" "_Color" "30" "PLV-PROJET-AEP" ""))
+((list (car (caddr (traits))) (length (legende))) (30 3))
 ;; erased by hand, and brought back
 (preparer (command "_.ERASE" (car eau) "") (plv-apres-commande nil))
 ((length (legende)) 2)
@@ -129,6 +132,21 @@
 ((mapcar 'plv-etat-valeur (vl-remove-if-not '(lambda (e) (= (plv-fait-chose (plv-etat-fait e)) "HABILLAGE")) (plv-etats p))) ("a-refaire"))
 ((list (plv-actualiser (list p)) (mots "8.33 %") (mots "9.42 %")) (T 0 1))
 
+;; A leader from a curve that stands under a dimension goes on above it.
+(situation "LeadersLeaveDimensions")
+(preparer
+  (plv-projet-fichier p "Voirie" "<dossier>p.csv")
+  (plv-coter p "Voirie" (* 0.5 pi) "Altitudes" (plv-elements p "Voirie"))
+  (plv-style "<dossier>s.txt" nil 1000.0)
+  (defun traits ()
+    (apply 'append
+      (mapcar '(lambda (e / s) (setq s (plv-cles 10 (entget e))) (mapcar 'list s (cdr s)))
+        (vl-remove-if-not '(lambda (e) (and (= (plv-type e) "LWPOLYLINE") (= (plv-cle 8 (entget e)) "PLV-LIBELLES"))) (plv-entites-habillage p)))))
+  (defun coupe-p (t1 b) (and (< (car b) (car (car t1)) (caddr b)) (equal (car (car t1)) (car (cadr t1)) 1e-6)
+                             (< (min (cadr (car t1)) (cadr (cadr t1))) (plv-boite-haut b)) (> (max (cadr (car t1)) (cadr (cadr t1))) (cadr b)))))
+((vl-some '(lambda (b) (vl-some '(lambda (t1) (< (car b) (car (car t1)) (caddr b))) (traits))) (plv-boites-cotes p)) T)
+((vl-some '(lambda (b) (vl-some '(lambda (t1) (coupe-p t1 b)) (traits))) (plv-boites-cotes p)) nil)
+
 ;; A block's words above the profile are below the title, which stands 1 m above them at least.
 (situation "TheTitleIsAboveWordsOfBlocks")
 (preparer
@@ -146,6 +164,8 @@
 ((not (plv-matrices p "<dossier>t.txt" nil)) nil)
 ;; a frame around it, the second row of three toned, an arrow for each of two slopes
 ((list (compte "PLV-CADRES" "LWPOLYLINE") (compte "PLV-ZEBRES" "HATCH") (compte "PLV-CADRES" "HATCH")) (1 1 2))
+;; rules look as the titles' frames do, of the layer of tables
+((ssget "X" '((0 . "LINE") (8 . "0"))) nil)
 ;; cells are written in the style's face
 ((cdr (assoc 7 (entget (ssname (ssget "X" '((0 . "TEXT") (1 . "52.00"))) 0)))) "KAVEL-TEXTE")
 ;; drawn again, they replace themselves; a row alone keeps them
@@ -155,6 +175,31 @@
 ((list (compte "PLV-CADRES" "LWPOLYLINE") (compte "PLV-MATRICE" "LWPOLYLINE") (compte "PLV-CADRES" "HATCH")) (1 2 2))
 ;; another height of texts draws the tables anew
 ((list (not (plv-style "<dossier>s.txt" nil 500.0)) (plv-matrice-echelle (plv-matrice (car (plv-tables p))))) (nil 1.25))
+
+;; Titles of rows have the style's face, and no more room than before; without it they have that of the other texts again.
+(situation "TitlesOfRowsHaveTheirFace")
+(fichier "t.txt" "T - 6.0 4 Altitude du terrain\nT - 2.5 2 Distances\n")
+(fichier "gras.txt" "texte;arial.ttf;2.5\ntitres;arialbd.ttf\n")
+(fichier "maigre.txt" "texte;arial.ttf;2.5\n")
+(fichier "vide.txt" "titres;\n")
+(preparer
+  (plv-matrices p "<dossier>t.txt" T)
+  (defun titres (/ e trouves)
+    (setq e (cdr (assoc -2 (tblsearch "BLOCK" (cdr (assoc 2 (entget (car (plv-tables p)))))))))
+    (while e
+      (if (= (cdr (assoc 0 (entget e))) "TEXT") (setq trouves (cons (entget e) trouves)))
+      (setq e (entnext e)))
+    (reverse trouves))
+  (defun large (g police / coins) (setq coins (textbox (list (assoc 1 g) (assoc 40 g) (cons 7 police)))) (- (caadr coins) (caar coins)))
+  (plv-style "<dossier>gras.txt" nil 500.0)
+  (setq gras (titres)))
+((mapcar '(lambda (g) (cdr (assoc 1 g))) gras) ("Altitude du terrain" "Distances"))
+((cdr (assoc 3 (entget (tblobjname "STYLE" (cdr (assoc 7 (car gras))))))) "arialbd.ttf")
+((vl-every '(lambda (g) (equal (* (cdr (assoc 41 g)) (large g "KAVEL-TITRES")) (large g "KAVEL-TEXTE") 1e-6)) gras) T)
+((> (large (car gras) "KAVEL-TITRES") (large (car gras) "KAVEL-TEXTE")) T)
+(preparer (plv-style "<dossier>maigre.txt" nil 500.0))
+((mapcar '(lambda (g) (list (cdr (assoc 7 g)) (cdr (assoc 41 g)))) (titres)) (("KAVEL-TEXTE" 1.0) ("KAVEL-TEXTE" 1.0)))
+(refuse (plv-style "<dossier>vide.txt" nil 500.0) "un fichier de police est attendu")
 
 (situation "TheGroundIsTonedButNotInGaps")
 (preparer (plv-ecrire-lacunes p '((40.0 80.0))) (plv-style "<dossier>s.txt" nil 1000.0))
