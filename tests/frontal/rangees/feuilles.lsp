@@ -127,3 +127,9 @@
 ((list (copies) (- (length (layoutlist)) (length avant))) (("PLV-LIBELLES-HORS-1-2") 2))
 (tape ("_.U"))
 ((list (copies) (equal (layoutlist) avant)) (nil T))
+
+;; Where no scale would do, none is named.
+(situation "WhatIsTooHighIsTold")
+(refuse (plv-feuilles (list p) "cartouche.dxf" 200.0 "x" "<dossier>x.pdf") "il tiendrait à 1:500")
+(preparer (setq plv-feuilles:echelles '(50.0 100.0 200.0)))
+(refuse (plv-feuilles (list p) "cartouche.dxf" 200.0 "x" "<dossier>x.pdf") "la feuille en offre 233; des plans de comparaison (PLV-PC Proposer)")
