@@ -128,6 +128,18 @@
 (tape ("_.U"))
 ((list (copies) (equal (layoutlist) avant)) (nil T))
 
+;; A torn word stands on a copy of its layer: switched off afterwards, the layer takes its words from the next sheets, and gives them back with them.
+(situation "WordsOfALayerThatIsOffAreNotWritten")
+(preparer
+  (defun plv-feuilles:coupures (m l h) '(300.0))
+  (defun eteindre (oui / g) (setq g (entget (tblobjname "LAYER" "PLV-LIBELLES"))) (entmod (subst (cons 62 ((if oui - +) (abs (cdr (assoc 62 g))))) (assoc 62 g) g)))
+  (defun presenter () (plv-presentations (list p) "cartouche.dxf" 1000.0 "x" nil) (setq s (ssget "X" '((0 . "TEXT") (67 . 1) (1 . "Point bas*")))) (if s (sslength s) 0)))
+((presenter) 2)
+(preparer (eteindre T))
+((presenter) 0)
+(preparer (eteindre nil))
+((presenter) 2)
+
 ;; Where no scale would do, none is named.
 (situation "WhatIsTooHighIsTold")
 (refuse (plv-feuilles (list p) "cartouche.dxf" 200.0 "x" "<dossier>x.pdf") "il tiendrait à 1:500")
