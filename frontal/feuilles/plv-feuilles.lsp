@@ -58,8 +58,8 @@
         (cons "<ECHELLE_V>" (strcat "1:" (plv-feuilles:nombre (/ echelle (plv-echv profil)))))
         (cons "<STATIONS>" (strcat (plv-reel (+ origine (cond (debut) (0.0))) 2) " à " (plv-reel (+ origine (cond (fin) (longueur))) 2)))
         (cons "<DATE>" (plv-date-du-jour)) (cons "<DESSIN>" (getvar "DWGNAME"))
-        (cons "<RACCORD_GAUCHE>" (if debut (plv-mention profil debut (1- rang)) ""))
-        (cons "<RACCORD_DROITE>" (if fin (plv-mention profil fin (1+ rang)) "")))))
+        (cons "<RACCORD_GAUCHE>" (if debut (plv-mention profil debut 1 (1- rang)) ""))
+        (cons "<RACCORD_DROITE>" (if fin (plv-mention profil fin -1 (1+ rang)) "")))))
 
 ;; --- sheets
 

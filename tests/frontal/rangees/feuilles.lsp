@@ -59,6 +59,16 @@
 ;; both are there
 ((mapcar '(lambda (t1) (length (vl-remove-if-not '(lambda (d) (and (= (car d) "T") (= (nth 3 d) t1))) (nth 6 f)))) '("N" "40 m")) (1 1))
 
+;; At a cut where the planes change each sheet names the plane that its own part stands on.
+(situation "ACutAtAChangeNamesBothPlanes")
+(preparer
+  (plv-pc p "M" 0.0 45.0)
+  (plv-pc p "A" 320.0 47.0)
+  (setq m (plv-feuilles:mesurer p))
+  (defun mention (f) (nth 3 (car (vl-member-if '(lambda (d) (and (= (car d) "T") (wcmatch (nth 3 d) "*PC *"))) (nth 6 f))))))
+((wcmatch (mention (feuille nil 320.0)) "*PC 45.00  -  feuille 2") T)
+((wcmatch (mention (feuille 320.0 nil)) "*PC 47.00  -  feuille 0") T)
+
 ;; As many sheets as if each were full, none much shorter than another; the last one leaves a legend its room, which has none beneath the profile.
 (situation "SheetsAreBalanced")
 (preparer
