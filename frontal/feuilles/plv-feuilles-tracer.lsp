@@ -48,6 +48,7 @@ message."
 
 (defun plv-feuilles-et-liste (profils modele echelle titre liste fichier / fait)
   "The same, for T with a list of the sheets before them."
+  (plv-accorder-copies)
   (setq modele (plv-feuilles:modele modele) fait (plv-feuilles:preparer profils modele echelle titre liste) echelle (car fait))
   (if (and fait (plv-feuilles:reussi 'tracer-feuilles (list fichier modele (cddr fait) (plv-feuilles:infos titre profils))))
     (progn
@@ -59,6 +60,7 @@ message."
 
 (defun plv-apercu (profils modele echelle titre liste / fait)
   "Shows the same sheets in the window, else lists them; T, or nil after a message."
+  (plv-accorder-copies)
   (setq modele (plv-feuilles:modele modele) fait (plv-feuilles:preparer profils modele echelle titre liste))
   (if fait
     (progn

@@ -58,18 +58,28 @@
         (cons "<ECHELLE_V>" (strcat "1:" (plv-feuilles:nombre (/ echelle (plv-echv profil)))))
         (cons "<STATIONS>" (strcat (plv-reel (+ origine (cond (debut) (0.0))) 2) " à " (plv-reel (+ origine (cond (fin) (longueur))) 2)))
         (cons "<DATE>" (plv-date-du-jour)) (cons "<DESSIN>" (getvar "DWGNAME"))
-        (cons "<RACCORD_GAUCHE>" (if debut (plv-mention profil debut (1- rang)) ""))
-        (cons "<RACCORD_DROITE>" (if fin (plv-mention profil fin (1+ rang)) "")))))
+        (cons "<RACCORD_GAUCHE>" (if debut (plv-mention profil debut 1 (1- rang)) ""))
+        (cons "<RACCORD_DROITE>" (if fin (plv-mention profil fin -1 (1+ rang)) "")))))
 
 ;; --- sheets
 
 (defun plv-feuilles:haut-mm (mesures echelle) (/ (* 1000.0 (- (plv-cle 'haut mesures) (plv-cle 'bas mesures))) echelle))
 
+(defun plv-feuilles:tient-p (mesures place echelle)
+  (<= (+ (plv-bande-voulue mesures) (plv-feuilles:haut-mm mesures echelle)) (plv-place-hauteur place)))
+
 (defun plv-feuilles:echelle (mesures place / trouve)
   "The largest usual scale at which the heights of all profiles fit the room, with their plans."
   (foreach e (reverse plv-feuilles:echelles)
-    (if (vl-every '(lambda (m) (<= (+ (plv-bande-voulue m) (plv-feuilles:haut-mm m e)) (plv-place-hauteur place))) mesures) (setq trouve e)))
+    (if (vl-every '(lambda (m) (plv-feuilles:tient-p m place e)) mesures) (setq trouve e)))
   (cond (trouve) ((plv-dernier plv-feuilles:echelles))))
+
+(defun plv-feuilles:conseil (mesures place / echelle)
+  "What makes a profile fit that is too high for a room."
+  (setq echelle (plv-feuilles:echelle (list mesures) place))
+  (if (plv-feuilles:tient-p mesures place echelle)
+    (strcat "il tiendrait à 1:" (plv-feuilles:nombre echelle))
+    "des plans de comparaison (PLV-PC Proposer), une feuille plus haute ou moins de tableaux le feraient tenir"))
 
 (defun plv-feuilles:refus (mesures echelle place coupures encarts)
   "The text of why a profile doesn't go on sheets; nil when it does."
@@ -77,7 +87,7 @@
     ((> (plv-feuilles:haut-mm mesures echelle) (plv-place-hauteur place))
      (strcat "profil " (plv-numero-profil (plv-cle 'profil mesures)) ": " (plv-reel (plv-feuilles:haut-mm mesures echelle) 0)
              " mm de haut à l'échelle 1:" (plv-feuilles:nombre echelle) ", la feuille en offre " (plv-reel (plv-place-hauteur place) 0)
-             "; il tiendrait à 1:" (plv-feuilles:nombre (plv-feuilles:echelle (list mesures) place))))
+             "; " (plv-feuilles:conseil mesures place)))
     ((eq coupures T) "la feuille est trop étroite à cette échelle")
     ((eq encarts T)
      (strcat "profil " (plv-numero-profil (plv-cle 'profil mesures)) ": ses légendes ne tiennent pas sur la feuille à l'échelle 1:"

@@ -99,12 +99,16 @@
   (plv-ecrire-enregistrement-du-dessin plv-presentations:cle (mapcar '(lambda (nom) (cons 300 nom)) (reverse noms)))
   (reverse noms))
 
-(defun plv-presentations (profils modele echelle titre liste / fait noms)
+(defun plv-presentations:faire (profils modele echelle titre liste / fait)
+  "(scale layout ...); nil after a message."
+  (plv-accorder-copies)
+  (if (setq fait (plv-feuilles:preparer profils modele echelle titre liste)) (cons (car fait) (plv-presentations:toutes (cddr fait) modele))))
+
+(defun plv-presentations (profils modele echelle titre liste / fait)
   "The sheets as layouts, in place of those of an earlier call; their names, or nil after a message."
-  (setq modele (plv-feuilles:modele modele) fait (plv-feuilles:preparer profils modele echelle titre liste)
-        noms (if fait (plv-en-un-pas '(lambda () (plv-presentations:toutes (cddr fait) modele)))))
-  (if noms (plv-dire (strcat "Présentations: " (plv-joindre noms ", ") ", au 1:" (plv-feuilles:nombre (car fait)) ".")))
-  noms)
+  (setq fait (plv-en-un-pas '(lambda () (plv-presentations:faire profils (plv-feuilles:modele modele) echelle titre liste))))
+  (if fait (plv-dire (strcat "Présentations: " (plv-joindre (cdr fait) ", ") ", au 1:" (plv-feuilles:nombre (car fait)) ".")))
+  (cdr fait))
 
 (defun c:plv-presentations (/ demande)
   "Fait des feuilles des présentations du dessin, que d'autres programmes tracent."

@@ -59,6 +59,16 @@
 ;; both are there
 ((mapcar '(lambda (t1) (length (vl-remove-if-not '(lambda (d) (and (= (car d) "T") (= (nth 3 d) t1))) (nth 6 f)))) '("N" "40 m")) (1 1))
 
+;; At a cut where the planes change each sheet names the plane that its own part stands on.
+(situation "ACutAtAChangeNamesBothPlanes")
+(preparer
+  (plv-pc p "M" 0.0 45.0)
+  (plv-pc p "A" 320.0 47.0)
+  (setq m (plv-feuilles:mesurer p))
+  (defun mention (f) (nth 3 (car (vl-member-if '(lambda (d) (and (= (car d) "T") (wcmatch (nth 3 d) "*PC *"))) (nth 6 f))))))
+((wcmatch (mention (feuille nil 320.0)) "*PC 45.00  -  feuille 2") T)
+((wcmatch (mention (feuille 320.0 nil)) "*PC 47.00  -  feuille 0") T)
+
 ;; As many sheets as if each were full, none much shorter than another; the last one leaves a legend its room, which has none beneath the profile.
 (situation "SheetsAreBalanced")
 (preparer
@@ -148,3 +158,21 @@
 ((list (copies) (- (length (layoutlist)) (length avant))) (("PLV-LIBELLES-HORS-1-2") 2))
 (tape ("_.U"))
 ((list (copies) (equal (layoutlist) avant)) (nil T))
+
+;; A torn word stands on a copy of its layer: switched off afterwards, the layer takes its words from the next sheets, and gives them back with them.
+(situation "WordsOfALayerThatIsOffAreNotWritten")
+(preparer
+  (defun plv-feuilles:coupures (m l h) '(300.0))
+  (defun eteindre (oui / g) (setq g (entget (tblobjname "LAYER" "PLV-LIBELLES"))) (entmod (subst (cons 62 ((if oui - +) (abs (cdr (assoc 62 g))))) (assoc 62 g) g)))
+  (defun presenter () (plv-presentations (list p) "cartouche.dxf" 1000.0 "x" nil) (setq s (ssget "X" '((0 . "TEXT") (67 . 1) (1 . "Point bas*")))) (if s (sslength s) 0)))
+((presenter) 2)
+(preparer (eteindre T))
+((presenter) 0)
+(preparer (eteindre nil))
+((presenter) 2)
+
+;; Where no scale would do, none is named.
+(situation "WhatIsTooHighIsTold")
+(refuse (plv-feuilles (list p) "cartouche.dxf" 200.0 "x" "<dossier>x.pdf") "il tiendrait à 1:500")
+(preparer (setq plv-feuilles:echelles '(50.0 100.0 200.0)))
+(refuse (plv-feuilles (list p) "cartouche.dxf" 200.0 "x" "<dossier>x.pdf") "la feuille en offre 233; des plans de comparaison (PLV-PC Proposer)")
