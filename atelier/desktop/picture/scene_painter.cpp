@@ -4,7 +4,6 @@
 #include <QThreadPool>
 #include <algorithm>
 #include <array>
-#include <ranges>
 #include <thread>
 
 #include "atelier/render/painters/cairo_painter.h"
@@ -66,13 +65,10 @@ bool standAlike(const PlacedPart& a, const PlacedPart& b) {
 }
 
 // As one painting: lines alike that cross are smoothed together, so where the parts were cut isn't seen.
-void paintAlike(render::PictureCanvas& canvas, const render::PaintOptions& options, const auto& parts,
+void paintAlike(render::PictureCanvas& canvas, const render::PaintOptions& options, auto part, auto end,
                 const std::atomic<bool>& stop) {
   render::Painting painting(canvas.context(), options);
-  for (const PlacedPart& part : parts) {
-    if (stop) return;
-    painting.list(*part.list);
-  }
+  for (; part != end && !stop; ++part) painting.list(*part->list);
 }
 
 // The rows of a picture from `first` on, as many as `options.clip` is high.
@@ -87,14 +83,14 @@ void paintBand(unsigned char* picture, int stride, int first, const std::vector<
   render::PictureCanvas canvas(pixels, width, height, stride);
   if (crowded) {
     options.hairlines = &hairlines;
-    paintAlike(canvas, options, parts | std::views::reverse, stop);
+    paintAlike(canvas, options, parts.rbegin(), parts.rend(), stop);
     canvas.ground(options.background);
     return;
   }
   canvas.ground(options.background);
   for (auto from = parts.begin(); from != parts.end() && !stop;) {
     const auto end = std::find_if(from, parts.end(), [&](const PlacedPart& each) { return !standAlike(each, *from); });
-    paintAlike(canvas, placed(options, *from), std::ranges::subrange(from, end), stop);
+    paintAlike(canvas, placed(options, *from), from, end, stop);
     from = end;
   }
 }
