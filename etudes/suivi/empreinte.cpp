@@ -22,7 +22,12 @@ using groupes = std::unique_ptr<resbuf, liberer>;
 
 // What stands on a copy of a layer, to be hidden on some sheets, is as it was (frontal/base/plv-copies-de-calques.lsp).
 constexpr std::wstring_view kCopie = L"-HORS-";
-std::wstring_view original(std::wstring_view calque) { return calque.substr(0, calque.find(kCopie)); }
+std::wstring_view original(std::wstring_view calque) {
+  const auto place = calque.rfind(kCopie);
+  if (place == calque.npos) return calque;
+  const bool numeros = calque.find_first_not_of(L"0123456789-", place + kCopie.size()) == calque.npos;
+  return numeros ? calque.substr(0, place) : calque;
+}
 
 // The colour of the layer, which programs write or leave out.
 bool parCalque(const resbuf& groupe) { return groupe.restype == 62 && groupe.resval.rint == 256; }

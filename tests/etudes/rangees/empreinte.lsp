@@ -33,6 +33,7 @@
   (defun sur (calque couleur)
     (et_empreinte (list (entmakex (append (list '(0 . "LINE") (cons 8 calque) '(10 0.0 0.0 0.0) '(11 1.0 0.0 0.0)) couleur))) '(0.0 0.0 0.0) T)))
 ((= (sur "A" nil) (sur "A" '((62 . 256))) (sur "A-HORS-1-2" nil)) T)
+((= (sur "A" nil) (sur "A-HORS-SOL" nil)) nil)
 ((list (= (sur "A" nil) (sur "A" '((62 . 1)))) (= (sur "A" nil) (sur "B" nil))) (nil nil))
 ;; vertices and attributes do
 (preparer
