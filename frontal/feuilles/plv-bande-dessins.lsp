@@ -110,6 +110,6 @@
     (plv-bande:meubler (list 0.0 (- haut (car plan)) (plv-place-largeur place) haut)
       (plv-bande:a-garder plan part '(lambda (p) (plv-presentations:du-plan plan p x y (car placement)))) part (car feuille) longueur (or debut fin))
     ;; The frame goes over what was blanked.
-    (list (apply 'plv-bande:cadre (list 0.0 (- haut (car plan)) (plv-place-largeur place) haut)))))
+    (list (plv-bande:cadre 0.0 (- haut (car plan)) (plv-place-largeur place) haut))))
 
 (defun plv-bande:cadre (x1 y1 x2 y2) (plv-bande:trait 0.25 (list (list x1 y2) (list x2 y2) (list x2 y1) (list x1 y1) (list x1 y2))))
